@@ -1,0 +1,44 @@
+# Flags and warnings that every target of this project links as `opzioni`.
+add_library(opzioni INTERFACE)
+target_compile_options(opzioni INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
+    -Wnull-dereference -Wdouble-promotion -Wimplicit-fallthrough -Werror)
+target_compile_definitions(opzioni INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH
+    QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+
+# Doubles decide cents: the compiler may not fuse or reorder their arithmetic.
+target_compile_options(opzioni INTERFACE -ffp-contract=off)
+
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # GCC 12 reports false null dereferences inside Qt's inline containers when it optimises.
+    target_compile_options(opzioni INTERFACE -Wno-null-dereference)
+    # Lets ccache serve a build with precompiled headers.
+    target_compile_options(opzioni INTERFACE -fpch-preprocess)
+endif()
+
+if(CALCANOVA_SANITIZERS)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+if(CALCANOVA_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -g -O1)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
+# One precompiled header for everything that stands on Qt Core alone.
+set(PCH_CORE ${CMAKE_SOURCE_DIR}/cmake/pch_core.h)
+
+# cartella(<name> SOURCES ... LINKS ...): the logic target of a folder of src/. It sees Qt Core and
+# the targets it names, never a widget.
+function(cartella Nome)
+    cmake_parse_arguments(A "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
+    add_library(${Nome} STATIC ${A_SOURCES})
+    target_include_directories(${Nome} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+    target_link_libraries(${Nome} PUBLIC Qt6::Core ${A_LINKS} PRIVATE opzioni ${A_PRIVATE_LINKS})
+    if(TARGET platform AND NOT Nome STREQUAL platform)
+        target_precompile_headers(${Nome} REUSE_FROM platform)
+    else()
+        target_precompile_headers(${Nome} PRIVATE ${PCH_CORE})
+    endif()
+endfunction()

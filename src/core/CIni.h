@@ -1,0 +1,33 @@
+// Files of sections and keys: kr5.ini, templates.ini, avvisokr5.ini.
+#pragma once
+
+#include <QString>
+
+/// One file and a current section. Both names are trimmed when they are set.
+class CIni
+{
+public:
+    [[nodiscard]] QString FileName() const { return File; }
+    void ImpostaFileName(const QString& Nome) { File = Nome.trimmed(); }
+    [[nodiscard]] QString ApplicationKey() const { return Sezione; }
+    void ImpostaApplicationKey(const QString& Nome) { Sezione = Nome.trimmed(); }
+
+    /// The value of a key of the current section, at most 999 characters; control characters (below
+    /// code 32) are stripped, then blanks trimmed. The default, given when file, section or key is
+    /// missing, goes the same way; "key=" is empty. A failure shows its number and description and gives
+    /// an empty text; failure 1025 gives the default in silence.
+    [[nodiscard]] QString GetValue(const QString& Chiave, const QString& Predefinito = {}) const;
+
+    /// @return true when the file was written
+    bool SetValue(const QString& Chiave, const QString& Valore) const;
+
+    /// Writes a key without touching the fields.
+    /// @param Percorso folder, with or without the separator at its end; empty: the program's own folder
+    /// @return true when the file was written
+    bool WriteINI(const QString& Sezione, const QString& Chiave, const QString& Valore, const QString& File,
+                  const QString& Percorso = {}) const;
+
+private:
+    QString File;
+    QString Sezione;
+};

@@ -1,0 +1,41 @@
+// The uniform error report and the label around procedures.
+#pragma once
+
+#include "platform/errore.h"
+
+#include <QString>
+
+#include <exception>
+#include <functional>
+#include <utility>
+
+/// Reports a failure the one way: "Errore: " + description + " (" + number + ")", critical, title
+/// "Errore:"; the pointer goes back to normal in every case.
+///
+/// @param Ignora the number that the caller means to ignore, 0 none
+/// @return true when a message was shown; number 0 and the ignored one show nothing
+bool GestioneErrori(const Errore& Guasto, int Ignora = 0);
+
+/// Message box with a critical icon and the title "Errore:".
+void MsgErrore(const QString& Testo);
+
+/// The label around a procedure: runs it, and on a failure reports it and lets the caller go on.
+/// @return true when the procedure ran to its end
+template <class F>
+bool Protetta(F&& Procedura, int Ignora = 0)
+{
+    try {
+        std::forward<F>(Procedura)();
+        return true;
+    } catch (...) {
+        GestioneErrori(ErroreCorrente(), Ignora);
+        return false;
+    }
+}
+
+/// Appends "- " + message to the debug trace (a line break follows from the second entry on) and shows
+/// it. Callers test sessione::ModoDebug first.
+void TraceDebug(const QString& Messaggio);
+
+/// How the trace is shown ("FINESTRA DEBUG:" + line break + trace); set by the desktop, empty shows nothing.
+inline std::function<void(const QString& Testo)> MostraTraccia;

@@ -1,0 +1,115 @@
+// Running sums of the lines and the tax chain. Computed afresh each time; nothing of it is stored.
+//
+// Law behind the chain: L. 247/2012 art. 13 and D.m. 140/2012 (fees, general expenses), L. 576/1980
+// art. 11 (pension-fund contribution), D.P.R. 633/1972 (VAT; exempt expenses art. 15), D.P.R. 600/1973
+// art. 25 (withholding tax on fees, pension fund excluded).
+#pragma once
+
+#include "feenote/parcella.h"
+
+/// Sums of the line tables of one note, in euro; no tax in them.
+struct Somme
+{
+    double TotOnorari = 0.0;
+    double TotMed = 0.0;
+    double TotMin = 0.0;
+    double TotMax = 0.0;
+    double TotSpeseImp = 0.0;
+    double TotSpeseEsenti = 0.0;
+
+    friend bool operator==(const Somme&, const Somme&) = default;
+};
+[[nodiscard]] Somme CalcolaSomme(const Parcella& Nota);
+
+/// Texts of the four panels of the status bar, keys onora, spimp, spese, total; with an associated note
+/// its sums are added.
+struct PannelliRiep
+{
+    QString Onora, SpImp, Spese, Total;
+
+    friend bool operator==(const PannelliRiep&, const PannelliRiep&) = default;
+};
+[[nodiscard]] PannelliRiep TestiRiep(const Parcella& Nota);
+
+/// What has been paid on account, in euro, by what it reduces.
+struct SommeAcconti
+{
+    double Corrispettivi = 0.0;
+    double SpeseImp = 0.0;
+    double SpeseEsenti = 0.0;
+
+    friend bool operator==(const SommeAcconti&, const SommeAcconti&) = default;
+};
+/// Payments of the note, and of the associated one while there is one; lire converted one by one. All 0
+/// for the court costs note, which knows no payments.
+[[nodiscard]] SommeAcconti CalcolaAcconti(const Parcella& Nota, int Tipo);
+
+/// A percentage that may apply: switch on (and enabled, where the switch can be disabled) and box above 0.
+struct Aliquota
+{
+    bool Vale = false;
+    double Perc = 0.0;  ///< percent
+    QString Testo;      ///< as typed, trimmed: what the row's label shows
+    bool Attiva = false;  ///< the tick alone
+
+    friend bool operator==(const Aliquota&, const Aliquota&) = default;
+};
+
+/// Everything the chain starts from.
+struct DatiCatena
+{
+    double Onorari = 0.0;  ///< own note plus associated one
+    double SpeseImp = 0.0;
+    double SpeseEsenti = 0.0;
+    SommeAcconti Acconti;
+    Aliquota SpeseGen, CP, IVA, RA;
+    int Tipo = 0;       ///< print type
+    bool RegimeAgevolato = false;
+    bool Multipla = false;  ///< the summary is the third section
+};
+[[nodiscard]] DatiCatena RaccogliCatena(const Parcella& Nota, int Tipo);
+
+/// The figures of the chain, euro. Each tax is rounded by Arrotonda2 as it arises, the base is not.
+struct Catena
+{
+    DatiCatena Dati;
+    double SpeseGen = 0.0;
+    double Imponibile = 0.0;  ///< fees - paid + taxable expenses - paid + general expenses, in this order
+    double CP = 0.0;
+    double IVA = 0.0;         ///< on base and pension fund
+    double Totale = 0.0;
+    double RA = 0.0;          ///< on the base without pension fund; stored positive
+    double Netto = 0.0;       ///< Totale - RA, rounded
+};
+[[nodiscard]] Catena CatenaFiscale(const DatiCatena& Dati);
+[[nodiscard]] Catena CatenaFiscale(const Parcella& Nota, int Tipo);
+
+// ---- the switches -------------------------------------------------------------------------------
+
+/// The four switches that carry a percent box.
+enum class Imposta { IVA, RA, CP, SpeseGen };
+
+/// A click on a switch: the box takes the session's default, or is emptied; the note is marked; outside the
+/// court costs note the switch is remembered.
+/// @return true when the warning of the court costs note is due, at most once per window
+[[nodiscard]] bool ClicImposta(Parcella& Nota, Imposta Quale, bool Attiva);
+
+/// chkRegSempl changed: VAT, withholding and deferred VAT are cleared or freed.
+void CambiaRegime(Parcella& Nota, bool Attivo);
+
+/// chkMinMax and chkAcconti changed by the user.
+void CambiaMinMax(Parcella& Nota, bool Attivo);
+void CambiaAcconti(Parcella& Nota, bool Attivo);
+
+/// Copies all switches and box texts into the memory that print types restore from.
+void RicordaStampa(Parcella& Nota);
+
+/// The print type was chosen: switches are forced, disabled or restored by its rules.
+void ScegliTipoStampa(Parcella& Nota, int Tipo);
+
+/// "lblRiep" and the number after the one given.
+[[nodiscard]] QString Riep(int n);
+
+/// "Applicata riduzione del 50% per ..." / "Applicato aumento 20% per ..." as documents print it; empty
+/// without a variation, no "per ..." for the free one.
+[[nodiscard]] QString FraseVariazione(const Parcella& Nota);

@@ -1,0 +1,1 @@
+#include "feenote/modVariazione.h"

@@ -1,0 +1,196 @@
+// The memory of one fee note, window or not.
+//
+// The record is the source of truth: a change of the user writes it at once, a rule works on it, a
+// window only shows it. It can be loaded, reckoned, printed and saved without any window. Members are
+// named as the controls that show them.
+#pragma once
+
+#include "feenote/modRighe.h"
+#include "platform/regionale.h"
+#include "platform/tabellarighe.h"
+#include "tariffs/modTariffe.h"
+
+#include <QList>
+#include <QMap>
+#include <QString>
+
+/// A text box.
+struct Casella
+{
+    QString Testo;
+    bool Abilitata = true;
+
+    [[nodiscard]] double Numero() const { return NumeroDi(Testo); }  ///< 0 when the text is no number
+    friend bool operator==(const Casella&, const Casella&) = default;
+};
+
+/// A check box.
+struct Spunta
+{
+    bool Attiva = false;
+    bool Abilitata = true;
+
+    [[nodiscard]] bool Vale() const { return Attiva && Abilitata; }
+    friend bool operator==(const Spunta&, const Spunta&) = default;
+};
+
+/// Index of a list without a selection.
+constexpr int NessunaVoce = -1;
+
+/// The print types, in the order of their list.
+enum TipoStampa {
+    StampaPrenotula = 0,
+    StampaPreventivo = 1,
+    StampaFatturaSintetica = 2,
+    StampaFatturaAnalitica = 3,
+    StampaNotaGiudiziale = 4,
+    StampaContratto = 5,
+    StampaInformativa = 6,
+    StampaSoloContabile = 7,
+};
+
+/// Elements of txtDatiPar, the boxes of the print data.
+enum DatoStampa {
+    DatoNumero = 0,          ///< number and date of pro-forma note and estimate; not in the file
+    DatoData = 1,
+    DatoNumFatt = 11,
+    DatoDataFatt = 12,
+    DatoDepAutorita = 21,    ///< filing data of the court costs note
+    DatoDepSezione = 22,
+    DatoDepRuolo = 23,
+    DatoDepGiudice = 24,
+    DatoTestoSuperiore = 31,
+    DatoTestoInferiore = 32,
+};
+
+/// What a document takes from the fee note associated with this one.
+struct NotaAssociata
+{
+    QString Categ;
+    QString Autor;
+    QString Valore;  ///< value text, ready
+    QString Oggetto;
+    TabellaRighe xOnorari{OnoColonne};
+    TabellaRighe xDiritti{DirColonne};
+    TabellaRighe xAcconti{AccColonne};
+    double TotOnorari = 0.0;
+    double TotSpeseImp = 0.0;
+    double TotSpeseEsenti = 0.0;
+
+    friend bool operator==(const NotaAssociata&, const NotaAssociata&) = default;
+};
+
+/// The switches and percent boxes as they stood before a print type forced them.
+struct MemoriaStampa
+{
+    bool Iva = false, RA = false, CP = false, SpeseGen = false, MinMax = false, Acconti = false;
+    QString TestoIva, TestoRA, TestoCP, TestoSpeseGen;
+
+    friend bool operator==(const MemoriaStampa&, const MemoriaStampa&) = default;
+};
+
+struct Parcella
+{
+    // ---- parties and subject
+    int IDCli = 0;  ///< key in clienti, 0 when the client is free text
+    int IDCon = 0;  ///< key in controparti
+    Casella txtCliente, txtControp, txtOggetto;
+    Casella txtDatiStaCli, txtDatiStaControp, txtDatiStaOgg;  ///< the same as they will print
+
+    // ---- parameters of the proceeding
+    QString CodCateg;  ///< CIV, PEN or STR
+    int cmbCateg = NessunaVoce;
+    int cmbAutor = NessunaVoce;
+    int cmbValore = NessunaVoce;
+    QList<Autorita> ListaAutorita;            ///< entries of cmbAutor
+    QList<ScaglioneValore> ListaScaglioni;    ///< entries of cmbValore, at most 21
+    bool cmbAutorAbilitata = false;
+    bool cmbValoreAbilitata = false;
+    Casella txtImporto;           ///< exact value of the case as shown, euro
+    double ImportoPrec = 0.0;     ///< value of the case last accepted, euro; 0 not defined. Not the box
+    int IdxValorePrec = NessunaVoce;
+    int IdxAutorPrec = NessunaVoce;
+    double ValoreMinRich = 0.0;   ///< lower limit of the first bracket that requires the exact value
+    bool RicalcoloNecessario = false;
+    int Scaglione = 0;            ///< the n of the catalogue columns nMed, nMin, nMax
+    int ScaglioneOld = 0;         ///< bracket of the older tariff
+
+    // ---- percent variation
+    int AumRidIdx = 5;       ///< chosen element of optAumRid
+    int AumRidVarP = 0;      ///< signed percent in force, 0 none
+    QString AumRidLimiti;    ///< two limits in percent joined by ";", empty: any
+    int cmbAumRid = NessunaVoce;  ///< 0 "+", 1 "-"
+    bool cmbAumRidAbilitata = true;
+    Casella txtAumRid;
+
+    // ---- taxes and switches of the print
+    Spunta chkSpeseGen, chkCP, chkIva, chkRA;
+    Casella txtSpeGen, txtCP, txtIVA, txtRA;  ///< percent
+    Spunta chkAcconti, chkMinMax;
+    Spunta chkRegSempl, chkIvaDiff, chkIBAN, chkFattAcc;
+    MemoriaStampa Memoria;
+    bool AvvisoNotaGiudiziale = false;  ///< the once-per-window warning was shown
+
+    // ---- print data
+    int cmbTipoStampa = NessunaVoce;
+    QMap<int, QString> txtDatiPar;  ///< by DatoStampa; a missing element is empty
+    int optContrTipo = 0;           ///< client type: 0 person, 1 company
+
+    // ---- lines
+    TabellaRighe xOnorari{OnoColonne};
+    TabellaRighe xDiritti{DirColonne};
+    TabellaRighe xAcconti{AccColonne};
+    bool InsUltimaOno = true;  ///< new lines go to the last row
+    bool InsUltimaDir = true;
+
+    // ---- associated note
+    QString txtParcMultipla;  ///< its name; empty: none
+    QString txtPathParcMult;
+    int optMultiAntPos = 0;   ///< 0 after this note, 1 before it
+    bool chkMultiParam = false;
+    int IDMultipla = 0;       ///< window in which it is open, 0 none
+    NotaAssociata Multi;
+
+    // ---- file and window
+    QString Percorso;   ///< full path, empty for an unsaved note
+    QString Psw;        ///< decoded password, or "->>" + one set and not yet saved
+    QString Nome;       ///< name in lower case without ".mdb", or "Nuova parcella"
+    QString NsRif;      ///< reference of the matter, as shown by lblRif; empty: labels hidden
+    int Scelta = 0;     ///< accounting counter of the request, kept for the invoice
+    bool Modificata = false;
+    bool Pronta = false;  ///< finished loading: no composition before
+    QString Fuoco;      ///< control that a rule wants focused; whoever shows the record empties it
+
+    /// Text of an element of txtDatiPar.
+    [[nodiscard]] QString DatiPar(int Indice) const { return txtDatiPar.value(Indice); }
+    /// True while an associated note counts.
+    [[nodiscard]] bool Multipla() const { return !txtParcMultipla.isEmpty(); }
+    /// IDAut of the selected authority, 0 when none is.
+    [[nodiscard]] int IDAutSelezionata() const;
+    /// The selected bracket, null when none is.
+    [[nodiscard]] const ScaglioneValore* ScaglioneSelezionato() const;
+
+    friend bool operator==(const Parcella&, const Parcella&) = default;
+};
+
+/// Entries of cmbCateg, in order.
+[[nodiscard]] QStringList VociCategoria();
+/// Text of the selected category, authority, bracket; empty without a selection.
+[[nodiscard]] QString TestoCategoria(const Parcella& Nota);
+[[nodiscard]] QString TestoAutorita(const Parcella& Nota);
+[[nodiscard]] QString TestoScaglione(const Parcella& Nota);
+
+/// Entries of cmbTipoStampa, in order.
+[[nodiscard]] QStringList VociTipoStampa();
+
+/// Value of the case as documents show it: the exact value "30.000,00 €" when the box reads above 0, else
+/// the bracket's text in lower case.
+[[nodiscard]] QString TestoValore(const Parcella& Nota);
+
+/// A new note: cleared record, category CIV with nothing selected, its lists loaded, the session's rates
+/// in VAT and pension fund. The request of the companion application is applied when `ID` is not empty.
+/// @throws Errore when parcelle.mdb cannot be read; the record is then a cleared one with empty lists
+void NuovaParcella(Parcella& Nota, const QString& ID = {});
+
+/// The modified mark.
+void SetModificata(Parcella& Nota, bool Valore);

@@ -1,0 +1,128 @@
+// The database engine: one file per database, over SQLite.
+//
+// - One connection per file, shared by everything that opens it and closed with the last user.
+// - Nothing holds a lock between two calls; a lock of somebody else is waited for 3 seconds.
+// - Text in SQL is always bound; double-quoted strings are off, so that a quoted word is an identifier.
+// - Files come from outside: views and triggers of a file are not run, its schema is not trusted, cells
+//   are limited to 16 MiB.
+#pragma once
+
+#include "platform/recordset.h"
+
+#include <QList>
+#include <QString>
+#include <QVariant>
+
+#include <memory>
+
+class Connessione;  // the open file; sqlite3 stays in the .cpp
+
+/// The engine's type code of a field.
+enum class TipoCampo {
+    Booleano = 1,
+    Byte = 2,
+    Intero = 3,   ///< 16 bits in the classic engine; held as a whole number
+    Lungo = 4,    ///< 32 bits
+    Valuta = 5,
+    Singolo = 6,  ///< single-precision number
+    Doppio = 7,
+    Data = 8,     ///< stored as ISO text; a QDate, or a QDateTime when it has a time
+    Testo = 10,   ///< up to Size characters
+    Memo = 12,    ///< text without a limit of its own
+};
+
+/// A column as the engine describes it.
+struct Campo
+{
+    QString Name;
+    TipoCampo Type = TipoCampo::Testo;
+    int Size = 0;         ///< characters of a Testo, 0 otherwise
+    QString Description;  ///< free text; the address book reads its column settings from it
+    bool Contatore = false;  ///< whole-number key that the engine fills
+
+    friend bool operator==(const Campo&, const Campo&) = default;
+};
+
+/// A handle on an open database; copies share the connection. Default-constructed: closed.
+class Database
+{
+public:
+    Database() = default;
+
+    [[nodiscard]] bool Aperto() const { return bool(Conn); }
+    [[nodiscard]] QString Percorso() const;
+    [[nodiscard]] bool DiSolaLettura() const { return Lettura; }
+
+    /// Runs one statement of SQLite's SQL, values bound in order to its "?".
+    /// Null is an invalid QVariant, dates are bound as ISO text, truth values as -1 or 0.
+    /// @throws Errore 3027 on a read-only handle or file, 3026 disk full, 3144 syntax, 3078 no such table,
+    ///         3061 no such column, 3022 duplicate key, 3260 locked, 3343 no database
+    /// @return rows changed
+    int Execute(const QString& Sql, const QVariantList& Valori = {}) const;
+
+    /// Opens a table by its name, or a SELECT with values bound in order to its "?".
+    ///
+    /// A table, or a SELECT from one table without grouping or DISTINCT, gives an updatable set of keys
+    /// that fetches each row when it is shown; any other SELECT gives a fixed copy of its rows.
+    /// Table and column names may carry accents; the queries of the program run as they stand.
+    /// @throws Errore as Execute
+    [[nodiscard]] Recordset OpenRecordset(const QString& Origine, const QVariantList& Valori = {}) const;
+
+    [[nodiscard]] QStringList Tabelle() const;
+    [[nodiscard]] bool EsisteTabella(const QString& Tabella) const;
+    /// Case plays no part. @throws Errore 3343 when the file is no database
+    [[nodiscard]] bool EsisteCampo(const QString& Tabella, const QString& Colonna) const;
+    /// The columns in order. Type, size and description come from the file's side table `_Campi`; for a
+    /// column that stands only in the schema (added by ALTER TABLE) they are read from its declaration.
+    /// @throws Errore 3078 no such table
+    [[nodiscard]] QList<Campo> Campi(const QString& Tabella) const;
+
+    /// Creates a table and notes its columns in the side table. @throws Errore 3010 when it exists
+    void CreaTabella(const QString& Tabella, const QList<Campo>& Colonne) const;
+    /// An index by its name, used by Recordset::Seek. @throws Errore as Execute
+    void CreaIndice(const QString& Tabella, const QString& Nome, const QStringList& Colonne,
+                    bool Unico = false) const;
+    /// Copies a table with its columns, their description and its rows into another open database:
+    /// the classic "SELECT * INTO table IN file FROM table". @throws Errore 3010, 3078, as Execute
+    void CopiaTabella(const QString& Tabella, const Database& Destinazione) const;
+
+    friend class Recordset;
+    friend class Transazione;
+    friend Database OpenDatabase(const QString&, bool);
+    friend Database CreateDatabase(const QString&);
+
+private:
+    std::shared_ptr<Connessione> Conn;
+    bool Lettura = false;
+};
+
+/// Opens an existing database. Writing is possible only when the file's permission bits allow it.
+///
+/// @throws Errore 3024 no such file, 3343 empty file or no database (truncated ones too), 75 a folder or unreadable
+[[nodiscard]] Database OpenDatabase(const QString& Percorso, bool SolaLettura = false);
+
+/// Creates a new, empty database.
+/// @throws Errore 3204 when the file exists, 3044 no such folder, 75 the folder refuses writing
+[[nodiscard]] Database CreateDatabase(const QString& Percorso);
+
+/// True when the column exists. @throws Errore as OpenDatabase
+[[nodiscard]] bool EsisteCampo(const QString& Percorso, const QString& Tabella, const QString& Colonna);
+
+/// All or nothing: what was executed since is undone unless Conferma was called. Does not nest.
+class Transazione
+{
+public:
+    explicit Transazione(const Database& Db);  ///< @throws Errore as Execute
+    ~Transazione();
+    Transazione(const Transazione&) = delete;
+    Transazione& operator=(const Transazione&) = delete;
+
+    void Conferma();  ///< @throws Errore as Execute; a failure leaves nothing written
+
+private:
+    std::shared_ptr<Connessione> Conn;
+};
+
+/// For tests: every database opened or created from now on may grow to this many pages of 4096 bytes,
+/// as on a full disk; 0 lifts the limit.
+void LimitaPagine(int Pagine);

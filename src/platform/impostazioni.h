@@ -1,0 +1,12 @@
+// The settings store: application, section, key. Keys are compared without case.
+#pragma once
+
+#include <QString>
+
+/// The stored text, or the default when the key is missing.
+[[nodiscard]] QString GetSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,
+                                 const QString& Predefinito = {});
+
+/// Stores a text and syncs it to the disk at once. @throws Errore 75 when the store cannot be written
+void SaveSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,
+                 const QString& Valore);

@@ -1,0 +1,27 @@
+// The classic text files of sections and keys.
+//
+// 8-bit text in Windows-1252 (a character that it lacks is written "?"), lines "[section]" and
+// "key=value". Sections and keys are compared without case; unknown lines, comments and the order of
+// lines are kept on writing. No quoting: quotes belong to the value.
+#pragma once
+
+#include <QString>
+
+/// The value of a key, without the blanks around it, at most `Massimo` - 1 characters of it.
+///
+/// @param Predefinito returned as it stands when file, section or key is missing; "key=" is an empty
+///        value, not the default
+/// @param Massimo size of the classic buffer in characters, its end mark included
+/// A file over 1 MiB is read up to that size: such files are a few lines.
+[[nodiscard]] QString GetPrivateProfileString(const QString& Sezione, const QString& Chiave,
+                                              const QString& Predefinito, int Massimo, const QString& File);
+
+/// Sets a key, adding file, section or key where missing; the file is replaced in one step.
+/// Line breaks in section, key or value would forge other lines: they become blanks.
+/// @return false when the file cannot be written; nothing is lost then
+bool WritePrivateProfileString(const QString& Sezione, const QString& Chiave, const QString& Valore,
+                               const QString& File);
+
+/// Windows-1252 both ways: the code page of configuration files, passwords and word-processor exports.
+[[nodiscard]] QByteArray Cp1252(const QString& Testo);
+[[nodiscard]] QString DaCp1252(const QByteArray& Testo);

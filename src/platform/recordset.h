@@ -1,0 +1,89 @@
+// A cursor over the rows of a table or of a query.
+#pragma once
+
+#include <QString>
+#include <QVariant>
+
+#include <memory>
+
+struct Campo;
+class Connessione;
+
+/// Rows with one current row. The keys are read when it is opened, the rows one by one as they are
+/// shown; no lock is held between calls. Copies share the cursor; Clone gives an own cursor over the
+/// same keys. Default-constructed: no rows, Eof is true.
+///
+/// Values: text QString, numbers int or double, truth values bool, dates QDate (QDateTime with a time),
+/// Null an invalid QVariant.
+class Recordset
+{
+public:
+    Recordset() = default;
+
+    [[nodiscard]] bool Aperto() const { return bool(Stato); }
+    /// Behind the last row, or no row at all. (The classic name is a macro of the C library.)
+    [[nodiscard]] bool Eof() const;
+    [[nodiscard]] bool Bof() const;
+    [[nodiscard]] int RecordCount() const;
+
+    // Moves. Past an end they stop behind it; in an empty set they do nothing.
+    void MoveFirst();
+    void MoveLast();
+    void MoveNext();
+    void MovePrevious();
+
+    /// The value of a column of the current row, whatever the case of its name.
+    /// @throws Errore 3021 no current row, 3265 no such column, 3167 the row is gone
+    [[nodiscard]] QVariant Value(const QString& Colonna) const;
+    /// The same, with another value for Null.
+    [[nodiscard]] QVariant Value(const QString& Colonna, const QVariant& SeNull) const;
+    /// Sets a column of the row being added or edited.
+    /// @throws Errore 3020 neither AddNew nor Edit, 3163 text longer than its column (with its name),
+    ///         3421 a value of the wrong type (with the column's name), 3265 no such column
+    void ImpostaValue(const QString& Colonna, const QVariant& Valore);
+    [[nodiscard]] QList<Campo> Campi() const;
+
+    /// Moves to the first row, from the start or behind the current one, that meets the criterion; when
+    /// none does, NoMatch is true and the current row stays.
+    ///
+    /// Criterion: "<name> <operator> <value>" joined by AND / OR, parentheses allowed; operators = <> < >
+    /// <= >= Like "Is [Not] Null"; values are a string in single or double quotes (doubled inside), a number with a
+    /// point, #mm/dd/yyyy#, DateValue('gg/mm/aaaa'), Null, True, False; Like patterns take * ? # and [lists].
+    /// Text compares without regard to case (À equals à, à differs from a); a text column against a number
+    /// compares as numbers.
+    /// @throws Errore 3077 for anything else, 3070 no such column
+    void FindFirst(const QString& Criterio);
+    void FindNext(const QString& Criterio);
+    void FindLast(const QString& Criterio);
+    void FindPrevious(const QString& Criterio);
+    [[nodiscard]] bool NoMatch() const;
+
+    /// The index for Seek, by its name (case plays no part). @throws Errore 3015 no such index
+    void ImpostaIndex(const QString& Nome);
+    /// First row in index order whose first key column stands in this relation ("=", ">=", ">", "<=", "<")
+    /// to the value. @throws Errore 3019 no index set, 5 another operator
+    void Seek(const QString& Operatore, const QVariant& Chiave);
+
+    /// The current row's place, to be given back later, to a clone too. @throws Errore 3021
+    [[nodiscard]] QVariant Bookmark() const;
+    /// @throws Errore 3159 for a place that is not of this set
+    void ImpostaBookmark(const QVariant& Segno);
+    [[nodiscard]] Recordset Clone() const;
+
+    // Changes of one row. Update writes at once. @throws Errore 3027 read-only or a fixed copy, 3022
+    // duplicate key, 3167 the row is gone, 3026 disk full, 3260 locked
+    void AddNew();
+    void Edit();
+    void Update();
+    void CancelUpdate();
+    void Delete();
+
+    /// Forgets the rows and lets go of the database.
+    void Close();
+
+private:
+    struct Dati;
+    explicit Recordset(std::shared_ptr<Dati> Nuovo);
+    std::shared_ptr<Dati> Stato;
+    friend class Database;
+};

@@ -1,0 +1,63 @@
+// The one door to the desktop system: opening files and addresses, special folders, pointer, beep.
+//
+// Plain functions over an installable table. Without a table nothing is opened and every opener says so.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+/// What the system does for the program. An empty function means "not available here".
+struct Shell
+{
+    /// Opens a file with the program the system associates with it; 0, or an error number.
+    std::function<int(const QString& File)> ApriFile;
+    /// Opens an address (mailto:, http:, https:); 0, or an error number.
+    std::function<int(const QString& Indirizzo)> ApriIndirizzo;
+    /// True when the system knows a program for the file.
+    std::function<bool(const QString& File)> HaProgramma;
+    /// Opens a PDF at a page (0: no page asked for). A viewer that knows no page opens the document.
+    std::function<int(const QString& File, int Pagina)> ApriPdf;
+    /// Starts a program with arguments in a folder; 0, or an error number.
+    std::function<int(const QString& Programma, const QStringList& Argomenti, const QString& Cartella)> Avvia;
+    std::function<void(bool Attiva)> Clessidra;  ///< busy pointer on or off
+    std::function<void()> Campanello;
+    std::function<void()> ProssimoCampo;  ///< moves the focus on, as the Tab key does
+    std::function<bool()> Connesso;       ///< the system's "connected" state
+    std::function<void(int Esito)> Termina;
+};
+
+/// Installs the services and returns the former ones.
+Shell InstallaShell(Shell Nuova);
+
+int ApriConSistema(const QString& File);
+int ApriIndirizzoConSistema(const QString& Indirizzo);
+bool HaProgramma(const QString& File);
+int ApriPdfConSistema(const QString& File, int Pagina);
+int AvviaProgramma(const QString& Programma, const QStringList& Argomenti, const QString& Cartella);
+void Clessidra(bool Attiva);
+void Campanello();
+void ProssimoCampo();
+bool InternetConnesso();
+
+/// Folder of the running executable, with the separator at its end.
+[[nodiscard]] QString CartellaEseguibile();
+
+/// A system folder with the separator at its end.
+/// @param Codice 5 the user's Documents, 12 temporary files, 36 the system's root folder ("Windows"),
+///        37 the system folder; any other code gives the user's home
+[[nodiscard]] QString CartellaSpeciale(int Codice);
+
+/// Family and major number of the operating system as VersioneWindows and the user-folder rule read it.
+struct VersioneSistema
+{
+    bool Windows = false;
+    int Maggiore = 0;  ///< 6 and more for every present system, Linux included
+    int Minore = 0;
+    bool Nt = true;    ///< false for the 9x family
+};
+[[nodiscard]] VersioneSistema LeggiVersioneSistema();
+
+/// The one way the process ends: the event loop is left with this exit status; tests record it.
+void Termina(int Esito = 0);

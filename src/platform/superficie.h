@@ -1,0 +1,176 @@
+// The print surface: the operations a document is composed with, recorded as a list of blocks.
+//
+// It knows no font metrics and no paper: the paginator, the preview and the exports read the Documento.
+// The numbers of alignments and cell attributes are part of the interface and keep their values.
+#pragma once
+
+#include <QString>
+#include <QVariant>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <variant>
+#include <vector>
+
+/// Alignment of paragraphs, columns and cells.
+enum class Allineamento {
+    AltoSinistra = 0,
+    Sinistra = 6,
+    Centro = 7,
+    Destra = 8,
+    Giustificato = 11,
+};
+
+/// Attributes of a table, a column or a cell, by their number in the surface's interface.
+enum class AttrTabella {
+    Righe = 1,
+    Colonne = 2,
+    LarghezzaColonna = 13,  ///< text with a unit, "9cm"
+    Unione = 17,            ///< columns that a cell spans
+    Testo = 18,
+    Allinea = 19,
+    FontNome = 23,
+    FontDimensione = 24,  ///< points
+    Grassetto = 25,
+    Corsivo = 26,
+    AllineaTesto = 31,  ///< of a whole column
+};
+
+/// A font as the composition asks for it. Size in points.
+struct Carattere
+{
+    QString Nome = QStringLiteral("Times New Roman");
+    double Punti = 12.0;
+    bool Grassetto = false;
+    bool Corsivo = false;
+
+    friend bool operator==(const Carattere&, const Carattere&) = default;
+};
+
+/// Text in one font. Runs of blanks are layout and are kept; "\n" breaks the line inside a row.
+struct Tratto
+{
+    QString Testo;
+    Carattere Font;
+};
+
+/// One row of text, ended by its paragraph mark. An empty one is a blank row in the font current then.
+struct Paragrafo
+{
+    Allineamento Allinea = Allineamento::Sinistra;
+    std::vector<Tratto> Tratti;
+    Carattere Font;  ///< gives an empty paragraph its height
+    bool Rtf = false;  ///< the single run holds rich text to be rendered
+
+    [[nodiscard]] QString Testo() const;
+};
+
+/// One cell, all attributes resolved (a cell's beats its column's, a column's the table's).
+struct Cella
+{
+    QString Testo;
+    Allineamento Allinea = Allineamento::Sinistra;
+    Carattere Font;
+    int Unione = 1;  ///< columns it covers, itself included
+};
+
+/// A table, widths in centimetres.
+struct Tabella
+{
+    std::vector<double> LarghezzeCm;
+    std::vector<std::vector<Cella>> Righe;  ///< a covered cell stays, empty
+    int Bordo = 0;
+};
+
+using Blocco = std::variant<Paragrafo, Tabella>;
+
+/// What was composed: blocks in order, page set-up, running line.
+struct Documento
+{
+    double MargineAltoCm = 2.0;
+    double MargineSinistroCm = 2.0;
+    double MargineBassoCm = 2.0;
+    double MargineDestroCm = 2.0;
+    QString PiePagina;  ///< running line, "%d" stands for the page number
+    Carattere FontPiePagina{QStringLiteral("Times New Roman"), 8.0};
+    std::vector<Blocco> Blocchi;
+};
+
+/// Centimetres of a text with a unit: "2cm", "1.4cm" (point or comma), "10mm", "0.5in"; a bare number is twips.
+/// @throws Errore 13 when it is none
+[[nodiscard]] double CentimetriDi(QStringView Misura);
+
+/// Records a document through the named operations.
+///
+/// Order of writing: `Text` continues the current row; `Paragraph(t)` writes t and ends the row, so that
+/// an empty paragraph after Text only ends that row, and with nothing pending gives one blank row.
+/// A table ends a pending row first. Attributes of a table may be set in any order until EndTable; cells
+/// can be read back until then; the font current at StartTable is the table's.
+class Superficie
+{
+public:
+    // ---- document
+    void StartDoc();  ///< discards the former content; margins, fonts and running line stay
+    void EndDoc();    ///< ends a pending row; an open table is ended
+    [[nodiscard]] bool InCorso() const { return Aperto; }
+    [[nodiscard]] const Documento& Contenuto() const { return Doc; }
+
+    // ---- text
+    void Paragraph(const QString& Testo);  ///< text that begins with "{\rtf" is recorded as rich text
+    void Text(const QString& Testo);       ///< "\n" inside ends a row as Paragraph would not: it breaks the line only
+    void FontName(const QString& Nome);
+    void FontSize(double Punti);
+    void FontBold(bool Attivo);
+    void TextAlign(Allineamento Valore);
+
+    // ---- page set-up; texts with a unit. @throws Errore 13
+    void MarginTop(const QString& Misura);
+    void MarginLeft(const QString& Misura);
+    void MarginBottom(const QString& Misura);
+    void MarginRight(const QString& Misura);
+    void PageFooter(const QString& Testo);
+    void HdrFontName(const QString& Nome);
+    void HdrFontSize(double Punti);
+
+    // ---- tables
+    void StartTable();  ///< an open table is ended first
+    void EndTable();    ///< does nothing without an open table
+    void TableBorder(int Bordo);
+
+    /// Sets an attribute of cells Riga..UltimaRiga x Colonna..UltimaColonna, rows and columns from 1.
+    ///
+    /// Empty row: of whole columns; empty row and column: of the table. Empty last ones: the first ones.
+    /// Rows and columns (attributes 1, 2) grow or cut the table. Allinea and AllineaTesto do the same
+    /// thing; of two calls on the same target the later one holds.
+    /// @throws Errore 9 outside the table, 13 a value of the wrong type, 5 without an open table
+    void TableCell(AttrTabella Attributo, std::optional<int> Riga, std::optional<int> Colonna,
+                   std::optional<int> UltimaRiga, std::optional<int> UltimaColonna, const QVariant& Valore);
+    /// The common short forms.
+    void TableCell(AttrTabella Attributo, const QVariant& Valore);                       ///< the table
+    void ColonnaTabella(AttrTabella Attributo, int Colonna, const QVariant& Valore);     ///< a whole column
+    void CellaTabella(AttrTabella Attributo, int Riga, int Colonna, const QVariant& Valore);
+    /// Reads an attribute back from the open table. @throws Errore 9, 5
+    [[nodiscard]] QVariant TableCell(AttrTabella Attributo, std::optional<int> Riga = {},
+                                     std::optional<int> Colonna = {}) const;
+
+    // ---- preview state
+    /// Pages of the finished document; 0 while no paginator is attached or the document is open.
+    [[nodiscard]] int PageCount() const;
+    std::function<int(const Documento&)> Impaginatore;
+    int BackColor = 0xFFFFFF;  ///< colour behind the preview pages, 0xBBGGRR; -1 the system's window colour
+    int PreviewPage = 1;
+    int Zoom = 80;  ///< percent
+    QString Tag;    ///< page shown in the preview, as text
+
+private:
+    struct TabellaAperta;
+    void ChiudiRiga();
+
+    Documento Doc;
+    bool Aperto = false;
+    Carattere Font;
+    Allineamento Allinea = Allineamento::Sinistra;
+    std::optional<Paragrafo> Riga;  ///< the row that Text has begun
+    std::shared_ptr<TabellaAperta> Aperta;
+};

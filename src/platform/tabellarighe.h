@@ -1,0 +1,45 @@
+// A two-dimensional in-memory table: rows from 0, columns from 0.
+#pragma once
+
+#include <QList>
+#include <QVariant>
+
+/// The one table class of the program: behind grids, the clipboard of lines, the finder, the icons.
+/// A cell never written is Null (an invalid QVariant). Copied by value (rows are shared until written).
+class TabellaRighe
+{
+public:
+    using Riga = QList<QVariant>;
+
+    TabellaRighe() = default;
+    explicit TabellaRighe(int Colonne) : NumColonne(Colonne) {}
+
+    /// Empties the table and gives it a width.
+    void Azzera(int Colonne);
+
+    /// Last index of a dimension: 1 are the rows (-1 when empty), 2 the columns.
+    /// @throws Errore 9 for another dimension
+    [[nodiscard]] int UpperBound(int Dimensione) const;
+    [[nodiscard]] int Righe() const { return int(Dati.size()); }
+    [[nodiscard]] int Colonne() const { return NumColonne; }
+    [[nodiscard]] bool Vuota() const { return Dati.isEmpty(); }
+
+    /// @throws Errore 9 when the cell is outside the table
+    [[nodiscard]] const QVariant& operator()(int Riga, int Colonna) const;
+    [[nodiscard]] QVariant& operator()(int Riga, int Colonna);
+
+    /// Inserts an empty row before `Riga`; UpperBound(1) + 1 appends. @throws Errore 9
+    void InserisciRiga(int Riga);
+    /// Appends an empty row and returns its index.
+    int AggiungiRiga();
+    /// @throws Errore 9
+    void EliminaRiga(int Riga);
+
+    friend bool operator==(const TabellaRighe&, const TabellaRighe&) = default;
+
+private:
+    void Controlla(int Riga, int Colonna) const;
+
+    int NumColonne = 0;
+    QList<Riga> Dati;
+};

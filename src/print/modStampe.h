@@ -1,0 +1,29 @@
+// Composition of the documents of a fee note.
+#pragma once
+
+#include "feenote/parcella.h"
+#include "platform/superficie.h"
+
+#include <QString>
+
+/// What the last composition left for the transfer to the companion application.
+struct UltimaStampa
+{
+    double Importo = 0.0;  ///< sum of honoraria
+    QString Numero;
+    QString Data;
+    bool Acconto = false;
+};
+[[nodiscard]] const UltimaStampa& LeggiUltimaStampa();
+void MemorizzaUltimaStampa(const UltimaStampa& Dati);
+
+/// Composes the whole document on the surface; what stood there is discarded. A note that is not Pronta
+/// composes nothing. Types without a composition here leave an empty document.
+///
+/// @param Tipo a TipoStampa
+/// @return false when nothing was composed
+/// @throws Errore; what was drawn up to there stays on the surface
+bool Anteprima(Superficie& vp, const Parcella& Nota, int Tipo);
+
+/// Whole content of a text file (Windows-1252 or UTF-8 with a mark); any failure gives an empty text.
+[[nodiscard]] QString LeggiFileTesto(const QString& Percorso);

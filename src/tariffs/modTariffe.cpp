@@ -1,0 +1,1 @@
+#include "tariffs/modTariffe.h"

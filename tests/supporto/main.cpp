@@ -1,0 +1,42 @@
+// Runs the test class named first on the command line; QtTest reads the rest.
+#include "supporto/prova.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QSettings>
+
+#include <cstdio>
+#include <memory>
+
+QString FileDiProva(const QString& Nome)
+{
+    return QStringLiteral(CARTELLA_PROVE "/") + Nome;
+}
+
+QString ProgrammaDiProva()
+{
+    return QStringLiteral(CARTELLA_PROGRAMMA "/");
+}
+
+int main(int argc, char** argv)
+{
+    // Nothing of the machine's user is read or written: home and settings are this process's own.
+    const QByteArray Casa = QFile::encodeName(CartellaDiProva());
+    qputenv("HOME", Casa);
+    qputenv("XDG_CONFIG_HOME", Casa + "config");
+    qputenv("XDG_DATA_HOME", Casa + "data");
+    qputenv("XDG_DOCUMENTS_DIR", Casa + "Documenti");
+
+    QCoreApplication Applicazione(argc, argv);
+    const QStringList Argomenti = QCoreApplication::arguments();
+    const auto Trovata = Argomenti.size() > 1 ? ClassiDiProva().find(Argomenti[1]) : ClassiDiProva().end();
+    if (Trovata == ClassiDiProva().end()) {
+        for (const auto& [Nome, Crea] : ClassiDiProva())
+            std::fprintf(stderr, "%s\n", qPrintable(Nome));
+        return 2;
+    }
+    const std::unique_ptr<QObject> Prova(Trovata->second());
+    QStringList Resto = Argomenti;
+    Resto.removeAt(1);
+    return QTest::qExec(Prova.get(), Resto);
+}

@@ -1,0 +1,53 @@
+// The message seam in tests: answers prepared beforehand, everything shown written down.
+#pragma once
+
+#include "platform/messaggi.h"
+
+#include <QList>
+#include <QString>
+
+/// One box as it was shown.
+struct MessaggioMostrato
+{
+    QString Testo;
+    int Bandiere = 0;
+    QString Titolo;
+};
+
+/// Installs itself for its lifetime. A box that nobody expects fails the test at once and is answered
+/// the safe way; an answer left over fails it when the object goes.
+class Registratore
+{
+public:
+    Registratore();
+    ~Registratore();
+    Registratore(const Registratore&) = delete;
+    Registratore& operator=(const Registratore&) = delete;
+
+    /// The next box has this text (whole) and gets this answer.
+    void Attendi(const QString& Testo, int Risposta = vbOK, const QString& Titolo = {});
+    /// The next input box, asked with a text that contains this, gets this answer.
+    void AttendiImmissione(const QString& Contiene, const QString& Risposta);
+    /// From now on boxes that nobody expects are only written down, answered the safe way.
+    void Tollera() { Tollerante = true; }
+
+    [[nodiscard]] const QList<MessaggioMostrato>& Mostrati() const { return Visti; }
+    [[nodiscard]] QString UltimoTesto() const { return Visti.isEmpty() ? QString() : Visti.last().Testo; }
+
+private:
+    struct Attesa
+    {
+        bool Immissione = false;
+        QString Testo;
+        QString Titolo;
+        int Risposta = vbOK;
+        QString Digitato;
+    };
+    int Box(const QString& Testo, int Bandiere, const QString& Titolo);
+    QString Chiedi(const QString& Testo, const QString& Titolo);
+
+    Messaggi Precedenti;
+    QList<Attesa> Attese;
+    QList<MessaggioMostrato> Visti;
+    bool Tollerante = false;
+};

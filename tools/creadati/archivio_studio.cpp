@@ -1,0 +1,1 @@
+#include "creadati/archivio_studio.h"

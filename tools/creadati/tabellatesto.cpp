@@ -1,0 +1,1 @@
+#include "creadati/tabellatesto.h"
