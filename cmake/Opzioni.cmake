@@ -15,8 +15,15 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(opzioni INTERFACE -Wno-null-dereference)
     # Lets ccache serve a build with precompiled headers.
     target_compile_options(opzioni INTERFACE -fpch-preprocess)
+elseif(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    # The same for clang, which would refuse a precompiled header whose sources were only touched.
+    target_compile_options(opzioni INTERFACE "SHELL:-Xclang -fno-pch-timestamp")
 endif()
 
+if(CALCANOVA_SANITIZERS OR CALCANOVA_FUZZ)
+    # Whoever looks for faults wants the assertions too, Qt's and the library's.
+    add_compile_definitions(QT_FORCE_ASSERTS _GLIBCXX_ASSERTIONS)
+endif()
 if(CALCANOVA_SANITIZERS)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
