@@ -1,1 +1,237 @@
 #include "platform/percorsi.h"
+
+#include "platform/errore.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStorageInfo>
+#include <QTemporaryFile>
+
+#ifdef Q_OS_WIN
+#include <windows.h>
+#else
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+#endif
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Largest file that ScriviFile completes, 0 without a limit; see LimitaDisco.
+qint64 LimiteDisco = 0;
+
+bool ESeparatore(QChar C)
+{
+    return C == u'\\' || C == u'/';
+}
+
+qsizetype PosUltimoSeparatore(const QString& Percorso)
+{
+    return std::max(Percorso.lastIndexOf(u'\\'), Percorso.lastIndexOf(u'/'));
+}
+
+/// The folder where a file stands, fit for the system: "." when the path names none.
+QString CartellaDi(const QString& File)
+{
+    const QString Cartella = CartellaFile(File);
+    return Cartella.isEmpty() ? u"."_s : Cartella;
+}
+
+bool HaSoloLettura(const QFileInfo& Info)
+{
+    return Info.exists() && !Info.permission(QFile::WriteOwner);
+}
+
+/// The deepest folder of the path that is there already.
+QString AntenatoEsistente(const QString& Cartella)
+{
+    QString Antenato = QDir::cleanPath(QDir::current().absoluteFilePath(Cartella));
+    while (!QFileInfo::exists(Antenato) && !QDir(Antenato).isRoot())
+        Antenato = QFileInfo(Antenato).path();
+    return Antenato;
+}
+
+/// Whether somebody else keeps the file from being opened for writing alone.
+bool Bloccato(const QString& Nativo)
+{
+#ifdef Q_OS_WIN
+    const HANDLE File = CreateFileW(reinterpret_cast<const wchar_t*>(Nativo.utf16()),
+                                    GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (File == INVALID_HANDLE_VALUE)
+        return true;
+    CloseHandle(File);
+    return false;
+#else
+    const int File = ::open(QFile::encodeName(Nativo).constData(), O_RDWR | O_CLOEXEC);
+    if (File < 0)
+        return true;
+    // Programs lock in one of two ways that do not see each other, so both are asked.
+    struct flock Blocco = {};
+    Blocco.l_type = F_WRLCK;
+    Blocco.l_whence = SEEK_SET;
+    const bool DiTratto = ::fcntl(File, F_GETLK, &Blocco) == 0 && Blocco.l_type != F_UNLCK;
+    const bool DiFile = ::flock(File, LOCK_EX | LOCK_NB) != 0;
+    ::close(File);
+    return DiTratto || DiFile;
+#endif
+}
+
+}  // namespace
+
+QString PercorsoNativo(const QString& Percorso)
+{
+    QString Nativo;
+    Nativo.reserve(Percorso.size());
+    for (qsizetype I = 0; I < Percorso.size(); ++I) {
+        const bool Separatore = ESeparatore(Percorso[I]);
+        // The second separator may repeat the first alone: "\\server\cartella".
+        if (Separatore && I > 1 && ESeparatore(Percorso[I - 1]))
+            continue;
+        Nativo += Separatore ? QDir::separator() : Percorso[I];
+    }
+    return Nativo;
+}
+
+QString Barra(const QString& Percorso)
+{
+    if (Percorso.isEmpty())
+        return {};
+    QString Cartella = PercorsoNativo(Percorso);
+    while (Cartella.endsWith(QDir::separator()))
+        Cartella.chop(1);
+    return Cartella + QDir::separator();
+}
+
+QString NomeFile(const QString& Percorso)
+{
+    return Percorso.mid(PosUltimoSeparatore(Percorso) + 1);
+}
+
+QString CartellaFile(const QString& Percorso)
+{
+    return Percorso.left(PosUltimoSeparatore(Percorso) + 1);
+}
+
+bool FinisceInCartella(const QString& Percorso, const QString& Nome)
+{
+    if (Percorso.isEmpty() || Nome.isEmpty())
+        return false;
+    return NomeFile(Barra(Percorso).chopped(1)).compare(Nome, Qt::CaseInsensitive) == 0;
+}
+
+QString TrovaFile(const QString& Percorso)
+{
+    const QString Esatto = PercorsoNativo(Percorso);
+    if (EsisteFile(Esatto))
+        return Esatto;
+    const QString Nome = NomeFile(Esatto);
+    const QStringList Presenti = QDir(CartellaDi(Esatto)).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    for (const QString& Presente : Presenti) {
+        if (Presente.compare(Nome, Qt::CaseInsensitive) == 0)
+            return CartellaFile(Esatto) + Presente;
+    }
+    return Esatto;
+}
+
+bool EsisteCartella(const QString& Percorso)
+{
+    return !Percorso.isEmpty() && QFileInfo(PercorsoNativo(Percorso)).isDir();
+}
+
+bool EsisteFile(const QString& Percorso)
+{
+    return !Percorso.isEmpty() && QFileInfo(PercorsoNativo(Percorso)).isFile();
+}
+
+void CreaCartella(const QString& Percorso)
+{
+    if (EsisteCartella(Percorso))
+        return;
+    const QString Nativo = PercorsoNativo(Percorso);
+    if (Nativo.isEmpty() || !CartellaScrivibile(AntenatoEsistente(Nativo)) || !QDir().mkpath(Nativo))
+        throw Errore(75);
+}
+
+bool SolaLettura(const QString& Percorso)
+{
+    return HaSoloLettura(QFileInfo(PercorsoNativo(Percorso)));
+}
+
+void ImpostaSolaLettura(const QString& Percorso, bool Attiva)
+{
+    QFile File(PercorsoNativo(Percorso));
+    if (!File.exists())
+        throw Errore(53);
+    constexpr QFile::Permissions Scritture =
+        QFile::WriteOwner | QFile::WriteUser | QFile::WriteGroup | QFile::WriteOther;
+    const QFile::Permissions Presenti = File.permissions();
+    if (!File.setPermissions(Attiva ? Presenti & ~Scritture : Presenti | QFile::WriteOwner))
+        throw Errore(75);
+}
+
+bool CartellaScrivibile(const QString& Cartella)
+{
+    if (!EsisteCartella(Cartella))
+        return false;
+#ifdef Q_OS_WIN
+    // The attribute of a folder says nothing there; its access list shows in the attempt alone.
+    return QTemporaryFile(Barra(Cartella) + u"XXXXXX"_s).open();
+#else
+    const QFileInfo Info(PercorsoNativo(Cartella));
+    return Info.permission(QFile::WriteOwner | QFile::ExeOwner) && Info.isWritable();
+#endif
+}
+
+bool FileInUso(const QString& Percorso)
+{
+    return EsisteFile(Percorso) && (SolaLettura(Percorso) || Bloccato(PercorsoNativo(Percorso)));
+}
+
+QByteArray LeggiFile(const QString& Percorso, qint64 MassimoByte)
+{
+    const QFileInfo Info(PercorsoNativo(Percorso));
+    if (Percorso.isEmpty() || !Info.exists())
+        throw Errore(53);
+    const bool Leggibile = Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
+    QFile File(Info.filePath());
+    if (!Info.isFile() || !Leggibile || !File.open(QIODevice::ReadOnly))
+        throw Errore(75);
+    if (File.size() > MassimoByte)
+        throw Errore(7);
+    const QByteArray Contenuto = File.readAll();
+    if (File.error() != QFile::NoError)
+        throw Errore(75);
+    return Contenuto;
+}
+
+void ScriviFile(const QString& Percorso, const QByteArray& Contenuto)
+{
+    const QString Nativo = PercorsoNativo(Percorso);
+    const QString Cartella = CartellaDi(Nativo);
+    if (!EsisteCartella(Cartella))
+        throw Errore(76);
+    // The rename would replace a read-only file, so the attribute is asked first.
+    if (EsisteCartella(Nativo) || SolaLettura(Nativo) || !CartellaScrivibile(Cartella))
+        throw Errore(75);
+    if (LimiteDisco > 0 && Contenuto.size() > LimiteDisco)
+        throw Errore(61);
+    QSaveFile File(Nativo);
+    if (!File.open(QIODevice::WriteOnly))
+        throw Errore(75);
+    // A failure is judged while the incomplete copy still takes its room.
+    if (File.write(Contenuto) != Contenuto.size() || !File.flush()) {
+        const bool Pieno = QStorageInfo(Cartella).bytesAvailable() < Contenuto.size();
+        throw Errore(Pieno ? 61 : 75);
+    }
+    if (!File.commit())
+        throw Errore(75);
+}
+
+void LimitaDisco(qint64 Byte)
+{
+    LimiteDisco = Byte;
+}

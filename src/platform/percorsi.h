@@ -47,3 +47,6 @@ void ImpostaSolaLettura(const QString& Percorso, bool Attiva);
 /// Writes the whole file through a temporary one and a rename: the former file stays until the new one
 /// is complete. @throws Errore 75 refused, 76 no folder, 61 disk full
 void ScriviFile(const QString& Percorso, const QByteArray& Contenuto);
+
+/// For tests: no file larger than this is completed by ScriviFile, as on a full disk; 0 lifts the limit.
+void LimitaDisco(qint64 Byte);
