@@ -1,1 +1,137 @@
 #include "platform/shell.h"
+
+#include "platform/percorsi.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QOperatingSystemVersion>
+#include <QStandardPaths>
+#include <QSysInfo>
+#include <QVersionNumber>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The desktop's own number for "no program is associated".
+constexpr int NessunProgramma = 31;
+
+Shell& Installata()
+{
+    static Shell Tabella;
+    return Tabella;
+}
+
+QString CartellaDiSistema()
+{
+#ifdef Q_OS_WIN
+    return qEnvironmentVariable("SystemRoot", u"C:\\Windows"_s);
+#else
+    return QDir::rootPath();
+#endif
+}
+
+}  // namespace
+
+Shell InstallaShell(Shell Nuova)
+{
+    return std::exchange(Installata(), std::move(Nuova));
+}
+
+int ApriConSistema(const QString& File)
+{
+    const auto Apri = Installata().ApriFile;
+    return Apri ? Apri(File) : NessunProgramma;
+}
+
+int ApriIndirizzoConSistema(const QString& Indirizzo)
+{
+    const auto Apri = Installata().ApriIndirizzo;
+    return Apri ? Apri(Indirizzo) : NessunProgramma;
+}
+
+bool HaProgramma(const QString& File)
+{
+    const auto Ha = Installata().HaProgramma;
+    return Ha && Ha(File);
+}
+
+int ApriPdfConSistema(const QString& File, int Pagina)
+{
+    const auto Apri = Installata().ApriPdf;
+    return Apri ? Apri(File, Pagina) : NessunProgramma;
+}
+
+int AvviaProgramma(const QString& Programma, const QStringList& Argomenti, const QString& Cartella)
+{
+    const auto Avvia = Installata().Avvia;
+    return Avvia ? Avvia(Programma, Argomenti, Cartella) : NessunProgramma;
+}
+
+void Clessidra(bool Attiva)
+{
+    if (const auto& Mostra = Installata().Clessidra)
+        Mostra(Attiva);
+}
+
+void Campanello()
+{
+    if (const auto& Suona = Installata().Campanello)
+        Suona();
+}
+
+void ProssimoCampo()
+{
+    if (const auto Passa = Installata().ProssimoCampo)
+        Passa();
+}
+
+bool InternetConnesso()
+{
+    const auto& Connesso = Installata().Connesso;
+    return Connesso && Connesso();
+}
+
+QString CartellaEseguibile()
+{
+    return Barra(QCoreApplication::applicationDirPath());
+}
+
+QString CartellaSpeciale(int Codice)
+{
+    switch (Codice) {
+    case 5: return Barra(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    case 12: return Barra(QDir::tempPath());
+    case 36: return Barra(CartellaDiSistema());
+#ifdef Q_OS_WIN
+    case 37: return Barra(CartellaDiSistema()) + Barra(u"System32"_s);
+#else
+    case 37: return Barra(u"/usr/lib"_s);
+#endif
+    default: return Barra(QDir::homePath());
+    }
+}
+
+VersioneSistema LeggiVersioneSistema()
+{
+#ifdef Q_OS_WIN
+    const QOperatingSystemVersion Versione = QOperatingSystemVersion::current();
+    return {true, Versione.majorVersion(), Versione.minorVersion(), true};
+#else
+    // Rules that ask for a version want to know whether the system is a present one; kernels count low.
+    constexpr int MaggioreAttuale = 6;
+    const QVersionNumber Nucleo = QVersionNumber::fromString(QSysInfo::kernelVersion());
+    return {false, std::max(MaggioreAttuale, Nucleo.majorVersion()), Nucleo.minorVersion(), true};
+#endif
+}
+
+void Termina(int Esito)
+{
+    if (const auto Chiudi = Installata().Termina)
+        Chiudi(Esito);
+    else
+        QCoreApplication::exit(Esito);
+}
