@@ -1,1 +1,253 @@
 #include "platform/profilo.h"
+
+#include "platform/errore.h"
+#include "platform/percorsi.h"
+
+#include <QByteArrayView>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 MassimoByte = 1024 * 1024;
+
+constexpr unsigned char PrimoProprio = 0x80;
+
+/// What the bytes 80 to 9F stand for; all the others are those of Latin-1.
+constexpr std::array<char16_t, 32> CaratteriPropri{
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
+};
+static_assert(PrimoProprio + CaratteriPropri.size() == 0xA0);
+
+char ByteDi(char16_t Carattere)
+{
+    if (Carattere < PrimoProprio || (Carattere >= 0xA0 && Carattere <= 0xFF))
+        return static_cast<char>(Carattere);
+    const auto* Trovato = std::ranges::find(CaratteriPropri, Carattere);
+    return Trovato == CaratteriPropri.end()
+               ? '?'
+               : static_cast<char>(PrimoProprio + (Trovato - CaratteriPropri.begin()));
+}
+
+char16_t CarattereDi(char Byte)
+{
+    const auto Codice = static_cast<unsigned char>(Byte);
+    return Codice >= PrimoProprio && Codice < 0xA0 ? CaratteriPropri.at(Codice - PrimoProprio) : Codice;
+}
+
+bool Bianco(char Byte)
+{
+    return Byte == ' ' || Byte == '\t';
+}
+
+/// A stretch of the file: first byte and the one behind the last.
+struct Tratto
+{
+    qsizetype Inizio = 0;
+    qsizetype Fine = 0;
+};
+
+Tratto SenzaBianchi(QByteArrayView Contenuto, Tratto Intero)
+{
+    while (Intero.Inizio < Intero.Fine && Bianco(Contenuto[Intero.Inizio]))
+        ++Intero.Inizio;
+    while (Intero.Fine > Intero.Inizio && Bianco(Contenuto[Intero.Fine - 1]))
+        --Intero.Fine;
+    return Intero;
+}
+
+QByteArrayView Byte(QByteArrayView Contenuto, Tratto Parte)
+{
+    return Contenuto.sliced(Parte.Inizio, Parte.Fine - Parte.Inizio);
+}
+
+/// The line that starts at `Inizio`, without its end.
+Tratto RigaDa(QByteArrayView Contenuto, qsizetype Inizio)
+{
+    const auto* Fine = std::find_if(Contenuto.begin() + Inizio, Contenuto.end(),
+                                    [](char Byte) { return Byte == '\n' || Byte == '\r'; });
+    return {Inizio, Fine - Contenuto.begin()};
+}
+
+/// The end of line that stands at `Fine`: "\r\n", "\n", "\r", or nothing at the end of the file.
+QByteArrayView FineRigaA(QByteArrayView Contenuto, qsizetype Fine)
+{
+    const QByteArrayView Resto = Contenuto.sliced(Fine);
+    return Resto.first(Resto.startsWith("\r\n") ? 2 : std::min<qsizetype>(1, Resto.size()));
+}
+
+bool StessoNome(QByteArrayView Scritto, const QString& Cercato)
+{
+    // Every byte is one character, so that most lines need no conversion to be told apart.
+    return Scritto.size() == Cercato.size() &&
+           DaCp1252(Scritto.toByteArray()).compare(Cercato, Qt::CaseInsensitive) == 0;
+}
+
+/// The name in "[name]", nothing for any other line.
+std::optional<QByteArrayView> NomeSezione(QByteArrayView Contenuto, Tratto Riga)
+{
+    const QByteArrayView Testo = Byte(Contenuto, Riga);
+    const qsizetype Chiusa = Testo.indexOf(']');
+    if (!Testo.startsWith('[') || Chiusa < 0)
+        return std::nullopt;
+    return Byte(Testo, SenzaBianchi(Testo, {1, Chiusa}));
+}
+
+/// The value in "key=value" when the line has this key. Comments and broken headings have none.
+std::optional<Tratto> ValoreDi(QByteArrayView Contenuto, Tratto Riga, const QString& Chiave)
+{
+    const QByteArrayView Testo = Byte(Contenuto, Riga);
+    const qsizetype Uguale = Testo.indexOf('=');
+    if (Uguale < 0 || Testo.startsWith(';') || Testo.startsWith('['))
+        return std::nullopt;
+    if (!StessoNome(Byte(Testo, SenzaBianchi(Testo, {0, Uguale})), Chiave))
+        return std::nullopt;
+    return SenzaBianchi(Contenuto, {Riga.Inizio + Uguale + 1, Riga.Fine});
+}
+
+/// Where a key stands, or would stand, in a file.
+struct Posto
+{
+    std::optional<Tratto> Valore;          ///< the value of the key
+    std::optional<qsizetype> FineSezione;  ///< behind the last written line of the section
+};
+
+Posto Cerca(QByteArrayView Contenuto, const QString& Sezione, const QString& Chiave)
+{
+    Posto Trovato;
+    for (qsizetype Inizio = 0; Inizio < Contenuto.size();) {
+        const Tratto Intera = RigaDa(Contenuto, Inizio);
+        const qsizetype Prossima = Intera.Fine + FineRigaA(Contenuto, Intera.Fine).size();
+        const Tratto Riga = SenzaBianchi(Contenuto, Intera);
+        Inizio = Prossima;
+
+        if (const auto Nome = NomeSezione(Contenuto, Riga)) {
+            if (Trovato.FineSezione)
+                return Trovato;
+            if (StessoNome(*Nome, Sezione))
+                Trovato.FineSezione = Prossima;
+        } else if (Trovato.FineSezione && Riga.Fine > Riga.Inizio) {
+            Trovato.FineSezione = Prossima;
+            Trovato.Valore = ValoreDi(Contenuto, Riga, Chiave);
+            if (Trovato.Valore)
+                return Trovato;
+        }
+    }
+    return Trovato;
+}
+
+/// The end of line that the file uses; the classic one where it has none yet.
+QByteArray FineRigaDi(QByteArrayView Contenuto)
+{
+    const QByteArrayView Usata = FineRigaA(Contenuto, RigaDa(Contenuto, 0).Fine);
+    return Usata.isEmpty() ? QByteArrayLiteral("\r\n") : Usata.toByteArray();
+}
+
+QByteArray ConValore(QByteArray Contenuto, const QString& Sezione, const QString& Chiave,
+                     const QByteArray& Valore)
+{
+    const Posto Trovato = Cerca(Contenuto, Sezione, Chiave);
+    if (Trovato.Valore)
+        return Contenuto.replace(Trovato.Valore->Inizio, Trovato.Valore->Fine - Trovato.Valore->Inizio,
+                                 Valore);
+
+    const QByteArray FineRiga = FineRigaDi(Contenuto);
+    QByteArray Nuove = Cp1252(Chiave) + '=' + Valore + FineRiga;
+    if (!Trovato.FineSezione)
+        Nuove.prepend('[' + Cp1252(Sezione) + ']' + FineRiga);
+    const qsizetype Dove = Trovato.FineSezione.value_or(Contenuto.size());
+    const bool RigaAperta = Dove > 0 && Contenuto[Dove - 1] != '\n' && Contenuto[Dove - 1] != '\r';
+    return Contenuto.insert(Dove, RigaAperta ? FineRiga + Nuove : Nuove);
+}
+
+QString InUnaRiga(QString Testo)
+{
+    return Testo.replace(u'\r', u' ').replace(u'\n', u' ');
+}
+
+/// The name as it would come back from the file.
+QString NomeScritto(const QString& Nome)
+{
+    const QByteArray Testo = Cp1252(InUnaRiga(Nome));
+    return DaCp1252(Byte(Testo, SenzaBianchi(Testo, {0, Testo.size()})).toByteArray());
+}
+
+bool ChiaveScrivibile(const QString& Chiave)
+{
+    return !Chiave.isEmpty() && !Chiave.contains(u'=') && !Chiave.startsWith(u'[') &&
+           !Chiave.startsWith(u';');
+}
+
+/// The file up to the limit, empty when it is missing.
+QByteArray LeggiInizio(const QString& Percorso)
+{
+    const QFileInfo Info(Percorso);
+    if (!Info.exists())
+        return {};
+    const bool Leggibile = Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
+    QFile Aperto(Percorso);
+    if (!Info.isFile() || !Leggibile || !Aperto.open(QIODevice::ReadOnly))
+        throw Errore(75);
+    return Aperto.read(MassimoByte);
+}
+
+}  // namespace
+
+QString GetPrivateProfileString(const QString& Sezione, const QString& Chiave, const QString& Predefinito,
+                                int Massimo, const QString& File)
+{
+    const QByteArray Contenuto = LeggiInizio(TrovaFile(File));
+    const Posto Trovato = Cerca(Contenuto, NomeScritto(Sezione), NomeScritto(Chiave));
+    if (!Trovato.Valore)
+        return Predefinito;
+    return DaCp1252(Byte(Contenuto, *Trovato.Valore).toByteArray()).left(std::max(0, Massimo - 1));
+}
+
+bool WritePrivateProfileString(const QString& Sezione, const QString& Chiave, const QString& Valore,
+                               const QString& File)
+{
+    const QString NomeSezioneScritto = NomeScritto(Sezione);
+    const QString NomeChiaveScritto = NomeScritto(Chiave);
+    if (NomeSezioneScritto.contains(u']') || !ChiaveScrivibile(NomeChiaveScritto))
+        return false;
+    try {
+        const QString Percorso = TrovaFile(File);
+        const QByteArray Contenuto = EsisteFile(Percorso) ? LeggiFile(Percorso, MassimoByte) : QByteArray();
+        const QByteArray Nuovo =
+            ConValore(Contenuto, NomeSezioneScritto, NomeChiaveScritto, Cp1252(InUnaRiga(Valore)));
+        if (Nuovo.size() > MassimoByte)
+            return false;
+        ScriviFile(Percorso, Nuovo);
+        return true;
+    } catch (const Errore&) {
+        return false;
+    }
+}
+
+QByteArray Cp1252(const QString& Testo)
+{
+    QByteArray Risultato;
+    Risultato.reserve(Testo.size());
+    for (qsizetype i = 0; i < Testo.size(); ++i) {
+        // A pair of surrogates is one character, hence one question mark.
+        if (Testo[i].isHighSurrogate() && i + 1 < Testo.size() && Testo[i + 1].isLowSurrogate())
+            ++i;
+        Risultato.append(ByteDi(Testo[i].unicode()));
+    }
+    return Risultato;
+}
+
+QString DaCp1252(const QByteArray& Testo)
+{
+    QString Risultato(Testo.size(), Qt::Uninitialized);
+    std::ranges::transform(Testo, Risultato.begin(), [](char Byte) { return QChar(CarattereDi(Byte)); });
+    return Risultato;
+}

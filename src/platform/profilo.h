@@ -2,7 +2,8 @@
 //
 // 8-bit text in Windows-1252 (a character that it lacks is written "?"), lines "[section]" and
 // "key=value". Sections and keys are compared without case; unknown lines, comments and the order of
-// lines are kept on writing. No quoting: quotes belong to the value.
+// lines are kept on writing. No quoting: quotes belong to the value. Where a section stands twice the
+// first one counts, and in it the first line of a key.
 #pragma once
 
 #include <QString>
@@ -13,15 +14,19 @@
 ///        value, not the default
 /// @param Massimo size of the classic buffer in characters, its end mark included
 /// A file over 1 MiB is read up to that size: such files are a few lines.
+/// @throws Errore 75 when the file is there and cannot be read
 [[nodiscard]] QString GetPrivateProfileString(const QString& Sezione, const QString& Chiave,
                                               const QString& Predefinito, int Massimo, const QString& File);
 
 /// Sets a key, adding file, section or key where missing; the file is replaced in one step.
 /// Line breaks in section, key or value would forge other lines: they become blanks.
-/// @return false when the file cannot be written; nothing is lost then
+/// @return false when the file cannot be written or would pass 1 MiB, and for a name that could not be
+///         read back (a key that is blank, holds "=" or begins with "[" or ";", a section with "]");
+///         nothing is lost then
 bool WritePrivateProfileString(const QString& Sezione, const QString& Chiave, const QString& Valore,
                                const QString& File);
 
 /// Windows-1252 both ways: the code page of configuration files, passwords and word-processor exports.
+/// The five codes that it leaves free stand for the control characters of the same number.
 [[nodiscard]] QByteArray Cp1252(const QString& Testo);
 [[nodiscard]] QString DaCp1252(const QByteArray& Testo);
