@@ -1,1 +1,56 @@
 #include "platform/impostazioni.h"
+
+#include "platform/errore.h"
+
+#include <QSettings>
+#include <QStringList>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// One application's file, with one section open.
+class Archivio
+{
+public:
+    Archivio(const QString& Applicazione, const QString& Sezione)
+        : Dati(QSettings::IniFormat, QSettings::UserScope, u"Calcanova"_s, Applicazione)
+    {
+        Dati.setFallbacksEnabled(false);
+        Dati.beginGroup(Sezione);
+    }
+
+    /// The spelling under which a key is stored: a file touched by hand or by the companion application
+    /// may have capitals, our own keys are lower case.
+    [[nodiscard]] QString Grafia(const QString& Chiave) const
+    {
+        const QStringList Presenti = Dati.childKeys();
+        const auto Trovata = std::ranges::find_if(
+            Presenti, [&](const QString& k) { return k.compare(Chiave, Qt::CaseInsensitive) == 0; });
+        return Trovata == Presenti.end() ? Chiave.toLower() : *Trovata;
+    }
+
+    QSettings Dati;
+};
+
+}  // namespace
+
+QString GetSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,
+                   const QString& Predefinito)
+{
+    const Archivio Aperto(Applicazione, Sezione);
+    const QVariant Valore = Aperto.Dati.value(Aperto.Grafia(Chiave), Predefinito);
+    // An unquoted comma, as a hand would write "12,5", comes back as a list.
+    return Valore.metaType().id() == QMetaType::QStringList ? Valore.toStringList().join(u',')
+                                                            : Valore.toString();
+}
+
+void SaveSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,
+                 const QString& Valore)
+{
+    Archivio Aperto(Applicazione, Sezione);
+    Aperto.Dati.setValue(Aperto.Grafia(Chiave), Valore);
+    Aperto.Dati.sync();
+    if (Aperto.Dati.status() != QSettings::NoError)
+        throw Errore(75);
+}

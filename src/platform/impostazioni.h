@@ -1,4 +1,7 @@
 // The settings store: application, section, key. Keys are compared without case.
+//
+// One text file per application in the user's configuration folder; nothing of the system's or of
+// another application is looked at.
 #pragma once
 
 #include <QString>

@@ -1,0 +1,116 @@
+#include "supporto/prova.h"
+
+#include "platform/errore.h"
+#include "platform/impostazioni.h"
+#include "platform/percorsi.h"
+
+#include <QDir>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+class TestImpostazioni : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void predefinitoSeManca();
+    void tornaQuelCheFuSalvato_data();
+    void tornaQuelCheFuSalvato();
+    void maiuscoleNonContano();
+    void applicazioniESezioniSonoDistinte();
+    void scriveSubitoSulDisco();
+    void leggeUnFileToccatoAMano();
+    void scritturaRifiutata();
+};
+PROVA(TestImpostazioni);
+
+namespace {
+
+QString FileDi(const QString& Applicazione)
+{
+    return qEnvironmentVariable("XDG_CONFIG_HOME") + u"/Calcanova/"_s + Applicazione + u".ini"_s;
+}
+
+}  // namespace
+
+void TestImpostazioni::predefinitoSeManca()
+{
+    QCOMPARE(GetSetting(u"KR5"_s, u"Parametri"_s, u"Nessuna"_s), QString());
+    QCOMPARE(GetSetting(u"KR5"_s, u"Parametri"_s, u"Nessuna"_s, u"12,5"_s), u"12,5"_s);
+}
+
+void TestImpostazioni::tornaQuelCheFuSalvato_data()
+{
+    QTest::addColumn<QString>("Valore");
+
+    QTest::newRow("plain") << u"Studio Rossi"_s;
+    QTest::newRow("comma") << u"12,5"_s;
+    QTest::newRow("accents and beyond Latin-1") << u"Città di Forlì € Ω 😀"_s;
+    QTest::newRow("Windows path") << u"C:\\Studio\\Parcelle\\"_s;
+    QTest::newRow("blanks at both ends") << u"  a b  "_s;
+    QTest::newRow("quotes, semicolon, equals") << u"\"a\";b=c"_s;
+    QTest::newRow("at sign, which the file format marks") << u"@Invalid()"_s;
+    QTest::newRow("percent") << u"100%20"_s;
+    QTest::newRow("line break") << u"a\r\nb"_s;
+    QTest::newRow("empty is stored, not missing") << u""_s;
+}
+
+void TestImpostazioni::tornaQuelCheFuSalvato()
+{
+    QFETCH(QString, Valore);
+    SaveSetting(u"KR5"_s, u"Parametri"_s, u"Valore"_s, Valore);
+    QCOMPARE(GetSetting(u"KR5"_s, u"Parametri"_s, u"Valore"_s, u"assente"_s), Valore);
+}
+
+void TestImpostazioni::maiuscoleNonContano()
+{
+    SaveSetting(u"KR5"_s, u"Parametri"_s, u"ColoreEtichetteBordo"_s, u"1"_s);
+    QCOMPARE(GetSetting(u"KR5"_s, u"Parametri"_s, u"ColoreEtichettebordo"_s), u"1"_s);
+    SaveSetting(u"KR5"_s, u"Parametri"_s, u"COLOREETICHETTEBORDO"_s, u"2"_s);
+    QCOMPARE(GetSetting(u"KR5"_s, u"Parametri"_s, u"ColoreEtichetteBordo"_s), u"2"_s);
+    QCOMPARE(LeggiFile(FileDi(u"KR5"_s)).toLower().count("coloreetichettebordo="), 1);
+    QVERIFY(LeggiFile(FileDi(u"KR5"_s)).contains("coloreetichettebordo=2"));
+}
+
+void TestImpostazioni::applicazioniESezioniSonoDistinte()
+{
+    SaveSetting(u"VDM2"_s, u"Parametri"_s, u"PercorsoProcedura"_s, u"a"_s);
+    SaveSetting(u"Praxivo"_s, u"Parametri"_s, u"PercorsoProcedura"_s, u"b"_s);
+    SaveSetting(u"Praxivo"_s, u"Altra"_s, u"PercorsoProcedura"_s, u"c"_s);
+    QCOMPARE(GetSetting(u"VDM2"_s, u"Parametri"_s, u"PercorsoProcedura"_s), u"a"_s);
+    QCOMPARE(GetSetting(u"Praxivo"_s, u"Parametri"_s, u"PercorsoProcedura"_s), u"b"_s);
+    QCOMPARE(GetSetting(u"Praxivo"_s, u"Altra"_s, u"PercorsoProcedura"_s), u"c"_s);
+}
+
+void TestImpostazioni::scriveSubitoSulDisco()
+{
+    QVERIFY2(FileDi(u"Disco"_s).startsWith(CartellaDiProva()), "settings outside the test's own folder");
+    QVERIFY(!QFile::exists(FileDi(u"Disco"_s)));
+    SaveSetting(u"Disco"_s, u"Parametri"_s, u"ProgFatt"_s, u"7"_s);
+    QCOMPARE(LeggiFile(FileDi(u"Disco"_s)).simplified(), "[Parametri] progfatt=7"_ba);
+}
+
+void TestImpostazioni::leggeUnFileToccatoAMano()
+{
+    ScriviFile(FileDi(u"Mano"_s), "[Parametri]\nSpeseGen=12,5\nIban=IT60\n");
+    QCOMPARE(GetSetting(u"Mano"_s, u"Parametri"_s, u"SpeseGen"_s), u"12,5"_s);
+    QCOMPARE(GetSetting(u"Mano"_s, u"Parametri"_s, u"IBAN"_s), u"IT60"_s);
+    SaveSetting(u"Mano"_s, u"Parametri"_s, u"Iban"_s, u"IT61"_s);
+    QCOMPARE(GetSetting(u"Mano"_s, u"Parametri"_s, u"iban"_s), u"IT61"_s);
+    QCOMPARE(LeggiFile(FileDi(u"Mano"_s)).toLower().count("iban="), 1);
+}
+
+void TestImpostazioni::scritturaRifiutata()
+{
+    // A folder stands where the file should be.
+    QVERIFY(QDir().mkpath(FileDi(u"Rifiutata"_s)));
+    try {
+        SaveSetting(u"Rifiutata"_s, u"Parametri"_s, u"IVA"_s, u"22"_s);
+        QFAIL("a refused write went unnoticed");
+    } catch (const Errore& Guasto) {
+        QCOMPARE(Guasto.Numero, 75);
+    }
+}
+
+#include "TestImpostazioni.moc"
