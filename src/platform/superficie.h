@@ -60,7 +60,7 @@ struct Paragrafo
 {
     Allineamento Allinea = Allineamento::Sinistra;
     std::vector<Tratto> Tratti;
-    Carattere Font;  ///< gives an empty paragraph its height
+    Carattere Font;    ///< gives an empty paragraph its height
     bool Rtf = false;  ///< the single run holds rich text to be rendered
 
     [[nodiscard]] QString Testo() const;
@@ -97,28 +97,42 @@ struct Documento
     std::vector<Blocco> Blocchi;
 };
 
-/// Centimetres of a text with a unit: "2cm", "1.4cm" (point or comma), "10mm", "0.5in"; a bare number is twips.
-/// @throws Errore 13 when it is none
+/// Centimetres of a text with a unit: "2cm", "1.4cm" (point or comma), "10mm", "0.5in"; a bare number is
+/// twips, 1440 to the inch. Blanks around number and unit and the case of the unit do not matter.
+/// @throws Errore 13 when it is none; a sign or an exponent makes none
 [[nodiscard]] double CentimetriDi(QStringView Misura);
 
 /// Records a document through the named operations.
 ///
 /// Order of writing: `Text` continues the current row; `Paragraph(t)` writes t and ends the row, so that
 /// an empty paragraph after Text only ends that row, and with nothing pending gives one blank row.
-/// A table ends a pending row first. Attributes of a table may be set in any order until EndTable; cells
-/// can be read back until then; the font current at StartTable is the table's.
+/// A row takes the alignment current when it begins, a run its font. "\r\n" and "\r" are recorded as "\n".
+///
+/// A table ends a pending row first, and is recorded at EndTable: text written meanwhile stands above it.
+/// Attributes of a table may be set in any order until EndTable; cells can be read back until then; the
+/// font current at StartTable is the table's.
+///
+/// Writing text or opening a table while no document is open opens one, as StartDoc does.
 class Superficie
 {
 public:
+    Superficie();
+    ~Superficie();
+    Superficie(Superficie&&) noexcept;
+    Superficie& operator=(Superficie&&) noexcept;
+
     // ---- document
     void StartDoc();  ///< discards the former content; margins, fonts and running line stay
     void EndDoc();    ///< ends a pending row; an open table is ended
     [[nodiscard]] bool InCorso() const { return Aperto; }
+    /// Blocks ended so far: a pending row and an open table are not among them.
     [[nodiscard]] const Documento& Contenuto() const { return Doc; }
 
     // ---- text
-    void Paragraph(const QString& Testo);  ///< text that begins with "{\rtf" is recorded as rich text
-    void Text(const QString& Testo);       ///< "\n" inside ends a row as Paragraph would not: it breaks the line only
+    /// Text that begins with "{\rtf" is recorded as rich text, in a row of its own.
+    void Paragraph(const QString& Testo);
+    /// A "\n" inside breaks the line but not the row; an empty text does not begin a row.
+    void Text(const QString& Testo);
     void FontName(const QString& Nome);
     void FontSize(double Punti);
     void FontBold(bool Attivo);
@@ -134,23 +148,29 @@ public:
     void HdrFontSize(double Punti);
 
     // ---- tables
-    void StartTable();  ///< an open table is ended first
-    void EndTable();    ///< does nothing without an open table
-    void TableBorder(int Bordo);
+    void StartTable();  ///< an open table is ended first; the new one has no rows and no columns
+    /// Records the table. One without rows or without columns leaves nothing on the document; a span that
+    /// passes the last column ends there. Does nothing without an open table.
+    void EndTable();
+    void TableBorder(int Bordo);  ///< of the open table, 0 no lines; does nothing without one
 
     /// Sets an attribute of cells Riga..UltimaRiga x Colonna..UltimaColonna, rows and columns from 1.
     ///
-    /// Empty row: of whole columns; empty row and column: of the table. Empty last ones: the first ones.
-    /// Rows and columns (attributes 1, 2) grow or cut the table. Allinea and AllineaTesto do the same
-    /// thing; of two calls on the same target the later one holds.
-    /// @throws Errore 9 outside the table, 13 a value of the wrong type, 5 without an open table
+    /// Empty row: of whole columns; empty row and column: of the table; empty column: of all cells that
+    /// the rows have now. Empty last ones: the first ones. A width belongs to its column whatever the row,
+    /// and is an inch where none was set. Rows and columns (attributes 1, 2) take no indices; they grow or
+    /// cut the table and keep what remains. Allinea and AllineaTesto do the same thing; of two calls on the
+    /// same target the later one holds.
+    /// @throws Errore 9 outside the table, 13 a value of the wrong type, 5 without an open table or for a
+    ///         number that means nothing to the attribute; the table is then unchanged
     void TableCell(AttrTabella Attributo, std::optional<int> Riga, std::optional<int> Colonna,
                    std::optional<int> UltimaRiga, std::optional<int> UltimaColonna, const QVariant& Valore);
     /// The common short forms.
-    void TableCell(AttrTabella Attributo, const QVariant& Valore);                       ///< the table
-    void ColonnaTabella(AttrTabella Attributo, int Colonna, const QVariant& Valore);     ///< a whole column
+    void TableCell(AttrTabella Attributo, const QVariant& Valore);                    ///< the table
+    void ColonnaTabella(AttrTabella Attributo, int Colonna, const QVariant& Valore);  ///< a whole column
     void CellaTabella(AttrTabella Attributo, int Riga, int Colonna, const QVariant& Valore);
-    /// Reads an attribute back from the open table. @throws Errore 9, 5
+    /// Reads an attribute back from the open table as it will hold for the cell, the column (empty row) or
+    /// the table (empty row and column); alignments as numbers, widths as text. @throws Errore 9, 5
     [[nodiscard]] QVariant TableCell(AttrTabella Attributo, std::optional<int> Riga = {},
                                      std::optional<int> Colonna = {}) const;
 
@@ -165,12 +185,15 @@ public:
 
 private:
     struct TabellaAperta;
+    void Accoda(const QString& Testo);
     void ChiudiRiga();
+    void ApriSeServe();
+    [[nodiscard]] TabellaAperta& Corrente() const;  ///< @throws Errore 5
 
     Documento Doc;
     bool Aperto = false;
     Carattere Font;
     Allineamento Allinea = Allineamento::Sinistra;
     std::optional<Paragrafo> Riga;  ///< the row that Text has begun
-    std::shared_ptr<TabellaAperta> Aperta;
+    std::unique_ptr<TabellaAperta> Aperta;
 };
