@@ -9,6 +9,8 @@
 #include <QStorageInfo>
 #include <QTemporaryFile>
 
+#include <filesystem>
+
 #ifdef Q_OS_WIN
 #include <windows.h>
 #else
@@ -234,4 +236,15 @@ void ScriviFile(const QString& Percorso, const QByteArray& Contenuto)
 void LimitaDisco(qint64 Byte)
 {
     LimiteDisco = Byte;
+}
+
+void SostituisciFile(const QString& Nuovo, const QString& Vecchio)
+{
+    if (!EsisteFile(Nuovo))
+        throw Errore(53);
+    std::error_code Esito;
+    std::filesystem::rename(QFileInfo(PercorsoNativo(Nuovo)).filesystemFilePath(),
+                            QFileInfo(PercorsoNativo(Vecchio)).filesystemFilePath(), Esito);
+    if (Esito)
+        throw Errore(75);
 }

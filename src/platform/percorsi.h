@@ -50,3 +50,7 @@ void ScriviFile(const QString& Percorso, const QByteArray& Contenuto);
 
 /// For tests: no file larger than this is completed by ScriviFile, as on a full disk; 0 lifts the limit.
 void LimitaDisco(qint64 Byte);
+
+/// Puts a finished file in the place of another in one step, on the same disk; the other one is gone then.
+/// @throws Errore 53 no such file, 75 refused; both files are then as before
+void SostituisciFile(const QString& Nuovo, const QString& Vecchio);
