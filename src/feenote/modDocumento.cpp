@@ -1,1 +1,470 @@
 #include "feenote/modDocumento.h"
+
+#include "core/modErrori.h"
+#include "core/modTesti.h"
+#include "core/sessione.h"
+#include "feenote/modClienti.h"
+#include "feenote/modParametri.h"
+#include "feenote/modTotali.h"
+#include "feenote/modVariazione.h"
+#include "platform/messaggi.h"
+#include "platform/percorsi.h"
+#include "platform/profilo.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// ---- columns of the two line kinds in ParcellaRighe ---------------------------------------------
+
+/// A column of the file and the column of the line table it holds.
+struct Corrispondenza
+{
+    QStringView Campo;
+    int Colonna;
+    bool Importo;  ///< an amount, written through FormatNum
+};
+
+constexpr std::array CampiOnorari{
+    Corrispondenza{u"NVoce", OnoNVoce, false},   Corrispondenza{u"CodOnoDir", OnoCodVoce, false},
+    Corrispondenza{u"Qta", OnoQta, false},       Corrispondenza{u"Importo", OnoImporto, true},
+    Corrispondenza{u"Imp1", OnoMedio, true},     Corrispondenza{u"Imp2", OnoMin, true},
+    Corrispondenza{u"Imp3", OnoMax, true},       Corrispondenza{u"Imp4", OnoBaseMedio, true},
+    Corrispondenza{u"Imp5", OnoBaseMin, true},   Corrispondenza{u"Imp6", OnoBaseMax, true},
+    Corrispondenza{u"VarP", OnoVarPerc, true},
+};
+
+// NVoce takes the key of the item and CodOnoDir its number, crossed against their names: files have always
+// been written so, and nothing reads their meaning.
+constexpr std::array CampiDiritti{
+    Corrispondenza{u"NVoce", DirIDDir, false},
+    Corrispondenza{u"CodOnoDir", DirNVoce, false},
+    Corrispondenza{u"Qta", DirQta, false},
+    Corrispondenza{u"Importo", DirImponibile, true},
+    Corrispondenza{u"Imp1", DirEsente, true},
+};
+
+struct CampoDati
+{
+    QStringView Campo;
+    int Indice;
+};
+
+/// Filing data of the court costs note.
+constexpr std::array CampiDeposito{
+    CampoDati{u"DepAut", DatoDepAutorita},
+    CampoDati{u"DepSez", DatoDepSezione},
+    CampoDati{u"DepRuolo", DatoDepRuolo},
+    CampoDati{u"DepGiud", DatoDepGiudice},
+};
+
+// ---- writing ------------------------------------------------------------------------------------
+
+/// An amount as the file holds it: what FormatNum shows of the cell.
+double ImportoFile(const QVariant& Cella)
+{
+    return Arrotonda2(NumeroDi(Cella));
+}
+
+double PercentoSe(const Spunta& Tick, const Casella& Box)
+{
+    return Tick.Attiva ? Box.Numero() : 0.0;
+}
+
+QVariant DataONull(const QString& Testo)
+{
+    const std::optional<QDate> Data = LeggiData(Testo);
+    return Data ? QVariant(*Data) : QVariant();
+}
+
+void ScriviParti(Recordset& Param, const Parcella& Nota)
+{
+    Param.ImpostaValue(u"IDCli"_s, Nota.IDCli);
+    Param.ImpostaValue(u"IDCon"_s, Nota.IDCon);
+    Param.ImpostaValue(u"Cliente"_s, Nota.txtCliente.Testo);
+    Param.ImpostaValue(u"Controp"_s, Nota.txtControp.Testo);
+    Param.ImpostaValue(u"Oggetto"_s, Nota.txtOggetto.Testo);
+}
+
+void ScriviParametri(Recordset& Param, const Parcella& Nota)
+{
+    Param.ImpostaValue(u"Categ"_s, Nota.cmbCateg);
+    Param.ImpostaValue(u"Autor"_s, Nota.cmbAutor);
+    Param.ImpostaValue(u"Valore"_s, Nota.cmbValore);
+    Param.ImpostaValue(u"Importo"_s, ImportoFile(Nota.txtImporto.Testo));
+    Param.ImpostaValue(u"TipoStampa"_s, Nota.cmbTipoStampa);
+    Param.ImpostaValue(u"AumRidVarP"_s, Nota.AumRidVarP);
+    Param.ImpostaValue(u"AumRidIdx"_s, Nota.AumRidIdx);
+}
+
+void ScriviStampa(Recordset& Param, const Parcella& Nota)
+{
+    Param.ImpostaValue(u"Testo1"_s, Nota.DatiPar(DatoTestoSuperiore));
+    Param.ImpostaValue(u"Testo2"_s, Nota.DatiPar(DatoTestoInferiore));
+    Param.ImpostaValue(u"VisMinMax"_s, Nota.chkMinMax.Attiva ? 1 : 0);
+    Param.ImpostaValue(u"IVA"_s, PercentoSe(Nota.chkIva, Nota.txtIVA));
+    Param.ImpostaValue(u"RA"_s, PercentoSe(Nota.chkRA, Nota.txtRA));
+    Param.ImpostaValue(u"CP"_s, Arrotonda2(PercentoSe(Nota.chkCP, Nota.txtCP)));
+    Param.ImpostaValue(u"SpeseGen"_s, Arrotonda2(PercentoSe(Nota.chkSpeseGen, Nota.txtSpeGen)));
+    Param.ImpostaValue(u"DataFatt"_s, DataONull(Nota.DatiPar(DatoDataFatt)));
+    Param.ImpostaValue(u"NumFatt"_s, Nota.DatiPar(DatoNumFatt));
+    for (const CampoDati& Voce : CampiDeposito)
+        Param.ImpostaValue(Voce.Campo.toString(), Nota.DatiPar(Voce.Indice));
+}
+
+QString PswDaScrivere(const Parcella& Nota)
+{
+    const bool Nuova = Nota.Psw.startsWith(PswDaSalvare);
+    return CodificaPsw(Nuova ? Nota.Psw.mid(PswDaSalvare.size()) : Nota.Psw);
+}
+
+void ScriviParam(const Database& File, const Parcella& Nota)
+{
+    Recordset Param = File.OpenRecordset(u"ParcellaParam"_s);
+    Param.AddNew();
+    ScriviParti(Param, Nota);
+    ScriviParametri(Param, Nota);
+    ScriviStampa(Param, Nota);
+    if (!sessione::RichiestaPV2.ID.isEmpty())
+        Param.ImpostaValue(u"NsRif"_s, sessione::RichiestaPV2.ID);
+    Param.ImpostaValue(u"Psw"_s, PswDaScrivere(Nota));
+    Param.Update();
+}
+
+template <size_t N>
+void ScriviRighe(Recordset& Righe, const TabellaRighe& Tabella, const QString& Genere,
+                 const std::array<Corrispondenza, N>& Campi)
+{
+    for (int Riga = 0; Riga < Tabella.Righe(); ++Riga) {
+        Righe.AddNew();
+        Righe.ImpostaValue(u"OnoDir"_s, Genere);
+        Righe.ImpostaValue(u"Data"_s, DataONull(CStr(Tabella(Riga, OnoData))));
+        Righe.ImpostaValue(u"Descr"_s, CStr(Tabella(Riga, OnoDescr)).left(MassimoDescr));
+        for (const Corrispondenza& Voce : Campi) {
+            const QVariant& Cella = Tabella(Riga, Voce.Colonna);
+            Righe.ImpostaValue(Voce.Campo.toString(),
+                               Voce.Importo ? QVariant(ImportoFile(Cella)) : QVariant(CStr(Cella)));
+        }
+        Righe.Update();
+    }
+}
+
+void ScriviAcconti(const Database& File, const TabellaRighe& Tabella)
+{
+    Recordset Righe = File.OpenRecordset(u"ParcellaAcconti"_s);
+    for (int Riga = 0; Riga < Tabella.Righe(); ++Riga) {
+        Righe.AddNew();
+        Righe.ImpostaValue(u"DesAcc"_s, CStr(Tabella(Riga, AccDescr)));
+        Righe.ImpostaValue(u"Valuta"_s, CStr(Tabella(Riga, AccValuta)));
+        // Kept to the digit: payments are written and read without conversion.
+        Righe.ImpostaValue(u"Corr"_s, NumeroDi(Tabella(Riga, AccCorrispettivi)));
+        Righe.ImpostaValue(u"SpImp"_s, NumeroDi(Tabella(Riga, AccSpeseImp)));
+        Righe.ImpostaValue(u"SpEse"_s, NumeroDi(Tabella(Riga, AccSpeseEsenti)));
+        Righe.Update();
+    }
+}
+
+}  // namespace
+
+QString CodificaPsw(const QString& Psw)
+{
+    QString Cifre;
+    for (const char Carattere : Cp1252(Psw.left(MassimoPsw)))
+        Cifre += QString::number(uchar(Carattere)).rightJustified(3, u'0');
+    return Cifre;
+}
+
+QString DecodificaPsw(const QString& Cifre)
+{
+    QByteArray Codici;
+    for (qsizetype i = 0; i + 3 <= Cifre.size() && Codici.size() < MassimoPsw; i += 3) {
+        bool Valido = false;
+        const uint Codice = Cifre.mid(i, 3).toUInt(&Valido);
+        if (!Valido || Codice > 255)
+            break;
+        Codici.append(char(Codice));
+    }
+    return DaCp1252(Codici);
+}
+
+void ScriviDati(const Database& File, const Parcella& Nota)
+{
+    Transazione Insieme(File);
+    ScriviParam(File, Nota);
+    Recordset Righe = File.OpenRecordset(u"ParcellaRighe"_s);
+    ScriviRighe(Righe, Nota.xOnorari, u"O"_s, CampiOnorari);
+    ScriviRighe(Righe, Nota.xDiritti, u"D"_s, CampiDiritti);
+    ScriviAcconti(File, Nota.xAcconti);
+    Insieme.Conferma();
+}
+
+// ---- reading ------------------------------------------------------------------------------------
+
+namespace {
+
+/// The one row of parameters, tolerant of columns that old files lack.
+class Parametri
+{
+public:
+    explicit Parametri(const Database& File) : Riga(File.OpenRecordset(u"ParcellaParam"_s))
+    {
+        if (Riga.Eof())
+            throw Errore(3021);
+    }
+
+    /// Empty when the column is missing; an invalid QVariant when it is Null.
+    [[nodiscard]] std::optional<QVariant> Leggi(QStringView Colonna) const
+    {
+        try {
+            return Riga.Value(Colonna.toString());
+        } catch (const Errore& Guasto) {
+            if (Guasto.Numero == 3265)
+                return std::nullopt;
+            throw;
+        }
+    }
+    [[nodiscard]] QString Testo(QStringView Colonna) const { return CStr(Leggi(Colonna).value_or(QVariant())); }
+    [[nodiscard]] double Numero(QStringView Colonna) const
+    {
+        return NumeroDi(Leggi(Colonna).value_or(QVariant()));
+    }
+    [[nodiscard]] int Intero(QStringView Colonna) const
+    {
+        return int(std::clamp(Numero(Colonna), -2147483648.0, 2147483647.0));
+    }
+    /// A list index; a missing or empty column is no selection.
+    [[nodiscard]] int Indice(QStringView Colonna) const
+    {
+        const std::optional<QVariant> Valore = Leggi(Colonna);
+        return Valore && Valore->isValid() ? Intero(Colonna) : NessunaVoce;
+    }
+
+private:
+    Recordset Riga;
+};
+
+/// Clears the read-only attribute where an upgrade has to write, and puts it back on every way out.
+class AttributoSospeso
+{
+public:
+    explicit AttributoSospeso(const QString& File) : Percorso(File), Era(SolaLettura(File))
+    {
+        if (Era)
+            ImpostaSolaLettura(Percorso, false);
+    }
+    ~AttributoSospeso()
+    {
+        try {
+            if (Era)
+                ImpostaSolaLettura(Percorso, true);
+        } catch (const Errore& Guasto) {
+            GestioneErrori(Guasto);
+        }
+    }
+    AttributoSospeso(const AttributoSospeso&) = delete;
+    AttributoSospeso& operator=(const AttributoSospeso&) = delete;
+
+private:
+    QString Percorso;
+    bool Era;
+};
+
+/// Files from before the general expenses get the column; its value is Null and reads as not ticked.
+void AggiornaSchema(const QString& Percorso)
+{
+    if (EsisteCampo(Percorso, u"ParcellaParam"_s, u"SpeseGen"_s))
+        return;
+    const AttributoSospeso Attributo(Percorso);
+    OpenDatabase(Percorso).Execute(u"ALTER TABLE ParcellaParam ADD SpeseGen Single"_s);
+}
+
+void CaricaPsw(Parcella& Nota, const Parametri& Param)
+{
+    const QString Cifre = Param.Testo(u"Psw");
+    if (Cifre.isEmpty())
+        return;
+    Nota.Psw = DecodificaPsw(Cifre);
+    MsgBox(u"Attenzione, la parcella è protetta! Le modifiche potranno essere salvate\n"
+           u"solo dopo aver specificato la chiave di protezione."_s,
+           vbInformation, TitoloMessaggio.toString());
+}
+
+/// The linked party by its key, and the stored name where the link gives none.
+void CaricaParte(int Chiave, const std::optional<QString>& Nome, const QString& Assente, const QString& Salvato,
+                 Casella& Box)
+{
+    if (Chiave > 0) {
+        if (!Nome)
+            MsgErrore(Assente);
+        Box.Testo = Nome.value_or(QString());
+    }
+    if (Box.Testo.isEmpty())
+        Box.Testo = Salvato;
+}
+
+void CaricaParti(Parcella& Nota, const Parametri& Param)
+{
+    Nota.IDCli = Param.Intero(u"IDCli");
+    Nota.IDCon = Param.Intero(u"IDCon");
+    CaricaParte(Nota.IDCli, Nota.IDCli > 0 ? CercaCliente(Nota.IDCli) : std::nullopt,
+                u"Il cliente associato alla parcella non è stato trovato!"_s, Param.Testo(u"Cliente"),
+                Nota.txtCliente);
+    CaricaParte(Nota.IDCon, Nota.IDCon > 0 ? CercaControparte(Nota.IDCon, u"Controp"_s) : std::nullopt,
+                u"La controparte associata alla parcella non è stata trovata!"_s, Param.Testo(u"Controp"),
+                Nota.txtControp);
+    Nota.txtOggetto.Testo = Param.Testo(u"Oggetto");
+    Nota.txtDatiStaCli.Testo = Nota.txtCliente.Testo;
+    Nota.txtDatiStaControp.Testo = Nota.txtControp.Testo;
+    Nota.txtDatiStaOgg.Testo = Nota.txtOggetto.Testo;
+}
+
+void CaricaParametri(Parcella& Nota, const Parametri& Param)
+{
+    SelezionaInSilenzio(Nota, Param.Indice(u"Categ"), Param.Indice(u"Autor"), Param.Indice(u"Valore"));
+    ImpostaValoreInSilenzio(Nota, Param.Numero(u"Importo"));
+    CaricaVariazione(Nota, Param.Indice(u"AumRidIdx"), Param.Numero(u"AumRidVarP"));
+}
+
+/// A percentage with its box; a column that the file lacks leaves the state of a new note.
+void CaricaPercento(const Parametri& Param, QStringView Colonna, Spunta& Tick, Casella& Box)
+{
+    const std::optional<QVariant> Letto = Param.Leggi(Colonna);
+    if (!Letto)
+        return;
+    const double Valore = NumeroDi(*Letto);
+    Tick.Attiva = Valore > 0;
+    // A whole percent shows without decimals, 0 as an empty box.
+    Box.Testo = Format(Valore, Valore == std::floor(Valore) ? u"##" : u"##.##");
+}
+
+void CaricaStampa(Parcella& Nota, const Parametri& Param)
+{
+    CaricaPercento(Param, u"SpeseGen", Nota.chkSpeseGen, Nota.txtSpeGen);
+    CaricaPercento(Param, u"IVA", Nota.chkIva, Nota.txtIVA);
+    CaricaPercento(Param, u"RA", Nota.chkRA, Nota.txtRA);
+    CaricaPercento(Param, u"CP", Nota.chkCP, Nota.txtCP);
+    Nota.chkMinMax.Attiva = Param.Numero(u"VisMinMax") != 0;
+
+    const auto Dato = [&](int Indice, QStringView Colonna) {
+        const QString Testo = Param.Testo(Colonna);
+        if (!Testo.isEmpty())
+            Nota.txtDatiPar[Indice] = Testo;
+    };
+    Dato(DatoTestoSuperiore, u"Testo1");
+    Dato(DatoTestoInferiore, u"Testo2");
+    Dato(DatoNumFatt, u"NumFatt");
+    Dato(DatoDataFatt, u"DataFatt");
+    for (const CampoDati& Voce : CampiDeposito)
+        Dato(Voce.Indice, Voce.Campo);
+}
+
+/// The matter's reference makes the session one of the companion application's, an ordinary open too.
+void CaricaRiferimento(Parcella& Nota, const Parametri& Param)
+{
+    const std::optional<QVariant> Letto = Param.Leggi(u"NsRif");
+    if (!Letto || EVuoto(*Letto))
+        return;
+    Nota.NsRif = CStr(*Letto);
+    sessione::RichiestaPV2.ID = Nota.NsRif;
+}
+
+/// Codes and quantities are text in the file; in the lines a number is a number again.
+QVariant NumeroOTesto(const QVariant& Valore)
+{
+    const QString Testo = CStr(Valore);
+    return IsNumeric(Testo) ? QVariant(CDbl(Testo)) : QVariant(Testo);
+}
+
+template <size_t N>
+int LeggiRiga(const Recordset& File, TabellaRighe& Tabella, const std::array<Corrispondenza, N>& Campi)
+{
+    const int Riga = Tabella.AggiungiRiga();
+    Tabella(Riga, OnoData) = CStr(File.Value(u"Data"_s));
+    Tabella(Riga, OnoDescr) = CStr(File.Value(u"Descr"_s));
+    for (const Corrispondenza& Voce : Campi) {
+        const QVariant Valore = File.Value(Voce.Campo.toString());
+        Tabella(Riga, Voce.Colonna) = Voce.Importo ? QVariant(NumeroDi(Valore)) : QVariant(CStr(Valore));
+    }
+    return Riga;
+}
+
+void CaricaRighe(Parcella& Nota, const Database& File)
+{
+    Recordset Righe = File.OpenRecordset(u"ParcellaRighe"_s);
+    if (Righe.RecordCount() > MassimoRigheFile)
+        throw Errore(1000, u"La parcella contiene troppe righe"_s);
+    for (; !Righe.Eof(); Righe.MoveNext()) {
+        const QString Genere = CStr(Righe.Value(u"OnoDir"_s));
+        if (Genere == u"O") {
+            const int Riga = LeggiRiga(Righe, Nota.xOnorari, CampiOnorari);
+            QVariant& Quantita = Nota.xOnorari(Riga, OnoQta);
+            Quantita = NumeroOTesto(Quantita);
+            QVariant& NVoce = Nota.xOnorari(Riga, OnoNVoce);
+            NVoce = int(std::clamp(NumeroDi(NVoce), -2147483648.0, 2147483647.0));
+            QVariant& VarP = Nota.xOnorari(Riga, OnoVarPerc);
+            VarP = int(std::clamp(VarP.toDouble(), -2147483648.0, 2147483647.0));
+        } else if (Genere == u"D") {
+            LeggiRiga(Righe, Nota.xDiritti, CampiDiritti);
+        }
+    }
+}
+
+void CaricaAcconti(Parcella& Nota, const Database& File)
+{
+    Recordset Righe = File.OpenRecordset(u"ParcellaAcconti"_s);
+    if (Righe.RecordCount() > MassimoRigheFile)
+        throw Errore(1000, u"La parcella contiene troppi acconti"_s);
+    for (; !Righe.Eof(); Righe.MoveNext()) {
+        const int Riga = Nota.xAcconti.AggiungiRiga();
+        Nota.xAcconti(Riga, AccDescr) = CStr(Righe.Value(u"DesAcc"_s));
+        Nota.xAcconti(Riga, AccValuta) = CStr(Righe.Value(u"Valuta"_s));
+        Nota.xAcconti(Riga, AccCorrispettivi) = NumeroDi(Righe.Value(u"Corr"_s));
+        Nota.xAcconti(Riga, AccSpeseImp) = NumeroDi(Righe.Value(u"SpImp"_s));
+        Nota.xAcconti(Riga, AccSpeseEsenti) = NumeroDi(Righe.Value(u"SpEse"_s));
+    }
+}
+
+void CaricaTutto(Parcella& Nota, const QString& Percorso)
+{
+    AggiornaSchema(Percorso);
+    const Database File = OpenDatabase(Percorso, true);
+    const Parametri Param(File);
+    Nota.Percorso = Percorso;
+    CaricaPsw(Nota, Param);
+    CaricaParametri(Nota, Param);
+    CaricaParti(Nota, Param);
+    CaricaStampa(Nota, Param);
+    CaricaRighe(Nota, File);
+    CaricaAcconti(Nota, File);
+    CaricaRiferimento(Nota, Param);
+
+    // The memory takes the loaded switches before a print type forces its own on them.
+    RicordaStampa(Nota);
+    const int Tipo = Param.Indice(u"TipoStampa");
+    if (Tipo >= 0 && Tipo < VociTipoStampa().size())
+        ScegliTipoStampa(Nota, Tipo);
+}
+
+}  // namespace
+
+void CaricaDati(Parcella& Nota, const QString& Percorso)
+{
+    NuovaParcella(Nota);
+    const Parcella Vuota = Nota;
+    try {
+        CaricaTutto(Nota, Percorso);
+    } catch (...) {
+        Nota = Vuota;
+        throw;
+    }
+    Nota.RicalcoloNecessario = false;
+    Nota.Fuoco.clear();
+    SetModificata(Nota, false);
+}
+
+QString LeggiPsw(const QString& Percorso)
+{
+    const Recordset Param = OpenDatabase(Percorso, true).OpenRecordset(u"ParcellaParam"_s);
+    const QVariant Psw = Param.Value(u"Psw"_s);
+    return EVuoto(Psw) ? QString() : DecodificaPsw(CStr(Psw));
+}

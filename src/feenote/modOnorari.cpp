@@ -1,1 +1,317 @@
 #include "feenote/modOnorari.h"
+
+#include "core/modErrori.h"
+#include "core/sessione.h"
+#include "core/modTesti.h"
+#include "platform/messaggi.h"
+#include "tariffs/modEvaluate.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Items from this number up stand outside the tariff computation.
+constexpr int PrimaVoceFuoriTariffa = 900;
+
+/// Order for payment and writ of execution: they admit no undetermined value.
+constexpr int VoceIngiunzione = 19;
+constexpr int VocePrecetto = 20;
+
+/// Medium, minimum and maximum of one unit of an item.
+struct Terna
+{
+    double Med = 0.0;
+    double Min = 0.0;
+    double Max = 0.0;
+};
+
+DatiOnorario Moltiplica(const Terna& Unitaria, double Quant)
+{
+    DatiOnorario Dati;
+    Dati.Quant = Quant;
+    Dati.Importo = Quant * Unitaria.Med;
+    Dati.Medio = Quant * Unitaria.Med;
+    Dati.Min = Quant * Unitaria.Min;
+    Dati.Max = Quant * Unitaria.Max;
+    return Dati;
+}
+
+Terna TernaDaTabella(const Recordset& Voce, int Scaglione)
+{
+    return {ImportoCatalogo(Voce, Scaglione, u"Med"_s), ImportoCatalogo(Voce, Scaglione, u"Min"_s),
+            ImportoCatalogo(Voce, Scaglione, u"Max"_s)};
+}
+
+/// The value of the case as formulas take it: to two decimals.
+double IncognitaFormule(const Parcella& Nota)
+{
+    return NumeroDi(Format(Nota.ImportoPrec, u"#.00"));
+}
+
+/// Evaluates a formula of the catalogue. A failure goes to `Guasto` (code and text) and counts 0.
+template <class F>
+double ValutaFormula(const Parcella& Nota, const Recordset& Voce, const QString& Estremo, F&& Guasto)
+{
+    int Codice = 0;
+    const QString Formula = FormulaCatalogo(Voce, Nota.Scaglione, Estremo);
+    const double Valore = ValutaEspressione(Formula, IncognitaFormule(Nota), Codice);
+    if (Codice != 0)
+        Guasto(Codice);
+    return Valore;
+}
+
+/// The table gives only the ends of an out-of-court item; its medium is the mid-point.
+template <class F>
+Terna TernaDaFormule(const Parcella& Nota, const Recordset& Voce, F&& Guasto)
+{
+    Terna Risultato;
+    Risultato.Min = ValutaFormula(Nota, Voce, u"Min"_s, Guasto);
+    Risultato.Max = ValutaFormula(Nota, Voce, u"Max"_s, Guasto);
+    Risultato.Med = Medio(Risultato.Min, Risultato.Max);
+    return Risultato;
+}
+
+bool GiaInserito(const Parcella& Nota, int NVoce)
+{
+    for (int Riga = 0; Riga < Nota.xOnorari.Righe(); ++Riga)
+        if (NumeroDi(Nota.xOnorari(Riga, OnoNVoce)) == NVoce)
+            return true;
+    return false;
+}
+
+int NumeroVoce(const Recordset& Voce)
+{
+    return int(NumeroDi(Voce.Value(u"NVoce"_s)));
+}
+
+QString Descrizione(const Recordset& Voce)
+{
+    return Voce.Value(u"DescrOno"_s, QString()).toString();
+}
+
+int RigaDestinazione(Parcella& Nota, int Riga, std::optional<int> Corrente)
+{
+    if (Riga == RigaNuova) {
+        const int Nuova = RowIns(Nota, TipoRiga::Onorari, Corrente);
+        Nota.xOnorari.InserisciRiga(Nuova);
+        return Nuova;
+    }
+    return Riga >= RigaConBase ? Riga - RigaConBase : Riga;
+}
+
+}  // namespace
+
+int AddModOnor(Parcella& Nota, const DatiOnorario& Dati, int Riga, std::optional<int> Corrente)
+{
+    const bool ConBase = Riga == RigaNuova || Riga >= RigaConBase;
+    const int Destinazione = RigaDestinazione(Nota, Riga, Corrente);
+    TabellaRighe& Righe = Nota.xOnorari;
+    if (ConBase) {
+        Righe(Destinazione, OnoBaseMedio) = Round(Dati.Medio);
+        Righe(Destinazione, OnoBaseMin) = Round(Dati.Min);
+        Righe(Destinazione, OnoBaseMax) = Round(Dati.Max);
+        Righe(Destinazione, OnoVarPerc) = Dati.VarPerc;
+    }
+    // The variation works on the raw product, which is rounded once, after it.
+    const auto Variato = [&](double Valore) {
+        return Round(Dati.VarPerc == 0 ? Valore : Valore * (1 + Dati.VarPerc / 100.0));
+    };
+    Righe(Destinazione, OnoData) = QString();
+    Righe(Destinazione, OnoDescr) = Dati.Descr;
+    Righe(Destinazione, OnoQta) = Dati.Quant;
+    Righe(Destinazione, OnoImporto) = Variato(Dati.Importo);
+    Righe(Destinazione, OnoMedio) = Variato(Dati.Medio);
+    Righe(Destinazione, OnoMin) = Variato(Dati.Min);
+    Righe(Destinazione, OnoMax) = Variato(Dati.Max);
+    Righe(Destinazione, OnoCodVoce) = Dati.CodVoce;
+    Righe(Destinazione, OnoNVoce) = Dati.NVoce;
+    SetModificata(Nota, true);
+    return Destinazione;
+}
+
+double Medio(double Min, double Max)
+{
+    return Max > 0 ? Arrotonda2(Min + (Max - Min) / 2) : 0.0;
+}
+
+double ArrotondaQuantita(const QString& Risposta)
+{
+    const double Valore = NumeroDi(Sostituisci(Risposta, u"."_s, u","_s));
+    return Valore > 0 ? Round(Valore + 0.49) : 0.0;
+}
+
+double GetQuant(const QString& Descr, const QString& QtaOno)
+{
+    QString Domanda = u"Per la voce "_s + (Descr.isEmpty() ? u"selezionata"_s : Descr)
+        + u" occorre specificare il numero"_s;
+    if (QtaOno.startsWith(u'H'))
+        Domanda += u" delle ore impiegate (per ogni ora e frazione d'ora)."_s;
+    Domanda += u"\n\nImmettere la quantità:"_s;
+    return ArrotondaQuantita(InputBox(Domanda, u"Immissione quantità"_s));
+}
+
+void LoadOnoDir(Parcella& Nota, Catalogo& Voci)
+{
+    Voci = ApriCatalogo(Nota.cmbCateg < 0 ? QString() : Nota.CodCateg, Nota.IDAutSelezionata());
+    if (Nota.RicalcoloNecessario && !Nota.xOnorari.Vuota())
+        RicalcolaOnorari(Nota, Voci);
+    Nota.RicalcoloNecessario = false;
+}
+
+int EntraOnorari(Parcella& Nota, Catalogo& Voci)
+{
+    LoadOnoDir(Nota, Voci);
+    const bool Precarica = Nota.ListaAutorita.value(Nota.cmbAutor).PreLoad;
+    if (Nota.CodCateg == Stragiudiziale || !Precarica || !Nota.xOnorari.Vuota())
+        return 0;
+    return PrecaricaOnorari(Nota, Voci);
+}
+
+int PrecaricaOnorari(Parcella& Nota, Catalogo& Voci)
+{
+    // Appended whatever the list's mode: inserting at the current row would turn the phases round.
+    const bool Modo = std::exchange(Nota.InsUltimaOno, true);
+    int Inserite = 0;
+    for (Voci.datOno.MoveFirst(); !Voci.datOno.Eof(); Voci.datOno.MoveNext()) {
+        // As text: "95" stands above "900" and is left to the user.
+        if (Voci.datOno.Value(u"NVoce"_s, QString()).toString() >= u"900")
+            continue;
+        DatiOnorario Dati = Moltiplica(TernaDaTabella(Voci.datOno, Nota.Scaglione), 1.0);
+        Dati.NVoce = NumeroVoce(Voci.datOno);
+        Dati.Descr = Descrizione(Voci.datOno);
+        Dati.VarPerc = Nota.AumRidVarP;
+        Dati.CodVoce = Voci.datOno.Value(Voci.ChiaveOno);
+        AddModOnor(Nota, Dati, RigaNuova);
+        ++Inserite;
+    }
+    Voci.datOno.MoveFirst();
+    Nota.InsUltimaOno = Modo;
+    return Inserite;
+}
+
+namespace {
+
+/// What must be settled before a line is made: refusals, the second insertion. False: no line.
+bool InserzioneAmmessa(const Parcella& Nota, const Recordset& Voce, int NVoce)
+{
+    if (Nota.CodCateg == Civile && (NVoce == VoceIngiunzione || NVoce == VocePrecetto)
+        && Nota.Scaglione == ScaglioneIndeterminato) {
+        MsgErrore(u"Per il procedimento di ingiunzione e per gli atti precetto il valore non può essere "
+                  u"indeterminato!"_s);
+        return false;
+    }
+    if (NVoce == VoceLibera || !GiaInserito(Nota, NVoce))
+        return true;
+    const QString Domanda = u"L'onorario "_s + Descrizione(Voce)
+        + u" è stato già inserito. Procedo con l'inserimento?"_s;
+    return MsgBox(Domanda, vbYesNo + vbQuestion, TitoloDomanda.toString()) == vbYes;
+}
+
+/// A failed formula is told with the evaluator's text, and the insertion goes on with 0 for it.
+Terna TernaPerInserimento(const Parcella& Nota, const Recordset& Voce, int NVoce)
+{
+    if (Nota.CodCateg != Stragiudiziale)
+        return TernaDaTabella(Voce, Nota.Scaglione);
+    if (NVoce == VoceLibera)
+        return {};
+    if (sessione::ModoDebug)
+        TraceDebug(u"calcolo strag 1. Min="_s + FormulaCatalogo(Voce, Nota.Scaglione, u"Min"_s) + u" Imp="_s
+                   + CStr(IncognitaFormule(Nota)));
+    const Terna Risultato =
+        TernaDaFormule(Nota, Voce, [](int Codice) { MsgErrore(MessaggioErrore(Codice)); });
+    if (sessione::ModoDebug)
+        TraceDebug(u"calcolo strag 2. Min= "_s + CStr(Risultato.Min));
+    return Risultato;
+}
+
+}  // namespace
+
+std::optional<int> InserisciOnorario(Parcella& Nota, const Catalogo& Voci, std::optional<int> Corrente,
+                                     std::optional<double> Quantita)
+{
+    const Recordset& Voce = Voci.datOno;
+    const int NVoce = NumeroVoce(Voce);
+    if (!InserzioneAmmessa(Nota, Voce, NVoce))
+        return std::nullopt;
+
+    const QString QtaOno = Voce.Value(u"QtaOno"_s, QString()).toString();
+    double Quant = Quantita.value_or(1.0);
+    if (!Quantita && !QtaOno.isEmpty()) {
+        Quant = GetQuant(Descrizione(Voce), QtaOno);
+        if (Quant == 0)
+            return std::nullopt;
+    }
+    DatiOnorario Dati = Moltiplica(TernaPerInserimento(Nota, Voce, NVoce), Quant);
+    Dati.NVoce = NVoce;
+    Dati.Descr = Descrizione(Voce);
+    Dati.VarPerc = NVoce == VoceLibera ? 0 : Nota.AumRidVarP;
+    Dati.CodVoce = Voce.Value(Voci.ChiaveOno);
+    return AddModOnor(Nota, Dati, RigaNuova, Corrente);
+}
+
+namespace {
+
+void AvvisaNonPrevisto(const QString& Descr)
+{
+    MsgBox(u"Attenzione, l'onorario "_s + Descr + u" non è previsto per l'autorità selezionata!"_s,
+           vbInformation, TitoloMessaggio.toString());
+}
+
+/// An older-tariff share of the case cannot be worked out without a value. Formula texts can.
+bool MancaValore(const Parcella& Nota, const Terna& Unitaria)
+{
+    return Nota.ImportoPrec == 0 && Nota.CodCateg != Stragiudiziale && (Unitaria.Min < 0 || Unitaria.Max < 0);
+}
+
+Terna TernaPerRicalcolo(const Parcella& Nota, const Recordset& Voce)
+{
+    if (Nota.CodCateg != Stragiudiziale)
+        return TernaDaTabella(Voce, Nota.Scaglione);
+    return TernaDaFormule(Nota, Voce, [](int Codice) { throw Errore(Codice, MessaggioErrore(Codice)); });
+}
+
+void RicalcolaRiga(Parcella& Nota, const Catalogo& Voci, Recordset& Ricerca, int Riga)
+{
+    const TabellaRighe& Righe = Nota.xOnorari;
+    const QVariant Codice = Righe(Riga, OnoCodVoce);
+    if (NumeroDi(Codice) <= 0 || NumeroDi(Righe(Riga, OnoNVoce)) >= PrimaVoceFuoriTariffa)
+        return;
+
+    const QString Descr = CStr(Righe(Riga, OnoDescr));
+    Ricerca.FindFirst(CriterioVoce(Nota.CodCateg, Voci.ChiaveOno, Codice, Nota.IDAutSelezionata()));
+    if (Ricerca.NoMatch()) {
+        AvvisaNonPrevisto(Descr);
+        return;
+    }
+    const Terna Unitaria = TernaPerRicalcolo(Nota, Ricerca);
+    if (MancaValore(Nota, Unitaria)) {
+        MsgBox(u"Attenzione, l'onorario "_s + Descr
+                   + u" prevedendo un valore definito della causa non sarà ricalcolato"_s,
+               vbInformation, TitoloMessaggio.toString());
+        return;
+    }
+
+    DatiOnorario Dati = Moltiplica(Unitaria, NumeroDi(Righe(Riga, OnoQta)));
+    // An item keeps its code across authorities, while its number in the decree may differ.
+    Dati.NVoce = Nota.CodCateg == Civile ? NumeroVoce(Ricerca) : int(NumeroDi(Righe(Riga, OnoNVoce)));
+    Dati.Descr = Descr;
+    Dati.VarPerc = Nota.AumRidVarP;
+    Dati.CodVoce = Codice;
+    const QVariant Data = Righe(Riga, OnoData);
+    AddModOnor(Nota, Dati, Riga + RigaConBase);
+    Nota.xOnorari(Riga, OnoData) = Data;  // the day of the service does not change with the tariff
+}
+
+}  // namespace
+
+void RicalcolaOnorari(Parcella& Nota, const Catalogo& Voci)
+{
+    Recordset Ricerca = Voci.datOno.Clone();  // the catalogue on screen keeps its place
+    for (int Riga = 0; Riga < Nota.xOnorari.Righe(); ++Riga)
+        RicalcolaRiga(Nota, Voci, Ricerca, Riga);
+}
+
+QString FileScheda(const QString& CodCateg, const QVariant& Chiave)
+{
+    return CodCateg.left(1) + Format(NumeroDi(Chiave), u"000") + u".htm"_s;
+}

@@ -1,1 +1,310 @@
 #include "feenote/modParametri.h"
+
+#include "core/modErrori.h"
+#include "feenote/modVariazione.h"
+#include "platform/messaggi.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int IndicePenale = 1;  ///< entry of cmbCateg
+
+QString CodiceCategoria(int Indice)
+{
+    return VociCategoria().value(Indice).left(3).toUpper();
+}
+
+/// Which boxes a category uses: criminal matters have no value, out-of-court ones find their bracket by it.
+void StatiPerCategoria(Parcella& Nota)
+{
+    Nota.cmbValoreAbilitata = Nota.CodCateg == Civile;
+    Nota.txtImporto.Abilitata = Nota.CodCateg != Penale;
+}
+
+bool HaRighe(const Parcella& Nota)
+{
+    return !Nota.xOnorari.Vuota() || !Nota.xDiritti.Vuota();
+}
+
+bool ConfermaRicalcolo()
+{
+    return MsgBox(u"Sono state già inserite delle prestazioni e la modifica comporterà il ricalcolo con i nuovi "
+                  u"parametri.\nConfermi la modifica?"_s,
+                  vbYesNo + vbQuestion, TitoloDomanda.toString())
+        == vbYes;
+}
+
+bool Fuori(const ScaglioneValore& Sca, double Valore)
+{
+    return Valore < Sca.DaVal || Valore > Sca.AVal;
+}
+
+/// Index of the first bracket that holds the value, -1 for none.
+int ScaglionePer(const Parcella& Nota, double Valore)
+{
+    for (int i = 0; i < Nota.ListaScaglioni.size(); ++i)
+        if (!Fuori(Nota.ListaScaglioni[i], Valore))
+            return i;
+    return NessunaVoce;
+}
+
+/// The value in the box as the rules take it: rounded to 2 decimals, 0 unless above 0.
+double ValoreCasella(const Parcella& Nota)
+{
+    const double Valore = Nota.txtImporto.Numero();
+    return Valore > 0 ? Round(Valore, 2) : 0.0;
+}
+
+void ScriviImporto(Parcella& Nota, double Valore)
+{
+    Nota.txtImporto.Testo = Format(Valore, u"#,##0.00");
+}
+
+}  // namespace
+
+bool Indeterminato(const ScaglioneValore& Sca)
+{
+    return Sca.DesVal.left(20) == u"Valore Indeterminato";
+}
+
+void LoadAutorità(Parcella& Nota, const QString& Cat)
+{
+    Nota.cmbAutor = NessunaVoce;
+    Nota.IdxAutorPrec = NessunaVoce;  // an index into the former list may not point into the new one
+    Nota.ListaAutorita.clear();
+    Protetta([&] { Nota.ListaAutorita = LeggiAutorita(Cat); });
+    Nota.cmbAutorAbilitata = !Nota.ListaAutorita.isEmpty();
+}
+
+void LoadScaglioni(Parcella& Nota, const QString& Cat)
+{
+    if (Nota.CodCateg.isEmpty())
+        return;
+    Nota.cmbValore = NessunaVoce;
+    Nota.ListaScaglioni.clear();
+    Nota.ValoreMinRich = 0.0;
+    Protetta([&] {
+        LeggiScaglioni(Cat, [&](const ScaglioneValore& Sca) {
+            Nota.ListaScaglioni.append(Sca);
+            if (Sca.RicValore && Nota.ValoreMinRich == 0.0)
+                Nota.ValoreMinRich = Sca.DaVal;
+        });
+    });
+    Nota.IdxValorePrec = NessunaVoce;
+}
+
+void SelSca(Parcella& Nota, double Valore)
+{
+    const int Indice = ScaglionePer(Nota, Valore);
+    if (Indice != NessunaVoce)
+        CambiaScaglione(Nota, Indice);
+}
+
+void CambiaCategoria(Parcella& Nota, int Indice)
+{
+    if (Indice != Nota.cmbCateg)
+        SetModificata(Nota, true);
+    Nota.cmbCateg = Indice;
+    const QString Codice = CodiceCategoria(Indice);
+    if (Codice.isEmpty() || Codice == Nota.CodCateg)
+        return;
+
+    Nota.RicalcoloNecessario = true;
+    Nota.CodCateg = Codice;
+    LoadAutorità(Nota, Codice);
+    StatiPerCategoria(Nota);
+    if (Codice == Stragiudiziale)
+        Nota.Fuoco = u"txtImporto"_s;
+    LoadScaglioni(Nota, Codice);
+}
+
+bool CheckAutorCompatib(const Parcella& Nota)
+{
+    if (!HaRighe(Nota))
+        return true;
+    bool Compatibile = false;
+    Protetta([&] {
+        const int Precedente = Nota.ListaAutorita.value(Nota.IdxAutorPrec).IDAut;
+        const std::optional<QString> Elenco = LeggiCompatib(Precedente, Nota.CodCateg);
+        const QString Cercato = u","_s + QString::number(Nota.IDAutSelezionata()) + u","_s;
+        Compatibile = !Elenco || *Elenco == u"*" || Elenco->contains(Cercato);
+    });
+    return Compatibile;
+}
+
+void CambiaAutorita(Parcella& Nota, int Indice)
+{
+    if (Indice < 0 || Indice >= Nota.ListaAutorita.size())
+        return;
+    const int Precedente = Nota.IdxAutorPrec;
+    Nota.cmbAutor = Indice;
+    SetModificata(Nota, true);
+
+    if (Precedente >= 0 && Precedente != Indice
+        && Nota.ListaAutorita[Precedente].IDAut != Nota.ListaAutorita[Indice].IDAut) {
+        if (!CheckAutorCompatib(Nota)) {
+            MsgErrore(u"L'autorità selezionata non è compatibile con la precedente!"_s);
+            Nota.cmbAutor = Precedente;
+            return;
+        }
+        if (!Nota.xOnorari.Vuota() && !ConfermaRicalcolo()) {
+            Nota.cmbAutor = Precedente;
+            return;
+        }
+        Nota.RicalcoloNecessario = true;
+    }
+    Nota.IdxAutorPrec = Indice;
+    // In criminal matters the court plays the role of the bracket.
+    if (Nota.cmbCateg == IndicePenale)
+        Nota.Scaglione = Nota.IDAutSelezionata();
+}
+
+void CambiaScaglione(Parcella& Nota, int Indice)
+{
+    if (Indice < 0 || Indice >= Nota.ListaScaglioni.size())
+        return;
+    double Nuovo = ValoreCasella(Nota);
+    Nota.cmbValore = Indice;
+    if (Indice == Nota.IdxValorePrec)
+        return;
+    if (HaRighe(Nota) && !ConfermaRicalcolo()) {
+        ScriviImporto(Nota, Nota.ImportoPrec);
+        Nota.cmbValore = Nota.IdxValorePrec;
+        return;
+    }
+
+    const ScaglioneValore& Sca = Nota.ListaScaglioni[Indice];
+    if (Nuovo > 0 && Fuori(Sca, Nuovo)) {
+        Nota.txtImporto.Testo.clear();
+        Nota.Fuoco = u"txtImporto"_s;
+    }
+    if (Indeterminato(Sca) && Nuovo > 0) {
+        Nuovo = 0.0;
+        Nota.txtImporto.Testo.clear();
+    }
+    // A value rejected by the bracket stays the stored one while the box shows empty: CheckOK goes by the box.
+    Nota.ImportoPrec = Nuovo;
+    Nota.Scaglione = Sca.NumSca;
+    Nota.RicalcoloNecessario = true;
+    Nota.IdxValorePrec = Indice;
+    SetModificata(Nota, true);
+}
+
+void LasciaImporto(Parcella& Nota)
+{
+    const double Imp = ValoreCasella(Nota);
+    if (Imp > 0)
+        ScriviImporto(Nota, Imp);
+    if ((Nota.ImportoPrec > 0 || Imp > 0) && Nota.ImportoPrec != Imp) {
+        Nota.RicalcoloNecessario = true;
+        Nota.ImportoPrec = Imp;
+    }
+    if (Imp > 0) {
+        const ScaglioneValore* Scelto = Nota.ScaglioneSelezionato();
+        if (!Scelto || Fuori(*Scelto, Imp) || Indeterminato(*Scelto))
+            SelSca(Nota, Imp);
+        else
+            Nota.ImportoPrec = Imp;
+    }
+    SetModificata(Nota, true);
+}
+
+namespace {
+
+/// A test of the parameters that failed: what to tell and where to put the focus.
+struct Mancanza
+{
+    QString Messaggio;
+    QString Controllo;
+};
+
+std::optional<Mancanza> PrimaMancanza(const Parcella& Nota)
+{
+    if (Nota.cmbCateg < 0)
+        return Mancanza{u"Non è stata specificata la categoria della pratica!"_s, u"cmbCateg"_s};
+    if (Nota.cmbAutor < 0 && Nota.CodCateg != Stragiudiziale)
+        return Mancanza{u"Non è stato specificato il campo Autorità"_s, u"cmbAutor"_s};
+
+    const ScaglioneValore* Scelto = Nota.ScaglioneSelezionato();
+    if (!Scelto && Nota.CodCateg != Penale)
+        return Mancanza{u"Non è stato specificato lo scaglione di valore della causa!"_s, u"txtImporto"_s};
+    if (!Scelto)
+        return std::nullopt;
+    const double Valore = Nota.txtImporto.Numero();
+    if (Valore == 0 && Scelto->RicValore && Scelto->NumSca >= 1)
+        return Mancanza{u"Occorre specificare il valore esatto della causa!"_s, u"txtImporto"_s};
+    if (Valore > 0 && Fuori(*Scelto, Valore))
+        return Mancanza{u"Il valore della causa specificato non è compreso nello scaglione!"_s, u"txtImporto"_s};
+    return std::nullopt;
+}
+
+}  // namespace
+
+bool CheckOK(Parcella& Nota, bool ShowMessage)
+{
+    if (const std::optional<Mancanza> Trovata = PrimaMancanza(Nota)) {
+        if (ShowMessage)
+            MsgErrore(Trovata->Messaggio);
+        Nota.Fuoco = Trovata->Controllo;
+        return false;
+    }
+    return CheckVarPerc(Nota, ShowMessage);
+}
+
+QString TestoDatiBase(const Parcella& Nota)
+{
+    QString Testo = TestoCategoria(Nota);
+    if (Nota.cmbAutor >= 0)
+        Testo += u" - "_s + TestoAutorita(Nota);
+    if (Nota.cmbValore >= 0)
+        Testo += u" - "_s + TestoScaglione(Nota);
+    const double Valore = Nota.txtImporto.Numero();
+    if (Valore > 0)
+        Testo += u" - Valore: "_s + Format(Valore, u"#,##0.00") + u" €"_s;
+    if (Nota.Multipla())
+        Testo += u" (Parcella multipla)"_s;
+    return Testo;
+}
+
+void SelezionaScaglioneInSilenzio(Parcella& Nota, int Indice)
+{
+    if (Indice < 0 || Indice >= Nota.ListaScaglioni.size())
+        return;
+    Nota.cmbValore = Indice;
+    Nota.IdxValorePrec = Indice;
+    Nota.Scaglione = Nota.ListaScaglioni[Indice].NumSca;
+}
+
+void ImpostaValoreInSilenzio(Parcella& Nota, double Valore)
+{
+    Nota.ImportoPrec = Valore > 0 ? Valore : 0.0;
+    Nota.txtImporto.Testo.clear();
+    if (Nota.ImportoPrec > 0)
+        ScriviImporto(Nota, Nota.ImportoPrec);
+}
+
+void SelezionaScaglioneDelValore(Parcella& Nota)
+{
+    SelezionaScaglioneInSilenzio(Nota, ScaglionePer(Nota, Nota.ImportoPrec));
+}
+
+void SelezionaInSilenzio(Parcella& Nota, int Categ, int Autor, int Valore)
+{
+    const QString Codice = CodiceCategoria(Categ);
+    Nota.cmbCateg = Codice.isEmpty() ? NessunaVoce : Categ;
+    Nota.CodCateg = Codice.isEmpty() ? Civile.toString() : Codice;
+    Nota.Scaglione = 0;
+    LoadAutorità(Nota, Nota.CodCateg);
+    LoadScaglioni(Nota, Nota.CodCateg);
+    StatiPerCategoria(Nota);
+
+    if (Autor >= 0 && Autor < Nota.ListaAutorita.size()) {
+        Nota.cmbAutor = Autor;
+        Nota.IdxAutorPrec = Autor;
+        if (Nota.cmbCateg == IndicePenale)
+            Nota.Scaglione = Nota.IDAutSelezionata();
+    }
+    if (Nota.CodCateg != Penale)
+        SelezionaScaglioneInSilenzio(Nota, Valore);
+}

@@ -1,1 +1,63 @@
+// Parameters of the proceeding: category, authority, bracket, value of the case, and how each depends on
+// the others. Rules work on the record; what they want to ask or tell goes through the message seam.
+//
+// A change never recomputes the lines at once: it sets RicalcoloNecessario, and the next entry to the
+// honoraria recalculates.
 #pragma once
+
+#include "feenote/parcella.h"
+
+// ---- lists --------------------------------------------------------------------------------------
+
+/// Fills the authorities of a category, nothing selected; the list is enabled only when it has entries.
+/// A failure is reported, and the list stays as far as it was filled.
+void LoadAutorità(Parcella& Nota, const QString& Cat);
+
+/// Fills the brackets of a category, nothing selected. Does nothing while the note has no category.
+/// A failure (more than 21 rows too, error 9) is reported, and the list stays as far as it was filled.
+void LoadScaglioni(Parcella& Nota, const QString& Cat);
+
+/// Selects the first bracket whose limits, both inclusive, hold the value (euro), with everything that a
+/// change of the bracket brings; none: the list is left alone.
+void SelSca(Parcella& Nota, double Valore);
+
+// ---- changes made by the user -------------------------------------------------------------------
+
+void CambiaCategoria(Parcella& Nota, int Indice);
+
+/// May be refused: an authority not compatible with the lines is told, a recalculation is asked for; the
+/// former authority is then selected again.
+void CambiaAutorita(Parcella& Nota, int Indice);
+
+/// May be refused when lines exist: the former bracket and value then stand again. A value outside the new
+/// bracket, or any value with the undetermined one, empties the box.
+void CambiaScaglione(Parcella& Nota, int Indice);
+
+/// Leaving the box of the value: reformats it, accepts it (rounded to 2 decimals), picks its bracket.
+void LasciaImporto(Parcella& Nota);
+
+// ---- checks and banner --------------------------------------------------------------------------
+
+/// True when the move from the last accepted authority to the selected one is allowed.
+[[nodiscard]] bool CheckAutorCompatib(const Parcella& Nota);
+
+/// The check before printing, saving and inserting. The first test that fails is told when `ShowMessage`
+/// is set, and the control to focus is named in the record either way.
+[[nodiscard]] bool CheckOK(Parcella& Nota, bool ShowMessage);
+
+/// "Civile o Amministrativa - Tribunale ordinario - da € ... - Valore: 30.000,00 €".
+[[nodiscard]] QString TestoDatiBase(const Parcella& Nota);
+
+// ---- silent setting, for a new note and for loading ----------------------------------------------
+
+/// Selects category, authority and bracket by list index without any reaction: lists loaded, states set by
+/// category, last accepted values and Scaglione follow. An index outside its list stays unselected.
+void SelezionaInSilenzio(Parcella& Nota, int Categ, int Autor, int Valore);
+void SelezionaScaglioneInSilenzio(Parcella& Nota, int Indice);
+/// Value of the case, euro; not above 0: an empty box.
+void ImpostaValoreInSilenzio(Parcella& Nota, double Valore);
+/// The bracket that holds the accepted value, if there is one.
+void SelezionaScaglioneDelValore(Parcella& Nota);
+
+/// True for the bracket of undetermined value, told by the first 20 characters of its text.
+[[nodiscard]] bool Indeterminato(const ScaglioneValore& Sca);

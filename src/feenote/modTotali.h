@@ -94,6 +94,9 @@ enum class Imposta { IVA, RA, CP, SpeseGen };
 /// @return true when the warning of the court costs note is due, at most once per window
 [[nodiscard]] bool ClicImposta(Parcella& Nota, Imposta Quale, bool Attiva);
 
+/// The text of a percent box changed.
+void CambiaPercento(Parcella& Nota, Imposta Quale, const QString& Testo);
+
 /// chkRegSempl changed: VAT, withholding and deferred VAT are cleared or freed.
 void CambiaRegime(Parcella& Nota, bool Attivo);
 

@@ -189,7 +189,7 @@ struct Parcella
 
 /// A new note: cleared record, category CIV with nothing selected, its lists loaded, the session's rates
 /// in VAT and pension fund. The request of the companion application is applied when `ID` is not empty.
-/// @throws Errore when parcelle.mdb cannot be read; the record is then a cleared one with empty lists
+/// A failure to read parcelle.mdb is reported, and the lists stay as far as they were filled.
 void NuovaParcella(Parcella& Nota, const QString& ID = {});
 
 /// The modified mark.
