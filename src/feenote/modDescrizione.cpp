@@ -1,1 +1,377 @@
 #include "feenote/modDescrizione.h"
+
+#include "feenote/lettorejson.h"
+#include "feenote/modAcconti.h"
+#include "feenote/modDocumento.h"
+#include "feenote/modOnorari.h"
+#include "feenote/modParametri.h"
+#include "feenote/modSpese.h"
+#include "feenote/modTotali.h"
+#include "feenote/modVariazione.h"
+#include "platform/errore.h"
+
+#include <QJsonDocument>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Characters of a line's text; the file keeps the first 60 of them.
+constexpr int MassimoTestoRiga = 255;
+
+// ---- parameters ---------------------------------------------------------------------------------
+
+void LeggiCategoria(Parcella& Nota, OggettoJson& Dati)
+{
+    const QString Testo = Dati.Testo(u"categoria"_s, 60);
+    const QStringList Voci = VociCategoria();
+    for (int i = 0; i < Voci.size(); ++i) {
+        if (Testo.compare(Voci[i], Qt::CaseInsensitive) == 0 || Testo.toUpper() == Voci[i].left(3).toUpper()) {
+            CambiaCategoria(Nota, i);
+            return;
+        }
+    }
+    throw OggettoJson::Rifiuto(5, Dati.Nome(u"categoria"_s),
+                               u"«%1» non è una categoria (CIV, PEN, STR)"_s.arg(Testo));
+}
+
+/// Position of a list entry given by its number or its text.
+template <class Elenco, class NumeroDiVoce, class TestoDiVoce>
+int CercaVoce(const QJsonValue& Cercato, const Elenco& Voci, NumeroDiVoce Numero, TestoDiVoce Testo)
+{
+    for (int i = 0; i < Voci.size(); ++i) {
+        if (Cercato.isDouble() ? Cercato.toDouble() == Numero(Voci[i])
+                               : Testo(Voci[i]).compare(Cercato.toString(), Qt::CaseInsensitive) == 0)
+            return i;
+    }
+    return NessunaVoce;
+}
+
+/// The field's value, a number or a text; anything else is refused.
+QJsonValue NumeroOTesto(OggettoJson& Dati, const QString& Campo)
+{
+    const QJsonValue Letto = Dati.Valore(Campo);
+    if (!Letto.isUndefined() && !Letto.isDouble() && !Letto.isString())
+        throw OggettoJson::Rifiuto(13, Dati.Nome(Campo), u"deve essere un numero o un testo"_s);
+    return Letto;
+}
+
+QString Mostra(const QJsonValue& Valore)
+{
+    return Valore.isDouble() ? CStr(Valore.toDouble()) : Valore.toString().left(60);
+}
+
+void LeggiAutorita(Parcella& Nota, OggettoJson& Dati)
+{
+    const QJsonValue Cercata = NumeroOTesto(Dati, u"autorita"_s);
+    if (Cercata.isUndefined())
+        return;
+    const int Indice = CercaVoce(
+        Cercata, Nota.ListaAutorita, [](const Autorita& Voce) { return double(Voce.IDAut); },
+        [](const Autorita& Voce) { return Voce.DesAut; });
+    if (Indice == NessunaVoce)
+        throw OggettoJson::Rifiuto(5, Dati.Nome(u"autorita"_s),
+                                   u"«%1» non è un'autorità della categoria"_s.arg(Mostra(Cercata)));
+    CambiaAutorita(Nota, Indice);
+}
+
+void LeggiScaglione(Parcella& Nota, OggettoJson& Dati)
+{
+    const QJsonValue Cercato = NumeroOTesto(Dati, u"scaglione"_s);
+    if (Cercato.isUndefined())
+        return;
+    const int Indice = CercaVoce(
+        Cercato, Nota.ListaScaglioni, [](const ScaglioneValore& Voce) { return double(Voce.NumSca); },
+        [](const ScaglioneValore& Voce) { return Voce.DesVal; });
+    if (Indice == NessunaVoce || Nota.CodCateg != Civile)
+        throw OggettoJson::Rifiuto(5, Dati.Nome(u"scaglione"_s),
+                                   u"«%1» non è uno scaglione della categoria"_s.arg(Mostra(Cercato)));
+    CambiaScaglione(Nota, Indice);
+}
+
+void LeggiValore(Parcella& Nota, OggettoJson& Dati)
+{
+    const std::optional<double> Valore = Dati.Positivo(u"valore"_s);
+    if (!Valore || *Valore == 0)
+        return;
+    if (!Nota.txtImporto.Abilitata)
+        throw OggettoJson::Rifiuto(5, Dati.Nome(u"valore"_s), u"in materia penale il valore non si indica"_s);
+    const int ScaglioneChiesto = Nota.cmbValore;
+    Nota.txtImporto.Testo = CStr(*Valore);
+    LasciaImporto(Nota);
+    if (Nota.cmbValore == NessunaVoce || (ScaglioneChiesto != NessunaVoce && Nota.cmbValore != ScaglioneChiesto))
+        throw OggettoJson::Rifiuto(5, Dati.Nome(u"valore"_s),
+                                   u"Il valore della causa specificato non è compreso nello scaglione!"_s);
+}
+
+void LeggiVariazione(Parcella& Nota, OggettoJson& Dati)
+{
+    std::optional<OggettoJson> Variazione = Dati.Oggetto(u"variazione"_s);
+    if (!Variazione)
+        return;
+    const int Opzione = Variazione->Intero(u"opzione"_s).value_or(AumRidLibera);
+    if (Opzione < 0 || Opzione >= NumAumRid)
+        throw OggettoJson::Rifiuto(5, Variazione->Nome(u"opzione"_s), u"le opzioni vanno da 0 a 10"_s);
+    ScegliAumRid(Nota, Opzione);
+
+    const std::optional<int> Percento = Variazione->Intero(u"percento"_s);
+    if (Percento && *Percento != 0) {
+        const QString Campo = Variazione->Nome(u"percento"_s);
+        if (std::abs(*Percento) > 999)
+            throw OggettoJson::Rifiuto(6, Campo, u"la percentuale ha al più tre cifre"_s);
+        if (Opzione == AumRidLibera)
+            CambiaSegnoAumRid(Nota, *Percento < 0 ? 1 : 0);
+        else if ((*Percento < 0) != (Nota.cmbAumRid == 1))
+            throw OggettoJson::Rifiuto(5, Campo, u"il segno non è quello dell'opzione"_s);
+        CambiaTestoAumRid(Nota, QString::number(std::abs(*Percento)));
+        if (!CheckVarPerc(Nota, false))
+            throw OggettoJson::Rifiuto(5, Campo, u"la variazione è fuori dai limiti dell'opzione"_s);
+        LasciaAumRid(Nota);
+    }
+    Variazione->Finisci();
+}
+
+/// The check that the window makes on leaving the parameters; the refusal names the field behind the box.
+void VerificaParametri(const Parcella& Nota)
+{
+    const std::optional<Mancanza> Trovata = PrimaMancanza(Nota);
+    if (!Trovata)
+        return;
+    const QString Campo = Trovata->Controllo == u"cmbAutor"   ? u"autorita"_s
+                          : Trovata->Controllo == u"cmbCateg" ? u"categoria"_s
+                                                              : u"valore"_s;
+    throw OggettoJson::Rifiuto(5, Campo, Trovata->Messaggio);
+}
+
+// ---- lines --------------------------------------------------------------------------------------
+
+/// Moves a catalogue to the item named by its number or its description.
+void VaiAllaVoce(Recordset& Voci, OggettoJson& Riga, const QString& ColonnaDescr)
+{
+    const QJsonValue Cercata = NumeroOTesto(Riga, u"voce"_s);
+    if (Cercata.isUndefined())
+        throw OggettoJson::Rifiuto(5, Riga.Nome(u"voce"_s), u"manca"_s);
+    for (Voci.MoveFirst(); !Voci.Eof(); Voci.MoveNext()) {
+        if (Cercata.isDouble()
+                ? NumeroDi(Voci.Value(u"NVoce"_s)) == Cercata.toDouble()
+                : Voci.Value(ColonnaDescr, QString()).toString().compare(Cercata.toString(), Qt::CaseInsensitive)
+                    == 0)
+            return;
+    }
+    throw OggettoJson::Rifiuto(5, Riga.Nome(u"voce"_s),
+                               u"«%1» non è nel catalogo"_s.arg(Mostra(Cercata)));
+}
+
+/// Quantity of an honorarium as the prompt would take it: above 0, carried up to the whole unit.
+std::optional<double> LeggiQuantita(OggettoJson& Riga, bool SiChiede)
+{
+    const std::optional<double> Letta = Riga.Positivo(u"quantita"_s);
+    const QString Campo = Riga.Nome(u"quantita"_s);
+    if (!Letta && SiChiede)
+        throw OggettoJson::Rifiuto(5, Campo, u"la voce chiede una quantità"_s);
+    if (!Letta)
+        return 1.0;
+    const double Quantita = ArrotondaQuantita(CStr(*Letta));
+    if (Quantita <= 0)
+        throw OggettoJson::Rifiuto(5, Campo, u"la quantità deve essere maggiore di zero"_s);
+    return Quantita;
+}
+
+void LeggiOnorario(Parcella& Nota, Catalogo& Voci, OggettoJson& Riga)
+{
+    VaiAllaVoce(Voci.datOno, Riga, u"DescrOno"_s);
+    const bool SiChiede = !Voci.datOno.Value(u"QtaOno"_s, QString()).toString().isEmpty();
+    const std::optional<int> Scritta =
+        InserisciOnorario(Nota, Voci, std::nullopt, LeggiQuantita(Riga, SiChiede));
+    if (!Scritta)
+        throw OggettoJson::Rifiuto(5, Riga.Nome(u"voce"_s), u"la voce non può essere inserita"_s);
+
+    TabellaRighe& Righe = Nota.xOnorari;
+    Righe(*Scritta, OnoData) = Riga.Data(u"data"_s);
+    if (Riga.Ha(u"descrizione"_s))
+        Righe(*Scritta, OnoDescr) = Riga.Testo(u"descrizione"_s, MassimoTestoRiga);
+    if (const std::optional<double> Importo = Riga.Numero(u"importo"_s)) {
+        Righe(*Scritta, OnoImporto) = *Importo;
+        // The free item has no tariff amounts of its own: they follow the typed one.
+        if (NumeroDi(Righe(*Scritta, OnoNVoce)) == VoceLibera)
+            for (const int Colonna : {OnoMedio, OnoMin, OnoMax})
+                Righe(*Scritta, Colonna) = *Importo;
+    }
+    Riga.Finisci();
+}
+
+void LeggiSpesa(Parcella& Nota, Catalogo& Voci, OggettoJson& Riga)
+{
+    int Scritta = 0;
+    if (Riga.Ha(u"voce"_s)) {
+        VaiAllaVoce(Voci.datDir, Riga, u"DescrDir"_s);
+        Scritta = InserisciSpesa(Nota, Voci);
+    } else if (!Riga.Testo(u"descrizione"_s, MassimoTestoRiga).isEmpty()) {
+        Scritta = AddDiritti(Nota, {}, {}, u"1"_s, {}, {});
+    } else {
+        throw OggettoJson::Rifiuto(5, Riga.Nome(u"voce"_s), u"manca la voce o la descrizione"_s);
+    }
+    TabellaRighe& Righe = Nota.xDiritti;
+    Righe(Scritta, DirData) = Riga.Data(u"data"_s);
+    if (Riga.Ha(u"descrizione"_s))
+        Righe(Scritta, DirDescr) = Riga.Testo(u"descrizione"_s, MassimoTestoRiga);
+    if (const std::optional<double> Quantita = Riga.Positivo(u"quantita"_s))
+        Righe(Scritta, DirQta) = CStr(*Quantita);
+    if (const std::optional<double> Importo = Riga.Numero(u"imponibili"_s))
+        Righe(Scritta, DirImponibile) = *Importo;
+    if (const std::optional<double> Importo = Riga.Numero(u"esenti"_s))
+        Righe(Scritta, DirEsente) = *Importo;
+    Riga.Finisci();
+}
+
+void LeggiAcconto(Parcella& Nota, OggettoJson& Riga)
+{
+    const int Scritta = NuovoAcconto(Nota);
+    TabellaRighe& Righe = Nota.xAcconti;
+    Righe(Scritta, AccDescr) = Riga.Testo(u"descrizione"_s, MassimoTestoRiga);
+    if (Riga.Ha(u"valuta"_s)) {
+        const QString Valuta = Riga.Testo(u"valuta"_s, 4).toUpper();
+        if (Valuta != u"E" && Valuta != u"L" && Valuta != u"EURO" && Valuta != u"LIRE")
+            throw OggettoJson::Rifiuto(5, Riga.Nome(u"valuta"_s), u"Immettere L o E"_s);
+        Righe(Scritta, AccValuta) = Valuta.left(1);
+    }
+    Righe(Scritta, AccCorrispettivi) = Riga.Numero(u"corrispettivi"_s).value_or(0.0);
+    Righe(Scritta, AccSpeseImp) = Riga.Numero(u"speseImponibili"_s).value_or(0.0);
+    Righe(Scritta, AccSpeseEsenti) = Riga.Numero(u"speseEsenti"_s).value_or(0.0);
+    Riga.Finisci();
+}
+
+void LeggiRighe(Parcella& Nota, OggettoJson& Dati)
+{
+    Catalogo Voci;
+    const bool Precarica = Dati.Booleano(u"precarica"_s).value_or(true);
+    if (Precarica)
+        EntraOnorari(Nota, Voci);
+    else
+        LoadOnoDir(Nota, Voci);
+    for (OggettoJson& Riga : Dati.Lista(u"onorari"_s))
+        LeggiOnorario(Nota, Voci, Riga);
+    for (OggettoJson& Riga : Dati.Lista(u"spese"_s))
+        LeggiSpesa(Nota, Voci, Riga);
+    for (OggettoJson& Riga : Dati.Lista(u"acconti"_s))
+        LeggiAcconto(Nota, Riga);
+}
+
+// ---- rates, parties, print data -----------------------------------------------------------------
+
+/// A rate: a number switches it on, null or 0 off; a missing one stays as a new note has it.
+void LeggiPercentuale(Parcella& Nota, OggettoJson& Dati, const QString& Campo, Imposta Quale)
+{
+    const bool Spenta = Dati.Nullo(Campo);
+    const std::optional<double> Perc = Dati.Positivo(Campo);
+    if (!Spenta && !Perc)
+        return;
+    if (Perc && *Perc > 100)
+        throw OggettoJson::Rifiuto(5, Dati.Nome(Campo), u"la percentuale va da 0 a 100"_s);
+    const double Valore = Perc.value_or(0.0);
+    (void)ClicImposta(Nota, Quale, Valore > 0);
+    if (Valore > 0)
+        CambiaPercento(Nota, Quale, CStr(Valore));
+}
+
+void LeggiPercentuali(Parcella& Nota, OggettoJson& Dati)
+{
+    std::optional<OggettoJson> Perc = Dati.Oggetto(u"percentuali"_s);
+    if (!Perc)
+        return;
+    LeggiPercentuale(Nota, *Perc, u"speseGenerali"_s, Imposta::SpeseGen);
+    LeggiPercentuale(Nota, *Perc, u"cassa"_s, Imposta::CP);
+    LeggiPercentuale(Nota, *Perc, u"iva"_s, Imposta::IVA);
+    LeggiPercentuale(Nota, *Perc, u"ritenuta"_s, Imposta::RA);
+    Perc->Finisci();
+}
+
+void LeggiParti(Parcella& Nota, OggettoJson& Dati)
+{
+    Nota.txtCliente.Testo = Dati.Testo(u"cliente"_s);
+    Nota.txtControp.Testo = Dati.Testo(u"controparte"_s);
+    Nota.txtOggetto.Testo = Dati.Testo(u"oggetto"_s);
+    Nota.txtDatiStaCli.Testo = Nota.txtCliente.Testo;
+    Nota.txtDatiStaControp.Testo = Nota.txtControp.Testo;
+    Nota.txtDatiStaOgg.Testo = Nota.txtOggetto.Testo;
+}
+
+/// A print datum of the description and the box it fills.
+struct DatoDescritto
+{
+    QStringView Campo;
+    int Indice;
+    int Massimo;
+};
+
+constexpr std::array DatiDescritti{
+    DatoDescritto{u"testoSuperiore", DatoTestoSuperiore, 65535},
+    DatoDescritto{u"testoInferiore", DatoTestoInferiore, 65535},
+    DatoDescritto{u"numeroFattura", DatoNumFatt, 255},
+    DatoDescritto{u"autorita", DatoDepAutorita, 255},
+    DatoDescritto{u"sezione", DatoDepSezione, 255},
+    DatoDescritto{u"ruolo", DatoDepRuolo, 255},
+    DatoDescritto{u"giudice", DatoDepGiudice, 255},
+};
+
+void LeggiStampa(Parcella& Nota, OggettoJson& Dati)
+{
+    std::optional<OggettoJson> Stampa = Dati.Oggetto(u"stampa"_s);
+    if (!Stampa)
+        return;
+    for (const DatoDescritto& Voce : DatiDescritti) {
+        const QString Testo = Stampa->Testo(Voce.Campo.toString(), Voce.Massimo);
+        if (!Testo.isEmpty())
+            Nota.txtDatiPar[Voce.Indice] = Testo;
+    }
+    const QString Data = Stampa->Data(u"dataFattura"_s);
+    if (!Data.isEmpty())
+        Nota.txtDatiPar[DatoDataFatt] = Data;
+    CambiaMinMax(Nota, Stampa->Booleano(u"esponiMinMax"_s).value_or(false));
+    CambiaAcconti(Nota, Stampa->Booleano(u"esponiAcconti"_s).value_or(false));
+
+    if (const std::optional<int> Tipo = Stampa->Intero(u"tipo"_s)) {
+        if (*Tipo < 0 || *Tipo >= VociTipoStampa().size())
+            throw OggettoJson::Rifiuto(5, Stampa->Nome(u"tipo"_s), u"i tipi di stampa vanno da 0 a 7"_s);
+        ScegliTipoStampa(Nota, *Tipo);
+    }
+    Stampa->Finisci();
+}
+
+QJsonValue LeggiJson(const QByteArray& Json)
+{
+    if (Json.size() > MassimoDescrizione)
+        throw Errore(321, u"La descrizione supera %1 byte"_s.arg(MassimoDescrizione));
+    QJsonParseError Esito;
+    const QJsonDocument Documento = QJsonDocument::fromJson(Json, &Esito);
+    if (Esito.error != QJsonParseError::NoError)
+        throw Errore(321, u"La descrizione non è un JSON valido (carattere %1)"_s.arg(Esito.offset));
+    if (!Documento.isObject())
+        throw OggettoJson::Rifiuto(13, {}, u"deve essere un oggetto"_s);
+    return Documento.object();
+}
+
+}  // namespace
+
+Parcella CreaDaDescrizione(const QByteArray& Json)
+{
+    OggettoJson Dati({}, LeggiJson(Json));
+    (void)ApriTariffe();  // a missing reference database is told here, once
+    Parcella Nota;
+    NuovaParcella(Nota);
+    LeggiCategoria(Nota, Dati);
+    LeggiAutorita(Nota, Dati);
+    LeggiScaglione(Nota, Dati);
+    LeggiValore(Nota, Dati);
+    LeggiVariazione(Nota, Dati);
+    VerificaParametri(Nota);
+    LeggiRighe(Nota, Dati);
+    LeggiPercentuali(Nota, Dati);
+    LeggiParti(Nota, Dati);
+    LeggiStampa(Nota, Dati);
+    const QString Psw = Dati.Testo(u"password"_s, 255);
+    if (!Psw.isEmpty())
+        Nota.Psw = PswDaSalvare.toString() + Psw.left(MassimoPsw);
+    Dati.Finisci();
+    return Nota;
+}

@@ -210,15 +210,6 @@ void LasciaImporto(Parcella& Nota)
     SetModificata(Nota, true);
 }
 
-namespace {
-
-/// A test of the parameters that failed: what to tell and where to put the focus.
-struct Mancanza
-{
-    QString Messaggio;
-    QString Controllo;
-};
-
 std::optional<Mancanza> PrimaMancanza(const Parcella& Nota)
 {
     if (Nota.cmbCateg < 0)
@@ -238,8 +229,6 @@ std::optional<Mancanza> PrimaMancanza(const Parcella& Nota)
         return Mancanza{u"Il valore della causa specificato non è compreso nello scaglione!"_s, u"txtImporto"_s};
     return std::nullopt;
 }
-
-}  // namespace
 
 bool CheckOK(Parcella& Nota, bool ShowMessage)
 {
