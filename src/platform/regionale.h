@@ -26,6 +26,7 @@
 // ---- Numbers to text ----------------------------------------------------------------------------
 
 /// The pattern "0.00" ("1234,50"): no thousands point, ties away from zero, never "-0,00".
+/// @throws Errore 5 when the value is not finite
 [[nodiscard]] QString FormatNum(double Valore);
 
 /// The same for a cell or a box: empty, Null and text that is no number count as 0. Never fails.
@@ -37,8 +38,8 @@
 ///
 /// A value that rounds to zero takes the third section where there is one, else the first: "-0,00"
 /// is never written. A negative value takes the second section without a sign of its own, or the
-/// first with a leading "-". "##" of 0 is empty and "##.##" of 0.5 is ",5", as the classic rule goes.
-/// Ties go away from zero on the decimal text of 15 digits.
+/// first with a leading "-". A section without a text counts as left out. "##" of 0 is empty and "##.##" of
+/// 0.5 is ",5", as the classic rule goes. Ties go away from zero on the decimal text of 15 digits.
 /// @throws Errore 5 when the pattern holds more than three sections or the value is not finite
 [[nodiscard]] QString Format(double Valore, QStringView Modello);
 
@@ -49,11 +50,13 @@
 /// grouping ("12,7"); a magnitude from 1E+15 up, or below 1E-4, is written with an exponent.
 [[nodiscard]] QString CStr(double Valore);
 
-/// The same with at most 7 significant digits: a single-precision 12.7 is "12,7", not "12,6999998".
+/// The same with at most 7 significant digits: a single-precision 12.7 is "12,7", not "12,6999998". The
+/// exponent begins where the digits end, at 1E+07.
 [[nodiscard]] QString CStr(float Valore);
 [[nodiscard]] QString CStr(int Valore);
 
-/// The text of a cell: CStr for numbers, dd/mm/yyyy for dates, empty for Null, the text itself.
+/// The text of a cell: CStr for numbers, "Vero" or "Falso" for truth values, dd/mm/yyyy for dates, empty
+/// for Null, the text itself.
 [[nodiscard]] QString CStr(const QVariant& Valore);
 
 /// Plain text with a decimal point and a leading place for the sign: " 12.5", "-3", " .5".
@@ -62,8 +65,9 @@
 // ---- Text to numbers ----------------------------------------------------------------------------
 
 /// True for a number in Italian form: blanks around, one leading sign, digits with an optional comma,
-/// points only between complete groups of thousands ("1.234,5", not "12.5" nor "1.2.3"), at least one
-/// digit, and an optional exponent ("1,5E3"). True too for one too large to hold ("1E400").
+/// points only between complete groups of thousands, the first without a leading zero ("1.234,5", not
+/// "12.5" nor "1.2.3" nor "0.500"), at least one digit, and an optional exponent ("1,5E3"). True too for
+/// one too large to hold ("1E400").
 [[nodiscard]] bool IsNumeric(const QString& Testo);
 
 /// @throws Errore 13 when the text is no number in Italian form, 6 when it is beyond a double
@@ -84,7 +88,8 @@
 [[nodiscard]] double NumeroDi(const QVariant& Valore);
 
 /// Value of the longest numeric prefix, with a point as decimal sign; blanks are skipped wherever
-/// they stand; 0 when there is none. "12,5" gives 12, "1.5x" gives 1.5. Never fails, never infinite.
+/// they stand; 0 when there is none or when it is too large to hold. "12,5" gives 12, "1.5x" gives 1.5,
+/// "1.5E3" gives 1500. Never fails, never infinite.
 [[nodiscard]] double Val(const QString& Testo);
 
 // ---- Dates --------------------------------------------------------------------------------------
