@@ -10,7 +10,13 @@ constexpr int ColonneTesto = 88;
 
 /// Paragraphs and tables in order, lines ended by "\n", no blanks at line ends.
 ///
-/// Paragraphs are wrapped at blanks at ColonneTesto; runs of blanks are kept. A table's columns take their
-/// widths at 5 characters per centimetre and grow where a word or an amount is wider, so that nothing is cut;
-/// long texts wrap inside their cell. The running line needs pages and is left out.
+/// Paragraphs are wrapped at blanks at ColonneTesto; runs of blanks are kept, but for the one where a line
+/// is broken. Centre and right are within ColonneTesto; justified text is not stretched.
+///
+/// A table's columns take their widths at 5 characters per centimetre, rounded, and their last character
+/// stays blank, so that neighbours never touch. Long texts wrap inside their cell, from the top; a column
+/// with a word or an amount wider than itself grows, so that nothing is cut. A spanning cell has the joint
+/// width of its columns, the last of which grows for it. Lines of tables are not drawn.
+///
+/// Rich text is left out: it needs its reader. So is the running line, which needs pages.
 [[nodiscard]] QString ScriviTesto(const Documento& Doc);
