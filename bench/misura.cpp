@@ -30,8 +30,8 @@ QString Millisecondi(double Ms)
 
 void ScriviRiga(const QString& Cosa, const QString& Obiettivo, const QString& Misurato, const QString& Esito)
 {
-    const QString Riga = Cosa.leftJustified(40) + Obiettivo.rightJustified(12) + Misurato.rightJustified(12)
-                         + u"  "_s + Esito + u'\n';
+    const QString Riga = Cosa.leftJustified(40) + Obiettivo.rightJustified(12) + Misurato.rightJustified(12) +
+                         u"  "_s + Esito + u'\n';
     std::fputs(Riga.toUtf8().constData(), stdout);
     std::fflush(stdout);  // the row is seen when it is known, also through a pipe
 }
