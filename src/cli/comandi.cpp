@@ -1,1 +1,312 @@
 #include "cli/comandi.h"
+
+#include "cli/riga.h"
+#include "core/modAvvio.h"
+#include "core/sessione.h"
+#include "platform/errore.h"
+#include "platform/impostazioni.h"
+#include "platform/messaggi.h"
+#include "platform/percorsi.h"
+#include "platform/regionale.h"
+#include "print/modLettere.h"
+#include "print/modRiepilogo.h"
+#include "tariffs/modEvaluate.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Risposta SoloTesto(const QString& Testo)
+{
+    return {Testo, {{u"risultato"_s, Testo}}, false};
+}
+
+// ---- values -------------------------------------------------------------------------------------
+
+/// A value of a command; what is no number names itself in the refusal.
+double Numero(const QString& Nome, const QString& Valore)
+{
+    try {
+        return CDbl(Valore);
+    } catch (const Errore& Guasto) {
+        throw Errore(Guasto.Numero, u"%1: «%2»: %3"_s.arg(Nome, Valore.left(40), Guasto.Descrizione));
+    }
+}
+
+double NumeroOZero(const QString& Nome, const QString& Valore)
+{
+    return Valore.trimmed().isEmpty() ? 0.0 : Numero(Nome, Valore);
+}
+
+/// A percentage; an empty one is a switch that is off.
+Aliquota LeggiAliquota(const QString& Nome, const QString& Valore)
+{
+    Aliquota Letta;
+    Letta.Testo = Valore.trimmed();
+    Letta.Attiva = !Letta.Testo.isEmpty();
+    Letta.Perc = NumeroOZero(Nome, Valore);
+    Letta.Vale = Letta.Attiva && Letta.Perc > 0;
+    return Letta;
+}
+
+bool LeggiBit(const QString& Nome, const QString& Valore)
+{
+    const QString Testo = Valore.trimmed();
+    if (!Testo.isEmpty() && Testo != u"0" && Testo != u"1")
+        throw Errore(13, u"%1: «%2» non è 0 né 1"_s.arg(Nome, Valore.left(40)));
+    return Testo == u"1";
+}
+
+// ---- commands without a file --------------------------------------------------------------------
+
+Risposta ComandoLettere(const QStringList& Valori)
+{
+    return SoloTesto(NumeroInLettere(Numero(u"importo"_s, Valori[0])));
+}
+
+Risposta ComandoEspressione(const QStringList& Valori)
+{
+    int Codice = 0;
+    const double Valore = ValutaEspressione(Valori[0], NumeroOZero(u"x"_s, Valori.value(1)), Codice);
+    if (Codice == 0)
+        return SoloTesto(CStr(Valore));
+    Risposta Fallita = SoloTesto(u"errore %1: %2"_s.arg(Codice).arg(MessaggioErrore(Codice)));
+    Fallita.Record[u"errore"_s] = Codice;
+    Fallita.Fallita = true;
+    return Fallita;
+}
+
+bool ModelloDiData(const QString& Modello)
+{
+    return Modello.contains(u"dd") || Modello.contains(u"mm") || Modello.contains(u"yy");
+}
+
+Risposta ComandoFormato(const QStringList& Valori)
+{
+    if (ModelloDiData(Valori[0]))
+        return SoloTesto(Format(CDate(Valori[1]), Valori[0]));
+    return SoloTesto(Format(Numero(u"valore"_s, Valori[1]), Valori[0]));
+}
+
+Risposta ComandoTasse(const QStringList& Valori)
+{
+    DatiCatena Dati;
+    Dati.Onorari = NumeroOZero(u"onorari"_s, Valori[0]);
+    Dati.SpeseImp = NumeroOZero(u"spese imponibili"_s, Valori[1]);
+    Dati.SpeseEsenti = NumeroOZero(u"spese esenti"_s, Valori[2]);
+    Dati.Acconti.Corrispettivi = NumeroOZero(u"acconti corrispettivi"_s, Valori[3]);
+    Dati.Acconti.SpeseImp = NumeroOZero(u"acconti spese imponibili"_s, Valori[4]);
+    Dati.Acconti.SpeseEsenti = NumeroOZero(u"acconti spese esenti"_s, Valori[5]);
+    Dati.SpeseGen = LeggiAliquota(u"spese generali %"_s, Valori[6]);
+    Dati.CP = LeggiAliquota(u"CP %"_s, Valori[7]);
+    Dati.IVA = LeggiAliquota(u"IVA %"_s, Valori[8]);
+    Dati.RA = LeggiAliquota(u"RA %"_s, Valori[9]);
+    Dati.Tipo = LeggiTipo(Valori.value(10, u"0"_s));
+    Dati.RegimeAgevolato = LeggiBit(u"regime agevolato"_s, Valori.value(11));
+    if (Dati.Tipo == StampaNotaGiudiziale)
+        Dati.Acconti = {};  // the court costs note knows no payments
+    if (Dati.RegimeAgevolato)
+        Dati.IVA.Vale = Dati.RA.Vale = false;
+    return RispostaRiepilogo(CatenaFiscale(Dati));
+}
+
+// ---- one call -----------------------------------------------------------------------------------
+
+const ComandoCli* CercaComando(const QString& Nome)
+{
+    const std::span<const ComandoCli> Tabella = Comandi();
+    const auto Trovato = std::ranges::find(Tabella, Nome, &ComandoCli::Nome);
+    return Trovato == Tabella.end() ? nullptr : &*Trovato;
+}
+
+QString Aiuto()
+{
+    QString Testo = u"Uso: calcanova-cli [--programma DIR] [--utente DIR] [--json] [--batch] COMANDO VALORI...\n\n"_s;
+    for (const ComandoCli& Comando : Comandi())
+        Testo += u"  "_s + Comando.Nome.toString().leftJustified(12) + Comando.Valori.toString() + u'\n';
+    return Testo + u"\nCon --batch i casi arrivano dallo standard input, uno per riga, i valori separati da \";\".\n"_s;
+}
+
+void ControllaNumero(const ComandoCli& Comando, const QStringList& Valori)
+{
+    if (Valori.size() < Comando.Minimo || Valori.size() > Comando.Massimo)
+        throw ErroreUso{u"Uso: calcanova-cli %1 %2"_s.arg(Comando.Nome, Comando.Valori)};
+}
+
+/// The session of a script: the stored settings, and the two folders where the call names them.
+void PreparaSessione(const RigaComando& Riga)
+{
+    ImpostaVariabili();
+    const auto Salvato = [](const QString& Chiave) {
+        return GetSetting(Applicazione.toString(), SezioneParametri.toString(), Chiave);
+    };
+    if (!Riga.Programma.isEmpty()) {
+        sessione::PercorsoProg = Barra(Riga.Programma);
+        if (Salvato(u"ArchivioCliCon"_s).isEmpty())
+            sessione::ArchivioCliCon = sessione::PercorsoProg + u"DatiStudio.mdb"_s;
+    }
+    if (!Riga.Utente.isEmpty())
+        sessione::UserFolder = Barra(Riga.Utente);
+}
+
+QByteArray Riga(const Risposta& Esito, bool Json)
+{
+    return (Json ? QJsonDocument(Esito.Record).toJson(QJsonDocument::Compact) : Esito.Testo.toUtf8()) + '\n';
+}
+
+QString TestoErrore(const Errore& Guasto)
+{
+    return u"%1 (%2)"_s.arg(Guasto.Descrizione).arg(Guasto.Numero);
+}
+
+/// Speaks to a script: what the program tells goes to the error stream, questions are answered Yes, since
+/// whoever wrote the command line or the description has already decided.
+class VoceCli
+{
+public:
+    explicit VoceCli(std::function<void(const QByteArray&)> Guasti) : Scrivi(std::move(Guasti))
+    {
+        Messaggi Nuovi;
+        Nuovi.Box = [this](const QString& Testo, int Bandiere, const QString&) { return Box(Testo, Bandiere); };
+        Precedenti = InstallaMessaggi(std::move(Nuovi));
+    }
+    ~VoceCli() { InstallaMessaggi(std::move(Precedenti)); }
+    VoceCli(const VoceCli&) = delete;
+    VoceCli& operator=(const VoceCli&) = delete;
+
+    /// True when something critical was told since the last call.
+    bool Guasto() { return std::exchange(Critico, false); }
+
+private:
+    int Box(const QString& Testo, int Bandiere)
+    {
+        if ((Bandiere & 15) == vbYesNo)
+            return vbYes;
+        Scrivi(Testo.toUtf8() + '\n');
+        Critico = Critico || (Bandiere & 112) == vbCritical;
+        return vbOK;
+    }
+
+    std::function<void(const QByteArray&)> Scrivi;
+    Messaggi Precedenti;
+    bool Critico = false;
+};
+
+int EseguiUno(const ComandoCli& Comando, const RigaComando& Chiamata, VoceCli& Voce,
+              const std::function<void(const QByteArray&)>& Uscita,
+              const std::function<void(const QByteArray&)>& Guasti)
+{
+    ControllaNumero(Comando, Chiamata.Valori);
+    try {
+        const Risposta Esito = Comando.Esegui(Chiamata.Valori);
+        Uscita(Riga(Esito, Chiamata.Json));
+        return Esito.Fallita || Voce.Guasto() ? 1 : 0;
+    } catch (...) {
+        Guasti(u"Errore: %1\n"_s.arg(TestoErrore(ErroreCorrente())).toUtf8());
+        return 1;
+    }
+}
+
+/// One answer per line, errors included; a wrong case never stops the others.
+Risposta RispostaCaso(const ComandoCli& Comando, const QString& Caso)
+{
+    try {
+        const QStringList Valori = DividiCaso(Caso, Comando.DivideAllUltimo);
+        ControllaNumero(Comando, Valori);
+        return Comando.Esegui(Valori);
+    } catch (const ErroreUso& Uso) {
+        return {u"errore: "_s + Uso.Testo, {{u"errore"_s, Uso.Testo}}, true};
+    } catch (...) {
+        const QString Testo = TestoErrore(ErroreCorrente());
+        return {u"errore: "_s + Testo, {{u"errore"_s, Testo}}, true};
+    }
+}
+
+int EseguiTutti(const ComandoCli& Comando, const RigaComando& Chiamata,
+                const std::function<QByteArray()>& Ingresso,
+                const std::function<void(const QByteArray&)>& Uscita)
+{
+    if (!Chiamata.Valori.isEmpty())
+        throw ErroreUso{u"Con --batch i valori arrivano dallo standard input."_s};
+    for (QByteArray Letta = Ingresso(); !Letta.isNull(); Letta = Ingresso()) {
+        while (Letta.endsWith('\n') || Letta.endsWith('\r'))
+            Letta.chop(1);
+        if (!Letta.isEmpty())
+            Uscita(Riga(RispostaCaso(Comando, QString::fromUtf8(Letta)), Chiamata.Json));
+    }
+    return 0;
+}
+
+}  // namespace
+
+std::span<const ComandoCli> Comandi()
+{
+    static const std::array Tabella{
+        ComandoCli{u"lettere", u"IMPORTO", 1, 1, false, ComandoLettere},
+        ComandoCli{u"espressione", u"TESTO [X]", 1, 2, true, ComandoEspressione},
+        ComandoCli{u"formato", u"MODELLO VALORE", 2, 2, true, ComandoFormato},
+        ComandoCli{u"tasse",
+                   u"ONORARI SPESE_IMP SPESE_ESENTI ACC_CORR ACC_SPESE_IMP ACC_SPESE_ESENTI SPESE_GEN% CP% IVA% RA% "
+                   u"[TIPO [REGIME]]",
+                   10, 12, false, ComandoTasse},
+        ComandoCli{u"riepilogo", u"NOTA.mdb [TIPO]", 1, 2, false, ComandoRiepilogo},
+        ComandoCli{u"crea", u"DESCRIZIONE.json NOTA.mdb", 2, 2, false, ComandoCrea},
+        ComandoCli{u"nota", u"NOTA.mdb", 1, 1, false, ComandoNota},
+        ComandoCli{u"stampa", u"NOTA.mdb TIPO USCITA.txt", 3, 3, false, ComandoStampa},
+    };
+    return Tabella;
+}
+
+Risposta RispostaRiepilogo(const Catena& Conti)
+{
+    Risposta Tutto;
+    Tutto.Testo = RiepilogoInRiga(Conti);
+    QJsonArray Righe;
+    for (const RigaRiepilogo& Riga : RigheRiepilogo(Conti))
+        if (Riga.Tipo == RigaRiepilogo::Voce)
+            Righe.append(QJsonObject{{u"etichetta"_s, Riga.Etichetta}, {u"importo"_s, Riga.Importo}});
+    Tutto.Record = {
+        {u"righe"_s, Righe},
+        {u"imponibile"_s, Arrotonda2(Conti.Imponibile)},
+        {u"totale"_s, Conti.Totale},
+        {u"netto"_s, Conti.Netto},
+        {u"lettere"_s, NumeroInLettere(Conti.Netto)},
+    };
+    return Tutto;
+}
+
+int LeggiTipo(const QString& Valore)
+{
+    const double Tipo = Numero(u"tipo"_s, Valore);
+    if (Tipo != std::floor(Tipo) || Tipo < 0 || Tipo >= VociTipoStampa().size())
+        throw Errore(5, u"tipo: «%1»: i tipi di stampa vanno da 0 a 7"_s.arg(Valore.left(40)));
+    return int(Tipo);
+}
+
+int EseguiCli(const QStringList& Argomenti, const std::function<QByteArray()>& Ingresso,
+              const std::function<void(const QByteArray&)>& Uscita,
+              const std::function<void(const QByteArray&)>& Guasti)
+{
+    try {
+        const RigaComando Chiamata = LeggiRiga(Argomenti);
+        if (Chiamata.Aiuto) {
+            Uscita(Aiuto().toUtf8());
+            return 0;
+        }
+        const ComandoCli* Comando = CercaComando(Chiamata.Comando);
+        if (!Comando)
+            throw ErroreUso{Chiamata.Comando.isEmpty() ? Aiuto()
+                                                       : u"Comando sconosciuto: %1"_s.arg(Chiamata.Comando)};
+        VoceCli Voce(Guasti);
+        PreparaSessione(Chiamata);
+        (void)Voce.Guasto();  // a setting that is off is told, but is no failure of the command
+        return Chiamata.Batch ? EseguiTutti(*Comando, Chiamata, Ingresso, Uscita)
+                              : EseguiUno(*Comando, Chiamata, Voce, Uscita, Guasti);
+    } catch (const ErroreUso& Uso) {
+        Guasti(Uso.Testo.toUtf8() + '\n');
+        return 2;
+    }
+}

@@ -1,1 +1,51 @@
+// The commands of calcanova-cli.
 #pragma once
+
+#include <QByteArray>
+#include <QJsonObject>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <span>
+
+/// What a command answers: one line of text, and the same as a record for --json.
+struct Risposta
+{
+    QString Testo;
+    QJsonObject Record;
+    bool Fallita = false;  ///< answered, but with exit status 1
+};
+
+/// A command and the shape of its call.
+struct ComandoCli
+{
+    QStringView Nome;
+    QStringView Valori;  ///< names of its values in order, for the help
+    int Minimo;          ///< values it needs
+    int Massimo;
+    bool DivideAllUltimo;  ///< --batch splits a case at the last ";"
+    std::function<Risposta(const QStringList& Valori)> Esegui;
+};
+
+/// The table of commands, in the order of the help.
+[[nodiscard]] std::span<const ComandoCli> Comandi();
+
+/// The commands that work on fee-note files.
+[[nodiscard]] Risposta ComandoCrea(const QStringList& Valori);
+[[nodiscard]] Risposta ComandoNota(const QStringList& Valori);
+[[nodiscard]] Risposta ComandoRiepilogo(const QStringList& Valori);
+[[nodiscard]] Risposta ComandoStampa(const QStringList& Valori);
+
+/// The rows of a summary as text and record.
+[[nodiscard]] Risposta RispostaRiepilogo(const struct Catena& Conti);
+
+/// Print type of a value, 0 to 7. @throws Errore 13, 5
+[[nodiscard]] int LeggiTipo(const QString& Valore);
+
+/// Runs a command line; `Ingresso` gives the lines of --batch (an invalid QByteArray ends them), `Uscita` and
+/// `Guasti` take UTF-8 text.
+/// @return exit status: 0, 1 a value was refused or something failed, 2 called the wrong way
+int EseguiCli(const QStringList& Argomenti, const std::function<QByteArray()>& Ingresso,
+              const std::function<void(const QByteArray&)>& Uscita,
+              const std::function<void(const QByteArray&)>& Guasti);

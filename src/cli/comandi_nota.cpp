@@ -1,1 +1,106 @@
+// The commands of calcanova-cli that work on fee-note files.
 #include "cli/comandi.h"
+
+#include "feenote/modDescrizione.h"
+#include "feenote/modDocumento.h"
+#include "feenote/modFile.h"
+#include "platform/errore.h"
+#include "platform/percorsi.h"
+#include "print/modLettere.h"
+#include "print/modRiepilogo.h"
+#include "print/modStampe.h"
+#include "print/scrittoretesto.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Parcella LeggiNota(const QString& Percorso)
+{
+    Parcella Nota;
+    CaricaDati(Nota, PercorsoNativo(Percorso));
+    return Nota;
+}
+
+/// The note with a print type chosen, as the list of the print tab would leave it.
+Parcella LeggiNotaPerTipo(const QString& Percorso, int Tipo)
+{
+    Parcella Nota = LeggiNota(Percorso);
+    ScegliTipoStampa(Nota, Tipo);
+    return Nota;
+}
+
+/// The name under which a note is saved: the extension is added, the characters that names may not hold
+/// are refused.
+QString NomePerSalvare(const QString& Chiesto)
+{
+    QString Percorso = PercorsoNativo(Chiesto);
+    if (!Percorso.endsWith(u".mdb"))
+        Percorso += u".mdb"_s;
+    const QString Nome = NomeFile(Percorso).chopped(4);
+    const auto Vietato = [](QChar C) { return u"[]!."_s.contains(C); };
+    if (Nome.isEmpty() || std::any_of(Nome.begin(), Nome.end(), Vietato))
+        throw Errore(52, u"Il nome specificato non è valido: non usare i caratteri [ ] ! ."_s);
+    return Percorso;
+}
+
+/// What stands under the name may be replaced only when it is a fee note without protection.
+void ControllaSostituzione(const QString& Percorso)
+{
+    if (!EsisteFile(Percorso))
+        return;
+    QString Psw;
+    try {
+        Psw = LeggiPsw(Percorso);
+    } catch (const Errore&) {
+        throw Errore(58, u"Il file %1 esiste già e non è una parcella"_s.arg(NomeFile(Percorso)));
+    }
+    if (!Psw.isEmpty())
+        throw Errore(70, u"La parcella %1 è protetta da password"_s.arg(NomeFile(Percorso)));
+}
+
+}  // namespace
+
+Risposta ComandoCrea(const QStringList& Valori)
+{
+    const QString Percorso = NomePerSalvare(Valori[1]);
+    const Parcella Nota = CreaDaDescrizione(LeggiFile(PercorsoNativo(Valori[0]), MassimoDescrizione));
+    ControllaSostituzione(Percorso);
+    ScriviNota(Percorso, Nota);
+    return {Percorso,
+            {{u"file"_s, Percorso},
+             {u"onorari"_s, Nota.xOnorari.Righe()},
+             {u"spese"_s, Nota.xDiritti.Righe()},
+             {u"acconti"_s, Nota.xAcconti.Righe()}},
+            false};
+}
+
+Risposta ComandoNota(const QStringList& Valori)
+{
+    const QByteArray Json = DescriviNota(LeggiNota(Valori[0]));
+    return {QString::fromUtf8(Json).trimmed(), QJsonDocument::fromJson(Json).object(), false};
+}
+
+Risposta ComandoRiepilogo(const QStringList& Valori)
+{
+    const int Tipo = LeggiTipo(Valori.value(1, u"0"_s));
+    return RispostaRiepilogo(CatenaFiscale(LeggiNotaPerTipo(Valori[0], Tipo), Tipo));
+}
+
+Risposta ComandoStampa(const QStringList& Valori)
+{
+    const int Tipo = LeggiTipo(Valori[1]);
+    const QString Uscita = PercorsoNativo(Valori[2]);
+    if (!Uscita.endsWith(u".txt", Qt::CaseInsensitive))
+        throw Errore(5, u"Il documento si scrive in un file .txt: %1"_s.arg(NomeFile(Uscita)));
+
+    const Parcella Nota = LeggiNotaPerTipo(Valori[0], Tipo);
+    Superficie vp;
+    if (!Anteprima(vp, Nota, Tipo))
+        throw Errore(5, u"Il documento «%1» non si compone da questo comando"_s.arg(VociTipoStampa().value(Tipo)));
+    ScriviFile(Uscita, ScriviTesto(vp.Contenuto()).toUtf8());
+    return {Uscita, {{u"file"_s, Uscita}, {u"documento"_s, VociTipoStampa().value(Tipo)}}, false};
+}

@@ -1,1 +1,44 @@
 #include "cli/riga.h"
+
+using namespace Qt::StringLiterals;
+
+RigaComando LeggiRiga(const QStringList& Argomenti)
+{
+    RigaComando Riga;
+    bool Opzioni = true;
+    for (qsizetype i = 0; i < Argomenti.size(); ++i) {
+        const QString& Parola = Argomenti[i];
+        const auto Cartella = [&] {
+            if (i + 1 >= Argomenti.size())
+                throw ErroreUso{u"L'opzione %1 vuole una cartella."_s.arg(Parola)};
+            return Argomenti[++i];
+        };
+        if (Opzioni && Parola == u"--")
+            Opzioni = false;
+        else if (Opzioni && Parola == u"--json")
+            Riga.Json = true;
+        else if (Opzioni && Parola == u"--batch")
+            Riga.Batch = true;
+        else if (Opzioni && (Parola == u"--help" || Parola == u"--aiuto"))
+            Riga.Aiuto = true;
+        else if (Opzioni && Parola == u"--programma")
+            Riga.Programma = Cartella();
+        else if (Opzioni && Parola == u"--utente")
+            Riga.Utente = Cartella();
+        else if (Opzioni && Parola.startsWith(u"--"))
+            throw ErroreUso{u"Opzione sconosciuta: %1"_s.arg(Parola)};
+        else if (Riga.Comando.isEmpty())
+            Riga.Comando = Parola;
+        else
+            Riga.Valori.append(Parola);
+    }
+    return Riga;
+}
+
+QStringList DividiCaso(const QString& Riga, bool AllUltimo)
+{
+    if (!AllUltimo)
+        return Riga.split(u';');
+    const qsizetype Ultimo = Riga.lastIndexOf(u';');
+    return Ultimo < 0 ? QStringList{Riga} : QStringList{Riga.left(Ultimo), Riga.mid(Ultimo + 1)};
+}

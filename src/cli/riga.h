@@ -1,1 +1,30 @@
+// The command line of calcanova-cli, taken apart.
 #pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// A command line. Options may stand anywhere; "--" ends them, so that a value may begin with "--".
+struct RigaComando
+{
+    QString Comando;
+    QStringList Valori;
+    bool Json = false;   ///< --json
+    bool Batch = false;  ///< --batch: cases come from standard input
+    bool Aiuto = false;  ///< --help or --aiuto
+    QString Programma;   ///< --programma DIR
+    QString Utente;      ///< --utente DIR
+};
+
+/// @throws ErroreUso for an unknown option or one without its value
+[[nodiscard]] RigaComando LeggiRiga(const QStringList& Argomenti);
+
+/// A command that was called the wrong way: exit status 2.
+struct ErroreUso
+{
+    QString Testo;
+};
+
+/// One case of --batch: values separated by ";". A command whose first value may hold that sign itself
+/// (an expression, a pattern) is split at the last one only.
+[[nodiscard]] QStringList DividiCaso(const QString& Riga, bool AllUltimo);
