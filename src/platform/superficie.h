@@ -83,7 +83,7 @@ struct Tabella
     int Bordo = 0;
 };
 
-using Blocco = std::variant<Paragrafo, Tabella>;
+using BloccoDocumento = std::variant<Paragrafo, Tabella>;
 
 /// What was composed: blocks in order, page set-up, running line.
 struct Documento
@@ -94,7 +94,7 @@ struct Documento
     double MargineDestroCm = 2.0;
     QString PiePagina;  ///< running line, "%d" stands for the page number
     Carattere FontPiePagina{QStringLiteral("Times New Roman"), 8.0};
-    std::vector<Blocco> Blocchi;
+    std::vector<BloccoDocumento> Blocchi;
 };
 
 /// Centimetres of a text with a unit: "2cm", "1.4cm" (point or comma), "10mm", "0.5in"; a bare number is

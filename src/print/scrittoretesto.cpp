@@ -195,7 +195,7 @@ void Scrivi(const Tabella& Questa, QString& Uscita)
 QString ScriviTesto(const Documento& Doc)
 {
     QString Uscita;
-    for (const Blocco& Uno : Doc.Blocchi)
+    for (const BloccoDocumento& Uno : Doc.Blocchi)
         std::visit([&](const auto& Questo) { Scrivi(Questo, Uscita); }, Uno);
     return Uscita;
 }

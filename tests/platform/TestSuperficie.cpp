@@ -23,7 +23,7 @@ const Tabella& TabellaDi(const Superficie& vp, std::size_t Posto = 0)
 QString Ricalco(const Superficie& vp)
 {
     QStringList Righe;
-    for (const Blocco& Uno : vp.Contenuto().Blocchi) {
+    for (const BloccoDocumento& Uno : vp.Contenuto().Blocchi) {
         if (const auto* Testo = std::get_if<Paragrafo>(&Uno)) {
             Righe += Testo->Testo();
             continue;
