@@ -15,6 +15,7 @@
 
 #include <memory>
 
+class Blocco;
 class Connessione;  // the open file; sqlite3 stays in the .cpp
 
 /// The engine's type code of a field.
@@ -92,6 +93,9 @@ public:
     friend Database CreateDatabase(const QString&);
 
 private:
+    [[nodiscard]] Connessione& PerLeggere() const;   ///< @throws Errore 3024 when nothing is open
+    [[nodiscard]] Connessione& PerScrivere() const;  ///< @throws Errore 3027 on a read-only handle
+
     std::shared_ptr<Connessione> Conn;
     bool Lettura = false;
 };
@@ -121,8 +125,12 @@ public:
 
 private:
     std::shared_ptr<Connessione> Conn;
+    std::unique_ptr<Blocco> Aperta;
 };
 
 /// For tests: every database opened or created from now on may grow to this many pages of 4096 bytes,
 /// as on a full disk; 0 lifts the limit.
 void LimitaPagine(int Pagine);
+
+/// For tests: how long the databases opened from now on wait for a lock of somebody else (3000 ms).
+void ImpostaAttesaBlocchi(int Millisecondi);

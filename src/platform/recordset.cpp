@@ -1,1 +1,153 @@
 #include "platform/recordset.h"
+
+#include "platform/criterio.h"
+#include "platform/errore.h"
+#include "platform/insieme.h"
+#include "platform/valori.h"
+
+using namespace Qt::StringLiterals;
+
+Recordset::Recordset(std::shared_ptr<Dati> Nuovo) : Stato(std::move(Nuovo)) {}
+
+bool Recordset::Aperto() const
+{
+    return Stato && Stato->Da.Conn;
+}
+
+bool Recordset::Eof() const
+{
+    return RecordCount() == 0 || (!Stato->Buco && Stato->Posto >= Stato->Chiavi.size());
+}
+
+bool Recordset::Bof() const
+{
+    return RecordCount() == 0 || Stato->Posto < 0;
+}
+
+int Recordset::RecordCount() const
+{
+    return Stato ? int(Stato->Chiavi.size()) : 0;
+}
+
+void Recordset::MoveFirst()
+{
+    if (RecordCount() > 0)
+        Stato->Vai(0);
+}
+
+void Recordset::MoveLast()
+{
+    if (RecordCount() > 0)
+        Stato->Vai(Stato->Chiavi.size() - 1);
+}
+
+void Recordset::MoveNext()
+{
+    // Behind a deleted row the place is already that of the next one.
+    if (RecordCount() > 0)
+        Stato->Vai(Stato->Posto + (Stato->Buco ? 0 : 1));
+}
+
+void Recordset::MovePrevious()
+{
+    if (RecordCount() > 0)
+        Stato->Vai(Stato->Posto - 1);
+}
+
+QVariant Recordset::Value(const QString& Colonna) const
+{
+    Dati& Insieme = Corrente();
+    const int Posto = Insieme.Da.Posto(Colonna);
+    if (Insieme.Cambiati.contains(Posto) || Insieme.Aperto == Dati::Lavoro::Nuovo)
+        return Insieme.Cambiati.value(Posto);
+    return Insieme.Riga()[Posto];
+}
+
+QVariant Recordset::Value(const QString& Colonna, const QVariant& SeNull) const
+{
+    const QVariant Letto = Value(Colonna);
+    return Letto.isNull() ? SeNull : Letto;
+}
+
+void Recordset::ImpostaValue(const QString& Colonna, const QVariant& Valore)
+{
+    Dati& Insieme = Corrente();
+    if (Insieme.Aperto == Dati::Lavoro::Nessuno)
+        throw Errore(3020);
+    const int Posto = Insieme.Da.Posto(Colonna);
+    Insieme.Cambiati.insert(Posto, PerColonna(Insieme.Da.Colonne[Posto], Valore));
+}
+
+QList<Campo> Recordset::Campi() const
+{
+    return Stato ? Stato->Da.Colonne : QList<Campo>();
+}
+
+void Recordset::AddNew()
+{
+    Corrente().EsigiScrivibile();
+    Stato->Cambiati.clear();
+    Stato->Aperto = Dati::Lavoro::Nuovo;
+}
+
+void Recordset::Edit()
+{
+    Corrente().EsigiScrivibile();
+    Stato->Cambiati.clear();
+    Stato->Aperto = Dati::Lavoro::Nessuno;
+    (void)Stato->Riga();
+    Stato->Aperto = Dati::Lavoro::Modifica;
+}
+
+void Recordset::CancelUpdate()
+{
+    if (!Stato)
+        return;
+    Stato->Cambiati.clear();
+    Stato->Aperto = Dati::Lavoro::Nessuno;
+}
+
+void Recordset::Update()
+{
+    Dati& Insieme = Corrente();
+    switch (Insieme.Aperto) {
+    case Dati::Lavoro::Nessuno: throw Errore(3020);
+    case Dati::Lavoro::Nuovo: Insieme.Inserisci(); break;
+    case Dati::Lavoro::Modifica: Insieme.Aggiorna(); break;
+    }
+}
+
+void Recordset::Delete()
+{
+    Dati& Insieme = Corrente();
+    Insieme.EsigiScrivibile();
+    Insieme.Elimina();
+}
+
+Recordset Recordset::Clone() const
+{
+    auto Nuovo = std::make_shared<Dati>();
+    if (Stato) {
+        Nuovo->Da = Stato->Da;
+        Nuovo->Chiavi = Stato->Chiavi;
+        Nuovo->Crescenti = Stato->Crescenti;
+        Nuovo->ColonneIndice = Stato->ColonneIndice;
+        Nuovo->PostiIndice = Stato->PostiIndice;
+    }
+    return Recordset(std::move(Nuovo));
+}
+
+void Recordset::Close()
+{
+    // Copies share the cursor, so that they close with it.
+    if (Stato)
+        *Stato = Dati();
+    Stato.reset();
+}
+
+Recordset::Dati& Recordset::Corrente() const
+{
+    if (!Aperto())
+        throw Errore(3021);
+    return *Stato;
+}

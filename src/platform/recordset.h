@@ -20,7 +20,7 @@ class Recordset
 public:
     Recordset() = default;
 
-    [[nodiscard]] bool Aperto() const { return bool(Stato); }
+    [[nodiscard]] bool Aperto() const;
     /// Behind the last row, or no row at all. (The classic name is a macro of the C library.)
     [[nodiscard]] bool Eof() const;
     [[nodiscard]] bool Bof() const;
@@ -84,6 +84,7 @@ public:
 private:
     struct Dati;
     explicit Recordset(std::shared_ptr<Dati> Nuovo);
+    [[nodiscard]] Dati& Corrente() const;  ///< @throws Errore 3021 when nothing is open
     std::shared_ptr<Dati> Stato;
     friend class Database;
 };

@@ -1,0 +1,130 @@
+// How a file becomes a connection: the checks at the door and the register of what is open.
+#include "platform/connessione.h"
+
+#include "platform/errore.h"
+#include "platform/percorsi.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QtEndian>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+int PagineMassime = 0;
+int AttesaMs = 3000;
+
+QHash<QString, std::weak_ptr<Connessione>>& Registro()
+{
+    static QHash<QString, std::weak_ptr<Connessione>> Aperte;
+    return Aperte;
+}
+
+/// An interrupted write lies beside the file; the engine mends it when it opens the file.
+bool HaGiornale(const QString& File)
+{
+    return QFileInfo(File + u"-journal"_s).size() > 0;
+}
+
+// The whole content is not read (a rate archive has thousands of pages): a file that is shorter than its
+// own page count is the damage that a broken copy or download leaves.
+void ControllaTestata(const QString& File)
+{
+    constexpr qsizetype Lunghezza = 100;
+    QFile Aperto(File);
+    if (!Aperto.open(QIODevice::ReadOnly))
+        throw Errore(75);
+    const QByteArray Testata = Aperto.read(Lunghezza);
+    if (Testata.size() < Lunghezza || !Testata.startsWith(QByteArray("SQLite format 3\0", 16)))
+        throw Errore(3343);
+    const auto Numero = [&](int Posto) { return qFromBigEndian<quint32>(Testata.constData() + Posto); };
+    const quint16 Scritta = qFromBigEndian<quint16>(Testata.constData() + 16);
+    const qint64 Pagina = Scritta == 1 ? 65536 : Scritta;
+    const bool ContoValido = Numero(24) == Numero(92);
+    if (ContoValido && !HaGiornale(File) && Aperto.size() < Pagina * qint64(Numero(28)))
+        throw Errore(3343);
+}
+
+void ControllaFile(const QString& Percorso)
+{
+    const QFileInfo Info(Percorso);
+    if (!Info.exists())
+        throw Errore(3024);
+    if (!Info.isFile() || !Info.permission(QFile::ReadOwner))
+        throw Errore(75);
+}
+
+}  // namespace
+
+void LimitaPagine(int Pagine)
+{
+    PagineMassime = Pagine;
+}
+
+void ImpostaAttesaBlocchi(int Millisecondi)
+{
+    AttesaMs = Millisecondi;
+}
+
+void Connessione::Prepara()
+{
+    Esegui(u"PRAGMA busy_timeout=%1"_s.arg(AttesaMs));
+    Esegui(u"PRAGMA cell_size_check=ON"_s);
+    Esegui(u"PRAGMA temp_store=MEMORY"_s);
+    Esegui(u"PRAGMA schema_version"_s);
+    if (PuoScrivere) {
+        // A deleted journal leaves nothing beside the notes in the user's folder.
+        Esegui(u"PRAGMA journal_mode=DELETE"_s);
+        Esegui(u"PRAGMA synchronous=FULL"_s);
+    }
+    if (PagineMassime > 0)
+        Esegui(u"PRAGMA max_page_count=%1"_s.arg(PagineMassime));
+}
+
+std::shared_ptr<Connessione> Connessione::Condivisa(const QString& Percorso)
+{
+    const QString File = PercorsoNativo(Percorso);
+    ControllaFile(File);
+    const QString Chiave = QFileInfo(File).canonicalFilePath();
+    const bool SiScrive = !SolaLettura(Chiave);
+    Registro().removeIf([](const auto& Voce) { return Voce.value().expired(); });
+    // The file may have been replaced, or have lost its read-only attribute, while somebody still reads
+    // it as it was. (Opening and closing a file drops the process's locks on it: the header is looked at
+    // only when nobody here has the file open.)
+    if (const auto Presente = Registro().value(Chiave).lock();
+        Presente && !Presente->Spostato() && (Presente->Scrivibile() || !SiScrive))
+        return Presente;
+    ControllaTestata(Chiave);
+    auto Aperta = std::make_shared<Connessione>(Chiave, SiScrive ? Modo::Scrittura : Modo::SolaLettura);
+    Aperta->Prepara();
+    Registro().insert(Chiave, Aperta);
+    return Aperta;
+}
+
+std::shared_ptr<Connessione> Connessione::Nuova(const QString& Percorso)
+{
+    const QString File = PercorsoNativo(Percorso);
+    const QFileInfo Info(File);
+    if (Info.exists() || Info.isSymLink())
+        throw Errore(3204);
+    if (!Info.dir().exists())
+        throw Errore(3044);
+    if (!CartellaScrivibile(Info.path()))
+        throw Errore(75);
+    try {
+        auto Aperta = std::make_shared<Connessione>(Info.absoluteFilePath(), Modo::Nuovo);
+        Aperta->Prepara();
+        // An empty file is no database: the first table makes it one.
+        Aperta->Esegui(SqlTabellaCampi());
+        const QString Chiave = QFileInfo(File).canonicalFilePath();
+        Aperta->File = Chiave;
+        Registro().insert(Chiave, Aperta);
+        return Aperta;
+    } catch (const Errore&) {
+        QFile::remove(Info.absoluteFilePath());
+        throw;
+    }
+}
