@@ -1,1 +1,44 @@
 #include "core/modErrori.h"
+
+#include "core/sessione.h"
+#include "platform/messaggi.h"
+#include "platform/shell.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void Traccia()
+{
+    if (MostraTraccia)
+        MostraTraccia(u"FINESTRA DEBUG:\n"_s + sessione::TestoDebug);
+}
+
+}  // namespace
+
+bool GestioneErrori(const Errore& Guasto, int Ignora)
+{
+    const bool DaMostrare = Guasto.Numero > 0 && Guasto.Numero != Ignora;
+    if (DaMostrare) {
+        if (!sessione::TestoDebug.isEmpty())
+            Traccia();
+        MsgErrore(u"Errore: "_s + Guasto.Descrizione + u" ("_s + QString::number(Guasto.Numero) + u')');
+    }
+    Clessidra(false);
+    return DaMostrare;
+}
+
+void MsgErrore(const QString& Testo)
+{
+    MsgBox(Testo, vbCritical, TitoloErrore.toString());
+}
+
+void TraceDebug(const QString& Messaggio)
+{
+    // The first entry has no line break behind it, so that the second follows it on its line: kept so.
+    const bool Prima = sessione::TestoDebug.isEmpty();
+    sessione::TestoDebug += u"- "_s + Messaggio;
+    if (!Prima)
+        sessione::TestoDebug += u'\n';
+    Traccia();
+}
