@@ -1,1 +1,51 @@
 #include "core/CIni.h"
+
+#include "platform/messaggi.h"
+#include "platform/percorsi.h"
+#include "platform/profilo.h"
+#include "platform/shell.h"
+
+namespace {
+
+/// Characters of the read buffer, its end mark included.
+constexpr int Capienza = 1000;
+
+constexpr int GuastoInnocuo = 1025;
+
+QString Ripulito(QString Testo)
+{
+    Testo.removeIf([](QChar Carattere) { return Carattere.unicode() < 32; });
+    return Testo.trimmed();
+}
+
+}  // namespace
+
+QString CIni::GetValue(const QString& Chiave, const QString& Predefinito) const
+{
+    try {
+        return Ripulito(
+            GetPrivateProfileString(Sezione, Chiave, Predefinito.left(Capienza - 1), Capienza, File));
+    } catch (...) {
+        return ValoreDopoGuasto(ErroreCorrente(), Predefinito);
+    }
+}
+
+bool CIni::SetValue(const QString& Chiave, const QString& Valore) const
+{
+    return WritePrivateProfileString(Sezione, Chiave, Valore, File);
+}
+
+bool CIni::WriteINI(const QString& Gruppo, const QString& Chiave, const QString& Valore, const QString& Nome,
+                    const QString& Percorso) const
+{
+    const QString Cartella = Barra(Percorso.isEmpty() ? CartellaEseguibile() : Percorso);
+    return WritePrivateProfileString(Gruppo, Chiave, Valore, Cartella + Nome);
+}
+
+QString ValoreDopoGuasto(const Errore& Guasto, const QString& Predefinito)
+{
+    if (Guasto.Numero == GuastoInnocuo)
+        return Predefinito;
+    MsgBox(QString::number(Guasto.Numero) + u' ' + Guasto.Descrizione);
+    return {};
+}
