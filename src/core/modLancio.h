@@ -4,7 +4,8 @@
 #include <QString>
 
 /// Opens a PDF beside the program, at a page when it is above 0.
-/// A missing file is told and nothing is started; a missing viewer is told and the start is tried all the same.
+/// A missing file is told and nothing is started; a missing viewer is told and the start is tried all the
+/// same.
 void ApriPDF(const QString& Percorso, int Pagina = 0);
 
 /// Opens a web or mail address, lower-cased whole, with "http://" in front unless it has a scheme of
