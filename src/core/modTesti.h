@@ -3,6 +3,7 @@
 
 #include "platform/percorsi.h"
 #include "platform/regionale.h"
+#include "platform/shell.h"
 
 #include <QDate>
 #include <QList>
@@ -28,7 +29,8 @@
 /// Replaces every occurrence in one pass; what a replacement makes is not looked at again.
 [[nodiscard]] QString Sostituisci(const QString& Testo, const QString& Cercato, const QString& Nuovo);
 
-/// The greater and the lesser; a tie gives the first. Numbers compare as numbers, other values as text.
+/// The greater and the lesser; a tie gives the first. Numbers compare as numbers, dates as dates, all
+/// other pairs as text.
 [[nodiscard]] QVariant Massimo(const QVariant& Primo, const QVariant& Secondo);
 [[nodiscard]] QVariant Minimo(const QVariant& Primo, const QVariant& Secondo);
 
@@ -39,8 +41,10 @@
 /// invalid date: a column that holds nothing.
 [[nodiscard]] bool EVuoto(const QVariant& Valore);
 
-/// "a=b,c=d" cut at commas, each piece at its first "="; at most 100 pairs, the rest is left out.
+/// "a=b,c=d" cut at commas, each piece at its first "="; empty pieces are skipped, one without "=" has
+/// an empty value; at most 100 pairs, the rest is left out.
 [[nodiscard]] QList<std::pair<QString, QString>> ParseCoppie(const QString& Testo);
 
 /// 1 Windows 95, 2 98, 3 Me, 4 NT up to 4, 5 2000, 6 XP, 7 version 6 (Vista and later), 0 anything else.
 [[nodiscard]] int VersioneWindows();
+[[nodiscard]] int VersioneWindows(const VersioneSistema& Sistema);

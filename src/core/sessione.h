@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 
 #include <array>
 
@@ -22,43 +23,52 @@ struct Richiesta
     friend bool operator==(const Richiesta&, const Richiesta&) = default;
 };
 
+/// The names that the session carries; they hold before the start too.
+inline constexpr std::array<QStringView, 8> NomiGiorni{
+    u"", u"Lunedì", u"Martedì", u"Mercoledì", u"Giovedì", u"Venerdì", u"Sabato", u"Domenica",
+};
+inline constexpr std::array<QStringView, 13> NomiMesi{
+    u"",       u"Gennaio", u"Febbraio",  u"Marzo",   u"Aprile",   u"Maggio",   u"Giugno",
+    u"Luglio", u"Agosto",  u"Settembre", u"Ottobre", u"Novembre", u"Dicembre",
+};
+
 namespace sessione {
 
-inline QString PercorsoProg;     ///< program folder, with the separator at its end
-inline QString ArchivioCliCon;   ///< law-office database, full path
-inline QString StudioNome;       ///< empty: the program was never personalised
+inline QString PercorsoProg;    ///< program folder, with the separator at its end
+inline QString ArchivioCliCon;  ///< law-office database, full path
+inline QString StudioNome;      ///< empty: the program was never personalised
 inline QString StudioIndir;
 inline QString StudioCitta;
 inline QString StudioCodFisc;
 inline QString StudioMail;
 inline QString StudioPIva;
-inline QString Firma;            ///< signature line of prints
-inline QString ParcellePath;     ///< folder of saved fee notes
-inline QString ModelliPath;      ///< folder of templates; derived, never stored
-inline float IVA = 21.0F;        ///< VAT, percent
-inline float RA = 20.0F;         ///< withholding tax, percent
-inline float SpeseGen = 12.5F;   ///< general expenses, percent
-inline float CP = 4.0F;          ///< pension fund, percent
+inline QString Firma;           ///< signature line of prints
+inline QString ParcellePath;    ///< folder of saved fee notes
+inline QString ModelliPath;     ///< folder of templates; derived, never stored
+inline float IVA = 21.0F;       ///< VAT, percent
+inline float RA = 20.0F;        ///< withholding tax, percent
+inline float SpeseGen = 12.5F;  ///< general expenses, percent
+inline float CP = 4.0F;         ///< pension fund, percent
 inline QString Iban;
-inline bool CercaAgg = true;     ///< look for updates at the start
+inline bool CercaAgg = true;               ///< look for updates at the start
 inline QString WP = QStringLiteral("-1");  ///< path of an alternative editor
-inline int ProgFatt = 0;         ///< last invoice number used
-inline QString UserFolder;       ///< per-user data, with the separator at its end when derived
+inline int ProgFatt = 0;                   ///< last invoice number used
+inline QString UserFolder;                 ///< per-user data, with the separator at its end when derived
 inline QString SfondoDesktop;
-inline int ColoreSfondoDesktop = 2508052;   ///< colours as 0xBBGGRR
+inline int ColoreSfondoDesktop = 2508052;  ///< colours as 0xBBGGRR
 inline int ColoreEtichette = 16777215;
 inline int ColoreEtichetteBordo = 0;
 inline int ColoreEtichettaSel = 255;
 
-inline QString TitoloProdotto;   ///< "Calcanova 3"
-inline QString PrefissoOdbc;     ///< connection prefix before a database path
+inline QString TitoloProdotto;             ///< "Calcanova 3"
+inline QString PrefissoOdbc;               ///< connection prefix before a database path
 inline std::array<QString, 8> GiorniSett;  ///< 1 Monday .. 7 Sunday, 0 empty
 inline std::array<QString, 13> Mesi;       ///< 1 January .. 12 December, 0 empty
 
-inline QString PercorsoVDM;      ///< folder of the earlier product
+inline QString PercorsoVDM;  ///< folder of the earlier product
 inline bool ModoLow = false;
 inline bool ModoDebug = false;
-inline QString CartellaLocale;   ///< companion application, automation start only
+inline QString CartellaLocale;  ///< companion application, automation start only
 inline QString ArchivioPrat;
 inline Richiesta RichiestaPV2;
 inline QString TestoDebug;
