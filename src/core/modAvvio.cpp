@@ -1,1 +1,192 @@
 #include "core/modAvvio.h"
+
+#include "core/modErrori.h"
+#include "platform/impostazioni.h"
+#include "platform/messaggi.h"
+#include "platform/percorsi.h"
+#include "platform/regionale.h"
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString Parametro(const QString& Chiave, const QString& Predefinito = {})
+{
+    return GetSetting(Applicazione.toString(), SezioneParametri.toString(), Chiave, Predefinito);
+}
+
+void Fase(const QString& Testo)
+{
+    if (sessione::ModoDebug)
+        TraceDebug(Testo);
+}
+
+/// The folder when it exists, else the program folder.
+QString CartellaOProgramma(const QString& Cartella)
+{
+    return EsisteCartella(Cartella) ? Barra(Cartella) : sessione::PercorsoProg;
+}
+
+void LeggiStudio()
+{
+    using namespace sessione;
+    StudioNome = Parametro(u"StudioNome"_s);
+    StudioIndir = Parametro(u"StudioIndir"_s);
+    StudioCitta = Parametro(u"StudioCitta"_s);
+    StudioCodFisc = Parametro(u"StudioCodFisc"_s);
+    StudioMail = Parametro(u"StudioMail"_s);
+    StudioPIva = Parametro(u"StudioPIva"_s);
+    Firma = Parametro(u"Firma"_s);
+}
+
+void LeggiCartelleParcelle()
+{
+    using namespace sessione;
+    ParcellePath = Barra(Parametro(u"ParcellePath"_s, CartellaOProgramma(PercorsoProg + u"Parcelle"_s)));
+    ModelliPath = CartellaOProgramma(ParcellePath + u"Modelli"_s);
+}
+
+/// A malformed percentage leaves the one in force, so that a slip of the pen never blocks the start.
+void LeggiAliquota(float& Aliquota, const QString& Chiave, const QString& Predefinito)
+{
+    try {
+        Aliquota = CSng(Parametro(Chiave, Predefinito));
+    } catch (const Errore&) {
+        return;
+    }
+}
+
+void LeggiAliquote()
+{
+    LeggiAliquota(sessione::IVA, u"IVA"_s, u"21"_s);
+    LeggiAliquota(sessione::RA, u"RA"_s, u"20"_s);
+    LeggiAliquota(sessione::SpeseGen, u"SpeseGen"_s, u"12,5"_s);
+    LeggiAliquota(sessione::CP, u"CP"_s, u"4"_s);
+    sessione::Iban = Parametro(u"Iban"_s);
+}
+
+void LeggiScrivania()
+{
+    using namespace sessione;
+    SfondoDesktop = Parametro(u"SfondoDesktop"_s, u"lex.jpg"_s);
+    ColoreSfondoDesktop = CLng(Parametro(u"ColoreSfondoDesktop"_s, u"2508052"_s));
+    ColoreEtichette = CLng(Parametro(u"ColoreEtichette"_s, u"16777215"_s));
+    // Written by the settings as ColoreEtichetteBordo: the store does not look at the case.
+    ColoreEtichetteBordo = CLng(Parametro(u"ColoreEtichettebordo"_s, u"0"_s));
+    ColoreEtichettaSel = CLng(Parametro(u"ColoreEtichettaSel"_s, u"255"_s));
+}
+
+void VerificaCartellaUtente()
+{
+    using namespace sessione;
+    if (UserFolder.isEmpty()) {
+        UserFolder = CartellaUtente(LeggiVersioneSistema());
+    } else if (!EsisteCartella(UserFolder)) {
+        MsgErrore(u"Attenzione la cartella "_s + UserFolder + u" non è stata trovata!\n"_s +
+                  u"Verificare la corretta impostazione nel menu Personalizzazioni->Setup quindi creare la "
+                  u"cartella se necessario."_s);
+    }
+}
+
+void LeggiParametri()
+{
+    using namespace sessione;
+    Fase(u"avvio impostazione variabili"_s);
+    TitoloProdotto = u"Calcanova 3"_s;
+    PrefissoOdbc = u"DRIVER=Microsoft Access Driver (*.mdb);DBQ="_s;
+    PercorsoProg = Barra(Parametro(u"PercorsoProcedura"_s, CartellaEseguibile()));
+    ArchivioCliCon = PercorsoArchivio(Parametro(u"ArchivioCliCon"_s, PercorsoProg + u"DatiStudio.mdb"_s));
+    Fase(u"avvio impostazione variabili1"_s);
+    LeggiStudio();
+    LeggiCartelleParcelle();
+    Fase(u"avvio impostazione variabili2"_s);
+    LeggiAliquote();
+    Fase(u"avvio impostazione variabili3"_s);
+    CercaAgg = Parametro(u"CercaAgg"_s, u"S"_s) == u"S";
+    WP = Parametro(u"WP"_s, u"-1"_s);
+    ProgFatt = CInt(Parametro(u"ProgFatt"_s, u"0"_s));
+    UserFolder = Parametro(u"UserFolder"_s);
+    LeggiScrivania();
+    Fase(u"avvio impostazione variabili4"_s);
+    VerificaCartellaUtente();
+    std::ranges::transform(NomiGiorni, GiorniSett.begin(), &QStringView::toString);
+    std::ranges::transform(NomiMesi, Mesi.begin(), &QStringView::toString);
+    Fase(u"fine impostazione variabili"_s);
+}
+
+/// The next field of a request, up to its "|", which is taken too; nothing when there is no "|".
+std::optional<QString> PrendiCampo(QStringView& Resto)
+{
+    const qsizetype Fine = Resto.indexOf(u'|');
+    if (Fine < 0)
+        return std::nullopt;
+    const QString Campo = Resto.first(Fine).toString();
+    Resto = Resto.sliced(Fine + 1);
+    return Campo;
+}
+
+int Intero16(double Valore)
+{
+    const double Intero = Round(Valore);
+    if (Intero < std::numeric_limits<qint16>::min() || Intero > std::numeric_limits<qint16>::max())
+        throw Errore(6);
+    return static_cast<int>(Intero);
+}
+
+/// What each field becomes, in the order in which the fields are sent.
+using Lettura = void (*)(Richiesta&, const QString&);
+constexpr std::array<Lettura, 7> Letture{
+    [](Richiesta& r, const QString& Campo) { r.ID = Campo; },
+    [](Richiesta& r, const QString& Campo) { r.Categoria = CInt(Campo); },
+    [](Richiesta& r, const QString& Campo) { r.Autorita = CInt(Campo); },
+    [](Richiesta& r, const QString& Campo) { r.Valore = CDbl(Campo); },
+    [](Richiesta& r, const QString& Campo) { r.IDCli = CLng(Campo); },
+    [](Richiesta& r, const QString& Campo) { r.IDCon = CLng(Campo); },
+    [](Richiesta& r, const QString& Campo) { r.Scelta = Intero16(Val(Campo)); },
+};
+
+bool RiempiRichiesta(Richiesta& Nuova, QStringView Resto)
+{
+    for (const Lettura Leggi : Letture) {
+        const std::optional<QString> Campo = PrendiCampo(Resto);
+        if (!Campo)
+            return false;
+        Leggi(Nuova, *Campo);
+    }
+    return true;
+}
+
+}  // namespace
+
+void ImpostaVariabili()
+{
+    Protetta(LeggiParametri);
+}
+
+QString PercorsoArchivio(const QString& Valore)
+{
+    if (Valore.isEmpty() || Valore.endsWith(u".mdb", Qt::CaseInsensitive))
+        return Valore;
+    return Barra(Valore) + u"DatiStudio.mdb"_s;
+}
+
+QString CartellaUtente(const VersioneSistema& Sistema)
+{
+    constexpr int Documenti = 5;
+    constexpr int Vista = 6;
+    return Barra(Sistema.Maggiore >= Vista ? CartellaSpeciale(Documenti) + u"KR5"_s : sessione::PercorsoProg);
+}
+
+bool LeggiRichiestaPV2(const QString& Testo)
+{
+    bool Completa = false;
+    sessione::RichiestaPV2 = {};
+    Protetta([&] { Completa = RiempiRichiesta(sessione::RichiestaPV2, Testo); });
+    if (!Completa)
+        sessione::RichiestaPV2 = {};
+    return Completa;
+}

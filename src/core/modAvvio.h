@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/sessione.h"
+#include "platform/shell.h"
 
 #include <QString>
 
@@ -14,10 +15,18 @@ inline constexpr QStringView SezioneParametri = u"Parametri";
 /// its variable as it was.
 void ImpostaVariabili();
 
-/// The path with the separator at its end; ArchivioCliCon rule: a stored folder gets "DatiStudio.mdb".
+/// Full path of the law-office database: a stored folder gets "DatiStudio.mdb" behind one separator, a
+/// path that ends in ".mdb", whatever its case, and an empty one stay as they are.
 [[nodiscard]] QString PercorsoArchivio(const QString& Valore);
 
+/// Where the user's data lie when nothing is stored: "KR5" in the Documents, or the program folder on a
+/// system before major version 6; with the separator at its end. The folder may not exist.
+[[nodiscard]] QString CartellaUtente(const VersioneSistema& Sistema);
+
 /// Cuts the request behind "PV2|N|" into the session's RichiestaPV2: seven fields, each followed by "|".
+/// What stands behind the seventh is ignored. Numbers are in Italian form; Categoria, Autorita and
+/// Scelta fit 16 bits, Scelta counts 0 when it does not begin with a number.
+///
 /// @return false when a "|" is missing or a number cannot be read (the latter is reported too); the
 ///         session's request is then empty
 bool LeggiRichiestaPV2(const QString& Testo);
