@@ -1,1 +1,387 @@
 #include "print/modCorpo.h"
+
+#include "core/sessione.h"
+#include "feenote/modAcconti.h"
+#include "print/modRiepilogo.h"
+
+#include <array>
+#include <span>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QStringView Filetto = u"________";                        // over an amount
+constexpr QStringView FilettoTripla = u"________________________";  // over the three sums
+
+struct ModelloColonna
+{
+    QStringView Titolo;
+    QStringView Larghezza;
+    Allineamento Allinea;
+    int FontSize;
+    int Campo;
+};
+
+constexpr auto Sinistra = Allineamento::Sinistra;
+constexpr auto Centro = Allineamento::Centro;
+constexpr auto Destra = Allineamento::Destra;
+
+constexpr std::array ColonneOnorari{
+    ModelloColonna{u"ONORARI", u"9cm", Sinistra, 10, CampoTesto},
+    ModelloColonna{u"", u"1cm", Sinistra, 9, CampoQuantita},
+    ModelloColonna{u"Importo", u"1.8cm", Destra, 9, CampoImporto},
+};
+constexpr std::array ColonnaTripla{
+    ModelloColonna{u"(Medio-Minimo-Massimo)", u"5.5cm", Centro, 9, CampoTripla},
+};
+constexpr std::array ColonneSpese{
+    ModelloColonna{u"SPESE", u"9cm", Sinistra, 10, CampoTesto},
+    ModelloColonna{u"", u"1cm", Sinistra, 9, CampoQuantita},
+    ModelloColonna{u"Imponibile", u"1.8cm", Destra, 9, CampoImporto},
+    ModelloColonna{u"Esente", u"1.8cm", Destra, 9, CampoEsente},
+};
+constexpr std::array ColonneAcconti{
+    ModelloColonna{u"ACCONTI", u"10cm", Sinistra, 10, CampoAcconto},
+    ModelloColonna{u"Corrispett.", u"1.8cm", Destra, 9, AccCorrispettivi},
+    ModelloColonna{u"Spese imp.", u"1.8cm", Destra, 9, AccSpeseImp},
+    ModelloColonna{u"Sp.esenti", u"1.8cm", Destra, 9, AccSpeseEsenti},
+};
+
+// A field is the number of the line's column, in fees and expenses alike.
+static_assert(int{OnoDescr} == CampoTesto && int{OnoQta} == CampoQuantita && int{OnoImporto} == CampoImporto);
+static_assert(int{DirDescr} == CampoTesto && int{DirQta} == CampoQuantita &&
+              int{DirImponibile} == CampoImporto);
+static_assert(int{DirEsente} == CampoEsente && int{AccDescr} == CampoAcconto);
+
+void AddCol(std::vector<DescrColonna>& Colonne, std::span<const ModelloColonna> Modelli)
+{
+    for (const ModelloColonna& Modello : Modelli)
+        Colonne.push_back({Modello.Titolo.toString(), Modello.Larghezza.toString(), Modello.Allinea,
+                           u"Times New Roman"_s, Modello.FontSize, false, false, Modello.Campo});
+}
+
+// ---- the shape that the three tables have in common
+
+using Colonne = std::vector<DescrColonna>;
+
+int Ultima(const Colonne& Tutte)
+{
+    return static_cast<int>(Tutte.size());
+}
+
+void ScriviCella(Superficie& vp, int Riga, int Colonna, const QString& Testo)
+{
+    vp.CellaTabella(AttrTabella::Testo, Riga, Colonna, Testo);
+}
+
+void ApriTabella(Superficie& vp, const Colonne& Tutte)
+{
+    vp.StartTable();
+    vp.TableCell(AttrTabella::Colonne, QVariant(Ultima(Tutte)));
+    const int Titoli = AggiungiRigaTab(vp);
+    for (int Colonna = 1; Colonna <= Ultima(Tutte); ++Colonna)
+        ScriviCella(vp, Titoli, Colonna, Tutte[static_cast<std::size_t>(Colonna) - 1].Titolo);
+    AggiungiRigaTab(vp);
+}
+
+void ApplicaColonne(Superficie& vp, const Colonne& Tutte)
+{
+    for (int Colonna = 1; Colonna <= Ultima(Tutte); ++Colonna) {
+        const DescrColonna& Sua = Tutte[static_cast<std::size_t>(Colonna) - 1];
+        vp.ColonnaTabella(AttrTabella::Allinea, Colonna, static_cast<int>(Sua.Allinea));
+        vp.ColonnaTabella(AttrTabella::LarghezzaColonna, Colonna, Sua.Larghezza);
+        vp.ColonnaTabella(AttrTabella::FontDimensione, Colonna, Sua.FontSize);
+        vp.ColonnaTabella(AttrTabella::FontNome, Colonna, Sua.FontName);
+        vp.ColonnaTabella(AttrTabella::Grassetto, Colonna, Sua.Grassetto);
+        vp.ColonnaTabella(AttrTabella::Corsivo, Colonna, Sua.Corsivo);
+    }
+}
+
+void ChiudiTabella(Superficie& vp)
+{
+    vp.TableBorder(0);
+    vp.EndTable();
+}
+
+// ---- fees and expenses
+
+QString TestoTripla(double Medio, double Minimo, double Massimo)
+{
+    return u'(' + ImportoStampa(Medio) + u'-' + ImportoStampa(Minimo) + u'-' + ImportoStampa(Massimo) + u')';
+}
+
+QString TestoQuantita(const QVariant& Quantita)
+{
+    return NumeroDi(Quantita) > 0 ? u"n. "_s + CStr(Quantita) : QString();
+}
+
+/// What a column shows of a line of fees or expenses.
+QString TestoVoce(int Campo, const TabellaRighe& Righe, int Riga)
+{
+    switch (Campo) {
+    case CampoQuantita:
+        return TestoQuantita(Righe(Riga, Campo));
+    case CampoImporto:
+    case CampoEsente:
+        return ImportoStampa(NumeroDi(Righe(Riga, Campo)));
+    case CampoTripla:
+        return TestoTripla(NumeroDi(Righe(Riga, OnoMedio)), NumeroDi(Righe(Riga, OnoMin)),
+                           NumeroDi(Righe(Riga, OnoMax)));
+    case CampoNullo:
+        return {};
+    default:
+        return CStr(Righe(Riga, Campo));
+    }
+}
+
+void ScriviVoci(Superficie& vp, const Colonne& Tutte, const TabellaRighe& Righe)
+{
+    for (int Riga = 0; Riga <= Righe.UpperBound(1); ++Riga) {
+        const int RigaTab = AggiungiRigaTab(vp);
+        for (int Colonna = 1; Colonna <= Ultima(Tutte); ++Colonna)
+            ScriviCella(vp, RigaTab, Colonna,
+                        TestoVoce(Tutte[static_cast<std::size_t>(Colonna) - 1].Campo, Righe, Riga));
+    }
+}
+
+/// A rule and the figure below it, in the last two rows of the table.
+void ScriviTotale(Superficie& vp, int RigaFiletto, int Colonna, QStringView Riga, const QString& Totale)
+{
+    ScriviCella(vp, RigaFiletto, Colonna, Riga.toString());
+    ScriviCella(vp, RigaFiletto + 1, Colonna, Totale);
+}
+
+/// The tables of fees and expenses leave a blank row before what follows.
+void ChiudiVoci(Superficie& vp, const Colonne& Tutte)
+{
+    ApplicaColonne(vp, Tutte);
+    AggiungiRigaTab(vp);
+    ChiudiTabella(vp);
+}
+
+/// Fees and expenses of the associated note under their title.
+void StampaAssociata(Superficie& vp, StatoStampa& Stato, const Parcella& Nota)
+{
+    TitoloSezione(vp, Stato, Nota.Multi.Categ, Nota.Multi.Autor, Nota.Multi.Valore);
+    StampaOnorari(vp, Nota, Nota.Multi.xOnorari, true);
+    StampaSpese(vp, Nota, Nota.Multi.xDiritti, true);
+}
+
+// ---- payments
+
+bool MostraAcconti(const Parcella& Nota, int Tipo)
+{
+    const bool Qualcuno = !Nota.xAcconti.Vuota() || (Nota.Multipla() && !Nota.Multi.xAcconti.Vuota());
+    return Nota.chkAcconti.Vale() && Tipo != StampaNotaGiudiziale && Qualcuno;
+}
+
+bool ImportoAcconto(int Campo)
+{
+    return Campo == AccCorrispettivi || Campo == AccSpeseImp || Campo == AccSpeseEsenti;
+}
+
+void ScriviAcconti(Superficie& vp, const Colonne& Tutte, const TabellaRighe& Righe)
+{
+    for (int Riga = 0; Riga <= Righe.UpperBound(1); ++Riga) {
+        const int RigaTab = AggiungiRigaTab(vp);
+        for (int Colonna = 1; Colonna <= Ultima(Tutte); ++Colonna) {
+            const int Campo = Tutte[static_cast<std::size_t>(Colonna) - 1].Campo;
+            const QVariant& Valore = Righe(Riga, Campo);
+            ScriviCella(vp, RigaTab, Colonna,
+                        ImportoAcconto(Campo) ? ImportoStampa(AccontoInEuro(Valore, Righe(Riga, AccValuta)))
+                                              : CStr(Valore));
+        }
+    }
+}
+
+void StampaAcconti(Superficie& vp, const Parcella& Nota, const SommeAcconti& Totali)
+{
+    const Colonne Tutte = PreparaColonne(Nota, TabellaStampa::Acconti);
+    ApriTabella(vp, Tutte);
+    ScriviAcconti(vp, Tutte, Nota.xAcconti);
+    if (Nota.Multipla())
+        ScriviAcconti(vp, Tutte, Nota.Multi.xAcconti);
+
+    const int RigaFiletto = AggiungiRigaTab(vp);
+    AggiungiRigaTab(vp);
+    int Colonna = Ultima(Tutte) - 2;
+    for (const double Totale : {Totali.Corrispettivi, Totali.SpeseImp, Totali.SpeseEsenti})
+        ScriviTotale(vp, RigaFiletto, Colonna++, Filetto, ImportoStampa(Totale));
+    ApplicaColonne(vp, Tutte);
+    ChiudiTabella(vp);
+}
+
+// ---- office head
+
+/// The text on a line of its own below another; nothing when it is empty.
+QString Sotto(const QString& Testo)
+{
+    return Testo.isEmpty() ? QString() : u'\n' + Testo;
+}
+
+QString CodiciStudio()
+{
+    QString Codici;
+    if (!sessione::StudioCodFisc.isEmpty())
+        Codici += u"C.F. "_s + sessione::StudioCodFisc + u'\n';
+    if (!sessione::StudioPIva.isEmpty())
+        Codici += u"P.I. "_s + sessione::StudioPIva;
+    return Codici;
+}
+
+bool Comincia(const QString& Categ, QStringView Lettere)
+{
+    return Categ.startsWith(Lettere, Qt::CaseInsensitive);
+}
+
+/// One line of a section title.
+void RigaTitolo(Superficie& vp, const QString& Testo)
+{
+    vp.Text(Testo);
+    vp.Paragraph({});
+}
+
+}  // namespace
+
+std::vector<DescrColonna> PreparaColonne(const Parcella& Nota, TabellaStampa Quale)
+{
+    Colonne Tutte;
+    switch (Quale) {
+    case TabellaStampa::Onorari:
+        AddCol(Tutte, ColonneOnorari);
+        // The contract disables the switch without clearing it: its table has three columns.
+        if (Nota.chkMinMax.Vale())
+            AddCol(Tutte, ColonnaTripla);
+        break;
+    case TabellaStampa::Spese:
+        AddCol(Tutte, ColonneSpese);
+        break;
+    case TabellaStampa::Acconti:
+        AddCol(Tutte, ColonneAcconti);
+        break;
+    }
+    return Tutte;
+}
+
+int AggiungiRigaTab(Superficie& vp)
+{
+    const int Riga = vp.TableCell(AttrTabella::Righe).toInt() + 1;
+    vp.TableCell(AttrTabella::Righe, QVariant(Riga));
+    return Riga;
+}
+
+void RigaVuota(Superficie& vp, int Quante)
+{
+    for (int Fatte = 0; Fatte < Quante; ++Fatte)
+        vp.Paragraph({});
+}
+
+void IntestazioneStudio(Superficie& vp, const Parcella& Nota, int /*Tipo*/)
+{
+    vp.FontSize(12);
+    vp.TextAlign(Allineamento::Sinistra);
+    vp.StartTable();
+    vp.TableCell(AttrTabella::Colonne, QVariant(3));
+    vp.TableCell(AttrTabella::Righe, QVariant(2));
+    vp.ColonnaTabella(AttrTabella::LarghezzaColonna, 1, u"8cm"_s);
+    vp.ColonnaTabella(AttrTabella::LarghezzaColonna, 2, u"0.5cm"_s);
+    vp.ColonnaTabella(AttrTabella::LarghezzaColonna, 3, u"9.5cm"_s);
+    for (const int Colonna : {1, 3})
+        vp.ColonnaTabella(AttrTabella::AllineaTesto, Colonna, static_cast<int>(Allineamento::AltoSinistra));
+
+    ScriviCella(vp, 1, 1, sessione::StudioNome + Sotto(sessione::StudioIndir) + Sotto(sessione::StudioCitta));
+    vp.CellaTabella(AttrTabella::FontDimensione, 2, 1, 10);
+    ScriviCella(vp, 2, 1, CodiciStudio());
+    ScriviCella(vp, 2, 3, Nota.txtDatiStaCli.Testo);
+    ChiudiTabella(vp);
+}
+
+void TitoloSezione(Superficie& vp, StatoStampa& Stato, const QString& Categ, const QString& Autor,
+                   const QString& Valore)
+{
+    ++Stato.ContaSezioni;
+    vp.FontSize(12);
+    RigaTitolo(vp, QString::number(Stato.ContaSezioni) + u") Prestazioni in materia: "_s + Categ);
+    vp.FontSize(10);
+    if (!Comincia(Categ, u"stragiud"))
+        RigaTitolo(vp, u"Autorità: "_s + Autor);
+    if (!Comincia(Categ, u"penale"))
+        RigaTitolo(vp, u"Valore: "_s + Valore);
+    vp.Paragraph({});
+}
+
+void StampaOnorari(Superficie& vp, const Parcella& Nota, const TabellaRighe& Righe, bool SenzaTotale)
+{
+    if (Righe.UpperBound(1) < 0)
+        return;
+    const Colonne Tutte = PreparaColonne(Nota, TabellaStampa::Onorari);
+    const bool MinMax = Nota.chkMinMax.Vale();
+    ApriTabella(vp, Tutte);
+    ScriviVoci(vp, Tutte, Righe);
+
+    const int RigaFiletto = AggiungiRigaTab(vp);
+    AggiungiRigaTab(vp);
+    if (MinMax)
+        ScriviTotale(vp, RigaFiletto, Ultima(Tutte), FilettoTripla,
+                     TestoTripla(SommaColonna(Righe, OnoMedio), SommaColonna(Righe, OnoMin),
+                                 SommaColonna(Righe, OnoMax)));
+    const double Totale = SenzaTotale ? Nota.Multi.TotOnorari : CalcolaSomme(Nota).TotOnorari;
+    ScriviTotale(vp, RigaFiletto, Ultima(Tutte) - (MinMax ? 1 : 0), Filetto, ImportoStampa(Totale));
+    ChiudiVoci(vp, Tutte);
+}
+
+void StampaSpese(Superficie& vp, const Parcella& Nota, const TabellaRighe& Righe, bool SenzaTotale)
+{
+    if (Righe.UpperBound(1) < 0)
+        return;
+    const Colonne Tutte = PreparaColonne(Nota, TabellaStampa::Spese);
+    ApriTabella(vp, Tutte);
+    ScriviVoci(vp, Tutte, Righe);
+
+    const int RigaFiletto = AggiungiRigaTab(vp);
+    AggiungiRigaTab(vp);
+    const Somme Proprie = CalcolaSomme(Nota);
+    const double Imponibili = SenzaTotale ? Nota.Multi.TotSpeseImp : Proprie.TotSpeseImp;
+    const double Esenti = SenzaTotale ? Nota.Multi.TotSpeseEsenti : Proprie.TotSpeseEsenti;
+    ScriviTotale(vp, RigaFiletto, Ultima(Tutte) - 1, Filetto, ImportoStampa(Imponibili));
+    ScriviTotale(vp, RigaFiletto, Ultima(Tutte), Filetto, ImportoStampa(Esenti));
+    ChiudiVoci(vp, Tutte);
+}
+
+void StampaCorpo(Superficie& vp, StatoStampa& Stato, const Parcella& Nota, int Tipo)
+{
+    constexpr int Anteponi = 1;
+    vp.FontSize(10);
+    if (Nota.Multipla() && Nota.optMultiAntPos == Anteponi)
+        StampaAssociata(vp, Stato, Nota);
+    if (Nota.Multipla() && Nota.chkMultiParam)
+        TitoloSezione(vp, Stato, TestoCategoria(Nota), TestoAutorita(Nota), TestoValore(Nota));
+    StampaOnorari(vp, Nota, Nota.xOnorari, false);
+    StampaSpese(vp, Nota, Nota.xDiritti, false);
+    if (Nota.Multipla() && Nota.optMultiAntPos != Anteponi)
+        StampaAssociata(vp, Stato, Nota);
+
+    Stato.Acconti = CalcolaAcconti(Nota, Tipo);
+    if (MostraAcconti(Nota, Tipo))
+        StampaAcconti(vp, Nota, Stato.Acconti);
+}
+
+void StampaIban(Superficie& vp, const Parcella& Nota)
+{
+    if (!Nota.chkIBAN.Attiva)
+        return;
+    RigaVuota(vp, 2);
+    vp.Text(u"Il pagamento può essere effettuato mediante bonifico su c/c con il seguente IBAN: "_s +
+            sessione::Iban);
+}
+
+void StampaFirma(Superficie& vp)
+{
+    constexpr int BianchiPrima = 65;  // pushes the signature to the right half
+    RigaVuota(vp);
+    if (sessione::Firma.isEmpty())
+        return;
+    RigaVuota(vp);
+    vp.Text(QString(BianchiPrima, u' ') + sessione::Firma);
+}

@@ -1,4 +1,7 @@
-// The blocks that documents share: office head, section titles, tables of fees, expenses, payments.
+// The blocks that documents share: office head, section titles, tables of fees, expenses, payments, foot.
+//
+// A blank line ends a row that text has begun; with no row begun it gives one blank row. Hence the blank
+// lines that stand in front of most lines here.
 #pragma once
 
 #include "feenote/modTotali.h"
@@ -7,6 +10,18 @@
 #include <QString>
 
 #include <vector>
+
+/// What a column of a table of lines shows. Any other value shows the text of the line's column of that
+/// number. In the table of payments 2, 3 and 4 are the three amounts.
+enum CampoStampa {
+    CampoAcconto = 0,  ///< text of a payment
+    CampoTesto = 1,
+    CampoQuantita = 2,
+    CampoImporto = 3,
+    CampoEsente = 4,   ///< exempt amount of an expense
+    CampoTripla = 5,   ///< medium, minimum and maximum
+    CampoNullo = 999,  ///< nothing
+};
 
 /// A column of a table of lines.
 struct DescrColonna
@@ -18,7 +33,9 @@ struct DescrColonna
     int FontSize = 10;  ///< points
     bool Corsivo = false;
     bool Grassetto = false;
-    int Campo = 1;      ///< what it shows: 0 payment text, 1 text, 2 quantity, 3 amount, 4 exempt, 5 triple, 999 nothing
+    int Campo = CampoTesto;  ///< a CampoStampa or the number of a line's column
+
+    friend bool operator==(const DescrColonna&, const DescrColonna&) = default;
 };
 
 enum class TabellaStampa { Onorari = 1, Spese = 2, Acconti = 3 };
@@ -30,11 +47,31 @@ struct StatoStampa
     SommeAcconti Acconti;  ///< totals of the payments, set by StampaCorpo
 };
 
+/// Columns of a table of lines; the triple stands among them while its switch is on and enabled.
 [[nodiscard]] std::vector<DescrColonna> PreparaColonne(const Parcella& Nota, TabellaStampa Quale);
 
+/// Appends a row to the open table and returns its number, from 1. @throws Errore 5 without an open table
+int AggiungiRigaTab(Superficie& vp);
+/// Blank lines.
+void RigaVuota(Superficie& vp, int Quante = 1);
+
+/// The office of the session on the left, the client block of the note on the right, whatever the type.
 void IntestazioneStudio(Superficie& vp, const Parcella& Nota, int Tipo);
+/// One numbered title. Out-of-court matters have no authority, penal ones no value; told by the first
+/// letters of the category.
 void TitoloSezione(Superficie& vp, StatoStampa& Stato, const QString& Categ, const QString& Autor,
                    const QString& Valore);
+
+/// Tables of fees and of expenses; nothing for a table without rows.
+/// @param SenzaTotale the lines are the associated note's: its totals stand below them, not this note's
+/// @throws Errore 9 for lines with fewer columns than their table has
 void StampaOnorari(Superficie& vp, const Parcella& Nota, const TabellaRighe& Righe, bool SenzaTotale);
 void StampaSpese(Superficie& vp, const Parcella& Nota, const TabellaRighe& Righe, bool SenzaTotale);
+/// Fees and expenses of this note and of the associated one, each with its title, then the payments of
+/// both, in euro, where the document shows them. Leaves the payments' totals in the state.
 void StampaCorpo(Superficie& vp, StatoStampa& Stato, const Parcella& Nota, int Tipo);
+
+/// The bank details, while their switch is on: two blank lines and the sentence.
+void StampaIban(Superficie& vp, const Parcella& Nota);
+/// A blank line and, where the session has a signature, the signature to the right.
+void StampaFirma(Superficie& vp);

@@ -13,10 +13,10 @@
 struct RigaRiepilogo
 {
     enum Genere {
-        Titolo,    ///< "RIEPILOGO: "
-        Voce,      ///< label and amount; the label of a subtotal is empty
-        Filetto,   ///< the rule over a sum
-        Lettere,   ///< the amount in words, in brackets, over both columns
+        Titolo,   ///< "RIEPILOGO: "
+        Voce,     ///< label and amount; the label of a subtotal is empty
+        Filetto,  ///< the rule over a sum, as its amount
+        Lettere,  ///< the amount in words, in brackets, over both columns
         Vuota,
         Chiusura,  ///< closing sentence over both columns
     };
@@ -31,7 +31,12 @@ struct RigaRiepilogo
 [[nodiscard]] QList<RigaRiepilogo> RigheRiepilogo(const Catena& Conti);
 
 /// Writes sentence of the variation, table, and the sentence of the subsidised regime where it is due.
+/// While a request of the companion application runs, what it takes of the document is memorised.
 void StampaRiepilogo(Superficie& vp, const Parcella& Nota, int Tipo);
 
-/// "label=amount" joined by "|", subtotals with an empty label, the amount in words last.
+/// The three lines of the subsidised regime (D.L. 98/2011 art. 27) below a blank line, as one text.
+void StampaRegimeAgevolato(Superficie& vp);
+
+/// "label=amount" joined by "|", subtotals with an empty label, the amount in words last, without brackets.
+/// Title, rules and blank rows are left out; the closing sentence is a label without amount before the words.
 [[nodiscard]] QString RiepilogoInRiga(const Catena& Conti);
