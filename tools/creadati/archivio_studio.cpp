@@ -1,1 +1,60 @@
 #include "creadati/archivio_studio.h"
+
+#include "creadati/scrittura.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Campo Chiave()
+{
+    Campo ID = CampoDi(TipoCampo::Lungo, u"ID"_s, u"L=N.,S=2"_s);
+    ID.Contatore = true;
+    return ID;
+}
+
+/// In a description "L" is the heading and "S" the width in characters; a heading holds no comma and no
+/// equals sign, at which the description is cut.
+QList<Campo> ColonneRecapiti()
+{
+    return {
+        CampoTesto(u"Indirizzo"_s, 100, u"L=Indirizzo,S=30"_s),
+        CampoTesto(u"Cap"_s, 5, u"L=CAP,S=5"_s),
+        CampoTesto(u"Citta"_s, 60, u"L=Città,S=20"_s),
+        CampoTesto(u"Prov"_s, 2, u"L=Prov.,S=2"_s),
+        CampoTesto(u"CodFis"_s, 16, u"L=Codice fiscale,S=16"_s),
+        // A foreign VAT number carries its country and is longer than the 11 Italian digits.
+        CampoTesto(u"PIva"_s, 28, u"L=Partita IVA,S=13"_s),
+        CampoDi(TipoCampo::Data, u"DataNascita"_s, u"L=Data di nascita,S=10"_s),
+        CampoTesto(u"ComuneNascita"_s, 60, u"L=Comune di nascita,S=20"_s),
+        CampoTesto(u"Telefono"_s, 30, u"L=Telefono,S=13"_s),
+        CampoTesto(u"Cellulare"_s, 30, u"L=Cellulare,S=13"_s),
+        CampoTesto(u"Email"_s, 254, u"L=E-mail,S=30"_s),
+        CampoTesto(u"Pec"_s, 254, u"L=PEC,S=30"_s),
+        CampoTesto(u"CodDestinatario"_s, 7, u"L=Codice destinatario,S=7"_s),
+        CampoTesto(u"RapprLegale"_s, 100, u"L=Legale rappresentante,S=30"_s),
+        CampoDi(TipoCampo::Memo, u"Note"_s, u"L=Note,S=30"_s),
+    };
+}
+
+Campo Nominativo()
+{
+    return CampoTesto(u"Nominativo"_s, 150, u"L=Nominativo,S=40"_s);
+}
+
+void CreaArchivio(const Database& Db, const QString& Nome, const QList<Campo>& Colonne)
+{
+    Crea(Db, {Nome, Colonne});
+    Db.CreaIndice(Nome, u"Nominativo"_s, {u"Nominativo"_s});
+}
+
+}  // namespace
+
+void ScriviArchivioStudio(const QString& Percorso)
+{
+    const Database Db = CreateDatabase(Percorso);
+    CreaArchivio(Db, u"clienti"_s, QList<Campo>{Chiave(), Nominativo()} + ColonneRecapiti());
+    // The name of a counterparty as its fee notes show it, where it differs from the archive's.
+    const Campo Controp = CampoTesto(u"Controp"_s, 150, u"L=Nome in parcella,S=30"_s);
+    CreaArchivio(Db, u"controparti"_s, QList<Campo>{Chiave(), Nominativo(), Controp} + ColonneRecapiti());
+}

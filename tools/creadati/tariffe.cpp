@@ -1,1 +1,305 @@
 #include "creadati/tariffe.h"
+
+#include "creadati/importi.h"
+#include "creadati/tabellatesto.h"
+
+#include <QRegularExpression>
+#include <QSet>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A description becomes a note's line, which holds this many characters.
+constexpr int MassimoDescrizione = 60;
+constexpr QStringView Indeterminato = u"Valore Indeterminato";
+
+const QStringList Categorie{Civile.toString(), Penale.toString(), Stragiudiziale.toString()};
+const QStringList Materie{u"C"_s, u"S"_s};
+
+QString LeggiScelta(const TabellaTesto& Tabella, int Riga, const QString& Colonna, const QStringList& Ammesse)
+{
+    const QString Cella = Tabella.Testo(Riga, Colonna);
+    if (!Ammesse.contains(Cella))
+        Tabella.Rifiuta(Riga, Colonna, u"«%1» non è fra %2"_s.arg(Cella, Ammesse.join(u", "_s)));
+    return Cella;
+}
+
+/// The keys met so far in one column, within a category or matter.
+class Viste
+{
+public:
+    void Aggiungi(const TabellaTesto& Tabella, int Riga, const QString& Colonna, const QString& Ambito,
+                  int Chiave)
+    {
+        const QString Intera = Colonna + u'/' + Ambito + u'/' + QString::number(Chiave);
+        if (Chiavi.contains(Intera))
+            Tabella.Rifiuta(Riga, Colonna, u"il numero %1 è già in una riga precedente"_s.arg(Chiave));
+        Chiavi.insert(Intera);
+    }
+
+private:
+    QSet<QString> Chiavi;
+};
+
+// ---- Authorities ---------------------------------------------------------------------------------
+
+const auto Categoria = u"categoria"_s;
+const auto Gruppo = u"gruppo"_s;
+const auto Compatibili = u"compatibili"_s;
+
+AutoritaTariffa LeggiEnte(const TabellaTesto& Tabella, int Riga)
+{
+    AutoritaTariffa Ente;
+    Ente.Categ = LeggiScelta(Tabella, Riga, Categoria, Categorie);
+    Ente.IDX = Tabella.Intero(Riga, u"ordine"_s, 1, 32767);
+    Ente.Dati.IDAut = Tabella.Intero(Riga, u"numero"_s, 1, 32767);
+    Ente.Dati.DesAut = Tabella.Testo(Riga, u"nome"_s, 100);
+    Ente.Dati.PreLoad = Tabella.SiNo(Riga, u"precarica"_s);
+    Ente.Gruppo = Tabella.Testo(Riga, Gruppo, 60, Ente.Categ == Stragiudiziale);
+    Ente.Compatib = Tabella.Testo(Riga, Compatibili, 255);
+    return Ente;
+}
+
+/// The program looks for comma, number, comma: without the outer commas the first and the last number
+/// would never be found.
+void ControllaCompatibili(const TabellaTesto& Tabella, int Riga, const QList<AutoritaTariffa>& Enti)
+{
+    static const QRegularExpression Elenco(u"\\A,(?:[1-9][0-9]{0,4},)+\\z"_s);
+    const QString Testo = Enti[Riga].Compatib;
+    if (Testo == u"*")
+        return;
+    if (!Elenco.match(Testo).hasMatch())
+        Tabella.Rifiuta(Riga, Compatibili, u"serve * oppure un elenco di numeri chiuso fra virgole"_s);
+    for (const QString& Numero : Testo.split(u',', Qt::SkipEmptyParts)) {
+        const bool Noto = std::ranges::any_of(Enti, [&](const AutoritaTariffa& Altro) {
+            return Altro.Categ == Enti[Riga].Categ && Altro.Dati.IDAut == Numero.toInt();
+        });
+        if (!Noto)
+            Tabella.Rifiuta(Riga, Compatibili,
+                            u"la categoria %1 non ha l'autorità %2"_s.arg(Enti[Riga].Categ, Numero));
+    }
+}
+
+QList<AutoritaTariffa> LeggiEnti(const TabellaTesto& Tabella)
+{
+    QList<AutoritaTariffa> Enti;
+    Viste Chiavi;
+    for (int Riga = 0; Riga < Tabella.Righe(); ++Riga) {
+        Enti.append(LeggiEnte(Tabella, Riga));
+        Chiavi.Aggiungi(Tabella, Riga, u"numero"_s, {}, Enti.last().Dati.IDAut);
+        Chiavi.Aggiungi(Tabella, Riga, u"ordine"_s, Enti.last().Categ, Enti.last().IDX);
+    }
+    for (int Riga = 0; Riga < Tabella.Righe(); ++Riga)
+        ControllaCompatibili(Tabella, Riga, Enti);
+    return Enti;
+}
+
+// ---- Brackets ------------------------------------------------------------------------------------
+
+const auto Materia = u"materia"_s;
+const auto Numero = u"numero"_s;
+const auto Da = u"da"_s;
+
+bool SenzaValore(const ScaglioneValore& Scaglione)
+{
+    return Scaglione.DesVal.startsWith(Indeterminato);
+}
+
+ScaglioneValore LeggiScaglione(const TabellaTesto& Tabella, int Riga)
+{
+    ScaglioneValore Letto;
+    Letto.NumSca = Tabella.Intero(Riga, Numero, 1, MassimoScaglioni);
+    Letto.DaVal = Tabella.Importo(Riga, Da);
+    Letto.AVal = Tabella.Importo(Riga, u"a"_s);
+    Letto.RicValore = Tabella.SiNo(Riga, u"valore richiesto"_s);
+    Letto.DesVal = Tabella.Testo(Riga, u"testo"_s, 100);
+    if (Letto.DaVal > Letto.AVal)
+        Tabella.Rifiuta(Riga, Da, u"il limite inferiore supera quello superiore"_s);
+    return Letto;
+}
+
+/// Brackets follow each other to the cent, the first from one cent on; undetermined value has no limits.
+void ControllaLimiti(const TabellaTesto& Tabella, int Riga, const QList<ScaglioneValore>& Precedenti,
+                     const ScaglioneValore& Letto)
+{
+    if (SenzaValore(Letto)) {
+        if (Letto.AVal > 0)
+            Tabella.Rifiuta(Riga, u"a"_s, u"il valore indeterminato non ha limiti"_s);
+        return;
+    }
+    double Atteso = 0.01;
+    for (const ScaglioneValore& Prima : Precedenti) {
+        if (!SenzaValore(Prima))
+            Atteso = Prima.AVal + 0.01;
+    }
+    // A whole number of cents apart, so that half a cent tells them apart whatever the binary value.
+    if (Letto.DaVal > Atteso + 0.005)
+        Tabella.Rifiuta(Riga, Da,
+                        u"lo scaglione lascia un vuoto: doveva cominciare da %1"_s.arg(Atteso, 0, 'f', 2));
+    if (Letto.DaVal < Atteso - 0.005)
+        Tabella.Rifiuta(
+            Riga, Da,
+            u"lo scaglione si sovrappone al precedente: doveva cominciare da %1"_s.arg(Atteso, 0, 'f', 2));
+}
+
+/// The program refuses order for payment and writ of execution by this number.
+void ControllaIndeterminato(const TabellaTesto& Tabella, int Riga, const ScaglioneValore& Letto)
+{
+    if (SenzaValore(Letto) && Letto.NumSca != ScaglioneIndeterminato)
+        Tabella.Rifiuta(Riga, Numero, u"il valore indeterminato sta al numero 8"_s);
+    if (!SenzaValore(Letto) && Letto.NumSca == ScaglioneIndeterminato)
+        Tabella.Rifiuta(Riga, u"testo"_s, u"il numero 8 comincia con «%1»"_s.arg(Indeterminato));
+}
+
+QHash<QString, QList<ScaglioneValore>> LeggiTabellaScaglioni(const TabellaTesto& Tabella)
+{
+    QHash<QString, QList<ScaglioneValore>> Scaglioni;
+    Viste Chiavi;
+    for (int Riga = 0; Riga < Tabella.Righe(); ++Riga) {
+        const QString Ambito = LeggiScelta(Tabella, Riga, Materia, Materie);
+        QList<ScaglioneValore>& Righe = Scaglioni[Ambito];
+        if (Righe.size() == MassimoScaglioni)
+            Tabella.Rifiuta(Riga, Materia, u"la materia %1 ha più di 21 scaglioni"_s.arg(Ambito));
+        const ScaglioneValore Letto = LeggiScaglione(Tabella, Riga);
+        Chiavi.Aggiungi(Tabella, Riga, Numero, Ambito, Letto.NumSca);
+        if (Ambito == Materie.first())
+            ControllaIndeterminato(Tabella, Riga, Letto);
+        ControllaLimiti(Tabella, Riga, Righe, Letto);
+        Righe.append(Letto);
+    }
+    for (const QString& Ambito : Materie) {
+        if (Scaglioni[Ambito].isEmpty())
+            Tabella.RifiutaInFondo(Materia, u"la materia %1 non ha scaglioni"_s.arg(Ambito));
+    }
+    if (std::ranges::none_of(Scaglioni[Materie.first()], SenzaValore))
+        Tabella.RifiutaInFondo(u"testo"_s, u"manca il valore indeterminato al numero 8"_s);
+    return Scaglioni;
+}
+
+// ---- Items ---------------------------------------------------------------------------------------
+
+const auto Codice = u"codice"_s;
+const auto Voce = u"voce"_s;
+const auto Quantita = u"quantità"_s;
+
+VoceTariffa LeggiVoce(const TabellaTesto& Tabella, int Riga)
+{
+    VoceTariffa Letta;
+    Letta.Codice = Tabella.Intero(Riga, Codice, 1, 32767);
+    // 1000 is where the program's codes for rewriting a line begin; 999 is the free item.
+    Letta.NVoce = Tabella.Intero(Riga, Voce, 1, VoceLibera);
+    Letta.NVis = Tabella.Intero(Riga, u"ordine"_s, 0, 32767);
+    Letta.Descrizione = Tabella.Testo(Riga, u"descrizione"_s, MassimoDescrizione);
+    return Letta;
+}
+
+/// Quantity rule: empty, H for hours, > and a floor, or anything else for a plain question.
+QString LeggiQuantita(const TabellaTesto& Tabella, int Riga)
+{
+    static const QRegularExpression Minimo(u"\\A>[0-9]{1,9}([.][0-9]{1,2})?\\z"_s);
+    const QString Regola = Tabella.Testo(Riga, Quantita, 20, true);
+    if (Regola.startsWith(u'>') && !Minimo.match(Regola).hasMatch())
+        Tabella.Rifiuta(Riga, Quantita, u"dopo > serve un importo"_s);
+    return Regola;
+}
+
+QHash<QString, QList<VoceTariffa>> LeggiVoci(const TabellaTesto& Tabella)
+{
+    QHash<QString, QList<VoceTariffa>> Voci;
+    Viste Chiavi;
+    for (int Riga = 0; Riga < Tabella.Righe(); ++Riga) {
+        const QString Categ = LeggiScelta(Tabella, Riga, Categoria, Categorie);
+        VoceTariffa Letta = LeggiVoce(Tabella, Riga);
+        Letta.Quantita = LeggiQuantita(Tabella, Riga);
+        Chiavi.Aggiungi(Tabella, Riga, Codice, Categ, Letta.Codice);
+        Chiavi.Aggiungi(Tabella, Riga, Voce, Categ, Letta.NVoce);
+        Voci[Categ].append(Letta);
+    }
+    for (const QString& Categ : Categorie) {
+        if (std::ranges::find(Voci[Categ], VoceLibera, &VoceTariffa::NVoce) == Voci[Categ].end())
+            Tabella.RifiutaInFondo(Voce, u"alla categoria %1 manca la voce 999"_s.arg(Categ));
+    }
+    return Voci;
+}
+
+QList<VoceTariffa> LeggiSpese(const QString& Cartella)
+{
+    const TabellaTesto Tabella(Cartella + u"spese.csv"_s, {Codice, Voce, u"ordine"_s, u"descrizione"_s});
+    QList<VoceTariffa> Spese;
+    Viste Chiavi;
+    for (int Riga = 0; Riga < Tabella.Righe(); ++Riga) {
+        Spese.append(LeggiVoce(Tabella, Riga));
+        Chiavi.Aggiungi(Tabella, Riga, Codice, {}, Spese.last().Codice);
+        Chiavi.Aggiungi(Tabella, Riga, Voce, {}, Spese.last().NVoce);
+    }
+    return Spese;
+}
+
+// ---- Tables against each other -------------------------------------------------------------------
+
+/// An authority whose group lacks amounts would open with an empty or a broken catalogue.
+void ControllaGruppi(const TabellaTesto& Tabella, const Tariffe& Dati)
+{
+    for (int Riga = 0; Riga < Tabella.Righe(); ++Riga) {
+        const AutoritaTariffa& Ente = Dati.Enti[Riga];
+        if (Ente.Categ == Civile) {
+            const auto Primo = Dati.Civili.lower_bound({Ente.Gruppo, 0, 0});
+            if (Primo == Dati.Civili.end() || Primo->first.Gruppo != Ente.Gruppo)
+                Tabella.Rifiuta(Riga, Gruppo, u"il gruppo «%1» non ha importi civili"_s.arg(Ente.Gruppo));
+        }
+        if (Ente.Categ != Penale)
+            continue;
+        for (const VoceTariffa& Una : Dati.Voci[Ente.Categ]) {
+            if (Una.NVoce != VoceLibera && !Dati.Penali.contains({Ente.Gruppo, Una.Codice, 0}))
+                Tabella.Rifiuta(Riga, Gruppo,
+                                u"al gruppo «%1» manca l'importo penale della voce %2"_s.arg(Ente.Gruppo)
+                                    .arg(Una.Codice));
+        }
+    }
+}
+
+/// An item that nothing gives an amount to: a civil one in no group, an extrajudicial one in a bracket.
+void ControllaVoci(const TabellaTesto& Tabella, const Tariffe& Dati)
+{
+    for (int Riga = 0; Riga < Tabella.Righe(); ++Riga) {
+        const QString Categ = Tabella.Testo(Riga, Categoria);
+        const int Chiave = Tabella.Intero(Riga, Codice, 1, 32767);
+        if (Tabella.Intero(Riga, Voce, 1, VoceLibera) == VoceLibera)
+            continue;
+        if (Categ == Civile &&
+            std::ranges::none_of(Dati.Civili, [&](const auto& Uno) { return Uno.first.Codice == Chiave; }))
+            Tabella.Rifiuta(Riga, Codice, u"nessun gruppo civile ha la voce %1"_s.arg(Chiave));
+        if (Categ != Stragiudiziale)
+            continue;
+        for (const ScaglioneValore& Uno : Dati.Scaglioni[u"S"_s]) {
+            if (!Dati.Stragiudiziali.contains({QString(), Chiave, Uno.NumSca}))
+                Tabella.Rifiuta(
+                    Riga, Codice,
+                    u"alla voce %1 mancano le formule dello scaglione %2"_s.arg(Chiave).arg(Uno.NumSca));
+        }
+    }
+}
+
+}  // namespace
+
+Tariffe LeggiTariffe(const QString& Cartella)
+{
+    const TabellaTesto TabellaEnti(Cartella + u"autorita.csv"_s, {Categoria, u"ordine"_s, Numero, u"nome"_s,
+                                                                  Gruppo, u"precarica"_s, Compatibili});
+    const TabellaTesto TabellaScaglioni(Cartella + u"scaglioni.csv"_s,
+                                        {Materia, Numero, Da, u"a"_s, u"valore richiesto"_s, u"testo"_s});
+    const TabellaTesto TabellaVoci(Cartella + u"voci.csv"_s,
+                                   {Categoria, Codice, Voce, u"ordine"_s, u"descrizione"_s, Quantita});
+    Tariffe Dati;
+    Dati.Enti = LeggiEnti(TabellaEnti);
+    Dati.Scaglioni = LeggiTabellaScaglioni(TabellaScaglioni);
+    Dati.Voci = LeggiVoci(TabellaVoci);
+    LeggiOnorariCivili(Cartella, Dati);
+    LeggiOnorariPenali(Cartella, Dati);
+    LeggiOnorariStragiudiziali(Cartella, Dati);
+    ControllaGruppi(TabellaEnti, Dati);
+    ControllaVoci(TabellaVoci, Dati);
+    Dati.Spese = LeggiSpese(Cartella);
+    return Dati;
+}

@@ -1,0 +1,212 @@
+#include "creadati/archivio_tariffe.h"
+
+#include "creadati/formule.h"
+#include "creadati/modello_parcella.h"
+#include "creadati/scrittura.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto Lungo = TipoCampo::Lungo;
+constexpr auto Intero = TipoCampo::Intero;
+constexpr auto Doppio = TipoCampo::Doppio;
+constexpr auto Booleano = TipoCampo::Booleano;
+
+/// The type of the columns nMin and nMax is the catalogue's own; nMed is a number in all three.
+QList<Campo> ColonneImporti(const QList<int>& Numeri, const Campo& MinMax)
+{
+    QList<Campo> Colonne;
+    for (const int Numero : Numeri) {
+        Colonne.append(CampoDi(Doppio, QString::number(Numero) + u"Med"_s));
+        for (const auto& Estremo : {u"Min"_s, u"Max"_s}) {
+            Colonne.append(MinMax);
+            Colonne.last().Name = QString::number(Numero) + Estremo;
+        }
+    }
+    return Colonne;
+}
+
+/// What follows the keys in every catalogue.
+QList<Campo> ColonneVoce()
+{
+    return {CampoTesto(u"NVoce"_s, 10), CampoDi(Intero, u"NVis"_s), CampoTesto(u"DescrOno"_s, 60),
+            CampoTesto(u"QtaOno"_s, 20)};
+}
+
+QVariantList CelleVoce(const VoceTariffa& Voce)
+{
+    return {QString::number(Voce.NVoce), Voce.NVis, Voce.Descrizione, Voce.Quantita};
+}
+
+QVariantList CelleTerna(const Terna& Importi)
+{
+    return {Importi.Medio, Importi.Minimo, Importi.Massimo};
+}
+
+QList<int> NumeriScaglioni(const Tariffe& Dati, const QString& Materia)
+{
+    QList<int> Numeri;
+    for (const ScaglioneValore& Uno : Dati.Scaglioni[Materia])
+        Numeri.append(Uno.NumSca);
+    return Numeri;
+}
+
+QList<AutoritaTariffa> EntiDi(const Tariffe& Dati, QStringView Categ)
+{
+    QList<AutoritaTariffa> Enti;
+    std::ranges::copy_if(Dati.Enti, std::back_inserter(Enti),
+                         [&](const AutoritaTariffa& Ente) { return Ente.Categ == Categ; });
+    return Enti;
+}
+
+void ScriviEnti(const Database& Db, const Tariffe& Dati, const TabellaNuova& Tabella)
+{
+    for (const AutoritaTariffa& Ente : Dati.Enti)
+        AggiungiRiga(
+            Db, Tabella,
+            {Ente.Dati.IDAut, Ente.Dati.DesAut, Ente.Categ, Ente.Dati.PreLoad, Ente.Compatib, Ente.IDX});
+}
+
+void ScriviScaglioni(const Database& Db, const Tariffe& Dati, const TabellaNuova& Tabella)
+{
+    for (const auto& Materia : {u"C"_s, u"S"_s}) {
+        for (const ScaglioneValore& Uno : Dati.Scaglioni[Materia])
+            AggiungiRiga(Db, Tabella, {Materia, Uno.NumSca, Uno.DesVal, Uno.DaVal, Uno.AVal, Uno.RicValore});
+    }
+}
+
+/// One row for each authority and item of its group. The free item stands once, under no authority:
+/// the catalogue's query shows it for all.
+void ScriviCivili(const Database& Db, const Tariffe& Dati, const TabellaNuova& Tabella)
+{
+    const QList<int> Numeri = NumeriScaglioni(Dati, u"C"_s);
+    const auto Riga = [&](const VoceTariffa& Voce, int IDAutor, const QString& Gruppo) {
+        QVariantList Celle = QVariantList{QString::number(Voce.Codice), IDAutor} + CelleVoce(Voce);
+        for (const int Numero : Numeri) {
+            const auto Trovata = Dati.Civili.find({Gruppo, Voce.Codice, Numero});
+            Celle += CelleTerna(Trovata == Dati.Civili.end() ? Terna{} : Trovata->second);
+        }
+        AggiungiRiga(Db, Tabella, Celle);
+    };
+    for (const AutoritaTariffa& Ente : EntiDi(Dati, Civile)) {
+        for (const VoceTariffa& Voce : Dati.Voci[Ente.Categ]) {
+            if (Dati.Civili.contains({Ente.Gruppo, Voce.Codice, Numeri.first()}))
+                Riga(Voce, Ente.Dati.IDAut, Ente.Gruppo);
+        }
+    }
+    for (const VoceTariffa& Voce : Dati.Voci[Civile.toString()]) {
+        if (Voce.NVoce == VoceLibera)
+            Riga(Voce, 0, {});
+    }
+}
+
+void ScriviPenali(const Database& Db, const Tariffe& Dati, const TabellaNuova& Tabella)
+{
+    for (const VoceTariffa& Voce : Dati.Voci[Penale.toString()]) {
+        QVariantList Celle = QVariantList{Voce.Codice, QString::number(Voce.Codice)} + CelleVoce(Voce);
+        for (const AutoritaTariffa& Ente : EntiDi(Dati, Penale)) {
+            const auto Trovata = Dati.Penali.find({Ente.Gruppo, Voce.Codice, 0});
+            Celle += CelleTerna(Trovata == Dati.Penali.end() ? Terna{} : Trovata->second);
+        }
+        AggiungiRiga(Db, Tabella, Celle);
+    }
+}
+
+/// nMed stays Null: the medium is the mid-point of the two formulas' values. The free item has none.
+void ScriviStragiudiziali(const Database& Db, const Tariffe& Dati, const TabellaNuova& Tabella)
+{
+    for (const VoceTariffa& Voce : Dati.Voci[Stragiudiziale.toString()]) {
+        QVariantList Celle = QVariantList{Voce.Codice, QString::number(Voce.Codice)} + CelleVoce(Voce);
+        for (const int Numero : NumeriScaglioni(Dati, u"S"_s)) {
+            const auto Trovate = Dati.Stragiudiziali.find({QString(), Voce.Codice, Numero});
+            const Formule Lette = Trovate == Dati.Stragiudiziali.end() ? Formule{} : Trovate->second;
+            Celle += QVariantList{QVariant(), Lette.Minimo, Lette.Massimo};
+        }
+        AggiungiRiga(Db, Tabella, Celle);
+    }
+}
+
+void ScriviSpese(const Database& Db, const Tariffe& Dati, const TabellaNuova& Tabella)
+{
+    for (const VoceTariffa& Voce : Dati.Spese)
+        AggiungiRiga(Db, Tabella, {Voce.Codice, QString::number(Voce.NVoce), Voce.Descrizione, Voce.NVis});
+}
+
+TabellaNuova TabellaEnti()
+{
+    return {u"Autorità"_s,
+            {CampoDi(Lungo, u"IDAut"_s), CampoTesto(u"DesAut"_s, 100), CampoTesto(u"TipoAut"_s, 3),
+             CampoDi(Booleano, u"PreLoad"_s), CampoTesto(u"Compatib"_s, 255), CampoDi(Intero, u"IDX"_s)}};
+}
+
+TabellaNuova TabellaScaglioni()
+{
+    return {u"Scaglioni"_s,
+            {CampoTesto(u"Materia"_s, 1), CampoDi(Intero, u"NumSca"_s), CampoTesto(u"DesVal"_s, 100),
+             CampoDi(Doppio, u"DaVal"_s), CampoDi(Doppio, u"AVal"_s), CampoDi(Booleano, u"RicValore"_s)}};
+}
+
+TabellaNuova TabellaCivili(const Tariffe& Dati)
+{
+    return {u"OnorariCiv"_s, QList<Campo>{CampoTesto(u"CodOno"_s, 10), CampoDi(Lungo, u"IDAutor"_s)} +
+                                 ColonneVoce() +
+                                 ColonneImporti(NumeriScaglioni(Dati, u"C"_s), CampoDi(Doppio, {}))};
+}
+
+TabellaNuova TabellaPenali(const Tariffe& Dati)
+{
+    QList<int> Numeri;
+    for (const AutoritaTariffa& Ente : EntiDi(Dati, Penale))
+        Numeri.append(Ente.Dati.IDAut);
+    return {u"OnorariPen"_s, QList<Campo>{CampoDi(Lungo, u"IDOno"_s), CampoTesto(u"CodOno"_s, 10)} +
+                                 ColonneVoce() + ColonneImporti(Numeri, CampoDi(Doppio, {}))};
+}
+
+TabellaNuova TabellaStragiudiziali(const Tariffe& Dati)
+{
+    return {u"OnorariStra"_s,
+            QList<Campo>{CampoDi(Lungo, u"IDOno"_s), CampoTesto(u"CodOno"_s, 10)} + ColonneVoce() +
+                ColonneImporti(NumeriScaglioni(Dati, u"S"_s), CampoTesto({}, MassimoFormula))};
+}
+
+TabellaNuova TabellaSpese()
+{
+    return {u"Diritti"_s,
+            {CampoDi(Lungo, u"IDDir"_s), CampoTesto(u"NVoce"_s, 10), CampoTesto(u"DescrDir"_s, 60),
+             CampoDi(Intero, u"NVis"_s)}};
+}
+
+/// Values of the rights of tariffs before this decree: none are delivered, the program only opens it.
+TabellaNuova TabellaDirittiValori()
+{
+    return {u"DirittiValori"_s,
+            {CampoDi(Lungo, u"CodDir"_s), CampoDi(Intero, u"NumSca"_s), CampoDi(Doppio, u"Valore"_s)}};
+}
+
+}  // namespace
+
+void ScriviTariffe(const Tariffe& Dati, const QString& Percorso)
+{
+    using Scrittore = void (*)(const Database&, const Tariffe&, const TabellaNuova&);
+    const std::pair<TabellaNuova, Scrittore> Tabelle[] = {
+        {TabellaEnti(), ScriviEnti},
+        {TabellaScaglioni(), ScriviScaglioni},
+        {TabellaCivili(Dati), ScriviCivili},
+        {TabellaPenali(Dati), ScriviPenali},
+        {TabellaStragiudiziali(Dati), ScriviStragiudiziali},
+        {TabellaSpese(), ScriviSpese},
+    };
+    const Database Db = CreateDatabase(Percorso);
+    for (const auto& [Tabella, Scrivi] : Tabelle)
+        Crea(Db, Tabella);
+    Crea(Db, TabellaDirittiValori());
+    Db.CreaIndice(u"DirittiValori"_s, u"CodDir"_s, {u"CodDir"_s});
+    for (const TabellaNuova& Modello : TabelleParcella())
+        Crea(Db, Modello);
+
+    Transazione Tutto(Db);
+    for (const auto& [Tabella, Scrivi] : Tabelle)
+        Scrivi(Db, Dati, Tabella);
+    Tutto.Conferma();
+}

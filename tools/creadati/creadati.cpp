@@ -1,0 +1,44 @@
+#include "creadati/creadati.h"
+
+#include "creadati/archivio_studio.h"
+#include "creadati/archivio_tariffe.h"
+#include "platform/errore.h"
+#include "platform/percorsi.h"
+
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void CreaBasi(const QString& Tabelle, const QString& Uscita)
+{
+    const Tariffe Dati = LeggiTariffe(Tabelle);
+    const QTemporaryDir Cartella;
+    if (!Cartella.isValid())
+        throw Errore(75);
+    const QString Provvisoria = Barra(Cartella.path());
+    ScriviTariffe(Dati, Provvisoria + u"parcelle.mdb"_s);
+    ScriviArchivioStudio(Provvisoria + u"DatiStudio.mdb"_s);
+
+    CreaCartella(Uscita);
+    for (const auto& Nome : {u"parcelle.mdb"_s, u"DatiStudio.mdb"_s})
+        ScriviFile(Uscita + Nome, LeggiFile(Provvisoria + Nome));
+}
+
+}  // namespace
+
+int CreaDati(const QStringList& Argomenti, QTextStream& Errori)
+{
+    if (Argomenti.size() != 2) {
+        Errori << u"Uso: creadati <cartella delle tabelle> <cartella di uscita>\n"_s;
+        return 2;
+    }
+    try {
+        CreaBasi(Barra(Argomenti[0]), Barra(Argomenti[1]));
+        return 0;
+    } catch (...) {
+        Errori << ErroreCorrente().Descrizione << u'\n';
+        return 1;
+    }
+}
