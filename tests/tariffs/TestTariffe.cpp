@@ -15,6 +15,7 @@ private Q_SLOTS:
     void trovaIlFileInOgniCaso();
     void autoritaInOrdine_data();
     void autoritaInOrdine();
+    void autoritaSecondoLaColonnaDellOrdine();
     void autoritaConPrecarica();
     void autoritaSenzaRighe();
     void compatibili_data();
@@ -28,6 +29,7 @@ private Q_SLOTS:
     void catalogoCivileHaSempreLaVoceLibera();
     void catalogoInOrdineDiVisualizzazione_data();
     void catalogoInOrdineDiVisualizzazione();
+    void penaleESpeseSecondoLaColonnaDellOrdine();
     void ordineZeroNascondeDoveSiFiltra_data();
     void ordineZeroNascondeDoveSiFiltra();
     void categoriaSconosciutaHaLeSoleSpese();
@@ -124,6 +126,13 @@ void TestTariffe::autoritaInOrdine()
     for (const Autorita& Una : LeggiAutorita(Categ))
         Numeri.append(Una.IDAut);
     QTEST(Numeri, "Numeri");
+}
+
+void TestTariffe::autoritaSecondoLaColonnaDellOrdine()
+{
+    CopiaScrivibile().Execute(u"UPDATE Autorità SET IDX=100-IDX"_s);
+    QCOMPARE(LeggiAutorita(u"STR"_s).first().IDAut, 43);
+    QCOMPARE(LeggiAutorita(u"STR"_s).last().IDAut, 41);
 }
 
 void TestTariffe::autoritaConPrecarica()
@@ -267,6 +276,17 @@ void TestTariffe::catalogoInOrdineDiVisualizzazione()
     QTEST(Aperto.ChiaveOno, "Chiave");
     QTEST(Colonna(Aperto.datOno, Aperto.ChiaveOno).join(u' '), "Codici");
     QCOMPARE(Aperto.datDir.RecordCount(), 40);
+}
+
+// The delivered rows lie in order already: turned round, only the column can bring them out so.
+void TestTariffe::penaleESpeseSecondoLaColonnaDellOrdine()
+{
+    const Database Base = CopiaScrivibile();
+    Base.Execute(u"UPDATE OnorariPen SET NVis=1000-NVis"_s);
+    Base.Execute(u"UPDATE Diritti SET NVis=1000-NVis"_s);
+    const Catalogo Aperto = ApriCatalogo(u"PEN"_s, 23);
+    QCOMPARE(Colonna(Aperto.datOno, u"IDOno"_s).join(u' '), u"999 5 4 3 2 1"_s);
+    QCOMPARE(Colonna(Aperto.datDir, u"IDDir"_s).first(), u"40"_s);
 }
 
 void TestTariffe::ordineZeroNascondeDoveSiFiltra_data()
