@@ -57,6 +57,7 @@ private:
     };
     void Proteggi();
     void Prepara();
+    void ScriviAlSicuro();
 
     QString File;
     bool PuoScrivere = false;

@@ -75,13 +75,17 @@ void Connessione::Prepara()
     Esegui(u"PRAGMA cell_size_check=ON"_s);
     Esegui(u"PRAGMA temp_store=MEMORY"_s);
     Esegui(u"PRAGMA schema_version"_s);
-    if (PuoScrivere) {
-        // A deleted journal leaves nothing beside the notes in the user's folder.
-        Esegui(u"PRAGMA journal_mode=DELETE"_s);
-        Esegui(u"PRAGMA synchronous=FULL"_s);
-    }
+    if (PuoScrivere)
+        ScriviAlSicuro();
     if (PagineMassime > 0)
         Esegui(u"PRAGMA max_page_count=%1"_s.arg(PagineMassime));
+}
+
+void Connessione::ScriviAlSicuro()
+{
+    // A deleted journal leaves nothing beside the notes in the user's folder.
+    Esegui(u"PRAGMA journal_mode=DELETE"_s);
+    Esegui(u"PRAGMA synchronous=FULL"_s);
 }
 
 std::shared_ptr<Connessione> Connessione::Condivisa(const QString& Percorso)
@@ -117,8 +121,12 @@ std::shared_ptr<Connessione> Connessione::Nuova(const QString& Percorso)
     try {
         auto Aperta = std::make_shared<Connessione>(Info.absoluteFilePath(), Modo::Nuovo);
         Aperta->Prepara();
-        // An empty file is no database: the first table makes it one.
+        // An empty file is no database: the first table makes it one. A file that holds nothing yet needs no
+        // journal, and it reaches the disk with its first content.
+        Aperta->Esegui(u"PRAGMA journal_mode=MEMORY"_s);
+        Aperta->Esegui(u"PRAGMA synchronous=OFF"_s);
         Aperta->Esegui(SqlTabellaCampi());
+        Aperta->ScriviAlSicuro();
         const QString Chiave = QFileInfo(File).canonicalFilePath();
         Aperta->File = Chiave;
         Registro().insert(Chiave, Aperta);

@@ -1,0 +1,691 @@
+#include "supporto/prova.h"
+
+#include "platform/criterio.h"
+#include "platform/database.h"
+#include "platform/errore.h"
+#include "supporto/guasti.h"
+
+#include <QElapsedTimer>
+
+#include <filesystem>
+
+using namespace Qt::StringLiterals;
+
+class TestRecordset : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void nessunaRiga();
+    void mosseOltreLeEstremita();
+    void selezioniMostrateRigaPerRiga_data();
+    void selezioniMostrateRigaPerRiga();
+    void ordineConChiaveInCoda();
+    void copiaFissaConIntestazioni();
+    void valoriPerTipo();
+    void valoriDiFormaEstranea();
+    void colonneSconosciute();
+    void nuovaRigaDiventaCorrente();
+    void modificaScriveSoloIlCambiato();
+    void annullaNonScrive();
+    void nuovaChiaveDelContatore();
+    void valoriConvertiti_data();
+    void valoriConvertiti();
+    void valoriRifiutati_data();
+    void valoriRifiutati();
+    void testoLungoQuantoIlCampo();
+    void eliminaEVaAvanti();
+    void rigaSparitaAltrove();
+    void rigaCambiataAltrove();
+    void solaLetturaNonScrive();
+    void chiaveDoppia();
+    void trovaNellOrdineDelleRighe();
+    void trovaIndietro();
+    void trovaSuCopiaFissa();
+    void trovaTestoSenzaMaiuscole_data();
+    void trovaTestoSenzaMaiuscole();
+    void trovaInUnMilioneDiRighe();
+    void cercaConIndice_data();
+    void cercaConIndice();
+    void cercaSuPiuColonne();
+    void cercaTestoSenzaMaiuscole();
+    void indiciSbagliati();
+    void segnalibriECloni();
+    void copieCondividonoIlCursore();
+    void nonTieneBlocchi();
+
+private:
+    Database Db;
+};
+
+PROVA(TestRecordset);
+
+namespace {
+
+Campo Colonna(const QString& Nome, TipoCampo Tipo, int Size = 0)
+{
+    return {Nome, Tipo, Size, {}, false};
+}
+
+QStringList Nomi(Recordset Righe, const QString& Nome)
+{
+    QStringList Letti;
+    for (Righe.MoveFirst(); !Righe.Eof(); Righe.MoveNext())
+        Letti << Righe.Value(Nome).toString();
+    return Letti;
+}
+
+}  // namespace
+
+void TestRecordset::init()
+{
+    Db = CreateDatabase(NuovaCartella() + u"prova.mdb"_s);
+    Db.CreaTabella(u"Clienti"_s, {{u"ID"_s, TipoCampo::Lungo, 0, {}, true},
+                                  Colonna(u"Nominativo"_s, TipoCampo::Testo, 12),
+                                  Colonna(u"Codice"_s, TipoCampo::Testo, 10),
+                                  Colonna(u"1Med"_s, TipoCampo::Doppio),
+                                  Colonna(u"Nata"_s, TipoCampo::Data),
+                                  Colonna(u"Attivo"_s, TipoCampo::Booleano),
+                                  Colonna(u"Anni"_s, TipoCampo::Intero)});
+    const QString Sql = u"INSERT INTO Clienti (Nominativo, Codice, \"1Med\", Nata, Attivo, Anni) VALUES (?,?,?,?,?,?)"_s;
+    Transazione Righe(Db);
+    Db.Execute(Sql, {u"Verdi"_s, u"05"_s, 10, QDate(1950, 3, 1), true, 3});
+    Db.Execute(Sql, {u"bianchi"_s, u"1e5"_s, 2.5, QDate(1961, 4, 2), false, 1});
+    Db.Execute(Sql, {u"Àlvari"_s, u"abc"_s, -1, QVariant(), true, 3});
+    Db.Execute(Sql, {u"ROSSI"_s, u"7"_s, 0, QDate(2001, 12, 31), false, QVariant()});
+    Righe.Conferma();
+}
+
+void TestRecordset::nessunaRiga()
+{
+    Recordset Chiuso;
+    QVERIFY(!Chiuso.Aperto());
+    QVERIFY(Chiuso.Eof() && Chiuso.Bof());
+    Chiuso.MoveNext();
+    QCOMPARE(NumeroErrore([&] { (void)Chiuso.Value(u"ID"_s); }), 3021);
+
+    Recordset Vuoto = Db.OpenRecordset(u"SELECT * FROM Clienti WHERE ID>99"_s);
+    QVERIFY(Vuoto.Aperto() && Vuoto.Eof() && Vuoto.Bof());
+    Vuoto.MoveFirst();
+    Vuoto.MoveLast();
+    Vuoto.MovePrevious();
+    QVERIFY(Vuoto.Eof() && Vuoto.Bof());
+    QCOMPARE(NumeroErrore([&] { (void)Vuoto.Value(u"ID"_s); }), 3021);
+    Vuoto.FindFirst(u"ID=1"_s);
+    QVERIFY(Vuoto.NoMatch());
+}
+
+void TestRecordset::mosseOltreLeEstremita()
+{
+    Recordset Righe = Db.OpenRecordset(u"Clienti"_s);
+    QCOMPARE(Righe.RecordCount(), 4);
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(1));
+    Righe.MovePrevious();
+    Righe.MovePrevious();
+    QVERIFY(Righe.Bof());
+    QCOMPARE(NumeroErrore([&] { (void)Righe.Value(u"ID"_s); }), 3021);
+    Righe.MoveNext();
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(1));
+    Righe.MoveLast();
+    Righe.MoveNext();
+    Righe.MoveNext();
+    QVERIFY(Righe.Eof());
+    Righe.MovePrevious();
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(4));
+}
+
+void TestRecordset::selezioniMostrateRigaPerRiga_data()
+{
+    QTest::addColumn<QString>("Sql");
+    QTest::addColumn<bool>("Modificabile");
+    QTest::addColumn<int>("Righe");
+
+    QTest::newRow("tabella") << u"clienti"_s << true << 4;
+    QTest::newRow("tutto") << u"SELECT * FROM Clienti"_s << true << 4;
+    QTest::newRow("minuscole e punto e virgola") << u" select * from [Clienti] ; "_s << true << 4;
+    QTest::newRow("colonne e condizione") << u"SELECT ID,\"1Med\" FROM Clienti WHERE Codice='7' OR ID<2"_s << true << 2;
+    QTest::newRow("ordinate") << u"SELECT ID FROM \"Clienti\" ORDER BY Nominativo DESC"_s << true << 4;
+    QTest::newRow("parole nel testo") << u"SELECT * FROM Clienti WHERE Codice<>'GROUP BY; --'"_s << true << 4;
+    QTest::newRow("valori diversi") << u"SELECT DISTINCT Anni FROM Clienti WHERE Anni>0"_s << false << 2;
+    QTest::newRow("gruppi") << u"SELECT Anni, count(*) AS n FROM Clienti GROUP BY Anni"_s << false << 3;
+    QTest::newRow("somma") << u"SELECT sum(Anni) FROM Clienti"_s << false << 1;
+    QTest::newRow("due tabelle") << u"SELECT a.ID FROM Clienti a, Clienti b"_s << false << 16;
+    QTest::newRow("unione") << u"SELECT ID FROM Clienti UNION SELECT Anni FROM Clienti WHERE Anni>0"_s << false << 4;
+    QTest::newRow("ordine per posto") << u"SELECT Anni FROM Clienti ORDER BY 1"_s << false << 4;
+    QTest::newRow("espressione") << u"SELECT ID+1 FROM Clienti"_s << false << 4;
+    QTest::newRow("commento") << u"SELECT * FROM Clienti -- tutti"_s << false << 4;
+    QTest::newRow("limite") << u"SELECT * FROM Clienti LIMIT 2"_s << false << 2;
+}
+
+void TestRecordset::selezioniMostrateRigaPerRiga()
+{
+    QFETCH(QString, Sql);
+    QFETCH(bool, Modificabile);
+    Recordset Righe = Db.OpenRecordset(Sql);
+    QTEST(Righe.RecordCount(), "Righe");
+    QCOMPARE(NumeroErrore([&] { Righe.Edit(); }), Modificabile ? 0 : 3027);
+}
+
+void TestRecordset::ordineConChiaveInCoda()
+{
+    // Rows alike keep the order in which they were added; rows without ORDER BY too, index or not.
+    Db.CreaIndice(u"Clienti"_s, u"PerAnni"_s, {u"Anni"_s});
+    QCOMPARE(Nomi(Db.OpenRecordset(u"SELECT * FROM Clienti ORDER BY Anni DESC"_s), u"ID"_s),
+             QStringList({u"1"_s, u"3"_s, u"2"_s, u"4"_s}));
+    QCOMPARE(Nomi(Db.OpenRecordset(u"SELECT ID FROM Clienti WHERE Anni>0"_s), u"ID"_s),
+             QStringList({u"1"_s, u"2"_s, u"3"_s}));
+    QCOMPARE(Nomi(Db.OpenRecordset(u"SELECT * FROM Clienti ORDER BY Nominativo COLLATE SenzaMaiuscole"_s), u"ID"_s),
+             QStringList({u"2"_s, u"4"_s, u"1"_s, u"3"_s}));
+}
+
+void TestRecordset::copiaFissaConIntestazioni()
+{
+    Recordset Righe = Db.OpenRecordset(u"SELECT a.Nominativo, a.Nata, b.ID AS Altro, count(*) AS Quanti, NULL AS Niente "
+                                       "FROM Clienti a JOIN Clienti b ON a.ID=b.ID WHERE a.ID=1"_s);
+    QCOMPARE(Righe.Value(u"nominativo"_s), QVariant(u"Verdi"_s));
+    QCOMPARE(Righe.Value(u"Nata"_s), QVariant(QDate(1950, 3, 1)));
+    QCOMPARE(Righe.Value(u"Altro"_s), QVariant(1));
+    QCOMPARE(Righe.Value(u"Quanti"_s), QVariant(1));
+    QVERIFY(!Righe.Value(u"Niente"_s).isValid());
+    QCOMPARE(Righe.Campi().at(0).Type, TipoCampo::Testo);
+    QCOMPARE(Righe.Campi().at(0).Size, 12);
+    Db.Execute(u"DELETE FROM Clienti"_s);
+    QCOMPARE(Righe.Value(u"Nominativo"_s), QVariant(u"Verdi"_s));
+}
+
+void TestRecordset::valoriPerTipo()
+{
+    Recordset Righe = Db.OpenRecordset(u"Clienti"_s);
+    QCOMPARE(Righe.Value(u"1MED"_s), QVariant(10.0));
+    QCOMPARE(Righe.Value(u"1Med"_s).typeId(), int(QMetaType::Double));
+    QCOMPARE(Righe.Value(u"Nata"_s), QVariant(QDate(1950, 3, 1)));
+    QCOMPARE(Righe.Value(u"Attivo"_s), QVariant(true));
+    QCOMPARE(Righe.Value(u"Anni"_s).typeId(), int(QMetaType::Int));
+    QCOMPARE(Righe.Value(u"Codice"_s), QVariant(u"05"_s));
+    Righe.MoveLast();
+    QVERIFY(!Righe.Value(u"Anni"_s).isValid());
+    QCOMPARE(Righe.Value(u"Anni"_s, 8), QVariant(8));
+    QCOMPARE(Righe.Value(u"Attivo"_s), QVariant(false));
+
+    Db.Execute(u"UPDATE Clienti SET Nata=? WHERE ID=4"_s, {QDateTime(QDate(2020, 1, 5), QTime(10, 30, 15))});
+    QCOMPARE(Righe.Value(u"Nata"_s), QVariant(QDateTime(QDate(2020, 1, 5), QTime(10, 30, 15))));
+    Db.Execute(u"UPDATE Clienti SET Nata=? WHERE ID=4"_s, {QDateTime(QDate(2020, 1, 5), QTime(0, 0))});
+    QCOMPARE(Righe.Value(u"Nata"_s), QVariant(QDate(2020, 1, 5)));
+}
+
+void TestRecordset::valoriDiFormaEstranea()
+{
+    Db.Execute(u"UPDATE Clienti SET Nominativo=CAST(X'41FF42' AS TEXT), Codice=X'C3A800', \"1Med\"='molto', "
+               "Nata='ieri', Attivo=17, Anni=2.5 WHERE ID=1"_s);
+    Recordset Riga = Db.OpenRecordset(u"SELECT * FROM Clienti WHERE ID=1"_s);
+    QCOMPARE(Riga.Value(u"Nominativo"_s), QVariant(u"A\uFFFDB"_s));
+    QCOMPARE(Riga.Value(u"Codice"_s), QVariant(QString(u"è\0"_s)));
+    QCOMPARE(Riga.Value(u"1Med"_s), QVariant(u"molto"_s));
+    QVERIFY(!Riga.Value(u"Nata"_s).isValid());
+    QCOMPARE(Riga.Value(u"Attivo"_s), QVariant(true));
+    QCOMPARE(Riga.Value(u"Anni"_s), QVariant(2.5));
+    Db.Execute(u"UPDATE Clienti SET Anni=9999999999, Nata='2020-13-45' WHERE ID=1"_s);
+    QCOMPARE(Riga.Value(u"Anni"_s), QVariant(9999999999.0));
+    QVERIFY(!Riga.Value(u"Nata"_s).isValid());
+}
+
+void TestRecordset::colonneSconosciute()
+{
+    Recordset Righe = Db.OpenRecordset(u"SELECT ID, Codice FROM Clienti"_s);
+    QCOMPARE(Righe.Campi().size(), 2);
+    QCOMPARE(NumeroErrore([&] { (void)Righe.Value(u"Nominativo"_s); }), 3265);
+    Righe.Edit();
+    QCOMPARE(NumeroErrore([&] { Righe.ImpostaValue(u"Manca"_s, 1); }), 3265);
+    QCOMPARE(NumeroErrore([&] { Righe.FindFirst(u"Manca=1"_s); }), 3070);
+    QCOMPARE(NumeroErrore([&] { (void)Db.OpenRecordset(u"SELECT Manca FROM Clienti"_s); }), 3061);
+    QCOMPARE(NumeroErrore([&] { (void)Db.OpenRecordset(u"SELECT * FROM Manca"_s); }), 3078);
+    QCOMPARE(NumeroErrore([&] { (void)Db.OpenRecordset(u"Manca"_s); }), 3078);
+    QCOMPARE(NumeroErrore([&] { (void)Db.OpenRecordset(u"DELETE FROM Clienti"_s); }), 3078);
+}
+
+void TestRecordset::nuovaRigaDiventaCorrente()
+{
+    Recordset Righe = Db.OpenRecordset(u"SELECT * FROM Clienti ORDER BY Nominativo"_s);
+    Righe.AddNew();
+    Righe.ImpostaValue(u"Nominativo"_s, u"Neri"_s);
+    QCOMPARE(Righe.Value(u"Nominativo"_s), QVariant(u"Neri"_s));
+    QVERIFY(!Righe.Value(u"Codice"_s).isValid());
+    Righe.Update();
+    QCOMPARE(Righe.RecordCount(), 5);
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(5));
+    QCOMPARE(Righe.Value(u"Nominativo"_s), QVariant(u"Neri"_s));
+    QCOMPARE(Righe.Value(u"Attivo"_s), QVariant(false));  // a truth value that nobody set
+    Righe.FindFirst(u"ID=5"_s);
+    QVERIFY(!Righe.NoMatch());
+    QCOMPARE(Db.OpenRecordset(u"Clienti"_s).RecordCount(), 5);
+}
+
+void TestRecordset::modificaScriveSoloIlCambiato()
+{
+    Recordset Righe = Db.OpenRecordset(u"Clienti"_s);
+    QCOMPARE(NumeroErrore([&] { Righe.ImpostaValue(u"Codice"_s, u"x"_s); }), 3020);
+    QCOMPARE(NumeroErrore([&] { Righe.Update(); }), 3020);
+    Righe.Edit();
+    Righe.ImpostaValue(u"Codice"_s, u"nuovo"_s);
+    Db.Execute(u"UPDATE Clienti SET Anni=77 WHERE ID=1"_s);
+    Righe.Update();
+    QCOMPARE(Righe.Value(u"Codice"_s), QVariant(u"nuovo"_s));
+    QCOMPARE(Righe.Value(u"Anni"_s), QVariant(77));
+    Righe.Edit();
+    Righe.ImpostaValue(u"Codice"_s, QVariant());
+    Righe.Update();
+    QVERIFY(!Righe.Value(u"Codice"_s).isValid());
+}
+
+void TestRecordset::annullaNonScrive()
+{
+    Recordset Righe = Db.OpenRecordset(u"Clienti"_s);
+    Righe.Edit();
+    Righe.ImpostaValue(u"Codice"_s, u"nuovo"_s);
+    Righe.CancelUpdate();
+    QCOMPARE(Righe.Value(u"Codice"_s), QVariant(u"05"_s));
+    Righe.AddNew();
+    Righe.ImpostaValue(u"Codice"_s, u"nuovo"_s);
+    Righe.MoveNext();  // a move drops it too
+    QCOMPARE(NumeroErrore([&] { Righe.Update(); }), 3020);
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(2));
+    QCOMPARE(Db.OpenRecordset(u"SELECT * FROM Clienti WHERE Codice='nuovo'"_s).RecordCount(), 0);
+}
+
+void TestRecordset::nuovaChiaveDelContatore()
+{
+    Recordset Righe = Db.OpenRecordset(u"Clienti"_s);
+    Righe.Edit();
+    Righe.ImpostaValue(u"ID"_s, 90);
+    Righe.Update();
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(90));
+    QCOMPARE(Righe.Value(u"Nominativo"_s), QVariant(u"Verdi"_s));
+    Righe.FindFirst(u"ID=3"_s);
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(3));
+    Righe.MoveFirst();
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(90));
+}
+
+void TestRecordset::valoriConvertiti_data()
+{
+    QTest::addColumn<QString>("Nome");
+    QTest::addColumn<QVariant>("Dato");
+    QTest::addColumn<QVariant>("Letto");
+
+    QTest::newRow("numero in un testo") << u"Codice"_s << QVariant(12.7) << QVariant(u"12,7"_s);
+    QTest::newRow("intero in un testo") << u"Codice"_s << QVariant(12) << QVariant(u"12"_s);
+    QTest::newRow("data in un testo") << u"Codice"_s << QVariant(QDate(2012, 7, 20)) << QVariant(u"20/07/2012"_s);
+    QTest::newRow("testo in un numero") << u"1Med"_s << QVariant(u"1.234,50"_s) << QVariant(1234.5);
+    QTest::newRow("singolo senza code") << u"1Med"_s << QVariant(12.7F) << QVariant(12.7);
+    QTest::newRow("vero in un numero") << u"1Med"_s << QVariant(true) << QVariant(-1.0);
+    QTest::newRow("pari al piu vicino") << u"Anni"_s << QVariant(2.5) << QVariant(2);
+    QTest::newRow("oltre i 16 bit") << u"Anni"_s << QVariant(70000) << QVariant(70000);
+    QTest::newRow("testo in una data") << u"Nata"_s << QVariant(u"20/07/2012"_s) << QVariant(QDate(2012, 7, 20));
+    QTest::newRow("data non valida") << u"Nata"_s << QVariant(QDate()) << QVariant();
+    QTest::newRow("numero in un logico") << u"Attivo"_s << QVariant(2) << QVariant(true);
+    QTest::newRow("testo vuoto") << u"Codice"_s << QVariant(QString()) << QVariant(u""_s);
+    QTest::newRow("Null") << u"1Med"_s << QVariant() << QVariant();
+}
+
+void TestRecordset::valoriConvertiti()
+{
+    QFETCH(QString, Nome);
+    QFETCH(QVariant, Dato);
+    Recordset Righe = Db.OpenRecordset(u"Clienti"_s);
+    Righe.Edit();
+    Righe.ImpostaValue(Nome, Dato);
+    Righe.Update();
+    QTEST(Righe.Value(Nome), "Letto");
+}
+
+void TestRecordset::valoriRifiutati_data()
+{
+    QTest::addColumn<QString>("Nome");
+    QTest::addColumn<QVariant>("Dato");
+    QTest::addColumn<int>("Numero");
+
+    QTest::newRow("testo troppo lungo") << u"Nominativo"_s << QVariant(QString(13, u'x')) << 3163;
+    QTest::newRow("parola in un numero") << u"1Med"_s << QVariant(u"dieci"_s) << 3421;
+    QTest::newRow("punto in un numero") << u"1Med"_s << QVariant(u"12.5"_s) << 3421;
+    QTest::newRow("non numero") << u"1Med"_s << QVariant(qQNaN()) << 3421;
+    QTest::newRow("infinito") << u"1Med"_s << QVariant(qInf()) << 3421;
+    QTest::newRow("infinito in un testo") << u"Codice"_s << QVariant(qInf()) << 3421;
+    QTest::newRow("non numero in un intero") << u"Anni"_s << QVariant(qQNaN()) << 3421;
+    QTest::newRow("oltre i 32 bit") << u"Anni"_s << QVariant(3e9) << 3421;
+    QTest::newRow("data in un numero") << u"1Med"_s << QVariant(QDate(2012, 7, 20)) << 3421;
+    QTest::newRow("parola in una data") << u"Nata"_s << QVariant(u"ieri"_s) << 3421;
+    QTest::newRow("numero in una data") << u"Nata"_s << QVariant(41000) << 3421;
+}
+
+void TestRecordset::valoriRifiutati()
+{
+    QFETCH(QString, Nome);
+    QFETCH(QVariant, Dato);
+    QFETCH(int, Numero);
+    Recordset Righe = Db.OpenRecordset(u"Clienti"_s);
+    Righe.Edit();
+    try {
+        Righe.ImpostaValue(Nome, Dato);
+        QFAIL("il valore doveva essere rifiutato");
+    } catch (const Errore& E) {
+        QCOMPARE(E.Numero, Numero);
+        QVERIFY2(E.Descrizione.endsWith(Nome), qPrintable(E.Descrizione));
+    }
+}
+
+void TestRecordset::testoLungoQuantoIlCampo()
+{
+    Recordset Righe = Db.OpenRecordset(u"Clienti"_s);
+    Righe.Edit();
+    Righe.ImpostaValue(u"Nominativo"_s, QString(12, u'à'));
+    Righe.Update();
+    QCOMPARE(Righe.Value(u"Nominativo"_s), QVariant(QString(12, u'à')));
+}
+
+void TestRecordset::eliminaEVaAvanti()
+{
+    Recordset Righe = Db.OpenRecordset(u"Clienti"_s);
+    Righe.MoveNext();
+    Righe.Delete();
+    QCOMPARE(Righe.RecordCount(), 3);
+    QVERIFY(!Righe.Eof());
+    QCOMPARE(NumeroErrore([&] { (void)Righe.Value(u"ID"_s); }), 3167);
+    QCOMPARE(NumeroErrore([&] { Righe.Delete(); }), 3167);
+    Righe.MoveNext();
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(3));
+    Righe.Delete();
+    Righe.MovePrevious();
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(1));
+    Righe.MoveLast();
+    Righe.Delete();
+    Righe.MoveNext();
+    QVERIFY(Righe.Eof());
+    Righe.MoveFirst();
+    Righe.Delete();
+    QVERIFY(Righe.Eof() && Righe.Bof());
+    QCOMPARE(Db.OpenRecordset(u"Clienti"_s).RecordCount(), 0);
+}
+
+void TestRecordset::rigaSparitaAltrove()
+{
+    Recordset Righe = Db.OpenRecordset(u"Clienti"_s);
+    Recordset Altre = Db.OpenRecordset(u"Clienti"_s);
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(1));
+    Altre.Delete();
+    QCOMPARE(NumeroErrore([&] { (void)Righe.Value(u"ID"_s); }), 3167);
+    QCOMPARE(NumeroErrore([&] { Righe.Edit(); }), 3167);
+    QCOMPARE(NumeroErrore([&] { Righe.Delete(); }), 3167);
+    Righe.MoveNext();
+    Righe.Edit();
+    Righe.ImpostaValue(u"Codice"_s, u"x"_s);
+    Db.Execute(u"DELETE FROM Clienti WHERE ID=2"_s);
+    QCOMPARE(NumeroErrore([&] { Righe.Update(); }), 3167);
+}
+
+void TestRecordset::rigaCambiataAltrove()
+{
+    Recordset Righe = Db.OpenRecordset(u"Clienti"_s);
+    QCOMPARE(Righe.Value(u"Codice"_s), QVariant(u"05"_s));
+    {
+        const Transazione Annullata(Db);
+        Db.Execute(u"UPDATE Clienti SET Codice='z'"_s);
+        QCOMPARE(Righe.Value(u"Codice"_s), QVariant(u"z"_s));
+    }
+    QCOMPARE(Righe.Value(u"Codice"_s), QVariant(u"05"_s));
+}
+
+void TestRecordset::solaLetturaNonScrive()
+{
+    Recordset Righe = OpenDatabase(Db.Percorso(), true).OpenRecordset(u"Clienti"_s);
+    QCOMPARE(NumeroErrore([&] { Righe.AddNew(); }), 3027);
+    QCOMPARE(NumeroErrore([&] { Righe.Edit(); }), 3027);
+    QCOMPARE(NumeroErrore([&] { Righe.Delete(); }), 3027);
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(1));
+}
+
+void TestRecordset::chiaveDoppia()
+{
+    Db.CreaIndice(u"Clienti"_s, u"Unico"_s, {u"Codice"_s}, true);
+    Recordset Righe = Db.OpenRecordset(u"Clienti"_s);
+    Righe.AddNew();
+    Righe.ImpostaValue(u"Codice"_s, u"05"_s);
+    QCOMPARE(NumeroErrore([&] { Righe.Update(); }), 3022);
+    Righe.ImpostaValue(u"Codice"_s, u"5"_s);  // the row being added is still there to be mended
+    Righe.Update();
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(5));
+}
+
+void TestRecordset::trovaNellOrdineDelleRighe()
+{
+    Recordset Righe = Db.OpenRecordset(u"SELECT * FROM Clienti ORDER BY \"1Med\""_s);  // 3 4 2 1
+    Righe.FindFirst(u"Anni>0"_s);
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(3));
+    Righe.FindNext(u"Anni>0"_s);
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(2));
+    Righe.FindNext(u"Anni>0"_s);
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(1));
+    QVERIFY(!Righe.NoMatch());
+    Righe.FindNext(u"Anni>0"_s);
+    QVERIFY(Righe.NoMatch());
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(1));  // the current row stays
+
+    Recordset Parte = Db.OpenRecordset(u"SELECT * FROM Clienti WHERE ID<>1"_s);
+    Parte.FindFirst(u"Anni=3"_s);
+    QCOMPARE(Parte.Value(u"ID"_s), QVariant(3));
+    Parte.FindFirst(u"ID=1"_s);  // in the table, not in the set
+    QVERIFY(Parte.NoMatch());
+}
+
+void TestRecordset::trovaIndietro()
+{
+    for (const QString& Sql : {u"Clienti"_s, u"SELECT * FROM Clienti ORDER BY -ID DESC"_s}) {
+        Recordset Righe = Db.OpenRecordset(Sql);
+        Righe.FindLast(u"Anni=3"_s);
+        QCOMPARE(Righe.Value(u"ID"_s), QVariant(3));
+        Righe.FindPrevious(u"Anni=3"_s);
+        QCOMPARE(Righe.Value(u"ID"_s), QVariant(1));
+        Righe.FindPrevious(u"Anni=3"_s);
+        QVERIFY(Righe.NoMatch());
+        Righe.MoveFirst();
+        Righe.Delete();
+        Righe.FindNext(u"Anni>0"_s);  // behind a deleted row begins with the one that followed it
+        QCOMPARE(Righe.Value(u"ID"_s), QVariant(2));
+        init();
+    }
+}
+
+void TestRecordset::trovaSuCopiaFissa()
+{
+    Recordset Righe = Db.OpenRecordset(u"SELECT DISTINCT Nominativo, Codice, ID*2 AS Doppio FROM Clienti ORDER BY ID"_s);
+    Righe.FindFirst(u"Nominativo='rossi'"_s);
+    QCOMPARE(Righe.Value(u"Codice"_s), QVariant(u"7"_s));
+    Righe.FindFirst(u"Doppio>=4 AND Doppio<8"_s);
+    QCOMPARE(Righe.Value(u"Doppio"_s), QVariant(4));
+    Righe.FindLast(u"Codice=5"_s);
+    QCOMPARE(Righe.Value(u"Doppio"_s), QVariant(2));
+}
+
+void TestRecordset::trovaTestoSenzaMaiuscole_data()
+{
+    QTest::addColumn<QString>("Criterio");
+    QTest::addColumn<int>("Trovato");
+
+    QTest::newRow("altre maiuscole") << u"Nominativo = \"rossi\""_s << 4;
+    QTest::newRow("accento maiuscolo") << u"Nominativo = 'àLVARI'"_s << 3;
+    QTest::newRow("senza accento") << u"Nominativo = 'alvari'"_s << 0;
+    QTest::newRow("minore") << u"Nominativo < 'C'"_s << 2;
+    QTest::newRow("contiene") << u"Nominativo Like \"*NCH*\""_s << 2;
+    QTest::newRow("inizia con accento") << u"Nominativo Like 'à*'"_s << 3;
+    QTest::newRow("non contiene") << u"Nominativo Not Like '*r*'"_s << 2;
+    QTest::newRow("testo e numero") << u"Codice=5"_s << 1;
+    QTest::newRow("esponente e numero") << u"Codice=100000"_s << 2;
+    QTest::newRow("testo che non e numero") << u"Codice>100000"_s << 0;
+    QTest::newRow("decimale") << u"1Med=2.5"_s << 2;
+    QTest::newRow("negativo") << u"1Med<-0.5"_s << 3;
+    QTest::newRow("data americana") << u"Nata=#04/02/1961#"_s << 2;
+    QTest::newRow("data italiana") << u"Nata>DateValue('02/04/1961')"_s << 4;
+    QTest::newRow("somiglia a una data") << u"Nata Like DateValue('02/04/1961')"_s << 2;
+    QTest::newRow("manca") << u"Nata = Null"_s << 3;
+    QTest::newRow("c'e") << u"Nata <> Null AND NOT Attivo=True"_s << 2;
+    QTest::newRow("nullo") << u"Anni Is Null"_s << 4;
+    QTest::newRow("non nullo") << u"Anni IS NOT NULL AND Attivo=False"_s << 2;
+    QTest::newRow("AND prima di OR") << u"ID=4 OR ID=3 AND Attivo=False"_s << 4;
+    QTest::newRow("parentesi") << u"(ID=4 OR ID=3) AND Attivo=True"_s << 3;
+}
+
+void TestRecordset::trovaTestoSenzaMaiuscole()
+{
+    QFETCH(QString, Criterio);
+    Recordset Righe = Db.OpenRecordset(u"Clienti"_s);
+    Righe.FindFirst(Criterio);
+    QTEST(Righe.NoMatch() ? 0 : Righe.Value(u"ID"_s).toInt(), "Trovato");
+}
+
+void TestRecordset::trovaInUnMilioneDiRighe()
+{
+    Db.Execute(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<1000000) "
+               "INSERT INTO Clienti (ID, Nominativo) SELECT 1000000-i+10, 'Nome '||i FROM n"_s);
+    Recordset Righe = Db.OpenRecordset(u"Clienti"_s);
+    QCOMPARE(Righe.RecordCount(), 1000004);
+    QElapsedTimer Orologio;
+    Orologio.start();
+    Righe.FindFirst(u"ID=900000"_s);
+    QCOMPARE(Righe.Value(u"Nominativo"_s), QVariant(u"Nome 100010"_s));
+    QVERIFY2(Orologio.elapsed() < 50, "una chiave si trova senza leggere la tabella");
+    Orologio.restart();
+    Righe.FindFirst(u"Nominativo Like '*E 3'"_s);
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(1000007));
+    QVERIFY2(Orologio.elapsed() < 5000, "le righe non si leggono una per una");
+}
+
+void TestRecordset::cercaConIndice_data()
+{
+    QTest::addColumn<QString>("Operatore");
+    QTest::addColumn<QDate>("Chiave");
+    QTest::addColumn<int>("Trovato");
+
+    QTest::newRow("uguale") << u"="_s << QDate(1961, 4, 2) << 2;
+    QTest::newRow("uguale a nulla") << u"="_s << QDate(1961, 4, 3) << 0;
+    QTest::newRow("da qui in su") << u">="_s << QDate(1961, 4, 2) << 2;
+    QTest::newRow("oltre") << u">"_s << QDate(1961, 4, 2) << 4;
+    QTest::newRow("ultima fino a qui") << u"<="_s << QDate(2000, 1, 1) << 2;
+    QTest::newRow("ultima prima") << u"<"_s << QDate(1961, 4, 2) << 1;
+    QTest::newRow("prima di tutte") << u"<="_s << QDate(1900, 1, 1) << 0;
+}
+
+void TestRecordset::cercaConIndice()
+{
+    QFETCH(QString, Operatore);
+    QFETCH(QDate, Chiave);
+    QFETCH(int, Trovato);
+    Db.CreaIndice(u"Clienti"_s, u"Dal"_s, {u"Nata"_s});
+    Recordset Righe = Db.OpenRecordset(u"Clienti"_s);
+    Righe.ImpostaIndex(u"DAL"_s);
+    Righe.Seek(Operatore, Chiave);
+    QCOMPARE(Righe.NoMatch(), Trovato == 0);
+    QCOMPARE(Righe.Eof(), Trovato == 0);
+    if (Trovato > 0)
+        QCOMPARE(Righe.Value(u"ID"_s), QVariant(Trovato));
+}
+
+void TestRecordset::cercaSuPiuColonne()
+{
+    Db.Execute(u"CREATE TABLE IndiciIstat (Anno SMALLINT, Mese SMALLINT, Indice DOUBLE REAL)"_s);
+    Db.CreaIndice(u"IndiciIstat"_s, u"Indice"_s, {u"Anno"_s, u"Mese"_s});
+    for (const auto& [Anno, Mese] : {std::pair{2012, 3}, {2011, 12}, {2012, 1}})
+        Db.Execute(u"INSERT INTO IndiciIstat VALUES (?,?,?)"_s, {Anno, Mese, Anno + Mese / 100.0});
+    Recordset Righe = Db.OpenRecordset(u"IndiciIstat"_s);
+    Righe.ImpostaIndex(u"Indice"_s);
+    QCOMPARE(Righe.Value(u"Indice"_s), QVariant(2011.12));  // the rows now come in the index's order
+    Righe.MoveLast();
+    QCOMPARE(Righe.Value(u"Indice"_s), QVariant(2012.03));
+    Righe.Seek(u"="_s, QVariantList{2012, 1});
+    QCOMPARE(Righe.Value(u"Indice"_s), QVariant(2012.01));
+    Righe.MoveNext();
+    QCOMPARE(Righe.Value(u"Mese"_s), QVariant(3));
+    Righe.Seek(u"<"_s, QVariantList{2012, 1});
+    QCOMPARE(Righe.Value(u"Mese"_s), QVariant(12));
+    Righe.Seek(u"="_s, QVariantList{2012, 2});
+    QVERIFY(Righe.NoMatch());
+    QCOMPARE(NumeroErrore([&] { Righe.Seek(u"="_s, QVariantList{1, 2, 3}); }), 5);
+}
+
+void TestRecordset::cercaTestoSenzaMaiuscole()
+{
+    Db.CreaIndice(u"Clienti"_s, u"COMUNI2L"_s, {u"Nominativo"_s});
+    Recordset Righe = Db.OpenRecordset(u"Clienti"_s);
+    Righe.ImpostaIndex(u"comuni2l"_s);
+    Righe.Seek(u">="_s, u"ro"_s);
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(4));
+    Righe.Seek(u"="_s, u"VERDI"_s);
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(1));
+    Righe.Seek(u">="_s, QString(300, u'a'));  // longer than the column
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(2));
+    Db.Execute(u"INSERT INTO Clienti (Nominativo) VALUES ('Zeno')"_s);
+    Righe.Seek(u"="_s, u"zeno"_s);  // added since
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(5));
+}
+
+void TestRecordset::indiciSbagliati()
+{
+    Db.CreaIndice(u"Clienti"_s, u"Dal"_s, {u"Nata"_s});
+    Db.Execute(u"CREATE TABLE Altra (Dal INTEGER)"_s);
+    Db.CreaIndice(u"Altra"_s, u"Dal"_s, {u"Dal"_s});  // the same name in another table
+    Recordset Righe = Db.OpenRecordset(u"Clienti"_s);
+    QCOMPARE(NumeroErrore([&] { Righe.Seek(u"="_s, 1); }), 3019);
+    QCOMPARE(NumeroErrore([&] { Righe.ImpostaIndex(u"Manca"_s); }), 3015);
+    Righe.ImpostaIndex(u"Dal"_s);
+    QCOMPARE(NumeroErrore([&] { Righe.Seek(u"<>"_s, 1); }), 5);
+    QCOMPARE(NumeroErrore([&] { Righe.Seek(u"="_s, u"mai"_s); }), 3421);
+    Recordset Query = Db.OpenRecordset(u"SELECT * FROM Clienti"_s);
+    QCOMPARE(NumeroErrore([&] { Query.ImpostaIndex(u"Dal"_s); }), 3015);
+}
+
+void TestRecordset::segnalibriECloni()
+{
+    Recordset Righe = Db.OpenRecordset(u"SELECT * FROM Clienti ORDER BY \"1Med\""_s);
+    Righe.MoveNext();
+    const QVariant Segno = Righe.Bookmark();
+    Recordset Clone = Righe.Clone();
+    QCOMPARE(Clone.Value(u"ID"_s), QVariant(3));
+    Righe.MoveLast();
+    Clone.ImpostaBookmark(Segno);
+    QCOMPARE(Clone.Value(u"ID"_s), QVariant(4));
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(1));
+    Righe.ImpostaBookmark(Segno);
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(4));
+    QCOMPARE(NumeroErrore([&] { Righe.ImpostaBookmark(99LL); }), 3159);
+    QCOMPARE(NumeroErrore([&] { Righe.ImpostaBookmark(u"4"_s); }), 3159);
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(4));
+    Righe.MoveLast();
+    Righe.MoveNext();
+    QCOMPARE(NumeroErrore([&] { (void)Righe.Bookmark(); }), 3021);
+}
+
+void TestRecordset::copieCondividonoIlCursore()
+{
+    Recordset Righe = Db.OpenRecordset(u"Clienti"_s);
+    Recordset Copia = Righe;
+    Copia.MoveLast();
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(4));
+    Copia.Close();
+    QVERIFY(!Righe.Aperto());
+    QVERIFY(Righe.Eof());
+}
+
+void TestRecordset::nonTieneBlocchi()
+{
+    Recordset Righe = Db.OpenRecordset(u"Clienti"_s);
+    QCOMPARE(Righe.Value(u"ID"_s), QVariant(1));
+    Righe.FindFirst(u"Anni>0"_s);
+    // Another name of the same file gets a connection of its own, as another program would.
+    const QString Altro = Db.Percorso() + u"2"_s;
+    std::filesystem::create_hard_link(Db.Percorso().toStdString(), Altro.toStdString());
+    OpenDatabase(Altro).Execute(u"UPDATE Clienti SET Codice='altrui' WHERE ID=2"_s);
+    Righe.MoveNext();
+    QCOMPARE(Righe.Value(u"Codice"_s), QVariant(u"altrui"_s));
+}
+
+#include "TestRecordset.moc"
