@@ -1,4 +1,5 @@
 #include "supporto/prova.h"
+#include "supporto/registratore.h"
 
 #include "creadati/creadati.h"
 #include "creadati/formule.h"
@@ -26,6 +27,7 @@ private Q_SLOTS:
     void stessiByteAdOgniGiro();
     void rifiuta_data();
     void rifiuta();
+    void rifiutaFormulaCheTrabocca();
     void rifiutaPiuDiVentunoScaglioni();
     void mancaUnaTabella();
     void uscitaNonScrivibile();
@@ -472,6 +474,22 @@ void TestTariffeDati::rifiuta()
     QCOMPARE(Stato, 1);
     QCOMPARE(Contenuto(Altra + u"parcelle.mdb"_s), QByteArray("di prima"));
     QCOMPARE(QDir(Altra).entryList(QDir::Files | QDir::Hidden), QStringList{u"parcelle.mdb"_s});
+}
+
+void TestTariffeDati::rifiutaFormulaCheTrabocca()
+{
+    Registratore Messaggi;
+    Messaggi.Attendi(u"overflow"_s);
+    const QString Cartella = CopiaTabelle();
+    const QString Tabella = Cartella + u"onorari_stragiudiziali.csv"_s;
+    QByteArray Formule = Contenuto(Tabella);
+    Formule.replace("9475+(x-1500000)*0.0025", "x" + QByteArray("*x").repeated(59));
+    Scrivi(Tabella, Formule);
+    int Stato = -1;
+    QCOMPARE(
+        Esegui({Cartella, NuovaCartella()}, Stato),
+        u"onorari_stragiudiziali.csv, riga 43, colonna minimo: la formula non ha un valore per x = 1500000.01\n"_s);
+    QCOMPARE(Stato, 1);
 }
 
 void TestTariffeDati::rifiutaPiuDiVentunoScaglioni()
