@@ -146,7 +146,7 @@ private:
             Posto += Nome.size();
         }
         const bool SoloCifre = std::ranges::all_of(Nome, [](QChar C) { return C.isDigit(); });
-        if (SoloCifre)  // an empty name too
+        if (SoloCifre || PrendiSegno(u'('))  // an empty name, a number, a call
             Rifiuta();
         const QString Colonna = Identifica(Nome);
         if (Colonna.isEmpty())

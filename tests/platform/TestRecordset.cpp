@@ -5,8 +5,6 @@
 #include "platform/errore.h"
 #include "supporto/guasti.h"
 
-#include <QElapsedTimer>
-
 #include <filesystem>
 
 using namespace Qt::StringLiterals;
@@ -46,7 +44,7 @@ private Q_SLOTS:
     void trovaSuCopiaFissa();
     void trovaTestoSenzaMaiuscole_data();
     void trovaTestoSenzaMaiuscole();
-    void trovaInUnMilioneDiRighe();
+    void trovaFraMolteRighe();
     void cercaConIndice_data();
     void cercaConIndice();
     void cercaSuPiuColonne();
@@ -543,21 +541,21 @@ void TestRecordset::trovaTestoSenzaMaiuscole()
     QTEST(Righe.NoMatch() ? 0 : Righe.Value(u"ID"_s).toInt(), "Trovato");
 }
 
-void TestRecordset::trovaInUnMilioneDiRighe()
+void TestRecordset::trovaFraMolteRighe()
 {
-    Db.Execute(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<1000000) "
-               "INSERT INTO Clienti (ID, Nominativo) SELECT 1000000-i+10, 'Nome '||i FROM n"_s);
-    Recordset Righe = Db.OpenRecordset(u"Clienti"_s);
-    QCOMPARE(Righe.RecordCount(), 1000004);
-    QElapsedTimer Orologio;
-    Orologio.start();
-    Righe.FindFirst(u"ID=900000"_s);
-    QCOMPARE(Righe.Value(u"Nominativo"_s), QVariant(u"Nome 100010"_s));
-    QVERIFY2(Orologio.elapsed() < 50, "una chiave si trova senza leggere la tabella");
-    Orologio.restart();
-    Righe.FindFirst(u"Nominativo Like '*E 3'"_s);
-    QCOMPARE(Righe.Value(u"ID"_s), QVariant(1000007));
-    QVERIFY2(Orologio.elapsed() < 5000, "le righe non si leggono una per una");
+    Db.Execute(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<50000) "
+               "INSERT INTO Clienti (ID, Nominativo) SELECT 50000-i+10, 'Nome '||i FROM n"_s);
+    for (const QString& Sql : {u"Clienti"_s, u"SELECT * FROM Clienti ORDER BY Nominativo DESC"_s}) {
+        Recordset Righe = Db.OpenRecordset(Sql);
+        QCOMPARE(Righe.RecordCount(), 50004);
+        Righe.FindFirst(u"ID=40000"_s);
+        QCOMPARE(Righe.Value(u"Nominativo"_s), QVariant(u"Nome 10010"_s));
+        Righe.FindFirst(u"Nominativo Like '*E 3'"_s);
+        QCOMPARE(Righe.Value(u"ID"_s), QVariant(50007));
+        Righe.FindNext(u"Nominativo Like '*E 3'"_s);
+        QVERIFY(Righe.NoMatch());
+        QCOMPARE(Righe.Value(u"ID"_s), QVariant(50007));
+    }
 }
 
 void TestRecordset::cercaConIndice_data()
