@@ -1,0 +1,47 @@
+// Entering and leaving boxes: the classic LostFocus of a field, which may refuse.
+//
+// Qt's toolbars, menus and tab bars take no focus on a click, so that no field is left by them: every
+// command, tab change, close and print calls ConcludiCampo first, and stops when it answers false.
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class QLineEdit;
+class QWidget;
+
+/// What runs when the user leaves a box that he has edited. False refuses: the focus goes back by a queued
+/// call. A change of window or an open popup is no leaving. Never re-entered: a message shown inside
+/// takes the focus without running it again.
+void AlLascia(QWidget* Campo, std::function<bool()> Procedura);
+
+/// The same for a box whose text the user has not touched: runs at every leaving.
+void AlLasciaSempre(QWidget* Campo, std::function<bool()> Procedura);
+
+/// Runs the leave procedure of the focused field and commits the open cell of a grid.
+/// @return false when it refuses
+[[nodiscard]] bool ConcludiCampo();
+
+/// Something that keeps an edit open of its own (a grid's cell) and can commit it.
+class Concludibile
+{
+public:
+    virtual ~Concludibile() = default;
+    /// Commits the open edit. @return false when it is refused; the edit stays open
+    [[nodiscard]] virtual bool Concludi() = 0;
+};
+
+/// Filters what is typed into a box by FiltroTasti's kinds ("d", "n", ",", a list of characters) through
+/// the installed filter; the keypad's decimal key types a comma, and so does "." in percent boxes.
+/// Enter moves to the next field and never presses a default button. Clipboard shortcuts pass.
+void FiltraTasti(QLineEdit* Campo, const QString& Tipo, bool PuntoInVirgola = false);
+
+/// The filter of printable characters: key code and kind in, key code to keep out (0 swallows).
+/// Core's FiltroTasti is installed here at the start.
+std::function<int(int Tasto, const QString& Tipo)> InstallaFiltro(
+    std::function<int(int, const QString&)> Nuovo);
+
+/// A box of an amount or a percentage: filtered, flush right; a text that is no number is refused on
+/// leaving with "Immettere un valore numerico!", the focus stays, nothing changes. An empty text passes.
+void CampoNumerico(QLineEdit* Campo, std::function<bool()> Procedura, bool Percento = false);

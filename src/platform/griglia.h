@@ -1,0 +1,109 @@
+// The grid: rows of a TabellaRighe (or of a recordset) with footers, a row selector and cell editing.
+#pragma once
+
+#include "platform/campo.h"
+#include "platform/recordset.h"
+#include "platform/tabellarighe.h"
+
+#include <QColor>
+#include <QList>
+#include <QString>
+#include <QVariant>
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+
+class QTableView;
+
+/// A column of a grid.
+struct ColonnaGriglia
+{
+    QString Titolo;
+    int Campo = 0;               ///< column of the table
+    QString NomeCampo;           ///< column of the recordset
+    int Caratteri = 10;          ///< width in average characters
+    Qt::Alignment Allinea = Qt::AlignLeft;
+    bool Visibile = true;
+    bool Modificabile = false;
+    bool Stira = false;          ///< takes the room that is left
+    QString Filtro;              ///< keys of the cell editor, as FiltroTasti's kinds; empty: everything
+    int Massimo = 0;             ///< characters the editor takes, 0 no limit
+    /// Text of a cell; without it CStr shows the value.
+    std::function<QString(const QVariant& Valore, int Riga)> Mostra;
+};
+
+/// A grid over rows that somebody else owns. The table is the truth: after changing it by code call
+/// Rilega; what the user types goes through `Convalida` and `Scrivi`.
+class Griglia : public QWidget, public Concludibile
+{
+    Q_OBJECT
+
+public:
+    explicit Griglia(QWidget* Padre = nullptr);
+    ~Griglia() override;
+
+    // ---- source
+    void ImpostaColonne(const QList<ColonnaGriglia>& Colonne);
+    /// Shows a table, which must live as long as it is shown.
+    void Lega(TabellaRighe* Tabella);
+    /// Shows the rows of a recordset, read-only, fetched as they are painted.
+    void Lega(const Recordset& Righe);
+    /// Repaints after the rows were changed by code; current row and first visible row stay where they can.
+    void Rilega();
+    [[nodiscard]] int Righe() const;
+    /// Lets the user type into an empty row behind the last one; the row is made at its first cell.
+    void ConsentiNuove(bool Si);
+    /// One grey sentence shown while there are no rows.
+    void FraseVuota(const QString& Testo);
+
+    // ---- rows
+    [[nodiscard]] std::optional<int> RigaCorrente() const;
+    void ImpostaRigaCorrente(int Riga, int Colonna = -1);
+    [[nodiscard]] int PrimaRiga() const;
+    void ImpostaPrimaRiga(int Riga);
+    /// Rows selected by the row selector, in the order of the user's clicks.
+    [[nodiscard]] QList<int> Selezione() const;
+    void AzzeraSelezione();
+    void Seleziona(int Riga);
+
+    // ---- columns and footer
+    void MostraColonna(int Colonna, bool Visibile);
+    [[nodiscard]] bool ColonnaVisibile(int Colonna) const;
+    void Pie(int Colonna, const QString& Testo);
+    [[nodiscard]] QString TestoPie(int Colonna) const;
+    /// Widths as text, to be remembered, and back.
+    [[nodiscard]] QString Larghezze() const;
+    void ImpostaLarghezze(const QString& Testo);
+    /// Lets rows be dragged by the row selector.
+    void ConsentiTrascina(bool Si);
+
+    [[nodiscard]] bool Concludi() override;
+    [[nodiscard]] QTableView* Vista() const;
+
+    // ---- rules, set by the form
+    /// Checks a typed text before it is written. False refuses and keeps the edit open.
+    std::function<bool(int Riga, int Colonna, const QString& Testo)> Convalida;
+    /// What is written for a typed text; without it the text as a number where it is one and the column's
+    /// filter is numeric, else the text.
+    std::function<QVariant(int Riga, int Colonna, const QString& Testo)> Valore;
+    /// Fills a row that the user begins in the empty one.
+    std::function<void(int Riga)> NuovaRiga;
+    /// Checks a row before it is left. False keeps the current row on it.
+    std::function<bool(int Riga)> LasciaRiga;
+
+Q_SIGNALS:
+    void RigaCambiata(int Riga);            ///< another row is current, -1 none
+    void CellaScritta(int Riga, int Colonna);
+    void DoppioClic(int Riga);              ///< Enter on a grid without editing counts as one
+    void ClicCella(int Riga, int Colonna);
+    void SelezioneCambiata();
+    void Cancella();                        ///< Del with rows selected or a current row, no cell in edit
+    void Trascinata(int Destinazione);      ///< selected rows dropped before this row; the count: at the end
+    void TrascinataFuori();                 ///< dropped inside the grid but on no row
+    void MenuContestuale(int Riga, const QPoint& Punto);
+
+private:
+    struct Interno;
+    std::unique_ptr<Interno> Pezzi;
+};

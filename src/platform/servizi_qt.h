@@ -1,0 +1,21 @@
+// The seams of messages, desktop and errors as Qt Widgets gives them.
+#pragma once
+
+#include <QApplication>
+
+/// The application: an exception that leaves an event handler ends in the last net.
+class Applicazione : public QApplication
+{
+    Q_OBJECT
+
+public:
+    Applicazione(int& argc, char** argv);
+    bool notify(QObject* Ricevente, QEvent* Evento) override;
+};
+
+/// Installs Qt's boxes, dialogs, desktop services, busy pointer and focus moves into the seams.
+void InstallaServiziQt();
+
+/// Long work breathes through this: painting and the break key (Esc, Pause) only.
+/// @return false when the user asked to stop
+bool Respira();
