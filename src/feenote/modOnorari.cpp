@@ -153,8 +153,9 @@ double GetQuant(const QString& Descr, const QString& QtaOno)
 void LoadOnoDir(Parcella& Nota, Catalogo& Voci)
 {
     Voci = ApriCatalogo(Nota.cmbCateg < 0 ? QString() : Nota.CodCateg, Nota.IDAutSelezionata());
-    if (Nota.RicalcoloNecessario && !Nota.xOnorari.Vuota())
-        RicalcolaOnorari(Nota, Voci);
+    // A failed formula is told once: the note keeps what was recalculated before it, and is not asked again.
+    if (Nota.RicalcoloNecessario && !Nota.xOnorari.Vuota() && Voci.datOno.Aperto())
+        Protetta([&] { RicalcolaOnorari(Nota, Voci); });
     Nota.RicalcoloNecessario = false;
 }
 
@@ -169,8 +170,6 @@ int EntraOnorari(Parcella& Nota, Catalogo& Voci)
 
 int PrecaricaOnorari(Parcella& Nota, Catalogo& Voci)
 {
-    // Appended whatever the list's mode: inserting at the current row would turn the phases round.
-    const bool Modo = std::exchange(Nota.InsUltimaOno, true);
     int Inserite = 0;
     for (Voci.datOno.MoveFirst(); !Voci.datOno.Eof(); Voci.datOno.MoveNext()) {
         // As text: "95" stands above "900" and is left to the user.
@@ -181,11 +180,11 @@ int PrecaricaOnorari(Parcella& Nota, Catalogo& Voci)
         Dati.Descr = Descrizione(Voci.datOno);
         Dati.VarPerc = Nota.AumRidVarP;
         Dati.CodVoce = Voci.datOno.Value(Voci.ChiaveOno);
-        AddModOnor(Nota, Dati, RigaNuova);
+        // No current row, whatever the list's mode: inserting at one would turn the phases round.
+        AddModOnor(Nota, Dati, RigaNuova, std::nullopt);
         ++Inserite;
     }
     Voci.datOno.MoveFirst();
-    Nota.InsUltimaOno = Modo;
     return Inserite;
 }
 
@@ -272,7 +271,7 @@ Terna TernaPerRicalcolo(const Parcella& Nota, const Recordset& Voce)
 
 void RicalcolaRiga(Parcella& Nota, const Catalogo& Voci, Recordset& Ricerca, int Riga)
 {
-    const TabellaRighe& Righe = Nota.xOnorari;
+    TabellaRighe& Righe = Nota.xOnorari;
     const QVariant Codice = Righe(Riga, OnoCodVoce);
     if (NumeroDi(Codice) <= 0 || NumeroDi(Righe(Riga, OnoNVoce)) >= PrimaVoceFuoriTariffa)
         return;
@@ -283,6 +282,9 @@ void RicalcolaRiga(Parcella& Nota, const Catalogo& Voci, Recordset& Ricerca, int
         AvvisaNonPrevisto(Descr);
         return;
     }
+    // An item keeps its code across authorities, while its number in the decree may differ.
+    if (Nota.CodCateg == Civile)
+        Righe(Riga, OnoNVoce) = NumeroVoce(Ricerca);
     const Terna Unitaria = TernaPerRicalcolo(Nota, Ricerca);
     if (MancaValore(Nota, Unitaria)) {
         MsgBox(u"Attenzione, l'onorario "_s + Descr
@@ -292,14 +294,13 @@ void RicalcolaRiga(Parcella& Nota, const Catalogo& Voci, Recordset& Ricerca, int
     }
 
     DatiOnorario Dati = Moltiplica(Unitaria, NumeroDi(Righe(Riga, OnoQta)));
-    // An item keeps its code across authorities, while its number in the decree may differ.
-    Dati.NVoce = Nota.CodCateg == Civile ? NumeroVoce(Ricerca) : int(NumeroDi(Righe(Riga, OnoNVoce)));
+    Dati.NVoce = int(NumeroDi(Righe(Riga, OnoNVoce)));
     Dati.Descr = Descr;
     Dati.VarPerc = Nota.AumRidVarP;
     Dati.CodVoce = Codice;
     const QVariant Data = Righe(Riga, OnoData);
     AddModOnor(Nota, Dati, Riga + RigaConBase);
-    Nota.xOnorari(Riga, OnoData) = Data;  // the day of the service does not change with the tariff
+    Righe(Riga, OnoData) = Data;  // the day of the service does not change with the tariff
 }
 
 }  // namespace

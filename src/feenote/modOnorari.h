@@ -47,7 +47,8 @@ int AddModOnor(Parcella& Nota, const DatiOnorario& Dati, int Riga, std::optional
 [[nodiscard]] double GetQuant(const QString& Descr, const QString& QtaOno);
 
 /// Opens the catalogues of the note's category and, when a parameter has changed since, recalculates the
-/// lines. @throws Errore when the catalogues cannot be read
+/// lines; a formula that fails there is reported, and the flag is cleared all the same.
+/// @throws Errore when the catalogues cannot be read
 void LoadOnoDir(Parcella& Nota, Catalogo& Voci);
 
 /// Entering the honoraria: LoadOnoDir, then the standard items of an authority that has them, into an
