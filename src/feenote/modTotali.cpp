@@ -168,6 +168,17 @@ void Abilita(Parcella& Nota, Imposta Quale, bool Si)
     (Nota.*Voce.Box).Abilitata = Si;
 }
 
+/// What the regime excludes is cleared as by a click: outside the court costs note for good, so that no later
+/// change of document brings it back.
+void TogliPerRegime(Parcella& Nota)
+{
+    for (const Imposta Quale : {Imposta::IVA, Imposta::RA}) {
+        Togli(Nota, Quale);
+        if (Nota.cmbTipoStampa != StampaNotaGiudiziale)
+            Ricorda(Nota, Quale);
+    }
+}
+
 }  // namespace
 
 bool ClicImposta(Parcella& Nota, Imposta Quale, bool Attiva)
@@ -206,8 +217,7 @@ void CambiaRegime(Parcella& Nota, bool Attivo)
     Abilita(Nota, Imposta::RA, !Attivo);
     Nota.chkIvaDiff.Abilitata = !Attivo;
     if (Attivo) {
-        Togli(Nota, Imposta::IVA);
-        Togli(Nota, Imposta::RA);
+        TogliPerRegime(Nota);
         Nota.chkIvaDiff.Attiva = false;
     }
     SetModificata(Nota, true);
@@ -256,11 +266,9 @@ void ScegliTipoStampa(Parcella& Nota, int Tipo)
     }
     Abilita(Nota, Imposta::RA, !NotaGiudiziale);
     if (Nota.chkRegSempl.Attiva) {
-        // The regime outlives a change of document: what it took away does not come back with the memory.
-        for (const Imposta Quale : {Imposta::IVA, Imposta::RA}) {
-            Togli(Nota, Quale);
-            Abilita(Nota, Quale, false);
-        }
+        TogliPerRegime(Nota);
+        Abilita(Nota, Imposta::IVA, false);
+        Abilita(Nota, Imposta::RA, false);
     }
 }
 
