@@ -99,6 +99,7 @@ void NuovaParcella(Parcella& Nota, const QString& ID)
     Nuova.Nome = Nota.Nome;
     Nuova.InsUltimaOno = Nota.InsUltimaOno;
     Nuova.InsUltimaDir = Nota.InsUltimaDir;
+    Nuova.IDMultipla = Nota.IDMultipla;  // windows are linked before the note comes into them
     Nota = std::move(Nuova);
 
     AzzeraVariazione(Nota);
