@@ -127,7 +127,7 @@ bool FinisceInCartella(const QString& Percorso, const QString& Nome)
 
 QString TrovaFile(const QString& Percorso)
 {
-    const QString Esatto = PercorsoNativo(Percorso);
+    QString Esatto = PercorsoNativo(Percorso);
     if (EsisteFile(Esatto))
         return Esatto;
     const QString Nome = NomeFile(Esatto);
@@ -204,7 +204,7 @@ QByteArray LeggiFile(const QString& Percorso, qint64 MassimoByte)
         throw Errore(75);
     if (File.size() > MassimoByte)
         throw Errore(7);
-    const QByteArray Contenuto = File.readAll();
+    QByteArray Contenuto = File.readAll();
     if (File.error() != QFile::NoError)
         throw Errore(75);
     return Contenuto;

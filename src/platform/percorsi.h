@@ -42,7 +42,7 @@ void ImpostaSolaLettura(const QString& Percorso, bool Attiva);
 
 /// The whole file, at most `MassimoByte` bytes.
 /// @throws Errore 53 missing, 75 unreadable or a folder, 7 larger than the limit
-[[nodiscard]] QByteArray LeggiFile(const QString& Percorso, qint64 MassimoByte = 64 * 1024 * 1024);
+[[nodiscard]] QByteArray LeggiFile(const QString& Percorso, qint64 MassimoByte = qint64(64) << 20);
 
 /// Writes the whole file through a temporary one and a rename: the former file stays until the new one
 /// is complete. @throws Errore 75 refused, 76 no folder, 61 disk full

@@ -1,0 +1,459 @@
+#include "supporto/guasti.h"
+#include "supporto/prova.h"
+
+#include "platform/percorsi.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <csignal>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+class TestPercorsi : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void percorsoNativo_data();
+    void percorsoNativo();
+    void barraUnaSolaInFondo_data();
+    void barraUnaSolaInFondo();
+    void nomeECartella_data();
+    void nomeECartella();
+    void finisceInCartella_data();
+    void finisceInCartella();
+    void trovaFileQualunqueSianoLeMaiuscole();
+    void trovaFilePreferisceIlNomeEsatto();
+    void trovaFileNonTrovaCartelle();
+    void esistenze();
+    void creaTuttoIlPercorso();
+    void creaCartellaRifiutata();
+    void solaLetturaDaiPermessi();
+    void solaLetturaDiCioCheManca();
+    void cartellaScrivibileDaiPermessi();
+    void fileLiberoNonEInUso();
+    void fileBloccatoEInUso_data();
+    void fileBloccatoEInUso();
+    void leggeTuttoIlFile();
+    void letturaRifiutata();
+    void letturaEntroIlLimite();
+    void scriveERiscrive();
+    void scritturaRifiutata();
+    void discoPienoLasciaIlVecchio();
+    void scritturaInterrottaLasciaIlVecchio();
+};
+PROVA(TestPercorsi);
+
+namespace {
+
+void Crea(const QString& File, const QByteArray& Contenuto = "x")
+{
+    QFile Nuovo(File);
+    QVERIFY(Nuovo.open(QIODevice::WriteOnly));
+    QCOMPARE(Nuovo.write(Contenuto), Contenuto.size());
+}
+
+QStringList Presenti(const QString& Cartella)
+{
+    return QDir(Cartella).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+}
+
+/// A folder without writing permission for as long as the object lives.
+class Protetta
+{
+public:
+    explicit Protetta(const QString& Nome) : Cartella(Nome)
+    {
+        QFile::setPermissions(Cartella, QFile::ReadOwner | QFile::ExeOwner);
+    }
+    ~Protetta() { QFile::setPermissions(Cartella, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner); }
+    Protetta(const Protetta&) = delete;
+    Protetta& operator=(const Protetta&) = delete;
+
+private:
+    QString Cartella;
+};
+
+/// Keeps this process from writing files beyond a size.
+class LimiteDiScrittura
+{
+public:
+    explicit LimiteDiScrittura(rlim_t Byte)
+    {
+        Segnale = std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &Prima);
+        rlimit Ora = Prima;
+        Ora.rlim_cur = Byte;
+        setrlimit(RLIMIT_FSIZE, &Ora);
+    }
+    ~LimiteDiScrittura()
+    {
+        setrlimit(RLIMIT_FSIZE, &Prima);
+        std::signal(SIGXFSZ, Segnale);
+    }
+    LimiteDiScrittura(const LimiteDiScrittura&) = delete;
+    LimiteDiScrittura& operator=(const LimiteDiScrittura&) = delete;
+
+private:
+    rlimit Prima{};
+    void (*Segnale)(int) = SIG_DFL;
+};
+
+}  // namespace
+
+void TestPercorsi::percorsoNativo_data()
+{
+    QTest::addColumn<QString>("Percorso");
+    QTest::addColumn<QString>("Atteso");
+
+    QTest::newRow("empty") << QString() << QString();
+    QTest::newRow("backslashes") << u"studio\\Modelli\\a.par"_s << u"studio/Modelli/a.par"_s;
+    QTest::newRow("both kinds") << u"/studio\\Modelli/a.par"_s << u"/studio/Modelli/a.par"_s;
+    QTest::newRow("doubled inside") << u"/studio\\/Modelli//\\a.par"_s << u"/studio/Modelli/a.par"_s;
+    QTest::newRow("doubled behind the first letter") << u"a//b"_s << u"a/b"_s;
+    QTest::newRow("doubled at the end") << u"/studio//"_s << u"/studio/"_s;
+    QTest::newRow("network share") << u"\\\\server\\studio\\\\a"_s << u"//server/studio/a"_s;
+    QTest::newRow("three at the beginning") << u"\\\\\\server"_s << u"//server"_s;
+    QTest::newRow("drive") << u"C:\\Studio"_s << u"C:/Studio"_s;
+}
+
+void TestPercorsi::percorsoNativo()
+{
+    QFETCH(QString, Percorso);
+    QFETCH(QString, Atteso);
+    QCOMPARE(PercorsoNativo(Percorso), Atteso.replace(u'/', QDir::separator()));
+    QCOMPARE(PercorsoNativo(PercorsoNativo(Percorso)), PercorsoNativo(Percorso));
+}
+
+void TestPercorsi::barraUnaSolaInFondo_data()
+{
+    QTest::addColumn<QString>("Percorso");
+    QTest::addColumn<QString>("Atteso");
+
+    QTest::newRow("empty stays empty") << QString() << QString();
+    QTest::newRow("none") << u"/studio"_s << u"/studio/"_s;
+    QTest::newRow("one") << u"/studio/"_s << u"/studio/"_s;
+    QTest::newRow("a backslash") << u"C:\\studio\\"_s << u"C:/studio/"_s;
+    QTest::newRow("two") << u"/studio//"_s << u"/studio/"_s;
+    QTest::newRow("two kinds") << u"/studio\\/"_s << u"/studio/"_s;
+    QTest::newRow("the root") << u"/"_s << u"/"_s;
+    QTest::newRow("separators alone") << u"\\\\"_s << u"/"_s;
+}
+
+void TestPercorsi::barraUnaSolaInFondo()
+{
+    QFETCH(QString, Percorso);
+    QFETCH(QString, Atteso);
+    QCOMPARE(Barra(Percorso), Atteso.replace(u'/', QDir::separator()));
+}
+
+void TestPercorsi::nomeECartella_data()
+{
+    QTest::addColumn<QString>("Percorso");
+    QTest::addColumn<QString>("Cartella");
+    QTest::addColumn<QString>("Nome");
+
+    QTest::newRow("empty") << QString() << QString() << QString();
+    QTest::newRow("no separator") << u"nota.par"_s << QString() << u"nota.par"_s;
+    QTest::newRow("backslash") << u"C:\\Studio\\nota.par"_s << u"C:\\Studio\\"_s << u"nota.par"_s;
+    QTest::newRow("slash") << u"/studio/nota.par"_s << u"/studio/"_s << u"nota.par"_s;
+    QTest::newRow("slash last of both") << u"a\\b/c"_s << u"a\\b/"_s << u"c"_s;
+    QTest::newRow("backslash last of both") << u"a/b\\c"_s << u"a/b\\"_s << u"c"_s;
+    QTest::newRow("folder") << u"/studio/"_s << u"/studio/"_s << QString();
+    QTest::newRow("in the root") << u"/nota"_s << u"/"_s << u"nota"_s;
+}
+
+void TestPercorsi::nomeECartella()
+{
+    QFETCH(QString, Percorso);
+    QTEST(CartellaFile(Percorso), "Cartella");
+    QTEST(NomeFile(Percorso), "Nome");
+}
+
+void TestPercorsi::finisceInCartella_data()
+{
+    QTest::addColumn<QString>("Percorso");
+    QTest::addColumn<QString>("Nome");
+    QTest::addColumn<bool>("Atteso");
+
+    QTest::newRow("backslashes") << u"C:\\x\\Modelli\\"_s << u"Modelli"_s << true;
+    QTest::newRow("slashes") << u"/x/Modelli/"_s << u"Modelli"_s << true;
+    QTest::newRow("no separator at the end") << u"/x/Modelli"_s << u"Modelli"_s << true;
+    QTest::newRow("doubled") << u"/x/Modelli\\/"_s << u"Modelli"_s << true;
+    QTest::newRow("other case") << u"/x/MODELLI/"_s << u"Modelli"_s << true;
+    QTest::newRow("alone") << u"Modelli"_s << u"Modelli"_s << true;
+    QTest::newRow("end of a longer name") << u"/x/VecchiModelli/"_s << u"Modelli"_s << false;
+    QTest::newRow("further up") << u"/x/Modelli/2014/"_s << u"Modelli"_s << false;
+    QTest::newRow("empty path") << QString() << u"Modelli"_s << false;
+    QTest::newRow("empty name") << u"/x/"_s << QString() << false;
+    QTest::newRow("both empty") << QString() << QString() << false;
+    QTest::newRow("the root has no name") << u"/"_s << QString() << false;
+}
+
+void TestPercorsi::finisceInCartella()
+{
+    QFETCH(QString, Percorso);
+    QFETCH(QString, Nome);
+    QTEST(FinisceInCartella(Percorso, Nome), "Atteso");
+}
+
+void TestPercorsi::trovaFileQualunqueSianoLeMaiuscole()
+{
+    const QString Cartella = NuovaCartella();
+    Crea(Cartella + u"Comuni.MDB"_s);
+    QCOMPARE(TrovaFile(Cartella + u"comuni.mdb"_s), Cartella + u"Comuni.MDB"_s);
+    QCOMPARE(TrovaFile(Cartella + u"\\COMUNI.mdb"_s), Cartella + u"Comuni.MDB"_s);
+    QCOMPARE(TrovaFile(Cartella + u"altro.mdb"_s), Cartella + u"altro.mdb"_s);
+    QCOMPARE(TrovaFile(Cartella + u"manca/comuni.mdb"_s), Cartella + u"manca/comuni.mdb"_s);
+    QCOMPARE(TrovaFile(Cartella + u"*.mdb"_s), Cartella + u"*.mdb"_s);
+}
+
+void TestPercorsi::trovaFilePreferisceIlNomeEsatto()
+{
+    const QString Cartella = NuovaCartella();
+    Crea(Cartella + u"DATI.mdb"_s);
+    Crea(Cartella + u"dati.mdb"_s);
+    QCOMPARE(TrovaFile(Cartella + u"dati.mdb"_s), Cartella + u"dati.mdb"_s);
+    QCOMPARE(TrovaFile(Cartella + u"DATI.mdb"_s), Cartella + u"DATI.mdb"_s);
+    QCOMPARE(TrovaFile(Cartella + u"Dati.mdb"_s).compare(Cartella + u"dati.mdb"_s, Qt::CaseInsensitive), 0);
+    QVERIFY(EsisteFile(TrovaFile(Cartella + u"Dati.mdb"_s)));
+}
+
+void TestPercorsi::trovaFileNonTrovaCartelle()
+{
+    const QString Cartella = NuovaCartella();
+    CreaCartella(Cartella + u"Guida"_s);
+    QCOMPARE(TrovaFile(Cartella + u"guida"_s), Cartella + u"guida"_s);
+}
+
+void TestPercorsi::esistenze()
+{
+    const QString Cartella = NuovaCartella();
+    Crea(Cartella + u"nota.par"_s);
+    QVERIFY(EsisteCartella(Cartella));
+    QVERIFY(EsisteCartella(Cartella.chopped(1) + u"\\"_s));
+    QVERIFY(!EsisteCartella(Cartella + u"nota.par"_s));
+    QVERIFY(!EsisteCartella(Cartella + u"manca"_s));
+    QVERIFY(!EsisteCartella(QString()));
+    QVERIFY(EsisteFile(Cartella + u"nota.par"_s));
+    QVERIFY(EsisteFile(Cartella + u"\\nota.par"_s));
+    QVERIFY(!EsisteFile(Cartella));
+    QVERIFY(!EsisteFile(Cartella + u"manca"_s));
+    QVERIFY(!EsisteFile(QString()));
+}
+
+void TestPercorsi::creaTuttoIlPercorso()
+{
+    const QString Cartella = NuovaCartella();
+    CreaCartella(Cartella + u"a\\b//c"_s);
+    QVERIFY(EsisteCartella(Cartella + u"a/b/c"_s));
+    CreaCartella(Cartella + u"a/b/c/"_s);  // what is there already is no failure
+    QVERIFY(EsisteCartella(Cartella + u"a/b/c"_s));
+}
+
+void TestPercorsi::creaCartellaRifiutata()
+{
+    const QString Cartella = NuovaCartella();
+    Crea(Cartella + u"file"_s);
+    QCOMPARE(NumeroErrore([&] { CreaCartella(Cartella + u"file"_s); }), 75);
+    QCOMPARE(NumeroErrore([&] { CreaCartella(Cartella + u"file/dentro"_s); }), 75);
+    QCOMPARE(NumeroErrore([] { CreaCartella(QString()); }), 75);
+
+    const Protetta Chiusa(Cartella);
+    QCOMPARE(NumeroErrore([&] { CreaCartella(Cartella + u"nuova/dentro"_s); }), 75);
+    QVERIFY(!EsisteCartella(Cartella + u"nuova"_s));
+}
+
+void TestPercorsi::solaLetturaDaiPermessi()
+{
+    const QString File = NuovaCartella() + u"nota.par"_s;
+    Crea(File);
+    QVERIFY(!SolaLettura(File));
+    ImpostaSolaLettura(File, true);
+    QVERIFY(SolaLettura(File));
+    QVERIFY(!(QFile::permissions(File) & (QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther)));
+    QVERIFY(QFile::permissions(File) & QFile::ReadOwner);
+    ImpostaSolaLettura(File, true);
+    QVERIFY(SolaLettura(File));
+    ImpostaSolaLettura(File, false);
+    QVERIFY(!SolaLettura(File));
+    QVERIFY(QFile::permissions(File) & QFile::WriteOwner);
+}
+
+void TestPercorsi::solaLetturaDiCioCheManca()
+{
+    const QString File = NuovaCartella() + u"manca"_s;
+    QVERIFY(!SolaLettura(File));
+    QCOMPARE(NumeroErrore([&] { ImpostaSolaLettura(File, true); }), 53);
+    QCOMPARE(NumeroErrore([&] { ImpostaSolaLettura(File, false); }), 53);
+}
+
+void TestPercorsi::cartellaScrivibileDaiPermessi()
+{
+    const QString Cartella = NuovaCartella();
+    QVERIFY(CartellaScrivibile(Cartella));
+    QVERIFY(!CartellaScrivibile(Cartella + u"manca"_s));
+    QVERIFY(!CartellaScrivibile(QString()));
+    Crea(Cartella + u"file"_s);
+    QVERIFY(!CartellaScrivibile(Cartella + u"file"_s));
+    {
+        const Protetta Chiusa(Cartella);
+        QVERIFY(!CartellaScrivibile(Cartella));
+    }
+    QVERIFY(CartellaScrivibile(Cartella));
+}
+
+void TestPercorsi::fileLiberoNonEInUso()
+{
+    const QString Cartella = NuovaCartella();
+    const QString File = Cartella + u"nota.doc"_s;
+    QVERIFY(!FileInUso(File));
+    QVERIFY(!EsisteFile(File));  // asking must not create it
+    Crea(File, "contenuto");
+    QVERIFY(!FileInUso(File));
+    QVERIFY(!FileInUso(File));  // nor keep it locked or open
+    QCOMPARE(FileAperti(File), 0);
+    QCOMPARE(LeggiFile(File), QByteArray("contenuto"));
+    QVERIFY(!FileInUso(Cartella));
+    ImpostaSolaLettura(File, true);
+    QVERIFY(FileInUso(File));
+}
+
+void TestPercorsi::fileBloccatoEInUso_data()
+{
+    QTest::addColumn<bool>("DiTratto");
+    QTest::addColumn<bool>("Esclusivo");
+
+    QTest::newRow("whole file, exclusive") << false << true;
+    QTest::newRow("whole file, shared") << false << false;
+    QTest::newRow("range of bytes, exclusive") << true << true;
+    QTest::newRow("range of bytes, shared") << true << false;
+}
+
+void TestPercorsi::fileBloccatoEInUso()
+{
+    QFETCH(bool, DiTratto);
+    QFETCH(bool, Esclusivo);
+    const QString File = NuovaCartella() + u"nota.doc"_s;
+    Crea(File);
+    // A lock that belongs to the opened file counts as somebody else's even inside one process.
+    const int Aperto = ::open(QFile::encodeName(File).constData(), O_RDWR);
+    QVERIFY(Aperto >= 0);
+    if (DiTratto) {
+        struct flock Tratto = {};
+        Tratto.l_type = short(Esclusivo ? F_WRLCK : F_RDLCK);
+        Tratto.l_whence = SEEK_SET;
+        QCOMPARE(::fcntl(Aperto, F_OFD_SETLK, &Tratto), 0);
+    } else {
+        QCOMPARE(::flock(Aperto, Esclusivo ? LOCK_EX : LOCK_SH), 0);
+    }
+    QVERIFY(FileInUso(File));
+    ::close(Aperto);
+    QVERIFY(!FileInUso(File));
+}
+
+void TestPercorsi::leggeTuttoIlFile()
+{
+    const QString Cartella = NuovaCartella();
+    const QByteArray Contenuto("a\r\nb\0c\xE0", 7);
+    Crea(Cartella + u"f"_s, Contenuto);
+    QCOMPARE(LeggiFile(Cartella + u"f"_s), Contenuto);
+    QCOMPARE(LeggiFile(Cartella + u"\\f"_s), Contenuto);
+    Crea(Cartella + u"vuoto"_s, QByteArray());
+    QCOMPARE(LeggiFile(Cartella + u"vuoto"_s), QByteArray());
+}
+
+void TestPercorsi::letturaRifiutata()
+{
+    const QString Cartella = NuovaCartella();
+    QCOMPARE(NumeroErrore([&] { return LeggiFile(Cartella + u"manca"_s); }), 53);
+    QCOMPARE(NumeroErrore([] { return LeggiFile(QString()); }), 53);
+    QCOMPARE(NumeroErrore([&] { return LeggiFile(Cartella); }), 75);
+    Crea(Cartella + u"chiuso"_s);
+    QFile::setPermissions(Cartella + u"chiuso"_s, QFile::WriteOwner);
+    QCOMPARE(NumeroErrore([&] { return LeggiFile(Cartella + u"chiuso"_s); }), 75);
+    QCOMPARE(NumeroErrore([] { return LeggiFile(u"/dev/zero"_s); }), 75);
+}
+
+void TestPercorsi::letturaEntroIlLimite()
+{
+    const QString File = NuovaCartella() + u"f"_s;
+    Crea(File, QByteArray(100, 'x'));
+    QCOMPARE(LeggiFile(File, 100).size(), 100);
+    QCOMPARE(NumeroErrore([&] { return LeggiFile(File, 99); }), 7);
+}
+
+void TestPercorsi::scriveERiscrive()
+{
+    const QString Cartella = NuovaCartella();
+    const QString File = Cartella + u"nota.htm"_s;
+    ScriviFile(File, "prima");
+    QCOMPARE(LeggiFile(File), QByteArray("prima"));
+    ScriviFile(Cartella + u"\\nota.htm"_s, "poi");
+    QCOMPARE(LeggiFile(File), QByteArray("poi"));
+    ScriviFile(File, QByteArray());
+    QCOMPARE(LeggiFile(File), QByteArray());
+    QCOMPARE(Presenti(Cartella), QStringList{u"nota.htm"_s});
+}
+
+void TestPercorsi::scritturaRifiutata()
+{
+    const QString Cartella = NuovaCartella();
+    const QString File = Cartella + u"nota.htm"_s;
+    QCOMPARE(NumeroErrore([&] { ScriviFile(Cartella + u"manca/nota.htm"_s, "x"); }), 76);
+    QCOMPARE(NumeroErrore([&] { ScriviFile(Cartella, "x"); }), 75);
+    QCOMPARE(NumeroErrore([&] { ScriviFile(Cartella.chopped(1), "x"); }), 75);
+    QCOMPARE(NumeroErrore([] { ScriviFile(QString(), "x"); }), 75);
+
+    ScriviFile(File, "vecchio");
+    ImpostaSolaLettura(File, true);
+    QCOMPARE(NumeroErrore([&] { ScriviFile(File, "nuovo"); }), 75);
+    QCOMPARE(LeggiFile(File), QByteArray("vecchio"));
+    ImpostaSolaLettura(File, false);
+
+    const Protetta Chiusa(Cartella);
+    QCOMPARE(NumeroErrore([&] { ScriviFile(File, "nuovo"); }), 75);
+    QCOMPARE(NumeroErrore([&] { ScriviFile(Cartella + u"altro"_s, "nuovo"); }), 75);
+    QCOMPARE(LeggiFile(File), QByteArray("vecchio"));
+    QCOMPARE(Presenti(Cartella), QStringList{u"nota.htm"_s});
+}
+
+void TestPercorsi::discoPienoLasciaIlVecchio()
+{
+    const QString Cartella = NuovaCartella();
+    const QString File = Cartella + u"nota.htm"_s;
+    ScriviFile(File, "vecchio");
+    LimitaDisco(10);
+    QCOMPARE(NumeroErrore([&] { ScriviFile(File, QByteArray(11, 'x')); }), 61);
+    QCOMPARE(NumeroErrore([&] { ScriviFile(Cartella + u"giusto"_s, QByteArray(10, 'x')); }), 0);
+    LimitaDisco(0);
+    QCOMPARE(LeggiFile(File), QByteArray("vecchio"));
+    QCOMPARE(Presenti(Cartella), QStringList({u"giusto"_s, u"nota.htm"_s}));
+    ScriviFile(File, QByteArray(11, 'x'));
+    QCOMPARE(LeggiFile(File).size(), 11);
+}
+
+// The system itself breaks the writing off half-way.
+void TestPercorsi::scritturaInterrottaLasciaIlVecchio()
+{
+    const QString Cartella = NuovaCartella();
+    const QString File = Cartella + u"nota.htm"_s;
+    ScriviFile(File, "vecchio");
+    for (const qsizetype Byte : {qsizetype(5000), qsizetype(1000000)}) {
+        int Numero = 0;
+        {
+            const LimiteDiScrittura Limite(4096);
+            Numero = NumeroErrore([&] { ScriviFile(File, QByteArray(Byte, 'x')); });
+        }
+        QCOMPARE(Numero, 75);
+        QCOMPARE(LeggiFile(File), QByteArray("vecchio"));
+        QCOMPARE(Presenti(Cartella), QStringList{u"nota.htm"_s});
+    }
+}
+
+#include "TestPercorsi.moc"
