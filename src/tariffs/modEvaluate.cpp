@@ -99,6 +99,14 @@ constexpr std::array Regole{
 
 // ---- tokens -----------------------------------------------------------------------------------------
 
+/// The text as it is read: in lower case, character by character, with the ")" that ends it.
+QString TestoDaLeggere(const QString& Testo)
+{
+    QString Letto(Testo.size() + 1, u')');
+    std::transform(Testo.begin(), Testo.end(), Letto.begin(), [](QChar C) { return C.toLower(); });
+    return Letto;
+}
+
 bool Lettera(QChar C)
 {
     return C >= u'a' && C <= u'z';
@@ -116,26 +124,26 @@ bool Parentesi(QChar C)
 
 bool Uguale(QStringView Token, QLatin1StringView Nome)
 {
-    return Token.size() == Nome.size() && Token.compare(Nome, Qt::CaseInsensitive) == 0;
+    return std::equal(Token.begin(), Token.end(), Nome.begin(), Nome.end(),
+                      [](QChar C, char N) { return C == QLatin1Char(N); });
+}
+
+bool Uniti(QChar C, QChar N)
+{
+    if (Parentesi(C) || Parentesi(N))
+        return false;
+    return C == N || (Lettera(C) && Lettera(N)) || (CarattereNumerico(C) && CarattereNumerico(N));
 }
 
 /// The token from `Pos` on, after blanks. Places count from 1, `Fine` is the last character's.
 void GetToken(QStringView Testo, qsizetype Pos, qsizetype& Inizio, qsizetype& Fine)
 {
-    const auto Carattere = [Testo](qsizetype Posto) {
-        return Posto <= Testo.size() ? Testo[Posto - 1].toLower() : QChar();
-    };
     Inizio = Pos;
-    while (Carattere(Inizio) == u' ')
+    while (Inizio < Testo.size() && Testo[Inizio - 1] == u' ')
         ++Inizio;
-    for (Fine = Inizio; Fine < Testo.size(); ++Fine) {
-        const QChar C = Carattere(Fine);
-        const QChar N = Carattere(Fine + 1);
-        const bool Unite =
-            (Lettera(C) && Lettera(N)) || (CarattereNumerico(C) && CarattereNumerico(N)) || C == N;
-        if (!Unite || Parentesi(C) || Parentesi(N))
-            return;
-    }
+    Fine = Inizio;
+    while (Fine < Testo.size() && Uniti(Testo[Fine - 1], Testo[Fine]))
+        ++Fine;
 }
 
 /// A lone sign of the decimals counts too, as 0.
@@ -155,7 +163,7 @@ double ValoreNumero(QStringView Token)
 
 int Priorita(QStringView Token)
 {
-    const QChar Primo = Token[0].toLower();
+    const QChar Primo = Token[0];
     if (Primo == u'+' || Primo == u'-')
         return 1;
     if (Primo == u'*' || Primo == u'/')
@@ -168,25 +176,20 @@ int Priorita(QStringView Token)
 /// A token that waits on the operator stack.
 struct Operatore
 {
-    const Regola* Sua = nullptr;  ///< none for a parenthesis and for an unknown token
-    int Priorita = 0;
-    bool Aperta = false;      ///< "("
-    bool UnOperando = false;  ///< leaves the height of the number stack alone
+    const Regola* Sua;  ///< none for a parenthesis and for an unknown token
+    int Priorita;
+    bool Aperta;      ///< "("
+    bool UnOperando;  ///< leaves the height of the number stack alone
 };
 
 Operatore OperatoreDi(QStringView Token)
 {
-    Operatore Nuovo;
     const auto* Trovata = std::find_if(Regole.begin(), Regole.end(),
                                        [Token](const Regola& Una) { return Uguale(Token, Una.Nome); });
-    if (Trovata != Regole.end())
-        Nuovo.Sua = Trovata;
-    Nuovo.Priorita = Priorita(Token);
-    Nuovo.Aperta = Token == u"(";
     // Words from "y" on are taken for operators between two numbers.
-    const QChar Primo = Token[0].toLower();
-    Nuovo.UnOperando = (Primo >= u'a' && Primo <= u'x') || Primo == u'~';
-    return Nuovo;
+    const QChar Primo = Token[0];
+    return {Trovata != Regole.end() ? Trovata : nullptr, Priorita(Token), Uguale(Token, "("_L1),
+            (Primo >= u'a' && Primo <= u'x') || Primo == u'~'};
 }
 
 // ---- evaluation -------------------------------------------------------------------------------------
@@ -219,7 +222,7 @@ private:
 
     double x;
     int Codice = NessunErrore;
-    std::array<Operatore, PostiPila + 1> Operatori;
+    std::array<Operatore, PostiPila + 1> Operatori;  // written before it is read, as its height says
     std::array<double, PostiPila + 1> Numeri{};
     int AltezzaOperatori = 0;
     int AltezzaNumeri = 0;
@@ -249,7 +252,7 @@ void Calcolo::Leggi(QStringView Corrente, QStringView Precedente)
 {
     if (IsNumero(Corrente)) {
         Impila(ValoreNumero(Corrente));
-    } else if (Corrente == u"(") {
+    } else if (Uguale(Corrente, "("_L1)) {
         Impila(OperatoreDi(Corrente));
     } else if (const std::optional<double> Valore = ValoreCostante(Corrente)) {
         Impila(*Valore);
@@ -271,9 +274,9 @@ void Calcolo::LeggiOperatore(QStringView Corrente, QStringView Precedente)
     }
     if (AltezzaOperatori == 0)
         return;
-    if (Corrente == u")" && Cima().Aperta)
+    if (Uguale(Corrente, ")"_L1) && Cima().Aperta)
         --AltezzaOperatori;
-    else if (Corrente == u"-" && Precedente == u"(")
+    else if (Uguale(Corrente, "-"_L1) && Uguale(Precedente, "("_L1))
         Impila(OperatoreDi(u"~"));
     else
         Impila(Nuovo);
@@ -356,7 +359,8 @@ constexpr std::array<QLatin1StringView, 19> TestiErrore{
 double ValutaEspressione(const QString& Testo, double x, int& Errore)
 {
     Calcolo Questo(x);
-    Questo.Esegui(QString(Testo + u')'));
+    const QString Letto = TestoDaLeggere(Testo);
+    Questo.Esegui(Letto);
     Errore = Questo.Errore();
     if (Errore == ErroreValutazione)
         MsgBox(u"overflow"_s);
