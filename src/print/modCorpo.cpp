@@ -146,9 +146,9 @@ void ScriviVoci(Superficie& vp, const Colonne& Tutte, const TabellaRighe& Righe)
 }
 
 /// A rule and the figure below it, in the last two rows of the table.
-void ScriviTotale(Superficie& vp, int RigaFiletto, int Colonna, QStringView Riga, const QString& Totale)
+void ScriviTotale(Superficie& vp, int RigaFiletto, int Colonna, QStringView Trattini, const QString& Totale)
 {
-    ScriviCella(vp, RigaFiletto, Colonna, Riga.toString());
+    ScriviCella(vp, RigaFiletto, Colonna, Trattini.toString());
     ScriviCella(vp, RigaFiletto + 1, Colonna, Totale);
 }
 

@@ -7,6 +7,8 @@
 
 #include <QString>
 
+#include <algorithm>
+
 namespace campioni {
 
 using namespace Qt::StringLiterals;
