@@ -70,7 +70,8 @@ Sorgente CopiaFissa(Connessione& Conn, const QString& Sql, const QVariantList& V
     Da.Conn->Esegui(u"CREATE TABLE copia (%1)"_s.arg(Dichiarate.join(u',')));
     Blocco Tutto(*Da.Conn);
     const QString Posti = QStringList(Da.Colonne.size(), u"?"_s).join(u',');
-    Istruzione Scrive(*Da.Conn, u"INSERT INTO copia VALUES (%1)"_s.arg(Posti), QVariantList(Da.Colonne.size()));
+    Istruzione Scrive(*Da.Conn, u"INSERT INTO copia VALUES (%1)"_s.arg(Posti),
+                      QVariantList(Da.Colonne.size()));
     for (; HaRiga; HaRiga = Query.Avanza()) {
         for (int i = 0; i < Da.Colonne.size(); ++i)
             Scrive.LegaCella(i + 1, Query, i);
@@ -85,7 +86,7 @@ Sorgente CopiaFissa(Connessione& Conn, const QString& Sql, const QVariantList& V
 
 Recordset Database::OpenRecordset(const QString& Origine, const QVariantList& Valori) const
 {
-    (void)PerLeggere();
+    const Sguardo Uno(PerLeggere());
     const bool Query = ESelezione(Origine);
     const std::optional<SelezioneSemplice> Semplice =
         Query ? LeggiSelezione(Origine) : SelezioneSemplice{Origine, {}, {}, false};

@@ -1,7 +1,6 @@
 #include "platform/connessione.h"
 
 #include "platform/errore.h"
-#include "platform/percorsi.h"
 #include "platform/valori.h"
 
 #include <sqlite3.h>
@@ -51,38 +50,54 @@ Errore ErroreVincolo(int Esteso)
     switch (Esteso) {
     case SQLITE_CONSTRAINT_UNIQUE:
     case SQLITE_CONSTRAINT_PRIMARYKEY:
-    case SQLITE_CONSTRAINT_ROWID: return Errore(3022);
-    case SQLITE_CONSTRAINT_NOTNULL: return Errore(3314, u"Un campo obbligatorio non ha valore"_s);
-    default: return Errore(3317, u"Il valore non rispetta una regola di convalida della tabella"_s);
+    case SQLITE_CONSTRAINT_ROWID:
+        return Errore(3022);
+    case SQLITE_CONSTRAINT_NOTNULL:
+        return Errore(3314, u"Un campo obbligatorio non ha valore"_s);
+    default:
+        return Errore(3317, u"Il valore non rispetta una regola di convalida della tabella"_s);
     }
 }
 
 Errore ErroreMotore(int Esito, const char* Testo)
 {
     switch (Esito & 0xff) {
-    case SQLITE_ERROR: return ErroreGenerico(Testo);
-    case SQLITE_CONSTRAINT: return ErroreVincolo(Esito);
+    case SQLITE_ERROR:
+        return ErroreGenerico(Testo);
+    case SQLITE_CONSTRAINT:
+        return ErroreVincolo(Esito);
     case SQLITE_BUSY:
-    case SQLITE_LOCKED: return Errore(3260);
-    case SQLITE_READONLY: return Errore(3027);
-    case SQLITE_FULL: return Errore(3026);
+    case SQLITE_LOCKED:
+        return Errore(3260);
+    case SQLITE_READONLY:
+        return Errore(3027);
+    case SQLITE_FULL:
+        return Errore(3026);
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
-    case SQLITE_FORMAT: return Errore(3343);
+    case SQLITE_FORMAT:
+        return Errore(3343);
     case SQLITE_CANTOPEN:
     case SQLITE_PERM:
-    case SQLITE_AUTH: return Errore(75);
-    case SQLITE_NOMEM: return Errore(7);
-    case SQLITE_MISMATCH: return Errore(3421);
-    case SQLITE_TOOBIG: return Errore(3047, u"Il record è troppo grande"_s);
-    case SQLITE_IOERR: return Errore(3043, u"Errore del disco o della rete"_s);
-    default: return Errore(1000);
+    case SQLITE_AUTH:
+        return Errore(75);
+    case SQLITE_NOMEM:
+        return Errore(7);
+    case SQLITE_MISMATCH:
+        return Errore(3421);
+    case SQLITE_TOOBIG:
+        return Errore(3047, u"Il record è troppo grande"_s);
+    case SQLITE_IOERR:
+        return Errore(3043, u"Errore del disco o della rete"_s);
+    default:
+        return Errore(1000);
     }
 }
 
 bool SoloSpazi(QByteArrayView Resto)
 {
-    return std::ranges::all_of(Resto, [](char C) { return C == ';' || std::isspace(static_cast<unsigned char>(C)); });
+    return std::ranges::all_of(
+        Resto, [](char C) { return C == ';' || std::isspace(static_cast<unsigned char>(C)); });
 }
 
 }  // namespace
@@ -100,8 +115,9 @@ Connessione::Connessione(const QString& Percorso, Modo Apertura)
     constexpr int Comuni = SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX;
     const int Bandiere = Apertura == Modo::SolaLettura ? SQLITE_OPEN_READONLY
                          : Apertura == Modo::Scrittura ? SQLITE_OPEN_READWRITE
-                         : Apertura == Modo::Nuovo ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE
-                                                   : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_MEMORY;
+                         : Apertura == Modo::Nuovo
+                             ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE
+                             : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_MEMORY;
     sqlite3* Grezza = nullptr;
     const int Esito = sqlite3_open_v2(Percorso.toUtf8().constData(), &Grezza, Bandiere | Comuni, nullptr);
     Db.reset(Grezza);  // owned before the check: a failed open leaves a handle to close
@@ -125,6 +141,11 @@ void Connessione::Proteggi()
     sqlite3_limit(Motore(), SQLITE_LIMIT_LENGTH, LimiteCella);
     sqlite3_limit(Motore(), SQLITE_LIMIT_SQL_LENGTH, LimiteSql);
     sqlite3_limit(Motore(), SQLITE_LIMIT_ATTACHED, 0);
+}
+
+void Connessione::AttendiBlocchi(int Millisecondi)
+{
+    Verifica(sqlite3_busy_timeout(Motore(), Millisecondi));
 }
 
 bool Connessione::InTransazione() const
@@ -182,7 +203,8 @@ Istruzione::Istruzione(const Connessione& Base, const QString& Sql, const QVaria
     const char* Coda = nullptr;
     sqlite3_stmt* Grezza = nullptr;
     // The length goes in with the closing NUL, so that a NUL inside ends the text instead of hiding the rest.
-    const int Esito = sqlite3_prepare_v2(Base.Motore(), Utf8.constData(), int(Utf8.size() + 1), &Grezza, &Coda);
+    const int Esito =
+        sqlite3_prepare_v2(Base.Motore(), Utf8.constData(), int(Utf8.size() + 1), &Grezza, &Coda);
     Istr.reset(Grezza);
     Base.Verifica(Esito);
     if (!Istr)
@@ -210,23 +232,30 @@ void Istruzione::Lega(int Posto, const QVariant& Valore)
     const auto Esegui = [&] {
         switch (Valore.typeId()) {
         case QMetaType::UnknownType:
-        case QMetaType::Nullptr: return sqlite3_bind_null(Istr.get(), Posto);
-        case QMetaType::Bool: return sqlite3_bind_int(Istr.get(), Posto, Valore.toBool() ? -1 : 0);
+        case QMetaType::Nullptr:
+            return sqlite3_bind_null(Istr.get(), Posto);
+        case QMetaType::Bool:
+            return sqlite3_bind_int(Istr.get(), Posto, Valore.toBool() ? -1 : 0);
         case QMetaType::Int:
         case QMetaType::UInt:
         case QMetaType::Long:
         case QMetaType::LongLong:
         case QMetaType::Short:
-        case QMetaType::UShort: return sqlite3_bind_int64(Istr.get(), Posto, Valore.toLongLong());
-        case QMetaType::Float: return Numero(DaSingolo(Valore.toFloat()));
+        case QMetaType::UShort:
+            return sqlite3_bind_int64(Istr.get(), Posto, Valore.toLongLong());
+        case QMetaType::Float:
+            return Numero(DaSingolo(Valore.toFloat()));
         case QMetaType::ULongLong:
-        case QMetaType::Double: return Numero(Valore.toDouble());
+        case QMetaType::Double:
+            return Numero(Valore.toDouble());
         case QMetaType::QDate:
-            return Valore.toDate().isValid() ? Testo(DataIso(Valore.toDate())) : sqlite3_bind_null(Istr.get(), Posto);
+            return Valore.toDate().isValid() ? Testo(DataIso(Valore.toDate()))
+                                             : sqlite3_bind_null(Istr.get(), Posto);
         case QMetaType::QDateTime:
             return Valore.toDateTime().isValid() ? Testo(DataIso(Valore.toDateTime()))
                                                  : sqlite3_bind_null(Istr.get(), Posto);
-        default: return Testo(Valore.toString());
+        default:
+            return Testo(Valore.toString());
         }
     };
     Conn->Verifica(Esegui());
@@ -283,10 +312,14 @@ QString Istruzione::Testo(int Colonna) const
 std::optional<TipoCampo> Istruzione::TipoSpontaneo(int Colonna) const
 {
     switch (sqlite3_column_type(Istr.get(), Colonna)) {
-    case SQLITE_INTEGER: return TipoCampo::Lungo;
-    case SQLITE_FLOAT: return TipoCampo::Doppio;
-    case SQLITE_NULL: return std::nullopt;
-    default: return TipoCampo::Memo;
+    case SQLITE_INTEGER:
+        return TipoCampo::Lungo;
+    case SQLITE_FLOAT:
+        return TipoCampo::Doppio;
+    case SQLITE_NULL:
+        return std::nullopt;
+    default:
+        return TipoCampo::Memo;
     }
 }
 
@@ -303,7 +336,8 @@ QVariant Istruzione::Valore(int Colonna, TipoCampo Tipo) const
         return sqlite3_column_double(Istr.get(), Colonna) != 0.0;
     if (EDiTesto(Tipo) || Forma == SQLITE_TEXT || Forma == SQLITE_BLOB)
         return Testo(Colonna);
-    const bool ConVirgola = Tipo == TipoCampo::Valuta || Tipo == TipoCampo::Singolo || Tipo == TipoCampo::Doppio;
+    const bool ConVirgola =
+        Tipo == TipoCampo::Valuta || Tipo == TipoCampo::Singolo || Tipo == TipoCampo::Doppio;
     const qint64 Numero = Intero(Colonna);
     if (Forma == SQLITE_INTEGER && !ConVirgola && Numero == qint64(int(Numero)))
         return int(Numero);
@@ -338,4 +372,16 @@ void Blocco::Conferma()
         throw Errore(3034, u"La transazione è già stata annullata"_s);
     Conn.Esegui(Annidato ? u"RELEASE blocco"_s : u"COMMIT"_s);
     Aperto = false;
+}
+
+Sguardo::Sguardo(Connessione& Base) : Conn(Base), Mio(!Base.InTransazione())
+{
+    if (Mio)
+        Conn.Verifica(sqlite3_exec(Conn.Motore(), "BEGIN", nullptr, nullptr, nullptr));
+}
+
+Sguardo::~Sguardo()
+{
+    if (Mio)
+        sqlite3_exec(Conn.Motore(), "COMMIT", nullptr, nullptr, nullptr);
 }

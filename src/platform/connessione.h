@@ -57,7 +57,8 @@ private:
     };
     void Proteggi();
     void Prepara();
-    void ScriviAlSicuro();
+    void GiornaleDaCancellare();
+    void AttendiBlocchi(int Millisecondi);
 
     QString File;
     bool PuoScrivere = false;
@@ -118,6 +119,21 @@ private:
     Connessione& Conn;
     bool Annidato = false;
     bool Aperto = true;
+};
+
+/// One look at the file for several queries: cheaper, and nobody writes in between. Ends with its scope,
+/// when the statements of that scope must have ended.
+class Sguardo
+{
+public:
+    explicit Sguardo(Connessione& Conn);
+    ~Sguardo();
+    Sguardo(const Sguardo&) = delete;
+    Sguardo& operator=(const Sguardo&) = delete;
+
+private:
+    Connessione& Conn;
+    bool Mio = false;  ///< no transaction was open
 };
 
 /// The collation of find criteria and of Seek: case plays no part, accents do.

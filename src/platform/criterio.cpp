@@ -30,8 +30,7 @@ class Lettore
 public:
     Lettore(QStringView Criterio, const std::function<QString(const QString&)>& Colonne)
         : Testo(Criterio), Identifica(Colonne)
-    {
-    }
+    {}
 
     Condizione Tutto()
     {
@@ -261,10 +260,14 @@ private:
         case Valore::Tipo::Testo:
             return u"%1 %2 %3 COLLATE %4"_s.arg(Colonna, Segno, Lega(Con.Contenuto),
                                                 QLatin1StringView(Collazione));
-        case Valore::Tipo::Numero: return ConNumero(Colonna, Segno, Con.Contenuto);
-        case Valore::Tipo::Data: return u"%1 %2 %3"_s.arg(Colonna, Segno, Lega(Con.Contenuto));
-        case Valore::Tipo::Logico: return ConLogico(Colonna, Segno, Con.Contenuto.toBool());
-        case Valore::Tipo::Nullo: break;
+        case Valore::Tipo::Numero:
+            return ConNumero(Colonna, Segno, Con.Contenuto);
+        case Valore::Tipo::Data:
+            return u"%1 %2 %3"_s.arg(Colonna, Segno, Lega(Con.Contenuto));
+        case Valore::Tipo::Logico:
+            return ConLogico(Colonna, Segno, Con.Contenuto.toBool());
+        case Valore::Tipo::Nullo:
+            break;
         }
         return ConNullo(Colonna, Segno);
     }
@@ -274,7 +277,8 @@ private:
     QString ConNumero(const QString& Colonna, const QString& Segno, const QVariant& Numero)
     {
         const QString Confronto = u"%1 %2 CAST(%3 AS NUMERIC)"_s.arg(Colonna, Segno, Lega(Numero));
-        return Segno.startsWith(u'>') ? u"%1 AND %2 < CAST(9e999 AS REAL)"_s.arg(Confronto, Colonna) : Confronto;
+        return Segno.startsWith(u'>') ? u"%1 AND %2 < CAST(9e999 AS REAL)"_s.arg(Confronto, Colonna)
+                                      : Confronto;
     }
 
     // Any number that is not 0 is true, whatever wrote the file.

@@ -22,14 +22,14 @@ class Connessione;  // the open file; sqlite3 stays in the .cpp
 enum class TipoCampo {
     Booleano = 1,
     Byte = 2,
-    Intero = 3,   ///< 16 bits in the classic engine; held as a whole number
-    Lungo = 4,    ///< 32 bits
+    Intero = 3,  ///< 16 bits in the classic engine; held as a whole number
+    Lungo = 4,   ///< 32 bits
     Valuta = 5,
     Singolo = 6,  ///< single-precision number
     Doppio = 7,
-    Data = 8,     ///< stored as ISO text; a QDate, or a QDateTime when it has a time
-    Testo = 10,   ///< up to Size characters
-    Memo = 12,    ///< text without a limit of its own
+    Data = 8,    ///< stored as ISO text; a QDate, or a QDateTime when it has a time
+    Testo = 10,  ///< up to Size characters
+    Memo = 12,   ///< text without a limit of its own
 };
 
 /// A column as the engine describes it.
@@ -37,8 +37,8 @@ struct Campo
 {
     QString Name;
     TipoCampo Type = TipoCampo::Testo;
-    int Size = 0;         ///< characters of a Testo, 0 otherwise
-    QString Description;  ///< free text; the address book reads its column settings from it
+    int Size = 0;            ///< characters of a Testo, 0 otherwise
+    QString Description;     ///< free text; the address book reads its column settings from it
     bool Contatore = false;  ///< whole-number key that the engine fills
 
     friend bool operator==(const Campo&, const Campo&) = default;
@@ -66,9 +66,12 @@ public:
     /// A table, or a SELECT from one table without grouping or DISTINCT, gives an updatable set of keys
     /// that fetches each row when it is shown; any other SELECT gives a fixed copy of its rows.
     /// Table and column names may carry accents; the queries of the program run as they stand.
+    /// A query may say "COLLATE SenzaMaiuscole" (case plays no part) and datevalue('gg/mm/aaaa'). Rows that
+    /// their ORDER BY leaves level, or without one, come in the order in which they were added.
     /// @throws Errore as Execute
     [[nodiscard]] Recordset OpenRecordset(const QString& Origine, const QVariantList& Valori = {}) const;
 
+    /// Names as the file spells them, in the order of creation; views do not count.
     [[nodiscard]] QStringList Tabelle() const;
     [[nodiscard]] bool EsisteTabella(const QString& Tabella) const;
     /// Case plays no part. @throws Errore 3343 when the file is no database
@@ -80,7 +83,8 @@ public:
 
     /// Creates a table and notes its columns in the side table. @throws Errore 3010 when it exists
     void CreaTabella(const QString& Tabella, const QList<Campo>& Colonne) const;
-    /// An index by its name, used by Recordset::Seek. @throws Errore as Execute
+    /// An index by its name, used by Recordset::Seek; two tables may each have one of the same name. @throws
+    /// Errore as Execute
     void CreaIndice(const QString& Tabella, const QString& Nome, const QStringList& Colonne,
                     bool Unico = false) const;
     /// Copies a table with its columns, their description and its rows into another open database:
@@ -102,7 +106,8 @@ private:
 
 /// Opens an existing database. Writing is possible only when the file's permission bits allow it.
 ///
-/// @throws Errore 3024 no such file, 3343 empty file or no database (truncated ones too), 75 a folder or unreadable
+/// @throws Errore 3024 no such file, 3343 empty file or no database (truncated ones too), 75 a folder or
+/// unreadable
 [[nodiscard]] Database OpenDatabase(const QString& Percorso, bool SolaLettura = false);
 
 /// Creates a new, empty database.
@@ -112,7 +117,7 @@ private:
 /// True when the column exists. @throws Errore as OpenDatabase
 [[nodiscard]] bool EsisteCampo(const QString& Percorso, const QString& Tabella, const QString& Colonna);
 
-/// All or nothing: what was executed since is undone unless Conferma was called. Does not nest.
+/// All or nothing: what was executed since is undone unless Conferma was called. Does not nest (3246).
 class Transazione
 {
 public:

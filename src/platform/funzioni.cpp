@@ -12,7 +12,8 @@ constexpr int Bandiere = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY;
 
 int Confronta(void*, int LungoA, const void* A, int LungoB, const void* B)
 {
-    return ConfrontaSenzaMaiuscole({static_cast<const char*>(A), LungoA}, {static_cast<const char*>(B), LungoB});
+    return ConfrontaSenzaMaiuscole({static_cast<const char*>(A), LungoA},
+                                   {static_cast<const char*>(B), LungoB});
 }
 
 QByteArrayView TestoDi(sqlite3_value* Valore)

@@ -36,7 +36,8 @@ void Insieme::Aggiungi(qint64 Chiave)
 
 qsizetype Insieme::Trova(qint64 Chiave) const
 {
-    const auto Trovata = Crescenti ? std::ranges::lower_bound(Chiavi, Chiave) : std::ranges::find(Chiavi, Chiave);
+    const auto Trovata =
+        Crescenti ? std::ranges::lower_bound(Chiavi, Chiave) : std::ranges::find(Chiavi, Chiave);
     return Trovata != Chiavi.end() && *Trovata == Chiave ? Trovata - Chiavi.begin() : -1;
 }
 
@@ -119,9 +120,10 @@ QString Elenco(const Sorgente& Da, const QList<int>& Posti, const QString& Dopo 
 void Insieme::Inserisci()
 {
     const QString Valori = QStringList(Cambiati.size(), u"?"_s).join(u',');
-    const QString Sql = Cambiati.isEmpty()
-                            ? u"INSERT INTO %1 DEFAULT VALUES"_s.arg(Da.Tabella)
-                            : u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(Da.Tabella, Elenco(Da, Cambiati.keys()), Valori);
+    const QString Sql =
+        Cambiati.isEmpty()
+            ? u"INSERT INTO %1 DEFAULT VALUES"_s.arg(Da.Tabella)
+            : u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(Da.Tabella, Elenco(Da, Cambiati.keys()), Valori);
     Da.Conn->Esegui(Sql, Cambiati.values());
     Aggiungi(Da.Conn->UltimaChiave());
     Vai(Chiavi.size() - 1);

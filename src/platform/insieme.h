@@ -15,13 +15,13 @@
 struct Sorgente
 {
     std::shared_ptr<Connessione> Conn;
-    QString Tabella;       ///< quoted
-    QString NomeTabella;   ///< as the file spells it
-    QString Chiave;        ///< the word for the row key
+    QString Tabella;      ///< quoted
+    QString NomeTabella;  ///< as the file spells it
+    QString Chiave;       ///< the word for the row key
     QList<Campo> Colonne;
-    QStringList NomiSql;   ///< quoted, one per column
+    QStringList NomiSql;  ///< quoted, one per column
     bool Scrivibile = false;
-    bool Intera = false;   ///< opened by the table's name: it has indices
+    bool Intera = false;  ///< opened by the table's name: it has indices
 
     /// @throws Errore 3265
     [[nodiscard]] int Posto(const QString& Colonna) const;
@@ -42,7 +42,7 @@ struct Insieme
     QList<qint64> Chiavi;
     bool Crescenti = true;  ///< the keys ascend: a row's place is found by bisection
 
-    qsizetype Posto = 0;    ///< -1 in front of the first, size behind the last
+    qsizetype Posto = 0;  ///< -1 in front of the first, size behind the last
     /// The current row was deleted: the place is that of the row that followed it.
     bool Buco = false;
     bool SenzaEsito = false;
@@ -85,5 +85,4 @@ private:
 };
 
 struct Recordset::Dati : Insieme
-{
-};
+{};

@@ -7,7 +7,8 @@
 
 using namespace Qt::StringLiterals;
 
-Recordset::Recordset(std::shared_ptr<Dati> Nuovo) : Stato(std::move(Nuovo)) {}
+Recordset::Recordset(std::shared_ptr<Dati> Nuovo) : Stato(std::move(Nuovo))
+{}
 
 bool Recordset::Aperto() const
 {
@@ -111,9 +112,14 @@ void Recordset::Update()
 {
     Dati& Insieme = Corrente();
     switch (Insieme.Aperto) {
-    case Dati::Lavoro::Nessuno: throw Errore(3020);
-    case Dati::Lavoro::Nuovo: Insieme.Inserisci(); break;
-    case Dati::Lavoro::Modifica: Insieme.Aggiorna(); break;
+    case Dati::Lavoro::Nessuno:
+        throw Errore(3020);
+    case Dati::Lavoro::Nuovo:
+        Insieme.Inserisci();
+        break;
+    case Dati::Lavoro::Modifica:
+        Insieme.Aggiorna();
+        break;
     }
 }
 
@@ -124,6 +130,18 @@ void Recordset::Delete()
     Insieme.Elimina();
 }
 
+int Recordset::AbsolutePosition() const
+{
+    return Eof() || Bof() ? -1 : int(Stato->Posto);
+}
+
+void Recordset::ImpostaAbsolutePosition(int Posto)
+{
+    if (Posto < 0 || Posto >= RecordCount())
+        throw Errore(3021);
+    Stato->Vai(Posto);
+}
+
 Recordset Recordset::Clone() const
 {
     auto Nuovo = std::make_shared<Dati>();
@@ -131,8 +149,6 @@ Recordset Recordset::Clone() const
         Nuovo->Da = Stato->Da;
         Nuovo->Chiavi = Stato->Chiavi;
         Nuovo->Crescenti = Stato->Crescenti;
-        Nuovo->ColonneIndice = Stato->ColonneIndice;
-        Nuovo->PostiIndice = Stato->PostiIndice;
     }
     return Recordset(std::move(Nuovo));
 }

@@ -47,10 +47,11 @@ public:
     /// none does, NoMatch is true and the current row stays.
     ///
     /// Criterion: "<name> <operator> <value>" joined by AND / OR, parentheses allowed; operators = <> < >
-    /// <= >= Like "Is [Not] Null"; values are a string in single or double quotes (doubled inside), a number with a
-    /// point, #mm/dd/yyyy#, DateValue('gg/mm/aaaa'), Null, True, False; Like patterns take * ? # and [lists].
-    /// Text compares without regard to case (À equals à, à differs from a); a text column against a number
-    /// compares as numbers.
+    /// <= >= "[Not] Like" "Is [Not] Null", NOT in front of any; values are a string in single or double
+    /// quotes (doubled inside), a number with a point, #mm/dd/yyyy#, DateValue('gg/mm/aaaa'), Null, True,
+    /// False; Like patterns take * ? # and [lists]. Text compares without regard to case (À equals à, à
+    /// differs from a); a text column against a number compares as numbers. "= Null" and "<> Null" ask for
+    /// absence and presence; "" is no absence.
     /// @throws Errore 3077 for anything else, 3070 no such column
     void FindFirst(const QString& Criterio);
     void FindNext(const QString& Criterio);
@@ -58,20 +59,30 @@ public:
     void FindPrevious(const QString& Criterio);
     [[nodiscard]] bool NoMatch() const;
 
-    /// The index for Seek, by its name (case plays no part). @throws Errore 3015 no such index
+    /// The index for Seek, by its name (case plays no part); the rows of the table are brought into its order
+    /// and the first becomes current. @throws Errore 3015 no such index, or not opened as a table
     void ImpostaIndex(const QString& Nome);
-    /// First row in index order whose first key column stands in this relation ("=", ">=", ">", "<=", "<")
-    /// to the value. @throws Errore 3019 no index set, 5 another operator
+    /// The nearest row whose first key column stands in this relation to the value: the first in index order
+    /// for "=", ">=", ">", the last for "<=", "<". A QVariantList gives the first columns of a longer key.
+    /// Text compares without regard to case. When there is none, NoMatch and Eof are true.
+    /// @throws Errore 3019 no index set, 5 another operator
     void Seek(const QString& Operatore, const QVariant& Chiave);
 
     /// The current row's place, to be given back later, to a clone too. @throws Errore 3021
     [[nodiscard]] QVariant Bookmark() const;
     /// @throws Errore 3159 for a place that is not of this set
     void ImpostaBookmark(const QVariant& Segno);
+    /// An own cursor on the first row; it has no index.
+    /// Place of the current row among the rows, from 0; -1 when there is none.
+    [[nodiscard]] int AbsolutePosition() const;
+    /// @throws Errore 3021 outside the rows
+    void ImpostaAbsolutePosition(int Posto);
     [[nodiscard]] Recordset Clone() const;
 
-    // Changes of one row. Update writes at once. @throws Errore 3027 read-only or a fixed copy, 3022
-    // duplicate key, 3167 the row is gone, 3026 disk full, 3260 locked
+    // Changes of one row. Update writes at once; a new row becomes the current and last one of the set. A
+    // move drops what was being added or edited. After Delete there is no current row (3167) until a move:
+    // MoveNext goes to the row that followed, MovePrevious to the one before. @throws Errore 3027 read-only
+    // or a fixed copy, 3022 duplicate key, 3167 the row is gone, 3026 disk full, 3260 locked
     void AddNew();
     void Edit();
     void Update();

@@ -31,7 +31,9 @@ bool HaGiornale(const QString& File)
 
 // The whole content is not read (a rate archive has thousands of pages): a file that is shorter than its
 // own page count is the damage that a broken copy or download leaves.
-void ControllaTestata(const QString& File)
+//
+// @return true for a file that another tool keeps with a write-ahead log
+bool ControllaTestata(const QString& File)
 {
     constexpr qsizetype Lunghezza = 100;
     QFile Aperto(File);
@@ -46,6 +48,7 @@ void ControllaTestata(const QString& File)
     const bool ContoValido = Numero(24) == Numero(92);
     if (ContoValido && !HaGiornale(File) && Aperto.size() < Pagina * qint64(Numero(28)))
         throw Errore(3343);
+    return Testata[18] == 2 || Testata[19] == 2;
 }
 
 void ControllaFile(const QString& Percorso)
@@ -71,21 +74,20 @@ void ImpostaAttesaBlocchi(int Millisecondi)
 
 void Connessione::Prepara()
 {
-    Esegui(u"PRAGMA busy_timeout=%1"_s.arg(AttesaMs));
+    AttendiBlocchi(AttesaMs);
     Esegui(u"PRAGMA cell_size_check=ON"_s);
     Esegui(u"PRAGMA temp_store=MEMORY"_s);
     Esegui(u"PRAGMA schema_version"_s);
-    if (PuoScrivere)
-        ScriviAlSicuro();
+    Esegui(u"PRAGMA synchronous=FULL"_s);
     if (PagineMassime > 0)
         Esegui(u"PRAGMA max_page_count=%1"_s.arg(PagineMassime));
 }
 
-void Connessione::ScriviAlSicuro()
+// Without a word the engine keeps its journal beside the file and deletes it at the end of each write, so
+// that nothing stays beside the notes in the user's folder. This brings a file back to that.
+void Connessione::GiornaleDaCancellare()
 {
-    // A deleted journal leaves nothing beside the notes in the user's folder.
     Esegui(u"PRAGMA journal_mode=DELETE"_s);
-    Esegui(u"PRAGMA synchronous=FULL"_s);
 }
 
 std::shared_ptr<Connessione> Connessione::Condivisa(const QString& Percorso)
@@ -101,9 +103,11 @@ std::shared_ptr<Connessione> Connessione::Condivisa(const QString& Percorso)
     if (const auto Presente = Registro().value(Chiave).lock();
         Presente && !Presente->Spostato() && (Presente->Scrivibile() || !SiScrive))
         return Presente;
-    ControllaTestata(Chiave);
+    const bool AltroGiornale = ControllaTestata(Chiave);
     auto Aperta = std::make_shared<Connessione>(Chiave, SiScrive ? Modo::Scrittura : Modo::SolaLettura);
     Aperta->Prepara();
+    if (AltroGiornale && SiScrive)
+        Aperta->GiornaleDaCancellare();
     Registro().insert(Chiave, Aperta);
     return Aperta;
 }
@@ -126,7 +130,8 @@ std::shared_ptr<Connessione> Connessione::Nuova(const QString& Percorso)
         Aperta->Esegui(u"PRAGMA journal_mode=MEMORY"_s);
         Aperta->Esegui(u"PRAGMA synchronous=OFF"_s);
         Aperta->Esegui(SqlTabellaCampi());
-        Aperta->ScriviAlSicuro();
+        Aperta->GiornaleDaCancellare();
+        Aperta->Esegui(u"PRAGMA synchronous=FULL"_s);
         const QString Chiave = QFileInfo(File).canonicalFilePath();
         Aperta->File = Chiave;
         Registro().insert(Chiave, Aperta);

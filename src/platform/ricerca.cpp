@@ -27,8 +27,8 @@ struct Tratto
 qsizetype CercaCrescente(const Insieme& Tra, const Condizione& Cond, const Tratto& Dove)
 {
     const QString Sql = u"SELECT %1 FROM %2 WHERE %1>=? AND %1<=? AND (%3) ORDER BY %1"_s.arg(
-                            Tra.Da.Chiave, Tra.Da.Tabella, Cond.Sql)
-                        + (Dove.Indietro ? u" DESC"_s : QString());
+                            Tra.Da.Chiave, Tra.Da.Tabella, Cond.Sql) +
+                        (Dove.Indietro ? u" DESC"_s : QString());
     Istruzione Righe(*Tra.Da.Conn, Sql, QVariantList{Tra.Chiavi[Dove.Da], Tra.Chiavi[Dove.A]} + Cond.Valori);
     while (Righe.Avanza())
         if (const qsizetype Posto = Tra.Trova(Righe.Intero(0)); Posto >= 0)
@@ -60,7 +60,8 @@ qsizetype CercaOrdinata(const Insieme& Tra, const Condizione& Cond, const Tratto
 
 void Cerca(Insieme& Tra, const QString& Criterio, const Tratto& Dove)
 {
-    const Condizione Cond = LeggiCriterio(Criterio, [&](const QString& Nome) { return Tra.Da.Identifica(Nome); });
+    const Condizione Cond =
+        LeggiCriterio(Criterio, [&](const QString& Nome) { return Tra.Da.Identifica(Nome); });
     const bool Vuoto = Dove.Da > Dove.A;
     const qsizetype Trovato = Vuoto           ? -1
                               : Tra.Crescenti ? CercaCrescente(Tra, Cond, Dove)
@@ -143,7 +144,8 @@ void Recordset::ImpostaIndex(const QString& Nome)
         Posti << Posto;
         // The engine's own order for text is by byte; text is compared without regard to case.
         const bool Testo = EDiTesto(Insieme.Da.Colonne[Posto].Type);
-        Colonne << Insieme.Da.NomiSql[Posto] + (Testo ? u" COLLATE "_s + QLatin1StringView(Collazione) : QString());
+        Colonne << Insieme.Da.NomiSql[Posto] +
+                       (Testo ? u" COLLATE "_s + QLatin1StringView(Collazione) : QString());
     }
     Insieme.ColonneIndice = Colonne;
     Insieme.PostiIndice = Posti;
@@ -159,7 +161,8 @@ void Recordset::Seek(const QString& Operatore, const QVariant& Chiave)
     const auto Come = std::ranges::find(Relazioni, Operatore, &Relazione::Operatore);
     if (Come == Relazioni.end())
         throw Errore(5);
-    Insieme.Cerca(Operatore, Chiave.typeId() == QMetaType::QVariantList ? Chiave.toList() : QVariantList{Chiave},
+    Insieme.Cerca(Operatore,
+                  Chiave.typeId() == QMetaType::QVariantList ? Chiave.toList() : QVariantList{Chiave},
                   Come->Indietro);
 }
 
@@ -176,8 +179,8 @@ void Insieme::Cerca(const QString& Operatore, const QVariantList& Chiave, bool I
     const QString Posti = QStringList(Valori.size(), u"?"_s).join(u',');
     Istruzione Riga(*Da.Conn,
                     u"SELECT %1 FROM %2 WHERE (%3) %4 (%5)%6 LIMIT 1"_s.arg(
-                        Da.Chiave, Da.Tabella, ColonneIndice.mid(0, Valori.size()).join(u','), Operatore, Posti,
-                        OrdineIndice(Indietro)),
+                        Da.Chiave, Da.Tabella, ColonneIndice.mid(0, Valori.size()).join(u','), Operatore,
+                        Posti, OrdineIndice(Indietro)),
                     Valori);
     SenzaEsito = !Riga.Avanza();
     if (SenzaEsito)

@@ -21,7 +21,8 @@ bool Uguali(const QString& A, const QString& B)
 QStringList TabelleDi(Connessione& Conn)
 {
     // Virtual tables are code chosen by the file; they do not count.
-    Istruzione Schema(Conn, u"SELECT name FROM sqlite_schema WHERE type='table' AND rootpage>0 ORDER BY rowid"_s);
+    Istruzione Schema(Conn,
+                      u"SELECT name FROM sqlite_schema WHERE type='table' AND rootpage>0 ORDER BY rowid"_s);
     QStringList Nomi;
     while (Schema.Avanza()) {
         const QString Nome = Schema.Testo(0);
@@ -46,7 +47,8 @@ QHash<QString, NotaCampo> NoteDi(Connessione& Conn, const QString& Tabella)
     constexpr qint64 Massima = 1'000'000;
     QHash<QString, NotaCampo> Note;
     try {
-        Istruzione Righe(Conn, u"SELECT Colonna, Tipo, Dimensione, Descrizione FROM \"_Campi\" WHERE Tabella=?"_s,
+        Istruzione Righe(Conn,
+                         u"SELECT Colonna, Tipo, Dimensione, Descrizione FROM \"_Campi\" WHERE Tabella=?"_s,
                          {Tabella});
         while (Righe.Avanza()) {
             const int Dimensione = int(std::clamp<qint64>(Righe.Intero(2), 0, Massima));
@@ -85,8 +87,8 @@ void Crea(Connessione& Conn, const QString& Tabella, const QList<Campo>& Colonne
     QStringList Dichiarate;
     for (const Campo& C : Colonne)
         // A key is never given out twice: the note of a deleted client must not find another one.
-        Dichiarate << Identificatore(C.Name) + u' '
-                          + (C.Contatore ? u"INTEGER PRIMARY KEY AUTOINCREMENT"_s : Dichiarazione(C));
+        Dichiarate << Identificatore(C.Name) + u' ' +
+                          (C.Contatore ? u"INTEGER PRIMARY KEY AUTOINCREMENT"_s : Dichiarazione(C));
     Conn.Esegui(u"CREATE TABLE %1 (%2)"_s.arg(Identificatore(Tabella), Dichiarate.join(u", "_s)));
     AnnotaCampi(Conn, Tabella, Colonne);
 }
@@ -115,7 +117,8 @@ void CopiaRighe(Connessione& Da, Connessione& A, const QString& Tabella, const Q
 
 QString SqlTabellaCampi()
 {
-    return u"CREATE TABLE IF NOT EXISTS \"_Campi\" (Tabella TEXT, Colonna TEXT, Tipo INTEGER, Dimensione INTEGER, "
+    return u"CREATE TABLE IF NOT EXISTS \"_Campi\" (Tabella TEXT, Colonna TEXT, Tipo INTEGER, Dimensione "
+           u"INTEGER, "
            "Descrizione TEXT, Ordine INTEGER, PRIMARY KEY (Tabella, Colonna))"_s;
 }
 
@@ -185,7 +188,8 @@ bool Database::EsisteCampo(const QString& Tabella, const QString& Colonna) const
     const QString Vero = NomeVero(PerLeggere(), Tabella);
     if (Vero.isEmpty())
         return false;
-    return std::ranges::any_of(LeggiCampi(*Conn, Vero), [&](const Campo& C) { return Uguali(C.Name, Colonna); });
+    return std::ranges::any_of(LeggiCampi(*Conn, Vero),
+                               [&](const Campo& C) { return Uguali(C.Name, Colonna); });
 }
 
 QList<Campo> Database::Campi(const QString& Tabella) const
@@ -203,7 +207,8 @@ void Database::CreaTabella(const QString& Tabella, const QList<Campo>& Colonne) 
     Tutto.Conferma();
 }
 
-void Database::CreaIndice(const QString& Tabella, const QString& Nome, const QStringList& Colonne, bool Unico) const
+void Database::CreaIndice(const QString& Tabella, const QString& Nome, const QStringList& Colonne,
+                          bool Unico) const
 {
     const QString Vero = NomeVero(PerScrivere(), Tabella);
     if (Vero.isEmpty())

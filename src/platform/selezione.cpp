@@ -10,7 +10,7 @@ enum class Tipo { Nome, NomeTraSegni, Stringa, Numero, Segno, Fine, Ignoto };
 struct Pezzo
 {
     Tipo Che = Tipo::Fine;
-    QString Testo;       ///< a name without its quotes, a sign as it stands
+    QString Testo;  ///< a name without its quotes, a sign as it stands
     qsizetype Inizio = 0;
 
     [[nodiscard]] bool Parola(QStringView P) const
@@ -106,7 +106,8 @@ bool LeggiColonne(Lettore& Da, QStringList& Colonne)
     return false;
 }
 
-/// Looks through what stands behind the table and sets where it ends; false when the rows are not the table's.
+/// Looks through what stands behind the table and sets where it ends; false when the rows are not the
+/// table's.
 bool LeggiResto(Lettore& Da, qsizetype& Fine, bool& Ordinata)
 {
     Pezzo P = Da.Prossimo();

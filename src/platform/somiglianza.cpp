@@ -103,13 +103,16 @@ void Somiglianza::AggiungiLista(QStringView Interno)
 bool Somiglianza::Vale(const Elemento& Voce, char32_t Carattere)
 {
     switch (Voce.Che) {
-    case Tipo::Carattere: return Voce.Carattere == Carattere;
-    case Tipo::Cifra: return Carattere >= U'0' && Carattere <= U'9';
+    case Tipo::Carattere:
+        return Voce.Carattere == Carattere;
+    case Tipo::Cifra:
+        return Carattere >= U'0' && Carattere <= U'9';
     case Tipo::Lista:
         return Voce.Negata != std::ranges::any_of(Voce.Lista, [Carattere](const Intervallo& I) {
                    return Carattere >= I.Da && Carattere <= I.A;
                });
-    default: return true;
+    default:
+        return true;
     }
 }
 

@@ -22,17 +22,17 @@ struct Parola
 
 // First words of declarations: ours, and those of the classic SQL that upgrades of old files use.
 constexpr std::array Parole{
-    Parola{u"BOOLEAN", TipoCampo::Booleano},  Parola{u"BIT", TipoCampo::Booleano},
-    Parola{u"YESNO", TipoCampo::Booleano},    Parola{u"LOGICAL", TipoCampo::Booleano},
-    Parola{u"BYTE", TipoCampo::Byte},         Parola{u"TINYINT", TipoCampo::Byte},
-    Parola{u"SMALLINT", TipoCampo::Intero},   Parola{u"SHORT", TipoCampo::Intero},
-    Parola{u"INTEGER", TipoCampo::Lungo},     Parola{u"INT", TipoCampo::Lungo},
-    Parola{u"LONG", TipoCampo::Lungo},        Parola{u"COUNTER", TipoCampo::Lungo},
-    Parola{u"CURRENCY", TipoCampo::Valuta},   Parola{u"MONEY", TipoCampo::Valuta},
-    Parola{u"SINGLE", TipoCampo::Singolo},    Parola{u"DOUBLE", TipoCampo::Doppio},
-    Parola{u"DATETIME", TipoCampo::Data},     Parola{u"DATE", TipoCampo::Data},
-    Parola{u"TIMESTAMP", TipoCampo::Data},    Parola{u"LONGTEXT", TipoCampo::Memo},
-    Parola{u"MEMO", TipoCampo::Memo},         Parola{u"CLOB", TipoCampo::Memo},
+    Parola{u"BOOLEAN", TipoCampo::Booleano}, Parola{u"BIT", TipoCampo::Booleano},
+    Parola{u"YESNO", TipoCampo::Booleano},   Parola{u"LOGICAL", TipoCampo::Booleano},
+    Parola{u"BYTE", TipoCampo::Byte},        Parola{u"TINYINT", TipoCampo::Byte},
+    Parola{u"SMALLINT", TipoCampo::Intero},  Parola{u"SHORT", TipoCampo::Intero},
+    Parola{u"INTEGER", TipoCampo::Lungo},    Parola{u"INT", TipoCampo::Lungo},
+    Parola{u"LONG", TipoCampo::Lungo},       Parola{u"COUNTER", TipoCampo::Lungo},
+    Parola{u"CURRENCY", TipoCampo::Valuta},  Parola{u"MONEY", TipoCampo::Valuta},
+    Parola{u"SINGLE", TipoCampo::Singolo},   Parola{u"DOUBLE", TipoCampo::Doppio},
+    Parola{u"DATETIME", TipoCampo::Data},    Parola{u"DATE", TipoCampo::Data},
+    Parola{u"TIMESTAMP", TipoCampo::Data},   Parola{u"LONGTEXT", TipoCampo::Memo},
+    Parola{u"MEMO", TipoCampo::Memo},        Parola{u"CLOB", TipoCampo::Memo},
 };
 
 constexpr int TestoSenzaMisura = 255;
@@ -71,8 +71,10 @@ bool ENumero(const QVariant& Valore)
     case QMetaType::ULongLong:
     case QMetaType::Short:
     case QMetaType::Float:
-    case QMetaType::Double: return true;
-    default: return false;
+    case QMetaType::Double:
+        return true;
+    default:
+        return false;
     }
 }
 
@@ -132,8 +134,8 @@ QVariant TestoPer(const Campo& Colonna, const QVariant& Valore)
 
 bool ENullo(const QVariant& Valore)
 {
-    return Valore.isNull() || (Valore.typeId() == QMetaType::QDate && !Valore.toDate().isValid())
-           || (Valore.typeId() == QMetaType::QDateTime && !Valore.toDateTime().isValid());
+    return Valore.isNull() || (Valore.typeId() == QMetaType::QDate && !Valore.toDate().isValid()) ||
+           (Valore.typeId() == QMetaType::QDateTime && !Valore.toDateTime().isValid());
 }
 
 }  // namespace
@@ -141,16 +143,26 @@ bool ENullo(const QVariant& Valore)
 QString Dichiarazione(const Campo& Colonna)
 {
     switch (Colonna.Type) {
-    case TipoCampo::Booleano: return u"BOOLEAN DEFAULT 0"_s;  // a truth value that nobody set is false
-    case TipoCampo::Byte: return u"TINYINT"_s;
-    case TipoCampo::Intero: return u"SMALLINT"_s;
-    case TipoCampo::Lungo: return u"INTEGER"_s;
-    case TipoCampo::Valuta: return u"CURRENCY REAL"_s;
-    case TipoCampo::Singolo: return u"SINGLE REAL"_s;
-    case TipoCampo::Doppio: return u"DOUBLE REAL"_s;
-    case TipoCampo::Data: return u"DATETIME TEXT"_s;
-    case TipoCampo::Testo: return u"TEXT(%1)"_s.arg(Colonna.Size > 0 ? Colonna.Size : TestoSenzaMisura);
-    case TipoCampo::Memo: break;
+    case TipoCampo::Booleano:
+        return u"BOOLEAN DEFAULT 0"_s;  // a truth value that nobody set is false
+    case TipoCampo::Byte:
+        return u"TINYINT"_s;
+    case TipoCampo::Intero:
+        return u"SMALLINT"_s;
+    case TipoCampo::Lungo:
+        return u"INTEGER"_s;
+    case TipoCampo::Valuta:
+        return u"CURRENCY REAL"_s;
+    case TipoCampo::Singolo:
+        return u"SINGLE REAL"_s;
+    case TipoCampo::Doppio:
+        return u"DOUBLE REAL"_s;
+    case TipoCampo::Data:
+        return u"DATETIME TEXT"_s;
+    case TipoCampo::Testo:
+        return u"TEXT(%1)"_s.arg(Colonna.Size > 0 ? Colonna.Size : TestoSenzaMisura);
+    case TipoCampo::Memo:
+        break;
     }
     return u"LONGTEXT"_s;
 }
@@ -184,16 +196,21 @@ QVariant PerColonna(const Campo& Colonna, const QVariant& Valore)
     if (ENullo(Valore))
         return {};
     switch (Colonna.Type) {
-    case TipoCampo::Booleano: return NumeroPer(Colonna, Valore) != 0.0;
+    case TipoCampo::Booleano:
+        return NumeroPer(Colonna, Valore) != 0.0;
     case TipoCampo::Byte:
     case TipoCampo::Intero:
-    case TipoCampo::Lungo: return InteroPer(Colonna, Valore);
+    case TipoCampo::Lungo:
+        return InteroPer(Colonna, Valore);
     case TipoCampo::Valuta:
     case TipoCampo::Singolo:
-    case TipoCampo::Doppio: return FinitoPer(Colonna, Valore);
-    case TipoCampo::Data: return DataPer(Colonna, Valore);
+    case TipoCampo::Doppio:
+        return FinitoPer(Colonna, Valore);
+    case TipoCampo::Data:
+        return DataPer(Colonna, Valore);
     case TipoCampo::Testo:
-    case TipoCampo::Memo: break;
+    case TipoCampo::Memo:
+        break;
     }
     return TestoPer(Colonna, Valore);
 }
@@ -227,5 +244,6 @@ QVariant LeggiDataIso(const QString& Testo)
 double DaSingolo(float Valore)
 {
     constexpr int CifreSicure = 7;
-    return std::isfinite(Valore) ? QByteArray::number(double(Valore), 'g', CifreSicure).toDouble() : double(Valore);
+    return std::isfinite(Valore) ? QByteArray::number(double(Valore), 'g', CifreSicure).toDouble()
+                                 : double(Valore);
 }

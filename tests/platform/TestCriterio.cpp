@@ -46,21 +46,27 @@ void TestCriterio::letti_data()
                                   << QVariantList{u"x' OR 1=1"_s};
     QTest::newRow("segni doppi") << u"nome<>'l''uno \"\" '"_s << u"(\"Nome\" <> ? COLLATE SenzaMaiuscole)"_s
                                  << QVariantList{u"l'uno \"\" "_s};
-    QTest::newRow("vuoto") << u"Nome = \"\""_s << u"(\"Nome\" = ? COLLATE SenzaMaiuscole)"_s << QVariantList{u""_s};
+    QTest::newRow("vuoto") << u"Nome = \"\""_s << u"(\"Nome\" = ? COLLATE SenzaMaiuscole)"_s
+                           << QVariantList{u""_s};
     QTest::newRow("nome con una cifra davanti")
         << u"1Med<=-0.5"_s << u"(\"1Med\" <= CAST(? AS NUMERIC))"_s << QVariantList{-0.5};
-    QTest::newRow("nome fra quadre") << u"[cod fis] Is Null"_s << u"(\"Cod Fis\" IS NULL)"_s << QVariantList{};
-    QTest::newRow("somiglia") << u"Nome Like '*a*'"_s << u"(corrisponde(?, \"Nome\"))"_s << QVariantList{u"*a*"_s};
+    QTest::newRow("nome fra quadre") << u"[cod fis] Is Null"_s << u"(\"Cod Fis\" IS NULL)"_s
+                                     << QVariantList{};
+    QTest::newRow("somiglia") << u"Nome Like '*a*'"_s << u"(corrisponde(?, \"Nome\"))"_s
+                              << QVariantList{u"*a*"_s};
     QTest::newRow("non somiglia") << u"Nome Not Like \"*a*\""_s << u"(NOT corrisponde(?, \"Nome\"))"_s
                                   << QVariantList{u"*a*"_s};
-    QTest::newRow("date") << u"Nome>#2/1/2012# and Nome<datevalue( '01-02-2012' )"_s << u"(\"Nome\" > ?) AND (\"Nome\" < ?)"_s
+    QTest::newRow("date") << u"Nome>#2/1/2012# and Nome<datevalue( '01-02-2012' )"_s
+                          << u"(\"Nome\" > ?) AND (\"Nome\" < ?)"_s
                           << QVariantList{QDate(2012, 2, 1), QDate(2012, 2, 1)};
-    QTest::newRow("senza spazi") << u"(ID=1)OR(NOT ID=2)"_s
-                                 << u"((\"ID\" = CAST(? AS NUMERIC))) OR ((NOT (\"ID\" = CAST(? AS NUMERIC))))"_s
-                                 << QVariantList{1.0, 2.0};
-    QTest::newRow("parole e nomi") << u"Nome='or' aNd ID=1"_s
-                                   << u"(\"Nome\" = ? COLLATE SenzaMaiuscole) AND (\"ID\" = CAST(? AS NUMERIC))"_s
-                                   << QVariantList{u"or"_s, 1.0};
+    QTest::newRow("senza spazi")
+        << u"(ID=1)OR(NOT ID=2)"_s
+        << u"((\"ID\" = CAST(? AS NUMERIC))) OR ((NOT (\"ID\" = CAST(? AS NUMERIC))))"_s
+        << QVariantList{1.0, 2.0};
+    QTest::newRow("parole e nomi")
+        << u"Nome='or' aNd ID=1"_s
+        << u"(\"Nome\" = ? COLLATE SenzaMaiuscole) AND (\"ID\" = CAST(? AS NUMERIC))"_s
+        << QVariantList{u"or"_s, 1.0};
 }
 
 void TestCriterio::letti()
@@ -123,7 +129,8 @@ void TestCriterio::smisurati()
     const QString Troppe = QString(60, u'(') + u"ID=1"_s + QString(60, u')');
     QCOMPARE(NumeroErrore([&] { (void)LeggiCriterio(Troppe, Identifica); }), 3077);
     QCOMPARE(NumeroErrore([] { (void)LeggiCriterio(u"NOT "_s.repeated(60) + u"ID=1"_s, Identifica); }), 3077);
-    QCOMPARE(NumeroErrore([] { (void)LeggiCriterio(u"ID=1 OR "_s.repeated(300) + u"ID=1"_s, Identifica); }), 3077);
+    QCOMPARE(NumeroErrore([] { (void)LeggiCriterio(u"ID=1 OR "_s.repeated(300) + u"ID=1"_s, Identifica); }),
+             3077);
     QCOMPARE(NumeroErrore([] { (void)LeggiCriterio(u"ID=1 "_s + QString(9000, u' '), Identifica); }), 3077);
 }
 

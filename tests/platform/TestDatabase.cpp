@@ -297,14 +297,16 @@ void TestDatabase::valoriLegatiNonSonoSql()
     const Database Db = CreateDatabase(Cartella + u"legati.mdb"_s);
     Db.Execute(u"CREATE TABLE Fatture (Rif TEXT, CorriF DOUBLE REAL, DataF DATETIME TEXT, Vera BOOLEAN)"_s);
     const QString Rif = u"x'; DROP TABLE Fatture; --"_s;
-    QCOMPARE(Db.Execute(u"INSERT INTO Fatture VALUES (?,?,?,?)"_s, {Rif, 3.421, QDate(2012, 7, 20), true}), 1);
+    QCOMPARE(Db.Execute(u"INSERT INTO Fatture VALUES (?,?,?,?)"_s, {Rif, 3.421, QDate(2012, 7, 20), true}),
+             1);
     QCOMPARE(Db.Execute(u"UPDATE Fatture SET DataF=? WHERE Rif=?"_s, {QVariant(), Rif}), 1);
     QCOMPARE(Db.Execute(u"UPDATE Fatture SET DataF=? WHERE Rif=?"_s, {QVariant(), u"x"_s}), 0);
     Recordset Riga = Db.OpenRecordset(u"SELECT * FROM Fatture WHERE Rif=?"_s, {Rif});
     QCOMPARE(Riga.RecordCount(), 1);
     QCOMPARE(Riga.Value(u"CorriF"_s), QVariant(3.421));
     QVERIFY(!Riga.Value(u"DataF"_s).isValid());
-    QCOMPARE(Db.OpenRecordset(u"SELECT CAST(Vera AS TEXT) AS v FROM Fatture"_s).Value(u"v"_s), QVariant(u"-1"_s));
+    QCOMPARE(Db.OpenRecordset(u"SELECT CAST(Vera AS TEXT) AS v FROM Fatture"_s).Value(u"v"_s),
+             QVariant(u"-1"_s));
     QCOMPARE(NumeroErrore([&] { Db.Execute(u"UPDATE Fatture SET CorriF=?"_s, {qQNaN()}); }), 3421);
 }
 

@@ -92,9 +92,11 @@ void TestDatabaseGuasti::fileCheNonSiAprono_data()
     QTest::newRow("cartella") << u"."_s << QByteArray() << 75;
     QTest::newRow("vuoto") << u"f.mdb"_s << QByteArray("") << 3343;
     QTest::newRow("testo") << u"f.mdb"_s << QByteArray("Gentile cliente").repeated(20) << 3343;
-    QTest::newRow("altro motore") << u"f.mdb"_s << QByteArray("\0\1\0\0Standard Jet DB\0", 20).leftJustified(4096) << 3343;
+    QTest::newRow("altro motore") << u"f.mdb"_s
+                                  << QByteArray("\0\1\0\0Standard Jet DB\0", 20).leftJustified(4096) << 3343;
     QTest::newRow("sola testata") << u"f.mdb"_s << QByteArray("SQLite format 3\0", 16) << 3343;
-    QTest::newRow("testata e nulla") << u"f.mdb"_s << QByteArray("SQLite format 3\0", 16).leftJustified(4096, '\0') << 3343;
+    QTest::newRow("testata e nulla") << u"f.mdb"_s
+                                     << QByteArray("SQLite format 3\0", 16).leftJustified(4096, '\0') << 3343;
 }
 
 void TestDatabaseGuasti::fileCheNonSiAprono()
@@ -228,7 +230,8 @@ void TestDatabaseGuasti::discoPienoLasciaIlFileComEra()
         Righe.AddNew();
         Righe.ImpostaValue(u"b"_s, QString(200, u'y'));
         Righe.Update();
-        QCOMPARE(NumeroErrore([&] { Db.Execute(u"INSERT INTO T VALUES (1,?)"_s, {QString(100000, u'z')}); }), 3026);
+        QCOMPARE(NumeroErrore([&] { Db.Execute(u"INSERT INTO T VALUES (1,?)"_s, {QString(100000, u'z')}); }),
+                 3026);
     }
     QCOMPARE(Leggi(File), Prima);
     QCOMPARE(QDir(Cartella).entryList(QDir::Files).size(), 1);

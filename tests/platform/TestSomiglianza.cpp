@@ -75,7 +75,8 @@ void TestSomiglianza::modelloOstileFinisce()
 
 void TestSomiglianza::byteGuastiContanoComeUnCarattere()
 {
-    QVERIFY(Somiglianza(u"a?b"_s).Corrisponde(QByteArrayView("a\xff" "b")));
+    QVERIFY(Somiglianza(u"a?b"_s).Corrisponde(QByteArrayView("a\xff"
+                                                             "b")));
     QVERIFY(Somiglianza(u"a?"_s).Corrisponde(QByteArrayView("a\xc3")));
     QVERIFY(Somiglianza(u"??"_s).Corrisponde(QByteArrayView("\xe2\x28")));
     QVERIFY(!Somiglianza(u"\xad"_s).Corrisponde(QByteArrayView("\xc1\xad")));
