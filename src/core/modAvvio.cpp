@@ -5,8 +5,10 @@
 #include "platform/messaggi.h"
 #include "platform/percorsi.h"
 #include "platform/regionale.h"
+#include "platform/shell.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <optional>
 

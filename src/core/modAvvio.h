@@ -2,9 +2,10 @@
 #pragma once
 
 #include "core/sessione.h"
-#include "platform/shell.h"
 
 #include <QString>
+
+struct VersioneSistema;
 
 /// Name of the program's settings and of their one section.
 inline constexpr QStringView Applicazione = u"KR5";

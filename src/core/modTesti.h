@@ -3,7 +3,6 @@
 
 #include "platform/percorsi.h"
 #include "platform/regionale.h"
-#include "platform/shell.h"
 
 #include <QDate>
 #include <QList>
@@ -11,6 +10,8 @@
 #include <QVariant>
 
 #include <utility>
+
+struct VersioneSistema;
 
 /// Lire into euro at the fixed rate 1936.27 (Reg. CE 2866/98), rounded to 2 decimals, ties to even.
 [[nodiscard]] double LireEuro(double Lire);

@@ -6,6 +6,7 @@
 #include "platform/errore.h"
 #include "platform/impostazioni.h"
 #include "platform/percorsi.h"
+#include "platform/shell.h"
 
 #include <QDir>
 #include <QFile>
