@@ -22,6 +22,7 @@ private Q_SLOTS:
     void tipiDaDichiarazioniAltrui_data();
     void tipiDaDichiarazioniAltrui();
     void nomiSenzaRiguardoAlleMaiuscole();
+    void queryDelProgrammaComeStanno();
     void tabellaDoppiaRifiutata();
     void copiaTabellaPortaColonneERighe();
     void copiaTabellaTieneIlContatore();
@@ -174,6 +175,35 @@ void TestDatabase::nomiSenzaRiguardoAlleMaiuscole()
     QVERIFY(!Db.EsisteCampo(u"Manca"_s, u"Città"_s));
     QCOMPARE(Db.OpenRecordset(u"AUTORITÀ"_s).RecordCount(), 0);
     QCOMPARE(NumeroErrore([&] { (void)Db.Campi(u"Manca"_s); }), 3078);
+}
+
+void TestDatabase::queryDelProgrammaComeStanno()
+{
+    const Database Db = CreateDatabase(Cartella + u"query.mdb"_s);
+    Db.CreaTabella(u"Autorità"_s, {{u"IDAut"_s, TipoCampo::Lungo, 0, {}, false},
+                                   {u"DesAut"_s, TipoCampo::Testo, 50, {}, false},
+                                   {u"TipoAut"_s, TipoCampo::Testo, 3, {}, false},
+                                   {u"PreLoad"_s, TipoCampo::Booleano, 0, {}, false},
+                                   {u"IDX"_s, TipoCampo::Intero, 0, {}, false}});
+    for (const auto& [Chiave, Tipo, Posto] : {std::tuple{1, u"CIV"_s, 9}, {2, u"PEN"_s, 1}, {3, u"CIV"_s, 2}})
+        Db.Execute(u"INSERT INTO Autorità VALUES (?,?,?,?,?)"_s, {Chiave, u"Corte"_s, Tipo, true, Posto});
+    Recordset Righe = Db.OpenRecordset(
+        u"SELECT IDAut, DesAut, TipoAut,PreLoad FROM Autorità WHERE TipoAut='CIV' ORDER BY IDX"_s);
+    QCOMPARE(Righe.RecordCount(), 2);
+    QCOMPARE(Righe.Value(u"IDAut"_s), QVariant(3));
+    QCOMPARE(Righe.Value(u"PreLoad"_s), QVariant(true));
+    QCOMPARE(Righe.Campi().size(), 4);
+
+    Db.Execute(u"CREATE TABLE CoefficientiRaccordo (Coefficiente DOUBLE REAL, DataFin_Dal DATETIME TEXT, "
+               "DataFin_Al DATETIME TEXT)"_s);
+    Db.Execute(u"INSERT INTO CoefficientiRaccordo VALUES (1.5,?,?)"_s,
+               {QDate(2011, 1, 1), QDate(2011, 12, 31)});
+    const QString Raccordo =
+        u"SELECT Coefficiente FROM CoefficientiRaccordo WHERE DataFin_Dal<=datevalue('%1')"
+        "AND DataFin_Al>=datevalue('%1')"_s;
+    QCOMPARE(Db.OpenRecordset(Raccordo.arg(u"31/12/2011"_s)).Value(u"Coefficiente"_s), QVariant(1.5));
+    QVERIFY(Db.OpenRecordset(Raccordo.arg(u"01/01/2012"_s)).Eof());
+    QCOMPARE(NumeroErrore([&] { (void)Db.OpenRecordset(Raccordo.arg(u"31/02/2011"_s)); }), 3421);
 }
 
 void TestDatabase::tabellaDoppiaRifiutata()
