@@ -71,6 +71,13 @@ double PercentoSe(const Spunta& Tick, const Casella& Box)
     return Tick.Attiva ? Box.Numero() : 0.0;
 }
 
+/// The beginning of a description that the file keeps; a character of two units is not cut in half.
+QString DescrFile(const QString& Descr)
+{
+    const bool Spezza = Descr.size() > MassimoDescr && Descr[MassimoDescr - 1].isHighSurrogate();
+    return Descr.left(Spezza ? MassimoDescr - 1 : MassimoDescr);
+}
+
 QVariant DataONull(const QString& Testo)
 {
     const std::optional<QDate> Data = LeggiData(Testo);
@@ -139,7 +146,7 @@ void ScriviRighe(Recordset& Righe, const TabellaRighe& Tabella, const QString& G
         Righe.AddNew();
         Righe.ImpostaValue(u"OnoDir"_s, Genere);
         Righe.ImpostaValue(u"Data"_s, DataONull(CStr(Tabella(Riga, OnoData))));
-        Righe.ImpostaValue(u"Descr"_s, CStr(Tabella(Riga, OnoDescr)).left(MassimoDescr));
+        Righe.ImpostaValue(u"Descr"_s, DescrFile(CStr(Tabella(Riga, OnoDescr))));
         for (const Corrispondenza& Voce : Campi) {
             const QVariant& Cella = Tabella(Riga, Voce.Colonna);
             Righe.ImpostaValue(Voce.Campo.toString(),
@@ -178,9 +185,10 @@ QString DecodificaPsw(const QString& Cifre)
 {
     QByteArray Codici;
     for (qsizetype i = 0; i + 3 <= Cifre.size() && Codici.size() < MassimoPsw; i += 3) {
-        bool Valido = false;
-        const uint Codice = Cifre.mid(i, 3).toUInt(&Valido);
-        if (!Valido || Codice > 255)
+        const QString Terna = Cifre.mid(i, 3);
+        const bool DiCifre = std::ranges::all_of(Terna, [](QChar C) { return C >= u'0' && C <= u'9'; });
+        const uint Codice = Terna.toUInt();
+        if (!DiCifre || Codice > 255)
             break;
         Codici.append(char(Codice));
     }
@@ -212,7 +220,11 @@ public:
             throw Errore(3021);
     }
 
-    /// Empty when the column is missing; an invalid QVariant when it is Null.
+    /// A column that every file has. @throws Errore 3265 when it is missing: parameters guessed in its place
+    /// would be another note's.
+    [[nodiscard]] QVariant Esigi(QStringView Colonna) const { return Riga.Value(Colonna.toString()); }
+
+    /// A column that an old file may lack: empty when it is missing, an invalid QVariant when it is Null.
     [[nodiscard]] std::optional<QVariant> Leggi(QStringView Colonna) const
     {
         try {
@@ -224,24 +236,21 @@ public:
         }
     }
     [[nodiscard]] QString Testo(QStringView Colonna) const { return CStr(Leggi(Colonna).value_or(QVariant())); }
-    [[nodiscard]] double Numero(QStringView Colonna) const
-    {
-        return NumeroDi(Leggi(Colonna).value_or(QVariant()));
-    }
-    [[nodiscard]] int Intero(QStringView Colonna) const
-    {
-        return int(std::clamp(Numero(Colonna), -2147483648.0, 2147483647.0));
-    }
-    /// A list index; a missing or empty column is no selection.
-    [[nodiscard]] int Indice(QStringView Colonna) const
-    {
-        const std::optional<QVariant> Valore = Leggi(Colonna);
-        return Valore && Valore->isValid() ? Intero(Colonna) : NessunaVoce;
-    }
 
 private:
     Recordset Riga;
 };
+
+int Intero(const QVariant& Valore)
+{
+    return int(std::clamp(NumeroDi(Valore), -2147483648.0, 2147483647.0));
+}
+
+/// A list index; Null is no selection.
+int Indice(const QVariant& Valore)
+{
+    return Valore.isValid() ? Intero(Valore) : NessunaVoce;
+}
 
 /// Clears the read-only attribute where an upgrade has to write, and puts it back on every way out.
 class AttributoSospeso
@@ -280,7 +289,7 @@ void AggiornaSchema(const QString& Percorso)
 
 void CaricaPsw(Parcella& Nota, const Parametri& Param)
 {
-    const QString Cifre = Param.Testo(u"Psw");
+    const QString Cifre = CStr(Param.Esigi(u"Psw"));
     if (Cifre.isEmpty())
         return;
     Nota.Psw = DecodificaPsw(Cifre);
@@ -304,8 +313,8 @@ void CaricaParte(int Chiave, const std::optional<QString>& Nome, const QString& 
 
 void CaricaParti(Parcella& Nota, const Parametri& Param)
 {
-    Nota.IDCli = Param.Intero(u"IDCli");
-    Nota.IDCon = Param.Intero(u"IDCon");
+    Nota.IDCli = Intero(Param.Esigi(u"IDCli"));
+    Nota.IDCon = Intero(Param.Esigi(u"IDCon"));
     CaricaParte(Nota.IDCli, Nota.IDCli > 0 ? CercaCliente(Nota.IDCli) : std::nullopt,
                 u"Il cliente associato alla parcella non è stato trovato!"_s, Param.Testo(u"Cliente"),
                 Nota.txtCliente);
@@ -320,9 +329,10 @@ void CaricaParti(Parcella& Nota, const Parametri& Param)
 
 void CaricaParametri(Parcella& Nota, const Parametri& Param)
 {
-    SelezionaInSilenzio(Nota, Param.Indice(u"Categ"), Param.Indice(u"Autor"), Param.Indice(u"Valore"));
-    ImpostaValoreInSilenzio(Nota, Param.Numero(u"Importo"));
-    CaricaVariazione(Nota, Param.Indice(u"AumRidIdx"), Param.Numero(u"AumRidVarP"));
+    SelezionaInSilenzio(Nota, Indice(Param.Esigi(u"Categ")), Indice(Param.Esigi(u"Autor")),
+                        Indice(Param.Esigi(u"Valore")));
+    ImpostaValoreInSilenzio(Nota, NumeroDi(Param.Esigi(u"Importo")));
+    CaricaVariazione(Nota, Indice(Param.Esigi(u"AumRidIdx")), NumeroDi(Param.Esigi(u"AumRidVarP")));
 }
 
 /// A percentage with its box; a column that the file lacks leaves the state of a new note.
@@ -343,7 +353,7 @@ void CaricaStampa(Parcella& Nota, const Parametri& Param)
     CaricaPercento(Param, u"IVA", Nota.chkIva, Nota.txtIVA);
     CaricaPercento(Param, u"RA", Nota.chkRA, Nota.txtRA);
     CaricaPercento(Param, u"CP", Nota.chkCP, Nota.txtCP);
-    Nota.chkMinMax.Attiva = Param.Numero(u"VisMinMax") != 0;
+    Nota.chkMinMax.Attiva = NumeroDi(Param.Leggi(u"VisMinMax").value_or(QVariant())) != 0;
 
     const auto Dato = [&](int Indice, QStringView Colonna) {
         const QString Testo = Param.Testo(Colonna);
@@ -368,11 +378,15 @@ void CaricaRiferimento(Parcella& Nota, const Parametri& Param)
     sessione::RichiestaPV2.ID = Nota.NsRif;
 }
 
-/// Codes and quantities are text in the file; in the lines a number is a number again.
+/// A quantity is text in the file; in the lines a number is a number again, and one too large to be held
+/// stays the text that it was.
 QVariant NumeroOTesto(const QVariant& Valore)
 {
-    const QString Testo = CStr(Valore);
-    return IsNumeric(Testo) ? QVariant(CDbl(Testo)) : QVariant(Testo);
+    try {
+        return CDbl(CStr(Valore));
+    } catch (const Errore&) {
+        return CStr(Valore);
+    }
 }
 
 template <size_t N>
@@ -440,7 +454,8 @@ void CaricaTutto(Parcella& Nota, const QString& Percorso)
 
     // The memory takes the loaded switches before a print type forces its own on them.
     RicordaStampa(Nota);
-    const int Tipo = Param.Indice(u"TipoStampa");
+    Nota.Pronta = true;
+    const int Tipo = Indice(Param.Leggi(u"TipoStampa").value_or(QVariant()));
     if (Tipo >= 0 && Tipo < VociTipoStampa().size())
         ScegliTipoStampa(Nota, Tipo);
 }
@@ -449,10 +464,12 @@ void CaricaTutto(Parcella& Nota, const QString& Percorso)
 
 void CaricaDati(Parcella& Nota, const QString& Percorso)
 {
+    const QString File = Percorso;  // which may be the path of this very record
     NuovaParcella(Nota);
     const Parcella Vuota = Nota;
+    Nota.Pronta = false;  // the messages of the load must not compose half a note
     try {
-        CaricaTutto(Nota, Percorso);
+        CaricaTutto(Nota, File);
     } catch (...) {
         Nota = Vuota;
         throw;

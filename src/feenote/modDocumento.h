@@ -32,8 +32,9 @@ void ScriviDati(const Database& File, const Parcella& Nota);
 
 /// Reads a file into the note. Messages: a protected note, a linked party that is gone.
 ///
-/// The record is first a new note, then takes what the file has; columns that an old file lacks are
-/// ignored, and ParcellaParam gets the column SpeseGen when it lacks it. The print type is applied last; the
+/// The record is first a new note, then takes what the file has. Columns of the print data that an old file
+/// lacks are ignored, and ParcellaParam gets the column SpeseGen when it lacks it; keys, parameters, password
+/// and lines must be there. The print type is applied last; the
 /// note is then unmodified. The read-only attribute of the file is as before on every way out.
 /// @throws Errore when the file cannot be opened or read: the note is then a new one without a path
 void CaricaDati(Parcella& Nota, const QString& Percorso);
