@@ -51,3 +51,22 @@ function(cartella Nome)
         target_precompile_headers(${Nome} PRIVATE ${PCH_CORE})
     endif()
 endfunction()
+
+# One more for everything that shows windows.
+set(PCH_WIDGETS ${CMAKE_SOURCE_DIR}/cmake/pch_widgets.h)
+
+# cartella_form(<name> SOURCES ... LINKS ...): the forms of a folder of src/, on top of its logic. Designer
+# files stand among the sources.
+function(cartella_form Nome)
+    cmake_parse_arguments(A "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
+    add_library(${Nome} STATIC ${A_SOURCES})
+    set_target_properties(${Nome} PROPERTIES AUTOMOC ON AUTOUIC ON)
+    target_include_directories(${Nome} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+    target_link_libraries(${Nome} PUBLIC Qt6::Widgets ${A_LINKS} PRIVATE opzioni ${A_PRIVATE_LINKS})
+    if(Nome STREQUAL platform_form)
+        target_precompile_headers(${Nome} PRIVATE ${PCH_WIDGETS})
+    else()
+        target_link_libraries(${Nome} PUBLIC platform_form)
+        target_precompile_headers(${Nome} REUSE_FROM platform_form)
+    endif()
+endfunction()

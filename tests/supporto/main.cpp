@@ -5,6 +5,11 @@
 #include <QDir>
 #include <QSettings>
 
+#ifdef PROVE_CON_FINESTRE
+#include "platform/aspetto.h"
+#include "platform/servizi_qt.h"
+#endif
+
 #include <cstdio>
 #include <memory>
 
@@ -27,7 +32,12 @@ int main(int argc, char** argv)
     qputenv("XDG_DATA_HOME", Casa + "data");
     qputenv("XDG_DOCUMENTS_DIR", Casa + "Documenti");
 
-    QCoreApplication Applicazione(argc, argv);
+#ifdef PROVE_CON_FINESTRE
+    Applicazione Programma(argc, argv);
+    aspetto::Prepara();
+#else
+    QCoreApplication Programma(argc, argv);
+#endif
     const QStringList Argomenti = QCoreApplication::arguments();
     const auto Trovata = Argomenti.size() > 1 ? ClassiDiProva().find(Argomenti[1]) : ClassiDiProva().end();
     if (Trovata == ClassiDiProva().end()) {

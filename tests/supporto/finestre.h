@@ -1,0 +1,19 @@
+// What tests of windows need: a window that has the focus, and keys of any letter.
+#pragma once
+
+#include <QKeyEvent>
+#include <QString>
+#include <QWidget>
+
+/// Shows a window and waits until it is the active one. @return false when it does not become so
+[[nodiscard]] bool MostraAttiva(QWidget& Finestra);
+
+/// Types a text into the widget that has the focus, one key a character. QTest's own keyboard stops at
+/// accented letters.
+void Digita(const QString& Testo, Qt::KeyboardModifiers Modificatori = Qt::NoModifier);
+
+/// Presses and releases a key in the widget that has the focus.
+void Premi(Qt::Key Tasto, Qt::KeyboardModifiers Modificatori = Qt::NoModifier);
+
+/// Lets queued calls run.
+void Respiro();
