@@ -8,12 +8,16 @@
 
 #include <functional>
 
+class QFocusEvent;
 class QLineEdit;
 class QWidget;
 
 /// What runs when the user leaves a box that he has edited. False refuses: the focus goes back by a queued
 /// call. A change of window or an open popup is no leaving. Never re-entered: a message shown inside
-/// takes the focus without running it again.
+/// takes the focus without running it again. A second call for the same box replaces the procedure.
+///
+/// "Edited" is the box's own mark (QLineEdit::isModified, a text document's): what code writes is no edit.
+/// An accepted leaving clears it. An error inside ends in the last net and counts as accepted.
 void AlLascia(QWidget* Campo, std::function<bool()> Procedura);
 
 /// The same for a box whose text the user has not touched: runs at every leaving.
@@ -33,15 +37,28 @@ public:
 };
 
 /// Filters what is typed into a box by FiltroTasti's kinds ("d", "n", ",", a list of characters) through
-/// the installed filter; the keypad's decimal key types a comma, and so does "." in percent boxes.
-/// Enter moves to the next field and never presses a default button. Clipboard shortcuts pass.
+/// the installed filter; the keypad's decimal key types a comma where commas are let in, and so does "."
+/// in percent boxes. Enter moves to the next field and never presses a default button. Clipboard
+/// shortcuts pass.
 void FiltraTasti(QLineEdit* Campo, const QString& Tipo, bool PuntoInVirgola = false);
 
 /// The filter of printable characters: key code and kind in, key code to keep out (0 swallows).
-/// Core's FiltroTasti is installed here at the start.
+/// Core's FiltroTasti is installed here at the start. Returns the former one.
 std::function<int(int Tasto, const QString& Tipo)> InstallaFiltro(
     std::function<int(int, const QString&)> Nuovo);
 
 /// A box of an amount or a percentage: filtered, flush right; a text that is no number is refused on
 /// leaving with "Immettere un valore numerico!", the focus stays, nothing changes. An empty text passes.
 void CampoNumerico(QLineEdit* Campo, std::function<bool()> Procedura, bool Percento = false);
+
+/// True when losing the focus like this is a leaving, not a change of window or an open popup.
+[[nodiscard]] bool LasciaDavvero(const QFocusEvent& Evento);
+
+/// Gives the focus to a widget by a queued call, its text selected; no leave procedure runs by it.
+void RidaiFuoco(QWidget* Campo);
+
+/// True while RidaiFuoco moves the focus.
+[[nodiscard]] bool FuocoInRitorno();
+
+/// Moves the focus on from a widget (or back), as the Tab key does.
+void PassaAvanti(QWidget* Da, bool Avanti = true);

@@ -8,6 +8,7 @@
 #include <concepts>
 #include <functional>
 #include <tuple>
+#include <type_traits>
 #include <utility>
 
 /// Where an error ends that no procedure has caught; core's error report is installed here at the start.
@@ -42,11 +43,13 @@ void Chiama(F& Procedura, Tupla& Valori)
 
 }  // namespace dettagli
 
-/// Connects a signal to a callable that lives as long as `Contesto`. An exception ends in the last net.
-template <class M, class... A, class F>
-QMetaObject::Connection Collega(const M* Mittente, void (M::*Segnale)(A...), QObject* Contesto, F Procedura)
+/// Connects a signal to a callable that lives as long as `Contesto`. An exception ends in the last net. The
+/// sender may be of a class derived from the signal's.
+template <class Mittente, class M, class... A, class F>
+    requires std::derived_from<Mittente, M> && (!std::is_member_pointer_v<F>)
+QMetaObject::Connection Collega(const Mittente* Da, void (M::*Segnale)(A...), QObject* Contesto, F Procedura)
 {
-    return QObject::connect(Mittente, Segnale, Contesto, [Procedura = std::move(Procedura)](A... Valori) mutable {
+    return QObject::connect(Da, Segnale, Contesto, [Procedura = std::move(Procedura)](A... Valori) mutable {
         try {
             auto Tutti = std::forward_as_tuple(Valori...);
             dettagli::Chiama<sizeof...(A)>(Procedura, Tutti);
@@ -56,11 +59,11 @@ QMetaObject::Connection Collega(const M* Mittente, void (M::*Segnale)(A...), QOb
     });
 }
 
-/// Connects a signal to a member of a form. The sender may be a class derived from the signal's.
+/// Connects a signal to a member of a form.
 template <class Mittente, class M, class... A, class Modulo, class R, class... B>
     requires std::derived_from<Mittente, M> && std::derived_from<Modulo, QObject>
 QMetaObject::Connection Collega(const Mittente* Da, void (M::*Segnale)(A...), Modulo* A_, R (Modulo::*Membro)(B...))
 {
-    return Collega(static_cast<const M*>(Da), Segnale, static_cast<QObject*>(A_),
+    return Collega(Da, Segnale, static_cast<QObject*>(A_),
                    [A_, Membro](B... Valori) { (A_->*Membro)(Valori...); });
 }

@@ -7,7 +7,10 @@
 #include <optional>
 
 /// A line edit with the mask "99/99/9999". `Testo` keeps the prompt character "_" for places not filled;
-/// assigning blanks, "  /  /    " or "" empties it. A date may be typed without separators.
+/// assigning blanks, "  /  /    " or "" empties it. A date may be typed without separators; "/", "-" and "."
+/// behind a single digit end the day or the month ("1/2/2013" gives 01/02/2013), typed or pasted.
+///
+/// `text` drops the prompt characters, as every masked line edit's does: read `Testo`.
 class MascheraData : public QLineEdit
 {
     Q_OBJECT
@@ -21,4 +24,15 @@ public:
     /// The date, empty when the mask is empty or holds none.
     [[nodiscard]] std::optional<QDate> Data() const;
     void ImpostaData(const std::optional<QDate>& Data);
+
+protected:
+    void keyPressEvent(QKeyEvent* Evento) override;
+    void focusInEvent(QFocusEvent* Evento) override;
+    void mouseReleaseEvent(QMouseEvent* Evento) override;
+    void contextMenuEvent(QContextMenuEvent* Evento) override;
+
+private:
+    void Incolla();
+    void CompletaGruppi();
+    void Riempi(const QString& Posti);
 };

@@ -1,0 +1,279 @@
+#include "platform/campo.h"
+
+#include "platform/collega.h"
+#include "platform/messaggi.h"
+#include "platform/regionale.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QScopedValueRollback>
+#include <QTextDocument>
+#include <QTextEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool InRitorno = false;
+
+/// The edit mark of a widget's text; true for a widget that keeps none.
+bool Toccato(const QWidget* Campo)
+{
+    if (const auto* Riga = qobject_cast<const QLineEdit*>(Campo))
+        return Riga->isModified();
+    if (const auto* Lista = qobject_cast<const QComboBox*>(Campo))
+        return !Lista->lineEdit() || Lista->lineEdit()->isModified();
+    if (const auto* Testo = qobject_cast<const QTextEdit*>(Campo))
+        return Testo->document()->isModified();
+    if (const auto* Piano = qobject_cast<const QPlainTextEdit*>(Campo))
+        return Piano->document()->isModified();
+    return true;
+}
+
+void SegnaIntatto(QWidget* Campo)
+{
+    if (auto* Riga = qobject_cast<QLineEdit*>(Campo))
+        Riga->setModified(false);
+    else if (auto* Lista = qobject_cast<QComboBox*>(Campo); Lista && Lista->lineEdit())
+        Lista->lineEdit()->setModified(false);
+    else if (auto* Testo = qobject_cast<QTextEdit*>(Campo))
+        Testo->document()->setModified(false);
+    else if (auto* Piano = qobject_cast<QPlainTextEdit*>(Campo))
+        Piano->document()->setModified(false);
+}
+
+/// Watches one box; a child of it, so that it goes with it.
+class OsservatoreCampo : public QObject
+{
+public:
+    explicit OsservatoreCampo(QWidget* Campo) : QObject(Campo), Box(Campo) { Campo->installEventFilter(this); }
+
+    /// The box's watcher, null when it has none.
+    static OsservatoreCampo* Di(const QWidget* Campo)
+    {
+        for (QObject* Figlio : Campo->children())
+            if (auto* Trovato = dynamic_cast<OsservatoreCampo*>(Figlio))
+                return Trovato;
+        return nullptr;
+    }
+
+    /// Runs the procedure if there is cause. @return false when it refuses
+    bool Esegui();
+
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
+    {
+        if (Evento->type() != QEvent::FocusOut || !LasciaDavvero(*static_cast<QFocusEvent*>(Evento)))
+            return QObject::eventFilter(Oggetto, Evento);
+        const QPointer<QWidget> Vivo = Box;
+        (void)Esegui();
+        return !Vivo;  // an event for a box that is gone stops here
+    }
+
+    std::function<bool()> Procedura;
+    bool Sempre = false;
+
+private:
+    QWidget* Box;
+    bool InCorso = false;
+};
+
+bool OsservatoreCampo::Esegui()
+{
+    if (InCorso || !Procedura || (!Sempre && !Toccato(Box)))
+        return true;
+    InCorso = true;
+    // The procedure may show a message, and the form may be gone behind it.
+    const QPointer<OsservatoreCampo> Vivo = this;
+    const auto Copia = Procedura;
+    bool Accettato = true;
+    try {
+        Accettato = Copia();
+    } catch (...) {
+        RiportaEccezione();
+    }
+    if (!Vivo)
+        return Accettato;
+    InCorso = false;
+    if (Accettato)
+        SegnaIntatto(Box);
+    else
+        RidaiFuoco(Box);
+    return Accettato;
+}
+
+void Osserva(QWidget* Campo, std::function<bool()> Procedura, bool Sempre)
+{
+    OsservatoreCampo* Osservatore = OsservatoreCampo::Di(Campo);
+    if (!Osservatore)
+        Osservatore = new OsservatoreCampo(Campo);
+    Osservatore->Procedura = std::move(Procedura);
+    Osservatore->Sempre = Sempre;
+}
+
+std::function<int(int, const QString&)>& Filtro()
+{
+    static std::function<int(int, const QString&)> Installato;
+    return Installato;
+}
+
+/// Stands between the keyboard and one box.
+class FiltroDigitazione : public QObject
+{
+public:
+    FiltroDigitazione(QLineEdit* Campo, const QString& TipoTasti, bool PuntoVirgola)
+        : QObject(Campo), Box(Campo), Tipo(TipoTasti), PuntoInVirgola(PuntoVirgola)
+    {
+        Campo->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
+    {
+        if (Evento->type() == QEvent::KeyPress && Filtra(*static_cast<QKeyEvent*>(Evento))) {
+            Evento->accept();
+            return true;
+        }
+        return QObject::eventFilter(Oggetto, Evento);
+    }
+
+private:
+    /// True when the key goes no further.
+    bool Filtra(const QKeyEvent& Tasto)
+    {
+        if (Tasto.key() == Qt::Key_Return || Tasto.key() == Qt::Key_Enter) {
+            PassaAvanti(Box);
+            return true;
+        }
+        const QList<uint> Testo = Tasto.text().toUcs4();
+        if (Testo.isEmpty() || !QChar::isPrint(Testo.first()) || Box->isReadOnly())
+            return false;
+        const int Prima = int(Testo.first());
+        const int Dopo = Lascia(Decimale(Tasto, Prima));
+        if (Dopo == Prima)
+            return false;
+        if (Dopo != 0) {
+            const auto Carattere = char32_t(Dopo);
+            Box->insert(QString::fromUcs4(&Carattere, 1));
+        }
+        return true;
+    }
+
+    /// The character meant: Italian keypads have a point where amounts want a comma.
+    int Decimale(const QKeyEvent& Tasto, int Carattere) const
+    {
+        if (Carattere != u'.')
+            return Carattere;
+        const bool Tastierino = Tasto.modifiers().testFlag(Qt::KeypadModifier);
+        return PuntoInVirgola || (Tastierino && Tipo.contains(u',')) ? u',' : u'.';
+    }
+
+    int Lascia(int Carattere) const
+    {
+        const auto Installato = Filtro();
+        return Installato ? Installato(Carattere, Tipo) : Carattere;
+    }
+
+    QLineEdit* Box;
+    QString Tipo;
+    bool PuntoInVirgola;
+};
+
+/// The widget that has the focus, or would have it if its window were the active one.
+QWidget* CampoCorrente()
+{
+    if (QWidget* Campo = QApplication::focusWidget())
+        return Campo;
+    static QPointer<QWidget> UltimaFinestra;
+    for (QWidget* Finestra : QApplication::topLevelWidgets())
+        if (Finestra->isVisible() && Finestra->focusWidget() && Finestra->isActiveWindow())
+            UltimaFinestra = Finestra;
+    return UltimaFinestra ? UltimaFinestra->focusWidget() : nullptr;
+}
+
+}  // namespace
+
+bool LasciaDavvero(const QFocusEvent& Evento)
+{
+    return !InRitorno && Evento.reason() != Qt::ActiveWindowFocusReason && Evento.reason() != Qt::PopupFocusReason;
+}
+
+bool FuocoInRitorno()
+{
+    return InRitorno;
+}
+
+void RidaiFuoco(QWidget* Campo)
+{
+    QMetaObject::invokeMethod(
+        Campo,
+        [Campo] {
+            const QScopedValueRollback Guardia(InRitorno, true);
+            Campo->setFocus(Qt::OtherFocusReason);
+            if (auto* Riga = qobject_cast<QLineEdit*>(Campo))
+                Riga->selectAll();
+        },
+        Qt::QueuedConnection);
+}
+
+void PassaAvanti(QWidget* Da, bool Avanti)
+{
+    // The function is protected in QWidget; a name brought in by a derived class reaches it.
+    struct Porta : QWidget
+    {
+        using QWidget::focusNextPrevChild;
+    };
+    (Da->*(&Porta::focusNextPrevChild))(Avanti);
+}
+
+void AlLascia(QWidget* Campo, std::function<bool()> Procedura)
+{
+    Osserva(Campo, std::move(Procedura), false);
+}
+
+void AlLasciaSempre(QWidget* Campo, std::function<bool()> Procedura)
+{
+    Osserva(Campo, std::move(Procedura), true);
+}
+
+bool ConcludiCampo()
+{
+    QPointer<QWidget> Campo = CampoCorrente();
+    while (Campo) {
+        // The parent is taken first: the procedure may close the form.
+        const QPointer<QWidget> Padre = Campo->isWindow() ? nullptr : Campo->parentWidget();
+        if (auto* Aperto = dynamic_cast<Concludibile*>(Campo.data()); Aperto && !Aperto->Concludi())
+            return false;
+        if (OsservatoreCampo* Osservatore = Campo ? OsservatoreCampo::Di(Campo) : nullptr;
+            Osservatore && !Osservatore->Esegui())
+            return false;
+        Campo = Padre;
+    }
+    return true;
+}
+
+void FiltraTasti(QLineEdit* Campo, const QString& Tipo, bool PuntoInVirgola)
+{
+    new FiltroDigitazione(Campo, Tipo, PuntoInVirgola);
+}
+
+std::function<int(int, const QString&)> InstallaFiltro(std::function<int(int, const QString&)> Nuovo)
+{
+    return std::exchange(Filtro(), std::move(Nuovo));
+}
+
+void CampoNumerico(QLineEdit* Campo, std::function<bool()> Procedura, bool Percento)
+{
+    Campo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    FiltraTasti(Campo, u","_s, Percento);
+    AlLascia(Campo, [Campo, Procedura = std::move(Procedura)] {
+        const QString Testo = Campo->text().trimmed();
+        if (Testo.isEmpty() || IsNumeric(Testo))
+            return !Procedura || Procedura();
+        MsgBox(u"Immettere un valore numerico!"_s, vbCritical, TitoloErrore.toString());
+        return false;
+    });
+}

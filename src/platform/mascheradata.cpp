@@ -1,0 +1,162 @@
+#include "platform/mascheradata.h"
+
+#include "platform/collega.h"
+#include "platform/regionale.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int MeseDa = 3;
+
+bool HaCifre(const QString& Testo)
+{
+    return std::any_of(Testo.cbegin(), Testo.cend(), [](QChar C) { return C >= u'0' && C <= u'9'; });
+}
+
+}  // namespace
+
+MascheraData::MascheraData(QWidget* Padre) : QLineEdit(Padre)
+{
+    setInputMask(u"99/99/9999;_"_s);
+    const QMargins Margini = textMargins();
+    constexpr int Cornice = 14;  // frame and the line edit's inner margins
+    setMinimumWidth(fontMetrics().horizontalAdvance(u"99/99/9999"_s) + Margini.left() + Margini.right() + Cornice);
+    Collega(this, &QLineEdit::textEdited, this, &MascheraData::CompletaGruppi);
+}
+
+QString MascheraData::Testo() const
+{
+    return displayText();
+}
+
+bool MascheraData::Vuota() const
+{
+    return !HaCifre(Testo());
+}
+
+std::optional<QDate> MascheraData::Data() const
+{
+    return LeggiData(Testo());
+}
+
+void MascheraData::ImpostaData(const std::optional<QDate>& Data)
+{
+    ImpostaTesto(Data ? Format(*Data, u"dd/mm/yyyy") : QString());
+}
+
+void MascheraData::ImpostaTesto(const QString& Testo)
+{
+    if (const auto Letta = LeggiData(Testo))
+        setText(Format(*Letta, u"dd/mm/yyyy"));
+    else if (HaCifre(Testo))
+        Riempi(Testo);
+    else
+        clear();
+    setModified(false);
+}
+
+/// Puts each digit in the place it has in the text: the mask's own reading would close the gaps.
+void MascheraData::Riempi(const QString& Posti)
+{
+    {
+        const QSignalBlocker Zitto(this);
+        clear();
+        for (int i = 0; i < std::min(int(Posti.size()), maxLength()); ++i) {
+            if (!Posti[i].isDigit())
+                continue;
+            setCursorPosition(i);
+            insert(Posti.mid(i, 1));
+        }
+    }
+    Q_EMIT textChanged(text());
+}
+
+/// A day or month of one digit behind which the user has gone on gets its zero.
+void MascheraData::CompletaGruppi()
+{
+    QString Posti = Testo();
+    const int Cursore = cursorPosition();
+    bool Cambiato = false;
+    for (const int Da : {0, MeseDa}) {
+        if (Cursore < Da + 3 || !Posti[Da].isDigit() || Posti[Da + 1] != u'_')
+            continue;
+        Posti[Da + 1] = Posti[Da];
+        Posti[Da] = u'0';
+        Cambiato = true;
+    }
+    if (!Cambiato)
+        return;
+    Riempi(Posti);
+    setModified(true);
+    setCursorPosition(Cursore);
+}
+
+void MascheraData::Incolla()
+{
+    const QString Testo = QApplication::clipboard()->text().trimmed();
+    if (const auto Letta = LeggiData(Testo)) {
+        selectAll();
+        insert(Format(*Letta, u"dd/mm/yyyy"));
+    } else if (HaCifre(Testo)) {
+        insert(Testo);
+    }
+}
+
+void MascheraData::keyPressEvent(QKeyEvent* Evento)
+{
+    if (Evento->matches(QKeySequence::Paste) && !isReadOnly()) {
+        Incolla();
+        Evento->accept();
+        return;
+    }
+    if (Evento->text() == u"-" || Evento->text() == u".") {
+        QKeyEvent Barra(QEvent::KeyPress, Qt::Key_Slash, Qt::NoModifier, u"/"_s);
+        QLineEdit::keyPressEvent(&Barra);
+        Evento->accept();
+        return;
+    }
+    QLineEdit::keyPressEvent(Evento);
+}
+
+void MascheraData::focusInEvent(QFocusEvent* Evento)
+{
+    QLineEdit::focusInEvent(Evento);
+    const Qt::FocusReason Motivo = Evento->reason();
+    if (Motivo != Qt::TabFocusReason && Motivo != Qt::BacktabFocusReason && Motivo != Qt::ShortcutFocusReason)
+        return;
+    if (Vuota())
+        setCursorPosition(0);
+    else
+        selectAll();
+}
+
+void MascheraData::mouseReleaseEvent(QMouseEvent* Evento)
+{
+    QLineEdit::mouseReleaseEvent(Evento);
+    if (Vuota())
+        setCursorPosition(0);
+}
+
+void MascheraData::contextMenuEvent(QContextMenuEvent* Evento)
+{
+    auto* Menu = createStandardContextMenu();
+    Menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (QAction* Voce : Menu->actions()) {
+        if (Voce->objectName() != u"edit-paste")
+            continue;
+        Voce->disconnect();
+        Collega(Voce, &QAction::triggered, this, &MascheraData::Incolla);
+    }
+    Menu->popup(Evento->globalPos());
+}
