@@ -13,9 +13,11 @@ public:
     bool notify(QObject* Ricevente, QEvent* Evento) override;
 };
 
-/// Installs Qt's boxes, dialogs, desktop services, busy pointer and focus moves into the seams.
+/// Installs Qt's boxes, dialogs, desktop services, busy pointer and focus moves into the seams. What the
+/// network has put into the desktop's table stays.
 void InstallaServiziQt();
 
-/// Long work breathes through this: painting and the break key (Esc, Pause) only.
+/// Long work breathes through this: painting and the break key (Esc, Pause) only. Keys, clicks, timers and
+/// the closing of windows do nothing meanwhile; calls already queued run.
 /// @return false when the user asked to stop
 bool Respira();

@@ -1,0 +1,199 @@
+#include "platform/messaggi_qt.h"
+
+#include "platform/aspetto.h"
+#include "platform/percorsi.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <array>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int MascheraPulsanti = 7;
+constexpr int MascheraIcona = 0x70;
+
+struct Risposta
+{
+    QMessageBox::StandardButton Pulsante;
+    int Codice;
+};
+
+// In the order in which the boxes show them, which is that of a caller's own captions.
+constexpr std::array Risposte{
+    Risposta{QMessageBox::Ok, vbOK},
+    Risposta{QMessageBox::Yes, vbYes},
+    Risposta{QMessageBox::No, vbNo},
+    Risposta{QMessageBox::Cancel, vbCancel},
+};
+
+QMessageBox::StandardButtons Pulsanti(int Bandiere)
+{
+    switch (Bandiere & MascheraPulsanti) {
+    case vbOKCancel: return QMessageBox::Ok | QMessageBox::Cancel;
+    case vbYesNoCancel: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case vbYesNo: return QMessageBox::Yes | QMessageBox::No;
+    default: return QMessageBox::Ok;
+    }
+}
+
+QMessageBox::Icon Simbolo(int Bandiere)
+{
+    switch (Bandiere & MascheraIcona) {
+    case vbCritical: return QMessageBox::Critical;
+    case vbQuestion: return QMessageBox::Question;
+    case vbExclamation: return QMessageBox::Warning;
+    case vbInformation: return QMessageBox::Information;
+    default: return QMessageBox::NoIcon;
+    }
+}
+
+/// The window that a box belongs to; none when the program has no active one.
+QWidget* Sopra()
+{
+    QWidget* Modale = QApplication::activeModalWidget();
+    return Modale ? Modale : QApplication::activeWindow();
+}
+
+/// The plain pointer while a box is open, whatever long work stands behind it.
+class PuntatoreNormale
+{
+public:
+    PuntatoreNormale() : DaCoprire(QApplication::overrideCursor() != nullptr)
+    {
+        if (DaCoprire)
+            QApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+    ~PuntatoreNormale()
+    {
+        if (DaCoprire)
+            QApplication::restoreOverrideCursor();
+    }
+    Q_DISABLE_COPY_MOVE(PuntatoreNormale)
+
+private:
+    bool DaCoprire;
+};
+
+int MostraBox(const QString& Testo, int Bandiere, const QString& Titolo, const QStringList& Scritte)
+{
+    const PuntatoreNormale Puntatore;
+    QMessageBox Box(Simbolo(Bandiere), Titolo, {}, Pulsanti(Bandiere), Sopra());
+    Box.setTextFormat(Qt::PlainText);
+    Box.setText(Testo);
+    qsizetype Posto = 0;
+    for (const Risposta& Voce : Risposte) {
+        QAbstractButton* Pulsante = Box.button(Voce.Pulsante);
+        if (!Pulsante)
+            continue;
+        if (Posto < Scritte.size())
+            Pulsante->setText(Scritte[Posto]);
+        if (Posto == ((Bandiere & vbDefaultButton2) != 0 ? 1 : 0))
+            Box.setDefaultButton(static_cast<QPushButton*>(Pulsante));
+        ++Posto;
+    }
+    const int Premuto = Box.exec();
+    for (const Risposta& Voce : Risposte)
+        if (Premuto == Voce.Pulsante)
+            return Voce.Codice;
+    return vbCancel;
+}
+
+QString Chiedi(const QString& Testo, const QString& Titolo, const QString& Predefinito)
+{
+    const PuntatoreNormale Puntatore;
+    QInputDialog Box(Sopra());
+    Box.setWindowTitle(Titolo);
+    Box.setLabelText(Testo);
+    Box.setTextValue(Predefinito);
+    for (QLabel* Scritta : Box.findChildren<QLabel*>())
+        Scritta->setTextFormat(Qt::PlainText);
+    return Box.exec() == QDialog::Accepted ? Box.textValue() : QString();
+}
+
+/// "Name (*.x)|*.x|..." or Qt's own form, as Qt's.
+QString FiltroQt(const QString& Filtro)
+{
+    if (!Filtro.contains(u'|'))
+        return Filtro;
+    const QStringList Parti = Filtro.split(u'|');
+    QStringList Voci;
+    for (qsizetype i = 0; i + 1 < Parti.size(); i += 2) {
+        // The patterns stand in the name too; Qt would read those, and in blanks rather than semicolons.
+        const QString Nome = Parti[i].section(u'(', 0, 0).trimmed();
+        Voci += Nome + u" ("_s + QString(Parti[i + 1]).replace(u';', u' ') + u')';
+    }
+    return Voci.join(u";;"_s);
+}
+
+/// A chosen path with the platform's separators; empty when cancelled.
+QString Sfoglia(QFileDialog& Dialogo, const QString& Iniziale)
+{
+    const PuntatoreNormale Puntatore;
+    if (EsisteCartella(Iniziale)) {
+        Dialogo.setDirectory(Iniziale);
+    } else {
+        Dialogo.setDirectory(CartellaFile(Iniziale));
+        Dialogo.selectFile(NomeFile(Iniziale));
+    }
+    if (Dialogo.exec() != QDialog::Accepted || Dialogo.selectedFiles().isEmpty())
+        return {};
+    return PercorsoNativo(Dialogo.selectedFiles().constFirst());
+}
+
+QString ScegliFile(QFileDialog::AcceptMode Modo, const QString& Titolo, const QString& Iniziale,
+                   const QString& Filtro)
+{
+    QFileDialog Dialogo(Sopra(), Titolo, {}, FiltroQt(Filtro));
+    Dialogo.setAcceptMode(Modo);
+    Dialogo.setFileMode(Modo == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    // Whether a file may be replaced is the saving procedure's own question.
+    Dialogo.setOption(QFileDialog::DontConfirmOverwrite);
+    return Sfoglia(Dialogo, Iniziale);
+}
+
+QString ScegliCartella(const QString& Titolo, const QString& Iniziale)
+{
+    QFileDialog Dialogo(Sopra(), Titolo);
+    Dialogo.setFileMode(QFileDialog::Directory);
+    Dialogo.setOption(QFileDialog::ShowDirsOnly);
+    return Sfoglia(Dialogo, Iniziale);
+}
+
+std::optional<int> ScegliColore(int Iniziale)
+{
+    const PuntatoreNormale Puntatore;
+    QColorDialog Dialogo(aspetto::DaBgr(Iniziale), Sopra());
+    if (Dialogo.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return aspetto::ABgr(Dialogo.selectedColor());
+}
+
+}  // namespace
+
+Messaggi MessaggiQt()
+{
+    Messaggi Tabella;
+    Tabella.Box = [](const QString& Testo, int Bandiere, const QString& Titolo) {
+        return MostraBox(Testo, Bandiere, Titolo, {});
+    };
+    Tabella.BoxPulsanti = MostraBox;
+    Tabella.Immissione = Chiedi;
+    Tabella.ApriFile = [](const QString& Titolo, const QString& Iniziale, const QString& Filtro) {
+        return ScegliFile(QFileDialog::AcceptOpen, Titolo, Iniziale, Filtro);
+    };
+    Tabella.SalvaFile = [](const QString& Titolo, const QString& Iniziale, const QString& Filtro) {
+        return ScegliFile(QFileDialog::AcceptSave, Titolo, Iniziale, Filtro);
+    };
+    Tabella.ScegliCartella = ScegliCartella;
+    Tabella.ScegliColore = ScegliColore;
+    return Tabella;
+}

@@ -1,0 +1,88 @@
+#include "platform/servizi_qt.h"
+
+#include "platform/collega.h"
+#include "platform/messaggi_qt.h"
+#include "platform/shell_qt.h"
+
+#include <QKeyEvent>
+
+#include <utility>
+
+namespace {
+
+/// Swallows what the user does, except that he wants to stop.
+class SoloInterruzione : public QObject
+{
+public:
+    SoloInterruzione() { qApp->installEventFilter(this); }
+    ~SoloInterruzione() override { qApp->removeEventFilter(this); }
+
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
+    {
+        switch (Evento->type()) {
+        case QEvent::ShortcutOverride:
+        case QEvent::KeyPress: {
+            const int Tasto = static_cast<QKeyEvent*>(Evento)->key();
+            Interrotto = Interrotto || Tasto == Qt::Key_Escape || Tasto == Qt::Key_Pause || Tasto == Qt::Key_Cancel;
+            return true;
+        }
+        case QEvent::Close:
+            Evento->ignore();
+            return true;
+        // A timer fires again later, so that nothing is lost.
+        case QEvent::Timer:
+        case QEvent::KeyRelease:
+        case QEvent::Shortcut:
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::Wheel:
+        case QEvent::ContextMenu:
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+        case QEvent::TabletPress:
+        case QEvent::TabletMove:
+        case QEvent::TabletRelease:
+        case QEvent::InputMethod:
+        case QEvent::DragEnter:
+        case QEvent::DragMove:
+        case QEvent::Drop: return true;
+        default: return QObject::eventFilter(Oggetto, Evento);
+        }
+    }
+
+    bool Interrotto = false;
+};
+
+}  // namespace
+
+Applicazione::Applicazione(int& argc, char** argv) : QApplication(argc, argv)
+{}
+
+bool Applicazione::notify(QObject* Ricevente, QEvent* Evento)
+{
+    try {
+        return QApplication::notify(Ricevente, Evento);
+    } catch (...) {
+        RiportaEccezione();
+        return false;
+    }
+}
+
+void InstallaServiziQt()
+{
+    InstallaMessaggi(MessaggiQt());
+    Shell Precedente = InstallaShell({});
+    Shell Nuova = ShellQt();
+    Nuova.Connesso = std::move(Precedente.Connesso);
+    InstallaShell(std::move(Nuova));
+}
+
+bool Respira()
+{
+    SoloInterruzione Guardia;
+    QCoreApplication::processEvents();
+    return !Guardia.Interrotto;
+}

@@ -1,0 +1,138 @@
+#include "platform/shell_qt.h"
+
+#include "platform/campo.h"
+#include "platform/percorsi.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QMimeDatabase>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QThread>
+#include <QUrl>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The numbers that a classic desktop answers with.
+constexpr int FileNonTrovato = 53;
+constexpr int NessunProgramma = 31;
+constexpr int AvvioNonRiuscito = 5;
+
+int ApriUrl(const QUrl& Indirizzo)
+{
+    return Indirizzo.isValid() && QDesktopServices::openUrl(Indirizzo) ? 0 : NessunProgramma;
+}
+
+int ApriFile(const QString& File)
+{
+    // A folder opens too, in the system's file manager.
+    if (!EsisteFile(File) && !EsisteCartella(File))
+        return FileNonTrovato;
+    return ApriUrl(QUrl::fromLocalFile(File));
+}
+
+bool ProgrammaPer(const QString& File)
+{
+#ifdef Q_OS_WIN
+    return !File.isEmpty();  // the system itself offers a choice for a type it does not know
+#else
+    const QString Tipo = QMimeDatabase().mimeTypeForFile(File, QMimeDatabase::MatchExtension).name();
+    QProcess Domanda;
+    Domanda.start(u"xdg-mime"_s, {u"query"_s, u"default"_s, Tipo}, QIODevice::ReadOnly);
+    constexpr int AttesaMs = 3000;
+    if (!Domanda.waitForFinished(AttesaMs)) {
+        Domanda.kill();
+        Domanda.waitForFinished(AttesaMs);
+        return false;
+    }
+    return !Domanda.readAllStandardOutput().trimmed().isEmpty();
+#endif
+}
+
+/// A viewer that opens at a page, and how it is told which.
+struct Lettore
+{
+    QStringView Programma;
+    QStringView Argomento;
+    bool Unito;  ///< argument and number are one word
+};
+
+constexpr std::array Lettori{
+    Lettore{u"evince", u"--page-index=", true},
+    Lettore{u"okular", u"--page", false},
+    Lettore{u"atril", u"--page-index=", true},
+    Lettore{u"xreader", u"--page-index=", true},
+    Lettore{u"zathura", u"--page=", true},
+};
+
+int ApriPdf(const QString& File, int Pagina)
+{
+    if (!EsisteFile(File))
+        return FileNonTrovato;
+    if (Pagina > 0) {
+        for (const Lettore& Voce : Lettori) {
+            const QString Trovato = QStandardPaths::findExecutable(Voce.Programma.toString());
+            if (Trovato.isEmpty())
+                continue;
+            const QString Argomento = Voce.Argomento.toString();
+            const QString Numero = QString::number(Pagina);
+            const QStringList Argomenti = Voce.Unito ? QStringList{Argomento + Numero, File}
+                                                     : QStringList{Argomento, Numero, File};
+            if (QProcess::startDetached(Trovato, Argomenti))
+                return 0;
+        }
+    }
+    return ApriFile(File);
+}
+
+int Avvia(const QString& Programma, const QStringList& Argomenti, const QString& Cartella)
+{
+    return QProcess::startDetached(Programma, Argomenti, Cartella) ? 0 : AvvioNonRiuscito;
+}
+
+/// On and off do not add up: one "off" is enough, however many procedures have asked for it.
+void PuntatoreOccupato(bool Attiva)
+{
+    if (Attiva && !QApplication::overrideCursor())
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    while (!Attiva && QApplication::overrideCursor())
+        QApplication::restoreOverrideCursor();
+}
+
+void FuocoAvanti()
+{
+    if (QWidget* Campo = QApplication::focusWidget())
+        PassaAvanti(Campo);
+}
+
+/// Settings are on the disk after each save, so that only the loop is left. An exit asked for before the
+/// loop runs would be lost: it is queued.
+void Esci(int Esito)
+{
+    if (QThread::currentThread()->loopLevel() > 0)
+        QCoreApplication::exit(Esito);
+    else
+        QMetaObject::invokeMethod(
+            qApp, [Esito] { QCoreApplication::exit(Esito); }, Qt::QueuedConnection);
+}
+
+}  // namespace
+
+Shell ShellQt()
+{
+    Shell Servizi;
+    Servizi.ApriFile = ApriFile;
+    Servizi.ApriIndirizzo = [](const QString& Indirizzo) { return ApriUrl(QUrl(Indirizzo)); };
+    Servizi.HaProgramma = ProgrammaPer;
+    Servizi.ApriPdf = ApriPdf;
+    Servizi.Avvia = Avvia;
+    Servizi.Clessidra = PuntatoreOccupato;
+    Servizi.Campanello = [] { QApplication::beep(); };
+    Servizi.ProssimoCampo = FuocoAvanti;
+    Servizi.Termina = Esci;
+    return Servizi;
+}
