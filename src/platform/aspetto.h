@@ -5,7 +5,6 @@
 #include <QIcon>
 #include <QString>
 
-class QToolBar;
 class QWidget;
 
 namespace aspetto {
@@ -15,13 +14,17 @@ constexpr int TraCampi = 8;
 constexpr int TraGruppi = 16;
 constexpr int Bordo = 12;
 
-/// Twips (1/1440 inch) to pixels at 96 dpi and back: 15 a pixel.
+/// Twips (1/1440 inch) to pixels at 96 dpi and back: 15 a pixel, rounded to nearest.
 [[nodiscard]] int Pixel(int Twip);
 [[nodiscard]] int Twip(int Pixel);
 
 /// Colours as 0xBBGGRR, the classic order; -1 is the palette's window colour.
 [[nodiscard]] QColor DaBgr(int Colore);
+/// The same number back; transparency is dropped.
+[[nodiscard]] int ABgr(const QColor& Colore);
 
+/// True when the palette in use writes light on dark.
+[[nodiscard]] bool Scuro();
 /// Accent of the current step, fit for the palette in use (deep blue on light, its pale kin on dark).
 [[nodiscard]] QColor Accento();
 /// What is wrong: dark red on light, its pale kin on dark.
@@ -29,21 +32,30 @@ constexpr int Bordo = 12;
 /// Background of a selected line, RGB 247,223,111, and its dark text.
 [[nodiscard]] QColor RigaSelezionata();
 [[nodiscard]] QColor TestoRigaSelezionata();
+/// Thin rules between rows and around grids.
+[[nodiscard]] QColor Filo();
+/// A colour mixed over another: `Parte` of the first, from 0 to 1.
+[[nodiscard]] QColor Mischia(const QColor& Sopra, const QColor& Sotto, double Parte);
 
 /// The application's font, style, translations (qtbase_it) and icon; call it once at the start.
 void Prepara();
 
-/// A picture of the program by name, an SVG line drawing recoloured for the palette.
+/// A picture of the program by name, an SVG line drawing recoloured for the palette; it follows a change
+/// of palette. A null icon for a name that has no drawing.
 [[nodiscard]] QIcon Icona(const QString& Nome);
 
-/// Gives the labels and buttons of a form that have none a mnemonic on a free letter.
+/// Gives the labels and buttons of a form that have none a mnemonic on a free letter: labels with a buddy,
+/// buttons with a text, and tabs. The pages of a tab or stack widget may share letters, as only one of them
+/// is on view. A caption that code sets later has none.
 void AssegnaMnemonici(QWidget* Modulo);
 
-/// Gives every control without an accessible name the text of its label, group, tooltip or caption.
+/// Gives every control without an accessible name the text of its label, caption, tooltip, placeholder or
+/// group, the first that it has.
 void AssegnaNomiAccessibili(QWidget* Modulo);
 
 /// Puts a window on the screen where the pointer is, where it was last time, never larger than the screen.
 void RimettiAlPosto(QWidget* Finestra, const QString& Nome);
+/// Remembers place and size for RimettiAlPosto; of a maximised window the normal ones, and that it was so.
 void RicordaPosto(const QWidget* Finestra, const QString& Nome);
 
 }  // namespace aspetto

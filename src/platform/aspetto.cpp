@@ -1,0 +1,133 @@
+#include "platform/aspetto.h"
+
+#include "platform/icona.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QFontDatabase>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QPalette>
+#include <QStyleFactory>
+#include <QTranslator>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+/// Resources of a static library come in only when they are asked for; the macro wants to stand outside
+/// every namespace.
+static void CaricaIcone()
+{
+    Q_INIT_RESOURCE(icone);
+}
+
+namespace {
+
+constexpr int TwipPerPixel = 15;
+
+void PreparaCarattere()
+{
+    // On a machine without a desktop the family asked for exists in no file and a monospaced one is taken.
+    constexpr int CorpoPunti = 9;
+    if (!QFontDatabase::hasFamily(QApplication::font().family()))
+        QApplication::setFont(QFont(u"DejaVu Sans"_s, CorpoPunti));
+}
+
+void PreparaLingua()
+{
+    QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
+    auto* Traduttore = new QTranslator(qApp);
+    if (Traduttore->load(u"qtbase_it"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)) ||
+        Traduttore->load(u"qtbase_it"_s, QCoreApplication::applicationDirPath()))
+        QCoreApplication::installTranslator(Traduttore);
+    else
+        delete Traduttore;
+}
+
+}  // namespace
+
+namespace aspetto {
+
+int Pixel(int Twip)
+{
+    return int(std::lround(double(Twip) / TwipPerPixel));
+}
+
+int Twip(int Pixel)
+{
+    return Pixel * TwipPerPixel;
+}
+
+QColor DaBgr(int Colore)
+{
+    if (Colore < 0)
+        return QApplication::palette().color(QPalette::Window);
+    return QColor(Colore & 0xFF, (Colore >> 8) & 0xFF, (Colore >> 16) & 0xFF);
+}
+
+int ABgr(const QColor& Colore)
+{
+    return Colore.red() | (Colore.green() << 8) | (Colore.blue() << 16);
+}
+
+bool Scuro()
+{
+    const QPalette Colori = QApplication::palette();
+    return Colori.color(QPalette::WindowText).lightness() > Colori.color(QPalette::Window).lightness();
+}
+
+QColor Accento()
+{
+    return Scuro() ? QColor(0x8F, 0xBC, 0xE6) : QColor(0x1F, 0x4E, 0x79);
+}
+
+QColor Sbagliato()
+{
+    return Scuro() ? QColor(0xF0, 0x90, 0x90) : QColor(0x80, 0x00, 0x00);
+}
+
+QColor RigaSelezionata()
+{
+    return QColor(247, 223, 111);
+}
+
+QColor TestoRigaSelezionata()
+{
+    return QColor(0x20, 0x20, 0x20);
+}
+
+QColor Filo()
+{
+    const QPalette Colori = QApplication::palette();
+    constexpr double Tenue = 0.18;
+    return Mischia(Colori.color(QPalette::Text), Colori.color(QPalette::Base), Tenue);
+}
+
+QColor Mischia(const QColor& Sopra, const QColor& Sotto, double Parte)
+{
+    const auto Canale = [Parte](int A, int B) { return int(std::lround(A * Parte + B * (1 - Parte))); };
+    return QColor(Canale(Sopra.red(), Sotto.red()), Canale(Sopra.green(), Sotto.green()),
+                  Canale(Sopra.blue(), Sotto.blue()));
+}
+
+void Prepara()
+{
+    CaricaIcone();
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    PreparaCarattere();
+    PreparaLingua();
+    QApplication::setWindowIcon(Icona(u"calcanova"_s));
+}
+
+QIcon Icona(const QString& Nome)
+{
+    CaricaIcone();
+    auto* Motore = new MotoreIcona(Nome);
+    if (!Motore->isNull())
+        return QIcon(Motore);
+    delete Motore;
+    return {};
+}
+
+}  // namespace aspetto

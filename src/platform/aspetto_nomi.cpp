@@ -1,0 +1,170 @@
+#include "platform/aspetto.h"
+
+#include <QAbstractButton>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QKeySequence>
+#include <QLabel>
+#include <QLineEdit>
+#include <QList>
+#include <QSet>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QTabWidget>
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The letter behind the "&" of a caption, in lower case; null when it has none.
+QChar Mnemonico(const QString& Testo)
+{
+    const QString Sequenza = QKeySequence::mnemonic(Testo).toString();
+    return Sequenza.isEmpty() ? QChar() : Sequenza.back().toLower();
+}
+
+/// The caption with "&" before a free letter, best at the start of a word; as it is when none is free.
+QString ConMnemonico(const QString& Testo, QSet<QChar>& Usati)
+{
+    for (const bool SoloIniziali : {true, false}) {
+        for (qsizetype i = 0; i < Testo.size(); ++i) {
+            const QChar Lettera = Testo[i].toLower();
+            const bool Iniziale = i == 0 || !Testo[i - 1].isLetterOrNumber();
+            // A keyboard reaches plain letters and digits; an accented one may not be on it.
+            const bool Digitabile = (Lettera >= u'a' && Lettera <= u'z') || (Lettera >= u'0' && Lettera <= u'9');
+            if (!Digitabile || (SoloIniziali && !Iniziale) || Usati.contains(Lettera))
+                continue;
+            Usati.insert(Lettera);
+            return Testo.left(i) + u'&' + Testo.mid(i);
+        }
+    }
+    return Testo;
+}
+
+/// A caption somewhere on a form: how it is read and written.
+struct Scritta
+{
+    QString Testo;
+    std::function<void(const QString&)> Imposta;
+};
+
+void AggiungiScritte(QWidget* Oggetto, QList<Scritta>& Scritte)
+{
+    if (auto* Etichetta = qobject_cast<QLabel*>(Oggetto)) {
+        if (Etichetta->buddy())
+            Scritte.append({Etichetta->text(), [Etichetta](const QString& T) { Etichetta->setText(T); }});
+    } else if (auto* Pulsante = qobject_cast<QAbstractButton*>(Oggetto)) {
+        Scritte.append({Pulsante->text(), [Pulsante](const QString& T) { Pulsante->setText(T); }});
+    } else if (auto* Gruppo = qobject_cast<QGroupBox*>(Oggetto); Gruppo && Gruppo->isCheckable()) {
+        Scritte.append({Gruppo->title(), [Gruppo](const QString& T) { Gruppo->setTitle(T); }});
+    } else if (auto* Linguette = qobject_cast<QTabBar*>(Oggetto)) {
+        for (int i = 0; i < Linguette->count(); ++i)
+            Scritte.append({Linguette->tabText(i), [Linguette, i](const QString& T) { Linguette->setTabText(i, T); }});
+    }
+}
+
+/// Gathers the captions under a widget, and the pages of which only one is on view.
+void Raccogli(QWidget* Da, QList<Scritta>& Scritte, QList<QWidget*>& Pagine)
+{
+    AggiungiScritte(Da, Scritte);
+    const auto* Pila = qobject_cast<const QStackedWidget*>(Da);
+    for (QObject* Figlio : Da->children()) {
+        auto* Oggetto = qobject_cast<QWidget*>(Figlio);
+        if (!Oggetto || Oggetto->isWindow())
+            continue;
+        if (Pila && Pila->indexOf(Oggetto) >= 0)
+            Pagine += Oggetto;
+        else
+            Raccogli(Oggetto, Scritte, Pagine);
+    }
+}
+
+void Assegna(QWidget* Da, QSet<QChar> Usati)
+{
+    QList<Scritta> Scritte;
+    QList<QWidget*> Pagine;
+    Raccogli(Da, Scritte, Pagine);
+    for (const Scritta& Voce : std::as_const(Scritte))
+        if (const QChar Lettera = Mnemonico(Voce.Testo); !Lettera.isNull())
+            Usati.insert(Lettera);
+    for (const Scritta& Voce : std::as_const(Scritte)) {
+        if (!Mnemonico(Voce.Testo).isNull() || Voce.Testo.isEmpty() || Qt::mightBeRichText(Voce.Testo))
+            continue;
+        Voce.Imposta(ConMnemonico(Voce.Testo, Usati));
+    }
+    for (QWidget* Pagina : std::as_const(Pagine))
+        Assegna(Pagina, Usati);
+}
+
+/// A caption as it is spoken: without the "&" and the colon behind it.
+QString Pronuncia(QString Testo)
+{
+    Testo.replace(u"&&"_s, u"\1"_s).remove(u'&').replace(u'\1', u'&');
+    Testo = Testo.simplified();
+    if (Testo.endsWith(u':'))
+        Testo.chop(1);
+    return Testo;
+}
+
+QString EtichettaDi(const QWidget* Modulo, QWidget* Oggetto)
+{
+    for (const QLabel* Etichetta : Modulo->findChildren<QLabel*>())
+        if (Etichetta->buddy() == Oggetto)
+            return Etichetta->text();
+    for (QWidget* Padre = Oggetto->parentWidget(); Padre; Padre = Padre->parentWidget()) {
+        const auto* Disposizione = qobject_cast<const QFormLayout*>(Padre->layout());
+        if (!Disposizione)
+            continue;
+        if (const auto* Etichetta = qobject_cast<const QLabel*>(Disposizione->labelForField(Oggetto)))
+            return Etichetta->text();
+    }
+    return {};
+}
+
+QString GruppoDi(const QWidget* Oggetto)
+{
+    for (const QWidget* Padre = Oggetto->parentWidget(); Padre; Padre = Padre->parentWidget())
+        if (const auto* Gruppo = qobject_cast<const QGroupBox*>(Padre); Gruppo && !Gruppo->title().isEmpty())
+            return Gruppo->title();
+    return {};
+}
+
+QString NomePer(const QWidget* Modulo, QWidget* Oggetto)
+{
+    const auto* Pulsante = qobject_cast<const QAbstractButton*>(Oggetto);
+    const auto* Riga = qobject_cast<const QLineEdit*>(Oggetto);
+    QWidget* Padre = Oggetto->parentWidget();
+    const bool Interno = Padre && Padre != Modulo && Padre->focusProxy() == Oggetto;
+    for (const QString& Testo : {EtichettaDi(Modulo, Oggetto), Pulsante ? Pulsante->text() : QString(),
+                                 Oggetto->toolTip(), Riga ? Riga->placeholderText() : QString()})
+        if (const QString Nome = Pronuncia(Testo); !Nome.isEmpty())
+            return Nome;
+    // The part of a composed control that takes its focus is called as the whole is.
+    if (Interno)
+        return Padre->accessibleName().isEmpty() ? NomePer(Modulo, Padre) : Padre->accessibleName();
+    return Pronuncia(GruppoDi(Oggetto));
+}
+
+}  // namespace
+
+namespace aspetto {
+
+void AssegnaMnemonici(QWidget* Modulo)
+{
+    Assegna(Modulo, {});
+}
+
+void AssegnaNomiAccessibili(QWidget* Modulo)
+{
+    for (QWidget* Oggetto : Modulo->findChildren<QWidget*>()) {
+        const bool Comando = Oggetto->focusPolicy() != Qt::NoFocus || qobject_cast<QAbstractButton*>(Oggetto);
+        if (!Comando || !Oggetto->accessibleName().isEmpty() || Oggetto->objectName().startsWith(u"qt_"))
+            continue;
+        if (const QString Nome = NomePer(Modulo, Oggetto); !Nome.isEmpty())
+            Oggetto->setAccessibleName(Nome);
+    }
+}
+
+}  // namespace aspetto
