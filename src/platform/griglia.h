@@ -5,13 +5,13 @@
 #include "platform/recordset.h"
 #include "platform/tabellarighe.h"
 
-#include <QColor>
 #include <QList>
 #include <QString>
 #include <QVariant>
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 class QTableView;
@@ -23,18 +23,26 @@ struct ColonnaGriglia
     int Campo = 0;               ///< column of the table
     QString NomeCampo;           ///< column of the recordset
     int Caratteri = 10;          ///< width in average characters
-    Qt::Alignment Allinea = Qt::AlignLeft;
+    Qt::Alignment Allinea = Qt::AlignLeft;  ///< of the cells, their title and the footer
     bool Visibile = true;
     bool Modificabile = false;
-    bool Stira = false;          ///< takes the room that is left
+    bool Stira = false;          ///< takes the room that is left, never less than its own width
     QString Filtro;              ///< keys of the cell editor, as FiltroTasti's kinds; empty: everything
     int Massimo = 0;             ///< characters the editor takes, 0 no limit
     /// Text of a cell; without it CStr shows the value.
     std::function<QString(const QVariant& Valore, int Riga)> Mostra;
 };
 
-/// A grid over rows that somebody else owns. The table is the truth: after changing it by code call
-/// Rilega; what the user types goes through `Convalida` and `Scrivi`.
+/// A grid over rows that somebody else owns. The table is the truth, no text of it is kept: after changing
+/// it by code call Rilega; what the user types goes through `Convalida` and `Valore` into it.
+///
+/// Keys: typing, F2 and a double click open a cell, Enter and Tab close it and go to the next one that can
+/// be written (behind the last cell, to the empty row), Esc gives the old text back. With no cell open:
+/// Del asks for a deletion, Ctrl+C copies the cell's text, Shift+Space selects the row or lets it go,
+/// Ctrl+A selects all, Space on a cell that cannot be written counts as a click on it.
+///
+/// In cells of dates (filter "d") 6 or 8 digits without separators are a date; a valid one is written as
+/// gg/mm/aaaa. A click, a move or a command that closes a cell commits it like Enter does.
 class Griglia : public QWidget, public Concludibile
 {
     Q_OBJECT
@@ -49,7 +57,8 @@ public:
     void Lega(TabellaRighe* Tabella);
     /// Shows the rows of a recordset, read-only, fetched as they are painted.
     void Lega(const Recordset& Righe);
-    /// Repaints after the rows were changed by code; current row and first visible row stay where they can.
+    /// Repaints after the rows were changed by code; current row and first visible row stay where they can,
+    /// and selected rows that are no more drop out. It does no work per row.
     void Rilega();
     [[nodiscard]] int Righe() const;
     /// Lets the user type into an empty row behind the last one; the row is made at its first cell.
@@ -58,7 +67,12 @@ public:
     void FraseVuota(const QString& Testo);
 
     // ---- rows
+    /// None in an empty grid and on the empty row behind the last one.
     [[nodiscard]] std::optional<int> RigaCorrente() const;
+    /// Column of the current cell, as in ImpostaColonne; -1 none.
+    [[nodiscard]] int ColonnaCorrente() const;
+    /// Makes a row current and scrolls to it; the row count means the empty row. `Colonna` -1 keeps the
+    /// column. An open cell is committed first: if it refuses, nothing moves. LasciaRiga is not asked.
     void ImpostaRigaCorrente(int Riga, int Colonna = -1);
     [[nodiscard]] int PrimaRiga() const;
     void ImpostaPrimaRiga(int Riga);
@@ -75,13 +89,20 @@ public:
     /// Widths as text, to be remembered, and back.
     [[nodiscard]] QString Larghezze() const;
     void ImpostaLarghezze(const QString& Testo);
-    /// Lets rows be dragged by the row selector.
+    /// Lets rows be dragged by the row selector. They land before the row in whose upper half they are
+    /// dropped, behind it in its lower half; a line shows where.
     void ConsentiTrascina(bool Si);
 
+    /// Commits the open cell and, when the current row was written to, asks LasciaRiga.
     [[nodiscard]] bool Concludi() override;
+    /// True while a cell is open.
+    [[nodiscard]] bool InModifica() const;
     [[nodiscard]] QTableView* Vista() const;
 
     // ---- rules, set by the form
+    // In a row that is not made yet, `Riga` is the row count. An error inside them ends in the last net and
+    // counts as a refusal.
+
     /// Checks a typed text before it is written. False refuses and keeps the edit open.
     std::function<bool(int Riga, int Colonna, const QString& Testo)> Convalida;
     /// What is written for a typed text; without it the text as a number where it is one and the column's
@@ -93,15 +114,20 @@ public:
     std::function<bool(int Riga)> LasciaRiga;
 
 Q_SIGNALS:
-    void RigaCambiata(int Riga);            ///< another row is current, -1 none
+    void RigaCambiata(int Riga);            ///< another row is current, by the user or by code; -1 none
     void CellaScritta(int Riga, int Colonna);
     void DoppioClic(int Riga);              ///< Enter on a grid without editing counts as one
-    void ClicCella(int Riga, int Colonna);
+    void ClicCella(int Riga, int Colonna);  ///< never for the empty row
+    void ClicTitolo(int Colonna);
     void SelezioneCambiata();
     void Cancella();                        ///< Del with rows selected or a current row, no cell in edit
     void Trascinata(int Destinazione);      ///< selected rows dropped before this row; the count: at the end
     void TrascinataFuori();                 ///< dropped inside the grid but on no row
-    void MenuContestuale(int Riga, const QPoint& Punto);
+    void MenuContestuale(int Riga, const QPoint& Punto);  ///< row -1 none; the point is the screen's
+
+protected:
+    void paintEvent(QPaintEvent* Evento) override;
+    void changeEvent(QEvent* Evento) override;
 
 private:
     struct Interno;

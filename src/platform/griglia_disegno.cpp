@@ -1,0 +1,85 @@
+#include "platform/griglia_disegno.h"
+
+#include "platform/aspetto.h"
+#include "platform/griglia_modello.h"
+#include "platform/griglia_selettore.h"
+#include "platform/griglia_vista.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int MargineTesto = 5;
+
+QRect RiquadroTesto(const QRect& Cella)
+{
+    return Cella.adjusted(MargineTesto, 0, -MargineTesto, -1);
+}
+
+/// One line: the breaks of a long description would show as boxes.
+QString SuUnaRiga(const QModelIndex& Cella)
+{
+    return Cella.data().toString().replace(u'\r', u' ').replace(u'\n', u' ');
+}
+
+}  // namespace
+
+DisegnoCelle::DisegnoCelle(VistaGriglia* DiVista) : QStyledItemDelegate(DiVista), Vista(DiVista)
+{}
+
+QColor DisegnoCelle::Fondo(const QModelIndex& Cella) const
+{
+    constexpr double TintaAlterna = 0.035;
+    constexpr double TintaCorrente = 0.16;
+    if (Vista->Selettore()->Scelta(Cella.row()))
+        return aspetto::RigaSelezionata();
+    const QPalette Colori = Vista->palette();
+    QColor Colore = Colori.color(QPalette::Base);
+    if (Cella.row() % 2 == 1)
+        Colore = aspetto::Mischia(Colori.color(QPalette::Text), Colore, TintaAlterna);
+    if (Cella.row() == Vista->currentIndex().row())
+        Colore = aspetto::Mischia(aspetto::Accento(), Colore, TintaCorrente);
+    return Colore;
+}
+
+void DisegnoCelle::paint(QPainter* Pennello, const QStyleOptionViewItem& Opzioni, const QModelIndex& Cella) const
+{
+    const QRect& Riquadro = Opzioni.rect;
+    const QPalette Colori = Vista->palette();
+    const bool Scelta = Vista->Selettore()->Scelta(Cella.row());
+    const auto Gruppo = Vista->isEnabled() ? QPalette::Active : QPalette::Disabled;
+    Pennello->fillRect(Riquadro, Fondo(Cella));
+    Pennello->setPen(aspetto::Filo());
+    Pennello->drawLine(Riquadro.bottomLeft(), Riquadro.bottomRight());
+
+    Pennello->setFont(Opzioni.font);
+    Pennello->setPen(Scelta ? aspetto::TestoRigaSelezionata() : Colori.color(Gruppo, QPalette::Text));
+    const QRect Testo = RiquadroTesto(Riquadro);
+    const auto Allinea = Qt::Alignment(Cella.data(Qt::TextAlignmentRole).toInt());
+    Pennello->drawText(Testo, int(Allinea) | Qt::TextSingleLine,
+                       Opzioni.fontMetrics.elidedText(SuUnaRiga(Cella), Qt::ElideRight, Testo.width()));
+
+    if (Cella == Vista->currentIndex() && Vista->hasFocus() && Vista->Modello()->HaModificabili()) {
+        Pennello->setPen(Scelta ? aspetto::TestoRigaSelezionata() : aspetto::Accento());
+        Pennello->drawRect(Riquadro.adjusted(0, 0, -1, -2));
+    }
+}
+
+/// A text that does not fit is shown whole.
+bool DisegnoCelle::helpEvent(QHelpEvent* Evento, QAbstractItemView*, const QStyleOptionViewItem& Opzioni,
+                             const QModelIndex& Cella)
+{
+    const QString Testo = Cella.isValid() ? Cella.data().toString() : QString();
+    const bool Intero = Opzioni.fontMetrics.horizontalAdvance(Testo) <= RiquadroTesto(Opzioni.rect).width();
+    if (Evento->type() != QEvent::ToolTip || Testo.isEmpty() || Intero) {
+        QToolTip::hideText();
+        return true;
+    }
+    const QString Piano = u"<p style='white-space:pre-wrap'>"_s + Testo.toHtmlEscaped() + u"</p>"_s;
+    QToolTip::showText(Evento->globalPos(), Piano, Vista, Opzioni.rect);
+    return true;
+}

@@ -1,0 +1,51 @@
+// The rows of a grid as Qt's views want them: a window on a table or a recordset, with no copy of its own.
+#pragma once
+
+#include "platform/griglia.h"
+
+#include <QAbstractTableModel>
+
+/// Besides the rows of the source there may be one empty row behind them, for new ones.
+class ModelloGriglia : public QAbstractTableModel
+{
+public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    void ImpostaColonne(const QList<ColonnaGriglia>& Nuove);
+    [[nodiscard]] const QList<ColonnaGriglia>& Colonne() const { return ListaColonne; }
+    void Lega(TabellaRighe* Nuova);
+    void Lega(const Recordset& Nuove);
+    /// Tells the views of the rows that have come or gone at the end, and that all may have changed.
+    void Rilega();
+    void ConsentiNuove(bool Si);
+
+    /// Rows of the source, as of the last Rilega.
+    [[nodiscard]] int RigheVere() const { return Vere; }
+    [[nodiscard]] bool RigaVuota(int Riga) const { return Riga >= Vere; }
+    [[nodiscard]] bool Modificabile(int Colonna) const;
+    [[nodiscard]] bool HaModificabili() const;
+    [[nodiscard]] QVariant Valore(int Riga, int Colonna) const;
+    /// As it is shown.
+    [[nodiscard]] QString Testo(int Riga, int Colonna) const;
+
+    /// Makes the row behind the last one in the table. @return its number
+    int AggiungiRiga();
+    void Scrivi(int Riga, int Colonna, const QVariant& Valore);
+
+    [[nodiscard]] int rowCount(const QModelIndex& Padre = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& Padre = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& Cella, int Ruolo = Qt::DisplayRole) const override;
+    [[nodiscard]] QVariant headerData(int Sezione, Qt::Orientation Verso, int Ruolo) const override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& Cella) const override;
+
+private:
+    [[nodiscard]] int RigheFonte() const;
+    void MostraRighe(int NuoveVere);
+
+    QList<ColonnaGriglia> ListaColonne;
+    TabellaRighe* Tabella = nullptr;
+    Recordset Origine;
+    mutable Recordset Lettura;  ///< own cursor over the same keys: painting moves it
+    bool Nuove = false;
+    int Vere = 0;
+};

@@ -1,0 +1,96 @@
+#include "platform/griglia_pie.h"
+
+#include "platform/aspetto.h"
+#include "platform/collega.h"
+#include "platform/griglia_modello.h"
+#include "platform/griglia_selettore.h"
+#include "platform/griglia_vista.h"
+
+#include <QPainter>
+#include <QScrollBar>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int MargineTesto = 5;
+
+QFont Grassetto(QFont Carattere)
+{
+    Carattere.setBold(true);
+    return Carattere;
+}
+
+}  // namespace
+
+PieGriglia::PieGriglia(VistaGriglia* DiVista, QWidget* Padre) : QWidget(Padre), Vista(DiVista)
+{
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    setVisible(false);
+    const auto Ridisegna = [this] { update(); };
+    const QHeaderView* Testata = Vista->horizontalHeader();
+    Collega(Testata, &QHeaderView::sectionResized, this, Ridisegna);
+    Collega(Testata, &QHeaderView::sectionMoved, this, Ridisegna);
+    Collega(Testata, &QHeaderView::geometriesChanged, this, Ridisegna);
+    Collega(Vista->horizontalScrollBar(), &QScrollBar::valueChanged, this, Ridisegna);
+}
+
+QSize PieGriglia::sizeHint() const
+{
+    constexpr int Aria = 10;
+    return {0, QFontMetrics(Grassetto(font())).height() + Aria};
+}
+
+void PieGriglia::Imposta(int Colonna, const QString& Testo)
+{
+    if (Testi.value(Colonna) == Testo)
+        return;
+    Testi[Colonna] = Testo;
+    if (!Testo.isEmpty())
+        setVisible(true);
+    Racconta();
+    update();
+}
+
+void PieGriglia::Azzera()
+{
+    Testi.clear();
+    setVisible(false);
+}
+
+/// What is painted is told to screen readers too.
+void PieGriglia::Racconta()
+{
+    QStringList Parti;
+    for (int i = 0; i < Vista->Modello()->columnCount(); ++i)
+        if (const QString Testo = Testi.value(i).trimmed(); !Testo.isEmpty())
+            Parti += Vista->Modello()->Colonne()[i].Titolo + u": "_s + Testo;
+    setAccessibleName(Parti.join(u"; "_s));
+}
+
+QRect PieGriglia::Riquadro(int Colonna) const
+{
+    if (Vista->isColumnHidden(Colonna))
+        return {};
+    return QRect(Vista->Selettore()->width() + Vista->columnViewportPosition(Colonna), 0, Vista->columnWidth(Colonna),
+                 height());
+}
+
+void PieGriglia::paintEvent(QPaintEvent*)
+{
+    QPainter Pennello(this);
+    Pennello.fillRect(rect(), palette().color(QPalette::Button));
+    Pennello.setPen(aspetto::Filo());
+    Pennello.drawLine(rect().topLeft(), rect().topRight());
+    Pennello.setClipRect(Vista->Selettore()->width(), 0, Vista->viewport()->width(), height());
+    Pennello.setFont(Grassetto(font()));
+    Pennello.setPen(palette().color(QPalette::ButtonText));
+    for (int i = 0; i < Vista->Modello()->columnCount(); ++i) {
+        const QRect Posto = Riquadro(i).adjusted(MargineTesto, 0, -MargineTesto, 0);
+        const QString Testo = Testi.value(i);
+        if (Testo.isEmpty() || Posto.isEmpty())
+            continue;
+        Pennello.drawText(Posto, int(Vista->Modello()->Colonne()[i].Allinea | Qt::AlignVCenter) | Qt::TextSingleLine,
+                          Pennello.fontMetrics().elidedText(Testo, Qt::ElideRight, Posto.width()));
+    }
+}

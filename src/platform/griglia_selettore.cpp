@@ -1,0 +1,270 @@
+#include "platform/griglia_selettore.h"
+
+#include "platform/aspetto.h"
+#include "platform/griglia_modello.h"
+#include "platform/griglia_vista.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QScrollBar>
+#include <QTimerEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int Larghezza = 22;
+constexpr int ScorrimentoMs = 70;
+
+/// The current row's triangle, the asterisk of the empty row.
+void DisegnaSegno(QPainter* Pennello, const QRect& Riquadro, bool Corrente, bool Vuota, const QColor& Colore)
+{
+    Pennello->save();
+    Pennello->setRenderHint(QPainter::Antialiasing);
+    const QPointF Centro = QRectF(Riquadro).center();
+    if (Corrente) {
+        constexpr double Mezzo = 4;
+        QPainterPath Freccia(Centro + QPointF(-Mezzo / 2, -Mezzo));
+        Freccia.lineTo(Centro + QPointF(Mezzo / 2 + 1, 0));
+        Freccia.lineTo(Centro + QPointF(-Mezzo / 2, Mezzo));
+        Freccia.closeSubpath();
+        Pennello->fillPath(Freccia, Colore);
+    } else if (Vuota) {
+        Pennello->setPen(Colore);
+        Pennello->drawText(Riquadro, Qt::AlignCenter, u"*"_s);
+    }
+    Pennello->restore();
+}
+
+}  // namespace
+
+SelettoreRighe::SelettoreRighe(Griglia* Intera, VistaGriglia* DiVista)
+    : QHeaderView(Qt::Vertical, DiVista), Padrona(Intera), Vista(DiVista)
+{
+    setSectionResizeMode(QHeaderView::Fixed);
+    setSectionsClickable(true);
+    setHighlightSections(false);
+}
+
+QSize SelettoreRighe::sizeHint() const
+{
+    return {Larghezza, QHeaderView::sizeHint().height()};
+}
+
+// ---- the rows selected
+
+void SelettoreRighe::Cambiata()
+{
+    viewport()->update();
+    Vista->viewport()->update();
+    Q_EMIT Padrona->SelezioneCambiata();
+}
+
+void SelettoreRighe::Scegli(int Riga)
+{
+    if (Riga < 0 || Riga >= Vista->Modello()->RigheVere() || Scelta(Riga))
+        return;
+    Ordine += Riga;
+    Insieme += Riga;
+    Cambiata();
+}
+
+void SelettoreRighe::Togli(int Riga)
+{
+    if (!Insieme.remove(Riga))
+        return;
+    Ordine.removeOne(Riga);
+    Cambiata();
+}
+
+void SelettoreRighe::Azzera()
+{
+    Tronca(0);
+}
+
+void SelettoreRighe::TuttaLaTabella(int Righe)
+{
+    for (int Riga = 0; Riga < Righe; ++Riga) {
+        if (Scelta(Riga))
+            continue;
+        Ordine += Riga;
+        Insieme += Riga;
+    }
+    Cambiata();
+}
+
+void SelettoreRighe::Tronca(int Righe)
+{
+    const auto Oltre = [Righe](int Riga) { return Riga >= Righe; };
+    if (Ordine.removeIf(Oltre) == 0)
+        return;
+    Insieme = QSet<int>(Ordine.cbegin(), Ordine.cend());
+    Cambiata();
+}
+
+void SelettoreRighe::Scambia(int Riga)
+{
+    if (Scelta(Riga))
+        Togli(Riga);
+    else
+        Scegli(Riga);
+}
+
+void SelettoreRighe::ScegliFino(int Riga)
+{
+    const int Da = Ancora >= 0 ? Ancora : Riga;
+    const int Passo = Riga >= Da ? 1 : -1;
+    for (int Prossima = Da; Prossima != Riga + Passo; Prossima += Passo)
+        Scegli(Prossima);
+}
+
+// ---- the mouse
+
+int SelettoreRighe::RigaVera(int Y) const
+{
+    const int Riga = logicalIndexAt(Y);
+    return Riga >= 0 && !Vista->Modello()->RigaVuota(Riga) ? Riga : -1;
+}
+
+void SelettoreRighe::mousePressEvent(QMouseEvent* Evento)
+{
+    Premuta = -1;
+    const int Riga = RigaVera(qRound(Evento->position().y()));
+    if (Riga < 0 || !Vista->VaiARiga(Riga))
+        return;
+    if (Evento->button() != Qt::LeftButton)
+        return;
+    Premuta = Riga;
+    Inizio = Evento->position().toPoint();
+    DaTogliere = false;
+    if (Evento->modifiers().testFlag(Qt::ShiftModifier)) {
+        ScegliFino(Riga);
+        return;
+    }
+    Ancora = Riga;
+    if (Evento->modifiers().testFlag(Qt::ControlModifier)) {
+        Scambia(Riga);
+    } else if (Scelta(Riga)) {
+        DaTogliere = true;
+    } else {
+        Azzera();
+        Scegli(Riga);
+    }
+}
+
+void SelettoreRighe::mouseMoveEvent(QMouseEvent* Evento)
+{
+    const QPoint Punto = Evento->position().toPoint();
+    if (!Trascina) {
+        const bool Lontano = (Punto - Inizio).manhattanLength() >= QApplication::startDragDistance();
+        if (!Trascinabile || Premuta < 0 || !Evento->buttons().testFlag(Qt::LeftButton) || !Lontano)
+            return;
+        Trascina = true;
+        setCursor(Qt::ClosedHandCursor);
+        Scorrimento.start(ScorrimentoMs, this);
+    }
+    SeguiPuntatore(Punto.y());
+}
+
+void SelettoreRighe::mouseReleaseEvent(QMouseEvent* Evento)
+{
+    if (Trascina)
+        Rilascia(Evento->position().toPoint());
+    else if (Premuta >= 0 && DaTogliere)
+        Togli(Premuta);
+    Premuta = -1;
+    DaTogliere = false;
+}
+
+void SelettoreRighe::mouseDoubleClickEvent(QMouseEvent* Evento)
+{
+    // The second press of a quick pair is a click like the first.
+    mousePressEvent(Evento);
+}
+
+void SelettoreRighe::contextMenuEvent(QContextMenuEvent* Evento)
+{
+    Q_EMIT Padrona->MenuContestuale(RigaVera(Evento->y()), Evento->globalPos());
+}
+
+// ---- dragging
+
+std::optional<int> SelettoreRighe::Destinazione(int Y) const
+{
+    const int Riga = logicalIndexAt(Y);
+    if (Y < 0 || Y >= viewport()->height() || Riga < 0)
+        return std::nullopt;
+    if (Vista->Modello()->RigaVuota(Riga))
+        return Vista->Modello()->RigheVere();
+    const int Meta = sectionViewportPosition(Riga) + sectionSize(Riga) / 2;
+    return Y < Meta ? Riga : Riga + 1;
+}
+
+void SelettoreRighe::SeguiPuntatore(int Y)
+{
+    UltimaY = Y;
+    PostoLinea.reset();
+    if (const auto Dove = Destinazione(Y)) {
+        const bool InFondo = *Dove >= Vista->Modello()->RigheVere();
+        const int Riga = InFondo ? *Dove - 1 : *Dove;
+        PostoLinea = sectionViewportPosition(Riga) + (InFondo ? sectionSize(Riga) : 0);
+    }
+    viewport()->update();
+    Vista->viewport()->update();
+}
+
+void SelettoreRighe::AnnullaTrascinamento()
+{
+    Trascina = false;
+    Premuta = -1;
+    PostoLinea.reset();
+    Scorrimento.stop();
+    unsetCursor();
+    viewport()->update();
+    Vista->viewport()->update();
+}
+
+void SelettoreRighe::Rilascia(const QPoint& Punto)
+{
+    const bool Dentro = Padrona->rect().contains(viewport()->mapTo(Padrona, Punto));
+    const auto Dove = Destinazione(Punto.y());
+    AnnullaTrascinamento();
+    if (Dentro && Dove)
+        Q_EMIT Padrona->Trascinata(*Dove);
+    else if (Dentro)
+        Q_EMIT Padrona->TrascinataFuori();
+}
+
+void SelettoreRighe::timerEvent(QTimerEvent* Evento)
+{
+    if (Evento->timerId() != Scorrimento.timerId()) {
+        QHeaderView::timerEvent(Evento);
+        return;
+    }
+    // Near an edge the rows come to the pointer.
+    const int Margine = defaultSectionSize() / 2;
+    QScrollBar* Barra = Vista->verticalScrollBar();
+    if (UltimaY < Margine)
+        Barra->setValue(Barra->value() - 1);
+    else if (UltimaY >= viewport()->height() - Margine)
+        Barra->setValue(Barra->value() + 1);
+    SeguiPuntatore(UltimaY);
+}
+
+// ---- drawing
+
+void SelettoreRighe::paintSection(QPainter* Pennello, const QRect& Riquadro, int Riga) const
+{
+    const bool Marcata = Scelta(Riga);
+    const bool Vuota = Vista->Modello()->RigaVuota(Riga);
+    const bool Corrente = Vista->currentIndex().row() == Riga;
+    Pennello->fillRect(Riquadro, Marcata ? aspetto::RigaSelezionata() : palette().color(QPalette::Button));
+    Pennello->setPen(aspetto::Filo());
+    Pennello->drawLine(Riquadro.bottomLeft(), Riquadro.bottomRight());
+    Pennello->drawLine(Riquadro.topRight(), Riquadro.bottomRight());
+    DisegnaSegno(Pennello, Riquadro, Corrente, Vuota,
+                 Marcata ? aspetto::TestoRigaSelezionata() : palette().color(QPalette::ButtonText));
+}

@@ -1,0 +1,81 @@
+// The table view inside a grid: keys, mouse and the rule that a row must let itself be left.
+#pragma once
+
+#include <QTableView>
+
+#include <functional>
+#include <optional>
+
+class CellaAperta;
+class Griglia;
+class ModelloGriglia;
+class SelettoreRighe;
+
+class VistaGriglia : public QTableView
+{
+public:
+    explicit VistaGriglia(Griglia* Intera);
+
+    [[nodiscard]] ModelloGriglia* Modello() const { return Righe; }
+    [[nodiscard]] SelettoreRighe* Selettore() const { return Sinistra; }
+    [[nodiscard]] CellaAperta* Cella() const { return Aperta; }
+
+    /// The current row of the source, none on the empty row.
+    [[nodiscard]] std::optional<int> RigaVera() const;
+    /// Commits the open cell and asks LasciaRiga of a row that was written to.
+    [[nodiscard]] bool Concludi();
+    /// Makes a row current for the user. @return false when the row before does not let itself be left
+    [[nodiscard]] bool VaiARiga(int Riga);
+    /// The same for code, whatever an open cell and the row before say. `Colonna` -1 keeps the column.
+    void PortaA(int Riga, int Colonna);
+    /// Goes to the next (previous) cell that can be written. @return false when there is none
+    [[nodiscard]] bool ProssimaCella(bool Avanti);
+    /// What may be done to the rows goes on without questions while it runs.
+    void SenzaDomande(const std::function<void()>& Fai);
+    void SegnaSporca(int Riga) { Sporca = Riga; }
+    void DimenticaSporca() { Sporca.reset(); }
+    /// Lets go of an open cell and of a row to be asked about that are no more.
+    void RigheCambiate();
+    void SegnaRepaint();
+
+    /// Widths from the descriptions of the columns.
+    void LarghezzeIniziali();
+    /// Gives the columns that stretch the room that is left.
+    void Stira();
+    void AltezzaRighe();
+    /// Width of a column, hidden or not.
+    [[nodiscard]] int LarghezzaPiena(int Colonna) const;
+
+    QString Frase;  ///< shown while there are no rows
+
+    void keyboardSearch(const QString& Cerca) override;
+
+protected:
+    bool event(QEvent* Evento) override;
+    void keyPressEvent(QKeyEvent* Evento) override;
+    void inputMethodEvent(QInputMethodEvent* Evento) override;
+    void mousePressEvent(QMouseEvent* Evento) override;
+    void mouseMoveEvent(QMouseEvent* Evento) override;
+    void contextMenuEvent(QContextMenuEvent* Evento) override;
+    void focusOutEvent(QFocusEvent* Evento) override;
+    void paintEvent(QPaintEvent* Evento) override;
+    void resizeEvent(QResizeEvent* Evento) override;
+    void scrollContentsBy(int X, int Y) override;
+
+private:
+    [[nodiscard]] bool PuoAndare(const QModelIndex& Verso);
+    [[nodiscard]] bool LasciaRiga(int Riga);
+    [[nodiscard]] QList<int> ColonneScrivibili() const;
+    bool TastoComando(const QKeyEvent& Evento);
+    void Invio();
+    void DoppioClicSu(const QModelIndex& Dove);
+
+    Griglia* Padrona;
+    ModelloGriglia* Righe;
+    SelettoreRighe* Sinistra;
+    CellaAperta* Aperta;
+    std::optional<int> Sporca;  ///< row written to and not yet let go by LasciaRiga
+    bool InDomanda = false;
+    int ZittaDomande = 0;
+    bool Stirando = false;
+};
