@@ -36,6 +36,15 @@ private:
     QString Provvisorio;
 };
 
+/// The three empty tables, put on the disk together: each by itself would wait for it three times.
+void CopiaTabelle(const Database& Tariffe, const Database& File)
+{
+    Transazione Insieme(File);
+    for (const QStringView Tabella : TabelleNota)
+        Tariffe.CopiaTabella(Tabella.toString(), File);
+    Insieme.Conferma();
+}
+
 void AggiornaTariffe()
 {
     if (!EsisteCampo(PercorsoTariffe(), u"ParcellaParam"_s, u"SpeseGen"_s))
@@ -55,8 +64,7 @@ void ScriviNota(const QString& Percorso, const Parcella& Nota, bool ComeModello)
     {
         const Database Tariffe = ApriTariffe();
         const Database File = CreateDatabase(Nuovo.Percorso());
-        for (const QStringView Tabella : TabelleNota)
-            Tariffe.CopiaTabella(Tabella.toString(), File);
+        CopiaTabelle(Tariffe, File);
         ScriviDati(File, Nota);
     }
     Nuovo.MettiAlPosto();
