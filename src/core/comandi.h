@@ -27,6 +27,16 @@ inline std::vector<InfoParcella> InfoParcelle{1};
 /// Back to upper bound 0; serves tests.
 void AzzeraParcelle();
 
+/// The notice page of the start, with the box that silences it.
+struct PaginaAvviso
+{
+    QString Pagina;     ///< file
+    QString Titolo;
+    QString Marcatore;  ///< stem of the ".ini" file whose existence silences the page
+    int LarghezzaTwip = 0;
+    int AltezzaTwip = 0;
+};
+
 /// Everything that opens or acts on a window. One file fills it; an empty member does nothing.
 struct Apritori
 {
@@ -49,6 +59,8 @@ struct Apritori
     std::function<void()> Documenti;
     std::function<void()> Informazioni;                   ///< the about box
     std::function<void(const QString& Pagina, const QString& Titolo)> PaginaWeb;
+    std::function<void(const PaginaAvviso& Avviso)> Avviso;
+    std::function<void()> CercaAggiornamenti;             ///< the search for updates at the start
 };
 inline Apritori Aperture;
 

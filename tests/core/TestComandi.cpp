@@ -1,0 +1,538 @@
+#include "supporto/prova.h"
+#include "supporto/registratore.h"
+
+#include "core/comandi.h"
+#include "core/indirizzi.h"
+#include "core/sessione.h"
+#include "platform/errore.h"
+#include "platform/percorsi.h"
+#include "platform/shell.h"
+
+using namespace Qt::StringLiterals;
+
+class TestComandi : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void ordineDellaTabella();
+    void apreUnaFinestra_data();
+    void apreUnaFinestra();
+    void senzaApritoreNonFaNulla();
+    void parolaSconosciuta_data();
+    void parolaSconosciuta();
+    void nuovaConRiferimento();
+
+    void guardie_data();
+    void guardie();
+    void proteggiSenzaNota_data();
+    void proteggiSenzaNota();
+
+    void stampaWord_data();
+    void stampaWord();
+    void stampaWordRifiutata();
+    void kr2SiAvvia();
+    void kr2Manca_data();
+    void kr2Manca();
+    void guida_data();
+    void guida();
+    void documenti_data();
+    void documenti();
+    void leggimi();
+    void leggimiManca();
+    void pagineDelFornitore_data();
+    void pagineDelFornitore();
+    void spegniChiudeQuelleAperte();
+    void guastoRiferito();
+
+    void postoNuovo();
+    void postoLiberato();
+    void postoDellaPrimaIntatta_data();
+    void postoDellaPrimaIntatta();
+    void parcellaAperta();
+
+private:
+    void RegistraAperture();
+
+    QStringList Eventi;
+    int SchedaInVista = -1;
+    int Esito = 0;
+    Shell Precedente;
+};
+PROVA(TestComandi);
+
+namespace {
+
+/// Places as they stand: "m" modified, "p" unmodified, "l" left free by a closed note that was modified.
+void Posti(const QString& Segni)
+{
+    AzzeraParcelle();
+    for (const QChar Segno : Segni)
+        InfoParcelle.push_back({Segno == u'l', Segno != u'p', u"nota"_s});
+}
+
+QString Numeri(std::initializer_list<int> Valori)
+{
+    QString Testo;
+    for (const int Valore : Valori)
+        Testo += u' ' + QString::number(Valore);
+    return Testo;
+}
+
+}  // namespace
+
+void TestComandi::RegistraAperture()
+{
+    const auto Annota = [this](const QString& Nome) { return [this, Nome] { Eventi << Nome; }; };
+    Aperture = {};
+    Aperture.ApriParcella = [this](const QString& Percorso, int Socio, const QString& ID) {
+        Eventi << u"parcella [%1] %2 [%3]"_s.arg(Percorso).arg(Socio).arg(ID);
+    };
+    Aperture.TrovaParcella = [this](int Selettore) { Eventi << u"trova"_s + Numeri({Selettore}); };
+    Aperture.SalvaParcella = [this](int Indice, bool ComeModello) {
+        Eventi << u"salva"_s + Numeri({Indice, ComeModello});
+    };
+    Aperture.VaiAllaScheda = [this](int Indice, int Quale) {
+        Eventi << u"scheda"_s + Numeri({Indice, Quale});
+    };
+    Aperture.SchedaCorrente = [this](int) { return SchedaInVista; };
+    Aperture.Proteggi = [this](int Indice) { Eventi << u"proteggi"_s + Numeri({Indice}); };
+    Aperture.ChiudiParcella = [this](int Indice) {
+        Eventi << u"chiudi"_s + Numeri({Indice});
+        return false;
+    };
+    Aperture.Impostazioni = [this](int Quale) { Eventi << u"impostazioni"_s + Numeri({Quale}); };
+    Aperture.Rubrica = Annota(u"rubrica"_s);
+    Aperture.CodiceFiscale = Annota(u"codice fiscale"_s);
+    Aperture.Contributo = Annota(u"contributo"_s);
+    Aperture.Termini = Annota(u"termini"_s);
+    Aperture.TerminiSequenziali = Annota(u"sequenziali"_s);
+    Aperture.Interessi = Annota(u"interessi"_s);
+    Aperture.Istat = Annota(u"istat"_s);
+    Aperture.Aggiorna = Annota(u"aggiorna"_s);
+    Aperture.Documenti = Annota(u"documenti"_s);
+    Aperture.Informazioni = Annota(u"informazioni"_s);
+}
+
+void TestComandi::init()
+{
+    AzzeraSessione();
+    AzzeraParcelle();
+    Eventi.clear();
+    SchedaInVista = -1;
+    Esito = 0;
+    RegistraAperture();
+    Shell Nuova;
+    Nuova.ApriFile = [this](const QString& File) {
+        Eventi << u"file "_s + File;
+        return Esito;
+    };
+    Nuova.ApriIndirizzo = [this](const QString& Indirizzo) {
+        Eventi << u"indirizzo "_s + Indirizzo;
+        return Esito;
+    };
+    Nuova.ApriPdf = [this](const QString& File, int Pagina) {
+        Eventi << u"pdf "_s + NomeFile(File) + Numeri({Pagina});
+        return Esito;
+    };
+    Nuova.HaProgramma = [](const QString&) { return true; };
+    Nuova.Avvia = [this](const QString& Programma, const QStringList& Argomenti, const QString& Cartella) {
+        Eventi << u"avvia "_s + Programma + u" in "_s + Cartella + Numeri({int(Argomenti.size())});
+        return Esito;
+    };
+    Nuova.Termina = [this](int Codice) { Eventi << u"fine"_s + Numeri({Codice}); };
+    Precedente = InstallaShell(std::move(Nuova));
+}
+
+void TestComandi::cleanup()
+{
+    InstallaShell(std::move(Precedente));
+    Aperture = {};
+    AzzeraParcelle();
+    AzzeraSessione();
+}
+
+void TestComandi::ordineDellaTabella()
+{
+    const std::vector<QString> Attese{
+        u"new"_s,     u"open"_s,      u"openpar"_s,  u"openmod"_s,   u"save"_s,    u"savepar"_s,
+        u"savemod"_s, u"print"_s,     u"printopz"_s, u"printword"_s, u"kr2"_s,     u"clienti"_s,
+        u"codfis"_s,  u"setup"_s,     u"recupera"_s, u"contrib"_s,   u"termini"_s, u"sequenz"_s,
+        u"inter"_s,   u"istat"_s,     u"novita"_s,   u"help"_s,      u"off"_s,     u"lock"_s,
+        u"upgrade"_s, u"docum"_s,     u"release"_s,  u"readme"_s,    u"guida"_s,   u"about"_s,
+        u"link"_s,    u"assistenza"_s};
+    QCOMPARE(ParoleComando(), Attese);
+}
+
+void TestComandi::apreUnaFinestra_data()
+{
+    QTest::addColumn<QString>("Comando");
+    QTest::addColumn<int>("Indice");
+    QTest::addColumn<QString>("Evento");
+
+    QTest::newRow("new note") << u"new"_s << 0 << u"parcella [] 0 []"_s;
+    QTest::newRow("new note linked to a window") << u"new"_s << 2 << u"parcella [] 2 []"_s;
+    QTest::newRow("open") << u"open"_s << 0 << u"trova 0"_s;
+    QTest::newRow("open from notes") << u"openpar"_s << 3 << u"trova 0"_s;
+    QTest::newRow("open from templates") << u"openmod"_s << 0 << u"trova 1"_s;
+    QTest::newRow("address book") << u"clienti"_s << 0 << u"rubrica"_s;
+    QTest::newRow("fiscal code") << u"codfis"_s << 0 << u"codice fiscale"_s;
+    QTest::newRow("settings") << u"setup"_s << 0 << u"impostazioni 0"_s;
+    QTest::newRow("settings at the icons") << u"recupera"_s << 0 << u"impostazioni 3"_s;
+    QTest::newRow("filing fee") << u"contrib"_s << 0 << u"contributo"_s;
+    QTest::newRow("terms") << u"termini"_s << 0 << u"termini"_s;
+    QTest::newRow("sequential terms") << u"sequenz"_s << 0 << u"sequenziali"_s;
+    QTest::newRow("interest") << u"inter"_s << 0 << u"interessi"_s;
+    QTest::newRow("revaluation") << u"istat"_s << 0 << u"istat"_s;
+    QTest::newRow("update") << u"upgrade"_s << 0 << u"aggiorna"_s;
+    QTest::newRow("legal documents") << u"docum"_s << 0 << u"documenti"_s;
+    QTest::newRow("about") << u"about"_s << 0 << u"informazioni"_s;
+}
+
+void TestComandi::apreUnaFinestra()
+{
+    QFETCH(QString, Comando);
+    QFETCH(int, Indice);
+    QFETCH(QString, Evento);
+    const Registratore Box;
+    EseguiComando(Comando, Indice, {});
+    QCOMPARE(Eventi, QStringList{Evento});
+}
+
+void TestComandi::senzaApritoreNonFaNulla()
+{
+    const Registratore Box;
+    Aperture = {};
+    Posti(u"m"_s);
+    // Those that need no window of the program are left out: they have their own tests.
+    for (const QString& Parola :
+         {u"new"_s, u"open"_s, u"openmod"_s, u"save"_s, u"savemod"_s, u"print"_s, u"lock"_s, u"clienti"_s,
+          u"codfis"_s, u"setup"_s, u"recupera"_s, u"contrib"_s, u"termini"_s, u"sequenz"_s, u"inter"_s,
+          u"istat"_s, u"upgrade"_s, u"docum"_s, u"about"_s})
+        EseguiComando(Parola, 1, {});
+    QCOMPARE(Eventi, QStringList());
+}
+
+void TestComandi::parolaSconosciuta_data()
+{
+    QTest::addColumn<QString>("Comando");
+
+    QTest::newRow("capitals") << u"SAVE"_s;
+    QTest::newRow("one capital") << u"New"_s;
+    QTest::newRow("sent by an old entry") << u"tassi"_s;
+    QTest::newRow("reserved for the multiple note") << u"loadpar"_s;
+    QTest::newRow("blank behind") << u"new "_s;
+    QTest::newRow("beginning of a word") << u"savep"_s;
+    QTest::newRow("empty") << u""_s;
+}
+
+void TestComandi::parolaSconosciuta()
+{
+    QFETCH(QString, Comando);
+    const Registratore Box;
+    Posti(u"m"_s);
+    EseguiComando(Comando, 1, u"P1"_s);
+    QCOMPARE(Eventi, QStringList());
+}
+
+void TestComandi::nuovaConRiferimento()
+{
+    const Registratore Box;
+    EseguiComando(u"new"_s, 2, u"P12"_s);
+    QCOMPARE(Eventi, QStringList{u"parcella [] 0 [P12]"_s});
+}
+
+void TestComandi::guardie_data()
+{
+    QTest::addColumn<QString>("Comando");
+    QTest::addColumn<QString>("Posti");
+    QTest::addColumn<int>("Indice");
+    QTest::addColumn<QString>("Evento");
+
+    QTest::newRow("save with no note open") << u"save"_s << u""_s << 0 << u""_s;
+    QTest::newRow("save of the unused place 0") << u"save"_s << u"m"_s << 0 << u""_s;
+    QTest::newRow("save beyond the places") << u"save"_s << u"m"_s << 2 << u""_s;
+    QTest::newRow("save below the places") << u"save"_s << u"m"_s << -1 << u""_s;
+    QTest::newRow("save of a modified note") << u"save"_s << u"pm"_s << 2 << u"salva 2 0"_s;
+    QTest::newRow("save of an unmodified note") << u"save"_s << u"p"_s << 1 << u""_s;
+    QTest::newRow("save of a closed window") << u"save"_s << u"l"_s << 1 << u""_s;
+    QTest::newRow("save by the other word") << u"savepar"_s << u"m"_s << 1 << u"salva 1 0"_s;
+    QTest::newRow("save by the other word, unmodified") << u"savepar"_s << u"p"_s << 1 << u""_s;
+    QTest::newRow("template of a modified note") << u"savemod"_s << u"m"_s << 1 << u"salva 1 1"_s;
+    QTest::newRow("template of an unmodified note") << u"savemod"_s << u"p"_s << 1 << u""_s;
+    QTest::newRow("print") << u"print"_s << u"p"_s << 1 << u"scheda 1 4"_s;
+    QTest::newRow("print by the other word") << u"printopz"_s << u"m"_s << 1 << u"scheda 1 4"_s;
+    QTest::newRow("print of a closed window") << u"print"_s << u"pl"_s << 2 << u""_s;
+    QTest::newRow("print with no note open") << u"print"_s << u""_s << 0 << u""_s;
+    QTest::newRow("print of place 0") << u"print"_s << u"p"_s << 0 << u""_s;
+    QTest::newRow("protect") << u"lock"_s << u"p"_s << 1 << u"proteggi 1"_s;
+    QTest::newRow("protect with no place") << u"lock"_s << u""_s << 0 << u""_s;
+    QTest::newRow("export of place 0") << u"printword"_s << u"p"_s << 0 << u""_s;
+    QTest::newRow("export beyond the places") << u"printword"_s << u"p"_s << 2 << u""_s;
+}
+
+void TestComandi::guardie()
+{
+    QFETCH(QString, Comando);
+    QFETCH(QString, Posti);
+    QFETCH(int, Indice);
+    QFETCH(QString, Evento);
+    const Registratore Box;
+    ::Posti(Posti);
+    EseguiComando(Comando, Indice, {});
+    QCOMPARE(Eventi.join(u'|'), Evento);
+}
+
+void TestComandi::proteggiSenzaNota_data()
+{
+    QTest::addColumn<QString>("Posti");
+    QTest::addColumn<int>("Indice");
+
+    QTest::newRow("its window was closed") << u"l"_s << 1;
+    QTest::newRow("no window is the target") << u"l"_s << 0;
+    QTest::newRow("beyond the places") << u"p"_s << 2;
+}
+
+void TestComandi::proteggiSenzaNota()
+{
+    QFETCH(QString, Posti);
+    QFETCH(int, Indice);
+    Registratore Box;
+    ::Posti(Posti);
+    Box.Attendi(u"Occorre prima selezionare una parcella!"_s, vbOK, u"Errore:"_s);
+    EseguiComando(u"lock"_s, Indice, {});
+    QCOMPARE(Box.Mostrati().first().Bandiere, vbCritical);
+    QCOMPARE(Eventi, QStringList());
+}
+
+void TestComandi::stampaWord_data()
+{
+    QTest::addColumn<QString>("Nome");
+    QTest::addColumn<QString>("File");
+
+    QTest::newRow("saved note") << u"rossi contro bianchi"_s << u"rossi contro bianchi.doc"_s;
+    QTest::newRow("caption that is no file name") << u"Nuova parcella:2"_s << u"Nuova parcella-2.doc"_s;
+    QTest::newRow("every forbidden character") << uR"(a\b/c:d*e?f"g<h>i|j)"_s << u"a-b-c-d-e-f-g-h-i-j.doc"_s;
+}
+
+void TestComandi::stampaWord()
+{
+    QFETCH(QString, Nome);
+    QFETCH(QString, File);
+    const Registratore Box;
+    Posti(u"l"_s);
+    InfoParcelle[1].Nome = Nome;
+    const QString Cartella = Barra(u"/utente"_s);
+    for (const QString& Utente : {Cartella, Cartella.chopped(1)}) {
+        Eventi.clear();
+        sessione::UserFolder = Utente;
+        EseguiComando(u"printword"_s, 1, {});
+        QCOMPARE(Eventi, QStringList{u"file "_s + Cartella + Barra(u"doc"_s) + File});
+    }
+}
+
+void TestComandi::stampaWordRifiutata()
+{
+    Registratore Box;
+    Posti(u"p"_s);
+    Esito = 53;
+    Box.Attendi(u"Errore: "_s + DescrizioneErrore(53) + u" (53)"_s, vbOK, u"Errore:"_s);
+    EseguiComando(u"printword"_s, 1, {});
+}
+
+void TestComandi::kr2SiAvvia()
+{
+    const Registratore Box;
+    sessione::PercorsoVDM = NuovaCartella();
+    const QString Programma = sessione::PercorsoVDM + u"CalcaPrima.EXE"_s;
+    ScriviFile(Programma, "MZ");
+    EseguiComando(u"kr2"_s, 0, {});
+    QCOMPARE(Eventi, QStringList{u"avvia "_s + Programma + u" in "_s + sessione::PercorsoVDM + u" 0"_s});
+}
+
+void TestComandi::kr2Manca_data()
+{
+    QTest::addColumn<QString>("Percorso");
+    QTest::addColumn<QString>("Messaggio");
+
+    QTest::newRow("never installed") << u""_s << u"Non è stato rilevato il programma Calcanova 2.0!"_s;
+    QTest::newRow("gone from its folder")
+        << u"/vdm2/"_s << u"Non è stato rilevato il programma Calcanova 2.0!Percorso: \n/vdm2/"_s;
+}
+
+void TestComandi::kr2Manca()
+{
+    QFETCH(QString, Percorso);
+    QFETCH(QString, Messaggio);
+    Registratore Box;
+    sessione::PercorsoVDM = Percorso;
+    Box.Attendi(Messaggio);
+    EseguiComando(u"kr2"_s, 0, {});
+    QCOMPARE(Eventi, QStringList());
+}
+
+void TestComandi::guida_data()
+{
+    QTest::addColumn<QString>("Posti");
+    QTest::addColumn<int>("Indice");
+    QTest::addColumn<int>("Scheda");
+    QTest::addColumn<int>("Pagina");
+
+    QTest::newRow("base data") << u"p"_s << 1 << 0 << 2;
+    QTest::newRow("honoraria") << u"p"_s << 1 << 1 << 13;
+    QTest::newRow("expenses") << u"p"_s << 1 << 2 << 15;
+    QTest::newRow("payments and taxes") << u"p"_s << 1 << 3 << 17;
+    QTest::newRow("print") << u"p"_s << 1 << 4 << 18;
+    QTest::newRow("a tab beyond") << u"p"_s << 1 << 5 << 0;
+    QTest::newRow("no window") << u""_s << 0 << 3 << 0;
+    QTest::newRow("no window is the target") << u"p"_s << 0 << 3 << 0;
+    QTest::newRow("its window was closed") << u"l"_s << 1 << 3 << 0;
+    QTest::newRow("beyond the places") << u"p"_s << 2 << 3 << 0;
+}
+
+void TestComandi::guida()
+{
+    QFETCH(QString, Posti);
+    QFETCH(int, Indice);
+    QFETCH(int, Pagina);
+    const Registratore Box;
+    ::Posti(Posti);
+    QFETCH(int, Scheda);
+    SchedaInVista = Scheda;
+    sessione::PercorsoProg = NuovaCartella();
+    ScriviFile(sessione::PercorsoProg + u"GuidaGiuridica.pdf"_s, "%PDF");
+    EseguiComando(u"guida"_s, Indice, {});
+    QCOMPARE(Eventi, QStringList{u"pdf GuidaGiuridica.pdf"_s + Numeri({Pagina})});
+}
+
+void TestComandi::documenti_data()
+{
+    QTest::addColumn<QString>("Comando");
+    QTest::addColumn<QString>("File");
+
+    QTest::newRow("news") << u"novita"_s << u"NovitaKR5.pdf"_s;
+    QTest::newRow("manual") << u"help"_s << u"GuidaOperativa.pdf"_s;
+}
+
+void TestComandi::documenti()
+{
+    QFETCH(QString, Comando);
+    QFETCH(QString, File);
+    Registratore Box;
+    sessione::PercorsoProg = NuovaCartella();
+    Box.Attendi(u"Documento "_s + sessione::PercorsoProg + File + u" non trovato!"_s, vbOK, u"Errore:"_s);
+    EseguiComando(Comando, 0, {});
+    QCOMPARE(Eventi, QStringList());
+    ScriviFile(sessione::PercorsoProg + File, "%PDF");
+    EseguiComando(Comando, 1, {});
+    QCOMPARE(Eventi, QStringList{u"pdf "_s + File + u" 0"_s});
+}
+
+void TestComandi::leggimi()
+{
+    const Registratore Box;
+    sessione::PercorsoProg = NuovaCartella();
+    const QString File = sessione::PercorsoProg + u"Avvertenze.doc"_s;
+    ScriviFile(File, "testo");
+    EseguiComando(u"readme"_s, 0, {});
+    QCOMPARE(Eventi, QStringList{u"file "_s + File});
+}
+
+void TestComandi::leggimiManca()
+{
+    Registratore Box;
+    sessione::PercorsoProg = NuovaCartella();
+    Box.Attendi(sessione::PercorsoProg + u"avvertenze.doc non è stato trovato!"_s);
+    EseguiComando(u"readme"_s, 0, {});
+    QCOMPARE(Eventi, QStringList());
+}
+
+void TestComandi::pagineDelFornitore_data()
+{
+    QTest::addColumn<QString>("Comando");
+    QTest::addColumn<QString>("Percorso");
+
+    QTest::newRow("release notes") << u"release"_s << u"/vdm/setup/notes.htm"_s;
+    QTest::newRow("useful sites") << u"link"_s << u"/vdm/link.htm"_s;
+    QTest::newRow("assistance") << u"assistenza"_s << u"/vdm.asp"_s;
+}
+
+void TestComandi::pagineDelFornitore()
+{
+    QFETCH(QString, Comando);
+    QFETCH(QString, Percorso);
+    const Registratore Box;
+    EseguiComando(Comando, 0, {});
+    QCOMPARE(Eventi, QStringList{u"indirizzo "_s + indirizzi::Server.toString() + Percorso});
+}
+
+void TestComandi::spegniChiudeQuelleAperte()
+{
+    const Registratore Box;
+    Posti(u"mlpm"_s);
+    EseguiComando(u"off"_s, 0, {});
+    // Every close was refused: the shutdown goes on all the same.
+    QCOMPARE(Eventi, (QStringList{u"chiudi 1"_s, u"chiudi 3"_s, u"chiudi 4"_s, u"fine 0"_s}));
+}
+
+void TestComandi::guastoRiferito()
+{
+    Registratore Box;
+    Aperture.Termini = [] { throw Errore(7); };
+    Box.Attendi(u"Errore: "_s + DescrizioneErrore(7) + u" (7)"_s, vbOK, u"Errore:"_s);
+    EseguiComando(u"termini"_s, 0, {});
+}
+
+void TestComandi::postoNuovo()
+{
+    QCOMPARE(UltimaParcella(), 0);
+    QCOMPARE(TrovaPostoParcella({}), 1);
+    QCOMPARE(UltimaParcella(), 1);
+    QVERIFY(!InfoParcelle[1].Libera);
+    InfoParcelle[1].Modificata = true;
+    QCOMPARE(TrovaPostoParcella([] { return true; }), 2);
+    QVERIFY(!InfoParcelle[2].Libera);
+}
+
+void TestComandi::postoLiberato()
+{
+    Posti(u"mll"_s);
+    QCOMPARE(TrovaPostoParcella([] { return true; }), 2);
+    QVERIFY(!InfoParcelle[2].Libera);
+    QCOMPARE(TrovaPostoParcella([] { return true; }), 3);
+    QCOMPARE(TrovaPostoParcella([] { return true; }), 4);
+}
+
+void TestComandi::postoDellaPrimaIntatta_data()
+{
+    QTest::addColumn<QString>("Posti");
+    QTest::addColumn<bool>("Intatta");
+    QTest::addColumn<int>("Posto");
+
+    QTest::newRow("untouched") << u"p"_s << true << 1;
+    QTest::newRow("captioned otherwise") << u"p"_s << false << 2;
+    QTest::newRow("modified") << u"m"_s << true << 2;
+    QTest::newRow("not the only one") << u"pp"_s << true << 3;
+}
+
+void TestComandi::postoDellaPrimaIntatta()
+{
+    QFETCH(QString, Posti);
+    QFETCH(bool, Intatta);
+    ::Posti(Posti);
+    QTEST(TrovaPostoParcella([&] { return Intatta; }), "Posto");
+}
+
+void TestComandi::parcellaAperta()
+{
+    QVERIFY(!ParcellaAperta());
+    Posti(u"ll"_s);
+    QVERIFY(!ParcellaAperta());
+    Posti(u"lp"_s);
+    QVERIFY(ParcellaAperta());
+}
+
+#include "TestComandi.moc"
