@@ -13,11 +13,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int MargineTesto = 5;
-
 QRect RiquadroTesto(const QRect& Cella)
 {
-    return Cella.adjusted(MargineTesto, 0, -MargineTesto, -1);
+    return Cella.adjusted(MargineCella, 0, -MargineCella, -1);
 }
 
 /// One line: the breaks of a long description would show as boxes.
@@ -27,6 +25,11 @@ QString SuUnaRiga(const QModelIndex& Cella)
 }
 
 }  // namespace
+
+int StileTitoli::pixelMetric(PixelMetric Misura, const QStyleOption* Opzioni, const QWidget* Oggetto) const
+{
+    return Misura == PM_HeaderMargin ? MargineCella : QProxyStyle::pixelMetric(Misura, Opzioni, Oggetto);
+}
 
 DisegnoCelle::DisegnoCelle(VistaGriglia* DiVista) : QStyledItemDelegate(DiVista), Vista(DiVista)
 {}
@@ -53,8 +56,8 @@ void DisegnoCelle::paint(QPainter* Pennello, const QStyleOptionViewItem& Opzioni
     const bool Scelta = Vista->Selettore()->Scelta(Cella.row());
     const auto Gruppo = Vista->isEnabled() ? QPalette::Active : QPalette::Disabled;
     Pennello->fillRect(Riquadro, Fondo(Cella));
-    Pennello->setPen(aspetto::Filo());
-    Pennello->drawLine(Riquadro.bottomLeft(), Riquadro.bottomRight());
+    // Filled, not drawn: a line of one pixel has seams at a scale of one and a half.
+    Pennello->fillRect(Riquadro.left(), Riquadro.bottom(), Riquadro.width(), 1, aspetto::Filo());
 
     Pennello->setFont(Opzioni.font);
     Pennello->setPen(Scelta ? aspetto::TestoRigaSelezionata() : Colori.color(Gruppo, QPalette::Text));

@@ -2,6 +2,7 @@
 
 #include "platform/aspetto.h"
 #include "platform/collega.h"
+#include "platform/griglia_disegno.h"
 #include "platform/griglia_modello.h"
 #include "platform/griglia_selettore.h"
 #include "platform/griglia_vista.h"
@@ -12,8 +13,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int MargineTesto = 5;
 
 QFont Grassetto(QFont Carattere)
 {
@@ -80,13 +79,12 @@ void PieGriglia::paintEvent(QPaintEvent*)
 {
     QPainter Pennello(this);
     Pennello.fillRect(rect(), palette().color(QPalette::Button));
-    Pennello.setPen(aspetto::Filo());
-    Pennello.drawLine(rect().topLeft(), rect().topRight());
+    Pennello.fillRect(0, 0, width(), 1, aspetto::Filo());
     Pennello.setClipRect(Vista->Selettore()->width(), 0, Vista->viewport()->width(), height());
     Pennello.setFont(Grassetto(font()));
     Pennello.setPen(palette().color(QPalette::ButtonText));
     for (int i = 0; i < Vista->Modello()->columnCount(); ++i) {
-        const QRect Posto = Riquadro(i).adjusted(MargineTesto, 0, -MargineTesto, 0);
+        const QRect Posto = Riquadro(i).adjusted(MargineCella, 0, -MargineCella, 0);
         const QString Testo = Testi.value(i);
         if (Testo.isEmpty() || Posto.isEmpty())
             continue;

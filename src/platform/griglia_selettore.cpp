@@ -262,9 +262,8 @@ void SelettoreRighe::paintSection(QPainter* Pennello, const QRect& Riquadro, int
     const bool Vuota = Vista->Modello()->RigaVuota(Riga);
     const bool Corrente = Vista->currentIndex().row() == Riga;
     Pennello->fillRect(Riquadro, Marcata ? aspetto::RigaSelezionata() : palette().color(QPalette::Button));
-    Pennello->setPen(aspetto::Filo());
-    Pennello->drawLine(Riquadro.bottomLeft(), Riquadro.bottomRight());
-    Pennello->drawLine(Riquadro.topRight(), Riquadro.bottomRight());
+    Pennello->fillRect(Riquadro.left(), Riquadro.bottom(), Riquadro.width(), 1, aspetto::Filo());
+    Pennello->fillRect(Riquadro.right(), Riquadro.top(), 1, Riquadro.height(), aspetto::Filo());
     DisegnaSegno(Pennello, Riquadro, Corrente, Vuota,
                  Marcata ? aspetto::TestoRigaSelezionata() : palette().color(QPalette::ButtonText));
 }

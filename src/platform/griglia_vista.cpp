@@ -69,6 +69,9 @@ VistaGriglia::VistaGriglia(Griglia* Intera)
     setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // the grid's own bar stands below the footer
+    auto* Stile = new StileTitoli(u"Fusion"_s);
+    Stile->setParent(horizontalHeader());  // a widget does not own its style
+    horizontalHeader()->setStyle(Stile);
     horizontalHeader()->setSectionsMovable(true);
     horizontalHeader()->setSectionsClickable(true);
     horizontalHeader()->setHighlightSections(false);
@@ -422,7 +425,8 @@ void VistaGriglia::paintEvent(QPaintEvent* Evento)
     if (Righe->RigheVere() == 0 && !Frase.isEmpty()) {
         constexpr int Margine = 16;
         const int Sopra = Righe->rowCount() * Sinistra->defaultSectionSize();
-        Pennello.setPen(palette().color(QPalette::Disabled, QPalette::Text));
+        constexpr double Grigio = 0.6;
+        Pennello.setPen(aspetto::Mischia(palette().color(QPalette::Text), palette().color(QPalette::Base), Grigio));
         Pennello.drawText(viewport()->rect().adjusted(Margine, Sopra + Margine, -Margine, -Margine),
                           Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, Frase);
     }
