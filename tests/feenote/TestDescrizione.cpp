@@ -129,8 +129,8 @@ void TestDescrizione::tuttiICampi()
     QCOMPARE(Nota.txtCliente.Testo + Nota.txtControp.Testo + Nota.txtOggetto.Testo, u"RossiBianchiSfratto"_s);
     QCOMPARE(Nota.Psw, u"->>chiave"_s);
     QCOMPARE(Nota.cmbTipoStampa, 3);
-    QCOMPARE(Nota.txtDatiPar.values(),
-             QStringList({u"7"_s, u"29/02/2024"_s, u"Lucca"_s, u"II"_s, u"1/24"_s, u"Neri"_s, u"sopra"_s, u"sotto"_s}));
+    QCOMPARE(Nota.txtDatiPar.values(), QStringList({u"7"_s, u"29/02/2024"_s, u"Lucca"_s, u"II"_s, u"1/24"_s,
+                                                    u"Neri"_s, u"sopra"_s, u"sotto"_s}));
 }
 
 void TestDescrizione::categorie_data()
@@ -163,7 +163,8 @@ void TestDescrizione::autoritaPerNomeONumero()
     QFETCH(QJsonValue, Autorita);
     const Studio Ufficio;
     Registratore Messaggi;
-    QCOMPARE(CreaDaDescrizione(Json(DatiCivili({{u"autorita"_s, Autorita}}))).IDAutSelezionata(), IDCorteAppello);
+    QCOMPARE(CreaDaDescrizione(Json(DatiCivili({{u"autorita"_s, Autorita}}))).IDAutSelezionata(),
+             IDCorteAppello);
 }
 
 void TestDescrizione::scaglioneSenzaValore()
@@ -260,10 +261,13 @@ void TestDescrizione::rifiuti_data()
     QTest::addColumn<QJsonObject>("Dati");
     QTest::addColumn<int>("Numero");
     QTest::addColumn<QString>("Campo");
-    const auto Civ = [](const char* Nome, const QString& Campo, const QJsonValue& Valore, int Numero, const QString& Detto) {
+    const auto Civ = [](const char* Nome, const QString& Campo, const QJsonValue& Valore, int Numero,
+                        const QString& Detto) {
         QTest::newRow(Nome) << DatiCivili({{Campo, Valore}}) << Numero << Detto;
     };
-    const auto Dentro = [](const QString& Nome, const QJsonValue& Valore) { return QJsonObject{{Nome, Valore}}; };
+    const auto Dentro = [](const QString& Nome, const QJsonValue& Valore) {
+        return QJsonObject{{Nome, Valore}};
+    };
     const auto InLista = [](const QJsonObject& Riga) { return QJsonArray{QJsonObject(), Riga}; };
 
     Civ("nome sconosciuto", u"clente"_s, u"Rossi"_s, 5, u"clente"_s);
@@ -290,7 +294,8 @@ void TestDescrizione::rifiuti_data()
         u"variazione.percento"_s);
     Civ("percento di segno opposto", u"variazione"_s, QJsonObject{{u"opzione"_s, 6}, {u"percento"_s, 30}}, 5,
         u"variazione.percento"_s);
-    Civ("percento di quattro cifre", u"variazione"_s, Dentro(u"percento"_s, 1000), 6, u"variazione.percento"_s);
+    Civ("percento di quattro cifre", u"variazione"_s, Dentro(u"percento"_s, 1000), 6,
+        u"variazione.percento"_s);
     Civ("altro nella variazione", u"variazione"_s, Dentro(u"motivo"_s, 1), 5, u"variazione.motivo"_s);
 
     Civ("onorari non elenco", u"onorari"_s, QJsonObject(), 13, u"onorari"_s);
@@ -330,11 +335,12 @@ void TestDescrizione::rifiuti_data()
     QTest::newRow("valore in materia penale")
         << QJsonObject{{u"categoria"_s, u"PEN"_s}, {u"autorita"_s, 23}, {u"valore"_s, 1}} << 5 << u"valore"_s;
     QTest::newRow("scaglione in materia penale")
-        << QJsonObject{{u"categoria"_s, u"PEN"_s}, {u"autorita"_s, 23}, {u"scaglione"_s, 1}} << 5 << u"scaglione"_s;
-    QTest::newRow("ore senza quantita'")
-        << QJsonObject{{u"categoria"_s, u"PEN"_s}, {u"autorita"_s, 23},
-                       {u"onorari"_s, QJsonArray{Dentro(u"voce"_s, 95)}}}
-        << 5 << u"onorari[0].quantita"_s;
+        << QJsonObject{{u"categoria"_s, u"PEN"_s}, {u"autorita"_s, 23}, {u"scaglione"_s, 1}} << 5
+        << u"scaglione"_s;
+    QTest::newRow("ore senza quantita'") << QJsonObject{{u"categoria"_s, u"PEN"_s},
+                                                        {u"autorita"_s, 23},
+                                                        {u"onorari"_s, QJsonArray{Dentro(u"voce"_s, 95)}}}
+                                         << 5 << u"onorari[0].quantita"_s;
 }
 
 void TestDescrizione::rifiuti()
@@ -418,9 +424,10 @@ void TestDescrizione::narrata()
 {
     const Studio Ufficio;
     Registratore Messaggi;
-    Parcella Nota = CreaDaDescrizione(Json(DatiCivili({{u"cliente"_s, u"Rossi \"Mario\" <è>"_s},
-                                                   {u"password"_s, u"chiave"_s},
-                                                   {u"spese"_s, QJsonArray{QJsonObject{{u"voce"_s, 3}, {u"esenti"_s, 27}}}}})));
+    Parcella Nota = CreaDaDescrizione(
+        Json(DatiCivili({{u"cliente"_s, u"Rossi \"Mario\" <è>"_s},
+                         {u"password"_s, u"chiave"_s},
+                         {u"spese"_s, QJsonArray{QJsonObject{{u"voce"_s, 3}, {u"esenti"_s, 27}}}}})));
     Nota.IDCli = 7;
     const QByteArray Testo = DescriviNota(Nota);
     QVERIFY(!Testo.contains("chiave"));

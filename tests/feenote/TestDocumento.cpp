@@ -1,93 +1,9 @@
 // The fee-note file: what is written, field by field, and what comes back.
-#include "nota_prova.h"
+#include "file_prova.h"
 
-#include "feenote/modDocumento.h"
-#include "feenote/modFile.h"
-#include "feenote/modSpese.h"
 #include "feenote/modVariazione.h"
-#include "platform/percorsi.h"
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-const QString Protetta_ = u"Attenzione, la parcella è protetta! Le modifiche potranno essere salvate\n"
-                          "solo dopo aver specificato la chiave di protezione."_s;
-
-/// Every field of a note with a value of its own.
-Parcella NotaPiena()
-{
-    Parcella Nota = NotaCivile();
-    Nota.IDCli = 0;
-    Nota.txtCliente.Testo = u"Rossi Mario"_s;
-    Nota.txtControp.Testo = u"Bianchi Srl"_s;
-    Nota.txtOggetto.Testo = u"Sfratto & c.d. \"morosità\""_s;
-    Catalogo Voci;
-    EntraOnorari(Nota, Voci);
-    Nota.xOnorari(0, OnoData) = u"05/03/2024"_s;
-    Voci.datDir.MoveFirst();
-    InserisciSpesa(Nota, Voci);
-    Nota.xDiritti(0, DirImponibile) = 10.5;
-    Nota.xDiritti(0, DirEsente) = 27.0;
-    Nota.xDiritti(0, DirData) = u"06/03/2024"_s;
-    RigaAcconto(Nota, u"L"_s, 1936270.0, 12.345, 0.0);
-    Nota.xAcconti(0, AccDescr) = u"Fondo spese"_s;
-    Nota.txtDatiPar[DatoTestoSuperiore] = u"sopra"_s;
-    Nota.txtDatiPar[DatoTestoInferiore] = u"sotto"_s;
-    Nota.txtDatiPar[DatoNumFatt] = u"12/A"_s;
-    Nota.txtDatiPar[DatoDataFatt] = u"29/02/2024"_s;
-    Nota.txtDatiPar[DatoDepAutorita] = u"Tribunale di Lucca"_s;
-    Nota.txtDatiPar[DatoDepSezione] = u"II"_s;
-    Nota.txtDatiPar[DatoDepRuolo] = u"77/2024"_s;
-    Nota.txtDatiPar[DatoDepGiudice] = u"dott. Neri"_s;
-    (void)ClicImposta(Nota, Imposta::RA, true);
-    (void)ClicImposta(Nota, Imposta::SpeseGen, true);
-    CambiaMinMax(Nota, true);
-    ScegliTipoStampa(Nota, StampaFatturaAnalitica);
-    return Nota;
-}
-
-/// Saves and loads again.
-Parcella Riletta(const Studio& Ufficio, const Parcella& Nota)
-{
-    const QString File = Ufficio.File(u"nota.mdb"_s);
-    ScriviNota(File, Nota);
-    Parcella Letta;
-    CaricaDati(Letta, File);
-    return Letta;
-}
-
-/// The value of a column of the one row of parameters.
-QVariant Parametro(const QString& File, const QString& Colonna)
-{
-    return OpenDatabase(File, true).OpenRecordset(u"ParcellaParam"_s).Value(Colonna);
-}
-
-/// Some columns of the lines, row by row.
-QList<QVariantList> Celle(const QString& File, const QString& Tabella, const QStringList& Colonne)
-{
-    QList<QVariantList> Righe;
-    Recordset Letta = OpenDatabase(File, true).OpenRecordset(Tabella);
-    for (; !Letta.Eof(); Letta.MoveNext()) {
-        QVariantList Riga;
-        for (const QString& Colonna : Colonne)
-            Riga.append(Letta.Value(Colonna));
-        Righe.append(Riga);
-    }
-    return Righe;
-}
-
-int NumeroRighe(const QString& File, const QString& Tabella)
-{
-    return OpenDatabase(File, true).OpenRecordset(Tabella).RecordCount();
-}
-
-void EseguiSu(const QString& File, const QString& Sql, const QVariantList& Valori = {})
-{
-    OpenDatabase(File).Execute(Sql, Valori);
-}
-
-}  // namespace
 
 class TestDocumento : public QObject
 {
@@ -114,25 +30,6 @@ private Q_SLOTS:
     void valutaInParole();
     void genereSconosciuto();
     void testoIncollatoNegliImporti();
-    void cliente();
-    void clienteAssente();
-    void controparte();
-    void riferimento();
-    void riferimentoVuoto_data();
-    void riferimentoVuoto();
-    void password();
-    void passwordCodificata_data();
-    void passwordCodificata();
-    void passwordDecodificata_data();
-    void passwordDecodificata();
-    void tipoApplicatoPerUltimo();
-    void vecchioSenzaSpeseGen();
-    void vecchioSenzaRiferimento();
-    void vecchioSenzaColonneDiStampa();
-    void modelloTieneLAttributo();
-    void modelloVecchioTieneLAttributo();
-    void ricaricaDaSeStessa();
-    void tariffeSenzaSpeseGen();
 };
 PROVA(TestDocumento);
 
@@ -192,22 +89,45 @@ void TestDocumento::righeDelFile()
     const QString File = Ufficio.File(u"nota.mdb"_s);
     ScriviNota(File, Nota);
 
-    const QStringList Colonne{u"OnoDir"_s, u"Data"_s, u"Descr"_s, u"NVoce"_s, u"CodOnoDir"_s,
-                              u"Qta"_s,    u"Importo"_s, u"Imp1"_s, u"Imp2"_s, u"Imp3"_s,
-                              u"Imp4"_s,   u"Imp5"_s,    u"Imp6"_s, u"VarP"_s};
+    const QStringList Colonne{u"OnoDir"_s, u"Data"_s,    u"Descr"_s, u"NVoce"_s, u"CodOnoDir"_s,
+                              u"Qta"_s,    u"Importo"_s, u"Imp1"_s,  u"Imp2"_s,  u"Imp3"_s,
+                              u"Imp4"_s,   u"Imp5"_s,    u"Imp6"_s,  u"VarP"_s};
     const QList<QVariantList> Righe = Celle(File, u"ParcellaRighe"_s, Colonne);
     QCOMPARE(int(Righe.size()), 5);
     // The base amounts go through two decimals, away from zero: 10.05, 11.055, 12.06.
-    const QVariantList Studio{u"O"_s, QDate(2024, 3, 5), u"Fase di studio della controversia"_s, u"1"_s, u"1"_s,
-                              u"1"_s, 1200.0, 1200.0, 600.0, 1920.0, 10.05, 11.06, 12.06, -50.0};
+    const QVariantList Studio{u"O"_s,
+                              QDate(2024, 3, 5),
+                              u"Fase di studio della controversia"_s,
+                              u"1"_s,
+                              u"1"_s,
+                              u"1"_s,
+                              1200.0,
+                              1200.0,
+                              600.0,
+                              1920.0,
+                              10.05,
+                              11.06,
+                              12.06,
+                              -50.0};
     QCOMPARE(Righe[0], Studio);
     // An expense: its key in NVoce, its number in CodOnoDir, the exempt amount in the first amount field.
     Nota.xDiritti(0, DirNVoce) = 8;
     Nota.xDiritti(0, DirIDDir) = 9;
     ScriviNota(File, Nota);
-    const QVariantList Spesa{u"D"_s, QDate(2024, 3, 6), u"Contributo unificato di iscrizione a ruolo"_s, u"9"_s,
-                             u"8"_s, u"1"_s, 10.5, 27.0, QVariant(), QVariant(), QVariant(), QVariant(),
-                             QVariant(), QVariant()};
+    const QVariantList Spesa{u"D"_s,
+                             QDate(2024, 3, 6),
+                             u"Contributo unificato di iscrizione a ruolo"_s,
+                             u"9"_s,
+                             u"8"_s,
+                             u"1"_s,
+                             10.5,
+                             27.0,
+                             QVariant(),
+                             QVariant(),
+                             QVariant(),
+                             QVariant(),
+                             QVariant(),
+                             QVariant()};
     QCOMPARE(Celle(File, u"ParcellaRighe"_s, Colonne).last(), Spesa);
 
     const QVariantList Acconto{u"Fondo spese"_s, u"L"_s, 1936270.0, 12.345, 0.0};
@@ -261,7 +181,8 @@ void TestDocumento::giroCompletoCivile()
     QCOMPARE(Letta.txtOggetto.Testo, u"Sfratto & c.d. \"morosità\""_s);
     QCOMPARE(Letta.txtDatiPar, Nota.txtDatiPar);
     QVERIFY(Letta.chkIva.Attiva && Letta.chkRA.Attiva && Letta.chkCP.Attiva && Letta.chkSpeseGen.Attiva);
-    QCOMPARE(Letta.txtIVA.Testo + u' ' + Letta.txtRA.Testo + u' ' + Letta.txtCP.Testo + u' ' + Letta.txtSpeGen.Testo,
+    QCOMPARE(Letta.txtIVA.Testo + u' ' + Letta.txtRA.Testo + u' ' + Letta.txtCP.Testo + u' ' +
+                 Letta.txtSpeGen.Testo,
              u"21 20 4 12,5"_s);
     QVERIFY(Letta.chkMinMax.Attiva);
     QCOMPARE(Letta.cmbTipoStampa, int(StampaFatturaAnalitica));
@@ -287,12 +208,14 @@ void TestDocumento::giroCompletoCivile()
     QVERIFY(!Letta.RicalcoloNecessario);
     QVERIFY(Letta.Pronta);
     QCOMPARE(Letta.Fuoco, QString());
-    QCOMPARE(CatenaFiscale(Letta, StampaFatturaAnalitica).Netto, CatenaFiscale(Nota, StampaFatturaAnalitica).Netto);
+    QCOMPARE(CatenaFiscale(Letta, StampaFatturaAnalitica).Netto,
+             CatenaFiscale(Nota, StampaFatturaAnalitica).Netto);
 
     // Saved again, the file says the same.
     const QString Altra = Ufficio.File(u"altra.mdb"_s);
     ScriviNota(Altra, Letta);
-    const QStringList Colonne{u"OnoDir"_s, u"Data"_s, u"Descr"_s, u"NVoce"_s, u"CodOnoDir"_s, u"Qta"_s, u"Imp6"_s};
+    const QStringList Colonne{u"OnoDir"_s,    u"Data"_s, u"Descr"_s, u"NVoce"_s,
+                              u"CodOnoDir"_s, u"Qta"_s,  u"Imp6"_s};
     QCOMPARE(Celle(Altra, u"ParcellaRighe"_s, Colonne), Celle(Letta.Percorso, u"ParcellaRighe"_s, Colonne));
 }
 
@@ -458,7 +381,8 @@ void TestDocumento::percentoMostrato()
     NuovaParcella(Nota);
     const QString File = Ufficio.File(u"nota.mdb"_s);
     ScriviNota(File, Nota);
-    EseguiSu(File, u"UPDATE ParcellaParam SET IVA=?, RA=?, CP=?, SpeseGen=?"_s, {Valore, Valore, Valore, Valore});
+    EseguiSu(File, u"UPDATE ParcellaParam SET IVA=?, RA=?, CP=?, SpeseGen=?"_s,
+             {Valore, Valore, Valore, Valore});
     Parcella Letta;
     CaricaDati(Letta, File);
     QTEST(Letta.chkIva.Attiva, "Attiva");
@@ -595,281 +519,6 @@ void TestDocumento::testoIncollatoNegliImporti()
     const Parcella Letta = Riletta(Ufficio, Nota);
     QCOMPARE(Numeri(Letta.xDiritti, 0, {DirImponibile, DirEsente}), QList<double>({0.0, 1234.57}));
     QCOMPARE(Letta.xDiritti(0, DirQta).toString(), u"2 (due)"_s);
-}
-
-void TestDocumento::cliente()
-{
-    const Studio Ufficio;
-    Registratore Messaggi;
-    Parcella Nota;
-    NuovaParcella(Nota);
-    Nota.IDCli = Ufficio.AggiungiCliente(u"Rossi Mario Maria"_s);
-    Nota.txtCliente.Testo = u"Rossi"_s;
-    Parcella Letta = Riletta(Ufficio, Nota);
-    QCOMPARE(Letta.txtCliente.Testo, u"Rossi Mario Maria"_s);  // the archive's present name
-    QCOMPARE(Letta.txtDatiStaCli.Testo, u"Rossi Mario Maria"_s);
-
-    OpenDatabase(sessione::ArchivioCliCon).Execute(u"UPDATE clienti SET Nominativo=NULL"_s);
-    CaricaDati(Letta, Ufficio.File(u"nota.mdb"_s));
-    QCOMPARE(Letta.txtCliente.Testo, u"Rossi"_s);  // no name there: the stored one fills the box
-}
-
-void TestDocumento::clienteAssente()
-{
-    const Studio Ufficio;
-    Registratore Messaggi;
-    Parcella Nota;
-    NuovaParcella(Nota);
-    Nota.IDCli = 77;
-    Nota.IDCon = 88;
-    Nota.txtCliente.Testo = u"Rossi"_s;
-    Messaggi.Attendi(u"Il cliente associato alla parcella non è stato trovato!"_s, vbOK, u"Errore:"_s);
-    Messaggi.Attendi(u"La controparte associata alla parcella non è stata trovata!"_s, vbOK, u"Errore:"_s);
-    const Parcella Letta = Riletta(Ufficio, Nota);
-    QCOMPARE(Letta.IDCli, 77);
-    QCOMPARE(Letta.IDCon, 88);
-    QCOMPARE(Letta.txtCliente.Testo, u"Rossi"_s);
-    QCOMPARE(Letta.txtControp.Testo, QString());
-}
-
-void TestDocumento::controparte()
-{
-    const Studio Ufficio;
-    Registratore Messaggi;
-    Parcella Nota;
-    NuovaParcella(Nota);
-    Nota.IDCon = Ufficio.AggiungiControparte(u"Bianchi Srl"_s, u"BIANCHI S.R.L."_s);
-    QCOMPARE(Riletta(Ufficio, Nota).txtControp.Testo, u"BIANCHI S.R.L."_s);
-}
-
-void TestDocumento::riferimento()
-{
-    const Studio Ufficio;
-    Registratore Messaggi;
-    Parcella Nota;
-    NuovaParcella(Nota);
-    sessione::RichiestaPV2.ID = u"2024/7"_s;
-    const QString File = Ufficio.File(u"nota.mdb"_s);
-    ScriviNota(File, Nota);
-    QCOMPARE(Parametro(File, u"NsRif"_s).toString(), u"2024/7"_s);
-    // An ordinary open makes the session that of the matter.
-    sessione::RichiestaPV2 = {};
-    CaricaDati(Nota, File);
-    QCOMPARE(Nota.NsRif, u"2024/7"_s);
-    QCOMPARE(sessione::RichiestaPV2.ID, u"2024/7"_s);
-}
-
-void TestDocumento::riferimentoVuoto_data()
-{
-    QTest::addColumn<QVariant>("NsRif");
-    QTest::newRow("Null") << QVariant();
-    QTest::newRow("vuoto") << QVariant(QString());
-    QTest::newRow("spazi") << QVariant(u"  "_s);
-    QTest::newRow("zero") << QVariant(u"0"_s);
-}
-
-void TestDocumento::riferimentoVuoto()
-{
-    QFETCH(QVariant, NsRif);
-    const Studio Ufficio;
-    Registratore Messaggi;
-    Parcella Nota;
-    NuovaParcella(Nota);
-    const QString File = Ufficio.File(u"nota.mdb"_s);
-    ScriviNota(File, Nota);
-    EseguiSu(File, u"UPDATE ParcellaParam SET NsRif=?"_s, {NsRif});
-    CaricaDati(Nota, File);
-    QCOMPARE(Nota.NsRif, QString());
-    QCOMPARE(sessione::RichiestaPV2.ID, QString());
-}
-
-void TestDocumento::password()
-{
-    const Studio Ufficio;
-    Registratore Messaggi;
-    Parcella Nota = NotaPiena();
-    Nota.Psw = u"->>aB1"_s;
-    const QString File = Ufficio.File(u"nota.mdb"_s);
-    ScriviNota(File, Nota);
-    QCOMPARE(Parametro(File, u"Psw"_s).toString(), u"097066049"_s);
-    QCOMPARE(LeggiPsw(File), u"aB1"_s);
-
-    Parcella Letta;
-    Messaggi.Attendi(Protetta_, vbOK, u"Messaggio:"_s);
-    CaricaDati(Letta, File);
-    QCOMPARE(Messaggi.Mostrati().last().Bandiere, vbInformation);
-    QCOMPARE(Letta.Psw, u"aB1"_s);
-    QCOMPARE(Letta.xOnorari.Righe(), 4);  // all of it is there
-
-    // The password goes with every further save, under another name too.
-    const QString Copia = Ufficio.File(u"copia.mdb"_s);
-    ScriviNota(Copia, Letta);
-    QCOMPARE(LeggiPsw(Copia), u"aB1"_s);
-
-    NuovaParcella(Nota);
-    ScriviNota(File, Nota);
-    QCOMPARE(LeggiPsw(File), QString());
-}
-
-void TestDocumento::passwordCodificata_data()
-{
-    QTest::addColumn<QString>("Psw");
-    QTest::addColumn<QString>("Cifre");
-    QTest::newRow("vuota") << QString() << QString();
-    QTest::newRow("una lettera") << u"A"_s << u"065"_s;
-    QTest::newRow("sei caratteri") << u"abcXYZ"_s << u"097098099088089090"_s;
-    QTest::newRow("il settimo non conta") << u"abcXYZ7"_s << u"097098099088089090"_s;
-    QTest::newRow("accento ed euro") << u"è€"_s << u"232128"_s;
-    QTest::newRow("fuori dalla tabella") << u"aЖb"_s << u"097063098"_s;
-}
-
-void TestDocumento::passwordCodificata()
-{
-    QFETCH(QString, Psw);
-    QTEST(CodificaPsw(Psw), "Cifre");
-}
-
-void TestDocumento::passwordDecodificata_data()
-{
-    QTest::addColumn<QString>("Cifre");
-    QTest::addColumn<QString>("Psw");
-    QTest::newRow("andata e ritorno") << u"232128097"_s << u"è€a"_s;
-    QTest::newRow("pezzo monco in fondo") << u"09709"_s << u"a"_s;
-    QTest::newRow("lettere") << u"097x98"_s << u"a"_s;
-    QTest::newRow("segni e spazi non sono cifre") << u"097+98 98"_s << u"a"_s;
-    QTest::newRow("oltre 255") << u"097256098"_s << u"a"_s;
-    QTest::newRow("troppo lunga") << QString(u"097"_s).repeated(50) << u"aaaaaa"_s;
-}
-
-void TestDocumento::passwordDecodificata()
-{
-    QFETCH(QString, Cifre);
-    QTEST(DecodificaPsw(Cifre), "Psw");
-}
-
-void TestDocumento::tipoApplicatoPerUltimo()
-{
-    const Studio Ufficio;
-    Registratore Messaggi;
-    Parcella Nota = NotaPiena();
-    ScegliTipoStampa(Nota, StampaFatturaSintetica);
-    const QString File = Ufficio.File(u"nota.mdb"_s);
-    ScriviNota(File, Nota);
-    EseguiSu(File, u"UPDATE ParcellaParam SET VisMinMax=1"_s);
-    Parcella Letta;
-    CaricaDati(Letta, File);
-    QCOMPARE(Letta.cmbTipoStampa, int(StampaFatturaSintetica));
-    QVERIFY(!Letta.chkMinMax.Attiva && Letta.chkAcconti.Attiva);
-    ScegliTipoStampa(Letta, StampaPrenotula);
-    QVERIFY(Letta.chkMinMax.Attiva && !Letta.chkAcconti.Attiva);  // what the file said was remembered first
-
-    EseguiSu(File, u"UPDATE ParcellaParam SET TipoStampa=4"_s);
-    CaricaDati(Letta, File);
-    QVERIFY(!Letta.chkIva.Attiva && !Letta.chkRA.Abilitata);
-    ScegliTipoStampa(Letta, StampaPrenotula);
-    QCOMPARE(Letta.txtIVA.Testo + u' ' + Letta.txtSpeGen.Testo, u"21 12,5"_s);
-}
-
-void TestDocumento::vecchioSenzaSpeseGen()
-{
-    const Studio Ufficio;
-    Registratore Messaggi;
-    const QString File = Ufficio.File(u"nota.mdb"_s);
-    ScriviNota(File, NotaPiena());
-    EseguiSu(File, u"ALTER TABLE ParcellaParam DROP COLUMN SpeseGen"_s);
-    QVERIFY(!EsisteCampo(File, u"ParcellaParam"_s, u"SpeseGen"_s));
-    Parcella Letta;
-    CaricaDati(Letta, File);
-    QVERIFY(EsisteCampo(File, u"ParcellaParam"_s, u"SpeseGen"_s));
-    QVERIFY(!Parametro(File, u"SpeseGen"_s).isValid());
-    QVERIFY(!Letta.chkSpeseGen.Attiva);
-    QCOMPARE(Letta.txtSpeGen.Testo, QString());
-    QVERIFY(Letta.chkIva.Attiva);
-    QCOMPARE(Letta.xOnorari.Righe(), 4);
-}
-
-void TestDocumento::vecchioSenzaRiferimento()
-{
-    const Studio Ufficio;
-    Registratore Messaggi;
-    const QString File = Ufficio.File(u"nota.mdb"_s);
-    ScriviNota(File, NotaPiena());
-    EseguiSu(File, u"ALTER TABLE ParcellaParam DROP COLUMN NsRif"_s);
-    Parcella Letta;
-    CaricaDati(Letta, File);
-    QCOMPARE(Letta.NsRif, QString());
-    QVERIFY(!EsisteCampo(File, u"ParcellaParam"_s, u"NsRif"_s));  // only the general expenses are added
-}
-
-void TestDocumento::vecchioSenzaColonneDiStampa()
-{
-    const Studio Ufficio;
-    Registratore Messaggi;
-    const QString File = Ufficio.File(u"nota.mdb"_s);
-    ScriviNota(File, NotaPiena());
-    for (const QString& Colonna : {u"TipoStampa"_s, u"Testo1"_s, u"VisMinMax"_s, u"IVA"_s, u"RA"_s, u"Oggetto"_s,
-                                   u"Cliente"_s, u"DataFatt"_s, u"NumFatt"_s, u"DepGiud"_s})
-        EseguiSu(File, u"ALTER TABLE ParcellaParam DROP COLUMN "_s + Colonna);
-    Parcella Letta;
-    CaricaDati(Letta, File);
-    // What is missing stays as a new note has it; all the rest is read.
-    QCOMPARE(Letta.cmbTipoStampa, NessunaVoce);
-    QVERIFY(!Letta.chkMinMax.Attiva);
-    QVERIFY(Letta.chkIva.Attiva && !Letta.chkRA.Attiva);
-    QCOMPARE(Letta.txtIVA.Testo, u"21"_s);
-    QCOMPARE(Letta.txtOggetto.Testo + Letta.txtCliente.Testo, QString());
-    QCOMPARE(Letta.txtControp.Testo, u"Bianchi Srl"_s);
-    QCOMPARE(Letta.DatiPar(DatoTestoInferiore), u"sotto"_s);
-    QCOMPARE(Letta.DatiPar(DatoDepRuolo), u"77/2024"_s);
-    QVERIFY(Letta.chkSpeseGen.Attiva);
-}
-
-void TestDocumento::modelloTieneLAttributo()
-{
-    const Studio Ufficio;
-    Registratore Messaggi;
-    const QString File = Ufficio.File(u"modello.mdb"_s);
-    ScriviNota(File, NotaPiena(), true);
-    QVERIFY(SolaLettura(File));
-    Parcella Letta;
-    CaricaDati(Letta, File);
-    QVERIFY(SolaLettura(File));
-    QCOMPARE(Letta.xOnorari.Righe(), 4);
-}
-
-void TestDocumento::modelloVecchioTieneLAttributo()
-{
-    const Studio Ufficio;
-    Registratore Messaggi;
-    const QString File = Ufficio.File(u"modello.mdb"_s);
-    ScriviNota(File, NotaPiena());
-    EseguiSu(File, u"ALTER TABLE ParcellaParam DROP COLUMN SpeseGen"_s);
-    ImpostaSolaLettura(File, true);
-    Parcella Letta;
-    CaricaDati(Letta, File);
-    QVERIFY(EsisteCampo(File, u"ParcellaParam"_s, u"SpeseGen"_s));
-    QVERIFY(SolaLettura(File));
-}
-
-void TestDocumento::ricaricaDaSeStessa()
-{
-    const Studio Ufficio;
-    Registratore Messaggi;
-    Parcella Letta = Riletta(Ufficio, NotaPiena());
-    CaricaDati(Letta, Letta.Percorso);
-    QCOMPARE(Letta.Percorso, Ufficio.File(u"nota.mdb"_s));
-    QCOMPARE(Letta.xOnorari.Righe(), 4);  // and not eight
-}
-
-void TestDocumento::tariffeSenzaSpeseGen()
-{
-    const Studio Ufficio;
-    Registratore Messaggi;
-    Ufficio.TariffeProprie().Execute(u"ALTER TABLE ParcellaParam DROP COLUMN SpeseGen"_s);
-    Parcella Nota = NotaPiena();
-    const Parcella Letta = Riletta(Ufficio, Nota);
-    QVERIFY(EsisteCampo(Ufficio.File(u"parcelle.mdb"_s), u"ParcellaParam"_s, u"SpeseGen"_s));
-    QCOMPARE(Letta.txtSpeGen.Testo, u"12,5"_s);
 }
 
 #include "TestDocumento.moc"

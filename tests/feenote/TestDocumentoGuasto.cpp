@@ -54,7 +54,10 @@ struct CartellaChiusa
     {
         QFile::setPermissions(Cartella, QFile::ReadOwner | QFile::ExeOwner);
     }
-    ~CartellaChiusa() { QFile::setPermissions(Cartella, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner); }
+    ~CartellaChiusa()
+    {
+        QFile::setPermissions(Cartella, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
     CartellaChiusa(const CartellaChiusa&) = delete;
     CartellaChiusa& operator=(const CartellaChiusa&) = delete;
     QString Cartella;
@@ -167,7 +170,8 @@ void TestDocumentoGuasto::colonnaNecessaria_data()
 {
     QTest::addColumn<QString>("Tabella");
     QTest::addColumn<QString>("Colonna");
-    for (const char16_t* Nome : {u"IDCli", u"Categ", u"Autor", u"Valore", u"Importo", u"AumRidVarP", u"AumRidIdx", u"Psw"})
+    for (const char16_t* Nome :
+         {u"IDCli", u"Categ", u"Autor", u"Valore", u"Importo", u"AumRidVarP", u"AumRidIdx", u"Psw"})
         QTest::newRow(qPrintable(QString::fromUtf16(Nome))) << u"ParcellaParam"_s << QString::fromUtf16(Nome);
     QTest::newRow("importo della riga") << u"ParcellaRighe"_s << u"Importo"_s;
 }
@@ -202,11 +206,13 @@ void TestDocumentoGuasto::valoriAssurdi()
     Messaggi.Tollera();
     const QString File = Ufficio.File(u"nota.mdb"_s);
     ScriviNota(File, NotaSemplice());
-    OpenDatabase(File).Execute(u"UPDATE ParcellaParam SET IDCli='molti', IDCon=9e300, Categ='x', Autor=-9e300, "
-                               "Valore=1e19, Importo='tanto', TipoStampa=3000000000, AumRidVarP=1e300, "
-                               "AumRidIdx=-3, VisMinMax='si', IVA='ventuno', DataFatt='ieri', Psw='abc'"_s);
-    OpenDatabase(File).Execute(u"UPDATE ParcellaRighe SET Data='mai', NVoce='1e300', Qta='1e400', Importo='boh', "
-                               "VarP=-1e300"_s);
+    OpenDatabase(File).Execute(
+        u"UPDATE ParcellaParam SET IDCli='molti', IDCon=9e300, Categ='x', Autor=-9e300, "
+        "Valore=1e19, Importo='tanto', TipoStampa=3000000000, AumRidVarP=1e300, "
+        "AumRidIdx=-3, VisMinMax='si', IVA='ventuno', DataFatt='ieri', Psw='abc'"_s);
+    OpenDatabase(File).Execute(
+        u"UPDATE ParcellaRighe SET Data='mai', NVoce='1e300', Qta='1e400', Importo='boh', "
+        "VarP=-1e300"_s);
     Parcella Nota;
     CaricaDati(Nota, File);
     QCOMPARE(Nota.cmbAutor, NessunaVoce);

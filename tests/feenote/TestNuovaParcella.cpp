@@ -83,7 +83,7 @@ void TestNuovaParcella::cancellaTutto()
     RigaAcconto(Nota, u"E"_s, 1.0, 2.0, 3.0);
     Nota.txtCliente.Testo = u"Rossi"_s;
     Nota.IDCli = 4;
-    Nota.Percorso = u"/tmp/nota.mdb"_s;
+    Nota.Percorso = u"nota.mdb"_s;
     Nota.Psw = u"segreta"_s;
     Nota.NsRif = u"7"_s;
     Nota.txtParcMultipla = u"altra"_s;

@@ -536,8 +536,9 @@ void TestOnorari::ricalcoloSenzaValore()
     SelezionaScaglioneInSilenzio(Nota, 2);
     RigaOnorario(Nota, u"Fase di studio"_s, 78, 1, 1);
     Nota.RicalcoloNecessario = true;
-    Messaggi.Attendi(u"Attenzione, l'onorario Fase di studio prevedendo un valore definito della causa non sarà "
-                     "ricalcolato"_s);
+    Messaggi.Attendi(
+        u"Attenzione, l'onorario Fase di studio prevedendo un valore definito della causa non sarà "
+        "ricalcolato"_s);
     Catalogo Voci;
     LoadOnoDir(Nota, Voci);
     QCOMPARE(Importi(Nota, 0), Euro({78, 78, 78, 78}));

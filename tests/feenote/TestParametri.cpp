@@ -6,9 +6,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString Incompatibile = u"L'autorità selezionata non è compatibile con la precedente!"_s;
-const QString Domanda =
-    u"Sono state già inserite delle prestazioni e la modifica comporterà il ricalcolo con i nuovi parametri.\n"
-    "Confermi la modifica?"_s;
+const QString Domanda = u"Sono state già inserite delle prestazioni e la modifica comporterà il ricalcolo "
+                        u"con i nuovi parametri.\n"
+                        "Confermi la modifica?"_s;
 
 }  // namespace
 
@@ -401,16 +401,18 @@ void TestParametri::verificaInOrdine_data()
                                      << u"Non è stato specificato il campo Autorità"_s << u"cmbAutor"_s;
     QTest::newRow("autorita penale") << 1 << 0 << -1 << QString()
                                      << u"Non è stato specificato il campo Autorità"_s << u"cmbAutor"_s;
-    QTest::newRow("scaglione civile") << 0 << 2 << -1 << u"30000"_s
-                                      << u"Non è stato specificato lo scaglione di valore della causa!"_s
-                                      << u"txtImporto"_s;
+    QTest::newRow("scaglione civile")
+        << 0 << 2 << -1 << u"30000"_s << u"Non è stato specificato lo scaglione di valore della causa!"_s
+        << u"txtImporto"_s;
     QTest::newRow("scaglione stragiudiziale, senza autorita")
         << 2 << 0 << -1 << QString() << u"Non è stato specificato lo scaglione di valore della causa!"_s
         << u"txtImporto"_s;
     QTest::newRow("valore esatto civile oltre l'ultimo limite")
-        << 0 << 2 << 6 << QString() << u"Occorre specificare il valore esatto della causa!"_s << u"txtImporto"_s;
+        << 0 << 2 << 6 << QString() << u"Occorre specificare il valore esatto della causa!"_s
+        << u"txtImporto"_s;
     QTest::newRow("valore esatto stragiudiziale")
-        << 2 << 41 << 0 << u"zero"_s << u"Occorre specificare il valore esatto della causa!"_s << u"txtImporto"_s;
+        << 2 << 41 << 0 << u"zero"_s << u"Occorre specificare il valore esatto della causa!"_s
+        << u"txtImporto"_s;
     QTest::newRow("valore sopra lo scaglione")
         << 0 << 2 << 0 << u"5.000,01"_s
         << u"Il valore della causa specificato non è compreso nello scaglione!"_s << u"txtImporto"_s;

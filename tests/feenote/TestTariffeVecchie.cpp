@@ -86,10 +86,14 @@ ContestoVecchio Contesto(double Causa)
     Dati.Campo = [](int Scaglione, const QString& Estremo) {
         const bool Minimo = Estremo == u"Min";
         switch (Scaglione) {
-        case 1: return Minimo ? -0.03 : -0.05;
-        case 2: return Minimo ? -0.01 : -0.02;
-        case 11: return Minimo ? 1000.0 : 4000.0;
-        default: return 0.0;
+        case 1:
+            return Minimo ? -0.03 : -0.05;
+        case 2:
+            return Minimo ? -0.01 : -0.02;
+        case 11:
+            return Minimo ? 1000.0 : 4000.0;
+        default:
+            return 0.0;
         }
     };
     return Dati;

@@ -112,12 +112,12 @@ void TestTotali::pannelliConLaNotaAssociata()
 void TestTotali::catenaSuMilleEuro()
 {
     const Catena Conti = CatenaFiscale(Usuali(1000));
-    QCOMPARE(Conti.SpeseGen, 125.0);     // 12.5 % of 1000
+    QCOMPARE(Conti.SpeseGen, 125.0);  // 12.5 % of 1000
     QCOMPARE(Conti.Imponibile, 1125.0);
-    QCOMPARE(Conti.CP, 45.0);            // 4 % of 1125
-    QCOMPARE(Conti.IVA, 245.7);          // 21 % of 1170
+    QCOMPARE(Conti.CP, 45.0);    // 4 % of 1125
+    QCOMPARE(Conti.IVA, 245.7);  // 21 % of 1170
     QCOMPARE(Conti.Totale, 1415.7);
-    QCOMPARE(Conti.RA, 225.0);           // 20 % of 1125
+    QCOMPARE(Conti.RA, 225.0);  // 20 % of 1125
     QCOMPARE(Conti.Netto, 1190.7);
 }
 
@@ -133,10 +133,10 @@ void TestTotali::notaCivile()
     QCOMPARE(Conti.Dati.Onorari, 4500.0);  // 1200 + 600 + 1200 + 1500
     QCOMPARE(Conti.SpeseGen, 562.5);       // 12.5 %
     QCOMPARE(Conti.Imponibile, 5062.5);
-    QCOMPARE(Conti.CP, 202.5);             // 4 %
-    QCOMPARE(Conti.IVA, 1105.65);          // 21 % of 5265
+    QCOMPARE(Conti.CP, 202.5);     // 4 %
+    QCOMPARE(Conti.IVA, 1105.65);  // 21 % of 5265
     QCOMPARE(Conti.Totale, 6370.65);
-    QCOMPARE(Conti.RA, 1012.5);            // 20 % of 5062.50
+    QCOMPARE(Conti.RA, 1012.5);  // 20 % of 5062.50
     QCOMPARE(Conti.Netto, 5358.15);
 }
 
@@ -155,10 +155,10 @@ void TestTotali::notaPenale()
     QCOMPARE(Conti.Dati.Onorari, 2760.0);  // 300 + 600 + 900 + 900, and 3 hours at 20
     QCOMPARE(Conti.SpeseGen, 345.0);       // 12.5 %
     QCOMPARE(Conti.Imponibile, 3105.0);
-    QCOMPARE(Conti.CP, 124.2);             // 4 %
-    QCOMPARE(Conti.IVA, 678.13);           // 21 % of 3229.20 = 678.132
+    QCOMPARE(Conti.CP, 124.2);    // 4 %
+    QCOMPARE(Conti.IVA, 678.13);  // 21 % of 3229.20 = 678.132
     QCOMPARE(Conti.Totale, 3907.33);
-    QCOMPARE(Conti.RA, 621.0);             // 20 % of 3105
+    QCOMPARE(Conti.RA, 621.0);  // 20 % of 3105
     QCOMPARE(Conti.Netto, 3286.33);
 }
 
@@ -177,9 +177,9 @@ void TestTotali::notaStragiudiziale()
     QCOMPARE(Conti.Dati.Onorari, 1312.0);  // half way between 675 and 1950, to the even euro
     QCOMPARE(Conti.SpeseGen, 0.0);
     QCOMPARE(Conti.Imponibile, 1322.0);
-    QCOMPARE(Conti.CP, 52.88);             // 4 %
-    QCOMPARE(Conti.IVA, 288.72);           // 21 % of 1374.88 = 288.7248
-    QCOMPARE(Conti.Totale, 1690.6);        // 1322 + 52.88 + 288.72 + 27
+    QCOMPARE(Conti.CP, 52.88);       // 4 %
+    QCOMPARE(Conti.IVA, 288.72);     // 21 % of 1374.88 = 288.7248
+    QCOMPARE(Conti.Totale, 1690.6);  // 1322 + 52.88 + 288.72 + 27
     QCOMPARE(Conti.RA, 0.0);
     QCOMPARE(Conti.Netto, 1690.6);
 }
@@ -207,7 +207,7 @@ void TestTotali::accontiOltreGliOnorari()
     const Catena Conti = CatenaFiscale(Dati);
     QCOMPARE(Conti.Imponibile, -1000.0);  // 1000 - 2125 + 125
     QCOMPARE(Conti.CP, -40.0);
-    QCOMPARE(Conti.IVA, -218.4);          // 21 % of -1040
+    QCOMPARE(Conti.IVA, -218.4);  // 21 % of -1040
     QCOMPARE(Conti.RA, -200.0);
     QCOMPARE(Conti.Totale, -1258.4);
     QCOMPARE(Conti.Netto, -1058.4);
@@ -283,7 +283,8 @@ void TestTotali::interruttoriDisabilitati()
     Parcella Nota;
     RigaOnorario(Nota, u"Studio"_s, 1000);
     AccendiTutto(Nota);
-    for (Spunta Parcella::*Tick : {&Parcella::chkIva, &Parcella::chkRA, &Parcella::chkCP, &Parcella::chkSpeseGen})
+    for (Spunta Parcella::*Tick :
+         {&Parcella::chkIva, &Parcella::chkRA, &Parcella::chkCP, &Parcella::chkSpeseGen})
         (Nota.*Tick).Abilitata = false;
     const Catena Conti = CatenaFiscale(Nota, StampaPrenotula);
     QCOMPARE(Conti.IVA, 0.0);

@@ -37,8 +37,11 @@ void TestVariazione::opzioneImpostaTutto_data()
     QTest::addColumn<int>("VarP");
     const auto Riga = [](int Indice, const QString& Didascalia, const QString& Limiti, int VarP) {
         const QString Casella = VarP == 0 ? QString() : QString::number(std::abs(VarP));
-        QTest::addRow("opzione %d", Indice)
-            << Indice << Didascalia << Limiti << Casella << (VarP == 0 ? -1 : VarP < 0 ? 1 : 0) << VarP;
+        QTest::addRow("opzione %d", Indice) << Indice << Didascalia << Limiti << Casella
+                                            << (VarP == 0  ? -1
+                                                : VarP < 0 ? 1
+                                                           : 0)
+                                            << VarP;
     };
     Riga(0, u"Incarichi collegiali (art. 1, co. 4)"_s, u"100;1"_s, 100);
     Riga(1, u"Difese plurime (art. 4, co. 4, e art. 12, co. 4)"_s, u"100;1"_s, 100);
