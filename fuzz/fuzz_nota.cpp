@@ -67,7 +67,8 @@ bool Riesce(F&& Prova)
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Dati, size_t Quanti)
 {
     static const QTemporaryDir Cartella;
-    static const bool Muta = (InstallaMessaggi({}), sessione::PercorsoProg = QStringLiteral(CARTELLA_PROGRAMMA "/"), true);
+    static const bool Muta =
+        (InstallaMessaggi({}), sessione::PercorsoProg = QStringLiteral(CARTELLA_PROGRAMMA "/"), true);
     static const QByteArray Sana = NotaSana(Cartella.path());
     Pretendi(Muta);
 
