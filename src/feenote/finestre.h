@@ -1,0 +1,33 @@
+// The windows of fee notes: their places, opening, closing.
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class QMdiArea;
+class frmParcelle;
+
+/// The frame's client area that note windows live in; asking for it brings the frame up. Set at the start.
+inline std::function<QMdiArea*()> AreaParcelle;
+/// Called when the last note has closed (the frame goes and the desktop comes back), when a window became
+/// active, and when marks or captions changed. Set at the start, empty in tests.
+inline std::function<void()> UltimaParcellaChiusa;
+inline std::function<void(int Indice)> ParcellaAttivata;
+
+/// The window of a place, null when it was never made.
+[[nodiscard]] frmParcelle* Parcelle(int Indice);
+
+/// Opens a window: on a file, on a new note, or on a new note for the companion application.
+///
+/// @param Percorso file, empty for a new note
+/// @param Socio partner window, 0 none; the print tab of the new window is then closed
+/// @param ID reference of the matter, empty for an ordinary note
+void ApriParcella(const QString& Percorso, int Socio, const QString& ID);
+
+/// Closes a window, asking about unsaved changes; its linked partner is asked too before either goes.
+/// @return false when the close is refused
+bool ChiudiParcella(int Indice);
+
+/// Forgets all windows; serves tests.
+void AzzeraFinestre();

@@ -1,0 +1,239 @@
+// Frame of the window: tabs, banner, arrows, status bar.
+#include "feenote/frmParcelle.h"
+
+#include "core/comandi.h"
+#include "feenote/finestre.h"
+#include "feenote/modOnorari.h"
+#include "feenote/modParametri.h"
+#include "feenote/modTotali.h"
+#include "platform/aspetto.h"
+#include "platform/campo.h"
+#include "platform/collega.h"
+#include "platform/griglia.h"
+#include "platform/messaggi.h"
+#include "ui_SchedaAcconti.h"
+#include "ui_SchedaDatiBase.h"
+#include "ui_SchedaOnorari.h"
+#include "ui_SchedaSpese.h"
+#include "ui_SchedaStampa.h"
+#include "ui_frmParcelle.h"
+
+#include <QTabBar>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A tab of its own Designer file, added under its caption.
+template <class UiScheda>
+void AggiungiScheda(QTabWidget* Schede, UiScheda& Disegno, const QString& Titolo)
+{
+    auto* Pagina = new QWidget(Schede);
+    Disegno.setupUi(Pagina);
+    Schede->addTab(Pagina, Titolo);
+}
+
+QToolButton* Freccia(QWidget* Padre, const QString& Nome, const QString& Immagine, const QString& Suggerimento)
+{
+    auto* Bottone = new QToolButton(Padre);
+    Bottone->setObjectName(Nome);
+    Bottone->setIcon(aspetto::Icona(Immagine));
+    Bottone->setToolTip(Suggerimento);
+    Bottone->setAutoRaise(true);
+    return Bottone;
+}
+
+}  // namespace
+
+frmParcelle::frmParcelle(int Indice, QWidget* Padre)
+    : QWidget(Padre), Posto(Indice), ui(std::make_unique<Ui::frmParcelle>()),
+      uiBase(std::make_unique<Ui::SchedaDatiBase>()), uiOnorari(std::make_unique<Ui::SchedaOnorari>()),
+      uiSpese(std::make_unique<Ui::SchedaSpese>()), uiAcconti(std::make_unique<Ui::SchedaAcconti>()),
+      uiStampa(std::make_unique<Ui::SchedaStampa>())
+{
+    ui->setupUi(this);
+    CostruisciSchede();
+    CollegaCornice();
+    CollegaDatiBase();
+    CollegaOnorari();
+    CollegaSpese();
+    CollegaAcconti();
+    aspetto::AssegnaMnemonici(this);
+    aspetto::AssegnaNomiAccessibili(this);
+}
+
+frmParcelle::~frmParcelle() = default;
+
+int frmParcelle::Scheda() const
+{
+    return ui->tabParcelle->currentIndex();
+}
+
+void frmParcelle::CostruisciSchede()
+{
+    AggiungiScheda(ui->tabParcelle, *uiBase, u"Dati base"_s);
+    AggiungiScheda(ui->tabParcelle, *uiOnorari, u"Onorari"_s);
+    AggiungiScheda(ui->tabParcelle, *uiSpese, u"Spese inserite"_s);
+    AggiungiScheda(ui->tabParcelle, *uiAcconti, u"Acconti e imposte"_s);
+    AggiungiScheda(ui->tabParcelle, *uiStampa, u"Stampa"_s);
+
+    auto* Angolo = new QWidget(ui->tabParcelle);
+    auto* Riga = new QHBoxLayout(Angolo);
+    Riga->setContentsMargins(0, 0, 0, 0);
+    Riga->setSpacing(0);
+    Riga->addWidget(Freccia(Angolo, u"imgPrev"_s, u"prev"_s, u"Scheda precedente"_s));
+    Riga->addWidget(Freccia(Angolo, u"imgNext"_s, u"next"_s, u"Scheda successiva"_s));
+    ui->tabParcelle->setCornerWidget(Angolo);
+}
+
+void frmParcelle::CollegaCornice()
+{
+    ui->pctLock->setPixmap(aspetto::Icona(u"lucchetto"_s).pixmap(16, 16));
+    ui->pctSave->setIcon(aspetto::Icona(u"dischetto"_s));
+    QFont Grande = ui->lblDatiBase->font();
+    Grande.setBold(true);
+    ui->lblDatiBase->setFont(Grande);
+    ui->lblTotal->setFont(Grande);
+
+    ::Collega(ui->tabParcelle, &QTabWidget::tabBarClicked, this, [this](int Nuova) {
+        // The bar changes by itself after this signal: what refuses is put right behind it.
+        if (Nuova >= 0 && Nuova != Scheda() && !ConcludiCampo()) {
+            const int Ferma = Scheda();
+            QTimer::singleShot(0, this, [this, Ferma] { ui->tabParcelle->setCurrentIndex(Ferma); });
+        }
+    });
+    ::Collega(ui->tabParcelle, &QTabWidget::currentChanged, this,
+              [this](int Nuova) { tabParcelle_Change(Nuova); });
+    ::Collega(findChild<QToolButton*>(u"imgPrev"_s), &QToolButton::clicked, this, [this] { imgPrev_Click(); });
+    ::Collega(findChild<QToolButton*>(u"imgNext"_s), &QToolButton::clicked, this, [this] { imgNext_Click(); });
+    ::Collega(ui->pctSave, &QToolButton::clicked, this,
+              [this] { EseguiComando(u"savepar"_s, Posto, {}); });
+}
+
+bool frmParcelle::LasciaBase()
+{
+    BaseValida = CheckOK(Nota, false);
+    Nota.Fuoco.clear();
+    return BaseValida;
+}
+
+void frmParcelle::VaiAllaScheda(int Indice)
+{
+    if (Indice < 0 || Indice >= ui->tabParcelle->count() || !ui->tabParcelle->isTabEnabled(Indice))
+        return;
+    if (ConcludiCampo())
+        ui->tabParcelle->setCurrentIndex(Indice);
+}
+
+void frmParcelle::tabParcelle_Change(int Nuova)
+{
+    if (CambioScheda)
+        return;
+    if (Nuova != SchedaBase && !LasciaBase()) {
+        CambioScheda = true;
+        ui->tabParcelle->setCurrentIndex(SchedaBase);
+        CambioScheda = false;
+        (void)CheckOK(Nota, true);  // once more, telling the user why
+        Mostra();
+        return;
+    }
+    if (Nuova == SchedaListaOnorari)
+        EntraScheda1();
+    else if (Nuova == SchedaListaSpese)
+        EntraScheda2();
+    Mostra();
+}
+
+void frmParcelle::imgPrev_Click()
+{
+    if (Scheda() > SchedaBase) {
+        VaiAllaScheda(Scheda() - 1);
+        return;
+    }
+    const int Risposta = MsgBox(u"Confermi il ritorno al menu iniziale?"_s, vbYesNo + vbQuestion,
+                                TitoloDomanda.toString());
+    if (Risposta == vbYes && Aperture.ChiudiParcella)
+        Aperture.ChiudiParcella(Posto);
+}
+
+void frmParcelle::imgNext_Click()
+{
+    const int Ultima = ui->tabParcelle->count() - 1;
+    if (Scheda() == Ultima) {
+        EseguiComando(u"savepar"_s, Posto, {});
+        return;
+    }
+    if (Scheda() + 1 == Ultima && !ui->tabParcelle->isTabEnabled(Ultima)) {
+        if (frmParcelle* Altra = Parcelle(Socio()))
+            Altra->activateWindow();
+        return;
+    }
+    VaiAllaScheda(Scheda() + 1);
+}
+
+void frmParcelle::Mostra()
+{
+    if (InMostra)
+        return;
+    InMostra = true;
+    MostraDatiBase();
+    MostraOnorari();
+    MostraSpese();
+    MostraAcconti();
+    MostraImposte();
+    RefreshDatiBase();
+    RefreshGrid();
+    MostraSegni();
+    InMostra = false;
+
+    const QString Fuoco = std::exchange(Nota.Fuoco, QString());
+    if (QWidget* Controllo = Fuoco.isEmpty() ? nullptr : findChild<QWidget*>(Fuoco))
+        QTimer::singleShot(0, Controllo, [Controllo] { Controllo->setFocus(); });
+}
+
+void frmParcelle::RefreshDatiBase()
+{
+    ui->lblDatiBase->setText(TestoDatiBase(Nota));
+    ui->lblDatiBase->setToolTip(ui->lblDatiBase->text());
+}
+
+void frmParcelle::RefreshGrid()
+{
+    const PannelliRiep Testi = TestiRiep(Nota);
+    ui->lblOnora->setText(Testi.Onora);
+    ui->lblSpImp->setText(Testi.SpImp);
+    ui->lblSpese->setText(Testi.Spese);
+    ui->lblTotal->setText(Testi.Total);
+
+    const Somme Sommate = CalcolaSomme(Nota);
+    const auto Importo = [](double Valore) { return Format(Valore, u"#,##0.00;-#,##0.00;0"); };
+    if (Scheda() == SchedaListaOnorari) {
+        uiOnorari->tdbOnor->Pie(OnoDescr, u"Totali "_s);
+        uiOnorari->tdbOnor->Pie(OnoImporto, Importo(Sommate.TotOnorari));
+        uiOnorari->tdbOnor->Pie(OnoMedio, Importo(Sommate.TotMed));
+        uiOnorari->tdbOnor->Pie(OnoMin, Importo(Sommate.TotMin));
+        uiOnorari->tdbOnor->Pie(OnoMax, Importo(Sommate.TotMax));
+    } else if (Scheda() == SchedaListaSpese) {
+        uiSpese->tdbDir->Pie(DirDescr, u"Totali "_s);
+        uiSpese->tdbDir->Pie(DirImponibile, Importo(Sommate.TotSpeseImp));
+        uiSpese->tdbDir->Pie(DirEsente, Importo(Sommate.TotSpeseEsenti));
+    }
+}
+
+void frmParcelle::MostraSegni()
+{
+    ui->pctLock->setVisible(!Nota.Psw.isEmpty());
+    ui->pctSave->setVisible(Nota.Modificata);
+}
+
+void frmParcelle::Collega(int Socio)
+{
+    Nota.IDMultipla = Socio == Posto ? 0 : Socio;
+    ui->tabParcelle->setTabEnabled(SchedaDiStampa, Nota.IDMultipla == 0);
+}
+
+bool frmParcelle::HaStampa() const
+{
+    return ui->tabParcelle->isTabEnabled(SchedaDiStampa);
+}

@@ -1,0 +1,135 @@
+// The window of one fee note: five tabs over one record.
+//
+// The record is the truth. A user's change goes into it through the rules of feenote, then Mostra writes the
+// controls with their signals held back. The class lives in several files, one per tab.
+#pragma once
+
+#include "feenote/parcella.h"
+#include "tariffs/modTariffe.h"
+
+#include <QWidget>
+
+#include <memory>
+
+class Griglia;
+class QLabel;
+class QLineEdit;
+class QTabWidget;
+class QToolBar;
+
+namespace Ui {
+class frmParcelle;
+class SchedaDatiBase;
+class SchedaOnorari;
+class SchedaSpese;
+class SchedaAcconti;
+class SchedaStampa;
+}
+
+/// Tabs of tabParcelle.
+enum SchedaParcella {
+    SchedaBase = 0,
+    SchedaListaOnorari = 1,
+    SchedaListaSpese = 2,
+    SchedaImposte = 3,
+    SchedaDiStampa = 4,
+};
+
+class frmParcelle : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit frmParcelle(int Indice, QWidget* Padre = nullptr);
+    ~frmParcelle() override;
+
+    Parcella Nota;  ///< the record: DatiParcelle(i)
+
+    [[nodiscard]] int Indice() const { return Posto; }
+    [[nodiscard]] int Scheda() const;
+
+    // ---- life (frmParcelle_Vita.cpp)
+    /// A new note, for the companion application when `ID` is not empty.
+    void Nuova(const QString& ID);
+    /// Reads a file. A failure is reported and leaves a new note.
+    void Carica(const QString& Percorso);
+    /// The whole save, with its dialog and messages. @return true when the file was written
+    bool SalvaParcella(bool ComeModello);
+    void Proteggi();
+    /// Asks about unsaved changes and saves. @return false when the close is refused
+    [[nodiscard]] bool ChiediChiusura();
+    /// Unloads after ChiediChiusura: place free, sizes saved, frame told.
+    void Scarica();
+    void SetModificata(bool Valore);
+    /// The other window of a linked pair, 0 none.
+    void Collega(int Socio);
+    [[nodiscard]] int Socio() const { return Nota.IDMultipla; }
+    /// True for the main window of a pair, and for one without a partner.
+    [[nodiscard]] bool HaStampa() const;
+
+    // ---- tabs (frmParcelle.cpp)
+    /// Moves to a tab as a user would: open field committed, parameters checked.
+    void VaiAllaScheda(int Indice);
+    /// Writes every control from the record, signals held back, and gives the focus that a rule asked for.
+    void Mostra();
+    /// Sums in the status bar and in the footers of the tab in view.
+    void RefreshGrid();
+    /// Banner and colours of the parameters.
+    void RefreshDatiBase();
+
+protected:
+    void closeEvent(QCloseEvent* Evento) override;
+
+private:
+    // ---- frmParcelle.cpp: frame, tabs, status bar, arrows
+    void CostruisciSchede();
+    void CollegaCornice();
+    void tabParcelle_Change(int Nuova);
+    bool LasciaBase();
+    void imgPrev_Click();
+    void imgNext_Click();
+    void MostraSegni();  ///< padlock and diskette
+
+    // ---- frmParcelle_DatiBase.cpp
+    void CollegaDatiBase();
+    void MostraDatiBase();
+
+    // ---- frmParcelle_Onorari.cpp: catalogue, lines, their toolbar
+    void CollegaOnorari();
+    void MostraOnorari();
+    void EntraScheda1();
+    void tdbListaOno_DblClick(int Riga);
+
+    // ---- frmParcelle_Spese.cpp
+    void CollegaSpese();
+    void MostraSpese();
+    void EntraScheda2();
+    void tdbListaDir_DblClick(int Riga);
+
+    // ---- frmParcelle_Acconti.cpp: payments, taxes, multiple note
+    void CollegaAcconti();
+    void MostraAcconti();
+    void MostraImposte();
+
+    /// Runs a rule of feenote on the record, then shows what came of it.
+    template <class Regola>
+    void Applica(Regola&& Fai)
+    {
+        Fai();
+        SetModificata(Nota.Modificata);
+        Mostra();
+    }
+
+    int Posto;
+    Catalogo Voci;          ///< catalogues, open once tab 1 or 2 was entered
+    bool BaseValida = true; ///< answer of the last CheckOK on leaving the base tab
+    bool InMostra = false;  ///< controls are being written by code
+    bool CambioScheda = false;
+
+    std::unique_ptr<Ui::frmParcelle> ui;
+    std::unique_ptr<Ui::SchedaDatiBase> uiBase;
+    std::unique_ptr<Ui::SchedaOnorari> uiOnorari;
+    std::unique_ptr<Ui::SchedaSpese> uiSpese;
+    std::unique_ptr<Ui::SchedaAcconti> uiAcconti;
+    std::unique_ptr<Ui::SchedaStampa> uiStampa;
+};

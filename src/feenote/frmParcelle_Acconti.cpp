@@ -1,0 +1,163 @@
+// Tab 3: payments on account, taxes, multiple note.
+#include "feenote/frmParcelle.h"
+
+#include "core/comandi.h"
+#include "core/sessione.h"
+#include "feenote/modAcconti.h"
+#include "feenote/modTotali.h"
+#include "feenote/mostra.h"
+#include "feenote/righegriglia.h"
+#include "platform/collega.h"
+#include "platform/griglia.h"
+#include "platform/messaggi.h"
+#include "ui_SchedaAcconti.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A tax of the tab: its switch, its box, and where the record keeps them.
+struct VoceImposta
+{
+    Imposta Quale;
+    QCheckBox* Ui::SchedaAcconti::*Tick;
+    QLineEdit* Ui::SchedaAcconti::*Box;
+    Spunta Parcella::*DatoTick;
+    Casella Parcella::*DatoBox;
+};
+
+constexpr std::array VociImposte{
+    VoceImposta{Imposta::SpeseGen, &Ui::SchedaAcconti::chkSpeseGen, &Ui::SchedaAcconti::txtSpeGen,
+                &Parcella::chkSpeseGen, &Parcella::txtSpeGen},
+    VoceImposta{Imposta::CP, &Ui::SchedaAcconti::chkCP, &Ui::SchedaAcconti::txtCP, &Parcella::chkCP,
+                &Parcella::txtCP},
+    VoceImposta{Imposta::IVA, &Ui::SchedaAcconti::chkIva, &Ui::SchedaAcconti::txtIVA, &Parcella::chkIva,
+                &Parcella::txtIVA},
+    VoceImposta{Imposta::RA, &Ui::SchedaAcconti::chkRA, &Ui::SchedaAcconti::txtRA, &Parcella::chkRA,
+                &Parcella::txtRA},
+};
+
+ColonnaGriglia ColonnaAcconto(const TabellaRighe* Tabella, const QString& Titolo, int Campo)
+{
+    ColonnaGriglia Colonna = ColonnaImporto(Titolo, Campo, true);
+    Colonna.Mostra = [Tabella](const QVariant& Valore, int Riga) {
+        return Riga < Tabella->Righe() ? TestoAcconto(Valore, (*Tabella)(Riga, AccValuta)) : QString();
+    };
+    return Colonna;
+}
+
+QList<ColonnaGriglia> ColonneAcconti(const TabellaRighe* Tabella)
+{
+    ColonnaGriglia Valuta;
+    Valuta.Titolo = u"Valuta"_s;
+    Valuta.Campo = AccValuta;
+    Valuta.Caratteri = 7;
+    Valuta.Modificabile = true;
+    Valuta.Filtro = u"LEle"_s;
+    Valuta.Massimo = 1;
+    Valuta.Mostra = [](const QVariant& Valore, int) {
+        return Valore.isValid() ? ParolaValuta(Valore) : QString();
+    };
+    ColonnaGriglia Descr = ColonnaDescrizione(AccDescr);
+    Descr.Massimo = 255;
+    return {Descr, Valuta, ColonnaAcconto(Tabella, u"Corrispettivi"_s, AccCorrispettivi),
+            ColonnaAcconto(Tabella, u"Spese Imp."_s, AccSpeseImp),
+            ColonnaAcconto(Tabella, u"Sp. Esenti"_s, AccSpeseEsenti)};
+}
+
+void AvvisaNotaGiudiziale()
+{
+    const int Risposta = MsgBoxPulsanti(
+        u"Si consiglia di non esporre cassa previdenza e imposte nella nota giudiziale."_s,
+        vbOKCancel + vbInformation, TitoloAvvertenza.toString(), {u" VEDI SCHEDA "_s, u"Chiudi"_s});
+    if (Risposta == vbOK && Aperture.PaginaWeb)
+        Aperture.PaginaWeb(sessione::PercorsoProg + u"SchedaNotaSpese.htm"_s,
+                           u"KR5 - Scheda informativa nota spese giudiziale"_s);
+}
+
+void CancellaAcconti(Griglia* Elenco, TabellaRighe& Righe)
+{
+    QList<int> Scelte = Elenco->Selezione();
+    if (Scelte.isEmpty())
+        return;
+    const QString Quali = Scelte.size() == 1 ? u"della voce selezionata"_s : u"delle voci selezionate"_s;
+    if (MsgBox(u"Confermi la cancellazione "_s + Quali + u"?"_s, vbYesNo + vbQuestion, TitoloDomanda.toString())
+        != vbYes)
+        return;
+    std::sort(Scelte.begin(), Scelte.end(), std::greater<>());
+    for (const int Riga : std::as_const(Scelte))
+        if (Riga <= Righe.UpperBound(1))
+            Righe.EliminaRiga(Riga);
+    Elenco->AzzeraSelezione();
+    Elenco->Rilega();
+}
+
+}  // namespace
+
+void frmParcelle::CollegaAcconti()
+{
+    Griglia* Righe = uiAcconti->tdbAcconti;
+    Righe->ImpostaColonne(ColonneAcconti(&Nota.xAcconti));
+    Righe->Lega(&Nota.xAcconti);
+    Righe->ConsentiNuove(true);
+    Righe->FraseVuota(u"Scrivere nella riga vuota gli acconti ricevuti."_s);
+    Righe->Convalida = [this](int, int Colonna, const QString& Testo) {
+        return ConvalidaCella(ColonneAcconti(&Nota.xAcconti)[Colonna], Testo);
+    };
+    Righe->Valore = [](int, int Colonna, const QString& Testo) -> QVariant {
+        if (Colonna == AccDescr)
+            return Testo;
+        return Colonna == AccValuta ? QVariant(Testo.trimmed().toUpper()) : QVariant(NumeroDi(Testo));
+    };
+    Righe->NuovaRiga = [this](int Riga) { Nota.xAcconti(Riga, AccValuta) = QString(ValutaEuro); };
+    Righe->LasciaRiga = [this](int Riga) { return CheckAcconto(Nota.xAcconti, Riga); };
+    ::Collega(Righe, &Griglia::CellaScritta, this, [this] { SetModificata(true); });
+    ::Collega(Righe, &Griglia::ClicCella, this, [this](int Riga, int Colonna) {
+        if (Colonna != AccValuta || Riga >= Nota.xAcconti.Righe())
+            return;
+        QVariant& Valuta = Nota.xAcconti(Riga, AccValuta);
+        Valuta = AltraValuta(Valuta);
+        SetModificata(true);
+        uiAcconti->tdbAcconti->Rilega();
+    });
+    ::Collega(Righe, &Griglia::Cancella, this, [this] {
+        const int Prima = Nota.xAcconti.Righe();
+        CancellaAcconti(uiAcconti->tdbAcconti, Nota.xAcconti);
+        if (Nota.xAcconti.Righe() != Prima)
+            SetModificata(true);
+    });
+
+    for (const VoceImposta& Voce : VociImposte) {
+        ::Collega((*uiAcconti).*Voce.Tick, &QCheckBox::clicked, this, [this, Voce](bool Attiva) {
+            bool Avviso = false;
+            Applica([&] { Avviso = ClicImposta(Nota, Voce.Quale, Attiva); });
+            if (Avviso)
+                AvvisaNotaGiudiziale();
+        });
+        QLineEdit* Box = (*uiAcconti).*Voce.Box;
+        ::Collega(Box, &QLineEdit::textEdited, this, [this, Voce](const QString& Testo) {
+            CambiaPercento(Nota, Voce.Quale, Testo);
+            SetModificata(true);
+        });
+        CampoNumerico(Box, [] { return true; }, true);
+    }
+    ::Collega(uiAcconti->chkAcconti, &QCheckBox::clicked, this,
+              [this](bool Attiva) { Applica([&] { CambiaAcconti(Nota, Attiva); }); });
+    ::Collega(uiAcconti->chkMinMax, &QCheckBox::clicked, this,
+              [this](bool Attiva) { Applica([&] { CambiaMinMax(Nota, Attiva); }); });
+}
+
+void frmParcelle::MostraAcconti()
+{
+    uiAcconti->tdbAcconti->Rilega();
+}
+
+void frmParcelle::MostraImposte()
+{
+    for (const VoceImposta& Voce : VociImposte) {
+        mostra::Segno((*uiAcconti).*Voce.Tick, Nota.*Voce.DatoTick);
+        mostra::Testo((*uiAcconti).*Voce.Box, Nota.*Voce.DatoBox);
+    }
+    mostra::Segno(uiAcconti->chkAcconti, Nota.chkAcconti);
+    mostra::Segno(uiAcconti->chkMinMax, Nota.chkMinMax);
+}

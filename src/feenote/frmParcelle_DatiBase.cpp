@@ -1,0 +1,134 @@
+// Tab 0: parties, subject, parameters of the proceeding, percent variation.
+#include "feenote/frmParcelle.h"
+
+#include "feenote/mostra.h"
+#include "feenote/modParametri.h"
+#include "feenote/modVariazione.h"
+#include "platform/campo.h"
+#include "platform/collega.h"
+#include "ui_SchedaDatiBase.h"
+
+#include <QButtonGroup>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A text box of the note that needs no rule of its own.
+struct CasellaTesto
+{
+    QLineEdit* Ui::SchedaDatiBase::*Box;
+    Casella Parcella::*Dato;
+    Casella Parcella::*Stampa;  ///< the same as it will print
+};
+
+constexpr std::array CaselleTesto{
+    CasellaTesto{&Ui::SchedaDatiBase::txtCliente, &Parcella::txtCliente, &Parcella::txtDatiStaCli},
+    CasellaTesto{&Ui::SchedaDatiBase::txtControp, &Parcella::txtControp, &Parcella::txtDatiStaControp},
+    CasellaTesto{&Ui::SchedaDatiBase::txtOggetto, &Parcella::txtOggetto, &Parcella::txtDatiStaOgg},
+};
+
+QButtonGroup* RiunisciOpzioni(QWidget* Scheda)
+{
+    auto* Gruppo = new QButtonGroup(Scheda);
+    for (int i = 0; i < NumAumRid; ++i)
+        Gruppo->addButton(Scheda->findChild<QAbstractButton*>(u"optAumRid_%1"_s.arg(i)), i);
+    Gruppo->setObjectName(u"optAumRid"_s);
+    return Gruppo;
+}
+
+QStringList TestiAutorita(const Parcella& Nota)
+{
+    QStringList Testi;
+    for (const Autorita& Voce : Nota.ListaAutorita)
+        Testi.append(Voce.DesAut);
+    return Testi;
+}
+
+QStringList TestiScaglioni(const Parcella& Nota)
+{
+    QStringList Testi;
+    for (const ScaglioneValore& Voce : Nota.ListaScaglioni)
+        Testi.append(Voce.DesVal);
+    return Testi;
+}
+
+}  // namespace
+
+void frmParcelle::CollegaDatiBase()
+{
+    uiBase->cmbCateg->addItems(VociCategoria());
+    uiBase->cmbCateg->setCurrentIndex(NessunaVoce);
+    uiBase->cmbAumRid->addItems({u"+"_s, u"-"_s});
+    uiBase->cmbAumRid->setCurrentIndex(NessunaVoce);
+    // The parties are free text until the address book is there.
+    for (QWidget* Bottone : {uiBase->cmdVisCliCon_0, uiBase->cmdInsCliCon_0, uiBase->cmdModCliCon_0,
+                             uiBase->cmdVisCliCon_1, uiBase->cmdInsCliCon_1, uiBase->cmdModCliCon_1})
+        Bottone->hide();
+
+    for (const CasellaTesto& Voce : CaselleTesto) {
+        QLineEdit* Box = (*uiBase).*Voce.Box;
+        ::Collega(Box, &QLineEdit::textEdited, this, [this, Voce](const QString& Testo) {
+            (Nota.*Voce.Dato).Testo = Testo;
+            (Nota.*Voce.Stampa).Testo = Testo;
+            SetModificata(true);
+        });
+        FiltraTasti(Box, {});
+    }
+
+    ::Collega(uiBase->cmbCateg, &QComboBox::activated, this,
+              [this](int Scelta) { Applica([&] { CambiaCategoria(Nota, Scelta); }); });
+    ::Collega(uiBase->cmbAutor, &QComboBox::activated, this,
+              [this](int Scelta) { Applica([&] { CambiaAutorita(Nota, Scelta); }); });
+    ::Collega(uiBase->cmbValore, &QComboBox::activated, this,
+              [this](int Scelta) { Applica([&] { CambiaScaglione(Nota, Scelta); }); });
+    ::Collega(uiBase->txtImporto, &QLineEdit::textEdited, this, [this](const QString& Testo) {
+        Nota.txtImporto.Testo = Testo;
+        SetModificata(true);
+    });
+    CampoNumerico(uiBase->txtImporto, [this] {
+        Applica([&] { LasciaImporto(Nota); });
+        return true;
+    });
+
+    QButtonGroup* Opzioni = RiunisciOpzioni(uiBase->fraAumenti->parentWidget());
+    ::Collega(Opzioni, &QButtonGroup::idClicked, this,
+              [this](int Scelta) { Applica([&] { ScegliAumRid(Nota, Scelta); }); });
+    ::Collega(uiBase->cmbAumRid, &QComboBox::activated, this, [this](int Scelta) {
+        Applica([&] {
+            CambiaSegnoAumRid(Nota, Scelta);
+            LasciaAumRid(Nota);
+        });
+    });
+    FiltraTasti(uiBase->txtAumRid, u"1234567890"_s);
+    ::Collega(uiBase->txtAumRid, &QLineEdit::textEdited, this,
+              [this](const QString& Testo) { Applica([&] { CambiaTestoAumRid(Nota, Testo); }); });
+    AlLascia(uiBase->txtAumRid, [this] {
+        bool Accettata = true;
+        Applica([&] {
+            LasciaAumRid(Nota);
+            Accettata = Nota.Fuoco != u"txtAumRid";
+        });
+        return Accettata;
+    });
+}
+
+void frmParcelle::MostraDatiBase()
+{
+    for (const CasellaTesto& Voce : CaselleTesto)
+        mostra::Testo((*uiBase).*Voce.Box, Nota.*Voce.Dato);
+    const bool Collegata = !Nota.NsRif.isEmpty();
+    uiBase->lblRif_0->setVisible(Collegata);
+    uiBase->lblRif_1->setVisible(Collegata);
+    uiBase->lblRif_1->setText(Nota.NsRif);
+
+    mostra::Elenco(uiBase->cmbCateg, VociCategoria(), Nota.cmbCateg, true);
+    mostra::Elenco(uiBase->cmbAutor, TestiAutorita(Nota), Nota.cmbAutor, Nota.cmbAutorAbilitata);
+    mostra::Elenco(uiBase->cmbValore, TestiScaglioni(Nota), Nota.cmbValore, Nota.cmbValoreAbilitata);
+    mostra::Testo(uiBase->txtImporto, Nota.txtImporto);
+
+    if (auto* Opzioni = findChild<QButtonGroup*>(u"optAumRid"_s))
+        Opzioni->button(Nota.AumRidIdx)->setChecked(true);
+    mostra::Elenco(uiBase->cmbAumRid, {u"+"_s, u"-"_s}, Nota.cmbAumRid, Nota.cmbAumRidAbilitata);
+    mostra::Testo(uiBase->txtAumRid, Nota.txtAumRid);
+}

@@ -1,0 +1,129 @@
+// Tab 1: the catalogue of honoraria and the lines taken from it.
+#include "feenote/frmParcelle.h"
+
+#include "core/comandi.h"
+#include "core/modErrori.h"
+#include "feenote/barrarighe.h"
+#include "feenote/modOnorari.h"
+#include "feenote/modVariazione.h"
+#include "feenote/righegriglia.h"
+#include "platform/collega.h"
+#include "platform/griglia.h"
+#include "ui_SchedaOnorari.h"
+
+#include <QLineEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Columns of the grid by the columns of the lines; the hidden ones have no place in it.
+QList<ColonnaGriglia> ColonneOnorari()
+{
+    ColonnaGriglia Quantita = ColonnaQuantita(OnoQta);
+    Quantita.Visibile = false;  // until an item asks for one
+    return {ColonnaData(OnoData),
+            ColonnaDescrizione(OnoDescr),
+            Quantita,
+            ColonnaImporto(u"Importo"_s, OnoImporto, true),
+            ColonnaImporto(u"Medio"_s, OnoMedio, false),
+            ColonnaImporto(u"Min."_s, OnoMin, false),
+            ColonnaImporto(u"Max"_s, OnoMax, false)};
+}
+
+QList<ColonnaGriglia> ColonneCatalogo()
+{
+    ColonnaGriglia Voce;
+    Voce.Titolo = u"Voce"_s;
+    Voce.NomeCampo = u"NVoce"_s;
+    Voce.Caratteri = 6;
+    Voce.Allinea = Qt::AlignRight;
+    ColonnaGriglia Descr;
+    Descr.Titolo = u"Descrizione"_s;
+    Descr.NomeCampo = u"DescrOno"_s;
+    Descr.Stira = true;
+    return {Voce, Descr};
+}
+
+/// A line outside the tariff has no range of its own: it follows the typed amount.
+bool SenzaTariffa(const TabellaRighe& Righe, int Riga)
+{
+    const double NVoce = NumeroDi(Righe(Riga, OnoNVoce));
+    return NVoce == 0 || NVoce == VoceLibera;
+}
+
+bool QuantitaDaMostrare(const TabellaRighe& Righe)
+{
+    for (int Riga = 0; Riga < Righe.Righe(); ++Riga)
+        if (NumeroDi(Righe(Riga, OnoQta)) > 1)
+            return true;
+    return false;
+}
+
+}  // namespace
+
+void frmParcelle::CollegaOnorari()
+{
+    Griglia* Lista = uiOnorari->tdbListaOno;
+    Lista->ImpostaColonne(ColonneCatalogo());
+    Lista->FraseVuota(u"Scegliere categoria, autorità e valore nei dati base: qui compaiono le voci della tariffa."_s);
+    ::Collega(Lista, &Griglia::DoppioClic, this, [this](int Riga) { tdbListaOno_DblClick(Riga); });
+    CollegaRicerca(uiOnorari->txtCercaOno, Lista, [this] { return Voci.datOno; }, u"DescrOno"_s);
+
+    Griglia* Righe = uiOnorari->tdbOnor;
+    Righe->ImpostaColonne(ColonneOnorari());
+    Righe->Lega(&Nota.xOnorari);
+    Righe->ConsentiNuove(true);
+    Righe->FraseVuota(u"Fare doppio clic su una voce del catalogo per inserirla."_s);
+    Righe->Convalida = [](int, int Colonna, const QString& Testo) {
+        return ConvalidaCella(ColonneOnorari()[Colonna], Testo);
+    };
+    Righe->NuovaRiga = [this](int Riga) { Nota.xOnorari(Riga, OnoQta) = 1.0; };
+    ::Collega(Righe, &Griglia::CellaScritta, this, [this](int Riga, int Colonna) {
+        TabellaRighe& Tabella = Nota.xOnorari;
+        if (Colonna == OnoImporto && SenzaTariffa(Tabella, Riga))
+            for (const int Altra : {OnoMedio, OnoMin, OnoMax})
+                Tabella(Riga, Altra) = Tabella(Riga, OnoImporto);
+        SetModificata(true);
+        uiOnorari->tdbOnor->Rilega();
+        RefreshGrid();
+    });
+
+    CostruisciBarraRighe(uiOnorari->barListaOnoDir, this, Nota.InsUltimaOno,
+                         [this] { tdbListaOno_DblClick(uiOnorari->tdbListaOno->RigaCorrente().value_or(-1)); });
+}
+
+void frmParcelle::EntraScheda1()
+{
+    Protetta([&] {
+        const int Inserite = EntraOnorari(Nota, Voci);
+        if (Inserite > 0)
+            SetModificata(true);
+    });
+    uiOnorari->tdbListaOno->Lega(Voci.datOno);
+    uiOnorari->lblAumRidOno->setText(TestoAumRidOno(Nota));
+    uiOnorari->lblAumRidOno->setToolTip(SuggerimentoAumRidOno(Nota));
+}
+
+void frmParcelle::tdbListaOno_DblClick(int Riga)
+{
+    if (!VaiARiga(Voci.datOno, Riga))
+        return;
+    Griglia* Righe = uiOnorari->tdbOnor;
+    if (!Righe->Concludi())
+        return;
+    const std::optional<int> Inserita = InserisciOnorario(Nota, Voci, Righe->RigaCorrente());
+    if (!Inserita)
+        return;
+    SetModificata(true);
+    Mostra();
+    Righe->ImpostaRigaCorrente(*Inserita);  // the new line is current and in sight; the catalogue keeps its row
+}
+
+void frmParcelle::MostraOnorari()
+{
+    Griglia* Righe = uiOnorari->tdbOnor;
+    if (QuantitaDaMostrare(Nota.xOnorari))
+        Righe->MostraColonna(OnoQta, true);
+    Righe->Rilega();
+}

@@ -1,0 +1,136 @@
+#include "feenote/modSalvataggio.h"
+
+#include "core/modErrori.h"
+#include "core/modTesti.h"
+#include "core/sessione.h"
+#include "feenote/modDocumento.h"
+#include "feenote/modFile.h"
+#include "platform/messaggi.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QStringView Estensione = u".mdb";
+constexpr QStringView FiltroNote = u"Parcelle (*.mdb)";
+
+QString Prefisso()
+{
+    return sessione::RichiestaPV2.ID.isEmpty() ? QString() : sessione::RichiestaPV2.ID + u'-';
+}
+
+/// A note that has a template as its file starts in the folder of notes, so that the template is safe.
+QString PuntoDiPartenza(const Parcella& Nota, bool ComeModello)
+{
+    if (!Nota.Percorso.isEmpty() && !ComeModello && !FinisceInCartella(CartellaFile(Nota.Percorso), u"Modelli"_s))
+        return Nota.Percorso;
+    return Barra(ComeModello ? sessione::ModelliPath : sessione::ParcellePath) + Prefisso();
+}
+
+/// The extension is compared with case: "x.MDB" gets a second one, whose dot is then refused.
+QString ConEstensione(const QString& Percorso)
+{
+    return Percorso.endsWith(Estensione) ? Percorso : Percorso + Estensione.toString();
+}
+
+bool NomeAmmesso(const QString& Percorso)
+{
+    const QString Nome = NomeFile(Percorso).chopped(Estensione.size());
+    if (!Nome.isEmpty() && NomeValido(Nome, u"[]!."_s))
+        return true;
+    MsgErrore(u"Il nome specificato non è valido: non usare i caratteri [ ] ! .\nSalvataggio non effettuato!"_s);
+    return false;
+}
+
+/// A note tied to a matter bears its code.
+QString ConRiferimento(const QString& Percorso)
+{
+    const QString Codice = Prefisso();
+    const QString Nome = NomeFile(Percorso);
+    if (Codice.isEmpty() || Nome.startsWith(Codice, Qt::CaseInsensitive))
+        return Percorso;
+    const QString Nuovo = Codice + Nome;
+    MsgBox(u"La parcella, essendo associato ad una pratica, deve iniziare col codice seguito dal trattino!\n"
+           u"Il nome della parcella è stato modificato in: "_s
+               + Nuovo,
+           vbCritical, u"Errore salvataggio:"_s);
+    return CartellaFile(Percorso) + Nuovo;
+}
+
+bool SovrascritturaAmmessa(const Parcella& Nota, const QString& Percorso)
+{
+    if (!EsisteFile(Percorso))
+        return true;
+    const QString Nome = NomeFile(Percorso);
+    if (SolaLettura(Percorso)) {
+        MsgErrore(u"La parcella "_s + Nome + u" non può essere sovrascritta!"_s);
+        return false;
+    }
+    if (!ControllaPsw(Percorso))
+        return false;
+    if (PercorsoNativo(Nota.Percorso) == Percorso)
+        return true;
+    return MsgBox(u"La parcella "_s + Nome + u" già esiste: confermi la sovrascrittura?"_s, vbYesNo + vbQuestion,
+                  TitoloDomanda.toString())
+        == vbYes;
+}
+
+}  // namespace
+
+bool ControllaPsw(const QString& Percorso)
+{
+    const QString Psw = LeggiPsw(Percorso);
+    if (Psw.isEmpty())
+        return true;
+    const QString Data = InputBox(u"Specificare la password per modificare la parcella:"_s, u"Immissione password"_s);
+    if (Data.isEmpty())
+        return false;
+    // Compared in the form that the file holds, where characters outside the code page are alike.
+    if (CodificaPsw(Data) == CodificaPsw(Psw) && Data.size() <= MassimoPsw)
+        return true;
+    MsgErrore(u"La password immessa non è corretta!\nL'operazione non è stata effettuata."_s);
+    return false;
+}
+
+std::optional<QString> SalvaConDialogo(Parcella& Nota, bool ComeModello)
+{
+    const QString Titolo = ComeModello ? u"Salva parcella come modello"_s : u"Salva parcella"_s;
+    const QString Scelto = DialogoSalva(Titolo, PuntoDiPartenza(Nota, ComeModello), FiltroNote.toString());
+    if (Scelto.isEmpty())
+        return std::nullopt;
+    QString Percorso = ConEstensione(PercorsoNativo(Scelto));
+    if (!NomeAmmesso(Percorso))
+        return std::nullopt;
+    Percorso = ConRiferimento(Percorso);
+    if (!SovrascritturaAmmessa(Nota, Percorso))
+        return std::nullopt;
+
+    ScriviNota(Percorso, Nota, ComeModello);
+    Nota.Percorso = Percorso;
+    Nota.Nome = NomeFile(Percorso).chopped(Estensione.size()).toLower();
+    if (Nota.Psw.startsWith(PswDaSalvare))
+        Nota.Psw = Nota.Psw.mid(PswDaSalvare.size());
+    SetModificata(Nota, false);
+    MsgBox(u"La parcella "_s + NomeFile(Percorso) + u" è stata salvata correttamente!"_s, vbInformation,
+           TitoloMessaggio.toString());
+    return Percorso;
+}
+
+void ProteggiNota(Parcella& Nota)
+{
+    if (!Nota.Psw.isEmpty()) {
+        MsgErrore(u"La password di protezione è già impostata!"_s);
+        return;
+    }
+    const QString Psw = InputBox(u"Immettere la password per la protezione della parcella:\n"
+                                 u"(Attenzione saranno presi in considerazione solo i primi 6 caratteri inseriti!)"_s,
+                                 u"Proteggi parcella"_s)
+                            .left(MassimoPsw);
+    if (Psw.isEmpty())
+        return;
+    MsgBox(u"E' stata impostata la password: "_s + Psw
+               + u"\nLa protezione diverrà operativa al salvataggio della parcella."_s,
+           vbInformation, TitoloMessaggio.toString());
+    Nota.Psw = PswDaSalvare.toString() + Psw;
+    SetModificata(Nota, true);  // else a password on an unmodified note could never be saved
+}

@@ -1,0 +1,22 @@
+// The save of a note as the user meets it: dialog, name, checks, overwriting, messages.
+#pragma once
+
+#include "feenote/parcella.h"
+
+#include <QString>
+
+#include <optional>
+
+/// Asks where, checks the name, asks about overwriting, writes the file, says so.
+///
+/// On success the note has its path and name (lower case, without ".mdb"), its password is saved, it is
+/// unmodified. Otherwise it is as before.
+/// @return the path written, empty when the user cancelled or a check refused (it was told)
+/// @throws Errore when the file could not be written; a former file is then as it was
+[[nodiscard]] std::optional<QString> SalvaConDialogo(Parcella& Nota, bool ComeModello);
+
+/// Asks for the password of a file, if it has one. @return true when it may be replaced
+[[nodiscard]] bool ControllaPsw(const QString& Percorso);
+
+/// Sets a password on the note, asked in an input box; it works from the next save on.
+void ProteggiNota(Parcella& Nota);

@@ -1,0 +1,45 @@
+// Writing controls from the record: signals held back, nothing touched that shows the right thing already.
+#pragma once
+
+#include "feenote/parcella.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QSignalBlocker>
+
+namespace mostra {
+
+/// The cursor and the edited mark of a box that already shows the text stay as they are.
+inline void Testo(QLineEdit* Box, const Casella& Dato)
+{
+    if (Box->text() != Dato.Testo) {
+        const QSignalBlocker Zitto(Box);
+        Box->setText(Dato.Testo);
+    }
+    Box->setEnabled(Dato.Abilitata);
+}
+
+inline void Segno(QAbstractButton* Box, const Spunta& Dato)
+{
+    const QSignalBlocker Zitto(Box);
+    Box->setChecked(Dato.Attiva);
+    Box->setEnabled(Dato.Abilitata);
+}
+
+/// Fills a list only when its entries changed; an empty selection is index -1.
+inline void Elenco(QComboBox* Lista, const QStringList& Voci, int Indice, bool Abilitata)
+{
+    const QSignalBlocker Zitto(Lista);
+    bool Uguali = Lista->count() == Voci.size();
+    for (int i = 0; Uguali && i < Voci.size(); ++i)
+        Uguali = Lista->itemText(i) == Voci[i];
+    if (!Uguali) {
+        Lista->clear();
+        Lista->addItems(Voci);
+    }
+    Lista->setCurrentIndex(Indice);
+    Lista->setEnabled(Abilitata);
+}
+
+}  // namespace mostra
