@@ -141,7 +141,7 @@ void PreparaSessione(const RigaComando& Riga)
 {
     ImpostaVariabili();
     const auto Salvato = [](const QString& Chiave) {
-        return GetSetting(Applicazione.toString(), SezioneParametri.toString(), Chiave);
+        return GetSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave);
     };
     if (!Riga.Programma.isEmpty()) {
         sessione::PercorsoProg = Barra(Riga.Programma);

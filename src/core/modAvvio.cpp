@@ -18,7 +18,7 @@ namespace {
 
 QString Parametro(const QString& Chiave, const QString& Predefinito = {})
 {
-    return GetSetting(Applicazione.toString(), SezioneParametri.toString(), Chiave, Predefinito);
+    return GetSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave, Predefinito);
 }
 
 void Fase(const QString& Testo)

@@ -8,7 +8,7 @@
 struct VersioneSistema;
 
 /// Name of the program's settings and of their one section.
-inline constexpr QStringView Applicazione = u"KR5";
+inline constexpr QStringView NomeApplicazione = u"KR5";
 inline constexpr QStringView SezioneParametri = u"Parametri";
 
 /// Fills the session variables from the settings store. Called by Main once and by the settings form

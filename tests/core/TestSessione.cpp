@@ -52,7 +52,7 @@ namespace {
 
 void Salva(const QString& Chiave, const QString& Valore)
 {
-    SaveSetting(Applicazione.toString(), SezioneParametri.toString(), Chiave, Valore);
+    SaveSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave, Valore);
 }
 
 /// Everything the session holds, as text: what two states must agree on.
