@@ -191,7 +191,7 @@ int PrecaricaOnorari(Parcella& Nota, Catalogo& Voci)
 namespace {
 
 /// What must be settled before a line is made: refusals, the second insertion. False: no line.
-bool InserzioneAmmessa(const Parcella& Nota, const Recordset& Voce, int NVoce)
+bool InserzioneAmmessa(const Parcella& Nota, const Recordset& Voce, int NVoce, bool Chiedi)
 {
     if (Nota.CodCateg == Civile && (NVoce == VoceIngiunzione || NVoce == VocePrecetto)
         && Nota.Scaglione == ScaglioneIndeterminato) {
@@ -199,7 +199,7 @@ bool InserzioneAmmessa(const Parcella& Nota, const Recordset& Voce, int NVoce)
                   u"indeterminato!"_s);
         return false;
     }
-    if (NVoce == VoceLibera || !GiaInserito(Nota, NVoce))
+    if (!Chiedi || NVoce == VoceLibera || !GiaInserito(Nota, NVoce))
         return true;
     const QString Domanda = u"L'onorario "_s + Descrizione(Voce)
         + u" è stato già inserito. Procedo con l'inserimento?"_s;
@@ -230,7 +230,7 @@ std::optional<int> InserisciOnorario(Parcella& Nota, const Catalogo& Voci, std::
 {
     const Recordset& Voce = Voci.datOno;
     const int NVoce = NumeroVoce(Voce);
-    if (!InserzioneAmmessa(Nota, Voce, NVoce))
+    if (!InserzioneAmmessa(Nota, Voce, NVoce, !Quantita))
         return std::nullopt;
 
     const QString QtaOno = Voce.Value(u"QtaOno"_s, QString()).toString();

@@ -56,9 +56,10 @@ double ValoreCasella(const Parcella& Nota)
     return Valore > 0 ? Round(Valore, 2) : 0.0;
 }
 
+/// A value that is not defined shows an empty box.
 void ScriviImporto(Parcella& Nota, double Valore)
 {
-    Nota.txtImporto.Testo = Format(Valore, u"#,##0.00");
+    Nota.txtImporto.Testo = Valore > 0 ? Format(Valore, u"#,##0.00") : QString();
 }
 
 }  // namespace
@@ -94,11 +95,10 @@ void LoadScaglioni(Parcella& Nota, const QString& Cat)
     Nota.IdxValorePrec = NessunaVoce;
 }
 
-void SelSca(Parcella& Nota, double Valore)
+bool SelSca(Parcella& Nota, double Valore)
 {
     const int Indice = ScaglionePer(Nota, Valore);
-    if (Indice != NessunaVoce)
-        CambiaScaglione(Nota, Indice);
+    return Indice == NessunaVoce || CambiaScaglione(Nota, Indice);
 }
 
 void CambiaCategoria(Parcella& Nota, int Indice)
@@ -160,18 +160,18 @@ void CambiaAutorita(Parcella& Nota, int Indice)
         Nota.Scaglione = Nota.IDAutSelezionata();
 }
 
-void CambiaScaglione(Parcella& Nota, int Indice)
+bool CambiaScaglione(Parcella& Nota, int Indice)
 {
     if (Indice < 0 || Indice >= Nota.ListaScaglioni.size())
-        return;
+        return true;
     double Nuovo = ValoreCasella(Nota);
     Nota.cmbValore = Indice;
     if (Indice == Nota.IdxValorePrec)
-        return;
+        return true;
     if (HaRighe(Nota) && !ConfermaRicalcolo()) {
         ScriviImporto(Nota, Nota.ImportoPrec);
         Nota.cmbValore = Nota.IdxValorePrec;
-        return;
+        return false;
     }
 
     const ScaglioneValore& Sca = Nota.ListaScaglioni[Indice];
@@ -189,10 +189,13 @@ void CambiaScaglione(Parcella& Nota, int Indice)
     Nota.RicalcoloNecessario = true;
     Nota.IdxValorePrec = Indice;
     SetModificata(Nota, true);
+    return true;
 }
 
 void LasciaImporto(Parcella& Nota)
 {
+    const double ImpPrima = Nota.ImportoPrec;
+    const bool RicalcoloPrima = Nota.RicalcoloNecessario;
     const double Imp = ValoreCasella(Nota);
     if (Imp > 0)
         ScriviImporto(Nota, Imp);
@@ -202,10 +205,17 @@ void LasciaImporto(Parcella& Nota)
     }
     if (Imp > 0) {
         const ScaglioneValore* Scelto = Nota.ScaglioneSelezionato();
-        if (!Scelto || Fuori(*Scelto, Imp) || Indeterminato(*Scelto))
-            SelSca(Nota, Imp);
-        else
+        if (!Scelto || Fuori(*Scelto, Imp) || Indeterminato(*Scelto)) {
+            if (!SelSca(Nota, Imp)) {
+                // The bracket was refused, and the value with it: everything as before it was typed.
+                Nota.ImportoPrec = ImpPrima;
+                Nota.RicalcoloNecessario = RicalcoloPrima;
+                ScriviImporto(Nota, ImpPrima);
+                return;
+            }
+        } else {
             Nota.ImportoPrec = Imp;
+        }
     }
     SetModificata(Nota, true);
 }

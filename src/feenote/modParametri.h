@@ -18,8 +18,8 @@ void LoadAutorità(Parcella& Nota, const QString& Cat);
 void LoadScaglioni(Parcella& Nota, const QString& Cat);
 
 /// Selects the first bracket whose limits, both inclusive, hold the value (euro), with everything that a
-/// change of the bracket brings; none: the list is left alone.
-void SelSca(Parcella& Nota, double Valore);
+/// change of the bracket brings; none: the list is left alone. @return false when the user refused the change
+bool SelSca(Parcella& Nota, double Valore);
 
 // ---- changes made by the user -------------------------------------------------------------------
 
@@ -30,10 +30,11 @@ void CambiaCategoria(Parcella& Nota, int Indice);
 void CambiaAutorita(Parcella& Nota, int Indice);
 
 /// May be refused when lines exist: the former bracket and value then stand again. A value outside the new
-/// bracket, or any value with the undetermined one, empties the box.
-void CambiaScaglione(Parcella& Nota, int Indice);
+/// bracket, or any value with the undetermined one, empties the box. @return false when the user refused
+bool CambiaScaglione(Parcella& Nota, int Indice);
 
-/// Leaving the box of the value: reformats it, accepts it (rounded to 2 decimals), picks its bracket.
+/// Leaving the box of the value: reformats it, accepts it (rounded to 2 decimals), picks its bracket. When the
+/// user refuses the new bracket, value, box and flag are as before it was typed.
 void LasciaImporto(Parcella& Nota);
 
 // ---- checks and banner --------------------------------------------------------------------------

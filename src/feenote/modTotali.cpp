@@ -168,16 +168,8 @@ void Abilita(Parcella& Nota, Imposta Quale, bool Si)
     (Nota.*Voce.Box).Abilitata = Si;
 }
 
-/// What the regime excludes is cleared as by a click: outside the court costs note for good, so that no later
-/// change of document brings it back.
-void TogliPerRegime(Parcella& Nota)
-{
-    for (const Imposta Quale : {Imposta::IVA, Imposta::RA}) {
-        Togli(Nota, Quale);
-        if (Nota.cmbTipoStampa != StampaNotaGiudiziale)
-            Ricorda(Nota, Quale);
-    }
-}
+/// What the regime excludes. The memory keeps what the note had, for when the regime is lifted.
+constexpr std::array EscluseDalRegime{Imposta::IVA, Imposta::RA};
 
 }  // namespace
 
@@ -212,14 +204,19 @@ void CambiaPercento(Parcella& Nota, Imposta Quale, const QString& Testo)
 
 void CambiaRegime(Parcella& Nota, bool Attivo)
 {
+    const bool NotaGiudiziale = Nota.cmbTipoStampa == StampaNotaGiudiziale;
     Nota.chkRegSempl.Attiva = Attivo;
-    Abilita(Nota, Imposta::IVA, !Attivo);
-    Abilita(Nota, Imposta::RA, !Attivo);
-    Nota.chkIvaDiff.Abilitata = !Attivo;
-    if (Attivo) {
-        TogliPerRegime(Nota);
-        Nota.chkIvaDiff.Attiva = false;
+    for (const Imposta Quale : EscluseDalRegime) {
+        Abilita(Nota, Quale, !Attivo && (Quale == Imposta::IVA || !NotaGiudiziale));
+        if (Attivo)
+            Togli(Nota, Quale);
+        else if (!NotaGiudiziale)
+            Ripristina(Nota, Quale);
     }
+    // Deferred VAT is not remembered: lifting the regime only lets it be ticked again.
+    Nota.chkIvaDiff.Abilitata = !Attivo;
+    if (Attivo)
+        Nota.chkIvaDiff.Attiva = false;
     SetModificata(Nota, true);
 }
 
@@ -265,10 +262,11 @@ void ScegliTipoStampa(Parcella& Nota, int Tipo)
             Ripristina(Nota, Quale);
     }
     Abilita(Nota, Imposta::RA, !NotaGiudiziale);
-    if (Nota.chkRegSempl.Attiva) {
-        TogliPerRegime(Nota);
-        Abilita(Nota, Imposta::IVA, false);
-        Abilita(Nota, Imposta::RA, false);
+    if (!Nota.chkRegSempl.Attiva)
+        return;
+    for (const Imposta Quale : EscluseDalRegime) {
+        Togli(Nota, Quale);
+        Abilita(Nota, Quale, false);
     }
 }
 

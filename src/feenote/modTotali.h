@@ -97,7 +97,8 @@ enum class Imposta { IVA, RA, CP, SpeseGen };
 /// The text of a percent box changed.
 void CambiaPercento(Parcella& Nota, Imposta Quale, const QString& Testo);
 
-/// chkRegSempl changed: VAT, withholding and deferred VAT are cleared or freed.
+/// chkRegSempl changed: VAT and withholding are cleared and disabled, deferred VAT too; lifting it brings back
+/// what the note had, deferred VAT excepted.
 void CambiaRegime(Parcella& Nota, bool Attivo);
 
 /// chkMinMax and chkAcconti changed by the user.

@@ -26,6 +26,9 @@ namespace {
 /// Largest file that ScriviFile completes, 0 without a limit; see LimitaDisco.
 qint64 LimiteDisco = 0;
 
+/// Folder that behaves as a read-only medium, empty without one; see SimulaSupportoBloccato.
+QString SupportoBloccato;
+
 bool ESeparatore(QChar C)
 {
     return C == u'\\' || C == u'/';
@@ -168,6 +171,8 @@ void ImpostaSolaLettura(const QString& Percorso, bool Attiva)
     QFile File(PercorsoNativo(Percorso));
     if (!File.exists())
         throw Errore(53);
+    if (!SupportoBloccato.isEmpty() && File.fileName().startsWith(SupportoBloccato))
+        throw Errore(75);
     constexpr QFile::Permissions Scritture =
         QFile::WriteOwner | QFile::WriteUser | QFile::WriteGroup | QFile::WriteOther;
     const QFile::Permissions Presenti = File.permissions();
@@ -231,6 +236,11 @@ void ScriviFile(const QString& Percorso, const QByteArray& Contenuto)
     }
     if (!File.commit())
         throw Errore(75);
+}
+
+void SimulaSupportoBloccato(const QString& Cartella)
+{
+    SupportoBloccato = PercorsoNativo(Cartella);
 }
 
 void LimitaDisco(qint64 Byte)

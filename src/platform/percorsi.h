@@ -51,6 +51,10 @@ void ScriviFile(const QString& Percorso, const QByteArray& Contenuto);
 /// For tests: no file larger than this is completed by ScriviFile, as on a full disk; 0 lifts the limit.
 void LimitaDisco(qint64 Byte);
 
+/// For tests: files under this folder refuse any change of their attributes, as on a read-only medium, to the
+/// superuser too; an empty path lifts it.
+void SimulaSupportoBloccato(const QString& Cartella);
+
 /// Puts a finished file in the place of another in one step, on the same disk; the other one is gone then.
 /// @throws Errore 53 no such file, 75 refused; both files are then as before
 void SostituisciFile(const QString& Nuovo, const QString& Vecchio);

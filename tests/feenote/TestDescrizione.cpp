@@ -65,6 +65,7 @@ private Q_SLOTS:
     void scaglioneSenzaValore();
     void senzaPrecarica();
     void onorari();
+    void voceNominataDueVolte();
     void spese();
     void percentuali();
     void stragiudizialePerDescrizione();
@@ -196,6 +197,17 @@ void TestDescrizione::onorari()
     QCOMPARE(Importi(Nota, 0), QList<double>({60, 60, 30, 90}));  // three hours begun
     QCOMPARE(Importi(Nota, 1), QList<double>({300, 300, 150, 1200}));
     QCOMPARE(Importi(Nota, 2), QList<double>({7, 3600, 1080, 5400}));  // 3.01 + 0.49 to the even 4
+}
+
+void TestDescrizione::voceNominataDueVolte()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;  // a question would fail the test: the description has decided already
+    const QJsonArray Onorari{QJsonObject{{u"voce"_s, 1}}, QJsonObject{{u"voce"_s, 1}}};
+    const Parcella Nota =
+        CreaDaDescrizione(Json(DatiCivili({{u"precarica"_s, false}, {u"onorari"_s, Onorari}})));
+    QCOMPARE(Nota.xOnorari.Righe(), 2);
+    QCOMPARE(CalcolaSomme(Nota).TotOnorari, 2400.0);
 }
 
 void TestDescrizione::spese()

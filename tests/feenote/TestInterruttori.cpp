@@ -66,7 +66,7 @@ private Q_SLOTS:
     void avvisoUnaVoltaSola();
     void percentoDigitato();
     void regimeAgevolato();
-    void regimeLasciatoNonRimette();
+    void regimeLasciatoRimette();
     void regimeNellaNotaGiudiziale();
     void tipiDiStampa_data();
     void tipiDiStampa();
@@ -183,19 +183,20 @@ void TestInterruttori::regimeAgevolato()
     QCOMPARE(Abilitati(Nota), u"001111"_s);
 }
 
-void TestInterruttori::regimeLasciatoNonRimette()
+void TestInterruttori::regimeLasciatoRimette()
 {
     const Studio Ufficio;
     Parcella Nota;
     QVERIFY(!ClicImposta(Nota, Imposta::IVA, true));
+    Nota.chkIvaDiff.Attiva = true;
     CambiaRegime(Nota, true);
+    ScegliTipoStampa(Nota, StampaFatturaAnalitica);
     CambiaRegime(Nota, false);
     QCOMPARE(Abilitati(Nota), u"111111"_s);
+    // The note has again what it had; deferred VAT alone must be ticked anew.
+    QCOMPARE(Stato(Nota), u"21 - - - - -"_s);
     QVERIFY(Nota.chkIvaDiff.Abilitata);
-    // What was cleared stays cleared: the user ticks it again, and no document does it for him.
-    QCOMPARE(Stato(Nota), u"- - - - - -"_s);
-    ScegliTipoStampa(Nota, StampaFatturaAnalitica);
-    QCOMPARE(Stato(Nota), u"- - - - - -"_s);
+    QVERIFY(!Nota.chkIvaDiff.Attiva);
 }
 
 void TestInterruttori::regimeNellaNotaGiudiziale()

@@ -36,6 +36,7 @@ private Q_SLOTS:
     void valoreFuoriScaglioneSvuotaLaCasella();
     void valoreIndeterminatoAzzera();
     void scaglioneRifiutatoRimetteTutto();
+    void valoreRifiutatoRimetteTutto();
     void stessoScaglioneNonChiede();
     void importoCambiatoChiedeRicalcolo();
     void limiteDelValoreRichiesto();
@@ -344,6 +345,27 @@ void TestParametri::scaglioneRifiutatoRimetteTutto()
     QCOMPARE(Nota.cmbValore, 5);
     QCOMPARE(Nota.Scaglione, 6);
     QVERIFY(Nota.RicalcoloNecessario);
+}
+
+void TestParametri::valoreRifiutatoRimetteTutto()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota = NotaCivile();
+    RigaSpesa(Nota, 10.0, 0.0);
+    Nota.RicalcoloNecessario = false;
+    const double Prima = Nota.ImportoPrec;
+    const QString TestoPrima = Nota.txtImporto.Testo;
+
+    // The typed value belongs to another bracket, and the user refuses the recalculation.
+    Nota.txtImporto.Testo = u"1000"_s;
+    Messaggi.Attendi(Domanda, vbNo, u"Domanda:"_s);
+    LasciaImporto(Nota);
+    QCOMPARE(Nota.ImportoPrec, Prima);
+    QCOMPARE(Nota.txtImporto.Testo, TestoPrima);
+    QCOMPARE(Nota.cmbValore, 2);
+    QVERIFY(!Nota.RicalcoloNecessario);
+    QVERIFY(CheckOK(Nota, true));
 }
 
 void TestParametri::stessoScaglioneNonChiede()
