@@ -1,0 +1,144 @@
+#include "core/Main.h"
+
+#include "core/comandi.h"
+#include "core/frmMain.h"
+#include "core/frmStudio.h"
+#include "core/modAvvio.h"
+#include "core/modErrori.h"
+#include "core/primouso.h"
+#include "core/singola.h"
+#include "platform/impostazioni.h"
+#include "platform/messaggi.h"
+#include "platform/percorsi.h"
+#include "platform/shell.h"
+
+#include <QApplication>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QStringView PrefissoPV2 = u"PV2|";
+constexpr qsizetype LetteraPV2 = 4;    // the fifth character
+constexpr qsizetype RichiestaPV2 = 6;  // what follows "PV2|N|"
+constexpr QStringView ParolaDebug = u"debug";
+
+QString Parametro(const QString& Di, const QString& Chiave)
+{
+    return GetSetting(Di, SezioneParametri.toString(), Chiave);
+}
+
+/// Opens what the companion application asks for.
+/// @return false when its request cannot be read, and the process ends
+bool ApriRichiesta(const QString& Riga)
+{
+    const QChar Lettera = Riga.size() > LetteraPV2 ? Riga[LetteraPV2] : QChar();
+    if (Lettera == u'N') {
+        if (!LeggiRichiestaPV2(Riga.mid(RichiestaPV2))) {
+            MsgBox(u"Errore di automazione programma VDM!"_s);
+            return false;
+        }
+        EseguiComando(u"new"_s, 0, sessione::RichiestaPV2.ID);
+    } else if (Lettera == u'E' && Aperture.ApriParcella) {
+        Aperture.ApriParcella(Riga.mid(RichiestaPV2), 0, {});
+    }
+    return true;
+}
+
+bool AvvioAutomazione(const QString& Riga)
+{
+    if (InternetConnesso())
+        RicercaAllAvvio();
+    if (!ApriRichiesta(Riga))
+        return false;
+    sessione::CartellaLocale = Barra(Parametro(u"Praxivo"_s, u"CartellaLocale"_s));
+    sessione::ArchivioPrat = Parametro(u"Praxivo"_s, u"ArchivioPrat"_s);
+    return true;
+}
+
+void AvvioNormale(const QString& Riga)
+{
+    if (Riga.left(ParolaDebug.size()).compare(ParolaDebug, Qt::CaseInsensitive) == 0)
+        sessione::ModoDebug = true;
+    Singola<frmStudio>().Mostra();
+}
+
+/// @return false when the process is to end at once
+bool Avvia(const QString& Riga)
+{
+    if (Riga == u"-low") {
+        sessione::ModoLow = true;
+        EseguiComando(u"new"_s, 0, {});
+    } else if (Riga.startsWith(PrefissoPV2)) {
+        return AvvioAutomazione(Riga);
+    } else {
+        AvvioNormale(Riga);
+    }
+    return true;
+}
+
+void MostraAvviso()
+{
+    constexpr int LarghezzaTwip = 10200;
+    constexpr int AltezzaTwip = 7600;
+    if (AvvisoDaMostrare() && Aperture.Avviso)
+        Aperture.Avviso({sessione::PercorsoProg + u"avvisokr6.htm"_s, u"KR5 - Avviso agli abbonati"_s,
+                         u"avvisokr5"_s, LarghezzaTwip, AltezzaTwip});
+}
+
+}  // namespace
+
+void Main(const QString& RigaDiComando)
+{
+    bool Avviato = true;
+    Protetta([&] {
+        AzzeraParcelle();
+        sessione::PercorsoVDM = Barra(Parametro(u"VDM2"_s, u"PercorsoProcedura"_s));
+        PrimoUso();
+        ImpostaVariabili();
+        Avviato = Avvia(RigaDiComando);
+        if (Avviato)
+            MostraAvviso();
+    });
+    if (Avviato)
+        FineSenzaFinestre();
+    else
+        Termina();
+}
+
+void RicercaAllAvvio()
+{
+    if (sessione::CercaAgg && Aperture.CercaAggiornamenti)
+        Aperture.CercaAggiornamenti();
+}
+
+bool AvvisoDaMostrare()
+{
+    if (sessione::ModoLow)
+        return false;
+    // The viewer writes the marker into the user folder where the program folder refuses it.
+    const QString Nome = u"avvisokr5.ini"_s;
+    return !EsisteFile(TrovaFile(sessione::PercorsoProg + Nome)) &&
+           !EsisteFile(TrovaFile(Barra(sessione::UserFolder) + Nome));
+}
+
+void FineSenzaFinestre()
+{
+    const QWidgetList Finestre = QApplication::topLevelWidgets();
+    if (std::ranges::none_of(Finestre, [](const QWidget* Una) { return Una->isVisible(); }))
+        Termina();
+}
+
+void DopoUltimaParcella()
+{
+    auto& Cornice = Singola<frmMain>();
+    Protetta([&] { Cornice.SalvaMisure(); });
+    if (sessione::ModoLow) {
+        Termina();
+        return;
+    }
+    Singola<frmStudio>().Mostra();
+    Cornice.ScaricaInCoda();
+}

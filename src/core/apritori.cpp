@@ -1,0 +1,64 @@
+#include "core/apritori.h"
+
+#include "core/Main.h"
+#include "core/comandi.h"
+#include "core/frmMain.h"
+#include "core/frmSetup.h"
+#include "core/sessione.h"
+#include "core/singola.h"
+#include "feenote/finestre.h"
+#include "feenote/frmParcelle.h"
+#include "platform/messaggi.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Runs something on the window of a place, if it was ever made.
+template <class Azione>
+void Su(int Indice, Azione Fai)
+{
+    if (frmParcelle* Finestra = Parcelle(Indice))
+        Fai(*Finestra);
+}
+
+/// The file of a note is asked for in the folder of notes, or of templates.
+void TrovaParcella(int Selettore)
+{
+    const bool Modelli = Selettore == 1;
+    const QString File =
+        DialogoApri(Modelli ? u"Apri da modelli"_s : u"Apri da parcelle salvate"_s,
+                    Modelli ? sessione::ModelliPath : sessione::ParcellePath, u"Parcelle (*.mdb)|*.mdb"_s);
+    if (!File.isEmpty())
+        ApriParcella(File, 0, {});
+}
+
+void RiempiParcelle()
+{
+    Aperture.ApriParcella = ApriParcella;
+    Aperture.TrovaParcella = TrovaParcella;
+    Aperture.ChiudiParcella = ChiudiParcella;
+    Aperture.SalvaParcella = [](int Indice, bool ComeModello) {
+        Su(Indice, [=](frmParcelle& Finestra) { (void)Finestra.SalvaParcella(ComeModello); });
+    };
+    Aperture.VaiAllaScheda = [](int Indice, int Scheda) {
+        Su(Indice, [=](frmParcelle& Finestra) { Finestra.VaiAllaScheda(Scheda); });
+    };
+    Aperture.Proteggi = [](int Indice) { Su(Indice, [](frmParcelle& Finestra) { Finestra.Proteggi(); }); };
+    Aperture.SchedaCorrente = [](int Indice) {
+        const frmParcelle* Finestra = Parcelle(Indice);
+        return Finestra ? Finestra->Scheda() : -1;
+    };
+}
+
+}  // namespace
+
+void RiempiApritori()
+{
+    RiempiParcelle();
+    Aperture.Impostazioni = [](int Scheda) { Singola<frmSetup>().Mostra(Scheda); };
+
+    AreaParcelle = [] { return Singola<frmMain>().Area(); };
+    ParcellaAttivata = [](int Indice) { Singola<frmMain>().ImpostaTag(QString::number(Indice)); };
+    UltimaParcellaChiusa = DopoUltimaParcella;
+}

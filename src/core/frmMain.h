@@ -1,0 +1,65 @@
+// The main frame: toolbar and client area of the fee-note windows.
+#pragma once
+
+#include <QMainWindow>
+#include <QPixmap>
+
+#include <memory>
+
+class QMdiArea;
+class QMdiSubWindow;
+
+namespace Ui {
+class frmMain;
+}
+
+class frmMain : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    frmMain();
+    ~frmMain() override;
+
+    /// The client area of the note windows; brings the frame up.
+    [[nodiscard]] QMdiArea* Area();
+
+    /// Index of the note window activated last, empty when there is none: the target of the toolbar.
+    [[nodiscard]] QString Tag() const { return Bersaglio; }
+    void ImpostaTag(const QString& Indice) { Bersaglio = Indice; }
+
+    /// Gives the client area a picture, stretched to its size; a null one takes it away.
+    void BackImage(const QPixmap& Immagine);
+
+    /// Shows a sheet of the legal guide, by the name of its page.
+    void ShowGuida(const QString& Nome);
+
+    /// Saves MainWidth and MainHeight, in twips, of the frame when it is not maximised.
+    /// @throws Errore 75
+    void SalvaMisure() const;
+
+    /// Hides the frame by a queued call, unless a note is open again by then; its next use loads it anew.
+    void ScaricaInCoda();
+
+    /// A click on a button of the toolbar, by its key: runs the command on the target window, after the open
+    /// field was left.
+    void barParcelle_ButtonClick(const QString& Chiave);
+    /// A choice in the menu of a button.
+    void barParcelle_ButtonMenuClick(const QString& Chiave);
+
+protected:
+    void closeEvent(QCloseEvent* Evento) override;
+    void resizeEvent(QResizeEvent* Evento) override;
+
+private:
+    void CreaBarra();
+    void CreaMenu(QAction* Pulsante, const QString& Chiave);
+    void CreaProcedure();
+    void Form_Load();
+    void Riscala();
+    void AllaScelta(QMdiSubWindow* Finestra);
+
+    std::unique_ptr<Ui::frmMain> ui;
+    QString Bersaglio;
+    QPixmap Sfondo;
+};

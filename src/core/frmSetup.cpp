@@ -1,0 +1,145 @@
+#include "core/frmSetup.h"
+
+#include "core/comandi.h"
+#include "core/frmStudio.h"
+#include "core/modAvvio.h"
+#include "core/modErrori.h"
+#include "core/singola.h"
+#include "platform/aspetto.h"
+#include "platform/campo.h"
+#include "platform/collega.h"
+#include "platform/impostazioni.h"
+#include "platform/messaggi.h"
+
+#include "ui_frmSetup.h"
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A box and the key that it shows.
+struct CampoImpostazione
+{
+    QLineEdit* Ui::frmSetup::*Campo;
+    QStringView Chiave;
+    QStringView Predefinito;
+};
+
+constexpr std::array Campi{
+    CampoImpostazione{&Ui::frmSetup::txtNomeStudio, u"StudioNome", u""},
+    CampoImpostazione{&Ui::frmSetup::txtIndStudio, u"StudioIndir", u""},
+    CampoImpostazione{&Ui::frmSetup::txtCittaStudio, u"StudioCitta", u""},
+    CampoImpostazione{&Ui::frmSetup::txtEMail, u"StudioMail", u""},
+    CampoImpostazione{&Ui::frmSetup::txtCodFisStudio, u"StudioCodFisc", u""},
+    CampoImpostazione{&Ui::frmSetup::txtPivaStudio, u"StudioPIva", u""},
+    CampoImpostazione{&Ui::frmSetup::txtFirma, u"Firma", u""},
+    CampoImpostazione{&Ui::frmSetup::txtFirmaDigit, u"FirmaDigit", u""},
+    CampoImpostazione{&Ui::frmSetup::txtIBAN, u"Iban", u""},
+};
+
+/// A box that must not be empty, in the order in which they are looked at.
+struct Obbligo
+{
+    QLineEdit* Ui::frmSetup::*Campo;
+    int Scheda;
+    QStringView Messaggio;
+};
+
+constexpr std::array Obblighi{
+    Obbligo{&Ui::frmSetup::txtNomeStudio, frmSetup::SchedaDatiStudio,
+            u"Non è stato specificato il nome dello studio!"},
+    Obbligo{&Ui::frmSetup::txtIndStudio, frmSetup::SchedaDatiStudio, u"Non è stato specificato l'indirizzo!"},
+    Obbligo{&Ui::frmSetup::txtCittaStudio, frmSetup::SchedaDatiStudio, u"Non è stata specificato la città!"},
+    Obbligo{&Ui::frmSetup::txtEMail, frmSetup::SchedaDatiStudio, u"Non è stata specificata la mail!"},
+};
+
+}  // namespace
+
+frmSetup::frmSetup() : ui(std::make_unique<Ui::frmSetup>())
+{
+    ui->setupUi(this);
+    aspetto::AssegnaMnemonici(this);
+    aspetto::AssegnaNomiAccessibili(this);
+    Collega<QAbstractButton>(ui->cmdSaveImpost, &QAbstractButton::clicked, this,
+                             [this] { cmdSaveImpost_Click(); });
+    Collega<QAbstractButton>(ui->cmdChiudi, &QAbstractButton::clicked, this, [this] { close(); });
+}
+
+frmSetup::~frmSetup() = default;
+
+void frmSetup::Prepara(int Quale)
+{
+    if (!isVisible()) {
+        LoadValori();
+        ui->txtNomeStudio->setFocus();
+    }
+    ChangeTab(Quale);
+}
+
+void frmSetup::Mostra(int Quale)
+{
+    Prepara(Quale);
+    show();
+    raise();
+    activateWindow();
+}
+
+void frmSetup::MostraModale(int Quale)
+{
+    Prepara(Quale);
+    if (!isVisible())
+        exec();
+}
+
+void frmSetup::ChangeTab(int Quale)
+{
+    if (Quale >= 0 && Quale < ui->tabSetup->count())
+        ui->tabSetup->setCurrentIndex(Quale);
+}
+
+void frmSetup::LoadValori()
+{
+    for (const CampoImpostazione& Uno : Campi)
+        (ui.get()->*Uno.Campo)
+            ->setText(GetSetting(NomeApplicazione.toString(), SezioneParametri.toString(),
+                                 Uno.Chiave.toString(), Uno.Predefinito.toString()));
+}
+
+bool frmSetup::CheckValori()
+{
+    for (const Obbligo& Uno : Obblighi) {
+        QLineEdit* Campo = ui.get()->*Uno.Campo;
+        if (!Campo->text().trimmed().isEmpty())
+            continue;
+        MsgErrore(Uno.Messaggio.toString());
+        ChangeTab(Uno.Scheda);
+        RidaiFuoco(Campo);
+        return false;
+    }
+    return true;
+}
+
+void frmSetup::SalvaValori() const
+{
+    for (const CampoImpostazione& Uno : Campi)
+        SaveSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Uno.Chiave.toString(),
+                    (ui.get()->*Uno.Campo)->text());
+}
+
+void frmSetup::cmdSaveImpost_Click()
+{
+    if (!CheckValori() || !Protetta([this] { SalvaValori(); }))
+        return;
+    ImpostaVariabili();
+    if (const auto& Studio = SeCaricato<frmStudio>)
+        Studio->SegnaRidisegno();
+    MsgBox(u"Le impostazioni sono state memorizzate!"_s, vbInformation, TitoloMessaggio.toString());
+    if (ParcellaAperta())
+        MsgBox(u"Per essere certi della piena operatività è consigliabile riavviare il programma."_s,
+               vbInformation, TitoloMessaggio.toString());
+    // Opened by the start, the form has done what it was opened for.
+    if (isModal())
+        accept();
+}

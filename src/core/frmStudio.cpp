@@ -1,0 +1,406 @@
+#include "core/frmStudio.h"
+
+#include "core/Main.h"
+#include "core/comandi.h"
+#include "core/frmMain.h"
+#include "core/frmSetup.h"
+#include "core/iconastudio.h"
+#include "core/indirizzi.h"
+#include "core/modErrori.h"
+#include "core/modIcone.h"
+#include "core/modLancio.h"
+#include "core/sessione.h"
+#include "core/singola.h"
+#include "platform/aspetto.h"
+#include "platform/collega.h"
+#include "platform/messaggi.h"
+#include "platform/percorsi.h"
+#include "platform/shell.h"
+
+#include "ui_frmStudio.h"
+
+#include <QCloseEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString NomePosto = u"frmStudio"_s;
+const QString PrefissoUtente = u"user"_s;
+
+struct IconaFissa
+{
+    QStringView Etichetta;
+    QStringView Comando;
+    QStringView Figura;
+};
+
+constexpr std::array Fisse{
+    IconaFissa{u"Parcellazione nuove tariffe", u"new", u"new"},
+    IconaFissa{u"Parcellazione vecchie tariffe", u"kr2", u"kr2"},
+    IconaFissa{u"Rubrica clienti", u"clienti", u"clienti"},
+    IconaFissa{u"Computo termini", u"termini", u"termini"},
+    IconaFissa{u"Termini sequenziali", u"sequenz", u"sequenz"},
+    IconaFissa{u"Calcolo interessi", u"inter", u"inter"},
+    IconaFissa{u"Rivalutazione Istat", u"istat", u"istat"},
+    IconaFissa{u"Codice fiscale", u"codfis", u"codfis"},
+    IconaFissa{u"Contributo unificato", u"contrib", u"contrib"},
+    IconaFissa{u"Documentazione normativa", u"docum", u"docum"},
+    IconaFissa{u"Guida giuridica", u"guida", u"guida"},
+    IconaFissa{u"Elenco siti web utili", u"link", u"link"},
+    IconaFissa{u"Novità", u"novita", u"novita"},
+    IconaFissa{u"Aggiorna programma", u"upgrade", u"upgrade"},
+    IconaFissa{u"Impostazioni", u"setup", u"setup"},
+};
+
+/// Three rows of five, in the columns of the user's icons, which follow below them.
+QPoint PostoFisso(int Indice)
+{
+    constexpr int PerRiga = 5;
+    constexpr int Alto = 12;
+    constexpr int Passo = 100;
+    return {PostoIcona(0).x() + Indice % PerRiga * Passo, Alto + Indice / PerRiga * Passo};
+}
+
+/// The sign at the left of the icons: the program's picture and title, the name of the office.
+class Insegna : public QWidget
+{
+public:
+    explicit Insegna(QWidget* Padre) : QWidget(Padre)
+    {
+        constexpr QRect Posto(8, 12, 100, 288);
+        setObjectName(u"imgBase"_s);
+        setGeometry(Posto);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        constexpr int LatoFigura = 64;
+        constexpr int Spazio = 8;
+        QPainter Pennello(this);
+        QRect Figura(0, 1, LatoFigura, LatoFigura);
+        Figura.moveLeft((width() - LatoFigura) / 2);
+        windowIcon().paint(&Pennello, Figura);
+        QFont Grassetto = font();
+        Grassetto.setBold(true);
+        Pennello.setFont(Grassetto);
+        const int RigaTitolo = QFontMetrics(Grassetto).height();
+        const QRect Titolo(0, Figura.bottom() + Spazio, width(), RigaTitolo);
+        Scrivi(Pennello, Titolo, sessione::TitoloProdotto);
+        Pennello.setFont(font());
+        Scrivi(Pennello, rect().adjusted(0, Titolo.bottom() + Spazio, 0, 0), sessione::StudioNome);
+    }
+
+private:
+    static void Scrivi(QPainter& Pennello, const QRect& Dove, const QString& Testo)
+    {
+        TextBorder(Pennello, Dove, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, Testo,
+                   aspetto::DaBgr(sessione::ColoreEtichette), aspetto::DaBgr(sessione::ColoreEtichetteBordo));
+    }
+};
+
+bool DiUtente(const IconaStudio* Icona)
+{
+    return Icona->Tag().startsWith(PrefissoUtente);
+}
+
+/// Opens the target of a user's icon: an address, or a program in the program folder.
+void ApriCollegamento(int Riga)
+{
+    const QString Destinazione = IconeUtente(Riga, IconaCollegamento).toString();
+    if (Destinazione.startsWith(u"http") || Destinazione.startsWith(u"www")) {
+        ApriUrl(Destinazione);
+        return;
+    }
+    const int Esito = AvviaProgramma(Destinazione, {}, sessione::PercorsoProg);
+    if (Esito != 0)
+        throw Errore(Esito);
+}
+
+/// How far an icon lies in the direction of an arrow; infinite when it lies elsewhere.
+double Distanza(const QPoint& Da, const QPoint& A, int Tasto)
+{
+    const QPoint Via = A - Da;
+    const bool Orizzontale = Tasto == Qt::Key_Left || Tasto == Qt::Key_Right;
+    const int Avanti =
+        (Orizzontale ? Via.x() : Via.y()) * (Tasto == Qt::Key_Left || Tasto == Qt::Key_Up ? -1 : 1);
+    const int Lato = std::abs(Orizzontale ? Via.y() : Via.x());
+    // Rows are a hundred pixels apart and a few off each other's columns.
+    constexpr int StessaFila = 40;
+    if (Avanti < StessaFila || (Orizzontale && Lato > StessaFila))
+        return std::numeric_limits<double>::infinity();
+    constexpr double PesoLato = 0.5;
+    return Avanti + PesoLato * Lato;
+}
+
+}  // namespace
+
+frmStudio::frmStudio() : ui(std::make_unique<Ui::frmStudio>())
+{
+    ui->setupUi(this);
+    ui->txtTraceError->hide();
+    ui->piede->setAutoFillBackground(true);
+    ui->areaQuadro->viewport()->setAutoFillBackground(false);
+    ui->quadro->setAutoFillBackground(false);
+    ui->imgClose->setIcon(aspetto::Icona(u"exit"_s));
+    new Insegna(ui->quadro);
+    CreaIconeFisse();
+    const auto Premuto = &QAbstractButton::clicked;
+    Collega<QAbstractButton>(ui->imgClose, Premuto, this, [this] { close(); });
+    Collega<QAbstractButton>(ui->imgMarvenna, Premuto, this, [] { ApriUrl(indirizzi::Editore.toString()); });
+    Collega<QAbstractButton>(ui->imgQB, Premuto, this, [] { ApriUrl(indirizzi::Sviluppatore.toString()); });
+    aspetto::AssegnaNomiAccessibili(this);
+    MostraTraccia = [Io = QPointer(this)](const QString& Testo) {
+        if (Io)
+            Io->MostraTracciaDebug(Testo);
+    };
+    LoadGraph();
+}
+
+frmStudio::~frmStudio() = default;
+
+void frmStudio::Mostra()
+{
+    if (!isVisible())
+        aspetto::RimettiAlPosto(this, NomePosto);
+    show();
+    raise();
+    activateWindow();
+}
+
+// ---- icons --------------------------------------------------------------------------------------
+
+void frmStudio::CreaIconeFisse()
+{
+    for (size_t i = 0; i < Fisse.size(); ++i) {
+        IconaStudio* Icona =
+            NuovaIcona(Fisse[i].Etichetta.toString(), Fisse[i].Comando.toString(), PostoFisso(int(i)));
+        Icona->ImpostaIcona(aspetto::Icona(Fisse[i].Figura.toString()));
+    }
+}
+
+IconaStudio* frmStudio::NuovaIcona(const QString& Etichetta, const QString& Tag, const QPoint& Dove)
+{
+    const int Indice = NumeroIcone();
+    auto* Icona = new IconaStudio(Etichetta, Tag, ui->quadro);
+    Icona->setObjectName(u"imgMenu_"_s + QString::number(Indice));
+    Icona->MettiImmagine(Dove);
+    Icona->show();
+    Icone.push_back(Icona);
+    Collega(Icona, &IconaStudio::Puntata, this,
+            [this, Indice](bool Sopra) { Menu(Sopra ? Indice : NessunaIcona); });
+    Collega(Icona, &IconaStudio::Freccia, this, [this, Indice](int Tasto) { Sposta(Indice, Tasto); });
+    Collega<QAbstractButton>(Icona, &QAbstractButton::clicked, this, [this, Tag] { imgMenu_Click(Tag); });
+    return Icona;
+}
+
+IconaStudio* frmStudio::imgMenu(int Indice) const
+{
+    return Indice >= 0 && Indice < NumeroIcone() ? Icone[size_t(Indice)] : nullptr;
+}
+
+void frmStudio::LoadIconsFromIniFile()
+{
+    LeggiIconeUtente();
+    for (int Riga = 0; Riga < IconeUtente.Righe(); ++Riga) {
+        const QPoint Posto = PostoIcona(Riga);
+        DrawNewIcon(IconeUtente(Riga, IconaTitolo).toString(),
+                    IconeUtente(Riga, IconaCollegamento).toString(),
+                    IconeUtente(Riga, IconaFigura).toString(), Riga, Posto.x(), Posto.y());
+    }
+}
+
+void frmStudio::DrawNewIcon(const QString& Etichetta, const QString& Destinazione, const QString& Figura,
+                            int Riga, int X, int Y)
+{
+    IconaStudio* Icona = NuovaIcona(Etichetta, PrefissoUtente + QString::number(Riga), {X, Y});
+    Icona->ImpostaFigura(QPixmap(TrovaFile(sessione::PercorsoProg + Barra(u"icone"_s) + Figura)));
+    Icona->setToolTip(u"Icona personale: "_s + Etichetta);
+    Icona->setAccessibleDescription(Destinazione);
+}
+
+void frmStudio::imgMenu_Click(const QString& Tag)
+{
+    Clessidra(true);
+    Protetta([&] {
+        if (Tag.startsWith(PrefissoUtente))
+            ApriCollegamento(Tag.mid(PrefissoUtente.size()).toInt());
+        else if (!Tag.isEmpty())
+            EseguiComando(Tag, 0, {});
+    });
+    Clessidra(false);
+}
+
+void frmStudio::Menu(int Indice)
+{
+    if (Indice == IconaMarcata)
+        return;
+    IconaMarcata = Indice;
+    for (int i = 0; i < NumeroIcone(); ++i)
+        Icone[size_t(i)]->Colora(
+            aspetto::DaBgr(i == Indice ? sessione::ColoreEtichettaSel : sessione::ColoreEtichette),
+            aspetto::DaBgr(sessione::ColoreEtichetteBordo));
+}
+
+void frmStudio::Sposta(int Da, int Tasto)
+{
+    int Meta = Da;
+    if (Tasto == Qt::Key_Home || Tasto == Qt::Key_End) {
+        Meta = Tasto == Qt::Key_Home ? 0 : NumeroIcone() - 1;
+    } else {
+        double Minima = std::numeric_limits<double>::infinity();
+        for (int i = 0; i < NumeroIcone(); ++i) {
+            const double Via = Distanza(Icone[size_t(Da)]->pos(), Icone[size_t(i)]->pos(), Tasto);
+            if (Via < Minima) {
+                Minima = Via;
+                Meta = i;
+            }
+        }
+    }
+    Icone[size_t(Meta)]->setFocus(Qt::TabFocusReason);
+    ui->areaQuadro->ensureWidgetVisible(Icone[size_t(Meta)], 0, 0);
+}
+
+void frmStudio::keyPressEvent(QKeyEvent* Evento)
+{
+    switch (Evento->key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Home:
+        Sposta(0, Qt::Key_Home);
+        break;
+    case Qt::Key_End:
+        Sposta(0, Qt::Key_End);
+        break;
+    default:
+        QWidget::keyPressEvent(Evento);
+    }
+}
+
+// ---- picture ------------------------------------------------------------------------------------
+
+void frmStudio::LoadGraph()
+{
+    DaRidisegnare = false;
+    const QString File = TrovaFile(sessione::PercorsoProg + Barra(u"sfondi"_s) + sessione::SfondoDesktop);
+    Sfondo = EsisteFile(File) ? QPixmap(File) : QPixmap();
+    SfondoSteso = QPixmap();
+
+    const auto Utente = std::stable_partition(Icone.begin(), Icone.end(),
+                                              [](const IconaStudio* Icona) { return !DiUtente(Icona); });
+    std::for_each(Utente, Icone.end(), [](IconaStudio* Icona) { delete Icona; });
+    Icone.erase(Utente, Icone.end());
+    LoadIconsFromIniFile();
+    AdattaQuadro();
+
+    IconaMarcata = 0;  // so that the marks are written anew
+    Menu(NessunaIcona);
+    ui->lblRelease->setText(u"Release "_s + QStringLiteral(VERSIONE_PROGRAMMA));
+    setWindowTitle(sessione::TitoloProdotto);
+    update();
+}
+
+void frmStudio::AdattaQuadro()
+{
+    QRect Tutte;
+    for (const IconaStudio* Icona : Icone)
+        Tutte |= Icona->geometry();
+    ui->quadro->setMinimumSize(Tutte.right() + 1, Tutte.bottom() + 1);
+}
+
+void frmStudio::paintEvent(QPaintEvent*)
+{
+    QPainter Pennello(this);
+    if (Sfondo.isNull()) {
+        Pennello.fillRect(rect(), aspetto::DaBgr(sessione::ColoreSfondoDesktop));
+    } else {
+        const QSize Misura = (QSizeF(size()) * devicePixelRatioF()).toSize();
+        if (SfondoSteso.size() != Misura)
+            SfondoSteso = Sfondo.scaled(Misura, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        Pennello.drawPixmap(rect(), SfondoSteso);
+    }
+    // The first activation comes behind the first picture: a message of the start lies over a desktop.
+    if (!Dipinta) {
+        Dipinta = true;
+        AttivaInCoda();
+    }
+}
+
+void frmStudio::MostraTracciaDebug(const QString& Testo)
+{
+    ui->txtTraceError->show();
+    ui->txtTraceError->setPlainText(Testo);
+    ui->txtTraceError->moveCursor(QTextCursor::End);
+    // At once: the trace is read while a long operation holds the events back.
+    ui->txtTraceError->repaint();
+}
+
+// ---- activation ---------------------------------------------------------------------------------
+
+bool frmStudio::event(QEvent* Evento)
+{
+    if (Evento->type() == QEvent::WindowDeactivate) {
+        Coperta = QApplication::activeModalWidget() != nullptr;
+    } else if (Evento->type() == QEvent::WindowActivate) {
+        if (!Coperta && Dipinta)
+            AttivaInCoda();
+        Coperta = false;
+    }
+    return QWidget::event(Evento);
+}
+
+void frmStudio::AttivaInCoda()
+{
+    QMetaObject::invokeMethod(
+        this, [this] { Protetta([this] { Form_Activate(); }); }, Qt::QueuedConnection);
+}
+
+void frmStudio::Form_Activate()
+{
+    // A message shown below takes the activation away and gives it back.
+    if (InAttivazione || !isVisible())
+        return;
+    const QScopedValueRollback Guardia(InAttivazione, true);
+    if (sessione::ModoDebug)
+        TraceDebug(u"avvio form programma"_s);
+    if (DaRidisegnare)
+        LoadGraph();
+    Menu(NessunaIcona);
+    VerificaPreparazione();
+    if (const auto& Cornice = SeCaricato<frmMain>; Cornice && Cornice->isVisible() && !ParcellaAperta())
+        Cornice->ScaricaInCoda();
+    RicercaAllAvvio();
+    if (sessione::ModoDebug)
+        TraceDebug(u"fine form programma"_s);
+}
+
+void frmStudio::VerificaPreparazione()
+{
+    const bool Archivio = !sessione::PercorsoProg.isEmpty() &&
+                          EsisteFile(TrovaFile(sessione::PercorsoProg + u"parcelle.mdb"_s));
+    if (!Archivio) {
+        MsgErrore(u"Impostare la cartella dell'archivio parcelle!"_s);
+        Singola<frmSetup>().MostraModale(frmSetup::SchedaSetup);
+    } else if (sessione::StudioNome.isEmpty()) {
+        MsgBox(u"Il programma non è stato ancora personalizzato. E' pertanto necessario procedere\n"_s
+               u"all'inserimento dei dati identificativi dello studio."_s,
+               vbInformation, TitoloMessaggio.toString());
+        Singola<frmSetup>().MostraModale(frmSetup::SchedaDatiStudio);
+    }
+}
+
+void frmStudio::closeEvent(QCloseEvent* Evento)
+{
+    Protetta([this] { aspetto::RicordaPosto(this, NomePosto); });
+    Evento->accept();
+    Termina();
+}

@@ -1,0 +1,79 @@
+// The desktop: background, icons, and the way out of the program.
+#pragma once
+
+#include <QPixmap>
+#include <QWidget>
+
+#include <memory>
+#include <vector>
+
+class IconaStudio;
+
+namespace Ui {
+class frmStudio;
+}
+
+class frmStudio : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// Argument of Menu that marks none.
+    static constexpr int NessunaIcona = 999;
+
+    frmStudio();
+    ~frmStudio() override;
+
+    /// Shows the desktop in front, where it was left.
+    void Mostra();
+
+    /// Paints the desktop anew from the session: background, the user's icons, colours, version.
+    void LoadGraph();
+    /// LoadGraph is due at the next activation.
+    void SegnaRidisegno() { DaRidisegnare = true; }
+
+    /// Fills IconeUtente from its file and builds the icons.
+    void LoadIconsFromIniFile();
+    /// Makes one icon of the user's.
+    /// @param Riga row of IconeUtente
+    /// @param X,Y upper left corner of the picture, in pixels
+    void DrawNewIcon(const QString& Etichetta, const QString& Destinazione, const QString& Figura, int Riga,
+                     int X, int Y);
+
+    /// Marks an icon by the colour of its label; NessunaIcona takes the mark away.
+    void Menu(int Indice);
+    [[nodiscard]] int Marcata() const { return IconaMarcata; }
+
+    /// An element of imgMenu (and lblIcone), null outside.
+    [[nodiscard]] IconaStudio* imgMenu(int Indice) const;
+    [[nodiscard]] int NumeroIcone() const { return int(Icone.size()); }
+
+    /// What the activation of the desktop does: unfinished set-up is told, the frame of the last note goes.
+    void Form_Activate();
+
+protected:
+    bool event(QEvent* Evento) override;
+    void closeEvent(QCloseEvent* Evento) override;
+    void keyPressEvent(QKeyEvent* Evento) override;
+    void paintEvent(QPaintEvent* Evento) override;
+
+private:
+    IconaStudio* NuovaIcona(const QString& Etichetta, const QString& Tag, const QPoint& Dove);
+    void CreaIconeFisse();
+    void imgMenu_Click(const QString& Tag);
+    void Sposta(int Da, int Tasto);
+    void AdattaQuadro();
+    void MostraTracciaDebug(const QString& Testo);
+    void VerificaPreparazione();
+    void AttivaInCoda();
+
+    std::unique_ptr<Ui::frmStudio> ui;
+    std::vector<IconaStudio*> Icone;  // children of the board
+    QPixmap Sfondo;
+    QPixmap SfondoSteso;
+    int IconaMarcata = NessunaIcona;
+    bool DaRidisegnare = false;
+    bool Dipinta = false;
+    bool InAttivazione = false;
+    bool Coperta = false;  ///< a box of our own lies over the desktop: its going is no activation
+};

@@ -1,0 +1,167 @@
+#include "core/iconastudio.h"
+
+#include "platform/aspetto.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int LatoDisegno = 34;
+constexpr int Arrotondamento = 12;
+constexpr int SpazioEtichetta = 5;
+
+/// The label's font: the form's own, made smaller until the longest word has room.
+QFont CarattereEtichetta(const QFont& Base, const QString& Testo, int Larghezza)
+{
+    constexpr int Minimo = 9;
+    QFont Carattere = Base;
+    int Altezza = QFontInfo(Base).pixelSize();
+    const auto NonEntra = [&] {
+        const QFontMetrics Misure(Carattere);
+        const QStringList Parole = Testo.split(u' ');
+        return std::ranges::any_of(
+            Parole, [&](const QString& Parola) { return Misure.horizontalAdvance(Parola) > Larghezza; });
+    };
+    Carattere.setPixelSize(Altezza);
+    while (Altezza > Minimo && NonEntra())
+        Carattere.setPixelSize(--Altezza);
+    return Carattere;
+}
+
+}  // namespace
+
+void TextBorder(QPainter& Pennello, const QRect& Riquadro, int Bandiere, const QString& Testo,
+                const QColor& Colore, const QColor& Bordo)
+{
+    constexpr int PixelPerPasso = 14;
+    const int Passo = std::max(1, Pennello.fontInfo().pixelSize() / PixelPerPasso);
+    Pennello.setPen(Bordo);
+    for (const auto& [X, Y] :
+         std::array{std::pair{-1, -1}, std::pair{1, -1}, std::pair{-1, 1}, std::pair{1, 1}})
+        Pennello.drawText(Riquadro.translated(X * Passo, Y * Passo), Bandiere, Testo);
+    Pennello.setPen(Colore);
+    Pennello.drawText(Riquadro, Bandiere, Testo);
+}
+
+IconaStudio::IconaStudio(const QString& Etichetta, QString Parola, QWidget* Padre)
+    : QAbstractButton(Padre), Comando(std::move(Parola))
+{
+    setText(Etichetta);
+    setAccessibleName(Etichetta);
+    setFixedSize(Larghezza, Altezza);
+    setCursor(Qt::PointingHandCursor);
+    // A click opens and leaves no mark behind: the focus comes by the keyboard.
+    setFocusPolicy(Qt::TabFocus);
+}
+
+void IconaStudio::MettiImmagine(const QPoint& Dove)
+{
+    move(Dove - QPoint((Larghezza - Immagine) / 2, 1));
+}
+
+void IconaStudio::ImpostaIcona(const QIcon& Nuova)
+{
+    Icona = Nuova;
+    update();
+}
+
+void IconaStudio::ImpostaFigura(const QPixmap& Nuova)
+{
+    Figura = Nuova;
+    update();
+}
+
+void IconaStudio::Colora(const QColor& NuovoTesto, const QColor& NuovoBordo)
+{
+    if (Testo == NuovoTesto && Bordo == NuovoBordo)
+        return;
+    Testo = NuovoTesto;
+    Bordo = NuovoBordo;
+    update();
+}
+
+void IconaStudio::paintEvent(QPaintEvent*)
+{
+    QPainter Pennello(this);
+    Pennello.setRenderHint(QPainter::Antialiasing);
+    DisegnaTessera(Pennello);
+    DisegnaEtichetta(Pennello);
+}
+
+void IconaStudio::DisegnaTessera(QPainter& Pennello) const
+{
+    const QRect Tessera((Larghezza - Immagine) / 2, 1, Immagine, Immagine);
+    const bool Viva = underMouse() || hasFocus();
+    QColor Fondo = palette().color(QPalette::Base);
+    constexpr double Soffice = 0.88;
+    Fondo.setAlphaF(Viva ? 1.0F : float(Soffice));
+    Pennello.setBrush(Fondo);
+    Pennello.setPen(hasFocus() ? QPen(aspetto::Accento(), 2) : QPen(Qt::NoPen));
+    Pennello.drawRoundedRect(Tessera, Arrotondamento, Arrotondamento);
+    QRect Disegno(0, 0, LatoDisegno, LatoDisegno);
+    Disegno.moveCenter(Tessera.center() + (isDown() ? QPoint(1, 1) : QPoint()));
+    if (Figura.isNull())
+        Icona.paint(&Pennello, Disegno);
+    else
+        Pennello.drawPixmap(Disegno, Figura);
+}
+
+void IconaStudio::DisegnaEtichetta(QPainter& Pennello) const
+{
+    const QRect Spazio = rect().adjusted(1, Immagine + SpazioEtichetta, -1, -1);
+    Pennello.setFont(CarattereEtichetta(font(), text(), Spazio.width() - 2));
+    TextBorder(Pennello, Spazio, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, text(), Testo, Bordo);
+}
+
+void IconaStudio::enterEvent(QEnterEvent* Evento)
+{
+    QAbstractButton::enterEvent(Evento);
+    Q_EMIT Puntata(true);
+    update();
+}
+
+void IconaStudio::leaveEvent(QEvent* Evento)
+{
+    QAbstractButton::leaveEvent(Evento);
+    Q_EMIT Puntata(false);
+    update();
+}
+
+void IconaStudio::focusInEvent(QFocusEvent* Evento)
+{
+    QAbstractButton::focusInEvent(Evento);
+    Q_EMIT Puntata(true);
+}
+
+void IconaStudio::focusOutEvent(QFocusEvent* Evento)
+{
+    QAbstractButton::focusOutEvent(Evento);
+    Q_EMIT Puntata(false);
+}
+
+void IconaStudio::keyPressEvent(QKeyEvent* Evento)
+{
+    switch (Evento->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        click();
+        break;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        Q_EMIT Freccia(Evento->key());
+        break;
+    default:
+        QAbstractButton::keyPressEvent(Evento);
+    }
+}

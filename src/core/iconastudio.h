@@ -1,0 +1,64 @@
+// One icon of the desktop: its picture on a soft tile, its outlined label below.
+#pragma once
+
+#include <QAbstractButton>
+#include <QIcon>
+
+class QPainter;
+
+/// Draws a text over four copies of itself in the border colour, moved off it diagonally by a distance that
+/// follows from the font's size, so that it can be read over any background.
+/// @param Bandiere alignment and wrapping, as QPainter::drawText takes them
+void TextBorder(QPainter& Pennello, const QRect& Riquadro, int Bandiere, const QString& Testo,
+                const QColor& Colore, const QColor& Bordo);
+
+/// Picture and label of an icon (one element of imgMenu and of lblIcone). Its `Tag` is the command.
+class IconaStudio : public QAbstractButton
+{
+    Q_OBJECT
+
+public:
+    /// Size of the whole icon; its picture stands at the top, centred.
+    static constexpr int Larghezza = 98;
+    static constexpr int Altezza = 94;
+    /// Side of the picture.
+    static constexpr int Immagine = 56;
+
+    IconaStudio(const QString& Etichetta, QString Comando, QWidget* Padre);
+
+    [[nodiscard]] QString Tag() const { return Comando; }
+
+    /// Puts the upper left corner of the picture there.
+    void MettiImmagine(const QPoint& Dove);
+
+    void ImpostaIcona(const QIcon& Nuova);
+    /// A picture of the user's, in the place of an icon of the program.
+    void ImpostaFigura(const QPixmap& Nuova);
+
+    void Colora(const QColor& Testo, const QColor& Bordo);
+    [[nodiscard]] QColor ColoreTesto() const { return Testo; }
+
+Q_SIGNALS:
+    /// The pointer or the focus came onto the icon, or went.
+    void Puntata(bool Sopra);
+    /// An arrow key (or Home, End) that asks for another icon.
+    void Freccia(int Tasto);
+
+protected:
+    void paintEvent(QPaintEvent* Evento) override;
+    void enterEvent(QEnterEvent* Evento) override;
+    void leaveEvent(QEvent* Evento) override;
+    void focusInEvent(QFocusEvent* Evento) override;
+    void focusOutEvent(QFocusEvent* Evento) override;
+    void keyPressEvent(QKeyEvent* Evento) override;
+
+private:
+    void DisegnaTessera(QPainter& Pennello) const;
+    void DisegnaEtichetta(QPainter& Pennello) const;
+
+    QString Comando;
+    QIcon Icona;
+    QPixmap Figura;
+    QColor Testo = Qt::white;
+    QColor Bordo = Qt::black;
+};

@@ -1,0 +1,10 @@
+// First use of the program by a user: folders and data of his own.
+#pragma once
+
+/// Sets the folders of user data, fee notes and archive, in the user's Documents, where the settings hold
+/// none; creates them and copies the empty archive into its own. A rate archive missing from the user
+/// folder is taken from the program folder, at every start. Nothing ever replaces a file.
+///
+/// A failure is reported; its setting then stays unset, so that the next start tries again, and the program
+/// goes on.
+void PrimoUso();
