@@ -108,6 +108,7 @@ void CellaAperta::Chiudi()
     if (Vecchio->hasFocus())
         Vista->setFocus(Qt::OtherFocusReason);
     Vecchio->hide();
+    Vecchio->setObjectName(QString());  // it lives on until its own event is over, but as nobody's cell
     Vecchio->deleteLater();
     Posto = QModelIndex();
     Vista->SegnaRepaint();

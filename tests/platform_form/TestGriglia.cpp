@@ -1,0 +1,668 @@
+// The rows of a grid and their cells, by keyboard and mouse on the real widget.
+#include "platform/collega.h"
+#include "platform/griglia.h"
+#include "supporto/finestre.h"
+#include "supporto/prova.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTableView>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum Colonna { Data, Descrizione, Importo, Nota };
+
+QList<ColonnaGriglia> QuattroColonne()
+{
+    QList<ColonnaGriglia> Colonne(4);
+    Colonne[Data].Titolo = u"Data"_s;
+    Colonne[Data].Filtro = u"d"_s;
+    Colonne[Descrizione].Titolo = u"Descrizione"_s;
+    Colonne[Descrizione].Massimo = 20;
+    Colonne[Importo].Titolo = u"Importo"_s;
+    Colonne[Importo].Filtro = u","_s;
+    Colonne[Nota].Titolo = u"Nota"_s;
+    for (int i = 0; i < Colonne.size(); ++i) {
+        Colonne[i].Campo = i;
+        Colonne[i].Modificabile = i != Nota;
+    }
+    return Colonne;
+}
+
+/// A window with a grid over three rows and a box behind it.
+struct Finestra : QWidget
+{
+    Finestra() : Righe(4), Griglia_(new Griglia(this)), Dopo(new QLineEdit(this))
+    {
+        for (const QString& Testo : {u"prima"_s, u"seconda"_s, u"terza"_s})
+            Righe(Righe.AggiungiRiga(), Descrizione) = Testo;
+        auto* Disposizione = new QVBoxLayout(this);
+        Disposizione->addWidget(Griglia_);
+        Disposizione->addWidget(Dopo);
+        Griglia_->ImpostaColonne(QuattroColonne());
+        Griglia_->Lega(&Righe);
+        resize(600, 300);
+    }
+
+    [[nodiscard]] QTableView* Vista() const { return Griglia_->Vista(); }
+    [[nodiscard]] QLineEdit* Cella() const { return Vista()->viewport()->findChild<QLineEdit*>(u"cella"_s); }
+
+    void Vai(int Riga, int Colonna)
+    {
+        Griglia_->setFocus();
+        Griglia_->ImpostaRigaCorrente(Riga, Colonna);
+    }
+    [[nodiscard]] QPoint Centro(int Riga, int Colonna) const
+    {
+        return Vista()->visualRect(Vista()->model()->index(Riga, Colonna)).center();
+    }
+    void Clic(int Riga, int Colonna)
+    {
+        QTest::mouseClick(Vista()->viewport(), Qt::LeftButton, Qt::NoModifier, Centro(Riga, Colonna));
+    }
+
+    TabellaRighe Righe;
+    Griglia* Griglia_;
+    QLineEdit* Dopo;
+};
+
+}  // namespace
+
+class TestGriglia : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void unTastoApreLaCellaEInvioLaScrive();
+    void escRidaIlTestoDiPrima();
+    void f2TieneIlTesto();
+    void doppioClicApre();
+    void tabVaAllaCellaDopoEInFondoEsce();
+    void backtabTornaIndietro();
+    void invioVaACapo();
+    void unTastoFiltratoNonApre();
+    void ilPuntoDelTastierinoFaVirgola();
+    void laDataSenzaSeparatori_data();
+    void laDataSenzaSeparatori();
+    void ilNumeroSiScriveComeNumero();
+    void lunghezzaMassima();
+    void rifiutoTieneApertaLaCella();
+    void rifiutoAlClicAltrove();
+    void rifiutoAllUscita();
+    void ilMessaggioNonRientra();
+    void unErroreNellaRegolaRifiuta();
+    void unClicAltroveScrive();
+    void frecciaScrive();
+    void lettereAccentate();
+    void laRigaNuovaNasceAllaPrimaCella();
+    void laRigaNuovaVuotaNonNasce();
+    void tabDallUltimaCellaVaAllaRigaNuova();
+    void rigaNuovaRiempitaDallaRegola();
+    void laRigaCheNonSiLascia();
+    void laRigaToccataSiChiedeUscendo();
+    void concludiSenzaCellaAperta();
+    void valoreDelModulo();
+    void testoCambiatoDalCodiceSiVede();
+    void grigliaSenzaCelleScrivibili();
+    void canc();
+    void copiaIlTestoMostrato();
+    void clicSuCella();
+    void menuContestuale();
+    void distruttaConLaCellaAperta();
+
+private:
+    std::unique_ptr<Finestra> F;
+};
+PROVA(TestGriglia);
+
+void TestGriglia::init()
+{
+    F = std::make_unique<Finestra>();
+    QVERIFY(MostraAttiva(*F));
+}
+
+void TestGriglia::cleanup()
+{
+    F.reset();
+}
+
+void TestGriglia::unTastoApreLaCellaEInvioLaScrive()
+{
+    QSignalSpy Scritte(F->Griglia_, &Griglia::CellaScritta);
+    F->Vai(0, Descrizione);
+    Digita(u"nuovo"_s);
+    QVERIFY(F->Griglia_->InModifica());
+    QCOMPARE(F->Righe(0, Descrizione).toString(), u"prima"_s);
+    Premi(Qt::Key_Return);
+    QVERIFY(!F->Griglia_->InModifica());
+    QCOMPARE(F->Righe(0, Descrizione).toString(), u"nuovo"_s);
+    QCOMPARE(Scritte.size(), 1);
+    QCOMPARE(Scritte[0], QVariantList({0, int(Descrizione)}));
+    QCOMPARE(F->Griglia_->ColonnaCorrente(), int(Importo));
+    QVERIFY(F->Vista()->hasFocus());
+}
+
+void TestGriglia::escRidaIlTestoDiPrima()
+{
+    QSignalSpy Scritte(F->Griglia_, &Griglia::CellaScritta);
+    F->Vai(1, Descrizione);
+    Digita(u"errore"_s);
+    Premi(Qt::Key_Escape);
+    QVERIFY(!F->Griglia_->InModifica());
+    QCOMPARE(F->Righe(1, Descrizione).toString(), u"seconda"_s);
+    QVERIFY(Scritte.isEmpty());
+    QVERIFY(F->Vista()->hasFocus());
+}
+
+void TestGriglia::f2TieneIlTesto()
+{
+    QSignalSpy Scritte(F->Griglia_, &Griglia::CellaScritta);
+    F->Vai(0, Descrizione);
+    Premi(Qt::Key_F2);
+    QVERIFY(F->Cella());
+    QCOMPARE(F->Cella()->selectedText(), u"prima"_s);
+    Premi(Qt::Key_Return);
+    QVERIFY2(Scritte.isEmpty(), "un testo non toccato non si scrive");
+    Premi(Qt::Key_F2);
+    QVERIFY2(F->Cella(), "cella dopo: Importo");
+    Premi(Qt::Key_Escape);
+    F->Vai(0, Nota);
+    Premi(Qt::Key_F2);
+    QVERIFY2(!F->Griglia_->InModifica(), "la colonna non si modifica");
+}
+
+void TestGriglia::doppioClicApre()
+{
+    F->Clic(2, Descrizione);
+    QVERIFY(!F->Griglia_->InModifica());
+    QTest::mouseDClick(F->Vista()->viewport(), Qt::LeftButton, Qt::NoModifier, F->Centro(2, Descrizione));
+    QVERIFY(F->Cella());
+    QCOMPARE(F->Cella()->text(), u"terza"_s);
+}
+
+void TestGriglia::tabVaAllaCellaDopoEInFondoEsce()
+{
+    F->Vai(2, Data);
+    Premi(Qt::Key_Tab);
+    QCOMPARE(F->Griglia_->ColonnaCorrente(), int(Descrizione));
+    Digita(u"z"_s);
+    Premi(Qt::Key_Tab);
+    QCOMPARE(F->Righe(2, Descrizione).toString(), u"z"_s);
+    QCOMPARE(F->Griglia_->ColonnaCorrente(), int(Importo));
+    Digita(u"7"_s);
+    Premi(Qt::Key_Tab);
+    QCOMPARE(F->Righe(2, Importo).toDouble(), 7.0);
+    QVERIFY2(F->Dopo->hasFocus(), "dall'ultima cella si esce dalla griglia");
+}
+
+void TestGriglia::backtabTornaIndietro()
+{
+    F->Vai(1, Data);
+    Premi(Qt::Key_Backtab, Qt::ShiftModifier);
+    QCOMPARE(F->Griglia_->RigaCorrente(), std::optional(0));
+    QCOMPARE(F->Griglia_->ColonnaCorrente(), int(Importo));
+    Digita(u"5"_s);
+    Premi(Qt::Key_Backtab, Qt::ShiftModifier);
+    QCOMPARE(F->Righe(0, Importo).toDouble(), 5.0);
+    QCOMPARE(F->Griglia_->ColonnaCorrente(), int(Descrizione));
+}
+
+void TestGriglia::invioVaACapo()
+{
+    F->Vai(0, Importo);
+    Premi(Qt::Key_Return);
+    QCOMPARE(F->Griglia_->RigaCorrente(), std::optional(1));
+    QCOMPARE(F->Griglia_->ColonnaCorrente(), int(Data));
+}
+
+void TestGriglia::unTastoFiltratoNonApre()
+{
+    const auto Precedente = InstallaFiltro([](int Tasto, const QString& Tipo) {
+        return Tipo == u"," && Tasto == u'x' ? 0 : Tasto;
+    });
+    F->Righe(0, Importo) = 12.5;
+    F->Vai(0, Importo);
+    Digita(u"x"_s);
+    QVERIFY2(!F->Griglia_->InModifica(), "una lettera non vuota la cella di un importo");
+    QCOMPARE(F->Righe(0, Importo).toDouble(), 12.5);
+    Digita(u"3x4"_s);
+    QVERIFY(F->Cella());
+    QCOMPARE(F->Cella()->text(), u"34"_s);
+    InstallaFiltro(Precedente);
+}
+
+void TestGriglia::ilPuntoDelTastierinoFaVirgola()
+{
+    F->Vai(0, Importo);
+    Digita(u"1"_s);
+    Digita(u"."_s, Qt::KeypadModifier);
+    Digita(u"5"_s);
+    QCOMPARE(F->Cella()->text(), u"1,5"_s);
+    Premi(Qt::Key_Return);
+    QCOMPARE(F->Righe(0, Importo).toDouble(), 1.5);
+}
+
+void TestGriglia::laDataSenzaSeparatori_data()
+{
+    QTest::addColumn<QString>("Digitato");
+    QTest::addColumn<QString>("Scritto");
+    QTest::newRow("otto cifre") << u"31122012"_s << u"31/12/2012"_s;
+    QTest::newRow("sei cifre, secolo nuovo") << u"010229"_s << u"01/02/2029"_s;
+    QTest::newRow("sei cifre, secolo vecchio") << u"010230"_s << u"01/02/1930"_s;
+    QTest::newRow("cifre sole") << u"1/2/2013"_s << u"01/02/2013"_s;
+    QTest::newRow("trattini") << u"1-2-13"_s << u"01/02/2013"_s;
+    QTest::newRow("giorno che non esiste: resta") << u"31022012"_s << u"31022012"_s;
+    QTest::newRow("sette cifre non sono una data") << u"3112201"_s << u"3112201"_s;
+}
+
+void TestGriglia::laDataSenzaSeparatori()
+{
+    QFETCH(QString, Digitato);
+    F->Vai(0, Data);
+    Digita(Digitato);
+    Premi(Qt::Key_Return);
+    QTEST(F->Righe(0, Data).toString(), "Scritto");
+}
+
+void TestGriglia::ilNumeroSiScriveComeNumero()
+{
+    F->Vai(0, Importo);
+    Digita(u"1.234,5"_s);
+    Premi(Qt::Key_Return);
+    QCOMPARE(F->Righe(0, Importo), QVariant(1234.5));
+    F->Vai(0, Descrizione);
+    Digita(u"1234"_s);
+    Premi(Qt::Key_Return);
+    QCOMPARE(F->Righe(0, Descrizione), QVariant(u"1234"_s));
+}
+
+void TestGriglia::lunghezzaMassima()
+{
+    F->Vai(0, Descrizione);
+    Digita(QString(30, u'a'));
+    Premi(Qt::Key_Return);
+    QCOMPARE(F->Righe(0, Descrizione).toString(), QString(20, u'a'));
+}
+
+void TestGriglia::rifiutoTieneApertaLaCella()
+{
+    F->Griglia_->Convalida = [](int, int, const QString& Testo) { return Testo != u"no"; };
+    F->Vai(0, Descrizione);
+    Digita(u"no"_s);
+    Premi(Qt::Key_Return);
+    QVERIFY(F->Cella());
+    QCOMPARE(F->Cella()->text(), u"no"_s);
+    QCOMPARE(F->Righe(0, Descrizione).toString(), u"prima"_s);
+    QVERIFY(!F->Griglia_->Concludi());
+    Respiro();
+    QVERIFY(F->Cella()->hasFocus());
+    Premi(Qt::Key_End);
+    Digita(u"rma"_s);
+    Premi(Qt::Key_Return);
+    QCOMPARE(F->Righe(0, Descrizione).toString(), u"norma"_s);
+}
+
+void TestGriglia::rifiutoAlClicAltrove()
+{
+    int Chieste = 0;
+    F->Griglia_->Convalida = [&](int, int, const QString&) { return ++Chieste > 99; };
+    QSignalSpy Clic(F->Griglia_, &Griglia::ClicCella);
+    F->Vai(0, Descrizione);
+    Digita(u"no"_s);
+    F->Clic(2, Importo);
+    Respiro();
+    QCOMPARE(Chieste, 1);
+    QCOMPARE(F->Griglia_->RigaCorrente(), std::optional(0));
+    QVERIFY2(Clic.isEmpty(), "il clic non arriva a una cella che non diventa corrente");
+    QVERIFY(F->Cella() && F->Cella()->hasFocus());
+    QCOMPARE(F->Cella()->text(), u"no"_s);
+    QTest::mouseClick(F->Vista()->verticalHeader()->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      QPoint(5, F->Centro(1, 0).y()));
+    QCOMPARE(Chieste, 2);
+    QVERIFY2(F->Griglia_->Selezione().isEmpty(), "nemmeno il selettore passa");
+}
+
+void TestGriglia::rifiutoAllUscita()
+{
+    F->Griglia_->Convalida = [](int, int, const QString&) { return false; };
+    F->Vai(0, Descrizione);
+    Digita(u"no"_s);
+    F->Dopo->setFocus(Qt::MouseFocusReason);
+    Respiro();
+    QVERIFY(F->Cella() && F->Cella()->hasFocus());
+    QVERIFY2(!ConcludiCampo(), "nessun comando passa");
+    QCOMPARE(F->Righe(0, Descrizione).toString(), u"prima"_s);
+}
+
+void TestGriglia::ilMessaggioNonRientra()
+{
+    int Chieste = 0;
+    F->Griglia_->Convalida = [&](int, int, const QString&) {
+        ++Chieste;
+        // What a message box does to the focus.
+        F->Dopo->setFocus();
+        return false;
+    };
+    F->Vai(0, Descrizione);
+    Digita(u"no"_s);
+    Premi(Qt::Key_Return);
+    Respiro();
+    QCOMPARE(Chieste, 1);
+    QVERIFY(F->Cella() && F->Cella()->hasFocus());
+}
+
+void TestGriglia::unErroreNellaRegolaRifiuta()
+{
+    int Numero = 0;
+    const auto Precedente = InstallaUltimaRete([&](const Errore& E) { Numero = E.Numero; });
+    F->Griglia_->Convalida = [](int, int, const QString&) -> bool { throw Errore(13); };
+    F->Vai(0, Descrizione);
+    Digita(u"x"_s);
+    Premi(Qt::Key_Return);
+    InstallaUltimaRete(Precedente);
+    QCOMPARE(Numero, 13);
+    QVERIFY(F->Griglia_->InModifica());
+    QCOMPARE(F->Righe(0, Descrizione).toString(), u"prima"_s);
+}
+
+void TestGriglia::unClicAltroveScrive()
+{
+    F->Vai(0, Descrizione);
+    Digita(u"uno"_s);
+    F->Clic(2, Importo);
+    QCOMPARE(F->Righe(0, Descrizione).toString(), u"uno"_s);
+    QCOMPARE(F->Griglia_->RigaCorrente(), std::optional(2));
+    F->Vai(1, Descrizione);
+    Digita(u"due"_s);
+    F->Dopo->setFocus(Qt::MouseFocusReason);
+    QCOMPARE(F->Righe(1, Descrizione).toString(), u"due"_s);
+    QVERIFY(F->Dopo->hasFocus());
+    F->Vai(1, Descrizione);
+    Digita(u"tre"_s);
+    QTest::mouseClick(F->Vista()->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      QPoint(30, F->Vista()->viewport()->height() - 5));
+    QCOMPARE(F->Righe(1, Descrizione).toString(), u"tre"_s);
+}
+
+void TestGriglia::frecciaScrive()
+{
+    F->Vai(0, Descrizione);
+    Digita(u"uno"_s);
+    Premi(Qt::Key_Down);
+    QCOMPARE(F->Righe(0, Descrizione).toString(), u"uno"_s);
+    QCOMPARE(F->Griglia_->RigaCorrente(), std::optional(1));
+    QCOMPARE(F->Griglia_->ColonnaCorrente(), int(Descrizione));
+}
+
+void TestGriglia::lettereAccentate()
+{
+    F->Vai(0, Descrizione);
+    Digita(u"è già così"_s);
+    Premi(Qt::Key_Return);
+    QCOMPARE(F->Righe(0, Descrizione).toString(), u"è già così"_s);
+    QInputMethodEvent Composto;
+    Composto.setCommitString(u"ò"_s);
+    F->Vai(1, Descrizione);
+    QCoreApplication::sendEvent(F->Vista(), &Composto);
+    QVERIFY(F->Cella());
+    QCOMPARE(F->Cella()->text(), u"ò"_s);
+}
+
+void TestGriglia::laRigaNuovaNasceAllaPrimaCella()
+{
+    F->Griglia_->ConsentiNuove(true);
+    QSignalSpy Cambiata(F->Griglia_, &Griglia::RigaCambiata);
+    QSignalSpy Scritte(F->Griglia_, &Griglia::CellaScritta);
+    int ChiestaRiga = -1;
+    F->Griglia_->Convalida = [&](int Riga, int, const QString&) {
+        ChiestaRiga = Riga;
+        return F->Righe.Righe() == 3;
+    };
+    F->Vai(3, Descrizione);
+    QVERIFY2(!F->Griglia_->RigaCorrente(), "la riga vuota non è una riga");
+    Digita(u"quarta"_s);
+    QCOMPARE(F->Righe.Righe(), 3);
+    Premi(Qt::Key_Return);
+    QCOMPARE(ChiestaRiga, 3);
+    QCOMPARE(F->Righe.Righe(), 4);
+    QCOMPARE(F->Griglia_->Righe(), 4);
+    QCOMPARE(F->Righe(3, Descrizione).toString(), u"quarta"_s);
+    QCOMPARE(F->Griglia_->RigaCorrente(), std::optional(3));
+    QCOMPARE(Scritte.size(), 1);
+    QCOMPARE(Cambiata.last(), QVariantList({3}));
+    QCOMPARE(F->Vista()->model()->rowCount(), 5);
+}
+
+void TestGriglia::laRigaNuovaVuotaNonNasce()
+{
+    F->Griglia_->ConsentiNuove(true);
+    F->Vai(3, Descrizione);
+    Digita(u"x"_s);
+    Premi(Qt::Key_Backspace);
+    Premi(Qt::Key_Return);
+    QCOMPARE(F->Righe.Righe(), 3);
+    Premi(Qt::Key_F2);
+    Premi(Qt::Key_Escape);
+    QCOMPARE(F->Righe.Righe(), 3);
+}
+
+void TestGriglia::tabDallUltimaCellaVaAllaRigaNuova()
+{
+    F->Griglia_->ConsentiNuove(true);
+    F->Vai(2, Importo);
+    Premi(Qt::Key_Tab);
+    QCOMPARE(F->Vista()->currentIndex(), F->Vista()->model()->index(3, Data));
+    Digita(u"01012020"_s);
+    Premi(Qt::Key_Tab);
+    Premi(Qt::Key_Tab);
+    Premi(Qt::Key_Tab);
+    QCOMPARE(F->Vista()->currentIndex(), F->Vista()->model()->index(4, Data));
+    QCOMPARE(F->Righe.Righe(), 4);
+    Premi(Qt::Key_Tab);
+    Premi(Qt::Key_Tab);
+    Premi(Qt::Key_Tab);
+    QVERIFY2(F->Dopo->hasFocus(), "dalla riga vuota in fondo si esce");
+    QCOMPARE(F->Righe.Righe(), 4);
+}
+
+void TestGriglia::rigaNuovaRiempitaDallaRegola()
+{
+    F->Griglia_->ConsentiNuove(true);
+    F->Griglia_->NuovaRiga = [&](int Riga) {
+        F->Righe(Riga, Nota) = u"E"_s;
+        F->Righe(Riga, Descrizione) = u"da sostituire"_s;
+    };
+    F->Vai(3, Descrizione);
+    Digita(u"mia"_s);
+    Premi(Qt::Key_Return);
+    QCOMPARE(F->Righe(3, Nota).toString(), u"E"_s);
+    QCOMPARE(F->Righe(3, Descrizione).toString(), u"mia"_s);
+}
+
+void TestGriglia::laRigaCheNonSiLascia()
+{
+    QList<int> Chieste;
+    bool Lascia = false;
+    F->Griglia_->LasciaRiga = [&](int Riga) {
+        Chieste += Riga;
+        return Lascia;
+    };
+    F->Vai(0, Data);
+    Chieste.clear();
+    F->Clic(2, Descrizione);
+    QCOMPARE(Chieste, QList<int>{0});
+    QCOMPARE(F->Griglia_->RigaCorrente(), std::optional(0));
+    Premi(Qt::Key_Down);
+    QCOMPARE(F->Griglia_->RigaCorrente(), std::optional(0));
+    Chieste.clear();
+    Premi(Qt::Key_Right);
+    QVERIFY2(Chieste.isEmpty(), "nella stessa riga non si chiede");
+    QCOMPARE(F->Griglia_->ColonnaCorrente(), int(Descrizione));
+    Lascia = true;
+    Premi(Qt::Key_Down);
+    QCOMPARE(F->Griglia_->RigaCorrente(), std::optional(1));
+    Lascia = false;
+    F->Griglia_->ImpostaRigaCorrente(2);
+    QVERIFY2(F->Griglia_->RigaCorrente() == 2, "il codice non chiede");
+}
+
+void TestGriglia::laRigaToccataSiChiedeUscendo()
+{
+    int Chieste = 0;
+    bool Lascia = false;
+    F->Griglia_->LasciaRiga = [&](int) {
+        ++Chieste;
+        return Lascia;
+    };
+    F->Vai(0, Descrizione);
+    F->Dopo->setFocus();
+    QVERIFY2(Chieste == 0 && F->Dopo->hasFocus(), "una riga intatta si lascia uscendo dalla griglia");
+    F->Vai(0, Descrizione);
+    Digita(u"x"_s);
+    F->Dopo->setFocus(Qt::MouseFocusReason);
+    Respiro();
+    QCOMPARE(Chieste, 1);
+    QCOMPARE(F->Righe(0, Descrizione).toString(), u"x"_s);
+    QVERIFY2(F->Vista()->hasFocus(), "il fuoco torna alla riga rifiutata");
+    QVERIFY(!F->Griglia_->Concludi());
+    Lascia = true;
+    QVERIFY(F->Griglia_->Concludi());
+    Chieste = 0;
+    QVERIFY2(F->Griglia_->Concludi() && Chieste == 0, "una volta accettata non si richiede");
+}
+
+void TestGriglia::concludiSenzaCellaAperta()
+{
+    QVERIFY(F->Griglia_->Concludi());
+    F->Vai(0, Descrizione);
+    Digita(u"x"_s);
+    QVERIFY(ConcludiCampo());
+    QCOMPARE(F->Righe(0, Descrizione).toString(), u"x"_s);
+    QVERIFY(!F->Griglia_->InModifica());
+}
+
+void TestGriglia::valoreDelModulo()
+{
+    F->Griglia_->Valore = [](int, int, const QString& Testo) { return QVariant(Testo.toUpper()); };
+    F->Vai(0, Descrizione);
+    Digita(u"le"_s);
+    Premi(Qt::Key_Return);
+    QCOMPARE(F->Righe(0, Descrizione).toString(), u"LE"_s);
+}
+
+void TestGriglia::testoCambiatoDalCodiceSiVede()
+{
+    const QModelIndex Cella = F->Vista()->model()->index(0, Descrizione);
+    F->Righe(0, Descrizione) = u"cambiata"_s;
+    QCOMPARE(Cella.data().toString(), u"cambiata"_s);
+    // The source shrinks before the grid is told.
+    F->Righe.Azzera(4);
+    QVERIFY(Cella.data().toString().isEmpty());
+    F->grab();
+    F->Griglia_->Rilega();
+    QCOMPARE(F->Griglia_->Righe(), 0);
+    QVERIFY(!F->Griglia_->RigaCorrente());
+}
+
+void TestGriglia::grigliaSenzaCelleScrivibili()
+{
+    QList<ColonnaGriglia> Colonne = QuattroColonne();
+    for (ColonnaGriglia& C : Colonne)
+        C.Modificabile = false;
+    F->Griglia_->ImpostaColonne(Colonne);
+    QSignalSpy Doppio(F->Griglia_, &Griglia::DoppioClic);
+    F->Vai(1, Descrizione);
+    Digita(u"t"_s);
+    QVERIFY(!F->Griglia_->InModifica());
+    QCOMPARE(F->Griglia_->RigaCorrente(), std::optional(1));
+    Premi(Qt::Key_Return);
+    QCOMPARE(Doppio.size(), 1);
+    QCOMPARE(Doppio[0], QVariantList({1}));
+    F->Clic(2, Descrizione);
+    QTest::mouseDClick(F->Vista()->viewport(), Qt::LeftButton, Qt::NoModifier, F->Centro(2, Descrizione));
+    QCOMPARE(Doppio.last(), QVariantList({2}));
+    Premi(Qt::Key_Tab);
+    QVERIFY2(F->Dopo->hasFocus(), "Tab esce subito");
+}
+
+void TestGriglia::canc()
+{
+    QSignalSpy Cancella(F->Griglia_, &Griglia::Cancella);
+    F->Vai(1, Descrizione);
+    Premi(Qt::Key_Delete);
+    QCOMPARE(Cancella.size(), 1);
+    Premi(Qt::Key_F2);
+    Premi(Qt::Key_Delete);
+    QCOMPARE(Cancella.size(), 1);
+    QVERIFY2(F->Cella()->text().isEmpty(), "nella cella Canc toglie il testo");
+    Premi(Qt::Key_Escape);
+    F->Righe.Azzera(4);
+    F->Griglia_->Rilega();
+    Premi(Qt::Key_Delete);
+    QVERIFY2(Cancella.size() == 1, "senza righe non c'è nulla da cancellare");
+}
+
+void TestGriglia::copiaIlTestoMostrato()
+{
+    QList<ColonnaGriglia> Colonne = QuattroColonne();
+    Colonne[Importo].Mostra = [](const QVariant& Valore, int Riga) {
+        return u"%1 in riga %2"_s.arg(Valore.toDouble()).arg(Riga);
+    };
+    F->Griglia_->ImpostaColonne(Colonne);
+    F->Righe(1, Importo) = 3.0;
+    F->Vai(1, Importo);
+    Premi(Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(), u"3 in riga 1"_s);
+    Premi(Qt::Key_F2);
+    QVERIFY(F->Cella());
+    QCOMPARE(F->Cella()->text(), u"3"_s);
+}
+
+void TestGriglia::clicSuCella()
+{
+    F->Griglia_->ConsentiNuove(true);
+    QSignalSpy Clic(F->Griglia_, &Griglia::ClicCella);
+    F->Clic(1, Nota);
+    QCOMPARE(Clic.last(), QVariantList({1, int(Nota)}));
+    Digita(u" "_s);
+    QVERIFY2(Clic.size() == 2, "lo spazio vale un clic sulla cella che non si scrive");
+    F->Clic(3, Nota);
+    QVERIFY2(Clic.size() == 2, "la riga vuota non ha celle da cliccare");
+}
+
+void TestGriglia::menuContestuale()
+{
+    QSignalSpy Menu(F->Griglia_, &Griglia::MenuContestuale);
+    const QPoint Punto = F->Centro(1, Descrizione);
+    QContextMenuEvent Mouse(QContextMenuEvent::Mouse, Punto, F->Vista()->viewport()->mapToGlobal(Punto));
+    QCoreApplication::sendEvent(F->Vista()->viewport(), &Mouse);
+    QCOMPARE(Menu.size(), 1);
+    QCOMPARE(Menu[0][0].toInt(), 1);
+    QCOMPARE(Menu[0][1].toPoint(), F->Vista()->viewport()->mapToGlobal(Punto));
+    F->Vai(2, Descrizione);
+    QContextMenuEvent Tastiera(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QCoreApplication::sendEvent(F->Vista()->viewport(), &Tastiera);
+    QCOMPARE(Menu.last()[0].toInt(), 2);
+}
+
+void TestGriglia::distruttaConLaCellaAperta()
+{
+    int Chieste = 0;
+    F->Griglia_->Convalida = [&](int, int, const QString&) { return ++Chieste > 0; };
+    F->Vai(0, Descrizione);
+    Digita(u"x"_s);
+    delete F->Griglia_;
+    QCOMPARE(Chieste, 0);
+    QCOMPARE(F->Righe(0, Descrizione).toString(), u"prima"_s);
+}
+
+#include "TestGriglia.moc"
