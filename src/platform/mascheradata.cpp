@@ -153,7 +153,8 @@ void MascheraData::contextMenuEvent(QContextMenuEvent* Evento)
     auto* Menu = createStandardContextMenu();
     Menu->setAttribute(Qt::WA_DeleteOnClose);
     for (QAction* Voce : Menu->actions()) {
-        if (Voce->objectName() != u"edit-paste")
+        // The menu's own paste knows the mask alone; its entry is found by the text that Qt gave it.
+        if (Voce->text().section(u'\t', 0, 0) != QLineEdit::tr("&Paste"))
             continue;
         Voce->disconnect();
         Collega(Voce, &QAction::triggered, this, &MascheraData::Incolla);
