@@ -90,6 +90,7 @@ int MostraBox(const QString& Testo, int Bandiere, const QString& Titolo, const Q
     Box.setTextFormat(Qt::PlainText);
     Box.setText(Testo);
     qsizetype Posto = 0;
+    int SenzaRisposta = vbCancel;
     for (const Risposta& Voce : Risposte) {
         QAbstractButton* Pulsante = Box.button(Voce.Pulsante);
         if (!Pulsante)
@@ -98,13 +99,14 @@ int MostraBox(const QString& Testo, int Bandiere, const QString& Titolo, const Q
             Pulsante->setText(Scritte[Posto]);
         if (Posto == ((Bandiere & vbDefaultButton2) != 0 ? 1 : 0))
             Box.setDefaultButton(static_cast<QPushButton*>(Pulsante));
+        SenzaRisposta = Voce.Codice;  // the last button is the one that changes nothing
         ++Posto;
     }
     const int Premuto = Box.exec();
     for (const Risposta& Voce : Risposte)
         if (Premuto == Voce.Pulsante)
             return Voce.Codice;
-    return vbCancel;
+    return SenzaRisposta;
 }
 
 QString Chiedi(const QString& Testo, const QString& Titolo, const QString& Predefinito)

@@ -1,0 +1,391 @@
+// The real boxes and dialogs, the busy pointer, the focus moves and the breath of long work.
+#include "platform/collega.h"
+#include "platform/messaggi.h"
+#include "platform/servizi_qt.h"
+#include "platform/shell.h"
+#include "supporto/finestre.h"
+#include "supporto/prova.h"
+
+#include <QColorDialog>
+#include <QDir>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLibraryInfo>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Runs a look at the dialog that opens next, which must close it.
+template <class Dialogo>
+void Prossimo(std::function<void(Dialogo&)> Guarda)
+{
+    QTimer::singleShot(0, qApp, [Guarda = std::move(Guarda)] {
+        auto* Aperto = qobject_cast<Dialogo*>(QApplication::activeModalWidget());
+        if (!Aperto) {
+            QTest::qFail("nessun dialogo aperto", __FILE__, __LINE__);
+            if (QWidget* Altro = QApplication::activeModalWidget())
+                Altro->close();
+            return;
+        }
+        Guarda(*Aperto);
+    });
+}
+
+void Crea(const QString& File)
+{
+    QFile Nuovo(File);
+    QVERIFY(Nuovo.open(QIODevice::WriteOnly));
+}
+
+}  // namespace
+
+class TestServiziQt : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void box_data();
+    void box();
+    void ilTestoEPiano();
+    void pulsantiConScritteProprie();
+    void pulsantiInItaliano();
+    void ilBoxStaSopraLaFinestra();
+    void chiusoSenzaRisposta_data();
+    void chiusoSenzaRisposta();
+    void immissione();
+    void immissioneAnnullata();
+    void apriFile();
+    void salvaSenzaDomande();
+    void scegliCartella();
+    void dialogoAnnullato();
+    void colore();
+    void clessidra();
+    void clessidraDuranteUnMessaggio();
+    void prossimoCampo();
+    void fileCheNonCE();
+    void avviaProgramma();
+    void connessoRestaDellaRete();
+    void terminaLasciaIlCiclo();
+    void terminaPrimaDelCiclo();
+    void respiraFermaTutto();
+    void respiraSiInterrompe_data();
+    void respiraSiInterrompe();
+};
+PROVA(TestServiziQt);
+
+void TestServiziQt::initTestCase()
+{
+    InstallaServiziQt();
+}
+
+void TestServiziQt::box_data()
+{
+    QTest::addColumn<int>("Bandiere");
+    QTest::addColumn<int>("DaPremere");
+    QTest::addColumn<int>("Risposta");
+    QTest::addColumn<int>("Icona");
+    QTest::addColumn<int>("Predefinito");
+    using B = QMessageBox;
+    QTest::newRow("errore") << (vbOKOnly | vbCritical) << int(B::Ok) << vbOK << int(B::Critical) << int(B::Ok);
+    QTest::newRow("domanda, sì") << (vbYesNo | vbQuestion) << int(B::Yes) << vbYes << int(B::Question) << int(B::Yes);
+    QTest::newRow("domanda, no per prima") << (vbYesNo | vbQuestion | vbDefaultButton2) << int(B::No) << vbNo
+                                           << int(B::Question) << int(B::No);
+    QTest::newRow("tre risposte") << (vbYesNoCancel | vbExclamation) << int(B::Cancel) << vbCancel << int(B::Warning)
+                                  << int(B::Yes);
+    QTest::newRow("ok o annulla") << (vbOKCancel | vbInformation) << int(B::Ok) << vbOK << int(B::Information)
+                                  << int(B::Ok);
+    QTest::newRow("senza icona") << vbOKOnly << int(B::Ok) << vbOK << int(B::NoIcon) << int(B::Ok);
+}
+
+void TestServiziQt::box()
+{
+    QFETCH(int, Bandiere);
+    QFETCH(int, DaPremere);
+    QFETCH(int, Icona);
+    QFETCH(int, Predefinito);
+    Prossimo<QMessageBox>([&](QMessageBox& Aperto) {
+        QCOMPARE(Aperto.text(), u"Testo"_s);
+        QCOMPARE(Aperto.windowTitle(), u"Titolo:"_s);
+        QCOMPARE(int(Aperto.icon()), Icona);
+        QCOMPARE(Aperto.defaultButton(), Aperto.button(QMessageBox::StandardButton(Predefinito)));
+        Aperto.button(QMessageBox::StandardButton(DaPremere))->click();
+    });
+    QTEST(MsgBox(u"Testo"_s, Bandiere, u"Titolo:"_s), "Risposta");
+}
+
+void TestServiziQt::ilTestoEPiano()
+{
+    Prossimo<QMessageBox>([](QMessageBox& Aperto) {
+        QCOMPARE(Aperto.textFormat(), Qt::PlainText);
+        QCOMPARE(Aperto.text(), u"<b>Rossi</b> & C."_s);
+        Aperto.reject();
+    });
+    QCOMPARE(MsgBox(u"<b>Rossi</b> & C."_s), vbOK);
+}
+
+void TestServiziQt::pulsantiConScritteProprie()
+{
+    Prossimo<QMessageBox>([](QMessageBox& Aperto) {
+        QCOMPARE(Aperto.button(QMessageBox::Ok)->text(), u" VEDI SCHEDA "_s);
+        QCOMPARE(Aperto.button(QMessageBox::Cancel)->text(), u"Chiudi"_s);
+        Aperto.button(QMessageBox::Cancel)->click();
+    });
+    QCOMPARE(MsgBoxPulsanti(u"Testo"_s, vbOKCancel, u"Titolo"_s, {u" VEDI SCHEDA "_s, u"Chiudi"_s}), vbCancel);
+}
+
+void TestServiziQt::pulsantiInItaliano()
+{
+    if (!QFile::exists(QLibraryInfo::path(QLibraryInfo::TranslationsPath) + u"/qtbase_it.qm"_s))
+        QSKIP("mancano le traduzioni di Qt");
+    Prossimo<QMessageBox>([](QMessageBox& Aperto) {
+        QCOMPARE(Aperto.button(QMessageBox::Yes)->text().remove(u'&'), u"Sì"_s);
+        QCOMPARE(Aperto.button(QMessageBox::Cancel)->text().remove(u'&'), u"Annulla"_s);
+        Aperto.reject();
+    });
+    QCOMPARE(MsgBox(u"Testo"_s, vbYesNoCancel), vbCancel);
+}
+
+void TestServiziQt::ilBoxStaSopraLaFinestra()
+{
+    QWidget Finestra;
+    QVERIFY(MostraAttiva(Finestra));
+    Prossimo<QMessageBox>([&](QMessageBox& Aperto) {
+        QCOMPARE(Aperto.parentWidget(), &Finestra);
+        Aperto.accept();
+    });
+    MsgBox(u"Testo"_s);
+}
+
+void TestServiziQt::chiusoSenzaRisposta_data()
+{
+    QTest::addColumn<int>("Bandiere");
+    QTest::addColumn<int>("Risposta");
+    QTest::newRow("ok") << vbOKOnly << vbOK;
+    QTest::newRow("ok o annulla") << vbOKCancel << vbCancel;
+    QTest::newRow("sì o no") << vbYesNo << vbNo;
+    QTest::newRow("tre risposte") << vbYesNoCancel << vbCancel;
+}
+
+void TestServiziQt::chiusoSenzaRisposta()
+{
+    QFETCH(int, Bandiere);
+    Prossimo<QMessageBox>([](QMessageBox& Aperto) { Aperto.reject(); });
+    QTEST(MsgBox(u"Testo"_s, Bandiere), "Risposta");
+}
+
+void TestServiziQt::immissione()
+{
+    Prossimo<QInputDialog>([](QInputDialog& Aperto) {
+        QCOMPARE(Aperto.windowTitle(), u"Titolo"_s);
+        QCOMPARE(Aperto.textValue(), u"prima"_s);
+        const auto* Scritta = Aperto.findChild<QLabel*>();
+        QVERIFY(Scritta);
+        QCOMPARE(Scritta->text(), u"Nome <nuovo>:"_s);
+        QCOMPARE(Scritta->textFormat(), Qt::PlainText);
+        Aperto.setTextValue(u"dopo"_s);
+        Aperto.accept();
+    });
+    QCOMPARE(InputBox(u"Nome <nuovo>:"_s, u"Titolo"_s, u"prima"_s), u"dopo"_s);
+}
+
+void TestServiziQt::immissioneAnnullata()
+{
+    Prossimo<QInputDialog>([](QInputDialog& Aperto) { Aperto.reject(); });
+    QVERIFY(InputBox(u"Nome:"_s, u"Titolo"_s, u"prima"_s).isEmpty());
+}
+
+void TestServiziQt::apriFile()
+{
+    const QString Cartella = NuovaCartella();
+    Crea(Cartella + u"nota.mdb"_s);
+    Prossimo<QFileDialog>([&](QFileDialog& Aperto) {
+        QCOMPARE(Aperto.acceptMode(), QFileDialog::AcceptOpen);
+        QCOMPARE(QDir(Aperto.directory()), QDir(Cartella));
+        QCOMPARE(Aperto.nameFilters(), QStringList({u"Parcelle (*.mdb)"_s, u"Tutti (*.* *.x)"_s}));
+        Aperto.selectFile(u"nota.mdb"_s);
+        static_cast<QDialog&>(Aperto).done(QDialog::Accepted);
+    });
+    QCOMPARE(DialogoApri(u"Apri"_s, Cartella, u"Parcelle (*.mdb)|*.mdb|Tutti|*.*;*.x"_s), Cartella + u"nota.mdb"_s);
+}
+
+void TestServiziQt::salvaSenzaDomande()
+{
+    const QString Cartella = NuovaCartella();
+    Crea(Cartella + u"nota.mdb"_s);
+    Prossimo<QFileDialog>([&](QFileDialog& Aperto) {
+        QCOMPARE(Aperto.acceptMode(), QFileDialog::AcceptSave);
+        QVERIFY(Aperto.testOption(QFileDialog::DontConfirmOverwrite));
+        QVERIFY(Aperto.defaultSuffix().isEmpty());
+        QCOMPARE(QFileInfo(Aperto.selectedFiles().value(0)).fileName(), u"nota.mdb"_s);
+        QMetaObject::invokeMethod(&Aperto, "accept");
+        QVERIFY2(!Aperto.isVisible(), "nessuna domanda sul file che c'è già");
+    });
+    QCOMPARE(DialogoSalva(u"Salva"_s, Cartella + u"nota.mdb"_s, u"Parcelle (*.mdb)"_s), Cartella + u"nota.mdb"_s);
+    Prossimo<QFileDialog>([](QFileDialog& Aperto) { QMetaObject::invokeMethod(&Aperto, "accept"); });
+    QCOMPARE(DialogoSalva(u"Salva"_s, Cartella + u"nuova"_s, u"Parcelle (*.mdb)"_s), Cartella + u"nuova"_s);
+}
+
+void TestServiziQt::scegliCartella()
+{
+    const QString Cartella = NuovaCartella();
+    Prossimo<QFileDialog>([&](QFileDialog& Aperto) {
+        QCOMPARE(Aperto.fileMode(), QFileDialog::Directory);
+        static_cast<QDialog&>(Aperto).done(QDialog::Accepted);
+    });
+    QCOMPARE(QDir(DialogoCartella(u"Cartella"_s, Cartella)), QDir(Cartella));
+}
+
+void TestServiziQt::dialogoAnnullato()
+{
+    Prossimo<QFileDialog>([](QFileDialog& Aperto) { Aperto.reject(); });
+    QVERIFY(DialogoApri(u"Apri"_s, NuovaCartella(), u""_s).isEmpty());
+}
+
+void TestServiziQt::colore()
+{
+    Prossimo<QColorDialog>([](QColorDialog& Aperto) {
+        QCOMPARE(Aperto.currentColor(), QColor(237, 248, 254));
+        Aperto.setCurrentColor(QColor(1, 2, 3));
+        Aperto.accept();
+    });
+    QCOMPARE(DialogoColore(0xFEF8ED), std::optional(0x030201));
+    Prossimo<QColorDialog>([](QColorDialog& Aperto) { Aperto.reject(); });
+    QVERIFY(!DialogoColore(0));
+}
+
+void TestServiziQt::clessidra()
+{
+    Clessidra(true);
+    Clessidra(true);
+    QVERIFY(QApplication::overrideCursor());
+    QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    Clessidra(false);
+    QVERIFY2(!QApplication::overrideCursor(), "un solo spegnimento basta");
+    Clessidra(false);
+}
+
+void TestServiziQt::clessidraDuranteUnMessaggio()
+{
+    Clessidra(true);
+    Prossimo<QMessageBox>([](QMessageBox& Aperto) {
+        QCOMPARE(QApplication::overrideCursor()->shape(), Qt::ArrowCursor);
+        Aperto.accept();
+    });
+    MsgBox(u"Testo"_s);
+    QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    Clessidra(false);
+}
+
+void TestServiziQt::prossimoCampo()
+{
+    QWidget Finestra;
+    auto* Disposizione = new QVBoxLayout(&Finestra);
+    auto* A = new QLineEdit;
+    auto* B = new QLineEdit;
+    Disposizione->addWidget(A);
+    Disposizione->addWidget(B);
+    QVERIFY(MostraAttiva(Finestra));
+    A->setFocus();
+    ProssimoCampo();
+    QVERIFY(B->hasFocus());
+}
+
+void TestServiziQt::fileCheNonCE()
+{
+    const QString Assente = NuovaCartella() + u"assente.pdf"_s;
+    QCOMPARE(ApriConSistema(Assente), 53);
+    QCOMPARE(ApriPdfConSistema(Assente, 3), 53);
+}
+
+void TestServiziQt::avviaProgramma()
+{
+    const QString Cartella = NuovaCartella();
+    QCOMPARE(AvviaProgramma(u"touch"_s, {u"avviato"_s}, Cartella), 0);
+    QTRY_VERIFY(QFile::exists(Cartella + u"avviato"_s));
+    QVERIFY(AvviaProgramma(Cartella + u"nessun programma"_s, {}, Cartella) != 0);
+}
+
+void TestServiziQt::connessoRestaDellaRete()
+{
+    Shell Prima = InstallaShell({});
+    Prima.Connesso = [] { return true; };
+    InstallaShell(std::move(Prima));
+    InstallaServiziQt();
+    QVERIFY(InternetConnesso());
+}
+
+void TestServiziQt::terminaLasciaIlCiclo()
+{
+    QTimer::singleShot(0, qApp, [] { Termina(3); });
+    QCOMPARE(QApplication::exec(), 3);
+}
+
+void TestServiziQt::terminaPrimaDelCiclo()
+{
+    Termina(4);
+    QTimer Troppo;
+    Troppo.setSingleShot(true);
+    Collega(&Troppo, &QTimer::timeout, qApp, [] { QCoreApplication::exit(-1); });
+    Troppo.start(5000);
+    QCOMPARE(QApplication::exec(), 4);
+}
+
+void TestServiziQt::respiraFermaTutto()
+{
+    QWidget Finestra;
+    auto* Disposizione = new QVBoxLayout(&Finestra);
+    auto* Campo = new QLineEdit;
+    auto* Pulsante = new QPushButton;
+    Disposizione->addWidget(Campo);
+    Disposizione->addWidget(Pulsante);
+    QVERIFY(MostraAttiva(Finestra));
+    Campo->setFocus();
+    int Premuto = 0;
+    int Scaduto = 0;
+    Collega(Pulsante, &QPushButton::clicked, &Finestra, [&] { ++Premuto; });
+    QTimer Orologio;
+    Collega(&Orologio, &QTimer::timeout, &Finestra, [&] { ++Scaduto; });
+    Orologio.start(0);
+    const auto Accoda = [](QWidget* Chi, QEvent* Evento) { QCoreApplication::postEvent(Chi, Evento); };
+    Accoda(Campo, new QKeyEvent(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, u"a"_s));
+    const QPointF Punto = Pulsante->rect().center();
+    Accoda(Pulsante, new QMouseEvent(QEvent::MouseButtonPress, Punto, Pulsante->mapToGlobal(Punto), Qt::LeftButton,
+                                     Qt::LeftButton, Qt::NoModifier));
+    Accoda(Pulsante, new QMouseEvent(QEvent::MouseButtonRelease, Punto, Pulsante->mapToGlobal(Punto), Qt::LeftButton,
+                                     Qt::NoButton, Qt::NoModifier));
+    Accoda(&Finestra, new QCloseEvent);
+    QVERIFY(Respira());
+    QVERIFY(Campo->text().isEmpty());
+    QCOMPARE(Premuto, 0);
+    QCOMPARE(Scaduto, 0);
+    QVERIFY(Finestra.isVisible());
+    QTRY_VERIFY2(Scaduto > 0, "l'orologio riprende dopo");
+}
+
+void TestServiziQt::respiraSiInterrompe_data()
+{
+    QTest::addColumn<int>("Tasto");
+    QTest::addColumn<bool>("Continua");
+    QTest::newRow("Esc") << int(Qt::Key_Escape) << false;
+    QTest::newRow("Interr") << int(Qt::Key_Pause) << false;
+    QTest::newRow("un altro tasto") << int(Qt::Key_Space) << true;
+}
+
+void TestServiziQt::respiraSiInterrompe()
+{
+    QFETCH(int, Tasto);
+    QLineEdit Campo;
+    QVERIFY(MostraAttiva(Campo));
+    QCoreApplication::postEvent(&Campo, new QKeyEvent(QEvent::KeyPress, Tasto, Qt::NoModifier));
+    QTEST(Respira(), "Continua");
+    QVERIFY2(Respira(), "il tasto vale una volta");
+}
+
+#include "TestServiziQt.moc"
