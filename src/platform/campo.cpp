@@ -15,6 +15,9 @@
 #include <QTextDocument>
 #include <QTextEdit>
 
+#include <algorithm>
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -182,16 +185,20 @@ private:
     bool PuntoInVirgola;
 };
 
-/// The widget that has the focus, or would have it if its window were the active one.
-QWidget* CampoCorrente()
+/// Runs what is open in a widget and in those around it. @return false when something refuses
+bool ConcludiDa(QPointer<QWidget> Campo)
 {
-    if (QWidget* Campo = QApplication::focusWidget())
-        return Campo;
-    static QPointer<QWidget> UltimaFinestra;
-    for (QWidget* Finestra : QApplication::topLevelWidgets())
-        if (Finestra->isVisible() && Finestra->focusWidget() && Finestra->isActiveWindow())
-            UltimaFinestra = Finestra;
-    return UltimaFinestra ? UltimaFinestra->focusWidget() : nullptr;
+    while (Campo) {
+        // The parent is taken first: the procedure may close the form.
+        const QPointer<QWidget> Padre = Campo->isWindow() ? nullptr : Campo->parentWidget();
+        if (auto* Aperto = dynamic_cast<Concludibile*>(Campo.data()); Aperto && !Aperto->Concludi())
+            return false;
+        if (OsservatoreCampo* Osservatore = Campo ? OsservatoreCampo::Di(Campo) : nullptr;
+            Osservatore && !Osservatore->Esegui())
+            return false;
+        Campo = Padre;
+    }
+    return true;
 }
 
 }  // namespace
@@ -241,18 +248,14 @@ void AlLasciaSempre(QWidget* Campo, std::function<bool()> Procedura)
 
 bool ConcludiCampo()
 {
-    QPointer<QWidget> Campo = CampoCorrente();
-    while (Campo) {
-        // The parent is taken first: the procedure may close the form.
-        const QPointer<QWidget> Padre = Campo->isWindow() ? nullptr : Campo->parentWidget();
-        if (auto* Aperto = dynamic_cast<Concludibile*>(Campo.data()); Aperto && !Aperto->Concludi())
-            return false;
-        if (OsservatoreCampo* Osservatore = Campo ? OsservatoreCampo::Di(Campo) : nullptr;
-            Osservatore && !Osservatore->Esegui())
-            return false;
-        Campo = Padre;
-    }
-    return true;
+    if (QWidget* Campo = QApplication::focusWidget())
+        return ConcludiDa(Campo);
+    // A command may come while another program is in front: each window keeps its field all the same.
+    QList<QPointer<QWidget>> Campi;
+    for (const QWidget* Finestra : QApplication::topLevelWidgets())
+        if (Finestra->isVisible() && Finestra->focusWidget())
+            Campi += Finestra->focusWidget();
+    return std::all_of(Campi.cbegin(), Campi.cend(), ConcludiDa);
 }
 
 void FiltraTasti(QLineEdit* Campo, const QString& Tipo, bool PuntoInVirgola)

@@ -73,6 +73,7 @@ private Q_SLOTS:
     void listaScrivibile();
     void testoLungo();
     void concludiCampo();
+    void concludiConUnAltroProgrammaDavanti();
     void concludiSenzaFuoco();
     void invioPassaAvanti();
     void filtroDeiTasti();
@@ -289,6 +290,19 @@ void TestCampo::concludiCampo()
     Regola.Risposta = false;
     QVERIFY(!ConcludiCampo());
     QVERIFY(M->A->hasFocus());
+}
+
+void TestCampo::concludiConUnAltroProgrammaDavanti()
+{
+    Conto Regola;
+    Regola.Risposta = false;
+    AlLascia(M->A, Regola());
+    Digita(u"1"_s);
+    QApplication::setActiveWindow(nullptr);
+    QVERIFY(!QApplication::focusWidget());
+    QCOMPARE(Regola.Chiamate, 0);
+    QVERIFY(!ConcludiCampo());
+    QCOMPARE(Regola.Chiamate, 1);
 }
 
 void TestCampo::concludiSenzaFuoco()

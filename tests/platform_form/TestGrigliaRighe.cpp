@@ -99,6 +99,7 @@ private Q_SLOTS:
     void ilPieSegueLeColonne();
     void laColonnaCheStira();
     void larghezzeAndataERitorno();
+    void legareTieneLeColonne();
     void larghezzeDiAltreColonne_data();
     void larghezzeDiAltreColonne();
     void colonnaNascosta();
@@ -403,6 +404,23 @@ void TestGrigliaRighe::larghezzeAndataERitorno()
     QCOMPARE(G.Vista()->columnWidth(0), 133);
     QCOMPARE(G.Vista()->horizontalHeader()->logicalIndex(0), 2);
     QCOMPARE(G.Griglia_->Larghezze(), Ricordate);
+}
+
+void TestGrigliaRighe::legareTieneLeColonne()
+{
+    Finestra F;
+    QVERIFY(MostraAttiva(F));
+    F.Vista()->horizontalHeader()->resizeSection(0, 133);
+    F.Vista()->horizontalHeader()->moveSection(2, 0);
+    F.Griglia_->MostraColonna(1, false);
+    const QString Prima = F.Griglia_->Larghezze();
+    TabellaRighe Altra(3);
+    Altra.AggiungiRiga();
+    F.Griglia_->Lega(&Altra);
+    F.Griglia_->ConsentiNuove(true);
+    QCOMPARE(F.Griglia_->Larghezze(), Prima);
+    QVERIFY(!F.Griglia_->ColonnaVisibile(1));
+    F.Griglia_->Lega(&F.Righe);
 }
 
 void TestGrigliaRighe::larghezzeDiAltreColonne_data()
