@@ -1,12 +1,14 @@
 #include "feenote/barrarighe.h"
 
 #include "platform/aspetto.h"
+#include "platform/campo.h"
 #include "platform/collega.h"
 #include "platform/griglia.h"
 #include "platform/messaggi.h"
 
 #include <QAction>
 #include <QActionGroup>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QToolBar>
 
@@ -18,6 +20,11 @@ QAction* AggiungiTasto(QToolBar* Barra, const QString& Chiave, const QString& Su
 {
     QAction* Tasto = Barra->addAction(aspetto::Icona(Chiave), Suggerimento);
     Tasto->setObjectName(Chiave);
+    // A toolbar takes its buttons out of the tab order; what the mouse can do, the keyboard can.
+    QWidget* Bottone = Barra->widgetForAction(Tasto);
+    Bottone->setObjectName(Barra->objectName() + u'_' + Chiave);
+    Bottone->setAccessibleName(Suggerimento);
+    Bottone->setFocusPolicy(Qt::TabFocus);
     return Tasto;
 }
 
@@ -35,13 +42,37 @@ void AggiungiModo(QToolBar* Barra, QActionGroup* Modi, bool& InsUltima, bool Ult
     });
 }
 
+/// The down arrow of a search box goes to the list.
+class FrecciaGiu : public QObject
+{
+public:
+    FrecciaGiu(QLineEdit* Box, Griglia* Elenco) : QObject(Box), Lista(Elenco) { Box->installEventFilter(this); }
+
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
+    {
+        const bool Giu =
+            Evento->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(Evento)->key() == Qt::Key_Down;
+        if (Giu)
+            Lista->setFocus(Qt::TabFocusReason);
+        return Giu || QObject::eventFilter(Oggetto, Evento);
+    }
+
+private:
+    Griglia* Lista;
+};
+
 }  // namespace
 
-void CostruisciBarraRighe(QToolBar* Barra, QWidget* Modulo, bool& InsUltima, std::function<void()> Inserisci)
+void CostruisciBarraRighe(QToolBar* Barra, QWidget* Modulo, bool& InsUltima, std::function<void()> Inserisci,
+                          std::function<void()> Informa)
 {
     Barra->setIconSize({18, 18});
     QAction* Scelta = AggiungiTasto(Barra, u"select"_s, u"Inserisci la voce selezionata"_s);
     Collega(Scelta, &QAction::triggered, Barra, std::move(Inserisci));
+    if (Informa) {
+        QAction* Scheda = AggiungiTasto(Barra, u"info"_s, u"Scheda informativa della voce"_s);
+        Collega(Scheda, &QAction::triggered, Barra, std::move(Informa));
+    }
     Barra->addSeparator();
 
     auto* Modi = new QActionGroup(Modulo);
@@ -55,14 +86,14 @@ bool VaiARiga(Recordset& Righe, int Riga)
 {
     if (!Righe.Aperto() || Riga < 0 || Riga >= Righe.RecordCount())
         return false;
-    Righe.MoveFirst();
-    for (int i = 0; i < Riga; ++i)
-        Righe.MoveNext();
+    Righe.ImpostaAbsolutePosition(Riga);
     return true;
 }
 
 void CollegaRicerca(QLineEdit* Box, Griglia* Lista, std::function<Recordset()> Righe, const QString& Colonna)
 {
+    FiltraTasti(Box, {});
+    new FrecciaGiu(Box, Lista);
     Collega(Box, &QLineEdit::textEdited, Lista, [Lista, Righe = std::move(Righe), Colonna](const QString& Testo) {
         Recordset Catalogo = Righe();
         if (!Catalogo.Aperto() || Testo.trimmed().isEmpty())

@@ -12,14 +12,16 @@ class QLineEdit;
 class QToolBar;
 class QWidget;
 
-/// Builds barListaOnoDir: "select" inserts the catalogue's current row; "lastrow" and "currentrow" choose
-/// where new lines go and say so.
+/// Builds barListaOnoDir: "select" inserts the catalogue's current row, "info" shows its sheet; "lastrow" and
+/// "currentrow" choose where new lines go and say so. The keyboard reaches every button.
 /// @param InsUltima the list's mode, which the two buttons show and set
-void CostruisciBarraRighe(QToolBar* Barra, QWidget* Modulo, bool& InsUltima, std::function<void()> Inserisci);
+/// @param Informa empty: the list has no sheets, and no such button
+void CostruisciBarraRighe(QToolBar* Barra, QWidget* Modulo, bool& InsUltima, std::function<void()> Inserisci,
+                          std::function<void()> Informa = {});
 
 /// Moves a recordset to a row by its number. @return false when there is no such row
 bool VaiARiga(Recordset& Righe, int Riga);
 
-/// Typing in the box moves the catalogue to the first row whose text contains it; Enter inserts nothing,
-/// the down arrow goes to the list.
+/// Typing in the box moves the catalogue to the first row whose text contains it. Enter inserts nothing: like
+/// the down arrow it goes to the list.
 void CollegaRicerca(QLineEdit* Box, Griglia* Lista, std::function<Recordset()> Righe, const QString& Colonna);

@@ -3,8 +3,10 @@
 #include "core/comandi.h"
 #include "core/sessione.h"
 #include "feenote/frmParcelle.h"
+#include "feenote/modRecupero.h"
 #include "platform/aspetto.h"
 #include "platform/impostazioni.h"
+#include "platform/messaggi.h"
 #include "platform/percorsi.h"
 #include "platform/shell.h"
 
@@ -28,7 +30,27 @@ constexpr int CascataSinistra = 140;
 constexpr int PrimoAlto = 150;
 constexpr int PrimoSinistra = 220;
 
+/// FormState of a maximised window, 0 of a normal one.
+constexpr int StatoMassimo = 2;
+
 std::vector<QPointer<frmParcelle>> Finestre(1);
+
+/// Keeps the size that a window had before it was maximised or minimised; a child window knows no such thing.
+class MisuraNormale : public QObject
+{
+public:
+    static constexpr const char* Nome = "misuraNormale";
+
+    explicit MisuraNormale(QMdiSubWindow* Sotto) : QObject(Sotto) { Sotto->installEventFilter(this); }
+
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
+    {
+        const auto* Sotto = static_cast<QMdiSubWindow*>(Oggetto);
+        if (Evento->type() == QEvent::Resize && !Sotto->isMaximized() && !Sotto->isMinimized())
+            Oggetto->setProperty(Nome, Sotto->size());
+        return QObject::eventFilter(Oggetto, Evento);
+    }
+};
 
 int Misura(const QString& Chiave, int Predefinita)
 {
@@ -55,6 +77,7 @@ frmParcelle* FinestraPerPosto(int Indice)
         QMdiSubWindow* Sotto = Area->addSubWindow(Finestra);
         Sotto->setAttribute(Qt::WA_DeleteOnClose, false);
         Sotto->setProperty("Tag", QString::number(Indice));
+        new MisuraNormale(Sotto);
     }
     return Finestra;
 }
@@ -77,12 +100,19 @@ QString TitoloNuova(int Indice, const QString& ID)
     return Indice < 2 ? Nuova.toString() : Nuova.toString() + u':' + QString::number(Indice);
 }
 
+/// The window of a place that holds a note, null for a free one.
+frmParcelle* InUso(int Indice)
+{
+    frmParcelle* Finestra = Parcelle(Indice);
+    return Finestra && !InfoParcelle[size_t(Indice)].Libera ? Finestra : nullptr;
+}
+
 QString NomeNota(const QString& Percorso)
 {
     return NomeFile(Percorso).toLower().remove(u".mdb"_s);
 }
 
-/// The normal size, not that of a maximised window, is what the next start wants.
+/// What the next start wants: the normal size, of a maximised window too, and that it was maximised.
 void RicordaMisure(const frmParcelle* Finestra)
 {
     const QMdiSubWindow* Sotto = Cornice(Finestra);
@@ -91,11 +121,12 @@ void RicordaMisure(const frmParcelle* Finestra)
     const auto Scrivi = [](const QString& Chiave, int Valore) {
         SaveSetting(u"KR5"_s, u"Parametri"_s, Chiave, QString::number(Valore));
     };
-    if (!Sotto->isMaximized()) {
-        Scrivi(u"FormWidth"_s, aspetto::Twip(Sotto->width()));
-        Scrivi(u"FormHeight"_s, aspetto::Twip(Sotto->height()));
+    const QSize Normale = Sotto->property(MisuraNormale::Nome).toSize();
+    if (Normale.isValid()) {
+        Scrivi(u"FormWidth"_s, aspetto::Twip(Normale.width()));
+        Scrivi(u"FormHeight"_s, aspetto::Twip(Normale.height()));
     }
-    Scrivi(u"FormState"_s, Sotto->isMaximized() ? 2 : 0);
+    Scrivi(u"FormState"_s, Sotto->isMaximized() ? StatoMassimo : 0);
 }
 
 /// Frees the place; the window stays, hidden, for the next note that takes it.
@@ -124,6 +155,48 @@ void DopoChiusura(frmParcelle* Finestra)
         UltimaParcellaChiusa();
 }
 
+int PrendiPosto()
+{
+    return TrovaPostoParcella([] {
+        const frmParcelle* Prima = Parcelle(1);
+        return Prima && Prima->windowTitle() == Nuova;
+    });
+}
+
+/// Brings up the window of a place under a caption, linked to its partner.
+frmParcelle* MostraFinestra(int Indice, int Socio, const QString& Titolo)
+{
+    frmParcelle* Finestra = FinestraPerPosto(Indice);
+    MettiInCascata(Finestra, Indice);
+    // A partner that is the window itself, or whose note has closed meanwhile, is none.
+    frmParcelle* Altra = Socio == Indice ? nullptr : InUso(Socio);
+    Finestra->Collega(Altra ? Socio : 0);
+    if (Altra)
+        Altra->Nota.IDMultipla = Indice;
+
+    Finestra->setWindowTitle(Titolo);
+    Finestra->ImpostaNome(Titolo);
+    if (QMdiSubWindow* Sotto = Cornice(Finestra)) {
+        Sotto->show();
+        Finestra->show();
+        if (Misura(u"FormState"_s, 0) == StatoMassimo)
+            Sotto->showMaximized();
+    } else {
+        Finestra->show();
+    }
+    AttivaParcella(Indice);
+    return Finestra;
+}
+
+void ApriRecuperata(const CopiaRecupero& Copia)
+{
+    const int Indice = PrendiPosto();
+    const QString Titolo = Copia.Percorso.isEmpty() ? TitoloNuova(Indice, {}) : NomeNota(Copia.Percorso);
+    frmParcelle* Finestra = MostraFinestra(Indice, 0, Titolo);
+    Finestra->Recupera(Copia);
+    Finestra->ImpostaNome(Titolo);
+}
+
 }  // namespace
 
 frmParcelle* Parcelle(int Indice)
@@ -133,44 +206,52 @@ frmParcelle* Parcelle(int Indice)
 
 void ApriParcella(const QString& Percorso, int Socio, const QString& ID)
 {
-    const int Indice = TrovaPostoParcella([] {
-        const frmParcelle* Prima = Parcelle(1);
-        return Prima && Prima->windowTitle() == Nuova;
-    });
-    frmParcelle* Finestra = FinestraPerPosto(Indice);
-    InfoParcella& Info = InfoParcelle[size_t(Indice)];
-    MettiInCascata(Finestra, Indice);
-    // A partner that is the window itself is none: the place was reused.
-    Finestra->Collega(Socio);
-    if (frmParcelle* Altra = Parcelle(Finestra->Socio()))
-        Altra->Nota.IDMultipla = Indice;
-
+    const int Indice = PrendiPosto();
     const bool DaFile = ID.isEmpty() && !Percorso.isEmpty();
-    Info.Nome = DaFile ? NomeNota(Percorso) : ID.isEmpty() ? TitoloNuova(Indice, ID) : Nuova.toString();
-    Finestra->setWindowTitle(DaFile ? Info.Nome : TitoloNuova(Indice, ID));
-    Finestra->Nota.Nome = Info.Nome;
-    if (QMdiSubWindow* Sotto = Cornice(Finestra)) {
-        Sotto->show();
-        Finestra->show();
-        if (Misura(u"FormState"_s, 0) == 2)
-            Sotto->showMaximized();
-        Sotto->mdiArea()->setActiveSubWindow(Sotto);
-    } else {
-        Finestra->show();
-    }
+    const QString Titolo = DaFile ? NomeNota(Percorso) : TitoloNuova(Indice, ID);
+    frmParcelle* Finestra = MostraFinestra(Indice, Socio, Titolo);
+    if (!ID.isEmpty())
+        Finestra->ImpostaNome(Nuova.toString());
     if (DaFile)
         Finestra->Carica(Percorso);
     else
         Finestra->Nuova(ID);
 }
 
+void OffriRecupero()
+{
+    for (const CopiaRecupero& Copia : NoteDaRecuperare()) {
+        const int Risposta = MsgBoxPulsanti(
+            u"Il programma si è chiuso senza che la parcella \"%1\" fosse salvata.\n"
+            u"Ne esiste una copia del %2.\nVuoi recuperarla?"_s.arg(
+                Copia.Nome, Copia.Quando.toString(u"dd/MM/yyyy 'ore' HH:mm"_s)),
+            vbYesNoCancel + vbQuestion, TitoloDomanda.toString(), {u"Recupera"_s, u"Elimina"_s, u"Più tardi"_s});
+        if (Risposta == vbYes)
+            ApriRecuperata(Copia);
+        else if (Risposta == vbNo)
+            EliminaCopia(Copia);
+    }
+}
+
+void AttivaParcella(int Indice)
+{
+    frmParcelle* Finestra = InUso(Indice);
+    if (!Finestra)
+        return;
+    if (QMdiSubWindow* Sotto = Cornice(Finestra))
+        Sotto->mdiArea()->setActiveSubWindow(Sotto);
+    else
+        Finestra->activateWindow();
+    if (ParcellaAttivata)
+        ParcellaAttivata(Indice);
+}
+
 bool ChiudiParcella(int Indice)
 {
-    frmParcelle* Finestra = Parcelle(Indice);
-    if (!Finestra || InfoParcelle[size_t(Indice)].Libera)
+    frmParcelle* Finestra = InUso(Indice);
+    if (!Finestra)
         return true;
-    const int Socio = Finestra->Socio();
-    frmParcelle* Altra = Parcelle(Socio);
+    frmParcelle* Altra = InUso(Finestra->Socio());
     const bool Principale = Finestra->HaStampa();
     if (!Finestra->ChiediChiusura() || (Altra && Principale && !Altra->ChiediChiusura()))
         return false;

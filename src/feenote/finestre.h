@@ -10,9 +10,10 @@ class frmParcelle;
 
 /// The frame's client area that note windows live in; asking for it brings the frame up. Set at the start.
 inline std::function<QMdiArea*()> AreaParcelle;
-/// Called when the last note has closed (the frame goes and the desktop comes back), when a window became
-/// active, and when marks or captions changed. Set at the start, empty in tests.
+/// Called when the last note has closed: the frame goes and the desktop comes back. Set at the start.
 inline std::function<void()> UltimaParcellaChiusa;
+/// Called when a window was opened or activated by code: from then on it is the toolbar's target, even while
+/// another program has the focus.
 inline std::function<void(int Indice)> ParcellaAttivata;
 
 /// The window of a place, null when it was never made.
@@ -24,6 +25,13 @@ inline std::function<void(int Indice)> ParcellaAttivata;
 /// @param Socio partner window, 0 none; the print tab of the new window is then closed
 /// @param ID reference of the matter, empty for an ordinary note
 void ApriParcella(const QString& Percorso, int Socio, const QString& ID);
+
+/// Offers the notes that a killed program left unsaved: one question for each copy, whose answer opens it,
+/// drops it, or keeps it for another time. The start calls it once the desktop is there.
+void OffriRecupero();
+
+/// Brings an open note's window to the front; nothing for a free place.
+void AttivaParcella(int Indice);
 
 /// Closes a window, asking about unsaved changes; its linked partner is asked too before either goes.
 /// @return false when the close is refused

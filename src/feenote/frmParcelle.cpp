@@ -18,8 +18,9 @@
 #include "ui_SchedaStampa.h"
 #include "ui_frmParcelle.h"
 
+#include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <QTabBar>
-#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -55,6 +56,7 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     ui->setupUi(this);
     CostruisciSchede();
     CollegaCornice();
+    CollegaCopia();
     CollegaDatiBase();
     CollegaOnorari();
     CollegaSpese();
@@ -96,26 +98,54 @@ void frmParcelle::CollegaCornice()
     ui->lblDatiBase->setFont(Grande);
     ui->lblTotal->setFont(Grande);
 
-    ::Collega(ui->tabParcelle, &QTabWidget::tabBarClicked, this, [this](int Nuova) {
-        // The bar changes by itself after this signal: what refuses is put right behind it.
-        if (Nuova >= 0 && Nuova != Scheda() && !ConcludiCampo()) {
-            const int Ferma = Scheda();
-            QTimer::singleShot(0, this, [this, Ferma] { ui->tabParcelle->setCurrentIndex(Ferma); });
-        }
-    });
+    ui->tabParcelle->installEventFilter(this);
+    ui->tabParcelle->tabBar()->installEventFilter(this);
     ::Collega(ui->tabParcelle, &QTabWidget::currentChanged, this,
               [this](int Nuova) { tabParcelle_Change(Nuova); });
     ::Collega(findChild<QToolButton*>(u"imgPrev"_s), &QToolButton::clicked, this, [this] { imgPrev_Click(); });
     ::Collega(findChild<QToolButton*>(u"imgNext"_s), &QToolButton::clicked, this, [this] { imgNext_Click(); });
-    ::Collega(ui->pctSave, &QToolButton::clicked, this,
-              [this] { EseguiComando(u"savepar"_s, Posto, {}); });
+    ::Collega(ui->pctSave, &QToolButton::clicked, this, [this] {
+        if (ConcludiCampo())
+            EseguiComando(u"savepar"_s, Posto, {});
+    });
 }
 
-bool frmParcelle::LasciaBase()
+bool frmParcelle::eventFilter(QObject* Oggetto, QEvent* Evento)
 {
-    BaseValida = CheckOK(Nota, false);
-    Nota.Fuoco.clear();
+    // A bar of tabs takes no focus by a click, the wheel or a mnemonic: no field is left by them.
+    switch (Evento->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::Wheel:
+    case QEvent::Shortcut:
+        if (Oggetto == ui->tabParcelle->tabBar() && !ConcludiCampo())
+            return true;
+        break;
+    case QEvent::KeyPress:  // Ctrl+Tab and its kin
+        if (static_cast<QKeyEvent*>(Evento)->modifiers().testFlag(Qt::ControlModifier) && !ConcludiCampo())
+            return true;
+        break;
+    default: break;
+    }
+    return QWidget::eventFilter(Oggetto, Evento);
+}
+
+/// The parameters are tested when their tab is left; the answer holds until they are seen again.
+bool frmParcelle::LasciaBase(int Verso)
+{
+    if (Verso == SchedaBase)
+        return true;
+    if (SchedaInVista == SchedaBase) {
+        BaseValida = CheckOK(Nota, false);
+        Nota.Fuoco.clear();
+    }
     return BaseValida;
+}
+
+void frmParcelle::TornaAllaBase()
+{
+    const QScopedValueRollback Guardia(CambioScheda, true);
+    ui->tabParcelle->setCurrentIndex(SchedaBase);
+    SchedaInVista = SchedaBase;
 }
 
 void frmParcelle::VaiAllaScheda(int Indice)
@@ -130,14 +160,13 @@ void frmParcelle::tabParcelle_Change(int Nuova)
 {
     if (CambioScheda)
         return;
-    if (Nuova != SchedaBase && !LasciaBase()) {
-        CambioScheda = true;
-        ui->tabParcelle->setCurrentIndex(SchedaBase);
-        CambioScheda = false;
+    if (!LasciaBase(Nuova)) {
+        TornaAllaBase();
         (void)CheckOK(Nota, true);  // once more, telling the user why
         Mostra();
         return;
     }
+    SchedaInVista = Nuova;
     if (Nuova == SchedaListaOnorari)
         EntraScheda1();
     else if (Nuova == SchedaListaSpese)
@@ -151,25 +180,26 @@ void frmParcelle::imgPrev_Click()
         VaiAllaScheda(Scheda() - 1);
         return;
     }
+    if (!ConcludiCampo() || InfoParcelle[size_t(Posto)].Libera)
+        return;
     const int Risposta = MsgBox(u"Confermi il ritorno al menu iniziale?"_s, vbYesNo + vbQuestion,
                                 TitoloDomanda.toString());
-    if (Risposta == vbYes && Aperture.ChiudiParcella)
-        Aperture.ChiudiParcella(Posto);
+    if (Risposta == vbYes)
+        ChiudiParcella(Posto);
 }
 
 void frmParcelle::imgNext_Click()
 {
     const int Ultima = ui->tabParcelle->count() - 1;
     if (Scheda() == Ultima) {
-        EseguiComando(u"savepar"_s, Posto, {});
-        return;
+        if (ConcludiCampo())
+            EseguiComando(u"savepar"_s, Posto, {});
+    } else if (Scheda() + 1 == Ultima && !HaStampa()) {
+        if (ConcludiCampo())
+            AttivaParcella(Socio());
+    } else {
+        VaiAllaScheda(Scheda() + 1);
     }
-    if (Scheda() + 1 == Ultima && !ui->tabParcelle->isTabEnabled(Ultima)) {
-        if (frmParcelle* Altra = Parcelle(Socio()))
-            Altra->activateWindow();
-        return;
-    }
-    VaiAllaScheda(Scheda() + 1);
 }
 
 void frmParcelle::Mostra()
@@ -189,7 +219,7 @@ void frmParcelle::Mostra()
 
     const QString Fuoco = std::exchange(Nota.Fuoco, QString());
     if (QWidget* Controllo = Fuoco.isEmpty() ? nullptr : findChild<QWidget*>(Fuoco))
-        QTimer::singleShot(0, Controllo, [Controllo] { Controllo->setFocus(); });
+        RidaiFuoco(Controllo);
 }
 
 void frmParcelle::RefreshDatiBase()
@@ -229,7 +259,7 @@ void frmParcelle::MostraSegni()
 
 void frmParcelle::Collega(int Socio)
 {
-    Nota.IDMultipla = Socio == Posto ? 0 : Socio;
+    Nota.IDMultipla = Socio;
     ui->tabParcelle->setTabEnabled(SchedaDiStampa, Nota.IDMultipla == 0);
 }
 

@@ -7,10 +7,12 @@
 #include "feenote/parcella.h"
 #include "tariffs/modTariffe.h"
 
+#include <QTimer>
 #include <QWidget>
 
 #include <memory>
 
+struct CopiaRecupero;
 class Griglia;
 class QLabel;
 class QLineEdit;
@@ -53,6 +55,9 @@ public:
     void Nuova(const QString& ID);
     /// Reads a file. A failure is reported and leaves a new note.
     void Carica(const QString& Percorso);
+    /// Takes over a recovery copy, which goes once this window has one of its own. A failure is reported, leaves
+    /// a new note, and the copy stays.
+    void Recupera(const CopiaRecupero& Trovata);
     /// The whole save, with its dialog and messages. @return true when the file was written
     bool SalvaParcella(bool ComeModello);
     void Proteggi();
@@ -60,7 +65,10 @@ public:
     [[nodiscard]] bool ChiediChiusura();
     /// Unloads after ChiediChiusura: place free, sizes saved, frame told.
     void Scarica();
+    /// The mark, with what follows it: the pictogram, and a recovery copy while it is set.
     void SetModificata(bool Valore);
+    /// The note's name, in the record and in its place; the caption is the window's own.
+    void ImpostaNome(const QString& Nome);
     /// The other window of a linked pair, 0 none.
     void Collega(int Socio);
     [[nodiscard]] int Socio() const { return Nota.IDMultipla; }
@@ -68,7 +76,7 @@ public:
     [[nodiscard]] bool HaStampa() const;
 
     // ---- tabs (frmParcelle.cpp)
-    /// Moves to a tab as a user would: open field committed, parameters checked.
+    /// Moves to a tab as a user would: open field committed, parameters checked. A closed tab stays closed.
     void VaiAllaScheda(int Indice);
     /// Writes every control from the record, signals held back, and gives the focus that a rule asked for.
     void Mostra();
@@ -79,16 +87,25 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* Evento) override;
+    /// Whatever may turn the page first leaves the field in edit.
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override;
 
 private:
     // ---- frmParcelle.cpp: frame, tabs, status bar, arrows
     void CostruisciSchede();
     void CollegaCornice();
     void tabParcelle_Change(int Nuova);
-    bool LasciaBase();
+    bool LasciaBase(int Verso);
+    void TornaAllaBase();  ///< by code: nothing is tested
     void imgPrev_Click();
     void imgNext_Click();
     void MostraSegni();  ///< padlock and diskette
+
+    // ---- frmParcelle_Vita.cpp
+    void RilegaRighe();  ///< the grids forget the note that was here before
+    void CollegaCopia();
+    void TimerCopia_Timer();
+    bool ScriviCopia();  ///< the recovery copy; false when it could not be written
 
     // ---- frmParcelle_DatiBase.cpp
     void CollegaDatiBase();
@@ -96,8 +113,10 @@ private:
 
     // ---- frmParcelle_Onorari.cpp: catalogue, lines, their toolbar
     void CollegaOnorari();
+    void CollegaCatalogoOnorari();
     void MostraOnorari();
     void EntraScheda1();
+    void ShowNota(int Riga);  ///< information sheet of a catalogue row
     void tdbListaOno_DblClick(int Riga);
 
     // ---- frmParcelle_Spese.cpp
@@ -121,7 +140,9 @@ private:
     }
 
     int Posto;
+    QTimer TimerCopia;      ///< runs from the first change that the recovery copy does not hold
     Catalogo Voci;          ///< catalogues, open once tab 1 or 2 was entered
+    int SchedaInVista = 0;  ///< the tab before a change
     bool BaseValida = true; ///< answer of the last CheckOK on leaving the base tab
     bool InMostra = false;  ///< controls are being written by code
     bool CambioScheda = false;

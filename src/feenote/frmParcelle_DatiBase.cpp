@@ -95,15 +95,20 @@ void frmParcelle::CollegaDatiBase()
     ::Collega(Opzioni, &QButtonGroup::idClicked, this,
               [this](int Scelta) { Applica([&] { ScegliAumRid(Nota, Scelta); }); });
     ::Collega(uiBase->cmbAumRid, &QComboBox::activated, this, [this](int Scelta) {
+        // With no percent yet the sign waits for one: leaving an empty box would take it away again.
         Applica([&] {
             CambiaSegnoAumRid(Nota, Scelta);
-            LasciaAumRid(Nota);
+            if (!Nota.txtAumRid.Testo.isEmpty())
+                LasciaAumRid(Nota);
         });
     });
     FiltraTasti(uiBase->txtAumRid, u"1234567890"_s);
     ::Collega(uiBase->txtAumRid, &QLineEdit::textEdited, this,
               [this](const QString& Testo) { Applica([&] { CambiaTestoAumRid(Nota, Testo); }); });
-    AlLascia(uiBase->txtAumRid, [this] {
+    // A limit that a refusal has put into the box is no edit of the user's, and yet comes into force.
+    AlLasciaSempre(uiBase->txtAumRid, [this] {
+        if (!VariazioneInSospeso(Nota))
+            return true;
         bool Accettata = true;
         Applica([&] {
             LasciaAumRid(Nota);

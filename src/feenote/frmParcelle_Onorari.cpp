@@ -3,15 +3,20 @@
 
 #include "core/comandi.h"
 #include "core/modErrori.h"
+#include "core/sessione.h"
 #include "feenote/barrarighe.h"
 #include "feenote/modOnorari.h"
 #include "feenote/modVariazione.h"
 #include "feenote/righegriglia.h"
 #include "platform/collega.h"
 #include "platform/griglia.h"
+#include "platform/percorsi.h"
 #include "ui_SchedaOnorari.h"
 
+#include <QHelpEvent>
 #include <QLineEdit>
+#include <QTableView>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -52,6 +57,42 @@ bool SenzaTariffa(const TabellaRighe& Righe, int Riga)
     return NVoce == 0 || NVoce == VoceLibera;
 }
 
+/// Tells over a catalogue row how to see its sheet.
+class SuggerimentoVoce : public QObject
+{
+public:
+    SuggerimentoVoce(Griglia* Elenco, std::function<Recordset()> Righe)
+        : QObject(Elenco), Vista(Elenco->Vista()), Catalogo(std::move(Righe))
+    {
+        Vista->viewport()->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
+    {
+        if (Evento->type() != QEvent::ToolTip)
+            return QObject::eventFilter(Oggetto, Evento);
+        const auto* Aiuto = static_cast<QHelpEvent*>(Evento);
+        QToolTip::showText(Aiuto->globalPos(), Testo(Vista->rowAt(Aiuto->pos().y())), Vista);
+        return true;
+    }
+
+    [[nodiscard]] QString Testo(int Riga) const
+    {
+        Recordset Voce = Catalogo();
+        if (!Voce.Aperto())
+            return {};
+        Voce = Voce.Clone();
+        if (!VaiARiga(Voce, Riga))
+            return {};
+        return u" Per visualizzare la scheda informativa di\n"_s + Voce.Value(u"DescrOno"_s, QString()).toString()
+            + u"\n selezionare la voce e cliccare sul pulsante Info"_s;
+    }
+
+private:
+    QTableView* Vista;
+    std::function<Recordset()> Catalogo;
+};
+
 bool QuantitaDaMostrare(const TabellaRighe& Righe)
 {
     for (int Riga = 0; Riga < Righe.Righe(); ++Riga)
@@ -62,14 +103,25 @@ bool QuantitaDaMostrare(const TabellaRighe& Righe)
 
 }  // namespace
 
-void frmParcelle::CollegaOnorari()
+void frmParcelle::CollegaCatalogoOnorari()
 {
     Griglia* Lista = uiOnorari->tdbListaOno;
     Lista->ImpostaColonne(ColonneCatalogo());
     Lista->FraseVuota(u"Scegliere categoria, autorità e valore nei dati base: qui compaiono le voci della tariffa."_s);
     ::Collega(Lista, &Griglia::DoppioClic, this, [this](int Riga) { tdbListaOno_DblClick(Riga); });
+    ::Collega(Lista, &Griglia::MenuContestuale, this, [this](int Riga) { ShowNota(Riga); });
     CollegaRicerca(uiOnorari->txtCercaOno, Lista, [this] { return Voci.datOno; }, u"DescrOno"_s);
+    new SuggerimentoVoce(Lista, [this] { return Voci.datOno; });
 
+    const auto Corrente = [Lista] { return Lista->RigaCorrente().value_or(-1); };
+    CostruisciBarraRighe(
+        uiOnorari->barListaOnoDir, this, Nota.InsUltimaOno, [=, this] { tdbListaOno_DblClick(Corrente()); },
+        [=, this] { ShowNota(Corrente()); });
+}
+
+void frmParcelle::CollegaOnorari()
+{
+    CollegaCatalogoOnorari();
     Griglia* Righe = uiOnorari->tdbOnor;
     Righe->ImpostaColonne(ColonneOnorari());
     Righe->Lega(&Nota.xOnorari);
@@ -88,18 +140,15 @@ void frmParcelle::CollegaOnorari()
         uiOnorari->tdbOnor->Rilega();
         RefreshGrid();
     });
-
-    CostruisciBarraRighe(uiOnorari->barListaOnoDir, this, Nota.InsUltimaOno,
-                         [this] { tdbListaOno_DblClick(uiOnorari->tdbListaOno->RigaCorrente().value_or(-1)); });
 }
 
 void frmParcelle::EntraScheda1()
 {
     Protetta([&] {
-        const int Inserite = EntraOnorari(Nota, Voci);
-        if (Inserite > 0)
-            SetModificata(true);
+        if (EntraOnorari(Nota, Voci) > 0)
+            Nota.Modificata = true;
     });
+    SetModificata(Nota.Modificata);  // a recalculation marks the record too
     uiOnorari->tdbListaOno->Lega(Voci.datOno);
     uiOnorari->lblAumRidOno->setText(TestoAumRidOno(Nota));
     uiOnorari->lblAumRidOno->setToolTip(SuggerimentoAumRidOno(Nota));
@@ -115,9 +164,22 @@ void frmParcelle::tdbListaOno_DblClick(int Riga)
     const std::optional<int> Inserita = InserisciOnorario(Nota, Voci, Righe->RigaCorrente());
     if (!Inserita)
         return;
+    if (!Voci.datOno.Value(u"QtaOno"_s, QString()).toString().isEmpty())
+        Righe->MostraColonna(OnoQta, true);
     SetModificata(true);
     Mostra();
     Righe->ImpostaRigaCorrente(*Inserita);  // the new line is current and in sight; the catalogue keeps its row
+}
+
+void frmParcelle::ShowNota(int Riga)
+{
+    if (!VaiARiga(Voci.datOno, Riga) || !Aperture.PaginaWeb)
+        return;
+    const QString Cartella = sessione::PercorsoProg + Barra(u"note"_s);
+    QString Pagina = TrovaFile(Cartella + FileScheda(Nota.CodCateg, Voci.datOno.Value(Voci.ChiaveOno)));
+    if (!EsisteFile(Pagina))
+        Pagina = Cartella + u"blank.htm"_s;
+    Aperture.PaginaWeb(Pagina, u"KR5 - Scheda informativa prestazione"_s);
 }
 
 void frmParcelle::MostraOnorari()

@@ -7,36 +7,73 @@
 #include "feenote/finestre.h"
 #include "feenote/modDocumento.h"
 #include "feenote/modFile.h"
-#include "feenote/modOnorari.h"
+#include "feenote/modRecupero.h"
 #include "feenote/modSalvataggio.h"
 #include "platform/campo.h"
+#include "platform/collega.h"
+#include "platform/griglia.h"
 #include "platform/messaggi.h"
-#include "platform/percorsi.h"
+#include "ui_SchedaAcconti.h"
+#include "ui_SchedaOnorari.h"
+#include "ui_SchedaSpese.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QElapsedTimer>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// How long a change may wait for its recovery copy.
+constexpr int AttesaCopiaMs = 2000;
+/// Pause after a copy, in times of what it took to write.
+constexpr int PausaPerCopia = 20;
+
+}  // namespace
+
 void frmParcelle::Nuova(const QString& ID)
 {
+    TornaAllaBase();
     NuovaParcella(Nota, ID);
-    Voci = {};
-    CambioScheda = true;
-    VaiAllaScheda(SchedaBase);
-    CambioScheda = false;
+    RilegaRighe();
     SetModificata(false);
     Mostra();
 }
 
 void frmParcelle::Carica(const QString& Percorso)
 {
+    TornaAllaBase();
     Protetta([&] { CaricaDati(Nota, Percorso); });
-    Voci = {};
-    CambioScheda = true;
-    VaiAllaScheda(SchedaBase);
-    CambioScheda = false;
+    RilegaRighe();
     SetModificata(false);
     Mostra();
+}
+
+void frmParcelle::RilegaRighe()
+{
+    Voci = {};
+    uiOnorari->txtCercaOno->clear();
+    uiSpese->txtCercaDir->clear();
+    uiOnorari->tdbListaOno->Lega(Voci.datOno);
+    uiSpese->tdbListaDir->Lega(Voci.datDir);
+    uiOnorari->tdbOnor->Lega(&Nota.xOnorari);
+    uiOnorari->tdbOnor->MostraColonna(OnoQta, false);
+    uiSpese->tdbDir->Lega(&Nota.xDiritti);
+    uiAcconti->tdbAcconti->Lega(&Nota.xAcconti);
+}
+
+void frmParcelle::Recupera(const CopiaRecupero& Trovata)
+{
+    TornaAllaBase();
+    const bool Letta = Protetta([&] { RecuperaNota(Nota, Trovata); });
+    RilegaRighe();
+    SetModificata(Letta);
+    Mostra();
+    if (Letta && ScriviCopia())
+        EliminaCopia(Trovata);
 }
 
 bool frmParcelle::SalvaParcella(bool ComeModello)
@@ -47,7 +84,7 @@ bool frmParcelle::SalvaParcella(bool ComeModello)
         const std::optional<QString> Scritta = SalvaConDialogo(Nota, ComeModello);
         if (!Scritta)
             return false;
-        InfoParcelle[size_t(Posto)].Nome = Nota.Nome;
+        ImpostaNome(Nota.Nome);
         setWindowTitle(Nota.Nome);
         SetModificata(false);
         Mostra();
@@ -56,6 +93,12 @@ bool frmParcelle::SalvaParcella(bool ComeModello)
         MsgErrore(u"Codice errore: %1\n%2"_s.arg(Guasto.Numero).arg(Guasto.Descrizione));
         return false;
     }
+}
+
+void frmParcelle::ImpostaNome(const QString& Nome)
+{
+    Nota.Nome = Nome;
+    InfoParcelle[size_t(Posto)].Nome = Nome;
 }
 
 void frmParcelle::Proteggi()
@@ -67,6 +110,8 @@ void frmParcelle::Proteggi()
 
 bool frmParcelle::ChiediChiusura()
 {
+    if (!ConcludiCampo())
+        return false;
     if (!Nota.Modificata)
         return true;
     const int Risposta = MsgBox(windowTitle() + u"\nVuoi salvare la parcella prima di chiudere?"_s,
@@ -81,10 +126,9 @@ bool frmParcelle::ChiediChiusura()
 
 void frmParcelle::Scarica()
 {
-    Nota.Modificata = false;
-    Voci = {};
+    SetModificata(false);
+    RilegaRighe();
     InfoParcelle[size_t(Posto)].Libera = true;
-    InfoParcelle[size_t(Posto)].Modificata = false;
 }
 
 void frmParcelle::SetModificata(bool Valore)
@@ -92,9 +136,52 @@ void frmParcelle::SetModificata(bool Valore)
     ::SetModificata(Nota, Valore);
     InfoParcelle[size_t(Posto)].Modificata = Valore;
     MostraSegni();
+    if (!Valore) {
+        TimerCopia.stop();
+        TogliCopia(Posto);
+    } else if (!TimerCopia.isActive()) {
+        TimerCopia.start();
+    }
+}
+
+void frmParcelle::CollegaCopia()
+{
+    TimerCopia.setSingleShot(true);
+    TimerCopia.setInterval(AttesaCopiaMs);
+    ::Collega(&TimerCopia, &QTimer::timeout, this, [this] { TimerCopia_Timer(); });
+    // An end that asks about nothing leaves the copy behind, complete: it is offered at the next start.
+    ::Collega(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, [this] {
+        if (TimerCopia.isActive())
+            (void)ScriviCopia();
+    });
+}
+
+void frmParcelle::TimerCopia_Timer()
+{
+    // While a message is up the rule that shows it has not come to its end.
+    if (QApplication::activeModalWidget()) {
+        TimerCopia.start();
+        return;
+    }
+    QElapsedTimer Orologio;
+    Orologio.start();
+    (void)ScriviCopia();
+    // A very long note takes its time: the copies stay a small part of the user's.
+    TimerCopia.setInterval(int(std::max<qint64>(AttesaCopiaMs, Orologio.elapsed() * PausaPerCopia)));
+}
+
+bool frmParcelle::ScriviCopia()
+{
+    TimerCopia.stop();
+    try {
+        AggiornaCopia(Nota, Posto);
+        return true;
+    } catch (const Errore&) {
+        return false;  // a disk without room for the copy is no reason to stop the user's work
+    }
 }
 
 void frmParcelle::closeEvent(QCloseEvent* Evento)
 {
-    Evento->setAccepted(Aperture.ChiudiParcella ? Aperture.ChiudiParcella(Posto) : ChiediChiusura());
+    Evento->setAccepted(ChiudiParcella(Posto));
 }

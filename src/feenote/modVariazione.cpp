@@ -131,6 +131,13 @@ void CambiaSegnoAumRid(Parcella& Nota, int Indice)
     SetModificata(Nota, true);
 }
 
+bool VariazioneInSospeso(const Parcella& Nota)
+{
+    const int Percento = PercentoDigitato(Nota);
+    const bool SegnoSolo = Percento == 0 && (Nota.cmbAumRid != NessunaVoce || !Nota.txtAumRid.Testo.isEmpty());
+    return SegnoSolo || ConSegno(Nota, Percento) != Nota.AumRidVarP;
+}
+
 void LasciaAumRid(Parcella& Nota)
 {
     if (PercentoDigitato(Nota) == 0) {

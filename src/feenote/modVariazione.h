@@ -38,6 +38,9 @@ void CambiaTestoAumRid(Parcella& Nota, const QString& Testo);
 /// The sign was chosen: 0 "+", 1 "-".
 void CambiaSegnoAumRid(Parcella& Nota, int Indice);
 
+/// True when box and sign show something else than the percent in force.
+[[nodiscard]] bool VariazioneInSospeso(const Parcella& Nota);
+
 /// Leaving the percent: an empty one chooses the free option; an acceptable one comes into force.
 void LasciaAumRid(Parcella& Nota);
 

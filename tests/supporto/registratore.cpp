@@ -33,6 +33,12 @@ Registratore::Registratore()
     Nuovi.Immissione = [this](const QString& Testo, const QString& Titolo, const QString&) {
         return Chiedi(Testo, Titolo);
     };
+    Nuovi.SalvaFile = [this](const QString& Titolo, const QString& Iniziale, const QString&) {
+        return Scegli(Domanda::Salva, Titolo, Iniziale);
+    };
+    Nuovi.ApriFile = [this](const QString& Titolo, const QString& Iniziale, const QString&) {
+        return Scegli(Domanda::Apri, Titolo, Iniziale);
+    };
     Precedenti = InstallaMessaggi(std::move(Nuovi));
 }
 
@@ -40,23 +46,23 @@ Registratore::~Registratore()
 {
     InstallaMessaggi(std::move(Precedenti));
     for (const Attesa& Rimasta : std::as_const(Attese))
-        Fallisci(QStringLiteral("messaggio atteso e mai mostrato: ") + Rimasta.Testo);
+        Fallisci(QStringLiteral("messaggio atteso e mai mostrato: ") + Rimasta.Testo + Rimasta.Digitato);
 }
 
 void Registratore::Attendi(const QString& Testo, int Risposta, const QString& Titolo)
 {
-    Attese.append({false, Testo, Titolo, Risposta, {}});
+    Attese.append({Domanda::Box, Testo, Titolo, Risposta, {}});
 }
 
 void Registratore::AttendiImmissione(const QString& Contiene, const QString& Risposta)
 {
-    Attese.append({true, Contiene, {}, vbOK, Risposta});
+    Attese.append({Domanda::Immissione, Contiene, {}, vbOK, Risposta});
 }
 
 int Registratore::Box(const QString& Testo, int Bandiere, const QString& Titolo)
 {
     Visti.append({Testo, Bandiere, Titolo});
-    if (Attese.isEmpty() || Attese.first().Immissione || Attese.first().Testo != Testo
+    if (!Tocca(Domanda::Box) || Attese.first().Testo != Testo
         || (!Attese.first().Titolo.isEmpty() && Attese.first().Titolo != Titolo)) {
         if (!Tollerante)
             Fallisci(QStringLiteral("messaggio inatteso: [") + Titolo + QStringLiteral("] ") + Testo);
@@ -68,9 +74,21 @@ int Registratore::Box(const QString& Testo, int Bandiere, const QString& Titolo)
 QString Registratore::Chiedi(const QString& Testo, const QString& Titolo)
 {
     Visti.append({Testo, 0, Titolo});
-    if (Attese.isEmpty() || !Attese.first().Immissione || !Testo.contains(Attese.first().Testo)) {
+    if (!Tocca(Domanda::Immissione) || !Testo.contains(Attese.first().Testo)) {
         if (!Tollerante)
             Fallisci(QStringLiteral("immissione inattesa: [") + Titolo + QStringLiteral("] ") + Testo);
+        return {};
+    }
+    return Attese.takeFirst().Digitato;
+}
+
+QString Registratore::Scegli(Domanda Quale, const QString& Titolo, const QString& Iniziale)
+{
+    UltimoTitolo = Titolo;
+    UltimoInizio = Iniziale;
+    if (!Tocca(Quale)) {
+        if (!Tollerante)
+            Fallisci(QStringLiteral("finestra di scelta inattesa: [") + Titolo + QStringLiteral("] ") + Iniziale);
         return {};
     }
     return Attese.takeFirst().Digitato;

@@ -28,6 +28,13 @@ public:
     void Attendi(const QString& Testo, int Risposta = vbOK, const QString& Titolo = {});
     /// The next input box, asked with a text that contains this, gets this answer.
     void AttendiImmissione(const QString& Contiene, const QString& Risposta);
+    /// The next save or open dialog gets this path; an empty one cancels it. A dialog that nobody expects fails
+    /// the test and is cancelled.
+    void AttendiSalva(const QString& Percorso) { Attese.append({Domanda::Salva, {}, {}, vbOK, Percorso}); }
+    void AttendiApri(const QString& Percorso) { Attese.append({Domanda::Apri, {}, {}, vbOK, Percorso}); }
+    /// Title and starting point of the last save or open dialog.
+    [[nodiscard]] const QString& TitoloDialogo() const { return UltimoTitolo; }
+    [[nodiscard]] const QString& InizioDialogo() const { return UltimoInizio; }
     /// From now on boxes that nobody expects are only written down, answered the safe way.
     void Tollera() { Tollerante = true; }
 
@@ -35,9 +42,10 @@ public:
     [[nodiscard]] QString UltimoTesto() const { return Visti.isEmpty() ? QString() : Visti.last().Testo; }
 
 private:
+    enum class Domanda { Box, Immissione, Salva, Apri };
     struct Attesa
     {
-        bool Immissione = false;
+        Domanda Quale = Domanda::Box;
         QString Testo;
         QString Titolo;
         int Risposta = vbOK;
@@ -45,9 +53,13 @@ private:
     };
     int Box(const QString& Testo, int Bandiere, const QString& Titolo);
     QString Chiedi(const QString& Testo, const QString& Titolo);
+    QString Scegli(Domanda Quale, const QString& Titolo, const QString& Iniziale);
+    [[nodiscard]] bool Tocca(Domanda Quale) const { return !Attese.isEmpty() && Attese.first().Quale == Quale; }
 
     Messaggi Precedenti;
     QList<Attesa> Attese;
     QList<MessaggioMostrato> Visti;
+    QString UltimoTitolo;
+    QString UltimoInizio;
     bool Tollerante = false;
 };

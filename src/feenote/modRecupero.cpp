@@ -1,0 +1,170 @@
+#include "feenote/modRecupero.h"
+
+#include "core/sessione.h"
+#include "feenote/modDocumento.h"
+#include "feenote/modFile.h"
+#include "platform/errore.h"
+#include "platform/percorsi.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLockFile>
+
+#include <algorithm>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto TipoCopia = ".mdb"_L1;
+constexpr auto TipoLato = ".json"_L1;
+constexpr auto TipoBlocco = ".lock"_L1;
+
+QString Cartella()
+{
+    return Barra(Barra(sessione::UserFolder) + u"recupero"_s);
+}
+
+/// "<pid>-<start in ms>": a process number comes back, the moment does not.
+const QString& Sigla()
+{
+    static const QString Testo =
+        QString::number(QCoreApplication::applicationPid()) + u'-' + QString::number(QDateTime::currentMSecsSinceEpoch());
+    return Testo;
+}
+
+std::unique_ptr<QLockFile>& BloccoProprio()
+{
+    static std::unique_ptr<QLockFile> Tenuto;
+    return Tenuto;
+}
+
+/// A lock that never grows old: only the end of its process frees it.
+std::unique_ptr<QLockFile> ApriBlocco(const QString& Di)
+{
+    auto Nuovo = std::make_unique<QLockFile>(Cartella() + Di + TipoBlocco);
+    Nuovo->setStaleLockTime(0);
+    return Nuovo;
+}
+
+void PrendiBlocco()
+{
+    auto Nuovo = ApriBlocco(Sigla());
+    // The settings may have moved the user folder meanwhile: its copies need a lock there.
+    if (BloccoProprio() && BloccoProprio()->fileName() == Nuovo->fileName())
+        return;
+    if (!Nuovo->tryLock(0))
+        throw Errore(70);
+    BloccoProprio() = std::move(Nuovo);
+}
+
+QString Radice(int Posto)
+{
+    return Cartella() + Sigla() + u'-' + QString::number(Posto);
+}
+
+void Rimuovi(const QString& Base)
+{
+    // The copy goes first: a side file alone is nothing to be recovered.
+    QFile::remove(Base + TipoCopia);
+    QFile::remove(Base + TipoLato);
+}
+
+QString Pid(const QString& DiSigla)
+{
+    return DiSigla.section(u'-', 0, 0);
+}
+
+/// Two locks of one process number: the older one's process is dead, whoever bears the number today.
+bool Superata(const QString& Una, const QStringList& Tutte)
+{
+    return std::ranges::any_of(Tutte, [&](const QString& Altra) {
+        return Pid(Altra) == Pid(Una) && Altra.section(u'-', 1).toLongLong() > Una.section(u'-', 1).toLongLong();
+    });
+}
+
+/// Marks of processes that still live.
+QStringList SigleVive()
+{
+    QStringList Tutte;
+    for (const QString& Nome : QDir(Cartella()).entryList({u"*"_s + TipoBlocco}, QDir::Files | QDir::Hidden))
+        Tutte.append(Nome.chopped(TipoBlocco.size()));
+    QStringList Vive;
+    for (const QString& Una : std::as_const(Tutte)) {
+        const bool Nostra = Una == Sigla() && BloccoProprio();
+        if (Nostra || (!Superata(Una, Tutte) && !ApriBlocco(Una)->tryLock(0)))
+            Vive.append(Una);
+        else
+            QFile::remove(Cartella() + Una + TipoBlocco);
+    }
+    return Vive;
+}
+
+CopiaRecupero Leggi(const QFileInfo& File)
+{
+    CopiaRecupero Trovata{PercorsoNativo(File.filePath()), {}, u"Nuova parcella"_s, File.lastModified()};
+    QFile Accanto(Trovata.File.chopped(TipoCopia.size()) + TipoLato);
+    if (!Accanto.open(QIODevice::ReadOnly))
+        return Trovata;
+    const QJsonObject Dati = QJsonDocument::fromJson(Accanto.read(qint64(64) << 10)).object();
+    Trovata.Percorso = Dati[u"Percorso"_s].toString();
+    Trovata.Nome = Dati[u"Nome"_s].toString(Trovata.Nome);
+    return Trovata;
+}
+
+}  // namespace
+
+void AggiornaCopia(const Parcella& Nota, int Posto)
+{
+    if (sessione::UserFolder.isEmpty())
+        return;
+    CreaCartella(Cartella());
+    PrendiBlocco();
+    const QJsonObject Dati{{u"Percorso"_s, Nota.Percorso}, {u"Nome"_s, Nota.Nome}};
+    ScriviFile(Radice(Posto) + TipoLato, QJsonDocument(Dati).toJson());
+    ScriviNota(Radice(Posto) + TipoCopia, Nota);
+}
+
+void TogliCopia(int Posto)
+{
+    if (sessione::UserFolder.isEmpty())
+        return;
+    Rimuovi(Radice(Posto));
+}
+
+QList<CopiaRecupero> NoteDaRecuperare()
+{
+    if (sessione::UserFolder.isEmpty())
+        return {};
+    const QStringList Vive = SigleVive();
+    QList<CopiaRecupero> Trovate;
+    for (const QFileInfo& File : QDir(Cartella()).entryInfoList({u"*-*-*"_s + TipoCopia}, QDir::Files)) {
+        if (!Vive.contains(File.fileName().section(u'-', 0, 1)))
+            Trovate.append(Leggi(File));
+    }
+    std::ranges::stable_sort(Trovate, {}, &CopiaRecupero::Quando);
+    return Trovate;
+}
+
+void RecuperaNota(Parcella& Nota, const CopiaRecupero& Copia)
+{
+    CaricaDati(Nota, Copia.File);
+    Nota.Percorso = Copia.Percorso;
+    Nota.Nome = Copia.Nome;
+    SetModificata(Nota, true);
+}
+
+void EliminaCopia(const CopiaRecupero& Copia)
+{
+    Rimuovi(Copia.File.chopped(TipoCopia.size()));
+}
+
+void LasciaRecupero()
+{
+    BloccoProprio().reset();
+}

@@ -1,0 +1,45 @@
+// Recovery copies: what a note with unsaved changes would lose if the program were killed.
+//
+// The folder "recupero" of the user folder holds, for each such note, a copy named by process and place and a
+// side file beside it; a lock file tells the copies of living processes from those left behind.
+#pragma once
+
+#include "feenote/parcella.h"
+
+#include <QDateTime>
+#include <QList>
+#include <QString>
+
+/// A copy left by a process that is no more.
+struct CopiaRecupero
+{
+    QString File;      ///< the copy, full path
+    QString Percorso;  ///< file of the note itself, empty when it was never saved
+    QString Nome;      ///< as its window was captioned
+    QDateTime Quando;  ///< last change that it holds
+
+    friend bool operator==(const CopiaRecupero&, const CopiaRecupero&) = default;
+};
+
+/// Writes the copy of a note anew. The former copy stays until the new one is complete. A session without a
+/// user folder keeps no copies.
+/// @param Posto place of the note's window
+/// @throws Errore as ScriviNota and CreaCartella; 70 when the folder refuses this process's lock
+void AggiornaCopia(const Parcella& Nota, int Posto);
+
+/// Removes the copy of a place, if there is one. It cannot fail.
+void TogliCopia(int Posto);
+
+/// The copies of dead processes, the oldest first. Empty when the folder cannot be read.
+[[nodiscard]] QList<CopiaRecupero> NoteDaRecuperare();
+
+/// Loads a copy as an unsaved note: its file is the original one's, and it counts as modified. The copy stays.
+/// Messages as CaricaDati.
+/// @throws Errore as CaricaDati: the note is then a new one
+void RecuperaNota(Parcella& Nota, const CopiaRecupero& Copia);
+
+/// Removes a copy and its side file, once it was taken over or given up.
+void EliminaCopia(const CopiaRecupero& Copia);
+
+/// Lets go of this process's lock, as its end does; serves tests.
+void LasciaRecupero();

@@ -1,0 +1,378 @@
+// Tab 0 by mouse and keyboard: parties, parameters, variations, the gate to the other tabs.
+#include "tavolo.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString Ricalcolo =
+    u"Sono state già inserite delle prestazioni e la modifica comporterà il ricalcolo con i nuovi parametri.\n"
+    u"Confermi la modifica?"_s;
+
+QString Banner(const frmParcelle* Finestra)
+{
+    return Controllo<QLabel>(Finestra, "lblDatiBase")->text();
+}
+
+}  // namespace
+
+class TestSchedaBase : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void laNotaNuovaAspetta();
+    void leMultipleNonSiUsano();
+    void civileSubitoHaIValori();
+    void lePartiSonoTestoLibero();
+    void sceltaDaTastieraComeDalMouse();
+    void penaleNonHaValore();
+    void stragiudizialeChiedeIlValore();
+    void ilValoreTrovaLoScaglione();
+    void ilValoreSiMostraArrotondato();
+    void ilValoreNonNumericoRestaLi_data();
+    void ilValoreNonNumericoRestaLi();
+    void ilTastierinoScriveLaVirgola();
+    void loScaglioneRifiutatoRidaTutto();
+    void lAutoritaRifiutataTorna();
+    void lAutoritaIncompatibile();
+    void ilCancelloDiceCosaManca_data();
+    void ilCancelloDiceCosaManca();
+    void ilCancelloVaAncheDallaFreccia();
+    void ilCampoRifiutatoFermaIlCambio();
+    void leScorciatoieNonSaltanoIlCampo();
+    void variazioneOltreIlLimite();
+    void ilLimiteRimessoVale();
+    void ilSegnoAspettaIlPercento();
+    void ilSegnoCambiaLaVariazione();
+    void ilPercentoVuotoTornaLibero();
+    void oggettoLunghissimo();
+
+private:
+    std::unique_ptr<Tavolo> T;
+    frmParcelle* F = nullptr;
+};
+PROVA(TestSchedaBase);
+
+void TestSchedaBase::init()
+{
+    T = std::make_unique<Tavolo>();
+    F = T->Apri();
+    QVERIFY(F);
+}
+
+void TestSchedaBase::cleanup()
+{
+    T.reset();
+}
+
+void TestSchedaBase::laNotaNuovaAspetta()
+{
+    QCOMPARE(F->Scheda(), int(SchedaBase));
+    QCOMPARE(Controllo<QComboBox>(F, "cmbCateg")->currentIndex(), -1);
+    QCOMPARE(Controllo<QComboBox>(F, "cmbAutor")->currentIndex(), -1);
+    QCOMPARE(Controllo<QComboBox>(F, "cmbValore")->currentIndex(), -1);
+    QVERIFY(Controllo<QComboBox>(F, "cmbAutor")->isEnabled());
+    QVERIFY(Controllo<QComboBox>(F, "cmbValore")->count() > 0);
+    QVERIFY(Controllo<QRadioButton>(F, "optAumRid_5")->isChecked());
+    QVERIFY(!Controllo(F, "pctSave")->isVisible());
+    QVERIFY(!Controllo(F, "pctLock")->isVisible());
+    QVERIFY(!F->Nota.Modificata);
+}
+
+void TestSchedaBase::leMultipleNonSiUsano()
+{
+    QVERIFY(!Controllo(F, "fraMultipla")->isEnabled());
+    QVERIFY(!Controllo(F, "chkMultiParam")->isEnabled());
+}
+
+void TestSchedaBase::civileSubitoHaIValori()
+{
+    // The category of a new note is civil already: choosing it changes nothing, and the list must be there.
+    Scegli(Controllo<QComboBox>(F, "cmbCateg"), CategCivile);
+    QVERIFY(Controllo<QComboBox>(F, "cmbValore")->isEnabled());
+    Scegli(Controllo<QComboBox>(F, "cmbValore"), 2);
+    QCOMPARE(F->Nota.cmbValore, 2);
+    QVERIFY(F->Nota.Scaglione > 0);
+}
+
+void TestSchedaBase::lePartiSonoTestoLibero()
+{
+    Scrivi(Controllo<QLineEdit>(F, "txtCliente"), u"Società Perché & Figli"_s);
+    Premi(Qt::Key_Return);  // goes on to the next box
+    QCOMPARE(QApplication::focusWidget(), Controllo(F, "txtControp"));
+    Digita(u"Bianchi"_s);
+    Scrivi(Controllo<QLineEdit>(F, "txtOggetto"), u"Sfratto"_s);
+    QCOMPARE(F->Nota.txtCliente.Testo, u"Società Perché & Figli"_s);
+    QCOMPARE(F->Nota.txtDatiStaCli.Testo, u"Società Perché & Figli"_s);
+    QCOMPARE(F->Nota.txtControp.Testo, u"Bianchi"_s);
+    QCOMPARE(F->Nota.txtOggetto.Testo, u"Sfratto"_s);
+    QVERIFY(F->Nota.Modificata);
+    QVERIFY(Controllo(F, "pctSave")->isVisible());
+}
+
+void TestSchedaBase::sceltaDaTastieraComeDalMouse()
+{
+    ScegliDaTastiera(Controllo<QComboBox>(F, "cmbCateg"), CategPenale);
+    const int Indice = IndiceAutorita(F->Nota, IDMonocratico);
+    ScegliDaTastiera(Controllo<QComboBox>(F, "cmbAutor"), Indice);
+    QCOMPARE(F->Nota.CodCateg, u"PEN"_s);
+    QCOMPARE(F->Nota.IDAutSelezionata(), IDMonocratico);
+    QCOMPARE(F->Nota.Scaglione, IDMonocratico);
+}
+
+void TestSchedaBase::penaleNonHaValore()
+{
+    Scegli(Controllo<QComboBox>(F, "cmbCateg"), CategPenale);
+    QVERIFY(!Controllo(F, "cmbValore")->isEnabled());
+    QVERIFY(!Controllo(F, "txtImporto")->isEnabled());
+    QVERIFY(Controllo(F, "cmbAutor")->isEnabled());
+}
+
+void TestSchedaBase::stragiudizialeChiedeIlValore()
+{
+    Scegli(Controllo<QComboBox>(F, "cmbCateg"), CategStragiudiziale);
+    QVERIFY(!Controllo(F, "cmbValore")->isEnabled());
+    QVERIFY(Controllo(F, "txtImporto")->isEnabled());
+    QCOMPARE(QApplication::focusWidget(), Controllo(F, "txtImporto"));
+}
+
+void TestSchedaBase::ilValoreTrovaLoScaglione()
+{
+    CompilaCivile(F);
+    QCOMPARE(F->Nota.ImportoPrec, 30000.0);
+    QCOMPARE(Controllo<QLineEdit>(F, "txtImporto")->text(), u"30.000,00"_s);
+    QCOMPARE(Controllo<QComboBox>(F, "cmbValore")->currentIndex(), F->Nota.cmbValore);
+    QVERIFY(F->Nota.cmbValore >= 0);
+    QCOMPARE(Banner(F), TestoDatiBase(F->Nota));
+    QVERIFY(Banner(F).endsWith(u" - Valore: 30.000,00 €"_s));
+}
+
+void TestSchedaBase::ilValoreSiMostraArrotondato()
+{
+    CompilaCivile(F);
+    Scrivi(Controllo<QLineEdit>(F, "txtImporto"), u"30000,005"_s);
+    Premi(Qt::Key_Tab);
+    QCOMPARE(Controllo<QLineEdit>(F, "txtImporto")->text(), u"30.000,00"_s);
+}
+
+void TestSchedaBase::ilValoreNonNumericoRestaLi_data()
+{
+    QTest::addColumn<QString>("Testo");
+    QTest::newRow("parola") << u"abc"_s;
+    QTest::newRow("il punto non è un decimale") << u"30000.50"_s;
+    QTest::newRow("data") << u"31/02/2012"_s;
+    QTest::newRow("un milione di caratteri") << QString(1'000'000, u'x');
+    QTest::newRow("più righe") << u"1\n2\n3"_s;
+}
+
+void TestSchedaBase::ilValoreNonNumericoRestaLi()
+{
+    QFETCH(QString, Testo);
+    CompilaCivile(F);
+    auto* Box = Controllo<QLineEdit>(F, "txtImporto");
+    Incolla(Box, Testo);
+    const QString Rimasto = Box->text();
+    T->Voce.Attendi(u"Immettere un valore numerico!"_s, vbOK, u"Errore:"_s);
+    Premi(Qt::Key_Tab);
+    Respiro();
+    QCOMPARE(QApplication::focusWidget(), Box);
+    QVERIFY2(Box->text() == Rimasto, "il testo resta da correggere");
+    QCOMPARE(F->Nota.ImportoPrec, 30000.0);
+
+    Scrivi(Box, u"28000"_s);  // and the window goes on
+    Premi(Qt::Key_Tab);
+    QCOMPARE(F->Nota.ImportoPrec, 28000.0);
+}
+
+void TestSchedaBase::ilTastierinoScriveLaVirgola()
+{
+    CompilaCivile(F);
+    auto* Box = Controllo<QLineEdit>(F, "txtImporto");
+    Scrivi(Box, u"30100"_s);
+    Digita(u"."_s, Qt::KeypadModifier);
+    Digita(u"5"_s);
+    QCOMPARE(Box->text(), u"30100,5"_s);
+    Premi(Qt::Key_Tab);
+    QCOMPARE(F->Nota.ImportoPrec, 30100.5);
+}
+
+void TestSchedaBase::loScaglioneRifiutatoRidaTutto()
+{
+    CompilaCivile(F);
+    RigaOnorario(F->Nota, u"Fase di studio"_s, 1000);
+    F->Nota.RicalcoloNecessario = false;
+    const int Prima = F->Nota.cmbValore;
+    T->Voce.Attendi(Ricalcolo, vbNo, u"Domanda:"_s);
+    Scrivi(Controllo<QLineEdit>(F, "txtImporto"), u"900000"_s);
+    Premi(Qt::Key_Tab);
+    Respiro();
+    QCOMPARE(Controllo<QComboBox>(F, "cmbValore")->currentIndex(), Prima);
+    QCOMPARE(Controllo<QLineEdit>(F, "txtImporto")->text(), u"30.000,00"_s);
+    QCOMPARE(F->Nota.ImportoPrec, 30000.0);
+    QVERIFY(!F->Nota.RicalcoloNecessario);
+}
+
+void TestSchedaBase::lAutoritaRifiutataTorna()
+{
+    CompilaCivile(F);
+    RigaOnorario(F->Nota, u"Fase di studio"_s, 1000);
+    const int Prima = F->Nota.cmbAutor;
+    T->Voce.Attendi(Ricalcolo, vbNo, u"Domanda:"_s);
+    Scegli(Controllo<QComboBox>(F, "cmbAutor"), IndiceAutorita(F->Nota, IDGiudiceDiPace));
+    QCOMPARE(Controllo<QComboBox>(F, "cmbAutor")->currentIndex(), Prima);
+    QCOMPARE(F->Nota.cmbAutor, Prima);
+    // The same entry once more asks nothing.
+    Scegli(Controllo<QComboBox>(F, "cmbAutor"), Prima);
+}
+
+void TestSchedaBase::lAutoritaIncompatibile()
+{
+    CompilaCivile(F);
+    RigaOnorario(F->Nota, u"Fase di studio"_s, 1000);
+    const int Prima = F->Nota.cmbAutor;
+    T->Voce.Attendi(u"L'autorità selezionata non è compatibile con la precedente!"_s, vbOK, u"Errore:"_s);
+    Scegli(Controllo<QComboBox>(F, "cmbAutor"), IndiceAutorita(F->Nota, IDTribunaleIngiunzione));
+    QCOMPARE(Controllo<QComboBox>(F, "cmbAutor")->currentIndex(), Prima);
+}
+
+void TestSchedaBase::ilCancelloDiceCosaManca_data()
+{
+    QTest::addColumn<int>("Categoria");
+    QTest::addColumn<int>("Autorita");
+    QTest::addColumn<QString>("Messaggio");
+    QTest::addColumn<QByteArray>("Fuoco");
+    QTest::newRow("niente") << -1 << 0 << u"Non è stata specificata la categoria della pratica!"_s
+                            << QByteArray("cmbCateg");
+    QTest::newRow("solo la categoria") << int(CategCivile) << 0 << u"Non è stato specificato il campo Autorità"_s
+                                       << QByteArray("cmbAutor");
+    QTest::newRow("penale senza autorità")
+        << int(CategPenale) << 0 << u"Non è stato specificato il campo Autorità"_s << QByteArray("cmbAutor");
+    QTest::newRow("civile senza valore") << int(CategCivile) << IDTribunale
+                                         << u"Non è stato specificato lo scaglione di valore della causa!"_s
+                                         << QByteArray("txtImporto");
+    QTest::newRow("stragiudiziale senza valore")
+        << int(CategStragiudiziale) << 0 << u"Non è stato specificato lo scaglione di valore della causa!"_s
+        << QByteArray("txtImporto");
+}
+
+void TestSchedaBase::ilCancelloDiceCosaManca()
+{
+    QFETCH(int, Categoria);
+    QFETCH(int, Autorita);
+    QFETCH(QString, Messaggio);
+    QFETCH(QByteArray, Fuoco);
+    if (Categoria >= 0)
+        Scegli(Controllo<QComboBox>(F, "cmbCateg"), Categoria);
+    if (Autorita > 0)
+        Scegli(Controllo<QComboBox>(F, "cmbAutor"), IndiceAutorita(F->Nota, Autorita));
+    for (const int Scheda : {int(SchedaListaOnorari), int(SchedaDiStampa)}) {
+        T->Voce.Attendi(Messaggio, vbOK, u"Errore:"_s);
+        ClicScheda(F, Scheda);
+        QCOMPARE(F->Scheda(), int(SchedaBase));
+        QCOMPARE(QApplication::focusWidget(), Controllo(F, Fuoco.constData()));
+        QVERIFY(F->Nota.xOnorari.Vuota());
+    }
+}
+
+void TestSchedaBase::ilCancelloVaAncheDallaFreccia()
+{
+    T->Voce.Attendi(u"Non è stata specificata la categoria della pratica!"_s);
+    Clic(Controllo(F, "imgNext"));
+    QCOMPARE(F->Scheda(), int(SchedaBase));
+}
+
+void TestSchedaBase::ilCampoRifiutatoFermaIlCambio()
+{
+    CompilaCivile(F);
+    Incolla(Controllo<QLineEdit>(F, "txtImporto"), u"abc"_s);
+    T->Voce.Attendi(u"Immettere un valore numerico!"_s);
+    ClicScheda(F, SchedaListaOnorari);
+    QCOMPARE(F->Scheda(), int(SchedaBase));
+    QVERIFY2(F->Nota.xOnorari.Vuota(), "la scheda rifiutata non precarica");
+    QCOMPARE(QApplication::focusWidget(), Controllo(F, "txtImporto"));
+}
+
+void TestSchedaBase::leScorciatoieNonSaltanoIlCampo()
+{
+    CompilaCivile(F);
+    Scrivi(Controllo<QLineEdit>(F, "txtImporto"), u"31000"_s);
+    QTest::keyClick(Controllo<QTabWidget>(F, "tabParcelle"), Qt::Key_Tab, Qt::ControlModifier);
+    Respiro();
+    QCOMPARE(F->Nota.ImportoPrec, 31000.0);
+    QCOMPARE(F->Scheda(), int(SchedaListaOnorari));
+}
+
+void TestSchedaBase::variazioneOltreIlLimite()
+{
+    Clic(Controllo(F, "optAumRid_0"));
+    QCOMPARE(F->Nota.AumRidVarP, 100);
+    QVERIFY(!Controllo(F, "cmbAumRid")->isEnabled());
+    auto* Box = Controllo<QLineEdit>(F, "txtAumRid");
+    Scrivi(Box, u"101"_s);
+    T->Voce.Attendi(u"La variazione deve essere compreso tra 1 e 100!"_s, vbOK, u"Errore:"_s);
+    Premi(Qt::Key_Tab);
+    Respiro();
+    QCOMPARE(Box->text(), u"100"_s);
+    QCOMPARE(QApplication::focusWidget(), Box);
+}
+
+void TestSchedaBase::ilLimiteRimessoVale()
+{
+    Clic(Controllo(F, "optAumRid_0"));
+    auto* Box = Controllo<QLineEdit>(F, "txtAumRid");
+    Scrivi(Box, u"50"_s);
+    Premi(Qt::Key_Tab);
+    QCOMPARE(F->Nota.AumRidVarP, 50);
+    Scrivi(Box, u"101"_s);
+    T->Voce.Attendi(u"La variazione deve essere compreso tra 1 e 100!"_s);
+    Premi(Qt::Key_Tab);
+    Respiro();
+    Premi(Qt::Key_Tab);  // the limit put back is left as it stands
+    Respiro();
+    QCOMPARE(F->Nota.AumRidVarP, 100);
+}
+
+void TestSchedaBase::ilSegnoAspettaIlPercento()
+{
+    Scegli(Controllo<QComboBox>(F, "cmbAumRid"), 1);
+    QCOMPARE(Controllo<QComboBox>(F, "cmbAumRid")->currentText(), u"-"_s);
+    Scrivi(Controllo<QLineEdit>(F, "txtAumRid"), u"20"_s);
+    Premi(Qt::Key_Tab);
+    QCOMPARE(F->Nota.AumRidVarP, -20);
+}
+
+void TestSchedaBase::ilSegnoCambiaLaVariazione()
+{
+    Scrivi(Controllo<QLineEdit>(F, "txtAumRid"), u"20"_s);
+    QCOMPARE(Controllo<QComboBox>(F, "cmbAumRid")->currentText(), u"+"_s);
+    Premi(Qt::Key_Tab);
+    QCOMPARE(F->Nota.AumRidVarP, 20);
+    Scegli(Controllo<QComboBox>(F, "cmbAumRid"), 1);
+    QCOMPARE(F->Nota.AumRidVarP, -20);
+}
+
+void TestSchedaBase::ilPercentoVuotoTornaLibero()
+{
+    Clic(Controllo(F, "optAumRid_6"));
+    QCOMPARE(F->Nota.AumRidVarP, -50);
+    Scrivi(Controllo<QLineEdit>(F, "txtAumRid"), {});
+    Premi(Qt::Key_Tab);
+    QCOMPARE(F->Nota.AumRidVarP, 0);
+    QVERIFY(Controllo<QRadioButton>(F, "optAumRid_5")->isChecked());
+    QVERIFY(!Controllo<QRadioButton>(F, "optAumRid_6")->isChecked());
+    QCOMPARE(Controllo<QComboBox>(F, "cmbAumRid")->currentIndex(), -1);
+}
+
+void TestSchedaBase::oggettoLunghissimo()
+{
+    auto* Box = Controllo<QLineEdit>(F, "txtOggetto");
+    Incolla(Box, QString(1'000'000, u'à'));
+    QCOMPARE(Box->text().size(), 4000);
+    QCOMPARE(F->Nota.txtOggetto.Testo.size(), 4000);
+    Premi(Qt::Key_Tab);
+    QVERIFY(F->isEnabled());
+}
+
+#include "TestSchedaBase.moc"
