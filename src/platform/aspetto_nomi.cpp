@@ -33,7 +33,8 @@ QString ConMnemonico(const QString& Testo, QSet<QChar>& Usati)
             const QChar Lettera = Testo[i].toLower();
             const bool Iniziale = i == 0 || !Testo[i - 1].isLetterOrNumber();
             // A keyboard reaches plain letters and digits; an accented one may not be on it.
-            const bool Digitabile = (Lettera >= u'a' && Lettera <= u'z') || (Lettera >= u'0' && Lettera <= u'9');
+            const bool Digitabile =
+                (Lettera >= u'a' && Lettera <= u'z') || (Lettera >= u'0' && Lettera <= u'9');
             if (!Digitabile || (SoloIniziali && !Iniziale) || Usati.contains(Lettera))
                 continue;
             Usati.insert(Lettera);
@@ -61,7 +62,8 @@ void AggiungiScritte(QWidget* Oggetto, QList<Scritta>& Scritte)
         Scritte.append({Gruppo->title(), [Gruppo](const QString& T) { Gruppo->setTitle(T); }});
     } else if (auto* Linguette = qobject_cast<QTabBar*>(Oggetto)) {
         for (int i = 0; i < Linguette->count(); ++i)
-            Scritte.append({Linguette->tabText(i), [Linguette, i](const QString& T) { Linguette->setTabText(i, T); }});
+            Scritte.append(
+                {Linguette->tabText(i), [Linguette, i](const QString& T) { Linguette->setTabText(i, T); }});
     }
 }
 

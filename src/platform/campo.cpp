@@ -54,7 +54,10 @@ void SegnaIntatto(QWidget* Campo)
 class OsservatoreCampo : public QObject
 {
 public:
-    explicit OsservatoreCampo(QWidget* Campo) : QObject(Campo), Box(Campo) { Campo->installEventFilter(this); }
+    explicit OsservatoreCampo(QWidget* Campo) : QObject(Campo), Box(Campo)
+    {
+        Campo->installEventFilter(this);
+    }
 
     /// The box's watcher, null when it has none.
     static OsservatoreCampo* Di(const QWidget* Campo)
@@ -205,7 +208,8 @@ bool ConcludiDa(QPointer<QWidget> Campo)
 
 bool LasciaDavvero(const QFocusEvent& Evento)
 {
-    return !InRitorno && Evento.reason() != Qt::ActiveWindowFocusReason && Evento.reason() != Qt::PopupFocusReason;
+    return !InRitorno && Evento.reason() != Qt::ActiveWindowFocusReason &&
+           Evento.reason() != Qt::PopupFocusReason;
 }
 
 bool FuocoInRitorno()

@@ -62,7 +62,8 @@ Griglia::Griglia(QWidget* Padre) : QWidget(Padre), Pezzi(std::make_unique<Intern
 
     QScrollBar* Vera = Pezzi->Vista->horizontalScrollBar();
     Collega(Vera, &QScrollBar::rangeChanged, this, [this] { Pezzi->SeguiBarra(); });
-    Collega(Vera, &QScrollBar::valueChanged, Pezzi->Barra, [this](int Dove) { Pezzi->Barra->setValue(Dove); });
+    Collega(Vera, &QScrollBar::valueChanged, Pezzi->Barra,
+            [this](int Dove) { Pezzi->Barra->setValue(Dove); });
     Collega(Pezzi->Barra, &QScrollBar::valueChanged, Vera, [Vera](int Dove) { Vera->setValue(Dove); });
     Collega(Pezzi->Vista->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
         Pezzi->Vista->SegnaRepaint();
@@ -220,7 +221,8 @@ QString Griglia::Larghezze() const
     QStringList Parti;
     const QHeaderView* Testata = Pezzi->Vista->horizontalHeader();
     for (int i = 0; i < Testata->count(); ++i)
-        Parti += QString::number(Pezzi->Vista->LarghezzaPiena(i)) + u'@' + QString::number(Testata->visualIndex(i));
+        Parti += QString::number(Pezzi->Vista->LarghezzaPiena(i)) + u'@' +
+                 QString::number(Testata->visualIndex(i));
     return Parti.join(u';');
 }
 

@@ -20,15 +20,15 @@ class QTableView;
 struct ColonnaGriglia
 {
     QString Titolo;
-    int Campo = 0;               ///< column of the table
-    QString NomeCampo;           ///< column of the recordset
-    int Caratteri = 10;          ///< width in average characters
+    int Campo = 0;                          ///< column of the table
+    QString NomeCampo;                      ///< column of the recordset
+    int Caratteri = 10;                     ///< width in average characters
     Qt::Alignment Allinea = Qt::AlignLeft;  ///< of the cells, their title and the footer
     bool Visibile = true;
     bool Modificabile = false;
-    bool Stira = false;          ///< takes the room that is left, never less than its own width
-    QString Filtro;              ///< keys of the cell editor, as FiltroTasti's kinds; empty: everything
-    int Massimo = 0;             ///< characters the editor takes, 0 no limit
+    bool Stira = false;  ///< takes the room that is left, never less than its own width
+    QString Filtro;      ///< keys of the cell editor, as FiltroTasti's kinds; empty: everything
+    int Massimo = 0;     ///< characters the editor takes, 0 no limit
     /// Text of a cell; without it CStr shows the value.
     std::function<QString(const QVariant& Valore, int Riga)> Mostra;
 };
@@ -114,15 +114,15 @@ public:
     std::function<bool(int Riga)> LasciaRiga;
 
 Q_SIGNALS:
-    void RigaCambiata(int Riga);            ///< another row is current, by the user or by code; -1 none
+    void RigaCambiata(int Riga);  ///< another row is current, by the user or by code; -1 none
     void CellaScritta(int Riga, int Colonna);
     void DoppioClic(int Riga);              ///< Enter on a grid without editing counts as one
     void ClicCella(int Riga, int Colonna);  ///< never for the empty row
     void ClicTitolo(int Colonna);
     void SelezioneCambiata();
-    void Cancella();                        ///< Del with rows selected or a current row, no cell in edit
-    void Trascinata(int Destinazione);      ///< selected rows dropped before this row; the count: at the end
-    void TrascinataFuori();                 ///< dropped inside the grid but on no row
+    void Cancella();                    ///< Del with rows selected or a current row, no cell in edit
+    void Trascinata(int Destinazione);  ///< selected rows dropped before this row; the count: at the end
+    void TrascinataFuori();             ///< dropped inside the grid but on no row
     void MenuContestuale(int Riga, const QPoint& Punto);  ///< row -1 none; the point is the screen's
 
 protected:

@@ -47,7 +47,8 @@ QVariant ValorePredefinito(const ColonnaGriglia& Colonna, const QString& Testo)
 
 }  // namespace
 
-CellaAperta::CellaAperta(Griglia* Intera, VistaGriglia* DiVista) : QObject(DiVista), Padrona(Intera), Vista(DiVista)
+CellaAperta::CellaAperta(Griglia* Intera, VistaGriglia* DiVista)
+    : QObject(DiVista), Padrona(Intera), Vista(DiVista)
 {}
 
 void CellaAperta::Crea(const QModelIndex& Dove, const QString& Testo)
@@ -199,15 +200,19 @@ bool CellaAperta::eventFilter(QObject* Oggetto, QEvent* Evento)
         if (static_cast<QKeyEvent*>(Evento)->key() == Qt::Key_Escape)
             Evento->accept();
         return false;
-    case QEvent::FocusOut: return LasciaFuoco(*static_cast<QFocusEvent*>(Evento));
-    default: return false;
+    case QEvent::FocusOut:
+        return LasciaFuoco(*static_cast<QFocusEvent*>(Evento));
+    default:
+        return false;
     }
 }
 
 bool CellaAperta::Tasto(const QKeyEvent& Evento)
 {
     switch (Evento.key()) {
-    case Qt::Key_Escape: Annulla(); return true;
+    case Qt::Key_Escape:
+        Annulla();
+        return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
         if (Concludi())
@@ -229,7 +234,8 @@ bool CellaAperta::Tasto(const QKeyEvent& Evento)
             QCoreApplication::sendEvent(Vista, &Copia);
         }
         return true;
-    default: return false;
+    default:
+        return false;
     }
 }
 

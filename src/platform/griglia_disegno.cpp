@@ -49,7 +49,8 @@ QColor DisegnoCelle::Fondo(const QModelIndex& Cella) const
     return Colore;
 }
 
-void DisegnoCelle::paint(QPainter* Pennello, const QStyleOptionViewItem& Opzioni, const QModelIndex& Cella) const
+void DisegnoCelle::paint(QPainter* Pennello, const QStyleOptionViewItem& Opzioni,
+                         const QModelIndex& Cella) const
 {
     const QRect& Riquadro = Opzioni.rect;
     const QPalette Colori = Vista->palette();

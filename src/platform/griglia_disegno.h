@@ -23,7 +23,8 @@ class DisegnoCelle : public QStyledItemDelegate
 public:
     explicit DisegnoCelle(VistaGriglia* DiVista);
 
-    void paint(QPainter* Pennello, const QStyleOptionViewItem& Opzioni, const QModelIndex& Cella) const override;
+    void paint(QPainter* Pennello, const QStyleOptionViewItem& Opzioni,
+               const QModelIndex& Cella) const override;
     bool helpEvent(QHelpEvent* Evento, QAbstractItemView* Da, const QStyleOptionViewItem& Opzioni,
                    const QModelIndex& Cella) override;
 

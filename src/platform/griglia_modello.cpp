@@ -89,7 +89,8 @@ QVariant ModelloGriglia::Valore(int Riga, int Colonna) const
         return {};
     const ColonnaGriglia& Descritta = ListaColonne[Colonna];
     if (Tabella)
-        return Descritta.Campo < Tabella->Colonne() ? (*std::as_const(Tabella))(Riga, Descritta.Campo) : QVariant();
+        return Descritta.Campo < Tabella->Colonne() ? (*std::as_const(Tabella))(Riga, Descritta.Campo)
+                                                    : QVariant();
     try {
         if (Lettura.AbsolutePosition() != Riga)
             Lettura.ImpostaAbsolutePosition(Riga);
@@ -133,9 +134,12 @@ QVariant ModelloGriglia::data(const QModelIndex& Cella, int Ruolo) const
     if (!Cella.isValid())
         return {};
     switch (Ruolo) {
-    case Qt::DisplayRole: return Testo(Cella.row(), Cella.column());
-    case Qt::TextAlignmentRole: return int(ListaColonne[Cella.column()].Allinea | Qt::AlignVCenter);
-    default: return {};
+    case Qt::DisplayRole:
+        return Testo(Cella.row(), Cella.column());
+    case Qt::TextAlignmentRole:
+        return int(ListaColonne[Cella.column()].Allinea | Qt::AlignVCenter);
+    default:
+        return {};
     }
 }
 
@@ -146,9 +150,12 @@ QVariant ModelloGriglia::headerData(int Sezione, Qt::Orientation Verso, int Ruol
     if (Sezione < 0 || Sezione >= ListaColonne.size())
         return {};
     switch (Ruolo) {
-    case Qt::DisplayRole: return ListaColonne[Sezione].Titolo;
-    case Qt::TextAlignmentRole: return int(ListaColonne[Sezione].Allinea | Qt::AlignVCenter);
-    default: return {};
+    case Qt::DisplayRole:
+        return ListaColonne[Sezione].Titolo;
+    case Qt::TextAlignmentRole:
+        return int(ListaColonne[Sezione].Allinea | Qt::AlignVCenter);
+    default:
+        return {};
     }
 }
 

@@ -71,8 +71,8 @@ QRect PieGriglia::Riquadro(int Colonna) const
 {
     if (Vista->isColumnHidden(Colonna))
         return {};
-    return QRect(Vista->Selettore()->width() + Vista->columnViewportPosition(Colonna), 0, Vista->columnWidth(Colonna),
-                 height());
+    return QRect(Vista->Selettore()->width() + Vista->columnViewportPosition(Colonna), 0,
+                 Vista->columnWidth(Colonna), height());
 }
 
 void PieGriglia::paintEvent(QPaintEvent*)
@@ -88,7 +88,8 @@ void PieGriglia::paintEvent(QPaintEvent*)
         const QString Testo = Testi.value(i);
         if (Testo.isEmpty() || Posto.isEmpty())
             continue;
-        Pennello.drawText(Posto, int(Vista->Modello()->Colonne()[i].Allinea | Qt::AlignVCenter) | Qt::TextSingleLine,
+        Pennello.drawText(Posto,
+                          int(Vista->Modello()->Colonne()[i].Allinea | Qt::AlignVCenter) | Qt::TextSingleLine,
                           Pennello.fontMetrics().elidedText(Testo, Qt::ElideRight, Posto.width()));
     }
 }

@@ -57,7 +57,7 @@ private:
     VistaGriglia* Vista;
     QList<int> Ordine;
     QSet<int> Insieme;
-    int Ancora = -1;          ///< row of the last plain click, where a range begins
+    int Ancora = -1;  ///< row of the last plain click, where a range begins
     int Premuta = -1;
     bool DaTogliere = false;  ///< the pressed row was selected: a release without a drag lets it go
     QPoint Inizio;

@@ -55,7 +55,8 @@ VistaGriglia::VistaGriglia(Griglia* Intera)
 {
     setModel(Righe);
     auto* Predefinito = selectionModel();
-    setSelectionModel(new Cursore(Righe, this, [this](const QModelIndex& Verso) { return PuoAndare(Verso); }));
+    setSelectionModel(
+        new Cursore(Righe, this, [this](const QModelIndex& Verso) { return PuoAndare(Verso); }));
     delete Predefinito;
     setVerticalHeader(Sinistra);
     setItemDelegate(new DisegnoCelle(this));
@@ -210,7 +211,8 @@ bool VistaGriglia::ProssimaCella(bool Avanti)
     const QModelIndex Da = currentIndex();
     int Riga = std::max(0, Da.row());
     const auto Oltre = std::find_if(Colonne.cbegin(), Colonne.cend(), [&](int Colonna) {
-        return !Da.isValid() || (Avanti ? Posto(Colonna) > Posto(Da.column()) : Posto(Colonna) < Posto(Da.column()));
+        return !Da.isValid() ||
+               (Avanti ? Posto(Colonna) > Posto(Da.column()) : Posto(Colonna) < Posto(Da.column()));
     });
     int Colonna = Colonne.constFirst();
     if (Oltre != Colonne.cend())
@@ -279,8 +281,12 @@ bool VistaGriglia::TastoComando(const QKeyEvent& Evento)
         Sinistra->AnnullaTrascinamento();
         return true;
     case Qt::Key_Return:
-    case Qt::Key_Enter: Invio(); return true;
-    case Qt::Key_F2: Aperta->Apri(currentIndex()); return true;
+    case Qt::Key_Enter:
+        Invio();
+        return true;
+    case Qt::Key_F2:
+        Aperta->Apri(currentIndex());
+        return true;
     case Qt::Key_Delete:
         if (RigaVera() || !Sinistra->Scelte().isEmpty())
             Q_EMIT Padrona->Cancella();
@@ -291,7 +297,8 @@ bool VistaGriglia::TastoComando(const QKeyEvent& Evento)
         if (const auto Riga = RigaVera())
             Sinistra->Scambia(*Riga);
         return true;
-    default: return false;
+    default:
+        return false;
     }
 }
 
@@ -344,8 +351,8 @@ void VistaGriglia::contextMenuEvent(QContextMenuEvent* Evento)
 {
     const bool Tastiera = Evento->reason() == QContextMenuEvent::Keyboard;
     const int Riga = Tastiera ? currentIndex().row() : rowAt(Evento->y());
-    const QPoint Punto = Tastiera ? viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft())
-                                  : Evento->globalPos();
+    const QPoint Punto =
+        Tastiera ? viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()) : Evento->globalPos();
     Q_EMIT Padrona->MenuContestuale(Riga >= 0 && !Righe->RigaVuota(Riga) ? Riga : -1, Punto);
 }
 
@@ -426,12 +433,14 @@ void VistaGriglia::paintEvent(QPaintEvent* Evento)
         constexpr int Margine = 16;
         const int Sopra = Righe->rowCount() * Sinistra->defaultSectionSize();
         constexpr double Grigio = 0.6;
-        Pennello.setPen(aspetto::Mischia(palette().color(QPalette::Text), palette().color(QPalette::Base), Grigio));
+        Pennello.setPen(
+            aspetto::Mischia(palette().color(QPalette::Text), palette().color(QPalette::Base), Grigio));
         Pennello.drawText(viewport()->rect().adjusted(Margine, Sopra + Margine, -Margine, -Margine),
                           Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, Frase);
     }
     if (const auto Linea = Sinistra->Linea()) {
         constexpr int Spessore = 2;
-        Pennello.fillRect(0, std::max(0, *Linea - Spessore / 2), viewport()->width(), Spessore, aspetto::Accento());
+        Pennello.fillRect(0, std::max(0, *Linea - Spessore / 2), viewport()->width(), Spessore,
+                          aspetto::Accento());
     }
 }

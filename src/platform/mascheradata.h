@@ -18,7 +18,7 @@ class MascheraData : public QLineEdit
 public:
     explicit MascheraData(QWidget* Padre = nullptr);
 
-    [[nodiscard]] QString Testo() const;    ///< "12/0_/____"
+    [[nodiscard]] QString Testo() const;  ///< "12/0_/____"
     void ImpostaTesto(const QString& Testo);
     [[nodiscard]] bool Vuota() const;
     /// The date, empty when the mask is empty or holds none.

@@ -38,21 +38,30 @@ constexpr std::array Risposte{
 QMessageBox::StandardButtons Pulsanti(int Bandiere)
 {
     switch (Bandiere & MascheraPulsanti) {
-    case vbOKCancel: return QMessageBox::Ok | QMessageBox::Cancel;
-    case vbYesNoCancel: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
-    case vbYesNo: return QMessageBox::Yes | QMessageBox::No;
-    default: return QMessageBox::Ok;
+    case vbOKCancel:
+        return QMessageBox::Ok | QMessageBox::Cancel;
+    case vbYesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case vbYesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    default:
+        return QMessageBox::Ok;
     }
 }
 
 QMessageBox::Icon Simbolo(int Bandiere)
 {
     switch (Bandiere & MascheraIcona) {
-    case vbCritical: return QMessageBox::Critical;
-    case vbQuestion: return QMessageBox::Question;
-    case vbExclamation: return QMessageBox::Warning;
-    case vbInformation: return QMessageBox::Information;
-    default: return QMessageBox::NoIcon;
+    case vbCritical:
+        return QMessageBox::Critical;
+    case vbQuestion:
+        return QMessageBox::Question;
+    case vbExclamation:
+        return QMessageBox::Warning;
+    case vbInformation:
+        return QMessageBox::Information;
+    default:
+        return QMessageBox::NoIcon;
     }
 }
 

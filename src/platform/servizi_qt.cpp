@@ -23,7 +23,8 @@ public:
         case QEvent::ShortcutOverride:
         case QEvent::KeyPress: {
             const int Tasto = static_cast<QKeyEvent*>(Evento)->key();
-            Interrotto = Interrotto || Tasto == Qt::Key_Escape || Tasto == Qt::Key_Pause || Tasto == Qt::Key_Cancel;
+            Interrotto =
+                Interrotto || Tasto == Qt::Key_Escape || Tasto == Qt::Key_Pause || Tasto == Qt::Key_Cancel;
             return true;
         }
         case QEvent::Close:
@@ -48,8 +49,10 @@ public:
         case QEvent::InputMethod:
         case QEvent::DragEnter:
         case QEvent::DragMove:
-        case QEvent::Drop: return true;
-        default: return QObject::eventFilter(Oggetto, Evento);
+        case QEvent::Drop:
+            return true;
+        default:
+            return QObject::eventFilter(Oggetto, Evento);
         }
     }
 

@@ -62,10 +62,8 @@ struct Lettore
 };
 
 constexpr std::array Lettori{
-    Lettore{u"evince", u"--page-index=", true},
-    Lettore{u"okular", u"--page", false},
-    Lettore{u"atril", u"--page-index=", true},
-    Lettore{u"xreader", u"--page-index=", true},
+    Lettore{u"evince", u"--page-index=", true}, Lettore{u"okular", u"--page", false},
+    Lettore{u"atril", u"--page-index=", true},  Lettore{u"xreader", u"--page-index=", true},
     Lettore{u"zathura", u"--page=", true},
 };
 
@@ -80,8 +78,8 @@ int ApriPdf(const QString& File, int Pagina)
                 continue;
             const QString Argomento = Voce.Argomento.toString();
             const QString Numero = QString::number(Pagina);
-            const QStringList Argomenti = Voce.Unito ? QStringList{Argomento + Numero, File}
-                                                     : QStringList{Argomento, Numero, File};
+            const QStringList Argomenti =
+                Voce.Unito ? QStringList{Argomento + Numero, File} : QStringList{Argomento, Numero, File};
             if (QProcess::startDetached(Trovato, Argomenti))
                 return 0;
         }

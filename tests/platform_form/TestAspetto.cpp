@@ -140,7 +140,8 @@ void TestAspetto::coloriPerLaPalette()
 void TestAspetto::preparata()
 {
     QCOMPARE(QApplication::style()->objectName().toLower(), u"fusion"_s);
-    QVERIFY2(QFontInfo(QApplication::font()).family() == QApplication::font().family(), "una famiglia che c'è");
+    QVERIFY2(QFontInfo(QApplication::font()).family() == QApplication::font().family(),
+             "una famiglia che c'è");
     QVERIFY(!QFontInfo(QApplication::font()).fixedPitch());
     QVERIFY(!QApplication::windowIcon().isNull());
     QCOMPARE(QLocale().language(), QLocale::Italian);
@@ -150,11 +151,12 @@ void TestAspetto::ogniNomeHaLaSuaIcona_data()
 {
     QTest::addColumn<QString>("Nome");
     for (const char* Nome :
-         {"new",    "open",   "save",    "lock",   "clienti", "contrib",   "inter",      "istat",     "termini",
-          "sequenz", "guida", "docum",   "setup",  "help",    "kr2",       "codfis",     "link",      "novita",
-          "upgrade", "select", "info",   "variaz", "taglia",  "copia",     "incolla",    "annulla",   "lastrow",
-          "currentrow", "up", "down",    "zoom",   "print",   "word",      "wp",         "pdf",       "prev",
-          "next",   "exit",   "lucchetto", "dischetto", "calcanova"})
+         {"new",    "open",    "save",    "lock",      "clienti",   "contrib",  "inter",
+          "istat",  "termini", "sequenz", "guida",     "docum",     "setup",    "help",
+          "kr2",    "codfis",  "link",    "novita",    "upgrade",   "select",   "info",
+          "variaz", "taglia",  "copia",   "incolla",   "annulla",   "lastrow",  "currentrow",
+          "up",     "down",    "zoom",    "print",     "word",      "wp",       "pdf",
+          "prev",   "next",    "exit",    "lucchetto", "dischetto", "calcanova"})
         QTest::newRow(Nome) << QString::fromLatin1(Nome);
 }
 
@@ -173,8 +175,9 @@ void TestAspetto::ogniDisegnoSeguaLeRegole()
         QFile File(u":/icone/"_s + Nome);
         QVERIFY(File.open(QIODevice::ReadOnly));
         const QByteArray Testo = File.readAll();
-        QVERIFY2(Testo.contains("viewBox=\"0 0 24 24\"") && Testo.contains("stroke-width=\"1.5\"")
-                     && Testo.contains("stroke-linecap=\"round\""), qPrintable(Nome));
+        QVERIFY2(Testo.contains("viewBox=\"0 0 24 24\"") && Testo.contains("stroke-width=\"1.5\"") &&
+                     Testo.contains("stroke-linecap=\"round\""),
+                 qPrintable(Nome));
         QVERIFY2(Testo.count("fill=\"#") <= 1, qPrintable(Nome + u": più di un riempimento"_s));
     }
 }
@@ -356,7 +359,8 @@ void TestAspetto::finestraPiuGrandeDelloSchermo()
 {
     const QRect Schermo = QGuiApplication::primaryScreen()->availableGeometry();
     QCursor::setPos(Schermo.center());
-    SaveSetting(u"KR5"_s, u"Parametri"_s, u"Posto_frmGrande"_s, u"0,0,%1,%2"_s.arg(Schermo.width() * 2).arg(50));
+    SaveSetting(u"KR5"_s, u"Parametri"_s, u"Posto_frmGrande"_s,
+                u"0,0,%1,%2"_s.arg(Schermo.width() * 2).arg(50));
     QWidget Finestra;
     aspetto::RimettiAlPosto(&Finestra, u"frmGrande"_s);
     QCOMPARE(Finestra.width(), Schermo.width());

@@ -21,7 +21,8 @@ namespace {
 /// A dialog with three boxes and a default button that counts.
 struct Modulo : QDialog
 {
-    Modulo() : A(new QLineEdit(this)), B(new QLineEdit(this)), C(new QLineEdit(this)), Ok(new QPushButton(this))
+    Modulo()
+        : A(new QLineEdit(this)), B(new QLineEdit(this)), C(new QLineEdit(this)), Ok(new QPushButton(this))
     {
         auto* Disposizione = new QVBoxLayout(this);
         for (QWidget* Campo : {static_cast<QWidget*>(A), static_cast<QWidget*>(B), static_cast<QWidget*>(C),

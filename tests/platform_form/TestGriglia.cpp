@@ -226,9 +226,8 @@ void TestGriglia::invioVaACapo()
 
 void TestGriglia::unTastoFiltratoNonApre()
 {
-    const auto Precedente = InstallaFiltro([](int Tasto, const QString& Tipo) {
-        return Tipo == u"," && Tasto == u'x' ? 0 : Tasto;
-    });
+    const auto Precedente = InstallaFiltro(
+        [](int Tasto, const QString& Tipo) { return Tipo == u"," && Tasto == u'x' ? 0 : Tasto; });
     F->Righe(0, Importo) = 12.5;
     F->Vai(0, Importo);
     Digita(u"x"_s);

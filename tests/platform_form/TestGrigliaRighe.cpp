@@ -60,8 +60,8 @@ struct Finestra : QWidget
     /// QTest's own moves carry no button.
     void Muovi(const QPoint& Punto)
     {
-        QMouseEvent Evento(QEvent::MouseMove, Punto, Selettore()->mapToGlobal(Punto), Qt::NoButton, Qt::LeftButton,
-                           Qt::NoModifier);
+        QMouseEvent Evento(QEvent::MouseMove, Punto, Selettore()->mapToGlobal(Punto), Qt::NoButton,
+                           Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(Selettore(), &Evento);
     }
     void Trascina(int Da, const QPoint& A)
@@ -232,7 +232,8 @@ void TestGrigliaRighe::rilegaNonCostaPerRiga()
     QVERIFY2(Chieste == 0, "Rilega non legge le celle");
     QVERIFY2(Millisecondi < 20 * Volte, qPrintable(QString::number(Millisecondi)));
     F.grab();
-    QVERIFY2(Chieste > 0 && Chieste < 100, qPrintable(u"si leggono le righe in vista: "_s + QString::number(Chieste)));
+    QVERIFY2(Chieste > 0 && Chieste < 100,
+             qPrintable(u"si leggono le righe in vista: "_s + QString::number(Chieste)));
 }
 
 void TestGrigliaRighe::unMilioneDiRigheSubito()
@@ -496,7 +497,8 @@ void TestGrigliaRighe::rigaSparitaDalRecordset()
     Finestra F(0);
     F.Griglia_->Lega(Db.OpenRecordset(u"Voci"_s));
     Db.Execute(u"DELETE FROM Voci WHERE Voce = 1"_s);
-    QVERIFY2(F.Vista()->model()->index(0, 1).data().toString().isEmpty(), "una riga sparita è vuota, senza messaggi");
+    QVERIFY2(F.Vista()->model()->index(0, 1).data().toString().isEmpty(),
+             "una riga sparita è vuota, senza messaggi");
     QCOMPARE(F.Vista()->model()->index(1, 1).data().toString(), u"due"_s);
 }
 

@@ -93,12 +93,14 @@ void TestServiziQt::box_data()
     QTest::addColumn<int>("Icona");
     QTest::addColumn<int>("Predefinito");
     using B = QMessageBox;
-    QTest::newRow("errore") << (vbOKOnly | vbCritical) << int(B::Ok) << vbOK << int(B::Critical) << int(B::Ok);
-    QTest::newRow("domanda, sì") << (vbYesNo | vbQuestion) << int(B::Yes) << vbYes << int(B::Question) << int(B::Yes);
-    QTest::newRow("domanda, no per prima") << (vbYesNo | vbQuestion | vbDefaultButton2) << int(B::No) << vbNo
-                                           << int(B::Question) << int(B::No);
-    QTest::newRow("tre risposte") << (vbYesNoCancel | vbExclamation) << int(B::Cancel) << vbCancel << int(B::Warning)
-                                  << int(B::Yes);
+    QTest::newRow("errore") << (vbOKOnly | vbCritical) << int(B::Ok) << vbOK << int(B::Critical)
+                            << int(B::Ok);
+    QTest::newRow("domanda, sì") << (vbYesNo | vbQuestion) << int(B::Yes) << vbYes << int(B::Question)
+                                 << int(B::Yes);
+    QTest::newRow("domanda, no per prima")
+        << (vbYesNo | vbQuestion | vbDefaultButton2) << int(B::No) << vbNo << int(B::Question) << int(B::No);
+    QTest::newRow("tre risposte") << (vbYesNoCancel | vbExclamation) << int(B::Cancel) << vbCancel
+                                  << int(B::Warning) << int(B::Yes);
     QTest::newRow("ok o annulla") << (vbOKCancel | vbInformation) << int(B::Ok) << vbOK << int(B::Information)
                                   << int(B::Ok);
     QTest::newRow("senza icona") << vbOKOnly << int(B::Ok) << vbOK << int(B::NoIcon) << int(B::Ok);
@@ -137,7 +139,8 @@ void TestServiziQt::pulsantiConScritteProprie()
         QCOMPARE(Aperto.button(QMessageBox::Cancel)->text(), u"Chiudi"_s);
         Aperto.button(QMessageBox::Cancel)->click();
     });
-    QCOMPARE(MsgBoxPulsanti(u"Testo"_s, vbOKCancel, u"Titolo"_s, {u" VEDI SCHEDA "_s, u"Chiudi"_s}), vbCancel);
+    QCOMPARE(MsgBoxPulsanti(u"Testo"_s, vbOKCancel, u"Titolo"_s, {u" VEDI SCHEDA "_s, u"Chiudi"_s}),
+             vbCancel);
 }
 
 void TestServiziQt::pulsantiInItaliano()
@@ -212,7 +215,8 @@ void TestServiziQt::apriFile()
         Aperto.selectFile(u"nota.mdb"_s);
         static_cast<QDialog&>(Aperto).done(QDialog::Accepted);
     });
-    QCOMPARE(DialogoApri(u"Apri"_s, Cartella, u"Parcelle (*.mdb)|*.mdb|Tutti|*.*;*.x"_s), Cartella + u"nota.mdb"_s);
+    QCOMPARE(DialogoApri(u"Apri"_s, Cartella, u"Parcelle (*.mdb)|*.mdb|Tutti|*.*;*.x"_s),
+             Cartella + u"nota.mdb"_s);
 }
 
 void TestServiziQt::salvaSenzaDomande()
@@ -227,7 +231,8 @@ void TestServiziQt::salvaSenzaDomande()
         QMetaObject::invokeMethod(&Aperto, "accept");
         QVERIFY2(!Aperto.isVisible(), "nessuna domanda sul file che c'è già");
     });
-    QCOMPARE(DialogoSalva(u"Salva"_s, Cartella + u"nota.mdb"_s, u"Parcelle (*.mdb)"_s), Cartella + u"nota.mdb"_s);
+    QCOMPARE(DialogoSalva(u"Salva"_s, Cartella + u"nota.mdb"_s, u"Parcelle (*.mdb)"_s),
+             Cartella + u"nota.mdb"_s);
     Prossimo<QFileDialog>([](QFileDialog& Aperto) { QMetaObject::invokeMethod(&Aperto, "accept"); });
     QCOMPARE(DialogoSalva(u"Salva"_s, Cartella + u"nuova"_s, u"Parcelle (*.mdb)"_s), Cartella + u"nuova"_s);
 }
@@ -356,10 +361,10 @@ void TestServiziQt::respiraFermaTutto()
     const auto Accoda = [](QWidget* Chi, QEvent* Evento) { QCoreApplication::postEvent(Chi, Evento); };
     Accoda(Campo, new QKeyEvent(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, u"a"_s));
     const QPointF Punto = Pulsante->rect().center();
-    Accoda(Pulsante, new QMouseEvent(QEvent::MouseButtonPress, Punto, Pulsante->mapToGlobal(Punto), Qt::LeftButton,
-                                     Qt::LeftButton, Qt::NoModifier));
-    Accoda(Pulsante, new QMouseEvent(QEvent::MouseButtonRelease, Punto, Pulsante->mapToGlobal(Punto), Qt::LeftButton,
-                                     Qt::NoButton, Qt::NoModifier));
+    Accoda(Pulsante, new QMouseEvent(QEvent::MouseButtonPress, Punto, Pulsante->mapToGlobal(Punto),
+                                     Qt::LeftButton, Qt::LeftButton, Qt::NoModifier));
+    Accoda(Pulsante, new QMouseEvent(QEvent::MouseButtonRelease, Punto, Pulsante->mapToGlobal(Punto),
+                                     Qt::LeftButton, Qt::NoButton, Qt::NoModifier));
     Accoda(&Finestra, new QCloseEvent);
     QVERIFY(Respira());
     QVERIFY(Campo->text().isEmpty());
