@@ -1,0 +1,261 @@
+#include "scena.h"
+
+#include "core/Main.h"
+
+#include <memory>
+
+class TestMain : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void basso();
+    void bassoConFinestra();
+    void normale_data();
+    void normale();
+    void richiestaNuova();
+    void richiestaIlleggibile_data();
+    void richiestaIlleggibile();
+    void richiestaSuFile();
+    void richiestaIgnota_data();
+    void richiestaIgnota();
+    void aggiornamentiPrimaDellaRichiesta_data();
+    void aggiornamentiPrimaDellaRichiesta();
+    void avviso();
+    void avvisoLetto_data();
+    void avvisoLetto();
+    void percorsoDelProgrammaPrecedente();
+
+private:
+    std::unique_ptr<Scena> S;
+    QList<PaginaAvviso> Avvisi;
+};
+PROVA(TestMain);
+
+namespace {
+
+bool ScrivaniaVisibile()
+{
+    return SeCaricato<frmStudio> && SeCaricato<frmStudio>->isVisible();
+}
+
+}  // namespace
+
+void TestMain::init()
+{
+    S = std::make_unique<Scena>();
+    Avvisi.clear();
+    Scena::Salva(u"PercorsoProcedura"_s, ProgrammaDiProva());
+    Scena::Salva(u"StudioNome"_s, u"Studio Bianchi"_s);
+    Scena::Salva(u"CercaAgg"_s, u"N"_s);
+    SaveSetting(u"Praxivo"_s, u"Parametri"_s, u"CartellaLocale"_s, u"/praxivo/locale"_s);
+    SaveSetting(u"Praxivo"_s, u"Parametri"_s, u"ArchivioPrat"_s, u"/praxivo/pratiche.mdb"_s);
+    Aperture.ApriParcella = [this](const QString& Percorso, int Socio, const QString& ID) {
+        S->Annota(u"parcella [%1] %2 [%3] %4"_s.arg(Percorso).arg(Socio).arg(ID, sessione::CartellaLocale));
+    };
+    Aperture.Avviso = [this](const PaginaAvviso& Pagina) { Avvisi << Pagina; };
+    Aperture.CercaAggiornamenti = [this] { S->Annota(u"aggiornamenti"_s); };
+}
+
+void TestMain::cleanup()
+{
+    S.reset();
+}
+
+void TestMain::basso()
+{
+    const Registratore Box;
+    Main(u"-low"_s);
+    QVERIFY(sessione::ModoLow);
+    QVERIFY(!SeCaricato<frmStudio>);
+    // No window came up, so that nothing would end the process later.
+    QCOMPARE(S->Eventi, (QStringList{u"parcella [] 0 [] "_s, u"fine"_s}));
+    QVERIFY(Avvisi.isEmpty());
+}
+
+void TestMain::bassoConFinestra()
+{
+    const Registratore Box;
+    QWidget Nota;
+    Aperture.ApriParcella = [&](const QString&, int, const QString&) { Nota.show(); };
+    Main(u"-low"_s);
+    QCOMPARE(S->Eventi, QStringList());
+}
+
+void TestMain::normale_data()
+{
+    QTest::addColumn<QString>("Riga");
+    QTest::addColumn<bool>("Debug");
+
+    QTest::newRow("no arguments") << u""_s << false;
+    QTest::newRow("low in capitals") << u"-LOW"_s << false;
+    QTest::newRow("low with a blank behind") << u"-low "_s << false;
+    QTest::newRow("low with a blank in front") << u" -low"_s << false;
+    QTest::newRow("low and more") << u"-low debug"_s << false;
+    QTest::newRow("debug") << u"debug"_s << true;
+    QTest::newRow("debug in capitals") << u"DEBUG"_s << true;
+    QTest::newRow("a word that begins so") << u"debugging now"_s << true;
+    QTest::newRow("debug with a blank in front") << u" debug"_s << false;
+    QTest::newRow("four of its letters") << u"debu"_s << false;
+    QTest::newRow("request in small letters") << u"pv2|N|P|1|2|3|4|5|6|"_s << false;
+    QTest::newRow("request with a blank in front") << u" PV2|N|P|1|2|3|4|5|6|"_s << false;
+    QTest::newRow("request without its bar") << u"PV2"_s << false;
+}
+
+void TestMain::normale()
+{
+    QFETCH(QString, Riga);
+    const Registratore Box;
+    Main(Riga);
+    QVERIFY(ScrivaniaVisibile());
+    QVERIFY(!SeCaricato<frmMain>);
+    QVERIFY(!sessione::ModoLow);
+    QTEST(sessione::ModoDebug, "Debug");
+    QCOMPARE(S->Eventi, QStringList());
+    QCOMPARE(sessione::ArchivioPrat, QString());
+}
+
+void TestMain::richiestaNuova()
+{
+    const Registratore Box;
+    Main(u"PV2|N|P12|1|2|1500,5|7|8|3|"_s);
+    QCOMPARE(S->Eventi, (QStringList{u"parcella [] 0 [P12] "_s, u"fine"_s}));
+    QVERIFY(sessione::RichiestaPV2 == (Richiesta{u"P12"_s, 1, 2, 1500.5, 7, 8, 3}));
+    QCOMPARE(sessione::CartellaLocale, Barra(u"/praxivo/locale"_s));
+    QCOMPARE(sessione::ArchivioPrat, u"/praxivo/pratiche.mdb"_s);
+    QVERIFY(!SeCaricato<frmStudio>);
+    QCOMPARE(Avvisi.size(), 1);
+}
+
+void TestMain::richiestaIlleggibile_data()
+{
+    QTest::addColumn<QString>("Riga");
+
+    QTest::newRow("six fields") << u"PV2|N|P12|1|2|1500|7|8|"_s;
+    QTest::newRow("last field not closed") << u"PV2|N|P12|1|2|1500|7|8|3"_s;
+    QTest::newRow("nothing behind the letter") << u"PV2|N"_s;
+}
+
+void TestMain::richiestaIlleggibile()
+{
+    QFETCH(QString, Riga);
+    Registratore Box;
+    Box.Attendi(u"Errore di automazione programma VDM!"_s, vbOK, u"Calcanova"_s);
+    Main(Riga);
+    QCOMPARE(Box.Mostrati().first().Bandiere, vbOKOnly);
+    QCOMPARE(S->Eventi, QStringList{u"fine"_s});
+    QCOMPARE(sessione::ArchivioPrat, QString());
+    QVERIFY(Avvisi.isEmpty());
+    QVERIFY(!SeCaricato<frmStudio>);
+}
+
+void TestMain::richiestaSuFile()
+{
+    const Registratore Box;
+    Main(u"PV2|E|/note/rossi contro bianchi.mdb"_s);
+    QCOMPARE(S->Eventi, (QStringList{u"parcella [/note/rossi contro bianchi.mdb] 0 [] "_s, u"fine"_s}));
+    QCOMPARE(sessione::RichiestaPV2.ID, QString());
+    QCOMPARE(sessione::ArchivioPrat, u"/praxivo/pratiche.mdb"_s);
+    QVERIFY(!SeCaricato<frmStudio>);
+}
+
+void TestMain::richiestaIgnota_data()
+{
+    QTest::addColumn<QString>("Riga");
+
+    QTest::newRow("another letter") << u"PV2|X|P12|1|2|3|4|5|6|"_s;
+    QTest::newRow("small letter") << u"PV2|n|P12|1|2|3|4|5|6|"_s;
+    QTest::newRow("no letter") << u"PV2|"_s;
+}
+
+void TestMain::richiestaIgnota()
+{
+    QFETCH(QString, Riga);
+    const Registratore Box;
+    Main(Riga);
+    QCOMPARE(S->Eventi, QStringList{u"fine"_s});
+    QCOMPARE(sessione::CartellaLocale, Barra(u"/praxivo/locale"_s));
+    QCOMPARE(sessione::ArchivioPrat, u"/praxivo/pratiche.mdb"_s);
+    QCOMPARE(Avvisi.size(), 1);
+    QVERIFY(!SeCaricato<frmStudio>);
+}
+
+void TestMain::aggiornamentiPrimaDellaRichiesta_data()
+{
+    QTest::addColumn<bool>("Connesso");
+    QTest::addColumn<QString>("CercaAgg");
+    QTest::addColumn<bool>("Cerca");
+
+    QTest::newRow("wanted and connected") << true << u"S"_s << true;
+    QTest::newRow("not connected") << false << u"S"_s << false;
+    QTest::newRow("not wanted") << true << u"N"_s << false;
+}
+
+void TestMain::aggiornamentiPrimaDellaRichiesta()
+{
+    QFETCH(QString, CercaAgg);
+    QFETCH(bool, Cerca);
+    const Registratore Box;
+    QFETCH(bool, Connesso);
+    S->Connesso = Connesso;
+    Scena::Salva(u"CercaAgg"_s, CercaAgg);
+    Main(u"PV2|E|/nota.mdb"_s);
+    QStringList Attesi{u"parcella [/nota.mdb] 0 [] "_s, u"fine"_s};
+    if (Cerca)
+        Attesi.prepend(u"aggiornamenti"_s);
+    QCOMPARE(S->Eventi, Attesi);
+}
+
+void TestMain::avviso()
+{
+    const Registratore Box;
+    Main(u""_s);
+    QCOMPARE(Avvisi.size(), 1);
+    QCOMPARE(Avvisi[0].Pagina, ProgrammaDiProva() + u"avvisokr6.htm"_s);
+    QCOMPARE(Avvisi[0].Titolo, u"KR5 - Avviso agli abbonati"_s);
+    QCOMPARE(Avvisi[0].Marcatore, u"avvisokr5"_s);
+    QCOMPARE(Avvisi[0].LarghezzaTwip, 10200);
+    QCOMPARE(Avvisi[0].AltezzaTwip, 7600);
+}
+
+void TestMain::avvisoLetto_data()
+{
+    QTest::addColumn<QString>("Dove");
+    QTest::addColumn<QString>("Nome");
+    QTest::addColumn<bool>("Mostra");
+
+    QTest::newRow("no marker") << u""_s << u""_s << true;
+    QTest::newRow("beside the program") << u"PercorsoProcedura"_s << u"avvisokr5.ini"_s << false;
+    QTest::newRow("in the user folder") << u"UserFolder"_s << u"avvisokr5.ini"_s << false;
+    QTest::newRow("in other letters") << u"UserFolder"_s << u"AVVISOKR5.INI"_s << false;
+    QTest::newRow("another file") << u"UserFolder"_s << u"avvisokr6.ini"_s << true;
+}
+
+void TestMain::avvisoLetto()
+{
+    QFETCH(QString, Dove);
+    QFETCH(QString, Nome);
+    QFETCH(bool, Mostra);
+    const Registratore Box;
+    for (const QString& Chiave : {u"PercorsoProcedura"_s, u"UserFolder"_s}) {
+        const QString Cartella = NuovaCartella();
+        Scena::Salva(Chiave, Cartella);
+        if (Chiave == Dove)
+            ScriviFile(Cartella + Nome, {});
+    }
+    Main(u"PV2|X"_s);
+    QCOMPARE(Avvisi.size(), Mostra ? 1 : 0);
+}
+
+void TestMain::percorsoDelProgrammaPrecedente()
+{
+    const Registratore Box;
+    SaveSetting(u"VDM2"_s, u"Parametri"_s, u"PercorsoProcedura"_s, u"/vdm2"_s);
+    Main(u"PV2|X"_s);
+    QCOMPARE(sessione::PercorsoVDM, Barra(u"/vdm2"_s));
+}
+
+#include "TestMain.moc"

@@ -1,0 +1,161 @@
+#include "scena.h"
+
+#include "core/primouso.h"
+
+#include <memory>
+
+class TestPrimoUso : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void preparaCartelleEArchivio();
+    void quelCheCeResta();
+    void nonSostituisceUnArchivio_data();
+    void nonSostituisceUnArchivio();
+    void archivioDiSolaLettura();
+    void senzaArchivioVuoto();
+    void tassiSeMancano();
+    void cartellaUtenteSparita();
+    void cartellaRifiutata();
+
+private:
+    std::unique_ptr<Scena> S;
+    QString Documenti;
+    QString Programma;
+};
+PROVA(TestPrimoUso);
+
+void TestPrimoUso::init()
+{
+    S = std::make_unique<Scena>();
+    Documenti = CartellaSpeciale(5);
+    QDir(Documenti).removeRecursively();
+    Programma = NuovaCartella();
+    Scena::Salva(u"PercorsoProcedura"_s, Programma);
+    ScriviFile(Programma + u"DatiStudio.mdb"_s, "vuoto");
+}
+
+void TestPrimoUso::cleanup()
+{
+    S.reset();
+}
+
+void TestPrimoUso::preparaCartelleEArchivio()
+{
+    const Registratore Box;
+    PrimoUso();
+    const QString Cartella = Documenti + Barra(u"Calcanova"_s);
+    QCOMPARE(Scena::Parametro(u"UserFolder"_s), Documenti + Barra(u"KR5"_s));
+    QCOMPARE(Scena::Parametro(u"ParcellePath"_s), Cartella + Barra(u"Parcelle"_s));
+    QCOMPARE(Scena::Parametro(u"ArchivioCliCon"_s), Cartella + u"DatiStudio.mdb"_s);
+    QVERIFY(EsisteCartella(Documenti + u"KR5"_s));
+    QVERIFY(EsisteCartella(Cartella + u"Parcelle/Modelli"_s));
+    QCOMPARE(LeggiFile(Cartella + u"DatiStudio.mdb"_s), "vuoto");
+    ImpostaVariabili();
+    QCOMPARE(sessione::ParcellePath, Cartella + Barra(u"Parcelle"_s));
+    QCOMPARE(sessione::ModelliPath, Cartella + Barra(u"Parcelle"_s) + Barra(u"Modelli"_s));
+}
+
+void TestPrimoUso::quelCheCeResta()
+{
+    const Registratore Box;
+    const QList<std::pair<QString, QString>> Scelte{
+        {u"UserFolder"_s, u"/miei/dati"_s},
+        {u"ParcellePath"_s, u"/mie/parcelle"_s},
+        {u"ArchivioCliCon"_s, u"/miei/clienti.mdb"_s},
+    };
+    for (const auto& [Chiave, Valore] : Scelte)
+        Scena::Salva(Chiave, Valore);
+    PrimoUso();
+    for (const auto& [Chiave, Valore] : Scelte)
+        QCOMPARE(Scena::Parametro(Chiave), Valore);
+    QVERIFY(!EsisteCartella(Documenti + u"Calcanova"_s));
+    QVERIFY(!EsisteCartella(Documenti + u"KR5"_s));
+}
+
+void TestPrimoUso::nonSostituisceUnArchivio_data()
+{
+    QTest::addColumn<QString>("Nome");
+
+    QTest::newRow("same name") << u"DatiStudio.mdb"_s;
+    QTest::newRow("name in capitals") << u"DATISTUDIO.MDB"_s;
+}
+
+void TestPrimoUso::nonSostituisceUnArchivio()
+{
+    QFETCH(QString, Nome);
+    const Registratore Box;
+    const QString Cartella = Documenti + Barra(u"Calcanova"_s);
+    CreaCartella(Cartella);
+    ScriviFile(Cartella + Nome, "dell'utente");
+    PrimoUso();
+    QCOMPARE(QDir(Cartella).entryList(QDir::Files), QStringList{Nome});
+    QCOMPARE(LeggiFile(Cartella + Nome), "dell'utente");
+}
+
+void TestPrimoUso::archivioDiSolaLettura()
+{
+    const Registratore Box;
+    ImpostaSolaLettura(Programma + u"DatiStudio.mdb"_s, true);
+    PrimoUso();
+    QVERIFY(!SolaLettura(Documenti + u"Calcanova/DatiStudio.mdb"_s));
+}
+
+void TestPrimoUso::senzaArchivioVuoto()
+{
+    const Registratore Box;
+    QVERIFY(QFile::remove(Programma + u"DatiStudio.mdb"_s));
+    PrimoUso();
+    QCOMPARE(Scena::Parametro(u"ArchivioCliCon"_s), Documenti + u"Calcanova/DatiStudio.mdb"_s);
+    QVERIFY(!EsisteFile(Documenti + u"Calcanova/DatiStudio.mdb"_s));
+}
+
+void TestPrimoUso::tassiSeMancano()
+{
+    const Registratore Box;
+    const QString Utente = NuovaCartella();
+    Scena::Salva(u"UserFolder"_s, Utente.chopped(1));
+    PrimoUso();
+    QVERIFY2(!EsisteFile(Utente + u"Tassi.dat"_s), "the program has none to give");
+    ScriviFile(Programma + u"tassi.dat"_s, "1");
+    PrimoUso();
+    QCOMPARE(LeggiFile(Utente + u"Tassi.dat"_s), "1");
+    ScriviFile(Programma + u"tassi.dat"_s, "2");
+    PrimoUso();
+    QCOMPARE(LeggiFile(Utente + u"Tassi.dat"_s), "1");
+}
+
+void TestPrimoUso::cartellaUtenteSparita()
+{
+    const Registratore Box;
+    const QString Utente = NuovaCartella() + u"sparita"_s;
+    ScriviFile(Programma + u"Tassi.dat"_s, "1");
+    Scena::Salva(u"UserFolder"_s, Utente);
+    PrimoUso();
+    QVERIFY2(!EsisteCartella(Utente), "a folder of the user's choice is his to make");
+}
+
+void TestPrimoUso::cartellaRifiutata()
+{
+    Registratore Box;
+    CreaCartella(Documenti);
+    // A file stands where the folder should be.
+    ScriviFile(Documenti + u"Calcanova"_s, "");
+    const QString Messaggio = u"Errore: "_s + DescrizioneErrore(75) + u" (75)"_s;
+    Box.Attendi(Messaggio, vbOK, u"Errore:"_s);  // fee notes
+    Box.Attendi(Messaggio, vbOK, u"Errore:"_s);  // archive
+    PrimoUso();
+    QCOMPARE(Scena::Parametro(u"ParcellePath"_s), QString());
+    QCOMPARE(Scena::Parametro(u"ArchivioCliCon"_s), QString());
+    QCOMPARE(Scena::Parametro(u"UserFolder"_s), Documenti + Barra(u"KR5"_s));
+    // The next start, with the folder free again, makes up for it.
+    QVERIFY(QFile::remove(Documenti + u"Calcanova"_s));
+    PrimoUso();
+    QVERIFY(EsisteFile(Scena::Parametro(u"ArchivioCliCon"_s)));
+}
+
+#include "TestPrimoUso.moc"

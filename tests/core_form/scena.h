@@ -1,0 +1,123 @@
+// The stage of the tests of the start: no settings, no session, no windows, everything opened written down.
+#pragma once
+
+#include "supporto/finestre.h"
+#include "supporto/prova.h"
+#include "supporto/registratore.h"
+
+#include "core/comandi.h"
+#include "core/frmMain.h"
+#include "core/frmSetup.h"
+#include "core/frmStudio.h"
+#include "core/modAvvio.h"
+#include "core/modErrori.h"
+#include "core/modIcone.h"
+#include "core/sessione.h"
+#include "core/singola.h"
+#include "platform/impostazioni.h"
+#include "platform/percorsi.h"
+#include "platform/shell.h"
+
+#include <QAbstractButton>
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
+/// Sets the stage for one test and clears it behind it.
+class Scena
+{
+public:
+    Scena()
+    {
+        AzzeraSessione();
+        AzzeraParcelle();
+        IconeUtente.Azzera(ColonneIcona);
+        Aperture = {};
+        QFile::remove(FileImpostazioni());
+        Shell Nuova;
+        Nuova.ApriIndirizzo = [this](const QString& Indirizzo) {
+            return Annota(u"indirizzo "_s + Indirizzo);
+        };
+        Nuova.Avvia = [this](const QString& Programma, const QStringList&, const QString& Cartella) {
+            return Annota(u"avvia "_s + Programma + u" in "_s + Cartella);
+        };
+        Nuova.ApriPdf = [this](const QString& File, int) { return Annota(u"pdf "_s + NomeFile(File)); };
+        Nuova.HaProgramma = [](const QString&) { return true; };
+        Nuova.Clessidra = [this](bool Attiva) { Clessidre += Attiva ? u'+' : u'-'; };
+        Nuova.Connesso = [this] { return Connesso; };
+        Nuova.Termina = [this](int) { Annota(u"fine"_s); };
+        Precedente = InstallaShell(std::move(Nuova));
+    }
+
+    ~Scena()
+    {
+        delete SeCaricato<frmStudio>.data();
+        delete SeCaricato<frmMain>.data();
+        delete SeCaricato<frmSetup>.data();
+        Respiro();
+        InstallaShell(std::move(Precedente));
+        MostraTraccia = nullptr;
+        Aperture = {};
+        AzzeraParcelle();
+        AzzeraSessione();
+    }
+
+    Scena(const Scena&) = delete;
+    Scena& operator=(const Scena&) = delete;
+
+    /// An office that was named, and a program folder that holds what it must.
+    void Preparata()
+    {
+        sessione::PercorsoProg = ProgrammaDiProva();
+        sessione::StudioNome = u"Studio Bianchi"_s;
+        sessione::CercaAgg = false;
+    }
+
+    /// Places of notes that are all open.
+    static void ApriPosti(int Quanti)
+    {
+        AzzeraParcelle();
+        for (int i = 0; i < Quanti; ++i)
+            InfoParcelle.push_back({});
+    }
+
+    int Annota(const QString& Evento)
+    {
+        Eventi << Evento;
+        return 0;
+    }
+
+    static QString FileImpostazioni()
+    {
+        return qEnvironmentVariable("XDG_CONFIG_HOME") + u"/Calcanova/KR5.ini"_s;
+    }
+
+    static QString Parametro(const QString& Chiave)
+    {
+        return GetSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave);
+    }
+
+    static void Salva(const QString& Chiave, const QString& Valore)
+    {
+        SaveSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave, Valore);
+    }
+
+    QStringList Eventi;
+    QString Clessidre;
+    bool Connesso = false;
+
+private:
+    Shell Precedente;
+};
+
+/// The controls of a window that a user can reach and that a screen reader could not name.
+inline QStringList SenzaNome(const QWidget& Finestra)
+{
+    QStringList Trovati;
+    for (const QWidget* Uno : Finestra.findChildren<QWidget*>()) {
+        const bool Comando = Uno->focusPolicy() != Qt::NoFocus || qobject_cast<const QAbstractButton*>(Uno);
+        if (Comando && Uno->accessibleName().isEmpty() && !Uno->objectName().startsWith(u"qt_"))
+            Trovati << QString::fromLatin1(Uno->metaObject()->className()) + u' ' + Uno->objectName();
+    }
+    return Trovati;
+}
