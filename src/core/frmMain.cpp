@@ -16,6 +16,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QScreen>
+#include <QStyle>
 
 #include <array>
 
@@ -130,6 +131,11 @@ void frmMain::CreaBarra()
 {
     constexpr int LatoIcona = 24;
     ui->barParcelle->setIconSize({LatoIcona, LatoIcona});
+    // All the words stand in a row at the frame's usual width.
+    constexpr double Riduzione = 0.9;
+    QFont Carattere = ui->barParcelle->font();
+    Carattere.setPointSizeF(QFontInfo(Carattere).pointSizeF() * Riduzione);
+    ui->barParcelle->setFont(Carattere);
     int Gruppo = Pulsanti.front().Gruppo;
     for (const Pulsante& Uno : Pulsanti) {
         if (Uno.Gruppo != Gruppo)
@@ -197,7 +203,8 @@ void frmMain::Form_Load()
         Azione->setVisible(!sessione::ModoLow);
     for (QAction* Azione : actions())
         Azione->setEnabled(!sessione::ModoLow);
-    const QRect Schermo = screen()->availableGeometry();
+    const int Titolo = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QRect Schermo = screen()->availableGeometry().adjusted(0, Titolo, 0, 0);
     QRect Posto(
         {}, QSize(Misura(u"MainWidth"_s, LarghezzaPredefinita), Misura(u"MainHeight"_s, AltezzaPredefinita))
                 .boundedTo(Schermo.size()));

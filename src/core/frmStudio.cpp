@@ -162,9 +162,15 @@ frmStudio::frmStudio() : ui(std::make_unique<Ui::frmStudio>())
             Io->MostraTracciaDebug(Testo);
     };
     LoadGraph();
+    resize(ui->quadro->minimumWidth(), ui->quadro->minimumHeight() + ui->piede->sizeHint().height());
 }
 
-frmStudio::~frmStudio() = default;
+frmStudio::~frmStudio()
+{
+    // The window takes the focus from its icons as it goes, when what they report to is gone already.
+    for (const IconaStudio* Icona : Icone)
+        Icona->disconnect(this);
+}
 
 void frmStudio::Mostra()
 {
@@ -314,7 +320,7 @@ void frmStudio::AdattaQuadro()
     QRect Tutte;
     for (const IconaStudio* Icona : Icone)
         Tutte |= Icona->geometry();
-    ui->quadro->setMinimumSize(Tutte.right() + 1, Tutte.bottom() + 1);
+    ui->quadro->setMinimumSize(Tutte.right() + aspetto::Bordo, Tutte.bottom() + aspetto::Bordo);
 }
 
 void frmStudio::paintEvent(QPaintEvent*)

@@ -115,8 +115,9 @@ void IconaStudio::DisegnaTessera(QPainter& Pennello) const
 
 void IconaStudio::DisegnaEtichetta(QPainter& Pennello) const
 {
-    const QRect Spazio = rect().adjusted(1, Immagine + SpazioEtichetta, -1, -1);
-    Pennello.setFont(CarattereEtichetta(font(), text(), Spazio.width() - 2));
+    constexpr int Margine = 3;
+    const QRect Spazio = rect().adjusted(Margine, Immagine + SpazioEtichetta, -Margine, -1);
+    Pennello.setFont(CarattereEtichetta(font(), text(), Spazio.width()));
     TextBorder(Pennello, Spazio, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, text(), Testo, Bordo);
 }
 

@@ -1,0 +1,434 @@
+#include "scena.h"
+
+#include "core/Main.h"
+#include "platform/aspetto.h"
+#include "platform/campo.h"
+
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QScreen>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <memory>
+
+class TestFrmMain : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void barra();
+    void barraStaNellaLarghezzaSolita();
+    void menuDeiPulsanti();
+    void ogniControlloHaUnNome();
+    void ilPulsanteAgisceSullaParcellaAttiva_data();
+    void ilPulsanteAgisceSullaParcellaAttiva();
+    void nuovaNonHaSocio();
+    void ilMenuAgisceSullaParcellaAttiva();
+    void laVoceGuideChiedeLaScheda();
+    void ilCampoApertoFermaIlComando();
+    void diciottoProcedure();
+    void bassoNascondeIPulsanti();
+    void misure_data();
+    void misure();
+    void misureSalvate();
+    void laFinestraAttivaDiventaIlBersaglio();
+    void sfondo();
+    void schedaDellaGuida();
+
+    void chiusuraChiedeAOgnunaEUnNoLaFerma();
+    void chiusuraPortaAllaScrivania();
+    void chiusuraSenzaParcelle();
+    void chiusuraDiUnaPratica();
+    void ultimaInModoBasso();
+    void nuovaParcellaPrimaDelloScarico();
+
+private:
+    QToolBar* Barra_() { return Cornice->findChild<QToolBar*>(u"barParcelle"_s); }
+    void Clic(const QString& Chiave)
+    {
+        QTest::mouseClick(Cornice->findChild<QWidget*>(u"barParcelle_"_s + Chiave), Qt::LeftButton);
+    }
+    void RegistraChiusure(const QList<bool>& Risposte);
+
+    std::unique_ptr<Scena> S;
+    frmMain* Cornice = nullptr;
+    QList<bool> RisposteChiusura;
+};
+PROVA(TestFrmMain);
+
+void TestFrmMain::init()
+{
+    S = std::make_unique<Scena>();
+    S->Preparata();
+    Cornice = &Singola<frmMain>();
+    Aperture.ApriParcella = [this](const QString&, int Socio, const QString&) {
+        S->Annota(u"parcella %1"_s.arg(Socio));
+    };
+    Aperture.TrovaParcella = [this](int Selettore) { S->Annota(u"trova %1"_s.arg(Selettore)); };
+    Aperture.Proteggi = [this](int Indice) { S->Annota(u"proteggi %1"_s.arg(Indice)); };
+    Aperture.SalvaParcella = [this](int Indice, bool) { S->Annota(u"salva %1"_s.arg(Indice)); };
+    Aperture.Termini = [this] { S->Annota(u"termini"_s); };
+    Aperture.Informazioni = [this] { S->Annota(u"informazioni"_s); };
+}
+
+void TestFrmMain::cleanup()
+{
+    S.reset();
+}
+
+/// Each close is answered in turn; a granted one frees the place and, if it is the last, goes its road.
+void TestFrmMain::RegistraChiusure(const QList<bool>& Risposte)
+{
+    RisposteChiusura = Risposte;
+    Aperture.ChiudiParcella = [this](int Indice) {
+        S->Annota(u"chiudi %1"_s.arg(Indice));
+        const bool Chiusa = RisposteChiusura.takeFirst();
+        InfoParcelle[size_t(Indice)].Libera = Chiusa;
+        if (!ParcellaAperta())
+            DopoUltimaParcella();
+        return Chiusa;
+    };
+}
+
+void TestFrmMain::barra()
+{
+    QStringList Trovati;
+    for (const QAction* Azione : Barra_()->actions())
+        Trovati << (Azione->isSeparator()
+                        ? u"-"_s
+                        : Barra_()->widgetForAction(const_cast<QAction*>(Azione))->objectName().mid(12) +
+                              u": "_s + Azione->toolTip());
+    QCOMPARE(Trovati,
+             (QStringList{u"new: Nuova parcella"_s, u"open: Apri parcella"_s, u"save: Salva parcella"_s,
+                          u"lock: Proteggi parcella"_s, u"-"_s, u"clienti: Rubrica clienti e controparti"_s,
+                          u"-"_s, u"contrib: Calcolo contributo unificato"_s,
+                          u"inter: Calcolo interessi legali e comm.li"_s, u"istat: Rivalutazione istat"_s,
+                          u"termini: Calcolo dei termini"_s, u"sequenz: Calcolo dei termini sequenziali"_s,
+                          u"-"_s, u"guida: Guida giuridica alle funzioni del quadro"_s,
+                          u"docum: Documentazione normativa"_s, u"-"_s, u"setup: Impostazioni programma"_s,
+                          u"-"_s, u"help: Guida in linea"_s}));
+    for (const QAction* Azione : Barra_()->actions())
+        QVERIFY2(Azione->isSeparator() || (!Azione->icon().isNull() && !Azione->text().isEmpty()),
+                 qPrintable(Azione->toolTip()));
+}
+
+void TestFrmMain::barraStaNellaLarghezzaSolita()
+{
+    constexpr int LarghezzaSolita = 13400;
+    QVERIFY2(Barra_()->sizeHint().width() <= aspetto::Pixel(LarghezzaSolita),
+             qPrintable(QString::number(Barra_()->sizeHint().width())));
+}
+
+void TestFrmMain::menuDeiPulsanti()
+{
+    const auto Voci = [this](const QString& Chiave) {
+        QStringList Testi;
+        for (const QAction* Voce :
+             Cornice->findChild<QToolButton*>(u"barParcelle_"_s + Chiave)->defaultAction()->menu()->actions())
+            Testi << Voce->text();
+        return Testi;
+    };
+    QCOMPARE(Voci(u"open"_s), (QStringList{u"Apri da parcelle salvate"_s, u"Apri da modelli"_s}));
+    QCOMPARE(Voci(u"help"_s),
+             (QStringList{u"Guida all'uso"_s, u"Assistenza tecnica"_s, u"Informazioni su.."_s}));
+    QVERIFY(!Cornice->findChild<QToolButton*>(u"barParcelle_save"_s)->defaultAction()->menu());
+}
+
+void TestFrmMain::ogniControlloHaUnNome()
+{
+    QCOMPARE(SenzaNome(*Cornice).join(u", "_s), QString());
+    for (const QToolButton* Pulsante : Barra_()->findChildren<QToolButton*>())
+        QVERIFY2(!Pulsante->toolTip().isEmpty() || Pulsante->objectName().startsWith(u"qt_"),
+                 qPrintable(Pulsante->objectName()));
+}
+
+void TestFrmMain::ilPulsanteAgisceSullaParcellaAttiva_data()
+{
+    QTest::addColumn<QString>("Bersaglio");
+    QTest::addColumn<QString>("Evento");
+
+    QTest::newRow("first note") << u"1"_s << u"proteggi 1"_s;
+    QTest::newRow("second note") << u"2"_s << u"proteggi 2"_s;
+}
+
+void TestFrmMain::ilPulsanteAgisceSullaParcellaAttiva()
+{
+    QFETCH(QString, Bersaglio);
+    QFETCH(QString, Evento);
+    const Registratore Box;
+    Scena::ApriPosti(2);
+    Cornice->show();
+    Cornice->ImpostaTag(Bersaglio);
+    Clic(u"lock"_s);
+    QCOMPARE(S->Eventi, QStringList{Evento});
+    // Unmodified: there is nothing to save.
+    Clic(u"save"_s);
+    QCOMPARE(S->Eventi.size(), 1);
+    InfoParcelle[size_t(Bersaglio.toInt())].Modificata = true;
+    Clic(u"save"_s);
+    QCOMPARE(S->Eventi.last(), u"salva "_s + Bersaglio);
+}
+
+void TestFrmMain::nuovaNonHaSocio()
+{
+    const Registratore Box;
+    Scena::ApriPosti(1);
+    Cornice->show();
+    Cornice->ImpostaTag(u"1"_s);
+    Clic(u"new"_s);
+    QCOMPARE(S->Eventi, QStringList{u"parcella 0"_s});
+}
+
+void TestFrmMain::ilMenuAgisceSullaParcellaAttiva()
+{
+    const Registratore Box;
+    Cornice->findChild<QAction*>(u"menu_openpar"_s)->trigger();
+    Cornice->findChild<QAction*>(u"menu_openmod"_s)->trigger();
+    Cornice->findChild<QAction*>(u"menu_about"_s)->trigger();
+    QCOMPARE(S->Eventi, (QStringList{u"trova 0"_s, u"trova 1"_s, u"informazioni"_s}));
+}
+
+void TestFrmMain::laVoceGuideChiedeLaScheda()
+{
+    const Registratore Box;
+    Aperture.SchedaCorrente = [this](int Indice) {
+        S->Annota(u"scheda di %1"_s.arg(Indice));
+        return 2;
+    };
+    Cornice->ImpostaTag(u"3"_s);
+    Cornice->barParcelle_ButtonClick(u"guide"_s);
+    QCOMPARE(S->Eventi, QStringList{u"scheda di 3"_s});
+}
+
+void TestFrmMain::ilCampoApertoFermaIlComando()
+{
+    const Registratore Box;
+    auto* Campo = new QLineEdit(Cornice);
+    bool Accetta = false;
+    AlLasciaSempre(Campo, [&] { return Accetta; });
+    QVERIFY(MostraAttiva(*Cornice));
+    Campo->show();
+    Campo->setFocus();
+    Clic(u"termini"_s);
+    Cornice->findChild<QAction*>(u"comando_termini"_s)->trigger();
+    QCOMPARE(S->Eventi, QStringList());
+    Accetta = true;
+    Clic(u"termini"_s);
+    QCOMPARE(S->Eventi, QStringList{u"termini"_s});
+}
+
+void TestFrmMain::diciottoProcedure()
+{
+    Registratore Box;
+    const auto Annota = [this](const QString& Nome) { return [this, Nome] { S->Annota(Nome); }; };
+    Aperture.Rubrica = Annota(u"clienti"_s);
+    Aperture.Contributo = Annota(u"contrib"_s);
+    Aperture.TerminiSequenziali = Annota(u"sequenz"_s);
+    Aperture.Interessi = Annota(u"inter"_s);
+    Aperture.Istat = Annota(u"istat"_s);
+    Aperture.CodiceFiscale = Annota(u"codfis"_s);
+    Aperture.Aggiorna = Annota(u"upgrade"_s);
+    Aperture.Impostazioni = [this](int Scheda) { S->Annota(u"setup %1"_s.arg(Scheda)); };
+    sessione::PercorsoProg = NuovaCartella();
+    Box.Attendi(u"Documento "_s + sessione::PercorsoProg + u"GuidaOperativa.pdf non trovato!"_s);
+    Cornice->ImpostaTag(u"5"_s);
+    QStringList Parole;
+    for (const QAction* Azione : Cornice->actions()) {
+        Parole << Azione->objectName().mid(8);
+        const_cast<QAction*>(Azione)->trigger();
+    }
+    QCOMPARE(Parole,
+             (QStringList{u"new"_s, u"openmod"_s, u"openpar"_s, u"clienti"_s, u"contrib"_s, u"setup"_s,
+                          u"termini"_s, u"inter"_s, u"istat"_s, u"codfis"_s, u"upgrade"_s, u"tassi"_s,
+                          u"help"_s, u"recupera"_s, u"assistenza"_s, u"about"_s, u"off"_s, u"sequenz"_s}));
+    QCOMPARE(S->Eventi,
+             (QStringList{u"parcella 0"_s, u"trova 1"_s, u"trova 0"_s, u"clienti"_s, u"contrib"_s,
+                          u"setup 0"_s, u"termini"_s, u"inter"_s, u"istat"_s, u"codfis"_s, u"upgrade"_s,
+                          u"setup 3"_s, u"indirizzo http://www.calcanova.example/vdm.asp"_s,
+                          u"informazioni"_s, u"fine"_s, u"sequenz"_s}));
+}
+
+void TestFrmMain::bassoNascondeIPulsanti()
+{
+    QVERIFY(Cornice->Area());
+    QVERIFY(Cornice->findChild<QWidget*>(u"barParcelle_new"_s)->isVisible());
+    Cornice->hide();
+    sessione::ModoLow = true;
+    QVERIFY(Cornice->Area());
+    for (const QAction* Azione : Barra_()->actions())
+        QVERIFY(!Azione->isVisible());
+    for (const QAction* Azione : Cornice->actions())
+        QVERIFY2(!Azione->isEnabled(), "its keys would do what the buttons may not");
+}
+
+void TestFrmMain::misure_data()
+{
+    QTest::addColumn<QString>("LarghezzaTwip");
+    QTest::addColumn<QString>("AltezzaTwip");
+    QTest::addColumn<QSize>("Attesa");
+
+    const QSize Schermo = QGuiApplication::primaryScreen()->availableSize();
+    QTest::newRow("stored") << u"9000"_s << u"6000"_s << QSize(600, 400);
+    QTest::newRow("larger than the screen") << u"900000"_s << u"6000"_s << QSize(Schermo.width(), 400);
+    QTest::newRow("no numbers") << u"largo"_s << u""_s << QSize(893, 707).boundedTo(Schermo);
+    QTest::newRow("not positive") << u"0"_s << u"-15"_s << QSize(893, 707).boundedTo(Schermo);
+}
+
+void TestFrmMain::misure()
+{
+    QFETCH(QString, LarghezzaTwip);
+    QFETCH(QString, AltezzaTwip);
+    Scena::Salva(u"MainWidth"_s, LarghezzaTwip);
+    Scena::Salva(u"MainHeight"_s, AltezzaTwip);
+    QVERIFY(Cornice->Area());
+    QTEST(Cornice->size(), "Attesa");
+    QVERIFY(Cornice->screen()->availableGeometry().contains(Cornice->geometry()));
+}
+
+void TestFrmMain::misureSalvate()
+{
+    QVERIFY(Cornice->Area());
+    Cornice->resize(620, 410);
+    Cornice->SalvaMisure();
+    QCOMPARE(Scena::Parametro(u"MainWidth"_s), u"9300"_s);
+    QCOMPARE(Scena::Parametro(u"MainHeight"_s), u"6150"_s);
+    Cornice->showMaximized();
+    Cornice->SalvaMisure();
+    QCOMPARE(Scena::Parametro(u"MainWidth"_s), u"9300"_s);
+}
+
+void TestFrmMain::laFinestraAttivaDiventaIlBersaglio()
+{
+    QMdiArea* Area = Cornice->Area();
+    QMdiSubWindow* Finestre[2];
+    for (int i = 0; i < 2; ++i) {
+        Finestre[i] = Area->addSubWindow(new QWidget);
+        Finestre[i]->setProperty("Tag", QString::number(i + 1));
+        Finestre[i]->show();
+    }
+    Area->setActiveSubWindow(Finestre[0]);
+    QCOMPARE(Cornice->Tag(), u"1"_s);
+    Area->setActiveSubWindow(Finestre[1]);
+    QCOMPARE(Cornice->Tag(), u"2"_s);
+    Area->setActiveSubWindow(nullptr);
+    QCOMPARE(Cornice->Tag(), u"2"_s);
+}
+
+void TestFrmMain::sfondo()
+{
+    QMdiArea* Area = Cornice->Area();
+    Respiro();
+    QImage Immagine(2, 1, QImage::Format_RGB32);
+    Immagine.setPixelColor(0, 0, Qt::red);
+    Immagine.setPixelColor(1, 0, Qt::blue);
+    const auto AiLati = [&] {
+        const QImage Vista = Area->grab().toImage();
+        return std::pair{Vista.pixelColor(4, 50), Vista.pixelColor(Vista.width() - 5, 50)};
+    };
+    const QColor Nudo = AiLati().first;
+    Cornice->BackImage(QPixmap::fromImage(Immagine));
+    for (const QSize& Misura : {QSize(500, 400), QSize(700, 300)}) {
+        Cornice->resize(Misura);
+        Respiro();
+        const auto [Sinistra, Destra] = AiLati();
+        QVERIFY(Sinistra.red() > 200 && Sinistra.blue() < 60);
+        QVERIFY(Destra.blue() > 200 && Destra.red() < 60);
+    }
+    Cornice->BackImage({});
+    QCOMPARE(AiLati().first, Nudo);
+}
+
+void TestFrmMain::schedaDellaGuida()
+{
+    Cornice->ShowGuida(u"art5.htm"_s);
+    QCOMPARE(S->Eventi, QStringList());
+    Aperture.PaginaWeb = [this](const QString& Pagina, const QString& Titolo) {
+        S->Annota(Pagina + u'|' + Titolo);
+    };
+    Cornice->ShowGuida(u"art5.htm"_s);
+    QCOMPARE(S->Eventi,
+             QStringList{ProgrammaDiProva() + Barra(u"note"_s) + u"art5.htm|VDM - Guida giuridica"_s});
+}
+
+void TestFrmMain::chiusuraChiedeAOgnunaEUnNoLaFerma()
+{
+    const Registratore Box;
+    Scena::ApriPosti(4);
+    InfoParcelle[2].Libera = true;
+    QVERIFY(Cornice->Area());
+    RegistraChiusure({true, false});
+    Cornice->close();
+    Respiro();
+    QCOMPARE(S->Eventi, (QStringList{u"chiudi 1"_s, u"chiudi 3"_s}));
+    QVERIFY(Cornice->isVisible());
+    QVERIFY(!SeCaricato<frmStudio>);
+}
+
+void TestFrmMain::chiusuraPortaAllaScrivania()
+{
+    const Registratore Box;
+    Scena::ApriPosti(2);
+    QVERIFY(Cornice->Area());
+    Cornice->resize(600, 400);
+    Cornice->ImpostaTag(u"2"_s);
+    RegistraChiusure({true, true});
+    Cornice->close();
+    QVERIFY2(Cornice->isVisible(), "still closing its child");
+    QTRY_VERIFY(!Cornice->isVisible());
+    QVERIFY(SeCaricato<frmStudio>->isVisible());
+    QCOMPARE(Cornice->Tag(), QString());
+    QCOMPARE(S->Eventi, (QStringList{u"chiudi 1"_s, u"chiudi 2"_s}));
+    QCOMPARE(Scena::Parametro(u"MainWidth"_s), u"9000"_s);
+    QCOMPARE(Scena::Parametro(u"MainHeight"_s), u"6000"_s);
+}
+
+void TestFrmMain::chiusuraSenzaParcelle()
+{
+    const Registratore Box;
+    QVERIFY(Cornice->Area());
+    Cornice->close();
+    QTRY_VERIFY(!Cornice->isVisible());
+    QVERIFY(SeCaricato<frmStudio>->isVisible());
+}
+
+void TestFrmMain::chiusuraDiUnaPratica()
+{
+    const Registratore Box;
+    Scena::ApriPosti(2);
+    QVERIFY(Cornice->Area());
+    sessione::RichiestaPV2.ID = u"P1"_s;
+    RegistraChiusure({true, true});
+    Cornice->close();
+    QCOMPARE(S->Eventi, QStringList{u"chiudi 1"_s});
+}
+
+void TestFrmMain::ultimaInModoBasso()
+{
+    const Registratore Box;
+    sessione::ModoLow = true;
+    QVERIFY(Cornice->Area());
+    Cornice->resize(600, 400);
+    DopoUltimaParcella();
+    Respiro();
+    QCOMPARE(S->Eventi, QStringList{u"fine"_s});
+    QCOMPARE(Scena::Parametro(u"MainWidth"_s), u"9000"_s);
+    QVERIFY(!SeCaricato<frmStudio>);
+}
+
+void TestFrmMain::nuovaParcellaPrimaDelloScarico()
+{
+    const Registratore Box;
+    QVERIFY(Cornice->Area());
+    DopoUltimaParcella();
+    Scena::ApriPosti(1);
+    Respiro();
+    QVERIFY(Cornice->isVisible());
+}
+
+#include "TestFrmMain.moc"

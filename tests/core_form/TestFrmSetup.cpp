@@ -1,0 +1,247 @@
+#include "scena.h"
+
+#include <QLineEdit>
+#include <QTabWidget>
+#include <QTimer>
+
+#include <memory>
+
+class TestFrmSetup : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void soloLaPrimaScheda();
+    void leggeDalleImpostazioni();
+    void rifiuti_data();
+    void rifiuti();
+    void ordineDeiRifiuti();
+    void memorizza();
+    void memorizzaConUnaParcellaAperta();
+    void memorizzaNonRiesce();
+    void ridisegnaLaScrivania();
+    void modaleSiChiudeDopoAverMemorizzato();
+    void chiudereNonCambiaNulla();
+    void aprirlaDueVolteNonPerdeIlTesto();
+    void changeTabFuoriDaiLimiti();
+    void ogniControlloHaUnNome();
+
+private:
+    QLineEdit* Campo(const QString& Nome) { return Modulo->findChild<QLineEdit*>(Nome); }
+    void Riempi();
+    void Memorizza() { QTest::mouseClick(Modulo->findChild<QWidget*>(u"cmdSaveImpost"_s), Qt::LeftButton); }
+
+    std::unique_ptr<Scena> S;
+    frmSetup* Modulo = nullptr;
+};
+PROVA(TestFrmSetup);
+
+namespace {
+
+const QString Memorizzate = u"Le impostazioni sono state memorizzate!"_s;
+
+/// Boxes and the keys that hold them.
+const QList<std::pair<QString, QString>> Chiavi{
+    {u"txtNomeStudio"_s, u"StudioNome"_s},
+    {u"txtIndStudio"_s, u"StudioIndir"_s},
+    {u"txtCittaStudio"_s, u"StudioCitta"_s},
+    {u"txtEMail"_s, u"StudioMail"_s},
+    {u"txtCodFisStudio"_s, u"StudioCodFisc"_s},
+    {u"txtPivaStudio"_s, u"StudioPIva"_s},
+    {u"txtFirma"_s, u"Firma"_s},
+    {u"txtFirmaDigit"_s, u"FirmaDigit"_s},
+    {u"txtIBAN"_s, u"Iban"_s},
+};
+
+}  // namespace
+
+void TestFrmSetup::init()
+{
+    S = std::make_unique<Scena>();
+    Scena::Salva(u"PercorsoProcedura"_s, ProgrammaDiProva());
+    Modulo = &Singola<frmSetup>();
+}
+
+void TestFrmSetup::cleanup()
+{
+    S.reset();
+}
+
+void TestFrmSetup::Riempi()
+{
+    Modulo->Mostra(0);
+    for (const auto& [Nome, Chiave] : Chiavi)
+        Campo(Nome)->setText(u"nuovo "_s + Chiave);
+}
+
+void TestFrmSetup::soloLaPrimaScheda()
+{
+    const auto* Schede = Modulo->findChild<QTabWidget*>(u"tabSetup"_s);
+    QCOMPARE(Schede->count(), 1);
+    QCOMPARE(Schede->tabText(0), u"&Dati studio"_s);
+    QCOMPARE(Modulo->windowTitle(), u"Calcanova - Personalizzazione programma"_s);
+}
+
+void TestFrmSetup::leggeDalleImpostazioni()
+{
+    // The session holds something else: the store counts.
+    sessione::StudioNome = u"sessione"_s;
+    for (const auto& [Nome, Chiave] : Chiavi)
+        Scena::Salva(Chiave, u"di "_s + Chiave);
+    Modulo->Mostra(0);
+    for (const auto& [Nome, Chiave] : Chiavi)
+        QCOMPARE(Campo(Nome)->text(), u"di "_s + Chiave);
+}
+
+void TestFrmSetup::rifiuti_data()
+{
+    QTest::addColumn<QString>("Vuoto");
+    QTest::addColumn<QString>("Messaggio");
+
+    QTest::newRow("name") << u"txtNomeStudio"_s << u"Non è stato specificato il nome dello studio!"_s;
+    QTest::newRow("address") << u"txtIndStudio"_s << u"Non è stato specificato l'indirizzo!"_s;
+    QTest::newRow("city") << u"txtCittaStudio"_s << u"Non è stata specificato la città!"_s;
+    QTest::newRow("e-mail") << u"txtEMail"_s << u"Non è stata specificata la mail!"_s;
+}
+
+void TestFrmSetup::rifiuti()
+{
+    QFETCH(QString, Vuoto);
+    QFETCH(QString, Messaggio);
+    Registratore Box;
+    Riempi();
+    QVERIFY(MostraAttiva(*Modulo));
+    for (const QString& Testo : {u""_s, u"   "_s}) {
+        Campo(Vuoto)->setText(Testo);
+        Box.Attendi(Messaggio, vbOK, u"Errore:"_s);
+        Memorizza();
+        QTRY_COMPARE(QApplication::focusWidget(), Campo(Vuoto));
+    }
+    QCOMPARE(Box.Mostrati().first().Bandiere, vbCritical);
+    QCOMPARE(Scena::Parametro(u"StudioCodFisc"_s), QString());
+}
+
+void TestFrmSetup::ordineDeiRifiuti()
+{
+    Registratore Box;
+    Modulo->Mostra(0);
+    for (const auto& [Nome, Messaggio] :
+         {std::pair{u"txtNomeStudio"_s, u"Non è stato specificato il nome dello studio!"_s},
+          std::pair{u"txtIndStudio"_s, u"Non è stato specificato l'indirizzo!"_s},
+          std::pair{u"txtCittaStudio"_s, u"Non è stata specificato la città!"_s},
+          std::pair{u"txtEMail"_s, u"Non è stata specificata la mail!"_s}}) {
+        Box.Attendi(Messaggio);
+        QVERIFY(!Modulo->CheckValori());
+        Campo(Nome)->setText(u"x"_s);
+    }
+    QVERIFY(Modulo->CheckValori());
+}
+
+void TestFrmSetup::memorizza()
+{
+    Registratore Box;
+    Riempi();
+    Box.Attendi(Memorizzate, vbOK, u"Messaggio:"_s);
+    Memorizza();
+    for (const auto& [Nome, Chiave] : Chiavi)
+        QCOMPARE(Scena::Parametro(Chiave), u"nuovo "_s + Chiave);
+    QCOMPARE(sessione::StudioNome, u"nuovo StudioNome"_s);
+    QCOMPARE(sessione::Iban, u"nuovo Iban"_s);
+    QVERIFY2(Modulo->isVisible(), "opened by the user, it stays");
+}
+
+void TestFrmSetup::memorizzaConUnaParcellaAperta()
+{
+    Registratore Box;
+    Riempi();
+    Scena::ApriPosti(1);
+    Box.Attendi(Memorizzate, vbOK, u"Messaggio:"_s);
+    Box.Attendi(u"Per essere certi della piena operatività è consigliabile riavviare il programma."_s, vbOK,
+                u"Messaggio:"_s);
+    Memorizza();
+}
+
+void TestFrmSetup::memorizzaNonRiesce()
+{
+    Registratore Box;
+    Riempi();
+    // A folder stands where the store should be.
+    QVERIFY(QFile::remove(Scena::FileImpostazioni()));
+    QVERIFY(QDir().mkpath(Scena::FileImpostazioni() + u"/x"_s));
+    Box.Attendi(u"Errore: "_s + DescrizioneErrore(75) + u" (75)"_s, vbOK, u"Errore:"_s);
+    Memorizza();
+    QVERIFY(QDir(Scena::FileImpostazioni()).removeRecursively());
+    QCOMPARE(sessione::StudioNome, QString());
+    QCOMPARE(Campo(u"txtNomeStudio"_s)->text(), u"nuovo StudioNome"_s);
+}
+
+void TestFrmSetup::ridisegnaLaScrivania()
+{
+    Registratore Box;
+    S->Preparata();
+    frmStudio& Scrivania = Singola<frmStudio>();
+    Scrivania.Mostra();
+    Respiro();
+    Riempi();
+    Scena::Salva(u"CercaAgg"_s, u"N"_s);
+    Scena::Salva(u"ColoreSfondoDesktop"_s, u"255"_s);
+    Box.Attendi(Memorizzate);
+    Memorizza();
+    Scrivania.Form_Activate();
+    QCOMPARE(Scrivania.grab().toImage().pixelColor(2, 2), QColor(255, 0, 0));
+}
+
+void TestFrmSetup::modaleSiChiudeDopoAverMemorizzato()
+{
+    Registratore Box;
+    Box.Attendi(Memorizzate);
+    bool Modale = false;
+    QTimer::singleShot(0, this, [&] {
+        Modale = Modulo->isModal();
+        for (const auto& [Nome, Chiave] : Chiavi)
+            Campo(Nome)->setText(u"x"_s);
+        Memorizza();
+    });
+    Modulo->MostraModale(0);
+    QVERIFY(Modale);
+    QVERIFY(!Modulo->isVisible());
+    QCOMPARE(sessione::StudioNome, u"x"_s);
+}
+
+void TestFrmSetup::chiudereNonCambiaNulla()
+{
+    const Registratore Box;
+    Scena::Salva(u"StudioNome"_s, u"prima"_s);
+    Riempi();
+    QTest::mouseClick(Modulo->findChild<QWidget*>(u"cmdChiudi"_s), Qt::LeftButton);
+    QVERIFY(!Modulo->isVisible());
+    QCOMPARE(Scena::Parametro(u"StudioNome"_s), u"prima"_s);
+    Modulo->Mostra(0);
+    QCOMPARE(Campo(u"txtNomeStudio"_s)->text(), u"prima"_s);
+}
+
+void TestFrmSetup::aprirlaDueVolteNonPerdeIlTesto()
+{
+    Riempi();
+    Modulo->Mostra(0);
+    QCOMPARE(Campo(u"txtNomeStudio"_s)->text(), u"nuovo StudioNome"_s);
+}
+
+void TestFrmSetup::changeTabFuoriDaiLimiti()
+{
+    const auto* Schede = Modulo->findChild<QTabWidget*>(u"tabSetup"_s);
+    for (const int Quale : {-1, 3, 99}) {
+        Modulo->ChangeTab(Quale);
+        QCOMPARE(Schede->currentIndex(), 0);
+    }
+}
+
+void TestFrmSetup::ogniControlloHaUnNome()
+{
+    QCOMPARE(SenzaNome(*Modulo).join(u", "_s), QString());
+}
+
+#include "TestFrmSetup.moc"

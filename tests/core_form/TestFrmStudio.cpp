@@ -1,0 +1,508 @@
+#include "scena.h"
+
+#include "core/iconastudio.h"
+#include "platform/aspetto.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QPlainTextEdit>
+#include <QTimer>
+
+#include <memory>
+
+class TestFrmStudio : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void iconeFisse_data();
+    void iconeFisse();
+    void clicConLaClessidra();
+    void guastoDiUnComando();
+    void segnoSottoIlPuntatore();
+    void segnoColFuoco();
+    void frecce_data();
+    void frecce();
+    void invioApre();
+    void bordoDelTesto();
+    void ogniControlloHaUnNome();
+
+    void coloreDiSfondo();
+    void immagineDiSfondo();
+    void versione();
+    void iconePersonali();
+    void ridisegnoNonRaddoppia();
+    void collegamenti();
+    void senzaFigura();
+
+    void archivioParcelleMancante_data();
+    void archivioParcelleMancante();
+    void studioSenzaNome();
+    void laRispostaNonRiattiva();
+    void laCorniceSparisce();
+    void aggiornamentiUnaVolta();
+    void traccia();
+    void tracciaPrimaDiUnErrore();
+
+    void chiusura();
+    void uscita();
+    void marchi();
+
+private:
+    frmStudio& Apri();
+    static QPoint Centro(const QWidget* Uno) { return Uno->rect().center(); }
+
+    std::unique_ptr<Scena> S;
+};
+PROVA(TestFrmStudio);
+
+namespace {
+
+struct Fissa
+{
+    QStringView Etichetta;
+    QStringView Comando;
+};
+
+constexpr std::array Fisse{
+    Fissa{u"Parcellazione nuove tariffe", u"new"},
+    Fissa{u"Parcellazione vecchie tariffe", u"kr2"},
+    Fissa{u"Rubrica clienti", u"clienti"},
+    Fissa{u"Computo termini", u"termini"},
+    Fissa{u"Termini sequenziali", u"sequenz"},
+    Fissa{u"Calcolo interessi", u"inter"},
+    Fissa{u"Rivalutazione Istat", u"istat"},
+    Fissa{u"Codice fiscale", u"codfis"},
+    Fissa{u"Contributo unificato", u"contrib"},
+    Fissa{u"Documentazione normativa", u"docum"},
+    Fissa{u"Guida giuridica", u"guida"},
+    Fissa{u"Elenco siti web utili", u"link"},
+    Fissa{u"Novità", u"novita"},
+    Fissa{u"Aggiorna programma", u"upgrade"},
+    Fissa{u"Impostazioni", u"setup"},
+};
+
+/// A program folder with the icons of a user in it.
+QString ProgrammaConIcone(const QByteArray& Righe)
+{
+    const QString Cartella = NuovaCartella();
+    ScriviFile(Cartella + u"parcelle.mdb"_s, "x");
+    ScriviFile(Cartella + u"kr5.ini"_s, "[desktop]\r\n" + Righe);
+    return Cartella;
+}
+
+int Conta(const QImage& Immagine, const QColor& Colore)
+{
+    int Quanti = 0;
+    for (int y = 0; y < Immagine.height(); ++y)
+        for (int x = 0; x < Immagine.width(); ++x)
+            Quanti += Immagine.pixelColor(x, y) == Colore;
+    return Quanti;
+}
+
+}  // namespace
+
+void TestFrmStudio::init()
+{
+    S = std::make_unique<Scena>();
+    S->Preparata();
+}
+
+void TestFrmStudio::cleanup()
+{
+    S.reset();
+}
+
+frmStudio& TestFrmStudio::Apri()
+{
+    frmStudio& Scrivania = Singola<frmStudio>();
+    Scrivania.Mostra();
+    (void)QTest::qWaitForWindowActive(&Scrivania);
+    Respiro();
+    return Scrivania;
+}
+
+void TestFrmStudio::iconeFisse_data()
+{
+    QTest::addColumn<int>("Indice");
+    for (size_t i = 0; i < Fisse.size(); ++i)
+        QTest::newRow(qPrintable(Fisse[i].Comando.toString())) << int(i);
+}
+
+void TestFrmStudio::iconeFisse()
+{
+    QFETCH(int, Indice);
+    const frmStudio& Scrivania = Singola<frmStudio>();
+    QCOMPARE(Scrivania.NumeroIcone(), int(Fisse.size()));
+    const IconaStudio* Icona = Scrivania.imgMenu(Indice);
+    QCOMPARE(Icona->text(), Fisse[size_t(Indice)].Etichetta.toString());
+    QCOMPARE(Icona->Tag(), Fisse[size_t(Indice)].Comando.toString());
+    QCOMPARE(Icona->objectName(), u"imgMenu_%1"_s.arg(Indice));
+    QVERIFY2(!aspetto::Icona(Icona->Tag()).isNull(), "without a picture");
+    for (int i = 0; i < Scrivania.NumeroIcone(); ++i)
+        QVERIFY(i == Indice || !Icona->geometry().intersects(Scrivania.imgMenu(i)->geometry()));
+}
+
+void TestFrmStudio::clicConLaClessidra()
+{
+    const Registratore Box;
+    const frmStudio& Scrivania = Apri();
+    S->Clessidre.clear();
+    Aperture.Termini = [this] { S->Annota(u"termini, puntatore "_s + S->Clessidre); };
+    QTest::mouseClick(Scrivania.imgMenu(3), Qt::LeftButton);
+    QCOMPARE(S->Eventi, QStringList{u"termini, puntatore +"_s});
+    QCOMPARE(S->Clessidre, u"+-"_s);
+}
+
+void TestFrmStudio::guastoDiUnComando()
+{
+    Registratore Box;
+    const frmStudio& Scrivania = Apri();
+    Aperture.Termini = [] { throw Errore(7); };
+    Box.Attendi(u"Errore: "_s + DescrizioneErrore(7) + u" (7)"_s);
+    QTest::mouseClick(Scrivania.imgMenu(3), Qt::LeftButton);
+    QVERIFY(S->Clessidre.endsWith(u'-'));
+}
+
+void TestFrmStudio::segnoSottoIlPuntatore()
+{
+    frmStudio& Scrivania = Apri();
+    const QColor Normale = aspetto::DaBgr(sessione::ColoreEtichette);
+    const QColor Segno = aspetto::DaBgr(sessione::ColoreEtichettaSel);
+    Scrivania.Menu(2);
+    QCOMPARE(Scrivania.imgMenu(2)->ColoreTesto(), Segno);
+    Scrivania.Menu(5);
+    QCOMPARE(Scrivania.imgMenu(2)->ColoreTesto(), Normale);
+    QCOMPARE(Scrivania.imgMenu(5)->ColoreTesto(), Segno);
+    Scrivania.Menu(frmStudio::NessunaIcona);
+    QCOMPARE(Scrivania.imgMenu(5)->ColoreTesto(), Normale);
+
+    QEnterEvent Entra(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
+    QCoreApplication::sendEvent(Scrivania.imgMenu(7), &Entra);
+    QCOMPARE(Scrivania.Marcata(), 7);
+    QCOMPARE(Scrivania.imgMenu(7)->ColoreTesto(), Segno);
+    QEvent Esce(QEvent::Leave);
+    QCoreApplication::sendEvent(Scrivania.imgMenu(7), &Esce);
+    QCOMPARE(Scrivania.Marcata(), frmStudio::NessunaIcona);
+    QCOMPARE(Scrivania.imgMenu(7)->ColoreTesto(), Normale);
+}
+
+void TestFrmStudio::segnoColFuoco()
+{
+    frmStudio& Scrivania = Apri();
+    Scrivania.imgMenu(4)->setFocus();
+    QCOMPARE(Scrivania.Marcata(), 4);
+    Scrivania.imgMenu(5)->setFocus();
+    QCOMPARE(Scrivania.Marcata(), 5);
+    // The activation unmarks, whatever has the focus.
+    Scrivania.Form_Activate();
+    QCOMPARE(Scrivania.Marcata(), frmStudio::NessunaIcona);
+}
+
+void TestFrmStudio::frecce_data()
+{
+    QTest::addColumn<int>("Da");
+    QTest::addColumn<int>("Tasto");
+    QTest::addColumn<int>("A");
+
+    QTest::newRow("right") << 0 << int(Qt::Key_Right) << 1;
+    QTest::newRow("left") << 7 << int(Qt::Key_Left) << 6;
+    QTest::newRow("down") << 3 << int(Qt::Key_Down) << 8;
+    QTest::newRow("up") << 14 << int(Qt::Key_Up) << 9;
+    QTest::newRow("right at the end of a row") << 4 << int(Qt::Key_Right) << 4;
+    QTest::newRow("left at the beginning of a row") << 5 << int(Qt::Key_Left) << 5;
+    QTest::newRow("up from the first row") << 2 << int(Qt::Key_Up) << 2;
+    QTest::newRow("down from the last row") << 12 << int(Qt::Key_Down) << 12;
+    QTest::newRow("home") << 12 << int(Qt::Key_Home) << 0;
+    QTest::newRow("end") << 2 << int(Qt::Key_End) << 14;
+}
+
+void TestFrmStudio::frecce()
+{
+    QFETCH(int, Da);
+    QFETCH(int, Tasto);
+    QFETCH(int, A);
+    const frmStudio& Scrivania = Apri();
+    Scrivania.imgMenu(Da)->setFocus();
+    Premi(Qt::Key(Tasto));
+    QCOMPARE(QApplication::focusWidget(), Scrivania.imgMenu(A));
+    QCOMPARE(Scrivania.Marcata(), A);
+}
+
+void TestFrmStudio::invioApre()
+{
+    const Registratore Box;
+    frmStudio& Scrivania = Apri();
+    Aperture.TerminiSequenziali = [this] { S->Annota(u"sequenziali"_s); };
+    // From the desktop itself the first arrow comes to the first icon.
+    Scrivania.setFocus();
+    QKeyEvent Giu(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+    QCoreApplication::sendEvent(&Scrivania, &Giu);
+    QCOMPARE(QApplication::focusWidget(), Scrivania.imgMenu(0));
+    Premi(Qt::Key_End);
+    Premi(Qt::Key_Up);
+    Premi(Qt::Key_Up);
+    for (const Qt::Key Tasto : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+        S->Eventi.clear();
+        Premi(Tasto);
+        QCOMPARE(S->Eventi, QStringList{u"sequenziali"_s});
+    }
+}
+
+void TestFrmStudio::bordoDelTesto()
+{
+    QFont Carattere;
+    Carattere.setPixelSize(40);
+    Carattere.setStyleStrategy(QFont::NoAntialias);
+    const auto Disegna = [&](const QColor& Testo, const QColor& Bordo) {
+        QImage Immagine(80, 80, QImage::Format_RGB32);
+        Immagine.fill(Qt::green);
+        QPainter Pennello(&Immagine);
+        Pennello.setFont(Carattere);
+        TextBorder(Pennello, Immagine.rect(), Qt::AlignCenter, u"I"_s, Testo, Bordo);
+        return Immagine;
+    };
+    const QImage Solo = Disegna(Qt::white, Qt::white);
+    const QImage Bordato = Disegna(Qt::white, Qt::black);
+    const int Bianchi = Conta(Bordato, Qt::white);
+    QVERIFY(Bianchi > 0);
+    QVERIFY(Conta(Bordato, Qt::black) > 0);
+    // The copies lie behind: where the text is, nothing of them shows.
+    QCOMPARE(Conta(Solo, Qt::white), Bianchi + Conta(Bordato, Qt::black));
+}
+
+void TestFrmStudio::ogniControlloHaUnNome()
+{
+    QCOMPARE(SenzaNome(Apri()).join(u", "_s), QString());
+}
+
+void TestFrmStudio::coloreDiSfondo()
+{
+    sessione::SfondoDesktop = u"manca.jpg"_s;
+    frmStudio& Scrivania = Apri();
+    // 0xBBGGRR
+    QCOMPARE(Scrivania.grab().toImage().pixelColor(2, 2), QColor(0x14, 0x45, 0x26));
+}
+
+void TestFrmStudio::immagineDiSfondo()
+{
+    sessione::PercorsoProg = ProgrammaConIcone({});
+    CreaCartella(sessione::PercorsoProg + u"sfondi"_s);
+    QImage Immagine(1, 2, QImage::Format_RGB32);
+    Immagine.setPixelColor(0, 0, Qt::red);
+    Immagine.setPixelColor(0, 1, Qt::blue);
+    QVERIFY(Immagine.save(sessione::PercorsoProg + u"sfondi/bandiera.png"_s));
+    sessione::SfondoDesktop = u"Bandiera.PNG"_s;
+    frmStudio& Scrivania = Apri();
+    const auto Larga = Scrivania.grab().toImage();
+    QVERIFY(Larga.pixelColor(2, 2).red() > 200);
+    QVERIFY(Larga.pixelColor(Larga.width() - 3, 2).red() > 200);
+    QVERIFY(Larga.pixelColor(2, Larga.height() - 60).blue() > 200);
+}
+
+void TestFrmStudio::versione()
+{
+    const frmStudio& Scrivania = Singola<frmStudio>();
+    QCOMPARE(Scrivania.findChild<QLabel*>(u"lblRelease"_s)->text(), u"Release 3.0.0"_s);
+}
+
+void TestFrmStudio::iconePersonali()
+{
+    sessione::PercorsoProg = ProgrammaConIcone("L0=Sito\r\nL0_c=www.calcanova.example\r\nL0_i=sito.gif\r\n"
+                                               "L1=Agenda\r\nL1_c=/opt/agenda\r\nL1_i=agenda.gif\r\n"
+                                               "L2=Senza figura\r\nL2_c=/opt/altro\r\n"
+                                               "L3=Mai letta\r\nL3_c=/opt/ultimo\r\nL3_i=ultimo.gif\r\n");
+    const frmStudio& Scrivania = Singola<frmStudio>();
+    QCOMPARE(Scrivania.NumeroIcone(), int(Fisse.size()) + 2);
+    QCOMPARE(IconeUtente.Righe(), 2);
+    const IconaStudio* Prima = Scrivania.imgMenu(15);
+    QCOMPARE(Prima->text(), u"Sito"_s);
+    QCOMPARE(Prima->Tag(), u"user0"_s);
+    QCOMPARE(Prima->toolTip(), u"Icona personale: Sito"_s);
+    QCOMPARE(Scrivania.imgMenu(16)->Tag(), u"user1"_s);
+    QCOMPARE(Scrivania.imgMenu(16)->x() - Prima->x(), 100);
+    QCOMPARE(Prima->y() - Scrivania.imgMenu(14)->y(), 100);
+}
+
+void TestFrmStudio::ridisegnoNonRaddoppia()
+{
+    sessione::PercorsoProg = ProgrammaConIcone("L0=A\r\nL0_c=/a\r\nL0_i=a.gif\r\n");
+    frmStudio& Scrivania = Singola<frmStudio>();
+    Scrivania.Menu(15);
+    Scrivania.LoadGraph();
+    QCOMPARE(Scrivania.NumeroIcone(), int(Fisse.size()) + 1);
+    QCOMPARE(Scrivania.findChildren<IconaStudio*>().size(), qsizetype(Fisse.size()) + 1);
+    QCOMPARE(Scrivania.Marcata(), frmStudio::NessunaIcona);
+    QVERIFY(QFile::remove(sessione::PercorsoProg + u"kr5.ini"_s));
+    Scrivania.LoadGraph();
+    QCOMPARE(Scrivania.NumeroIcone(), int(Fisse.size()));
+}
+
+void TestFrmStudio::collegamenti()
+{
+    const Registratore Box;
+    sessione::PercorsoProg = ProgrammaConIcone("L0=Sito\r\nL0_c=www.calcanova.example\r\nL0_i=s.gif\r\n"
+                                               "L1=Sicuro\r\nL1_c=https://calcanova.example\r\nL1_i=s.gif\r\n"
+                                               "L2=Agenda\r\nL2_c=/opt/agenda\r\nL2_i=a.gif\r\n");
+    const frmStudio& Scrivania = Apri();
+    for (int i = 15; i < Scrivania.NumeroIcone(); ++i)
+        Scrivania.imgMenu(i)->click();
+    QCOMPARE(S->Eventi, (QStringList{u"indirizzo http://www.calcanova.example"_s,
+                                     u"indirizzo https://calcanova.example"_s,
+                                     u"avvia /opt/agenda in "_s + sessione::PercorsoProg}));
+}
+
+void TestFrmStudio::senzaFigura()
+{
+    sessione::PercorsoProg = ProgrammaConIcone("L0=A\r\nL0_c=/a\r\nL0_i=manca.gif\r\n");
+    frmStudio& Scrivania = Apri();
+    QVERIFY(Scrivania.imgMenu(15)->isVisible());
+    QVERIFY(!Scrivania.grab().isNull());
+}
+
+void TestFrmStudio::archivioParcelleMancante_data()
+{
+    QTest::addColumn<bool>("Vuoto");
+
+    QTest::newRow("no program folder") << true;
+    QTest::newRow("a folder without the archive") << false;
+}
+
+void TestFrmStudio::archivioParcelleMancante()
+{
+    QFETCH(bool, Vuoto);
+    Registratore Box;
+    sessione::PercorsoProg = Vuoto ? QString() : NuovaCartella();
+    sessione::StudioNome.clear();  // the archive comes first
+    Box.Attendi(u"Impostare la cartella dell'archivio parcelle!"_s, vbOK, u"Errore:"_s);
+    bool Aperta = false;
+    QTimer::singleShot(50, this, [&] {
+        Aperta = SeCaricato<frmSetup> && SeCaricato<frmSetup>->isModal();
+        if (SeCaricato<frmSetup>)
+            SeCaricato<frmSetup>->close();
+    });
+    Apri();
+    QTRY_VERIFY(Aperta);
+    QCOMPARE(Box.Mostrati().first().Bandiere, vbCritical);
+}
+
+void TestFrmStudio::studioSenzaNome()
+{
+    Registratore Box;
+    sessione::StudioNome.clear();
+    Box.Attendi(u"Il programma non è stato ancora personalizzato. E' pertanto necessario procedere\n"
+                u"all'inserimento dei dati identificativi dello studio."_s,
+                vbOK, u"Messaggio:"_s);
+    bool Aperta = false;
+    QTimer::singleShot(50, this, [&] {
+        Aperta = SeCaricato<frmSetup> && SeCaricato<frmSetup>->isModal();
+        if (SeCaricato<frmSetup>)
+            SeCaricato<frmSetup>->close();
+    });
+    Apri();
+    QTRY_VERIFY(Aperta);
+    QCOMPARE(Box.Mostrati().first().Bandiere, vbInformation);
+}
+
+void TestFrmStudio::laRispostaNonRiattiva()
+{
+    // Whoever closes the settings without a name is not asked again by the desktop that comes back.
+    Registratore Box;
+    Box.Tollera();
+    sessione::StudioNome.clear();
+    QTimer::singleShot(50, this, [] {
+        if (SeCaricato<frmSetup>)
+            SeCaricato<frmSetup>->close();
+    });
+    frmStudio& Scrivania = Apri();
+    QTRY_VERIFY(SeCaricato<frmSetup> && !SeCaricato<frmSetup>->isVisible());
+    QApplication::setActiveWindow(&Scrivania);
+    QTest::qWait(50);
+    QCOMPARE(Box.Mostrati().size(), 1);
+}
+
+void TestFrmStudio::laCorniceSparisce()
+{
+    frmMain& Cornice = Singola<frmMain>();
+    QVERIFY(Cornice.Area());
+    Scena::ApriPosti(1);
+    frmStudio& Scrivania = Apri();
+    Scrivania.Form_Activate();
+    Respiro();
+    QVERIFY2(Cornice.isVisible(), "a note is open");
+    InfoParcelle[1].Libera = true;
+    Scrivania.Form_Activate();
+    QVERIFY2(Cornice.isVisible(), "it may be closing its child still");
+    QTRY_VERIFY(!Cornice.isVisible());
+}
+
+void TestFrmStudio::aggiornamentiUnaVolta()
+{
+    sessione::CercaAgg = true;
+    // The search itself lowers the flag.
+    Aperture.CercaAggiornamenti = [this] {
+        S->Annota(u"aggiornamenti"_s);
+        sessione::CercaAgg = false;
+    };
+    frmStudio& Scrivania = Apri();
+    QTRY_COMPARE(S->Eventi, QStringList{u"aggiornamenti"_s});
+    Scrivania.Form_Activate();
+    QCOMPARE(S->Eventi.size(), 1);
+}
+
+void TestFrmStudio::traccia()
+{
+    frmStudio& Scrivania = Apri();
+    const auto* Riquadro = Scrivania.findChild<QPlainTextEdit*>(u"txtTraceError"_s);
+    QVERIFY(!Riquadro->isVisible());
+    QCOMPARE(sessione::TestoDebug, QString());
+    sessione::ModoDebug = true;
+    Scrivania.Form_Activate();
+    QVERIFY(Riquadro->isVisible());
+    QCOMPARE(Riquadro->toPlainText(), u"FINESTRA DEBUG:\n- avvio form programma- fine form programma\n"_s);
+}
+
+void TestFrmStudio::tracciaPrimaDiUnErrore()
+{
+    Registratore Box;
+    frmStudio& Scrivania = Apri();
+    sessione::TestoDebug = u"- qualcosa"_s;
+    Box.Attendi(u"Errore: "_s + DescrizioneErrore(7) + u" (7)"_s);
+    GestioneErrori(Errore(7));
+    QCOMPARE(Scrivania.findChild<QPlainTextEdit*>(u"txtTraceError"_s)->toPlainText(),
+             u"FINESTRA DEBUG:\n- qualcosa"_s);
+}
+
+void TestFrmStudio::chiusura()
+{
+    const Registratore Box;
+    frmStudio& Scrivania = Apri();
+    Scena::ApriPosti(2);
+    InfoParcelle[1].Modificata = true;
+    Aperture.ChiudiParcella = [this](int) { return S->Annota(u"chiudi"_s) == 0; };
+    Scrivania.close();
+    QCOMPARE(S->Eventi, QStringList{u"fine"_s});
+}
+
+void TestFrmStudio::uscita()
+{
+    const Registratore Box;
+    const frmStudio& Scrivania = Apri();
+    QTest::mouseClick(Scrivania.findChild<QWidget*>(u"imgClose"_s), Qt::LeftButton);
+    QCOMPARE(S->Eventi, QStringList{u"fine"_s});
+}
+
+void TestFrmStudio::marchi()
+{
+    const Registratore Box;
+    const frmStudio& Scrivania = Apri();
+    QTest::mouseClick(Scrivania.findChild<QWidget*>(u"imgMarvenna"_s), Qt::LeftButton);
+    QTest::mouseClick(Scrivania.findChild<QWidget*>(u"imgQB"_s), Qt::LeftButton);
+    QCOMPARE(S->Eventi, (QStringList{u"indirizzo http://www.calcanova.example/"_s,
+                                     u"indirizzo http://sviluppo.calcanova.example/"_s}));
+}
+
+#include "TestFrmStudio.moc"
