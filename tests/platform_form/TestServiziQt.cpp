@@ -145,8 +145,8 @@ void TestServiziQt::pulsantiConScritteProprie()
 
 void TestServiziQt::pulsantiInItaliano()
 {
-    if (!QFile::exists(QLibraryInfo::path(QLibraryInfo::TranslationsPath) + u"/qtbase_it.qm"_s))
-        QSKIP("mancano le traduzioni di Qt");
+    QVERIFY2(QFile::exists(QLibraryInfo::path(QLibraryInfo::TranslationsPath) + u"/qtbase_it.qm"_s),
+             "mancano le traduzioni di Qt, che il programma richiede");
     Prossimo<QMessageBox>([](QMessageBox& Aperto) {
         QCOMPARE(Aperto.button(QMessageBox::Yes)->text().remove(u'&'), u"Sì"_s);
         QCOMPARE(Aperto.button(QMessageBox::Cancel)->text().remove(u'&'), u"Annulla"_s);
