@@ -22,6 +22,13 @@ void Su(int Indice, Azione Fai)
         Fai(*Finestra);
 }
 
+/// Opens a note in the frame, which may have gone with the last one while its windows were kept for reuse.
+void ApriNellaCornice(const QString& Percorso, int Socio, const QString& ID)
+{
+    (void)Singola<frmMain>().Area();
+    ApriParcella(Percorso, Socio, ID);
+}
+
 /// The file of a note is asked for in the folder of notes, or of templates.
 void TrovaParcella(int Selettore)
 {
@@ -30,12 +37,12 @@ void TrovaParcella(int Selettore)
         DialogoApri(Modelli ? u"Apri da modelli"_s : u"Apri da parcelle salvate"_s,
                     Modelli ? sessione::ModelliPath : sessione::ParcellePath, u"Parcelle (*.mdb)|*.mdb"_s);
     if (!File.isEmpty())
-        ApriParcella(File, 0, {});
+        ApriNellaCornice(File, 0, {});
 }
 
 void RiempiParcelle()
 {
-    Aperture.ApriParcella = ApriParcella;
+    Aperture.ApriParcella = ApriNellaCornice;
     Aperture.TrovaParcella = TrovaParcella;
     Aperture.ChiudiParcella = ChiudiParcella;
     Aperture.SalvaParcella = [](int Indice, bool ComeModello) {
@@ -45,6 +52,7 @@ void RiempiParcelle()
         Su(Indice, [=](frmParcelle& Finestra) { Finestra.VaiAllaScheda(Scheda); });
     };
     Aperture.Proteggi = [](int Indice) { Su(Indice, [](frmParcelle& Finestra) { Finestra.Proteggi(); }); };
+    Aperture.OffriRecupero = OffriRecupero;
     Aperture.SchedaCorrente = [](int Indice) {
         const frmParcelle* Finestra = Parcelle(Indice);
         return Finestra ? Finestra->Scheda() : -1;

@@ -61,6 +61,7 @@ struct Apritori
     std::function<void(const QString& Pagina, const QString& Titolo)> PaginaWeb;
     std::function<void(const PaginaAvviso& Avviso)> Avviso;
     std::function<void()> CercaAggiornamenti;             ///< the search for updates at the start
+    std::function<void()> OffriRecupero;                  ///< the notes that a killed program left unsaved
 };
 inline Apritori Aperture;
 

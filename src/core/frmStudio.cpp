@@ -26,6 +26,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -370,6 +371,13 @@ void frmStudio::AttivaInCoda()
         this, [this] { Protetta([this] { Form_Activate(); }); }, Qt::QueuedConnection);
 }
 
+void frmStudio::OffriRecupero()
+{
+    // Once, by the first activation: the desktop is there and its own questions are answered.
+    if (!std::exchange(Offerto, true) && Aperture.OffriRecupero)
+        Aperture.OffriRecupero();
+}
+
 void frmStudio::Form_Activate()
 {
     // A message shown below takes the activation away and gives it back.
@@ -387,6 +395,7 @@ void frmStudio::Form_Activate()
     RicercaAllAvvio();
     if (sessione::ModoDebug)
         TraceDebug(u"fine form programma"_s);
+    OffriRecupero();
 }
 
 void frmStudio::VerificaPreparazione()

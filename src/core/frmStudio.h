@@ -66,6 +66,7 @@ private:
     void MostraTracciaDebug(const QString& Testo);
     void VerificaPreparazione();
     void AttivaInCoda();
+    void OffriRecupero();
 
     std::unique_ptr<Ui::frmStudio> ui;
     std::vector<IconaStudio*> Icone;  // children of the board
@@ -75,5 +76,6 @@ private:
     bool DaRidisegnare = false;
     bool Dipinta = false;
     bool InAttivazione = false;
+    bool Offerto = false;
     bool Coperta = false;  ///< a box of our own lies over the desktop: its going is no activation
 };

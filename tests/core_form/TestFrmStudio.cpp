@@ -44,6 +44,7 @@ private Q_SLOTS:
     void laRispostaNonRiattiva();
     void laCorniceSparisce();
     void aggiornamentiUnaVolta();
+    void recuperoOffertoUnaVolta();
     void traccia();
     void tracciaPrimaDiUnErrore();
 
@@ -450,6 +451,20 @@ void TestFrmStudio::aggiornamentiUnaVolta()
     frmStudio& Scrivania = Apri();
     QTRY_COMPARE(S->Eventi, QStringList{u"aggiornamenti"_s});
     Scrivania.Form_Activate();
+    QCOMPARE(S->Eventi.size(), 1);
+}
+
+void TestFrmStudio::recuperoOffertoUnaVolta()
+{
+    Aperture.OffriRecupero = [this] {
+        S->Annota(SeCaricato<frmStudio>->isVisible() ? u"recupero"_s : u"senza scrivania"_s);
+    };
+    frmStudio& Scrivania = Apri();
+    QTRY_COMPARE(S->Eventi, QStringList{u"recupero"_s});
+    Scrivania.hide();
+    Scrivania.Mostra();
+    (void)QTest::qWaitForWindowActive(&Scrivania);
+    Respiro();
     QCOMPARE(S->Eventi.size(), 1);
 }
 
