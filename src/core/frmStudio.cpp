@@ -22,6 +22,7 @@
 #include <QCloseEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
+#include <QScreen>
 
 #include <algorithm>
 #include <array>
@@ -344,7 +345,12 @@ void frmStudio::paintEvent(QPaintEvent*)
 
 void frmStudio::MostraTracciaDebug(const QString& Testo)
 {
-    ui->txtTraceError->show();
+    if (ui->txtTraceError->isHidden()) {
+        ui->txtTraceError->show();
+        // The icons keep their room.
+        resize(width(), std::min(height() + ui->txtTraceError->maximumHeight(),
+                                 screen()->availableGeometry().height()));
+    }
     ui->txtTraceError->setPlainText(Testo);
     ui->txtTraceError->moveCursor(QTextCursor::End);
     // At once: the trace is read while a long operation holds the events back.
