@@ -10,6 +10,7 @@
 #include <QActionGroup>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QTableView>
 #include <QToolBar>
 
 using namespace Qt::StringLiterals;
@@ -80,6 +81,18 @@ void CostruisciBarraRighe(QToolBar* Barra, QWidget* Modulo, bool& InsUltima, std
                  u"Le nuove prestazioni saranno inserite nell'ultima riga!"_s);
     AggiungiModo(Barra, Modi, InsUltima, false, u"currentrow"_s, u"Inserisci nella riga selezionata"_s,
                  u"Le nuove prestazioni saranno inserite nella riga selezionata!"_s);
+}
+
+void SeguiBarra(const Griglia* Prima, const QToolBar* Barra, const Griglia* Dopo)
+{
+    QWidget* Precedente = Prima->Vista();
+    for (QAction* Tasto : Barra->actions()) {
+        if (Tasto->isSeparator())
+            continue;
+        QWidget::setTabOrder(Precedente, Barra->widgetForAction(Tasto));
+        Precedente = Barra->widgetForAction(Tasto);
+    }
+    QWidget::setTabOrder(Precedente, Dopo->Vista());
 }
 
 bool VaiARiga(Recordset& Righe, int Riga)

@@ -19,6 +19,9 @@ class QWidget;
 void CostruisciBarraRighe(QToolBar* Barra, QWidget* Modulo, bool& InsUltima, std::function<void()> Inserisci,
                           std::function<void()> Informa = {});
 
+/// Puts the buttons of a toolbar between two grids in the tab order.
+void SeguiBarra(const Griglia* Prima, const QToolBar* Barra, const Griglia* Dopo);
+
 /// Moves a recordset to a row by its number. @return false when there is no such row
 bool VaiARiga(Recordset& Righe, int Riga);
 

@@ -117,6 +117,7 @@ void frmParcelle::CollegaCatalogoOnorari()
     CostruisciBarraRighe(
         uiOnorari->barListaOnoDir, this, Nota.InsUltimaOno, [=, this] { tdbListaOno_DblClick(Corrente()); },
         [=, this] { ShowNota(Corrente()); });
+    SeguiBarra(Lista, uiOnorari->barListaOnoDir, uiOnorari->tdbOnor);
 }
 
 void frmParcelle::CollegaOnorari()

@@ -54,6 +54,7 @@ void frmParcelle::CollegaSpese()
 
     CostruisciBarraRighe(uiSpese->barListaOnoDir, this, Nota.InsUltimaDir,
                          [this] { tdbListaDir_DblClick(uiSpese->tdbListaDir->RigaCorrente().value_or(-1)); });
+    SeguiBarra(Lista, uiSpese->barListaOnoDir, Righe);
 }
 
 void frmParcelle::EntraScheda2()

@@ -36,7 +36,7 @@ ColonnaGriglia ColonnaDescrizione(int Campo)
     ColonnaGriglia Colonna;
     Colonna.Titolo = u"Descrizione"_s;
     Colonna.Campo = Campo;
-    Colonna.Caratteri = 40;
+    Colonna.Caratteri = 24;
     Colonna.Modificabile = true;
     Colonna.Stira = true;
     Colonna.Massimo = MassimoDescr;
@@ -61,7 +61,7 @@ ColonnaGriglia ColonnaImporto(const QString& Titolo, int Campo, bool Modificabil
     ColonnaGriglia Colonna;
     Colonna.Titolo = Titolo;
     Colonna.Campo = Campo;
-    Colonna.Caratteri = 14;
+    Colonna.Caratteri = 12;
     Colonna.Allinea = Qt::AlignRight;
     Colonna.Modificabile = Modificabile;
     Colonna.Filtro = FiltroImporto.toString();

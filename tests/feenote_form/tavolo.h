@@ -80,6 +80,7 @@ T* Controllo(const QWidget* Finestra, const char* Nome)
 /// A click where a button listens: the indicator of an option or of a check box stands at the left.
 inline void Clic(QWidget* Bottone)
 {
+    QVERIFY2(Bottone->isVisible(), qPrintable(Bottone->objectName()));
     const bool ConSegno = qobject_cast<QRadioButton*>(Bottone) || qobject_cast<QCheckBox*>(Bottone);
     const QPoint Dove = ConSegno ? QPoint(8, Bottone->height() / 2) : Bottone->rect().center();
     QTest::mouseClick(Bottone, Qt::LeftButton, Qt::NoModifier, Dove);
@@ -89,7 +90,15 @@ inline void ClicScheda(const frmParcelle* Finestra, int Indice)
 {
     QTabBar* Barra = Controllo<QTabWidget>(Finestra, "tabParcelle")->tabBar();
     QTest::mouseClick(Barra, Qt::LeftButton, Qt::NoModifier, Barra->tabRect(Indice).center());
-    Respiro();
+    // A page shown for the first time finds the places of its controls step by step.
+    for (int i = 0; i < 5; ++i)
+        Respiro();
+}
+
+/// The page in view; two of them have controls of the same names.
+inline QWidget* PaginaIn(const frmParcelle* Finestra)
+{
+    return Controllo<QTabWidget>(Finestra, "tabParcelle")->currentWidget();
 }
 
 /// Chooses an entry with the mouse in the list that drops down.
@@ -149,6 +158,7 @@ inline void ClicCella(const Griglia* Righe, int Riga, int Colonna)
 
 inline void DoppioClic(const Griglia* Righe, int Riga)
 {
+    ClicCella(Righe, Riga, 0);  // the second click alone is what the next line sends
     QTest::mouseDClick(Righe->Vista()->viewport(), Qt::LeftButton, Qt::NoModifier, CentroCella(Righe, Riga, 0));
     Respiro();
 }

@@ -1,0 +1,320 @@
+// Tab 3 by mouse and keyboard: payments on account, percentages and their switches.
+#include "tavolo.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString NonNumero = u"Immettere un valore numerico!"_s;
+
+QString Mostrato(const Griglia* Righe, int Riga, int Colonna)
+{
+    const QAbstractItemModel* Modello = Righe->Vista()->model();
+    return Modello->index(Riga, Colonna).data().toString();
+}
+
+}  // namespace
+
+class TestSchedaAcconti : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void laRigaNuovaEInEuro();
+    void leVuoteDiventanoZero();
+    void valutaDigitata_data();
+    void valutaDigitata();
+    void valutaAlClic();
+    void valutaSbagliataTieneLaRiga();
+    void lireSenzaCentesimi();
+    void importoSbagliato_data();
+    void importoSbagliato();
+    void cancellaUna();
+    void cancellaPiu();
+    void cancellaNo();
+    void cancellaSenzaSelezione();
+    void spuntaPortaLAliquota_data();
+    void spuntaPortaLAliquota();
+    void ilPuntoNellePercentuali();
+    void percentoNonNumerico();
+    void percentoTolto();
+    void notaGiudizialeAvvertita();
+    void esponi();
+
+private:
+    void Acconto(const QString& Descr, const QString& Importo);
+
+    std::unique_ptr<Tavolo> T;
+    frmParcelle* F = nullptr;
+    Griglia* Righe = nullptr;
+};
+PROVA(TestSchedaAcconti);
+
+void TestSchedaAcconti::init()
+{
+    T = std::make_unique<Tavolo>();
+    F = T->Apri();
+    QVERIFY(F);
+    CompilaCivile(F);
+    ClicScheda(F, SchedaImposte);
+    QCOMPARE(F->Scheda(), int(SchedaImposte));
+    Righe = Controllo<Griglia>(F, "tdbAcconti");
+}
+
+void TestSchedaAcconti::cleanup()
+{
+    T.reset();
+}
+
+void TestSchedaAcconti::Acconto(const QString& Descr, const QString& Importo)
+{
+    const int Riga = F->Nota.xAcconti.Righe();
+    ScriviCella(Righe, Riga, AccDescr, Descr);
+    ScriviCella(Righe, Riga, AccCorrispettivi, Importo);
+}
+
+void TestSchedaAcconti::laRigaNuovaEInEuro()
+{
+    ScriviCella(Righe, 0, AccDescr, u"Fondo spese"_s);
+    QCOMPARE(F->Nota.xAcconti.Righe(), 1);
+    QCOMPARE(CStr(F->Nota.xAcconti(0, AccValuta)), u"E"_s);
+    QCOMPARE(Mostrato(Righe, 0, AccValuta), u"Euro"_s);
+    QVERIFY(InfoParcelle[1].Modificata);
+}
+
+void TestSchedaAcconti::leVuoteDiventanoZero()
+{
+    ScriviCella(Righe, 0, AccDescr, u"Fondo spese"_s);
+    Controllo(F, "chkIva")->setFocus();
+    Respiro();
+    for (const int Colonna : {AccCorrispettivi, AccSpeseImp, AccSpeseEsenti}) {
+        QVERIFY(F->Nota.xAcconti(0, Colonna).isValid());
+        QCOMPARE(F->Nota.xAcconti(0, Colonna).toDouble(), 0.0);
+    }
+    QVERIFY2(F->Nota.xAcconti.Righe() == 1, "la riga di zeri resta");
+}
+
+void TestSchedaAcconti::valutaDigitata_data()
+{
+    QTest::addColumn<QString>("Testo");
+    QTest::addColumn<QString>("Valuta");
+    QTest::newRow("l minuscola") << u"l"_s << u"L"_s;
+    QTest::newRow("E") << u"E"_s << u"E"_s;
+    QTest::newRow("le altre lettere non entrano") << u"xl"_s << u"L"_s;
+}
+
+void TestSchedaAcconti::valutaDigitata()
+{
+    QFETCH(QString, Testo);
+    QFETCH(QString, Valuta);
+    Acconto(u"Fondo"_s, u"100"_s);
+    ScriviCella(Righe, 0, AccValuta, Testo);
+    QCOMPARE(CStr(F->Nota.xAcconti(0, AccValuta)), Valuta);
+}
+
+void TestSchedaAcconti::valutaAlClic()
+{
+    Acconto(u"Fondo"_s, u"100"_s);
+    F->SetModificata(false);
+    ClicCella(Righe, 0, AccValuta);
+    QCOMPARE(Mostrato(Righe, 0, AccValuta), u"Lire"_s);
+    QVERIFY(F->Nota.Modificata);
+    ClicCella(Righe, 0, AccValuta);
+    QCOMPARE(Mostrato(Righe, 0, AccValuta), u"Euro"_s);
+}
+
+void TestSchedaAcconti::valutaSbagliataTieneLaRiga()
+{
+    Acconto(u"Fondo"_s, u"100"_s);
+    Righe->setFocus();
+    Righe->ImpostaRigaCorrente(0, AccValuta);
+    Premi(Qt::Key_F2);
+    Incolla(LaCella(Righe), u"$"_s);
+    Premi(Qt::Key_Return);
+    T->Voce.Attendi(u"Immettere L o E"_s, vbOK, u"Errore:"_s);
+    ClicScheda(F, SchedaBase);
+    QCOMPARE(F->Scheda(), int(SchedaImposte));
+    QCOMPARE(Righe->RigaCorrente(), std::optional(0));
+    ScriviCella(Righe, 0, AccValuta, u"L"_s);
+    ClicScheda(F, SchedaBase);
+    QCOMPARE(F->Scheda(), int(SchedaBase));
+}
+
+void TestSchedaAcconti::lireSenzaCentesimi()
+{
+    Acconto(u"Fondo"_s, u"1936270,4"_s);
+    QCOMPARE(Mostrato(Righe, 0, AccCorrispettivi), u"1.936.270,40"_s);
+    ScriviCella(Righe, 0, AccValuta, u"L"_s);
+    QCOMPARE(Mostrato(Righe, 0, AccCorrispettivi), u"1.936.270"_s);
+    QCOMPARE(F->Nota.xAcconti(0, AccCorrispettivi).toDouble(), 1936270.4);
+    QCOMPARE(CalcolaAcconti(F->Nota, StampaPrenotula).Corrispettivi, 1000.0);
+}
+
+void TestSchedaAcconti::importoSbagliato_data()
+{
+    QTest::addColumn<QString>("Testo");
+    QTest::newRow("parola") << u"abc"_s;
+    QTest::newRow("punto") << u"30000.50"_s;
+    QTest::newRow("un milione di caratteri") << QString(1'000'000, u'9');
+}
+
+void TestSchedaAcconti::importoSbagliato()
+{
+    QFETCH(QString, Testo);
+    Acconto(u"Fondo"_s, u"100"_s);
+    Righe->setFocus();
+    Righe->ImpostaRigaCorrente(0, AccSpeseImp);
+    Premi(Qt::Key_F2);
+    Incolla(LaCella(Righe), Testo);
+    if (IsNumeric(LaCella(Righe)->text())) {
+        QCOMPARE(LaCella(Righe)->text().size(), 18);  // as many digits as the cell holds are a number
+        return;
+    }
+    T->Voce.Attendi(NonNumero, vbOK, u"Errore:"_s);
+    Premi(Qt::Key_Return);
+    Respiro();
+    QVERIFY(Righe->InModifica());
+    QCOMPARE(NumeroDi(F->Nota.xAcconti(0, AccSpeseImp)), 0.0);
+    Scrivi(LaCella(Righe), u"40,5"_s);
+    Premi(Qt::Key_Return);
+    QCOMPARE(NumeroDi(F->Nota.xAcconti(0, AccSpeseImp)), 40.5);
+}
+
+void TestSchedaAcconti::cancellaUna()
+{
+    Acconto(u"Uno"_s, u"1"_s);
+    Acconto(u"Due"_s, u"2"_s);
+    F->SetModificata(false);
+    Righe->setFocus();
+    Righe->ImpostaRigaCorrente(0);
+    Premi(Qt::Key_Space, Qt::ShiftModifier);
+    QCOMPARE(Righe->Selezione(), QList{0});
+    T->Voce.Attendi(u"Confermi la cancellazione della voce selezionata?"_s, vbYes, u"Domanda:"_s);
+    Premi(Qt::Key_Delete);
+    QCOMPARE(Testi(F->Nota.xAcconti, {AccDescr}), QStringList{u"Due"_s});
+    QVERIFY(Righe->Selezione().isEmpty());
+    QVERIFY(F->Nota.Modificata);
+}
+
+void TestSchedaAcconti::cancellaPiu()
+{
+    for (const QString& Nome : {u"Uno"_s, u"Due"_s, u"Tre"_s, u"Quattro"_s})
+        Acconto(Nome, u"1"_s);
+    Righe->Seleziona(3);
+    Righe->Seleziona(0);
+    T->Voce.Attendi(u"Confermi la cancellazione delle voci selezionate?"_s, vbYes, u"Domanda:"_s);
+    Righe->setFocus();
+    Premi(Qt::Key_Delete);
+    QCOMPARE(Testi(F->Nota.xAcconti, {AccDescr}), (QStringList{u"Due"_s, u"Tre"_s}));
+}
+
+void TestSchedaAcconti::cancellaNo()
+{
+    Acconto(u"Uno"_s, u"1"_s);
+    F->SetModificata(false);
+    Righe->Seleziona(0);
+    Righe->setFocus();
+    T->Voce.Attendi(u"Confermi la cancellazione della voce selezionata?"_s, vbNo);
+    Premi(Qt::Key_Delete);
+    QCOMPARE(F->Nota.xAcconti.Righe(), 1);
+    QVERIFY(!F->Nota.Modificata);
+}
+
+void TestSchedaAcconti::cancellaSenzaSelezione()
+{
+    Acconto(u"Uno"_s, u"1"_s);
+    Righe->setFocus();
+    Righe->ImpostaRigaCorrente(0);
+    Premi(Qt::Key_Delete);
+    QCOMPARE(F->Nota.xAcconti.Righe(), 1);
+}
+
+void TestSchedaAcconti::spuntaPortaLAliquota_data()
+{
+    QTest::addColumn<QByteArray>("Spunta");
+    QTest::addColumn<QByteArray>("Casella");
+    QTest::addColumn<QString>("Predefinita");
+    QTest::newRow("spese generali") << QByteArray("chkSpeseGen") << QByteArray("txtSpeGen") << u"12,5"_s;
+    QTest::newRow("ritenuta") << QByteArray("chkRA") << QByteArray("txtRA") << u"20"_s;
+    QTest::newRow("cassa") << QByteArray("chkCP") << QByteArray("txtCP") << u"4"_s;
+    QTest::newRow("iva") << QByteArray("chkIva") << QByteArray("txtIVA") << u"21"_s;
+}
+
+void TestSchedaAcconti::spuntaPortaLAliquota()
+{
+    QFETCH(QByteArray, Spunta);
+    QFETCH(QByteArray, Casella);
+    QFETCH(QString, Predefinita);
+    auto* Tick = Controllo<QCheckBox>(F, Spunta.constData());
+    auto* Box = Controllo<QLineEdit>(F, Casella.constData());
+    if (Tick->isChecked()) {  // VAT and pension fund are on in a new note
+        Clic(Tick);
+        QVERIFY(Box->text().isEmpty());
+    }
+    F->SetModificata(false);
+    Clic(Tick);
+    QVERIFY(Tick->isChecked());
+    QCOMPARE(Box->text(), Predefinita);
+    QVERIFY(F->Nota.Modificata);
+    Clic(Tick);
+    QVERIFY(Box->text().isEmpty());
+}
+
+void TestSchedaAcconti::ilPuntoNellePercentuali()
+{
+    Clic(Controllo(F, "chkSpeseGen"));
+    auto* Box = Controllo<QLineEdit>(F, "txtSpeGen");
+    Scrivi(Box, u"12.75"_s);
+    QCOMPARE(Box->text(), u"12,75"_s);
+    QCOMPARE(F->Nota.txtSpeGen.Numero(), 12.75);
+}
+
+void TestSchedaAcconti::percentoNonNumerico()
+{
+    auto* Box = Controllo<QLineEdit>(F, "txtIVA");
+    Incolla(Box, u"abc"_s);
+    T->Voce.Attendi(NonNumero, vbOK, u"Errore:"_s);
+    Premi(Qt::Key_Tab);
+    Respiro();
+    QCOMPARE(QApplication::focusWidget(), Box);
+    Scrivi(Box, u"22"_s);
+    Premi(Qt::Key_Tab);
+    QCOMPARE(F->Nota.txtIVA.Numero(), 22.0);
+}
+
+void TestSchedaAcconti::percentoTolto()
+{
+    Clic(Controllo(F, "chkSpeseGen"));
+    Scrivi(Controllo<QLineEdit>(F, "txtSpeGen"), {});
+    Premi(Qt::Key_Tab);
+    RigaOnorario(F->Nota, u"Studio"_s, 1000);
+    QVERIFY(F->Nota.chkSpeseGen.Attiva);
+    QCOMPARE(CatenaFiscale(F->Nota, StampaPrenotula).SpeseGen, 0.0);
+}
+
+void TestSchedaAcconti::notaGiudizialeAvvertita()
+{
+    ScegliTipoStampa(F->Nota, StampaNotaGiudiziale);
+    F->Mostra();
+    QString Pagina;
+    Aperture.PaginaWeb = [&](const QString& Quale, const QString&) { Pagina = Quale; };
+    T->Voce.Attendi(u"Si consiglia di non esporre cassa previdenza e imposte nella nota giudiziale."_s, vbOK,
+                    u"Avvertenza:"_s);
+    Clic(Controllo(F, "chkIva"));
+    QCOMPARE(Pagina, sessione::PercorsoProg + u"SchedaNotaSpese.htm"_s);
+    Clic(Controllo(F, "chkCP"));  // once per window
+    QVERIFY2(!Controllo(F, "chkRA")->isEnabled(), "la nota giudiziale non conosce ritenuta");
+}
+
+void TestSchedaAcconti::esponi()
+{
+    F->SetModificata(false);
+    Clic(Controllo(F, "chkMinMax"));
+    QVERIFY(F->Nota.chkMinMax.Attiva && F->Nota.Modificata);
+    F->SetModificata(false);
+    Clic(Controllo(F, "chkAcconti"));
+    QVERIFY(F->Nota.chkAcconti.Attiva && F->Nota.Modificata);
+}
+
+#include "TestSchedaAcconti.moc"

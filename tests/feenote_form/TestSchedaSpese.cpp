@@ -1,0 +1,160 @@
+// Tab 2 by mouse and keyboard: expense items and the amounts typed into them.
+#include "tavolo.h"
+
+using namespace Qt::StringLiterals;
+
+class TestSchedaSpese : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void senzaPassareDagliOnorari();
+    void doppioClicInserisce();
+    void laStessaVocePiuVolte();
+    void importiEPiedi();
+    void rigaScrittaAMano();
+    void rigaSenzaImporti();
+    void celleSbagliate_data();
+    void celleSbagliate();
+    void cercaNelCatalogo();
+    void modoRigaSelezionata();
+
+private:
+    std::unique_ptr<Tavolo> T;
+    frmParcelle* F = nullptr;
+    Griglia* Lista = nullptr;
+    Griglia* Righe = nullptr;
+};
+PROVA(TestSchedaSpese);
+
+void TestSchedaSpese::init()
+{
+    T = std::make_unique<Tavolo>();
+    F = T->Apri();
+    QVERIFY(F);
+    CompilaCivile(F);
+    ClicScheda(F, SchedaListaSpese);
+    QCOMPARE(F->Scheda(), int(SchedaListaSpese));
+    Lista = Controllo<Griglia>(F, "tdbListaDir");
+    Righe = Controllo<Griglia>(F, "tdbDir");
+}
+
+void TestSchedaSpese::cleanup()
+{
+    T.reset();
+}
+
+void TestSchedaSpese::senzaPassareDagliOnorari()
+{
+    QVERIFY(Lista->Righe() > 0);
+    QVERIFY(F->Nota.xOnorari.Vuota());
+}
+
+void TestSchedaSpese::doppioClicInserisce()
+{
+    DoppioClic(Lista, 0);
+    QCOMPARE(F->Nota.xDiritti.Righe(), 1);
+    QCOMPARE(F->Nota.xDiritti(0, DirDescr).toString(), u"Contributo unificato di iscrizione a ruolo"_s);
+    QCOMPARE(CStr(F->Nota.xDiritti(0, DirQta)), u"1"_s);
+    QVERIFY(CStr(F->Nota.xDiritti(0, DirData)).isEmpty());
+    QCOMPARE(F->Nota.xDiritti(0, DirImponibile).toDouble(), 0.0);
+    QVERIFY(CStr(F->Nota.xDiritti(0, DirEsente)).isEmpty());
+    QCOMPARE(CStr(F->Nota.xDiritti(0, DirNVoce)), u"1"_s);
+    QCOMPARE(CStr(F->Nota.xDiritti(0, DirIDDir)), u"1"_s);
+    QVERIFY(InfoParcelle[1].Modificata);
+}
+
+void TestSchedaSpese::laStessaVocePiuVolte()
+{
+    DoppioClic(Lista, 2);
+    DoppioClic(Lista, 2);
+    QCOMPARE(F->Nota.xDiritti.Righe(), 2);
+    QCOMPARE(Righe->RigaCorrente(), std::optional(1));
+}
+
+void TestSchedaSpese::importiEPiedi()
+{
+    DoppioClic(Lista, 0);
+    DoppioClic(Lista, 1);
+    ScriviCella(Righe, 0, DirImponibile, u"1098,5"_s);
+    ScriviCella(Righe, 1, DirEsente, u"27"_s);
+    ScriviCella(Righe, 1, DirData, u"06032024"_s);
+    QCOMPARE(Righe->TestoPie(DirDescr), u"Totali "_s);
+    QCOMPARE(Righe->TestoPie(DirImponibile), u"1.098,50"_s);
+    QCOMPARE(Righe->TestoPie(DirEsente), u"27,00"_s);
+    QCOMPARE(Controllo<QLabel>(F, "lblSpImp")->text(), u"Sp.Imp: 1.098,50"_s);
+    QCOMPARE(Controllo<QLabel>(F, "lblSpese")->text(), u"Esenti: 27,00"_s);
+    QCOMPARE(Controllo<QLabel>(F, "lblTotal")->text(), u"Totale: 1.125,50"_s);
+    QCOMPARE(CStr(F->Nota.xDiritti(1, DirData)), u"06/03/2024"_s);
+}
+
+void TestSchedaSpese::rigaScrittaAMano()
+{
+    ScriviCella(Righe, 0, DirDescr, u"Fotocopie"_s);
+    ScriviCella(Righe, 0, DirImponibile, u"12,30"_s);
+    QCOMPARE(F->Nota.xDiritti.Righe(), 1);
+    QVERIFY(!F->Nota.xDiritti(0, DirNVoce).isValid());
+    QVERIFY(!F->Nota.xDiritti(0, DirIDDir).isValid());
+    QCOMPARE(CalcolaSomme(F->Nota).TotSpeseImp, 12.3);
+}
+
+void TestSchedaSpese::rigaSenzaImporti()
+{
+    ScriviCella(Righe, 0, DirDescr, u"Da quantificare"_s);
+    QCOMPARE(CalcolaSomme(F->Nota), Somme());
+    QCOMPARE(Righe->TestoPie(DirImponibile), u"0"_s);
+}
+
+void TestSchedaSpese::celleSbagliate_data()
+{
+    QTest::addColumn<int>("Colonna");
+    QTest::addColumn<QString>("Testo");
+    QTest::addColumn<QString>("Messaggio");
+    const QString Data = u"La data inserita non è valida!\nFormato valido: gg/mm/aaaa"_s;
+    const QString Numero = u"Immettere un valore numerico!"_s;
+    QTest::newRow("data") << int(DirData) << u"31/02/2012"_s << Data;
+    QTest::newRow("imponibile") << int(DirImponibile) << u"12.5"_s << Numero;
+    QTest::newRow("esente") << int(DirEsente) << u"abc"_s << Numero;
+    QTest::newRow("quantità") << int(DirQta) << u"due"_s << Numero;
+}
+
+void TestSchedaSpese::celleSbagliate()
+{
+    QFETCH(int, Colonna);
+    QFETCH(QString, Testo);
+    QFETCH(QString, Messaggio);
+    DoppioClic(Lista, 0);
+    const QStringList Prima = Testi(F->Nota.xDiritti, {DirData, DirDescr, DirQta, DirImponibile, DirEsente});
+    Righe->setFocus();
+    Righe->ImpostaRigaCorrente(0, Colonna);
+    Premi(Qt::Key_F2);
+    Incolla(LaCella(Righe), Testo);
+    T->Voce.Attendi(Messaggio, vbOK, u"Errore:"_s);
+    Premi(Qt::Key_Tab);
+    Respiro();
+    QVERIFY(Righe->InModifica());
+    QCOMPARE(Testi(F->Nota.xDiritti, {DirData, DirDescr, DirQta, DirImponibile, DirEsente}), Prima);
+}
+
+void TestSchedaSpese::cercaNelCatalogo()
+{
+    Controllo(F, "txtCercaDir")->setFocus();
+    Digita(u"bollo"_s);
+    QCOMPARE(Lista->RigaCorrente(), std::optional(2));
+}
+
+void TestSchedaSpese::modoRigaSelezionata()
+{
+    DoppioClic(Lista, 0);
+    DoppioClic(Lista, 1);
+    T->Voce.Attendi(u"Le nuove prestazioni saranno inserite nella riga selezionata!"_s, vbOK, u"Avvertenza:"_s);
+    Clic(Controllo(PaginaIn(F), "barListaOnoDir_currentrow"));
+    QVERIFY(!F->Nota.InsUltimaDir);
+    QVERIFY2(F->Nota.InsUltimaOno, "ogni elenco ha il suo modo");
+    Righe->ImpostaRigaCorrente(0);
+    DoppioClic(Lista, 2);
+    QCOMPARE(CStr(F->Nota.xDiritti(0, DirIDDir)), u"3"_s);
+}
+
+#include "TestSchedaSpese.moc"
