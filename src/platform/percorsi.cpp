@@ -6,7 +6,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
-#include <QStorageInfo>
 #include <QTemporaryFile>
 
 #include <filesystem>
@@ -49,6 +48,16 @@ QString CartellaDi(const QString& File)
 bool HaSoloLettura(const QFileInfo& Info)
 {
     return Info.exists() && !Info.permission(QFile::WriteOwner);
+}
+
+/// Whether the disk of a folder lacks the room. The file system is asked, not the table of mounts, which
+/// knows nothing of a changed root; no answer is no full disk.
+bool DiscoPieno(const QString& Cartella, qint64 Byte)
+{
+    std::error_code Esito;
+    const std::filesystem::space_info Spazio =
+        std::filesystem::space(QFileInfo(Cartella).filesystemFilePath(), Esito);
+    return !Esito && Spazio.available < std::uintmax_t(Byte);
 }
 
 /// The deepest folder of the path that is there already.
@@ -231,8 +240,7 @@ void ScriviFile(const QString& Percorso, const QByteArray& Contenuto)
         throw Errore(75);
     // A failure is judged while the incomplete copy still takes its room.
     if (File.write(Contenuto) != Contenuto.size() || !File.flush()) {
-        const bool Pieno = QStorageInfo(Cartella).bytesAvailable() < Contenuto.size();
-        throw Errore(Pieno ? 61 : 75);
+        throw Errore(DiscoPieno(Cartella, Contenuto.size()) ? 61 : 75);
     }
     if (!File.commit())
         throw Errore(75);
