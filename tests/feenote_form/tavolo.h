@@ -8,6 +8,7 @@
 #include "feenote/modRecupero.h"
 #include "platform/campo.h"
 #include "platform/griglia.h"
+#include "platform/percorsi.h"
 #include "supporto/finestre.h"
 #include "feenote/file_prova.h"
 

@@ -1,0 +1,330 @@
+// Windows of notes in their frame: places, captions, pairs, sizes.
+#include "tavolo.h"
+
+#include "platform/impostazioni.h"
+
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString Misura(const QString& Chiave)
+{
+    return GetSetting(u"KR5"_s, u"Parametri"_s, Chiave);
+}
+
+}  // namespace
+
+class TestFinestre : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void laPrimaIntattaSiRiusa();
+    void laPrimaToccataNo();
+    void conDueSeNeApreSempreUna();
+    void ilPostoLiberatoTieneIlNumero();
+    void titoloConLaPratica();
+    void dimensioniPredefinite();
+    void inCascata();
+    void leDimensioniSiRicordano();
+    void massimizzataSiRicordaLaNormale();
+    void ilTagPrimaDiMostrarsi();
+    void laChiusuraDalSistema();
+    void chiusaERiapertaNellaCornice();
+    void coppiaCollegata();
+    void compagnaInesistente_data();
+    void compagnaInesistente();
+    void chiudendoLaPrincipaleVaLaCompagna();
+    void chiudendoLaCompagnaRestaLaPrincipale();
+    void laCompagnaRifiutaEAllora();
+    void dallaTerzaSchedaAllaCompagna();
+    void ilPostoRiusatoScioglieLaCoppia();
+    void lUltimaChiama();
+
+private:
+    [[nodiscard]] static QMdiSubWindow* Sotto(int Posto)
+    {
+        return qobject_cast<QMdiSubWindow*>(Parcelle(Posto)->parentWidget());
+    }
+
+    std::unique_ptr<Tavolo> T;
+    std::unique_ptr<QMainWindow> Cornice;
+    QMdiArea* Area = nullptr;
+};
+PROVA(TestFinestre);
+
+void TestFinestre::init()
+{
+    T = std::make_unique<Tavolo>();
+    for (const QString& Chiave : {u"FormWidth"_s, u"FormHeight"_s, u"FormState"_s})
+        SaveSetting(u"KR5"_s, u"Parametri"_s, Chiave, {});
+    Cornice = std::make_unique<QMainWindow>();
+    Area = new QMdiArea(Cornice.get());
+    Cornice->setCentralWidget(Area);
+    Cornice->resize(1300, 740);
+    QVERIFY(MostraAttiva(*Cornice));
+    AreaParcelle = [this] { return Area; };
+}
+
+void TestFinestre::cleanup()
+{
+    AzzeraFinestre();
+    Cornice.reset();
+    T.reset();
+}
+
+void TestFinestre::laPrimaIntattaSiRiusa()
+{
+    ApriParcella({}, 0, {});
+    ApriParcella({}, 0, {});
+    QCOMPARE(UltimaParcella(), 1);
+    QCOMPARE(Parcelle(1)->windowTitle(), u"Nuova parcella"_s);
+}
+
+void TestFinestre::laPrimaToccataNo()
+{
+    ApriParcella({}, 0, {});
+    Parcelle(1)->SetModificata(true);
+    ApriParcella({}, 0, {});
+    QCOMPARE(UltimaParcella(), 2);
+    QCOMPARE(Parcelle(2)->windowTitle(), u"Nuova parcella:2"_s);
+    QCOMPARE(InfoParcelle[2].Nome, u"Nuova parcella:2"_s);
+}
+
+void TestFinestre::conDueSeNeApreSempreUna()
+{
+    ApriParcella({}, 0, {});
+    Parcelle(1)->SetModificata(true);
+    ApriParcella({}, 0, {});
+    Parcelle(1)->SetModificata(false);
+    ApriParcella({}, 0, {});
+    QCOMPARE(UltimaParcella(), 3);
+    QCOMPARE(Parcelle(3)->windowTitle(), u"Nuova parcella:3"_s);
+}
+
+void TestFinestre::ilPostoLiberatoTieneIlNumero()
+{
+    ApriParcella({}, 0, {});
+    Parcelle(1)->SetModificata(true);
+    ApriParcella({}, 0, {});
+    QVERIFY(ChiudiParcella(2));
+    ApriParcella({}, 0, {});
+    QCOMPARE(UltimaParcella(), 2);
+    QCOMPARE(Parcelle(2)->windowTitle(), u"Nuova parcella:2"_s);
+}
+
+void TestFinestre::titoloConLaPratica()
+{
+    sessione::RichiestaPV2.ID = u"AB12"_s;
+    ApriParcella({}, 0, u"AB12"_s);
+    QCOMPARE(Parcelle(1)->windowTitle(), u"[AB12] Nuova parcella"_s);
+    QCOMPARE(InfoParcelle[1].Nome, u"Nuova parcella"_s);
+    QVERIFY(Controllo(Parcelle(1), "lblRif_0")->isVisible());
+    QCOMPARE(Controllo<QLabel>(Parcelle(1), "lblRif_1")->text(), u"AB12"_s);
+}
+
+void TestFinestre::dimensioniPredefinite()
+{
+    ApriParcella({}, 0, {});
+    Respiro();
+    QCOMPARE(Sotto(1)->geometry(), QRect(15, 10, 853, 587));  // 220, 150, 12800, 8800 twips
+}
+
+void TestFinestre::inCascata()
+{
+    for (int i = 1; i <= 3; ++i) {
+        ApriParcella({}, 0, {});
+        Parcelle(i)->SetModificata(true);
+    }
+    QCOMPARE(Sotto(3)->pos() - Sotto(2)->pos(), QPoint(9, 26));  // 140 and 380 twips, of the two sums
+    for (int i = 1; i <= 3; ++i)
+        Parcelle(i)->SetModificata(false);
+}
+
+void TestFinestre::leDimensioniSiRicordano()
+{
+    ApriParcella({}, 0, {});
+    Sotto(1)->resize(900, 620);
+    Respiro();
+    QVERIFY(ChiudiParcella(1));
+    QCOMPARE(Misura(u"FormWidth"_s), u"13500"_s);
+    QCOMPARE(Misura(u"FormHeight"_s), u"9300"_s);
+    QCOMPARE(Misura(u"FormState"_s), u"0"_s);
+    ApriParcella({}, 0, {});
+    QCOMPARE(Sotto(1)->size(), QSize(900, 620));
+}
+
+void TestFinestre::massimizzataSiRicordaLaNormale()
+{
+    ApriParcella({}, 0, {});
+    Sotto(1)->resize(900, 620);
+    Respiro();
+    Sotto(1)->showMaximized();
+    Respiro();
+    QVERIFY(Sotto(1)->isMaximized());
+    QVERIFY(ChiudiParcella(1));
+    QCOMPARE(Misura(u"FormWidth"_s), u"13500"_s);
+    QCOMPARE(Misura(u"FormState"_s), u"2"_s);
+    AzzeraFinestre();
+    ApriParcella({}, 0, {});
+    QVERIFY(Sotto(1)->isMaximized());
+}
+
+void TestFinestre::ilTagPrimaDiMostrarsi()
+{
+    QStringList Visti;
+    QObject::connect(Area, &QMdiArea::subWindowActivated, this, [&](const QMdiSubWindow* Quale) {
+        if (Quale)
+            Visti.append(Quale->property("Tag").toString());
+    });
+    QList<int> Attivate;
+    ParcellaAttivata = [&](int Indice) { Attivate.append(Indice); };
+    ApriParcella({}, 0, {});
+    Parcelle(1)->SetModificata(true);
+    ApriParcella({}, 0, {});
+    QCOMPARE(Attivate, (QList{1, 2}));
+    QVERIFY(!Visti.isEmpty());
+    QVERIFY2(!Visti.contains(QString()), "nessuna attivazione senza indice");
+    QCOMPARE(Visti.last(), u"2"_s);
+    Parcelle(1)->SetModificata(false);
+}
+
+void TestFinestre::laChiusuraDalSistema()
+{
+    ApriParcella({}, 0, {});
+    Parcelle(1)->SetModificata(true);
+    T->Voce.Attendi(u"Nuova parcella\nVuoi salvare la parcella prima di chiudere?"_s, vbCancel);
+    Sotto(1)->close();
+    QVERIFY(Sotto(1)->isVisible() && Parcelle(1)->isVisible());
+    T->Voce.Attendi(u"Nuova parcella\nVuoi salvare la parcella prima di chiudere?"_s, vbNo);
+    Sotto(1)->close();
+    QVERIFY(!Sotto(1)->isVisible());
+    QVERIFY(InfoParcelle[1].Libera);
+}
+
+void TestFinestre::chiusaERiapertaNellaCornice()
+{
+    ApriParcella({}, 0, {});
+    frmParcelle* Prima = Parcelle(1);
+    Sotto(1)->close();
+    Respiro();
+    ApriParcella({}, 0, {});
+    QCOMPARE(Parcelle(1), Prima);
+    QVERIFY(Sotto(1)->isVisible() && Prima->isVisible());
+    QCOMPARE(Sotto(1)->size(), QSize(853, 587));
+}
+
+void TestFinestre::coppiaCollegata()
+{
+    ApriParcella({}, 0, {});
+    Parcelle(1)->SetModificata(true);
+    ApriParcella({}, 1, {});
+    QCOMPARE(Parcelle(2)->Socio(), 1);
+    QCOMPARE(Parcelle(1)->Socio(), 2);
+    QVERIFY(!Parcelle(2)->HaStampa());
+    QVERIFY(Parcelle(1)->HaStampa());
+    Parcelle(1)->SetModificata(false);
+}
+
+void TestFinestre::compagnaInesistente_data()
+{
+    QTest::addColumn<int>("Socio");
+    QTest::newRow("se stessa") << 1;
+    QTest::newRow("mai aperta") << 7;
+    QTest::newRow("negativa") << -1;
+}
+
+void TestFinestre::compagnaInesistente()
+{
+    QFETCH(int, Socio);
+    ApriParcella({}, Socio, {});
+    QCOMPARE(Parcelle(1)->Socio(), 0);
+    QVERIFY(Parcelle(1)->HaStampa());
+}
+
+void TestFinestre::chiudendoLaPrincipaleVaLaCompagna()
+{
+    ApriParcella({}, 0, {});
+    Parcelle(1)->SetModificata(true);
+    ApriParcella({}, 1, {});
+    Parcelle(1)->SetModificata(false);
+    int Ultime = 0;
+    UltimaParcellaChiusa = [&] { ++Ultime; };
+    QVERIFY(ChiudiParcella(1));
+    QVERIFY(InfoParcelle[1].Libera && InfoParcelle[2].Libera);
+    QCOMPARE(Ultime, 1);
+}
+
+void TestFinestre::chiudendoLaCompagnaRestaLaPrincipale()
+{
+    ApriParcella({}, 0, {});
+    Parcelle(1)->SetModificata(true);
+    ApriParcella({}, 1, {});
+    QVERIFY(ChiudiParcella(2));
+    QVERIFY(!InfoParcelle[1].Libera && InfoParcelle[2].Libera);
+    QCOMPARE(Parcelle(1)->Socio(), 0);
+    Parcelle(1)->SetModificata(false);
+}
+
+void TestFinestre::laCompagnaRifiutaEAllora()
+{
+    ApriParcella({}, 0, {});
+    Parcelle(1)->SetModificata(true);
+    ApriParcella({}, 1, {});
+    Parcelle(2)->SetModificata(true);
+    T->Voce.Attendi(u"Nuova parcella\nVuoi salvare la parcella prima di chiudere?"_s, vbNo);
+    T->Voce.Attendi(u"Nuova parcella:2\nVuoi salvare la parcella prima di chiudere?"_s, vbCancel);
+    QVERIFY(!ChiudiParcella(1));
+    QVERIFY2(!InfoParcelle[1].Libera && !InfoParcelle[2].Libera, "nessuna delle due se ne va");
+    QCOMPARE(Parcelle(1)->Socio(), 2);
+    Parcelle(1)->SetModificata(false);
+    Parcelle(2)->SetModificata(false);
+}
+
+void TestFinestre::dallaTerzaSchedaAllaCompagna()
+{
+    ApriParcella({}, 0, {});
+    Parcelle(1)->SetModificata(true);
+    ApriParcella({}, 1, {});
+    CompilaCivile(Parcelle(2));
+    ClicScheda(Parcelle(2), SchedaImposte);
+    QCOMPARE(Parcelle(2)->Scheda(), int(SchedaImposte));
+    Clic(Controllo(Parcelle(2), "imgNext"));
+    QCOMPARE(Area->activeSubWindow(), Sotto(1));
+    QCOMPARE(Parcelle(2)->Scheda(), int(SchedaImposte));
+    for (const int i : {1, 2})
+        Parcelle(i)->SetModificata(false);
+}
+
+void TestFinestre::ilPostoRiusatoScioglieLaCoppia()
+{
+    ApriParcella({}, 0, {});
+    Parcelle(1)->SetModificata(true);
+    ApriParcella({}, 1, {});
+    QVERIFY(ChiudiParcella(2));
+    ApriParcella({}, 0, {});
+    QCOMPARE(Parcelle(2)->Socio(), 0);
+    QVERIFY2(Parcelle(2)->HaStampa(), "la stampa torna");
+    Parcelle(1)->SetModificata(false);
+}
+
+void TestFinestre::lUltimaChiama()
+{
+    int Ultime = 0;
+    UltimaParcellaChiusa = [&] { ++Ultime; };
+    ApriParcella({}, 0, {});
+    Parcelle(1)->SetModificata(true);
+    ApriParcella({}, 0, {});
+    QVERIFY(ChiudiParcella(2));
+    QCOMPARE(Ultime, 0);
+    Parcelle(1)->SetModificata(false);
+    QVERIFY(ChiudiParcella(1));
+    QCOMPARE(Ultime, 1);
+}
+
+#include "TestFinestre.moc"
