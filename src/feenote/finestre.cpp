@@ -45,8 +45,9 @@ public:
 
     bool eventFilter(QObject* Oggetto, QEvent* Evento) override
     {
-        const auto* Sotto = static_cast<QMdiSubWindow*>(Oggetto);
-        if (Evento->type() == QEvent::Resize && !Sotto->isMaximized() && !Sotto->isMinimized())
+        // While the window is destroyed events still come, from what is left of it.
+        const auto* Sotto = qobject_cast<QMdiSubWindow*>(Oggetto);
+        if (Sotto && Evento->type() == QEvent::Resize && !Sotto->isMaximized() && !Sotto->isMinimized())
             Oggetto->setProperty(Nome, Sotto->size());
         return QObject::eventFilter(Oggetto, Evento);
     }
@@ -149,10 +150,10 @@ void DopoChiusura(frmParcelle* Finestra)
     if (ParcellaAperta())
         return;
     RicordaMisure(Finestra);
-    if (sessione::ModoLow)
+    if (UltimaParcellaChiusa)
+        UltimaParcellaChiusa();  // saves the frame's size, then ends a low session or brings the desktop back
+    else if (sessione::ModoLow)
         Termina();
-    else if (UltimaParcellaChiusa)
-        UltimaParcellaChiusa();
 }
 
 int PrendiPosto()
