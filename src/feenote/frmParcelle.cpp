@@ -20,7 +20,10 @@
 
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <QScrollArea>
+#include <QShortcut>
 #include <QTabBar>
+#include <QTableView>
 
 using namespace Qt::StringLiterals;
 
@@ -33,6 +36,22 @@ void AggiungiScheda(QTabWidget* Schede, UiScheda& Disegno, const QString& Titolo
     auto* Pagina = new QWidget(Schede);
     Disegno.setupUi(Pagina);
     Schede->addTab(Pagina, Titolo);
+}
+
+/// The same for a page of boxes, which scrolls where a small or magnified screen has no room for all of them.
+template <class UiScheda>
+void AggiungiSchedaScorrevole(QTabWidget* Schede, UiScheda& Disegno, const QString& Titolo)
+{
+    auto* Cornice = new QScrollArea(Schede);
+    auto* Pagina = new QWidget(Cornice);
+    Disegno.setupUi(Pagina);
+    Cornice->setFrameShape(QFrame::NoFrame);
+    Cornice->setWidgetResizable(true);
+    Cornice->setFocusPolicy(Qt::NoFocus);
+    Cornice->setWidget(Pagina);
+    for (QWidget* Sfondo : {Pagina, Cornice->viewport()})
+        Sfondo->setAutoFillBackground(false);  // that of the tabs shows through
+    Schede->addTab(Cornice, Titolo);
 }
 
 QToolButton* Freccia(QWidget* Padre, const QString& Nome, const QString& Immagine, const QString& Suggerimento)
@@ -63,6 +82,9 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     CollegaAcconti();
     aspetto::AssegnaMnemonici(this);
     aspetto::AssegnaNomiAccessibili(this);
+    // The focus stands in the view of a grid: that is what a screen reader meets.
+    for (const Griglia* Una : findChildren<Griglia*>())
+        Una->Vista()->setAccessibleName(Una->accessibleName());
 }
 
 frmParcelle::~frmParcelle() = default;
@@ -74,10 +96,10 @@ int frmParcelle::Scheda() const
 
 void frmParcelle::CostruisciSchede()
 {
-    AggiungiScheda(ui->tabParcelle, *uiBase, u"Dati base"_s);
+    AggiungiSchedaScorrevole(ui->tabParcelle, *uiBase, u"Dati base"_s);
     AggiungiScheda(ui->tabParcelle, *uiOnorari, u"Onorari"_s);
     AggiungiScheda(ui->tabParcelle, *uiSpese, u"Spese inserite"_s);
-    AggiungiScheda(ui->tabParcelle, *uiAcconti, u"Acconti e imposte"_s);
+    AggiungiSchedaScorrevole(ui->tabParcelle, *uiAcconti, u"Acconti e imposte"_s);
     AggiungiScheda(ui->tabParcelle, *uiStampa, u"Stampa"_s);
 
     auto* Angolo = new QWidget(ui->tabParcelle);
@@ -98,6 +120,12 @@ void frmParcelle::CollegaCornice()
     ui->lblDatiBase->setFont(Grande);
     ui->lblTotal->setFont(Grande);
 
+    // Ctrl+Tab belongs to the frame, which goes from note to note with it.
+    for (const auto& [Tasti, Passo] : {std::pair(Qt::Key_PageDown, 1), std::pair(Qt::Key_PageUp, -1)}) {
+        auto* Scorciatoia = new QShortcut(QKeySequence(Qt::ControlModifier | Tasti), this);
+        Scorciatoia->setContext(Qt::WidgetWithChildrenShortcut);
+        ::Collega(Scorciatoia, &QShortcut::activated, this, [this, Passo = Passo] { VaiAllaScheda(Scheda() + Passo); });
+    }
     ui->tabParcelle->installEventFilter(this);
     ui->tabParcelle->tabBar()->installEventFilter(this);
     ::Collega(ui->tabParcelle, &QTabWidget::currentChanged, this,

@@ -86,6 +86,7 @@ void frmParcelle::CollegaDatiBase()
         Nota.txtImporto.Testo = Testo;
         SetModificata(true);
     });
+    mostra::LarghezzaImporto(uiBase->txtImporto);
     CampoNumerico(uiBase->txtImporto, [this] {
         Applica([&] { LasciaImporto(Nota); });
         return true;
@@ -132,8 +133,12 @@ void frmParcelle::MostraDatiBase()
     mostra::Elenco(uiBase->cmbValore, TestiScaglioni(Nota), Nota.cmbValore, Nota.cmbValoreAbilitata);
     mostra::Testo(uiBase->txtImporto, Nota.txtImporto);
 
-    if (auto* Opzioni = findChild<QButtonGroup*>(u"optAumRid"_s))
-        Opzioni->button(Nota.AumRidIdx)->setChecked(true);
+    for (QAbstractButton* Opzione : findChild<QButtonGroup*>(u"optAumRid"_s)->buttons()) {
+        const bool Scelta = Opzione->group()->id(Opzione) == Nota.AumRidIdx;
+        Opzione->setChecked(Scelta);
+        // Tab stops at the chosen one; the arrows go through the others.
+        Opzione->setFocusPolicy(Scelta ? Qt::StrongFocus : Qt::ClickFocus);
+    }
     mostra::Elenco(uiBase->cmbAumRid, {u"+"_s, u"-"_s}, Nota.cmbAumRid, Nota.cmbAumRidAbilitata);
     mostra::Testo(uiBase->txtAumRid, Nota.txtAumRid);
 }

@@ -27,9 +27,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// How long a change may wait for its recovery copy.
-constexpr int AttesaCopiaMs = 2000;
-/// Pause after a copy, in times of what it took to write.
+/// Pause after a copy, in times of what the last one took: those of a very long note stay a small part of the
+/// user's time.
 constexpr int PausaPerCopia = 20;
 
 }  // namespace
@@ -140,14 +139,13 @@ void frmParcelle::SetModificata(bool Valore)
         TimerCopia.stop();
         TogliCopia(Posto);
     } else if (!TimerCopia.isActive()) {
-        TimerCopia.start();
+        TimerCopia.start(int(std::max<qint64>(AttesaCopiaMs, DurataCopiaMs * PausaPerCopia)));
     }
 }
 
 void frmParcelle::CollegaCopia()
 {
     TimerCopia.setSingleShot(true);
-    TimerCopia.setInterval(AttesaCopiaMs);
     ::Collega(&TimerCopia, &QTimer::timeout, this, [this] { TimerCopia_Timer(); });
     // An end that asks about nothing leaves the copy behind, complete: it is offered at the next start.
     ::Collega(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, [this] {
@@ -166,8 +164,7 @@ void frmParcelle::TimerCopia_Timer()
     QElapsedTimer Orologio;
     Orologio.start();
     (void)ScriviCopia();
-    // A very long note takes its time: the copies stay a small part of the user's.
-    TimerCopia.setInterval(int(std::max<qint64>(AttesaCopiaMs, Orologio.elapsed() * PausaPerCopia)));
+    DurataCopiaMs = Orologio.elapsed();
 }
 
 bool frmParcelle::ScriviCopia()

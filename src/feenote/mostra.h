@@ -16,8 +16,16 @@ inline void Testo(QLineEdit* Box, const Casella& Dato)
     if (Box->text() != Dato.Testo) {
         const QSignalBlocker Zitto(Box);
         Box->setText(Dato.Testo);
+        Box->setCursorPosition(0);  // of a long text one reads the beginning
     }
     Box->setEnabled(Dato.Abilitata);
+}
+
+/// As wide as the largest amount that a note is likely to hold.
+inline void LarghezzaImporto(QLineEdit* Box)
+{
+    constexpr int Cornice = 16;
+    Box->setFixedWidth(Box->fontMetrics().horizontalAdvance(QStringLiteral("999.999.999,99")) + Cornice);
 }
 
 inline void Segno(QAbstractButton* Box, const Spunta& Dato)

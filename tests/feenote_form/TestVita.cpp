@@ -23,11 +23,6 @@ QString NonSovrascrivibile(const QString& Nome)
     return u"La parcella "_s + Nome + u" non può essere sovrascritta!"_s;
 }
 
-QString Cliente(const QString& File)
-{
-    return Parametro(File, u"Cliente"_s).toString();
-}
-
 }  // namespace
 
 class TestVita : public QObject

@@ -102,6 +102,14 @@ inline QWidget* PaginaIn(const frmParcelle* Finestra)
     return Controllo<QTabWidget>(Finestra, "tabParcelle")->currentWidget();
 }
 
+/// What a window manager does when the list that dropped down has closed.
+inline void TornaAttiva(QComboBox* Lista)
+{
+    Respiro();
+    QApplication::setActiveWindow(Lista->window());
+    QVERIFY(QTest::qWaitForWindowActive(Lista->window()));
+}
+
 /// Chooses an entry with the mouse in the list that drops down.
 inline void Scegli(QComboBox* Lista, int Indice)
 {
@@ -111,7 +119,7 @@ inline void Scegli(QComboBox* Lista, int Indice)
     const QPoint Dove = Lista->view()->visualRect(Lista->model()->index(Indice, 0)).center();
     QTest::mouseMove(Lista->view()->viewport(), Dove);
     QTest::mouseClick(Lista->view()->viewport(), Qt::LeftButton, Qt::NoModifier, Dove);
-    Respiro();
+    TornaAttiva(Lista);
 }
 
 /// The same by keyboard: the list dropped down, its first entry, down, Enter.
@@ -123,7 +131,7 @@ inline void ScegliDaTastiera(QComboBox* Lista, int Indice)
     for (int i = 0; i < Indice; ++i)
         QTest::keyClick(Lista->view(), Qt::Key_Down);
     QTest::keyClick(Lista->view(), Qt::Key_Return);
-    Respiro();
+    TornaAttiva(Lista);
 }
 
 /// Types into a box over what it holds.
@@ -203,4 +211,10 @@ inline QStringList Testi(const TabellaRighe& Tabella, const QList<int>& Colonne)
         Righe.append(Celle.join(u'|'));
     }
     return Righe;
+}
+
+/// The client as a file holds it.
+inline QString Cliente(const QString& File)
+{
+    return Parametro(File, QStringLiteral("Cliente")).toString();
 }
