@@ -80,6 +80,7 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     CollegaOnorari();
     CollegaSpese();
     CollegaAcconti();
+    RimettiDisposizione();
     aspetto::AssegnaMnemonici(this);
     aspetto::AssegnaNomiAccessibili(this);
     // The focus stands in the view of a grid: that is what a screen reader meets.

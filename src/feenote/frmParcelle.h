@@ -102,6 +102,8 @@ private:
     void MostraSegni();  ///< padlock and diskette
 
     // ---- frmParcelle_Vita.cpp
+    void RimettiDisposizione();  ///< splitters and columns as the last window left them
+    void RicordaDisposizione() const;
     void RilegaRighe();  ///< the grids forget the note that was here before
     void CollegaCopia();
     void TimerCopia_Timer();

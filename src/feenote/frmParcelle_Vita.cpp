@@ -12,6 +12,7 @@
 #include "platform/campo.h"
 #include "platform/collega.h"
 #include "platform/griglia.h"
+#include "platform/impostazioni.h"
 #include "platform/messaggi.h"
 #include "ui_SchedaAcconti.h"
 #include "ui_SchedaOnorari.h"
@@ -20,12 +21,30 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QElapsedTimer>
+#include <QSplitter>
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// Where a window keeps how its splitter or its columns stand.
+QString ChiaveDisposizione(const QObject* Di)
+{
+    return u"Disposizione_"_s + Di->objectName();
+}
+
+QString Impostata(const QObject* Di)
+{
+    return GetSetting(u"KR5"_s, u"Parametri"_s, ChiaveDisposizione(Di));
+}
+
+void Imposta(const QObject* Di, const QString& Valore)
+{
+    if (Valore != Impostata(Di))
+        SaveSetting(u"KR5"_s, u"Parametri"_s, ChiaveDisposizione(Di), Valore);
+}
 
 /// Pause after a copy, in times of what the last one took: those of a very long note stay a small part of the
 /// user's time.
@@ -49,6 +68,27 @@ void frmParcelle::Carica(const QString& Percorso)
     RilegaRighe();
     SetModificata(false);
     Mostra();
+}
+
+void frmParcelle::RimettiDisposizione()
+{
+    for (QSplitter* Uno : {uiOnorari->divisoreOno, uiSpese->divisoreDir}) {
+        // A third for the catalogue, now and when the window grows.
+        Uno->setSizes({1000, 2000});
+        Uno->setStretchFactor(0, 1);
+        Uno->setStretchFactor(1, 2);
+        Uno->restoreState(QByteArray::fromBase64(Impostata(Uno).toLatin1()));
+    }
+    for (Griglia* Una : findChildren<Griglia*>())
+        Una->ImpostaLarghezze(Impostata(Una));
+}
+
+void frmParcelle::RicordaDisposizione() const
+{
+    for (const QSplitter* Uno : {uiOnorari->divisoreOno, uiSpese->divisoreDir})
+        Imposta(Uno, QString::fromLatin1(Uno->saveState().toBase64()));
+    for (const Griglia* Una : findChildren<Griglia*>())
+        Imposta(Una, Una->Larghezze());
 }
 
 void frmParcelle::RilegaRighe()
@@ -125,6 +165,7 @@ bool frmParcelle::ChiediChiusura()
 
 void frmParcelle::Scarica()
 {
+    Protetta([this] { RicordaDisposizione(); });
     SetModificata(false);
     RilegaRighe();
     InfoParcelle[size_t(Posto)].Libera = true;

@@ -24,7 +24,7 @@ ColonnaGriglia ColonnaData(int Campo)
     ColonnaGriglia Colonna;
     Colonna.Titolo = u"Data"_s;
     Colonna.Campo = Campo;
-    Colonna.Caratteri = 11;
+    Colonna.Caratteri = 10;
     Colonna.Modificabile = true;
     Colonna.Filtro = FiltroData.toString();
     Colonna.Massimo = 10;
@@ -36,7 +36,7 @@ ColonnaGriglia ColonnaDescrizione(int Campo)
     ColonnaGriglia Colonna;
     Colonna.Titolo = u"Descrizione"_s;
     Colonna.Campo = Campo;
-    Colonna.Caratteri = 24;
+    Colonna.Caratteri = 18;
     Colonna.Modificabile = true;
     Colonna.Stira = true;
     Colonna.Massimo = MassimoDescr;

@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QSplitter>
 
 using namespace Qt::StringLiterals;
 
@@ -33,6 +34,7 @@ private Q_SLOTS:
     void inCascata();
     void leDimensioniSiRicordano();
     void massimizzataSiRicordaLaNormale();
+    void laDisposizioneSiRicorda();
     void ilTagPrimaDiMostrarsi();
     void laChiusuraDalSistema();
     void chiusaERiapertaNellaCornice();
@@ -173,6 +175,29 @@ void TestFinestre::massimizzataSiRicordaLaNormale()
     AzzeraFinestre();
     ApriParcella({}, 0, {});
     QVERIFY(Sotto(1)->isMaximized());
+}
+
+void TestFinestre::laDisposizioneSiRicorda()
+{
+    ApriParcella({}, 0, {});
+    CompilaCivile(Parcelle(1));
+    ClicScheda(Parcelle(1), SchedaListaOnorari);
+    auto* Divisore = Controllo<QSplitter>(Parcelle(1), "divisoreOno");
+    QVERIFY2(Divisore->sizes()[0] * 3 < Divisore->sizes()[1] * 2, "il catalogo parte da un terzo");
+    Divisore->setSizes({300, 100});
+    const QList<int> Scelte = Divisore->sizes();
+    QVERIFY(Scelte[0] > Scelte[1]);
+    Controllo<Griglia>(Parcelle(1), "tdbOnor")->Vista()->setColumnWidth(OnoData, 123);
+    Parcelle(1)->SetModificata(false);
+    QVERIFY(ChiudiParcella(1));
+
+    AzzeraFinestre();
+    ApriParcella({}, 0, {});
+    CompilaCivile(Parcelle(1));
+    ClicScheda(Parcelle(1), SchedaListaOnorari);
+    QCOMPARE(Controllo<QSplitter>(Parcelle(1), "divisoreOno")->sizes(), Scelte);
+    QCOMPARE(Controllo<Griglia>(Parcelle(1), "tdbOnor")->Vista()->columnWidth(OnoData), 123);
+    Parcelle(1)->SetModificata(false);
 }
 
 void TestFinestre::ilTagPrimaDiMostrarsi()
