@@ -47,7 +47,10 @@ void AggiungiModo(QToolBar* Barra, QActionGroup* Modi, bool& InsUltima, bool Ult
 class FrecciaGiu : public QObject
 {
 public:
-    FrecciaGiu(QLineEdit* Box, Griglia* Elenco) : QObject(Box), Lista(Elenco) { Box->installEventFilter(this); }
+    FrecciaGiu(QLineEdit* Box, Griglia* Elenco) : QObject(Box), Lista(Elenco)
+    {
+        Box->installEventFilter(this);
+    }
 
     bool eventFilter(QObject* Oggetto, QEvent* Evento) override
     {
@@ -107,17 +110,20 @@ void CollegaRicerca(QLineEdit* Box, Griglia* Lista, std::function<Recordset()> R
 {
     FiltraTasti(Box, {});
     new FrecciaGiu(Box, Lista);
-    Collega(Box, &QLineEdit::textEdited, Lista, [Lista, Righe = std::move(Righe), Colonna](const QString& Testo) {
-        Recordset Catalogo = Righe();
-        if (!Catalogo.Aperto() || Testo.trimmed().isEmpty())
-            return;
-        Recordset Ricerca = Catalogo.Clone();
-        int Riga = 0;
-        for (Ricerca.MoveFirst(); !Ricerca.Eof(); Ricerca.MoveNext(), ++Riga) {
-            if (Ricerca.Value(Colonna, QString()).toString().contains(Testo.trimmed(), Qt::CaseInsensitive)) {
-                Lista->ImpostaRigaCorrente(Riga);
-                return;
-            }
-        }
-    });
+    Collega(Box, &QLineEdit::textEdited, Lista,
+            [Lista, Righe = std::move(Righe), Colonna](const QString& Testo) {
+                Recordset Catalogo = Righe();
+                if (!Catalogo.Aperto() || Testo.trimmed().isEmpty())
+                    return;
+                Recordset Ricerca = Catalogo.Clone();
+                int Riga = 0;
+                for (Ricerca.MoveFirst(); !Ricerca.Eof(); Ricerca.MoveNext(), ++Riga) {
+                    if (Ricerca.Value(Colonna, QString())
+                            .toString()
+                            .contains(Testo.trimmed(), Qt::CaseInsensitive)) {
+                        Lista->ImpostaRigaCorrente(Riga);
+                        return;
+                    }
+                }
+            });
 }

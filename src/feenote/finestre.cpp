@@ -222,11 +222,12 @@ void ApriParcella(const QString& Percorso, int Socio, const QString& ID)
 void OffriRecupero()
 {
     for (const CopiaRecupero& Copia : NoteDaRecuperare()) {
-        const int Risposta = MsgBoxPulsanti(
-            u"Il programma si è chiuso senza che la parcella \"%1\" fosse salvata.\n"
-            u"Ne esiste una copia del %2.\nVuoi recuperarla?"_s.arg(
-                Copia.Nome, Copia.Quando.toString(u"dd/MM/yyyy 'ore' HH:mm"_s)),
-            vbYesNoCancel + vbQuestion, TitoloDomanda.toString(), {u"Recupera"_s, u"Elimina"_s, u"Più tardi"_s});
+        const int Risposta =
+            MsgBoxPulsanti(u"Il programma si è chiuso senza che la parcella \"%1\" fosse salvata.\n"
+                           u"Ne esiste una copia del %2.\nVuoi recuperarla?"_s.arg(
+                               Copia.Nome, Copia.Quando.toString(u"dd/MM/yyyy 'ore' HH:mm"_s)),
+                           vbYesNoCancel + vbQuestion, TitoloDomanda.toString(),
+                           {u"Recupera"_s, u"Elimina"_s, u"Più tardi"_s});
         if (Risposta == vbYes)
             ApriRecuperata(Copia);
         else if (Risposta == vbNo)

@@ -54,7 +54,8 @@ void AggiungiSchedaScorrevole(QTabWidget* Schede, UiScheda& Disegno, const QStri
     Schede->addTab(Cornice, Titolo);
 }
 
-QToolButton* Freccia(QWidget* Padre, const QString& Nome, const QString& Immagine, const QString& Suggerimento)
+QToolButton* Freccia(QWidget* Padre, const QString& Nome, const QString& Immagine,
+                     const QString& Suggerimento)
 {
     auto* Bottone = new QToolButton(Padre);
     Bottone->setObjectName(Nome);
@@ -125,14 +126,17 @@ void frmParcelle::CollegaCornice()
     for (const auto& [Tasti, Passo] : {std::pair(Qt::Key_PageDown, 1), std::pair(Qt::Key_PageUp, -1)}) {
         auto* Scorciatoia = new QShortcut(QKeySequence(Qt::ControlModifier | Tasti), this);
         Scorciatoia->setContext(Qt::WidgetWithChildrenShortcut);
-        ::Collega(Scorciatoia, &QShortcut::activated, this, [this, Passo = Passo] { VaiAllaScheda(Scheda() + Passo); });
+        ::Collega(Scorciatoia, &QShortcut::activated, this,
+                  [this, Passo = Passo] { VaiAllaScheda(Scheda() + Passo); });
     }
     ui->tabParcelle->installEventFilter(this);
     ui->tabParcelle->tabBar()->installEventFilter(this);
     ::Collega(ui->tabParcelle, &QTabWidget::currentChanged, this,
               [this](int Nuova) { tabParcelle_Change(Nuova); });
-    ::Collega(findChild<QToolButton*>(u"imgPrev"_s), &QToolButton::clicked, this, [this] { imgPrev_Click(); });
-    ::Collega(findChild<QToolButton*>(u"imgNext"_s), &QToolButton::clicked, this, [this] { imgNext_Click(); });
+    ::Collega(findChild<QToolButton*>(u"imgPrev"_s), &QToolButton::clicked, this,
+              [this] { imgPrev_Click(); });
+    ::Collega(findChild<QToolButton*>(u"imgNext"_s), &QToolButton::clicked, this,
+              [this] { imgNext_Click(); });
     ::Collega(ui->pctSave, &QToolButton::clicked, this, [this] {
         if (ConcludiCampo())
             EseguiComando(u"savepar"_s, Posto, {});
@@ -153,7 +157,8 @@ bool frmParcelle::eventFilter(QObject* Oggetto, QEvent* Evento)
         if (static_cast<QKeyEvent*>(Evento)->modifiers().testFlag(Qt::ControlModifier) && !ConcludiCampo())
             return true;
         break;
-    default: break;
+    default:
+        break;
     }
     return QWidget::eventFilter(Oggetto, Evento);
 }
@@ -211,8 +216,8 @@ void frmParcelle::imgPrev_Click()
     }
     if (!ConcludiCampo() || InfoParcelle[size_t(Posto)].Libera)
         return;
-    const int Risposta = MsgBox(u"Confermi il ritorno al menu iniziale?"_s, vbYesNo + vbQuestion,
-                                TitoloDomanda.toString());
+    const int Risposta =
+        MsgBox(u"Confermi il ritorno al menu iniziale?"_s, vbYesNo + vbQuestion, TitoloDomanda.toString());
     if (Risposta == vbYes)
         ChiudiParcella(Posto);
 }

@@ -81,8 +81,8 @@ void CancellaAcconti(Griglia* Elenco, TabellaRighe& Righe)
     if (Scelte.isEmpty())
         return;
     const QString Quali = Scelte.size() == 1 ? u"della voce selezionata"_s : u"delle voci selezionate"_s;
-    if (MsgBox(u"Confermi la cancellazione "_s + Quali + u"?"_s, vbYesNo + vbQuestion, TitoloDomanda.toString())
-        != vbYes)
+    if (MsgBox(u"Confermi la cancellazione "_s + Quali + u"?"_s, vbYesNo + vbQuestion,
+               TitoloDomanda.toString()) != vbYes)
         return;
     std::sort(Scelte.begin(), Scelte.end(), std::greater<>());
     for (const int Riga : std::as_const(Scelte))
@@ -139,7 +139,8 @@ void frmParcelle::CollegaAcconti()
             CambiaPercento(Nota, Voce.Quale, Testo);
             SetModificata(true);
         });
-        CampoNumerico(Box, [] { return true; }, true);
+        CampoNumerico(
+            Box, [] { return true; }, true);
     }
     ::Collega(uiAcconti->chkAcconti, &QCheckBox::clicked, this,
               [this](bool Attiva) { Applica([&] { CambiaAcconti(Nota, Attiva); }); });

@@ -1,9 +1,9 @@
 // Tab 0: parties, subject, parameters of the proceeding, percent variation.
 #include "feenote/frmParcelle.h"
 
-#include "feenote/mostra.h"
 #include "feenote/modParametri.h"
 #include "feenote/modVariazione.h"
+#include "feenote/mostra.h"
 #include "platform/campo.h"
 #include "platform/collega.h"
 #include "ui_SchedaDatiBase.h"

@@ -84,8 +84,9 @@ public:
         Voce = Voce.Clone();
         if (!VaiARiga(Voce, Riga))
             return {};
-        return u" Per visualizzare la scheda informativa di\n"_s + Voce.Value(u"DescrOno"_s, QString()).toString()
-            + u"\n selezionare la voce e cliccare sul pulsante Info"_s;
+        return u" Per visualizzare la scheda informativa di\n"_s +
+               Voce.Value(u"DescrOno"_s, QString()).toString() +
+               u"\n selezionare la voce e cliccare sul pulsante Info"_s;
     }
 
 private:
@@ -107,10 +108,12 @@ void frmParcelle::CollegaCatalogoOnorari()
 {
     Griglia* Lista = uiOnorari->tdbListaOno;
     Lista->ImpostaColonne(ColonneCatalogo());
-    Lista->FraseVuota(u"Scegliere categoria, autorità e valore nei dati base: qui compaiono le voci della tariffa."_s);
+    Lista->FraseVuota(
+        u"Scegliere categoria, autorità e valore nei dati base: qui compaiono le voci della tariffa."_s);
     ::Collega(Lista, &Griglia::DoppioClic, this, [this](int Riga) { tdbListaOno_DblClick(Riga); });
     ::Collega(Lista, &Griglia::MenuContestuale, this, [this](int Riga) { ShowNota(Riga); });
-    CollegaRicerca(uiOnorari->txtCercaOno, Lista, [this] { return Voci.datOno; }, u"DescrOno"_s);
+    CollegaRicerca(
+        uiOnorari->txtCercaOno, Lista, [this] { return Voci.datOno; }, u"DescrOno"_s);
     new SuggerimentoVoce(Lista, [this] { return Voci.datOno; });
 
     const auto Corrente = [Lista] { return Lista->RigaCorrente().value_or(-1); };
@@ -169,7 +172,8 @@ void frmParcelle::tdbListaOno_DblClick(int Riga)
         Righe->MostraColonna(OnoQta, true);
     SetModificata(true);
     Mostra();
-    Righe->ImpostaRigaCorrente(*Inserita);  // the new line is current and in sight; the catalogue keeps its row
+    Righe->ImpostaRigaCorrente(
+        *Inserita);  // the new line is current and in sight; the catalogue keeps its row
 }
 
 void frmParcelle::ShowNota(int Riga)

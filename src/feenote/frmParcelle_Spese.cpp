@@ -18,7 +18,8 @@ namespace {
 QList<ColonnaGriglia> ColonneSpese()
 {
     return {ColonnaData(DirData), ColonnaDescrizione(DirDescr), ColonnaQuantita(DirQta),
-            ColonnaImporto(u"Imponibili"_s, DirImponibile, true), ColonnaImporto(u"Esenti"_s, DirEsente, true)};
+            ColonnaImporto(u"Imponibili"_s, DirImponibile, true),
+            ColonnaImporto(u"Esenti"_s, DirEsente, true)};
 }
 
 QList<ColonnaGriglia> ColonneCatalogo()
@@ -37,7 +38,8 @@ void frmParcelle::CollegaSpese()
     Griglia* Lista = uiSpese->tdbListaDir;
     Lista->ImpostaColonne(ColonneCatalogo());
     ::Collega(Lista, &Griglia::DoppioClic, this, [this](int Riga) { tdbListaDir_DblClick(Riga); });
-    CollegaRicerca(uiSpese->txtCercaDir, Lista, [this] { return Voci.datDir; }, u"DescrDir"_s);
+    CollegaRicerca(
+        uiSpese->txtCercaDir, Lista, [this] { return Voci.datDir; }, u"DescrDir"_s);
 
     Griglia* Righe = uiSpese->tdbDir;
     Righe->ImpostaColonne(ColonneSpese());

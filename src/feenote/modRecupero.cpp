@@ -33,8 +33,8 @@ QString Cartella()
 /// "<pid>-<start in ms>": a process number comes back, the moment does not.
 const QString& Sigla()
 {
-    static const QString Testo =
-        QString::number(QCoreApplication::applicationPid()) + u'-' + QString::number(QDateTime::currentMSecsSinceEpoch());
+    static const QString Testo = QString::number(QCoreApplication::applicationPid()) + u'-' +
+                                 QString::number(QDateTime::currentMSecsSinceEpoch());
     return Testo;
 }
 
@@ -84,7 +84,8 @@ QString Pid(const QString& DiSigla)
 bool Superata(const QString& Una, const QStringList& Tutte)
 {
     return std::ranges::any_of(Tutte, [&](const QString& Altra) {
-        return Pid(Altra) == Pid(Una) && Altra.section(u'-', 1).toLongLong() > Una.section(u'-', 1).toLongLong();
+        return Pid(Altra) == Pid(Una) &&
+               Altra.section(u'-', 1).toLongLong() > Una.section(u'-', 1).toLongLong();
     });
 }
 

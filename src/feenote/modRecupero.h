@@ -36,8 +36,8 @@ void TogliCopia(int Posto);
 /// The copies of dead processes, the oldest first. Empty when the folder cannot be read.
 [[nodiscard]] QList<CopiaRecupero> NoteDaRecuperare();
 
-/// Loads a copy as an unsaved note: its file is the original one's, and it counts as modified. The copy stays.
-/// Messages as CaricaDati.
+/// Loads a copy as an unsaved note: its file is the original one's, and it counts as modified. The copy
+/// stays. Messages as CaricaDati.
 /// @throws Errore as CaricaDati: the note is then a new one
 void RecuperaNota(Parcella& Nota, const CopiaRecupero& Copia);
 

@@ -13,17 +13,17 @@ namespace {
 /// Controls that a user acts on; the parts that Qt makes for itself have a "qt_" name or are no stop.
 bool DaNominare(const QWidget* Uno)
 {
-    if (Uno->objectName().startsWith(u"qt_") || qobject_cast<const QScrollBar*>(Uno)
-        || qobject_cast<const QHeaderView*>(Uno))
+    if (Uno->objectName().startsWith(u"qt_") || qobject_cast<const QScrollBar*>(Uno) ||
+        qobject_cast<const QHeaderView*>(Uno))
         return false;
     for (const QWidget* Padre = Uno->parentWidget(); Padre; Padre = Padre->parentWidget()) {
-        if (qobject_cast<const QComboBox*>(Padre) || qobject_cast<const QLineEdit*>(Padre)
-            || qobject_cast<const QTabBar*>(Padre) || qobject_cast<const QTableView*>(Padre))
+        if (qobject_cast<const QComboBox*>(Padre) || qobject_cast<const QLineEdit*>(Padre) ||
+            qobject_cast<const QTabBar*>(Padre) || qobject_cast<const QTableView*>(Padre))
             return false;
     }
-    return qobject_cast<const QLineEdit*>(Uno) || qobject_cast<const QComboBox*>(Uno)
-        || qobject_cast<const QAbstractButton*>(Uno) || qobject_cast<const QAbstractItemView*>(Uno)
-        || qobject_cast<const QTabWidget*>(Uno);
+    return qobject_cast<const QLineEdit*>(Uno) || qobject_cast<const QComboBox*>(Uno) ||
+           qobject_cast<const QAbstractButton*>(Uno) || qobject_cast<const QAbstractItemView*>(Uno) ||
+           qobject_cast<const QTabWidget*>(Uno);
 }
 
 QString Nome(const QWidget* Uno)
@@ -106,19 +106,29 @@ void TestAccessibilita::tabVaNellOrdineDiLettura_data()
     QTest::addColumn<int>("Scheda");
     QTest::addColumn<QStringList>("Ordine");
     QTest::newRow("dati base") << int(SchedaBase)
-                               << QStringList{u"txtCliente"_s, u"txtControp"_s, u"txtOggetto"_s, u"cmbCateg"_s,
-                                              u"cmbAutor"_s,   u"cmbValore"_s,  u"txtImporto"_s, u"optAumRid_5"_s,
-                                              u"cmbAumRid"_s,  u"txtAumRid"_s};
+                               << QStringList{u"txtCliente"_s, u"txtControp"_s,  u"txtOggetto"_s,
+                                              u"cmbCateg"_s,   u"cmbAutor"_s,    u"cmbValore"_s,
+                                              u"txtImporto"_s, u"optAumRid_5"_s, u"cmbAumRid"_s,
+                                              u"txtAumRid"_s};
     QTest::newRow("onorari") << int(SchedaListaOnorari)
-                             << QStringList{u"txtCercaOno"_s, u"tdbListaOno"_s, u"barListaOnoDir_select"_s,
-                                            u"barListaOnoDir_info"_s, u"barListaOnoDir_lastrow"_s,
-                                            u"barListaOnoDir_currentrow"_s, u"tdbOnor"_s};
+                             << QStringList{u"txtCercaOno"_s,
+                                            u"tdbListaOno"_s,
+                                            u"barListaOnoDir_select"_s,
+                                            u"barListaOnoDir_info"_s,
+                                            u"barListaOnoDir_lastrow"_s,
+                                            u"barListaOnoDir_currentrow"_s,
+                                            u"tdbOnor"_s};
     QTest::newRow("spese") << int(SchedaListaSpese)
-                           << QStringList{u"txtCercaDir"_s, u"tdbListaDir"_s, u"barListaOnoDir_select"_s,
-                                          u"barListaOnoDir_lastrow"_s, u"barListaOnoDir_currentrow"_s, u"tdbDir"_s};
+                           << QStringList{u"txtCercaDir"_s,
+                                          u"tdbListaDir"_s,
+                                          u"barListaOnoDir_select"_s,
+                                          u"barListaOnoDir_lastrow"_s,
+                                          u"barListaOnoDir_currentrow"_s,
+                                          u"tdbDir"_s};
     QTest::newRow("imposte") << int(SchedaImposte)
-                             << QStringList{u"chkSpeseGen"_s, u"txtSpeGen"_s, u"chkCP"_s, u"txtCP"_s, u"chkIva"_s,
-                                            u"txtIVA"_s, u"chkRA"_s, u"txtRA"_s, u"chkAcconti"_s, u"chkMinMax"_s};
+                             << QStringList{u"chkSpeseGen"_s, u"txtSpeGen"_s, u"chkCP"_s, u"txtCP"_s,
+                                            u"chkIva"_s,      u"txtIVA"_s,    u"chkRA"_s, u"txtRA"_s,
+                                            u"chkAcconti"_s,  u"chkMinMax"_s};
 }
 
 void TestAccessibilita::tabVaNellOrdineDiLettura()
@@ -143,7 +153,8 @@ void TestAccessibilita::sulPiccoloSchermo()
 {
     // 1366x768 at 150 % are 910x512, and the frame takes its part.
     QVERIFY2(F->minimumSizeHint().width() <= 800, qPrintable(QString::number(F->minimumSizeHint().width())));
-    QVERIFY2(F->minimumSizeHint().height() <= 340, qPrintable(QString::number(F->minimumSizeHint().height())));
+    QVERIFY2(F->minimumSizeHint().height() <= 340,
+             qPrintable(QString::number(F->minimumSizeHint().height())));
     // In a window of the usual size nothing needs scrolling.
     F->resize(845, 555);
     for (const int Scheda : {int(SchedaBase), int(SchedaImposte)}) {

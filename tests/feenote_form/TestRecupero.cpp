@@ -43,7 +43,8 @@ void PreparaVittima(const QString& Cartella)
 
 QString Domanda(const CopiaRecupero& Copia)
 {
-    return u"Il programma si è chiuso senza che la parcella \"%1\" fosse salvata.\nNe esiste una copia del %2.\n"
+    return u"Il programma si è chiuso senza che la parcella \"%1\" fosse salvata.\nNe esiste una copia del "
+           u"%2.\n"
            u"Vuoi recuperarla?"_s.arg(Copia.Nome, Copia.Quando.toString(u"dd/MM/yyyy 'ore' HH:mm"_s));
 }
 

@@ -5,9 +5,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString Ricalcolo =
-    u"Sono state già inserite delle prestazioni e la modifica comporterà il ricalcolo con i nuovi parametri.\n"
-    u"Confermi la modifica?"_s;
+const QString Ricalcolo = u"Sono state già inserite delle prestazioni e la modifica comporterà il ricalcolo "
+                          u"con i nuovi parametri.\n"
+                          u"Confermi la modifica?"_s;
 
 QString Banner(const frmParcelle* Finestra)
 {
@@ -245,13 +245,13 @@ void TestSchedaBase::ilCancelloDiceCosaManca_data()
     QTest::addColumn<QByteArray>("Fuoco");
     QTest::newRow("niente") << -1 << 0 << u"Non è stata specificata la categoria della pratica!"_s
                             << QByteArray("cmbCateg");
-    QTest::newRow("solo la categoria") << int(CategCivile) << 0 << u"Non è stato specificato il campo Autorità"_s
-                                       << QByteArray("cmbAutor");
+    QTest::newRow("solo la categoria")
+        << int(CategCivile) << 0 << u"Non è stato specificato il campo Autorità"_s << QByteArray("cmbAutor");
     QTest::newRow("penale senza autorità")
         << int(CategPenale) << 0 << u"Non è stato specificato il campo Autorità"_s << QByteArray("cmbAutor");
-    QTest::newRow("civile senza valore") << int(CategCivile) << IDTribunale
-                                         << u"Non è stato specificato lo scaglione di valore della causa!"_s
-                                         << QByteArray("txtImporto");
+    QTest::newRow("civile senza valore")
+        << int(CategCivile) << IDTribunale << u"Non è stato specificato lo scaglione di valore della causa!"_s
+        << QByteArray("txtImporto");
     QTest::newRow("stragiudiziale senza valore")
         << int(CategStragiudiziale) << 0 << u"Non è stato specificato lo scaglione di valore della causa!"_s
         << QByteArray("txtImporto");

@@ -17,7 +17,8 @@ QString GiaInserito(const QString& Descr)
     return u"L'onorario "_s + Descr + u" è stato già inserito. Procedo con l'inserimento?"_s;
 }
 
-const QList<int> Visibili{OnoData, OnoDescr, OnoQta, OnoImporto, OnoMedio, OnoMin, OnoMax, OnoCodVoce, OnoNVoce};
+const QList<int> Visibili{OnoData, OnoDescr, OnoQta,     OnoImporto, OnoMedio,
+                          OnoMin,  OnoMax,   OnoCodVoce, OnoNVoce};
 
 void CompilaStragiudiziale(const frmParcelle* Finestra)
 {
@@ -238,7 +239,8 @@ void TestSchedaOnorari::rigaSelezionata()
     auto* Ultima = Barra->findChild<QToolButton*>(u"barListaOnoDir_lastrow"_s);
     auto* Corrente = Barra->findChild<QToolButton*>(u"barListaOnoDir_currentrow"_s);
     QVERIFY(Ultima->isChecked());
-    T->Voce.Attendi(u"Le nuove prestazioni saranno inserite nella riga selezionata!"_s, vbOK, u"Avvertenza:"_s);
+    T->Voce.Attendi(u"Le nuove prestazioni saranno inserite nella riga selezionata!"_s, vbOK,
+                    u"Avvertenza:"_s);
     Clic(Corrente);
     QVERIFY(Corrente->isChecked() && !Ultima->isChecked());
     Righe->ImpostaRigaCorrente(1);
@@ -418,9 +420,10 @@ void TestSchedaOnorari::ilRicalcoloTieneLaData()
     const QList<double> Prima = Importi(F->Nota, 0);
     ScriviCella(Righe, 0, OnoData, u"05/03/2024"_s);
     ClicScheda(F, SchedaBase);
-    T->Voce.Attendi(u"Sono state già inserite delle prestazioni e la modifica comporterà il ricalcolo con i nuovi "
-                    u"parametri.\nConfermi la modifica?"_s,
-                    vbYes, u"Domanda:"_s);
+    T->Voce.Attendi(
+        u"Sono state già inserite delle prestazioni e la modifica comporterà il ricalcolo con i nuovi "
+        u"parametri.\nConfermi la modifica?"_s,
+        vbYes, u"Domanda:"_s);
     Scegli(Controllo<QComboBox>(F, "cmbAutor"), IndiceAutorita(F->Nota, IDGiudiceDiPace));
     QCOMPARE(Importi(F->Nota, 0), Prima);  // never at once
     ClicScheda(F, SchedaListaOnorari);
@@ -491,8 +494,9 @@ void TestSchedaOnorari::suggerimentoDelCatalogo()
     const QPoint Dove = CentroCella(Lista, 0, 1);
     QHelpEvent Aiuto(QEvent::ToolTip, Dove, Vista->mapToGlobal(Dove));
     QApplication::sendEvent(Vista, &Aiuto);
-    QCOMPARE(QToolTip::text(), u" Per visualizzare la scheda informativa di\nFase di studio della controversia\n"
-                               u" selezionare la voce e cliccare sul pulsante Info"_s);
+    QCOMPARE(QToolTip::text(),
+             u" Per visualizzare la scheda informativa di\nFase di studio della controversia\n"
+             u" selezionare la voce e cliccare sul pulsante Info"_s);
     QToolTip::hideText();
 }
 

@@ -148,7 +148,8 @@ void TestSchedaSpese::modoRigaSelezionata()
 {
     DoppioClic(Lista, 0);
     DoppioClic(Lista, 1);
-    T->Voce.Attendi(u"Le nuove prestazioni saranno inserite nella riga selezionata!"_s, vbOK, u"Avvertenza:"_s);
+    T->Voce.Attendi(u"Le nuove prestazioni saranno inserite nella riga selezionata!"_s, vbOK,
+                    u"Avvertenza:"_s);
     Clic(Controllo(PaginaIn(F), "barListaOnoDir_currentrow"));
     QVERIFY(!F->Nota.InsUltimaDir);
     QVERIFY2(F->Nota.InsUltimaOno, "ogni elenco ha il suo modo");

@@ -5,8 +5,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QList<int> ColonneOno{OnoData,    OnoDescr,   OnoQta,      OnoImporto, OnoMedio,  OnoMin,    OnoMax,
-                            OnoCodVoce, OnoNVoce,   OnoVarPerc,  OnoBaseMedio, OnoBaseMin, OnoBaseMax};
+const QList<int> ColonneOno{OnoData,    OnoDescr, OnoQta,     OnoImporto,   OnoMedio,   OnoMin,    OnoMax,
+                            OnoCodVoce, OnoNVoce, OnoVarPerc, OnoBaseMedio, OnoBaseMin, OnoBaseMax};
 const QList<int> ColonneDir{DirData, DirDescr, DirQta, DirImponibile, DirEsente, DirNVoce, DirIDDir};
 const QList<int> ColonneAcc{AccDescr, AccValuta, AccCorrispettivi, AccSpeseImp, AccSpeseEsenti};
 

@@ -236,9 +236,10 @@ void TestVita::conLaPratica()
     sessione::RichiestaPV2.ID = u"AB12"_s;
     Tocca();
     T->Voce.AttendiSalva(T->Ufficio.File(u"Rossi.mdb"_s));
-    T->Voce.Attendi(u"La parcella, essendo associato ad una pratica, deve iniziare col codice seguito dal trattino!\n"
-                    u"Il nome della parcella è stato modificato in: AB12-Rossi.mdb"_s,
-                    vbOK, u"Errore salvataggio:"_s);
+    T->Voce.Attendi(
+        u"La parcella, essendo associato ad una pratica, deve iniziare col codice seguito dal trattino!\n"
+        u"Il nome della parcella è stato modificato in: AB12-Rossi.mdb"_s,
+        vbOK, u"Errore salvataggio:"_s);
     T->Voce.Attendi(Salvata(u"AB12-Rossi.mdb"_s));
     EseguiComando(u"save"_s, 1, {});
     QCOMPARE(T->Voce.InizioDialogo(), sessione::ParcellePath + u"AB12-"_s);
@@ -385,7 +386,8 @@ void TestVita::chiudiConRisposta()
     QFETCH(int, Risposta);
     QFETCH(bool, Chiusa);
     Tocca();
-    T->Voce.Attendi(u"Nuova parcella\nVuoi salvare la parcella prima di chiudere?"_s, Risposta, u"Domanda:"_s);
+    T->Voce.Attendi(u"Nuova parcella\nVuoi salvare la parcella prima di chiudere?"_s, Risposta,
+                    u"Domanda:"_s);
     QCOMPARE(F->close(), Chiusa);
     QCOMPARE(InfoParcelle[1].Libera, Chiusa);
     QCOMPARE(F->isVisible(), !Chiusa);

@@ -3,6 +3,7 @@
 
 #include "core/comandi.h"
 #include "core/modFiltri.h"
+#include "feenote/file_prova.h"
 #include "feenote/finestre.h"
 #include "feenote/frmParcelle.h"
 #include "feenote/modRecupero.h"
@@ -10,7 +11,6 @@
 #include "platform/griglia.h"
 #include "platform/percorsi.h"
 #include "supporto/finestre.h"
-#include "feenote/file_prova.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -162,13 +162,15 @@ inline QPoint CentroCella(const Griglia* Righe, int Riga, int Colonna)
 
 inline void ClicCella(const Griglia* Righe, int Riga, int Colonna)
 {
-    QTest::mouseClick(Righe->Vista()->viewport(), Qt::LeftButton, Qt::NoModifier, CentroCella(Righe, Riga, Colonna));
+    QTest::mouseClick(Righe->Vista()->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      CentroCella(Righe, Riga, Colonna));
 }
 
 inline void DoppioClic(const Griglia* Righe, int Riga)
 {
     ClicCella(Righe, Riga, 0);  // the second click alone is what the next line sends
-    QTest::mouseDClick(Righe->Vista()->viewport(), Qt::LeftButton, Qt::NoModifier, CentroCella(Righe, Riga, 0));
+    QTest::mouseDClick(Righe->Vista()->viewport(), Qt::LeftButton, Qt::NoModifier,
+                       CentroCella(Righe, Riga, 0));
     Respiro();
 }
 
