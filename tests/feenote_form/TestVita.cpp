@@ -83,6 +83,7 @@ void TestVita::init()
 
 void TestVita::cleanup()
 {
+    LimitaPagine(0);
     T.reset();
 }
 
