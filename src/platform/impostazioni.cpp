@@ -48,9 +48,13 @@ QString GetSetting(const QString& Applicazione, const QString& Sezione, const QS
 void SaveSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,
                  const QString& Valore)
 {
-    Archivio Aperto(Applicazione, Sezione);
-    Aperto.Dati.setValue(Aperto.Grafia(Chiave), Valore);
-    Aperto.Dati.sync();
-    if (Aperto.Dati.status() != QSettings::NoError)
+    const auto Riuscita = [&] {
+        Archivio Aperto(Applicazione, Sezione);
+        Aperto.Dati.setValue(Aperto.Grafia(Chiave), Valore);
+        Aperto.Dati.sync();
+        return Aperto.Dati.status() == QSettings::NoError;
+    };
+    // A damaged file is told as a failure although it was just written whole: the second time shows it.
+    if (!Riuscita() && !Riuscita())
         throw Errore(75);
 }

@@ -10,6 +10,7 @@
 [[nodiscard]] QString GetSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,
                                  const QString& Predefinito = {});
 
-/// Stores a text and syncs it to the disk at once. @throws Errore 75 when the store cannot be written
+/// Stores a text and syncs it to the disk at once. A damaged file is written whole again, with what could be
+/// read of it. @throws Errore 75 when the store cannot be written
 void SaveSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,
                  const QString& Valore);

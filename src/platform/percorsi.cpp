@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QTemporaryFile>
+#include <QUuid>
 
 #include <filesystem>
 
@@ -244,6 +245,26 @@ void ScriviFile(const QString& Percorso, const QByteArray& Contenuto)
     }
     if (!File.commit())
         throw Errore(75);
+}
+
+bool CreaFile(const QString& Percorso, const QByteArray& Contenuto)
+{
+    const QString Nativo = PercorsoNativo(Percorso);
+    if (QFileInfo::exists(Nativo))
+        return false;
+    const QString Provvisorio = Nativo + u'.' + QUuid::createUuid().toString(QUuid::Id128);
+    ScriviFile(Provvisorio, Contenuto);
+    // A second name is refused where a file has come up meanwhile; a move would fall back to overwriting it.
+    std::error_code Esito;
+    std::filesystem::create_hard_link(QFileInfo(Provvisorio).filesystemFilePath(),
+                                      QFileInfo(Nativo).filesystemFilePath(), Esito);
+    // On a medium that knows no second names the look from before must do.
+    if (Esito && Esito != std::errc::file_exists) {
+        SostituisciFile(Provvisorio, Nativo);
+        return true;
+    }
+    QFile::remove(Provvisorio);
+    return !Esito;
 }
 
 void SimulaSupportoBloccato(const QString& Cartella)

@@ -48,6 +48,10 @@ void ImpostaSolaLettura(const QString& Percorso, bool Attiva);
 /// is complete. @throws Errore 75 refused, 76 no folder, 61 disk full
 void ScriviFile(const QString& Percorso, const QByteArray& Contenuto);
 
+/// Writes a file that is not there yet. One that somebody else puts there meanwhile stays.
+/// @return false when something of this very name is there. @throws Errore as ScriviFile
+bool CreaFile(const QString& Percorso, const QByteArray& Contenuto);
+
 /// For tests: no file larger than this is completed by ScriviFile, as on a full disk; 0 lifts the limit.
 void LimitaDisco(qint64 Byte);
 

@@ -21,6 +21,8 @@ private Q_SLOTS:
     void applicazioniESezioniSonoDistinte();
     void scriveSubitoSulDisco();
     void leggeUnFileToccatoAMano();
+    void fileDanneggiato_data();
+    void fileDanneggiato();
     void scritturaRifiutata();
 };
 PROVA(TestImpostazioni);
@@ -99,6 +101,29 @@ void TestImpostazioni::leggeUnFileToccatoAMano()
     SaveSetting(u"Mano"_s, u"Parametri"_s, u"Iban"_s, u"IT61"_s);
     QCOMPARE(GetSetting(u"Mano"_s, u"Parametri"_s, u"iban"_s), u"IT61"_s);
     QCOMPARE(LeggiFile(FileDi(u"Mano"_s)).toLower().count("iban="), 1);
+}
+
+void TestImpostazioni::fileDanneggiato_data()
+{
+    QTest::addColumn<QByteArray>("Contenuto");
+    QTest::addColumn<QString>("Salvo");
+
+    QTest::newRow("cut in a key") << "[Parametri]\niva=22\nstudiono"_ba << u"22"_s;
+    QTest::newRow("a line that is none") << "[Parametri]\nsenza segno\niva=22\n"_ba << u"22"_s;
+    QTest::newRow("a heading left open") << "[Parametri\niva=22\n"_ba << u"22"_s;
+    QTest::newRow("zeros") << QByteArray(64, '\0') << u"manca"_s;
+    QTest::newRow("no text at all") << "\xFF\xFE\x01[[[==\n=\n;x\n"_ba << u"manca"_s;
+}
+
+void TestImpostazioni::fileDanneggiato()
+{
+    QFETCH(QByteArray, Contenuto);
+    ScriviFile(FileDi(u"Guasto"_s), Contenuto);
+    QTEST(GetSetting(u"Guasto"_s, u"Parametri"_s, u"IVA"_s, u"manca"_s), "Salvo");
+    // The first save heals the file: it succeeds, and what could be read stays.
+    SaveSetting(u"Guasto"_s, u"Parametri"_s, u"RA"_s, u"20"_s);
+    QCOMPARE(GetSetting(u"Guasto"_s, u"Parametri"_s, u"RA"_s), u"20"_s);
+    QTEST(GetSetting(u"Guasto"_s, u"Parametri"_s, u"IVA"_s, u"manca"_s), "Salvo");
 }
 
 void TestImpostazioni::scritturaRifiutata()

@@ -6,10 +6,14 @@
 #include <QDir>
 #include <QFile>
 
+#include <algorithm>
+#include <array>
+#include <atomic>
 #include <csignal>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/resource.h>
+#include <thread>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -46,6 +50,8 @@ private Q_SLOTS:
     void scritturaRifiutata();
     void discoPienoLasciaIlVecchio();
     void scritturaInterrottaLasciaIlVecchio();
+    void creaSoloQuelCheManca();
+    void creaUnoSoloFraMolti();
 };
 PROVA(TestPercorsi);
 
@@ -454,6 +460,42 @@ void TestPercorsi::scritturaInterrottaLasciaIlVecchio()
         QCOMPARE(LeggiFile(File), QByteArray("vecchio"));
         QCOMPARE(Presenti(Cartella), QStringList{u"nota.htm"_s});
     }
+}
+
+void TestPercorsi::creaSoloQuelCheManca()
+{
+    const QString Cartella = NuovaCartella();
+    const QString File = Cartella + u"archivio.mdb"_s;
+    QVERIFY(CreaFile(File, "primo"));
+    QVERIFY(!CreaFile(File, "secondo"));
+    QCOMPARE(LeggiFile(File), QByteArray("primo"));
+    QCOMPARE(NumeroErrore([&] { CreaFile(Cartella + u"manca/nota.htm"_s, "x"); }), 76);
+    QCOMPARE(Presenti(Cartella), QStringList{u"archivio.mdb"_s});
+    // A name that leads nowhere comes up behind the first look, as a file of somebody else's would.
+    QVERIFY(QFile::link(Cartella + u"nulla"_s, Cartella + u"rimando"_s));
+    QVERIFY(!CreaFile(Cartella + u"rimando"_s, "x"));
+    QVERIFY(!EsisteFile(Cartella + u"nulla"_s));
+}
+
+void TestPercorsi::creaUnoSoloFraMolti()
+{
+    const QString File = NuovaCartella() + u"archivio.mdb"_s;
+    std::array<bool, 8> Riuscite{};
+    std::atomic<bool> Via = false;
+    {
+        std::array<std::jthread, Riuscite.size()> Programmi;
+        for (size_t i = 0; i < Programmi.size(); ++i)
+            Programmi[i] = std::jthread([&, i] {
+                while (!Via)
+                    std::this_thread::yield();
+                Riuscite[i] = CreaFile(File, QByteArray::number(qulonglong(i)));
+            });
+        Via = true;
+    }
+    QCOMPARE(std::ranges::count(Riuscite, true), 1);
+    QCOMPARE(LeggiFile(File),
+             QByteArray::number(qulonglong(std::ranges::find(Riuscite, true) - Riuscite.begin())));
+    QCOMPARE(Presenti(CartellaFile(File)), QStringList{u"archivio.mdb"_s});
 }
 
 #include "TestPercorsi.moc"
