@@ -35,6 +35,7 @@ namespace {
 
 const QString NomePosto = u"frmStudio"_s;
 const QString PrefissoUtente = u"user"_s;
+constexpr int AccessoNegato = 75;
 
 struct IconaFissa
 {
@@ -178,6 +179,7 @@ void frmStudio::Mostra()
 {
     if (!isVisible())
         aspetto::RimettiAlPosto(this, NomePosto);
+    setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
     activateWindow();
@@ -254,7 +256,7 @@ void frmStudio::Menu(int Indice)
     for (int i = 0; i < NumeroIcone(); ++i)
         Icone[size_t(i)]->Colora(
             aspetto::DaBgr(i == Indice ? sessione::ColoreEtichettaSel : sessione::ColoreEtichette),
-            aspetto::DaBgr(sessione::ColoreEtichetteBordo));
+            aspetto::DaBgr(sessione::ColoreEtichetteBordo), i == Indice);
 }
 
 void frmStudio::Sposta(int Da, int Tasto)
@@ -421,7 +423,8 @@ void frmStudio::VerificaPreparazione()
 
 void frmStudio::closeEvent(QCloseEvent* Evento)
 {
-    Protetta([this] { aspetto::RicordaPosto(this, NomePosto); });
+    // A place that cannot be kept is nothing to be told: the process ends at once.
+    Protetta([this] { aspetto::RicordaPosto(this, NomePosto); }, AccessoNegato);
     Evento->accept();
     Termina();
 }

@@ -78,12 +78,13 @@ void IconaStudio::ImpostaFigura(const QPixmap& Nuova)
     update();
 }
 
-void IconaStudio::Colora(const QColor& NuovoTesto, const QColor& NuovoBordo)
+void IconaStudio::Colora(const QColor& NuovoTesto, const QColor& NuovoBordo, bool Marcata)
 {
-    if (Testo == NuovoTesto && Bordo == NuovoBordo)
+    if (Testo == NuovoTesto && Bordo == NuovoBordo && ConTarga == Marcata)
         return;
     Testo = NuovoTesto;
     Bordo = NuovoBordo;
+    ConTarga = Marcata;
     update();
 }
 
@@ -110,15 +111,38 @@ void IconaStudio::DisegnaTessera(QPainter& Pennello) const
     if (Figura.isNull())
         Icona.paint(&Pennello, Disegno);
     else
-        Pennello.drawPixmap(Disegno, Figura);
+        DisegnaFigura(Pennello, Disegno);
+}
+
+void IconaStudio::DisegnaFigura(QPainter& Pennello, const QRect& Posto) const
+{
+    QRect Intera(QPoint(), Figura.size().scaled(Posto.size(), Qt::KeepAspectRatio));
+    Intera.moveCenter(Posto.center());
+    Pennello.setRenderHint(QPainter::SmoothPixmapTransform);
+    Pennello.drawPixmap(Intera, Figura);
 }
 
 void IconaStudio::DisegnaEtichetta(QPainter& Pennello) const
 {
-    constexpr int Margine = 3;
-    const QRect Spazio = rect().adjusted(Margine, Immagine + SpazioEtichetta, -Margine, -1);
+    constexpr int Margine = 1;  // the room of the border
+    constexpr int Bandiere = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
+    const QRect Spazio = rect().adjusted(Margine, Immagine + SpazioEtichetta, -Margine, -Margine);
     Pennello.setFont(CarattereEtichetta(font(), text(), Spazio.width()));
-    TextBorder(Pennello, Spazio, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, text(), Testo, Bordo);
+    if (ConTarga)
+        DisegnaTarga(Pennello, Pennello.fontMetrics().boundingRect(Spazio, Bandiere, text()));
+    TextBorder(Pennello, Spazio, Bandiere, text(), Testo, Bordo);
+}
+
+void IconaStudio::DisegnaTarga(QPainter& Pennello, const QRect& Scritta) const
+{
+    constexpr int Spazio = 4;
+    constexpr int Smusso = 5;
+    constexpr double Coprente = 0.85;
+    QColor Fondo = Bordo;
+    Fondo.setAlphaF(float(Coprente));
+    Pennello.setPen(Qt::NoPen);
+    Pennello.setBrush(Fondo);
+    Pennello.drawRoundedRect(Scritta.adjusted(-Spazio, -1, Spazio, 1) & rect(), Smusso, Smusso);
 }
 
 void IconaStudio::enterEvent(QEnterEvent* Evento)

@@ -35,7 +35,9 @@ public:
     /// A picture of the user's, in the place of an icon of the program.
     void ImpostaFigura(const QPixmap& Nuova);
 
-    void Colora(const QColor& Testo, const QColor& Bordo);
+    /// Colours of the label. A marked one stands on a plate of the border's colour, which makes any colour of
+    /// its text readable that the border serves.
+    void Colora(const QColor& Testo, const QColor& Bordo, bool Marcata);
     [[nodiscard]] QColor ColoreTesto() const { return Testo; }
 
 Q_SIGNALS:
@@ -54,11 +56,14 @@ protected:
 
 private:
     void DisegnaTessera(QPainter& Pennello) const;
+    void DisegnaFigura(QPainter& Pennello, const QRect& Posto) const;
     void DisegnaEtichetta(QPainter& Pennello) const;
+    void DisegnaTarga(QPainter& Pennello, const QRect& Scritta) const;
 
     QString Comando;
     QIcon Icona;
     QPixmap Figura;
     QColor Testo = Qt::white;
     QColor Bordo = Qt::black;
+    bool ConTarga = false;
 };

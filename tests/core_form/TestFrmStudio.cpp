@@ -4,10 +4,13 @@
 #include "platform/aspetto.h"
 
 #include <QImage>
+#include <QMap>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QTimer>
 
+#include <algorithm>
+#include <cmath>
 #include <memory>
 
 class TestFrmStudio : public QObject
@@ -23,6 +26,8 @@ private Q_SLOTS:
     void clicConLaClessidra();
     void guastoDiUnComando();
     void segnoSottoIlPuntatore();
+    void segnoLeggibile_data();
+    void segnoLeggibile();
     void segnoColFuoco();
     void frecce_data();
     void frecce();
@@ -32,11 +37,15 @@ private Q_SLOTS:
 
     void coloreDiSfondo();
     void immagineDiSfondo();
+    void immagineDiSfondoGuasta();
     void versione();
     void iconePersonali();
     void ridisegnoNonRaddoppia();
     void collegamenti();
     void senzaFigura();
+    void figuraNonStirata();
+    void fileDelleIconeIlleggibile();
+    void ridottaTornaInVista();
 
     void archivioParcelleMancante_data();
     void archivioParcelleMancante();
@@ -49,6 +58,7 @@ private Q_SLOTS:
     void tracciaPrimaDiUnErrore();
 
     void chiusura();
+    void chiusuraSenzaImpostazioniScrivibili();
     void uscita();
     void marchi();
 
@@ -95,6 +105,19 @@ QString ProgrammaConIcone(const QByteArray& Righe)
     return Cartella;
 }
 
+/// Contrast of two colours, from 1 to 21, as the rules for readable pages reckon it.
+double Contrasto(const QColor& Uno, const QColor& Altro)
+{
+    const auto Luce = [](const QColor& C) {
+        const auto Canale = [](double V) {
+            return V <= 0.03928 ? V / 12.92 : std::pow((V + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * Canale(C.redF()) + 0.7152 * Canale(C.greenF()) + 0.0722 * Canale(C.blueF());
+    };
+    const auto [Scura, Chiara] = std::minmax({Luce(Uno), Luce(Altro)});
+    return (Chiara + 0.05) / (Scura + 0.05);
+}
+
 int Conta(const QImage& Immagine, const QColor& Colore)
 {
     int Quanti = 0;
@@ -102,6 +125,16 @@ int Conta(const QImage& Immagine, const QColor& Colore)
         for (int x = 0; x < Immagine.width(); ++x)
             Quanti += Immagine.pixelColor(x, y) == Colore;
     return Quanti;
+}
+
+/// The colour that the most points have.
+QColor Prevalente(const QImage& Immagine)
+{
+    QMap<QRgb, int> Quanti;
+    for (int y = 0; y < Immagine.height(); ++y)
+        for (int x = 0; x < Immagine.width(); ++x)
+            ++Quanti[Immagine.pixel(x, y)];
+    return QColor(std::ranges::max_element(Quanti).key());
 }
 
 }  // namespace
@@ -189,6 +222,34 @@ void TestFrmStudio::segnoSottoIlPuntatore()
     QCoreApplication::sendEvent(Scrivania.imgMenu(7), &Esce);
     QCOMPARE(Scrivania.Marcata(), frmStudio::NessunaIcona);
     QCOMPARE(Scrivania.imgMenu(7)->ColoreTesto(), Normale);
+}
+
+void TestFrmStudio::segnoLeggibile_data()
+{
+    QTest::addColumn<int>("Sfondo");
+
+    QTest::newRow("the usual green") << 2508052;
+    QTest::newRow("red") << 0x0000FF;
+    QTest::newRow("white") << 0xFFFFFF;
+    QTest::newRow("black") << 0;
+}
+
+void TestFrmStudio::segnoLeggibile()
+{
+    QFETCH(int, Sfondo);
+    sessione::ColoreSfondoDesktop = Sfondo;
+    sessione::SfondoDesktop = u"manca.jpg"_s;
+    frmStudio& Scrivania = Apri();
+    const QRect Icona(Scrivania.imgMenu(8)->mapTo(&Scrivania, QPoint()), Scrivania.imgMenu(8)->size());
+    Scrivania.Menu(8);
+    const QImage Vista = Scrivania.grab(Icona).toImage();
+    constexpr int MezzaScritta = 25;
+    const QRect Riga(Vista.width() / 2 - MezzaScritta, IconaStudio::Immagine + 7, 2 * MezzaScritta, 10);
+    const double Visto =
+        Contrasto(aspetto::DaBgr(sessione::ColoreEtichettaSel), Prevalente(Vista.copy(Riga)));
+    QVERIFY2(Visto >= 3.5, qPrintable(QString::number(Visto)));
+    // The plate is no wider than its label needs.
+    QCOMPARE(Vista.pixelColor(0, Riga.center().y()), aspetto::DaBgr(Sfondo));
 }
 
 void TestFrmStudio::segnoColFuoco()
@@ -304,6 +365,16 @@ void TestFrmStudio::immagineDiSfondo()
     QVERIFY(Larga.pixelColor(2, Larga.height() - 60).blue() > 200);
 }
 
+void TestFrmStudio::immagineDiSfondoGuasta()
+{
+    const Registratore Box;
+    sessione::PercorsoProg = ProgrammaConIcone({});
+    CreaCartella(sessione::PercorsoProg + u"sfondi"_s);
+    ScriviFile(sessione::PercorsoProg + u"sfondi/lex.jpg"_s, "\xFF\xD8\xFF and no picture");
+    sessione::SfondoDesktop = u"lex.jpg"_s;
+    QCOMPARE(Apri().grab().toImage().pixelColor(2, 2), aspetto::DaBgr(sessione::ColoreSfondoDesktop));
+}
+
 void TestFrmStudio::versione()
 {
     const frmStudio& Scrivania = Singola<frmStudio>();
@@ -362,6 +433,40 @@ void TestFrmStudio::senzaFigura()
     frmStudio& Scrivania = Apri();
     QVERIFY(Scrivania.imgMenu(15)->isVisible());
     QVERIFY(!Scrivania.grab().isNull());
+}
+
+void TestFrmStudio::figuraNonStirata()
+{
+    sessione::PercorsoProg = ProgrammaConIcone("L0=A\r\nL0_c=/a\r\nL0_i=larga.png\r\n");
+    CreaCartella(sessione::PercorsoProg + u"icone"_s);
+    QImage Larga(68, 17, QImage::Format_RGB32);
+    Larga.fill(Qt::magenta);
+    QVERIFY(Larga.save(sessione::PercorsoProg + u"icone/larga.png"_s));
+    const int Visti = Conta(Apri().imgMenu(15)->grab().toImage(), Qt::magenta);
+    // Four times as wide as high, as it is in its file.
+    QVERIFY2(Visti >= 34 * 7 && Visti <= 34 * 10, qPrintable(QString::number(Visti)));
+}
+
+void TestFrmStudio::fileDelleIconeIlleggibile()
+{
+    Registratore Box;
+    sessione::PercorsoProg = ProgrammaConIcone("L0=A\r\nL0_c=/a\r\nL0_i=a.gif\r\n");
+    QVERIFY(QFile::setPermissions(sessione::PercorsoProg + u"kr5.ini"_s, {}));
+    Box.Attendi(u"75 "_s + DescrizioneErrore(75));
+    const frmStudio& Scrivania = Apri();
+    QCOMPARE(Scrivania.NumeroIcone(), int(Fisse.size()));
+    Aperture.Termini = [this] { S->Annota(u"termini"_s); };
+    QTest::mouseClick(Scrivania.imgMenu(3), Qt::LeftButton);
+    QCOMPARE(S->Eventi, QStringList{u"termini"_s});
+}
+
+void TestFrmStudio::ridottaTornaInVista()
+{
+    frmStudio& Scrivania = Apri();
+    Scrivania.showMinimized();
+    Scrivania.Mostra();
+    QVERIFY(!Scrivania.isMinimized());
+    QVERIFY(Scrivania.isVisible());
 }
 
 void TestFrmStudio::archivioParcelleMancante_data()
@@ -499,6 +604,17 @@ void TestFrmStudio::chiusura()
     InfoParcelle[1].Modificata = true;
     Aperture.ChiudiParcella = [this](int) { return S->Annota(u"chiudi"_s) == 0; };
     Scrivania.close();
+    QCOMPARE(S->Eventi, QStringList{u"fine"_s});
+}
+
+void TestFrmStudio::chiusuraSenzaImpostazioniScrivibili()
+{
+    const Registratore Box;
+    frmStudio& Scrivania = Apri();
+    QFile::remove(Scena::FileImpostazioni());
+    QVERIFY(QDir().mkpath(Scena::FileImpostazioni() + u"/x"_s));
+    Scrivania.close();
+    QVERIFY(QDir(Scena::FileImpostazioni()).removeRecursively());
     QCOMPARE(S->Eventi, QStringList{u"fine"_s});
 }
 
