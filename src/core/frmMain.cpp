@@ -190,10 +190,13 @@ void frmMain::CreaProcedure()
 
 QMdiArea* frmMain::Area()
 {
-    if (!isVisible()) {
+    if (!isVisible())
         Form_Load();
-        show();
-    }
+    // It may lie minimised, or behind the desktop that a note was just asked of.
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
     return ui->areaParcelle;
 }
 
@@ -223,7 +226,9 @@ void frmMain::BackImage(const QPixmap& Immagine)
 void frmMain::Riscala()
 {
     if (Sfondo.isNull()) {
-        ui->areaParcelle->setBackground(palette().brush(QPalette::Mid));
+        // The palette's own shades need not follow its window colour.
+        constexpr int Fondo = 125;
+        ui->areaParcelle->setBackground(palette().color(QPalette::Window).darker(Fondo));
         return;
     }
     const double Densita = devicePixelRatioF();
@@ -237,6 +242,13 @@ void frmMain::resizeEvent(QResizeEvent* Evento)
 {
     QMainWindow::resizeEvent(Evento);
     Riscala();
+}
+
+void frmMain::changeEvent(QEvent* Evento)
+{
+    QMainWindow::changeEvent(Evento);
+    if (Evento->type() == QEvent::PaletteChange)
+        Riscala();
 }
 
 void frmMain::ShowGuida(const QString& Nome)

@@ -21,7 +21,7 @@ public:
     frmMain();
     ~frmMain() override;
 
-    /// The client area of the note windows; brings the frame up.
+    /// The client area of the note windows; brings the frame up and in front.
     [[nodiscard]] QMdiArea* Area();
 
     /// Index of the note window activated last, empty when there is none: the target of the toolbar.
@@ -48,6 +48,7 @@ public:
     void barParcelle_ButtonMenuClick(const QString& Chiave);
 
 protected:
+    void changeEvent(QEvent* Evento) override;
     void closeEvent(QCloseEvent* Evento) override;
     void resizeEvent(QResizeEvent* Evento) override;
 

@@ -39,6 +39,8 @@ private Q_SLOTS:
     void misureSalvate();
     void laFinestraAttivaDiventaIlBersaglio();
     void sfondo();
+    void fondoSegueLaTavolozza();
+    void ridottaTornaInVista();
     void schedaDellaGuida();
 
     void chiusuraChiedeAOgnunaEUnNoLaFerma();
@@ -342,6 +344,37 @@ void TestFrmMain::sfondo()
     }
     Cornice->BackImage({});
     QCOMPARE(AiLati().first, Nudo);
+}
+
+void TestFrmMain::fondoSegueLaTavolozza()
+{
+    const QPalette Prima = QApplication::palette();
+    const QMdiArea* Area = Cornice->Area();
+    Respiro();
+    QVERIFY(Area->background().color().lightness() > 128);
+    // Only the roles that a dark theme must set.
+    QPalette Scura = Prima;
+    Scura.setColor(QPalette::Window, QColor(45, 45, 48));
+    Scura.setColor(QPalette::WindowText, Qt::white);
+    QApplication::setPalette(Scura);
+    Respiro();
+    const int Luce = Area->background().color().lightness();
+    QApplication::setPalette(Prima);
+    QVERIFY2(Luce < 45, qPrintable(QString::number(Luce)));
+}
+
+void TestFrmMain::ridottaTornaInVista()
+{
+    QVERIFY(Cornice->Area());
+    Cornice->resize(600, 400);
+    Cornice->showMinimized();
+    QVERIFY(Cornice->Area());
+    QVERIFY(!Cornice->isMinimized());
+    QCOMPARE(Cornice->size(), QSize(600, 400));
+    Cornice->showMaximized();
+    Cornice->showMinimized();
+    QVERIFY(Cornice->Area());
+    QVERIFY2(Cornice->isMaximized(), "as it was before");
 }
 
 void TestFrmMain::schedaDellaGuida()
