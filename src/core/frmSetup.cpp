@@ -19,6 +19,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QString NomePosto = u"frmSetup"_s;
+constexpr int AccessoNegato = 75;
+
 /// A box and the key that it shows.
 struct CampoImpostazione
 {
@@ -74,6 +77,8 @@ void frmSetup::Prepara(int Quale)
     if (!isVisible()) {
         LoadValori();
         ui->txtNomeStudio->setFocus();
+        adjustSize();
+        aspetto::RimettiAlPosto(this, NomePosto);
     }
     ChangeTab(Quale);
 }
@@ -126,6 +131,13 @@ void frmSetup::SalvaValori() const
     for (const CampoImpostazione& Uno : Campi)
         SaveSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Uno.Chiave.toString(),
                     (ui.get()->*Uno.Campo)->text());
+}
+
+void frmSetup::hideEvent(QHideEvent* Evento)
+{
+    // A place that cannot be kept is nothing to be told: the user wanted to close.
+    Protetta([this] { aspetto::RicordaPosto(this, NomePosto); }, AccessoNegato);
+    QDialog::hideEvent(Evento);
 }
 
 void frmSetup::cmdSaveImpost_Click()

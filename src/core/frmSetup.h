@@ -37,6 +37,9 @@ public:
 
     void cmdSaveImpost_Click();
 
+protected:
+    void hideEvent(QHideEvent* Evento) override;
+
 private:
     void Prepara(int Quale);
     void SalvaValori() const;

@@ -1,6 +1,7 @@
 #include "scena.h"
 
 #include <QLineEdit>
+#include <QScreen>
 #include <QTabWidget>
 #include <QTimer>
 
@@ -26,6 +27,8 @@ private Q_SLOTS:
     void modaleSiChiudeDopoAverMemorizzato();
     void chiudereNonCambiaNulla();
     void aprirlaDueVolteNonPerdeIlTesto();
+    void ricordaIlPosto();
+    void ordineDelTabulatore();
     void changeTabFuoriDaiLimiti();
     void ogniControlloHaUnNome();
 
@@ -173,6 +176,8 @@ void TestFrmSetup::memorizzaNonRiesce()
     QVERIFY(QDir().mkpath(Scena::FileImpostazioni() + u"/x"_s));
     Box.Attendi(u"Errore: "_s + DescrizioneErrore(75) + u" (75)"_s, vbOK, u"Errore:"_s);
     Memorizza();
+    // Closing it now tells nothing more.
+    Modulo->close();
     QVERIFY(QDir(Scena::FileImpostazioni()).removeRecursively());
     QCOMPARE(sessione::StudioNome, QString());
     QCOMPARE(Campo(u"txtNomeStudio"_s)->text(), u"nuovo StudioNome"_s);
@@ -228,6 +233,38 @@ void TestFrmSetup::aprirlaDueVolteNonPerdeIlTesto()
     Riempi();
     Modulo->Mostra(0);
     QCOMPARE(Campo(u"txtNomeStudio"_s)->text(), u"nuovo StudioNome"_s);
+}
+
+void TestFrmSetup::ricordaIlPosto()
+{
+    Modulo->Mostra(0);
+    const QRect Schermo = Modulo->screen()->availableGeometry();
+    QVERIFY(Schermo.contains(Modulo->geometry()));
+    QVERIFY((Modulo->geometry().center() - Schermo.center()).manhattanLength() <= 2);
+    const QRect Posto(20, 30, 600, 420);
+    Modulo->setGeometry(Posto);
+    Modulo->close();
+    delete Modulo;
+    Modulo = &Singola<frmSetup>();
+    Modulo->Mostra(0);
+    QCOMPARE(Modulo->geometry(), Posto);
+}
+
+void TestFrmSetup::ordineDelTabulatore()
+{
+    QVERIFY(MostraAttiva(*Modulo));
+    Modulo->Mostra(0);
+    Campo(u"txtNomeStudio"_s)->setFocus();
+    QStringList Passati;
+    for (qsizetype i = 0; i < Chiavi.size() + 3; ++i) {
+        Passati << QApplication::focusWidget()->objectName();
+        Premi(Qt::Key_Tab);
+    }
+    QStringList Attesi;
+    for (const auto& [Nome, Chiave] : Chiavi)
+        Attesi << Nome;
+    Attesi << u"cmdSaveImpost"_s << u"cmdChiudi"_s;
+    QCOMPARE(Passati.first(Attesi.size()), Attesi);
 }
 
 void TestFrmSetup::changeTabFuoriDaiLimiti()
