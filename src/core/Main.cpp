@@ -71,6 +71,9 @@ bool Avvia(const QString& Riga)
     if (Riga == u"-low") {
         sessione::ModoLow = true;
         EseguiComando(u"new"_s, 0, {});
+        // No desktop will offer what an earlier session left.
+        if (Aperture.OffriRecupero)
+            Aperture.OffriRecupero();
     } else if (Riga.startsWith(PrefissoPV2)) {
         return AvvioAutomazione(Riga);
     } else {

@@ -142,9 +142,13 @@ void Aiuto(const Chiamata&)
 /// Every note is closed, asking; an answer of Cancel saves nothing but does not stop the shutdown.
 void Spegni(const Chiamata&)
 {
-    for (int i = 1; i <= UltimaParcella(); ++i)
-        if (!InfoParcelle[size_t(i)].Libera && Aperture.ChiudiParcella)
-            Aperture.ChiudiParcella(i);
+    for (int i = 1; i <= UltimaParcella(); ++i) {
+        if (InfoParcelle[size_t(i)].Libera || !Aperture.ChiudiParcella)
+            continue;
+        // The note of a matter has ended the process by itself: the others are not asked about any more.
+        if (Aperture.ChiudiParcella(i) && !sessione::RichiestaPV2.ID.isEmpty())
+            return;
+    }
     Termina();
 }
 

@@ -46,6 +46,7 @@ private Q_SLOTS:
     void pagineDelFornitore_data();
     void pagineDelFornitore();
     void spegniChiudeQuelleAperte();
+    void spegniDaUnaPratica();
     void guastoRiferito();
 
     void postoNuovo();
@@ -476,6 +477,24 @@ void TestComandi::spegniChiudeQuelleAperte()
     EseguiComando(u"off"_s, 0, {});
     // Every close was refused: the shutdown goes on all the same.
     QCOMPARE(Eventi, (QStringList{u"chiudi 1"_s, u"chiudi 3"_s, u"chiudi 4"_s, u"fine 0"_s}));
+}
+
+void TestComandi::spegniDaUnaPratica()
+{
+    const Registratore Box;
+    Posti(u"mm"_s);
+    sessione::RichiestaPV2.ID = u"P1"_s;
+    EseguiComando(u"off"_s, 0, {});
+    QCOMPARE(Eventi, (QStringList{u"chiudi 1"_s, u"chiudi 2"_s, u"fine 0"_s}));
+    // A close that is carried out ends the process: the others are not asked about.
+    Eventi.clear();
+    Aperture.ChiudiParcella = [this](int Indice) {
+        Eventi << u"chiudi"_s + Numeri({Indice});
+        Termina();
+        return true;
+    };
+    EseguiComando(u"off"_s, 0, {});
+    QCOMPARE(Eventi, (QStringList{u"chiudi 1"_s, u"fine 0"_s}));
 }
 
 void TestComandi::guastoRiferito()

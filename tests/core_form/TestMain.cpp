@@ -14,11 +14,13 @@ private Q_SLOTS:
 
     void basso();
     void bassoConFinestra();
+    void bassoOffreIlRecupero();
     void normale_data();
     void normale();
     void richiestaNuova();
     void richiestaIlleggibile_data();
     void richiestaIlleggibile();
+    void richiestaConUnNumeroIlleggibile();
     void richiestaSuFile();
     void richiestaIgnota_data();
     void richiestaIgnota();
@@ -27,6 +29,8 @@ private Q_SLOTS:
     void avviso();
     void avvisoLetto_data();
     void avvisoLetto();
+    void avvisoTornaSenzaMarcatore();
+    void impostazioniDanneggiate();
     void percorsoDelProgrammaPrecedente();
 
 private:
@@ -83,6 +87,19 @@ void TestMain::bassoConFinestra()
     Aperture.ApriParcella = [&](const QString&, int, const QString&) { Nota.show(); };
     Main(u"-low"_s);
     QCOMPARE(S->Eventi, QStringList());
+}
+
+void TestMain::bassoOffreIlRecupero()
+{
+    // No desktop will come up to offer it; the other starts leave it to the desktop.
+    const Registratore Box;
+    Aperture.OffriRecupero = [this] { S->Annota(u"recupero"_s); };
+    Main(u"-low"_s);
+    QCOMPARE(S->Eventi, (QStringList{u"parcella [] 0 [] "_s, u"recupero"_s, u"fine"_s}));
+    S->Eventi.clear();
+    sessione::ModoLow = false;
+    Main(u"PV2|E|/nota.mdb"_s);
+    QCOMPARE(S->Eventi, (QStringList{u"parcella [/nota.mdb] 0 [] "_s, u"fine"_s}));
 }
 
 void TestMain::normale_data()
@@ -150,6 +167,16 @@ void TestMain::richiestaIlleggibile()
     QCOMPARE(sessione::ArchivioPrat, QString());
     QVERIFY(Avvisi.isEmpty());
     QVERIFY(!SeCaricato<frmStudio>);
+}
+
+void TestMain::richiestaConUnNumeroIlleggibile()
+{
+    Registratore Box;
+    Box.Attendi(u"Errore: "_s + DescrizioneErrore(13) + u" (13)"_s, vbOK, u"Errore:"_s);
+    Box.Attendi(u"Errore di automazione programma VDM!"_s, vbOK, u"Calcanova"_s);
+    Main(u"PV2|N|P12|civile|2|1500|7|8|3|"_s);
+    QCOMPARE(S->Eventi, QStringList{u"fine"_s});
+    QVERIFY(sessione::RichiestaPV2 == Richiesta());
 }
 
 void TestMain::richiestaSuFile()
@@ -248,6 +275,35 @@ void TestMain::avvisoLetto()
     }
     Main(u"PV2|X"_s);
     QCOMPARE(Avvisi.size(), Mostra ? 1 : 0);
+}
+
+void TestMain::avvisoTornaSenzaMarcatore()
+{
+    const Registratore Box;
+    const QString Utente = NuovaCartella();
+    Scena::Salva(u"UserFolder"_s, Utente);
+    // What stands in the marker is never read.
+    ScriviFile(Utente + u"avvisokr5.ini"_s, QByteArray(100, '\0'));
+    Main(u"PV2|X"_s);
+    QCOMPARE(Avvisi.size(), 0);
+    QVERIFY(QFile::remove(Utente + u"avvisokr5.ini"_s));
+    Main(u"PV2|X"_s);
+    QCOMPARE(Avvisi.size(), 1);
+}
+
+void TestMain::impostazioniDanneggiate()
+{
+    // Not one message: what can be read holds, the rest is as at the first use.
+    const Registratore Box;
+    ScriviFile(Scena::FileImpostazioni(),
+               "[Parametri]\npercorsoprocedura=" + ProgrammaDiProva().toUtf8() +
+                   "\nstudionome=Bianchi\ncercaagg=N\n\xFF\xFE[[=\niva=ventidue\nstudioi");
+    Main(u""_s);
+    QVERIFY(ScrivaniaVisibile());
+    QCOMPARE(sessione::StudioNome, u"Bianchi"_s);
+    QCOMPARE(sessione::IVA, 21.0F);
+    QCOMPARE(Scena::Parametro(u"StudioNome"_s), u"Bianchi"_s);
+    QVERIFY(EsisteCartella(Scena::Parametro(u"UserFolder"_s)));
 }
 
 void TestMain::percorsoDelProgrammaPrecedente()
