@@ -32,8 +32,9 @@ QString CartellaDocumenti()
 void CopiaSeManca(const QString& Nome, const QString& Cartella)
 {
     const QString Origine = TrovaFile(Barra(Parametro(u"PercorsoProcedura"_s, CartellaEseguibile())) + Nome);
+    // Two programs may be started at once: of two copies the first one counts, it may be in use already.
     if (EsisteFile(Origine) && !EsisteFile(TrovaFile(Cartella + Nome)))
-        ScriviFile(Cartella + Nome, LeggiFile(Origine));
+        CreaFile(Cartella + Nome, LeggiFile(Origine));
 }
 
 void PreparaCartellaUtente()

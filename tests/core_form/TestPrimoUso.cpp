@@ -21,6 +21,7 @@ private Q_SLOTS:
     void tassiSeMancano();
     void cartellaUtenteSparita();
     void cartellaRifiutata();
+    void impostazioniNonScrivibili();
 
 private:
     std::unique_ptr<Scena> S;
@@ -156,6 +157,23 @@ void TestPrimoUso::cartellaRifiutata()
     QVERIFY(QFile::remove(Documenti + u"Calcanova"_s));
     PrimoUso();
     QVERIFY(EsisteFile(Scena::Parametro(u"ArchivioCliCon"_s)));
+}
+
+void TestPrimoUso::impostazioniNonScrivibili()
+{
+    Registratore Box;
+    // A folder stands where the store should be.
+    QVERIFY(QFile::remove(Scena::FileImpostazioni()));
+    QVERIFY(QDir().mkpath(Scena::FileImpostazioni() + u"/x"_s));
+    const QString Messaggio = u"Errore: "_s + DescrizioneErrore(75) + u" (75)"_s;
+    for (int i = 0; i < 3; ++i)  // user folder, fee notes, archive
+        Box.Attendi(Messaggio, vbOK, u"Errore:"_s);
+    PrimoUso();
+    ImpostaVariabili();
+    QVERIFY(QDir(Scena::FileImpostazioni()).removeRecursively());
+    // The session works in the user's folder all the same.
+    QCOMPARE(sessione::UserFolder, Documenti + Barra(u"KR5"_s));
+    QVERIFY(EsisteCartella(sessione::UserFolder));
 }
 
 #include "TestPrimoUso.moc"
