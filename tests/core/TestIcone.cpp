@@ -1,8 +1,12 @@
 #include "supporto/prova.h"
+#include "supporto/registratore.h"
 
 #include "core/modIcone.h"
 #include "core/sessione.h"
+#include "platform/errore.h"
 #include "platform/percorsi.h"
+
+#include <QDir>
 
 using namespace Qt::StringLiterals;
 
@@ -15,6 +19,9 @@ private Q_SLOTS:
 
     void legge_data();
     void legge();
+    void fileGuasto_data();
+    void fileGuasto();
+    void fileIlleggibile();
     void senzaFile();
     void nellaCartellaUtente();
     void rilegge();
@@ -60,6 +67,47 @@ void TestIcone::legge()
         QCOMPARE(IconeUtente(0, IconaCollegamento).toString(), u"/a"_s);
         QCOMPARE(IconeUtente(0, IconaFigura).toString(), u"a.gif"_s);
     }
+}
+
+void TestIcone::fileGuasto_data()
+{
+    QTest::addColumn<QByteArray>("Contenuto");
+    QTest::addColumn<int>("Icone");
+
+    const QByteArray Prima = "[desktop]\nL0=A\nL0_c=/a\nL0_i=a.gif\n";
+    QTest::newRow("empty") << QByteArray() << 0;
+    QTest::newRow("zeros") << QByteArray(4096, '\0') << 0;
+    QTest::newRow("no text at all") << "\xFF\xFE\x01[[[==\n=\n\r\r]"_ba << 0;
+    QTest::newRow("zeros behind a good icon") << Prima + QByteArray(512, '\0') << 1;
+    QTest::newRow("cut in the second icon") << Prima + "L1=B\nL1_c=/b\nL1" << 1;
+    QTest::newRow("a heading left open") << "[desktop\nL0=A\nL0_c=/a\nL0_i=a.gif\n"_ba << 0;
+    QTest::newRow("one endless line") << "[desktop]\nL0=" + QByteArray(200000, 'x') + "\nL0_c=/a\n" << 0;
+}
+
+void TestIcone::fileGuasto()
+{
+    QFETCH(QByteArray, Contenuto);
+    const Registratore Box;
+    ScriviFile(sessione::PercorsoProg + u"kr5.ini"_s, Contenuto);
+    LeggiIconeUtente();
+    QTEST(IconeUtente.Righe(), "Icone");
+    QCOMPARE(LeggiFile(sessione::PercorsoProg + u"kr5.ini"_s), Contenuto);
+}
+
+void TestIcone::fileIlleggibile()
+{
+    Registratore Box;
+    const QString File = sessione::PercorsoProg + u"kr5.ini"_s;
+    ScriviFile(File, "[desktop]\nL0=A\nL0_c=/a\nL0_i=a.gif\n");
+    QVERIFY(QFile::setPermissions(File, {}));
+    Box.Attendi(u"75 "_s + DescrizioneErrore(75));  // once, not for each key
+    LeggiIconeUtente();
+    QVERIFY(IconeUtente.Vuota());
+    // A folder of that name is no file, so that there is none.
+    QVERIFY(QFile::remove(File));
+    QVERIFY(QDir().mkpath(File));
+    LeggiIconeUtente();
+    QVERIFY(IconeUtente.Vuota());
 }
 
 void TestIcone::senzaFile()
