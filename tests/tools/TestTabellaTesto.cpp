@@ -129,7 +129,7 @@ void TestTabellaTesto::rifiutaTroppeRighe()
         Contenuto += "a;1\n";
     QCOMPARE(Tabella(Contenuto).Righe(), TabellaTesto::MassimoRighe);
     QCOMPARE(Rifiuto([&] { (void)Tabella(Contenuto + "b;1\n"); }),
-             u"prova.csv, riga 10002, colonna nome: la tabella ha troppe righe"_s);
+             u"prova.csv, riga 20002, colonna nome: la tabella ha troppe righe"_s);
 }
 
 void TestTabellaTesto::rifiutaFileGrande()

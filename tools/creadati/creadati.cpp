@@ -2,6 +2,8 @@
 
 #include "creadati/archivio_studio.h"
 #include "creadati/archivio_tariffe.h"
+#include "creadati/archivio_tassi.h"
+#include "creadati/comuni.h"
 #include "platform/errore.h"
 #include "platform/percorsi.h"
 
@@ -14,15 +16,19 @@ namespace {
 void CreaBasi(const QString& Tabelle, const QString& Uscita)
 {
     const Tariffe Dati = LeggiTariffe(Tabelle);
+    const Tassi Archivio = LeggiTassi(Tabelle);
+    const QList<ComuneTabella> Comuni = LeggiComuni(Tabelle);
     const QTemporaryDir Cartella;
     if (!Cartella.isValid())
         throw Errore(75);
     const QString Provvisoria = Barra(Cartella.path());
     ScriviTariffe(Dati, Provvisoria + u"parcelle.mdb"_s);
     ScriviArchivioStudio(Provvisoria + u"DatiStudio.mdb"_s);
+    ScriviTassi(Archivio, Provvisoria + u"Tassi.dat"_s);
+    ScriviComuni(Comuni, Provvisoria + u"Comuni.mdb"_s);
 
     CreaCartella(Uscita);
-    for (const auto& Nome : {u"parcelle.mdb"_s, u"DatiStudio.mdb"_s})
+    for (const auto& Nome : {u"parcelle.mdb"_s, u"DatiStudio.mdb"_s, u"Tassi.dat"_s, u"Comuni.mdb"_s})
         ScriviFile(Uscita + Nome, LeggiFile(Provvisoria + Nome));
 }
 

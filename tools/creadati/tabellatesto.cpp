@@ -166,6 +166,26 @@ double TabellaTesto::Importo(int Riga, const QString& Colonna) const
     return Cella.toDouble();
 }
 
+double TabellaTesto::Decimale(int Riga, const QString& Colonna, int Decimali) const
+{
+    static const QRegularExpression Cifre(u"\\A[0-9]{1,9}([.]([0-9]{1,9}))?\\z"_s);
+    const QString Cella = Testo(Riga, Colonna);
+    const QRegularExpressionMatch Letta = Cifre.match(Cella);
+    if (!Letta.hasMatch() || Letta.capturedLength(2) > Decimali)
+        Rifiuta(Riga, Colonna,
+                TraVirgolette(Cella) + u" non è un numero con al massimo %1 decimali"_s.arg(Decimali));
+    return Cella.toDouble();
+}
+
+QDate TabellaTesto::Data(int Riga, const QString& Colonna) const
+{
+    const QString Cella = Testo(Riga, Colonna);
+    const QDate Giorno = QDate::fromString(Cella, u"yyyy-MM-dd"_s);
+    if (!Giorno.isValid())
+        Rifiuta(Riga, Colonna, TraVirgolette(Cella) + u" non è una data aaaa-mm-gg"_s);
+    return Giorno;
+}
+
 bool TabellaTesto::SiNo(int Riga, const QString& Colonna) const
 {
     const QString Cella = Testo(Riga, Colonna);

@@ -1,6 +1,7 @@
 // A text table: UTF-8, fields separated by ";", a heading row, points before the decimals.
 #pragma once
 
+#include <QDate>
 #include <QHash>
 #include <QList>
 #include <QString>
@@ -17,7 +18,7 @@ class TabellaTesto
 public:
     /// Bounds of a table; a larger file is none of ours.
     static constexpr qint64 MassimoByte = 1024 * 1024;
-    static constexpr int MassimoRighe = 10'000;
+    static constexpr int MassimoRighe = 20'000;
 
     /// @param Colonne the headings the table must have, in any order, and no other
     /// @throws Errore 53 no such file, 5 the table is refused
@@ -35,6 +36,10 @@ public:
     [[nodiscard]] int Intero(int Riga, const QString& Colonna, int Minimo, int Massimo) const;
     /// An amount: up to 12 digits, at most 2 decimals behind a point, no sign.
     [[nodiscard]] double Importo(int Riga, const QString& Colonna) const;
+    /// A number without a sign, with at most so many decimals behind a point.
+    [[nodiscard]] double Decimale(int Riga, const QString& Colonna, int Decimali) const;
+    /// A day of the calendar, "aaaa-mm-gg".
+    [[nodiscard]] QDate Data(int Riga, const QString& Colonna) const;
     /// "sì" or "no".
     [[nodiscard]] bool SiNo(int Riga, const QString& Colonna) const;
 
