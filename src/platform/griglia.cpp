@@ -266,6 +266,12 @@ QTableView* Griglia::Vista() const
     return Pezzi->Vista;
 }
 
+void Griglia::showEvent(QShowEvent* Evento)
+{
+    QWidget::showEvent(Evento);
+    Pezzi->Vista->setAccessibleName(accessibleName());
+}
+
 void Griglia::paintEvent(QPaintEvent*)
 {
     QPainter Pennello(this);

@@ -126,6 +126,8 @@ Q_SIGNALS:
     void MenuContestuale(int Riga, const QPoint& Punto);  ///< row -1 none; the point is the screen's
 
 protected:
+    /// A screen reader meets the view, where the focus stands: it is called as the grid is.
+    void showEvent(QShowEvent* Evento) override;
     void paintEvent(QPaintEvent* Evento) override;
     void changeEvent(QEvent* Evento) override;
 

@@ -118,6 +118,7 @@ private Q_SLOTS:
     void clicSuCella();
     void menuContestuale();
     void distruttaConLaCellaAperta();
+    void laVistaHaIlNomeDellaGriglia();
 
 private:
     std::unique_ptr<Finestra> F;
@@ -662,6 +663,18 @@ void TestGriglia::distruttaConLaCellaAperta()
     delete F->Griglia_;
     QCOMPARE(Chieste, 0);
     QCOMPARE(F->Righe(0, Descrizione).toString(), u"prima"_s);
+}
+
+void TestGriglia::laVistaHaIlNomeDellaGriglia()
+{
+    Griglia Sola;
+    Sola.setAccessibleName(u"Acconti ricevuti"_s);
+    Sola.show();
+    QCOMPARE(Sola.Vista()->accessibleName(), u"Acconti ricevuti"_s);
+    Sola.hide();
+    Sola.setAccessibleName(u"Spese"_s);
+    Sola.show();
+    QCOMPARE(Sola.Vista()->accessibleName(), u"Spese"_s);
 }
 
 #include "TestGriglia.moc"
