@@ -5,35 +5,85 @@
 #include "platform/errore.h"
 #include "platform/percorsi.h"
 
+#include <QFileInfo>
+#include <QLockFile>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr std::array TabelleNota{u"ParcellaParam", u"ParcellaRighe", u"ParcellaAcconti"};
 
-/// The file while it is being built, beside the place it will take; gone unless it was put there.
+/// The file while it is being built, beside the place it will take; gone unless it was put there. Programs
+/// that save under one name take turns, or one would put the other's half-built file there.
 class FileInCostruzione
 {
 public:
     explicit FileInCostruzione(const QString& Destinazione)
-        : Finale(Destinazione), Provvisorio(CartellaFile(Destinazione) + u".~"_s + NomeFile(Destinazione) + u".tmp"_s)
+        : Finale(Destinazione), Accanto(CartellaFile(Destinazione) + u".~"_s + NomeFile(Destinazione)),
+          Provvisorio(Accanto + u".tmp"_s), Turno(Accanto + u".turno"_s)
     {
-        QFile::remove(Provvisorio);  // what a crash may have left
+        PrendiTurno();
+        TogliProvvisorio();  // what a crash may have left
     }
-    ~FileInCostruzione()
-    {
-        QFile::remove(Provvisorio);
-        QFile::remove(Provvisorio + u"-journal"_s);
-    }
+    ~FileInCostruzione() { TogliProvvisorio(); }
     FileInCostruzione(const FileInCostruzione&) = delete;
     FileInCostruzione& operator=(const FileInCostruzione&) = delete;
 
     [[nodiscard]] const QString& Percorso() const { return Provvisorio; }
-    void MettiAlPosto() const { SostituisciFile(Provvisorio, Finale); }
+
+    void MettiAlPosto() const
+    {
+        if (EsisteFile(Finale))
+            Sgombra();
+        SostituisciFile(Provvisorio, Finale);
+    }
 
 private:
+    void PrendiTurno()
+    {
+        const QString Cartella = QFileInfo(Finale).path();
+        if (!EsisteCartella(Cartella))
+            throw Errore(3044);
+        if (!CartellaScrivibile(Cartella))
+            throw Errore(75);
+        Turno.setStaleLockTime(0);  // the end of its process alone frees it
+        if (Turno.tryLock(AttesaTurnoMs))
+            return;
+        switch (Turno.error()) {
+        case QLockFile::LockFailedError:
+            throw Errore(3260);
+        case QLockFile::PermissionError:
+            throw Errore(75);
+        default:
+            throw Errore(3026);  // no room for the few bytes of the lock
+        }
+    }
+
+    /// The former file has no writer and no journal when it goes: what somebody is writing into it would go
+    /// with it, and a journal left behind would be taken for the new file's.
+    void Sgombra() const
+    {
+        try {
+            const Database Prima = OpenDatabase(Finale);
+            const Transazione Sola(Prima);
+        } catch (const Errore& Guasto) {
+            if (Guasto.Numero == 3260)
+                throw;  // anything else: a file that is no database, where nobody writes
+        }
+        QFile::remove(Finale + u"-journal"_s);
+    }
+
+    void TogliProvvisorio() const
+    {
+        QFile::remove(Provvisorio);
+        QFile::remove(Provvisorio + u"-journal"_s);
+    }
+
     QString Finale;
+    QString Accanto;
     QString Provvisorio;
+    QLockFile Turno;
 };
 
 /// The three empty tables, put on the disk together: each by itself would wait for it three times.

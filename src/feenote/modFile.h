@@ -5,11 +5,16 @@
 
 #include <QString>
 
+/// How long a save waits for another program that saves under the same name, in milliseconds; tests shorten
+/// it.
+inline int AttesaTurnoMs = 3000;
+
 /// Builds the file of a note.
 ///
 /// The new file is complete before it takes the place of a former one: a failure at any step (full disk,
 /// read-only folder, damaged reference database) leaves the former file as it was, and nothing under the
 /// note's name where there was none. A reference database from before the general expenses gets their column.
 /// @param ComeModello the file gets the read-only attribute, which protects templates
-/// @throws Errore 75, 76 folder, 3026 disk full, 3024/3343 parcelle.mdb, 70 the file is a template, 3163 text too long
+/// @throws Errore 75, 76 folder, 3026 disk full, 3024/3343 parcelle.mdb, 70 the file is a template, 3163 text
+/// too long, 3260 another program is writing the same file
 void ScriviNota(const QString& Percorso, const Parcella& Nota, bool ComeModello = false);
