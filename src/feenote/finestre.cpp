@@ -1,6 +1,7 @@
 #include "feenote/finestre.h"
 
 #include "core/comandi.h"
+#include "core/modErrori.h"
 #include "core/sessione.h"
 #include "feenote/frmParcelle.h"
 #include "feenote/modRecupero.h"
@@ -88,6 +89,8 @@ void MettiInCascata(frmParcelle* Finestra, int Indice)
     QMdiSubWindow* Sotto = Cornice(Finestra);
     if (!Sotto || Sotto->isMaximized())
         return;
+    if (Sotto->isMinimized())
+        Sotto->showNormal();
     Sotto->setGeometry(aspetto::Pixel((Indice - 1) * CascataSinistra + PrimoSinistra),
                        aspetto::Pixel((Indice - 1) * CascataAlto + PrimoAlto),
                        aspetto::Pixel(Misura(u"FormWidth"_s, LarghezzaPredefinita)),
@@ -149,7 +152,7 @@ void DopoChiusura(frmParcelle* Finestra)
     }
     if (ParcellaAperta())
         return;
-    RicordaMisure(Finestra);
+    Protetta([&] { RicordaMisure(Finestra); });
     if (UltimaParcellaChiusa)
         UltimaParcellaChiusa();  // saves the frame's size, then ends a low session or brings the desktop back
     else if (sessione::ModoLow)
@@ -222,6 +225,9 @@ void ApriParcella(const QString& Percorso, int Socio, const QString& ID)
 void OffriRecupero()
 {
     for (const CopiaRecupero& Copia : NoteDaRecuperare()) {
+        const PrenotazioneCopia Mia(Copia);
+        if (!Mia)
+            continue;
         const int Risposta =
             MsgBoxPulsanti(u"Il programma si è chiuso senza che la parcella \"%1\" fosse salvata.\n"
                            u"Ne esiste una copia del %2.\nVuoi recuperarla?"_s.arg(
@@ -240,10 +246,13 @@ void AttivaParcella(int Indice)
     frmParcelle* Finestra = InUso(Indice);
     if (!Finestra)
         return;
-    if (QMdiSubWindow* Sotto = Cornice(Finestra))
+    if (QMdiSubWindow* Sotto = Cornice(Finestra)) {
+        if (Sotto->isMinimized())
+            Sotto->showNormal();
         Sotto->mdiArea()->setActiveSubWindow(Sotto);
-    else
+    } else {
         Finestra->activateWindow();
+    }
     if (ParcellaAttivata)
         ParcellaAttivata(Indice);
 }

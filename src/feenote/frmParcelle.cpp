@@ -23,7 +23,6 @@
 #include <QScrollArea>
 #include <QShortcut>
 #include <QTabBar>
-#include <QTableView>
 
 using namespace Qt::StringLiterals;
 
@@ -84,9 +83,6 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     RimettiDisposizione();
     aspetto::AssegnaMnemonici(this);
     aspetto::AssegnaNomiAccessibili(this);
-    // The focus stands in the view of a grid: that is what a screen reader meets.
-    for (const Griglia* Una : findChildren<Griglia*>())
-        Una->Vista()->setAccessibleName(Una->accessibleName());
 }
 
 frmParcelle::~frmParcelle() = default;
@@ -216,9 +212,11 @@ void frmParcelle::imgPrev_Click()
     }
     if (!ConcludiCampo() || InfoParcelle[size_t(Posto)].Libera)
         return;
-    const int Risposta =
-        MsgBox(u"Confermi il ritorno al menu iniziale?"_s, vbYesNo + vbQuestion, TitoloDomanda.toString());
-    if (Risposta == vbYes)
+    const auto Domanda = [] {
+        return MsgBox(u"Confermi il ritorno al menu iniziale?"_s, vbYesNo + vbQuestion,
+                      TitoloDomanda.toString());
+    };
+    if (InDialogo(Domanda) == vbYes)
         ChiudiParcella(Posto);
 }
 

@@ -7,6 +7,7 @@
 #include "feenote/parcella.h"
 #include "tariffs/modTariffe.h"
 
+#include <QScopedValueRollback>
 #include <QTimer>
 #include <QWidget>
 
@@ -26,7 +27,7 @@ class SchedaOnorari;
 class SchedaSpese;
 class SchedaAcconti;
 class SchedaStampa;
-}
+}  // namespace Ui
 
 /// Tabs of tabParcelle.
 enum SchedaParcella {
@@ -55,18 +56,21 @@ public:
     void Nuova(const QString& ID);
     /// Reads a file. A failure is reported and leaves a new note.
     void Carica(const QString& Percorso);
-    /// Takes over a recovery copy, which goes once this window has one of its own. A failure is reported, leaves
-    /// a new note, and the copy stays.
+    /// Takes over a recovery copy, which goes once this window has one of its own. A failure is reported,
+    /// leaves a new note, and the copy stays.
     void Recupera(const CopiaRecupero& Trovata);
     /// The whole save, with its dialog and messages. @return true when the file was written
     bool SalvaParcella(bool ComeModello);
     void Proteggi();
-    /// Asks about unsaved changes and saves. @return false when the close is refused
+    /// Asks about unsaved changes and saves. @return false when the close is refused: by the user, or because
+    /// a question is still open
     [[nodiscard]] bool ChiediChiusura();
     /// Unloads after ChiediChiusura: place free, sizes saved, frame told.
     void Scarica();
-    /// The mark, with what follows it: the pictogram, and a recovery copy while it is set.
+    /// The mark, with what follows it: the pictogram, a recovery copy while it is set, the partner told.
     void SetModificata(bool Valore);
+    /// What the partner does when it is told: its sums may hold this note's.
+    void SocioCambiato();
     /// The note's name, in the record and in its place; the caption is the window's own.
     void ImpostaNome(const QString& Nome);
     /// The other window of a linked pair, 0 none.
@@ -107,7 +111,17 @@ private:
     void RilegaRighe();  ///< the grids forget the note that was here before
     void CollegaCopia();
     void TimerCopia_Timer();
-    bool ScriviCopia();  ///< the recovery copy; false when it could not be written
+    bool ScriviCopia();    ///< the recovery copy; false when it could not be written
+    void CopiaInAttesa();  ///< the copy that is due, at once
+    /// Runs something that asks the user. Meanwhile the note neither closes nor is saved a second time, and
+    /// what is on screen stands in the recovery copy.
+    template <class Procedura>
+    auto InDialogo(Procedura&& Chiedi)
+    {
+        CopiaInAttesa();
+        const QScopedValueRollback Guardia(DialogoAperto, true);
+        return Chiedi();
+    }
 
     // ---- frmParcelle_DatiBase.cpp
     void CollegaDatiBase();
@@ -142,13 +156,14 @@ private:
     }
 
     int Posto;
-    QTimer TimerCopia;      ///< runs from the first change that the recovery copy does not hold
+    QTimer TimerCopia;  ///< runs from the first change that the recovery copy does not hold
     qint64 DurataCopiaMs = 0;
-    Catalogo Voci;          ///< catalogues, open once tab 1 or 2 was entered
-    int SchedaInVista = 0;  ///< the tab before a change
-    bool BaseValida = true; ///< answer of the last CheckOK on leaving the base tab
-    bool InMostra = false;  ///< controls are being written by code
+    Catalogo Voci;           ///< catalogues, open once tab 1 or 2 was entered
+    int SchedaInVista = 0;   ///< the tab before a change
+    bool BaseValida = true;  ///< answer of the last CheckOK on leaving the base tab
+    bool InMostra = false;   ///< controls are being written by code
     bool CambioScheda = false;
+    bool DialogoAperto = false;  ///< a question of this window waits for its answer
 
     std::unique_ptr<Ui::frmParcelle> ui;
     std::unique_ptr<Ui::SchedaDatiBase> uiBase;

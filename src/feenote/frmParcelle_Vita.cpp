@@ -117,21 +117,26 @@ void frmParcelle::Recupera(const CopiaRecupero& Trovata)
 
 bool frmParcelle::SalvaParcella(bool ComeModello)
 {
-    if (!ConcludiCampo())
+    if (DialogoAperto || !ConcludiCampo())
         return false;
-    try {
-        const std::optional<QString> Scritta = SalvaConDialogo(Nota, ComeModello);
-        if (!Scritta)
+    return InDialogo([&] {
+        try {
+            const std::optional<QString> Scritta = SalvaConDialogo(Nota, ComeModello);
+            if (!Scritta)
+                return false;
+            ImpostaNome(Nota.Nome);
+            setWindowTitle(Nota.Nome);
+            // There is nothing left to recover, though the mark stays until the user has read.
+            TogliCopia(Posto);
+            DiSalvata(*Scritta);
+            SetModificata(false);
+            Mostra();
+            return true;
+        } catch (const Errore& Guasto) {
+            MsgErrore(u"Codice errore: %1\n%2"_s.arg(Guasto.Numero).arg(Guasto.Descrizione));
             return false;
-        ImpostaNome(Nota.Nome);
-        setWindowTitle(Nota.Nome);
-        SetModificata(false);
-        Mostra();
-        return true;
-    } catch (const Errore& Guasto) {
-        MsgErrore(u"Codice errore: %1\n%2"_s.arg(Guasto.Numero).arg(Guasto.Descrizione));
-        return false;
-    }
+        }
+    });
 }
 
 void frmParcelle::ImpostaNome(const QString& Nome)
@@ -142,19 +147,24 @@ void frmParcelle::ImpostaNome(const QString& Nome)
 
 void frmParcelle::Proteggi()
 {
-    ProteggiNota(Nota);
+    if (DialogoAperto)
+        return;
+    InDialogo([this] { ProteggiNota(Nota); });
     SetModificata(Nota.Modificata);
     Mostra();
 }
 
 bool frmParcelle::ChiediChiusura()
 {
-    if (!ConcludiCampo())
+    // Whoever asked goes on in this window when he has his answer.
+    if (DialogoAperto || QApplication::activeModalWidget() || !ConcludiCampo())
         return false;
     if (!Nota.Modificata)
         return true;
-    const int Risposta = MsgBox(windowTitle() + u"\nVuoi salvare la parcella prima di chiudere?"_s,
-                                vbYesNoCancel + vbQuestion, TitoloDomanda.toString());
+    const int Risposta = InDialogo([this] {
+        return MsgBox(windowTitle() + u"\nVuoi salvare la parcella prima di chiudere?"_s,
+                      vbYesNoCancel + vbQuestion, TitoloDomanda.toString());
+    });
     if (Risposta == vbNo)
         return true;
     if (Risposta != vbYes)
@@ -182,6 +192,14 @@ void frmParcelle::SetModificata(bool Valore)
     } else if (!TimerCopia.isActive()) {
         TimerCopia.start(int(std::max<qint64>(AttesaCopiaMs, DurataCopiaMs * PausaPerCopia)));
     }
+    if (frmParcelle* Altra = Socio() == Posto ? nullptr : Parcelle(Socio()))
+        Altra->SocioCambiato();
+}
+
+void frmParcelle::SocioCambiato()
+{
+    RefreshDatiBase();
+    RefreshGrid();
 }
 
 void frmParcelle::CollegaCopia()
@@ -189,10 +207,14 @@ void frmParcelle::CollegaCopia()
     TimerCopia.setSingleShot(true);
     ::Collega(&TimerCopia, &QTimer::timeout, this, [this] { TimerCopia_Timer(); });
     // An end that asks about nothing leaves the copy behind, complete: it is offered at the next start.
-    ::Collega(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, [this] {
-        if (TimerCopia.isActive())
-            (void)ScriviCopia();
-    });
+    ::Collega(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
+              [this] { CopiaInAttesa(); });
+}
+
+void frmParcelle::CopiaInAttesa()
+{
+    if (TimerCopia.isActive())
+        (void)ScriviCopia();
 }
 
 void frmParcelle::TimerCopia_Timer()

@@ -12,7 +12,7 @@
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLockFile>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <memory>
@@ -24,6 +24,7 @@ namespace {
 constexpr auto TipoCopia = ".mdb"_L1;
 constexpr auto TipoLato = ".json"_L1;
 constexpr auto TipoBlocco = ".lock"_L1;
+constexpr auto TipoPrenotata = ".presa"_L1;
 
 QString Cartella()
 {
@@ -75,6 +76,11 @@ void Rimuovi(const QString& Base)
     QFile::remove(Base + TipoLato);
 }
 
+QString SenzaTipo(const CopiaRecupero& Copia)
+{
+    return Copia.File.chopped(TipoCopia.size());
+}
+
 QString Pid(const QString& DiSigla)
 {
     return DiSigla.section(u'-', 0, 0);
@@ -115,7 +121,26 @@ CopiaRecupero Leggi(const QFileInfo& File)
     const QJsonObject Dati = QJsonDocument::fromJson(Accanto.read(qint64(64) << 10)).object();
     Trovata.Percorso = Dati[u"Percorso"_s].toString();
     Trovata.Nome = Dati[u"Nome"_s].toString(Trovata.Nome);
+    Trovata.Ricalcolo = Dati[u"Ricalcolo"_s].toBool();
     return Trovata;
+}
+
+/// Removes what dead processes left beside their copies: unfinished files, and those of a copy that is no
+/// more.
+void TogliResti(const QStringList& Vive)
+{
+    static const QRegularExpression Forma(u"^(\\.~)?((\\d+-\\d+)-\\d+)(\\..+)$"_s);
+    const QDir Dove(Cartella());
+    for (const QString& Nome : Dove.entryList(QDir::Files | QDir::Hidden)) {
+        const QRegularExpressionMatch Parti = Forma.match(Nome);
+        if (!Parti.hasMatch() || Vive.contains(Parti.captured(3)))
+            continue;
+        const QString Tipo = Parti.captured(4);
+        const bool DiUnaCopia = (Tipo == TipoCopia || Tipo == TipoLato || Tipo == TipoPrenotata) &&
+                                Dove.exists(Parti.captured(2) + TipoCopia);
+        if (!Parti.captured(1).isEmpty() || !DiUnaCopia)
+            QFile::remove(Dove.filePath(Nome));
+    }
 }
 
 }  // namespace
@@ -126,7 +151,8 @@ void AggiornaCopia(const Parcella& Nota, int Posto)
         return;
     CreaCartella(Cartella());
     PrendiBlocco();
-    const QJsonObject Dati{{u"Percorso"_s, Nota.Percorso}, {u"Nome"_s, Nota.Nome}};
+    const QJsonObject Dati{
+        {u"Percorso"_s, Nota.Percorso}, {u"Nome"_s, Nota.Nome}, {u"Ricalcolo"_s, Nota.RicalcoloNecessario}};
     ScriviFile(Radice(Posto) + TipoLato, QJsonDocument(Dati).toJson());
     ScriviNota(Radice(Posto) + TipoCopia, Nota);
 }
@@ -143,6 +169,7 @@ QList<CopiaRecupero> NoteDaRecuperare()
     if (sessione::UserFolder.isEmpty())
         return {};
     const QStringList Vive = SigleVive();
+    TogliResti(Vive);
     QList<CopiaRecupero> Trovate;
     for (const QFileInfo& File : QDir(Cartella()).entryInfoList({u"*-*-*"_s + TipoCopia}, QDir::Files)) {
         if (!Vive.contains(File.fileName().section(u'-', 0, 1)))
@@ -157,12 +184,21 @@ void RecuperaNota(Parcella& Nota, const CopiaRecupero& Copia)
     CaricaDati(Nota, Copia.File);
     Nota.Percorso = Copia.Percorso;
     Nota.Nome = Copia.Nome;
+    Nota.RicalcoloNecessario = Copia.Ricalcolo;
     SetModificata(Nota, true);
 }
 
 void EliminaCopia(const CopiaRecupero& Copia)
 {
-    Rimuovi(Copia.File.chopped(TipoCopia.size()));
+    Rimuovi(SenzaTipo(Copia));
+}
+
+PrenotazioneCopia::PrenotazioneCopia(const CopiaRecupero& Copia) : Segno(SenzaTipo(Copia) + TipoPrenotata)
+{
+    Segno.setStaleLockTime(0);
+    // A folder that refuses the lock refuses it to everybody: better offered twice than never.
+    const bool Libera = Segno.tryLock(0) || Segno.error() != QLockFile::LockFailedError;
+    Ottenuta = Libera && EsisteFile(Copia.File);
 }
 
 void LasciaRecupero()

@@ -8,6 +8,7 @@
 
 #include <QDateTime>
 #include <QList>
+#include <QLockFile>
 #include <QString>
 
 /// How long a change may wait for its copy, in milliseconds; tests shorten it.
@@ -16,10 +17,11 @@ inline int AttesaCopiaMs = 2000;
 /// A copy left by a process that is no more.
 struct CopiaRecupero
 {
-    QString File;      ///< the copy, full path
-    QString Percorso;  ///< file of the note itself, empty when it was never saved
-    QString Nome;      ///< as its window was captioned
-    QDateTime Quando;  ///< last change that it holds
+    QString File;            ///< the copy, full path
+    QString Percorso;        ///< file of the note itself, empty when it was never saved
+    QString Nome;            ///< as its window was captioned
+    QDateTime Quando;        ///< last change that it holds
+    bool Ricalcolo = false;  ///< its parameters had changed and its lines were still to be recalculated
 
     friend bool operator==(const CopiaRecupero&, const CopiaRecupero&) = default;
 };
@@ -33,8 +35,22 @@ void AggiornaCopia(const Parcella& Nota, int Posto);
 /// Removes the copy of a place, if there is one. It cannot fail.
 void TogliCopia(int Posto);
 
-/// The copies of dead processes, the oldest first. Empty when the folder cannot be read.
+/// The copies of dead processes, the oldest first. Empty when the folder cannot be read. What those processes
+/// left half-written is removed.
 [[nodiscard]] QList<CopiaRecupero> NoteDaRecuperare();
+
+/// Keeps a copy to one program while it lives, so that two started together do not offer it both.
+class PrenotazioneCopia
+{
+public:
+    explicit PrenotazioneCopia(const CopiaRecupero& Copia);
+    /// False while another program has the copy, and when it has dealt with it since.
+    [[nodiscard]] explicit operator bool() const { return Ottenuta; }
+
+private:
+    QLockFile Segno;
+    bool Ottenuta = false;
+};
 
 /// Loads a copy as an unsaved note: its file is the original one's, and it counts as modified. The copy
 /// stays. Messages as CaricaDati.

@@ -22,7 +22,8 @@ QString Prefisso()
 /// A note that has a template as its file starts in the folder of notes, so that the template is safe.
 QString PuntoDiPartenza(const Parcella& Nota, bool ComeModello)
 {
-    if (!Nota.Percorso.isEmpty() && !ComeModello && !FinisceInCartella(CartellaFile(Nota.Percorso), u"Modelli"_s))
+    if (!Nota.Percorso.isEmpty() && !ComeModello &&
+        !FinisceInCartella(CartellaFile(Nota.Percorso), u"Modelli"_s))
         return Nota.Percorso;
     return Barra(ComeModello ? sessione::ModelliPath : sessione::ParcellePath) + Prefisso();
 }
@@ -38,7 +39,8 @@ bool NomeAmmesso(const QString& Percorso)
     const QString Nome = NomeFile(Percorso).chopped(Estensione.size());
     if (!Nome.isEmpty() && NomeValido(Nome, u"[]!."_s))
         return true;
-    MsgErrore(u"Il nome specificato non è valido: non usare i caratteri [ ] ! .\nSalvataggio non effettuato!"_s);
+    MsgErrore(
+        u"Il nome specificato non è valido: non usare i caratteri [ ] ! .\nSalvataggio non effettuato!"_s);
     return false;
 }
 
@@ -51,8 +53,8 @@ QString ConRiferimento(const QString& Percorso)
         return Percorso;
     const QString Nuovo = Codice + Nome;
     MsgBox(u"La parcella, essendo associato ad una pratica, deve iniziare col codice seguito dal trattino!\n"
-           u"Il nome della parcella è stato modificato in: "_s
-               + Nuovo,
+           u"Il nome della parcella è stato modificato in: "_s +
+               Nuovo,
            vbCritical, u"Errore salvataggio:"_s);
     return CartellaFile(Percorso) + Nuovo;
 }
@@ -70,9 +72,8 @@ bool SovrascritturaAmmessa(const Parcella& Nota, const QString& Percorso)
         return false;
     if (PercorsoNativo(Nota.Percorso) == Percorso)
         return true;
-    return MsgBox(u"La parcella "_s + Nome + u" già esiste: confermi la sovrascrittura?"_s, vbYesNo + vbQuestion,
-                  TitoloDomanda.toString())
-        == vbYes;
+    return MsgBox(u"La parcella "_s + Nome + u" già esiste: confermi la sovrascrittura?"_s,
+                  vbYesNo + vbQuestion, TitoloDomanda.toString()) == vbYes;
 }
 
 }  // namespace
@@ -82,7 +83,8 @@ bool ControllaPsw(const QString& Percorso)
     const QString Psw = LeggiPsw(Percorso);
     if (Psw.isEmpty())
         return true;
-    const QString Data = InputBox(u"Specificare la password per modificare la parcella:"_s, u"Immissione password"_s);
+    const QString Data =
+        InputBox(u"Specificare la password per modificare la parcella:"_s, u"Immissione password"_s);
     if (Data.isEmpty())
         return false;
     // Compared in the form that the file holds, where characters outside the code page are alike.
@@ -110,10 +112,13 @@ std::optional<QString> SalvaConDialogo(Parcella& Nota, bool ComeModello)
     Nota.Nome = NomeFile(Percorso).chopped(Estensione.size()).toLower();
     if (Nota.Psw.startsWith(PswDaSalvare))
         Nota.Psw = Nota.Psw.mid(PswDaSalvare.size());
-    SetModificata(Nota, false);
+    return Percorso;
+}
+
+void DiSalvata(const QString& Percorso)
+{
     MsgBox(u"La parcella "_s + NomeFile(Percorso) + u" è stata salvata correttamente!"_s, vbInformation,
            TitoloMessaggio.toString());
-    return Percorso;
 }
 
 void ProteggiNota(Parcella& Nota)
@@ -122,14 +127,15 @@ void ProteggiNota(Parcella& Nota)
         MsgErrore(u"La password di protezione è già impostata!"_s);
         return;
     }
-    const QString Psw = InputBox(u"Immettere la password per la protezione della parcella:\n"
-                                 u"(Attenzione saranno presi in considerazione solo i primi 6 caratteri inseriti!)"_s,
-                                 u"Proteggi parcella"_s)
-                            .left(MassimoPsw);
+    const QString Psw =
+        InputBox(u"Immettere la password per la protezione della parcella:\n"
+                 u"(Attenzione saranno presi in considerazione solo i primi 6 caratteri inseriti!)"_s,
+                 u"Proteggi parcella"_s)
+            .left(MassimoPsw);
     if (Psw.isEmpty())
         return;
-    MsgBox(u"E' stata impostata la password: "_s + Psw
-               + u"\nLa protezione diverrà operativa al salvataggio della parcella."_s,
+    MsgBox(u"E' stata impostata la password: "_s + Psw +
+               u"\nLa protezione diverrà operativa al salvataggio della parcella."_s,
            vbInformation, TitoloMessaggio.toString());
     Nota.Psw = PswDaSalvare.toString() + Psw;
     SetModificata(Nota, true);  // else a password on an unmodified note could never be saved

@@ -7,13 +7,16 @@
 
 #include <optional>
 
-/// Asks where, checks the name, asks about overwriting, writes the file, says so.
+/// Asks where, checks the name, asks about overwriting, writes the file.
 ///
-/// On success the note has its path and name (lower case, without ".mdb"), its password is saved, it is
-/// unmodified. Otherwise it is as before.
+/// On success the note has its path and name (lower case, without ".mdb") and its password is saved; the
+/// caller says so with DiSalvata and takes the mark away. Otherwise it is as before.
 /// @return the path written, empty when the user cancelled or a check refused (it was told)
 /// @throws Errore when the file could not be written; a former file is then as it was
 [[nodiscard]] std::optional<QString> SalvaConDialogo(Parcella& Nota, bool ComeModello);
+
+/// Tells the user that the file was written.
+void DiSalvata(const QString& Percorso);
 
 /// Asks for the password of a file, if it has one. @return true when it may be replaced
 [[nodiscard]] bool ControllaPsw(const QString& Percorso);

@@ -3,9 +3,11 @@
 
 #include "platform/impostazioni.h"
 
+#include <QDir>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QSettings>
 #include <QSplitter>
 
 using namespace Qt::StringLiterals;
@@ -47,6 +49,11 @@ private Q_SLOTS:
     void dallaTerzaSchedaAllaCompagna();
     void ilPostoRiusatoScioglieLaCoppia();
     void lUltimaChiama();
+    void leMisureCheNonSiScrivono();
+    void ilSocioEAvvisato();
+    void minimizzataTornaSu();
+    void minimizzataEChiusaSiRiapreNormale();
+    void laCorniceChiusaMentreSiChiede();
 
 private:
     [[nodiscard]] static QMdiSubWindow* Sotto(int Posto)
@@ -350,6 +357,86 @@ void TestFinestre::lUltimaChiama()
     Parcelle(1)->SetModificata(false);
     QVERIFY(ChiudiParcella(1));
     QCOMPARE(Ultime, 1);
+}
+
+void TestFinestre::leMisureCheNonSiScrivono()
+{
+    // A folder stands where the settings' file should be.
+    const QString File =
+        QSettings(QSettings::IniFormat, QSettings::UserScope, u"Calcanova"_s, u"KR5"_s).fileName();
+    ApriParcella({}, 0, {});
+    Respiro();
+    const QByteArray Contenuto = QFile::exists(File) ? LeggiFile(File) : QByteArray();
+    QFile::remove(File);
+    QDir().mkpath(File);
+    T->Voce.Tollera();
+    int Ultime = 0;
+    UltimaParcellaChiusa = [&] { ++Ultime; };
+    QVERIFY(ChiudiParcella(1));
+    QDir(File).removeRecursively();
+    ScriviFile(File, Contenuto);
+    QVERIFY2(!T->Voce.Mostrati().isEmpty(), "si dice");
+    QCOMPARE(Ultime, 1);
+}
+
+void TestFinestre::ilSocioEAvvisato()
+{
+    ApriParcella({}, 0, {});
+    Parcelle(1)->SetModificata(true);
+    ApriParcella({}, 1, {});
+    Parcelle(1)->Nota.txtParcMultipla = u"compagna"_s;
+    Parcelle(1)->Nota.Multi.TotOnorari = 1234.0;
+    const auto* Onorari = Controllo<QLabel>(Parcelle(1), "lblOnora");
+    QCOMPARE(Onorari->text(), u"Onor.: 0"_s);
+    Scrivi(Controllo<QLineEdit>(Parcelle(2), "txtCliente"), u"Rossi"_s);
+    QCOMPARE(Onorari->text(), u"Onor.: 1.234,00"_s);
+    for (const int i : {1, 2})
+        Parcelle(i)->SetModificata(false);
+}
+
+void TestFinestre::minimizzataTornaSu()
+{
+    ApriParcella({}, 0, {});
+    Parcelle(1)->SetModificata(true);
+    ApriParcella({}, 0, {});
+    Sotto(1)->showMinimized();
+    Respiro();
+    QVERIFY(Sotto(1)->isMinimized());
+    AttivaParcella(1);
+    QVERIFY(!Sotto(1)->isMinimized());
+    QCOMPARE(Area->activeSubWindow(), Sotto(1));
+    Parcelle(1)->SetModificata(false);
+}
+
+void TestFinestre::minimizzataEChiusaSiRiapreNormale()
+{
+    ApriParcella({}, 0, {});
+    Sotto(1)->showMinimized();
+    Respiro();
+    QVERIFY(ChiudiParcella(1));
+    ApriParcella({}, 0, {});
+    QVERIFY(!Sotto(1)->isMinimized());
+    QCOMPARE(Sotto(1)->geometry(), QRect(15, 10, 853, 587));
+    QVERIFY(Parcelle(1)->isVisible());
+}
+
+void TestFinestre::laCorniceChiusaMentreSiChiede()
+{
+    ApriParcella({}, 0, {});
+    Parcelle(1)->SetModificata(true);
+    Messaggi Suoi;
+    int Mostrati = 0;
+    Suoi.Box = [&](const QString&, int, const QString&) {
+        ++Mostrati;
+        Area->closeAllSubWindows();
+        return vbCancel;
+    };
+    const Messaggi Prima = InstallaMessaggi(Suoi);
+    QVERIFY(!ChiudiParcella(1));
+    InstallaMessaggi(Prima);
+    QCOMPARE(Mostrati, 1);
+    QVERIFY(Sotto(1)->isVisible() && Parcelle(1)->isVisible() && Parcelle(1)->Nota.Modificata);
+    Parcelle(1)->SetModificata(false);
 }
 
 #include "TestFinestre.moc"

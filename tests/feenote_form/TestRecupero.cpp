@@ -72,7 +72,13 @@ private Q_SLOTS:
     void recuperataConPercorso();
     void eliminata();
     void piuTardi();
+    void copiaGuasta_data();
     void copiaGuasta();
+    void foglioAccantoGuasto();
+    void restiDiUnMorto();
+    void ilRicalcoloSiRicorda();
+    void primaDiChiedereLaCopiaCe();
+    void unaCopiaPrenotata();
 
 private:
     void Tocca();
@@ -248,6 +254,7 @@ void TestRecupero::Uccidi(const QByteArray& ConFile)
     QProcess Vittima;
     QProcessEnvironment Ambiente = QProcessEnvironment::systemEnvironment();
     Ambiente.insert(QString::fromLatin1(VariabileCartella), sessione::UserFolder);
+    Ambiente.insert(u"TMPDIR"_s, NuovaCartella());  // killed, it tidies nothing up
     Vittima.setProcessEnvironment(Ambiente);
     Vittima.start(QCoreApplication::applicationFilePath(), {u"TestRecupero"_s, u"laVittima"_s});
     QVERIFY(Vittima.waitForStarted());
@@ -332,16 +339,127 @@ void TestRecupero::piuTardi()
     QCOMPARE(NoteDaRecuperare().size(), 1);
 }
 
+void TestRecupero::copiaGuasta_data()
+{
+    QTest::addColumn<QByteArray>("Contenuto");
+    const Studio Ufficio;
+    ScriviNota(Ufficio.File(u"nota.mdb"_s), NotaCivile());
+    const QByteArray Intera = LeggiFile(Ufficio.File(u"nota.mdb"_s));
+    QTest::newRow("vuota") << QByteArray();
+    QTest::newRow("estranea") << QByteArray(3000, 'x');
+    QTest::newRow("troncata") << Intera.left(Intera.size() / 2);
+    QTest::newRow("guasta nel mezzo") << Intera.left(4096) + QByteArray(Intera.size() - 4096, 'x');
+}
+
 void TestRecupero::copiaGuasta()
 {
+    QFETCH(QByteArray, Contenuto);
     QDir().mkpath(CartellaCopie());
-    ScriviFile(CartellaCopie() + u"99999999-1-1.mdb"_s, QByteArray(3000, 'x'));
+    ScriviFile(CartellaCopie() + u"99999999-1-1.mdb"_s, Contenuto);
     T->Voce.Attendi(Domanda(NoteDaRecuperare().first()), vbYes);
     T->Voce.Tollera();
     OffriRecupero();
     QVERIFY(T->Voce.UltimoTesto().startsWith(u"Errore: "_s));
     QVERIFY2(NoteDaRecuperare().size() == 1, "ciò che non si legge non si butta");
     QVERIFY(!InfoParcelle[1].Modificata);
+}
+
+void TestRecupero::foglioAccantoGuasto()
+{
+    QDir().mkpath(CartellaCopie());
+    F->Nota.txtCliente.Testo = u"Rossi"_s;
+    ScriviNota(CartellaCopie() + u"99999999-1-1.mdb"_s, F->Nota);
+    ScriviFile(CartellaCopie() + u"99999999-1-1.json"_s, "{\"Percorso\": [1, 2], \"Nome\"");
+    const CopiaRecupero Copia = NoteDaRecuperare().first();
+    QVERIFY(Copia.Percorso.isEmpty());
+    QCOMPARE(Copia.Nome, u"Nuova parcella"_s);
+    T->Voce.Attendi(Domanda(Copia), vbYes);
+    OffriRecupero();
+    QCOMPARE(Controllo<QLineEdit>(F, "txtCliente")->text(), u"Rossi"_s);
+}
+
+void TestRecupero::restiDiUnMorto()
+{
+    AggiornaCopia(F->Nota, 1);
+    const QString Propria = CartellaCopie() + u".~"_s + Copie().first() + u".tmp"_s;
+    ScriviFile(Propria, "in corso");
+    const QStringList Resti{u".~99999999-1-1.mdb.tmp"_s,   u".~99999999-1-1.mdb.tmp-journal"_s,
+                            u".~99999999-1-1.mdb.turno"_s, u"99999999-1-1.json"_s,
+                            u"99999999-1-1.json.aBcDeF"_s, u"99999999-1-1.presa"_s};
+    for (const QString& Resto : Resti)
+        ScriviFile(CartellaCopie() + Resto, "x");
+    ScriviFile(CartellaCopie() + u"appunti.txt"_s, "x");
+    QVERIFY(NoteDaRecuperare().isEmpty());
+    for (const QString& Resto : Resti)
+        QVERIFY2(!QFile::exists(CartellaCopie() + Resto), qPrintable(Resto));
+    QVERIFY2(QFile::exists(CartellaCopie() + u"appunti.txt"_s), "di chi non è dei nostri");
+    QVERIFY2(QFile::exists(Propria) && Copie(u"json"_s).size() == 1, "di chi vive");
+}
+
+void TestRecupero::ilRicalcoloSiRicorda()
+{
+    CompilaCivile(F);
+    ClicScheda(F, SchedaListaOnorari);
+    ClicScheda(F, SchedaBase);
+    const double Prima = CalcolaSomme(F->Nota).TotOnorari;
+    QVERIFY(Prima > 0);
+    T->Voce.Attendi(
+        u"Sono state già inserite delle prestazioni e la modifica comporterà il ricalcolo con i nuovi "
+        u"parametri.\nConfermi la modifica?"_s,
+        vbYes);
+    Scrivi(Controllo<QLineEdit>(F, "txtImporto"), u"200000"_s);
+    Premi(Qt::Key_Tab);
+    QVERIFY(F->Nota.RicalcoloNecessario);
+    AggiornaCopia(F->Nota, 1);
+    const QString Mia = CartellaCopie() + Copie().first();
+    for (const QString& Tipo : {u".mdb"_s, u".json"_s})
+        QVERIFY(QFile::copy(Mia.chopped(4) + Tipo, CartellaCopie() + u"99999999-1-1"_s + Tipo));
+
+    Parcella Letta;
+    RecuperaNota(Letta, NoteDaRecuperare().first());
+    QVERIFY2(Letta.RicalcoloNecessario, "o le righe resterebbero del valore di prima");
+    Catalogo Voci;
+    EntraOnorari(Letta, Voci);
+    QVERIFY(CalcolaSomme(Letta).TotOnorari > Prima);
+    F->SetModificata(false);
+}
+
+void TestRecupero::primaDiChiedereLaCopiaCe()
+{
+    AttesaCopiaMs = 60000;
+    Tocca();
+    QStringList Viste;
+    Messaggi Suoi;
+    Suoi.SalvaFile = [&](const QString&, const QString&, const QString&) {
+        Viste += Copie();
+        return T->Ufficio.File(u"nota.mdb"_s);
+    };
+    Suoi.Box = [&](const QString& Testo, int, const QString&) {
+        Viste += Testo.contains(u"correttamente") && Copie().isEmpty() ? u"salvata"_s : Testo;
+        return vbOK;
+    };
+    const Messaggi Prima = InstallaMessaggi(Suoi);
+    QVERIFY(F->SalvaParcella(false));
+    InstallaMessaggi(Prima);
+    QCOMPARE(Viste.size(), 2);
+    QVERIFY2(Viste.first().endsWith(u".mdb"), "il dialogo può restare aperto a lungo");
+    QVERIFY2(Viste.last() == u"salvata", "scritta la nota, non c'è più nulla da offrire");
+}
+
+void TestRecupero::unaCopiaPrenotata()
+{
+    QDir().mkpath(CartellaCopie());
+    ScriviNota(CartellaCopie() + u"99999999-1-1.mdb"_s, F->Nota);
+    const CopiaRecupero Copia = NoteDaRecuperare().first();
+    {
+        const PrenotazioneCopia Mia(Copia);
+        QVERIFY(Mia);
+        const PrenotazioneCopia DiUnAltro(Copia);
+        QVERIFY(!DiUnAltro);
+    }
+    EliminaCopia(Copia);
+    const PrenotazioneCopia Tardi(Copia);
+    QVERIFY2(!Tardi, "qualcuno l'ha già sistemata");
 }
 
 #include "TestRecupero.moc"

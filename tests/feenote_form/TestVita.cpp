@@ -1,6 +1,13 @@
 // Life of the window: save and its refusals, templates, passwords, close.
 #include "tavolo.h"
 
+#include "platform/database.h"
+#include "platform/messaggi_qt.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -22,6 +29,32 @@ QString NonSovrascrivibile(const QString& Nome)
 {
     return u"La parcella "_s + Nome + u" non può essere sovrascritta!"_s;
 }
+
+/// Somebody who does something while a box is open, before it is answered.
+class Intruso
+{
+public:
+    Intruso(const std::function<void()>& Fai, int Risposta, const QString& Percorso)
+    {
+        Messaggi Suoi;
+        Suoi.Box = [=](const QString&, int, const QString&) {
+            Fai();
+            return Risposta;
+        };
+        Suoi.Immissione = [=](const QString&, const QString&, const QString&) {
+            Fai();
+            return QString();
+        };
+        Suoi.SalvaFile = [=](const QString&, const QString&, const QString&) { return Percorso; };
+        Prima = InstallaMessaggi(Suoi);
+    }
+    ~Intruso() { InstallaMessaggi(Prima); }
+    Intruso(const Intruso&) = delete;
+    Intruso& operator=(const Intruso&) = delete;
+
+private:
+    Messaggi Prima;
+};
 
 }  // namespace
 
@@ -63,6 +96,12 @@ private Q_SLOTS:
     void riaprendoIlTitoloEIlNome();
     void fileCheNonSiApre_data();
     void fileCheNonSiApre();
+    void ilTitoloCambiaPrimaDelMessaggio();
+    void chiusaDalCodiceMentreChiede_data();
+    void chiusaDalCodiceMentreChiede();
+    void chiusaDalCodiceConIlMessaggioVero();
+    void fileDiSolaLettura();
+    void unaltroFileCheNonEUnaNota();
 
 private:
     /// A note with a client, modified.
@@ -476,8 +515,20 @@ void TestVita::riaprendoIlTitoloEIlNome()
 void TestVita::fileCheNonSiApre_data()
 {
     QTest::addColumn<QByteArray>("Contenuto");
+    const Studio Ufficio;
+    ScriviNota(Ufficio.File(u"nota.mdb"_s), NotaCivile());
+    {
+        const Database Estraneo = CreateDatabase(Ufficio.File(u"estraneo.mdb"_s));
+        Estraneo.Execute(u"CREATE TABLE Ricette (Nome TEXT, Dose REAL)"_s);
+        Estraneo.Execute(u"INSERT INTO Ricette VALUES ('Ragù', 1.5)"_s);
+    }
+    const QByteArray Intera = LeggiFile(Ufficio.File(u"nota.mdb"_s));
     QTest::newRow("vuoto") << QByteArray();
     QTest::newRow("non è un archivio") << QByteArray(5000, 'x');
+    QTest::newRow("solo l'intestazione") << Intera.left(100);
+    QTest::newRow("troncato") << Intera.left(Intera.size() / 2);
+    QTest::newRow("guasto nel mezzo") << Intera.left(4096) + QByteArray(Intera.size() - 4096, 'x');
+    QTest::newRow("archivio di altri") << LeggiFile(Ufficio.File(u"estraneo.mdb"_s));
 }
 
 void TestVita::fileCheNonSiApre()
@@ -488,12 +539,116 @@ void TestVita::fileCheNonSiApre()
     T->Voce.Tollera();
     frmParcelle* Aperta = T->Apri(Strano);
     QVERIFY(Aperta);
+    QVERIFY2(LeggiFile(Strano) == Contenuto, "il file resta com'è");
     QCOMPARE(T->Voce.Mostrati().size(), 1);
     QVERIFY(T->Voce.UltimoTesto().startsWith(u"Errore: "_s));
     QCOMPARE(InfoParcelle[1].Nome, u"strano"_s);
     QVERIFY2(Aperta->Nota.Percorso.isEmpty(), "un salvataggio non lo rimpiazza");
     CompilaCivile(Aperta);
     QCOMPARE(Aperta->Nota.ImportoPrec, 30000.0);
+}
+
+void TestVita::ilTitoloCambiaPrimaDelMessaggio()
+{
+    Tocca();
+    int Mostrati = 0;
+    const Intruso Curioso(
+        [&] {
+            ++Mostrati;
+            QCOMPARE(F->windowTitle(), u"rossi"_s);
+            QCOMPARE(InfoParcelle[1].Nome, u"rossi"_s);
+            QVERIFY2(InfoParcelle[1].Modificata, "il segno va via dopo");
+            QVERIFY(QFile::exists(T->Ufficio.File(u"Rossi.mdb"_s)));
+        },
+        vbOK, T->Ufficio.File(u"Rossi.mdb"_s));
+    QVERIFY(F->SalvaParcella(false));
+    QCOMPARE(Mostrati, 1);
+    QVERIFY(!InfoParcelle[1].Modificata);
+}
+
+void TestVita::chiusaDalCodiceMentreChiede_data()
+{
+    QTest::addColumn<QString>("Domanda");
+    QTest::newRow("salvando") << u"salva"_s;
+    QTest::newRow("chiudendo") << u"chiudi"_s;
+    QTest::newRow("tornando al menu") << u"menu"_s;
+    QTest::newRow("proteggendo") << u"proteggi"_s;
+}
+
+void TestVita::chiusaDalCodiceMentreChiede()
+{
+    QFETCH(QString, Domanda);
+    Tocca();
+    int Mostrati = 0;
+    const auto Chiudi = [&] {
+        ++Mostrati;
+        (void)F->close();  // a window that is already closing answers true and does nothing
+        QVERIFY(!ChiudiParcella(1));
+        QVERIFY(F->isVisible() && !InfoParcelle[1].Libera);
+        QVERIFY(!F->SalvaParcella(false));
+        F->Proteggi();
+    };
+    {
+        const Intruso Frettoloso(Chiudi, Domanda == u"menu" ? vbNo : vbCancel,
+                                 T->Ufficio.File(u"Rossi.mdb"_s));
+        if (Domanda == u"salva")
+            QVERIFY(F->SalvaParcella(false));
+        else if (Domanda == u"chiudi")
+            QVERIFY(!F->close());
+        else if (Domanda == u"menu")
+            Clic(Controllo(F, "imgPrev"));
+        else
+            F->Proteggi();
+    }
+    QCOMPARE(Mostrati, 1);
+    QVERIFY(F->isVisible() && !InfoParcelle[1].Libera);
+    QCOMPARE(Controllo<QLineEdit>(F, "txtCliente")->text(), u"Rossi"_s);
+    F->SetModificata(false);
+    QVERIFY2(F->close(), "con la risposta si torna a chiudere");
+}
+
+void TestVita::chiusaDalCodiceConIlMessaggioVero()
+{
+    Tocca();
+    const Messaggi Prima = InstallaMessaggi(MessaggiQt());
+    bool Chiusa = true;
+    QTimer::singleShot(0, this, [&] {
+        auto* Box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        QVERIFY(Box);
+        Chiusa = ChiudiParcella(1);
+        QVERIFY2(Box->isVisible(), "la domanda resta");
+        Box->button(QMessageBox::Cancel)->click();
+    });
+    QVERIFY(!F->close());
+    InstallaMessaggi(Prima);
+    QVERIFY(!Chiusa);
+    QVERIFY(F->isVisible() && F->Nota.Modificata);
+}
+
+void TestVita::fileDiSolaLettura()
+{
+    Tocca();
+    const QString File = SalvaCome(u"nota.mdb"_s);
+    ImpostaSolaLettura(File, true);
+    Tocca(u"Verdi"_s);
+    T->Voce.AttendiSalva(File);
+    T->Voce.Attendi(NonSovrascrivibile(u"nota.mdb"_s), vbOK, u"Errore:"_s);
+    EseguiComando(u"save"_s, 1, {});
+    QVERIFY(F->Nota.Modificata);
+    QCOMPARE(F->Nota.txtCliente.Testo, u"Verdi"_s);
+    QCOMPARE(Cliente(File), u"Rossi"_s);
+}
+
+void TestVita::unaltroFileCheNonEUnaNota()
+{
+    Tocca();
+    const QString Lettera = T->Ufficio.File(u"lettera.mdb"_s);
+    ScriviFile(Lettera, "Egregio collega");
+    T->Voce.AttendiSalva(Lettera);
+    T->Voce.Attendi(u"Codice errore: 3343\n"_s + DescrizioneErrore(3343), vbOK, u"Errore:"_s);
+    EseguiComando(u"save"_s, 1, {});
+    QCOMPARE(LeggiFile(Lettera), QByteArray("Egregio collega"));
+    QVERIFY(F->Nota.Modificata);
 }
 
 #include "TestVita.moc"
