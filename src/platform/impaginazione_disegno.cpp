@@ -1,0 +1,138 @@
+// The pages on paper: painting, printing, PDF.
+#include "platform/errore.h"
+#include "platform/impaginata.h"
+#include "platform/percorsi.h"
+
+#include <QBuffer>
+#include <QFontMetricsF>
+#include <QPageLayout>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double LineaMm = 0.15;
+
+/// The running line ends half an inch above the edge, where the bottom margin has room for that; in a
+/// narrower one it stands in the middle.
+double AltoPiePagina(const AreaStampa& Area, double AltezzaFoglio, double AltezzaRiga)
+{
+    constexpr double DalBordo = 0.5 * PuntiPerPollice;
+    const double Fondo = Area.Alto + Area.Altezza;
+    const double Alto = AltezzaFoglio - DalBordo - AltezzaRiga;
+    return Alto >= Fondo ? Alto : Fondo + (AltezzaFoglio - Fondo - AltezzaRiga) / 2.0;
+}
+
+/// Ends a painter's changes where they began.
+class StatoPittore
+{
+public:
+    explicit StatoPittore(QPainter& Suo) : Pittore(Suo) { Pittore.save(); }
+    ~StatoPittore() { Pittore.restore(); }
+    StatoPittore(const StatoPittore&) = delete;
+    StatoPittore& operator=(const StatoPittore&) = delete;
+
+private:
+    QPainter& Pittore;
+};
+
+Errore ErroreStampante()
+{
+    return {482, u"Errore della stampante"_s};
+}
+
+}  // namespace
+
+// ---- painting -------------------------------------------------------------------------------------
+
+void Impaginazione::Impaginata::DisegnaRiga(QPainter& Pittore, const RigaPosata& Una) const
+{
+    if (Una.Brano < 0)
+        return;
+    const Brano& Suo = Steso.Brani[static_cast<std::size_t>(Una.Brano)];
+    Suo.Disposto->lineAt(Una.Riga).draw(&Pittore, QPointF(Suo.X, Una.Y));
+}
+
+void Impaginazione::Impaginata::DisegnaPiePagina(QPainter& Pittore, int Pagina) const
+{
+    QString Testo = PiePagina;
+    Testo.replace("%d"_L1, QString::number(Pagina)).replace(u'\n', u' ');
+    if (Testo.trimmed().isEmpty())
+        return;
+    // It has one line: what does not fit is cut with a sign.
+    if (FontPiePagina.Larghezza(QString(Testo).trimmed()) > Area.Larghezza)
+        Testo = QFontMetricsF(FontPiePagina.Font, DispositivoStampa())
+                    .elidedText(Testo.trimmed(), Qt::ElideRight, Area.Larghezza);
+    const auto Riga = Disponi(Testo, FontPiePagina, Allineamento::Sinistra, Area.Larghezza);
+    const double Y = AltoPiePagina(Area, Foglio.AltezzaMm * PuntiPerMm, FontPiePagina.Altezza);
+    Riga->lineAt(0).draw(&Pittore, QPointF(Area.Sinistra, Y));
+}
+
+void Impaginazione::DisegnaPagina(QPainter& Pittore, int Pagina) const
+{
+    const PaginaPosata* Sua = Dati->Pagina(Pagina);
+    if (!Sua)
+        return;
+    const StatoPittore Stato(Pittore);
+    Pittore.scale(1.0 / PuntiPerMm, 1.0 / PuntiPerMm);
+    Pittore.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    Pittore.setPen(QPen(Qt::black, LineaMm * PuntiPerMm));
+    for (const QLineF& Linea : Sua->Linee)
+        Pittore.drawLine(Linea);
+    for (const RigaPosata& Una : Sua->Ripetute)
+        Dati->DisegnaRiga(Pittore, Una);
+    for (const RigaPosata& Una : Sua->Posate)
+        Dati->DisegnaRiga(Pittore, Una);
+    Dati->DisegnaPiePagina(Pittore, Pagina);
+}
+
+void Impaginazione::Stampa(QPagedPaintDevice& Dispositivo, int Da, int A) const
+{
+    QPainter Pittore;
+    if (!Pittore.begin(&Dispositivo))
+        throw ErroreStampante();
+    Pittore.scale(Dispositivo.logicalDpiX() / MmPerPollice, Dispositivo.logicalDpiY() / MmPerPollice);
+    const QPageLayout Pagina = Dispositivo.pageLayout();
+    if (Pagina.mode() == QPageLayout::StandardMode) {
+        // The origin of such a device is inside its margins.
+        const QMarginsF Margini = Pagina.margins(QPageLayout::Millimeter);
+        Pittore.translate(-Margini.left(), -Margini.top());
+    }
+    const int Ultima = std::min(A, NumeroPagine());
+    for (int Questa = std::max(Da, 1); Questa <= Ultima; ++Questa) {
+        if (Questa > std::max(Da, 1) && !Dispositivo.newPage())
+            throw ErroreStampante();
+        DisegnaPagina(Pittore, Questa);
+    }
+    if (!Pittore.end())
+        throw ErroreStampante();
+}
+
+// ---- PDF ------------------------------------------------------------------------------------------
+
+QByteArray Impaginazione::Pdf(const QString& Titolo) const
+{
+    QByteArray Byte;
+    QBuffer Uscita(&Byte);
+    Uscita.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter Scrittore(&Uscita);
+        Scrittore.setTitle(Titolo);
+        Scrittore.setCreator(u"Calcanova"_s);
+        Scrittore.setResolution(static_cast<int>(PuntiPerPollice));
+        Scrittore.setPageSize(QPageSize(DimensioneMm(), QPageSize::Millimeter));
+        Scrittore.setPageMargins(QMarginsF());
+        Stampa(Scrittore, 1, NumeroPagine());
+    }
+    return Byte;
+}
+
+void Impaginazione::ScriviPdf(const QString& Percorso, const QString& Titolo) const
+{
+    ScriviFile(Percorso, Pdf(Titolo));
+}

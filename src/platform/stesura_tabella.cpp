@@ -1,0 +1,341 @@
+#include "platform/stesura_tabella.h"
+
+#include "platform/larghezzecolonne.h"
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using RigaTabella = std::vector<Cella>;
+
+constexpr double MargineCella = 0.75 * PuntiPerMm;  // on either side, where another column stands
+constexpr double MargineBordo = 0.5 * PuntiPerMm;   // above and below the text of a table with lines
+constexpr double QuotaIntera = 0.5;  // of a page: a table without headings is kept whole up to it
+
+// ---- what a row is
+
+bool Vuota(const Cella& Questa)
+{
+    return std::all_of(Questa.Testo.begin(), Questa.Testo.end(), [](QChar C) { return C.isSpace(); });
+}
+
+bool Vuota(const RigaTabella& Riga)
+{
+    return std::all_of(Riga.begin(), Riga.end(), [](const Cella& Una) { return Vuota(Una); });
+}
+
+bool Filetto(const Cella& Questa)
+{
+    return !Questa.Testo.isEmpty() &&
+           std::all_of(Questa.Testo.begin(), Questa.Testo.end(), [](QChar C) { return C == u'_'; });
+}
+
+/// Nothing but rules: the figures below belong to those above.
+bool Filetti(const RigaTabella& Riga)
+{
+    return !Vuota(Riga) &&
+           std::all_of(Riga.begin(), Riga.end(), [](const Cella& Una) { return Vuota(Una) || Filetto(Una); });
+}
+
+/// The shape that the lists of fees, expenses and payments have: headings, a blank row, lines.
+bool ConTitoli(const Tabella& Questa)
+{
+    return Questa.Righe.size() > 2 && !Vuota(Questa.Righe[0]) && Vuota(Questa.Righe[1]) &&
+           !Vuota(Questa.Righe[2]);
+}
+
+std::size_t Coperte(const RigaTabella& Riga, std::size_t Colonna)
+{
+    return std::clamp<std::size_t>(static_cast<std::size_t>(std::max(Riga[Colonna].Unione, 1)), 1,
+                                   Riga.size() - Colonna);
+}
+
+// ---- widths
+
+/// A column's margins: none at the edges of a table without lines, which are those of the page's text.
+struct Margini
+{
+    double Prima = 0.0;
+    double Dopo = 0.0;
+};
+
+Margini MarginiDi(std::size_t Prima, std::size_t Ultima, std::size_t Colonne, int Bordo)
+{
+    return {Prima == 0 && Bordo == 0 ? 0.0 : MargineCella,
+            Ultima + 1 == Colonne && Bordo == 0 ? 0.0 : MargineCella};
+}
+
+double ParolaPiuLarga(const Cella& Questa, FontDocumento& Font)
+{
+    const FontMisurato& Suo = Font(Questa.Font);
+    double Massima = 0.0;
+    qsizetype Inizio = 0;
+    for (qsizetype i = 0; i <= Questa.Testo.size(); ++i) {
+        if (i < Questa.Testo.size() && !Questa.Testo[i].isSpace())
+            continue;
+        Massima = std::max(Massima, Suo.Larghezza(QStringView(Questa.Testo).sliced(Inizio, i - Inizio)));
+        Inizio = i + 1;
+    }
+    return Massima;
+}
+
+/// Amounts stand to the right or in the middle; a broken one would be read wrong, so that they ask for their
+/// room. Words may be broken.
+bool DiImporti(const Cella& Questa)
+{
+    return Questa.Unione == 1 &&
+           (Questa.Allinea == Allineamento::Destra || Questa.Allinea == Allineamento::Centro);
+}
+
+std::vector<double> Necessarie(const Tabella& Questa, FontDocumento& Font)
+{
+    std::vector<double> Tutte(Questa.LarghezzeCm.size());
+    for (const RigaTabella& Riga : Questa.Righe)
+        for (std::size_t Colonna = 0; Colonna < Riga.size(); ++Colonna)
+            if (DiImporti(Riga[Colonna]))
+                Tutte[Colonna] = std::max(Tutte[Colonna], ParolaPiuLarga(Riga[Colonna], Font));
+    for (std::size_t Colonna = 0; Colonna < Tutte.size(); ++Colonna) {
+        const Margini Suoi = MarginiDi(Colonna, Colonna, Tutte.size(), Questa.Bordo);
+        if (Tutte[Colonna] > 0.0)
+            Tutte[Colonna] += Suoi.Prima + Suoi.Dopo + 1.0;
+    }
+    return Tutte;
+}
+
+std::vector<double> Larghezze(const Tabella& Questa, const AreaStampa& Area, FontDocumento& Font)
+{
+    constexpr double MmPerCm = 10.0;
+    std::vector<double> Chieste;
+    Chieste.reserve(Questa.LarghezzeCm.size());
+    for (const double Cm : Questa.LarghezzeCm)
+        Chieste.push_back(Cm * MmPerCm * PuntiPerMm);
+    return LarghezzeColonne(Chieste, Necessarie(Questa, Font), Area.Larghezza);
+}
+
+// ---- rows
+
+/// Cuts a row that no page holds into one strip for each line; the cells go on side by side.
+std::vector<Pezzo> InStrisce(const Pezzo& Riga)
+{
+    std::vector<Pezzo> Strisce;
+    for (const RigaStesa& Una : Riga.Righe) {
+        const auto Quale = static_cast<std::size_t>(Una.Riga);
+        if (Strisce.size() <= Quale)
+            Strisce.resize(Quale + 1);
+        Pezzo& Sua = Strisce[Quale];
+        RigaStesa Spostata = Una;
+        Spostata.Dove.moveTop(0.0);
+        Sua.Misure.Altezza = std::max(Sua.Misure.Altezza, Una.Dove.height());
+        Sua.Righe.push_back(Spostata);
+    }
+    return Strisce;
+}
+
+class StenditoreTabella
+{
+public:
+    StenditoreTabella(Stesura& Dove, const Tabella& Quale, const AreaStampa& SuoArea, FontDocumento& Tutti)
+        : Fatta(Dove), Questa(Quale), Area(SuoArea), Font(Tutti), Larghe(Larghezze(Quale, SuoArea, Tutti))
+    {
+        Bordi.reserve(Larghe.size() + 1);
+        Bordi.push_back(Area.Sinistra);
+        for (const double Larga : Larghe)
+            Bordi.push_back(Bordi.back() + Larga);
+    }
+
+    void Stendi()
+    {
+        const qsizetype Da = Fatta.Testo.size();
+        Primo = Fatta.Pezzi.size();
+        Titoli = ConTitoli(Questa) ? static_cast<int>(Primo) : -1;
+        for (std::size_t Riga = 0; Riga < Questa.Righe.size(); ++Riga)
+            StendiRiga(Riga);
+        Fatta.Tabelle.push_back({Da, Fatta.Testo.size()});
+        TieniIntera();
+        if (Titoli >= 0)
+            TrattieniTitolo();
+    }
+
+private:
+    void StendiRiga(std::size_t Quale)
+    {
+        const RigaTabella& Riga = Questa.Righe[Quale];
+        Pezzo Nuovo = Vuota(Riga) ? RigaBianca(Riga) : RigaPiena(Riga);
+        Nuovo.Misure.Unita = Unita(Quale);
+        Nuovo.Misure.Altezza += Questa.Bordo > 0 ? 2.0 * MargineBordo : 0.0;
+        if (Quale > 2 && RipeteTitoli()) {
+            Nuovo.Titoli = Titoli;
+            Nuovo.Misure.TitoliSopra = AltezzaTitoli();
+        }
+        Fatta.Testo += u'\n';
+        if (Nuovo.Misure.Altezza + AltezzaTitoli() > Area.Altezza && !Nuovo.Misure.Bianca)
+            AccodaStrisce(Nuovo);
+        else
+            Accoda(std::move(Nuovo), Riga);
+    }
+
+    void Accoda(Pezzo Nuovo, const RigaTabella& Riga)
+    {
+        if (Questa.Bordo > 0) {
+            for (RigaStesa& Una : Nuovo.Righe)
+                Una.Dove.translate(0.0, MargineBordo);
+            Nuovo.Linee = Linee(Riga, Nuovo.Misure.Altezza);
+        }
+        Fatta.Pezzi.push_back(std::move(Nuovo));
+    }
+
+    void AccodaStrisce(const Pezzo& Riga)
+    {
+        for (Pezzo& Una : InStrisce(Riga)) {
+            Una.Titoli = Riga.Titoli;
+            Una.Misure.TitoliSopra = Riga.Misure.TitoliSopra;
+            Fatta.Pezzi.push_back(std::move(Una));
+        }
+    }
+
+    /// The headings do not end a page, nor does the first line of a table nor the last one begin one. A rule
+    /// stands between the row above and the row below.
+    [[nodiscard]] bool Unita(std::size_t Quale) const
+    {
+        if (Quale == 0)
+            return false;
+        if (Titoli >= 0 && Quale <= 2)
+            return true;
+        const bool Estrema = Titoli < 0 && (Quale == 1 || Quale + 1 == Questa.Righe.size());
+        return Estrema || Filetti(Questa.Righe[Quale]) || Filetti(Questa.Righe[Quale - 1]);
+    }
+
+    [[nodiscard]] double AltezzaTitoli() const
+    {
+        return Titoli < 0 || Fatta.Pezzi.size() < Primo + 2
+                   ? 0.0
+                   : Fatta.Pezzi[Primo].Misure.Altezza + Fatta.Pezzi[Primo + 1].Misure.Altezza;
+    }
+
+    /// Headings that would leave little room for what they head are not repeated.
+    [[nodiscard]] bool RipeteTitoli() const
+    {
+        constexpr double QuotaTitoli = 0.25;
+        return Titoli >= 0 && AltezzaTitoli() <= Area.Altezza * QuotaTitoli;
+    }
+
+    /// The office's head and the summary are read in one piece.
+    void TieniIntera()
+    {
+        double Altezza = 0.0;
+        for (std::size_t i = Primo; i < Fatta.Pezzi.size(); ++i)
+            Altezza += Fatta.Pezzi[i].Misure.Altezza;
+        if (Titoli >= 0 || Altezza > Area.Altezza * QuotaIntera)
+            return;
+        for (std::size_t i = Primo + 1; i < Fatta.Pezzi.size(); ++i)
+            Fatta.Pezzi[i].Misure.Unita = true;
+    }
+
+    /// The lines of a section's title, above the headings, go with them.
+    void TrattieniTitolo()
+    {
+        constexpr int MassimoRighe = 3;
+        std::size_t Sopra = Primo;
+        while (Sopra > 0 && Fatta.Pezzi[Sopra - 1].DiTesto && Fatta.Pezzi[Sopra - 1].Misure.Bianca)
+            --Sopra;
+        int Righe = 0;
+        while (Sopra > 0 && Fatta.Pezzi[Sopra - 1].DiTesto && !Fatta.Pezzi[Sopra - 1].Misure.Bianca &&
+               Righe < MassimoRighe) {
+            --Sopra;
+            ++Righe;
+        }
+        for (std::size_t i = Sopra + 1; Righe > 0 && i <= Primo; ++i)
+            Fatta.Pezzi[i].Misure.Unita = true;
+    }
+
+    [[nodiscard]] double AltezzaMinima(const RigaTabella& Riga) const
+    {
+        double Altezza = 0.0;
+        for (const Cella& Una : Riga)
+            Altezza = std::max(Altezza, Font(Una.Font).Altezza);
+        return Altezza;
+    }
+
+    [[nodiscard]] Pezzo RigaBianca(const RigaTabella& Riga) const
+    {
+        const double Altezza = AltezzaMinima(Riga);
+        Pezzo Nuovo;
+        Nuovo.Misure = {Altezza, true, false, 0.0};
+        const double Ascesa = Riga.empty() ? 0.0 : Font(Riga.front().Font).Ascesa;
+        Nuovo.Righe.push_back(
+            {-1, 0, QRectF(Area.Sinistra, 0.0, 0.0, Altezza), Ascesa, Fatta.Testo.size(), 0});
+        return Nuovo;
+    }
+
+    /// Cells of unlike sizes stand on one baseline.
+    [[nodiscard]] Pezzo RigaPiena(const RigaTabella& Riga)
+    {
+        Pezzo Nuovo;
+        Nuovo.Misure.Altezza = AltezzaMinima(Riga);
+        double Ascesa = 0.0;
+        for (const Cella& Una : Riga)
+            if (!Vuota(Una))
+                Ascesa = std::max(Ascesa, Font(Una.Font).Ascesa);
+        for (std::size_t Colonna = 0; Colonna < Riga.size(); Colonna += Coperte(Riga, Colonna)) {
+            if (Colonna > 0)
+                Fatta.Testo += u'\t';
+            StendiCella(Nuovo, Riga, Colonna, Ascesa);
+        }
+        return Nuovo;
+    }
+
+    void StendiCella(Pezzo& Nuovo, const RigaTabella& Riga, std::size_t Colonna, double Ascesa)
+    {
+        const Cella& Una = Riga[Colonna];
+        // A tab would divide cells in the text stream, and none of the documents has a use for it in a cell.
+        const QString Testo =
+            QString(Una.Testo).replace(u'\n', QChar(QChar::LineSeparator)).replace(u'\t', u' ');
+        if (!Vuota(Una)) {
+            const std::size_t Fine = Colonna + Coperte(Riga, Colonna);
+            const Margini Suoi = MarginiDi(Colonna, Fine - 1, Larghe.size(), Questa.Bordo);
+            const FontMisurato& Suo = Font(Una.Font);
+            Brano Nuova;
+            Nuova.Inizio = Fatta.Testo.size();
+            Nuova.X = Bordi[Colonna] + Suoi.Prima;
+            Nuova.Larghezza = std::max(Bordi[Fine] - Suoi.Dopo - Nuova.X, Suo.Bianco);
+            Nuova.Disposto = Disponi(Testo, Suo, Una.Allinea, Nuova.Larghezza);
+            const int Numero = static_cast<int>(Fatta.Brani.size());
+            Fatta.Brani.push_back(std::move(Nuova));
+            for (RigaStesa& Riga1 : RigheDi(Fatta.Brani.back(), Numero)) {
+                Riga1.Dove.translate(0.0, Ascesa - Suo.Ascesa);
+                Nuovo.Misure.Altezza = std::max(Nuovo.Misure.Altezza, Riga1.Dove.bottom());
+                Nuovo.Righe.push_back(Riga1);
+            }
+        }
+        Fatta.Testo += Testo;
+    }
+
+    [[nodiscard]] std::vector<QLineF> Linee(const RigaTabella& Riga, double Altezza) const
+    {
+        std::vector<QLineF> Tutte{{Bordi.front(), 0.0, Bordi.back(), 0.0},
+                                  {Bordi.front(), Altezza, Bordi.back(), Altezza},
+                                  {Bordi.back(), 0.0, Bordi.back(), Altezza}};
+        for (std::size_t Colonna = 0; Colonna < Riga.size(); Colonna += Coperte(Riga, Colonna))
+            Tutte.emplace_back(Bordi[Colonna], 0.0, Bordi[Colonna], Altezza);
+        return Tutte;
+    }
+
+    Stesura& Fatta;
+    const Tabella& Questa;
+    const AreaStampa& Area;
+    FontDocumento& Font;
+    std::vector<double> Larghe;
+    std::vector<double> Bordi;  ///< x of the edges of the columns, one more than these
+    std::size_t Primo = 0;      ///< first piece of the table
+    int Titoli = -1;
+};
+
+}  // namespace
+
+void StendiTabella(Stesura& Fatta, const Tabella& Questa, const AreaStampa& Area, FontDocumento& Font)
+{
+    StenditoreTabella(Fatta, Questa, Area, Font).Stendi();
+}

@@ -1,0 +1,10 @@
+// A table as strips of paper.
+#pragma once
+
+#include "platform/stesura.h"
+
+/// Appends the rows of a table, its text and its stretch of the text stream.
+void StendiTabella(Stesura& Fatta, const Tabella& Questa, const AreaStampa& Area, FontDocumento& Font);
+
+/// Lines of a passage below each other from y 0; `Quale` is its number.
+[[nodiscard]] std::vector<RigaStesa> RigheDi(const Brano& Questo, int Quale);
