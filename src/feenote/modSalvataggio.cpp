@@ -121,6 +121,19 @@ void DiSalvata(const QString& Percorso)
            TitoloMessaggio.toString());
 }
 
+int CheckModInCorso(const Parcella& Nota, bool Chiusura)
+{
+    if (!Nota.Modificata)
+        return vbNo;
+    const QString Testo =
+        Chiusura
+            ? u"Attenzione le modifiche effettuate non sono state ancora salvate e andranno perdute.\n"
+              u"Vuoi salvare la parcella prima di chiudere?"_s
+            : u"Attenzione le modifiche effettuate sulla precedente parcella non sono state ancora salvate e "
+              u"andranno perdute.\nVuoi salvare la parcella prima di aprire la nuova?"_s;
+    return MsgBox(Testo, vbYesNoCancel + vbQuestion, TitoloDomanda.toString());
+}
+
 void ProteggiNota(Parcella& Nota)
 {
     if (!Nota.Psw.isEmpty()) {

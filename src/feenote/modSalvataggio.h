@@ -18,6 +18,11 @@
 /// Tells the user that the file was written.
 void DiSalvata(const QString& Percorso);
 
+/// Asks about the changes that an end, or another note in the same window, would lose.
+/// @param Chiusura the note is about to be closed; else another one is about to be opened
+/// @return the answer, vbNo unasked for an unmodified note. Whoever asks does the saving.
+[[nodiscard]] int CheckModInCorso(const Parcella& Nota, bool Chiusura);
+
 /// Asks for the password of a file, if it has one. @return true when it may be replaced
 [[nodiscard]] bool ControllaPsw(const QString& Percorso);
 

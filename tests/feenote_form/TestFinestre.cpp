@@ -54,6 +54,7 @@ private Q_SLOTS:
     void minimizzataTornaSu();
     void minimizzataEChiusaSiRiapreNormale();
     void laCorniceChiusaMentreSiChiede();
+    void massimizzataRestaDovE();
 
 private:
     [[nodiscard]] static QMdiSubWindow* Sotto(int Posto)
@@ -437,6 +438,19 @@ void TestFinestre::laCorniceChiusaMentreSiChiede()
     QCOMPARE(Mostrati, 1);
     QVERIFY(Sotto(1)->isVisible() && Parcelle(1)->isVisible() && Parcelle(1)->Nota.Modificata);
     Parcelle(1)->SetModificata(false);
+}
+
+void TestFinestre::massimizzataRestaDovE()
+{
+    ApriParcella({}, 0, {});
+    Respiro();
+    Sotto(1)->showMaximized();
+    Respiro();
+    const QRect Massima = Sotto(1)->geometry();
+    ApriParcella({}, 0, {});  // the untouched first one once more
+    Respiro();
+    QVERIFY(Sotto(1)->isMaximized());
+    QCOMPARE(Sotto(1)->geometry(), Massima);
 }
 
 #include "TestFinestre.moc"

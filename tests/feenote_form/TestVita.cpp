@@ -3,6 +3,7 @@
 
 #include "platform/database.h"
 #include "platform/messaggi_qt.h"
+#include "platform/shell.h"
 
 #include <QMessageBox>
 #include <QPushButton>
@@ -102,6 +103,9 @@ private Q_SLOTS:
     void chiusaDalCodiceConIlMessaggioVero();
     void fileDiSolaLettura();
     void unaltroFileCheNonEUnaNota();
+    void laNotaDiUnaPraticaFinisceIlProgramma();
+    void lUltimaInModoBassoFinisceIlProgramma();
+    void lUltimaFrecciaSalva();
 
 private:
     /// A note with a client, modified.
@@ -649,6 +653,55 @@ void TestVita::unaltroFileCheNonEUnaNota()
     EseguiComando(u"save"_s, 1, {});
     QCOMPARE(LeggiFile(Lettera), QByteArray("Egregio collega"));
     QVERIFY(F->Nota.Modificata);
+}
+
+void TestVita::laNotaDiUnaPraticaFinisceIlProgramma()
+{
+    int Fini = 0;
+    int Ultime = 0;
+    Shell Suo;
+    Suo.Termina = [&](int) { ++Fini; };
+    const Shell Prima = InstallaShell(Suo);
+    UltimaParcellaChiusa = [&] { ++Ultime; };
+    sessione::RichiestaPV2.ID = u"AB12"_s;
+    Tocca();
+    T->Voce.Attendi(u"Nuova parcella\nVuoi salvare la parcella prima di chiudere?"_s, vbCancel);
+    QVERIFY(!F->close());
+    QCOMPARE(Fini, 0);
+    T->Voce.Attendi(u"Nuova parcella\nVuoi salvare la parcella prima di chiudere?"_s, vbNo);
+    QVERIFY(F->close());
+    InstallaShell(Prima);
+    QCOMPARE(Fini, 1);
+    QVERIFY2(Ultime == 0, "né misure né menu");
+}
+
+void TestVita::lUltimaInModoBassoFinisceIlProgramma()
+{
+    int Fini = 0;
+    Shell Suo;
+    Suo.Termina = [&](int) { ++Fini; };
+    const Shell Prima = InstallaShell(Suo);
+    sessione::ModoLow = true;
+    F->SetModificata(true);
+    ApriParcella({}, 0, {});
+    QVERIFY(ChiudiParcella(2));
+    QVERIFY2(Fini == 0, "ce n'è ancora una");
+    F->SetModificata(false);
+    QVERIFY(F->close());
+    InstallaShell(Prima);
+    QCOMPARE(Fini, 1);
+}
+
+void TestVita::lUltimaFrecciaSalva()
+{
+    CompilaCivile(F);
+    ClicScheda(F, SchedaDiStampa);
+    T->Voce.AttendiSalva(T->Ufficio.File(u"dalla freccia.mdb"_s));
+    T->Voce.Attendi(Salvata(u"dalla freccia.mdb"_s));
+    Clic(Controllo(F, "imgNext"));
+    QVERIFY(QFile::exists(T->Ufficio.File(u"dalla freccia.mdb"_s)));
+    QCOMPARE(F->Scheda(), int(SchedaDiStampa));
+    Clic(Controllo(F, "imgNext"));  // and an unmodified note asks nothing
 }
 
 #include "TestVita.moc"
