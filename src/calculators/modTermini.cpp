@@ -1,0 +1,283 @@
+#include "calculators/modTermini.h"
+
+#include "calculators/datatesto.h"
+#include "core/modTesti.h"
+#include "platform/errore.h"
+#include "platform/messaggi.h"
+#include "platform/regionale.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct GiornoMese
+{
+    int Giorno = 0;
+    int Mese = 0;
+
+    friend constexpr bool operator==(const GiornoMese&, const GiornoMese&) = default;
+};
+
+// L. 260/1949 as in force, Easter Monday apart. The patron saint's day is no holiday for terms.
+constexpr std::array FesteFisse{
+    GiornoMese{1, 1},  GiornoMese{6, 1},  GiornoMese{25, 4}, GiornoMese{1, 5},   GiornoMese{2, 6},
+    GiornoMese{15, 8}, GiornoMese{1, 11}, GiornoMese{8, 12}, GiornoMese{25, 12}, GiornoMese{26, 12},
+};
+
+// One period for all years, kept on purpose although the law has shortened it (D.L. 132/2014): the notices of
+// the form say so.
+constexpr GiornoMese InizioSospensione{1, 8};
+constexpr GiornoMese FineSospensione{15, 9};
+
+constexpr GiornoMese SenzaPasquetta{31, 12};
+constexpr int AnnoSenzaPasquetta = 1999;
+constexpr int PrimoAnno = 100;
+constexpr int UltimoAnno = 9999;
+
+constexpr qint64 GiornoGiuliano(const GiornoMese& Quando, int Anno)
+{
+    // The proleptic Gregorian count of days, as QDate keeps it.
+    const int Spostato = (14 - Quando.Mese) / 12;
+    const qint64 A = Anno + 4800 - Spostato;
+    const int M = Quando.Mese + 12 * Spostato - 3;
+    return Quando.Giorno + (153 * M + 2) / 5 + 365 * A + A / 4 - A / 100 + A / 400 - 32045;
+}
+
+constexpr qint64 PrimoGiorno = GiornoGiuliano({1, 1}, PrimoAnno);
+constexpr qint64 UltimoGiorno = GiornoGiuliano({31, 12}, UltimoAnno);
+
+constexpr GiornoMese GiornoPasquetta(int Anno)
+{
+    const int a = Anno % 19;
+    const int b = Anno % 4;
+    const int c = Anno % 7;
+    const int d = (19 * a + 24) % 30;
+    const int e = (4 * c + 2 * b + 6 * d + 5) % 7;
+    const int Giorno = d + e + 23;  // of March: the day behind the Sunday d + e + 22
+    return Giorno < 32 ? GiornoMese{Giorno, 3} : GiornoMese{d + e - 8, 4};
+}
+static_assert(GiornoPasquetta(2012) == GiornoMese{9, 4});
+static_assert(GiornoPasquetta(2049) == GiornoMese{26, 4}, "no correction for April");
+
+QDate NelCalendario(const QDate& Data)
+{
+    const qint64 Giorno = Data.toJulianDay();
+    if (Giorno < PrimoGiorno || Giorno > UltimoGiorno)
+        throw Errore(5);
+    return Data;
+}
+
+QDate Avanti(const QDate& Data, qint64 Giorni)
+{
+    return NelCalendario(Data.addDays(Giorni));
+}
+
+/// The suspension that a count meets next: `Inizio` is the end it meets first, `Fine` the one it meets last.
+/// "Past" and "reached" follow the direction of the count.
+class Finestra
+{
+public:
+    Finestra(int AnnoPrimo, bool Indietro) : Passo(Indietro ? -1 : 1), Anno(AnnoPrimo) { Calcola(); }
+
+    [[nodiscard]] const QDate& Fine() const { return Ultimo; }
+    [[nodiscard]] const QDate& Inizio() const { return Primo; }
+    [[nodiscard]] int Verso() const { return Passo; }
+    [[nodiscard]] bool Raggiunta(const QDate& d) const { return Passo > 0 ? d >= Primo : d <= Primo; }
+    [[nodiscard]] bool Superata(const QDate& d) const { return Passo > 0 ? d >= Ultimo : d <= Ultimo; }
+    [[nodiscard]] bool Contiene(const QDate& d) const
+    {
+        return Raggiunta(d) && (!Superata(d) || d == Ultimo);
+    }
+    /// Days of it between two dates, the earlier of the count left out.
+    [[nodiscard]] int Sovrapposti(const QDate& Da, const QDate& A) const
+    {
+        const QDate Prima = Primo.addDays(-Passo);
+        const qint64 Giorni = Passo > 0 ? std::max(Da, Prima).daysTo(std::min(Ultimo, A))
+                                        : std::min(Da, Prima).daysTo(std::max(Ultimo, A));
+        return int(std::abs(Giorni));
+    }
+    void PassaAllAltra()
+    {
+        Anno += Passo;
+        Calcola();
+    }
+
+private:
+    void Calcola()
+    {
+        const QDate Agosto = QDate::fromJulianDay(GiornoGiuliano(InizioSospensione, Anno));
+        const QDate Settembre = QDate::fromJulianDay(GiornoGiuliano(FineSospensione, Anno));
+        Primo = Passo > 0 ? Agosto : Settembre;
+        Ultimo = Passo > 0 ? Settembre : Agosto;
+    }
+
+    int Passo;
+    int Anno;
+    QDate Primo;
+    QDate Ultimo;
+};
+
+/// Days one by one would do the same: until the suspension is reached nothing can happen.
+QDate ContaGiorni(ContoTermine& Conto, Finestra& Sospensione, QDate d, int Numero)
+{
+    const int Passo = Sospensione.Verso();
+    qint64 Restano = std::max(Numero, 0);
+    while (Conto.Opzioni.Sospensione && Restano > 0) {
+        const qint64 FinoAlla = std::abs(d.daysTo(Sospensione.Inizio()));
+        if (FinoAlla > Restano)
+            break;
+        Conto.Prorogato = true;
+        Restano -= FinoAlla;
+        d = Avanti(Sospensione.Fine(), Passo);
+        Sospensione.PassaAllAltra();
+    }
+    return Avanti(d, Passo * Restano);
+}
+
+QDate ContaMesiOAnni(ContoTermine& Conto, Finestra& Sospensione, QDate d, int Numero, int Tipo)
+{
+    const int Passo = Sospensione.Verso();
+    for (int i = 0; i < Numero; ++i) {
+        const QDate Precedente = d;
+        d = NelCalendario(Tipo == TipoMesi ? d.addMonths(Passo) : d.addYears(Passo));
+        if (!Conto.Opzioni.Sospensione || !Sospensione.Raggiunta(d))
+            continue;
+        Conto.Prorogato = true;
+        Conto.GiorniSospesi += Sospensione.Sovrapposti(Precedente, d);
+        if (Sospensione.Superata(d))
+            Sospensione.PassaAllAltra();
+    }
+    return d;
+}
+
+bool DaSpostare(const QDate& d, const OpzioniTermine& Opzioni)
+{
+    const int Settimana = d.dayOfWeek();
+    return Settimana == Qt::Sunday || (Opzioni.Sabato && Settimana == Qt::Saturday) || IsFestivo(d);
+}
+
+/// Off holidays and out of the suspension, until the date stands still.
+QDate Assesta(ContoTermine& Conto, const Finestra& Sospensione, QDate d)
+{
+    for (;;) {
+        const QDate Prima = d;
+        if (DaSpostare(d, Conto.Opzioni)) {
+            Conto.Prorogato = true;
+            d = Avanti(d, Sospensione.Verso());
+        }
+        // This alone sets no flag: the term itself did not meet the suspension.
+        if (Conto.Opzioni.Sospensione && Sospensione.Contiene(d))
+            d = Avanti(Sospensione.Fine(), Sospensione.Verso());
+        if (d == Prima)
+            return d;
+    }
+}
+
+constexpr qsizetype LungoData = 10;
+
+}  // namespace
+
+QDate Conteggio(ContoTermine& Conto, int Numero, int Tipo)
+{
+    QDate d = NelCalendario(Conto.DataCorrente);
+    Conto.GiorniSospesi = 0;
+    Finestra Sospensione(d.year(), Conto.Opzioni.Antecedente);
+    if (Conto.Opzioni.Sospensione && Sospensione.Raggiunta(d)) {
+        // A start inside the period counts from its end; the move sets no flag.
+        if (Sospensione.Contiene(d))
+            d = Sospensione.Fine();
+        Sospensione.PassaAllAltra();
+    }
+    d = Tipo == TipoGiorni ? ContaGiorni(Conto, Sospensione, d, Numero)
+                           : ContaMesiOAnni(Conto, Sospensione, d, Numero, Tipo);
+    if (Conto.GiorniSospesi != 0)
+        return d;
+    if (Conto.Opzioni.Libero)
+        d = Avanti(d, Sospensione.Verso());
+    return Assesta(Conto, Sospensione, d);
+}
+
+void ContaTermine(ContoTermine& Conto, int Numero, int Tipo)
+{
+    Conto.DataCorrente = Conteggio(Conto, Numero, Tipo);
+    if (Conto.GiorniSospesi > 0)
+        Conto.DataCorrente = Conteggio(Conto, Conto.GiorniSospesi, TipoGiorni);
+}
+
+bool IsFestivo(const QDate& Data)
+{
+    int Anno = 0;
+    GiornoMese Qui;
+    Data.getDate(&Anno, &Qui.Mese, &Qui.Giorno);
+    return std::ranges::find(FesteFisse, Qui) != FesteFisse.end() || Qui == GiornoPasquetta(Anno);
+}
+
+bool IsFestivo(const QString& Data)
+{
+    const auto Letta = Data.size() == LungoData ? LeggiData(Data) : std::nullopt;
+    return Letta && IsFestivo(*Letta);
+}
+
+QString Pasquetta(int Anno)
+{
+    const bool Valido = Anno >= PrimoAnno && Anno <= UltimoAnno;
+    const GiornoMese Quando = Valido ? GiornoPasquetta(Anno) : SenzaPasquetta;
+    return Format(QDate(Valido ? Anno : AnnoSenzaPasquetta, Quando.Mese, Quando.Giorno), u"dd/mm/yyyy");
+}
+
+bool GiornoSospeso(const QDate& Data)
+{
+    const Finestra Sospensione(Data.year(), false);
+    return Sospensione.Contiene(Data);
+}
+
+// ---- the form frmTermini --------------------------------------------------------------------------
+
+std::optional<bool> SabatoAmmesso(const QString& Decorrenza)
+{
+    const auto Data = LeggiData(Decorrenza);
+    return Data ? std::optional(*Data >= QDate(2006, 3, 2)) : std::nullopt;
+}
+
+bool TogliSabatoARitroso(OpzioniTermine& Opzioni)
+{
+    if (!Opzioni.Sabato || !Opzioni.Antecedente)
+        return false;
+    MsgBox(u"La proroga del sabato (art. 155, 5° comma, c.p.c.) non si applica ai termini da calcolarsi a "
+           u"ritroso.\n"
+           "Per maggiori informazioni leggere le Avvertenze"_s,
+           vbExclamation, TitoloAvvertenza.toString());
+    Opzioni.Sabato = false;
+    return true;
+}
+
+std::optional<Difetto> DifettoTermine(const DatiTermine& Dati)
+{
+    const QString Testo = SenzaSecolo(Dati.Decorrenza);
+    if (Testo == u"__/__/__")
+        return Difetto{u"Non è stata specificata la Data di Decorrenza!"_s, u"mskDecorr"_s};
+    if (!IsDate(Testo))
+        return Difetto{u"La Data di Decorrenza indicata non è una data valida!"_s, u"mskDecorr"_s};
+    if (NumeroDi(Dati.Numero) == 0.0)
+        return Difetto{u"Non è stato indicato il Numero di incremento!"_s, u"txtIncrNum"_s};
+    return std::nullopt;
+}
+
+ContoTermine CalcolaTermine(const DatiTermine& Dati)
+{
+    ContoTermine Conto;
+    Conto.Opzioni = Dati.Opzioni;
+    Conto.DataCorrente = CDate(SenzaSecolo(Dati.Decorrenza));
+    ContaTermine(Conto, CInt(Dati.Numero), Dati.Tipo);
+    return Conto;
+}
+
+QString TestoTermine(const ContoTermine& Conto)
+{
+    const QString Testo = u"La scadenza è "_s + DataLunga(Conto.DataCorrente);
+    if (!Conto.Prorogato)
+        return Testo;
+    return Testo + (Conto.Opzioni.Antecedente ? u"\n(Anticipata)"_s : u"\n(Posticipata)"_s);
+}

@@ -1,0 +1,74 @@
+#include "calculators/modTerminiSeq.h"
+
+#include "calculators/datatesto.h"
+#include "core/modTesti.h"
+#include "platform/errore.h"
+#include "platform/regionale.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::array Memorie{
+    Anello{30, u"  1° termine (30 giorni):  "},
+    Anello{30, u"  2° termine (30 giorni):  "},
+    Anello{20, u"  3° termine (20 giorni):  "},
+};
+constexpr std::array Conclusionali{
+    Anello{60, u"  1° termine (60 giorni):  "},
+    Anello{20, u"  2° termine (20 giorni):  "},
+};
+constexpr std::array TabellaArticoli{
+    ArticoloTermini{183, u"Art. 183, 6° co. cpc (deposito memorie)", Memorie},
+    ArticoloTermini{190, u"Art. 190 cpc (deposito conclusionale e repliche)", Conclusionali},
+};
+
+std::span<const Anello> Catena(int Articolo)
+{
+    if (Articolo < 0 || Articolo >= int(TabellaArticoli.size()))
+        throw Errore(9);
+    return TabellaArticoli[size_t(Articolo)].Catena;
+}
+
+}  // namespace
+
+std::span<const ArticoloTermini> Articoli()
+{
+    return TabellaArticoli;
+}
+
+std::optional<Difetto> DifettoUdienza(const QString& Udienza)
+{
+    const QString Testo = SenzaSecolo(Udienza);
+    if (Testo == u"__/__/__")
+        return Difetto{u"Non è stata specificata la Data udienza!"_s, u"mskDecorr"_s};
+    if (!IsDate(Testo))
+        return Difetto{u"La Data udienza indicata non è valida!"_s, u"mskDecorr"_s};
+    return std::nullopt;
+}
+
+QList<ScadenzaAnello> CalcolaSequenza(const QString& Udienza, int Articolo, OpzioniTermine Opzioni)
+{
+    Opzioni.Libero = Opzioni.Antecedente = false;
+    ContoTermine Conto;
+    Conto.Opzioni = Opzioni;
+    Conto.DataCorrente = CDate(SenzaSecolo(Udienza));
+    QList<ScadenzaAnello> Scadenze;
+    for (const Anello& Uno : Catena(Articolo)) {
+        Conto.Prorogato = false;
+        ContaTermine(Conto, Uno.Giorni, TipoGiorni);
+        Scadenze.append({Conto.DataCorrente, Conto.Prorogato});
+    }
+    return Scadenze;
+}
+
+QString TestoSequenza(int Articolo, const QList<ScadenzaAnello>& Scadenze)
+{
+    const std::span<const Anello> Anelli = Catena(Articolo);
+    const QString ACapo = u"\r\n"_s;
+    QStringList Righe;
+    for (qsizetype i = 0; i < std::min(Scadenze.size(), qsizetype(Anelli.size())); ++i)
+        Righe << Anelli[size_t(i)].Didascalia.toString() + DataLunga(Scadenze[i].Data) +
+                     (Scadenze[i].Prorogata ? u" (Posticipato)"_s : QString());
+    return ACapo + Righe.join(ACapo + ACapo);
+}
