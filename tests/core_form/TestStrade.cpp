@@ -5,7 +5,9 @@
 #include "core/iconastudio.h"
 #include "feenote/finestre.h"
 #include "feenote/frmParcelle.h"
+#include "platform/campo.h"
 
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
@@ -25,6 +27,11 @@ private Q_SLOTS:
     void ultimaChiusaDallaSuaFinestra();
     void basso();
     void pratica();
+    void senzaParcelleMdb();
+    void unFileCheNonEUnaParcella_data();
+    void unFileCheNonEUnaParcella();
+    void scrivaniaChiusaDuranteUnaDomanda();
+    void corniceDietroLaScrivania();
     void apriChiedeIlFile_data();
     void apriChiedeIlFile();
 
@@ -139,6 +146,93 @@ void TestStrade::pratica()
     QCOMPARE(S->Eventi, QStringList{u"fine"_s});
     // The sizes are those of a session of the office's own.
     QCOMPARE(Scena::Parametro(u"MainWidth"_s), QString());
+}
+
+void TestStrade::senzaParcelleMdb()
+{
+    Registratore Box;
+    Box.Tollera();
+    Scena::Salva(u"PercorsoProcedura"_s, NuovaCartella());
+    Main(u"-low"_s);
+    QVERIFY(!Box.Mostrati().isEmpty());
+    for (const MessaggioMostrato& Uno : Box.Mostrati()) {
+        QCOMPARE(Uno.Titolo, u"Errore:"_s);
+        QCOMPARE(Uno.Bandiere, vbCritical);
+    }
+    // The note is there, can be written in and is kept.
+    QVERIFY(Parcelle(1) && Parcelle(1)->isVisible());
+    auto* Oggetto = Parcelle(1)->findChild<QLineEdit*>(u"txtOggetto"_s);
+    QVERIFY(Oggetto && Oggetto->isEnabled());
+    QVERIFY(MostraAttiva(Cornice()));
+    Oggetto->setFocus();
+    Digita(u"Opposizione"_s);
+    QVERIFY(ConcludiCampo());
+    QVERIFY(InfoParcelle[1].Modificata);
+    QCOMPARE(S->Eventi, QStringList());
+    Parcelle(1)->SetModificata(false);
+    QVERIFY(ChiudiParcella(1));
+    QCOMPARE(S->Eventi, QStringList{u"fine"_s});
+}
+
+void TestStrade::unFileCheNonEUnaParcella_data()
+{
+    QTest::addColumn<QByteArray>("Contenuto");
+
+    QTest::newRow("missing") << QByteArray();
+    QTest::newRow("no database") << "rumore"_ba;
+    QTest::newRow("zeros") << QByteArray(8192, '\0');
+}
+
+void TestStrade::unFileCheNonEUnaParcella()
+{
+    QFETCH(QByteArray, Contenuto);
+    Registratore Box;
+    Box.Tollera();
+    const QString File = NuovaCartella() + u"rossi.mdb"_s;
+    if (!Contenuto.isEmpty())
+        ScriviFile(File, Contenuto);
+    Main(u"PV2|E|"_s + File);
+    QVERIFY(!Box.Mostrati().isEmpty());
+    QCOMPARE(Box.Mostrati().first().Titolo, u"Errore:"_s);
+    QVERIFY(Cornice().isVisible() && Parcelle(1)->isVisible());
+    QVERIFY2(Parcelle(1)->Nota.Percorso.isEmpty(), "a save would replace the file");
+    QCOMPARE(EsisteFile(File) ? LeggiFile(File) : QByteArray(), Contenuto);
+    QCOMPARE(S->Eventi, QStringList());
+}
+
+void TestStrade::scrivaniaChiusaDuranteUnaDomanda()
+{
+    // A system that ends closes the windows whatever is asked: the question is answered by nobody.
+    Main(u""_s);
+    EseguiComando(u"new"_s, 0, {});
+    Parcelle(1)->SetModificata(true);
+    Messaggi Mie;
+    Mie.Box = [this](const QString&, int, const QString&) {
+        Scrivania().close();
+        S->Annota(u"senza risposta"_s);
+        return vbCancel;
+    };
+    const Messaggi Precedenti = InstallaMessaggi(Mie);
+    Cornice().close();
+    InstallaMessaggi(Precedenti);
+    Respiro();
+    QCOMPARE(S->Eventi, (QStringList{u"fine"_s, u"senza risposta"_s}));
+    QVERIFY2(InfoParcelle[1].Modificata && !InfoParcelle[1].Libera, "the note is as it was");
+    QVERIFY(Cornice().isVisible());
+}
+
+void TestStrade::corniceDietroLaScrivania()
+{
+    const Registratore Box;
+    Main(u""_s);
+    EseguiComando(u"new"_s, 0, {});
+    Parcelle(1)->SetModificata(true);
+    Cornice().showMinimized();
+    Scrivania().Mostra();
+    QTest::mouseClick(Scrivania().imgMenu(0), Qt::LeftButton);
+    QCOMPARE(UltimaParcella(), 2);
+    QVERIFY2(!Cornice().isMinimized(), "the new note would not be seen");
+    QTRY_VERIFY(Cornice().isActiveWindow());
 }
 
 void TestStrade::apriChiedeIlFile_data()
