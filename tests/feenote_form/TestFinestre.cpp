@@ -412,6 +412,8 @@ void TestFinestre::minimizzataTornaSu()
 void TestFinestre::minimizzataEChiusaSiRiapreNormale()
 {
     ApriParcella({}, 0, {});
+    Respiro();
+    Sotto(1)->move(50, 60);
     Sotto(1)->showMinimized();
     Respiro();
     QVERIFY(ChiudiParcella(1));

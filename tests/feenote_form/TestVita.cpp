@@ -5,6 +5,7 @@
 #include "platform/messaggi_qt.h"
 #include "platform/shell.h"
 
+#include <QDialog>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -101,6 +102,7 @@ private Q_SLOTS:
     void chiusaDalCodiceMentreChiede_data();
     void chiusaDalCodiceMentreChiede();
     void chiusaDalCodiceConIlMessaggioVero();
+    void chiusaDalCodiceConUnAltraFinestraModale();
     void fileDiSolaLettura();
     void unaltroFileCheNonEUnaNota();
     void laNotaDiUnaPraticaFinisceIlProgramma();
@@ -627,6 +629,18 @@ void TestVita::chiusaDalCodiceConIlMessaggioVero()
     InstallaMessaggi(Prima);
     QVERIFY(!Chiusa);
     QVERIFY(F->isVisible() && F->Nota.Modificata);
+}
+
+void TestVita::chiusaDalCodiceConUnAltraFinestraModale()
+{
+    // A rule of the note may be waiting behind it for its answer.
+    QDialog Modale;
+    Modale.setModal(true);
+    Modale.show();
+    QVERIFY(!ChiudiParcella(1));
+    QVERIFY(F->isVisible() && !InfoParcelle[1].Libera);
+    Modale.close();
+    QVERIFY(ChiudiParcella(1));
 }
 
 void TestVita::fileDiSolaLettura()
