@@ -9,6 +9,7 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 
 #include <array>
@@ -92,26 +93,44 @@ private:
     bool DaCoprire;
 };
 
+/// A dialog of its own life: the window below it may go while it is open, and takes it along.
+template <class Dialogo>
+class DialogoSopra
+{
+public:
+    template <class... Argomenti>
+    explicit DialogoSopra(Argomenti&&... Valori) : Vero(new Dialogo(std::forward<Argomenti>(Valori)...))
+    {}
+    ~DialogoSopra() { delete Vero; }
+    Q_DISABLE_COPY_MOVE(DialogoSopra)
+
+    Dialogo* operator->() const { return Vero; }
+    Dialogo& operator*() const { return *Vero; }
+
+private:
+    QPointer<Dialogo> Vero;
+};
+
 int MostraBox(const QString& Testo, int Bandiere, const QString& Titolo, const QStringList& Scritte)
 {
     const PuntatoreNormale Puntatore;
-    QMessageBox Box(Simbolo(Bandiere), Titolo, {}, Pulsanti(Bandiere), Sopra());
-    Box.setTextFormat(Qt::PlainText);
-    Box.setText(Testo);
+    const DialogoSopra<QMessageBox> Box(Simbolo(Bandiere), Titolo, QString(), Pulsanti(Bandiere), Sopra());
+    Box->setTextFormat(Qt::PlainText);
+    Box->setText(Testo);
     qsizetype Posto = 0;
     int SenzaRisposta = vbCancel;
     for (const Risposta& Voce : Risposte) {
-        QAbstractButton* Pulsante = Box.button(Voce.Pulsante);
+        QAbstractButton* Pulsante = Box->button(Voce.Pulsante);
         if (!Pulsante)
             continue;
         if (Posto < Scritte.size())
             Pulsante->setText(Scritte[Posto]);
         if (Posto == ((Bandiere & vbDefaultButton2) != 0 ? 1 : 0))
-            Box.setDefaultButton(static_cast<QPushButton*>(Pulsante));
+            Box->setDefaultButton(static_cast<QPushButton*>(Pulsante));
         SenzaRisposta = Voce.Codice;  // the last button is the one that changes nothing
         ++Posto;
     }
-    const int Premuto = Box.exec();
+    const int Premuto = Box->exec();  // none of the buttons when the box went with its window
     for (const Risposta& Voce : Risposte)
         if (Premuto == Voce.Pulsante)
             return Voce.Codice;
@@ -121,13 +140,13 @@ int MostraBox(const QString& Testo, int Bandiere, const QString& Titolo, const Q
 QString Chiedi(const QString& Testo, const QString& Titolo, const QString& Predefinito)
 {
     const PuntatoreNormale Puntatore;
-    QInputDialog Box(Sopra());
-    Box.setWindowTitle(Titolo);
-    Box.setLabelText(Testo);
-    Box.setTextValue(Predefinito);
-    for (QLabel* Scritta : Box.findChildren<QLabel*>())
+    const DialogoSopra<QInputDialog> Box(Sopra());
+    Box->setWindowTitle(Titolo);
+    Box->setLabelText(Testo);
+    Box->setTextValue(Predefinito);
+    for (QLabel* Scritta : Box->findChildren<QLabel*>())
         Scritta->setTextFormat(Qt::PlainText);
-    return Box.exec() == QDialog::Accepted ? Box.textValue() : QString();
+    return Box->exec() == QDialog::Accepted ? Box->textValue() : QString();
 }
 
 /// "Name (*.x)|*.x|..." or Qt's own form, as Qt's.
@@ -163,29 +182,29 @@ QString Sfoglia(QFileDialog& Dialogo, const QString& Iniziale)
 QString ScegliFile(QFileDialog::AcceptMode Modo, const QString& Titolo, const QString& Iniziale,
                    const QString& Filtro)
 {
-    QFileDialog Dialogo(Sopra(), Titolo, {}, FiltroQt(Filtro));
-    Dialogo.setAcceptMode(Modo);
-    Dialogo.setFileMode(Modo == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    const DialogoSopra<QFileDialog> Dialogo(Sopra(), Titolo, QString(), FiltroQt(Filtro));
+    Dialogo->setAcceptMode(Modo);
+    Dialogo->setFileMode(Modo == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     // Whether a file may be replaced is the saving procedure's own question.
-    Dialogo.setOption(QFileDialog::DontConfirmOverwrite);
-    return Sfoglia(Dialogo, Iniziale);
+    Dialogo->setOption(QFileDialog::DontConfirmOverwrite);
+    return Sfoglia(*Dialogo, Iniziale);
 }
 
 QString ScegliCartella(const QString& Titolo, const QString& Iniziale)
 {
-    QFileDialog Dialogo(Sopra(), Titolo);
-    Dialogo.setFileMode(QFileDialog::Directory);
-    Dialogo.setOption(QFileDialog::ShowDirsOnly);
-    return Sfoglia(Dialogo, Iniziale);
+    const DialogoSopra<QFileDialog> Dialogo(Sopra(), Titolo);
+    Dialogo->setFileMode(QFileDialog::Directory);
+    Dialogo->setOption(QFileDialog::ShowDirsOnly);
+    return Sfoglia(*Dialogo, Iniziale);
 }
 
 std::optional<int> ScegliColore(int Iniziale)
 {
     const PuntatoreNormale Puntatore;
-    QColorDialog Dialogo(aspetto::DaBgr(Iniziale), Sopra());
-    if (Dialogo.exec() != QDialog::Accepted)
+    const DialogoSopra<QColorDialog> Dialogo(aspetto::DaBgr(Iniziale), Sopra());
+    if (Dialogo->exec() != QDialog::Accepted)
         return std::nullopt;
-    return aspetto::ABgr(Dialogo.selectedColor());
+    return aspetto::ABgr(Dialogo->selectedColor());
 }
 
 }  // namespace

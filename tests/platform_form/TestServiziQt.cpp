@@ -59,6 +59,7 @@ private Q_SLOTS:
     void ilBoxStaSopraLaFinestra();
     void chiusoSenzaRisposta_data();
     void chiusoSenzaRisposta();
+    void laFinestraSottoSeNeVa();
     void immissione();
     void immissioneAnnullata();
     void apriFile();
@@ -181,6 +182,21 @@ void TestServiziQt::chiusoSenzaRisposta()
     QFETCH(int, Bandiere);
     Prossimo<QMessageBox>([](QMessageBox& Aperto) { Aperto.reject(); });
     QTEST(MsgBox(u"Testo"_s, Bandiere), "Risposta");
+}
+
+void TestServiziQt::laFinestraSottoSeNeVa()
+{
+    auto* Finestra = new QWidget;
+    QVERIFY(MostraAttiva(*Finestra));
+    Prossimo<QMessageBox>([&](QMessageBox&) { delete Finestra; });
+    QCOMPARE(MsgBox(u"Testo"_s, vbYesNo), vbNo);
+    QVERIFY(!QApplication::activeModalWidget());
+
+    Finestra = new QWidget;
+    QVERIFY(MostraAttiva(*Finestra));
+    Prossimo<QInputDialog>([&](QInputDialog&) { delete Finestra; });
+    QCOMPARE(InputBox(u"Testo"_s, u"Titolo"_s, u"già scritto"_s), QString());
+    QVERIFY(!QApplication::activeModalWidget());
 }
 
 void TestServiziQt::immissione()
