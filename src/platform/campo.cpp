@@ -204,6 +204,24 @@ bool ConcludiDa(QPointer<QWidget> Campo)
     return true;
 }
 
+void PreparaNumerico(QLineEdit* Campo, bool Percento)
+{
+    Campo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    FiltraTasti(Campo, Percento ? u"1234567890,."_s : u","_s, Percento);
+}
+
+/// A leave procedure that runs only on a number or on nothing; another text is told and refused.
+std::function<bool()> SoloNumeri(QLineEdit* Campo, std::function<bool()> Procedura)
+{
+    return [Campo, Procedura = std::move(Procedura)] {
+        const QString Testo = Campo->text().trimmed();
+        if (Testo.isEmpty() || IsNumeric(Testo))
+            return !Procedura || Procedura();
+        MsgBox(u"Immettere un valore numerico!"_s, vbCritical, TitoloErrore.toString());
+        return false;
+    };
+}
+
 }  // namespace
 
 bool LasciaDavvero(const QFocusEvent& Evento)
@@ -274,13 +292,12 @@ std::function<int(int, const QString&)> InstallaFiltro(std::function<int(int, co
 
 void CampoNumerico(QLineEdit* Campo, std::function<bool()> Procedura, bool Percento)
 {
-    Campo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    FiltraTasti(Campo, u","_s, Percento);
-    AlLascia(Campo, [Campo, Procedura = std::move(Procedura)] {
-        const QString Testo = Campo->text().trimmed();
-        if (Testo.isEmpty() || IsNumeric(Testo))
-            return !Procedura || Procedura();
-        MsgBox(u"Immettere un valore numerico!"_s, vbCritical, TitoloErrore.toString());
-        return false;
-    });
+    PreparaNumerico(Campo, Percento);
+    AlLascia(Campo, SoloNumeri(Campo, std::move(Procedura)));
+}
+
+void CampoNumericoSempre(QLineEdit* Campo, std::function<bool()> Procedura)
+{
+    PreparaNumerico(Campo, false);
+    AlLasciaSempre(Campo, SoloNumeri(Campo, std::move(Procedura)));
 }

@@ -49,7 +49,11 @@ std::function<int(int Tasto, const QString& Tipo)> InstallaFiltro(
 
 /// A box of an amount or a percentage: filtered, flush right; a text that is no number is refused on
 /// leaving with "Immettere un valore numerico!", the focus stays, nothing changes. An empty text passes.
+/// A percentage takes digits, "," and "." only.
 void CampoNumerico(QLineEdit* Campo, std::function<bool()> Procedura, bool Percento = false);
+
+/// An amount box whose procedure runs at every leaving, as AlLasciaSempre has it.
+void CampoNumericoSempre(QLineEdit* Campo, std::function<bool()> Procedura);
 
 /// True when losing the focus like this is a leaving, not a change of window or an open popup.
 [[nodiscard]] bool LasciaDavvero(const QFocusEvent& Evento);

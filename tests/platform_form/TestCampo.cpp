@@ -84,6 +84,8 @@ private Q_SLOTS:
     void soloLettura();
     void numerico_data();
     void numerico();
+    void numericoSempre();
+    void percentoSenzaSegno();
 
 private:
     std::unique_ptr<Modulo> M;
@@ -417,6 +419,35 @@ void TestCampo::numerico()
     QCOMPARE(Regola.Chiamate, Accettato ? 1 : 0);
     if (!Accettato)
         QCOMPARE(Box.Mostrati().constFirst().Bandiere, vbCritical);
+}
+
+void TestCampo::numericoSempre()
+{
+    Registratore Box;
+    Conto Regola;
+    CampoNumericoSempre(M->A, Regola());
+    M->A->setText(u"abc"_s);  // by code: untouched, and looked at all the same
+    Box.Attendi(u"Immettere un valore numerico!"_s, vbOK, u"Errore:"_s);
+    M->B->setFocus();
+    Respiro();
+    QVERIFY(M->A->hasFocus());
+    QCOMPARE(Regola.Chiamate, 0);
+    M->A->setText(u"12,5"_s);
+    M->B->setFocus();
+    Respiro();
+    QVERIFY(M->B->hasFocus());
+    QCOMPARE(Regola.Chiamate, 1);
+}
+
+void TestCampo::percentoSenzaSegno()
+{
+    const auto Prima = InstallaFiltro([](int Tasto, const QString& Tipo) {
+        return Tipo.contains(QChar(Tasto)) ? Tasto : 0;
+    });
+    CampoNumerico(M->A, {}, true);
+    QTest::keyClicks(M->A, u"-1a2.5"_s);
+    QCOMPARE(M->A->text(), u"12,5"_s);
+    InstallaFiltro(Prima);
 }
 
 #include "TestCampo.moc"
