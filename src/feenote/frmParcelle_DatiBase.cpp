@@ -9,6 +9,8 @@
 #include "ui_SchedaDatiBase.h"
 
 #include <QButtonGroup>
+#include <QHelpEvent>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +28,31 @@ constexpr std::array CaselleTesto{
     CasellaTesto{&Ui::SchedaDatiBase::txtCliente, &Parcella::txtCliente, &Parcella::txtDatiStaCli},
     CasellaTesto{&Ui::SchedaDatiBase::txtControp, &Parcella::txtControp, &Parcella::txtDatiStaControp},
     CasellaTesto{&Ui::SchedaDatiBase::txtOggetto, &Parcella::txtOggetto, &Parcella::txtDatiStaOgg},
+};
+
+/// A text that its box cuts is read whole in the tooltip.
+class TestoIntero : public QObject
+{
+public:
+    explicit TestoIntero(QLineEdit* Campo) : QObject(Campo), Box(Campo) { Campo->installEventFilter(this); }
+
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
+    {
+        if (Evento->type() != QEvent::ToolTip)
+            return QObject::eventFilter(Oggetto, Evento);
+        constexpr int Margini = 8;
+        constexpr qsizetype Massimo = 500;
+        const QString Testo = Box->text();
+        if (Box->fontMetrics().horizontalAdvance(Testo) > Box->width() - Margini)
+            QToolTip::showText(static_cast<QHelpEvent*>(Evento)->globalPos(),
+                               u"<p>"_s + Testo.left(Massimo).toHtmlEscaped() + u"</p>"_s, Box);
+        else
+            QToolTip::hideText();
+        return true;
+    }
+
+private:
+    QLineEdit* Box;
 };
 
 QButtonGroup* RiunisciOpzioni(QWidget* Scheda)
@@ -74,6 +101,7 @@ void frmParcelle::CollegaDatiBase()
             SetModificata(true);
         });
         FiltraTasti(Box, {});
+        new TestoIntero(Box);
     }
 
     ::Collega(uiBase->cmbCateg, &QComboBox::activated, this,
@@ -87,8 +115,10 @@ void frmParcelle::CollegaDatiBase()
         SetModificata(true);
     });
     mostra::LarghezzaImporto(uiBase->txtImporto);
-    CampoNumerico(uiBase->txtImporto, [this] {
-        Applica([&] { LasciaImporto(Nota); });
+    // A box that a rule has emptied, or whose bracket went with the category, is left like one typed in.
+    CampoNumericoSempre(uiBase->txtImporto, [this] {
+        if (uiBase->txtImporto->isModified() || ImportoInSospeso(Nota))
+            Applica([&] { LasciaImporto(Nota); });
         return true;
     });
 

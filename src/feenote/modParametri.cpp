@@ -56,6 +56,13 @@ double ValoreCasella(const Parcella& Nota)
     return Valore > 0 ? Round(Valore, 2) : 0.0;
 }
 
+/// True when the value belongs to another bracket than the selected one.
+bool CercaScaglione(const Parcella& Nota, double Valore)
+{
+    const ScaglioneValore* Scelto = Nota.ScaglioneSelezionato();
+    return Valore > 0 && (!Scelto || Fuori(*Scelto, Valore) || Indeterminato(*Scelto));
+}
+
 /// A value that is not defined shows an empty box.
 void ScriviImporto(Parcella& Nota, double Valore)
 {
@@ -192,6 +199,14 @@ bool CambiaScaglione(Parcella& Nota, int Indice)
     return true;
 }
 
+bool ImportoInSospeso(const Parcella& Nota)
+{
+    const double Imp = ValoreCasella(Nota);
+    // A value that lies in no bracket at all is told by CheckOK; looking for its bracket again helps nobody.
+    return Imp != Nota.ImportoPrec
+        || (CercaScaglione(Nota, Imp) && ScaglionePer(Nota, Imp) != NessunaVoce);
+}
+
 void LasciaImporto(Parcella& Nota)
 {
     const double ImpPrima = Nota.ImportoPrec;
@@ -203,19 +218,12 @@ void LasciaImporto(Parcella& Nota)
         Nota.RicalcoloNecessario = true;
         Nota.ImportoPrec = Imp;
     }
-    if (Imp > 0) {
-        const ScaglioneValore* Scelto = Nota.ScaglioneSelezionato();
-        if (!Scelto || Fuori(*Scelto, Imp) || Indeterminato(*Scelto)) {
-            if (!SelSca(Nota, Imp)) {
-                // The bracket was refused, and the value with it: everything as before it was typed.
-                Nota.ImportoPrec = ImpPrima;
-                Nota.RicalcoloNecessario = RicalcoloPrima;
-                ScriviImporto(Nota, ImpPrima);
-                return;
-            }
-        } else {
-            Nota.ImportoPrec = Imp;
-        }
+    if (CercaScaglione(Nota, Imp) && !SelSca(Nota, Imp)) {
+        // The bracket was refused, and the value with it: everything as before it was typed.
+        Nota.ImportoPrec = ImpPrima;
+        Nota.RicalcoloNecessario = RicalcoloPrima;
+        ScriviImporto(Nota, ImpPrima);
+        return;
     }
     SetModificata(Nota, true);
 }

@@ -1,9 +1,14 @@
 // Tab 0 by mouse and keyboard: parties, parameters, variations, the gate to the other tabs.
 #include "tavolo.h"
 
+#include <QHelpEvent>
+#include <QToolTip>
+
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int Milione = 1000000;  // without separators, which moc cannot read
 
 const QString Ricalcolo = u"Sono state già inserite delle prestazioni e la modifica comporterà il ricalcolo "
                           u"con i nuovi parametri.\n"
@@ -31,6 +36,9 @@ private Q_SLOTS:
     void stragiudizialeChiedeIlValore();
     void ilValoreTrovaLoScaglione();
     void ilValoreSiMostraArrotondato();
+    void ilValoreRimastoTrovaLoScaglione();
+    void ilValoreFuoriDalNuovoScaglioneCade();
+    void passareSulValoreNonTocca();
     void ilValoreNonNumericoRestaLi_data();
     void ilValoreNonNumericoRestaLi();
     void ilTastierinoScriveLaVirgola();
@@ -39,6 +47,9 @@ private Q_SLOTS:
     void lAutoritaIncompatibile();
     void ilCancelloDiceCosaManca_data();
     void ilCancelloDiceCosaManca();
+    void ilCancelloGuardaIlValore_data();
+    void ilCancelloGuardaIlValore();
+    void lIndeterminatoNonVuoleValore();
     void ilCancelloVaAncheDallaFreccia();
     void ilCampoRifiutatoFermaIlCambio();
     void leScorciatoieNonSaltanoIlCampo();
@@ -47,7 +58,9 @@ private Q_SLOTS:
     void ilSegnoAspettaIlPercento();
     void ilSegnoCambiaLaVariazione();
     void ilPercentoVuotoTornaLibero();
-    void oggettoLunghissimo();
+    void testoLunghissimo_data();
+    void testoLunghissimo();
+    void ilTestoTagliatoSiLeggeIntero();
 
 private:
     std::unique_ptr<Tavolo> T;
@@ -157,13 +170,54 @@ void TestSchedaBase::ilValoreSiMostraArrotondato()
     QCOMPARE(Controllo<QLineEdit>(F, "txtImporto")->text(), u"30.000,00"_s);
 }
 
+void TestSchedaBase::ilValoreRimastoTrovaLoScaglione()
+{
+    // Out of court the bracket follows from the value alone: leaving a value that was there must find it.
+    CompilaCivile(F);
+    Scegli(Controllo<QComboBox>(F, "cmbCateg"), CategStragiudiziale);
+    QCOMPARE(F->Nota.cmbValore, -1);
+    QCOMPARE(Controllo<QLineEdit>(F, "txtImporto")->text(), u"30.000,00"_s);
+    Premi(Qt::Key_Tab);
+    Respiro();
+    QVERIFY(F->Nota.cmbValore >= 0);
+    ClicScheda(F, SchedaListaOnorari);
+    QCOMPARE(F->Scheda(), int(SchedaListaOnorari));
+}
+
+void TestSchedaBase::ilValoreFuoriDalNuovoScaglioneCade()
+{
+    CompilaCivile(F);
+    QVERIFY(F->Nota.cmbValore > 0);
+    Scegli(Controllo<QComboBox>(F, "cmbValore"), F->Nota.cmbValore - 1);
+    Respiro();
+    auto* Box = Controllo<QLineEdit>(F, "txtImporto");
+    QVERIFY(Box->text().isEmpty());
+    QCOMPARE(QApplication::focusWidget(), Box);
+    QCOMPARE(F->Nota.ImportoPrec, 30000.0);
+    F->Nota.RicalcoloNecessario = false;
+    Premi(Qt::Key_Tab);
+    QVERIFY2(F->Nota.ImportoPrec == 0.0, "chi lascia vuota la casella non ha più quel valore");
+    QVERIFY(F->Nota.RicalcoloNecessario);
+}
+
+void TestSchedaBase::passareSulValoreNonTocca()
+{
+    CompilaCivile(F);
+    F->SetModificata(false);
+    F->Nota.RicalcoloNecessario = false;
+    Controllo(F, "txtImporto")->setFocus();
+    Premi(Qt::Key_Tab);
+    QVERIFY(!F->Nota.Modificata);
+    QVERIFY(!F->Nota.RicalcoloNecessario);
+}
+
 void TestSchedaBase::ilValoreNonNumericoRestaLi_data()
 {
     QTest::addColumn<QString>("Testo");
     QTest::newRow("parola") << u"abc"_s;
     QTest::newRow("il punto non è un decimale") << u"30000.50"_s;
     QTest::newRow("data") << u"31/02/2012"_s;
-    QTest::newRow("un milione di caratteri") << QString(1'000'000, u'x');
+    QTest::newRow("un milione di caratteri") << QString(Milione, u'x');
     QTest::newRow("più righe") << u"1\n2\n3"_s;
 }
 
@@ -276,6 +330,51 @@ void TestSchedaBase::ilCancelloDiceCosaManca()
     }
 }
 
+void TestSchedaBase::ilCancelloGuardaIlValore_data()
+{
+    QTest::addColumn<int>("Scaglione");
+    QTest::addColumn<QString>("Valore");
+    QTest::addColumn<QString>("Messaggio");
+    QTest::newRow("valore esatto richiesto") << 6 << QString()
+                                             << u"Occorre specificare il valore esatto della causa!"_s;
+    QTest::newRow("oltre ogni scaglione")
+        << 6 << u"9999999999999"_s << u"Il valore della causa specificato non è compreso nello scaglione!"_s;
+    QTest::newRow("senza scaglione") << -1 << u"9999999999999"_s
+                                     << u"Non è stato specificato lo scaglione di valore della causa!"_s;
+}
+
+void TestSchedaBase::ilCancelloGuardaIlValore()
+{
+    QFETCH(int, Scaglione);
+    QFETCH(QString, Valore);
+    QFETCH(QString, Messaggio);
+    Scegli(Controllo<QComboBox>(F, "cmbCateg"), CategCivile);
+    Scegli(Controllo<QComboBox>(F, "cmbAutor"), IndiceAutorita(F->Nota, IDTribunale));
+    if (Scaglione >= 0)
+        Scegli(Controllo<QComboBox>(F, "cmbValore"), Scaglione);
+    auto* Box = Controllo<QLineEdit>(F, "txtImporto");
+    if (!Valore.isEmpty())
+        Scrivi(Box, Valore);
+    T->Voce.Attendi(Messaggio, vbOK, u"Errore:"_s);
+    ClicScheda(F, SchedaListaOnorari);
+    QCOMPARE(F->Scheda(), int(SchedaBase));
+    QCOMPARE(QApplication::focusWidget(), Box);
+    Scrivi(Box, u"2000000"_s);
+    ClicScheda(F, SchedaListaOnorari);
+    QCOMPARE(F->Scheda(), int(SchedaListaOnorari));
+}
+
+void TestSchedaBase::lIndeterminatoNonVuoleValore()
+{
+    CompilaCivile(F);
+    Scegli(Controllo<QComboBox>(F, "cmbValore"), F->Nota.ListaScaglioni.size() - 1);
+    QVERIFY(Indeterminato(*F->Nota.ScaglioneSelezionato()));
+    QVERIFY(Controllo<QLineEdit>(F, "txtImporto")->text().isEmpty());
+    QCOMPARE(F->Nota.ImportoPrec, 0.0);
+    ClicScheda(F, SchedaListaOnorari);
+    QCOMPARE(F->Scheda(), int(SchedaListaOnorari));
+}
+
 void TestSchedaBase::ilCancelloVaAncheDallaFreccia()
 {
     T->Voce.Attendi(u"Non è stata specificata la categoria della pratica!"_s);
@@ -365,14 +464,48 @@ void TestSchedaBase::ilPercentoVuotoTornaLibero()
     QCOMPARE(Controllo<QComboBox>(F, "cmbAumRid")->currentIndex(), -1);
 }
 
-void TestSchedaBase::oggettoLunghissimo()
+void TestSchedaBase::testoLunghissimo_data()
+{
+    QTest::addColumn<QByteArray>("Casella");
+    QTest::addColumn<QString>("Testo");
+    QTest::addColumn<int>("Restano");
+    const QString Lungo(Milione, u'à');
+    const QString Righe = u"riga\n"_s.repeated(Milione / 5);
+    QTest::newRow("cliente") << QByteArray("txtCliente") << Lungo << 2000;
+    QTest::newRow("controparte, tante righe") << QByteArray("txtControp") << Righe << 2000;
+    QTest::newRow("oggetto") << QByteArray("txtOggetto") << Lungo << 4000;
+    QTest::newRow("oggetto, tante righe") << QByteArray("txtOggetto") << Righe << 4000;
+    QTest::newRow("percento") << QByteArray("txtAumRid") << QString(Milione, u'9') << 3;
+}
+
+void TestSchedaBase::testoLunghissimo()
+{
+    QFETCH(QByteArray, Casella);
+    QFETCH(QString, Testo);
+    QFETCH(int, Restano);
+    CompilaCivile(F);
+    auto* Box = Controllo<QLineEdit>(F, Casella.constData());
+    Incolla(Box, Testo);
+    QCOMPARE(Box->text(), Testo.left(Restano));
+    if (Casella == "txtAumRid")
+        T->Voce.Attendi(u"La variazione deve essere compreso tra -100 e 300!"_s, vbOK, u"Errore:"_s);
+    Premi(Qt::Key_Tab);
+    Respiro();
+    ClicScheda(F, SchedaListaOnorari);
+    QCOMPARE(F->Scheda(), int(SchedaListaOnorari));
+}
+
+void TestSchedaBase::ilTestoTagliatoSiLeggeIntero()
 {
     auto* Box = Controllo<QLineEdit>(F, "txtOggetto");
-    Incolla(Box, QString(1'000'000, u'à'));
-    QCOMPARE(Box->text().size(), 4000);
-    QCOMPARE(F->Nota.txtOggetto.Testo.size(), 4000);
-    Premi(Qt::Key_Tab);
-    QVERIFY(F->isEnabled());
+    const QString Lungo = u"Rossi & Bianchi "_s.repeated(20);
+    for (const QString& Testo : {u"Sfratto"_s, Lungo}) {
+        Scrivi(Box, Testo);
+        QHelpEvent Aiuto(QEvent::ToolTip, Box->rect().center(), Box->mapToGlobal(Box->rect().center()));
+        QApplication::sendEvent(Box, &Aiuto);
+        QCOMPARE(QToolTip::text(), Testo == Lungo ? u"<p>"_s + Lungo.toHtmlEscaped() + u"</p>"_s : QString());
+    }
+    QToolTip::hideText();
 }
 
 #include "TestSchedaBase.moc"
