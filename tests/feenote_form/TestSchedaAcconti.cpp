@@ -37,6 +37,8 @@ private Q_SLOTS:
     void spuntaPortaLAliquota_data();
     void spuntaPortaLAliquota();
     void ilPuntoNellePercentuali();
+    void soloCifreNellePercentuali();
+    void percentoNonNumerico_data();
     void percentoNonNumerico();
     void percentoTolto();
     void notaGiudizialeAvvertita();
@@ -270,10 +272,28 @@ void TestSchedaAcconti::ilPuntoNellePercentuali()
     QCOMPARE(F->Nota.txtSpeGen.Numero(), 12.75);
 }
 
-void TestSchedaAcconti::percentoNonNumerico()
+void TestSchedaAcconti::soloCifreNellePercentuali()
 {
     auto* Box = Controllo<QLineEdit>(F, "txtIVA");
-    Incolla(Box, u"abc"_s);
+    Scrivi(Box, u"-2x2,5"_s);
+    QCOMPARE(Box->text(), u"22,5"_s);
+}
+
+void TestSchedaAcconti::percentoNonNumerico_data()
+{
+    QTest::addColumn<QString>("Testo");
+    QTest::newRow("parola") << u"abc"_s;
+    QTest::newRow("data") << u"31/02/2012"_s;
+    QTest::newRow("tante righe") << u"2\n2\n"_s.repeated(250000);
+    QTest::newRow("un milione di caratteri") << QString(1000000, u'x');
+}
+
+void TestSchedaAcconti::percentoNonNumerico()
+{
+    QFETCH(QString, Testo);
+    auto* Box = Controllo<QLineEdit>(F, "txtIVA");
+    Incolla(Box, Testo);
+    QVERIFY(Box->text().size() <= 8);
     T->Voce.Attendi(NonNumero, vbOK, u"Errore:"_s);
     Premi(Qt::Key_Tab);
     Respiro();

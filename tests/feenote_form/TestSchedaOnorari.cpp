@@ -57,7 +57,9 @@ private Q_SLOTS:
     void dataSbagliata();
     void importoIncollato_data();
     void importoIncollato();
+    void descrizioneLunghissima_data();
     void descrizioneLunghissima();
+    void ricercaLunghissima();
     void laCellaRifiutataFermaLaScheda();
     void laCellaApertaSiSalvaColComando();
     void ilRicalcoloTieneLaData();
@@ -356,7 +358,7 @@ void TestSchedaOnorari::importoIncollato_data()
     QTest::addColumn<QString>("Testo");
     QTest::newRow("parola") << u"abc"_s;
     QTest::newRow("il punto non è un decimale") << u"30000.50"_s;
-    QTest::newRow("un milione di caratteri") << QString(1'000'000, u'x');
+    QTest::newRow("un milione di caratteri") << QString(1000000, u'x');
 }
 
 void TestSchedaOnorari::importoIncollato()
@@ -377,15 +379,39 @@ void TestSchedaOnorari::importoIncollato()
     QVERIFY(!Righe->InModifica());
 }
 
+void TestSchedaOnorari::descrizioneLunghissima_data()
+{
+    QTest::addColumn<QString>("Testo");
+    QTest::newRow("un milione di caratteri") << QString(1000000, u'à');
+    QTest::newRow("duecentomila righe") << u"riga\n"_s.repeated(200000);
+}
+
 void TestSchedaOnorari::descrizioneLunghissima()
 {
+    QFETCH(QString, Testo);
     Entra();
+    const QList<double> Prima = Importi(F->Nota, 0);
+    const int Quante = F->Nota.xOnorari.Righe();
     Righe->setFocus();
     Righe->ImpostaRigaCorrente(0, OnoDescr);
     Premi(Qt::Key_F2);
-    Incolla(LaCella(Righe), QString(1'000'000, u'à'));
+    Incolla(LaCella(Righe), Testo);
     Premi(Qt::Key_Return);
-    QCOMPARE(F->Nota.xOnorari(0, OnoDescr).toString(), QString(MassimoDescr, u'à'));
+    QCOMPARE(F->Nota.xOnorari(0, OnoDescr).toString(), Testo.left(MassimoDescr));
+    QCOMPARE(Importi(F->Nota, 0), Prima);
+    QCOMPARE(F->Nota.xOnorari.Righe(), Quante);
+    ScriviCella(Righe, 1, OnoDescr, u"Si continua"_s);
+    QCOMPARE(F->Nota.xOnorari(1, OnoDescr).toString(), u"Si continua"_s);
+}
+
+void TestSchedaOnorari::ricercaLunghissima()
+{
+    Entra();
+    Lista->ImpostaRigaCorrente(2);
+    auto* Box = Controllo<QLineEdit>(F, "txtCercaOno");
+    Incolla(Box, u"riga\n"_s.repeated(200000));
+    QVERIFY(Box->text().size() <= 60);
+    QCOMPARE(Lista->RigaCorrente(), std::optional(2));
 }
 
 void TestSchedaOnorari::laCellaRifiutataFermaLaScheda()
