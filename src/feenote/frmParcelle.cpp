@@ -81,6 +81,7 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     CollegaSpese();
     CollegaAcconti();
     RimettiDisposizione();
+    aspetto::TitoliInGrassetto(this);
     aspetto::AssegnaMnemonici(this);
     aspetto::AssegnaNomiAccessibili(this);
 }

@@ -37,6 +37,7 @@ void frmParcelle::CollegaSpese()
 {
     Griglia* Lista = uiSpese->tdbListaDir;
     Lista->ImpostaColonne(ColonneCatalogo());
+    Lista->FraseVuota(u"Il catalogo delle spese non si può leggere: scriverle nella riga vuota qui sotto."_s);
     ::Collega(Lista, &Griglia::DoppioClic, this, [this](int Riga) { tdbListaDir_DblClick(Riga); });
     CollegaRicerca(
         uiSpese->txtCercaDir, Lista, [this] { return Voci.datDir; }, u"DescrDir"_s);

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QFontDatabase>
+#include <QGroupBox>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
@@ -118,6 +119,21 @@ void Prepara()
     PreparaCarattere();
     PreparaLingua();
     QApplication::setWindowIcon(Icona(u"calcanova"_s));
+}
+
+void TitoliInGrassetto(QWidget* Modulo)
+{
+    for (QGroupBox* Gruppo : Modulo->findChildren<QGroupBox*>()) {
+        // A child without a weight of its own takes its parent's.
+        for (QWidget* Figlio : Gruppo->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+            QFont Suo = Figlio->font();
+            Suo.setWeight(Suo.weight());
+            Figlio->setFont(Suo);
+        }
+        QFont Grande = Gruppo->font();
+        Grande.setBold(true);
+        Gruppo->setFont(Grande);
+    }
 }
 
 QIcon Icona(const QString& Nome)

@@ -53,6 +53,9 @@ void AssegnaMnemonici(QWidget* Modulo);
 /// group, the first that it has.
 void AssegnaNomiAccessibili(QWidget* Modulo);
 
+/// The titles of the form's groups in bold, what they hold as it was.
+void TitoliInGrassetto(QWidget* Modulo);
+
 /// Puts a window on the screen where the pointer is, where it was last time, never larger than the screen.
 void RimettiAlPosto(QWidget* Finestra, const QString& Nome);
 /// Remembers place and size for RimettiAlPosto; of a maximised window the normal ones, and that it was so.
