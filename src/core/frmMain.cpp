@@ -204,6 +204,7 @@ void frmMain::Form_Load()
 {
     for (QAction* Azione : ui->barParcelle->actions())
         Azione->setVisible(!sessione::ModoLow);
+    ui->barParcelle->setVisible(!sessione::ModoLow);  // an empty strip would be left of it
     for (QAction* Azione : actions())
         Azione->setEnabled(!sessione::ModoLow);
     const int Titolo = style()->pixelMetric(QStyle::PM_TitleBarHeight);

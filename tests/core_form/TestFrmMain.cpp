@@ -265,6 +265,7 @@ void TestFrmMain::bassoNascondeIPulsanti()
     QVERIFY(Cornice->Area());
     for (const QAction* Azione : Barra_()->actions())
         QVERIFY(!Azione->isVisible());
+    QVERIFY2(!Barra_()->isVisible(), "an empty strip");
     for (const QAction* Azione : Cornice->actions())
         QVERIFY2(!Azione->isEnabled(), "its keys would do what the buttons may not");
 }
