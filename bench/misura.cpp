@@ -1,19 +1,116 @@
 #include "misura.h"
 
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
 #include <QList>
+#include <QProcess>
+#include <QTemporaryDir>
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <cstdio>
+#include <limits>
+#include <map>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+using Ruolo = std::function<int(int&, char**)>;
+
 QList<Misura>& Misure()
 {
     static QList<Misura> Tutte;
     return Tutte;
+}
+
+std::map<QString, Ruolo>& Ruoli()
+{
+    static std::map<QString, Ruolo> Tutti;
+    return Tutti;
+}
+
+QString Quantita(double Valore, const QString& Unita)
+{
+    if (std::isnan(Valore))
+        return u"-"_s;
+    return QString::number(Valore, 'f', Valore < 10.0 ? 2 : 0) + u' ' + Unita;
+}
+
+QString Esito(const Misura& M, double Valore)
+{
+    if (std::isnan(Valore))
+        return u"not measurable here"_s;
+    return Valore <= M.Obiettivo ? u"PASS"_s : u"over"_s;
+}
+
+void ScriviRiga(const QString& Cosa, const QString& Obiettivo, const QString& Misurato, const QString& Esito)
+{
+    const QString Riga = Cosa.leftJustified(48) + Obiettivo.rightJustified(12) + Misurato.rightJustified(12) +
+                         u"  "_s + Esito + u'\n';
+    std::fputs(Riga.toUtf8().constData(), stdout);
+    std::fflush(stdout);  // the row is seen when it is known, also through a pipe
+}
+
+/// Settings and folders of their own: nothing is read from or left in those of the user.
+void UsaCasa(const QString& Cartella)
+{
+    for (const char* Nome :
+         {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_DOCUMENTS_DIR"})
+        qputenv(Nome, Cartella.toLocal8Bit());
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_LOGGING_RULES", "qt.qpa.*=false");
+    QDir().mkpath(Cartella + u"/sessione"_s);
+    QFile::setPermissions(Cartella + u"/sessione"_s, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(Cartella + u"/sessione"_s));
+}
+
+void Tabella(const QString& Filtro)
+{
+    ScriviRiga(u"what"_s, u"target"_s, u"measured"_s, {});
+    for (const Misura& M : std::as_const(Misure())) {
+        if (!M.Cosa.contains(Filtro, Qt::CaseInsensitive))
+            continue;
+        const double Valore = M.Esegui();
+        ScriviRiga(M.Cosa, Quantita(M.Obiettivo, M.Unita), Quantita(Valore, M.Unita), Esito(M, Valore));
+    }
+}
+
+}  // namespace
+
+RegistraMisura::RegistraMisura(const QString& Cosa, double Obiettivo, std::function<double()> Esegui,
+                               const QString& Unita)
+{
+    Misure().append({Cosa, Obiettivo, std::move(Esegui), Unita});
+}
+
+RegistraRuolo::RegistraRuolo(const QString& Nome, std::function<int(int&, char**)> Esegui)
+{
+    Ruoli()[Nome] = std::move(Esegui);
+}
+
+QString EseguiRuolo(const QStringList& Argomenti, double* Fine)
+{
+    constexpr int AttesaMs = 15'000;
+    QProcess Processo;
+    Processo.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    QElapsedTimer Cronometro;
+    Cronometro.start();
+    Processo.start(QFileInfo(u"/proc/self/exe"_s).symLinkTarget(), Argomenti);
+    while (!Processo.canReadLine() && Processo.waitForReadyRead(AttesaMs)) {
+    }
+    if (Fine)
+        *Fine = static_cast<double>(Cronometro.nsecsElapsed()) / 1e6;
+    const QString Riga = QString::fromUtf8(Processo.readLine()).trimmed();
+    if (!Processo.waitForFinished(AttesaMs)) {
+        Processo.kill();
+        Processo.waitForFinished();
+    }
+    return Riga;
 }
 
 double DurataMs(const std::function<void()>& Azione)
@@ -23,24 +120,13 @@ double DurataMs(const std::function<void()>& Azione)
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - Inizio).count();
 }
 
-QString Millisecondi(double Ms)
+double Mediana(QList<double> Valori)
 {
-    return QString::number(Ms, 'f', Ms < 10.0 ? 2 : 0) + u" ms"_s;
-}
-
-void ScriviRiga(const QString& Cosa, const QString& Obiettivo, const QString& Misurato, const QString& Esito)
-{
-    const QString Riga = Cosa.leftJustified(40) + Obiettivo.rightJustified(12) + Misurato.rightJustified(12) +
-                         u"  "_s + Esito + u'\n';
-    std::fputs(Riga.toUtf8().constData(), stdout);
-    std::fflush(stdout);  // the row is seen when it is known, also through a pipe
-}
-
-}  // namespace
-
-RegistraMisura::RegistraMisura(const QString& Cosa, double ObiettivoMs, std::function<double()> Esegui)
-{
-    Misure().append({Cosa, ObiettivoMs, std::move(Esegui)});
+    if (Valori.isEmpty())
+        return std::numeric_limits<double>::quiet_NaN();
+    const auto Mezzo = Valori.begin() + Valori.size() / 2;
+    std::ranges::nth_element(Valori, Mezzo);
+    return *Mezzo;
 }
 
 double MedianaMs(int Volte, const std::function<void()>& Azione)
@@ -48,9 +134,7 @@ double MedianaMs(int Volte, const std::function<void()>& Azione)
     Azione();
     QList<double> Durate(Volte);
     std::ranges::generate(Durate, [&Azione] { return DurataMs(Azione); });
-    const auto Mezzo = Durate.begin() + Volte / 2;
-    std::ranges::nth_element(Durate, Mezzo);
-    return *Mezzo;
+    return Mediana(std::move(Durate));
 }
 
 void Consuma(double Valore)
@@ -61,14 +145,11 @@ void Consuma(double Valore)
 /// calcanova-bench [text]: the whole table, or the rows whose name contains the text.
 int main(int argc, char** argv)
 {
-    const QString Filtro = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
-    ScriviRiga(u"what"_s, u"target"_s, u"measured"_s, {});
-    for (const Misura& M : std::as_const(Misure())) {
-        if (!M.Cosa.contains(Filtro, Qt::CaseInsensitive))
-            continue;
-        const double Ms = M.Esegui();
-        ScriviRiga(M.Cosa, Millisecondi(M.ObiettivoMs), Millisecondi(Ms),
-                   Ms <= M.ObiettivoMs ? u"PASS"_s : u"over"_s);
-    }
+    const QString Primo = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
+    if (const auto Trovato = Ruoli().find(Primo); Trovato != Ruoli().end())
+        return Trovato->second(argc, argv);
+    const QTemporaryDir Casa;
+    UsaCasa(Casa.path());
+    Tabella(Primo);
     return 0;
 }

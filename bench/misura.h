@@ -6,22 +6,45 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
+#include <optional>
 
 /// One row of the table.
 struct Misura
 {
     QString Cosa;
-    double ObiettivoMs = 0.0;
-    std::function<double()> Esegui;  ///< milliseconds
+    double Obiettivo = 0.0;
+    std::function<double()>
+        Esegui;  ///< the quantity, not a number where the machine does not let it be measured
+    QString Unita;
 };
 
 /// Adds a measure to the table; stands as a static object below its function.
 struct RegistraMisura
 {
-    RegistraMisura(const QString& Cosa, double ObiettivoMs, std::function<double()> Esegui);
+    RegistraMisura(const QString& Cosa, double Obiettivo, std::function<double()> Esegui,
+                   const QString& Unita = QStringLiteral("ms"));
 };
+
+/// A role that the benchmark plays as a process of its own, named by the first argument of its command line.
+struct RegistraRuolo
+{
+    RegistraRuolo(const QString& Nome, std::function<int(int& argc, char** argv)> Esegui);
+};
+
+/// What a role run as a process of its own writes on its first line.
+///
+/// @param Fine when not null, the milliseconds from the start of the process to that line
+/// @return the line, empty when the role gave none within a quarter of a minute
+QString EseguiRuolo(const QStringList& Argomenti, double* Fine = nullptr);
+
+/// Milliseconds that an action takes.
+[[nodiscard]] double DurataMs(const std::function<void()>& Azione);
+
+/// Median of the values; not a number of an empty list.
+[[nodiscard]] double Mediana(QList<double> Valori);
 
 /// Median duration in milliseconds of `Volte` runs, after one that only warms the caches.
 ///

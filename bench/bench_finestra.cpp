@@ -1,0 +1,260 @@
+// The windows as an office meets them: how soon they are there, how much they take, how quickly they answer.
+// Each measure is a process of its own, so that none finds what another has left in memory.
+#include "misura.h"
+
+#include "core/Main.h"
+#include "core/modAvvio.h"
+#include "core/programma.h"
+#include "core/sessione.h"
+#include "feenote/finestre.h"
+#include "feenote/frmParcelle.h"
+#include "feenote/modParametri.h"
+#include "platform/griglia.h"
+#include "platform/impostazioni.h"
+#include "platform/servizi_qt.h"
+
+#include <QFile>
+#include <QPaintEvent>
+#include <QProcess>
+#include <QTableView>
+#include <QTest>
+#include <QTimer>
+
+#include <cstdio>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto NonMisurabile = std::numeric_limits<double>::quiet_NaN();
+
+void Rispondi(const QString& Riga)
+{
+    std::fputs((Riga + u'\n').toUtf8().constData(), stdout);
+    std::fflush(stdout);
+}
+
+/// Says when the first window has been painted whole, then ends the process.
+class PrimaPittura : public QObject
+{
+public:
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
+    {
+        const auto* Finestra = qobject_cast<QWidget*>(Oggetto);
+        if (Evento->type() == QEvent::Paint && Finestra && Finestra->isWindow() && !Attesa) {
+            Attesa = true;  // the children are painted in the same pass, the queued call runs behind it
+            QTimer::singleShot(0, this, [] {
+                Rispondi(u"dipinta"_s);
+                QCoreApplication::exit();
+            });
+        }
+        return false;
+    }
+
+private:
+    bool Attesa = false;
+};
+
+int Avvio(int& argc, char** argv)
+{
+    Applicazione Programma(argc, argv);
+    SaveSetting(NomeApplicazione.toString(), SezioneParametri.toString(), u"PercorsoProcedura"_s,
+                QStringLiteral(CARTELLA_PROGRAMMA "/"));
+    PreparaProgramma();
+    PrimaPittura Filtro;
+    Programma.installEventFilter(&Filtro);
+    QTimer::singleShot(0, &Programma, [] { Main({}); });
+    return QApplication::exec();
+}
+const RegistraRuolo RuoloAvvio(u"--avvio"_s, Avvio);
+
+double MedianaAvvii(int Volte, const std::function<bool()>& Prima)
+{
+    (void)EseguiRuolo({u"--avvio"_s});  // the first use of all sets the folders up
+    QList<double> Durate;
+    for (int i = 0; i < Volte; ++i) {
+        if (!Prima())
+            return NonMisurabile;
+        double Ms = 0.0;
+        if (EseguiRuolo({u"--avvio"_s}, &Ms) != u"dipinta")
+            return NonMisurabile;
+        Durate.append(Ms);
+    }
+    return Mediana(std::move(Durate));
+}
+
+double AvvioCaldo()
+{
+    return MedianaAvvii(9, [] { return true; });
+}
+const RegistraMisura RegistratoCaldo(u"start to first painted window, warm"_s, 100.0, AvvioCaldo);
+
+/// Forgets what the system holds of the disk; only an administrator may.
+bool SvuotaCacheDisco()
+{
+    QProcess::execute(u"sync"_s);
+    QFile Comando(u"/proc/sys/vm/drop_caches"_s);
+    return Comando.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && Comando.write("3\n") == 2;
+}
+
+double AvvioFreddo()
+{
+    return MedianaAvvii(3, SvuotaCacheDisco);
+}
+const RegistraMisura RegistratoFreddo(u"start to first painted window, cold"_s, 300.0, AvvioFreddo);
+
+/// Everything that an action has left to do: layouts, queued calls, painting.
+void LasciaDipingere()
+{
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+}
+
+/// A civil note with as many honoraria and as many expenses.
+void Riempi(Parcella& Nota, int Righe)
+{
+    SelezionaInSilenzio(Nota, 0, 2, 2);
+    ImpostaValoreInSilenzio(Nota, 30000);
+    for (int i = 0; i < Righe; ++i) {
+        const int Onorario = Nota.xOnorari.AggiungiRiga();
+        Nota.xOnorari(Onorario, OnoDescr) = u"Fase istruttoria, udienza %1"_s.arg(i);
+        Nota.xOnorari(Onorario, OnoQta) = 1.0;
+        for (const int Colonna : {OnoImporto, OnoMedio, OnoMin, OnoMax, OnoBaseMedio, OnoBaseMin, OnoBaseMax})
+            Nota.xOnorari(Onorario, Colonna) = 1200.0 + i;
+        const int Spesa = Nota.xDiritti.AggiungiRiga();
+        Nota.xDiritti(Spesa, DirDescr) = u"Diritti di copia %1"_s.arg(i);
+        Nota.xDiritti(Spesa, DirQta) = u"1"_s;
+        Nota.xDiritti(Spesa, DirImponibile) = 12.5;
+    }
+}
+
+frmParcelle* ApriNota(int Righe)
+{
+    ApriParcella({}, 0, {});
+    frmParcelle* Finestra = Parcelle(1);
+    Riempi(Finestra->Nota, Righe);
+    Finestra->Mostra();
+    for (const int Scheda :
+         {SchedaListaOnorari, SchedaListaSpese, SchedaImposte, SchedaDiStampa, SchedaBase}) {
+        Finestra->VaiAllaScheda(Scheda);
+        LasciaDipingere();
+    }
+    return Finestra;
+}
+
+QString MemoriaResidente()
+{
+    QFile Stato(u"/proc/self/status"_s);
+    if (!Stato.open(QIODevice::ReadOnly))
+        return {};
+    constexpr double KiloPerMega = 1024.0;
+    for (const QByteArray& Riga : Stato.readAll().split('\n'))
+        if (Riga.startsWith("VmRSS:"))
+            return QString::number(Riga.mid(6).chopped(2).trimmed().toDouble() / KiloPerMega);
+    return {};
+}
+
+double CambioScheda()
+{
+    frmParcelle* Finestra = ApriNota(40);
+    QList<double> Peggiori;
+    for (int Giro = 0; Giro < 9; ++Giro) {
+        double Peggiore = 0.0;
+        for (const int Scheda :
+             {SchedaListaOnorari, SchedaListaSpese, SchedaImposte, SchedaDiStampa, SchedaBase})
+            Peggiore = std::max(Peggiore, DurataMs([&] {
+                                    Finestra->VaiAllaScheda(Scheda);
+                                    LasciaDipingere();
+                                }));
+        Peggiori.append(Finestra->Scheda() == SchedaBase ? Peggiore : NonMisurabile);
+    }
+    return Mediana(std::move(Peggiori));
+}
+
+constexpr int RigheLunghe = 10000;
+
+/// A line more, as a double click on the catalogue inserts it.
+double Inserisci()
+{
+    frmParcelle* Finestra = ApriNota(RigheLunghe);
+    Finestra->VaiAllaScheda(SchedaListaOnorari);
+    auto* Catalogo = Finestra->findChild<Griglia*>(u"tdbListaOno"_s);
+    const int VoceLibera = Catalogo->Righe() - 1;  // the one that may stand in a note more than once unasked
+    const double Ms = MedianaMs(9, [&] {
+        Q_EMIT Catalogo->DoppioClic(VoceLibera);
+        LasciaDipingere();
+    });
+    return Finestra->Nota.xOnorari.Righe() > RigheLunghe ? Ms : NonMisurabile;
+}
+
+/// An amount typed over another in the middle of the lines, with the keys that it takes.
+double Scrivi()
+{
+    frmParcelle* Finestra = ApriNota(RigheLunghe);
+    Finestra->VaiAllaScheda(SchedaListaSpese);
+    auto* Spese = Finestra->findChild<Griglia*>(u"tdbDir"_s);
+    constexpr int ColonnaImponibili = 3;
+    const double Ms = MedianaMs(9, [&] {
+        Spese->ImpostaRigaCorrente(RigheLunghe / 2, ColonnaImponibili);
+        QTest::keyClick(Spese->Vista(), Qt::Key_F2);
+        QTest::keyClicks(QApplication::focusWidget(), u"37,25"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        LasciaDipingere();
+    });
+    return qFuzzyCompare(Finestra->Nota.xDiritti(RigheLunghe / 2, DirImponibile).toDouble(), 37.25)
+               ? Ms
+               : NonMisurabile;
+}
+
+double Somma()
+{
+    frmParcelle* Finestra = ApriNota(RigheLunghe);
+    Finestra->VaiAllaScheda(SchedaListaSpese);
+    return MedianaMs(9, [&] {
+        Finestra->RefreshGrid();
+        LasciaDipingere();
+    });
+}
+
+double Memoria()
+{
+    ApriNota(40);
+    return MemoriaResidente().toDouble();
+}
+
+int Finestra(int& argc, char** argv)
+{
+    Applicazione Programma(argc, argv);
+    PreparaProgramma();
+    ImpostaVariabili();
+    sessione::PercorsoProg = QStringLiteral(CARTELLA_PROGRAMMA "/");
+    const QString Quale = QString::fromLatin1(argc > 2 ? argv[2] : "");
+    const std::pair<QStringView, double (*)()> Quali[] = {{u"scheda", CambioScheda},
+                                                          {u"inserisci", Inserisci},
+                                                          {u"scrivi", Scrivi},
+                                                          {u"somma", Somma},
+                                                          {u"memoria", Memoria}};
+    for (const auto& [Nome, Misura] : Quali)
+        if (Nome == Quale)
+            Rispondi(QString::number(Misura(), 'g', 10));
+    return 0;
+}
+const RegistraRuolo RuoloFinestra(u"--finestra"_s, Finestra);
+
+std::function<double()> NellaFinestra(const QString& Quale)
+{
+    return [Quale] {
+        bool Riuscita = false;
+        const double Valore = EseguiRuolo({u"--finestra"_s, Quale}).toDouble(&Riuscita);
+        return Riuscita ? Valore : NonMisurabile;
+    };
+}
+const RegistraMisura RegistrataScheda(u"change of tab, the slowest"_s, 50.0, NellaFinestra(u"scheda"_s));
+const RegistraMisura RegistrataMemoria(u"memory with one note open"_s, 80.0, NellaFinestra(u"memoria"_s),
+                                       u"MB"_s);
+const RegistraMisura RegistrataInserisci(u"10,000 lines: insert one"_s, 100.0, NellaFinestra(u"inserisci"_s));
+const RegistraMisura RegistrataScrivi(u"10,000 lines: type an amount"_s, 100.0, NellaFinestra(u"scrivi"_s));
+const RegistraMisura RegistrataSomma(u"10,000 lines: sums"_s, 100.0, NellaFinestra(u"somma"_s));
+
+}  // namespace
