@@ -38,14 +38,17 @@ QColor DisegnoCelle::Fondo(const QModelIndex& Cella) const
 {
     constexpr double TintaAlterna = 0.035;
     constexpr double TintaCorrente = 0.16;
+    constexpr double TintaConFuoco = 0.32;  // where no cell can be framed the row alone shows the focus
     if (Vista->Selettore()->Scelta(Cella.row()))
         return aspetto::RigaSelezionata();
     const QPalette Colori = Vista->palette();
     QColor Colore = Colori.color(QPalette::Base);
     if (Cella.row() % 2 == 1)
         Colore = aspetto::Mischia(Colori.color(QPalette::Text), Colore, TintaAlterna);
-    if (Cella.row() == Vista->currentIndex().row())
-        Colore = aspetto::Mischia(aspetto::Accento(), Colore, TintaCorrente);
+    if (Cella.row() == Vista->currentIndex().row()) {
+        const bool Viva = Vista->hasFocus() && !Vista->Modello()->HaModificabili();
+        Colore = aspetto::Mischia(aspetto::Accento(), Colore, Viva ? TintaConFuoco : TintaCorrente);
+    }
     return Colore;
 }
 

@@ -60,6 +60,7 @@ private Q_SLOTS:
     void descrizioneLunghissima_data();
     void descrizioneLunghissima();
     void ricercaLunghissima();
+    void ilFuocoSiVede();
     void laCellaRifiutataFermaLaScheda();
     void laCellaApertaSiSalvaColComando();
     void ilRicalcoloTieneLaData();
@@ -412,6 +413,20 @@ void TestSchedaOnorari::ricercaLunghissima()
     Incolla(Box, u"riga\n"_s.repeated(200000));
     QVERIFY(Box->text().size() <= 60);
     QCOMPARE(Lista->RigaCorrente(), std::optional(2));
+}
+
+void TestSchedaOnorari::ilFuocoSiVede()
+{
+    Entra();
+    for (Griglia* Una : {Lista, Righe}) {
+        Una->ImpostaRigaCorrente(0, 1);
+        Controllo(F, "txtCercaOno")->setFocus();
+        Respiro();
+        const QImage Senza = Una->Vista()->viewport()->grab().toImage();
+        Una->setFocus();
+        Respiro();
+        QVERIFY2(Una->Vista()->viewport()->grab().toImage() != Senza, qPrintable(Una->objectName()));
+    }
 }
 
 void TestSchedaOnorari::laCellaRifiutataFermaLaScheda()
