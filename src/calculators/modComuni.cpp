@@ -1,0 +1,132 @@
+#include "calculators/modComuni.h"
+
+#include "core/sessione.h"
+#include "platform/errore.h"
+#include "platform/messaggi.h"
+#include "platform/percorsi.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Case and accents taken away.
+QString SenzaAccenti(const QString& Testo)
+{
+    QString Piano;
+    for (const QChar C : Testo.normalized(QString::NormalizationForm_D))
+        if (C.category() != QChar::Mark_NonSpacing)
+            Piano += C.toCaseFolded();
+    return Piano;
+}
+
+/// On keyboards without accents an apostrophe stands behind the last letter.
+QString SenzaApostrofoFinale(const QString& Testo)
+{
+    return Testo.endsWith(u'\'') ? Testo.chopped(1) : Testo;
+}
+
+Comune RigaCorrente(const Recordset& Righe)
+{
+    return {Righe.Value(u"COMU_DESCR"_s).toString(), Righe.Value(u"COMU_PROV"_s).toString(),
+            Righe.Value(u"COMU_COD"_s).toString()};
+}
+
+/// What the row that the index gives makes of the field.
+void Applica(const Comune& Trovato, const QString& Testo, CampoComune& Campo)
+{
+    if (Trovato.Nome.startsWith(Testo, Qt::CaseInsensitive)) {
+        if (Testo.size() > Campo.Tag.size()) {
+            Campo.Testo = Trovato.Nome;
+            Campo.Selezione = int(Testo.size());
+            Campo.Provincia = Trovato.Provincia;
+            Campo.CodComune = Trovato.Codice;
+        }
+        Campo.Rosso = false;
+        return;
+    }
+    if (!Campo.Rosso)
+        MsgBox(u"Comune non in elenco."_s, vbExclamation, u"Attenzione!"_s);
+    Campo.Rosso = true;
+    Campo.Provincia = Campo.CodComune = u"?"_s;
+    Campo.RidaiFuoco = true;
+}
+
+}  // namespace
+
+ArchivioComuni::ArchivioComuni(const QString& Percorso) : Archivio(OpenDatabase(Percorso, true))
+{
+    Comuni = Archivio.OpenRecordset(u"Comuni"_s);
+    Comuni.ImpostaIndex(u"COMUNI2L"_s);
+}
+
+std::optional<Comune> ArchivioComuni::Cerca(const QString& Testo)
+{
+    Comuni.Seek(u">="_s, Testo);
+    return Comuni.NoMatch() ? std::nullopt : std::optional(RigaCorrente(Comuni));
+}
+
+std::optional<Comune> ArchivioComuni::Trova(const QString& Nome)
+{
+    const QString Cercato = Nome.trimmed();
+    Comuni.Seek(u"="_s, Cercato);
+    if (!Comuni.NoMatch())
+        return RigaCorrente(Comuni);
+    const QString Piano = SenzaApostrofoFinale(SenzaAccenti(Cercato));
+    QStringList Uguali;
+    for (const NomePiano& Uno : Nomi())
+        if (Uno.Piano == Piano)
+            Uguali << Uno.Nome;
+    return Uguali.size() == 1 && Uguali.first() != Cercato ? Trova(Uguali.first()) : std::nullopt;
+}
+
+QStringList ArchivioComuni::Proponi(const QString& Testo, int Massimo)
+{
+    const QString Piano = SenzaAccenti(Testo.trimmed());
+    QStringList Proposti;
+    if (Piano.isEmpty())
+        return Proposti;
+    for (const NomePiano& Uno : Nomi()) {
+        if (Proposti.size() >= Massimo)
+            break;
+        if (Uno.Piano.startsWith(Piano))
+            Proposti << Uno.Nome;
+    }
+    return Proposti;
+}
+
+const QList<ArchivioComuni::NomePiano>& ArchivioComuni::Nomi()
+{
+    if (!Elenco.isEmpty())
+        return Elenco;
+    Recordset Righe = Archivio.OpenRecordset(u"SELECT COMU_DESCR FROM Comuni "
+                                             "ORDER BY COMU_DESCR COLLATE SenzaMaiuscole"_s);
+    for (; !Righe.Eof(); Righe.MoveNext()) {
+        const QString Nome = Righe.Value(u"COMU_DESCR"_s).toString();
+        Elenco.append({Nome, SenzaAccenti(Nome)});
+    }
+    return Elenco;
+}
+
+QString PercorsoComuni()
+{
+    return TrovaFile(Barra(sessione::PercorsoProg) + u"Comuni.mdb"_s);
+}
+
+void CercaComune(ArchivioComuni& Archivio, CampoComune& Campo)
+{
+    Campo.Selezione = -1;
+    Campo.RidaiFuoco = false;
+    const QString Testo = Campo.Testo.trimmed();
+    try {
+        if (!Testo.isEmpty()) {
+            if (const auto Trovato = Archivio.Cerca(Testo))
+                Applica(*Trovato, Testo, Campo);
+            else
+                Campo.Rosso = false;
+        }
+    } catch (...) {
+        const Errore Guasto = ErroreCorrente();
+        MsgBox(u"FasMsg: %1 %2"_s.arg(Guasto.Numero).arg(Guasto.Descrizione));
+    }
+    Campo.Tag = Testo;
+}
