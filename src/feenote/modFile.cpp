@@ -1,6 +1,7 @@
 #include "feenote/modFile.h"
 
 #include "feenote/modDocumento.h"
+#include "platform/blocco.h"
 #include "platform/database.h"
 #include "platform/errore.h"
 #include "platform/percorsi.h"
@@ -47,8 +48,7 @@ private:
             throw Errore(3044);
         if (!CartellaScrivibile(Cartella))
             throw Errore(75);
-        Turno.setStaleLockTime(0);  // the end of its process alone frees it
-        if (Turno.tryLock(AttesaTurnoMs))
+        if (PrendiBlocco(Turno, AttesaTurnoMs))
             return;
         switch (Turno.error()) {
         case QLockFile::LockFailedError:

@@ -3,6 +3,7 @@
 #include "core/sessione.h"
 #include "feenote/modDocumento.h"
 #include "feenote/modFile.h"
+#include "platform/blocco.h"
 #include "platform/errore.h"
 #include "platform/percorsi.h"
 
@@ -45,21 +46,18 @@ std::unique_ptr<QLockFile>& BloccoProprio()
     return Tenuto;
 }
 
-/// A lock that never grows old: only the end of its process frees it.
 std::unique_ptr<QLockFile> ApriBlocco(const QString& Di)
 {
-    auto Nuovo = std::make_unique<QLockFile>(Cartella() + Di + TipoBlocco);
-    Nuovo->setStaleLockTime(0);
-    return Nuovo;
+    return std::make_unique<QLockFile>(Cartella() + Di + TipoBlocco);
 }
 
-void PrendiBlocco()
+void PrendiBloccoProprio()
 {
     auto Nuovo = ApriBlocco(Sigla());
     // The settings may have moved the user folder meanwhile: its copies need a lock there.
     if (BloccoProprio() && BloccoProprio()->fileName() == Nuovo->fileName())
         return;
-    if (!Nuovo->tryLock(0))
+    if (!PrendiBlocco(*Nuovo, 0))
         throw Errore(70);
     BloccoProprio() = std::move(Nuovo);
 }
@@ -104,7 +102,7 @@ QStringList SigleVive()
     QStringList Vive;
     for (const QString& Una : std::as_const(Tutte)) {
         const bool Nostra = Una == Sigla() && BloccoProprio();
-        if (Nostra || (!Superata(Una, Tutte) && !ApriBlocco(Una)->tryLock(0)))
+        if (Nostra || (!Superata(Una, Tutte) && !PrendiBlocco(*ApriBlocco(Una), 0)))
             Vive.append(Una);
         else
             QFile::remove(Cartella() + Una + TipoBlocco);
@@ -150,7 +148,7 @@ void AggiornaCopia(const Parcella& Nota, int Posto)
     if (sessione::UserFolder.isEmpty())
         return;
     CreaCartella(Cartella());
-    PrendiBlocco();
+    PrendiBloccoProprio();
     const QJsonObject Dati{
         {u"Percorso"_s, Nota.Percorso}, {u"Nome"_s, Nota.Nome}, {u"Ricalcolo"_s, Nota.RicalcoloNecessario}};
     ScriviFile(Radice(Posto) + TipoLato, QJsonDocument(Dati).toJson());
@@ -195,9 +193,8 @@ void EliminaCopia(const CopiaRecupero& Copia)
 
 PrenotazioneCopia::PrenotazioneCopia(const CopiaRecupero& Copia) : Segno(SenzaTipo(Copia) + TipoPrenotata)
 {
-    Segno.setStaleLockTime(0);
     // A folder that refuses the lock refuses it to everybody: better offered twice than never.
-    const bool Libera = Segno.tryLock(0) || Segno.error() != QLockFile::LockFailedError;
+    const bool Libera = PrendiBlocco(Segno, 0) || Segno.error() != QLockFile::LockFailedError;
     Ottenuta = Libera && EsisteFile(Copia.File);
 }
 

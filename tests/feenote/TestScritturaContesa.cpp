@@ -3,6 +3,7 @@
 
 #include "platform/percorsi.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QLockFile>
 
@@ -26,6 +27,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void ciSiDaIlTurno();
+    void ilTurnoSenzaFirmaNonEDiNessuno();
     void chiLoStaScrivendoFinisce();
     void ilGiornaleNonPassaAlFileNuovo();
 
@@ -63,6 +65,21 @@ void TestScritturaContesa::ciSiDaIlTurno()
     DiUnAltro.unlock();
     ScriviNota(File, NotaCivile());
     QCOMPARE(ContenutoDi(Cartella), (QStringList{u"altra.mdb"_s, u"nota.mdb"_s}));
+}
+
+void TestScritturaContesa::ilTurnoSenzaFirmaNonEDiNessuno()
+{
+    const Studio Ufficio;
+    const Registratore Messaggi;
+    const QString Turno = Cartella + u".~nota.mdb.turno"_s;
+    ScriviFile(Turno, {});
+    QVERIFY2(NumeroErrore([&] { ScriviNota(File, NotaCivile()); }) == 3260, "forse sta per firmarlo");
+    QFile Vecchio(Turno);
+    QVERIFY(Vecchio.open(QIODevice::ReadWrite));
+    QVERIFY(Vecchio.setFileTime(QDateTime::currentDateTime().addSecs(-5), QFileDevice::FileModificationTime));
+    Vecchio.close();
+    ScriviNota(File, NotaCivile());
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"nota.mdb"_s});
 }
 
 void TestScritturaContesa::chiLoStaScrivendoFinisce()

@@ -330,7 +330,9 @@ void TestDueProgrammi::uccisoInUnMomentoQualsiasi()
     QVERIFY(Trovate.size() <= 1);
     QCOMPARE(Nascosti(sessione::UserFolder + u"recupero"_s), QStringList());
 
-    // What the dead program was building hinders no save, and goes with it.
+    // What the dead program was building hinders no save, and goes with it; a turn that it had not signed yet
+    // is waited for.
+    AttesaTurnoMs = 3000;
     Parcella Nuova = NotaCivile();
     ScriviNota(FileNota(), Nuova);
     QCOMPARE(Nascosti(sessione::UserFolder), QStringList());
