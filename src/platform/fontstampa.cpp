@@ -76,8 +76,9 @@ QFont FontStampa(const Carattere& Quale)
     Font.setItalic(Quale.Corsivo);
     Font.setHintingPreference(QFont::PreferNoHinting);
     Font.setKerning(true);
-    // Spaced text is set without ligatures; the space is the smallest there is, a thousandth of a millimetre.
-    Font.setLetterSpacing(QFont::AbsoluteSpacing, 1.0 / 64.0);
+    // Spaced text is set without ligatures: this is the smallest spacing there is. In percent, since Qt
+    // multiplies an absolute one by the resolution of the screen.
+    Font.setLetterSpacing(QFont::PercentageSpacing, 100.0 + 1.0 / 64.0);
     return QFont(Font, DispositivoStampa());
 }
 
@@ -101,6 +102,7 @@ FontMisurato::FontMisurato(const Carattere& Quale) : Chiesto(Quale), Font(FontSt
     for (char16_t C = PrimoNoto; C <= UltimoNoto; ++C)
         Noti[static_cast<std::size_t>(C - PrimoNoto)] = Metrica.horizontalAdvance(QChar(C));
     Bianco = Noti.front();
+    Trattino = Metrica.boundingRect(QChar(u'_')).center().y();
 }
 
 double FontMisurato::Larghezza(QStringView Testo) const

@@ -33,9 +33,10 @@ public:
 
     Carattere Chiesto;
     QFont Font;
-    double Ascesa = 0.0;   ///< from the top of a line to its baseline
-    double Altezza = 0.0;  ///< of a line
-    double Bianco = 0.0;   ///< width of a blank
+    double Ascesa = 0.0;    ///< from the top of a line to its baseline
+    double Altezza = 0.0;   ///< of a line
+    double Bianco = 0.0;    ///< width of a blank
+    double Trattino = 0.0;  ///< from the baseline down to the middle of a "_"
 
 private:
     static constexpr char16_t PrimoNoto = 0x20;

@@ -76,7 +76,7 @@ void Impaginazione::Impaginata::PosaTitoli(PaginaPosata& Dove, int Titoli) const
     for (const auto Quale : {static_cast<std::size_t>(Titoli), static_cast<std::size_t>(Titoli) + 1}) {
         const Pezzo& Titolo = Steso.Pezzi[Quale];
         for (const RigaStesa& Una : Titolo.Righe)
-            Dove.Ripetute.push_back({Una.Brano, Una.Riga, Y + Una.Dove.top()});
+            Dove.Ripetute.push_back({Una.Brano, Una.Riga, Y + Una.Dove.top() + Una.Scarto});
         for (const QLineF& Linea : Titolo.Linee)
             Dove.Linee.push_back(Linea.translated(0.0, Y));
         Y += Titolo.Misure.Altezza;
@@ -94,9 +94,9 @@ void Impaginazione::Impaginata::PosaPezzo(const Pezzo& Questo, const PostoStrisc
         QRectF Rettangolo = Una.Dove.translated(0.0, Y);
         if (Posto.InFondo)
             Rettangolo.setHeight(0.0);
-        const double Base = Rettangolo.top() + std::min(Una.Ascesa, Rettangolo.height());
+        const double Base = Rettangolo.top() + Una.Scarto + (Posto.InFondo ? 0.0 : Una.Ascesa);
         Dove.Righe.push_back({InMm(Rettangolo), Base / PuntiPerMm, Una.Inizio, Una.Lunghezza});
-        Dove.Posate.push_back({Una.Brano, Una.Riga, Rettangolo.top()});
+        Dove.Posate.push_back({Una.Brano, Una.Riga, Rettangolo.top() + Una.Scarto});
     }
     for (const QLineF& Linea : Questo.Linee)
         Dove.Linee.push_back(Linea.translated(0.0, Y));

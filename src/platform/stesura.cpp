@@ -71,8 +71,7 @@ std::optional<QTextLayout::FormatRange> StringiBianchi(const QString& Testo, con
     const double Restano = std::clamp(Resto, Minimo, Larghi);
     QFont Stretto = Font.Font;
     // One dot less than there is room for, against the rounding of the single blanks.
-    Stretto.setLetterSpacing(QFont::AbsoluteSpacing,
-                             (Restano - 1.0) / static_cast<double>(Quanti) - Font.Bianco - 1.0 / 64.0);
+    Stretto.setLetterSpacing(QFont::PercentageSpacing, 100.0 * (Restano - 1.0) / Larghi);
     QTextLayout::FormatRange Tratto;
     Tratto.start = 0;
     Tratto.length = static_cast<int>(Quanti);
@@ -152,6 +151,7 @@ private:
             // Two lines at least stand together on either side of a break.
             Uno.Misure = {Sue[i].Dove.height(), false, i > 0 && (i == 1 || i + 1 == Sue.size()), 0.0};
             Uno.Righe.push_back(Sue[i]);
+            Uno.Righe.front().Dove.moveTop(0.0);
             Fatta.Pezzi.push_back(std::move(Uno));
         }
     }

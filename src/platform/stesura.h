@@ -40,6 +40,7 @@ struct RigaStesa
     double Ascesa = 0.0;
     qsizetype Inizio = 0;
     qsizetype Lunghezza = 0;
+    double Scarto = 0.0;  ///< what its text is painted below its rectangle's top
 };
 
 /// A strip and what stands in it.

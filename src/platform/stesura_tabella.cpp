@@ -134,6 +134,25 @@ std::vector<Pezzo> InStrisce(const Pezzo& Riga)
     return Strisce;
 }
 
+/// A row of rules takes less height than one of text, and its rules stand halfway between the figures above
+/// and those below: nearer to the row above, since the rule hangs at the foot of its line of text.
+void AlzaFiletti(Pezzo& Riga, const RigaTabella& Celle, FontDocumento& Font)
+{
+    constexpr double QuotaAltezza = 0.6;
+    constexpr double QuotaFiletto = 0.4;
+    if (std::any_of(Riga.Righe.begin(), Riga.Righe.end(), [](const RigaStesa& Una) { return Una.Riga > 0; }))
+        return;  // a column too narrow for its rule: it has several lines
+    const auto Prima =
+        std::find_if(Celle.begin(), Celle.end(), [](const Cella& Una) { return Filetto(Una); });
+    const double Trattino = Font(Prima->Font).Trattino;
+    Riga.Misure.Altezza *= QuotaAltezza;
+    for (RigaStesa& Una : Riga.Righe) {
+        Una.Scarto = Riga.Misure.Altezza * QuotaFiletto - Una.Ascesa - Trattino;
+        Una.Dove.setTop(0.0);
+        Una.Dove.setHeight(Riga.Misure.Altezza);
+    }
+}
+
 class StenditoreTabella
 {
 public:
@@ -155,7 +174,7 @@ public:
             StendiRiga(Riga);
         Fatta.Tabelle.push_back({Da, Fatta.Testo.size()});
         TieniIntera();
-        if (Titoli >= 0)
+        if (Fatta.Pezzi.size() > Primo)
             TrattieniTitolo();
     }
 
@@ -164,6 +183,8 @@ private:
     {
         const RigaTabella& Riga = Questa.Righe[Quale];
         Pezzo Nuovo = Vuota(Riga) ? RigaBianca(Riga) : RigaPiena(Riga);
+        if (Filetti(Riga))
+            AlzaFiletti(Nuovo, Riga, Font);
         Nuovo.Misure.Unita = Unita(Quale);
         Nuovo.Misure.Altezza += Questa.Bordo > 0 ? 2.0 * MargineBordo : 0.0;
         if (Quale > 2 && RipeteTitoli()) {
@@ -234,7 +255,7 @@ private:
             Fatta.Pezzi[i].Misure.Unita = true;
     }
 
-    /// The lines of a section's title, above the headings, go with them.
+    /// The lines right above a table, the title of its section, go with it.
     void TrattieniTitolo()
     {
         constexpr int MassimoRighe = 3;
@@ -304,10 +325,10 @@ private:
             Nuova.Disposto = Disponi(Testo, Suo, Una.Allinea, Nuova.Larghezza);
             const int Numero = static_cast<int>(Fatta.Brani.size());
             Fatta.Brani.push_back(std::move(Nuova));
-            for (RigaStesa& Riga1 : RigheDi(Fatta.Brani.back(), Numero)) {
-                Riga1.Dove.translate(0.0, Ascesa - Suo.Ascesa);
-                Nuovo.Misure.Altezza = std::max(Nuovo.Misure.Altezza, Riga1.Dove.bottom());
-                Nuovo.Righe.push_back(Riga1);
+            for (RigaStesa& Linea : RigheDi(Fatta.Brani.back(), Numero)) {
+                Linea.Dove.translate(0.0, Ascesa - Suo.Ascesa);
+                Nuovo.Misure.Altezza = std::max(Nuovo.Misure.Altezza, Linea.Dove.bottom());
+                Nuovo.Righe.push_back(Linea);
             }
         }
         Fatta.Testo += Testo;
