@@ -8,6 +8,8 @@
 #ifdef PROVE_CON_FINESTRE
 #include "platform/aspetto.h"
 #include "platform/servizi_qt.h"
+#elif defined(PROVE_CON_PAGINE)
+#include <QGuiApplication>
 #endif
 
 #include <cstdio>
@@ -35,6 +37,8 @@ int main(int argc, char** argv)
 #ifdef PROVE_CON_FINESTRE
     Applicazione Programma(argc, argv);
     aspetto::Prepara();
+#elif defined(PROVE_CON_PAGINE)
+    QGuiApplication Programma(argc, argv);
 #else
     QCoreApplication Programma(argc, argv);
 #endif
