@@ -1,5 +1,6 @@
 #include "cli/comandi.h"
 
+#include "cli/letture.h"
 #include "cli/riga.h"
 #include "core/modAvvio.h"
 #include "core/sessione.h"
@@ -26,21 +27,6 @@ Risposta SoloTesto(const QString& Testo)
 
 // ---- values -------------------------------------------------------------------------------------
 
-/// A value of a command; what is no number names itself in the refusal.
-double Numero(const QString& Nome, const QString& Valore)
-{
-    try {
-        return CDbl(Valore);
-    } catch (const Errore& Guasto) {
-        throw Errore(Guasto.Numero, u"%1: «%2»: %3"_s.arg(Nome, Valore.left(40), Guasto.Descrizione));
-    }
-}
-
-double NumeroOZero(const QString& Nome, const QString& Valore)
-{
-    return Valore.trimmed().isEmpty() ? 0.0 : Numero(Nome, Valore);
-}
-
 /// A percentage; an empty one is a switch that is off.
 Aliquota LeggiAliquota(const QString& Nome, const QString& Valore)
 {
@@ -50,14 +36,6 @@ Aliquota LeggiAliquota(const QString& Nome, const QString& Valore)
     Letta.Perc = NumeroOZero(Nome, Valore);
     Letta.Vale = Letta.Attiva && Letta.Perc > 0;
     return Letta;
-}
-
-bool LeggiBit(const QString& Nome, const QString& Valore)
-{
-    const QString Testo = Valore.trimmed();
-    if (!Testo.isEmpty() && Testo != u"0" && Testo != u"1")
-        throw Errore(13, u"%1: «%2» non è 0 né 1"_s.arg(Nome, Valore.left(40)));
-    return Testo == u"1";
 }
 
 // ---- commands without a file --------------------------------------------------------------------
@@ -124,7 +102,8 @@ const ComandoCli* CercaComando(const QString& Nome)
 
 QString Aiuto()
 {
-    QString Testo = u"Uso: calcanova-cli [--programma DIR] [--utente DIR] [--json] [--batch] COMANDO VALORI...\n\n"_s;
+    QString Testo = u"Uso: calcanova-cli [--programma DIR] [--utente DIR] [--json] [--batch] [--righe] "
+                    "COMANDO VALORI...\n\n"_s;
     for (const ComandoCli& Comando : Comandi())
         Testo += u"  "_s + Comando.Nome.toString().leftJustified(12) + Comando.Valori.toString() + u'\n';
     return Testo + u"\nCon --batch i casi arrivano dallo standard input, uno per riga, i valori separati da \";\".\n"_s;
@@ -152,9 +131,12 @@ void PreparaSessione(const RigaComando& Riga)
         sessione::UserFolder = Barra(Riga.Utente);
 }
 
-QByteArray Riga(const Risposta& Esito, bool Json)
+QByteArray Riga(const Risposta& Esito, const RigaComando& Chiamata)
 {
-    return (Json ? QJsonDocument(Esito.Record).toJson(QJsonDocument::Compact) : Esito.Testo.toUtf8()) + '\n';
+    if (Chiamata.Json)
+        return QJsonDocument(Esito.Record).toJson(QJsonDocument::Compact) + '\n';
+    const QString Righe = Chiamata.Righe && !Esito.Righe.isEmpty() ? u'|' + Esito.Righe : QString();
+    return (Esito.Testo + Righe).toUtf8() + '\n';
 }
 
 QString TestoErrore(const Errore& Guasto)
@@ -202,7 +184,7 @@ int EseguiUno(const ComandoCli& Comando, const RigaComando& Chiamata, VoceCli& V
     ControllaNumero(Comando, Chiamata.Valori);
     try {
         const Risposta Esito = Comando.Esegui(Chiamata.Valori);
-        Uscita(Riga(Esito, Chiamata.Json));
+        Uscita(Riga(Esito, Chiamata));
         return Esito.Fallita || Voce.Guasto() ? 1 : 0;
     } catch (...) {
         Guasti(u"Errore: %1\n"_s.arg(TestoErrore(ErroreCorrente())).toUtf8());
@@ -235,7 +217,7 @@ int EseguiTutti(const ComandoCli& Comando, const RigaComando& Chiamata,
         while (Letta.endsWith('\n') || Letta.endsWith('\r'))
             Letta.chop(1);
         if (!Letta.isEmpty())
-            Uscita(Riga(RispostaCaso(Comando, QString::fromUtf8(Letta)), Chiamata.Json));
+            Uscita(Riga(RispostaCaso(Comando, QString::fromUtf8(Letta)), Chiamata));
     }
     return 0;
 }
@@ -256,6 +238,14 @@ std::span<const ComandoCli> Comandi()
         ComandoCli{u"crea", u"DESCRIZIONE.json NOTA.mdb", 2, 2, false, ComandoCrea},
         ComandoCli{u"nota", u"NOTA.mdb", 1, 1, false, ComandoNota},
         ComandoCli{u"stampa", u"NOTA.mdb TIPO USCITA.txt", 3, 3, false, ComandoStampa},
+        ComandoCli{u"termini", u"DECORRENZA NUMERO TIPO [SOSPENSIONE [LIBERO [SABATO [VERSO]]]]", 3, 7, false,
+                   ComandoTermini},
+        ComandoCli{u"sequenziali", u"UDIENZA ARTICOLO [SOSPENSIONE [SABATO]]", 2, 4, false, ComandoSequenziali},
+        ComandoCli{u"codfis", u"COGNOME NOME NASCITA SESSO COMUNE", 5, 5, false, ComandoCodFis},
+        ComandoCli{u"contributo", u"VALORE [TABELLA]", 1, 2, false, ComandoContributo},
+        ComandoCli{u"interessi", u"TIPO CAPITALE VALUTA AUMENTO DAL AL [DOPO2012]", 6, 7, false, ComandoInteressi,
+                   true},
+        ComandoCli{u"istat", u"IMPORTO VALUTA DAL AL", 4, 4, false, ComandoIstat},
     };
     return Tabella;
 }
@@ -300,6 +290,8 @@ int EseguiCli(const QStringList& Argomenti, const std::function<QByteArray()>& I
         if (!Comando)
             throw ErroreUso{Chiamata.Comando.isEmpty() ? Aiuto()
                                                        : u"Comando sconosciuto: %1"_s.arg(Chiamata.Comando)};
+        if (Chiamata.Righe && !Comando->HaRighe)
+            throw ErroreUso{u"L'opzione --righe non vale per il comando %1"_s.arg(Comando->Nome)};
         VoceCli Voce(Guasti);
         PreparaSessione(Chiamata);
         (void)Voce.Guasto();  // a setting that is off is told, but is no failure of the command

@@ -15,6 +15,7 @@ struct Risposta
     QString Testo;
     QJsonObject Record;
     bool Fallita = false;  ///< answered, but with exit status 1
+    QString Righe{};       ///< what --righe adds behind a "|"
 };
 
 /// A command and the shape of its call.
@@ -26,6 +27,7 @@ struct ComandoCli
     int Massimo;
     bool DivideAllUltimo;  ///< --batch splits a case at the last ";"
     std::function<Risposta(const QStringList& Valori)> Esegui;
+    bool HaRighe = false;  ///< --righe means something to it
 };
 
 /// The table of commands, in the order of the help.
@@ -36,6 +38,14 @@ struct ComandoCli
 [[nodiscard]] Risposta ComandoNota(const QStringList& Valori);
 [[nodiscard]] Risposta ComandoRiepilogo(const QStringList& Valori);
 [[nodiscard]] Risposta ComandoStampa(const QStringList& Valori);
+
+/// The calculators.
+[[nodiscard]] Risposta ComandoTermini(const QStringList& Valori);
+[[nodiscard]] Risposta ComandoSequenziali(const QStringList& Valori);
+[[nodiscard]] Risposta ComandoCodFis(const QStringList& Valori);
+[[nodiscard]] Risposta ComandoContributo(const QStringList& Valori);
+[[nodiscard]] Risposta ComandoInteressi(const QStringList& Valori);
+[[nodiscard]] Risposta ComandoIstat(const QStringList& Valori);
 
 /// The rows of a summary as text and record.
 [[nodiscard]] Risposta RispostaRiepilogo(const struct Catena& Conti);

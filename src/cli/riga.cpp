@@ -19,6 +19,8 @@ RigaComando LeggiRiga(const QStringList& Argomenti)
             Riga.Json = true;
         else if (Opzioni && Parola == u"--batch")
             Riga.Batch = true;
+        else if (Opzioni && Parola == u"--righe")
+            Riga.Righe = true;
         else if (Opzioni && (Parola == u"--help" || Parola == u"--aiuto"))
             Riga.Aiuto = true;
         else if (Opzioni && Parola == u"--programma")

@@ -11,6 +11,7 @@ struct RigaComando
     QStringList Valori;
     bool Json = false;   ///< --json
     bool Batch = false;  ///< --batch: cases come from standard input
+    bool Righe = false;  ///< --righe: the answer with its lines
     bool Aiuto = false;  ///< --help or --aiuto
     QString Programma;   ///< --programma DIR
     QString Utente;      ///< --utente DIR

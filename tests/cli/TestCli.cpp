@@ -1,7 +1,6 @@
 // calcanova-cli as a script calls it: arguments in, lines, errors and exit status out.
-#include "supporto/prova.h"
+#include "chiamata.h"
 
-#include "cli/comandi.h"
 #include "core/sessione.h"
 #include "platform/impostazioni.h"
 #include "platform/percorsi.h"
@@ -13,30 +12,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-struct Esito
-{
-    int Stato = 0;
-    QString Uscita;
-    QString Guasti;
-};
-
-/// Runs a command line of the program as built, with the lines given on standard input.
-Esito Chiama(const QStringList& Argomenti, const QByteArrayList& Ingresso = {})
-{
-    Esito Risultato;
-    QByteArray Uscita;
-    QByteArray Guasti;
-    qsizetype Riga = 0;
-    const auto Prossima = [&] { return Riga < Ingresso.size() ? Ingresso[Riga++] : QByteArray(); };
-    QStringList Tutti{u"--programma"_s, ProgrammaDiProva()};
-    Risultato.Stato = EseguiCli(
-        Tutti + Argomenti, Prossima, [&](const QByteArray& Testo) { Uscita += Testo; },
-        [&](const QByteArray& Testo) { Guasti += Testo; });
-    Risultato.Uscita = QString::fromUtf8(Uscita);
-    Risultato.Guasti = QString::fromUtf8(Guasti);
-    return Risultato;
-}
 
 QString Esempio(const QString& Nome)
 {

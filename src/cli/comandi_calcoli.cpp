@@ -1,0 +1,279 @@
+// The commands of calcanova-cli that stand for the calculators.
+#include "cli/comandi.h"
+#include "cli/letture.h"
+
+#include "calculators/modCodFis.h"
+#include "calculators/modComuni.h"
+#include "calculators/modContributo.h"
+#include "calculators/modInteressi.h"
+#include "calculators/modIstat.h"
+#include "calculators/modTassi.h"
+#include "calculators/modTerminiSeq.h"
+#include "core/sessione.h"
+#include "platform/errore.h"
+#include "platform/messaggi.h"
+#include "platform/percorsi.h"
+#include "platform/regionale.h"
+
+#include <QJsonArray>
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int MassimoIncremento = 9999;  // what the field of the form can hold
+
+QString Giorno(const QDate& Data)
+{
+    return Format(Data, u"dd/mm/yyyy");
+}
+
+void Rifiuta(const QString& Messaggio)
+{
+    if (!Messaggio.isEmpty())
+        throw Errore(5, Messaggio);
+}
+
+void Rifiuta(const std::optional<Difetto>& Trovato)
+{
+    if (Trovato)
+        throw Errore(5, Trovato->Messaggio);
+}
+
+/// The number of units as the form's field would hold it.
+QString LeggiIncremento(const QString& Valore)
+{
+    const double Quanti = NumeroOZero(u"numero"_s, Valore);
+    if (Quanti != std::floor(Quanti) || Quanti < 0 || Quanti > MassimoIncremento)
+        throw Errore(5, u"numero: «%1»: va da 1 a %2"_s.arg(Valore.left(40)).arg(MassimoIncremento));
+    return CStr(Quanti);
+}
+
+/// A script is asked nothing about updates: the calculation goes on as after "No", and where it cannot, the
+/// question is the reason.
+class SenzaAggiornare
+{
+public:
+    SenzaAggiornare()
+    {
+        Messaggi Nuovi;
+        Nuovi.Box = [this](const QString& Testo, int Bandiere, const QString& Titolo) {
+            if ((Bandiere & vbYesNo) == 0)
+                return Precedenti.Box ? Precedenti.Box(Testo, Bandiere, Titolo) : vbOK;
+            Domanda = Testo.section(u'\n', 0, 0).trimmed();
+            return vbNo;
+        };
+        Precedenti = InstallaMessaggi(std::move(Nuovi));
+    }
+    ~SenzaAggiornare() { InstallaMessaggi(std::move(Precedenti)); }
+    SenzaAggiornare(const SenzaAggiornare&) = delete;
+    SenzaAggiornare& operator=(const SenzaAggiornare&) = delete;
+
+    [[noreturn]] void Fallisci() const
+    {
+        throw Errore(5, Domanda.isEmpty() ? u"L'archivio dei tassi ha un tasso a zero"_s : Domanda);
+    }
+
+private:
+    Messaggi Precedenti;
+    QString Domanda;
+};
+
+/// The user's rate archive, or the one that the program is delivered with.
+QString ArchivioDiChiunque()
+{
+    const QString Utente = ArchivioTassi();
+    const QString Programma = TrovaFile(Barra(sessione::PercorsoProg) + u"Tassi.dat"_s);
+    return EsisteFile(Utente) || !EsisteFile(Programma) ? Utente : Programma;
+}
+
+// ---- terms ----------------------------------------------------------------------------------------
+
+QString ConNota(const QDate& Data, bool Spostata, const QString& Nota)
+{
+    return Giorno(Data) + (Spostata ? u" (%1)"_s.arg(Nota) : QString());
+}
+
+/// "Euro" and "Lire", or their first letters and signs.
+int LeggiValuta(const QString& Valore)
+{
+    static const QStringList Parole{u"euro"_s, u"lire"_s, u"e"_s, u"l"_s, u"€"_s, u"£"_s};
+    return LeggiParola(u"valuta"_s, Valore, Parole) % 2;
+}
+
+// ---- interest -------------------------------------------------------------------------------------
+
+QJsonArray RigheJson(const TabellaRighe& Righe)
+{
+    QJsonArray Tutte;
+    for (int i = 0; i < Righe.Righe(); ++i)
+        Tutte.append(QJsonObject{{u"dal"_s, Giorno(Righe(i, IntDal).toDate())},
+                                 {u"al"_s, Giorno(Righe(i, IntAl).toDate())},
+                                 {u"tasso"_s, Righe(i, IntTasso).toDouble()},
+                                 {u"giorni"_s, Righe(i, IntGiorni).toInt()},
+                                 {u"interessi"_s, Righe(i, IntImporto).toDouble()}});
+    return Tutte;
+}
+
+/// "dal;al;tasso;giorni;interessi" of each line, joined by "|".
+QString RigheTesto(const TabellaRighe& Righe)
+{
+    QStringList Tutte;
+    for (int i = 0; i < Righe.Righe(); ++i)
+        Tutte << QStringList{Giorno(Righe(i, IntDal).toDate()), Giorno(Righe(i, IntAl).toDate()),
+                             CStr(Righe(i, IntTasso)), CStr(Righe(i, IntGiorni)),
+                             Format(Righe(i, IntImporto).toDouble(), u"#,##0.00")}
+                     .join(u';');
+    return Tutte.join(u'|');
+}
+
+DatiInteressi LeggiDatiInteressi(const QStringList& Valori)
+{
+    DatiInteressi Dati;
+    Dati.Tipo = LeggiParola(u"tipo"_s, Valori[0], {u"legali"_s, u"mora"_s});
+    Dati.Capitale = Valori[1].trimmed();
+    Dati.Valuta = LeggiValuta(Valori[2]);
+    Dati.Aumento = Valori[3].trimmed();
+    Dati.DataIni = Valori[4];
+    Dati.DataFin = Valori[5];
+    Dati.Dopo2012 = LeggiBit(u"dopo il 2012"_s, Valori.value(6));
+    Rifiuta(CheckInteressi(Dati));
+    (void)Numero(u"capitale"_s, Dati.Capitale);
+    (void)NumeroOZero(u"aumento"_s, Dati.Aumento);
+    return Dati;
+}
+
+// ---- fiscal code ----------------------------------------------------------------------------------
+
+/// The municipalities stay open from case to case of --batch.
+ArchivioComuni& Comuni()
+{
+    static QString Percorso;
+    static std::optional<ArchivioComuni> Aperto;
+    if (!Aperto || Percorso != PercorsoComuni()) {
+        Aperto.reset();
+        Aperto.emplace(PercorsoComuni());
+        Percorso = PercorsoComuni();
+    }
+    return *Aperto;
+}
+
+/// A code is taken as it is; a name must be in the table; nothing is nothing, as in the form.
+QString LeggiComune(const QString& Valore)
+{
+    static const QRegularExpression Codice(u"\\A[A-Z][0-9]{3}\\z"_s);
+    const QString Testo = Valore.trimmed();
+    if (Testo.isEmpty() || Codice.match(Testo.toUpper()).hasMatch())
+        return Testo.toUpper();
+    const auto Trovato = Comuni().Trova(Testo);
+    if (!Trovato)
+        throw Errore(5, u"Comune non in elenco: «%1»"_s.arg(Testo.left(60)));
+    return Trovato->Codice;
+}
+
+}  // namespace
+
+Risposta ComandoTermini(const QStringList& Valori)
+{
+    DatiTermine Dati;
+    Dati.Decorrenza = Valori[0];
+    Dati.Numero = LeggiIncremento(Valori[1]);
+    Dati.Tipo = LeggiParola(u"tipo"_s, Valori[2], {u"giorni"_s, u"mesi"_s, u"anni"_s});
+    Dati.Opzioni.Sospensione = LeggiBit(u"sospensione"_s, Valori.value(3), true);
+    Dati.Opzioni.Libero = LeggiBit(u"libero"_s, Valori.value(4));
+    Dati.Opzioni.Sabato = LeggiBit(u"sabato"_s, Valori.value(5));
+    Dati.Opzioni.Antecedente =
+        Valori.size() > 6 && LeggiParola(u"verso"_s, Valori[6], {u"successiva"_s, u"antecedente"_s}) == 1;
+    (void)TogliSabatoARitroso(Dati.Opzioni);
+    Rifiuta(DifettoTermine(Dati));
+
+    const ContoTermine Conto = CalcolaTermine(Dati);
+    const QString Nota = Dati.Opzioni.Antecedente ? u"Anticipata"_s : u"Posticipata"_s;
+    return {ConNota(Conto.DataCorrente, Conto.Prorogato, Nota),
+            {{u"scadenza"_s, Giorno(Conto.DataCorrente)}, {u"spostata"_s, Conto.Prorogato}},
+            false};
+}
+
+Risposta ComandoSequenziali(const QStringList& Valori)
+{
+    OpzioniTermine Opzioni;
+    const int Articolo = LeggiParola(u"articolo"_s, Valori[1], {u"183"_s, u"190"_s});
+    Opzioni.Sospensione = LeggiBit(u"sospensione"_s, Valori.value(2), true);
+    Opzioni.Sabato = LeggiBit(u"sabato"_s, Valori.value(3));
+    Rifiuta(DifettoUdienza(Valori[0]));
+
+    QStringList Testi;
+    QJsonArray Termini;
+    for (const ScadenzaAnello& Una : CalcolaSequenza(Valori[0], Articolo, Opzioni)) {
+        Testi << ConNota(Una.Data, Una.Prorogata, u"Posticipato"_s);
+        Termini.append(QJsonObject{{u"scadenza"_s, Giorno(Una.Data)}, {u"spostata"_s, Una.Prorogata}});
+    }
+    return {Testi.join(u"; "_s), {{u"termini"_s, Termini}}, false};
+}
+
+Risposta ComandoCodFis(const QStringList& Valori)
+{
+    const auto Nascita = LeggiData(Valori[2]);
+    if (!Nascita)
+        throw Errore(13, u"La data di nascita non e' valida."_s);
+    const int Sesso = LeggiParola(u"sesso"_s, Valori[3], {u"m"_s, u"f"_s});
+    const QString Codice =
+        CalcoloCodFis(Valori[0], Valori[1], *Nascita, Sesso == 1 ? u"F"_s : u"M"_s, LeggiComune(Valori[4]));
+    return {Codice, {{u"codice"_s, Codice}}, false};
+}
+
+Risposta ComandoContributo(const QStringList& Valori)
+{
+    constexpr std::array Tabelle{TabellaContributo::Ordinaria, TabellaContributo::Dimezzata,
+                                 TabellaContributo::Tributaria};
+    const double Valore = Numero(u"valore"_s, Valori[0]);
+    const int Tabella = LeggiParola(u"tabella"_s, Valori.value(1, u"ordinario"_s),
+                                    {u"ordinario"_s, u"ridotto"_s, u"tributario"_s});
+    const double Dovuto = Contributo(Valore, Tabelle[size_t(Tabella)]);
+    return {Format(Dovuto, u"#,##0.00"), {{u"contributo"_s, Dovuto}}, false};
+}
+
+Risposta ComandoInteressi(const QStringList& Valori)
+{
+    const DatiInteressi Dati = LeggiDatiInteressi(Valori);
+    QString UltimoAumento = Dati.Aumento;  // whoever wrote the increase needs no warning of it
+    const SenzaAggiornare Script;
+    const EsitoInteressi Esito = CalcolaInteressi(ArchivioDiChiunque(), Dati, UltimoAumento);
+    if (Esito.Fine != FineInteressi::Completa)
+        Script.Fallisci();
+    Risposta Tutto{Format(Esito.TotaleEuro, u"#,##0.00"),
+                   {{u"totale"_s, Round(Esito.TotaleEuro, 2)}, {u"righe"_s, RigheJson(Esito.Righe)}},
+                   false};
+    Tutto.Righe = RigheTesto(Esito.Righe);
+    return Tutto;
+}
+
+Risposta ComandoIstat(const QStringList& Valori)
+{
+    DatiIstat Dati;
+    Dati.Importo = Valori[0].trimmed();
+    Dati.Valuta = LeggiValuta(Valori[1]);
+    Dati.DataIni = Valori[2];
+    Dati.DataFin = Valori[3];
+    Rifiuta(CheckIstat(Dati));
+    (void)Numero(u"importo"_s, Dati.Importo);
+
+    const SenzaAggiornare Script;
+    bool AggiornamentoChiesto = false;
+    RisultatiIstat Etichette;
+    if (CalcolaRivalutazione(ArchivioDiChiunque(), Dati, AggiornamentoChiesto, Etichette) !=
+        FineIstat::Completa)
+        Script.Fallisci();
+    const QString Rivalutato = Etichette.lblImpRival.trimmed();
+    const QString Rivalutazione = Etichette.lblRivalutaz.trimmed();
+    return {QStringList{Etichette.lblCoeffRiv, Rivalutato, Rivalutazione, Etichette.lblVarPerc}.join(u"; "_s),
+            {{u"coefficiente"_s, CDbl(Etichette.lblCoeffRiv)},
+             {u"rivalutato"_s, CDbl(Rivalutato)},
+             {u"rivalutazione"_s, CDbl(Rivalutazione)},
+             {u"percento"_s, CDbl(Etichette.lblVarPerc)},
+             {u"indiceIniziale"_s, Etichette.lblIndIni.section(u'\n', 0, 0)},
+             {u"indiceFinale"_s, Etichette.lblIndFin.section(u'\n', 0, 0)},
+             {u"raccordo"_s, Etichette.lblCoeffRacc}},
+            false};
+}
