@@ -1,6 +1,8 @@
 // Tab 0 by mouse and keyboard: parties, parameters, variations, the gate to the other tabs.
+#include "feenote/modVariazione.h"
 #include "tavolo.h"
 
+#include <QGroupBox>
 #include <QHelpEvent>
 #include <QToolTip>
 
@@ -55,6 +57,9 @@ private Q_SLOTS:
     void leScorciatoieNonSaltanoIlCampo();
     void variazioneOltreIlLimite();
     void ilLimiteRimessoVale();
+    void leVariazioniComeNelDecreto();
+    void leFrecceScorronoLeVariazioni();
+    void ogniMnemonicoPortaAlSuoCampo();
     void ilSegnoAspettaIlPercento();
     void ilSegnoCambiaLaVariazione();
     void ilPercentoVuotoTornaLibero();
@@ -431,6 +436,62 @@ void TestSchedaBase::ilLimiteRimessoVale()
     Premi(Qt::Key_Tab);  // the limit put back is left as it stands
     Respiro();
     QCOMPARE(F->Nota.AumRidVarP, 100);
+}
+
+void TestSchedaBase::leVariazioniComeNelDecreto()
+{
+    for (int i = 0; i < NumAumRid; ++i) {
+        const QByteArray Nome = "optAumRid_" + QByteArray::number(i);
+        const auto* Una = Controllo<QRadioButton>(F, Nome.constData());
+        QCOMPARE(QString(Una->text()).remove(u'&'), DidascaliaAumRid(i));
+        const auto* Gruppo = qobject_cast<QGroupBox*>(Una->parentWidget());
+        QVERIFY(Gruppo);
+        if (i != AumRidLibera)
+            QCOMPARE(Gruppo->title(), OpzioniAumRid()[size_t(i)].Gruppo.toString());
+        QVERIFY2(Gruppo->font().bold() && !Una->font().bold(), Nome.constData());
+    }
+    QCOMPARE(Controllo(F, "optAumRid_6")->toolTip(),
+             u"applica le riduzioni previste dagli art. 82 e 130 del D.p.r. n. 115/2002"_s);
+}
+
+void TestSchedaBase::leFrecceScorronoLeVariazioni()
+{
+    // Up through the increases, over to the reductions, down through them and back to the free one.
+    Controllo(F, "optAumRid_5")->setFocus(Qt::TabFocusReason);
+    QList<int> Viste;
+    for (const Qt::Key Freccia : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Right,
+                                  Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down}) {
+        Premi(Freccia);
+        const QByteArray Nome = "optAumRid_" + QByteArray::number(F->Nota.AumRidIdx);
+        QVERIFY(Controllo<QRadioButton>(F, Nome.constData())->hasFocus());
+        QVERIFY(Controllo<QRadioButton>(F, Nome.constData())->isChecked());
+        Viste.append(F->Nota.AumRidIdx);
+    }
+    QCOMPARE(Viste, (QList{4, 3, 2, 1, 0, 6, 7, 8, 9, 10, 5}));
+}
+
+void TestSchedaBase::ogniMnemonicoPortaAlSuoCampo()
+{
+    CompilaCivile(F);
+    const auto Tasto = [](const QString& Testo) {
+        const qsizetype Dove = Testo.indexOf(u'&');
+        return Dove < 0 ? Qt::Key_unknown : Qt::Key(Testo[Dove + 1].toUpper().unicode());
+    };
+    int Visti = 0;
+    for (const QLabel* Una : F->findChildren<QLabel*>()) {
+        if (!Una->buddy() || !Una->isVisible())
+            continue;
+        Controllo(F, "optAumRid_5")->setFocus();
+        QTest::keyClick(F, Tasto(Una->text()), Qt::AltModifier);
+        QVERIFY2(Una->buddy()->hasFocus(), qPrintable(Una->text()));
+        ++Visti;
+    }
+    QCOMPARE(Visti, 9);
+    for (const QRadioButton* Una : PaginaIn(F)->findChildren<QRadioButton*>()) {
+        QTest::keyClick(F, Tasto(Una->text()), Qt::AltModifier);
+        QVERIFY2(Una->hasFocus(), qPrintable(Una->text()));
+        QVERIFY2(Una->isDown() || Una->isChecked(), "si preme da sé, un momento dopo");
+    }
 }
 
 void TestSchedaBase::ilSegnoAspettaIlPercento()
