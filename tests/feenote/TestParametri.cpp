@@ -34,6 +34,7 @@ private Q_SLOTS:
     void scaglioneZeroZeroNonSiTrova();
     void valoreArrotondatoERiscritto();
     void valoreFuoriScaglioneSvuotaLaCasella();
+    void valoreInSospeso();
     void valoreIndeterminatoAzzera();
     void scaglioneRifiutatoRimetteTutto();
     void valoreRifiutatoRimetteTutto();
@@ -307,6 +308,29 @@ void TestParametri::valoreFuoriScaglioneSvuotaLaCasella()
     // The rejected value stays the stored one; the check goes by the box.
     QCOMPARE(Nota.ImportoPrec, 30000.0);
     QVERIFY(CheckOK(Nota, true));
+}
+
+void TestParametri::valoreInSospeso()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota = NotaCivile();
+    QVERIFY2(!ImportoInSospeso(Nota), "un valore nel suo scaglione non aspetta nulla");
+    CambiaScaglione(Nota, 0);
+    QVERIFY2(ImportoInSospeso(Nota), "la casella svuotata non dice più il valore accettato");
+    LasciaImporto(Nota);
+    QVERIFY(!ImportoInSospeso(Nota));
+
+    Nota = NotaCivile();
+    CambiaCategoria(Nota, CategStragiudiziale);
+    QVERIFY2(ImportoInSospeso(Nota), "il valore rimasto non ha più uno scaglione");
+    LasciaImporto(Nota);
+    QVERIFY(Nota.cmbValore >= 0);
+    QVERIFY(!ImportoInSospeso(Nota));
+
+    Nota = NotaCivile();
+    ScriviValore(Nota, u"9999999999999"_s);
+    QVERIFY2(!ImportoInSospeso(Nota), "per un valore fuori da tutti non c'è nulla da cercare");
 }
 
 void TestParametri::valoreIndeterminatoAzzera()
