@@ -5,14 +5,19 @@
 #include "feenote/modDocumento.h"
 #include "feenote/modFile.h"
 #include "platform/errore.h"
+#include "platform/impaginazione.h"
 #include "platform/percorsi.h"
 #include "print/modLettere.h"
 #include "print/modRiepilogo.h"
 #include "print/modStampe.h"
 #include "print/scrittoretesto.h"
 
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
+
+#include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -62,6 +67,35 @@ void ControllaSostituzione(const QString& Percorso)
         throw Errore(70, u"La parcella %1 è protetta da password"_s.arg(NomeFile(Percorso)));
 }
 
+/// A file that a document can be written to, by the end of its name.
+struct Formato
+{
+    QStringView Estensione;
+    void (*Scrivi)(const Documento& Doc, const QString& File, const QString& Titolo);
+};
+
+constexpr std::array Formati{
+    Formato{u".txt", [](const Documento& Doc, const QString& File,
+                        const QString&) { ScriviFile(File, ScriviTesto(Doc).toUtf8()); }},
+    Formato{u".pdf", [](const Documento& Doc, const QString& File,
+                        const QString& Titolo) { Impaginazione(Doc).ScriviPdf(File, Titolo); }},
+};
+
+const Formato& FormatoDi(const QString& File)
+{
+    const auto Suo = std::ranges::find_if(
+        Formati, [&](const Formato& Uno) { return File.endsWith(Uno.Estensione, Qt::CaseInsensitive); });
+    if (Suo == Formati.end())
+        throw Errore(5, u"Il documento si scrive in un file .txt o .pdf: %1"_s.arg(NomeFile(File)));
+    return *Suo;
+}
+
+/// What a PDF shows as its title: the document and the note that it was made of.
+QString TitoloDi(const QString& Documento, const QString& File)
+{
+    return Documento + u" - "_s + QFileInfo(File).completeBaseName();
+}
+
 }  // namespace
 
 Risposta ComandoCrea(const QStringList& Valori)
@@ -94,13 +128,12 @@ Risposta ComandoStampa(const QStringList& Valori)
 {
     const int Tipo = LeggiTipo(Valori[1]);
     const QString Uscita = PercorsoNativo(Valori[2]);
-    if (!Uscita.endsWith(u".txt", Qt::CaseInsensitive))
-        throw Errore(5, u"Il documento si scrive in un file .txt: %1"_s.arg(NomeFile(Uscita)));
-
+    const Formato& Formato = FormatoDi(Uscita);
+    const QString Documento = VociTipoStampa().value(Tipo);
     const Parcella Nota = LeggiNotaPerTipo(Valori[0], Tipo);
     Superficie vp;
     if (!Anteprima(vp, Nota, Tipo))
-        throw Errore(5, u"Il documento «%1» non si compone da questo comando"_s.arg(VociTipoStampa().value(Tipo)));
-    ScriviFile(Uscita, ScriviTesto(vp.Contenuto()).toUtf8());
-    return {Uscita, {{u"file"_s, Uscita}, {u"documento"_s, VociTipoStampa().value(Tipo)}}, false};
+        throw Errore(5, u"Il documento «%1» non si compone da questo comando"_s.arg(Documento));
+    Formato.Scrivi(vp.Contenuto(), Uscita, TitoloDi(Documento, Valori[0]));
+    return {Uscita, {{u"file"_s, Uscita}, {u"documento"_s, Documento}}, false};
 }

@@ -1,23 +1,47 @@
 // calcanova-cli: the program's logic without a window.
 #include "cli/comandi.h"
 
+#include "platform/senzaschermo.h"
+
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <cstdio>
 #include <iostream>
+#include <memory>
 #include <string>
+
+namespace {
+
+/// Pages need fonts, and these an application that takes longer to start than all that most commands do.
+bool VuolePagine(int argc, char** argv)
+{
+    QStringList Parole;
+    for (int i = 1; i < argc; ++i)
+        Parole += QString::fromLocal8Bit(argv[i]);
+    return Parole.contains(u"stampa") &&
+           (Parole.contains(u"--batch") || std::ranges::any_of(Parole, [](const QString& Parola) {
+                return Parola.endsWith(u".pdf", Qt::CaseInsensitive);
+            }));
+}
+
+}  // namespace
 
 int main(int argc, char** argv)
 {
     // UTF-8 in and out whatever the locale of whoever calls.
     qputenv("LC_ALL", "C.UTF-8");
-    QCoreApplication Applicazione(argc, argv);
+    const std::unique_ptr<QCoreApplication> Applicazione =
+        VuolePagine(argc, argv) ? ApplicazioneSenzaSchermo(argc, argv)
+                                : std::make_unique<QCoreApplication>(argc, argv);
     const auto Ingresso = [] {
         std::string Riga;
         return std::getline(std::cin, Riga) ? QByteArray(Riga.data(), qsizetype(Riga.size())) : QByteArray();
     };
     const auto Scrivi = [](std::FILE* Dove) {
-        return [Dove](const QByteArray& Testo) { std::fwrite(Testo.constData(), 1, size_t(Testo.size()), Dove); };
+        return [Dove](const QByteArray& Testo) {
+            std::fwrite(Testo.constData(), 1, size_t(Testo.size()), Dove);
+        };
     };
     return EseguiCli(QCoreApplication::arguments().mid(1), Ingresso, Scrivi(stdout), Scrivi(stderr));
 }

@@ -353,9 +353,9 @@ void TestCli::stampaSoloQuelloCheSaComporre()
 {
     const QString Nota = NuovaCartella() + u"nota.mdb"_s;
     QCOMPARE(Chiama({u"crea"_s, Esempio(u"civile.json"_s), Nota}).Stato, 0);
-    const QString Pdf = NuovaCartella() + u"nota.pdf"_s;
-    QCOMPARE(Chiama({u"stampa"_s, Nota, u"0"_s, Pdf}).Stato, 1);
-    QVERIFY(!EsisteFile(Pdf));
+    const QString Altro = NuovaCartella() + u"nota.doc"_s;
+    QCOMPARE(Chiama({u"stampa"_s, Nota, u"0"_s, Altro}).Stato, 1);
+    QVERIFY(!EsisteFile(Altro));
     const QString Testo = NuovaCartella() + u"preventivo.txt"_s;
     QCOMPARE(Chiama({u"stampa"_s, Nota, u"1"_s, Testo}).Stato, 1);
     QVERIFY(!EsisteFile(Testo));
