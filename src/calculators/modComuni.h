@@ -34,7 +34,7 @@ public:
     /// ("Forli'" and "Forli" give Forlì).
     [[nodiscard]] std::optional<Comune> Trova(const QString& Nome);
     /// Names for a list beside the field: those that begin like the text without regard to case and accents,
-    /// in the order of the index, at most so many.
+    /// in alphabetical order, at most so many. The first call reads all names (some 10 ms).
     [[nodiscard]] QStringList Proponi(const QString& Testo, int Massimo);
 
 private:
@@ -47,7 +47,7 @@ private:
 
     Database Archivio;
     Recordset Comuni;
-    QList<NomePiano> Elenco;  ///< in the order of the index, read when first asked for
+    QList<NomePiano> Elenco;  ///< in the order of the plain names, read when first asked for
 };
 
 /// Full path of Comuni.mdb in the program folder.
