@@ -74,11 +74,9 @@ QFont FontStampa(const Carattere& Quale)
     Font.setPixelSize(static_cast<int>(std::lround(Punti * PuntiPerPollice / PuntiTipograficiPerPollice)));
     Font.setBold(Quale.Grassetto);
     Font.setItalic(Quale.Corsivo);
+    Font.setUnderline(Quale.Sottolineato);
     Font.setHintingPreference(QFont::PreferNoHinting);
     Font.setKerning(true);
-    // Spaced text is set without ligatures: this is the smallest spacing there is. In percent, since Qt
-    // multiplies an absolute one by the resolution of the screen.
-    Font.setLetterSpacing(QFont::PercentageSpacing, 100.0 + 1.0 / 64.0);
     return QFont(Font, DispositivoStampa());
 }
 

@@ -70,8 +70,9 @@ std::optional<QTextLayout::FormatRange> StringiBianchi(const QString& Testo, con
 
     const double Restano = std::clamp(Resto, Minimo, Larghi);
     QFont Stretto = Font.Font;
-    // One dot less than there is room for, against the rounding of the single blanks.
-    Stretto.setLetterSpacing(QFont::PercentageSpacing, 100.0 * (Restano - 1.0) / Larghi);
+    // Qt reckons in sixty-fourths, of the percentage and of each blank: a little less than there is room for.
+    const double Scarto = 1.0 + static_cast<double>(Quanti) / 32.0;
+    Stretto.setLetterSpacing(QFont::PercentageSpacing, 100.0 * std::max(Restano - Scarto, 0.0) / Larghi);
     QTextLayout::FormatRange Tratto;
     Tratto.start = 0;
     Tratto.length = static_cast<int>(Quanti);

@@ -48,6 +48,8 @@ private Q_SLOTS:
     void tuttiIFontIncorporati();
     void titoloEFoglio();
     void leRigheStannoDovePromesso();
+    void ilPiePaginaStaNelMargine_data();
+    void ilPiePaginaStaNelMargine();
     void ilFileAppareIntero();
     void stampaAlcunePagine();
     void laStampanteCheRifiuta();
@@ -114,6 +116,43 @@ void TestImpaginazionePdf::leRigheStannoDovePromesso()
     const QRectF Riga = pagine::CercaRiga(Fatta, u"99.999,99"_s).Riga.Mm;
     QVERIFY(std::abs(Una.captured(1).toDouble() * MmPerPunto - Riga.left()) < 0.1);
     QVERIFY(std::abs(Una.captured(2).toDouble() * MmPerPunto - Riga.right()) < 0.1);
+}
+
+void TestImpaginazionePdf::ilPiePaginaStaNelMargine_data()
+{
+    QTest::addColumn<QString>("Piede");
+    QTest::addColumn<QString>("MargineBasso");
+    QTest::addColumn<QString>("Scritto");
+    QTest::newRow("half an inch above the edge") << u"Pagina %d"_s << u"3.2cm"_s << u"Pagina 1"_s;
+    QTest::newRow("in the middle of a narrow margin") << u"Pagina %d"_s << u"1cm"_s << u"Pagina 1"_s;
+    QTest::newRow("pushed off the sheet")
+        << QString(900, u' ') + u"Pagina %d"_s << u"3.2cm"_s << u"Pagina 1"_s;
+    QTest::newRow("cut with a sign") << QString(500, u'W') << u"3.2cm"_s << u"WWWW…"_s;
+}
+
+void TestImpaginazionePdf::ilPiePaginaStaNelMargine()
+{
+    QFETCH(QString, Piede);
+    QFETCH(QString, MargineBasso);
+    QFETCH(QString, Scritto);
+    Superficie vp;
+    PreparaPagina(vp);
+    vp.MarginBottom(MargineBasso);
+    vp.PageFooter(Piede);
+    const Impaginazione Fatta(Finito(vp));
+    const QByteArray Pdf = Fatta.Pdf(u"x"_s);
+    QVERIFY2(pagine::ParoleDiPagina(Pdf, 1).join(u' ').endsWith(Scritto),
+             qPrintable(pagine::ParoleDiPagina(Pdf, 1).join(u' ')));
+    const QString Parole = pagine::Leggi(u"pdftotext"_s, {u"-bbox"_s, u"%"_s, u"-"_s}, Pdf);
+    const auto Ultima =
+        QRegularExpression(
+            u"yMin=\"([0-9.]+)\" xMax=\"([0-9.]+)\" yMax=\"([0-9.]+)\">[^<]+</word>\\s*</page>"_s)
+            .match(Parole);
+    QVERIFY(Ultima.hasMatch());
+    constexpr double MmPerPunto = 25.4 / 72.0;
+    QVERIFY(Ultima.captured(1).toDouble() * MmPerPunto > Fatta.AreaTestoMm().bottom() - 0.5);
+    QVERIFY(Ultima.captured(2).toDouble() * MmPerPunto < Fatta.AreaTestoMm().right() + 0.5);
+    QVERIFY(Ultima.captured(3).toDouble() * MmPerPunto < 297.0 - 3.0);
 }
 
 void TestImpaginazionePdf::ilFileAppareIntero()
