@@ -420,6 +420,11 @@ void Superficie::FontBold(bool Attivo)
     Font.Grassetto = Attivo;
 }
 
+void Superficie::FontUnderline(bool Attivo)
+{
+    Font.Sottolineato = Attivo;
+}
+
 void Superficie::TextAlign(Allineamento Valore)
 {
     Allinea = Valore;

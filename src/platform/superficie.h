@@ -44,6 +44,7 @@ struct Carattere
     double Punti = 12.0;
     bool Grassetto = false;
     bool Corsivo = false;
+    bool Sottolineato = false;
 
     friend bool operator==(const Carattere&, const Carattere&) = default;
 };
@@ -136,6 +137,7 @@ public:
     void FontName(const QString& Nome);
     void FontSize(double Punti);
     void FontBold(bool Attivo);
+    void FontUnderline(bool Attivo);  ///< of rows of text; cells have none
     void TextAlign(Allineamento Valore);
 
     // ---- page set-up; texts with a unit. @throws Errore 13

@@ -69,6 +69,7 @@ private Q_SLOTS:
     void paragrafoVuotoDaSoloLasciaUnaRiga();
     void testoVuotoNonComincia();
     void trattiPortanoIlLoroFont();
+    void sottolineatoNelleRigheNonNelleCelle();
     void rigaTieneAllineamentoDelSuoInizio();
     void corseDiSpaziRestano();
     void aCapoUniformi();
@@ -226,6 +227,22 @@ void TestSuperficie::trattiPortanoIlLoroFont()
     QCOMPARE(Tratti[0].Font, (Carattere{u"Times New Roman"_s, 12.0, false}));
     QCOMPARE(Tratti[1].Font, (Carattere{u"Times New Roman"_s, 10.5, true}));
     QCOMPARE(Tratti[2].Font, (Carattere{u"Arial"_s, 10.5, false}));
+}
+
+void TestSuperficie::sottolineatoNelleRigheNonNelleCelle()
+{
+    Superficie vp;
+    vp.FontUnderline(true);
+    vp.Text(u"sotto"_s);
+    vp.FontUnderline(false);
+    vp.Paragraph(u"senza"_s);
+    vp.FontUnderline(true);
+    ApriTabella(vp, 1, 1);
+    vp.CellaTabella(AttrTabella::Testo, 1, 1, u"x"_s);
+    vp.EndTable();
+    QVERIFY(ParagrafoDi(vp, 0).Tratti[0].Font.Sottolineato);
+    QVERIFY(!ParagrafoDi(vp, 0).Tratti[1].Font.Sottolineato);
+    QVERIFY(!TabellaDi(vp, 1).Righe[0][0].Font.Sottolineato);
 }
 
 void TestSuperficie::rigaTieneAllineamentoDelSuoInizio()
