@@ -1,7 +1,6 @@
 #include "calculators/modComuni.h"
 
 #include "core/sessione.h"
-#include "platform/errore.h"
 #include "platform/messaggi.h"
 #include "platform/percorsi.h"
 
@@ -108,6 +107,11 @@ const QList<ArchivioComuni::NomePiano>& ArchivioComuni::Nomi()
     return Elenco;
 }
 
+void FasMsg(const Errore& Guasto)
+{
+    MsgBox(u"FasMsg: %1 %2"_s.arg(Guasto.Numero).arg(Guasto.Descrizione));
+}
+
 QString PercorsoComuni()
 {
     return TrovaFile(Barra(sessione::PercorsoProg) + u"Comuni.mdb"_s);
@@ -126,8 +130,7 @@ void CercaComune(ArchivioComuni& Archivio, CampoComune& Campo)
                 Campo.Rosso = false;
         }
     } catch (...) {
-        const Errore Guasto = ErroreCorrente();
-        MsgBox(u"FasMsg: %1 %2"_s.arg(Guasto.Numero).arg(Guasto.Descrizione));
+        FasMsg(ErroreCorrente());
     }
     Campo.Tag = Testo;
 }

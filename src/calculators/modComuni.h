@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/database.h"
+#include "platform/errore.h"
 
 #include <QList>
 #include <QString>
@@ -49,6 +50,9 @@ private:
     Recordset Comuni;
     QList<NomePiano> Elenco;  ///< in the order of the plain names, read when first asked for
 };
+
+/// How this calculator tells a failure: "FasMsg: ", number, blank and description.
+void FasMsg(const Errore& Guasto);
 
 /// Full path of Comuni.mdb in the program folder.
 [[nodiscard]] QString PercorsoComuni();

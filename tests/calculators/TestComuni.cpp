@@ -178,7 +178,7 @@ void TestComuni::erroreDettoEPoiAvanti()
     Campo.Testo = u"Roma"_s;
     CercaComune(Copia, Campo);
     QCOMPARE(Box.Mostrati().size(), 1);
-    QVERIFY2(Box.UltimoTesto().startsWith(u"FasMsg: 3"), qPrintable(Box.UltimoTesto()));
+    QVERIFY2(Box.UltimoTesto().startsWith(u"FasMsg: 3078 "), qPrintable(Box.UltimoTesto()));
     QCOMPARE(Campo.Testo, u"Roma"_s);
     QCOMPARE(Campo.CodComune, QString());
 }
