@@ -60,7 +60,7 @@ struct RigaImpaginata
 ///
 /// Paragraphs flow in order; one of several lines leaves at least two on either side of a break. A table
 /// stands from the left margin with the widths of its columns; one that is wider than the text area is
-/// made narrower in proportion. A column of amounts that is too narrow for one of them takes the room
+/// made narrower in proportion. A column that is too narrow for one of its numbers takes the room
 /// from the others; a word wider than its cell is broken where the cell ends, so that columns never
 /// overlap. A row is split only when it is taller than a page. A table that begins with a row of headings
 /// and a blank one repeats them on each following page; one without headings stays whole while it takes

@@ -68,26 +68,38 @@ Margini MarginiDi(std::size_t Prima, std::size_t Ultima, std::size_t Colonne, in
             Ultima + 1 == Colonne && Bordo == 0 ? 0.0 : MargineCella};
 }
 
-double ParolaPiuLarga(const Cella& Questa, FontDocumento& Font)
+/// Columns of amounts stand to the right or in the middle.
+bool DiImporti(const Cella& Questa)
+{
+    return Questa.Allinea == Allineamento::Destra || Questa.Allinea == Allineamento::Centro;
+}
+
+/// A number as a note may hold one; what is longer is a code, and may be broken like a word.
+bool Numero(QStringView Parola)
+{
+    constexpr qsizetype MassimoSegni = 18;  // twelve digits with their points and two decimals
+    return Parola.size() <= MassimoSegni && std::all_of(Parola.begin(), Parola.end(), [](QChar C) {
+               return C.isDigit() || C == u'.' || C == u',';
+           });
+}
+
+/// A broken number would be read wrong: columns of amounts ask for room for all that they hold, the others
+/// for their numbers. Words may be broken.
+double LarghezzaNecessaria(const Cella& Questa, FontDocumento& Font)
 {
     const FontMisurato& Suo = Font(Questa.Font);
+    const bool Tutte = DiImporti(Questa);
     double Massima = 0.0;
     qsizetype Inizio = 0;
     for (qsizetype i = 0; i <= Questa.Testo.size(); ++i) {
         if (i < Questa.Testo.size() && !Questa.Testo[i].isSpace())
             continue;
-        Massima = std::max(Massima, Suo.Larghezza(QStringView(Questa.Testo).sliced(Inizio, i - Inizio)));
+        const QStringView Parola = QStringView(Questa.Testo).sliced(Inizio, i - Inizio);
+        if (Tutte || Numero(Parola))
+            Massima = std::max(Massima, Suo.Larghezza(Parola));
         Inizio = i + 1;
     }
     return Massima;
-}
-
-/// Amounts stand to the right or in the middle; a broken one would be read wrong, so that they ask for their
-/// room. Words may be broken.
-bool DiImporti(const Cella& Questa)
-{
-    return Questa.Unione == 1 &&
-           (Questa.Allinea == Allineamento::Destra || Questa.Allinea == Allineamento::Centro);
 }
 
 std::vector<double> Necessarie(const Tabella& Questa, FontDocumento& Font)
@@ -95,8 +107,8 @@ std::vector<double> Necessarie(const Tabella& Questa, FontDocumento& Font)
     std::vector<double> Tutte(Questa.LarghezzeCm.size());
     for (const RigaTabella& Riga : Questa.Righe)
         for (std::size_t Colonna = 0; Colonna < Riga.size(); ++Colonna)
-            if (DiImporti(Riga[Colonna]))
-                Tutte[Colonna] = std::max(Tutte[Colonna], ParolaPiuLarga(Riga[Colonna], Font));
+            if (Riga[Colonna].Unione == 1)
+                Tutte[Colonna] = std::max(Tutte[Colonna], LarghezzaNecessaria(Riga[Colonna], Font));
     for (std::size_t Colonna = 0; Colonna < Tutte.size(); ++Colonna) {
         const Margini Suoi = MarginiDi(Colonna, Colonna, Tutte.size(), Questa.Bordo);
         if (Tutte[Colonna] > 0.0)
