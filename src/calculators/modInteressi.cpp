@@ -3,9 +3,12 @@
 #include "calculators/modTassi.h"
 #include "core/modTesti.h"
 #include "platform/database.h"
+#include "platform/errore.h"
 #include "platform/messaggi.h"
 #include "platform/regionale.h"
 
+#include <cmath>
+#include <limits>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -21,6 +24,14 @@ const QDate PrimoGiornoMora(2002, 8, 9);  // art. 11 D.lgs. 231/2002: contracts 
 const QDate PrimoGiornoDopo2012(2013, 1, 1);
 
 constexpr QStringView NonAggiornati = u"Attenzione: i tassi di interessi non sono aggiornati.";
+
+/// The sum of a rate as the formula takes it. @throws Errore 6 beyond single precision
+float InSingolo(double Tasso)
+{
+    if (!(std::abs(Tasso) <= double(std::numeric_limits<float>::max())))
+        throw Errore(6);
+    return float(Tasso);
+}
 
 /// The calculation between its first day and its last line.
 class Calcolo
@@ -107,7 +118,7 @@ void Calcolo::ScriviRiga()
     const double Capitale = Dati.Valuta == ValutaEuro ? CDbl(Dati.Capitale) : LireEuro(CDbl(Dati.Capitale));
     // The rate of the table is single, the sum double; what the formula gets is single again.
     const double Tasso = double(TassoCorrente) + Aumento + Piu;
-    const double Importo = Interessi(GiorniPeriodo, float(Tasso), Capitale);
+    const double Importo = Interessi(GiorniPeriodo, InSingolo(Tasso), Capitale);
 
     const int Riga = Esito.Righe.AggiungiRiga();
     Esito.Righe(Riga, IntDal) = InizioPeriodo;
@@ -180,7 +191,10 @@ QString CheckInteressi(const DatiInteressi& Dati)
 
 double Interessi(int Giorni, float Tasso, double Capitale)
 {
-    return Round(Capitale / GiorniAnno * double(Tasso) * Giorni / 100, 2);
+    const double Importo = Capitale / GiorniAnno * double(Tasso) * Giorni / 100;
+    if (!std::isfinite(Importo))
+        throw Errore(6);
+    return Round(Importo, 2);
 }
 
 EsitoInteressi CalcolaInteressi(const QString& Archivio, const DatiInteressi& Dati, QString& UltimoAumento)

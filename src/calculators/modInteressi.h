@@ -49,6 +49,7 @@ struct DatiInteressi
 /// to even.
 /// @param Giorni days, the first and the last included
 /// @param Tasso percent a year
+/// @throws Errore 6 beyond a double
 [[nodiscard]] double Interessi(int Giorni, float Tasso, double Capitale);
 
 /// How a calculation ends.
@@ -72,7 +73,8 @@ struct EsitoInteressi
 ///
 /// @param Archivio full path of Tassi.dat
 /// @param UltimoAumento the last text of the increase that the user was warned of; the form keeps it
-/// @throws Errore 13 a capital or increase that is no number (when the first line is written);
+/// @throws Errore 6 a figure too large, 13 a capital or increase that is no number (when the first line is
+/// written);
 ///         those of OpenDatabase and Recordset for the archive
 [[nodiscard]] EsitoInteressi CalcolaInteressi(const QString& Archivio, const DatiInteressi& Dati,
                                               QString& UltimoAumento);

@@ -66,7 +66,7 @@ enum class FineIstat {
 /// The amounts, each from the text of the captions already written: on entry the two indices are there as
 /// plain numbers.
 /// @param Importo euro, not rounded
-/// @throws Errore 11 when the initial index is 0, 6 beyond a double
+/// @throws Errore 11 when the initial index is 0, 5 beyond a double
 void ScriviRisultati(RisultatiIstat& Etichette, double Importo, double Coefficiente);
 
 /// An index for a drawing.

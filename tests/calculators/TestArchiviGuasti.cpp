@@ -53,6 +53,7 @@ private Q_SLOTS:
     void finePeriodoNulla();
     void importiCheNonSonoNumeri_data();
     void importiCheNonSonoNumeri();
+    void cifreTroppoGrandi();
     void indiceAZero();
     void meseFuoriDallAnno();
     void doveSta();
@@ -199,6 +200,16 @@ void TestArchiviGuasti::importiCheNonSonoNumeri()
     QCOMPARE(NumeroErrore([&] { (void)Interesse(ArchivioConsegnato(), u"1"_s, Testo); }), 13);
     QCOMPARE(NumeroErrore([&] { (void)Rivaluta(ArchivioConsegnato(), Etichette, Testo); }), 13);
     QCOMPARE(Etichette, RisultatiIstat());
+}
+
+void TestArchiviGuasti::cifreTroppoGrandi()
+{
+    RisultatiIstat Etichette;
+    QCOMPARE(NumeroErrore([&] { (void)Interesse(ArchivioConsegnato(), u"1E400"_s); }), 6);
+    QCOMPARE(NumeroErrore([&] { (void)Interesse(ArchivioConsegnato(), u"1,7E308"_s, u"1000"_s); }), 6);
+    QCOMPARE(NumeroErrore([&] { (void)Interesse(ArchivioConsegnato(), u"1"_s, u"1E39"_s); }), 6);
+    QCOMPARE(NumeroErrore([&] { (void)Rivaluta(ArchivioConsegnato(), Etichette, u"1E400"_s); }), 6);
+    QCOMPARE(NumeroErrore([&] { (void)Rivaluta(ArchivioConsegnato(), Etichette, u"1,797E308"_s); }), 5);
 }
 
 void TestArchiviGuasti::indiceAZero()
