@@ -84,6 +84,15 @@ frmParcelle* FinestraPerPosto(int Indice)
     return Finestra;
 }
 
+/// The size wanted, or what of it the frame has room for, so that a small screen shows the status bar too. A
+/// window is never made smaller than it can be used.
+QSize NellArea(const QMdiSubWindow* Sotto, QPoint Posto, QSize Voluta)
+{
+    const QSize Area = Sotto->mdiArea()->viewport()->size();
+    const QSize Libera(Area.width() - Posto.x(), Area.height() - Posto.y());
+    return Voluta.boundedTo(Libera.expandedTo(Sotto->minimumSizeHint()));
+}
+
 void MettiInCascata(frmParcelle* Finestra, int Indice)
 {
     QMdiSubWindow* Sotto = Cornice(Finestra);
@@ -91,10 +100,11 @@ void MettiInCascata(frmParcelle* Finestra, int Indice)
         return;
     if (Sotto->isMinimized())
         Sotto->showNormal();
-    Sotto->setGeometry(aspetto::Pixel((Indice - 1) * CascataSinistra + PrimoSinistra),
-                       aspetto::Pixel((Indice - 1) * CascataAlto + PrimoAlto),
-                       aspetto::Pixel(Misura(u"FormWidth"_s, LarghezzaPredefinita)),
+    const QPoint Posto(aspetto::Pixel((Indice - 1) * CascataSinistra + PrimoSinistra),
+                       aspetto::Pixel((Indice - 1) * CascataAlto + PrimoAlto));
+    const QSize Voluta(aspetto::Pixel(Misura(u"FormWidth"_s, LarghezzaPredefinita)),
                        aspetto::Pixel(Misura(u"FormHeight"_s, AltezzaPredefinita)));
+    Sotto->setGeometry({Posto, NellArea(Sotto, Posto, Voluta)});
 }
 
 QString TitoloNuova(int Indice, const QString& ID)

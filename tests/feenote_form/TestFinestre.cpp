@@ -34,6 +34,7 @@ private Q_SLOTS:
     void titoloConLaPratica();
     void dimensioniPredefinite();
     void inCascata();
+    void inUnoSchermoPiccoloStaTutta();
     void leDimensioniSiRicordano();
     void massimizzataSiRicordaLaNormale();
     void laDisposizioneSiRicorda();
@@ -154,6 +155,17 @@ void TestFinestre::inCascata()
     QCOMPARE(Sotto(3)->pos() - Sotto(2)->pos(), QPoint(9, 26));  // 140 and 380 twips, of the two sums
     for (int i = 1; i <= 3; ++i)
         Parcelle(i)->SetModificata(false);
+}
+
+void TestFinestre::inUnoSchermoPiccoloStaTutta()
+{
+    // A screen of 1366 x 768 at 150 % leaves the frame about this much.
+    Cornice->resize(910, 430);
+    Respiro();
+    ApriParcella({}, 0, {});
+    Respiro();
+    QVERIFY(Area->viewport()->rect().contains(Sotto(1)->geometry()));
+    QCOMPARE(Sotto(1)->width(), 853);
 }
 
 void TestFinestre::leDimensioniSiRicordano()
