@@ -132,6 +132,7 @@ void TestComuni::oltreLUltimoNome()
 {
     const Registratore Box;
     Digita(u"Roma"_s);
+    Campo.Rosso = true;
     Digita(u"Zzzzz"_s);
     QCOMPARE(Campo.CodComune, u"H501"_s);
     QCOMPARE(Campo.Testo, u"Zzzzz"_s);
