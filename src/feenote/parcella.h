@@ -14,6 +14,8 @@
 #include <QMap>
 #include <QString>
 
+#include <optional>
+
 /// A text box.
 struct Casella
 {
@@ -89,6 +91,26 @@ struct MemoriaStampa
     friend bool operator==(const MemoriaStampa&, const MemoriaStampa&) = default;
 };
 
+/// How a document words its client.
+enum class FormaBlocco {
+    Nessuna,  ///< the document names no client
+    Testata,  ///< name, address and tax codes on rows of their own, in the head of the page
+    Nome,     ///< the name alone
+    Persona,  ///< one sentence: born, resident
+    Societa,  ///< one sentence: with its seat
+};
+
+/// Who signs for a client that is a company.
+struct Rappresentante
+{
+    QString Nome;
+    QString DataNascita;
+    QString LuogoNascita;
+    QString Residenza;
+
+    friend bool operator==(const Rappresentante&, const Rappresentante&) = default;
+};
+
 struct Parcella
 {
     // ---- parties and subject
@@ -135,6 +157,8 @@ struct Parcella
     int cmbTipoStampa = NessunaVoce;
     QMap<int, QString> txtDatiPar;  ///< by DatoStampa; a missing element is empty
     int optContrTipo = 0;           ///< client type: 0 person, 1 company
+    Rappresentante Rappr;
+    std::optional<FormaBlocco> BloccoScritto;  ///< form that the user's own client block was written for
 
     // ---- lines
     TabellaRighe xOnorari{OnoColonne};
