@@ -158,6 +158,7 @@ struct Parcella
     QMap<int, QString> txtDatiPar;  ///< by DatoStampa; a missing element is empty
     int optContrTipo = 0;           ///< client type: 0 person, 1 company
     Rappresentante Rappr;
+    int RapprDi = 0;  ///< key of the client whose row has given the representative, 0 none
     std::optional<FormaBlocco> BloccoScritto;  ///< form that the user's own client block was written for
 
     // ---- lines
