@@ -3,6 +3,7 @@
 #include "core/indirizzi.h"
 #include "core/modErrori.h"
 #include "core/modLancio.h"
+#include "core/modTesti.h"
 #include "core/sessione.h"
 #include "platform/messaggi.h"
 #include "platform/percorsi.h"
@@ -99,10 +100,7 @@ void Stampa(const Chiamata& C)
 void StampaWord(const Chiamata& C)
 {
     // "Nuova parcella:2" is a caption, not a file's name.
-    QString Nome = InfoParcelle[size_t(C.Indice)].Nome;
-    for (QChar& Carattere : Nome)
-        if (u"\\/:*?\"<>|"_s.contains(Carattere))
-            Carattere = u'-';
+    const QString Nome = NomePerFile(InfoParcelle[size_t(C.Indice)].Nome);
     Verifica(ApriConSistema(Barra(sessione::UserFolder) + Barra(u"doc"_s) + Nome + u".doc"_s));
 }
 

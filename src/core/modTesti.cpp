@@ -124,10 +124,24 @@ QVariant Minimo(const QVariant& Primo, const QVariant& Secondo)
     return Minore(Secondo, Primo) ? Secondo : Primo;
 }
 
+namespace {
+
+constexpr QStringView VietatiNeiNomi = u"\\/:*?<>\"|";
+
+}  // namespace
+
 bool NomeValido(const QString& Nome, const QString& Vietati)
 {
-    const QString Lista = Vietati.isEmpty() ? u"\\/:*?<>\"|"_s : Vietati;
+    const QStringView Lista = Vietati.isEmpty() ? VietatiNeiNomi : Vietati;
     return std::ranges::none_of(Nome, [&](QChar Carattere) { return Lista.contains(Carattere); });
+}
+
+QString NomePerFile(QString Nome)
+{
+    for (QChar& Carattere : Nome)
+        if (VietatiNeiNomi.contains(Carattere))
+            Carattere = u'-';
+    return Nome;
 }
 
 bool EVuoto(const QVariant& Valore)

@@ -38,6 +38,9 @@ struct VersioneSistema;
 /// False when the name holds a forbidden character; an empty list means \ / : * ? < > " and |.
 [[nodiscard]] bool NomeValido(const QString& Nome, const QString& Vietati = {});
 
+/// The name with "-" for each of those characters, which no file's name may hold.
+[[nodiscard]] QString NomePerFile(QString Nome);
+
 /// True for Null, an empty or blank text, the texts "0" and "/  /" after trimming, a numeric zero and an
 /// invalid date: a column that holds nothing.
 [[nodiscard]] bool EVuoto(const QVariant& Valore);

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void nomeFile();
     void nomeValido_data();
     void nomeValido();
+    void nomePerFile();
     void eVuoto_data();
     void eVuoto();
     void parseCoppie_data();
@@ -232,6 +233,13 @@ void TestTesti::nomeValido()
     QFETCH(QString, Nome);
     QFETCH(QString, Vietati);
     QTEST(NomeValido(Nome, Vietati), "Valido");
+}
+
+void TestTesti::nomePerFile()
+{
+    QCOMPARE(NomePerFile(u"Nuova parcella:2"_s), u"Nuova parcella-2"_s);
+    QCOMPARE(NomePerFile(u"\\/:*?<>\"|"_s), u"---------"_s);
+    QCOMPARE(NomePerFile(u"Rossi - Bianchi (1)"_s), u"Rossi - Bianchi (1)"_s);
 }
 
 void TestTesti::eVuoto_data()
