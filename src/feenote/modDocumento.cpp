@@ -4,6 +4,7 @@
 #include "core/modTesti.h"
 #include "core/sessione.h"
 #include "feenote/modClienti.h"
+#include "feenote/modDatiStampa.h"
 #include "feenote/modParametri.h"
 #include "feenote/modTotali.h"
 #include "feenote/modVariazione.h"
@@ -458,6 +459,9 @@ void CaricaTutto(Parcella& Nota, const QString& Percorso)
     const int Tipo = Indice(Param.Leggi(u"TipoStampa").value_or(QVariant()));
     if (Tipo >= 0 && Tipo < VociTipoStampa().size())
         ScegliTipoStampa(Nota, Tipo);
+    // A client that is gone has been told already.
+    if (Nota.IDCli > 0 && CercaCliente(Nota.IDCli))
+        RicomponiBlocco(Nota);
 }
 
 }  // namespace

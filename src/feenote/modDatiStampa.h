@@ -1,0 +1,68 @@
+// The print data of a fee note: what each document asks for, and what follows when it is written.
+#pragma once
+
+#include "feenote/parcella.h"
+
+#include <QString>
+#include <QStringView>
+
+#include <span>
+
+/// The panels of the print data; a document shows one of them.
+enum class PannelloStampa { Nessuno, Numero, Fattura, Deposito, Incarico, Testi };
+
+/// What a document asks for.
+struct DatiDocumento
+{
+    PannelloStampa Pannello = PannelloStampa::Nessuno;
+    QStringView Titolo;  ///< of the panel
+    bool Parti = false;  ///< client, subject and counterparty are shown
+    bool Iban = false;   ///< chkIBAN is shown
+};
+/// @param Tipo a TipoStampa; any other number asks for nothing
+[[nodiscard]] DatiDocumento DatiDelTipo(int Tipo);
+
+/// A box of txtDatiPar and the characters that its column holds.
+struct CampoDatiPar
+{
+    DatoStampa Indice;
+    int Massimo;
+};
+[[nodiscard]] std::span<const CampoDatiPar> CampiDatiPar();
+/// Typed by the user; a longer text is cut.
+void CambiaDatiPar(Parcella& Nota, DatoStampa Indice, const QString& Testo);
+
+/// The texts that the first tab and the print data both show.
+enum class ParteNota { Cliente, Controparte, Oggetto };
+
+/// Characters that a party or the subject may have.
+[[nodiscard]] int MassimoParte(ParteNota Quale);
+/// As it stands on the first tab, and as it will print.
+[[nodiscard]] const Casella& ParteScritta(const Parcella& Nota, ParteNota Quale);
+[[nodiscard]] const Casella& ParteStampata(const Parcella& Nota, ParteNota Quale);
+/// Typed on the first tab: it will print so, and a client block of the user's own is given up.
+void CambiaParte(Parcella& Nota, ParteNota Quale, const QString& Testo);
+/// Typed in the print data; a longer text is cut.
+void CambiaParteStampata(Parcella& Nota, ParteNota Quale, const QString& Testo);
+/// The box of the print data was left: the subject goes back to the first tab, a party only while it is free
+/// text. A linked one keeps its name, whatever is printed.
+void LasciaParteStampata(Parcella& Nota, ParteNota Quale);
+
+/// How the chosen document words the client.
+[[nodiscard]] FormaBlocco FormaDelBlocco(const Parcella& Nota);
+/// Words the client for the chosen document. A block that the user has written stays as long as its form
+/// does; a document without a client leaves it.
+void RicomponiBlocco(Parcella& Nota);
+
+/// A click in the list of documents: switches, then the client block.
+void ScegliDocumento(Parcella& Nota, int Tipo);
+/// The client is a person (0) or a company (1).
+void CambiaContrTipo(Parcella& Nota, int Tipo);
+
+/// The boxes of the representative, by member.
+void CambiaRappresentante(Parcella& Nota, QString Rappresentante::*Dato, const QString& Testo);
+
+/// chkIBAN: without an IBAN in the settings the user is told where it goes, and the tick is taken away.
+void CambiaIban(Parcella& Nota, bool Attivo);
+void CambiaIvaDifferita(Parcella& Nota, bool Attiva);
+void CambiaFatturaAcconto(Parcella& Nota, bool Attiva);

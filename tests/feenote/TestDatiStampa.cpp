@@ -1,0 +1,300 @@
+// Print data: what each document asks for, texts that two tabs share, the client block, the IBAN.
+#include "feenote/modDatiStampa.h"
+#include "file_prova.h"
+
+using namespace Qt::StringLiterals;
+
+class TestDatiStampa : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void ogniDocumentoChiedeISuoiDati_data();
+    void ogniDocumentoChiedeISuoiDati();
+    void nessunDocumento();
+    void leParole_data();
+    void leParole();
+    void troppoLunghi();
+    void tornanoAllaPrimaScheda_data();
+    void tornanoAllaPrimaScheda();
+    void ilBloccoScrittoResta_data();
+    void ilBloccoScrittoResta();
+    void ilBloccoCedeAlCliente();
+    void ilBloccoNonCedeAllOggetto();
+    void bloccoDiUnClienteLegato();
+    void clienteLegatoSparito();
+    void bloccoAllApertura();
+    void ibanSenzaIban();
+    void ibanConIban();
+    void ogniDatoSegnaLaNota();
+    void ilDocumentoNonSegnaLaNota();
+};
+PROVA(TestDatiStampa);
+
+namespace {
+
+/// Clicks of the documents one after the other, then the block written by the user in the first one.
+Parcella ConBlocco(int Tipo, const QString& Blocco)
+{
+    Parcella Nota = NotaCivile();
+    CambiaParte(Nota, ParteNota::Cliente, u"Rossi Mario"_s);
+    Nota.IDCli = 7;  // so that the block does not go back to the first tab
+    Nota.cmbTipoStampa = Tipo;
+    CambiaParteStampata(Nota, ParteNota::Cliente, Blocco);
+    return Nota;
+}
+
+}  // namespace
+
+void TestDatiStampa::ogniDocumentoChiedeISuoiDati_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<QString>("Titolo");
+    QTest::addColumn<int>("Pannello");
+    QTest::addColumn<bool>("Iban");
+    QTest::addColumn<bool>("Parti");
+    const auto Riga = [](const char* Nome, int Tipo, const QString& Titolo, PannelloStampa Pannello, bool Iban,
+                         bool Parti) {
+        QTest::newRow(Nome) << Tipo << Titolo << int(Pannello) << Iban << Parti;
+    };
+    Riga("prenotula", 0, u" Dati stampa prenotula: "_s, PannelloStampa::Numero, true, true);
+    Riga("preventivo", 1, u" Dati stampa preventivo: "_s, PannelloStampa::Numero, false, true);
+    Riga("fattura sintetica", 2, u" Dati stampa fattura: "_s, PannelloStampa::Fattura, true, true);
+    Riga("fattura analitica", 3, u" Dati stampa fattura: "_s, PannelloStampa::Fattura, true, true);
+    Riga("nota spese", 4, u" Dati stampa nota spese: "_s, PannelloStampa::Deposito, false, true);
+    Riga("contratto", 5, u" Dati stampa contratto: "_s, PannelloStampa::Incarico, false, true);
+    Riga("informativa", 6, u" Dati stampa informativa: "_s, PannelloStampa::Incarico, false, true);
+    Riga("solo conti: nessuna parte", 7, u" Dati stampa parte contabile: "_s, PannelloStampa::Testi, false, false);
+}
+
+void TestDatiStampa::ogniDocumentoChiedeISuoiDati()
+{
+    QFETCH(int, Tipo);
+    const DatiDocumento Dati = DatiDelTipo(Tipo);
+    QTEST(Dati.Titolo.toString(), "Titolo");
+    QTEST(int(Dati.Pannello), "Pannello");
+    QTEST(Dati.Iban, "Iban");
+    QTEST(Dati.Parti, "Parti");
+}
+
+void TestDatiStampa::nessunDocumento()
+{
+    for (const int Tipo : {-1, 8}) {
+        QCOMPARE(int(DatiDelTipo(Tipo).Pannello), int(PannelloStampa::Nessuno));
+        QVERIFY(!DatiDelTipo(Tipo).Parti && !DatiDelTipo(Tipo).Iban);
+    }
+}
+
+void TestDatiStampa::leParole_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<int>("Contraente");
+    QTest::addColumn<int>("Forma");
+    const auto Riga = [](const char* Nome, int Tipo, int Contraente, FormaBlocco Forma) {
+        QTest::newRow(Nome) << Tipo << Contraente << int(Forma);
+    };
+    Riga("in testa alla prenotula", 0, 0, FormaBlocco::Testata);
+    Riga("anche di una società", 3, 1, FormaBlocco::Testata);
+    Riga("solo il nome nella nota spese", 4, 1, FormaBlocco::Nome);
+    Riga("persona nel contratto", 5, 0, FormaBlocco::Persona);
+    Riga("società nel contratto", 5, 1, FormaBlocco::Societa);
+    Riga("società nell'informativa", 6, 1, FormaBlocco::Societa);
+    Riga("nessuno nei soli conti", 7, 0, FormaBlocco::Nessuna);
+    Riga("nessun documento", -1, 0, FormaBlocco::Nessuna);
+}
+
+void TestDatiStampa::leParole()
+{
+    QFETCH(int, Tipo);
+    QFETCH(int, Contraente);
+    Parcella Nota;
+    Nota.cmbTipoStampa = Tipo;
+    Nota.optContrTipo = Contraente;
+    QTEST(int(FormaDelBlocco(Nota)), "Forma");
+}
+
+void TestDatiStampa::troppoLunghi()
+{
+    Parcella Nota;
+    CambiaParteStampata(Nota, ParteNota::Cliente, QString(2001, u'x'));
+    QCOMPARE(Nota.txtDatiStaCli.Testo.size(), 2000);
+    CambiaParteStampata(Nota, ParteNota::Oggetto, QString(5000, u'x'));
+    QCOMPARE(Nota.txtDatiStaOgg.Testo.size(), 4000);
+    CambiaDatiPar(Nota, DatoNumFatt, QString(256, u'1'));
+    QCOMPARE(Nota.DatiPar(DatoNumFatt).size(), 255);
+    CambiaDatiPar(Nota, DatoTestoSuperiore, QString(65536, u'x'));
+    QCOMPARE(Nota.DatiPar(DatoTestoSuperiore).size(), 65535);
+}
+
+void TestDatiStampa::tornanoAllaPrimaScheda_data()
+{
+    QTest::addColumn<int>("Quale");
+    QTest::addColumn<bool>("Legata");
+    QTest::addColumn<bool>("Torna");
+    const auto Riga = [](const char* Nome, ParteNota Quale, bool Legata, bool Torna) {
+        QTest::newRow(Nome) << int(Quale) << Legata << Torna;
+    };
+    Riga("cliente libero", ParteNota::Cliente, false, true);
+    Riga("cliente dell'archivio", ParteNota::Cliente, true, false);
+    Riga("controparte libera", ParteNota::Controparte, false, true);
+    Riga("controparte dell'archivio", ParteNota::Controparte, true, false);
+    Riga("oggetto, sempre", ParteNota::Oggetto, true, true);
+}
+
+void TestDatiStampa::tornanoAllaPrimaScheda()
+{
+    QFETCH(int, Quale);
+    QFETCH(bool, Legata);
+    QFETCH(bool, Torna);
+    const auto Parte = ParteNota(Quale);
+    Parcella Nota;
+    Nota.IDCli = Nota.IDCon = Legata ? 3 : 0;
+    CambiaParte(Nota, Parte, u"prima"_s);
+    QCOMPARE(ParteStampata(Nota, Parte).Testo, u"prima"_s);
+    CambiaParteStampata(Nota, Parte, u"dopo"_s);
+    QCOMPARE(ParteScritta(Nota, Parte).Testo, u"prima"_s);
+    LasciaParteStampata(Nota, Parte);
+    QCOMPARE(ParteScritta(Nota, Parte).Testo, Torna ? u"dopo"_s : u"prima"_s);
+    QCOMPARE(ParteStampata(Nota, Parte).Testo, u"dopo"_s);
+}
+
+void TestDatiStampa::ilBloccoScrittoResta_data()
+{
+    QTest::addColumn<QList<int>>("Clic");
+    QTest::addColumn<int>("Contraente");
+    QTest::addColumn<bool>("Resta");
+    QTest::newRow("lo stesso documento") << QList{0} << 0 << true;
+    QTest::newRow("la stessa forma") << QList{1, 3} << 0 << true;
+    QTest::newRow("per un documento senza cliente") << QList{7, 2} << 0 << true;
+    QTest::newRow("un'altra forma") << QList{4} << 0 << false;
+    QTest::newRow("un'altra forma, e ritorno") << QList{5, 0} << 0 << false;
+    QTest::newRow("una società in testa si scrive uguale") << QList{0} << 1 << true;
+    QTest::newRow("una società nel contratto") << QList{5} << 1 << false;
+}
+
+void TestDatiStampa::ilBloccoScrittoResta()
+{
+    QFETCH(QList<int>, Clic);
+    QFETCH(int, Contraente);
+    QFETCH(bool, Resta);
+    const Studio Ufficio;
+    Parcella Nota = ConBlocco(StampaPrenotula, u"scritto a mano"_s);
+    Nota.IDCli = Ufficio.AggiungiCliente(u"Verdi Anna"_s);
+    CambiaContrTipo(Nota, Contraente);
+    for (const int Tipo : Clic)
+        ScegliDocumento(Nota, Tipo);
+    QCOMPARE(Nota.txtDatiStaCli.Testo == u"scritto a mano", Resta);
+}
+
+void TestDatiStampa::ilBloccoCedeAlCliente()
+{
+    const Studio Ufficio;
+    Parcella Nota = ConBlocco(StampaPrenotula, u"scritto a mano"_s);
+    CambiaParte(Nota, ParteNota::Cliente, u"Neri Ugo"_s);
+    QCOMPARE(Nota.txtDatiStaCli.Testo, u"Neri Ugo"_s);
+    Nota.IDCli = 0;
+    ScegliDocumento(Nota, StampaPrenotula);
+    QCOMPARE(Nota.txtDatiStaCli.Testo, u"Neri Ugo"_s);
+}
+
+void TestDatiStampa::ilBloccoNonCedeAllOggetto()
+{
+    const Studio Ufficio;
+    Parcella Nota = ConBlocco(StampaPrenotula, u"scritto a mano"_s);
+    CambiaParte(Nota, ParteNota::Oggetto, u"Sfratto"_s);
+    CambiaParte(Nota, ParteNota::Controparte, u"Bianchi Srl"_s);
+    ScegliDocumento(Nota, StampaPreventivo);
+    QCOMPARE(Nota.txtDatiStaCli.Testo, u"scritto a mano"_s);
+}
+
+void TestDatiStampa::bloccoDiUnClienteLegato()
+{
+    const Studio Ufficio;
+    Parcella Nota = NotaCivile();
+    Nota.IDCli = Ufficio.AggiungiCliente(u"Verdi Anna"_s);
+    Nota.txtCliente.Testo = u"Verdi Anna"_s;
+    ScegliDocumento(Nota, StampaNotaGiudiziale);
+    QCOMPARE(Nota.txtDatiStaCli.Testo, u"Verdi Anna"_s);
+}
+
+void TestDatiStampa::clienteLegatoSparito()
+{
+    const Studio Ufficio;
+    Registratore Voce;
+    Parcella Nota = NotaCivile();
+    CambiaParte(Nota, ParteNota::Cliente, u"Verdi Anna"_s);
+    Nota.IDCli = 9999;
+    Voce.Attendi(u"Cliente non trovato!"_s, vbOK, u"Errore:"_s);
+    ScegliDocumento(Nota, StampaPrenotula);
+    QCOMPARE(Nota.txtDatiStaCli.Testo, u"Verdi Anna"_s);
+}
+
+void TestDatiStampa::bloccoAllApertura()
+{
+    const Studio Ufficio;
+    Parcella Nota = NotaPiena();
+    Nota.IDCli = Ufficio.AggiungiCliente(u"Verdi Anna"_s);
+    const Database Archivio = OpenDatabase(sessione::ArchivioCliCon);
+    Archivio.Execute(u"UPDATE clienti SET Indirizzo='Via Larga 3' WHERE ID=?"_s, {Nota.IDCli});
+    const Parcella Letta = Riletta(Ufficio, Nota);
+    QCOMPARE(Letta.cmbTipoStampa, int(StampaFatturaAnalitica));
+    QVERIFY2(Letta.txtDatiStaCli.Testo.contains(u"Via Larga 3"_s), qPrintable(Letta.txtDatiStaCli.Testo));
+    QVERIFY(!Letta.Modificata);
+}
+
+void TestDatiStampa::ibanSenzaIban()
+{
+    const Studio Ufficio;
+    Registratore Voce;
+    Parcella Nota;
+    Voce.Attendi(u"Per esporre l'IBAN occorre prima inserirlo nel quadro Dati Studio del menu Impostazioni"_s,
+                 vbOK, u"Messaggio:"_s);
+    CambiaIban(Nota, true);
+    QVERIFY(!Nota.chkIBAN.Attiva);
+    QVERIFY(!Nota.Modificata);
+}
+
+void TestDatiStampa::ibanConIban()
+{
+    const Studio Ufficio;
+    sessione::Iban = u"IT60X0542811101000000123456"_s;
+    const Registratore Voce;
+    Parcella Nota;
+    CambiaIban(Nota, true);
+    QVERIFY(Nota.chkIBAN.Attiva && Nota.Modificata);
+    sessione::Iban.clear();
+    CambiaIban(Nota, false);
+    QVERIFY(!Nota.chkIBAN.Attiva);
+}
+
+void TestDatiStampa::ogniDatoSegnaLaNota()
+{
+    const Studio Ufficio;
+    const QList<std::function<void(Parcella&)>> Modifiche{
+        [](Parcella& Nota) { CambiaDatiPar(Nota, DatoNumero, u"1"_s); },
+        [](Parcella& Nota) { CambiaParteStampata(Nota, ParteNota::Oggetto, u"x"_s); },
+        [](Parcella& Nota) { CambiaContrTipo(Nota, 1); },
+        [](Parcella& Nota) { CambiaRappresentante(Nota, &Rappresentante::Nome, u"x"_s); },
+        [](Parcella& Nota) { CambiaIvaDifferita(Nota, true); },
+        [](Parcella& Nota) { CambiaFatturaAcconto(Nota, true); },
+    };
+    for (const auto& Modifica : Modifiche) {
+        Parcella Nota = NotaCivile();
+        SetModificata(Nota, false);
+        const Parcella Prima = Nota;
+        Modifica(Nota);
+        QVERIFY(Nota.Modificata);
+        QVERIFY(!(Nota == Prima));
+    }
+}
+
+void TestDatiStampa::ilDocumentoNonSegnaLaNota()
+{
+    const Studio Ufficio;
+    Parcella Nota = NotaCivile();
+    SetModificata(Nota, false);
+    for (int Tipo = StampaPrenotula; Tipo <= StampaSoloContabile; ++Tipo)
+        ScegliDocumento(Nota, Tipo);
+    QVERIFY2(!Nota.Modificata, "guardare un documento non cambia la nota");
+}
+
+#include "TestDatiStampa.moc"
