@@ -1,0 +1,189 @@
+#include "calculators/modulocalcolo.h"
+
+#include "core/modErrori.h"
+#include "platform/aspetto.h"
+#include "platform/campo.h"
+#include "platform/collega.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QDialog>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QStringList>
+#include <QToolButton>
+#include <QToolTip>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int AccessoNegato = 75;
+
+bool EInvio(const QEvent* Evento)
+{
+    if (Evento->type() != QEvent::KeyPress)
+        return false;
+    const auto* Tasto = static_cast<const QKeyEvent*>(Evento);
+    return Tasto->key() == Qt::Key_Return || Tasto->key() == Qt::Key_Enter;
+}
+
+/// Remembers the place of a window when it goes from the screen.
+class GuardaPosto : public QObject
+{
+public:
+    explicit GuardaPosto(QDialog* Modulo) : QObject(Modulo) { Modulo->installEventFilter(this); }
+
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
+    {
+        if (Evento->type() == QEvent::Hide && !Evento->spontaneous()) {
+            // A place that cannot be kept is nothing to be told: the user wanted to close.
+            const auto* Modulo = static_cast<const QWidget*>(Oggetto);
+            Protetta([Modulo] { aspetto::RicordaPosto(Modulo, Modulo->objectName()); }, AccessoNegato);
+        }
+        return false;
+    }
+};
+
+/// Enter presses a tool button as it does any other; left to the dialog it would press the default one.
+class InvioPreme : public QObject
+{
+public:
+    explicit InvioPreme(QToolButton* Pulsante) : QObject(Pulsante) { Pulsante->installEventFilter(this); }
+
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
+    {
+        if (!EInvio(Evento))
+            return false;
+        static_cast<QToolButton*>(Oggetto)->click();
+        return true;
+    }
+};
+
+class Catena : public QObject
+{
+public:
+    Catena(const QList<QWidget*>& Tutti, std::function<void()> Fine)
+        : QObject(Tutti.first()->window()), Campi(Tutti), Calcola(std::move(Fine))
+    {
+        for (QWidget* Campo : Campi)
+            Campo->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
+    {
+        if (!EInvio(Evento))
+            return false;
+        if (QWidget* Campo = Prossimo(static_cast<QWidget*>(Oggetto)))
+            Campo->setFocus(Qt::TabFocusReason);
+        else
+            Calcola();
+        return true;
+    }
+
+private:
+    static bool Sosta(const QWidget* Campo)
+    {
+        const auto* Opzione = qobject_cast<const QRadioButton*>(Campo);
+        return Campo->isEnabled() && Campo->isVisible() && (!Opzione || Opzione->isChecked());
+    }
+
+    /// The field that follows, null behind the last one.
+    [[nodiscard]] QWidget* Prossimo(QWidget* Da) const
+    {
+        for (qsizetype i = Campi.indexOf(Da) + 1; i < Campi.size(); ++i)
+            if (Sosta(Campi[i]))
+                return Campi[i];
+        return nullptr;
+    }
+
+    QList<QWidget*> Campi;
+    std::function<void()> Calcola;
+};
+
+/// True when the user has selected text in a widget.
+bool HaSelezione(const QObject* Oggetto)
+{
+    if (const auto* Riga = qobject_cast<const QLineEdit*>(Oggetto))
+        return Riga->hasSelectedText();
+    const auto* Etichetta = qobject_cast<const QLabel*>(Oggetto);
+    return Etichetta && Etichetta->hasSelectedText();
+}
+
+/// Keeps a text widget from claiming Ctrl+C for a selection that it does not have.
+class CediCopia : public QObject
+{
+public:
+    explicit CediCopia(QWidget* Testo) : QObject(Testo) { Testo->installEventFilter(this); }
+
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
+    {
+        return Evento->type() == QEvent::ShortcutOverride &&
+               static_cast<QKeyEvent*>(Evento)->matches(QKeySequence::Copy) && !HaSelezione(Oggetto);
+    }
+};
+
+}  // namespace
+
+void PreparaModulo(QDialog* Modulo, const QString& NomeIcona)
+{
+    Modulo->setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                           Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint);
+    Modulo->setAttribute(Qt::WA_DeleteOnClose);
+    Modulo->setWindowIcon(aspetto::Icona(NomeIcona));
+    aspetto::AssegnaMnemonici(Modulo);
+    aspetto::AssegnaNomiAccessibili(Modulo);
+    for (QToolButton* Pulsante : Modulo->findChildren<QToolButton*>())
+        new InvioPreme(Pulsante);
+    new GuardaPosto(Modulo);
+}
+
+bool MostraModulo(QDialog* Modulo)
+{
+    const bool Nuovo = !Modulo->isVisible();
+    if (Nuovo) {
+        Modulo->adjustSize();
+        aspetto::RimettiAlPosto(Modulo, Modulo->objectName());
+    }
+    Modulo->show();
+    Modulo->raise();
+    Modulo->activateWindow();
+    return Nuovo;
+}
+
+void CatenaInvio(const QList<QWidget*>& Campi, const std::function<void()>& Calcola)
+{
+    new Catena(Campi, Calcola);
+}
+
+void CopiaRisultato(QDialog* Modulo, QAbstractButton* Pulsante, const std::function<QString()>& Testo)
+{
+    const auto Copia = [Pulsante, Testo] {
+        const QString Pulito = Testo();
+        if (Pulito.isEmpty())
+            return;
+        QApplication::clipboard()->setText(Pulito);
+        QToolTip::showText(Pulsante->mapToGlobal(Pulsante->rect().bottomLeft()), u"Copiato"_s, Pulsante);
+    };
+    Collega(Pulsante, &QAbstractButton::clicked, Modulo, Copia);
+
+    auto* Azione = new QAction(Modulo);
+    Azione->setShortcut(QKeySequence::Copy);
+    Modulo->addAction(Azione);
+    Collega(Azione, &QAction::triggered, Modulo, Copia);
+    for (QWidget* Uno : Modulo->findChildren<QWidget*>())
+        if (qobject_cast<QLineEdit*>(Uno) || qobject_cast<QLabel*>(Uno))
+            new CediCopia(Uno);
+}
+
+QString TestoPulito(const QString& Didascalia)
+{
+    QStringList Righe;
+    for (const QString& Riga : Didascalia.split(u'\n'))
+        if (const QString Pulita = Riga.simplified(); !Pulita.isEmpty())
+            Righe << Pulita;
+    return Righe.join(u'\n');
+}

@@ -1,0 +1,31 @@
+// What the windows of the calculators share: Enter, the clipboard, their place on the screen.
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include <functional>
+
+class QAbstractButton;
+class QDialog;
+class QWidget;
+
+/// Makes a dialog the window of a calculator: a place of its own in the task bar, picture, mnemonics,
+/// accessible names, Enter on every button. It goes when it is closed, as nothing of a calculation survives its
+/// window; its place, kept under its objectName, stays. Call it behind setupUi.
+void PreparaModulo(QDialog* Modulo, const QString& NomeIcona);
+
+/// Shows the window where it was last time, or brings it to the front.
+/// @return true when it was not on screen
+bool MostraModulo(QDialog* Modulo);
+
+/// Enter in one of the fields goes on to the next that is enabled and on view, and calculates from the last
+/// one; it never presses the default button. Of several options only the selected one is stopped at.
+void CatenaInvio(const QList<QWidget*>& Campi, const std::function<void()>& Calcola);
+
+/// A click on the button, and Ctrl+C where nothing is selected by hand, put the text into the clipboard. An
+/// empty text copies nothing.
+void CopiaRisultato(QDialog* Modulo, QAbstractButton* Pulsante, const std::function<QString()>& Testo);
+
+/// A caption of a result as one pastes it into a letter: no runs of blanks, no blank lines, "\n" between lines.
+[[nodiscard]] QString TestoPulito(const QString& Didascalia);
