@@ -65,7 +65,7 @@ double Applica(const Aliquota& Tassa, double Base)
 SommeAcconti CalcolaAcconti(const Parcella& Nota, int Tipo)
 {
     SommeAcconti Risultato;
-    if (Tipo == StampaNotaGiudiziale)
+    if (Tipo == StampaNotaGiudiziale || (Tipo == StampaFatturaSintetica && !Nota.chkAcconti.Attiva))
         return Risultato;
     Accumula(Risultato, Nota.xAcconti);
     if (Nota.Multipla())

@@ -40,8 +40,9 @@ struct SommeAcconti
 
     friend bool operator==(const SommeAcconti&, const SommeAcconti&) = default;
 };
-/// Payments of the note, and of the associated one while there is one; lire converted one by one. All 0
-/// for the court costs note, which knows no payments.
+/// Payments of the note, and of the associated one while there is one; lire converted one by one. They count
+/// whether or not the document lists them. All 0 for the court costs note, which knows no payments, and for
+/// a short invoice that does not list them: its total is the sum of its rows.
 [[nodiscard]] SommeAcconti CalcolaAcconti(const Parcella& Nota, int Tipo);
 
 /// A percentage that may apply: switch on (and enabled, where the switch can be disabled) and box above 0.

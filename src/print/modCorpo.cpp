@@ -367,6 +367,19 @@ void StampaCorpo(Superficie& vp, StatoStampa& Stato, const Parcella& Nota, int T
         StampaAcconti(vp, Nota, Stato.Acconti);
 }
 
+void VoceIntestazione(Superficie& vp, const QString& Decide, const QString& Testo)
+{
+    if (Decide.isEmpty())
+        return;
+    RigaVuota(vp);
+    vp.Text(Testo);
+}
+
+QString RigaValore(const Parcella& Nota)
+{
+    return Nota.CodCateg == Penale || Nota.Multipla() ? QString() : u"Valore: "_s + TestoValore(Nota);
+}
+
 void StampaIban(Superficie& vp, const Parcella& Nota)
 {
     if (!Nota.chkIBAN.Attiva)

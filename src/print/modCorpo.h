@@ -71,6 +71,12 @@ void StampaSpese(Superficie& vp, const Parcella& Nota, const TabellaRighe& Righe
 /// both, in euro, where the document shows them. Leaves the payments' totals in the state.
 void StampaCorpo(Superficie& vp, StatoStampa& Stato, const Parcella& Nota, int Tipo);
 
+/// A blank line and the text; nothing where the text that decides is empty.
+void VoceIntestazione(Superficie& vp, const QString& Decide, const QString& Testo);
+/// "Valore: " and the value of the case; empty for a penal matter, and with an associated note, where each
+/// section title shows its own.
+[[nodiscard]] QString RigaValore(const Parcella& Nota);
+
 /// The bank details, while their switch is on: two blank lines and the sentence.
 void StampaIban(Superficie& vp, const Parcella& Nota);
 /// A blank line and, where the session has a signature, the signature to the right.

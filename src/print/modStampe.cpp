@@ -4,7 +4,11 @@
 #include "platform/errore.h"
 #include "platform/percorsi.h"
 #include "platform/profilo.h"
+#include "print/modContratto.h"
 #include "print/modCorpo.h"
+#include "print/modFatture.h"
+#include "print/modNotaSpese.h"
+#include "print/modPreventivo.h"
 #include "print/modRiepilogo.h"
 
 using namespace Qt::StringLiterals;
@@ -38,15 +42,6 @@ void PreparaPagina(Superficie& vp, int Tipo)
     vp.TextAlign(Allineamento::Sinistra);
 }
 
-/// A blank line and label with text; nothing without a text that decides.
-void VoceIntestazione(Superficie& vp, const QString& Decide, const QString& Testo)
-{
-    if (Decide.isEmpty())
-        return;
-    RigaVuota(vp);
-    vp.Text(Testo);
-}
-
 /// The row of number and date, of which either may be missing.
 void TitoloPrenotula(Superficie& vp, const Parcella& Nota)
 {
@@ -66,11 +61,8 @@ void ComponiPrenotula(Superficie& vp, StatoStampa& Stato, const Parcella& Nota, 
     TitoloPrenotula(vp, Nota);
     VoceIntestazione(vp, Nota.txtControp.Testo, u"Controparte: "_s + Nota.txtDatiStaControp.Testo);
     VoceIntestazione(vp, Nota.txtDatiStaOgg.Testo, u"Oggetto: "_s + Nota.txtDatiStaOgg.Testo);
-    // With an associated note each section title shows its own value.
-    if (Nota.CodCateg != Penale && !Nota.Multipla()) {
-        RigaVuota(vp);
-        vp.Text(u"Valore: "_s + TestoValore(Nota));
-    }
+    const QString Valore = RigaValore(Nota);
+    VoceIntestazione(vp, Valore, Valore);
     RigaVuota(vp, 2);
     StampaCorpo(vp, Stato, Nota, Tipo);
     RigaVuota(vp);
@@ -96,13 +88,29 @@ void ComponiSoloContabile(Superficie& vp, StatoStampa& Stato, const Parcella& No
     RigaVuota(vp);
 }
 
-/// @return false for a type that has no composition here
+/// @return false for a number that is no document
 bool Componi(Superficie& vp, const Parcella& Nota, int Tipo)
 {
     StatoStampa Stato;
     switch (Tipo) {
     case StampaPrenotula:
         ComponiPrenotula(vp, Stato, Nota, Tipo);
+        return true;
+    case StampaPreventivo:
+        ComponiPreventivo(vp, Stato, Nota);
+        return true;
+    case StampaFatturaSintetica:
+    case StampaFatturaAnalitica:
+        ComponiFattura(vp, Stato, Nota, Tipo);
+        return true;
+    case StampaNotaGiudiziale:
+        ComponiNotaSpese(vp, Stato, Nota);
+        return true;
+    case StampaContratto:
+        ComponiContratto(vp, Stato, Nota);
+        return true;
+    case StampaInformativa:
+        ComponiInformativa(vp, Nota);
         return true;
     case StampaSoloContabile:
         ComponiSoloContabile(vp, Stato, Nota, Tipo);

@@ -22,7 +22,7 @@ void MemorizzaUltimaStampa(const UltimaStampa& Dati);
 void MemorizzaUltimaStampa(const Parcella& Nota, double Onorari);
 
 /// Composes the whole document on the surface; what stood there is discarded. A note that is not Pronta
-/// composes nothing. Types without a composition here leave an empty document.
+/// composes nothing. A number that is no document leaves an empty one.
 ///
 /// @param Tipo a TipoStampa
 /// @return false when nothing was composed

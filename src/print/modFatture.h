@@ -1,0 +1,13 @@
+// The two invoices: the short one, a page of totals on paper with a printed letterhead, and the detailed one.
+#pragma once
+
+#include "print/modCorpo.h"
+
+/// The whole document, on an open one.
+/// @param Tipo StampaFatturaSintetica or StampaFatturaAnalitica
+void ComponiFattura(Superficie& vp, StatoStampa& Stato, const Parcella& Nota, int Tipo);
+
+/// The two tables of the short invoice and, where it is due, the sentence of the subsidised regime. The
+/// payments that it lists are those that it takes away. While a request of the companion application runs,
+/// what it takes of the document is memorised.
+void StampaSintetica(Superficie& vp, const Parcella& Nota);
