@@ -31,9 +31,14 @@ QVariant& TabellaRighe::operator()(int NumRiga, int Colonna)
 
 void TabellaRighe::InserisciRiga(int NumRiga)
 {
-    if (NumRiga < 0 || NumRiga > Righe())
+    InserisciRighe(NumRiga, 1);
+}
+
+void TabellaRighe::InserisciRighe(int NumRiga, int Quante)
+{
+    if (NumRiga < 0 || NumRiga > Righe() || Quante < 0)
         throw Errore(9);
-    Dati.insert(NumRiga, Riga(NumColonne));
+    Dati.insert(NumRiga, Quante, Riga(NumColonne));
 }
 
 int TabellaRighe::AggiungiRiga()

@@ -30,6 +30,8 @@ public:
 
     /// Inserts an empty row before `Riga`; UpperBound(1) + 1 appends. @throws Errore 9
     void InserisciRiga(int Riga);
+    /// The same for several rows. @throws Errore 9
+    void InserisciRighe(int Riga, int Quante);
     /// Appends an empty row and returns its index.
     int AggiungiRiga();
     /// @throws Errore 9

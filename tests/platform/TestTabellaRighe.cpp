@@ -15,6 +15,7 @@ private Q_SLOTS:
     void aggiungeERendeLIndice();
     void cellaMaiScrittaENull();
     void inserisceInOgniPunto();
+    void inserisceInsieme();
     void elimina();
     void fuoriDallaTabella_data();
     void fuoriDallaTabella();
@@ -97,6 +98,18 @@ void TestTabellaRighe::inserisceInOgniPunto()
     QCOMPARE(Prime(T), QStringList({u""_s, u"a"_s, u""_s, u"b"_s, u""_s}));
     T(4, 1) = 1;  // the new row has every column
     QCOMPARE(T(4, 1), QVariant(1));
+}
+
+void TestTabellaRighe::inserisceInsieme()
+{
+    TabellaRighe T = Tabella({u"a"_s, u"b"_s});
+    T.InserisciRighe(1, 3);
+    QCOMPARE(Prime(T), QStringList({u"a"_s, u""_s, u""_s, u""_s, u"b"_s}));
+    T(1, 0) = u"x"_s;  // no row shares its cells with another
+    T.InserisciRighe(0, 0);
+    QCOMPARE(Prime(T), QStringList({u"a"_s, u"x"_s, u""_s, u""_s, u"b"_s}));
+    QCOMPARE(NumeroErrore([&] { T.InserisciRighe(6, 1); return 0; }), 9);
+    QCOMPARE(NumeroErrore([&] { T.InserisciRighe(0, -1); return 0; }), 9);
 }
 
 void TestTabellaRighe::elimina()
