@@ -1,0 +1,237 @@
+#include "feenote/modGraduazione.h"
+
+#include "core/modErrori.h"
+#include "platform/messaggi.h"
+#include "platform/regionale.h"
+#include "tariffs/modTariffe.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Columns of the lines in the order of the panel's rows.
+constexpr std::array ColonneFasce{OnoMin, OnoMedio, OnoMax};
+
+/// Items from this number up stand outside the tariff.
+constexpr int PrimaVoceFuoriTariffa = 900;
+
+/// Captions of the rows, for one line and for all of them; the blanks bring the brackets under one another.
+struct Didascalie
+{
+    QStringView Una;
+    QStringView Tutte;
+};
+constexpr std::array<Didascalie, NumFasce> NomiFasce{{
+    {u"MINIMO      (", u"MINIMI      (Tot.: "},
+    {u"MEDIO       (", u"MEDI        (Tot.: "},
+    {u"MASSIMO  (", u"MASSIMI  (Tot.: "},
+}};
+
+QString TestoImporto(double Valore)
+{
+    return Format(Valore, u"#,##0.00;-#,##0.00;0");
+}
+
+QString TestoGraduato(const PannelloModOno& Pannello, int Posizione)
+{
+    const double Min = Pannello.Fasce[FasciaMin];
+    const double Max = Pannello.Fasce[FasciaMax];
+    return TestoImporto(Round(Min + (Max - Min) / GraduaMax * Posizione));
+}
+
+/// The first of the three amounts that shows as this text.
+int FasciaDi(const PannelloModOno& Pannello, const QString& Importo)
+{
+    for (int Fascia = 0; Fascia < NumFasce; ++Fascia)
+        if (TestoImporto(NumeroDi(Importo)) == TestoImporto(Pannello.Fasce[size_t(Fascia)]))
+            return Fascia;
+    return NessunaFascia;
+}
+
+/// Where CheckFascia leaves the slider.
+int GraduaDopo(const PannelloModOno& Pannello, const QString& Importo, int Posizione)
+{
+    constexpr std::array Posti{GraduaMin, GraduaMeta, GraduaMax};
+    const int Fascia = FasciaDi(Pannello, Importo);
+    return Fascia == NessunaFascia ? Posizione : Posti[size_t(Fascia)];
+}
+
+bool InTariffa(const TabellaRighe& Righe, int Riga)
+{
+    const double NVoce = NumeroDi(Righe(Riga, OnoNVoce));
+    return NVoce != 0 && NVoce < PrimaVoceFuoriTariffa;
+}
+
+void ScriviRigheFasce(PannelloModOno& Pannello)
+{
+    Pannello.RigheFasce.clear();
+    for (size_t Fascia = 0; Fascia < NumFasce; ++Fascia) {
+        const QStringView Nome = Pannello.Tutti ? NomiFasce[Fascia].Tutte : NomiFasce[Fascia].Una;
+        Pannello.RigheFasce += Nome.toString() + TestoImporto(Pannello.Fasce[Fascia]) + u')';
+    }
+}
+
+void CaricaTutte(PannelloModOno& Pannello, const TabellaRighe& Righe)
+{
+    for (size_t Fascia = 0; Fascia < NumFasce; ++Fascia)
+        Pannello.Fasce[Fascia] = SommaColonna(Righe, ColonneFasce[Fascia]);
+    Pannello.OnoDesc = u"Tutti gli onorari"_s;
+    Pannello.Imp = u"Importo totale:"_s;
+    Pannello.Evidenziata = FasciaMin;
+    Pannello.Gradua = GraduaMin;
+    Pannello.ImpOno = TestoImporto(Pannello.Fasce[FasciaMin]);
+}
+
+void CaricaUna(PannelloModOno& Pannello, const TabellaRighe& Righe, int Riga)
+{
+    for (size_t Fascia = 0; Fascia < NumFasce; ++Fascia)
+        Pannello.Fasce[Fascia] = NumeroDi(Righe(Riga, ColonneFasce[Fascia]));
+    Pannello.Riga = Riga;
+    Pannello.OnoDesc = u"Onorari inseriti: "_s + CStr(Righe(Riga, OnoDescr));
+    Pannello.Imp = u"Importo onorario:"_s;
+    const QVariant& Importo = Righe(Riga, OnoImporto);
+    Pannello.ImpOno = Importo.isValid() ? TestoImporto(NumeroDi(Importo)) : QString();
+    CheckFascia(Pannello, Pannello.ImpOno);
+}
+
+/// What a line comes to at the slider's position.
+double ImportoDi(const TabellaRighe& Righe, int Riga, int Posizione)
+{
+    const double Min = NumeroDi(Righe(Riga, OnoMin));
+    const double Max = NumeroDi(Righe(Riga, OnoMax));
+    return Round(Min + (Max - Min) * Round(double(Posizione) / GraduaMax, 2));
+}
+
+void ScriviTutte(const PannelloModOno& Pannello, TabellaRighe& Righe)
+{
+    for (int Riga = 0; Riga < Righe.Righe(); ++Riga) {
+        if (NumeroDi(Righe(Riga, OnoCodVoce)) <= 0)
+            continue;
+        if (Pannello.Evidenziata == NessunaFascia)
+            Righe(Riga, OnoImporto) = ImportoDi(Righe, Riga, Pannello.Gradua);
+        else
+            Righe(Riga, OnoImporto) = Righe(Riga, ColonneFasce[size_t(Pannello.Evidenziata)]);
+    }
+}
+
+}  // namespace
+
+void ApriModOno(PannelloModOno& Pannello, const TabellaRighe& Righe, std::optional<int> Corrente)
+{
+    if (!Corrente || *Corrente > Righe.UpperBound(1))
+        return;
+    if (NumeroDi(Righe(*Corrente, OnoNVoce)) == VoceLibera) {
+        MsgBox(u"L'onorario 'Voce non prevista' non è variabile percentualmente!"_s, vbInformation,
+               TitoloMessaggio.toString());
+        return;
+    }
+    if (!CStr(Righe(*Corrente, OnoMedio)).isEmpty())
+        CaricaModOno(Pannello, Righe, *Corrente);
+}
+
+void ChiudiModOno(PannelloModOno& Pannello)
+{
+    Pannello.Aperto = false;
+    Pannello.Tutti = false;
+    Pannello.Confermabile = false;
+}
+
+void CaricaModOno(PannelloModOno& Pannello, const TabellaRighe& Righe, int Riga)
+{
+    Pannello.Tutti = Riga == TutteLeRighe;
+    if (Pannello.Tutti)
+        CaricaTutte(Pannello, Righe);
+    else
+        CaricaUna(Pannello, Righe, Riga);
+    ScriviRigheFasce(Pannello);
+    Pannello.Confermabile = false;
+    Pannello.Aperto = true;
+}
+
+void ScegliModAll(PannelloModOno& Pannello, const TabellaRighe& Righe, bool Tutti)
+{
+    CaricaModOno(Pannello, Righe, Tutti ? TutteLeRighe : Pannello.Riga);
+}
+
+void SeguiRigaModOno(PannelloModOno& Pannello, const TabellaRighe& Righe, std::optional<int> Corrente)
+{
+    if (!Pannello.Aperto || !Corrente || *Corrente > Righe.UpperBound(1) || !InTariffa(Righe, *Corrente))
+        return;
+    if (Pannello.Tutti)
+        Pannello.Riga = *Corrente;  // for the return to one line
+    else if (*Corrente != Pannello.Riga)
+        CaricaModOno(Pannello, Righe, *Corrente);
+}
+
+void RicaricaModOno(PannelloModOno& Pannello, const TabellaRighe& Righe)
+{
+    if (Pannello.Aperto)
+        CaricaModOno(Pannello, Righe, Pannello.Tutti ? TutteLeRighe : Pannello.Riga);
+}
+
+void RinfrescaModOno(PannelloModOno& Pannello, const TabellaRighe& Righe, std::optional<int> Corrente)
+{
+    if (!Pannello.Aperto)
+        return;
+    // The line shown may stand elsewhere now: the current one is what the user sees marked.
+    if (!Corrente || *Corrente > Righe.UpperBound(1) || !InTariffa(Righe, *Corrente)) {
+        ChiudiModOno(Pannello);
+        return;
+    }
+    Pannello.Riga = *Corrente;
+    CaricaModOno(Pannello, Righe, Pannello.Tutti ? TutteLeRighe : *Corrente);
+}
+
+void CheckFascia(PannelloModOno& Pannello, const QString& Importo)
+{
+    Pannello.Evidenziata = FasciaDi(Pannello, Importo);
+    Pannello.Gradua = GraduaDopo(Pannello, Importo, Pannello.Gradua);
+}
+
+void ScegliFascia(PannelloModOno& Pannello, int Riga)
+{
+    if (Riga < 0 || Riga >= NumFasce)
+        return;
+    Pannello.Evidenziata = Riga;
+    Pannello.Confermabile = true;
+    Pannello.ImpOno = TestoImporto(Pannello.Fasce[size_t(Riga)]);
+    const double Min = Pannello.Fasce[FasciaMin];
+    const double Ampiezza = Pannello.Fasce[FasciaMax] - Min;
+    // An item without a range has no proportion.
+    const double Parte = Ampiezza == 0 ? 0 : (NumeroDi(Pannello.ImpOno) - Min) / Ampiezza;
+    Pannello.Gradua = int(Round(std::clamp(Parte, 0.0, 1.0) * GraduaMax));
+    CheckFascia(Pannello, Pannello.ImpOno);
+}
+
+void SpostaGradua(PannelloModOno& Pannello, int Posizione)
+{
+    Pannello.Gradua = std::clamp(Posizione, GraduaMin, GraduaMax);
+    Pannello.Confermabile = true;
+    Pannello.ImpOno = TestoGraduato(Pannello, Pannello.Gradua);
+    CheckFascia(Pannello, Pannello.ImpOno);
+}
+
+int PassoGradua(const PannelloModOno& Pannello, int Da, int A)
+{
+    const int Verso = A > Da ? 1 : -1;
+    for (int Posizione = A; Posizione > GraduaMin && Posizione < GraduaMax; Posizione += Verso) {
+        const int Arrivo = GraduaDopo(Pannello, TestoGraduato(Pannello, Posizione), Posizione);
+        if ((Arrivo - Da) * Verso > 0)
+            return Posizione;
+    }
+    return Verso > 0 ? GraduaMax : GraduaMin;
+}
+
+bool ConfermaModOno(PannelloModOno& Pannello, TabellaRighe& Righe)
+{
+    if (Pannello.ImpOno.isEmpty()) {
+        MsgErrore(u"Specificare l'importo!"_s);
+        return false;
+    }
+    if (Pannello.Tutti)
+        ScriviTutte(Pannello, Righe);
+    else
+        Righe(Pannello.Riga, OnoImporto) = ImportoDi(Righe, Pannello.Riga, Pannello.Gradua);
+    ChiudiModOno(Pannello);
+    return true;
+}
