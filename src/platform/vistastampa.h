@@ -1,0 +1,101 @@
+// The preview: a print surface that shows its document as pages.
+#pragma once
+
+#include "platform/impaginazione.h"
+#include "platform/superficie.h"
+
+#include <QWidget>
+
+#include <memory>
+
+class BarraRicerca;
+class FogliStampa;
+
+/// A print surface and the pages of its document, white sheets one below the other on the surface's
+/// BackColor. Compose on Foglio(), then call Aggiorna().
+///
+/// Mouse: the wheel scrolls, with Ctrl it zooms around the pointer; dragging selects text and scrolls at the
+/// edges, a double click takes the word, a third one the cell or paragraph, Shift+click extends.
+///
+/// Keys: arrows, PgUp, PgDn, Home and End scroll, with Shift the arrows, Home and End extend the selection;
+/// Ctrl with plus, minus and 0 zooms. Ctrl+C copies, Ctrl+A selects all. Ctrl+F, F3 and Shift+F3 search; Esc
+/// closes the search. PaginaInVista is the page of which most is on view, or the one last asked for until
+/// the reader scrolls.
+class VistaStampa : public QWidget
+{
+    Q_OBJECT
+
+public:
+    static constexpr int ZoomMinimo = 25;
+    static constexpr int ZoomMassimo = 400;
+    static constexpr int ZoomIniziale = 80;
+    static constexpr int ZoomAdatta = 5;  ///< the mode that fits the page to the window
+
+    explicit VistaStampa(QWidget* Padre = nullptr);
+    ~VistaStampa() override;
+
+    /// The surface to compose on. Its Zoom and PreviewPage are the composition's; the preview shows what
+    /// ImpostaZoom and ImpostaPreviewPage ask for.
+    [[nodiscard]] Superficie& Foglio() { return Surface; }
+    /// Lays the surface's document out anew and shows it where the reader was: page, place on it and zoom
+    /// stay, as far as there are pages; the selection is dropped, an open search looks again.
+    void Aggiorna();
+    /// The pages on view, for printing and exporting.
+    [[nodiscard]] const Impaginazione& Pagine() const { return Impaginata; }
+
+    // ---- paper
+    /// Lays out for another sheet; the same one changes nothing.
+    void ImpostaCarta(const Carta& Nuova);
+    [[nodiscard]] Carta CartaInUso() const { return Sheet; }
+
+    // ---- pages, from 1
+    [[nodiscard]] int NumeroPagine() const { return Impaginata.NumeroPagine(); }
+    [[nodiscard]] int PaginaInVista() const;
+    /// Shows the top of a page; outside 1..NumeroPagine() the nearest one.
+    void ImpostaPreviewPage(int Pagina);
+
+    // ---- scale
+    /// Percent of the true size, moved into ZoomMinimo..ZoomMassimo; ends the fitting to the window.
+    void ImpostaZoom(int Percento);
+    /// ZoomAdatta fits the whole page to the window and follows its size until a zoom is chosen; other modes
+    /// change nothing.
+    void ImpostaZoomMode(int Modo);
+    [[nodiscard]] int Zoom() const;  ///< percent on view, the fitted one too
+    [[nodiscard]] bool Adattato() const;
+
+    // ---- text
+    [[nodiscard]] Selezione Scelta() const;
+    [[nodiscard]] QString TestoScelto() const;
+    void SelezionaTutto();
+    void Copia() const;  ///< the selection, if there is one, into the clipboard
+
+    // ---- search
+    void ApriRicerca();
+    void ChiudiRicerca();
+    /// To the next or the former occurrence, round the ends of the document; opens an empty search instead.
+    void CercaSuccessivo();
+    void CercaPrecedente();
+
+Q_SIGNALS:
+    void PaginaCambiata(int Pagina);  ///< PaginaInVista has changed, whoever moved it
+    void ZoomCambiato(int Percento);  ///< Zoom has changed, by hand or by the window's size
+
+protected:
+    void keyPressEvent(QKeyEvent* Evento) override;
+    bool event(QEvent* Evento) override;
+
+private:
+    void Impagina();
+    void Cerca(const QString& Testo);
+    void MostraTrovata();
+    void VaiATrovata(bool Avanti);
+    [[nodiscard]] bool Tasto(QKeyEvent* Evento, bool Esegui);
+
+    Superficie Surface;
+    Carta Sheet;
+    Impaginazione Impaginata;
+    FogliStampa* Fogli;
+    BarraRicerca* Barra;
+    QList<Selezione> Trovate;
+    qsizetype Corrente = -1;  ///< among Trovate
+};
