@@ -20,15 +20,6 @@
 class QPagedPaintDevice;
 class QPainter;
 
-/// The sheet, in millimetres; A4 upright where nothing else is said. The margins are the document's.
-struct Carta
-{
-    double LarghezzaMm = 210.0;
-    double AltezzaMm = 297.0;
-
-    friend bool operator==(const Carta&, const Carta&) = default;
-};
-
 /// A stretch of the text stream: characters Da..A, A excluded. Either end may be the first.
 struct Selezione
 {
@@ -69,7 +60,8 @@ struct RigaImpaginata
 /// page take no room.
 ///
 /// Runs of blanks keep their width. Those that lead a line shrink as far as its text would otherwise not
-/// fit. Rich text takes no room: whoever has a reader for it puts its paragraphs in the document.
+/// fit. Indents give way where less than two centimetres would be left of a line; the first tab of a paragraph
+/// whose first line hangs leads to its left indent.
 ///
 /// Text stream: the text of the document in order, without running lines and repeated headings. A
 /// paragraph ends with "\n". Cells are divided by "\t", a row ends with "\n", a blank one is "\n" alone;

@@ -8,7 +8,7 @@ namespace {
 constexpr double Tolleranza = 1e-6;
 
 /// Places what fits on a page from the strip `Prima` on.
-/// @return the first strip that did not fit
+/// @return the first strip that does not stand on it
 std::size_t RiempiPagina(std::span<const Striscia> Tutte, std::size_t Prima, int Pagina, double Altezza,
                          std::vector<PostoStriscia>& Posti)
 {
@@ -17,7 +17,7 @@ std::size_t RiempiPagina(std::span<const Striscia> Tutte, std::size_t Prima, int
     std::size_t Questa = Prima;
     for (; Questa < Tutte.size(); ++Questa) {
         const bool Sta = Y + Tutte[Questa].Altezza <= Altezza + Tolleranza;
-        if (!Sta && !Tutte[Questa].Bianca && Questa > Prima)
+        if (Questa > Prima && (Tutte[Questa].NuovaPagina || (!Sta && !Tutte[Questa].Bianca)))
             break;
         const bool InFondo = !Sta && Tutte[Questa].Bianca;
         Posti[Questa] = {Pagina, Y, InFondo, ConTitoli && Questa == Prima};
@@ -27,9 +27,11 @@ std::size_t RiempiPagina(std::span<const Striscia> Tutte, std::size_t Prima, int
     return Questa;
 }
 
-/// The strip that begins the next page, when `Fuori` is the first one that did not fit.
+/// The strip that begins the next page, when `Fuori` is the first one that does not stand on this one.
 std::size_t InizioSeguente(std::span<const Striscia> Tutte, std::size_t Prima, std::size_t Fuori)
 {
+    if (Tutte[Fuori].NuovaPagina)
+        return Fuori;
     std::size_t Inizio = Fuori;
     while (Inizio > Prima && Tutte[Inizio].Unita)
         --Inizio;

@@ -11,6 +11,7 @@ struct Striscia
     bool Bianca = false;       ///< empty: takes no room where a page ends
     bool Unita = false;        ///< no page begins with it
     double TitoliSopra = 0.0;  ///< height of what a page repeats above it when it begins with it
+    bool NuovaPagina = false;  ///< begins a page, whatever it is joined to
 };
 
 /// Where a strip stands.

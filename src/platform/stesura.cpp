@@ -29,22 +29,57 @@ Qt::Alignment AllineamentoQt(Allineamento Come)
     return Qt::AlignLeft | Qt::AlignAbsolute;
 }
 
-QTextOption Opzioni(Allineamento Come)
+QTextOption Opzioni(Allineamento Come, double Tabulazione)
 {
     QTextOption Sue(AllineamentoQt(Come));
     Sue.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     Sue.setTextDirection(Qt::LeftToRight);
     Sue.setUseDesignMetrics(true);
-    Sue.setTabStopDistance(TabulazioneMm * PuntiPerMm);
+    Sue.setTabStopDistance(Tabulazione);
     return Sue;
 }
 
-void Spezza(QTextLayout& Disposto, double Larghezza)
+/// Where the lines of a paragraph stand, in dots.
+struct Posizione
+{
+    double X = 0.0;          ///< of the line that stands farthest to the left, on the sheet
+    double Larghezza = 0.0;  ///< from there to the right edge
+    double Prima = 0.0;      ///< from X to the first line
+    double Altre = 0.0;      ///< from X to the others
+    double Sopra = 0.0;
+    double Sotto = 0.0;
+};
+
+Posizione PosizioneDi(const Rientri& Suoi, const AreaStampa& Area)
+{
+    constexpr double MmPerCm = 10.0;
+    constexpr double MinimoMm = 20.0;
+    constexpr double PuntiPerPuntoTipografico = PuntiPerPollice / 72.0;
+    const auto Lungo = [&](double Cm, double Concesso) {
+        return std::clamp(Cm * MmPerCm * PuntiPerMm, 0.0, std::max(Concesso, 0.0));
+    };
+    const double Concesso = Area.Larghezza - MinimoMm * PuntiPerMm;
+    const double Altre = Lungo(Suoi.SinistroCm, Concesso);
+    const double Prima = Lungo(Suoi.SinistroCm + Suoi.PrimaRigaCm, Concesso);
+    const double Bordo = std::min(Prima, Altre);
+    const double Destro = Lungo(Suoi.DestroCm, Concesso - std::max(Prima, Altre));
+    return {Area.Sinistra + Bordo,
+            Area.Larghezza - Bordo - Destro,
+            Prima - Bordo,
+            Altre - Bordo,
+            Suoi.SopraPunti * PuntiPerPuntoTipografico,
+            Suoi.SottoPunti * PuntiPerPuntoTipografico};
+}
+
+void Spezza(QTextLayout& Disposto, const Posizione& Dove)
 {
     Disposto.beginLayout();
+    double Rientro = Dove.Prima;
     for (QTextLine Riga = Disposto.createLine(); Riga.isValid(); Riga = Disposto.createLine()) {
         Riga.setLeadingIncluded(true);
-        Riga.setLineWidth(Larghezza);
+        Riga.setPosition(QPointF(Rientro, 0.0));
+        Riga.setLineWidth(Dove.Larghezza - Rientro);
+        Rientro = Dove.Altre;
     }
     Disposto.endLayout();
 }
@@ -80,6 +115,35 @@ std::optional<QTextLayout::FormatRange> StringiBianchi(const QString& Testo, con
     return Tratto;
 }
 
+/// Distance of tab stops as Qt takes it for a text that has any. It multiplies it by what the layout's dots
+/// are to the screen's, which is found out by a tab; without one it does not matter.
+double Tabulazione(const QString& Testo, const FontMisurato& Font, const Posizione& Dove)
+{
+    constexpr double Provata = 1000.0;
+    const double Voluta = Dove.Altre > 0.0 ? Dove.Altre : TabulazioneMm * PuntiPerMm;
+    if (!Testo.contains(u'\t'))
+        return Voluta;
+    QTextLayout Prova(u"\t"_s, Font.Font, DispositivoStampa());
+    Prova.setTextOption(Opzioni(Allineamento::Sinistra, Provata));
+    Spezza(Prova, {});
+    return Voluta * Provata / std::max(Prova.lineAt(0).cursorToX(1), 1.0);
+}
+
+/// @param Formati of runs in other fonts
+std::unique_ptr<QTextLayout> Disponi(const QString& Testo, const FontMisurato& Font, Allineamento Come,
+                                     const Posizione& Dove,
+                                     const QList<QTextLayout::FormatRange>& Formati = {})
+{
+    auto Nuovo = std::make_unique<QTextLayout>(Testo, Font.Font, DispositivoStampa());
+    Nuovo->setTextOption(Opzioni(Come, Tabulazione(Testo, Font, Dove)));
+    if (!Formati.isEmpty())
+        Nuovo->setFormats(Formati);
+    else if (const auto Stretti = StringiBianchi(Testo, Font, Dove.Larghezza - Dove.Prima))
+        Nuovo->setFormats({*Stretti});
+    Spezza(*Nuovo, Dove);
+    return Nuovo;
+}
+
 QString InLinee(QString Testo)
 {
     return Testo.replace(u'\n', QChar(QChar::LineSeparator));
@@ -112,8 +176,6 @@ public:
 
     void operator()(const Paragrafo& Questo)
     {
-        if (Questo.Rtf)
-            return;
         const QString Testo = InLinee(Questo.Testo());
         if (Testo.trimmed().isEmpty())
             Bianco(Questo, Testo);
@@ -130,19 +192,22 @@ private:
         const FontMisurato& Suo = Font(Questo.Tratti.empty() ? Questo.Font : Questo.Tratti.front().Font);
         Pezzo Nuovo;
         Nuovo.DiTesto = true;
-        Nuovo.Misure = {Suo.Altezza, true, false, 0.0};
-        Nuovo.Righe.push_back({-1, 0, QRectF(Area.Sinistra, 0.0, 0.0, Suo.Altezza), Suo.Ascesa,
+        const Posizione Dove = PosizioneDi(Questo.Spazi, Area);
+        Nuovo.Misure = {Dove.Sopra + Suo.Altezza + Dove.Sotto, true, false, 0.0, Questo.NuovaPagina};
+        Nuovo.Righe.push_back({-1, 0, QRectF(Area.Sinistra, Dove.Sopra, 0.0, Suo.Altezza), Suo.Ascesa,
                                Fatta.Testo.size(), Testo.size()});
         Fatta.Pezzi.push_back(std::move(Nuovo));
     }
 
     void Righe(const Paragrafo& Questo, const QString& Testo)
     {
+        const Posizione Dove = PosizioneDi(Questo.Spazi, Area);
         Brano Nuovo;
         Nuovo.Inizio = Fatta.Testo.size();
-        Nuovo.X = Area.Sinistra;
-        Nuovo.Larghezza = Area.Larghezza;
-        Nuovo.Disposto = Disposto(Questo, Testo);
+        Nuovo.X = Dove.X;
+        Nuovo.Larghezza = Dove.Larghezza;
+        Nuovo.Disposto =
+            Disponi(Testo, Font(Questo.Tratti.front().Font), Questo.Allinea, Dove, Formati(Questo, Font));
         const int Quale = static_cast<int>(Fatta.Brani.size());
         Fatta.Brani.push_back(std::move(Nuovo));
         const std::vector<RigaStesa> Sue = RigheDi(Fatta.Brani.back(), Quale);
@@ -152,22 +217,12 @@ private:
             // Two lines at least stand together on either side of a break.
             Uno.Misure = {Sue[i].Dove.height(), false, i > 0 && (i == 1 || i + 1 == Sue.size()), 0.0};
             Uno.Righe.push_back(Sue[i]);
-            Uno.Righe.front().Dove.moveTop(0.0);
+            const double Sopra = i == 0 ? Dove.Sopra : 0.0;
+            Uno.Misure.Altezza += Sopra + (i + 1 == Sue.size() ? Dove.Sotto : 0.0);
+            Uno.Misure.NuovaPagina = i == 0 && Questo.NuovaPagina;
+            Uno.Righe.front().Dove.moveTop(Sopra);
             Fatta.Pezzi.push_back(std::move(Uno));
         }
-    }
-
-    std::unique_ptr<QTextLayout> Disposto(const Paragrafo& Questo, const QString& Testo)
-    {
-        const FontMisurato& Primo = Font(Questo.Tratti.front().Font);
-        const QList<QTextLayout::FormatRange> Altri = Formati(Questo, Font);
-        if (Altri.isEmpty())
-            return Disponi(Testo, Primo, Questo.Allinea, Area.Larghezza);
-        auto Nuovo = std::make_unique<QTextLayout>(Testo, Primo.Font, DispositivoStampa());
-        Nuovo->setTextOption(Opzioni(Questo.Allinea));
-        Nuovo->setFormats(Altri);
-        Spezza(*Nuovo, Area.Larghezza);
-        return Nuovo;
     }
 
     Stesura& Fatta;
@@ -195,12 +250,9 @@ void TrattieniUltima(std::vector<Pezzo>& Pezzi)
 std::unique_ptr<QTextLayout> Disponi(const QString& Testo, const FontMisurato& Font, Allineamento Come,
                                      double Larghezza)
 {
-    auto Nuovo = std::make_unique<QTextLayout>(Testo, Font.Font, DispositivoStampa());
-    Nuovo->setTextOption(Opzioni(Come));
-    if (const auto Stretti = StringiBianchi(Testo, Font, Larghezza))
-        Nuovo->setFormats({*Stretti});
-    Spezza(*Nuovo, Larghezza);
-    return Nuovo;
+    Posizione Dove;
+    Dove.Larghezza = Larghezza;
+    return Disponi(Testo, Font, Come, Dove);
 }
 
 std::vector<RigaStesa> RigheDi(const Brano& Questo, int Quale)

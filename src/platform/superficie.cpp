@@ -1,9 +1,11 @@
 #include "platform/superficie.h"
 
 #include "platform/errore.h"
+#include "platform/lettorertf.h"
 #include "platform/regionale.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -390,12 +392,12 @@ void Superficie::Accoda(const QString& Testo)
 void Superficie::Paragraph(const QString& Testo)
 {
     if (Testo.startsWith("{\\rtf"_L1)) {
+        ApriSeServe();
         ChiudiRiga();
-        Accoda(Testo);
-        Riga->Rtf = true;
-    } else {
-        Accoda(RigheUniformi(Testo));
+        std::ranges::move(LeggiRtf(Testo), std::back_inserter(Doc.Blocchi));
+        return;
     }
+    Accoda(RigheUniformi(Testo));
     ChiudiRiga();
 }
 

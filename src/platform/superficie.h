@@ -56,13 +56,26 @@ struct Tratto
     Carattere Font;
 };
 
+/// Room around a row of text. Only rich text asks for any; none is negative but the first line's.
+struct Rientri
+{
+    double SinistroCm = 0.0;
+    double DestroCm = 0.0;
+    double PrimaRigaCm = 0.0;  ///< of the first line, from the left indent; below 0 it hangs out of it
+    double SopraPunti = 0.0;
+    double SottoPunti = 0.0;
+
+    friend bool operator==(const Rientri&, const Rientri&) = default;
+};
+
 /// One row of text, ended by its paragraph mark. An empty one is a blank row in the font current then.
 struct Paragrafo
 {
     Allineamento Allinea = Allineamento::Sinistra;
     std::vector<Tratto> Tratti;
-    Carattere Font;    ///< gives an empty paragraph its height
-    bool Rtf = false;  ///< the single run holds rich text to be rendered
+    Carattere Font;  ///< gives an empty paragraph its height
+    Rientri Spazi{};
+    bool NuovaPagina = false;  ///< a page begins with it
 
     [[nodiscard]] QString Testo() const;
 };
@@ -85,6 +98,15 @@ struct Tabella
 };
 
 using BloccoDocumento = std::variant<Paragrafo, Tabella>;
+
+/// The sheet, in millimetres; A4 upright where nothing else is said. The margins are the document's.
+struct Carta
+{
+    double LarghezzaMm = 210.0;
+    double AltezzaMm = 297.0;
+
+    friend bool operator==(const Carta&, const Carta&) = default;
+};
 
 /// What was composed: blocks in order, page set-up, running line.
 struct Documento
@@ -130,7 +152,8 @@ public:
     [[nodiscard]] const Documento& Contenuto() const { return Doc; }
 
     // ---- text
-    /// Text that begins with "{\rtf" is recorded as rich text, in a row of its own.
+    /// Rich text, which begins with "{\rtf", is read: its paragraphs follow in its own fonts and alignments,
+    /// and leave those of the surface as they are.
     void Paragraph(const QString& Testo);
     /// A "\n" inside breaks the line but not the row; an empty text does not begin a row.
     void Text(const QString& Testo);
@@ -184,6 +207,10 @@ public:
     int PreviewPage = 1;
     int Zoom = 80;  ///< percent
     QString Tag;    ///< page shown in the preview, as text
+
+    // ---- export of the composition, for whoever writes it
+    QString ExportFile;    ///< empty: none
+    int ExportFormat = 4;  ///< 4 word processor, 3 HTML
 
 private:
     struct TabellaAperta;

@@ -102,8 +102,6 @@ qsizetype Rientro(Allineamento Come, qsizetype Lunghezza, qsizetype Larghezza)
 
 void Scrivi(const Paragrafo& Questo, QString& Uscita)
 {
-    if (Questo.Rtf)
-        return;
     for (const QString& Riga : Avvolgi(Questo.Testo(), ColonneTesto)) {
         if (!Riga.isEmpty())
             Uscita += QString(Rientro(Questo.Allinea, Riga.size(), ColonneTesto), u' ') + Riga;

@@ -73,7 +73,7 @@ private Q_SLOTS:
     void rigaTieneAllineamentoDelSuoInizio();
     void corseDiSpaziRestano();
     void aCapoUniformi();
-    void rtfStaDaSolo();
+    void rtfDiventaParagrafi();
 
     void startDocScartaIlContenuto();
     void impostazioniRestanoOltreStartDoc();
@@ -283,19 +283,26 @@ void TestSuperficie::aCapoUniformi()
     QCOMPARE(ParagrafoDi(vp, 0).Testo(), u"a\nb\nc\nd"_s);
 }
 
-void TestSuperficie::rtfStaDaSolo()
+void TestSuperficie::rtfDiventaParagrafi()
 {
-    const QString Ricco = u"{\\rtf1\\ansi\r\nClausola\\par}"_s;
     Superficie vp;
     vp.StartDoc();
+    vp.FontName(u"Arial"_s);
     vp.Text(u"prima"_s);
-    vp.Paragraph(Ricco);
+    vp.Paragraph(u"{\\rtf1\\ansi{\\fonttbl{\\f0 Georgia;}}\\qc\\b\r\nClausola\\par seconda}"_s);
     vp.Paragraph(u"dopo {\\rtf"_s);
     vp.EndDoc();
-    QCOMPARE(Ricalco(vp), u"prima|"_s + Ricco + u"|dopo {\\rtf"_s);
-    QVERIFY(!ParagrafoDi(vp, 0).Rtf);
-    QVERIFY(ParagrafoDi(vp, 1).Rtf);
-    QVERIFY(!ParagrafoDi(vp, 2).Rtf);
+    QCOMPARE(Ricalco(vp), u"prima|Clausola|seconda|dopo {\\rtf"_s);
+    const Paragrafo Ricco = ParagrafoDi(vp, 1);
+    QCOMPARE(Ricco.Allinea, Allineamento::Centro);
+    QCOMPARE(Ricco.Tratti.size(), std::size_t{1});
+    QCOMPARE(Ricco.Tratti[0].Font.Nome, u"Georgia"_s);
+    QVERIFY(Ricco.Tratti[0].Font.Grassetto);
+    // The surface goes on as it was.
+    const Paragrafo Dopo = ParagrafoDi(vp, 3);
+    QCOMPARE(Dopo.Allinea, Allineamento::Sinistra);
+    QCOMPARE(Dopo.Tratti[0].Font.Nome, u"Arial"_s);
+    QVERIFY(!Dopo.Tratti[0].Font.Grassetto);
 }
 
 // ---- document ---------------------------------------------------------------------------------------

@@ -63,7 +63,12 @@ private Q_SLOTS:
     void iBianchiCedonoAlTesto_data();
     void iBianchiCedonoAlTesto();
     void carattereDiOgniTratto();
-    void ilTestoRicoNonOccupa();
+    void ilTestoRiccoStaNellaPagina();
+    void iRientriSpostanoLeRighe();
+    void laListaPende();
+    void rientriCheNonLascianoPosto();
+    void loSpazioSopraESotto();
+    void laPaginaChiestaComincia();
 
     void colonneAllaLoroLarghezza();
     void tabellaPiuLargaDelFoglio();
@@ -263,7 +268,7 @@ void TestImpaginazione::carattereDiOgniTratto()
     QVERIFY2(Dopo > 1.7 * Prima, qPrintable(u"%1 %2"_s.arg(Prima).arg(Dopo)));
 }
 
-void TestImpaginazione::ilTestoRicoNonOccupa()
+void TestImpaginazione::ilTestoRiccoStaNellaPagina()
 {
     Superficie vp;
     PreparaPagina(vp);
@@ -271,7 +276,76 @@ void TestImpaginazione::ilTestoRicoNonOccupa()
     vp.Paragraph(u"{\\rtf1 ricco}"_s);
     vp.Paragraph(u"sotto"_s);
     const Impaginazione Fatta(Finito(vp));
-    QCOMPARE(Fatta.Testo(), u"sopra\nsotto\n"_s);
+    QCOMPARE(Fatta.Testo(), u"sopra\nricco\nsotto\n"_s);
+}
+
+void TestImpaginazione::iRientriSpostanoLeRighe()
+{
+    Superficie vp;
+    PreparaPagina(vp);
+    const QString Lungo = u"parole che vanno a capo "_s.repeated(20);
+    vp.Paragraph(u"{\\rtf1 \\li1134\\fi567\\ri1134 "_s + Lungo + u"\\par \\qr destra\\par}"_s);
+    const Impaginazione Fatta(Finito(vp));
+    const std::vector<RigaImpaginata>& Righe = Fatta.Righe(1);
+    QVERIFY(Righe.size() > 4);
+    QVERIFY(Vicini(Righe[0].Mm.left(), 50.0));  // 2 cm of margin, 2 of indent, 1 of the first line
+    QVERIFY(Vicini(Righe[1].Mm.left(), 40.0));
+    for (const RigaImpaginata& Una : Righe)
+        QVERIFY(Una.Mm.right() <= 176.1);  // 1.4 cm of margin, 2 of indent
+    QVERIFY(Vicini(Righe.back().Mm.right(), 176.0));
+    // The caret stands where the letters do.
+    QVERIFY(Vicini(Fatta.Cursore(0).Mm.left(), 50.0));
+    QCOMPARE(Fatta.PostoIn(1, Righe[0].Mm.center() - QPointF(Righe[0].Mm.width(), 0.0)), qsizetype(0));
+    QCOMPARE(pagine::Difetto(Fatta), QString());
+}
+
+void TestImpaginazione::laListaPende()
+{
+    Superficie vp;
+    PreparaPagina(vp);
+    const QString Lungo = u"voce che va a capo "_s.repeated(20);
+    vp.Paragraph(u"{\\rtf1 \\li567\\fi-567{\\listtext 1.\\tab}"_s + Lungo + u"\\par}"_s);
+    const Impaginazione Fatta(Finito(vp));
+    const std::vector<RigaImpaginata>& Righe = Fatta.Righe(1);
+    QVERIFY(Vicini(Righe[0].Mm.left(), 20.0));
+    QVERIFY(Vicini(Righe[1].Mm.left(), 30.0));
+    QVERIFY2(Vicini(Fatta.Cursore(3).Mm.left(), 30.0),
+             qPrintable(QString::number(Fatta.Cursore(3).Mm.left())));
+}
+
+void TestImpaginazione::rientriCheNonLascianoPosto()
+{
+    Superficie vp;
+    PreparaPagina(vp);
+    vp.Paragraph(u"{\\rtf1 \\li99999\\ri99999\\fi99999 parola e altre parole\\par}"_s);
+    const Impaginazione Fatta(Finito(vp));
+    QCOMPARE(pagine::Difetto(Fatta), QString());
+    QVERIFY(Fatta.Righe(1).size() < 4);
+}
+
+void TestImpaginazione::loSpazioSopraESotto()
+{
+    Superficie vp;
+    PreparaPagina(vp);
+    vp.Paragraph(u"{\\rtf1 \\fs24 a\\par \\sb720\\sa1440 b\\par \\pard c\\par}"_s);
+    const Impaginazione Fatta(Finito(vp));
+    const std::vector<RigaImpaginata>& Righe = Fatta.Righe(1);
+    const double Alta = Righe[0].Mm.height();
+    QVERIFY(Vicini(Righe[1].Mm.top() - Righe[0].Mm.top(), Alta + 12.7));
+    QVERIFY(Vicini(Righe[1].Mm.height(), Alta));
+    QVERIFY(Vicini(Righe[2].Mm.top() - Righe[1].Mm.bottom(), 25.4));
+}
+
+void TestImpaginazione::laPaginaChiestaComincia()
+{
+    Superficie vp;
+    PreparaPagina(vp);
+    vp.Paragraph(u"{\\rtf1 a\\par\\page b\\par c\\par}"_s);
+    const Impaginazione Fatta(Finito(vp));
+    QCOMPARE(Fatta.NumeroPagine(), 2);
+    QCOMPARE(pagine::CercaRiga(Fatta, u"a"_s).Pagina, 1);
+    QCOMPARE(pagine::CercaRiga(Fatta, u"b"_s).Pagina, 2);
+    QCOMPARE(pagine::CercaRiga(Fatta, u"c"_s).Pagina, 2);
 }
 
 // ---- tables ---------------------------------------------------------------------------------------

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Strips told by a word each: a height, "b" blank, "u" joined to the one before, "t2" repeats 2 above.
+/// Strips told by a word each: a height, "b" blank, "u" joined to the one before, "n" begins a page, "t2" repeats 2 above.
 std::vector<Striscia> Strisce(const QString& Parole)
 {
     std::vector<Striscia> Tutte;
@@ -18,6 +18,7 @@ std::vector<Striscia> Strisce(const QString& Parole)
         const QString Segni = Parola.section(u':', 1);
         Una.Bianca = Segni.contains(u'b');
         Una.Unita = Segni.contains(u'u');
+        Una.NuovaPagina = Segni.contains(u'n');
         if (const qsizetype Titoli = Segni.indexOf(u't'); Titoli >= 0)
             Una.TitoliSopra = Segni.mid(Titoli + 1, 1).toDouble();
         Tutte.push_back(Una);
@@ -68,6 +69,11 @@ void TestSpezzaPagine::riempieESpezza_data()
     QTest::newRow("headings take their room on the next page") << u"8 4:t2 4:t2"_s << u"1@0 2@2T 2@6"_s;
     QTest::newRow("headings are counted when it fills") << u"8 5:t2 4:t2"_s << u"1@0 2@2T 3@2T"_s;
     QTest::newRow("no headings on the first page") << u"4:t2 4:t2"_s << u"1@0 1@4"_s;
+    QTest::newRow("a page asked for") << u"4 2:n 3"_s << u"1@0 2@0 2@2"_s;
+    QTest::newRow("on the first page it is there already") << u"4:n 2"_s << u"1@0 1@4"_s;
+    QTest::newRow("a page asked for, whatever it is joined to") << u"4 2:nu 3"_s << u"1@0 2@0 2@2"_s;
+    QTest::newRow("a blank one that begins a page") << u"4 1:bn 3"_s << u"1@0 2@0 2@1"_s;
+    QTest::newRow("a chain does not go back over it") << u"4 2:n 5 5:u"_s << u"1@0 2@0 3@0 3@5"_s;
     QTest::newRow("higher than a page") << u"2 15 3"_s << u"1@0 2@0 3@0"_s;
 }
 

@@ -56,7 +56,7 @@ private Q_SLOTS:
     void paragrafi_data();
     void paragrafi();
     void trattiDiUnaRigaSiUniscono();
-    void rtfNonSiScrive();
+    void rtfSiScrive();
 
     void colonneACinqueCaratteriPerCm();
     void larghezzeArrotondate();
@@ -137,7 +137,7 @@ void TestScrittoreTesto::trattiDiUnaRigaSiUniscono()
     QCOMPARE(ScriviTesto(vp.Contenuto()), u"Preavviso di parcella n. 7\n\nultima\n"_s);
 }
 
-void TestScrittoreTesto::rtfNonSiScrive()
+void TestScrittoreTesto::rtfSiScrive()
 {
     Superficie vp;
     vp.StartDoc();
@@ -145,7 +145,7 @@ void TestScrittoreTesto::rtfNonSiScrive()
     vp.Paragraph(u"{\\rtf1 Clausola}"_s);
     vp.Paragraph(u"dopo"_s);
     vp.EndDoc();
-    QCOMPARE(ScriviTesto(vp.Contenuto()), u"prima\ndopo\n"_s);
+    QCOMPARE(ScriviTesto(vp.Contenuto()), u"prima\nClausola\ndopo\n"_s);
 }
 
 // ---- tables -----------------------------------------------------------------------------------------

@@ -1,0 +1,108 @@
+#include "platform/paginacodice.h"
+
+#include "platform/profilo.h"
+
+#include <QStringView>
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int PaginaUtf8 = 65001;
+constexpr int PrimoAlto = 0x80;  // below it all pages are ASCII
+
+// Characters from 0x80 on. Codes that a page leaves free stand for the control characters of the same number.
+constexpr QStringView Centrale = u"€\u0081‚\u0083„…†‡\u0088‰Š‹ŚŤŽŹ\u0090‘’“”•–—\u0098™š›śťžź"
+                                 u"\u00a0\u02c7\u02d8Ł¤Ą¦§¨©Ş«¬\u00ad®Ż°±\u02dbł´µ¶·¸ąş»Ľ\u02ddľż"
+                                 u"ŔÁÂĂÄĹĆÇČÉĘËĚÍÎĎĐŃŇÓÔŐÖ×ŘŮÚŰÜÝŢß"
+                                 u"ŕáâăäĺćçčéęëěíîďđńňóôőö÷řůúűüýţ\u02d9";
+constexpr QStringView Dos = u"ÇüéâäàåçêëèïîìÄÅÉæÆôöòûùÿÖÜ¢£¥₧ƒ"
+                            u"áíóúñÑªº¿⌐¬½¼¡«»░▒▓│┤╡╢╖╕╣║╗╝╜╛┐"
+                            u"└┴┬├─┼╞╟╚╔╩╦╠═╬╧╨╤╥╙╘╒╓╫╪┘┌█▄▌▐▀"
+                            u"αßΓπΣσµτΦΘΩδ∞φε∩≡±≥≤⌠⌡÷≈°∙·√ⁿ²■\u00a0";
+constexpr QStringView DosLatino = u"ÇüéâäàåçêëèïîìÄÅÉæÆôöòûùÿÖÜø£Ø×ƒ"
+                                  u"áíóúñÑªº¿®¬½¼¡«»░▒▓│┤ÁÂÀ©╣║╗╝¢¥┐"
+                                  u"└┴┬├─┼ãÃ╚╔╩╦╠═╬¤ðÐÊËÈıÍÎÏ┘┌█▄¦Ì▀"
+                                  u"ÓßÔÒõÕµþÞÚÛÙýÝ¯´\u00ad±‗¾¶§÷¸°¨·¹³²■\u00a0";
+constexpr QStringView Mac = u"ÄÅÇÉÑÖÜáàâäãåçéèêëíìîïñóòôöõúùûü"
+                            u"†°¢£§•¶ß®©™´¨≠ÆØ∞±≤≥¥µ∂∑∏π∫ªºΩæø"
+                            u"¿¡¬√ƒ≈∆«»…\u00a0ÀÃÕŒœ–—“”‘’÷◊ÿŸ⁄€‹›ﬁﬂ"
+                            u"‡·‚„‰ÂÊÁËÈÍÎÏÌÓÔ\uf8ffÒÚÛÙı\u02c6\u02dc¯\u02d8\u02d9\u02da¸\u02dd\u02db\u02c7";
+static_assert(Centrale.size() == 128 && Dos.size() == 128 && DosLatino.size() == 128 && Mac.size() == 128);
+
+struct PaginaAlta
+{
+    int Numero;
+    QStringView Alti;
+};
+
+constexpr std::array Pagine{
+    PaginaAlta{1250, Centrale},
+    PaginaAlta{437, Dos},
+    PaginaAlta{850, DosLatino},
+    PaginaAlta{10000, Mac},
+};
+
+/// A sign of the symbol fonts by its code.
+struct Segno
+{
+    int Codice;
+    char16_t Unicode;
+};
+
+// Symbol and Wingdings give the same code different signs; these are the bullets that word processors make.
+constexpr std::array Segni{
+    Segno{0xA7, u'\u25AA'}, Segno{0xA8, u'\u25A1'}, Segno{0xB7, u'\u2022'}, Segno{0xD8, u'\u27A2'},
+    Segno{0xE0, u'\u2192'}, Segno{0xF0, u'\u21E8'}, Segno{0xFC, u'\u2713'}, Segno{0xFE, u'\u2611'},
+};
+constexpr char16_t Pallino = u'\u2022';
+
+/// Character sets of fonts whose page this file knows.
+struct SetCaratteri
+{
+    int Set;
+    int Pagina;
+};
+
+constexpr std::array TuttiISet{
+    SetCaratteri{0, PaginaWindows}, SetCaratteri{2, PaginaSimboli}, SetCaratteri{77, 10000},
+    SetCaratteri{238, 1250},        SetCaratteri{254, 437},         SetCaratteri{255, 850},
+};
+
+}  // namespace
+
+QString TestoDaPagina(const QByteArray& Byte, int Pagina)
+{
+    if (Pagina == PaginaUtf8)
+        return QString::fromUtf8(Byte);
+    const auto Sua = std::ranges::find(Pagine, Pagina, &PaginaAlta::Numero);
+    if (Pagina != PaginaSimboli && Sua == Pagine.end())
+        return DaCp1252(Byte);
+    QString Testo;
+    Testo.reserve(Byte.size());
+    for (const char Uno : Byte) {
+        const auto Codice = static_cast<unsigned char>(Uno);
+        if (Pagina == PaginaSimboli)
+            Testo += SegnoDiSimboli(Codice);
+        else
+            Testo += Codice < PrimoAlto ? QChar(char16_t(Codice)) : Sua->Alti[Codice - PrimoAlto];
+    }
+    return Testo;
+}
+
+QChar SegnoDiSimboli(int Codice)
+{
+    const auto Suo = std::ranges::find(Segni, Codice, &Segno::Codice);
+    if (Suo != Segni.end())
+        return Suo->Unicode;
+    return Codice < PrimoAlto ? QChar(static_cast<char16_t>(Codice)) : QChar(Pallino);
+}
+
+int PaginaDelSet(int Set)
+{
+    const auto Suo = std::ranges::find(TuttiISet, Set, &SetCaratteri::Set);
+    return Suo == TuttiISet.end() ? 0 : Suo->Pagina;
+}

@@ -1,0 +1,18 @@
+// 8-bit text in the code pages that rich text names.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+constexpr int PaginaWindows = 1252;
+constexpr int PaginaSimboli = 42;  ///< no letters but signs: bullets and ticks
+
+/// Text of bytes in a code page; an unknown page is read as 1252.
+[[nodiscard]] QString TestoDaPagina(const QByteArray& Byte, int Pagina);
+
+/// The sign that a symbol font shows for a code below 256: the common bullets, a bullet for the others beyond
+/// the letters, letters and digits as they are.
+[[nodiscard]] QChar SegnoDiSimboli(int Codice);
+
+/// Code page of a font's character set; 0 when the set does not say.
+[[nodiscard]] int PaginaDelSet(int Set);

@@ -1,0 +1,321 @@
+#include "supporto/prova.h"
+
+#include "platform/lettorertf.h"
+
+#include <QElapsedTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString Rtf(const QString& Corpo)
+{
+    return u"{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0\\froman Georgia;}{\\f1\\fswiss\\fcharset0 Arial;}"
+           u"{\\f2\\fnil\\fcharset2 Symbol;}{\\f3\\fcharset238 Times New Roman CE;}}"_s +
+           Corpo + u'}';
+}
+
+/// Texts of the paragraphs, each ended by "|".
+QString Testi(const QString& Intero)
+{
+    QString Tutti;
+    for (const Paragrafo& Uno : LeggiRtf(Intero))
+        Tutti += Uno.Testo() + u'|';
+    return Tutti;
+}
+
+/// The only paragraph of a body.
+Paragrafo Solo(const QString& Corpo)
+{
+    const std::vector<Paragrafo> Letti = LeggiRtf(Rtf(Corpo));
+    return Letti.size() == 1 ? Letti.front() : Paragrafo();
+}
+
+/// Runs as "text<formats size font>".
+QString Tratti(const Paragrafo& Questo)
+{
+    QString Tutti;
+    for (const Tratto& Uno : Questo.Tratti) {
+        const Carattere& F = Uno.Font;
+        Tutti += Uno.Testo + u'<' + (F.Grassetto ? u"b"_s : QString()) + (F.Corsivo ? u"i"_s : QString()) +
+                 (F.Sottolineato ? u"u"_s : QString()) + QString::number(F.Punti) + u' ' + F.Nome + u'>';
+    }
+    return Tutti;
+}
+
+}  // namespace
+
+class TestLettoreRtf : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void testo_data();
+    void testo();
+    void caratteri_data();
+    void caratteri();
+    void paragrafi_data();
+    void paragrafi();
+    void rientri();
+    void pagineNuove();
+    void bianchiConIlLoroFont();
+    void guasti_data();
+    void guasti();
+    void ogniTroncamentoDaUnInizio();
+    void gruppiProfondi();
+    void limiti();
+    void tempoLineare_data();
+    void tempoLineare();
+    void nomeDiFontSmisurato();
+};
+PROVA(TestLettoreRtf);
+
+void TestLettoreRtf::testo_data()
+{
+    QTest::addColumn<QString>("Corpo");
+    QTest::addColumn<QString>("Attesi");
+
+    QTest::newRow("a paragraph") << u"\\pard uno\\par"_s << u"uno|"_s;
+    QTest::newRow("without its end mark") << u"uno\\par due"_s << u"uno|due|"_s;
+    QTest::newRow("blank rows") << u"uno\\par\\par\\par due\\par"_s << u"uno|||due|"_s;
+    QTest::newRow("line ends of the file are none") << u"u\r\nn\no\\par"_s << u"uno|"_s;
+    QTest::newRow("a backslash at a line end is one") << u"uno\\\r\ndue\\\n"_s << u"uno|due|"_s;
+    QTest::newRow("one blank ends a word, the next is text") << u"a\\b  b\\b0  c\\par"_s << u"a b c|"_s;
+    QTest::newRow("runs of blanks") << u"a    b\\par"_s << u"a    b|"_s;
+    QTest::newRow("signs of the syntax") << u"\\{a\\}\\\\b\\par"_s << u"{a}\\b|"_s;
+    QTest::newRow("line break and tab") << u"a\\line b\\tab c\\par"_s << u"a\nb\tc|"_s;
+    QTest::newRow("named signs")
+        << u"\\lquote a\\rquote\\ldblquote b\\rdblquote\\endash\\emdash\\bullet\\par"_s << u"‘a’“b”–—•|"_s;
+    QTest::newRow("hard blank and hyphen") << u"n.\\~7 a\\_b c\\-d\\par"_s << u"n.\u00a07 a\u2011b cd|"_s;
+    QTest::newRow("accents of 1252") << u"perch\\'e9 citt\\'E0 \\'80 5\\par"_s << u"perché città € 5|"_s;
+    QTest::newRow("accents as they stand") << u"perché\\par"_s << u"perché|"_s;
+    QTest::newRow("a font of central Europe") << u"{\\f3 \\'f8\\'e8}\\'f8\\par"_s << u"řčø|"_s;
+    QTest::newRow("Unicode with its substitute") << u"\\u8364?5\\par"_s << u"€5|"_s;
+    QTest::newRow("negative number") << u"\\u-3913?\\u-64257?x\\par"_s << u"•\u04ffx|"_s;
+    QTest::newRow("a substitute in hexadecimal") << u"\\u8211\\'96a\\par"_s << u"–a|"_s;
+    QTest::newRow("two substitutes") << u"\\uc2\\u8364 EUa\\par"_s << u"€a|"_s;
+    QTest::newRow("no substitute") << u"\\uc0\\u8364 a\\u232 b\\par"_s << u"€aèb|"_s;
+    QTest::newRow("the count belongs to its group") << u"{\\uc0\\u8364 a}\\u8364?b\\par"_s << u"€a€b|"_s;
+    QTest::newRow("a group ends the substitutes") << u"{\\uc3\\u8364 a}bcd\\par"_s << u"€bcd|"_s;
+    QTest::newRow("a word is one substitute") << u"\\u8211\\endash a\\par"_s << u"–a|"_s;
+    QTest::newRow("surrogate pair") << u"\\u-10179?\\u-8704?\\par"_s << u"😀|"_s;
+    QTest::newRow("half a pair") << u"\\u-10179?a\\par"_s << u"\ufffda|"_s;
+    QTest::newRow("bullets of a symbol font") << u"{\\f2\\'b7\\'a7}a\\par"_s << u"•▪a|"_s;
+    QTest::newRow("text of a list")
+        << u"{\\listtext\\pard\\plain 1.\\tab}uno\\par{\\pntext\\f2\\'b7\\tab}due\\par"_s
+        << u"1.\tuno|•\tdue|"_s;
+    QTest::newRow("a table's row") << u"\\trowd\\cellx100\\cellx200\\intbl a\\cell b\\cell\\row c\\par"_s
+                                   << u"a\tb|c|"_s;
+    QTest::newRow("a field's result") << u"{\\field{\\*\\fldinst PAGE}{\\fldrslt 3}}x\\par"_s << u"3x|"_s;
+    QTest::newRow("a field's instruction")
+        << u"{\\field{\\fldinst DATE}{\\fldrslt oggi}}\\par"_s << u"oggi|"_s;
+    QTest::newRow("unknown groups to be ignored") << u"a{\\*\\nuovo testo{\\b dentro}}b\\par"_s << u"ab|"_s;
+    QTest::newRow("unknown words") << u"a\\sconosciuta12 b{\\altra c}\\par"_s << u"abc|"_s;
+    QTest::newRow("pictures") << u"a{\\pict\\pngblip 89504e470d0a}b\\par"_s << u"ab|"_s;
+    QTest::newRow("raw bytes") << u"a{\\pict\\bin3 }}\\}b\\par"_s << u"ab|"_s;
+    QTest::newRow("raw bytes in the text") << u"a\\bin4 }}{{b\\par"_s << u"ab|"_s;
+    QTest::newRow("headers, notes, styles, titles")
+        << u"{\\info{\\title T}}{\\stylesheet{\\s0 Normale;}}{\\header h\\par}{\\footer f\\par}a{\\footnote n}\\par"_s
+        << u"a|"_s;
+    QTest::newRow("colours") << u"{\\colortbl;\\red0\\green0\\blue255;}a\\cf1 b\\par"_s << u"ab|"_s;
+    QTest::newRow("hidden text") << u"a{\\v segreto}b\\v c\\v0 d\\par"_s << u"abd|"_s;
+    QTest::newRow("text struck in revision") << u"a{\\deleted via}b\\par"_s << u"ab|"_s;
+    QTest::newRow("capitals") << u"{\\caps perch\\'e9} no\\par"_s << u"PERCHÉ no|"_s;
+    QTest::newRow("what follows the text") << u"a\\par}dopo{\\b b\\par"_s << u"a|"_s;
+    QTest::newRow("control characters") << u"a\u0001b\u0085c\\par"_s << u"abc|"_s;
+    QTest::newRow("code page of the document") << u"\\ansicpg850 perch\\'82\\par"_s << u"perché|"_s;
+    QTest::newRow("code page of a Macintosh") << u"\\mac perch\\'8e\\par"_s << u"perché|"_s;
+    QTest::newRow("code page unknown") << u"\\ansicpg99999 \\'e9\\par"_s << u"é|"_s;
+    QTest::newRow("code page UTF-8") << u"\\ansicpg65001 perch\\'c3\\'a9\\par"_s << u"perché|"_s;
+}
+
+void TestLettoreRtf::testo()
+{
+    QFETCH(QString, Corpo);
+    QTEST(Testi(Rtf(Corpo)), "Attesi");
+}
+
+void TestLettoreRtf::caratteri_data()
+{
+    QTest::addColumn<QString>("Corpo");
+    QTest::addColumn<QString>("Attesi");
+
+    QTest::newRow("the first font, 12 points") << u"a"_s << u"a<12 Georgia>"_s;
+    QTest::newRow("bold, italics, underline") << u"\\b a\\i b\\b0 c\\ul d\\i0\\ulnone e"_s
+                                              << u"a<b12 Georgia>b<bi12 Georgia>c<i12 Georgia>"
+                                                 u"d<iu12 Georgia>e<12 Georgia>"_s;
+    QTest::newRow("a group gives back")
+        << u"a{\\b\\fs28 b}c"_s << u"a<12 Georgia>b<b14 Georgia>c<12 Georgia>"_s;
+    QTest::newRow("plain") << u"\\b\\f1\\fs20 a\\plain b"_s << u"a<b10 Arial>b<12 Georgia>"_s;
+    QTest::newRow("half points") << u"\\fs21 a"_s << u"a<10.5 Georgia>"_s;
+    QTest::newRow("sizes beyond sense")
+        << u"\\fs0 a\\fs99999 b\\fs-3 c"_s << u"a<1 Georgia>b<200 Georgia>c<1 Georgia>"_s;
+    QTest::newRow("a font that is not in the table") << u"\\f77 a"_s << u"a<12 Georgia>"_s;
+    QTest::newRow("signs in the document's font") << u"{\\f2\\'b7}a"_s << u"•a<12 Georgia>"_s;
+    QTest::newRow("the same font twice is one run") << u"a{\\b\\b0 b}c"_s << u"abc<12 Georgia>"_s;
+    QTest::newRow("a switch between texts of none") << u"a\\b\\b0 b"_s << u"ab<12 Georgia>"_s;
+}
+
+void TestLettoreRtf::caratteri()
+{
+    QFETCH(QString, Corpo);
+    QTEST(Tratti(Solo(Corpo)), "Attesi");
+}
+
+void TestLettoreRtf::paragrafi_data()
+{
+    QTest::addColumn<QString>("Corpo");
+    QTest::addColumn<Allineamento>("Come");
+
+    QTest::newRow("left") << u"a\\par"_s << Allineamento::Sinistra;
+    QTest::newRow("centre") << u"\\qc a\\par"_s << Allineamento::Centro;
+    QTest::newRow("right") << u"\\qr a\\par"_s << Allineamento::Destra;
+    QTest::newRow("justified") << u"\\qj a\\par"_s << Allineamento::Giustificato;
+    QTest::newRow("back to left") << u"\\qc\\ql a\\par"_s << Allineamento::Sinistra;
+    QTest::newRow("plain paragraph") << u"\\qc\\pard a\\par"_s << Allineamento::Sinistra;
+    QTest::newRow("said within the paragraph") << u"a\\qc b\\par"_s << Allineamento::Centro;
+    QTest::newRow("without its end mark") << u"\\qr a"_s << Allineamento::Destra;
+    QTest::newRow("a group gives back") << u"{\\qc }a\\par"_s << Allineamento::Sinistra;
+}
+
+void TestLettoreRtf::paragrafi()
+{
+    QFETCH(QString, Corpo);
+    QTEST(Solo(Corpo).Allinea, "Come");
+}
+
+void TestLettoreRtf::rientri()
+{
+    const Rientri Suoi = Solo(u"\\li1134\\fi-567\\ri567\\sb120\\sa60 a\\par"_s).Spazi;
+    QVERIFY(qAbs(Suoi.SinistroCm - 2.0) < 0.01);
+    QVERIFY(qAbs(Suoi.PrimaRigaCm + 1.0) < 0.01);
+    QVERIFY(qAbs(Suoi.DestroCm - 1.0) < 0.01);
+    QCOMPARE(Suoi.SopraPunti, 6.0);
+    QCOMPARE(Suoi.SottoPunti, 3.0);
+
+    // Nothing hangs out of the text area, and no indent is wider than a page.
+    const Rientri Folli = Solo(u"\\li-9999\\fi-9999\\ri2000000000\\sa-5\\sb999999 a\\par"_s).Spazi;
+    QCOMPARE(Folli, (Rientri{0.0, 12.0, 0.0, 100.0, 0.0}));
+}
+
+void TestLettoreRtf::pagineNuove()
+{
+    const std::vector<Paragrafo> Letti =
+        LeggiRtf(Rtf(u"a\\par\\page b\\par c\\page d\\par\\pagebb e\\par\\pard f\\par"_s));
+    QString Visti;
+    for (const Paragrafo& Uno : Letti)
+        Visti += (Uno.NuovaPagina ? u"^"_s : QString()) + Uno.Testo();
+    QCOMPARE(Visti, u"a^bc^d^ef"_s);
+}
+
+void TestLettoreRtf::bianchiConIlLoroFont()
+{
+    const Paragrafo Bianco = Solo(u"\\f1\\fs40\\par"_s);
+    QVERIFY(Bianco.Tratti.empty());
+    QCOMPARE(Bianco.Font.Nome, u"Arial"_s);
+    QCOMPARE(Bianco.Font.Punti, 20.0);
+}
+
+void TestLettoreRtf::guasti_data()
+{
+    QTest::addColumn<QString>("Testo");
+    QTest::addColumn<QString>("Attesi");
+
+    QTest::newRow("nothing") << QString() << QString();
+    QTest::newRow("no rich text") << u"Art. 3"_s << QString();
+    QTest::newRow("blanks before it") << u" {\\rtf1 a}"_s << QString();
+    QTest::newRow("the mark alone") << u"{\\rtf"_s << QString();
+    QTest::newRow("an empty one") << u"{\\rtf1}"_s << QString();
+    QTest::newRow("braces that never close") << u"{\\rtf1 a{\\b b{\\i c"_s << u"abc|"_s;
+    QTest::newRow("braces that close too often") << u"{\\rtf1 a}}}}b"_s << u"a|"_s;
+    QTest::newRow("ends in a word") << u"{\\rtf1 a\\pa"_s << u"a|"_s;
+    QTest::newRow("ends in a backslash") << u"{\\rtf1 a\\"_s << u"a|"_s;
+    QTest::newRow("ends in a code") << u"{\\rtf1 a\\'e"_s << u"a|"_s;
+    QTest::newRow("a code of no digits") << u"{\\rtf1 a\\'zzb}"_s << u"azzb|"_s;
+    QTest::newRow("ends in a minus") << u"{\\rtf1 a\\li-"_s << u"a-|"_s;
+    QTest::newRow("a picture that never ends") << u"{\\rtf1 a{\\pict 00ff"_s << u"a|"_s;
+    QTest::newRow("more bytes than there are") << u"{\\rtf1 a\\bin2000000000 b"_s << u"a|"_s;
+    QTest::newRow("bytes below zero") << u"{\\rtf1 a\\bin-7 b}"_s << u"ab|"_s;
+    QTest::newRow("numbers beyond 32 bits") << u"{\\rtf1\\uc99999999999999\\fs99999999999 a}"_s << u"a|"_s;
+    QTest::newRow("a letter without number") << u"{\\rtf1 a\\u b}"_s << u"ab|"_s;
+    QTest::newRow("a word of a thousand letters")
+        << u"{\\rtf1 a\\"_s + QString(1000, u'x') + u" b}"_s << u"ab|"_s;
+    QTest::newRow("a table of fonts that never ends")
+        << u"{\\rtf1{\\fonttbl{\\f0 Arial; a\\par"_s << QString();
+}
+
+void TestLettoreRtf::guasti()
+{
+    QFETCH(QString, Testo);
+    QTEST(Testi(Testo), "Attesi");
+}
+
+void TestLettoreRtf::ogniTroncamentoDaUnInizio()
+{
+    const QString Intero =
+        Rtf(u"\\qc\\b Art. 3\\b0\\par\\pard perch\\'e9 \\'80 {\\i sempre}\\par fine\\par"_s);
+    const QString Completo = u"Art. 3 perché € sempre fine"_s;
+    for (qsizetype Fine = 0; Fine <= Intero.size(); ++Fine) {
+        const QString Letto = Testi(Intero.first(Fine)).replace(u'|', u' ').trimmed();
+        QVERIFY2(Completo.startsWith(Letto), qPrintable(u"%1: %2"_s.arg(Fine).arg(Letto)));
+    }
+}
+
+void TestLettoreRtf::gruppiProfondi()
+{
+    constexpr int Quanti = 500 * 1000;
+    const QString Dentro = QString(Quanti, u'{') + u" dentro "_s + QString(Quanti, u'}');
+    QCOMPARE(Testi(u"{\\rtf1 prima"_s + Dentro + u"dopo}"_s), u"primadopo|"_s);
+    QCOMPARE(Testi(u"{\\rtf1 "_s + QString(100, u'{') + u"a"_s + QString(100, u'}') + u"b}"_s), u"ab|"_s);
+    // What a group too deep says of its format says it of nothing.
+    QCOMPARE(Testi(u"{\\rtf1 "_s + QString(300, u'{') + u"\\v\\*\\par"_s + QString(300, u'}') + u"b}"_s),
+             u"b|"_s);
+}
+
+void TestLettoreRtf::limiti()
+{
+    const QString Lungo = u"{\\rtf1 "_s + QString(MassimoCaratteriRtf + 10, u'a') + u"}"_s;
+    QCOMPARE(Testi(Lungo).size(), MassimoCaratteriRtf + 1);
+    const std::size_t Troppi = MassimoParagrafiRtf + 10;
+    QCOMPARE(LeggiRtf(u"{\\rtf1 "_s + u"\\par"_s.repeated(qsizetype(Troppi)) + u"}"_s).size(),
+             MassimoParagrafiRtf);
+}
+
+void TestLettoreRtf::tempoLineare_data()
+{
+    QTest::addColumn<QString>("Pezzo");
+    QTest::newRow("text") << u"clausole del contratto "_s;
+    QTest::newRow("words") << u"\\b\\b0 a"_s;
+    QTest::newRow("runs") << u"{\\b a}b"_s;
+    QTest::newRow("groups that open") << u"{"_s;
+    QTest::newRow("fonts") << u"{\\fonttbl{\\f1 A;}}"_s;
+    QTest::newRow("codes") << u"\\'e9"_s;
+    QTest::newRow("numbers") << u"\\u8364?"_s;
+    QTest::newRow("a number") << u"\\fs9"_s;
+    QTest::newRow("digits") << u"9"_s;
+    QTest::newRow("raw bytes") << u"\\bin0 "_s;
+}
+
+/// Two megabytes of anything take no more than seconds, even in a build for debugging: what is quadratic
+/// would take hours.
+void TestLettoreRtf::tempoLineare()
+{
+    QFETCH(QString, Pezzo);
+    constexpr qsizetype Quanti = 2 * 1000 * 1000;
+    const QString Grande = u"{\\rtf1\\fs"_s + Pezzo.repeated(Quanti / Pezzo.size());
+    QElapsedTimer Tempo;
+    Tempo.start();
+    const std::vector<Paragrafo> Letti = LeggiRtf(Grande);
+    QVERIFY(Letti.size() <= MassimoParagrafiRtf);
+    QVERIFY2(Tempo.elapsed() < 8000, qPrintable(QString::number(Tempo.elapsed())));
+}
+
+void TestLettoreRtf::nomeDiFontSmisurato()
+{
+    const QString Nome = QString(1000 * 1000, u'x');
+    const std::vector<Paragrafo> Letti = LeggiRtf(u"{\\rtf1{\\fonttbl{\\f0 "_s + Nome + u";}}a}"_s);
+    QCOMPARE(Letti.size(), std::size_t{1});
+    QVERIFY(Letti[0].Tratti[0].Font.Nome.size() <= 64);
+}
+
+#include "TestLettoreRtf.moc"
