@@ -1,0 +1,367 @@
+#include "supporto/prova.h"
+
+#include "documenti.h"
+#include "platform/percorsi.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
+class TestContratto : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void margini_data();
+    void margini();
+    void grassetto();
+    void caratteri();
+    void treColonneSenzaAcconti();
+    void quattroRigheAMano();
+    void leVociDellAssociataBastano();
+    void speseGenerali_data();
+    void speseGenerali();
+    void frase_data();
+    void frase();
+    void societaSenzaRappresentante_data();
+    void societaSenzaRappresentante();
+    void informativa_data();
+    void informativa();
+
+    void clausole_data();
+    void clausole();
+    void clausoleMancanti_data();
+    void clausoleMancanti();
+    void clausoleInTestoSemplice();
+    void clausoleGuaste_data();
+    void clausoleGuaste();
+
+private:
+    QString Clausole;  ///< folder of the clauses
+};
+PROVA(TestContratto);
+
+namespace {
+
+using campioni::TestiBlocchi;
+using documenti::Completa;
+using documenti::Composto;
+
+QString Frase(const Documento& Doc, const QString& Inizio)
+{
+    return TestiBlocchi(Doc).filter(Inizio).value(0);
+}
+
+void RigheTipi()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::newRow("contratto") << int(StampaContratto);
+    QTest::newRow("informativa") << int(StampaInformativa);
+}
+
+}  // namespace
+
+void TestContratto::init()
+{
+    campioni::ImpostaStudio();
+    sessione::PercorsoProg = NuovaCartella();
+    Clausole = sessione::PercorsoProg + Barra(u"doc"_s);
+    QVERIFY(QDir().mkpath(Clausole));
+}
+
+// ---- the page
+
+void TestContratto::margini_data()
+{
+    RigheTipi();
+}
+
+void TestContratto::margini()
+{
+    QFETCH(int, Tipo);
+    Superficie vp;
+    QVERIFY(Anteprima(vp, campioni::Civile(), Tipo));
+    QCOMPARE(vp.Contenuto().MargineAltoCm, 2.0);
+    QCOMPARE(vp.Contenuto().MargineBassoCm, 2.0);
+    QCOMPARE(vp.Contenuto().MargineSinistroCm, 1.4);
+    QCOMPARE(vp.Contenuto().MargineDestroCm, 1.4);
+    QCOMPARE(vp.Contenuto().PiePagina, QString(124, u' ') + u"Pagina %d"_s);
+
+    QVERIFY(Anteprima(vp, campioni::Civile(), StampaPrenotula));  // no other document takes them over
+    QCOMPARE(vp.Contenuto().MargineAltoCm, 1.5);
+    QCOMPARE(vp.Contenuto().MargineBassoCm, 3.2);
+    QCOMPARE(vp.Contenuto().MargineSinistroCm, 2.0);
+}
+
+void TestContratto::grassetto()
+{
+    const Documento Doc = Composto(Completa(campioni::Civile()), StampaContratto);
+    QStringList Grassetti;
+    for (const BloccoDocumento& Uno : Doc.Blocchi)
+        if (const auto* Riga = std::get_if<Paragrafo>(&Uno))
+            for (const Tratto& Suo : Riga->Tratti)
+                if (Suo.Font.Grassetto)
+                    Grassetti += Suo.Testo;
+    QCOMPARE(Grassetti,
+             (QStringList{u"Contratto di affidamento di incarico professionale per attività legale"_s,
+                          u"stipulato ai sensi degli articoli 2233 c.c. e 13 della legge professionale "
+                          u"n. 247 del 31 dicembre 2012"_s,
+                          u"accordi e condizioni"_s, u"I - Determinazione degli onorari e delle spese"_s,
+                          u"Art. 1"_s, u"Art. 2 "_s}));
+}
+
+void TestContratto::caratteri()
+{
+    const Documento Doc = Composto(Completa(campioni::Civile()), StampaContratto);
+    for (const BloccoDocumento& Uno : Doc.Blocchi)
+        if (const auto* Riga = std::get_if<Paragrafo>(&Uno))
+            for (const Tratto& Suo : Riga->Tratti)
+                QCOMPARE(Suo.Font.Punti, 11.0);
+    QCOMPARE(std::get<Paragrafo>(Doc.Blocchi[0]).Allinea, Allineamento::Centro);
+    QCOMPARE(std::get<Paragrafo>(Doc.Blocchi[3]).Allinea, Allineamento::Giustificato);
+    QCOMPARE(std::get<Paragrafo>(Doc.Blocchi[4]).Allinea, Allineamento::Centro);
+    QCOMPARE(std::get<Paragrafo>(Doc.Blocchi.back()).Allinea, Allineamento::Giustificato);
+}
+
+// ---- the contract
+
+void TestContratto::treColonneSenzaAcconti()
+{
+    Parcella Nota = Completa(campioni::Stragiudiziale());  // both switches are on
+    const Documento Doc = Composto(Nota, StampaContratto);
+    QCOMPARE(campioni::NumeroTabelle(Doc), 2);
+    QCOMPARE(int(campioni::TabellaDi(Doc, 0).LarghezzeCm.size()), 3);
+    QCOMPARE(campioni::TestiRiga(campioni::TabellaDi(Doc, 1), 0).value(0), u"SPESE"_s);
+}
+
+void TestContratto::quattroRigheAMano()
+{
+    Parcella Nota = campioni::Vuota();
+    Nota.CodCateg = u"PEN"_s;
+    const Documento Doc = Composto(Nota, StampaContratto);
+    QCOMPARE(campioni::NumeroTabelle(Doc), 0);
+    const QStringList Testi = TestiBlocchi(Doc);
+    const qsizetype Art1 = Testi.indexOf(u"Art. 1- I compensi  per l'incarico professionale in oggetto sono "
+                                         u"così convenuti, al netto di i.v.a. e "
+                                         u"c.p. avv.:"_s);
+    QVERIFY(Art1 > 0);
+    QCOMPARE(Testi.mid(Art1 + 1, 5),
+             (QStringList{QString(), QString(), QString(), QString(),
+                          u"Art. 2 - I compensi pattuiti verranno corrisposti dal cliente con le seguenti "
+                          u"modalità:"_s}));
+}
+
+void TestContratto::leVociDellAssociataBastano()
+{
+    Parcella Nota = Completa(campioni::ConAssociata(true));
+    Nota.xOnorari = TabellaRighe(OnoColonne);
+    QCOMPARE(campioni::NumeroTabelle(Composto(Nota, StampaContratto)), 2);
+    Nota.txtParcMultipla.clear();
+    QCOMPARE(campioni::NumeroTabelle(Composto(Nota, StampaContratto)), 0);
+}
+
+void TestContratto::speseGenerali_data()
+{
+    QTest::addColumn<bool>("Attiva");
+    QTest::addColumn<QString>("Percento");
+    QTest::addColumn<QString>("Riga");
+    QTest::newRow("dovute")
+        << true << u"12,5"_s
+        << u"E' inoltre dovuto all'avvocato il rimborso delle spese generali nella misura "
+           u"forfettaria del 12,5% degli onorari sopra indicati."_s;
+    QTest::newRow("non dovute") << false << u"12,5"_s << QString();
+    QTest::newRow("senza percentuale") << true << QString() << QString();
+}
+
+void TestContratto::speseGenerali()
+{
+    QFETCH(bool, Attiva);
+    QFETCH(QString, Percento);
+    Parcella Nota = documenti::ScegliTipo(campioni::Civile(), StampaContratto);
+    Nota.chkSpeseGen.Attiva = Attiva;
+    Nota.txtSpeGen.Testo = Percento;
+    QTEST(Frase(documenti::ComeSta(Nota, StampaContratto), u"spese generali"_s), "Riga");
+}
+
+void TestContratto::frase_data()
+{
+    QTest::addColumn<QString>("Oggetto");
+    QTest::addColumn<QString>("Controparte");
+    QTest::addColumn<QString>("Categoria");
+    QTest::addColumn<QString>("CodFisc");
+    QTest::addColumn<QString>("Coda");
+    const QString Incarico = u" l'incarico di consulenza, assistenza e di difesa in giudizio"_s;
+    const QString Fine = u" e che sarà eseguito in conformità dei seguenti accordi e condizioni"_s;
+    const QString Studio = u"con studio in Via Roma 12 20121 Milano (MI)"_s;
+    const QString PIva = u" P.I. 01234567890"_s;
+    QTest::newRow("tutto") << u" lite \n"_s << u"Bianchi"_s << u"CIV"_s << u"NRE"_s
+                           << Studio + u" C.F. NRE"_s + PIva + Incarico +
+                                  u" avente ad oggetto lite contro Bianchi di valore pari a 30.000,00 €"_s +
+                                  Fine;
+    QTest::newRow("senza codice fiscale, oggetto, controparte")
+        << QString() << QString() << u"CIV"_s << QString()
+        << Studio + PIva + Incarico + u" di valore pari a 30.000,00 €"_s + Fine;
+    QTest::newRow("penale: nessun valore") << u"lite"_s << QString() << u"PEN"_s << QString()
+                                           << Studio + PIva + Incarico + u" avente ad oggetto lite"_s + Fine;
+}
+
+void TestContratto::frase()
+{
+    QFETCH(QString, Oggetto);
+    QFETCH(QString, Controparte);
+    QFETCH(QString, Categoria);
+    QFETCH(QString, CodFisc);
+    QFETCH(QString, Coda);
+    sessione::StudioCodFisc = CodFisc;
+    Parcella Nota = campioni::Civile();
+    Nota.txtDatiStaOgg.Testo = Oggetto;
+    Nota.txtDatiStaControp.Testo = Controparte;
+    Nota.CodCateg = Categoria;
+    const QString Scritta = Frase(Composto(Nota, StampaContratto), u"Il Cliente "_s);
+    QCOMPARE(Scritta.section(u"Giulia Neri, "_s, 1), Coda);
+}
+
+void TestContratto::societaSenzaRappresentante_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<QString>("Parole");
+    const QString Fisse =
+        u"Il Cliente Gamma S.p.A. in persona del legale rappresentante, Sig. nato/a il  a  residente in "_s;
+    QTest::newRow("contratto") << int(StampaContratto) << Fisse + u" conferisce all'avvocato Avv. Giulia"_s;
+    QTest::newRow("informativa") << int(StampaInformativa)
+                                 << Fisse + u" dichiara di essere stato informato dall'avv. Avv. Giulia"_s;
+}
+
+void TestContratto::societaSenzaRappresentante()
+{
+    QFETCH(int, Tipo);
+    QFETCH(QString, Parole);
+    Parcella Nota = campioni::Civile();
+    Nota.optContrTipo = 1;
+    Nota.txtDatiStaCli.Testo = u"Gamma S.p.A."_s;
+    const QString Scritta = Frase(documenti::ComeSta(Nota, Tipo), u"Il Cliente "_s);
+    QCOMPARE(Scritta.left(Parole.size()), Parole);
+}
+
+// ---- the statement
+
+void TestContratto::informativa_data()
+{
+    QTest::addColumn<QString>("Oggetto");
+    QTest::addColumn<QString>("Coda");
+    QTest::newRow("con oggetto") << u"una lite"_s << u"contro Bianchi S.r.l. e avente a oggetto una lite: "_s;
+    QTest::newRow("senza oggetto") << QString() << u"contro Bianchi S.r.l.: "_s;
+}
+
+void TestContratto::informativa()
+{
+    QFETCH(QString, Oggetto);
+    QFETCH(QString, Coda);
+    Parcella Nota = campioni::Civile();
+    Nota.txtDatiStaOgg.Testo = Oggetto;
+    Nota.txtDatiStaCli.Testo = u"Mario Rossi"_s;
+    const Documento Doc = documenti::ComeSta(Nota, StampaInformativa);
+    QCOMPARE(
+        TestiBlocchi(Doc),
+        (QStringList{u"DICHIARAZIONI DI RESA INFORMAZIONE"_s, QString(),
+                     u"Il sottoscritto  Mario Rossi dichiara di essere stato informato dall'avv. Avv. Giulia "
+                     u"Neri in relazione alla controversia insorta "_s +
+                         Coda}));
+    const auto& Titolo = std::get<Paragrafo>(Doc.Blocchi[0]);
+    QCOMPARE(Titolo.Allinea, Allineamento::Centro);
+    QCOMPARE(Titolo.Tratti[0].Font, (Carattere{u"Times New Roman"_s, 11.0, true}));
+    const auto& Dichiarazione = std::get<Paragrafo>(Doc.Blocchi[2]);
+    QCOMPARE(Dichiarazione.Allinea, Allineamento::Giustificato);
+    QCOMPARE(Dichiarazione.Tratti[0].Font, (Carattere{u"Times New Roman"_s, 11.0}));
+}
+
+// ---- the clauses
+
+void TestContratto::clausole_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<int>("ContrTipo");
+    QTest::addColumn<QString>("File");
+    QTest::newRow("contratto di una persona") << int(StampaContratto) << 0 << u"ContrattoPersonaFisica.rtf"_s;
+    QTest::newRow("contratto di una società")
+        << int(StampaContratto) << 1 << u"ContrattoPersonaGiuridica.rtf"_s;
+    QTest::newRow("informativa di una persona")
+        << int(StampaInformativa) << 0 << u"ResaInformazionePersonaFisica.rtf"_s;
+    QTest::newRow("informativa di una società, in minuscole")
+        << int(StampaInformativa) << 1 << u"resainformazionepersonagiuridica.rtf"_s;
+}
+
+void TestContratto::clausole()
+{
+    QFETCH(int, Tipo);
+    QFETCH(int, ContrTipo);
+    QFETCH(QString, File);
+    ScriviFile(Clausole + File, "{\\rtf1\\ansi \\b Clausole\\b0  di " + File.toUtf8() + "\\par}");
+    Parcella Nota = Completa(campioni::Civile());
+    Nota.optContrTipo = ContrTipo;
+    const Documento Doc = Composto(Nota, Tipo);
+    const QStringList Testi = TestiBlocchi(Doc);
+    QCOMPARE(Testi.mid(Testi.size() - 2), (QStringList{u"Clausole di "_s + File, QString()}));
+    const auto& Clausola = std::get<Paragrafo>(Doc.Blocchi[Doc.Blocchi.size() - 2]);
+    QCOMPARE(int(Clausola.Tratti.size()), 2);
+    QVERIFY(Clausola.Tratti[0].Font.Grassetto && !Clausola.Tratti[1].Font.Grassetto);
+    QVERIFY(!TestiBlocchi(Composto(campioni::Civile(), StampaPrenotula)).join(u' ').contains(File));
+}
+
+void TestContratto::clausoleMancanti_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<QString>("Ultima");
+    QTest::newRow("contratto") << int(StampaContratto)
+                               << u"d) euro "_s + QString(20, u' ') +
+                                      u" a saldo, alla pubblicazione della decisione."_s;
+    QTest::newRow("informativa")
+        << int(StampaInformativa)
+        << u"Il sottoscritto  Mario Rossi dichiara di essere stato informato dall'avv. Avv. "
+           u"Giulia Neri in relazione alla controversia insorta contro Bianchi S.r.l.: "_s;
+}
+
+void TestContratto::clausoleMancanti()
+{
+    QFETCH(int, Tipo);
+    Parcella Nota = campioni::Civile();
+    Nota.txtDatiStaOgg.Testo.clear();
+    Nota.txtDatiStaCli.Testo = u"Mario Rossi"_s;
+    QTEST(TestiBlocchi(documenti::ComeSta(Nota, Tipo)).last(), "Ultima");
+    ScriviFile(Clausole + u"ContrattoPersonaFisica.rtf"_s, {});
+    ScriviFile(Clausole + u"ResaInformazionePersonaFisica.rtf"_s, {});
+    QTEST(TestiBlocchi(documenti::ComeSta(Nota, Tipo)).last(), "Ultima");
+}
+
+void TestContratto::clausoleInTestoSemplice()
+{
+    ScriviFile(Clausole + u"ContrattoPersonaFisica.rtf"_s, "Foro competente \xE8 Milano.");
+    const Documento Doc = Composto(Completa(campioni::Civile()), StampaContratto);
+    QVERIFY(TestiBlocchi(Doc).contains(u"Foro competente è Milano."_s));
+}
+
+void TestContratto::clausoleGuaste_data()
+{
+    QTest::addColumn<QByteArray>("Byte");
+    QTest::addColumn<QString>("Lette");
+    QTest::newRow("troncato nel testo") << QByteArray("{\\rtf1\\ansi Foro di Mil") << u"Foro di Mil"_s;
+    QTest::newRow("troncato nei font") << QByteArray("{\\rtf1\\ansi{\\fonttbl{\\f0 Tim") << QString();
+    QTest::newRow("gruppi senza fine") << QByteArray("{\\rtf1") + QByteArray(100000, '{') << QString();
+    QTest::newRow("byte nulli") << QByteArray("{\\rtf1\\ansi Foro\0\0 di Milano}", 28) << u"Foro di Milano"_s;
+}
+
+void TestContratto::clausoleGuaste()
+{
+    QFETCH(QByteArray, Byte);
+    QFETCH(QString, Lette);
+    const Parcella Nota = Completa(campioni::Civile());
+    const QString Senza = TestiBlocchi(Composto(Nota, StampaContratto)).join(u'|');
+    ScriviFile(Clausole + u"ContrattoPersonaFisica.rtf"_s, Byte);
+    const QString Con = TestiBlocchi(Composto(Nota, StampaContratto)).join(u'|');
+    QVERIFY(Con.startsWith(Senza));
+    QCOMPARE(Con.mid(Senza.size()).remove(u'|').remove(QChar()), Lette);
+}
+
+#include "TestContratto.moc"
