@@ -1,6 +1,7 @@
 // The commands of calcanova-cli that work on fee-note files.
 #include "cli/comandi.h"
 
+#include "feenote/modDatiStampa.h"
 #include "feenote/modDescrizione.h"
 #include "feenote/modDocumento.h"
 #include "feenote/modFile.h"
@@ -27,14 +28,6 @@ Parcella LeggiNota(const QString& Percorso)
 {
     Parcella Nota;
     CaricaDati(Nota, PercorsoNativo(Percorso));
-    return Nota;
-}
-
-/// The note with a print type chosen, as the list of the print tab would leave it.
-Parcella LeggiNotaPerTipo(const QString& Percorso, int Tipo)
-{
-    Parcella Nota = LeggiNota(Percorso);
-    ScegliTipoStampa(Nota, Tipo);
     return Nota;
 }
 
@@ -121,7 +114,9 @@ Risposta ComandoNota(const QStringList& Valori)
 Risposta ComandoRiepilogo(const QStringList& Valori)
 {
     const int Tipo = LeggiTipo(Valori.value(1, u"0"_s));
-    return RispostaRiepilogo(CatenaFiscale(LeggiNotaPerTipo(Valori[0], Tipo), Tipo));
+    Parcella Nota = LeggiNota(Valori[0]);
+    ScegliTipoStampa(Nota, Tipo);
+    return RispostaRiepilogo(CatenaFiscale(Nota, Tipo));
 }
 
 Risposta ComandoStampa(const QStringList& Valori)
@@ -130,7 +125,8 @@ Risposta ComandoStampa(const QStringList& Valori)
     const QString Uscita = PercorsoNativo(Valori[2]);
     const Formato& Formato = FormatoDi(Uscita);
     const QString Documento = VociTipoStampa().value(Tipo);
-    const Parcella Nota = LeggiNotaPerTipo(Valori[0], Tipo);
+    Parcella Nota = LeggiNota(Valori[0]);
+    ScegliDocumento(Nota, Tipo);  // as the list of the print tab would: the client is worded for it
     Superficie vp;
     if (!Anteprima(vp, Nota, Tipo))
         throw Errore(5, u"Il documento «%1» non si compone da questo comando"_s.arg(Documento));

@@ -58,7 +58,9 @@ private Q_SLOTS:
     void parcellaIllegibile_data();
     void parcellaIllegibile();
     void senzaTariffe();
-    void stampaSoloQuelloCheSaComporre();
+    void stampaSoloInFileConosciuti();
+    void stampaOgniDocumento_data();
+    void stampaOgniDocumento();
 };
 PROVA(TestCli);
 
@@ -349,16 +351,40 @@ void TestCli::senzaTariffe()
     QVERIFY(!EsisteFile(Vuota + u"n.mdb"_s));
 }
 
-void TestCli::stampaSoloQuelloCheSaComporre()
+void TestCli::stampaSoloInFileConosciuti()
 {
     const QString Nota = NuovaCartella() + u"nota.mdb"_s;
     QCOMPARE(Chiama({u"crea"_s, Esempio(u"civile.json"_s), Nota}).Stato, 0);
-    const QString Altro = NuovaCartella() + u"nota.doc"_s;
+    const QString Altro = NuovaCartella() + u"nota.xyz"_s;
     QCOMPARE(Chiama({u"stampa"_s, Nota, u"0"_s, Altro}).Stato, 1);
     QVERIFY(!EsisteFile(Altro));
-    const QString Testo = NuovaCartella() + u"preventivo.txt"_s;
-    QCOMPARE(Chiama({u"stampa"_s, Nota, u"1"_s, Testo}).Stato, 1);
-    QVERIFY(!EsisteFile(Testo));
+}
+
+void TestCli::stampaOgniDocumento_data()
+{
+    QTest::addColumn<QString>("Tipo");
+    QTest::addColumn<QString>("Parole");
+    QTest::newRow("prenotula") << u"0"_s << u"Preavviso di parcella"_s;
+    QTest::newRow("preventivo") << u"1"_s << u"Preventivo di massima, redatto"_s;
+    QTest::newRow("fattura sintetica") << u"2"_s << u"Descrizione prestazioni e rimborsi"_s;
+    QTest::newRow("fattura analitica") << u"3"_s << u"Fattura N°"_s;
+    QTest::newRow("nota spese giudiziale") << u"4"_s << u"NOTA SPESE GIUDIZIALE"_s;
+    QTest::newRow("contratto") << u"5"_s << u"Contratto di affidamento di incarico"_s;
+    QTest::newRow("informativa") << u"6"_s << u"DICHIARAZIONI DI RESA INFORMAZIONE"_s;
+    QTest::newRow("parte contabile") << u"7"_s << u"RIEPILOGO:"_s;
+}
+
+void TestCli::stampaOgniDocumento()
+{
+    QFETCH(QString, Tipo);
+    QFETCH(QString, Parole);
+    const QString Nota = NuovaCartella() + u"nota.mdb"_s;
+    QCOMPARE(Chiama({u"crea"_s, Esempio(u"civile.json"_s), Nota}).Stato, 0);
+    const QString Testo = NuovaCartella() + u"documento.txt"_s;
+    const Esito Fatta = Chiama({u"stampa"_s, Nota, Tipo, Testo});
+    QCOMPARE(Fatta.Guasti, QString());
+    QCOMPARE(Fatta.Stato, 0);
+    QVERIFY(QString::fromUtf8(LeggiFile(Testo)).contains(Parole));
 }
 
 #include "TestCli.moc"
