@@ -142,7 +142,7 @@ constexpr std::array Rate{
 
 void Pagamenti(Superficie& vp)
 {
-    constexpr int PostoImporto = 20;
+    constexpr int PostoImporto = 30;  // room to write the amount by hand
     Articolo(vp, u"Art. 2 "_s,
              u"- I compensi pattuiti verranno corrisposti dal cliente con le seguenti modalità:"_s);
     for (const Rata& Una : Rate) {

@@ -315,7 +315,7 @@ void TestContratto::clausoleMancanti_data()
     QTest::addColumn<int>("Tipo");
     QTest::addColumn<QString>("Ultima");
     QTest::newRow("contratto") << int(StampaContratto)
-                               << u"d) euro "_s + QString(20, u' ') +
+                               << u"d) euro "_s + QString(30, u' ') +
                                       u" a saldo, alla pubblicazione della decisione."_s;
     QTest::newRow("informativa")
         << int(StampaInformativa)
