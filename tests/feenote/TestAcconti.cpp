@@ -141,8 +141,12 @@ void TestAcconti::sommePerTipo()
     // Shown or not, the payments reduce.
     Nota.chkAcconti.Attiva = false;
     const SommeAcconti Attese{1100.0, 20.0, 103.5};
-    for (const int Tipo : {StampaPrenotula, StampaFatturaSintetica, StampaSoloContabile})
+    for (const int Tipo : {StampaPrenotula, StampaFatturaAnalitica, StampaContratto, StampaSoloContabile})
         QCOMPARE(CalcolaAcconti(Nota, Tipo), Attese);
+    // The short invoice sums what it lists.
+    QCOMPARE(CalcolaAcconti(Nota, StampaFatturaSintetica), SommeAcconti());
+    Nota.chkAcconti.Attiva = true;
+    QCOMPARE(CalcolaAcconti(Nota, StampaFatturaSintetica), Attese);
     QCOMPARE(CalcolaAcconti(Nota, StampaNotaGiudiziale), SommeAcconti());
 }
 
