@@ -15,8 +15,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 QAction* AggiungiTasto(QToolBar* Barra, const QString& Chiave, const QString& Suggerimento)
 {
     QAction* Tasto = Barra->addAction(aspetto::Icona(Chiave), Suggerimento);
@@ -28,6 +26,8 @@ QAction* AggiungiTasto(QToolBar* Barra, const QString& Chiave, const QString& Su
     Bottone->setFocusPolicy(Qt::TabFocus);
     return Tasto;
 }
+
+namespace {
 
 /// One of the two radio-like buttons of the insertion mode.
 void AggiungiModo(QToolBar* Barra, QActionGroup* Modi, bool& InsUltima, bool Ultima, const QString& Chiave,

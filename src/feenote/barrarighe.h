@@ -8,9 +8,13 @@
 #include <functional>
 
 class Griglia;
+class QAction;
 class QLineEdit;
 class QToolBar;
 class QWidget;
+
+/// Adds a button with the picture of its key, called <bar>_<key>; the keyboard reaches it.
+QAction* AggiungiTasto(QToolBar* Barra, const QString& Chiave, const QString& Suggerimento);
 
 /// Builds barListaOnoDir: "select" inserts the catalogue's current row, "info" shows its sheet; "lastrow" and
 /// "currentrow" choose where new lines go and say so. The keyboard reaches every button.

@@ -80,6 +80,7 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     CollegaOnorari();
     CollegaSpese();
     CollegaAcconti();
+    CollegaStampa();
     RimettiDisposizione();
     aspetto::TitoliInGrassetto(this);
     aspetto::AssegnaMnemonici(this);
@@ -203,6 +204,8 @@ void frmParcelle::tabParcelle_Change(int Nuova)
     else if (Nuova == SchedaListaSpese)
         EntraScheda2();
     Mostra();
+    if (Nuova == SchedaDiStampa)
+        EntraScheda4();
 }
 
 void frmParcelle::imgPrev_Click()
@@ -245,6 +248,7 @@ void frmParcelle::Mostra()
     MostraSpese();
     MostraAcconti();
     MostraImposte();
+    MostraStampa();
     RefreshDatiBase();
     RefreshGrid();
     MostraSegni();

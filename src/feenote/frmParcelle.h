@@ -146,6 +146,23 @@ private:
     void MostraAcconti();
     void MostraImposte();
 
+    // ---- frmParcelle_Stampa.cpp: document, its data, preview
+    void CollegaStampa();
+    void CollegaDatiStampa();
+    void CollegaSegniStampa();
+    void CollegaAnteprima();
+    void MostraStampa();
+    void MostraDatiStampa();
+    void EntraScheda4();
+    void cmbTipoStampa_Click(int Tipo);
+    void barPrint_ButtonClick(const QString& Chiave);
+    /// Composes the chosen document anew: something that it shows has changed.
+    void Ricomponi();
+    void MostraPagina(int Pagina);
+    void StampaParcella();
+    void SalvaPdf();
+    [[nodiscard]] QWidget* txtDatiPar(int Indice) const;
+
     /// Runs a rule of feenote on the record, then shows what came of it.
     template <class Regola>
     void Applica(Regola&& Fai)
@@ -153,6 +170,13 @@ private:
         Fai();
         SetModificata(Nota.Modificata);
         Mostra();
+    }
+    /// The same for a rule whose outcome is printed.
+    template <class Regola>
+    void ApplicaStampa(Regola&& Fai)
+    {
+        Applica(std::forward<Regola>(Fai));
+        Ricomponi();
     }
 
     int Posto;
@@ -164,6 +188,8 @@ private:
     bool InMostra = false;   ///< controls are being written by code
     bool CambioScheda = false;
     bool DialogoAperto = false;  ///< a question of this window waits for its answer
+
+    QLabel* txtPage = nullptr;  ///< in barPrint
 
     std::unique_ptr<Ui::frmParcelle> ui;
     std::unique_ptr<Ui::SchedaDatiBase> uiBase;

@@ -130,7 +130,7 @@ void frmParcelle::CollegaAcconti()
     for (const VoceImposta& Voce : VociImposte) {
         ::Collega((*uiAcconti).*Voce.Tick, &QCheckBox::clicked, this, [this, Voce](bool Attiva) {
             bool Avviso = false;
-            Applica([&] { Avviso = ClicImposta(Nota, Voce.Quale, Attiva); });
+            ApplicaStampa([&] { Avviso = ClicImposta(Nota, Voce.Quale, Attiva); });
             if (Avviso)
                 AvvisaNotaGiudiziale();
         });
@@ -139,13 +139,16 @@ void frmParcelle::CollegaAcconti()
             CambiaPercento(Nota, Voce.Quale, Testo);
             SetModificata(true);
         });
-        CampoNumerico(
-            Box, [] { return true; }, true);
+        const auto Lasciata = [this] {
+            Ricomponi();
+            return true;
+        };
+        CampoNumerico(Box, Lasciata, true);
     }
     ::Collega(uiAcconti->chkAcconti, &QCheckBox::clicked, this,
-              [this](bool Attiva) { Applica([&] { CambiaAcconti(Nota, Attiva); }); });
+              [this](bool Attiva) { ApplicaStampa([&] { CambiaAcconti(Nota, Attiva); }); });
     ::Collega(uiAcconti->chkMinMax, &QCheckBox::clicked, this,
-              [this](bool Attiva) { Applica([&] { CambiaMinMax(Nota, Attiva); }); });
+              [this](bool Attiva) { ApplicaStampa([&] { CambiaMinMax(Nota, Attiva); }); });
 }
 
 void frmParcelle::MostraAcconti()

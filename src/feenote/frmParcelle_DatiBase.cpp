@@ -1,6 +1,7 @@
 // Tab 0: parties, subject, parameters of the proceeding, percent variation.
 #include "feenote/frmParcelle.h"
 
+#include "feenote/modDatiStampa.h"
 #include "feenote/modParametri.h"
 #include "feenote/modVariazione.h"
 #include "feenote/mostra.h"
@@ -20,14 +21,13 @@ namespace {
 struct CasellaTesto
 {
     QLineEdit* Ui::SchedaDatiBase::*Box;
-    Casella Parcella::*Dato;
-    Casella Parcella::*Stampa;  ///< the same as it will print
+    ParteNota Quale;
 };
 
 constexpr std::array CaselleTesto{
-    CasellaTesto{&Ui::SchedaDatiBase::txtCliente, &Parcella::txtCliente, &Parcella::txtDatiStaCli},
-    CasellaTesto{&Ui::SchedaDatiBase::txtControp, &Parcella::txtControp, &Parcella::txtDatiStaControp},
-    CasellaTesto{&Ui::SchedaDatiBase::txtOggetto, &Parcella::txtOggetto, &Parcella::txtDatiStaOgg},
+    CasellaTesto{&Ui::SchedaDatiBase::txtCliente, ParteNota::Cliente},
+    CasellaTesto{&Ui::SchedaDatiBase::txtControp, ParteNota::Controparte},
+    CasellaTesto{&Ui::SchedaDatiBase::txtOggetto, ParteNota::Oggetto},
 };
 
 /// A text that its box cuts is read whole in the tooltip.
@@ -96,8 +96,7 @@ void frmParcelle::CollegaDatiBase()
     for (const CasellaTesto& Voce : CaselleTesto) {
         QLineEdit* Box = (*uiBase).*Voce.Box;
         ::Collega(Box, &QLineEdit::textEdited, this, [this, Voce](const QString& Testo) {
-            (Nota.*Voce.Dato).Testo = Testo;
-            (Nota.*Voce.Stampa).Testo = Testo;
+            CambiaParte(Nota, Voce.Quale, Testo);
             SetModificata(true);
         });
         FiltraTasti(Box, {});
@@ -152,7 +151,7 @@ void frmParcelle::CollegaDatiBase()
 void frmParcelle::MostraDatiBase()
 {
     for (const CasellaTesto& Voce : CaselleTesto)
-        mostra::Testo((*uiBase).*Voce.Box, Nota.*Voce.Dato);
+        mostra::Testo((*uiBase).*Voce.Box, ParteScritta(Nota, Voce.Quale));
     const bool Collegata = !Nota.NsRif.isEmpty();
     uiBase->lblRif_0->setVisible(Collegata);
     uiBase->lblRif_1->setVisible(Collegata);
@@ -163,12 +162,7 @@ void frmParcelle::MostraDatiBase()
     mostra::Elenco(uiBase->cmbValore, TestiScaglioni(Nota), Nota.cmbValore, Nota.cmbValoreAbilitata);
     mostra::Testo(uiBase->txtImporto, Nota.txtImporto);
 
-    for (QAbstractButton* Opzione : findChild<QButtonGroup*>(u"optAumRid"_s)->buttons()) {
-        const bool Scelta = Opzione->group()->id(Opzione) == Nota.AumRidIdx;
-        Opzione->setChecked(Scelta);
-        // Tab stops at the chosen one; the arrows go through the others.
-        Opzione->setFocusPolicy(Scelta ? Qt::StrongFocus : Qt::ClickFocus);
-    }
+    mostra::Opzioni(findChild<QButtonGroup*>(u"optAumRid"_s), Nota.AumRidIdx);
     mostra::Elenco(uiBase->cmbAumRid, {u"+"_s, u"-"_s}, Nota.cmbAumRid, Nota.cmbAumRidAbilitata);
     mostra::Testo(uiBase->txtAumRid, Nota.txtAumRid);
 }

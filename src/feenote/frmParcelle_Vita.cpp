@@ -17,6 +17,7 @@
 #include "ui_SchedaAcconti.h"
 #include "ui_SchedaOnorari.h"
 #include "ui_SchedaSpese.h"
+#include "ui_SchedaStampa.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -79,13 +80,17 @@ void frmParcelle::RimettiDisposizione()
         Uno->setStretchFactor(1, 2);
         Uno->restoreState(QByteArray::fromBase64(Impostata(Uno).toLatin1()));
     }
+    // The data stay as wide as they need; the page takes the room.
+    uiStampa->divisoreStampa->setSizes({1, 10000});
+    uiStampa->divisoreStampa->setStretchFactor(1, 1);
+    uiStampa->divisoreStampa->restoreState(QByteArray::fromBase64(Impostata(uiStampa->divisoreStampa).toLatin1()));
     for (Griglia* Una : findChildren<Griglia*>())
         Una->ImpostaLarghezze(Impostata(Una));
 }
 
 void frmParcelle::RicordaDisposizione() const
 {
-    for (const QSplitter* Uno : {uiOnorari->divisoreOno, uiSpese->divisoreDir})
+    for (const QSplitter* Uno : {uiOnorari->divisoreOno, uiSpese->divisoreDir, uiStampa->divisoreStampa})
         Imposta(Uno, QString::fromLatin1(Uno->saveState().toBase64()));
     for (const Griglia* Una : findChildren<Griglia*>())
         Imposta(Una, Una->Larghezze());
@@ -131,6 +136,7 @@ bool frmParcelle::SalvaParcella(bool ComeModello)
             DiSalvata(*Scritta);
             SetModificata(false);
             Mostra();
+            Ricomponi();
             return true;
         } catch (const Errore& Guasto) {
             MsgErrore(u"Codice errore: %1\n%2"_s.arg(Guasto.Numero).arg(Guasto.Descrizione));

@@ -4,8 +4,10 @@
 #include "feenote/parcella.h"
 
 #include <QAbstractButton>
+#include <QButtonGroup>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QSignalBlocker>
 
 namespace mostra {
@@ -21,6 +23,22 @@ inline void Testo(QLineEdit* Box, const Casella& Dato)
     Box->setEnabled(Dato.Abilitata);
 }
 
+/// The same of a box of several lines.
+inline void Testo(QPlainTextEdit* Box, const QString& Dato)
+{
+    if (Box->toPlainText() == Dato)
+        return;
+    const QSignalBlocker Zitto(Box);
+    Box->setPlainText(Dato);
+}
+
+/// As high as so many lines of text.
+inline void AltezzaRighe(QPlainTextEdit* Box, int Righe)
+{
+    const double Testo = Box->fontMetrics().lineSpacing() * Righe + 2 * Box->document()->documentMargin();
+    Box->setFixedHeight(int(Testo) + 2 * Box->frameWidth());
+}
+
 /// As wide as the largest amount that a note is likely to hold.
 inline void LarghezzaImporto(QLineEdit* Box)
 {
@@ -28,11 +46,29 @@ inline void LarghezzaImporto(QLineEdit* Box)
     Box->setFixedWidth(Box->fontMetrics().horizontalAdvance(QStringLiteral("999.999.999,99")) + Cornice);
 }
 
+/// Wide enough for a date.
+inline void LarghezzaData(QLineEdit* Box)
+{
+    constexpr int Cornice = 16;
+    Box->setMinimumWidth(Box->fontMetrics().horizontalAdvance(QStringLiteral("99/99/9999")) + Cornice);
+}
+
 inline void Segno(QAbstractButton* Box, const Spunta& Dato)
 {
     const QSignalBlocker Zitto(Box);
     Box->setChecked(Dato.Attiva);
     Box->setEnabled(Dato.Abilitata);
+}
+
+/// Tab stops at the chosen option; the arrows go through the others.
+inline void Opzioni(const QButtonGroup* Gruppo, int Scelta)
+{
+    for (QAbstractButton* Opzione : Gruppo->buttons()) {
+        const QSignalBlocker Zitto(Opzione);
+        const bool Sua = Gruppo->id(Opzione) == Scelta;
+        Opzione->setChecked(Sua);
+        Opzione->setFocusPolicy(Sua ? Qt::StrongFocus : Qt::ClickFocus);
+    }
 }
 
 /// Fills a list only when its entries changed; an empty selection is index -1.
