@@ -99,9 +99,7 @@ void Stampa(const Chiamata& C)
 
 void StampaWord(const Chiamata& C)
 {
-    // "Nuova parcella:2" is a caption, not a file's name.
-    const QString Nome = NomePerFile(InfoParcelle[size_t(C.Indice)].Nome);
-    Verifica(ApriConSistema(Barra(sessione::UserFolder) + Barra(u"doc"_s) + Nome + u".doc"_s));
+    Verifica(ApriConSistema(FileDocumento(C.Indice)));
 }
 
 void Kr2(const Chiamata&)
@@ -270,6 +268,17 @@ int TrovaPostoParcella(const std::function<bool()>& Intatta)
 void AzzeraParcelle()
 {
     InfoParcelle.assign(1, {});
+}
+
+QString SteloDocumento(int Indice)
+{
+    const bool Posto = Indice >= 1 && Indice <= UltimaParcella();
+    return Posto ? NomePerFile(InfoParcelle[size_t(Indice)].Nome) : QString();
+}
+
+QString FileDocumento(int Indice)
+{
+    return Barra(sessione::UserFolder) + Barra(u"doc"_s) + SteloDocumento(Indice) + u".doc"_s;
 }
 
 void EseguiComando(const QString& Comando, int Indice, const QString& Par)

@@ -27,6 +27,12 @@ inline std::vector<InfoParcella> InfoParcelle{1};
 /// Back to upper bound 0; serves tests.
 void AzzeraParcelle();
 
+/// Name of the documents of the note in a place, without path and extension: the note's own, with "-" for what
+/// no file's name may hold ("Nuova parcella:2" is a caption). Empty outside 1..UltimaParcella().
+[[nodiscard]] QString SteloDocumento(int Indice);
+/// The word-processor document of that note, in the user folder's "doc"; the file "printword" opens.
+[[nodiscard]] QString FileDocumento(int Indice);
+
 /// The notice page of the start, with the box that silences it.
 struct PaginaAvviso
 {

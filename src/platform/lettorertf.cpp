@@ -70,30 +70,6 @@ int Esadecimale(QChar C)
     return -1;
 }
 
-/// Characters that are no text: controls but for tab and line break, and codes that stand for none.
-bool Estraneo(QChar C)
-{
-    const char16_t Codice = C.unicode();
-    if (Codice < 0x20)
-        return C != u'\t' && C != u'\n';
-    return (Codice >= 0x7F && Codice < 0xA0) || Codice >= 0xFFFE || (Codice >= 0xFDD0 && Codice <= 0xFDEF);
-}
-
-/// The text without them; half a surrogate pair becomes the sign for a character that was lost.
-QString Pulito(QString Testo)
-{
-    Testo.removeIf(Estraneo);
-    for (qsizetype i = 0; i < Testo.size(); ++i) {
-        if (!Testo[i].isSurrogate())
-            continue;
-        if (Testo[i].isHighSurrogate() && i + 1 < Testo.size() && Testo[i + 1].isLowSurrogate())
-            ++i;
-        else
-            Testo[i] = QChar::ReplacementCharacter;
-    }
-    return Testo;
-}
-
 class Lettore
 {
 public:
@@ -457,7 +433,7 @@ private:
     {
         const QString Nome = Corrente.Nome.trimmed();
         if (!Nome.isEmpty() && Font.size() < MassimoFont)
-            Font.insert(Io().NumeroFont, {Pulito(Nome), Corrente.Pagina});
+            Font.insert(Io().NumeroFont, {TestoPulito(Nome), Corrente.Pagina});
         Corrente = {};
     }
 
@@ -578,7 +554,7 @@ private:
     void ChiudiParagrafo()
     {
         for (Tratto& Uno : Riga.Tratti)
-            Uno.Testo = Pulito(std::move(Uno.Testo));
+            Uno.Testo = TestoPulito(std::move(Uno.Testo));
         std::erase_if(Riga.Tratti, [](const Tratto& Uno) { return Uno.Testo.isEmpty(); });
         Riga.Font = CarattereCorrente();
         Riga.Allinea = Io().Allinea;

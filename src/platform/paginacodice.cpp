@@ -72,6 +72,15 @@ constexpr std::array TuttiISet{
     SetCaratteri{238, 1250},        SetCaratteri{254, 437},         SetCaratteri{255, 850},
 };
 
+/// Characters that are no text: controls but for tab and line break, and codes that stand for none.
+bool Estraneo(QChar C)
+{
+    const char16_t Codice = C.unicode();
+    if (Codice < 0x20)
+        return C != u'\t' && C != u'\n';
+    return (Codice >= 0x7F && Codice < 0xA0) || Codice >= 0xFFFE || (Codice >= 0xFDD0 && Codice <= 0xFDEF);
+}
+
 }  // namespace
 
 QString TestoDaPagina(const QByteArray& Byte, int Pagina)
@@ -105,4 +114,18 @@ int PaginaDelSet(int Set)
 {
     const auto Suo = std::ranges::find(TuttiISet, Set, &SetCaratteri::Set);
     return Suo == TuttiISet.end() ? 0 : Suo->Pagina;
+}
+
+QString TestoPulito(QString Testo)
+{
+    Testo.removeIf(Estraneo);
+    for (qsizetype i = 0; i < Testo.size(); ++i) {
+        if (!Testo[i].isSurrogate())
+            continue;
+        if (Testo[i].isHighSurrogate() && i + 1 < Testo.size() && Testo[i + 1].isLowSurrogate())
+            ++i;
+        else
+            Testo[i] = QChar::ReplacementCharacter;
+    }
+    return Testo;
 }

@@ -1,4 +1,4 @@
-// 8-bit text in the code pages that rich text names.
+// Characters: 8-bit text in the code pages that rich text names, and what is no text.
 #pragma once
 
 #include <QByteArray>
@@ -16,3 +16,7 @@ constexpr int PaginaSimboli = 42;  ///< no letters but signs: bullets and ticks
 
 /// Code page of a font's character set; 0 when the set does not say.
 [[nodiscard]] int PaginaDelSet(int Set);
+
+/// The text without what no document holds: control characters other than tab and line break, and codes that
+/// stand for no character. Half a surrogate pair becomes the sign for a character that was lost.
+[[nodiscard]] QString TestoPulito(QString Testo);

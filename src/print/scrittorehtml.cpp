@@ -1,0 +1,254 @@
+#include "print/scrittorehtml.h"
+
+#include "platform/paginacodice.h"
+#include "print/formatabella.h"
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A length in the fewest digits, at most three behind the point.
+QString Numero(double Valore)
+{
+    QString Testo = QString::number(Valore, 'f', 3);
+    while (Testo.endsWith(u'0'))
+        Testo.chop(1);
+    if (Testo.endsWith(u'.'))
+        Testo.chop(1);
+    return Testo == "-0"_L1 ? u"0"_s : Testo;
+}
+
+QString Cm(double Valore)
+{
+    return Numero(Valore) + u"cm"_s;
+}
+
+QString Mm(double Valore)
+{
+    return Numero(Valore) + u"mm"_s;
+}
+
+/// Text between tags.
+QString Protetto(const QString& Testo)
+{
+    return TestoPulito(Testo).toHtmlEscaped();
+}
+
+/// A quoted string of a style sheet. What is neither letter nor digit goes by its number, so that neither the
+/// string nor the sheet can end in it.
+QString StringaCss(const QString& Testo)
+{
+    QString Scritta = u"\""_s;
+    for (const uint Codice : TestoPulito(Testo).toUcs4()) {
+        if (QChar::isLetterOrNumber(Codice) || Codice == u' ')
+            Scritta += QString::fromUcs4(reinterpret_cast<const char32_t*>(&Codice), 1);
+        else
+            Scritta += u'\\' + QString::number(Codice, 16) + u' ';
+    }
+    return Scritta + u'"';
+}
+
+QString FamigliaCss(const QString& Nome)
+{
+    const bool Bastoni = Nome.contains("Arial"_L1) || Nome.contains("Sans"_L1);
+    const bool Fisso = Nome.contains("Courier"_L1);
+    return StringaCss(Nome) + (Bastoni ? u",\"Liberation Sans\",sans-serif"_s
+                               : Fisso ? u",\"Liberation Mono\",monospace"_s
+                                       : u",\"Liberation Serif\",serif"_s);
+}
+
+/// The fonts of a document, each a class of the style sheet.
+class ClassiFont
+{
+public:
+    QString operator()(const Carattere& Quale)
+    {
+        const auto Suo = std::ranges::find(Tutti, Quale);
+        const auto Posto = Suo - Tutti.begin();
+        if (Suo == Tutti.end())
+            Tutti.push_back(Quale);
+        return u'f' + QString::number(Posto);
+    }
+
+    [[nodiscard]] QString Stili() const
+    {
+        QString Fatti;
+        for (std::size_t i = 0; i < Tutti.size(); ++i) {
+            const Carattere& Uno = Tutti[i];
+            Fatti += u".f%1{font:"_s.arg(i) + (Uno.Corsivo ? u"italic "_s : QString()) +
+                     (Uno.Grassetto ? u"bold "_s : QString()) + Numero(Uno.Punti) + u"pt "_s +
+                     FamigliaCss(Uno.Nome) +
+                     (Uno.Sottolineato ? u";text-decoration:underline"_s : QString()) + u"}\n"_s;
+        }
+        return Fatti;
+    }
+
+private:
+    std::vector<Carattere> Tutti;
+};
+
+class Scrivano
+{
+public:
+    explicit Scrivano(double Larghezza) : LarghezzaCm(Larghezza) {}
+
+    void operator()(const Paragrafo& Questo)
+    {
+        const Carattere& Primo = Questo.Tratti.empty() ? Questo.Font : Questo.Tratti.front().Font;
+        Uscita += u"<p class=\""_s + Font(Primo) + Allineato(Questo.Allinea) + u'"' + Posto(Questo) + u'>';
+        for (const Tratto& Uno : Questo.Tratti) {
+            const bool Altro = !(Uno.Font == Primo);
+            Uscita += Altro ? u"<span class=\""_s + Font(Uno.Font) + u"\">"_s : QString();
+            Uscita += Righe(Uno.Testo) + (Altro ? u"</span>"_s : QString());
+        }
+        // A row without text keeps its height by a line break, as does one that ends in one.
+        const QString Testo = Questo.Testo();
+        Uscita += Testo.isEmpty() || Testo.endsWith(u'\n') ? u"<br/></p>\n"_s : u"</p>\n"_s;
+    }
+
+    void operator()(const Tabella& Questa)
+    {
+        Uscita += Questa.Bordo > 0 ? u"<table class=\"b\""_s : u"<table"_s;
+        const std::vector<double> Larghezze = LarghezzeEntro(Questa, LarghezzaCm);
+        double Somma = 0.0;
+        QString Colonne;
+        for (const double Una : Larghezze) {
+            Somma += Una;
+            Colonne += u"<col style=\"width:"_s + Cm(Una) + u"\"/>"_s;
+        }
+        Uscita += u" style=\"width:"_s + Cm(Somma) + u"\"><colgroup>"_s + Colonne + u"</colgroup>\n"_s;
+        const std::size_t Titoli = RigheDiTitoli(Questa);
+        Parte(Questa, u"thead"_s, 0, Titoli);
+        Parte(Questa, u"tbody"_s, Titoli, Questa.Righe.size());
+        Uscita += u"</table>\n"_s;
+    }
+
+    [[nodiscard]] const QString& Corpo() const { return Uscita; }
+    [[nodiscard]] QString Stili() const { return Font.Stili(); }
+    ClassiFont Font;
+
+private:
+    /// A class beside the font's.
+    static QString Allineato(Allineamento Come)
+    {
+        switch (Come) {
+        case Allineamento::Centro:
+            return u" c"_s;
+        case Allineamento::Destra:
+            return u" d"_s;
+        case Allineamento::Giustificato:
+            return u" g"_s;
+        case Allineamento::AltoSinistra:
+        case Allineamento::Sinistra:
+            break;
+        }
+        return {};
+    }
+
+    static QString Posto(const Paragrafo& Questo)
+    {
+        const Rientri& Suoi = Questo.Spazi;
+        QString Stile;
+        if (!(Suoi == Rientri()))
+            Stile = u"margin:%1pt %2 %3pt %4;text-indent:%5"_s.arg(Numero(Suoi.SopraPunti), Cm(Suoi.DestroCm),
+                                                                   Numero(Suoi.SottoPunti),
+                                                                   Cm(Suoi.SinistroCm), Cm(Suoi.PrimaRigaCm));
+        if (Suoi.PrimaRigaCm < 0.0)
+            Stile += u";tab-size:"_s + Cm(-Suoi.PrimaRigaCm);
+        if (Questo.NuovaPagina)
+            Stile += u";break-before:page"_s;
+        return Stile.isEmpty() ? QString() : u" style=\""_s + Stile + u'"';
+    }
+
+    static QString Righe(const QString& Testo)
+    {
+        return Protetto(Testo).replace(u'\n', u"<br/>"_s).replace(QChar(QChar::LineSeparator), u"<br/>"_s);
+    }
+
+    void Parte(const Tabella& Questa, const QString& Nome, std::size_t Da, std::size_t A)
+    {
+        if (Da >= A)
+            return;
+        Uscita += u'<' + Nome + u">\n"_s;
+        for (std::size_t Riga = Da; Riga < A; ++Riga)
+            ScriviRiga(Questa, Riga);
+        Uscita += u"</"_s + Nome + u">\n"_s;
+    }
+
+    void ScriviRiga(const Tabella& Questa, std::size_t Quale)
+    {
+        const RigaTabella& Riga = Questa.Righe[Quale];
+        Uscita += UnitaAllaSeguente(Questa, Quale) ? u"<tr class=\"u\">"_s : u"<tr>"_s;
+        for (std::size_t Colonna = 0; Colonna < Riga.size();) {
+            const Cella& Una = Riga[Colonna];
+            const std::size_t Coperte = ColonneCoperte(Riga, Colonna);
+            Uscita += u"<td class=\""_s + Font(Una.Font) + Allineato(Una.Allinea) + u'"';
+            if (Coperte > 1)
+                Uscita += u" colspan=\""_s + QString::number(Coperte) + u'"';
+            Uscita += u'>' + (Una.Testo.isEmpty() ? u"<br/>"_s : Righe(Una.Testo)) + u"</td>"_s;
+            Colonna += Coperte;
+        }
+        Uscita += u"</tr>\n"_s;
+    }
+
+    QString Uscita;
+    double LarghezzaCm;
+};
+
+/// The running line as what a page counter makes of it; the sheet's own margin box holds it.
+QString PiePagina(const Documento& Doc)
+{
+    if (Doc.PiePagina.trimmed().isEmpty())
+        return {};
+    QStringList Parti;
+    for (const QString& Una : QString(Doc.PiePagina).replace(u'\n', u' ').split(u"%d"_s))
+        Parti += StringaCss(Una);
+    return u"@bottom-left{font:"_s + Numero(Doc.FontPiePagina.Punti) + u"pt "_s +
+           FamigliaCss(Doc.FontPiePagina.Nome) + u";white-space:pre;content:"_s +
+           Parti.join(u" counter(page) "_s) + u'}';
+}
+
+QString Stili(const Documento& Doc, const Carta& Foglio, const QString& Font)
+{
+    const QString Margini = QStringList{Cm(Doc.MargineAltoCm), Cm(Doc.MargineDestroCm),
+                                        Cm(Doc.MargineBassoCm), Cm(Doc.MargineSinistroCm)}
+                                .join(u' ');
+    return u"@page{size:"_s + Mm(Foglio.LarghezzaMm) + u' ' + Mm(Foglio.AltezzaMm) + u";margin:"_s + Margini +
+           u';' + PiePagina(Doc) +
+           u"}\n"
+           u"@media screen{html{background:#ddd}body{box-sizing:border-box;background:#fff;margin:1em auto;width:"_s +
+           Mm(Foglio.LarghezzaMm) + u";padding:"_s + Margini +
+           u"}}\n"
+           u"@media print{body{margin:0}}\n"
+           u"body{color:#000}\n"
+           u"p{margin:0;orphans:2;widows:2}\n"
+           u"p,td{white-space:pre-wrap;overflow-wrap:break-word;tab-size:12.5mm}\n"
+           u"table{border-collapse:collapse;table-layout:fixed}\n"
+           u"tr{break-inside:avoid}\n"
+           u".u{break-after:avoid}\n"
+           u"td{padding:0 .75mm;vertical-align:top}\n"
+           u"td:first-child{padding-left:0}\n"
+           u"td:last-child{padding-right:0}\n"
+           u".b td{border:.15mm solid;padding:.5mm .75mm}\n"
+           u".c{text-align:center}\n"
+           u".d{text-align:right}\n"
+           u".g{text-align:justify}\n"_s +
+           Font;
+}
+
+}  // namespace
+
+QByteArray ScriviHtml(const Documento& Doc, const QString& Titolo, const Carta& Foglio)
+{
+    Scrivano Scrivi(LarghezzaTestoCm(Doc, Foglio));
+    for (const BloccoDocumento& Uno : Doc.Blocchi)
+        std::visit([&](const auto& Questo) { Scrivi(Questo); }, Uno);
+    const QString Pagina = u"<!DOCTYPE html>\n"
+                           u"<html lang=\"it\">\n<head>\n<meta charset=\"utf-8\"/>\n<title>"_s +
+                           Protetto(Titolo) + u"</title>\n<style>\n"_s + Stili(Doc, Foglio, Scrivi.Stili()) +
+                           u"</style>\n</head>\n<body>\n"_s + Scrivi.Corpo() + u"</body>\n</html>\n"_s;
+    return Pagina.toUtf8();
+}
