@@ -71,3 +71,9 @@ std::optional<int> DialogoColore(int Iniziale)
     const auto ScegliColore = Installati().ScegliColore;
     return ScegliColore ? ScegliColore(Iniziale) : std::nullopt;
 }
+
+bool DialogoStampante(QPrinter& Scelta)
+{
+    const auto ScegliStampante = Installati().ScegliStampante;
+    return ScegliStampante && ScegliStampante(Scelta);
+}

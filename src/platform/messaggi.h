@@ -10,6 +10,8 @@
 #include <functional>
 #include <optional>
 
+class QPrinter;
+
 // Flags of a box, to be added up: one set of buttons, one icon, one default button.
 constexpr int vbOKOnly = 0;
 constexpr int vbOKCancel = 1;
@@ -46,6 +48,8 @@ struct Messaggi
     std::function<QString(const QString& Titolo, const QString& Iniziale, const QString& Filtro)> SalvaFile;
     std::function<QString(const QString& Titolo, const QString& Iniziale)> ScegliCartella;
     std::function<std::optional<int>(int Iniziale)> ScegliColore;  ///< colours as 0xBBGGRR
+    /// Lets the user set a printer up; false when cancelled. Only windows know what a printer is.
+    std::function<bool(QPrinter& Scelta)> ScegliStampante;
 };
 
 /// Installs a way of speaking and returns the former one.
@@ -66,3 +70,4 @@ QString DialogoApri(const QString& Titolo, const QString& Iniziale, const QStrin
 QString DialogoSalva(const QString& Titolo, const QString& Iniziale, const QString& Filtro);
 QString DialogoCartella(const QString& Titolo, const QString& Iniziale);
 std::optional<int> DialogoColore(int Iniziale);
+bool DialogoStampante(QPrinter& Scelta);  ///< false means cancelled

@@ -10,8 +10,11 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -207,6 +210,16 @@ std::optional<int> ScegliColore(int Iniziale)
     return aspetto::ABgr(Dialogo->selectedColor());
 }
 
+bool ScegliStampante(QPrinter& Scelta)
+{
+    const PuntatoreNormale Puntatore;
+    const DialogoSopra<QPrintDialog> Dialogo(&Scelta, Sopra());
+    Dialogo->setWindowTitle(u"Stampa"_s);
+    Dialogo->setOption(QAbstractPrintDialog::PrintCurrentPage);
+    Dialogo->setMinMax(1, std::max(1, Scelta.toPage()));
+    return Dialogo->exec() == QDialog::Accepted;
+}
+
 }  // namespace
 
 Messaggi MessaggiQt()
@@ -225,5 +238,6 @@ Messaggi MessaggiQt()
     };
     Tabella.ScegliCartella = ScegliCartella;
     Tabella.ScegliColore = ScegliColore;
+    Tabella.ScegliStampante = ScegliStampante;
     return Tabella;
 }

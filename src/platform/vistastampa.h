@@ -6,7 +6,7 @@
 
 #include <QWidget>
 
-#include <memory>
+#include <functional>
 
 class BarraRicerca;
 class FogliStampa;
@@ -67,7 +67,7 @@ public:
     [[nodiscard]] Selezione Scelta() const;
     [[nodiscard]] QString TestoScelto() const;
     void SelezionaTutto();
-    void Copia() const;  ///< the selection, if there is one, into the clipboard
+    void Copia();  ///< the selection, if there is one, into the clipboard
 
     // ---- search
     void ApriRicerca();
@@ -83,19 +83,23 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent* Evento) override;
     bool event(QEvent* Evento) override;
+    void changeEvent(QEvent* Evento) override;
 
 private:
-    void Impagina();
+    void Descrivi();
+    void AnnunciaScelta();
+    [[nodiscard]] qsizetype InizioRicerca() const;
+    void Trova(const QString& Testo, qsizetype Da);
     void Cerca(const QString& Testo);
-    void MostraTrovata();
+    void RipetiRicerca();
     void VaiATrovata(bool Avanti);
-    [[nodiscard]] bool Tasto(QKeyEvent* Evento, bool Esegui);
+    [[nodiscard]] std::function<void()> ComandoDi(const QKeyEvent* Evento);
 
     Superficie Surface;
     Carta Sheet;
     Impaginazione Impaginata;
-    FogliStampa* Fogli;
-    BarraRicerca* Barra;
+    FogliStampa* Fogli = nullptr;
+    BarraRicerca* Barra = nullptr;
     QList<Selezione> Trovate;
     qsizetype Corrente = -1;  ///< among Trovate
 };

@@ -1,0 +1,291 @@
+#include "platform/vistastampa.h"
+
+#include "platform/aspetto.h"
+#include "platform/barraricerca.h"
+#include "platform/collega.h"
+#include "platform/vistastampa_accessibile.h"
+#include "platform/vistastampa_fogli.h"
+
+#include <QAccessible>
+#include <QClipboard>
+#include <QGuiApplication>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The colour behind the sheets. A dark palette keeps a mere breath of a light one: around white sheets it
+/// would glare.
+QColor ColoreFondo(int Bgr)
+{
+    constexpr double Soffio = 0.15;
+    const QColor Chiesto = aspetto::DaBgr(Bgr);
+    return Bgr >= 0 && aspetto::Scuro() ? aspetto::Mischia(Chiesto, aspetto::DaBgr(-1), Soffio) : Chiesto;
+}
+
+/// What the search begins with: a selected text of one line.
+QString Proposta(const QString& Scelto)
+{
+    constexpr qsizetype Massimo = 80;
+    const bool UnaRiga = !Scelto.contains(u'\n') && !Scelto.contains(u'\t');
+    return UnaRiga && Scelto.size() <= Massimo ? Scelto.trimmed() : QString();
+}
+
+}  // namespace
+
+VistaStampa::VistaStampa(QWidget* Padre) : QWidget(Padre)
+{
+    RendiLeggibileAnteprima();
+    Fogli = new FogliStampa(Impaginata, this);
+    Fogli->setObjectName(u"fogliStampa"_s);
+    Fogli->setAccessibleName(u"Anteprima di stampa"_s);
+    Barra = new BarraRicerca(this);
+    auto* Colonna = new QVBoxLayout(this);
+    Colonna->setContentsMargins(0, 0, 0, 0);
+    Colonna->setSpacing(0);
+    Colonna->addWidget(Barra);
+    Colonna->addWidget(Fogli, 1);
+    setFocusProxy(Fogli);
+    Surface.Zoom = ZoomIniziale;
+    Surface.BackColor = -1;
+    Surface.Impaginatore = [this](const Documento& Doc) { return Impaginazione(Doc, Sheet).NumeroPagine(); };
+
+    connect(Fogli, &FogliStampa::PaginaCambiata, this, &VistaStampa::PaginaCambiata);
+    connect(Fogli, &FogliStampa::ZoomCambiato, this, &VistaStampa::ZoomCambiato);
+    Collega(Fogli, &FogliStampa::PaginaCambiata, this, &VistaStampa::Descrivi);
+    Collega(Fogli, &FogliStampa::SceltaCambiata, this, &VistaStampa::AnnunciaScelta);
+    Collega(Fogli, &FogliStampa::CopiaChiesta, this, &VistaStampa::Copia);
+    Collega(Fogli, &FogliStampa::RicercaChiesta, this, &VistaStampa::ApriRicerca);
+    Collega(Barra, &BarraRicerca::Cercato, this, &VistaStampa::Cerca);
+    Collega(Barra, &BarraRicerca::Successivo, this, &VistaStampa::CercaSuccessivo);
+    Collega(Barra, &BarraRicerca::Precedente, this, &VistaStampa::CercaPrecedente);
+    Collega(Barra, &BarraRicerca::Chiusa, this, &VistaStampa::ChiudiRicerca);
+    Fogli->ImpostaFondo(ColoreFondo(Surface.BackColor));
+    Descrivi();
+}
+
+VistaStampa::~VistaStampa()
+{
+    delete Fogli;  // they look at the pages, which go before a widget's children do
+}
+
+// ---- document -------------------------------------------------------------------------------------
+
+void VistaStampa::Aggiorna()
+{
+    Impaginata = Impaginazione(Surface.Contenuto(), Sheet);
+    Fogli->ImpostaFondo(ColoreFondo(Surface.BackColor));
+    Fogli->PagineCambiate();
+    if (!Barra->isHidden())
+        RipetiRicerca();
+    Descrivi();
+}
+
+void VistaStampa::ImpostaCarta(const Carta& Nuova)
+{
+    if (Nuova == Sheet)
+        return;
+    Sheet = Nuova;
+    Aggiorna();
+}
+
+int VistaStampa::PaginaInVista() const
+{
+    return Fogli->PaginaInVista();
+}
+
+void VistaStampa::ImpostaPreviewPage(int Pagina)
+{
+    Fogli->VaiAllaPagina(Pagina);
+}
+
+void VistaStampa::Descrivi()
+{
+    Fogli->setAccessibleDescription(u"Pagina %1 di %2"_s.arg(PaginaInVista()).arg(NumeroPagine()));
+}
+
+void VistaStampa::changeEvent(QEvent* Evento)
+{
+    QWidget::changeEvent(Evento);
+    if (Evento->type() == QEvent::PaletteChange && Fogli)
+        Fogli->ImpostaFondo(ColoreFondo(Surface.BackColor));
+}
+
+// ---- scale ----------------------------------------------------------------------------------------
+
+void VistaStampa::ImpostaZoom(int Percento)
+{
+    Fogli->ImpostaZoom(Percento);
+}
+
+void VistaStampa::ImpostaZoomMode(int Modo)
+{
+    if (Modo == ZoomAdatta)
+        Fogli->AdattaAllaFinestra();
+}
+
+int VistaStampa::Zoom() const
+{
+    return Fogli->Zoom();
+}
+
+bool VistaStampa::Adattato() const
+{
+    return Fogli->Adattato();
+}
+
+// ---- text -----------------------------------------------------------------------------------------
+
+Selezione VistaStampa::Scelta() const
+{
+    return Fogli->Scelta();
+}
+
+QString VistaStampa::TestoScelto() const
+{
+    return Impaginata.TestoDi(Scelta());
+}
+
+void VistaStampa::SelezionaTutto()
+{
+    Fogli->Scegli(Impaginata.Tutto());
+}
+
+void VistaStampa::Copia()
+{
+    if (!Scelta().Vuota())
+        QGuiApplication::clipboard()->setText(TestoScelto());
+}
+
+void VistaStampa::AnnunciaScelta()
+{
+    const auto [Da, A] = std::minmax({Scelta().Da, Scelta().A});
+    QAccessibleTextSelectionEvent Annuncio(Fogli, static_cast<int>(Da), static_cast<int>(A));
+    Annuncio.setCursorPosition(static_cast<int>(Scelta().A));
+    QAccessible::updateAccessibility(&Annuncio);
+}
+
+// ---- search ---------------------------------------------------------------------------------------
+
+void VistaStampa::ApriRicerca()
+{
+    Barra->Apri(Proposta(TestoScelto()));
+    Cerca(Barra->Testo());
+}
+
+void VistaStampa::ChiudiRicerca()
+{
+    if (Barra->isHidden())
+        return;
+    Barra->hide();
+    if (Corrente >= 0)
+        Fogli->Scegli(Trovate[Corrente]);  // what was looked for can be copied
+    Trovate.clear();
+    Corrente = -1;
+    Fogli->Tingi({}, -1);
+    Fogli->setFocus(Qt::OtherFocusReason);
+}
+
+/// Where a search begins: at what was found or selected last, else at what is on view.
+qsizetype VistaStampa::InizioRicerca() const
+{
+    if (Corrente >= 0)
+        return Trovate[Corrente].Da;
+    return Scelta().Vuota() ? Fogli->PrimoPostoInVista() : std::min(Scelta().Da, Scelta().A);
+}
+
+void VistaStampa::Trova(const QString& Testo, qsizetype Da)
+{
+    Trovate = Impaginata.CercaTutte(Testo);
+    const auto Prima = std::ranges::lower_bound(Trovate, Da, {}, &Selezione::Da);
+    Corrente = Trovate.isEmpty() ? -1 : Prima == Trovate.end() ? 0 : Prima - Trovate.begin();
+    Fogli->Tingi(Trovate, Corrente);
+    Barra->MostraConto(Corrente + 1, Trovate.size());
+}
+
+void VistaStampa::Cerca(const QString& Testo)
+{
+    Trova(Testo, InizioRicerca());
+    if (Corrente >= 0)
+        Fogli->Mostra(Trovate[Corrente]);
+}
+
+void VistaStampa::RipetiRicerca()
+{
+    const qsizetype Da = InizioRicerca();
+    Trova(Barra->Testo(), Da);
+}
+
+void VistaStampa::VaiATrovata(bool Avanti)
+{
+    if (Barra->isHidden()) {
+        ApriRicerca();
+        return;
+    }
+    if (Corrente < 0)
+        return;
+    const qsizetype Quante = Trovate.size();
+    Corrente = (Corrente + (Avanti ? 1 : Quante - 1)) % Quante;
+    Fogli->Tingi(Trovate, Corrente);
+    Fogli->Mostra(Trovate[Corrente]);
+    Barra->MostraConto(Corrente + 1, Quante);
+}
+
+void VistaStampa::CercaSuccessivo()
+{
+    VaiATrovata(true);
+}
+
+void VistaStampa::CercaPrecedente()
+{
+    VaiATrovata(false);
+}
+
+// ---- keys -----------------------------------------------------------------------------------------
+
+/// The command of a key that the sheets and the field have not used. Empty when there is none.
+std::function<void()> VistaStampa::ComandoDi(const QKeyEvent* Evento)
+{
+    const bool InCampo = Barra->NelCampo();
+    const bool Maiuscole = Evento->modifiers() & Qt::ShiftModifier;
+    if (InCampo && (Evento->key() == Qt::Key_Return || Evento->key() == Qt::Key_Enter))
+        return [this, Maiuscole] { VaiATrovata(!Maiuscole); };
+    if (Evento->key() == Qt::Key_Escape && !Barra->isHidden())
+        return [this] { ChiudiRicerca(); };
+    if (Evento->modifiers() == Qt::ControlModifier && Evento->key() == Qt::Key_0)
+        return [this] { ImpostaZoom(100); };
+    const std::array<std::pair<QKeySequence::StandardKey, std::function<void()>>, 7> Comandi{{
+        {QKeySequence::Find, [this] { ApriRicerca(); }},
+        {QKeySequence::FindNext, [this] { CercaSuccessivo(); }},
+        {QKeySequence::FindPrevious, [this] { CercaPrecedente(); }},
+        {QKeySequence::ZoomIn, [this] { Fogli->PassoZoom(1); }},
+        {QKeySequence::ZoomOut, [this] { Fogli->PassoZoom(-1); }},
+        {QKeySequence::Copy, [this] { Copia(); }},
+        {QKeySequence::SelectAll, [this] { SelezionaTutto(); }},
+    }};
+    for (const auto& [Tasto, Comando] : Comandi)
+        if (Evento->matches(Tasto))
+            return Comando;
+    return {};
+}
+
+void VistaStampa::keyPressEvent(QKeyEvent* Evento)
+{
+    const std::function<void()> Comando = ComandoDi(Evento);
+    if (Comando)
+        Comando();
+    else
+        QWidget::keyPressEvent(Evento);
+}
+
+bool VistaStampa::event(QEvent* Evento)
+{
+    // A window's own shortcut of the same keys waits while the reader is here.
+    if (Evento->type() == QEvent::ShortcutOverride && ComandoDi(static_cast<QKeyEvent*>(Evento))) {
+        Evento->accept();
+        return true;
+    }
+    return QWidget::event(Evento);
+}
