@@ -1,0 +1,196 @@
+#include "update/frmWeb.h"
+
+#include "core/CIni.h"
+#include "core/modErrori.h"
+#include "core/sessione.h"
+#include "platform/aspetto.h"
+#include "platform/collega.h"
+#include "platform/orologio.h"
+#include "platform/percorsi.h"
+#include "platform/regionale.h"
+
+#include "ui_frmWeb.h"
+
+#include <QShortcut>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int AccessoNegato = 75;
+
+/// Only that the file is there counts; what stands in it is never read.
+void ScriviMarcatore(const QString& Radice)
+{
+    const CIni Ini;
+    const QString Nome = Radice + u".ini"_s;
+    const QString Data = Format(Oggi(), u"dd/mm/yyyy");
+    if (Ini.WriteINI(Radice, u"letto"_s, Data, Nome, sessione::PercorsoProg) || sessione::UserFolder.isEmpty())
+        return;
+    CreaCartella(sessione::UserFolder);
+    (void)Ini.WriteINI(Radice, u"letto"_s, Data, Nome, sessione::UserFolder);
+}
+
+/// A button, its picture and what it says.
+struct Aspetto
+{
+    QToolButton* Ui::frmWeb::*Pulsante;
+    QStringView Icona;
+    QStringView Suggerimento;
+};
+
+constexpr std::array Pulsanti{
+    Aspetto{&Ui::frmWeb::cmdIndietro, u"prev", u"Pagina precedente"},
+    Aspetto{&Ui::frmWeb::cmdAvanti, u"next", u"Pagina successiva"},
+    Aspetto{&Ui::frmWeb::cmdCerca, u"zoom", u"Cerca nella pagina (Ctrl+F)"},
+    Aspetto{&Ui::frmWeb::cmdPrecedente, u"up", u"Precedente (Maiusc+F3)"},
+    Aspetto{&Ui::frmWeb::cmdSuccessivo, u"down", u"Successivo (F3)"},
+};
+
+}  // namespace
+
+frmWeb::frmWeb() : ui(std::make_unique<Ui::frmWeb>())
+{
+    ui->setupUi(this);
+    setWindowFlags(Qt::Window);
+    for (const Aspetto& Uno : Pulsanti) {
+        QToolButton* Pulsante = ui.get()->*Uno.Pulsante;
+        Pulsante->setIcon(aspetto::Icona(Uno.Icona.toString()));
+        Pulsante->setToolTip(Uno.Suggerimento.toString());
+    }
+    ui->fraCerca->hide();
+    aspetto::AssegnaMnemonici(this);
+    aspetto::AssegnaNomiAccessibili(this);
+    CollegaComandi();
+    CollegaTasti();
+}
+
+frmWeb::~frmWeb() = default;
+
+void frmWeb::CollegaComandi()
+{
+    Collega(ui->cmdIndietro, &QToolButton::clicked, this, &frmWeb::cmdIndietro_Click);
+    Collega(ui->cmdAvanti, &QToolButton::clicked, this, &frmWeb::cmdAvanti_Click);
+    Collega(ui->cmdCerca, &QToolButton::clicked, this, &frmWeb::cmdCerca_Click);
+    Collega(ui->cmdPrecedente, &QToolButton::clicked, this, [this] { Trova(true); });
+    Collega(ui->cmdSuccessivo, &QToolButton::clicked, this, [this] { Trova(false); });
+    Collega(ui->txtCerca, &QLineEdit::textEdited, this, &frmWeb::txtCerca_Change);
+    Collega(ui->cmdChiudi, &QPushButton::clicked, this, [this] { close(); });
+    Collega(ui->Web1, &QTextBrowser::backwardAvailable, this,
+            [this](bool Esiste) { ui->cmdIndietro->setEnabled(Esiste); });
+    Collega(ui->Web1, &QTextBrowser::forwardAvailable, this,
+            [this](bool Esiste) { ui->cmdAvanti->setEnabled(Esiste); });
+}
+
+void frmWeb::CollegaTasti()
+{
+    Tasto(QKeySequence::Find, [this] { cmdCerca_Click(); });
+    Tasto(QKeySequence::FindNext, [this] { Trova(false); });
+    Tasto(QKeySequence::FindPrevious, [this] { Trova(true); });
+    Tasto(QKeySequence::Back, [this] { cmdIndietro_Click(); });
+    Tasto(QKeySequence::Forward, [this] { cmdAvanti_Click(); });
+    Tasto(QKeySequence::ZoomIn, [this] { ui->Web1->Ingrandisci(1); });
+    Tasto(QKeySequence::ZoomOut, [this] { ui->Web1->Ingrandisci(-1); });
+    Tasto(Qt::CTRL | Qt::Key_0, [this] { ui->Web1->GrandezzaNormale(); });
+}
+
+void frmWeb::Tasto(const QKeySequence& Quale, std::function<void()> Procedura)
+{
+    Collega(new QShortcut(Quale, this), &QShortcut::activated, this, std::move(Procedura));
+}
+
+QString frmWeb::NomePosto() const
+{
+    return u"frmWeb"_s + Marcatore;
+}
+
+void frmWeb::Mostra()
+{
+    const bool Avviso = !Marcatore.isEmpty();
+    // The blank page need not come first: a page of the program is there at once, whole or not at all.
+    if (!ui->Web1->Naviga(Indirizzo))
+        return;  // the address went to the user's browser
+    setWindowTitle(Titolo);
+    ui->chkNoRepeat->setVisible(Avviso);
+    if (isVisible()) {
+        // The sheets follow the catalogue, whose keys must not be taken away.
+        raise();
+        return;
+    }
+    ui->Web1->clearHistory();
+    ui->Web1->verticalScrollBar()->setValue(0);
+    ui->chkNoRepeat->setChecked(false);
+    ChiudiRicerca();
+    aspetto::RimettiAlPosto(this, NomePosto());
+    show();
+    raise();
+    activateWindow();
+}
+
+void frmWeb::done(int Esito)
+{
+    if (!Marcatore.isEmpty() && ui->chkNoRepeat->isChecked())
+        Protetta([this] { ScriviMarcatore(Marcatore); });
+    QDialog::done(Esito);
+}
+
+void frmWeb::hideEvent(QHideEvent* Evento)
+{
+    // A notice always comes up at its own size. A place that cannot be kept is nothing to be told.
+    if (Marcatore.isEmpty())
+        Protetta([this] { aspetto::RicordaPosto(this, NomePosto()); }, AccessoNegato);
+    QDialog::hideEvent(Evento);
+}
+
+void frmWeb::keyPressEvent(QKeyEvent* Evento)
+{
+    const bool Invio = Evento->key() == Qt::Key_Return || Evento->key() == Qt::Key_Enter;
+    if (Evento->key() == Qt::Key_Escape && ui->fraCerca->isVisible())
+        ChiudiRicerca();
+    else if (Invio && ui->txtCerca->hasFocus())
+        Trova(Evento->modifiers().testFlag(Qt::ShiftModifier));
+    else
+        QDialog::keyPressEvent(Evento);
+}
+
+void frmWeb::cmdIndietro_Click()
+{
+    ui->Web1->backward();
+}
+
+void frmWeb::cmdAvanti_Click()
+{
+    ui->Web1->forward();
+}
+
+void frmWeb::cmdCerca_Click()
+{
+    ui->fraCerca->show();
+    ui->txtCerca->setFocus(Qt::ShortcutFocusReason);
+    ui->txtCerca->selectAll();
+}
+
+void frmWeb::txtCerca_Change()
+{
+    // The occurrence on view stays while it still fits what is being typed.
+    QTextCursor Inizio = ui->Web1->textCursor();
+    Inizio.setPosition(Inizio.selectionStart());
+    ui->Web1->setTextCursor(Inizio);
+    Trova(false);
+}
+
+void frmWeb::Trova(bool Indietro)
+{
+    const QString Cercato = ui->txtCerca->text();
+    const bool Trovato = ui->Web1->Cerca(Cercato, Indietro);
+    ui->lblCerca->setText(Trovato || Cercato.isEmpty() ? QString() : u"Nessun risultato"_s);
+}
+
+void frmWeb::ChiudiRicerca()
+{
+    ui->fraCerca->hide();
+    ui->lblCerca->clear();
+    ui->Web1->setFocus();
+}

@@ -1,0 +1,54 @@
+// The viewer of pages: a sheet of the program, or the notice that the user may silence.
+#pragma once
+
+#include <QDialog>
+
+#include <functional>
+#include <memory>
+
+class QKeySequence;
+
+namespace Ui {
+class frmWeb;
+}
+
+class frmWeb : public QDialog
+{
+    Q_OBJECT
+
+public:
+    frmWeb();
+    ~frmWeb() override;
+
+    // Set before the viewer is shown.
+    QString Indirizzo;  ///< path of a page of the program, or an address for the user's browser
+    QString Titolo;     ///< caption of the window
+    QString Marcatore;  ///< stem of the ".ini" file that silences a notice; empty: no box
+
+    /// Shows the page; a viewer that is on view already comes to the front with it and takes no focus.
+    /// @throws Errore as Pagina::Naviga; the viewer then stays as it was
+    void Mostra();
+
+    /// Every end of the viewer: the marker of a notice is written when the box is ticked, beside the program
+    /// or, where that folder refuses it, in the user folder.
+    void done(int Esito) override;
+
+    void cmdIndietro_Click();
+    void cmdAvanti_Click();
+    void cmdCerca_Click();
+    void txtCerca_Change();
+
+protected:
+    void hideEvent(QHideEvent* Evento) override;
+    void keyPressEvent(QKeyEvent* Evento) override;
+
+private:
+    void CollegaComandi();
+    void CollegaTasti();
+    void Tasto(const QKeySequence& Quale, std::function<void()> Procedura);
+    void Trova(bool Indietro);
+    void ChiudiRicerca();
+    [[nodiscard]] QString NomePosto() const;
+
+    std::unique_ptr<Ui::frmWeb> ui;
+};

@@ -1,0 +1,219 @@
+#include "update/pagina.h"
+
+#include "core/modLancio.h"
+#include "core/sessione.h"
+#include "platform/collega.h"
+#include "platform/errore.h"
+#include "platform/percorsi.h"
+#include "platform/shell.h"
+#include "update/stilepagina.h"
+
+#include <QBuffer>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QTextDocument>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int FileMancante = 53;
+constexpr int NomeNonValido = 52;
+constexpr int NonAutorizzato = 70;
+constexpr int TroppoGrande = 7;
+
+constexpr qint64 MassimaPagina = qint64(1) << 20;
+constexpr qint64 MassimaFigura = qint64(4) << 20;
+constexpr int MassimoLatoFigura = 4096;
+constexpr int MassimiAnnidati = 32;
+constexpr int PassoMinimo = -4;
+constexpr int PassoMassimo = 12;
+constexpr int Margine = 12;
+
+bool Remoto(const QUrl& Indirizzo)
+{
+    return Indirizzo.scheme() == u"http" || Indirizzo.scheme() == u"https" ||
+           Indirizzo.scheme() == u"mailto";
+}
+
+/// A link out of the program folder, by whatever road, leads nowhere.
+bool DelProgramma(const QString& File)
+{
+    const QString Cartella = QFileInfo(sessione::PercorsoProg).canonicalFilePath();
+    return !Cartella.isEmpty() && QFileInfo(File).canonicalFilePath().startsWith(Cartella + u'/');
+}
+
+bool HaEstensione(const QString& File, std::initializer_list<QStringView> Estensioni)
+{
+    const QString Sua = QFileInfo(File).suffix();
+    return std::ranges::any_of(
+        Estensioni, [&](QStringView Una) { return Sua.compare(Una, Qt::CaseInsensitive) == 0; });
+}
+
+/// Layout goes down one level for each element inside another: a page that nests without end would take
+/// the stack with it.
+bool Intricata(const QByteArray& Html)
+{
+    int Livello = 0;
+    for (qsizetype i = Html.indexOf('<'); i >= 0; i = Html.indexOf('<', i + 1)) {
+        const QByteArrayView Resto = QByteArrayView(Html).sliced(i + 1).first(
+            std::min<qsizetype>(Html.size() - i - 1, 6));
+        const auto Apre = [&](QByteArrayView Nome) {
+            return Resto.size() >= Nome.size() &&
+                   QByteArrayView(Resto).first(Nome.size()).compare(Nome, Qt::CaseInsensitive) == 0;
+        };
+        if (Apre("table") || Apre("div") || Apre("ul") || Apre("ol") || Apre("blockq"))
+            ++Livello;
+        else if (Apre("/table") || Apre("/div") || Apre("/ul") || Apre("/ol") || Apre("/block"))
+            --Livello;
+        if (Livello > MassimiAnnidati)
+            return true;
+    }
+    return false;
+}
+
+/// An empty picture stands for one that may not be shown: nothing at all would let the toolkit look for the
+/// file by itself.
+QImage Figura(const QString& File)
+{
+    QImage Nessuna(1, 1, QImage::Format_ARGB32);
+    Nessuna.fill(Qt::transparent);
+    if (File.isEmpty())
+        return Nessuna;
+    QByteArray Contenuto = LeggiFile(File, MassimaFigura);
+    QBuffer Memoria(&Contenuto);
+    QImageReader Lettore(&Memoria);
+    const QSize Misura = Lettore.size();
+    if (!Misura.isValid() || Misura.width() > MassimoLatoFigura || Misura.height() > MassimoLatoFigura)
+        return Nessuna;
+    const QImage Letta = Lettore.read();
+    return Letta.isNull() ? Nessuna : Letta;
+}
+
+}  // namespace
+
+Pagina::Pagina(QWidget* Padre) : QTextBrowser(Padre)
+{
+    setOpenLinks(false);
+    document()->setDocumentMargin(Margine);
+    document()->setDefaultStyleSheet(FoglioDiStile());
+    Collega(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& Collegamento) { Segui(Collegamento); });
+}
+
+bool Pagina::Naviga(const QString& Indirizzo)
+{
+    const QUrl Url(Indirizzo);
+    return Segui(Remoto(Url) ? Url : QUrl::fromLocalFile(QFileInfo(TrovaFile(Indirizzo)).absoluteFilePath()));
+}
+
+bool Pagina::Segui(const QUrl& Collegamento)
+{
+    if (Remoto(Collegamento)) {
+        if (const int Esito = ApriIndirizzoConSistema(Collegamento.toString(QUrl::FullyEncoded)))
+            throw Errore(Esito);
+        return false;
+    }
+    if (!Collegamento.isLocalFile())
+        throw Errore(NomeNonValido);
+    const QString File = TrovaFile(Collegamento.toLocalFile());
+    if (!EsisteFile(File))
+        throw Errore(FileMancante);
+    if (!DelProgramma(File))
+        throw Errore(NonAutorizzato);
+    if (HaEstensione(File, {u"pdf"})) {
+        ApriPDF(File);
+        return false;
+    }
+    if (!HaEstensione(File, {u"htm", u"html"}))
+        throw Errore(NonAutorizzato);
+    QUrl Trovato = QUrl::fromLocalFile(File);
+    Trovato.setFragment(Collegamento.fragment());
+    Mostra(Trovato);
+    return true;
+}
+
+void Pagina::Mostra(const QUrl& Indirizzo)
+{
+    // Read once more by the toolkit: what it cannot digest is refused before the page on view is gone.
+    if (Intricata(LeggiFile(Indirizzo.toLocalFile(), MassimaPagina)))
+        throw Errore(TroppoGrande);
+    setSource(Indirizzo, QTextDocument::HtmlResource);
+}
+
+QVariant Pagina::loadResource(int Tipo, const QUrl& Nome)
+{
+    const QUrl Intero = source().resolved(Nome);
+    const QString File = Intero.isLocalFile() ? TrovaFile(Intero.toLocalFile()) : QString();
+    const bool Lecito = EsisteFile(File) && DelProgramma(File);
+    try {
+        if (Tipo == QTextDocument::ImageResource)
+            return Figura(Lecito ? File : QString());
+        return Lecito ? LeggiFile(File, MassimaPagina) : QByteArray(" ");
+    } catch (const Errore&) {
+        // A file that went or grew since it was looked at: an empty page, not half of one.
+        return Tipo == QTextDocument::ImageResource ? QVariant(Figura({})) : QVariant(QByteArray(" "));
+    }
+}
+
+bool Pagina::Cerca(const QString& Testo, bool Indietro)
+{
+    if (Testo.isEmpty())
+        return false;
+    const QTextDocument::FindFlags Verso =
+        Indietro ? QTextDocument::FindFlags(QTextDocument::FindBackward) : QTextDocument::FindFlags();
+    QTextCursor Trovato = document()->find(Testo, textCursor(), Verso);
+    if (Trovato.isNull()) {
+        QTextCursor Capo(document());
+        if (Indietro)
+            Capo.movePosition(QTextCursor::End);
+        Trovato = document()->find(Testo, Capo, Verso);
+    }
+    if (Trovato.isNull())
+        return false;
+    setTextCursor(Trovato);
+    return true;
+}
+
+void Pagina::Ingrandisci(int Passi)
+{
+    const int Nuovo = std::clamp(Passo + Passi, PassoMinimo, PassoMassimo);
+    zoomIn(Nuovo - Passo);
+    Passo = Nuovo;
+}
+
+void Pagina::GrandezzaNormale()
+{
+    Ingrandisci(-Passo);
+}
+
+void Pagina::wheelEvent(QWheelEvent* Evento)
+{
+    // The toolkit's own zoom has no ends.
+    if (!(Evento->modifiers() & Qt::ControlModifier)) {
+        QTextBrowser::wheelEvent(Evento);
+        return;
+    }
+    if (Evento->angleDelta().y() != 0)
+        Ingrandisci(Evento->angleDelta().y() > 0 ? 1 : -1);
+    Evento->accept();
+}
+
+void Pagina::changeEvent(QEvent* Evento)
+{
+    QTextBrowser::changeEvent(Evento);
+    if (Evento->type() == QEvent::PaletteChange)
+        Ridisegna();
+}
+
+void Pagina::Ridisegna()
+{
+    document()->setDefaultStyleSheet(FoglioDiStile());
+    if (source().isEmpty())
+        return;
+    const int Riga = verticalScrollBar()->value();
+    reload();
+    verticalScrollBar()->setValue(Riga);
+}
