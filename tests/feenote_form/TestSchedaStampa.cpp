@@ -2,6 +2,7 @@
 #include "tavolo.h"
 
 #include "feenote/modDatiStampa.h"
+#include "platform/stampante.h"
 #include "platform/vistastampa.h"
 
 #include <QAction>
@@ -9,6 +10,7 @@
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -81,6 +83,7 @@ private Q_SLOTS:
     void pdf();
     void pdfAnnullato();
     void pdfSopraUnAltro();
+    void senzaStampante();
     void clienteLunghissimo();
     void notaVuota();
     void tastieraSola();
@@ -622,10 +625,29 @@ void TestSchedaStampa::pdfSopraUnAltro()
     Altro.write("altro");
     Altro.close();
     T->Voce.AttendiSalva(File);
-    T->Voce.Attendi(u"Il documento c'è già.pdf già esiste: confermi la sovrascrittura?"_s, vbNo, u"Domanda:"_s);
+    T->Voce.Attendi(u"Il documento c'è già.pdf esiste già: si vuole sostituirlo?"_s, vbNo, u"Domanda:"_s);
     Premuto("barPrint_pdf");
     QVERIFY(Altro.open(QIODevice::ReadOnly));
     QCOMPARE(Altro.readAll(), "altro"_ba);
+}
+
+void TestSchedaStampa::senzaStampante()
+{
+    const Stampanti Prima = InstallaStampanti({[] { return QStringList(); }, {}});
+    const auto Rimetti = qScopeGuard([&] { InstallaStampanti(Prima); });
+    Documento(StampaPrenotula);
+    const QString Testo = Pagine();
+    for (int Volta = 0; Volta < 2; ++Volta) {
+        T->Voce.Attendi(
+            u"Nessuna stampante installata.\nInstallare una stampante, oppure salvare il documento in PDF."_s);
+        if (Volta == 0)
+            Premuto("barPrint_print");
+        else
+            Premi(Qt::Key_P, Qt::ControlModifier);
+        Respiro();
+    }
+    QCOMPARE(Pagine(), Testo);
+    QCOMPARE(txtPage(), u"1/1"_s);
 }
 
 void TestSchedaStampa::clienteLunghissimo()
