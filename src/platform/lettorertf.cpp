@@ -38,6 +38,7 @@ struct Gruppo
     bool Maiuscole = false;
     bool Nascosto = false;
     bool PaginaPrima = false;
+    bool ConSeguente = false;
     Allineamento Allinea = Allineamento::Sinistra;
     Rientri Spazi;
 };
@@ -390,7 +391,7 @@ private:
         case AzioneRtf::ParagrafoSemplice:
             Suoi = {};
             Io().Allinea = Allineamento::Sinistra;
-            Io().PaginaPrima = false;
+            Io().PaginaPrima = Io().ConSeguente = false;
             break;
         case AzioneRtf::Allinea:
             Io().Allinea = static_cast<Allineamento>(Una.Valore);
@@ -412,6 +413,9 @@ private:
             break;
         case AzioneRtf::PaginaPrima:
             Io().PaginaPrima = Numero.value_or(1) != 0;
+            break;
+        case AzioneRtf::ConSeguente:
+            Io().ConSeguente = Numero.value_or(1) != 0;
             break;
         default:
             break;
@@ -561,6 +565,7 @@ private:
         Riga.Spazi = Io().Spazi;
         Riga.Spazi.PrimaRigaCm = std::max(Riga.Spazi.PrimaRigaCm, -Riga.Spazi.SinistroCm);
         Riga.NuovaPagina = NuovaPagina || Io().PaginaPrima;
+        Riga.ConSeguente = Io().ConSeguente;
         NuovaPagina = false;
         Fatti.push_back(std::exchange(Riga, {}));
         Finito = Finito || Fatti.size() >= MassimoParagrafiRtf;

@@ -56,6 +56,7 @@ constexpr std::array Parole{
     ParolaRtf{u"headerr", AzioneRtf::Salta},
     ParolaRtf{u"i", AzioneRtf::Corsivo},
     ParolaRtf{u"info", AzioneRtf::Salta},
+    ParolaRtf{u"keepn", AzioneRtf::ConSeguente},
     ParolaRtf{u"lbr", AzioneRtf::Carattere, u'\n'},
     ParolaRtf{u"ldblquote", AzioneRtf::Carattere, u'\u201C'},
     ParolaRtf{u"li", AzioneRtf::RientroSinistro},

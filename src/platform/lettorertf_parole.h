@@ -41,6 +41,7 @@ enum class AzioneRtf {
     Sopra,
     Sotto,
     PaginaPrima,  ///< the paragraph begins a page
+    ConSeguente,  ///< the paragraph ends none
 };
 
 struct ParolaRtf

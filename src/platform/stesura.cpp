@@ -176,17 +176,32 @@ public:
 
     void operator()(const Paragrafo& Questo)
     {
+        const std::size_t Primo = Fatta.Pezzi.size();
         const QString Testo = InLinee(Questo.Testo());
         if (Testo.trimmed().isEmpty())
             Bianco(Questo, Testo);
         else
             Righe(Questo, Testo);
+        Unisci(Primo);
         Fatta.Testo += Testo + u'\n';
+        Trattenuto = Questo.ConSeguente ? Fatta.Pezzi.size() : 0;
     }
 
-    void operator()(const Tabella& Questa) { StendiTabella(Fatta, Questa, Area, Font); }
+    void operator()(const Tabella& Questa)
+    {
+        const std::size_t Primo = Fatta.Pezzi.size();
+        StendiTabella(Fatta, Questa, Area, Font);
+        Unisci(Primo);
+    }
 
 private:
+    /// What begins with this piece stands on the page of the paragraph above that asks for it.
+    void Unisci(std::size_t Primo)
+    {
+        if (Trattenuto > 0 && Trattenuto == Primo && Primo < Fatta.Pezzi.size())
+            Fatta.Pezzi[Primo].Misure.Unita = true;
+    }
+
     void Bianco(const Paragrafo& Questo, const QString& Testo)
     {
         const FontMisurato& Suo = Font(Questo.Tratti.empty() ? Questo.Font : Questo.Tratti.front().Font);
@@ -228,6 +243,7 @@ private:
     Stesura& Fatta;
     const AreaStampa& Area;
     FontDocumento& Font;
+    std::size_t Trattenuto = 0;  ///< the piece that is to stand with the one above it, 0 none
 };
 
 /// The last line of a document, a signature or a date, does not stand alone on a page: it takes the text

@@ -76,6 +76,7 @@ struct Paragrafo
     Carattere Font;  ///< gives an empty paragraph its height
     Rientri Spazi{};
     bool NuovaPagina = false;  ///< a page begins with it
+    bool ConSeguente = false;  ///< no page ends with it
 
     [[nodiscard]] QString Testo() const;
 };

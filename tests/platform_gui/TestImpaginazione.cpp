@@ -69,6 +69,8 @@ private Q_SLOTS:
     void rientriCheNonLascianoPosto();
     void loSpazioSopraESotto();
     void laPaginaChiestaComincia();
+    void ilTitoloNonRestaSolo_data();
+    void ilTitoloNonRestaSolo();
 
     void colonneAllaLoroLarghezza();
     void tabellaPiuLargaDelFoglio();
@@ -346,6 +348,39 @@ void TestImpaginazione::laPaginaChiestaComincia()
     QCOMPARE(pagine::CercaRiga(Fatta, u"a"_s).Pagina, 1);
     QCOMPARE(pagine::CercaRiga(Fatta, u"b"_s).Pagina, 2);
     QCOMPARE(pagine::CercaRiga(Fatta, u"c"_s).Pagina, 2);
+}
+
+void TestImpaginazione::ilTitoloNonRestaSolo_data()
+{
+    QTest::addColumn<bool>("Unito");
+    QTest::newRow("with what it heads") << true;
+    QTest::newRow("alone") << false;
+}
+
+void TestImpaginazione::ilTitoloNonRestaSolo()
+{
+    QFETCH(bool, Unito);
+    // Lines to fill all but one of a page, the title on that one, text below it.
+    Superficie vp;
+    PreparaPagina(vp);
+    QString Rtf = u"{\\rtf1 "_s;
+    int Righe = 0;
+    while (Impaginazione([&] {
+               Superficie Prova;
+               PreparaPagina(Prova);
+               Prova.Paragraph(Rtf + u"\\pard a\\par\\pard a\\par}"_s);
+               return Finito(Prova);
+           }())
+               .NumeroPagine() == 1) {
+        Rtf += u"\\pard a\\par"_s;
+        ++Righe;
+    }
+    QVERIFY(Righe > 30);
+    vp.Paragraph(Rtf + (Unito ? u"\\pard\\keepn"_s : u"\\pard"_s) +
+                 u" titolo\\par\\pard sotto\\par dopo\\par fine\\par}"_s);
+    const Impaginazione Fatta(Finito(vp));
+    QCOMPARE(pagine::CercaRiga(Fatta, u"sotto"_s).Pagina, 2);
+    QCOMPARE(pagine::CercaRiga(Fatta, u"titolo"_s).Pagina, Unito ? 2 : 1);
 }
 
 // ---- tables ---------------------------------------------------------------------------------------

@@ -110,11 +110,11 @@ void TestScrittoreHtml::allineamentiERientri()
         vp.Paragraph(u"b"_s);
         vp.TextAlign(Allineamento::Giustificato);
         vp.Paragraph(u"c"_s);
-        vp.Paragraph(u"{\\rtf1\\li1134\\fi-567\\sb120\\pagebb d\\par}"_s);
+        vp.Paragraph(u"{\\rtf1\\li1134\\fi-567\\sb120\\pagebb\\keepn d\\par}"_s);
     });
     QCOMPARE(Corpo, u"<p class=\"f0 c\">a</p>\n<p class=\"f0 d\">b</p>\n<p class=\"f0 g\">c</p>\n"
                     u"<p class=\"f0\" style=\"margin:6pt 0cm 0pt 2cm;text-indent:-1cm;tab-size:1cm;"
-                    u"break-before:page\">d</p>\n"_s);
+                    u"break-before:page;break-after:avoid\">d</p>\n"_s);
 }
 
 void TestScrittoreHtml::trattiInAltroFont()

@@ -128,11 +128,11 @@ void TestScrittoreRtf::allineamentiERientri()
             vp.TextAlign(Come);
             vp.Paragraph(u"a"_s);
         }
-        vp.Paragraph(u"{\\rtf1\\li567\\fi-283\\ri1134\\sb120\\sa60\\pagebb b\\par}"_s);
+        vp.Paragraph(u"{\\rtf1\\li567\\fi-283\\ri1134\\sb120\\sa60\\pagebb\\keepn b\\par}"_s);
     });
     QCOMPARE(Corpo.count("\\ql"), 1);
     for (const char* Atteso : {"\\pard\\plain\\qc\\f0", "\\pard\\plain\\qr\\f0", "\\pard\\plain\\qj\\f0",
-                               "\\pard\\plain\\ql\\pagebb\\li567\\ri1134\\fi-283\\sb120\\sa60\\f0"})
+                               "\\pard\\plain\\ql\\pagebb\\keepn\\li567\\ri1134\\fi-283\\sb120\\sa60\\f0"})
         QVERIFY2(Corpo.contains(Atteso), Atteso);
 }
 
@@ -336,7 +336,7 @@ void TestScrittoreRtf::riletto()
     const QString Testo =
         u"{\\rtf1{\\fonttbl{\\f0 Georgia;}{\\f1 Arial;}}\\qj\\li567\\fi-283\\sb120 1.\\tab "
         u"a {\\b b{\\i c}} \\f1\\fs30 \\u8805?\\u-10179?\\u-8704?\\line\\{\\par\\pard\\qc\\par"
-        u"\\pagebb\\ul d\\par}"_s;
+        u"\\pagebb\\keepn\\ul d\\par}"_s;
     Superficie vp;
     vp.StartDoc();
     vp.Paragraph(Testo);
@@ -350,6 +350,7 @@ void TestScrittoreRtf::riletto()
         QCOMPARE(Letti[i].Testo(), Scritto.Testo());
         QCOMPARE(Letti[i].Allinea, Scritto.Allinea);
         QCOMPARE(Letti[i].NuovaPagina, Scritto.NuovaPagina);
+        QCOMPARE(Letti[i].ConSeguente, Scritto.ConSeguente);
         QCOMPARE(Letti[i].Font, Scritto.Font);
         QVERIFY(qAbs(Letti[i].Spazi.SinistroCm - Scritto.Spazi.SinistroCm) < 0.001);
         QCOMPARE(Letti[i].Spazi.SopraPunti, Scritto.Spazi.SopraPunti);
