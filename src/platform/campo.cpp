@@ -131,8 +131,9 @@ std::function<int(int, const QString&)>& Filtro()
 class FiltroDigitazione : public QObject
 {
 public:
-    FiltroDigitazione(QLineEdit* Campo, const QString& TipoTasti, bool PuntoVirgola)
-        : QObject(Campo), Box(Campo), Tipo(TipoTasti), PuntoInVirgola(PuntoVirgola)
+    FiltroDigitazione(QLineEdit* Campo, const QString& TipoTasti, bool PuntoVirgola, bool TastierinoVirgola)
+        : QObject(Campo), Box(Campo), Tipo(TipoTasti), PuntoInVirgola(PuntoVirgola),
+          TastierinoInVirgola(TastierinoVirgola)
     {
         Campo->installEventFilter(this);
     }
@@ -174,7 +175,7 @@ private:
         if (Carattere != u'.')
             return Carattere;
         const bool Tastierino = Tasto.modifiers().testFlag(Qt::KeypadModifier);
-        return PuntoInVirgola || (Tastierino && Tipo.contains(u',')) ? u',' : u'.';
+        return PuntoInVirgola || (Tastierino && TastierinoInVirgola) ? u',' : u'.';
     }
 
     int Lascia(int Carattere) const
@@ -186,6 +187,7 @@ private:
     QLineEdit* Box;
     QString Tipo;
     bool PuntoInVirgola;
+    bool TastierinoInVirgola;
 };
 
 /// Runs what is open in a widget and in those around it. @return false when something refuses
@@ -282,7 +284,12 @@ bool ConcludiCampo()
 
 void FiltraTasti(QLineEdit* Campo, const QString& Tipo, bool PuntoInVirgola)
 {
-    new FiltroDigitazione(Campo, Tipo, PuntoInVirgola);
+    new FiltroDigitazione(Campo, Tipo, PuntoInVirgola, Tipo.contains(u','));
+}
+
+void VirgolaDalTastierino(QLineEdit* Campo, bool PuntoInVirgola)
+{
+    new FiltroDigitazione(Campo, {}, PuntoInVirgola, true);
 }
 
 std::function<int(int, const QString&)> InstallaFiltro(std::function<int(int, const QString&)> Nuovo)

@@ -42,6 +42,10 @@ public:
 /// shortcuts pass.
 void FiltraTasti(QLineEdit* Campo, const QString& Tipo, bool PuntoInVirgola = false);
 
+/// An amount box that lets every key in: the keypad's decimal key types a comma, "." too in percent boxes.
+/// Enter moves on as above.
+void VirgolaDalTastierino(QLineEdit* Campo, bool PuntoInVirgola = false);
+
 /// The filter of printable characters: key code and kind in, key code to keep out (0 swallows).
 /// Core's FiltroTasti is installed here at the start. Returns the former one.
 std::function<int(int Tasto, const QString& Tipo)> InstallaFiltro(

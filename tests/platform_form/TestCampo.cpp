@@ -81,6 +81,7 @@ private Q_SLOTS:
     void filtroNonToccaIncolla();
     void virgola_data();
     void virgola();
+    void virgolaSenzaFiltro();
     void soloLettura();
     void numerico_data();
     void numerico();
@@ -379,6 +380,18 @@ void TestCampo::virgola()
     Digita(u"1"_s);
     Digita(u"."_s, Tastierino ? Qt::KeypadModifier : Qt::NoModifier);
     QTEST(M->A->text(), "Scritto");
+}
+
+void TestCampo::virgolaSenzaFiltro()
+{
+    VirgolaDalTastierino(M->A);
+    Digita(u"a1."_s);
+    Digita(u"."_s, Qt::KeypadModifier);
+    QCOMPARE(M->A->text(), u"a1.,"_s);
+    M->A->clear();
+    VirgolaDalTastierino(M->A, true);
+    Digita(u"a1.5"_s);
+    QCOMPARE(M->A->text(), u"a1,5"_s);
 }
 
 void TestCampo::soloLettura()
