@@ -1,0 +1,149 @@
+// The clauses that stand beside the program: what they must say, and that every reader of them can.
+#include "supporto/prova.h"
+
+#include "platform/lettorertf.h"
+#include "platform/percorsi.h"
+#include "print/modStampe.h"
+
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString FileClausole(const QString& Nome)
+{
+    return QStringLiteral(CARTELLA_SORGENTE "/programma/doc/") + Nome + u".rtf"_s;
+}
+
+std::vector<Paragrafo> Clausole(const QString& Nome)
+{
+    return LeggiRtf(LeggiFileTesto(FileClausole(Nome)));
+}
+
+QString Tutto(const QString& Nome)
+{
+    QString Testo;
+    for (const Paragrafo& Uno : Clausole(Nome))
+        Testo += Uno.Testo() + u'\n';
+    return Testo;
+}
+
+QList<int> Numeri(const QString& Testo, const QString& Modello)
+{
+    QList<int> Trovati;
+    for (auto Uno = QRegularExpression(Modello, QRegularExpression::MultilineOption).globalMatch(Testo);
+         Uno.hasNext();)
+        Trovati += Uno.next().captured(1).toInt();
+    return Trovati;
+}
+
+}  // namespace
+
+class TestClausole : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void siLeggono_data();
+    void siLeggono();
+    void gliArticoliProseguono_data();
+    void gliArticoliProseguono();
+    void dicono_data();
+    void dicono();
+    void secondoIlCliente();
+};
+PROVA(TestClausole);
+
+void TestClausole::siLeggono_data()
+{
+    QTest::addColumn<QString>("Nome");
+    for (const char16_t* Nome : {u"ContrattoPersonaFisica", u"ContrattoPersonaGiuridica",
+                                 u"ResaInformazionePersonaFisica", u"ResaInformazionePersonaGiuridica"})
+        QTest::newRow(qPrintable(QString::fromUtf16(Nome))) << QString::fromUtf16(Nome);
+}
+
+void TestClausole::siLeggono()
+{
+    QFETCH(QString, Nome);
+    const QByteArray Byte = LeggiFile(FileClausole(Nome));
+    QVERIFY(
+        std::all_of(Byte.begin(), Byte.end(), [](char C) { return static_cast<unsigned char>(C) < 0x80; }));
+    const std::vector<Paragrafo> Letti = Clausole(Nome);
+    QVERIFY(Letti.size() > 10);
+    for (const Paragrafo& Uno : Letti) {
+        for (const Tratto& Pezzo : Uno.Tratti) {
+            QCOMPARE(Pezzo.Font.Nome, u"Times New Roman"_s);
+            QCOMPARE(Pezzo.Font.Punti, 11.0);  // as the part above them
+        }
+        QVERIFY2(!Uno.Testo().contains(QRegularExpression(u"[{}\\\\*]|  "_s)), qPrintable(Uno.Testo()));
+    }
+}
+
+void TestClausole::gliArticoliProseguono_data()
+{
+    QTest::addColumn<QString>("Nome");
+    QTest::addColumn<int>("Ultimo");
+    QTest::newRow("a person's") << u"ContrattoPersonaFisica"_s << 22;
+    QTest::newRow("a company's") << u"ContrattoPersonaGiuridica"_s << 21;
+}
+
+/// The program writes articles 1 and 2.
+void TestClausole::gliArticoliProseguono()
+{
+    QFETCH(QString, Nome);
+    QFETCH(int, Ultimo);
+    QList<int> Attesi;
+    for (int Numero = 3; Numero <= Ultimo; ++Numero)
+        Attesi += Numero;
+    const QString Testo = Tutto(Nome);
+    QCOMPARE(Numeri(Testo, u"^Art\\. (\\d+) - "_s), Attesi);
+    // The clauses to be approved one by one are there, and the last of them is the court.
+    const QString Approvati = Testo.section(u"specificamente gli articoli "_s, 1).section(u" ("_s, 0, 0);
+    const QList<int> Citati = Numeri(Approvati, u"(\\d+)"_s);
+    QVERIFY(Citati.size() > 3);
+    for (const int Numero : Citati)
+        QVERIFY(Attesi.contains(Numero));
+    QCOMPARE(Citati.last(), Ultimo);
+    QVERIFY(Testo.section(u"Art. %1 - "_s.arg(Ultimo), 1).section(u'\n', 0, 0).contains(u"competente"_s));
+}
+
+void TestClausole::dicono_data()
+{
+    QTest::addColumn<QString>("Nome");
+    QTest::addColumn<QString>("Parole");
+    for (const char16_t* Di : {u"Fisica", u"Giuridica"})
+        for (const char16_t* Parole :
+             {u"L'incarico ha per oggetto", u"compensi", u"spese vive", u"I pagamenti", u"Il cliente\na)\t",
+              u"livello di complessità", u"preventivo", u"assicurato per la responsabilità civile",
+              u"Regolamento (UE) 2016/679", u"può recedere", u"foro", u"Luogo e data ____",
+              u"L'avvocato ____"})
+            QTest::addRow("contract %s: %s", qPrintable(QString::fromUtf16(Di)),
+                          qPrintable(QString::fromUtf16(Parole)))
+                << u"ContrattoPersona"_s + QString::fromUtf16(Di) << QString::fromUtf16(Parole);
+    for (const char16_t* Di : {u"Fisica", u"Giuridica"})
+        for (const char16_t* Parole :
+             {u"mediazione", u"condizione di procedibilità", u"negoziazione assistita",
+              u"patrocinio a spese dello Stato", u"agevolazioni fiscali", u"complessità", u"polizza",
+              u"Regolamento (UE) 2016/679", u"avvocato ____"})
+            QTest::addRow("statement %s: %s", qPrintable(QString::fromUtf16(Di)),
+                          qPrintable(QString::fromUtf16(Parole)))
+                << u"ResaInformazionePersona"_s + QString::fromUtf16(Di) << QString::fromUtf16(Parole);
+}
+
+void TestClausole::dicono()
+{
+    QFETCH(QString, Nome);
+    QFETCH(QString, Parole);
+    QVERIFY(Tutto(Nome).contains(Parole));
+}
+
+void TestClausole::secondoIlCliente()
+{
+    QVERIFY(Tutto(u"ContrattoPersonaFisica"_s).contains(u"codice del consumo"_s));
+    QVERIFY(!Tutto(u"ContrattoPersonaGiuridica"_s).contains(u"codice del consumo"_s));
+    QVERIFY(Tutto(u"ResaInformazionePersonaGiuridica"_s).contains(u"Il legale rappresentante ____"_s));
+    QVERIFY(Tutto(u"ResaInformazionePersonaFisica"_s).contains(u"duemilaquattrocento"_s));
+}
+
+#include "TestClausole.moc"
