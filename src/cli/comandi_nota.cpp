@@ -8,6 +8,7 @@
 #include "platform/errore.h"
 #include "platform/impaginazione.h"
 #include "platform/percorsi.h"
+#include "print/modEsporta.h"
 #include "print/modLettere.h"
 #include "print/modRiepilogo.h"
 #include "print/modStampe.h"
@@ -67,11 +68,19 @@ struct Formato
     void (*Scrivi)(const Documento& Doc, const QString& File, const QString& Titolo);
 };
 
+template <FormatoEsportazione Quale>
+void Esporta(const Documento& Doc, const QString& File, const QString& Titolo)
+{
+    (void)EsportaDocumento(Doc, File, Quale, Titolo);
+}
+
 constexpr std::array Formati{
     Formato{u".txt", [](const Documento& Doc, const QString& File,
                         const QString&) { ScriviFile(File, ScriviTesto(Doc).toUtf8()); }},
     Formato{u".pdf", [](const Documento& Doc, const QString& File,
                         const QString& Titolo) { Impaginazione(Doc).ScriviPdf(File, Titolo); }},
+    Formato{u".doc", Esporta<FormatoEsportazione::Word>},
+    Formato{u".htm", Esporta<FormatoEsportazione::Html>},
 };
 
 const Formato& FormatoDi(const QString& File)
@@ -79,11 +88,12 @@ const Formato& FormatoDi(const QString& File)
     const auto Suo = std::ranges::find_if(
         Formati, [&](const Formato& Uno) { return File.endsWith(Uno.Estensione, Qt::CaseInsensitive); });
     if (Suo == Formati.end())
-        throw Errore(5, u"Il documento si scrive in un file .txt o .pdf: %1"_s.arg(NomeFile(File)));
+        throw Errore(5,
+                     u"Il documento si scrive in un file .txt, .pdf, .doc o .htm: %1"_s.arg(NomeFile(File)));
     return *Suo;
 }
 
-/// What a PDF shows as its title: the document and the note that it was made of.
+/// What a file shows as its title: the document and the note that it was made of.
 QString TitoloDi(const QString& Documento, const QString& File)
 {
     return Documento + u" - "_s + QFileInfo(File).completeBaseName();

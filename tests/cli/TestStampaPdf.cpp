@@ -1,4 +1,5 @@
-// calcanova-cli stampa to a PDF: in the test's process, and as a script without a display calls it.
+// calcanova-cli stampa to a PDF and to the exports: in the test's process, and as a script without a display
+// calls it.
 #include "supporto/pagine.h"
 #include "supporto/prova.h"
 
@@ -34,6 +35,9 @@ private Q_SLOTS:
     void titoloEFont();
     void cartellaCheManca();
     void senzaSchermoNeSessione();
+    void esportazioni_data();
+    void esportazioni();
+    void estensioneSconosciuta();
 };
 PROVA(TestStampaPdf);
 
@@ -99,6 +103,40 @@ void TestStampaPdf::senzaSchermoNeSessione()
     QCOMPARE(Processo.exitCode(), 0);
     QCOMPARE(Processo.readAllStandardError(), QByteArray());
     QVERIFY(Tutto(LeggiFile(Pdf)).contains(u"TOTALE EURO"_s));
+}
+
+void TestStampaPdf::esportazioni_data()
+{
+    QTest::addColumn<QString>("Estensione");
+    QTest::addColumn<QByteArray>("Inizio");
+    QTest::addColumn<QByteArray>("Titolo");
+    QTest::newRow("word processor") << u".doc"_s << "{\\rtf1\\ansi"_ba
+                                    << "{\\title Prenotula - parcella rossi}"_ba;
+    QTest::newRow("page") << u".htm"_s << "<!DOCTYPE html>"_ba
+                          << "<title>Prenotula - parcella rossi</title>"_ba;
+    QTest::newRow("capitals") << u".HTM"_s << "<!DOCTYPE html>"_ba
+                              << "<title>Prenotula"_ba;
+}
+
+void TestStampaPdf::esportazioni()
+{
+    QFETCH(QString, Estensione);
+    QFETCH(QByteArray, Inizio);
+    QFETCH(QByteArray, Titolo);
+    const QString File = NuovaCartella() + u"nota"_s + Estensione;
+    QCOMPARE(Chiama({u"stampa"_s, NotaDiEsempio(u"civile.json"_s), u"0"_s, File}).Stato, 0);
+    const QByteArray Byte = LeggiFile(File);
+    QVERIFY(Byte.startsWith(Inizio));
+    QVERIFY(Byte.contains(Titolo));
+    QVERIFY(Byte.contains("TOTALE EURO"));
+}
+
+void TestStampaPdf::estensioneSconosciuta()
+{
+    const Esito Fatta =
+        Chiama({u"stampa"_s, NotaDiEsempio(u"civile.json"_s), u"0"_s, NuovaCartella() + u"nota.docx"_s});
+    QCOMPARE(Fatta.Stato, 1);
+    QVERIFY2(Fatta.Guasti.contains(u".txt, .pdf, .doc o .htm"_s), qPrintable(Fatta.Guasti));
 }
 
 #include "TestStampaPdf.moc"
