@@ -39,6 +39,11 @@ Registratore::Registratore()
     Nuovi.ApriFile = [this](const QString& Titolo, const QString& Iniziale, const QString&) {
         return Scegli(Domanda::Apri, Titolo, Iniziale);
     };
+    Nuovi.ScegliStampante = [this](QPrinter& Scelta) {
+        if (!ScegliStampante)
+            Fallisci(QStringLiteral("scelta della stampante inattesa"));
+        return ScegliStampante && ScegliStampante(Scelta);
+    };
     Precedenti = InstallaMessaggi(std::move(Nuovi));
 }
 

@@ -6,6 +6,8 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
+
 /// One box as it was shown.
 struct MessaggioMostrato
 {
@@ -35,6 +37,8 @@ public:
     /// Title and starting point of the last save or open dialog.
     [[nodiscard]] const QString& TitoloDialogo() const { return UltimoTitolo; }
     [[nodiscard]] const QString& InizioDialogo() const { return UltimoInizio; }
+    /// Sets the printer up in the place of the user; false cancels. A print dialog without it fails the test.
+    std::function<bool(QPrinter& Scelta)> ScegliStampante;
     /// From now on boxes that nobody expects are only written down, answered the safe way.
     void Tollera() { Tollerante = true; }
 
