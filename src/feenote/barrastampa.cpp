@@ -26,7 +26,7 @@ struct Bottone
 enum GruppoBarra { Vista, Uscita };
 
 constexpr std::array Bottoni{
-    Bottone{u"up", u"Pagina precedente", Vista},  Bottone{u"down", u"Pagina successiva", Vista},
+    Bottone{u"up", u"Pagina precedente", Vista},    Bottone{u"down", u"Pagina successiva", Vista},
     Bottone{u"zoom", u"Dimensioni preview", Vista}, Bottone{u"print", u"Stampa parcella", Uscita},
     Bottone{u"pdf", u"Salva in PDF", Uscita},
 };
@@ -90,8 +90,7 @@ QLabel* CostruisciBarraStampa(QToolBar* Barra, const std::function<void(const QS
         if (Uno.Chiave != u"zoom")
             continue;
         Tasto->setMenu(MenuZoom(Barra, Clic));
-        qobject_cast<QToolButton*>(Barra->widgetForAction(Tasto))
-            ->setPopupMode(QToolButton::MenuButtonPopup);
+        qobject_cast<QToolButton*>(Barra->widgetForAction(Tasto))->setPopupMode(QToolButton::MenuButtonPopup);
     }
     AggiungiSpazio(Barra);
     return AggiungiPagina(Barra);

@@ -52,11 +52,11 @@ constexpr int MassimoBreve = 255;
 constexpr int MassimoMemo = 65535;
 
 constexpr std::array Campi{
-    CampoDatiPar{DatoNumero, MassimoBreve},          CampoDatiPar{DatoData, MassimoBreve},
-    CampoDatiPar{DatoNumFatt, MassimoBreve},         CampoDatiPar{DatoDataFatt, MassimoBreve},
-    CampoDatiPar{DatoDepAutorita, MassimoBreve},     CampoDatiPar{DatoDepSezione, MassimoBreve},
-    CampoDatiPar{DatoDepRuolo, MassimoBreve},        CampoDatiPar{DatoDepGiudice, MassimoBreve},
-    CampoDatiPar{DatoTestoSuperiore, MassimoMemo},   CampoDatiPar{DatoTestoInferiore, MassimoMemo},
+    CampoDatiPar{DatoNumero, MassimoBreve},        CampoDatiPar{DatoData, MassimoBreve},
+    CampoDatiPar{DatoNumFatt, MassimoBreve},       CampoDatiPar{DatoDataFatt, MassimoBreve},
+    CampoDatiPar{DatoDepAutorita, MassimoBreve},   CampoDatiPar{DatoDepSezione, MassimoBreve},
+    CampoDatiPar{DatoDepRuolo, MassimoBreve},      CampoDatiPar{DatoDepGiudice, MassimoBreve},
+    CampoDatiPar{DatoTestoSuperiore, MassimoMemo}, CampoDatiPar{DatoTestoInferiore, MassimoMemo},
 };
 
 /// Where the record keeps a text of both tabs.

@@ -52,8 +52,8 @@ void TestDatiStampa::ogniDocumentoChiedeISuoiDati_data()
     QTest::addColumn<int>("Pannello");
     QTest::addColumn<bool>("Iban");
     QTest::addColumn<bool>("Parti");
-    const auto Riga = [](const char* Nome, int Tipo, const QString& Titolo, PannelloStampa Pannello, bool Iban,
-                         bool Parti) {
+    const auto Riga = [](const char* Nome, int Tipo, const QString& Titolo, PannelloStampa Pannello,
+                         bool Iban, bool Parti) {
         QTest::newRow(Nome) << Tipo << Titolo << int(Pannello) << Iban << Parti;
     };
     Riga("prenotula", 0, u" Dati stampa prenotula: "_s, PannelloStampa::Numero, true, true);
@@ -63,7 +63,8 @@ void TestDatiStampa::ogniDocumentoChiedeISuoiDati_data()
     Riga("nota spese", 4, u" Dati stampa nota spese: "_s, PannelloStampa::Deposito, false, true);
     Riga("contratto", 5, u" Dati stampa contratto: "_s, PannelloStampa::Incarico, false, true);
     Riga("informativa", 6, u" Dati stampa informativa: "_s, PannelloStampa::Incarico, false, true);
-    Riga("solo conti: nessuna parte", 7, u" Dati stampa parte contabile: "_s, PannelloStampa::Testi, false, false);
+    Riga("solo conti: nessuna parte", 7, u" Dati stampa parte contabile: "_s, PannelloStampa::Testi, false,
+         false);
 }
 
 void TestDatiStampa::ogniDocumentoChiedeISuoiDati()

@@ -152,13 +152,15 @@ void TestSchedaStampa::ogniDocumentoHaIlSuoPannello_data()
                               u"chkIvaDiff"_s,    u"cmdSkIvaDiff"_s,  u"chkIBAN"_s};
     const QStringList Incarico{u"optContrTipo_0"_s, u"optContrTipo_1"_s};
     const QStringList Parti{u"txtDatiStaCli"_s, u"txtDatiStaOgg"_s, u"txtDatiStaControp"_s};
-    QTest::newRow("prenotula") << 0 << u" Dati stampa prenotula: "_s << Numero + Parti + QStringList{u"chkIBAN"_s};
+    QTest::newRow("prenotula") << 0 << u" Dati stampa prenotula: "_s
+                               << Numero + Parti + QStringList{u"chkIBAN"_s};
     QTest::newRow("preventivo: senza IBAN") << 1 << u" Dati stampa preventivo: "_s << Numero + Parti;
     QTest::newRow("fattura sintetica") << 2 << u" Dati stampa fattura: "_s << Fattura + Parti;
     QTest::newRow("fattura analitica") << 3 << u" Dati stampa fattura: "_s << Fattura + Parti;
     QTest::newRow("nota spese") << 4 << u" Dati stampa nota spese: "_s
                                 << QStringList{u"txtDatiPar_21"_s, u"txtDatiPar_22"_s, u"txtDatiPar_23"_s,
-                                               u"txtDatiPar_24"_s} + Parti;
+                                               u"txtDatiPar_24"_s} +
+                                       Parti;
     QTest::newRow("contratto") << 5 << u" Dati stampa contratto: "_s << Incarico + Parti;
     QTest::newRow("informativa") << 6 << u" Dati stampa informativa: "_s << Incarico + Parti;
     QTest::newRow("solo conti") << 7 << u" Dati stampa parte contabile: "_s
@@ -171,7 +173,8 @@ void TestSchedaStampa::ogniDocumentoHaIlSuoPannello()
     QFETCH(QStringList, Visti);
     Documento(Tipo);
     QTEST(Controllo<QGroupBox>(F, "fraDatiPar")->title(), "Titolo");
-    static const QRegularExpression Dati(u"^(txtDati(Par|Sta)|chk(IBAN|RegSempl|FattAcc|IvaDiff)|cmdSk|opt|txtContr)"_s);
+    static const QRegularExpression Dati(
+        u"^(txtDati(Par|Sta)|chk(IBAN|RegSempl|FattAcc|IvaDiff)|cmdSk|opt|txtContr)"_s);
     QStringList Trovati;
     for (const QWidget* Uno : PaginaIn(F)->findChildren<QWidget*>(Dati))
         if (Uno->isVisible())
@@ -423,7 +426,9 @@ void TestSchedaStampa::schedaIvaDifferita()
     Documento(StampaFatturaSintetica);
     QVERIFY2(!Controllo(F, "cmdSkIvaDiff")->isEnabled(), "chi mostra le pagine non c'è");
     QString Aperta;
-    Aperture.PaginaWeb = [&](const QString& Pagina, const QString& Titolo) { Aperta = Pagina + u'|' + Titolo; };
+    Aperture.PaginaWeb = [&](const QString& Pagina, const QString& Titolo) {
+        Aperta = Pagina + u'|' + Titolo;
+    };
     F->Mostra();
     Clic(Controllo(F, "cmdSkIvaDiff"));
     QCOMPARE(Aperta, sessione::PercorsoProg + u"SkIvaDiff.htm|VDM - Scheda informativa Iva differita"_s);
@@ -690,8 +695,9 @@ void TestSchedaStampa::tastieraSola()
         Premi(Qt::Key_Tab);
         Giro.append(QApplication::focusWidget()->objectName());
     }
-    const QStringList Atteso{u"txtDatiPar_21"_s, u"txtDatiPar_22"_s, u"txtDatiPar_23"_s,    u"txtDatiPar_24"_s,
-                             u"txtDatiStaCli"_s, u"txtDatiStaOgg"_s, u"txtDatiStaControp"_s};
+    const QStringList Atteso{u"txtDatiPar_21"_s,    u"txtDatiPar_22"_s, u"txtDatiPar_23"_s,
+                             u"txtDatiPar_24"_s,    u"txtDatiStaCli"_s, u"txtDatiStaOgg"_s,
+                             u"txtDatiStaControp"_s};
     QCOMPARE(Giro.first(Atteso.size()), Atteso);
 }
 
