@@ -81,9 +81,10 @@ void frmParcelle::RimettiDisposizione()
         Uno->restoreState(QByteArray::fromBase64(Impostata(Uno).toLatin1()));
     }
     // The data stay as wide as they need; the page takes the room.
-    uiStampa->divisoreStampa->setSizes({1, 10000});
-    uiStampa->divisoreStampa->setStretchFactor(1, 1);
-    uiStampa->divisoreStampa->restoreState(QByteArray::fromBase64(Impostata(uiStampa->divisoreStampa).toLatin1()));
+    QSplitter* Stampa = uiStampa->divisoreStampa;
+    Stampa->setSizes({1, 10000});
+    Stampa->setStretchFactor(1, 1);
+    Stampa->restoreState(QByteArray::fromBase64(Impostata(Stampa).toLatin1()));
     for (Griglia* Una : findChildren<Griglia*>())
         Una->ImpostaLarghezze(Impostata(Una));
 }
