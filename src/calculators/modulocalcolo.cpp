@@ -7,11 +7,15 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QDialog>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
+#include <QMenuBar>
+#include <QMouseEvent>
 #include <QRadioButton>
 #include <QStringList>
 #include <QToolButton>
@@ -104,6 +108,31 @@ private:
     std::function<void()> Calcola;
 };
 
+/// A click on the label of a check box ticks it, as a click on its own text would.
+class EtichettaSpunta : public QObject
+{
+public:
+    EtichettaSpunta(QLabel* Etichetta, QCheckBox* Sua) : QObject(Etichetta), Casella(Sua)
+    {
+        Etichetta->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
+    {
+        if (Evento->type() != QEvent::MouseButtonRelease || !Casella->isEnabled())
+            return false;
+        const auto* Clic = static_cast<QMouseEvent*>(Evento);
+        if (Clic->button() != Qt::LeftButton || !static_cast<QWidget*>(Oggetto)->rect().contains(Clic->pos()))
+            return false;
+        Casella->setFocus(Qt::MouseFocusReason);
+        Casella->click();
+        return true;
+    }
+
+private:
+    QCheckBox* Casella;
+};
+
 /// True when the user has selected text in a widget.
 bool HaSelezione(const QObject* Oggetto)
 {
@@ -121,8 +150,11 @@ public:
 
     bool eventFilter(QObject* Oggetto, QEvent* Evento) override
     {
-        return Evento->type() == QEvent::ShortcutOverride &&
-               static_cast<QKeyEvent*>(Evento)->matches(QKeySequence::Copy) && !HaSelezione(Oggetto);
+        if (Evento->type() != QEvent::ShortcutOverride || HaSelezione(Oggetto) ||
+            !static_cast<QKeyEvent*>(Evento)->matches(QKeySequence::Copy))
+            return false;
+        Evento->ignore();
+        return true;
     }
 };
 
@@ -131,21 +163,41 @@ public:
 void PreparaModulo(QDialog* Modulo, const QString& NomeIcona)
 {
     Modulo->setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                           Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint);
+                           Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint |
+                           Qt::WindowCloseButtonHint);
     Modulo->setAttribute(Qt::WA_DeleteOnClose);
     Modulo->setWindowIcon(aspetto::Icona(NomeIcona));
     aspetto::AssegnaMnemonici(Modulo);
     aspetto::AssegnaNomiAccessibili(Modulo);
     for (QToolButton* Pulsante : Modulo->findChildren<QToolButton*>())
         new InvioPreme(Pulsante);
+    for (QLabel* Etichetta : Modulo->findChildren<QLabel*>())
+        if (auto* Casella = qobject_cast<QCheckBox*>(Etichetta->buddy()))
+            new EtichettaSpunta(Etichetta, Casella);
     new GuardaPosto(Modulo);
+}
+
+void ImpostaMenu(QDialog* Modulo, const QList<VoceMenu>& Voci)
+{
+    auto* Menu = new QMenuBar(Modulo);
+    Menu->setObjectName(u"barMenu"_s);
+    Menu->setAccessibleName(u"Menu"_s);
+    for (const VoceMenu& Una : Voci) {
+        QAction* Voce = Menu->addAction(Una.Testo);
+        Voce->setObjectName(Una.Nome);
+        Voce->setShortcut(Una.Tasti);
+        Collega(Voce, &QAction::triggered, Modulo, Una.Procedura);
+    }
+    Modulo->layout()->setMenuBar(Menu);
 }
 
 bool MostraModulo(QDialog* Modulo)
 {
     const bool Nuovo = !Modulo->isVisible();
     if (Nuovo) {
-        Modulo->adjustSize();
+        // A window whose Designer file gives it a size keeps that one.
+        if (!Modulo->testAttribute(Qt::WA_Resized))
+            Modulo->adjustSize();
         aspetto::RimettiAlPosto(Modulo, Modulo->objectName());
     }
     Modulo->show();

@@ -1,6 +1,7 @@
 // What the windows of the calculators share: Enter, the clipboard, their place on the screen.
 #pragma once
 
+#include <QKeySequence>
 #include <QList>
 #include <QString>
 
@@ -11,9 +12,21 @@ class QDialog;
 class QWidget;
 
 /// Makes a dialog the window of a calculator: a place of its own in the task bar, picture, mnemonics,
-/// accessible names, Enter on every button. It goes when it is closed, as nothing of a calculation survives its
-/// window; its place, kept under its objectName, stays. Call it behind setupUi.
+/// accessible names, Enter on every button. It goes when it is closed, as nothing of a calculation survives
+/// its window; its place, kept under its objectName, stays. Call it behind setupUi.
 void PreparaModulo(QDialog* Modulo, const QString& NomeIcona);
+
+/// An entry of the menu of a calculator.
+struct VoceMenu
+{
+    QString Nome;  ///< of the action
+    QString Testo;
+    QKeySequence Tasti;
+    std::function<void()> Procedura;
+};
+
+/// The menu of a calculator, its entries side by side. Call it behind setupUi.
+void ImpostaMenu(QDialog* Modulo, const QList<VoceMenu>& Voci);
 
 /// Shows the window where it was last time, or brings it to the front.
 /// @return true when it was not on screen
@@ -27,5 +40,6 @@ void CatenaInvio(const QList<QWidget*>& Campi, const std::function<void()>& Calc
 /// empty text copies nothing.
 void CopiaRisultato(QDialog* Modulo, QAbstractButton* Pulsante, const std::function<QString()>& Testo);
 
-/// A caption of a result as one pastes it into a letter: no runs of blanks, no blank lines, "\n" between lines.
+/// A caption of a result as one pastes it into a letter: no runs of blanks, no blank lines, "\n" between
+/// lines.
 [[nodiscard]] QString TestoPulito(const QString& Didascalia);

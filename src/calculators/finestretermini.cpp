@@ -1,0 +1,58 @@
+#include "calculators/finestretermini.h"
+
+#include "core/comandi.h"
+#include "core/sessione.h"
+#include "platform/aspetto.h"
+#include "platform/mascheradata.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QFontMetrics>
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+
+void PreparaPannello(QLabel* Risultato, QAbstractButton* Copia, double Ingrandimento, int Righe)
+{
+    QFont Grande = Risultato->font();
+    Grande.setPointSizeF(Grande.pointSizeF() * Ingrandimento);
+    Risultato->setFont(Grande);
+    Risultato->setMinimumHeight(QFontMetrics(Grande).lineSpacing() * Righe);
+    Risultato->parentWidget()->setBackgroundRole(QPalette::Base);
+    Copia->setIcon(aspetto::Icona(u"copia"_s));
+}
+
+void ScriviRisultato(QLabel* Risultato, QAbstractButton* Copia, const QString& Testo)
+{
+    Risultato->setText(Testo);
+    Risultato->setAccessibleName(Testo.isEmpty() ? u"Risultato"_s : Testo.simplified());
+    Copia->setEnabled(!Testo.isEmpty());
+    if (Testo.isEmpty())
+        return;
+    QAccessibleEvent Annuncio(Risultato, QAccessible::Alert);
+    QAccessible::updateAccessibility(&Annuncio);
+}
+
+void NonSpostare(QWidget* Oggetto)
+{
+    QSizePolicy Misura = Oggetto->sizePolicy();
+    Misura.setRetainSizeWhenHidden(true);
+    Oggetto->setSizePolicy(Misura);
+}
+
+void VaiSullaData(MascheraData* Data)
+{
+    Data->setFocus(Qt::OtherFocusReason);
+    Data->setCursorPosition(0);  // deselects
+}
+
+bool HaAvvertenze()
+{
+    return bool(Aperture.PaginaWeb);
+}
+
+void ApriAvvertenze(const QString& Titolo)
+{
+    if (Aperture.PaginaWeb)
+        Aperture.PaginaWeb(sessione::PercorsoProg + u"avvertenzetermini.htm"_s, Titolo);
+}

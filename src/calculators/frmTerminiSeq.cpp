@@ -1,0 +1,178 @@
+#include "calculators/frmTerminiSeq.h"
+
+#include "calculators/datatesto.h"
+#include "calculators/finestretermini.h"
+#include "calculators/modStampaTermini.h"
+#include "calculators/modulocalcolo.h"
+#include "core/modErrori.h"
+#include "platform/aspetto.h"
+#include "platform/calendario.h"
+#include "platform/campo.h"
+#include "platform/collega.h"
+#include "platform/orologio.h"
+#include "platform/regionale.h"
+#include "platform/shell.h"
+#include "print/frmPrint.h"
+
+#include "ui_frmTerminiSeq.h"
+
+#include <QSignalBlocker>
+
+using namespace Qt::StringLiterals;
+
+frmTerminiSeq::frmTerminiSeq() : ui(std::make_unique<Ui::frmTerminiSeq>())
+{
+    ui->setupUi(this);
+    ImpostaMenu(this, {{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New, [this] { mnuNew_Click(); }},
+                       {u"mnuPrint"_s, u"Stampa"_s, QKeySequence::Print, [this] { mnuPrint_Click(); }}});
+    for (const ArticoloTermini& Uno : Articoli())
+        ui->cmbArticolo->addItem(Uno.Voce.toString());
+    ui->cmbArticolo->setCurrentIndex(0);
+    constexpr double Ingrandimento = 1.15;
+    constexpr int RigheRisultato = 6;  // three links, a blank line before each
+    PreparaPannello(ui->lblRisult, ui->cmdCopia, Ingrandimento, RigheRisultato);
+    ui->cmdCalend->setIcon(aspetto::Icona(u"calendario"_s));
+    ui->Calendario->ImpostaNomeInizio(u"Udienza"_s);
+    PreparaModulo(this, u"sequenz"_s);
+    Collegamenti();
+    ui->mskDecorr->ImpostaTesto(u"  /  /    "_s);
+    ui->Calendario->ImpostaData(Oggi());
+}
+
+frmTerminiSeq::~frmTerminiSeq() = default;
+
+void frmTerminiSeq::Collegamenti()
+{
+    CatenaInvio({ui->cmbArticolo, ui->mskDecorr, ui->chkSosp, ui->chkSabato}, [this] { cmdEsegui_Click(); });
+    CopiaRisultato(this, ui->cmdCopia, [this] { return TestoPulito(Risultato); });
+    ui->cmbArticolo->installEventFilter(this);
+    ui->chkSosp->installEventFilter(this);
+
+    const auto Cambiato = [this] { Pulisci(); };
+    Collega(ui->mskDecorr, &QLineEdit::textEdited, this, [this] { mskDecorr_Change(); });
+    Collega(ui->cmbArticolo, &QComboBox::currentIndexChanged, this, Cambiato);
+    for (const QCheckBox* Casella : {ui->chkSosp, ui->chkSabato})
+        Collega(Casella, &QCheckBox::clicked, this, Cambiato);
+
+    Collega(ui->cmdEsegui, &QPushButton::clicked, this, [this] { cmdEsegui_Click(); });
+    Collega(ui->cmdAvvertenze, &QPushButton::clicked, this, [this] { cmdAvvertenze_Click(); });
+    Collega(ui->cmdCalend, &QToolButton::clicked, this, [this] { cmdCalend_Click(); });
+    Collega(ui->Calendario, &CalendarioMensile::DataScelta, this, &frmTerminiSeq::Calendario_Scelta);
+    ui->Calendario->ImpostaRegole(
+        {[](const QDate& Giorno) { return IsFestivo(Giorno); },
+         [this](const QDate& Giorno) { return ui->chkSosp->isChecked() && GiornoSospeso(Giorno); }});
+}
+
+void frmTerminiSeq::Mostra()
+{
+    ui->cmdAvvertenze->setEnabled(HaAvvertenze());
+    MostraModulo(this);
+}
+
+bool frmTerminiSeq::eventFilter(QObject* Oggetto, QEvent* Evento)
+{
+    if (Evento->type() == QEvent::FocusIn && (Oggetto == ui->chkSosp || Oggetto == ui->cmbArticolo))
+        ui->Calendario->hide();
+    return QDialog::eventFilter(Oggetto, Evento);
+}
+
+OpzioniTermine frmTerminiSeq::Opzioni() const
+{
+    return {.Sospensione = ui->chkSosp->isChecked(), .Sabato = ui->chkSabato->isChecked()};
+}
+
+void frmTerminiSeq::Pulisci()
+{
+    Scadenze.clear();
+    Risultato.clear();
+    ScriviRisultato(ui->lblRisult, ui->cmdCopia, {});
+    SegnaGiorni();
+}
+
+void frmTerminiSeq::SegnaGiorni()
+{
+    QList<QDate> Giorni;
+    for (const ScadenzaAnello& Una : Scadenze)
+        Giorni << Una.Data;
+    ui->Calendario->Segna(LeggiData(SenzaSecolo(ui->mskDecorr->Testo())), Giorni);
+}
+
+void frmTerminiSeq::mskDecorr_Change()
+{
+    if (const auto Ammesso = SabatoAmmesso(ui->mskDecorr->Testo()))
+        ui->chkSabato->setEnabled(*Ammesso);
+    Pulisci();
+    if (const auto Udienza = ui->mskDecorr->Data())
+        ui->Calendario->ImpostaData(*Udienza);
+}
+
+void frmTerminiSeq::cmdEsegui_Click()
+{
+    bool Fatto = false;
+    Protetta([&] { Fatto = Calcola(); });
+    if (Fatto)
+        VaiSullaData(ui->mskDecorr);
+    else
+        RidaiFuoco(ui->mskDecorr);
+}
+
+bool frmTerminiSeq::Calcola()
+{
+    const QString Udienza = ui->mskDecorr->Testo();
+    if (const auto Difetto = DifettoUdienza(Udienza)) {
+        MsgErrore(Difetto->Messaggio);
+        return false;
+    }
+    MostraScadenze(CalcolaSequenza(Udienza, ui->cmbArticolo->currentIndex(), Opzioni()));
+    return true;
+}
+
+void frmTerminiSeq::MostraScadenze(const QList<ScadenzaAnello>& Calcolate)
+{
+    Scadenze = Calcolate;
+    Risultato = TestoSequenza(ui->cmbArticolo->currentIndex(), Scadenze);
+    // One line end on screen: a label would show the carriage return as one more.
+    ScriviRisultato(ui->lblRisult, ui->cmdCopia, QString(Risultato).remove(u'\r'));
+    ui->Calendario->ImpostaData(Scadenze.first().Data);
+    SegnaGiorni();
+    Campanello();
+}
+
+void frmTerminiSeq::cmdCalend_Click()
+{
+    ui->Calendario->setVisible(!ui->Calendario->isVisible());
+    ui->mskDecorr->setFocus();
+}
+
+void frmTerminiSeq::Calendario_Scelta(const QDate& Data)
+{
+    ui->mskDecorr->ImpostaData(Data);
+    mskDecorr_Change();
+    ui->mskDecorr->setFocus();
+    ui->Calendario->hide();
+}
+
+void frmTerminiSeq::cmdAvvertenze_Click()
+{
+    ApriAvvertenze(u"VDM - Calcolo termini - Avvertenze"_s);
+}
+
+void frmTerminiSeq::mnuNew_Click()
+{
+    ui->mskDecorr->ImpostaTesto({});
+    ui->Calendario->hide();
+    ui->cmbArticolo->setCurrentIndex(0);
+    ui->chkSosp->setChecked(true);
+    ui->chkSabato->setChecked(false);
+    Pulisci();
+    ui->mskDecorr->setFocus();
+    Campanello();
+}
+
+void frmTerminiSeq::mnuPrint_Click()
+{
+    MostraStampa(u": calcolo termini sequenziali"_s, [this](Superficie& vp) {
+        return StampaSequenza(vp, ui->mskDecorr->Testo(), ui->cmbArticolo->currentIndex(), Opzioni(),
+                              Risultato);
+    });
+}

@@ -1,0 +1,738 @@
+// The form of the terms, used with keys and mouse.
+#include "calculators/frmTermini.h"
+
+#include "bancotermini.h"
+
+#include "platform/errore.h"
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString VuotaData = u"Non è stata specificata la Data di Decorrenza!"_s;
+const QString CattivaData = u"La Data di Decorrenza indicata non è una data valida!"_s;
+const QString VuotoNumero = u"Non è stato indicato il Numero di incremento!"_s;
+const QString SabatoARitroso =
+    u"La proroga del sabato (art. 155, 5° comma, c.p.c.) non si applica ai termini da calcolarsi a ritroso.\n"
+    "Per maggiori informazioni leggere le Avvertenze"_s;
+
+constexpr int Avanti = 0;
+constexpr int Indietro = 1;
+constexpr int Giorni = 0;
+constexpr int Mesi = 1;
+
+}  // namespace
+
+class TestFrmTermini : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void didascalie();
+    void comincia();
+    void casi_data();
+    void casi();
+    void invioPassaEAllaFineCalcola();
+    void invioDaAntecedenteCalcola();
+    void invioSuiPulsantini();
+    void numeroDiQuattroCifre();
+    void rifiuti_data();
+    void rifiuti();
+    void incollatoNelNumero_data();
+    void incollatoNelNumero();
+    void sabatoARitroso();
+    void sabatoSecondoLaData();
+    void sabatoSpuntatoMaDisabilitato();
+    void annoDiDueCifre();
+    void fuoriDalCalendario_data();
+    void fuoriDalCalendario();
+    void ogniCambioPulisce_data();
+    void ogniCambioPulisce();
+    void loStessoValoreNonPulisce();
+    void ricalcolareRidaLoStesso();
+    void nuovo();
+    void dopoNuovoContaInAnni();
+    void copiaConUnClic();
+    void copiaDaTastiera();
+    void senzaRisultatoNonSiCopia();
+    void calendarioSiVedeEScompare();
+    void calendarioSullaScadenza();
+    void calendarioScriveLaData();
+    void calendarioSegna();
+    void calendarioSenzaSospensione();
+    void etichetteSpuntano();
+    void attivazioneUnaVoltaSola();
+    void chiuderePerdeTutto();
+    void riaprireVisibileNonCambia();
+    void avvertenze();
+    void senzaPagineNienteAvvertenze();
+    void stampaSenzaRisultato();
+    void stampa();
+    void ricordaIlPosto();
+    void ordineDelTabulatore();
+    void ogniControlloHaUnNome();
+    void ilRisultatoSiSente();
+    void sulPiccoloSchermo();
+
+private:
+    /// Types a start date and a number, chooses a unit.
+    void Compila(const QString& Data, const QString& Numero, int Tipo = Giorni);
+    [[nodiscard]] bool SullaData() const { return QApplication::focusWidget() == B->Data(); }
+
+    std::unique_ptr<BancoTermini<frmTermini>> B;
+};
+PROVA(TestFrmTermini);
+
+void TestFrmTermini::init()
+{
+    B = std::make_unique<BancoTermini<frmTermini>>();
+    QVERIFY(B->Attiva);
+}
+
+void TestFrmTermini::cleanup()
+{
+    B.reset();
+}
+
+void TestFrmTermini::Compila(const QString& Data, const QString& Numero, int Tipo)
+{
+    B->Scrivi(u"mskDecorr"_s, Data);
+    B->Scrivi(u"txtIncrNum"_s, Numero);
+    B->Scegli(u"cmbIncrTipo"_s, Tipo);
+}
+
+void TestFrmTermini::didascalie()
+{
+    QCOMPARE(B->F->windowTitle(), u"Calcanova - Computo termini"_s);
+    QStringList Testi;
+    for (const QLabel* Una : B->F->findChildren<QLabel*>())
+        Testi << QString(Una->text()).remove(u'&');
+    for (const QString& Testo :
+         {u"Data decorrenza:"_s, u"Numero:"_s, u"Sospensione feriale:"_s, u"Termine libero:"_s,
+          u"Proroga del sabato:"_s, u"Scadenza:"_s, u"* Per un corretto uso del programma leggere le"_s,
+          u"E' responsabilità dell'utente verificare che i criteri di calcolo e gli orientamenti "
+          u"giurisprudenziali "
+          "riferiti nelle avvertenze siano correttamente applicabili al termine processuale da computare"_s})
+        QVERIFY2(Testi.contains(Testo), qPrintable(Testo));
+    const auto Testo = [this](const QString& Nome) {
+        return B->Uno<QAbstractButton>(Nome)->text().remove(u'&');
+    };
+    QCOMPARE(Testo(u"cmdEsegui"_s), u"Calcola"_s);
+    QCOMPARE(B->Uno(u"cmdEsegui"_s)->toolTip(), u"Calcola scadenza"_s);
+    QCOMPARE(Testo(u"cmdAvvertenze"_s), u"Avvertenze"_s);
+    QCOMPARE(Testo(u"optTipoScad_0"_s), u"Successiva"_s);
+    QCOMPARE(Testo(u"optTipoScad_1"_s), u"Antecedente"_s);
+    for (const QString& Nome : {u"cmdCalend_0"_s, u"cmdCalend_1"_s})
+        QCOMPARE(B->Uno(Nome)->toolTip(), u"Osserva la scadenza sul calendario"_s);
+    QCOMPARE(B->Uno<QAction>(u"mnuNew"_s)->text(), u"Nuovo calcolo"_s);
+    QCOMPARE(B->Uno<QAction>(u"mnuStampa"_s)->text(), u"Stampa"_s);
+}
+
+void TestFrmTermini::comincia()
+{
+    QVERIFY(SullaData());
+    QCOMPARE(B->Data()->Testo(), u"__/__/____"_s);
+    const auto* Tipo = B->Uno<QComboBox>(u"cmbIncrTipo"_s);
+    QCOMPARE(Tipo->currentIndex(), 0);
+    QCOMPARE(Tipo->itemText(0) + Tipo->itemText(1) + Tipo->itemText(2), u"GiorniMesiAnni"_s);
+    QCOMPARE(Tipo->count(), 3);
+    QVERIFY(B->Uno<QCheckBox>(u"chkSosp"_s)->isChecked());
+    QVERIFY(!B->Uno<QCheckBox>(u"chkLibero"_s)->isChecked());
+    QVERIFY(!B->Uno<QCheckBox>(u"chkSabato"_s)->isChecked());
+    QVERIFY(!B->Uno(u"chkSabato"_s)->isEnabled());
+    QVERIFY(B->Uno<QRadioButton>(u"optTipoScad_0"_s)->isChecked());
+    QVERIFY(B->Calendario()->isVisible());
+    QCOMPARE(B->Calendario()->Data(), QDate(2012, 7, 18));
+    QVERIFY(!B->Uno(u"cmdCalend_1"_s)->isVisible());
+    QCOMPARE(B->Risultato(), QString());
+}
+
+void TestFrmTermini::casi_data()
+{
+    QTest::addColumn<QString>("Data");
+    QTest::addColumn<QString>("Numero");
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<bool>("Sosp");
+    QTest::addColumn<bool>("Libero");
+    QTest::addColumn<bool>("Sabato");
+    QTest::addColumn<int>("Verso");
+    QTest::addColumn<QString>("Risultato");
+    QTest::newRow("il dodicesimo giorno salta la sospensione")
+        << u"20072012"_s << u"20"_s << Giorni << true << false << false << Avanti
+        << u"La scadenza è Lunedì,  24 Settembre  2012\n(Posticipata)"_s;
+    QTest::newRow("decorrenza nella sospensione, nessuna nota")
+        << u"10082012"_s << u"10"_s << Giorni << true << false << false << Avanti
+        << u"La scadenza è Martedì,  25 Settembre  2012"_s;
+    QTest::newRow("mese con quindici giorni sospesi, poi domenica")
+        << u"15072012"_s << u"1"_s << Mesi << true << false << false << Avanti
+        << u"La scadenza è Lunedì,  1 Ottobre  2012\n(Posticipata)"_s;
+    QTest::newRow("a ritroso oltre la sospensione")
+        << u"20092012"_s << u"10"_s << Giorni << true << false << false << Indietro
+        << u"La scadenza è Giovedì,  26 Luglio  2012\n(Anticipata)"_s;
+    QTest::newRow("il giorno perso in febbraio resta perso")
+        << u"31012012"_s << u"2"_s << Mesi << false << false << false << Avanti
+        << u"La scadenza è Giovedì,  29 Marzo  2012"_s;
+    QTest::newRow("sabato, poi domenica")
+        << u"24032012"_s << u"7"_s << Giorni << false << false << true << Avanti
+        << u"La scadenza è Lunedì,  2 Aprile  2012\n(Posticipata)"_s;
+    QTest::newRow("il giorno libero cade su Santo Stefano")
+        << u"20122012"_s << u"5"_s << Giorni << false << true << false << Avanti
+        << u"La scadenza è Giovedì,  27 Dicembre  2012\n(Posticipata)"_s;
+    QTest::newRow("Lunedì dell'Angelo")
+        << u"08042012"_s << u"1"_s << Giorni << false << false << false << Avanti
+        << u"La scadenza è Martedì,  10 Aprile  2012\n(Posticipata)"_s;
+}
+
+void TestFrmTermini::casi()
+{
+    QFETCH(QString, Data);
+    QFETCH(QString, Numero);
+    QFETCH(int, Tipo);
+    QFETCH(bool, Sosp);
+    QFETCH(bool, Libero);
+    QFETCH(bool, Sabato);
+    QFETCH(int, Verso);
+    Registratore Box;
+    Compila(Data, Numero, Tipo);
+    B->Spunta(u"chkSosp"_s, Sosp);
+    B->Spunta(u"chkLibero"_s, Libero);
+    B->Spunta(u"chkSabato"_s, Sabato);
+    B->Uno<QRadioButton>(u"optTipoScad_"_s + QString::number(Verso))->click();
+    B->Calcola();
+    QTEST(B->Risultato(), "Risultato");
+    QCOMPARE(B->Campane, 1);
+    QVERIFY(B->Uno(u"cmdCalend_1"_s)->isVisible());
+    QVERIFY(SullaData());
+}
+
+void TestFrmTermini::invioPassaEAllaFineCalcola()
+{
+    Registratore Box;
+    QStringList Incontrati;
+    Digita(u"20072012"_s);
+    Premi(Qt::Key_Return);
+    Digita(u"20"_s);
+    for (int i = 0; i < 5; ++i) {
+        Incontrati << QApplication::focusWidget()->objectName();
+        QCOMPARE(B->Risultato(), QString());
+        Premi(Qt::Key_Return);
+    }
+    QCOMPARE(Incontrati,
+             (QStringList{u"txtIncrNum"_s, u"cmbIncrTipo"_s, u"chkSosp"_s, u"chkLibero"_s, u"chkSabato"_s}));
+    QCOMPARE(QApplication::focusWidget()->objectName(), u"optTipoScad_0"_s);
+    Premi(Qt::Key_Enter);
+    QCOMPARE(B->Risultato(), u"La scadenza è Lunedì,  24 Settembre  2012\n(Posticipata)"_s);
+    QVERIFY(SullaData());
+    // The next date is typed over the last one.
+    Digita(u"08042012"_s);
+    QCOMPARE(B->Data()->Testo(), u"08/04/2012"_s);
+}
+
+void TestFrmTermini::invioDaAntecedenteCalcola()
+{
+    Registratore Box;
+    Compila(u"20092001"_s, u"10"_s);
+    B->Uno<QRadioButton>(u"optTipoScad_1"_s)->click();
+    B->Uno(u"chkLibero"_s)->setFocus();
+    Premi(Qt::Key_Return);  // the Saturday is disabled for that year, and "Successiva" is not the one chosen
+    QCOMPARE(QApplication::focusWidget()->objectName(), u"optTipoScad_1"_s);
+    Premi(Qt::Key_Return);
+    QVERIFY(B->Risultato().endsWith(u"(Anticipata)"_s));
+}
+
+void TestFrmTermini::invioSuiPulsantini()
+{
+    Registratore Box;
+    // No box about a date that lacks: the default button is not pressed.
+    B->Uno(u"cmdCalend_0"_s)->setFocus();
+    Premi(Qt::Key_Return);
+    QVERIFY(!B->Calendario()->isVisible());
+}
+
+void TestFrmTermini::numeroDiQuattroCifre()
+{
+    B->Scrivi(u"txtIncrNum"_s, u"1a2-3,4567"_s);
+    QCOMPARE(B->Uno<QLineEdit>(u"txtIncrNum"_s)->text(), u"1234"_s);
+    Premi(Qt::Key_Backspace);
+    QCOMPARE(B->Uno<QLineEdit>(u"txtIncrNum"_s)->text(), u"123"_s);
+    Registratore Box;
+    Compila(u"01012012"_s, u"9999"_s);
+    B->Spunta(u"chkSosp"_s, false);
+    B->Calcola();
+    QCOMPARE(B->Risultato(), u"La scadenza è Mercoledì,  18 Maggio  2039"_s);
+}
+
+void TestFrmTermini::rifiuti_data()
+{
+    QTest::addColumn<QString>("Data");
+    QTest::addColumn<QString>("Numero");
+    QTest::addColumn<QString>("Messaggio");
+    QTest::newRow("niente") << u""_s << u""_s << VuotaData;
+    QTest::newRow("data vuota") << u""_s << u"10"_s << VuotaData;
+    QTest::newRow("31 febbraio") << u"31022012"_s << u"10"_s << CattivaData;
+    QTest::newRow("zeri") << u"00000000"_s << u"10"_s << CattivaData;
+    QTest::newRow("anno 1") << u"01010001"_s << u"10"_s << CattivaData;
+    QTest::newRow("data a metà") << u"1203"_s << u"10"_s << CattivaData;
+    QTest::newRow("anno di tre cifre") << u"0101201"_s << u"10"_s << CattivaData;
+    QTest::newRow("prima la data, poi il numero") << u"31022012"_s << u""_s << CattivaData;
+    QTest::newRow("numero vuoto") << u"12032012"_s << u""_s << VuotoNumero;
+    QTest::newRow("numero 0") << u"12032012"_s << u"0"_s << VuotoNumero;
+    QTest::newRow("numero 0000") << u"12032012"_s << u"0000"_s << VuotoNumero;
+}
+
+void TestFrmTermini::rifiuti()
+{
+    QFETCH(QString, Data);
+    QFETCH(QString, Numero);
+    QFETCH(QString, Messaggio);
+    Registratore Box;
+    Compila(Data, Numero);
+    Box.Attendi(Messaggio, vbOK, u"Errore:"_s);
+    B->Calcola();
+    // Whatever lacks, the focus ends on the date.
+    QTRY_VERIFY(SullaData());
+    QCOMPARE(B->Risultato(), QString());
+    QCOMPARE(B->Campane, 0);
+    QVERIFY(!B->Uno(u"cmdCalend_1"_s)->isVisible());
+    // The form goes on.
+    Compila(u"12032012"_s, u"3"_s);
+    B->Calcola();
+    QCOMPARE(B->Risultato(), u"La scadenza è Giovedì,  15 Marzo  2012"_s);
+}
+
+void TestFrmTermini::incollatoNelNumero_data()
+{
+    QTest::addColumn<QString>("Appunti");
+    for (const char* Testo : {"abc", "1-2", "12.5", " "})
+        QTest::newRow(Testo) << QString::fromLatin1(Testo);
+}
+
+void TestFrmTermini::incollatoNelNumero()
+{
+    QFETCH(QString, Appunti);
+    Registratore Box;
+    B->Scrivi(u"mskDecorr"_s, u"12032012"_s);
+    QApplication::clipboard()->setText(Appunti);
+    B->Uno<QLineEdit>(u"txtIncrNum"_s)->setFocus();
+    Premi(Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(B->Uno<QLineEdit>(u"txtIncrNum"_s)->text(), Appunti);
+    Box.Attendi(VuotoNumero, vbOK, u"Errore:"_s);
+    B->Calcola();
+    QCOMPARE(B->Risultato(), QString());
+}
+
+void TestFrmTermini::sabatoARitroso()
+{
+    Registratore Box;
+    Compila(u"20042012"_s, u"13"_s);  // back to 07/04/2012, a Saturday
+    B->Spunta(u"chkSabato"_s, true);
+    B->Uno<QRadioButton>(u"optTipoScad_1"_s)->click();
+    Box.Attendi(SabatoARitroso, vbOK, u"Avvertenza:"_s);
+    B->Calcola();
+    QCOMPARE(Box.Mostrati().first().Bandiere, vbExclamation);
+    QVERIFY(!B->Uno<QCheckBox>(u"chkSabato"_s)->isChecked());
+    QCOMPARE(B->Risultato(), u"La scadenza è Sabato,  7 Aprile  2012"_s);
+    // Said once: the choice is gone.
+    B->Calcola();
+    // It is said before what lacks.
+    B->Spunta(u"chkSabato"_s, true);
+    B->Scrivi(u"mskDecorr"_s, {});
+    Box.Attendi(SabatoARitroso);
+    Box.Attendi(VuotaData);
+    B->Calcola();
+    QCOMPARE(B->Risultato(), QString());
+}
+
+void TestFrmTermini::sabatoSecondoLaData()
+{
+    const QWidget* Sabato = B->Uno(u"chkSabato"_s);
+    B->Scrivi(u"mskDecorr"_s, u"02032006"_s);
+    QVERIFY(Sabato->isEnabled());
+    B->Scrivi(u"mskDecorr"_s, u"01032006"_s);
+    QVERIFY(!Sabato->isEnabled());
+    // What is no date changes nothing.
+    B->Scrivi(u"mskDecorr"_s, u"31022012"_s);
+    QVERIFY(!Sabato->isEnabled());
+    B->Scrivi(u"mskDecorr"_s, u"12032012"_s);
+    QVERIFY(Sabato->isEnabled());
+    B->Scrivi(u"mskDecorr"_s, u"120320"_s);
+    QVERIFY(Sabato->isEnabled());
+}
+
+void TestFrmTermini::sabatoSpuntatoMaDisabilitato()
+{
+    Registratore Box;
+    B->Scrivi(u"mskDecorr"_s, u"12032012"_s);
+    B->Spunta(u"chkSabato"_s, true);
+    Compila(u"24032001"_s, u"7"_s);  // 31/03/2001 is a Saturday
+    QVERIFY(!B->Uno(u"chkSabato"_s)->isEnabled());
+    QVERIFY(B->Uno<QCheckBox>(u"chkSabato"_s)->isChecked());
+    B->Calcola();
+    QCOMPARE(B->Risultato(), u"La scadenza è Lunedì,  2 Aprile  2001\n(Posticipata)"_s);
+}
+
+void TestFrmTermini::annoDiDueCifre()
+{
+    Registratore Box;
+    Compila(u"120320"_s, u"1"_s);
+    B->Calcola();
+    QCOMPARE(B->Risultato(), u"La scadenza è Venerdì,  13 Marzo  2020"_s);
+    QVERIFY(B->Calendario()->Aspetto(QDate(2020, 3, 12)).Inizio);
+    // The mask is never rewritten.
+    B->Uno(u"txtIncrNum"_s)->setFocus();
+    QCOMPARE(B->Data()->Testo(), u"12/03/20__"_s);
+}
+
+void TestFrmTermini::fuoriDalCalendario_data()
+{
+    QTest::addColumn<QString>("Data");
+    QTest::addColumn<QString>("Numero");
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<int>("Verso");
+    QTest::newRow("dopo l'ultimo giorno") << u"31129999"_s << u"1"_s << Giorni << Avanti;
+    QTest::newRow("9999 anni") << u"12032012"_s << u"9999"_s << 2 << Avanti;
+    QTest::newRow("prima del primo") << u"01010100"_s << u"1"_s << Giorni << Indietro;
+}
+
+void TestFrmTermini::fuoriDalCalendario()
+{
+    QFETCH(QString, Data);
+    QFETCH(QString, Numero);
+    QFETCH(int, Tipo);
+    QFETCH(int, Verso);
+    Registratore Box;
+    Compila(Data, Numero, Tipo);
+    B->Uno<QRadioButton>(u"optTipoScad_"_s + QString::number(Verso))->click();
+    Box.Attendi(u"Errore: "_s + DescrizioneErrore(5) + u" (5)"_s, vbOK, u"Errore:"_s);
+    B->Calcola();
+    QTRY_VERIFY(SullaData());
+    QVERIFY(B->F->isVisible());
+    QCOMPARE(B->Risultato(), QString());
+    QCOMPARE(B->Campane, 0);
+    Compila(u"12032012"_s, u"3"_s);
+    B->Uno<QRadioButton>(u"optTipoScad_0"_s)->click();
+    B->Calcola();
+    QCOMPARE(B->Risultato(), u"La scadenza è Giovedì,  15 Marzo  2012"_s);
+}
+
+void TestFrmTermini::ogniCambioPulisce_data()
+{
+    QTest::addColumn<std::function<void(BancoTermini<frmTermini>&)>>("Cambia");
+    using Mano = std::function<void(BancoTermini<frmTermini>&)>;
+    QTest::newRow("data") << Mano([](auto& S) {
+        S.Data()->setFocus(Qt::TabFocusReason);
+        Digita(u"1"_s);
+    });
+    QTest::newRow("numero") << Mano([](auto& S) {
+        S.Uno(u"txtIncrNum"_s)->setFocus();
+        Digita(u"1"_s);
+    });
+    QTest::newRow("unità") << Mano([](auto& S) { S.Scegli(u"cmbIncrTipo"_s, Mesi); });
+    for (const char* Nome : {"chkSosp", "chkLibero", "chkSabato", "optTipoScad_1"})
+        QTest::newRow(Nome) << Mano(
+            [Nome](auto& S) { S.template Uno<QAbstractButton>(QString::fromLatin1(Nome))->click(); });
+    QTest::newRow("giorno dal calendario") << Mano([](auto& S) { S.ClicGiorno(QDate(2012, 3, 1)); });
+}
+
+void TestFrmTermini::ogniCambioPulisce()
+{
+    QFETCH(std::function<void(BancoTermini<frmTermini>&)>, Cambia);
+    Registratore Box;
+    Compila(u"12032012"_s, u"3"_s);
+    B->Calcola();
+    QVERIFY(!B->Risultato().isEmpty());
+    Cambia(*B);
+    QCOMPARE(B->Risultato(), QString());
+    QVERIFY(!B->Uno(u"cmdCalend_1"_s)->isVisible());
+    QVERIFY(!B->Uno(u"cmdCopia"_s)->isEnabled());
+    QVERIFY(!B->Calendario()->Aspetto(QDate(2012, 3, 15)).Scadenza);
+}
+
+void TestFrmTermini::loStessoValoreNonPulisce()
+{
+    Registratore Box;
+    Compila(u"12032012"_s, u"3"_s);
+    B->Calcola();
+    B->Uno<QRadioButton>(u"optTipoScad_0"_s)->click();
+    B->Scegli(u"cmbIncrTipo"_s, Giorni);
+    B->Uno(u"txtIncrNum"_s)->setFocus();
+    Premi(Qt::Key_Left);
+    QVERIFY(!B->Risultato().isEmpty());
+}
+
+void TestFrmTermini::ricalcolareRidaLoStesso()
+{
+    Registratore Box;
+    Compila(u"15072012"_s, u"1"_s, Mesi);
+    for (int i = 0; i < 3; ++i) {
+        B->Calcola();
+        QCOMPARE(B->Risultato(), u"La scadenza è Lunedì,  1 Ottobre  2012\n(Posticipata)"_s);
+    }
+}
+
+void TestFrmTermini::nuovo()
+{
+    Registratore Box;
+    Compila(u"12032012"_s, u"3"_s);
+    B->Spunta(u"chkSosp"_s, false);
+    B->Spunta(u"chkLibero"_s, true);
+    B->Spunta(u"chkSabato"_s, true);
+    B->Calcola();
+    B->Uno<QRadioButton>(u"optTipoScad_1"_s)->click();
+    B->Voce(u"mnuNew"_s);
+    QCOMPARE(B->Data()->Testo(), u"__/__/____"_s);
+    QCOMPARE(B->Uno<QLineEdit>(u"txtIncrNum"_s)->text(), QString());
+    QCOMPARE(B->Uno<QComboBox>(u"cmbIncrTipo"_s)->currentIndex(), -1);
+    QVERIFY(B->Uno<QCheckBox>(u"chkSosp"_s)->isChecked());
+    QVERIFY(!B->Uno<QCheckBox>(u"chkLibero"_s)->isChecked());
+    QVERIFY(!B->Uno<QCheckBox>(u"chkSabato"_s)->isChecked());
+    QVERIFY(B->Uno<QRadioButton>(u"optTipoScad_0"_s)->isChecked());
+    QCOMPARE(B->Risultato(), QString());
+    QVERIFY(!B->Calendario()->Aspetto(QDate(2012, 3, 12)).Inizio);
+    QVERIFY(SullaData());
+    QCOMPARE(B->Campane, 2);
+}
+
+void TestFrmTermini::dopoNuovoContaInAnni()
+{
+    Registratore Box;
+    B->Voce(u"mnuNew"_s);
+    B->Scrivi(u"mskDecorr"_s, u"12032012"_s);
+    B->Scrivi(u"txtIncrNum"_s, u"1"_s);
+    B->Spunta(u"chkSosp"_s, false);
+    B->Calcola();
+    QCOMPARE(B->Risultato(), u"La scadenza è Martedì,  12 Marzo  2013"_s);
+}
+
+void TestFrmTermini::copiaConUnClic()
+{
+    Registratore Box;
+    Compila(u"20072012"_s, u"20"_s);
+    B->Calcola();
+    B->Clic(u"cmdCopia"_s);
+    QCOMPARE(QApplication::clipboard()->text(), u"La scadenza è Lunedì, 24 Settembre 2012\n(Posticipata)"_s);
+}
+
+void TestFrmTermini::copiaDaTastiera()
+{
+    Registratore Box;
+    Compila(u"10082012"_s, u"10"_s);
+    B->Calcola();
+    const QString Atteso = u"La scadenza è Martedì, 25 Settembre 2012"_s;
+    for (const QString& Nome : {u"mskDecorr"_s, u"cmdEsegui"_s, u"chkSosp"_s, u"lblRisult"_s}) {
+        if (Nome != u"mskDecorr")
+            B->Uno(Nome)->setFocus();
+        QApplication::clipboard()->clear();
+        B->CtrlC();
+        QCOMPARE(QApplication::clipboard()->text(), Atteso);
+    }
+    // A selection made by hand goes first.
+    B->Data()->setFocus();
+    B->Data()->selectAll();
+    B->CtrlC();
+    QCOMPARE(QApplication::clipboard()->text(), u"10/08/2012"_s);
+}
+
+void TestFrmTermini::senzaRisultatoNonSiCopia()
+{
+    QApplication::clipboard()->setText(u"di prima"_s);
+    QVERIFY(!B->Uno(u"cmdCopia"_s)->isEnabled());
+    B->CtrlC();
+    QCOMPARE(QApplication::clipboard()->text(), u"di prima"_s);
+}
+
+void TestFrmTermini::calendarioSiVedeEScompare()
+{
+    const QSize Prima = B->F->size();
+    B->Uno(u"txtIncrNum"_s)->setFocus();
+    B->Clic(u"cmdCalend_0"_s);
+    QVERIFY(!B->Calendario()->isVisible());
+    QVERIFY(SullaData());
+    B->Clic(u"cmdCalend_0"_s);
+    QVERIFY(B->Calendario()->isVisible());
+    QCOMPARE(B->Calendario()->Data(), QDate(2012, 7, 18));
+    QCOMPARE(B->F->size(), Prima);
+}
+
+void TestFrmTermini::calendarioSullaScadenza()
+{
+    Registratore Box;
+    Compila(u"20072012"_s, u"20"_s);
+    B->Calcola();
+    B->Calendario()->ImpostaData(QDate(2000, 1, 1));
+    B->Clic(u"cmdCalend_1"_s);
+    QVERIFY(!B->Calendario()->isVisible());
+    QCOMPARE(B->Calendario()->Data(), QDate(2012, 9, 24));
+    QVERIFY(SullaData());
+    QVERIFY2(!B->Risultato().isEmpty(), "looking at it changes nothing");
+    QCOMPARE(B->Data()->Testo(), u"20/07/2012"_s);
+}
+
+void TestFrmTermini::calendarioScriveLaData()
+{
+    B->ClicGiorno(QDate(2012, 7, 5));
+    QCOMPARE(B->Data()->Testo(), u"05/07/2012"_s);
+    QVERIFY(B->Uno(u"chkSabato"_s)->isEnabled());
+    QVERIFY(B->Calendario()->isVisible());
+    // By the keys too.
+    B->Calendario()->setFocus();
+    Premi(Qt::Key_PageUp, Qt::ControlModifier);
+    Premi(Qt::Key_Home);
+    QCOMPARE(B->Data()->Testo(), u"05/07/2012"_s);
+    Premi(Qt::Key_Return);
+    QCOMPARE(B->Data()->Testo(), u"01/07/2011"_s);
+}
+
+void TestFrmTermini::calendarioSegna()
+{
+    Registratore Box;
+    Compila(u"20072012"_s, u"20"_s);
+    const CalendarioMensile* C = B->Calendario();
+    QVERIFY(C->Aspetto(QDate(2012, 7, 20)).Inizio);
+    QCOMPARE(C->Data(), QDate(2012, 7, 20));
+    B->Calcola();
+    QCOMPARE(C->Aspetto(QDate(2012, 9, 24)), (AspettoGiorno{.Scadenza = true}));
+    QCOMPARE(C->Data(), QDate(2012, 9, 24));
+    QCOMPARE(C->Aspetto(QDate(2012, 8, 15)), (AspettoGiorno{.Festivo = true, .Sospeso = true}));
+    QCOMPARE(C->Aspetto(QDate(2012, 4, 9)), (AspettoGiorno{.Festivo = true}));
+    QVERIFY(C->Aspetto(QDate(2012, 8, 1)).Sospeso && C->Aspetto(QDate(2012, 9, 15)).Sospeso);
+    QVERIFY(!C->Aspetto(QDate(2012, 7, 31)).Sospeso && !C->Aspetto(QDate(2012, 9, 16)).Sospeso);
+}
+
+void TestFrmTermini::calendarioSenzaSospensione()
+{
+    B->Spunta(u"chkSosp"_s, false);
+    QCOMPARE(B->Calendario()->Aspetto(QDate(2012, 8, 16)), AspettoGiorno());
+    B->Spunta(u"chkSosp"_s, true);
+    QVERIFY(B->Calendario()->Aspetto(QDate(2012, 8, 16)).Sospeso);
+}
+
+void TestFrmTermini::etichetteSpuntano()
+{
+    B->Clic(u"lblLibero"_s);
+    QVERIFY(B->Uno<QCheckBox>(u"chkLibero"_s)->isChecked());
+    B->Clic(u"lblLibero"_s);
+    QVERIFY(!B->Uno<QCheckBox>(u"chkLibero"_s)->isChecked());
+    B->Clic(u"lblSabato"_s);  // disabled at first
+    QVERIFY(!B->Uno<QCheckBox>(u"chkSabato"_s)->isChecked());
+}
+
+void TestFrmTermini::attivazioneUnaVoltaSola()
+{
+    B->Spunta(u"chkSosp"_s, false);
+    B->Scegli(u"cmbIncrTipo"_s, Mesi);
+    B->Uno<QRadioButton>(u"optTipoScad_1"_s)->click();
+    QWidget Altra;
+    QVERIFY(MostraAttiva(Altra));
+    QVERIFY(MostraAttiva(*B->F));
+    QVERIFY(!B->Uno<QCheckBox>(u"chkSosp"_s)->isChecked());
+    QCOMPARE(B->Uno<QComboBox>(u"cmbIncrTipo"_s)->currentIndex(), Mesi);
+    QVERIFY(B->Uno<QRadioButton>(u"optTipoScad_1"_s)->isChecked());
+}
+
+void TestFrmTermini::chiuderePerdeTutto()
+{
+    Registratore Box;
+    Compila(u"12032012"_s, u"3"_s);
+    B->Calcola();
+    QTest::keyPress(QApplication::focusWidget(), Qt::Key_Escape);
+    QTRY_VERIFY(!B->F);
+    B->Apri();
+    comincia();
+}
+
+void TestFrmTermini::riaprireVisibileNonCambia()
+{
+    Compila(u"12032012"_s, u"3"_s, Mesi);
+    B->Spunta(u"chkSosp"_s, false);
+    B->F->Mostra();
+    QCOMPARE(B->Uno<QComboBox>(u"cmbIncrTipo"_s)->currentIndex(), Mesi);
+    QVERIFY(!B->Uno<QCheckBox>(u"chkSosp"_s)->isChecked());
+    QCOMPARE(B->Data()->Testo(), u"12/03/2012"_s);
+}
+
+void TestFrmTermini::avvertenze()
+{
+    B->Clic(u"cmdAvvertenze"_s);
+    QCOMPARE(B->Pagine,
+             QStringList{u"/programma/avvertenzetermini.htm|KR6 - Calcolo termini - Avvertenze"_s});
+}
+
+void TestFrmTermini::senzaPagineNienteAvvertenze()
+{
+    delete B->F.data();
+    Aperture.PaginaWeb = {};
+    B->Apri();
+    QVERIFY(!B->Uno(u"cmdAvvertenze"_s)->isEnabled());
+}
+
+void TestFrmTermini::stampaSenzaRisultato()
+{
+    Registratore Box;
+    Compila(u"12032012"_s, u"3"_s);
+    Box.Attendi(u"Non è stato effettuato alcun calcolo!"_s, vbOK, u"Errore:"_s);
+    B->Voce(u"mnuStampa"_s);
+    QCOMPARE(B->Stampato(), QStringList());
+}
+
+void TestFrmTermini::stampa()
+{
+    Registratore Box;
+    Compila(u"200712"_s, u"20"_s);
+    B->Spunta(u"chkSabato"_s, true);
+    B->Calcola();
+    B->Voce(u"mnuStampa"_s);
+    QCOMPARE(B->Stampato(),
+             (QStringList{u"CALCOLO TERMINI "_s, u"Data decorrenza: 20/07/12__"_s, u"Incremento: 20 Giorni"_s,
+                          u"Sospensione feriale: Sì"_s, u"Termine libero: No"_s, u"Proroga del sabato: No"_s,
+                          u"Scadenza: Successiva"_s, u"RISULTATO ELABORAZIONE:"_s,
+                          u"La scadenza è Lunedì,  24 Settembre  2012\n(Posticipata)"_s}));
+    QCOMPARE(SeCaricato<frmPrint>->windowTitle(), u"Stampa documento: calcolo termini"_s);
+    QCOMPARE(SeCaricato<frmPrint>->vpFree().Zoom(), 80);
+    QVERIFY2(!B->Risultato().isEmpty(), "printing changes nothing");
+}
+
+void TestFrmTermini::ricordaIlPosto()
+{
+    B->F->setGeometry(5, 40, 780, 440);
+    B->F->close();
+    QTRY_VERIFY(!B->F);
+    B->Apri();
+    QCOMPARE(B->F->geometry(), QRect(5, 40, 780, 440));
+}
+
+void TestFrmTermini::ordineDelTabulatore()
+{
+    Compila(u"12032012"_s, u"3"_s);
+    QCOMPARE(B->OrdineTab(u"mskDecorr"_s, 8),
+             (QStringList{u"mskDecorr"_s, u"txtIncrNum"_s, u"cmbIncrTipo"_s, u"chkSosp"_s, u"chkLibero"_s,
+                          u"chkSabato"_s, u"optTipoScad_0"_s, u"cmdEsegui"_s}));
+}
+
+void TestFrmTermini::ogniControlloHaUnNome()
+{
+    QCOMPARE(B->SenzaNome(), QStringList());
+}
+
+void TestFrmTermini::ilRisultatoSiSente()
+{
+    Registratore Box;
+    Compila(u"10082012"_s, u"10"_s);
+    B->Calcola();
+    QCOMPARE(B->Uno(u"lblRisult"_s)->accessibleName(), u"La scadenza è Martedì, 25 Settembre 2012"_s);
+    B->Spunta(u"chkLibero"_s, true);
+    QCOMPARE(B->Uno(u"lblRisult"_s)->accessibleName(), u"Risultato"_s);
+}
+
+void TestFrmTermini::sulPiccoloSchermo()
+{
+    // 1366x768 at 150 % are 910x512, and the frame takes its part.
+    QVERIFY(B->F->minimumSizeHint().width() <= 900);
+    QVERIFY(B->F->minimumSizeHint().height() <= 460);
+}
+
+#include "TestFrmTermini.moc"
