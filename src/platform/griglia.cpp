@@ -251,6 +251,11 @@ void Griglia::ConsentiTrascina(bool Si)
     Pezzi->Vista->Selettore()->ConsentiTrascina(Si);
 }
 
+void Griglia::ConsentiComandi(bool Si)
+{
+    Pezzi->Vista->ConComandi = Si;
+}
+
 bool Griglia::Concludi()
 {
     return Pezzi->Vista->Concludi();

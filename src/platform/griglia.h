@@ -16,6 +16,14 @@
 
 class QTableView;
 
+/// What the user wants done with the selected rows, by its usual keys.
+enum class ComandoRighe {
+    Taglia,   ///< Ctrl+X
+    Copia,    ///< Ctrl+C
+    Incolla,  ///< Ctrl+V
+    Annulla,  ///< Ctrl+Z
+};
+
 /// A column of a grid.
 struct ColonnaGriglia
 {
@@ -39,7 +47,8 @@ struct ColonnaGriglia
 /// Keys: typing, F2 and a double click open a cell, Enter and Tab close it and go to the next one that can
 /// be written (behind the last cell, to the empty row), Esc gives the old text back. With no cell open:
 /// Del asks for a deletion, Ctrl+C copies the cell's text, Shift+Space selects the row or lets it go,
-/// Ctrl+A selects all, Space on a cell that cannot be written counts as a click on it.
+/// Ctrl+A selects all, Space on a cell that cannot be written counts as a click on it. Where the form takes
+/// commands on rows (ConsentiComandi), Ctrl+X, V, Z, and Ctrl+C with rows selected, are handed to it.
 ///
 /// In cells of dates (filter "d") 6 or 8 digits without separators are a date; a valid one is written as
 /// gg/mm/aaaa. A click, a move or a command that closes a cell commits it like Enter does.
@@ -89,9 +98,11 @@ public:
     /// Widths as text, to be remembered, and back.
     [[nodiscard]] QString Larghezze() const;
     void ImpostaLarghezze(const QString& Testo);
-    /// Lets rows be dragged by the row selector. They land before the row in whose upper half they are
-    /// dropped, behind it in its lower half; a line shows where.
+    /// Lets rows be dragged by the row selector, once the pointer has left the row that was pressed. The first
+    /// of them takes the number of the row on which they are dropped, counted without them: a line shows where.
     void ConsentiTrascina(bool Si);
+    /// Hands the keys of ComandoRighe to the form.
+    void ConsentiComandi(bool Si);
 
     /// Commits the open cell and, when the current row was written to, asks LasciaRiga.
     [[nodiscard]] bool Concludi() override;
@@ -121,7 +132,8 @@ Q_SIGNALS:
     void ClicTitolo(int Colonna);
     void SelezioneCambiata();
     void Cancella();                    ///< Del with rows selected or a current row, no cell in edit
-    void Trascinata(int Destinazione);  ///< selected rows dropped before this row; the count: at the end
+    void Comando(ComandoRighe Quale);   ///< a key of ComandoRighe, no cell in edit
+    void Trascinata(int Destinazione);  ///< selected rows dropped on this row; the count: at the end
     void TrascinataFuori();             ///< dropped inside the grid but on no row
     void MenuContestuale(int Riga, const QPoint& Punto);  ///< row -1 none; the point is the screen's
 

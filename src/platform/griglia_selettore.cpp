@@ -160,7 +160,8 @@ void SelettoreRighe::mouseMoveEvent(QMouseEvent* Evento)
     const QPoint Punto = Evento->position().toPoint();
     if (!Trascina) {
         const bool Lontano = (Punto - Inizio).manhattanLength() >= QApplication::startDragDistance();
-        if (!Trascinabile || Premuta < 0 || !Evento->buttons().testFlag(Qt::LeftButton) || !Lontano)
+        const bool SullaStessa = logicalIndexAt(Punto.y()) == Premuta;  // a hand that shakes moves no row
+        if (!Trascinabile || Premuta < 0 || !Evento->buttons().testFlag(Qt::LeftButton) || !Lontano || SullaStessa)
             return;
         Trascina = true;
         setCursor(Qt::ClosedHandCursor);
@@ -197,10 +198,17 @@ std::optional<int> SelettoreRighe::Destinazione(int Y) const
     const int Riga = logicalIndexAt(Y);
     if (Y < 0 || Y >= viewport()->height() || Riga < 0)
         return std::nullopt;
-    if (Vista->Modello()->RigaVuota(Riga))
-        return Vista->Modello()->RigheVere();
-    const int Meta = sectionViewportPosition(Riga) + sectionSize(Riga) / 2;
-    return Y < Meta ? Riga : Riga + 1;
+    return std::min(Riga, Vista->Modello()->RigheVere());
+}
+
+int SelettoreRighe::RigaSegnata(int Numero) const
+{
+    const int Fine = Vista->Modello()->RigheVere();
+    int Riga = 0;
+    for (int Restano = Numero; Riga < Fine; ++Riga)
+        if (!Scelta(Riga) && Restano-- == 0)
+            break;
+    return Riga;
 }
 
 void SelettoreRighe::SeguiPuntatore(int Y)
@@ -208,8 +216,9 @@ void SelettoreRighe::SeguiPuntatore(int Y)
     UltimaY = Y;
     PostoLinea.reset();
     if (const auto Dove = Destinazione(Y)) {
-        const bool InFondo = *Dove >= Vista->Modello()->RigheVere();
-        const int Riga = InFondo ? *Dove - 1 : *Dove;
+        const int Prima = RigaSegnata(*Dove);
+        const bool InFondo = Prima >= Vista->Modello()->RigheVere();
+        const int Riga = InFondo ? Prima - 1 : Prima;
         PostoLinea = sectionViewportPosition(Riga) + (InFondo ? sectionSize(Riga) : 0);
     }
     viewport()->update();

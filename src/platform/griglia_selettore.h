@@ -48,8 +48,10 @@ private:
     void ScegliFino(int Riga);
     void Cambiata();
     [[nodiscard]] int RigaVera(int Y) const;
-    /// The row before which something dropped at this height lands; none on no row.
+    /// The row at this height, the row count on the empty one; none on no row.
     [[nodiscard]] std::optional<int> Destinazione(int Y) const;
+    /// The row before which the selected ones stand when the first takes this number, counted without them.
+    [[nodiscard]] int RigaSegnata(int Numero) const;
     void SeguiPuntatore(int Y);
     void Rilascia(const QPoint& Punto);
 

@@ -18,6 +18,8 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -262,9 +264,31 @@ void VistaGriglia::keyPressEvent(QKeyEvent* Evento)
     }
 }
 
+/// The keys of what is done with rows. @return true when the form was told
+bool VistaGriglia::TastoRighe(const QKeyEvent& Evento)
+{
+    constexpr std::array Tasti{std::pair(QKeySequence::Cut, ComandoRighe::Taglia),
+                               std::pair(QKeySequence::Copy, ComandoRighe::Copia),
+                               std::pair(QKeySequence::Paste, ComandoRighe::Incolla),
+                               std::pair(QKeySequence::Undo, ComandoRighe::Annulla)};
+    if (!ConComandi)
+        return false;
+    for (const auto& [Sequenza, Quale] : Tasti) {
+        if (!Evento.matches(Sequenza))
+            continue;
+        if (Quale == ComandoRighe::Copia && Sinistra->Scelte().isEmpty())
+            return false;  // the cell's text then
+        Q_EMIT Padrona->Comando(Quale);
+        return true;
+    }
+    return false;
+}
+
 /// The keys that mean something of their own. @return true when it was one of them
 bool VistaGriglia::TastoComando(const QKeyEvent& Evento)
 {
+    if (TastoRighe(Evento))
+        return true;
     if (Evento.matches(QKeySequence::Copy)) {
         if (currentIndex().isValid())
             QApplication::clipboard()->setText(currentIndex().data().toString());

@@ -46,7 +46,8 @@ public:
     /// Width of a column, hidden or not.
     [[nodiscard]] int LarghezzaPiena(int Colonna) const;
 
-    QString Frase;  ///< shown while there are no rows
+    QString Frase;            ///< shown while there are no rows
+    bool ConComandi = false;  ///< the form takes commands on rows
 
     void keyboardSearch(const QString& Cerca) override;
 
@@ -67,6 +68,7 @@ private:
     [[nodiscard]] bool LasciaRiga(int Riga);
     [[nodiscard]] QList<int> ColonneScrivibili() const;
     bool TastoComando(const QKeyEvent& Evento);
+    bool TastoRighe(const QKeyEvent& Evento);
     void Invio();
     void DoppioClicSu(const QModelIndex& Dove);
 

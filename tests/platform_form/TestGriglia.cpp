@@ -115,6 +115,7 @@ private Q_SLOTS:
     void grigliaSenzaCelleScrivibili();
     void canc();
     void copiaIlTestoMostrato();
+    void comandiSulleRighe();
     void clicSuCella();
     void menuContestuale();
     void distruttaConLaCellaAperta();
@@ -625,6 +626,31 @@ void TestGriglia::copiaIlTestoMostrato()
     Premi(Qt::Key_F2);
     QVERIFY(F->Cella());
     QCOMPARE(F->Cella()->text(), u"3"_s);
+}
+
+void TestGriglia::comandiSulleRighe()
+{
+    QList<ComandoRighe> Dati;
+    QObject::connect(F->Griglia_, &Griglia::Comando, F->Griglia_,
+                     [&](ComandoRighe Quale) { Dati.append(Quale); });
+    F->Vai(1, Importo);
+    const auto PremiTutti = [] {
+        for (const Qt::Key Tasto : {Qt::Key_X, Qt::Key_C, Qt::Key_V, Qt::Key_Z})
+            Premi(Tasto, Qt::ControlModifier);
+    };
+    PremiTutti();
+    QVERIFY2(Dati.isEmpty(), "chi non li vuole non li riceve");
+    F->Griglia_->ConsentiComandi(true);
+    PremiTutti();
+    QCOMPARE(Dati, (QList{ComandoRighe::Taglia, ComandoRighe::Incolla, ComandoRighe::Annulla}));
+    Dati.clear();
+    F->Griglia_->Seleziona(0);
+    Premi(Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(Dati, QList{ComandoRighe::Copia});
+    Premi(Qt::Key_F2);
+    QVERIFY(F->Cella());
+    PremiTutti();
+    QVERIFY2(Dati.size() == 1, "nella cella aperta sono i suoi");
 }
 
 void TestGriglia::clicSuCella()

@@ -1,4 +1,5 @@
 // Rows of a grid as a whole: selection, dragging, footer, widths, many rows, recordsets.
+#include "platform/aspetto.h"
 #include "platform/database.h"
 #include "platform/griglia.h"
 #include "platform/griglia_pie.h"
@@ -91,6 +92,9 @@ private Q_SLOTS:
     void unMilioneDiRigheSubito();
     void siTrascina_data();
     void siTrascina();
+    void laLineaDicePrimaDove_data();
+    void laLineaDicePrimaDove();
+    void laManoCheTremaNonTrascina();
     void trascinareFuori();
     void trascinareSenzaPermesso();
     void escFermaIlTrascinamento();
@@ -256,10 +260,10 @@ void TestGrigliaRighe::siTrascina_data()
     QTest::addColumn<int>("SuRiga");
     QTest::addColumn<double>("Parte");
     QTest::addColumn<int>("Destinazione");
-    QTest::newRow("metà alta: prima della riga") << 4 << 0.25 << 4;
-    QTest::newRow("metà bassa: dopo la riga") << 4 << 0.75 << 5;
+    QTest::newRow("metà alta: la riga") << 4 << 0.25 << 4;
+    QTest::newRow("metà bassa: la stessa riga") << 4 << 0.75 << 4;
     QTest::newRow("in cima") << 0 << 0.1 << 0;
-    QTest::newRow("metà bassa dell'ultima: in fondo") << 5 << 0.9 << 6;
+    QTest::newRow("sull'ultima") << 5 << 0.9 << 5;
     QTest::newRow("sulla riga vuota: in fondo") << 6 << 0.2 << 6;
 }
 
@@ -279,6 +283,57 @@ void TestGrigliaRighe::siTrascina()
     QTEST(Trascinata[0][0].toInt(), "Destinazione");
     QVERIFY2(F.Griglia_->Selezione() == QList<int>({1, 2}), "trascinare non toglie la selezione");
     QCOMPARE(F.Righe(1, 0).toInt(), 1);
+}
+
+void TestGrigliaRighe::laLineaDicePrimaDove_data()
+{
+    QTest::addColumn<QList<int>>("Scelte");
+    QTest::addColumn<int>("SuRiga");
+    QTest::addColumn<int>("PrimaDi");  // the row count: behind the last one
+    QTest::newRow("in su: prima della riga") << QList{4} << 1 << 1;
+    QTest::newRow("in giù: dietro la riga") << QList{1} << 4 << 5;
+    QTest::newRow("due in giù: dietro quel che resta") << QList{0, 1} << 2 << 4;
+    QTest::newRow("due lontane") << QList{0, 5} << 3 << 4;
+    QTest::newRow("in fondo") << QList{2} << 6 << 6;
+}
+
+void TestGrigliaRighe::laLineaDicePrimaDove()
+{
+    QFETCH(QList<int>, Scelte);
+    QFETCH(int, SuRiga);
+    QFETCH(int, PrimaDi);
+    Finestra F;
+    F.Griglia_->ConsentiNuove(true);
+    F.Griglia_->ConsentiTrascina(true);
+    QVERIFY(MostraAttiva(F));
+    for (const int Riga : Scelte)
+        F.Griglia_->Seleziona(Riga);
+    QTest::mousePress(F.Selettore(), Qt::LeftButton, Qt::NoModifier, F.SuRiga(Scelte.first()));
+    F.Muovi(F.SuRiga(SuRiga));
+    const QImage Foto = F.Vista()->viewport()->grab().toImage();
+    const int Y = F.Vista()->visualRect(F.Vista()->model()->index(PrimaDi, 0)).top();
+    const int X = F.Vista()->columnViewportPosition(2) + 3;
+    QCOMPARE(Foto.pixelColor(X, std::max(0, Y)), aspetto::Accento());
+    for (int Altra = 0; Altra <= 6; ++Altra) {
+        const int Sopra = F.Vista()->visualRect(F.Vista()->model()->index(Altra, 0)).top();
+        QVERIFY2(Altra == PrimaDi || Foto.pixelColor(X, Sopra) != aspetto::Accento(), "una linea sola");
+    }
+    QTest::mouseRelease(F.Selettore(), Qt::LeftButton, Qt::NoModifier, F.SuRiga(SuRiga));
+    QVERIFY2(F.Vista()->viewport()->grab().toImage().pixelColor(X, std::max(0, Y)) != aspetto::Accento(),
+             "lasciate le righe la linea sparisce");
+}
+
+void TestGrigliaRighe::laManoCheTremaNonTrascina()
+{
+    Finestra F;
+    F.Griglia_->ConsentiTrascina(true);
+    QVERIFY(MostraAttiva(F));
+    QSignalSpy Trascinata(F.Griglia_, &Griglia::Trascinata);
+    QTest::mousePress(F.Selettore(), Qt::LeftButton, Qt::NoModifier, F.SuRiga(2, 0.1));
+    F.Muovi(F.SuRiga(2, 0.9) + QPoint(10, 0));
+    QTest::mouseRelease(F.Selettore(), Qt::LeftButton, Qt::NoModifier, F.SuRiga(2, 0.9));
+    QVERIFY(Trascinata.isEmpty());
+    QCOMPARE(F.Griglia_->Selezione(), QList<int>{2});
 }
 
 void TestGrigliaRighe::trascinareFuori()
