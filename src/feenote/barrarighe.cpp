@@ -13,6 +13,8 @@
 #include <QTableView>
 #include <QToolBar>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 QAction* AggiungiTasto(QToolBar* Barra, const QString& Chiave, const QString& Suggerimento)
@@ -28,6 +30,26 @@ QAction* AggiungiTasto(QToolBar* Barra, const QString& Chiave, const QString& Su
 }
 
 namespace {
+
+/// A command of the toolbar, in its order.
+struct TastoBarra
+{
+    QStringView Chiave;
+    QStringView Suggerimento;
+    std::function<void()> ComandiBarra::*Comando;
+    bool Stacca;  ///< a new group begins
+};
+
+constexpr std::array TastiBarra{
+    TastoBarra{u"select", u"Inserisci la voce selezionata", &ComandiBarra::Inserisci, false},
+    TastoBarra{u"info", u"Scheda informativa della voce", &ComandiBarra::Informa, false},
+    TastoBarra{u"variaz", u"Modifica l'importo tra minimo e massimo", &ComandiBarra::Varia, false},
+    TastoBarra{u"taglia", u"Taglia le righe selezionate (Ctrl+X)", &ComandiBarra::Taglia, true},
+    TastoBarra{u"copia", u"Copia le righe selezionate (Ctrl+C)", &ComandiBarra::Copia, false},
+    TastoBarra{u"incolla", u"Incolla le righe copiate o tagliate (Ctrl+V)", &ComandiBarra::Incolla, false},
+    TastoBarra{u"annulla", u"Rimetti le righe tagliate (Ctrl+Z)", &ComandiBarra::Annulla, false},
+    TastoBarra{u"help", u"Guida contestuale", &ComandiBarra::Aiuto, true},
+};
 
 /// One of the two radio-like buttons of the insertion mode.
 void AggiungiModo(QToolBar* Barra, QActionGroup* Modi, bool& InsUltima, bool Ultima, const QString& Chiave,
@@ -67,15 +89,21 @@ private:
 
 }  // namespace
 
-void CostruisciBarraRighe(QToolBar* Barra, QWidget* Modulo, bool& InsUltima, std::function<void()> Inserisci,
-                          std::function<void()> Informa)
+void CostruisciBarraRighe(QToolBar* Barra, QWidget* Modulo, bool& InsUltima, const ComandiBarra& Comandi)
 {
     Barra->setIconSize({18, 18});
-    QAction* Scelta = AggiungiTasto(Barra, u"select"_s, u"Inserisci la voce selezionata"_s);
-    Collega(Scelta, &QAction::triggered, Barra, std::move(Inserisci));
-    if (Informa) {
-        QAction* Scheda = AggiungiTasto(Barra, u"info"_s, u"Scheda informativa della voce"_s);
-        Collega(Scheda, &QAction::triggered, Barra, std::move(Informa));
+    for (const TastoBarra& Descritto : TastiBarra) {
+        const auto& Comando = Comandi.*Descritto.Comando;
+        if (!Comando)
+            continue;
+        if (Descritto.Stacca)
+            Barra->addSeparator();
+        QAction* Tasto =
+            AggiungiTasto(Barra, Descritto.Chiave.toString(), Descritto.Suggerimento.toString());
+        Collega(Tasto, &QAction::triggered, Barra, [Comando] {
+            if (ConcludiCampo())
+                Comando();
+        });
     }
     Barra->addSeparator();
 

@@ -16,12 +16,23 @@ class QWidget;
 /// Adds a button with the picture of its key, called <bar>_<key>; the keyboard reaches it.
 QAction* AggiungiTasto(QToolBar* Barra, const QString& Chiave, const QString& Suggerimento);
 
-/// Builds barListaOnoDir: "select" inserts the catalogue's current row, "info" shows its sheet; "lastrow" and
-/// "currentrow" choose where new lines go and say so. The keyboard reaches every button.
+/// What the buttons of barListaOnoDir do. An empty one leaves its button out.
+struct ComandiBarra
+{
+    std::function<void()> Inserisci;  ///< "select": the catalogue's current row
+    std::function<void()> Informa;    ///< "info"
+    std::function<void()> Varia;      ///< "variaz", which stays down while its panel is open
+    std::function<void()> Taglia;
+    std::function<void()> Copia;
+    std::function<void()> Incolla;
+    std::function<void()> Annulla;
+    std::function<void()> Aiuto;  ///< "help"
+};
+
+/// Builds barListaOnoDir; behind the commands "lastrow" and "currentrow" choose where new lines go and say so.
+/// A command runs once the open cell and the box in edit are left, and not when one of them refuses.
 /// @param InsUltima the list's mode, which the two buttons show and set
-/// @param Informa empty: the list has no sheets, and no such button
-void CostruisciBarraRighe(QToolBar* Barra, QWidget* Modulo, bool& InsUltima, std::function<void()> Inserisci,
-                          std::function<void()> Informa = {});
+void CostruisciBarraRighe(QToolBar* Barra, QWidget* Modulo, bool& InsUltima, const ComandiBarra& Comandi);
 
 /// Puts the buttons of a toolbar between two grids in the tab order.
 void SeguiBarra(const Griglia* Prima, const QToolBar* Barra, const Griglia* Dopo);

@@ -78,6 +78,7 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     CollegaCopia();
     CollegaDatiBase();
     CollegaOnorari();
+    CollegaModOno();
     CollegaSpese();
     CollegaAcconti();
     CollegaStampa();

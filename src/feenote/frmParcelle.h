@@ -4,6 +4,8 @@
 // controls with their signals held back. The class lives in several files, one per tab.
 #pragma once
 
+#include "feenote/modAppunti.h"
+#include "feenote/modGraduazione.h"
 #include "feenote/parcella.h"
 #include "tariffs/modTariffe.h"
 
@@ -13,8 +15,10 @@
 
 #include <memory>
 
+struct ComandiBarra;
 struct CopiaRecupero;
 class Griglia;
+enum class ComandoRighe;
 class QLabel;
 class QLineEdit;
 class QTabWidget;
@@ -135,6 +139,29 @@ private:
     void ShowNota(int Riga);  ///< information sheet of a catalogue row
     void tdbListaOno_DblClick(int Riga);
 
+    // ---- frmParcelle_ModOno.cpp: the modification panel
+    void CollegaModOno();
+    void CollegaTastiModOno();
+    void MostraModOno();
+    void AbilitaModOno(bool Si);  ///< opens it on the current line, or closes it
+    void tdbFasceOno_Click();
+    void sldGraduaOno_Action(int Azione);
+    void cmdModOno_Click();
+    void cmdAnnModOno_Click();
+
+    // ---- frmParcelle_Righe.cpp: what is done with selected lines
+    void CollegaRighe(Griglia* Grid, TabellaRighe& Tabella);
+    [[nodiscard]] ComandiBarra ComandiRigheDi(Griglia* Grid, TabellaRighe& Tabella);
+    void EseguiSuRighe(Griglia* Grid, TabellaRighe& Tabella, ComandoRighe Quale);
+    void TagliaVoci(Griglia* Grid, TabellaRighe& Tabella, bool Chiedi);
+    void CopiaVoci(Griglia* Grid, const TabellaRighe& Tabella);
+    /// @param Riga RigaDiPosto: where a new line goes
+    void IncollaVoci(Griglia* Grid, TabellaRighe& Tabella, int Riga);
+    void AnnullaTaglio(Griglia* Grid, TabellaRighe& Tabella);
+    void SpostaVoci(Griglia* Grid, TabellaRighe& Tabella, int Destinazione);
+    void RigheMutate(Griglia* Grid, int Riga);  ///< shows lines that came or went, one of them current
+    void MostraAppunti();                       ///< whether there is something to paste, to undo
+
     // ---- frmParcelle_Spese.cpp
     void CollegaSpese();
     void MostraSpese();
@@ -183,6 +210,8 @@ private:
     QTimer TimerCopia;  ///< runs from the first change that the recovery copy does not hold
     qint64 DurataCopiaMs = 0;
     Catalogo Voci;           ///< catalogues, open once tab 1 or 2 was entered
+    AppuntiRighe Copiate;    ///< one clipboard for both lists
+    PannelloModOno ModOno;
     int SchedaInVista = 0;   ///< the tab before a change
     bool BaseValida = true;  ///< answer of the last CheckOK on leaving the base tab
     bool InMostra = false;   ///< controls are being written by code

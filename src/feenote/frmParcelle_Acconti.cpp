@@ -77,17 +77,10 @@ void AvvisaNotaGiudiziale()
 
 void CancellaAcconti(Griglia* Elenco, TabellaRighe& Righe)
 {
-    QList<int> Scelte = Elenco->Selezione();
-    if (Scelte.isEmpty())
+    const QList<int> Scelte = Elenco->Selezione();
+    if (Scelte.isEmpty() || !ConfermaCancellazione(Scelte.size()))
         return;
-    const QString Quali = Scelte.size() == 1 ? u"della voce selezionata"_s : u"delle voci selezionate"_s;
-    if (MsgBox(u"Confermi la cancellazione "_s + Quali + u"?"_s, vbYesNo + vbQuestion,
-               TitoloDomanda.toString()) != vbYes)
-        return;
-    std::sort(Scelte.begin(), Scelte.end(), std::greater<>());
-    for (const int Riga : std::as_const(Scelte))
-        if (Riga <= Righe.UpperBound(1))
-            Righe.EliminaRiga(Riga);
+    EliminaRighe(Righe, Scelte);
     Elenco->AzzeraSelezione();
     Elenco->Rilega();
 }

@@ -117,9 +117,11 @@ void frmParcelle::CollegaCatalogoOnorari()
     new SuggerimentoVoce(Lista, [this] { return Voci.datOno; });
 
     const auto Corrente = [Lista] { return Lista->RigaCorrente().value_or(-1); };
-    CostruisciBarraRighe(
-        uiOnorari->barListaOnoDir, this, Nota.InsUltimaOno, [=, this] { tdbListaOno_DblClick(Corrente()); },
-        [=, this] { ShowNota(Corrente()); });
+    ComandiBarra Comandi = ComandiRigheDi(uiOnorari->tdbOnor, Nota.xOnorari);
+    Comandi.Inserisci = [=, this] { tdbListaOno_DblClick(Corrente()); };
+    Comandi.Informa = [=, this] { ShowNota(Corrente()); };
+    Comandi.Varia = [this] { AbilitaModOno(!ModOno.Aperto); };
+    CostruisciBarraRighe(uiOnorari->barListaOnoDir, this, Nota.InsUltimaOno, Comandi);
     SeguiBarra(Lista, uiOnorari->barListaOnoDir, uiOnorari->tdbOnor);
 }
 
@@ -142,12 +144,17 @@ void frmParcelle::CollegaOnorari()
                 Tabella(Riga, Altra) = Tabella(Riga, OnoImporto);
         SetModificata(true);
         uiOnorari->tdbOnor->Rilega();
+        RicaricaModOno(ModOno, Nota.xOnorari);
+        MostraModOno();
         RefreshGrid();
     });
+    CollegaRighe(Righe, Nota.xOnorari);
 }
 
 void frmParcelle::EntraScheda1()
 {
+    SvuotaAppunti(Copiate);
+    ChiudiModOno(ModOno);
     Protetta([&] {
         if (EntraOnorari(Nota, Voci) > 0)
             Nota.Modificata = true;
@@ -170,10 +177,7 @@ void frmParcelle::tdbListaOno_DblClick(int Riga)
         return;
     if (!Voci.datOno.Value(u"QtaOno"_s, QString()).toString().isEmpty())
         Righe->MostraColonna(OnoQta, true);
-    SetModificata(true);
-    Mostra();
-    Righe->ImpostaRigaCorrente(
-        *Inserita);  // the new line is current and in sight; the catalogue keeps its row
+    RigheMutate(Righe, *Inserita);  // the new line is current and in sight; the catalogue keeps its row
 }
 
 void frmParcelle::ShowNota(int Riga)
@@ -193,4 +197,6 @@ void frmParcelle::MostraOnorari()
     if (QuantitaDaMostrare(Nota.xOnorari))
         Righe->MostraColonna(OnoQta, true);
     Righe->Rilega();
+    MostraModOno();
+    MostraAppunti();
 }

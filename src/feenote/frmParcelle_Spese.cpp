@@ -55,8 +55,12 @@ void frmParcelle::CollegaSpese()
         RefreshGrid();
     });
 
-    CostruisciBarraRighe(uiSpese->barListaOnoDir, this, Nota.InsUltimaDir,
-                         [this] { tdbListaDir_DblClick(uiSpese->tdbListaDir->RigaCorrente().value_or(-1)); });
+    CollegaRighe(Righe, Nota.xDiritti);
+    ComandiBarra Comandi = ComandiRigheDi(Righe, Nota.xDiritti);
+    Comandi.Inserisci = [this] {
+        tdbListaDir_DblClick(uiSpese->tdbListaDir->RigaCorrente().value_or(-1));
+    };
+    CostruisciBarraRighe(uiSpese->barListaOnoDir, this, Nota.InsUltimaDir, Comandi);
     SeguiBarra(Lista, uiSpese->barListaOnoDir, Righe);
 }
 

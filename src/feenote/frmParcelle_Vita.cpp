@@ -108,6 +108,8 @@ void frmParcelle::RilegaRighe()
     uiOnorari->tdbOnor->MostraColonna(OnoQta, false);
     uiSpese->tdbDir->Lega(&Nota.xDiritti);
     uiAcconti->tdbAcconti->Lega(&Nota.xAcconti);
+    SvuotaAppunti(Copiate);
+    ChiudiModOno(ModOno);
 }
 
 void frmParcelle::Recupera(const CopiaRecupero& Trovata)

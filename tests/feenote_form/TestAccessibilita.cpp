@@ -115,6 +115,10 @@ void TestAccessibilita::tabVaNellOrdineDiLettura_data()
                                             u"tdbListaOno"_s,
                                             u"barListaOnoDir_select"_s,
                                             u"barListaOnoDir_info"_s,
+                                            u"barListaOnoDir_variaz"_s,
+                                            u"barListaOnoDir_taglia"_s,
+                                            u"barListaOnoDir_copia"_s,
+                                            u"barListaOnoDir_help"_s,
                                             u"barListaOnoDir_lastrow"_s,
                                             u"barListaOnoDir_currentrow"_s,
                                             u"tdbOnor"_s};
@@ -122,6 +126,9 @@ void TestAccessibilita::tabVaNellOrdineDiLettura_data()
                            << QStringList{u"txtCercaDir"_s,
                                           u"tdbListaDir"_s,
                                           u"barListaOnoDir_select"_s,
+                                          u"barListaOnoDir_taglia"_s,
+                                          u"barListaOnoDir_copia"_s,
+                                          u"barListaOnoDir_help"_s,
                                           u"barListaOnoDir_lastrow"_s,
                                           u"barListaOnoDir_currentrow"_s,
                                           u"tdbDir"_s};
@@ -155,6 +162,12 @@ void TestAccessibilita::sulPiccoloSchermo()
     QVERIFY2(F->minimumSizeHint().width() <= 800, qPrintable(QString::number(F->minimumSizeHint().width())));
     QVERIFY2(F->minimumSizeHint().height() <= 340,
              qPrintable(QString::number(F->minimumSizeHint().height())));
+    ClicScheda(F, SchedaListaOnorari);
+    const int Altezza = F->minimumSizeHint().height();
+    Clic(Controllo(PaginaIn(F), "barListaOnoDir_variaz"));
+    QVERIFY(Controllo(F, "pctInsModOno")->isVisible());
+    QVERIFY2(F->minimumSizeHint().height() <= Altezza, "il pannello aperto non allunga la finestra");
+    QVERIFY(F->minimumSizeHint().width() <= 800);
     // In a window of the usual size nothing needs scrolling.
     F->resize(845, 555);
     for (const int Scheda : {int(SchedaBase), int(SchedaImposte)}) {

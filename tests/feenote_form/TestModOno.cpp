@@ -1,0 +1,463 @@
+// The modification panel of tab 1 by mouse and keyboard.
+#include "tavolo.h"
+
+#include <QListWidget>
+#include <QSlider>
+
+using namespace Qt::StringLiterals;
+
+class TestModOno : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void apreSullaRigaCorrente();
+    void voceNonPrevista();
+    void senzaRigaSiRilascia();
+    void rigaVuotaSiRilascia();
+    void laCellaRifiutataNonLoApre();
+    void seguendoLaRiga();
+    void fasciaColClic_data();
+    void fasciaColClic();
+    void fasciaDaTastiera();
+    void passandoColTabNonSiSceglie();
+    void medioDiUnaEIlPuntoDiMezzo();
+    void medioDiTutteEQuelloDellaTabella();
+    void tuttiColCursore();
+    void frecceSulCursore();
+    void frecceSuAmpiezzaStretta();
+    void ilCodiceNonMuove();
+    void confermaSoloDopoUnaScelta();
+    void invioConferma();
+    void escAnnulla();
+    void annullaNonCambia();
+    void annullaTornaAUna();
+    void chiudeColBottone();
+    void laCellaScrittaSiVede();
+    void leRigheSpostateSiSeguono();
+    void siChiudeUscendo();
+    void unAltraNotaLoChiude();
+    void titoloConSegni();
+    void nonCopreLeRighe();
+
+private:
+    [[nodiscard]] QWidget* Pannello() const { return Controllo(F, "pctInsModOno"); }
+    [[nodiscard]] QToolButton* Variaz() const { return Controllo<QToolButton>(PaginaIn(F), "barListaOnoDir_variaz"); }
+    [[nodiscard]] QSlider* Cursore() const { return Controllo<QSlider>(F, "sldGraduaOno"); }
+    [[nodiscard]] QListWidget* Fasce() const { return Controllo<QListWidget>(F, "tdbFasceOno"); }
+    [[nodiscard]] QPushButton* Conferma() const { return Controllo<QPushButton>(F, "cmdModOno"); }
+    [[nodiscard]] QString Testo(const char* Etichetta) const { return Controllo<QLabel>(F, Etichetta)->text(); }
+    [[nodiscard]] double Importo(int Riga) const { return NumeroDi(F->Nota.xOnorari(Riga, OnoImporto)); }
+    [[nodiscard]] int Evidenziata() const
+    {
+        const QList<QListWidgetItem*> Scelte = Fasce()->selectedItems();
+        return Scelte.isEmpty() ? NessunaFascia : Fasce()->row(Scelte.first());
+    }
+    /// A line with a range of its own.
+    void Riga(double Importo, double Min, double Medio, double Max, int NVoce) const;
+    void ClicFascia(int Quale) const;
+    void Apri(int Riga) const;
+
+    std::unique_ptr<Tavolo> T;
+    frmParcelle* F = nullptr;
+    Griglia* Righe = nullptr;
+};
+PROVA(TestModOno);
+
+void TestModOno::Riga(double Importo, double Min, double Medio, double Max, int NVoce) const
+{
+    TabellaRighe& Tabella = F->Nota.xOnorari;
+    const int Nuova = RigaOnorario(F->Nota, u"Fase %1"_s.arg(NVoce), Importo, NVoce, NVoce);
+    Tabella(Nuova, OnoMin) = Min;
+    Tabella(Nuova, OnoMedio) = Medio;
+    Tabella(Nuova, OnoMax) = Max;
+}
+
+void TestModOno::init()
+{
+    T = std::make_unique<Tavolo>();
+    F = T->Apri();
+    QVERIFY(F);
+    CompilaCivile(F);
+    ClicScheda(F, SchedaListaOnorari);
+    F->Nota.xOnorari.Azzera(OnoColonne);
+    Riga(1200, 600, 1200, 1920, 1);
+    Riga(777, 300, 500, 1000, 2);
+    Riga(90, 90, 90, 90, VoceLibera);
+    F->Mostra();
+    Righe = Controllo<Griglia>(F, "tdbOnor");
+    F->SetModificata(false);
+    QVERIFY(!Pannello()->isVisible());
+}
+
+void TestModOno::cleanup()
+{
+    T.reset();
+}
+
+void TestModOno::Apri(int Riga) const
+{
+    ClicCella(Righe, Riga, OnoDescr);
+    Clic(Variaz());
+    Respiro();
+}
+
+void TestModOno::ClicFascia(int Quale) const
+{
+    const QRect Dove = Fasce()->visualItemRect(Fasce()->item(Quale));
+    QTest::mouseClick(Fasce()->viewport(), Qt::LeftButton, Qt::NoModifier, Dove.center());
+}
+
+void TestModOno::apreSullaRigaCorrente()
+{
+    Apri(0);
+    QVERIFY(Pannello()->isVisible() && Variaz()->isChecked());
+    QCOMPARE(Testo("lblOnoDesc"), u"Onorari inseriti: Fase 1"_s);
+    QCOMPARE(Testo("lblImp").remove(u'&'), u"Importo onorario:"_s);
+    QCOMPARE(Testo("lblImpOno"), u"1.200,00"_s);
+    QCOMPARE(Fasce()->item(0)->text(), u"MINIMO      (600,00)"_s);
+    QCOMPARE(Fasce()->item(1)->text(), u"MEDIO       (1.200,00)"_s);
+    QCOMPARE(Fasce()->item(2)->text(), u"MASSIMO  (1.920,00)"_s);
+    QCOMPARE(Evidenziata(), int(FasciaMedio));
+    QCOMPARE(Cursore()->value(), 50);
+    QVERIFY(!Conferma()->isEnabled());
+    QCOMPARE(QApplication::focusWidget(), Cursore());
+    QCOMPARE(Cursore()->toolTip(), u"Gradua l'importo tra il valore minimo e quello massimo"_s);
+}
+
+void TestModOno::voceNonPrevista()
+{
+    T->Voce.Attendi(u"L'onorario 'Voce non prevista' non è variabile percentualmente!"_s, vbOK, u"Messaggio:"_s);
+    Apri(2);
+    QVERIFY(!Pannello()->isVisible() && !Variaz()->isChecked());
+}
+
+void TestModOno::senzaRigaSiRilascia()
+{
+    F->Nota.xOnorari.Azzera(OnoColonne);
+    F->Mostra();
+    Clic(Variaz());
+    QVERIFY(!Pannello()->isVisible() && !Variaz()->isChecked());
+}
+
+void TestModOno::rigaVuotaSiRilascia()
+{
+    ClicCella(Righe, 3, OnoDescr);
+    QVERIFY(!Righe->RigaCorrente());
+    Clic(Variaz());
+    QVERIFY(!Pannello()->isVisible() && !Variaz()->isChecked());
+}
+
+void TestModOno::laCellaRifiutataNonLoApre()
+{
+    Righe->setFocus();
+    Righe->ImpostaRigaCorrente(0, OnoImporto);
+    Premi(Qt::Key_F2);
+    Incolla(LaCella(Righe), u"abc"_s);
+    T->Voce.Attendi(u"Immettere un valore numerico!"_s, vbOK, u"Errore:"_s);
+    Clic(Variaz());
+    QVERIFY(!Pannello()->isVisible() && !Variaz()->isChecked());
+    QVERIFY(Righe->InModifica());
+    Premi(Qt::Key_Escape);
+}
+
+void TestModOno::seguendoLaRiga()
+{
+    Apri(0);
+    ClicCella(Righe, 1, OnoDescr);
+    QCOMPARE(Testo("lblOnoDesc"), u"Onorari inseriti: Fase 2"_s);
+    QCOMPARE(Testo("lblImpOno"), u"777,00"_s);
+    QVERIFY2(Evidenziata() == NessunaFascia, "777 non è nessuno dei tre");
+    QVERIFY2(Cursore()->value() == 50, "il cursore resta dov'era");
+    ClicCella(Righe, 2, OnoDescr);
+    QVERIFY2(Testo("lblOnoDesc") == u"Onorari inseriti: Fase 2"_s, "la voce libera non si mostra");
+    QVERIFY(Pannello()->isVisible());
+    // What is confirmed then is the line that the panel shows.
+    ClicFascia(FasciaMax);
+    Clic(Conferma());
+    QCOMPARE(Importo(1), 1000.0);
+    QCOMPARE(Importo(2), 90.0);
+}
+
+void TestModOno::fasciaColClic_data()
+{
+    QTest::addColumn<int>("Quale");
+    QTest::addColumn<QString>("Importo");
+    QTest::addColumn<int>("Gradua");
+    QTest::addColumn<double>("Confermato");
+    QTest::newRow("minimo") << int(FasciaMin) << u"600,00"_s << 0 << 600.0;
+    QTest::newRow("medio, già evidenziato: il punto di mezzo") << int(FasciaMedio) << u"1.200,00"_s << 50 << 1260.0;
+    QTest::newRow("massimo") << int(FasciaMax) << u"1.920,00"_s << 100 << 1920.0;
+}
+
+void TestModOno::fasciaColClic()
+{
+    QFETCH(int, Quale);
+    Apri(0);
+    ClicFascia(Quale);
+    QCOMPARE(Evidenziata(), Quale);
+    QTEST(Testo("lblImpOno"), "Importo");
+    QTEST(Cursore()->value(), "Gradua");
+    QVERIFY(Conferma()->isEnabled());
+    QVERIFY2(!F->Nota.Modificata, "scegliere non scrive");
+    Clic(Conferma());
+    QTEST(Importo(0), "Confermato");
+    QVERIFY(F->Nota.Modificata && !Pannello()->isVisible() && !Variaz()->isChecked());
+    QCOMPARE(Righe->TestoPie(OnoImporto), Format(Importo(0) + 867, u"#,##0.00"));
+}
+
+void TestModOno::fasciaDaTastiera()
+{
+    Apri(0);
+    Fasce()->setFocus();
+    Premi(Qt::Key_Down);
+    QCOMPARE(Evidenziata(), int(FasciaMax));
+    QCOMPARE(Testo("lblImpOno"), u"1.920,00"_s);
+    QCOMPARE(Cursore()->value(), 100);
+}
+
+void TestModOno::passandoColTabNonSiSceglie()
+{
+    Apri(1);
+    Controllo(F, "optModAll_0")->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), Fasce());
+    QCOMPARE(Testo("lblImpOno"), u"777,00"_s);
+    QVERIFY(!Conferma()->isEnabled());
+}
+
+void TestModOno::medioDiUnaEIlPuntoDiMezzo()
+{
+    Apri(1);
+    ClicFascia(FasciaMedio);
+    QCOMPARE(Cursore()->value(), 50);
+    QCOMPARE(Testo("lblImpOno"), u"500,00"_s);
+    Clic(Conferma());
+    QCOMPARE(Importo(1), 650.0);
+}
+
+void TestModOno::medioDiTutteEQuelloDellaTabella()
+{
+    Apri(0);
+    Righe->Seleziona(0);
+    Clic(Controllo(F, "optModAll_1"));
+    QCOMPARE(Testo("lblOnoDesc"), u"Tutti gli onorari"_s);
+    QCOMPARE(Testo("lblImp").remove(u'&'), u"Importo totale:"_s);
+    QCOMPARE(Fasce()->item(0)->text(), u"MINIMI      (Tot.: 990,00)"_s);
+    QCOMPARE(Fasce()->item(1)->text(), u"MEDI        (Tot.: 1.790,00)"_s);
+    QCOMPARE(Fasce()->item(2)->text(), u"MASSIMI  (Tot.: 3.010,00)"_s);
+    QCOMPARE(Evidenziata(), int(FasciaMin));
+    QCOMPARE(Testo("lblImpOno"), u"990,00"_s);
+    ClicFascia(FasciaMedio);
+    Clic(Conferma());
+    QCOMPARE(Importo(0), 1200.0);
+    QCOMPARE(Importo(1), 500.0);
+    QCOMPARE(Importo(2), 90.0);
+    QVERIFY(Righe->Selezione().isEmpty());
+    Apri(0);
+    QVERIFY2(Controllo<QRadioButton>(F, "optModAll_0")->isChecked(), "si torna a una riga sola");
+}
+
+void TestModOno::tuttiColCursore()
+{
+    Apri(0);
+    Clic(Controllo(F, "optModAll_1"));
+    Cursore()->setFocus();
+    for (int i = 0; i < 25; ++i)
+        Premi(Qt::Key_Right);
+    QCOMPARE(Cursore()->value(), 25);
+    QCOMPARE(Testo("lblImpOno"), u"1.495,00"_s);
+    Clic(Conferma());
+    QCOMPARE(Importo(0), 930.0);
+    QCOMPARE(Importo(1), 475.0);
+}
+
+void TestModOno::frecceSulCursore()
+{
+    Apri(0);
+    ClicFascia(FasciaMin);
+    Cursore()->setFocus();
+    Premi(Qt::Key_Right);
+    QCOMPARE(Testo("lblImpOno"), u"613,00"_s);
+    QCOMPARE(Evidenziata(), NessunaFascia);
+    Premi(Qt::Key_PageUp);
+    QCOMPARE(Cursore()->value(), 11);
+    Premi(Qt::Key_Left);
+    QCOMPARE(Cursore()->value(), 10);
+    Premi(Qt::Key_End);
+    QCOMPARE(Testo("lblImpOno"), u"1.920,00"_s);
+    QCOMPARE(Evidenziata(), int(FasciaMax));
+    Premi(Qt::Key_Home);
+    QCOMPARE(Evidenziata(), int(FasciaMin));
+    QVERIFY(Conferma()->isEnabled());
+}
+
+void TestModOno::frecceSuAmpiezzaStretta()
+{
+    Riga(10, 10, 11, 12, 3);
+    F->Mostra();
+    Apri(3);
+    ClicFascia(FasciaMin);
+    Cursore()->setFocus();
+    Premi(Qt::Key_Right);
+    QCOMPARE(Testo("lblImpOno"), u"11,00"_s);
+    QCOMPARE(Cursore()->value(), 50);
+    Premi(Qt::Key_Right);
+    QCOMPARE(Testo("lblImpOno"), u"12,00"_s);
+    Premi(Qt::Key_Left);
+    QCOMPARE(Testo("lblImpOno"), u"11,00"_s);
+    Premi(Qt::Key_Left);
+    QCOMPARE(Testo("lblImpOno"), u"10,00"_s);
+}
+
+void TestModOno::ilCodiceNonMuove()
+{
+    Apri(0);
+    ClicFascia(FasciaMax);
+    ClicCella(Righe, 1, OnoDescr);
+    ClicCella(Righe, 0, OnoDescr);
+    QCOMPARE(Cursore()->value(), 50);
+    QVERIFY2(!Conferma()->isEnabled(), "il cursore mosso dal codice non è una scelta");
+    QCOMPARE(Testo("lblImpOno"), u"1.200,00"_s);
+}
+
+void TestModOno::confermaSoloDopoUnaScelta()
+{
+    Apri(1);
+    Cursore()->setFocus();
+    Premi(Qt::Key_Return);
+    QVERIFY(Pannello()->isVisible());
+    QCOMPARE(Importo(1), 777.0);
+}
+
+void TestModOno::invioConferma()
+{
+    Apri(1);
+    ClicFascia(FasciaMin);
+    Cursore()->setFocus();
+    QTest::keyClick(Cursore(), Qt::Key_Return);
+    QVERIFY(!Pannello()->isVisible());
+    QCOMPARE(Importo(1), 300.0);
+    QVERIFY(Righe->isAncestorOf(QApplication::focusWidget()));
+    Apri(1);
+    ClicFascia(FasciaMax);
+    Controllo(F, "cmdAnnModOno")->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QVERIFY(!Pannello()->isVisible());
+    QVERIFY2(Importo(1) == 300.0, "Invio su Annulla annulla");
+}
+
+void TestModOno::escAnnulla()
+{
+    Apri(0);
+    ClicFascia(FasciaMax);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    QVERIFY(!Pannello()->isVisible());
+    QCOMPARE(Importo(0), 1200.0);
+    QVERIFY(!F->Nota.Modificata);
+    QVERIFY(Righe->isAncestorOf(QApplication::focusWidget()));
+}
+
+void TestModOno::annullaNonCambia()
+{
+    const TabellaRighe Prima = F->Nota.xOnorari;
+    Apri(0);
+    Righe->Seleziona(1);
+    ClicFascia(FasciaMin);
+    Clic(Controllo(F, "cmdAnnModOno"));
+    QCOMPARE(F->Nota.xOnorari, Prima);
+    QVERIFY(!Pannello()->isVisible() && !Variaz()->isChecked());
+    QVERIFY(Righe->Selezione().isEmpty());
+    QVERIFY(!F->Nota.Modificata);
+}
+
+void TestModOno::annullaTornaAUna()
+{
+    Apri(0);
+    Clic(Controllo(F, "optModAll_1"));
+    Clic(Controllo(F, "cmdAnnModOno"));
+    Apri(0);
+    QVERIFY(Controllo<QRadioButton>(F, "optModAll_0")->isChecked());
+    QCOMPARE(Testo("lblOnoDesc"), u"Onorari inseriti: Fase 1"_s);
+}
+
+void TestModOno::chiudeColBottone()
+{
+    Apri(0);
+    Clic(Variaz());
+    QVERIFY(!Pannello()->isVisible() && !Variaz()->isChecked());
+    QCOMPARE(Importo(0), 1200.0);
+}
+
+void TestModOno::laCellaScrittaSiVede()
+{
+    Apri(0);
+    Righe->setFocus();
+    Righe->ImpostaRigaCorrente(0, OnoImporto);
+    Digita(u"600"_s);
+    ClicCella(Righe, 0, OnoDescr);
+    QCOMPARE(Testo("lblImpOno"), u"600,00"_s);
+    QCOMPARE(Evidenziata(), int(FasciaMin));
+    QCOMPARE(Cursore()->value(), 0);
+}
+
+void TestModOno::leRigheSpostateSiSeguono()
+{
+    Apri(1);
+    Righe->Seleziona(0);
+    Righe->setFocus();
+    T->Voce.Attendi(u"Confermi la cancellazione della voce selezionata?"_s, vbYes);
+    Premi(Qt::Key_Delete);
+    QVERIFY(Pannello()->isVisible());
+    QCOMPARE(Testo("lblOnoDesc"), u"Onorari inseriti: Fase 2"_s);
+    ClicFascia(FasciaMax);
+    Clic(Conferma());
+    QCOMPARE(Importo(0), 1000.0);
+    // With only the free item left there is nothing to graduate.
+    Apri(0);
+    Righe->Seleziona(0);
+    Righe->setFocus();
+    T->Voce.Attendi(u"Confermi la cancellazione della voce selezionata?"_s, vbYes);
+    Premi(Qt::Key_Delete);
+    QVERIFY(!Pannello()->isVisible());
+}
+
+void TestModOno::siChiudeUscendo()
+{
+    Apri(0);
+    ClicScheda(F, SchedaListaSpese);
+    ClicScheda(F, SchedaListaOnorari);
+    QVERIFY(!Pannello()->isVisible() && !Variaz()->isChecked());
+}
+
+void TestModOno::unAltraNotaLoChiude()
+{
+    Apri(0);
+    F->Nuova({});
+    CompilaCivile(F);
+    ClicScheda(F, SchedaListaOnorari);
+    QVERIFY(!Pannello()->isVisible());
+}
+
+void TestModOno::titoloConSegni()
+{
+    F->Nota.xOnorari(0, OnoDescr) = u"<b>Studio</b> & <img src='x'> dell'atto più lungo che si sia mai scritto"_s;
+    F->Mostra();
+    Apri(0);
+    auto* Titolo = Controllo<QLabel>(F, "lblOnoDesc");
+    QCOMPARE(Titolo->text(), u"Onorari inseriti: "_s + CStr(F->Nota.xOnorari(0, OnoDescr)));
+    QCOMPARE(Titolo->textFormat(), Qt::PlainText);
+}
+
+void TestModOno::nonCopreLeRighe()
+{
+    Apri(0);
+    const QRect Suo(Pannello()->mapTo(F, QPoint()), Pannello()->size());
+    for (const char* Nome : {"tdbOnor", "tdbListaOno"}) {
+        const QWidget* Altro = Controllo(F, Nome);
+        QVERIFY(!Suo.intersects(QRect(Altro->mapTo(F, QPoint()), Altro->size())));
+    }
+}
+
+#include "TestModOno.moc"
