@@ -120,12 +120,13 @@ std::optional<QTextLayout::FormatRange> StringiBianchi(const QString& Testo, con
 double Tabulazione(const QString& Testo, const FontMisurato& Font, const Posizione& Dove)
 {
     constexpr double Provata = 1000.0;
+    constexpr double Larga = 200.0 * Provata;  // whatever the screen, the stop stands on the line
     const double Voluta = Dove.Altre > 0.0 ? Dove.Altre : TabulazioneMm * PuntiPerMm;
     if (!Testo.contains(u'\t'))
         return Voluta;
     QTextLayout Prova(u"\t"_s, Font.Font, DispositivoStampa());
     Prova.setTextOption(Opzioni(Allineamento::Sinistra, Provata));
-    Spezza(Prova, {});
+    Spezza(Prova, {0.0, Larga});
     return Voluta * Provata / std::max(Prova.lineAt(0).cursorToX(1), 1.0);
 }
 

@@ -65,6 +65,7 @@ private Q_SLOTS:
     void carattereDiOgniTratto();
     void ilTestoRiccoStaNellaPagina();
     void iRientriSpostanoLeRighe();
+    void laListaPende_data();
     void laListaPende();
     void rientriCheNonLascianoPosto();
     void loSpazioSopraESotto();
@@ -301,12 +302,22 @@ void TestImpaginazione::iRientriSpostanoLeRighe()
     QCOMPARE(pagine::Difetto(Fatta), QString());
 }
 
+void TestImpaginazione::laListaPende_data()
+{
+    QTest::addColumn<QString>("Come");
+    QTest::newRow("left") << u"\\ql"_s;
+    QTest::newRow("justified") << u"\\qj"_s;
+    QTest::newRow("in small letters") << u"\\qj\\fs16"_s;
+    QTest::newRow("with room below") << u"\\qj\\fs22\\sa60"_s;
+}
+
 void TestImpaginazione::laListaPende()
 {
+    QFETCH(QString, Come);
     Superficie vp;
     PreparaPagina(vp);
     const QString Lungo = u"voce che va a capo "_s.repeated(20);
-    vp.Paragraph(u"{\\rtf1 \\li567\\fi-567{\\listtext 1.\\tab}"_s + Lungo + u"\\par}"_s);
+    vp.Paragraph(u"{\\rtf1 \\li567\\fi-567"_s + Come + u"{\\listtext 1.\\tab}"_s + Lungo + u"\\par}"_s);
     const Impaginazione Fatta(Finito(vp));
     const std::vector<RigaImpaginata>& Righe = Fatta.Righe(1);
     QVERIFY(Vicini(Righe[0].Mm.left(), 20.0));
