@@ -1,5 +1,7 @@
 #include "core/apritori.h"
 
+#include "calculators/frmTermini.h"
+#include "calculators/frmTerminiSeq.h"
 #include "core/Main.h"
 #include "core/comandi.h"
 #include "core/frmMain.h"
@@ -64,6 +66,8 @@ void RiempiParcelle()
 void RiempiApritori()
 {
     RiempiParcelle();
+    Aperture.Termini = [] { Singola<frmTermini>().Mostra(); };
+    Aperture.TerminiSequenziali = [] { Singola<frmTerminiSeq>().Mostra(); };
     Aperture.Impostazioni = [](int Scheda) { Singola<frmSetup>().Mostra(Scheda); };
 
     AreaParcelle = [] { return Singola<frmMain>().Area(); };
