@@ -1,0 +1,15 @@
+// The command creaguide: the texts of the guides in, their PDF documents out.
+#pragma once
+
+#include "creaguide/marcatura.h"
+
+#include <QTextStream>
+
+/// The tables that a guide may ask for: "tassi_legali", "tassi_mora", read from the text tables of a folder.
+[[nodiscard]] FonteTabelle TabelleDi(const QString& Cartella);
+
+/// Runs the command; `Argomenti` are the folder of the text tables, which holds the texts in its folder
+/// "guide", and the output folder. Each text becomes a PDF of its name, in the folder of its name.
+/// @return exit status: 0; 1 with an Italian sentence in `Errori` when a text is refused or a file cannot be
+///         written; 2 wrong use
+[[nodiscard]] int CreaGuide(const QStringList& Argomenti, QTextStream& Errori);
