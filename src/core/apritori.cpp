@@ -10,7 +10,10 @@
 #include "core/singola.h"
 #include "feenote/finestre.h"
 #include "feenote/frmParcelle.h"
+#include "platform/aspetto.h"
+#include "platform/collega.h"
 #include "platform/messaggi.h"
+#include "update/frmWeb.h"
 
 using namespace Qt::StringLiterals;
 
@@ -61,11 +64,38 @@ void RiempiParcelle()
     };
 }
 
+/// A sheet, in the one viewer of sheets: the next one takes its place.
+void ApriPagina(const QString& Pagina, const QString& Titolo)
+{
+    auto& Visore = Singola<frmWeb>();
+    Visore.Indirizzo = Pagina;
+    Visore.Titolo = Titolo;
+    Visore.Mostra();
+}
+
+/// The notice has a viewer of its own, so that no sheet comes into the window with its box. Where it was the
+/// only window, the process ends with it.
+void ApriAvviso(const PaginaAvviso& Avviso)
+{
+    auto Visore = std::make_unique<frmWeb>();
+    Visore->Indirizzo = Avviso.Pagina;
+    Visore->Titolo = Avviso.Titolo;
+    Visore->Marcatore = Avviso.Marcatore;
+    Visore->resize(aspetto::Pixel(Avviso.LarghezzaTwip), aspetto::Pixel(Avviso.AltezzaTwip));
+    Visore->Mostra();
+    Visore->setAttribute(Qt::WA_DeleteOnClose);
+    Collega(Visore.get(), &QDialog::finished, qApp, FineSenzaFinestre);
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, Visore.get(), &QObject::deleteLater);
+    (void)Visore.release();  // from here on its closing deletes it
+}
+
 }  // namespace
 
 void RiempiApritori()
 {
     RiempiParcelle();
+    Aperture.PaginaWeb = ApriPagina;
+    Aperture.Avviso = ApriAvviso;
     Aperture.Termini = [] { Singola<frmTermini>().Mostra(); };
     Aperture.TerminiSequenziali = [] { Singola<frmTerminiSeq>().Mostra(); };
     Aperture.Impostazioni = [](int Scheda) { Singola<frmSetup>().Mostra(Scheda); };
