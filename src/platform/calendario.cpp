@@ -135,22 +135,29 @@ void CalendarioMensile::CreaLegenda()
         Voce{u"Oggi"_s, {.Oggi = true}},
     };
     constexpr int Righe = 3;
-    auto* Tabella = new QGridLayout;
+    Legenda = new QWidget(this);
+    auto* Tabella = new QGridLayout(Legenda);
+    Tabella->setContentsMargins(0, 0, 0, 0);
     Tabella->setHorizontalSpacing(aspetto::TraCampi / 2);
     Tabella->setVerticalSpacing(2);
     for (size_t i = 0; i < Voci.size(); ++i) {
-        auto* Testo = new QLabel(Voci[i].Testo, this);
+        auto* Testo = new QLabel(Voci[i].Testo, Legenda);
         if (Voci[i].Aspetto.Inizio)
             lblInizio = Testo;
         const int Riga = int(i / 2);
         const int Colonna = int(i % 2) * 3;
-        Tabella->addWidget(new Campione(Voci[i].Aspetto, this), Riga, Colonna);
+        Tabella->addWidget(new Campione(Voci[i].Aspetto, Legenda), Riga, Colonna);
         Tabella->addWidget(Testo, Riga, Colonna + 1);
     }
     static_assert(std::tuple_size_v<decltype(Voci)> == 2 * Righe);
     Tabella->setColumnStretch(2, 1);
     Tabella->setColumnStretch(5, 1);
-    static_cast<QVBoxLayout*>(layout())->addLayout(Tabella);
+    layout()->addWidget(Legenda);
+}
+
+void CalendarioMensile::MostraLegenda(bool Si)
+{
+    Legenda->setVisible(Si);
 }
 
 void CalendarioMensile::ImpostaRegole(RegoleCalendario Nuove)

@@ -46,6 +46,8 @@ public:
     explicit CalendarioMensile(QWidget* Padre = nullptr);
 
     void ImpostaRegole(RegoleCalendario Nuove);
+    /// The legend, shown unless the calendar only picks dates.
+    void MostraLegenda(bool Si);
     /// The rules answer differently from now on.
     void Ridisegna();
 
@@ -82,6 +84,7 @@ private:
     QString NomeInizio;
     QLabel* lblMese = nullptr;
     QLabel* lblInizio = nullptr;
+    QWidget* Legenda = nullptr;
     MeseCalendario* Mese;
     int Rotella = 0;
 };

@@ -379,6 +379,11 @@ void TestCalendario::laLegendaDiceTutto()
     Voci.sort();
     QCOMPARE(Voci, (QStringList{u"Decorrenza"_s, u"Domenica"_s, u"Festivo"_s, u"Oggi"_s, u"Scadenza"_s,
                                 u"Sospensione feriale"_s}));
+    const int Alto = C->sizeHint().height();
+    C->MostraLegenda(false);
+    for (const QLabel* Una : C->findChildren<QLabel*>())
+        QCOMPARE(Una->isVisibleTo(C.get()), Una->objectName() == u"lblMese");
+    QVERIFY(C->sizeHint().height() < Alto);
 }
 
 void TestCalendario::scuro()
