@@ -1,0 +1,15 @@
+#include "calculators/campidata.h"
+
+#include "calculators/datatesto.h"
+#include "platform/campo.h"
+#include "platform/mascheradata.h"
+
+void CompletaAnno(MascheraData* Campo)
+{
+    AlLasciaSempre(Campo, [Campo] {
+        const QString Testo = Campo->Testo();
+        if (const QString Intero = ConSecolo(Testo); Intero != Testo)
+            Campo->ImpostaTesto(Intero);
+        return true;
+    });
+}

@@ -1,0 +1,230 @@
+#include "calculators/frmContrib.h"
+
+#include "calculators/gestimodulo.h"
+#include "calculators/modulocalcolo.h"
+#include "calculators/pannellocontributo.h"
+#include "core/comandi.h"
+#include "core/modErrori.h"
+#include "core/sessione.h"
+#include "platform/aspetto.h"
+#include "platform/campo.h"
+#include "platform/collega.h"
+#include "platform/percorsi.h"
+#include "platform/shell.h"
+
+#include "ui_frmContrib.h"
+
+#include <QScopeGuard>
+#include <QSignalBlocker>
+#include <QWindow>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Where the top of the panel stands, in twips: on the upper half and on the lower one.
+constexpr int TwipSopra = -40;
+constexpr int TwipSotto = -4100;
+constexpr int PassiBarra = 100;
+
+/// A file of the folder of documents, whatever its case; full path.
+QString Documento(const QString& Nome)
+{
+    return TrovaFile(sessione::PercorsoProg + Barra(u"docum"_s) + Nome);
+}
+
+void ApriPagina(const QString& Nome, const QString& Titolo)
+{
+    if (Aperture.PaginaWeb)
+        Aperture.PaginaWeb(Documento(Nome), Titolo);
+}
+
+void ApriScheda()
+{
+    const QString Scheda = Documento(u"SchedaImpugnazioni.pdf"_s);
+    if (!EsisteFile(Scheda))
+        MsgErrore(u"Documento "_s + Scheda + u" non trovato!"_s);
+    else if (const int Esito = ApriConSistema(Scheda); Esito != 0)
+        throw Errore(Esito);
+}
+
+}  // namespace
+
+frmContrib::frmContrib() : ui(std::make_unique<Ui::frmContrib>())
+{
+    ui->setupUi(this);
+    fraContrib = new PannelloContributo(ui->Picture1);
+    ui->VScroll1->setRange(0, PassiBarra);
+    ui->VScroll1->setPageStep(PassiBarra);
+    ui->VScroll1->setTracking(false);
+    ui->VScroll1->setFocusPolicy(Qt::StrongFocus);
+    ImpostaMenu(this, {{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New, [this] { mnuNew_Click(); }}});
+    PreparaModulo(this, u"contrib"_s);
+    Collegamenti();
+}
+
+frmContrib::~frmContrib()
+{
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
+void frmContrib::Collegamenti()
+{
+    for (int i = 0; i < CampiContributo; ++i) {
+        QLineEdit* Casella = fraContrib->txtValore(i);
+        FiltraTasti(Casella, u","_s);
+        AlLasciaSempre(Casella, [this, i] {
+            txtValore_LostFocus(i);
+            return true;
+        });
+        if (i > 0)
+            CopiaConClic(fraContrib->cmdCopia(i), [this, i] { return Contributi[size_t(i)]; });
+    }
+    // The first button and Ctrl+C take the fee of the row that has the focus.
+    CopiaRisultato(this, fraContrib->cmdCopia(0), [this] { return TestoCopia(); });
+    for (QPushButton* Bottone : {ui->cmdSkImpugn, ui->cmdVisual_0, ui->cmdVisual_1}) {
+        // None of them is what Enter in the page means; on the button itself it presses it.
+        Bottone->setAutoDefault(false);
+        Bottone->installEventFilter(this);
+    }
+    Collega(ui->cmdSkImpugn, &QPushButton::clicked, this, &ApriScheda);
+    Collega(ui->cmdVisual_0, &QPushButton::clicked, this, [] {
+        ApriPagina(u"Tabella contributo unificato.htm"_s, u"KR6 - Contributo unificato - Tabella"_s);
+    });
+    Collega(ui->cmdVisual_1, &QPushButton::clicked, this, [] {
+        ApriPagina(u"D.P.R. n. 115 del 30.5.2002 (stralcio, contributo unificato).htm"_s,
+                   u"KR6 - Contributo unificato - Decreto"_s);
+    });
+
+    Collega(ui->VScroll1, &QScrollBar::valueChanged, this, &frmContrib::VScroll1_Change);
+    Collega(ui->Picture1, &Finestrella::Misurata, this, &frmContrib::ImpostaMisura);
+    Collega(ui->Picture1, &Finestrella::Rotella, this, [this](int Gradi) { Scorri(Gradi / 2); });
+    Collega(qApp, &QApplication::focusChanged, this,
+            [this](QWidget*, const QWidget* Nuovo) { FaiVedere(Nuovo); });
+    Collega(qApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow* Davanti) {
+        if (Davanti && Davanti != windowHandle() && !Davanti->isModal() && Davanti->type() == Qt::Window)
+            DaAltraFinestra = true;
+    });
+}
+
+void frmContrib::Mostra()
+{
+    MostraModulo(this);
+}
+
+bool frmContrib::event(QEvent* Evento)
+{
+    const bool Trattato = QDialog::event(Evento);
+    if (Evento->type() == QEvent::WindowActivate && std::exchange(DaAltraFinestra, false))
+        fraContrib->txtValore(0)->setFocus();
+    return Trattato;
+}
+
+bool frmContrib::eventFilter(QObject* Oggetto, QEvent* Evento)
+{
+    auto* Bottone = qobject_cast<QPushButton*>(Oggetto);
+    if (!Bottone || Evento->type() != QEvent::KeyPress)
+        return QDialog::eventFilter(Oggetto, Evento);
+    const int Tasto = static_cast<QKeyEvent*>(Evento)->key();
+    if (Tasto != Qt::Key_Return && Tasto != Qt::Key_Enter)
+        return QDialog::eventFilter(Oggetto, Evento);
+    Bottone->click();
+    return true;
+}
+
+// ---- fees ---------------------------------------------------------------------------------------
+
+void frmContrib::txtValore_LostFocus(int Indice)
+{
+    QLineEdit* Casella = fraContrib->txtValore(Indice);
+    Casella->setText(ValoreLasciato(Casella->text()));
+    TestiContributo Valori;
+    for (int i = 0; i < CampiContributo; ++i)
+        Valori[size_t(i)] = fraContrib->txtValore(i)->text();
+    // The fees above one that fails are written all the same.
+    const auto Mostra = qScopeGuard([this] { MostraContributi(); });
+    CalcolaContributi(Valori, Contributi);
+}
+
+void frmContrib::MostraContributi()
+{
+    for (int i = 0; i < CampiContributo; ++i) {
+        fraContrib->lblContr(i)->setText(Contributi[size_t(i)]);
+        fraContrib->txtValore(i)->setAccessibleDescription(
+            Contributi[size_t(i)].isEmpty() ? QString() : u"Contributo: "_s + Contributi[size_t(i)]);
+    }
+}
+
+// The tax appeal stays: this entry has always left it.
+void frmContrib::mnuNew_Click()
+{
+    for (int i = 0; i < CampoTributario; ++i) {
+        fraContrib->txtValore(i)->clear();
+        Contributi[size_t(i)].clear();
+    }
+    MostraContributi();
+    Campanello();
+    fraContrib->txtValore(0)->setFocus();
+}
+
+/// The fee of the row that has the focus, that of the first row elsewhere.
+QString frmContrib::TestoCopia() const
+{
+    const QWidget* Fuoco = QApplication::focusWidget();
+    for (int i = 0; i < CampiContributo; ++i)
+        if (Fuoco == fraContrib->txtValore(i) || Fuoco == fraContrib->cmdCopia(i))
+            return Contributi[size_t(i)];
+    return Contributi[0];
+}
+
+// ---- scrolling ----------------------------------------------------------------------------------
+
+/// The lower position: where it has always been, or as far as it takes to show the end in a small window.
+int frmContrib::AltoInFondo() const
+{
+    return std::min(aspetto::Pixel(TwipSotto), ui->Picture1->height() - fraContrib->height());
+}
+
+void frmContrib::ImpostaMisura()
+{
+    fraContrib->Allarga(ui->Picture1->width());
+    ScorriA(UltimoScorrimento == ui->VScroll1->maximum() ? AltoInFondo() : aspetto::Pixel(TwipSopra));
+}
+
+void frmContrib::ScorriA(int Alto)
+{
+    fraContrib->move(0, std::clamp(Alto, AltoInFondo(), aspetto::Pixel(TwipSopra)));
+}
+
+void frmContrib::VScroll1_Change()
+{
+    const bool Giu = ui->VScroll1->value() > UltimoScorrimento;
+    {
+        const QSignalBlocker Zitta(ui->VScroll1);
+        ui->VScroll1->setValue(Giu ? ui->VScroll1->maximum() : ui->VScroll1->minimum());
+    }
+    UltimoScorrimento = ui->VScroll1->value();
+    ScorriA(Giu ? AltoInFondo() : aspetto::Pixel(TwipSopra));
+}
+
+/// The wheel moves the page itself, so that a small window shows what lies between the two halves.
+void frmContrib::Scorri(int Passo)
+{
+    ScorriA(fraContrib->y() + Passo);
+}
+
+/// A field that gets the focus comes into view.
+void frmContrib::FaiVedere(const QWidget* Campo)
+{
+    if (!Campo || !fraContrib->isAncestorOf(Campo))
+        return;
+    const int Alto = Campo->mapTo(ui->Picture1, QPoint()).y();
+    const int Sotto = Alto + Campo->height() + aspetto::Bordo - ui->Picture1->height();
+    if (Alto < 0)
+        ScorriA(fraContrib->y() - Alto + aspetto::Bordo);
+    else if (Sotto > 0)
+        ScorriA(fraContrib->y() - Sotto);
+}

@@ -1,0 +1,53 @@
+// The court filing fee: a page of every kind of proceeding, with five values that a table turns into a fee.
+#pragma once
+
+#include "calculators/modContributo.h"
+
+#include <QDialog>
+
+#include <memory>
+
+class PannelloContributo;
+class QWindow;
+
+namespace Ui {
+class frmContrib;
+}
+
+class frmContrib : public QDialog
+{
+    Q_OBJECT
+
+public:
+    frmContrib();
+    ~frmContrib() override;
+
+    void Mostra();
+
+    /// Leaving a value: its text takes its shape, and all five fees are computed anew.
+    void txtValore_LostFocus(int Indice);
+    void mnuNew_Click();
+    /// Any movement of the bar shows the upper or the lower half of the page.
+    void VScroll1_Change();
+
+protected:
+    bool event(QEvent* Evento) override;
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override;
+
+private:
+    void Collegamenti();
+    void ImpostaMisura();
+    void ScorriA(int Alto);
+    void Scorri(int Passo);
+    void FaiVedere(const QWidget* Campo);
+    void MostraContributi();
+    [[nodiscard]] int AltoInFondo() const;
+    [[nodiscard]] QString TestoCopia() const;
+
+    std::unique_ptr<Ui::frmContrib> ui;
+    PannelloContributo* fraContrib;
+    TestiContributo Contributi;
+    int UltimoScorrimento = 0;  ///< the bar at its last change
+    bool DaAltraFinestra =
+        true;  ///< another window of the program was in front, no message and no other program
+};

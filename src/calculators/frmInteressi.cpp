@@ -1,0 +1,300 @@
+#include "calculators/frmInteressi.h"
+
+#include "calculators/campidata.h"
+#include "calculators/gestimodulo.h"
+#include "calculators/modTassi.h"
+#include "calculators/modulocalcolo.h"
+#include "core/modErrori.h"
+#include "core/modLancio.h"
+#include "core/sessione.h"
+#include "platform/aspetto.h"
+#include "platform/calendario.h"
+#include "platform/campo.h"
+#include "platform/collega.h"
+#include "platform/orologio.h"
+#include "platform/regionale.h"
+
+#include "ui_frmInteressi.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QStatusBar>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString TitoloTotale = u"Totale in euro "_s;
+
+/// Text of a cell on screen and in the clipboard.
+QString Cella(int Colonna, const QVariant& Valore)
+{
+    return Colonna == IntImporto && Valore.isValid() ? Format(Valore.toDouble(), u"#,##0.00") : CStr(Valore);
+}
+
+ColonnaGriglia Colonna(const QString& Titolo, int Campo, int Caratteri, Qt::Alignment Allinea)
+{
+    ColonnaGriglia Una;
+    Una.Titolo = Titolo;
+    Una.Campo = Campo;
+    Una.Caratteri = Caratteri;
+    Una.Allinea = Allinea;
+    Una.Stira = Campo == IntImporto;
+    Una.Mostra = [Campo](const QVariant& Valore, int) { return Cella(Campo, Valore); };
+    return Una;
+}
+
+/// The box that a sentence of the check speaks of; the sentences name it in these words.
+QWidget* CampoDi(const QString& Messaggio, const Ui::frmInteressi& ui)
+{
+    if (Messaggio.contains(u"capitale"))
+        return ui.txtCapitale;
+    return Messaggio.contains(u"data finale") ? ui.mskDataFin : ui.mskDataIni;
+}
+
+}  // namespace
+
+frmInteressi::frmInteressi() : ui(std::make_unique<Ui::frmInteressi>())
+{
+    ui->setupUi(this);
+    CreaCalendario();
+    panArchivio = new QLabel;
+    panArchivio->setObjectName(u"barInter_1"_s);
+    ui->barInter->addWidget(panArchivio);
+    ui->cmdCalcola->setIcon(aspetto::Icona(u"inter"_s));
+    ui->cmdCopia->setIcon(aspetto::Icona(u"copia"_s));
+    PreparaCifra(ui->lblTotale);
+    SfondoPannello(ui->fraRisultato);
+    ui->cmdCopiaTabella->setIcon(aspetto::Icona(u"copia"_s));
+    for (QToolButton* Bottone : {ui->cmdCalend_0, ui->cmdCalend_1})
+        Bottone->setIcon(aspetto::Icona(u"calendario"_s));
+    ColonneRiepilogo();
+    ImpostaMenu(this, {{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New, [this] { mnuNew_Click(); }}});
+    PreparaModulo(this, u"inter"_s);
+    Collegamenti();
+    Load();
+}
+
+frmInteressi::~frmInteressi()
+{
+    // The windows of the application tell of the focus that this one loses as it goes.
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
+/// The calendar lies over the form, in a frame of its own, hidden until it is asked for.
+void frmInteressi::CreaCalendario()
+{
+    fraCalendario = new QFrame(this);
+    fraCalendario->setObjectName(u"fraCalendario"_s);
+    fraCalendario->setFrameShape(QFrame::Box);
+    fraCalendario->setAutoFillBackground(true);
+    fraCalendario->hide();
+    Calendario = new CalendarioMensile;
+    Calendario->setObjectName(u"Calendario"_s);
+    Calendario->MostraLegenda(false);
+    auto* Dentro = new QVBoxLayout(fraCalendario);
+    Dentro->setContentsMargins(1, 1, 1, 1);
+    Dentro->addWidget(Calendario);
+}
+
+void frmInteressi::ColonneRiepilogo()
+{
+    constexpr Qt::Alignment Destra = Qt::AlignRight;
+    ui->tdbInter->ImpostaColonne({
+        Colonna(u"Dal giorno"_s, IntDal, 11, Qt::AlignLeft),
+        Colonna(u"Al giorno"_s, IntAl, 11, Qt::AlignLeft),
+        Colonna(u"Tasso"_s, IntTasso, 8, Destra),
+        Colonna(u"N° Giorni"_s, IntGiorni, int(TitoloTotale.size()) + 1, Destra),
+        Colonna(u"Interessi"_s, IntImporto, 12, Destra),
+    });
+    ui->tdbInter->FraseVuota(
+        u"Immettere capitale e date e premere Calcola: una riga per ogni periodo di tasso."_s);
+    ui->tdbInter->Lega(&Righe);
+    ui->tdbInter->Pie(IntGiorni, TitoloTotale);
+}
+
+void frmInteressi::Collegamenti()
+{
+    VirgolaDalTastierino(ui->txtCapitale);
+    VirgolaDalTastierino(ui->txtAumento, true);
+    CompletaAnno(ui->mskDataIni);
+    CompletaAnno(ui->mskDataFin);
+
+    const auto Pulisci = [this] { PulisciCalcoli(); };
+    for (QLineEdit* Casella :
+         std::initializer_list<QLineEdit*>{ui->txtCapitale, ui->txtAumento, ui->mskDataIni, ui->mskDataFin})
+        Collega(Casella, &QLineEdit::textChanged, this, Pulisci);
+    Collega(ui->cmbValuta, &QComboBox::currentIndexChanged, this, Pulisci);
+    Collega(ui->cmbInteressi, &QComboBox::currentIndexChanged, this, [this](int Tipo) {
+        PulisciCalcoli();
+        VisDati(Tipo);
+    });
+    Collega(ui->optDataFine_1, &QRadioButton::toggled, this, Pulisci);
+
+    Collega(ui->cmdCalcola, &QPushButton::clicked, this, &frmInteressi::cmdCalcola_Click);
+    Collega(ui->cmdAvvIntMora, &QPushButton::clicked, this,
+            [] { ApriPDF(sessione::PercorsoProg + u"AvvertenzeInteressiMora.pdf"_s); });
+    Collega(ui->cmdCalend_0, &QToolButton::clicked, this, [this] { cmdCalend_Click(0); });
+    Collega(ui->cmdCalend_1, &QToolButton::clicked, this, [this] { cmdCalend_Click(1); });
+    Collega(Calendario, &CalendarioMensile::DataScelta, this, &frmInteressi::Calendario_Scelta);
+    Collega(qApp, &QApplication::focusChanged, this, [this](QWidget*, const QWidget* Nuovo) {
+        if (Nuovo && Nuovo != Calendario && !Calendario->isAncestorOf(Nuovo))
+            fraCalendario->hide();
+    });
+
+    CatenaInvio({ui->cmbInteressi, ui->optDataFine_0, ui->optDataFine_1, ui->txtCapitale, ui->cmbValuta,
+                 ui->txtAumento, ui->mskDataIni, ui->mskDataFin},
+                [this] { Protetta([this] { cmdCalcola_Click(); }); });
+    CopiaRisultato(this, ui->cmdCopia, [this] { return TestoCopia(); });
+    CopiaConClic(ui->cmdCopiaTabella, [this] { return TestoTabella(); });
+}
+
+void frmInteressi::Load()
+{
+    VisDati(0);
+    const auto Aggiornato = DataArchivio(ArchivioTassi());
+    if (!Aggiornato)
+        return;
+    ui->cmbInteressi->setCurrentIndex(InteressiLegali);
+    ui->cmbValuta->setCurrentIndex(ValutaEuro);
+    panArchivio->setText(u" Archivio interessi aggiornato al "_s + Format(*Aggiornato, u"dd/mm/yyyy"));
+    ui->mskDataFin->ImpostaData(Oggi());
+}
+
+void frmInteressi::Mostra()
+{
+    if (MostraModulo(this))
+        ui->cmbInteressi->setFocus();
+}
+
+void frmInteressi::keyPressEvent(QKeyEvent* Evento)
+{
+    if (Evento->key() == Qt::Key_Escape && Calendario->isVisible()) {
+        (IndiceCalendario == 0 ? ui->mskDataIni : ui->mskDataFin)->setFocus();
+        return;
+    }
+    QDialog::keyPressEvent(Evento);
+}
+
+// ---- calculation --------------------------------------------------------------------------------
+
+DatiInteressi frmInteressi::Dati() const
+{
+    return {ui->cmbInteressi->currentIndex(), ui->txtCapitale->text(), ui->cmbValuta->currentIndex(),
+            ui->txtAumento->text(),           ui->mskDataIni->Testo(), ui->mskDataFin->Testo(),
+            ui->optDataFine_1->isChecked()};
+}
+
+bool frmInteressi::Check()
+{
+    const QString Messaggio = CheckInteressi(Dati());
+    if (Messaggio.isEmpty())
+        return true;
+    MsgErrore(Messaggio);
+    RidaiFuoco(CampoDi(Messaggio, *ui));
+    return false;
+}
+
+void frmInteressi::cmdCalcola_Click()
+{
+    if (!ConcludiCampo() || !Check())
+        return;
+    const EsitoInteressi Esito = CalcolaInteressi(ArchivioTassi(), Dati(), UltimoAumento);
+    if (Esito.Fine == FineInteressi::Completa)
+        MostraEsito(Esito);
+    const bool Chiudi = Esito.Fine == FineInteressi::Chiudi || Esito.Fine == FineInteressi::AggiornaEChiudi;
+    if (Esito.Fine == FineInteressi::Aggiorna || Esito.Fine == FineInteressi::AggiornaEChiudi)
+        ApriAggiornamento();
+    if (Chiudi)
+        close();
+}
+
+void frmInteressi::MostraEsito(const EsitoInteressi& Esito)
+{
+    const QString Totale = Format(Esito.TotaleEuro, u"#,##0.00");
+    Righe = Esito.Righe;
+    ui->tdbInter->Rilega();
+    ui->tdbInter->Pie(IntImporto, Totale);
+    MostraCifra(ui->lblTotale, ui->lblDidTotale, Totale);
+    LasciaSelezione();
+}
+
+void frmInteressi::PulisciCalcoli()
+{
+    Righe.Azzera(ColonneInteressi);
+    ui->tdbInter->Rilega();
+    ui->tdbInter->Pie(IntImporto, {});
+    MostraCifra(ui->lblTotale, ui->lblDidTotale, {});
+}
+
+void frmInteressi::VisDati(int Tipo)
+{
+    ui->fraDati1->setVisible(Tipo != 0);
+    ui->cmdAvvIntMora->setVisible(Tipo != 0);
+}
+
+void frmInteressi::mnuNew_Click()
+{
+    ui->mskDataIni->ImpostaTesto(u"  /  /    "_s);
+    ui->mskDataFin->ImpostaTesto(u"  /  /    "_s);
+    ui->cmbInteressi->setCurrentIndex(InteressiLegali);
+    ui->cmbValuta->setCurrentIndex(ValutaEuro);
+    ui->txtCapitale->clear();
+    ui->txtAumento->clear();
+    PulisciCalcoli();
+    ui->cmbInteressi->setFocus();
+}
+
+// ---- calendar -----------------------------------------------------------------------------------
+
+void frmInteressi::cmdCalend_Click(int Indice)
+{
+    IndiceCalendario = Indice;
+    const MascheraData* Casella = Indice == 0 ? ui->mskDataIni : ui->mskDataFin;
+    Calendario->ImpostaData(Casella->Data().value_or(Oggi()));
+    fraCalendario->adjustSize();
+    // Below its box where there is room, else as far down as it is seen whole.
+    const QPoint Sotto = Casella->mapTo(this, QPoint(0, Casella->height() + 2));
+    fraCalendario->move(Sotto.x(), std::min(Sotto.y(), height() - fraCalendario->height() - aspetto::Bordo));
+    fraCalendario->show();
+    fraCalendario->raise();
+    Calendario->setFocus();
+}
+
+void frmInteressi::Calendario_Scelta(const QDate& Data)
+{
+    MascheraData* Casella = IndiceCalendario == 0 ? ui->mskDataIni : ui->mskDataFin;
+    Casella->ImpostaData(Data);
+    fraCalendario->hide();
+    Casella->setFocus();
+}
+
+// ---- clipboard ----------------------------------------------------------------------------------
+
+/// What Ctrl+C takes: the table where the focus is in it, the total elsewhere.
+QString frmInteressi::TestoCopia() const
+{
+    return ui->tdbInter->isAncestorOf(QApplication::focusWidget()) ? TestoTabella() : ui->lblTotale->text();
+}
+
+/// Headings, lines (the selected ones, if any are) and total, with tabs between the cells.
+QString frmInteressi::TestoTabella() const
+{
+    if (Righe.Vuota())
+        return {};
+    const QList<int> Scelte = ui->tdbInter->Selezione();
+    QStringList Testo{u"Dal giorno\tAl giorno\tTasso\tN° Giorni\tInteressi"_s};
+    for (int Riga = 0; Riga < Righe.Righe(); ++Riga) {
+        if (!Scelte.isEmpty() && !Scelte.contains(Riga))
+            continue;
+        QStringList Celle;
+        for (int Colonna = 0; Colonna < ColonneInteressi; ++Colonna)
+            Celle << Cella(Colonna, Righe(Riga, Colonna));
+        Testo << Celle.join(u'\t');
+    }
+    if (Scelte.isEmpty())
+        Testo << u"\t\t\t"_s + TitoloTotale.trimmed() + u'\t' + ui->lblTotale->text();
+    return Testo.join(u'\n');
+}

@@ -1,0 +1,61 @@
+// Simple interest on one capital between two dates, line by line at the rates in force.
+#pragma once
+
+#include "calculators/modInteressi.h"
+
+#include <QDialog>
+
+#include <memory>
+
+class CalendarioMensile;
+class QFrame;
+class QLabel;
+
+namespace Ui {
+class frmInteressi;
+}
+
+class frmInteressi : public QDialog
+{
+    Q_OBJECT
+
+public:
+    frmInteressi();
+    ~frmInteressi() override;
+
+    void Mostra();
+
+    /// Tells what is wrong with the boxes and gives the focus to the one it speaks of. @return true when
+    /// nothing is
+    [[nodiscard]] bool Check();
+    /// Empties the lines, the footer and the result.
+    void PulisciCalcoli();
+    /// Shows what default interest asks for besides; 0 hides it.
+    void VisDati(int Tipo);
+
+    void cmdCalcola_Click();
+    void mnuNew_Click();
+    void cmdCalend_Click(int Indice);
+
+protected:
+    void keyPressEvent(QKeyEvent* Evento) override;
+
+private:
+    void Collegamenti();
+    void CreaCalendario();
+    void ColonneRiepilogo();
+    void Load();
+    void MostraEsito(const EsitoInteressi& Esito);
+    void Calendario_Scelta(const QDate& Data);
+    [[nodiscard]] DatiInteressi Dati() const;
+    [[nodiscard]] QString TestoCopia() const;
+    [[nodiscard]] QString TestoTabella() const;
+
+    std::unique_ptr<Ui::frmInteressi> ui;
+    QFrame* fraCalendario;  ///< what shows and hides the calendar
+    CalendarioMensile* Calendario;
+    QLabel* panArchivio;  ///< first panel of the status bar
+    int IndiceCalendario = 0;
+    TabellaRighe Righe{ColonneInteressi};
+    QString UltimoAumento;  ///< the last increase of which the user was warned
+};

@@ -1,0 +1,225 @@
+#include "calculators/frmIstat.h"
+
+#include "calculators/campidata.h"
+#include "calculators/gestimodulo.h"
+#include "calculators/modTassi.h"
+#include "calculators/modulocalcolo.h"
+#include "core/modErrori.h"
+#include "platform/aspetto.h"
+#include "platform/campo.h"
+#include "platform/collega.h"
+#include "platform/regionale.h"
+#include "platform/shell.h"
+
+#include "ui_frmIstat.h"
+
+#include <QScopeGuard>
+#include <QStatusBar>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A result, its caption and its place among the results.
+struct Etichetta
+{
+    QLabel* Ui::frmIstat::*Cifra;
+    QLabel* Ui::frmIstat::*Didascalia;
+    QString RisultatiIstat::*Testo;
+};
+
+/// In the order in which one reads the calculation.
+constexpr std::array Etichette{
+    Etichetta{&Ui::frmIstat::lblImporto, &Ui::frmIstat::did_lblImporto, &RisultatiIstat::lblImporto},
+    Etichetta{&Ui::frmIstat::lblIndFin, &Ui::frmIstat::did_lblIndFin, &RisultatiIstat::lblIndFin},
+    Etichetta{&Ui::frmIstat::lblCoeffRacc, &Ui::frmIstat::did_lblCoeffRacc, &RisultatiIstat::lblCoeffRacc},
+    Etichetta{&Ui::frmIstat::lblIndIni, &Ui::frmIstat::did_lblIndIni, &RisultatiIstat::lblIndIni},
+    Etichetta{&Ui::frmIstat::lblCoeffRiv, &Ui::frmIstat::did_lblCoeffRiv, &RisultatiIstat::lblCoeffRiv},
+    Etichetta{&Ui::frmIstat::lblImpRival, &Ui::frmIstat::did_lblImpRival, &RisultatiIstat::lblImpRival},
+    Etichetta{&Ui::frmIstat::lblRivalutaz, &Ui::frmIstat::did_lblRivalutaz, &RisultatiIstat::lblRivalutaz},
+    Etichetta{&Ui::frmIstat::lblVarPerc, &Ui::frmIstat::did_lblVarPerc, &RisultatiIstat::lblVarPerc},
+};
+
+/// A caption without the signs of the formula around it.
+QString NomeCopia(QString Didascalia)
+{
+    return Didascalia.remove(u':').remove(u"x  "_s).remove(u'/').simplified();
+}
+
+}  // namespace
+
+frmIstat::frmIstat() : ui(std::make_unique<Ui::frmIstat>())
+{
+    ui->setupUi(this);
+    ui->Calendario->MostraLegenda(false);
+    Misure();
+    panArchivio = new QLabel;
+    panArchivio->setObjectName(u"barIstat_1"_s);
+    ui->barIstat->addWidget(panArchivio);
+    ui->cmdCalcola->setIcon(aspetto::Icona(u"istat"_s));
+    ui->cmdCopia->setIcon(aspetto::Icona(u"copia"_s));
+    ui->cmdCopiaTutto->setIcon(aspetto::Icona(u"copia"_s));
+    for (QToolButton* Bottone : {ui->cmdCalend_0, ui->cmdCalend_1})
+        Bottone->setIcon(aspetto::Icona(u"calendario"_s));
+    ImpostaMenu(this, {{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New, [this] { mnuNew_Click(); }}});
+    PreparaModulo(this, u"istat"_s);
+    aspetto::TitoliInGrassetto(this);
+    Collegamenti();
+    Load();
+}
+
+frmIstat::~frmIstat() = default;
+
+/// Results keep their room while they are empty, and the percentage its column: the amounts end in two
+/// blanks.
+void frmIstat::Misure()
+{
+    const QFontMetrics Righe = fontMetrics();
+    ui->lblIndFin->setMinimumHeight(2 * Righe.lineSpacing());
+    ui->lblVarPerc->setContentsMargins(0, 0, Righe.horizontalAdvance(u"  "_s), 0);
+    ui->lblImporto->setMinimumWidth(Righe.horizontalAdvance(u"999.999.999,99  "_s));
+    PreparaCifra(ui->lblImpRival);
+}
+
+void frmIstat::Collegamenti()
+{
+    VirgolaDalTastierino(ui->txtImporto);
+    const auto Pulisci = [this] { PulisciCalcoli(); };
+    for (const int Indice : {0, 1}) {
+        MascheraData* Data = Casella(Indice);
+        CompletaAnno(Data);
+        Data->installEventFilter(this);
+        Collega(Data, &QLineEdit::textChanged, this, [this, Data] {
+            PulisciCalcoli();
+            SeguiData(Data);
+        });
+    }
+    Collega(ui->txtImporto, &QLineEdit::textChanged, this, Pulisci);
+    Collega(ui->cmbValuta, &QComboBox::currentIndexChanged, this, Pulisci);
+
+    Collega(ui->cmdCalcola, &QPushButton::clicked, this, &frmIstat::cmdCalcola_Click);
+    Collega(ui->cmdCalend_0, &QToolButton::clicked, this, [this] { cmdCalend_Click(0); });
+    Collega(ui->cmdCalend_1, &QToolButton::clicked, this, [this] { cmdCalend_Click(1); });
+    Collega(ui->Calendario, &CalendarioMensile::DataScelta, this,
+            [this](const QDate& Data) { Casella(IndiceCalendario)->ImpostaData(Data); });
+
+    CatenaInvio({ui->mskDataIni, ui->mskDataFin, ui->txtImporto, ui->cmbValuta},
+                [this] { Protetta([this] { cmdCalcola_Click(); }); });
+    CopiaRisultato(this, ui->cmdCopia, [this] { return TestoPulito(ui->lblImpRival->text()); });
+    CopiaConClic(ui->cmdCopiaTutto, [this] { return TestoTutto(); });
+}
+
+void frmIstat::Load()
+{
+    ui->mskDataIni->ImpostaTesto(u"  /  /    "_s);
+    ui->mskDataFin->ImpostaTesto(u"  /  /    "_s);
+    ui->cmbValuta->setCurrentIndex(0);
+    if (const auto Aggiornato = DataArchivio(ArchivioTassi()))
+        panArchivio->setText(u" Archivio Istat aggiornato al "_s + Format(*Aggiornato, u"dd/mm/yyyy"));
+}
+
+void frmIstat::Mostra()
+{
+    if (MostraModulo(this))
+        ui->mskDataIni->setFocus();
+}
+
+// ---- calculation --------------------------------------------------------------------------------
+
+DatiIstat frmIstat::Dati() const
+{
+    return {ui->mskDataIni->Testo(), ui->mskDataFin->Testo(), ui->txtImporto->text(),
+            ui->cmbValuta->currentIndex()};
+}
+
+bool frmIstat::Check()
+{
+    const auto Trovato = CheckIstat(Dati());
+    if (!Trovato)
+        return true;
+    MsgErrore(Trovato->Messaggio);
+    RidaiFuoco(findChild<QWidget*>(Trovato->Controllo));
+    return false;
+}
+
+void frmIstat::cmdCalcola_Click()
+{
+    if (!ConcludiCampo() || !Check())
+        return;
+    FineIstat Fine{};
+    {
+        // What was written before a failure stays on screen.
+        const auto Mostra = qScopeGuard([this] { MostraRisultati(); });
+        Fine = CalcolaRivalutazione(ArchivioTassi(), Dati(), AggiornamentoChiesto, Risultati);
+    }
+    if (Fine == FineIstat::Aggiorna)
+        ApriAggiornamento();
+    if (Fine != FineIstat::Completa)
+        return;
+    Campanello();
+    LasciaSelezione();
+    ui->grafico->Imposta(SerieIndici(ArchivioTassi(), CDate(Dati().DataIni), CDate(Dati().DataFin)));
+}
+
+void frmIstat::MostraRisultati()
+{
+    for (const Etichetta& Una : Etichette)
+        MostraCifra(ui.get()->*Una.Cifra, ui.get()->*Una.Didascalia, Risultati.*Una.Testo);
+}
+
+void frmIstat::PulisciCalcoli()
+{
+    Risultati = {};
+    MostraRisultati();
+    ui->grafico->Imposta({});
+}
+
+void frmIstat::mnuNew_Click()
+{
+    ui->mskDataIni->ImpostaTesto(u"  /  /    "_s);
+    ui->mskDataFin->ImpostaTesto(u"  /  /    "_s);
+    ui->txtImporto->clear();
+    ui->mskDataIni->setFocus();
+}
+
+// ---- calendar -----------------------------------------------------------------------------------
+
+MascheraData* frmIstat::Casella(int Indice) const
+{
+    return Indice == 0 ? ui->mskDataIni : ui->mskDataFin;
+}
+
+/// The calendar goes to the date of a box that holds one.
+void frmIstat::SeguiData(const MascheraData* Casella)
+{
+    if (const auto Data = Casella->Data())
+        ui->Calendario->ImpostaData(*Data);
+}
+
+void frmIstat::cmdCalend_Click(int Indice)
+{
+    IndiceCalendario = Indice;
+    SeguiData(Casella(Indice));
+}
+
+bool frmIstat::eventFilter(QObject* Oggetto, QEvent* Evento)
+{
+    if (Evento->type() == QEvent::FocusIn)
+        for (const int Indice : {0, 1})
+            if (Oggetto == Casella(Indice))
+                cmdCalend_Click(Indice);
+    return QDialog::eventFilter(Oggetto, Evento);
+}
+
+/// The calculation as lines of a letter: caption, tab, value.
+QString frmIstat::TestoTutto() const
+{
+    if (Risultati == RisultatiIstat{})
+        return {};
+    QStringList Righe;
+    for (const Etichetta& Una : Etichette)
+        Righe << NomeCopia((ui.get()->*Una.Didascalia)->text()) + u'\t' + (Risultati.*Una.Testo).simplified();
+    return Righe.join(u'\n');
+}

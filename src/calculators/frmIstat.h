@@ -1,0 +1,54 @@
+// Revaluation of an amount between two dates, with every element of the calculation and a plot of the index.
+#pragma once
+
+#include "calculators/modIstat.h"
+
+#include <QDialog>
+
+#include <memory>
+
+class MascheraData;
+class QLabel;
+
+namespace Ui {
+class frmIstat;
+}
+
+class frmIstat : public QDialog
+{
+    Q_OBJECT
+
+public:
+    frmIstat();
+    ~frmIstat() override;
+
+    void Mostra();
+
+    /// Tells the first box that is wrong and gives it the focus. @return true when none is
+    [[nodiscard]] bool Check();
+    /// Empties the eight results and the plot.
+    void PulisciCalcoli();
+
+    void cmdCalcola_Click();
+    void mnuNew_Click();
+    void cmdCalend_Click(int Indice);
+
+protected:
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override;
+
+private:
+    void Misure();
+    void Collegamenti();
+    void Load();
+    void MostraRisultati();
+    void SeguiData(const MascheraData* Casella);
+    [[nodiscard]] MascheraData* Casella(int Indice) const;
+    [[nodiscard]] DatiIstat Dati() const;
+    [[nodiscard]] QString TestoTutto() const;
+
+    std::unique_ptr<Ui::frmIstat> ui;
+    QLabel* panArchivio;                ///< first panel of the status bar
+    int IndiceCalendario = 0;           ///< the date that the calendar serves
+    bool AggiornamentoChiesto = false;  ///< the user has said yes to the question on the last index
+    RisultatiIstat Risultati;
+};

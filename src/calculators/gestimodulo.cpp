@@ -1,0 +1,58 @@
+#include "calculators/gestimodulo.h"
+
+#include "core/comandi.h"
+#include "platform/collega.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QToolTip>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+void PreparaCifra(QWidget* Cifra)
+{
+    constexpr double Ingrandimento = 1.75;
+    constexpr int Aria = 4;
+    QFont Grande = Cifra->font();
+    Grande.setPointSizeF(Grande.pointSizeF() * Ingrandimento);
+    Grande.setBold(true);
+    Cifra->setFont(Grande);
+    Cifra->setMinimumHeight(QFontMetrics(Grande).height() + Aria);
+}
+
+void SfondoPannello(QWidget* Pannello)
+{
+    Pannello->setBackgroundRole(QPalette::Base);
+    Pannello->setAutoFillBackground(true);
+}
+
+void MostraCifra(QLabel* Cifra, const QLabel* Didascalia, const QString& Testo)
+{
+    Cifra->setText(Testo);
+    Cifra->setAccessibleName((Didascalia->text() + u' ' + Testo).simplified());
+}
+
+void CopiaConClic(QAbstractButton* Pulsante, std::function<QString()> Testo)
+{
+    Collega(Pulsante, &QAbstractButton::clicked, Pulsante, [Pulsante, Testo = std::move(Testo)] {
+        const QString Pulito = Testo();
+        if (Pulito.isEmpty())
+            return;
+        QApplication::clipboard()->setText(Pulito);
+        QToolTip::showText(Pulsante->mapToGlobal(Pulsante->rect().bottomLeft()), u"Copiato"_s, Pulsante);
+    });
+}
+
+void LasciaSelezione()
+{
+    if (auto* Casella = qobject_cast<QLineEdit*>(QApplication::focusWidget()))
+        Casella->deselect();
+}
+
+void ApriAggiornamento()
+{
+    if (Aperture.Aggiorna)
+        Aperture.Aggiorna();
+}
