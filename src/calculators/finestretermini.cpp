@@ -7,7 +7,6 @@
 
 #include <QAbstractButton>
 #include <QAccessible>
-#include <QFontMetrics>
 #include <QLabel>
 
 using namespace Qt::StringLiterals;
@@ -17,7 +16,10 @@ void PreparaPannello(QLabel* Risultato, QAbstractButton* Copia, double Ingrandim
     QFont Grande = Risultato->font();
     Grande.setPointSizeF(Grande.pointSizeF() * Ingrandimento);
     Risultato->setFont(Grande);
-    Risultato->setMinimumHeight(QFontMetrics(Grande).lineSpacing() * Righe);
+    // The label itself knows the height of its lines, which at a fractional scale is no multiple of one.
+    Risultato->setText(QString(Righe - 1, u'\n') + u'X');
+    Risultato->setMinimumHeight(Risultato->sizeHint().height());
+    Risultato->clear();
     Risultato->parentWidget()->setBackgroundRole(QPalette::Base);
     Copia->setIcon(aspetto::Icona(u"copia"_s));
 }

@@ -463,6 +463,9 @@ void TestFrmTerminiSeq::ilCalendarioNonAllarga()
     Registratore Box;
     Compila(u"14032012"_s);
     B->Calcola();
+    const auto* Pannello = B->Uno<QLabel>(u"lblRisult"_s);
+    QVERIFY2(Pannello->height() >= Pannello->heightForWidth(Pannello->width()),
+             "no line of the result is cut");
     const QSize Prima = B->F->size();
     const QPoint Data = B->Data()->mapTo(B->F.data(), QPoint());
     B->Clic(u"cmdCalend"_s);
