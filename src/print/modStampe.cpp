@@ -172,7 +172,7 @@ QString LeggiFileTesto(const QString& Percorso)
 {
     const QByteArray MarcaUtf8 = "\xEF\xBB\xBF"_ba;
     try {
-        const QByteArray Byte = LeggiFile(TrovaFile(PercorsoNativo(Percorso)));
+        const QByteArray Byte = LeggiFile(TrovaFile(PercorsoNativo(Percorso)), MassimoTesto);
         return Byte.startsWith(MarcaUtf8) ? QString::fromUtf8(Byte.sliced(MarcaUtf8.size())) : DaCp1252(Byte);
     } catch (const Errore&) {
         return {};

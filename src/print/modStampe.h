@@ -29,5 +29,9 @@ void MemorizzaUltimaStampa(const Parcella& Nota, double Onorari);
 /// @throws Errore; what was drawn up to there stays on the surface
 bool Anteprima(Superficie& vp, const Parcella& Nota, int Tipo);
 
-/// Whole content of a text file (Windows-1252 or UTF-8 with a mark); any failure gives an empty text.
+/// Largest file that a document takes text from, in bytes: clauses with a picture in them stay well below.
+constexpr qint64 MassimoTesto = qint64(8) << 20;
+
+/// Whole content of a text file (Windows-1252 or UTF-8 with a mark). Any failure gives an empty text, and so
+/// does a file larger than MassimoTesto.
 [[nodiscard]] QString LeggiFileTesto(const QString& Percorso);

@@ -44,9 +44,19 @@ qsizetype PuntoDiTaglio(QStringView Riga, qsizetype Larghezza)
     return Oltre < Riga.size() ? Oltre : -1;
 }
 
-void AvvolgiRiga(QStringView Riga, qsizetype Larghezza, QStringList& Fatte)
+/// @param Sporge what the first line is longer
+void AvvolgiRiga(QStringView Riga, qsizetype Larghezza, QStringList& Fatte, qsizetype Sporge = 0)
 {
     Riga = SenzaCoda(Riga);
+    if (Sporge > 0 && Riga.size() > Larghezza + Sporge) {
+        if (const qsizetype Taglio = PuntoDiTaglio(Riga, Larghezza + Sporge); Taglio >= 0) {
+            Fatte += SenzaCoda(Riga.first(Taglio)).toString();
+            Riga = Riga.sliced(Cerca(Riga, Taglio, false));
+        }
+    } else if (Sporge > 0) {
+        Fatte += Riga.toString();
+        return;
+    }
     while (Riga.size() > Larghezza) {
         const qsizetype Taglio = PuntoDiTaglio(Riga, Larghezza);
         if (Taglio < 0)
@@ -100,11 +110,39 @@ qsizetype Rientro(Allineamento Come, qsizetype Lunghezza, qsizetype Larghezza)
 
 // ---- paragraphs -------------------------------------------------------------------------------------
 
+/// Blanks for tabs, to stops that stand so far apart.
+QString SenzaTabulazioni(const QString& Testo, qsizetype Distanza)
+{
+    QString Fatto;
+    qsizetype Colonna = 0;
+    for (const QChar C : Testo) {
+        const qsizetype Bianchi = C == u'\t' ? Distanza - Colonna % Distanza : 0;
+        Fatto += Bianchi > 0 ? QString(Bianchi, u' ') : QString(C);
+        Colonna = C == u'\n' ? 0 : Colonna + std::max<qsizetype>(Bianchi, 1);
+    }
+    return Fatto;
+}
+
 void Scrivi(const Paragrafo& Questo, QString& Uscita)
 {
-    for (const QString& Riga : Avvolgi(Questo.Testo(), ColonneTesto)) {
-        if (!Riga.isEmpty())
-            Uscita += QString(Rientro(Questo.Allinea, Riga.size(), ColonneTesto), u' ') + Riga;
+    constexpr qsizetype Tabulazione = 6;  // 12.5 mm
+    const auto Colonne = [](double Cm) {
+        return std::clamp(qRound(Cm * CaratteriPerCm), 0, ColonneTesto / 2);
+    };
+    const int Sinistro = Colonne(Questo.Spazi.SinistroCm);
+    const int Prima = Colonne(Questo.Spazi.SinistroCm + Questo.Spazi.PrimaRigaCm);
+    const int Sporge = std::max(Sinistro - Prima, 0);
+    const qsizetype Larga =
+        std::max(ColonneTesto - Sinistro - Colonne(Questo.Spazi.DestroCm), ColonneTesto / 4);
+
+    const QString Testo = SenzaTabulazioni(Questo.Testo(), Sporge > 0 ? Sporge : Tabulazione);
+    QStringList Fatte;
+    for (const QStringView Riga : QString(QString(std::max(Prima - Sinistro, 0), u' ') + Testo).split(u'\n'))
+        AvvolgiRiga(Riga, Larga, Fatte, Fatte.isEmpty() ? Sporge : 0);
+    for (qsizetype i = 0; i < Fatte.size(); ++i) {
+        if (!Fatte[i].isEmpty())
+            Uscita += QString(i == 0 ? std::min(Prima, Sinistro) : Sinistro, u' ') +
+                      QString(Rientro(Questo.Allinea, Fatte[i].size(), Larga), u' ') + Fatte[i];
         Uscita += u'\n';
     }
 }

@@ -57,6 +57,8 @@ private Q_SLOTS:
     void paragrafi();
     void trattiDiUnaRigaSiUniscono();
     void rtfSiScrive();
+    void rientri_data();
+    void rientri();
 
     void colonneACinqueCaratteriPerCm();
     void larghezzeArrotondate();
@@ -146,6 +148,33 @@ void TestScrittoreTesto::rtfSiScrive()
     vp.Paragraph(u"dopo"_s);
     vp.EndDoc();
     QCOMPARE(ScriviTesto(vp.Contenuto()), u"prima\nClausola\ndopo\n"_s);
+}
+
+void TestScrittoreTesto::rientri_data()
+{
+    QTest::addColumn<QString>("Rtf");
+    QTest::addColumn<QString>("Atteso");
+
+    // Two centimetres are ten characters, the line has 88.
+    const QString Piena = QString(40, u'a') + u' ' + QString(37, u'b');
+    QTest::newRow("left") << u"\\li1134 a"_s << Spazi(10) + u"a\n"_s;
+    QTest::newRow("left, wrapped") << u"\\li1134 "_s + Piena + u" c"_s
+                                   << Spazi(10) + Piena + u"\n"_s + Spazi(10) + u"c\n"_s;
+    QTest::newRow("right") << u"\\ri1134 "_s + Piena + u" c"_s << Piena + u"\nc\n"_s;
+    QTest::newRow("first line") << u"\\fi1134 "_s + Piena + u" cccccccccc"_s
+                                << Spazi(10) + Piena + u"\ncccccccccc\n"_s;
+    QTest::newRow("a list's text") << u"\\li567\\fi-567 1.\\tab uno\\line due"_s << u"1.   uno\n     due\n"_s;
+    QTest::newRow("a hanging line holds more") << u"\\li1134\\fi-1134 "_s + Piena + u" ccccccccc d"_s
+                                               << Piena + u" ccccccccc\n"_s + Spazi(10) + u"d\n"_s;
+    QTest::newRow("centre between the indents")
+        << u"\\qc\\li1134 "_s + QString(76, u'a') << Spazi(11) + QString(76, u'a') + u"\n"_s;
+    QTest::newRow("tabs") << u"\\pard a\\tab b\\tab c"_s << u"a     b     c\n"_s;
+}
+
+void TestScrittoreTesto::rientri()
+{
+    QFETCH(QString, Rtf);
+    QTEST(TestoDi(u"{\\rtf1 "_s + Rtf + u"\\par}"_s), "Atteso");
 }
 
 // ---- tables -----------------------------------------------------------------------------------------
