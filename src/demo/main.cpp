@@ -48,11 +48,15 @@ void TaciSenzaSchermo(QtMsgType, const QMessageLogContext&, const QString& Detto
         std::fputs((Detto + u'\n').toLocal8Bit().constData(), stderr);
 }
 
-void ImpostaStudio()
+/// The settings of an office that has used the program before: it has a name, and has read the notice.
+void ImpostaStudio(const QString& Utente)
 {
     const auto Salva = [](const QString& Chiave, const QString& Valore) {
         SaveSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave, Valore);
     };
+    Salva(u"UserFolder"_s, Utente);
+    CreaCartella(Utente);
+    ScriviFile(Utente + u"avvisokr5.ini"_s, {});
     Salva(u"StudioNome"_s, u"Avv. Giulia Bianchi"_s);
     Salva(u"StudioIndir"_s, u"Via della Consulta 12"_s);
     Salva(u"StudioCitta"_s, u"00184 Roma"_s);
@@ -72,7 +76,7 @@ int Recitata(int& argc, char** argv, const QString& Cartella)
     Applicazione Programma(argc, argv);
     InstallaOrologio([] { return QDateTime(QDate(2024, 3, 15), QTime(10, 30)); });
     PreparaProgramma();
-    ImpostaStudio();
+    ImpostaStudio(Barra(Barra(Casa.path()) + u"utente"_s));
     CreaCartella(Cartella);
     QTimer::singleShot(0, &Programma,
                        [&Cartella] { QCoreApplication::exit(Recita(Barra(Cartella)) ? 0 : 1); });
