@@ -1,5 +1,9 @@
 #include "core/apritori.h"
 
+#include "calculators/frmCodFis.h"
+#include "calculators/frmContrib.h"
+#include "calculators/frmInteressi.h"
+#include "calculators/frmIstat.h"
 #include "calculators/frmTermini.h"
 #include "calculators/frmTerminiSeq.h"
 #include "core/Main.h"
@@ -98,6 +102,10 @@ void RiempiApritori()
     Aperture.Avviso = ApriAvviso;
     Aperture.Termini = [] { Singola<frmTermini>().Mostra(); };
     Aperture.TerminiSequenziali = [] { Singola<frmTerminiSeq>().Mostra(); };
+    Aperture.Interessi = [] { Singola<frmInteressi>().Mostra(); };
+    Aperture.Istat = [] { Singola<frmIstat>().Mostra(); };
+    Aperture.CodiceFiscale = [] { Singola<frmCodFis>().Mostra(); };
+    Aperture.Contributo = [] { Singola<frmContrib>().Mostra(); };
     Aperture.Impostazioni = [](int Scheda) { Singola<frmSetup>().Mostra(Scheda); };
 
     AreaParcelle = [] { return Singola<frmMain>().Area(); };
