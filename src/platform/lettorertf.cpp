@@ -529,7 +529,7 @@ private:
 
     void Accoda(QStringView Pezzo)
     {
-        if (Riga.Tratti.empty() || FontCambiato) {
+        if (Riga.Tratti.empty() || (FontCambiato && Riga.Tratti.size() < MassimoTrattiRtf)) {
             Carattere Suo = CarattereCorrente();
             FontCambiato = false;
             if (Riga.Tratti.empty() || !(Riga.Tratti.back().Font == Suo))

@@ -276,6 +276,10 @@ void TestLettoreRtf::limiti()
 {
     const QString Lungo = u"{\\rtf1 "_s + QString(MassimoCaratteriRtf + 10, u'a') + u"}"_s;
     QCOMPARE(Testi(Lungo).size(), MassimoCaratteriRtf + 1);
+    const std::vector<Paragrafo> Variopinto = LeggiRtf(u"{\\rtf1 "_s + u"{\\b a}b"_s.repeated(1000) + u"}"_s);
+    QCOMPARE(Variopinto.size(), std::size_t{1});
+    QCOMPARE(Variopinto[0].Tratti.size(), MassimoTrattiRtf);
+    QCOMPARE(Variopinto[0].Testo(), u"ab"_s.repeated(1000));
     const std::size_t Troppi = MassimoParagrafiRtf + 10;
     QCOMPARE(LeggiRtf(u"{\\rtf1 "_s + u"\\par"_s.repeated(qsizetype(Troppi)) + u"}"_s).size(),
              MassimoParagrafiRtf);
