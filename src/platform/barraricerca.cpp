@@ -32,7 +32,7 @@ BarraRicerca::BarraRicerca(QWidget* Padre) : QWidget(Padre), Campo(new QLineEdit
     Riga->addSpacing(SpazioCorto);
     Riga->addWidget(Conto);
     Riga->addStretch(1);
-    QToolButton* Chiudi = Tasto(u"annulla"_s, {}, u"Chiudi la ricerca (Esc)"_s);
+    QToolButton* Chiudi = Tasto(u"chiudi"_s, {}, u"Chiudi la ricerca (Esc)"_s);
 
     Collega(Campo, &QLineEdit::textChanged, this, [this](const QString& Nuovo) { Q_EMIT Cercato(Nuovo); });
     Collega(Indietro, &QToolButton::clicked, this, [this] { Q_EMIT Precedente(); });

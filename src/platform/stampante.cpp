@@ -22,8 +22,8 @@ Stampanti DelSistema()
 {
     return {[] { return QPrinterInfo::availablePrinterNames(); },
             [](const QPrinter& Scelta) {
-                return Scelta.outputFormat() != QPrinter::NativeFormat
-                       || QPrinterInfo::availablePrinterNames().contains(Scelta.printerName());
+                return Scelta.outputFormat() != QPrinter::NativeFormat ||
+                       QPrinterInfo::availablePrinterNames().contains(Scelta.printerName());
             }};
 }
 
@@ -60,7 +60,7 @@ public:
 QPrinter& Preparata(int Pagine)
 {
     std::unique_ptr<QPrinter>& Suo = Ricordata();
-    if (!Suo)
+    if (!Suo || !Installate().Risponde(*Suo))
         Suo = std::make_unique<QPrinter>(QPrinter::HighResolution);
     Suo->setFullPage(true);  // the document's margins are measured from the sheet's edge
     Suo->setPrintRange(QPrinter::AllPages);
@@ -86,9 +86,12 @@ QList<int> Intervallo(int Da, int A, int Pagine)
 QList<int> PagineChieste(const QPrinter& Scelta, int Pagine, int InVista)
 {
     switch (Scelta.printRange()) {
-    case QPrinter::CurrentPage: return Intervallo(InVista, InVista, Pagine);
-    case QPrinter::PageRange: break;
-    default: return Intervallo(1, Pagine, Pagine);
+    case QPrinter::CurrentPage:
+        return Intervallo(InVista, InVista, Pagine);
+    case QPrinter::PageRange:
+        break;
+    default:
+        return Intervallo(1, Pagine, Pagine);
     }
     QList<int> Sue;
     for (const QPageRanges::Range& Tratto : Scelta.pageRanges().toRangeList())
@@ -159,8 +162,9 @@ int PrintDialog(VistaStampa& Vista)
 {
     DaStampare = false;
     if (Installate().Nomi().isEmpty()) {
-        MsgBox(u"Nessuna stampante installata.\nInstallare una stampante, oppure salvare il documento in PDF."_s,
-               vbExclamation, TitoloAvvertenza.toString());
+        MsgBox(
+            u"Nessuna stampante installata.\nInstallare una stampante, oppure salvare il documento in PDF."_s,
+            vbExclamation, TitoloAvvertenza.toString());
         return 0;
     }
     DaStampare = DialogoStampante(Preparata(Vista.NumeroPagine()));
@@ -195,10 +199,9 @@ QString EsportaPdf(const VistaStampa& Vista, const QString& Cartella, const QStr
     if (Scelto.isEmpty())
         return {};
     const QString Percorso = ConEstensionePdf(PercorsoNativo(Scelto));
-    if (EsisteFile(Percorso)
-        && MsgBox(u"Il documento "_s + NomeFile(Percorso) + u" esiste già: si vuole sostituirlo?"_s,
-                  vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString())
-               != vbYes)
+    if (EsisteFile(Percorso) &&
+        MsgBox(u"Il documento "_s + NomeFile(Percorso) + u" esiste già: si vuole sostituirlo?"_s,
+               vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString()) != vbYes)
         return {};
     const ClessidraAccesa Attesa;
     Vista.Pagine().ScriviPdf(Percorso, Nome);

@@ -35,7 +35,7 @@ QString EsportaPdf(const VistaStampa& Vista, const QString& Cartella, const QStr
 /// The machine's printers as the program sees them; a test installs its own.
 struct Stampanti
 {
-    std::function<QStringList()> Nomi;                      ///< of the printers that are there now
+    std::function<QStringList()> Nomi;                     ///< of the printers that are there now
     std::function<bool(const QPrinter& Scelta)> Risponde;  ///< true while a chosen printer can be printed on
 };
 

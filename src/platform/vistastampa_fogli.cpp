@@ -227,13 +227,14 @@ void FogliStampa::paintEvent(QPaintEvent* Evento)
     QPainter Pittore(viewport());
     Pittore.fillRect(Evento->rect(), Fondo);
     const QRect Esposto = Evento->rect().translated(Scorrimento());
+    Pittore.save();
     Pittore.translate(-Scorrimento());
     for (int Pagina = Posti.PaginaA(Esposto.top()); Pagina <= Posti.PaginaA(Esposto.bottom()); ++Pagina)
         DisegnaFoglio(Pittore, Pagina, Esposto);
-    Pittore.resetTransform();
+    Pittore.restore();
     if (hasFocus()) {
         Pittore.setPen(aspetto::Accento());
-        Pittore.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
+        Pittore.drawRect(QRectF(viewport()->rect()).adjusted(0.5, 0.5, -0.5, -0.5));
     }
 }
 
@@ -320,7 +321,8 @@ QRect FogliStampa::InFinestra(const RettangoloPagina& Rettangolo) const
 {
     const QPointF Alto = Posti.InPixel({Rettangolo.Pagina, Rettangolo.Mm.topLeft()});
     const QPointF Basso = Posti.InPixel({Rettangolo.Pagina, Rettangolo.Mm.bottomRight()});
-    return QRectF(Alto, Basso).toAlignedRect().translated(-Scorrimento());
+    // Edges are rounded alike, so that the tints of two rows meet and do not overlap.
+    return QRect(Alto.toPoint(), Basso.toPoint() - QPoint(1, 1)).translated(-Scorrimento());
 }
 
 void FogliStampa::Tingi(const QList<Selezione>& Nuove, qsizetype Corrente)

@@ -47,9 +47,12 @@ void FogliStampa::Scegli(const Selezione& Nuova)
 Selezione FogliStampa::UnitaIn(qsizetype Posto) const
 {
     switch (Passo) {
-    case Unita::Parole: return Pagine.ParolaIn(Posto);
-    case Unita::Blocchi: return Pagine.BloccoIn(Posto);
-    case Unita::Lettere: break;
+    case Unita::Parole:
+        return Pagine.ParolaIn(Posto);
+    case Unita::Blocchi:
+        return Pagine.BloccoIn(Posto);
+    case Unita::Lettere:
+        break;
     }
     return {Posto, Posto};
 }
@@ -70,10 +73,10 @@ void FogliStampa::mousePressEvent(QMouseEvent* Evento)
     if (Evento->button() != Qt::LeftButton)
         return;
     const QPoint Punto = Evento->position().toPoint();
-    const bool Triplo = DalDoppioClic.isValid()
-                        && DalDoppioClic.elapsed() < QGuiApplication::styleHints()->mouseDoubleClickInterval()
-                        && (Punto - UltimoPunto).manhattanLength()
-                               < QGuiApplication::styleHints()->startDragDistance();
+    const bool Triplo =
+        DalDoppioClic.isValid() &&
+        DalDoppioClic.elapsed() < QGuiApplication::styleHints()->mouseDoubleClickInterval() &&
+        (Punto - UltimoPunto).manhattanLength() < QGuiApplication::styleHints()->startDragDistance();
     DalDoppioClic.invalidate();
     UltimoPunto = Punto;
     Trascina = true;
@@ -105,8 +108,7 @@ void FogliStampa::mouseMoveEvent(QMouseEvent* Evento)
         return;
     }
     const PuntoFoglio Sotto = PuntoDi(Punto);
-    const Qt::CursorShape Forma =
-        Pagine.SulTesto(Sotto.Pagina, Sotto.Mm) ? Qt::IBeamCursor : Qt::ArrowCursor;
+    const Qt::CursorShape Forma = Pagine.SulTesto(Sotto.Pagina, Sotto.Mm) ? Qt::IBeamCursor : Qt::ArrowCursor;
     if (viewport()->cursor().shape() != Forma)
         viewport()->setCursor(Forma);
 }
@@ -177,8 +179,8 @@ qsizetype FogliStampa::PostoInAltraRiga(int Verso) const
     const RigaImpaginata* Vicina = nullptr;
     for (const RigaImpaginata& Riga : Sue) {
         const double Distanza = (Riga.Mm.center().y() - Meta.y()) * Verso;
-        if (Distanza > Ora.Mm.height() / 2.0
-            && (!Vicina || Distanza < (Vicina->Mm.center().y() - Meta.y()) * Verso))
+        if (Distanza > Ora.Mm.height() / 2.0 &&
+            (!Vicina || Distanza < (Vicina->Mm.center().y() - Meta.y()) * Verso))
             Vicina = &Riga;
     }
     if (Vicina)
@@ -197,13 +199,26 @@ bool FogliStampa::MuoviCapo(int Tasto)
     }
     qsizetype Posto = Capo;
     switch (Tasto) {
-    case Qt::Key_Left: Posto = std::max<qsizetype>(0, Capo - 1); break;
-    case Qt::Key_Right: Posto = std::min(Capo + 1, Pagine.Tutto().A); break;
-    case Qt::Key_Up: Posto = PostoInAltraRiga(-1); break;
-    case Qt::Key_Down: Posto = PostoInAltraRiga(1); break;
-    case Qt::Key_Home: Posto = 0; break;
-    case Qt::Key_End: Posto = Pagine.Tutto().A; break;
-    default: return false;
+    case Qt::Key_Left:
+        Posto = std::max<qsizetype>(0, Capo - 1);
+        break;
+    case Qt::Key_Right:
+        Posto = std::min(Capo + 1, Pagine.Tutto().A);
+        break;
+    case Qt::Key_Up:
+        Posto = PostoInAltraRiga(-1);
+        break;
+    case Qt::Key_Down:
+        Posto = PostoInAltraRiga(1);
+        break;
+    case Qt::Key_Home:
+        Posto = 0;
+        break;
+    case Qt::Key_End:
+        Posto = Pagine.Tutto().A;
+        break;
+    default:
+        return false;
     }
     ImpostaScelta(Ancora, Posto);
     Mostra({Posto, Posto});
@@ -240,8 +255,8 @@ bool FogliStampa::Scorri(QKeyEvent* Evento)
 void FogliStampa::keyPressEvent(QKeyEvent* Evento)
 {
     const Qt::KeyboardModifiers Con = Evento->modifiers() & ~Qt::KeypadModifier;
-    const bool Fatto = (Con == Qt::ShiftModifier && MuoviCapo(Evento->key()))
-                       || (Con == Qt::NoModifier && Scorri(Evento));
+    const bool Fatto =
+        (Con == Qt::ShiftModifier && MuoviCapo(Evento->key())) || (Con == Qt::NoModifier && Scorri(Evento));
     Evento->setAccepted(Fatto);
 }
 

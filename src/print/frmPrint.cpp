@@ -77,7 +77,9 @@ frmPrint::frmPrint() : Vista(new VistaStampa), Barra(new QToolBar(this)), Pagina
     Vista->setObjectName(u"vpFree"_s);
     Posto->addWidget(Vista);
     setCentralWidget(Cornice);
-    setStatusBar(new QStatusBar);
+    statusBar()->hide();  // it is there while it has something to say
+    Collega(statusBar(), &QStatusBar::messageChanged, this,
+            [this](const QString& Testo) { statusBar()->setVisible(!Testo.isEmpty()); });
     Vista->setFocus();
 
     Collega(Vista, &VistaStampa::PaginaCambiata, this, &frmPrint::MostraPagina);
@@ -105,7 +107,8 @@ void frmPrint::AggiungiZoom()
     for (const VoceZoom& Voce : VociZoom) {
         QAction* Scelta = Menu->addAction(Voce.Scritta.toString());
         Scelta->setObjectName(u"z%1"_s.arg(Voce.Percento));
-        Collega(Scelta, &QAction::triggered, this, [this, Chiave = Scelta->objectName()] { barPrint_Click(Chiave); });
+        Collega(Scelta, &QAction::triggered, this,
+                [this, Chiave = Scelta->objectName()] { barPrint_Click(Chiave); });
     }
     Tasto->setMenu(Menu);
     qobject_cast<QToolButton*>(Barra->widgetForAction(Tasto))->setPopupMode(QToolButton::MenuButtonPopup);

@@ -105,8 +105,8 @@ void TestStampante::senzaStampanti()
     bool Chiesto = false;
     Scegli([&](QPrinter&) { return Chiesto = true; });
     Messaggi->Attendi(
-        u"Nessuna stampante installata.\nInstallare una stampante, oppure salvare il documento in PDF."_s, vbOK,
-        u"Avvertenza:"_s);
+        u"Nessuna stampante installata.\nInstallare una stampante, oppure salvare il documento in PDF."_s,
+        vbOK, u"Avvertenza:"_s);
     QCOMPARE(PrintDialog(vp), 0);
     QVERIFY(!Chiesto);
 }

@@ -45,8 +45,8 @@ namespace {
 
 void Ruota(FogliStampa* Fogli, QPoint Dove, int Scatti, Qt::KeyboardModifiers Con = Qt::NoModifier)
 {
-    QWheelEvent Evento(Dove, Fogli->viewport()->mapToGlobal(QPointF(Dove)), {}, {0, Scatti * 120}, Qt::NoButton, Con,
-                       Qt::NoScrollPhase, false);
+    QWheelEvent Evento(Dove, Fogli->viewport()->mapToGlobal(QPointF(Dove)), {}, {0, Scatti * 120},
+                       Qt::NoButton, Con, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(Fogli->viewport(), &Evento);
 }
 

@@ -317,7 +317,7 @@ void TestVistaStampaTesto::pulsantiDellaRicerca()
     QCOMPARE(Conto(S), u"2 di 11"_s);
     QTest::mouseClick(S.vp.findChild<QToolButton*>(u"cmdRicerca_up"_s), Qt::LeftButton);
     QCOMPARE(Conto(S), u"1 di 11"_s);
-    QTest::mouseClick(S.vp.findChild<QToolButton*>(u"cmdRicerca_annulla"_s), Qt::LeftButton);
+    QTest::mouseClick(S.vp.findChild<QToolButton*>(u"cmdRicerca_chiudi"_s), Qt::LeftButton);
     QVERIFY(Barra(S)->isHidden());
 }
 
