@@ -6,6 +6,8 @@
 #include "platform/messaggi.h"
 #include "tariffs/modEvaluate.h"
 
+#include <QHash>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -269,7 +271,46 @@ Terna TernaPerRicalcolo(const Parcella& Nota, const Recordset& Voce)
     return TernaDaFormule(Nota, Voce, [](int Codice) { throw Errore(Codice, MessaggioErrore(Codice)); });
 }
 
-void RicalcolaRiga(Parcella& Nota, const Catalogo& Voci, Recordset& Ricerca, int Riga)
+/// What the catalogue says of a code; nothing when the authority lacks it.
+struct VoceTrovata
+{
+    int NVoce = 0;
+    Terna Unitaria;
+};
+
+/// Looks codes up in a clone of the catalogue, each of them once: the catalogue on screen keeps its place.
+class RicercaVoci
+{
+public:
+    RicercaVoci(const Parcella& DiNota, const Catalogo& In)
+        : Nota(DiNota), Chiave(In.ChiaveOno), Voci(In.datOno.Clone())
+    {}
+
+    const std::optional<VoceTrovata>& operator()(const QVariant& Codice)
+    {
+        const QString Criterio = CriterioVoce(Nota.CodCateg, Chiave, Codice, Nota.IDAutSelezionata());
+        auto Trovata = Gia.find(Criterio);
+        if (Trovata == Gia.end())
+            Trovata = Gia.insert(Criterio, Cerca(Criterio));
+        return *Trovata;
+    }
+
+private:
+    std::optional<VoceTrovata> Cerca(const QString& Criterio)
+    {
+        Voci.FindFirst(Criterio);
+        if (Voci.NoMatch())
+            return std::nullopt;
+        return VoceTrovata{NumeroVoce(Voci), TernaPerRicalcolo(Nota, Voci)};
+    }
+
+    const Parcella& Nota;
+    QString Chiave;
+    Recordset Voci;
+    QHash<QString, std::optional<VoceTrovata>> Gia;  ///< by their criterion
+};
+
+void RicalcolaRiga(Parcella& Nota, RicercaVoci& Ricerca, int Riga)
 {
     TabellaRighe& Righe = Nota.xOnorari;
     const QVariant Codice = Righe(Riga, OnoCodVoce);
@@ -277,23 +318,22 @@ void RicalcolaRiga(Parcella& Nota, const Catalogo& Voci, Recordset& Ricerca, int
         return;
 
     const QString Descr = CStr(Righe(Riga, OnoDescr));
-    Ricerca.FindFirst(CriterioVoce(Nota.CodCateg, Voci.ChiaveOno, Codice, Nota.IDAutSelezionata()));
-    if (Ricerca.NoMatch()) {
+    const std::optional<VoceTrovata>& Voce = Ricerca(Codice);
+    if (!Voce) {
         AvvisaNonPrevisto(Descr);
         return;
     }
     // An item keeps its code across authorities, while its number in the decree may differ.
     if (Nota.CodCateg == Civile)
-        Righe(Riga, OnoNVoce) = NumeroVoce(Ricerca);
-    const Terna Unitaria = TernaPerRicalcolo(Nota, Ricerca);
-    if (MancaValore(Nota, Unitaria)) {
+        Righe(Riga, OnoNVoce) = Voce->NVoce;
+    if (MancaValore(Nota, Voce->Unitaria)) {
         MsgBox(u"Attenzione, l'onorario "_s + Descr
                    + u" prevedendo un valore definito della causa non sarà ricalcolato"_s,
                vbInformation, TitoloMessaggio.toString());
         return;
     }
 
-    DatiOnorario Dati = Moltiplica(Unitaria, NumeroDi(Righe(Riga, OnoQta)));
+    DatiOnorario Dati = Moltiplica(Voce->Unitaria, NumeroDi(Righe(Riga, OnoQta)));
     Dati.NVoce = int(NumeroDi(Righe(Riga, OnoNVoce)));
     Dati.Descr = Descr;
     Dati.VarPerc = Nota.AumRidVarP;
@@ -307,9 +347,9 @@ void RicalcolaRiga(Parcella& Nota, const Catalogo& Voci, Recordset& Ricerca, int
 
 void RicalcolaOnorari(Parcella& Nota, const Catalogo& Voci)
 {
-    Recordset Ricerca = Voci.datOno.Clone();  // the catalogue on screen keeps its place
+    RicercaVoci Ricerca(Nota, Voci);
     for (int Riga = 0; Riga < Nota.xOnorari.Righe(); ++Riga)
-        RicalcolaRiga(Nota, Voci, Ricerca, Riga);
+        RicalcolaRiga(Nota, Ricerca, Riga);
 }
 
 QString FileScheda(const QString& CodCateg, const QVariant& Chiave)
