@@ -11,6 +11,7 @@
 #include "feenote/modParametri.h"
 #include "platform/griglia.h"
 #include "platform/impostazioni.h"
+#include "platform/messaggi.h"
 #include "platform/servizi_qt.h"
 
 #include <QFile>
@@ -217,6 +218,68 @@ double Somma()
     });
 }
 
+/// Every second line, so that none that goes has a neighbour that goes with it.
+void ScegliUnaSiUnaNo(Griglia* Lista)
+{
+    for (int Riga = 0; Riga < Lista->Righe(); Riga += 2)
+        Lista->Seleziona(Riga);
+}
+
+/// Half of the lines cut and, with Ctrl+Z, pasted back. @param Incolla which of the two is measured
+double TagliaEIncolla(bool Incolla)
+{
+    Messaggi SempreSi;
+    SempreSi.Box = [](const QString&, int, const QString&) { return vbYes; };
+    InstallaMessaggi(SempreSi);
+    frmParcelle* Finestra = ApriNota(RigheLunghe);
+    Finestra->VaiAllaScheda(SchedaListaOnorari);
+    auto* Lista = Finestra->findChild<Griglia*>(u"tdbOnor"_s);
+    const auto Premi = [&](Qt::Key Tasto) {
+        return DurataMs([&] {
+            QTest::keyClick(Lista->Vista(), Tasto, Qt::ControlModifier);
+            LasciaDipingere();
+        });
+    };
+    QList<double> Durate;
+    for (int Giro = 0; Giro < 9; ++Giro) {
+        ScegliUnaSiUnaNo(Lista);
+        const double Tagliate = Premi(Qt::Key_X);
+        if (Finestra->Nota.xOnorari.Righe() != RigheLunghe / 2)
+            return NonMisurabile;
+        const double Incollate = Premi(Qt::Key_Z);
+        Durate.append(Incolla ? Incollate : Tagliate);
+    }
+    return Finestra->Nota.xOnorari.Righe() == RigheLunghe ? Mediana(std::move(Durate)) : NonMisurabile;
+}
+
+double Taglia()
+{
+    return TagliaEIncolla(false);
+}
+
+double Incolla()
+{
+    return TagliaEIncolla(true);
+}
+
+/// All lines from the tariff, at the entry that follows a change of the parameters.
+double Ricalcola()
+{
+    constexpr int VociDiFase = 4;  // the first codes of the ordinary court
+    frmParcelle* Finestra = ApriNota(RigheLunghe);
+    TabellaRighe& Righe = Finestra->Nota.xOnorari;
+    for (int Riga = 0; Riga < RigheLunghe; ++Riga)
+        Righe(Riga, OnoCodVoce) = Righe(Riga, OnoNVoce) = 1 + Riga % VociDiFase;
+    const double Prima = SommaColonna(Righe, OnoMedio);
+    const double Ms = MedianaMs(9, [&] {
+        Finestra->VaiAllaScheda(SchedaBase);
+        Finestra->Nota.RicalcoloNecessario = true;
+        Finestra->VaiAllaScheda(SchedaListaOnorari);
+        LasciaDipingere();
+    });
+    return SommaColonna(Righe, OnoMedio) != Prima ? Ms : NonMisurabile;
+}
+
 double Memoria()
 {
     ApriNota(40);
@@ -234,6 +297,9 @@ int Finestra(int& argc, char** argv)
                                                           {u"inserisci", Inserisci},
                                                           {u"scrivi", Scrivi},
                                                           {u"somma", Somma},
+                                                          {u"taglia", Taglia},
+                                                          {u"incolla", Incolla},
+                                                          {u"ricalcola", Ricalcola},
                                                           {u"memoria", Memoria}};
     for (const auto& [Nome, Misura] : Quali)
         if (Nome == Quale)
@@ -255,6 +321,9 @@ const RegistraMisura RegistrataMemoria(u"memory with one note open"_s, 80.0, Nel
                                        u"MB"_s);
 const RegistraMisura RegistrataInserisci(u"10,000 lines: insert one"_s, 100.0, NellaFinestra(u"inserisci"_s));
 const RegistraMisura RegistrataScrivi(u"10,000 lines: type an amount"_s, 100.0, NellaFinestra(u"scrivi"_s));
+const RegistraMisura RegistrataTaglia(u"10,000 lines: cut half of them"_s, 200.0, NellaFinestra(u"taglia"_s));
+const RegistraMisura RegistrataIncolla(u"10,000 lines: paste half of them"_s, 200.0, NellaFinestra(u"incolla"_s));
+const RegistraMisura RegistrataRicalcola(u"10,000 lines: recompute all"_s, 200.0, NellaFinestra(u"ricalcola"_s));
 const RegistraMisura RegistrataSomma(u"10,000 lines: sums"_s, 100.0, NellaFinestra(u"somma"_s));
 
 }  // namespace
