@@ -255,9 +255,10 @@ void frmInteressi::cmdCalend_Click(int Indice)
     const MascheraData* Casella = Indice == 0 ? ui->mskDataIni : ui->mskDataFin;
     Calendario->ImpostaData(Casella->Data().value_or(Oggi()));
     fraCalendario->adjustSize();
-    // Below its box where there is room, else as far down as it is seen whole.
-    const QPoint Sotto = Casella->mapTo(this, QPoint(0, Casella->height() + 2));
-    fraCalendario->move(Sotto.x(), std::min(Sotto.y(), height() - fraCalendario->height() - aspetto::Bordo));
+    // Beside its box, which stays in sight, and as low as it is seen whole.
+    const QToolButton* Accanto = Indice == 0 ? ui->cmdCalend_0 : ui->cmdCalend_1;
+    const QPoint Posto = Accanto->mapTo(this, QPoint(Accanto->width() + aspetto::TraCampi, 0));
+    fraCalendario->move(Posto.x(), std::min(Posto.y(), height() - fraCalendario->height() - aspetto::Bordo));
     fraCalendario->show();
     fraCalendario->raise();
     Calendario->setFocus();
