@@ -100,7 +100,8 @@ Pagina::Pagina(QWidget* Padre) : QTextBrowser(Padre)
     setOpenLinks(false);
     document()->setDocumentMargin(Margine);
     document()->setDefaultStyleSheet(FoglioDiStile());
-    Collega(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& Collegamento) { Segui(Collegamento); });
+    Collega(this, &QTextBrowser::anchorClicked, this,
+            [this](const QUrl& Collegamento) { (void)Segui(Collegamento); });
 }
 
 bool Pagina::Naviga(const QString& Indirizzo)

@@ -25,17 +25,19 @@ QString Tinta(const QColor& Colore, double Parte)
 QString FoglioDiStile()
 {
     const QString Accento = aspetto::Accento().name();
-    const QString Testo = Tinta(QGuiApplication::palette().color(QPalette::Text), TintaPiede);
+    const QString Piede = Tinta(QGuiApplication::palette().color(QPalette::Text), TintaPiede);
     return u"h1 { font-size: x-large; font-weight: bold; color: %1; margin-top: 4px; margin-bottom: 8px; }"
            u"h2 { font-size: large; font-weight: bold; color: %1; margin-top: 16px; margin-bottom: 4px; }"
            u"p { margin-top: 4px; margin-bottom: 8px; }"
            u"li { margin-bottom: 4px; }"
            u"a { color: %1; text-decoration: underline; }"
+           u"table { border-collapse: collapse; border-style: solid; border-color: %6; margin-top: 4px;"
+           u" margin-bottom: 8px; }"
            u"th { background-color: %2; font-weight: bold; text-align: left; }"
            u"td.cifre, th.cifre { text-align: right; }"
            u"td.nota { background-color: %3; }"
            u"td.attenzione { background-color: %4; }"
-           u".piede { color: %5; font-size: small; }"_s.arg(Accento, Tinta(aspetto::Accento(), TintaTestata),
-                                                           Tinta(aspetto::Accento(), TintaNota),
-                                                           Tinta(aspetto::Sbagliato(), TintaAttenzione), Testo);
+           u".piede { color: %5; font-size: small; }"_s.arg(
+               Accento, Tinta(aspetto::Accento(), TintaTestata), Tinta(aspetto::Accento(), TintaNota),
+               Tinta(aspetto::Sbagliato(), TintaAttenzione), Piede, aspetto::Filo().name());
 }
