@@ -50,6 +50,7 @@ void TestStrade::init()
     Scena::Salva(u"StudioNome"_s, u"Studio Bianchi"_s);
     Scena::Salva(u"CercaAgg"_s, u"N"_s);
     RiempiApritori();
+    Aperture.Avviso = nullptr;  // it would come up in front of the desktop
 }
 
 void TestStrade::cleanup()
