@@ -23,12 +23,17 @@ struct Bottone
     int Gruppo;
 };
 
-enum GruppoBarra { Vista, Uscita };
+enum GruppoBarra { Vista, Uscita, Guida };
 
 constexpr std::array Bottoni{
-    Bottone{u"up", u"Pagina precedente", Vista},    Bottone{u"down", u"Pagina successiva", Vista},
-    Bottone{u"zoom", u"Dimensioni preview", Vista}, Bottone{u"print", u"Stampa parcella", Uscita},
+    Bottone{u"up", u"Pagina precedente", Vista},
+    Bottone{u"down", u"Pagina successiva", Vista},
+    Bottone{u"zoom", u"Dimensioni preview", Vista},
+    Bottone{u"print", u"Stampa parcella", Uscita},
     Bottone{u"pdf", u"Salva in PDF", Uscita},
+    Bottone{u"word", u"Esporta in Word", Uscita},
+    Bottone{u"wp", u"Avvia editor alternativo", Uscita},
+    Bottone{u"help", u"Guida contestuale", Guida},
 };
 
 struct VoceZoom

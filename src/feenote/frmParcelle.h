@@ -7,6 +7,7 @@
 #include "feenote/modAppunti.h"
 #include "feenote/modGraduazione.h"
 #include "feenote/parcella.h"
+#include "platform/errore.h"
 #include "tariffs/modTariffe.h"
 
 #include <QScopedValueRollback>
@@ -14,6 +15,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 
 struct ComandiBarra;
 struct CopiaRecupero;
@@ -185,6 +187,9 @@ private:
     void barPrint_ButtonClick(const QString& Chiave);
     /// Composes the chosen document anew: something that it shows has changed.
     void Ricomponi();
+    /// The composition itself. @return what kept its file from being written
+    std::optional<Errore> Componi();
+    void AbilitaBarraStampa();
     void MostraPagina(int Pagina);
     void StampaParcella();
     void SalvaPdf();

@@ -15,11 +15,13 @@
 #include "platform/percorsi.h"
 #include "platform/stampante.h"
 #include "platform/vistastampa.h"
+#include "print/modEsporta.h"
 #include "print/modStampe.h"
 #include "ui_SchedaStampa.h"
 
 #include <QButtonGroup>
 #include <QScrollArea>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QShortcut>
 
@@ -250,6 +252,7 @@ void frmParcelle::cmbTipoStampa_Click(int Tipo)
 
 void frmParcelle::EntraScheda4()
 {
+    AbilitaBarraStampa();  // the settings may have named another editor meanwhile
     Ricomponi();
     uiStampa->vp->ImpostaPreviewPage(1);
 }
@@ -259,9 +262,19 @@ void frmParcelle::Ricomponi()
     // A page that nobody sees is composed when its tab opens.
     if (Scheda() != SchedaDiStampa || Nota.cmbTipoStampa == NessunaVoce)
         return;
-    Protetta([this] { Anteprima(uiStampa->vp->Foglio(), Nota, Nota.cmbTipoStampa); });
-    uiStampa->vp->Aggiorna();
-    MostraPagina(1);  // until the reader, who stays where he was, moves
+    // A file that cannot be written is no message here: the page on view is whole.
+    Protetta([this] { (void)Componi(); });
+}
+
+std::optional<Errore> frmParcelle::Componi()
+{
+    VistaStampa* vp = uiStampa->vp;
+    // What was drawn before a failure is shown.
+    const auto AllaFine = qScopeGuard([this, vp] {
+        vp->Aggiorna();
+        MostraPagina(1);  // until the reader, who stays where he was, moves
+    });
+    return AnteprimaConEsportazione(vp->Foglio(), Nota, Nota.cmbTipoStampa, Posto, false, vp->CartaInUso());
 }
 
 void frmParcelle::MostraPagina(int Pagina)
@@ -283,6 +296,13 @@ void frmParcelle::barPrint_ButtonClick(const QString& Chiave)
         StampaParcella();
     } else if (Chiave == u"pdf") {
         SalvaPdf();
+    } else if (Chiave == u"word") {
+        if (!DialogoAperto)
+            EsportaInWord(Posto, [this] { return Componi(); });
+    } else if (Chiave == u"wp") {
+        AvviaEditor(Posto);
+    } else if (Chiave == u"help") {
+        EseguiComando(u"guida"_s, Posto, {});
     } else if (Chiave.startsWith(TastoZoom)) {
         const int Numero = Chiave.mid(1).toInt();
         if (Numero == ZoomAlFoglio)
@@ -325,10 +345,18 @@ void frmParcelle::MostraStampa()
     const bool Scelto = Nota.cmbTipoStampa != NessunaVoce;
     uiStampa->vp->setVisible(Scelto);
     uiStampa->lblSenzaDocumento->setVisible(!Scelto);
-    for (QAction* Tasto : uiStampa->barPrint->actions())
-        Tasto->setEnabled(Scelto);
+    AbilitaBarraStampa();
     if (!Scelto)
         txtPage->clear();
+}
+
+void frmParcelle::AbilitaBarraStampa()
+{
+    const bool Scelto = Nota.cmbTipoStampa != NessunaVoce;
+    for (QAction* Tasto : uiStampa->barPrint->actions()) {
+        const QString Chiave = Tasto->objectName();
+        Tasto->setEnabled(Chiave == u"help" || (Scelto && (Chiave != u"wp" || !sessione::WP.isEmpty())));
+    }
 }
 
 void frmParcelle::MostraDatiStampa()

@@ -2,6 +2,7 @@
 #include "tavolo.h"
 
 #include "feenote/modDatiStampa.h"
+#include "platform/shell.h"
 #include "platform/stampante.h"
 #include "platform/vistastampa.h"
 
@@ -70,6 +71,7 @@ private Q_SLOTS:
     void schedaIvaDifferita();
     void avvisoDellaNotaSpese_data();
     void avvisoDellaNotaSpese();
+    void avvisoChiuso();
     void personaOSocieta();
     void rappresentante();
     void pagine();
@@ -83,6 +85,12 @@ private Q_SLOTS:
     void pdf();
     void pdfAnnullato();
     void pdfSopraUnAltro();
+    void ogniComposizioneScriveIlDocumento();
+    void documentoCheNonSiScrive();
+    void word();
+    void wordInUso();
+    void editorAlternativo();
+    void laGuida();
     void senzaStampante();
     void clienteLunghissimo();
     void notaVuota();
@@ -96,6 +104,11 @@ private:
     [[nodiscard]] bool Composto() const { return vp->Foglio().Tag != u"segno"; }
     [[nodiscard]] QString txtPage() const { return Controllo<QLabel>(F, "txtPage")->text(); }
     void Premuto(const char* Chiave) const { Clic(Controllo(F, Chiave)); }
+    /// The word-processor document of the note on view, as bytes; empty while there is none.
+    [[nodiscard]] QByteArray Esportato() const
+    {
+        return EsisteFile(FileDocumento(1)) ? LeggiFile(FileDocumento(1)) : QByteArray();
+    }
 
     std::unique_ptr<Tavolo> T;
     frmParcelle* F = nullptr;
@@ -448,15 +461,31 @@ void TestSchedaStampa::avvisoDellaNotaSpese()
     QFETCH(QString, Nome);
     QFETCH(bool, Avviso);
     QString Aperta;
-    Aperture.PaginaWeb = [&](const QString& Pagina, const QString&) { Aperta = Pagina; };
+    Aperture.PaginaWeb = [&](const QString& Pagina, const QString& Titolo) {
+        Aperta = Pagina + u'|' + Titolo;
+    };
     Documento(StampaNotaGiudiziale);
     ClicScheda(F, SchedaImposte);
     if (Avviso)
         T->Voce.Attendi(AvvisoNotaSpese, vbOK, u"Avvertenza:"_s);
     Clic(Controllo(F, Nome.toLatin1().constData()));
-    QCOMPARE(Aperta, Avviso ? sessione::PercorsoProg + u"SchedaNotaSpese.htm"_s : QString());
+    const QString Scheda = sessione::PercorsoProg +
+                           u"SchedaNotaSpese.htm|KR5 - Scheda informativa nota spese giudiziale"_s;
+    QCOMPARE(Aperta, Avviso ? Scheda : QString());
     Clic(Controllo(F, Nome.toLatin1().constData()));
     Clic(Controllo(F, Nome.toLatin1().constData()));  // once for each window
+}
+
+void TestSchedaStampa::avvisoChiuso()
+{
+    bool Aperta = false;
+    Aperture.PaginaWeb = [&](const QString&, const QString&) { Aperta = true; };
+    Documento(StampaNotaGiudiziale);
+    ClicScheda(F, SchedaImposte);
+    T->Voce.Attendi(AvvisoNotaSpese, vbCancel, u"Avvertenza:"_s);
+    Clic(Controllo(F, "chkIva"));
+    QVERIFY(!Aperta);
+    QVERIFY2(F->Nota.chkIva.Attiva, "il consiglio non cambia la scelta");
 }
 
 void TestSchedaStampa::personaOSocieta()
@@ -634,6 +663,105 @@ void TestSchedaStampa::pdfSopraUnAltro()
     Premuto("barPrint_pdf");
     QVERIFY(Altro.open(QIODevice::ReadOnly));
     QCOMPARE(Altro.readAll(), "altro"_ba);
+}
+
+void TestSchedaStampa::ogniComposizioneScriveIlDocumento()
+{
+    QCOMPARE(Esportato(), QByteArray());
+    Documento(StampaPrenotula);
+    QVERIFY(Esportato().startsWith("{\\rtf1"));
+    QVERIFY(Esportato().contains("Rossi Mario"));
+    Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_0"), u"12/A"_s);
+    QVERIFY(!Esportato().contains("12/A"));
+    Premi(Qt::Key_Tab);
+    QVERIFY(Esportato().contains("12/A"));
+}
+
+void TestSchedaStampa::documentoCheNonSiScrive()
+{
+    ScriviFile(sessione::UserFolder + u"doc"_s, "not a folder");
+    Documento(StampaPrenotula);
+    QVERIFY2(T->Voce.Mostrati().isEmpty(), "la pagina c'è: chi la guarda non si disturba");
+    QVERIFY(Pagine().contains(u"Rossi Mario"_s));
+    T->Voce.Attendi(u"Attenzione, il documento Nuova parcella.doc non è stato trovato!"_s, vbOK, u"Errore:"_s);
+    Premuto("barPrint_word");
+}
+
+void TestSchedaStampa::word()
+{
+    QStringList Aperti;
+    QByteArray Letto;
+    Shell Finta;
+    Finta.ApriFile = [&](const QString& File) {
+        Aperti.append(File);
+        Letto = LeggiFile(File);
+        return 0;
+    };
+    const Shell Vera = InstallaShell(Finta);
+    const auto Rimetti = qScopeGuard([&] { InstallaShell(Vera); });
+    QVERIFY2(!Controllo(F, "barPrint_word")->isEnabled(), "senza documento non c'è nulla da esportare");
+    Documento(StampaPrenotula);
+    // The field that is being written is left first: what opens holds it.
+    Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_0"), u"7/B"_s);
+    Premuto("barPrint_word");
+    QCOMPARE(Aperti, QStringList{FileDocumento(1)});
+    QVERIFY(Letto.contains("7/B"));
+}
+
+void TestSchedaStampa::wordInUso()
+{
+    Documento(StampaPrenotula);
+    const QByteArray Prima = Esportato();
+    ImpostaSolaLettura(FileDocumento(1), true);
+    Segna();
+    T->Voce.Attendi(u"Attenzione, il documento Nuova parcella.doc è già aperto da un'altra applicazione e non "
+                    u"può essere aggiornato.\nChiudere il documento e riprovare."_s,
+                    vbOK, u"Errore:"_s);
+    Premuto("barPrint_word");
+    QVERIFY2(!Composto(), "la pagina resta com'è");
+    ImpostaSolaLettura(FileDocumento(1), false);
+    QCOMPARE(Esportato(), Prima);
+}
+
+void TestSchedaStampa::editorAlternativo()
+{
+    QStringList Avviati;
+    Shell Finta;
+    Finta.Avvia = [&](const QString& Programma, const QStringList& Argomenti, const QString&) {
+        Avviati.append(Programma + u'|' + Argomenti.join(u'|'));
+        return 0;
+    };
+    const Shell Vera = InstallaShell(Finta);
+    const auto Rimetti = qScopeGuard([&] {
+        InstallaShell(Vera);
+        sessione::WP.clear();
+    });
+    sessione::WP.clear();
+    Documento(StampaPrenotula);
+    QVERIFY2(!Controllo(F, "barPrint_wp")->isEnabled(), "nessun editor nelle impostazioni");
+    ClicScheda(F, SchedaBase);
+    sessione::WP = u"/usr/bin/editor"_s;
+    ClicScheda(F, SchedaDiStampa);
+    Premuto("barPrint_wp");
+    QCOMPARE(Avviati, QStringList{u"/usr/bin/editor|"_s + FileDocumento(1)});
+}
+
+void TestSchedaStampa::laGuida()
+{
+    sessione::PercorsoProg = T->Ufficio.Cartella();
+    ScriviFile(sessione::PercorsoProg + u"GuidaGiuridica.pdf"_s, "%PDF");
+    Aperture.SchedaCorrente = [this](int) { return F->Scheda(); };
+    int Pagina = 0;
+    Shell Finta;
+    Finta.HaProgramma = [](const QString&) { return true; };
+    Finta.ApriPdf = [&](const QString&, int Quale) {
+        Pagina = Quale;
+        return 0;
+    };
+    const Shell Vera = InstallaShell(Finta);
+    const auto Rimetti = qScopeGuard([&] { InstallaShell(Vera); });
+    Premuto("barPrint_help");  // before any document is chosen, too
+    QCOMPARE(Pagina, 18);
 }
 
 void TestSchedaStampa::senzaStampante()
