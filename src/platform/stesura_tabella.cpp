@@ -11,7 +11,7 @@ namespace {
 
 using RigaTabella = std::vector<Cella>;
 
-constexpr double MargineCella = 0.75 * PuntiPerMm;  // on either side, where another column stands
+constexpr double MargineCella = 0.75 * PuntiPerMm;  // on either side of a column
 constexpr double MargineBordo = 0.5 * PuntiPerMm;   // above and below the text of a table with lines
 constexpr double QuotaIntera = 0.5;  // of a page: a table without headings is kept whole up to it
 
@@ -55,17 +55,19 @@ std::size_t Coperte(const RigaTabella& Riga, std::size_t Colonna)
 
 // ---- widths
 
-/// A column's margins: none at the edges of a table without lines, which are those of the page's text.
+/// A column's margins. Without lines the whole gap stands before a column: amounts end where their column
+/// does, and those of one table stand under those of another, whatever columns follow.
 struct Margini
 {
     double Prima = 0.0;
     double Dopo = 0.0;
 };
 
-Margini MarginiDi(std::size_t Prima, std::size_t Ultima, std::size_t Colonne, int Bordo)
+Margini MarginiDi(std::size_t Colonna, int Bordo)
 {
-    return {Prima == 0 && Bordo == 0 ? 0.0 : MargineCella,
-            Ultima + 1 == Colonne && Bordo == 0 ? 0.0 : MargineCella};
+    if (Bordo != 0)
+        return {MargineCella, MargineCella};
+    return {Colonna == 0 ? 0.0 : 2.0 * MargineCella, 0.0};
 }
 
 /// Columns of amounts stand to the right or in the middle.
@@ -110,7 +112,7 @@ std::vector<double> Necessarie(const Tabella& Questa, FontDocumento& Font)
             if (Riga[Colonna].Unione == 1)
                 Tutte[Colonna] = std::max(Tutte[Colonna], LarghezzaNecessaria(Riga[Colonna], Font));
     for (std::size_t Colonna = 0; Colonna < Tutte.size(); ++Colonna) {
-        const Margini Suoi = MarginiDi(Colonna, Colonna, Tutte.size(), Questa.Bordo);
+        const Margini Suoi = MarginiDi(Colonna, Questa.Bordo);
         if (Tutte[Colonna] > 0.0)
             Tutte[Colonna] += Suoi.Prima + Suoi.Dopo + 1.0;
     }
@@ -328,7 +330,7 @@ private:
             QString(Una.Testo).replace(u'\n', QChar(QChar::LineSeparator)).replace(u'\t', u' ');
         if (!Vuota(Una)) {
             const std::size_t Fine = Colonna + Coperte(Riga, Colonna);
-            const Margini Suoi = MarginiDi(Colonna, Fine - 1, Larghe.size(), Questa.Bordo);
+            const Margini Suoi = MarginiDi(Colonna, Questa.Bordo);
             const FontMisurato& Suo = Font(Una.Font);
             Brano Nuova;
             Nuova.Inizio = Fatta.Testo.size();

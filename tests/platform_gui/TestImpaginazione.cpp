@@ -74,6 +74,7 @@ private Q_SLOTS:
     void ilTitoloNonRestaSolo();
 
     void colonneAllaLoroLarghezza();
+    void importiAllineatiFraTabelle();
     void tabellaPiuLargaDelFoglio();
     void importiSuUnBordoSolo();
     void celleSullaStessaLineaDiBase();
@@ -407,11 +408,28 @@ void TestImpaginazione::colonneAllaLoroLarghezza()
     const Impaginazione Fatta(Finito(vp));
     const std::vector<RigaImpaginata>& Righe = Fatta.Righe(1);
     QCOMPARE(Righe.size(), std::size_t(4));
-    constexpr double MargineMm = 0.75;
+    constexpr double MargineMm = 1.5;
     QVERIFY(Vicini(Righe[0].Mm.left(), 20.0));
     QVERIFY(Vicini(Righe[1].Mm.left(), 110.0 + MargineMm));
-    QVERIFY(Vicini(Righe[2].Mm.right(), 138.0 - MargineMm));
+    QVERIFY(Vicini(Righe[2].Mm.right(), 138.0));
     QVERIFY(Vicini(Righe[3].Mm.center().x(), 138.0 + (55.0 + MargineMm) / 2.0));
+}
+
+void TestImpaginazione::importiAllineatiFraTabelle()
+{
+    Superficie vp;
+    PreparaPagina(vp);
+    constexpr auto Sinistra = Allineamento::Sinistra;
+    constexpr auto Destra = Allineamento::Destra;
+    ScriviTabella(vp, {u"10cm"_s, u"1.8cm"_s}, {Sinistra, Destra}, {{u"onorari"_s, u"4.650,00"_s}});
+    ScriviTabella(vp, {u"10cm"_s, u"1.8cm"_s, u"1.8cm"_s}, {Sinistra, Destra, Destra},
+                  {{u"spese"_s, u"98,50"_s, u"27,00"_s}});
+    const Impaginazione Fatta(Finito(vp));
+    const std::vector<RigaImpaginata>& Righe = Fatta.Righe(1);
+    QCOMPARE(Righe.size(), std::size_t(5));
+    QVERIFY(Vicini(Righe[1].Mm.right(), 138.0));
+    QVERIFY2(Vicini(Righe[3].Mm.right(), 138.0), "una colonna che segue non sposta gli importi");
+    QVERIFY(Vicini(Righe[4].Mm.right(), 156.0));
 }
 
 void TestImpaginazione::tabellaPiuLargaDelFoglio()
@@ -421,7 +439,7 @@ void TestImpaginazione::tabellaPiuLargaDelFoglio()
     ScriviTabella(vp, {u"20cm"_s, u"20cm"_s}, {Allineamento::Sinistra, Allineamento::Sinistra},
                   {{u"a"_s, u"b"_s}});
     const Impaginazione Fatta(Finito(vp));
-    QVERIFY(Vicini(Fatta.Righe(1)[1].Mm.left(), 20.0 + 176.0 / 2.0 + 0.75));
+    QVERIFY(Vicini(Fatta.Righe(1)[1].Mm.left(), 20.0 + 176.0 / 2.0 + 1.5));
 }
 
 void TestImpaginazione::importiSuUnBordoSolo()

@@ -63,7 +63,7 @@ void TestPagine::doveStannoLeRighe()
     // Millimetres from the upper left corner of an A4 sheet.
     const std::array Attese{
         Attesa{u"Avv. Giulia Neri", 1, 20.00, 18.77, 47.98},
-        Attesa{u"Mario Rossi", 1, 103.86, 33.38, 124.68},
+        Attesa{u"Mario Rossi", 1, 104.61, 33.38, 125.43},
         Attesa{u"Valore: 30.000,00", 1, 20.00, 67.46, 53.39},
         Attesa{u"Fase istruttoria", 1, 20.00, 92.91, 41.11},
         Attesa{u"4.500,00", 1, 126.89, 103.21, 138.00},
