@@ -49,8 +49,11 @@ void TestStrade::init()
     Scena::Salva(u"PercorsoProcedura"_s, ProgrammaDiProva());
     Scena::Salva(u"StudioNome"_s, u"Studio Bianchi"_s);
     Scena::Salva(u"CercaAgg"_s, u"N"_s);
+    // An office that has read the notice, which would come up in front of the desktop.
+    const QString Utente = NuovaCartella();
+    Scena::Salva(u"UserFolder"_s, Utente);
+    ScriviFile(Utente + u"avvisokr5.ini"_s, "[avvisokr5]\nletto=21/11/2026\n");
     RiempiApritori();
-    Aperture.Avviso = nullptr;  // it would come up in front of the desktop
 }
 
 void TestStrade::cleanup()
