@@ -1,15 +1,8 @@
 #include "calculators/gestimodulo.h"
 
 #include "core/comandi.h"
-#include "platform/collega.h"
 
 #include <QApplication>
-#include <QClipboard>
-#include <QToolTip>
-
-#include <utility>
-
-using namespace Qt::StringLiterals;
 
 void PreparaCifra(QWidget* Cifra)
 {
@@ -32,17 +25,6 @@ void MostraCifra(QLabel* Cifra, const QLabel* Didascalia, const QString& Testo)
 {
     Cifra->setText(Testo);
     Cifra->setAccessibleName((Didascalia->text() + u' ' + Testo).simplified());
-}
-
-void CopiaConClic(QAbstractButton* Pulsante, std::function<QString()> Testo)
-{
-    Collega(Pulsante, &QAbstractButton::clicked, Pulsante, [Pulsante, Testo = std::move(Testo)] {
-        const QString Pulito = Testo();
-        if (Pulito.isEmpty())
-            return;
-        QApplication::clipboard()->setText(Pulito);
-        QToolTip::showText(Pulsante->mapToGlobal(Pulsante->rect().bottomLeft()), u"Copiato"_s, Pulsante);
-    });
 }
 
 void LasciaSelezione()

@@ -3,9 +3,6 @@
 
 #include <QString>
 
-#include <functional>
-
-class QAbstractButton;
 class QLabel;
 class QWidget;
 
@@ -16,9 +13,6 @@ void SfondoPannello(QWidget* Pannello);
 
 /// Shows a result; a screen reader hears it behind its caption.
 void MostraCifra(QLabel* Cifra, const QLabel* Didascalia, const QString& Testo);
-
-/// A click on the button puts the text into the clipboard and says so. An empty text copies nothing.
-void CopiaConClic(QAbstractButton* Pulsante, std::function<QString()> Testo);
 
 /// Lets go what Tab has selected in the focused box, so that Ctrl+C takes the result that has just come.
 void LasciaSelezione();

@@ -158,6 +158,15 @@ public:
     }
 };
 
+/// Puts a text into the clipboard and says so below the button; an empty one copies nothing.
+void Copia(QAbstractButton* Pulsante, const QString& Testo)
+{
+    if (Testo.isEmpty())
+        return;
+    QApplication::clipboard()->setText(Testo);
+    QToolTip::showText(Pulsante->mapToGlobal(Pulsante->rect().bottomLeft()), u"Copiato"_s, Pulsante);
+}
+
 }  // namespace
 
 void PreparaModulo(QDialog* Modulo, const QString& NomeIcona)
@@ -211,21 +220,18 @@ void CatenaInvio(const QList<QWidget*>& Campi, const std::function<void()>& Calc
     new Catena(Campi, Calcola);
 }
 
+void CopiaConClic(QAbstractButton* Pulsante, const std::function<QString()>& Testo)
+{
+    Collega(Pulsante, &QAbstractButton::clicked, Pulsante, [Pulsante, Testo] { Copia(Pulsante, Testo()); });
+}
+
 void CopiaRisultato(QDialog* Modulo, QAbstractButton* Pulsante, const std::function<QString()>& Testo)
 {
-    const auto Copia = [Pulsante, Testo] {
-        const QString Pulito = Testo();
-        if (Pulito.isEmpty())
-            return;
-        QApplication::clipboard()->setText(Pulito);
-        QToolTip::showText(Pulsante->mapToGlobal(Pulsante->rect().bottomLeft()), u"Copiato"_s, Pulsante);
-    };
-    Collega(Pulsante, &QAbstractButton::clicked, Modulo, Copia);
-
+    CopiaConClic(Pulsante, Testo);
     auto* Azione = new QAction(Modulo);
     Azione->setShortcut(QKeySequence::Copy);
     Modulo->addAction(Azione);
-    Collega(Azione, &QAction::triggered, Modulo, Copia);
+    Collega(Azione, &QAction::triggered, Modulo, [Pulsante, Testo] { Copia(Pulsante, Testo()); });
     for (QWidget* Uno : Modulo->findChildren<QWidget*>())
         if (qobject_cast<QLineEdit*>(Uno) || qobject_cast<QLabel*>(Uno))
             new CediCopia(Uno);

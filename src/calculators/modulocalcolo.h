@@ -36,8 +36,10 @@ bool MostraModulo(QDialog* Modulo);
 /// one; it never presses the default button. Of several options only the selected one is stopped at.
 void CatenaInvio(const QList<QWidget*>& Campi, const std::function<void()>& Calcola);
 
-/// A click on the button, and Ctrl+C where nothing is selected by hand, put the text into the clipboard. An
-/// empty text copies nothing.
+/// A click on the button puts the text into the clipboard and says so. An empty text copies nothing.
+void CopiaConClic(QAbstractButton* Pulsante, const std::function<QString()>& Testo);
+
+/// The same for the result of the window, which Ctrl+C copies too where nothing is selected by hand.
 void CopiaRisultato(QDialog* Modulo, QAbstractButton* Pulsante, const std::function<QString()>& Testo);
 
 /// A caption of a result as one pastes it into a letter: no runs of blanks, no blank lines, "\n" between
