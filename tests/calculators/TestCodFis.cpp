@@ -70,7 +70,7 @@ class TestCodFis : public QObject
 private Q_SLOTS:
     void esempi_data();
     void esempi();
-    void ventimilaPersone();
+    void centomilaPersone();
     void ogniCarattere();
     void senzaComune();
     void comuneNonTrovato();
@@ -95,10 +95,10 @@ void TestCodFis::esempi()
     QCOMPARE(CalcoloCodFis(Riga[0], Riga[1], CDate(Riga[2]), Riga[3], Riga[4]), Riga[5]);
 }
 
-void TestCodFis::ventimilaPersone()
+void TestCodFis::centomilaPersone()
 {
     QRandomGenerator Sorte(1974);
-    for (int i = 0; i < 20000; ++i) {
+    for (int i = 0; i < 100000; ++i) {
         const QString Cognome = ParolaACaso(Sorte);
         const QString Nome = ParolaACaso(Sorte);
         const QDate Nascita = QDate(1890, 1, 1).addDays(Sorte.bounded(50000));

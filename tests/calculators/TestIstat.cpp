@@ -54,7 +54,7 @@ private Q_SLOTS:
     void coefficienteMancante_data();
     void coefficienteMancante();
     void giornoCheDivideIlMese();
-    void ventimilaImporti();
+    void centomilaImporti();
     void serieDegliIndici();
 
 private:
@@ -246,10 +246,10 @@ void TestIstat::giornoCheDivideIlMese()
     QCOMPARE(Etichette.lblCoeffRiv, u"2,32327"_s);
 }
 
-void TestIstat::ventimilaImporti()
+void TestIstat::centomilaImporti()
 {
     QRandomGenerator Sorte(1938);
-    for (int i = 0; i < 20000; ++i) {
+    for (int i = 0; i < 100000; ++i) {
         const qint64 Centesimi = Sorte.bounded(1, 100000000);
         const qint64 Raccordo = Sorte.bounded(10000, 60000);  // four decimals
         const qint64 Iniziale = Sorte.bounded(5000, 20000);   // two decimals
