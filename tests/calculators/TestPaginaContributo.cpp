@@ -15,6 +15,7 @@ private Q_SLOTS:
     void sezioni();
     void unCampoPerIndice();
     void importi();
+    void contributoDiOgniNumero();
     void testiAllaLettera();
 };
 PROVA(TestPaginaContributo);
@@ -59,6 +60,22 @@ void TestPaginaContributo::importi()
         }
     // 2.614 of the fixed fees, 120 of the tax appeal, 16.750 of the administrative ones.
     QCOMPARE(Somma, 2614.0 + 120.0 + 16750.0);
+}
+
+void TestPaginaContributo::contributoDiOgniNumero()
+{
+    const auto Colonna = [](size_t Sezione) {
+        QStringList Voci;
+        for (const VocePagina& Voce : PaginaContributo()[Sezione].Voci)
+            Voci << Voce.Numero.toString() + u' ' + Voce.Contributo.toString();
+        return Voci.join(u"; "_s);
+    };
+    QCOMPARE(Colonna(2),
+             u"1) 518,00; 2) 237,00; 3) 851,00; 4) 43,00; 5) 98,00; 6) 43,00; 7) 98,00; 8) 98,00; "
+             "9) 278,00; 10) 43,00; 11) 139,00; 12) 168,00"_s);
+    QCOMPARE(Colonna(3), u" ; 1) 120,00"_s);
+    QCOMPARE(Colonna(4), u"1) 650,00; 2) 300,00; 3) esente; 4) 50%; 5) 1.800,00; 6) 2.000,00;  2.000,00; "
+                         " 4.000,00;  6.000,00;  "_s);
 }
 
 void TestPaginaContributo::testiAllaLettera()
