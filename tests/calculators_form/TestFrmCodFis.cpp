@@ -18,10 +18,12 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void comeSiApre();
+    void didascalie();
     void tastieraDaCimaAFondo();
     void codici_data();
     void codici();
     void senzaComune();
+    void dataSbagliata_data();
     void dataSbagliata();
     void completaIlComune();
     void backspaceLasciaIlCodice();
@@ -37,6 +39,7 @@ private Q_SLOTS:
     void unTastoInCinqueMillisecondi();
     void copia();
     void accessibile();
+    void ricordaIlPosto();
 
 private:
     void Compila(const QString& Cognome, const QString& Nome, const QString& Nascita, int Sesso) const
@@ -86,10 +89,23 @@ void TestFrmCodFis::comeSiApre()
     QCOMPARE(Sesso->count(), 2);
     QCOMPARE(Sesso->currentText(), u"M"_s);
     QVERIFY(!Controllo(F, "cmdElabora")->isEnabled());
-    QVERIFY(TestoDi(F, "lblAvvertenza").startsWith(u"AVVERTENZA: Il codice fiscale è calcolato"));
     QCOMPARE(NomeFuoco(), u"txtCognome"_s);
     Scegli(F, "cboSesso", 1);
     QVERIFY(Controllo(F, "cmdElabora")->isEnabled());
+}
+
+void TestFrmCodFis::didascalie()
+{
+    const QStringList Attese{u"Cognome:"_s,           u"Nome:"_s,          u"Data di nascita:"_s, u"Sesso:"_s,
+                             u"Comune di nascita:"_s, u"Codice fiscale:"_s};
+    QCOMPARE(SenzaDidascalia(F, Attese).join(u" | "_s), QString());
+    const auto* Sesso = Controllo<QComboBox>(F, "cboSesso");
+    QCOMPARE(Sesso->itemText(0) + Sesso->itemText(1), u"MF"_s);
+    QCOMPARE(
+        TestoDi(F, "lblAvvertenza"),
+        u"AVVERTENZA: Il codice fiscale è calcolato con i criteri del D.M. 12 marzo 1974, tuttavia non si "
+        u"può essere sicuri dell'esattezza del codice perché nei rari casi in cui il sistema genera codici "
+        "identici il Ministero delle finanze provvede alla loro diversificazione."_s);
 }
 
 void TestFrmCodFis::tastieraDaCimaAFondo()
@@ -147,9 +163,17 @@ void TestFrmCodFis::senzaComune()
     QVERIFY(Codice().startsWith(u"RSSMRA80A01"));
 }
 
+void TestFrmCodFis::dataSbagliata_data()
+{
+    QTest::addColumn<QString>("Data");
+    for (const auto& Data : {u"31/02/1980"_s, u"00/00/0000"_s, u"01/01/0001"_s, QString()})
+        QTest::newRow(qPrintable(Data.isEmpty() ? u"vuota"_s : Data)) << Data;
+}
+
 void TestFrmCodFis::dataSbagliata()
 {
-    Compila(u"Rossi"_s, u"Mario"_s, u"31/02/1980"_s, 0);
+    QFETCH(QString, Data);
+    Compila(u"Rossi"_s, u"Mario"_s, Data, 0);
     Controllo(F, "txtDataNascita")->setFocus();
     Controllo(F, "txtNome")->setFocus();
     QVERIFY(Rosso("txtDataNascita"));
@@ -349,6 +373,12 @@ void TestFrmCodFis::accessibile()
     QCOMPARE(Controllo<QPushButton>(F, "cmdElabora")->text(), u"&Elabora"_s);
     QVERIFY(F->minimumSizeHint().width() <= 910);
     QVERIFY(F->minimumSizeHint().height() <= 470);
+}
+
+void TestFrmCodFis::ricordaIlPosto()
+{
+    QCOMPARE(Riaperta(F, QPoint(10, 50)), QPoint(10, 50));
+    QCOMPARE(TestoDi(F, "txtCognome"), QString());
 }
 
 #include "TestFrmCodFis.moc"

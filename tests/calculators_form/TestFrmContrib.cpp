@@ -35,6 +35,7 @@ private Q_SLOTS:
     void schedaMancante();
     void copie();
     void accessibile();
+    void ricordaIlPosto();
 
 private:
     [[nodiscard]] static QByteArray Nome(const char* Radice, int Indice)
@@ -85,7 +86,7 @@ void TestFrmContrib::paginaIntera()
 {
     QStringList Scritte;
     for (const QLabel* Una : Controllo(F, "fraContrib")->findChildren<QLabel*>())
-        Scritte << Una->text();
+        Scritte << QString(Una->text()).remove(u'&');
     for (const SezionePagina& Sezione : PaginaContributo()) {
         QVERIFY(Scritte.contains(Sezione.Titolo.toString()));
         for (const VocePagina& Voce : Sezione.Voci) {
@@ -95,7 +96,11 @@ void TestFrmContrib::paginaIntera()
         }
     }
     QVERIFY(Scritte.contains(u"- Valore compreso tra € 200.00 e € 1.000.000"_s));
+    QCOMPARE(Scritte.count(u"Valore:"_s), CampiContributo);
     QCOMPARE(Scritte.count(u"Contributo:"_s), CampiContributo);
+    const QStringList Attese{u"Impugnazioni e cassazione"_s, u"Visualizza Tabella"_s, u"Visualizza Decreto"_s,
+                             u"Nuovo calcolo"_s};
+    QCOMPARE(SenzaDidascalia(F, Attese).join(u" | "_s), QString());
 }
 
 void TestFrmContrib::contributi_data()
@@ -331,6 +336,12 @@ void TestFrmContrib::accessibile()
     QCOMPARE(Controllo(F, "txtValore_1")->accessibleDescription(), u"Contributo: 21,50"_s);
     QVERIFY(F->minimumSizeHint().width() <= 910);
     QVERIFY(F->minimumSizeHint().height() <= 470);
+}
+
+void TestFrmContrib::ricordaIlPosto()
+{
+    QCOMPARE(Riaperta(F, QPoint(10, 50)), QPoint(10, 50));
+    QCOMPARE(TestoDi(F, "txtValore_0"), QString());
 }
 
 #include "TestFrmContrib.moc"

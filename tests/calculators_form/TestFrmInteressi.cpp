@@ -5,6 +5,7 @@
 #include "calculators/frmInteressi.h"
 #include "platform/calendario.h"
 #include "platform/griglia.h"
+#include "platform/regionale.h"
 
 #include <filesystem>
 
@@ -28,6 +29,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void comeSiApre();
+    void didascalie();
     void senzaArchivioNonSiPrepara();
     void tastieraDaCimaAFondo();
     void unPeriodo();
@@ -35,6 +37,7 @@ private Q_SLOTS:
     void finePrimaDellInizio();
     void messaggiDelControllo_data();
     void messaggiDelControllo();
+    void finoAlNovemilanovecentonovantanove();
     void confiniAmmessi_data();
     void confiniAmmessi();
     void unPuntoDopoIl2012();
@@ -126,6 +129,33 @@ void TestFrmInteressi::comeSiApre()
     QCOMPARE(NomeFuoco(), u"cmbInteressi"_s);
 }
 
+void TestFrmInteressi::didascalie()
+{
+    const QStringList Attese{u"Tipo interessi:"_s,
+                             u"Capitale:"_s,
+                             u"Aumento:"_s,
+                             u"%"_s,
+                             u"Dalla data:"_s,
+                             u"Alla data:"_s,
+                             u"Transazione conclusa:"_s,
+                             u"entro il 31/12/2012"_s,
+                             u"dopo il 31/12/2012"_s,
+                             u"Avvertenze"_s,
+                             u"Riepilogo interessi"_s,
+                             u"Nuovo calcolo"_s};
+    QCOMPARE(SenzaDidascalia(F, Attese).join(u" | "_s), QString());
+    QCOMPARE(Controllo(F, "cmdCalcola")->toolTip(), u"Calcola interessi"_s);
+    for (const char* Nome : {"cmdCalend_0", "cmdCalend_1"})
+        QCOMPARE(Controllo(F, Nome)->toolTip(), u"Osserva la scadenza sul calendario"_s);
+    const QAbstractItemModel* Tabella = Grid()->Vista()->model();
+    const QStringList Titoli{u"Dal giorno"_s, u"Al giorno"_s, u"Tasso"_s, u"N° Giorni"_s, u"Interessi"_s};
+    for (int i = 0; i < Titoli.size(); ++i)
+        QCOMPARE(Tabella->headerData(i, Qt::Horizontal).toString(), Titoli[i]);
+    const auto* Tipo = Controllo<QComboBox>(F, "cmbInteressi");
+    QCOMPARE(Tipo->itemText(0), u"Legali, art. 1284 cc"_s);
+    QCOMPARE(Tipo->itemText(1), u"Di mora, art. 5 D.lgs. 231/02"_s);
+}
+
 void TestFrmInteressi::senzaArchivioNonSiPrepara()
 {
     F->close();
@@ -214,6 +244,8 @@ void TestFrmInteressi::messaggiDelControllo_data()
                                            << u"La data iniziale non è valida"_s << u"mskDataIni"_s;
     QTest::newRow("zero") << 0 << u"1"_s << u"00/00/0000"_s << Buona << false
                           << u"La data iniziale non è valida"_s << u"mskDataIni"_s;
+    QTest::newRow("inizio nell'anno 1") << 0 << u"1"_s << u"01/01/0001"_s << Buona << false
+                                        << u"La data iniziale non è valida"_s << u"mskDataIni"_s;
     QTest::newRow("fine vuota, vince sul capitale vuoto")
         << 0 << QString() << Buona << QString() << false << u"La data finale non è valida"_s
         << u"mskDataFin"_s;
@@ -245,6 +277,23 @@ void TestFrmInteressi::messaggiDelControllo()
     Compila(u"1000"_s, u"01/01/2012"_s, u"31/12/2012"_s);
     Calcola();
     QCOMPARE(TestoDi(F, "lblTotale"), u"25,07"_s);
+}
+
+// The last rate is kept to the end of the calendar, and the form goes on.
+void TestFrmInteressi::finoAlNovemilanovecentonovantanove()
+{
+    Sostituisci(ArchivioConTassi(u"InteressiLegali"_s, {{QDate(2012, 1, 1), QDate(2012, 12, 31), 5.0}}));
+    Compila(u"36500"_s, u"01/01/2012"_s, u"31/12/9999"_s);
+    B->Voce.Attendi(NonAggiornati, vbNo, u"Domanda:"_s);
+    B->Voce.Attendi(UltimoIndice, vbOK, u"Avvertimento:"_s);
+    Calcola();
+    QCOMPARE(Grid()->Righe(), 2);
+    const qint64 Attesi = QDate(2013, 1, 1).daysTo(QDate(9999, 12, 31)) + 1;
+    QCOMPARE(Cella(1, Giorni), QString::number(Attesi));
+    QCOMPARE(Cella(1, Interesse), Format(double(5 * Attesi), u"#,##0.00"));
+    Compila(u"36500"_s, u"01/01/2012"_s, u"10/01/2012"_s);
+    Calcola();
+    QCOMPARE(TestoDi(F, "lblTotale"), u"50,00"_s);
 }
 
 void TestFrmInteressi::confiniAmmessi_data()
@@ -582,11 +631,7 @@ void TestFrmInteressi::accessibile()
 
 void TestFrmInteressi::ricordaIlPosto()
 {
-    // The screen of the tests is narrow.
-    F->setGeometry(QRect(QPoint(10, 50), F->minimumSizeHint()));
-    Chiudi(F);
-    F = Apri<frmInteressi>();
-    QCOMPARE(F->geometry().topLeft(), QPoint(10, 50));
+    QCOMPARE(Riaperta(F, QPoint(10, 50)), QPoint(10, 50));
     QCOMPARE(TestoDi(F, "txtCapitale"), QString());
 }
 

@@ -6,6 +6,7 @@
 #include "platform/calendario.h"
 
 #include <array>
+#include <filesystem>
 
 using namespace Qt::StringLiterals;
 
@@ -24,6 +25,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void comeSiApre();
+    void didascalie();
     void tastieraDaCimaAFondo();
     void gliOttoRisultati();
     void cambioDiBaseMostraIlMese();
@@ -41,11 +43,13 @@ private Q_SLOTS:
     void importiSbagliati();
     void archiviGuasti_data();
     void archiviGuasti();
+    void archivioBloccato();
     void nuovoCalcolo();
     void calendario();
     void grafico();
     void copie();
     void accessibile();
+    void ricordaIlPosto();
 
 private:
     void Compila(const QString& Importo, const QString& Dal, const QString& Al) const
@@ -95,6 +99,23 @@ void TestFrmIstat::comeSiApre()
     QVERIFY(Controllo(F, "Calendario")->isVisible());
     QVERIFY(Vuoti());
     QCOMPARE(NomeFuoco(), u"mskDataIni"_s);
+}
+
+void TestFrmIstat::didascalie()
+{
+    const QStringList Attese{u"Dalla data:"_s,
+                             u"Alla data:"_s,
+                             u"Importo da rivalutare:"_s,
+                             u"[ Risultati ed elementi di calcolo, in euro ]"_s,
+                             u"Indice finale"_s,
+                             u"x  Coeff. raccordo /"_s,
+                             u"Indice iniziale"_s,
+                             u"Coeff. rivalutaz."_s,
+                             u"Importo rivalutato:"_s,
+                             u"Rivalutazione:"_s,
+                             u"Variaz. percent.:"_s,
+                             u"Nuovo calcolo"_s};
+    QCOMPARE(SenzaDidascalia(F, Attese).join(u" | "_s), QString());
 }
 
 void TestFrmIstat::tastieraDaCimaAFondo()
@@ -154,6 +175,12 @@ void TestFrmIstat::messaggiDelControllo_data()
     QTest::addColumn<QString>("Fuoco");
     QTest::newRow("inizio") << u"1"_s << u"31/02/2012"_s << QString()
                             << u"E' stata inserita una data iniziale non valida!"_s << u"mskDataIni"_s;
+    QTest::newRow("anno 1") << u"1"_s << u"01/01/0001"_s << u"01/01/2012"_s
+                            << u"E' stata inserita una data iniziale non valida!"_s << u"mskDataIni"_s;
+    QTest::newRow("anno 9999")
+        << u"1"_s << u"01/02/2012"_s << u"31/12/9999"_s
+        << u"La rivalutazione non può essere calcolata per date successive a quella odierna."_s
+        << u"mskDataFin"_s;
     QTest::newRow("fine") << u"1"_s << u"01/02/2012"_s << u"00/00/0000"_s
                           << u"E' stata inserita una data finale non valida!"_s << u"mskDataFin"_s;
     QTest::newRow("importo") << QString() << u"01/02/2012"_s << u"01/02/2012"_s
@@ -324,6 +351,26 @@ void TestFrmIstat::archiviGuasti()
     QCOMPARE(TestoDi(F, "lblImpRival"), u"1.161,64  "_s);
 }
 
+void TestFrmIstat::archivioBloccato()
+{
+    const QString Altro = sessione::UserFolder + u"altro.dat"_s;
+    std::filesystem::create_hard_link(B->Tassi().toStdString(), Altro.toStdString());
+    ImpostaAttesaBlocchi(20);
+    Compila(u"1000"_s, u"01/01/2020"_s, u"01/01/2024"_s);
+    {
+        const Database Suo = OpenDatabase(Altro);
+        Suo.Execute(u"BEGIN EXCLUSIVE"_s);
+        B->Voce.Tollera();
+        Calcola();
+        QVERIFY(B->Voce.UltimoTesto().endsWith(u"(3260)"));
+        QVERIFY(Vuoti());
+        Suo.Execute(u"COMMIT"_s);
+    }
+    Calcola();
+    QCOMPARE(B->Voce.Mostrati().size(), 1);
+    QCOMPARE(TestoDi(F, "lblImpRival"), u"1.161,64  "_s);
+}
+
 void TestFrmIstat::nuovoCalcolo()
 {
     Scegli(F, "cmbValuta", 1);
@@ -400,6 +447,12 @@ void TestFrmIstat::accessibile()
     QVERIFY2(F->minimumSizeHint().width() <= 910, qPrintable(QString::number(F->minimumSizeHint().width())));
     QVERIFY2(F->minimumSizeHint().height() <= 470,
              qPrintable(QString::number(F->minimumSizeHint().height())));
+}
+
+void TestFrmIstat::ricordaIlPosto()
+{
+    QCOMPARE(Riaperta(F, QPoint(1, 60)).y(), 60);  // as wide as the screen of the tests
+    QCOMPARE(TestoDi(F, "txtImporto"), QString());
 }
 
 #include "TestFrmIstat.moc"

@@ -20,8 +20,10 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDir>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableView>
@@ -109,6 +111,21 @@ inline QString TestoDi(const QWidget* Finestra, const char* Nome)
     return Riga ? Riga->text() : QString();
 }
 
+/// Those of the captions that no label, button, frame or entry of the menu of a window shows.
+inline QStringList SenzaDidascalia(const QWidget* Finestra, QStringList Attese)
+{
+    const auto Vista = [&Attese](QString Testo) { Attese.removeAll(Testo.remove(u'&')); };
+    for (const auto* Una : Finestra->findChildren<QLabel*>())
+        Vista(Una->text());
+    for (const auto* Uno : Finestra->findChildren<QAbstractButton*>())
+        Vista(Uno->text());
+    for (const auto* Uno : Finestra->findChildren<QGroupBox*>())
+        Vista(Uno->title());
+    for (const auto* Una : Finestra->findChildren<QAction*>())
+        Vista(Una->text());
+    return Attese;
+}
+
 /// Makes a window of its own, in front. It goes when it is closed.
 template <class Modulo>
 Modulo* Apri()
@@ -123,6 +140,18 @@ inline void Chiudi(QWidget* Finestra)
 {
     Finestra->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+/// Moves a window, closes it and makes it anew. It is as small as it can be: the screen of the tests is
+/// narrow.
+/// @return where the new one came up
+template <class Modulo>
+QPoint Riaperta(QPointer<Modulo>& Finestra, const QPoint& Posto)
+{
+    Finestra->setGeometry(QRect(Posto, Finestra->minimumSizeHint()));
+    Chiudi(Finestra);
+    Finestra = Apri<Modulo>();
+    return Finestra ? Finestra->geometry().topLeft() : QPoint();
 }
 
 /// Types over what a box holds.
