@@ -20,8 +20,8 @@
 #include "ui_SchedaStampa.h"
 
 #include <QButtonGroup>
-#include <QScrollArea>
 #include <QScopeGuard>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QShortcut>
 
@@ -57,6 +57,12 @@ constexpr std::array CaselleRappresentante{
 };
 
 constexpr int RigheTesto = 8;
+
+/// The setting holds "-1" until somebody names an editor.
+bool HaEditor()
+{
+    return !sessione::WP.isEmpty() && sessione::WP != u"-1";
+}
 
 /// Calls back with the text at each edit of the user's.
 template <class F>
@@ -355,7 +361,7 @@ void frmParcelle::AbilitaBarraStampa()
     const bool Scelto = Nota.cmbTipoStampa != NessunaVoce;
     for (QAction* Tasto : uiStampa->barPrint->actions()) {
         const QString Chiave = Tasto->objectName();
-        Tasto->setEnabled(Chiave == u"help" || (Scelto && (Chiave != u"wp" || !sessione::WP.isEmpty())));
+        Tasto->setEnabled(Chiave == u"help" || (Scelto && (Chiave != u"wp" || HaEditor())));
     }
 }
 

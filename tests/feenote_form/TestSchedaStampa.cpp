@@ -469,8 +469,8 @@ void TestSchedaStampa::avvisoDellaNotaSpese()
     if (Avviso)
         T->Voce.Attendi(AvvisoNotaSpese, vbOK, u"Avvertenza:"_s);
     Clic(Controllo(F, Nome.toLatin1().constData()));
-    const QString Scheda = sessione::PercorsoProg +
-                           u"SchedaNotaSpese.htm|KR5 - Scheda informativa nota spese giudiziale"_s;
+    const QString Scheda =
+        sessione::PercorsoProg + u"SchedaNotaSpese.htm|KR5 - Scheda informativa nota spese giudiziale"_s;
     QCOMPARE(Aperta, Avviso ? Scheda : QString());
     Clic(Controllo(F, Nome.toLatin1().constData()));
     Clic(Controllo(F, Nome.toLatin1().constData()));  // once for each window
@@ -683,7 +683,8 @@ void TestSchedaStampa::documentoCheNonSiScrive()
     Documento(StampaPrenotula);
     QVERIFY2(T->Voce.Mostrati().isEmpty(), "la pagina c'è: chi la guarda non si disturba");
     QVERIFY(Pagine().contains(u"Rossi Mario"_s));
-    T->Voce.Attendi(u"Attenzione, il documento Nuova parcella.doc non è stato trovato!"_s, vbOK, u"Errore:"_s);
+    T->Voce.Attendi(u"Attenzione, il documento Nuova parcella.doc non è stato trovato!"_s, vbOK,
+                    u"Errore:"_s);
     Premuto("barPrint_word");
 }
 
@@ -714,9 +715,10 @@ void TestSchedaStampa::wordInUso()
     const QByteArray Prima = Esportato();
     ImpostaSolaLettura(FileDocumento(1), true);
     Segna();
-    T->Voce.Attendi(u"Attenzione, il documento Nuova parcella.doc è già aperto da un'altra applicazione e non "
-                    u"può essere aggiornato.\nChiudere il documento e riprovare."_s,
-                    vbOK, u"Errore:"_s);
+    T->Voce.Attendi(
+        u"Attenzione, il documento Nuova parcella.doc è già aperto da un'altra applicazione e non "
+        u"può essere aggiornato.\nChiudere il documento e riprovare."_s,
+        vbOK, u"Errore:"_s);
     Premuto("barPrint_word");
     QVERIFY2(!Composto(), "la pagina resta com'è");
     ImpostaSolaLettura(FileDocumento(1), false);
@@ -734,11 +736,15 @@ void TestSchedaStampa::editorAlternativo()
     const Shell Vera = InstallaShell(Finta);
     const auto Rimetti = qScopeGuard([&] {
         InstallaShell(Vera);
-        sessione::WP.clear();
+        sessione::WP = u"-1"_s;
     });
-    sessione::WP.clear();
     Documento(StampaPrenotula);
-    QVERIFY2(!Controllo(F, "barPrint_wp")->isEnabled(), "nessun editor nelle impostazioni");
+    for (const QString& Nessuno : {u"-1"_s, QString()}) {
+        sessione::WP = Nessuno;
+        ClicScheda(F, SchedaBase);
+        ClicScheda(F, SchedaDiStampa);
+        QVERIFY2(!Controllo(F, "barPrint_wp")->isEnabled(), "nessun editor nelle impostazioni");
+    }
     ClicScheda(F, SchedaBase);
     sessione::WP = u"/usr/bin/editor"_s;
     ClicScheda(F, SchedaDiStampa);
