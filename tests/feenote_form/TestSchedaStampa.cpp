@@ -482,8 +482,20 @@ void TestSchedaStampa::avvisoChiuso()
     Aperture.PaginaWeb = [&](const QString&, const QString&) { Aperta = true; };
     Documento(StampaNotaGiudiziale);
     ClicScheda(F, SchedaImposte);
+    QStringList Pulsanti;
+    const Messaggi Voce = InstallaMessaggi({});
+    Messaggi Ascolto = Voce;
+    Ascolto.BoxPulsanti = [&](const QString& Testo, int Bandiere, const QString& Titolo,
+                              const QStringList& Scritti) {
+        Pulsanti = Scritti;
+        return Voce.BoxPulsanti(Testo, Bandiere, Titolo, Scritti);
+    };
+    InstallaMessaggi(Ascolto);
+    const auto Rimetti = qScopeGuard([&] { InstallaMessaggi(Voce); });
     T->Voce.Attendi(AvvisoNotaSpese, vbCancel, u"Avvertenza:"_s);
     Clic(Controllo(F, "chkIva"));
+    QCOMPARE(Pulsanti, (QStringList{u" VEDI SCHEDA "_s, u"Chiudi"_s}));
+    QCOMPARE(T->Voce.Mostrati().last().Bandiere, vbOKCancel + vbInformation);
     QVERIFY(!Aperta);
     QVERIFY2(F->Nota.chkIva.Attiva, "il consiglio non cambia la scelta");
 }
