@@ -320,6 +320,7 @@ void TestSchedaStampa::salvareRicompone()
     Segna();
     QVERIFY(F->SalvaParcella(false));
     QVERIFY(Composto());
+    QVERIFY2(EsisteFile(sessione::UserFolder + Barra(u"doc"_s) + u"nota.doc"_s), "col nome che ha preso");
 }
 
 void TestSchedaStampa::gliInterruttoriSiVedonoAllApertura()
