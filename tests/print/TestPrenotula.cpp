@@ -181,6 +181,7 @@ void TestPrenotula::margini_data()
     QTest::addColumn<double>("AltoCm");
     QTest::addColumn<double>("BassoCm");
     QTest::newRow("prenotula") << int(StampaPrenotula) << 1.5 << 3.2;
+    QTest::newRow("preventivo") << int(StampaPreventivo) << 1.5 << 3.2;
     QTest::newRow("carta intestata") << int(StampaFatturaSintetica) << 3.0 << 1.5;
     QTest::newRow("fattura analitica") << int(StampaFatturaAnalitica) << 1.5 << 3.2;
     QTest::newRow("nota giudiziale") << int(StampaNotaGiudiziale) << 1.5 << 3.2;
