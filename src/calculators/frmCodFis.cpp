@@ -2,9 +2,9 @@
 
 #include "calculators/campidata.h"
 #include "calculators/datatesto.h"
+#include "calculators/finestracalcolo.h"
 #include "calculators/gestimodulo.h"
 #include "calculators/modCodFis.h"
-#include "calculators/modulocalcolo.h"
 #include "core/modErrori.h"
 #include "platform/aspetto.h"
 #include "platform/campo.h"

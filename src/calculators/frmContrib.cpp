@@ -1,7 +1,7 @@
 #include "calculators/frmContrib.h"
 
+#include "calculators/finestracalcolo.h"
 #include "calculators/gestimodulo.h"
-#include "calculators/modulocalcolo.h"
 #include "calculators/pannellocontributo.h"
 #include "core/comandi.h"
 #include "core/modErrori.h"

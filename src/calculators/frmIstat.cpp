@@ -1,9 +1,9 @@
 #include "calculators/frmIstat.h"
 
 #include "calculators/campidata.h"
+#include "calculators/finestracalcolo.h"
 #include "calculators/gestimodulo.h"
 #include "calculators/modTassi.h"
-#include "calculators/modulocalcolo.h"
 #include "core/modErrori.h"
 #include "platform/aspetto.h"
 #include "platform/campo.h"

@@ -1,9 +1,9 @@
 #include "calculators/frmTerminiSeq.h"
 
 #include "calculators/datatesto.h"
+#include "calculators/finestracalcolo.h"
 #include "calculators/finestretermini.h"
 #include "calculators/modStampaTermini.h"
-#include "calculators/modulocalcolo.h"
 #include "core/modErrori.h"
 #include "platform/aspetto.h"
 #include "platform/calendario.h"

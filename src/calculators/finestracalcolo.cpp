@@ -1,4 +1,4 @@
-#include "calculators/modulocalcolo.h"
+#include "calculators/finestracalcolo.h"
 
 #include "core/modErrori.h"
 #include "platform/aspetto.h"
