@@ -125,7 +125,11 @@ frmMain::frmMain() : ui(std::make_unique<Ui::frmMain>())
     aspetto::AssegnaNomiAccessibili(this);
 }
 
-frmMain::~frmMain() = default;
+frmMain::~frmMain()
+{
+    // The windows inside go after this destructor, each activating the next: by then nobody is left to hear it.
+    ui->areaParcelle->disconnect(this);
+}
 
 void frmMain::CreaBarra()
 {

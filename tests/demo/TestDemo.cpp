@@ -35,8 +35,9 @@ PROVA(TestDemo);
 void TestDemo::dallIconaAlPdf()
 {
     const QString Cartella = NuovaCartella();
-    QCOMPARE(Esegui({Cartella}), 0);
+    const int Esito = Esegui({Cartella});
     QCOMPARE(Lamenti, QString());
+    QCOMPARE(Esito, 0);
     const QStringList Righe = Detto.split(u'\n', Qt::SkipEmptyParts);
     QCOMPARE(Righe.size(), 11);
     // 4,500 of the decree and 150 of the user's own, 98.50 and 27 of expenses, 500 received.
