@@ -1,8 +1,10 @@
 #include "calculators/finestretermini.h"
 
 #include "core/comandi.h"
+#include "core/modErrori.h"
 #include "core/sessione.h"
 #include "platform/aspetto.h"
+#include "platform/campo.h"
 #include "platform/mascheradata.h"
 
 #include <QAbstractButton>
@@ -46,6 +48,16 @@ void VaiSullaData(MascheraData* Data)
 {
     Data->setFocus(Qt::OtherFocusReason);
     Data->setCursorPosition(0);  // deselects
+}
+
+void CalcolaDallaData(MascheraData* Data, const std::function<bool()>& Calcola)
+{
+    bool Fatto = false;
+    Protetta([&] { Fatto = Calcola(); });
+    if (Fatto)
+        VaiSullaData(Data);
+    else
+        RidaiFuoco(Data);
 }
 
 bool HaAvvertenze()

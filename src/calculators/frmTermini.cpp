@@ -125,12 +125,7 @@ void frmTermini::mskDecorr_Change()
 
 void frmTermini::cmdEsegui_Click()
 {
-    bool Fatto = false;
-    Protetta([&] { Fatto = Calcola(); });
-    if (Fatto)
-        VaiSullaData(ui->mskDecorr);
-    else
-        RidaiFuoco(ui->mskDecorr);
+    CalcolaDallaData(ui->mskDecorr, [this] { return Calcola(); });
 }
 
 bool frmTermini::Calcola()

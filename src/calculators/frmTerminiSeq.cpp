@@ -108,12 +108,7 @@ void frmTerminiSeq::mskDecorr_Change()
 
 void frmTerminiSeq::cmdEsegui_Click()
 {
-    bool Fatto = false;
-    Protetta([&] { Fatto = Calcola(); });
-    if (Fatto)
-        VaiSullaData(ui->mskDecorr);
-    else
-        RidaiFuoco(ui->mskDecorr);
+    CalcolaDallaData(ui->mskDecorr, [this] { return Calcola(); });
 }
 
 bool frmTerminiSeq::Calcola()
