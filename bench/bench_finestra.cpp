@@ -293,14 +293,10 @@ int Finestra(int& argc, char** argv)
     ImpostaVariabili();
     sessione::PercorsoProg = QStringLiteral(CARTELLA_PROGRAMMA "/");
     const QString Quale = QString::fromLatin1(argc > 2 ? argv[2] : "");
-    const std::pair<QStringView, double (*)()> Quali[] = {{u"scheda", CambioScheda},
-                                                          {u"inserisci", Inserisci},
-                                                          {u"scrivi", Scrivi},
-                                                          {u"somma", Somma},
-                                                          {u"taglia", Taglia},
-                                                          {u"incolla", Incolla},
-                                                          {u"ricalcola", Ricalcola},
-                                                          {u"memoria", Memoria}};
+    const std::pair<QStringView, double (*)()> Quali[] = {
+        {u"scheda", CambioScheda}, {u"inserisci", Inserisci}, {u"scrivi", Scrivi},
+        {u"somma", Somma},         {u"taglia", Taglia},       {u"incolla", Incolla},
+        {u"ricalcola", Ricalcola}, {u"memoria", Memoria}};
     for (const auto& [Nome, Misura] : Quali)
         if (Nome == Quale)
             Rispondi(QString::number(Misura(), 'g', 10));
@@ -322,8 +318,10 @@ const RegistraMisura RegistrataMemoria(u"memory with one note open"_s, 80.0, Nel
 const RegistraMisura RegistrataInserisci(u"10,000 lines: insert one"_s, 100.0, NellaFinestra(u"inserisci"_s));
 const RegistraMisura RegistrataScrivi(u"10,000 lines: type an amount"_s, 100.0, NellaFinestra(u"scrivi"_s));
 const RegistraMisura RegistrataTaglia(u"10,000 lines: cut half of them"_s, 200.0, NellaFinestra(u"taglia"_s));
-const RegistraMisura RegistrataIncolla(u"10,000 lines: paste half of them"_s, 200.0, NellaFinestra(u"incolla"_s));
-const RegistraMisura RegistrataRicalcola(u"10,000 lines: recompute all"_s, 200.0, NellaFinestra(u"ricalcola"_s));
+const RegistraMisura RegistrataIncolla(u"10,000 lines: paste half of them"_s, 200.0,
+                                       NellaFinestra(u"incolla"_s));
+const RegistraMisura RegistrataRicalcola(u"10,000 lines: recompute all"_s, 200.0,
+                                         NellaFinestra(u"ricalcola"_s));
 const RegistraMisura RegistrataSomma(u"10,000 lines: sums"_s, 100.0, NellaFinestra(u"somma"_s));
 
 }  // namespace

@@ -24,8 +24,8 @@ void NonSpostare(QWidget* Oggetto);
 /// The focus on a date with nothing selected: the next date is typed over it, and Ctrl+C means the result.
 void VaiSullaData(MascheraData* Data);
 
-/// Runs a calculation, whose failure is reported, and goes back to the date it counts from: ready for the next
-/// one when it succeeded, given back as it stands when it did not.
+/// Runs a calculation, whose failure is reported, and goes back to the date it counts from: ready for the
+/// next one when it succeeded, given back as it stands when it did not.
 void CalcolaDallaData(MascheraData* Data, const std::function<bool()>& Calcola);
 
 /// Whether there is a viewer for the notices on terms.

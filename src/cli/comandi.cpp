@@ -106,7 +106,8 @@ QString Aiuto()
                     "COMANDO VALORI...\n\n"_s;
     for (const ComandoCli& Comando : Comandi())
         Testo += u"  "_s + Comando.Nome.toString().leftJustified(12) + Comando.Valori.toString() + u'\n';
-    return Testo + u"\nCon --batch i casi arrivano dallo standard input, uno per riga, i valori separati da \";\".\n"_s;
+    return Testo +
+           u"\nCon --batch i casi arrivano dallo standard input, uno per riga, i valori separati da \";\".\n"_s;
 }
 
 void ControllaNumero(const ComandoCli& Comando, const QStringList& Valori)
@@ -152,7 +153,9 @@ public:
     explicit VoceCli(std::function<void(const QByteArray&)> Guasti) : Scrivi(std::move(Guasti))
     {
         Messaggi Nuovi;
-        Nuovi.Box = [this](const QString& Testo, int Bandiere, const QString&) { return Box(Testo, Bandiere); };
+        Nuovi.Box = [this](const QString& Testo, int Bandiere, const QString&) {
+            return Box(Testo, Bandiere);
+        };
         Precedenti = InstallaMessaggi(std::move(Nuovi));
     }
     ~VoceCli() { InstallaMessaggi(std::move(Precedenti)); }
@@ -230,21 +233,23 @@ std::span<const ComandoCli> Comandi()
         ComandoCli{u"lettere", u"IMPORTO", 1, 1, false, ComandoLettere},
         ComandoCli{u"espressione", u"TESTO [X]", 1, 2, true, ComandoEspressione},
         ComandoCli{u"formato", u"MODELLO VALORE", 2, 2, true, ComandoFormato},
-        ComandoCli{u"tasse",
-                   u"ONORARI SPESE_IMP SPESE_ESENTI ACC_CORR ACC_SPESE_IMP ACC_SPESE_ESENTI SPESE_GEN% CP% IVA% RA% "
-                   u"[TIPO [REGIME]]",
-                   10, 12, false, ComandoTasse},
+        ComandoCli{
+            u"tasse",
+            u"ONORARI SPESE_IMP SPESE_ESENTI ACC_CORR ACC_SPESE_IMP ACC_SPESE_ESENTI SPESE_GEN% CP% IVA% RA% "
+            u"[TIPO [REGIME]]",
+            10, 12, false, ComandoTasse},
         ComandoCli{u"riepilogo", u"NOTA.mdb [TIPO]", 1, 2, false, ComandoRiepilogo},
         ComandoCli{u"crea", u"DESCRIZIONE.json NOTA.mdb", 2, 2, false, ComandoCrea},
         ComandoCli{u"nota", u"NOTA.mdb", 1, 1, false, ComandoNota},
         ComandoCli{u"stampa", u"NOTA.mdb TIPO USCITA.txt|USCITA.pdf", 3, 3, false, ComandoStampa},
         ComandoCli{u"termini", u"DECORRENZA NUMERO TIPO [SOSPENSIONE [LIBERO [SABATO [VERSO]]]]", 3, 7, false,
                    ComandoTermini},
-        ComandoCli{u"sequenziali", u"UDIENZA ARTICOLO [SOSPENSIONE [SABATO]]", 2, 4, false, ComandoSequenziali},
+        ComandoCli{u"sequenziali", u"UDIENZA ARTICOLO [SOSPENSIONE [SABATO]]", 2, 4, false,
+                   ComandoSequenziali},
         ComandoCli{u"codfis", u"COGNOME NOME NASCITA SESSO COMUNE", 5, 5, false, ComandoCodFis},
         ComandoCli{u"contributo", u"VALORE [TABELLA]", 1, 2, false, ComandoContributo},
-        ComandoCli{u"interessi", u"TIPO CAPITALE VALUTA AUMENTO DAL AL [DOPO2012]", 6, 7, false, ComandoInteressi,
-                   true},
+        ComandoCli{u"interessi", u"TIPO CAPITALE VALUTA AUMENTO DAL AL [DOPO2012]", 6, 7, false,
+                   ComandoInteressi, true},
         ComandoCli{u"istat", u"IMPORTO VALUTA DAL AL", 4, 4, false, ComandoIstat},
     };
     return Tabella;

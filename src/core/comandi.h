@@ -18,7 +18,10 @@ struct InfoParcella
 /// The places, grown together with the windows; upper bound 0 at the start.
 inline std::vector<InfoParcella> InfoParcelle{1};
 /// Upper bound of the array: the highest place.
-[[nodiscard]] inline int UltimaParcella() { return int(InfoParcelle.size()) - 1; }
+[[nodiscard]] inline int UltimaParcella()
+{
+    return int(InfoParcelle.size()) - 1;
+}
 /// True when any place is not free.
 [[nodiscard]] bool ParcellaAperta();
 /// Takes a place for a new window: a free one, the untouched first note, or a new one.
@@ -27,8 +30,8 @@ inline std::vector<InfoParcella> InfoParcelle{1};
 /// Back to upper bound 0; serves tests.
 void AzzeraParcelle();
 
-/// Name of the documents of the note in a place, without path and extension: the note's own, with "-" for what
-/// no file's name may hold ("Nuova parcella:2" is a caption). Empty outside 1..UltimaParcella().
+/// Name of the documents of the note in a place, without path and extension: the note's own, with "-" for
+/// what no file's name may hold ("Nuova parcella:2" is a caption). Empty outside 1..UltimaParcella().
 [[nodiscard]] QString SteloDocumento(int Indice);
 /// The word-processor document of that note, in the user folder's "doc"; the file "printword" opens.
 [[nodiscard]] QString FileDocumento(int Indice);
@@ -36,7 +39,7 @@ void AzzeraParcelle();
 /// The notice page of the start, with the box that silences it.
 struct PaginaAvviso
 {
-    QString Pagina;     ///< file
+    QString Pagina;  ///< file
     QString Titolo;
     QString Marcatore;  ///< stem of the ".ini" file whose existence silences the page
     int LarghezzaTwip = 0;
@@ -47,15 +50,15 @@ struct PaginaAvviso
 struct Apritori
 {
     std::function<void(const QString& Percorso, int Socio, const QString& ID)> ApriParcella;
-    std::function<void(int Selettore)> TrovaParcella;     ///< 0 notes, 1 templates
+    std::function<void(int Selettore)> TrovaParcella;  ///< 0 notes, 1 templates
     std::function<void(int Indice, bool ComeModello)> SalvaParcella;
     std::function<void(int Indice, int Scheda)> VaiAllaScheda;
-    std::function<int(int Indice)> SchedaCorrente;        ///< current tab of a window, -1 none
+    std::function<int(int Indice)> SchedaCorrente;  ///< current tab of a window, -1 none
     std::function<void(int Indice)> Proteggi;
-    std::function<bool(int Indice)> ChiudiParcella;       ///< unloads a window, asking; its answer is not heeded
+    std::function<bool(int Indice)> ChiudiParcella;  ///< unloads a window, asking; its answer is not heeded
     std::function<void()> Rubrica;
     std::function<void()> CodiceFiscale;
-    std::function<void(int Scheda)> Impostazioni;         ///< settings on a tab
+    std::function<void(int Scheda)> Impostazioni;  ///< settings on a tab
     std::function<void()> Contributo;
     std::function<void()> Termini;
     std::function<void()> TerminiSequenziali;
@@ -63,11 +66,11 @@ struct Apritori
     std::function<void()> Istat;
     std::function<void()> Aggiorna;
     std::function<void()> Documenti;
-    std::function<void()> Informazioni;                   ///< the about box
+    std::function<void()> Informazioni;  ///< the about box
     std::function<void(const QString& Pagina, const QString& Titolo)> PaginaWeb;
     std::function<void(const PaginaAvviso& Avviso)> Avviso;
-    std::function<void()> CercaAggiornamenti;             ///< the search for updates at the start
-    std::function<void()> OffriRecupero;                  ///< the notes that a killed program left unsaved
+    std::function<void()> CercaAggiornamenti;  ///< the search for updates at the start
+    std::function<void()> OffriRecupero;       ///< the notes that a killed program left unsaved
 };
 inline Apritori Aperture;
 

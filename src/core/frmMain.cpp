@@ -127,7 +127,8 @@ frmMain::frmMain() : ui(std::make_unique<Ui::frmMain>())
 
 frmMain::~frmMain()
 {
-    // The windows inside go after this destructor, each activating the next: by then nobody is left to hear it.
+    // The windows inside go after this destructor, each activating the next: by then nobody is left to hear
+    // it.
     ui->areaParcelle->disconnect(this);
 }
 

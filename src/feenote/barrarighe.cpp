@@ -98,8 +98,7 @@ void CostruisciBarraRighe(QToolBar* Barra, QWidget* Modulo, bool& InsUltima, con
             continue;
         if (Descritto.Stacca)
             Barra->addSeparator();
-        QAction* Tasto =
-            AggiungiTasto(Barra, Descritto.Chiave.toString(), Descritto.Suggerimento.toString());
+        QAction* Tasto = AggiungiTasto(Barra, Descritto.Chiave.toString(), Descritto.Suggerimento.toString());
         Collega(Tasto, &QAction::triggered, Barra, [Comando] {
             if (ConcludiCampo())
                 Comando();

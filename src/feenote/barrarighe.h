@@ -29,8 +29,8 @@ struct ComandiBarra
     std::function<void()> Aiuto;  ///< "help"
 };
 
-/// Builds barListaOnoDir; behind the commands "lastrow" and "currentrow" choose where new lines go and say so.
-/// A command runs once the open cell and the box in edit are left, and not when one of them refuses.
+/// Builds barListaOnoDir; behind the commands "lastrow" and "currentrow" choose where new lines go and say
+/// so. A command runs once the open cell and the box in edit are left, and not when one of them refuses.
 /// @param InsUltima the list's mode, which the two buttons show and set
 void CostruisciBarraRighe(QToolBar* Barra, QWidget* Modulo, bool& InsUltima, const ComandiBarra& Comandi);
 

@@ -214,8 +214,8 @@ private:
     int Posto;
     QTimer TimerCopia;  ///< runs from the first change that the recovery copy does not hold
     qint64 DurataCopiaMs = 0;
-    Catalogo Voci;           ///< catalogues, open once tab 1 or 2 was entered
-    AppuntiRighe Copiate;    ///< one clipboard for both lists
+    Catalogo Voci;         ///< catalogues, open once tab 1 or 2 was entered
+    AppuntiRighe Copiate;  ///< one clipboard for both lists
     PannelloModOno ModOno;
     int SchedaInVista = 0;   ///< the tab before a change
     bool BaseValida = true;  ///< answer of the last CheckOK on leaving the base tab

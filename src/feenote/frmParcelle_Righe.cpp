@@ -46,10 +46,14 @@ void frmParcelle::EseguiSuRighe(Griglia* Grid, TabellaRighe& Tabella, ComandoRig
     if (!Grid->Concludi())
         return;
     switch (Quale) {
-    case ComandoRighe::Taglia: return TagliaVoci(Grid, Tabella, true);
-    case ComandoRighe::Copia: return CopiaVoci(Grid, Tabella);
-    case ComandoRighe::Incolla: return IncollaVoci(Grid, Tabella, RigaDiPosto);
-    case ComandoRighe::Annulla: return AnnullaTaglio(Grid, Tabella);
+    case ComandoRighe::Taglia:
+        return TagliaVoci(Grid, Tabella, true);
+    case ComandoRighe::Copia:
+        return CopiaVoci(Grid, Tabella);
+    case ComandoRighe::Incolla:
+        return IncollaVoci(Grid, Tabella, RigaDiPosto);
+    case ComandoRighe::Annulla:
+        return AnnullaTaglio(Grid, Tabella);
     }
 }
 

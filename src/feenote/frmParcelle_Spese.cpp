@@ -57,9 +57,7 @@ void frmParcelle::CollegaSpese()
 
     CollegaRighe(Righe, Nota.xDiritti);
     ComandiBarra Comandi = ComandiRigheDi(Righe, Nota.xDiritti);
-    Comandi.Inserisci = [this] {
-        tdbListaDir_DblClick(uiSpese->tdbListaDir->RigaCorrente().value_or(-1));
-    };
+    Comandi.Inserisci = [this] { tdbListaDir_DblClick(uiSpese->tdbListaDir->RigaCorrente().value_or(-1)); };
     CostruisciBarraRighe(uiSpese->barListaOnoDir, this, Nota.InsUltimaDir, Comandi);
     SeguiBarra(Lista, uiSpese->barListaOnoDir, Righe);
 }

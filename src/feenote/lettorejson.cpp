@@ -35,7 +35,8 @@ OggettoJson::OggettoJson(QString Nome, const QJsonValue& Valore) : Percorso(std:
 
 Errore OggettoJson::Rifiuto(int Numero, const QString& Campo, const QString& Motivo)
 {
-    return Errore(Numero, Campo.isEmpty() ? u"Descrizione: "_s + Motivo : u"Campo "_s + Campo + u": "_s + Motivo);
+    return Errore(Numero,
+                  Campo.isEmpty() ? u"Descrizione: "_s + Motivo : u"Campo "_s + Campo + u": "_s + Motivo);
 }
 
 QString OggettoJson::Nome(const QString& Campo) const
@@ -75,7 +76,8 @@ std::optional<double> OggettoJson::Numero(const QString& Campo)
         return std::nullopt;
     if (!Letto.isDouble() && !Letto.isString())
         throw Rifiuto(13, Nome(Campo), u"deve essere un numero"_s);
-    const double Risultato = Letto.isDouble() ? Letto.toDouble() : NumeroDaTesto(Nome(Campo), Letto.toString());
+    const double Risultato =
+        Letto.isDouble() ? Letto.toDouble() : NumeroDaTesto(Nome(Campo), Letto.toString());
     if (!(std::abs(Risultato) < LimiteImporto))
         throw Rifiuto(6, Nome(Campo), u"il numero è troppo grande"_s);
     return Risultato + 0.0;  // "-0" is no amount of its own

@@ -26,7 +26,8 @@ void SvuotaAppunti(AppuntiRighe& Copiate);
 /// @throws Errore 9 when the row does not exist
 void CreaVoceAppo(AppuntiRighe& Copiate, const TabellaRighe& Tabella, int Riga);
 
-/// Cuts rows: the clipboard holds them in the order in which they were selected, the table loses exactly them.
+/// Cuts rows: the clipboard holds them in the order in which they were selected, the table loses exactly
+/// them.
 ///
 /// @param Scelte rows in the order of their selection, each of them once
 /// @param Chiedi asks before anything changes

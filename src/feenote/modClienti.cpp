@@ -19,7 +19,8 @@ namespace {
 /// A missing or unreadable archive answers like a missing row: the note keeps the names it holds, and the
 /// user is told that the link does not resolve.
 template <class Lettura>
-auto CercaRiga(const QString& Tabella, int Chiave, Lettura Leggi) -> std::optional<decltype(Leggi(Recordset()))>
+auto CercaRiga(const QString& Tabella, int Chiave, Lettura Leggi)
+    -> std::optional<decltype(Leggi(Recordset()))>
 {
     try {
         const Database Archivio = OpenDatabase(sessione::ArchivioCliCon, true);
@@ -35,18 +36,16 @@ auto CercaRiga(const QString& Tabella, int Chiave, Lettura Leggi) -> std::option
 
 std::optional<QString> CercaNome(const QString& Tabella, int Chiave, const QString& Colonna)
 {
-    return CercaRiga(Tabella, Chiave, [&](const Recordset& Trovato) {
-        return Trovato.Value(Colonna, QString()).toString();
-    });
+    return CercaRiga(Tabella, Chiave,
+                     [&](const Recordset& Trovato) { return Trovato.Value(Colonna, QString()).toString(); });
 }
 
 /// A column as text; empty where an older archive does not have it.
 QString TestoColonna(const Recordset& Riga, const QString& Colonna)
 {
     const QList<Campo> Campi = Riga.Campi();
-    const bool Presente = std::ranges::any_of(Campi, [&](const Campo& Uno) {
-        return Uno.Name.compare(Colonna, Qt::CaseInsensitive) == 0;
-    });
+    const bool Presente = std::ranges::any_of(
+        Campi, [&](const Campo& Uno) { return Uno.Name.compare(Colonna, Qt::CaseInsensitive) == 0; });
     return Presente ? CStr(Riga.Value(Colonna, QString())).trimmed() : QString();
 }
 

@@ -26,7 +26,8 @@ void LeggiCategoria(Parcella& Nota, OggettoJson& Dati)
     const QString Testo = Dati.Testo(u"categoria"_s, 60);
     const QStringList Voci = VociCategoria();
     for (int i = 0; i < Voci.size(); ++i) {
-        if (Testo.compare(Voci[i], Qt::CaseInsensitive) == 0 || Testo.toUpper() == Voci[i].left(3).toUpper()) {
+        if (Testo.compare(Voci[i], Qt::CaseInsensitive) == 0 ||
+            Testo.toUpper() == Voci[i].left(3).toUpper()) {
             CambiaCategoria(Nota, i);
             return;
         }
@@ -99,7 +100,8 @@ void LeggiValore(Parcella& Nota, OggettoJson& Dati)
     const int ScaglioneChiesto = Nota.cmbValore;
     Nota.txtImporto.Testo = CStr(*Valore);
     LasciaImporto(Nota);
-    if (Nota.cmbValore == NessunaVoce || (ScaglioneChiesto != NessunaVoce && Nota.cmbValore != ScaglioneChiesto))
+    if (Nota.cmbValore == NessunaVoce ||
+        (ScaglioneChiesto != NessunaVoce && Nota.cmbValore != ScaglioneChiesto))
         throw OggettoJson::Rifiuto(5, Dati.Nome(u"valore"_s),
                                    u"Il valore della causa specificato non è compreso nello scaglione!"_s);
 }
@@ -152,14 +154,13 @@ void VaiAllaVoce(Recordset& Voci, OggettoJson& Riga, const QString& ColonnaDescr
     if (Cercata.isUndefined())
         throw OggettoJson::Rifiuto(5, Riga.Nome(u"voce"_s), u"manca"_s);
     for (Voci.MoveFirst(); !Voci.Eof(); Voci.MoveNext()) {
-        if (Cercata.isDouble()
-                ? NumeroDi(Voci.Value(u"NVoce"_s)) == Cercata.toDouble()
-                : Voci.Value(ColonnaDescr, QString()).toString().compare(Cercata.toString(), Qt::CaseInsensitive)
-                    == 0)
+        if (Cercata.isDouble() ? NumeroDi(Voci.Value(u"NVoce"_s)) == Cercata.toDouble()
+                               : Voci.Value(ColonnaDescr, QString())
+                                         .toString()
+                                         .compare(Cercata.toString(), Qt::CaseInsensitive) == 0)
             return;
     }
-    throw OggettoJson::Rifiuto(5, Riga.Nome(u"voce"_s),
-                               u"«%1» non è nel catalogo"_s.arg(Mostra(Cercata)));
+    throw OggettoJson::Rifiuto(5, Riga.Nome(u"voce"_s), u"«%1» non è nel catalogo"_s.arg(Mostra(Cercata)));
 }
 
 /// Quantity of an honorarium as the prompt would take it: above 0, carried up to the whole unit.

@@ -13,8 +13,8 @@ constexpr qsizetype MassimoDescrizione = 4 * 1024 * 1024;
 
 /// Makes a note from a description.
 /// @throws Errore 321 when it is no JSON, 13 a wrong type, 5 an unknown name or a value that the rules
-///         refuse, 6 a number too large, 3163 a text too long: each with the field's name; and as OpenDatabase
-///         for parcelle.mdb
+///         refuse, 6 a number too large, 3163 a text too long: each with the field's name; and as
+///         OpenDatabase for parcelle.mdb
 [[nodiscard]] Parcella CreaDaDescrizione(const QByteArray& Json);
 
 /// The note as an indented JSON object: parameters, lines, payments, rates, parties, print data, sums.

@@ -27,21 +27,19 @@ struct Corrispondenza
 };
 
 constexpr std::array CampiOnorari{
-    Corrispondenza{u"NVoce", OnoNVoce, false},   Corrispondenza{u"CodOnoDir", OnoCodVoce, false},
-    Corrispondenza{u"Qta", OnoQta, false},       Corrispondenza{u"Importo", OnoImporto, true},
-    Corrispondenza{u"Imp1", OnoMedio, true},     Corrispondenza{u"Imp2", OnoMin, true},
-    Corrispondenza{u"Imp3", OnoMax, true},       Corrispondenza{u"Imp4", OnoBaseMedio, true},
-    Corrispondenza{u"Imp5", OnoBaseMin, true},   Corrispondenza{u"Imp6", OnoBaseMax, true},
+    Corrispondenza{u"NVoce", OnoNVoce, false}, Corrispondenza{u"CodOnoDir", OnoCodVoce, false},
+    Corrispondenza{u"Qta", OnoQta, false},     Corrispondenza{u"Importo", OnoImporto, true},
+    Corrispondenza{u"Imp1", OnoMedio, true},   Corrispondenza{u"Imp2", OnoMin, true},
+    Corrispondenza{u"Imp3", OnoMax, true},     Corrispondenza{u"Imp4", OnoBaseMedio, true},
+    Corrispondenza{u"Imp5", OnoBaseMin, true}, Corrispondenza{u"Imp6", OnoBaseMax, true},
     Corrispondenza{u"VarP", OnoVarPerc, true},
 };
 
 // NVoce takes the key of the item and CodOnoDir its number, crossed against their names: files have always
 // been written so, and nothing reads their meaning.
 constexpr std::array CampiDiritti{
-    Corrispondenza{u"NVoce", DirIDDir, false},
-    Corrispondenza{u"CodOnoDir", DirNVoce, false},
-    Corrispondenza{u"Qta", DirQta, false},
-    Corrispondenza{u"Importo", DirImponibile, true},
+    Corrispondenza{u"NVoce", DirIDDir, false}, Corrispondenza{u"CodOnoDir", DirNVoce, false},
+    Corrispondenza{u"Qta", DirQta, false},     Corrispondenza{u"Importo", DirImponibile, true},
     Corrispondenza{u"Imp1", DirEsente, true},
 };
 
@@ -236,7 +234,10 @@ public:
             throw;
         }
     }
-    [[nodiscard]] QString Testo(QStringView Colonna) const { return CStr(Leggi(Colonna).value_or(QVariant())); }
+    [[nodiscard]] QString Testo(QStringView Colonna) const
+    {
+        return CStr(Leggi(Colonna).value_or(QVariant()));
+    }
 
 private:
     Recordset Riga;
@@ -300,8 +301,8 @@ void CaricaPsw(Parcella& Nota, const Parametri& Param)
 }
 
 /// The linked party by its key, and the stored name where the link gives none.
-void CaricaParte(int Chiave, const std::optional<QString>& Nome, const QString& Assente, const QString& Salvato,
-                 Casella& Box)
+void CaricaParte(int Chiave, const std::optional<QString>& Nome, const QString& Assente,
+                 const QString& Salvato, Casella& Box)
 {
     if (Chiave > 0) {
         if (!Nome)

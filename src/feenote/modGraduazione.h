@@ -24,13 +24,13 @@ constexpr int TutteLeRighe = -1;
 struct PannelloModOno
 {
     bool Aperto = false;
-    bool Tutti = false;     ///< optModAll: all lines, else the one shown
-    int Riga = -1;          ///< the line shown last
+    bool Tutti = false;  ///< optModAll: all lines, else the one shown
+    int Riga = -1;       ///< the line shown last
     std::array<double, NumFasce> Fasce{};
-    QString OnoDesc;        ///< lblOnoDesc
-    QString Imp;            ///< lblImp
-    QString ImpOno;         ///< lblImpOno
-    QStringList RigheFasce; ///< rows of tdbFasceOno
+    QString OnoDesc;                  ///< lblOnoDesc
+    QString Imp;                      ///< lblImp
+    QString ImpOno;                   ///< lblImpOno
+    QStringList RigheFasce;           ///< rows of tdbFasceOno
     int Evidenziata = NessunaFascia;  ///< highlighted row of tdbFasceOno
     int Gradua = GraduaMin;           ///< sldGraduaOno, 0 to 100
     bool Confermabile = false;        ///< cmdModOno is enabled: the user has chosen
@@ -56,7 +56,8 @@ void SeguiRigaModOno(PannelloModOno& Pannello, const TabellaRighe& Righe, std::o
 /// A cell of a line was written: an open panel shows what it holds now.
 void RicaricaModOno(PannelloModOno& Pannello, const TabellaRighe& Righe);
 
-/// Lines came, went or moved: an open panel goes over to the current line, or closes if that is none of the tariff.
+/// Lines came, went or moved: an open panel goes over to the current line, or closes if that is none of the
+/// tariff.
 void RinfrescaModOno(PannelloModOno& Pannello, const TabellaRighe& Righe, std::optional<int> Corrente);
 
 /// Shows which of the three amounts equals the given one: its row, and the slider at 0, 50 or 100. With none

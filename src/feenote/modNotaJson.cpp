@@ -29,12 +29,18 @@ QJsonArray Onorari(const TabellaRighe& Righe)
         const auto Testo = [&](int Colonna) { return CStr(Righe(Riga, Colonna)); };
         const auto Numero = [&](int Colonna) { return NumeroDi(Righe(Riga, Colonna)); };
         Elenco.append(QJsonObject{
-            {u"data"_s, Testo(OnoData)},         {u"descrizione"_s, Testo(OnoDescr)},
-            {u"quantita"_s, Numero(OnoQta)},     {u"importo"_s, Numero(OnoImporto)},
-            {u"medio"_s, Numero(OnoMedio)},      {u"minimo"_s, Numero(OnoMin)},
-            {u"massimo"_s, Numero(OnoMax)},      {u"codice"_s, Testo(OnoCodVoce)},
-            {u"voce"_s, Numero(OnoNVoce)},       {u"variazione"_s, Numero(OnoVarPerc)},
-            {u"baseMedio"_s, Numero(OnoBaseMedio)}, {u"baseMinimo"_s, Numero(OnoBaseMin)},
+            {u"data"_s, Testo(OnoData)},
+            {u"descrizione"_s, Testo(OnoDescr)},
+            {u"quantita"_s, Numero(OnoQta)},
+            {u"importo"_s, Numero(OnoImporto)},
+            {u"medio"_s, Numero(OnoMedio)},
+            {u"minimo"_s, Numero(OnoMin)},
+            {u"massimo"_s, Numero(OnoMax)},
+            {u"codice"_s, Testo(OnoCodVoce)},
+            {u"voce"_s, Numero(OnoNVoce)},
+            {u"variazione"_s, Numero(OnoVarPerc)},
+            {u"baseMedio"_s, Numero(OnoBaseMedio)},
+            {u"baseMinimo"_s, Numero(OnoBaseMin)},
             {u"baseMassimo"_s, Numero(OnoBaseMax)},
         });
     }

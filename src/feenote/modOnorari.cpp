@@ -1,8 +1,8 @@
 #include "feenote/modOnorari.h"
 
 #include "core/modErrori.h"
-#include "core/sessione.h"
 #include "core/modTesti.h"
+#include "core/sessione.h"
 #include "platform/messaggi.h"
 #include "tariffs/modEvaluate.h"
 
@@ -144,8 +144,8 @@ double ArrotondaQuantita(const QString& Risposta)
 
 double GetQuant(const QString& Descr, const QString& QtaOno)
 {
-    QString Domanda = u"Per la voce "_s + (Descr.isEmpty() ? u"selezionata"_s : Descr)
-        + u" occorre specificare il numero"_s;
+    QString Domanda = u"Per la voce "_s + (Descr.isEmpty() ? u"selezionata"_s : Descr) +
+                      u" occorre specificare il numero"_s;
     if (QtaOno.startsWith(u'H'))
         Domanda += u" delle ore impiegate (per ogni ora e frazione d'ora)."_s;
     Domanda += u"\n\nImmettere la quantità:"_s;
@@ -195,16 +195,16 @@ namespace {
 /// What must be settled before a line is made: refusals, the second insertion. False: no line.
 bool InserzioneAmmessa(const Parcella& Nota, const Recordset& Voce, int NVoce, bool Chiedi)
 {
-    if (Nota.CodCateg == Civile && (NVoce == VoceIngiunzione || NVoce == VocePrecetto)
-        && Nota.Scaglione == ScaglioneIndeterminato) {
+    if (Nota.CodCateg == Civile && (NVoce == VoceIngiunzione || NVoce == VocePrecetto) &&
+        Nota.Scaglione == ScaglioneIndeterminato) {
         MsgErrore(u"Per il procedimento di ingiunzione e per gli atti precetto il valore non può essere "
                   u"indeterminato!"_s);
         return false;
     }
     if (!Chiedi || NVoce == VoceLibera || !GiaInserito(Nota, NVoce))
         return true;
-    const QString Domanda = u"L'onorario "_s + Descrizione(Voce)
-        + u" è stato già inserito. Procedo con l'inserimento?"_s;
+    const QString Domanda =
+        u"L'onorario "_s + Descrizione(Voce) + u" è stato già inserito. Procedo con l'inserimento?"_s;
     return MsgBox(Domanda, vbYesNo + vbQuestion, TitoloDomanda.toString()) == vbYes;
 }
 
@@ -216,8 +216,8 @@ Terna TernaPerInserimento(const Parcella& Nota, const Recordset& Voce, int NVoce
     if (NVoce == VoceLibera)
         return {};
     if (sessione::ModoDebug)
-        TraceDebug(u"calcolo strag 1. Min="_s + FormulaCatalogo(Voce, Nota.Scaglione, u"Min"_s) + u" Imp="_s
-                   + CStr(IncognitaFormule(Nota)));
+        TraceDebug(u"calcolo strag 1. Min="_s + FormulaCatalogo(Voce, Nota.Scaglione, u"Min"_s) + u" Imp="_s +
+                   CStr(IncognitaFormule(Nota)));
     const Terna Risultato =
         TernaDaFormule(Nota, Voce, [](int Codice) { MsgErrore(MessaggioErrore(Codice)); });
     if (sessione::ModoDebug)
@@ -327,8 +327,8 @@ void RicalcolaRiga(Parcella& Nota, RicercaVoci& Ricerca, int Riga)
     if (Nota.CodCateg == Civile)
         Righe(Riga, OnoNVoce) = Voce->NVoce;
     if (MancaValore(Nota, Voce->Unitaria)) {
-        MsgBox(u"Attenzione, l'onorario "_s + Descr
-                   + u" prevedendo un valore definito della causa non sarà ricalcolato"_s,
+        MsgBox(u"Attenzione, l'onorario "_s + Descr +
+                   u" prevedendo un valore definito della causa non sarà ricalcolato"_s,
                vbInformation, TitoloMessaggio.toString());
         return;
     }

@@ -61,7 +61,8 @@ int PrecaricaOnorari(Parcella& Nota, Catalogo& Voci);
 /// Turns the catalogue's current row into a line, as a double click does: refuses what the decree does
 /// not allow, asks about a second insertion and for the quantity.
 ///
-/// @param Quantita given beforehand by a description: nothing is asked then, not even about a second insertion,
+/// @param Quantita given beforehand by a description: nothing is asked then, not even about a second
+/// insertion,
 ///        and it goes through no rounding of its own
 /// @return the row written, empty when refused or abandoned
 /// @throws Errore when the catalogue cannot be read

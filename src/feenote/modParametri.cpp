@@ -29,10 +29,10 @@ bool HaRighe(const Parcella& Nota)
 
 bool ConfermaRicalcolo()
 {
-    return MsgBox(u"Sono state già inserite delle prestazioni e la modifica comporterà il ricalcolo con i nuovi "
-                  u"parametri.\nConfermi la modifica?"_s,
-                  vbYesNo + vbQuestion, TitoloDomanda.toString())
-        == vbYes;
+    return MsgBox(
+               u"Sono state già inserite delle prestazioni e la modifica comporterà il ricalcolo con i nuovi "
+               u"parametri.\nConfermi la modifica?"_s,
+               vbYesNo + vbQuestion, TitoloDomanda.toString()) == vbYes;
 }
 
 bool Fuori(const ScaglioneValore& Sca, double Valore)
@@ -148,8 +148,8 @@ void CambiaAutorita(Parcella& Nota, int Indice)
     Nota.cmbAutor = Indice;
     SetModificata(Nota, true);
 
-    if (Precedente >= 0 && Precedente != Indice
-        && Nota.ListaAutorita[Precedente].IDAut != Nota.ListaAutorita[Indice].IDAut) {
+    if (Precedente >= 0 && Precedente != Indice &&
+        Nota.ListaAutorita[Precedente].IDAut != Nota.ListaAutorita[Indice].IDAut) {
         if (!CheckAutorCompatib(Nota)) {
             MsgErrore(u"L'autorità selezionata non è compatibile con la precedente!"_s);
             Nota.cmbAutor = Precedente;
@@ -190,7 +190,8 @@ bool CambiaScaglione(Parcella& Nota, int Indice)
         Nuovo = 0.0;
         Nota.txtImporto.Testo.clear();
     }
-    // A value rejected by the bracket stays the stored one while the box shows empty: CheckOK goes by the box.
+    // A value rejected by the bracket stays the stored one while the box shows empty: CheckOK goes by the
+    // box.
     Nota.ImportoPrec = Nuovo;
     Nota.Scaglione = Sca.NumSca;
     Nota.RicalcoloNecessario = true;
@@ -203,8 +204,7 @@ bool ImportoInSospeso(const Parcella& Nota)
 {
     const double Imp = ValoreCasella(Nota);
     // A value that lies in no bracket at all is told by CheckOK; looking for its bracket again helps nobody.
-    return Imp != Nota.ImportoPrec
-        || (CercaScaglione(Nota, Imp) && ScaglionePer(Nota, Imp) != NessunaVoce);
+    return Imp != Nota.ImportoPrec || (CercaScaglione(Nota, Imp) && ScaglionePer(Nota, Imp) != NessunaVoce);
 }
 
 void LasciaImporto(Parcella& Nota)
@@ -244,7 +244,8 @@ std::optional<Mancanza> PrimaMancanza(const Parcella& Nota)
     if (Valore == 0 && Scelto->RicValore && Scelto->NumSca >= 1)
         return Mancanza{u"Occorre specificare il valore esatto della causa!"_s, u"txtImporto"_s};
     if (Valore > 0 && Fuori(*Scelto, Valore))
-        return Mancanza{u"Il valore della causa specificato non è compreso nello scaglione!"_s, u"txtImporto"_s};
+        return Mancanza{u"Il valore della causa specificato non è compreso nello scaglione!"_s,
+                        u"txtImporto"_s};
     return std::nullopt;
 }
 

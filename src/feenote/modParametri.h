@@ -33,12 +33,13 @@ void CambiaAutorita(Parcella& Nota, int Indice);
 /// bracket, or any value with the undetermined one, empties the box. @return false when the user refused
 bool CambiaScaglione(Parcella& Nota, int Indice);
 
-/// True when leaving the box of the value has something to do though nobody typed in it: what it shows is not the
-/// value accepted, or it holds one for which no bracket, the undetermined one or another's stands selected.
+/// True when leaving the box of the value has something to do though nobody typed in it: what it shows is not
+/// the value accepted, or it holds one for which no bracket, the undetermined one or another's stands
+/// selected.
 [[nodiscard]] bool ImportoInSospeso(const Parcella& Nota);
 
-/// Leaving the box of the value: reformats it, accepts it (rounded to 2 decimals), picks its bracket. When the
-/// user refuses the new bracket, value, box and flag are as before it was typed.
+/// Leaving the box of the value: reformats it, accepts it (rounded to 2 decimals), picks its bracket. When
+/// the user refuses the new bracket, value, box and flag are as before it was typed.
 void LasciaImporto(Parcella& Nota);
 
 // ---- checks and banner --------------------------------------------------------------------------

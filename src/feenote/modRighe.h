@@ -9,10 +9,10 @@ struct Parcella;
 
 /// Columns of xOnorari. Amounts in whole euro.
 enum ColonnaOnorari {
-    OnoData = 0,        ///< date of the service as text; empty at insertion
+    OnoData = 0,  ///< date of the service as text; empty at insertion
     OnoDescr = 1,
     OnoQta = 2,
-    OnoImporto = 3,     ///< what the fee note charges
+    OnoImporto = 3,  ///< what the fee note charges
     OnoMedio = 4,
     OnoMin = 5,
     OnoMax = 6,

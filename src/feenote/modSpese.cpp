@@ -4,8 +4,8 @@
 
 using namespace Qt::StringLiterals;
 
-int AddDiritti(Parcella& Nota, const QDate&, const QString& Descr, const QString& Quant, const QVariant& NVoce,
-               const QVariant& IDDir, std::optional<int> Corrente)
+int AddDiritti(Parcella& Nota, const QDate&, const QString& Descr, const QString& Quant,
+               const QVariant& NVoce, const QVariant& IDDir, std::optional<int> Corrente)
 {
     const int Riga = RowIns(Nota, TipoRiga::Diritti, Corrente);
     TabellaRighe& Righe = Nota.xDiritti;

@@ -29,7 +29,9 @@ struct Gradino
 
 double SuGradini(const std::array<Gradino, 3>& Scala, double Imp, bool Compreso)
 {
-    const auto Entro = [&](const Gradino& Passo) { return Compreso ? Imp <= Passo.Limite : Imp < Passo.Limite; };
+    const auto Entro = [&](const Gradino& Passo) {
+        return Compreso ? Imp <= Passo.Limite : Imp < Passo.Limite;
+    };
     const auto Trovato = std::find_if(Scala.begin(), Scala.end() - 1, Entro);
     return (Imp - Trovato->Da) * Trovato->Tasso + Trovato->Base;
 }

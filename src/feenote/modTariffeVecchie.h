@@ -10,9 +10,9 @@
 /// What the decoding looks at beside the value itself. Amounts in euro.
 struct ContestoVecchio
 {
-    double ValoreCausa = 0.0;    ///< value of the case, accepted
-    double ValoreCasella = 0.0;  ///< value in the box
-    QString QtaOno;              ///< of the catalogue row; ">" and a number is a floor
+    double ValoreCausa = 0.0;                     ///< value of the case, accepted
+    double ValoreCasella = 0.0;                   ///< value in the box
+    QString QtaOno;                               ///< of the catalogue row; ">" and a number is a floor
     std::array<double, MassimoScaglioni> ScaA{};  ///< upper limits of the brackets, unused ones 0
     /// A field of the catalogue row by bracket number and "Med", "Min" or "Max".
     std::function<double(int Scaglione, const QString& Estremo)> Campo;

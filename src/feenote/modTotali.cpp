@@ -98,8 +98,8 @@ Catena CatenaFiscale(const DatiCatena& Dati)
     Conti.Dati = Dati;
     Conti.SpeseGen = Applica(Dati.SpeseGen, Dati.Onorari);
     // The order of this sum is part of its meaning; the base itself is not rounded.
-    Conti.Imponibile = Dati.Onorari - Dati.Acconti.Corrispettivi + Dati.SpeseImp - Dati.Acconti.SpeseImp
-        + Conti.SpeseGen;
+    Conti.Imponibile =
+        Dati.Onorari - Dati.Acconti.Corrispettivi + Dati.SpeseImp - Dati.Acconti.SpeseImp + Conti.SpeseGen;
     Conti.CP = Applica(Dati.CP, Conti.Imponibile);
     Conti.IVA = Applica(Dati.IVA, Conti.Imponibile + Conti.CP);
     Conti.Totale =
@@ -132,8 +132,8 @@ const Interruttore& Cerca(Imposta Quale)
         {&Parcella::chkIva, &Parcella::txtIVA, &MemoriaStampa::Iva, &MemoriaStampa::TestoIva, &sessione::IVA},
         {&Parcella::chkRA, &Parcella::txtRA, &MemoriaStampa::RA, &MemoriaStampa::TestoRA, &sessione::RA},
         {&Parcella::chkCP, &Parcella::txtCP, &MemoriaStampa::CP, &MemoriaStampa::TestoCP, &sessione::CP},
-        {&Parcella::chkSpeseGen, &Parcella::txtSpeGen, &MemoriaStampa::SpeseGen, &MemoriaStampa::TestoSpeseGen,
-         &sessione::SpeseGen},
+        {&Parcella::chkSpeseGen, &Parcella::txtSpeGen, &MemoriaStampa::SpeseGen,
+         &MemoriaStampa::TestoSpeseGen, &sessione::SpeseGen},
     }};
     return Tabella[size_t(Quale)];
 }
@@ -184,8 +184,7 @@ bool ClicImposta(Parcella& Nota, Imposta Quale, bool Attiva)
         Testo.clear();
 
     const bool NotaGiudiziale = Nota.cmbTipoStampa == StampaNotaGiudiziale;
-    const bool Avviso =
-        Attiva && NotaGiudiziale && Quale != Imposta::SpeseGen && !Nota.AvvisoNotaGiudiziale;
+    const bool Avviso = Attiva && NotaGiudiziale && Quale != Imposta::SpeseGen && !Nota.AvvisoNotaGiudiziale;
     if (Avviso)
         Nota.AvvisoNotaGiudiziale = true;
     SetModificata(Nota, true);
@@ -279,8 +278,8 @@ QString FraseVariazione(const Parcella& Nota)
 {
     if (Nota.AumRidVarP == 0)
         return {};
-    QString Frase = u"Applicat"_s + (Nota.AumRidVarP >= 1 ? u"o aumento "_s : u"a riduzione del "_s)
-        + QString::number(std::abs(Nota.AumRidVarP)) + u"% "_s;
+    QString Frase = u"Applicat"_s + (Nota.AumRidVarP >= 1 ? u"o aumento "_s : u"a riduzione del "_s) +
+                    QString::number(std::abs(Nota.AumRidVarP)) + u"% "_s;
     const QString Didascalia = DidascaliaAumRid(Nota.AumRidIdx);
     if (Nota.AumRidIdx != AumRidLibera && !Didascalia.isEmpty())
         Frase += u"per "_s + Didascalia;

@@ -49,8 +49,8 @@ struct SommeAcconti
 struct Aliquota
 {
     bool Vale = false;
-    double Perc = 0.0;  ///< percent
-    QString Testo;      ///< as typed, trimmed: what the row's label shows
+    double Perc = 0.0;    ///< percent
+    QString Testo;        ///< as typed, trimmed: what the row's label shows
     bool Attiva = false;  ///< the tick alone
 
     friend bool operator==(const Aliquota&, const Aliquota&) = default;
@@ -64,7 +64,7 @@ struct DatiCatena
     double SpeseEsenti = 0.0;
     SommeAcconti Acconti;
     Aliquota SpeseGen, CP, IVA, RA;
-    int Tipo = 0;       ///< print type
+    int Tipo = 0;  ///< print type
     bool RegimeAgevolato = false;
     bool Multipla = false;  ///< the summary is the third section
 };
@@ -77,10 +77,10 @@ struct Catena
     double SpeseGen = 0.0;
     double Imponibile = 0.0;  ///< fees - paid + taxable expenses - paid + general expenses, in this order
     double CP = 0.0;
-    double IVA = 0.0;         ///< on base and pension fund
+    double IVA = 0.0;  ///< on base and pension fund
     double Totale = 0.0;
-    double RA = 0.0;          ///< on the base without pension fund; stored positive
-    double Netto = 0.0;       ///< Totale - RA, rounded
+    double RA = 0.0;     ///< on the base without pension fund; stored positive
+    double Netto = 0.0;  ///< Totale - RA, rounded
 };
 [[nodiscard]] Catena CatenaFiscale(const DatiCatena& Dati);
 [[nodiscard]] Catena CatenaFiscale(const Parcella& Nota, int Tipo);
@@ -98,8 +98,8 @@ enum class Imposta { IVA, RA, CP, SpeseGen };
 /// The text of a percent box changed.
 void CambiaPercento(Parcella& Nota, Imposta Quale, const QString& Testo);
 
-/// chkRegSempl changed: VAT and withholding are cleared and disabled, deferred VAT too; lifting it brings back
-/// what the note had, deferred VAT excepted.
+/// chkRegSempl changed: VAT and withholding are cleared and disabled, deferred VAT too; lifting it brings
+/// back what the note had, deferred VAT excepted.
 void CambiaRegime(Parcella& Nota, bool Attivo);
 
 /// chkMinMax and chkAcconti changed by the user.

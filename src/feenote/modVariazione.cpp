@@ -134,7 +134,8 @@ void CambiaSegnoAumRid(Parcella& Nota, int Indice)
 bool VariazioneInSospeso(const Parcella& Nota)
 {
     const int Percento = PercentoDigitato(Nota);
-    const bool SegnoSolo = Percento == 0 && (Nota.cmbAumRid != NessunaVoce || !Nota.txtAumRid.Testo.isEmpty());
+    const bool SegnoSolo =
+        Percento == 0 && (Nota.cmbAumRid != NessunaVoce || !Nota.txtAumRid.Testo.isEmpty());
     return SegnoSolo || ConSegno(Nota, Percento) != Nota.AumRidVarP;
 }
 
@@ -179,6 +180,6 @@ QString SuggerimentoAumRidOno(const Parcella& Nota)
 {
     if (Nota.AumRidVarP == 0)
         return {};
-    return u"Applicat"_s + (Nota.AumRidVarP < 0 ? u"a riduzione "_s : u"o aumento "_s) + u"per "_s
-        + DidascaliaAumRid(Nota.AumRidIdx);
+    return u"Applicat"_s + (Nota.AumRidVarP < 0 ? u"a riduzione "_s : u"o aumento "_s) + u"per "_s +
+           DidascaliaAumRid(Nota.AumRidIdx);
 }

@@ -27,10 +27,14 @@ QStringList VociCategoria()
 
 QStringList VociTipoStampa()
 {
-    return {u"Prenotula"_s,        u"Preventivo"_s,
-            u"Fattura sintetica"_s, u"Fattura analitica"_s,
-            u"Nota spese giudiziale"_s, u"Contratto cliente"_s,
-            u"Resa informativa"_s, u"Solo parte contabile!"_s};
+    return {u"Prenotula"_s,
+            u"Preventivo"_s,
+            u"Fattura sintetica"_s,
+            u"Fattura analitica"_s,
+            u"Nota spese giudiziale"_s,
+            u"Contratto cliente"_s,
+            u"Resa informativa"_s,
+            u"Solo parte contabile!"_s};
 }
 
 QString TestoCategoria(const Parcella& Nota)

@@ -53,11 +53,11 @@ enum TipoStampa {
 
 /// Elements of txtDatiPar, the boxes of the print data.
 enum DatoStampa {
-    DatoNumero = 0,          ///< number and date of pro-forma note and estimate; not in the file
+    DatoNumero = 0,  ///< number and date of pro-forma note and estimate; not in the file
     DatoData = 1,
     DatoNumFatt = 11,
     DatoDataFatt = 12,
-    DatoDepAutorita = 21,    ///< filing data of the court costs note
+    DatoDepAutorita = 21,  ///< filing data of the court costs note
     DatoDepSezione = 22,
     DatoDepRuolo = 23,
     DatoDepGiudice = 24,
@@ -124,23 +124,23 @@ struct Parcella
     int cmbCateg = NessunaVoce;
     int cmbAutor = NessunaVoce;
     int cmbValore = NessunaVoce;
-    QList<Autorita> ListaAutorita;            ///< entries of cmbAutor
-    QList<ScaglioneValore> ListaScaglioni;    ///< entries of cmbValore, at most 21
+    QList<Autorita> ListaAutorita;          ///< entries of cmbAutor
+    QList<ScaglioneValore> ListaScaglioni;  ///< entries of cmbValore, at most 21
     bool cmbAutorAbilitata = false;
     bool cmbValoreAbilitata = false;
-    Casella txtImporto;           ///< exact value of the case as shown, euro
-    double ImportoPrec = 0.0;     ///< value of the case last accepted, euro; 0 not defined. Not the box
+    Casella txtImporto;        ///< exact value of the case as shown, euro
+    double ImportoPrec = 0.0;  ///< value of the case last accepted, euro; 0 not defined. Not the box
     int IdxValorePrec = NessunaVoce;
     int IdxAutorPrec = NessunaVoce;
-    double ValoreMinRich = 0.0;   ///< lower limit of the first bracket that requires the exact value
+    double ValoreMinRich = 0.0;  ///< lower limit of the first bracket that requires the exact value
     bool RicalcoloNecessario = false;
-    int Scaglione = 0;            ///< the n of the catalogue columns nMed, nMin, nMax
-    int ScaglioneOld = 0;         ///< bracket of the older tariff
+    int Scaglione = 0;     ///< the n of the catalogue columns nMed, nMin, nMax
+    int ScaglioneOld = 0;  ///< bracket of the older tariff
 
     // ---- percent variation
-    int AumRidIdx = 5;       ///< chosen element of optAumRid
-    int AumRidVarP = 0;      ///< signed percent in force, 0 none
-    QString AumRidLimiti;    ///< two limits in percent joined by ";", empty: any
+    int AumRidIdx = 5;            ///< chosen element of optAumRid
+    int AumRidVarP = 0;           ///< signed percent in force, 0 none
+    QString AumRidLimiti;         ///< two limits in percent joined by ";", empty: any
     int cmbAumRid = NessunaVoce;  ///< 0 "+", 1 "-"
     bool cmbAumRidAbilitata = true;
     Casella txtAumRid;
@@ -171,20 +171,20 @@ struct Parcella
     // ---- associated note
     QString txtParcMultipla;  ///< its name; empty: none
     QString txtPathParcMult;
-    int optMultiAntPos = 0;   ///< 0 after this note, 1 before it
+    int optMultiAntPos = 0;  ///< 0 after this note, 1 before it
     bool chkMultiParam = false;
-    int IDMultipla = 0;       ///< window in which it is open, 0 none
+    int IDMultipla = 0;  ///< window in which it is open, 0 none
     NotaAssociata Multi;
 
     // ---- file and window
-    QString Percorso;   ///< full path, empty for an unsaved note
-    QString Psw;        ///< decoded password, or "->>" + one set and not yet saved
-    QString Nome;       ///< name in lower case without ".mdb", or "Nuova parcella"
-    QString NsRif;      ///< reference of the matter, as shown by lblRif; empty: labels hidden
-    int Scelta = 0;     ///< accounting counter of the request, kept for the invoice
+    QString Percorso;  ///< full path, empty for an unsaved note
+    QString Psw;       ///< decoded password, or "->>" + one set and not yet saved
+    QString Nome;      ///< name in lower case without ".mdb", or "Nuova parcella"
+    QString NsRif;     ///< reference of the matter, as shown by lblRif; empty: labels hidden
+    int Scelta = 0;    ///< accounting counter of the request, kept for the invoice
     bool Modificata = false;
     bool Pronta = false;  ///< finished loading: no composition before
-    QString Fuoco;      ///< control that a rule wants focused; whoever shows the record empties it
+    QString Fuoco;        ///< control that a rule wants focused; whoever shows the record empties it
 
     /// Text of an element of txtDatiPar.
     [[nodiscard]] QString DatiPar(int Indice) const { return txtDatiPar.value(Indice); }

@@ -48,8 +48,8 @@ void VirgolaDalTastierino(QLineEdit* Campo, bool PuntoInVirgola = false);
 
 /// The filter of printable characters: key code and kind in, key code to keep out (0 swallows).
 /// Core's FiltroTasti is installed here at the start. Returns the former one.
-std::function<int(int Tasto, const QString& Tipo)> InstallaFiltro(
-    std::function<int(int, const QString&)> Nuovo);
+std::function<int(int Tasto, const QString& Tipo)>
+InstallaFiltro(std::function<int(int, const QString&)> Nuovo);
 
 /// A box of an amount or a percentage: filtered, flush right; a text that is no number is refused on
 /// leaving with "Immettere un valore numerico!", the focus stays, nothing changes. An empty text passes.

@@ -27,9 +27,11 @@ void ChiamaCon(F& Procedura, Tupla& Valori, std::index_sequence<I...>)
 }
 
 template <class F, class Tupla, size_t N>
-constexpr bool Chiamabile = []<size_t... I>(std::index_sequence<I...>) {
+constexpr bool Chiamabile = []<size_t... I>(std::index_sequence<I...>)
+{
     return std::invocable<F&, std::tuple_element_t<I, Tupla>...>;
-}(std::make_index_sequence<N>{});
+}
+(std::make_index_sequence<N>{});
 
 /// Calls with as many of the leading arguments of the signal as the procedure takes.
 template <size_t N, class F, class Tupla>
@@ -46,8 +48,8 @@ void Chiama(F& Procedura, Tupla& Valori)
 /// Connects a signal to a callable that lives as long as `Contesto`. An exception ends in the last net. The
 /// sender may be of a class derived from the signal's.
 template <class Mittente, class M, class... A, class F>
-    requires std::derived_from<Mittente, M> && (!std::is_member_pointer_v<F>)
-QMetaObject::Connection Collega(const Mittente* Da, void (M::*Segnale)(A...), QObject* Contesto, F Procedura)
+requires std::derived_from<Mittente, M> &&(!std::is_member_pointer_v<F>)QMetaObject::Connection
+    Collega(const Mittente* Da, void (M::*Segnale)(A...), QObject* Contesto, F Procedura)
 {
     return QObject::connect(Da, Segnale, Contesto, [Procedura = std::move(Procedura)](A... Valori) mutable {
         try {
@@ -61,8 +63,8 @@ QMetaObject::Connection Collega(const Mittente* Da, void (M::*Segnale)(A...), QO
 
 /// Connects a signal to a member of a form.
 template <class Mittente, class M, class... A, class Modulo, class R, class... B>
-    requires std::derived_from<Mittente, M> && std::derived_from<Modulo, QObject>
-QMetaObject::Connection Collega(const Mittente* Da, void (M::*Segnale)(A...), Modulo* A_, R (Modulo::*Membro)(B...))
+requires std::derived_from<Mittente, M> && std::derived_from<Modulo, QObject> QMetaObject::Connection
+Collega(const Mittente* Da, void (M::*Segnale)(A...), Modulo* A_, R (Modulo::*Membro)(B...))
 {
     return Collega(Da, Segnale, static_cast<QObject*>(A_),
                    [A_, Membro](B... Valori) { (A_->*Membro)(Valori...); });

@@ -69,12 +69,11 @@ QString DescrizioneErrore(int Numero)
     return Trovata->Descrizione.toString();
 }
 
-Errore::Errore(int Codice) : Errore(Codice, DescrizioneErrore(Codice)) {}
+Errore::Errore(int Codice) : Errore(Codice, DescrizioneErrore(Codice))
+{}
 
-Errore::Errore(int Codice, const QString& Frase)
-    : Numero(Codice), Descrizione(Frase), Utf8(Frase.toUtf8())
-{
-}
+Errore::Errore(int Codice, const QString& Frase) : Numero(Codice), Descrizione(Frase), Utf8(Frase.toUtf8())
+{}
 
 const char* Errore::what() const noexcept
 {

@@ -16,9 +16,9 @@ constexpr double PuntiPerMm = PuntiPerPollice / MmPerPollice;
 /// The device: no screen, no printer, so that nothing of the machine enters the measures.
 [[nodiscard]] QPaintDevice* DispositivoStampa();
 
-/// The font that a document's font is set in: pixel size in dots, kerning, no hinting. "Times New Roman", "Arial" and "Courier New" are set in their
-/// equals of the package even where they exist. A family that is on no machine, or the package's own where it
-/// is not installed, gives way to the nearest one at hand.
+/// The font that a document's font is set in: pixel size in dots, kerning, no hinting. "Times New Roman",
+/// "Arial" and "Courier New" are set in their equals of the package even where they exist. A family that is
+/// on no machine, or the package's own where it is not installed, gives way to the nearest one at hand.
 [[nodiscard]] QFont FontStampa(const Carattere& Quale);
 
 /// A font with what layout asks of it again and again.

@@ -98,8 +98,9 @@ public:
     /// Widths as text, to be remembered, and back.
     [[nodiscard]] QString Larghezze() const;
     void ImpostaLarghezze(const QString& Testo);
-    /// Lets rows be dragged by the row selector, once the pointer has left the row that was pressed. The first
-    /// of them takes the number of the row on which they are dropped, counted without them: a line shows where.
+    /// Lets rows be dragged by the row selector, once the pointer has left the row that was pressed. The
+    /// first of them takes the number of the row on which they are dropped, counted without them: a line
+    /// shows where.
     void ConsentiTrascina(bool Si);
     /// Hands the keys of ComandoRighe to the form.
     void ConsentiComandi(bool Si);

@@ -161,7 +161,8 @@ void SelettoreRighe::mouseMoveEvent(QMouseEvent* Evento)
     if (!Trascina) {
         const bool Lontano = (Punto - Inizio).manhattanLength() >= QApplication::startDragDistance();
         const bool SullaStessa = logicalIndexAt(Punto.y()) == Premuta;  // a hand that shakes moves no row
-        if (!Trascinabile || Premuta < 0 || !Evento->buttons().testFlag(Qt::LeftButton) || !Lontano || SullaStessa)
+        if (!Trascinabile || Premuta < 0 || !Evento->buttons().testFlag(Qt::LeftButton) || !Lontano ||
+            SullaStessa)
             return;
         Trascina = true;
         setCursor(Qt::ClosedHandCursor);

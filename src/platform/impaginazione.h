@@ -60,8 +60,8 @@ struct RigaImpaginata
 /// page take no room.
 ///
 /// Runs of blanks keep their width. Those that lead a line shrink as far as its text would otherwise not
-/// fit. Indents give way where less than two centimetres would be left of a line; the first tab of a paragraph
-/// whose first line hangs leads to its left indent.
+/// fit. Indents give way where less than two centimetres would be left of a line; the first tab of a
+/// paragraph whose first line hangs leads to its left indent.
 ///
 /// Text stream: the text of the document in order, without running lines and repeated headings. A
 /// paragraph ends with "\n". Cells are divided by "\t", a row ends with "\n", a blank one is "\n" alone;

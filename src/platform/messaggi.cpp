@@ -15,9 +15,12 @@ int RispostaSicura(int Bandiere)
 {
     constexpr int MascheraPulsanti = 7;
     switch (Bandiere & MascheraPulsanti) {
-    case vbOKOnly: return vbOK;
-    case vbYesNo: return vbNo;
-    default: return vbCancel;
+    case vbOKOnly:
+        return vbOK;
+    case vbYesNo:
+        return vbNo;
+    default:
+        return vbCancel;
     }
 }
 

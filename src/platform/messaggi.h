@@ -43,7 +43,8 @@ struct Messaggi
     std::function<int(const QString& Testo, int Bandiere, const QString& Titolo)> Box;
     std::function<int(const QString& Testo, int Bandiere, const QString& Titolo, const QStringList& Pulsanti)>
         BoxPulsanti;
-    std::function<QString(const QString& Testo, const QString& Titolo, const QString& Predefinito)> Immissione;
+    std::function<QString(const QString& Testo, const QString& Titolo, const QString& Predefinito)>
+        Immissione;
     std::function<QString(const QString& Titolo, const QString& Iniziale, const QString& Filtro)> ApriFile;
     std::function<QString(const QString& Titolo, const QString& Iniziale, const QString& Filtro)> SalvaFile;
     std::function<QString(const QString& Titolo, const QString& Iniziale)> ScegliCartella;
@@ -56,7 +57,8 @@ struct Messaggi
 Messaggi InstallaMessaggi(Messaggi Nuovi);
 
 /// @return the answer, one of vbOK, vbCancel, vbYes, vbNo
-int MsgBox(const QString& Testo, int Bandiere = vbOKOnly, const QString& Titolo = QStringLiteral("Calcanova"));
+int MsgBox(const QString& Testo, int Bandiere = vbOKOnly,
+           const QString& Titolo = QStringLiteral("Calcanova"));
 
 /// The same box with captions of the caller's own, in the order of the standard buttons.
 int MsgBoxPulsanti(const QString& Testo, int Bandiere, const QString& Titolo, const QStringList& Pulsanti);

@@ -132,8 +132,10 @@ Lettura LeggiNumero(QStringView Italiano)
 Lettura LeggiCella(const QVariant& Cella)
 {
     switch (Cella.typeId()) {
-    case QMetaType::QString: return LeggiNumero(Cella.toString());
-    case QMetaType::Bool: return {Cella.toBool() ? -1.0 : 0.0, 0};
+    case QMetaType::QString:
+        return LeggiNumero(Cella.toString());
+    case QMetaType::Bool:
+        return {Cella.toBool() ? -1.0 : 0.0, 0};
     case QMetaType::Double:
     case QMetaType::Float:
     case QMetaType::Int:
@@ -141,8 +143,10 @@ Lettura LeggiCella(const QVariant& Cella)
     case QMetaType::Short:
     case QMetaType::UShort:
     case QMetaType::LongLong:
-    case QMetaType::ULongLong: return Verificata(Cella.toDouble());
-    default: return NessunNumero;
+    case QMetaType::ULongLong:
+        return Verificata(Cella.toDouble());
+    default:
+        return NessunNumero;
     }
 }
 
@@ -261,8 +265,8 @@ std::optional<QDate> LeggiData(const QString& Testo)
     const QStringView Mese = PrendiCifre(Resto);
     const QChar Secondo = Prendi(Resto, Separatori);
     const QStringView Cifre = PrendiCifre(Resto);
-    if (Giorno.size() > 2 || Mese.size() > 2 || (Cifre.size() != 2 && Cifre.size() != 4) || Primo.isNull()
-        || Primo != Secondo || !Resto.isEmpty())
+    if (Giorno.size() > 2 || Mese.size() > 2 || (Cifre.size() != 2 && Cifre.size() != 4) || Primo.isNull() ||
+        Primo != Secondo || !Resto.isEmpty())
         return std::nullopt;
     int Anno = Cifre.toInt();
     if (Cifre.size() == 2)
@@ -279,10 +283,14 @@ bool IsDate(const QString& Testo)
 bool IsDate(const QVariant& Valore)
 {
     switch (Valore.typeId()) {
-    case QMetaType::QDate: return Valore.toDate().isValid();
-    case QMetaType::QDateTime: return Valore.toDateTime().isValid();
-    case QMetaType::QString: return IsDate(Valore.toString());
-    default: return false;
+    case QMetaType::QDate:
+        return Valore.toDate().isValid();
+    case QMetaType::QDateTime:
+        return Valore.toDateTime().isValid();
+    case QMetaType::QString:
+        return IsDate(Valore.toString());
+    default:
+        return false;
     }
 }
 

@@ -67,7 +67,7 @@ struct Sezione
 {
     QStringView Testo;
     qsizetype Virgola = -1;  ///< where the decimal sign stands in the text
-    int Interi = 0;  ///< places before it
+    int Interi = 0;          ///< places before it
     int InteriForzati = 0;
     int Decimali = 0;  ///< places behind it
     int DecimaliForzati = 0;
@@ -76,8 +76,8 @@ struct Sezione
     /// A "," between two places groups thousands instead of standing for itself.
     [[nodiscard]] bool SeparaMigliaia(qsizetype I) const
     {
-        return Testo[I] == u',' && I > 0 && ESegnaposto(Testo[I - 1]) && I + 1 < Testo.size()
-               && ESegnaposto(Testo[I + 1]);
+        return Testo[I] == u',' && I > 0 && ESegnaposto(Testo[I - 1]) && I + 1 < Testo.size() &&
+               ESegnaposto(Testo[I + 1]);
     }
 };
 
@@ -259,12 +259,18 @@ QString CStr(int Valore)
 QString CStr(const QVariant& Valore)
 {
     switch (Valore.typeId()) {
-    case QMetaType::Double: return CStr(Valore.toDouble());
-    case QMetaType::Float: return CStr(Valore.toFloat());
-    case QMetaType::Bool: return Valore.toBool() ? u"Vero"_s : u"Falso"_s;
-    case QMetaType::QDate: return Format(Valore.toDate(), u"dd/mm/yyyy");
-    case QMetaType::QDateTime: return Format(Valore.toDateTime().date(), u"dd/mm/yyyy");
-    default: return Valore.toString();
+    case QMetaType::Double:
+        return CStr(Valore.toDouble());
+    case QMetaType::Float:
+        return CStr(Valore.toFloat());
+    case QMetaType::Bool:
+        return Valore.toBool() ? u"Vero"_s : u"Falso"_s;
+    case QMetaType::QDate:
+        return Format(Valore.toDate(), u"dd/mm/yyyy");
+    case QMetaType::QDateTime:
+        return Format(Valore.toDateTime().date(), u"dd/mm/yyyy");
+    default:
+        return Valore.toString();
     }
 }
 

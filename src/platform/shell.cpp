@@ -103,15 +103,21 @@ QString CartellaEseguibile()
 QString CartellaSpeciale(int Codice)
 {
     switch (Codice) {
-    case 5: return Barra(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    case 12: return Barra(QDir::tempPath());
-    case 36: return Barra(CartellaDiSistema());
+    case 5:
+        return Barra(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    case 12:
+        return Barra(QDir::tempPath());
+    case 36:
+        return Barra(CartellaDiSistema());
 #ifdef Q_OS_WIN
-    case 37: return Barra(CartellaDiSistema()) + Barra(u"System32"_s);
+    case 37:
+        return Barra(CartellaDiSistema()) + Barra(u"System32"_s);
 #else
-    case 37: return Barra(u"/usr/lib"_s);
+    case 37:
+        return Barra(u"/usr/lib"_s);
 #endif
-    default: return Barra(QDir::homePath());
+    default:
+        return Barra(QDir::homePath());
     }
 }
 

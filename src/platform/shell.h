@@ -55,7 +55,7 @@ struct VersioneSistema
     bool Windows = false;
     int Maggiore = 0;  ///< 6 and more for every present system, Linux included
     int Minore = 0;
-    bool Nt = true;    ///< false for the 9x family
+    bool Nt = true;  ///< false for the 9x family
 };
 [[nodiscard]] VersioneSistema LeggiVersioneSistema();
 

@@ -11,9 +11,12 @@ void TabellaRighe::Azzera(int Colonne)
 int TabellaRighe::UpperBound(int Dimensione) const
 {
     switch (Dimensione) {
-    case 1: return Righe() - 1;
-    case 2: return NumColonne - 1;
-    default: throw Errore(9);
+    case 1:
+        return Righe() - 1;
+    case 2:
+        return NumColonne - 1;
+    default:
+        throw Errore(9);
     }
 }
 

@@ -18,7 +18,7 @@ constexpr int ColonneTesto = 88;
 /// with a word or an amount wider than itself grows, so that nothing is cut. A spanning cell has the joint
 /// width of its columns, the last of which grows for it. Lines of tables are not drawn.
 ///
-/// Indents take 5 characters per centimetre; a tab leads to the left indent where the first line hangs out of it,
-/// else to the next of stops 6 characters apart. Room above and below paragraphs is left out, and so is the
-/// running line, which needs pages.
+/// Indents take 5 characters per centimetre; a tab leads to the left indent where the first line hangs out of
+/// it, else to the next of stops 6 characters apart. Room above and below paragraphs is left out, and so is
+/// the running line, which needs pages.
 [[nodiscard]] QString ScriviTesto(const Documento& Doc);

@@ -29,7 +29,7 @@ struct Autorita
 struct ScaglioneValore
 {
     QString DesVal;
-    int NumSca = 0;      ///< the n of the catalogue columns nMed, nMin, nMax
+    int NumSca = 0;  ///< the n of the catalogue columns nMed, nMin, nMax
     double DaVal = 0.0;
     double AVal = 0.0;
     bool RicValore = false;  ///< the exact value of the case is required
@@ -63,9 +63,9 @@ void LeggiScaglioni(const QString& Categ, const std::function<void(const Scaglio
 /// The two catalogues of a category, open, and the key column of the first.
 struct Catalogo
 {
-    Recordset datOno;  ///< honoraria; not open for an unknown category
-    Recordset datDir;  ///< expense items
-    QString ChiaveOno; ///< "CodOno" for CIV, "IDOno" for the others
+    Recordset datOno;   ///< honoraria; not open for an unknown category
+    Recordset datDir;   ///< expense items
+    QString ChiaveOno;  ///< "CodOno" for CIV, "IDOno" for the others
 };
 
 /// @param IDAut authority whose rows a civil catalogue shows
@@ -74,7 +74,8 @@ struct Catalogo
 
 /// Find criterion of a saved line in its catalogue: key + "=" + code, for CIV also the authority.
 /// A code that is no whole number is quoted text.
-[[nodiscard]] QString CriterioVoce(const QString& Categ, const QString& ChiaveOno, const QVariant& Codice, int IDAut);
+[[nodiscard]] QString CriterioVoce(const QString& Categ, const QString& ChiaveOno, const QVariant& Codice,
+                                   int IDAut);
 
 /// A catalogue amount: the column of bracket `Scaglione` named by its number and "Med", "Min" or "Max".
 /// Null is 0. @throws Errore 3265 when the table has no such column

@@ -27,7 +27,8 @@ void ScriviMarcatore(const QString& Radice)
     const CIni Ini;
     const QString Nome = Radice + u".ini"_s;
     const QString Data = Format(Oggi(), u"dd/mm/yyyy");
-    if (Ini.WriteINI(Radice, u"letto"_s, Data, Nome, sessione::PercorsoProg) || sessione::UserFolder.isEmpty())
+    if (Ini.WriteINI(Radice, u"letto"_s, Data, Nome, sessione::PercorsoProg) ||
+        sessione::UserFolder.isEmpty())
         return;
     CreaCartella(sessione::UserFolder);
     (void)Ini.WriteINI(Radice, u"letto"_s, Data, Nome, sessione::UserFolder);

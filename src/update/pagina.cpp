@@ -35,8 +35,7 @@ constexpr int Margine = 12;
 
 bool Remoto(const QUrl& Indirizzo)
 {
-    return Indirizzo.scheme() == u"http" || Indirizzo.scheme() == u"https" ||
-           Indirizzo.scheme() == u"mailto";
+    return Indirizzo.scheme() == u"http" || Indirizzo.scheme() == u"https" || Indirizzo.scheme() == u"mailto";
 }
 
 /// A link out of the program folder, by whatever road, leads nowhere.
@@ -49,8 +48,8 @@ bool DelProgramma(const QString& File)
 bool HaEstensione(const QString& File, std::initializer_list<QStringView> Estensioni)
 {
     const QString Sua = QFileInfo(File).suffix();
-    return std::ranges::any_of(
-        Estensioni, [&](QStringView Una) { return Sua.compare(Una, Qt::CaseInsensitive) == 0; });
+    return std::ranges::any_of(Estensioni,
+                               [&](QStringView Una) { return Sua.compare(Una, Qt::CaseInsensitive) == 0; });
 }
 
 /// Layout goes down one level for each element inside another: a page that nests without end would take
@@ -59,8 +58,8 @@ bool Intricata(const QByteArray& Html)
 {
     int Livello = 0;
     for (qsizetype i = Html.indexOf('<'); i >= 0; i = Html.indexOf('<', i + 1)) {
-        const QByteArrayView Resto = QByteArrayView(Html).sliced(i + 1).first(
-            std::min<qsizetype>(Html.size() - i - 1, 6));
+        const QByteArrayView Resto =
+            QByteArrayView(Html).sliced(i + 1).first(std::min<qsizetype>(Html.size() - i - 1, 6));
         const auto Apre = [&](QByteArrayView Nome) {
             return Resto.size() >= Nome.size() &&
                    QByteArrayView(Resto).first(Nome.size()).compare(Nome, Qt::CaseInsensitive) == 0;

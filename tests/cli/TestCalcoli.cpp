@@ -207,9 +207,9 @@ void TestCalcoli::tuttiInsieme_data()
                                               "D'Angelo;Luis;28/02/1999;M;L'Aquila",
                                               "Nicolò;Andrea;31/12/2003;F;Milano"}
                             << u"RSSMRA80A01H501U\nDNGLSU99B28A345X\nNCLNDR03T71F205H\n"_s;
-    QTest::newRow("contributi") << QStringList{u"contributo"_s}
-                                << QByteArrayList{"1000;ordinario", "1000;ridotto", "1-2;ordinario"}
-                                << u"43,00\n21,50\nerrore: valore: «1-2»: Tipo di dato non corrispondente (13)\n"_s;
+    QTest::newRow("contributi")
+        << QStringList{u"contributo"_s} << QByteArrayList{"1000;ordinario", "1000;ridotto", "1-2;ordinario"}
+        << u"43,00\n21,50\nerrore: valore: «1-2»: Tipo di dato non corrispondente (13)\n"_s;
     QTest::newRow("interessi, una riga per caso")
         << QStringList{u"interessi"_s, u"--righe"_s}
         << QByteArrayList{"legali;1000;Euro;;01/01/2012;31/12/2012;0",

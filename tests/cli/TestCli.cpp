@@ -77,34 +77,41 @@ void TestCli::risponde_data()
     QTest::newRow("lettere") << QStringList{u"lettere"_s, u"1234,5"_s} << u"milleduecentotrentaquattro/50"_s;
     QTest::newRow("lettere con le migliaia")
         << QStringList{u"lettere"_s, u"1.190,70"_s} << u"millecentonovanta/70"_s;
-    QTest::newRow("espressione") << QStringList{u"espressione"_s, u"200+(x-5000)*0.02"_s, u"20000"_s} << u"500"_s;
+    QTest::newRow("espressione") << QStringList{u"espressione"_s, u"200+(x-5000)*0.02"_s, u"20000"_s}
+                                 << u"500"_s;
     QTest::newRow("virgola nel risultato") << QStringList{u"espressione"_s, u"1/4"_s} << u"0,25"_s;
     QTest::newRow("meno iniziale") << QStringList{u"espressione"_s, u"-x+1"_s, u"5"_s} << u"-6"_s;
     QTest::newRow("formato") << QStringList{u"formato"_s, u"#,##0.00"_s, u"30000"_s} << u"30.000,00"_s;
     QTest::newRow("formato a tre sezioni")
         << QStringList{u"formato"_s, u"#,##0.00;-#,##0.00;0"_s, u"-0,001"_s} << u"0"_s;
-    QTest::newRow("formato di data") << QStringList{u"formato"_s, u"mm/dd/yyyy"_s, u"4-2-2013"_s} << u"02/04/2013"_s;
+    QTest::newRow("formato di data") << QStringList{u"formato"_s, u"mm/dd/yyyy"_s, u"4-2-2013"_s}
+                                     << u"02/04/2013"_s;
     QTest::newRow("valore che comincia con due trattini")
         << QStringList{u"--"_s, u"formato"_s, u"0.00"_s, u"-3"_s} << u"-3,00"_s;
-    // 12,5 % of 1.000: 125; base 1.125; 4 % 45; 21 % of 1.170 = 245,70; total 1.415,70; 20 % 225; net 1.190,70.
+    // 12,5 % of 1.000: 125; base 1.125; 4 % 45; 21 % of 1.170 = 245,70; total 1.415,70; 20 % 225;
+    // net 1.190,70.
     QTest::newRow("tasse intere")
-        << QStringList{u"tasse"_s, u"1000"_s, u"0"_s, u"0"_s, u"0"_s, u"0"_s, u"0"_s, u"12,5"_s, u"4"_s, u"21"_s, u"20"_s}
+        << QStringList{u"tasse"_s, u"1000"_s, u"0"_s, u"0"_s,  u"0"_s, u"0"_s,
+                       u"0"_s,     u"12,5"_s, u"4"_s, u"21"_s, u"20"_s}
         << u"Onorari=1.000,00|Spese imponibili=0|Spese generali 12,5%=125,00|=1.125,00|"
            u"Cassa previdenza avvocati 4%=45,00|=1.170,00|I.V.A. 21%=245,70|"
            u"Spese esenti art. 15 d.p.r. 633/72=0|TOTALE EURO=1.415,70|Ritenuta Acconto 20%=-225,00|"
            u"Importo dovuto al netto della R.A.=1.190,70|millecentonovanta/70"_s;
     QTest::newRow("regime agevolato: né IVA né ritenuta")
-        << QStringList{u"tasse"_s, u"1000"_s, u""_s, u""_s, u""_s, u""_s, u""_s, u""_s, u"4"_s, u"21"_s, u"20"_s, u"3"_s, u"1"_s}
+        << QStringList{u"tasse"_s, u"1000"_s, u""_s,   u""_s,   u""_s,  u""_s, u""_s,
+                       u""_s,      u"4"_s,    u"21"_s, u"20"_s, u"3"_s, u"1"_s}
         << u"Onorari=1.000,00|Spese imponibili=0|=1.000,00|Cassa previdenza avvocati 4%=40,00|=1.040,00|"
            u"Spese esenti art. 15 d.p.r. 633/72=0|TOTALE EURO=1.040,00|millequaranta/00"_s;
     QTest::newRow("acconti maggiori degli onorari")
-        << QStringList{u"tasse"_s, u"100"_s, u"0"_s, u"0"_s, u"300"_s, u"0"_s, u"0"_s, u""_s, u"4"_s, u""_s, u""_s}
+        << QStringList{u"tasse"_s, u"100"_s, u"0"_s, u"0"_s, u"300"_s, u"0"_s,
+                       u"0"_s,     u""_s,    u"4"_s, u""_s,  u""_s}
         << u"Onorari=100,00|Acconti corrispettivi=-300,00|Spese imponibili=0|=-200,00|"
            u"Cassa previdenza avvocati 4%=-8,00|=-208,00|Spese esenti art. 15 d.p.r. 633/72=0|"
            u"TOTALE EURO=-208,00|menoduecentotto/00"_s;
     // The court costs note knows no payments: 300 paid change nothing.
     QTest::newRow("nota giudiziale senza tasse né acconti")
-        << QStringList{u"tasse"_s, u"100"_s, u"0"_s, u"0"_s, u"300"_s, u"0"_s, u"0"_s, u""_s, u""_s, u""_s, u""_s, u"4"_s}
+        << QStringList{u"tasse"_s, u"100"_s, u"0"_s, u"0"_s, u"300"_s, u"0"_s,
+                       u"0"_s,     u""_s,    u""_s,  u""_s,  u""_s,    u"4"_s}
         << u"Onorari=100,00|Spese imponibili=0|=100,00|Spese esenti art. 15 d.p.r. 633/72=0|"
            u"TOTALE EURO=100,00|Oltre a iva, c.p. avv., come per legge=|cento/00"_s;
 }
@@ -128,20 +135,25 @@ void TestCli::rifiuta_data()
     QTest::newRow("due punti") << QStringList{u"lettere"_s, u"1.2.3"_s} << 1 << u"(13)"_s;
     QTest::newRow("punto decimale") << QStringList{u"lettere"_s, u"12.5"_s} << 1 << u"(13)"_s;
     QTest::newRow("oltre ogni numero") << QStringList{u"lettere"_s, u"1e400"_s} << 1 << u"(6)"_s;
-    QTest::newRow("lettere in un importo") << QStringList{u"formato"_s, u"0.00"_s, u"abc"_s} << 1 << u"valore"_s;
-    QTest::newRow("data inesistente") << QStringList{u"formato"_s, u"dd/mm/yyyy"_s, u"31/02/2012"_s} << 1 << u"(13)"_s;
-    QTest::newRow("tipo fuori elenco")
-        << QStringList{u"tasse"_s, u"1"_s, u""_s, u""_s, u""_s, u""_s, u""_s, u""_s, u""_s, u""_s, u""_s, u"8"_s} << 1
-        << u"da 0 a 7"_s;
+    QTest::newRow("lettere in un importo")
+        << QStringList{u"formato"_s, u"0.00"_s, u"abc"_s} << 1 << u"valore"_s;
+    QTest::newRow("data inesistente")
+        << QStringList{u"formato"_s, u"dd/mm/yyyy"_s, u"31/02/2012"_s} << 1 << u"(13)"_s;
+    QTest::newRow("tipo fuori elenco") << QStringList{u"tasse"_s, u"1"_s, u""_s, u""_s, u""_s, u""_s,
+                                                      u""_s,      u""_s,  u""_s, u""_s, u""_s, u"8"_s}
+                                       << 1 << u"da 0 a 7"_s;
     QTest::newRow("percentuale che non lo è")
-        << QStringList{u"tasse"_s, u"1"_s, u""_s, u""_s, u""_s, u""_s, u""_s, u"dodici"_s, u""_s, u""_s, u""_s} << 1
-        << u"spese generali %"_s;
+        << QStringList{u"tasse"_s, u"1"_s,      u""_s, u""_s, u""_s, u""_s,
+                       u""_s,      u"dodici"_s, u""_s, u""_s, u""_s}
+        << 1 << u"spese generali %"_s;
     QTest::newRow("nessun comando") << QStringList{} << 2 << u"Uso: calcanova-cli"_s;
     QTest::newRow("comando sconosciuto") << QStringList{u"ricava"_s} << 2 << u"ricava"_s;
     QTest::newRow("comando in maiuscolo") << QStringList{u"LETTERE"_s, u"1"_s} << 2 << u"LETTERE"_s;
     QTest::newRow("valore mancante") << QStringList{u"formato"_s, u"0.00"_s} << 2 << u"MODELLO VALORE"_s;
-    QTest::newRow("opzione sconosciuta") << QStringList{u"--veloce"_s, u"lettere"_s, u"1"_s} << 2 << u"--veloce"_s;
-    QTest::newRow("opzione senza cartella") << QStringList{u"lettere"_s, u"1"_s, u"--utente"_s} << 2 << u"--utente"_s;
+    QTest::newRow("opzione sconosciuta")
+        << QStringList{u"--veloce"_s, u"lettere"_s, u"1"_s} << 2 << u"--veloce"_s;
+    QTest::newRow("opzione senza cartella")
+        << QStringList{u"lettere"_s, u"1"_s, u"--utente"_s} << 2 << u"--utente"_s;
 }
 
 void TestCli::rifiuta()
@@ -157,7 +169,8 @@ void TestCli::rifiuta()
 
 void TestCli::tuttiInsiemeVannoAvanti()
 {
-    const Esito Avuto = Chiama({u"lettere"_s, u"--batch"_s}, {"1\n", "1.2.3\n", "", "2000001\n", "1;2\n", "0"});
+    const Esito Avuto =
+        Chiama({u"lettere"_s, u"--batch"_s}, {"1\n", "1.2.3\n", "", "2000001\n", "1;2\n", "0"});
     const QStringList Righe = Avuto.Uscita.split(u'\n', Qt::SkipEmptyParts);
     QCOMPARE(Righe.size(), 5);
     QCOMPARE(Righe[0], u"uno/00"_s);
@@ -182,8 +195,8 @@ void TestCli::casiConPuntoEVirgola()
 
 void TestCli::recordPerUnoScript()
 {
-    const Esito Avuto = Chiama({u"--json"_s, u"tasse"_s, u"1000"_s, u""_s, u""_s, u""_s, u""_s, u""_s, u""_s, u"4"_s,
-                                u""_s, u""_s});
+    const Esito Avuto = Chiama(
+        {u"--json"_s, u"tasse"_s, u"1000"_s, u""_s, u""_s, u""_s, u""_s, u""_s, u""_s, u"4"_s, u""_s, u""_s});
     const QJsonObject Record = QJsonDocument::fromJson(Avuto.Uscita.toUtf8()).object();
     QCOMPARE(Record[u"totale"_s].toDouble(), 1040.0);
     QCOMPARE(Record[u"lettere"_s].toString(), u"millequaranta/00"_s);
@@ -208,24 +221,27 @@ void TestCli::esempioCivile()
 
 void TestCli::esempioPenale()
 {
-    // Tribunale monocratico 300 + 600 + 900 + 900, hours 2,5 -> 3 at 20 = 60; all halved (art. 9): 150 + 300 + 450 +
-    // 450 + 30; the free item 150 takes no variation: 1.530. Expenses 42,50 taxable, 7,08 exempt. Base 1.572,50;
-    // 4 % 62,90; 21 % of 1.635,40 = 343,434 -> 343,43; total 1.572,50 + 62,90 + 343,43 + 7,08 = 1.985,91.
+    // Tribunale monocratico 300 + 600 + 900 + 900, hours 2,5 -> 3 at 20 = 60; all halved (art. 9): 150 + 300
+    // + 450 + 450 + 30; the free item 150 takes no variation: 1.530. Expenses 42,50 taxable, 7,08 exempt.
+    // Base 1.572,50; 4 % 62,90; 21 % of 1.635,40 = 343,434 -> 343,43; total 1.572,50 + 62,90 + 343,43 + 7,08
+    // = 1.985,91.
     const QString Nota = NuovaCartella() + u"penale.mdb"_s;
     QCOMPARE(Chiama({u"crea"_s, Esempio(u"penale.json"_s), Nota}).Guasti, QString());
-    QCOMPARE(Chiama({u"riepilogo"_s, Nota}).Uscita,
-             u"Onorari=1.530,00|Spese imponibili=42,50|=1.572,50|Cassa previdenza avvocati 4%=62,90|=1.635,40|"
-             u"I.V.A. 21%=343,43|Spese esenti art. 15 d.p.r. 633/72=7,08|TOTALE EURO=1.985,91|"
-             u"millenovecentottantacinque/91\n"_s);
+    QCOMPARE(
+        Chiama({u"riepilogo"_s, Nota}).Uscita,
+        u"Onorari=1.530,00|Spese imponibili=42,50|=1.572,50|Cassa previdenza avvocati 4%=62,90|=1.635,40|"
+        u"I.V.A. 21%=343,43|Spese esenti art. 15 d.p.r. 633/72=7,08|TOTALE EURO=1.985,91|"
+        u"millenovecentottantacinque/91\n"_s);
 }
 
 void TestCli::esempioStragiudiziale()
 {
-    // Value 20.000, second bracket. Opinion: 275 to 880, mid-point 577,50, + 20 % = 693. Negotiation: 200 + 15.000 x
-    // 2 % = 500 to 550 + 15.000 x 6 % = 1.450, mid-point 975, + 20 % = 1.170. Three hours: 100 to 300, mid-point 200,
-    // 600 + 20 % = 720. Sum 2.583; 12,5 % 322,875 -> 322,88. Paid 500 + 387.254 lire = 200,00 (387.254 / 1936,27),
-    // taxable expenses 18,40 less 10. Base 2.583 - 700 + 18,40 - 10 + 322,88 = 2.214,28; 4 % 88,5712 -> 88,57;
-    // 21 % of 2.302,85 = 483,5985 -> 483,60; exempt 32; total 2.818,45; 20 % 442,856 -> 442,86; net 2.375,59.
+    // Value 20.000, second bracket. Opinion: 275 to 880, mid-point 577,50, + 20 % = 693. Negotiation: 200
+    // + 15.000 x 2 % = 500 to 550 + 15.000 x 6 % = 1.450, mid-point 975, + 20 % = 1.170. Three hours: 100 to
+    // 300, mid-point 200, 600 + 20 % = 720. Sum 2.583; 12,5 % 322,875 -> 322,88. Paid 500 + 387.254 lire =
+    // 200,00 (387.254 / 1936,27), taxable expenses 18,40 less 10. Base 2.583 - 700 + 18,40 - 10 + 322,88
+    // = 2.214,28; 4 % 88,5712 -> 88,57; 21 % of 2.302,85 = 483,5985 -> 483,60; exempt 32; total 2.818,45; 20
+    // % 442,856 -> 442,86; net 2.375,59.
     const QString Nota = NuovaCartella() + u"stragiudiziale.mdb"_s;
     QCOMPARE(Chiama({u"crea"_s, Esempio(u"stragiudiziale.json"_s), Nota}).Guasti, QString());
     QCOMPARE(Chiama({u"riepilogo"_s, Nota, u"7"_s}).Uscita,
@@ -331,8 +347,9 @@ void TestCli::parcellaIllegibile()
     QFETCH(QByteArray, Contenuto);
     const QString File = NuovaCartella() + u"guasta.mdb"_s;
     ScriviFile(File, Contenuto);
-    for (const QStringList& Comando : {QStringList{u"nota"_s, File}, QStringList{u"riepilogo"_s, File, u"0"_s},
-                                       QStringList{u"stampa"_s, File, u"0"_s, NuovaCartella() + u"x.txt"_s}}) {
+    for (const QStringList& Comando :
+         {QStringList{u"nota"_s, File}, QStringList{u"riepilogo"_s, File, u"0"_s},
+          QStringList{u"stampa"_s, File, u"0"_s, NuovaCartella() + u"x.txt"_s}}) {
         const Esito Avuto = Chiama(Comando);
         QCOMPARE(Avuto.Stato, 1);
         QVERIFY2(Avuto.Guasti.contains(u"(3343)"), qPrintable(Avuto.Guasti));
@@ -345,7 +362,8 @@ void TestCli::parcellaIllegibile()
 void TestCli::senzaTariffe()
 {
     const QString Vuota = NuovaCartella();
-    const Esito Avuto = Chiama({u"--programma"_s, Vuota, u"crea"_s, Esempio(u"civile.json"_s), Vuota + u"n.mdb"_s});
+    const Esito Avuto =
+        Chiama({u"--programma"_s, Vuota, u"crea"_s, Esempio(u"civile.json"_s), Vuota + u"n.mdb"_s});
     QCOMPARE(Avuto.Stato, 1);
     QVERIFY2(Avuto.Guasti.contains(u"(3024)"), qPrintable(Avuto.Guasti));
     QVERIFY(!EsisteFile(Vuota + u"n.mdb"_s));

@@ -73,8 +73,8 @@ void TestLancio::pdfSiApreAllaPagina()
     ApriPDF(Guida, 12);
     ApriPDF(Guida);
     ApriPDF(CartellaFile(Guida) + u"guidaoperativa.PDF"_s, 3);
-    QCOMPARE(Eventi,
-             (QStringList{u"pdf "_s + Guida + u" 12"_s, u"pdf "_s + Guida + u" 0"_s, u"pdf "_s + Guida + u" 3"_s}));
+    QCOMPARE(Eventi, (QStringList{u"pdf "_s + Guida + u" 12"_s, u"pdf "_s + Guida + u" 0"_s,
+                                  u"pdf "_s + Guida + u" 3"_s}));
 }
 
 void TestLancio::pdfMancanteNonSiApre_data()

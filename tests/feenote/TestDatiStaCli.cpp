@@ -50,11 +50,16 @@ DatiCliente Persona()
 /// The row of Persona, and of who signs if she were a company.
 Colonne Riga()
 {
-    return {{u"Nominativo"_s, u"Mario Rossi"_s}, {u"Indirizzo"_s, u"Via Verdi 3"_s},
-            {u"Cap"_s, u"20100"_s},              {u"Citta"_s, u"Milano"_s},
-            {u"Prov"_s, u"MI"_s},                {u"CodFis"_s, u"RSSMRA70A01F205X"_s},
-            {u"PIva"_s, u"01234567890"_s},       {u"DataNascita"_s, QDate(1970, 1, 1)},
-            {u"ComuneNascita"_s, u"Monza"_s},    {u"RapprLegale"_s, u"Carla Bruni"_s}};
+    return {{u"Nominativo"_s, u"Mario Rossi"_s},
+            {u"Indirizzo"_s, u"Via Verdi 3"_s},
+            {u"Cap"_s, u"20100"_s},
+            {u"Citta"_s, u"Milano"_s},
+            {u"Prov"_s, u"MI"_s},
+            {u"CodFis"_s, u"RSSMRA70A01F205X"_s},
+            {u"PIva"_s, u"01234567890"_s},
+            {u"DataNascita"_s, QDate(1970, 1, 1)},
+            {u"ComuneNascita"_s, u"Monza"_s},
+            {u"RapprLegale"_s, u"Carla Bruni"_s}};
 }
 
 int Aggiungi(const Colonne& Valori)
@@ -84,9 +89,8 @@ void TestDatiStaCli::blocchi_data()
     QTest::addColumn<DatiCliente>("Cliente");
     QTest::addColumn<int>("Forma");
     QTest::addColumn<QString>("Blocco");
-    const auto Caso = [](const char* Nome, const DatiCliente& Cliente, FormaBlocco Forma, const QString& Blocco) {
-        QTest::newRow(Nome) << Cliente << int(Forma) << Blocco;
-    };
+    const auto Caso = [](const char* Nome, const DatiCliente& Cliente, FormaBlocco Forma,
+                         const QString& Blocco) { QTest::newRow(Nome) << Cliente << int(Forma) << Blocco; };
     DatiCliente Nudo;
     Nudo.Nominativo = u"Mario Rossi"_s;
     DatiCliente SenzaVia = Persona();

@@ -79,8 +79,8 @@ void TestGraduazione::unaRiga()
     QCOMPARE(Pannello.OnoDesc, u"Onorari inseriti: Fase 1"_s);
     QCOMPARE(Pannello.Imp, u"Importo onorario:"_s);
     QCOMPARE(Pannello.ImpOno, u"1.200,00"_s);
-    QCOMPARE(Pannello.RigheFasce, (QStringList{u"MINIMO      (600,00)"_s, u"MEDIO       (1.200,00)"_s,
-                                               u"MASSIMO  (1.920,00)"_s}));
+    QCOMPARE(Pannello.RigheFasce,
+             (QStringList{u"MINIMO      (600,00)"_s, u"MEDIO       (1.200,00)"_s, u"MASSIMO  (1.920,00)"_s}));
     QCOMPARE(Pannello.Evidenziata, int(FasciaMedio));
     QCOMPARE(Pannello.Gradua, 50);
 }

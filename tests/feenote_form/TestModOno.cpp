@@ -43,11 +43,17 @@ private Q_SLOTS:
 
 private:
     [[nodiscard]] QWidget* Pannello() const { return Controllo(F, "pctInsModOno"); }
-    [[nodiscard]] QToolButton* Variaz() const { return Controllo<QToolButton>(PaginaIn(F), "barListaOnoDir_variaz"); }
+    [[nodiscard]] QToolButton* Variaz() const
+    {
+        return Controllo<QToolButton>(PaginaIn(F), "barListaOnoDir_variaz");
+    }
     [[nodiscard]] QSlider* Cursore() const { return Controllo<QSlider>(F, "sldGraduaOno"); }
     [[nodiscard]] QListWidget* Fasce() const { return Controllo<QListWidget>(F, "tdbFasceOno"); }
     [[nodiscard]] QPushButton* Conferma() const { return Controllo<QPushButton>(F, "cmdModOno"); }
-    [[nodiscard]] QString Testo(const char* Etichetta) const { return Controllo<QLabel>(F, Etichetta)->text(); }
+    [[nodiscard]] QString Testo(const char* Etichetta) const
+    {
+        return Controllo<QLabel>(F, Etichetta)->text();
+    }
     [[nodiscard]] double Importo(int Riga) const { return NumeroDi(F->Nota.xOnorari(Riga, OnoImporto)); }
     [[nodiscard]] int Evidenziata() const
     {
@@ -128,7 +134,8 @@ void TestModOno::apreSullaRigaCorrente()
 
 void TestModOno::voceNonPrevista()
 {
-    T->Voce.Attendi(u"L'onorario 'Voce non prevista' non è variabile percentualmente!"_s, vbOK, u"Messaggio:"_s);
+    T->Voce.Attendi(u"L'onorario 'Voce non prevista' non è variabile percentualmente!"_s, vbOK,
+                    u"Messaggio:"_s);
     Apri(2);
     QVERIFY(!Pannello()->isVisible() && !Variaz()->isChecked());
 }
@@ -187,7 +194,8 @@ void TestModOno::fasciaColClic_data()
     QTest::addColumn<int>("Gradua");
     QTest::addColumn<double>("Confermato");
     QTest::newRow("minimo") << int(FasciaMin) << u"600,00"_s << 0 << 600.0;
-    QTest::newRow("medio, già evidenziato: il punto di mezzo") << int(FasciaMedio) << u"1.200,00"_s << 50 << 1260.0;
+    QTest::newRow("medio, già evidenziato: il punto di mezzo")
+        << int(FasciaMedio) << u"1.200,00"_s << 50 << 1260.0;
     QTest::newRow("massimo") << int(FasciaMax) << u"1.920,00"_s << 100 << 1920.0;
 }
 
@@ -442,7 +450,8 @@ void TestModOno::unAltraNotaLoChiude()
 
 void TestModOno::titoloConSegni()
 {
-    F->Nota.xOnorari(0, OnoDescr) = u"<b>Studio</b> & <img src='x'> dell'atto più lungo che si sia mai scritto"_s;
+    F->Nota.xOnorari(0, OnoDescr) =
+        u"<b>Studio</b> & <img src='x'> dell'atto più lungo che si sia mai scritto"_s;
     F->Mostra();
     Apri(0);
     auto* Titolo = Controllo<QLabel>(F, "lblOnoDesc");

@@ -33,8 +33,8 @@ void ClicSelettore(const Griglia* Righe, int Riga, Qt::KeyboardModifiers Con = Q
 /// QTest's own moves carry no button.
 void Muovi(const Griglia* Righe, const QPoint& Dove)
 {
-    QMouseEvent Evento(QEvent::MouseMove, Dove, Selettore(Righe)->mapToGlobal(Dove), Qt::NoButton, Qt::LeftButton,
-                       Qt::NoModifier);
+    QMouseEvent Evento(QEvent::MouseMove, Dove, Selettore(Righe)->mapToGlobal(Dove), Qt::NoButton,
+                       Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(Selettore(Righe), &Evento);
 }
 
@@ -257,7 +257,8 @@ void TestRigheScelte::laCellaRifiutataFermaIlTaglio()
 
 void TestRigheScelte::incollaAllaRigaSelezionata()
 {
-    T->Voce.Attendi(u"Le nuove prestazioni saranno inserite nella riga selezionata!"_s, vbOK, u"Avvertenza:"_s);
+    T->Voce.Attendi(u"Le nuove prestazioni saranno inserite nella riga selezionata!"_s, vbOK,
+                    u"Avvertenza:"_s);
     Clic(Tasto("currentrow"));
     ClicSelettore(Righe, 4);
     Clic(Tasto("copia"));
@@ -401,7 +402,8 @@ void TestRigheScelte::trascina()
     if (!Una)
         for (const int Riga : Scelte)
             ClicSelettore(Righe, Riga, Qt::ControlModifier);
-    T->Voce.Attendi(Una ? u"Confermi lo spostamento della riga?"_s : u"Confermi lo spostamento delle righe?"_s,
+    T->Voce.Attendi(Una ? u"Confermi lo spostamento della riga?"_s
+                        : u"Confermi lo spostamento delle righe?"_s,
                     vbYes, u"Domanda:"_s);
     Trascina(Righe, Scelte.last(), SulSelettore(Righe, SuRiga));
     QTEST(Nomi(), "Dopo");
@@ -420,8 +422,8 @@ void TestRigheScelte::trascinaNo()
 
 void TestRigheScelte::trascinaFuoriDalleRighe()
 {
-    T->Voce.Attendi(u"Riga non valida: selezionare con il puntatore l'interno della riga di destinazione!"_s, vbOK,
-                    u"Errore:"_s);
+    T->Voce.Attendi(u"Riga non valida: selezionare con il puntatore l'interno della riga di destinazione!"_s,
+                    vbOK, u"Errore:"_s);
     Trascina(Righe, 0, {8, Selettore(Righe)->height() - 2});
     QCOMPARE(Nomi(), u"abcde"_s);
     Trascina(Righe, 0, {8, Selettore(Righe)->height() + 300});

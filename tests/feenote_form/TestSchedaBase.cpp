@@ -340,8 +340,8 @@ void TestSchedaBase::ilCancelloGuardaIlValore_data()
     QTest::addColumn<int>("Scaglione");
     QTest::addColumn<QString>("Valore");
     QTest::addColumn<QString>("Messaggio");
-    QTest::newRow("valore esatto richiesto") << 6 << QString()
-                                             << u"Occorre specificare il valore esatto della causa!"_s;
+    QTest::newRow("valore esatto richiesto")
+        << 6 << QString() << u"Occorre specificare il valore esatto della causa!"_s;
     QTest::newRow("oltre ogni scaglione")
         << 6 << u"9999999999999"_s << u"Il valore della causa specificato non è compreso nello scaglione!"_s;
     QTest::newRow("senza scaglione") << -1 << u"9999999999999"_s

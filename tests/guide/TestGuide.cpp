@@ -58,12 +58,14 @@ void TestGuide::documenti_data()
     QTest::addColumn<QString>("Titolo");
     QTest::addColumn<QString>("Frase");
 
-    QTest::newRow("default interest") << u"AvvertenzeInteressiMora.pdf"_s << u"Interessi di mora: avvertenze"_s
-                                      << u"il divisore è sempre 365"_s;
+    QTest::newRow("default interest") << u"AvvertenzeInteressiMora.pdf"_s
+                                      << u"Interessi di mora: avvertenze"_s << u"il divisore è sempre 365"_s;
     QTest::newRow("appeals") << u"docum/SchedaImpugnazioni.pdf"_s
-                             << u"Contributo unificato: impugnazioni e cassazione"_s << u"aumentato della metà"_s;
+                             << u"Contributo unificato: impugnazioni e cassazione"_s
+                             << u"aumentato della metà"_s;
     QTest::newRow("news") << u"NovitaKR5.pdf"_s << u"Calcanova 3: le novità"_s << u"Copia di recupero"_s;
-    QTest::newRow("guide") << u"GuidaOperativa.pdf"_s << u"Guida operativa"_s << u"Una parcella in cinque passi"_s;
+    QTest::newRow("guide") << u"GuidaOperativa.pdf"_s << u"Guida operativa"_s
+                           << u"Una parcella in cinque passi"_s;
 }
 
 void TestGuide::documenti()

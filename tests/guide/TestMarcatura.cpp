@@ -80,7 +80,8 @@ void TestMarcatura::tratti()
     const auto& Tratti = ParagrafoDi(Letta, 1).Tratti;
     QStringList Visti;
     for (const Tratto& Uno : Tratti)
-        Visti << Uno.Testo + (Uno.Font.Grassetto ? u"*"_s : QString()) + (Uno.Font.Corsivo ? u"/"_s : QString());
+        Visti << Uno.Testo + (Uno.Font.Grassetto ? u"*"_s : QString()) +
+                     (Uno.Font.Corsivo ? u"/"_s : QString());
     QCOMPARE(Visti, (QStringList{u"di "_s, u"regola*"_s, u" e "_s, u"non/"_s, u" "_s, u"sempre*/"_s}));
 }
 

@@ -72,11 +72,11 @@ void TestPagineProgramma::nominate_data()
     QTest::addColumn<QString>("Nome");
 
     // Names to the letter: the disks of some offices tell capitals apart.
-    for (const char* Nome :
-         {"avvisokr6.htm", "avvertenzetermini.htm", "SchedaNotaSpese.htm", "SkIvaDiff.htm", "note/blank.htm",
-          "docum/Tabella contributo unificato.htm",
-          "docum/D.P.R. n. 115 del 30.5.2002 (stralcio, contributo unificato).htm", "docum/SchedaImpugnazioni.pdf",
-          "AvvertenzeInteressiMora.pdf", "NovitaKR5.pdf", "GuidaOperativa.pdf"})
+    for (const char* Nome : {"avvisokr6.htm", "avvertenzetermini.htm", "SchedaNotaSpese.htm", "SkIvaDiff.htm",
+                             "note/blank.htm", "docum/Tabella contributo unificato.htm",
+                             "docum/D.P.R. n. 115 del 30.5.2002 (stralcio, contributo unificato).htm",
+                             "docum/SchedaImpugnazioni.pdf", "AvvertenzeInteressiMora.pdf", "NovitaKR5.pdf",
+                             "GuidaOperativa.pdf"})
         QTest::newRow(Nome) << QString::fromLatin1(Nome);
 }
 
@@ -128,7 +128,8 @@ void TestPagineProgramma::bozze()
     // Colours and sizes are the viewer's: a page with its own would be unreadable on a dark palette.
     for (const QStringView Proprio : {u"style=", u"<style", u"bgcolor", u"color=", u"<font"})
         QVERIFY2(!Html.contains(Proprio, Qt::CaseInsensitive), qPrintable(Proprio.toString()));
-    for (const QStringView Marca : {u"table", u"tr", u"td", u"ul", u"ol", u"li", u"p", u"h1", u"h2", u"a", u"b"})
+    for (const QStringView Marca :
+         {u"table", u"tr", u"td", u"ul", u"ol", u"li", u"p", u"h1", u"h2", u"a", u"b"})
         QVERIFY2(Html.count(QRegularExpression(u"<%1[ >]"_s.arg(Marca))) == Html.count(u"</%1>"_s.arg(Marca)),
                  qPrintable(Marca.toString()));
 }

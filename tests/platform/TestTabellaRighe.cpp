@@ -108,8 +108,16 @@ void TestTabellaRighe::inserisceInsieme()
     T(1, 0) = u"x"_s;  // no row shares its cells with another
     T.InserisciRighe(0, 0);
     QCOMPARE(Prime(T), QStringList({u"a"_s, u"x"_s, u""_s, u""_s, u"b"_s}));
-    QCOMPARE(NumeroErrore([&] { T.InserisciRighe(6, 1); return 0; }), 9);
-    QCOMPARE(NumeroErrore([&] { T.InserisciRighe(0, -1); return 0; }), 9);
+    QCOMPARE(NumeroErrore([&] {
+                 T.InserisciRighe(6, 1);
+                 return 0;
+             }),
+             9);
+    QCOMPARE(NumeroErrore([&] {
+                 T.InserisciRighe(0, -1);
+                 return 0;
+             }),
+             9);
 }
 
 void TestTabellaRighe::elimina()

@@ -454,9 +454,8 @@ void TestCampo::numericoSempre()
 
 void TestCampo::percentoSenzaSegno()
 {
-    const auto Prima = InstallaFiltro([](int Tasto, const QString& Tipo) {
-        return Tipo.contains(QChar(Tasto)) ? Tasto : 0;
-    });
+    const auto Prima = InstallaFiltro(
+        [](int Tasto, const QString& Tipo) { return Tipo.contains(QChar(Tasto)) ? Tasto : 0; });
     CampoNumerico(M->A, {}, true);
     QTest::keyClicks(M->A, u"-1a2.5"_s);
     QCOMPARE(M->A->text(), u"12,5"_s);

@@ -8,7 +8,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Strips told by a word each: a height, "b" blank, "u" joined to the one before, "n" begins a page, "t2" repeats 2 above.
+/// Strips told by a word each: a height, "b" blank, "u" joined to the one before, "n" begins a page, "t2"
+/// repeats 2 above.
 std::vector<Striscia> Strisce(const QString& Parole)
 {
     std::vector<Striscia> Tutte;

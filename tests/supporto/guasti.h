@@ -23,7 +23,8 @@ inline int FileAperti(const QString& File)
 {
     int Quanti = 0;
     const QString Vero = QFileInfo(File).canonicalFilePath();
-    for (const QFileInfo& Voce : QDir(QStringLiteral("/proc/self/fd")).entryInfoList(QDir::System | QDir::Files))
+    for (const QFileInfo& Voce :
+         QDir(QStringLiteral("/proc/self/fd")).entryInfoList(QDir::System | QDir::Files))
         Quanti += Voce.symLinkTarget() == Vero;
     return Quanti;
 }

@@ -17,7 +17,7 @@ struct RegistraProva
 };
 
 /// Registers a test class under its name; stands once in each Test*.cpp.
-#define PROVA(Classe) \
+#define PROVA(Classe)                                                                                        \
     static const RegistraProva Registrata_##Classe(#Classe, [] { return static_cast<QObject*>(new Classe); })
 
 /// A fresh folder of this process, with the separator at its end; gone when the process ends.

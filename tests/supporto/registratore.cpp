@@ -8,9 +8,12 @@ namespace {
 int RispostaSicura(int Bandiere)
 {
     switch (Bandiere & 7) {
-    case vbOKOnly: return vbOK;
-    case vbYesNo: return vbNo;
-    default: return vbCancel;
+    case vbOKOnly:
+        return vbOK;
+    case vbYesNo:
+        return vbNo;
+    default:
+        return vbCancel;
     }
 }
 
@@ -27,9 +30,8 @@ Registratore::Registratore()
     Nuovi.Box = [this](const QString& Testo, int Bandiere, const QString& Titolo) {
         return Box(Testo, Bandiere, Titolo);
     };
-    Nuovi.BoxPulsanti = [this](const QString& Testo, int Bandiere, const QString& Titolo, const QStringList&) {
-        return Box(Testo, Bandiere, Titolo);
-    };
+    Nuovi.BoxPulsanti = [this](const QString& Testo, int Bandiere, const QString& Titolo,
+                               const QStringList&) { return Box(Testo, Bandiere, Titolo); };
     Nuovi.Immissione = [this](const QString& Testo, const QString& Titolo, const QString&) {
         return Chiedi(Testo, Titolo);
     };
@@ -67,8 +69,8 @@ void Registratore::AttendiImmissione(const QString& Contiene, const QString& Ris
 int Registratore::Box(const QString& Testo, int Bandiere, const QString& Titolo)
 {
     Visti.append({Testo, Bandiere, Titolo});
-    if (!Tocca(Domanda::Box) || Attese.first().Testo != Testo
-        || (!Attese.first().Titolo.isEmpty() && Attese.first().Titolo != Titolo)) {
+    if (!Tocca(Domanda::Box) || Attese.first().Testo != Testo ||
+        (!Attese.first().Titolo.isEmpty() && Attese.first().Titolo != Titolo)) {
         if (!Tollerante)
             Fallisci(QStringLiteral("messaggio inatteso: [") + Titolo + QStringLiteral("] ") + Testo);
         return RispostaSicura(Bandiere);
@@ -93,7 +95,8 @@ QString Registratore::Scegli(Domanda Quale, const QString& Titolo, const QString
     UltimoInizio = Iniziale;
     if (!Tocca(Quale)) {
         if (!Tollerante)
-            Fallisci(QStringLiteral("finestra di scelta inattesa: [") + Titolo + QStringLiteral("] ") + Iniziale);
+            Fallisci(QStringLiteral("finestra di scelta inattesa: [") + Titolo + QStringLiteral("] ") +
+                     Iniziale);
         return {};
     }
     return Attese.takeFirst().Digitato;

@@ -30,8 +30,8 @@ public:
     void Attendi(const QString& Testo, int Risposta = vbOK, const QString& Titolo = {});
     /// The next input box, asked with a text that contains this, gets this answer.
     void AttendiImmissione(const QString& Contiene, const QString& Risposta);
-    /// The next save or open dialog gets this path; an empty one cancels it. A dialog that nobody expects fails
-    /// the test and is cancelled.
+    /// The next save or open dialog gets this path; an empty one cancels it. A dialog that nobody expects
+    /// fails the test and is cancelled.
     void AttendiSalva(const QString& Percorso) { Attese.append({Domanda::Salva, {}, {}, vbOK, Percorso}); }
     void AttendiApri(const QString& Percorso) { Attese.append({Domanda::Apri, {}, {}, vbOK, Percorso}); }
     /// Title and starting point of the last save or open dialog.
@@ -58,7 +58,10 @@ private:
     int Box(const QString& Testo, int Bandiere, const QString& Titolo);
     QString Chiedi(const QString& Testo, const QString& Titolo);
     QString Scegli(Domanda Quale, const QString& Titolo, const QString& Iniziale);
-    [[nodiscard]] bool Tocca(Domanda Quale) const { return !Attese.isEmpty() && Attese.first().Quale == Quale; }
+    [[nodiscard]] bool Tocca(Domanda Quale) const
+    {
+        return !Attese.isEmpty() && Attese.first().Quale == Quale;
+    }
 
     Messaggi Precedenti;
     QList<Attesa> Attese;

@@ -71,7 +71,10 @@ private Q_SLOTS:
     void ricordaIlPosto();
 
 private:
-    void Scrivi(const QString& Nome, const QByteArray& Contenuto) const { ScriviFile(Prog + Nome, Contenuto); }
+    void Scrivi(const QString& Nome, const QByteArray& Contenuto) const
+    {
+        ScriviFile(Prog + Nome, Contenuto);
+    }
     void Mostra(const QString& Nome)
     {
         W->Indirizzo = Prog + Nome;
@@ -304,8 +307,8 @@ void TestFrmWeb::collegamenti_data()
     QTest::addColumn<int>("Numero");
     QTest::addColumn<QString>("Aperto");
 
-    QTest::newRow("web address, letters as they stand")
-        << u"https://www.esempio.it/Una%20Pagina?Q=1"_s << 0 << 0 << u"https://www.esempio.it/Una%20Pagina?Q=1"_s;
+    QTest::newRow("web address, letters as they stand") << u"https://www.esempio.it/Una%20Pagina?Q=1"_s << 0
+                                                        << 0 << u"https://www.esempio.it/Una%20Pagina?Q=1"_s;
     QTest::newRow("mail") << u"mailto:studio@esempio.it"_s << 0 << 0 << u"mailto:studio@esempio.it"_s;
     QTest::newRow("no browser") << u"http://www.esempio.it/"_s << 31 << 31 << u"http://www.esempio.it/"_s;
     QTest::newRow("scheme that runs things") << u"javascript:alert(1)"_s << 0 << 52 << QString();
@@ -359,7 +362,8 @@ void TestFrmWeb::ancora()
 {
     const Registratore Box;
     Scrivi(u"lunga.htm"_s, "<a href=\"#fondo\">giù</a>" + QByteArray("<p>riga</p>").repeated(200) +
-                               "<h2><a name=\"fondo\"></a>Fondo</h2>" + QByteArray("<p>riga</p>").repeated(200));
+                               "<h2><a name=\"fondo\"></a>Fondo</h2>" +
+                               QByteArray("<p>riga</p>").repeated(200));
     Mostra(u"lunga.htm"_s);
     QCOMPARE(Web1()->verticalScrollBar()->value(), 0);
     Q_EMIT Web1()->anchorClicked(Web1()->source().resolved(QUrl(u"#fondo"_s)));
@@ -419,8 +423,8 @@ void TestFrmWeb::figure()
     const QString File = (Fuori ? NuovaCartella() : Prog) + u"figura.png"_s;
     QVERIFY(Disegno.save(File));
     Mostra(u"uno.htm"_s);
-    const QVariant Letta =
-        Web1()->loadResource(QTextDocument::ImageResource, Fuori ? QUrl::fromLocalFile(File) : QUrl(u"figura.png"_s));
+    const QVariant Letta = Web1()->loadResource(QTextDocument::ImageResource,
+                                                Fuori ? QUrl::fromLocalFile(File) : QUrl(u"figura.png"_s));
     QTEST(Letta.value<QImage>().size(), "Mostrata");
 }
 
@@ -430,10 +434,11 @@ void TestFrmWeb::foglioDiStileFuoriCartella()
     const QString Fuori = NuovaCartella();
     ScriviFile(Fuori + u"stile.css"_s, "h1 { color: #ff0000; }");
     Mostra(u"uno.htm"_s);
-    QCOMPARE(Web1()
-                 ->loadResource(QTextDocument::StyleSheetResource, QUrl::fromLocalFile(Fuori + u"stile.css"_s))
-                 .toByteArray(),
-             QByteArray(" "));
+    QCOMPARE(
+        Web1()
+            ->loadResource(QTextDocument::StyleSheetResource, QUrl::fromLocalFile(Fuori + u"stile.css"_s))
+            .toByteArray(),
+        QByteArray(" "));
 }
 
 void TestFrmWeb::paginaTroppoGrande_data()

@@ -202,7 +202,8 @@ private:
         std::vector<Cella> Fatte;
         for (const QString& Uno : Testi) {
             const bool Destra = Dati.ADestra[Fatte.size()];
-            Fatte.push_back({Uno, Destra ? Allineamento::Destra : Allineamento::Sinistra, FontTabella(Testata)});
+            Fatte.push_back(
+                {Uno, Destra ? Allineamento::Destra : Allineamento::Sinistra, FontTabella(Testata)});
         }
         return Fatte;
     }
