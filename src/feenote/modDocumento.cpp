@@ -65,16 +65,16 @@ double ImportoFile(const QVariant& Cella)
     return Arrotonda2(NumeroDi(Cella));
 }
 
-double PercentoSe(const Spunta& Tick, const Casella& Box)
+double PercentoSe(bool Attiva, const QString& Testo)
 {
-    return Tick.Attiva ? Box.Numero() : 0.0;
+    return Attiva ? NumeroDi(Testo) : 0.0;
 }
 
-/// The beginning of a description that the file keeps; a character of two units is not cut in half.
-QString DescrFile(const QString& Descr)
+/// The beginning of a text; a character of two units is not cut in half.
+QString PrimiCaratteri(const QString& Testo, int Massimo)
 {
-    const bool Spezza = Descr.size() > MassimoDescr && Descr[MassimoDescr - 1].isHighSurrogate();
-    return Descr.left(Spezza ? MassimoDescr - 1 : MassimoDescr);
+    const bool Spezza = Testo.size() > Massimo && Testo[Massimo - 1].isHighSurrogate();
+    return Testo.left(Spezza ? Massimo - 1 : Massimo);
 }
 
 QVariant DataONull(const QString& Testo)
@@ -107,11 +107,12 @@ void ScriviStampa(Recordset& Param, const Parcella& Nota)
 {
     Param.ImpostaValue(u"Testo1"_s, Nota.DatiPar(DatoTestoSuperiore));
     Param.ImpostaValue(u"Testo2"_s, Nota.DatiPar(DatoTestoInferiore));
-    Param.ImpostaValue(u"VisMinMax"_s, Nota.chkMinMax.Attiva ? 1 : 0);
-    Param.ImpostaValue(u"IVA"_s, PercentoSe(Nota.chkIva, Nota.txtIVA));
-    Param.ImpostaValue(u"RA"_s, PercentoSe(Nota.chkRA, Nota.txtRA));
-    Param.ImpostaValue(u"CP"_s, Arrotonda2(PercentoSe(Nota.chkCP, Nota.txtCP)));
-    Param.ImpostaValue(u"SpeseGen"_s, Arrotonda2(PercentoSe(Nota.chkSpeseGen, Nota.txtSpeGen)));
+    const MemoriaStampa Propria = StampaPropria(Nota);
+    Param.ImpostaValue(u"VisMinMax"_s, Propria.MinMax ? 1 : 0);
+    Param.ImpostaValue(u"IVA"_s, PercentoSe(Propria.Iva, Propria.TestoIva));
+    Param.ImpostaValue(u"RA"_s, PercentoSe(Propria.RA, Propria.TestoRA));
+    Param.ImpostaValue(u"CP"_s, Arrotonda2(PercentoSe(Propria.CP, Propria.TestoCP)));
+    Param.ImpostaValue(u"SpeseGen"_s, Arrotonda2(PercentoSe(Propria.SpeseGen, Propria.TestoSpeseGen)));
     Param.ImpostaValue(u"DataFatt"_s, DataONull(Nota.DatiPar(DatoDataFatt)));
     Param.ImpostaValue(u"NumFatt"_s, Nota.DatiPar(DatoNumFatt));
     for (const CampoDati& Voce : CampiDeposito)
@@ -145,7 +146,7 @@ void ScriviRighe(Recordset& Righe, const TabellaRighe& Tabella, const QString& G
         Righe.AddNew();
         Righe.ImpostaValue(u"OnoDir"_s, Genere);
         Righe.ImpostaValue(u"Data"_s, DataONull(CStr(Tabella(Riga, OnoData))));
-        Righe.ImpostaValue(u"Descr"_s, DescrFile(CStr(Tabella(Riga, OnoDescr))));
+        Righe.ImpostaValue(u"Descr"_s, PrimiCaratteri(CStr(Tabella(Riga, OnoDescr)), MassimoDescr));
         for (const Corrispondenza& Voce : Campi) {
             const QVariant& Cella = Tabella(Riga, Voce.Colonna);
             Righe.ImpostaValue(Voce.Campo.toString(),

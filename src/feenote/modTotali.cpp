@@ -140,11 +140,11 @@ const Interruttore& Cerca(Imposta Quale)
 
 constexpr std::array Imposte{Imposta::IVA, Imposta::RA, Imposta::CP, Imposta::SpeseGen};
 
-void Ricorda(Parcella& Nota, Imposta Quale)
+void Ricorda(const Parcella& Nota, Imposta Quale, MemoriaStampa& Dove)
 {
     const Interruttore& Voce = Cerca(Quale);
-    Nota.Memoria.*Voce.TickRicordato = (Nota.*Voce.Tick).Attiva;
-    Nota.Memoria.*Voce.TestoRicordato = (Nota.*Voce.Box).Testo;
+    Dove.*Voce.TickRicordato = (Nota.*Voce.Tick).Attiva;
+    Dove.*Voce.TestoRicordato = (Nota.*Voce.Box).Testo;
 }
 
 void Togli(Parcella& Nota, Imposta Quale)
@@ -189,7 +189,7 @@ bool ClicImposta(Parcella& Nota, Imposta Quale, bool Attiva)
         Nota.AvvisoNotaGiudiziale = true;
     SetModificata(Nota, true);
     if (!NotaGiudiziale)
-        Ricorda(Nota, Quale);
+        Ricorda(Nota, Quale, Nota.Memoria);
     return Avviso;
 }
 
@@ -198,7 +198,7 @@ void CambiaPercento(Parcella& Nota, Imposta Quale, const QString& Testo)
     (Nota.*Cerca(Quale).Box).Testo = Testo;
     SetModificata(Nota, true);
     if (Nota.cmbTipoStampa != StampaNotaGiudiziale)
-        Ricorda(Nota, Quale);
+        Ricorda(Nota, Quale, Nota.Memoria);
 }
 
 void CambiaRegime(Parcella& Nota, bool Attivo)
@@ -238,9 +238,25 @@ void CambiaAcconti(Parcella& Nota, bool Attivo)
 void RicordaStampa(Parcella& Nota)
 {
     for (const Imposta Quale : Imposte)
-        Ricorda(Nota, Quale);
+        Ricorda(Nota, Quale, Nota.Memoria);
     Nota.Memoria.MinMax = Nota.chkMinMax.Attiva;
     Nota.Memoria.Acconti = Nota.chkAcconti.Attiva;
+}
+
+MemoriaStampa StampaPropria(const Parcella& Nota)
+{
+    MemoriaStampa Propria = Nota.Memoria;
+    if (Nota.cmbTipoStampa != StampaNotaGiudiziale)
+        for (const Imposta Quale : Imposte)
+            Ricorda(Nota, Quale, Propria);
+    else if (Nota.chkRegSempl.Attiva)
+        for (const Imposta Quale : EscluseDalRegime)
+            Ricorda(Nota, Quale, Propria);
+    if (Nota.cmbTipoStampa != StampaFatturaSintetica) {
+        Propria.MinMax = Nota.chkMinMax.Attiva;
+        Propria.Acconti = Nota.chkAcconti.Attiva;
+    }
+    return Propria;
 }
 
 void ScegliTipoStampa(Parcella& Nota, int Tipo)

@@ -109,6 +109,10 @@ void CambiaAcconti(Parcella& Nota, bool Attivo);
 /// Copies all switches and box texts into the memory that print types restore from.
 void RicordaStampa(Parcella& Nota);
 
+/// The switches and box texts of the note itself, whatever the print type in view forces: what its file
+/// keeps. What the subsidised regime has cleared is cleared here too, since no file knows the regime.
+[[nodiscard]] MemoriaStampa StampaPropria(const Parcella& Nota);
+
 /// The print type was chosen: switches are forced, disabled or restored by its rules.
 void ScegliTipoStampa(Parcella& Nota, int Tipo);
 
