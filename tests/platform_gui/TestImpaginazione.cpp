@@ -67,6 +67,7 @@ private Q_SLOTS:
     void iRientriSpostanoLeRighe();
     void laListaPende_data();
     void laListaPende();
+    void ilTabVaAlSegnoSeguente();
     void rientriCheNonLascianoPosto();
     void loSpazioSopraESotto();
     void laPaginaChiestaComincia();
@@ -325,6 +326,24 @@ void TestImpaginazione::laListaPende()
     QVERIFY(Vicini(Righe[1].Mm.left(), 30.0));
     QVERIFY2(Vicini(Fatta.Cursore(3).Mm.left(), 30.0),
              qPrintable(QString::number(Fatta.Cursore(3).Mm.left())));
+    QVERIFY2(Righe[0].Lunghezza > 3, "il testo comincia accanto al suo numero, non sotto");
+}
+
+void TestImpaginazione::ilTabVaAlSegnoSeguente()
+{
+    // Stops every 12.5 mm from the left edge of the text.
+    Superficie vp;
+    PreparaPagina(vp);
+    vp.Text(u"\tuno\tdue\t\tquattro"_s);
+    vp.Paragraph({});
+    const Impaginazione Fatta(Finito(vp));
+    QCOMPARE(Fatta.Righe(1).size(), std::size_t(1));
+    const auto X = [&](const QString& Parola) {
+        return Fatta.Cursore(Fatta.Testo().indexOf(Parola)).Mm.left() - Fatta.AreaTestoMm().left();
+    };
+    QVERIFY2(Vicini(X(u"uno"_s), 12.5), qPrintable(QString::number(X(u"uno"_s))));
+    QVERIFY2(Vicini(X(u"due"_s), 25.0), qPrintable(QString::number(X(u"due"_s))));
+    QVERIFY2(Vicini(X(u"quattro"_s), 50.0), qPrintable(QString::number(X(u"quattro"_s))));
 }
 
 void TestImpaginazione::rientriCheNonLascianoPosto()
