@@ -22,6 +22,14 @@ private Q_SLOTS:
     void dueVolteLoStesso();
     void clienteDiMilleLettere_data();
     void clienteDiMilleLettere();
+    void testiOstili_data();
+    void testiOstili();
+    void aCapoNeiTesti_data();
+    void aCapoNeiTesti();
+    void importiAlLimite_data();
+    void importiAlLimite();
+    void duemilaRighe_data();
+    void duemilaRighe();
 
 private:
     documenti::DataFissa Oggi{QDate(2014, 1, 10)};
@@ -57,6 +65,51 @@ Caso CasoAssociata()
     return Uno;
 }
 
+Caso CasoAssociataDopo()
+{
+    Caso Uno{documenti::Completa(campioni::ConAssociata(false))};
+    Uno.Nota.Multi.Oggetto = u"parere sul contratto"_s;
+    return Uno;
+}
+
+/// The parameters of both notes, their triples, expenses and payments in both, an increase of the decree.
+Caso CasoParametri()
+{
+    Caso Uno = CasoAssociataDopo();
+    Parcella& Nota = Uno.Nota;
+    Nota.chkMultiParam = true;
+    Nota.chkMinMax.Attiva = true;
+    Nota.txtImporto.Testo = u"30.000,00"_s;
+    Nota.AumRidIdx = 0;
+    Nota.AumRidVarP = 20;
+    Nota.Multi.Categ = u"Penale"_s;
+    Nota.Multi.Oggetto.clear();
+    Nota.xOnorari(0, OnoMin) = 600.0;
+    Nota.xOnorari(0, OnoMax) = 2400.0;
+    Nota.Multi.xOnorari(0, OnoMin) = 450.0;
+    Nota.Multi.xOnorari(0, OnoMax) = 1800.0;
+    campioni::AggiungiSpesa(Nota.xDiritti, u"Notifiche"_s, 2.0, 30.0, 10.0);
+    campioni::AggiungiAcconto(Nota.xAcconti, u"Bonifico del 02/04/2013"_s, u"E"_s, 500.0, 20.0, 10.0);
+    campioni::AggiungiAcconto(Nota.xAcconti, u"Contanti"_s, u"L"_s, 100000.0, 50000.0);
+    return Uno;
+}
+
+/// More paid on account than is due.
+Caso CasoOltre()
+{
+    Caso Uno{documenti::Completa(campioni::Vuota())};
+    Parcella& Nota = Uno.Nota;
+    campioni::ApplicaTutte(Nota);
+    Nota.CodCateg = u"PEN"_s;
+    Nota.cmbCateg = 1;
+    Nota.chkAcconti.Attiva = true;
+    Nota.txtDatiStaCli.Testo = u"Luca Verdi"_s;
+    campioni::AggiungiOnorario(Nota.xOnorari, u"Consulenza"_s, 1.0, 1000.0);
+    campioni::AggiungiSpesa(Nota.xDiritti, u"Bolli"_s, 1.0, 0.0, 10.0);
+    campioni::AggiungiAcconto(Nota.xAcconti, u"Bonifico del 05/02/2013"_s, u"E"_s, 2562.5, 0.0, 25.0);
+    return Uno;
+}
+
 /// The subsidised regime, on an invoice whose number is written by hand.
 Caso CasoRegime()
 {
@@ -74,7 +127,14 @@ Caso CasoVuota()
                 sessione::StudioIndir.clear();
                 sessione::StudioCitta.clear();
                 sessione::StudioCodFisc.clear();
+                sessione::Firma.clear();
             }};
+}
+
+/// Marks of every format that a document is exported to, and signs beyond the plane of the common ones.
+QString TestoOstile()
+{
+    return u"{\\rtf1 \\b x} <b>&amp;</b> 100%d %1 \U0001F600 é"_s;
 }
 
 }  // namespace
@@ -97,11 +157,19 @@ void TestDocumenti::dorati_data()
     };
     const QList<int> Tutti{StampaPreventivo,     StampaFatturaSintetica, StampaFatturaAnalitica,
                            StampaNotaGiudiziale, StampaContratto,        StampaInformativa};
+    const QList<int> Contabili{StampaPreventivo, StampaFatturaSintetica, StampaFatturaAnalitica,
+                               StampaNotaGiudiziale};
     Aggiungi("civile", CasoCivile(), Tutti);
     Aggiungi("associata_prima", CasoAssociata(), Tutti);
-    Aggiungi("penale", CasoPenale(), {StampaPreventivo, StampaNotaGiudiziale});
-    Aggiungi("stragiudiziale", {documenti::Completa(campioni::Stragiudiziale())}, {StampaFatturaSintetica});
-    Aggiungi("regime", CasoRegime(), {StampaFatturaSintetica, StampaFatturaAnalitica});
+    Aggiungi("associata_dopo", CasoAssociataDopo(), Contabili);
+    Aggiungi("associata_parametri", CasoParametri(),
+             {StampaPrenotula, StampaFatturaSintetica, StampaNotaGiudiziale});
+    Aggiungi("penale", CasoPenale(), Contabili);
+    Aggiungi("stragiudiziale", {documenti::Completa(campioni::Stragiudiziale())}, Contabili);
+    Aggiungi("regime", CasoRegime(),
+             {StampaPrenotula, StampaFatturaSintetica, StampaFatturaAnalitica, StampaNotaGiudiziale});
+    Aggiungi("oltre", CasoOltre(), {StampaPrenotula, StampaFatturaSintetica, StampaNotaGiudiziale});
+    Aggiungi("vuota", CasoVuota(), Contabili);
     Aggiungi("vuota", CasoVuota(), {StampaContratto});
 }
 
@@ -134,6 +202,8 @@ void TestDocumenti::dueVolteLoStesso()
     QCOMPARE(vp.Contenuto().MargineAltoCm, Prima.MargineAltoCm);
 }
 
+// ---- input that nobody would like
+
 void TestDocumenti::clienteDiMilleLettere_data()
 {
     documenti::RighePerTipo();
@@ -147,6 +217,143 @@ void TestDocumenti::clienteDiMilleLettere()
     Nota.txtDatiStaCli.Testo = Nome;
     const QString Testo = ScriviTesto(documenti::ComeSta(Nota, Tipo)).simplified();
     QVERIFY(Tipo == StampaSoloContabile || Testo.count(u"{\\Ditta} <Rossi & \U0001F600>"_s) == 40);
+}
+
+void TestDocumenti::testiOstili_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<QStringList>("Righe");
+    const QString Ostile = TestoOstile();
+    QTest::newRow("prenotula") << int(StampaPrenotula)
+                               << QStringList{u"Preavviso di parcella n. "_s + Ostile + u" del "_s + Ostile,
+                                              u"Controparte: "_s + Ostile, u"Oggetto: "_s + Ostile};
+    QTest::newRow("preventivo") << int(StampaPreventivo)
+                                << QStringList{u"Preventivo n. "_s + Ostile + u" Data "_s + Ostile,
+                                               u"Oggetto: "_s + Ostile, u"Controparte: "_s + Ostile};
+    QTest::newRow("fattura sintetica")
+        << int(StampaFatturaSintetica)
+        << QStringList{u"Fattura N° "_s + Ostile + u"/2014 del "_s + Ostile, u"Controparte: "_s + Ostile,
+                       u"Oggetto: "_s + Ostile, u"   "_s + Ostile};
+    QTest::newRow("fattura analitica") << int(StampaFatturaAnalitica)
+                                       << QStringList{u"Fattura N° "_s + Ostile + u"/2014 del "_s + Ostile,
+                                                      u"Controparte: "_s + Ostile, u"Oggetto: "_s + Ostile};
+    QTest::newRow("nota giudiziale") << int(StampaNotaGiudiziale)
+                                     << QStringList{Ostile.toUpper() + u" - SEZ. "_s + Ostile.toUpper(),
+                                                    u"Giudice: dott. "_s + Ostile + u"     Rgn. "_s + Ostile,
+                                                    u"per "_s + Ostile, Ostile};
+    QTest::newRow("parte contabile") << int(StampaSoloContabile) << QStringList{Ostile};
+}
+
+/// What is written stands in the document as it was written: nothing in it is a command to anybody.
+void TestDocumenti::testiOstili()
+{
+    QFETCH(int, Tipo);
+    QFETCH(QStringList, Righe);
+    const QString Ostile = TestoOstile();
+    Parcella Nota = CasoAssociata().Nota;
+    for (QString& Dato : Nota.txtDatiPar)
+        Dato = Ostile;
+    campioni::ImpostaTesti(Nota, Ostile, Ostile);
+    for (Casella* Box : {&Nota.txtDatiStaCli, &Nota.txtControp, &Nota.txtDatiStaControp, &Nota.txtDatiStaOgg})
+        Box->Testo = Ostile;
+    Nota.Multi.Oggetto = Ostile;
+    Nota.xOnorari(0, OnoDescr) = Ostile;
+    campioni::AggiungiSpesa(Nota.xDiritti, Ostile, 1.0, 1.0, 1.0);
+    campioni::AggiungiAcconto(Nota.xAcconti, Ostile, u"E"_s, 1.0);
+    const Documento Doc = documenti::ComeSta(documenti::ScegliTipo(Nota, Tipo), Tipo);
+    const QStringList Testi = campioni::TestiBlocchi(Doc);
+    for (const QString& Riga : std::as_const(Righe))
+        QVERIFY2(Testi.contains(Riga), qPrintable(Riga + u'\n' + Testi.join(u'\n')));
+    int Celle = 0;
+    for (int Quale = 0; Quale < campioni::NumeroTabelle(Doc); ++Quale)
+        for (const std::vector<Cella>& Riga : campioni::TabellaDi(Doc, Quale).Righe)
+            Celle += Riga[0].Testo == Ostile || Riga[0].Testo == u" - "_s + Ostile;
+    // fee, expense, payment; the short invoice has the payment alone, the costs note no payment
+    QCOMPARE(Celle, Tipo == StampaFatturaSintetica ? 1 : Tipo == StampaNotaGiudiziale ? 2 : 3);
+}
+
+void TestDocumenti::aCapoNeiTesti_data()
+{
+    QTest::addColumn<QString>("ACapo");
+    QTest::newRow("di questo sistema") << u"\n"_s;
+    QTest::newRow("di un file venuto da fuori") << u"\r\n"_s;
+}
+
+void TestDocumenti::aCapoNeiTesti()
+{
+    QFETCH(QString, ACapo);
+    Parcella Nota = CasoCivile().Nota;
+    Nota.txtDatiStaOgg.Testo = u"appello"_s + ACapo + u"e cautelare"_s;
+    campioni::ImpostaTesti(Nota, u"prima"_s + ACapo + ACapo + u"terza"_s, {});
+    for (const int Tipo : {StampaPrenotula, StampaPreventivo, StampaFatturaSintetica, StampaFatturaAnalitica})
+        QVERIFY(
+            ScriviTesto(documenti::Composto(Nota, Tipo)).contains(u"\nOggetto: appello\ne cautelare\n"_s));
+    QVERIFY(ScriviTesto(documenti::Composto(Nota, StampaSoloContabile)).startsWith(u"prima\n\nterza\n\n"_s));
+}
+
+void TestDocumenti::importiAlLimite_data()
+{
+    QTest::addColumn<double>("Euro");
+    QTest::addColumn<QString>("Onorari");
+    QTest::addColumn<QString>("Lettere");
+    QTest::newRow("meno di mezzo centesimo") << 0.004 << u"0"_s << u"(/00)"_s;
+    QTest::newRow("un centesimo") << 0.01 << u"0,01"_s << u"(/01)"_s;
+    QTest::newRow("dodici cifre") << 999999999999.99 << u"999.999.999.999,99"_s
+                                  << u"(novecentonovantanovemiliardinovecentonovantanovemilioni"
+                                     "novecentonovantanovemilanovecentonovantanove/99)"_s;
+    QTest::newRow("dodici cifre in meno") << -1000000000000.0 + 1 << u"-999.999.999.999,00"_s
+                                          << u"(menonovecentonovantanovemiliardinovecentonovantanovemilioni"
+                                             "novecentonovantanovemilanovecentonovantanove/00)"_s;
+    // Whole beyond 15 digits; the words read the first 12.
+    QTest::newRow("quanto tiene un numero doppio")
+        << 1e15 << u"1.000.000.000.000.000,00"_s << u"(centomiliardi/00)"_s;
+}
+
+void TestDocumenti::importiAlLimite()
+{
+    QFETCH(double, Euro);
+    QFETCH(QString, Onorari);
+    QFETCH(QString, Lettere);
+    Parcella Nota = documenti::Completa(campioni::Vuota());
+    Nota.chkIva.Attiva = Nota.chkCP.Attiva = false;
+    campioni::AggiungiOnorario(Nota.xOnorari, u"Voce"_s, 1.0, Euro);
+    for (const int Tipo : {StampaPrenotula, StampaPreventivo, StampaFatturaSintetica, StampaFatturaAnalitica,
+                           StampaNotaGiudiziale, StampaSoloContabile}) {
+        const Documento Doc = documenti::Composto(Nota, Tipo);
+        QStringList Celle;
+        for (int Quale = 0; Quale < campioni::NumeroTabelle(Doc); ++Quale)
+            for (int Riga = 0; !campioni::TestiRiga(campioni::TabellaDi(Doc, Quale), Riga).isEmpty(); ++Riga)
+                Celle += campioni::TestiRiga(campioni::TabellaDi(Doc, Quale), Riga);
+        QCOMPARE(Celle.value(Celle.indexOf(u"Onorari"_s) + 1), Onorari);
+        QVERIFY(Celle.contains(Lettere));
+    }
+}
+
+void TestDocumenti::duemilaRighe_data()
+{
+    documenti::RighePerTipo();
+}
+
+void TestDocumenti::duemilaRighe()
+{
+    constexpr int Quante = 2000;
+    QFETCH(int, Tipo);
+    Parcella Nota = documenti::Completa(campioni::Vuota());
+    Nota.chkAcconti.Attiva = true;
+    for (int i = 1; i <= Quante; ++i) {
+        campioni::AggiungiOnorario(Nota.xOnorari, u"voce %1"_s.arg(i), 1.0, 3.0);
+        campioni::AggiungiSpesa(Nota.xDiritti, u"spesa %1"_s.arg(i), 1.0, 2.0, 1.0);
+        campioni::AggiungiAcconto(Nota.xAcconti, u"acconto %1"_s.arg(i), u"E"_s, 1.0);
+    }
+    const QStringList Righe = ScriviTesto(documenti::Composto(Nota, Tipo)).split(u'\n');
+    const bool Voci = Tipo != StampaFatturaSintetica && Tipo != StampaInformativa;
+    const bool Acconti = Tipo <= StampaFatturaAnalitica || Tipo == StampaSoloContabile;
+    const auto Conta = [&](const QString& Inizio) {
+        return std::ranges::count_if(Righe, [&](const QString& Riga) { return Riga.startsWith(Inizio); });
+    };
+    QCOMPARE(Conta(u"voce "_s), Voci ? Quante : 0);
+    QCOMPARE(Conta(u"spesa "_s), Voci ? Quante : 0);
+    QCOMPARE(Conta(u"acconto "_s) + Conta(u" - acconto "_s), Acconti ? Quante : 0);
 }
 
 #include "TestDocumenti.moc"

@@ -47,7 +47,7 @@ inline void ScriviCliente(Parcella& Nota, int Tipo)
     const bool Discorsivo = Tipo == StampaContratto || Tipo == StampaInformativa;
     QString& Blocco = Nota.txtDatiStaCli.Testo;
     if (Tipo == StampaNotaGiudiziale)
-        Blocco = Blocco.section(u'\r', 0, 0);
+        Blocco = Blocco.section(u'\n', 0, 0).trimmed();
     else if (Discorsivo && !Blocco.isEmpty())
         Blocco = Nota.optContrTipo == 1
                      ? u"Gamma S.p.A. con sede in Corso Italia 7 - 10100 Torino (TO) P.IVA 01234567890"_s
