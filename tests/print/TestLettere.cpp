@@ -86,6 +86,9 @@ void TestLettere::numeri_data()
     QTest::newRow("below what the plain text writes") << 0.000015 << u"/00"_s;
 
     QTest::newRow("negative") << -12.5 << u"menododici/50"_s;
+    QTest::newRow("negative, no blank behind the sign") << -1000.0 << u"menomille/00"_s;
+    QTest::newRow("the sign elides nothing") << -8.0 << u"menootto/00"_s;
+    QTest::newRow("a negative amount elides as its absolute one") << -180.0 << u"menocentottanta/00"_s;
     QTest::newRow("negative cents") << -0.25 << u"meno/25"_s;
     QTest::newRow("negative is not rounded away") << -1.999 << u"menouno/99"_s;
 
