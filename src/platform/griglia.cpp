@@ -66,6 +66,7 @@ Griglia::Griglia(QWidget* Padre) : QWidget(Padre), Pezzi(std::make_unique<Intern
             [this](int Dove) { Pezzi->Barra->setValue(Dove); });
     Collega(Pezzi->Barra, &QScrollBar::valueChanged, Vera, [Vera](int Dove) { Vera->setValue(Dove); });
     Collega(Pezzi->Vista->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
+        Pezzi->Vista->Evidente = true;
         Pezzi->Vista->SegnaRepaint();
         Pezzi->Annuncia(this);
     });
@@ -189,6 +190,13 @@ void Griglia::AzzeraSelezione()
 void Griglia::Seleziona(int Riga)
 {
     Pezzi->Vista->Selettore()->Scegli(Riga);
+}
+
+void Griglia::TogliEvidenza()
+{
+    AzzeraSelezione();
+    Pezzi->Vista->Evidente = false;
+    Pezzi->Vista->SegnaRepaint();
 }
 
 // ---- columns and footer

@@ -47,11 +47,14 @@ struct ColonnaGriglia
 /// Keys: typing, F2 and a double click open a cell, Enter and Tab close it and go to the next one that can
 /// be written (behind the last cell, to the empty row), Esc gives the old text back. With no cell open:
 /// Del asks for a deletion, Ctrl+C copies the cell's text, Shift+Space selects the row or lets it go,
-/// Ctrl+A selects all, Space on a cell that cannot be written counts as a click on it. Where the form takes
-/// commands on rows (ConsentiComandi), Ctrl+X, V, Z, and Ctrl+C with rows selected, are handed to it.
+/// Shift+Up and Shift+Down select row after row, Ctrl+A selects all, Space on a cell that cannot be written
+/// counts as a click on it. F6 leaves the grid for the next control, Shift+F6 for the one before, from an
+/// open cell too. Where the form takes commands on rows (ConsentiComandi), Ctrl+X, V, Z, and Ctrl+C with rows
+/// selected, are handed to it.
 ///
 /// In cells of dates (filter "d") 6 or 8 digits without separators are a date; a valid one is written as
-/// gg/mm/aaaa. A click, a move or a command that closes a cell commits it like Enter does.
+/// gg/mm/aaaa, and one that is refused gives way to what the cell held. A click, a move or a command that
+/// closes a cell commits it like Enter does.
 class Griglia : public QWidget, public Concludibile
 {
     Q_OBJECT
@@ -89,6 +92,8 @@ public:
     [[nodiscard]] QList<int> Selezione() const;
     void AzzeraSelezione();
     void Seleziona(int Riga);
+    /// Lets the selected rows go and takes the tint off the current one, until the user comes back to it.
+    void TogliEvidenza();
 
     // ---- columns and footer
     void MostraColonna(int Colonna, bool Visibile);

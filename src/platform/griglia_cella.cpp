@@ -33,6 +33,13 @@ QString DataDigitata(const QString& Testo)
     return Letta ? Format(*Letta, u"dd/mm/yyyy") : Testo;
 }
 
+constexpr QStringView FiltroData = u"d";
+
+const QString& FiltroDi(const VistaGriglia* Vista, const QModelIndex& Cella)
+{
+    return Vista->Modello()->Colonne()[Cella.column()].Filtro;
+}
+
 bool Numerico(const ColonnaGriglia& Colonna)
 {
     return Colonna.Filtro == u"," || Colonna.Filtro == u"n";
@@ -63,7 +70,9 @@ void CellaAperta::Crea(const QModelIndex& Dove, const QString& Testo)
     if (Colonna.Massimo > 0)
         Campo->setMaxLength(Colonna.Massimo);
     Posto = Dove;
-    Iniziale = CStr(Vista->Modello()->Valore(Dove.row(), Dove.column()));
+    // As the box can hold it: a longer text that is only passed over is no edit, and stays whole.
+    Campo->setText(CStr(Vista->Modello()->Valore(Dove.row(), Dove.column())));
+    Iniziale = Campo->text();
     Campo->setText(Testo);
     if (!Colonna.Filtro.isEmpty())
         FiltraTasti(Campo, Colonna.Filtro);
@@ -122,8 +131,7 @@ void CellaAperta::Annulla()
 
 QString CellaAperta::Normalizzato() const
 {
-    const QString& Filtro = Vista->Modello()->Colonne()[Posto.column()].Filtro;
-    return Filtro == u"d" ? DataDigitata(Campo->text()) : Campo->text();
+    return FiltroDi(Vista, Posto) == FiltroData ? DataDigitata(Campo->text()) : Campo->text();
 }
 
 bool CellaAperta::Concludi()
@@ -153,8 +161,16 @@ bool CellaAperta::Concludi()
         return Riuscito;
     InCorso = false;
     if (!Riuscito && Campo)
-        RidaiFuoco(Campo);
+        Rifiuta();
     return Riuscito;
+}
+
+/// The user goes on where he was. A date that is none is given up, what else was typed can be put right.
+void CellaAperta::Rifiuta()
+{
+    if (FiltroDi(Vista, Posto) == FiltroData)
+        Campo->setText(Iniziale);
+    RidaiFuoco(Campo);
 }
 
 bool CellaAperta::Accettato(const QString& Testo)
@@ -225,6 +241,10 @@ bool CellaAperta::Tasto(const QKeyEvent& Evento)
             PassaAvanti(Vista, Avanti);
         return true;
     }
+    case Qt::Key_F6:
+        if (Concludi())
+            PassaAvanti(Vista, !Evento.modifiers().testFlag(Qt::ShiftModifier));
+        return true;
     case Qt::Key_Up:
     case Qt::Key_Down:
     case Qt::Key_PageUp:

@@ -35,6 +35,7 @@ private:
     void Chiudi();
     [[nodiscard]] QString Normalizzato() const;
     [[nodiscard]] bool Accettato(const QString& Testo);
+    void Rifiuta();
     void Scrivi(const QString& Testo);
     bool Tasto(const QKeyEvent& Evento);
     bool LasciaFuoco(const QFocusEvent& Evento);

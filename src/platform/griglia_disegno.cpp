@@ -45,7 +45,7 @@ QColor DisegnoCelle::Fondo(const QModelIndex& Cella) const
     QColor Colore = Colori.color(QPalette::Base);
     if (Cella.row() % 2 == 1)
         Colore = aspetto::Mischia(Colori.color(QPalette::Text), Colore, TintaAlterna);
-    if (Cella.row() == Vista->currentIndex().row()) {
+    if (Cella.row() == Vista->currentIndex().row() && Vista->Evidente) {
         const bool Viva = Vista->hasFocus() && !Vista->Modello()->HaModificabili();
         Colore = aspetto::Mischia(aspetto::Accento(), Colore, Viva ? TintaConFuoco : TintaCorrente);
     }

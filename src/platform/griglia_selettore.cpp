@@ -121,6 +121,16 @@ void SelettoreRighe::ScegliFino(int Riga)
         Scegli(Prossima);
 }
 
+void SelettoreRighe::Estendi(int Da, int A)
+{
+    if (Da != Estremo || !Scelta(Da))
+        Ancora = Da;  // a new run: the rows selected before it stay
+    else
+        Togli(Da);  // the run may turn back
+    ScegliFino(A);
+    Estremo = A;
+}
+
 // ---- the mouse
 
 int SelettoreRighe::RigaVera(int Y) const

@@ -23,6 +23,8 @@ public:
     void Scegli(int Riga);
     void Togli(int Riga);
     void Scambia(int Riga);
+    /// The keyboard went on from a row to its neighbour: selected are the rows from where it began.
+    void Estendi(int Da, int A);
     void Azzera();
     void TuttaLaTabella(int Righe);
     /// Forgets selected rows from this number on.
@@ -59,7 +61,8 @@ private:
     VistaGriglia* Vista;
     QList<int> Ordine;
     QSet<int> Insieme;
-    int Ancora = -1;  ///< row of the last plain click, where a range begins
+    int Ancora = -1;   ///< row of the last plain click, where a range begins
+    int Estremo = -1;  ///< row that the keyboard has brought a range to
     int Premuta = -1;
     bool DaTogliere = false;  ///< the pressed row was selected: a release without a drag lets it go
     QPoint Inizio;

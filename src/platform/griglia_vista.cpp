@@ -311,6 +311,13 @@ bool VistaGriglia::TastoComando(const QKeyEvent& Evento)
     case Qt::Key_F2:
         Aperta->Apri(currentIndex());
         return true;
+    case Qt::Key_F6:
+        PassaAvanti(this, !Evento.modifiers().testFlag(Qt::ShiftModifier));
+        return true;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        return Evento.modifiers().testFlag(Qt::ShiftModifier) &&
+               EstendiSelezione(Evento.key() == Qt::Key_Down ? 1 : -1);
     case Qt::Key_Delete:
         if (RigaVera() || !Sinistra->Scelte().isEmpty())
             Q_EMIT Padrona->Cancella();
@@ -324,6 +331,18 @@ bool VistaGriglia::TastoComando(const QKeyEvent& Evento)
     default:
         return false;
     }
+}
+
+/// Selects the rows from the first of a run of such keys to the one beside the current row, and goes there.
+bool VistaGriglia::EstendiSelezione(int Passo)
+{
+    const auto Da = RigaVera();
+    if (!Da)
+        return false;
+    const int A = std::clamp(*Da + Passo, 0, Righe->RigheVere() - 1);
+    if (VaiARiga(A))
+        Sinistra->Estendi(*Da, A);
+    return true;
 }
 
 void VistaGriglia::Invio()
@@ -378,6 +397,13 @@ void VistaGriglia::contextMenuEvent(QContextMenuEvent* Evento)
     const QPoint Punto =
         Tastiera ? viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()) : Evento->globalPos();
     Q_EMIT Padrona->MenuContestuale(Riga >= 0 && !Righe->RigaVuota(Riga) ? Riga : -1, Punto);
+}
+
+void VistaGriglia::focusInEvent(QFocusEvent* Evento)
+{
+    Evidente = true;
+    QTableView::focusInEvent(Evento);
+    SegnaRepaint();
 }
 
 void VistaGriglia::focusOutEvent(QFocusEvent* Evento)

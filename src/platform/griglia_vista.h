@@ -48,6 +48,7 @@ public:
 
     QString Frase;            ///< shown while there are no rows
     bool ConComandi = false;  ///< the form takes commands on rows
+    bool Evidente = true;     ///< the current row is tinted
 
     void keyboardSearch(const QString& Cerca) override;
 
@@ -58,6 +59,7 @@ protected:
     void mousePressEvent(QMouseEvent* Evento) override;
     void mouseMoveEvent(QMouseEvent* Evento) override;
     void contextMenuEvent(QContextMenuEvent* Evento) override;
+    void focusInEvent(QFocusEvent* Evento) override;
     void focusOutEvent(QFocusEvent* Evento) override;
     void paintEvent(QPaintEvent* Evento) override;
     void resizeEvent(QResizeEvent* Evento) override;
@@ -69,6 +71,7 @@ private:
     [[nodiscard]] QList<int> ColonneScrivibili() const;
     bool TastoComando(const QKeyEvent& Evento);
     bool TastoRighe(const QKeyEvent& Evento);
+    bool EstendiSelezione(int Passo);
     void Invio();
     void DoppioClicSu(const QModelIndex& Dove);
 

@@ -89,10 +89,14 @@ private Q_SLOTS:
     void tabVaAllaCellaDopoEInFondoEsce();
     void backtabTornaIndietro();
     void invioVaACapo();
+    void f6EsceDallaGriglia();
+    void f6NonLasciaCioCheSiRifiuta();
     void unTastoFiltratoNonApre();
     void ilPuntoDelTastierinoFaVirgola();
     void laDataSenzaSeparatori_data();
     void laDataSenzaSeparatori();
+    void laDataRifiutataRidaQuellaDiPrima();
+    void ilTestoPiuLungoDellaCellaRestaIntero();
     void ilNumeroSiScriveComeNumero();
     void lunghezzaMassima();
     void rifiutoTieneApertaLaCella();
@@ -701,6 +705,64 @@ void TestGriglia::laVistaHaIlNomeDellaGriglia()
     Sola.setAccessibleName(u"Spese"_s);
     Sola.show();
     QCOMPARE(Sola.Vista()->accessibleName(), u"Spese"_s);
+}
+
+void TestGriglia::f6EsceDallaGriglia()
+{
+    F->Griglia_->ConsentiNuove(true);
+    F->Vai(0, Descrizione);
+    Premi(Qt::Key_F6);
+    QCOMPARE(QApplication::focusWidget(), F->Dopo);
+    F->Vai(0, Descrizione);
+    Digita(u"scritta"_s);
+    QVERIFY(F->Cella());
+    Premi(Qt::Key_F6);
+    QVERIFY(!F->Griglia_->InModifica());
+    QCOMPARE(F->Righe(0, Descrizione).toString(), u"scritta"_s);
+    QCOMPARE(QApplication::focusWidget(), F->Dopo);
+    // The box stands before the grid too: the two are all there is.
+    F->Vai(0, Descrizione);
+    Premi(Qt::Key_F6, Qt::ShiftModifier);
+    QCOMPARE(QApplication::focusWidget(), F->Dopo);
+}
+
+void TestGriglia::f6NonLasciaCioCheSiRifiuta()
+{
+    F->Griglia_->Convalida = [](int, int, const QString&) { return false; };
+    F->Vai(0, Descrizione);
+    Digita(u"x"_s);
+    Premi(Qt::Key_F6);
+    Respiro();
+    QVERIFY(F->Griglia_->InModifica());
+    QCOMPARE(QApplication::focusWidget(), F->Cella());
+}
+
+void TestGriglia::laDataRifiutataRidaQuellaDiPrima()
+{
+    F->Righe(0, Data) = u"05/03/2024"_s;
+    F->Griglia_->Convalida = [](int, int, const QString&) { return false; };
+    F->Vai(0, Data);
+    Digita(u"3102"_s);
+    Premi(Qt::Key_Return);
+    Respiro();
+    QVERIFY(F->Griglia_->InModifica());
+    QCOMPARE(F->Cella()->text(), u"05/03/2024"_s);
+    QCOMPARE(F->Cella()->selectedText(), u"05/03/2024"_s);
+    Premi(Qt::Key_Return);
+    QVERIFY2(!F->Griglia_->InModifica(), "quella di prima non si domanda");
+}
+
+void TestGriglia::ilTestoPiuLungoDellaCellaRestaIntero()
+{
+    const QString Lunga = u"trenta caratteri di descrizione"_s;
+    F->Righe(0, Descrizione) = Lunga;
+    QSignalSpy Scritta(F->Griglia_, &Griglia::CellaScritta);
+    F->Vai(0, Descrizione);
+    Premi(Qt::Key_F2);
+    QCOMPARE(F->Cella()->text(), Lunga.left(20));
+    Premi(Qt::Key_Return);
+    QCOMPARE(F->Righe(0, Descrizione).toString(), Lunga);
+    QVERIFY(Scritta.isEmpty());
 }
 
 #include "TestGriglia.moc"

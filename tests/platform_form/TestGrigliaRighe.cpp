@@ -85,6 +85,7 @@ class TestGrigliaRighe : public QObject
 private Q_SLOTS:
     void laSelezioneTieneLOrdineDeiClic();
     void laSelezioneDaTastiera();
+    void laSelezioneConLeFrecce();
     void laRigaSelezionataSiVede();
     void rilegaTogliLeRigheCheNonCiSono();
     void rilegaTieneRigaEScorrimento();
@@ -158,6 +159,33 @@ void TestGrigliaRighe::laSelezioneDaTastiera()
     QCOMPARE(F.Griglia_->Selezione(), QList<int>({2}));
     Premi(Qt::Key_A, Qt::ControlModifier);
     QCOMPARE(F.Griglia_->Selezione(), QList<int>({2, 0, 1, 3, 4, 5}));
+}
+
+void TestGrigliaRighe::laSelezioneConLeFrecce()
+{
+    Finestra F;
+    F.Griglia_->ConsentiNuove(true);
+    QVERIFY(MostraAttiva(F));
+    F.Griglia_->setFocus();
+    F.Griglia_->ImpostaRigaCorrente(2);
+    Premi(Qt::Key_Down, Qt::ShiftModifier);
+    Premi(Qt::Key_Down, Qt::ShiftModifier);
+    QCOMPARE(F.Griglia_->Selezione(), QList<int>({2, 3, 4}));
+    QCOMPARE(F.Griglia_->RigaCorrente(), std::optional(4));
+    Premi(Qt::Key_Up, Qt::ShiftModifier);
+    QVERIFY2(F.Griglia_->Selezione() == QList<int>({2, 3}), "tornando indietro se ne lascia una");
+    for (int i = 0; i < 3; ++i)
+        Premi(Qt::Key_Up, Qt::ShiftModifier);
+    QVERIFY2(F.Griglia_->Selezione() == QList<int>({2, 1, 0}), "oltre l'inizio si prosegue dall'altra parte");
+    Premi(Qt::Key_Up, Qt::ShiftModifier);
+    QCOMPARE(F.Griglia_->Selezione(), QList<int>({2, 1, 0}));
+    // Another run leaves what is selected.
+    F.Griglia_->ImpostaRigaCorrente(5);
+    Premi(Qt::Key_Down, Qt::ShiftModifier);
+    QCOMPARE(F.Griglia_->Selezione(), QList<int>({2, 1, 0, 5}));
+    QVERIFY2(F.Griglia_->RigaCorrente() == std::optional(5), "la riga vuota non si seleziona");
+    Premi(Qt::Key_Up);
+    QVERIFY2(F.Griglia_->Selezione() == QList<int>({2, 1, 0, 5}), "la freccia sola non tocca la selezione");
 }
 
 void TestGrigliaRighe::laRigaSelezionataSiVede()
