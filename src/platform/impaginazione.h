@@ -55,9 +55,9 @@ struct RigaImpaginata
 /// from the others; a word wider than its cell is broken where the cell ends, so that columns never
 /// overlap. A row is split only when it is taller than a page. A table that begins with a row of headings
 /// and a blank one repeats them on each following page; one without headings stays whole while it takes
-/// less than half a page. A row of rules ("____") stands with the row above and the row below it, and the
-/// last line of the document does not stand alone on the last page. Blank rows that meet the end of a
-/// page take no room.
+/// less than half a page, and its last row stands with the one above it, blank rows apart. A row of rules
+/// ("____") stands with the row above and the row below it, and the last line of the document does not
+/// stand alone on the last page. Blank rows that meet the end of a page take no room.
 ///
 /// Runs of blanks keep their width. Those that lead a line shrink as far as its text would otherwise not
 /// fit. Indents give way where less than two centimetres would be left of a line; the first tab of a

@@ -231,15 +231,17 @@ private:
         }
     }
 
-    /// The headings do not end a page, nor does the first line of a table nor the last one begin one. A rule
-    /// stands between the row above and the row below.
+    /// The headings do not end a page, nor does the first line of a table nor the last one begin one, be it
+    /// set off as a sum by a blank row. A rule stands between the row above and the row below.
     [[nodiscard]] bool Unita(std::size_t Quale) const
     {
         if (Quale == 0)
             return false;
         if (Titoli >= 0 && Quale <= 2)
             return true;
-        const bool Estrema = Titoli < 0 && (Quale == 1 || Quale + 1 == Questa.Righe.size());
+        const std::size_t Sotto = Questa.Righe.size() - Quale - 1;
+        const bool Ultima = Sotto == 0 || (Sotto == 1 && Vuota(Questa.Righe[Quale]));
+        const bool Estrema = Titoli < 0 && (Quale == 1 || Ultima);
         return Estrema || Filetti(Questa.Righe[Quale]) || Filetti(Questa.Righe[Quale - 1]);
     }
 

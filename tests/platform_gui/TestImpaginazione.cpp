@@ -83,6 +83,7 @@ private Q_SLOTS:
     void laRigaNonSiSpezza();
     void laRigaPiuAltaDellaPagina();
     void ilTotaleNonStaSolo();
+    void laSommaStaccataNonStaSola();
     void laTabellaSenzaTitoliRestaIntera();
     void iTitoliNonRestanoInFondo();
     void ilTitoloDiSezioneVaConLaTabella();
@@ -554,6 +555,26 @@ void TestImpaginazione::ilTotaleNonStaSolo()
         Spinti += Totale == 2 && pagine::CercaRiga(Fatta, u"Voce %1"_s.arg(Voci - 1)).Pagina == 1 ? 1 : 0;
     }
     QVERIFY(Spinti > 1);  // the rule was needed for more than the one list that breaks there anyway
+}
+
+void TestImpaginazione::laSommaStaccataNonStaSola()
+{
+    int Spinti = 0;
+    for (int Voci = 40; Voci <= 60; ++Voci) {
+        Superficie vp;
+        PreparaPagina(vp);
+        QList<QStringList> Righe;
+        for (int i = 1; i <= Voci; ++i)
+            Righe.append({u"Voce %1."_s.arg(i), u"1,00"_s});
+        Righe.append(QStringList());
+        Righe.append({u"Totali:"_s, u"99.999,99"_s});
+        ScriviTabella(vp, {u"9cm"_s, u"2cm"_s}, {Allineamento::Sinistra, Allineamento::Destra}, Righe);
+        const Impaginazione Fatta(Finito(vp));
+        const int Totale = pagine::CercaRiga(Fatta, u"Totali:"_s).Pagina;
+        QCOMPARE(pagine::CercaRiga(Fatta, u"Voce %1."_s.arg(Voci)).Pagina, Totale);
+        Spinti += Totale == 2 && pagine::CercaRiga(Fatta, u"Voce %1."_s.arg(Voci - 1)).Pagina == 1 ? 1 : 0;
+    }
+    QVERIFY(Spinti > 1);
 }
 
 void TestImpaginazione::laTabellaSenzaTitoliRestaIntera()
