@@ -52,6 +52,8 @@ private Q_SLOTS:
     void dicono_data();
     void dicono();
     void secondoIlCliente();
+    void firmeConCioCheSiFirma_data();
+    void firmeConCioCheSiFirma();
 };
 PROVA(TestClausole);
 
@@ -144,6 +146,36 @@ void TestClausole::secondoIlCliente()
     QVERIFY(!Tutto(u"ContrattoPersonaGiuridica"_s).contains(u"codice del consumo"_s));
     QVERIFY(Tutto(u"ResaInformazionePersonaGiuridica"_s).contains(u"Il legale rappresentante ____"_s));
     QVERIFY(Tutto(u"ResaInformazionePersonaFisica"_s).contains(u"duemilaquattrocento"_s));
+    QVERIFY(Tutto(u"ResaInformazionePersonaGiuridica"_s).contains(u"ventiquattromila"_s));
+    // Only firms are the strong clients of the fair-fee law, and only their agreements bear default interest.
+    QVERIFY(Tutto(u"ContrattoPersonaGiuridica"_s).contains(u"legge 21 aprile 2023"_s));
+    QVERIFY(!Tutto(u"ContrattoPersonaFisica"_s).contains(u"legge 21 aprile 2023"_s));
+    QVERIFY(Tutto(u"ContrattoPersonaGiuridica"_s).contains(u"legale rappresentante ____"_s));
+    QVERIFY(Tutto(u"ContrattoPersonaFisica"_s).contains(u"\nIl cliente ____"_s));
+}
+
+void TestClausole::firmeConCioCheSiFirma_data()
+{
+    siLeggono_data();
+}
+
+/// No page begins with a signature whose text stands on the one before.
+void TestClausole::firmeConCioCheSiFirma()
+{
+    QFETCH(QString, Nome);
+    const std::vector<Paragrafo> Letti = Clausole(Nome);
+    int Firme = 0;
+    for (std::size_t i = 1; i < Letti.size(); ++i) {
+        const QString Testo = Letti[i].Testo();
+        QVERIFY2(!Testo.isEmpty(), "lo spazio per firmare è dei paragrafi, non di righe vuote");
+        if (!Testo.endsWith(u"______"_s))
+            continue;
+        ++Firme;
+        // The place and date of an agreement begin what is signed there.
+        QVERIFY2(Letti[i - 1].ConSeguente || Testo.startsWith(u"Luogo e data"_s), qPrintable(Testo));
+    }
+    QVERIFY(Firme >= 3);
+    QVERIFY(!Letti.back().ConSeguente);
 }
 
 #include "TestClausole.moc"
