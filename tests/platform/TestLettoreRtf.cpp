@@ -3,6 +3,7 @@
 #include "platform/lettorertf.h"
 
 #include <QElapsedTimer>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -59,6 +60,9 @@ private Q_SLOTS:
     void rientri();
     void pagineNuove();
     void bianchiConIlLoroFont();
+    void altriProgrammi_data();
+    void altriProgrammi();
+    void titoliConIlSeguente();
     void guasti_data();
     void guasti();
     void ogniTroncamentoDaUnInizio();
@@ -214,6 +218,100 @@ void TestLettoreRtf::bianchiConIlLoroFont()
     QVERIFY(Bianco.Tratti.empty());
     QCOMPARE(Bianco.Font.Nome, u"Arial"_s);
     QCOMPARE(Bianco.Font.Punti, 20.0);
+}
+
+/// Whole files as other programs write them: two paragraphs, a list and a row of a table, the same in each.
+void TestLettoreRtf::altriProgrammi_data()
+{
+    QTest::addColumn<QString>("Intero");
+
+    QTest::newRow("a large word processor's")
+        << uR"({\rtf1\adeflang1025\ansi\ansicpg1252\uc1\adeff0\deff0\stshfdbch31505\stshfloch31506\deflang1040
+{\fonttbl{\f0\fbidi \froman\fcharset0\fprq2{\*\panose 02020603050405020304}Georgia{\*\falt Serif};}
+{\f3\fbidi \froman\fcharset2\fprq2{\*\panose 05050102010706020507}Symbol;}
+{\flomajor\f31500\fbidi \fswiss\fcharset0\fprq2 Calibri Light;}}{\colortbl;\red0\green0\blue0;}
+{\*\defchp \f31506\fs22}{\*\defpap \ql\sa160\sl259\slmult1}
+{\stylesheet{\ql \li0\ri0\widctlpar\fs22 \snext0 \sqformat Normale;}{\*\cs10 \additive Carattere predefinito;}}
+{\*\listtable{\list\listtemplateid1{\listlevel\levelnfc0{\leveltext\'02\'00.;}{\levelnumbers\'01;}\fi-360\li720}
+{\listname ;}\listid1}}{\*\listoverridetable{\listoverride\listid1\ls1}}{\*\rsidtbl \rsid10\rsid20}
+{\mmathPr\mmathFont34\mbrkBin0}{\info{\author Studio}{\operator Studio}{\creatim\yr2024\mo1}{\nofpages3}}
+{\*\xmlnstbl {\xmlns1 http://x}}\paperw11906\paperh16838\margl1134\margr1134\ftnbj\aenddoc
+{\*\pnseclvl1\pnucrm\pnstart1\pnindent720\pnhang {\pntxta .}}{\header \pard\plain intestazione\par }
+\pard\plain \ltrpar\qj \li0\ri0\sa160\widctlpar\wrapdefault\lin0\rin0\itap0 \rtlch\fcs1 \af0\afs22 \ltrch\fcs0 \fs22
+{\rtlch\fcs1 \ab\af0 \ltrch\fcs0 \b\insrsid10 Art. 3}{\insrsid20  - L\rquote }{\hich\af0\dbch\af31505\loch\f0 onere}
+{\insrsid10  \'e8 dovuto\par }
+{\listtext\pard\plain\ltrpar 1.\tab}\pard \ltrpar\ql \fi-360\li720\lin720{\*\bkmkstart nota}{\insrsid10 primo}{\*\bkmkend nota}\par
+\trowd\trgaph70{\insrsid10 a\cell b\cell }\pard{\insrsid10 \trowd\row }
+\pard\plain \fs22{\field{\*\fldinst {HYPERLINK "http://x"}}{\fldrslt {\ul fine}}}{\deleted\revauthdel1  vecchio}\par
+{\*\themedata 504b0304}{\*\latentstyles{\lsdlockedexcept Normale;}}{\*\datastore 0105}})"_s;
+
+    QTest::newRow("a free word processor's") << uR"({\rtf1\ansi\deff0\adeflang1025
+{\fonttbl{\f0\froman\fprq2\fcharset0 Georgia;}{\f1\froman\fprq2\fcharset2 Symbol;}{\f2\fnil\fprq2\fcharset0 OpenSymbol{\*\falt Segno};}}
+{\colortbl;\red0\green0\blue0;}
+{\stylesheet{\s0\snext0\ql\widctlpar\hyphpar0\ltrpar\cf0\kerning1\dbch\af8\loch\f0\fs22\lang1040 Normale;}}
+{\*\generator Altro/7.4}{\info{\creatim\yr2024\mo1\dy1}{\printim\yr0}}{\*\userprops}\deftab709
+{\*\pgdsctbl{\pgdsc0\pgdscuse451\pgwsxn11906\pgdscnxt0 Predefinito;}}
+\formshade\paperh16838\paperw11906\margl1134\sectd\sbknone\pgndec\sftnnar{\*\ftnsep\chftnsep}\pgndec
+\pard\plain \s0\qj\sa160\widctlpar\ltrpar\fs22{\rtlch\ab \ltrch\loch\b\loch\fs22
+Art. 3}{\rtlch \ltrch\loch\fs22
+ - L\u8217\'92onere \u232\'e8 dovuto}
+\par {\listtext\pard\plain 1.\tab}\pard\plain \s0\ilvl0\ls1 \li720\ri0\lin720\rin0\fi-360{\loch primo}
+\par \trowd\trql\clvertalt\cellx4819\cellx9638\pard\intbl{\loch a}\cell\pard\intbl{\loch b}\cell\row
+\pard\plain \fs22{{\field{\*\fldinst HYPERLINK "http://x" }{\fldrslt {\ul\ulc2 fine}}}}
+\par })"_s;
+
+    QTest::newRow("a small editor's, fonts in one group, ends of line as ends of paragraph")
+        << uR"({\rtf1\ansi\ansicpg1252\cocoartf2639
+\cocoatextscaling0\cocoaplatform0{\fonttbl\f0\froman\fcharset0 Georgia;\f1\fnil\fcharset0 Altro;}
+{\colortbl;\red255\green255\blue255;}
+{\*\expandedcolortbl;;}
+{\*\listtable{\list\listtemplateid1\listhybrid{\listlevel\levelnfc0{\*\levelmarker \{decimal\}.}{\leveltext\'02\'00.;}}}}
+\paperw11900\paperh16840\margl1440\vieww9000
+\pard\tx566\qj\sa160\pardirnatural\partightenfactor0
+
+\f0\b\fs22 \cf0 Art. 3
+\b0  - L\'92onere \'e8 dovuto\
+\pard\li720\fi-360\pardirnatural
+\ls1\ilvl0{\listtext	1.	}primo\
+\itap1\trowd \taflags0 \cellx4320\cellx8640
+\pard\intbl a\cell b\cell \lastrow\row
+\pard {\field{\*\fldinst{HYPERLINK "http://x"}}{\fldrslt \ul fine}}})"_s;
+
+    QTest::newRow("an old word processor's, numbers of its own")
+        << uR"({\rtf1\ansi \deff0\deflang1024{\fonttbl{\f0\froman Georgia;}{\f2\froman Symbol;}}
+{\colortbl\red0\green0\blue0;}{\stylesheet{\fs20\lang1040 \snext0 Normale;}}{\info{\title T}{\version2}}
+\widowctrl\ftnbj \sectd \linex0\endnhere \pard\plain \qj\sa160 \fs22\lang1040 {\b Art. 3} - L\rquote
+onere \'e8 dovuto\par {\pntext\pard\plain\fs22 1.\tab}\pard \fi-360\li720
+{\*\pn \pnlvlbody\pndec\pnstart1\pnindent360\pnhang{\pntxta .}}primo\par
+\trowd \trgaph70\cellx4819\cellx9638 \pard \intbl a\cell b\cell \pard \intbl \row \pard
+{\ul fine}\par })"_s;
+}
+
+void TestLettoreRtf::altriProgrammi()
+{
+    QFETCH(QString, Intero);
+    const std::vector<Paragrafo> Letti = LeggiRtf(Intero);
+    QStringList Visti;
+    for (const Paragrafo& Uno : Letti)
+        Visti += Uno.Testo().replace(u'\t', u'>').trimmed();
+    QCOMPARE(Visti, (QStringList{u"Art. 3 - L’onere è dovuto"_s, Visti.value(1), u"a>b"_s, u"fine"_s}));
+    QVERIFY2(QRegularExpression(u"^>?1\\.>primo$"_s).match(Visti[1]).hasMatch(), qPrintable(Visti[1]));
+    QCOMPARE(Tratti(Letti[0]), u"Art. 3<b11 Georgia> - L’onere è dovuto<11 Georgia>"_s);
+    QCOMPARE(Letti[0].Allinea, Allineamento::Giustificato);
+    QCOMPARE(Letti[0].Spazi.SottoPunti, 8.0);
+    QVERIFY(qAbs(Letti[1].Spazi.SinistroCm - 1.27) < 0.01);
+    QVERIFY(qAbs(Letti[1].Spazi.PrimaRigaCm + 0.635) < 0.01);
+    QVERIFY(Letti[3].Tratti.front().Font.Sottolineato);
+}
+
+void TestLettoreRtf::titoliConIlSeguente()
+{
+    const std::vector<Paragrafo> Letti =
+        LeggiRtf(Rtf(u"\\keepn{\\b a}\\par b\\par\\keepn0 c\\par\\keepn\\pard d\\par"_s));
+    QString Visti;
+    for (const Paragrafo& Uno : Letti)
+        Visti += Uno.Testo() + (Uno.ConSeguente ? u"+"_s : QString());
+    QCOMPARE(Visti, u"a+b+cd"_s);
 }
 
 void TestLettoreRtf::guasti_data()
