@@ -1,7 +1,10 @@
 #include "print/formatabella.h"
 
+#include "platform/larghezzecolonne.h"
+
 #include <algorithm>
-#include <numeric>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -14,6 +17,56 @@ bool Filetto(const Cella& Questa)
 {
     return !Questa.Testo.isEmpty() &&
            std::all_of(Questa.Testo.begin(), Questa.Testo.end(), [](QChar C) { return C == u'_'; });
+}
+
+// ---- widths
+
+constexpr double MezzoMargineCm = 0.075;
+
+/// The advance of what numbers and rules are made of, in ems of the fonts with serifs and of those without;
+/// 0 for any other character.
+double QuotaEm(QChar C, bool Bastoni)
+{
+    if (C.isDigit() || C == u'_')
+        return Bastoni ? 0.556 : 0.5;
+    if (C == u'.' || C == u',')
+        return Bastoni ? 0.278 : 0.25;
+    return C == u'-' || C == u'(' || C == u')' ? 0.333 : 0.0;
+}
+
+/// Width of what is made of digits and their signs, in centimetres; 0 for a word.
+double LarghezzaNumero(QStringView Parola, const Carattere& Font)
+{
+    constexpr double CmPerPunto = 2.54 / 72.0;
+    const bool Bastoni = Font.Nome.contains("Arial"_L1) || Font.Nome.contains("Sans"_L1);
+    double Em = 0.0;
+    for (const QChar C : Parola) {
+        const double Suo = QuotaEm(C, Bastoni);
+        if (Suo <= 0.0)
+            return 0.0;
+        Em += Suo;
+    }
+    return Em * Font.Punti * CmPerPunto;
+}
+
+/// The room that a column needs for the widest of its numbers, which would be read wrong if they were broken.
+double LarghezzaNecessaria(const Tabella& Questa, std::size_t Colonna)
+{
+    constexpr double Agio = 0.01;
+    constexpr qsizetype MassimoSegni =
+        18;  // what is longer in a column of words is a code, and may be broken
+    double Massima = 0.0;
+    for (const RigaTabella& Riga : Questa.Righe) {
+        if (Colonna >= Riga.size() || Riga[Colonna].Unione != 1)
+            continue;
+        const Cella& Una = Riga[Colonna];
+        const bool DiImporti = Una.Allinea == Allineamento::Destra || Una.Allinea == Allineamento::Centro;
+        for (const QStringView Parola : QStringView(Una.Testo).split(u' '))
+            if (DiImporti || Parola.size() <= MassimoSegni)
+                Massima = std::max(Massima, LarghezzaNumero(Parola, Una.Font));
+    }
+    const MarginiCella Suoi = MarginiDi(Questa, Colonna);
+    return Massima > 0.0 ? Massima + Suoi.PrimaCm + Suoi.DopoCm + Agio : 0.0;
 }
 
 }  // namespace
@@ -42,6 +95,13 @@ std::size_t RigheDiTitoli(const Tabella& Questa)
     return Titoli ? 2 : 0;
 }
 
+MarginiCella MarginiDi(const Tabella& Questa, std::size_t Colonna)
+{
+    if (Questa.Bordo > 0)
+        return {MezzoMargineCm, MezzoMargineCm};
+    return {Colonna == 0 ? 0.0 : 2.0 * MezzoMargineCm, 0.0};
+}
+
 std::vector<double> LarghezzeEntro(const Tabella& Questa, double MassimaCm)
 {
     constexpr double MinimaCm = 0.02;  // a column of no width is none to a word processor
@@ -50,11 +110,11 @@ std::vector<double> LarghezzeEntro(const Tabella& Questa, double MassimaCm)
     Tutte.reserve(Questa.LarghezzeCm.size());
     for (const double Una : Questa.LarghezzeCm)
         Tutte.push_back(std::clamp(Una, MinimaCm, FoglioCm));
-    const double Somma = std::accumulate(Tutte.begin(), Tutte.end(), 0.0);
-    if (Somma > MassimaCm)
-        for (double& Una : Tutte)
-            Una *= MassimaCm / Somma;
-    return Tutte;
+    std::vector<double> Necessarie;
+    Necessarie.reserve(Tutte.size());
+    for (std::size_t Colonna = 0; Colonna < Tutte.size(); ++Colonna)
+        Necessarie.push_back(LarghezzaNecessaria(Questa, Colonna));
+    return LarghezzeColonne(Tutte, Necessarie, MassimaCm);
 }
 
 bool UnitaAllaSeguente(const Tabella& Questa, std::size_t Riga)

@@ -21,8 +21,19 @@ using RigaTabella = std::vector<Cella>;
 /// so and has more; else none.
 [[nodiscard]] std::size_t RigheDiTitoli(const Tabella& Questa);
 
+/// The room that a cell's text leaves free on either side, in centimetres. Without lines the whole gap stands
+/// before a column, as on the printed page: amounts end where their column does.
+struct MarginiCella
+{
+    double PrimaCm = 0.0;
+    double DopoCm = 0.0;
+};
+[[nodiscard]] MarginiCella MarginiDi(const Tabella& Questa, std::size_t Colonna);
+
 /// Widths of the columns in centimetres, in proportion where together they are wider than that; none is wider
-/// than 55 cm, the widest sheet that word processors know.
+/// than 55 cm, the widest sheet that word processors know. A column too narrow for one of its numbers takes
+/// the room from the others, as on the printed page; a number's width is reckoned by the digits of the usual
+/// fonts.
 [[nodiscard]] std::vector<double> LarghezzeEntro(const Tabella& Questa, double MassimaCm);
 
 /// A row together with the one below it, on the same page.

@@ -180,10 +180,19 @@ private:
         Uscita += u"</"_s + Nome + u">\n"_s;
     }
 
+    /// Rows that stand with the next one, and rows of rules, which are as low as on the printed page.
+    static QString ClasseRiga(const Tabella& Questa, std::size_t Quale)
+    {
+        const bool Unita = UnitaAllaSeguente(Questa, Quale);
+        if (RigaDiFiletti(Questa.Righe[Quale]))
+            return Unita ? u" class=\"u r\""_s : u" class=\"r\""_s;
+        return Unita ? u" class=\"u\""_s : QString();
+    }
+
     void ScriviRiga(const Tabella& Questa, std::size_t Quale)
     {
         const RigaTabella& Riga = Questa.Righe[Quale];
-        Uscita += UnitaAllaSeguente(Questa, Quale) ? u"<tr class=\"u\">"_s : u"<tr>"_s;
+        Uscita += u"<tr"_s + ClasseRiga(Questa, Quale) + u'>';
         for (std::size_t Colonna = 0; Colonna < Riga.size();) {
             const Cella& Una = Riga[Colonna];
             const std::size_t Coperte = ColonneCoperte(Riga, Colonna);
@@ -231,9 +240,9 @@ QString Stili(const Documento& Doc, const Carta& Foglio, const QString& Font)
            u"table{border-collapse:collapse;table-layout:fixed}\n"
            u"tr{break-inside:avoid}\n"
            u".u{break-after:avoid}\n"
-           u"td{padding:0 .75mm;vertical-align:top}\n"
+           u".r td{line-height:.69}\n"
+           u"td{padding:0 0 0 1.5mm;vertical-align:top}\n"
            u"td:first-child{padding-left:0}\n"
-           u"td:last-child{padding-right:0}\n"
            u".b td{border:.15mm solid;padding:.5mm .75mm}\n"
            u".c{text-align:center}\n"
            u".d{text-align:right}\n"

@@ -14,7 +14,8 @@ namespace {
 constexpr double CmPerPollice = 2.54;
 constexpr int TwipPerPollice = 1440;
 constexpr int TwipPerPunto = 20;
-constexpr int MassimoTwip = 31680;  // 55 cm, as far as word processors reckon
+constexpr int MassimoTwip = 31680;    // 55 cm, as far as word processors reckon
+constexpr double AltezzaRiga = 1.15;  // of the font's size
 
 int TwipDaCm(double Cm)
 {
@@ -52,13 +53,17 @@ void ScriviOltre(QChar C, QByteArray& Uscita)
 
 void ScriviTesto(const QString& Testo, QByteArray& Uscita)
 {
+    QChar Precedente;
     for (const QChar C : TestoPulito(Testo)) {
-        switch (C.unicode()) {
+        // Between two plain blanks some readers put one of their own, and what blanks push would go too far.
+        const QChar Suo = C == u' ' && Precedente == u' ' ? QChar(QChar::Nbsp) : C;
+        Precedente = Suo;
+        switch (Suo.unicode()) {
         case u'\\':
         case u'{':
         case u'}':
             Uscita += '\\';
-            Uscita += static_cast<char>(C.unicode());
+            Uscita += static_cast<char>(Suo.unicode());
             break;
         case u'\n':
         case QChar::LineSeparator:
@@ -72,10 +77,10 @@ void ScriviTesto(const QString& Testo, QByteArray& Uscita)
             Uscita += "\\~";
             break;
         default:
-            if (C.unicode() < 0x80)
-                Uscita += static_cast<char>(C.unicode());
+            if (Suo.unicode() < 0x80)
+                Uscita += static_cast<char>(Suo.unicode());
             else
-                ScriviOltre(C, Uscita);
+                ScriviOltre(Suo, Uscita);
         }
     }
 }
@@ -129,10 +134,10 @@ public:
     {
         // Right behind a table a row of text would have to be told from the table's.
         Uscita += "\\pard\\plain" + Posto(Questo);
-        Uscita += Formato(Questo.Tratti.empty() ? Questo.Font : Questo.Tratti.back().Font) + ' ';
         for (const Tratto& Uno : Questo.Tratti)
             ScriviTratto(Uno.Testo, Uno.Font);
-        Uscita += "\\par\r\n";
+        // The mark's own font comes last: a run would take from it whatever it does not say itself.
+        Uscita += Formato(Questo.Tratti.empty() ? Questo.Font : Questo.Tratti.back().Font) + "\\par\r\n";
         DopoTabella = false;
     }
 
@@ -192,11 +197,14 @@ private:
         return "\\ql";
     }
 
+    /// A measure, where there is any.
+    static QByteArray SeC(const char* Nome, int Twip)
+    {
+        return Twip == 0 ? QByteArray() : Parola(Nome, Twip);
+    }
+
     static QByteArray Posto(const Paragrafo& Questo)
     {
-        const auto SeC = [](const char* Nome, int Twip) {
-            return Twip == 0 ? QByteArray() : Parola(Nome, Twip);
-        };
         const Rientri& Suoi = Questo.Spazi;
         return Allineato(Questo.Allinea) + (Questo.NuovaPagina ? "\\pagebb" : "") +
                (Questo.ConSeguente ? "\\keepn" : "") + SeC("\\li", TwipDaCm(Suoi.SinistroCm)) +
@@ -233,21 +241,35 @@ private:
         if (Riga.empty())
             return;
         Uscita += Intestazione(Questa, Quale) + Bordi(Questa, Riga, Larghezze) + "\r\n";
+        const QByteArray PerTutte = (UnitaAllaSeguente(Questa, Quale) ? "\\keepn" : "") + Interlinea(Riga);
         for (std::size_t Colonna = 0; Colonna < Riga.size(); Colonna += ColonneCoperte(Riga, Colonna)) {
             const Cella& Una = Riga[Colonna];
-            Uscita += "\\pard\\plain\\intbl" + Allineato(Una.Allinea) +
-                      (UnitaAllaSeguente(Questa, Quale) ? "\\keepn" : "") + Formato(Una.Font) + ' ';
+            const MarginiCella Suoi = MarginiDi(Questa, Colonna);
+            Uscita += "\\pard\\plain\\intbl" + Allineato(Una.Allinea) + PerTutte +
+                      SeC("\\li", TwipDaCm(Suoi.PrimaCm)) + SeC("\\ri", TwipDaCm(Suoi.DopoCm)) +
+                      Formato(Una.Font) + ' ';
             ScriviTesto(Una.Testo, Uscita);
             Uscita += "\\cell";
         }
         Uscita += "\\row\r\n";
     }
 
+    /// A row of rules is as low as on the printed page.
+    static QByteArray Interlinea(const RigaTabella& Riga)
+    {
+        constexpr double Quota = 0.6;
+        if (!RigaDiFiletti(Riga))
+            return {};
+        double Punti = 0.0;
+        for (const Cella& Una : Riga)
+            Punti = std::max(Punti, Una.Font.Punti);
+        return Parola("\\sl", -TwipDaPunti(Punti * AltezzaRiga * Quota)) + "\\slmult0";
+    }
+
     static QByteArray Intestazione(const Tabella& Questa, std::size_t Riga)
     {
-        // The text of a table without lines stands from margin to margin, its cells' own margins outside.
-        return "\\trowd" + Parola("\\trgaph", MargineCella) +
-               Parola("\\trleft", Questa.Bordo > 0 ? 0 : -MargineCella) + "\\trkeep" +
+        // Readers disagree on where cells with margins of their own begin: the text is indented instead.
+        return QByteArray("\\trowd\\trgaph0\\trleft0\\trkeep") +
                (Riga < RigheDiTitoli(Questa) ? "\\trhdr" : "");
     }
 
@@ -264,13 +286,10 @@ private:
             for (const char* Lato : {"t", "l", "b", "r"})
                 if (Questa.Bordo > 0)
                     Tutti += QByteArray("\\clbrdr") + Lato + "\\brdrs\\brdrw10";
-            const bool Ultima = Fine == Riga.size() && Questa.Bordo == 0;
-            Tutti += "\\clvertalt" + Parola("\\cellx", TwipDaCm(Cm) + (Ultima ? MargineCella : 0));
+            Tutti += "\\clvertalt" + Parola("\\cellx", TwipDaCm(Cm));
         }
         return Tutti;
     }
-
-    static constexpr int MargineCella = 43;  // three quarters of a millimetre
 
     QByteArray Uscita;
     TabellaFont Famiglie;
@@ -282,9 +301,8 @@ private:
 int AltezzaPiePagina(const Documento& Doc)
 {
     constexpr int DalBordo = TwipPerPollice / 2;
-    constexpr double Interlinea = 1.15;
     const int Margine = TwipDaCm(Doc.MargineBassoCm);
-    const int Riga = qRound(TwipDaPunti(Doc.FontPiePagina.Punti) * Interlinea);
+    const int Riga = TwipDaPunti(Doc.FontPiePagina.Punti * AltezzaRiga);
     return Margine >= DalBordo + Riga ? DalBordo : std::max((Margine - Riga) / 2, 0);
 }
 

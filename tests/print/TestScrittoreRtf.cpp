@@ -64,6 +64,10 @@ private Q_SLOTS:
     void tabella();
     void celleUnite();
     void tabellaTroppoLarga();
+    void importiInteri_data();
+    void importiInteri();
+    void filetti();
+    void trattiSenzaEredita();
     void titoliRipetuti();
     void tabelleCheSiToccano();
     void finisceConUnParagrafo();
@@ -80,7 +84,7 @@ void TestScrittoreRtf::testo_data()
     QTest::addColumn<QByteArray>("Scritto");
 
     QTest::newRow("plain") << u"Oggetto: sfratto"_s << "Oggetto: sfratto"_ba;
-    QTest::newRow("blanks") << u"  a    b  "_s << "  a    b  "_ba;
+    QTest::newRow("blanks") << u"  a    b  "_s << " \\~a \\~ \\~b \\~"_ba;
     QTest::newRow("signs of the syntax") << u"a{b}c\\d"_s << "a\\{b\\}c\\\\d"_ba;
     QTest::newRow("signs of other syntaxes") << u"<b> & \"c\""_s << "<b> & \"c\""_ba;
     QTest::newRow("accents") << u"perché È"_s << "perch\\'e9 \\'c8"_ba;
@@ -99,7 +103,7 @@ void TestScrittoreRtf::testo()
 {
     QFETCH(QString, Testo);
     QFETCH(QByteArray, Scritto);
-    QCOMPARE(CorpoDi(Testo), "\\pard\\plain\\ql\\f0\\fs24 {\\f0\\fs24 " + Scritto + "}\\par\r\n");
+    QCOMPARE(CorpoDi(Testo), "\\pard\\plain\\ql{\\f0\\fs24 " + Scritto + "}\\f0\\fs24\\par\r\n");
 }
 
 void TestScrittoreRtf::fontERighe()
@@ -117,8 +121,8 @@ void TestScrittoreRtf::fontERighe()
         vp.Paragraph({});
     });
     QCOMPARE(Corpo,
-             "\\pard\\plain\\ql\\f0\\fs21\\ul {\\f1\\fs24 n. }{\\f1\\fs21\\b 7}{\\f0\\fs21\\ul !}\\par\r\n"
-             "\\pard\\plain\\ql\\f0\\fs21\\ul \\par\r\n"_ba);
+             "\\pard\\plain\\ql{\\f0\\fs24 n. }{\\f0\\fs21\\b 7}{\\f1\\fs21\\ul !}\\f1\\fs21\\ul\\par\r\n"
+             "\\pard\\plain\\ql\\f1\\fs21\\ul\\par\r\n"_ba);
 }
 
 void TestScrittoreRtf::allineamentiERientri()
@@ -131,8 +135,8 @@ void TestScrittoreRtf::allineamentiERientri()
         vp.Paragraph(u"{\\rtf1\\li567\\fi-283\\ri1134\\sb120\\sa60\\pagebb\\keepn b\\par}"_s);
     });
     QCOMPARE(Corpo.count("\\ql"), 1);
-    for (const char* Atteso : {"\\pard\\plain\\qc\\f0", "\\pard\\plain\\qr\\f0", "\\pard\\plain\\qj\\f0",
-                               "\\pard\\plain\\ql\\pagebb\\keepn\\li567\\ri1134\\fi-283\\sb120\\sa60\\f0"})
+    for (const char* Atteso : {"\\pard\\plain\\qc{\\f0", "\\pard\\plain\\qr{\\f0", "\\pard\\plain\\qj{\\f0",
+                               "\\pard\\plain\\ql\\pagebb\\keepn\\li567\\ri1134\\fi-283\\sb120\\sa60{\\f0"})
         QVERIFY2(Corpo.contains(Atteso), Atteso);
 }
 
@@ -159,7 +163,7 @@ void TestScrittoreRtf::piePagina()
     QVERIFY(!ScriviRtf(Doc).contains("\\footer\\"));
     Doc.PiePagina = u"    Pagina %d è"_s;
     const QByteArray Rtf = ScriviRtf(Doc);
-    QVERIFY(Rtf.contains("{\\footer\\pard\\plain\\ql\\f0\\fs16     Pagina "
+    QVERIFY(Rtf.contains("{\\footer\\pard\\plain\\ql\\f0\\fs16  \\~ \\~Pagina "
                          "{\\field{\\*\\fldinst PAGE}{\\fldrslt 1}} \\'e8\\par}"));
     QVERIFY(Rtf.contains("\\footery720"));
 }
@@ -190,10 +194,10 @@ void TestScrittoreRtf::tabella()
         vp.CellaTabella(AttrTabella::Testo, 1, 2, u"1.200,00"_s);
         vp.EndTable();
     });
-    QVERIFY2(Corpo.startsWith("\\trowd\\trgaph43\\trleft-43\\trkeep"
-                              "\\clvertalt\\cellx5102\\clvertalt\\cellx6166\r\n"
+    QVERIFY2(Corpo.startsWith("\\trowd\\trgaph0\\trleft0\\trkeep"
+                              "\\clvertalt\\cellx5102\\clvertalt\\cellx6123\r\n"
                               "\\pard\\plain\\intbl\\ql\\f0\\fs24\\b Esame\\line \\{atti\\}\\cell"
-                              "\\pard\\plain\\intbl\\qr\\f0\\fs24 1.200,00\\cell\\row\r\n"),
+                              "\\pard\\plain\\intbl\\qr\\li85\\f0\\fs24 1.200,00\\cell\\row\r\n"),
              Corpo.constData());
     QVERIFY(!Corpo.contains("brdr"));
 
@@ -221,7 +225,7 @@ void TestScrittoreRtf::celleUnite()
         vp.CellaTabella(AttrTabella::Testo, 1, 2, u"coperta"_s);
         vp.EndTable();
     });
-    QVERIFY(Corpo.contains("\\clvertalt\\cellx2880\\clvertalt\\cellx4363\r\n"));
+    QVERIFY(Corpo.contains("\\clvertalt\\cellx2880\\clvertalt\\cellx4320\r\n"));
     QCOMPARE(Corpo.count("\\cell\\"), 2);
     QVERIFY(!Corpo.contains("coperta"));
 }
@@ -238,8 +242,76 @@ void TestScrittoreRtf::tabellaTroppoLarga()
         vp.ColonnaTabella(AttrTabella::LarghezzaColonna, 2, u"10cm"_s);
         vp.EndTable();
     });
-    QVERIFY2(Corpo.contains("\\cellx7228\\clvertalt\\cellx9681\r\n"),
-             Corpo.constData());  // 17 cm and a margin
+    QVERIFY2(Corpo.contains("\\cellx7228\\clvertalt\\cellx9638\r\n"),
+             Corpo.constData());  // 17 cm
+}
+
+void TestScrittoreRtf::importiInteri_data()
+{
+    QTest::addColumn<QString>("Importo");
+    QTest::addColumn<QByteArray>("Bordi");
+
+    QTest::newRow("fits") << u"987.654,32"_s << "\\cellx1020\\clvertalt\\cellx2041\r\n"_ba;
+    QTest::newRow("a million is wider than the column, and there is room")
+        << u"1.234.567,89"_s << "\\cellx1020\\clvertalt\\cellx2056\r\n"_ba;
+    QTest::newRow("three at once, at the cost of the words, which keep two fifths")
+        << u"(1.234.567,89-1.234.567,89-1.234.567,89)"_s << "\\cellx408\\clvertalt\\cellx2835\r\n"_ba;
+    QTest::newRow("a word") << u"iscrizione"_s << "\\cellx1020\\clvertalt\\cellx2041\r\n"_ba;
+}
+
+/// A number broken over two lines would be read wrong.
+void TestScrittoreRtf::importiInteri()
+{
+    QFETCH(QString, Importo);
+    QFETCH(QByteArray, Bordi);
+    const QByteArray Corpo = CorpoDi([&](Superficie& vp) {
+        vp.MarginLeft(u"8cm"_s);
+        vp.MarginRight(u"8cm"_s);
+        vp.FontSize(9);
+        vp.StartTable();
+        vp.TableCell(AttrTabella::Righe, 1);
+        vp.TableCell(AttrTabella::Colonne, 2);
+        vp.TableCell(AttrTabella::LarghezzaColonna, u"1.8cm"_s);
+        vp.ColonnaTabella(AttrTabella::Allinea, 2, 8);
+        vp.CellaTabella(AttrTabella::Testo, 1, 2, Importo);
+        vp.EndTable();
+    });
+    QVERIFY2(Corpo.contains(Bordi), Corpo.constData());
+}
+
+/// Rules are as low as on the page; the row keeps the height of its text where there is any.
+void TestScrittoreRtf::filetti()
+{
+    const QByteArray Corpo = CorpoDi([](Superficie& vp) {
+        vp.FontSize(10);
+        vp.StartTable();
+        vp.TableCell(AttrTabella::Righe, 2);
+        vp.TableCell(AttrTabella::Colonne, 2);
+        vp.CellaTabella(AttrTabella::Testo, 1, 2, u"____"_s);
+        vp.CellaTabella(AttrTabella::Testo, 2, 1, u"Totale"_s);
+        vp.CellaTabella(AttrTabella::Testo, 2, 2, u"____"_s);
+        vp.EndTable();
+    });
+    QCOMPARE(Corpo.count("\\sl-138\\slmult0"), 2);
+    QCOMPARE(Corpo.count("\\sl"), 4);
+}
+
+/// The last run is bold, and so is the mark of the paragraph; the first one is not for that.
+void TestScrittoreRtf::trattiSenzaEredita()
+{
+    Superficie vp;
+    vp.Text(u"Il cliente "_s);
+    vp.FontBold(true);
+    vp.FontUnderline(true);
+    vp.Paragraph(u"conviene"_s);
+    const std::vector<Paragrafo> Letti = LeggiRtf(QString::fromLatin1(ScriviRtf(vp.Contenuto())));
+    QCOMPARE(Letti.size(), std::size_t{1});
+    QCOMPARE(Letti[0].Tratti.size(), std::size_t{2});
+    QVERIFY(!Letti[0].Tratti[0].Font.Grassetto);
+    QVERIFY(!Letti[0].Tratti[0].Font.Sottolineato);
+    QVERIFY(Letti[0].Tratti[1].Font.Grassetto);
+    QVERIFY(Letti[0].Tratti[1].Font.Sottolineato);
+    QVERIFY(Letti[0].Font.Grassetto);
 }
 
 void TestScrittoreRtf::titoliRipetuti()
