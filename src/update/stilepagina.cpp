@@ -28,6 +28,7 @@ QString FoglioDiStile()
     const QString Piede = Tinta(QGuiApplication::palette().color(QPalette::Text), TintaPiede);
     return u"h1 { font-size: x-large; font-weight: bold; color: %1; margin-top: 4px; margin-bottom: 8px; }"
            u"h2 { font-size: large; font-weight: bold; color: %1; margin-top: 16px; margin-bottom: 4px; }"
+           u"h3 { font-size: medium; font-weight: bold; margin-top: 14px; margin-bottom: 2px; }"
            u"p { margin-top: 4px; margin-bottom: 8px; }"
            u"li { margin-bottom: 4px; }"
            u"a { color: %1; text-decoration: underline; }"

@@ -1,0 +1,671 @@
+// The information sheets as built, held against the built tariff; and what their tool refuses.
+#include "feenote/nota_prova.h"
+
+#include "creaschede/creaschede.h"
+#include "creaschede/importischeda.h"
+#include "platform/errore.h"
+#include "platform/percorsi.h"
+#include "platform/regionale.h"
+#include "tariffs/modEvaluate.h"
+
+#include <QDir>
+#include <QRegularExpression>
+#include <QSet>
+#include <QTextDocument>
+#include <QXmlStreamReader>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A table of a sheet, with the paragraph that stands before it.
+struct TabellaLetta
+{
+    QString Prima;
+    QList<QStringList> Righe;
+};
+
+/// A sheet as a reader of XML sees it.
+struct SchedaLetta
+{
+    QString Titolo;
+    QStringList Sezioni;
+    QStringList Paragrafi;
+    QStringList Collegamenti;
+    QList<TabellaLetta> Tabelle;
+    QString Errore;
+};
+
+QString CartellaNote()
+{
+    return ProgrammaDiProva() + Barra(u"note"_s);
+}
+
+QString Html(const QString& File)
+{
+    return QString::fromUtf8(LeggiFile(CartellaNote() + File));
+}
+
+SchedaLetta LeggiPagina(const QString& File)
+{
+    SchedaLetta Letta;
+    QXmlStreamReader Xml(Html(File));
+    const auto Testo = [&] {
+        return Xml.readElementText(QXmlStreamReader::IncludeChildElements).replace(QChar::Nbsp, u' ');
+    };
+    while (!Xml.atEnd()) {
+        if (Xml.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        const QString Marca = Xml.name().toString();
+        if (Marca == u"title")
+            Letta.Titolo = Testo();
+        else if (Marca == u"h2")
+            Letta.Sezioni += Testo();
+        else if (Marca == u"p")
+            Letta.Paragrafi += Testo();
+        else if (Marca == u"a")
+            Letta.Collegamenti += Xml.attributes().value("href"_L1).toString();
+        else if (Marca == u"table")
+            Letta.Tabelle += {Letta.Paragrafi.value(Letta.Paragrafi.size() - 1), {}};
+        else if (Marca == u"tr")
+            Letta.Tabelle.last().Righe += QStringList();
+        else if (Marca == u"td" || Marca == u"th")
+            Letta.Tabelle.last().Righe.last() += Testo();
+    }
+    Letta.Errore = Xml.hasError() ? Xml.errorString() : QString();
+    return Letta;
+}
+
+/// Each sheet is read once.
+const SchedaLetta& Leggi(const QString& File)
+{
+    static QHash<QString, SchedaLetta> Lette;
+    if (!Lette.contains(File))
+        Lette.insert(File, LeggiPagina(File));
+    return Lette[File];
+}
+
+QStringList Schede()
+{
+    static const QRegularExpression Nome(u"\\A[CPS][0-9]{3}[.]htm\\z"_s);
+    return QDir(CartellaNote()).entryList(QDir::Files).filter(Nome);
+}
+
+void OgniScheda()
+{
+    QTest::addColumn<QString>("File");
+    for (const QString& Una : Schede())
+        QTest::newRow(qPrintable(Una)) << Una;
+}
+
+/// Each row of a catalogue, as the window sees them: sheet and recordset.
+template <class F>
+void PerOgniVoce(const QString& Categ, int IDAut, F&& Fai)
+{
+    Catalogo Voci = ApriCatalogo(Categ, IDAut);
+    for (Voci.datOno.MoveFirst(); !Voci.datOno.Eof(); Voci.datOno.MoveNext())
+        Fai(FileScheda(Categ, Voci.datOno.Value(Voci.ChiaveOno)), Voci.datOno);
+}
+
+bool Libera(const Recordset& Voce)
+{
+    return Voce.Value(u"NVoce"_s).toString() == u"999";
+}
+
+QList<ScaglioneValore> Scaglioni(const QString& Categ)
+{
+    QList<ScaglioneValore> Letti;
+    LeggiScaglioni(Categ, [&](const ScaglioneValore& Uno) { Letti += Uno; });
+    return Letti;
+}
+
+QStringList TernaScritta(const Recordset& Voce, int Scaglione)
+{
+    QStringList Importi;
+    for (const QString& Estremo : {u"Min"_s, u"Med"_s, u"Max"_s})
+        Importi += Format(ImportoCatalogo(Voce, Scaglione, Estremo), u"#,##0.00");
+    return Importi;
+}
+
+/// The row of a table that begins with this text.
+QStringList RigaDi(const QList<TabellaLetta>& Tabelle, const QString& Inizio)
+{
+    for (const TabellaLetta& Una : Tabelle)
+        for (const QStringList& Riga : Una.Righe)
+            if (Riga.first() == Inizio)
+                return Riga;
+    return {};
+}
+
+/// What the words of a formula give at a value: "€ 200,00 più il 2% della parte oltre € 5.000,00".
+double ValoreDelleParole(const QString& Parole, double x)
+{
+    static const QRegularExpression Forma(u"\\A(?:€ ([0-9.,]+))?(?: più )?(?:(?:il |lo |l')?([0-9,]+)% "
+                                          u"(?:del valore|della parte oltre € ([0-9.,]+)))?\\z"_s);
+    const auto Letta = Forma.match(Parole);
+    if (!Letta.hasMatch() || Parole.isEmpty())
+        QTest::qFail(qPrintable(Parole), __FILE__, __LINE__);
+    return NumeroDi(Letta.captured(1)) +
+           NumeroDi(Letta.captured(2)) / 100 * (x - NumeroDi(Letta.captured(3)));
+}
+
+double ValoreFormulaDi(const Recordset& Voce, int Scaglione, const QString& Estremo, double x)
+{
+    int Codice = -1;
+    const double Valore = ValutaEspressione(FormulaCatalogo(Voce, Scaglione, Estremo), x, Codice);
+    if (Codice != 0)
+        QTest::qFail("la formula non si calcola", __FILE__, __LINE__);
+    return Valore;
+}
+
+/// Runs the tool on a folder of tables; gives what it said.
+QString Esegui(const QString& Tabelle, const QString& Uscita, int& Stato)
+{
+    QString Detto;
+    QTextStream Errori(&Detto);
+    Stato = CreaSchede({Tabelle, Uscita}, Errori);
+    Errori.flush();
+    return Detto.trimmed();
+}
+
+/// A copy of the tables and texts of the program, to be spoilt.
+QString CopiaDati()
+{
+    const QString Origine = QStringLiteral(CARTELLA_SORGENTE "/dati/");
+    const QString Copia = NuovaCartella();
+    QDir().mkpath(Copia + u"schede"_s);
+    for (const QString& Nome :
+         {u"autorita.csv"_s, u"scaglioni.csv"_s, u"voci.csv"_s, u"onorari_civili.csv"_s,
+          u"onorari_penali.csv"_s, u"onorari_stragiudiziali.csv"_s, u"spese.csv"_s, u"schede/civile.txt"_s,
+          u"schede/penale.txt"_s, u"schede/stragiudiziale.txt"_s})
+        QFile::copy(Origine + Nome, Copia + Nome);
+    return Copia;
+}
+
+}  // namespace
+
+class TestSchede : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void ogniVoceHaLaSua();
+    void ogniSchedaHaLaSuaVoce();
+    void cifreCivili();
+    void cifrePenali();
+    void formuleStragiudiziali();
+    void esempiComeInParcella();
+    void percentuali();
+    void benFormate_data();
+    void benFormate();
+    void collegamenti_data();
+    void collegamenti();
+    void entranoNelVisore_data();
+    void entranoNelVisore();
+    void testiDistinti();
+    void parole_data();
+    void parole();
+    void percentuale_data();
+    void percentuale();
+    void rifiuta_data();
+    void rifiuta();
+    void rifiutandoNonScriveNulla();
+    void leSuperflueSeNeVanno();
+    void uscitaNonScrivibile();
+    void usoSbagliato();
+
+private:
+    std::unique_ptr<Studio> Ufficio;
+};
+PROVA(TestSchede);
+
+void TestSchede::initTestCase()
+{
+    Ufficio = std::make_unique<Studio>();
+}
+
+// ---- Sheets and items ----------------------------------------------------------------------------
+
+void TestSchede::ogniVoceHaLaSua()
+{
+    int Viste = 0;
+    const auto Controlla = [&](const QString& File, const Recordset& Voce) {
+        // To the letter: the disks of some offices tell capitals apart.
+        QVERIFY2(Schede().contains(File), qPrintable(File));
+        const SchedaLetta& Scheda = Leggi(File);
+        QCOMPARE(Scheda.Titolo, Voce.Value(u"DescrOno"_s).toString());
+        QVERIFY2(Scheda.Paragrafi.first().endsWith(u", voce "_s + Voce.Value(u"NVoce"_s).toString()),
+                 qPrintable(Scheda.Paragrafi.first()));
+        ++Viste;
+    };
+    for (const Autorita& Una : LeggiAutorita(Civile.toString()))
+        PerOgniVoce(Civile.toString(), Una.IDAut, Controlla);
+    for (const QStringView Categ : {Penale, Stragiudiziale})
+        PerOgniVoce(Categ.toString(), 0, Controlla);
+    QVERIFY2(Viste > 80, qPrintable(QString::number(Viste)));
+}
+
+void TestSchede::ogniSchedaHaLaSuaVoce()
+{
+    QSet<QString> Attese;
+    const auto Segna = [&](const QString& File, const Recordset&) { Attese.insert(File); };
+    for (const Autorita& Una : LeggiAutorita(Civile.toString()))
+        PerOgniVoce(Civile.toString(), Una.IDAut, Segna);
+    for (const QStringView Categ : {Penale, Stragiudiziale})
+        PerOgniVoce(Categ.toString(), 0, Segna);
+    const QStringList Trovate = Schede();
+    QCOMPARE(QSet<QString>(Trovate.begin(), Trovate.end()), Attese);
+    QCOMPARE(Trovate.size(), 38);
+}
+
+// ---- Figures -------------------------------------------------------------------------------------
+
+void TestSchede::cifreCivili()
+{
+    int Viste = 0;
+    for (const Autorita& Una : LeggiAutorita(Civile.toString())) {
+        PerOgniVoce(Civile.toString(), Una.IDAut, [&](const QString& File, const Recordset& Voce) {
+            const SchedaLetta& Scheda = Leggi(File);
+            if (Libera(Voce)) {
+                QVERIFY(Scheda.Tabelle.isEmpty());
+                return;
+            }
+            QList<TabellaLetta> Sue;
+            for (const TabellaLetta& Tabella : Scheda.Tabelle)
+                if (Tabella.Prima.split(u"; "_s).contains(Una.DesAut))
+                    Sue += Tabella;
+            QCOMPARE(Sue.size(), 1);
+            for (const ScaglioneValore& Uno : Scaglioni(Civile.toString())) {
+                const QStringList Riga = RigaDi(Sue, Uno.DesVal).mid(1);
+                if (ImportoCatalogo(Voce, Uno.NumSca, u"Max"_s) == 0)
+                    QCOMPARE(Riga, QStringList{u"non ammesso"_s});
+                else
+                    QCOMPARE(Riga.first(3), TernaScritta(Voce, Uno.NumSca));
+                ++Viste;
+            }
+            QCOMPARE(Sue.first().Righe.size(), Scaglioni(Civile.toString()).size() + 1);
+        });
+    }
+    QVERIFY2(Viste > 400, qPrintable(QString::number(Viste)));
+}
+
+void TestSchede::cifrePenali()
+{
+    int Viste = 0;
+    PerOgniVoce(Penale.toString(), 0, [&](const QString& File, const Recordset& Voce) {
+        const SchedaLetta& Scheda = Leggi(File);
+        if (Libera(Voce)) {
+            QVERIFY(Scheda.Tabelle.isEmpty());
+            return;
+        }
+        for (const Autorita& Una : LeggiAutorita(Penale.toString())) {
+            QCOMPARE(RigaDi(Scheda.Tabelle, Una.DesAut).mid(1, 3), TernaScritta(Voce, Una.IDAut));
+            ++Viste;
+        }
+        QCOMPARE(Scheda.Tabelle.first().Righe.size(), LeggiAutorita(Penale.toString()).size() + 1);
+    });
+    QCOMPARE(Viste, 50);
+}
+
+void TestSchede::formuleStragiudiziali()
+{
+    int Viste = 0;
+    PerOgniVoce(Stragiudiziale.toString(), 0, [&](const QString& File, const Recordset& Voce) {
+        const SchedaLetta& Scheda = Leggi(File);
+        if (Libera(Voce)) {
+            QVERIFY(Scheda.Tabelle.isEmpty());
+            return;
+        }
+        const QStringList Ovunque = RigaDi(Scheda.Tabelle, u"qualunque"_s);
+        for (const ScaglioneValore& Uno : Scaglioni(Stragiudiziale.toString())) {
+            const QStringList Riga = Ovunque.isEmpty() ? RigaDi(Scheda.Tabelle, Uno.DesVal) : Ovunque;
+            QCOMPARE(Riga.size(), 3);
+            for (const double x : {Uno.DaVal, Uno.DaVal + 1234.56, std::min(Uno.AVal, 9e6)}) {
+                const double Min = ValoreFormulaDi(Voce, Uno.NumSca, u"Min"_s, x);
+                const double Max = ValoreFormulaDi(Voce, Uno.NumSca, u"Max"_s, x);
+                QVERIFY2(std::abs(ValoreDelleParole(Riga[1], x) - Min) < 0.005, qPrintable(Riga[1]));
+                QVERIFY2(std::abs(ValoreDelleParole(Riga[2], x) - Max) < 0.005, qPrintable(Riga[2]));
+            }
+            ++Viste;
+        }
+    });
+    QCOMPARE(Viste, 19 * 7);
+}
+
+/// The worked example says what the program puts into a note at that value.
+void TestSchede::esempiComeInParcella()
+{
+    static const QRegularExpression Dati(
+        u"\\AValore dell'affare € ([0-9.,]+?)(?:, quantità ([0-9]+))?[.]\\z"_s);
+    const Registratore Voce;
+    int Visti = 0;
+    PerOgniVoce(Stragiudiziale.toString(), 0, [&](const QString& File, const Recordset& Riga) {
+        if (Libera(Riga))
+            return;
+        const TabellaLetta Conto = Leggi(File).Tabelle.last();
+        const auto Letti = Dati.match(Conto.Prima);
+        QVERIFY2(Letti.hasMatch(), qPrintable(Conto.Prima));
+        Parcella Nota;
+        Nota.CodCateg = Stragiudiziale.toString();
+        Nota.ImportoPrec = NumeroDi(Letti.captured(1));
+        for (const ScaglioneValore& Uno : Scaglioni(Stragiudiziale.toString()))
+            if (Nota.ImportoPrec >= Uno.DaVal && Nota.ImportoPrec <= Uno.AVal)
+                Nota.Scaglione = Uno.NumSca;
+        Catalogo Voci = ApriCatalogo(Nota.CodCateg, 0);
+        Voci.datOno.FindFirst(CriterioVoce(Nota.CodCateg, Voci.ChiaveOno, Riga.Value(Voci.ChiaveOno), 0));
+        const double Quant = Letti.captured(2).isEmpty() ? 1.0 : NumeroDi(Letti.captured(2));
+        const auto Inserita = InserisciOnorario(Nota, Voci, {}, Quant);
+        QVERIFY(Inserita);
+        const QList<std::pair<QString, int>> Attese{
+            {u"Minimo"_s, OnoMin}, {u"Medio"_s, OnoMedio}, {u"Massimo"_s, OnoMax}};
+        for (const auto& [Nome, Colonna] : Attese)
+            QCOMPARE(RigaDi({Conto}, Nome).last(),
+                     Format(NumeroDi(Nota.xOnorari(*Inserita, Colonna)), u"#,##0.00"));
+        QCOMPARE(!Letti.captured(2).isEmpty(), !Riga.Value(u"QtaOno"_s, QString()).toString().isEmpty());
+        ++Visti;
+    });
+    QCOMPARE(Visti, 19);
+}
+
+/// The percentages beside the figures are those that the figures follow by.
+void TestSchede::percentuali()
+{
+    static const QRegularExpression Coppia(u"\\A-([0-9]+)% [+]([0-9]+)%\\z"_s);
+    int Viste = 0;
+    for (const QString& File : Schede())
+        for (const TabellaLetta& Una : Leggi(File).Tabelle)
+            for (const QStringList& Riga : Una.Righe.mid(1)) {
+                if (Una.Righe.first().value(4) != u"Dal medio" || Riga.size() < 5)
+                    continue;
+                const auto Letta = Coppia.match(Riga[4]);
+                QVERIFY2(Letta.hasMatch(), qPrintable(File + u' ' + Riga[4]));
+                const double Medio = NumeroDi(Riga[2]);
+                QVERIFY(std::abs(Medio * (100 - Letta.captured(1).toInt()) / 100 - NumeroDi(Riga[1])) <= 0.5);
+                QVERIFY(std::abs(Medio * (100 + Letta.captured(2).toInt()) / 100 - NumeroDi(Riga[3])) <= 0.5);
+                ++Viste;
+            }
+    QVERIFY2(Viste > 150, qPrintable(QString::number(Viste)));
+    // What the decree gives as minimum and maximum follows by none.
+    QVERIFY(!Html(u"C019.htm"_s).contains(u"Dal medio"));
+    // The office's own share, of criminal items alone.
+    const QStringList Assise = RigaDi(Leggi(u"P003.htm"_s).Tabelle, u"Corte d'assise"_s);
+    QCOMPARE(Assise.last(), u"+150%"_s);
+    QCOMPARE(RigaDi(Leggi(u"P003.htm"_s).Tabelle, u"Giudice di pace"_s).last(), u"-20%"_s);
+    QCOMPARE(RigaDi(Leggi(u"P003.htm"_s).Tabelle, u"Tribunale monocratico"_s).last(), u"base"_s);
+}
+
+// ---- Pages ---------------------------------------------------------------------------------------
+
+void TestSchede::benFormate_data()
+{
+    OgniScheda();
+}
+
+void TestSchede::benFormate()
+{
+    QFETCH(QString, File);
+    const QString Pagina = Html(File);
+    const SchedaLetta& Scheda = Leggi(File);
+    QCOMPARE(Scheda.Errore, QString());
+    QVERIFY(Pagina.contains(u"charset=\"utf-8\""));
+    QVERIFY(!Pagina.contains(QChar::ReplacementCharacter));
+    QVERIFY(Scheda.Sezioni.contains(u"Nel decreto"_s));
+    // Colours and sizes are the viewer's: a page with its own would be unreadable on a dark palette.
+    for (const QStringView Proprio : {u"style=", u"<style", u"bgcolor", u"color=", u"<font", u"<script"})
+        QVERIFY2(!Pagina.contains(Proprio, Qt::CaseInsensitive), qPrintable(Proprio.toString()));
+    // Nothing of the texts' own marks is left, and nothing unfinished.
+    static const QRegularExpression Resto(u"[*]{2}|^ *[%=#]|>[%=#]|%[0-9L]|TODO|XXX|\\{|\\}"_s,
+                                          QRegularExpression::MultilineOption);
+    QVERIFY2(!Pagina.contains(Resto), qPrintable(Resto.match(Pagina).captured()));
+    // A description, not a stub.
+    QTextDocument Letta;
+    Letta.setHtml(Pagina);
+    const QString Prima = Letta.toPlainText().section(u"Nel decreto"_s, 0, 0);
+    QVERIFY2(Prima.size() > 300, qPrintable(QString::number(Prima.size())));
+}
+
+void TestSchede::collegamenti_data()
+{
+    OgniScheda();
+}
+
+void TestSchede::collegamenti()
+{
+    QFETCH(QString, File);
+    int Visti = 0;
+    const QStringList Nomi = QDir(CartellaNote()).entryList(QDir::Files);
+    static const QRegularExpression Riferimento(u"href=\"([^\"]*)\""_s);
+    const QString Pagina = Html(File);
+    auto Passi = Riferimento.globalMatch(Pagina);
+    while (Passi.hasNext()) {
+        const QString Meta = Passi.next().captured(1);
+        if (Meta.startsWith(u'#'))
+            QVERIFY2(Pagina.contains(u"<a name=\"%1\">"_s.arg(Meta.mid(1))), qPrintable(Meta));
+        else
+            QVERIFY2(Nomi.contains(Meta) && Meta != File, qPrintable(Meta));
+        ++Visti;
+    }
+    QVERIFY(Visti > 0);
+}
+
+void TestSchede::entranoNelVisore_data()
+{
+    OgniScheda();
+}
+
+/// Neither the viewer nor an A4 sheet cuts a table off.
+void TestSchede::entranoNelVisore()
+{
+    QFETCH(QString, File);
+    constexpr double LarghezzaVisore = 700.0;
+    QTextDocument Documento;
+    Documento.setHtml(Html(File));
+    Documento.setTextWidth(LarghezzaVisore);
+    QVERIFY2(Documento.size().width() <= LarghezzaVisore,
+             qPrintable(QString::number(Documento.size().width())));
+}
+
+/// Each item has words of its own.
+void TestSchede::testiDistinti()
+{
+    QHash<QString, QString> Viste;
+    for (const QString& File : Schede()) {
+        if (File.endsWith(u"999.htm"))
+            continue;
+        const QString Prima = Leggi(File).Paragrafi.value(1);
+        QVERIFY2(Prima.size() > 60, qPrintable(File));
+        QVERIFY2(!Viste.contains(Prima), qPrintable(File + u' ' + Viste.value(Prima)));
+        Viste.insert(Prima, File);
+    }
+    QCOMPARE(Viste.size(), 35);
+}
+
+// ---- Pieces --------------------------------------------------------------------------------------
+
+void TestSchede::parole_data()
+{
+    QTest::addColumn<QString>("Formula");
+    QTest::addColumn<double>("Da");
+    QTest::addColumn<QString>("Parole");
+
+    QTest::newRow("fixed") << u"69"_s << 0.01 << u"€ 69,00"_s;
+    QTest::newRow("nothing") << u"0"_s << 5000.01 << u"€ 0,00"_s;
+    QTest::newRow("share") << u"x*0.04"_s << 0.01 << u"4% del valore"_s;
+    QTest::newRow("base and share") << u"50+x*0.03"_s << 0.01 << u"€ 50,00 più il 3% del valore"_s;
+    QTest::newRow("share of 8") << u"150+x*0.08"_s << 0.01 << u"€ 150,00 più l'8% del valore"_s;
+    QTest::newRow("share below 1") << u"9475+(x-1500000)*0.0025"_s << 1500000.01
+                                   << u"€ 9.475,00 più lo 0,25% della parte oltre € 1.500.000,00"_s;
+    QTest::newRow("thousandths") << u"4737.5+(x-1500000)*0.00125"_s << 1500000.01
+                                 << u"€ 4.737,50 più lo 0,125% della parte oltre € 1.500.000,00"_s;
+    QTest::newRow("beyond") << u"200+(x-5000)*0.02"_s << 5000.01
+                            << u"€ 200,00 più il 2% della parte oltre € 5.000,00"_s;
+    QTest::newRow("written otherwise")
+        << u"x*0.02+100"_s << 5000.01 << u"€ 200,00 più il 2% della parte oltre € 5.000,00"_s;
+    QTest::newRow("share beyond without a base")
+        << u"(x-5000)*0.02"_s << 5000.01 << u"2% della parte oltre € 5.000,00"_s;
+    QTest::newRow("not even") << u"x*x*0.001"_s << 0.01 << QString();
+    QTest::newRow("no value") << u"1/0+x"_s << 0.01 << QString();
+}
+
+void TestSchede::parole()
+{
+    QFETCH(QString, Formula);
+    QFETCH(double, Da);
+    const auto Detta = Scomponi(Formula, {{}, 1, Da, 1e9, true});
+    QTEST(Detta ? InParole(*Detta).replace(QChar::Nbsp, u' ') : QString(), "Parole");
+}
+
+void TestSchede::percentuale_data()
+{
+    QTest::addColumn<double>("Importo");
+    QTest::addColumn<double>("Rispetto");
+    QTest::addColumn<QString>("Attesa");
+
+    QTest::newRow("more") << 1920.0 << 1200.0 << u"+60%"_s;
+    QTest::newRow("less") << 600.0 << 1200.0 << u"-50%"_s;
+    QTest::newRow("the same") << 600.0 << 600.0 << u"0%"_s;
+    QTest::newRow("half a euro up") << 428.0 << 855.0 << u"-50%"_s;
+    QTest::newRow("more than half a euro off") << 50.0 << 375.0 << QString();
+    QTest::newRow("of nothing") << 0.0 << 0.0 << QString();
+}
+
+void TestSchede::percentuale()
+{
+    QFETCH(double, Importo);
+    QFETCH(double, Rispetto);
+    QTEST(Percentuale(Importo, Rispetto).value_or(QString()), "Attesa");
+}
+
+// ---- What is refused -----------------------------------------------------------------------------
+
+void TestSchede::rifiuta_data()
+{
+    QTest::addColumn<QString>("File");
+    QTest::addColumn<QString>("Cerca");
+    QTest::addColumn<QString>("Metti");
+    QTest::addColumn<QString>("Motivo");
+
+    const auto Caso = [](const char* Nome, const QString& File, const QString& Cerca, const QString& Metti,
+                         const QString& Motivo) { QTest::newRow(Nome) << File << Cerca << Metti << Motivo; };
+    const QString Civ = u"schede/civile.txt"_s;
+    const QString Pen = u"schede/penale.txt"_s;
+    const QString Str = u"schede/stragiudiziale.txt"_s;
+    Caso("item without a text", u"voci.csv"_s, u"PEN;999;"_s, u"PEN;6;6;6;Fase nuova;\nPEN;999;"_s,
+         u"manca l'importo penale"_s);
+    Caso("item without a text, with amounts", u"voci.csv"_s, u"CIV;999;999;999;Voce non prevista;"_s,
+         u"CIV;999;999;999;Voce non prevista;\nSTR;20;20;20;Voce nuova;"_s, u"voce 20"_s);
+    Caso("text without an item", Civ, u"= 8 Affari tavolari"_s, u"= 88 Affari tavolari"_s,
+         u"civile.txt, riga "_s);
+    Caso("text of nothing", Civ, u"= 8 Affari tavolari"_s, u"= Affari tavolari"_s, u"serve il codice"_s);
+    Caso("text left out", Pen, u"= 2 Fase introduttiva"_s, u"## Fase introduttiva"_s,
+         u"manca la scheda della voce 2, Fase introduttiva"_s);
+    Caso("another description", Pen, u"= 1 Fase di studio"_s, u"= 1 Fase di esame"_s,
+         u"la voce 1 si chiama «Fase di studio»"_s);
+    Caso("two texts of an item", Pen, u"= 2 Fase introduttiva"_s, u"= 1 Fase di studio"_s,
+         u"la voce 1 ha già una scheda"_s);
+    Caso("words before any section", Pen, u"= 1 Fase di studio"_s, u"ciao\n= 1 Fase di studio"_s,
+         u"penale.txt, riga 1: testo fuori da ogni sezione"_s);
+    Caso("a group without its words", Civ, u"= gruppo appello: Appello\n"_s, QString(),
+         u"manca il gruppo «appello»"_s);
+    Caso("a group of nobody", Civ, u"= gruppo appello: Appello"_s, u"= gruppo appelli: Appello"_s,
+         u"nessuna autorità appartiene al gruppo «appelli»"_s);
+    Caso("a group without a title", Civ, u"= gruppo appello: Appello"_s, u"= gruppo appello"_s,
+         u"due punti"_s);
+    Caso("a group twice", Civ, u"= gruppo appello: Appello"_s, u"= gruppo tribunale: Appello"_s,
+         u"il gruppo «tribunale» è già descritto"_s);
+    Caso("closing words left out", Pen, u"= ogni scheda\n"_s, QString(), u"manca la sezione «ogni scheda»"_s);
+    Caso("closing words twice", Pen, u"= ogni scheda\n"_s, u"= ogni scheda\n= ogni scheda\n"_s,
+         u"una seconda sezione «ogni scheda»"_s);
+    Caso("amounts left out", Pen, u"%importi percentuali monocratico\n"_s, QString(),
+         u"«%importi» serve una volta"_s);
+    Caso("amounts of the free item", Pen, u"= 999 Voce non prevista\n"_s,
+         u"= 999 Voce non prevista\n%importi\n"_s, QString());
+    Caso("quantity left out", Pen, u"%quantità\n"_s, QString(), u"«%quantità» serve una volta"_s);
+    Caso("quantity of an item without one", Pen, u"= 1 Fase di studio\n"_s,
+         u"= 1 Fase di studio\n%quantità\n"_s, u"«%quantità» non serve"_s);
+    Caso("no articles", Pen, u"## Nel decreto\n"_s, QString(), u"manca «## Nel decreto»"_s);
+    Caso("unknown directive", Str, u"%quantità\n"_s, u"%quantita\n"_s, u"direttiva sconosciuta: quantita"_s);
+    Caso("bold without an end", Str, u"- **Art. 3**:"_s, u"- **Art. 3:"_s, u"grassetto senza fine"_s);
+    Caso("a link to no item", Str, u"%vedi S2 S3 C1"_s, u"%vedi S2 S77"_s, u"nessuna voce S77"_s);
+    Caso("a link to no category", Str, u"%vedi S2 S3 C1"_s, u"%vedi S2 X3"_s, u"nessuna voce X3"_s);
+    Caso("an example of a civil item", Civ, u"%vedi C20 C5 C6"_s, u"%esempio 3000"_s, u"non si adatta"_s);
+    Caso("an example without its quantity", Str, u"%esempio 30000 2"_s, u"%esempio 30000"_s,
+         u"non si adatta"_s);
+    Caso("an example with a quantity too many", Str, u"%esempio 80000"_s, u"%esempio 80000 2"_s,
+         u"non si adatta"_s);
+    Caso("an example outside the brackets", Str, u"%esempio 80000"_s, u"%esempio 0"_s,
+         u"in nessuno scaglione"_s);
+    Caso("percentages that the figures do not follow", u"onorari_penali.csv"_s, u"assise;2;750;1500;2250"_s,
+         u"assise;2;757;1500;2250"_s, u"la voce 2 non segue da una percentuale intera"_s);
+    Caso("a formula that words cannot tell", u"onorari_stragiudiziali.csv"_s, u"6;1;50+x*0.03;150+x*0.08"_s,
+         u"6;1;50+x*0.03;150+x*x*0.08"_s, u"non si può dire a parole"_s);
+}
+
+void TestSchede::rifiuta()
+{
+    QFETCH(QString, File);
+    QFETCH(QString, Cerca);
+    QFETCH(QString, Metti);
+    QFETCH(QString, Motivo);
+    const QString Copia = CopiaDati();
+    QString Testo = QString::fromUtf8(LeggiFile(Copia + File));
+    const qsizetype Dove = Testo.indexOf(Cerca);
+    QVERIFY(Dove >= 0);
+    Testo.replace(Dove, Cerca.size(), Metti);
+    ScriviFile(Copia + File, Testo.toUtf8());
+    int Stato = -1;
+    const QString Detto = Esegui(Copia, NuovaCartella(), Stato);
+    QCOMPARE(Stato, 1);
+    QVERIFY2(!Detto.isEmpty() && Detto.contains(Motivo), qPrintable(Detto));
+}
+
+void TestSchede::rifiutandoNonScriveNulla()
+{
+    const QString Copia = CopiaDati();
+    const QString Uscita = NuovaCartella();
+    QVERIFY(QFile::remove(Copia + u"schede/stragiudiziale.txt"_s));
+    int Stato = -1;
+    QCOMPARE(Esegui(Copia, Uscita, Stato), u"File non trovato"_s);
+    QCOMPARE(Stato, 1);
+    QVERIFY(!EsisteCartella(Uscita + u"note"_s));
+}
+
+void TestSchede::leSuperflueSeNeVanno()
+{
+    const QString Uscita = NuovaCartella();
+    CreaCartella(Uscita + u"note"_s);
+    for (const QString& Nome :
+         {u"C777.htm"_s, u"blank.htm"_s, u"Cliente.htm"_s, u"c777.htm"_s, u"S0777.html"_s})
+        ScriviFile(Uscita + u"note/"_s + Nome, "prima");
+    ScriviFile(Uscita + u"note/C001.htm"_s, "prima");
+    int Stato = -1;
+    QCOMPARE(Esegui(QStringLiteral(CARTELLA_SORGENTE "/dati"), Uscita, Stato), QString());
+    QCOMPARE(Stato, 0);
+    const QStringList Nomi = QDir(Uscita + u"note"_s).entryList(QDir::Files);
+    QVERIFY(!Nomi.contains(u"C777.htm"_s));
+    for (const QString& Nome : {u"blank.htm"_s, u"Cliente.htm"_s, u"c777.htm"_s, u"S0777.html"_s})
+        QCOMPARE(LeggiFile(Uscita + u"note/"_s + Nome), QByteArray("prima"));
+    QCOMPARE(LeggiFile(Uscita + u"note/C001.htm"_s), LeggiFile(CartellaNote() + u"C001.htm"_s));
+    QCOMPARE(Nomi.size(), 38 + 4);
+}
+
+void TestSchede::uscitaNonScrivibile()
+{
+    const QString Uscita = NuovaCartella();
+    ScriviFile(Uscita + u"note"_s, "un file al posto della cartella");
+    int Stato = -1;
+    QVERIFY(!Esegui(QStringLiteral(CARTELLA_SORGENTE "/dati"), Uscita, Stato).isEmpty());
+    QCOMPARE(Stato, 1);
+}
+
+void TestSchede::usoSbagliato()
+{
+    QString Detto;
+    QTextStream Errori(&Detto);
+    QCOMPARE(CreaSchede({u"dati"_s}, Errori), 2);
+    Errori.flush();
+    QVERIFY(Detto.startsWith(u"Uso: creaschede "));
+}
+
+#include "TestSchede.moc"
