@@ -16,6 +16,7 @@
 #include "feenote/frmParcelle.h"
 #include "platform/aspetto.h"
 #include "platform/collega.h"
+#include "platform/errore.h"
 #include "platform/messaggi.h"
 #include "update/frmWeb.h"
 
@@ -77,6 +78,20 @@ void ApriPagina(const QString& Pagina, const QString& Titolo)
     Visore.Mostra();
 }
 
+/// The sheet of another item, where one is on view.
+void SeguiPagina(const QString& Pagina, const QString& Titolo)
+{
+    frmWeb* Visore = SeCaricato<frmWeb>;
+    if (!Visore || !Visore->isVisible() || Visore->windowTitle() != Titolo || Visore->Indirizzo == Pagina)
+        return;
+    Visore->Indirizzo = Pagina;
+    try {
+        Visore->Aggiorna();
+    } catch (const Errore&) {
+        // Told when the sheet is asked for, not at each step in the catalogue.
+    }
+}
+
 /// The notice has a viewer of its own, so that no sheet comes into the window with its box. Where it was the
 /// only window, the process ends with it.
 void ApriAvviso(const PaginaAvviso& Avviso)
@@ -99,6 +114,7 @@ void RiempiApritori()
 {
     RiempiParcelle();
     Aperture.PaginaWeb = ApriPagina;
+    Aperture.PaginaSegue = SeguiPagina;
     Aperture.Avviso = ApriAvviso;
     Aperture.Termini = [] { Singola<frmTermini>().Mostra(); };
     Aperture.TerminiSequenziali = [] { Singola<frmTerminiSeq>().Mostra(); };

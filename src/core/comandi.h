@@ -82,3 +82,6 @@ void EseguiComando(const QString& Comando, int Indice, const QString& Par);
 
 /// The words in the order of the table; serves tests.
 [[nodiscard]] std::vector<QString> ParoleComando();
+    /// Another page in place of the one on view under this title. Where none is, nothing opens; the window
+    /// neither comes to the front nor takes the focus.
+    std::function<void(const QString& Pagina, const QString& Titolo)> PaginaSegue;

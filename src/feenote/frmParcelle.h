@@ -138,7 +138,9 @@ private:
     void CollegaCatalogoOnorari();
     void MostraOnorari();
     void EntraScheda1();
-    void ShowNota(int Riga);  ///< information sheet of a catalogue row
+    [[nodiscard]] QString PaginaNota(int Riga) const;  ///< sheet of a catalogue row; empty: no such row
+    void ShowNota(int Riga);                           ///< opens it
+    void SeguiNota(int Riga);                          ///< puts it in the place of the sheet on view, if any
     void tdbListaOno_DblClick(int Riga);
 
     // ---- frmParcelle_ModOno.cpp: the modification panel

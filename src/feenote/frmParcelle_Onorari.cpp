@@ -50,6 +50,8 @@ QList<ColonnaGriglia> ColonneCatalogo()
     return {Voce, Descr};
 }
 
+constexpr QStringView TitoloNota = u"KR5 - Scheda informativa prestazione";
+
 /// A line outside the tariff has no range of its own: it follows the typed amount.
 bool SenzaTariffa(const TabellaRighe& Righe, int Riga)
 {
@@ -112,6 +114,7 @@ void frmParcelle::CollegaCatalogoOnorari()
         u"Scegliere categoria, autorità e valore nei dati base: qui compaiono le voci della tariffa."_s);
     ::Collega(Lista, &Griglia::DoppioClic, this, [this](int Riga) { tdbListaOno_DblClick(Riga); });
     ::Collega(Lista, &Griglia::MenuContestuale, this, [this](int Riga) { ShowNota(Riga); });
+    ::Collega(Lista, &Griglia::RigaCambiata, this, [this](int Riga) { SeguiNota(Riga); });
     CollegaRicerca(
         uiOnorari->txtCercaOno, Lista, [this] { return Voci.datOno; }, u"DescrOno"_s);
     new SuggerimentoVoce(Lista, [this] { return Voci.datOno; });
@@ -164,6 +167,8 @@ void frmParcelle::EntraScheda1()
     uiOnorari->lblAumRidOno->setText(TestoAumRidOno(Nota));
     uiOnorari->lblAumRidOno->setToolTip(SuggerimentoAumRidOno(Nota));
 }
+    // The row's number may be the same as before, and the item another.
+    SeguiNota(uiOnorari->tdbListaOno->RigaCorrente().value_or(-1));
 
 void frmParcelle::tdbListaOno_DblClick(int Riga)
 {
@@ -180,15 +185,30 @@ void frmParcelle::tdbListaOno_DblClick(int Riga)
     RigheMutate(Righe, *Inserita);  // the new line is current and in sight; the catalogue keeps its row
 }
 
+QString frmParcelle::PaginaNota(int Riga) const
+{
+    if (!Voci.datOno.Aperto())
+        return {};
+    Recordset Voce = Voci.datOno.Clone();
+    if (!VaiARiga(Voce, Riga))
+        return {};
+    const QString Cartella = sessione::PercorsoProg + Barra(u"note"_s);
+    const QString Pagina = TrovaFile(Cartella + FileScheda(Nota.CodCateg, Voce.Value(Voci.ChiaveOno)));
+    return EsisteFile(Pagina) ? Pagina : Cartella + u"blank.htm"_s;
+}
+
 void frmParcelle::ShowNota(int Riga)
 {
-    if (!VaiARiga(Voci.datOno, Riga) || !Aperture.PaginaWeb)
-        return;
-    const QString Cartella = sessione::PercorsoProg + Barra(u"note"_s);
-    QString Pagina = TrovaFile(Cartella + FileScheda(Nota.CodCateg, Voci.datOno.Value(Voci.ChiaveOno)));
-    if (!EsisteFile(Pagina))
-        Pagina = Cartella + u"blank.htm"_s;
-    Aperture.PaginaWeb(Pagina, u"KR5 - Scheda informativa prestazione"_s);
+    const QString Pagina = PaginaNota(Riga);
+    if (!Pagina.isEmpty() && Aperture.PaginaWeb)
+        Aperture.PaginaWeb(Pagina, TitoloNota.toString());
+}
+
+void frmParcelle::SeguiNota(int Riga)
+{
+    const QString Pagina = PaginaNota(Riga);
+    if (!Pagina.isEmpty() && Aperture.PaginaSegue)
+        Aperture.PaginaSegue(Pagina, TitoloNota.toString());
 }
 
 void frmParcelle::MostraOnorari()

@@ -116,7 +116,7 @@ void frmWeb::Mostra()
     setWindowTitle(Titolo);
     ui->chkNoRepeat->setVisible(Avviso);
     if (isVisible()) {
-        // The sheets follow the catalogue, whose keys must not be taken away.
+        // Asked for again from a catalogue, whose keys must not be taken away.
         raise();
         return;
     }
@@ -128,6 +128,11 @@ void frmWeb::Mostra()
     show();
     raise();
     activateWindow();
+}
+
+void frmWeb::Aggiorna()
+{
+    (void)ui->Web1->Naviga(Indirizzo);
 }
 
 void frmWeb::done(int Esito)

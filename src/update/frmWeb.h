@@ -28,6 +28,8 @@ public:
     /// Shows the page; a viewer that is on view already comes to the front with it and takes no focus.
     /// @throws Errore as Pagina::Naviga; the viewer then stays as it was
     void Mostra();
+    /// Changes the page alone: the window stays where and as it is, closed too. @throws Errore as Mostra
+    void Aggiorna();
 
     /// Every end of the viewer: the marker of a notice is written when the box is ticked, beside the program
     /// or, where that folder refuses it, in the user folder.
