@@ -6,6 +6,7 @@
 #include "platform/aspetto.h"
 #include "platform/campo.h"
 #include "platform/collega.h"
+#include "platform/segnale.h"
 #include "platform/servizi_qt.h"
 
 void PreparaProgramma()
@@ -14,6 +15,7 @@ void PreparaProgramma()
     QApplication::setQuitOnLastWindowClosed(false);
     aspetto::Prepara();
     InstallaServiziQt();
+    InstallaSegnale();
     InstallaUltimaRete([](const Errore& Guasto) { GestioneErrori(Guasto); });
     InstallaFiltro(FiltroTasti);
     RiempiApritori();

@@ -80,6 +80,7 @@ void InstallaServiziQt()
     Shell Precedente = InstallaShell({});
     Shell Nuova = ShellQt();
     Nuova.Connesso = std::move(Precedente.Connesso);
+    Nuova.Segnala = std::move(Precedente.Segnala);
     InstallaShell(std::move(Nuova));
 }
 

@@ -95,6 +95,12 @@ bool InternetConnesso()
     return Connesso && Connesso();
 }
 
+void Segnala(const QString& Titolo, const QString& Testo)
+{
+    if (const auto Manda = Installata().Segnala)
+        Manda(Titolo, Testo);
+}
+
 QString CartellaEseguibile()
 {
     return Barra(QCoreApplication::applicationDirPath());

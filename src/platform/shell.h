@@ -25,6 +25,8 @@ struct Shell
     std::function<void()> Campanello;
     std::function<void()> ProssimoCampo;  ///< moves the focus on, as the Tab key does
     std::function<bool()> Connesso;       ///< the system's "connected" state
+    /// Sends a text to the program whose window has exactly this title; nothing while there is none.
+    std::function<void(const QString& Titolo, const QString& Testo)> Segnala;
     std::function<void(int Esito)> Termina;
 };
 
@@ -40,6 +42,18 @@ void Clessidra(bool Attiva);
 void Campanello();
 void ProssimoCampo();
 bool InternetConnesso();
+/// Nothing waits for an answer, and nothing tells whether anybody has heard.
+void Segnala(const QString& Titolo, const QString& Testo);
+
+/// The busy pointer, as long as this lives.
+class ClessidraAccesa
+{
+public:
+    ClessidraAccesa() { Clessidra(true); }
+    ~ClessidraAccesa() { Clessidra(false); }
+    ClessidraAccesa(const ClessidraAccesa&) = delete;
+    ClessidraAccesa& operator=(const ClessidraAccesa&) = delete;
+};
 
 /// Folder of the running executable, with the separator at its end.
 [[nodiscard]] QString CartellaEseguibile();

@@ -3,6 +3,6 @@
 
 #include "platform/shell.h"
 
-/// Desktop services, busy pointer, beep, focus moves and the end of the process. `Connesso` stays empty:
-/// it belongs to the network.
+/// Desktop services, busy pointer, beep, focus moves and the end of the process. `Connesso` and
+/// `Segnala` stay empty: they belong to the network.
 [[nodiscard]] Shell ShellQt();

@@ -48,14 +48,6 @@ std::unique_ptr<QPrinter>& Ricordata()
 /// True between a choice and its printing.
 bool DaStampare = false;
 
-class ClessidraAccesa
-{
-public:
-    ClessidraAccesa() { Clessidra(true); }
-    ~ClessidraAccesa() { Clessidra(false); }
-    Q_DISABLE_COPY_MOVE(ClessidraAccesa)
-};
-
 /// A printer as a new document finds it: its paper is remembered, pages and copies are not.
 QPrinter& Preparata(int Pagine)
 {

@@ -16,16 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The busy pointer, as long as this lives.
-class Attesa
-{
-public:
-    Attesa() { Clessidra(true); }
-    ~Attesa() { Clessidra(false); }
-    Attesa(const Attesa&) = delete;
-    Attesa& operator=(const Attesa&) = delete;
-};
-
 /// The companion application's folder of fee notes, without the separator at its end; empty when its settings
 /// name none.
 QString CartellaCompagna()
@@ -144,7 +134,7 @@ void EsportaInWord(int Indice, const std::function<std::optional<Errore>()>& Ric
     std::optional<Errore> Esito;
     bool InUso = false;
     {
-        const Attesa Occupato;
+        const ClessidraAccesa Occupato;
         InUso = FileInUso(File);
         if (!InUso)
             Esito = Aggiorna(Ricomponi);

@@ -41,6 +41,7 @@ void TestShell::senzaTavolaNienteSiApre()
     Clessidra(true);
     Campanello();
     ProssimoCampo();
+    Segnala(u"Una finestra"_s, u"testo"_s);
 }
 
 void TestShell::laTavolaRiceveGliArgomenti()
@@ -60,6 +61,7 @@ void TestShell::laTavolaRiceveGliArgomenti()
     Tavola.Campanello = [&] { Visti += u"suono"_s; };
     Tavola.ProssimoCampo = [&] { Visti += u"campo"_s; };
     Tavola.Connesso = [] { return true; };
+    Tavola.Segnala = [&](const QString& Titolo, const QString& Testo) { Visti += Titolo + u'<' + Testo; };
     InstallaShell(Tavola);
 
     QCOMPARE(ApriConSistema(u"a.doc"_s), 0);
@@ -72,8 +74,9 @@ void TestShell::laTavolaRiceveGliArgomenti()
     Campanello();
     ProssimoCampo();
     QVERIFY(InternetConnesso());
+    Segnala(u"f"_s, u"g"_s);
     QCOMPARE(Visti, QStringList({u"a.doc"_s, u"http://b"_s, u"c.pdf"_s, u"d.pdf@7"_s, u"e|-x y|/f"_s,
-                                 u"attesa"_s, u"pronto"_s, u"suono"_s, u"campo"_s}));
+                                 u"attesa"_s, u"pronto"_s, u"suono"_s, u"campo"_s, u"f<g"_s}));
 }
 
 void TestShell::laTavolaRendeGliErrori()

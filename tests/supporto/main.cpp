@@ -33,6 +33,7 @@ int main(int argc, char** argv)
     qputenv("XDG_CONFIG_HOME", Casa + "config");
     qputenv("XDG_DATA_HOME", Casa + "data");
     qputenv("XDG_DOCUMENTS_DIR", Casa + "Documenti");
+    qputenv("XDG_RUNTIME_DIR", Casa + "sessione");
 
 #ifdef PROVE_CON_FINESTRE
     Applicazione Programma(argc, argv);

@@ -1,0 +1,182 @@
+// The signal to another program: what a listener hears, and that nobody waits for one who does not listen.
+#include "supporto/prova.h"
+
+#include "platform/segnale.h"
+#include "platform/shell.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QLocalServer>
+#include <QLocalSocket>
+#include <QRegularExpression>
+#include <QScopeGuard>
+
+#include <memory>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString Titolo = u"Praxivo - Gestione pratiche"_s;
+
+/// What one caller sends, until it hangs up.
+QByteArray Udito(QLocalServer& Ascolto)
+{
+    if (!Ascolto.hasPendingConnections() && !Ascolto.waitForNewConnection(2000))
+        return "nessuno"_ba;
+    const std::unique_ptr<QLocalSocket> Presa(Ascolto.nextPendingConnection());
+    while (Presa->state() == QLocalSocket::ConnectedState)
+        if (!Presa->waitForReadyRead(2000))
+            break;
+    return Presa->readAll();
+}
+
+}  // namespace
+
+class TestSegnale : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void chiAscoltaSenteIlTestoColSuoNullo_data();
+    void chiAscoltaSenteIlTestoColSuoNullo();
+    void ognunoSenteIlSuoNome();
+    void nessunoInAscolto();
+    void presaDiUnProgrammaMorto();
+    void chiNonRispondeNonFaAspettare();
+    void senzaCartellaDiSessione();
+    void cartellaDiQuestoUtente();
+    void ilRestoDellaTavolaResta();
+
+private:
+    QByteArray Sessione;
+};
+PROVA(TestSegnale);
+
+void TestSegnale::init()
+{
+    Sessione = qgetenv("XDG_RUNTIME_DIR");
+    InstallaSegnale();
+}
+
+void TestSegnale::cleanup()
+{
+    qputenv("XDG_RUNTIME_DIR", Sessione);
+    InstallaShell({});
+}
+
+void TestSegnale::chiAscoltaSenteIlTestoColSuoNullo_data()
+{
+    QTest::addColumn<QString>("Testo");
+    QTest::addColumn<QByteArray>("Atteso");
+    QTest::newRow("refresh") << u"refresh"_s << QByteArray("refresh\0", 8);
+    QTest::newRow("8 bits a character") << u"perché €"_s << QByteArray("perch\xE9 \x80\0", 9);
+    QTest::newRow("nothing but the null") << QString() << QByteArray(1, '\0');
+}
+
+void TestSegnale::chiAscoltaSenteIlTestoColSuoNullo()
+{
+    QFETCH(QString, Testo);
+    QLocalServer Ascolto;
+    QVERIFY(Ascolto.listen(PresaSegnale(Titolo)));
+    Segnala(Titolo, Testo);
+    QTEST(Udito(Ascolto), "Atteso");
+    Segnala(Titolo, Testo);  // each signal is a call of its own
+    QTEST(Udito(Ascolto), "Atteso");
+}
+
+void TestSegnale::ognunoSenteIlSuoNome()
+{
+    QLocalServer Ascolto;
+    QLocalServer Altro;
+    QVERIFY(Ascolto.listen(PresaSegnale(Titolo)));
+    QVERIFY(Altro.listen(PresaSegnale(u"Praxivo - gestione pratiche"_s)));
+    Segnala(Titolo, u"refresh"_s);
+    QCOMPARE(Udito(Ascolto), QByteArray("refresh\0", 8));
+    QVERIFY2(!Altro.waitForNewConnection(50), "the title is compared with case");
+}
+
+void TestSegnale::nessunoInAscolto()
+{
+    QElapsedTimer Orologio;
+    Orologio.start();
+    Segnala(Titolo, u"refresh"_s);
+    QVERIFY2(Orologio.elapsed() < 200, "nobody is waited for");
+    QVERIFY(!QFileInfo::exists(PresaSegnale(Titolo)));
+}
+
+void TestSegnale::presaDiUnProgrammaMorto()
+{
+    // What a killed program leaves: a name that nobody answers to.
+    const QString Nome = PresaSegnale(Titolo);
+    {
+        QLocalServer Ascolto;
+        QVERIFY(Ascolto.listen(Nome));
+        QVERIFY(QFile::rename(Nome, Nome + u".morto"_s));  // or its end would take the name away
+    }
+    QVERIFY(QFile::rename(Nome + u".morto"_s, Nome));
+    QElapsedTimer Orologio;
+    Orologio.start();
+    Segnala(Titolo, u"refresh"_s);
+    QVERIFY(Orologio.elapsed() < 200);
+    QVERIFY(QFile::remove(Nome));
+}
+
+void TestSegnale::chiNonRispondeNonFaAspettare()
+{
+    QLocalServer Sordo;
+    Sordo.setListenBacklogSize(1);
+    QVERIFY(Sordo.listen(PresaSegnale(Titolo)));
+    // It takes nobody in, until its queue is full.
+    std::vector<std::unique_ptr<QLocalSocket>> Coda;
+    do {
+        Coda.push_back(std::make_unique<QLocalSocket>());
+        Coda.back()->connectToServer(PresaSegnale(Titolo));
+    } while (Coda.back()->state() == QLocalSocket::ConnectedState && Coda.size() < 200);
+    QVERIFY(Coda.size() < 200);
+    QElapsedTimer Orologio;
+    Orologio.start();
+    Segnala(Titolo, u"refresh"_s);
+    QVERIFY2(Orologio.elapsed() < 1000, qPrintable(QString::number(Orologio.elapsed())));
+}
+
+void TestSegnale::senzaCartellaDiSessione()
+{
+    const QString File = CartellaDiProva() + u"nessuna cartella"_s;
+    QVERIFY(QFile(File).open(QIODevice::WriteOnly));
+    const auto Rimetti = qScopeGuard([Era = qgetenv("TMPDIR")] { qputenv("TMPDIR", Era); });
+    for (const char* Nome : {"XDG_RUNTIME_DIR", "TMPDIR"})
+        qputenv(Nome, QFile::encodeName(File));
+    static const QRegularExpression Avviso(u"runtime directory"_s);
+    for (int i = 0; i < 2; ++i) {
+        QTest::ignoreMessage(QtWarningMsg, Avviso);
+        QTest::ignoreMessage(QtCriticalMsg, Avviso);
+    }
+    QCOMPARE(PresaSegnale(Titolo), QString());
+    Segnala(Titolo, u"refresh"_s);
+}
+
+void TestSegnale::cartellaDiQuestoUtente()
+{
+    QCOMPARE(PresaSegnale(Titolo), QFile::decodeName(Sessione) + u"/Praxivo - Gestione pratiche"_s);
+    const QFileInfo Cartella(QFile::decodeName(Sessione));
+    QVERIFY2(!Cartella.permission(QFile::ReadGroup) && !Cartella.permission(QFile::WriteOther) &&
+                 !Cartella.permission(QFile::ReadOther),
+             "nobody else looks in");
+}
+
+void TestSegnale::ilRestoDellaTavolaResta()
+{
+    Shell Tavola;
+    Tavola.Connesso = [] { return true; };
+    InstallaShell(Tavola);
+    InstallaSegnale();
+    QVERIFY(InternetConnesso());
+    const Shell Intera = InstallaShell({});
+    QVERIFY(Intera.Segnala);
+}
+
+#include "TestSegnale.moc"
