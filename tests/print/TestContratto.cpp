@@ -2,8 +2,10 @@
 
 #include "documenti.h"
 #include "platform/percorsi.h"
+#include "supporto/registratore.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -37,6 +39,8 @@ private Q_SLOTS:
     void clausoleInTestoSemplice();
     void clausoleGuaste_data();
     void clausoleGuaste();
+    void clausoleSmisurate();
+    void clausoleConImmagini();
 
 private:
     QString Clausole;  ///< folder of the clauses
@@ -362,6 +366,35 @@ void TestContratto::clausoleGuaste()
     const QString Con = TestiBlocchi(Composto(Nota, StampaContratto)).join(u'|');
     QVERIFY(Con.startsWith(Senza));
     QCOMPARE(Con.mid(Senza.size()).remove(u'|').remove(QChar()), Lette);
+}
+
+void TestContratto::clausoleSmisurate()
+{
+    const Registratore Messaggi;
+    const Parcella Nota = Completa(campioni::Civile());
+    const QStringList Senza = TestiBlocchi(Composto(Nota, StampaContratto));
+    const QString Nome = Clausole + u"ContrattoPersonaFisica.rtf"_s;
+    ScriviFile(Nome, "{\\rtf1\\ansi Foro di Milano\\par}");
+    QCOMPARE(TestiBlocchi(Composto(Nota, StampaContratto)).size(), Senza.size() + 2);
+    QFile File(Nome);
+    QVERIFY(File.open(QIODevice::ReadWrite));
+    QVERIFY(File.resize(qint64(50) << 20));
+    File.close();
+    QElapsedTimer Tempo;
+    Tempo.start();
+    QCOMPARE(TestiBlocchi(Composto(Nota, StampaContratto)), Senza);
+    QVERIFY2(Tempo.elapsed() < 2000, qPrintable(QString::number(Tempo.elapsed())));
+}
+
+/// An office's own letterhead makes the file large, not the text.
+void TestContratto::clausoleConImmagini()
+{
+    const QByteArray Prima = "{\\rtf1\\ansi {\\*\\shppict{\\pict\\pngblip ";
+    const QByteArray Dopo = "}}Foro di Milano\\par}";
+    const qsizetype Restano = MassimoTesto - Prima.size() - Dopo.size();
+    ScriviFile(Clausole + u"ContrattoPersonaFisica.rtf"_s, Prima + QByteArray(Restano, 'f') + Dopo);
+    const QStringList Testi = TestiBlocchi(Composto(Completa(campioni::Civile()), StampaContratto));
+    QCOMPARE(Testi.value(Testi.size() - 2), u"Foro di Milano"_s);
 }
 
 #include "TestContratto.moc"
