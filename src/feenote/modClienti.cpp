@@ -129,6 +129,14 @@ std::optional<DatiCliente> LeggiCliente(int IDCli)
     return CercaRiga(u"clienti"_s, IDCli, LeggiRiga);
 }
 
+bool ESocieta(const DatiCliente& Cliente)
+{
+    constexpr qsizetype CifreSocieta = 11;
+    const auto Cifra = [](QChar C) { return C >= u'0' && C <= u'9'; };
+    return !Cliente.RapprLegale.isEmpty() ||
+           (Cliente.CodFis.size() == CifreSocieta && std::ranges::all_of(Cliente.CodFis, Cifra));
+}
+
 QString BloccoCliente(const DatiCliente& Cliente, FormaBlocco Forma)
 {
     switch (Forma) {

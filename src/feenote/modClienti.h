@@ -29,6 +29,8 @@ struct DatiCliente
 /// The row of a client by its key; empty optional as for CercaCliente. A column that the archive does not
 /// have is empty.
 [[nodiscard]] std::optional<DatiCliente> LeggiCliente(int IDCli);
+/// A legal representative, or a tax code of the eleven digits that no person's has, makes it a company.
+[[nodiscard]] bool ESocieta(const DatiCliente& Cliente);
 
 /// The client block of a document in one of its forms; empty for FormaBlocco::Nessuna.
 [[nodiscard]] QString BloccoCliente(const DatiCliente& Cliente, FormaBlocco Forma);

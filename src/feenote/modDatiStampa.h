@@ -40,7 +40,8 @@ enum class ParteNota { Cliente, Controparte, Oggetto };
 /// As it stands on the first tab, and as it will print.
 [[nodiscard]] const Casella& ParteScritta(const Parcella& Nota, ParteNota Quale);
 [[nodiscard]] const Casella& ParteStampata(const Parcella& Nota, ParteNota Quale);
-/// Typed on the first tab: it will print so, and a client block of the user's own is given up.
+/// Typed on the first tab: it will print so, and a client block of the user's own is given up. A linked
+/// party that is emptied is linked no more, which is told.
 void CambiaParte(Parcella& Nota, ParteNota Quale, const QString& Testo);
 /// Typed in the print data; a longer text is cut.
 void CambiaParteStampata(Parcella& Nota, ParteNota Quale, const QString& Testo);
@@ -51,8 +52,14 @@ void LasciaParteStampata(Parcella& Nota, ParteNota Quale);
 /// How the chosen document words the client.
 [[nodiscard]] FormaBlocco FormaDelBlocco(const Parcella& Nota);
 /// Words the client for the chosen document. A block that the user has written stays as long as its form
-/// does; a document without a client leaves it.
+/// does; a document without a client leaves it. For an agreement the row of a newly linked client first says
+/// whether it is a person or a company.
 void RicomponiBlocco(Parcella& Nota);
+
+/// The address book's answer to "cli", "con" (first tab) or "c_cli", "c_con" (print data); any other word
+/// does nothing. The first tab links the party. So does the print data for one that is not linked yet; for
+/// any other only what is printed changes: a client is worded from its row, a counterparty by its name.
+void RiceviDaRubrica(Parcella& Nota, const QString& Parola, int Chiave, const QString& Nome);
 
 /// A click in the list of documents: switches, then the client block.
 void ScegliDocumento(Parcella& Nota, int Tipo);

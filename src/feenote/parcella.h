@@ -157,6 +157,7 @@ struct Parcella
     int cmbTipoStampa = NessunaVoce;
     QMap<int, QString> txtDatiPar;  ///< by DatoStampa; a missing element is empty
     int optContrTipo = 0;           ///< client type: 0 person, 1 company
+    int ContrTipoDi = 0;            ///< key of the client whose type was proposed or chosen, 0 none
     Rappresentante Rappr;
     int RapprDi = 0;  ///< key of the client whose row has given the representative, 0 none
     std::optional<FormaBlocco> BloccoScritto;  ///< form that the user's own client block was written for

@@ -23,6 +23,17 @@ private Q_SLOTS:
     void bloccoDiUnClienteLegato();
     void clienteLegatoSparito();
     void bloccoAllApertura();
+    void svuotareDissocia_data();
+    void svuotareDissocia();
+    void societaDallArchivio_data();
+    void societaDallArchivio();
+    void laSceltaDelTipoResta();
+    void altroClienteAltroTipo();
+    void rubricaDallaPrimaScheda();
+    void rubricaDallaStampa();
+    void rubricaPerLaSolaStampa();
+    void rubricaPerLaSolaStampaSenzaRiga();
+    void rubricaConParolaIgnota();
     void ibanSenzaIban();
     void ibanConIban();
     void ogniDatoSegnaLaNota();
@@ -240,6 +251,197 @@ void TestDatiStampa::bloccoAllApertura()
     QCOMPARE(Letta.cmbTipoStampa, int(StampaFatturaAnalitica));
     QVERIFY2(Letta.txtDatiStaCli.Testo.contains(u"Via Larga 3"_s), qPrintable(Letta.txtDatiStaCli.Testo));
     QVERIFY(!Letta.Modificata);
+}
+
+// ---- the address book
+
+void TestDatiStampa::svuotareDissocia_data()
+{
+    QTest::addColumn<int>("Quale");
+    QTest::addColumn<QString>("Avviso");
+    QTest::newRow("cliente") << int(ParteNota::Cliente) << u"Il cliente è stato dissociato dalla parcella!"_s;
+    QTest::newRow("controparte") << int(ParteNota::Controparte)
+                                 << u"La controparte è stata dissociata dalla parcella!"_s;
+}
+
+void TestDatiStampa::svuotareDissocia()
+{
+    QFETCH(int, Quale);
+    QFETCH(QString, Avviso);
+    const auto Parte = ParteNota(Quale);
+    Registratore Voce;
+    Parcella Nota;
+    Nota.IDCli = Nota.IDCon = 3;
+    int& Legame = Parte == ParteNota::Cliente ? Nota.IDCli : Nota.IDCon;
+    CambiaParte(Nota, Parte, u"R"_s);
+    QCOMPARE(Legame, 3);
+    CambiaParteStampata(Nota, Parte, {});  // what prints has no link
+    QCOMPARE(Legame, 3);
+    Voce.Attendi(Avviso, vbOK, u"Avvertenza:"_s);
+    CambiaParte(Nota, Parte, {});
+    QCOMPARE(Legame, 0);
+    QCOMPARE(Nota.IDCli + Nota.IDCon, 3);
+    QCOMPARE(Voce.Mostrati().last().Bandiere, vbExclamation);
+    CambiaParte(Nota, Parte, {});  // told once
+    CambiaParte(Nota, ParteNota::Oggetto, {});
+}
+
+void TestDatiStampa::societaDallArchivio_data()
+{
+    QTest::addColumn<QString>("CodFis");
+    QTest::addColumn<QString>("PIva");
+    QTest::addColumn<QString>("Rappr");
+    QTest::addColumn<bool>("Societa");
+    QTest::newRow("codice di undici cifre") << u"01234567890"_s << QString() << QString() << true;
+    QTest::newRow("con chi la rappresenta") << QString() << QString() << u"Carla Bruni"_s << true;
+    QTest::newRow("persona") << u"RSSMRA70A01F205X"_s << QString() << QString() << false;
+    QTest::newRow("persona con partita IVA")
+        << u"RSSMRA70A01F205X"_s << u"01234567890"_s << QString() << false;
+    QTest::newRow("undici segni, non cifre") << u"0123456789X"_s << QString() << QString() << false;
+    QTest::newRow("dodici cifre") << u"012345678901"_s << QString() << QString() << false;
+    QTest::newRow("nulla") << QString() << QString() << QString() << false;
+}
+
+void TestDatiStampa::societaDallArchivio()
+{
+    QFETCH(QString, CodFis);
+    QFETCH(QString, PIva);
+    QFETCH(QString, Rappr);
+    QFETCH(bool, Societa);
+    const Studio Ufficio;
+    Parcella Nota = NotaCivile();
+    Nota.IDCli = Ufficio.AggiungiCliente({{u"Nominativo"_s, u"Gamma"_s},
+                                          {u"Citta"_s, u"Torino"_s},
+                                          {u"CodFis"_s, CodFis},
+                                          {u"PIva"_s, PIva},
+                                          {u"RapprLegale"_s, Rappr}});
+    Nota.txtCliente.Testo = u"Gamma"_s;
+    Nota.Modificata = false;
+    ScegliDocumento(Nota, StampaPrenotula);  // no document of its kind: nothing is asked of the row
+    QCOMPARE(Nota.optContrTipo, 0);
+    ScegliDocumento(Nota, StampaContratto);
+    QCOMPARE(Nota.optContrTipo == 1, Societa);
+    QCOMPARE(Nota.txtDatiStaCli.Testo.contains(u" con sede in Torino"), Societa);
+    QCOMPARE(Nota.Rappr.Nome, Rappr);
+    QVERIFY(!Nota.Modificata);
+}
+
+void TestDatiStampa::laSceltaDelTipoResta()
+{
+    const Studio Ufficio;
+    Parcella Nota = NotaCivile();
+    Nota.IDCli = Ufficio.AggiungiCliente({{u"Nominativo"_s, u"Gamma"_s}, {u"CodFis"_s, u"01234567890"_s}});
+    Nota.txtCliente.Testo = u"Gamma"_s;
+    ScegliDocumento(Nota, StampaContratto);
+    CambiaContrTipo(Nota, 0);
+    ScegliDocumento(Nota, StampaPrenotula);
+    ScegliDocumento(Nota, StampaInformativa);
+    QCOMPARE(Nota.optContrTipo, 0);
+
+    Parcella Prima = NotaCivile();
+    Prima.IDCli = Nota.IDCli;
+    Prima.optContrTipo = 1;  // as another program's note would come
+    Prima.IDCli = Ufficio.AggiungiCliente(u"Rossi Mario"_s);
+    ScegliDocumento(Prima, StampaContratto);
+    QCOMPARE(Prima.optContrTipo, 1);  // a row that says nothing takes nothing away
+}
+
+void TestDatiStampa::altroClienteAltroTipo()
+{
+    const Studio Ufficio;
+    Parcella Nota = NotaCivile();
+    Nota.txtCliente.Testo = u"Gamma"_s;
+    Nota.IDCli = Ufficio.AggiungiCliente({{u"Nominativo"_s, u"Gamma"_s}, {u"CodFis"_s, u"01234567890"_s}});
+    ScegliDocumento(Nota, StampaContratto);
+    QCOMPARE(Nota.optContrTipo, 1);
+    Nota.IDCli = Ufficio.AggiungiCliente(u"Rossi Mario"_s);
+    ScegliDocumento(Nota, StampaContratto);
+    QCOMPARE(Nota.optContrTipo, 0);
+}
+
+void TestDatiStampa::rubricaDallaPrimaScheda()
+{
+    const Studio Ufficio;
+    Parcella Nota = ConBlocco(StampaPrenotula, u"scritto a mano"_s);
+    const int Cliente =
+        Ufficio.AggiungiCliente({{u"Nominativo"_s, u"Verdi Anna"_s}, {u"Citta"_s, u"Lucca"_s}});
+    RiceviDaRubrica(Nota, u"cli"_s, Cliente, u"Verdi Anna"_s);
+    QCOMPARE(Nota.IDCli, Cliente);
+    QCOMPARE(Nota.txtCliente.Testo, u"Verdi Anna"_s);
+    QCOMPARE(Nota.txtDatiStaCli.Testo, u"Verdi Anna\nLucca"_s);
+    QCOMPARE(Nota.Fuoco, u"txtCliente"_s);
+    QVERIFY(Nota.Modificata);
+
+    const int Avversario = Ufficio.AggiungiControparte(u"Bianchi Srl"_s);
+    RiceviDaRubrica(Nota, u"con"_s, Avversario, u"Bianchi Srl"_s);
+    QCOMPARE(Nota.IDCon, Avversario);
+    QCOMPARE(Nota.txtControp.Testo, u"Bianchi Srl"_s);
+    QCOMPARE(Nota.txtDatiStaControp.Testo, u"Bianchi Srl"_s);
+    QCOMPARE(Nota.Fuoco, u"txtControp"_s);
+    QCOMPARE(Nota.IDCli, Cliente);
+}
+
+void TestDatiStampa::rubricaDallaStampa()
+{
+    const Studio Ufficio;
+    Parcella Nota = NotaCivile();
+    Nota.cmbTipoStampa = StampaContratto;
+    const int Cliente = Ufficio.AggiungiCliente(
+        {{u"Nominativo"_s, u"Gamma Spa"_s}, {u"Citta"_s, u"Torino"_s}, {u"RapprLegale"_s, u"Carla Bruni"_s}});
+    RiceviDaRubrica(Nota, u"c_cli"_s, Cliente, u"Gamma Spa"_s);
+    QCOMPARE(Nota.IDCli, Cliente);
+    QCOMPARE(Nota.txtCliente.Testo, u"Gamma Spa"_s);
+    QCOMPARE(Nota.txtDatiStaCli.Testo, u"Gamma Spa con sede in Torino"_s);
+    QCOMPARE(Nota.Rappr.Nome, u"Carla Bruni"_s);
+    QVERIFY2(Nota.Fuoco.isEmpty(), "la casella sta su un'altra scheda");
+
+    RiceviDaRubrica(Nota, u"c_con"_s, 9, u"Bianchi Srl"_s);
+    QCOMPARE(Nota.IDCon, 9);
+    QCOMPARE(Nota.txtControp.Testo, u"Bianchi Srl"_s);
+    QCOMPARE(Nota.txtDatiStaControp.Testo, u"Bianchi Srl"_s);
+}
+
+void TestDatiStampa::rubricaPerLaSolaStampa()
+{
+    const Studio Ufficio;
+    Parcella Nota = ConBlocco(StampaContratto, u"scritto a mano"_s);
+    Nota.IDCon = 4;
+    CambiaParte(Nota, ParteNota::Controparte, u"Bianchi Srl"_s);
+    CambiaContrTipo(Nota, 1);
+    const int Altro = Ufficio.AggiungiCliente(
+        {{u"Nominativo"_s, u"Delta Srl"_s}, {u"Citta"_s, u"Pisa"_s}, {u"RapprLegale"_s, u"Ugo Neri"_s}});
+    RiceviDaRubrica(Nota, u"c_cli"_s, Altro, u"Delta Srl"_s);
+    RiceviDaRubrica(Nota, u"c_con"_s, 5, u"Verdi Spa"_s);
+    QCOMPARE(Nota.IDCli, 7);
+    QCOMPARE(Nota.IDCon, 4);
+    QCOMPARE(Nota.txtCliente.Testo, u"Rossi Mario"_s);
+    QCOMPARE(Nota.txtControp.Testo, u"Bianchi Srl"_s);
+    QCOMPARE(Nota.txtDatiStaCli.Testo, u"Delta Srl con sede in Pisa"_s);
+    QCOMPARE(Nota.txtDatiStaControp.Testo, u"Verdi Spa"_s);
+    QCOMPARE(Nota.Rappr.Nome, u"Ugo Neri"_s);
+    ScegliDocumento(Nota, StampaInformativa);  // the same form: it stays
+    QCOMPARE(Nota.txtDatiStaCli.Testo, u"Delta Srl con sede in Pisa"_s);
+}
+
+void TestDatiStampa::rubricaPerLaSolaStampaSenzaRiga()
+{
+    const Studio Ufficio;
+    Parcella Nota = ConBlocco(StampaContratto, u"scritto a mano"_s);
+    RiceviDaRubrica(Nota, u"c_cli"_s, 999, u"Delta Srl"_s);
+    QCOMPARE(Nota.txtDatiStaCli.Testo, u"Delta Srl"_s);
+    Nota.cmbTipoStampa = NessunaVoce;
+    RiceviDaRubrica(Nota, u"c_cli"_s, 999, u"Gamma Spa"_s);
+    QCOMPARE(Nota.txtDatiStaCli.Testo, u"Gamma Spa"_s);
+}
+
+void TestDatiStampa::rubricaConParolaIgnota()
+{
+    const Parcella Prima = ConBlocco(StampaContratto, u"scritto a mano"_s);
+    for (const QString& Parola : {u"CLI"_s, u"cliente"_s, QString()}) {
+        Parcella Nota = Prima;
+        RiceviDaRubrica(Nota, Parola, 3, u"Verdi Anna"_s);
+        QVERIFY(Nota == Prima);
+    }
 }
 
 void TestDatiStampa::ibanSenzaIban()

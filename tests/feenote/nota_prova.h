@@ -37,6 +37,10 @@ public:
     {
         return Aggiungi(QStringLiteral("clienti"), {{QStringLiteral("Nominativo"), Nominativo}});
     }
+    int AggiungiCliente(const QList<std::pair<QString, QVariant>>& Valori) const
+    {
+        return Aggiungi(QStringLiteral("clienti"), Valori);
+    }
     int AggiungiControparte(const QString& Nominativo, const QVariant& Controp = {}) const
     {
         return Aggiungi(QStringLiteral("controparti"),
