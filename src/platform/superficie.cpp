@@ -351,7 +351,9 @@ void Superficie::StartDoc()
     Doc.Blocchi.clear();
     Riga.reset();
     Aperta.reset();
+    SopraSeguente = 0.0;
     Aperto = true;
+    ++Inizi;
 }
 
 void Superficie::EndDoc()
@@ -384,6 +386,7 @@ void Superficie::Accoda(const QString& Testo)
         Riga.emplace();
         Riga->Allinea = Allinea;
         Riga->Font = Font;
+        Riga->Spazi.SopraPunti = std::exchange(SopraSeguente, 0.0);
     }
     if (!Testo.isEmpty())
         Riga->Tratti.push_back({Testo, Font});
@@ -405,6 +408,17 @@ void Superficie::Text(const QString& Testo)
 {
     if (!Testo.isEmpty())
         Accoda(RigheUniformi(Testo));
+}
+
+void Superficie::SpaceBefore(double Punti)
+{
+    SopraSeguente = Punti;
+}
+
+void Superficie::SpaceAfter(double Punti)
+{
+    if (Riga)
+        Riga->Spazi.SottoPunti = Punti;
 }
 
 void Superficie::FontName(const QString& Nome)

@@ -56,7 +56,7 @@ struct Tratto
     Carattere Font;
 };
 
-/// Room around a row of text. Only rich text asks for any; none is negative but the first line's.
+/// Room around a row of text, which rich text asks for; none is negative but the first line's.
 struct Rientri
 {
     double SinistroCm = 0.0;
@@ -149,6 +149,7 @@ public:
     void StartDoc();  ///< discards the former content; margins, fonts and running line stay
     void EndDoc();    ///< ends a pending row; an open table is ended
     [[nodiscard]] bool InCorso() const { return Aperto; }
+    [[nodiscard]] int Iniziati() const { return Inizi; }  ///< documents begun so far
     /// Blocks ended so far: a pending row and an open table are not among them.
     [[nodiscard]] const Documento& Contenuto() const { return Doc; }
 
@@ -163,6 +164,8 @@ public:
     void FontBold(bool Attivo);
     void FontUnderline(bool Attivo);  ///< of rows of text; cells have none
     void TextAlign(Allineamento Valore);
+    void SpaceBefore(double Punti);  ///< room above the row that begins next, and no other
+    void SpaceAfter(double Punti);   ///< room below the row being written; nothing between two rows
 
     // ---- page set-up; texts with a unit. @throws Errore 13
     void MarginTop(const QString& Misura);
@@ -222,8 +225,10 @@ private:
 
     Documento Doc;
     bool Aperto = false;
+    int Inizi = 0;
     Carattere Font;
     Allineamento Allinea = Allineamento::Sinistra;
+    double SopraSeguente = 0.0;
     std::optional<Paragrafo> Riga;  ///< the row that Text has begun
     std::unique_ptr<TabellaAperta> Aperta;
 };

@@ -372,6 +372,7 @@ void VoceIntestazione(Superficie& vp, const QString& Decide, const QString& Test
     if (Decide.isEmpty())
         return;
     RigaVuota(vp);
+    vp.SpaceBefore(SpazioVoce);
     vp.Text(Testo);
 }
 

@@ -50,6 +50,11 @@ struct StatoStampa
 /// Columns of a table of lines; the triple stands among them while its switch is on and enabled.
 [[nodiscard]] std::vector<DescrColonna> PreparaColonne(const Parcella& Nota, TabellaStampa Quale);
 
+/// Room that rows leave where no blank one stands between them, in points: between the items of a heading,
+/// and between one part of a document and the next.
+constexpr double SpazioVoce = 3.0;
+constexpr double SpazioBlocco = 12.0;
+
 /// Appends a row to the open table and returns its number, from 1. @throws Errore 5 without an open table
 int AggiungiRigaTab(Superficie& vp);
 /// Blank lines.

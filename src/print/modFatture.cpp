@@ -33,8 +33,8 @@ void TestaFattura(Superficie& vp, const Parcella& Nota, int Tipo)
     vp.TextAlign(Allineamento::Sinistra);
     vp.Text(RigaNumero(Nota));
     VoceIntestazione(vp, Nota.txtControp.Testo, u"Controparte: "_s + Nota.txtDatiStaControp.Testo);
-    RigaVuota(vp);
-    vp.Text(u"Oggetto: "_s + Nota.txtDatiStaOgg.Testo);  // an invoice names its subject, be it empty
+    const QString Oggetto = u"Oggetto: "_s + Nota.txtDatiStaOgg.Testo;
+    VoceIntestazione(vp, Oggetto, Oggetto);  // an invoice names its subject, be it empty
     if (Tipo == StampaFatturaSintetica && Nota.Multipla())
         VoceIntestazione(vp, Nota.Multi.Oggetto, u"   "_s + Nota.Multi.Oggetto);
     const QString Valore = Tipo == StampaFatturaAnalitica ? RigaValore(Nota) : QString();

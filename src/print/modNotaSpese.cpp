@@ -38,7 +38,9 @@ void IntestazioneGiudice(Superficie& vp, const Parcella& Nota)
     RigaVuota(vp);
     vp.Text(RigaGiudice(Nota));
     RigaVuota(vp);
+    vp.SpaceBefore(SpazioBlocco);
     vp.Text(u"NOTA SPESE GIUDIZIALE"_s);
+    vp.SpaceAfter(SpazioVoce);
     Parti(vp, Nota);
     const QString Valore = RigaValore(Nota);
     VoceIntestazione(vp, Valore, Valore);

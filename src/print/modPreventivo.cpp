@@ -8,10 +8,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// A text and the blank line that ends its row; nothing where the text that decides is empty.
-void RigaSe(Superficie& vp, const QString& Decide, const QString& Testo)
+void RigaSe(Superficie& vp, const QString& Decide, const QString& Testo, double Sopra = SpazioVoce)
 {
     if (Decide.isEmpty())
         return;
+    vp.SpaceBefore(Sopra);
     vp.Text(Testo);
     RigaVuota(vp);
 }
@@ -28,14 +29,18 @@ QString RigaNumero(const Parcella& Nota)
 void TestaPreventivo(Superficie& vp, const Parcella& Nota)
 {
     const QString Numero = RigaNumero(Nota);
-    RigaSe(vp, Numero, Numero);
+    RigaSe(vp, Numero, Numero, SpazioBlocco);
+    vp.SpaceBefore(Numero.isEmpty() ? SpazioBlocco : SpazioVoce);
     vp.Text(
         u"Preventivo di massima, redatto ai sensi dell'art. 13, comma  5, della legge n. 247 del 31 dicembre "
         u"2012, per l'incarico professionale relativo a:"_s);
     RigaVuota(vp);
     RigaSe(vp, Nota.txtDatiStaOgg.Testo, u"Oggetto: "_s + Nota.txtDatiStaOgg.Testo);
     RigaSe(vp, Nota.txtControp.Testo, u"Controparte: "_s + Nota.txtDatiStaControp.Testo);
-    vp.Text(RigaValore(Nota));
+    const QString Valore = RigaValore(Nota);
+    vp.SpaceBefore(Valore.isEmpty() ? 0.0 : SpazioVoce);
+    vp.Text(Valore);
+    vp.SpaceAfter(SpazioBlocco);
 }
 
 /// Both sentences are one paragraph.
@@ -57,8 +62,10 @@ void Firme(Superficie& vp)
     constexpr int BianchiPrima = 2;  // a small indent: the row must hold the lawyer's whole name too
     constexpr int BianchiTra = 60;
     RigaVuota(vp);
+    vp.SpaceBefore(SpazioBlocco);
     vp.Text(u"Data"_s);
     RigaVuota(vp);
+    vp.SpaceBefore(2 * SpazioBlocco);
     vp.Text(QString(BianchiPrima, u' ') + u"Il Cliente"_s + QString(BianchiTra, u' ') +
             (sessione::Firma.isEmpty() ? u"L'avvocato"_s : sessione::Firma));
 }

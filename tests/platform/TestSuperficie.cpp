@@ -71,8 +71,10 @@ private Q_SLOTS:
     void trattiPortanoIlLoroFont();
     void sottolineatoNelleRigheNonNelleCelle();
     void rigaTieneAllineamentoDelSuoInizio();
+    void spazioSopraESottoUnaRiga();
     void corseDiSpaziRestano();
     void aCapoUniformi();
+    void nienteCheUnDocumentoNonTenga();
     void rtfDiventaParagrafi();
 
     void startDocScartaIlContenuto();
@@ -259,6 +261,37 @@ void TestSuperficie::rigaTieneAllineamentoDelSuoInizio()
     QCOMPARE(ParagrafoDi(vp, 1).Allinea, Allineamento::Giustificato);
 }
 
+void TestSuperficie::spazioSopraESottoUnaRiga()
+{
+    Superficie vp;
+    vp.StartDoc();
+    vp.SpaceAfter(5);  // no row is being written
+    vp.Text(u"prima"_s);
+    vp.SpaceBefore(12);  // of the next one, whatever this one goes on with
+    vp.Text(u" e ancora"_s);
+    vp.SpaceAfter(3);
+    vp.Paragraph({});
+    vp.Text(u"seconda"_s);
+    vp.Paragraph({});
+    vp.Text(u"terza"_s);
+    vp.SpaceBefore(7);
+    vp.EndDoc();
+    const std::vector<BloccoDocumento>& Righe = vp.Contenuto().Blocchi;
+    const auto Spazi = [&](std::size_t Quale) {
+        const Rientri& Suoi = std::get<Paragrafo>(Righe.at(Quale)).Spazi;
+        return std::pair(Suoi.SopraPunti, Suoi.SottoPunti);
+    };
+    QCOMPARE(Righe.size(), std::size_t(3));
+    QCOMPARE(Spazi(0), std::pair(0.0, 3.0));
+    QCOMPARE(Spazi(1), std::pair(12.0, 0.0));
+    QCOMPARE(Spazi(2), std::pair(0.0, 0.0));
+    vp.StartDoc();
+    vp.Paragraph(u"altro documento"_s);
+    vp.EndDoc();
+    QCOMPARE(Spazi(0), std::pair(0.0, 0.0));
+    QCOMPARE(vp.Iniziati(), 2);
+}
+
 void TestSuperficie::corseDiSpaziRestano()
 {
     const QString Rientrato = QString(65, u' ') + u"avv. Bianchi  "_s;
@@ -281,6 +314,20 @@ void TestSuperficie::aCapoUniformi()
     vp.EndDoc();
     QCOMPARE(vp.Contenuto().Blocchi.size(), std::size_t{2});
     QCOMPARE(ParagrafoDi(vp, 0).Testo(), u"a\nb\nc\nd"_s);
+}
+
+void TestSuperficie::nienteCheUnDocumentoNonTenga()
+{
+    Superficie vp;
+    vp.Text(u"\u0001"_s);
+    vp.Text(u"a\u0000\u001b\u0085b\tc"_s);
+    vp.Paragraph(QString(QChar(0xD83D)) + u"d"_s + QChar(0xFFFF));
+    ApriTabella(vp, 1, 1);
+    vp.CellaTabella(AttrTabella::Testo, 1, 1, u"e\u007f\U0001F600"_s);
+    vp.EndTable();
+    QCOMPARE(ParagrafoDi(vp, 0).Testo(), u"ab\tc\ufffdd"_s);
+    QCOMPARE(ParagrafoDi(vp, 0).Tratti.size(), std::size_t{2});
+    QCOMPARE(TabellaDi(vp, 1).Righe[0][0].Testo, u"e\U0001F600"_s);
 }
 
 void TestSuperficie::rtfDiventaParagrafi()

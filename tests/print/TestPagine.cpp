@@ -64,15 +64,15 @@ void TestPagine::doveStannoLeRighe()
     const std::array Attese{
         Attesa{u"Avv. Giulia Neri", 1, 20.00, 18.77, 47.98},
         Attesa{u"Mario Rossi", 1, 104.61, 33.38, 125.43},
-        Attesa{u"Valore: 30.000,00", 1, 20.00, 67.46, 53.39},
-        Attesa{u"Fase istruttoria", 1, 20.00, 92.91, 41.11},
-        Attesa{u"4.500,00", 1, 126.89, 103.21, 138.00},
-        Attesa{u"________", 1, 125.30, 98.58, 138.04},
-        Attesa{u"TOTALE EURO", 1, 20.00, 164.32, 46.19},
-        Attesa{u"6.370,65", 1, 106.44, 164.32, 120.00},
-        Attesa{u"(cinquemila", 1, 63.43, 180.40, 120.00},
-        Attesa{u"N.B. : la presente", 1, 20.00, 193.80, 177.33},
-        Attesa{u"     Avv. Giulia Neri", 1, 20.00, 202.73, 108.33},
+        Attesa{u"Valore: 30.000,00", 1, 20.00, 70.63, 53.39},
+        Attesa{u"Fase istruttoria", 1, 20.00, 96.085, 41.11},
+        Attesa{u"4.500,00", 1, 126.89, 106.385, 138.00},
+        Attesa{u"________", 1, 125.30, 101.755, 138.04},
+        Attesa{u"TOTALE EURO", 1, 20.00, 167.495, 46.19},
+        Attesa{u"6.370,65", 1, 106.44, 167.495, 120.00},
+        Attesa{u"(cinquemila", 1, 63.43, 183.575, 120.00},
+        Attesa{u"N.B. : la presente", 1, 20.00, 196.975, 177.33},
+        Attesa{u"     Avv. Giulia Neri", 1, 20.00, 205.905, 108.33},
     };
     const Impaginazione Fatta = Pagine(campioni::Civile());
     QCOMPARE(Fatta.NumeroPagine(), 1);
