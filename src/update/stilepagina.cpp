@@ -32,7 +32,7 @@ QString FoglioDiStile()
            u"p { margin-top: 4px; margin-bottom: 8px; }"
            u"li { margin-bottom: 4px; }"
            u"a { color: %1; text-decoration: underline; }"
-           u"table { border-collapse: collapse; border-style: solid; border-color: %6; margin-top: 4px;"
+           u"table { border-collapse: collapse; border-style: solid; border-color: %6; margin-top: 8px;"
            u" margin-bottom: 8px; }"
            u"th { background-color: %2; font-weight: bold; text-align: left; }"
            u"td.cifre, th.cifre { text-align: right; }"

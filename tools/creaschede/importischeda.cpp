@@ -22,12 +22,18 @@ QString Euro(double Importo)
 
 QString ConEuro(double Importo)
 {
-    return u"€"_s + QChar::Nbsp + Euro(Importo);  // the two stay on one line
+    return u"€ "_s + Euro(Importo);
+}
+
+/// The sign of an amount stays on its line.
+QString Unita(const QString& Testo)
+{
+    return Testo.toHtmlEscaped().replace(u"€ "_s, u"€"_s + QChar::Nbsp);
 }
 
 QString Cella(const QString& Testo)
 {
-    return u"<td>"_s + Testo.toHtmlEscaped() + u"</td>"_s;
+    return u"<td>"_s + Unita(Testo) + u"</td>"_s;
 }
 
 QString Cifra(const QString& Testo, const QString& Marca = u"td"_s)
@@ -103,9 +109,13 @@ double Valuta(const QString& Formula, double ValoreEuro)
     return *Valore;
 }
 
-QString Volte(double Quant)
+/// The answer to the question of the quantity, and what it counts where that is something else.
+QString Quantita(const QString& Risposta, double Quant)
 {
-    return u" × "_s + CStr(Quant);
+    if (Risposta.isEmpty())
+        return {};
+    return u", quantità "_s + Risposta +
+           (CStr(Quant) == Risposta ? QString() : u" (conta %1)"_s.arg(CStr(Quant)));
 }
 
 }  // namespace
@@ -227,7 +237,7 @@ QString TabellaStragiudiziale(const Tariffe& Dati, const VoceTariffa& Voce)
     return Html + Chiusura;
 }
 
-QString Esempio(const Tariffe& Dati, const VoceTariffa& Voce, double ValoreEuro, double Quant)
+QString Esempio(const Tariffe& Dati, const VoceTariffa& Voce, double ValoreEuro, const QString& Risposta)
 {
     const QList<ScaglioneValore> Scaglioni = Dati.Scaglioni[u"S"_s];
     const auto Suo = std::ranges::find_if(Scaglioni, [&](const ScaglioneValore& Uno) {
@@ -239,13 +249,14 @@ QString Esempio(const Tariffe& Dati, const VoceTariffa& Voce, double ValoreEuro,
     const double Min = Valuta(Lette.Minimo, ValoreEuro);
     const double Max = Valuta(Lette.Massimo, ValoreEuro);
     const double Med = Medio(Min, Max);
-    const QString Per = Quant == 1 ? QString() : Volte(Quant);
+    const double Quant = Risposta.isEmpty() ? 1.0 : ArrotondaQuantita(Risposta);
+    const QString Per = Risposta.isEmpty() ? QString() : u" × "_s + CStr(Quant);
     const auto Una = [&](const QString& Nome, const QString& Come, double Importo) {
         return Riga(Cella(Nome) + Cella(Come + Per) + Cifra(Euro(Importo * Quant)) +
                     Cifra(Euro(Round(Importo * Quant))));
     };
-    return u"<p>Valore dell'affare "_s + ConEuro(ValoreEuro) +
-           (Quant == 1 ? u".</p>\n"_s : u", quantità %1.</p>\n"_s.arg(CStr(Quant))) + Apertura +
+    return u"<p>Valore dell'affare "_s + ConEuro(ValoreEuro) + Quantita(Risposta, Quant) + u".</p>\n"_s +
+           Apertura +
            Riga(u"<th></th><th>Conto</th>"_s + Cifra(u"Importo"_s, u"th"_s) +
                 Cifra(u"In parcella"_s, u"th"_s)) +
            Una(u"Minimo"_s, Conto(Detta(Dati, Voce, *Suo, false), ValoreEuro), Min) +

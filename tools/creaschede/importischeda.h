@@ -47,6 +47,7 @@ struct ModoImporti
 [[nodiscard]] QString TabellaStragiudiziale(const Tariffe& Dati, const VoceTariffa& Voce);
 
 /// The reckoning of an out-of-court item at a value, as the program makes it, with its words around it.
-/// @param Quant as counted, 1 for an item without a quantity
+/// @param Risposta to the question of the quantity, empty for an item without one
 /// @throws Errore 5 the value lies in no bracket
-[[nodiscard]] QString Esempio(const Tariffe& Dati, const VoceTariffa& Voce, double ValoreEuro, double Quant);
+[[nodiscard]] QString Esempio(const Tariffe& Dati, const VoceTariffa& Voce, double ValoreEuro,
+                              const QString& Risposta);

@@ -221,8 +221,7 @@ private:
     {
         if (Categ != Stragiudiziale || Parole.isEmpty() || (Parole.size() > 1) == Voce.Quantita.isEmpty())
             throw Errore(5, u"l'esempio non si adatta alla voce"_s);
-        const double Quant = Parole.size() > 1 ? ArrotondaQuantita(Parole[1]) : 1.0;
-        Html += Titolo2(u"Un esempio"_s) + Esempio(Dati, Voce, NumeroDi(Parole[0]), Quant);
+        Html += Titolo2(u"Un esempio"_s) + Esempio(Dati, Voce, NumeroDi(Parole[0]), Parole.value(1));
     }
 
     void Quantita()
