@@ -28,6 +28,7 @@ private Q_SLOTS:
     void aCapoNeiTesti();
     void importiAlLimite_data();
     void importiAlLimite();
+    void accontiRestituiti();
     void duemilaRighe_data();
     void duemilaRighe();
 
@@ -327,6 +328,27 @@ void TestDocumenti::importiAlLimite()
         QCOMPARE(Celle.value(Celle.indexOf(u"Onorari"_s) + 1), Onorari);
         QVERIFY(Celle.contains(Lettere));
     }
+}
+
+/// More given back than was paid: no row of the summary takes away, the chain and the lists go on all the
+/// same.
+void TestDocumenti::accontiRestituiti()
+{
+    Parcella Nota = documenti::Completa(campioni::Vuota());
+    Nota.chkIva.Attiva = Nota.chkCP.Attiva = false;
+    Nota.chkAcconti.Attiva = true;
+    campioni::AggiungiOnorario(Nota.xOnorari, u"Voce"_s, 1.0, 1000.0);
+    campioni::AggiungiAcconto(Nota.xAcconti, u"Restituzione"_s, u"E"_s, -100.0, -20.0, -3.0);
+    QStringList Righe = ScriviTesto(documenti::Composto(Nota, StampaPrenotula)).split(u'\n');
+    QCOMPARE(Righe.filter(u"Acconti "_s), QStringList());
+    QCOMPARE(Righe.filter(u"Restituzione"_s).join(QString()).simplified(),
+             u"Restituzione -100,00 -20,00 -3,00"_s);
+    QCOMPARE(Righe.filter(u"TOTALE EURO"_s).join(QString()).simplified(), u"TOTALE EURO 1.123,00"_s);
+
+    Righe = ScriviTesto(documenti::Composto(Nota, StampaFatturaSintetica)).split(u'\n');
+    QCOMPARE(Righe.filter(u"Restituzione"_s).join(QString()).simplified(),
+             u"- Restituzione --120,00 --3,00"_s);
+    QCOMPARE(Righe.filter(u"Totali:"_s).join(QString()).simplified(), u"Totali: 1.120,00 3,00"_s);
 }
 
 void TestDocumenti::duemilaRighe_data()
