@@ -1,10 +1,10 @@
 #include "print/modFatture.h"
 
 #include "feenote/modAcconti.h"
+#include "feenote/modPV2.h"
 #include "platform/orologio.h"
 #include "print/modLettere.h"
 #include "print/modRiepilogo.h"
-#include "print/modStampe.h"
 
 #include <array>
 

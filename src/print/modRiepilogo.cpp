@@ -1,8 +1,8 @@
 #include "print/modRiepilogo.h"
 
+#include "feenote/modPV2.h"
 #include "print/modCorpo.h"
 #include "print/modLettere.h"
-#include "print/modStampe.h"
 
 #include <QStringList>
 

@@ -1,6 +1,5 @@
 #include "print/modStampe.h"
 
-#include "core/sessione.h"
 #include "platform/errore.h"
 #include "platform/percorsi.h"
 #include "platform/profilo.h"
@@ -14,8 +13,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-UltimaStampa Ultima;
 
 constexpr int FondoAssociata = 0xFEF8ED;  // tinted, for a fee note tied to another
 constexpr int FondoFinestra = -1;
@@ -134,23 +131,6 @@ private:
 };
 
 }  // namespace
-
-const UltimaStampa& LeggiUltimaStampa()
-{
-    return Ultima;
-}
-
-void MemorizzaUltimaStampa(const UltimaStampa& Dati)
-{
-    Ultima = Dati;
-}
-
-void MemorizzaUltimaStampa(const Parcella& Nota, double Onorari)
-{
-    if (!sessione::RichiestaPV2.ID.isEmpty())
-        MemorizzaUltimaStampa(
-            {Onorari, Nota.DatiPar(DatoNumFatt), Nota.DatiPar(DatoDataFatt), Nota.chkFattAcc.Attiva});
-}
 
 bool Anteprima(Superficie& vp, const Parcella& Nota, int Tipo)
 {

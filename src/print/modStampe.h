@@ -6,21 +6,6 @@
 
 #include <QString>
 
-/// What the last composition left for the transfer to the companion application.
-struct UltimaStampa
-{
-    double Importo = 0.0;  ///< sum of honoraria, the associated note's included
-    QString Numero;
-    QString Data;
-    bool Acconto = false;
-
-    friend bool operator==(const UltimaStampa&, const UltimaStampa&) = default;
-};
-[[nodiscard]] const UltimaStampa& LeggiUltimaStampa();
-void MemorizzaUltimaStampa(const UltimaStampa& Dati);
-/// The same from the invoice data of a note, only while a request of the companion application runs.
-void MemorizzaUltimaStampa(const Parcella& Nota, double Onorari);
-
 /// Composes the whole document on the surface; what stood there is discarded. A note that is not Pronta
 /// composes nothing. A number that is no document leaves an empty one.
 ///

@@ -1,6 +1,7 @@
 #include "supporto/prova.h"
 
 #include "campioni.h"
+#include "feenote/modPV2.h"
 #include "print/modRiepilogo.h"
 #include "print/modStampe.h"
 

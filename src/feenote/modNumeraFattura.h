@@ -1,0 +1,17 @@
+// The counter of invoices: the number that it proposes to a note, and its step.
+#pragma once
+
+#include "feenote/parcella.h"
+
+/// Largest number of an invoice: the counter is read back from a setting of 16 bits.
+constexpr int UltimoProgFatt = 32767;
+
+/// Number and date of the invoice from the counter and the day's date ("dd/mm/yyyy"); the note is then
+/// modified. A note that has either already, and a counter at its end, are told and stay as they are.
+/// @return true when the note was numbered
+[[nodiscard]] bool NumeraFattura(Parcella& Nota);
+
+/// Asks whether the counter follows the number just proposed, and on yes stores it at once. Nothing ties it
+/// to the save of the note.
+/// @throws Errore 75 when the setting cannot be written; the counter is then as before
+void AggiornaProgFatt();

@@ -1,0 +1,121 @@
+#include "feenote/modPV2.h"
+
+#include "core/modErrori.h"
+#include "core/sessione.h"
+#include "platform/database.h"
+#include "platform/messaggi.h"
+#include "platform/percorsi.h"
+#include "platform/shell.h"
+#include "platform/valori.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+UltimaStampa Ultima;
+
+/// The number as it is printed: blanks around it are none of its own.
+QString NumeroFattura()
+{
+    return Ultima.Numero.trimmed();
+}
+
+/// The archive is another program's: its engine would refuse a text that is longer than its column, ours
+/// would take it. A column that is missing is for the statement to tell.
+QVariant PerFatture(const QList<Campo>& Colonne, QStringView Nome, const QString& Testo)
+{
+    const auto Trovata = std::ranges::find_if(
+        Colonne, [&](const Campo& C) { return Nome.compare(C.Name, Qt::CaseInsensitive) == 0; });
+    return Trovata == Colonne.end() ? QVariant(Testo) : PerColonna(*Trovata, Testo);
+}
+
+QVariant DataFattura()
+{
+    const std::optional<QDate> Giorno = LeggiData(Ultima.Data);
+    return Giorno ? QVariant(*Giorno) : QVariant();
+}
+
+/// The amount that its 15 digits say, and not what the last bits of a long sum have come to.
+double ImportoFattura()
+{
+    return CDbl(CStr(Ultima.Importo));
+}
+
+/// @throws Errore of the archive; then nothing is written
+void ScriviFattura(const QString& Archivio)
+{
+    const QString Dove = u"WHERE Rif=? COLLATE SenzaMaiuscole AND NumF=? COLLATE SenzaMaiuscole"_s;
+    const QString& Rif = sessione::RichiestaPV2.ID;
+    QVariantList Chiave;
+    bool Esiste = false;
+    {
+        const Database Fatture = OpenDatabase(Archivio, true);
+        const QList<Campo> Colonne = Fatture.Campi(u"Fatture"_s);
+        Chiave = {PerFatture(Colonne, u"Rif", Rif), PerFatture(Colonne, u"NumF", NumeroFattura())};
+        Esiste = !Fatture.OpenRecordset(u"SELECT Rif FROM Fatture "_s + Dove, Chiave).Eof();
+    }
+    const QVariantList Dati{DataFattura(), ImportoFattura()};
+    const Database Fatture = OpenDatabase(Archivio);
+    if (Esiste)
+        Fatture.Execute(u"UPDATE Fatture SET DataF=?, CorriF=? "_s + Dove, Dati + Chiave);
+    else
+        Fatture.Execute(u"INSERT INTO Fatture (Rif, NumF, DataF, CorriF, IDContab, TipoF, ModoF) "
+                        "VALUES (?, ?, ?, ?, ?, 'A', 'E')"_s,
+                        Chiave + Dati + QVariantList{sessione::RichiestaPV2.Scelta});
+}
+
+}  // namespace
+
+const UltimaStampa& LeggiUltimaStampa()
+{
+    return Ultima;
+}
+
+void MemorizzaUltimaStampa(const UltimaStampa& Dati)
+{
+    Ultima = Dati;
+}
+
+void MemorizzaUltimaStampa(const Parcella& Nota, double Onorari)
+{
+    if (!sessione::RichiestaPV2.ID.isEmpty())
+        MemorizzaUltimaStampa(
+            {Onorari, Nota.DatiPar(DatoNumFatt), Nota.DatiPar(DatoDataFatt), Nota.chkFattAcc.Attiva});
+}
+
+void ConsegnaFattura(int Tipo)
+{
+    if (Tipo != StampaFatturaSintetica && Tipo != StampaFatturaAnalitica)
+        return;
+    if (NumeroFattura().isEmpty()) {
+        MsgErrore(u"I dati della fattura non possono essere inviati a Praxivo\n"
+                  "in quanto non è stato specificato il numero della fattura!"_s);
+        return;
+    }
+    if (MsgBox(u"E' stata salvata la parcella come fattura.\n"
+               "Trasferisco i dati della fattura anche all'applicazione Praxivo?"_s,
+               vbYesNo + vbQuestion, TitoloDomanda.toString()) != vbYes)
+        return;
+    SalvaFatturaPV2();
+    InvioMsgPV2();
+}
+
+void SalvaFatturaPV2()
+{
+    if (sessione::ArchivioPrat.isEmpty())
+        return;
+    try {
+        const ClessidraAccesa Occupato;  // an archive in use by somebody else is waited for
+        ScriviFattura(PercorsoNativo(sessione::ArchivioPrat));
+    } catch (const std::exception&) {
+        MsgBox(u"Si è verificato un errore nel salvataggio dei dati fattura su PV"_s, vbCritical,
+               u"Errore!"_s);
+    }
+}
+
+void InvioMsgPV2()
+{
+    Segnala(u"Praxivo - Gestione pratiche"_s, u"refresh"_s);
+}

@@ -1,0 +1,36 @@
+// The companion application Praxivo: what a composed invoice leaves for it, its row in the companion's
+// archive, and the signal that data have changed.
+#pragma once
+
+#include "feenote/parcella.h"
+
+#include <QString>
+
+/// What the last composition left for the transfer to the companion application.
+struct UltimaStampa
+{
+    double Importo = 0.0;  ///< sum of honoraria in euro, the associated note's included
+    QString Numero;
+    QString Data;
+    bool Acconto = false;
+
+    friend bool operator==(const UltimaStampa&, const UltimaStampa&) = default;
+};
+[[nodiscard]] const UltimaStampa& LeggiUltimaStampa();
+void MemorizzaUltimaStampa(const UltimaStampa& Dati);
+/// The same from the invoice data of a note, only while a request of the companion application runs.
+void MemorizzaUltimaStampa(const Parcella& Nota, double Onorari);
+
+/// The hand-over behind a save, once the document was composed for the companion application. An invoice
+/// without a number is told, one with a number is offered to the user, and on his yes transferred and
+/// signalled. Other documents hand nothing over.
+/// @param Tipo a TipoStampa
+void ConsegnaFattura(int Tipo);
+
+/// Writes what the last composition left into the table `Fatture` of the companion's archive: the row of this
+/// matter and number is changed (date and amount alone), or added where there is none. Case plays no part in
+/// the two. Nothing without an archive in the companion's settings; a failure is told and changes nothing.
+void SalvaFatturaPV2();
+
+/// Tells the companion application that data have changed. Whether it runs is nobody's concern.
+void InvioMsgPV2();

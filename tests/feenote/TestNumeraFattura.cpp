@@ -1,0 +1,154 @@
+// The counter of invoices.
+#include "nota_prova.h"
+
+#include "feenote/modNumeraFattura.h"
+#include "platform/impostazioni.h"
+#include "platform/orologio.h"
+
+#include <QScopeGuard>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString GiaScritti = u"I campi Numero e Data fattura sono già valorizzati!"_s;
+const QString Domanda = u"Procedo all'aggiornamento del progressivo?"_s;
+
+QString Salvato()
+{
+    return GetSetting(u"KR5"_s, u"Parametri"_s, u"ProgFatt"_s, u"nessuno"_s);
+}
+
+QString FileImpostazioni()
+{
+    return qEnvironmentVariable("XDG_CONFIG_HOME") + u"/Calcanova/KR5.ini"_s;
+}
+
+}  // namespace
+
+class TestNumeraFattura : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void propone_data();
+    void propone();
+    void entrambiVuoti_data();
+    void entrambiVuoti();
+    void lUltimoNumero();
+    void accettato();
+    void rifiutato();
+    void impostazioniCheNonSiScrivono();
+};
+PROVA(TestNumeraFattura);
+
+void TestNumeraFattura::init()
+{
+    AzzeraSessione();
+    QFile::remove(FileImpostazioni());
+    InstallaOrologio([] { return QDateTime(QDate(2026, 3, 5), QTime(23, 59)); });
+}
+
+void TestNumeraFattura::cleanup()
+{
+    InstallaOrologio({});
+    AzzeraSessione();
+}
+
+void TestNumeraFattura::propone_data()
+{
+    QTest::addColumn<int>("ProgFatt");
+    QTest::addColumn<QString>("Numero");
+    QTest::newRow("la prima") << 0 << u"1"_s;
+    QTest::newRow("senza punti delle migliaia") << 1233 << u"1234"_s;
+    QTest::newRow("la penultima") << 32766 << u"32767"_s;
+    QTest::newRow("un progressivo negativo") << -3 << u"-2"_s;
+}
+
+void TestNumeraFattura::propone()
+{
+    QFETCH(int, ProgFatt);
+    const Registratore Voce;
+    sessione::ProgFatt = ProgFatt;
+    Parcella Nota;
+    QVERIFY(NumeraFattura(Nota));
+    QTEST(Nota.DatiPar(DatoNumFatt), "Numero");
+    QCOMPARE(Nota.DatiPar(DatoDataFatt), u"05/03/2026"_s);
+    QVERIFY(Nota.Modificata);
+    QCOMPARE(sessione::ProgFatt, ProgFatt);
+    QCOMPARE(Salvato(), u"nessuno"_s);
+}
+
+void TestNumeraFattura::entrambiVuoti_data()
+{
+    QTest::addColumn<QString>("Numero");
+    QTest::addColumn<QString>("Data");
+    QTest::newRow("numero senza data") << u"7"_s << QString();
+    QTest::newRow("data senza numero") << QString() << u"01/01/2026"_s;
+    QTest::newRow("tutti e due") << u"7"_s << u"01/01/2026"_s;
+    QTest::newRow("uno spazio") << u" "_s << QString();
+}
+
+void TestNumeraFattura::entrambiVuoti()
+{
+    QFETCH(QString, Numero);
+    QFETCH(QString, Data);
+    Registratore Voce;
+    Voce.Attendi(GiaScritti, vbOK, u"Errore:"_s);
+    Parcella Nota;
+    Nota.txtDatiPar[DatoNumFatt] = Numero;
+    Nota.txtDatiPar[DatoDataFatt] = Data;
+    const Parcella Prima = Nota;
+    QVERIFY(!NumeraFattura(Nota));
+    QVERIFY(Nota == Prima);
+}
+
+void TestNumeraFattura::lUltimoNumero()
+{
+    Registratore Voce;
+    Voce.Attendi(u"Il progressivo delle fatture è arrivato all'ultimo numero (32767)!\n"
+                 "Correggerlo nelle impostazioni oppure indicare il numero a mano."_s,
+                 vbOK, u"Errore:"_s);
+    sessione::ProgFatt = 32767;
+    Parcella Nota;
+    const Parcella Prima = Nota;
+    QVERIFY(!NumeraFattura(Nota));
+    QVERIFY(Nota == Prima);
+    QCOMPARE(sessione::ProgFatt, 32767);
+}
+
+void TestNumeraFattura::accettato()
+{
+    Registratore Voce;
+    sessione::ProgFatt = 41;
+    Voce.Attendi(Domanda, vbYes, u"Domanda:"_s);
+    AggiornaProgFatt();
+    QCOMPARE(Voce.Mostrati().first().Bandiere, vbYesNo + vbQuestion);
+    QCOMPARE(sessione::ProgFatt, 42);
+    QCOMPARE(Salvato(), u"42"_s);
+}
+
+void TestNumeraFattura::rifiutato()
+{
+    Registratore Voce;
+    sessione::ProgFatt = 41;
+    Voce.Attendi(Domanda, vbNo);
+    AggiornaProgFatt();
+    QCOMPARE(sessione::ProgFatt, 41);
+    QCOMPARE(Salvato(), u"nessuno"_s);
+}
+
+void TestNumeraFattura::impostazioniCheNonSiScrivono()
+{
+    // A folder in the place of the file: nobody can write it, not even the superuser.
+    QVERIFY(QDir().mkpath(FileImpostazioni() + u"/dentro"_s));
+    const auto Sgombra = qScopeGuard([] { QDir(FileImpostazioni()).removeRecursively(); });
+    Registratore Voce;
+    sessione::ProgFatt = 41;
+    Voce.Attendi(Domanda, vbYes);
+    QCOMPARE(NumeroErrore([] { AggiornaProgFatt(); }), 75);
+    QCOMPARE(sessione::ProgFatt, 41);
+}
+
+#include "TestNumeraFattura.moc"
