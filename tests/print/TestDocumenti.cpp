@@ -22,6 +22,8 @@ private Q_SLOTS:
     void dueVolteLoStesso();
     void clienteDiMilleLettere_data();
     void clienteDiMilleLettere();
+    void studioSenzaDati_data();
+    void studioSenzaDati();
     void testiOstili_data();
     void testiOstili();
     void aCapoNeiTesti_data();
@@ -220,6 +222,26 @@ void TestDocumenti::clienteDiMilleLettere()
     QVERIFY(Tipo == StampaSoloContabile || Testo.count(u"{\\Ditta} <Rossi & \U0001F600>"_s) == 40);
 }
 
+void TestDocumenti::studioSenzaDati_data()
+{
+    documenti::RighePerTipo();
+}
+
+/// Settings that nobody has filled in: nothing of the office stands there, and nothing asks for it.
+void TestDocumenti::studioSenzaDati()
+{
+    QFETCH(int, Tipo);
+    AzzeraSessione();
+    sessione::PercorsoProg = NuovaCartella();
+    Parcella Nota = CasoCivile().Nota;
+    const QString Testo = ScriviTesto(documenti::Composto(Nota, Tipo));
+    QVERIFY(Testo.contains(u"4.500,00"_s) || Tipo == StampaInformativa);
+    for (const QString& Etichetta : {u"P.I."_s, u"C.F. \n"_s, u"Neri"_s})
+        QVERIFY2(!Testo.contains(Etichetta), qPrintable(Testo));
+    if (Tipo == StampaPrenotula || Tipo == StampaFatturaAnalitica)  // the client is where it always is
+        QVERIFY(Testo.startsWith(u"\n"_s + QString(43, u' ') + u"Mario Rossi\n"_s));
+}
+
 void TestDocumenti::testiOstili_data()
 {
     QTest::addColumn<int>("Tipo");
@@ -308,6 +330,8 @@ void TestDocumenti::importiAlLimite_data()
     // Whole beyond 15 digits; the words read the first 12.
     QTest::newRow("quanto tiene un numero doppio")
         << 1e15 << u"1.000.000.000.000.000,00"_s << u"(centomiliardi/00)"_s;
+    QTest::newRow("cento gruppi di cifre")
+        << 1e300 << u'1' + u".000"_s.repeated(100) + u",00"_s << u"(centomiliardi/00)"_s;
 }
 
 void TestDocumenti::importiAlLimite()
