@@ -2,6 +2,7 @@
 
 #include "platform/errore.h"
 #include "platform/lettorertf.h"
+#include "platform/paginacodice.h"
 #include "platform/regionale.h"
 
 #include <algorithm>
@@ -49,7 +50,8 @@ void Copri(Attributi& Sotto, const Attributi& Sopra)
     Copri(Sotto.Larghezza, Sopra.Larghezza);
 }
 
-QString RigheUniformi(QString Testo)
+/// Text as a document holds it.
+QString Registrato(QString Testo)
 {
     return Testo.replace("\r\n"_L1, "\n"_L1).replace(u'\r', u'\n');
 }
@@ -126,7 +128,7 @@ Attributi Uno(AttrTabella Attributo, const QVariant& Valore)
         Nuovo.Unione = InteroDa(Valore, 1);
         return Nuovo;
     case AttrTabella::Testo:
-        Nuovo.Testo = RigheUniformi(CStr(Valore));
+        Nuovo.Testo = Registrato(CStr(Valore));
         return Nuovo;
     case AttrTabella::Allinea:
     case AttrTabella::AllineaTesto:
@@ -400,14 +402,15 @@ void Superficie::Paragraph(const QString& Testo)
         std::ranges::move(LeggiRtf(Testo), std::back_inserter(Doc.Blocchi));
         return;
     }
-    Accoda(RigheUniformi(Testo));
+    Accoda(Registrato(Testo));
     ChiudiRiga();
 }
 
 void Superficie::Text(const QString& Testo)
 {
-    if (!Testo.isEmpty())
-        Accoda(RigheUniformi(Testo));
+    const QString Suo = Registrato(Testo);
+    if (!Suo.isEmpty())
+        Accoda(Suo);
 }
 
 void Superficie::SpaceBefore(double Punti)

@@ -130,7 +130,8 @@ struct Documento
 ///
 /// Order of writing: `Text` continues the current row; `Paragraph(t)` writes t and ends the row, so that
 /// an empty paragraph after Text only ends that row, and with nothing pending gives one blank row.
-/// A row takes the alignment current when it begins, a run its font. "\r\n" and "\r" are recorded as "\n".
+/// A row takes the alignment current when it begins, a run its font. "\r\n" and "\r" are recorded as "\n";
+/// control characters and what stands for no character are left out, half a surrogate pair is U+FFFD.
 ///
 /// A table ends a pending row first, and is recorded at EndTable: text written meanwhile stands above it.
 /// Attributes of a table may be set in any order until EndTable; cells can be read back until then; the
