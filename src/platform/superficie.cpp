@@ -53,7 +53,7 @@ void Copri(Attributi& Sotto, const Attributi& Sopra)
 /// Text as a document holds it.
 QString Registrato(QString Testo)
 {
-    return Testo.replace("\r\n"_L1, "\n"_L1).replace(u'\r', u'\n');
+    return TestoPulito(Testo.replace("\r\n"_L1, "\n"_L1).replace(u'\r', u'\n'));
 }
 
 // ---- values as they come from a caller
