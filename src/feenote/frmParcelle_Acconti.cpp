@@ -100,7 +100,9 @@ void frmParcelle::CollegaAcconti()
     Righe->Valore = [](int, int Colonna, const QString& Testo) -> QVariant {
         if (Colonna == AccDescr)
             return Testo;
-        return Colonna == AccValuta ? QVariant(Testo.trimmed().toUpper()) : QVariant(NumeroDi(Testo));
+        if (Colonna == AccValuta)
+            return Testo.trimmed().toUpper();
+        return Arrotonda2(NumeroDi(Testo));
     };
     Righe->NuovaRiga = [this](int Riga) { Nota.xAcconti(Riga, AccValuta) = QString(ValutaEuro); };
     Righe->LasciaRiga = [this](int Riga) { return CheckAcconto(Nota.xAcconti, Riga); };

@@ -139,6 +139,9 @@ void frmParcelle::CollegaOnorari()
     Righe->Convalida = [](int, int Colonna, const QString& Testo) {
         return ConvalidaCella(ColonneOnorari()[Colonna], Testo);
     };
+    Righe->Valore = [](int, int Colonna, const QString& Testo) {
+        return ValoreCella(ColonneOnorari()[Colonna], Testo);
+    };
     Righe->NuovaRiga = [this](int Riga) { Nota.xOnorari(Riga, OnoQta) = 1.0; };
     ::Collega(Righe, &Griglia::CellaScritta, this, [this](int Riga, int Colonna) {
         TabellaRighe& Tabella = Nota.xOnorari;

@@ -50,6 +50,9 @@ void frmParcelle::CollegaSpese()
     Righe->Convalida = [](int, int Colonna, const QString& Testo) {
         return ConvalidaCella(ColonneSpese()[Colonna], Testo);
     };
+    Righe->Valore = [](int, int Colonna, const QString& Testo) {
+        return ValoreCella(ColonneSpese()[Colonna], Testo);
+    };
     ::Collega(Righe, &Griglia::CellaScritta, this, [this] {
         SetModificata(true);
         RefreshGrid();

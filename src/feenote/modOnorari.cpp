@@ -149,7 +149,11 @@ double GetQuant(const QString& Descr, const QString& QtaOno)
     if (QtaOno.startsWith(u'H'))
         Domanda += u" delle ore impiegate (per ogni ora e frazione d'ora)."_s;
     Domanda += u"\n\nImmettere la quantità:"_s;
-    return ArrotondaQuantita(InputBox(Domanda, u"Immissione quantità"_s));
+    const double Quantita = ArrotondaQuantita(InputBox(Domanda, u"Immissione quantità"_s));
+    if (Quantita <= MassimaQuantita)
+        return Quantita;
+    MsgErrore(u"La quantità è troppo grande: al massimo 999.999.999!"_s);
+    return 0.0;
 }
 
 void LoadOnoDir(Parcella& Nota, Catalogo& Voci)

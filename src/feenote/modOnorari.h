@@ -43,7 +43,11 @@ int AddModOnor(Parcella& Nota, const DatiOnorario& Dati, int Riga, std::optional
 /// @return 0 for text that is no number or not above 0
 [[nodiscard]] double ArrotondaQuantita(const QString& Risposta);
 
-/// Asks for the quantity of an item. @return 0 for a cancelled or unusable answer
+/// The largest quantity of a line.
+constexpr double MassimaQuantita = 999'999'999;
+
+/// Asks for the quantity of an item; one above MassimaQuantita is told.
+/// @return 0 for a cancelled or unusable answer
 [[nodiscard]] double GetQuant(const QString& Descr, const QString& QtaOno);
 
 /// Opens the catalogues of the note's category and, when a parameter has changed since, recalculates the

@@ -2,7 +2,11 @@
 
 #include "core/modErrori.h"
 #include "feenote/modDocumento.h"
+#include "feenote/modOnorari.h"
+#include "platform/errore.h"
 #include "platform/regionale.h"
+
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -12,9 +16,48 @@ constexpr QStringView FiltroData = u"d";
 constexpr QStringView FiltroIntero = u"n";
 constexpr QStringView FiltroImporto = u",";
 
+/// The largest amount of a cell: fourteen digits with its cents, which sums, file and prints tell exactly.
+constexpr double MassimoImporto = 999'999'999'999.99;
+
+/// Characters that a cell of dates or numbers takes: far more than one has, so that what is pasted is refused
+/// rather than cut to something else. A number that fills the cell may have been cut.
+constexpr int LunghezzaCifre = 40;
+
 QString Importo(const QVariant& Valore, int)
 {
     return Valore.isValid() ? Format(NumeroDi(Valore), u"#,##0.00;-#,##0.00;0") : QString();
+}
+
+/// True for the text of a number that lies beyond the limit, or beyond what can be read at all.
+bool Oltre(const QString& Testo, double Limite)
+{
+    if (Testo.size() >= LunghezzaCifre)
+        return true;
+    try {
+        return std::abs(Arrotonda2(CDbl(Testo))) > Limite;
+    } catch (const Errore&) {
+        return true;
+    }
+}
+
+/// An empty cell passes, and counts as none.
+bool ConvalidaNumero(const ColonnaGriglia& Colonna, const QString& Testo)
+{
+    if (Testo.trimmed().isEmpty())
+        return true;
+    if (!IsNumeric(Testo)) {
+        MsgErrore(u"Immettere un valore numerico!"_s);
+        return false;
+    }
+    if (Colonna.Filtro == FiltroImporto && Oltre(Testo, MassimoImporto)) {
+        MsgErrore(u"L'importo è troppo grande: al massimo 999.999.999.999,99!"_s);
+        return false;
+    }
+    if (Colonna.Filtro == FiltroIntero && Oltre(Testo, MassimaQuantita)) {
+        MsgErrore(u"La quantità è troppo grande: al massimo 999.999.999!"_s);
+        return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -27,7 +70,7 @@ ColonnaGriglia ColonnaData(int Campo)
     Colonna.Caratteri = 10;
     Colonna.Modificabile = true;
     Colonna.Filtro = FiltroData.toString();
-    Colonna.Massimo = 10;
+    Colonna.Massimo = LunghezzaCifre;
     return Colonna;
 }
 
@@ -52,7 +95,7 @@ ColonnaGriglia ColonnaQuantita(int Campo)
     Colonna.Allinea = Qt::AlignRight;
     Colonna.Modificabile = true;
     Colonna.Filtro = FiltroIntero.toString();
-    Colonna.Massimo = 9;
+    Colonna.Massimo = LunghezzaCifre;
     return Colonna;
 }
 
@@ -65,7 +108,7 @@ ColonnaGriglia ColonnaImporto(const QString& Titolo, int Campo, bool Modificabil
     Colonna.Allinea = Qt::AlignRight;
     Colonna.Modificabile = Modificabile;
     Colonna.Filtro = FiltroImporto.toString();
-    Colonna.Massimo = 18;
+    Colonna.Massimo = LunghezzaCifre;
     Colonna.Mostra = Importo;
     return Colonna;
 }
@@ -82,9 +125,14 @@ bool ConvalidaCella(const ColonnaGriglia& Colonna, const QString& Testo)
         return false;
     }
     const bool Numerica = Colonna.Filtro == FiltroImporto || Colonna.Filtro == FiltroIntero;
-    if (Numerica && !Testo.trimmed().isEmpty() && !IsNumeric(Testo)) {
-        MsgErrore(u"Immettere un valore numerico!"_s);
-        return false;
-    }
-    return true;
+    return !Numerica || ConvalidaNumero(Colonna, Testo);
+}
+
+QVariant ValoreCella(const ColonnaGriglia& Colonna, const QString& Testo)
+{
+    if (Colonna.Filtro == FiltroImporto && IsNumeric(Testo))
+        return Arrotonda2(CDbl(Testo));
+    if (Colonna.Filtro == FiltroIntero && IsNumeric(Testo))
+        return CDbl(Testo);
+    return Testo;
 }
