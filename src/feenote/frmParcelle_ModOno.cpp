@@ -69,25 +69,31 @@ void frmParcelle::CollegaModOno()
     ::Collega(uiOnorari->cmdModOno, &QPushButton::clicked, this, [this] { cmdModOno_Click(); });
     ::Collega(uiOnorari->cmdAnnModOno, &QPushButton::clicked, this, [this] { cmdAnnModOno_Click(); });
     ::Collega(uiOnorari->tdbOnor, &Griglia::RigaCambiata, this, [this] {
+        if (ModOno.Aperto)
+            uiOnorari->tdbListaOno->TogliEvidenza();
         SeguiRigaModOno(ModOno, Nota.xOnorari, uiOnorari->tdbOnor->RigaCorrente());
         MostraModOno();
     });
     CollegaTastiModOno();
 }
 
-/// Within the panel Esc gives up and Enter confirms; on "Annulla" it gives up as well.
+/// Within the panel Esc gives up and Enter confirms; on "Annulla" it gives up as well. Space chooses the row
+/// that is marked already, as a click on it does.
 void frmParcelle::CollegaTastiModOno()
 {
-    const auto Scorciatoia = [this](Qt::Key Tasto, auto Fai) {
-        auto* Una = new QShortcut(QKeySequence(Tasto), uiOnorari->pctInsModOno);
+    const auto Scorciatoia = [this](QWidget* Dove, Qt::Key Tasto, auto Fai) {
+        auto* Una = new QShortcut(QKeySequence(Tasto), Dove);
         Una->setContext(Qt::WidgetWithChildrenShortcut);
         ::Collega(Una, &QShortcut::activated, this, Fai);
     };
-    Scorciatoia(Qt::Key_Escape, [this] { cmdAnnModOno_Click(); });
+    QWidget* Pannello = uiOnorari->pctInsModOno;
+    const auto Invia = [this] {
+        (uiOnorari->cmdAnnModOno->hasFocus() ? uiOnorari->cmdAnnModOno : uiOnorari->cmdModOno)->click();
+    };
+    Scorciatoia(Pannello, Qt::Key_Escape, [this] { cmdAnnModOno_Click(); });
     for (const Qt::Key Invio : {Qt::Key_Return, Qt::Key_Enter})
-        Scorciatoia(Invio, [this] {
-            (uiOnorari->cmdAnnModOno->hasFocus() ? uiOnorari->cmdAnnModOno : uiOnorari->cmdModOno)->click();
-        });
+        Scorciatoia(Pannello, Invio, Invia);
+    Scorciatoia(uiOnorari->tdbFasceOno, Qt::Key_Space, [this] { tdbFasceOno_Click(); });
 }
 
 void frmParcelle::MostraModOno()
@@ -111,7 +117,7 @@ void frmParcelle::AbilitaModOno(bool Si)
 {
     const bool Dentro = uiOnorari->pctInsModOno->isAncestorOf(focusWidget());
     if (Si) {
-        uiOnorari->tdbListaOno->AzzeraSelezione();
+        uiOnorari->tdbListaOno->TogliEvidenza();
         ApriModOno(ModOno, Nota.xOnorari, uiOnorari->tdbOnor->RigaCorrente());
     } else {
         ChiudiModOno(ModOno);

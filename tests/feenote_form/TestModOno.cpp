@@ -21,6 +21,8 @@ private Q_SLOTS:
     void fasciaColClic_data();
     void fasciaColClic();
     void fasciaDaTastiera();
+    void spazioSceglieLaFasciaEvidenziata();
+    void ilCatalogoPerdeLEvidenza();
     void passandoColTabNonSiSceglie();
     void medioDiUnaEIlPuntoDiMezzo();
     void medioDiTutteEQuelloDellaTabella();
@@ -223,6 +225,46 @@ void TestModOno::fasciaDaTastiera()
     QCOMPARE(Evidenziata(), int(FasciaMax));
     QCOMPARE(Testo("lblImpOno"), u"1.920,00"_s);
     QCOMPARE(Cursore()->value(), 100);
+}
+
+void TestModOno::spazioSceglieLaFasciaEvidenziata()
+{
+    Apri(1);
+    Controllo<QRadioButton>(F, "optModAll_1")->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    QCOMPARE(Testo("lblOnoDesc"), u"Tutti gli onorari"_s);
+    QCOMPARE(Evidenziata(), int(FasciaMin));
+    QVERIFY(!Conferma()->isEnabled());
+    Fasce()->setFocus();
+    QTest::keyClick(Fasce(), Qt::Key_Space);
+    QVERIFY2(Conferma()->isEnabled(), "i minimi si scelgono anche senza mouse");
+    QTest::keyClick(Fasce(), Qt::Key_Return);
+    QCOMPARE(Importo(0), 600.0);
+    QCOMPARE(Importo(1), 300.0);
+}
+
+void TestModOno::ilCatalogoPerdeLEvidenza()
+{
+    auto* Lista = Controllo<Griglia>(F, "tdbListaOno");
+    const auto Tinta = [Lista] {
+        Respiro();
+        const QTableView* Vista = Lista->Vista();
+        const QRect Cella = Vista->visualRect(Vista->model()->index(1, 1));
+        return Vista->viewport()->grab().toImage().pixelColor(Cella.right() - 3, Cella.top() + 3);
+    };
+    Lista->setFocus();
+    Lista->ImpostaRigaCorrente(1);
+    Righe->setFocus();
+    const QColor Evidente = Tinta();
+    Apri(0);
+    const QColor Spenta = Tinta();
+    QVERIFY(Spenta != Evidente);
+    ClicCella(Lista, 1, 1);
+    Righe->setFocus();
+    QVERIFY2(Tinta() == Evidente, "tornando al catalogo la voce si vede di nuovo");
+    ClicCella(Righe, 1, OnoDescr);
+    QVERIFY2(Tinta() == Spenta, "col pannello su un'altra riga si spegne ancora");
+    QVERIFY2(Lista->RigaCorrente() == std::optional(1), "la voce resta quella");
 }
 
 void TestModOno::passandoColTabNonSiSceglie()
