@@ -46,6 +46,18 @@ struct PaginaAvviso
     int AltezzaTwip = 0;
 };
 
+/// What a fee note asks of the address book, in the session's archive of clients and counterparties.
+struct RichiestaRubrica
+{
+    int Indice = 0;     ///< place of the window that takes the choice
+    QString Tabella;    ///< "clienti" or "controparti"
+    QString Parola;     ///< comes back with the choice
+    QString MenuStart;  ///< command to run at once; empty none
+    QString KeyStart;   ///< criterion of the row to begin on; empty none
+
+    friend bool operator==(const RichiestaRubrica&, const RichiestaRubrica&) = default;
+};
+
 /// Everything that opens or acts on a window. One file fills it; an empty member does nothing.
 struct Apritori
 {
@@ -57,6 +69,7 @@ struct Apritori
     std::function<void(int Indice)> Proteggi;
     std::function<bool(int Indice)> ChiudiParcella;  ///< unloads a window, asking; its answer is not heeded
     std::function<void()> Rubrica;
+    std::function<void(const RichiestaRubrica& Chiesta)> RubricaParcella;  ///< the address book, for a note
     std::function<void()> CodiceFiscale;
     std::function<void(int Scheda)> Impostazioni;  ///< settings on a tab
     std::function<void()> Contributo;

@@ -82,6 +82,7 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     CollegaSpese();
     CollegaAcconti();
     CollegaStampa();
+    CollegaCliCon();
     RimettiDisposizione();
     aspetto::TitoliInGrassetto(this);
     aspetto::AssegnaMnemonici(this);
@@ -250,6 +251,7 @@ void frmParcelle::Mostra()
     MostraAcconti();
     MostraImposte();
     MostraStampa();
+    MostraCliCon();
     RefreshDatiBase();
     RefreshGrid();
     MostraSegni();

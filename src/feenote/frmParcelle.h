@@ -75,6 +75,9 @@ public:
     void Scarica();
     /// The mark, with what follows it: the pictogram, a recovery copy while it is set, the partner told.
     void SetModificata(bool Valore);
+    /// The answer of the address book: the word that it was asked with, and the row's values, the key first and
+    /// the name second.
+    void oRubrica_SelDone(const QString& Parent, const QVariantList& Valori);
     /// What the partner does when it is told: its sums may hold this note's.
     void SocioCambiato();
     /// The note's name, in the record and in its place; the caption is the window's own.
@@ -176,6 +179,11 @@ private:
     void CollegaAcconti();
     void MostraAcconti();
     void MostraImposte();
+
+    // ---- frmParcelle_CliCon.cpp: the parties in the address book
+    void CollegaCliCon();
+    void MostraCliCon();
+    void CliCon(int Elemento, bool DaStampa, const QString& MenuStart, const QString& KeyStart = {});
 
     // ---- frmParcelle_Stampa.cpp: document, its data, preview
     void CollegaStampa();

@@ -88,16 +88,12 @@ void frmParcelle::CollegaDatiBase()
     uiBase->cmbCateg->setCurrentIndex(NessunaVoce);
     uiBase->cmbAumRid->addItems({u"+"_s, u"-"_s});
     uiBase->cmbAumRid->setCurrentIndex(NessunaVoce);
-    // The parties are free text until the address book is there.
-    for (QWidget* Bottone : {uiBase->cmdVisCliCon_0, uiBase->cmdInsCliCon_0, uiBase->cmdModCliCon_0,
-                             uiBase->cmdVisCliCon_1, uiBase->cmdInsCliCon_1, uiBase->cmdModCliCon_1})
-        Bottone->hide();
-
     for (const CasellaTesto& Voce : CaselleTesto) {
         QLineEdit* Box = (*uiBase).*Voce.Box;
         ::Collega(Box, &QLineEdit::textEdited, this, [this, Voce](const QString& Testo) {
             CambiaParte(Nota, Voce.Quale, Testo);
             SetModificata(true);
+            MostraCliCon();
         });
         FiltraTasti(Box, {});
         new TestoIntero(Box);
