@@ -254,17 +254,23 @@ void TestContratto::societaSenzaRappresentante()
 void TestContratto::informativa_data()
 {
     QTest::addColumn<QString>("Oggetto");
+    QTest::addColumn<QString>("Controparte");
     QTest::addColumn<QString>("Coda");
-    QTest::newRow("con oggetto") << u"una lite"_s << u"contro Bianchi S.r.l. e avente a oggetto una lite: "_s;
-    QTest::newRow("senza oggetto") << QString() << u"contro Bianchi S.r.l.: "_s;
+    const QString Bianchi = u"Bianchi S.r.l."_s;
+    QTest::newRow("con oggetto") << u"una lite"_s << Bianchi
+                                 << u"contro Bianchi S.r.l. e avente a oggetto una lite: "_s;
+    QTest::newRow("senza oggetto") << QString() << Bianchi << u"contro Bianchi S.r.l.: "_s;
+    QTest::newRow("senza controparte, il suo posto resta") << QString() << QString() << u"contro : "_s;
 }
 
 void TestContratto::informativa()
 {
     QFETCH(QString, Oggetto);
+    QFETCH(QString, Controparte);
     QFETCH(QString, Coda);
     Parcella Nota = campioni::Civile();
     Nota.txtDatiStaOgg.Testo = Oggetto;
+    Nota.txtDatiStaControp.Testo = Controparte;
     Nota.txtDatiStaCli.Testo = u"Mario Rossi"_s;
     const Documento Doc = documenti::ComeSta(Nota, StampaInformativa);
     QCOMPARE(
