@@ -37,6 +37,9 @@ Parcella ConVoci(int Quante, int Tipo, const QString& Testo)
     Parcella Nota = documenti::Completa(campioni::Civile());
     Nota.xOnorari.Azzera(OnoColonne);
     Nota.chkAcconti.Attiva = true;
+    // What is paid of everything makes the summary as long as it gets.
+    campioni::AggiungiAcconto(Nota.xAcconti, u"fondo spese"_s, u"E"_s, 1.0, 1.0, 1.0);
+    campioni::AggiungiSpesa(Nota.xDiritti, u"copie"_s, 1.0, 2.0, 2.0);
     for (int i = 1; i <= Quante; ++i) {
         if (Tipo == StampaFatturaSintetica)
             campioni::AggiungiAcconto(Nota.xAcconti, Testo.arg(i), u"E"_s, 1.0);
