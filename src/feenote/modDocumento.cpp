@@ -173,10 +173,20 @@ void ScriviAcconti(const Database& File, const TabellaRighe& Tabella)
 
 }  // namespace
 
+QString TagliaPsw(const QString& Psw)
+{
+    return PrimiCaratteri(Psw, MassimoPsw);
+}
+
+QString PswNelCampo(const QString& Psw)
+{
+    return Psw.startsWith(PswDaSalvare) ? PswDaSalvare.toString() + Psw : Psw;
+}
+
 QString CodificaPsw(const QString& Psw)
 {
     QString Cifre;
-    for (const char Carattere : Cp1252(Psw.left(MassimoPsw)))
+    for (const char Carattere : Cp1252(TagliaPsw(Psw)))
         Cifre += QString::number(uchar(Carattere)).rightJustified(3, u'0');
     return Cifre;
 }
@@ -295,7 +305,7 @@ void CaricaPsw(Parcella& Nota, const Parametri& Param)
     const QString Cifre = CStr(Param.Esigi(u"Psw"));
     if (Cifre.isEmpty())
         return;
-    Nota.Psw = DecodificaPsw(Cifre);
+    Nota.Psw = PswNelCampo(DecodificaPsw(Cifre));
     MsgBox(u"Attenzione, la parcella è protetta! Le modifiche potranno essere salvate\n"
            u"solo dopo aver specificato la chiave di protezione."_s,
            vbInformation, TitoloMessaggio.toString());
@@ -489,5 +499,8 @@ QString LeggiPsw(const QString& Percorso)
 {
     const Recordset Param = OpenDatabase(Percorso, true).OpenRecordset(u"ParcellaParam"_s);
     const QVariant Psw = Param.Value(u"Psw"_s);
-    return EVuoto(Psw) ? QString() : DecodificaPsw(CStr(Psw));
+    if (EVuoto(Psw))
+        return {};
+    const QString Decodificata = DecodificaPsw(CStr(Psw));
+    return Decodificata.isEmpty() ? CStr(Psw) : Decodificata;
 }

@@ -17,6 +17,12 @@ constexpr int MassimoPsw = 6;
 /// Marks a password that was set in this session and is not saved yet.
 inline constexpr QStringView PswDaSalvare = u"->>";
 
+/// What counts of a password that was typed: its first MassimoPsw characters.
+[[nodiscard]] QString TagliaPsw(const QString& Psw);
+/// A saved password as the record holds it. One that begins with the mark itself bears the mark before it, or
+/// the next save would take its own characters for the mark.
+[[nodiscard]] QString PswNelCampo(const QString& Psw);
+
 /// Each character as its Windows-1252 code in three decimal digits; one that the code page lacks is 063,
 /// the question mark. At most MassimoPsw characters count.
 [[nodiscard]] QString CodificaPsw(const QString& Psw);
@@ -39,5 +45,7 @@ void ScriviDati(const Database& File, const Parcella& Nota);
 /// @throws Errore when the file cannot be opened or read: the note is then a new one without a path
 void CaricaDati(Parcella& Nota, const QString& Percorso);
 
-/// The password of a file, decoded; empty when it has none. @throws Errore as OpenDatabase
+/// The password of a file, decoded; empty when it has none. One that cannot be decoded comes as it stands:
+/// the file is protected none the less.
+/// @throws Errore as OpenDatabase
 [[nodiscard]] QString LeggiPsw(const QString& Percorso);

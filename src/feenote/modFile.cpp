@@ -13,6 +13,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Bytes of a file's name that every disk takes, the names of the files beside it included.
+constexpr qsizetype MassimoNome = 240;
+
 constexpr std::array TabelleNota{u"ParcellaParam", u"ParcellaRighe", u"ParcellaAcconti"};
 
 /// The file while it is being built, beside the place it will take; gone unless it was put there. Programs
@@ -46,6 +49,10 @@ private:
         const QString Cartella = QFileInfo(Finale).path();
         if (!EsisteCartella(Cartella))
             throw Errore(3044);
+        if (QFile::encodeName(NomeFile(Finale)).size() > MassimoNome)
+            throw Errore(52);
+        if (EsisteCartella(Finale))
+            throw Errore(75);
         if (!CartellaScrivibile(Cartella))
             throw Errore(75);
         if (PrendiBlocco(Turno, AttesaTurnoMs))

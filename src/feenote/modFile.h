@@ -15,6 +15,7 @@ inline int AttesaTurnoMs = 3000;
 /// read-only folder, damaged reference database) leaves the former file as it was, and nothing under the
 /// note's name where there was none. A reference database from before the general expenses gets their column.
 /// @param ComeModello the file gets the read-only attribute, which protects templates
-/// @throws Errore 75, 76 folder, 3026 disk full, 3024/3343 parcelle.mdb, 70 the file is a template, 3163 text
-/// too long, 3260 another program is writing the same file
+/// @throws Errore 75 refused, or a folder of that name, 3044 no such folder, 52 name over 240 bytes, 3026
+/// disk full, 3024/3343 parcelle.mdb, 70 the file is a template, 3163 text too long, 3260 another program is
+/// writing the same file
 void ScriviNota(const QString& Percorso, const Parcella& Nota, bool ComeModello = false);

@@ -14,9 +14,11 @@ namespace {
 constexpr QStringView Estensione = u".mdb";
 constexpr QStringView FiltroNote = u"Parcelle (*.mdb)";
 
+/// The code of the matter before the names of its notes. A code like "12/2026" would name a folder.
 QString Prefisso()
 {
-    return sessione::RichiestaPV2.ID.isEmpty() ? QString() : sessione::RichiestaPV2.ID + u'-';
+    const QString& ID = sessione::RichiestaPV2.ID;
+    return ID.isEmpty() ? QString() : NomePerFile(ID) + u'-';
 }
 
 /// A note that has a template as its file starts in the folder of notes, so that the template is safe.
@@ -26,6 +28,12 @@ QString PuntoDiPartenza(const Parcella& Nota, bool ComeModello)
         !FinisceInCartella(CartellaFile(Nota.Percorso), u"Modelli"_s))
         return Nota.Percorso;
     return Barra(ComeModello ? sessione::ModelliPath : sessione::ParcellePath) + Prefisso();
+}
+
+/// A name without a folder belongs where the dialog began, not in the folder where the process happens to be.
+QString ConCartella(const QString& Scelto, const QString& Inizio)
+{
+    return CartellaFile(Scelto).isEmpty() ? CartellaFile(Inizio) + Scelto : Scelto;
 }
 
 /// The extension is compared with case: "x.MDB" gets a second one, whose dot is then refused.
@@ -97,10 +105,11 @@ bool ControllaPsw(const QString& Percorso)
 std::optional<QString> SalvaConDialogo(Parcella& Nota, bool ComeModello)
 {
     const QString Titolo = ComeModello ? u"Salva parcella come modello"_s : u"Salva parcella"_s;
-    const QString Scelto = DialogoSalva(Titolo, PuntoDiPartenza(Nota, ComeModello), FiltroNote.toString());
+    const QString Inizio = PuntoDiPartenza(Nota, ComeModello);
+    const QString Scelto = DialogoSalva(Titolo, Inizio, FiltroNote.toString());
     if (Scelto.isEmpty())
         return std::nullopt;
-    QString Percorso = ConEstensione(PercorsoNativo(Scelto));
+    QString Percorso = ConEstensione(PercorsoNativo(ConCartella(Scelto, Inizio)));
     if (!NomeAmmesso(Percorso))
         return std::nullopt;
     Percorso = ConRiferimento(Percorso);
@@ -111,7 +120,7 @@ std::optional<QString> SalvaConDialogo(Parcella& Nota, bool ComeModello)
     Nota.Percorso = Percorso;
     Nota.Nome = NomeFile(Percorso).chopped(Estensione.size()).toLower();
     if (Nota.Psw.startsWith(PswDaSalvare))
-        Nota.Psw = Nota.Psw.mid(PswDaSalvare.size());
+        Nota.Psw = PswNelCampo(Nota.Psw.mid(PswDaSalvare.size()));
     return Percorso;
 }
 
@@ -140,11 +149,10 @@ void ProteggiNota(Parcella& Nota)
         MsgErrore(u"La password di protezione è già impostata!"_s);
         return;
     }
-    const QString Psw =
+    const QString Psw = TagliaPsw(
         InputBox(u"Immettere la password per la protezione della parcella:\n"
                  u"(Attenzione saranno presi in considerazione solo i primi 6 caratteri inseriti!)"_s,
-                 u"Proteggi parcella"_s)
-            .left(MassimoPsw);
+                 u"Proteggi parcella"_s));
     if (Psw.isEmpty())
         return;
     MsgBox(u"E' stata impostata la password: "_s + Psw +

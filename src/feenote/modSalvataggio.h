@@ -23,7 +23,9 @@ void DiSalvata(const QString& Percorso);
 /// @return the answer, vbNo unasked for an unmodified note. Whoever asks does the saving.
 [[nodiscard]] int CheckModInCorso(const Parcella& Nota, bool Chiusura);
 
-/// Asks for the password of a file, if it has one. @return true when it may be replaced
+/// Asks for the password of a file, if it has one. Whoever replaces, deletes or renames a note asks it first.
+/// @return true when that may be done; a wrong answer was told, an empty one ends quietly
+/// @throws Errore when the file cannot be read as a note
 [[nodiscard]] bool ControllaPsw(const QString& Percorso);
 
 /// Sets a password on the note, asked in an input box; it works from the next save on.

@@ -1,10 +1,7 @@
 // What is done with selected lines by mouse and keyboard: cut, copy, paste, undo, delete, drag.
-#include "tavolo.h"
+#include "selettore.h"
 
 #include "platform/shell.h"
-
-#include <QHeaderView>
-#include <QMouseEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -14,37 +11,6 @@ const QString NienteScelto = u"Evidenziare prima la prestazione cliccando sulla 
 const QString NienteDaIncollare = u"Non è presente alcuna voce da incollare!"_s;
 const QString TagliarneUna = u"Confermi la cancellazione della voce selezionata?"_s;
 const QString TagliarnePiu = u"Confermi la cancellazione delle voci selezionate?"_s;
-
-QWidget* Selettore(const Griglia* Righe)
-{
-    return Righe->Vista()->verticalHeader()->viewport();
-}
-
-QPoint SulSelettore(const Griglia* Righe, int Riga)
-{
-    return {8, CentroCella(Righe, Riga, 1).y()};
-}
-
-void ClicSelettore(const Griglia* Righe, int Riga, Qt::KeyboardModifiers Con = Qt::NoModifier)
-{
-    QTest::mouseClick(Selettore(Righe), Qt::LeftButton, Con, SulSelettore(Righe, Riga));
-}
-
-/// QTest's own moves carry no button.
-void Muovi(const Griglia* Righe, const QPoint& Dove)
-{
-    QMouseEvent Evento(QEvent::MouseMove, Dove, Selettore(Righe)->mapToGlobal(Dove), Qt::NoButton,
-                       Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(Selettore(Righe), &Evento);
-}
-
-void Trascina(const Griglia* Righe, int Da, const QPoint& A, Qt::KeyboardModifiers Con = Qt::NoModifier)
-{
-    QTest::mousePress(Selettore(Righe), Qt::LeftButton, Con, SulSelettore(Righe, Da));
-    Muovi(Righe, A);
-    QTest::mouseRelease(Selettore(Righe), Qt::LeftButton, Qt::NoModifier, A);
-    Respiro();
-}
 
 }  // namespace
 

@@ -1,5 +1,5 @@
-// Life of the window: save and its refusals, templates, passwords, close.
-#include "tavolo.h"
+// Life of the window: a save, the moves between its tabs, the close with its questions.
+#include "salvataggi.h"
 
 #include "platform/database.h"
 #include "platform/messaggi_qt.h"
@@ -11,26 +11,9 @@
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
+using namespace salvataggi;
 
 namespace {
-
-const QString NomeSbagliato =
-    u"Il nome specificato non è valido: non usare i caratteri [ ] ! .\nSalvataggio non effettuato!"_s;
-
-QString Salvata(const QString& Nome)
-{
-    return u"La parcella "_s + Nome + u" è stata salvata correttamente!"_s;
-}
-
-QString GiaEsiste(const QString& Nome)
-{
-    return u"La parcella "_s + Nome + u" già esiste: confermi la sovrascrittura?"_s;
-}
-
-QString NonSovrascrivibile(const QString& Nome)
-{
-    return u"La parcella "_s + Nome + u" non può essere sovrascritta!"_s;
-}
 
 /// Somebody who does something while a box is open, before it is answered.
 class Intruso
@@ -68,24 +51,8 @@ private Q_SLOTS:
     void cleanup();
     void salvaUnaNotaNuova();
     void annullatoNonCambiaNulla();
-    void nomiRifiutati_data();
-    void nomiRifiutati();
     void incompletaSiSalva();
     void nonModificataNonSiSalva();
-    void lEstensioneSiAggiunge();
-    void sovrascritturaChiede();
-    void lePropriaNonChiede();
-    void ilModelloNonSiSovrascrive();
-    void dalModelloSiParteDalleParcelle();
-    void conLaPratica();
-    void passwordSbagliata();
-    void passwordGiusta();
-    void proteggi();
-    void proteggiDiNuovo();
-    void ottoCaratteriDiventanoSei();
-    void laPasswordRestaAlSalvataggio();
-    void cartellaChiusa();
-    void discoPieno();
     void chiudiIntatta();
     void chiudiConRisposta_data();
     void chiudiConRisposta();
@@ -103,17 +70,11 @@ private Q_SLOTS:
     void chiusaDalCodiceMentreChiede();
     void chiusaDalCodiceConIlMessaggioVero();
     void chiusaDalCodiceConUnAltraFinestraModale();
-    void fileDiSolaLettura();
-    void unaltroFileCheNonEUnaNota();
     void laNotaDiUnaPraticaFinisceIlProgramma();
     void lUltimaInModoBassoFinisceIlProgramma();
     void lUltimaFrecciaSalva();
 
 private:
-    /// A note with a client, modified.
-    void Tocca(const QString& Cliente = u"Rossi"_s);
-    QString SalvaCome(const QString& Nome, bool ComeModello = false);
-
     std::unique_ptr<Tavolo> T;
     frmParcelle* F = nullptr;
 };
@@ -132,25 +93,10 @@ void TestVita::cleanup()
     T.reset();
 }
 
-void TestVita::Tocca(const QString& Cliente)
-{
-    Scrivi(Controllo<QLineEdit>(F, "txtCliente"), Cliente);
-    QVERIFY(InfoParcelle[1].Modificata);
-}
-
-QString TestVita::SalvaCome(const QString& Nome, bool ComeModello)
-{
-    const QString File = (ComeModello ? sessione::ModelliPath : sessione::ParcellePath) + Nome;
-    T->Voce.AttendiSalva(File);
-    T->Voce.Attendi(Salvata(Nome), vbOK, u"Messaggio:"_s);
-    EseguiComando(ComeModello ? u"savemod"_s : u"savepar"_s, 1, {});
-    return File;
-}
-
 void TestVita::salvaUnaNotaNuova()
 {
-    Tocca();
-    const QString File = SalvaCome(u"Rossi Mario.mdb"_s);
+    Tocca(F);
+    const QString File = SalvaCome(*T, u"Rossi Mario.mdb"_s);
     QCOMPARE(T->Voce.TitoloDialogo(), u"Salva parcella"_s);
     QCOMPARE(T->Voce.InizioDialogo(), sessione::ParcellePath);
     QVERIFY(T->Voce.Mostrati().last().Bandiere & vbInformation);
@@ -164,7 +110,7 @@ void TestVita::salvaUnaNotaNuova()
 
 void TestVita::annullatoNonCambiaNulla()
 {
-    Tocca();
+    Tocca(F);
     const Parcella Prima = F->Nota;
     T->Voce.AttendiSalva({});
     EseguiComando(u"save"_s, 1, {});
@@ -173,33 +119,10 @@ void TestVita::annullatoNonCambiaNulla()
     QVERIFY(InfoParcelle[1].Modificata);
 }
 
-void TestVita::nomiRifiutati_data()
-{
-    QTest::addColumn<QString>("Nome");
-    QTest::newRow("data con i punti") << u"Rossi 1.2.2024"_s;
-    QTest::newRow("estensione maiuscola") << u"Rossi.MDB"_s;
-    QTest::newRow("quadra aperta") << u"Rossi[1"_s;
-    QTest::newRow("quadra chiusa") << u"Rossi]"_s;
-    QTest::newRow("esclamativo") << u"Rossi!"_s;
-    QTest::newRow("solo estensione") << u".mdb"_s;
-}
-
-void TestVita::nomiRifiutati()
-{
-    QFETCH(QString, Nome);
-    Tocca();
-    T->Voce.AttendiSalva(T->Ufficio.File(Nome));
-    T->Voce.Attendi(NomeSbagliato, vbOK, u"Errore:"_s);
-    EseguiComando(u"save"_s, 1, {});
-    QVERIFY(F->Nota.Percorso.isEmpty());
-    QVERIFY(F->Nota.Modificata);
-    QVERIFY(QDir(T->Ufficio.Cartella()).entryList({u"Rossi*"_s}, QDir::Files).isEmpty());
-}
-
 void TestVita::incompletaSiSalva()
 {
-    Tocca();  // no category at all
-    const QString File = SalvaCome(u"incompleta.mdb"_s);
+    Tocca(F);  // no category at all
+    const QString File = SalvaCome(*T, u"incompleta.mdb"_s);
     QVERIFY(QFile::exists(File));
 }
 
@@ -207,209 +130,9 @@ void TestVita::nonModificataNonSiSalva()
 {
     for (const QString& Comando : {u"save"_s, u"savepar"_s, u"savemod"_s})
         EseguiComando(Comando, 1, {});  // a dialog would fail the test
-    Tocca();
-    SalvaCome(u"una.mdb"_s);
+    Tocca(F);
+    SalvaCome(*T, u"una.mdb"_s);
     EseguiComando(u"savemod"_s, 1, {});
-}
-
-void TestVita::lEstensioneSiAggiunge()
-{
-    Tocca();
-    T->Voce.AttendiSalva(T->Ufficio.File(u"Rossi"_s));
-    T->Voce.Attendi(Salvata(u"Rossi.mdb"_s));
-    EseguiComando(u"save"_s, 1, {});
-    QVERIFY(QFile::exists(T->Ufficio.File(u"Rossi.mdb"_s)));
-}
-
-void TestVita::sovrascritturaChiede()
-{
-    Tocca();
-    const QString Altra = SalvaCome(u"altra.mdb"_s);
-    F->Nuova({});
-    Tocca(u"Bianchi"_s);
-    T->Voce.AttendiSalva(Altra);
-    T->Voce.Attendi(GiaEsiste(u"altra.mdb"_s), vbNo, u"Domanda:"_s);
-    EseguiComando(u"save"_s, 1, {});
-    QVERIFY(F->Nota.Modificata);
-    QCOMPARE(Cliente(Altra), u"Rossi"_s);
-
-    T->Voce.AttendiSalva(Altra);
-    T->Voce.Attendi(GiaEsiste(u"altra.mdb"_s), vbYes);
-    T->Voce.Attendi(Salvata(u"altra.mdb"_s));
-    EseguiComando(u"save"_s, 1, {});
-    QCOMPARE(Cliente(Altra), u"Bianchi"_s);
-}
-
-void TestVita::lePropriaNonChiede()
-{
-    Tocca();
-    const QString File = SalvaCome(u"mia.mdb"_s);
-    Tocca(u"Verdi"_s);
-    SalvaCome(u"mia.mdb"_s);
-    QCOMPARE(T->Voce.InizioDialogo(), File);
-    QCOMPARE(Cliente(File), u"Verdi"_s);
-}
-
-void TestVita::ilModelloNonSiSovrascrive()
-{
-    Tocca();
-    const QString Modello = SalvaCome(u"sfratto.mdb"_s, true);
-    QCOMPARE(T->Voce.TitoloDialogo(), u"Salva parcella come modello"_s);
-    QCOMPARE(T->Voce.InizioDialogo(), sessione::ModelliPath);
-    QVERIFY(SolaLettura(Modello));
-    Tocca(u"Altro"_s);
-    T->Voce.AttendiSalva(Modello);
-    T->Voce.Attendi(NonSovrascrivibile(u"sfratto.mdb"_s), vbOK, u"Errore:"_s);
-    EseguiComando(u"savemod"_s, 1, {});
-    QVERIFY(F->Nota.Modificata);
-    QCOMPARE(Cliente(Modello), u"Rossi"_s);
-}
-
-void TestVita::dalModelloSiParteDalleParcelle()
-{
-    Tocca();
-    const QString Modello = SalvaCome(u"sfratto.mdb"_s, true);
-    F->Carica(Modello);
-    QCOMPARE(F->Nota.Percorso, Modello);
-    Tocca(u"Neri"_s);
-    T->Voce.AttendiSalva({});
-    EseguiComando(u"save"_s, 1, {});
-    QCOMPARE(T->Voce.InizioDialogo(), sessione::ParcellePath);
-}
-
-void TestVita::conLaPratica()
-{
-    sessione::RichiestaPV2.ID = u"AB12"_s;
-    Tocca();
-    T->Voce.AttendiSalva(T->Ufficio.File(u"Rossi.mdb"_s));
-    T->Voce.Attendi(
-        u"La parcella, essendo associato ad una pratica, deve iniziare col codice seguito dal trattino!\n"
-        u"Il nome della parcella è stato modificato in: AB12-Rossi.mdb"_s,
-        vbOK, u"Errore salvataggio:"_s);
-    T->Voce.Attendi(Salvata(u"AB12-Rossi.mdb"_s));
-    EseguiComando(u"save"_s, 1, {});
-    QCOMPARE(T->Voce.InizioDialogo(), sessione::ParcellePath + u"AB12-"_s);
-    QVERIFY(QFile::exists(T->Ufficio.File(u"AB12-Rossi.mdb"_s)));
-
-    Tocca(u"Bianchi"_s);  // the code is compared whatever its case
-    T->Voce.AttendiSalva(T->Ufficio.File(u"ab12-altra.mdb"_s));
-    T->Voce.Attendi(Salvata(u"ab12-altra.mdb"_s));
-    EseguiComando(u"save"_s, 1, {});
-}
-
-void TestVita::passwordSbagliata()
-{
-    Tocca();
-    F->Nota.Psw = u"->>segret"_s;
-    const QString File = SalvaCome(u"chiusa.mdb"_s);
-    F->Nuova({});
-    Tocca(u"Ladro"_s);
-    T->Voce.AttendiSalva(File);
-    T->Voce.AttendiImmissione(u"Specificare la password per modificare la parcella:"_s, u"sbagliata"_s);
-    T->Voce.Attendi(u"La password immessa non è corretta!\nL'operazione non è stata effettuata."_s, vbOK,
-                    u"Errore:"_s);
-    EseguiComando(u"save"_s, 1, {});
-    QCOMPARE(Cliente(File), u"Rossi"_s);
-
-    T->Voce.AttendiSalva(File);
-    T->Voce.AttendiImmissione(u"Specificare la password"_s, {});  // quietly
-    EseguiComando(u"save"_s, 1, {});
-    QCOMPARE(Cliente(File), u"Rossi"_s);
-    QVERIFY(F->Nota.Modificata);
-}
-
-void TestVita::passwordGiusta()
-{
-    Tocca();
-    F->Nota.Psw = u"->>segret"_s;
-    const QString File = SalvaCome(u"chiusa.mdb"_s);
-    F->Nuova({});
-    Tocca(u"Erede"_s);
-    T->Voce.AttendiSalva(File);
-    T->Voce.AttendiImmissione(u"Specificare la password"_s, u"segret"_s);
-    T->Voce.Attendi(GiaEsiste(u"chiusa.mdb"_s), vbYes);
-    T->Voce.Attendi(Salvata(u"chiusa.mdb"_s));
-    EseguiComando(u"save"_s, 1, {});
-    QCOMPARE(Cliente(File), u"Erede"_s);
-}
-
-void TestVita::proteggi()
-{
-    QVERIFY(!F->Nota.Modificata);
-    T->Voce.AttendiImmissione(
-        u"Immettere la password per la protezione della parcella:\n"
-        u"(Attenzione saranno presi in considerazione solo i primi 6 caratteri inseriti!)"_s,
-        u"abc"_s);
-    T->Voce.Attendi(
-        u"E' stata impostata la password: abc\nLa protezione diverrà operativa al salvataggio della parcella."_s,
-        vbOK, u"Messaggio:"_s);
-    F->Proteggi();
-    QCOMPARE(F->Nota.Psw, u"->>abc"_s);
-    QVERIFY(Controllo(F, "pctLock")->isVisible());
-    QVERIFY2(InfoParcelle[1].Modificata, "altrimenti non si potrebbe salvare");
-}
-
-void TestVita::proteggiDiNuovo()
-{
-    F->Nota.Psw = u"abc"_s;
-    T->Voce.Attendi(u"La password di protezione è già impostata!"_s, vbOK, u"Errore:"_s);
-    F->Proteggi();
-    QCOMPARE(F->Nota.Psw, u"abc"_s);
-}
-
-void TestVita::ottoCaratteriDiventanoSei()
-{
-    T->Voce.AttendiImmissione(u"Immettere la password"_s, u"12345678"_s);
-    T->Voce.Attendi(
-        u"E' stata impostata la password: 123456\nLa protezione diverrà operativa al salvataggio della parcella."_s);
-    F->Proteggi();
-    QCOMPARE(LeggiPsw(SalvaCome(u"otto.mdb"_s)), u"123456"_s);
-    T->Voce.AttendiImmissione(u"Immettere la password"_s, {});  // an empty answer does nothing
-    F->Nuova({});
-    F->Proteggi();
-    QVERIFY(F->Nota.Psw.isEmpty() && !F->Nota.Modificata);
-}
-
-void TestVita::laPasswordRestaAlSalvataggio()
-{
-    Tocca();
-    F->Nota.Psw = u"->>abc"_s;
-    SalvaCome(u"prima.mdb"_s);
-    QCOMPARE(F->Nota.Psw, u"abc"_s);
-    Tocca(u"Verdi"_s);
-    QCOMPARE(LeggiPsw(SalvaCome(u"copia.mdb"_s)), u"abc"_s);
-}
-
-void TestVita::cartellaChiusa()
-{
-    Tocca();
-    const QString Chiusa = T->Ufficio.File(u"chiusa/"_s);
-    QDir().mkpath(Chiusa);
-    QFile::setPermissions(Chiusa, QFile::ReadOwner | QFile::ExeOwner);
-    T->Voce.AttendiSalva(Chiusa + u"nota.mdb"_s);
-    T->Voce.Attendi(u"Codice errore: 75\n"_s + DescrizioneErrore(75), vbOK, u"Errore:"_s);
-    EseguiComando(u"save"_s, 1, {});
-    QFile::setPermissions(Chiusa, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    QVERIFY(F->Nota.Percorso.isEmpty() && F->Nota.Modificata);
-    QCOMPARE(F->windowTitle(), u"Nuova parcella"_s);
-    SalvaCome(u"altrove.mdb"_s);  // and the note can still be saved
-}
-
-void TestVita::discoPieno()
-{
-    Tocca();
-    const QString File = SalvaCome(u"nota.mdb"_s);
-    Tocca(u"Verdi"_s);
-    F->Nota.Psw = u"->>abc"_s;
-    LimitaPagine(3);
-    T->Voce.AttendiSalva(File);
-    T->Voce.Attendi(u"Codice errore: 3026\n"_s + DescrizioneErrore(3026), vbOK, u"Errore:"_s);
-    EseguiComando(u"save"_s, 1, {});
-    LimitaPagine(0);
-    QVERIFY2(Cliente(File) == u"Rossi", "la versione di prima resta");
-    QVERIFY(F->Nota.Modificata && InfoParcelle[1].Modificata);
-    QCOMPARE(F->Nota.Psw, u"->>abc"_s);
-    QCOMPARE(F->Nota.txtCliente.Testo, u"Verdi"_s);
 }
 
 void TestVita::chiudiIntatta()
@@ -431,7 +154,7 @@ void TestVita::chiudiConRisposta()
 {
     QFETCH(int, Risposta);
     QFETCH(bool, Chiusa);
-    Tocca();
+    Tocca(F);
     T->Voce.Attendi(u"Nuova parcella\nVuoi salvare la parcella prima di chiudere?"_s, Risposta,
                     u"Domanda:"_s);
     QCOMPARE(F->close(), Chiusa);
@@ -443,7 +166,7 @@ void TestVita::chiudiConRisposta()
 
 void TestVita::chiudiSalvando()
 {
-    Tocca();
+    Tocca(F);
     T->Voce.Attendi(u"Nuova parcella\nVuoi salvare la parcella prima di chiudere?"_s, vbYes);
     T->Voce.AttendiSalva(T->Ufficio.File(u"ultima.mdb"_s));
     T->Voce.Attendi(Salvata(u"ultima.mdb"_s));
@@ -453,7 +176,7 @@ void TestVita::chiudiSalvando()
 
 void TestVita::chiudiESalvataggioAnnullato()
 {
-    Tocca();
+    Tocca(F);
     T->Voce.Attendi(u"Nuova parcella\nVuoi salvare la parcella prima di chiudere?"_s, vbYes);
     T->Voce.AttendiSalva({});
     QVERIFY(!F->close());
@@ -462,11 +185,11 @@ void TestVita::chiudiESalvataggioAnnullato()
 
 void TestVita::chiudiESalvataggioFallito()
 {
-    Tocca();
+    Tocca(F);
     LimitaPagine(3);
     T->Voce.Attendi(u"Nuova parcella\nVuoi salvare la parcella prima di chiudere?"_s, vbYes);
     T->Voce.AttendiSalva(T->Ufficio.File(u"nota.mdb"_s));
-    T->Voce.Attendi(u"Codice errore: 3026\n"_s + DescrizioneErrore(3026));
+    T->Voce.Attendi(Guasto(3026));
     QVERIFY(!F->close());
     LimitaPagine(0);
     QVERIFY(F->isVisible() && F->Nota.Modificata);
@@ -506,8 +229,8 @@ void TestVita::frecciaIndietroNo()
 
 void TestVita::riaprendoIlTitoloEIlNome()
 {
-    Tocca();
-    const QString File = SalvaCome(u"Rossi Mario.mdb"_s);
+    Tocca(F);
+    const QString File = SalvaCome(*T, u"Rossi Mario.mdb"_s);
     QVERIFY(F->close());
     frmParcelle* Riaperta = T->Apri(File);
     QVERIFY2(Riaperta == F, "il posto liberato si riusa");
@@ -556,7 +279,7 @@ void TestVita::fileCheNonSiApre()
 
 void TestVita::ilTitoloCambiaPrimaDelMessaggio()
 {
-    Tocca();
+    Tocca(F);
     int Mostrati = 0;
     const Intruso Curioso(
         [&] {
@@ -584,7 +307,7 @@ void TestVita::chiusaDalCodiceMentreChiede_data()
 void TestVita::chiusaDalCodiceMentreChiede()
 {
     QFETCH(QString, Domanda);
-    Tocca();
+    Tocca(F);
     int Mostrati = 0;
     const auto Chiudi = [&] {
         ++Mostrati;
@@ -615,7 +338,7 @@ void TestVita::chiusaDalCodiceMentreChiede()
 
 void TestVita::chiusaDalCodiceConIlMessaggioVero()
 {
-    Tocca();
+    Tocca(F);
     const Messaggi Prima = InstallaMessaggi(MessaggiQt());
     bool Chiusa = true;
     QTimer::singleShot(0, this, [&] {
@@ -643,32 +366,6 @@ void TestVita::chiusaDalCodiceConUnAltraFinestraModale()
     QVERIFY(ChiudiParcella(1));
 }
 
-void TestVita::fileDiSolaLettura()
-{
-    Tocca();
-    const QString File = SalvaCome(u"nota.mdb"_s);
-    ImpostaSolaLettura(File, true);
-    Tocca(u"Verdi"_s);
-    T->Voce.AttendiSalva(File);
-    T->Voce.Attendi(NonSovrascrivibile(u"nota.mdb"_s), vbOK, u"Errore:"_s);
-    EseguiComando(u"save"_s, 1, {});
-    QVERIFY(F->Nota.Modificata);
-    QCOMPARE(F->Nota.txtCliente.Testo, u"Verdi"_s);
-    QCOMPARE(Cliente(File), u"Rossi"_s);
-}
-
-void TestVita::unaltroFileCheNonEUnaNota()
-{
-    Tocca();
-    const QString Lettera = T->Ufficio.File(u"lettera.mdb"_s);
-    ScriviFile(Lettera, "Egregio collega");
-    T->Voce.AttendiSalva(Lettera);
-    T->Voce.Attendi(u"Codice errore: 3343\n"_s + DescrizioneErrore(3343), vbOK, u"Errore:"_s);
-    EseguiComando(u"save"_s, 1, {});
-    QCOMPARE(LeggiFile(Lettera), QByteArray("Egregio collega"));
-    QVERIFY(F->Nota.Modificata);
-}
-
 void TestVita::laNotaDiUnaPraticaFinisceIlProgramma()
 {
     int Fini = 0;
@@ -678,7 +375,7 @@ void TestVita::laNotaDiUnaPraticaFinisceIlProgramma()
     const Shell Prima = InstallaShell(Suo);
     UltimaParcellaChiusa = [&] { ++Ultime; };
     sessione::RichiestaPV2.ID = u"AB12"_s;
-    Tocca();
+    Tocca(F);
     T->Voce.Attendi(u"Nuova parcella\nVuoi salvare la parcella prima di chiudere?"_s, vbCancel);
     QVERIFY(!F->close());
     QCOMPARE(Fini, 0);
