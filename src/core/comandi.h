@@ -63,6 +63,7 @@ struct Apritori
 {
     std::function<void(const QString& Percorso, int Socio, const QString& ID)> ApriParcella;
     std::function<void(int Selettore)> TrovaParcella;  ///< 0 notes, 1 templates
+    std::function<void()> RinfrescaTrova;              ///< a note has closed: a finder on screen looks again
     std::function<void(int Indice, bool ComeModello)> SalvaParcella;
     std::function<void(int Indice, int Scheda)> VaiAllaScheda;
     std::function<int(int Indice)> SchedaCorrente;  ///< current tab of a window, -1 none

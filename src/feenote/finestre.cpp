@@ -160,6 +160,8 @@ void DopoChiusura(frmParcelle* Finestra)
         Termina();
         return;
     }
+    if (Aperture.RinfrescaTrova)
+        Aperture.RinfrescaTrova();
     if (ParcellaAperta())
         return;
     Protetta([&] { RicordaMisure(Finestra); });
