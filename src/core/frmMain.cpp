@@ -43,7 +43,7 @@ enum GruppoBarra { Parcelle, Archivi, Calcoli, Aiuti, Opzioni, Guida };
 constexpr std::array Pulsanti{
     Pulsante{u"new", u"Nuova parcella", u"Nuova", Parcelle, u""},
     Pulsante{u"open", u"Apri parcella", u"Apri", Parcelle, u""},
-    Pulsante{u"save", u"Salva parcella", u"Salva", Parcelle, u"Ctrl+S"},
+    Pulsante{u"save", u"Salva parcella", u"Salva", Parcelle, u""},
     Pulsante{u"lock", u"Proteggi parcella", u"Proteggi", Parcelle, u"Ctrl+Shift+L"},
     Pulsante{u"clienti", u"Rubrica clienti e controparti", u"Rubrica", Archivi, u""},
     Pulsante{u"contrib", u"Calcolo contributo unificato", u"Contributo", Calcoli, u""},
@@ -191,6 +191,12 @@ void frmMain::CreaProcedure()
                 EseguiComando(Comando, 0, {});
         });
     }
+    // Its keys stay where the buttons are hidden: whoever can write in a note can save it.
+    auto* Salva = new QAction(this);
+    Salva->setObjectName(u"comando_save"_s);
+    Salva->setShortcut(Sequenza(u"Ctrl+S"));
+    ui->areaParcelle->addAction(Salva);
+    Collega(Salva, &QAction::triggered, this, [this] { barParcelle_ButtonClick(u"save"_s); });
 }
 
 QMdiArea* frmMain::Area()
