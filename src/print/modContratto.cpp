@@ -55,6 +55,7 @@ void Titolo(Superficie& vp)
 {
     vp.Text(u"Contratto di affidamento di incarico professionale per attività legale"_s);
     RigaVuota(vp);
+    vp.SpaceBefore(SpazioVoce);
     vp.Text(
         u"stipulato ai sensi degli articoli 2233 c.c. e 13 della legge professionale n. 247 del 31 dicembre "
         u"2012"_s);
@@ -89,13 +90,15 @@ void Incarico(Superficie& vp, const Parcella& Nota)
     RigaVuota(vp);
 }
 
-/// The words in bold and the plain text on one row.
-void Articolo(Superficie& vp, const QString& Numero, const QString& Testo)
+/// The words in bold and the plain text on one row; the room below it in points.
+void Articolo(Superficie& vp, const QString& Numero, const QString& Testo, double Sotto = 0.0)
 {
+    vp.SpaceBefore(2 * SpazioVoce);
     vp.FontBold(true);
     vp.Text(Numero);
     vp.FontBold(false);
     vp.Text(Testo);
+    vp.SpaceAfter(Sotto);
     RigaVuota(vp);
 }
 
@@ -112,7 +115,8 @@ void Compensi(Superficie& vp, StatoStampa& Stato, const Parcella& Nota)
     Articolo(vp, u"Art. 1"_s,
              u"- I compensi  per l'incarico professionale in oggetto sono così convenuti, al netto di i.v.a. "
              u"e c.p. "
-             u"avv.:"_s);
+             u"avv.:"_s,
+             SpazioBlocco);
     if (SenzaVoci(Nota))
         RigaVuota(vp, RigheAMano);
     else
@@ -146,6 +150,7 @@ void Pagamenti(Superficie& vp)
     Articolo(vp, u"Art. 2 "_s,
              u"- I compensi pattuiti verranno corrisposti dal cliente con le seguenti modalità:"_s);
     for (const Rata& Una : Rate) {
+        vp.SpaceBefore(SpazioVoce);
         vp.Text(Una.Lettera.toString() + QString(PostoImporto, u' ') + Una.Quando.toString());
         RigaVuota(vp);
     }
@@ -159,7 +164,9 @@ void ComponiContratto(Superficie& vp, StatoStampa& Stato, const Parcella& Nota)
     Titolo(vp);
     Incarico(vp, Nota);
     vp.TextAlign(Allineamento::Centro);
+    vp.SpaceBefore(SpazioBlocco);
     vp.Text(u"I - Determinazione degli onorari e delle spese"_s);
+    vp.SpaceAfter(SpazioVoce);
     RigaVuota(vp);
     vp.TextAlign(Allineamento::Giustificato);
     Compensi(vp, Stato, Nota);

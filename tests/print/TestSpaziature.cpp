@@ -48,6 +48,7 @@ private Q_SLOTS:
     void vociDellIntestazione();
     void ilTitoloDellaNotaSpese();
     void postoPerFirmareIlPreventivo();
+    void articoliDelContratto();
 };
 PROVA(TestSpaziature);
 
@@ -56,7 +57,7 @@ void TestSpaziature::nessunTestoToccaUnaTabella_data()
     QTest::addColumn<int>("Tipo");
     QTest::addColumn<bool>("Associata");
     for (const int Tipo : {StampaPrenotula, StampaPreventivo, StampaFatturaSintetica, StampaFatturaAnalitica,
-                           StampaNotaGiudiziale, StampaSoloContabile}) {
+                           StampaNotaGiudiziale, StampaContratto, StampaSoloContabile}) {
         QTest::addRow("tipo %d", Tipo) << Tipo << false;
         QTest::addRow("tipo %d, con associata", Tipo) << Tipo << true;
     }
@@ -122,6 +123,16 @@ void TestSpaziature::postoPerFirmareIlPreventivo()
     const Documento Numerato = documenti::Composto(Nota, StampaPreventivo);
     QCOMPARE(SpaziDi(Numerato, u"Preventivo n. 3"_s).SopraPunti, SpazioBlocco);
     QCOMPARE(SpaziDi(Numerato, u"Preventivo di massima"_s).SopraPunti, SpazioVoce);
+}
+
+void TestSpaziature::articoliDelContratto()
+{
+    const Documento Doc = documenti::Composto(documenti::Completa(campioni::Civile()), StampaContratto);
+    QCOMPARE(SpaziDi(Doc, u"I - Determinazione"_s).SopraPunti, SpazioBlocco);
+    for (const QString& Articolo : {u"Art. 1"_s, u"Art. 2"_s})
+        QCOMPARE(SpaziDi(Doc, Articolo).SopraPunti, 2 * SpazioVoce);
+    for (const QString& Rata : {u"a) euro"_s, u"b) euro"_s, u"c) euro"_s, u"d) euro"_s})
+        QCOMPARE(SpaziDi(Doc, Rata).SopraPunti, SpazioVoce);
 }
 
 #include "TestSpaziature.moc"
