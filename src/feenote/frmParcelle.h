@@ -228,7 +228,7 @@ private:
     AppuntiRighe Copiate;  ///< one clipboard for both lists
     PannelloModOno ModOno;
     int SchedaInVista = 0;   ///< the tab before a change
-    bool BaseValida = true;  ///< answer of the last CheckOK on leaving the base tab
+    bool BaseValida = true;  ///< answer of the last CheckOK on leaving the base tab; no rows move without it
     bool InMostra = false;   ///< controls are being written by code
     bool CambioScheda = false;
     bool DialogoAperto = false;  ///< a question of this window waits for its answer

@@ -2,6 +2,7 @@
 
 #include "platform/errore.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -16,6 +17,7 @@
 #else
 #include <fcntl.h>
 #include <sys/file.h>
+#include <time.h>
 #include <unistd.h>
 #endif
 
@@ -71,6 +73,21 @@ QString AntenatoEsistente(const QString& Cartella)
 }
 
 /// Whether somebody else keeps the file from being opened for writing alone.
+#ifndef Q_OS_WIN
+/// Office programs lock no file here: beside the one that they have open they put another, named after it,
+/// and take it away when they close it. One from before the machine was started was left by a crash.
+bool ConSegnoDiApertura(const QString& Nativo)
+{
+    const QFileInfo File(Nativo);
+    const QFileInfo Segno(File.path() + u"/.~lock."_s + File.fileName() + u'#');
+    if (!Segno.exists())
+        return false;
+    timespec DallAvvio = {};
+    ::clock_gettime(CLOCK_BOOTTIME, &DallAvvio);
+    return Segno.lastModified().secsTo(QDateTime::currentDateTime()) <= DallAvvio.tv_sec;
+}
+#endif
+
 bool Bloccato(const QString& Nativo)
 {
 #ifdef Q_OS_WIN
@@ -91,7 +108,7 @@ bool Bloccato(const QString& Nativo)
     const bool DiTratto = ::fcntl(File, F_GETLK, &Blocco) == 0 && Blocco.l_type != F_UNLCK;
     const bool DiFile = ::flock(File, LOCK_EX | LOCK_NB) != 0;
     ::close(File);
-    return DiTratto || DiFile;
+    return DiTratto || DiFile || ConSegnoDiApertura(Nativo);
 #endif
 }
 

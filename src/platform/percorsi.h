@@ -37,7 +37,8 @@ void ImpostaSolaLettura(const QString& Percorso, bool Attiva);
 /// True when a file can be created in the folder, judged by the permission bits (superuser too).
 [[nodiscard]] bool CartellaScrivibile(const QString& Cartella);
 
-/// Opens an existing file for exclusive writing; true when that fails. A missing file is not in use.
+/// Opens an existing file for exclusive writing; true when that fails, and when an office program has it
+/// open. A missing file is not in use.
 [[nodiscard]] bool FileInUso(const QString& Percorso);
 
 /// The whole file, at most `MassimoByte` bytes.

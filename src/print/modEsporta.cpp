@@ -82,6 +82,9 @@ bool EsportaDocumento(const Documento& Doc, const QString& File, FormatoEsportaz
     const QByteArray Byte = DocumentoEsportato(Doc, Formato, Titolo, Foglio);
     if (Uguale(File, Byte))
         return false;
+    // Whoever has it open would be left with a file that is no longer there.
+    if (!SolaLettura(File) && FileInUso(File))
+        throw Errore(70);
     ScriviFile(File, Byte);
     return true;
 }

@@ -25,7 +25,7 @@ enum class FormatoEsportazione {
 /// Writes a document into a file, which appears whole or not at all. A file that holds these very bytes is
 /// left as it is, with its date.
 /// @return true when the file was written
-/// @throws Errore 75 refused, 76 no folder, 61 disk full, 5; what was there then stays
+/// @throws Errore 70 open elsewhere, 75 refused, 76 no folder, 61 disk full, 5; what was there then stays
 bool EsportaDocumento(const Documento& Doc, const QString& File, FormatoEsportazione Formato,
                       const QString& Titolo, const Carta& Foglio = {});
 

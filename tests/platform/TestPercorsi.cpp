@@ -43,6 +43,7 @@ private Q_SLOTS:
     void fileLiberoNonEInUso();
     void fileBloccatoEInUso_data();
     void fileBloccatoEInUso();
+    void fileApertoInUfficio();
     void leggeTuttoIlFile();
     void letturaRifiutata();
     void letturaEntroIlLimite();
@@ -361,6 +362,25 @@ void TestPercorsi::fileBloccatoEInUso()
     QVERIFY(FileInUso(File));
     ::close(Aperto);
     QVERIFY(!FileInUso(File));
+}
+
+/// The mark that office programs leave beside a file while they have it open.
+void TestPercorsi::fileApertoInUfficio()
+{
+    const QString Cartella = NuovaCartella();
+    const QString File = Cartella + u"nota rossi.doc"_s;
+    const QString Segno = Cartella + u".~lock.nota rossi.doc#"_s;
+    Crea(Segno);
+    QVERIFY2(!FileInUso(File), "a mark without its file");
+    Crea(File);
+    QVERIFY(FileInUso(File));
+    QVERIFY2(!FileInUso(Segno), "the mark itself is no document");
+    QFile Vecchio(Segno);
+    QVERIFY(Vecchio.open(QIODevice::ReadWrite));
+    QVERIFY(
+        Vecchio.setFileTime(QDateTime(QDate(2001, 1, 1), QTime(0, 0)), QFileDevice::FileModificationTime));
+    Vecchio.close();
+    QVERIFY2(!FileInUso(File), "left by a crash before the machine was started");
 }
 
 void TestPercorsi::leggeTuttoIlFile()

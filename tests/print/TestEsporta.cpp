@@ -9,6 +9,8 @@
 #include "platform/shell.h"
 #include "print/modEsporta.h"
 
+#include <QFile>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -76,6 +78,8 @@ const QString SenzaCompagna = u"Non trovato percorso cartella Parcelle PV2!\n"
 
 }  // namespace
 
+Q_DECLARE_METATYPE(std::function<void(const Banco&)>)
+
 class TestEsporta : public QObject
 {
     Q_OBJECT
@@ -84,8 +88,10 @@ private Q_SLOTS:
     void formati();
     void soloQuandoCambia();
     void guastiDelDisco();
+    void apertoAltrove();
     void composizioneConEsportazione();
     void nonPronta();
+    void ridisegnoMuto_data();
     void ridisegnoMuto();
     void nomeDellaNota();
     void invio();
@@ -152,6 +158,27 @@ void TestEsporta::guastiDelDisco()
     QCOMPARE(Scrivi(Protetto), 0);
 }
 
+/// A redraw leaves alone the file that somebody reads in a word processor, and says nothing.
+void TestEsporta::apertoAltrove()
+{
+    Banco B;
+    Registratore Voce;
+    QVERIFY(!B.Componi());
+    const QByteArray Prima = LeggiFile(B.File());
+    const QString Segno = CartellaFile(B.File()) + u".~lock.rossi.doc#"_s;
+    ScriviFile(Segno, "neri");
+    B.Nota.txtDatiStaOgg.Testo = u"sfratto"_s;
+    const auto Esito = B.Componi();
+    QVERIFY(Esito);
+    QCOMPARE(Esito->Numero, 70);
+    QCOMPARE(LeggiFile(B.File()), Prima);
+    QVERIFY(campioni::TestiBlocchi(B.vp.Contenuto()).contains(u"Oggetto: sfratto"_s));
+    // Closed there, it is brought up to date.
+    QVERIFY(QFile::remove(Segno));
+    QVERIFY(!B.Componi());
+    QVERIFY(LeggiFile(B.File()).contains("sfratto"));
+}
+
 void TestEsporta::composizioneConEsportazione()
 {
     Banco B;
@@ -180,14 +207,43 @@ void TestEsporta::nonPronta()
     QVERIFY(B.vp.ExportFile.isEmpty());
 }
 
+void TestEsporta::ridisegnoMuto_data()
+{
+    QTest::addColumn<std::function<void(const Banco&)>>("Ostacolo");
+    QTest::addColumn<int>("Numero");
+
+    const auto Riga = [](const char* Nome, int Numero, const std::function<void(const Banco&)>& Ostacolo) {
+        QTest::newRow(Nome) << Ostacolo << Numero;
+    };
+    Riga("a folder that cannot be made", 75,
+         [](const Banco&) { ScriviFile(sessione::UserFolder + u"doc"_s, "no folder"); });
+    Riga("a user folder that is a file", 75, [](const Banco&) {
+        ScriviFile(sessione::UserFolder + u"utente"_s, "no folder");
+        sessione::UserFolder += u"utente/"_s;
+    });
+    Riga("a file that is read only", 75, [](const Banco& B) {
+        CreaCartella(sessione::UserFolder + u"doc"_s);
+        ScriviFile(B.File(), "vecchio");
+        ImpostaSolaLettura(B.File(), true);
+    });
+    Riga("a folder of that name", 75, [](const Banco& B) {
+        CreaCartella(sessione::UserFolder + u"doc"_s);
+        CreaCartella(B.File());
+    });
+    Riga("a full disk", 61, [](const Banco&) { LimitaDisco(100); });
+    Riga("a name too long for the disk", 75, [](const Banco&) { InfoParcelle[1].Nome = QString(300, u'x'); });
+}
+
 void TestEsporta::ridisegnoMuto()
 {
+    QFETCH(std::function<void(const Banco&)>, Ostacolo);
+    QFETCH(int, Numero);
     Banco B;
     Registratore Voce;  // a box would fail the test
-    ScriviFile(sessione::UserFolder + u"doc"_s, "no folder");
+    Ostacolo(B);
     const auto Esito = B.Componi();
     QVERIFY(Esito);
-    QCOMPARE(Esito->Numero, 75);
+    QCOMPARE(Esito->Numero, Numero);
     QVERIFY(!B.vp.Contenuto().Blocchi.empty());
 }
 
@@ -197,6 +253,11 @@ void TestEsporta::nomeDellaNota()
     InfoParcelle[1].Nome = u"Nuova parcella:2"_s;
     QCOMPARE(SteloDocumento(1), u"Nuova parcella-2"_s);
     QCOMPARE(FileDocumento(1), Barra(sessione::UserFolder + u"doc"_s) + u"Nuova parcella-2.doc"_s);
+    // Every sign that some system refuses in a name; the export finds its place all the same.
+    InfoParcelle[1].Nome = u"a\\b/c:d*e?f\"g<h>i|j {k} è"_s;
+    QCOMPARE(SteloDocumento(1), u"a-b-c-d-e-f-g-h-i-j {k} è"_s);
+    QVERIFY(!B.Componi());
+    QVERIFY(LeggiFile(FileDocumento(1)).contains("{\\title Prenotula - a-b-c-d-e-f-g-h-i-j \\{k\\} \\'e8}"));
     QCOMPARE(SteloDocumento(0), QString());
     QCOMPARE(SteloDocumento(2), QString());
 }
@@ -258,26 +319,32 @@ void TestEsporta::word()
 void TestEsporta::wordInUso_data()
 {
     QTest::addColumn<bool>("Protetto");
-    QTest::newRow("read-only") << true;
-    QTest::newRow("free") << false;
+    QTest::addColumn<bool>("Aperto");
+    QTest::newRow("read-only") << true << false;
+    QTest::newRow("open in a word processor") << false << true;
+    QTest::newRow("free") << false << false;
 }
 
 void TestEsporta::wordInUso()
 {
     QFETCH(bool, Protetto);
+    QFETCH(bool, Aperto);
     Banco B;
     Registratore Voce;
     CreaCartella(sessione::UserFolder + u"doc"_s);
     ScriviFile(B.File(), "vecchio");
+    if (Aperto)
+        ScriviFile(CartellaFile(B.File()) + u".~lock.rossi.doc#"_s, "neri");
     ImpostaSolaLettura(B.File(), Protetto);
-    if (Protetto)
+    const bool Rifiutato = Protetto || Aperto;
+    if (Rifiutato)
         Voce.Attendi(InUso, vbOK, u"Errore:"_s);
     B.Word();
     ImpostaSolaLettura(B.File(), false);
     // The preview is as it was, and nothing is opened.
-    QCOMPARE(B.vp.Contenuto().Blocchi.empty(), Protetto);
-    QCOMPARE(B.Aperti.isEmpty(), Protetto);
-    QCOMPARE(LeggiFile(B.File()) == "vecchio", Protetto);
+    QCOMPARE(B.vp.Contenuto().Blocchi.empty(), Rifiutato);
+    QCOMPARE(B.Aperti.isEmpty(), Rifiutato);
+    QCOMPARE(LeggiFile(B.File()) == "vecchio", Rifiutato);
     QCOMPARE(B.Puntatore, u"+-"_s);
 }
 
