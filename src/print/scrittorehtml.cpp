@@ -240,7 +240,7 @@ QString Stili(const Documento& Doc, const Carta& Foglio, const QString& Font)
            u"table{border-collapse:collapse;table-layout:fixed}\n"
            u"tr{break-inside:avoid}\n"
            u".u{break-after:avoid}\n"
-           u".r td{line-height:.69}\n"
+           u".r td{line-height:0;padding-bottom:.69em}\n"
            u"td{padding:0 0 0 1.5mm;vertical-align:top}\n"
            u"td:first-child{padding-left:0}\n"
            u".b td{border:.15mm solid;padding:.5mm .75mm}\n"

@@ -70,6 +70,8 @@ private Q_SLOTS:
     void piePagina();
     void tabella();
     void titoliDaRipetere();
+    void filetti();
+    void unSoloFile();
     void notaIntera_data();
     void notaIntera();
     void paroleDelTesto_data();
@@ -188,6 +190,43 @@ void TestScrittoreHtml::titoliDaRipetere()
     const QString Titoli = Pagina.section(u"<thead>"_s, 1).section(u"</thead>"_s, 0, 0);
     QVERIFY(Titoli.contains(u">ONORARI<"_s));
     QCOMPARE(Titoli.count(u"<tr"_s), 2);
+}
+
+/// Rows of rules are lower than the others, and stay with those around them.
+void TestScrittoreHtml::filetti()
+{
+    campioni::ImpostaStudio();
+    Superficie vp;
+    QVERIFY(Anteprima(vp, campioni::Civile(), StampaPrenotula));
+    const QString Pagina = QString::fromUtf8(ScriviHtml(vp.Contenuto()));
+    QVERIFY(Pagina.contains(u"\n.r td{line-height:0;"_s));
+    int Filetti = 0;
+    for (const QString& Riga : Pagina.split(u'\n').filter(u"<tr"_s)) {
+        const bool Filetto = Riga.contains(u"____"_s);
+        QCOMPARE(Riga.startsWith(u"<tr class=\"u r\">"_s), Filetto);
+        Filetti += Filetto;
+    }
+    QVERIFY(Filetti >= 4);
+}
+
+/// One file that asks nothing of any other, and names its language, its letters and itself.
+void TestScrittoreHtml::unSoloFile()
+{
+    campioni::ImpostaStudio();
+    for (int Tipo = StampaPrenotula; Tipo <= StampaSoloContabile; ++Tipo) {
+        Superficie vp;
+        QVERIFY(Anteprima(vp, campioni::Stragiudiziale(), Tipo));
+        const QByteArray Byte = ScriviHtml(vp.Contenuto(), u"Nota è"_s);
+        const Letta Pagina = Leggi(Byte);
+        for (const char16_t* Altrove : {u"script", u"link", u"img", u"iframe", u"object", u"base", u"a"})
+            QVERIFY2(!Pagina.Elementi.contains(QString::fromUtf16(Altrove)),
+                     "an element that leads elsewhere");
+        for (const char* Altrove : {"url(", "@import", "http", "src="})
+            QVERIFY2(!Byte.contains(Altrove), Altrove);
+        QVERIFY(Byte.startsWith("<!DOCTYPE html>\n<html lang=\"it\">"));
+        QVERIFY(Byte.indexOf("<meta charset=\"utf-8\"/>") < Byte.indexOf("<title>Nota \xC3\xA8</title>"));
+        QCOMPARE(Pagina.Elementi.count(u"table"_s), campioni::NumeroTabelle(vp.Contenuto()));
+    }
 }
 
 void TestScrittoreHtml::notaIntera_data()
