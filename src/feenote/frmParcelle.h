@@ -194,11 +194,15 @@ private:
     void MostraDatiStampa();
     void EntraScheda4();
     void cmbTipoStampa_Click(int Tipo);
+    void cmdProgFatt_Click();
     void barPrint_ButtonClick(const QString& Chiave);
     /// Composes the chosen document anew: something that it shows has changed.
     void Ricomponi();
     /// The composition itself. @return what kept its file from being written
-    std::optional<Errore> Componi();
+    /// @param Invio for the companion application
+    std::optional<Errore> Componi(bool Invio = false);
+    /// What follows a save: the document, seen or not, and the companion application.
+    void DopoSalvataggio();
     void AbilitaBarraStampa();
     void MostraPagina(int Pagina);
     void StampaParcella();

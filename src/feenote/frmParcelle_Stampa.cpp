@@ -7,12 +7,15 @@
 #include "core/sessione.h"
 #include "feenote/barrastampa.h"
 #include "feenote/modDatiStampa.h"
+#include "feenote/modNumeraFattura.h"
+#include "feenote/modPV2.h"
 #include "feenote/modTotali.h"
 #include "feenote/mostra.h"
 #include "platform/campo.h"
 #include "platform/collega.h"
 #include "platform/messaggi.h"
 #include "platform/percorsi.h"
+#include "platform/shell.h"
 #include "platform/stampante.h"
 #include "platform/vistastampa.h"
 #include "print/modEsporta.h"
@@ -211,6 +214,7 @@ void frmParcelle::CollegaSegniStampa()
     // An invoice on account prints like any other.
     ::Collega(uiStampa->chkFattAcc, &QCheckBox::clicked, this,
               [this](bool Attiva) { Applica([&] { CambiaFatturaAcconto(Nota, Attiva); }); });
+    ::Collega(uiStampa->cmdProgFatt, &QPushButton::clicked, this, [this] { cmdProgFatt_Click(); });
     ::Collega(uiStampa->cmdSkIvaDiff, &QPushButton::clicked, this, [] {
         if (Aperture.PaginaWeb)
             Aperture.PaginaWeb(sessione::PercorsoProg + u"SkIvaDiff.htm"_s,
@@ -272,7 +276,7 @@ void frmParcelle::Ricomponi()
     Protetta([this] { (void)Componi(); });
 }
 
-std::optional<Errore> frmParcelle::Componi()
+std::optional<Errore> frmParcelle::Componi(bool Invio)
 {
     VistaStampa* vp = uiStampa->vp;
     // What was drawn before a failure is shown.
@@ -280,7 +284,31 @@ std::optional<Errore> frmParcelle::Componi()
         vp->Aggiorna();
         MostraPagina(1);  // until the reader, who stays where he was, moves
     });
-    return AnteprimaConEsportazione(vp->Foglio(), Nota, Nota.cmbTipoStampa, Posto, false, vp->CartaInUso());
+    return AnteprimaConEsportazione(vp->Foglio(), Nota, Nota.cmbTipoStampa, Posto, Invio, vp->CartaInUso());
+}
+
+void frmParcelle::DopoSalvataggio()
+{
+    if (Nota.cmbTipoStampa != NessunaVoce) {
+        Protetta([this] { (void)Componi(); });
+        // What could not be composed leaves nothing to hand over: the last figures are another document's.
+        if (!sessione::RichiestaPV2.ID.isEmpty() && Protetta([this] { (void)Componi(true); }))
+            ConsegnaFattura(Nota.cmbTipoStampa);
+    }
+    InvioMsgPV2();
+}
+
+void frmParcelle::cmdProgFatt_Click()
+{
+    if (DialogoAperto || !ConcludiCampo() || !NumeraFattura(Nota))
+        return;
+    SetModificata(true);
+    Mostra();
+    {
+        const ClessidraAccesa Occupato;
+        Ricomponi();
+    }
+    InDialogo(AggiornaProgFatt);
 }
 
 void frmParcelle::MostraPagina(int Pagina)

@@ -139,7 +139,7 @@ bool frmParcelle::SalvaParcella(bool ComeModello)
             DiSalvata(*Scritta);
             SetModificata(false);
             Mostra();
-            Ricomponi();
+            DopoSalvataggio();
             return true;
         } catch (const Errore& Guasto) {
             MsgErrore(u"Codice errore: %1\n%2"_s.arg(Guasto.Numero).arg(Guasto.Descrizione));
