@@ -90,6 +90,8 @@ void frmParcelle::AnnullaTaglio(Griglia* Grid, TabellaRighe& Tabella)
 
 void frmParcelle::SpostaVoci(Griglia* Grid, TabellaRighe& Tabella, int Destinazione)
 {
+    if (!BaseValida)
+        return;
     if (const auto Spostata = ::SpostaVoci(Copiate, Tabella, Grid->Selezione(), Destinazione)) {
         Grid->AzzeraSelezione();
         RigheMutate(Grid, *Spostata);
