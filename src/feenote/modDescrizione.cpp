@@ -372,7 +372,7 @@ Parcella CreaDaDescrizione(const QByteArray& Json)
     LeggiStampa(Nota, Dati);
     const QString Psw = Dati.Testo(u"password"_s, 255);
     if (!Psw.isEmpty())
-        Nota.Psw = PswDaSalvare.toString() + Psw.left(MassimoPsw);
+        Nota.Psw = PswDaSalvare.toString() + TagliaPsw(Psw);
     Dati.Finisci();
     return Nota;
 }
