@@ -1,11 +1,14 @@
 // The clauses that stand beside the program: what they must say, and that every reader of them can.
+#include "supporto/pagine.h"
 #include "supporto/prova.h"
 
+#include "campioni.h"
 #include "platform/lettorertf.h"
 #include "platform/percorsi.h"
 #include "print/modStampe.h"
 
 #include <QRegularExpression>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -54,6 +57,8 @@ private Q_SLOTS:
     void secondoIlCliente();
     void firmeConCioCheSiFirma_data();
     void firmeConCioCheSiFirma();
+    void leInterruzioniDiPagina_data();
+    void leInterruzioniDiPagina();
 };
 PROVA(TestClausole);
 
@@ -176,6 +181,44 @@ void TestClausole::firmeConCioCheSiFirma()
     }
     QVERIFY(Firme >= 3);
     QVERIFY(!Letti.back().ConSeguente);
+}
+
+void TestClausole::leInterruzioniDiPagina_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<int>("ContrTipo");
+    QTest::newRow("contract of a person") << int(StampaContratto) << 0;
+    QTest::newRow("contract of a company") << int(StampaContratto) << 1;
+    QTest::newRow("statement of a person") << int(StampaInformativa) << 0;
+    QTest::newRow("statement of a company") << int(StampaInformativa) << 1;
+}
+
+/// Wherever the clauses begin, no page ends with a title and none begins with a signature.
+void TestClausole::leInterruzioniDiPagina()
+{
+    QFETCH(int, Tipo);
+    QFETCH(int, ContrTipo);
+    const auto Rimetti = qScopeGuard([] { AzzeraSessione(); });
+    campioni::ImpostaStudio();
+    sessione::PercorsoProg = QStringLiteral(CARTELLA_SORGENTE "/programma/");
+    Parcella Nota = campioni::Civile();
+    Nota.optContrTipo = ContrTipo;
+    const QRegularExpression Titolo(u"^(I+|IV) - |^Art\\. (11 - L'avvocato|13 - Il cliente)$"_s);
+    int Interruzioni = 0;
+    for (int Righe = 0; Righe < 50; ++Righe) {
+        Nota.txtDatiStaOgg.Testo += u"una riga di oggetto che prende il posto di un'altra nella pagina, "
+                                    u"e così tutte le interruzioni scendono di poco alla volta; "_s;
+        Superficie vp;
+        QVERIFY(Anteprima(vp, Nota, Tipo));
+        const Impaginazione Fatta(vp.Contenuto());
+        for (int Pagina = 2; Pagina <= Fatta.NumeroPagine(); ++Pagina, ++Interruzioni) {
+            const QString Sopra = pagine::TestoDi(Fatta, Fatta.Righe(Pagina - 1).back()).trimmed();
+            const QString Sotto = pagine::TestoDi(Fatta, Fatta.Righe(Pagina).front()).trimmed();
+            QVERIFY2(!Titolo.match(Sopra).hasMatch(), qPrintable(Sopra));
+            QVERIFY2(!Sotto.endsWith(u"____"_s) || Sotto.startsWith(u"Luogo e data"_s), qPrintable(Sotto));
+        }
+    }
+    QVERIFY(Interruzioni >= 50);
 }
 
 #include "TestClausole.moc"
