@@ -224,8 +224,10 @@ void frmParcelle::CollegaSegniStampa()
     Tipi->setObjectName(u"optContrTipo"_s);
     Tipi->addButton(uiStampa->optContrTipo_0, 0);
     Tipi->addButton(uiStampa->optContrTipo_1, 1);
-    ::Collega(Tipi, &QButtonGroup::idClicked, this,
-              [this](int Tipo) { ApplicaStampa([&] { CambiaContrTipo(Nota, Tipo); }); });
+    ::Collega(Tipi, &QButtonGroup::idClicked, this, [this](int Tipo) {
+        if (Tipo != Nota.optContrTipo)
+            ApplicaStampa([&] { CambiaContrTipo(Nota, Tipo); });
+    });
 }
 
 void frmParcelle::CollegaAnteprima()
