@@ -117,6 +117,9 @@ void frmParcelle::CollegaCornice()
 {
     ui->pctLock->setPixmap(aspetto::Icona(u"lucchetto"_s).pixmap(16, 16));
     ui->pctSave->setIcon(aspetto::Icona(u"dischetto"_s));
+    QSizePolicy PostoFisso = ui->pctSave->sizePolicy();
+    PostoFisso.setRetainSizeWhenHidden(true);  // what is below it does not jump at the first change
+    ui->pctSave->setSizePolicy(PostoFisso);
     QFont Grande = ui->lblDatiBase->font();
     Grande.setBold(true);
     ui->lblDatiBase->setFont(Grande);

@@ -51,6 +51,8 @@ private Q_SLOTS:
     void senzaDocumento();
     void ogniDocumentoHaIlSuoPannello_data();
     void ogniDocumentoHaIlSuoPannello();
+    void iPannelliNonSiAllargano();
+    void segnarlaNonSpostaNulla();
     void ilClicCompone();
     void ilFuocoVaAllaPagina();
     void numeroEDataAllUscita();
@@ -195,6 +197,32 @@ void TestSchedaStampa::ogniDocumentoHaIlSuoPannello()
     Trovati.sort();
     Visti.sort();
     QCOMPARE(Trovati, Visti);
+}
+
+void TestSchedaStampa::iPannelliNonSiAllargano()
+{
+    F->resize(1366, 900);
+    for (int Tipo = StampaPrenotula; Tipo <= StampaSoloContabile; ++Tipo) {
+        Documento(Tipo);
+        Respiro();
+        for (const char* Nome : {"fraDatiPar", "fraParti"}) {
+            const auto* Riquadro = PaginaIn(F)->findChild<QGroupBox*>(QString::fromLatin1(Nome));
+            if (Riquadro->isVisible())
+                QCOMPARE(Riquadro->height(), Riquadro->sizeHint().height());
+        }
+    }
+}
+
+void TestSchedaStampa::segnarlaNonSpostaNulla()
+{
+    Documento(StampaPrenotula);
+    F->SetModificata(false);
+    Respiro();
+    const QPoint Prima = vp->mapTo(F, QPoint());
+    F->SetModificata(true);
+    Respiro();
+    QVERIFY(Controllo(F, "pctSave")->isVisible());
+    QCOMPARE(vp->mapTo(F, QPoint()), Prima);
 }
 
 void TestSchedaStampa::ilClicCompone()
