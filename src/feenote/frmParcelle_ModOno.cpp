@@ -13,11 +13,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// As wide as the longest of its rows, the amounts of a large note included.
-int LarghezzaPannello(const QWidget* Pannello)
+/// As wide as the longest of its rows with the amounts of a large note; wider for larger ones, since an
+/// amount that is cut would be another.
+int LarghezzaPannello(const Ui::SchedaOnorari& Scheda, const PannelloModOno& Pannello)
 {
     constexpr int Cornici = 48;
-    return Pannello->fontMetrics().horizontalAdvance(u"MASSIMI  (Tot.: 999.999.999,99)"_s) + Cornici;
+    const QFontMetrics Misure = Scheda.tdbFasceOno->fontMetrics();
+    int Larghezza = Misure.horizontalAdvance(u"MASSIMI  (Tot.: 999.999.999,99)"_s);
+    for (const QString& Riga : Pannello.RigheFasce)
+        Larghezza = std::max(Larghezza, Misure.horizontalAdvance(Riga));
+    const int Importo = Scheda.lblImp->sizeHint().width() + Scheda.lblImpOno->sizeHint().width();
+    return std::max(Larghezza, Importo) + Cornici;
 }
 
 /// The three rows, all in sight, none cut.
@@ -45,7 +51,6 @@ void MostraFasce(QListWidget* Elenco, const PannelloModOno& Pannello)
 
 void frmParcelle::CollegaModOno()
 {
-    uiOnorari->pctInsModOno->setFixedWidth(LarghezzaPannello(this));
     CreaFasce(uiOnorari->tdbFasceOno);
     auto* Variaz = uiOnorari->barListaOnoDir->findChild<QAction*>(u"variaz"_s);
     Variaz->setCheckable(true);
@@ -106,6 +111,7 @@ void frmParcelle::MostraModOno()
     Scheda.lblOnoDesc->setText(ModOno.OnoDesc);
     Scheda.lblImp->setText(ModOno.Imp);
     Scheda.lblImpOno->setText(ModOno.ImpOno);
+    Scheda.pctInsModOno->setFixedWidth(LarghezzaPannello(Scheda, ModOno));
     (ModOno.Tutti ? Scheda.optModAll_1 : Scheda.optModAll_0)->setChecked(true);
     MostraFasce(Scheda.tdbFasceOno, ModOno);
     const QSignalBlocker Zitto(Scheda.sldGraduaOno);

@@ -42,6 +42,7 @@ private Q_SLOTS:
     void unAltraNotaLoChiude();
     void titoloConSegni();
     void nonCopreLeRighe();
+    void gliImportiGrandiSiVedonoInteri();
 
 private:
     [[nodiscard]] QWidget* Pannello() const { return Controllo(F, "pctInsModOno"); }
@@ -509,6 +510,26 @@ void TestModOno::nonCopreLeRighe()
         const QWidget* Altro = Controllo(F, Nome);
         QVERIFY(!Suo.intersects(QRect(Altro->mapTo(F, QPoint()), Altro->size())));
     }
+}
+
+void TestModOno::gliImportiGrandiSiVedonoInteri()
+{
+    Apri(0);
+    const int Solita = Pannello()->width();
+    Clic(Controllo(F, "cmdAnnModOno"));
+    Riga(999999999999, 999999999999, 999999999999, 999999999999, 3);
+    F->Mostra();
+    Apri(0);
+    QCOMPARE(Pannello()->width(), Solita);
+    Clic(Controllo(F, "optModAll_1"));
+    for (int i = 0; i < 5; ++i)
+        Respiro();
+    const auto* Totale = Controllo<QLabel>(F, "lblImpOno");
+    QCOMPARE(Totale->text(), u"1.000.000.000.989,00"_s);
+    QVERIFY(Totale->width() >= Totale->sizeHint().width());
+    for (int Quale = 0; Quale < NumFasce; ++Quale)
+        QVERIFY(Fasce()->fontMetrics().horizontalAdvance(Fasce()->item(Quale)->text()) <
+                Fasce()->viewport()->width());
 }
 
 #include "TestModOno.moc"
