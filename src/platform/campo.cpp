@@ -75,6 +75,9 @@ public:
     {
         if (Evento->type() != QEvent::FocusOut || !LasciaDavvero(*static_cast<QFocusEvent*>(Evento)))
             return QObject::eventFilter(Oggetto, Evento);
+        // A box that is being destroyed, a plain widget already, is not left: its form may be gone.
+        if (Oggetto->metaObject() == &QWidget::staticMetaObject)
+            return false;
         const QPointer<QWidget> Vivo = Box;
         (void)Esegui();
         return !Vivo;  // an event for a box that is gone stops here

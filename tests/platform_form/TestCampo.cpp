@@ -14,6 +14,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <memory>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -70,6 +72,7 @@ private Q_SLOTS:
     void unMessaggioNonRientra();
     void unErroreNonImprigiona();
     void ilModuloChiusoDallaRegola();
+    void ilModuloDistruttoNonSiLascia();
     void laSecondaRegolaSostituisce();
     void listaScrivibile();
     void testoLungo();
@@ -220,6 +223,18 @@ void TestCampo::unErroreNonImprigiona()
     InstallaUltimaRete(Precedente);
     QCOMPARE(Numero, 13);
     QVERIFY(M->B->hasFocus());
+}
+
+void TestCampo::ilModuloDistruttoNonSiLascia()
+{
+    Conto Lasciata;
+    auto Suo = std::make_unique<Modulo>();
+    AlLascia(Suo->A, Lasciata());
+    QVERIFY(MostraAttiva(*Suo));
+    Suo->A->setFocus();
+    Digita(u"a"_s);
+    Suo.reset();  // the focus goes with the box
+    QCOMPARE(Lasciata.Chiamate, 0);
 }
 
 void TestCampo::ilModuloChiusoDallaRegola()
