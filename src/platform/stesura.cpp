@@ -130,12 +130,21 @@ double Tabulazione(const QString& Testo, const FontMisurato& Font, const Posizio
     return Voluta * Provata / std::max(Prova.lineAt(0).cursorToX(1), 1.0);
 }
 
+/// An amount and its sign of currency stand on one line. The text stream keeps its plain blank.
+QString ConValutaUnita(QString Testo)
+{
+    for (qsizetype Segno = Testo.indexOf(u'€'); Segno >= 0; Segno = Testo.indexOf(u'€', Segno + 1))
+        if (Segno > 1 && Testo[Segno - 1] == u' ' && Testo[Segno - 2].isDigit())
+            Testo[Segno - 1] = QChar::Nbsp;
+    return Testo;
+}
+
 /// @param Formati of runs in other fonts
 std::unique_ptr<QTextLayout> Disponi(const QString& Testo, const FontMisurato& Font, Allineamento Come,
                                      const Posizione& Dove,
                                      const QList<QTextLayout::FormatRange>& Formati = {})
 {
-    auto Nuovo = std::make_unique<QTextLayout>(Testo, Font.Font, DispositivoStampa());
+    auto Nuovo = std::make_unique<QTextLayout>(ConValutaUnita(Testo), Font.Font, DispositivoStampa());
     Nuovo->setTextOption(Opzioni(Come, Tabulazione(Testo, Font, Dove)));
     if (!Formati.isEmpty())
         Nuovo->setFormats(Formati);

@@ -56,7 +56,7 @@ struct Tratto
     Carattere Font;
 };
 
-/// Room around a row of text, which rich text asks for; none is negative but the first line's.
+/// Room around a row of text, as it was asked for; none is negative but the first line's.
 struct Rientri
 {
     double SinistroCm = 0.0;

@@ -68,6 +68,7 @@ private Q_SLOTS:
     void laListaPende_data();
     void laListaPende();
     void ilTabVaAlSegnoSeguente();
+    void lImportoTieneLaSuaValuta();
     void rientriCheNonLascianoPosto();
     void loSpazioSopraESotto();
     void laPaginaChiestaComincia();
@@ -328,6 +329,26 @@ void TestImpaginazione::laListaPende()
     QVERIFY2(Vicini(Fatta.Cursore(3).Mm.left(), 30.0),
              qPrintable(QString::number(Fatta.Cursore(3).Mm.left())));
     QVERIFY2(Righe[0].Lunghezza > 3, "il testo comincia accanto al suo numero, non sotto");
+}
+
+void TestImpaginazione::lImportoTieneLaSuaValuta()
+{
+    // Wherever the line ends, it does not end between the two.
+    Superficie vp;
+    PreparaPagina(vp);
+    for (int Prima = 90; Prima < 150; ++Prima)
+        vp.Paragraph(QString(Prima, u'i') + u" pari a 30.000,00 € e così via, fino alla riga seguente "_s +
+                     u"parola "_s.repeated(12));
+    const Impaginazione Fatta(Finito(vp));
+    QVERIFY2(Fatta.Testo().contains(u"30.000,00 € e"_s), "nel testo resta uno spazio come gli altri");
+    int Spezzate = 0;
+    for (int Pagina = 1; Pagina <= Fatta.NumeroPagine(); ++Pagina)
+        for (const RigaImpaginata& Riga : Fatta.Righe(Pagina)) {
+            const QString Scritta = Fatta.Testo().mid(Riga.Inizio, Riga.Lunghezza);
+            QVERIFY2(!Scritta.startsWith(u'€'), qPrintable(Scritta));
+            Spezzate += Scritta.startsWith(u"30.000,00 €"_s) ? 1 : 0;
+        }
+    QVERIFY2(Spezzate > 0, "qualche riga finiva proprio lì");
 }
 
 void TestImpaginazione::ilTabVaAlSegnoSeguente()
