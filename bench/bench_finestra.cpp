@@ -225,8 +225,37 @@ void ScegliUnaSiUnaNo(Griglia* Lista)
         Lista->Seleziona(Riga);
 }
 
-/// Half of the lines cut and, with Ctrl+Z, pasted back. @param Incolla which of the two is measured
-double TagliaEIncolla(bool Incolla)
+/// What is done with half of the lines of a long note.
+enum class Gesto { Taglia, Annulla, Incolla, Sposta };
+
+/// Milliseconds of a key on the lines with Ctrl, all that follows it included.
+double DurataTasto(const Griglia* Lista, Qt::Key Tasto)
+{
+    return DurataMs([&] {
+        QTest::keyClick(Lista->Vista(), Tasto, Qt::ControlModifier);
+        LasciaDipingere();
+    });
+}
+
+/// Half of the lines cut and put back: by undo, by a paste, or in one go by dragging them to the top.
+/// @return nothing when the lines are not all there afterwards
+double TagliaERimetti(Griglia* Lista, const TabellaRighe& Righe, Gesto Quale)
+{
+    ScegliUnaSiUnaNo(Lista);
+    if (Quale == Gesto::Sposta)
+        return DurataMs([&] {
+            Q_EMIT Lista->Trascinata(0);
+            LasciaDipingere();
+        });
+    const double Tagliate = DurataTasto(Lista, Qt::Key_X);
+    if (Righe.Righe() != RigheLunghe / 2)
+        return NonMisurabile;
+    const double Rimesse = DurataTasto(Lista, Quale == Gesto::Incolla ? Qt::Key_V : Qt::Key_Z);
+    return Quale == Gesto::Taglia ? Tagliate : Rimesse;
+}
+
+template <Gesto Quale>
+double SuMeta()
 {
     Messaggi SempreSi;
     SempreSi.Box = [](const QString&, int, const QString&) { return vbYes; };
@@ -234,32 +263,14 @@ double TagliaEIncolla(bool Incolla)
     frmParcelle* Finestra = ApriNota(RigheLunghe);
     Finestra->VaiAllaScheda(SchedaListaOnorari);
     auto* Lista = Finestra->findChild<Griglia*>(u"tdbOnor"_s);
-    const auto Premi = [&](Qt::Key Tasto) {
-        return DurataMs([&] {
-            QTest::keyClick(Lista->Vista(), Tasto, Qt::ControlModifier);
-            LasciaDipingere();
-        });
-    };
+    const TabellaRighe& Righe = Finestra->Nota.xOnorari;
     QList<double> Durate;
     for (int Giro = 0; Giro < 9; ++Giro) {
-        ScegliUnaSiUnaNo(Lista);
-        const double Tagliate = Premi(Qt::Key_X);
-        if (Finestra->Nota.xOnorari.Righe() != RigheLunghe / 2)
+        Durate.append(TagliaERimetti(Lista, Righe, Quale));
+        if (Righe.Righe() != RigheLunghe)
             return NonMisurabile;
-        const double Incollate = Premi(Qt::Key_Z);
-        Durate.append(Incolla ? Incollate : Tagliate);
     }
-    return Finestra->Nota.xOnorari.Righe() == RigheLunghe ? Mediana(std::move(Durate)) : NonMisurabile;
-}
-
-double Taglia()
-{
-    return TagliaEIncolla(false);
-}
-
-double Incolla()
-{
-    return TagliaEIncolla(true);
+    return Mediana(std::move(Durate));
 }
 
 /// All lines from the tariff, at the entry that follows a change of the parameters.
@@ -293,10 +304,16 @@ int Finestra(int& argc, char** argv)
     ImpostaVariabili();
     sessione::PercorsoProg = QStringLiteral(CARTELLA_PROGRAMMA "/");
     const QString Quale = QString::fromLatin1(argc > 2 ? argv[2] : "");
-    const std::pair<QStringView, double (*)()> Quali[] = {
-        {u"scheda", CambioScheda}, {u"inserisci", Inserisci}, {u"scrivi", Scrivi},
-        {u"somma", Somma},         {u"taglia", Taglia},       {u"incolla", Incolla},
-        {u"ricalcola", Ricalcola}, {u"memoria", Memoria}};
+    const std::pair<QStringView, double (*)()> Quali[] = {{u"scheda", CambioScheda},
+                                                          {u"inserisci", Inserisci},
+                                                          {u"scrivi", Scrivi},
+                                                          {u"somma", Somma},
+                                                          {u"taglia", SuMeta<Gesto::Taglia>},
+                                                          {u"incolla", SuMeta<Gesto::Incolla>},
+                                                          {u"annulla", SuMeta<Gesto::Annulla>},
+                                                          {u"sposta", SuMeta<Gesto::Sposta>},
+                                                          {u"ricalcola", Ricalcola},
+                                                          {u"memoria", Memoria}};
     for (const auto& [Nome, Misura] : Quali)
         if (Nome == Quale)
             Rispondi(QString::number(Misura(), 'g', 10));
@@ -320,6 +337,9 @@ const RegistraMisura RegistrataScrivi(u"10,000 lines: type an amount"_s, 100.0, 
 const RegistraMisura RegistrataTaglia(u"10,000 lines: cut half of them"_s, 200.0, NellaFinestra(u"taglia"_s));
 const RegistraMisura RegistrataIncolla(u"10,000 lines: paste half of them"_s, 200.0,
                                        NellaFinestra(u"incolla"_s));
+const RegistraMisura RegistrataAnnulla(u"10,000 lines: undo that cut"_s, 200.0, NellaFinestra(u"annulla"_s));
+const RegistraMisura RegistrataSposta(u"10,000 lines: drag half of them"_s, 200.0,
+                                      NellaFinestra(u"sposta"_s));
 const RegistraMisura RegistrataRicalcola(u"10,000 lines: recompute all"_s, 200.0,
                                          NellaFinestra(u"ricalcola"_s));
 const RegistraMisura RegistrataSomma(u"10,000 lines: sums"_s, 100.0, NellaFinestra(u"somma"_s));
