@@ -82,6 +82,9 @@ struct Apritori
     std::function<void()> Documenti;
     std::function<void()> Informazioni;  ///< the about box
     std::function<void(const QString& Pagina, const QString& Titolo)> PaginaWeb;
+    /// Another page in place of the one on view under this title. Where none is, nothing opens; the window
+    /// neither comes to the front nor takes the focus.
+    std::function<void(const QString& Pagina, const QString& Titolo)> PaginaSegue;
     std::function<void(const PaginaAvviso& Avviso)> Avviso;
     std::function<void()> CercaAggiornamenti;  ///< the search for updates at the start
     std::function<void()> OffriRecupero;       ///< the notes that a killed program left unsaved
@@ -96,6 +99,3 @@ void EseguiComando(const QString& Comando, int Indice, const QString& Par);
 
 /// The words in the order of the table; serves tests.
 [[nodiscard]] std::vector<QString> ParoleComando();
-    /// Another page in place of the one on view under this title. Where none is, nothing opens; the window
-    /// neither comes to the front nor takes the focus.
-    std::function<void(const QString& Pagina, const QString& Titolo)> PaginaSegue;

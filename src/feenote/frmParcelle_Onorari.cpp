@@ -167,11 +167,11 @@ void frmParcelle::EntraScheda1()
     });
     SetModificata(Nota.Modificata);  // a recalculation marks the record too
     uiOnorari->tdbListaOno->Lega(Voci.datOno);
+    // The row's number may be the same as before, and the item another.
+    SeguiNota(uiOnorari->tdbListaOno->RigaCorrente().value_or(-1));
     uiOnorari->lblAumRidOno->setText(TestoAumRidOno(Nota));
     uiOnorari->lblAumRidOno->setToolTip(SuggerimentoAumRidOno(Nota));
 }
-    // The row's number may be the same as before, and the item another.
-    SeguiNota(uiOnorari->tdbListaOno->RigaCorrente().value_or(-1));
 
 void frmParcelle::tdbListaOno_DblClick(int Riga)
 {
