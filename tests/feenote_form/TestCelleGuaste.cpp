@@ -164,8 +164,8 @@ void TestCelleGuaste::rifiutata()
     F->SetModificata(false);
     T->Voce.Attendi(Messaggio, vbOK, u"Errore:"_s);
     IncollaInCella(Testo);
-    QCOMPARE(T->Voce.Mostrati().last().Bandiere, vbCritical);
     QVERIFY(Righe->InModifica());
+    QCOMPARE(T->Voce.Mostrati().last().Bandiere, vbCritical);
     QCOMPARE(QApplication::focusWidget(), LaCella(Righe));
     QCOMPARE(Cella(Dove), Prima);
     QCOMPARE(CalcolaSomme(F->Nota), SommePrima);

@@ -23,6 +23,9 @@ private Q_SLOTS:
     void cleanup();
     void laRigaNuovaEInEuro();
     void leVuoteDiventanoZero();
+    void laVuotaSiRileggeZero();
+    void leColonneTengonoLaLarghezza();
+    void ilRiepilogoNonContaLeImposte();
     void valutaDigitata_data();
     void valutaDigitata();
     void valutaAlClic();
@@ -95,6 +98,42 @@ void TestSchedaAcconti::leVuoteDiventanoZero()
         QCOMPARE(F->Nota.xAcconti(0, Colonna).toDouble(), 0.0);
     }
     QVERIFY2(F->Nota.xAcconti.Righe() == 1, "la riga di zeri resta");
+}
+
+void TestSchedaAcconti::laVuotaSiRileggeZero()
+{
+    ScriviCella(Righe, 0, AccDescr, u"Fondo spese"_s);
+    const QString File = T->Ufficio.File(u"acconti.mdb"_s);
+    T->Voce.AttendiSalva(File);
+    T->Voce.Tollera();
+    QVERIFY(F->SalvaParcella(false));
+    F->Carica(File);
+    QCOMPARE(F->Nota.xAcconti.Righe(), 1);
+    for (const int Colonna : {AccCorrispettivi, AccSpeseImp, AccSpeseEsenti})
+        QCOMPARE(CStr(F->Nota.xAcconti(0, Colonna)), u"0"_s);
+}
+
+void TestSchedaAcconti::leColonneTengonoLaLarghezza()
+{
+    Righe->Vista()->setColumnWidth(AccCorrispettivi, 151);
+    F->SetModificata(false);
+    QVERIFY(ChiudiParcella(1));
+    AzzeraFinestre();
+    F = T->Apri();
+    QVERIFY(F);
+    QCOMPARE(Controllo<Griglia>(F, "tdbAcconti")->Vista()->columnWidth(AccCorrispettivi), 151);
+}
+
+void TestSchedaAcconti::ilRiepilogoNonContaLeImposte()
+{
+    RigaOnorario(F->Nota, u"Studio"_s, 1000);
+    F->Mostra();
+    Clic(Controllo(F, "chkSpeseGen"));
+    Clic(Controllo(F, "chkRA"));
+    QVERIFY(F->Nota.chkIva.Attiva && F->Nota.chkCP.Attiva && F->Nota.chkSpeseGen.Attiva &&
+            F->Nota.chkRA.Attiva);
+    Acconto(u"Fondo"_s, u"300"_s);
+    QCOMPARE(Controllo<QLabel>(F, "lblTotal")->text(), u"Totale: 1.000,00"_s);
 }
 
 void TestSchedaAcconti::valutaDigitata_data()
