@@ -119,6 +119,9 @@ int PaginaDelSet(int Set)
 QString TestoPulito(QString Testo)
 {
     Testo.removeIf(Estraneo);
+    // Nearly every text ends here, without a copy of it.
+    if (std::none_of(Testo.cbegin(), Testo.cend(), [](QChar C) { return C.isSurrogate(); }))
+        return Testo;
     for (qsizetype i = 0; i < Testo.size(); ++i) {
         if (!Testo[i].isSurrogate())
             continue;
