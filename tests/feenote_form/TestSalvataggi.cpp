@@ -5,6 +5,7 @@
 
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QTimer>
 
 #include <filesystem>
@@ -118,13 +119,16 @@ void TestSalvataggi::lEstensioneSiAggiunge()
 
 void TestSalvataggi::nomeSenzaCartella()
 {
+    const QString Qui = QDir::currentPath();
+    const QString Altrove = NuovaCartella();
+    QDir::setCurrent(Altrove);
+    const auto Torna = qScopeGuard([&] { QDir::setCurrent(Qui); });
     Tocca(F);
     T->Voce.AttendiSalva(u"Rossi"_s);
     T->Voce.Attendi(Salvata(u"Rossi.mdb"_s));
     EseguiComando(u"save"_s, 1, {});
     QCOMPARE(F->Nota.Percorso, sessione::ParcellePath + u"Rossi.mdb"_s);
     QVERIFY(QFile::exists(sessione::ParcellePath + u"Rossi.mdb"_s));
-    QVERIFY(!QFile::exists(QDir::current().filePath(u"Rossi.mdb"_s)));
     // From a note that has a file the folder is that file's.
     Tocca(F, u"Verdi"_s);
     QDir().mkpath(T->Ufficio.File(u"altre/"_s));
@@ -134,6 +138,7 @@ void TestSalvataggi::nomeSenzaCartella()
     T->Voce.Attendi(Salvata(u"Bianchi.mdb"_s));
     EseguiComando(u"save"_s, 1, {});
     QCOMPARE(F->Nota.Percorso, T->Ufficio.File(u"altre/Bianchi.mdb"_s));
+    QCOMPARE(QDir(Altrove).entryList(QDir::Files), QStringList());
 }
 
 void TestSalvataggi::conLaPratica_data()
