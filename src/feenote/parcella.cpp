@@ -8,6 +8,8 @@
 #include "feenote/modVariazione.h"
 #include "platform/messaggi.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 int Parcella::IDAutSelezionata() const
@@ -61,6 +63,9 @@ QString TestoValore(const Parcella& Nota)
 
 namespace {
 
+/// From here on the request's value is the exact one in euro, below it the index of a bracket.
+constexpr double ValoreEsattoRichiesta = 100.0;
+
 /// The linked parties of the request: a client that is gone is told, a counterparty stays nameless.
 void ApplicaParti(Parcella& Nota, const Richiesta& Dati)
 {
@@ -79,11 +84,28 @@ void ApplicaParti(Parcella& Nota, const Richiesta& Dati)
     }
 }
 
+/// An index that the list lacks; -1 asks for nothing. A list without entries has no wrong index: its category
+/// offers no choice, or it could not be read and that was told.
+bool FuoriElenco(int Indice, qsizetype Voci)
+{
+    return Voci > 0 && (Indice < NessunaVoce || Indice >= Voci);
+}
+
+/// True when the request asks for an entry that its list lacks.
+bool ChiedeOltreGliElenchi(const Parcella& Nota, const Richiesta& Dati)
+{
+    if (FuoriElenco(Dati.Categoria, VociCategoria().size()) ||
+        FuoriElenco(Dati.Autorita, Nota.ListaAutorita.size()))
+        return true;
+    return Nota.CodCateg != Penale && Dati.Valore < ValoreEsattoRichiesta &&
+           FuoriElenco(int(std::max(Dati.Valore, double(NessunaVoce - 1))), Nota.ListaScaglioni.size());
+}
+
 void ApplicaRichiesta(Parcella& Nota, const Richiesta& Dati)
 {
     ApplicaParti(Nota, Dati);
     SelezionaInSilenzio(Nota, Dati.Categoria, Dati.Autorita, NessunaVoce);
-    if (Dati.Valore >= 100) {
+    if (Dati.Valore >= ValoreEsattoRichiesta) {
         // As if the value had been typed: where the category has brackets, it finds its own.
         ImpostaValoreInSilenzio(Nota, Dati.Valore);
         if (Nota.CodCateg != Penale)
@@ -91,6 +113,8 @@ void ApplicaRichiesta(Parcella& Nota, const Richiesta& Dati)
     } else if (Nota.CodCateg != Penale && Dati.Valore >= 0) {
         SelezionaScaglioneInSilenzio(Nota, int(Dati.Valore));
     }
+    if (ChiedeOltreGliElenchi(Nota, Dati))
+        GestioneErrori(Errore(9));  // what is missing stays unselected, the rest of the request holds
     Nota.NsRif = Dati.ID;
     Nota.Scelta = Dati.Scelta;
 }

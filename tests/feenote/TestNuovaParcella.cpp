@@ -7,6 +7,8 @@ namespace {
 
 const QString ClienteAssente = u"Il cliente associato alla parcella non è stato trovato!"_s;
 
+const QString IndiceFuori = u"Errore: Indice fuori dai limiti (9)"_s;
+
 Richiesta Chiedi(int Categoria, int Autorita, double Valore)
 {
     Richiesta Dati;
@@ -29,6 +31,7 @@ private Q_SLOTS:
     void richiestaSoloConRiferimento();
     void valoreDellaRichiesta_data();
     void valoreDellaRichiesta();
+    void indiciFuoriLista_data();
     void indiciFuoriLista();
     void parti();
     void partiAssenti();
@@ -142,24 +145,31 @@ void TestNuovaParcella::valoreDellaRichiesta_data()
     QTest::addColumn<QString>("Importo");
     QTest::addColumn<int>("Indice");
     QTest::addColumn<int>("Scaglione");
-    QTest::newRow("indice di scaglione") << 0 << 2.0 << QString() << 2 << 3;
-    QTest::newRow("indice zero") << 0 << 0.0 << QString() << 0 << 1;
-    QTest::newRow("valore indeterminato") << 0 << 7.0 << QString() << 7 << 8;
-    QTest::newRow("indice inesistente") << 0 << 99.0 << QString() << -1 << 0;
-    QTest::newRow("cento e' gia' un valore") << 0 << 100.0 << u"100,00"_s << 0 << 1;
-    QTest::newRow("stragiudiziale") << 2 << 30000.0 << u"30.000,00"_s << 2 << 3;
-    QTest::newRow("penale: fa da scaglione l'autorita") << 1 << 2.0 << QString() << -1 << IDMonocratico;
-    QTest::newRow("negativo") << 0 << -1.0 << QString() << -1 << 0;
+    QTest::addColumn<bool>("Segnalato");
+    QTest::newRow("indice di scaglione") << 0 << 2.0 << QString() << 2 << 3 << false;
+    QTest::newRow("indice zero") << 0 << 0.0 << QString() << 0 << 1 << false;
+    QTest::newRow("valore indeterminato") << 0 << 7.0 << QString() << 7 << 8 << false;
+    QTest::newRow("indice inesistente") << 0 << 99.0 << QString() << -1 << 0 << true;
+    QTest::newRow("cento e' gia' un valore") << 0 << 100.0 << u"100,00"_s << 0 << 1 << false;
+    QTest::newRow("stragiudiziale") << 2 << 30000.0 << u"30.000,00"_s << 2 << 3 << false;
+    QTest::newRow("penale: fa da scaglione l'autorita")
+        << 1 << 2.0 << QString() << -1 << IDMonocratico << false;
+    QTest::newRow("sotto il nulla") << 0 << -2.0 << QString() << -1 << 0 << true;
+    QTest::newRow("ben sotto il nulla") << 0 << -1e300 << QString() << -1 << 0 << true;
+    QTest::newRow("negativo") << 0 << -1.0 << QString() << -1 << 0 << false;
 }
 
 void TestNuovaParcella::valoreDellaRichiesta()
 {
     QFETCH(int, Categoria);
     QFETCH(double, Valore);
+    QFETCH(bool, Segnalato);
     const Studio Ufficio;
     Registratore Messaggi;
     sessione::RichiestaPV2 = Chiedi(Categoria, 2, Valore);
     Parcella Nota;
+    if (Segnalato)
+        Messaggi.Attendi(IndiceFuori, vbOK, u"Errore:"_s);
     NuovaParcella(Nota, u"2024/7"_s);
     QTEST(Nota.txtImporto.Testo, "Importo");
     QTEST(Nota.cmbValore, "Indice");
@@ -168,17 +178,36 @@ void TestNuovaParcella::valoreDellaRichiesta()
     QCOMPARE(Nota.IdxValorePrec, Nota.cmbValore);
 }
 
+void TestNuovaParcella::indiciFuoriLista_data()
+{
+    QTest::addColumn<int>("Categoria");
+    QTest::addColumn<int>("Autorita");
+    QTest::addColumn<bool>("Segnalato");
+    QTest::newRow("entrambi") << 3 << 99 << true;
+    QTest::newRow("categoria") << 3 << NessunaVoce << true;
+    QTest::newRow("autorita") << NessunaVoce << 99 << true;
+    QTest::newRow("sotto il nulla") << -2 << NessunaVoce << true;
+    QTest::newRow("nulla di scelto") << NessunaVoce << NessunaVoce << false;
+}
+
 void TestNuovaParcella::indiciFuoriLista()
 {
+    QFETCH(int, Categoria);
+    QFETCH(int, Autorita);
+    QFETCH(bool, Segnalato);
     const Studio Ufficio;
     Registratore Messaggi;
-    sessione::RichiestaPV2 = Chiedi(3, 99, 0);
+    sessione::RichiestaPV2 = Chiedi(Categoria, Autorita, 30000);
     Parcella Nota;
+    if (Segnalato)
+        Messaggi.Attendi(IndiceFuori, vbOK, u"Errore:"_s);  // once, and the rest of the request holds
     NuovaParcella(Nota, u"2024/7"_s);
     QCOMPARE(Nota.cmbCateg, NessunaVoce);
     QCOMPARE(Nota.CodCateg, u"CIV"_s);
     QCOMPARE(Nota.cmbAutor, NessunaVoce);
     QCOMPARE(Nota.IdxAutorPrec, NessunaVoce);
+    QCOMPARE(Nota.txtImporto.Testo, u"30.000,00"_s);
+    QCOMPARE(Nota.NsRif, u"2024/7"_s);
 }
 
 void TestNuovaParcella::parti()
