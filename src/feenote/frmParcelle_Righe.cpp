@@ -90,7 +90,8 @@ void frmParcelle::AnnullaTaglio(Griglia* Grid, TabellaRighe& Tabella)
 
 void frmParcelle::SpostaVoci(Griglia* Grid, TabellaRighe& Tabella, int Destinazione)
 {
-    if (!BaseValida)
+    // A cell opened by a key during the drag goes into its row while that stands there.
+    if (!BaseValida || !Grid->Concludi())
         return;
     if (const auto Spostata = ::SpostaVoci(Copiate, Tabella, Grid->Selezione(), Destinazione)) {
         Grid->AzzeraSelezione();

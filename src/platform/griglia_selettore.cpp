@@ -1,6 +1,7 @@
 #include "platform/griglia_selettore.h"
 
 #include "platform/aspetto.h"
+#include "platform/griglia_cella.h"
 #include "platform/griglia_modello.h"
 #include "platform/griglia_vista.h"
 
@@ -142,6 +143,9 @@ int SelettoreRighe::RigaVera(int Y) const
 void SelettoreRighe::mousePressEvent(QMouseEvent* Evento)
 {
     Premuta = -1;
+    // On the row of the open cell, or on none, nothing moves that would commit it.
+    if (!Vista->Cella()->Concludi())
+        return;
     const int Riga = RigaVera(qRound(Evento->position().y()));
     if (Riga < 0 || !Vista->VaiARiga(Riga))
         return;

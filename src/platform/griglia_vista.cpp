@@ -250,6 +250,11 @@ bool VistaGriglia::event(QEvent* Evento)
 
 void VistaGriglia::keyPressEvent(QKeyEvent* Evento)
 {
+    // A press on a column's title has taken the focus from the cell and left it open.
+    if (hasFocus() && !Aperta->Concludi()) {
+        Evento->accept();
+        return;
+    }
     const QModelIndex Dove = currentIndex();
     if (TastoComando(*Evento)) {
         Evento->accept();

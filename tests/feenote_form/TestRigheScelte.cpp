@@ -37,6 +37,8 @@ private Q_SLOTS:
     void annullaSenzaTaglio();
     void canc();
     void cancSenzaScelta();
+    void cancConLaCellaAperta_data();
+    void cancConLaCellaAperta();
     void onorariFraLeSpese();
     void lontanoDagliOnorariGliAppuntiRestano();
     void unAltraNotaNonEreditaGliAppunti();
@@ -45,6 +47,8 @@ private Q_SLOTS:
     void trascinaNo();
     void trascinaFuoriDalleRighe();
     void trascinaSenzaScelta();
+    void trascinaConLaCellaAperta();
+    void trascinaConLaCellaRifiutata();
     void trascinaSoloCoiParametriInOrdine();
     void laGuidaDellaScheda();
     void laRigaSceltaHaIlSuoColore();
@@ -303,6 +307,36 @@ void TestRigheScelte::cancSenzaScelta()
     QCOMPARE(Nomi(), u"abcde"_s);
 }
 
+void TestRigheScelte::cancConLaCellaAperta_data()
+{
+    QTest::addColumn<bool>("SulTitolo");
+    QTest::newRow("premendo il selettore della sua riga") << false;
+    QTest::newRow("premendo il titolo di una colonna") << true;
+}
+
+void TestRigheScelte::cancConLaCellaAperta()
+{
+    QFETCH(bool, SulTitolo);
+    Righe->setFocus();
+    Righe->ImpostaRigaCorrente(0, OnoDescr);
+    Premi(Qt::Key_Space, Qt::ShiftModifier);
+    Digita(u"z"_s);
+    QVERIFY(Righe->InModifica());
+    if (SulTitolo) {
+        const QHeaderView* Testata = Righe->Vista()->horizontalHeader();
+        const QPoint Titolo(Testata->sectionViewportPosition(OnoDescr) + 30, 5);
+        QTest::mouseClick(Testata->viewport(), Qt::LeftButton, Qt::NoModifier, Titolo);
+    } else {
+        ClicSelettore(Righe, 0, Qt::ShiftModifier);
+    }
+    T->Voce.Attendi(TagliarneUna, vbYes, u"Domanda:"_s);
+    Premi(Qt::Key_Delete);
+    (void)Righe->Concludi();
+    QVERIFY2(Nomi() == u"bcde"_s, "la riga che prende il posto resta com'era");
+    Premi(Qt::Key_Z, Qt::ControlModifier);
+    QVERIFY2(Nomi() == u"zbcde"_s, "ciò che si è scritto è nella sua riga");
+}
+
 void TestRigheScelte::onorariFraLeSpese()
 {
     ClicSelettore(Righe, 1);
@@ -404,6 +438,41 @@ void TestRigheScelte::trascinaSenzaScelta()
     Trascina(Righe, 0, SulSelettore(Righe, 2), Qt::ControlModifier);  // the press lets the row go
     QCOMPARE(T->Voce.Mostrati().last().Bandiere, vbCritical);
     QCOMPARE(Nomi(), u"abcde"_s);
+}
+
+void TestRigheScelte::trascinaConLaCellaAperta()
+{
+    Righe->setFocus();
+    Righe->ImpostaRigaCorrente(0, OnoDescr);
+    Digita(u"z"_s);
+    QVERIFY(Righe->InModifica());
+    T->Voce.Attendi(u"Confermi lo spostamento della riga?"_s, vbYes, u"Domanda:"_s);
+    Trascina(Righe, 0, SulSelettore(Righe, 3));
+    QVERIFY2(Nomi() == u"bcdze"_s, "il testo va nella sua riga, non in quella che ne prende il posto");
+    QVERIFY(!Righe->InModifica());
+
+    // Typed while the button is down.
+    QTest::mousePress(Selettore(Righe), Qt::LeftButton, Qt::NoModifier, SulSelettore(Righe, 0));
+    Righe->setFocus();
+    Righe->ImpostaRigaCorrente(0, OnoDescr);
+    Digita(u"y"_s);
+    Muovi(Righe, SulSelettore(Righe, 2));
+    T->Voce.Attendi(u"Confermi lo spostamento della riga?"_s, vbYes, u"Domanda:"_s);
+    QTest::mouseRelease(Selettore(Righe), Qt::LeftButton, Qt::NoModifier, SulSelettore(Righe, 2));
+    QCOMPARE(Nomi(), u"cdyze"_s);
+}
+
+void TestRigheScelte::trascinaConLaCellaRifiutata()
+{
+    Righe->ImpostaRigaCorrente(0, OnoImporto);
+    Righe->setFocus();
+    Premi(Qt::Key_F2);
+    Incolla(LaCella(Righe), u"abc"_s);
+    T->Voce.Attendi(u"Immettere un valore numerico!"_s, vbOK, u"Errore:"_s);
+    Trascina(Righe, 0, SulSelettore(Righe, 3));
+    QCOMPARE(Nomi(), u"abcde"_s);
+    QVERIFY(Righe->InModifica());
+    Premi(Qt::Key_Escape);
 }
 
 void TestRigheScelte::trascinaSoloCoiParametriInOrdine()
