@@ -72,7 +72,6 @@ QString AntenatoEsistente(const QString& Cartella)
     return Antenato;
 }
 
-/// Whether somebody else keeps the file from being opened for writing alone.
 #ifndef Q_OS_WIN
 /// Office programs lock no file here: beside the one that they have open they put another, named after it,
 /// and take it away when they close it. One from before the machine was started was left by a crash.
@@ -88,6 +87,7 @@ bool ConSegnoDiApertura(const QString& Nativo)
 }
 #endif
 
+/// Whether somebody else keeps the file from being opened for writing alone.
 bool Bloccato(const QString& Nativo)
 {
 #ifdef Q_OS_WIN
