@@ -75,8 +75,8 @@ public:
     void Scarica();
     /// The mark, with what follows it: the pictogram, a recovery copy while it is set, the partner told.
     void SetModificata(bool Valore);
-    /// The answer of the address book: the word that it was asked with, and the row's values, the key first and
-    /// the name second.
+    /// The answer of the address book: the word that it was asked with, and the row's values, the key first
+    /// and the name second.
     void oRubrica_SelDone(const QString& Parent, const QVariantList& Valori);
     /// What the partner does when it is told: its sums may hold this note's.
     void SocioCambiato();
@@ -134,6 +134,7 @@ private:
 
     // ---- frmParcelle_DatiBase.cpp
     void CollegaDatiBase();
+    void CollegaVariazione();  ///< option, sign and percent
     void MostraDatiBase();
 
     // ---- frmParcelle_Onorari.cpp: catalogue, lines, their toolbar
@@ -177,6 +178,7 @@ private:
 
     // ---- frmParcelle_Acconti.cpp: payments, taxes, multiple note
     void CollegaAcconti();
+    void CollegaImposte();
     void MostraAcconti();
     void MostraImposte();
 

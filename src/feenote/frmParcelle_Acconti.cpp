@@ -121,7 +121,11 @@ void frmParcelle::CollegaAcconti()
         if (Nota.xAcconti.Righe() != Prima)
             SetModificata(true);
     });
+    CollegaImposte();
+}
 
+void frmParcelle::CollegaImposte()
+{
     for (const VoceImposta& Voce : VociImposte) {
         ::Collega((*uiAcconti).*Voce.Tick, &QCheckBox::clicked, this, [this, Voce](bool Attiva) {
             bool Avviso = false;

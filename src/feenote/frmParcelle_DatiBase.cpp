@@ -86,8 +86,6 @@ void frmParcelle::CollegaDatiBase()
 {
     uiBase->cmbCateg->addItems(VociCategoria());
     uiBase->cmbCateg->setCurrentIndex(NessunaVoce);
-    uiBase->cmbAumRid->addItems({u"+"_s, u"-"_s});
-    uiBase->cmbAumRid->setCurrentIndex(NessunaVoce);
     for (const CasellaTesto& Voce : CaselleTesto) {
         QLineEdit* Box = (*uiBase).*Voce.Box;
         ::Collega(Box, &QLineEdit::textEdited, this, [this, Voce](const QString& Testo) {
@@ -116,10 +114,16 @@ void frmParcelle::CollegaDatiBase()
             Applica([&] { LasciaImporto(Nota); });
         return true;
     });
+    CollegaVariazione();
+}
 
+void frmParcelle::CollegaVariazione()
+{
     QButtonGroup* Opzioni = RiunisciOpzioni(uiBase->fraAumenti->parentWidget());
     ::Collega(Opzioni, &QButtonGroup::idClicked, this,
               [this](int Scelta) { Applica([&] { ScegliAumRid(Nota, Scelta); }); });
+    uiBase->cmbAumRid->addItems({u"+"_s, u"-"_s});
+    uiBase->cmbAumRid->setCurrentIndex(NessunaVoce);
     ::Collega(uiBase->cmbAumRid, &QComboBox::activated, this, [this](int Scelta) {
         // With no percent yet the sign waits for one: leaving an empty box would take it away again.
         Applica([&] {
