@@ -1,6 +1,7 @@
 #include "platform/campo.h"
 
 #include "platform/collega.h"
+#include "platform/errore.h"
 #include "platform/messaggi.h"
 #include "platform/regionale.h"
 
@@ -215,12 +216,23 @@ void PreparaNumerico(QLineEdit* Campo, bool Percento)
     FiltraTasti(Campo, Percento ? u"1234567890,."_s : u","_s, Percento);
 }
 
+/// True for a number that can be held; one that lies beyond every number is none.
+bool Leggibile(const QString& Testo)
+{
+    try {
+        (void)CDbl(Testo);
+        return true;
+    } catch (const Errore&) {
+        return false;
+    }
+}
+
 /// A leave procedure that runs only on a number or on nothing; another text is told and refused.
 std::function<bool()> SoloNumeri(QLineEdit* Campo, std::function<bool()> Procedura)
 {
     return [Campo, Procedura = std::move(Procedura)] {
         const QString Testo = Campo->text().trimmed();
-        if (Testo.isEmpty() || IsNumeric(Testo))
+        if (Testo.isEmpty() || Leggibile(Testo))
             return !Procedura || Procedura();
         MsgBox(u"Immettere un valore numerico!"_s, vbCritical, TitoloErrore.toString());
         return false;

@@ -426,6 +426,7 @@ void TestCampo::numerico_data()
     QTest::newRow("punto al posto della virgola") << u"30000.50"_s << false;
     QTest::newRow("lettere") << u"abc"_s << false;
     QTest::newRow("solo segno") << u"-"_s << false;
+    QTest::newRow("oltre ogni numero") << u"1e400"_s << false;
 }
 
 void TestCampo::numerico()
