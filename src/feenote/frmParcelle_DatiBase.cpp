@@ -11,6 +11,7 @@
 
 #include <QButtonGroup>
 #include <QHelpEvent>
+#include <QRegularExpressionValidator>
 #include <QToolTip>
 
 using namespace Qt::StringLiterals;
@@ -132,7 +133,10 @@ void frmParcelle::CollegaVariazione()
                 LasciaAumRid(Nota);
         });
     });
+    // What is pasted is whole digits too: a sign of its own would turn the one of the list round.
     FiltraTasti(uiBase->txtAumRid, u"1234567890"_s);
+    uiBase->txtAumRid->setValidator(
+        new QRegularExpressionValidator(QRegularExpression(u"[0-9]*"_s), uiBase->txtAumRid));
     ::Collega(uiBase->txtAumRid, &QLineEdit::textEdited, this,
               [this](const QString& Testo) { Applica([&] { CambiaTestoAumRid(Nota, Testo); }); });
     // A limit that a refusal has put into the box is no edit of the user's, and yet comes into force.

@@ -57,6 +57,8 @@ private Q_SLOTS:
     void leScorciatoieNonSaltanoIlCampo();
     void variazioneOltreIlLimite();
     void ilLimiteRimessoVale();
+    void soloCifreAncheIncollando_data();
+    void soloCifreAncheIncollando();
     void leVariazioniComeNelDecreto();
     void leFrecceScorronoLeVariazioni();
     void ogniMnemonicoPortaAlSuoCampo();
@@ -436,6 +438,25 @@ void TestSchedaBase::ilLimiteRimessoVale()
     Premi(Qt::Key_Tab);  // the limit put back is left as it stands
     Respiro();
     QCOMPARE(F->Nota.AumRidVarP, 100);
+}
+
+void TestSchedaBase::soloCifreAncheIncollando_data()
+{
+    QTest::addColumn<QString>("Testo");
+    QTest::newRow("col segno") << u"-5"_s;
+    QTest::newRow("con la virgola") << u"1,5"_s;
+    QTest::newRow("parola") << u"abc"_s;
+}
+
+void TestSchedaBase::soloCifreAncheIncollando()
+{
+    QFETCH(QString, Testo);
+    auto* Box = Controllo<QLineEdit>(F, "txtAumRid");
+    Scrivi(Box, u"20"_s);
+    Incolla(Box, Testo);
+    QCOMPARE(Box->text(), u"20"_s);
+    Premi(Qt::Key_Tab);
+    QCOMPARE(F->Nota.AumRidVarP, 20);
 }
 
 void TestSchedaBase::leVariazioniComeNelDecreto()
