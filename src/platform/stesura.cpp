@@ -202,10 +202,11 @@ public:
         const std::size_t Primo = Fatta.Pezzi.size();
         StendiTabella(Fatta, Questa, Area, Font);
         Unisci(Primo);
+        Trattenuto = Questa.ConSeguente ? Fatta.Pezzi.size() : 0;
     }
 
 private:
-    /// What begins with this piece stands on the page of the paragraph above that asks for it.
+    /// What begins with this piece stands on the page of the block above that asks for it.
     void Unisci(std::size_t Primo)
     {
         if (Trattenuto > 0 && Trattenuto == Primo && Primo < Fatta.Pezzi.size())
@@ -240,7 +241,8 @@ private:
             Pezzo Uno;
             Uno.DiTesto = true;
             // Two lines at least stand together on either side of a break.
-            Uno.Misure = {Sue[i].Dove.height(), false, i > 0 && (i == 1 || i + 1 == Sue.size()), 0.0};
+            const bool Unita = i > 0 && (Questo.Intera || i == 1 || i + 1 == Sue.size());
+            Uno.Misure = {Sue[i].Dove.height(), false, Unita, 0.0};
             Uno.Righe.push_back(Sue[i]);
             const double Sopra = i == 0 ? Dove.Sopra : 0.0;
             Uno.Misure.Altezza += Sopra + (i + 1 == Sue.size() ? Dove.Sotto : 0.0);

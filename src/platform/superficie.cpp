@@ -424,6 +424,20 @@ void Superficie::SpaceAfter(double Punti)
         Riga->Spazi.SottoPunti = Punti;
 }
 
+void Superficie::KeepNext()
+{
+    if (Riga)
+        Riga->ConSeguente = true;
+    else if (!Doc.Blocchi.empty())
+        std::visit([](auto& Ultimo) { Ultimo.ConSeguente = true; }, Doc.Blocchi.back());
+}
+
+void Superficie::KeepTogether()
+{
+    if (Riga)
+        Riga->Intera = true;
+}
+
 void Superficie::FontName(const QString& Nome)
 {
     Font.Nome = Nome;

@@ -77,6 +77,7 @@ struct Paragrafo
     Rientri Spazi{};
     bool NuovaPagina = false;  ///< a page begins with it
     bool ConSeguente = false;  ///< no page ends with it
+    bool Intera = false;       ///< no page divides it
 
     [[nodiscard]] QString Testo() const;
 };
@@ -96,6 +97,7 @@ struct Tabella
     std::vector<double> LarghezzeCm;
     std::vector<std::vector<Cella>> Righe;  ///< a covered cell stays, empty
     int Bordo = 0;
+    bool ConSeguente = false;  ///< no page ends with its last row
 };
 
 using BloccoDocumento = std::variant<Paragrafo, Tabella>;
@@ -167,6 +169,10 @@ public:
     void TextAlign(Allineamento Valore);
     void SpaceBefore(double Punti);  ///< room above the row that begins next, and no other
     void SpaceAfter(double Punti);   ///< room below the row being written; nothing between two rows
+    /// What follows begins on the page where the row being written ends or, between two rows, what was
+    /// written last.
+    void KeepNext();
+    void KeepTogether();  ///< the row being written stands on one page; nothing between two rows
 
     // ---- page set-up; texts with a unit. @throws Errore 13
     void MarginTop(const QString& Misura);

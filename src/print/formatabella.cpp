@@ -120,7 +120,7 @@ std::vector<double> LarghezzeEntro(const Tabella& Questa, double MassimaCm)
 bool UnitaAllaSeguente(const Tabella& Questa, std::size_t Riga)
 {
     if (Riga + 1 >= Questa.Righe.size())
-        return false;
+        return Questa.ConSeguente;
     // Where nothing is repeated the table is a head or a summary, which is read in one piece.
     return RigheDiTitoli(Questa) == 0 || Riga < RigheDiTitoli(Questa) || RigaDiFiletti(Questa.Righe[Riga]) ||
            RigaDiFiletti(Questa.Righe[Riga + 1]);

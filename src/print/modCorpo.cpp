@@ -393,9 +393,15 @@ void StampaIban(Superficie& vp, const Parcella& Nota)
 void StampaFirma(Superficie& vp)
 {
     constexpr int BianchiPrima = 65;  // pushes the signature to the right half
-    RigaVuota(vp);
-    if (sessione::Firma.isEmpty())
+    if (sessione::Firma.isEmpty()) {
+        RigaVuota(vp);
         return;
+    }
+    // A signature stands with what it signs.
+    vp.KeepNext();
     RigaVuota(vp);
+    vp.KeepNext();
+    RigaVuota(vp);
+    vp.KeepNext();
     vp.Text(QString(BianchiPrima, u' ') + sessione::Firma);
 }

@@ -55,15 +55,19 @@ void Riserve(Superficie& vp)
             u"fiscali "
             u"e previdenziali sui corrispettivi imponibili, i rimborsi per le spese, per gli oneri e per i "
             u"contributi a qualsiasi titolo dovuti."_s);
+    vp.KeepTogether();
 }
 
 void Firme(Superficie& vp)
 {
     constexpr int BianchiPrima = 2;  // a small indent: the row must hold the lawyer's whole name too
     constexpr int BianchiTra = 60;
+    // The client signs the reservations: date and signatures never leave them.
+    vp.KeepNext();
     RigaVuota(vp);
     vp.SpaceBefore(SpazioBlocco);
     vp.Text(u"Data"_s);
+    vp.KeepNext();
     RigaVuota(vp);
     vp.SpaceBefore(2 * SpazioBlocco);
     vp.Text(QString(BianchiPrima, u' ') + u"Il Cliente"_s + QString(BianchiTra, u' ') +

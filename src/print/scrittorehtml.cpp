@@ -160,6 +160,8 @@ private:
             Stile += u";tab-size:"_s + Cm(-Suoi.PrimaRigaCm);
         if (Questo.NuovaPagina)
             Stile += u";break-before:page"_s;
+        if (Questo.Intera)
+            Stile += u";break-inside:avoid"_s;
         if (Questo.ConSeguente)
             Stile += u";break-after:avoid"_s;
         return Stile.isEmpty() ? QString() : u" style=\""_s + Stile + u'"';

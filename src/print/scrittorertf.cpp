@@ -207,9 +207,10 @@ private:
     {
         const Rientri& Suoi = Questo.Spazi;
         return Allineato(Questo.Allinea) + (Questo.NuovaPagina ? "\\pagebb" : "") +
-               (Questo.ConSeguente ? "\\keepn" : "") + SeC("\\li", TwipDaCm(Suoi.SinistroCm)) +
-               SeC("\\ri", TwipDaCm(Suoi.DestroCm)) + SeC("\\fi", TwipDaCm(Suoi.PrimaRigaCm)) +
-               SeC("\\sb", TwipDaPunti(Suoi.SopraPunti)) + SeC("\\sa", TwipDaPunti(Suoi.SottoPunti));
+               (Questo.Intera ? "\\keep" : "") + (Questo.ConSeguente ? "\\keepn" : "") +
+               SeC("\\li", TwipDaCm(Suoi.SinistroCm)) + SeC("\\ri", TwipDaCm(Suoi.DestroCm)) +
+               SeC("\\fi", TwipDaCm(Suoi.PrimaRigaCm)) + SeC("\\sb", TwipDaPunti(Suoi.SopraPunti)) +
+               SeC("\\sa", TwipDaPunti(Suoi.SottoPunti));
     }
 
     QByteArray Formato(const Carattere& Quale)

@@ -72,6 +72,7 @@ private Q_SLOTS:
     void sottolineatoNelleRigheNonNelleCelle();
     void rigaTieneAllineamentoDelSuoInizio();
     void spazioSopraESottoUnaRiga();
+    void conCioCheSegue();
     void corseDiSpaziRestano();
     void aCapoUniformi();
     void nienteCheUnDocumentoNonTenga();
@@ -290,6 +291,31 @@ void TestSuperficie::spazioSopraESottoUnaRiga()
     vp.EndDoc();
     QCOMPARE(Spazi(0), std::pair(0.0, 0.0));
     QCOMPARE(vp.Iniziati(), 2);
+}
+
+void TestSuperficie::conCioCheSegue()
+{
+    Superficie vp;
+    vp.StartDoc();
+    vp.KeepNext();  // nothing is written yet
+    vp.KeepTogether();
+    vp.Text(u"in corso"_s);
+    vp.KeepTogether();
+    vp.KeepNext();
+    vp.Paragraph({});
+    ApriTabella(vp, 1, 1);
+    vp.EndTable();
+    vp.KeepNext();
+    vp.Paragraph({});
+    vp.KeepNext();
+    vp.Text(u"firma"_s);
+    vp.EndDoc();
+    const std::vector<BloccoDocumento>& Blocchi = vp.Contenuto().Blocchi;
+    QCOMPARE(Blocchi.size(), std::size_t(4));
+    for (std::size_t i = 0; i < Blocchi.size(); ++i)
+        QCOMPARE(std::visit([](const auto& Uno) { return Uno.ConSeguente; }, Blocchi[i]), i < 3);
+    for (const std::size_t Riga : {0U, 2U, 3U})
+        QCOMPARE(std::get<Paragrafo>(Blocchi[Riga]).Intera, Riga == 0);
 }
 
 void TestSuperficie::corseDiSpaziRestano()

@@ -17,6 +17,8 @@ private Q_SLOTS:
 
     void totaliMaiSoli_data();
     void totaliMaiSoli();
+    void firmeMaiSole_data();
+    void firmeMaiSole();
     void righeMaiSpezzate_data();
     void righeMaiSpezzate();
     void titoliENumeroSuOgniPagina_data();
@@ -111,6 +113,42 @@ void TestPagineDocumenti::totaliMaiSoli()
         const auto [Voce, Somma] = UltimaVoceESomma(Fatta, Tipo, Voci);
         QVERIFY2(Voce > 0 && Voce == Somma, Quante);
     }
+}
+
+void TestPagineDocumenti::firmeMaiSole_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<QString>("Firmato");
+    const QString Riepilogo = u"RIEPILOGO"_s;
+    QTest::newRow("prenotula") << int(StampaPrenotula) << u"N.B. : la presente"_s;
+    QTest::newRow("preventivo") << int(StampaPreventivo) << u"N.B.: il presente"_s;
+    QTest::newRow("fattura sintetica") << int(StampaFatturaSintetica) << Riepilogo;
+    QTest::newRow("fattura analitica") << int(StampaFatturaAnalitica) << Riepilogo;
+    QTest::newRow("nota giudiziale") << int(StampaNotaGiudiziale) << Riepilogo;
+}
+
+/// Whatever the length of the list, a signature stands on the page of what it signs: the reservations of an
+/// estimate whole, the summary elsewhere.
+void TestPagineDocumenti::firmeMaiSole()
+{
+    QFETCH(int, Tipo);
+    QFETCH(QString, Firmato);
+    for (int Voci = 1; Voci <= 60; ++Voci) {
+        Parcella Nota = ConVoci(Voci, Tipo, u"voce %1"_s);
+        Nota.chkIBAN.Attiva = Nota.chkIvaDiff.Attiva = false;  // nothing between that and the signature
+        const Impaginazione Fatta = Pagine(Nota, Tipo);
+        const QString& Testo = Fatta.Testo();
+        const qsizetype Firma = Testo.lastIndexOf(u"Avv. Giulia Neri"_s);
+        const qsizetype Sopra = Testo.lastIndexOf(Firmato, Firma);
+        QVERIFY(Sopra > 0);
+        QVERIFY2(Fatta.PaginaDi(Sopra) == Fatta.PaginaDi(Firma), "voci: " + QByteArray::number(Voci));
+    }
+    // The exports are told the same: down to the signature, every block goes with the one below.
+    const std::vector<BloccoDocumento> Blocchi =
+        documenti::Composto(ConVoci(3, Tipo, u"voce %1"_s), Tipo).Blocchi;
+    for (std::size_t i = Blocchi.size() - 3; i < Blocchi.size(); ++i)
+        QCOMPARE(std::visit([](const auto& Uno) { return Uno.ConSeguente; }, Blocchi[i]),
+                 i + 1 < Blocchi.size());
 }
 
 void TestPagineDocumenti::righeMaiSpezzate_data()

@@ -65,6 +65,7 @@ private Q_SLOTS:
     void testo_data();
     void testo();
     void allineamentiERientri();
+    void tabellaConCioCheSegue();
     void trattiInAltroFont();
     void paginaEMargini();
     void piePagina();
@@ -117,6 +118,26 @@ void TestScrittoreHtml::allineamentiERientri()
     QCOMPARE(Corpo, u"<p class=\"f0 c\">a</p>\n<p class=\"f0 d\">b</p>\n<p class=\"f0 g\">c</p>\n"
                     u"<p class=\"f0\" style=\"margin:6pt 0cm 0pt 2cm;text-indent:-1cm;tab-size:1cm;"
                     u"break-before:page;break-after:avoid\">d</p>\n"_s);
+}
+
+void TestScrittoreHtml::tabellaConCioCheSegue()
+{
+    for (const bool Insieme : {true, false}) {
+        const QString Corpo = CorpoDi([&](Superficie& vp) {
+            vp.StartTable();
+            vp.TableCell(AttrTabella::Righe, 1);
+            vp.TableCell(AttrTabella::Colonne, 1);
+            vp.CellaTabella(AttrTabella::Testo, 1, 1, u"totale"_s);
+            vp.EndTable();
+            if (Insieme)
+                vp.KeepNext();
+            vp.Text(u"firma"_s);
+            if (Insieme)
+                vp.KeepTogether();
+        });
+        QCOMPARE(Corpo.contains(u"<tr class=\"u\">"_s), Insieme);
+        QCOMPARE(Corpo.contains(u"break-inside:avoid"_s), Insieme);
+    }
 }
 
 void TestScrittoreHtml::trattiInAltroFont()

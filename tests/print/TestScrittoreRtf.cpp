@@ -69,6 +69,7 @@ private Q_SLOTS:
     void filetti();
     void trattiSenzaEredita();
     void titoliRipetuti();
+    void tabellaConCioCheSegue();
     void tabelleCheSiToccano();
     void finisceConUnParagrafo();
     void notaIntera_data();
@@ -332,6 +333,28 @@ void TestScrittoreRtf::titoliRipetuti()
                  (Righe[i + 1].contains("\\keepn") ? u"u"_s : u"-"_s);
     // Heading and blank row repeat; the last line, the rule and the total stay together.
     QCOMPARE(Viste, (QStringList{u"hu"_s, u"hu"_s, u"--"_s, u"-u"_s, u"-u"_s, u"--"_s}));
+}
+
+/// The row above a signature ends no page.
+void TestScrittoreRtf::tabellaConCioCheSegue()
+{
+    for (const bool Insieme : {true, false}) {
+        const QByteArray Corpo = CorpoDi([&](Superficie& vp) {
+            vp.StartTable();
+            vp.TableCell(AttrTabella::Righe, 1);
+            vp.TableCell(AttrTabella::Colonne, 1);
+            vp.CellaTabella(AttrTabella::Testo, 1, 1, u"totale"_s);
+            vp.EndTable();
+            if (Insieme)
+                vp.KeepNext();
+            vp.Text(u"firma"_s);
+            if (Insieme)
+                vp.KeepTogether();
+        });
+        QCOMPARE(Corpo.contains("\\ql\\keep{"), Insieme);
+        QCOMPARE(Corpo.count("\\keepn"), Insieme ? 1 : 0);
+        QCOMPARE(Corpo.contains("\\intbl\\ql\\keepn"), Insieme);
+    }
 }
 
 void TestScrittoreRtf::tabelleCheSiToccano()
