@@ -68,6 +68,7 @@ VistaGriglia::VistaGriglia(Griglia* Intera)
     setCornerButtonEnabled(false);
     setTabKeyNavigation(false);
     setSelectionMode(QAbstractItemView::NoSelection);
+    setSelectionBehavior(QAbstractItemView::SelectRows);  // else a press on a title moves the current row
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);

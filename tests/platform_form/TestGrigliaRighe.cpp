@@ -604,12 +604,15 @@ void TestGrigliaRighe::titoloCliccato()
 {
     Finestra F;
     QVERIFY(MostraAttiva(F));
+    F.Griglia_->ImpostaRigaCorrente(2, 0);
     QSignalSpy Clic(F.Griglia_, &Griglia::ClicTitolo);
     const QHeaderView* Testata = F.Vista()->horizontalHeader();
     QTest::mouseClick(Testata->viewport(), Qt::LeftButton, Qt::NoModifier,
                       QPoint(Testata->sectionViewportPosition(1) + 20, 8));
     QCOMPARE(Clic.size(), 1);
     QCOMPARE(Clic[0], QVariantList({1}));
+    QCOMPARE(F.Griglia_->RigaCorrente(), std::optional(2));
+    QVERIFY2(F.Griglia_->ColonnaCorrente() == 0, "il titolo non porta via la cella corrente");
 }
 
 #include "TestGrigliaRighe.moc"
