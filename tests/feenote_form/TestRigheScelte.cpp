@@ -29,6 +29,7 @@ private Q_SLOTS:
     void laCellaSiCopiaComeTesto();
     void tastiera();
     void laCellaApertaTieneISuoiTasti();
+    void neiTestiCtrlZAnnullaIlTesto();
     void laCellaRifiutataFermaIlTaglio();
     void incollaAllaRigaSelezionata();
     void incollaDueVolte();
@@ -73,11 +74,8 @@ PROVA(TestRigheScelte);
 void TestRigheScelte::init()
 {
     T = std::make_unique<Tavolo>();
-    F = T->Apri();
+    F = ApriSenzaRighe(*T);
     QVERIFY(F);
-    CompilaCivile(F);
-    ClicScheda(F, SchedaListaOnorari);
-    F->Nota.xOnorari.Azzera(OnoColonne);
     for (int i = 0; i < 5; ++i)
         RigaOnorario(F->Nota, QString(QChar(u'a' + i)), 100.0 * (i + 1), i + 1, i + 1);
     F->Mostra();
@@ -211,6 +209,33 @@ void TestRigheScelte::laCellaApertaTieneISuoiTasti()
     Premi(Qt::Key_Return);
     QCOMPARE(Nomi(), u"abbcde"_s);
     QCOMPARE(F->Nota.xOnorari.Righe(), 5);
+}
+
+void TestRigheScelte::neiTestiCtrlZAnnullaIlTesto()
+{
+    ClicSelettore(Righe, 1);
+    T->Voce.Attendi(TagliarneUna, vbYes);
+    Clic(Tasto("taglia"));
+    Righe->ImpostaRigaCorrente(0, OnoDescr);
+    Premi(Qt::Key_F2);
+    Premi(Qt::Key_Z, Qt::ControlModifier);  // nothing typed yet
+    Premi(Qt::Key_Delete);
+    Premi(Qt::Key_Delete);
+    QVERIFY(LaCella(Righe) && LaCella(Righe)->text().isEmpty());
+    Premi(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(LaCella(Righe)->text(), u"a"_s);
+    Premi(Qt::Key_Escape);
+
+    auto* Cerca = Controllo<QLineEdit>(F, "txtCercaOno");
+    Cerca->setFocus();
+    Digita(u"studio"_s);
+    Premi(Qt::Key_Z, Qt::ControlModifier);
+    Premi(Qt::Key_Z, Qt::ControlModifier);
+    QVERIFY(Cerca->text().isEmpty());
+    QVERIFY2(Nomi() == u"acde"_s, "il taglio si annulla solo dalle righe");
+    Righe->setFocus();
+    Premi(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(Nomi(), u"abcde"_s);
 }
 
 void TestRigheScelte::laCellaRifiutataFermaIlTaglio()
