@@ -75,11 +75,8 @@ PROVA(TestCelleGuaste);
 void TestCelleGuaste::init()
 {
     T = std::make_unique<Tavolo>();
-    F = T->Apri();
+    F = ApriSenzaRighe(*T);
     QVERIFY(F);
-    CompilaCivile(F);
-    ClicScheda(F, SchedaListaOnorari);
-    F->Nota.xOnorari.Azzera(OnoColonne);
     RigaOnorario(F->Nota, u"Studio"_s, 1200);
     RigaSpesa(F->Nota, 50.0, 27.0);
     F->Nota.xDiritti(0, DirQta) = u"1"_s;

@@ -86,11 +86,8 @@ void TestModOno::Riga(double Importo, double Min, double Medio, double Max, int 
 void TestModOno::init()
 {
     T = std::make_unique<Tavolo>();
-    F = T->Apri();
+    F = ApriSenzaRighe(*T);
     QVERIFY(F);
-    CompilaCivile(F);
-    ClicScheda(F, SchedaListaOnorari);
-    F->Nota.xOnorari.Azzera(OnoColonne);
     Riga(1200, 600, 1200, 1920, 1);
     Riga(777, 300, 500, 1000, 2);
     Riga(90, 90, 90, 90, VoceLibera);

@@ -200,6 +200,18 @@ inline void CompilaCivile(const frmParcelle* Finestra)
     Respiro();
 }
 
+/// A civil note with tab 1 in view and no lines yet; null when no window came up.
+inline frmParcelle* ApriSenzaRighe(Tavolo& T)
+{
+    frmParcelle* Finestra = T.Apri();
+    if (!Finestra)
+        return nullptr;
+    CompilaCivile(Finestra);
+    ClicScheda(Finestra, SchedaListaOnorari);
+    Finestra->Nota.xOnorari.Azzera(OnoColonne);
+    return Finestra;
+}
+
 /// The rows of a table as text; an amount of 0 and an empty one are alike.
 inline QStringList Testi(const TabellaRighe& Tabella, const QList<int>& Colonne)
 {
