@@ -34,6 +34,8 @@ private Q_SLOTS:
     void percorsoDelProgrammaPrecedente();
 
 private:
+    QString
+        Programma;  ///< a folder of the test's own: the built one has a marker once its user ticked the box
     std::unique_ptr<Scena> S;
     QList<PaginaAvviso> Avvisi;
 };
@@ -52,7 +54,10 @@ void TestMain::init()
 {
     S = std::make_unique<Scena>();
     Avvisi.clear();
-    Scena::Salva(u"PercorsoProcedura"_s, ProgrammaDiProva());
+    Programma = NuovaCartella();
+    const QString Tariffa = u"parcelle.mdb"_s;
+    QVERIFY(QFile::link(ProgrammaDiProva() + Tariffa, Programma + Tariffa));
+    Scena::Salva(u"PercorsoProcedura"_s, Programma);
     Scena::Salva(u"StudioNome"_s, u"Studio Bianchi"_s);
     Scena::Salva(u"CercaAgg"_s, u"N"_s);
     SaveSetting(u"Praxivo"_s, u"Parametri"_s, u"CartellaLocale"_s, u"/praxivo/locale"_s);
@@ -241,7 +246,7 @@ void TestMain::avviso()
     const Registratore Box;
     Main(u""_s);
     QCOMPARE(Avvisi.size(), 1);
-    QCOMPARE(Avvisi[0].Pagina, ProgrammaDiProva() + u"avvisokr6.htm"_s);
+    QCOMPARE(Avvisi[0].Pagina, Programma + u"avvisokr6.htm"_s);
     QCOMPARE(Avvisi[0].Titolo, u"KR5 - Avviso agli abbonati"_s);
     QCOMPARE(Avvisi[0].Marcatore, u"avvisokr5"_s);
     QCOMPARE(Avvisi[0].LarghezzaTwip, 10200);
@@ -296,7 +301,7 @@ void TestMain::impostazioniDanneggiate()
     // Not one message: what can be read holds, the rest is as at the first use.
     const Registratore Box;
     ScriviFile(Scena::FileImpostazioni(),
-               "[Parametri]\npercorsoprocedura=" + ProgrammaDiProva().toUtf8() +
+               "[Parametri]\npercorsoprocedura=" + Programma.toUtf8() +
                    "\nstudionome=Bianchi\ncercaagg=N\n\xFF\xFE[[=\niva=ventidue\nstudioi");
     Main(u""_s);
     QVERIFY(ScrivaniaVisibile());
