@@ -2,6 +2,7 @@
 #include "feenote/frmParcelle.h"
 
 #include "core/comandi.h"
+#include "core/modErrori.h"
 #include "core/sessione.h"
 #include "feenote/modAcconti.h"
 #include "feenote/modTotali.h"
@@ -85,6 +86,15 @@ void CancellaAcconti(Griglia* Elenco, TabellaRighe& Righe)
     Elenco->Rilega();
 }
 
+/// A pasted number may be anything; what is no percent of an amount is told.
+bool PercentoAmmesso(double Percento)
+{
+    if (Percento >= 0 && Percento <= MassimoPercento)
+        return true;
+    MsgErrore(u"La percentuale deve essere compresa tra 0 e 100!"_s);
+    return false;
+}
+
 }  // namespace
 
 void frmParcelle::CollegaAcconti()
@@ -138,7 +148,9 @@ void frmParcelle::CollegaImposte()
             CambiaPercento(Nota, Voce.Quale, Testo);
             SetModificata(true);
         });
-        const auto Lasciata = [this] {
+        const auto Lasciata = [this, Voce] {
+            if (!PercentoAmmesso((Nota.*Voce.DatoBox).Numero()))
+                return false;
             Ricomponi();
             return true;
         };

@@ -267,7 +267,7 @@ void LeggiPercentuale(Parcella& Nota, OggettoJson& Dati, const QString& Campo, I
     const std::optional<double> Perc = Dati.Positivo(Campo);
     if (!Spenta && !Perc)
         return;
-    if (Perc && *Perc > 100)
+    if (Perc && *Perc > MassimoPercento)
         throw OggettoJson::Rifiuto(5, Dati.Nome(Campo), u"la percentuale va da 0 a 100"_s);
     const double Valore = Perc.value_or(0.0);
     (void)ClicImposta(Nota, Quale, Valore > 0);

@@ -95,6 +95,9 @@ enum class Imposta { IVA, RA, CP, SpeseGen };
 /// @return true when the warning of the court costs note is due, at most once per window
 [[nodiscard]] bool ClicImposta(Parcella& Nota, Imposta Quale, bool Attiva);
 
+/// Highest percent of a tax, of the pension fund and of general expenses.
+inline constexpr double MassimoPercento = 100.0;
+
 /// The text of a percent box changed.
 void CambiaPercento(Parcella& Nota, Imposta Quale, const QString& Testo);
 

@@ -43,6 +43,8 @@ private Q_SLOTS:
     void soloCifreNellePercentuali();
     void percentoNonNumerico_data();
     void percentoNonNumerico();
+    void percentoOltreIlMassimo_data();
+    void percentoOltreIlMassimo();
     void percentoTolto();
     void notaGiudizialeAvvertita();
     void esponi();
@@ -336,6 +338,34 @@ void TestSchedaAcconti::percentoNonNumerico()
     Premi(Qt::Key_Tab);
     Respiro();
     QCOMPARE(QApplication::focusWidget(), Box);
+    Scrivi(Box, u"22"_s);
+    Premi(Qt::Key_Tab);
+    QCOMPARE(F->Nota.txtIVA.Numero(), 22.0);
+}
+
+void TestSchedaAcconti::percentoOltreIlMassimo_data()
+{
+    QTest::addColumn<QString>("Testo");
+    QTest::addColumn<bool>("Ammesso");
+    QTest::newRow("cento") << u"100"_s << true;
+    QTest::newRow("poco oltre") << u"100,01"_s << false;
+    QTest::newRow("tre cifre") << u"999"_s << false;
+    QTest::newRow("enorme") << u"99999999"_s << false;
+    QTest::newRow("negativo") << u"-5"_s << false;
+}
+
+void TestSchedaAcconti::percentoOltreIlMassimo()
+{
+    QFETCH(QString, Testo);
+    QFETCH(bool, Ammesso);
+    auto* Box = Controllo<QLineEdit>(F, "txtIVA");
+    Incolla(Box, Testo);
+    if (!Ammesso)
+        T->Voce.Attendi(u"La percentuale deve essere compresa tra 0 e 100!"_s, vbOK, u"Errore:"_s);
+    Premi(Qt::Key_Tab);
+    Respiro();
+    QCOMPARE(QApplication::focusWidget() == Box, !Ammesso);
+    QCOMPARE(Box->text(), Testo);
     Scrivi(Box, u"22"_s);
     Premi(Qt::Key_Tab);
     QCOMPARE(F->Nota.txtIVA.Numero(), 22.0);
