@@ -123,18 +123,7 @@ void TestScrittoreHtml::allineamentiERientri()
 void TestScrittoreHtml::tabellaConCioCheSegue()
 {
     for (const bool Insieme : {true, false}) {
-        const QString Corpo = CorpoDi([&](Superficie& vp) {
-            vp.StartTable();
-            vp.TableCell(AttrTabella::Righe, 1);
-            vp.TableCell(AttrTabella::Colonne, 1);
-            vp.CellaTabella(AttrTabella::Testo, 1, 1, u"totale"_s);
-            vp.EndTable();
-            if (Insieme)
-                vp.KeepNext();
-            vp.Text(u"firma"_s);
-            if (Insieme)
-                vp.KeepTogether();
-        });
+        const QString Corpo = CorpoDi([&](Superficie& vp) { campioni::TotaleEFirma(vp, Insieme); });
         QCOMPARE(Corpo.contains(u"<tr class=\"u\">"_s), Insieme);
         QCOMPARE(Corpo.contains(u"break-inside:avoid"_s), Insieme);
     }

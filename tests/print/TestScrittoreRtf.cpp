@@ -339,18 +339,7 @@ void TestScrittoreRtf::titoliRipetuti()
 void TestScrittoreRtf::tabellaConCioCheSegue()
 {
     for (const bool Insieme : {true, false}) {
-        const QByteArray Corpo = CorpoDi([&](Superficie& vp) {
-            vp.StartTable();
-            vp.TableCell(AttrTabella::Righe, 1);
-            vp.TableCell(AttrTabella::Colonne, 1);
-            vp.CellaTabella(AttrTabella::Testo, 1, 1, u"totale"_s);
-            vp.EndTable();
-            if (Insieme)
-                vp.KeepNext();
-            vp.Text(u"firma"_s);
-            if (Insieme)
-                vp.KeepTogether();
-        });
+        const QByteArray Corpo = CorpoDi([&](Superficie& vp) { campioni::TotaleEFirma(vp, Insieme); });
         QCOMPARE(Corpo.contains("\\ql\\keep{"), Insieme);
         QCOMPARE(Corpo.count("\\keepn"), Insieme ? 1 : 0);
         QCOMPARE(Corpo.contains("\\intbl\\ql\\keepn"), Insieme);

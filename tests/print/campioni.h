@@ -215,4 +215,20 @@ inline QStringList TestiBlocchi(const Documento& Doc)
     return Testi;
 }
 
+/// A table of one row, then a line.
+/// @param Insieme the row does not part from the line, and the line does not break
+inline void TotaleEFirma(Superficie& vp, bool Insieme)
+{
+    vp.StartTable();
+    vp.TableCell(AttrTabella::Righe, 1);
+    vp.TableCell(AttrTabella::Colonne, 1);
+    vp.CellaTabella(AttrTabella::Testo, 1, 1, u"totale"_s);
+    vp.EndTable();
+    if (Insieme)
+        vp.KeepNext();
+    vp.Text(u"firma"_s);
+    if (Insieme)
+        vp.KeepTogether();
+}
+
 }  // namespace campioni
