@@ -10,7 +10,7 @@
 #include "feenote/modVariazione.h"
 #include "platform/messaggi.h"
 #include "platform/percorsi.h"
-#include "platform/profilo.h"
+#include "platform/paginacodice.h"
 
 using namespace Qt::StringLiterals;
 

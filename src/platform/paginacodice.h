@@ -7,6 +7,11 @@
 constexpr int PaginaWindows = 1252;
 constexpr int PaginaSimboli = 42;  ///< no letters but signs: bullets and ticks
 
+/// Windows-1252 both ways: the code page of configuration files, passwords and word-processor exports.
+/// The five codes that it leaves free stand for the control characters of the same number.
+[[nodiscard]] QByteArray Cp1252(const QString& Testo);
+[[nodiscard]] QString DaCp1252(const QByteArray& Testo);
+
 /// Text of bytes in a code page; an unknown page is read as 1252.
 [[nodiscard]] QString TestoDaPagina(const QByteArray& Byte, int Pagina);
 

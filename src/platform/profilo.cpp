@@ -1,6 +1,7 @@
 #include "platform/profilo.h"
 
 #include "platform/errore.h"
+#include "platform/paginacodice.h"
 #include "platform/percorsi.h"
 
 #include <QByteArrayView>
@@ -8,7 +9,6 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <array>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -16,32 +16,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 MassimoByte = 1024 * 1024;
-
-constexpr unsigned char PrimoProprio = 0x80;
-
-/// What the bytes 80 to 9F stand for; all the others are those of Latin-1.
-constexpr std::array<char16_t, 32> CaratteriPropri{
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
-};
-static_assert(PrimoProprio + CaratteriPropri.size() == 0xA0);
-
-char ByteDi(char16_t Carattere)
-{
-    if (Carattere < PrimoProprio || (Carattere >= 0xA0 && Carattere <= 0xFF))
-        return static_cast<char>(Carattere);
-    const auto* Trovato = std::ranges::find(CaratteriPropri, Carattere);
-    return Trovato == CaratteriPropri.end()
-               ? '?'
-               : static_cast<char>(PrimoProprio + (Trovato - CaratteriPropri.begin()));
-}
-
-char16_t CarattereDi(char Byte)
-{
-    const auto Codice = static_cast<unsigned char>(Byte);
-    return Codice >= PrimoProprio && Codice < 0xA0 ? CaratteriPropri.at(Codice - PrimoProprio) : Codice;
-}
 
 bool Bianco(char Byte)
 {
@@ -230,24 +204,4 @@ bool WritePrivateProfileString(const QString& Sezione, const QString& Chiave, co
     } catch (const Errore&) {
         return false;
     }
-}
-
-QByteArray Cp1252(const QString& Testo)
-{
-    QByteArray Risultato;
-    Risultato.reserve(Testo.size());
-    for (qsizetype i = 0; i < Testo.size(); ++i) {
-        // A pair of surrogates is one character, hence one question mark.
-        if (Testo[i].isHighSurrogate() && i + 1 < Testo.size() && Testo[i + 1].isLowSurrogate())
-            ++i;
-        Risultato.append(ByteDi(Testo[i].unicode()));
-    }
-    return Risultato;
-}
-
-QString DaCp1252(const QByteArray& Testo)
-{
-    QString Risultato(Testo.size(), Qt::Uninitialized);
-    std::ranges::transform(Testo, Risultato.begin(), [](char Byte) { return QChar(CarattereDi(Byte)); });
-    return Risultato;
 }

@@ -25,8 +25,3 @@
 ///         nothing is lost then
 bool WritePrivateProfileString(const QString& Sezione, const QString& Chiave, const QString& Valore,
                                const QString& File);
-
-/// Windows-1252 both ways: the code page of configuration files, passwords and word-processor exports.
-/// The five codes that it leaves free stand for the control characters of the same number.
-[[nodiscard]] QByteArray Cp1252(const QString& Testo);
-[[nodiscard]] QString DaCp1252(const QByteArray& Testo);

@@ -2,7 +2,7 @@
 
 #include "platform/errore.h"
 #include "platform/percorsi.h"
-#include "platform/profilo.h"
+#include "platform/paginacodice.h"
 #include "print/modContratto.h"
 #include "print/modCorpo.h"
 #include "print/modFatture.h"

@@ -1,7 +1,7 @@
 #include "print/scrittorertf.h"
 
 #include "platform/paginacodice.h"
-#include "platform/profilo.h"
+#include "platform/paginacodice.h"
 #include "print/formatabella.h"
 
 #include <algorithm>

@@ -2,6 +2,7 @@
 
 #include "platform/errore.h"
 #include "platform/percorsi.h"
+#include "platform/paginacodice.h"
 #include "platform/profilo.h"
 
 #include <QFile>
