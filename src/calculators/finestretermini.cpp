@@ -1,6 +1,6 @@
 #include "calculators/finestretermini.h"
 
-#include "core/comandi.h"
+#include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
 #include "platform/aspetto.h"

@@ -3,7 +3,7 @@
 #include "calculators/finestracalcolo.h"
 #include "calculators/gestimodulo.h"
 #include "calculators/pannellocontributo.h"
-#include "core/comandi.h"
+#include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
 #include "platform/aspetto.h"

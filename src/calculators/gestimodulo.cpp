@@ -1,6 +1,6 @@
 #include "calculators/gestimodulo.h"
 
-#include "core/comandi.h"
+#include "core/aperture.h"
 
 #include <QApplication>
 

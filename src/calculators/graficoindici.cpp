@@ -2,6 +2,7 @@
 
 #include "core/sessione.h"
 #include "platform/aspetto.h"
+#include "platform/nomidate.h"
 #include "platform/regionale.h"
 
 #include <QPainterPath>

@@ -6,6 +6,7 @@
 #include "platform/database.h"
 #include "platform/errore.h"
 #include "platform/messaggi.h"
+#include "platform/nomidate.h"
 #include "platform/orologio.h"
 #include "platform/regionale.h"
 

@@ -1,10 +1,13 @@
 #include "core/Main.h"
 
+#include "core/aperture.h"
 #include "core/comandi.h"
 #include "core/frmMain.h"
 #include "core/frmStudio.h"
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
+#include "core/paginaavviso.h"
+#include "core/posti.h"
 #include "core/primouso.h"
 #include "core/singola.h"
 #include "platform/impostazioni.h"
@@ -109,12 +112,6 @@ void Main(const QString& RigaDiComando)
         FineSenzaFinestre();
     else
         Termina();
-}
-
-void RicercaAllAvvio()
-{
-    if (sessione::CercaAgg && Aperture.CercaAggiornamenti)
-        Aperture.CercaAggiornamenti();
 }
 
 bool AvvisoDaMostrare()

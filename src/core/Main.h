@@ -1,6 +1,7 @@
 // The start of the program: three ways, told apart by the command line.
 #pragma once
 
+#include "core/posti.h"
 #include <QString>
 
 /// Entry procedure. Runs inside the event loop, so that it may show messages and end the process.
@@ -9,9 +10,6 @@
 ///        the desktop, "PV2|N..." and "PV2|E..." one for the companion application, "debug" the desktop with
 ///        its trace, anything else the desktop
 void Main(const QString& RigaDiComando);
-
-/// Looks for updates once in a session, if the user wants it; nothing until the search has its opener.
-void RicercaAllAvvio();
 
 /// True until the notice page was silenced by its marker, beside the program or in the user folder.
 [[nodiscard]] bool AvvisoDaMostrare();

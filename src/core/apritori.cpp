@@ -7,9 +7,11 @@
 #include "calculators/frmTermini.h"
 #include "calculators/frmTerminiSeq.h"
 #include "core/Main.h"
-#include "core/comandi.h"
+#include "core/aperture.h"
 #include "core/frmMain.h"
 #include "core/frmSetup.h"
+#include "core/frmStudio.h"
+#include "core/paginaavviso.h"
 #include "core/sessione.h"
 #include "core/singola.h"
 #include "feenote/finestre.h"
@@ -122,9 +124,16 @@ void RiempiApritori()
     Aperture.Istat = [] { Singola<frmIstat>().Mostra(); };
     Aperture.CodiceFiscale = [] { Singola<frmCodFis>().Mostra(); };
     Aperture.Contributo = [] { Singola<frmContrib>().Mostra(); };
-    Aperture.Impostazioni = [](int Scheda) { Singola<frmSetup>().Mostra(Scheda); };
+    Aperture.Impostazioni = [](int Scheda, bool Modale) {
+        auto& Modulo = Singola<frmSetup>();
+        Modale ? Modulo.MostraModale(Scheda) : Modulo.Mostra(Scheda);
+    };
+    Aperture.ImpostazioniCambiate = [] {
+        if (const auto& Studio = SeCaricato<frmStudio>)
+            Studio->SegnaRidisegno();
+    };
 
-    AreaParcelle = [] { return Singola<frmMain>().Area(); };
-    ParcellaAttivata = [](int Indice) { Singola<frmMain>().ImpostaTag(QString::number(Indice)); };
-    UltimaParcellaChiusa = DopoUltimaParcella;
+    Aperture.AreaParcelle = [] { return Singola<frmMain>().Area(); };
+    Aperture.ParcellaAttivata = [](int Indice) { Singola<frmMain>().ImpostaTag(QString::number(Indice)); };
+    Aperture.UltimaParcellaChiusa = DopoUltimaParcella;
 }

@@ -1,9 +1,11 @@
 #include "core/comandi.h"
 
+#include "core/aperture.h"
 #include "core/indirizzi.h"
 #include "core/modErrori.h"
 #include "core/modLancio.h"
 #include "core/modTesti.h"
+#include "core/posti.h"
 #include "core/sessione.h"
 #include "platform/messaggi.h"
 #include "platform/percorsi.h"
@@ -117,12 +119,12 @@ void Kr2(const Chiamata&)
 
 void Recupera(const Chiamata&)
 {
-    Apri(Aperture.Impostazioni, SchedaSetupIcone);
+    Apri(Aperture.Impostazioni, SchedaSetupIcone, false);
 }
 
 void Setup(const Chiamata&)
 {
-    Apri(Aperture.Impostazioni, 0);
+    Apri(Aperture.Impostazioni, 0, false);
 }
 
 void Novita(const Chiamata&)
@@ -244,42 +246,6 @@ constexpr std::array Tabella{
 };
 
 }  // namespace
-
-bool ParcellaAperta()
-{
-    return std::any_of(InfoParcelle.begin() + 1, InfoParcelle.end(),
-                       [](const InfoParcella& Posto) { return !Posto.Libera; });
-}
-
-int TrovaPostoParcella(const std::function<bool()>& Intatta)
-{
-    const bool Una = UltimaParcella() == 1;
-    for (int i = 1; i <= UltimaParcella(); ++i) {
-        InfoParcella& Posto = InfoParcelle[size_t(i)];
-        if (Posto.Libera || (Una && !Posto.Modificata && Intatta && Intatta())) {
-            Posto.Libera = false;
-            return i;
-        }
-    }
-    InfoParcelle.push_back({});
-    return UltimaParcella();
-}
-
-void AzzeraParcelle()
-{
-    InfoParcelle.assign(1, {});
-}
-
-QString SteloDocumento(int Indice)
-{
-    const bool Posto = Indice >= 1 && Indice <= UltimaParcella();
-    return Posto ? NomePerFile(InfoParcelle[size_t(Indice)].Nome) : QString();
-}
-
-QString FileDocumento(int Indice)
-{
-    return Barra(sessione::UserFolder) + Barra(u"doc"_s) + SteloDocumento(Indice) + u".doc"_s;
-}
 
 void EseguiComando(const QString& Comando, int Indice, const QString& Par)
 {

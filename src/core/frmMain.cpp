@@ -1,9 +1,10 @@
 #include "core/frmMain.h"
 
-#include "core/Main.h"
+#include "core/aperture.h"
 #include "core/comandi.h"
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
+#include "core/posti.h"
 #include "platform/aspetto.h"
 #include "platform/campo.h"
 #include "platform/collega.h"
@@ -325,7 +326,8 @@ void frmMain::closeEvent(QCloseEvent* Evento)
     if (!ConcludiCampo())
         return;
     if (!ParcellaAperta()) {
-        DopoUltimaParcella();
+        if (Aperture.UltimaParcellaChiusa)
+            Aperture.UltimaParcellaChiusa();
         return;
     }
     for (int i = 1; i <= UltimaParcella(); ++i) {

@@ -1,10 +1,9 @@
 #include "core/frmSetup.h"
 
-#include "core/comandi.h"
-#include "core/frmStudio.h"
+#include "core/aperture.h"
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
-#include "core/singola.h"
+#include "core/posti.h"
 #include "platform/aspetto.h"
 #include "platform/campo.h"
 #include "platform/collega.h"
@@ -145,8 +144,8 @@ void frmSetup::cmdSaveImpost_Click()
     if (!CheckValori() || !Protetta([this] { SalvaValori(); }))
         return;
     ImpostaVariabili();
-    if (const auto& Studio = SeCaricato<frmStudio>)
-        Studio->SegnaRidisegno();
+    if (Aperture.ImpostazioniCambiate)
+        Aperture.ImpostazioniCambiate();
     MsgBox(u"Le impostazioni sono state memorizzate!"_s, vbInformation, TitoloMessaggio.toString());
     if (ParcellaAperta())
         MsgBox(u"Per essere certi della piena operatività è consigliabile riavviare il programma."_s,

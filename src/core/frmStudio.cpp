@@ -1,14 +1,14 @@
 #include "core/frmStudio.h"
 
-#include "core/Main.h"
+#include "core/aperture.h"
 #include "core/comandi.h"
 #include "core/frmMain.h"
-#include "core/frmSetup.h"
 #include "core/iconastudio.h"
 #include "core/indirizzi.h"
 #include "core/modErrori.h"
 #include "core/modIcone.h"
 #include "core/modLancio.h"
+#include "core/posti.h"
 #include "core/sessione.h"
 #include "core/singola.h"
 #include "platform/aspetto.h"
@@ -143,6 +143,17 @@ double Distanza(const QPoint& Da, const QPoint& A, int Tasto)
     return Avanti + PesoLato * Lato;
 }
 
+// Tabs of the settings.
+constexpr int SchedaDatiStudio = 0;
+constexpr int SchedaSetup = 2;
+
+/// The settings on a tab; what the desktop was about to do waits until they are closed.
+void ApriImpostazioni(int Scheda)
+{
+    if (Aperture.Impostazioni)
+        Aperture.Impostazioni(Scheda, true);
+}
+
 }  // namespace
 
 frmStudio::frmStudio() : ui(std::make_unique<Ui::frmStudio>())
@@ -160,7 +171,7 @@ frmStudio::frmStudio() : ui(std::make_unique<Ui::frmStudio>())
     Collega<QAbstractButton>(ui->imgMarvenna, Premuto, this, [] { ApriUrl(indirizzi::Editore.toString()); });
     Collega<QAbstractButton>(ui->imgQB, Premuto, this, [] { ApriUrl(indirizzi::Sviluppatore.toString()); });
     aspetto::AssegnaNomiAccessibili(this);
-    MostraTraccia = [Io = QPointer(this)](const QString& Testo) {
+    Aperture.MostraTraccia = [Io = QPointer(this)](const QString& Testo) {
         if (Io)
             Io->MostraTracciaDebug(Testo);
     };
@@ -412,12 +423,12 @@ void frmStudio::VerificaPreparazione()
                           EsisteFile(TrovaFile(sessione::PercorsoProg + u"parcelle.mdb"_s));
     if (!Archivio) {
         MsgErrore(u"Impostare la cartella dell'archivio parcelle!"_s);
-        Singola<frmSetup>().MostraModale(frmSetup::SchedaSetup);
+        ApriImpostazioni(SchedaSetup);
     } else if (sessione::StudioNome.isEmpty()) {
         MsgBox(u"Il programma non è stato ancora personalizzato. E' pertanto necessario procedere\n"_s
                u"all'inserimento dei dati identificativi dello studio."_s,
                vbInformation, TitoloMessaggio.toString());
-        Singola<frmSetup>().MostraModale(frmSetup::SchedaDatiStudio);
+        ApriImpostazioni(SchedaDatiStudio);
     }
 }
 

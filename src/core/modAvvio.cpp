@@ -3,6 +3,7 @@
 #include "core/modErrori.h"
 #include "platform/impostazioni.h"
 #include "platform/messaggi.h"
+#include "platform/nomidate.h"
 #include "platform/percorsi.h"
 #include "platform/regionale.h"
 #include "platform/shell.h"

@@ -1,5 +1,6 @@
 #include "core/modErrori.h"
 
+#include "core/aperture.h"
 #include "core/sessione.h"
 #include "platform/messaggi.h"
 #include "platform/shell.h"
@@ -10,8 +11,8 @@ namespace {
 
 void Traccia()
 {
-    if (MostraTraccia)
-        MostraTraccia(u"FINESTRA DEBUG:\n"_s + sessione::TestoDebug);
+    if (Aperture.MostraTraccia)
+        Aperture.MostraTraccia(u"FINESTRA DEBUG:\n"_s + sessione::TestoDebug);
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include <QString>
 
 #include <exception>
-#include <functional>
 #include <utility>
 
 /// Reports a failure the one way: "Errore: " + description + " (" + number + ")", critical, title
@@ -36,6 +35,3 @@ bool Protetta(F&& Procedura, int Ignora = 0)
 /// Appends "- " + message to the debug trace (a line break follows from the second entry on) and shows
 /// it. Callers test sessione::ModoDebug first.
 void TraceDebug(const QString& Messaggio);
-
-/// How the trace is shown ("FINESTRA DEBUG:" + line break + trace); set by the desktop, empty shows nothing.
-inline std::function<void(const QString& Testo)> MostraTraccia;

@@ -5,7 +5,6 @@
 #pragma once
 
 #include <QString>
-#include <QStringView>
 
 #include <array>
 
@@ -21,15 +20,6 @@ struct Richiesta
     int Scelta = 0;     ///< accounting counter of the matter; junk reads 0
 
     friend bool operator==(const Richiesta&, const Richiesta&) = default;
-};
-
-/// The names that the session carries; they hold before the start too.
-inline constexpr std::array<QStringView, 8> NomiGiorni{
-    u"", u"Lunedì", u"Martedì", u"Mercoledì", u"Giovedì", u"Venerdì", u"Sabato", u"Domenica",
-};
-inline constexpr std::array<QStringView, 13> NomiMesi{
-    u"",       u"Gennaio", u"Febbraio",  u"Marzo",   u"Aprile",   u"Maggio",   u"Giugno",
-    u"Luglio", u"Agosto",  u"Settembre", u"Ottobre", u"Novembre", u"Dicembre",
 };
 
 namespace sessione {

@@ -1,7 +1,8 @@
 #include "feenote/finestre.h"
 
-#include "core/comandi.h"
+#include "core/aperture.h"
 #include "core/modErrori.h"
+#include "core/posti.h"
 #include "core/sessione.h"
 #include "feenote/frmParcelle.h"
 #include "feenote/modRecupero.h"
@@ -75,7 +76,7 @@ frmParcelle* FinestraPerPosto(int Indice)
     if (Finestra)
         return Finestra;
     Finestra = new frmParcelle(Indice);
-    if (QMdiArea* Area = AreaParcelle ? AreaParcelle() : nullptr) {
+    if (QMdiArea* Area = Aperture.AreaParcelle ? Aperture.AreaParcelle() : nullptr) {
         QMdiSubWindow* Sotto = Area->addSubWindow(Finestra);
         Sotto->setAttribute(Qt::WA_DeleteOnClose, false);
         Sotto->setProperty("Tag", QString::number(Indice));
@@ -165,8 +166,8 @@ void DopoChiusura(frmParcelle* Finestra)
     if (ParcellaAperta())
         return;
     Protetta([&] { RicordaMisure(Finestra); });
-    if (UltimaParcellaChiusa)
-        UltimaParcellaChiusa();  // saves the frame's size, then ends a low session or brings the desktop back
+    if (Aperture.UltimaParcellaChiusa)
+        Aperture.UltimaParcellaChiusa();  // saves the frame's size, then ends a low session or brings the desktop back
     else if (sessione::ModoLow)
         Termina();
 }
@@ -265,8 +266,8 @@ void AttivaParcella(int Indice)
     } else {
         Finestra->activateWindow();
     }
-    if (ParcellaAttivata)
-        ParcellaAttivata(Indice);
+    if (Aperture.ParcellaAttivata)
+        Aperture.ParcellaAttivata(Indice);
 }
 
 bool ChiudiParcella(int Indice)

@@ -3,18 +3,7 @@
 
 #include <QString>
 
-#include <functional>
-
-class QMdiArea;
 class frmParcelle;
-
-/// The frame's client area that note windows live in; asking for it brings the frame up. Set at the start.
-inline std::function<QMdiArea*()> AreaParcelle;
-/// Called when the last note has closed: the frame goes and the desktop comes back. Set at the start.
-inline std::function<void()> UltimaParcellaChiusa;
-/// Called when a window was opened or activated by code: from then on it is the toolbar's target, even while
-/// another program has the focus.
-inline std::function<void(int Indice)> ParcellaAttivata;
 
 /// The window of a place, null when it was never made.
 [[nodiscard]] frmParcelle* Parcelle(int Indice);

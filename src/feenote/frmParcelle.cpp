@@ -2,6 +2,7 @@
 #include "feenote/frmParcelle.h"
 
 #include "core/comandi.h"
+#include "core/posti.h"
 #include "feenote/finestre.h"
 #include "feenote/modOnorari.h"
 #include "feenote/modParametri.h"

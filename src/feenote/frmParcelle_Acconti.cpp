@@ -1,7 +1,7 @@
 // Tab 3: payments on account, taxes, multiple note.
+#include "core/aperture.h"
 #include "feenote/frmParcelle.h"
 
-#include "core/comandi.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
 #include "feenote/modAcconti.h"

@@ -1,7 +1,8 @@
 // The client and the counterparty in the address book.
+#include "addressbook/richiesta.h"
+#include "core/aperture.h"
 #include "feenote/frmParcelle.h"
 
-#include "core/comandi.h"
 #include "feenote/modDatiStampa.h"
 #include "platform/campo.h"
 #include "platform/collega.h"

@@ -1,7 +1,7 @@
 // Tab 1: the catalogue of honoraria and the lines taken from it.
+#include "core/aperture.h"
 #include "feenote/frmParcelle.h"
 
-#include "core/comandi.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
 #include "feenote/barrarighe.h"

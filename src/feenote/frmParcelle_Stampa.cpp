@@ -1,4 +1,5 @@
 // Tab 4: the document, its data, the preview.
+#include "core/aperture.h"
 #include "feenote/frmParcelle.h"
 
 #include "core/comandi.h"

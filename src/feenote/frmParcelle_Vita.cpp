@@ -1,7 +1,7 @@
 // Life of the window: new, load, save, protect, close.
+#include "core/posti.h"
 #include "feenote/frmParcelle.h"
 
-#include "core/comandi.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
 #include "feenote/finestre.h"

@@ -3,6 +3,7 @@
 #include "core/comandi.h"
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
+#include "core/posti.h"
 #include "core/sessione.h"
 #include "platform/impostazioni.h"
 #include "platform/messaggi.h"

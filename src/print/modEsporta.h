@@ -1,6 +1,7 @@
 // Exports of a composed document, and the buttons of the print tab that lead to them.
 #pragma once
 
+#include "core/posti.h"
 #include "feenote/parcella.h"
 #include "platform/errore.h"
 #include "platform/superficie.h"

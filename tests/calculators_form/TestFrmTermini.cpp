@@ -3,6 +3,7 @@
 
 #include "bancotermini.h"
 
+#include "core/aperture.h"
 #include "platform/errore.h"
 
 #include <memory>

@@ -1,7 +1,7 @@
 // What the tests of the calculators' windows share: a fixed day, folders, everything opened written down.
 #pragma once
 
-#include "core/comandi.h"
+#include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/modFiltri.h"
 #include "core/sessione.h"

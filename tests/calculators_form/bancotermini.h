@@ -1,11 +1,11 @@
 // The bench of the tests of the calculators of terms: a fixed day, bells and pages written down.
 #pragma once
 
+#include "core/aperture.h"
 #include "supporto/finestre.h"
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 
-#include "core/comandi.h"
 #include "core/modFiltri.h"
 #include "core/sessione.h"
 #include "core/singola.h"

@@ -1,3 +1,5 @@
+#include "core/aperture.h"
+#include "core/posti.h"
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 
@@ -105,7 +107,7 @@ void TestComandi::RegistraAperture()
         Eventi << u"chiudi"_s + Numeri({Indice});
         return false;
     };
-    Aperture.Impostazioni = [this](int Quale) { Eventi << u"impostazioni"_s + Numeri({Quale}); };
+    Aperture.Impostazioni = [this](int Quale, bool) { Eventi << u"impostazioni"_s + Numeri({Quale}); };
     Aperture.Rubrica = Annota(u"rubrica"_s);
     Aperture.CodiceFiscale = Annota(u"codice fiscale"_s);
     Aperture.Contributo = Annota(u"contributo"_s);

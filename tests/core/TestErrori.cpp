@@ -1,3 +1,4 @@
+#include "core/aperture.h"
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 
@@ -45,13 +46,13 @@ void TestErrori::init()
     Shell Nuova;
     Nuova.Clessidra = [this](bool Attiva) { Eventi << (Attiva ? u"clessidra"_s : u"freccia"_s); };
     Precedente = InstallaShell(std::move(Nuova));
-    MostraTraccia = [this](const QString& Testo) { Eventi << Testo; };
+    Aperture.MostraTraccia = [this](const QString& Testo) { Eventi << Testo; };
 }
 
 void TestErrori::cleanup()
 {
     InstallaShell(std::move(Precedente));
-    MostraTraccia = nullptr;
+    Aperture.MostraTraccia = nullptr;
 }
 
 void TestErrori::mostraDescrizioneENumero()
@@ -152,7 +153,7 @@ void TestErrori::laPrimaVoceNonVaACapo()
 
 void TestErrori::tracciaSenzaScrivania()
 {
-    MostraTraccia = nullptr;
+    Aperture.MostraTraccia = nullptr;
     TraceDebug(u"a"_s);
     QCOMPARE(sessione::TestoDebug, u"- a"_s);
 }

@@ -1,3 +1,4 @@
+#include "core/aperture.h"
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 
@@ -101,7 +102,7 @@ void Sporca()
 void TestSessione::init()
 {
     AzzeraSessione();
-    MostraTraccia = nullptr;
+    Aperture.MostraTraccia = nullptr;
     const QString File = qEnvironmentVariable("XDG_CONFIG_HOME") + u"/Calcanova/KR5.ini"_s;
     if (EsisteFile(File))
         QVERIFY(QFile::remove(File));

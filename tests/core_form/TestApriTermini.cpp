@@ -4,6 +4,7 @@
 #include "calculators/frmTermini.h"
 #include "calculators/frmTerminiSeq.h"
 #include "core/apritori.h"
+#include "core/comandi.h"
 
 #include <memory>
 

@@ -4,8 +4,10 @@
 
 #include "compagna/compagna.h"
 #include "core/Main.h"
+#include "core/aperture.h"
 #include "core/apritori.h"
 #include "feenote_form/tavolo.h"
+#include "core/posti.h"
 #include "platform/orologio.h"
 #include "platform/segnale.h"
 
@@ -127,9 +129,9 @@ void TestAutomazione::cleanup()
     InstallaOrologio({});
     Box.reset();
     S.reset();
-    AreaParcelle = nullptr;
-    ParcellaAttivata = nullptr;
-    UltimaParcellaChiusa = nullptr;
+    Aperture.AreaParcelle = nullptr;
+    Aperture.ParcellaAttivata = nullptr;
+    Aperture.UltimaParcellaChiusa = nullptr;
 }
 
 void TestAutomazione::Conosci(const Compagna& Lei)

@@ -1,6 +1,7 @@
 #include "scena.h"
 
 #include "core/Main.h"
+#include "core/aperture.h"
 #include "core/apritori.h"
 #include "platform/aspetto.h"
 #include "update/frmWeb.h"

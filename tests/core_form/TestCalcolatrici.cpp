@@ -6,6 +6,7 @@
 #include "calculators/frmInteressi.h"
 #include "calculators/frmIstat.h"
 #include "core/apritori.h"
+#include "core/comandi.h"
 
 #include <QLineEdit>
 

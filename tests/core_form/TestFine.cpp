@@ -2,7 +2,10 @@
 #include "scena.h"
 
 #include "core/Main.h"
+#include "core/aperture.h"
 #include "core/apritori.h"
+#include "core/comandi.h"
+#include "core/posti.h"
 #include "feenote/finestre.h"
 #include "feenote/frmParcelle.h"
 #include "feenote/modFile.h"
@@ -92,9 +95,9 @@ void TestFine::cleanup()
     AzzeraFinestre();
     LasciaRecupero();
     S.reset();
-    AreaParcelle = nullptr;
-    ParcellaAttivata = nullptr;
-    UltimaParcellaChiusa = nullptr;
+    Aperture.AreaParcelle = nullptr;
+    Aperture.ParcellaAttivata = nullptr;
+    Aperture.UltimaParcellaChiusa = nullptr;
 }
 
 QString TestFine::FileDiNota(const QString& Riferimento) const

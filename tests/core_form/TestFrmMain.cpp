@@ -1,6 +1,8 @@
 #include "scena.h"
 
 #include "core/Main.h"
+#include "core/aperture.h"
+#include "core/posti.h"
 #include "platform/aspetto.h"
 #include "platform/campo.h"
 
@@ -236,7 +238,7 @@ void TestFrmMain::diciottoProcedure()
     Aperture.Istat = Annota(u"istat"_s);
     Aperture.CodiceFiscale = Annota(u"codfis"_s);
     Aperture.Aggiorna = Annota(u"upgrade"_s);
-    Aperture.Impostazioni = [this](int Scheda) { S->Annota(u"setup %1"_s.arg(Scheda)); };
+    Aperture.Impostazioni = [this](int Scheda, bool) { S->Annota(u"setup %1"_s.arg(Scheda)); };
     sessione::PercorsoProg = NuovaCartella();
     Box.Attendi(u"Documento "_s + sessione::PercorsoProg + u"GuidaOperativa.pdf non trovato!"_s);
     Cornice->ImpostaTag(u"5"_s);

@@ -1,6 +1,8 @@
 #include "scena.h"
 
+#include "core/aperture.h"
 #include "core/iconastudio.h"
+#include "core/posti.h"
 #include "platform/aspetto.h"
 
 #include <QImage>

@@ -1,6 +1,8 @@
 #include "scena.h"
 
 #include "core/Main.h"
+#include "core/aperture.h"
+#include "core/paginaavviso.h"
 
 #include <memory>
 

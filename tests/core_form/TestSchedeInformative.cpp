@@ -2,6 +2,7 @@
 // built.
 #include "feenote_form/tavolo.h"
 
+#include "core/aperture.h"
 #include "core/apritori.h"
 #include "core/modErrori.h"
 #include "core/singola.h"
@@ -93,9 +94,9 @@ void TestSchedeInformative::init()
     T = std::make_unique<Tavolo>();
     RiempiApritori();
     InstallaUltimaRete([](const Errore& Guasto) { GestioneErrori(Guasto); });
-    AreaParcelle = {};  // the note stands by itself
-    ParcellaAttivata = {};
-    UltimaParcellaChiusa = {};
+    Aperture.AreaParcelle = {};  // the note stands by itself
+    Aperture.ParcellaAttivata = {};
+    Aperture.UltimaParcellaChiusa = {};
     F = Tavolo::Apri();
     QVERIFY(F && !Visore());
 }

@@ -4,8 +4,11 @@
 
 #include "compagna/compagna.h"
 #include "core/Main.h"
+#include "core/aperture.h"
 #include "core/apritori.h"
 #include "feenote_form/selettore.h"
+#include "core/comandi.h"
+#include "core/posti.h"
 #include "platform/orologio.h"
 #include "platform/segnale.h"
 
@@ -95,9 +98,9 @@ void TestStradaPratica::cleanup()
     S.reset();
     InstallaOrologio({});
     InstallaFiltro({});
-    AreaParcelle = nullptr;
-    ParcellaAttivata = nullptr;
-    UltimaParcellaChiusa = nullptr;
+    Aperture.AreaParcelle = nullptr;
+    Aperture.ParcellaAttivata = nullptr;
+    Aperture.UltimaParcellaChiusa = nullptr;
 }
 
 int TestStradaPratica::Aggiungi(const QString& Tabella, const QString& Nominativo)

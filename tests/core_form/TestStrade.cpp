@@ -1,8 +1,11 @@
 #include "scena.h"
 
 #include "core/Main.h"
+#include "core/aperture.h"
 #include "core/apritori.h"
+#include "core/comandi.h"
 #include "core/iconastudio.h"
+#include "core/posti.h"
 #include "feenote/finestre.h"
 #include "feenote/frmParcelle.h"
 #include "platform/campo.h"
@@ -60,9 +63,9 @@ void TestStrade::cleanup()
 {
     AzzeraFinestre();
     S.reset();
-    AreaParcelle = nullptr;
-    ParcellaAttivata = nullptr;
-    UltimaParcellaChiusa = nullptr;
+    Aperture.AreaParcelle = nullptr;
+    Aperture.ParcellaAttivata = nullptr;
+    Aperture.UltimaParcellaChiusa = nullptr;
 }
 
 void TestStrade::dallIconaAllaCorniceERitorno()

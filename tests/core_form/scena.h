@@ -1,11 +1,13 @@
 // The stage of the tests of the start: no settings, no session, no windows, everything opened written down.
 #pragma once
 
+#include "core/aperture.h"
+#include "core/posti.h"
 #include "supporto/finestre.h"
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 
-#include "core/comandi.h"
+#include "core/Main.h"
 #include "core/frmMain.h"
 #include "core/frmSetup.h"
 #include "core/frmStudio.h"
@@ -33,6 +35,7 @@ public:
         AzzeraParcelle();
         IconeUtente.Azzera(ColonneIcona);
         Aperture = {};
+        CollegaFinestre();
         QFile::remove(FileImpostazioni());
         Shell Nuova;
         Nuova.ApriIndirizzo = [this](const QString& Indirizzo) {
@@ -56,7 +59,7 @@ public:
         delete SeCaricato<frmSetup>.data();
         Respiro();
         InstallaShell(std::move(Precedente));
-        MostraTraccia = nullptr;
+        Aperture.MostraTraccia = nullptr;
         Aperture = {};
         AzzeraParcelle();
         AzzeraSessione();
@@ -85,6 +88,20 @@ public:
     {
         Eventi << Evento;
         return 0;
+    }
+
+    /// What the windows of the start ask of one another; all else is a test's own.
+    static void CollegaFinestre()
+    {
+        Aperture.UltimaParcellaChiusa = DopoUltimaParcella;
+        Aperture.Impostazioni = [](int Scheda, bool Modale) {
+            if (Modale)
+                Singola<frmSetup>().MostraModale(Scheda);
+        };
+        Aperture.ImpostazioniCambiate = [] {
+            if (const auto& Studio = SeCaricato<frmStudio>)
+                Studio->SegnaRidisegno();
+        };
     }
 
     static QString FileImpostazioni()

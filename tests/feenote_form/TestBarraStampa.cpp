@@ -1,6 +1,7 @@
 // The toolbar over the preview: its buttons, paper of another size, an editor of the user's own.
 #include "tavolo.h"
 
+#include "core/posti.h"
 #include "platform/shell.h"
 #include "platform/shell_qt.h"
 #include "platform/stampante.h"

@@ -1,6 +1,8 @@
 // The buttons that lead to the address book, and what comes back from it.
 #include "tavolo.h"
 
+#include "addressbook/richiesta.h"
+#include "core/aperture.h"
 #include "platform/vistastampa.h"
 
 #include <QPlainTextEdit>

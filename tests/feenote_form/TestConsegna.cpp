@@ -3,6 +3,7 @@
 
 #include "compagna/archivio.h"
 #include "core/modErrori.h"
+#include "core/posti.h"
 #include "feenote/modNumeraFattura.h"
 #include "feenote/modPV2.h"
 #include "platform/collega.h"

@@ -1,6 +1,7 @@
 // Two programs on the same notes, and one killed at any moment: what is on screen or on the disk is not lost.
 #include "tavolo.h"
 
+#include "core/posti.h"
 #include "platform/database.h"
 
 #include <QLockFile>

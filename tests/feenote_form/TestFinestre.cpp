@@ -1,6 +1,8 @@
 // Windows of notes in their frame: places, captions, pairs, sizes.
 #include "tavolo.h"
 
+#include "core/aperture.h"
+#include "core/posti.h"
 #include "platform/impostazioni.h"
 
 #include <QDir>
@@ -79,7 +81,7 @@ void TestFinestre::init()
     Cornice->setCentralWidget(Area);
     Cornice->resize(1300, 740);
     QVERIFY(MostraAttiva(*Cornice));
-    AreaParcelle = [this] { return Area; };
+    Aperture.AreaParcelle = [this] { return Area; };
 }
 
 void TestFinestre::cleanup()
@@ -228,7 +230,7 @@ void TestFinestre::ilTagPrimaDiMostrarsi()
             Visti.append(Quale->property("Tag").toString());
     });
     QList<int> Attivate;
-    ParcellaAttivata = [&](int Indice) { Attivate.append(Indice); };
+    Aperture.ParcellaAttivata = [&](int Indice) { Attivate.append(Indice); };
     ApriParcella({}, 0, {});
     Parcelle(1)->SetModificata(true);
     ApriParcella({}, 0, {});
@@ -299,7 +301,7 @@ void TestFinestre::chiudendoLaPrincipaleVaLaCompagna()
     ApriParcella({}, 1, {});
     Parcelle(1)->SetModificata(false);
     int Ultime = 0;
-    UltimaParcellaChiusa = [&] { ++Ultime; };
+    Aperture.UltimaParcellaChiusa = [&] { ++Ultime; };
     QVERIFY(ChiudiParcella(1));
     QVERIFY(InfoParcelle[1].Libera && InfoParcelle[2].Libera);
     QCOMPARE(Ultime, 1);
@@ -361,7 +363,7 @@ void TestFinestre::ilPostoRiusatoScioglieLaCoppia()
 void TestFinestre::lUltimaChiama()
 {
     int Ultime = 0;
-    UltimaParcellaChiusa = [&] { ++Ultime; };
+    Aperture.UltimaParcellaChiusa = [&] { ++Ultime; };
     ApriParcella({}, 0, {});
     Parcelle(1)->SetModificata(true);
     ApriParcella({}, 0, {});
@@ -384,7 +386,7 @@ void TestFinestre::leMisureCheNonSiScrivono()
     QDir().mkpath(File);
     T->Voce.Tollera();
     int Ultime = 0;
-    UltimaParcellaChiusa = [&] { ++Ultime; };
+    Aperture.UltimaParcellaChiusa = [&] { ++Ultime; };
     QVERIFY(ChiudiParcella(1));
     QDir(File).removeRecursively();
     ScriviFile(File, Contenuto);

@@ -1,4 +1,6 @@
 // Templates: saved, reopened, safe from the next save.
+#include "core/comandi.h"
+#include "core/posti.h"
 #include "salvataggi.h"
 
 using namespace Qt::StringLiterals;

@@ -1,6 +1,9 @@
 // The password of a note: set, asked for, kept.
 #include "salvataggi.h"
 
+#include "core/aperture.h"
+#include "core/comandi.h"
+#include "core/posti.h"
 #include "feenote/modSalvataggio.h"
 #include "platform/messaggi_qt.h"
 

@@ -1,4 +1,5 @@
 // Recovery copies: kept while changes are unsaved, found after a kill, offered, taken over.
+#include "core/posti.h"
 #include "tavolo.h"
 
 #include <QElapsedTimer>

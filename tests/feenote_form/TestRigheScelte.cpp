@@ -1,6 +1,7 @@
 // What is done with selected lines by mouse and keyboard: cut, copy, paste, undo, delete, drag.
 #include "selettore.h"
 
+#include "core/aperture.h"
 #include "platform/shell.h"
 
 using namespace Qt::StringLiterals;

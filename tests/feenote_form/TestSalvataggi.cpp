@@ -1,6 +1,8 @@
 // The save: names, overwriting, and everything that keeps a file from being written.
 #include "salvataggi.h"
 
+#include "core/comandi.h"
+#include "core/posti.h"
 #include "platform/messaggi_qt.h"
 
 #include <QMessageBox>

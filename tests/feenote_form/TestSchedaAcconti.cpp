@@ -1,4 +1,6 @@
 // Tab 3 by mouse and keyboard: payments on account, percentages and their switches.
+#include "core/aperture.h"
+#include "core/posti.h"
 #include "tavolo.h"
 
 using namespace Qt::StringLiterals;

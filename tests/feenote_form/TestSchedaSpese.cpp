@@ -1,4 +1,5 @@
 // Tab 2 by mouse and keyboard: expense items and the amounts typed into them.
+#include "core/posti.h"
 #include "tavolo.h"
 
 using namespace Qt::StringLiterals;

@@ -1,6 +1,9 @@
 // Tab 4 by mouse and keyboard: the document, its data, what composes it anew.
 #include "tavolo.h"
 
+#include "core/aperture.h"
+#include "core/comandi.h"
+#include "core/posti.h"
 #include "feenote/modDatiStampa.h"
 #include "platform/shell.h"
 #include "platform/stampante.h"

@@ -1,4 +1,5 @@
 // Whole uses: a civil, a criminal and an out-of-court note made by hand, saved, closed, opened again.
+#include "core/posti.h"
 #include "tavolo.h"
 
 using namespace Qt::StringLiterals;

@@ -1,6 +1,9 @@
 // Life of the window: a save, the moves between its tabs, the close with its questions.
 #include "salvataggi.h"
 
+#include "core/aperture.h"
+#include "core/comandi.h"
+#include "core/posti.h"
 #include "platform/database.h"
 #include "platform/messaggi_qt.h"
 #include "platform/shell.h"
@@ -214,7 +217,7 @@ void TestVita::frecciaIndietroChiude()
     F->SetModificata(false);
     T->Voce.Attendi(u"Confermi il ritorno al menu iniziale?"_s, vbYes, u"Domanda:"_s);
     bool Ultima = false;
-    UltimaParcellaChiusa = [&] { Ultima = true; };
+    Aperture.UltimaParcellaChiusa = [&] { Ultima = true; };
     Clic(Controllo(F, "imgPrev"));
     QVERIFY(InfoParcelle[1].Libera);
     QVERIFY2(Ultima, "dopo l'ultima torna il menu");
@@ -373,7 +376,7 @@ void TestVita::laNotaDiUnaPraticaFinisceIlProgramma()
     Shell Suo;
     Suo.Termina = [&](int) { ++Fini; };
     const Shell Prima = InstallaShell(Suo);
-    UltimaParcellaChiusa = [&] { ++Ultime; };
+    Aperture.UltimaParcellaChiusa = [&] { ++Ultime; };
     sessione::RichiestaPV2.ID = u"AB12"_s;
     Tocca(F);
     T->Voce.Attendi(u"Nuova parcella\nVuoi salvare la parcella prima di chiudere?"_s, vbCancel);

@@ -1,6 +1,8 @@
 // What the tests of the save share: its messages, a note that is touched, a note that is saved.
 #pragma once
 
+#include "core/comandi.h"
+#include "core/posti.h"
 #include "tavolo.h"
 
 namespace salvataggi {

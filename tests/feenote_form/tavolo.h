@@ -1,7 +1,7 @@
 // What the tests of the fee-note window share: an office with windows on screen, and hands to use them.
 #pragma once
 
-#include "core/comandi.h"
+#include "core/aperture.h"
 #include "core/modFiltri.h"
 #include "feenote/file_prova.h"
 #include "feenote/finestre.h"
@@ -48,9 +48,9 @@ public:
         AzzeraFinestre();
         LasciaRecupero();
         Aperture = {};
-        AreaParcelle = {};
-        UltimaParcellaChiusa = {};
-        ParcellaAttivata = {};
+        Aperture.AreaParcelle = {};
+        Aperture.UltimaParcellaChiusa = {};
+        Aperture.ParcellaAttivata = {};
         InstallaFiltro({});
     }
     Tavolo(const Tavolo&) = delete;

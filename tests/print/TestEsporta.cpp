@@ -1,9 +1,9 @@
+#include "core/posti.h"
 #include "supporto/guasti.h"
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 
 #include "campioni.h"
-#include "core/comandi.h"
 #include "platform/impostazioni.h"
 #include "platform/percorsi.h"
 #include "platform/shell.h"
