@@ -1,7 +1,8 @@
 #include "feenote/modDatiStampa.h"
 
+#include "addressbook/modClienti.h"
 #include "core/sessione.h"
-#include "feenote/modClienti.h"
+#include "feenote/modBloccoCliente.h"
 #include "feenote/modTotali.h"
 #include "platform/messaggi.h"
 

@@ -1,9 +1,9 @@
 #include "feenote/modDocumento.h"
 
+#include "addressbook/modClienti.h"
 #include "core/modErrori.h"
 #include "core/modTesti.h"
 #include "core/sessione.h"
-#include "feenote/modClienti.h"
 #include "feenote/modDatiStampa.h"
 #include "feenote/modParametri.h"
 #include "feenote/modTotali.h"

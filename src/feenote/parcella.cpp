@@ -1,8 +1,8 @@
 #include "feenote/parcella.h"
 
+#include "addressbook/modClienti.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
-#include "feenote/modClienti.h"
 #include "feenote/modParametri.h"
 #include "feenote/modTotali.h"
 #include "feenote/modVariazione.h"

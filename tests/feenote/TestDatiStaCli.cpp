@@ -1,6 +1,8 @@
 #include "supporto/prova.h"
 
-#include "feenote/modClienti.h"
+#include "addressbook/modClienti.h"
+#include "feenote/modBloccoCliente.h"
+
 #include "nota_prova.h"
 
 #include <QDate>

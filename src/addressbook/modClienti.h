@@ -1,7 +1,5 @@
-// Clients and counterparties in the law-office database, and how a document words the client.
+// The rows of clients and counterparties in the law-office database.
 #pragma once
-
-#include "feenote/parcella.h"
 
 #include <QString>
 
@@ -31,14 +29,3 @@ struct DatiCliente
 [[nodiscard]] std::optional<DatiCliente> LeggiCliente(int IDCli);
 /// A legal representative, or a tax code of the eleven digits that no person's has, makes it a company.
 [[nodiscard]] bool ESocieta(const DatiCliente& Cliente);
-
-/// The client block of a document in one of its forms; empty for FormaBlocco::Nessuna.
-[[nodiscard]] QString BloccoCliente(const DatiCliente& Cliente, FormaBlocco Forma);
-
-/// Composes txtDatiStaCli from the client of the note: the archive's row while there is a link, the text of
-/// txtCliente otherwise. Nothing changes for a note without a client, for a document that names none, and
-/// for a link that leads nowhere, which is told: "Cliente non trovato!".
-///
-/// A company's block brings the representative of its row along, once for each client: what the user writes
-/// over it stays until the client changes.
-void GetDatiStaCli(Parcella& Nota, FormaBlocco Forma);
