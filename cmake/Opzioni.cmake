@@ -35,9 +35,6 @@ if(CALCANOVA_FUZZ)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
-# One precompiled header for everything that stands on Qt Core alone.
-set(PCH_CORE ${CMAKE_SOURCE_DIR}/cmake/pch_core.h)
-
 # cartella(<name> SOURCES ... LINKS ...): the logic target of a folder of src/. It sees Qt Core and
 # the targets it names, never a widget.
 function(cartella Nome)
@@ -45,15 +42,8 @@ function(cartella Nome)
     add_library(${Nome} STATIC ${A_SOURCES})
     target_include_directories(${Nome} PUBLIC ${CMAKE_SOURCE_DIR}/src)
     target_link_libraries(${Nome} PUBLIC Qt6::Core ${A_LINKS} PRIVATE opzioni ${A_PRIVATE_LINKS})
-    if(TARGET platform AND NOT Nome STREQUAL platform)
-        target_precompile_headers(${Nome} REUSE_FROM platform)
-    else()
-        target_precompile_headers(${Nome} PRIVATE ${PCH_CORE})
-    endif()
+    target_precompile_headers(${Nome} REUSE_FROM platform_base)
 endfunction()
-
-# One more for everything that shows windows.
-set(PCH_WIDGETS ${CMAKE_SOURCE_DIR}/cmake/pch_widgets.h)
 
 # cartella_form(<name> SOURCES ... LINKS ...): the forms of a folder of src/, on top of its logic. Designer
 # files stand among the sources.

@@ -1,6 +1,6 @@
 // Files of sections and keys: any bytes are read, a key is written, and nothing else may change.
-#include "platform/errore.h"
-#include "platform/paginacodice.h"
+#include "platform/base/errore.h"
+#include "platform/base/paginacodice.h"
 #include "platform/profilo.h"
 
 #include <QFile>

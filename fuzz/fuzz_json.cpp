@@ -1,7 +1,7 @@
 // Descriptions of fee notes: any bytes give a note or an error, and a note can always be told as JSON.
 #include "core/sessione.h"
 #include "feenote/modDescrizione.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "platform/messaggi.h"
 
 #include <QJsonDocument>

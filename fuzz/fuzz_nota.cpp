@@ -6,7 +6,7 @@
 #include "feenote/modDescrizione.h"
 #include "feenote/modDocumento.h"
 #include "feenote/modFile.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "platform/messaggi.h"
 
 #include <QFile>

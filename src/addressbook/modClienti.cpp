@@ -1,9 +1,9 @@
 #include "addressbook/modClienti.h"
 
 #include "core/sessione.h"
+#include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 #include "platform/database.h"
-#include "platform/errore.h"
-#include "platform/regionale.h"
 
 #include <QDate>
 

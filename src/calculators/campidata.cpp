@@ -1,6 +1,6 @@
 #include "calculators/campidata.h"
 
-#include "calculators/datatesto.h"
+#include "platform/base/datatesto.h"
 #include "platform/campo.h"
 #include "platform/mascheradata.h"
 

@@ -1,12 +1,12 @@
 #include "calculators/frmCodFis.h"
 
 #include "calculators/campidata.h"
-#include "calculators/datatesto.h"
 #include "calculators/finestracalcolo.h"
 #include "calculators/gestimodulo.h"
 #include "calculators/modCodFis.h"
 #include "core/modErrori.h"
 #include "platform/aspetto.h"
+#include "platform/base/datatesto.h"
 #include "platform/campo.h"
 #include "platform/collega.h"
 

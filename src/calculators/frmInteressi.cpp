@@ -8,11 +8,11 @@
 #include "core/modLancio.h"
 #include "core/sessione.h"
 #include "platform/aspetto.h"
+#include "platform/base/regionale.h"
 #include "platform/calendario.h"
 #include "platform/campo.h"
 #include "platform/collega.h"
 #include "platform/orologio.h"
-#include "platform/regionale.h"
 
 #include "ui_frmInteressi.h"
 

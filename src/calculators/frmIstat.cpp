@@ -6,9 +6,9 @@
 #include "calculators/modTassi.h"
 #include "core/modErrori.h"
 #include "platform/aspetto.h"
+#include "platform/base/regionale.h"
 #include "platform/campo.h"
 #include "platform/collega.h"
-#include "platform/regionale.h"
 #include "platform/shell.h"
 
 #include "ui_frmIstat.h"

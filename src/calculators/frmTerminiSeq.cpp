@@ -1,16 +1,16 @@
 #include "calculators/frmTerminiSeq.h"
 
-#include "calculators/datatesto.h"
 #include "calculators/finestracalcolo.h"
 #include "calculators/finestretermini.h"
 #include "calculators/modStampaTermini.h"
 #include "core/modErrori.h"
 #include "platform/aspetto.h"
+#include "platform/base/datatesto.h"
+#include "platform/base/regionale.h"
 #include "platform/calendario.h"
 #include "platform/campo.h"
 #include "platform/collega.h"
 #include "platform/orologio.h"
-#include "platform/regionale.h"
 #include "platform/shell.h"
 #include "print/frmPrint.h"
 

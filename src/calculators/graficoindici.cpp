@@ -2,8 +2,8 @@
 
 #include "core/sessione.h"
 #include "platform/aspetto.h"
-#include "platform/nomidate.h"
-#include "platform/regionale.h"
+#include "platform/base/nomidate.h"
+#include "platform/base/regionale.h"
 
 #include <QPainterPath>
 #include <QToolTip>

@@ -1,8 +1,8 @@
 // The municipalities, and the lookup that completes a name while it is typed.
 #pragma once
 
+#include "platform/base/errore.h"
 #include "platform/database.h"
-#include "platform/errore.h"
 
 #include <QList>
 #include <QString>

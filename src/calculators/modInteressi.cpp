@@ -2,10 +2,10 @@
 
 #include "calculators/modTassi.h"
 #include "core/modTesti.h"
+#include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 #include "platform/database.h"
-#include "platform/errore.h"
 #include "platform/messaggi.h"
-#include "platform/regionale.h"
 
 #include <cmath>
 #include <limits>

@@ -4,7 +4,7 @@
 // the divisor is 365 in every year, nothing is capitalised. Rates are percent a year in single precision.
 #pragma once
 
-#include "platform/tabellarighe.h"
+#include "platform/base/tabellarighe.h"
 
 #include <QString>
 #include <QStringView>

@@ -3,12 +3,12 @@
 #include "calculators/modTassi.h"
 #include "core/modTesti.h"
 #include "core/sessione.h"
+#include "platform/base/errore.h"
+#include "platform/base/nomidate.h"
+#include "platform/base/regionale.h"
 #include "platform/database.h"
-#include "platform/errore.h"
 #include "platform/messaggi.h"
-#include "platform/nomidate.h"
 #include "platform/orologio.h"
-#include "platform/regionale.h"
 
 #include <cmath>
 

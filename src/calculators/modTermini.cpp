@@ -1,10 +1,10 @@
 #include "calculators/modTermini.h"
 
-#include "calculators/datatesto.h"
 #include "core/modTesti.h"
-#include "platform/errore.h"
+#include "platform/base/datatesto.h"
+#include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 #include "platform/messaggi.h"
-#include "platform/regionale.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 #include "calculators/modTerminiSeq.h"
 
-#include "calculators/datatesto.h"
 #include "core/modTesti.h"
-#include "platform/errore.h"
-#include "platform/regionale.h"
+#include "platform/base/datatesto.h"
+#include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 
 using namespace Qt::StringLiterals;
 

@@ -10,10 +10,10 @@
 #include "calculators/modTassi.h"
 #include "calculators/modTerminiSeq.h"
 #include "core/sessione.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 #include "platform/messaggi.h"
 #include "platform/percorsi.h"
-#include "platform/regionale.h"
 
 #include <QJsonArray>
 #include <QRegularExpression>

@@ -5,7 +5,7 @@
 #include "feenote/modDescrizione.h"
 #include "feenote/modDocumento.h"
 #include "feenote/modFile.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "platform/impaginazione.h"
 #include "platform/percorsi.h"
 #include "print/modEsporta.h"

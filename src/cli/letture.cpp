@@ -1,7 +1,7 @@
 #include "cli/letture.h"
 
-#include "platform/errore.h"
-#include "platform/regionale.h"
+#include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 
 using namespace Qt::StringLiterals;
 

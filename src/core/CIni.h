@@ -1,7 +1,7 @@
 // Files of sections and keys: kr5.ini, templates.ini, avvisokr5.ini.
 #pragma once
 
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 
 #include <QString>
 

@@ -17,8 +17,8 @@
 #include "feenote/finestre.h"
 #include "feenote/frmParcelle.h"
 #include "platform/aspetto.h"
+#include "platform/base/errore.h"
 #include "platform/collega.h"
-#include "platform/errore.h"
 #include "platform/messaggi.h"
 #include "update/frmWeb.h"
 

@@ -1,11 +1,11 @@
 #include "core/modAvvio.h"
 
 #include "core/modErrori.h"
+#include "platform/base/nomidate.h"
+#include "platform/base/regionale.h"
 #include "platform/impostazioni.h"
 #include "platform/messaggi.h"
-#include "platform/nomidate.h"
 #include "platform/percorsi.h"
-#include "platform/regionale.h"
 #include "platform/shell.h"
 
 #include <algorithm>

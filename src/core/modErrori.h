@@ -1,7 +1,7 @@
 // The uniform error report and the label around procedures.
 #pragma once
 
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 
 #include <QString>
 

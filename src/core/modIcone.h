@@ -1,7 +1,7 @@
 // The user's icons: what kr5.ini holds of them, and where they stand on the desktop.
 #pragma once
 
-#include "platform/tabellarighe.h"
+#include "platform/base/tabellarighe.h"
 
 #include <QPoint>
 #include <QString>

@@ -1,7 +1,7 @@
 #include "core/modTesti.h"
 
 #include "core/sessione.h"
-#include "platform/nomidate.h"
+#include "platform/base/nomidate.h"
 #include "platform/shell.h"
 
 #include <algorithm>

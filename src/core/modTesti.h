@@ -1,8 +1,8 @@
 // Helpers for texts, numbers and dates that the whole program shares.
 #pragma once
 
+#include "platform/base/regionale.h"
 #include "platform/percorsi.h"
-#include "platform/regionale.h"
 
 #include <QDate>
 #include <QList>

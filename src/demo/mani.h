@@ -1,7 +1,7 @@
 // Hands that use real windows: clicks, keys, choices, cells. Whatever they do not find ends the script.
 #pragma once
 
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 
 #include <QPoint>
 #include <QString>

@@ -7,7 +7,7 @@
 #include "feenote/modAppunti.h"
 #include "feenote/modGraduazione.h"
 #include "feenote/parcella.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "tariffs/modTariffe.h"
 
 #include <QScopedValueRollback>

@@ -8,7 +8,7 @@
 #include "feenote/modSpese.h"
 #include "feenote/modTotali.h"
 #include "feenote/modVariazione.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 
 #include <QJsonDocument>
 

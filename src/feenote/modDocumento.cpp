@@ -8,9 +8,9 @@
 #include "feenote/modParametri.h"
 #include "feenote/modTotali.h"
 #include "feenote/modVariazione.h"
+#include "platform/base/paginacodice.h"
 #include "platform/messaggi.h"
 #include "platform/percorsi.h"
-#include "platform/paginacodice.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,9 +1,9 @@
 #include "feenote/modFile.h"
 
 #include "feenote/modDocumento.h"
+#include "platform/base/errore.h"
 #include "platform/blocco.h"
 #include "platform/database.h"
-#include "platform/errore.h"
 #include "platform/percorsi.h"
 
 #include <QFileInfo>

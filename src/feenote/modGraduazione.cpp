@@ -1,8 +1,8 @@
 #include "feenote/modGraduazione.h"
 
 #include "core/modErrori.h"
+#include "platform/base/regionale.h"
 #include "platform/messaggi.h"
-#include "platform/regionale.h"
 #include "tariffs/modTariffe.h"
 
 using namespace Qt::StringLiterals;

@@ -3,8 +3,8 @@
 #include "core/sessione.h"
 #include "feenote/modDocumento.h"
 #include "feenote/modFile.h"
+#include "platform/base/errore.h"
 #include "platform/blocco.h"
-#include "platform/errore.h"
 #include "platform/percorsi.h"
 
 #include <QCoreApplication>

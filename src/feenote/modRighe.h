@@ -1,7 +1,7 @@
 // The three line tables: their columns, where a new line goes, their sums.
 #pragma once
 
-#include "platform/tabellarighe.h"
+#include "platform/base/tabellarighe.h"
 
 #include <optional>
 

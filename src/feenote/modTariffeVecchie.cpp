@@ -1,6 +1,6 @@
 #include "feenote/modTariffeVecchie.h"
 
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 
 using namespace Qt::StringLiterals;
 

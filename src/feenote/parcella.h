@@ -6,8 +6,8 @@
 #pragma once
 
 #include "feenote/modRighe.h"
-#include "platform/regionale.h"
-#include "platform/tabellarighe.h"
+#include "platform/base/regionale.h"
+#include "platform/base/tabellarighe.h"
 #include "tariffs/modTariffe.h"
 
 #include <QList>

@@ -3,8 +3,8 @@
 #include "core/modErrori.h"
 #include "feenote/modDocumento.h"
 #include "feenote/modOnorari.h"
-#include "platform/errore.h"
-#include "platform/regionale.h"
+#include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
 // How a table's name or a SELECT becomes a set of rows.
+#include "platform/base/errore.h"
 #include "platform/criterio.h"
-#include "platform/errore.h"
 #include "platform/insieme.h"
 #include "platform/selezione.h"
 #include "platform/valori.h"

@@ -1,9 +1,9 @@
 #include "platform/campo.h"
 
+#include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 #include "platform/collega.h"
-#include "platform/errore.h"
 #include "platform/messaggi.h"
-#include "platform/regionale.h"
 
 #include <QApplication>
 #include <QComboBox>

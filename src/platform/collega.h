@@ -1,7 +1,7 @@
 // Connecting the signals of controls, with the last net around every event procedure.
 #pragma once
 
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 
 #include <QObject>
 

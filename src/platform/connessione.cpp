@@ -1,6 +1,6 @@
 #include "platform/connessione.h"
 
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "platform/valori.h"
 
 #include <sqlite3.h>

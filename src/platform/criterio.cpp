@@ -1,8 +1,8 @@
 #include "platform/criterio.h"
 
+#include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 #include "platform/connessione.h"
-#include "platform/errore.h"
-#include "platform/regionale.h"
 #include "platform/valori.h"
 
 #include <array>

@@ -1,7 +1,7 @@
 #include "platform/database.h"
 
+#include "platform/base/errore.h"
 #include "platform/connessione.h"
-#include "platform/errore.h"
 #include "platform/percorsi.h"
 
 QString Database::Percorso() const

@@ -1,6 +1,6 @@
 // What the program adds to the engine's SQL: a collation and two functions, for its own queries only.
+#include "platform/base/regionale.h"
 #include "platform/connessione.h"
-#include "platform/regionale.h"
 #include "platform/somiglianza.h"
 #include "platform/valori.h"
 

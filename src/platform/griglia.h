@@ -1,9 +1,9 @@
 // The grid: rows of a TabellaRighe (or of a recordset) with footers, a row selector and cell editing.
 #pragma once
 
+#include "platform/base/tabellarighe.h"
 #include "platform/campo.h"
 #include "platform/recordset.h"
-#include "platform/tabellarighe.h"
 
 #include <QList>
 #include <QString>

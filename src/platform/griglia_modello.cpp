@@ -1,7 +1,7 @@
 #include "platform/griglia_modello.h"
 
-#include "platform/errore.h"
-#include "platform/regionale.h"
+#include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 
 #include <algorithm>
 

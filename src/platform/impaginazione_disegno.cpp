@@ -1,5 +1,5 @@
 // The pages on paper: painting, printing, PDF.
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "platform/impaginata.h"
 #include "platform/percorsi.h"
 

@@ -1,6 +1,6 @@
 #include "platform/impostazioni.h"
 
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 
 #include <QSettings>
 #include <QStringList>

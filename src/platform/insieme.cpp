@@ -1,7 +1,7 @@
 #include "platform/insieme.h"
 
+#include "platform/base/errore.h"
 #include "platform/criterio.h"
-#include "platform/errore.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,6 @@
 #include "platform/lettorertf_parole.h"
 
-#include "platform/paginacodice.h"
+#include "platform/base/paginacodice.h"
 #include "platform/superficie.h"
 
 #include <algorithm>

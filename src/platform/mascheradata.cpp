@@ -1,7 +1,7 @@
 #include "platform/mascheradata.h"
 
+#include "platform/base/regionale.h"
 #include "platform/collega.h"
-#include "platform/regionale.h"
 
 #include <QAction>
 #include <QApplication>

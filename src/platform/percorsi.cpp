@@ -1,6 +1,6 @@
 #include "platform/percorsi.h"
 
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 
 #include <QDateTime>
 #include <QDir>

@@ -1,7 +1,7 @@
 #include "platform/profilo.h"
 
-#include "platform/errore.h"
-#include "platform/paginacodice.h"
+#include "platform/base/errore.h"
+#include "platform/base/paginacodice.h"
 #include "platform/percorsi.h"
 
 #include <QByteArrayView>

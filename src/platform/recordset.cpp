@@ -1,7 +1,7 @@
 #include "platform/recordset.h"
 
+#include "platform/base/errore.h"
 #include "platform/criterio.h"
-#include "platform/errore.h"
 #include "platform/insieme.h"
 #include "platform/valori.h"
 

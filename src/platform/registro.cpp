@@ -1,7 +1,7 @@
 // How a file becomes a connection: the checks at the door and the register of what is open.
 #include "platform/connessione.h"
 
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "platform/percorsi.h"
 
 #include <QDir>

@@ -2,8 +2,8 @@
 //
 // A find asks the engine for the keys of the rows that meet the criterion and looks which of them comes
 // first in the set's own order; no row is fetched.
+#include "platform/base/errore.h"
 #include "platform/criterio.h"
-#include "platform/errore.h"
 #include "platform/insieme.h"
 #include "platform/valori.h"
 

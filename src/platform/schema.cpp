@@ -1,8 +1,8 @@
 // Tables, columns and their side table `_Campi`, which keeps what SQLite has no place for: the engine's
 // type code, the size and the description of each field.
+#include "platform/base/errore.h"
 #include "platform/connessione.h"
 #include "platform/criterio.h"
-#include "platform/errore.h"
 #include "platform/valori.h"
 
 #include <QHash>

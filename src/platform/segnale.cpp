@@ -1,7 +1,7 @@
 #include "platform/segnale.h"
 
+#include "platform/base/paginacodice.h"
 #include "platform/percorsi.h"
-#include "platform/paginacodice.h"
 #include "platform/shell.h"
 
 #include <QStandardPaths>

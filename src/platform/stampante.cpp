@@ -1,6 +1,6 @@
 #include "platform/stampante.h"
 
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "platform/messaggi.h"
 #include "platform/percorsi.h"
 #include "platform/shell.h"

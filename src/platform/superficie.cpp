@@ -1,9 +1,9 @@
 #include "platform/superficie.h"
 
-#include "platform/errore.h"
+#include "platform/base/errore.h"
+#include "platform/base/paginacodice.h"
+#include "platform/base/regionale.h"
 #include "platform/lettorertf.h"
-#include "platform/paginacodice.h"
-#include "platform/regionale.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,7 +1,7 @@
 #include "platform/valori.h"
 
-#include "platform/errore.h"
-#include "platform/regionale.h"
+#include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 
 #include <QDateTime>
 #include <QRegularExpression>

@@ -3,7 +3,7 @@
 
 #include "core/posti.h"
 #include "feenote/parcella.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "platform/superficie.h"
 
 #include <QByteArray>

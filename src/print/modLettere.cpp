@@ -1,6 +1,6 @@
 #include "print/modLettere.h"
 
-#include "platform/regionale.h"
+#include "platform/base/regionale.h"
 
 #include <array>
 #include <cmath>

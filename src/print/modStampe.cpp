@@ -1,8 +1,8 @@
 #include "print/modStampe.h"
 
-#include "platform/errore.h"
+#include "platform/base/errore.h"
+#include "platform/base/paginacodice.h"
 #include "platform/percorsi.h"
-#include "platform/paginacodice.h"
 #include "print/modContratto.h"
 #include "print/modCorpo.h"
 #include "print/modFatture.h"

@@ -1,6 +1,6 @@
 #include "print/scrittorertf.h"
 
-#include "platform/paginacodice.h"
+#include "platform/base/paginacodice.h"
 #include "print/formatabella.h"
 
 #include <algorithm>

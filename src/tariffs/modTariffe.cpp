@@ -1,9 +1,9 @@
 #include "tariffs/modTariffe.h"
 
 #include "core/sessione.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 #include "platform/percorsi.h"
-#include "platform/regionale.h"
 
 #include <QRegularExpression>
 

@@ -4,10 +4,10 @@
 #include "core/modErrori.h"
 #include "core/sessione.h"
 #include "platform/aspetto.h"
+#include "platform/base/regionale.h"
 #include "platform/collega.h"
 #include "platform/orologio.h"
 #include "platform/percorsi.h"
-#include "platform/regionale.h"
 
 #include "ui_frmWeb.h"
 

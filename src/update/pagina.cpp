@@ -2,8 +2,8 @@
 
 #include "core/modLancio.h"
 #include "core/sessione.h"
+#include "platform/base/errore.h"
 #include "platform/collega.h"
-#include "platform/errore.h"
 #include "platform/percorsi.h"
 #include "platform/shell.h"
 #include "update/stilepagina.h"

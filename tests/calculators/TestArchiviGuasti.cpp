@@ -7,9 +7,9 @@
 #include "calculators/modIstat.h"
 #include "calculators/modTassi.h"
 #include "core/sessione.h"
+#include "platform/base/regionale.h"
 #include "platform/orologio.h"
 #include "platform/percorsi.h"
-#include "platform/regionale.h"
 
 #include <filesystem>
 

@@ -2,7 +2,7 @@
 #include "casi.h"
 
 #include "calculators/modCodFis.h"
-#include "platform/regionale.h"
+#include "platform/base/regionale.h"
 
 #include <QRandomGenerator>
 

@@ -3,7 +3,7 @@
 #include "supporto/guasti.h"
 
 #include "calculators/modContributo.h"
-#include "platform/regionale.h"
+#include "platform/base/regionale.h"
 
 #include <QRandomGenerator>
 

@@ -5,7 +5,7 @@
 #include "supporto/registratore.h"
 
 #include "calculators/modInteressi.h"
-#include "platform/regionale.h"
+#include "platform/base/regionale.h"
 
 #include <QRandomGenerator>
 

@@ -5,8 +5,8 @@
 #include "supporto/registratore.h"
 
 #include "calculators/modIstat.h"
+#include "platform/base/regionale.h"
 #include "platform/orologio.h"
-#include "platform/regionale.h"
 
 #include <QRandomGenerator>
 

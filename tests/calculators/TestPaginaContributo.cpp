@@ -3,7 +3,7 @@
 
 #include "calculators/modContributo.h"
 #include "calculators/paginacontributo.h"
-#include "platform/regionale.h"
+#include "platform/base/regionale.h"
 
 using namespace Qt::StringLiterals;
 

@@ -3,8 +3,8 @@
 #include "supporto/guasti.h"
 #include "supporto/registratore.h"
 
-#include "calculators/datatesto.h"
 #include "calculators/modTermini.h"
+#include "platform/base/datatesto.h"
 
 using namespace Qt::StringLiterals;
 

@@ -3,9 +3,9 @@
 
 #include "calculators/archivio_prova.h"
 #include "calculators/frmInteressi.h"
+#include "platform/base/regionale.h"
 #include "platform/calendario.h"
 #include "platform/griglia.h"
-#include "platform/regionale.h"
 
 #include <filesystem>
 

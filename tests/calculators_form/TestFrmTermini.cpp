@@ -4,7 +4,7 @@
 #include "bancotermini.h"
 
 #include "core/aperture.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 
 #include <memory>
 

@@ -1,9 +1,9 @@
 // The companion application beside a test: a process of its own, gone with the object.
 #pragma once
 
+#include "platform/base/regionale.h"
 #include "platform/database.h"
 #include "platform/percorsi.h"
-#include "platform/regionale.h"
 #include "supporto/prova.h"
 
 #include <QFile>

@@ -6,7 +6,7 @@
 // many callers there were, "fine" or the end of the input ends it.
 #include "archivio.h"
 
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -6,7 +6,7 @@
 #include "core/comandi.h"
 #include "core/indirizzi.h"
 #include "core/sessione.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "platform/percorsi.h"
 #include "platform/shell.h"
 

@@ -3,7 +3,7 @@
 
 #include "core/modIcone.h"
 #include "core/sessione.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "platform/percorsi.h"
 
 #include <QDir>

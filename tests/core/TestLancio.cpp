@@ -2,7 +2,7 @@
 #include "supporto/registratore.h"
 
 #include "core/modLancio.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "platform/percorsi.h"
 #include "platform/shell.h"
 

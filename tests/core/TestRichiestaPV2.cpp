@@ -2,7 +2,7 @@
 #include "supporto/registratore.h"
 
 #include "core/modAvvio.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 
 using namespace Qt::StringLiterals;
 

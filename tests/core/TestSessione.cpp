@@ -4,7 +4,7 @@
 
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "platform/impostazioni.h"
 #include "platform/percorsi.h"
 #include "platform/shell.h"

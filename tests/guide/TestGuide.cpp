@@ -4,8 +4,8 @@
 #include "calculators/modContributo.h"
 #include "creadati/tassi.h"
 #include "creaguide/creaguide.h"
+#include "platform/base/regionale.h"
 #include "platform/percorsi.h"
-#include "platform/regionale.h"
 
 #include <QDir>
 #include <QDirIterator>

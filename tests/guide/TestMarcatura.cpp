@@ -1,7 +1,7 @@
 #include "supporto/prova.h"
 
 #include "creaguide/marcatura.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 
 using namespace Qt::StringLiterals;
 

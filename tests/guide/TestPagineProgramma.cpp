@@ -2,8 +2,8 @@
 
 #include "calculators/modContributo.h"
 #include "calculators/paginacontributo.h"
+#include "platform/base/regionale.h"
 #include "platform/percorsi.h"
-#include "platform/regionale.h"
 
 #include <QDir>
 #include <QDirIterator>

@@ -3,9 +3,9 @@
 
 #include "creaschede/creaschede.h"
 #include "creaschede/importischeda.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 #include "platform/percorsi.h"
-#include "platform/regionale.h"
 #include "tariffs/modEvaluate.h"
 
 #include <QDir>

@@ -1,9 +1,9 @@
 // Files that are missing, damaged, locked, foreign or hostile, and disks that are full.
 #include "supporto/prova.h"
 
+#include "platform/base/errore.h"
 #include "platform/criterio.h"
 #include "platform/database.h"
-#include "platform/errore.h"
 #include "supporto/guasti.h"
 
 #include <QRandomGenerator>

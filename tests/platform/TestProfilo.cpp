@@ -1,8 +1,8 @@
 #include "supporto/prova.h"
 
-#include "platform/errore.h"
+#include "platform/base/errore.h"
+#include "platform/base/paginacodice.h"
 #include "platform/percorsi.h"
-#include "platform/paginacodice.h"
 #include "platform/profilo.h"
 
 #include <QFile>

@@ -1,7 +1,7 @@
 // A surface seen by its blocks.
 #pragma once
 
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "platform/superficie.h"
 
 #include <QStringList>

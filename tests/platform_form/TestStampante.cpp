@@ -1,5 +1,5 @@
 // Printing and PDF: the dialog through the message seam, the paper through a printer that writes a file.
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "platform/messaggi_qt.h"
 #include "platform/percorsi.h"
 #include "platform/stampante.h"

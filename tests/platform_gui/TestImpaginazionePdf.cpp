@@ -3,7 +3,7 @@
 #include "supporto/prova.h"
 
 #include "documenti.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "platform/percorsi.h"
 
 #include <QBuffer>

@@ -1,7 +1,7 @@
 #include "supporto/prova.h"
 
 #include "campioni.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "print/modCorpo.h"
 
 using namespace Qt::StringLiterals;

@@ -4,8 +4,8 @@
 #include "supporto/prova.h"
 
 #include "documenti.h"
+#include "platform/base/paginacodice.h"
 #include "platform/lettorertf.h"
-#include "platform/paginacodice.h"
 #include "print/scrittorehtml.h"
 #include "print/scrittorertf.h"
 

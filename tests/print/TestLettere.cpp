@@ -1,6 +1,6 @@
 #include "supporto/prova.h"
 
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "print/modLettere.h"
 
 #include <limits>

@@ -2,7 +2,7 @@
 
 #include "campioni.h"
 #include "feenote/modPV2.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "platform/percorsi.h"
 #include "print/modStampe.h"
 #include "print/scrittoretesto.h"

@@ -1,7 +1,7 @@
 // Failures in tests: which error a call ends in, and what it leaves open.
 #pragma once
 
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 #include "supporto/prova.h"
 
 #include "core/sessione.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "tariffs/modTariffe.h"
 
 using namespace Qt::StringLiterals;

@@ -1,8 +1,8 @@
 #include "supporto/prova.h"
 
 #include "creadati/archivio_studio.h"
+#include "platform/base/errore.h"
 #include "platform/database.h"
-#include "platform/errore.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 #include "supporto/prova.h"
 
 #include "creadati/tabellatesto.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,8 +2,8 @@
 #include "supporto/prova.h"
 
 #include "creadati/archivio_tassi.h"
+#include "platform/base/errore.h"
 #include "platform/database.h"
-#include "platform/errore.h"
 #include "platform/percorsi.h"
 
 using namespace Qt::StringLiterals;

@@ -4,7 +4,7 @@
 #include "creadati/archivio_tariffe.h"
 #include "creadati/archivio_tassi.h"
 #include "creadati/comuni.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "platform/percorsi.h"
 
 #include <QTemporaryDir>

@@ -1,6 +1,6 @@
 #include "creadati/tabellatesto.h"
 
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "platform/percorsi.h"
 
 #include <QRegularExpression>

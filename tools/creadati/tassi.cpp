@@ -1,7 +1,7 @@
 #include "creadati/tassi.h"
 
 #include "creadati/tabellatesto.h"
-#include "platform/regionale.h"
+#include "platform/base/regionale.h"
 
 #include <array>
 

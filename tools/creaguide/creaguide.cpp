@@ -1,10 +1,10 @@
 #include "creaguide/creaguide.h"
 
 #include "creadati/tassi.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 #include "platform/impaginazione.h"
 #include "platform/percorsi.h"
-#include "platform/regionale.h"
 
 #include <QDirIterator>
 

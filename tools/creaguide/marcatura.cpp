@@ -1,6 +1,6 @@
 #include "creaguide/marcatura.h"
 
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 
 #include <QRegularExpression>
 

@@ -3,7 +3,7 @@
 #include "creadati/tariffe.h"
 #include "creaschede/paginascheda.h"
 #include "feenote/modOnorari.h"
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 #include "platform/percorsi.h"
 
 #include <QDir>

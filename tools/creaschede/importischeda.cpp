@@ -2,8 +2,8 @@
 
 #include "creadati/formule.h"
 #include "feenote/modOnorari.h"
-#include "platform/errore.h"
-#include "platform/regionale.h"
+#include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 
 #include <cmath>
 

@@ -1,4 +1,4 @@
-#include "platform/paginacodice.h"
+#include "platform/base/paginacodice.h"
 
 #include <QStringView>
 

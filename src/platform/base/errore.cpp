@@ -1,4 +1,4 @@
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 
 #include <QStringView>
 

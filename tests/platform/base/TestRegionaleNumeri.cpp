@@ -1,7 +1,7 @@
 #include "supporto/guasti.h"
 #include "supporto/prova.h"
 
-#include "platform/regionale.h"
+#include "platform/base/regionale.h"
 
 #include <QLocale>
 

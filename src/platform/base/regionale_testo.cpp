@@ -1,7 +1,7 @@
 // Numbers and dates as text.
-#include "platform/decimale.h"
-#include "platform/errore.h"
-#include "platform/regionale.h"
+#include "platform/base/decimale.h"
+#include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 
 #include <QDateTime>
 

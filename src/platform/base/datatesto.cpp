@@ -1,6 +1,6 @@
-#include "calculators/datatesto.h"
+#include "platform/base/datatesto.h"
 
-#include "platform/regionale.h"
+#include "platform/base/regionale.h"
 
 using namespace Qt::StringLiterals;
 

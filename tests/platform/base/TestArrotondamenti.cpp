@@ -1,6 +1,6 @@
 #include "supporto/prova.h"
 
-#include "platform/regionale.h"
+#include "platform/base/regionale.h"
 
 #include <cmath>
 #include <limits>

@@ -1,6 +1,6 @@
-#include "platform/tabellarighe.h"
+#include "platform/base/tabellarighe.h"
 
-#include "platform/errore.h"
+#include "platform/base/errore.h"
 
 void TabellaRighe::Azzera(int Colonne)
 {

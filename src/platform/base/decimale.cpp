@@ -1,4 +1,4 @@
-#include "platform/decimale.h"
+#include "platform/base/decimale.h"
 
 #include <QString>
 

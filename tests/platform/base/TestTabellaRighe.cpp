@@ -1,7 +1,7 @@
 #include "supporto/guasti.h"
 #include "supporto/prova.h"
 
-#include "platform/tabellarighe.h"
+#include "platform/base/tabellarighe.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,0 +1,61 @@
+# The rooms of the house: a folder's own files are one target, src/a/b is target a_b, its tests are tests/a/b
+# and the program prove_a_b. src/CMakeLists.txt is the table; TestArchitettura holds every include to it.
+
+set(REGISTRO_STANZE ${CMAKE_BINARY_DIR}/stanze.txt)
+file(WRITE ${REGISTRO_STANZE} "# room: rooms it may know\n")
+set_property(GLOBAL PROPERTY STANZE "")
+
+set(PCH_CORE ${CMAKE_SOURCE_DIR}/cmake/pch_core.h)
+set(PCH_WIDGETS ${CMAKE_SOURCE_DIR}/cmake/pch_widgets.h)
+
+# stanza(<folder> [QT modules] [HIDES libraries] [MAY rooms] [PROVE rooms])
+#
+# QT     Qt modules beside Core that whoever uses the room sees too; Widgets makes it a room of windows
+# HIDES  libraries that only the room's own sources see
+# MAY    rooms whose headers it may include; nothing else of src/ is allowed
+# PROVE  further rooms and libraries that its tests link
+#
+# A main.cpp in the folder is left to programma(). Designer files and the meta-object compiler are for rooms
+# of windows alone.
+function(stanza Cartella)
+    cmake_parse_arguments(A "" "" "QT;HIDES;MAY;PROVE" ${ARGN})
+    string(REPLACE "/" "_" Nome ${Cartella})
+    set(Radice ${CMAKE_CURRENT_SOURCE_DIR}/${Cartella})
+    file(GLOB Fonti CONFIGURE_DEPENDS ${Radice}/*.cpp ${Radice}/*.h ${Radice}/*.ui)
+    list(REMOVE_ITEM Fonti ${Radice}/main.cpp)
+
+    add_library(${Nome} STATIC ${Fonti})
+    target_include_directories(${Nome} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+    list(TRANSFORM A_QT PREPEND Qt6::)
+    list(TRANSFORM A_MAY REPLACE "/" "_" OUTPUT_VARIABLE Conosciute)
+    target_link_libraries(${Nome} PUBLIC Qt6::Core ${A_QT} ${Conosciute} PRIVATE opzioni ${A_HIDES})
+
+    # One precompiled header for what stands on Qt Core alone, one for what shows windows.
+    if("Qt6::Widgets" IN_LIST A_QT)
+        set_target_properties(${Nome} PROPERTIES AUTOMOC ON AUTOUIC ON)
+        set(Proprietaria platform_kit)
+        set(Intestazione ${PCH_WIDGETS})
+    else()
+        set(Proprietaria platform_base)
+        set(Intestazione ${PCH_CORE})
+    endif()
+    if(Nome STREQUAL Proprietaria)
+        target_precompile_headers(${Nome} PRIVATE ${Intestazione})
+    else()
+        target_precompile_headers(${Nome} REUSE_FROM ${Proprietaria})
+    endif()
+
+    list(JOIN A_MAY " " Elenco)
+    file(APPEND ${REGISTRO_STANZE} "${Cartella}: ${Elenco}\n")
+    set_property(GLOBAL APPEND PROPERTY STANZE ${Cartella})
+    set_property(GLOBAL PROPERTY STANZA_${Nome}_PROVE "${Cartella};${A_PROVE}")
+    set_property(GLOBAL PROPERTY STANZA_${Nome}_QT "${A_QT}")
+endfunction()
+
+# programma(<name> <folder>): the executable whose main.cpp stands in a room, beside the program's data.
+function(programma Nome Cartella)
+    string(REPLACE "/" "_" Stanza ${Cartella})
+    add_executable(${Nome} ${CMAKE_CURRENT_SOURCE_DIR}/${Cartella}/main.cpp)
+    target_link_libraries(${Nome} PRIVATE ${Stanza} opzioni)
+    set_target_properties(${Nome} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CARTELLA_PROGRAMMA})
+endfunction()
