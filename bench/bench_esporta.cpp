@@ -3,7 +3,7 @@
 
 #include "feenote/parcella.h"
 #include "platform/lettorertf.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 #include "print/modEsporta.h"
 #include "print/modStampe.h"
 

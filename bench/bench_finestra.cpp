@@ -10,9 +10,9 @@
 #include "feenote/frmParcelle.h"
 #include "feenote/modParametri.h"
 #include "platform/griglia.h"
-#include "platform/impostazioni.h"
-#include "platform/messaggi.h"
 #include "platform/servizi_qt.h"
+#include "platform/system/impostazioni.h"
+#include "platform/system/messaggi.h"
 
 #include <QFile>
 #include <QPaintEvent>

@@ -1,7 +1,7 @@
 // Files of sections and keys: any bytes are read, a key is written, and nothing else may change.
 #include "platform/base/errore.h"
 #include "platform/base/paginacodice.h"
-#include "platform/profilo.h"
+#include "platform/system/profilo.h"
 
 #include <QFile>
 #include <QList>

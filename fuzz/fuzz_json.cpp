@@ -2,7 +2,7 @@
 #include "core/sessione.h"
 #include "feenote/modDescrizione.h"
 #include "platform/base/errore.h"
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 
 #include <QJsonDocument>
 

@@ -7,7 +7,7 @@
 #include "feenote/modDocumento.h"
 #include "feenote/modFile.h"
 #include "platform/base/errore.h"
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 
 #include <QFile>
 #include <QTemporaryDir>

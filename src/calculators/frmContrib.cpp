@@ -9,8 +9,8 @@
 #include "platform/aspetto.h"
 #include "platform/campo.h"
 #include "platform/collega.h"
-#include "platform/percorsi.h"
-#include "platform/shell.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 
 #include "ui_frmContrib.h"
 

@@ -12,7 +12,7 @@
 #include "platform/calendario.h"
 #include "platform/campo.h"
 #include "platform/collega.h"
-#include "platform/orologio.h"
+#include "platform/system/orologio.h"
 
 #include "ui_frmInteressi.h"
 

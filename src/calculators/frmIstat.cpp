@@ -9,7 +9,7 @@
 #include "platform/base/regionale.h"
 #include "platform/campo.h"
 #include "platform/collega.h"
-#include "platform/shell.h"
+#include "platform/system/shell.h"
 
 #include "ui_frmIstat.h"
 

@@ -10,8 +10,8 @@
 #include "platform/calendario.h"
 #include "platform/campo.h"
 #include "platform/collega.h"
-#include "platform/orologio.h"
-#include "platform/shell.h"
+#include "platform/system/orologio.h"
+#include "platform/system/shell.h"
 #include "print/frmPrint.h"
 
 #include "ui_frmTerminiSeq.h"

@@ -1,8 +1,8 @@
 #include "calculators/modComuni.h"
 
 #include "core/sessione.h"
-#include "platform/messaggi.h"
-#include "platform/percorsi.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
 
 using namespace Qt::StringLiterals;
 

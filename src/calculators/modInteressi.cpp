@@ -5,7 +5,7 @@
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/database.h"
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 
 #include <cmath>
 #include <limits>

@@ -7,8 +7,8 @@
 #include "platform/base/nomidate.h"
 #include "platform/base/regionale.h"
 #include "platform/database.h"
-#include "platform/messaggi.h"
-#include "platform/orologio.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/orologio.h"
 
 #include <cmath>
 

@@ -4,7 +4,7 @@
 #include "platform/base/datatesto.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 
 #include <algorithm>
 

@@ -12,8 +12,8 @@
 #include "core/sessione.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
-#include "platform/messaggi.h"
-#include "platform/percorsi.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
 
 #include <QJsonArray>
 #include <QRegularExpression>

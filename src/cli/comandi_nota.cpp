@@ -7,7 +7,7 @@
 #include "feenote/modFile.h"
 #include "platform/base/errore.h"
 #include "platform/impaginazione.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 #include "print/modEsporta.h"
 #include "print/modLettere.h"
 #include "print/modRiepilogo.h"

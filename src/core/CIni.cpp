@@ -1,9 +1,9 @@
 #include "core/CIni.h"
 
-#include "platform/messaggi.h"
-#include "platform/percorsi.h"
-#include "platform/profilo.h"
-#include "platform/shell.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/profilo.h"
+#include "platform/system/shell.h"
 
 namespace {
 

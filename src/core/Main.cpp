@@ -10,10 +10,10 @@
 #include "core/posti.h"
 #include "core/primouso.h"
 #include "core/singola.h"
-#include "platform/impostazioni.h"
-#include "platform/messaggi.h"
-#include "platform/percorsi.h"
-#include "platform/shell.h"
+#include "platform/system/impostazioni.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 
 #include <QApplication>
 

@@ -19,7 +19,7 @@
 #include "platform/aspetto.h"
 #include "platform/base/errore.h"
 #include "platform/collega.h"
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 #include "update/frmWeb.h"
 
 using namespace Qt::StringLiterals;

@@ -7,9 +7,9 @@
 #include "core/modTesti.h"
 #include "core/posti.h"
 #include "core/sessione.h"
-#include "platform/messaggi.h"
-#include "platform/percorsi.h"
-#include "platform/shell.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 
 #include <algorithm>
 #include <array>

@@ -8,8 +8,8 @@
 #include "platform/aspetto.h"
 #include "platform/campo.h"
 #include "platform/collega.h"
-#include "platform/impostazioni.h"
-#include "platform/percorsi.h"
+#include "platform/system/impostazioni.h"
+#include "platform/system/percorsi.h"
 
 #include "ui_frmMain.h"
 

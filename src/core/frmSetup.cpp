@@ -7,8 +7,8 @@
 #include "platform/aspetto.h"
 #include "platform/campo.h"
 #include "platform/collega.h"
-#include "platform/impostazioni.h"
-#include "platform/messaggi.h"
+#include "platform/system/impostazioni.h"
+#include "platform/system/messaggi.h"
 
 #include "ui_frmSetup.h"
 

@@ -13,9 +13,9 @@
 #include "core/singola.h"
 #include "platform/aspetto.h"
 #include "platform/collega.h"
-#include "platform/messaggi.h"
-#include "platform/percorsi.h"
-#include "platform/shell.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 
 #include "ui_frmStudio.h"
 

@@ -3,10 +3,10 @@
 #include "core/modErrori.h"
 #include "platform/base/nomidate.h"
 #include "platform/base/regionale.h"
-#include "platform/impostazioni.h"
-#include "platform/messaggi.h"
-#include "platform/percorsi.h"
-#include "platform/shell.h"
+#include "platform/system/impostazioni.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 
 #include <algorithm>
 #include <array>

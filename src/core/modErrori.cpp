@@ -2,8 +2,8 @@
 
 #include "core/aperture.h"
 #include "core/sessione.h"
-#include "platform/messaggi.h"
-#include "platform/shell.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/shell.h"
 
 using namespace Qt::StringLiterals;
 

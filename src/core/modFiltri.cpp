@@ -1,6 +1,6 @@
 #include "core/modFiltri.h"
 
-#include "platform/shell.h"
+#include "platform/system/shell.h"
 
 #include <QChar>
 

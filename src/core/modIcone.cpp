@@ -2,7 +2,7 @@
 
 #include "core/CIni.h"
 #include "core/sessione.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 using namespace Qt::StringLiterals;
 

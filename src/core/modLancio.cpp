@@ -1,9 +1,9 @@
 #include "core/modLancio.h"
 
 #include "core/modErrori.h"
-#include "platform/messaggi.h"
-#include "platform/percorsi.h"
-#include "platform/shell.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,7 +2,7 @@
 
 #include "core/sessione.h"
 #include "platform/base/nomidate.h"
-#include "platform/shell.h"
+#include "platform/system/shell.h"
 
 #include <algorithm>
 

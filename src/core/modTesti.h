@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/base/regionale.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 #include <QDate>
 #include <QList>

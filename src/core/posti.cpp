@@ -2,7 +2,7 @@
 
 #include "core/modTesti.h"
 #include "core/sessione.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 #include <algorithm>
 

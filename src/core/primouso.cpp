@@ -2,9 +2,9 @@
 
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
-#include "platform/impostazioni.h"
-#include "platform/percorsi.h"
-#include "platform/shell.h"
+#include "platform/system/impostazioni.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 
 using namespace Qt::StringLiterals;
 

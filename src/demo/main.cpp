@@ -7,10 +7,10 @@
 #include "demo/copione.h"
 #include "feenote/finestre.h"
 #include "feenote/modRecupero.h"
-#include "platform/impostazioni.h"
-#include "platform/orologio.h"
-#include "platform/percorsi.h"
 #include "platform/servizi_qt.h"
+#include "platform/system/impostazioni.h"
+#include "platform/system/orologio.h"
+#include "platform/system/percorsi.h"
 
 #include <QTemporaryDir>
 #include <QTimer>

@@ -4,7 +4,7 @@
 #include "platform/campo.h"
 #include "platform/collega.h"
 #include "platform/griglia.h"
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 
 #include <QAction>
 #include <QActionGroup>

@@ -7,10 +7,10 @@
 #include "feenote/frmParcelle.h"
 #include "feenote/modRecupero.h"
 #include "platform/aspetto.h"
-#include "platform/impostazioni.h"
-#include "platform/messaggi.h"
-#include "platform/percorsi.h"
-#include "platform/shell.h"
+#include "platform/system/impostazioni.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -167,7 +167,8 @@ void DopoChiusura(frmParcelle* Finestra)
         return;
     Protetta([&] { RicordaMisure(Finestra); });
     if (Aperture.UltimaParcellaChiusa)
-        Aperture.UltimaParcellaChiusa();  // saves the frame's size, then ends a low session or brings the desktop back
+        Aperture.UltimaParcellaChiusa();  // saves the frame's size, then ends a low session or brings the
+                                          // desktop back
     else if (sessione::ModoLow)
         Termina();
 }

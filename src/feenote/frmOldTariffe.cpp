@@ -3,7 +3,7 @@
 #include "feenote/frmParcelle.h"
 #include "platform/aspetto.h"
 #include "platform/collega.h"
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 #include "ui_frmOldTariffe.h"
 
 using namespace Qt::StringLiterals;

@@ -11,7 +11,7 @@
 #include "platform/campo.h"
 #include "platform/collega.h"
 #include "platform/griglia.h"
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 #include "ui_SchedaAcconti.h"
 #include "ui_SchedaDatiBase.h"
 #include "ui_SchedaOnorari.h"

@@ -10,7 +10,7 @@
 #include "feenote/righegriglia.h"
 #include "platform/collega.h"
 #include "platform/griglia.h"
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 #include "ui_SchedaAcconti.h"
 
 using namespace Qt::StringLiterals;

@@ -10,7 +10,7 @@
 #include "feenote/righegriglia.h"
 #include "platform/collega.h"
 #include "platform/griglia.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 #include "ui_SchedaOnorari.h"
 
 #include <QHelpEvent>

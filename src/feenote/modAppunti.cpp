@@ -1,7 +1,7 @@
 #include "feenote/modAppunti.h"
 
 #include "core/modErrori.h"
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 #include "core/sessione.h"
 #include "feenote/modBloccoCliente.h"
 #include "feenote/modTotali.h"
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 
 #include <algorithm>
 #include <array>

@@ -9,8 +9,8 @@
 #include "feenote/modTotali.h"
 #include "feenote/modVariazione.h"
 #include "platform/base/paginacodice.h"
-#include "platform/messaggi.h"
-#include "platform/percorsi.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,9 +2,9 @@
 
 #include "feenote/modDocumento.h"
 #include "platform/base/errore.h"
-#include "platform/blocco.h"
 #include "platform/database.h"
-#include "platform/percorsi.h"
+#include "platform/system/blocco.h"
+#include "platform/system/percorsi.h"
 
 #include <QFileInfo>
 #include <QLockFile>

@@ -2,7 +2,7 @@
 
 #include "core/modErrori.h"
 #include "platform/base/regionale.h"
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 #include "tariffs/modTariffe.h"
 
 using namespace Qt::StringLiterals;

@@ -3,9 +3,9 @@
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
-#include "platform/impostazioni.h"
-#include "platform/messaggi.h"
-#include "platform/orologio.h"
+#include "platform/system/impostazioni.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/orologio.h"
 
 using namespace Qt::StringLiterals;
 

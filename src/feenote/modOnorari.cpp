@@ -3,7 +3,7 @@
 #include "core/modErrori.h"
 #include "core/modTesti.h"
 #include "core/sessione.h"
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 #include "tariffs/modEvaluate.h"
 
 #include <QHash>

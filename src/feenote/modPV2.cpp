@@ -3,9 +3,9 @@
 #include "core/modErrori.h"
 #include "core/sessione.h"
 #include "platform/database.h"
-#include "platform/messaggi.h"
-#include "platform/percorsi.h"
-#include "platform/shell.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 #include "platform/valori.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "core/modErrori.h"
 #include "feenote/modVariazione.h"
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 
 using namespace Qt::StringLiterals;
 

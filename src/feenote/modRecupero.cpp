@@ -4,8 +4,8 @@
 #include "feenote/modDocumento.h"
 #include "feenote/modFile.h"
 #include "platform/base/errore.h"
-#include "platform/blocco.h"
-#include "platform/percorsi.h"
+#include "platform/system/blocco.h"
+#include "platform/system/percorsi.h"
 
 #include <QCoreApplication>
 #include <QDir>

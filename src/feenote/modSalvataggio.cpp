@@ -5,7 +5,7 @@
 #include "core/sessione.h"
 #include "feenote/modDocumento.h"
 #include "feenote/modFile.h"
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 
 using namespace Qt::StringLiterals;
 

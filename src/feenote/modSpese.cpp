@@ -1,6 +1,6 @@
 #include "feenote/modSpese.h"
 
-#include "platform/orologio.h"
+#include "platform/system/orologio.h"
 
 using namespace Qt::StringLiterals;
 

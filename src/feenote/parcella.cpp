@@ -6,7 +6,7 @@
 #include "feenote/modParametri.h"
 #include "feenote/modTotali.h"
 #include "feenote/modVariazione.h"
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 
 #include <algorithm>
 

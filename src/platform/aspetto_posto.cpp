@@ -1,5 +1,5 @@
 #include "platform/aspetto.h"
-#include "platform/impostazioni.h"
+#include "platform/system/impostazioni.h"
 
 #include <QCursor>
 #include <QGuiApplication>

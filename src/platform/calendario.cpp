@@ -3,7 +3,7 @@
 #include "platform/aspetto.h"
 #include "platform/calendario_mese.h"
 #include "platform/collega.h"
-#include "platform/orologio.h"
+#include "platform/system/orologio.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>

@@ -3,7 +3,7 @@
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/collega.h"
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 
 #include <QApplication>
 #include <QComboBox>

@@ -2,7 +2,7 @@
 
 #include "platform/base/errore.h"
 #include "platform/connessione.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 QString Database::Percorso() const
 {

@@ -1,7 +1,7 @@
 // The pages on paper: painting, printing, PDF.
 #include "platform/base/errore.h"
 #include "platform/impaginata.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 #include <QBuffer>
 #include <QFontMetricsF>

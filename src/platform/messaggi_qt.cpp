@@ -1,7 +1,7 @@
 #include "platform/messaggi_qt.h"
 
 #include "platform/aspetto.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 #include <QApplication>
 #include <QColorDialog>

@@ -1,7 +1,7 @@
 // The message seam as Qt Widgets gives it.
 #pragma once
 
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 
 /// Boxes and dialogs over the active window; texts are shown as they are, never as rich text.
 [[nodiscard]] Messaggi MessaggiQt();

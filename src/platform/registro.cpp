@@ -2,7 +2,7 @@
 #include "platform/connessione.h"
 
 #include "platform/base/errore.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 #include <QDir>
 #include <QFile>

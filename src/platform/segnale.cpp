@@ -1,8 +1,8 @@
 #include "platform/segnale.h"
 
 #include "platform/base/paginacodice.h"
-#include "platform/percorsi.h"
-#include "platform/shell.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 
 #include <QStandardPaths>
 

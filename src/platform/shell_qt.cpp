@@ -1,7 +1,7 @@
 #include "platform/shell_qt.h"
 
 #include "platform/campo.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 #include <QApplication>
 #include <QDesktopServices>

@@ -1,9 +1,9 @@
 #include "platform/stampante.h"
 
 #include "platform/base/errore.h"
-#include "platform/messaggi.h"
-#include "platform/percorsi.h"
-#include "platform/shell.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 #include "platform/vistastampa.h"
 
 #include <QPageLayout>

@@ -4,9 +4,9 @@
 #include "core/singola.h"
 #include "platform/aspetto.h"
 #include "platform/collega.h"
-#include "platform/messaggi.h"
-#include "platform/percorsi.h"
 #include "platform/stampante.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
 #include "platform/vistastampa.h"
 
 #include <QMenu>

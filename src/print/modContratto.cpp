@@ -1,7 +1,7 @@
 #include "print/modContratto.h"
 
 #include "core/sessione.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 #include "print/modStampe.h"
 
 #include <array>

@@ -2,7 +2,7 @@
 
 #include "feenote/modAcconti.h"
 #include "feenote/modPV2.h"
-#include "platform/orologio.h"
+#include "platform/system/orologio.h"
 #include "print/modLettere.h"
 #include "print/modRiepilogo.h"
 

@@ -2,7 +2,7 @@
 
 #include "platform/base/errore.h"
 #include "platform/base/paginacodice.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 #include "print/modContratto.h"
 #include "print/modCorpo.h"
 #include "print/modFatture.h"

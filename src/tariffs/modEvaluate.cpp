@@ -1,7 +1,7 @@
 #include "tariffs/modEvaluate.h"
 
 #include "platform/base/regionale.h"
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 
 #include <algorithm>
 #include <array>

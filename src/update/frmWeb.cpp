@@ -6,8 +6,8 @@
 #include "platform/aspetto.h"
 #include "platform/base/regionale.h"
 #include "platform/collega.h"
-#include "platform/orologio.h"
-#include "platform/percorsi.h"
+#include "platform/system/orologio.h"
+#include "platform/system/percorsi.h"
 
 #include "ui_frmWeb.h"
 

@@ -4,8 +4,8 @@
 #include "core/sessione.h"
 #include "platform/base/errore.h"
 #include "platform/collega.h"
-#include "platform/percorsi.h"
-#include "platform/shell.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 #include "update/stilepagina.h"
 
 #include <QBuffer>

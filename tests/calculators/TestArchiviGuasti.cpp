@@ -8,8 +8,8 @@
 #include "calculators/modTassi.h"
 #include "core/sessione.h"
 #include "platform/base/regionale.h"
-#include "platform/orologio.h"
-#include "platform/percorsi.h"
+#include "platform/system/orologio.h"
+#include "platform/system/percorsi.h"
 
 #include <filesystem>
 

@@ -5,7 +5,7 @@
 
 #include "calculators/modComuni.h"
 #include "core/sessione.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 using namespace Qt::StringLiterals;
 

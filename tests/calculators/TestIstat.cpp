@@ -6,7 +6,7 @@
 
 #include "calculators/modIstat.h"
 #include "platform/base/regionale.h"
-#include "platform/orologio.h"
+#include "platform/system/orologio.h"
 
 #include <QRandomGenerator>
 

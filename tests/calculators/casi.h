@@ -2,7 +2,7 @@
 // "#".
 #pragma once
 
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 #include "supporto/prova.h"
 
 #include <QStringList>

@@ -12,8 +12,8 @@
 #include "platform/calendario.h"
 #include "platform/campo.h"
 #include "platform/mascheradata.h"
-#include "platform/orologio.h"
-#include "platform/shell.h"
+#include "platform/system/orologio.h"
+#include "platform/system/shell.h"
 #include "platform/vistastampa.h"
 #include "print/frmPrint.h"
 

@@ -3,8 +3,8 @@
 
 #include "core/sessione.h"
 #include "platform/database.h"
-#include "platform/orologio.h"
-#include "platform/percorsi.h"
+#include "platform/system/orologio.h"
+#include "platform/system/percorsi.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -2,8 +2,8 @@
 #include "chiamata.h"
 
 #include "core/sessione.h"
-#include "platform/impostazioni.h"
-#include "platform/percorsi.h"
+#include "platform/system/impostazioni.h"
+#include "platform/system/percorsi.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

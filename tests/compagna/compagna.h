@@ -3,7 +3,7 @@
 
 #include "platform/base/regionale.h"
 #include "platform/database.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 #include "supporto/prova.h"
 
 #include <QFile>

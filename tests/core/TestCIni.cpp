@@ -2,8 +2,8 @@
 #include "supporto/registratore.h"
 
 #include "core/CIni.h"
-#include "platform/percorsi.h"
-#include "platform/shell.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 
 #include <QFile>
 

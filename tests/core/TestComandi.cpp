@@ -7,8 +7,8 @@
 #include "core/indirizzi.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
-#include "platform/percorsi.h"
-#include "platform/shell.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,7 +4,7 @@
 
 #include "core/modErrori.h"
 #include "core/sessione.h"
-#include "platform/shell.h"
+#include "platform/system/shell.h"
 
 #include <new>
 #include <stdexcept>

@@ -1,7 +1,7 @@
 #include "supporto/prova.h"
 
 #include "core/modFiltri.h"
-#include "platform/shell.h"
+#include "platform/system/shell.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,7 +4,7 @@
 #include "core/modIcone.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 #include <QDir>
 

@@ -3,8 +3,8 @@
 
 #include "core/modLancio.h"
 #include "platform/base/errore.h"
-#include "platform/percorsi.h"
-#include "platform/shell.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 
 using namespace Qt::StringLiterals;
 

@@ -5,9 +5,9 @@
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
 #include "platform/base/errore.h"
-#include "platform/impostazioni.h"
-#include "platform/percorsi.h"
-#include "platform/shell.h"
+#include "platform/system/impostazioni.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 
 #include <QDir>
 #include <QFile>

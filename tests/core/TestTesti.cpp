@@ -2,7 +2,7 @@
 
 #include "core/modTesti.h"
 #include "core/sessione.h"
-#include "platform/shell.h"
+#include "platform/system/shell.h"
 
 #include <QDateTime>
 

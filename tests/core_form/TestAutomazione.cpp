@@ -6,10 +6,10 @@
 #include "core/Main.h"
 #include "core/aperture.h"
 #include "core/apritori.h"
-#include "feenote_form/tavolo.h"
 #include "core/posti.h"
-#include "platform/orologio.h"
+#include "feenote_form/tavolo.h"
 #include "platform/segnale.h"
+#include "platform/system/orologio.h"
 
 #include <QElapsedTimer>
 #include <QProcess>

@@ -6,11 +6,11 @@
 #include "core/Main.h"
 #include "core/aperture.h"
 #include "core/apritori.h"
-#include "feenote_form/selettore.h"
 #include "core/comandi.h"
 #include "core/posti.h"
-#include "platform/orologio.h"
+#include "feenote_form/selettore.h"
 #include "platform/segnale.h"
+#include "platform/system/orologio.h"
 
 #include <QListWidget>
 #include <QPushButton>

@@ -16,9 +16,9 @@
 #include "core/modIcone.h"
 #include "core/sessione.h"
 #include "core/singola.h"
-#include "platform/impostazioni.h"
-#include "platform/percorsi.h"
-#include "platform/shell.h"
+#include "platform/system/impostazioni.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 
 #include <QAbstractButton>
 #include <QDir>

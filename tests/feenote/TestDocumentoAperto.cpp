@@ -1,7 +1,7 @@
 // Opening a fee-note file: parties, reference, password, files of earlier editions, templates.
 #include "file_prova.h"
 
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 using namespace Qt::StringLiterals;
 

@@ -3,7 +3,7 @@
 
 #include "feenote/modDocumento.h"
 #include "feenote/modFile.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 #include <QDir>
 

@@ -2,8 +2,8 @@
 #include "nota_prova.h"
 
 #include "feenote/modNumeraFattura.h"
-#include "platform/impostazioni.h"
-#include "platform/orologio.h"
+#include "platform/system/impostazioni.h"
+#include "platform/system/orologio.h"
 
 #include <QScopeGuard>
 

@@ -3,8 +3,8 @@
 
 #include "compagna/archivio.h"
 #include "feenote/modPV2.h"
-#include "platform/percorsi.h"
-#include "platform/shell.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 
 #include <limits>
 

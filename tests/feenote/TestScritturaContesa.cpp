@@ -1,7 +1,7 @@
 // A note's file that somebody else is writing too.
 #include "file_prova.h"
 
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 #include <QDateTime>
 #include <QDir>

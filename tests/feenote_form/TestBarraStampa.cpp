@@ -2,9 +2,9 @@
 #include "tavolo.h"
 
 #include "core/posti.h"
-#include "platform/shell.h"
 #include "platform/shell_qt.h"
 #include "platform/stampante.h"
+#include "platform/system/shell.h"
 #include "platform/vistastampa.h"
 
 #include <QMenu>

@@ -7,9 +7,9 @@
 #include "feenote/modNumeraFattura.h"
 #include "feenote/modPV2.h"
 #include "platform/collega.h"
-#include "platform/impostazioni.h"
-#include "platform/orologio.h"
-#include "platform/shell.h"
+#include "platform/system/impostazioni.h"
+#include "platform/system/orologio.h"
+#include "platform/system/shell.h"
 #include "platform/vistastampa.h"
 
 #include <QPushButton>

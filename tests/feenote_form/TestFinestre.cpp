@@ -3,7 +3,7 @@
 
 #include "core/aperture.h"
 #include "core/posti.h"
-#include "platform/impostazioni.h"
+#include "platform/system/impostazioni.h"
 
 #include <QDir>
 #include <QMainWindow>

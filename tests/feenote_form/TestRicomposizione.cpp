@@ -2,7 +2,7 @@
 // else.
 #include "tavolo.h"
 
-#include "platform/shell.h"
+#include "platform/system/shell.h"
 #include "platform/vistastampa.h"
 
 #include <QPlainTextEdit>

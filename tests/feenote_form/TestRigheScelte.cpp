@@ -2,7 +2,7 @@
 #include "selettore.h"
 
 #include "core/aperture.h"
-#include "platform/shell.h"
+#include "platform/system/shell.h"
 
 using namespace Qt::StringLiterals;
 

@@ -5,8 +5,8 @@
 #include "core/comandi.h"
 #include "core/posti.h"
 #include "feenote/modDatiStampa.h"
-#include "platform/shell.h"
 #include "platform/stampante.h"
+#include "platform/system/shell.h"
 #include "platform/vistastampa.h"
 
 #include <QAction>

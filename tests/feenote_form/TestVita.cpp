@@ -6,7 +6,7 @@
 #include "core/posti.h"
 #include "platform/database.h"
 #include "platform/messaggi_qt.h"
-#include "platform/shell.h"
+#include "platform/system/shell.h"
 
 #include <QDialog>
 #include <QMessageBox>

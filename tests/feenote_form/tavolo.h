@@ -9,7 +9,7 @@
 #include "feenote/modRecupero.h"
 #include "platform/campo.h"
 #include "platform/griglia.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 #include "supporto/finestre.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 // Colours, icons, mnemonics, spoken names and places of windows.
 #include "platform/aspetto.h"
 #include "platform/griglia.h"
-#include "platform/impostazioni.h"
+#include "platform/system/impostazioni.h"
 #include "supporto/finestre.h"
 #include "supporto/prova.h"
 

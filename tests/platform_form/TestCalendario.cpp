@@ -1,7 +1,7 @@
 // The month calendar: days told apart, walked over with the keys, picked with either hand.
 #include "platform/aspetto.h"
 #include "platform/calendario.h"
-#include "platform/orologio.h"
+#include "platform/system/orologio.h"
 #include "supporto/finestre.h"
 #include "supporto/prova.h"
 

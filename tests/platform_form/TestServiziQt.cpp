@@ -1,8 +1,8 @@
 // The real boxes and dialogs, the busy pointer, the focus moves and the breath of long work.
 #include "platform/collega.h"
-#include "platform/messaggi.h"
 #include "platform/servizi_qt.h"
-#include "platform/shell.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/shell.h"
 #include "supporto/finestre.h"
 #include "supporto/prova.h"
 

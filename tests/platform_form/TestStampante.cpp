@@ -1,8 +1,8 @@
 // Printing and PDF: the dialog through the message seam, the paper through a printer that writes a file.
 #include "platform/base/errore.h"
 #include "platform/messaggi_qt.h"
-#include "platform/percorsi.h"
 #include "platform/stampante.h"
+#include "platform/system/percorsi.h"
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 #include "vista_prova.h"

@@ -4,7 +4,7 @@
 
 #include "documenti.h"
 #include "platform/base/errore.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 #include <QBuffer>
 #include <QPageLayout>

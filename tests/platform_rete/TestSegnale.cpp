@@ -2,7 +2,7 @@
 #include "supporto/prova.h"
 
 #include "platform/segnale.h"
-#include "platform/shell.h"
+#include "platform/system/shell.h"
 
 #include <QDir>
 #include <QElapsedTimer>

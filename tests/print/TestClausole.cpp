@@ -4,7 +4,7 @@
 
 #include "campioni.h"
 #include "platform/lettorertf.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 #include "print/modStampe.h"
 
 #include <QRegularExpression>

@@ -1,7 +1,7 @@
 #include "supporto/prova.h"
 
 #include "documenti.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 #include "supporto/registratore.h"
 
 #include <QDir>

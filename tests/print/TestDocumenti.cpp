@@ -2,7 +2,7 @@
 #include "supporto/prova.h"
 
 #include "documenti.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 #include "print/scrittoretesto.h"
 
 #include <functional>

@@ -4,9 +4,9 @@
 #include "supporto/registratore.h"
 
 #include "campioni.h"
-#include "platform/impostazioni.h"
-#include "platform/percorsi.h"
-#include "platform/shell.h"
+#include "platform/system/impostazioni.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 #include "print/modEsporta.h"
 
 #include <QFile>

@@ -3,7 +3,7 @@
 #include "campioni.h"
 #include "feenote/modPV2.h"
 #include "platform/base/errore.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 #include "print/modStampe.h"
 #include "print/scrittoretesto.h"
 

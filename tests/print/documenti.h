@@ -3,7 +3,7 @@
 
 #include "campioni.h"
 #include "feenote/modTotali.h"
-#include "platform/orologio.h"
+#include "platform/system/orologio.h"
 #include "print/modStampe.h"
 
 #include <QTest>

@@ -1,6 +1,6 @@
 #include "supporto/pagine.h"
 
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 #include "supporto/prova.h"
 
 #include <QProcess>

@@ -1,7 +1,7 @@
 // The message seam in tests: answers prepared beforehand, everything shown written down.
 #pragma once
 
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 
 #include <QList>
 #include <QString>

@@ -4,7 +4,7 @@
 #include "creadati/archivio_tassi.h"
 #include "platform/base/errore.h"
 #include "platform/database.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 using namespace Qt::StringLiterals;
 

@@ -5,7 +5,7 @@
 #include "creadati/archivio_tassi.h"
 #include "creadati/comuni.h"
 #include "platform/base/errore.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 #include <QTemporaryDir>
 

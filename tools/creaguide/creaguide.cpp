@@ -4,7 +4,7 @@
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/impaginazione.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 #include <QDirIterator>
 

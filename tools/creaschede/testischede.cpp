@@ -1,7 +1,7 @@
 #include "creaschede/testischede.h"
 
 #include "platform/base/errore.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 #include <QRegularExpression>
 #include <QSet>

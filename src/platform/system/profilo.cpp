@@ -1,8 +1,8 @@
-#include "platform/profilo.h"
+#include "platform/system/profilo.h"
 
 #include "platform/base/errore.h"
 #include "platform/base/paginacodice.h"
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 #include <QByteArrayView>
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "supporto/prova.h"
 
-#include "platform/orologio.h"
+#include "platform/system/orologio.h"
 
 class TestOrologio : public QObject
 {

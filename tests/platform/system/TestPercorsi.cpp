@@ -1,7 +1,7 @@
 #include "supporto/guasti.h"
 #include "supporto/prova.h"
 
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "platform/orologio.h"
+#include "platform/system/orologio.h"
 
 #include <utility>
 

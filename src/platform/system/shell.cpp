@@ -1,6 +1,6 @@
-#include "platform/shell.h"
+#include "platform/system/shell.h"
 
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 #include <QCoreApplication>
 #include <QDir>

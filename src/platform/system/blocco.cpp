@@ -1,4 +1,4 @@
-#include "platform/blocco.h"
+#include "platform/system/blocco.h"
 
 #include <QDateTime>
 #include <QFile>

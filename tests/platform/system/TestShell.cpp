@@ -1,7 +1,7 @@
 #include "supporto/prova.h"
 
-#include "platform/percorsi.h"
-#include "platform/shell.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,7 +1,7 @@
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 
 #include <QCoreApplication>
 #include <QProcess>

@@ -2,8 +2,8 @@
 
 #include "platform/base/errore.h"
 #include "platform/base/paginacodice.h"
-#include "platform/percorsi.h"
-#include "platform/profilo.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/profilo.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,4 +1,4 @@
-#include "platform/impostazioni.h"
+#include "platform/system/impostazioni.h"
 
 #include "platform/base/errore.h"
 

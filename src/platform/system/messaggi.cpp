@@ -1,4 +1,4 @@
-#include "platform/messaggi.h"
+#include "platform/system/messaggi.h"
 
 #include <utility>
 

@@ -1,4 +1,4 @@
-#include "platform/percorsi.h"
+#include "platform/system/percorsi.h"
 
 #include "platform/base/errore.h"
 
