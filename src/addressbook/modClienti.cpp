@@ -3,7 +3,7 @@
 #include "core/sessione.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
-#include "platform/database.h"
+#include "platform/database/database.h"
 
 #include <QDate>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/base/errore.h"
-#include "platform/database.h"
+#include "platform/database/database.h"
 
 #include <QList>
 #include <QString>

@@ -4,7 +4,7 @@
 #include "core/modTesti.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
-#include "platform/database.h"
+#include "platform/database/database.h"
 #include "platform/system/messaggi.h"
 
 #include <cmath>

@@ -6,7 +6,7 @@
 #include "platform/base/errore.h"
 #include "platform/base/nomidate.h"
 #include "platform/base/regionale.h"
-#include "platform/database.h"
+#include "platform/database/database.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/orologio.h"
 

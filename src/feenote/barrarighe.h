@@ -1,7 +1,7 @@
 // The toolbar between a catalogue and its lines, and the search in a catalogue.
 #pragma once
 
-#include "platform/recordset.h"
+#include "platform/database/recordset.h"
 
 #include <QString>
 

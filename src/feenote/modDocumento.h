@@ -3,7 +3,7 @@
 #pragma once
 
 #include "feenote/parcella.h"
-#include "platform/database.h"
+#include "platform/database/database.h"
 
 #include <QString>
 

@@ -2,7 +2,7 @@
 
 #include "feenote/modDocumento.h"
 #include "platform/base/errore.h"
-#include "platform/database.h"
+#include "platform/database/database.h"
 #include "platform/system/blocco.h"
 #include "platform/system/percorsi.h"
 

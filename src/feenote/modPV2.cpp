@@ -2,11 +2,11 @@
 
 #include "core/modErrori.h"
 #include "core/sessione.h"
-#include "platform/database.h"
+#include "platform/database/database.h"
+#include "platform/database/valori.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
-#include "platform/valori.h"
 
 #include <algorithm>
 

@@ -3,7 +3,7 @@
 
 #include "platform/base/tabellarighe.h"
 #include "platform/campo.h"
-#include "platform/recordset.h"
+#include "platform/database/recordset.h"
 
 #include <QList>
 #include <QString>

@@ -1,7 +1,7 @@
 // The reference database parcelle.mdb: authorities, brackets, catalogues (D.m. 20 luglio 2012, n. 140).
 #pragma once
 
-#include "platform/database.h"
+#include "platform/database/database.h"
 
 #include <QList>
 #include <QString>

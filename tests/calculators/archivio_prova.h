@@ -1,7 +1,7 @@
 // Rate archives made for a test.
 #pragma once
 
-#include "platform/database.h"
+#include "platform/database/database.h"
 #include "supporto/prova.h"
 
 #include <QDate>

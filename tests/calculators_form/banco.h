@@ -7,7 +7,7 @@
 #include "core/sessione.h"
 #include "platform/campo.h"
 #include "platform/collega.h"
-#include "platform/database.h"
+#include "platform/database/database.h"
 #include "platform/mascheradata.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"

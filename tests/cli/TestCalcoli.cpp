@@ -2,7 +2,7 @@
 #include "chiamata.h"
 
 #include "core/sessione.h"
-#include "platform/database.h"
+#include "platform/database/database.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 

@@ -1,7 +1,7 @@
 // The archive of the companion application, as a practice program keeps one: the invoices among other things.
 #pragma once
 
-#include "platform/database.h"
+#include "platform/database/database.h"
 
 /// @throws Errore as CreateDatabase
 inline void CreaArchivioPratiche(const QString& File)

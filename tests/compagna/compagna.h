@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/base/regionale.h"
-#include "platform/database.h"
+#include "platform/database/database.h"
 #include "platform/system/percorsi.h"
 #include "supporto/prova.h"
 

@@ -6,7 +6,7 @@
 #include "feenote/modParametri.h"
 #include "feenote/modTotali.h"
 #include "feenote/parcella.h"
-#include "platform/database.h"
+#include "platform/database/database.h"
 #include "supporto/guasti.h"
 #include "supporto/prova.h"
 #include "supporto/registratore.h"

@@ -2,7 +2,7 @@
 #include "tavolo.h"
 
 #include "core/posti.h"
-#include "platform/database.h"
+#include "platform/database/database.h"
 
 #include <QLockFile>
 #include <QProcess>

@@ -4,7 +4,7 @@
 #include "core/aperture.h"
 #include "core/comandi.h"
 #include "core/posti.h"
-#include "platform/database.h"
+#include "platform/database/database.h"
 #include "platform/messaggi_qt.h"
 #include "platform/system/shell.h"
 

@@ -2,7 +2,7 @@
 
 #include "creadati/archivio_studio.h"
 #include "platform/base/errore.h"
-#include "platform/database.h"
+#include "platform/database/database.h"
 
 using namespace Qt::StringLiterals;
 

@@ -3,7 +3,7 @@
 
 #include "creadati/comuni.h"
 #include "platform/base/errore.h"
-#include "platform/database.h"
+#include "platform/database/database.h"
 #include "platform/system/percorsi.h"
 
 using namespace Qt::StringLiterals;

@@ -3,7 +3,7 @@
 
 #include "creadati/creadati.h"
 #include "creadati/formule.h"
-#include "platform/database.h"
+#include "platform/database/database.h"
 
 #include <QElapsedTimer>
 

@@ -3,7 +3,7 @@
 
 #include "creadati/archivio_tassi.h"
 #include "platform/base/errore.h"
-#include "platform/database.h"
+#include "platform/database/database.h"
 #include "platform/system/percorsi.h"
 
 using namespace Qt::StringLiterals;

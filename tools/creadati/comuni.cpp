@@ -2,7 +2,7 @@
 
 #include "creadati/scrittura.h"
 #include "creadati/tabellatesto.h"
-#include "platform/somiglianza.h"
+#include "platform/database/somiglianza.h"
 
 #include <QRegularExpression>
 #include <QSet>

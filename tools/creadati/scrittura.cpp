@@ -1,6 +1,6 @@
 #include "creadati/scrittura.h"
 
-#include "platform/criterio.h"
+#include "platform/database/criterio.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 // Small helpers for the writers of new databases.
 #pragma once
 
-#include "platform/database.h"
+#include "platform/database/database.h"
 
 /// A table that is filled row by row. Its name and columns are the database's own.
 struct TabellaNuova

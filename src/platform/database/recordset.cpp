@@ -1,9 +1,9 @@
-#include "platform/recordset.h"
+#include "platform/database/recordset.h"
 
 #include "platform/base/errore.h"
-#include "platform/criterio.h"
-#include "platform/insieme.h"
-#include "platform/valori.h"
+#include "platform/database/criterio.h"
+#include "platform/database/insieme.h"
+#include "platform/database/valori.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,9 +1,9 @@
 // How a table's name or a SELECT becomes a set of rows.
 #include "platform/base/errore.h"
-#include "platform/criterio.h"
-#include "platform/insieme.h"
-#include "platform/selezione.h"
-#include "platform/valori.h"
+#include "platform/database/criterio.h"
+#include "platform/database/insieme.h"
+#include "platform/database/selezione.h"
+#include "platform/database/valori.h"
 
 using namespace Qt::StringLiterals;
 

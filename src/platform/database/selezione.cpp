@@ -1,4 +1,4 @@
-#include "platform/selezione.h"
+#include "platform/database/selezione.h"
 
 #include <algorithm>
 #include <array>

@@ -3,9 +3,9 @@
 // A find asks the engine for the keys of the rows that meet the criterion and looks which of them comes
 // first in the set's own order; no row is fetched.
 #include "platform/base/errore.h"
-#include "platform/criterio.h"
-#include "platform/insieme.h"
-#include "platform/valori.h"
+#include "platform/database/criterio.h"
+#include "platform/database/insieme.h"
+#include "platform/database/valori.h"
 
 #include <algorithm>
 #include <array>

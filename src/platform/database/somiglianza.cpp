@@ -1,4 +1,4 @@
-#include "platform/somiglianza.h"
+#include "platform/database/somiglianza.h"
 
 #include <QList>
 

@@ -1,6 +1,6 @@
 #include "supporto/prova.h"
 
-#include "platform/somiglianza.h"
+#include "platform/database/somiglianza.h"
 
 #include <QElapsedTimer>
 

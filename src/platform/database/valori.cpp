@@ -1,4 +1,4 @@
-#include "platform/valori.h"
+#include "platform/database/valori.h"
 
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"

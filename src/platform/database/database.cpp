@@ -1,7 +1,7 @@
-#include "platform/database.h"
+#include "platform/database/database.h"
 
 #include "platform/base/errore.h"
-#include "platform/connessione.h"
+#include "platform/database/connessione.h"
 #include "platform/system/percorsi.h"
 
 QString Database::Percorso() const

@@ -1,5 +1,5 @@
 // How a file becomes a connection: the checks at the door and the register of what is open.
-#include "platform/connessione.h"
+#include "platform/database/connessione.h"
 
 #include "platform/base/errore.h"
 #include "platform/system/percorsi.h"

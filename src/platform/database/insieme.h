@@ -1,8 +1,8 @@
 // What stands behind a Recordset: where its rows come from, their keys, and the cursor.
 #pragma once
 
-#include "platform/connessione.h"
-#include "platform/recordset.h"
+#include "platform/database/connessione.h"
+#include "platform/database/recordset.h"
 
 #include <QHash>
 #include <QList>

@@ -1,7 +1,7 @@
-#include "platform/insieme.h"
+#include "platform/database/insieme.h"
 
 #include "platform/base/errore.h"
-#include "platform/criterio.h"
+#include "platform/database/criterio.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,8 +1,8 @@
 #include "supporto/prova.h"
 
 #include "platform/base/errore.h"
-#include "platform/clienti.h"
-#include "platform/database.h"
+#include "platform/database/clienti.h"
+#include "platform/database/database.h"
 #include "supporto/guasti.h"
 
 #include <filesystem>

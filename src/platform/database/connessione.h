@@ -1,7 +1,7 @@
 // One open SQLite file and its statements; what database.cpp and recordset.cpp stand on.
 #pragma once
 
-#include "platform/database.h"
+#include "platform/database/database.h"
 
 #include <QString>
 #include <QVariant>

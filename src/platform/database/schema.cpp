@@ -1,9 +1,9 @@
 // Tables, columns and their side table `_Campi`, which keeps what SQLite has no place for: the engine's
 // type code, the size and the description of each field.
 #include "platform/base/errore.h"
-#include "platform/connessione.h"
-#include "platform/criterio.h"
-#include "platform/valori.h"
+#include "platform/database/connessione.h"
+#include "platform/database/criterio.h"
+#include "platform/database/valori.h"
 
 #include <QHash>
 

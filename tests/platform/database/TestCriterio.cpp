@@ -1,7 +1,7 @@
 #include "supporto/prova.h"
 
 #include "platform/base/errore.h"
-#include "platform/criterio.h"
+#include "platform/database/criterio.h"
 #include "supporto/guasti.h"
 
 using namespace Qt::StringLiterals;

@@ -1,8 +1,8 @@
 // What the program adds to the engine's SQL: a collation and two functions, for its own queries only.
 #include "platform/base/regionale.h"
-#include "platform/connessione.h"
-#include "platform/somiglianza.h"
-#include "platform/valori.h"
+#include "platform/database/connessione.h"
+#include "platform/database/somiglianza.h"
+#include "platform/database/valori.h"
 
 #include <sqlite3.h>
 

@@ -1,7 +1,7 @@
-#include "platform/connessione.h"
+#include "platform/database/connessione.h"
 
 #include "platform/base/errore.h"
-#include "platform/valori.h"
+#include "platform/database/valori.h"
 
 #include <sqlite3.h>
 

@@ -1,7 +1,7 @@
 // Between QVariant and the stored forms of the engine's types.
 #pragma once
 
-#include "platform/database.h"
+#include "platform/database/database.h"
 
 #include <QString>
 #include <QVariant>

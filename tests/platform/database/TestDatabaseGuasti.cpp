@@ -2,8 +2,8 @@
 #include "supporto/prova.h"
 
 #include "platform/base/errore.h"
-#include "platform/criterio.h"
-#include "platform/database.h"
+#include "platform/database/criterio.h"
+#include "platform/database/database.h"
 #include "supporto/guasti.h"
 
 #include <QRandomGenerator>

@@ -1,7 +1,7 @@
 // A small archive for the tests of recordsets: four people, one of each awkward kind.
 #pragma once
 
-#include "platform/database.h"
+#include "platform/database/database.h"
 #include "supporto/prova.h"
 
 inline Campo Colonna(const QString& Nome, TipoCampo Tipo, int Size = 0)

@@ -1,9 +1,9 @@
-#include "platform/criterio.h"
+#include "platform/database/criterio.h"
 
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
-#include "platform/connessione.h"
-#include "platform/valori.h"
+#include "platform/database/connessione.h"
+#include "platform/database/valori.h"
 
 #include <array>
 

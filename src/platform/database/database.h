@@ -7,7 +7,7 @@
 //   are limited to 16 MiB.
 #pragma once
 
-#include "platform/recordset.h"
+#include "platform/database/recordset.h"
 
 #include <QList>
 #include <QString>
