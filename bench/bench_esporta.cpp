@@ -2,7 +2,7 @@
 #include "misura.h"
 
 #include "feenote/parcella.h"
-#include "platform/lettorertf.h"
+#include "platform/document/lettorertf.h"
 #include "platform/system/percorsi.h"
 #include "print/modEsporta.h"
 #include "print/modStampe.h"

@@ -2,9 +2,9 @@
 #include "misura.h"
 
 #include "feenote/parcella.h"
+#include "platform/document/superficie.h"
 #include "platform/impaginazione.h"
 #include "platform/senzaschermo.h"
-#include "platform/superficie.h"
 #include "print/modStampe.h"
 #include "print/scrittoretesto.h"
 

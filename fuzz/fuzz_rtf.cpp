@@ -1,6 +1,6 @@
 // Rich text: any bytes give paragraphs that keep the reader's promises, and both exports of them are sound.
 #include "platform/base/paginacodice.h"
-#include "platform/lettorertf.h"
+#include "platform/document/lettorertf.h"
 #include "print/scrittorehtml.h"
 #include "print/scrittorertf.h"
 

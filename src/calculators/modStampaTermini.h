@@ -2,7 +2,7 @@
 #pragma once
 
 #include "calculators/modTerminiSeq.h"
-#include "platform/superficie.h"
+#include "platform/document/superficie.h"
 
 /// Composes the sheet of a term; what stood on the surface is discarded.
 /// @param Dati the boxes as they stand, the start date as typed

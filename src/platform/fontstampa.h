@@ -1,7 +1,7 @@
 // Fonts of the printed page on the one device that all pages are laid out on.
 #pragma once
 
-#include "platform/superficie.h"
+#include "platform/document/superficie.h"
 
 #include <QFont>
 

@@ -5,7 +5,7 @@
 // QGuiApplication, whatever its platform.
 #pragma once
 
-#include "platform/superficie.h"
+#include "platform/document/superficie.h"
 
 #include <QList>
 #include <QPointF>

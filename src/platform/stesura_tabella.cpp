@@ -1,6 +1,6 @@
 #include "platform/stesura_tabella.h"
 
-#include "platform/larghezzecolonne.h"
+#include "platform/document/larghezzecolonne.h"
 
 #include <algorithm>
 #include <utility>

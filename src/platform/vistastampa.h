@@ -1,8 +1,8 @@
 // The preview: a print surface that shows its document as pages.
 #pragma once
 
+#include "platform/document/superficie.h"
 #include "platform/impaginazione.h"
-#include "platform/superficie.h"
 
 #include <QWidget>
 

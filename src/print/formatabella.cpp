@@ -1,6 +1,6 @@
 #include "print/formatabella.h"
 
-#include "platform/larghezzecolonne.h"
+#include "platform/document/larghezzecolonne.h"
 
 #include <algorithm>
 

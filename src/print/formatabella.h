@@ -1,7 +1,7 @@
 // What the writers of documents ask about a table.
 #pragma once
 
-#include "platform/superficie.h"
+#include "platform/document/superficie.h"
 
 #include <cstddef>
 #include <vector>

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "feenote/modTotali.h"
-#include "platform/superficie.h"
+#include "platform/document/superficie.h"
 
 #include <QString>
 

@@ -4,7 +4,7 @@
 #include "core/posti.h"
 #include "feenote/parcella.h"
 #include "platform/base/errore.h"
-#include "platform/superficie.h"
+#include "platform/document/superficie.h"
 
 #include <QByteArray>
 #include <QString>

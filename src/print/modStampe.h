@@ -2,7 +2,7 @@
 #pragma once
 
 #include "feenote/parcella.h"
-#include "platform/superficie.h"
+#include "platform/document/superficie.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 // A composed document as one HTML page.
 #pragma once
 
-#include "platform/superficie.h"
+#include "platform/document/superficie.h"
 
 #include <QByteArray>
 #include <QString>

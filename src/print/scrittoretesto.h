@@ -1,7 +1,7 @@
 // A composed document as plain text.
 #pragma once
 
-#include "platform/superficie.h"
+#include "platform/document/superficie.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 // Where pages break, on strips of paper: heights in whole numbers, a page of 10.
 #include "supporto/prova.h"
 
-#include "platform/larghezzecolonne.h"
+#include "platform/document/larghezzecolonne.h"
 #include "platform/spezzapagine.h"
 
 using namespace Qt::StringLiterals;

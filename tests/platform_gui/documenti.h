@@ -1,7 +1,7 @@
 // Documents written by hand, for the tests of layout.
 #pragma once
 
-#include "platform/superficie.h"
+#include "platform/document/superficie.h"
 
 #include <QString>
 

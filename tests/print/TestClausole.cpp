@@ -3,7 +3,7 @@
 #include "supporto/prova.h"
 
 #include "campioni.h"
-#include "platform/lettorertf.h"
+#include "platform/document/lettorertf.h"
 #include "platform/system/percorsi.h"
 #include "print/modStampe.h"
 

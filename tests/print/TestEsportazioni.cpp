@@ -5,7 +5,7 @@
 
 #include "documenti.h"
 #include "platform/base/paginacodice.h"
-#include "platform/lettorertf.h"
+#include "platform/document/lettorertf.h"
 #include "print/scrittorehtml.h"
 #include "print/scrittorertf.h"
 

@@ -1,7 +1,7 @@
 #include "supporto/prova.h"
 
 #include "campioni.h"
-#include "platform/lettorertf.h"
+#include "platform/document/lettorertf.h"
 #include "print/modStampe.h"
 #include "print/scrittorertf.h"
 

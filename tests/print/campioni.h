@@ -3,7 +3,7 @@
 
 #include "core/sessione.h"
 #include "feenote/parcella.h"
-#include "platform/superficie.h"
+#include "platform/document/superficie.h"
 
 #include <QString>
 

@@ -11,7 +11,7 @@
 //   **grassetto** __corsivo__   within a line of any kind but a title
 #pragma once
 
-#include "platform/superficie.h"
+#include "platform/document/superficie.h"
 
 #include <QStringList>
 

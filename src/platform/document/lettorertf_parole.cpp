@@ -1,7 +1,7 @@
-#include "platform/lettorertf_parole.h"
+#include "platform/document/lettorertf_parole.h"
 
 #include "platform/base/paginacodice.h"
-#include "platform/superficie.h"
+#include "platform/document/superficie.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/base/errore.h"
-#include "platform/superficie.h"
+#include "platform/document/superficie.h"
 
 #include <QStringList>
 

@@ -1,6 +1,6 @@
 #include "supporto/prova.h"
 
-#include "platform/lettorertf.h"
+#include "platform/document/lettorertf.h"
 
 #include <QElapsedTimer>
 #include <QRegularExpression>

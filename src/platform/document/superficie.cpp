@@ -1,9 +1,9 @@
-#include "platform/superficie.h"
+#include "platform/document/superficie.h"
 
 #include "platform/base/errore.h"
 #include "platform/base/paginacodice.h"
 #include "platform/base/regionale.h"
-#include "platform/lettorertf.h"
+#include "platform/document/lettorertf.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,7 +1,7 @@
-#include "platform/lettorertf.h"
+#include "platform/document/lettorertf.h"
 
 #include "platform/base/paginacodice.h"
-#include "platform/lettorertf_parole.h"
+#include "platform/document/lettorertf_parole.h"
 
 #include <QByteArray>
 #include <QHash>

@@ -1,7 +1,7 @@
 // Reads rich text into paragraphs.
 #pragma once
 
-#include "platform/superficie.h"
+#include "platform/document/superficie.h"
 
 #include <QStringView>
 

@@ -1,4 +1,4 @@
-#include "platform/larghezzecolonne.h"
+#include "platform/document/larghezzecolonne.h"
 
 #include <algorithm>
 #include <cstddef>
