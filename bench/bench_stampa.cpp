@@ -3,8 +3,8 @@
 
 #include "feenote/parcella.h"
 #include "platform/document/superficie.h"
-#include "platform/impaginazione.h"
-#include "platform/senzaschermo.h"
+#include "platform/pages/impaginazione.h"
+#include "platform/pages/senzaschermo.h"
 #include "print/modStampe.h"
 #include "print/scrittoretesto.h"
 

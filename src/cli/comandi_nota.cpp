@@ -6,7 +6,7 @@
 #include "feenote/modDocumento.h"
 #include "feenote/modFile.h"
 #include "platform/base/errore.h"
-#include "platform/impaginazione.h"
+#include "platform/pages/impaginazione.h"
 #include "platform/system/percorsi.h"
 #include "print/modEsporta.h"
 #include "print/modLettere.h"

@@ -1,7 +1,7 @@
 // calcanova-cli: the program's logic without a window.
 #include "cli/comandi.h"
 
-#include "platform/senzaschermo.h"
+#include "platform/pages/senzaschermo.h"
 
 #include <QCoreApplication>
 

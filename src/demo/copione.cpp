@@ -12,7 +12,7 @@
 #include "feenote/modTotali.h"
 #include "platform/base/regionale.h"
 #include "platform/griglia.h"
-#include "platform/impaginazione.h"
+#include "platform/pages/impaginazione.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "platform/vistastampa.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/document/superficie.h"
-#include "platform/impaginazione.h"
+#include "platform/pages/impaginazione.h"
 
 #include <QWidget>
 

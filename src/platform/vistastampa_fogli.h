@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/disposizionefogli.h"
-#include "platform/impaginazione.h"
+#include "platform/pages/impaginazione.h"
 
 #include <QAbstractScrollArea>
 #include <QBasicTimer>

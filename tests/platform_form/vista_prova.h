@@ -1,9 +1,9 @@
 // A preview on screen with a document of known words, for tests.
 #pragma once
 
+#include "platform/pages/documenti.h"
 #include "platform/vistastampa.h"
 #include "platform/vistastampa_fogli.h"
-#include "platform_gui/documenti.h"
 #include "supporto/finestre.h"
 
 #include <QScrollBar>

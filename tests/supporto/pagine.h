@@ -1,7 +1,7 @@
 // Laid out documents as the tests look at them: by their lines, and by their PDF read with other tools.
 #pragma once
 
-#include "platform/impaginazione.h"
+#include "platform/pages/impaginazione.h"
 
 #include <QByteArray>
 #include <QString>

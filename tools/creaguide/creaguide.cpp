@@ -3,7 +3,7 @@
 #include "creadati/tassi.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
-#include "platform/impaginazione.h"
+#include "platform/pages/impaginazione.h"
 #include "platform/system/percorsi.h"
 
 #include <QDirIterator>

@@ -1,5 +1,5 @@
 #include "creaguide/creaguide.h"
-#include "platform/senzaschermo.h"
+#include "platform/pages/senzaschermo.h"
 
 #include <cstdio>
 

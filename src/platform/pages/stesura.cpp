@@ -1,6 +1,6 @@
-#include "platform/stesura.h"
+#include "platform/pages/stesura.h"
 
-#include "platform/stesura_tabella.h"
+#include "platform/pages/stesura_tabella.h"
 
 #include <QTextOption>
 

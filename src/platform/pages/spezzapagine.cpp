@@ -1,4 +1,4 @@
-#include "platform/spezzapagine.h"
+#include "platform/pages/spezzapagine.h"
 
 #include <cstddef>
 

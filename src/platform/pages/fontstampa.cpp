@@ -1,4 +1,4 @@
-#include "platform/fontstampa.h"
+#include "platform/pages/fontstampa.h"
 
 #include <QFontMetricsF>
 #include <QImage>

@@ -1,6 +1,6 @@
 // The pages on paper: painting, printing, PDF.
 #include "platform/base/errore.h"
-#include "platform/impaginata.h"
+#include "platform/pages/impaginata.h"
 #include "platform/system/percorsi.h"
 
 #include <QBuffer>

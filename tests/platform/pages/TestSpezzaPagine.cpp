@@ -2,7 +2,7 @@
 #include "supporto/prova.h"
 
 #include "platform/document/larghezzecolonne.h"
-#include "platform/spezzapagine.h"
+#include "platform/pages/spezzapagine.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 // What a laid out document is made of. Lengths in dots, but for the rectangles that are handed out.
 #pragma once
 
-#include "platform/stesura.h"
+#include "platform/pages/stesura.h"
 
 #include <vector>
 

@@ -1,9 +1,9 @@
 // A document as lines of text in strips of paper, before it is divided into pages.
 #pragma once
 
-#include "platform/fontstampa.h"
-#include "platform/impaginazione.h"
-#include "platform/spezzapagine.h"
+#include "platform/pages/fontstampa.h"
+#include "platform/pages/impaginazione.h"
+#include "platform/pages/spezzapagine.h"
 
 #include <QLineF>
 #include <QTextLayout>

@@ -1,4 +1,4 @@
-#include "platform/senzaschermo.h"
+#include "platform/pages/senzaschermo.h"
 
 #include <QGuiApplication>
 

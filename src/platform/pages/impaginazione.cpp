@@ -1,6 +1,6 @@
-#include "platform/impaginazione.h"
+#include "platform/pages/impaginazione.h"
 
-#include "platform/impaginata.h"
+#include "platform/pages/impaginata.h"
 
 #include <QGuiApplication>
 

@@ -1,5 +1,5 @@
 // The text of the pages: places, selections, search.
-#include "platform/impaginata.h"
+#include "platform/pages/impaginata.h"
 
 #include <QRegularExpression>
 

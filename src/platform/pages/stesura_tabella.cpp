@@ -1,4 +1,4 @@
-#include "platform/stesura_tabella.h"
+#include "platform/pages/stesura_tabella.h"
 
 #include "platform/document/larghezzecolonne.h"
 

@@ -1,7 +1,7 @@
 // What the tests of layout measure and see.
 #pragma once
 
-#include "platform/impaginazione.h"
+#include "platform/pages/impaginazione.h"
 
 #include <QImage>
 #include <QPainter>
