@@ -6,7 +6,7 @@
 #include "platform/aspetto.h"
 #include "platform/campo.h"
 #include "platform/collega.h"
-#include "platform/segnale.h"
+#include "platform/network/segnale.h"
 #include "platform/servizi_qt.h"
 
 void PreparaProgramma()

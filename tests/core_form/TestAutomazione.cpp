@@ -8,7 +8,7 @@
 #include "core/apritori.h"
 #include "core/posti.h"
 #include "feenote_form/tavolo.h"
-#include "platform/segnale.h"
+#include "platform/network/segnale.h"
 #include "platform/system/orologio.h"
 
 #include <QElapsedTimer>

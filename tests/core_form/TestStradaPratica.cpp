@@ -9,7 +9,7 @@
 #include "core/comandi.h"
 #include "core/posti.h"
 #include "feenote_form/selettore.h"
-#include "platform/segnale.h"
+#include "platform/network/segnale.h"
 #include "platform/system/orologio.h"
 
 #include <QListWidget>

@@ -1,4 +1,4 @@
-#include "platform/segnale.h"
+#include "platform/network/segnale.h"
 
 #include "platform/base/paginacodice.h"
 #include "platform/system/percorsi.h"

@@ -1,7 +1,7 @@
 // The signal to another program: what a listener hears, and that nobody waits for one who does not listen.
 #include "supporto/prova.h"
 
-#include "platform/segnale.h"
+#include "platform/network/segnale.h"
 #include "platform/system/shell.h"
 
 #include <QDir>
