@@ -2,7 +2,7 @@
 #include "misura.h"
 
 #include "feenote/parcella.h"
-#include "platform/servizi_qt.h"
+#include "platform/kit/servizi_qt.h"
 #include "platform/vistastampa.h"
 #include "print/modStampe.h"
 

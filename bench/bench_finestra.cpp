@@ -10,7 +10,7 @@
 #include "feenote/frmParcelle.h"
 #include "feenote/modParametri.h"
 #include "platform/griglia.h"
-#include "platform/servizi_qt.h"
+#include "platform/kit/servizi_qt.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"
 

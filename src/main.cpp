@@ -1,7 +1,7 @@
 // Calcanova: fee notes and calculators for Italian law offices.
 #include "core/Main.h"
 #include "core/programma.h"
-#include "platform/servizi_qt.h"
+#include "platform/kit/servizi_qt.h"
 
 #include <QTimer>
 

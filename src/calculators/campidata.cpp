@@ -1,8 +1,8 @@
 #include "calculators/campidata.h"
 
 #include "platform/base/datatesto.h"
-#include "platform/campo.h"
-#include "platform/mascheradata.h"
+#include "platform/kit/campo.h"
+#include "platform/kit/mascheradata.h"
 
 void CompletaAnno(MascheraData* Campo)
 {

@@ -1,9 +1,9 @@
 #include "calculators/finestracalcolo.h"
 
 #include "core/modErrori.h"
-#include "platform/aspetto.h"
-#include "platform/campo.h"
-#include "platform/collega.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/campo.h"
+#include "platform/kit/collega.h"
 
 #include <QAction>
 #include <QApplication>

@@ -3,9 +3,9 @@
 #include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
-#include "platform/aspetto.h"
-#include "platform/campo.h"
-#include "platform/mascheradata.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/campo.h"
+#include "platform/kit/mascheradata.h"
 
 #include <QAbstractButton>
 #include <QAccessible>

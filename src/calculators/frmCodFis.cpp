@@ -5,10 +5,10 @@
 #include "calculators/gestimodulo.h"
 #include "calculators/modCodFis.h"
 #include "core/modErrori.h"
-#include "platform/aspetto.h"
 #include "platform/base/datatesto.h"
-#include "platform/campo.h"
-#include "platform/collega.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/campo.h"
+#include "platform/kit/collega.h"
 
 #include "ui_frmCodFis.h"
 

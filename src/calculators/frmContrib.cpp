@@ -6,9 +6,9 @@
 #include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
-#include "platform/aspetto.h"
-#include "platform/campo.h"
-#include "platform/collega.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/campo.h"
+#include "platform/kit/collega.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 

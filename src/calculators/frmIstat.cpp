@@ -5,10 +5,10 @@
 #include "calculators/gestimodulo.h"
 #include "calculators/modTassi.h"
 #include "core/modErrori.h"
-#include "platform/aspetto.h"
 #include "platform/base/regionale.h"
-#include "platform/campo.h"
-#include "platform/collega.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/campo.h"
+#include "platform/kit/collega.h"
 #include "platform/system/shell.h"
 
 #include "ui_frmIstat.h"

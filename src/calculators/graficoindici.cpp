@@ -1,9 +1,9 @@
 #include "calculators/graficoindici.h"
 
 #include "core/sessione.h"
-#include "platform/aspetto.h"
 #include "platform/base/nomidate.h"
 #include "platform/base/regionale.h"
+#include "platform/kit/aspetto.h"
 
 #include <QPainterPath>
 #include <QToolTip>

@@ -1,6 +1,6 @@
 #include "calculators/pannellocontributo.h"
 
-#include "platform/aspetto.h"
+#include "platform/kit/aspetto.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>

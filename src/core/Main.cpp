@@ -9,7 +9,7 @@
 #include "core/paginaavviso.h"
 #include "core/posti.h"
 #include "core/primouso.h"
-#include "core/singola.h"
+#include "platform/kit/singola.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"

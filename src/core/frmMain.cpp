@@ -5,9 +5,9 @@
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
 #include "core/posti.h"
-#include "platform/aspetto.h"
-#include "platform/campo.h"
-#include "platform/collega.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/campo.h"
+#include "platform/kit/collega.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/percorsi.h"
 

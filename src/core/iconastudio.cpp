@@ -1,6 +1,6 @@
 #include "core/iconastudio.h"
 
-#include "platform/aspetto.h"
+#include "platform/kit/aspetto.h"
 
 #include <QKeyEvent>
 #include <QPainter>

@@ -2,12 +2,12 @@
 
 #include "core/apritori.h"
 #include "core/modErrori.h"
-#include "core/modFiltri.h"
-#include "platform/aspetto.h"
-#include "platform/campo.h"
-#include "platform/collega.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/campo.h"
+#include "platform/kit/collega.h"
+#include "platform/kit/modFiltri.h"
+#include "platform/kit/servizi_qt.h"
 #include "platform/network/segnale.h"
-#include "platform/servizi_qt.h"
 
 void PreparaProgramma()
 {

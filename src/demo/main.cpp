@@ -7,7 +7,7 @@
 #include "demo/copione.h"
 #include "feenote/finestre.h"
 #include "feenote/modRecupero.h"
-#include "platform/servizi_qt.h"
+#include "platform/kit/servizi_qt.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"

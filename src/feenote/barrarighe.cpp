@@ -1,9 +1,9 @@
 #include "feenote/barrarighe.h"
 
-#include "platform/aspetto.h"
-#include "platform/campo.h"
-#include "platform/collega.h"
 #include "platform/griglia.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/campo.h"
+#include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"
 
 #include <QAction>

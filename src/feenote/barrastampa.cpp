@@ -1,7 +1,7 @@
 #include "feenote/barrastampa.h"
 
 #include "feenote/barrarighe.h"
-#include "platform/collega.h"
+#include "platform/kit/collega.h"
 
 #include <QAction>
 #include <QLabel>

@@ -6,7 +6,7 @@
 #include "core/sessione.h"
 #include "feenote/frmParcelle.h"
 #include "feenote/modRecupero.h"
-#include "platform/aspetto.h"
+#include "platform/kit/aspetto.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"

@@ -1,8 +1,8 @@
 #include "feenote/frmOldTariffe.h"
 
 #include "feenote/frmParcelle.h"
-#include "platform/aspetto.h"
-#include "platform/collega.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"
 #include "ui_frmOldTariffe.h"
 

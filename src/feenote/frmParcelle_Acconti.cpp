@@ -8,8 +8,8 @@
 #include "feenote/modTotali.h"
 #include "feenote/mostra.h"
 #include "feenote/righegriglia.h"
-#include "platform/collega.h"
 #include "platform/griglia.h"
+#include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"
 #include "ui_SchedaAcconti.h"
 

@@ -4,8 +4,8 @@
 #include "feenote/frmParcelle.h"
 
 #include "feenote/modDatiStampa.h"
-#include "platform/campo.h"
-#include "platform/collega.h"
+#include "platform/kit/campo.h"
+#include "platform/kit/collega.h"
 #include "ui_SchedaDatiBase.h"
 #include "ui_SchedaStampa.h"
 

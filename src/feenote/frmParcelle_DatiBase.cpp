@@ -5,8 +5,8 @@
 #include "feenote/modParametri.h"
 #include "feenote/modVariazione.h"
 #include "feenote/mostra.h"
-#include "platform/campo.h"
-#include "platform/collega.h"
+#include "platform/kit/campo.h"
+#include "platform/kit/collega.h"
 #include "ui_SchedaDatiBase.h"
 
 #include <QButtonGroup>

@@ -1,8 +1,8 @@
 // Tab 1: the panel that graduates honoraria between minimum and maximum.
 #include "feenote/frmParcelle.h"
 
-#include "platform/collega.h"
 #include "platform/griglia.h"
+#include "platform/kit/collega.h"
 #include "ui_SchedaOnorari.h"
 
 #include <QAction>

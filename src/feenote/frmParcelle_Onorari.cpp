@@ -8,8 +8,8 @@
 #include "feenote/modOnorari.h"
 #include "feenote/modVariazione.h"
 #include "feenote/righegriglia.h"
-#include "platform/collega.h"
 #include "platform/griglia.h"
+#include "platform/kit/collega.h"
 #include "platform/system/percorsi.h"
 #include "ui_SchedaOnorari.h"
 

@@ -5,8 +5,8 @@
 #include "feenote/barrarighe.h"
 #include "feenote/modSpese.h"
 #include "feenote/righegriglia.h"
-#include "platform/collega.h"
 #include "platform/griglia.h"
+#include "platform/kit/collega.h"
 #include "ui_SchedaSpese.h"
 
 #include <QLineEdit>

@@ -1,8 +1,8 @@
 #include "platform/calendario.h"
 
-#include "platform/aspetto.h"
 #include "platform/calendario_mese.h"
-#include "platform/collega.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/collega.h"
 #include "platform/system/orologio.h"
 
 #include <QGridLayout>

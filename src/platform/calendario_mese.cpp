@@ -1,6 +1,6 @@
 #include "platform/calendario_mese.h"
 
-#include "platform/aspetto.h"
+#include "platform/kit/aspetto.h"
 
 #include <QApplication>
 #include <QHelpEvent>

@@ -1,12 +1,12 @@
 #include "platform/griglia.h"
 
-#include "platform/aspetto.h"
-#include "platform/collega.h"
 #include "platform/griglia_cella.h"
 #include "platform/griglia_modello.h"
 #include "platform/griglia_pie.h"
 #include "platform/griglia_selettore.h"
 #include "platform/griglia_vista.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/collega.h"
 
 #include <QItemSelectionModel>
 #include <QPainter>

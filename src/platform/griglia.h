@@ -2,8 +2,8 @@
 #pragma once
 
 #include "platform/base/tabellarighe.h"
-#include "platform/campo.h"
 #include "platform/database/recordset.h"
+#include "platform/kit/campo.h"
 
 #include <QList>
 #include <QString>

@@ -1,9 +1,9 @@
 #include "platform/griglia_cella.h"
 
 #include "platform/base/regionale.h"
-#include "platform/collega.h"
 #include "platform/griglia_modello.h"
 #include "platform/griglia_vista.h"
+#include "platform/kit/collega.h"
 
 #include <QApplication>
 #include <QFocusEvent>

@@ -1,9 +1,9 @@
 #include "platform/griglia_disegno.h"
 
-#include "platform/aspetto.h"
 #include "platform/griglia_modello.h"
 #include "platform/griglia_selettore.h"
 #include "platform/griglia_vista.h"
+#include "platform/kit/aspetto.h"
 
 #include <QHelpEvent>
 #include <QPainter>

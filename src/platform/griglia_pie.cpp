@@ -1,11 +1,11 @@
 #include "platform/griglia_pie.h"
 
-#include "platform/aspetto.h"
-#include "platform/collega.h"
 #include "platform/griglia_disegno.h"
 #include "platform/griglia_modello.h"
 #include "platform/griglia_selettore.h"
 #include "platform/griglia_vista.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/collega.h"
 
 #include <QPainter>
 #include <QScrollBar>

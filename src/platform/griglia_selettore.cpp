@@ -1,9 +1,9 @@
 #include "platform/griglia_selettore.h"
 
-#include "platform/aspetto.h"
 #include "platform/griglia_cella.h"
 #include "platform/griglia_modello.h"
 #include "platform/griglia_vista.h"
+#include "platform/kit/aspetto.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>

@@ -1,8 +1,8 @@
 #include "platform/vistastampa.h"
 
-#include "platform/aspetto.h"
-#include "platform/barraricerca.h"
-#include "platform/collega.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/barraricerca.h"
+#include "platform/kit/collega.h"
 #include "platform/vistastampa_accessibile.h"
 #include "platform/vistastampa_fogli.h"
 

@@ -1,7 +1,7 @@
 // Places, scale and painting of the sheets.
 #include "platform/vistastampa_fogli.h"
 
-#include "platform/aspetto.h"
+#include "platform/kit/aspetto.h"
 #include "platform/vistastampa.h"
 
 #include <QPaintEvent>

@@ -1,6 +1,6 @@
 // The sheets under mouse and keys: selection, scrolling, the menu.
-#include "platform/aspetto.h"
-#include "platform/collega.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/collega.h"
 #include "platform/vistastampa_fogli.h"
 
 #include <QClipboard>

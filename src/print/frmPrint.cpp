@@ -1,9 +1,9 @@
 #include "print/frmPrint.h"
 
 #include "core/modErrori.h"
-#include "core/singola.h"
-#include "platform/aspetto.h"
-#include "platform/collega.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/collega.h"
+#include "platform/kit/singola.h"
 #include "platform/stampante.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"

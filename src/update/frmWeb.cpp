@@ -3,9 +3,9 @@
 #include "core/CIni.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
-#include "platform/aspetto.h"
 #include "platform/base/regionale.h"
-#include "platform/collega.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/collega.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 

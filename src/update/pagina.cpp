@@ -3,7 +3,7 @@
 #include "core/modLancio.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
-#include "platform/collega.h"
+#include "platform/kit/collega.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 #include "update/stilepagina.h"

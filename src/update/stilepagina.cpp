@@ -1,6 +1,6 @@
 #include "update/stilepagina.h"
 
-#include "platform/aspetto.h"
+#include "platform/kit/aspetto.h"
 
 #include <QPalette>
 

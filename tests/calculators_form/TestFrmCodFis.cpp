@@ -2,7 +2,7 @@
 #include "banco.h"
 
 #include "calculators/frmCodFis.h"
-#include "platform/aspetto.h"
+#include "platform/kit/aspetto.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>

@@ -3,7 +3,7 @@
 
 #include "calculators/frmContrib.h"
 #include "calculators/paginacontributo.h"
-#include "platform/aspetto.h"
+#include "platform/kit/aspetto.h"
 
 #include <QScrollBar>
 #include <QWheelEvent>

@@ -3,7 +3,7 @@
 #include "core/Main.h"
 #include "core/aperture.h"
 #include "core/apritori.h"
-#include "platform/aspetto.h"
+#include "platform/kit/aspetto.h"
 #include "update/frmWeb.h"
 
 #include <QCheckBox>

@@ -3,8 +3,8 @@
 #include "core/Main.h"
 #include "core/aperture.h"
 #include "core/posti.h"
-#include "platform/aspetto.h"
-#include "platform/campo.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/campo.h"
 
 #include <QLineEdit>
 #include <QMdiArea>

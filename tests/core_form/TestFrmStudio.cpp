@@ -3,7 +3,7 @@
 #include "core/aperture.h"
 #include "core/iconastudio.h"
 #include "core/posti.h"
-#include "platform/aspetto.h"
+#include "platform/kit/aspetto.h"
 
 #include <QImage>
 #include <QMap>

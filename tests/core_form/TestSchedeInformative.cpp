@@ -5,8 +5,8 @@
 #include "core/aperture.h"
 #include "core/apritori.h"
 #include "core/modErrori.h"
-#include "core/singola.h"
-#include "platform/collega.h"
+#include "platform/kit/collega.h"
+#include "platform/kit/singola.h"
 #include "update/frmWeb.h"
 #include "update/pagina.h"
 

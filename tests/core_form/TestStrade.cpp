@@ -8,7 +8,7 @@
 #include "core/posti.h"
 #include "feenote/finestre.h"
 #include "feenote/frmParcelle.h"
-#include "platform/campo.h"
+#include "platform/kit/campo.h"
 
 #include <QLineEdit>
 #include <QMdiArea>

@@ -15,7 +15,7 @@
 #include "core/modErrori.h"
 #include "core/modIcone.h"
 #include "core/sessione.h"
-#include "core/singola.h"
+#include "platform/kit/singola.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"

@@ -2,7 +2,7 @@
 #include "tavolo.h"
 
 #include "core/posti.h"
-#include "platform/shell_qt.h"
+#include "platform/kit/shell_qt.h"
 #include "platform/stampante.h"
 #include "platform/system/shell.h"
 #include "platform/vistastampa.h"

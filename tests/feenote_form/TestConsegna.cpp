@@ -6,7 +6,7 @@
 #include "core/posti.h"
 #include "feenote/modNumeraFattura.h"
 #include "feenote/modPV2.h"
-#include "platform/collega.h"
+#include "platform/kit/collega.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/orologio.h"
 #include "platform/system/shell.h"

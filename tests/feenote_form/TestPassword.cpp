@@ -5,7 +5,7 @@
 #include "core/comandi.h"
 #include "core/posti.h"
 #include "feenote/modSalvataggio.h"
-#include "platform/messaggi_qt.h"
+#include "platform/kit/messaggi_qt.h"
 
 #include <QInputDialog>
 #include <QTimer>

@@ -3,7 +3,7 @@
 
 #include "core/comandi.h"
 #include "core/posti.h"
-#include "platform/messaggi_qt.h"
+#include "platform/kit/messaggi_qt.h"
 
 #include <QMessageBox>
 #include <QPushButton>

@@ -5,7 +5,7 @@
 #include "core/comandi.h"
 #include "core/posti.h"
 #include "platform/database/database.h"
-#include "platform/messaggi_qt.h"
+#include "platform/kit/messaggi_qt.h"
 #include "platform/system/shell.h"
 
 #include <QDialog>

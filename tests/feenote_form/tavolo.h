@@ -2,13 +2,13 @@
 #pragma once
 
 #include "core/aperture.h"
-#include "core/modFiltri.h"
 #include "feenote/file_prova.h"
 #include "feenote/finestre.h"
 #include "feenote/frmParcelle.h"
 #include "feenote/modRecupero.h"
-#include "platform/campo.h"
 #include "platform/griglia.h"
+#include "platform/kit/campo.h"
+#include "platform/kit/modFiltri.h"
 #include "platform/system/percorsi.h"
 #include "supporto/finestre.h"
 

@@ -1,6 +1,6 @@
 // The month calendar: days told apart, walked over with the keys, picked with either hand.
-#include "platform/aspetto.h"
 #include "platform/calendario.h"
+#include "platform/kit/aspetto.h"
 #include "platform/system/orologio.h"
 #include "supporto/finestre.h"
 #include "supporto/prova.h"

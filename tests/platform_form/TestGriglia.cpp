@@ -1,6 +1,6 @@
 // The rows of a grid and their cells, by keyboard and mouse on the real widget.
-#include "platform/collega.h"
 #include "platform/griglia.h"
+#include "platform/kit/collega.h"
 #include "supporto/finestre.h"
 #include "supporto/prova.h"
 

@@ -1,9 +1,9 @@
 // Rows of a grid as a whole: selection, dragging, footer, widths, many rows, recordsets.
-#include "platform/aspetto.h"
 #include "platform/base/regionale.h"
 #include "platform/database/database.h"
 #include "platform/griglia.h"
 #include "platform/griglia_pie.h"
+#include "platform/kit/aspetto.h"
 #include "supporto/finestre.h"
 #include "supporto/prova.h"
 

@@ -1,5 +1,5 @@
 // The preview: pages, scale, place, colours, what a screen reader hears.
-#include "platform/aspetto.h"
+#include "platform/kit/aspetto.h"
 #include "supporto/prova.h"
 #include "vista_prova.h"
 

@@ -1,5 +1,5 @@
 // The window of a document that belongs to no fee note.
-#include "core/singola.h"
+#include "platform/kit/singola.h"
 #include "platform/stampante.h"
 #include "platform/vistastampa.h"
 #include "print/frmPrint.h"

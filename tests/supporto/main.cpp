@@ -6,8 +6,8 @@
 #include <QSettings>
 
 #ifdef PROVE_CON_FINESTRE
-#include "platform/aspetto.h"
-#include "platform/servizi_qt.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/servizi_qt.h"
 #elif defined(PROVE_CON_PAGINE)
 #include <QGuiApplication>
 #endif

@@ -5,7 +5,7 @@
 #include "core/CIni.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
-#include "platform/collega.h"
+#include "platform/kit/collega.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"

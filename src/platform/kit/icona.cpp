@@ -1,6 +1,6 @@
-#include "platform/icona.h"
+#include "platform/kit/icona.h"
 
-#include "platform/aspetto.h"
+#include "platform/kit/aspetto.h"
 
 #include <QFile>
 #include <QGuiApplication>

@@ -1,4 +1,4 @@
-#include "core/modFiltri.h"
+#include "platform/kit/modFiltri.h"
 
 #include "platform/system/shell.h"
 

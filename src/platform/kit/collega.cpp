@@ -1,4 +1,4 @@
-#include "platform/collega.h"
+#include "platform/kit/collega.h"
 
 #include <QDebug>
 

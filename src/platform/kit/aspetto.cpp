@@ -1,6 +1,6 @@
-#include "platform/aspetto.h"
+#include "platform/kit/aspetto.h"
 
-#include "platform/icona.h"
+#include "platform/kit/icona.h"
 
 #include <QApplication>
 #include <QFont>

@@ -1,6 +1,6 @@
-#include "platform/shell_qt.h"
+#include "platform/kit/shell_qt.h"
 
-#include "platform/campo.h"
+#include "platform/kit/campo.h"
 #include "platform/system/percorsi.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 // Signals to procedures, and the last net below them.
-#include "platform/collega.h"
-#include "platform/servizi_qt.h"
+#include "platform/kit/collega.h"
+#include "platform/kit/servizi_qt.h"
 #include "supporto/prova.h"
 
 #include <QCheckBox>

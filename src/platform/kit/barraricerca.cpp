@@ -1,7 +1,7 @@
-#include "platform/barraricerca.h"
+#include "platform/kit/barraricerca.h"
 
-#include "platform/aspetto.h"
-#include "platform/collega.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/collega.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,6 @@
 // Leaving boxes, refusing to be left, keys let in, on real widgets with the focus.
-#include "platform/campo.h"
-#include "platform/collega.h"
+#include "platform/kit/campo.h"
+#include "platform/kit/collega.h"
 #include "supporto/finestre.h"
 #include "supporto/prova.h"
 #include "supporto/registratore.h"

@@ -1,8 +1,8 @@
-#include "platform/campo.h"
+#include "platform/kit/campo.h"
 
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
-#include "platform/collega.h"
+#include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
-#include "platform/mascheradata.h"
+#include "platform/kit/mascheradata.h"
 
 #include "platform/base/regionale.h"
-#include "platform/collega.h"
+#include "platform/kit/collega.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,6 +1,6 @@
 // The real boxes and dialogs, the busy pointer, the focus moves and the breath of long work.
-#include "platform/collega.h"
-#include "platform/servizi_qt.h"
+#include "platform/kit/collega.h"
+#include "platform/kit/servizi_qt.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/shell.h"
 #include "supporto/finestre.h"

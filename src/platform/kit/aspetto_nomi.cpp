@@ -1,4 +1,4 @@
-#include "platform/aspetto.h"
+#include "platform/kit/aspetto.h"
 
 #include <QAbstractButton>
 #include <QFormLayout>

@@ -1,6 +1,6 @@
 // Colours, icons, mnemonics, spoken names and places of windows.
-#include "platform/aspetto.h"
 #include "platform/griglia.h"
+#include "platform/kit/aspetto.h"
 #include "platform/system/impostazioni.h"
 #include "supporto/finestre.h"
 #include "supporto/prova.h"

@@ -1,5 +1,5 @@
 // The masked date box, typed into, pasted into and filled by code.
-#include "platform/mascheradata.h"
+#include "platform/kit/mascheradata.h"
 #include "supporto/finestre.h"
 #include "supporto/prova.h"
 

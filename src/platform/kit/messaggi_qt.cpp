@@ -1,6 +1,6 @@
-#include "platform/messaggi_qt.h"
+#include "platform/kit/messaggi_qt.h"
 
-#include "platform/aspetto.h"
+#include "platform/kit/aspetto.h"
 #include "platform/system/percorsi.h"
 
 #include <QApplication>

@@ -1,8 +1,8 @@
-#include "platform/servizi_qt.h"
+#include "platform/kit/servizi_qt.h"
 
-#include "platform/collega.h"
-#include "platform/messaggi_qt.h"
-#include "platform/shell_qt.h"
+#include "platform/kit/collega.h"
+#include "platform/kit/messaggi_qt.h"
+#include "platform/kit/shell_qt.h"
 
 #include <QKeyEvent>
 

@@ -1,6 +1,6 @@
 #include "supporto/prova.h"
 
-#include "core/modFiltri.h"
+#include "platform/kit/modFiltri.h"
 #include "platform/system/shell.h"
 
 using namespace Qt::StringLiterals;
