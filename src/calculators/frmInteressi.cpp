@@ -8,7 +8,7 @@
 #include "core/modLancio.h"
 #include "core/sessione.h"
 #include "platform/base/regionale.h"
-#include "platform/calendario.h"
+#include "platform/calendar/calendario.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"

@@ -6,7 +6,7 @@
 #include "core/modErrori.h"
 #include "platform/base/datatesto.h"
 #include "platform/base/regionale.h"
-#include "platform/calendario.h"
+#include "platform/calendar/calendario.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"

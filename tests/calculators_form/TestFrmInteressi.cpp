@@ -4,7 +4,7 @@
 #include "calculators/archivio_prova.h"
 #include "calculators/frmInteressi.h"
 #include "platform/base/regionale.h"
-#include "platform/calendario.h"
+#include "platform/calendar/calendario.h"
 #include "platform/griglia.h"
 
 #include <filesystem>

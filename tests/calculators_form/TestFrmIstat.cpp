@@ -3,7 +3,7 @@
 
 #include "calculators/frmIstat.h"
 #include "calculators/graficoindici.h"
-#include "platform/calendario.h"
+#include "platform/calendar/calendario.h"
 
 #include <array>
 #include <filesystem>

@@ -7,7 +7,7 @@
 #include "supporto/registratore.h"
 
 #include "core/sessione.h"
-#include "platform/calendario.h"
+#include "platform/calendar/calendario.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/mascheradata.h"
 #include "platform/kit/modFiltri.h"

@@ -1,7 +1,7 @@
 // The days of the month that a calendar shows: painted, clicked, walked over.
 #pragma once
 
-#include "platform/calendario.h"
+#include "platform/calendar/calendario.h"
 
 class QPainter;
 

@@ -1,4 +1,4 @@
-#include "platform/calendario_mese.h"
+#include "platform/calendar/calendario_mese.h"
 
 #include "platform/kit/aspetto.h"
 

@@ -1,6 +1,6 @@
-#include "platform/calendario.h"
+#include "platform/calendar/calendario.h"
 
-#include "platform/calendario_mese.h"
+#include "platform/calendar/calendario_mese.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/system/orologio.h"

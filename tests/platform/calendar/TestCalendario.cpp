@@ -1,5 +1,5 @@
 // The month calendar: days told apart, walked over with the keys, picked with either hand.
-#include "platform/calendario.h"
+#include "platform/calendar/calendario.h"
 #include "platform/kit/aspetto.h"
 #include "platform/system/orologio.h"
 #include "supporto/finestre.h"
