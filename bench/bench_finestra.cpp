@@ -9,7 +9,7 @@
 #include "feenote/finestre.h"
 #include "feenote/frmParcelle.h"
 #include "feenote/modParametri.h"
-#include "platform/griglia.h"
+#include "platform/grid/griglia.h"
 #include "platform/kit/servizi_qt.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"

@@ -10,7 +10,7 @@
 #include "feenote/frmParcelle.h"
 #include "feenote/modTotali.h"
 #include "platform/base/regionale.h"
-#include "platform/griglia.h"
+#include "platform/grid/griglia.h"
 #include "platform/kit/singola.h"
 #include "platform/pages/impaginazione.h"
 #include "platform/system/messaggi.h"

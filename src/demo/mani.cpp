@@ -1,6 +1,6 @@
 #include "demo/mani.h"
 
-#include "platform/griglia.h"
+#include "platform/grid/griglia.h"
 
 #include <QAbstractItemView>
 #include <QTest>

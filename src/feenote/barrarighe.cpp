@@ -1,6 +1,6 @@
 #include "feenote/barrarighe.h"
 
-#include "platform/griglia.h"
+#include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"

@@ -7,7 +7,7 @@
 #include "feenote/modOnorari.h"
 #include "feenote/modParametri.h"
 #include "feenote/modTotali.h"
-#include "platform/griglia.h"
+#include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"

@@ -8,7 +8,7 @@
 #include "feenote/modTotali.h"
 #include "feenote/mostra.h"
 #include "feenote/righegriglia.h"
-#include "platform/griglia.h"
+#include "platform/grid/griglia.h"
 #include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"
 #include "ui_SchedaAcconti.h"

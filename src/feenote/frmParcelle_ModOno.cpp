@@ -1,7 +1,7 @@
 // Tab 1: the panel that graduates honoraria between minimum and maximum.
 #include "feenote/frmParcelle.h"
 
-#include "platform/griglia.h"
+#include "platform/grid/griglia.h"
 #include "platform/kit/collega.h"
 #include "ui_SchedaOnorari.h"
 

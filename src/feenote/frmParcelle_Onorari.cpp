@@ -8,7 +8,7 @@
 #include "feenote/modOnorari.h"
 #include "feenote/modVariazione.h"
 #include "feenote/righegriglia.h"
-#include "platform/griglia.h"
+#include "platform/grid/griglia.h"
 #include "platform/kit/collega.h"
 #include "platform/system/percorsi.h"
 #include "ui_SchedaOnorari.h"

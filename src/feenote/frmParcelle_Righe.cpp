@@ -4,7 +4,7 @@
 #include "core/comandi.h"
 #include "core/modErrori.h"
 #include "feenote/barrarighe.h"
-#include "platform/griglia.h"
+#include "platform/grid/griglia.h"
 #include "platform/kit/collega.h"
 #include "ui_SchedaOnorari.h"
 #include "ui_SchedaSpese.h"

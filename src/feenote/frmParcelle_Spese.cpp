@@ -5,7 +5,7 @@
 #include "feenote/barrarighe.h"
 #include "feenote/modSpese.h"
 #include "feenote/righegriglia.h"
-#include "platform/griglia.h"
+#include "platform/grid/griglia.h"
 #include "platform/kit/collega.h"
 #include "ui_SchedaSpese.h"
 

@@ -9,7 +9,7 @@
 #include "feenote/modFile.h"
 #include "feenote/modRecupero.h"
 #include "feenote/modSalvataggio.h"
-#include "platform/griglia.h"
+#include "platform/grid/griglia.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/system/impostazioni.h"

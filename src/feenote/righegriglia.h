@@ -1,7 +1,7 @@
 // What the grids of lines share: columns, cell rules, the keys of cells.
 #pragma once
 
-#include "platform/griglia.h"
+#include "platform/grid/griglia.h"
 
 /// A column of dates, quantities or amounts as the lines have them.
 [[nodiscard]] ColonnaGriglia ColonnaData(int Campo);

@@ -5,7 +5,7 @@
 #include "calculators/frmInteressi.h"
 #include "platform/base/regionale.h"
 #include "platform/calendar/calendario.h"
-#include "platform/griglia.h"
+#include "platform/grid/griglia.h"
 
 #include <filesystem>
 

@@ -6,7 +6,7 @@
 #include "feenote/finestre.h"
 #include "feenote/frmParcelle.h"
 #include "feenote/modRecupero.h"
-#include "platform/griglia.h"
+#include "platform/grid/griglia.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/modFiltri.h"
 #include "platform/system/percorsi.h"

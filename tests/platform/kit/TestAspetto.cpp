@@ -1,5 +1,5 @@
 // Colours, icons, mnemonics, spoken names and places of windows.
-#include "platform/griglia.h"
+#include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
 #include "platform/system/impostazioni.h"
 #include "supporto/finestre.h"

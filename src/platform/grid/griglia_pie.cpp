@@ -1,9 +1,9 @@
-#include "platform/griglia_pie.h"
+#include "platform/grid/griglia_pie.h"
 
-#include "platform/griglia_disegno.h"
-#include "platform/griglia_modello.h"
-#include "platform/griglia_selettore.h"
-#include "platform/griglia_vista.h"
+#include "platform/grid/griglia_disegno.h"
+#include "platform/grid/griglia_modello.h"
+#include "platform/grid/griglia_selettore.h"
+#include "platform/grid/griglia_vista.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 

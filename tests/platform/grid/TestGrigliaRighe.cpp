@@ -1,8 +1,8 @@
 // Rows of a grid as a whole: selection, dragging, footer, widths, many rows, recordsets.
 #include "platform/base/regionale.h"
 #include "platform/database/database.h"
-#include "platform/griglia.h"
-#include "platform/griglia_pie.h"
+#include "platform/grid/griglia.h"
+#include "platform/grid/griglia_pie.h"
 #include "platform/kit/aspetto.h"
 #include "supporto/finestre.h"
 #include "supporto/prova.h"

@@ -1,7 +1,7 @@
 // The rows of a grid as Qt's views want them: a window on a table or a recordset, with no copy of its own.
 #pragma once
 
-#include "platform/griglia.h"
+#include "platform/grid/griglia.h"
 
 #include <QAbstractTableModel>
 

@@ -1,8 +1,8 @@
-#include "platform/griglia_cella.h"
+#include "platform/grid/griglia_cella.h"
 
 #include "platform/base/regionale.h"
-#include "platform/griglia_modello.h"
-#include "platform/griglia_vista.h"
+#include "platform/grid/griglia_modello.h"
+#include "platform/grid/griglia_vista.h"
 #include "platform/kit/collega.h"
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "platform/griglia_modello.h"
+#include "platform/grid/griglia_modello.h"
 
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
