@@ -3,7 +3,7 @@
 
 #include "feenote/parcella.h"
 #include "platform/kit/servizi_qt.h"
-#include "platform/vistastampa.h"
+#include "platform/preview/vistastampa.h"
 #include "print/modStampe.h"
 
 #include <QAbstractScrollArea>

@@ -13,9 +13,9 @@
 #include "platform/grid/griglia.h"
 #include "platform/kit/singola.h"
 #include "platform/pages/impaginazione.h"
+#include "platform/preview/vistastampa.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
-#include "platform/vistastampa.h"
 #include "print/modStampe.h"
 #include "print/scrittoretesto.h"
 

@@ -4,10 +4,10 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
-#include "platform/stampante.h"
+#include "platform/preview/stampante.h"
+#include "platform/preview/vistastampa.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
-#include "platform/vistastampa.h"
 
 #include <QMenu>
 #include <QStandardPaths>

@@ -12,9 +12,9 @@
 #include "platform/kit/mascheradata.h"
 #include "platform/kit/modFiltri.h"
 #include "platform/kit/singola.h"
+#include "platform/preview/vistastampa.h"
 #include "platform/system/orologio.h"
 #include "platform/system/shell.h"
-#include "platform/vistastampa.h"
 #include "print/frmPrint.h"
 
 #include <QAbstractButton>

@@ -3,9 +3,9 @@
 
 #include "core/posti.h"
 #include "platform/kit/shell_qt.h"
-#include "platform/stampante.h"
+#include "platform/preview/stampante.h"
+#include "platform/preview/vistastampa.h"
 #include "platform/system/shell.h"
-#include "platform/vistastampa.h"
 
 #include <QMenu>
 #include <QPageSize>

@@ -3,7 +3,7 @@
 
 #include "addressbook/richiesta.h"
 #include "core/aperture.h"
-#include "platform/vistastampa.h"
+#include "platform/preview/vistastampa.h"
 
 #include <QPlainTextEdit>
 

@@ -7,10 +7,10 @@
 #include "feenote/modNumeraFattura.h"
 #include "feenote/modPV2.h"
 #include "platform/kit/collega.h"
+#include "platform/preview/vistastampa.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/orologio.h"
 #include "platform/system/shell.h"
-#include "platform/vistastampa.h"
 
 #include <QPushButton>
 

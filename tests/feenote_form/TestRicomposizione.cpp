@@ -2,8 +2,8 @@
 // else.
 #include "tavolo.h"
 
+#include "platform/preview/vistastampa.h"
 #include "platform/system/shell.h"
-#include "platform/vistastampa.h"
 
 #include <QPlainTextEdit>
 #include <QScopeGuard>

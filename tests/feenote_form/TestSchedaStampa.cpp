@@ -5,9 +5,9 @@
 #include "core/comandi.h"
 #include "core/posti.h"
 #include "feenote/modDatiStampa.h"
-#include "platform/stampante.h"
+#include "platform/preview/stampante.h"
+#include "platform/preview/vistastampa.h"
 #include "platform/system/shell.h"
-#include "platform/vistastampa.h"
 
 #include <QAction>
 #include <QGroupBox>

@@ -1,7 +1,7 @@
 // The window of a document that belongs to no fee note.
 #include "platform/kit/singola.h"
-#include "platform/stampante.h"
-#include "platform/vistastampa.h"
+#include "platform/preview/stampante.h"
+#include "platform/preview/vistastampa.h"
 #include "print/frmPrint.h"
 #include "supporto/finestre.h"
 #include "supporto/prova.h"

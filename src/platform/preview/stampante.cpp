@@ -1,10 +1,10 @@
-#include "platform/stampante.h"
+#include "platform/preview/stampante.h"
 
 #include "platform/base/errore.h"
+#include "platform/preview/vistastampa.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
-#include "platform/vistastampa.h"
 
 #include <QPageLayout>
 #include <QPrinter>

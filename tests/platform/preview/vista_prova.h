@@ -2,8 +2,8 @@
 #pragma once
 
 #include "platform/pages/documenti.h"
-#include "platform/vistastampa.h"
-#include "platform/vistastampa_fogli.h"
+#include "platform/preview/vistastampa.h"
+#include "platform/preview/vistastampa_fogli.h"
 #include "supporto/finestre.h"
 
 #include <QScrollBar>

@@ -1,7 +1,7 @@
 // Printing and PDF: the dialog through the message seam, the paper through a printer that writes a file.
 #include "platform/base/errore.h"
 #include "platform/kit/messaggi_qt.h"
-#include "platform/stampante.h"
+#include "platform/preview/stampante.h"
 #include "platform/system/percorsi.h"
 #include "supporto/prova.h"
 #include "supporto/registratore.h"

@@ -1,8 +1,8 @@
 // Places, scale and painting of the sheets.
-#include "platform/vistastampa_fogli.h"
+#include "platform/preview/vistastampa_fogli.h"
 
 #include "platform/kit/aspetto.h"
-#include "platform/vistastampa.h"
+#include "platform/preview/vistastampa.h"
 
 #include <QPaintEvent>
 #include <QStyle>

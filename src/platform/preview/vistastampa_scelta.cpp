@@ -1,7 +1,7 @@
 // The sheets under mouse and keys: selection, scrolling, the menu.
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
-#include "platform/vistastampa_fogli.h"
+#include "platform/preview/vistastampa_fogli.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>

@@ -1,8 +1,8 @@
 // The sheets of a preview: painted, scrolled, zoomed, their text selected.
 #pragma once
 
-#include "platform/disposizionefogli.h"
 #include "platform/pages/impaginazione.h"
+#include "platform/preview/disposizionefogli.h"
 
 #include <QAbstractScrollArea>
 #include <QBasicTimer>

@@ -1,10 +1,10 @@
-#include "platform/vistastampa.h"
+#include "platform/preview/vistastampa.h"
 
 #include "platform/kit/aspetto.h"
 #include "platform/kit/barraricerca.h"
 #include "platform/kit/collega.h"
-#include "platform/vistastampa_accessibile.h"
-#include "platform/vistastampa_fogli.h"
+#include "platform/preview/vistastampa_accessibile.h"
+#include "platform/preview/vistastampa_fogli.h"
 
 #include <QAccessible>
 #include <QClipboard>

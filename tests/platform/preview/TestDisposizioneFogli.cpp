@@ -1,5 +1,5 @@
 // Where the sheets of a preview stand.
-#include "platform/disposizionefogli.h"
+#include "platform/preview/disposizionefogli.h"
 #include "supporto/prova.h"
 
 #include <QTest>

@@ -1,7 +1,7 @@
-#include "platform/vistastampa_accessibile.h"
+#include "platform/preview/vistastampa_accessibile.h"
 
-#include "platform/vistastampa.h"
-#include "platform/vistastampa_fogli.h"
+#include "platform/preview/vistastampa.h"
+#include "platform/preview/vistastampa_fogli.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>

@@ -1,4 +1,4 @@
-#include "platform/disposizionefogli.h"
+#include "platform/preview/disposizionefogli.h"
 
 #include <algorithm>
 #include <cmath>
