@@ -6,7 +6,7 @@
 #include "platform/pages/impaginazione.h"
 #include "platform/pages/senzaschermo.h"
 #include "print/modStampe.h"
-#include "print/scrittoretesto.h"
+#include "print/writers/scrittoretesto.h"
 
 #include <QImage>
 #include <QPainter>

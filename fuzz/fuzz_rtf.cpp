@@ -1,8 +1,8 @@
 // Rich text: any bytes give paragraphs that keep the reader's promises, and both exports of them are sound.
 #include "platform/base/paginacodice.h"
 #include "platform/document/lettorertf.h"
-#include "print/scrittorehtml.h"
-#include "print/scrittorertf.h"
+#include "print/writers/scrittorehtml.h"
+#include "print/writers/scrittorertf.h"
 
 #include <QXmlStreamReader>
 

@@ -12,7 +12,7 @@
 #include "print/modLettere.h"
 #include "print/modRiepilogo.h"
 #include "print/modStampe.h"
-#include "print/scrittoretesto.h"
+#include "print/writers/scrittoretesto.h"
 
 #include <QFileInfo>
 #include <QJsonArray>

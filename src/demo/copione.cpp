@@ -17,7 +17,7 @@
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "print/modStampe.h"
-#include "print/scrittoretesto.h"
+#include "print/writers/scrittoretesto.h"
 
 #include <QTabBar>
 #include <QTabWidget>

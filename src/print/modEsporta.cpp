@@ -10,8 +10,8 @@
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 #include "print/modStampe.h"
-#include "print/scrittorehtml.h"
-#include "print/scrittorertf.h"
+#include "print/writers/scrittorehtml.h"
+#include "print/writers/scrittorertf.h"
 
 using namespace Qt::StringLiterals;
 

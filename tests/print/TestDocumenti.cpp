@@ -3,7 +3,7 @@
 
 #include "documenti.h"
 #include "platform/system/percorsi.h"
-#include "print/scrittoretesto.h"
+#include "print/writers/scrittoretesto.h"
 
 #include <functional>
 

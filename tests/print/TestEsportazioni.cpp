@@ -6,8 +6,8 @@
 #include "documenti.h"
 #include "platform/base/paginacodice.h"
 #include "platform/document/lettorertf.h"
-#include "print/scrittorehtml.h"
-#include "print/scrittorertf.h"
+#include "print/writers/scrittorehtml.h"
+#include "print/writers/scrittorertf.h"
 
 #include <QXmlStreamReader>
 

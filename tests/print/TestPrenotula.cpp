@@ -5,7 +5,7 @@
 #include "platform/base/errore.h"
 #include "platform/system/percorsi.h"
 #include "print/modStampe.h"
-#include "print/scrittoretesto.h"
+#include "print/writers/scrittoretesto.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,4 +1,4 @@
-#include "print/scrittoretesto.h"
+#include "print/writers/scrittoretesto.h"
 
 #include <QStringList>
 

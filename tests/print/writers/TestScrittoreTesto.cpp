@@ -1,6 +1,6 @@
 #include "supporto/prova.h"
 
-#include "print/scrittoretesto.h"
+#include "print/writers/scrittoretesto.h"
 
 using namespace Qt::StringLiterals;
 

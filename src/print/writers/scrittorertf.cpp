@@ -1,7 +1,7 @@
-#include "print/scrittorertf.h"
+#include "print/writers/scrittorertf.h"
 
 #include "platform/base/paginacodice.h"
-#include "print/formatabella.h"
+#include "print/writers/formatabella.h"
 
 #include <algorithm>
 #include <utility>

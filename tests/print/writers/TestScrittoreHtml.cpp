@@ -1,9 +1,9 @@
 #include "supporto/prova.h"
 
-#include "campioni.h"
+#include "print/campioni.h"
 #include "print/modStampe.h"
-#include "print/scrittorehtml.h"
-#include "print/scrittoretesto.h"
+#include "print/writers/scrittorehtml.h"
+#include "print/writers/scrittoretesto.h"
 
 #include <QXmlStreamReader>
 

@@ -1,9 +1,9 @@
 #include "supporto/prova.h"
 
-#include "campioni.h"
 #include "platform/document/lettorertf.h"
+#include "print/campioni.h"
 #include "print/modStampe.h"
-#include "print/scrittorertf.h"
+#include "print/writers/scrittorertf.h"
 
 #include <QRegularExpression>
 

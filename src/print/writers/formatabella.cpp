@@ -1,4 +1,4 @@
-#include "print/formatabella.h"
+#include "print/writers/formatabella.h"
 
 #include "platform/document/larghezzecolonne.h"
 

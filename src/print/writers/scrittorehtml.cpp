@@ -1,7 +1,7 @@
-#include "print/scrittorehtml.h"
+#include "print/writers/scrittorehtml.h"
 
 #include "platform/base/paginacodice.h"
-#include "print/formatabella.h"
+#include "print/writers/formatabella.h"
 
 #include <algorithm>
 #include <utility>
