@@ -1,6 +1,6 @@
 // Descriptions of fee notes: any bytes give a note or an error, and a note can always be told as JSON.
 #include "core/sessione.h"
-#include "feenote/modDescrizione.h"
+#include "feenote/file/modDescrizione.h"
 #include "platform/base/errore.h"
 #include "platform/system/messaggi.h"
 

@@ -3,9 +3,9 @@
 // A file made of random bytes is refused at its first page, so half of the inputs change bytes of a sound
 // file instead: pairs of a position and a value.
 #include "core/sessione.h"
-#include "feenote/modDescrizione.h"
-#include "feenote/modDocumento.h"
-#include "feenote/modFile.h"
+#include "feenote/file/modDescrizione.h"
+#include "feenote/file/modDocumento.h"
+#include "feenote/file/modFile.h"
 #include "platform/base/errore.h"
 #include "platform/system/messaggi.h"
 

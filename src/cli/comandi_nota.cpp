@@ -1,10 +1,10 @@
 // The commands of calcanova-cli that work on fee-note files.
 #include "cli/comandi.h"
 
+#include "feenote/file/modDescrizione.h"
+#include "feenote/file/modDocumento.h"
+#include "feenote/file/modFile.h"
 #include "feenote/modDatiStampa.h"
-#include "feenote/modDescrizione.h"
-#include "feenote/modDocumento.h"
-#include "feenote/modFile.h"
 #include "platform/base/errore.h"
 #include "platform/pages/impaginazione.h"
 #include "platform/system/percorsi.h"

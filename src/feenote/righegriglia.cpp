@@ -1,7 +1,7 @@
 #include "feenote/righegriglia.h"
 
 #include "core/modErrori.h"
-#include "feenote/modDocumento.h"
+#include "feenote/file/modDocumento.h"
 #include "feenote/modOnorari.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"

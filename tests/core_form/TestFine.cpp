@@ -6,10 +6,10 @@
 #include "core/apritori.h"
 #include "core/comandi.h"
 #include "core/posti.h"
+#include "feenote/file/modFile.h"
+#include "feenote/file/modRecupero.h"
 #include "feenote/finestre.h"
 #include "feenote/frmParcelle.h"
-#include "feenote/modFile.h"
-#include "feenote/modRecupero.h"
 
 #include <QLineEdit>
 #include <QMdiArea>

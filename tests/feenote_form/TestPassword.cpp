@@ -4,7 +4,7 @@
 #include "core/aperture.h"
 #include "core/comandi.h"
 #include "core/posti.h"
-#include "feenote/modSalvataggio.h"
+#include "feenote/file/modSalvataggio.h"
 #include "platform/kit/messaggi_qt.h"
 
 #include <QInputDialog>

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "core/aperture.h"
-#include "feenote/file_prova.h"
+#include "feenote/file/file_prova.h"
+#include "feenote/file/modRecupero.h"
 #include "feenote/finestre.h"
 #include "feenote/frmParcelle.h"
-#include "feenote/modRecupero.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/modFiltri.h"

@@ -1,4 +1,4 @@
-#include "feenote/modDocumento.h"
+#include "feenote/file/modDocumento.h"
 
 #include "addressbook/modClienti.h"
 #include "core/modErrori.h"

@@ -1,9 +1,9 @@
 // A note described in JSON: every field, every refusal by its name; and a note told as JSON.
-#include "nota_prova.h"
+#include "feenote/nota_prova.h"
 
-#include "feenote/modDescrizione.h"
-#include "feenote/modDocumento.h"
-#include "feenote/modFile.h"
+#include "feenote/file/modDescrizione.h"
+#include "feenote/file/modDocumento.h"
+#include "feenote/file/modFile.h"
 #include "feenote/modVariazione.h"
 
 #include <QJsonArray>

@@ -1,10 +1,10 @@
-#include "feenote/modSalvataggio.h"
+#include "feenote/file/modSalvataggio.h"
 
 #include "core/modErrori.h"
 #include "core/modTesti.h"
 #include "core/sessione.h"
-#include "feenote/modDocumento.h"
-#include "feenote/modFile.h"
+#include "feenote/file/modDocumento.h"
+#include "feenote/file/modFile.h"
 #include "platform/system/messaggi.h"
 
 using namespace Qt::StringLiterals;

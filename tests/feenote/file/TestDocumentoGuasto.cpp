@@ -1,8 +1,8 @@
 // Files that are no fee notes, disks that refuse: nothing half-read, nothing half-written.
-#include "nota_prova.h"
+#include "feenote/nota_prova.h"
 
-#include "feenote/modDocumento.h"
-#include "feenote/modFile.h"
+#include "feenote/file/modDocumento.h"
+#include "feenote/file/modFile.h"
 #include "platform/system/percorsi.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
 // The question about unsaved changes.
-#include "nota_prova.h"
+#include "feenote/nota_prova.h"
 
-#include "feenote/modSalvataggio.h"
+#include "feenote/file/modSalvataggio.h"
 
 using namespace Qt::StringLiterals;
 

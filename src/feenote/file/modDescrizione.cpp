@@ -1,8 +1,8 @@
-#include "feenote/modDescrizione.h"
+#include "feenote/file/modDescrizione.h"
 
-#include "feenote/lettorejson.h"
+#include "feenote/file/lettorejson.h"
+#include "feenote/file/modDocumento.h"
 #include "feenote/modAcconti.h"
-#include "feenote/modDocumento.h"
 #include "feenote/modOnorari.h"
 #include "feenote/modParametri.h"
 #include "feenote/modSpese.h"

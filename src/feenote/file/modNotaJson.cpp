@@ -1,5 +1,5 @@
 // A fee note told as JSON.
-#include "feenote/modDescrizione.h"
+#include "feenote/file/modDescrizione.h"
 #include "feenote/modTotali.h"
 
 #include <QJsonArray>

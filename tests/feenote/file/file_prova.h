@@ -1,10 +1,10 @@
 // Fee-note files in tests: a note that fills every field, and looks into the file behind the reader's back.
 #pragma once
 
-#include "nota_prova.h"
+#include "feenote/nota_prova.h"
 
-#include "feenote/modDocumento.h"
-#include "feenote/modFile.h"
+#include "feenote/file/modDocumento.h"
+#include "feenote/file/modFile.h"
 #include "feenote/modSpese.h"
 
 /// Every field of a note with a value of its own.

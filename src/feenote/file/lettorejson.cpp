@@ -1,4 +1,4 @@
-#include "feenote/lettorejson.h"
+#include "feenote/file/lettorejson.h"
 
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"

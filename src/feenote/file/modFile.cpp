@@ -1,6 +1,6 @@
-#include "feenote/modFile.h"
+#include "feenote/file/modFile.h"
 
-#include "feenote/modDocumento.h"
+#include "feenote/file/modDocumento.h"
 #include "platform/base/errore.h"
 #include "platform/database/database.h"
 #include "platform/system/blocco.h"

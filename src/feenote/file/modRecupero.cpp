@@ -1,8 +1,8 @@
-#include "feenote/modRecupero.h"
+#include "feenote/file/modRecupero.h"
 
 #include "core/sessione.h"
-#include "feenote/modDocumento.h"
-#include "feenote/modFile.h"
+#include "feenote/file/modDocumento.h"
+#include "feenote/file/modFile.h"
 #include "platform/base/errore.h"
 #include "platform/system/blocco.h"
 #include "platform/system/percorsi.h"
