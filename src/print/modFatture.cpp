@@ -1,7 +1,7 @@
 #include "print/modFatture.h"
 
+#include "feenote/companion/modPV2.h"
 #include "feenote/modAcconti.h"
-#include "feenote/modPV2.h"
 #include "platform/system/orologio.h"
 #include "print/modLettere.h"
 #include "print/modRiepilogo.h"

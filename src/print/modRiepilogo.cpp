@@ -1,6 +1,6 @@
 #include "print/modRiepilogo.h"
 
-#include "feenote/modPV2.h"
+#include "feenote/companion/modPV2.h"
 #include "print/modCorpo.h"
 #include "print/modLettere.h"
 

@@ -1,7 +1,7 @@
 #include "supporto/prova.h"
 
 #include "campioni.h"
-#include "feenote/modPV2.h"
+#include "feenote/companion/modPV2.h"
 #include "print/modRiepilogo.h"
 #include "print/modStampe.h"
 

@@ -1,4 +1,4 @@
-#include "feenote/modPV2.h"
+#include "feenote/companion/modPV2.h"
 
 #include "core/modErrori.h"
 #include "core/sessione.h"

@@ -1,8 +1,8 @@
 // The hand-over to the companion application: its row, its questions, its signal.
-#include "nota_prova.h"
+#include "feenote/nota_prova.h"
 
 #include "compagna/archivio.h"
-#include "feenote/modPV2.h"
+#include "feenote/companion/modPV2.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
