@@ -12,7 +12,7 @@
 #include "platform/kit/collega.h"
 #include "platform/system/orologio.h"
 #include "platform/system/shell.h"
-#include "print/frmPrint.h"
+#include "print/windows/frmPrint.h"
 
 #include "ui_frmTermini.h"
 

@@ -15,7 +15,7 @@
 #include "platform/preview/vistastampa.h"
 #include "platform/system/orologio.h"
 #include "platform/system/shell.h"
-#include "print/frmPrint.h"
+#include "print/windows/frmPrint.h"
 
 #include <QAbstractButton>
 #include <QAction>

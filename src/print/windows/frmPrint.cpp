@@ -1,4 +1,4 @@
-#include "print/frmPrint.h"
+#include "print/windows/frmPrint.h"
 
 #include "core/modErrori.h"
 #include "platform/kit/aspetto.h"

@@ -2,7 +2,7 @@
 #include "platform/kit/singola.h"
 #include "platform/preview/stampante.h"
 #include "platform/preview/vistastampa.h"
-#include "print/frmPrint.h"
+#include "print/windows/frmPrint.h"
 #include "supporto/finestre.h"
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
