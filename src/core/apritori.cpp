@@ -20,7 +20,7 @@
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
 #include "platform/system/messaggi.h"
-#include "update/frmWeb.h"
+#include "update/viewer/frmWeb.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,7 +4,7 @@
 #include "core/aperture.h"
 #include "core/apritori.h"
 #include "platform/kit/aspetto.h"
-#include "update/frmWeb.h"
+#include "update/viewer/frmWeb.h"
 
 #include <QCheckBox>
 

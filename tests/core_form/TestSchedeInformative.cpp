@@ -7,8 +7,8 @@
 #include "core/modErrori.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
-#include "update/frmWeb.h"
-#include "update/pagina.h"
+#include "update/viewer/frmWeb.h"
+#include "update/viewer/pagina.h"
 
 #include <QContextMenuEvent>
 #include <QScrollBar>

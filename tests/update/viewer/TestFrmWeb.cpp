@@ -9,9 +9,9 @@
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
-#include "update/frmWeb.h"
-#include "update/pagina.h"
-#include "update/stilepagina.h"
+#include "update/viewer/frmWeb.h"
+#include "update/viewer/pagina.h"
+#include "update/viewer/stilepagina.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QCheckBox>

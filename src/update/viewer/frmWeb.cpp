@@ -1,4 +1,4 @@
-#include "update/frmWeb.h"
+#include "update/viewer/frmWeb.h"
 
 #include "core/CIni.h"
 #include "core/modErrori.h"

@@ -1,4 +1,4 @@
-#include "update/pagina.h"
+#include "update/viewer/pagina.h"
 
 #include "core/modLancio.h"
 #include "core/sessione.h"
@@ -6,7 +6,7 @@
 #include "platform/kit/collega.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
-#include "update/stilepagina.h"
+#include "update/viewer/stilepagina.h"
 
 #include <QBuffer>
 #include <QFileInfo>

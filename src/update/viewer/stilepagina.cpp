@@ -1,4 +1,4 @@
-#include "update/stilepagina.h"
+#include "update/viewer/stilepagina.h"
 
 #include "platform/kit/aspetto.h"
 
