@@ -1,8 +1,8 @@
 // The commands of the two calculators of terms open their windows, one each.
 #include "scena.h"
 
-#include "calculators/frmTermini.h"
-#include "calculators/frmTerminiSeq.h"
+#include "calculators/windows/frmTermini.h"
+#include "calculators/windows/frmTerminiSeq.h"
 #include "core/apritori.h"
 #include "core/comandi.h"
 

@@ -1,10 +1,10 @@
 // The commands of the calculators open their windows: one of each, anew after it was closed.
 #include "scena.h"
 
-#include "calculators/frmCodFis.h"
-#include "calculators/frmContrib.h"
-#include "calculators/frmInteressi.h"
-#include "calculators/frmIstat.h"
+#include "calculators/windows/frmCodFis.h"
+#include "calculators/windows/frmContrib.h"
+#include "calculators/windows/frmInteressi.h"
+#include "calculators/windows/frmIstat.h"
 #include "core/apritori.h"
 #include "core/comandi.h"
 

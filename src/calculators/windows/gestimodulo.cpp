@@ -1,4 +1,4 @@
-#include "calculators/gestimodulo.h"
+#include "calculators/windows/gestimodulo.h"
 
 #include "core/aperture.h"
 

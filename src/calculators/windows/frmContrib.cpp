@@ -1,8 +1,8 @@
-#include "calculators/frmContrib.h"
+#include "calculators/windows/frmContrib.h"
 
-#include "calculators/finestracalcolo.h"
-#include "calculators/gestimodulo.h"
-#include "calculators/pannellocontributo.h"
+#include "calculators/windows/finestracalcolo.h"
+#include "calculators/windows/gestimodulo.h"
+#include "calculators/windows/pannellocontributo.h"
 #include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"

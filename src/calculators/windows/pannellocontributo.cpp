@@ -1,4 +1,4 @@
-#include "calculators/pannellocontributo.h"
+#include "calculators/windows/pannellocontributo.h"
 
 #include "platform/kit/aspetto.h"
 

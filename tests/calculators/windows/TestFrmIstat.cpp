@@ -1,8 +1,8 @@
 // The window of the revaluation: boxes, messages, results, plot, calendar, clipboard, damaged archives.
 #include "banco.h"
 
-#include "calculators/frmIstat.h"
-#include "calculators/graficoindici.h"
+#include "calculators/windows/frmIstat.h"
+#include "calculators/windows/graficoindici.h"
 #include "platform/calendar/calendario.h"
 
 #include <array>

@@ -1,7 +1,7 @@
 // The window of the fiscal code: the code, the municipality key by key, the list beside it.
 #include "banco.h"
 
-#include "calculators/frmCodFis.h"
+#include "calculators/windows/frmCodFis.h"
 #include "platform/kit/aspetto.h"
 
 #include <QAbstractItemView>

@@ -1,4 +1,4 @@
-#include "calculators/finestretermini.h"
+#include "calculators/windows/finestretermini.h"
 
 #include "core/aperture.h"
 #include "core/modErrori.h"

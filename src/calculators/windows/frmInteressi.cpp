@@ -1,9 +1,9 @@
-#include "calculators/frmInteressi.h"
+#include "calculators/windows/frmInteressi.h"
 
-#include "calculators/campidata.h"
-#include "calculators/finestracalcolo.h"
-#include "calculators/gestimodulo.h"
 #include "calculators/modTassi.h"
+#include "calculators/windows/campidata.h"
+#include "calculators/windows/finestracalcolo.h"
+#include "calculators/windows/gestimodulo.h"
 #include "core/modErrori.h"
 #include "core/modLancio.h"
 #include "core/sessione.h"

@@ -1,9 +1,9 @@
-#include "calculators/frmIstat.h"
+#include "calculators/windows/frmIstat.h"
 
-#include "calculators/campidata.h"
-#include "calculators/finestracalcolo.h"
-#include "calculators/gestimodulo.h"
 #include "calculators/modTassi.h"
+#include "calculators/windows/campidata.h"
+#include "calculators/windows/finestracalcolo.h"
+#include "calculators/windows/gestimodulo.h"
 #include "core/modErrori.h"
 #include "platform/base/regionale.h"
 #include "platform/kit/aspetto.h"

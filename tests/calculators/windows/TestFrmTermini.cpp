@@ -1,5 +1,5 @@
 // The form of the terms, used with keys and mouse.
-#include "calculators/frmTermini.h"
+#include "calculators/windows/frmTermini.h"
 
 #include "bancotermini.h"
 

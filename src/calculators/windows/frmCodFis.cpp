@@ -1,9 +1,9 @@
-#include "calculators/frmCodFis.h"
+#include "calculators/windows/frmCodFis.h"
 
-#include "calculators/campidata.h"
-#include "calculators/finestracalcolo.h"
-#include "calculators/gestimodulo.h"
 #include "calculators/modCodFis.h"
+#include "calculators/windows/campidata.h"
+#include "calculators/windows/finestracalcolo.h"
+#include "calculators/windows/gestimodulo.h"
 #include "core/modErrori.h"
 #include "platform/base/datatesto.h"
 #include "platform/kit/aspetto.h"

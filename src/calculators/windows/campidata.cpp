@@ -1,4 +1,4 @@
-#include "calculators/campidata.h"
+#include "calculators/windows/campidata.h"
 
 #include "platform/base/datatesto.h"
 #include "platform/kit/campo.h"

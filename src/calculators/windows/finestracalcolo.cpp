@@ -1,4 +1,4 @@
-#include "calculators/finestracalcolo.h"
+#include "calculators/windows/finestracalcolo.h"
 
 #include "core/modErrori.h"
 #include "platform/kit/aspetto.h"

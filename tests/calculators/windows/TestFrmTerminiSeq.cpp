@@ -1,5 +1,5 @@
 // The form of the sequential terms, used with keys and mouse.
-#include "calculators/frmTerminiSeq.h"
+#include "calculators/windows/frmTerminiSeq.h"
 
 #include "bancotermini.h"
 

@@ -1,8 +1,8 @@
 // The window of the filing fee: values and fees, what the page shows, its two halves, the documents.
 #include "banco.h"
 
-#include "calculators/frmContrib.h"
 #include "calculators/paginacontributo.h"
+#include "calculators/windows/frmContrib.h"
 #include "platform/kit/aspetto.h"
 
 #include <QScrollBar>

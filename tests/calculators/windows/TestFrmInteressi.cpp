@@ -2,7 +2,7 @@
 #include "banco.h"
 
 #include "calculators/archivio_prova.h"
-#include "calculators/frmInteressi.h"
+#include "calculators/windows/frmInteressi.h"
 #include "platform/base/regionale.h"
 #include "platform/calendar/calendario.h"
 #include "platform/grid/griglia.h"

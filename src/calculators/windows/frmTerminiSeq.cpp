@@ -1,8 +1,8 @@
-#include "calculators/frmTerminiSeq.h"
+#include "calculators/windows/frmTerminiSeq.h"
 
-#include "calculators/finestracalcolo.h"
-#include "calculators/finestretermini.h"
 #include "calculators/modStampaTermini.h"
+#include "calculators/windows/finestracalcolo.h"
+#include "calculators/windows/finestretermini.h"
 #include "core/modErrori.h"
 #include "platform/base/datatesto.h"
 #include "platform/base/regionale.h"

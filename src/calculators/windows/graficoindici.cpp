@@ -1,4 +1,4 @@
-#include "calculators/graficoindici.h"
+#include "calculators/windows/graficoindici.h"
 
 #include "core/sessione.h"
 #include "platform/base/nomidate.h"
