@@ -6,7 +6,7 @@
 #include "core/programma.h"
 #include "demo/copione.h"
 #include "feenote/file/modRecupero.h"
-#include "feenote/finestre.h"
+#include "feenote/windows/finestre.h"
 #include "platform/kit/servizi_qt.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/orologio.h"

@@ -7,7 +7,7 @@
 #include "core/aperture.h"
 #include "core/apritori.h"
 #include "core/posti.h"
-#include "feenote_form/tavolo.h"
+#include "feenote/windows/tavolo.h"
 #include "platform/network/segnale.h"
 #include "platform/system/orologio.h"
 

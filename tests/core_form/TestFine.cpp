@@ -8,8 +8,8 @@
 #include "core/posti.h"
 #include "feenote/file/modFile.h"
 #include "feenote/file/modRecupero.h"
-#include "feenote/finestre.h"
-#include "feenote/frmParcelle.h"
+#include "feenote/windows/finestre.h"
+#include "feenote/windows/frmParcelle.h"
 
 #include <QLineEdit>
 #include <QMdiArea>

@@ -1,6 +1,6 @@
 // The information sheets from the catalogue to the viewer: the window of a note, the opener and the pages as
 // built.
-#include "feenote_form/tavolo.h"
+#include "feenote/windows/tavolo.h"
 
 #include "core/aperture.h"
 #include "core/apritori.h"

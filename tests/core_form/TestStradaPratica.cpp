@@ -8,7 +8,7 @@
 #include "core/apritori.h"
 #include "core/comandi.h"
 #include "core/posti.h"
-#include "feenote_form/selettore.h"
+#include "feenote/windows/selettore.h"
 #include "platform/network/segnale.h"
 #include "platform/system/orologio.h"
 

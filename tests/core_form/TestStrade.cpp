@@ -6,8 +6,8 @@
 #include "core/comandi.h"
 #include "core/iconastudio.h"
 #include "core/posti.h"
-#include "feenote/finestre.h"
-#include "feenote/frmParcelle.h"
+#include "feenote/windows/finestre.h"
+#include "feenote/windows/frmParcelle.h"
 #include "platform/kit/campo.h"
 
 #include <QLineEdit>

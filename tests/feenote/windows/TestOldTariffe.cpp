@@ -1,5 +1,5 @@
 // The bracket of the older tariff: what the dialog says, stores, and gives back.
-#include "feenote/frmOldTariffe.h"
+#include "feenote/windows/frmOldTariffe.h"
 #include "tavolo.h"
 
 #include <QPushButton>

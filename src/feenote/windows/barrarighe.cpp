@@ -1,4 +1,4 @@
-#include "feenote/barrarighe.h"
+#include "feenote/windows/barrarighe.h"
 
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"

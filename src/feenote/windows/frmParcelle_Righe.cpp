@@ -1,9 +1,9 @@
 // What is done with the selected lines of tabs 1 and 2: cut, copy, paste, undo, drag.
-#include "feenote/frmParcelle.h"
+#include "feenote/windows/frmParcelle.h"
 
 #include "core/comandi.h"
 #include "core/modErrori.h"
-#include "feenote/barrarighe.h"
+#include "feenote/windows/barrarighe.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/collega.h"
 #include "ui_SchedaOnorari.h"

@@ -1,6 +1,6 @@
 // Life of the window: new, load, save, protect, close.
 #include "core/posti.h"
-#include "feenote/frmParcelle.h"
+#include "feenote/windows/frmParcelle.h"
 
 #include "core/modErrori.h"
 #include "core/sessione.h"
@@ -8,7 +8,7 @@
 #include "feenote/file/modFile.h"
 #include "feenote/file/modRecupero.h"
 #include "feenote/file/modSalvataggio.h"
-#include "feenote/finestre.h"
+#include "feenote/windows/finestre.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"

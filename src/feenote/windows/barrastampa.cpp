@@ -1,6 +1,6 @@
-#include "feenote/barrastampa.h"
+#include "feenote/windows/barrastampa.h"
 
-#include "feenote/barrarighe.h"
+#include "feenote/windows/barrarighe.h"
 #include "platform/kit/collega.h"
 
 #include <QAction>

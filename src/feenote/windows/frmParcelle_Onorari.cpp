@@ -1,13 +1,13 @@
 // Tab 1: the catalogue of honoraria and the lines taken from it.
 #include "core/aperture.h"
-#include "feenote/frmParcelle.h"
+#include "feenote/windows/frmParcelle.h"
 
 #include "core/modErrori.h"
 #include "core/sessione.h"
-#include "feenote/barrarighe.h"
 #include "feenote/modOnorari.h"
 #include "feenote/modVariazione.h"
-#include "feenote/righegriglia.h"
+#include "feenote/windows/barrarighe.h"
+#include "feenote/windows/righegriglia.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/collega.h"
 #include "platform/system/percorsi.h"

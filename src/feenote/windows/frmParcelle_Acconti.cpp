@@ -1,13 +1,13 @@
 // Tab 3: payments on account, taxes, multiple note.
 #include "core/aperture.h"
-#include "feenote/frmParcelle.h"
+#include "feenote/windows/frmParcelle.h"
 
 #include "core/modErrori.h"
 #include "core/sessione.h"
 #include "feenote/modAcconti.h"
 #include "feenote/modTotali.h"
-#include "feenote/mostra.h"
-#include "feenote/righegriglia.h"
+#include "feenote/windows/mostra.h"
+#include "feenote/windows/righegriglia.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"

@@ -1,10 +1,10 @@
 // Tab 0: parties, subject, parameters of the proceeding, percent variation.
-#include "feenote/frmParcelle.h"
+#include "feenote/windows/frmParcelle.h"
 
 #include "feenote/modDatiStampa.h"
 #include "feenote/modParametri.h"
 #include "feenote/modVariazione.h"
-#include "feenote/mostra.h"
+#include "feenote/windows/mostra.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "ui_SchedaDatiBase.h"

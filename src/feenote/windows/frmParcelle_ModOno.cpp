@@ -1,5 +1,5 @@
 // Tab 1: the panel that graduates honoraria between minimum and maximum.
-#include "feenote/frmParcelle.h"
+#include "feenote/windows/frmParcelle.h"
 
 #include "platform/grid/griglia.h"
 #include "platform/kit/collega.h"

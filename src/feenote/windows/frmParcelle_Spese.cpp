@@ -1,10 +1,10 @@
 // Tab 2: the catalogue of expenses and the lines whose amounts the user types.
-#include "feenote/frmParcelle.h"
+#include "feenote/windows/frmParcelle.h"
 
 #include "core/modErrori.h"
-#include "feenote/barrarighe.h"
 #include "feenote/modSpese.h"
-#include "feenote/righegriglia.h"
+#include "feenote/windows/barrarighe.h"
+#include "feenote/windows/righegriglia.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/collega.h"
 #include "ui_SchedaSpese.h"

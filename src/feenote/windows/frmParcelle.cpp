@@ -1,12 +1,12 @@
 // Frame of the window: tabs, banner, arrows, status bar.
-#include "feenote/frmParcelle.h"
+#include "feenote/windows/frmParcelle.h"
 
 #include "core/comandi.h"
 #include "core/posti.h"
-#include "feenote/finestre.h"
 #include "feenote/modOnorari.h"
 #include "feenote/modParametri.h"
 #include "feenote/modTotali.h"
+#include "feenote/windows/finestre.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"

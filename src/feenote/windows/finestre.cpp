@@ -1,11 +1,11 @@
-#include "feenote/finestre.h"
+#include "feenote/windows/finestre.h"
 
 #include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/posti.h"
 #include "core/sessione.h"
 #include "feenote/file/modRecupero.h"
-#include "feenote/frmParcelle.h"
+#include "feenote/windows/frmParcelle.h"
 #include "platform/kit/aspetto.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"

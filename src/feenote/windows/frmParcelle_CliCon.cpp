@@ -1,7 +1,7 @@
 // The client and the counterparty in the address book.
 #include "addressbook/richiesta.h"
 #include "core/aperture.h"
-#include "feenote/frmParcelle.h"
+#include "feenote/windows/frmParcelle.h"
 
 #include "feenote/modDatiStampa.h"
 #include "platform/kit/campo.h"

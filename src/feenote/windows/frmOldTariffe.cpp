@@ -1,6 +1,6 @@
-#include "feenote/frmOldTariffe.h"
+#include "feenote/windows/frmOldTariffe.h"
 
-#include "feenote/frmParcelle.h"
+#include "feenote/windows/frmParcelle.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"

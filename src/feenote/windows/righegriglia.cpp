@@ -1,4 +1,4 @@
-#include "feenote/righegriglia.h"
+#include "feenote/windows/righegriglia.h"
 
 #include "core/modErrori.h"
 #include "feenote/file/modDocumento.h"
