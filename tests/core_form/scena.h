@@ -9,12 +9,12 @@
 
 #include "core/Main.h"
 #include "core/frmMain.h"
-#include "core/frmSetup.h"
 #include "core/frmStudio.h"
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
 #include "core/modIcone.h"
 #include "core/sessione.h"
+#include "core/settings/frmSetup.h"
 #include "platform/kit/singola.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/percorsi.h"

@@ -1,4 +1,4 @@
-#include "scena.h"
+#include "core_form/scena.h"
 
 #include <QLineEdit>
 #include <QScreen>

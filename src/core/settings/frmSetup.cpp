@@ -1,4 +1,4 @@
-#include "core/frmSetup.h"
+#include "core/settings/frmSetup.h"
 
 #include "core/aperture.h"
 #include "core/modAvvio.h"
