@@ -2,8 +2,8 @@
 
 #include "core/aperture.h"
 #include "core/comandi.h"
-#include "core/frmMain.h"
-#include "core/frmStudio.h"
+#include "core/desktop/frmMain.h"
+#include "core/desktop/frmStudio.h"
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
 #include "core/paginaavviso.h"

@@ -1,9 +1,9 @@
 #include "demo/copione.h"
 
 #include "core/Main.h"
-#include "core/frmMain.h"
-#include "core/frmStudio.h"
-#include "core/iconastudio.h"
+#include "core/desktop/frmMain.h"
+#include "core/desktop/frmStudio.h"
+#include "core/desktop/iconastudio.h"
 #include "core/sessione.h"
 #include "demo/mani.h"
 #include "feenote/modTotali.h"

@@ -4,7 +4,7 @@
 #include "core/aperture.h"
 #include "core/apritori.h"
 #include "core/comandi.h"
-#include "core/iconastudio.h"
+#include "core/desktop/iconastudio.h"
 #include "core/posti.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"

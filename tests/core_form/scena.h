@@ -8,8 +8,8 @@
 #include "supporto/registratore.h"
 
 #include "core/Main.h"
-#include "core/frmMain.h"
-#include "core/frmStudio.h"
+#include "core/desktop/frmMain.h"
+#include "core/desktop/frmStudio.h"
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
 #include "core/modIcone.h"

@@ -1,7 +1,7 @@
-#include "scena.h"
+#include "core_form/scena.h"
 
 #include "core/aperture.h"
-#include "core/iconastudio.h"
+#include "core/desktop/iconastudio.h"
 #include "core/posti.h"
 #include "platform/kit/aspetto.h"
 

@@ -1,4 +1,4 @@
-#include "core/iconastudio.h"
+#include "core/desktop/iconastudio.h"
 
 #include "platform/kit/aspetto.h"
 

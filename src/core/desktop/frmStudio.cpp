@@ -1,9 +1,9 @@
-#include "core/frmStudio.h"
+#include "core/desktop/frmStudio.h"
 
 #include "core/aperture.h"
 #include "core/comandi.h"
-#include "core/frmMain.h"
-#include "core/iconastudio.h"
+#include "core/desktop/frmMain.h"
+#include "core/desktop/iconastudio.h"
 #include "core/indirizzi.h"
 #include "core/modErrori.h"
 #include "core/modIcone.h"

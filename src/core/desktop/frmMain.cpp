@@ -1,4 +1,4 @@
-#include "core/frmMain.h"
+#include "core/desktop/frmMain.h"
 
 #include "core/aperture.h"
 #include "core/comandi.h"

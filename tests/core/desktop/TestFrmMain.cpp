@@ -1,4 +1,4 @@
-#include "scena.h"
+#include "core_form/scena.h"
 
 #include "core/Main.h"
 #include "core/aperture.h"
