@@ -2,9 +2,9 @@
 // Each measure is a process of its own, so that none finds what another has left in memory.
 #include "misura.h"
 
-#include "core/Main.h"
+#include "core/app/Main.h"
+#include "core/app/programma.h"
 #include "core/modAvvio.h"
-#include "core/programma.h"
 #include "core/sessione.h"
 #include "feenote/modParametri.h"
 #include "feenote/windows/finestre.h"

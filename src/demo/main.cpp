@@ -2,8 +2,8 @@
 //
 // calcanova-demo FOLDER    plays the script and leaves what it made in the folder
 // calcanova-demo --schermo succeeds where a display can be used
+#include "core/app/programma.h"
 #include "core/modAvvio.h"
-#include "core/programma.h"
 #include "demo/copione.h"
 #include "feenote/file/modRecupero.h"
 #include "feenote/windows/finestre.h"

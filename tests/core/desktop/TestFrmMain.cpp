@@ -1,7 +1,7 @@
-#include "core_form/scena.h"
+#include "core/app/scena.h"
 
-#include "core/Main.h"
 #include "core/aperture.h"
+#include "core/app/Main.h"
 #include "core/posti.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"

@@ -1,4 +1,4 @@
-#include "core_form/scena.h"
+#include "core/app/scena.h"
 
 #include "core/aperture.h"
 #include "core/desktop/iconastudio.h"

@@ -1,8 +1,8 @@
 #include "scena.h"
 
-#include "core/Main.h"
 #include "core/aperture.h"
-#include "core/paginaavviso.h"
+#include "core/app/Main.h"
+#include "core/app/paginaavviso.h"
 
 #include <memory>
 

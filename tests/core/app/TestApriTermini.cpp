@@ -3,7 +3,7 @@
 
 #include "calculators/windows/frmTermini.h"
 #include "calculators/windows/frmTerminiSeq.h"
-#include "core/apritori.h"
+#include "core/app/apritori.h"
 #include "core/comandi.h"
 
 #include <memory>

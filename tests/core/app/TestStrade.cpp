@@ -1,8 +1,8 @@
 #include "scena.h"
 
-#include "core/Main.h"
 #include "core/aperture.h"
-#include "core/apritori.h"
+#include "core/app/Main.h"
+#include "core/app/apritori.h"
 #include "core/comandi.h"
 #include "core/desktop/iconastudio.h"
 #include "core/posti.h"

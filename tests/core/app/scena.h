@@ -7,7 +7,7 @@
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 
-#include "core/Main.h"
+#include "core/app/Main.h"
 #include "core/desktop/frmMain.h"
 #include "core/desktop/frmStudio.h"
 #include "core/modAvvio.h"

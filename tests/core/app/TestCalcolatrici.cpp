@@ -5,7 +5,7 @@
 #include "calculators/windows/frmContrib.h"
 #include "calculators/windows/frmInteressi.h"
 #include "calculators/windows/frmIstat.h"
-#include "core/apritori.h"
+#include "core/app/apritori.h"
 #include "core/comandi.h"
 
 #include <QLineEdit>

@@ -1,9 +1,9 @@
 // How the last note, any note, or the command "off" ends the program: normal, low and companion sessions.
 #include "scena.h"
 
-#include "core/Main.h"
 #include "core/aperture.h"
-#include "core/apritori.h"
+#include "core/app/Main.h"
+#include "core/app/apritori.h"
 #include "core/comandi.h"
 #include "core/posti.h"
 #include "feenote/file/modFile.h"

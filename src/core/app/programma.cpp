@@ -1,6 +1,6 @@
-#include "core/programma.h"
+#include "core/app/programma.h"
 
-#include "core/apritori.h"
+#include "core/app/apritori.h"
 #include "core/modErrori.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"

@@ -3,7 +3,7 @@
 #include "feenote/windows/tavolo.h"
 
 #include "core/aperture.h"
-#include "core/apritori.h"
+#include "core/app/apritori.h"
 #include "core/modErrori.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"

@@ -1,6 +1,6 @@
 // Calcanova: fee notes and calculators for Italian law offices.
-#include "core/Main.h"
-#include "core/programma.h"
+#include "core/app/Main.h"
+#include "core/app/programma.h"
 #include "platform/kit/servizi_qt.h"
 
 #include <QTimer>

@@ -1,6 +1,6 @@
 #include "scena.h"
 
-#include "core/primouso.h"
+#include "core/app/primouso.h"
 
 #include <memory>
 

@@ -1,4 +1,4 @@
-#include "core/primouso.h"
+#include "core/app/primouso.h"
 
 #include "core/modAvvio.h"
 #include "core/modErrori.h"

@@ -3,9 +3,9 @@
 #include "scena.h"
 
 #include "compagna/compagna.h"
-#include "core/Main.h"
 #include "core/aperture.h"
-#include "core/apritori.h"
+#include "core/app/Main.h"
+#include "core/app/apritori.h"
 #include "core/comandi.h"
 #include "core/posti.h"
 #include "feenote/windows/selettore.h"
