@@ -34,25 +34,3 @@ if(CALCANOVA_FUZZ)
     add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -g -O1)
     add_link_options(-fsanitize=address,undefined)
 endif()
-
-# cartella(<name> SOURCES ... LINKS ...): the logic target of a folder of src/. It sees Qt Core and
-# the targets it names, never a widget.
-function(cartella Nome)
-    cmake_parse_arguments(A "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
-    add_library(${Nome} STATIC ${A_SOURCES})
-    target_include_directories(${Nome} PUBLIC ${CMAKE_SOURCE_DIR}/src)
-    target_link_libraries(${Nome} PUBLIC Qt6::Core ${A_LINKS} PRIVATE opzioni ${A_PRIVATE_LINKS})
-    target_precompile_headers(${Nome} REUSE_FROM platform_base)
-endfunction()
-
-# cartella_form(<name> SOURCES ... LINKS ...): the forms of a folder of src/, on top of its logic. Designer
-# files stand among the sources.
-function(cartella_form Nome)
-    cmake_parse_arguments(A "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
-    add_library(${Nome} STATIC ${A_SOURCES})
-    set_target_properties(${Nome} PROPERTIES AUTOMOC ON AUTOUIC ON)
-    target_include_directories(${Nome} PUBLIC ${CMAKE_SOURCE_DIR}/src)
-    target_link_libraries(${Nome} PUBLIC Qt6::Widgets ${A_LINKS} PRIVATE opzioni ${A_PRIVATE_LINKS})
-    target_link_libraries(${Nome} PUBLIC platform_kit)
-    target_precompile_headers(${Nome} REUSE_FROM platform_kit)
-endfunction()
