@@ -150,7 +150,8 @@ void CaricaModOno(PannelloModOno& Pannello, const TabellaRighe& Righe, int Riga)
 
 void ScegliModAll(PannelloModOno& Pannello, const TabellaRighe& Righe, bool Tutti)
 {
-    CaricaModOno(Pannello, Righe, Tutti ? TutteLeRighe : Pannello.Riga);
+    if (Tutti != Pannello.Tutti)
+        CaricaModOno(Pannello, Righe, Tutti ? TutteLeRighe : Pannello.Riga);
 }
 
 void SeguiRigaModOno(PannelloModOno& Pannello, const TabellaRighe& Righe, std::optional<int> Corrente)

@@ -47,7 +47,7 @@ void ChiudiModOno(PannelloModOno& Pannello);
 /// @throws Errore 9 when the row does not exist
 void CaricaModOno(PannelloModOno& Pannello, const TabellaRighe& Righe, int Riga);
 
-/// "Modifica: tutti" or "solo selezionato:" was chosen.
+/// "Modifica: tutti" or "solo selezionato:" was chosen. The one that stands already changes nothing.
 void ScegliModAll(PannelloModOno& Pannello, const TabellaRighe& Righe, bool Tutti);
 
 /// Another line is current: an open panel shows it, if it is one of the tariff (number 1 to 899).

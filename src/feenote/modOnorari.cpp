@@ -94,6 +94,8 @@ QString Descrizione(const Recordset& Voce)
 int RigaDestinazione(Parcella& Nota, int Riga, std::optional<int> Corrente)
 {
     if (Riga == RigaNuova) {
+        if (Nota.xOnorari.Vuota())
+            Nota.RigheDaRicalcolare = false;  // the lines it spoke of are gone
         const int Nuova = RowIns(Nota, TipoRiga::Onorari, Corrente);
         Nota.xOnorari.InserisciRiga(Nuova);
         return Nuova;
@@ -160,8 +162,9 @@ void LoadOnoDir(Parcella& Nota, Catalogo& Voci)
 {
     Voci = ApriCatalogo(Nota.cmbCateg < 0 ? QString() : Nota.CodCateg, Nota.IDAutSelezionata());
     // A failed formula is told once: the note keeps what was recalculated before it, and is not asked again.
-    if (Nota.RicalcoloNecessario && !Nota.xOnorari.Vuota() && Voci.datOno.Aperto())
-        Protetta([&] { RicalcolaOnorari(Nota, Voci); });
+    if (Nota.RicalcoloNecessario && !Nota.xOnorari.Vuota() && Voci.datOno.Aperto() &&
+        Protetta([&] { RicalcolaOnorari(Nota, Voci); }))
+        Nota.RigheDaRicalcolare = false;
     Nota.RicalcoloNecessario = false;
 }
 

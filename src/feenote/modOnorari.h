@@ -51,7 +51,8 @@ constexpr double MassimaQuantita = 999'999'999;
 [[nodiscard]] double GetQuant(const QString& Descr, const QString& QtaOno);
 
 /// Opens the catalogues of the note's category and, when a parameter has changed since, recalculates the
-/// lines; a formula that fails there is reported, and the flag is cleared all the same.
+/// lines; a formula that fails there is reported, and RicalcoloNecessario is cleared all the same, while
+/// RigheDaRicalcolare stays.
 /// @throws Errore when the catalogues cannot be read
 void LoadOnoDir(Parcella& Nota, Catalogo& Voci);
 

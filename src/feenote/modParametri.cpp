@@ -117,7 +117,7 @@ void CambiaCategoria(Parcella& Nota, int Indice)
     if (Codice.isEmpty() || Codice == Nota.CodCateg)
         return;
 
-    Nota.RicalcoloNecessario = true;
+    SegnaRicalcolo(Nota);
     Nota.CodCateg = Codice;
     LoadAutorità(Nota, Codice);
     StatiPerCategoria(Nota);
@@ -142,7 +142,7 @@ bool CheckAutorCompatib(const Parcella& Nota)
 
 void CambiaAutorita(Parcella& Nota, int Indice)
 {
-    if (Indice < 0 || Indice >= Nota.ListaAutorita.size())
+    if (Indice == Nota.cmbAutor || Indice < 0 || Indice >= Nota.ListaAutorita.size())
         return;
     const int Precedente = Nota.IdxAutorPrec;
     Nota.cmbAutor = Indice;
@@ -159,7 +159,7 @@ void CambiaAutorita(Parcella& Nota, int Indice)
             Nota.cmbAutor = Precedente;
             return;
         }
-        Nota.RicalcoloNecessario = true;
+        SegnaRicalcolo(Nota);
     }
     Nota.IdxAutorPrec = Indice;
     // In criminal matters the court plays the role of the bracket.
@@ -194,7 +194,7 @@ bool CambiaScaglione(Parcella& Nota, int Indice)
     // box.
     Nota.ImportoPrec = Nuovo;
     Nota.Scaglione = Sca.NumSca;
-    Nota.RicalcoloNecessario = true;
+    SegnaRicalcolo(Nota);
     Nota.IdxValorePrec = Indice;
     SetModificata(Nota, true);
     return true;
@@ -211,17 +211,19 @@ void LasciaImporto(Parcella& Nota)
 {
     const double ImpPrima = Nota.ImportoPrec;
     const bool RicalcoloPrima = Nota.RicalcoloNecessario;
+    const bool DaRicalcolarePrima = Nota.RigheDaRicalcolare;
     const double Imp = ValoreCasella(Nota);
     if (Imp > 0)
         ScriviImporto(Nota, Imp);
     if ((Nota.ImportoPrec > 0 || Imp > 0) && Nota.ImportoPrec != Imp) {
-        Nota.RicalcoloNecessario = true;
+        SegnaRicalcolo(Nota);
         Nota.ImportoPrec = Imp;
     }
     if (CercaScaglione(Nota, Imp) && !SelSca(Nota, Imp)) {
         // The bracket was refused, and the value with it: everything as before it was typed.
         Nota.ImportoPrec = ImpPrima;
         Nota.RicalcoloNecessario = RicalcoloPrima;
+        Nota.RigheDaRicalcolare = DaRicalcolarePrima;
         ScriviImporto(Nota, ImpPrima);
         return;
     }
@@ -241,7 +243,7 @@ std::optional<Mancanza> PrimaMancanza(const Parcella& Nota)
     if (!Scelto)
         return std::nullopt;
     const double Valore = Nota.txtImporto.Numero();
-    if (Valore == 0 && Scelto->RicValore && Scelto->NumSca >= 1)
+    if (Valore <= 0 && Scelto->RicValore && Scelto->NumSca >= 1)
         return Mancanza{u"Occorre specificare il valore esatto della causa!"_s, u"txtImporto"_s};
     if (Valore > 0 && Fuori(*Scelto, Valore))
         return Mancanza{u"Il valore della causa specificato non è compreso nello scaglione!"_s,

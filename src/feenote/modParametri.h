@@ -26,7 +26,7 @@ bool SelSca(Parcella& Nota, double Valore);
 void CambiaCategoria(Parcella& Nota, int Indice);
 
 /// May be refused: an authority not compatible with the lines is told, a recalculation is asked for; the
-/// former authority is then selected again.
+/// former authority is then selected again. The one that stands already changes nothing.
 void CambiaAutorita(Parcella& Nota, int Indice);
 
 /// May be refused when lines exist: the former bracket and value then stand again. A value outside the new

@@ -66,8 +66,24 @@ void ImpostaOpzione(Parcella& Nota, int Indice)
 void ImpostaVarP(Parcella& Nota, int VarP)
 {
     if (VarP != Nota.AumRidVarP && !Nota.xOnorari.Vuota())
-        Nota.RicalcoloNecessario = true;
+        SegnaRicalcolo(Nota);
     Nota.AumRidVarP = VarP;
+}
+
+/// Range, sign and first limit of an option; the free one empties the percent.
+void ApplicaOpzione(Parcella& Nota, int Indice)
+{
+    SetModificata(Nota, true);
+    ImpostaOpzione(Nota, Indice);
+    if (Indice == AumRidLibera) {
+        Nota.txtAumRid.Testo.clear();
+        ImpostaVarP(Nota, 0);
+        return;
+    }
+    // "-50;-1" with the minus sign is -50: the absolute limit takes the sign of the list.
+    const int Primo = std::abs(LeggiLimiti(Nota.AumRidLimiti).Lo);
+    Nota.txtAumRid.Testo = QString::number(Primo);
+    ImpostaVarP(Nota, ConSegno(Nota, Primo));
 }
 
 }  // namespace
@@ -102,19 +118,8 @@ void CaricaVariazione(Parcella& Nota, int Indice, double VarP)
 
 void ScegliAumRid(Parcella& Nota, int Indice)
 {
-    if (Indice < 0 || Indice >= NumAumRid)
-        return;
-    SetModificata(Nota, true);
-    ImpostaOpzione(Nota, Indice);
-    if (Indice == AumRidLibera) {
-        Nota.txtAumRid.Testo.clear();
-        ImpostaVarP(Nota, 0);
-        return;
-    }
-    // "-50;-1" with the minus sign is -50: the absolute limit takes the sign of the list.
-    const int Primo = std::abs(LeggiLimiti(Nota.AumRidLimiti).Lo);
-    Nota.txtAumRid.Testo = QString::number(Primo);
-    ImpostaVarP(Nota, ConSegno(Nota, Primo));
+    if (Indice != Nota.AumRidIdx && Indice >= 0 && Indice < NumAumRid)
+        ApplicaOpzione(Nota, Indice);
 }
 
 void CambiaTestoAumRid(Parcella& Nota, const QString& Testo)
@@ -127,6 +132,8 @@ void CambiaTestoAumRid(Parcella& Nota, const QString& Testo)
 
 void CambiaSegnoAumRid(Parcella& Nota, int Indice)
 {
+    if (Indice == Nota.cmbAumRid)
+        return;
     Nota.cmbAumRid = Indice;
     SetModificata(Nota, true);
 }
@@ -141,10 +148,8 @@ bool VariazioneInSospeso(const Parcella& Nota)
 
 void LasciaAumRid(Parcella& Nota)
 {
-    if (PercentoDigitato(Nota) == 0) {
-        Nota.cmbAumRid = NessunaVoce;
-        ScegliAumRid(Nota, AumRidLibera);
-    }
+    if (PercentoDigitato(Nota) == 0)
+        ApplicaOpzione(Nota, AumRidLibera);
     if (!CheckVarPerc(Nota, true))
         return;
     ImpostaVarP(Nota, ConSegno(Nota, PercentoDigitato(Nota)));

@@ -29,13 +29,14 @@ void AzzeraVariazione(Parcella& Nota);
 /// @param VarP signed percent, 0 none; cut to the whole and to 3 digits
 void CaricaVariazione(Parcella& Nota, int Indice, double VarP);
 
-/// An option was chosen: its range and first limit hold from now on.
+/// An option was chosen: its range and first limit hold from now on. The one that stands already changes
+/// nothing: a click on it is no choice, and the percent typed for it is the user's.
 void ScegliAumRid(Parcella& Nota, int Indice);
 
 /// The text of the percent changed while typing. (Digits only.)
 void CambiaTestoAumRid(Parcella& Nota, const QString& Testo);
 
-/// The sign was chosen: 0 "+", 1 "-".
+/// The sign was chosen: 0 "+", 1 "-". The one that stands already changes nothing.
 void CambiaSegnoAumRid(Parcella& Nota, int Indice);
 
 /// True when box and sign show something else than the percent in force.

@@ -151,3 +151,15 @@ void SetModificata(Parcella& Nota, bool Valore)
 {
     Nota.Modificata = Valore;
 }
+
+void SegnaRicalcolo(Parcella& Nota)
+{
+    Nota.RicalcoloNecessario = true;
+    if (!Nota.xOnorari.Vuota())
+        Nota.RigheDaRicalcolare = true;
+}
+
+bool RicalcoloInSospeso(const Parcella& Nota)
+{
+    return Nota.RigheDaRicalcolare && !Nota.xOnorari.Vuota();
+}

@@ -132,8 +132,11 @@ struct Parcella
     double ImportoPrec = 0.0;  ///< value of the case last accepted, euro; 0 not defined. Not the box
     int IdxValorePrec = NessunaVoce;
     int IdxAutorPrec = NessunaVoce;
-    double ValoreMinRich = 0.0;  ///< lower limit of the first bracket that requires the exact value
-    bool RicalcoloNecessario = false;
+    double ValoreMinRich = 0.0;        ///< lower limit of the first bracket that requires the exact value
+    bool RicalcoloNecessario = false;  ///< the next entry to the honoraria recalculates
+    /// The lines are older than the parameters: set with RicalcoloNecessario when there are lines, kept in
+    /// the file with them, cleared by a recalculation that came to its end.
+    bool RigheDaRicalcolare = false;
     int Scaglione = 0;     ///< the n of the catalogue columns nMed, nMin, nMax
     int ScaglioneOld = 0;  ///< bracket of the older tariff
 
@@ -217,6 +220,11 @@ struct Parcella
 /// in VAT and pension fund. The request of the companion application is applied when `ID` is not empty.
 /// A failure to read parcelle.mdb is reported, and the lists stay as far as they were filled.
 void NuovaParcella(Parcella& Nota, const QString& ID = {});
+
+/// A parameter of the amounts has changed: the next entry to the honoraria recalculates the lines.
+void SegnaRicalcolo(Parcella& Nota);
+/// True while lines stand that are older than the parameters.
+[[nodiscard]] bool RicalcoloInSospeso(const Parcella& Nota);
 
 /// The modified mark.
 void SetModificata(Parcella& Nota, bool Valore);

@@ -43,6 +43,7 @@ class TestGraduazione : public QObject
 private Q_SLOTS:
     void unaRiga();
     void tutteLeRighe();
+    void ambitoGiaScelto();
     void checkFascia_data();
     void checkFascia();
     void nessunaFasciaNonMuove();
@@ -101,6 +102,22 @@ void TestGraduazione::tutteLeRighe()
     QCOMPARE(Pannello.ImpOno, u"990,00"_s);
     ScegliModAll(Pannello, Nota.xOnorari, false);
     QCOMPARE(Pannello.OnoDesc, u"Onorari inseriti: Fase 2"_s);
+}
+
+void TestGraduazione::ambitoGiaScelto()
+{
+    Parcella Nota = NotaDaGraduare();
+    PannelloModOno Pannello;
+    ApriModOno(Pannello, Nota.xOnorari, 1);
+    for (const bool Tutti : {false, true}) {
+        ScegliModAll(Pannello, Nota.xOnorari, Tutti);
+        SpostaGradua(Pannello, 30);
+        const QString Graduato = Pannello.ImpOno;
+        ScegliModAll(Pannello, Nota.xOnorari, Tutti);
+        QCOMPARE(Pannello.ImpOno, Graduato);
+        QCOMPARE(Pannello.Gradua, 30);
+        QVERIFY(Pannello.Confermabile);
+    }
 }
 
 void TestGraduazione::checkFascia_data()

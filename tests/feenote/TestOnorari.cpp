@@ -27,6 +27,8 @@ class TestOnorari : public QObject
 private Q_SLOTS:
     void rigaNuova();
     void rigaNuovaConVariazione();
+    void variazionePrimaDellArrotondamento_data();
+    void variazionePrimaDellArrotondamento();
     void codiciDiRiga();
     void rigaInesistente();
     void medio_data();
@@ -57,6 +59,9 @@ private Q_SLOTS:
     void ricalcoloStragiudiziale();
     void ricalcoloSaltaLeVociFuoriTariffa();
     void ricalcoloVoceNonPrevista();
+    void righePiuVecchieDeiParametri();
+    void righeNuoveNonSonoVecchie();
+    void rifiutoNonLasciaRigheVecchie();
     void ricalcoloPrendeIlNumeroTrovato();
     void ricalcoloSenzaValore();
     void ricalcoloFormulaErrata();
@@ -108,6 +113,31 @@ void TestOnorari::rigaNuovaConVariazione()
     QCOMPARE(Importi(Nota, 0), Euro({500, 500, 150, 656}));
     QCOMPARE(Base(Nota, 0), Euro({1000, 301, 1312}));
     QCOMPARE(Nota.xOnorari(0, OnoVarPerc).toInt(), -50);
+}
+
+void TestOnorari::variazionePrimaDellArrotondamento_data()
+{
+    QTest::addColumn<double>("Prodotto");
+    QTest::addColumn<int>("VarPerc");
+    QTest::addColumn<double>("Importo");
+    // Rounded before the variation each of them would be another amount.
+    QTest::newRow("100,5 con aumento") << 100.5 << 50 << 151.0;     // not 150: 150,75
+    QTest::newRow("0,4 con aumento") << 0.4 << 200 << 1.0;          // not 0
+    QTest::newRow("2,5 con aumento") << 2.5 << 100 << 5.0;          // not 4
+    QTest::newRow("1312,5 con aumento") << 1312.5 << 10 << 1444.0;  // not 1443: 1443,75
+}
+
+void TestOnorari::variazionePrimaDellArrotondamento()
+{
+    QFETCH(double, Prodotto);
+    QFETCH(int, VarPerc);
+    Parcella Nota;
+    DatiOnorario Dati;
+    Dati.Importo = Dati.Medio = Dati.Min = Dati.Max = Prodotto;
+    Dati.VarPerc = VarPerc;
+    AddModOnor(Nota, Dati, RigaNuova);
+    QTEST(Importi(Nota, 0).constFirst(), "Importo");
+    QCOMPARE(Importi(Nota, 0), QList<double>(4, Importi(Nota, 0).constFirst()));
 }
 
 void TestOnorari::codiciDiRiga()
@@ -512,6 +542,59 @@ void TestOnorari::ricalcoloVoceNonPrevista()
     QCOMPARE(Voci.datOno.Value(u"CodOno"_s).toInt(), 1);
 }
 
+void TestOnorari::righePiuVecchieDeiParametri()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota = NotaCivile();
+    QVERIFY2(!RicalcoloInSospeso(Nota), "senza righe non c'è nulla da ricalcolare");
+    Catalogo Voci;
+    LoadOnoDir(Nota, Voci);
+    RigaOnorario(Nota, u"Fase di studio"_s, 78, 1, 1);
+    QVERIFY(!RicalcoloInSospeso(Nota));
+    ScriviValore(Nota, u"30.001"_s);
+    QVERIFY(RicalcoloInSospeso(Nota));
+    // A file keeps that the lines are old, not the flag: entering the tab of a reopened note recalculates
+    // nothing.
+    Nota.RicalcoloNecessario = false;
+    LoadOnoDir(Nota, Voci);
+    QVERIFY(RicalcoloInSospeso(Nota));
+    QCOMPARE(Importi(Nota, 0), Euro({78, 78, 78, 78}));
+    Nota.RicalcoloNecessario = true;
+    LoadOnoDir(Nota, Voci);
+    QVERIFY(!RicalcoloInSospeso(Nota));
+    QCOMPARE(Importi(Nota, 0), Euro({1200, 1200, 600, 1920}));
+}
+
+void TestOnorari::righeNuoveNonSonoVecchie()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota = NotaCivile();
+    RigaOnorario(Nota, u"Fase di studio"_s, 78, 1, 1);
+    ScriviValore(Nota, u"30.001"_s);
+    Nota.RicalcoloNecessario = false;
+    Nota.xOnorari.EliminaRiga(0);
+    QVERIFY(!RicalcoloInSospeso(Nota));
+    RigaOnorario(Nota, u"Fase di studio"_s, 1200, 1, 1);
+    QVERIFY(!RicalcoloInSospeso(Nota));
+}
+
+void TestOnorari::rifiutoNonLasciaRigheVecchie()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota = NotaCivile();
+    Nota.RicalcoloNecessario = false;
+    RigaOnorario(Nota, u"Fase di studio"_s, 78, 1, 1);
+    Messaggi.Attendi(u"Sono state già inserite delle prestazioni e la modifica comporterà il ricalcolo con i "
+                     "nuovi parametri.\nConfermi la modifica?"_s,
+                     vbNo, u"Domanda:"_s);
+    ScriviValore(Nota, u"3.000"_s);
+    QVERIFY(!Nota.RicalcoloNecessario);
+    QVERIFY(!RicalcoloInSospeso(Nota));
+}
+
 void TestOnorari::ricalcoloPrendeIlNumeroTrovato()
 {
     const Studio Ufficio;
@@ -568,6 +651,7 @@ void TestOnorari::ricalcoloFormulaErrata()
     QCOMPARE(Nota.xOnorari(1, OnoVarPerc).toInt(), 0);
     QCOMPARE(Nota.xOnorari(2, OnoVarPerc).toInt(), 0);
     QVERIFY(!Nota.RicalcoloNecessario);
+    QVERIFY2(RicalcoloInSospeso(Nota), "le ultime due righe sono rimaste indietro");
     QVERIFY(Voci.datDir.Aperto());
 }
 

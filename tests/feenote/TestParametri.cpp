@@ -108,8 +108,10 @@ void TestParametri::stessaAutoritaNonChiede()
     Parcella Nota = NotaCivile();
     RigaOnorario(Nota, u"Studio"_s, 100);
     Nota.RicalcoloNecessario = false;
+    SetModificata(Nota, false);
     CambiaAutorita(Nota, Nota.cmbAutor);
     QVERIFY(!Nota.RicalcoloNecessario);
+    QVERIFY(!Nota.Modificata);
     QCOMPARE(Nota.IDAutSelezionata(), IDTribunale);
 }
 
@@ -459,6 +461,13 @@ void TestParametri::verificaInOrdine_data()
     QTest::newRow("valore esatto stragiudiziale")
         << 2 << 41 << 0 << u"zero"_s << u"Occorre specificare il valore esatto della causa!"_s
         << u"txtImporto"_s;
+    QTest::newRow("valore negativo civile")
+        << 0 << 2 << 6 << u"-5"_s << u"Occorre specificare il valore esatto della causa!"_s
+        << u"txtImporto"_s;
+    QTest::newRow("valore negativo stragiudiziale")
+        << 2 << 41 << 2 << u"-30.000,00"_s << u"Occorre specificare il valore esatto della causa!"_s
+        << u"txtImporto"_s;
+    QTest::newRow("negativo dove il valore non occorre") << 0 << 2 << 1 << u"-5"_s << QString() << QString();
     QTest::newRow("valore sopra lo scaglione")
         << 0 << 2 << 0 << u"5.000,01"_s
         << u"Il valore della causa specificato non è compreso nello scaglione!"_s << u"txtImporto"_s;

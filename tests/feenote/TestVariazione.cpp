@@ -12,6 +12,9 @@ private Q_SLOTS:
     void opzioneImpostaTutto_data();
     void opzioneImpostaTutto();
     void opzioneInesistente();
+    void opzioneGiaScelta_data();
+    void opzioneGiaScelta();
+    void segnoGiaScelto();
     void ricalcoloSoloConRighe();
     void limiti_data();
     void limiti();
@@ -61,6 +64,7 @@ void TestVariazione::opzioneImpostaTutto()
     QFETCH(int, Indice);
     Registratore Messaggi;
     Parcella Nota;
+    Nota.AumRidIdx = Indice == 1 ? 0 : 1;  // another one before
     Nota.txtAumRid.Testo = u"7"_s;
     Nota.AumRidVarP = 7;
     ScegliAumRid(Nota, Indice);
@@ -86,6 +90,45 @@ void TestVariazione::opzioneInesistente()
     ScegliAumRid(Nota, -1);
     QVERIFY(Nota == Prima);
     QCOMPARE(DidascaliaAumRid(NumAumRid), QString());
+}
+
+void TestVariazione::opzioneGiaScelta_data()
+{
+    QTest::addColumn<int>("Opzione");
+    QTest::addColumn<QString>("Percento");
+    QTest::newRow("aumento ridotto dall'utente") << 0 << u"20"_s;
+    QTest::newRow("riduzione") << 8 << u"10"_s;
+    QTest::newRow("variazione libera") << AumRidLibera << u"30"_s;
+}
+
+void TestVariazione::opzioneGiaScelta()
+{
+    QFETCH(int, Opzione);
+    QFETCH(QString, Percento);
+    Registratore Messaggi;
+    Parcella Nota;
+    AzzeraVariazione(Nota);
+    ScegliAumRid(Nota, Opzione);
+    CambiaTestoAumRid(Nota, Percento);
+    LasciaAumRid(Nota);
+    RigaOnorario(Nota, u"Studio"_s, 100);
+    SetModificata(Nota, false);
+    const Parcella Prima = Nota;
+    ScegliAumRid(Nota, Opzione);
+    QVERIFY(Nota == Prima);
+    QVERIFY(!Nota.Modificata);
+}
+
+void TestVariazione::segnoGiaScelto()
+{
+    Parcella Nota;
+    AzzeraVariazione(Nota);
+    CambiaSegnoAumRid(Nota, 1);
+    SetModificata(Nota, false);
+    CambiaSegnoAumRid(Nota, 1);
+    QVERIFY(!Nota.Modificata);
+    CambiaSegnoAumRid(Nota, 0);
+    QVERIFY(Nota.Modificata);
 }
 
 void TestVariazione::ricalcoloSoloConRighe()
@@ -139,6 +182,7 @@ void TestVariazione::limiti()
     QFETCH(QString, Messaggio);
     Registratore Messaggi;
     Parcella Nota;
+    AzzeraVariazione(Nota);
     ScegliAumRid(Nota, Opzione);
     Nota.cmbAumRid = Segno;
     Nota.txtAumRid.Testo = Casella;
