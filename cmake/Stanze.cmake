@@ -2,7 +2,7 @@
 # and the program prove_a_b. src/CMakeLists.txt is the table; TestArchitettura holds every include to it.
 
 set(REGISTRO_STANZE ${CMAKE_BINARY_DIR}/stanze.txt)
-file(WRITE ${REGISTRO_STANZE} "# room: rooms it may know\n")
+file(WRITE ${REGISTRO_STANZE} "# room|rooms it may know|Qt modules\n")
 set_property(GLOBAL PROPERTY STANZE "")
 
 set(PCH_CORE ${CMAKE_SOURCE_DIR}/cmake/pch_core.h)
@@ -46,7 +46,9 @@ function(stanza Cartella)
     endif()
 
     list(JOIN A_MAY " " Elenco)
-    file(APPEND ${REGISTRO_STANZE} "${Cartella}: ${Elenco}\n")
+    list(TRANSFORM A_QT REPLACE "^Qt6::" "" OUTPUT_VARIABLE Moduli)
+    list(JOIN Moduli " " Moduli)
+    file(APPEND ${REGISTRO_STANZE} "${Cartella}|${Elenco}|${Moduli}\n")
     set_property(GLOBAL APPEND PROPERTY STANZE ${Cartella})
     set_property(GLOBAL PROPERTY STANZA_${Nome}_PROVE "${Cartella};${A_PROVE}")
     set_property(GLOBAL PROPERTY STANZA_${Nome}_QT "${A_QT}")

@@ -179,9 +179,9 @@ QString PercorsoArchivio(const QString& Valore)
 
 QString CartellaUtente(const VersioneSistema& Sistema)
 {
-    constexpr int Documenti = 5;
     constexpr int Vista = 6;
-    return Barra(Sistema.Maggiore >= Vista ? CartellaSpeciale(Documenti) + u"KR5"_s : sessione::PercorsoProg);
+    return Barra(Sistema.Maggiore >= Vista ? CartellaSpeciale(CartellaDocumenti) + u"KR5"_s
+                                           : sessione::PercorsoProg);
 }
 
 bool LeggiRichiestaPV2(const QString& Testo)

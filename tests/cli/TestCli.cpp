@@ -15,7 +15,7 @@ namespace {
 
 QString Esempio(const QString& Nome)
 {
-    return QStringLiteral(CARTELLA_SORGENTE "/dati/esempi/") + Nome;
+    return SorgenteDiProva(u"dati/esempi/"_s) + Nome;
 }
 
 QString Scritta(const QByteArray& Json)

@@ -15,7 +15,7 @@ namespace {
 QString NotaDiEsempio(const QString& Nome)
 {
     const QString Nota = NuovaCartella() + u"parcella rossi.mdb"_s;
-    const Esito Fatta = Chiama({u"crea"_s, QStringLiteral(CARTELLA_SORGENTE "/dati/esempi/") + Nome, Nota});
+    const Esito Fatta = Chiama({u"crea"_s, SorgenteDiProva(u"dati/esempi/"_s) + Nome, Nota});
     return Fatta.Stato == 0 ? Nota : QString();
 }
 

@@ -47,7 +47,7 @@ QString Testo(const QByteArray& Contenuto)
 
 QString Dati()
 {
-    return QStringLiteral(CARTELLA_SORGENTE "/dati/");
+    return SorgenteDiProva(u"dati/"_s);
 }
 
 }  // namespace

@@ -43,7 +43,7 @@ QString Pagina(const QString& Nome)
 void OgniPagina()
 {
     QTest::addColumn<QString>("Nome");
-    const QString Origine = QStringLiteral(CARTELLA_SORGENTE "/programma");
+    const QString Origine = SorgenteDiProva(u"programma"_s);
     QDirIterator Passo(Origine, {u"*.htm"_s}, QDir::Files, QDirIterator::Subdirectories);
     while (Passo.hasNext()) {
         const QString Nome = QDir(Origine).relativeFilePath(Passo.next());

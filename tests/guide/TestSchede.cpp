@@ -171,7 +171,7 @@ QString Esegui(const QString& Tabelle, const QString& Uscita, int& Stato)
 /// A copy of the tables and texts of the program, to be spoilt.
 QString CopiaDati()
 {
-    const QString Origine = QStringLiteral(CARTELLA_SORGENTE "/dati/");
+    const QString Origine = SorgenteDiProva(u"dati/"_s);
     const QString Copia = NuovaCartella();
     QDir().mkpath(Copia + u"schede"_s);
     for (const QString& Nome :
@@ -642,7 +642,7 @@ void TestSchede::leSuperflueSeNeVanno()
         ScriviFile(Uscita + u"note/"_s + Nome, "prima");
     ScriviFile(Uscita + u"note/C001.htm"_s, "prima");
     int Stato = -1;
-    QCOMPARE(Esegui(QStringLiteral(CARTELLA_SORGENTE "/dati"), Uscita, Stato), QString());
+    QCOMPARE(Esegui(SorgenteDiProva(u"dati"_s), Uscita, Stato), QString());
     QCOMPARE(Stato, 0);
     const QStringList Nomi = QDir(Uscita + u"note"_s).entryList(QDir::Files);
     QVERIFY(!Nomi.contains(u"C777.htm"_s));
@@ -657,7 +657,7 @@ void TestSchede::uscitaNonScrivibile()
     const QString Uscita = NuovaCartella();
     ScriviFile(Uscita + u"note"_s, "un file al posto della cartella");
     int Stato = -1;
-    QVERIFY(!Esegui(QStringLiteral(CARTELLA_SORGENTE "/dati"), Uscita, Stato).isEmpty());
+    QVERIFY(!Esegui(SorgenteDiProva(u"dati"_s), Uscita, Stato).isEmpty());
     QCOMPARE(Stato, 1);
 }
 

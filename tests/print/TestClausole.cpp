@@ -16,7 +16,7 @@ namespace {
 
 QString FileClausole(const QString& Nome)
 {
-    return QStringLiteral(CARTELLA_SORGENTE "/programma/doc/") + Nome + u".rtf"_s;
+    return SorgenteDiProva(u"programma/doc/"_s) + Nome + u".rtf"_s;
 }
 
 std::vector<Paragrafo> Clausole(const QString& Nome)
@@ -200,7 +200,7 @@ void TestClausole::leInterruzioniDiPagina()
     QFETCH(int, ContrTipo);
     const auto Rimetti = qScopeGuard([] { AzzeraSessione(); });
     campioni::ImpostaStudio();
-    sessione::PercorsoProg = QStringLiteral(CARTELLA_SORGENTE "/programma/");
+    sessione::PercorsoProg = SorgenteDiProva(u"programma/"_s);
     Parcella Nota = campioni::Civile();
     Nota.optContrTipo = ContrTipo;
     const QRegularExpression Titolo(u"^(I+|IV) - |^Art\\. (11 - L'avvocato|13 - Il cliente)$"_s);

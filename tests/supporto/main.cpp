@@ -15,16 +15,6 @@
 #include <cstdio>
 #include <memory>
 
-QString FileDiProva(const QString& Nome)
-{
-    return QStringLiteral(CARTELLA_PROVE "/") + Nome;
-}
-
-QString ProgrammaDiProva()
-{
-    return QStringLiteral(CARTELLA_PROGRAMMA "/");
-}
-
 int main(int argc, char** argv)
 {
     // Nothing of the machine's user is read or written: home and settings are this process's own.

@@ -27,3 +27,18 @@ QString NuovaCartella()
     QDir().mkpath(Percorso);
     return Percorso + QDir::separator();
 }
+
+QString FileDiProva(const QString& Nome)
+{
+    return QStringLiteral(CARTELLA_PROVE "/") + Nome;
+}
+
+QString SorgenteDiProva(const QString& Nome)
+{
+    return QStringLiteral(CARTELLA_SORGENTE "/") + Nome;
+}
+
+QString ProgrammaDiProva()
+{
+    return QStringLiteral(CARTELLA_PROGRAMMA "/");
+}

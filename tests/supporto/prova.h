@@ -26,5 +26,7 @@ QString CartellaDiProva();
 QString NuovaCartella();
 /// A file of tests/, by its path inside it.
 QString FileDiProva(const QString& Nome);
+/// A file or folder of the sources, by its path below their root.
+QString SorgenteDiProva(const QString& Nome);
 /// The program folder as built, with the separator at its end.
 QString ProgrammaDiProva();

@@ -47,7 +47,7 @@ namespace {
 
 QString Dati()
 {
-    return QStringLiteral(CARTELLA_SORGENTE "/dati/");
+    return SorgenteDiProva(u"dati/"_s);
 }
 
 QString CopiaTabelle()

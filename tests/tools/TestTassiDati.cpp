@@ -12,7 +12,7 @@ namespace {
 
 QString Dati()
 {
-    return QStringLiteral(CARTELLA_SORGENTE "/dati/");
+    return SorgenteDiProva(u"dati/"_s);
 }
 
 const QStringList Tabelle{u"tassi_legali.csv"_s, u"tassi_mora.csv"_s, u"indici_foi.csv"_s, u"basi_foi.csv"_s};

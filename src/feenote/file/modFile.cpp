@@ -7,7 +7,6 @@
 #include "platform/system/percorsi.h"
 
 #include <QFileInfo>
-#include <QLockFile>
 
 using namespace Qt::StringLiterals;
 
@@ -55,15 +54,15 @@ private:
             throw Errore(75);
         if (!CartellaScrivibile(Cartella))
             throw Errore(75);
-        if (PrendiBlocco(Turno, AttesaTurnoMs))
+        switch (Turno.Prendi(AttesaTurnoMs)) {
+        case FileBlocco::Esito::Preso:
             return;
-        switch (Turno.error()) {
-        case QLockFile::LockFailedError:
+        case FileBlocco::Esito::Altrui:
             throw Errore(3260);
-        case QLockFile::PermissionError:
+        case FileBlocco::Esito::Rifiutato:
             throw Errore(75);
-        default:
-            throw Errore(3026);  // no room for the few bytes of the lock
+        case FileBlocco::Esito::Impedito:
+            throw Errore(3026);
         }
     }
 
@@ -90,7 +89,7 @@ private:
     QString Finale;
     QString Accanto;
     QString Provvisorio;
-    QLockFile Turno;
+    FileBlocco Turno;
 };
 
 /// The three empty tables, put on the disk together: each by itself would wait for it three times.

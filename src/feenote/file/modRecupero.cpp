@@ -40,24 +40,24 @@ const QString& Sigla()
     return Testo;
 }
 
-std::unique_ptr<QLockFile>& BloccoProprio()
+std::unique_ptr<FileBlocco>& BloccoProprio()
 {
-    static std::unique_ptr<QLockFile> Tenuto;
+    static std::unique_ptr<FileBlocco> Tenuto;
     return Tenuto;
 }
 
-std::unique_ptr<QLockFile> ApriBlocco(const QString& Di)
+std::unique_ptr<FileBlocco> ApriBlocco(const QString& Di)
 {
-    return std::make_unique<QLockFile>(Cartella() + Di + TipoBlocco);
+    return std::make_unique<FileBlocco>(Cartella() + Di + TipoBlocco);
 }
 
 void PrendiBloccoProprio()
 {
     auto Nuovo = ApriBlocco(Sigla());
     // The settings may have moved the user folder meanwhile: its copies need a lock there.
-    if (BloccoProprio() && BloccoProprio()->fileName() == Nuovo->fileName())
+    if (BloccoProprio() && BloccoProprio()->Percorso() == Nuovo->Percorso())
         return;
-    if (!PrendiBlocco(*Nuovo, 0))
+    if (Nuovo->Prendi(0) != FileBlocco::Esito::Preso)
         throw Errore(70);
     BloccoProprio() = std::move(Nuovo);
 }
@@ -102,7 +102,7 @@ QStringList SigleVive()
     QStringList Vive;
     for (const QString& Una : std::as_const(Tutte)) {
         const bool Nostra = Una == Sigla() && BloccoProprio();
-        if (Nostra || (!Superata(Una, Tutte) && !PrendiBlocco(*ApriBlocco(Una), 0)))
+        if (Nostra || (!Superata(Una, Tutte) && ApriBlocco(Una)->Prendi(0) != FileBlocco::Esito::Preso))
             Vive.append(Una);
         else
             QFile::remove(Cartella() + Una + TipoBlocco);
@@ -194,7 +194,7 @@ void EliminaCopia(const CopiaRecupero& Copia)
 PrenotazioneCopia::PrenotazioneCopia(const CopiaRecupero& Copia) : Segno(SenzaTipo(Copia) + TipoPrenotata)
 {
     // A folder that refuses the lock refuses it to everybody: better offered twice than never.
-    const bool Libera = PrendiBlocco(Segno, 0) || Segno.error() != QLockFile::LockFailedError;
+    const bool Libera = Segno.Prendi(0) != FileBlocco::Esito::Altrui;
     Ottenuta = Libera && EsisteFile(Copia.File);
 }
 

@@ -5,10 +5,10 @@
 #pragma once
 
 #include "feenote/parcella.h"
+#include "platform/system/blocco.h"
 
 #include <QDateTime>
 #include <QList>
-#include <QLockFile>
 #include <QString>
 
 /// How long a change may wait for its copy, in milliseconds; tests shorten it.
@@ -48,7 +48,7 @@ public:
     [[nodiscard]] explicit operator bool() const { return Ottenuta; }
 
 private:
-    QLockFile Segno;
+    FileBlocco Segno;
     bool Ottenuta = false;
 };
 

@@ -19,13 +19,33 @@ bool DiNessuno(const QString& File)
 
 }  // namespace
 
-bool PrendiBlocco(QLockFile& Blocco, int AttesaMs)
+FileBlocco::FileBlocco(const QString& Percorso) : File(std::make_unique<QLockFile>(Percorso))
 {
-    Blocco.setStaleLockTime(0);
-    if (Blocco.tryLock(AttesaMs))
-        return true;
-    if (Blocco.error() != QLockFile::LockFailedError || !DiNessuno(Blocco.fileName()))
-        return false;
-    QFile::remove(Blocco.fileName());
-    return Blocco.tryLock(0);
+    File->setStaleLockTime(0);
+}
+
+FileBlocco::~FileBlocco() = default;
+
+FileBlocco::Esito FileBlocco::Prendi(int AttesaMs)
+{
+    bool Preso = File->tryLock(AttesaMs);
+    if (!Preso && File->error() == QLockFile::LockFailedError && DiNessuno(File->fileName())) {
+        QFile::remove(File->fileName());
+        Preso = File->tryLock(0);
+    }
+    if (Preso)
+        return Esito::Preso;
+    switch (File->error()) {
+    case QLockFile::LockFailedError:
+        return Esito::Altrui;
+    case QLockFile::PermissionError:
+        return Esito::Rifiutato;
+    default:
+        return Esito::Impedito;
+    }
+}
+
+QString FileBlocco::Percorso() const
+{
+    return File->fileName();
 }

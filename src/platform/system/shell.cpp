@@ -109,7 +109,7 @@ QString CartellaEseguibile()
 QString CartellaSpeciale(int Codice)
 {
     switch (Codice) {
-    case 5:
+    case CartellaDocumenti:
         return Barra(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     case 12:
         return Barra(QDir::tempPath());

@@ -58,8 +58,12 @@ public:
 /// Folder of the running executable, with the separator at its end.
 [[nodiscard]] QString CartellaEseguibile();
 
+/// Code of the user's Documents for CartellaSpeciale.
+inline constexpr int CartellaDocumenti = 5;
+
 /// A system folder with the separator at its end.
-/// @param Codice 5 the user's Documents, 12 temporary files, 36 the system's root folder ("Windows"),
+/// @param Codice CartellaDocumenti the user's Documents, 12 temporary files, 36 the system's root folder
+/// ("Windows"),
 ///        37 the system folder; any other code gives the user's home
 [[nodiscard]] QString CartellaSpeciale(int Codice);
 

@@ -8,9 +8,9 @@
 #include "platform/preview/vistastampa.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 
 #include <QMenu>
-#include <QStandardPaths>
 #include <QStatusBar>
 
 using namespace Qt::StringLiterals;
@@ -140,7 +140,7 @@ void frmPrint::barPrint_Click(const QString& Chiave)
 
 void frmPrint::Esporta()
 {
-    const QString Cartella = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const QString Cartella = CartellaSpeciale(CartellaDocumenti);
     const QString Fatto = EsportaPdf(*Vista, Cartella, Documento);
     if (!Fatto.isEmpty())
         statusBar()->showMessage(u"Salvato in "_s + Fatto);

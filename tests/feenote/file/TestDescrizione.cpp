@@ -478,7 +478,7 @@ void TestDescrizione::gliEsempiSiLeggono()
     const Studio Ufficio;
     Registratore Messaggi;
     for (const QString& Nome : {u"civile"_s, u"penale"_s, u"stragiudiziale"_s}) {
-        QFile Esempio(QStringLiteral(CARTELLA_SORGENTE "/dati/esempi/") + Nome + u".json"_s);
+        QFile Esempio(SorgenteDiProva(u"dati/esempi/"_s) + Nome + u".json"_s);
         QVERIFY2(Esempio.open(QIODevice::ReadOnly), qPrintable(Nome));
         const Esito Letto = Prova(Esempio.readAll());
         QVERIFY2(Letto.Numero == 0, qPrintable(Nome + u": "_s + Letto.Testo));

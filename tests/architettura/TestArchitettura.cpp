@@ -1,0 +1,184 @@
+#include "supporto/prova.h"
+
+#include "architettura/regole.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+/// The house is as its table says; and each rule is seen to fail on a house that breaks it.
+class TestArchitettura : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void gliIncludeSonoQuelliAmmessi();
+    void nessunaFrecciaSale();
+    void leLibrerieStannoNelleLoroStanze();
+    void nessunaStanzaTieneUnDecimo();
+
+    void unaSondaSiScopre_data();
+    void unaSondaSiScopre();
+    void iNomiDoppiSiScoprono();
+    void unaFrecciaInSuSiScopre();
+    void unaStanzaGrandeSiScopre();
+
+private:
+    Casa Vera;
+};
+PROVA(TestArchitettura);
+
+namespace {
+
+const QString IntestazioniFinestre = QStringLiteral(INTESTAZIONI_FINESTRE);
+
+void Scrivi(const QString& Percorso, const QByteArray& Testo)
+{
+    QDir().mkpath(QFileInfo(Percorso).path());
+    QFile Nuovo(Percorso);
+    QVERIFY(Nuovo.open(QIODevice::WriteOnly));
+    Nuovo.write(Testo);
+}
+
+/// A small house in order: the engine below, logic, its windows.
+Casa CasaDiProva()
+{
+    const QString Cartella = NuovaCartella();
+    Scrivi(Cartella + u"stanze.txt"_s, "# a comment\nplatform/base||\nplatform/database|platform/base|\n"
+                                       "conti|platform/base|\nconti/windows|platform/base conti|Widgets\n");
+    Scrivi(Cartella + u"src/platform/base/numero.h"_s, "#pragma once\nint Numero();\n");
+    Scrivi(Cartella + u"src/platform/database/tabella.h"_s,
+           "#pragma once\nstruct Tabella\n{\n    int Numero;\n};\n");
+    Scrivi(Cartella + u"src/conti/somma.h"_s,
+           "#pragma once\n#include \"platform/base/numero.h\"\nint Somma();\n");
+    Scrivi(Cartella + u"src/conti/somma.cpp"_s, "#include \"conti/somma.h\"\n");
+    Scrivi(Cartella + u"src/conti/windows/frmSomma.cpp"_s,
+           "#include \"conti/somma.h\"\n#include <QWidget>\n#include \"ui_frmSomma.h\"\n");
+    return LeggiCasa(Cartella + u"src/"_s, Cartella + u"stanze.txt"_s);
+}
+
+QString UnaPerRiga(const QStringList& Frasi)
+{
+    return Frasi.join(u'\n');
+}
+
+/// Fails with every sentence, where QCOMPARE would cut the first.
+void Nessuna(const QStringList& Frasi)
+{
+    QVERIFY2(Frasi.isEmpty(), qPrintable(u'\n' + UnaPerRiga(Frasi)));
+}
+
+}  // namespace
+
+void TestArchitettura::initTestCase()
+{
+    Vera = LeggiCasa(SorgenteDiProva(u"src/"_s), QStringLiteral(REGISTRO_STANZE));
+    QVERIFY(Vera.Ordine.size() > 20);
+    QCOMPARE(Vera.Ordine.first(), u"platform/base"_s);
+    QVERIFY(QFileInfo::exists(IntestazioniFinestre + u"/QWidget"_s));
+}
+
+void TestArchitettura::gliIncludeSonoQuelliAmmessi()
+{
+    Nessuna(IncludiProibiti(Vera));
+}
+
+void TestArchitettura::nessunaFrecciaSale()
+{
+    Nessuna(FrecceInSu(Vera));
+}
+
+void TestArchitettura::leLibrerieStannoNelleLoroStanze()
+{
+    Nessuna(LibrerieProibite(Vera, IntestazioniFinestre));
+}
+
+void TestArchitettura::nessunaStanzaTieneUnDecimo()
+{
+    Nessuna(StanzeTroppoGrandi(Vera));
+}
+
+void TestArchitettura::unaSondaSiScopre_data()
+{
+    QTest::addColumn<QString>("File");
+    QTest::addColumn<QByteArray>("Testo");
+    QTest::addColumn<QString>("Frase");
+
+    const auto Riga = [](const char* Nome, const QString& File, const QByteArray& Testo,
+                         const QString& Frase) { QTest::newRow(Nome) << File << Testo << Frase; };
+    Riga("dal basso in alto", u"platform/base/numero.cpp"_s,
+         "#include \"platform/base/numero.h\"\n#include \"conti/somma.h\"\n",
+         u"src/platform/base/numero.cpp:2 includes conti/somma.h, which platform/base may not know"_s);
+    Riga("di fianco", u"conti/altra.h"_s, "#pragma once\n\n#include \"platform/database/tabella.h\"\n",
+         u"src/conti/altra.h:3 includes platform/database/tabella.h, which conti may not know"_s);
+    Riga(
+        "in un disegno", u"conti/windows/frmAltra.ui"_s,
+        "<ui>\n<header>platform/database/tabella.h</header>\n",
+        u"src/conti/windows/frmAltra.ui:2 includes platform/database/tabella.h, which conti/windows may not know"_s);
+    Riga("un file che non c'è", u"conti/altra.cpp"_s, "#include \"platform/base/nulla.h\"\n",
+         u"src/conti/altra.cpp:1 includes platform/base/nulla.h, which is not there"_s);
+    Riga("fuori dalle stanze", u"altrove/prova.cpp"_s, "int x;\n",
+         u"src/altrove/prova.cpp stands in a folder that is no room of src/CMakeLists.txt"_s);
+    Riga("il motore", u"conti/altra.cpp"_s, "#include <sqlite3.h>\n",
+         u"src/conti/altra.cpp:1 includes <sqlite3.h>, which is for platform/database alone"_s);
+    Riga("una finestra nella logica", u"conti/altra.cpp"_s, "#include <QMessageBox>\n",
+         u"src/conti/altra.cpp:1 includes <QMessageBox>, and conti is a room without windows"_s);
+    Riga("il sistema", u"conti/windows/altra.cpp"_s, "#include <QProcess>\n",
+         u"src/conti/windows/altra.cpp:1 includes <QProcess>: only platform/ calls the operating system"_s);
+    Riga("una chiamata del nucleo", u"conti/altra.cpp"_s, "#include <sys/stat.h>\n",
+         u"src/conti/altra.cpp:1 includes <sys/stat.h>: only platform/ calls the operating system"_s);
+}
+
+void TestArchitettura::unaSondaSiScopre()
+{
+    QFETCH(QString, File);
+    QFETCH(QByteArray, Testo);
+    QFETCH(QString, Frase);
+    const Casa Piccola = CasaDiProva();
+    const auto Frasi = [&] {
+        return UnaPerRiga(IncludiProibiti(Piccola) + LibrerieProibite(Piccola, IntestazioniFinestre));
+    };
+    QCOMPARE(Frasi(), QString());
+    Scrivi(Piccola.Radice + File, Testo);
+    QCOMPARE(Frasi(), Frase);
+}
+
+void TestArchitettura::iNomiDoppiSiScoprono()
+{
+    const Casa Piccola = CasaDiProva();
+    QCOMPARE(UnaPerRiga(NomiDoppi(Piccola)), QString());
+    // A member, a forward declaration and a name of a namespace are no second meaning.
+    Scrivi(Piccola.Radice + u"conti/altra.h"_s, "#pragma once\nstruct Tabella;\nnamespace conti {\nint "
+                                                "Numero();\n}\nstruct Voce\n{\n    int Somma();\n};\n");
+    QCOMPARE(UnaPerRiga(NomiDoppi(Piccola)), QString());
+    Scrivi(Piccola.Radice + u"conti/terza.h"_s,
+           "#pragma once\nenum class Tabella { Prima };\n[[nodiscard]] QString Numero(int Quale);\n");
+    QCOMPARE(UnaPerRiga(NomiDoppi(Piccola)),
+             u"Numero is declared in src/conti/terza.h and in src/platform/base/numero.h\n"
+             "Tabella is declared in src/conti/terza.h and in src/platform/database/tabella.h"_s);
+}
+
+void TestArchitettura::unaFrecciaInSuSiScopre()
+{
+    Casa Piccola = CasaDiProva();
+    QCOMPARE(UnaPerRiga(FrecceInSu(Piccola)), QString());
+    Piccola.Stanze[u"platform/base"_s].PuoConoscere += u"conti"_s;
+    Piccola.Stanze[u"conti"_s].PuoConoscere += u"conti/nulla"_s;
+    QCOMPARE(UnaPerRiga(FrecceInSu(Piccola)),
+             u"platform/base may know conti, which does not stand above it in the table\n"
+             "conti may know conti/nulla, which does not stand above it in the table"_s);
+}
+
+void TestArchitettura::unaStanzaGrandeSiScopre()
+{
+    const Casa Piccola = CasaDiProva();
+    for (const QStringView Altra : {u"platform/base", u"platform/database", u"conti"})
+        Scrivi(Piccola.Radice + Altra.toString() + u"/lungo.h"_s, QByteArray("\n").repeated(300));
+    QCOMPARE(StanzeTroppoGrandi(Piccola).size(), 3);
+    Scrivi(Piccola.Radice + u"conti/windows/lungo.h"_s, QByteArray("\n").repeated(3000));
+    QVERIFY(StanzeTroppoGrandi(Piccola).filter(u"conti/windows holds 3003 of "_s).size() == 1);
+}
+
+#include "TestArchitettura.moc"

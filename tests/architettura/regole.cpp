@@ -1,0 +1,218 @@
+#include "architettura/regole.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+#include <QMap>
+#include <QRegularExpression>
+#include <QSet>
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QStringList Righe(const QString& Percorso)
+{
+    QFile Aperto(Percorso);
+    if (!Aperto.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromUtf8(Aperto.readAll()).split(u'\n');
+}
+
+/// The files of the tree that are read, by their path below the root, in order.
+QStringList Sorgenti(const Casa& Questa, const QStringList& Estensioni)
+{
+    QStringList Trovati;
+    QDirIterator Cammino(Questa.Radice, Estensioni, QDir::Files, QDirIterator::Subdirectories);
+    while (Cammino.hasNext())
+        Trovati += QDir(Questa.Radice).relativeFilePath(Cammino.next());
+    Trovati.sort();
+    return Trovati;
+}
+
+QString CartellaDi(const QString& Percorso)
+{
+    return Percorso.left(std::max<qsizetype>(0, Percorso.lastIndexOf(u'/')));
+}
+
+QString Posto(const QString& Percorso, qsizetype Riga)
+{
+    return u"src/%1:%2 "_s.arg(Percorso).arg(Riga + 1);
+}
+
+/// What a source includes, line by line: a header of ours in quotes, another one in angle brackets.
+void PerOgniInclude(
+    const Casa& Questa,
+    const std::function<void(const QString& File, qsizetype Riga, const QString& Incluso, bool Nostro)>& Fai)
+{
+    static const QRegularExpression Forma(u"^\\s*#\\s*include\\s*([\"<])([^\">]+)[\">]"_s);
+    static const QRegularExpression FormaUi(u"<header( location=\"global\")?>([^<]+)</header>"_s);
+    for (const QString& File : Sorgenti(Questa, {u"*.h"_s, u"*.cpp"_s, u"*.ui"_s})) {
+        const bool Disegno = File.endsWith(u".ui");
+        const QStringList Testo = Righe(Questa.Radice + File);
+        for (qsizetype i = 0; i < Testo.size(); ++i) {
+            const QRegularExpressionMatch Trovato = (Disegno ? FormaUi : Forma).match(Testo[i]);
+            if (Trovato.hasMatch())
+                Fai(File, i, Trovato.captured(2), Disegno || Trovato.captured(1) == u"\""_s);
+        }
+    }
+}
+
+/// What belongs to the operating system, and the rooms under which it may stand.
+struct Chiamata
+{
+    QStringView Intestazione;
+    bool NomeIntero;  ///< otherwise the header begins so
+};
+
+constexpr Chiamata DelSistema[] = {
+    {u"QLockFile", true},    {u"QSettings", true},    {u"QProcess", true}, {u"QStandardPaths", true},
+    {u"QLocalSocket", true}, {u"QLocalServer", true}, {u"fcntl.h", true},  {u"unistd.h", true},
+    {u"windows.h", true},    {u"sys/", false},
+};
+
+bool EDelSistema(const QString& Incluso)
+{
+    return std::any_of(std::begin(DelSistema), std::end(DelSistema), [&](const Chiamata& Nota) {
+        return Nota.NomeIntero ? Incluso == Nota.Intestazione : Incluso.startsWith(Nota.Intestazione);
+    });
+}
+
+/// Names that a header declares for everybody: types, functions and constants outside every class, with the
+/// namespace in front. Declarations begin at the first column, as the formatter writes them.
+QStringList NomiDichiarati(const QStringList& Testo)
+{
+    static const QRegularExpression Spazio(u"^(?:inline )?namespace (\\w+) \\{"_s);
+    static const QRegularExpression Tipo(
+        u"^(?:struct|class|enum class|enum) (?!\\w+(?: : [\\w:]+)?;)(\\w+)"_s);
+    static const QRegularExpression Costante(
+        u"^(?:inline |static )*constexpr [\\w:<>, ]+[ &*](\\w+)(?:\\[.*\\])?\\s*[={]"_s);
+    static const QRegularExpression Funzione(
+        u"^(?!using|return|template|#|//|\\})(?:\\[\\[nodiscard\\]\\] )?[\\w:<>,&* \\[\\]]+[ &*](\\w+)\\("_s);
+    QStringList Nomi;
+    QStringList Spazi;
+    int Profondita = 0;  // braces of classes and bodies, not of namespaces
+    for (const QString& Riga : Testo) {
+        if (Profondita == 0) {
+            if (const auto Trovato = Spazio.match(Riga); Trovato.hasMatch()) {
+                Spazi += Trovato.captured(1);
+                continue;
+            }
+            if (Riga.startsWith(u'}') && !Spazi.isEmpty()) {
+                Spazi.removeLast();
+                continue;
+            }
+            for (const QRegularExpression* Forma : {&Tipo, &Costante, &Funzione}) {
+                const auto Trovato = Forma->match(Riga);
+                if (!Trovato.hasMatch())
+                    continue;
+                Nomi += (Spazi + QStringList{Trovato.captured(1)}).join(u"::");
+                break;
+            }
+        }
+        const QString Codice = Riga.section(u"//"_s, 0, 0);
+        Profondita += int(Codice.count(u'{')) - int(Codice.count(u'}'));
+    }
+    return Nomi;
+}
+
+}  // namespace
+
+Casa LeggiCasa(const QString& Radice, const QString& Registro)
+{
+    Casa Letta;
+    Letta.Radice = Radice;
+    for (const QString& Riga : Righe(Registro)) {
+        if (Riga.isEmpty() || Riga.startsWith(u'#'))
+            continue;
+        const QStringList Parti = Riga.split(u'|');
+        Letta.Ordine += Parti.value(0);
+        Letta.Stanze.insert(Parti.value(0), {Parti.value(1).split(u' ', Qt::SkipEmptyParts),
+                                             Parti.value(2).split(u' ', Qt::SkipEmptyParts)});
+    }
+    return Letta;
+}
+
+QStringList IncludiProibiti(const Casa& Questa)
+{
+    QStringList Frasi;
+    for (const QString& File : Sorgenti(Questa, {u"*.h"_s, u"*.cpp"_s, u"*.ui"_s}))
+        if (!Questa.Stanze.contains(CartellaDi(File)))
+            Frasi += u"src/%1 stands in a folder that is no room of src/CMakeLists.txt"_s.arg(File);
+    PerOgniInclude(Questa, [&](const QString& File, qsizetype Riga, const QString& Incluso, bool Nostro) {
+        if (!Nostro || !Incluso.contains(u'/'))
+            return;  // of a library, or made by a tool of Qt
+        const QString Da = CartellaDi(File);
+        const QString Verso = CartellaDi(Incluso);
+        if (!QFileInfo::exists(Questa.Radice + Incluso))
+            Frasi += Posto(File, Riga) + u"includes %1, which is not there"_s.arg(Incluso);
+        else if (Verso != Da && !Questa.Stanze.value(Da).PuoConoscere.contains(Verso))
+            Frasi += Posto(File, Riga) + u"includes %1, which %2 may not know"_s.arg(Incluso, Da);
+    });
+    return Frasi;
+}
+
+QStringList FrecceInSu(const Casa& Questa)
+{
+    QStringList Frasi;
+    for (const QString& Nome : Questa.Ordine)
+        for (const QString& Altra : Questa.Stanze[Nome].PuoConoscere)
+            if (Questa.Ordine.indexOf(Altra) < 0 ||
+                Questa.Ordine.indexOf(Altra) >= Questa.Ordine.indexOf(Nome))
+                Frasi += u"%1 may know %2, which does not stand above it in the table"_s.arg(Nome, Altra);
+    return Frasi;
+}
+
+QStringList LibrerieProibite(const Casa& Questa, const QString& IntestazioniFinestre)
+{
+    QStringList Frasi;
+    PerOgniInclude(Questa, [&](const QString& File, qsizetype Riga, const QString& Incluso, bool Nostro) {
+        if (Nostro)
+            return;
+        const QString Stanza = CartellaDi(File);
+        if (Incluso.startsWith(u"sqlite3") && Stanza != u"platform/database")
+            Frasi +=
+                Posto(File, Riga) + u"includes <%1>, which is for platform/database alone"_s.arg(Incluso);
+        if (EDelSistema(Incluso) && !Stanza.startsWith(u"platform/"))
+            Frasi += Posto(File, Riga) +
+                     u"includes <%1>: only platform/ calls the operating system"_s.arg(Incluso);
+        if (!Questa.Stanze.value(Stanza).HaFinestre() &&
+            QFileInfo::exists(IntestazioniFinestre + u'/' + Incluso))
+            Frasi +=
+                Posto(File, Riga) + u"includes <%1>, and %2 is a room without windows"_s.arg(Incluso, Stanza);
+    });
+    return Frasi;
+}
+
+QStringList NomiDoppi(const Casa& Questa)
+{
+    QMap<QString, QMap<QString, QString>> Dove;  // name, then room, then header
+    for (const QString& File : Sorgenti(Questa, {u"*.h"_s}))
+        for (const QString& Nome : NomiDichiarati(Righe(Questa.Radice + File)))
+            Dove[Nome].insert(CartellaDi(File), File);
+    QStringList Frasi;
+    for (auto Uno = Dove.cbegin(); Uno != Dove.cend(); ++Uno)
+        if (Uno->size() > 1)
+            Frasi += u"%1 is declared in src/%2"_s.arg(Uno.key(), Uno->values().join(u" and in src/"_s));
+    return Frasi;
+}
+
+QStringList StanzeTroppoGrandi(const Casa& Questa)
+{
+    QMap<QString, qsizetype> QuanteRighe;
+    qsizetype Tutte = 0;
+    for (const QString& File : Sorgenti(Questa, {u"*.h"_s, u"*.cpp"_s})) {
+        const qsizetype Sue = Righe(Questa.Radice + File).size() - 1;
+        QuanteRighe[CartellaDi(File)] += Sue;
+        Tutte += Sue;
+    }
+    QStringList Frasi;
+    for (auto Una = QuanteRighe.cbegin(); Una != QuanteRighe.cend(); ++Una)
+        if (Una.value() * 10 > Tutte)
+            Frasi +=
+                u"%1 holds %2 of %3 lines, more than a tenth"_s.arg(Una.key()).arg(Una.value()).arg(Tutte);
+    return Frasi;
+}

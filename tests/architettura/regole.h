@@ -1,0 +1,43 @@
+// The rules of the house as checks over a tree of sources: each gives the sentences of what breaks it.
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+/// A row of the table of rooms, as the build wrote it.
+struct Stanza
+{
+    QStringList PuoConoscere;  ///< folders whose headers it may include beside its own
+    QStringList Moduli;        ///< Qt modules beside Core
+    [[nodiscard]] bool HaFinestre() const { return Moduli.contains(QStringLiteral("Widgets")); }
+};
+
+/// The table of rooms, in the order of src/CMakeLists.txt.
+struct Casa
+{
+    QString Radice;  ///< folder of the sources, with the separator at its end
+    QStringList Ordine;
+    QHash<QString, Stanza> Stanze;
+};
+
+/// Reads the table that the build has written: a line a room, "folder|rooms it may know|Qt modules".
+[[nodiscard]] Casa LeggiCasa(const QString& Radice, const QString& Registro);
+
+/// Every file belongs to a room; every include, also of a Designer file, is of a room that the table allows.
+[[nodiscard]] QStringList IncludiProibiti(const Casa& Questa);
+
+/// A room knows only rooms above it in the table.
+[[nodiscard]] QStringList FrecceInSu(const Casa& Questa);
+
+/// The database engine outside its room, widgets in a room without windows, calls of the operating system
+/// outside platform/.
+/// @param IntestazioniFinestre folder of the headers of Qt Widgets
+[[nodiscard]] QStringList LibrerieProibite(const Casa& Questa, const QString& IntestazioniFinestre);
+
+/// One bare name declared in the headers of two rooms: a source that includes both could not compile, or
+/// would mean the other one.
+[[nodiscard]] QStringList NomiDoppi(const Casa& Questa);
+
+/// Rooms with more than a tenth of the lines of all.
+[[nodiscard]] QStringList StanzeTroppoGrandi(const Casa& Questa);
