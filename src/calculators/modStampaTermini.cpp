@@ -30,8 +30,9 @@ void Prepara(Superficie& vp)
     vp.FontUnderline(false);
 }
 
-/// Title, data with a blank row between them, result.
-bool Componi(Superficie& vp, const QString& Titolo, const QStringList& Dati, const QString& Risultato)
+/// Title, data with a blank row between them, result and the line under it.
+bool Componi(Superficie& vp, const QString& Titolo, const QStringList& Dati, const QString& Risultato,
+             const QString& Avviso)
 {
     if (Risultato.trimmed().isEmpty()) {
         MsgErrore(u"Non è stato effettuato alcun calcolo!"_s);
@@ -62,13 +63,15 @@ bool Componi(Superficie& vp, const QString& Titolo, const QStringList& Dati, con
     vp.FontUnderline(false);
     RigheVuote(vp, 1);
     vp.Paragraph(Risultato);
+    if (!Avviso.isEmpty())
+        vp.Paragraph(Avviso);
     vp.EndDoc();
     return true;
 }
 
 }  // namespace
 
-bool StampaTermine(Superficie& vp, const DatiTermine& Dati, const QString& Risultato)
+bool StampaTermine(Superficie& vp, const DatiTermine& Dati, const QString& Risultato, const QString& Avviso)
 {
     const QString Unita =
         VociIncremento.size() > size_t(Dati.Tipo) ? VociIncremento[size_t(Dati.Tipo)].toString() : QString();
@@ -79,11 +82,11 @@ bool StampaTermine(Superficie& vp, const DatiTermine& Dati, const QString& Risul
                     // The sheet has always shown the free term here, whatever the Saturday.
                     u"Proroga del sabato: "_s + SiNo(Dati.Opzioni.Libero),
                     u"Scadenza: "_s + (Dati.Opzioni.Antecedente ? u"Antecedente"_s : u"Successiva"_s)},
-                   Risultato);
+                   Risultato, Avviso);
 }
 
 bool StampaSequenza(Superficie& vp, const QString& Udienza, int Articolo, const OpzioniTermine& Opzioni,
-                    const QString& Risultato)
+                    const QString& Risultato, const QString& Avviso)
 {
     if (Articolo < 0 || Articolo >= int(Articoli().size()))
         throw Errore(9);
@@ -91,5 +94,5 @@ bool StampaSequenza(Superficie& vp, const QString& Udienza, int Articolo, const 
                    {u"Articolo: "_s + Articoli()[size_t(Articolo)].Voce.toString(),
                     u"Data udienza: "_s + Udienza, u"Sospensione feriale: "_s + SiNo(Opzioni.Sospensione),
                     u"Proroga del sabato: "_s + SiNo(Opzioni.Sabato)},
-                   Risultato);
+                   Risultato, Avviso);
 }

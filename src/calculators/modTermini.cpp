@@ -30,6 +30,9 @@ constexpr std::array FesteFisse{
 // the form say so.
 constexpr GiornoMese InizioSospensione{1, 8};
 constexpr GiornoMese FineSospensione{15, 9};
+// Where the law in force lets the terms run again, and from which year on.
+constexpr GiornoMese RipresaDiLegge{1, 9};
+constexpr int AnnoRipresa = 2015;
 
 constexpr GiornoMese SenzaPasquetta{31, 12};
 constexpr int AnnoSenzaPasquetta = 1999;
@@ -98,6 +101,14 @@ public:
                                         : std::min(Da, Prima).daysTo(std::max(Ultimo, A));
         return int(std::abs(Giorni));
     }
+    /// True when a stretch of suspended days, one end to the other, has some that the law lets run.
+    [[nodiscard]] bool HaSettembre(const QDate& Da, const QDate& A) const
+    {
+        const auto [Dal, Al] = std::minmax(Da, A);
+        return Anno >= AnnoRipresa &&
+               Dal <= QDate::fromJulianDay(GiornoGiuliano(FineSospensione, Anno)) &&
+               Al >= QDate::fromJulianDay(GiornoGiuliano(RipresaDiLegge, Anno));
+    }
     void PassaAllAltra()
     {
         Anno += Passo;
@@ -129,6 +140,7 @@ QDate ContaGiorni(ContoTermine& Conto, Finestra& Sospensione, QDate d, int Numer
         if (FinoAlla > Restano)
             break;
         Conto.Prorogato = true;
+        Conto.SettembreSospeso |= Sospensione.HaSettembre(Sospensione.Inizio(), Sospensione.Fine());
         Restano -= FinoAlla;
         d = Avanti(Sospensione.Fine(), Passo);
         Sospensione.PassaAllAltra();
@@ -146,6 +158,7 @@ QDate ContaMesiOAnni(ContoTermine& Conto, Finestra& Sospensione, QDate d, int Nu
             continue;
         Conto.Prorogato = true;
         Conto.GiorniSospesi += Sospensione.Sovrapposti(Precedente, d);
+        Conto.SettembreSospeso |= Sospensione.HaSettembre(Precedente, d);
         if (Sospensione.Superata(d))
             Sospensione.PassaAllAltra();
     }
@@ -168,8 +181,10 @@ QDate Assesta(ContoTermine& Conto, const Finestra& Sospensione, QDate d)
             d = Avanti(d, Sospensione.Verso());
         }
         // This alone sets no flag: the term itself did not meet the suspension.
-        if (Conto.Opzioni.Sospensione && Sospensione.Contiene(d))
+        if (Conto.Opzioni.Sospensione && Sospensione.Contiene(d)) {
+            Conto.SettembreSospeso |= Sospensione.HaSettembre(d, Sospensione.Fine());
             d = Avanti(Sospensione.Fine(), Sospensione.Verso());
+        }
         if (d == Prima)
             return d;
     }
@@ -186,8 +201,10 @@ QDate Conteggio(ContoTermine& Conto, int Numero, int Tipo)
     Finestra Sospensione(d.year(), Conto.Opzioni.Antecedente);
     if (Conto.Opzioni.Sospensione && Sospensione.Raggiunta(d)) {
         // A start inside the period counts from its end; the move sets no flag.
-        if (Sospensione.Contiene(d))
+        if (Sospensione.Contiene(d)) {
+            Conto.SettembreSospeso |= Sospensione.HaSettembre(d, Sospensione.Fine());
             d = Sospensione.Fine();
+        }
         Sospensione.PassaAllAltra();
     }
     d = Tipo == TipoGiorni ? ContaGiorni(Conto, Sospensione, d, Numero)

@@ -37,12 +37,18 @@ struct ContoTermine
     QDate DataCorrente;      ///< the date to count from; afterwards the due date
     int GiorniSospesi = 0;   ///< days of suspension that a count in months or years met, still to be added
     bool Prorogato = false;  ///< the suspension was met, or the date moved off a holiday, Sunday or Saturday
+    bool SettembreSospeso = false;  ///< days from 1 to 15 September of 2015 or later were left out
 };
+
+/// The line under a result that has left out days from 1 to 15 September although the law, from 2015 on, ends
+/// the suspension on 31 August. A line of its own, never a part of the result.
+inline constexpr QStringView AvvisoSettembre =
+    u"Dal 2015 la sospensione termina il 31 agosto: v. Avvertenze";
 
 /// Counts `Numero` units of `Tipo` (TipoGiorni, TipoMesi, else years) from DataCorrente, which it leaves
 /// alone.
 ///
-/// Writes GiorniSospesi, may set Prorogato and never clears it. When a count in months or years met the
+/// Writes GiorniSospesi, may set Prorogato and SettembreSospeso and never clears them. When a count in months or years met the
 /// suspension, the date comes back without free term and holidays: a second count, of GiorniSospesi days,
 /// applies them. Months and years are added one at a time: a day that a short month takes away stays lost. A
 /// number below 1 counts nothing.
@@ -80,7 +86,7 @@ struct DatiTermine
 /// enabling then stays as it was.
 [[nodiscard]] std::optional<bool> SabatoAmmesso(const QString& Decorrenza);
 
-/// The Saturday does not move backward terms: tells it and takes the choice away.
+/// The Saturday does not move backward terms: says so and takes the choice away.
 /// @return true when it did
 bool TogliSabatoARitroso(OpzioniTermine& Opzioni);
 

@@ -5,6 +5,8 @@
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -54,12 +56,17 @@ QList<ScadenzaAnello> CalcolaSequenza(const QString& Udienza, int Articolo, Opzi
     Conto.Opzioni = Opzioni;
     Conto.DataCorrente = CDate(SenzaSecolo(Udienza));
     QList<ScadenzaAnello> Scadenze;
-    for (const Anello& Uno : Catena(Articolo)) {
-        Conto.Prorogato = false;
-        ContaTermine(Conto, Uno.Giorni, TipoGiorni);
-        Scadenze.append({Conto.DataCorrente, Conto.Prorogato});
+    for (const Anello& Termine : Catena(Articolo)) {
+        Conto.Prorogato = Conto.SettembreSospeso = false;
+        ContaTermine(Conto, Termine.Giorni, TipoGiorni);
+        Scadenze.append({Conto.DataCorrente, Conto.Prorogato, Conto.SettembreSospeso});
     }
     return Scadenze;
+}
+
+bool SettembreSospeso(const QList<ScadenzaAnello>& Scadenze)
+{
+    return std::ranges::any_of(Scadenze, &ScadenzaAnello::SettembreSospeso);
 }
 
 QString TestoSequenza(int Articolo, const QList<ScadenzaAnello>& Scadenze)

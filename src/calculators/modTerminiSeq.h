@@ -27,11 +27,12 @@ struct ArticoloTermini
 /// The articles in the order of cmbArticolo.
 [[nodiscard]] std::span<const ArticoloTermini> Articoli();
 
-/// A deadline computed. The flag tells about this link alone.
+/// A deadline computed. The flags are of this link alone.
 struct ScadenzaAnello
 {
     QDate Data;
     bool Prorogata = false;
+    bool SettembreSospeso = false;  ///< see ContoTermine
 };
 
 /// The hearing date that lacks or is none.
@@ -42,6 +43,9 @@ struct ScadenzaAnello
 /// @throws Errore 5 outside the calendar, 9 no such article, 13 the text is no date
 [[nodiscard]] QList<ScadenzaAnello> CalcolaSequenza(const QString& Udienza, int Articolo,
                                                     OpzioniTermine Opzioni);
+
+/// True when one of the links has left out days that the law in force lets run (see AvvisoSettembre).
+[[nodiscard]] bool SettembreSospeso(const QList<ScadenzaAnello>& Scadenze);
 
 /// Caption of the result: a line break, then caption, date in words and " (Posticipato)" of each link, two
 /// line breaks (CR LF) between them.

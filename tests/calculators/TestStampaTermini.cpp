@@ -30,6 +30,7 @@ class TestStampaTermini : public QObject
 
 private Q_SLOTS:
     void foglioDelTermine();
+    void avvisoSottoIlRisultato();
     void fontEMargini();
     void sabatoMostraIlTermineLibero();
     void senzaSelezione();
@@ -68,6 +69,18 @@ void TestStampaTermini::foglioDelTermine()
                                      {},
                                      u"La scadenza è Lunedì,  24 Settembre  2012\n(Posticipata)"_s}));
     QVERIFY(!vp.InCorso());
+}
+
+void TestStampaTermini::avvisoSottoIlRisultato()
+{
+    Superficie vp;
+    const QString Avviso = AvvisoSettembre.toString();
+    QVERIFY(StampaTermine(vp, {u"01/07/2026"_s, u"60"_s, TipoGiorni, {}}, u"La scadenza è x"_s, Avviso));
+    QCOMPARE(Testi(vp).mid(Testi(vp).size() - 2),
+             (QStringList{u"La scadenza è x"_s,
+                          u"Dal 2015 la sospensione termina il 31 agosto: v. Avvertenze"_s}));
+    QVERIFY(StampaSequenza(vp, u"01/07/2026"_s, 0, {}, u"\r\nx"_s, Avviso));
+    QCOMPARE(Testi(vp).last(), Avviso);
 }
 
 void TestStampaTermini::fontEMargini()

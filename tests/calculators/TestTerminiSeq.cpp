@@ -15,6 +15,7 @@ private Q_SLOTS:
     void esempi();
     void articoli();
     void testo();
+    void settembreDiUnAnelloSolo();
     void sempreAvantiSenzaGiorniLiberi();
     void difetti_data();
     void difetti();
@@ -67,6 +68,18 @@ void TestTerminiSeq::testo()
              "  3° termine (20 giorni):  Martedì,  13 Novembre  2012"_s);
     QVERIFY(TestoSequenza(1, CalcolaSequenza(u"12/11/12__"_s, 1, Opzioni))
                 .endsWith(u"Giovedì,  31 Gennaio  2013"));
+}
+
+void TestTerminiSeq::settembreDiUnAnelloSolo()
+{
+    const OpzioniTermine Sospesi{true, false, false, false};
+    const auto Scadenze = CalcolaSequenza(u"10/07/2026"_s, 0, Sospesi);
+    QVERIFY(Scadenze[0].SettembreSospeso);
+    QVERIFY(!Scadenze[1].SettembreSospeso);
+    QVERIFY(SettembreSospeso(Scadenze));
+    QVERIFY(!SettembreSospeso(CalcolaSequenza(u"10/07/2012"_s, 0, Sospesi)));
+    QVERIFY(!SettembreSospeso(CalcolaSequenza(u"10/07/2026"_s, 0, {false, false, false, false})));
+    QVERIFY(!SettembreSospeso(CalcolaSequenza(u"10/11/2026"_s, 0, Sospesi)));
 }
 
 void TestTerminiSeq::sempreAvantiSenzaGiorniLiberi()
