@@ -26,14 +26,6 @@ QString Importo(double Valore)
     return Format(Valore, u"#,##0.00") + u"  "_s;
 }
 
-/// The month that a row of the archive names. @throws Errore 9 when it is none
-QString NomeMese(int Mese)
-{
-    if (Mese < 1 || Mese >= int(NomiMesi.size()))
-        throw Errore(9);
-    return NomiMesi[size_t(Mese)].toString();
-}
-
 /// "\ngen 2012": the second line of an index.
 QString SottoIndice(int Mese, int Anno)
 {

@@ -1,5 +1,6 @@
 #include "platform/calendar/calendario.h"
 
+#include "platform/base/nomidate.h"
 #include "platform/calendar/calendario_mese.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
@@ -208,8 +209,8 @@ AspettoGiorno CalendarioMensile::Aspetto(const QDate& Giorno) const
 QString CalendarioMensile::Descrizione(const QDate& Giorno) const
 {
     const AspettoGiorno Come = Aspetto(Giorno);
-    QStringList Parti{calendario::NomeGiorno(Giorno.dayOfWeek()) + u' ' + QString::number(Giorno.day()) +
-                      u' ' + calendario::NomeMese(Giorno.month()) + u' ' + QString::number(Giorno.year())};
+    QStringList Parti{NomeGiorno(Giorno.dayOfWeek()).toLower() + u' ' + QString::number(Giorno.day()) + u' ' +
+                      NomeMese(Giorno.month()).toLower() + u' ' + QString::number(Giorno.year())};
     if (Come.Oggi)
         Parti << u"oggi"_s;
     if (Come.Festivo)
@@ -231,7 +232,7 @@ QRect CalendarioMensile::Riquadro(const QDate& Giorno) const
 
 void CalendarioMensile::Mostra()
 {
-    lblMese->setText(calendario::NomeMese(Data().month()) + u' ' + QString::number(Data().year()));
+    lblMese->setText(NomeMese(Data().month()).toLower() + u' ' + QString::number(Data().year()));
 }
 
 void CalendarioMensile::wheelEvent(QWheelEvent* Evento)

@@ -1,5 +1,6 @@
 #include "platform/calendar/calendario_mese.h"
 
+#include "platform/base/nomidate.h"
 #include "platform/kit/aspetto.h"
 
 #include <QApplication>
@@ -10,17 +11,10 @@
 #include <QToolTip>
 
 #include <algorithm>
-#include <array>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr std::array<QStringView, 12> Mesi{u"gennaio",   u"febbraio", u"marzo",    u"aprile",
-                                           u"maggio",    u"giugno",   u"luglio",   u"agosto",
-                                           u"settembre", u"ottobre",  u"novembre", u"dicembre"};
-constexpr std::array<QStringView, 7> Giorni{u"lunedì",  u"martedì", u"mercoledì", u"giovedì",
-                                            u"venerdì", u"sabato",  u"domenica"};
 
 constexpr int Colonne = 7;
 constexpr int RigheGiorni = 6;  // a month of 31 days that begins on a Sunday touches six weeks
@@ -78,20 +72,6 @@ void DipingiPiastra(QPainter& Pennello, const QRectF& Piastra, const AspettoGior
 }
 
 }  // namespace
-
-namespace calendario {
-
-QString NomeMese(int Mese)
-{
-    return Mesi[size_t(Mese - 1)].toString();
-}
-
-QString NomeGiorno(int Giorno)
-{
-    return Giorni[size_t(Giorno - 1)].toString();
-}
-
-}  // namespace calendario
 
 void DipingiCasella(QPainter& Pennello, const QRect& Riquadro, const QString& Numero,
                     const AspettoGiorno& Aspetto)
@@ -207,7 +187,7 @@ void MeseCalendario::paintEvent(QPaintEvent*)
     Pennello.setPen(
         aspetto::Mischia(palette().color(QPalette::Text), palette().color(QPalette::Base), Sbiadito));
     for (int i = 0; i < Colonne; ++i)
-        Pennello.drawText(Casella(0, i), Qt::AlignCenter, Giorni[size_t(i)].left(2).toString());
+        Pennello.drawText(Casella(0, i), Qt::AlignCenter, NomeGiorno(i + 1).left(2).toLower());
     for (int Giorno = 1; Giorno <= Corrente.daysInMonth(); ++Giorno)
         DipingiGiorno(Pennello, QDate(Corrente.year(), Corrente.month(), Giorno));
 }

@@ -47,12 +47,3 @@ private:
 /// Paints a day, or a sample of it in the legend.
 void DipingiCasella(QPainter& Pennello, const QRect& Riquadro, const QString& Numero,
                     const AspettoGiorno& Aspetto);
-
-namespace calendario {
-
-/// "settembre", in lower case; months from 1.
-[[nodiscard]] QString NomeMese(int Mese);
-/// "lunedì", in lower case; 1 is Monday.
-[[nodiscard]] QString NomeGiorno(int Giorno);
-
-}  // namespace calendario
