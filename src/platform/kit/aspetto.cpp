@@ -1,6 +1,7 @@
 #include "platform/kit/aspetto.h"
 
 #include "platform/kit/icona.h"
+#include "platform/kit/listaaccessibile.h"
 
 #include <QApplication>
 #include <QFont>
@@ -118,6 +119,7 @@ void Prepara()
     QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
     PreparaCarattere();
     PreparaLingua();
+    InstallaListeAccessibili();
     QApplication::setWindowIcon(Icona(u"calcanova"_s));
 }
 

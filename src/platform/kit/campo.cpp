@@ -272,6 +272,8 @@ void PassaAvanti(QWidget* Da, bool Avanti)
     {
         using QWidget::focusNextPrevChild;
     };
+    // The style draws the focus of lists, ticks and options only where the keyboard is known to move it.
+    Da->window()->setAttribute(Qt::WA_KeyboardFocusChange);
     (Da->*(&Porta::focusNextPrevChild))(Avanti);
 }
 

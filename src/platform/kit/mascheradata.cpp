@@ -1,5 +1,6 @@
 #include "platform/kit/mascheradata.h"
 
+#include "platform/base/datatesto.h"
 #include "platform/base/regionale.h"
 #include "platform/kit/collega.h"
 
@@ -54,6 +55,13 @@ std::optional<QDate> MascheraData::Data() const
 void MascheraData::ImpostaData(const std::optional<QDate>& Data)
 {
     ImpostaTesto(Data ? Format(*Data, u"dd/mm/yyyy") : QString());
+}
+
+void MascheraData::CompletaAnno()
+{
+    const QString Digitato = Testo();
+    if (const QString Intero = ConSecolo(Digitato); Intero != Digitato)
+        ImpostaTesto(Intero);
 }
 
 void MascheraData::ImpostaTesto(const QString& Testo)

@@ -24,6 +24,9 @@ public:
     /// The date, empty when the mask is empty or holds none.
     [[nodiscard]] std::optional<QDate> Data() const;
     void ImpostaData(const std::optional<QDate>& Data);
+    /// Gives a date typed with two digits of the year all four; for the boxes that show it so when they are
+    /// left. Any other text stays as it is.
+    void CompletaAnno();
 
 protected:
     void keyPressEvent(QKeyEvent* Evento) override;

@@ -340,6 +340,7 @@ void TestCampo::invioPassaAvanti()
     Digita(u"1"_s);
     Premi(Qt::Key_Return);
     QVERIFY(M->B->hasFocus());
+    QVERIFY2(M->B->window()->testAttribute(Qt::WA_KeyboardFocusChange), "the focus is drawn");
     QCOMPARE(Regola.Chiamate, 1);
     QCOMPARE(M->Premuto, 0);
     Premi(Qt::Key_Return);

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void selezionataTuttaSiRiscrive();
     void soloLUtenteLaTocca();
     void data();
+    void annoCompletato();
     void clicSullaVuota();
 
 private:
@@ -183,6 +184,18 @@ void TestMascheraData::data()
     QVERIFY(!M->Data() && !M->Vuota());
     M->ImpostaData(std::nullopt);
     QVERIFY(M->Vuota());
+}
+
+void TestMascheraData::annoCompletato()
+{
+    Digita(u"120320"_s);
+    M->CompletaAnno();
+    QCOMPARE(M->Testo(), u"12/03/2020"_s);
+    for (const QString& Testo : {u"31/02/20__"_s, u"12/03/2___"_s, u"__/__/____"_s, u"12/03/1920"_s}) {
+        M->ImpostaTesto(Testo);
+        M->CompletaAnno();
+        QCOMPARE(M->Testo(), Testo);
+    }
 }
 
 void TestMascheraData::clicSullaVuota()
