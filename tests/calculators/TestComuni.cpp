@@ -112,7 +112,7 @@ void TestComuni::nomeIgnotoUnaVoltaSola()
     Registratore Box;
     Box.Attendi(NonInElenco, vbOK, u"Attenzione!"_s);
     Digita(u"Romx"_s);
-    QCOMPARE(Box.Mostrati().first().Bandiere, vbExclamation);
+    QCOMPARE(Box.Mostrato(0).Bandiere, vbExclamation);
     QVERIFY(Campo.Rosso);
     QVERIFY(Campo.RidaiFuoco);
     QCOMPARE(Campo.Testo, u"Romx"_s);

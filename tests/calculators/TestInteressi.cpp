@@ -219,7 +219,7 @@ void TestInteressi::avvisoDellAumentoUnaVolta()
     Dati.Aumento = u"2,0"_s;
     (void)CalcolaInteressi(ArchivioConsegnato(), Dati, UltimoAumento);
     QCOMPARE(Box.Mostrati().size(), 2);
-    QCOMPARE(Box.Mostrati()[1].Bandiere, vbExclamation);
+    QCOMPARE(Box.Mostrato(1).Bandiere, vbExclamation);
 }
 
 void TestInteressi::oltreLUltimaRigaNo()
@@ -232,7 +232,7 @@ void TestInteressi::oltreLUltimaRigaNo()
     // Three thousand years on: asked once, and the last rate stays.
     const EsitoInteressi Esito = Calcola(Legali(u"36500"_s, u"31/12/2012"_s, u"01/01/3013"_s), Archivio);
     QCOMPARE(Esito.Fine, FineInteressi::Completa);
-    QCOMPARE(Box.Mostrati()[0].Bandiere, vbYesNo + vbQuestion);
+    QCOMPARE(Box.Mostrato(0).Bandiere, vbYesNo + vbQuestion);
     const qint64 Giorni = QDate(2013, 1, 1).daysTo(QDate(3013, 1, 1)) + 1;
     QCOMPARE(Righe(Esito), (QStringList{u"31/12/2012 31/12/2012 5 1 5"_s,
                                         u"01/01/2013 01/01/3013 5 %1 %2"_s.arg(Giorni).arg(Giorni * 5)}));

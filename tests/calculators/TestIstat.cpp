@@ -179,7 +179,7 @@ void TestIstat::indiceInizialeMancante()
     Registratore Box;
     Box.Attendi(u"Attenzione: indici Istat non aggiornati (9/2026)."_s + Aggiornare, Risposta, Domanda);
     QTEST(Calcola({u"01/09/2026"_s, u"20/11/2026"_s, u"1000"_s, 0}), "Fine");
-    QCOMPARE(Box.Mostrati().first().Bandiere, vbYesNo + vbQuestion);
+    QCOMPARE(Box.Mostrato(0).Bandiere, vbYesNo + vbQuestion);
     QCOMPARE(Etichette, RisultatiIstat());
     QVERIFY(!Chiesto);
 }

@@ -112,8 +112,8 @@ void TestTermini::settembreDal2015_data()
     Riga("un mese che cade in agosto", u"15/07/2026"_s, u"1"_s, TipoMesi, Avanti, true);
     Riga("mesi oltre l'estate", u"15/06/2026"_s, u"4"_s, TipoMesi, Avanti, true);
     Riga("mesi fino a luglio", u"15/06/2026"_s, u"1"_s, TipoMesi, Avanti, false);
-    Riga("il giorno libero cade nel periodo", u"30/07/2026"_s, u"1"_s, TipoGiorni,
-         {true, true, false, false}, true);
+    Riga("il giorno libero cade nel periodo", u"30/07/2026"_s, u"1"_s, TipoGiorni, {true, true, false, false},
+         true);
     Riga("a ritroso fino a settembre", u"20/09/2026"_s, u"10"_s, TipoGiorni, Indietro, true);
     Riga("a ritroso, decorrenza in agosto", u"20/08/2026"_s, u"10"_s, TipoGiorni, Indietro, false);
     Riga("a ritroso, decorrenza il 1° settembre", u"01/09/2026"_s, u"10"_s, TipoGiorni, Indietro, true);
@@ -254,7 +254,7 @@ void TestTermini::sabatoARitroso()
     OpzioniTermine Opzioni{true, false, true, true};
     QVERIFY(TogliSabatoARitroso(Opzioni));
     QVERIFY(!Opzioni.Sabato);
-    QCOMPARE(Box.Mostrati().first().Bandiere, vbExclamation);
+    QCOMPARE(Box.Mostrato(0).Bandiere, vbExclamation);
     QVERIFY(!TogliSabatoARitroso(Opzioni));
     OpzioniTermine Avanti{true, false, true, false};
     QVERIFY(!TogliSabatoARitroso(Avanti));

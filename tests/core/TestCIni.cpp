@@ -121,7 +121,7 @@ void TestCIni::guastoDiLettura()
     QVERIFY(QFile::setPermissions(Ini.FileName(), QFile::Permissions()));
     Box.Attendi(u"75 "_s + DescrizioneErrore(75));
     QCOMPARE(Ini.GetValue(u"L0"_s, u"predefinito"_s), QString());
-    QCOMPARE(Box.Mostrati().first().Bandiere, vbOKOnly);
+    QCOMPARE(Box.Mostrato(0).Bandiere, vbOKOnly);
 }
 
 void TestCIni::guasto1025()

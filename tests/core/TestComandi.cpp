@@ -307,7 +307,7 @@ void TestComandi::proteggiSenzaNota()
     ::Posti(Posti);
     Box.Attendi(u"Occorre prima selezionare una parcella!"_s, vbOK, u"Errore:"_s);
     EseguiComando(u"lock"_s, Indice, {});
-    QCOMPARE(Box.Mostrati().first().Bandiere, vbCritical);
+    QCOMPARE(Box.Mostrato(0).Bandiere, vbCritical);
     QCOMPARE(Eventi, QStringList());
 }
 

@@ -60,7 +60,7 @@ void TestErrori::mostraDescrizioneENumero()
     Registratore Box;
     Box.Attendi(u"Errore: Prova non riuscita (3021)"_s, vbOK, u"Errore:"_s);
     QVERIFY(GestioneErrori(Errore(3021, u"Prova non riuscita"_s)));
-    QCOMPARE(Box.Mostrati().first().Bandiere, vbCritical);
+    QCOMPARE(Box.Mostrato(0).Bandiere, vbCritical);
 }
 
 void TestErrori::tacePerNumeri_data()
@@ -110,7 +110,7 @@ void TestErrori::msgErroreECritico()
     Registratore Box;
     Box.Attendi(u"Una frase."_s, vbOK, u"Errore:"_s);
     MsgErrore(u"Una frase."_s);
-    QCOMPARE(Box.Mostrati().first().Bandiere, vbCritical);
+    QCOMPARE(Box.Mostrato(0).Bandiere, vbCritical);
 }
 
 void TestErrori::protettaDiceSeEArrivataInFondo()

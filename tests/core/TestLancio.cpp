@@ -149,7 +149,7 @@ void TestLancio::indirizzoRifiutato()
                 u"non è andato a buon fine: lanciare manualmente il browser e digitare l'indirizzo."_s,
                 vbOK, u"Errore in fase di stampa:"_s);
     ApriUrl(u"WWW.esempio.it"_s);
-    QCOMPARE(Box.Mostrati().first().Bandiere, vbCritical);
+    QCOMPARE(Box.Mostrato(0).Bandiere, vbCritical);
 }
 
 void TestLancio::documentoConLaClessidra()

@@ -428,7 +428,7 @@ void TestSessione::cartellaUtenteMancante()
                     u"Personalizzazioni->Setup quindi creare la cartella se necessario."_s,
                 vbOK, u"Errore:"_s);
     ImpostaVariabili();
-    QCOMPARE(Box.Mostrati().first().Bandiere, vbCritical);
+    QCOMPARE(Box.Mostrato(0).Bandiere, vbCritical);
     QCOMPARE(sessione::UserFolder, Cartella);
     QCOMPARE(sessione::Mesi[12], u"Dicembre"_s);
     QVERIFY(!EsisteCartella(Cartella));

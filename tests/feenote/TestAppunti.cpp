@@ -95,7 +95,7 @@ void TestAppunti::tagliaSenzaScelta()
     AppuntiRighe Copiate;
     Voce.Attendi(NienteScelto, vbOK, u"Errore:"_s);
     QVERIFY(!TagliaVoci(Copiate, Nota.xOnorari, {}, true));
-    QCOMPARE(Voce.Mostrati().last().Bandiere, vbExclamation);
+    QCOMPARE(Voce.Ultimo().Bandiere, vbExclamation);
     Voce.Attendi(NienteScelto, vbOK, u"Errore:"_s);
     QVERIFY(!CopiaVoci(Copiate, Nota.xOnorari, {}));
     QCOMPARE(Nomi(Nota.xOnorari), u"ab"_s);
@@ -190,7 +190,7 @@ void TestAppunti::unaVoltaSola()
     QCOMPARE(Copiate.Appunti.UpperBound(2), 12);
     Voce.Attendi(NienteDaIncollare, vbOK, u"Errore:"_s);
     QVERIFY(!IncollaVoci(Copiate, Nota.xOnorari, RigaDiPosto, 2).has_value());
-    QCOMPARE(Voce.Mostrati().last().Bandiere, vbExclamation);
+    QCOMPARE(Voce.Ultimo().Bandiere, vbExclamation);
     Voce.Attendi(NienteDaAnnullare, vbOK, u"Errore:"_s);
     QVERIFY(!IncollaVoci(Copiate, Nota.xOnorari, 0, 2).has_value());
     QCOMPARE(Nomi(Nota.xOnorari), u"aba"_s);
@@ -334,7 +334,7 @@ void TestAppunti::spostaSenzaScelta()
     AppuntiRighe Copiate;
     Voce.Attendi(u"Selezionare la riga cliccando nella colonna di selezione!"_s, vbOK, u"Errore:"_s);
     QVERIFY(!SpostaVoci(Copiate, Nota.xOnorari, {}, 2).has_value());
-    QCOMPARE(Voce.Mostrati().last().Bandiere, vbCritical);
+    QCOMPARE(Voce.Ultimo().Bandiere, vbCritical);
 }
 
 void TestAppunti::elimina_data()

@@ -362,7 +362,7 @@ void TestGraduazione::voceNonPrevista()
     PannelloModOno Pannello;
     Voce.Attendi(u"L'onorario 'Voce non prevista' non è variabile percentualmente!"_s, vbOK, u"Messaggio:"_s);
     ApriModOno(Pannello, Nota.xOnorari, 2);
-    QCOMPARE(Voce.Mostrati().last().Bandiere, vbInformation);
+    QCOMPARE(Voce.Ultimo().Bandiere, vbInformation);
     QVERIFY(!Pannello.Aperto);
 }
 

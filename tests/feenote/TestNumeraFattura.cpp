@@ -124,7 +124,7 @@ void TestNumeraFattura::accettato()
     sessione::ProgFatt = 41;
     Voce.Attendi(Domanda, vbYes, u"Domanda:"_s);
     AggiornaProgFatt();
-    QCOMPARE(Voce.Mostrati().first().Bandiere, vbYesNo + vbQuestion);
+    QCOMPARE(Voce.Mostrato(0).Bandiere, vbYesNo + vbQuestion);
     QCOMPARE(sessione::ProgFatt, 42);
     QCOMPARE(Salvato(), u"42"_s);
 }

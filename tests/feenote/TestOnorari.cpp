@@ -245,7 +245,7 @@ void TestOnorari::domandaDellaQuantita()
     Messaggi.AttendiImmissione({}, u"1,2"_s);
     QCOMPARE(GetQuant(Descr, QtaOno), 2.0);
     QTEST(Messaggi.UltimoTesto(), "Domanda");
-    QCOMPARE(Messaggi.Mostrati().last().Titolo, u"Immissione quantità"_s);
+    QCOMPARE(Messaggi.Ultimo().Titolo, u"Immissione quantità"_s);
 }
 
 // ---- insertion ----------------------------------------------------------------------------------

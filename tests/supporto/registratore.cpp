@@ -66,6 +66,14 @@ void Registratore::AttendiImmissione(const QString& Contiene, const QString& Ris
     Attese.append({Domanda::Immissione, Contiene, {}, vbOK, Risposta});
 }
 
+MessaggioMostrato Registratore::Mostrato(qsizetype Quale) const
+{
+    if (Quale >= 0 && Quale < Visti.size())
+        return Visti[Quale];
+    Fallisci(QStringLiteral("messaggio %1 mai mostrato").arg(Quale));
+    return {};
+}
+
 int Registratore::Box(const QString& Testo, int Bandiere, const QString& Titolo)
 {
     Visti.append({Testo, Bandiere, Titolo});

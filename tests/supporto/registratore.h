@@ -6,6 +6,7 @@
 #include <QList>
 #include <QString>
 
+#include <algorithm>
 #include <functional>
 
 /// One box as it was shown.
@@ -43,6 +44,13 @@ public:
     void Tollera() { Tollerante = true; }
 
     [[nodiscard]] const QList<MessaggioMostrato>& Mostrati() const { return Visti; }
+    /// A box by its number from 0, and the last one. Where there is none the test fails, and an empty box
+    /// comes back: the functions behind it still run.
+    [[nodiscard]] MessaggioMostrato Mostrato(qsizetype Quale) const;
+    [[nodiscard]] MessaggioMostrato Ultimo() const
+    {
+        return Mostrato(std::max<qsizetype>(Visti.size() - 1, 0));
+    }
     [[nodiscard]] QString UltimoTesto() const { return Visti.isEmpty() ? QString() : Visti.last().Testo; }
 
 private:

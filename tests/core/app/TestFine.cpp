@@ -197,7 +197,7 @@ void TestFine::praticaAnnullata()
     Box->Attendi(u"[P12] Nuova parcella\nVuoi salvare la parcella prima di chiudere?"_s, vbCancel,
                  u"Domanda:"_s);
     QVERIFY(!ChiudiParcella(1));
-    QCOMPARE(Box->Mostrati().last().Bandiere, vbYesNoCancel + vbQuestion);
+    QCOMPARE(Box->Ultimo().Bandiere, vbYesNoCancel + vbQuestion);
     // Yes, and then the save is cancelled: the note stays, and so does the program.
     Box->Attendi(u"[P12] Nuova parcella\nVuoi salvare la parcella prima di chiudere?"_s, vbYes);
     Box->AttendiSalva({});

@@ -169,7 +169,7 @@ void TestMain::richiestaIlleggibile()
     Registratore Box;
     Box.Attendi(u"Errore di automazione programma VDM!"_s, vbOK, u"Calcanova"_s);
     Main(Riga);
-    QCOMPARE(Box.Mostrati().first().Bandiere, vbOKOnly);
+    QCOMPARE(Box.Mostrato(0).Bandiere, vbOKOnly);
     QCOMPARE(S->Eventi, QStringList{u"fine"_s});
     QCOMPARE(sessione::ArchivioPrat, QString());
     QVERIFY(Avvisi.isEmpty());

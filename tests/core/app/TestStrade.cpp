@@ -200,7 +200,7 @@ void TestStrade::unFileCheNonEUnaParcella()
         ScriviFile(File, Contenuto);
     Main(u"PV2|E|"_s + File);
     QVERIFY(!Box.Mostrati().isEmpty());
-    QCOMPARE(Box.Mostrati().first().Titolo, u"Errore:"_s);
+    QCOMPARE(Box.Mostrato(0).Titolo, u"Errore:"_s);
     QVERIFY(Cornice().isVisible() && Parcelle(1)->isVisible());
     QVERIFY2(Parcelle(1)->Nota.Percorso.isEmpty(), "a save would replace the file");
     QCOMPARE(EsisteFile(File) ? LeggiFile(File) : QByteArray(), Contenuto);

@@ -494,7 +494,7 @@ void TestFrmStudio::archivioParcelleMancante()
     });
     Apri();
     QTRY_VERIFY(Aperta);
-    QCOMPARE(Box.Mostrati().first().Bandiere, vbCritical);
+    QCOMPARE(Box.Mostrato(0).Bandiere, vbCritical);
 }
 
 void TestFrmStudio::studioSenzaNome()
@@ -512,7 +512,7 @@ void TestFrmStudio::studioSenzaNome()
     });
     Apri();
     QTRY_VERIFY(Aperta);
-    QCOMPARE(Box.Mostrati().first().Bandiere, vbInformation);
+    QCOMPARE(Box.Mostrato(0).Bandiere, vbInformation);
 }
 
 void TestFrmStudio::laRispostaNonRiattiva()

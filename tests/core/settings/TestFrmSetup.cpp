@@ -123,7 +123,7 @@ void TestFrmSetup::rifiuti()
         Memorizza();
         QTRY_COMPARE(QApplication::focusWidget(), Campo(Vuoto));
     }
-    QCOMPARE(Box.Mostrati().first().Bandiere, vbCritical);
+    QCOMPARE(Box.Mostrato(0).Bandiere, vbCritical);
     QCOMPARE(Scena::Parametro(u"StudioCodFisc"_s), QString());
 }
 

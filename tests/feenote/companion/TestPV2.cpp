@@ -345,7 +345,7 @@ void TestPV2::archivioGuasto()
     Registratore Voce;
     Voce.Attendi(Guasto, vbOK, u"Errore!"_s);
     SalvaFatturaPV2();
-    QCOMPARE(Voce.Mostrati().last().Bandiere, vbCritical);
+    QCOMPARE(Voce.Ultimo().Bandiere, vbCritical);
     QCOMPARE(EsisteFile(File) ? LeggiFile(File) : QByteArray(), Prima);
     QCOMPARE(QDir(Ufficio->Cartella()).entryList(QDir::AllEntries | QDir::Hidden), Accanto);
     QCOMPARE(Clessidre, u"+-"_s);
@@ -396,7 +396,7 @@ void TestPV2::consegnaRifiutata()
     Registratore Voce;
     Voce.Attendi(Domanda, vbNo, u"Domanda:"_s);
     ConsegnaFattura(StampaFatturaSintetica);
-    QCOMPARE(Voce.Mostrati().first().Bandiere, vbYesNo + vbQuestion);
+    QCOMPARE(Voce.Mostrato(0).Bandiere, vbYesNo + vbQuestion);
     QVERIFY(Aggiunte().isEmpty());
     QCOMPARE(Segnali, QStringList());
 }

@@ -281,7 +281,7 @@ void TestDatiStampa::svuotareDissocia()
     CambiaParte(Nota, Parte, {});
     QCOMPARE(Legame, 0);
     QCOMPARE(Nota.IDCli + Nota.IDCon, 3);
-    QCOMPARE(Voce.Mostrati().last().Bandiere, vbExclamation);
+    QCOMPARE(Voce.Ultimo().Bandiere, vbExclamation);
     CambiaParte(Nota, Parte, {});  // told once
     CambiaParte(Nota, ParteNota::Oggetto, {});
 }

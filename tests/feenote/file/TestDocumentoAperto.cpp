@@ -138,7 +138,7 @@ void TestDocumentoAperto::password()
     Parcella Letta;
     Messaggi.Attendi(AvvisoProtetta, vbOK, u"Messaggio:"_s);
     CaricaDati(Letta, File);
-    QCOMPARE(Messaggi.Mostrati().last().Bandiere, vbInformation);
+    QCOMPARE(Messaggi.Ultimo().Bandiere, vbInformation);
     QCOMPARE(Letta.Psw, u"aB1"_s);
     QCOMPARE(Letta.xOnorari.Righe(), 4);  // all of it is there
 

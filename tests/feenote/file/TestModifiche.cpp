@@ -46,7 +46,7 @@ void TestModifiche::chiede()
     for (const int Risposta : {vbYes, vbNo, vbCancel}) {
         Messaggi.Attendi(Testo, Risposta, u"Domanda:"_s);
         QCOMPARE(CheckModInCorso(Nota, Chiusura), Risposta);
-        QVERIFY(Messaggi.Mostrati().last().Bandiere == vbYesNoCancel + vbQuestion);
+        QVERIFY(Messaggi.Ultimo().Bandiere == vbYesNoCancel + vbQuestion);
     }
 }
 

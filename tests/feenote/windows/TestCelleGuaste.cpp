@@ -162,7 +162,7 @@ void TestCelleGuaste::rifiutata()
     T->Voce.Attendi(Messaggio, vbOK, u"Errore:"_s);
     IncollaInCella(Testo);
     QVERIFY(Righe->InModifica());
-    QCOMPARE(T->Voce.Mostrati().last().Bandiere, vbCritical);
+    QCOMPARE(T->Voce.Ultimo().Bandiere, vbCritical);
     QCOMPARE(QApplication::focusWidget(), LaCella(Righe));
     QCOMPARE(Cella(Dove), Prima);
     QCOMPARE(CalcolaSomme(F->Nota), SommePrima);

@@ -219,7 +219,7 @@ void TestConsegna::numeraComponeEChiede()
     T->Voce.Attendi(Progressivo, vbYes, u"Domanda:"_s);
     Clic(Controllo(F, "cmdProgFatt"));
     QCOMPARE(AllaDomanda, u"42 21/11/2026 +- 41 1"_s);
-    QCOMPARE(T->Voce.Mostrati().last().Bandiere, vbYesNo + vbQuestion);
+    QCOMPARE(T->Voce.Ultimo().Bandiere, vbYesNo + vbQuestion);
     QCOMPARE(sessione::ProgFatt, 42);
     QCOMPARE(GetSetting(u"KR5"_s, u"Parametri"_s, u"ProgFatt"_s), u"42"_s);
     QVERIFY(F->Nota.Modificata && InfoParcelle[1].Modificata);

@@ -128,7 +128,7 @@ void TestModelli::colSuoNomeNonSiSalva()
     T->Voce.AttendiSalva(Modello);
     T->Voce.Attendi(NonSovrascrivibile(u"sfratto.mdb"_s), vbOK, u"Errore:"_s);
     EseguiComando(Comando, 1, {});
-    QCOMPARE(T->Voce.Mostrati().last().Bandiere, vbCritical);
+    QCOMPARE(T->Voce.Ultimo().Bandiere, vbCritical);
     QCOMPARE(LeggiFile(Modello), Prima);
     QVERIFY(SolaLettura(Modello));
     QVERIFY(F->Nota.Modificata);

@@ -97,9 +97,9 @@ void TestPassword::proteggi()
 {
     QVERIFY(!F->Nota.Modificata);
     Proteggi(u"abc"_s, u"abc"_s);
-    QCOMPARE(T->Voce.Mostrati().first().Titolo, u"Proteggi parcella"_s);
-    QCOMPARE(T->Voce.Mostrati().first().Testo, ChiediNuova);
-    QCOMPARE(T->Voce.Mostrati().last().Bandiere, vbInformation);
+    QCOMPARE(T->Voce.Mostrato(0).Titolo, u"Proteggi parcella"_s);
+    QCOMPARE(T->Voce.Mostrato(0).Testo, ChiediNuova);
+    QCOMPARE(T->Voce.Ultimo().Bandiere, vbInformation);
     QCOMPARE(F->Nota.Psw, u"->>abc"_s);
     QVERIFY(Controllo(F, "pctLock")->isVisible());
     QVERIFY2(InfoParcelle[1].Modificata, "altrimenti non si potrebbe salvare");
@@ -115,7 +115,7 @@ void TestPassword::proteggiDiNuovo()
     for (int i = 0; i < 2; ++i) {
         T->Voce.Attendi(u"La password di protezione è già impostata!"_s, vbOK, u"Errore:"_s);
         EseguiComando(u"lock"_s, 1, {});
-        QCOMPARE(T->Voce.Mostrati().last().Bandiere, vbCritical);
+        QCOMPARE(T->Voce.Ultimo().Bandiere, vbCritical);
         QCOMPARE(F->Nota.Psw, i == 0 ? u"->>abc"_s : u"abc"_s);
         if (i == 0)
             SalvaCome(*T, u"chiusa.mdb"_s);
@@ -196,8 +196,8 @@ void TestPassword::sbagliataLasciaIlFileComE()
     EseguiComando(u"save"_s, 1, {});
     // Nothing more is said than the answer deserves: no line that the save was not done.
     QCOMPARE(T->Voce.Mostrati().size() - Detti, Risposta.isEmpty() ? 1 : 2);
-    QCOMPARE(T->Voce.Mostrati()[Detti].Titolo, u"Immissione password"_s);
-    QVERIFY(Risposta.isEmpty() || T->Voce.Mostrati().last().Bandiere == vbCritical);
+    QCOMPARE(T->Voce.Mostrato(Detti).Titolo, u"Immissione password"_s);
+    QVERIFY(Risposta.isEmpty() || T->Voce.Ultimo().Bandiere == vbCritical);
     QCOMPARE(LeggiFile(File), Prima);
     QVERIFY(F->Nota.Modificata && F->Nota.Percorso.isEmpty());
     QCOMPARE(F->windowTitle(), Titolo);
@@ -351,7 +351,7 @@ void TestPassword::ancheSenzaFinestra()
     ScriviNota(File, Altrui);
     T->Voce.AttendiImmissione(ChiediPsw, u"Zz9"_s);
     QVERIFY(ControllaPsw(File));
-    QCOMPARE(T->Voce.Mostrati().last().Titolo, u"Immissione password"_s);
+    QCOMPARE(T->Voce.Ultimo().Titolo, u"Immissione password"_s);
     QCOMPARE(FileAperti(File), 0);
     QCOMPARE(NumeroErrore([&] { (void)ControllaPsw(T->Ufficio.File(u"manca.mdb"_s)); }), 3024);
 }

@@ -462,7 +462,7 @@ void TestRigheScelte::trascinaSenzaScelta()
     ClicSelettore(Righe, 0);
     T->Voce.Attendi(u"Selezionare la riga cliccando nella colonna di selezione!"_s, vbOK, u"Errore:"_s);
     Trascina(Righe, 0, SulSelettore(Righe, 2), Qt::ControlModifier);  // the press lets the row go
-    QCOMPARE(T->Voce.Mostrati().last().Bandiere, vbCritical);
+    QCOMPARE(T->Voce.Ultimo().Bandiere, vbCritical);
     QCOMPARE(Nomi(), u"abcde"_s);
 }
 

@@ -104,7 +104,7 @@ void TestSalvataggi::nomiRifiutati()
     T->Voce.AttendiSalva(T->Ufficio.File(Nome));
     T->Voce.Attendi(NomeSbagliato(), vbOK, u"Errore:"_s);
     EseguiComando(u"save"_s, 1, {});
-    QCOMPARE(T->Voce.Mostrati().last().Bandiere, vbCritical);
+    QCOMPARE(T->Voce.Ultimo().Bandiere, vbCritical);
     ComePrima(Prima);
     QCOMPARE(QDir(T->Ufficio.Cartella()).entryList(QDir::AllEntries | QDir::Hidden), File);
 }
@@ -193,7 +193,7 @@ void TestSalvataggi::sovrascritturaChiede()
     T->Voce.AttendiSalva(Altra);
     T->Voce.Attendi(GiaEsiste(u"altra.mdb"_s), vbNo, u"Domanda:"_s);
     EseguiComando(u"save"_s, 1, {});
-    QCOMPARE(T->Voce.Mostrati().last().Bandiere, vbYesNo + vbQuestion);
+    QCOMPARE(T->Voce.Ultimo().Bandiere, vbYesNo + vbQuestion);
     QVERIFY(F->Nota.Modificata);
     QCOMPARE(Cliente(Altra), u"Rossi"_s);
 
@@ -258,7 +258,7 @@ void TestSalvataggi::nonSiScrive()
     T->Voce.Attendi(Guasto(Errore), vbOK, u"Errore:"_s);
     EseguiComando(u"save"_s, 1, {});
     QFile::setPermissions(Chiusa, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    QCOMPARE(T->Voce.Mostrati().last().Bandiere, vbCritical);
+    QCOMPARE(T->Voce.Ultimo().Bandiere, vbCritical);
     ComePrima(Prima);
     QCOMPARE(QDir(T->Ufficio.Cartella()).entryList(QDir::AllEntries | QDir::Hidden), File);
     SalvaCome(*T, QString(200, u'a') + u".mdb"_s);  // and elsewhere the note can still be saved

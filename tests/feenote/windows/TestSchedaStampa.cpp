@@ -527,7 +527,7 @@ void TestSchedaStampa::avvisoChiuso()
     T->Voce.Attendi(AvvisoNotaSpese, vbCancel, u"Avvertenza:"_s);
     Clic(Controllo(F, "chkIva"));
     QCOMPARE(Pulsanti, (QStringList{u" VEDI SCHEDA "_s, u"Chiudi"_s}));
-    QCOMPARE(T->Voce.Mostrati().last().Bandiere, vbOKCancel + vbInformation);
+    QCOMPARE(T->Voce.Ultimo().Bandiere, vbOKCancel + vbInformation);
     QVERIFY(!Aperta);
     QVERIFY2(F->Nota.chkIva.Attiva, "il consiglio non cambia la scelta");
 }

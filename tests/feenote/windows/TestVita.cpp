@@ -102,7 +102,7 @@ void TestVita::salvaUnaNotaNuova()
     const QString File = SalvaCome(*T, u"Rossi Mario.mdb"_s);
     QCOMPARE(T->Voce.TitoloDialogo(), u"Salva parcella"_s);
     QCOMPARE(T->Voce.InizioDialogo(), sessione::ParcellePath);
-    QVERIFY(T->Voce.Mostrati().last().Bandiere & vbInformation);
+    QVERIFY(T->Voce.Ultimo().Bandiere & vbInformation);
     QCOMPARE(F->Nota.Percorso, File);
     QCOMPARE(F->windowTitle(), u"rossi mario"_s);
     QCOMPARE(InfoParcelle[1].Nome, u"rossi mario"_s);

@@ -165,10 +165,10 @@ void TestMessaggi::registratoreRisponde()
     QCOMPARE(InputBox(u"Indicare la parola chiave"_s, u"Accesso"_s), u"segreta"_s);
 
     QCOMPARE(Messi.Mostrati().size(), 3);
-    QCOMPARE(Messi.Mostrati()[0].Testo, u"Salvare?"_s);
-    QCOMPARE(Messi.Mostrati()[0].Bandiere, vbYesNo | vbQuestion);
-    QCOMPARE(Messi.Mostrati()[0].Titolo, u"Domanda:"_s);
-    QCOMPARE(Messi.Mostrati()[1].Titolo, u"Altro"_s);
+    QCOMPARE(Messi.Mostrato(0).Testo, u"Salvare?"_s);
+    QCOMPARE(Messi.Mostrato(0).Bandiere, vbYesNo | vbQuestion);
+    QCOMPARE(Messi.Mostrato(0).Titolo, u"Domanda:"_s);
+    QCOMPARE(Messi.Mostrato(1).Titolo, u"Altro"_s);
     QCOMPARE(Messi.UltimoTesto(), u"Indicare la parola chiave"_s);
 }
 
