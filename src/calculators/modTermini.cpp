@@ -105,8 +105,7 @@ public:
     [[nodiscard]] bool HaSettembre(const QDate& Da, const QDate& A) const
     {
         const auto [Dal, Al] = std::minmax(Da, A);
-        return Anno >= AnnoRipresa &&
-               Dal <= QDate::fromJulianDay(GiornoGiuliano(FineSospensione, Anno)) &&
+        return Anno >= AnnoRipresa && Dal <= QDate::fromJulianDay(GiornoGiuliano(FineSospensione, Anno)) &&
                Al >= QDate::fromJulianDay(GiornoGiuliano(RipresaDiLegge, Anno));
     }
     void PassaAllAltra()

@@ -42,16 +42,15 @@ struct ContoTermine
 
 /// The line under a result that has left out days from 1 to 15 September although the law, from 2015 on, ends
 /// the suspension on 31 August. A line of its own, never a part of the result.
-inline constexpr QStringView AvvisoSettembre =
-    u"Dal 2015 la sospensione termina il 31 agosto: v. Avvertenze";
+inline constexpr QStringView AvvisoSettembre = u"Dal 2015 la sospensione termina il 31 agosto: v. Avvertenze";
 
 /// Counts `Numero` units of `Tipo` (TipoGiorni, TipoMesi, else years) from DataCorrente, which it leaves
 /// alone.
 ///
-/// Writes GiorniSospesi, may set Prorogato and SettembreSospeso and never clears them. When a count in months or years met the
-/// suspension, the date comes back without free term and holidays: a second count, of GiorniSospesi days,
-/// applies them. Months and years are added one at a time: a day that a short month takes away stays lost. A
-/// number below 1 counts nothing.
+/// Writes GiorniSospesi, may set Prorogato and SettembreSospeso and never clears them. When a count in months
+/// or years met the suspension, the date comes back without free term and holidays: a second count, of
+/// GiorniSospesi days, applies them. Months and years are added one at a time: a day that a short month takes
+/// away stays lost. A number below 1 counts nothing.
 /// @throws Errore 5 when a date falls outside the calendar; `Conto` is then to be thrown away
 [[nodiscard]] QDate Conteggio(ContoTermine& Conto, int Numero, int Tipo);
 

@@ -1,10 +1,14 @@
 #include "calculators/windows/finestracalcolo.h"
 
+#include "calculators/windows/areascorrevole.h"
+#include "core/aperture.h"
 #include "core/modErrori.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/system/messaggi.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
@@ -20,6 +24,8 @@
 #include <QStringList>
 #include <QToolButton>
 #include <QToolTip>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -44,7 +50,7 @@ public:
     bool eventFilter(QObject* Oggetto, QEvent* Evento) override
     {
         if (Evento->type() == QEvent::Hide && !Evento->spontaneous()) {
-            // A place that cannot be kept is nothing to be told: the user wanted to close.
+            // No message when the place cannot be kept, because the user wanted to close.
             const auto* Modulo = static_cast<const QWidget*>(Oggetto);
             Protetta([Modulo] { aspetto::RicordaPosto(Modulo, Modulo->objectName()); }, AccessoNegato);
         }
@@ -112,7 +118,7 @@ private:
 class EtichettaSpunta : public QObject
 {
 public:
-    EtichettaSpunta(QLabel* Etichetta, QCheckBox* Sua) : QObject(Etichetta), Casella(Sua)
+    EtichettaSpunta(QLabel* Etichetta, QCheckBox* Spunta) : QObject(Etichetta), Casella(Spunta)
     {
         Etichetta->installEventFilter(this);
     }
@@ -184,6 +190,7 @@ void PreparaModulo(QDialog* Modulo, const QString& NomeIcona)
         if (auto* Casella = qobject_cast<QCheckBox*>(Etichetta->buddy()))
             new EtichettaSpunta(Etichetta, Casella);
     new GuardaPosto(Modulo);
+    new AreaScorrevole(Modulo);
 }
 
 void ImpostaMenu(QDialog* Modulo, const QList<VoceMenu>& Voci)
@@ -191,11 +198,11 @@ void ImpostaMenu(QDialog* Modulo, const QList<VoceMenu>& Voci)
     auto* Menu = new QMenuBar(Modulo);
     Menu->setObjectName(u"barMenu"_s);
     Menu->setAccessibleName(u"Menu"_s);
-    for (const VoceMenu& Una : Voci) {
-        QAction* Voce = Menu->addAction(Una.Testo);
-        Voce->setObjectName(Una.Nome);
-        Voce->setShortcut(Una.Tasti);
-        Collega(Voce, &QAction::triggered, Modulo, Una.Procedura);
+    for (const VoceMenu& Voce : Voci) {
+        QAction* Azione = Menu->addAction(Voce.Testo);
+        Azione->setObjectName(Voce.Nome);
+        Azione->setShortcut(Voce.Tasti);
+        Collega(Azione, &QAction::triggered, Modulo, Voce.Procedura);
     }
     Modulo->layout()->setMenuBar(Menu);
 }
@@ -204,12 +211,15 @@ bool MostraModulo(QDialog* Modulo)
 {
     const bool Nuovo = !Modulo->isVisible();
     if (Nuovo) {
-        // A window whose Designer file gives it a size keeps that one.
-        if (!Modulo->testAttribute(Qt::WA_Resized))
-            Modulo->adjustSize();
+        // Never smaller than its content, at the font in use; the screen has the last word.
+        Modulo->resize(Modulo->testAttribute(Qt::WA_Resized) ? Modulo->size().expandedTo(Modulo->sizeHint())
+                                                             : Modulo->sizeHint());
         aspetto::RimettiAlPosto(Modulo, Modulo->objectName());
     }
     Modulo->show();
+    // Enter and the first focus are the keyboard's too: without this, which showing a window takes away, the
+    // style outlines no list, tick or option before the first Tab.
+    Modulo->setAttribute(Qt::WA_KeyboardFocusChange);
     Modulo->raise();
     Modulo->activateWindow();
     return Nuovo;
@@ -232,16 +242,61 @@ void CopiaRisultato(QDialog* Modulo, QAbstractButton* Pulsante, const std::funct
     Azione->setShortcut(QKeySequence::Copy);
     Modulo->addAction(Azione);
     Collega(Azione, &QAction::triggered, Modulo, [Pulsante, Testo] { Copia(Pulsante, Testo()); });
-    for (QWidget* Uno : Modulo->findChildren<QWidget*>())
-        if (qobject_cast<QLineEdit*>(Uno) || qobject_cast<QLabel*>(Uno))
-            new CediCopia(Uno);
+    for (QWidget* Testuale : Modulo->findChildren<QWidget*>())
+        if (qobject_cast<QLineEdit*>(Testuale) || qobject_cast<QLabel*>(Testuale))
+            new CediCopia(Testuale);
 }
 
-QString TestoPulito(const QString& Didascalia)
+QString DidascaliaPulita(const QString& Didascalia)
 {
     QStringList Righe;
     for (const QString& Riga : Didascalia.split(u'\n'))
         if (const QString Pulita = Riga.simplified(); !Pulita.isEmpty())
             Righe << Pulita;
     return Righe.join(u'\n');
+}
+
+void PreparaCifra(QWidget* Cifra)
+{
+    constexpr double Ingrandimento = 1.75;
+    constexpr int Aria = 4;
+    QFont Grande = Cifra->font();
+    Grande.setPointSizeF(Grande.pointSizeF() * Ingrandimento);
+    Grande.setBold(true);
+    Cifra->setFont(Grande);
+    Cifra->setMinimumHeight(
+        std::max(QFontMetrics(Grande).height() + Aria, Cifra->minimumSizeHint().height()));
+}
+
+void SfondoPannello(QWidget* Pannello)
+{
+    Pannello->setBackgroundRole(QPalette::Base);
+    Pannello->setAutoFillBackground(true);
+}
+
+void MostraCifra(QLabel* Cifra, const QLabel* Didascalia, const QString& Testo)
+{
+    Cifra->setText(Testo);
+    Cifra->setAccessibleName((Didascalia->text() + u' ' + Testo).simplified());
+}
+
+void Annuncia(QWidget* Risultato)
+{
+    QAccessibleEvent Annuncio(Risultato, QAccessible::Alert);
+    QAccessible::updateAccessibility(&Annuncio);
+}
+
+void LasciaSelezione()
+{
+    if (auto* Casella = qobject_cast<QLineEdit*>(QApplication::focusWidget()))
+        Casella->deselect();
+}
+
+void ApriAggiornamento()
+{
+    if (Aperture.Aggiorna)
+        Aperture.Aggiorna();
+    else
+        MsgBox(u"L'aggiornamento degli indici non è disponibile in questa versione del programma."_s,
+               vbInformation, TitoloInformazione.toString());
 }

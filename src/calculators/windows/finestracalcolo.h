@@ -1,4 +1,7 @@
-// What the windows of the calculators share: Enter, the clipboard, their place on the screen.
+// What the windows of the calculators share: Enter, the clipboard, their results, their place on the screen.
+//
+// Their habits are event filters and functions on a plain QDialog: the windows have no base class of their
+// own.
 #pragma once
 
 #include <QKeySequence>
@@ -9,11 +12,13 @@
 
 class QAbstractButton;
 class QDialog;
+class QLabel;
 class QWidget;
 
 /// Makes a dialog the window of a calculator: a place of its own in the task bar, picture, mnemonics,
-/// accessible names, Enter on every button. It goes when it is closed, as nothing of a calculation survives
-/// its window; its place, kept under its objectName, stays. Call it behind setupUi.
+/// accessible names, Enter on every button, scroll bars where the screen is smaller than its content. It goes
+/// when it is closed, as nothing of a calculation survives its window; its place, kept under its objectName,
+/// stays. Call it behind setupUi and ImpostaMenu.
 void PreparaModulo(QDialog* Modulo, const QString& NomeIcona);
 
 /// An entry of the menu of a calculator.
@@ -44,4 +49,20 @@ void CopiaRisultato(QDialog* Modulo, QAbstractButton* Pulsante, const std::funct
 
 /// A caption of a result as one pastes it into a letter: no runs of blanks, no blank lines, "\n" between
 /// lines.
-[[nodiscard]] QString TestoPulito(const QString& Didascalia);
+[[nodiscard]] QString DidascaliaPulita(const QString& Didascalia);
+
+/// The larger letters of a result; its room is kept while it is empty.
+void PreparaCifra(QWidget* Cifra);
+/// The quiet panel behind a result.
+void SfondoPannello(QWidget* Pannello);
+
+/// Shows a result; a screen reader hears it behind its caption.
+void MostraCifra(QLabel* Cifra, const QLabel* Didascalia, const QString& Testo);
+/// Lets a screen reader speak a result that has just come, without the focus on it.
+void Annuncia(QWidget* Risultato);
+
+/// Lets go what Tab has selected in the focused box, so that Ctrl+C takes the result that has just come.
+void LasciaSelezione();
+
+/// Opens the update of program and rates; where there is none, a message says so.
+void ApriAggiornamento();

@@ -1,20 +1,40 @@
 #include "calculators/windows/finestretermini.h"
 
+#include "calculators/modTermini.h"
+#include "calculators/windows/finestracalcolo.h"
 #include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
+#include "platform/base/datatesto.h"
+#include "platform/base/regionale.h"
+#include "platform/calendar/calendario.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
+#include "platform/kit/collega.h"
 #include "platform/kit/mascheradata.h"
 
 #include <QAbstractButton>
-#include <QAccessible>
+#include <QCheckBox>
 #include <QLabel>
 
 using namespace Qt::StringLiterals;
 
-void PreparaPannello(QLabel* Risultato, QAbstractButton* Copia, double Ingrandimento, int Righe)
+namespace {
+
+/// Enabling and calendar by a text of the date box.
+void Segui(const CampiTermini& Campi, const QString& Testo)
 {
+    if (const auto Ammesso = SabatoAmmesso(Testo))
+        Campi.chkSabato->setEnabled(*Ammesso);
+    if (const auto Decorrenza = LeggiData(Testo))
+        Campi.Calendario->ImpostaData(*Decorrenza);
+}
+
+}  // namespace
+
+void PreparaPannello(const CampiTermini& Campi, double Ingrandimento, int Righe)
+{
+    QLabel* Risultato = Campi.lblRisult;
     QFont Grande = Risultato->font();
     Grande.setPointSizeF(Grande.pointSizeF() * Ingrandimento);
     Risultato->setFont(Grande);
@@ -23,18 +43,64 @@ void PreparaPannello(QLabel* Risultato, QAbstractButton* Copia, double Ingrandim
     Risultato->setMinimumHeight(Risultato->sizeHint().height());
     Risultato->clear();
     Risultato->parentWidget()->setBackgroundRole(QPalette::Base);
-    Copia->setIcon(aspetto::Icona(u"copia"_s));
+    Campi.lblSettembre->setText(AvvisoSettembre.toString());
+    NonSpostare(Campi.lblSettembre);
+    Campi.lblSettembre->hide();
+    Campi.cmdCopia->setIcon(aspetto::Icona(u"copia"_s));
 }
 
-void ScriviRisultato(QLabel* Risultato, QAbstractButton* Copia, const QString& Testo)
+void CollegaDecorrenza(const CampiTermini& Campi, const std::function<void()>& Pulisci)
 {
-    Risultato->setText(Testo);
-    Risultato->setAccessibleName(Testo.isEmpty() ? u"Risultato"_s : Testo.simplified());
-    Copia->setEnabled(!Testo.isEmpty());
-    if (Testo.isEmpty())
-        return;
-    QAccessibleEvent Annuncio(Risultato, QAccessible::Alert);
-    QAccessible::updateAccessibility(&Annuncio);
+    Collega(Campi.mskDecorr, &QLineEdit::textEdited, Campi.mskDecorr, [Campi, Pulisci] {
+        Pulisci();
+        Segui(Campi, Campi.mskDecorr->Testo());
+    });
+    AlLascia(Campi.mskDecorr, [Campi] {
+        Segui(Campi, SenzaSecolo(Campi.mskDecorr->Testo()));
+        return true;
+    });
+    Campi.Calendario->ImpostaRegole({[](const QDate& Giorno) { return IsFestivo(Giorno); },
+                                     [Spunta = Campi.chkSosp](const QDate& Giorno) {
+                                         return Spunta->isChecked() && GiornoSospeso(Giorno);
+                                     }});
+}
+
+void PrendiData(const CampiTermini& Campi, const QDate& Data, const std::function<void()>& Pulisci)
+{
+    Campi.mskDecorr->ImpostaData(Data);
+    Pulisci();
+    Segui(Campi, Campi.mskDecorr->Testo());
+    Campi.mskDecorr->setFocus();
+}
+
+void AlternaCalendario(const CampiTermini& Campi)
+{
+    Campi.Calendario->setVisible(!Campi.Calendario->isVisible());
+    Campi.mskDecorr->setFocus();
+}
+
+void SegnaGiorni(const CampiTermini& Campi, const QList<QDate>& Scadenze)
+{
+    Campi.Calendario->Segna(LeggiData(SenzaSecolo(Campi.mskDecorr->Testo())), Scadenze);
+}
+
+void ScriviRisultato(const CampiTermini& Campi, const QString& Testo, bool Settembre)
+{
+    QPalette Colori;
+    Colori.setColor(QPalette::WindowText, aspetto::Sbagliato());
+    Campi.lblSettembre->setPalette(Colori);
+    Campi.lblSettembre->setVisible(Settembre);
+    Campi.lblRisult->setText(Testo);
+    Campi.lblRisult->setAccessibleName(Testo.isEmpty() ? u"Risultato"_s
+                                                       : (Testo + u' ' + AvvisoMostrato(Campi)).simplified());
+    Campi.cmdCopia->setEnabled(!Testo.isEmpty());
+    if (!Testo.isEmpty())
+        Annuncia(Campi.lblRisult);
+}
+
+QString AvvisoMostrato(const CampiTermini& Campi)
+{
+    return Campi.lblSettembre->isHidden() ? QString() : Campi.lblSettembre->text();
 }
 
 void NonSpostare(QWidget* Oggetto)
@@ -52,9 +118,10 @@ void VaiSullaData(MascheraData* Data)
 
 void CalcolaDallaData(MascheraData* Data, const std::function<bool()>& Calcola)
 {
-    bool Fatto = false;
-    Protetta([&] { Fatto = Calcola(); });
-    if (Fatto)
+    (void)ConcludiCampo();  // a shortcut calculates without leaving the box
+    bool Calcolato = false;
+    Protetta([&] { Calcolato = Calcola(); });
+    if (Calcolato)
         VaiSullaData(Data);
     else
         RidaiFuoco(Data);

@@ -1,22 +1,56 @@
-// What the windows of the two calculators of terms share: the panel of the result, the notices.
+// What the windows of the two calculators of terms share: the date and its calendar, the panel of the result,
+// the notices.
 #pragma once
 
+#include <QDate>
+#include <QList>
 #include <QString>
 
 #include <functional>
 
+class CalendarioMensile;
 class MascheraData;
 class QAbstractButton;
+class QCheckBox;
 class QLabel;
-class QWidget;
+
+/// The controls that both windows have.
+struct CampiTermini
+{
+    MascheraData* mskDecorr;
+    QCheckBox* chkSosp;
+    QCheckBox* chkSabato;
+    CalendarioMensile* Calendario;
+    QLabel* lblRisult;
+    QLabel* lblSettembre;  ///< the line under the result
+    QAbstractButton* cmdCopia;
+};
 
 /// The larger letters of a result, and the picture of its copy button. `Ingrandimento` is the factor on the
-/// form's own letters; there is room for `Righe` lines from the start, so that nothing moves when they come.
-void PreparaPannello(QLabel* Risultato, QAbstractButton* Copia, double Ingrandimento, int Righe);
+/// form's own letters; there is room for `Righe` lines and for the line under them from the start, so that
+/// nothing moves when they come.
+void PreparaPannello(const CampiTermini& Campi, double Ingrandimento, int Righe);
 
-/// Shows a result, or takes it away with an empty text, and lets it be copied as long as there is one. A
-/// screen reader is told of it.
-void ScriviRisultato(QLabel* Risultato, QAbstractButton* Copia, const QString& Testo);
+/// Wires date, Saturday and calendar. At each change of the date `Pulisci` takes the result away, and the
+/// Saturday is enabled by a date that is written whole; when the box is left, by one with a two-digit year
+/// too, whose text stays as it was typed. The calendar follows the date.
+void CollegaDecorrenza(const CampiTermini& Campi, const std::function<void()>& Pulisci);
+
+/// A date picked on the calendar goes into the box, which gets the focus.
+void PrendiData(const CampiTermini& Campi, const QDate& Data, const std::function<void()>& Pulisci);
+
+/// Shows the calendar or hides it; the focus goes to the date.
+void AlternaCalendario(const CampiTermini& Campi);
+
+/// Marks the start date and the due dates on the calendar.
+void SegnaGiorni(const CampiTermini& Campi, const QList<QDate>& Scadenze);
+
+/// Shows a result, or takes it away with an empty text, and lets it be copied as long as there is one; a
+/// screen reader speaks it. `Settembre` shows the line on the days of September under it.
+void ScriviRisultato(const CampiTermini& Campi, const QString& Testo, bool Settembre = false);
+
+/// The line on view under the result, empty when there is none.
+[[nodiscard]] QString AvvisoMostrato(const CampiTermini& Campi);
 
 /// A hidden widget keeps its room, so that nothing moves when it comes.
 void NonSpostare(QWidget* Oggetto);

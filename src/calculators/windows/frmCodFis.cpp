@@ -1,11 +1,8 @@
 #include "calculators/windows/frmCodFis.h"
 
 #include "calculators/modCodFis.h"
-#include "calculators/windows/campidata.h"
 #include "calculators/windows/finestracalcolo.h"
-#include "calculators/windows/gestimodulo.h"
 #include "core/modErrori.h"
-#include "platform/base/datatesto.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
@@ -14,7 +11,7 @@
 
 #include <QAbstractItemView>
 #include <QCompleter>
-#include <QSignalBlocker>
+#include <QKeyEvent>
 #include <QStringListModel>
 
 using namespace Qt::StringLiterals;
@@ -63,6 +60,13 @@ void frmCodFis::CreaElenco()
     Elenco->setWidget(ui->txtComune);
     Elenco->popup()->setObjectName(u"lstComuni"_s);
     Elenco->popup()->setAccessibleName(u"Comuni che iniziano così"_s);
+    Elenco->popup()->installEventFilter(this);
+    ui->txtComune->installEventFilter(this);
+    Collega(Elenco->popup()->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        const QModelIndexList Righe = Elenco->popup()->selectionModel()->selectedIndexes();
+        if (Elenco->popup()->isVisible())
+            Segnato = Righe.isEmpty() ? QString() : Righe.first().data().toString();
+    });
 }
 
 void frmCodFis::Load()
@@ -80,29 +84,35 @@ void frmCodFis::Load()
 
 void frmCodFis::Collegamenti()
 {
-    const auto Abilita = [this] { ui->cmdElabora->setEnabled(true); };
     for (QLineEdit* Casella :
          std::initializer_list<QLineEdit*>{ui->txtCognome, ui->txtNome, ui->txtDataNascita, ui->txtComune})
-        Collega(Casella, &QLineEdit::textChanged, this, Abilita);
-    Collega(ui->cboSesso, &QComboBox::currentIndexChanged, this, Abilita);
+        Collega(Casella, &QLineEdit::textChanged, this, &frmCodFis::Cambiato);
+    Collega(ui->cboSesso, &QComboBox::currentIndexChanged, this, &frmCodFis::Cambiato);
 
     AlLasciaSempre(ui->txtDataNascita, [this] {
-        const QString Testo = ui->txtDataNascita->Testo();
-        if (const QString Intero = ConSecolo(Testo); Intero != Testo)
-            ui->txtDataNascita->ImpostaTesto(Intero);
+        ui->txtDataNascita->CompletaAnno();
         DataSbagliata = !ui->txtDataNascita->Data();
         Colora();
         return true;
     });
+    AlLasciaSempre(ui->txtComune, [this] {
+        txtComune_Lasciato();
+        return true;
+    });
     Collega(ui->txtComune, &QLineEdit::textEdited, this, &frmCodFis::txtComune_Change);
     Collega(ui->txtComune, &QLineEdit::returnPressed, this, &frmCodFis::txtComune_Invio);
-    Collega(Elenco, qOverload<const QString&>(&QCompleter::activated), this, &frmCodFis::txtComune_Scelto);
+    Collega(Elenco, qOverload<const QString&>(&QCompleter::activated), this, [this](const QString& Nome) {
+        // Enter with nothing marked hands over the first row, which nobody has chosen.
+        if (Elenco->popup()->selectionModel()->hasSelection())
+            txtComune_Scelto(Nome);
+    });
     Collega(ui->cmdElabora, &QPushButton::clicked, this, &frmCodFis::cmdElabora_Click);
 
     // The last field has an Enter of its own: its list may be open.
     CatenaInvio({ui->txtCognome, ui->txtNome, ui->txtDataNascita, ui->cboSesso},
                 [this] { ui->txtComune->setFocus(Qt::TabFocusReason); });
     CopiaRisultato(this, ui->cmdCopia, [this] { return ui->txtCodiceFiscale->text(); });
+    ScriviCodice({});
 }
 
 void frmCodFis::Mostra()
@@ -118,6 +128,32 @@ void frmCodFis::changeEvent(QEvent* Evento)
         Colora();
 }
 
+bool frmCodFis::eventFilter(QObject* Oggetto, QEvent* Evento)
+{
+    // The first filter of the list: Esc refuses what is marked in it.
+    if (Oggetto == Elenco->popup() && Evento->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(Evento)->key() == Qt::Key_Escape)
+        Segnato.clear();
+    if (Oggetto == ui->txtComune && Evento->type() == QEvent::FocusIn && ElencoAtteso)
+        QMetaObject::invokeMethod(this, &frmCodFis::ProponiComuni, Qt::QueuedConnection);
+    return QDialog::eventFilter(Oggetto, Evento);
+}
+
+/// A code on view is of the person in the boxes, or there is none.
+void frmCodFis::Cambiato()
+{
+    ui->cmdElabora->setEnabled(true);
+    ScriviCodice({});
+}
+
+void frmCodFis::ScriviCodice(const QString& Codice)
+{
+    ui->txtCodiceFiscale->setText(Codice);
+    ui->cmdCopia->setEnabled(!Codice.isEmpty());
+    if (!Codice.isEmpty())
+        Annuncia(ui->txtCodiceFiscale);
+}
+
 void frmCodFis::cmdElabora_Click()
 {
     if (!ConcludiCampo() || !ui->cmdElabora->isEnabled())
@@ -128,8 +164,8 @@ void frmCodFis::cmdElabora_Click()
         RidaiFuoco(ui->txtDataNascita);
         return;
     }
-    ui->txtCodiceFiscale->setText(CalcoloCodFis(ui->txtCognome->text(), ui->txtNome->text(), *Nascita,
-                                                ui->cboSesso->currentText(), Campo.CodComune.trimmed()));
+    ScriviCodice(CalcoloCodFis(ui->txtCognome->text(), ui->txtNome->text(), *Nascita,
+                               ui->cboSesso->currentText(), Campo.CodComune.trimmed()));
     LasciaSelezione();
 }
 
@@ -139,12 +175,13 @@ void frmCodFis::txtComune_Change(const QString& Testo)
 {
     if (!Comuni)
         return;
+    Segnato.clear();
     Campo.Testo = Testo;
     CercaComune(*Comuni, Campo);
     MostraComune();
     if (Campo.RidaiFuoco)
         ui->txtComune->setFocus(Qt::OtherFocusReason);
-    ProponiComuni(Testo);
+    ProponiComuni();
 }
 
 /// Text, selection and colour as the lookup left them; beside them the province found.
@@ -165,30 +202,48 @@ void frmCodFis::Colora()
     Tingi(ui->txtDataNascita, DataSbagliata);
 }
 
-void frmCodFis::ProponiComuni(const QString& Testo)
+/// The list for what has been typed. Behind a message the window gets the focus back later, and a list that
+/// comes before would go at once.
+void frmCodFis::ProponiComuni()
 {
-    const QStringList Nomi = Comuni->Proponi(Testo, VociElenco);
-    const bool Uno = Nomi.size() == 1 && Nomi.first() == ui->txtComune->text();
-    if (Nomi.isEmpty() || Uno) {
-        Elenco->popup()->hide();
+    ElencoAtteso = !ui->txtComune->hasFocus() || !isActiveWindow();
+    if (ElencoAtteso || !Comuni)
         return;
-    }
+    const QStringList Nomi = Comuni->Proponi(Campo.Tag, VociElenco);
+    const bool Completo = Nomi.size() == 1 && Nomi.first() == ui->txtComune->text();
+    if (Nomi.isEmpty() || Completo)
+        Elenco->popup()->hide();
+    else
+        MostraElenco(Nomi);
+}
+
+void frmCodFis::MostraElenco(const QStringList& Nomi)
+{
     NomiElenco->setStringList(Nomi);
     Elenco->complete();
+    // The list makes its first row current, which looks marked although nobody has marked it.
+    Elenco->popup()->selectionModel()->clear();
 }
 
 /// A name taken from the list: its row, as if it had been typed whole.
 void frmCodFis::txtComune_Scelto(const QString& Nome)
 {
-    // Enter with nothing marked hands over the first row, which nobody has chosen.
-    if (!Elenco->popup()->selectionModel()->hasSelection())
-        return;
+    Segnato.clear();
     const auto Trovato = Comuni->Trova(Nome);
     if (!Trovato)
         return;
     Campo = {Trovato->Nome, Trovato->Nome, -1, false, false, Trovato->Codice, Trovato->Provincia};
     ui->txtComune->setText(Campo.Testo);
     MostraComune();
+}
+
+/// However the field is left, a row that is marked counts.
+void frmCodFis::txtComune_Lasciato()
+{
+    ElencoAtteso = false;
+    if (const QString Nome = Segnato; !Nome.isEmpty())
+        txtComune_Scelto(Nome);
+    Elenco->popup()->hide();
 }
 
 /// Enter takes what is marked in the list, else it calculates.

@@ -31,13 +31,18 @@ public:
 
 protected:
     void changeEvent(QEvent* Evento) override;
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override;
 
 private:
     void Collegamenti();
     void Load();
     void CreaElenco();
-    void ProponiComuni(const QString& Testo);
+    void Cambiato();
+    void ScriviCodice(const QString& Codice);
+    void ProponiComuni();
+    void MostraElenco(const QStringList& Nomi);
     void txtComune_Scelto(const QString& Nome);
+    void txtComune_Lasciato();
     void txtComune_Invio();
     void MostraComune();
     void Colora();
@@ -47,5 +52,7 @@ private:
     CampoComune Campo;                     ///< what the municipality field knows and shows
     QCompleter* Elenco = nullptr;          ///< the list beside the field
     QStringListModel* NomiElenco = nullptr;
+    QString Segnato;            ///< the row that is marked in the list, or was when a click closed it
+    bool ElencoAtteso = false;  ///< the list comes when the field has the focus again
     bool DataSbagliata = false;
 };

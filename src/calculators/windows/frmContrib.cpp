@@ -1,7 +1,6 @@
 #include "calculators/windows/frmContrib.h"
 
 #include "calculators/windows/finestracalcolo.h"
-#include "calculators/windows/gestimodulo.h"
 #include "calculators/windows/pannellocontributo.h"
 #include "core/aperture.h"
 #include "core/modErrori.h"
@@ -45,9 +44,14 @@ void ApriPagina(const QString& Nome, const QString& Titolo)
 void ApriScheda()
 {
     const QString Scheda = Documento(u"SchedaImpugnazioni.pdf"_s);
-    if (!EsisteFile(Scheda))
+    if (!EsisteFile(Scheda)) {
         MsgErrore(u"Documento "_s + Scheda + u" non trovato!"_s);
-    else if (const int Esito = ApriConSistema(Scheda); Esito != 0)
+        return;
+    }
+    // The desktop does not report that it has no reader for the file.
+    if (!HaProgramma(Scheda))
+        MsgErrore(u"Percorso Acrobat reader non trovato!"_s);
+    if (const int Esito = ApriConSistema(Scheda); Esito != 0)
         throw Errore(Esito);
 }
 
@@ -80,9 +84,17 @@ void frmContrib::Collegamenti()
             txtValore_LostFocus(i);
             return true;
         });
+        Collega(Casella, &QLineEdit::textChanged, this, [this, i] { AbilitaCopia(i); });
+        AbilitaCopia(i);
         if (i > 0)
             CopiaConClic(fraContrib->cmdCopia(i), [this, i] { return Contributi[size_t(i)]; });
     }
+    // From value to value, past the copy buttons, whose Enter would overwrite the clipboard; from the last
+    // one back to the first, as there is nothing to calculate but what leaving a value calculates.
+    QList<QWidget*> Valori;
+    for (int i = 0; i < CampiContributo; ++i)
+        Valori << fraContrib->txtValore(i);
+    CatenaInvio(Valori, [this] { fraContrib->txtValore(0)->setFocus(Qt::TabFocusReason); });
     // The first button and Ctrl+C take the fee of the row that has the focus.
     CopiaRisultato(this, fraContrib->cmdCopia(0), [this] { return TestoCopia(); });
     for (QPushButton* Bottone : {ui->cmdSkImpugn, ui->cmdVisual_0, ui->cmdVisual_1}) {
@@ -155,7 +167,16 @@ void frmContrib::MostraContributi()
         fraContrib->lblContr(i)->setText(Contributi[size_t(i)]);
         fraContrib->txtValore(i)->setAccessibleDescription(
             Contributi[size_t(i)].isEmpty() ? QString() : u"Contributo: "_s + Contributi[size_t(i)]);
+        AbilitaCopia(i);
     }
+}
+
+/// A value that is being typed can be copied from too: the click on the button leaves it, which computes the
+/// fee.
+void frmContrib::AbilitaCopia(int Indice)
+{
+    fraContrib->cmdCopia(Indice)->setEnabled(!Contributi[size_t(Indice)].isEmpty() ||
+                                             !fraContrib->txtValore(Indice)->text().isEmpty());
 }
 
 // The tax appeal stays: this entry has always left it.
@@ -188,26 +209,46 @@ int frmContrib::AltoInFondo() const
     return std::min(aspetto::Pixel(TwipSotto), ui->Picture1->height() - fraContrib->height());
 }
 
+int frmContrib::AltoInCima()
+{
+    return aspetto::Pixel(TwipSopra);
+}
+
 void frmContrib::ImpostaMisura()
 {
+    ui->Picture1->setMinimumWidth(fraContrib->minimumSizeHint().width());
     fraContrib->Allarga(ui->Picture1->width());
-    ScorriA(UltimoScorrimento == ui->VScroll1->maximum() ? AltoInFondo() : aspetto::Pixel(TwipSopra));
+    if (UltimoScorrimento == ui->VScroll1->minimum())
+        ScorriA(AltoInCima());
+    else
+        ScorriA(UltimoScorrimento == ui->VScroll1->maximum() ? AltoInFondo() : fraContrib->y());
 }
 
 void frmContrib::ScorriA(int Alto)
 {
-    fraContrib->move(0, std::clamp(Alto, AltoInFondo(), aspetto::Pixel(TwipSopra)));
+    fraContrib->move(0, std::clamp(Alto, AltoInFondo(), AltoInCima()));
+    SegnaPosto();
+}
+
+/// The bar stands where the page does. Between the two halves it is at neither end, so that both its arrows
+/// move it.
+void frmContrib::SegnaPosto()
+{
+    const int Corsa = AltoInCima() - AltoInFondo();
+    const int Fatta = AltoInCima() - fraContrib->y();
+    int Valore = 0;
+    if (Corsa > 0 && Fatta >= Corsa)
+        Valore = PassiBarra;
+    else if (Corsa > 0 && Fatta > 0)
+        Valore = std::clamp(Fatta * PassiBarra / Corsa, 1, PassiBarra - 1);
+    const QSignalBlocker Zitta(ui->VScroll1);
+    ui->VScroll1->setValue(Valore);
+    UltimoScorrimento = Valore;
 }
 
 void frmContrib::VScroll1_Change()
 {
-    const bool Giu = ui->VScroll1->value() > UltimoScorrimento;
-    {
-        const QSignalBlocker Zitta(ui->VScroll1);
-        ui->VScroll1->setValue(Giu ? ui->VScroll1->maximum() : ui->VScroll1->minimum());
-    }
-    UltimoScorrimento = ui->VScroll1->value();
-    ScorriA(Giu ? AltoInFondo() : aspetto::Pixel(TwipSopra));
+    ScorriA(ui->VScroll1->value() > UltimoScorrimento ? AltoInFondo() : AltoInCima());
 }
 
 /// The wheel moves the page itself, so that a small window shows what lies between the two halves.

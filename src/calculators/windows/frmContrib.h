@@ -40,14 +40,17 @@ private:
     void ScorriA(int Alto);
     void Scorri(int Passo);
     void FaiVedere(const QWidget* Campo);
+    void SegnaPosto();
     void MostraContributi();
+    void AbilitaCopia(int Indice);
     [[nodiscard]] int AltoInFondo() const;
+    [[nodiscard]] static int AltoInCima();
     [[nodiscard]] QString TestoCopia() const;
 
     std::unique_ptr<Ui::frmContrib> ui;
     PannelloContributo* fraContrib;
     TestiContributo Contributi;
-    int UltimoScorrimento = 0;  ///< the bar at its last change
+    int UltimoScorrimento = 0;  ///< the bar at its last change, or where the page moved it to
     bool DaAltraFinestra =
         true;  ///< another window of the program was in front, no message and no other program
 };

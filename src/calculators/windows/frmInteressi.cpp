@@ -1,9 +1,7 @@
 #include "calculators/windows/frmInteressi.h"
 
 #include "calculators/modTassi.h"
-#include "calculators/windows/campidata.h"
 #include "calculators/windows/finestracalcolo.h"
-#include "calculators/windows/gestimodulo.h"
 #include "core/modErrori.h"
 #include "core/modLancio.h"
 #include "core/sessione.h"
@@ -28,22 +26,15 @@ namespace {
 
 const QString TitoloTotale = u"Totale in euro "_s;
 
-/// Text of a cell on screen and in the clipboard.
-QString Cella(int Colonna, const QVariant& Valore)
+/// Decimals that the rate of a line needs, 3 at most.
+int DecimaliDi(double Tasso)
 {
-    return Colonna == IntImporto && Valore.isValid() ? Format(Valore.toDouble(), u"#,##0.00") : CStr(Valore);
-}
-
-ColonnaGriglia Colonna(const QString& Titolo, int Campo, int Caratteri, Qt::Alignment Allinea)
-{
-    ColonnaGriglia Una;
-    Una.Titolo = Titolo;
-    Una.Campo = Campo;
-    Una.Caratteri = Caratteri;
-    Una.Allinea = Allinea;
-    Una.Stira = Campo == IntImporto;
-    Una.Mostra = [Campo](const QVariant& Valore, int) { return Cella(Campo, Valore); };
-    return Una;
+    constexpr int Massimi = 3;
+    const QString Cifre = QString::number(Tasso, 'f', Massimi);
+    int Decimali = Massimi;
+    while (Decimali > 0 && Cifre[Cifre.size() - 1 - (Massimi - Decimali)] == u'0')
+        --Decimali;
+    return Decimali;
 }
 
 /// The box that a sentence of the check speaks of; the sentences name it in these words.
@@ -79,7 +70,7 @@ frmInteressi::frmInteressi() : ui(std::make_unique<Ui::frmInteressi>())
 
 frmInteressi::~frmInteressi()
 {
-    // The windows of the application tell of the focus that this one loses as it goes.
+    // The application still reports the focus that this window loses as it goes.
     disconnect(qApp, nullptr, this, nullptr);
 }
 
@@ -101,6 +92,16 @@ void frmInteressi::CreaCalendario()
 
 void frmInteressi::ColonneRiepilogo()
 {
+    const auto Colonna = [this](const QString& Titolo, int Campo, int Caratteri, Qt::Alignment Allinea) {
+        ColonnaGriglia Nuova;
+        Nuova.Titolo = Titolo;
+        Nuova.Campo = Campo;
+        Nuova.Caratteri = Caratteri;
+        Nuova.Allinea = Allinea;
+        Nuova.Stira = Campo == IntImporto;
+        Nuova.Mostra = [this, Campo](const QVariant& Valore, int) { return Cella(Campo, Valore); };
+        return Nuova;
+    };
     constexpr Qt::Alignment Destra = Qt::AlignRight;
     ui->tdbInter->ImpostaColonne({
         Colonna(u"Dal giorno"_s, IntDal, 11, Qt::AlignLeft),
@@ -119,8 +120,11 @@ void frmInteressi::Collegamenti()
 {
     VirgolaDalTastierino(ui->txtCapitale);
     VirgolaDalTastierino(ui->txtAumento, true);
-    CompletaAnno(ui->mskDataIni);
-    CompletaAnno(ui->mskDataFin);
+    for (MascheraData* Data : {ui->mskDataIni, ui->mskDataFin})
+        AlLasciaSempre(Data, [Data] {
+            Data->CompletaAnno();
+            return true;
+        });
 
     const auto Pulisci = [this] { PulisciCalcoli(); };
     for (QLineEdit* Casella :
@@ -215,9 +219,14 @@ void frmInteressi::MostraEsito(const EsitoInteressi& Esito)
 {
     const QString Totale = Format(Esito.TotaleEuro, u"#,##0.00");
     Righe = Esito.Righe;
+    DecimaliTasso = 0;
+    for (int Riga = 0; Riga < Righe.Righe(); ++Riga)
+        DecimaliTasso = std::max(DecimaliTasso, DecimaliDi(Righe(Riga, IntTasso).toDouble()));
     ui->tdbInter->Rilega();
     ui->tdbInter->Pie(IntImporto, Totale);
     MostraCifra(ui->lblTotale, ui->lblDidTotale, Totale);
+    AbilitaCopie();
+    Annuncia(ui->lblTotale);
     LasciaSelezione();
 }
 
@@ -227,6 +236,7 @@ void frmInteressi::PulisciCalcoli()
     ui->tdbInter->Rilega();
     ui->tdbInter->Pie(IntImporto, {});
     MostraCifra(ui->lblTotale, ui->lblDidTotale, {});
+    AbilitaCopie();
 }
 
 void frmInteressi::VisDati(int Tipo)
@@ -258,7 +268,11 @@ void frmInteressi::cmdCalend_Click(int Indice)
     // Beside its box, which stays in sight, and as low as it is seen whole.
     const QToolButton* Accanto = Indice == 0 ? ui->cmdCalend_0 : ui->cmdCalend_1;
     const QPoint Posto = Accanto->mapTo(this, QPoint(Accanto->width() + aspetto::TraCampi, 0));
-    fraCalendario->move(Posto.x(), std::min(Posto.y(), height() - fraCalendario->height() - aspetto::Bordo));
+    const auto Entro = [](int Da, int Lungo, int Spazio) {
+        return std::max(0, std::min(Da, Spazio - Lungo - aspetto::Bordo));
+    };
+    fraCalendario->move(Entro(Posto.x(), fraCalendario->width(), width()),
+                        Entro(Posto.y(), fraCalendario->height(), height()));
     fraCalendario->show();
     fraCalendario->raise();
     Calendario->setFocus();
@@ -273,6 +287,22 @@ void frmInteressi::Calendario_Scelta(const QDate& Data)
 }
 
 // ---- clipboard ----------------------------------------------------------------------------------
+
+void frmInteressi::AbilitaCopie()
+{
+    ui->cmdCopia->setEnabled(!ui->lblTotale->text().isEmpty());
+    ui->cmdCopiaTabella->setEnabled(!Righe.Vuota());
+}
+
+/// Text of a cell on screen and in the clipboard; the rates have their commas below each other.
+QString frmInteressi::Cella(int Colonna, const QVariant& Valore) const
+{
+    if (Colonna == IntImporto && Valore.isValid())
+        return Format(Valore.toDouble(), u"#,##0.00");
+    if (Colonna == IntTasso && Valore.isValid() && DecimaliTasso > 0)
+        return Format(Valore.toDouble(), u"0."_s + QString(DecimaliTasso, u'0'));
+    return CStr(Valore);
+}
 
 /// What Ctrl+C takes: the table where the focus is in it, the total elsewhere.
 QString frmInteressi::TestoCopia() const

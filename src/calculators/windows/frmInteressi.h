@@ -25,7 +25,7 @@ public:
 
     void Mostra();
 
-    /// Tells what is wrong with the boxes and gives the focus to the one it speaks of. @return true when
+    /// Says what is wrong with the boxes and gives the focus to the one it speaks of. @return true when
     /// nothing is
     [[nodiscard]] bool Check();
     /// Empties the lines, the footer and the result.
@@ -50,6 +50,8 @@ private:
     [[nodiscard]] DatiInteressi Dati() const;
     [[nodiscard]] QString TestoCopia() const;
     [[nodiscard]] QString TestoTabella() const;
+    [[nodiscard]] QString Cella(int Colonna, const QVariant& Valore) const;
+    void AbilitaCopie();
 
     std::unique_ptr<Ui::frmInteressi> ui;
     QFrame* fraCalendario;  ///< what shows and hides the calendar
@@ -57,5 +59,6 @@ private:
     QLabel* panArchivio;  ///< first panel of the status bar
     int IndiceCalendario = 0;
     TabellaRighe Righe{ColonneInteressi};
+    int DecimaliTasso = 0;  ///< as many as the longest rate of the lines needs
     QString UltimoAumento;  ///< the last increase of which the user was warned
 };

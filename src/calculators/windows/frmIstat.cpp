@@ -1,9 +1,7 @@
 #include "calculators/windows/frmIstat.h"
 
 #include "calculators/modTassi.h"
-#include "calculators/windows/campidata.h"
 #include "calculators/windows/finestracalcolo.h"
-#include "calculators/windows/gestimodulo.h"
 #include "core/modErrori.h"
 #include "platform/base/regionale.h"
 #include "platform/kit/aspetto.h"
@@ -89,7 +87,10 @@ void frmIstat::Collegamenti()
     const auto Pulisci = [this] { PulisciCalcoli(); };
     for (const int Indice : {0, 1}) {
         MascheraData* Data = Casella(Indice);
-        CompletaAnno(Data);
+        AlLasciaSempre(Data, [Data] {
+            Data->CompletaAnno();
+            return true;
+        });
         Data->installEventFilter(this);
         Collega(Data, &QLineEdit::textChanged, this, [this, Data] {
             PulisciCalcoli();
@@ -107,7 +108,7 @@ void frmIstat::Collegamenti()
 
     CatenaInvio({ui->mskDataIni, ui->mskDataFin, ui->txtImporto, ui->cmbValuta},
                 [this] { Protetta([this] { cmdCalcola_Click(); }); });
-    CopiaRisultato(this, ui->cmdCopia, [this] { return TestoPulito(ui->lblImpRival->text()); });
+    CopiaRisultato(this, ui->cmdCopia, [this] { return DidascaliaPulita(ui->lblImpRival->text()); });
     CopiaConClic(ui->cmdCopiaTutto, [this] { return TestoTutto(); });
 }
 
@@ -116,6 +117,7 @@ void frmIstat::Load()
     ui->mskDataIni->ImpostaTesto(u"  /  /    "_s);
     ui->mskDataFin->ImpostaTesto(u"  /  /    "_s);
     ui->cmbValuta->setCurrentIndex(0);
+    PulisciCalcoli();
     if (const auto Aggiornato = DataArchivio(ArchivioTassi()))
         panArchivio->setText(u" Archivio Istat aggiornato al "_s + Format(*Aggiornato, u"dd/mm/yyyy"));
 }
@@ -159,14 +161,17 @@ void frmIstat::cmdCalcola_Click()
     if (Fine != FineIstat::Completa)
         return;
     Campanello();
+    Annuncia(ui->lblImpRival);
     LasciaSelezione();
     ui->grafico->Imposta(SerieIndici(ArchivioTassi(), CDate(Dati().DataIni), CDate(Dati().DataFin)));
 }
 
 void frmIstat::MostraRisultati()
 {
-    for (const Etichetta& Una : Etichette)
-        MostraCifra(ui.get()->*Una.Cifra, ui.get()->*Una.Didascalia, Risultati.*Una.Testo);
+    for (const Etichetta& Voce : Etichette)
+        MostraCifra(ui.get()->*Voce.Cifra, ui.get()->*Voce.Didascalia, Risultati.*Voce.Testo);
+    ui->cmdCopia->setEnabled(!Risultati.lblImpRival.isEmpty());
+    ui->cmdCopiaTutto->setEnabled(Risultati != RisultatiIstat{});
 }
 
 void frmIstat::PulisciCalcoli()
@@ -219,7 +224,8 @@ QString frmIstat::TestoTutto() const
     if (Risultati == RisultatiIstat{})
         return {};
     QStringList Righe;
-    for (const Etichetta& Una : Etichette)
-        Righe << NomeCopia((ui.get()->*Una.Didascalia)->text()) + u'\t' + (Risultati.*Una.Testo).simplified();
+    for (const Etichetta& Voce : Etichette)
+        Righe << NomeCopia((ui.get()->*Voce.Didascalia)->text()) + u'\t' +
+                     (Risultati.*Voce.Testo).simplified();
     return Righe.join(u'\n');
 }

@@ -24,7 +24,7 @@ public:
 
     void Mostra();
 
-    /// Tells the first box that is wrong and gives it the focus. @return true when none is
+    /// Says which box is wrong, the first one, and gives it the focus. @return true when none is
     [[nodiscard]] bool Check();
     /// Empties the eight results and the plot.
     void PulisciCalcoli();

@@ -2,10 +2,7 @@
 
 #include "calculators/modStampaTermini.h"
 #include "calculators/windows/finestracalcolo.h"
-#include "calculators/windows/finestretermini.h"
 #include "core/modErrori.h"
-#include "platform/base/datatesto.h"
-#include "platform/base/regionale.h"
 #include "platform/calendar/calendario.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
@@ -33,7 +30,7 @@ frmTermini::frmTermini() : ui(std::make_unique<Ui::frmTermini>())
     }
     constexpr double Ingrandimento = 1.4;
     constexpr int RigheRisultato = 2;  // the date, and whether it was moved
-    PreparaPannello(ui->lblRisult, ui->cmdCopia, Ingrandimento, RigheRisultato);
+    PreparaPannello(Campi(), Ingrandimento, RigheRisultato);
     for (QToolButton* Pulsante : {ui->cmdCalend_0, ui->cmdCalend_1})
         Pulsante->setIcon(aspetto::Icona(u"calendario"_s));
     NonSpostare(ui->cmdCalend_1);
@@ -52,10 +49,10 @@ void frmTermini::Collegamenti()
     CatenaInvio({ui->mskDecorr, ui->txtIncrNum, ui->cmbIncrTipo, ui->chkSosp, ui->chkLibero, ui->chkSabato,
                  ui->optTipoScad_0, ui->optTipoScad_1},
                 [this] { cmdEsegui_Click(); });
-    CopiaRisultato(this, ui->cmdCopia, [this] { return TestoPulito(ui->lblRisult->text()); });
+    CopiaRisultato(this, ui->cmdCopia, [this] { return DidascaliaPulita(ui->lblRisult->text()); });
 
     const auto Cambiato = [this] { Pulisci(); };
-    Collega(ui->mskDecorr, &QLineEdit::textEdited, this, [this] { mskDecorr_Change(); });
+    CollegaDecorrenza(Campi(), Cambiato);
     Collega(ui->txtIncrNum, &QLineEdit::textEdited, this, Cambiato);
     Collega(ui->cmbIncrTipo, &QComboBox::currentIndexChanged, this, Cambiato);
     for (const QCheckBox* Casella : {ui->chkSosp, ui->chkLibero, ui->chkSabato})
@@ -66,10 +63,8 @@ void frmTermini::Collegamenti()
     Collega(ui->cmdAvvertenze, &QPushButton::clicked, this, [this] { cmdAvvertenze_Click(); });
     Collega(ui->cmdCalend_0, &QToolButton::clicked, this, [this] { cmdCalend_Click(0); });
     Collega(ui->cmdCalend_1, &QToolButton::clicked, this, [this] { cmdCalend_Click(1); });
-    Collega(ui->Calendario, &CalendarioMensile::DataScelta, this, &frmTermini::Calendario_Scelta);
-    ui->Calendario->ImpostaRegole(
-        {[](const QDate& Giorno) { return IsFestivo(Giorno); },
-         [this](const QDate& Giorno) { return ui->chkSosp->isChecked() && GiornoSospeso(Giorno); }});
+    Collega(ui->Calendario, &CalendarioMensile::DataScelta, this,
+            [this, Cambiato](const QDate& Data) { PrendiData(Campi(), Data, Cambiato); });
 }
 
 void frmTermini::Mostra()
@@ -89,6 +84,12 @@ void frmTermini::Form_Activate()
     ui->optTipoScad_0->setChecked(true);
 }
 
+CampiTermini frmTermini::Campi() const
+{
+    return {ui->mskDecorr, ui->chkSosp,      ui->chkSabato, ui->Calendario,
+            ui->lblRisult, ui->lblSettembre, ui->cmdCopia};
+}
+
 DatiTermine frmTermini::Dati() const
 {
     return {.Decorrenza = ui->mskDecorr->Testo(),
@@ -103,24 +104,13 @@ DatiTermine frmTermini::Dati() const
 void frmTermini::Pulisci()
 {
     ui->cmdCalend_1->hide();
-    ScriviRisultato(ui->lblRisult, ui->cmdCopia, {});
-    SegnaGiorni();
+    ScriviRisultato(Campi(), {});
+    Segna();
 }
 
-void frmTermini::SegnaGiorni()
+void frmTermini::Segna()
 {
-    const QString Testo = SenzaSecolo(ui->mskDecorr->Testo());
-    const bool Risultato = !ui->lblRisult->text().isEmpty();
-    ui->Calendario->Segna(LeggiData(Testo), Risultato ? QList{DataCorrente} : QList<QDate>());
-}
-
-void frmTermini::mskDecorr_Change()
-{
-    if (const auto Ammesso = SabatoAmmesso(ui->mskDecorr->Testo()))
-        ui->chkSabato->setEnabled(*Ammesso);
-    Pulisci();
-    if (const auto Decorrenza = ui->mskDecorr->Data())
-        ui->Calendario->ImpostaData(*Decorrenza);
+    SegnaGiorni(Campi(), ui->lblRisult->text().isEmpty() ? QList<QDate>() : QList{DataCorrente});
 }
 
 void frmTermini::cmdEsegui_Click()
@@ -135,8 +125,8 @@ bool frmTermini::Calcola()
         ui->chkSabato->setChecked(false);
         Pulisci();
     }
-    if (const auto Difetto = DifettoTermine(Caselle)) {
-        MsgErrore(Difetto->Messaggio);
+    if (const auto Trovato = DifettoTermine(Caselle)) {
+        MsgErrore(Trovato->Messaggio);
         return false;
     }
     MostraScadenza(CalcolaTermine(Caselle));
@@ -147,25 +137,17 @@ void frmTermini::MostraScadenza(const ContoTermine& Conto)
 {
     DataCorrente = Conto.DataCorrente;
     Campanello();
-    ScriviRisultato(ui->lblRisult, ui->cmdCopia, TestoTermine(Conto));
+    ScriviRisultato(Campi(), TestoTermine(Conto), Conto.SettembreSospeso);
     ui->cmdCalend_1->show();
     ui->Calendario->ImpostaData(DataCorrente);
-    SegnaGiorni();
+    Segna();
 }
 
 void frmTermini::cmdCalend_Click(int Indice)
 {
     if (Indice == 1)
         ui->Calendario->ImpostaData(DataCorrente);
-    ui->Calendario->setVisible(!ui->Calendario->isVisible());
-    ui->mskDecorr->setFocus();
-}
-
-void frmTermini::Calendario_Scelta(const QDate& Data)
-{
-    ui->mskDecorr->ImpostaData(Data);
-    mskDecorr_Change();
-    ui->mskDecorr->setFocus();
+    AlternaCalendario(Campi());
 }
 
 void frmTermini::cmdAvvertenze_Click()
@@ -189,6 +171,7 @@ void frmTermini::mnuNew_Click()
 
 void frmTermini::mnuStampa_Click()
 {
-    MostraStampa(u": calcolo termini"_s,
-                 [this](Superficie& vp) { return StampaTermine(vp, Dati(), ui->lblRisult->text()); });
+    MostraStampa(u": calcolo termini"_s, [this](Superficie& vp) {
+        return StampaTermine(vp, Dati(), ui->lblRisult->text(), AvvisoMostrato(Campi()));
+    });
 }

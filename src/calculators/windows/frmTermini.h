@@ -2,6 +2,7 @@
 #pragma once
 
 #include "calculators/modTermini.h"
+#include "calculators/windows/finestretermini.h"
 
 #include <QDialog>
 
@@ -19,11 +20,11 @@ public:
     frmTermini();
     ~frmTermini() override;
 
-    /// Shows the form; a new showing begins as Form_Activate tells.
+    /// Shows the form; a new showing begins with Form_Activate.
     void Mostra();
 
-    /// Calculates, or tells what lacks. A failure is reported and leaves the result as it was. Every way out
-    /// ends on the start date.
+    /// Calculates, or says what is missing. A failure is reported and leaves the result as it was. Every way
+    /// out ends on the start date.
     void cmdEsegui_Click();
     /// Empties the fields. The unit is left with no selection, which counts in years.
     void mnuNew_Click();
@@ -38,12 +39,11 @@ public:
 private:
     void Collegamenti();
     void Form_Activate();
-    void mskDecorr_Change();
-    void Calendario_Scelta(const QDate& Data);
     [[nodiscard]] bool Calcola();
     void MostraScadenza(const ContoTermine& Conto);
-    void SegnaGiorni();
+    void Segna();
     [[nodiscard]] DatiTermine Dati() const;
+    [[nodiscard]] CampiTermini Campi() const;
 
     std::unique_ptr<Ui::frmTermini> ui;
     QDate DataCorrente;  ///< the due date of the result

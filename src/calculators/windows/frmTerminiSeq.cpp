@@ -2,10 +2,7 @@
 
 #include "calculators/modStampaTermini.h"
 #include "calculators/windows/finestracalcolo.h"
-#include "calculators/windows/finestretermini.h"
 #include "core/modErrori.h"
-#include "platform/base/datatesto.h"
-#include "platform/base/regionale.h"
 #include "platform/calendar/calendario.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
@@ -25,12 +22,12 @@ frmTerminiSeq::frmTerminiSeq() : ui(std::make_unique<Ui::frmTerminiSeq>())
     ui->setupUi(this);
     ImpostaMenu(this, {{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New, [this] { mnuNew_Click(); }},
                        {u"mnuPrint"_s, u"Stampa"_s, QKeySequence::Print, [this] { mnuPrint_Click(); }}});
-    for (const ArticoloTermini& Uno : Articoli())
-        ui->cmbArticolo->addItem(Uno.Voce.toString());
+    for (const ArticoloTermini& Articolo : Articoli())
+        ui->cmbArticolo->addItem(Articolo.Voce.toString());
     ui->cmbArticolo->setCurrentIndex(0);
     constexpr double Ingrandimento = 1.15;
     constexpr int RigheRisultato = 6;  // three links, a blank line before each
-    PreparaPannello(ui->lblRisult, ui->cmdCopia, Ingrandimento, RigheRisultato);
+    PreparaPannello(Campi(), Ingrandimento, RigheRisultato);
     ui->cmdCalend->setIcon(aspetto::Icona(u"calendario"_s));
     ui->Calendario->ImpostaNomeInizio(u"Udienza"_s);
     PreparaModulo(this, u"sequenz"_s);
@@ -44,12 +41,12 @@ frmTerminiSeq::~frmTerminiSeq() = default;
 void frmTerminiSeq::Collegamenti()
 {
     CatenaInvio({ui->cmbArticolo, ui->mskDecorr, ui->chkSosp, ui->chkSabato}, [this] { cmdEsegui_Click(); });
-    CopiaRisultato(this, ui->cmdCopia, [this] { return TestoPulito(Risultato); });
+    CopiaRisultato(this, ui->cmdCopia, [this] { return DidascaliaPulita(Risultato); });
     ui->cmbArticolo->installEventFilter(this);
     ui->chkSosp->installEventFilter(this);
 
     const auto Cambiato = [this] { Pulisci(); };
-    Collega(ui->mskDecorr, &QLineEdit::textEdited, this, [this] { mskDecorr_Change(); });
+    CollegaDecorrenza(Campi(), Cambiato);
     Collega(ui->cmbArticolo, &QComboBox::currentIndexChanged, this, Cambiato);
     for (const QCheckBox* Casella : {ui->chkSosp, ui->chkSabato})
         Collega(Casella, &QCheckBox::clicked, this, Cambiato);
@@ -57,10 +54,10 @@ void frmTerminiSeq::Collegamenti()
     Collega(ui->cmdEsegui, &QPushButton::clicked, this, [this] { cmdEsegui_Click(); });
     Collega(ui->cmdAvvertenze, &QPushButton::clicked, this, [this] { cmdAvvertenze_Click(); });
     Collega(ui->cmdCalend, &QToolButton::clicked, this, [this] { cmdCalend_Click(); });
-    Collega(ui->Calendario, &CalendarioMensile::DataScelta, this, &frmTerminiSeq::Calendario_Scelta);
-    ui->Calendario->ImpostaRegole(
-        {[](const QDate& Giorno) { return IsFestivo(Giorno); },
-         [this](const QDate& Giorno) { return ui->chkSosp->isChecked() && GiornoSospeso(Giorno); }});
+    Collega(ui->Calendario, &CalendarioMensile::DataScelta, this, [this, Cambiato](const QDate& Data) {
+        PrendiData(Campi(), Data, Cambiato);
+        ui->Calendario->hide();
+    });
 }
 
 void frmTerminiSeq::Mostra()
@@ -76,6 +73,12 @@ bool frmTerminiSeq::eventFilter(QObject* Oggetto, QEvent* Evento)
     return QDialog::eventFilter(Oggetto, Evento);
 }
 
+CampiTermini frmTerminiSeq::Campi() const
+{
+    return {ui->mskDecorr, ui->chkSosp,      ui->chkSabato, ui->Calendario,
+            ui->lblRisult, ui->lblSettembre, ui->cmdCopia};
+}
+
 OpzioniTermine frmTerminiSeq::Opzioni() const
 {
     return {.Sospensione = ui->chkSosp->isChecked(), .Sabato = ui->chkSabato->isChecked()};
@@ -85,25 +88,16 @@ void frmTerminiSeq::Pulisci()
 {
     Scadenze.clear();
     Risultato.clear();
-    ScriviRisultato(ui->lblRisult, ui->cmdCopia, {});
-    SegnaGiorni();
+    ScriviRisultato(Campi(), {});
+    Segna();
 }
 
-void frmTerminiSeq::SegnaGiorni()
+void frmTerminiSeq::Segna()
 {
     QList<QDate> Giorni;
-    for (const ScadenzaAnello& Una : Scadenze)
-        Giorni << Una.Data;
-    ui->Calendario->Segna(LeggiData(SenzaSecolo(ui->mskDecorr->Testo())), Giorni);
-}
-
-void frmTerminiSeq::mskDecorr_Change()
-{
-    if (const auto Ammesso = SabatoAmmesso(ui->mskDecorr->Testo()))
-        ui->chkSabato->setEnabled(*Ammesso);
-    Pulisci();
-    if (const auto Udienza = ui->mskDecorr->Data())
-        ui->Calendario->ImpostaData(*Udienza);
+    for (const ScadenzaAnello& Scadenza : Scadenze)
+        Giorni << Scadenza.Data;
+    SegnaGiorni(Campi(), Giorni);
 }
 
 void frmTerminiSeq::cmdEsegui_Click()
@@ -114,8 +108,8 @@ void frmTerminiSeq::cmdEsegui_Click()
 bool frmTerminiSeq::Calcola()
 {
     const QString Udienza = ui->mskDecorr->Testo();
-    if (const auto Difetto = DifettoUdienza(Udienza)) {
-        MsgErrore(Difetto->Messaggio);
+    if (const auto Trovato = DifettoUdienza(Udienza)) {
+        MsgErrore(Trovato->Messaggio);
         return false;
     }
     MostraScadenze(CalcolaSequenza(Udienza, ui->cmbArticolo->currentIndex(), Opzioni()));
@@ -127,24 +121,15 @@ void frmTerminiSeq::MostraScadenze(const QList<ScadenzaAnello>& Calcolate)
     Scadenze = Calcolate;
     Risultato = TestoSequenza(ui->cmbArticolo->currentIndex(), Scadenze);
     // One line end on screen: a label would show the carriage return as one more.
-    ScriviRisultato(ui->lblRisult, ui->cmdCopia, QString(Risultato).remove(u'\r'));
+    ScriviRisultato(Campi(), QString(Risultato).remove(u'\r'), SettembreSospeso(Scadenze));
     ui->Calendario->ImpostaData(Scadenze.first().Data);
-    SegnaGiorni();
+    Segna();
     Campanello();
 }
 
 void frmTerminiSeq::cmdCalend_Click()
 {
-    ui->Calendario->setVisible(!ui->Calendario->isVisible());
-    ui->mskDecorr->setFocus();
-}
-
-void frmTerminiSeq::Calendario_Scelta(const QDate& Data)
-{
-    ui->mskDecorr->ImpostaData(Data);
-    mskDecorr_Change();
-    ui->mskDecorr->setFocus();
-    ui->Calendario->hide();
+    AlternaCalendario(Campi());
 }
 
 void frmTerminiSeq::cmdAvvertenze_Click()
@@ -168,6 +153,6 @@ void frmTerminiSeq::mnuPrint_Click()
 {
     MostraStampa(u": calcolo termini sequenziali"_s, [this](Superficie& vp) {
         return StampaSequenza(vp, ui->mskDecorr->Testo(), ui->cmbArticolo->currentIndex(), Opzioni(),
-                              Risultato);
+                              Risultato, AvvisoMostrato(Campi()));
     });
 }

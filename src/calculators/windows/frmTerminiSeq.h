@@ -4,6 +4,7 @@
 #pragma once
 
 #include "calculators/modTerminiSeq.h"
+#include "calculators/windows/finestretermini.h"
 
 #include <QDialog>
 
@@ -23,7 +24,7 @@ public:
 
     void Mostra();
 
-    /// Calculates the chain, or tells what lacks. A failure is reported and leaves the result as it was.
+    /// Calculates the chain, or says what is missing. A failure is reported and leaves the result as it was.
     /// Every way out ends on the date.
     void cmdEsegui_Click();
     void mnuNew_Click();
@@ -40,12 +41,11 @@ protected:
 
 private:
     void Collegamenti();
-    void mskDecorr_Change();
-    void Calendario_Scelta(const QDate& Data);
     [[nodiscard]] bool Calcola();
     void MostraScadenze(const QList<ScadenzaAnello>& Calcolate);
-    void SegnaGiorni();
+    void Segna();
     [[nodiscard]] OpzioniTermine Opzioni() const;
+    [[nodiscard]] CampiTermini Campi() const;
 
     std::unique_ptr<Ui::frmTerminiSeq> ui;
     QList<ScadenzaAnello> Scadenze;  ///< of the result

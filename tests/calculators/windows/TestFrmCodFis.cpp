@@ -6,7 +6,10 @@
 
 #include <QAbstractItemView>
 #include <QCompleter>
+#include <QDialog>
 #include <QElapsedTimer>
+#include <QScopeGuard>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -33,6 +36,12 @@ private Q_SLOTS:
     void elencoScelto();
     void elencoNonScelto();
     void accentiNellElenco();
+    void elencoDietroUnMessaggioVero();
+    void segnatoConta_data();
+    void segnatoConta();
+    void segnatoERifiutatoNonConta();
+    void cambiareToglieIlCodice_data();
+    void cambiareToglieIlCodice();
     void apostrofi();
     void archivioMancante();
     void chiudeLArchivio();
@@ -235,7 +244,7 @@ void TestFrmCodFis::comuneIgnotoUnaVolta()
     B->Voce.Attendi(u"Comune non in elenco."_s, vbOK, u"Attenzione!"_s);
     Scrivi(F, "txtComune", u"romxyz"_s);
     QCOMPARE(B->Voce.Mostrati().size(), 1);
-    QCOMPARE(B->Voce.Mostrati().last().Bandiere, vbExclamation);
+    QCOMPARE(B->Voce.Ultimo().Bandiere, vbExclamation);
     QCOMPARE(Comune()->text(), u"Romxyz"_s);
     QVERIFY(Rosso("txtComune"));
     QCOMPARE(NomeFuoco(), u"txtComune"_s);
@@ -296,6 +305,108 @@ void TestFrmCodFis::accentiNellElenco()
     QCOMPARE(Comune()->text(), u"Cantù"_s);
     QVERIFY(!Rosso("txtComune"));
     QCOMPARE(CodiceComune(), u"B639"_s);
+}
+
+// A message that takes the focus and gives it back: the list comes with it, and nothing in it looks marked.
+void TestFrmCodFis::elencoDietroUnMessaggioVero()
+{
+    Messaggi Veri;
+    int Visti = 0;
+    Veri.Box = [this, &Visti](const QString&, int, const QString&) {
+        ++Visti;
+        QDialog Messaggio(F);
+        QTimer::singleShot(0, &Messaggio, &QDialog::accept);
+        Messaggio.exec();
+        return int(vbOK);
+    };
+    const Messaggi Prima = InstallaMessaggi(Veri);
+    const auto Rimetti = qScopeGuard([&Prima] { InstallaMessaggi(Prima); });
+    Scrivi(F, "txtComune", u"cant"_s);
+    // The last key is a real one: what it closes a message in comes back before the window is active again.
+    QWidget Altra;
+    Comune()->setText(u"cantu"_s);
+    QVERIFY(MostraAttiva(Altra));
+    F->txtComune_Change(u"cantu"_s);
+    QCOMPARE(Visti, 1);
+    QVERIFY(!Lista()->isVisible());
+    QApplication::setActiveWindow(F);
+    QTRY_VERIFY(Lista()->isVisible());
+    QCOMPARE(Lista()->model()->index(0, 0).data().toString(), u"Cantù"_s);
+    QVERIFY(!Lista()->currentIndex().isValid());
+    QTest::keyClick(Lista(), Qt::Key_Down);
+    QTest::keyClick(Lista(), Qt::Key_Return);
+    QCOMPARE(Comune()->text(), u"Cantù"_s);
+}
+
+void TestFrmCodFis::segnatoConta_data()
+{
+    QTest::addColumn<int>("Come");
+    QTest::newRow("Tab") << 0;
+    QTest::newRow("clic altrove") << 1;
+    QTest::newRow("un altro campo") << 2;
+    QTest::newRow("il pulsante") << 3;
+}
+
+void TestFrmCodFis::segnatoConta()
+{
+    QFETCH(int, Come);
+    Compila(u"Rossi"_s, u"Mario"_s, u"01/01/1980"_s, 0);
+    Scrivi(F, "txtComune", u"reggio"_s);
+    QCOMPARE(Comune()->text(), u"Reggio Calabria"_s);
+    const auto Segnato = [this] { return Lista()->selectionModel()->currentIndex().data().toString(); };
+    for (int i = 0; i < 12 && !Segnato().startsWith(u"Reggio nell"); ++i)
+        QTest::keyClick(Lista(), Qt::Key_Down);
+    QVERIFY(Segnato().startsWith(u"Reggio nell"));
+    if (Come == 0)
+        QTest::keyClick(Lista(), Qt::Key_Tab);
+    if (Come == 1) {
+        QTest::mouseClick(Lista(), Qt::LeftButton, {}, QPoint(-50, -50));
+        QVERIFY(!Lista()->isVisible());
+        Controllo(F, "txtNome")->setFocus(Qt::MouseFocusReason);
+    }
+    if (Come == 2)
+        Controllo(F, "txtNome")->setFocus(Qt::ShortcutFocusReason);
+    if (Come == 3)
+        Elabora();
+    QVERIFY(!Lista()->isVisible());
+    QCOMPARE(Comune()->text(), u"Reggio nell'Emilia"_s);
+    QCOMPARE(CodiceComune(), u"H223"_s);
+}
+
+void TestFrmCodFis::segnatoERifiutatoNonConta()
+{
+    Compila(u"Rossi"_s, u"Mario"_s, u"01/01/1980"_s, 0);
+    Scrivi(F, "txtComune", u"reggio"_s);
+    QTest::keyClick(Lista(), Qt::Key_Down);
+    QTest::keyClick(Lista(), Qt::Key_Down);
+    QTest::keyClick(Lista(), Qt::Key_Escape);
+    QVERIFY(!Lista()->isVisible());
+    Controllo(F, "txtNome")->setFocus();
+    QCOMPARE(Comune()->text(), u"Reggio Calabria"_s);
+}
+
+void TestFrmCodFis::cambiareToglieIlCodice_data()
+{
+    QTest::addColumn<QString>("Casella");
+    for (const char* Casella : {"txtCognome", "txtNome", "txtDataNascita", "txtComune", "cboSesso"})
+        QTest::newRow(Casella) << QString::fromLatin1(Casella);
+}
+
+// A code on view is of the person in the boxes.
+void TestFrmCodFis::cambiareToglieIlCodice()
+{
+    QFETCH(QString, Casella);
+    Compila(u"De Luca"_s, u"Maria"_s, u"05/05/1985"_s, 1);
+    Scrivi(F, "txtComune", u"roma"_s);
+    Elabora();
+    QVERIFY(!TestoDi(F, "txtCodiceFiscale").isEmpty());
+    QVERIFY(Controllo(F, "cmdCopia")->isEnabled());
+    if (auto* Lista = F->findChild<QComboBox*>(Casella))
+        Lista->setCurrentIndex(0);
+    else
+        Scrivi(F, Casella.toLatin1().constData(), Casella == u"txtComune" ? u"bari"_s : u"1"_s);
+    QCOMPARE(TestoDi(F, "txtCodiceFiscale"), QString());
+    QVERIFY(!Controllo(F, "cmdCopia")->isEnabled());
 }
 
 void TestFrmCodFis::apostrofi()

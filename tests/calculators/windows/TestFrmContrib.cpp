@@ -30,6 +30,9 @@ private Q_SLOTS:
     void barraADueMete();
     void finestraPiccolaMostraTutto();
     void rotella();
+    void barraInPassoConLaPagina();
+    void nienteDaCopiare();
+    void schedaSenzaLettore();
     void attivazione();
     void documenti();
     void schedaMancante();
@@ -181,15 +184,18 @@ void TestFrmContrib::testoCheNonENumero()
     QCOMPARE(Contributo(1), u"21,50"_s);
 }
 
+// From value to value with nothing but the keyboard; no Enter copies, none opens a document.
 void TestFrmContrib::invioVaAvanti()
 {
+    QApplication::clipboard()->setText(u"di prima"_s);
     for (int i = 0; i < CampiContributo; ++i) {
-        Controllo(F, Nome("txtValore", i))->setFocus();
+        QCOMPARE(NomeFuoco(), QString::fromLatin1(Nome("txtValore", i)));
         Digita(u"1000"_s);
         Premi(Qt::Key_Return);
-        QVERIFY(NomeFuoco() != QString::fromLatin1(Nome("txtValore", i)));
         QVERIFY(!Contributo(i).isEmpty());
     }
+    QCOMPARE(NomeFuoco(), u"txtValore_0"_s);
+    QCOMPARE(Appunti(), u"di prima"_s);
     QVERIFY(B->Aperti.isEmpty());
 }
 
@@ -260,6 +266,59 @@ void TestFrmContrib::rotella()
             QVERIFY(Alto() < Prima && Alto() > Prima - Vista->height());
     }
     QCOMPARE(Alto() + Controllo(F, "fraContrib")->height(), Vista->height());
+}
+
+// Wheel and focus move the page: the bar goes with it, and each of its arrows still has a way to go.
+void TestFrmContrib::barraInPassoConLaPagina()
+{
+    F->resize(910, 460);
+    Respiro();
+    auto* Vista = Controllo(F, "Picture1");
+    auto* Barra = Controllo<QScrollBar>(F, "VScroll1");
+    const int InCima = Alto();
+    const auto Rotella = [Vista](int Gradi) {
+        QWheelEvent Giro(QPointF(10, 10), Vista->mapToGlobal(QPointF(10, 10)), QPoint(), QPoint(0, Gradi),
+                         Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(Vista, &Giro);
+    };
+    Rotella(-120);
+    QVERIFY(Barra->value() > Barra->minimum() && Barra->value() < Barra->maximum());
+    Barra->triggerAction(QAbstractSlider::SliderSingleStepSub);
+    QCOMPARE(Alto(), InCima);
+    QCOMPARE(Barra->value(), Barra->minimum());
+    for (int i = 0; i < 200; ++i)
+        Rotella(-120);
+    const int InFondo = Alto();
+    QCOMPARE(Barra->value(), Barra->maximum());
+    Barra->triggerAction(QAbstractSlider::SliderSingleStepSub);
+    QCOMPARE(Alto(), InCima);
+    Controllo(F, "txtValore_4")->setFocus();
+    QVERIFY(Barra->value() > Barra->minimum());
+    Barra->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    QCOMPARE(Alto(), InFondo);
+    QCOMPARE(Barra->value(), Barra->maximum());
+}
+
+void TestFrmContrib::nienteDaCopiare()
+{
+    const auto* Copia = Controllo(F, "cmdCopia_1");
+    QVERIFY(!Copia->isEnabled());
+    Scrivi(F, "txtValore_1", u"1000"_s);
+    QVERIFY2(Copia->isEnabled(), "the click that copies computes the fee first");
+    Scrivi(F, "txtValore_1", {});
+    Controllo(F, "txtValore_0")->setFocus();
+    QVERIFY(!Copia->isEnabled());
+}
+
+void TestFrmContrib::schedaSenzaLettore()
+{
+    const QString Cartella = sessione::PercorsoProg = NuovaCartella();
+    QVERIFY(QDir().mkpath(Cartella + u"docum"_s));
+    ScriviFile(Cartella + u"docum/SchedaImpugnazioni.pdf"_s, "%PDF");
+    B->Lettore = false;
+    B->Voce.Attendi(u"Percorso Acrobat reader non trovato!"_s, vbOK, u"Errore:"_s);
+    Controllo<QPushButton>(F, "cmdSkImpugn")->click();
+    QCOMPARE(B->Aperti, QStringList{u"file SchedaImpugnazioni.pdf"_s});
 }
 
 // Coming back from another window of the program begins anew; from a message one goes on where one was.

@@ -16,6 +16,7 @@ namespace {
 const auto NonAggiornati = u"Attenzione: i tassi di interessi non sono aggiornati.\n"
                            "Si vuole procedere all'aggiornamento degli indici?"_s;
 const auto UltimoIndice = u"Il calcolo verrà effettuato con l'ultimo indice disponibile."_s;
+constexpr int Tasso = 2;
 constexpr int Giorni = 3;
 constexpr int Interesse = 4;
 
@@ -59,6 +60,10 @@ private Q_SLOTS:
     void dateSenzaSeparatori();
     void virgolaDelTastierino();
     void copie();
+    void nienteDaCopiare();
+    void lire();
+    void tassiIncolonnati();
+    void siSenzaAggiornamento();
     void calendario();
     void escNelCalendario();
     void avvertenze();
@@ -269,7 +274,7 @@ void TestFrmInteressi::messaggiDelControllo()
     B->Voce.Attendi(Messaggio, vbOK, u"Errore:"_s);
     Calcola();
     Respiro();
-    QCOMPARE(B->Voce.Mostrati().last().Bandiere, vbCritical);
+    QCOMPARE(B->Voce.Ultimo().Bandiere, vbCritical);
     QCOMPARE(NomeFuoco(), Fuoco);
     // The form goes on.
     Controllo<QRadioButton>(F, "optDataFine_0")->setChecked(true);
@@ -389,7 +394,7 @@ void TestFrmInteressi::avvisoDellAumentoUnaVoltaSola()
     Compila(u"10.000"_s, u"01/01/2013"_s, u"31/12/2014"_s);
     B->Voce.Attendi(u"I tassi di interessi saranno aumentati del 1,5%"_s, vbOK, u"Avvertimento:"_s);
     Calcola();
-    QCOMPARE(B->Voce.Mostrati().last().Bandiere, vbExclamation);
+    QCOMPARE(B->Voce.Ultimo().Bandiere, vbExclamation);
     QCOMPARE(Grid()->Righe(), 2);
     Calcola();
     QCOMPARE(B->Voce.Mostrati().size(), 1);
@@ -556,7 +561,7 @@ void TestFrmInteressi::copie()
     QCOMPARE(Appunti(), u"35.000,00"_s);
     const auto Tabella = u"Dal giorno\tAl giorno\tTasso\tN° Giorni\tInteressi\n"
                          "01/01/2013\t31/12/2013\t2,5\t365\t25.000,00\n"
-                         "01/01/2014\t31/12/2014\t1\t365\t10.000,00\n"
+                         "01/01/2014\t31/12/2014\t1,0\t365\t10.000,00\n"
                          "\t\t\tTotale in euro\t35.000,00"_s;
     Controllo<QToolButton>(F, "cmdCopiaTabella")->click();
     QCOMPARE(Appunti(), Tabella);
@@ -567,7 +572,54 @@ void TestFrmInteressi::copie()
     Grid()->Seleziona(1);
     CopiaConTasti();
     QCOMPARE(Appunti(), u"Dal giorno\tAl giorno\tTasso\tN° Giorni\tInteressi\n"
-                        "01/01/2014\t31/12/2014\t1\t365\t10.000,00"_s);
+                        "01/01/2014\t31/12/2014\t1,0\t365\t10.000,00"_s);
+}
+
+void TestFrmInteressi::nienteDaCopiare()
+{
+    const auto* Totale = Controllo(F, "cmdCopia");
+    const auto* Tabella = Controllo(F, "cmdCopiaTabella");
+    QVERIFY(!Totale->isEnabled() && !Tabella->isEnabled());
+    Compila(u"1000"_s, u"01/01/2012"_s, u"31/12/2012"_s);
+    Calcola();
+    QVERIFY(Totale->isEnabled() && Tabella->isEnabled());
+    Scrivi(F, "txtCapitale", u"2"_s);
+    QVERIFY(!Totale->isEnabled() && !Tabella->isEnabled());
+    Compila(u"1000"_s, u"31/12/2012"_s, u"01/01/2012"_s);
+    Calcola();
+    QVERIFY2(Totale->isEnabled() && !Tabella->isEnabled(), "a total of 0,00 without lines");
+}
+
+void TestFrmInteressi::lire()
+{
+    Compila(u"1936270"_s, u"01/01/2012"_s, u"31/12/2012"_s);
+    Scegli(F, "cmbValuta", 1);
+    Calcola();
+    QCOMPARE(TestoDi(F, "lblTotale"), u"25,07"_s);
+}
+
+// Commas below each other: as many decimals in every line as the longest rate needs.
+void TestFrmInteressi::tassiIncolonnati()
+{
+    Sostituisci(ArchivioConTassi(u"InteressiLegali"_s, {{QDate(2012, 1, 1), QDate(2012, 12, 31), 8.75},
+                                                        {QDate(2013, 1, 1), QDate(2013, 12, 31), 8.0},
+                                                        {QDate(2014, 1, 1), QDate(2014, 12, 31), 10.5}}));
+    Compila(u"1000"_s, u"01/06/2012"_s, u"01/06/2014"_s);
+    Calcola();
+    QCOMPARE(Cella(0, Tasso), u"8,75"_s);
+    QCOMPARE(Cella(1, Tasso), u"8,00"_s);
+    QCOMPARE(Cella(2, Tasso), u"10,50"_s);
+}
+
+void TestFrmInteressi::siSenzaAggiornamento()
+{
+    Aperture.Aggiorna = {};
+    Sostituisci(ArchivioConTassi(u"InteressiLegali"_s, {{QDate(2012, 1, 1), QDate(2012, 12, 31), 5.0}}));
+    Compila(u"36500"_s, u"31/12/2011"_s, u"10/01/2012"_s);
+    B->Voce.Attendi(NonAggiornati, vbYes, u"Domanda:"_s);
+    B->Voce.Attendi(u"L'aggiornamento degli indici non è disponibile in questa versione del programma."_s);
+    Calcola();
+    QVERIFY(!F->isVisible());
 }
 
 void TestFrmInteressi::calendario()

@@ -48,6 +48,7 @@ private Q_SLOTS:
     void calendario();
     void grafico();
     void copie();
+    void nienteDaCopiare();
     void accessibile();
     void ricordaIlPosto();
 
@@ -205,7 +206,7 @@ void TestFrmIstat::messaggiDelControllo()
     B->Voce.Attendi(Messaggio, vbOK, u"Errore:"_s);
     Calcola();
     Respiro();
-    QCOMPARE(B->Voce.Mostrati().last().Bandiere, vbCritical);
+    QCOMPARE(B->Voce.Ultimo().Bandiere, vbCritical);
     QCOMPARE(NomeFuoco(), Fuoco);
     Compila(u"1000"_s, u"01/01/2020"_s, u"01/01/2024"_s);
     Calcola();
@@ -438,8 +439,22 @@ void TestFrmIstat::copie()
                         "Variaz. percent.\t16,164"_s);
 }
 
+void TestFrmIstat::nienteDaCopiare()
+{
+    const auto* Importo = Controllo(F, "cmdCopia");
+    const auto* Tutto = Controllo(F, "cmdCopiaTutto");
+    QVERIFY(!Importo->isEnabled() && !Tutto->isEnabled());
+    Compila(u"1000"_s, u"01/01/2012"_s, u"01/01/2013"_s);
+    Calcola();
+    QVERIFY(Importo->isEnabled() && Tutto->isEnabled());
+    Scrivi(F, "txtImporto", u"2"_s);
+    QVERIFY(!Importo->isEnabled() && !Tutto->isEnabled());
+}
+
 void TestFrmIstat::accessibile()
 {
+    QCOMPARE(Controllo(F, "cmdCalend_0")->accessibleName(), u"Calendario della data iniziale"_s);
+    QCOMPARE(Controllo(F, "cmdCalend_1")->accessibleName(), u"Calendario della data finale"_s);
     QCOMPARE(SenzaNome(F).join(u", "_s), QString());
     for (const char* Nome : {"cmdCalend_0", "cmdCalend_1"})
         QCOMPARE(Controllo(F, Nome)->toolTip(), u"Osserva la scadenza sul calendario"_s);

@@ -49,6 +49,8 @@ private Q_SLOTS:
     void sabatoSecondoLaData();
     void sabatoSpuntatoMaDisabilitato();
     void annoDiDueCifre();
+    void annoDiDueCifreLasciandoLaData();
+    void settembreDal2015();
     void fuoriDalCalendario_data();
     void fuoriDalCalendario();
     void ogniCambioPulisce_data();
@@ -183,6 +185,9 @@ void TestFrmTermini::casi_data()
     QTest::newRow("il giorno libero cade su Santo Stefano")
         << u"20122012"_s << u"5"_s << Giorni << false << true << false << Avanti
         << u"La scadenza è Giovedì,  27 Dicembre  2012\n(Posticipata)"_s;
+    QTest::newRow("il giorno libero si aggiunge")
+        << u"01032012"_s << u"5"_s << Giorni << false << true << false << Avanti
+        << u"La scadenza è Mercoledì,  7 Marzo  2012"_s;
     QTest::newRow("Lunedì dell'Angelo")
         << u"08042012"_s << u"1"_s << Giorni << false << false << false << Avanti
         << u"La scadenza è Martedì,  10 Aprile  2012\n(Posticipata)"_s;
@@ -334,7 +339,7 @@ void TestFrmTermini::sabatoARitroso()
     B->Uno<QRadioButton>(u"optTipoScad_1"_s)->click();
     Box.Attendi(SabatoARitroso, vbOK, u"Avvertenza:"_s);
     B->Calcola();
-    QCOMPARE(Box.Mostrati().first().Bandiere, vbExclamation);
+    QCOMPARE(Box.Mostrato(0).Bandiere, vbExclamation);
     QVERIFY(!B->Uno<QCheckBox>(u"chkSabato"_s)->isChecked());
     QCOMPARE(B->Risultato(), u"La scadenza è Sabato,  7 Aprile  2012"_s);
     // Said once: the choice is gone.
@@ -386,6 +391,57 @@ void TestFrmTermini::annoDiDueCifre()
     // The mask is never rewritten.
     B->Uno(u"txtIncrNum"_s)->setFocus();
     QCOMPARE(B->Data()->Testo(), u"12/03/20__"_s);
+}
+
+// At each key the stated rule; once the box is left, the date that is meant counts.
+void TestFrmTermini::annoDiDueCifreLasciandoLaData()
+{
+    QWidget* Sabato = B->Uno(u"chkSabato"_s);
+    B->Scrivi(u"mskDecorr"_s, u"010812"_s);
+    QVERIFY(!Sabato->isEnabled());
+    QCOMPARE(B->Calendario()->Data(), QDate(2012, 7, 18));
+    Premi(Qt::Key_Return);
+    QVERIFY(Sabato->isEnabled());
+    QCOMPARE(B->Calendario()->Data(), QDate(2012, 8, 1));
+    QCOMPARE(B->Data()->Testo(), u"01/08/12__"_s);
+    B->Scrivi(u"mskDecorr"_s, u"010306"_s);
+    QVERIFY(Sabato->isEnabled());
+    Premi(Qt::Key_Return);
+    QVERIFY(!Sabato->isEnabled());
+    // A shortcut calculates with the focus in the box.
+    Registratore Box;
+    B->Scrivi(u"txtIncrNum"_s, u"10"_s);
+    B->Scrivi(u"mskDecorr"_s, u"010812"_s);
+    B->F->cmdEsegui_Click();
+    QVERIFY(Sabato->isEnabled());
+    QCOMPARE(B->Calendario()->Data(), QDate(2012, 9, 25));
+    B->Uno(u"txtIncrNum"_s)->setFocus();
+    QCOMPARE(B->Calendario()->Data(), QDate(2012, 9, 25));
+}
+
+void TestFrmTermini::settembreDal2015()
+{
+    const auto Avviso = u"Dal 2015 la sospensione termina il 31 agosto: v. Avvertenze"_s;
+    auto* Riga = B->Uno<QLabel>(u"lblSettembre"_s);
+    Registratore Box;
+    Compila(u"01072014"_s, u"60"_s);
+    B->Calcola();
+    QVERIFY(!Riga->isVisible());
+    Compila(u"01072026"_s, u"60"_s);
+    QVERIFY(!Riga->isVisible());
+    B->Calcola();
+    QCOMPARE(B->Risultato(), u"La scadenza è Giovedì,  15 Ottobre  2026\n(Posticipata)"_s);
+    QVERIFY(Riga->isVisible());
+    QCOMPARE(Riga->text(), Avviso);
+    QVERIFY(B->Uno(u"lblRisult"_s)->accessibleName().endsWith(Avviso));
+    B->Clic(u"cmdCopia"_s);
+    QCOMPARE(QApplication::clipboard()->text(), u"La scadenza è Giovedì, 15 Ottobre 2026\n(Posticipata)"_s);
+    B->Voce(u"mnuStampa"_s);
+    QCOMPARE(B->Stampato().last(), Avviso);
+    B->Spunta(u"chkSosp"_s, false);
+    QVERIFY(!Riga->isVisible());
+    B->Calcola();
+    QVERIFY(!Riga->isVisible());
 }
 
 void TestFrmTermini::fuoriDalCalendario_data()

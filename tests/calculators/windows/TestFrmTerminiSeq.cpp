@@ -39,6 +39,7 @@ private Q_SLOTS:
     void rifiuti_data();
     void rifiuti();
     void annoDiDueCifre();
+    void settembreDal2015();
     void fuoriDalCalendario();
     void sabato();
     void ogniCambioPulisce_data();
@@ -118,14 +119,18 @@ void TestFrmTerminiSeq::anelli_data()
     QTest::addColumn<int>("Articolo");
     QTest::addColumn<bool>("Sosp");
     QTest::addColumn<QString>("Risultato");
-    QTest::newRow("la nota di un anello non passa al seguente; si conta dal lunedì")
-        << u"14032012"_s << 0 << false << Memorie2012;
+    QTest::newRow("la nota di un anello non passa al seguente") << u"14032012"_s << 0 << false << Memorie2012;
     QTest::newRow("il primo anello entra nella sospensione, tutti oltre il 15/09")
         << u"10072012"_s << 0 << true
         << u"\n"
            "  1° termine (30 giorni):  Lunedì,  24 Settembre  2012 (Posticipato)\n\n"
            "  2° termine (30 giorni):  Mercoledì,  24 Ottobre  2012\n\n"
            "  3° termine (20 giorni):  Martedì,  13 Novembre  2012"_s;
+    QTest::newRow("il primo cade di domenica, il secondo si conta dal lunedì")
+        << u"14112012"_s << 1 << false
+        << u"\n"
+           "  1° termine (60 giorni):  Lunedì,  14 Gennaio  2013 (Posticipato)\n\n"
+           "  2° termine (20 giorni):  Lunedì,  4 Febbraio  2013 (Posticipato)"_s;
     QTest::newRow("conclusionali") << u"12112012"_s << 1 << false
                                    << u"\n"
                                       "  1° termine (60 giorni):  Venerdì,  11 Gennaio  2013\n\n"
@@ -207,6 +212,23 @@ void TestFrmTerminiSeq::rifiuti()
     Compila(u"14032012"_s);
     B->Calcola();
     QCOMPARE(B->Risultato(), Memorie2012);
+}
+
+void TestFrmTerminiSeq::settembreDal2015()
+{
+    auto* Riga = B->Uno<QLabel>(u"lblSettembre"_s);
+    Registratore Box;
+    Compila(u"01072026"_s);
+    B->Calcola();
+    QVERIFY2(!Riga->isVisible(), "without suspension no day is left out");
+    B->Spunta(u"chkSosp"_s, true);
+    B->Calcola();
+    QVERIFY(Riga->isVisible());
+    QCOMPARE(Riga->text(), u"Dal 2015 la sospensione termina il 31 agosto: v. Avvertenze"_s);
+    B->Voce(u"mnuPrint"_s);
+    QCOMPARE(B->Stampato().last(), Riga->text());
+    B->Voce(u"mnuNew"_s);
+    QVERIFY(!Riga->isVisible());
 }
 
 void TestFrmTerminiSeq::annoDiDueCifre()

@@ -56,7 +56,7 @@ public:
             Aperti << u"pdf "_s + NomeFile(File);
             return 0;
         };
-        Nuova.HaProgramma = [](const QString&) { return true; };
+        Nuova.HaProgramma = [this](const QString&) { return Lettore; };
         Nuova.Campanello = [this] { ++Campanelli; };
         Precedente = InstallaShell(std::move(Nuova));
         QApplication::clipboard()->clear();
@@ -83,7 +83,8 @@ public:
 
     Registratore Voce;
     QStringList Aperti;
-    int Esito = 0;  ///< what the system answers when it is asked to open a file
+    int Esito = 0;        ///< what the system answers when it is asked to open a file
+    bool Lettore = true;  ///< whether the system has a program for a document
     int Campanelli = 0;
 
 private:

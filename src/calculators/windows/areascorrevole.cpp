@@ -1,0 +1,75 @@
+#include "calculators/windows/areascorrevole.h"
+
+#include "platform/kit/collega.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+namespace {
+
+/// The widgets of a window that take the focus, in their tab order, which a change of parent would lose.
+QList<QWidget*> OrdineTab(QWidget* Finestra)
+{
+    QList<QWidget*> Ordine;
+    for (QWidget* Prossimo = Finestra->nextInFocusChain(); Prossimo != Finestra;
+         Prossimo = Prossimo->nextInFocusChain())
+        if (Prossimo->focusPolicy() != Qt::NoFocus)
+            Ordine += Prossimo;
+    return Ordine;
+}
+
+}  // namespace
+
+AreaScorrevole::AreaScorrevole(QDialog* Modulo) : QScrollArea(Modulo)
+{
+    const QList<QWidget*> Ordine = OrdineTab(Modulo);
+    QLayout* Disposizione = Modulo->layout();
+    QWidget* Menu = Disposizione->menuBar();
+    Disposizione->setMenuBar(nullptr);
+    auto* Contenuto = new QWidget;
+    Contenuto->setLayout(Disposizione);
+
+    setObjectName(QStringLiteral("areaScorrevole"));
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setWidgetResizable(true);
+    setWidget(Contenuto);
+    auto* Bordi = new QVBoxLayout(Modulo);
+    Bordi->setContentsMargins(0, 0, 0, 0);
+    Bordi->setSpacing(0);
+    Bordi->setMenuBar(Menu);
+    Bordi->addWidget(this, 1);
+    for (QStatusBar* Stato : Contenuto->findChildren<QStatusBar*>()) {
+        Disposizione->removeWidget(Stato);
+        Bordi->addWidget(Stato);
+    }
+    for (qsizetype i = 1; i < Ordine.size(); ++i)
+        QWidget::setTabOrder(Ordine[i - 1], Ordine[i]);
+    Collega(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* Nuovo) {
+        if (Nuovo && widget()->isAncestorOf(Nuovo))
+            ensureWidgetVisible(Nuovo);
+    });
+}
+
+AreaScorrevole::~AreaScorrevole()
+{
+    // What it holds loses the focus while it goes.
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
+QSize AreaScorrevole::sizeHint() const
+{
+    QSize Misura = widget()->sizeHint();
+    if (widget()->layout()->hasHeightForWidth())
+        Misura.setHeight(std::max(Misura.height(), widget()->layout()->heightForWidth(Misura.width())));
+    return Misura;
+}
+
+QSize AreaScorrevole::minimumSizeHint() const
+{
+    constexpr int Lettere = 24;
+    constexpr int Righe = 6;
+    return {fontMetrics().averageCharWidth() * Lettere, fontMetrics().lineSpacing() * Righe};
+}

@@ -1,0 +1,160 @@
+// The windows of the calculators on small screens and with large letters: nothing is squeezed, what does not
+// fit scrolls, what has the focus is in sight. What all have in common for the keyboard and the screen
+// reader.
+#include "banco.h"
+
+#include "calculators/windows/frmCodFis.h"
+#include "calculators/windows/frmContrib.h"
+#include "calculators/windows/frmInteressi.h"
+#include "calculators/windows/frmIstat.h"
+#include "calculators/windows/frmTermini.h"
+#include "calculators/windows/frmTerminiSeq.h"
+
+#include <QAccessible>
+#include <QScrollArea>
+#include <QScrollBar>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Apritore = QDialog* (*)();
+
+template <class Modulo>
+QDialog* ApriModulo()
+{
+    return Apri<Modulo>();
+}
+
+void RigheModuli()
+{
+    QTest::addColumn<Apritore>("Nuovo");
+    QTest::newRow("termini") << Apritore(ApriModulo<frmTermini>);
+    QTest::newRow("sequenziali") << Apritore(ApriModulo<frmTerminiSeq>);
+    QTest::newRow("interessi") << Apritore(ApriModulo<frmInteressi>);
+    QTest::newRow("istat") << Apritore(ApriModulo<frmIstat>);
+    QTest::newRow("codice fiscale") << Apritore(ApriModulo<frmCodFis>);
+    QTest::newRow("contributo") << Apritore(ApriModulo<frmContrib>);
+}
+
+// 1366x768 at 200 % without the task bar, the title and the borders of a window.
+constexpr QSize SchermoPiccolo(660, 300);
+
+}  // namespace
+
+Q_DECLARE_METATYPE(Apritore)
+
+class TestMisure : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void staNelloSchermoPiccolo_data() { RigheModuli(); }
+    void staNelloSchermoPiccolo();
+    void lettereGrandi_data() { RigheModuli(); }
+    void lettereGrandi();
+    void ilFuocoSiVede_data() { RigheModuli(); }
+    void ilFuocoSiVede();
+    void fuocoDallaTastiera_data() { RigheModuli(); }
+    void fuocoDallaTastiera();
+    void listeConNome_data() { RigheModuli(); }
+    void listeConNome();
+
+private:
+    std::unique_ptr<Banco> B;
+    QFont Carattere;
+};
+PROVA(TestMisure);
+
+void TestMisure::init()
+{
+    Carattere = QApplication::font();
+    B = std::make_unique<Banco>();
+    B->ConTassi();
+}
+
+void TestMisure::cleanup()
+{
+    B.reset();
+    QApplication::setFont(Carattere);
+}
+
+void TestMisure::staNelloSchermoPiccolo()
+{
+    QFETCH(Apritore, Nuovo);
+    QDialog* Finestra = Nuovo();
+    QVERIFY(Finestra);
+    const QSize Minima = Finestra->minimumSizeHint().expandedTo(Finestra->minimumSize());
+    QVERIFY2(Minima.width() <= SchermoPiccolo.width() && Minima.height() <= SchermoPiccolo.height(),
+             qPrintable(u"%1x%2"_s.arg(Minima.width()).arg(Minima.height())));
+}
+
+void TestMisure::lettereGrandi()
+{
+    QFETCH(Apritore, Nuovo);
+    QFont Grande = Carattere;
+    Grande.setPointSize(14);
+    QApplication::setFont(Grande);
+    QDialog* Finestra = Nuovo();
+    QVERIFY(Finestra);
+    Finestra->resize(SchermoPiccolo);
+    Respiro();
+    for (const QWidget* Campo : Finestra->findChildren<QWidget*>()) {
+        const bool Scritto = qobject_cast<const QLineEdit*>(Campo) || qobject_cast<const QComboBox*>(Campo) ||
+                             qobject_cast<const QPushButton*>(Campo);
+        if (Scritto && Campo->isVisible())
+            QVERIFY2(Campo->height() >= Campo->minimumSizeHint().height(),
+                     qPrintable(Campo->objectName() + u' ' + QString::number(Campo->height())));
+    }
+}
+
+void TestMisure::ilFuocoSiVede()
+{
+    QFETCH(Apritore, Nuovo);
+    QDialog* Finestra = Nuovo();
+    QVERIFY(Finestra);
+    Finestra->resize(SchermoPiccolo);
+    Respiro();
+    auto* Area = Finestra->findChild<QScrollArea*>(u"areaScorrevole"_s);
+    QVERIFY(Area);
+    int Provati = 0;
+    for (QWidget* Campo : Area->widget()->findChildren<QWidget*>()) {
+        if (!Campo->isVisible() || !Campo->isEnabled() || !qobject_cast<QLineEdit*>(Campo))
+            continue;
+        Campo->setFocus(Qt::OtherFocusReason);
+        const QRect Visto = Area->viewport()->rect();
+        const QPoint Alto = Campo->mapTo(Area->viewport(), QPoint());
+        QVERIFY2(Visto.contains(Alto) && Visto.contains(Alto + QPoint(0, Campo->height() - 1)),
+                 qPrintable(Campo->objectName()));
+        ++Provati;
+    }
+    QVERIFY(Provati > 0);
+}
+
+// The style outlines lists, ticks and options from the start, not from the first Tab on.
+void TestMisure::fuocoDallaTastiera()
+{
+    QFETCH(Apritore, Nuovo);
+    const QDialog* Finestra = Nuovo();
+    QVERIFY(Finestra);
+    QVERIFY(Finestra->testAttribute(Qt::WA_KeyboardFocusChange));
+}
+
+void TestMisure::listeConNome()
+{
+    QFETCH(Apritore, Nuovo);
+    const QDialog* Finestra = Nuovo();
+    QVERIFY(Finestra);
+    for (QComboBox* Lista : Finestra->findChildren<QComboBox*>()) {
+        auto* Letta = QAccessible::queryAccessibleInterface(Lista);
+        QVERIFY(Letta);
+        QVERIFY(!Lista->accessibleName().isEmpty());
+        QCOMPARE(Letta->text(QAccessible::Name), Lista->accessibleName());
+        QCOMPARE(Letta->text(QAccessible::Value), Lista->currentText());
+        QVERIFY(Lista->accessibleName() != Lista->currentText());
+    }
+}
+
+#include "TestMisure.moc"
