@@ -10,6 +10,7 @@
 #include "platform/database/recordset.h"
 
 #include <QList>
+#include <QMap>
 #include <QString>
 #include <QVariant>
 
@@ -90,6 +91,13 @@ public:
     /// Copies a table with its columns, their description and its rows into another open database:
     /// the classic "SELECT * INTO table IN file FROM table". @throws Errore 3010, 3078, as Execute
     void CopiaTabella(const QString& Tabella, const Database& Destinazione) const;
+
+    /// Values that the program keeps in the file beside its tables, by name; empty for a file without them.
+    /// They stand in the table `_Calcanova`, which no list of tables shows and no recordset opens.
+    /// @throws Errore as Execute
+    [[nodiscard]] QMap<QString, QString> Annotazioni() const;
+    /// Puts these in the place of whatever is kept. @throws Errore as Execute; all or nothing
+    void Annota(const QMap<QString, QString>& Valori) const;
 
     friend class Recordset;
     friend class Transazione;

@@ -7,11 +7,21 @@
 
 #include <QHash>
 
+#include <algorithm>
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto TabellaCampi = "_Campi"_L1;
+/// Tables of the engine's own: they stand beside those of the file, and nobody sees them.
+constexpr std::array TabelleProprie{"_Campi"_L1, "_Calcanova"_L1};
+
+bool EPropria(const QString& Nome)
+{
+    return Nome.startsWith("sqlite_"_L1, Qt::CaseInsensitive) ||
+           std::ranges::any_of(TabelleProprie, [&](QLatin1StringView Tabella) { return Nome == Tabella; });
+}
 
 bool Uguali(const QString& A, const QString& B)
 {
@@ -26,7 +36,7 @@ QStringList TabelleDi(Connessione& Conn)
     QStringList Nomi;
     while (Schema.Avanza()) {
         const QString Nome = Schema.Testo(0);
-        if (Nome != TabellaCampi && !Nome.startsWith("sqlite_"_L1, Qt::CaseInsensitive))
+        if (!EPropria(Nome))
             Nomi.append(Nome);
     }
     return Nomi;

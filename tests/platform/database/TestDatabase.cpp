@@ -27,6 +27,9 @@ private Q_SLOTS:
     void copiaTabellaPortaColonneERighe();
     void copiaTabellaTieneIlContatore();
     void copiaTabellaFallitaNonLasciaNulla();
+    void annotazioniNascoste();
+    void annotazioniNellaTransazione();
+    void annotazioniDiAltri();
     void transazioneSenzaConfermaSiAnnulla();
     void transazioneNonSiAnnida();
     void istruzioniSbagliate_data();
@@ -263,6 +266,46 @@ void TestDatabase::copiaTabellaFallitaNonLasciaNulla()
     LimitaPagine(0);
     QCOMPARE(NumeroErrore([&] { Da.CopiaTabella(u"T"_s, A); }), 3026);
     QCOMPARE(A.Tabelle(), QStringList());
+}
+
+void TestDatabase::annotazioniNascoste()
+{
+    const Database Db = CreateDatabase(Cartella + u"t.mdb"_s);
+    Db.CreaTabella(u"T"_s, OgniTipo());
+    QVERIFY(Db.Annotazioni().isEmpty());
+    Db.Annota({{u"uno"_s, u"1"_s}, {u"testo"_s, u"a capo\n\"e\" 'virgolette'"_s}, {u"vuoto"_s, QString()}});
+    QCOMPARE(Db.Tabelle(), QStringList(u"T"_s));
+    QVERIFY(!Db.EsisteTabella(u"_Calcanova"_s));
+    QCOMPARE(NumeroErrore([&] { (void)Db.OpenRecordset(u"_Calcanova"_s); }), 3078);
+    const auto Lette = OpenDatabase(Cartella + u"t.mdb"_s, true).Annotazioni();
+    QCOMPARE(Lette.keys(), QStringList({u"testo"_s, u"uno"_s, u"vuoto"_s}));
+    QCOMPARE(Lette[u"testo"_s], u"a capo\n\"e\" 'virgolette'"_s);
+    // Others take their place as a whole.
+    Db.Annota({{u"due"_s, u"2"_s}});
+    QCOMPARE(Db.Annotazioni().keys(), QStringList(u"due"_s));
+}
+
+void TestDatabase::annotazioniNellaTransazione()
+{
+    const Database Db = CreateDatabase(Cartella + u"t.mdb"_s);
+    {
+        const Transazione Annullata(Db);
+        Db.Annota({{u"uno"_s, u"1"_s}});
+        QCOMPARE(Db.Annotazioni().size(), 1);
+    }
+    QVERIFY(Db.Annotazioni().isEmpty());
+    const Database Lettura = OpenDatabase(Cartella + u"t.mdb"_s, true);
+    QCOMPARE(NumeroErrore([&] { Lettura.Annota({}); }), 3027);
+}
+
+void TestDatabase::annotazioniDiAltri()
+{
+    const Database Db = CreateDatabase(Cartella + u"t.mdb"_s);
+    Db.Execute(u"CREATE TABLE \"_Calcanova\" (a TEXT)"_s);
+    QVERIFY(Db.Annotazioni().isEmpty());
+    Db.Execute(u"DROP TABLE \"_Calcanova\""_s);
+    Db.Execute(u"CREATE VIEW \"_Calcanova\" AS SELECT 'n' AS Nome, 'v' AS Valore"_s);
+    QVERIFY(Db.Annotazioni().isEmpty());
 }
 
 void TestDatabase::transazioneSenzaConfermaSiAnnulla()
