@@ -2,8 +2,8 @@
 #include "misura.h"
 
 #include "core/sessione.h"
-#include "feenote/file/modDocumento.h"
-#include "feenote/file/modFile.h"
+#include "feenote/file/modLettura.h"
+#include "feenote/file/modPosaFile.h"
 #include "feenote/modParametri.h"
 
 #include <QTemporaryDir>

@@ -4,8 +4,8 @@
 // file instead: pairs of a position and a value.
 #include "core/sessione.h"
 #include "feenote/file/modDescrizione.h"
-#include "feenote/file/modDocumento.h"
-#include "feenote/file/modFile.h"
+#include "feenote/file/modLettura.h"
+#include "feenote/file/modPosaFile.h"
 #include "platform/base/errore.h"
 #include "platform/system/messaggi.h"
 

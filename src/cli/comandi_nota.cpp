@@ -2,8 +2,8 @@
 #include "cli/comandi.h"
 
 #include "feenote/file/modDescrizione.h"
-#include "feenote/file/modDocumento.h"
-#include "feenote/file/modFile.h"
+#include "feenote/file/modLettura.h"
+#include "feenote/file/modPosaFile.h"
 #include "feenote/modDatiStampa.h"
 #include "platform/base/errore.h"
 #include "platform/pages/impaginazione.h"

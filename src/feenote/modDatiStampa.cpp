@@ -49,9 +49,6 @@ const VoceDocumento* CercaDocumento(int Tipo)
     return Tipo >= 0 && Tipo < int(Documenti.size()) ? &Documenti[size_t(Tipo)] : nullptr;
 }
 
-constexpr int MassimoBreve = 255;
-constexpr int MassimoMemo = 65535;
-
 constexpr std::array Campi{
     CampoDatiPar{DatoNumero, MassimoBreve},        CampoDatiPar{DatoData, MassimoBreve},
     CampoDatiPar{DatoNumFatt, MassimoBreve},       CampoDatiPar{DatoDataFatt, MassimoBreve},
@@ -151,9 +148,14 @@ std::span<const CampoDatiPar> CampiDatiPar()
     return Campi;
 }
 
+int MassimoDatiPar(DatoStampa Indice)
+{
+    return std::ranges::find(Campi, Indice, &CampoDatiPar::Indice)->Massimo;
+}
+
 void CambiaDatiPar(Parcella& Nota, DatoStampa Indice, const QString& Testo)
 {
-    Nota.txtDatiPar[Indice] = Testo.left(std::ranges::find(Campi, Indice, &CampoDatiPar::Indice)->Massimo);
+    Nota.txtDatiPar[Indice] = Testo.left(MassimoDatiPar(Indice));
     SetModificata(Nota, true);
 }
 

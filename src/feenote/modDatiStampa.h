@@ -22,6 +22,10 @@ struct DatiDocumento
 /// @param Tipo a TipoStampa; any other number asks for nothing
 [[nodiscard]] DatiDocumento DatiDelTipo(int Tipo);
 
+/// Characters of a short text and of a free text of the print data, as the columns of the file hold them.
+constexpr int MassimoBreve = 255;
+constexpr int MassimoMemo = 65535;
+
 /// A box of txtDatiPar and the characters that its column holds.
 struct CampoDatiPar
 {
@@ -29,6 +33,8 @@ struct CampoDatiPar
     int Massimo;
 };
 [[nodiscard]] std::span<const CampoDatiPar> CampiDatiPar();
+/// Characters of one of them.
+[[nodiscard]] int MassimoDatiPar(DatoStampa Indice);
 /// Typed by the user; a longer text is cut.
 void CambiaDatiPar(Parcella& Nota, DatoStampa Indice, const QString& Testo);
 

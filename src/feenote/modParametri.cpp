@@ -80,8 +80,10 @@ void LoadAutorità(Parcella& Nota, const QString& Cat)
 {
     Nota.cmbAutor = NessunaVoce;
     Nota.IdxAutorPrec = NessunaVoce;  // an index into the former list may not point into the new one
-    Nota.ListaAutorita.clear();
-    Protetta([&] { Nota.ListaAutorita = LeggiAutorita(Cat); });
+    const Letti<Autorita> Elenco = LeggiAutorita(Cat);
+    Nota.ListaAutorita = Elenco.Voci;
+    if (Elenco.Guasto)
+        GestioneErrori(*Elenco.Guasto);
     Nota.cmbAutorAbilitata = !Nota.ListaAutorita.isEmpty();
 }
 
@@ -90,15 +92,15 @@ void LoadScaglioni(Parcella& Nota, const QString& Cat)
     if (Nota.CodCateg.isEmpty())
         return;
     Nota.cmbValore = NessunaVoce;
-    Nota.ListaScaglioni.clear();
+    const Letti<ScaglioneValore> Elenco = LeggiScaglioni(Cat);
+    Nota.ListaScaglioni = Elenco.Voci;
     Nota.ValoreMinRich = 0.0;
-    Protetta([&] {
-        LeggiScaglioni(Cat, [&](const ScaglioneValore& Sca) {
-            Nota.ListaScaglioni.append(Sca);
-            if (Sca.RicValore && Nota.ValoreMinRich == 0.0)
-                Nota.ValoreMinRich = Sca.DaVal;
-        });
-    });
+    for (const ScaglioneValore& Sca : Nota.ListaScaglioni) {
+        if (Sca.RicValore && Nota.ValoreMinRich == 0.0)
+            Nota.ValoreMinRich = Sca.DaVal;
+    }
+    if (Elenco.Guasto)
+        GestioneErrori(*Elenco.Guasto);
     Nota.IdxValorePrec = NessunaVoce;
 }
 

@@ -121,7 +121,7 @@ void ApplicaRichiesta(Parcella& Nota, const Richiesta& Dati)
 
 }  // namespace
 
-void NuovaParcella(Parcella& Nota, const QString& ID)
+void AzzeraNota(Parcella& Nota)
 {
     Parcella Nuova;
     Nuova.Nome = Nota.Nome;
@@ -129,8 +129,13 @@ void NuovaParcella(Parcella& Nota, const QString& ID)
     Nuova.InsUltimaDir = Nota.InsUltimaDir;
     Nuova.IDMultipla = Nota.IDMultipla;  // windows are linked before the note comes into them
     Nota = std::move(Nuova);
-
     AzzeraVariazione(Nota);
+    Nota.Pronta = true;
+}
+
+void NuovaParcella(Parcella& Nota, const QString& ID)
+{
+    AzzeraNota(Nota);
     SelezionaInSilenzio(Nota, NessunaVoce, NessunaVoce, NessunaVoce);
     if (!ID.isEmpty())
         ApplicaRichiesta(Nota, sessione::RichiestaPV2);

@@ -53,7 +53,7 @@ enum TipoStampa {
 
 /// Elements of txtDatiPar, the boxes of the print data.
 enum DatoStampa {
-    DatoNumero = 0,  ///< number and date of pro-forma note and estimate; not in the file
+    DatoNumero = 0,  ///< number and date of pro-forma note and estimate
     DatoData = 1,
     DatoNumFatt = 11,
     DatoDataFatt = 12,
@@ -215,6 +215,9 @@ struct Parcella
 /// Value of the case as documents show it: the exact value "30.000,00 €" when the box reads above 0, else
 /// the bracket's text in lower case.
 [[nodiscard]] QString TestoValore(const Parcella& Nota);
+
+/// A cleared record, its lists empty. The name, the modes of insertion and the link between windows stay.
+void AzzeraNota(Parcella& Nota);
 
 /// A new note: cleared record, category CIV with nothing selected, its lists loaded, the session's rates
 /// in VAT and pension fund. The request of the companion application is applied when `ID` is not empty.

@@ -6,6 +6,10 @@
 #include "platform/system/percorsi.h"
 
 #include <QRegularExpression>
+#include <QSet>
+
+#include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -28,6 +32,27 @@ ScaglioneValore RigaScaglione(const Recordset& Righe)
     return Scaglione;
 }
 
+Autorita RigaAutorita(const Recordset& Righe)
+{
+    return {Righe.Value(u"IDAut"_s).toInt(), Righe.Value(u"DesAut"_s).toString(),
+            Righe.Value(u"PreLoad"_s).toBool()};
+}
+
+/// The rows of a query with one value; a failure leaves those before it.
+template <class Riga>
+Letti<Riga> LeggiElenco(const QString& Query, const QString& Valore, Riga (*Leggi)(const Recordset&))
+{
+    Letti<Riga> Elenco;
+    try {
+        Recordset Righe = ApriTariffe().OpenRecordset(Query, {Valore});
+        for (; !Righe.Eof(); Righe.MoveNext())
+            Elenco.Voci.append(Leggi(Righe));
+    } catch (const Errore& Guasto) {
+        Elenco.Guasto = Guasto;
+    }
+    return Elenco;
+}
+
 /// The honoraria of a category; closed for an unknown one. Only the criminal catalogue hides the rows
 /// whose display order is not above 0: the civil and the extrajudicial one show them too.
 Recordset ApriOnorari(const Database& Tariffe, const QString& Categ, int IDAut)
@@ -41,6 +66,36 @@ Recordset ApriOnorari(const Database& Tariffe, const QString& Categ, int IDAut)
         return Tariffe.OpenRecordset(u"SELECT * FROM OnorariStra ORDER BY NVis"_s);
     return {};
 }
+
+/// The table and the key column of a category's catalogue.
+struct TabellaVoci
+{
+    QStringView Categ;
+    QStringView Nome;
+    QStringView Chiave;
+};
+
+constexpr std::array Cataloghi{
+    TabellaVoci{Civile, u"OnorariCiv", u"CodOno"},
+    TabellaVoci{Penale, u"OnorariPen", u"IDOno"},
+    TabellaVoci{Stragiudiziale, u"OnorariStra", u"IDOno"},
+};
+
+/// Keys of all items of a category, whatever the authority.
+QSet<QString> ChiaviPresenti(const Database& Tariffe, const QString& Categ)
+{
+    QSet<QString> Chiavi;
+    const auto Catalogo = std::ranges::find(Cataloghi, QStringView(Categ), &TabellaVoci::Categ);
+    if (Catalogo == Cataloghi.end())
+        return Chiavi;
+    Recordset Righe =
+        Tariffe.OpenRecordset(u"SELECT DISTINCT %1 FROM %2"_s.arg(Catalogo->Chiave, Catalogo->Nome));
+    for (; !Righe.Eof(); Righe.MoveNext())
+        Chiavi.insert(CStr(Righe.Value(Catalogo->Chiave.toString())));
+    return Chiavi;
+}
+
+constexpr QStringView TabellaPrecedenti = u"ChiaviPrecedenti";
 
 QVariant CellaScaglione(const Recordset& Voce, int Scaglione, const QString& Estremo)
 {
@@ -59,36 +114,34 @@ Database ApriTariffe()
     return OpenDatabase(PercorsoTariffe(), true);
 }
 
-QList<Autorita> LeggiAutorita(const QString& Categ)
+Letti<Autorita> LeggiAutorita(const QString& Categ)
 {
-    QList<Autorita> Elenco;
-    Recordset Righe = ApriTariffe().OpenRecordset(
-        u"SELECT IDAut, DesAut, TipoAut,PreLoad FROM Autorità WHERE TipoAut=? ORDER BY IDX"_s, {Categ});
-    for (; !Righe.Eof(); Righe.MoveNext())
-        Elenco.append({Righe.Value(u"IDAut"_s).toInt(), Righe.Value(u"DesAut"_s).toString(),
-                       Righe.Value(u"PreLoad"_s).toBool()});
-    return Elenco;
+    return LeggiElenco<Autorita>(
+        u"SELECT IDAut, DesAut, TipoAut,PreLoad FROM Autorità WHERE TipoAut=? COLLATE SenzaMaiuscole "
+        u"ORDER BY IDX"_s,
+        Categ, RigaAutorita);
 }
 
 std::optional<QString> LeggiCompatib(int IDAut, const QString& Categ)
 {
     const Recordset Righe = ApriTariffe().OpenRecordset(
-        u"SELECT IDAut, Compatib FROM Autorità WHERE IDAut=? AND TipoAut=?"_s, {IDAut, Categ});
+        u"SELECT IDAut, Compatib FROM Autorità WHERE IDAut=? AND TipoAut=? COLLATE SenzaMaiuscole"_s,
+        {IDAut, Categ});
     if (Righe.Eof())
         return std::nullopt;
     return Righe.Value(u"Compatib"_s).toString();
 }
 
-void LeggiScaglioni(const QString& Categ, const std::function<void(const ScaglioneValore&)>& Aggiungi)
+Letti<ScaglioneValore> LeggiScaglioni(const QString& Categ)
 {
     // No ordering: the list shows the brackets as the table holds them.
-    Recordset Righe =
-        ApriTariffe().OpenRecordset(u"SELECT * FROM Scaglioni WHERE Materia=?"_s, {Materia(Categ)});
-    for (int Letti = 0; !Righe.Eof(); Righe.MoveNext(), ++Letti) {
-        if (Letti == MassimoScaglioni)
-            throw Errore(9);
-        Aggiungi(RigaScaglione(Righe));
+    Letti<ScaglioneValore> Elenco = LeggiElenco<ScaglioneValore>(
+        u"SELECT * FROM Scaglioni WHERE Materia=? COLLATE SenzaMaiuscole"_s, Materia(Categ), RigaScaglione);
+    if (Elenco.Voci.size() > MassimoScaglioni) {
+        Elenco.Voci.resize(MassimoScaglioni);
+        Elenco.Guasto = Errore(9);
     }
+    return Elenco;
 }
 
 Catalogo ApriCatalogo(const QString& Categ, int IDAut)
@@ -99,6 +152,29 @@ Catalogo ApriCatalogo(const QString& Categ, int IDAut)
     Aperto.datDir = Tariffe.OpenRecordset(u"SELECT * FROM Diritti WHERE NVis>0 ORDER BY NVis"_s);
     Aperto.ChiaveOno = Categ == Civile ? u"CodOno"_s : u"IDOno"_s;
     return Aperto;
+}
+
+ChiaviTradotte LeggiChiaviPrecedenti(const QString& Categ)
+{
+    ChiaviTradotte Chiavi;
+    const Database Tariffe = ApriTariffe();
+    if (!Tariffe.EsisteTabella(TabellaPrecedenti.toString()))
+        return Chiavi;
+    const QSet<QString> Presenti = ChiaviPresenti(Tariffe, Categ);
+    Recordset Righe = Tariffe.OpenRecordset(
+        u"SELECT Precedente, Chiave FROM ChiaviPrecedenti WHERE Categoria=? COLLATE SenzaMaiuscole"_s,
+        {Categ});
+    for (; !Righe.Eof(); Righe.MoveNext()) {
+        const QString Precedente = CStr(Righe.Value(u"Precedente"_s));
+        if (!Presenti.contains(Precedente))
+            Chiavi.insert(Precedente, CStr(Righe.Value(u"Chiave"_s)));
+    }
+    return Chiavi;
+}
+
+bool HaChiaviPrecedenti()
+{
+    return ApriTariffe().EsisteTabella(TabellaPrecedenti.toString());
 }
 
 QString CriterioVoce(const QString& Categ, const QString& ChiaveOno, const QVariant& Codice, int IDAut)

@@ -1,13 +1,14 @@
 // The reference database parcelle.mdb: authorities, brackets, catalogues (D.m. 20 luglio 2012, n. 140).
 #pragma once
 
+#include "platform/base/errore.h"
 #include "platform/database/database.h"
 
+#include <QHash>
 #include <QList>
 #include <QString>
 #include <QVariant>
 
-#include <functional>
 #include <optional>
 
 // Category codes; they are also the values of TipoAut.
@@ -50,15 +51,22 @@ constexpr int VoceLibera = 999;
 /// The reference database, read-only. @throws Errore as OpenDatabase
 [[nodiscard]] Database ApriTariffe();
 
-/// Authorities of a category in display order. @throws Errore as Database::OpenRecordset
-[[nodiscard]] QList<Autorita> LeggiAutorita(const QString& Categ);
+/// The rows of a list as far as they could be read, and what stopped the reading, if anything did.
+template <class Riga>
+struct Letti
+{
+    QList<Riga> Voci;
+    std::optional<Errore> Guasto;
+};
+
+/// Authorities of a category in display order.
+[[nodiscard]] Letti<Autorita> LeggiAutorita(const QString& Categ);
 
 /// Compatib of an authority: "*", or IDAut values in commas, closed by commas. Empty optional: no such row.
 [[nodiscard]] std::optional<QString> LeggiCompatib(int IDAut, const QString& Categ);
 
-/// Brackets of a category in the table's order, each given to `Aggiungi` as it is read, so that what was
-/// read stands when the rest fails. @throws Errore 9 at the 22nd row
-void LeggiScaglioni(const QString& Categ, const std::function<void(const ScaglioneValore&)>& Aggiungi);
+/// Brackets of a category in the table's order. Error 9 stops at the 22nd row.
+[[nodiscard]] Letti<ScaglioneValore> LeggiScaglioni(const QString& Categ);
 
 /// The two catalogues of a category, open, and the key column of the first.
 struct Catalogo
@@ -71,6 +79,18 @@ struct Catalogo
 /// @param IDAut authority whose rows a civil catalogue shows
 /// @throws Errore as Database::OpenRecordset
 [[nodiscard]] Catalogo ApriCatalogo(const QString& Categ, int IDAut);
+
+/// Present keys of catalogue items by the keys that they had before.
+using ChiaviTradotte = QHash<QString, QString>;
+
+/// Catalogues of two categories once had keys in common, so that a line found another category's item under
+/// its key. The table ChiaviPrecedenti gives the old keys of a category whose catalogue has them no more.
+/// @return empty for a reference database without that table
+/// @throws Errore as Database::OpenRecordset
+[[nodiscard]] ChiaviTradotte LeggiChiaviPrecedenti(const QString& Categ);
+/// True when the reference database has that table, and keys of its own for each category.
+/// @throws Errore as OpenDatabase
+[[nodiscard]] bool HaChiaviPrecedenti();
 
 /// Find criterion of a saved line in its catalogue: key + "=" + code, for CIV also the authority.
 /// A code that is no whole number is quoted text.

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void valoreTrovaLoScaglione_data();
     void valoreTrovaLoScaglione();
     void scaglioneZeroZeroNonSiTrova();
+    void valoreDiNessunoScaglioneStragiudiziale();
     void valoreArrotondatoERiscritto();
     void valoreFuoriScaglioneSvuotaLaCasella();
     void valoreInSospeso();
@@ -278,6 +279,19 @@ void TestParametri::scaglioneZeroZeroNonSiTrova()
     Nota.ListaScaglioni = {{u"Valore Indeterminato"_s, 8, 0.0, 0.0, false}};
     SelSca(Nota, 0.01);
     QCOMPARE(Nota.cmbValore, NessunaVoce);
+}
+
+// With the delivered brackets every value fits one: the last of them is taken away here.
+void TestParametri::valoreDiNessunoScaglioneStragiudiziale()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Ufficio.TariffeProprie().Execute(u"DELETE FROM Scaglioni WHERE Materia='S' AND NumSca=7"_s);
+    Parcella Nota = NotaNuova(CategStragiudiziale, IDStragiudiziale);
+    ScriviValore(Nota, u"2000000"_s);
+    QCOMPARE(Nota.cmbValore, NessunaVoce);
+    Messaggi.Attendi(u"Non è stato specificato lo scaglione di valore della causa!"_s, vbOK, u"Errore:"_s);
+    QVERIFY(!CheckOK(Nota, true));
 }
 
 void TestParametri::valoreArrotondatoERiscritto()

@@ -1,8 +1,8 @@
 #include "creadati/archivio_tariffe.h"
 
 #include "creadati/formule.h"
-#include "creadati/modello_parcella.h"
 #include "creadati/scrittura.h"
+#include "feenote/file/colonne.h"
 
 using namespace Qt::StringLiterals;
 
@@ -202,8 +202,9 @@ void ScriviTariffe(const Tariffe& Dati, const QString& Percorso)
         Crea(Db, Tabella);
     Crea(Db, TabellaDirittiValori());
     Db.CreaIndice(u"DirittiValori"_s, u"CodDir"_s, {u"CodDir"_s});
-    for (const TabellaNuova& Modello : TabelleParcella())
-        Crea(Db, Modello);
+    // The empty tables that every note's file is copied from.
+    for (const TabellaNota& Modello : TabelleNota())
+        Db.CreaTabella(Modello.Nome, Modello.Colonne);
 
     Transazione Tutto(Db);
     for (const auto& [Tabella, Scrivi] : Tabelle)

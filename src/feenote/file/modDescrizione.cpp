@@ -1,8 +1,10 @@
 #include "feenote/file/modDescrizione.h"
 
+#include "feenote/file/colonne.h"
 #include "feenote/file/lettorejson.h"
-#include "feenote/file/modDocumento.h"
+#include "feenote/file/modPassword.h"
 #include "feenote/modAcconti.h"
+#include "feenote/modDatiStampa.h"
 #include "feenote/modOnorari.h"
 #include "feenote/modParametri.h"
 #include "feenote/modSpese.h"
@@ -16,8 +18,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Characters of a line's text; the file keeps the first 60 of them.
-constexpr int MassimoTestoRiga = 255;
+/// Characters of a line's text; the file keeps the first 60 of a description.
+constexpr int MassimoTestoRiga = MassimoBreve;
+
+constexpr QStringView GruppoStampa = u"stampa";
 
 // ---- parameters ---------------------------------------------------------------------------------
 
@@ -287,48 +291,29 @@ void LeggiPercentuali(Parcella& Nota, OggettoJson& Dati)
     Perc->Finisci();
 }
 
+/// The fields of one group that are taken as they stand, whatever the columns that hold them.
+void LeggiCampi(Parcella& Nota, OggettoJson& Dati, QStringView Gruppo)
+{
+    for (const ColonnaParam& Colonna : ColonneParam()) {
+        if (Colonna.DaJson && GruppoJson(Colonna.Json) == Gruppo)
+            Colonna.DaJson(Nota, Dati, CampoJson(Colonna.Json));
+    }
+}
+
 void LeggiParti(Parcella& Nota, OggettoJson& Dati)
 {
-    Nota.txtCliente.Testo = Dati.Testo(u"cliente"_s);
-    Nota.txtControp.Testo = Dati.Testo(u"controparte"_s);
-    Nota.txtOggetto.Testo = Dati.Testo(u"oggetto"_s);
+    LeggiCampi(Nota, Dati, {});
     Nota.txtDatiStaCli.Testo = Nota.txtCliente.Testo;
     Nota.txtDatiStaControp.Testo = Nota.txtControp.Testo;
     Nota.txtDatiStaOgg.Testo = Nota.txtOggetto.Testo;
 }
 
-/// A print datum of the description and the box it fills.
-struct DatoDescritto
-{
-    QStringView Campo;
-    int Indice;
-    int Massimo;
-};
-
-constexpr std::array DatiDescritti{
-    DatoDescritto{u"testoSuperiore", DatoTestoSuperiore, 65535},
-    DatoDescritto{u"testoInferiore", DatoTestoInferiore, 65535},
-    DatoDescritto{u"numeroFattura", DatoNumFatt, 255},
-    DatoDescritto{u"autorita", DatoDepAutorita, 255},
-    DatoDescritto{u"sezione", DatoDepSezione, 255},
-    DatoDescritto{u"ruolo", DatoDepRuolo, 255},
-    DatoDescritto{u"giudice", DatoDepGiudice, 255},
-};
-
 void LeggiStampa(Parcella& Nota, OggettoJson& Dati)
 {
-    std::optional<OggettoJson> Stampa = Dati.Oggetto(u"stampa"_s);
+    std::optional<OggettoJson> Stampa = Dati.Oggetto(GruppoStampa.toString());
     if (!Stampa)
         return;
-    for (const DatoDescritto& Voce : DatiDescritti) {
-        const QString Testo = Stampa->Testo(Voce.Campo.toString(), Voce.Massimo);
-        if (!Testo.isEmpty())
-            Nota.txtDatiPar[Voce.Indice] = Testo;
-    }
-    const QString Data = Stampa->Data(u"dataFattura"_s);
-    if (!Data.isEmpty())
-        Nota.txtDatiPar[DatoDataFatt] = Data;
-    CambiaMinMax(Nota, Stampa->Booleano(u"esponiMinMax"_s).value_or(false));
+    LeggiCampi(Nota, *Stampa, GruppoStampa);
     CambiaAcconti(Nota, Stampa->Booleano(u"esponiAcconti"_s).value_or(false));
 
     if (const std::optional<int> Tipo = Stampa->Intero(u"tipo"_s)) {
@@ -370,7 +355,7 @@ Parcella CreaDaDescrizione(const QByteArray& Json)
     LeggiPercentuali(Nota, Dati);
     LeggiParti(Nota, Dati);
     LeggiStampa(Nota, Dati);
-    const QString Psw = Dati.Testo(u"password"_s, 255);
+    const QString Psw = Dati.Testo(u"password"_s, MassimoBreve);
     if (!Psw.isEmpty())
         Nota.Psw = PswDaSalvare.toString() + TagliaPsw(Psw);
     Dati.Finisci();

@@ -1,8 +1,8 @@
 #include "feenote/file/modRecupero.h"
 
 #include "core/sessione.h"
-#include "feenote/file/modDocumento.h"
-#include "feenote/file/modFile.h"
+#include "feenote/file/modLettura.h"
+#include "feenote/file/modPosaFile.h"
 #include "platform/base/errore.h"
 #include "platform/system/blocco.h"
 #include "platform/system/percorsi.h"

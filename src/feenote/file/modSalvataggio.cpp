@@ -3,8 +3,10 @@
 #include "core/modErrori.h"
 #include "core/modTesti.h"
 #include "core/sessione.h"
-#include "feenote/file/modDocumento.h"
-#include "feenote/file/modFile.h"
+#include "feenote/file/colonne.h"
+#include "feenote/file/modLettura.h"
+#include "feenote/file/modPassword.h"
+#include "feenote/file/modPosaFile.h"
 #include "platform/system/messaggi.h"
 
 using namespace Qt::StringLiterals;

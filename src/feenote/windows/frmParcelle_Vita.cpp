@@ -4,8 +4,8 @@
 
 #include "core/modErrori.h"
 #include "core/sessione.h"
-#include "feenote/file/modDocumento.h"
-#include "feenote/file/modFile.h"
+#include "feenote/file/modLettura.h"
+#include "feenote/file/modPosaFile.h"
 #include "feenote/file/modRecupero.h"
 #include "feenote/file/modSalvataggio.h"
 #include "feenote/windows/finestre.h"

@@ -1,7 +1,7 @@
 #include "feenote/windows/righegriglia.h"
 
 #include "core/modErrori.h"
-#include "feenote/file/modDocumento.h"
+#include "feenote/file/colonne.h"
 #include "feenote/modOnorari.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"

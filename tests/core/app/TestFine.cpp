@@ -6,7 +6,7 @@
 #include "core/app/apritori.h"
 #include "core/comandi.h"
 #include "core/posti.h"
-#include "feenote/file/modFile.h"
+#include "feenote/file/modPosaFile.h"
 #include "feenote/file/modRecupero.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"

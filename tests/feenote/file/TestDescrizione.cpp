@@ -1,9 +1,10 @@
 // A note described in JSON: every field, every refusal by its name; and a note told as JSON.
 #include "feenote/nota_prova.h"
 
+#include "feenote/file/colonne.h"
 #include "feenote/file/modDescrizione.h"
-#include "feenote/file/modDocumento.h"
-#include "feenote/file/modFile.h"
+#include "feenote/file/modLettura.h"
+#include "feenote/file/modPosaFile.h"
 #include "feenote/modVariazione.h"
 
 #include <QJsonArray>

@@ -23,7 +23,6 @@ private Q_SLOTS:
     void percentoNonNumero();
     void percentoMostrato_data();
     void percentoMostrato();
-    void campiFuoriDalFile();
     void variazione_data();
     void variazione();
     void indiciOltreLaLista();
@@ -226,7 +225,7 @@ void TestDocumento::giroCompletoPenale()
     Parcella Nota = NotaPenale();
     Catalogo Voci;
     EntraOnorari(Nota, Voci);
-    QVERIFY(VaiAVoce(Voci, 5));
+    QVERIFY(VaiAVoce(Voci, 105));
     InserisciOnorario(Nota, Voci, {}, 3.0);
     Parcella Letta = Riletta(Ufficio, Nota);
     QCOMPARE(Letta.CodCateg, u"PEN"_s);
@@ -251,7 +250,7 @@ void TestDocumento::giroCompletoStragiudiziale()
     Parcella Nota = NotaStragiudiziale();
     Catalogo Voci;
     LoadOnoDir(Nota, Voci);
-    QVERIFY(VaiAVoce(Voci, 6));
+    QVERIFY(VaiAVoce(Voci, 206));
     InserisciOnorario(Nota, Voci);
     Parcella Letta = Riletta(Ufficio, Nota);
     QCOMPARE(Letta.CodCateg, u"STR"_s);
@@ -393,26 +392,6 @@ void TestDocumento::percentoMostrato()
     QTEST(Letta.txtRA.Testo, "Casella");
     QTEST(Letta.txtCP.Testo, "Casella");
     QTEST(Letta.txtSpeGen.Testo, "Casella");
-}
-
-void TestDocumento::campiFuoriDalFile()
-{
-    const Studio Ufficio;
-    Registratore Messaggi;
-    Parcella Nota;
-    NuovaParcella(Nota);
-    Nota.txtDatiPar[DatoNumero] = u"7"_s;
-    Nota.txtDatiPar[DatoData] = u"01/01/2024"_s;
-    for (Spunta Parcella::*Tick : {&Parcella::chkRegSempl, &Parcella::chkIBAN, &Parcella::chkIvaDiff,
-                                   &Parcella::chkFattAcc, &Parcella::chkAcconti})
-        (Nota.*Tick).Attiva = true;
-    RicordaStampa(Nota);
-    const Parcella Letta = Riletta(Ufficio, Nota);
-    QVERIFY(Letta.txtDatiPar.isEmpty());
-    for (Spunta Parcella::*Tick : {&Parcella::chkRegSempl, &Parcella::chkIBAN, &Parcella::chkIvaDiff,
-                                   &Parcella::chkFattAcc, &Parcella::chkAcconti})
-        QVERIFY(!(Letta.*Tick).Attiva);
-    QVERIFY(!Letta.Memoria.Acconti);
 }
 
 void TestDocumento::variazione_data()

@@ -1,8 +1,8 @@
 // Files that are no fee notes, disks that refuse: nothing half-read, nothing half-written.
 #include "feenote/nota_prova.h"
 
-#include "feenote/file/modDocumento.h"
-#include "feenote/file/modFile.h"
+#include "feenote/file/modLettura.h"
+#include "feenote/file/modPosaFile.h"
 #include "platform/system/percorsi.h"
 
 #include <QDir>
@@ -217,7 +217,7 @@ void TestDocumentoGuasto::valoriAssurdi()
     CaricaDati(Nota, File);
     QCOMPARE(Nota.cmbAutor, NessunaVoce);
     QCOMPARE(Nota.ImportoPrec, 0.0);
-    QCOMPARE(Nota.Psw, QString());
+    QCOMPARE(Nota.Psw, u"abc"_s);  // no code, but somebody has protected the file
     QCOMPARE(Nota.xOnorari.Righe(), 3);
     QCOMPARE(CalcolaSomme(Nota).TotOnorari, 0.0);
     QCOMPARE(Nota.xOnorari(0, OnoNVoce).toInt(), 2147483647);

@@ -3,8 +3,10 @@
 
 #include "feenote/nota_prova.h"
 
-#include "feenote/file/modDocumento.h"
-#include "feenote/file/modFile.h"
+#include "feenote/file/colonne.h"
+#include "feenote/file/modLettura.h"
+#include "feenote/file/modPassword.h"
+#include "feenote/file/modPosaFile.h"
 #include "feenote/modSpese.h"
 
 /// Every field of a note with a value of its own.

@@ -1,6 +1,7 @@
-#include "feenote/file/modFile.h"
+#include "feenote/file/modPosaFile.h"
 
-#include "feenote/file/modDocumento.h"
+#include "feenote/file/colonne.h"
+#include "feenote/file/modScrittura.h"
 #include "platform/base/errore.h"
 #include "platform/database/database.h"
 #include "platform/system/blocco.h"
@@ -14,8 +15,6 @@ namespace {
 
 /// Bytes of a file's name that every disk takes, the names of the files beside it included.
 constexpr qsizetype MassimoNome = 240;
-
-constexpr std::array TabelleNota{u"ParcellaParam", u"ParcellaRighe", u"ParcellaAcconti"};
 
 /// The file while it is being built, beside the place it will take; gone unless it was put there. Programs
 /// that save under one name take turns, or one would put the other's half-built file there.
@@ -96,15 +95,9 @@ private:
 void CopiaTabelle(const Database& Tariffe, const Database& File)
 {
     Transazione Insieme(File);
-    for (const QStringView Tabella : TabelleNota)
-        Tariffe.CopiaTabella(Tabella.toString(), File);
+    for (const TabellaNota& Tabella : TabelleNota())
+        Tariffe.CopiaTabella(Tabella.Nome, File);
     Insieme.Conferma();
-}
-
-void AggiornaTariffe()
-{
-    if (!EsisteCampo(PercorsoTariffe(), u"ParcellaParam"_s, u"SpeseGen"_s))
-        OpenDatabase(PercorsoTariffe()).Execute(u"ALTER TABLE ParcellaParam ADD SpeseGen Single"_s);
 }
 
 }  // namespace
@@ -114,7 +107,7 @@ void ScriviNota(const QString& Percorso, const Parcella& Nota, bool ComeModello)
     const QString Destinazione = PercorsoNativo(Percorso);
     if (EsisteFile(Destinazione) && SolaLettura(Destinazione))
         throw Errore(70);
-    AggiornaTariffe();
+    AggiornaColonne(PercorsoTariffe());
 
     const FileInCostruzione Nuovo(Destinazione);
     {

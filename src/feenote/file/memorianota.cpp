@@ -1,0 +1,225 @@
+#include "feenote/file/memorianota.h"
+
+#include "core/sessione.h"
+#include "feenote/modDatiStampa.h"
+#include "feenote/modTotali.h"
+#include "tariffs/modTariffe.h"
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QStringView Si = u"1";
+constexpr QStringView No = u"0";
+constexpr QStringView VoceChiavi = u"ChiaviDisgiunte";
+constexpr QStringView VoceAccontiMostrati = u"chkAcconti.Fattura";
+
+/// A value of the memory: empty is not kept, and comes back as what a new note has.
+struct VoceMemoria
+{
+    QStringView Nome;
+    QString (*Scrivi)(const Parcella&);
+    void (*Leggi)(Parcella&, const QString&);
+};
+
+QString Segno(bool Attivo)
+{
+    return Attivo ? Si.toString() : QString();
+}
+
+QString NumeroSe(int Numero)
+{
+    return Numero != 0 ? QString::number(Numero) : QString();
+}
+
+template <Spunta Parcella::*Tick>
+constexpr VoceMemoria Interruttore(QStringView Nome)
+{
+    return {Nome, [](const Parcella& Nota) { return Segno((Nota.*Tick).Attiva); },
+            [](Parcella& Nota, const QString& Valore) { (Nota.*Tick).Attiva = Valore == Si; }};
+}
+
+template <DatoStampa Quale>
+constexpr VoceMemoria Dato(QStringView Nome)
+{
+    return {Nome, [](const Parcella& Nota) { return Nota.DatiPar(Quale); },
+            [](Parcella& Nota, const QString& Valore) {
+                Nota.txtDatiPar[Quale] = Valore.left(MassimoDatiPar(Quale));
+            }};
+}
+
+template <int Parcella::*Numero>
+constexpr VoceMemoria Intero(QStringView Nome)
+{
+    return {Nome, [](const Parcella& Nota) { return NumeroSe(Nota.*Numero); },
+            [](Parcella& Nota, const QString& Valore) { Nota.*Numero = Valore.toInt(); }};
+}
+
+template <QString Rappresentante::*Membro>
+constexpr VoceMemoria DelRappresentante(QStringView Nome)
+{
+    return {Nome, [](const Parcella& Nota) { return Nota.Rappr.*Membro; },
+            [](Parcella& Nota, const QString& Valore) { Nota.Rappr.*Membro = Valore; }};
+}
+
+/// A party, or the subject, that prints otherwise than it stands on the first tab.
+template <Casella Parcella::*Stampata, Casella Parcella::*Scritta>
+constexpr VoceMemoria Stampato(QStringView Nome)
+{
+    return {Nome,
+            [](const Parcella& Nota) {
+                const bool Diversa = (Nota.*Stampata).Testo != (Nota.*Scritta).Testo;
+                return Diversa ? (Nota.*Stampata).Testo : QString();
+            },
+            [](Parcella& Nota, const QString& Valore) { (Nota.*Stampata).Testo = Valore; }};
+}
+
+constexpr std::array Voci{
+    Interruttore<&Parcella::chkIvaDiff>(u"chkIvaDiff"),
+    Interruttore<&Parcella::chkFattAcc>(u"chkFattAcc"),
+    VoceMemoria{u"chkIBAN", [](const Parcella& Nota) { return Segno(Nota.chkIBAN.Attiva); },
+                [](Parcella& Nota, const QString& Valore) {
+                    Nota.chkIBAN.Attiva = Valore == Si && !sessione::Iban.isEmpty();
+                }},
+    // The switch of the note itself, whatever the document in view forces.
+    VoceMemoria{u"chkAcconti", [](const Parcella& Nota) { return Segno(StampaPropria(Nota).Acconti); },
+                [](Parcella& Nota, const QString& Valore) { Nota.chkAcconti.Attiva = Valore == Si; }},
+    // After deferred VAT, which the regime takes away.
+    VoceMemoria{u"chkRegSempl", [](const Parcella& Nota) { return Segno(Nota.chkRegSempl.Attiva); },
+                [](Parcella& Nota, const QString& Valore) {
+                    if (Valore == Si)
+                        CambiaRegime(Nota, true);
+                }},
+    Dato<DatoNumero>(u"txtDatiPar.Numero"),
+    Dato<DatoData>(u"txtDatiPar.Data"),
+    Intero<&Parcella::optContrTipo>(u"optContrTipo"),
+    Intero<&Parcella::ContrTipoDi>(u"optContrTipo.Cliente"),
+    DelRappresentante<&Rappresentante::Nome>(u"Rappresentante.Nome"),
+    DelRappresentante<&Rappresentante::DataNascita>(u"Rappresentante.DataNascita"),
+    DelRappresentante<&Rappresentante::LuogoNascita>(u"Rappresentante.LuogoNascita"),
+    DelRappresentante<&Rappresentante::Residenza>(u"Rappresentante.Residenza"),
+    Intero<&Parcella::RapprDi>(u"Rappresentante.Cliente"),
+    Stampato<&Parcella::txtDatiStaControp, &Parcella::txtControp>(u"txtDatiStaControp"),
+    Stampato<&Parcella::txtDatiStaOgg, &Parcella::txtOggetto>(u"txtDatiStaOgg"),
+    VoceMemoria{u"txtPathParcMult", [](const Parcella& Nota) { return Nota.txtPathParcMult; },
+                [](Parcella& Nota, const QString& Valore) { Nota.txtPathParcMult = Valore; }},
+    VoceMemoria{u"RigheDaRicalcolare",
+                [](const Parcella& Nota) { return Segno(RicalcoloInSospeso(Nota)); },
+                [](Parcella& Nota, const QString& Valore) { Nota.RigheDaRicalcolare = Valore == Si; }},
+};
+
+// ---- the client's blocks ------------------------------------------------------------------------
+
+struct NomeForma
+{
+    FormaBlocco Forma;
+    QStringView Nome;
+};
+
+constexpr std::array NomiForme{
+    NomeForma{FormaBlocco::Nessuna, u"txtDatiStaCli"},
+    NomeForma{FormaBlocco::Testata, u"txtDatiStaCli.Testata"},
+    NomeForma{FormaBlocco::Nome, u"txtDatiStaCli.Nome"},
+    NomeForma{FormaBlocco::Persona, u"txtDatiStaCli.Persona"},
+    NomeForma{FormaBlocco::Societa, u"txtDatiStaCli.Societa"},
+};
+
+void ScriviBlocchi(const Parcella& Nota, MemoriaFile& Memoria)
+{
+    for (const NomeForma& Voce : NomiForme) {
+        if (Nota.BloccoScritto == Voce.Forma)
+            Memoria[Voce.Nome.toString()] = Nota.txtDatiStaCli.Testo;
+    }
+}
+
+void LeggiBlocchi(Parcella& Nota, const MemoriaFile& Memoria)
+{
+    for (const NomeForma& Voce : NomiForme) {
+        const auto Scritto = Memoria.find(Voce.Nome.toString());
+        if (Scritto == Memoria.end())
+            continue;
+        Nota.txtDatiStaCli.Testo = *Scritto;
+        Nota.BloccoScritto = Voce.Forma;
+    }
+}
+
+// ---- what the print type overwrites -------------------------------------------------------------
+
+/// A tax that the court costs note takes away, and that its user may have ticked there.
+struct TassaGiudiziale
+{
+    QStringView Nome;
+    Spunta Parcella::*Tick;
+    Casella Parcella::*Box;
+};
+
+constexpr std::array TasseGiudiziali{
+    TassaGiudiziale{u"txtIVA.Giudiziale", &Parcella::chkIva, &Parcella::txtIVA},
+    TassaGiudiziale{u"txtRA.Giudiziale", &Parcella::chkRA, &Parcella::txtRA},
+    TassaGiudiziale{u"txtCP.Giudiziale", &Parcella::chkCP, &Parcella::txtCP},
+    TassaGiudiziale{u"txtSpeGen.Giudiziale", &Parcella::chkSpeseGen, &Parcella::txtSpeGen},
+};
+
+void ScriviDelTipo(const Parcella& Nota, MemoriaFile& Memoria)
+{
+    if (Nota.cmbTipoStampa == StampaFatturaSintetica && !Nota.chkAcconti.Attiva)
+        Memoria[VoceAccontiMostrati.toString()] = No.toString();
+    if (Nota.cmbTipoStampa != StampaNotaGiudiziale)
+        return;
+    for (const TassaGiudiziale& Tassa : TasseGiudiziali) {
+        if ((Nota.*Tassa.Tick).Attiva)
+            Memoria[Tassa.Nome.toString()] = (Nota.*Tassa.Box).Testo;
+    }
+}
+
+}  // namespace
+
+void ScriviMemoria(const Database& File, const Parcella& Nota)
+{
+    MemoriaFile Memoria;
+    for (const VoceMemoria& Voce : Voci) {
+        if (const QString Valore = Voce.Scrivi(Nota); !Valore.isEmpty())
+            Memoria[Voce.Nome.toString()] = Valore;
+    }
+    ScriviBlocchi(Nota, Memoria);
+    ScriviDelTipo(Nota, Memoria);
+    if (HaChiaviPrecedenti())
+        Memoria[VoceChiavi.toString()] = Si.toString();
+    File.Annota(Memoria);
+}
+
+MemoriaFile LeggiMemoria(const Database& File)
+{
+    return File.Annotazioni();
+}
+
+void ApplicaMemoria(Parcella& Nota, const MemoriaFile& Memoria)
+{
+    for (const VoceMemoria& Voce : Voci) {
+        if (const auto Tenuta = Memoria.find(Voce.Nome.toString()); Tenuta != Memoria.end())
+            Voce.Leggi(Nota, *Tenuta);
+    }
+    LeggiBlocchi(Nota, Memoria);
+}
+
+void ApplicaMemoriaDelTipo(Parcella& Nota, const MemoriaFile& Memoria)
+{
+    if (Nota.cmbTipoStampa == StampaFatturaSintetica && Memoria.contains(VoceAccontiMostrati.toString()))
+        Nota.chkAcconti.Attiva = false;
+    if (Nota.cmbTipoStampa != StampaNotaGiudiziale)
+        return;
+    for (const TassaGiudiziale& Tassa : TasseGiudiziali) {
+        const auto Testo = Memoria.find(Tassa.Nome.toString());
+        if (Testo == Memoria.end() || !(Nota.*Tassa.Tick).Abilitata)
+            continue;
+        (Nota.*Tassa.Tick).Attiva = true;
+        (Nota.*Tassa.Box).Testo = *Testo;
+    }
+}
+
+bool ChiaviDisgiunte(const MemoriaFile& Memoria)
+{
+    return Memoria.contains(VoceChiavi.toString());
+}

@@ -1,0 +1,32 @@
+// What a note's file keeps beside its columns, so that a note reopened is the note that was printed.
+//
+// The values stand in the hidden table of the program (Database::Annotazioni), by the name of the control or
+// of the state that they give back. A file without them, and a value that is missing, leave what the columns
+// alone give. Nothing that a column holds is kept here too.
+#pragma once
+
+#include "feenote/parcella.h"
+#include "platform/database/database.h"
+
+#include <QMap>
+#include <QString>
+
+/// Values by name.
+using MemoriaFile = QMap<QString, QString>;
+
+/// Keeps what the columns do not hold. It stands in the transaction of the save.
+/// @throws Errore as Database::Execute
+void ScriviMemoria(const Database& File, const Parcella& Nota);
+
+/// What a file keeps; empty for one from before this table, or of another origin.
+[[nodiscard]] MemoriaFile LeggiMemoria(const Database& File);
+
+/// Gives the note what must stand before its print type is chosen: switches, print data, the client's blocks.
+/// An IBAN tick comes back only while the settings hold an IBAN.
+void ApplicaMemoria(Parcella& Nota, const MemoriaFile& Memoria);
+/// Gives the note what its print type would have overwritten: the payments of a short invoice that does not
+/// list them, the taxes ticked on a court costs note.
+void ApplicaMemoriaDelTipo(Parcella& Nota, const MemoriaFile& Memoria);
+
+/// True when the keys of the file's lines are those of catalogues that share none with each other.
+[[nodiscard]] bool ChiaviDisgiunte(const MemoriaFile& Memoria);

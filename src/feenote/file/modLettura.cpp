@@ -1,0 +1,212 @@
+#include "feenote/file/modLettura.h"
+
+#include "addressbook/modClienti.h"
+#include "core/modErrori.h"
+#include "core/modTesti.h"
+#include "core/sessione.h"
+#include "feenote/file/colonne.h"
+#include "feenote/file/memorianota.h"
+#include "feenote/file/modPassword.h"
+#include "feenote/modDatiStampa.h"
+#include "feenote/modParametri.h"
+#include "feenote/modTotali.h"
+#include "feenote/modVariazione.h"
+#include "platform/base/errore.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
+#include "tariffs/modTariffe.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Clears the read-only attribute where an upgrade has to write, and puts it back on every way out.
+class AttributoSospeso
+{
+public:
+    explicit AttributoSospeso(const QString& File) : Percorso(File), Era(SolaLettura(File))
+    {
+        if (Era)
+            ImpostaSolaLettura(Percorso, false);
+    }
+    ~AttributoSospeso()
+    {
+        try {
+            if (Era)
+                ImpostaSolaLettura(Percorso, true);
+        } catch (const Errore& Guasto) {
+            GestioneErrori(Guasto);
+        }
+    }
+    AttributoSospeso(const AttributoSospeso&) = delete;
+    AttributoSospeso& operator=(const AttributoSospeso&) = delete;
+
+private:
+    QString Percorso;
+    bool Era;
+};
+
+void AggiornaSchema(const QString& Percorso)
+{
+    if (!DaAggiornare(Percorso))
+        return;
+    const AttributoSospeso Attributo(Percorso);
+    AggiornaColonne(Percorso);
+}
+
+void ApplicaPsw(const NotaLetta& Letta)
+{
+    if (Letta.Psw.isEmpty())
+        return;
+    Letta.Nota.Psw = PswNelCampo(PswDalFile(Letta.Psw));
+    MsgBox(u"Attenzione, la parcella è protetta! Le modifiche potranno essere salvate\n"
+           u"solo dopo aver specificato la chiave di protezione."_s,
+           vbInformation, TitoloMessaggio.toString());
+}
+
+/// The linked party by its key, and the stored name where the link gives none.
+void ApplicaParte(int Chiave, const std::optional<QString>& Nome, const QString& Assente,
+                  const QString& Salvato, Casella& Box)
+{
+    if (Chiave > 0) {
+        if (!Nome)
+            MsgErrore(Assente);
+        Box.Testo = Nome.value_or(QString());
+    }
+    if (Box.Testo.isEmpty())
+        Box.Testo = Salvato;
+}
+
+void ApplicaParti(const NotaLetta& Letta)
+{
+    Parcella& Nota = Letta.Nota;
+    ApplicaParte(Nota.IDCli, Nota.IDCli > 0 ? CercaCliente(Nota.IDCli) : std::nullopt,
+                 u"Il cliente associato alla parcella non è stato trovato!"_s, Letta.Cliente,
+                 Nota.txtCliente);
+    ApplicaParte(Nota.IDCon, Nota.IDCon > 0 ? CercaControparte(Nota.IDCon, u"Controp"_s) : std::nullopt,
+                 u"La controparte associata alla parcella non è stata trovata!"_s, Letta.Controp,
+                 Nota.txtControp);
+    Nota.txtDatiStaCli.Testo = Nota.txtCliente.Testo;
+    Nota.txtDatiStaControp.Testo = Nota.txtControp.Testo;
+    Nota.txtDatiStaOgg.Testo = Nota.txtOggetto.Testo;
+}
+
+void ApplicaParametri(const NotaLetta& Letta)
+{
+    SelezionaInSilenzio(Letta.Nota, Letta.Categ, Letta.Autor, Letta.Valore);
+    ImpostaValoreInSilenzio(Letta.Nota, Letta.Importo);
+    CaricaVariazione(Letta.Nota, Letta.AumRidIdx, Letta.AumRidVarP);
+}
+
+/// The matter's reference makes the session one of the companion application's, an ordinary open too.
+void ApplicaRiferimento(const NotaLetta& Letta)
+{
+    if (EVuoto(Letta.NsRif))
+        return;
+    Letta.Nota.NsRif = CStr(Letta.NsRif);
+    sessione::RichiestaPV2.ID = Letta.Nota.NsRif;
+}
+
+void LeggiLinea(const Recordset& Righe, TabellaRighe& Tabella, std::span<const ColonnaLinea> Colonne,
+                CellaDi Cella)
+{
+    const int Riga = Tabella.AggiungiRiga();
+    for (const ColonnaLinea& Colonna : Colonne) {
+        const CellaNota& Come = Colonna.*Cella;
+        if (Come.Forma != FormaCella::Assente)
+            Tabella(Riga, Come.Colonna) = CellaDalFile(Come, Righe.Value(Colonna.Nome.toString()));
+    }
+}
+
+void CaricaRighe(Parcella& Nota, const Database& File)
+{
+    Recordset Righe = File.OpenRecordset(TabellaRigheNota.toString());
+    if (Righe.RecordCount() > MassimoRigheFile)
+        throw Errore(1000, u"La parcella contiene troppe righe"_s);
+    for (; !Righe.Eof(); Righe.MoveNext()) {
+        const QString Genere = CStr(Righe.Value(u"OnoDir"_s));
+        if (Genere == u"O")
+            LeggiLinea(Righe, Nota.xOnorari, ColonneRighe(), &ColonnaLinea::Prima);
+        else if (Genere == u"D")
+            LeggiLinea(Righe, Nota.xDiritti, ColonneRighe(), &ColonnaLinea::Seconda);
+    }
+}
+
+void CaricaAcconti(Parcella& Nota, const Database& File)
+{
+    Recordset Righe = File.OpenRecordset(TabellaAccontiNota.toString());
+    if (Righe.RecordCount() > MassimoRigheFile)
+        throw Errore(1000, u"La parcella contiene troppi acconti"_s);
+    for (; !Righe.Eof(); Righe.MoveNext())
+        LeggiLinea(Righe, Nota.xAcconti, ColonneAcconti(), &ColonnaLinea::Prima);
+}
+
+/// Lines written when the catalogues of two categories had keys in common get the present key of their item.
+void TraduciChiavi(Parcella& Nota)
+{
+    if (Nota.xOnorari.Vuota())
+        return;
+    const ChiaviTradotte Chiavi = LeggiChiaviPrecedenti(Nota.CodCateg);
+    for (int Riga = 0; Riga < Nota.xOnorari.Righe(); ++Riga) {
+        QVariant& Chiave = Nota.xOnorari(Riga, OnoCodVoce);
+        Chiave = Chiavi.value(CStr(Chiave), CStr(Chiave));
+    }
+}
+
+void CaricaTutto(Parcella& Nota, const QString& Percorso)
+{
+    AggiornaSchema(Percorso);
+    const Database File = OpenDatabase(Percorso, true);
+    NotaLetta Letta{Nota};
+    LeggiParametri(File, Letta);
+    const MemoriaFile Memoria = LeggiMemoria(File);
+    Nota.Percorso = Percorso;
+    ApplicaPsw(Letta);
+    ApplicaParametri(Letta);
+    ApplicaParti(Letta);
+    CaricaRighe(Nota, File);
+    CaricaAcconti(Nota, File);
+    if (!ChiaviDisgiunte(Memoria))
+        TraduciChiavi(Nota);
+    ApplicaRiferimento(Letta);
+    ApplicaMemoria(Nota, Memoria);
+
+    // The memory takes the loaded switches before a print type forces its own on them.
+    RicordaStampa(Nota);
+    Nota.Pronta = true;
+    if (Letta.TipoStampa >= 0 && Letta.TipoStampa < VociTipoStampa().size())
+        ScegliTipoStampa(Nota, Letta.TipoStampa);
+    ApplicaMemoriaDelTipo(Nota, Memoria);
+    // A client that is gone has been shown as such already.
+    if (Nota.IDCli > 0 && CercaCliente(Nota.IDCli))
+        RicomponiBlocco(Nota);
+}
+
+}  // namespace
+
+void CaricaDati(Parcella& Nota, const QString& Percorso)
+{
+    const QString File = Percorso;  // which may be the path of this very record
+    // Without the lists the selections would be lost, and the next save would lose them for good.
+    AzzeraNota(Nota);
+    (void)ApriTariffe();
+    NuovaParcella(Nota);
+    const Parcella Vuota = Nota;
+    Nota.Pronta = false;  // the messages of the load must not compose half a note
+    try {
+        CaricaTutto(Nota, File);
+    } catch (...) {
+        Nota = Vuota;
+        throw;
+    }
+    Nota.RicalcoloNecessario = false;
+    Nota.Fuoco.clear();
+    SetModificata(Nota, false);
+}
+
+QString LeggiPsw(const QString& Percorso)
+{
+    const Recordset Param = OpenDatabase(Percorso, true).OpenRecordset(TabellaParam.toString());
+    const QVariant Psw = Param.Value(u"Psw"_s);
+    return EVuoto(Psw) ? QString() : PswDalFile(CStr(Psw));
+}

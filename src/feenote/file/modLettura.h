@@ -1,0 +1,25 @@
+// Reading a note from its file: one small database with the tables ParcellaParam (one row), ParcellaRighe and
+// ParcellaAcconti. There is no version mark; old files are told apart by the columns they lack.
+#pragma once
+
+#include "feenote/parcella.h"
+
+#include <QString>
+
+/// Lines and payments that a file may hold; more is a damaged or hostile one.
+constexpr int MassimoRigheFile = 100'000;
+
+/// Reads a file into the note. Messages: a protected note, a linked party that is gone.
+///
+/// The record is first a new note, then takes what the file has. Columns of the print data that an old file
+/// lacks are ignored, and the file gets those that every note must have; keys, parameters, password and lines
+/// must be there. Lines of catalogues with other keys get the present ones. The print type is applied last;
+/// the note is then unmodified. The read-only attribute of the file is as before on every way out.
+/// @throws Errore when the file or the reference database cannot be opened or read: the note is then a new
+/// one without a path
+void CaricaDati(Parcella& Nota, const QString& Percorso);
+
+/// The password of a file, decoded; empty when it has none. One that cannot be decoded comes as it stands:
+/// the file is protected none the less.
+/// @throws Errore as OpenDatabase
+[[nodiscard]] QString LeggiPsw(const QString& Percorso);
