@@ -62,6 +62,7 @@ private Q_SLOTS:
     void righePiuVecchieDeiParametri();
     void righeNuoveNonSonoVecchie();
     void rifiutoNonLasciaRigheVecchie();
+    void ricalcoloDopoUnaltraCategoria();
     void ricalcoloPrendeIlNumeroTrovato();
     void ricalcoloSenzaValore();
     void ricalcoloFormulaErrata();
@@ -255,7 +256,7 @@ void TestOnorari::vocePenaleAOre()
     const Studio Ufficio;
     Registratore Messaggi;
     Parcella Nota = NotaPenale();
-    const Catalogo Voci = CatalogoSu(Nota, 5);
+    const Catalogo Voci = CatalogoSu(Nota, 105);
     Messaggi.AttendiImmissione(u"delle ore impiegate"_s, u"2,5"_s);
     QCOMPARE(InserisciOnorario(Nota, Voci), std::optional<int>(0));
     // Single judge: 20 an hour, from 10 to 30; three hours begun.
@@ -263,7 +264,7 @@ void TestOnorari::vocePenaleAOre()
     QCOMPARE(Base(Nota, 0), Euro({60, 30, 90}));
     QCOMPARE(Nota.xOnorari(0, OnoQta).toDouble(), 3.0);
     QCOMPARE(Nota.xOnorari(0, OnoNVoce).toInt(), 95);
-    QCOMPARE(Nota.xOnorari(0, OnoCodVoce).toInt(), 5);
+    QCOMPARE(Nota.xOnorari(0, OnoCodVoce).toInt(), 105);
     QCOMPARE(Nota.xOnorari(0, OnoDescr).toString(), u"Fase esecutiva, per ogni ora o frazione di ora"_s);
 }
 
@@ -272,7 +273,7 @@ void TestOnorari::quantitaAnnullata()
     const Studio Ufficio;
     Registratore Messaggi;
     Parcella Nota = NotaPenale();
-    const Catalogo Voci = CatalogoSu(Nota, 5);
+    const Catalogo Voci = CatalogoSu(Nota, 105);
     for (const QString& Risposta : {QString(), u"0"_s}) {
         Messaggi.AttendiImmissione(u"delle ore impiegate"_s, Risposta);
         QCOMPARE(InserisciOnorario(Nota, Voci), std::nullopt);
@@ -285,7 +286,7 @@ void TestOnorari::quantitaDataPrima()
     const Studio Ufficio;
     Registratore Messaggi;
     Parcella Nota = NotaPenale();
-    InserisciOnorario(Nota, CatalogoSu(Nota, 5), {}, 4.0);
+    InserisciOnorario(Nota, CatalogoSu(Nota, 105), {}, 4.0);
     QCOMPARE(Importi(Nota, 0), Euro({80, 80, 40, 120}));
 }
 
@@ -365,7 +366,7 @@ void TestOnorari::ingiunzioneConValore()
     // The rule is the civil table's: item 19 of the criminal bracket 8 would be another matter.
     Parcella Monocratico = NotaPenale();
     Monocratico.Scaglione = ScaglioneIndeterminato;
-    Catalogo Voci = CatalogoSu(Monocratico, 1);
+    Catalogo Voci = CatalogoSu(Monocratico, 101);
     QCOMPARE(NumeroErrore([&] { InserisciOnorario(Monocratico, Voci); }), 3265);  // there is no column 8Med
 }
 
@@ -376,14 +377,14 @@ void TestOnorari::stragiudiziale_data()
     QTest::addColumn<double>("Quantita");
     QTest::addColumn<Euro>("Attesi");
     // 600 + 5000 x 0.015 = 675 and 1750 + 5000 x 0.04 = 1950; half way 1312.5, to the even euro.
-    QTest::newRow("trattativa") << 6 << u"30000"_s << 1.0 << Euro({1312, 1312, 675, 1950});
+    QTest::newRow("trattativa") << 206 << u"30000"_s << 1.0 << Euro({1312, 1312, 675, 1950});
     // 180 + 5000 x 0.0045 = 202.5 and 525 + 5000 x 0.012 = 585; half way 393.75.
-    QTest::newRow("atto notarile") << 9 << u"30000"_s << 1.0 << Euro({394, 394, 202, 585});
+    QTest::newRow("atto notarile") << 209 << u"30000"_s << 1.0 << Euro({394, 394, 202, 585});
     // The same three times: 1181.25, 607.5, 1755. Rounded after the product.
-    QTest::newRow("tre atti") << 9 << u"30000"_s << 3.0 << Euro({1181, 1181, 608, 1755});
+    QTest::newRow("tre atti") << 209 << u"30000"_s << 3.0 << Euro({1181, 1181, 608, 1755});
     // 50 + 10.01 x 0.03 = 50.3003 and 150 + 10.01 x 0.08 = 150.8008.
-    QTest::newRow("pochi euro") << 6 << u"10,01"_s << 1.0 << Euro({101, 101, 50, 151});
-    QTest::newRow("importi fissi") << 4 << u"30000"_s << 2.0 << Euro({315, 315, 150, 480});
+    QTest::newRow("pochi euro") << 206 << u"10,01"_s << 1.0 << Euro({101, 101, 50, 151});
+    QTest::newRow("importi fissi") << 204 << u"30000"_s << 2.0 << Euro({315, 315, 150, 480});
 }
 
 void TestOnorari::stragiudiziale()
@@ -405,7 +406,7 @@ void TestOnorari::stragiudizialeSenzaValore()
     Registratore Messaggi;
     Parcella Nota = NotaNuova(CategStragiudiziale, IDStragiudiziale);
     SelezionaScaglioneInSilenzio(Nota, 0);
-    InserisciOnorario(Nota, CatalogoSu(Nota, 6));
+    InserisciOnorario(Nota, CatalogoSu(Nota, 206));
     QCOMPARE(Importi(Nota, 0), Euro({100, 100, 50, 150}));  // 50 and 150: the formulas at 0
 }
 
@@ -413,10 +414,10 @@ void TestOnorari::formulaErrataAllInserzione()
 {
     const Studio Ufficio;
     Registratore Messaggi;
-    Ufficio.TariffeProprie().Execute(u"UPDATE OnorariStra SET \"3Min\"='1/0' WHERE IDOno=6"_s);
+    Ufficio.TariffeProprie().Execute(u"UPDATE OnorariStra SET \"3Min\"='1/0' WHERE IDOno=206"_s);
     Parcella Nota = NotaStragiudiziale();
     Messaggi.Attendi(u"Division by zero."_s, vbOK, u"Errore:"_s);
-    InserisciOnorario(Nota, CatalogoSu(Nota, 6));
+    InserisciOnorario(Nota, CatalogoSu(Nota, 206));
     // The failed minimum counts 0: half way to 1950 is 975.
     QCOMPARE(Importi(Nota, 0), Euro({975, 975, 0, 1950}));
 }
@@ -426,7 +427,7 @@ void TestOnorari::tracciaDelleFormule()
     const Studio Ufficio;
     Registratore Messaggi;
     Parcella Nota = NotaStragiudiziale();
-    const Catalogo Voci = CatalogoSu(Nota, 6);
+    const Catalogo Voci = CatalogoSu(Nota, 206);
     sessione::ModoDebug = true;
     InserisciOnorario(Nota, Voci);
     QVERIFY(sessione::TestoDebug.contains(u"calcolo strag 1. Min=600+(x-25000)*0.015 Imp=30000"_s));
@@ -481,7 +482,7 @@ void TestOnorari::ricalcoloPerVariazione()
     const Studio Ufficio;
     Registratore Messaggi;
     Parcella Nota = NotaPenale();
-    Catalogo Voci = CatalogoSu(Nota, 5);
+    Catalogo Voci = CatalogoSu(Nota, 105);
     InserisciOnorario(Nota, Voci, {}, 3.0);
     ScegliAumRid(Nota, 6);
     LoadOnoDir(Nota, Voci);
@@ -501,7 +502,7 @@ void TestOnorari::ricalcoloStragiudiziale()
     const Studio Ufficio;
     Registratore Messaggi;
     Parcella Nota = NotaStragiudiziale();
-    Catalogo Voci = CatalogoSu(Nota, 6);
+    Catalogo Voci = CatalogoSu(Nota, 206);
     InserisciOnorario(Nota, Voci);
     ScriviValore(Nota, u"40.000,50"_s);
     LoadOnoDir(Nota, Voci);
@@ -595,6 +596,29 @@ void TestOnorari::rifiutoNonLasciaRigheVecchie()
     QVERIFY(!RicalcoloInSospeso(Nota));
 }
 
+// Keys of one category are in no other's catalogue: a line left over is reported, never priced as another
+// item.
+void TestOnorari::ricalcoloDopoUnaltraCategoria()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota = NotaCivile();
+    Catalogo Voci;
+    EntraOnorari(Nota, Voci);
+    const TabellaRighe Prima = Nota.xOnorari;
+    CambiaCategoria(Nota, CategStragiudiziale);
+    Messaggi.Attendi(u"Sono state già inserite delle prestazioni e la modifica comporterà il ricalcolo con i "
+                     u"nuovi parametri.\nConfermi la modifica?"_s,
+                     vbYes, u"Domanda:"_s);
+    ScriviValore(Nota, u"30000"_s);
+    for (int Riga = 0; Riga < Prima.Righe(); ++Riga)
+        Messaggi.Attendi(u"Attenzione, l'onorario "_s + Prima(Riga, OnoDescr).toString() +
+                             u" non è previsto per l'autorità selezionata!"_s,
+                         vbOK, u"Messaggio:"_s);
+    LoadOnoDir(Nota, Voci);
+    QCOMPARE(Nota.xOnorari, Prima);
+}
+
 void TestOnorari::ricalcoloPrendeIlNumeroTrovato()
 {
     const Studio Ufficio;
@@ -639,9 +663,9 @@ void TestOnorari::ricalcoloFormulaErrata()
     const Studio Ufficio;
     Registratore Messaggi;
     Parcella Nota = NotaStragiudiziale();
-    for (const int Chiave : {6, 9, 11})
+    for (const int Chiave : {206, 209, 211})
         InserisciOnorario(Nota, CatalogoSu(Nota, Chiave));
-    Ufficio.TariffeProprie().Execute(u"UPDATE OnorariStra SET \"3Max\"='1/0' WHERE IDOno=9"_s);
+    Ufficio.TariffeProprie().Execute(u"UPDATE OnorariStra SET \"3Max\"='1/0' WHERE IDOno=209"_s);
     ScegliAumRid(Nota, 6);
     Messaggi.Attendi(u"Errore: Division by zero. (7)"_s, vbOK, u"Errore:"_s);
     Catalogo Voci;
@@ -688,7 +712,7 @@ void TestOnorari::fileScheda_data()
     QTest::addColumn<QVariant>("Chiave");
     QTest::addColumn<QString>("File");
     QTest::newRow("civile") << u"CIV"_s << QVariant(4) << u"C004.htm"_s;
-    QTest::newRow("testo") << u"STR"_s << QVariant(u"12"_s) << u"S012.htm"_s;
+    QTest::newRow("testo") << u"STR"_s << QVariant(u"212"_s) << u"S212.htm"_s;
     QTest::newRow("tre cifre") << u"PEN"_s << QVariant(999) << u"P999.htm"_s;
 }
 

@@ -147,7 +147,7 @@ void TestTotali::notaPenale()
     Parcella Nota = NotaPenale();
     Catalogo Voci;
     EntraOnorari(Nota, Voci);
-    QVERIFY(VaiAVoce(Voci, 5));
+    QVERIFY(VaiAVoce(Voci, 105));
     Messaggi.AttendiImmissione(u"delle ore impiegate"_s, u"2,5"_s);
     InserisciOnorario(Nota, Voci);
     AccendiTutto(Nota);
@@ -169,7 +169,7 @@ void TestTotali::notaStragiudiziale()
     Parcella Nota = NotaStragiudiziale();
     Catalogo Voci;
     LoadOnoDir(Nota, Voci);
-    QVERIFY(VaiAVoce(Voci, 6));
+    QVERIFY(VaiAVoce(Voci, 206));
     InserisciOnorario(Nota, Voci);
     RigaSpesa(Nota, 10.0, 27.0);
     // A new note: VAT and pension fund alone.

@@ -114,9 +114,7 @@ bool Libera(const Recordset& Voce)
 
 QList<ScaglioneValore> Scaglioni(const QString& Categ)
 {
-    QList<ScaglioneValore> Letti;
-    LeggiScaglioni(Categ, [&](const ScaglioneValore& Uno) { Letti += Uno; });
-    return Letti;
+    return LeggiScaglioni(Categ).Voci;
 }
 
 QStringList TernaScritta(const Recordset& Voce, int Scaglione)
@@ -239,7 +237,7 @@ void TestSchede::ogniVoceHaLaSua()
                  qPrintable(Scheda.Paragrafi.first()));
         ++Viste;
     };
-    for (const Autorita& Una : LeggiAutorita(Civile.toString()))
+    for (const Autorita& Una : LeggiAutorita(Civile.toString()).Voci)
         PerOgniVoce(Civile.toString(), Una.IDAut, Controlla);
     for (const QStringView Categ : {Penale, Stragiudiziale})
         PerOgniVoce(Categ.toString(), 0, Controlla);
@@ -250,7 +248,7 @@ void TestSchede::ogniSchedaHaLaSuaVoce()
 {
     QSet<QString> Attese;
     const auto Segna = [&](const QString& File, const Recordset&) { Attese.insert(File); };
-    for (const Autorita& Una : LeggiAutorita(Civile.toString()))
+    for (const Autorita& Una : LeggiAutorita(Civile.toString()).Voci)
         PerOgniVoce(Civile.toString(), Una.IDAut, Segna);
     for (const QStringView Categ : {Penale, Stragiudiziale})
         PerOgniVoce(Categ.toString(), 0, Segna);
@@ -264,7 +262,7 @@ void TestSchede::ogniSchedaHaLaSuaVoce()
 void TestSchede::cifreCivili()
 {
     int Viste = 0;
-    for (const Autorita& Una : LeggiAutorita(Civile.toString())) {
+    for (const Autorita& Una : LeggiAutorita(Civile.toString()).Voci) {
         PerOgniVoce(Civile.toString(), Una.IDAut, [&](const QString& File, const Recordset& Voce) {
             const SchedaLetta& Scheda = Leggi(File);
             if (Libera(Voce)) {
@@ -299,11 +297,11 @@ void TestSchede::cifrePenali()
             QVERIFY(Scheda.Tabelle.isEmpty());
             return;
         }
-        for (const Autorita& Una : LeggiAutorita(Penale.toString())) {
+        for (const Autorita& Una : LeggiAutorita(Penale.toString()).Voci) {
             QCOMPARE(RigaDi(Scheda.Tabelle, Una.DesAut).mid(1, 3), TernaScritta(Voce, Una.IDAut));
             ++Viste;
         }
-        QCOMPARE(Scheda.Tabelle.first().Righe.size(), LeggiAutorita(Penale.toString()).size() + 1);
+        QCOMPARE(Scheda.Tabelle.first().Righe.size(), LeggiAutorita(Penale.toString()).Voci.size() + 1);
     });
     QCOMPARE(Viste, 50);
 }
@@ -391,10 +389,10 @@ void TestSchede::percentuali()
     // What the decree gives as minimum and maximum follows by none.
     QVERIFY(!Html(u"C019.htm"_s).contains(u"Dal medio"));
     // The office's own share, of criminal items alone.
-    const QStringList Assise = RigaDi(Leggi(u"P003.htm"_s).Tabelle, u"Corte d'assise"_s);
+    const QStringList Assise = RigaDi(Leggi(u"P103.htm"_s).Tabelle, u"Corte d'assise"_s);
     QCOMPARE(Assise.last(), u"+150%"_s);
-    QCOMPARE(RigaDi(Leggi(u"P003.htm"_s).Tabelle, u"Giudice di pace"_s).last(), u"-20%"_s);
-    QCOMPARE(RigaDi(Leggi(u"P003.htm"_s).Tabelle, u"Tribunale monocratico"_s).last(), u"base"_s);
+    QCOMPARE(RigaDi(Leggi(u"P103.htm"_s).Tabelle, u"Giudice di pace"_s).last(), u"-20%"_s);
+    QCOMPARE(RigaDi(Leggi(u"P103.htm"_s).Tabelle, u"Tribunale monocratico"_s).last(), u"base"_s);
 }
 
 // ---- Pages ---------------------------------------------------------------------------------------
@@ -560,13 +558,13 @@ void TestSchede::rifiuta_data()
     Caso("text without an item", Civ, u"= 8 Affari tavolari"_s, u"= 88 Affari tavolari"_s,
          u"civile.txt, riga "_s);
     Caso("text of nothing", Civ, u"= 8 Affari tavolari"_s, u"= Affari tavolari"_s, u"serve il codice"_s);
-    Caso("text left out", Pen, u"= 2 Fase introduttiva"_s, u"## Fase introduttiva"_s,
-         u"manca la scheda della voce 2, Fase introduttiva"_s);
-    Caso("another description", Pen, u"= 1 Fase di studio"_s, u"= 1 Fase di esame"_s,
-         u"la voce 1 si chiama «Fase di studio»"_s);
-    Caso("two texts of an item", Pen, u"= 2 Fase introduttiva"_s, u"= 1 Fase di studio"_s,
-         u"la voce 1 ha già una scheda"_s);
-    Caso("words before any section", Pen, u"= 1 Fase di studio"_s, u"ciao\n= 1 Fase di studio"_s,
+    Caso("text left out", Pen, u"= 102 Fase introduttiva"_s, u"## Fase introduttiva"_s,
+         u"manca la scheda della voce 102, Fase introduttiva"_s);
+    Caso("another description", Pen, u"= 101 Fase di studio"_s, u"= 101 Fase di esame"_s,
+         u"la voce 101 si chiama «Fase di studio»"_s);
+    Caso("two texts of an item", Pen, u"= 102 Fase introduttiva"_s, u"= 101 Fase di studio"_s,
+         u"la voce 101 ha già una scheda"_s);
+    Caso("words before any section", Pen, u"= 101 Fase di studio"_s, u"ciao\n= 101 Fase di studio"_s,
          u"penale.txt, riga 1: testo fuori da ogni sezione"_s);
     Caso("a group without its words", Civ, u"= gruppo appello: Appello\n"_s, QString(),
          u"manca il gruppo «appello»"_s);
@@ -584,13 +582,13 @@ void TestSchede::rifiuta_data()
     Caso("amounts of the free item", Pen, u"= 999 Voce non prevista\n"_s,
          u"= 999 Voce non prevista\n%importi\n"_s, QString());
     Caso("quantity left out", Pen, u"%quantità\n"_s, QString(), u"«%quantità» serve una volta"_s);
-    Caso("quantity of an item without one", Pen, u"= 1 Fase di studio\n"_s,
-         u"= 1 Fase di studio\n%quantità\n"_s, u"«%quantità» non serve"_s);
+    Caso("quantity of an item without one", Pen, u"= 101 Fase di studio\n"_s,
+         u"= 101 Fase di studio\n%quantità\n"_s, u"«%quantità» non serve"_s);
     Caso("no articles", Pen, u"## Nel decreto\n"_s, QString(), u"manca «## Nel decreto»"_s);
     Caso("unknown directive", Str, u"%quantità\n"_s, u"%quantita\n"_s, u"direttiva sconosciuta: quantita"_s);
     Caso("bold without an end", Str, u"- **Art. 3**:"_s, u"- **Art. 3:"_s, u"grassetto senza fine"_s);
-    Caso("a link to no item", Str, u"%vedi S2 S3 C1"_s, u"%vedi S2 S77"_s, u"nessuna voce S77"_s);
-    Caso("a link to no category", Str, u"%vedi S2 S3 C1"_s, u"%vedi S2 X3"_s, u"nessuna voce X3"_s);
+    Caso("a link to no item", Str, u"%vedi S202 S203 C1"_s, u"%vedi S202 S77"_s, u"nessuna voce S77"_s);
+    Caso("a link to no category", Str, u"%vedi S202 S203 C1"_s, u"%vedi S202 X3"_s, u"nessuna voce X3"_s);
     Caso("an example of a civil item", Civ, u"%vedi C20 C5 C6"_s, u"%esempio 3000"_s, u"non si adatta"_s);
     Caso("an example without its quantity", Str, u"%esempio 30000 2"_s, u"%esempio 30000"_s,
          u"non si adatta"_s);

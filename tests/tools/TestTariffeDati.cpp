@@ -164,18 +164,18 @@ void TestTariffeDati::cifrePenali_data()
     QTest::addColumn<double>("Minimo");
     QTest::addColumn<double>("Massimo");
 
-    QTest::newRow("monocratico, studio") << 23 << 1 << 300.0 << 150.0 << 1200.0;
-    QTest::newRow("monocratico, introduttiva") << 23 << 2 << 600.0 << 300.0 << 900.0;
-    QTest::newRow("monocratico, istruttoria") << 23 << 3 << 900.0 << 270.0 << 1800.0;
-    QTest::newRow("monocratico, decisoria") << 23 << 4 << 900.0 << 270.0 << 1350.0;
-    QTest::newRow("sorveglianza, per ogni ora") << 24 << 5 << 20.0 << 10.0 << 30.0;
-    QTest::newRow("giudice di pace, ora -20%") << 21 << 5 << 16.0 << 8.0 << 24.0;
-    QTest::newRow("udienza preliminare +20%") << 22 << 1 << 360.0 << 180.0 << 1440.0;
-    QTest::newRow("collegiale +30%") << 25 << 4 << 1170.0 << 351.0 << 1755.0;
-    QTest::newRow("assise, ora") << 26 << 5 << 50.0 << 25.0 << 75.0;
-    QTest::newRow("tribunale di sorveglianza +60%") << 28 << 1 << 480.0 << 240.0 << 1920.0;
-    QTest::newRow("assise d'appello +160%") << 29 << 3 << 2340.0 << 702.0 << 4680.0;
-    QTest::newRow("magistrature superiori +220%") << 30 << 2 << 1920.0 << 960.0 << 2880.0;
+    QTest::newRow("monocratico, studio") << 23 << 101 << 300.0 << 150.0 << 1200.0;
+    QTest::newRow("monocratico, introduttiva") << 23 << 102 << 600.0 << 300.0 << 900.0;
+    QTest::newRow("monocratico, istruttoria") << 23 << 103 << 900.0 << 270.0 << 1800.0;
+    QTest::newRow("monocratico, decisoria") << 23 << 104 << 900.0 << 270.0 << 1350.0;
+    QTest::newRow("sorveglianza, per ogni ora") << 24 << 105 << 20.0 << 10.0 << 30.0;
+    QTest::newRow("giudice di pace, ora -20%") << 21 << 105 << 16.0 << 8.0 << 24.0;
+    QTest::newRow("udienza preliminare +20%") << 22 << 101 << 360.0 << 180.0 << 1440.0;
+    QTest::newRow("collegiale +30%") << 25 << 104 << 1170.0 << 351.0 << 1755.0;
+    QTest::newRow("assise, ora") << 26 << 105 << 50.0 << 25.0 << 75.0;
+    QTest::newRow("tribunale di sorveglianza +60%") << 28 << 101 << 480.0 << 240.0 << 1920.0;
+    QTest::newRow("assise d'appello +160%") << 29 << 103 << 2340.0 << 702.0 << 4680.0;
+    QTest::newRow("magistrature superiori +220%") << 30 << 102 << 1920.0 << 960.0 << 2880.0;
     QTest::newRow("voce libera senza importi") << 30 << 999 << 0.0 << 0.0 << 0.0;
 }
 
@@ -198,13 +198,13 @@ void TestTariffeDati::formuleStragiudiziali_data()
     QTest::addColumn<QString>("Minimo");
     QTest::addColumn<QString>("Massimo");
 
-    QTest::newRow("consultazione, importo fisso") << 1 << 3 << u"150"_s << u"480"_s;
-    QTest::newRow("trattativa, primo scaglione") << 6 << 1 << u"50+x*0.03"_s << u"150+x*0.08"_s;
+    QTest::newRow("consultazione, importo fisso") << 201 << 3 << u"150"_s << u"480"_s;
+    QTest::newRow("trattativa, primo scaglione") << 206 << 1 << u"50+x*0.03"_s << u"150+x*0.08"_s;
     QTest::newRow("trattativa, ultimo scaglione")
-        << 6 << 7 << u"9475+(x-1500000)*0.0025"_s << u"27250+(x-1500000)*0.005"_s;
-    QTest::newRow("conciliazione, da zero") << 12 << 2 << u"0"_s << u"220+(x-5000)*0.024"_s;
-    QTest::newRow("recupero crediti") << 13 << 1 << u"x*0.04"_s << u"x*0.1"_s;
-    QTest::newRow("trasferta a ora") << 19 << 7 << u"50"_s << u"120"_s;
+        << 206 << 7 << u"9475+(x-1500000)*0.0025"_s << u"27250+(x-1500000)*0.005"_s;
+    QTest::newRow("conciliazione, da zero") << 212 << 2 << u"0"_s << u"220+(x-5000)*0.024"_s;
+    QTest::newRow("recupero crediti") << 213 << 1 << u"x*0.04"_s << u"x*0.1"_s;
+    QTest::newRow("trasferta a ora") << 219 << 7 << u"50"_s << u"120"_s;
     QTest::newRow("voce libera senza formule") << 999 << 1 << QString() << QString();
 }
 
@@ -222,7 +222,7 @@ void TestTariffeDati::formuleStragiudiziali()
 
 void TestTariffeDati::vociEScaglioni()
 {
-    const Recordset Ora = Riga(u"SELECT * FROM OnorariPen WHERE IDOno=5"_s);
+    const Recordset Ora = Riga(u"SELECT * FROM OnorariPen WHERE IDOno=105"_s);
     QCOMPARE(Ora.Value(u"QtaOno"_s).toString(), u"H"_s);
     QCOMPARE(Ora.Value(u"NVoce"_s).toString(), u"95"_s);
     const Recordset Studio = Riga(u"SELECT * FROM OnorariCiv WHERE IDAutor=2 AND CodOno='1'"_s);
@@ -336,6 +336,7 @@ void TestTariffeDati::rifiuta_data()
     const auto Scaglioni = u"scaglioni"_s;
     const auto Voci = u"voci"_s;
     const auto Civili = u"onorari_civili"_s;
+    const auto Precedenti = u"chiavi_precedenti"_s;
     const auto Penali = u"onorari_penali"_s;
     const auto Stragiudiziali = u"onorari_stragiudiziali"_s;
 
@@ -357,7 +358,7 @@ void TestTariffeDati::rifiuta_data()
     Caso("autorità civile senza importi", Autorita, 4, u";tribunale;"_s, u";tribunali;"_s,
          u"4, colonna gruppo: il gruppo «tribunali» non ha importi civili"_s);
     Caso("autorità penale senza importi", Autorita, 20, u";monocratico;"_s, u";unico;"_s,
-         u"20, colonna gruppo: al gruppo «unico» manca l'importo penale della voce 1"_s);
+         u"20, colonna gruppo: al gruppo «unico» manca l'importo penale della voce 101"_s);
     Caso("precarica che non è sì né no", Autorita, 4, u"sì"_s, u"1"_s,
          u"4, colonna precarica: «1» non è né sì né no"_s);
     Caso("compatibili senza la prima virgola", Autorita, 3, u";,13"_s, u";13"_s,
@@ -401,6 +402,16 @@ void TestTariffeDati::rifiuta_data()
          u"5, colonna voce: il numero 3 è già in una riga precedente"_s);
     Caso("codice ripetuto nella categoria", Voci, 5, u"4;4;4"_s, u"3;4;4"_s,
          u"5, colonna codice: il numero 3 è già in una riga precedente"_s);
+    Caso("codice di un'altra categoria", Voci, 14, u"PEN;101"_s, u"PEN;1"_s,
+         u"14, colonna codice: il codice 1 è già della categoria CIV"_s);
+    Caso("codice della voce libera altrui", Voci, 14, u"PEN;101"_s, u"PEN;999"_s,
+         u"14, colonna codice: il codice 999 è già della categoria CIV"_s);
+    Caso("codice precedente ripetuto", Precedenti, 3, u"PEN;2;102"_s, u"PEN;1;102"_s,
+         u"3, colonna precedente: il numero 1 è già in una riga precedente"_s);
+    Caso("codice precedente di una voce presente", Precedenti, 2, u"PEN;1;101"_s, u"PEN;105;101"_s,
+         u"2, colonna precedente: il codice 105 è di una voce presente"_s);
+    Caso("codice precedente che non porta a nulla", Precedenti, 2, u"PEN;1;101"_s, u"PEN;1;201"_s,
+         u"2, colonna codice: nessuna voce ha il codice 201"_s);
     Caso("descrizione di 61 caratteri", Voci, 5, u"Fase decisoria"_s, QString(61, u'a'),
          u"5, colonna descrizione: il testo supera i 60 caratteri"_s);
     Caso("minimo della quantità senza importo", Voci, 20, u";N"_s, u";>x"_s,
@@ -431,8 +442,8 @@ void TestTariffeDati::rifiuta_data()
     Caso("medio sopra il massimo", Penali, 12, u"300;1200"_s, u"1201;1200"_s,
          u"12, colonna medio: il medio supera il massimo"_s);
     Altrove(
-        "importo penale mancante", Penali, 41, u"superiori;5;32;64;96"_s,
-        u"autorita.csv, riga 27, colonna gruppo: al gruppo «superiori» manca l'importo penale della voce 5"_s);
+        "importo penale mancante", Penali, 41, u"superiori;105;32;64;96"_s,
+        u"autorita.csv, riga 27, colonna gruppo: al gruppo «superiori» manca l'importo penale della voce 105"_s);
     Caso("formula con prodotto sottinteso", Stragiudiziali, 37, u"50+x*0.03"_s, u"50+3x"_s,
          u"37, colonna minimo: segno fuori posto alla posizione 5"_s);
     Caso("formula negativa", Stragiudiziali, 37, u"50+x*0.03"_s, u"x-1"_s,
@@ -445,8 +456,8 @@ void TestTariffeDati::rifiuta_data()
          u"37, colonna minimo: il minimo supera il massimo per x = 0.01"_s);
     Caso("minimo sopra il massimo solo a metà", Stragiudiziali, 37, u"50+x*0.03"_s, u"x*(5000-x)"_s,
          u"37, colonna minimo: il minimo supera il massimo per x = 2500.01"_s);
-    Altrove("formule di uno scaglione mancanti", Stragiudiziali, 134, u"19;7;50;120"_s,
-            u"voci.csv, riga 38, colonna codice: alla voce 19 mancano le formule dello scaglione 7"_s);
+    Altrove("formule di uno scaglione mancanti", Stragiudiziali, 134, u"219;7;50;120"_s,
+            u"voci.csv, riga 38, colonna codice: alla voce 219 mancano le formule dello scaglione 7"_s);
     Caso("spesa ripetuta", u"spese"_s, 3, u"2;2;2"_s, u"1;2;2"_s,
          u"3, colonna codice: il numero 1 è già in una riga precedente"_s);
     Caso("spesa con descrizione lunga", u"spese"_s, 4, u"Marca da bollo"_s, QString(61, u'x'),
@@ -511,7 +522,7 @@ void TestTariffeDati::rifiutaPiuDiVentunoScaglioni()
     QCOMPARE(Prova(22), u"scaglioni.csv, riga 31, colonna materia: la materia S ha più di 21 scaglioni\n"_s);
     // Twenty-one pass this check, and are refused only for want of formulas.
     QCOMPARE(Prova(21),
-             u"voci.csv, riga 20, colonna codice: alla voce 1 mancano le formule dello scaglione 8\n"_s);
+             u"voci.csv, riga 20, colonna codice: alla voce 201 mancano le formule dello scaglione 8\n"_s);
 }
 
 void TestTariffeDati::mancaUnaTabella()

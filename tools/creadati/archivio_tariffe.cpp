@@ -133,6 +133,14 @@ void ScriviSpese(const Database& Db, const Tariffe& Dati, const TabellaNuova& Ta
         AggiungiRiga(Db, Tabella, {Voce.Codice, QString::number(Voce.NVoce), Voce.Descrizione, Voce.NVis});
 }
 
+/// Notes saved when the catalogues had keys in common find their items by this.
+void ScriviPrecedenti(const Database& Db, const Tariffe& Dati, const TabellaNuova& Tabella)
+{
+    for (const ChiavePrecedente& Chiave : Dati.Precedenti)
+        AggiungiRiga(Db, Tabella,
+                     {Chiave.Categ, QString::number(Chiave.Precedente), QString::number(Chiave.Codice)});
+}
+
 TabellaNuova TabellaEnti()
 {
     return {u"Autorità"_s,
@@ -177,6 +185,12 @@ TabellaNuova TabellaSpese()
              CampoDi(Intero, u"NVis"_s)}};
 }
 
+TabellaNuova TabellaChiaviPrecedenti()
+{
+    return {u"ChiaviPrecedenti"_s,
+            {CampoTesto(u"Categoria"_s, 3), CampoTesto(u"Precedente"_s, 10), CampoTesto(u"Chiave"_s, 10)}};
+}
+
 /// Values of the rights of tariffs before this decree: none are delivered, the program only opens it.
 TabellaNuova TabellaDirittiValori()
 {
@@ -196,6 +210,7 @@ void ScriviTariffe(const Tariffe& Dati, const QString& Percorso)
         {TabellaPenali(Dati), ScriviPenali},
         {TabellaStragiudiziali(Dati), ScriviStragiudiziali},
         {TabellaSpese(), ScriviSpese},
+        {TabellaChiaviPrecedenti(), ScriviPrecedenti},
     };
     const Database Db = CreateDatabase(Percorso);
     for (const auto& [Tabella, Scrivi] : Tabelle)

@@ -204,6 +204,21 @@ QString LeggiQuantita(const TabellaTesto& Tabella, int Riga)
     return Regola;
 }
 
+/// A key of two categories would give a line the price of another service once the category changes. The free
+/// item has no price and is one and the same in all of them.
+void ControllaDisgiunta(const TabellaTesto& Tabella, int Riga, const QString& Categ,
+                        const QHash<QString, QList<VoceTariffa>>& Voci, const VoceTariffa& Letta)
+{
+    for (auto Altra = Voci.begin(); Altra != Voci.end(); ++Altra) {
+        const bool Comune = std::ranges::any_of(Altra.value(), [&](const VoceTariffa& Una) {
+            return Una.Codice == Letta.Codice && (Una.NVoce != VoceLibera || Letta.NVoce != VoceLibera);
+        });
+        if (Altra.key() != Categ && Comune)
+            Tabella.Rifiuta(Riga, Codice,
+                            u"il codice %1 è già della categoria %2"_s.arg(Letta.Codice).arg(Altra.key()));
+    }
+}
+
 QHash<QString, QList<VoceTariffa>> LeggiVoci(const TabellaTesto& Tabella)
 {
     QHash<QString, QList<VoceTariffa>> Voci;
@@ -214,6 +229,7 @@ QHash<QString, QList<VoceTariffa>> LeggiVoci(const TabellaTesto& Tabella)
         Letta.Quantita = LeggiQuantita(Tabella, Riga);
         Chiavi.Aggiungi(Tabella, Riga, Codice, Categ, Letta.Codice);
         Chiavi.Aggiungi(Tabella, Riga, Voce, Categ, Letta.NVoce);
+        ControllaDisgiunta(Tabella, Riga, Categ, Voci, Letta);
         Voci[Categ].append(Letta);
     }
     for (const QString& Categ : Categorie) {
@@ -221,6 +237,33 @@ QHash<QString, QList<VoceTariffa>> LeggiVoci(const TabellaTesto& Tabella)
             Tabella.RifiutaInFondo(Voce, u"alla categoria %1 manca la voce 999"_s.arg(Categ));
     }
     return Voci;
+}
+
+bool HaCodice(const QList<VoceTariffa>& Voci, int Chiave)
+{
+    return std::ranges::any_of(Voci, [&](const VoceTariffa& Una) { return Una.Codice == Chiave; });
+}
+
+/// A former key leads to an item of its category and is none of that category's present ones.
+QList<ChiavePrecedente> LeggiPrecedenti(const QString& Cartella, const Tariffe& Dati)
+{
+    const auto Precedente = u"precedente"_s;
+    const TabellaTesto Tabella(Cartella + u"chiavi_precedenti.csv"_s, {Categoria, Precedente, Codice});
+    QList<ChiavePrecedente> Lette;
+    Viste Chiavi;
+    for (int Riga = 0; Riga < Tabella.Righe(); ++Riga) {
+        const ChiavePrecedente Letta{LeggiScelta(Tabella, Riga, Categoria, Categorie),
+                                     Tabella.Intero(Riga, Precedente, 1, 32767),
+                                     Tabella.Intero(Riga, Codice, 1, 32767)};
+        const QList<VoceTariffa> Voci = Dati.Voci[Letta.Categ];
+        Chiavi.Aggiungi(Tabella, Riga, Precedente, Letta.Categ, Letta.Precedente);
+        if (HaCodice(Voci, Letta.Precedente))
+            Tabella.Rifiuta(Riga, Precedente, u"il codice %1 è di una voce presente"_s.arg(Letta.Precedente));
+        if (!HaCodice(Voci, Letta.Codice))
+            Tabella.Rifiuta(Riga, Codice, u"nessuna voce ha il codice %1"_s.arg(Letta.Codice));
+        Lette.append(Letta);
+    }
+    return Lette;
 }
 
 QList<VoceTariffa> LeggiSpese(const QString& Cartella)
@@ -301,5 +344,6 @@ Tariffe LeggiTariffe(const QString& Cartella)
     ControllaGruppi(TabellaEnti, Dati);
     ControllaVoci(TabellaVoci, Dati);
     Dati.Spese = LeggiSpese(Cartella);
+    Dati.Precedenti = LeggiPrecedenti(Cartella, Dati);
     return Dati;
 }

@@ -8,6 +8,7 @@
 //   onorari_penali.csv          gruppo;codice;minimo;medio;massimo
 //   onorari_stragiudiziali.csv  codice;scaglione;minimo;massimo      (formulas in x)
 //   spese.csv                   codice;voce;ordine;descrizione
+//   chiavi_precedenti.csv       categoria;precedente;codice
 // A group is a set of authorities with the same amounts; it has a name of its own in each category.
 #pragma once
 
@@ -33,7 +34,7 @@ struct AutoritaTariffa
 /// A catalogue item.
 struct VoceTariffa
 {
-    int Codice = 0;  ///< key in its category
+    int Codice = 0;  ///< key; no other category has it, but for the free item, which is the same in all
     int NVoce = 0;
     int NVis = 0;  ///< display order; 0 hides the item where the catalogue filters on it
     QString Descrizione;
@@ -68,6 +69,14 @@ struct ChiaveImporto
     }
 };
 
+/// The key that an item had when those of the categories were not apart.
+struct ChiavePrecedente
+{
+    QString Categ;
+    int Precedente = 0;
+    int Codice = 0;
+};
+
 struct Tariffe
 {
     QList<AutoritaTariffa> Enti;
@@ -77,6 +86,7 @@ struct Tariffe
     std::map<ChiaveImporto, Terna> Penali;
     std::map<ChiaveImporto, Formule> Stragiudiziali;
     QList<VoceTariffa> Spese;
+    QList<ChiavePrecedente> Precedenti;
 };
 
 /// Reads and checks the tables of a folder.

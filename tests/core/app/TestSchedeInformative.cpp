@@ -409,8 +409,8 @@ void TestSchedeInformative::unCollegamentoNonLoFerma()
 {
     Entra();
     Informa();
-    QVERIFY(InVista()->Segui(InVista()->source().resolved(QUrl(u"S002.htm"_s))));
-    QCOMPARE(FileInVista(), u"S002.htm"_s);
+    QVERIFY(InVista()->Segui(InVista()->source().resolved(QUrl(u"S202.htm"_s))));
+    QCOMPARE(FileInVista(), u"S202.htm"_s);
     TornaAllaNota();
     Premi(Qt::Key_Down);
     QCOMPARE(FileInVista(), u"C002.htm"_s);

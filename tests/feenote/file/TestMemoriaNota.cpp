@@ -254,7 +254,7 @@ void TestMemoriaNota::righeDaRicalcolare()
     const Studio Ufficio;
     Registratore Messaggi;
     Parcella Nota = NotaPiena();
-    Nota.RicalcoloNecessario = true;
+    SegnaRicalcolo(Nota);
     Parcella Letta = Riletta(Ufficio, Nota);
     QVERIFY(!Letta.RicalcoloNecessario);
     QVERIFY(Letta.RigheDaRicalcolare);
@@ -271,7 +271,7 @@ void TestMemoriaNota::ricalcoloFattoNonSiRicorda()
     const Studio Ufficio;
     Registratore Messaggi;
     Parcella Nota = NotaPiena();
-    Nota.RicalcoloNecessario = true;
+    SegnaRicalcolo(Nota);
     Parcella Letta = Riletta(Ufficio, Nota);
     Letta.RicalcoloNecessario = true;
     Catalogo Voci;
