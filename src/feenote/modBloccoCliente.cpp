@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -55,7 +57,46 @@ void PrecompilaRappresentante(Parcella& Nota, const DatiCliente& Cliente)
     Nota.RapprDi = Nota.IDCli;
 }
 
+/// The forms that a user can write in.
+constexpr std::array FormeScritte{FormaBlocco::Testata, FormaBlocco::Nome, FormaBlocco::Persona,
+                                  FormaBlocco::Societa};
+
 }  // namespace
+
+bool Discorsiva(FormaBlocco Forma)
+{
+    return Forma == FormaBlocco::Persona || Forma == FormaBlocco::Societa;
+}
+
+QString NomeDelBlocco(const QString& Blocco)
+{
+    if (!Blocco.contains(u'\n'))
+        return Blocco;
+    return Blocco.trimmed().section(u'\n', 0, 0).trimmed();
+}
+
+void ScriviBlocco(Parcella& Nota, FormaBlocco Forma, const QString& Testo)
+{
+    if (Forma == FormaBlocco::Nessuna)
+        return;
+    // The first block of a free client was shown by all documents. With the second each keeps what it shows.
+    if (Nota.IDCli <= 0 && Nota.BlocchiScritti.size() == 1 && !Nota.BlocchiScritti.contains(Forma)) {
+        const QString Comune = Nota.BlocchiScritti.first();
+        for (const FormaBlocco Altra : FormeScritte)
+            Nota.BlocchiScritti[Altra] = Comune;
+    }
+    Nota.BlocchiScritti[Forma] = Testo;
+}
+
+std::optional<QString> BloccoScritto(const Parcella& Nota, FormaBlocco Forma)
+{
+    const auto Trovato = Nota.BlocchiScritti.constFind(Forma);
+    if (Trovato != Nota.BlocchiScritti.constEnd())
+        return *Trovato;
+    if (Forma != FormaBlocco::Nessuna && Nota.IDCli <= 0 && Nota.BlocchiScritti.size() == 1)
+        return Nota.BlocchiScritti.first();
+    return std::nullopt;
+}
 
 QString BloccoCliente(const DatiCliente& Cliente, FormaBlocco Forma)
 {

@@ -6,6 +6,22 @@
 
 #include <QString>
 
+#include <optional>
+
+/// The form is one sentence, for a person or a company.
+[[nodiscard]] bool Discorsiva(FormaBlocco Forma);
+
+/// The name that a block begins with: all of a single line, of several the first that says something.
+[[nodiscard]] QString NomeDelBlocco(const QString& Blocco);
+
+/// The user has written the client block of a form. The first block of a client without a link is shown by
+/// every form; once another form is written, each keeps the text that it shows then. A linked client's other
+/// forms are worded from the archive. Nothing for FormaBlocco::Nessuna.
+void ScriviBlocco(Parcella& Nota, FormaBlocco Forma, const QString& Testo);
+
+/// What a form shows of the user's own writing; none where the client is to be worded.
+[[nodiscard]] std::optional<QString> BloccoScritto(const Parcella& Nota, FormaBlocco Forma);
+
 /// The client block of a document in one of its forms; empty for FormaBlocco::Nessuna.
 [[nodiscard]] QString BloccoCliente(const DatiCliente& Cliente, FormaBlocco Forma);
 

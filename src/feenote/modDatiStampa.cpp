@@ -179,7 +179,7 @@ void CambiaParte(Parcella& Nota, ParteNota Quale, const QString& Testo)
     (Nota.*Voce(Quale).Scritta).Testo = Testo;
     (Nota.*Voce(Quale).Stampata).Testo = Testo;
     if (Quale == ParteNota::Cliente)
-        Nota.BloccoScritto.reset();
+        Nota.BlocchiScritti.clear();
     SetModificata(Nota, true);
     if (Testo.isEmpty() && Voce(Quale).Legame && Nota.*Voce(Quale).Legame > 0)
         Dissocia(Nota, Quale);
@@ -189,15 +189,20 @@ void CambiaParteStampata(Parcella& Nota, ParteNota Quale, const QString& Testo)
 {
     (Nota.*Voce(Quale).Stampata).Testo = Testo.left(Voce(Quale).Massimo);
     if (Quale == ParteNota::Cliente)
-        Nota.BloccoScritto = FormaDelBlocco(Nota);
+        ScriviBlocco(Nota, FormaDelBlocco(Nota), Nota.txtDatiStaCli.Testo);
     SetModificata(Nota, true);
 }
 
 void LasciaParteStampata(Parcella& Nota, ParteNota Quale)
 {
     const VoceParte& Parte = Voce(Quale);
-    if (!Parte.Legame || Nota.*Parte.Legame == 0)
-        (Nota.*Parte.Scritta).Testo = (Nota.*Parte.Stampata).Testo;
+    if (Parte.Legame && Nota.*Parte.Legame != 0)
+        return;
+    const QString& Testo = (Nota.*Parte.Stampata).Testo;
+    if (Quale != ParteNota::Cliente)
+        (Nota.*Parte.Scritta).Testo = Testo;
+    else if (!Discorsiva(FormaDelBlocco(Nota)))
+        Nota.txtCliente.Testo = NomeDelBlocco(Testo);
 }
 
 FormaBlocco FormaDelBlocco(const Parcella& Nota)
@@ -212,10 +217,12 @@ void RicomponiBlocco(Parcella& Nota)
 {
     ProponiContrTipo(Nota);
     const FormaBlocco Forma = FormaDelBlocco(Nota);
-    if (Forma == FormaBlocco::Nessuna || Nota.BloccoScritto == Forma)
+    if (Forma == FormaBlocco::Nessuna)
         return;
-    Nota.BloccoScritto.reset();
-    GetDatiStaCli(Nota, Forma);
+    if (const std::optional<QString> Scritto = BloccoScritto(Nota, Forma))
+        Nota.txtDatiStaCli.Testo = *Scritto;
+    else
+        GetDatiStaCli(Nota, Forma);
 }
 
 void RiceviDaRubrica(Parcella& Nota, const QString& Parola, int Chiave, const QString& Nome)

@@ -163,7 +163,8 @@ struct Parcella
     int ContrTipoDi = 0;            ///< key of the client whose type was proposed or chosen, 0 none
     Rappresentante Rappr;
     int RapprDi = 0;  ///< key of the client whose row has given the representative, 0 none
-    std::optional<FormaBlocco> BloccoScritto;  ///< form that the user's own client block was written for
+    QMap<FormaBlocco, QString> BlocchiScritti;  ///< client blocks of the user's own, by form; see
+                                                ///< RicomponiBlocco
 
     // ---- lines
     TabellaRighe xOnorari{OnoColonne};

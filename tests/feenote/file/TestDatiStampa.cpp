@@ -18,6 +18,12 @@ private Q_SLOTS:
     void tornanoAllaPrimaScheda();
     void ilBloccoScrittoResta_data();
     void ilBloccoScrittoResta();
+    void unSoloBloccoPerTutti_data();
+    void unSoloBloccoPerTutti();
+    void ogniFormaIlSuoBlocco();
+    void ilBloccoLegatoNonPassaAlleAltreForme();
+    void ilNomeTornaAllaPrimaScheda_data();
+    void ilNomeTornaAllaPrimaScheda();
     void ilBloccoCedeAlCliente();
     void ilBloccoNonCedeAllOggetto();
     void bloccoDiUnClienteLegato();
@@ -178,7 +184,7 @@ void TestDatiStampa::ilBloccoScrittoResta_data()
     QTest::newRow("la stessa forma") << QList{1, 3} << 0 << true;
     QTest::newRow("per un documento senza cliente") << QList{7, 2} << 0 << true;
     QTest::newRow("un'altra forma") << QList{4} << 0 << false;
-    QTest::newRow("un'altra forma, e ritorno") << QList{5, 0} << 0 << false;
+    QTest::newRow("un'altra forma, e ritorno") << QList{5, 0} << 0 << true;
     QTest::newRow("una società in testa si scrive uguale") << QList{0} << 1 << true;
     QTest::newRow("una società nel contratto") << QList{5} << 1 << false;
 }
@@ -195,6 +201,112 @@ void TestDatiStampa::ilBloccoScrittoResta()
     for (const int Tipo : Clic)
         ScegliDocumento(Nota, Tipo);
     QCOMPARE(Nota.txtDatiStaCli.Testo == u"scritto a mano", Resta);
+}
+
+namespace {
+
+/// The user goes to a document, writes in its client block and leaves the box.
+void ScriviNel(Parcella& Nota, int Tipo, const QString& Blocco)
+{
+    ScegliDocumento(Nota, Tipo);
+    CambiaParteStampata(Nota, ParteNota::Cliente, Blocco);
+    LasciaParteStampata(Nota, ParteNota::Cliente);
+}
+
+QString BloccoDi(Parcella& Nota, int Tipo, int Contraente = 0)
+{
+    Nota.optContrTipo = Contraente;
+    ScegliDocumento(Nota, Tipo);
+    return Nota.txtDatiStaCli.Testo;
+}
+
+const QString Righe = u"Rossi Maria\nVia Verdi 3\n20100 Milano (MI)"_s;
+const QString Frase = u"Rossi Maria nata a Monza, residente in Via Verdi 3"_s;
+
+}  // namespace
+
+void TestDatiStampa::unSoloBloccoPerTutti_data()
+{
+    QTest::addColumn<int>("Scritto");
+    QTest::newRow("scritto in testa") << int(StampaPrenotula);
+    QTest::newRow("scritto nella nota spese") << int(StampaNotaGiudiziale);
+    QTest::newRow("scritto nel contratto") << int(StampaContratto);
+}
+
+void TestDatiStampa::unSoloBloccoPerTutti()
+{
+    QFETCH(int, Scritto);
+    Parcella Nota = NotaCivile();
+    ScriviNel(Nota, Scritto, Righe);
+    ScriviNel(Nota, Scritto, Righe + u"\nC.F. X"_s);  // the same form, once more
+    for (const int Tipo : {StampaFatturaSintetica, StampaNotaGiudiziale, StampaContratto, StampaPrenotula})
+        QCOMPARE(BloccoDi(Nota, Tipo), Righe + u"\nC.F. X"_s);
+    QCOMPARE(BloccoDi(Nota, StampaInformativa, 1), Righe + u"\nC.F. X"_s);
+}
+
+void TestDatiStampa::ogniFormaIlSuoBlocco()
+{
+    Parcella Nota = NotaCivile();
+    ScriviNel(Nota, StampaPrenotula, Righe);
+    ScriviNel(Nota, StampaContratto, Frase);
+    QCOMPARE(BloccoDi(Nota, StampaFatturaAnalitica), Righe);
+    QCOMPARE(BloccoDi(Nota, StampaNotaGiudiziale), Righe);
+    QCOMPARE(BloccoDi(Nota, StampaContratto, 1), Righe);
+    QCOMPARE(BloccoDi(Nota, StampaInformativa), Frase);
+
+    ScriviNel(Nota, StampaPreventivo, u"Eredi Rossi"_s);  // the others keep theirs
+    QCOMPARE(BloccoDi(Nota, StampaNotaGiudiziale), Righe);
+    ScriviNel(Nota, StampaNotaGiudiziale, u"Rossi Maria"_s);
+    QCOMPARE(BloccoDi(Nota, StampaPrenotula), u"Eredi Rossi"_s);
+    QCOMPARE(BloccoDi(Nota, StampaContratto), Frase);
+
+    CambiaParte(Nota, ParteNota::Cliente, u"Neri Ugo"_s);
+    for (const int Tipo : {StampaPrenotula, StampaNotaGiudiziale, StampaContratto})
+        QCOMPARE(BloccoDi(Nota, Tipo), u"Neri Ugo"_s);
+    QCOMPARE(BloccoDi(Nota, StampaContratto, 1), u"Neri Ugo"_s);
+}
+
+void TestDatiStampa::ilBloccoLegatoNonPassaAlleAltreForme()
+{
+    const Studio Ufficio;
+    Parcella Nota = NotaCivile();
+    Nota.IDCli = Ufficio.AggiungiCliente(u"Verdi Anna"_s);
+    Nota.txtCliente.Testo = u"Verdi Anna"_s;
+    ScriviNel(Nota, StampaPrenotula, Righe);
+    QCOMPARE(BloccoDi(Nota, StampaNotaGiudiziale), u"Verdi Anna"_s);
+    ScriviNel(Nota, StampaContratto, Frase);
+    QCOMPARE(BloccoDi(Nota, StampaNotaGiudiziale), u"Verdi Anna"_s);
+    QCOMPARE(BloccoDi(Nota, StampaPreventivo), Righe);
+    QCOMPARE(BloccoDi(Nota, StampaContratto), Frase);
+    QCOMPARE(Nota.txtCliente.Testo, u"Verdi Anna"_s);
+}
+
+void TestDatiStampa::ilNomeTornaAllaPrimaScheda_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<QString>("Blocco");
+    QTest::addColumn<QString>("Cliente");
+    const QString Prima = u"com'era"_s;
+    QTest::newRow("una riga in testa") << int(StampaPrenotula) << u"Eredi Rossi "_s << u"Eredi Rossi "_s;
+    QTest::newRow("più righe in testa") << int(StampaFatturaAnalitica) << Righe << u"Rossi Maria"_s;
+    QTest::newRow("sotto una riga vuota")
+        << int(StampaPreventivo) << u" \n Rossi Maria \nVia"_s << u"Rossi Maria"_s;
+    QTest::newRow("una riga nella nota spese") << int(StampaNotaGiudiziale) << u"Rossi"_s << u"Rossi"_s;
+    QTest::newRow("vuotato") << int(StampaPrenotula) << QString() << QString();
+    QTest::newRow("la frase del contratto") << int(StampaContratto) << Frase << Prima;
+    QTest::newRow("la frase dell'informativa") << int(StampaInformativa) << u"Rossi\nMaria"_s << Prima;
+}
+
+void TestDatiStampa::ilNomeTornaAllaPrimaScheda()
+{
+    QFETCH(int, Tipo);
+    QFETCH(QString, Blocco);
+    Parcella Nota = NotaCivile();
+    CambiaParte(Nota, ParteNota::Cliente, u"com'era"_s);
+    ScriviNel(Nota, Tipo, Blocco);
+    QTEST(Nota.txtCliente.Testo, "Cliente");
+    QCOMPARE(Nota.txtDatiStaCli.Testo, Blocco);
+    QCOMPARE(BloccoDi(Nota, Tipo), Blocco);
 }
 
 void TestDatiStampa::ilBloccoCedeAlCliente()
