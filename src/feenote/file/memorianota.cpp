@@ -105,8 +105,7 @@ constexpr std::array Voci{
     Stampato<&Parcella::txtDatiStaOgg, &Parcella::txtOggetto>(u"txtDatiStaOgg"),
     VoceMemoria{u"txtPathParcMult", [](const Parcella& Nota) { return Nota.txtPathParcMult; },
                 [](Parcella& Nota, const QString& Valore) { Nota.txtPathParcMult = Valore; }},
-    VoceMemoria{u"RigheDaRicalcolare",
-                [](const Parcella& Nota) { return Segno(RicalcoloInSospeso(Nota)); },
+    VoceMemoria{u"RigheDaRicalcolare", [](const Parcella& Nota) { return Segno(RicalcoloInSospeso(Nota)); },
                 [](Parcella& Nota, const QString& Valore) { Nota.RigheDaRicalcolare = Valore == Si; }},
 };
 
@@ -119,7 +118,6 @@ struct NomeForma
 };
 
 constexpr std::array NomiForme{
-    NomeForma{FormaBlocco::Nessuna, u"txtDatiStaCli"},
     NomeForma{FormaBlocco::Testata, u"txtDatiStaCli.Testata"},
     NomeForma{FormaBlocco::Nome, u"txtDatiStaCli.Nome"},
     NomeForma{FormaBlocco::Persona, u"txtDatiStaCli.Persona"},
@@ -129,19 +127,16 @@ constexpr std::array NomiForme{
 void ScriviBlocchi(const Parcella& Nota, MemoriaFile& Memoria)
 {
     for (const NomeForma& Voce : NomiForme) {
-        if (Nota.BloccoScritto == Voce.Forma)
-            Memoria[Voce.Nome.toString()] = Nota.txtDatiStaCli.Testo;
+        if (const auto Scritto = Nota.BlocchiScritti.find(Voce.Forma); Scritto != Nota.BlocchiScritti.end())
+            Memoria[Voce.Nome.toString()] = *Scritto;
     }
 }
 
 void LeggiBlocchi(Parcella& Nota, const MemoriaFile& Memoria)
 {
     for (const NomeForma& Voce : NomiForme) {
-        const auto Scritto = Memoria.find(Voce.Nome.toString());
-        if (Scritto == Memoria.end())
-            continue;
-        Nota.txtDatiStaCli.Testo = *Scritto;
-        Nota.BloccoScritto = Voce.Forma;
+        if (const auto Scritto = Memoria.find(Voce.Nome.toString()); Scritto != Memoria.end())
+            Nota.BlocchiScritti[Voce.Forma] = *Scritto;
     }
 }
 

@@ -7,6 +7,7 @@
 #include "feenote/file/colonne.h"
 #include "feenote/file/memorianota.h"
 #include "feenote/file/modPassword.h"
+#include "feenote/modBloccoCliente.h"
 #include "feenote/modDatiStampa.h"
 #include "feenote/modParametri.h"
 #include "feenote/modTotali.h"
@@ -177,8 +178,9 @@ void CaricaTutto(Parcella& Nota, const QString& Percorso)
     if (Letta.TipoStampa >= 0 && Letta.TipoStampa < VociTipoStampa().size())
         ScegliTipoStampa(Nota, Letta.TipoStampa);
     ApplicaMemoriaDelTipo(Nota, Memoria);
-    // A client that is gone has been shown as such already.
-    if (Nota.IDCli > 0 && CercaCliente(Nota.IDCli))
+    // A client that is gone has been shown as such already; what the user wrote for him stays.
+    const bool Trovato = Nota.IDCli > 0 && CercaCliente(Nota.IDCli);
+    if (Trovato || BloccoScritto(Nota, FormaDelBlocco(Nota)))
         RicomponiBlocco(Nota);
 }
 

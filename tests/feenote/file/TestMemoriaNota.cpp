@@ -96,6 +96,12 @@ void TestMemoriaNota::torna_data()
     Caso("blocco del cliente", [](Parcella& Nota) {
         CambiaParteStampata(Nota, ParteNota::Cliente, u"Spett.le\nRossi Mario\nvia Roma 1"_s);
     });
+    Caso("un blocco per ogni forma", [](Parcella& Nota) {
+        CambiaParteStampata(Nota, ParteNota::Cliente, u"Spett.le\nRossi Mario\nvia Roma 1"_s);
+        ScegliDocumento(Nota, StampaContratto);
+        CambiaParteStampata(Nota, ParteNota::Cliente, u"Rossi Mario nato a Monza"_s);
+        ScegliDocumento(Nota, StampaFatturaAnalitica);
+    });
     Caso("blocco svuotato", [](Parcella& Nota) { CambiaParteStampata(Nota, ParteNota::Cliente, QString()); });
     Caso("controparte della sola stampa",
          [](Parcella& Nota) { CambiaParteStampata(Nota, ParteNota::Controparte, u"altri"_s); });
