@@ -6,6 +6,10 @@
 
 /// The one table class of the program: behind grids, the clipboard of lines, the finder, the icons.
 /// A cell never written is Null (an invalid QVariant). Copied by value (rows are shared until written).
+///
+/// Every row has a key of its own, which no other row of the program ever bears and which stays with it while
+/// rows come and go around it: who keeps hold of a row keeps its key, since its number is only a place. A
+/// copied table has the keys of the first; for the comparison of two tables keys count for nothing.
 class TabellaRighe
 {
 public:
@@ -37,11 +41,21 @@ public:
     /// @throws Errore 9
     void EliminaRiga(int Riga);
 
-    friend bool operator==(const TabellaRighe&, const TabellaRighe&) = default;
+    /// Key of a row, never 0. @throws Errore 9
+    [[nodiscard]] quint64 Chiave(int Riga) const;
+    /// The numbers that the rows of these keys have now, in the order of the keys; a row that has gone is
+    /// left out. It looks at every row once.
+    [[nodiscard]] QList<int> RigheDi(const QList<quint64>& Chiavi) const;
+
+    friend bool operator==(const TabellaRighe& Prima, const TabellaRighe& Seconda)
+    {
+        return Prima.NumColonne == Seconda.NumColonne && Prima.Dati == Seconda.Dati;
+    }
 
 private:
     void Controlla(int Riga, int Colonna) const;
 
     int NumColonne = 0;
     QList<Riga> Dati;
+    QList<quint64> Chiavi;  ///< of the rows, in their order
 };

@@ -115,7 +115,7 @@ void Griglia::Rilega()
     const ModelloGriglia* Modello = Vista->Modello();
     const auto Corrente = Vista->RigaVera();
     Vista->SenzaDomande([Vista] { Vista->Modello()->Rilega(); });
-    Vista->Selettore()->Tronca(Modello->RigheVere());
+    Vista->Selettore()->TogliSparite();
     Vista->RigheCambiate();
     // A row that has gone leaves its place to the last one; a grid with rows has a current one.
     if (Corrente && *Corrente >= Modello->RigheVere() && Modello->RigheVere() > 0)
@@ -190,6 +190,11 @@ void Griglia::AzzeraSelezione()
 void Griglia::Seleziona(int Riga)
 {
     Pezzi->Vista->Selettore()->Scegli(Riga);
+}
+
+void Griglia::SelezionaAlClic(bool Si)
+{
+    Pezzi->Vista->ConSelezioneAlClic = Si;
 }
 
 void Griglia::TogliEvidenza()

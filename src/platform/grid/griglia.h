@@ -47,10 +47,10 @@ struct ColonnaGriglia
 /// Keys: typing, F2 and a double click open a cell, Enter and Tab close it and go to the next one that can
 /// be written (behind the last cell, to the empty row), Esc gives the old text back. With no cell open:
 /// Del asks for a deletion, Ctrl+C copies the cell's text, Shift+Space selects the row or lets it go,
-/// Shift+Up and Shift+Down select row after row, Ctrl+A selects all, Space on a cell that cannot be written
-/// counts as a click on it. F6 leaves the grid for the next control, Shift+F6 for the one before, from an
-/// open cell too. Where the form takes commands on rows (ConsentiComandi), Ctrl+X, V, Z, and Ctrl+C with rows
-/// selected, are handed to it.
+/// Shift+Up and Shift+Down select row after row, Ctrl+A selects all, Esc lets the selected rows go, Space on
+/// a cell that cannot be written counts as a click on it. F6 leaves the grid for the next control, Shift+F6
+/// for the one before, from an open cell too. Where the form takes commands on rows (ConsentiComandi),
+/// Ctrl+X, V, Z, and Ctrl+C with rows selected, are handed to it.
 ///
 /// In cells of dates (filter "d") 6 or 8 digits without separators are a date; a valid one is written as
 /// gg/mm/aaaa, and one that is refused gives way to what the cell held. A click, a move or a command that
@@ -69,8 +69,9 @@ public:
     void Lega(TabellaRighe* Tabella);
     /// Shows the rows of a recordset, read-only, fetched as they are painted.
     void Lega(const Recordset& Righe);
-    /// Repaints after the rows were changed by code; current row and first visible row stay where they can,
-    /// and selected rows that are no more drop out. It does no work per row.
+    /// Repaints after the rows were changed by code; current row and first visible row stay where they can.
+    /// Selected are the same rows as before, wherever they stand now; those that are no more drop out. It
+    /// does no work per row as long as none is selected.
     void Rilega();
     [[nodiscard]] int Righe() const;
     /// Lets the user type into an empty row behind the last one; the row is made at its first cell.
@@ -88,10 +89,14 @@ public:
     void ImpostaRigaCorrente(int Riga, int Colonna = -1);
     [[nodiscard]] int PrimaRiga() const;
     void ImpostaPrimaRiga(int Riga);
-    /// Rows selected by the row selector, in the order of the user's clicks.
+    /// Numbers that the selected rows have now, in the order of the user's clicks. A row stays selected while
+    /// others are put in or taken out around it.
     [[nodiscard]] QList<int> Selezione() const;
     void AzzeraSelezione();
     void Seleziona(int Riga);
+    /// A plain click on a cell selects its row alone, as one on the row selector does; the empty row lets the
+    /// selected ones go. Off unless asked for.
+    void SelezionaAlClic(bool Si);
     /// Lets the selected rows go and takes the tint off the current one, until the user comes back to it.
     void TogliEvidenza();
 

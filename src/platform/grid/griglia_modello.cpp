@@ -71,6 +71,26 @@ void ModelloGriglia::ConsentiNuove(bool Si)
     endResetModel();
 }
 
+quint64 ModelloGriglia::Chiave(int Riga) const
+{
+    if (Riga < 0 || RigaVuota(Riga))
+        return 0;
+    if (!Tabella)
+        return quint64(Riga) + 1;
+    return Riga < Tabella->Righe() ? Tabella->Chiave(Riga) : 0;  // the table may be ahead of its view
+}
+
+QList<int> ModelloGriglia::RigheDi(const QList<quint64>& Chiavi) const
+{
+    if (Tabella)
+        return Tabella->RigheDi(Chiavi);
+    QList<int> Trovate;
+    for (const quint64 Chiave : Chiavi)
+        if (Chiave > 0 && Chiave <= quint64(Vere))
+            Trovate += int(Chiave - 1);
+    return Trovate;
+}
+
 bool ModelloGriglia::Modificabile(int Colonna) const
 {
     return Tabella && Colonna >= 0 && Colonna < ListaColonne.size() && ListaColonne[Colonna].Modificabile;

@@ -28,6 +28,12 @@ public:
     /// As it is shown.
     [[nodiscard]] QString Testo(int Riga, int Colonna) const;
 
+    /// What stays with a row while others come and go: a key of the table, the place of a recordset's row.
+    /// 0 for the empty row and for no row.
+    [[nodiscard]] quint64 Chiave(int Riga) const;
+    /// The numbers of the rows of these keys, in the order of the keys; rows that have gone are left out.
+    [[nodiscard]] QList<int> RigheDi(const QList<quint64>& Chiavi) const;
+
     /// Makes the row behind the last one in the table. @return its number
     int AggiungiRiga();
     void Scrivi(int Riga, int Colonna, const QVariant& Valore);

@@ -64,50 +64,88 @@ void SelettoreRighe::Cambiata()
     Q_EMIT Padrona->SelezioneCambiata();
 }
 
+QList<int> SelettoreRighe::Scelte() const
+{
+    return Vista->Modello()->RigheDi(Ordine);
+}
+
+bool SelettoreRighe::Scelta(int Riga) const
+{
+    return Insieme.contains(Vista->Modello()->Chiave(Riga));
+}
+
+int SelettoreRighe::RigaDi(quint64 Chiave) const
+{
+    const QList<int> Trovata = Vista->Modello()->RigheDi({Chiave});
+    return Trovata.isEmpty() ? -1 : Trovata.constFirst();
+}
+
+void SelettoreRighe::Aggiungi(int Riga)
+{
+    const quint64 Chiave = Vista->Modello()->Chiave(Riga);
+    if (Chiave == 0 || Insieme.contains(Chiave))
+        return;
+    Ordine += Chiave;
+    Insieme += Chiave;
+}
+
 void SelettoreRighe::Scegli(int Riga)
 {
-    if (Riga < 0 || Riga >= Vista->Modello()->RigheVere() || Scelta(Riga))
-        return;
-    Ordine += Riga;
-    Insieme += Riga;
-    Cambiata();
+    const qsizetype Prima = Ordine.size();
+    Aggiungi(Riga);
+    if (Ordine.size() != Prima)
+        Cambiata();
 }
 
 void SelettoreRighe::Togli(int Riga)
 {
-    if (!Insieme.remove(Riga))
+    const quint64 Chiave = Vista->Modello()->Chiave(Riga);
+    if (!Insieme.remove(Chiave))
         return;
-    Ordine.removeOne(Riga);
+    Ordine.removeOne(Chiave);
     Cambiata();
 }
 
 void SelettoreRighe::Azzera()
 {
-    Tronca(0);
-}
-
-void SelettoreRighe::TuttaLaTabella(int Righe)
-{
-    for (int Riga = 0; Riga < Righe; ++Riga) {
-        if (Scelta(Riga))
-            continue;
-        Ordine += Riga;
-        Insieme += Riga;
-    }
+    Tratto.clear();
+    if (Ordine.isEmpty())
+        return;
+    Ordine.clear();
+    Insieme.clear();
     Cambiata();
 }
 
-void SelettoreRighe::Tronca(int Righe)
+void SelettoreRighe::ScegliSola(int Riga)
 {
-    const auto Oltre = [Righe](int Riga) { return Riga >= Righe; };
-    if (Ordine.removeIf(Oltre) == 0)
+    Azzera();
+    Ancora = Vista->Modello()->Chiave(Riga);
+    Scegli(Riga);
+}
+
+void SelettoreRighe::TuttaLaTabella()
+{
+    for (int Riga = 0; Riga < Vista->Modello()->RigheVere(); ++Riga)
+        Aggiungi(Riga);
+    Cambiata();
+}
+
+void SelettoreRighe::TogliSparite()
+{
+    const QList<int> Rimaste = Scelte();
+    if (Rimaste.size() == Ordine.size())
         return;
-    Insieme = QSet<int>(Ordine.cbegin(), Ordine.cend());
+    Ordine.clear();
+    for (const int Riga : Rimaste)
+        Ordine += Vista->Modello()->Chiave(Riga);
+    Insieme = QSet<quint64>(Ordine.cbegin(), Ordine.cend());
     Cambiata();
 }
 
 void SelettoreRighe::Scambia(int Riga)
 {
+    Tratto.clear();
+    Ancora = Vista->Modello()->Chiave(Riga);
     if (Scelta(Riga))
         Togli(Riga);
     else
@@ -116,20 +154,29 @@ void SelettoreRighe::Scambia(int Riga)
 
 void SelettoreRighe::ScegliFino(int Riga)
 {
-    const int Da = Ancora >= 0 ? Ancora : Riga;
+    const QSet<quint64> Lasciate(Tratto.cbegin(), Tratto.cend());
+    Ordine.removeIf([&](quint64 Chiave) { return Lasciate.contains(Chiave); });
+    Insieme.subtract(Lasciate);
+    const int Trovata = RigaDi(Ancora);
+    const int Da = Trovata >= 0 ? Trovata : Riga;
     const int Passo = Riga >= Da ? 1 : -1;
+    const qsizetype Prima = Ordine.size();
     for (int Prossima = Da; Prossima != Riga + Passo; Prossima += Passo)
-        Scegli(Prossima);
+        Aggiungi(Prossima);
+    Tratto = Ordine.mid(Prima);
+    Cambiata();
 }
 
 void SelettoreRighe::Estendi(int Da, int A)
 {
-    if (Da != Estremo || !Scelta(Da))
-        Ancora = Da;  // a new run: the rows selected before it stay
-    else
-        Togli(Da);  // the run may turn back
+    // A new run begins where the user stands, and the rows selected before it stay; else the run may turn
+    // back.
+    if (Vista->Modello()->Chiave(Da) != Estremo || !Scelta(Da)) {
+        Ancora = Vista->Modello()->Chiave(Da);
+        Tratto.clear();
+    }
     ScegliFino(A);
-    Estremo = A;
+    Estremo = Vista->Modello()->Chiave(A);
 }
 
 // ---- the mouse
@@ -153,20 +200,15 @@ void SelettoreRighe::mousePressEvent(QMouseEvent* Evento)
         return;
     Premuta = Riga;
     Inizio = Evento->position().toPoint();
-    DaTogliere = false;
-    if (Evento->modifiers().testFlag(Qt::ShiftModifier)) {
+    GiaScelta = false;
+    if (Evento->modifiers().testFlag(Qt::ShiftModifier))
         ScegliFino(Riga);
-        return;
-    }
-    Ancora = Riga;
-    if (Evento->modifiers().testFlag(Qt::ControlModifier)) {
+    else if (Evento->modifiers().testFlag(Qt::ControlModifier))
         Scambia(Riga);
-    } else if (Scelta(Riga)) {
-        DaTogliere = true;
-    } else {
-        Azzera();
-        Scegli(Riga);
-    }
+    else if (Scelta(Riga))
+        GiaScelta = true;
+    else
+        ScegliSola(Riga);
 }
 
 void SelettoreRighe::mouseMoveEvent(QMouseEvent* Evento)
@@ -189,10 +231,12 @@ void SelettoreRighe::mouseReleaseEvent(QMouseEvent* Evento)
 {
     if (Trascina)
         Rilascia(Evento->position().toPoint());
-    else if (Premuta >= 0 && DaTogliere)
-        Togli(Premuta);
+    else if (Premuta >= 0 && GiaScelta && Ordine.size() == 1)
+        Azzera();
+    else if (Premuta >= 0 && GiaScelta)
+        ScegliSola(Premuta);
     Premuta = -1;
-    DaTogliere = false;
+    GiaScelta = false;
 }
 
 void SelettoreRighe::mouseDoubleClickEvent(QMouseEvent* Evento)

@@ -11,24 +11,29 @@
 class Griglia;
 class VistaGriglia;
 
-/// A click selects a row, with Ctrl one more, with Shift the rows up to it; a click on a selected row
-/// lets it go. Rows are kept in the order of the clicks.
+/// A click selects a row alone, with Ctrl one more or lets it go, with Shift the rows from the last plain
+/// click up to it in the place of those that the Shift before had selected; a click on the only selected row
+/// lets it go. Rows are kept in the order of the clicks, by their keys: a row stays selected wherever others
+/// move it.
 class SelettoreRighe : public QHeaderView
 {
 public:
     SelettoreRighe(Griglia* Intera, VistaGriglia* DiVista);
 
-    [[nodiscard]] const QList<int>& Scelte() const { return Ordine; }
-    [[nodiscard]] bool Scelta(int Riga) const { return Insieme.contains(Riga); }
+    [[nodiscard]] QList<int> Scelte() const;
+    [[nodiscard]] bool Vuoto() const { return Ordine.isEmpty(); }
+    [[nodiscard]] bool Scelta(int Riga) const;
     void Scegli(int Riga);
     void Togli(int Riga);
     void Scambia(int Riga);
     /// The keyboard went on from a row to its neighbour: selected are the rows from where it began.
     void Estendi(int Da, int A);
     void Azzera();
-    void TuttaLaTabella(int Righe);
-    /// Forgets selected rows from this number on.
-    void Tronca(int Righe);
+    /// This row and no other.
+    void ScegliSola(int Riga);
+    void TuttaLaTabella();
+    /// Forgets selected rows that are no more.
+    void TogliSparite();
 
     void ConsentiTrascina(bool Si) { Trascinabile = Si; }
     [[nodiscard]] bool InTrascinamento() const { return Trascina; }
@@ -48,6 +53,8 @@ protected:
 
 private:
     void ScegliFino(int Riga);
+    void Aggiungi(int Riga);
+    [[nodiscard]] int RigaDi(quint64 Chiave) const;  ///< -1 when it has gone
     void Cambiata();
     [[nodiscard]] int RigaVera(int Y) const;
     /// The row at this height, the row count on the empty one; none on no row.
@@ -59,12 +66,14 @@ private:
 
     Griglia* Padrona;
     VistaGriglia* Vista;
-    QList<int> Ordine;
-    QSet<int> Insieme;
-    int Ancora = -1;   ///< row of the last plain click, where a range begins
-    int Estremo = -1;  ///< row that the keyboard has brought a range to
+    // Keys of rows, not numbers.
+    QList<quint64> Ordine;
+    QSet<quint64> Insieme;
+    QList<quint64> Tratto;  ///< those that the range in course has added
+    quint64 Ancora = 0;     ///< row of the last plain click, where a range begins
+    quint64 Estremo = 0;    ///< row that the keyboard has brought a range to
     int Premuta = -1;
-    bool DaTogliere = false;  ///< the pressed row was selected: a release without a drag lets it go
+    bool GiaScelta = false;  ///< the pressed row was selected: what the click means waits for a drag
     QPoint Inizio;
     bool Trascinabile = false;
     bool Trascina = false;

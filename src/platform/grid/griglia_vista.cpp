@@ -282,7 +282,7 @@ bool VistaGriglia::TastoRighe(const QKeyEvent& Evento)
     for (const auto& [Sequenza, Quale] : Tasti) {
         if (!Evento.matches(Sequenza))
             continue;
-        if (Quale == ComandoRighe::Copia && Sinistra->Scelte().isEmpty())
+        if (Quale == ComandoRighe::Copia && Sinistra->Vuoto())
             return false;  // the cell's text then
         Q_EMIT Padrona->Comando(Quale);
         return true;
@@ -301,14 +301,17 @@ bool VistaGriglia::TastoComando(const QKeyEvent& Evento)
         return true;
     }
     if (Evento.matches(QKeySequence::SelectAll)) {
-        Sinistra->TuttaLaTabella(Righe->RigheVere());
+        Sinistra->TuttaLaTabella();
         return true;
     }
     switch (Evento.key()) {
     case Qt::Key_Escape:
-        if (!Sinistra->InTrascinamento())
+        if (Sinistra->InTrascinamento())
+            Sinistra->AnnullaTrascinamento();
+        else if (!Sinistra->Vuoto())
+            Sinistra->Azzera();
+        else
             return false;
-        Sinistra->AnnullaTrascinamento();
         return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -325,7 +328,7 @@ bool VistaGriglia::TastoComando(const QKeyEvent& Evento)
         return Evento.modifiers().testFlag(Qt::ShiftModifier) &&
                EstendiSelezione(Evento.key() == Qt::Key_Down ? 1 : -1);
     case Qt::Key_Delete:
-        if (RigaVera() || !Sinistra->Scelte().isEmpty())
+        if (RigaVera() || !Sinistra->Vuoto())
             Q_EMIT Padrona->Cancella();
         return true;
     case Qt::Key_Space:
@@ -383,10 +386,15 @@ void VistaGriglia::DoppioClicSu(const QModelIndex& Dove)
 
 void VistaGriglia::mousePressEvent(QMouseEvent* Evento)
 {
-    if (indexAt(Evento->position().toPoint()).isValid())
-        QTableView::mousePressEvent(Evento);  // the cursor's gate commits the open cell
-    else
+    const QModelIndex Dove = indexAt(Evento->position().toPoint());
+    if (!Dove.isValid()) {
         (void)Concludi();
+        return;
+    }
+    QTableView::mousePressEvent(Evento);  // the cursor's gate commits the open cell
+    const bool Nudo = (Evento->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier)) == 0;
+    if (ConSelezioneAlClic && Nudo && Evento->button() == Qt::LeftButton && currentIndex() == Dove)
+        Sinistra->ScegliSola(Dove.row());
 }
 
 void VistaGriglia::mouseMoveEvent(QMouseEvent* Evento)

@@ -46,9 +46,10 @@ public:
     /// Width of a column, hidden or not.
     [[nodiscard]] int LarghezzaPiena(int Colonna) const;
 
-    QString Frase;            ///< shown while there are no rows
-    bool ConComandi = false;  ///< the form takes commands on rows
-    bool Evidente = true;     ///< the current row is tinted
+    QString Frase;                    ///< shown while there are no rows
+    bool ConComandi = false;          ///< the form takes commands on rows
+    bool ConSelezioneAlClic = false;  ///< a click on a cell selects its row
+    bool Evidente = true;             ///< the current row is tinted
 
     void keyboardSearch(const QString& Cerca) override;
 

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void azzeraCambiaLarghezza();
     void laCopiaEIndipendente();
     void ugualiCellaPerCella();
+    void laChiaveRestaAllaRiga();
 };
 PROVA(TestTabellaRighe);
 
@@ -188,6 +189,24 @@ void TestTabellaRighe::ugualiCellaPerCella()
     QVERIFY(Tabella({u"a"_s, u"b"_s}) == Tabella({u"a"_s, u"b"_s}));
     QVERIFY(Tabella({u"a"_s, u"b"_s}) != Tabella({u"a"_s, u"c"_s}));
     QVERIFY(TabellaRighe(2) != TabellaRighe(3));
+}
+
+void TestTabellaRighe::laChiaveRestaAllaRiga()
+{
+    TabellaRighe T = Tabella({u"a"_s, u"b"_s, u"c"_s});
+    const quint64 DiA = T.Chiave(0);
+    const quint64 DiB = T.Chiave(1);
+    const quint64 DiC = T.Chiave(2);
+    T.InserisciRighe(1, 2);
+    T.EliminaRiga(0);
+    QCOMPARE(T.Chiave(2), DiB);
+    QVERIFY2(T.RigheDi({DiC, DiA, DiB}) == QList<int>({3, 2}), "nell'ordine chiesto, senza quella tolta");
+    QVERIFY(T.Chiave(0) != T.Chiave(1) && T.Chiave(0) != DiA);
+    QVERIFY(Tabella({u"a"_s}).Chiave(0) != Tabella({u"a"_s}).Chiave(0));
+    QVERIFY2(Tabella({u"a"_s}) == Tabella({u"a"_s}), "le chiavi non contano nel confronto");
+    QCOMPARE(NumeroErrore([&] { return T.Chiave(4); }), 9);
+    T.Azzera(2);
+    QVERIFY(T.RigheDi({DiB}).isEmpty());
 }
 
 #include "TestTabellaRighe.moc"

@@ -15,7 +15,11 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include <functional>
+
 using namespace Qt::StringLiterals;
+
+Q_DECLARE_METATYPE(std::function<void(TabellaRighe&)>)
 
 namespace {
 
@@ -87,6 +91,11 @@ private Q_SLOTS:
     void laSelezioneDaTastiera();
     void laSelezioneConLeFrecce();
     void laRigaSelezionataSiVede();
+    void ilTrattoDelMaiuscoloSegueIlPuntatore();
+    void laSelezioneEDiRigheNonDiNumeri_data();
+    void laSelezioneEDiRigheNonDiNumeri();
+    void escLasciaLaSelezione();
+    void ilClicSullaCellaSceglieLaRiga();
     void rilegaTogliLeRigheCheNonCiSono();
     void rilegaTieneRigaEScorrimento();
     void rilegaNonCostaPerRiga();
@@ -130,12 +139,14 @@ void TestGrigliaRighe::laSelezioneTieneLOrdineDeiClic()
     F.Clic(0, Qt::ControlModifier);
     QCOMPARE(F.Griglia_->Selezione(), QList<int>({3, 5}));
     F.Clic(3);
-    QCOMPARE(F.Griglia_->Selezione(), QList<int>({5}));
+    QVERIFY2(F.Griglia_->Selezione() == QList<int>{3}, "fra più righe scelte il clic ne sceglie una sola");
+    F.Clic(3);
+    QVERIFY2(F.Griglia_->Selezione().isEmpty(), "la sola riga scelta si lascia");
     F.Clic(4);
     F.Clic(1, Qt::ShiftModifier);
     QCOMPARE(F.Griglia_->Selezione(), QList<int>({4, 3, 2, 1}));
-    F.Clic(4);
-    QCOMPARE(F.Griglia_->Selezione(), QList<int>({3, 2, 1}));
+    F.Clic(2);
+    QCOMPARE(F.Griglia_->Selezione(), QList<int>({2}));
     F.Griglia_->AzzeraSelezione();
     QVERIFY(F.Griglia_->Selezione().isEmpty());
     F.Griglia_->ConsentiNuove(true);
@@ -198,6 +209,89 @@ void TestGrigliaRighe::laRigaSelezionataSiVede()
     QCOMPARE(Vista.pixelColor(Cella.left() + 2, Cella.top() + 3), QColor(247, 223, 111));
     const QRect Altra = F.Vista()->visualRect(F.Vista()->model()->index(4, 2));
     QCOMPARE(Vista.pixelColor(Altra.left() + 2, Altra.top() + 3), F.palette().color(QPalette::Base));
+}
+
+void TestGrigliaRighe::ilTrattoDelMaiuscoloSegueIlPuntatore()
+{
+    Finestra F;
+    QVERIFY(MostraAttiva(F));
+    F.Clic(5);
+    F.Clic(1, Qt::ControlModifier);
+    F.Clic(4, Qt::ShiftModifier);
+    QCOMPARE(F.Griglia_->Selezione(), QList<int>({5, 1, 2, 3, 4}));
+    F.Clic(2, Qt::ShiftModifier);
+    QVERIFY2(F.Griglia_->Selezione() == QList<int>({5, 1, 2}), "il tratto si accorcia");
+    F.Clic(0, Qt::ShiftModifier);
+    QVERIFY2(F.Griglia_->Selezione() == QList<int>({5, 1, 0}), "e passa dall'altra parte");
+}
+
+void TestGrigliaRighe::laSelezioneEDiRigheNonDiNumeri_data()
+{
+    using Mossa = std::function<void(TabellaRighe&)>;
+    QTest::addColumn<Mossa>("Fai");
+    QTest::addColumn<QList<int>>("Attese");
+    // Selected are 3, then 1.
+    QTest::newRow("una riga prima di tutte")
+        << Mossa([](TabellaRighe& T) { T.InserisciRiga(0); }) << QList<int>{4, 2};
+    QTest::newRow("due righe nel mezzo")
+        << Mossa([](TabellaRighe& T) { T.InserisciRighe(3, 2); }) << QList<int>{5, 1};
+    QTest::newRow("una in fondo") << Mossa([](TabellaRighe& T) { T.AggiungiRiga(); }) << QList<int>{3, 1};
+    QTest::newRow("tolta una prima") << Mossa([](TabellaRighe& T) { T.EliminaRiga(0); }) << QList<int>{2, 0};
+    QTest::newRow("tolta una scelta") << Mossa([](TabellaRighe& T) { T.EliminaRiga(3); }) << QList<int>{1};
+    QTest::newRow("tolta e rimessa un'altra al suo posto") << Mossa([](TabellaRighe& T) {
+        T.EliminaRiga(3);
+        T.InserisciRiga(3);
+    }) << QList<int>{1};
+    QTest::newRow("altre righe in tutto") << Mossa([](TabellaRighe& T) {
+        T.Azzera(3);
+        for (int i = 0; i < 6; ++i)
+            T.AggiungiRiga();
+    }) << QList<int>{};
+}
+
+void TestGrigliaRighe::laSelezioneEDiRigheNonDiNumeri()
+{
+    QFETCH(std::function<void(TabellaRighe&)>, Fai);
+    QFETCH(QList<int>, Attese);
+    Finestra F;
+    F.Griglia_->ConsentiNuove(true);
+    QVERIFY(MostraAttiva(F));
+    F.Clic(3);
+    F.Clic(1, Qt::ControlModifier);
+    Fai(F.Righe);
+    F.Griglia_->Rilega();
+    QCOMPARE(F.Griglia_->Selezione(), Attese);
+}
+
+void TestGrigliaRighe::escLasciaLaSelezione()
+{
+    Finestra F;
+    QVERIFY(MostraAttiva(F));
+    F.Griglia_->setFocus();
+    F.Clic(3);
+    F.Clic(1, Qt::ControlModifier);
+    Premi(Qt::Key_Escape);
+    QVERIFY(F.Griglia_->Selezione().isEmpty());
+}
+
+void TestGrigliaRighe::ilClicSullaCellaSceglieLaRiga()
+{
+    Finestra F;
+    F.Griglia_->ConsentiNuove(true);
+    QVERIFY(MostraAttiva(F));
+    const auto Cella = [&](int Riga, Qt::KeyboardModifiers Modificatori = Qt::NoModifier) {
+        QTest::mouseClick(F.Vista()->viewport(), Qt::LeftButton, Modificatori,
+                          F.Vista()->visualRect(F.Vista()->model()->index(Riga, 1)).center());
+    };
+    Cella(2);
+    QVERIFY2(F.Griglia_->Selezione().isEmpty(), "se non lo si chiede, il clic non sceglie");
+    F.Griglia_->SelezionaAlClic(true);
+    F.Clic(0);
+    F.Clic(4, Qt::ControlModifier);
+    Cella(2);
+    QCOMPARE(F.Griglia_->Selezione(), QList<int>{2});
+    Cella(6);
+    QVERIFY2(F.Griglia_->Selezione().isEmpty(), "la riga vuota lascia le altre");
 }
 
 void TestGrigliaRighe::rilegaTogliLeRigheCheNonCiSono()
