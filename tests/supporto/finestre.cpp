@@ -3,19 +3,42 @@
 #include <QApplication>
 #include <QTest>
 
+#include <array>
+#include <utility>
+
 namespace {
+
+constexpr std::array TastiModificatori{
+    std::pair(Qt::ShiftModifier, Qt::Key_Shift),
+    std::pair(Qt::ControlModifier, Qt::Key_Control),
+    std::pair(Qt::AltModifier, Qt::Key_Alt),
+};
+
+bool MandaUno(QEvent::Type Tipo, int Tasto, Qt::KeyboardModifiers Modificatori, const QString& Testo)
+{
+    QWidget* Campo = QApplication::focusWidget();
+    if (!Campo)
+        return false;
+    QKeyEvent Evento(Tipo, Tasto, Modificatori, Testo);
+    QCoreApplication::sendEvent(Campo, &Evento);
+    return true;
+}
 
 void Manda(int Tasto, Qt::KeyboardModifiers Modificatori, const QString& Testo)
 {
-    for (const QEvent::Type Tipo : {QEvent::KeyPress, QEvent::KeyRelease}) {
-        QWidget* Campo = QApplication::focusWidget();
-        if (!Campo) {
-            QTest::qFail("nessun campo ha il fuoco", __FILE__, __LINE__);
-            return;
-        }
-        QKeyEvent Evento(Tipo, Tasto, Modificatori, Testo);
-        QCoreApplication::sendEvent(Campo, &Evento);
-    }
+    // As a keyboard does it: a modifier is a key too, whose press bears it already and whose release no more.
+    Qt::KeyboardModifiers Tenuti;
+    bool Arrivati = true;
+    for (const auto& [Modificatore, SuoTasto] : TastiModificatori)
+        if (Modificatori.testFlag(Modificatore) && SuoTasto != Tasto)
+            Arrivati = MandaUno(QEvent::KeyPress, SuoTasto, Tenuti |= Modificatore, {}) && Arrivati;
+    for (const QEvent::Type Tipo : {QEvent::KeyPress, QEvent::KeyRelease})
+        Arrivati = MandaUno(Tipo, Tasto, Modificatori, Testo) && Arrivati;
+    if (!Arrivati)
+        QTest::qFail("nessun campo ha il fuoco", __FILE__, __LINE__);
+    for (const auto& [Modificatore, SuoTasto] : TastiModificatori)
+        if (Tenuti.testFlag(Modificatore))
+            (void)MandaUno(QEvent::KeyRelease, SuoTasto, Tenuti &= ~Modificatore, {});
 }
 
 }  // namespace

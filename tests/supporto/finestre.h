@@ -12,7 +12,8 @@
 /// accented letters.
 void Digita(const QString& Testo, Qt::KeyboardModifiers Modificatori = Qt::NoModifier);
 
-/// Presses and releases a key in the widget that has the focus.
+/// Presses and releases a key in the widget that has the focus, and the keys of its modifiers around it. A
+/// modifier alone is pressed with its own modifier set: Premi(Qt::Key_Control, Qt::ControlModifier).
 void Premi(Qt::Key Tasto, Qt::KeyboardModifiers Modificatori = Qt::NoModifier);
 
 /// Lets queued calls run.

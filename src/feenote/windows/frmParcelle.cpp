@@ -25,6 +25,9 @@
 #include <QShortcut>
 #include <QTabBar>
 
+#include <algorithm>
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -63,6 +66,15 @@ QToolButton* Freccia(QWidget* Padre, const QString& Nome, const QString& Immagin
     Bottone->setToolTip(Suggerimento);
     Bottone->setAutoRaise(true);
     return Bottone;
+}
+
+/// Ctrl+Tab and its kin. The other keys with Ctrl belong to the text in edit, and so does Ctrl by itself,
+/// which bears its own modifier when it is pressed.
+bool VoltaPagina(const QKeyEvent& Tasto)
+{
+    constexpr std::array Tasti{Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_PageUp, Qt::Key_PageDown};
+    return Tasto.modifiers().testFlag(Qt::ControlModifier) &&
+           std::find(Tasti.cbegin(), Tasti.cend(), Tasto.key()) != Tasti.cend();
 }
 
 }  // namespace
@@ -157,8 +169,8 @@ bool frmParcelle::eventFilter(QObject* Oggetto, QEvent* Evento)
         if (Oggetto == ui->tabParcelle->tabBar() && !ConcludiCampo())
             return true;
         break;
-    case QEvent::KeyPress:  // Ctrl+Tab and its kin
-        if (static_cast<QKeyEvent*>(Evento)->modifiers().testFlag(Qt::ControlModifier) && !ConcludiCampo())
+    case QEvent::KeyPress:
+        if (VoltaPagina(*static_cast<QKeyEvent*>(Evento)) && !ConcludiCampo())
             return true;
         break;
     default:
