@@ -89,21 +89,21 @@ double Diviso(double Dividendo, double Divisore)
 
 }  // namespace
 
-std::optional<Difetto> CheckIstat(const DatiIstat& Dati)
+std::optional<Mancanza<CampoIstat>> CheckIstat(const DatiIstat& Dati)
 {
     const auto DataIni = LeggiData(Dati.DataIni);
     const auto DataFin = LeggiData(Dati.DataFin);
     if (!DataIni)
-        return Difetto{u"E' stata inserita una data iniziale non valida!"_s, u"mskDataIni"_s};
+        return Mancanza{u"E' stata inserita una data iniziale non valida!"_s, CampoIstat::DataIni};
     if (!DataFin)
-        return Difetto{u"E' stata inserita una data finale non valida!"_s, u"mskDataFin"_s};
+        return Mancanza{u"E' stata inserita una data finale non valida!"_s, CampoIstat::DataFin};
     if (Dati.Importo.isEmpty())
-        return Difetto{u"Non è stato specificato l'importo da rivalutare."_s, u"txtImporto"_s};
+        return Mancanza{u"Non è stato specificato l'importo da rivalutare."_s, CampoIstat::Importo};
     if (*DataIni >= *DataFin)
-        return Difetto{u"La data di arrivo non è superiore di quella di partenza."_s, u"mskDataFin"_s};
+        return Mancanza{u"La data di arrivo non è superiore di quella di partenza."_s, CampoIstat::DataFin};
     if (*DataFin > Oggi())
-        return Difetto{u"La rivalutazione non può essere calcolata per date successive a quella odierna."_s,
-                       u"mskDataFin"_s};
+        return Mancanza{u"La rivalutazione non può essere calcolata per date successive a quella odierna."_s,
+                        CampoIstat::DataFin};
     return std::nullopt;
 }
 

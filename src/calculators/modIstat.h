@@ -5,7 +5,7 @@
 // month. All roundings here are to nearest with ties to even.
 #pragma once
 
-#include "calculators/difetto.h"
+#include "core/mancanza.h"
 
 #include <QDate>
 #include <QList>
@@ -27,8 +27,11 @@ struct DatiIstat
     int Valuta = 0;   ///< position of cmbValuta: 0 euro, 1 lire
 };
 
+/// Boxes of the revaluation that a check may refuse.
+enum class CampoIstat { DataIni, DataFin, Importo };
+
 /// The first test that fails.
-[[nodiscard]] std::optional<Difetto> CheckIstat(const DatiIstat& Dati);
+[[nodiscard]] std::optional<Mancanza<CampoIstat>> CheckIstat(const DatiIstat& Dati);
 
 /// The captions of the eight result labels; amounts end in two blanks, the indices have the month on a second
 /// line.

@@ -269,15 +269,15 @@ bool TogliSabatoARitroso(OpzioniTermine& Opzioni)
     return true;
 }
 
-std::optional<Difetto> DifettoTermine(const DatiTermine& Dati)
+std::optional<Mancanza<CampoTermine>> DifettoTermine(const DatiTermine& Dati)
 {
     const QString Testo = SenzaSecolo(Dati.Decorrenza);
     if (Testo == u"__/__/__")
-        return Difetto{u"Non è stata specificata la Data di Decorrenza!"_s, u"mskDecorr"_s};
+        return Mancanza{u"Non è stata specificata la Data di Decorrenza!"_s, CampoTermine::Decorrenza};
     if (!IsDate(Testo))
-        return Difetto{u"La Data di Decorrenza indicata non è una data valida!"_s, u"mskDecorr"_s};
+        return Mancanza{u"La Data di Decorrenza indicata non è una data valida!"_s, CampoTermine::Decorrenza};
     if (NumeroDi(Dati.Numero) == 0.0)
-        return Difetto{u"Non è stato indicato il Numero di incremento!"_s, u"txtIncrNum"_s};
+        return Mancanza{u"Non è stato indicato il Numero di incremento!"_s, CampoTermine::Numero};
     return std::nullopt;
 }
 

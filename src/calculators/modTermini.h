@@ -5,7 +5,7 @@
 // 02/03/2006 a Saturday may move too (art. 155, 5° comma). Dates go from 01/01/0100 to 31/12/9999.
 #pragma once
 
-#include "calculators/difetto.h"
+#include "core/mancanza.h"
 
 #include <QDate>
 #include <QString>
@@ -89,8 +89,11 @@ struct DatiTermine
 /// @return true when it did
 bool TogliSabatoARitroso(OpzioniTermine& Opzioni);
 
+/// Boxes of the terms that a check may refuse.
+enum class CampoTermine { Decorrenza, Numero };
+
 /// The first box that lacks something: start date empty or none, number empty or 0.
-[[nodiscard]] std::optional<Difetto> DifettoTermine(const DatiTermine& Dati);
+[[nodiscard]] std::optional<Mancanza<CampoTermine>> DifettoTermine(const DatiTermine& Dati);
 
 /// The calculation of checked boxes. @throws Errore 5 outside the calendar, 13 or 6 a number of no use
 [[nodiscard]] ContoTermine CalcolaTermine(const DatiTermine& Dati);

@@ -39,13 +39,13 @@ std::span<const ArticoloTermini> Articoli()
     return TabellaArticoli;
 }
 
-std::optional<Difetto> DifettoUdienza(const QString& Udienza)
+std::optional<Mancanza<CampoTermine>> DifettoUdienza(const QString& Udienza)
 {
     const QString Testo = SenzaSecolo(Udienza);
     if (Testo == u"__/__/__")
-        return Difetto{u"Non è stata specificata la Data udienza!"_s, u"mskDecorr"_s};
+        return Mancanza{u"Non è stata specificata la Data udienza!"_s, CampoTermine::Decorrenza};
     if (!IsDate(Testo))
-        return Difetto{u"La Data udienza indicata non è valida!"_s, u"mskDecorr"_s};
+        return Mancanza{u"La Data udienza indicata non è valida!"_s, CampoTermine::Decorrenza};
     return std::nullopt;
 }
 

@@ -36,7 +36,7 @@ struct ScadenzaAnello
 };
 
 /// The hearing date that lacks or is none.
-[[nodiscard]] std::optional<Difetto> DifettoUdienza(const QString& Udienza);
+[[nodiscard]] std::optional<Mancanza<CampoTermine>> DifettoUdienza(const QString& Udienza);
 
 /// The deadlines of a chain from a checked hearing date; of the options only suspension and Saturday count.
 /// @param Articolo position in Articoli()

@@ -35,7 +35,8 @@ void Rifiuta(const QString& Messaggio)
         throw Errore(5, Messaggio);
 }
 
-void Rifiuta(const std::optional<Difetto>& Trovato)
+template <class Campo>
+void Rifiuta(const std::optional<Mancanza<Campo>>& Trovato)
 {
     if (Trovato)
         throw Errore(5, Trovato->Messaggio);

@@ -64,13 +64,14 @@ struct VoceParte
     Casella Parcella::*Stampata;
     int Parcella::*Legame;  ///< key of the linked row, null for what is never linked
     int Massimo;
-    QStringView Controllo;  ///< the box of the first tab
+    CampoNota Campo;  ///< the box of the first tab
 };
 
 constexpr std::array Parti{
-    VoceParte{&Parcella::txtCliente, &Parcella::txtDatiStaCli, &Parcella::IDCli, 2000, u"txtCliente"},
-    VoceParte{&Parcella::txtControp, &Parcella::txtDatiStaControp, &Parcella::IDCon, 2000, u"txtControp"},
-    VoceParte{&Parcella::txtOggetto, &Parcella::txtDatiStaOgg, nullptr, 4000, u"txtOggetto"},
+    VoceParte{&Parcella::txtCliente, &Parcella::txtDatiStaCli, &Parcella::IDCli, 2000, CampoNota::Cliente},
+    VoceParte{&Parcella::txtControp, &Parcella::txtDatiStaControp, &Parcella::IDCon, 2000,
+              CampoNota::Controparte},
+    VoceParte{&Parcella::txtOggetto, &Parcella::txtDatiStaOgg, nullptr, 4000, CampoNota::Oggetto},
 };
 
 /// A word with which the address book is asked and answers.
@@ -241,7 +242,7 @@ void RiceviDaRubrica(Parcella& Nota, const QString& Parola, int Chiave, const QS
         CambiaParteStampata(Nota, Chiesta->Quale, Nome);
     }
     if (!Chiesta->DaStampa)
-        Nota.Fuoco = Voce(Chiesta->Quale).Controllo.toString();
+        Nota.Fuoco = Voce(Chiesta->Quale).Campo;
 }
 
 void ScegliDocumento(Parcella& Nota, int Tipo)

@@ -12,9 +12,6 @@ namespace {
 /// Columns of the lines in the order of the panel's rows.
 constexpr std::array ColonneFasce{OnoMin, OnoMedio, OnoMax};
 
-/// Items from this number up stand outside the tariff.
-constexpr int PrimaVoceFuoriTariffa = 900;
-
 /// Captions of the rows, for one line and for all of them; the blanks bring the brackets under one another.
 struct Didascalie
 {

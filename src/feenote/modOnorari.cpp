@@ -12,9 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Items from this number up stand outside the tariff computation.
-constexpr int PrimaVoceFuoriTariffa = 900;
-
 /// Order for payment and writ of execution: they admit no undetermined value.
 constexpr int VoceIngiunzione = 19;
 constexpr int VocePrecetto = 20;

@@ -124,7 +124,7 @@ void CambiaCategoria(Parcella& Nota, int Indice)
     LoadAutorità(Nota, Codice);
     StatiPerCategoria(Nota);
     if (Codice == Stragiudiziale)
-        Nota.Fuoco = u"txtImporto"_s;
+        Nota.Fuoco = CampoNota::Valore;
     LoadScaglioni(Nota, Codice);
 }
 
@@ -186,7 +186,7 @@ bool CambiaScaglione(Parcella& Nota, int Indice)
     const ScaglioneValore& Sca = Nota.ListaScaglioni[Indice];
     if (Nuovo > 0 && Fuori(Sca, Nuovo)) {
         Nota.txtImporto.Testo.clear();
-        Nota.Fuoco = u"txtImporto"_s;
+        Nota.Fuoco = CampoNota::Valore;
     }
     if (Indeterminato(Sca) && Nuovo > 0) {
         Nuovo = 0.0;
@@ -232,33 +232,33 @@ void LasciaImporto(Parcella& Nota)
     SetModificata(Nota, true);
 }
 
-std::optional<Mancanza> PrimaMancanza(const Parcella& Nota)
+std::optional<Mancanza<CampoNota>> PrimaMancanza(const Parcella& Nota)
 {
     if (Nota.cmbCateg < 0)
-        return Mancanza{u"Non è stata specificata la categoria della pratica!"_s, u"cmbCateg"_s};
+        return Mancanza{u"Non è stata specificata la categoria della pratica!"_s, CampoNota::Categoria};
     if (Nota.cmbAutor < 0 && Nota.CodCateg != Stragiudiziale)
-        return Mancanza{u"Non è stato specificato il campo Autorità"_s, u"cmbAutor"_s};
+        return Mancanza{u"Non è stato specificato il campo Autorità"_s, CampoNota::Autorita};
 
     const ScaglioneValore* Scelto = Nota.ScaglioneSelezionato();
     if (!Scelto && Nota.CodCateg != Penale)
-        return Mancanza{u"Non è stato specificato lo scaglione di valore della causa!"_s, u"txtImporto"_s};
+        return Mancanza{u"Non è stato specificato lo scaglione di valore della causa!"_s, CampoNota::Valore};
     if (!Scelto)
         return std::nullopt;
     const double Valore = Nota.txtImporto.Numero();
     if (Valore <= 0 && Scelto->RicValore && Scelto->NumSca >= 1)
-        return Mancanza{u"Occorre specificare il valore esatto della causa!"_s, u"txtImporto"_s};
+        return Mancanza{u"Occorre specificare il valore esatto della causa!"_s, CampoNota::Valore};
     if (Valore > 0 && Fuori(*Scelto, Valore))
         return Mancanza{u"Il valore della causa specificato non è compreso nello scaglione!"_s,
-                        u"txtImporto"_s};
+                        CampoNota::Valore};
     return std::nullopt;
 }
 
 bool CheckOK(Parcella& Nota, bool ShowMessage)
 {
-    if (const std::optional<Mancanza> Trovata = PrimaMancanza(Nota)) {
+    if (const std::optional<Mancanza<CampoNota>> Trovata = PrimaMancanza(Nota)) {
         if (ShowMessage)
             MsgErrore(Trovata->Messaggio);
-        Nota.Fuoco = Trovata->Controllo;
+        Nota.Fuoco = Trovata->Dove;
         return false;
     }
     return CheckVarPerc(Nota, ShowMessage);

@@ -5,6 +5,7 @@
 // honoraria recalculates.
 #pragma once
 
+#include "core/mancanza.h"
 #include "feenote/parcella.h"
 
 // ---- lists --------------------------------------------------------------------------------------
@@ -47,14 +48,8 @@ void LasciaImporto(Parcella& Nota);
 /// True when the move from the last accepted authority to the selected one is allowed.
 [[nodiscard]] bool CheckAutorCompatib(const Parcella& Nota);
 
-/// A test of the parameters that failed: what to tell, and the control to focus.
-struct Mancanza
-{
-    QString Messaggio;
-    QString Controllo;
-};
 /// The first failing test of the parameters, the variation left out; empty when all is in order.
-[[nodiscard]] std::optional<Mancanza> PrimaMancanza(const Parcella& Nota);
+[[nodiscard]] std::optional<Mancanza<CampoNota>> PrimaMancanza(const Parcella& Nota);
 
 /// The check before printing, saving and inserting. The first test that fails is told when `ShowMessage`
 /// is set, and the control to focus is named in the record either way.

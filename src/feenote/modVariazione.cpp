@@ -170,7 +170,7 @@ bool CheckVarPerc(Parcella& Nota, bool ShowMessage)
         MsgErrore(u"La variazione deve essere compreso tra %1 e %2!"_s.arg(Minimo).arg(Massimo));
         Nota.txtAumRid.Testo = QString::number(std::abs(Trovati.Lo));
     }
-    Nota.Fuoco = u"txtAumRid"_s;
+    Nota.Fuoco = CampoNota::Variazione;
     return false;
 }
 

@@ -148,7 +148,7 @@ void NuovaParcella(Parcella& Nota, const QString& ID)
     RicordaStampa(Nota);
     Nota.Pronta = true;
     Nota.RicalcoloNecessario = false;
-    Nota.Fuoco.clear();
+    Nota.Fuoco = CampoNota::Nessuno;
     SetModificata(Nota, false);
 }
 

@@ -36,6 +36,18 @@ struct Spunta
     friend bool operator==(const Spunta&, const Spunta&) = default;
 };
 
+/// Boxes of the first tab that a rule may want filled in.
+enum class CampoNota {
+    Nessuno,
+    Categoria,
+    Autorita,
+    Valore,  ///< exact value of the case
+    Variazione,
+    Cliente,
+    Controparte,
+    Oggetto,
+};
+
 /// Index of a list without a selection.
 constexpr int NessunaVoce = -1;
 
@@ -189,7 +201,8 @@ struct Parcella
     int Scelta = 0;    ///< accounting counter of the request, kept for the invoice
     bool Modificata = false;
     bool Pronta = false;  ///< finished loading: no composition before
-    QString Fuoco;        ///< control that a rule wants focused; whoever shows the record empties it
+    /// Box that a rule wants focused; whoever shows the record empties it.
+    CampoNota Fuoco = CampoNota::Nessuno;
 
     /// Text of an element of txtDatiPar.
     [[nodiscard]] QString DatiPar(int Indice) const { return txtDatiPar.value(Indice); }

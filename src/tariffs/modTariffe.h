@@ -42,6 +42,8 @@ struct ScaglioneValore
 constexpr int ScaglioneIndeterminato = 8;
 /// Brackets of one matter that a note can hold.
 constexpr int MassimoScaglioni = 21;
+/// Items from this number up stand outside the tariff: a change of the parameters leaves them alone.
+constexpr int PrimaVoceFuoriTariffa = 900;
 /// Item "Voce non prevista", in every catalogue.
 constexpr int VoceLibera = 999;
 

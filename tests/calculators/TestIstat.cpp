@@ -132,36 +132,38 @@ void TestIstat::controlli_data()
 {
     QTest::addColumn<DatiIstat>("Dati");
     QTest::addColumn<QString>("Messaggio");
-    QTest::addColumn<QString>("Controllo");
+    QTest::addColumn<CampoIstat>("Dove");
 
     const auto Da = u"01/01/2020"_s;
     const auto A = u"01/01/2021"_s;
     const auto Uno = u"1"_s;
     const auto NonSuperiore = u"La data di arrivo non è superiore di quella di partenza."_s;
-    QTest::newRow("in ordine") << DatiIstat{Da, A, Uno, 0} << QString() << QString();
+    QTest::newRow("in ordine") << DatiIstat{Da, A, Uno, 0} << QString() << CampoIstat();
     QTest::newRow("iniziale inesistente")
         << DatiIstat{u"31/02/2020"_s, u"31/02/2020"_s, {}, 0}
-        << u"E' stata inserita una data iniziale non valida!"_s << u"mskDataIni"_s;
+        << u"E' stata inserita una data iniziale non valida!"_s << CampoIstat::DataIni;
     QTest::newRow("finale vuota") << DatiIstat{Da, u"__/__/____"_s, {}, 0}
-                                  << u"E' stata inserita una data finale non valida!"_s << u"mskDataFin"_s;
+                                  << u"E' stata inserita una data finale non valida!"_s
+                                  << CampoIstat::DataFin;
     QTest::newRow("importo vuoto") << DatiIstat{A, Da, {}, 0}
                                    << u"Non è stato specificato l'importo da rivalutare."_s
-                                   << u"txtImporto"_s;
-    QTest::newRow("date uguali") << DatiIstat{Da, Da, Uno, 0} << NonSuperiore << u"mskDataFin"_s;
-    QTest::newRow("date rovesciate") << DatiIstat{A, Da, Uno, 0} << NonSuperiore << u"mskDataFin"_s;
-    QTest::newRow("oggi") << DatiIstat{Da, u"20/11/2026"_s, Uno, 0} << QString() << QString();
+                                   << CampoIstat::Importo;
+    QTest::newRow("date uguali") << DatiIstat{Da, Da, Uno, 0} << NonSuperiore << CampoIstat::DataFin;
+    QTest::newRow("date rovesciate") << DatiIstat{A, Da, Uno, 0} << NonSuperiore << CampoIstat::DataFin;
+    QTest::newRow("oggi") << DatiIstat{Da, u"20/11/2026"_s, Uno, 0} << QString() << CampoIstat();
     QTest::newRow("domani")
         << DatiIstat{Da, u"21/11/2026"_s, Uno, 0}
         << u"La rivalutazione non può essere calcolata per date successive a quella odierna."_s
-        << u"mskDataFin"_s;
+        << CampoIstat::DataFin;
 }
 
 void TestIstat::controlli()
 {
     QFETCH(DatiIstat, Dati);
-    const auto Trovato = CheckIstat(Dati).value_or(Difetto());
-    QTEST(Trovato.Messaggio, "Messaggio");
-    QTEST(Trovato.Controllo, "Controllo");
+    const auto Trovato = CheckIstat(Dati);
+    QTEST(Trovato ? Trovato->Messaggio : QString(), "Messaggio");
+    if (Trovato)
+        QTEST(Trovato->Dove, "Dove");
 }
 
 void TestIstat::indiceInizialeMancante_data()

@@ -215,11 +215,11 @@ void TestTermini::difetti_data()
     QTest::addColumn<QString>("Decorrenza");
     QTest::addColumn<QString>("Numero");
     QTest::addColumn<QString>("Messaggio");
-    QTest::addColumn<QString>("Controllo");
+    QTest::addColumn<CampoTermine>("Dove");
 
     const auto NonValida = u"La Data di Decorrenza indicata non è una data valida!"_s;
     const auto SenzaNumero = u"Non è stato indicato il Numero di incremento!"_s;
-    const auto Decorrenza = u"mskDecorr"_s;
+    const auto Decorrenza = CampoTermine::Decorrenza;
     QTest::newRow("maschera vuota") << u"__/__/____"_s << u"10"_s
                                     << u"Non è stata specificata la Data di Decorrenza!"_s << Decorrenza;
     QTest::newRow("31/02") << u"31/02/2012"_s << u"10"_s << NonValida << Decorrenza;
@@ -228,8 +228,8 @@ void TestTermini::difetti_data()
     QTest::newRow("mese e giorno scambiati") << u"12/31/2012"_s << u"10"_s << NonValida << Decorrenza;
     QTest::newRow("maschera a metà") << u"12/0_/____"_s << u"10"_s << NonValida << Decorrenza;
     QTest::newRow("anno di tre cifre") << u"12/03/201_"_s << u"10"_s << NonValida << Decorrenza;
-    QTest::newRow("numero vuoto") << u"12/03/2012"_s << QString() << SenzaNumero << u"txtIncrNum"_s;
-    QTest::newRow("numero zero") << u"12/03/2012"_s << u"0000"_s << SenzaNumero << u"txtIncrNum"_s;
+    QTest::newRow("numero vuoto") << u"12/03/2012"_s << QString() << SenzaNumero << CampoTermine::Numero;
+    QTest::newRow("numero zero") << u"12/03/2012"_s << u"0000"_s << SenzaNumero << CampoTermine::Numero;
     QTest::newRow("la data prima del numero") << u"31/02/2012"_s << QString() << NonValida << Decorrenza;
 }
 
@@ -238,10 +238,10 @@ void TestTermini::difetti()
     QFETCH(QString, Decorrenza);
     QFETCH(QString, Numero);
     QFETCH(QString, Messaggio);
-    QFETCH(QString, Controllo);
+    QFETCH(CampoTermine, Dove);
     const auto Trovato = DifettoTermine(Caselle(Decorrenza, Numero));
     QVERIFY(Trovato);
-    QCOMPARE(*Trovato, (Difetto{Messaggio, Controllo}));
+    QCOMPARE(*Trovato, (Mancanza<CampoTermine>{Messaggio, Dove}));
 }
 
 void TestTermini::sabatoARitroso()

@@ -107,7 +107,8 @@ void TestTerminiSeq::difetti()
     QFETCH(QString, Messaggio);
     const auto Trovato = DifettoUdienza(Udienza);
     QCOMPARE(Trovato ? Trovato->Messaggio : QString(), Messaggio);
-    QCOMPARE(Trovato ? Trovato->Controllo : u"mskDecorr"_s, u"mskDecorr"_s);
+    if (Trovato)
+        QCOMPARE(Trovato->Dove, CampoTermine::Decorrenza);
 }
 
 void TestTerminiSeq::articoloInesistente()

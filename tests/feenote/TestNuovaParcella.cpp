@@ -123,7 +123,7 @@ void TestNuovaParcella::richiestaApplicata()
     QVERIFY(Nota.chkIva.Attiva);
     QVERIFY(!Nota.RicalcoloNecessario);
     QVERIFY(!Nota.Modificata);
-    QCOMPARE(Nota.Fuoco, QString());
+    QCOMPARE(Nota.Fuoco, CampoNota::Nessuno);
 }
 
 void TestNuovaParcella::richiestaSoloConRiferimento()

@@ -61,11 +61,12 @@ void TestParametri::categoriaDecideListeEStati_data()
     QTest::addColumn<int>("Scaglioni");
     QTest::addColumn<bool>("Valore");
     QTest::addColumn<bool>("Importo");
-    QTest::addColumn<QString>("Fuoco");
-    QTest::newRow("civile") << 0 << u"CIV"_s << 16 << 8 << true << true << QString();
-    QTest::newRow("penale: nessun valore") << 1 << u"PEN"_s << 10 << 8 << false << false << QString();
+    QTest::addColumn<CampoNota>("Fuoco");
+    QTest::newRow("civile") << 0 << u"CIV"_s << 16 << 8 << true << true << CampoNota::Nessuno;
+    QTest::newRow("penale: nessun valore")
+        << 1 << u"PEN"_s << 10 << 8 << false << false << CampoNota::Nessuno;
     QTest::newRow("stragiudiziale: solo importo")
-        << 2 << u"STR"_s << 3 << 7 << false << true << u"txtImporto"_s;
+        << 2 << u"STR"_s << 3 << 7 << false << true << CampoNota::Valore;
 }
 
 void TestParametri::categoriaDecideListeEStati()
@@ -318,7 +319,7 @@ void TestParametri::valoreFuoriScaglioneSvuotaLaCasella()
     Parcella Nota = NotaCivile();
     CambiaScaglione(Nota, 0);
     QCOMPARE(Nota.txtImporto.Testo, QString());
-    QCOMPARE(Nota.Fuoco, u"txtImporto"_s);
+    QCOMPARE(Nota.Fuoco, CampoNota::Valore);
     QCOMPARE(Nota.cmbValore, 0);
     QCOMPARE(Nota.Scaglione, 1);
     // The rejected value stays the stored one; the check goes by the box.
@@ -456,40 +457,44 @@ void TestParametri::verificaInOrdine_data()
     QTest::addColumn<int>("Scaglione");
     QTest::addColumn<QString>("Importo");
     QTest::addColumn<QString>("Messaggio");
-    QTest::addColumn<QString>("Fuoco");
+    QTest::addColumn<CampoNota>("Fuoco");
     QTest::newRow("categoria") << -1 << 0 << -1 << QString()
-                               << u"Non è stata specificata la categoria della pratica!"_s << u"cmbCateg"_s;
+                               << u"Non è stata specificata la categoria della pratica!"_s
+                               << CampoNota::Categoria;
     QTest::newRow("autorita civile") << 0 << 0 << -1 << QString()
-                                     << u"Non è stato specificato il campo Autorità"_s << u"cmbAutor"_s;
+                                     << u"Non è stato specificato il campo Autorità"_s << CampoNota::Autorita;
     QTest::newRow("autorita penale") << 1 << 0 << -1 << QString()
-                                     << u"Non è stato specificato il campo Autorità"_s << u"cmbAutor"_s;
+                                     << u"Non è stato specificato il campo Autorità"_s << CampoNota::Autorita;
     QTest::newRow("scaglione civile")
         << 0 << 2 << -1 << u"30000"_s << u"Non è stato specificato lo scaglione di valore della causa!"_s
-        << u"txtImporto"_s;
+        << CampoNota::Valore;
     QTest::newRow("scaglione stragiudiziale, senza autorita")
         << 2 << 0 << -1 << QString() << u"Non è stato specificato lo scaglione di valore della causa!"_s
-        << u"txtImporto"_s;
+        << CampoNota::Valore;
     QTest::newRow("valore esatto civile oltre l'ultimo limite")
         << 0 << 2 << 6 << QString() << u"Occorre specificare il valore esatto della causa!"_s
-        << u"txtImporto"_s;
+        << CampoNota::Valore;
     QTest::newRow("valore esatto stragiudiziale")
         << 2 << 41 << 0 << u"zero"_s << u"Occorre specificare il valore esatto della causa!"_s
-        << u"txtImporto"_s;
+        << CampoNota::Valore;
     QTest::newRow("valore negativo civile")
         << 0 << 2 << 6 << u"-5"_s << u"Occorre specificare il valore esatto della causa!"_s
-        << u"txtImporto"_s;
+        << CampoNota::Valore;
     QTest::newRow("valore negativo stragiudiziale")
         << 2 << 41 << 2 << u"-30.000,00"_s << u"Occorre specificare il valore esatto della causa!"_s
-        << u"txtImporto"_s;
-    QTest::newRow("negativo dove il valore non occorre") << 0 << 2 << 1 << u"-5"_s << QString() << QString();
+        << CampoNota::Valore;
+    QTest::newRow("negativo dove il valore non occorre")
+        << 0 << 2 << 1 << u"-5"_s << QString() << CampoNota::Nessuno;
     QTest::newRow("valore sopra lo scaglione")
         << 0 << 2 << 0 << u"5.000,01"_s
-        << u"Il valore della causa specificato non è compreso nello scaglione!"_s << u"txtImporto"_s;
+        << u"Il valore della causa specificato non è compreso nello scaglione!"_s << CampoNota::Valore;
     QTest::newRow("valore sotto lo scaglione")
         << 0 << 2 << 1 << u"5.000,00"_s
-        << u"Il valore della causa specificato non è compreso nello scaglione!"_s << u"txtImporto"_s;
-    QTest::newRow("penale: il valore non conta") << 1 << 23 << -1 << u"999"_s << QString() << QString();
-    QTest::newRow("civile senza valore esatto") << 0 << 2 << 1 << QString() << QString() << QString();
+        << u"Il valore della causa specificato non è compreso nello scaglione!"_s << CampoNota::Valore;
+    QTest::newRow("penale: il valore non conta")
+        << 1 << 23 << -1 << u"999"_s << QString() << CampoNota::Nessuno;
+    QTest::newRow("civile senza valore esatto")
+        << 0 << 2 << 1 << QString() << QString() << CampoNota::Nessuno;
 }
 
 void TestParametri::verificaInOrdine()
@@ -521,7 +526,7 @@ void TestParametri::verificaMutaNonParla()
     NuovaParcella(Nota);
     QVERIFY(!CheckOK(Nota, false));
     QVERIFY(Messaggi.Mostrati().isEmpty());
-    QCOMPARE(Nota.Fuoco, u"cmbCateg"_s);
+    QCOMPARE(Nota.Fuoco, CampoNota::Categoria);
 }
 
 void TestParametri::verificaGuardaAncheLaVariazione()
@@ -534,7 +539,7 @@ void TestParametri::verificaGuardaAncheLaVariazione()
     Nota.txtAumRid.Testo = u"101"_s;
     Messaggi.Attendi(u"La variazione deve essere compreso tra 1 e 100!"_s, vbOK, u"Errore:"_s);
     QVERIFY(!CheckOK(Nota, true));
-    QCOMPARE(Nota.Fuoco, u"txtAumRid"_s);
+    QCOMPARE(Nota.Fuoco, CampoNota::Variazione);
 }
 
 void TestParametri::testata_data()

@@ -193,7 +193,7 @@ void TestVariazione::limiti()
         Messaggi.Attendi(Messaggio, vbOK, u"Errore:"_s);
     QCOMPARE(CheckVarPerc(Nota, true), Messaggio.isEmpty());
     QTEST(Nota.txtAumRid.Testo, "CasellaDopo");
-    QCOMPARE(Nota.Fuoco, Messaggio.isEmpty() ? QString() : u"txtAumRid"_s);
+    QCOMPARE(Nota.Fuoco, Messaggio.isEmpty() ? CampoNota::Nessuno : CampoNota::Variazione);
 }
 
 void TestVariazione::senzaLimitiTuttoAmmesso()

@@ -142,7 +142,8 @@ bool frmIstat::Check()
     if (!Trovato)
         return true;
     MsgErrore(Trovato->Messaggio);
-    RidaiFuoco(findChild<QWidget*>(Trovato->Controllo));
+    const std::array<QWidget*, 3> Caselle{ui->mskDataIni, ui->mskDataFin, ui->txtImporto};  // as CampoIstat
+    RidaiFuoco(Caselle[size_t(Trovato->Dove)]);
     return false;
 }
 

@@ -14,6 +14,9 @@
 
 #include <QJsonDocument>
 
+#include <algorithm>
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -137,16 +140,25 @@ void LeggiVariazione(Parcella& Nota, OggettoJson& Dati)
     Variazione->Finisci();
 }
 
+/// The fields of a description behind the boxes that a check may refuse.
+constexpr std::array NomiCampi{
+    std::pair(CampoNota::Categoria, u"categoria"),
+    std::pair(CampoNota::Autorita, u"autorita"),
+    std::pair(CampoNota::Valore, u"valore"),
+    std::pair(CampoNota::Variazione, u"variazione"),
+};
+
+QString NomeDi(CampoNota Campo)
+{
+    const auto Trovato = std::ranges::find(NomiCampi, Campo, &std::pair<CampoNota, const char16_t*>::first);
+    return Trovato == NomiCampi.end() ? QString() : QString::fromUtf16(Trovato->second);
+}
+
 /// The check that the window makes on leaving the parameters; the refusal names the field behind the box.
 void VerificaParametri(const Parcella& Nota)
 {
-    const std::optional<Mancanza> Trovata = PrimaMancanza(Nota);
-    if (!Trovata)
-        return;
-    const QString Campo = Trovata->Controllo == u"cmbAutor"   ? u"autorita"_s
-                          : Trovata->Controllo == u"cmbCateg" ? u"categoria"_s
-                                                              : u"valore"_s;
-    throw OggettoJson::Rifiuto(5, Campo, Trovata->Messaggio);
+    if (const auto Trovata = PrimaMancanza(Nota))
+        throw OggettoJson::Rifiuto(5, NomeDi(Trovata->Dove), Trovata->Messaggio);
 }
 
 // ---- lines --------------------------------------------------------------------------------------

@@ -202,7 +202,7 @@ void CaricaDati(Parcella& Nota, const QString& Percorso)
         throw;
     }
     Nota.RicalcoloNecessario = false;
-    Nota.Fuoco.clear();
+    Nota.Fuoco = CampoNota::Nessuno;
     SetModificata(Nota, false);
 }
 

@@ -186,7 +186,7 @@ bool frmParcelle::LasciaBase(int Verso)
         return true;
     if (SchedaInVista == SchedaBase) {
         BaseValida = CheckOK(Nota, false);
-        Nota.Fuoco.clear();
+        Nota.Fuoco = CampoNota::Nessuno;
     }
     return BaseValida;
 }
@@ -273,9 +273,8 @@ void frmParcelle::Mostra()
     MostraSegni();
     InMostra = false;
 
-    const QString Fuoco = std::exchange(Nota.Fuoco, QString());
-    if (QWidget* Controllo = Fuoco.isEmpty() ? nullptr : findChild<QWidget*>(Fuoco))
-        RidaiFuoco(Controllo);
+    if (QWidget* Casella = CasellaDi(std::exchange(Nota.Fuoco, CampoNota::Nessuno)))
+        RidaiFuoco(Casella);
 }
 
 void frmParcelle::RefreshDatiBase()

@@ -136,6 +136,7 @@ private:
     void CollegaDatiBase();
     void CollegaVariazione();  ///< option, sign and percent
     void MostraDatiBase();
+    [[nodiscard]] QWidget* CasellaDi(CampoNota Campo) const;  ///< null for none
 
     // ---- frmParcelle_Onorari.cpp: catalogue, lines, their toolbar
     void CollegaOnorari();

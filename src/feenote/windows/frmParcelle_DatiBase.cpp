@@ -146,10 +146,33 @@ void frmParcelle::CollegaVariazione()
         bool Accettata = true;
         Applica([&] {
             LasciaAumRid(Nota);
-            Accettata = Nota.Fuoco != u"txtAumRid";
+            Accettata = Nota.Fuoco != CampoNota::Variazione;
         });
         return Accettata;
     });
+}
+
+QWidget* frmParcelle::CasellaDi(CampoNota Campo) const
+{
+    switch (Campo) {
+    case CampoNota::Nessuno:
+        return nullptr;
+    case CampoNota::Categoria:
+        return uiBase->cmbCateg;
+    case CampoNota::Autorita:
+        return uiBase->cmbAutor;
+    case CampoNota::Valore:
+        return uiBase->txtImporto;
+    case CampoNota::Variazione:
+        return uiBase->txtAumRid;
+    case CampoNota::Cliente:
+        return uiBase->txtCliente;
+    case CampoNota::Controparte:
+        return uiBase->txtControp;
+    case CampoNota::Oggetto:
+        return uiBase->txtOggetto;
+    }
+    return nullptr;
 }
 
 void frmParcelle::MostraDatiBase()

@@ -481,7 +481,7 @@ void TestDatiStampa::rubricaDallaPrimaScheda()
     QCOMPARE(Nota.IDCli, Cliente);
     QCOMPARE(Nota.txtCliente.Testo, u"Verdi Anna"_s);
     QCOMPARE(Nota.txtDatiStaCli.Testo, u"Verdi Anna\nLucca"_s);
-    QCOMPARE(Nota.Fuoco, u"txtCliente"_s);
+    QCOMPARE(Nota.Fuoco, CampoNota::Cliente);
     QVERIFY(Nota.Modificata);
 
     const int Avversario = Ufficio.AggiungiControparte(u"Bianchi Srl"_s);
@@ -489,7 +489,7 @@ void TestDatiStampa::rubricaDallaPrimaScheda()
     QCOMPARE(Nota.IDCon, Avversario);
     QCOMPARE(Nota.txtControp.Testo, u"Bianchi Srl"_s);
     QCOMPARE(Nota.txtDatiStaControp.Testo, u"Bianchi Srl"_s);
-    QCOMPARE(Nota.Fuoco, u"txtControp"_s);
+    QCOMPARE(Nota.Fuoco, CampoNota::Controparte);
     QCOMPARE(Nota.IDCli, Cliente);
 }
 
@@ -505,7 +505,7 @@ void TestDatiStampa::rubricaDallaStampa()
     QCOMPARE(Nota.txtCliente.Testo, u"Gamma Spa"_s);
     QCOMPARE(Nota.txtDatiStaCli.Testo, u"Gamma Spa con sede in Torino"_s);
     QCOMPARE(Nota.Rappr.Nome, u"Carla Bruni"_s);
-    QVERIFY2(Nota.Fuoco.isEmpty(), "la casella sta su un'altra scheda");
+    QVERIFY2(Nota.Fuoco == CampoNota::Nessuno, "la casella sta su un'altra scheda");
 
     RiceviDaRubrica(Nota, u"c_con"_s, 9, u"Bianchi Srl"_s);
     QCOMPARE(Nota.IDCon, 9);

@@ -206,7 +206,7 @@ void TestDocumento::giroCompletoCivile()
     QVERIFY(!Letta.Modificata);
     QVERIFY(!Letta.RicalcoloNecessario);
     QVERIFY(Letta.Pronta);
-    QCOMPARE(Letta.Fuoco, QString());
+    QCOMPARE(Letta.Fuoco, CampoNota::Nessuno);
     QCOMPARE(CatenaFiscale(Letta, StampaFatturaAnalitica).Netto,
              CatenaFiscale(Nota, StampaFatturaAnalitica).Netto);
 

@@ -25,7 +25,7 @@ Parcella SenzaFinestra(Parcella Nota)
 {
     Nota.Percorso.clear();
     Nota.Nome.clear();
-    Nota.Fuoco.clear();
+    Nota.Fuoco = CampoNota::Nessuno;
     Nota.Modificata = false;
     Nota.RicalcoloNecessario = false;
     Nota.AvvisoNotaGiudiziale = false;
