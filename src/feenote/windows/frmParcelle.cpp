@@ -88,6 +88,7 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     ui->setupUi(this);
     CostruisciSchede();
     CollegaCornice();
+    CollegaRicalcolo();
     CollegaCopia();
     CollegaDatiBase();
     CollegaOnorari();
@@ -271,6 +272,7 @@ void frmParcelle::Mostra()
     RefreshDatiBase();
     RefreshGrid();
     MostraSegni();
+    MostraRicalcolo();
     InMostra = false;
 
     if (QWidget* Casella = CasellaDi(std::exchange(Nota.Fuoco, CampoNota::Nessuno)))

@@ -114,6 +114,11 @@ private:
     void imgNext_Click();
     void MostraSegni();  ///< padlock and diskette
 
+    // ---- frmParcelle_Ricalcolo.cpp: lines that are older than the parameters
+    void CollegaRicalcolo();
+    void MostraRicalcolo();
+    void cmdRicalcola_Click();
+
     // ---- frmParcelle_Vita.cpp
     void RimettiDisposizione();  ///< splitters and columns as the last window left them
     void RicordaDisposizione() const;
@@ -160,10 +165,14 @@ private:
 
     // ---- frmParcelle_Righe.cpp: what is done with selected lines
     void CollegaRighe(Griglia* Grid, TabellaRighe& Tabella);
+    /// The places of a page that F6 visits, in order: search, catalogue, lines and what stands behind them.
+    void CollegaZone(QWidget* Pagina, const QList<QWidget*>& Zone);
     [[nodiscard]] ComandiBarra ComandiRigheDi(Griglia* Grid, TabellaRighe& Tabella);
-    void EseguiSuRighe(Griglia* Grid, TabellaRighe& Tabella, ComandoRighe Quale);
-    void TagliaVoci(Griglia* Grid, TabellaRighe& Tabella, bool Chiedi);
-    void CopiaVoci(Griglia* Grid, const TabellaRighe& Tabella);
+    void EseguiSuRighe(Griglia* Grid, TabellaRighe& Tabella, ComandoRighe Quale, const QList<int>& Scelte);
+    /// The lines that the toolbar works on: those selected or, with none, the one that was clicked last.
+    [[nodiscard]] QList<int> ScelteDaBarra(const Griglia* Grid) const;
+    void TagliaVoci(Griglia* Grid, TabellaRighe& Tabella, const QList<int>& Scelte);
+    void CopiaVoci(Griglia* Grid, const TabellaRighe& Tabella, const QList<int>& Scelte);
     /// @param Riga RigaDiPosto: where a new line goes
     void IncollaVoci(Griglia* Grid, TabellaRighe& Tabella, int Riga);
     void AnnullaTaglio(Griglia* Grid, TabellaRighe& Tabella);
@@ -231,8 +240,10 @@ private:
     int Posto;
     QTimer TimerCopia;  ///< runs from the first change that the recovery copy does not hold
     qint64 DurataCopiaMs = 0;
-    Catalogo Voci;         ///< catalogues, open once tab 1 or 2 was entered
-    AppuntiRighe Copiate;  ///< one clipboard for both lists
+    Catalogo Voci;                             ///< catalogues, open once tab 1 or 2 was entered
+    std::pair<QString, int> CatalogoCercato;   ///< category and authority of the catalogue last searched in
+    AppuntiRighe Copiate;                      ///< one clipboard for both lists
+    const Griglia* GrigliaCliccata = nullptr;  ///< its current line was clicked, and no other since
     PannelloModOno ModOno;
     int SchedaInVista = 0;   ///< the tab before a change
     bool BaseValida = true;  ///< answer of the last CheckOK on leaving the base tab; no rows move without it

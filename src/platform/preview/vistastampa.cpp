@@ -9,6 +9,8 @@
 #include <QAccessible>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QLabel>
+#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -45,7 +47,15 @@ VistaStampa::VistaStampa(QWidget* Padre) : QWidget(Padre)
     auto* Colonna = new QVBoxLayout(this);
     Colonna->setContentsMargins(0, 0, 0, 0);
     Colonna->setSpacing(0);
+    Margine = new QLabel(this);
+    Margine->setObjectName(u"avvisoAnteprima"_s);
+    Margine->setTextFormat(Qt::PlainText);
+    Margine->setAlignment(Qt::AlignCenter);
+    Margine->setMargin(aspetto::TraCampi / 2);
+    Margine->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // never wider than the sheets' place
+    Margine->hide();
     Colonna->addWidget(Barra);
+    Colonna->addWidget(Margine);
     Colonna->addWidget(Fogli, 1);
     setFocusProxy(Fogli);
     Surface.Zoom = ZoomIniziale;
@@ -89,6 +99,20 @@ void VistaStampa::ImpostaCarta(const Carta& Nuova)
         return;
     Sheet = Nuova;
     Aggiorna();
+}
+
+void VistaStampa::ImpostaAvviso(const QString& Testo)
+{
+    QPalette Colori = Margine->palette();
+    Colori.setColor(QPalette::WindowText, aspetto::Sbagliato());
+    Margine->setPalette(Colori);
+    Margine->setText(Testo);
+    Margine->setVisible(!Testo.isEmpty());
+}
+
+QString VistaStampa::Avviso() const
+{
+    return Margine->text();
 }
 
 int VistaStampa::PaginaInVista() const

@@ -10,6 +10,7 @@
 
 class BarraRicerca;
 class FogliStampa;
+class QLabel;
 
 /// A print surface and the pages of its document, white sheets one below the other on the surface's
 /// BackColor. Compose on Foglio(), then call Aggiorna().
@@ -47,6 +48,11 @@ public:
     /// Lays out for another sheet; the same one changes nothing.
     void ImpostaCarta(const Carta& Nuova);
     [[nodiscard]] Carta CartaInUso() const { return Sheet; }
+
+    /// A line in the margin above the sheets: what the reader has to know of the document and its paper does
+    /// not say. Empty: none.
+    void ImpostaAvviso(const QString& Testo);
+    [[nodiscard]] QString Avviso() const;
 
     // ---- pages, from 1
     [[nodiscard]] int NumeroPagine() const { return Impaginata.NumeroPagine(); }
@@ -100,6 +106,7 @@ private:
     Impaginazione Impaginata;
     FogliStampa* Fogli = nullptr;
     BarraRicerca* Barra = nullptr;
+    QLabel* Margine = nullptr;  ///< the line above the sheets
     QList<Selezione> Trovate;
     qsizetype Corrente = -1;  ///< among Trovate
 };
