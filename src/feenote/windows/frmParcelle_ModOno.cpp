@@ -52,6 +52,7 @@ void MostraFasce(QListWidget* Elenco, const PannelloModOno& Pannello)
 void frmParcelle::CollegaModOno()
 {
     CreaFasce(uiOnorari->tdbFasceOno);
+    uiOnorari->pctInsModOno->setFocusProxy(uiOnorari->sldGraduaOno);
     auto* Variaz = uiOnorari->barListaOnoDir->findChild<QAction*>(u"variaz"_s);
     Variaz->setCheckable(true);
     // Behind the command: a cell that refuses to be left releases the button too.

@@ -8,6 +8,7 @@
 #include "platform/grid/griglia.h"
 #include "platform/kit/collega.h"
 #include "ui_SchedaSpese.h"
+#include "ui_frmParcelle.h"
 
 #include <QLineEdit>
 
@@ -59,6 +60,7 @@ void frmParcelle::CollegaSpese()
     });
 
     CollegaRighe(Righe, Nota.xDiritti);
+    CollegaZone(ui->tabParcelle->widget(SchedaListaSpese), {uiSpese->txtCercaDir, Lista, Righe});
     ComandiBarra Comandi = ComandiRigheDi(Righe, Nota.xDiritti);
     Comandi.Inserisci = [this] { tdbListaDir_DblClick(uiSpese->tdbListaDir->RigaCorrente().value_or(-1)); };
     CostruisciBarraRighe(uiSpese->barListaOnoDir, this, Nota.InsUltimaDir, Comandi);
@@ -81,9 +83,10 @@ void frmParcelle::tdbListaDir_DblClick(int Riga)
     if (!Righe->Concludi())
         return;
     const int Inserita = InserisciSpesa(Nota, Voci, Righe->RigaCorrente());
-    SetModificata(true);
-    Mostra();
-    Righe->ImpostaRigaCorrente(Inserita);
+    RigheMutate(Righe, Inserita);
+    // The amount is the user's to write: the new line waits for it.
+    Righe->ImpostaRigaCorrente(Inserita, DirImponibile);
+    Righe->setFocus();
 }
 
 void frmParcelle::MostraSpese()

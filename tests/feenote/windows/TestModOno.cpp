@@ -1,7 +1,9 @@
 // The modification panel of tab 1 by mouse and keyboard.
 #include "tavolo.h"
 
+#include <QHeaderView>
 #include <QListWidget>
+#include <QScrollBar>
 #include <QSlider>
 
 using namespace Qt::StringLiterals;
@@ -43,6 +45,10 @@ private Q_SLOTS:
     void titoloConSegni();
     void nonCopreLeRighe();
     void gliImportiGrandiSiVedonoInteri();
+    void ancheAllaSecondaAperturaSiArrivaAlMassimo_data();
+    void ancheAllaSecondaAperturaSiArrivaAlMassimo();
+    void lAmbitoGiaSceltoNonSiRicarica();
+    void effeSeiArrivaAlPannello();
 
 private:
     [[nodiscard]] QWidget* Pannello() const { return Controllo(F, "pctInsModOno"); }
@@ -527,6 +533,67 @@ void TestModOno::gliImportiGrandiSiVedonoInteri()
     for (int Quale = 0; Quale < NumFasce; ++Quale)
         QVERIFY(Fasce()->fontMetrics().horizontalAdvance(Fasce()->item(Quale)->text()) <
                 Fasce()->viewport()->width());
+}
+
+void TestModOno::ancheAllaSecondaAperturaSiArrivaAlMassimo_data()
+{
+    QTest::addColumn<int>("Larghezza");
+    QTest::addColumn<QByteArray>("Chiude");
+    for (const int Larghezza : {560, 620, 700, 760, 853, 950})
+        for (const char* Bottone : {"barListaOnoDir_variaz", "cmdAnnModOno", "cmdModOno"})
+            QTest::addRow("%d, %s", Larghezza, Bottone) << Larghezza << QByteArray(Bottone);
+}
+
+void TestModOno::ancheAllaSecondaAperturaSiArrivaAlMassimo()
+{
+    QFETCH(int, Larghezza);
+    QFETCH(QByteArray, Chiude);
+    F->resize(Larghezza, 480);
+    Respiro();
+    auto* Barra = Righe->findChild<QScrollBar*>(QString(), Qt::FindDirectChildrenOnly);
+    QVERIFY(Barra);
+    const QTableView* Vista = Righe->Vista();
+    for (int Volta = 1; Volta <= 3; ++Volta) {
+        Apri(0);
+        QVERIFY(Pannello()->isVisible());
+        const int Oltre = Vista->horizontalHeader()->length() - Vista->viewport()->width();
+        QVERIFY2(Barra->isVisible() == (Oltre > 0), qPrintable(QString::number(Volta)));
+        Barra->setValue(Barra->maximum());
+        const QRect Massimo = Vista->visualRect(Vista->model()->index(0, OnoMax));
+        QVERIFY2(Massimo.left() >= 0 && Massimo.right() <= Vista->viewport()->width(),
+                 qPrintable(QString::number(Volta)));
+        Conferma()->setEnabled(true);
+        Clic(Controllo(PaginaIn(F), Chiude.constData()));
+        Respiro();
+        QVERIFY(!Pannello()->isVisible());
+    }
+}
+
+void TestModOno::lAmbitoGiaSceltoNonSiRicarica()
+{
+    Apri(0);
+    Cursore()->setFocus();
+    Premi(Qt::Key_PageUp);
+    const QString Graduato = Testo("lblImpOno");
+    QVERIFY(Graduato != u"1.200,00" && Conferma()->isEnabled());
+    Clic(Controllo<QRadioButton>(F, "optModAll_0"));
+    QCOMPARE(Testo("lblImpOno"), Graduato);
+    QVERIFY(Conferma()->isEnabled());
+}
+
+void TestModOno::effeSeiArrivaAlPannello()
+{
+    Righe->setFocus();
+    Premi(Qt::Key_F6);
+    QVERIFY2(QApplication::focusWidget() == Controllo(F, "txtCercaOno"), "chiuso non conta");
+    Apri(0);
+    Righe->setFocus();
+    Premi(Qt::Key_F6);
+    QCOMPARE(QApplication::focusWidget(), Cursore());
+    Conferma()->setEnabled(true);
+    Conferma()->setFocus();
+    Premi(Qt::Key_F6);
+    QCOMPARE(QApplication::focusWidget(), Controllo(F, "txtCercaOno"));
 }
 
 #include "TestModOno.moc"

@@ -23,6 +23,11 @@ private Q_SLOTS:
     void cleanup();
     void tagliaColBottone();
     void tagliaSenzaScelta();
+    void ilClicSceglieLaRigaPerLaBarra_data();
+    void ilClicSceglieLaRigaPerLaBarra();
+    void laRigaLasciataNonEPiuScelta();
+    void ilClicNonSceglieLaRigaPerITasti();
+    void ilClicAltroveLasciaLaSelezione();
     void tagliaNo();
     void tagliaDalBassoInAlto();
     void tagliaTutteEIncolla();
@@ -115,6 +120,73 @@ void TestRigheScelte::tagliaSenzaScelta()
     Clic(Tasto("copia"));
     QCOMPARE(Nomi(), u"abcde"_s);
     QVERIFY(!F->Nota.Modificata);
+}
+
+void TestRigheScelte::ilClicSceglieLaRigaPerLaBarra_data()
+{
+    QTest::addColumn<bool>("FraLeSpese");
+    QTest::newRow("onorari") << false;
+    QTest::newRow("spese") << true;
+}
+
+void TestRigheScelte::ilClicSceglieLaRigaPerLaBarra()
+{
+    QFETCH(bool, FraLeSpese);
+    if (FraLeSpese) {
+        for (const QChar Nome : u"abcde"_s)
+            F->Nota.xDiritti(RigaSpesa(F->Nota, 1.0, {}), DirDescr) = QString(Nome);
+        ClicScheda(F, SchedaListaSpese);
+    }
+    const TabellaRighe& Tabella = FraLeSpese ? F->Nota.xDiritti : F->Nota.xOnorari;
+    const Griglia* Elenco = FraLeSpese ? Spese : Righe;
+    const auto Rimaste = [&] { return Testi(Tabella, {1}).join(QString()); };
+    ClicCella(Elenco, 3, 1);
+    T->Voce.Attendi(TagliarneUna, vbYes, u"Domanda:"_s);
+    Clic(Tasto("taglia"));
+    QCOMPARE(Rimaste(), u"abce"_s);
+    ClicCella(Elenco, 0, 1);
+    Clic(Tasto("copia"));
+    ClicSelettore(Elenco, 2);
+    Clic(Tasto("incolla"));
+    QCOMPARE(Rimaste(), u"abcea"_s);
+}
+
+void TestRigheScelte::laRigaLasciataNonEPiuScelta()
+{
+    ClicCella(Righe, 3, OnoDescr);
+    Premi(Qt::Key_Up);
+    T->Voce.Attendi(NienteScelto, vbOK, u"Errore:"_s);
+    Clic(Tasto("taglia"));
+    // After a cut another line has come to the place of the one clicked.
+    ClicCella(Righe, 1, OnoDescr);
+    T->Voce.Attendi(TagliarneUna, vbYes);
+    Clic(Tasto("taglia"));
+    T->Voce.Attendi(NienteScelto, vbOK, u"Errore:"_s);
+    Clic(Tasto("taglia"));
+    QCOMPARE(Nomi(), u"acde"_s);
+}
+
+void TestRigheScelte::ilClicNonSceglieLaRigaPerITasti()
+{
+    ClicCella(Righe, 3, OnoMedio);
+    for (int i = 0; i < 2; ++i)
+        T->Voce.Attendi(NienteScelto, vbOK, u"Errore:"_s);
+    Premi(Qt::Key_Delete);
+    Premi(Qt::Key_X, Qt::ControlModifier);
+    QCOMPARE(Nomi(), u"abcde"_s);
+}
+
+void TestRigheScelte::ilClicAltroveLasciaLaSelezione()
+{
+    ClicSelettore(Righe, 0);
+    ClicSelettore(Righe, 1, Qt::ControlModifier);
+    ClicCella(Righe, 1, OnoDescr);
+    QVERIFY2(Righe->Selezione() == (QList{0, 1}), "su una riga scelta non cambia nulla");
+    ClicCella(Righe, 4, OnoDescr);
+    QVERIFY(Righe->Selezione().isEmpty());
+    T->Voce.Attendi(NienteScelto, vbOK, u"Errore:"_s);
+    Premi(Qt::Key_Delete);
+    QCOMPARE(Nomi(), u"abcde"_s);
 }
 
 void TestRigheScelte::tagliaNo()

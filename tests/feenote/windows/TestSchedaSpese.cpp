@@ -12,6 +12,9 @@ private Q_SLOTS:
     void cleanup();
     void senzaPassareDagliOnorari();
     void doppioClicInserisce();
+    void laSpesaInseritaAspettaLImporto_data();
+    void laSpesaInseritaAspettaLImporto();
+    void effeSeiFraGliElenchi();
     void laStessaVocePiuVolte();
     void importiEPiedi();
     void rigaScrittaAMano();
@@ -64,6 +67,68 @@ void TestSchedaSpese::doppioClicInserisce()
     QCOMPARE(CStr(F->Nota.xDiritti(0, DirNVoce)), u"1"_s);
     QCOMPARE(CStr(F->Nota.xDiritti(0, DirIDDir)), u"1"_s);
     QVERIFY(InfoParcelle[1].Modificata);
+}
+
+void TestSchedaSpese::laSpesaInseritaAspettaLImporto_data()
+{
+    QTest::addColumn<bool>("DaTastiera");
+    QTest::newRow("doppio clic") << false;
+    QTest::newRow("Invio") << true;
+}
+
+void TestSchedaSpese::laSpesaInseritaAspettaLImporto()
+{
+    QFETCH(bool, DaTastiera);
+    if (DaTastiera) {
+        Lista->setFocus();
+        Lista->ImpostaRigaCorrente(1);
+        Premi(Qt::Key_Return);
+    } else {
+        DoppioClic(Lista, 1);
+    }
+    QCOMPARE(QApplication::focusWidget(), Righe->Vista());
+    Digita(u"98,50"_s);
+    Premi(Qt::Key_Return);
+    QCOMPARE(F->Nota.xDiritti(0, DirImponibile).toDouble(), 98.5);
+}
+
+void TestSchedaSpese::effeSeiFraGliElenchi()
+{
+    QWidget* Cerca = Controllo(F, "txtCercaDir");
+    QWidget* Bottone = Controllo(PaginaIn(F), "barListaOnoDir_select");
+    const QList<QWidget*> Giro{Cerca, Lista->Vista(), Righe->Vista(), Cerca};
+    Cerca->setFocus();
+    for (qsizetype i = 1; i < Giro.size(); ++i) {
+        Premi(Qt::Key_F6);
+        QCOMPARE(QApplication::focusWidget(), Giro[i]);
+    }
+    for (qsizetype i = Giro.size() - 1; i-- > 0;) {
+        Premi(Qt::Key_F6, Qt::ShiftModifier);
+        QCOMPARE(QApplication::focusWidget(), Giro[i]);
+    }
+    Bottone->setFocus();
+    Premi(Qt::Key_F6);
+    QCOMPARE(QApplication::focusWidget(), Righe->Vista());
+    Bottone->setFocus();
+    Premi(Qt::Key_F6, Qt::ShiftModifier);
+    QCOMPARE(QApplication::focusWidget(), Lista->Vista());
+
+    // An open cell is written before, and one that refuses keeps the focus.
+    Righe->setFocus();
+    Righe->ImpostaRigaCorrente(0, DirDescr);
+    Digita(u"Bolli"_s);
+    Premi(Qt::Key_F6);
+    QCOMPARE(QApplication::focusWidget(), Cerca);
+    QCOMPARE(F->Nota.xDiritti(0, DirDescr).toString(), u"Bolli"_s);
+    Righe->setFocus();
+    Righe->ImpostaRigaCorrente(0, DirImponibile);
+    Premi(Qt::Key_F2);
+    Incolla(LaCella(Righe), u"abc"_s);
+    T->Voce.Attendi(u"Immettere un valore numerico!"_s, vbOK, u"Errore:"_s);
+    Premi(Qt::Key_F6);
+    Respiro();
+    QVERIFY(Righe->InModifica());
+    QCOMPARE(QApplication::focusWidget(), LaCella(Righe));
 }
 
 void TestSchedaSpese::laStessaVocePiuVolte()
