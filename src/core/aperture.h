@@ -9,7 +9,8 @@ class QMdiArea;
 struct PaginaAvviso;
 struct RichiestaRubrica;
 
-/// What logic and windows ask of windows that they may not know. core/app fills it; an empty member does nothing.
+/// What logic and windows ask of windows that they may not know. core/app fills it; an empty member does
+/// nothing.
 struct Apritori
 {
     std::function<void(const QString& Percorso, int Socio, const QString& ID)> ApriParcella;
@@ -23,8 +24,9 @@ struct Apritori
     std::function<void()> Rubrica;
     std::function<void(const RichiestaRubrica& Chiesta)> RubricaParcella;  ///< the address book, for a note
     std::function<void()> CodiceFiscale;
-    std::function<void(int Scheda, bool Modale)> Impostazioni;  ///< settings on a tab; modal: until they are closed
-    std::function<void()> ImpostazioniCambiate;                 ///< the settings were saved: the desktop is drawn anew
+    std::function<void(int Scheda, bool Modale)>
+        Impostazioni;                            ///< settings on a tab; modal: until they are closed
+    std::function<void()> ImpostazioniCambiate;  ///< the settings were saved: the desktop is drawn anew
     std::function<void()> Contributo;
     std::function<void()> Termini;
     std::function<void()> TerminiSequenziali;
@@ -33,6 +35,7 @@ struct Apritori
     std::function<void()> Aggiorna;
     std::function<void()> Documenti;
     std::function<void()> Informazioni;  ///< the about box
+    /// A page by its path, which may name an anchor behind a "#".
     std::function<void(const QString& Pagina, const QString& Titolo)> PaginaWeb;
     /// Another page in place of the one on view under this title. Where none is, nothing opens; the window
     /// neither comes to the front nor takes the focus.
@@ -41,8 +44,9 @@ struct Apritori
     std::function<void()> CercaAggiornamenti;  ///< the search for updates at the start
     std::function<void()> OffriRecupero;       ///< the notes that a killed program left unsaved
 
-    std::function<QMdiArea*()> AreaParcelle;     ///< where note windows live; asking for it brings the frame up
-    std::function<void()> UltimaParcellaChiusa;  ///< the last note has closed: the frame goes, the desktop comes back
+    std::function<QMdiArea*()> AreaParcelle;  ///< where note windows live; asking for it brings the frame up
+    std::function<void()>
+        UltimaParcellaChiusa;  ///< the last note has closed: the frame goes, the desktop comes back
     /// A window was opened or activated by code: from then on it is the toolbar's target, even while another
     /// program has the focus.
     std::function<void(int Indice)> ParcellaAttivata;

@@ -7,6 +7,7 @@
 #include "tariffs/modEvaluate.h"
 
 #include <QHash>
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -354,6 +355,25 @@ void RicalcolaOnorari(Parcella& Nota, const Catalogo& Voci)
     RicercaVoci Ricerca(Nota, Voci);
     for (int Riga = 0; Riga < Nota.xOnorari.Righe(); ++Riga)
         RicalcolaRiga(Nota, Ricerca, Riga);
+}
+
+bool ChiedonoQuantita(const Parcella& Nota, const Catalogo& Voci)
+{
+    QSet<QString> Guardate;
+    for (int Riga = 0; Riga < Nota.xOnorari.Righe(); ++Riga) {
+        if (NumeroDi(Nota.xOnorari(Riga, OnoQta)) != 1)
+            return true;
+        const QVariant Codice = Nota.xOnorari(Riga, OnoCodVoce);
+        const QString Criterio = CriterioVoce(Nota.CodCateg, Voci.ChiaveOno, Codice, Nota.IDAutSelezionata());
+        if (!Voci.datOno.Aperto() || NumeroDi(Codice) <= 0 || Guardate.contains(Criterio))
+            continue;
+        Guardate += Criterio;
+        Recordset Voce = Voci.datOno.Clone();
+        Voce.FindFirst(Criterio);
+        if (!Voce.NoMatch() && !Voce.Value(u"QtaOno"_s, QString()).toString().isEmpty())
+            return true;
+    }
+    return false;
 }
 
 QString FileScheda(const QString& CodCateg, const QVariant& Chiave)

@@ -56,6 +56,10 @@ constexpr double MassimaQuantita = 999'999'999;
 /// @throws Errore when the catalogues cannot be read
 void LoadOnoDir(Parcella& Nota, Catalogo& Voci);
 
+/// True when the quantities of the lines are to be seen: one of them is not 1, or one of the items is charged
+/// by a quantity.
+[[nodiscard]] bool ChiedonoQuantita(const Parcella& Nota, const Catalogo& Voci);
+
 /// Entering the honoraria: LoadOnoDir, then the standard items of an authority that has them, into an
 /// empty note. @return rows inserted
 int EntraOnorari(Parcella& Nota, Catalogo& Voci);

@@ -199,13 +199,24 @@ private:
         const qsizetype PrimaLinea = Linea;
         for (qsizetype i = 0; i < Gruppi.size(); ++i) {
             const SezioneScheda& Gruppo = Testi.Gruppi[Gruppi[i]];
-            Html += u"<h3><a name=\"g%1\"></a>%2</h3>\n"_s.arg(i + 1).arg(Gruppo.Titolo.toHtmlEscaped()) +
+            Html += u"<h3><a name=\"g%1\"></a>%2%3</h3>\n"_s.arg(i + 1).arg(Ancore(Gruppi[i]),
+                                                                            Gruppo.Titolo.toHtmlEscaped()) +
                     Piccolo(Uffici(Gruppi[i]));
             Html += TabellaCivile(Dati, Voce, Gruppi[i], Modo);
             Scrivi(Gruppo);
         }
         Qui = Prima;
         Linea = PrimaLinea;
+    }
+
+    /// One anchor for each authority of a group: a note opens the sheet at its own.
+    [[nodiscard]] QString Ancore(const QString& Gruppo) const
+    {
+        QString Tutte;
+        for (const AutoritaTariffa& Ente : Dati.Enti)
+            if (Ente.Categ == Categ && Ente.Gruppo == Gruppo)
+                Tutte += u"<a name=\"a%1\"></a>"_s.arg(Ente.Dati.IDAut);
+        return Tutte;
     }
 
     [[nodiscard]] QString Uffici(const QString& Gruppo) const

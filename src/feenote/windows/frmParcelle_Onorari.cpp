@@ -12,6 +12,7 @@
 #include "platform/kit/collega.h"
 #include "platform/system/percorsi.h"
 #include "ui_SchedaOnorari.h"
+#include "ui_frmParcelle.h"
 
 #include <QHelpEvent>
 #include <QLineEdit>
@@ -96,14 +97,6 @@ private:
     std::function<Recordset()> Catalogo;
 };
 
-bool QuantitaDaMostrare(const TabellaRighe& Righe)
-{
-    for (int Riga = 0; Riga < Righe.Righe(); ++Riga)
-        if (NumeroDi(Righe(Riga, OnoQta)) > 1)
-            return true;
-    return false;
-}
-
 }  // namespace
 
 void frmParcelle::CollegaCatalogoOnorari()
@@ -155,6 +148,8 @@ void frmParcelle::CollegaOnorari()
         RefreshGrid();
     });
     CollegaRighe(Righe, Nota.xOnorari);
+    CollegaZone(ui->tabParcelle->widget(SchedaListaOnorari),
+                {uiOnorari->txtCercaOno, uiOnorari->tdbListaOno, Righe, uiOnorari->pctInsModOno});
 }
 
 void frmParcelle::EntraScheda1()
@@ -166,6 +161,9 @@ void frmParcelle::EntraScheda1()
             Nota.Modificata = true;
     });
     SetModificata(Nota.Modificata);  // a recalculation marks the record too
+    const auto DelCatalogo = std::pair(Nota.CodCateg, Nota.IDAutSelezionata());
+    if (std::exchange(CatalogoCercato, DelCatalogo) != DelCatalogo)
+        uiOnorari->txtCercaOno->clear();  // what was looked for in another catalogue
     uiOnorari->tdbListaOno->Lega(Voci.datOno);
     // The row's number may be the same as before, and the item another.
     SeguiNota(uiOnorari->tdbListaOno->RigaCorrente().value_or(-1));
@@ -197,7 +195,10 @@ QString frmParcelle::PaginaNota(int Riga) const
         return {};
     const QString Cartella = sessione::PercorsoProg + Barra(u"note"_s);
     const QString Pagina = TrovaFile(Cartella + FileScheda(Nota.CodCateg, Voce.Value(Voci.ChiaveOno)));
-    return EsisteFile(Pagina) ? Pagina : Cartella + u"blank.htm"_s;
+    if (!EsisteFile(Pagina))
+        return Cartella + u"blank.htm"_s;
+    // A civil sheet has a table for each group of courts: it opens at the one of the note.
+    return Nota.CodCateg == Civile ? Pagina + u"#a%1"_s.arg(Nota.IDAutSelezionata()) : Pagina;
 }
 
 void frmParcelle::ShowNota(int Riga)
@@ -217,7 +218,7 @@ void frmParcelle::SeguiNota(int Riga)
 void frmParcelle::MostraOnorari()
 {
     Griglia* Righe = uiOnorari->tdbOnor;
-    if (QuantitaDaMostrare(Nota.xOnorari))
+    if (!Righe->ColonnaVisibile(OnoQta) && ChiedonoQuantita(Nota, Voci))
         Righe->MostraColonna(OnoQta, true);
     Righe->Rilega();
     MostraModOno();

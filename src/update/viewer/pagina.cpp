@@ -106,7 +106,14 @@ Pagina::Pagina(QWidget* Padre) : QTextBrowser(Padre)
 bool Pagina::Naviga(const QString& Indirizzo)
 {
     const QUrl Url(Indirizzo);
-    return Segui(Remoto(Url) ? Url : QUrl::fromLocalFile(QFileInfo(TrovaFile(Indirizzo)).absoluteFilePath()));
+    if (Remoto(Url))
+        return Segui(Url);
+    const qsizetype Segno = EsisteFile(TrovaFile(Indirizzo)) ? -1 : Indirizzo.lastIndexOf(u'#');
+    const QString File = Segno < 0 ? Indirizzo : Indirizzo.left(Segno);
+    QUrl Locale = QUrl::fromLocalFile(QFileInfo(TrovaFile(File)).absoluteFilePath());
+    if (Segno >= 0)
+        Locale.setFragment(Indirizzo.mid(Segno + 1));
+    return Segui(Locale);
 }
 
 bool Pagina::Segui(const QUrl& Collegamento)

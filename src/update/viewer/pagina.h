@@ -11,7 +11,8 @@ class Pagina : public QTextBrowser
 public:
     explicit Pagina(QWidget* Padre = nullptr);
 
-    /// Shows a page by its path, or hands an address (http, https, mailto) to the user's browser.
+    /// Shows a page by its path, at the anchor behind a "#" where there is one, or hands an address (http,
+    /// https, mailto) to the user's browser.
     ///
     /// @throws Errore 53 no such page, 70 a page outside the program folder or a file that is none, 7 one too
     ///         large or too entangled to be shown, 52 an address of another kind; the page on view stays

@@ -10,8 +10,10 @@
 #include "update/viewer/frmWeb.h"
 #include "update/viewer/pagina.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QContextMenuEvent>
 #include <QScrollBar>
+#include <QTextBlock>
 
 using namespace Qt::StringLiterals;
 
@@ -59,6 +61,8 @@ private Q_SLOTS:
     void daTastiera();
     void menuDaTastiera();
     void senzaRigaCorrente();
+    void siApreAllUfficioDellaNota_data();
+    void siApreAllUfficioDellaNota();
     void ogniVoceDelCatalogo_data();
     void ogniVoceDelCatalogo();
     void mancaLaScheda();
@@ -228,6 +232,30 @@ void TestSchedeInformative::senzaRigaCorrente()
     QVERIFY(!Visore());
 }
 
+void TestSchedeInformative::siApreAllUfficioDellaNota_data()
+{
+    QTest::addColumn<int>("Ufficio");
+    QTest::newRow("giudice di pace") << IDGiudiceDiPace;
+    QTest::newRow("tribunale") << IDTribunale;
+    QTest::newRow("corte d'appello") << IDCorteAppello;
+}
+
+void TestSchedeInformative::siApreAllUfficioDellaNota()
+{
+    QFETCH(int, Ufficio);
+    Entra(CategCivile, Ufficio);
+    Informa();
+    const Pagina* Scheda = InVista();
+    const QTextDocument* Testo = Scheda->document();
+    QRectF Trovato;
+    for (QTextBlock Blocco = Testo->begin(); Blocco.isValid() && Trovato.isNull(); Blocco = Blocco.next())
+        if (Blocco.text().split(u"; "_s).contains(TestoAutorita(F->Nota)))
+            Trovato = Testo->documentLayout()->blockBoundingRect(Blocco);
+    QVERIFY2(!Trovato.isNull(), "la scheda ha la tabella dell'ufficio");
+    const double Y = Trovato.top() - Scheda->verticalScrollBar()->value();
+    QVERIFY2(Y >= 0 && Y < Scheda->viewport()->height() / 2.0, qPrintable(QString::number(Y)));
+}
+
 void TestSchedeInformative::ogniVoceDelCatalogo_data()
 {
     QTest::addColumn<int>("Categ");
@@ -273,11 +301,11 @@ void TestSchedeInformative::ilVisoreSegueLeFrecce()
     Informa();
     QCOMPARE(FileInVista(), u"C001.htm"_s);
     TornaAllaNota();
-    InVista()->verticalScrollBar()->setValue(50);
+    InVista()->verticalScrollBar()->setValue(0);
     Premi(Qt::Key_Down);
     QCOMPARE(FileInVista(), u"C002.htm"_s);
     QCOMPARE(PrimaRiga(), u"Fase introduttiva del procedimento"_s);
-    QCOMPARE(InVista()->verticalScrollBar()->value(), 0);
+    QCOMPARE(InVista()->source().fragment(), u"a%1"_s.arg(IDTribunale));
     Premi(Qt::Key_Down);
     QCOMPARE(FileInVista(), u"C003.htm"_s);
     Premi(Qt::Key_Home, Qt::ControlModifier);

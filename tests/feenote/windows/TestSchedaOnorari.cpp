@@ -53,6 +53,9 @@ private Q_SLOTS:
     void leOreAbbandonate_data();
     void leOreAbbandonate();
     void laColonnaDelleQuantitaSiRichiude();
+    void laColonnaDelleQuantitaSiRivede_data();
+    void laColonnaDelleQuantitaSiRivede();
+    void laRicercaEDelSuoCatalogo();
     void importoDigitatoTieneLaForbice();
     void rigaScrittaAMano();
     void dataSbagliata_data();
@@ -302,6 +305,51 @@ void TestSchedaOnorari::laColonnaDelleQuantitaSiRichiude()
     QCOMPARE(Lista->Righe(), 0);
 }
 
+void TestSchedaOnorari::laColonnaDelleQuantitaSiRivede_data()
+{
+    QTest::addColumn<double>("Quantita");
+    QTest::addColumn<int>("NVoce");
+    QTest::addColumn<bool>("Vista");
+    QTest::newRow("una fase") << 1.0 << 1 << false;
+    QTest::newRow("un'ora sola") << 1.0 << 95 << true;
+    QTest::newRow("due fasi") << 2.0 << 1 << true;
+    QTest::newRow("quantità svuotata") << 0.0 << 1 << true;
+}
+
+void TestSchedaOnorari::laColonnaDelleQuantitaSiRivede()
+{
+    QFETCH(double, Quantita);
+    QFETCH(int, NVoce);
+    Scegli(Controllo<QComboBox>(F, "cmbCateg"), CategPenale);
+    Scegli(Controllo<QComboBox>(F, "cmbAutor"), IndiceAutorita(F->Nota, IDMonocratico));
+    Catalogo Voci = ApriCatalogo(Penale.toString(), IDMonocratico);
+    Voci.datOno.FindFirst(u"NVoce='%1'"_s.arg(NVoce));
+    QVERIFY(!Voci.datOno.NoMatch());
+    (void)InserisciOnorario(F->Nota, Voci, {}, Quantita);
+    const QString File = T->Ufficio.File(u"ore.mdb"_s);
+    ScriviNota(File, F->Nota);
+    frmParcelle* Riaperta = Tavolo::Apri(File, 2);
+    QVERIFY(Riaperta);
+    ClicScheda(Riaperta, SchedaListaOnorari);
+    QTEST(Controllo<Griglia>(Riaperta, "tdbOnor")->ColonnaVisibile(OnoQta), "Vista");
+}
+
+void TestSchedaOnorari::laRicercaEDelSuoCatalogo()
+{
+    Entra();
+    auto* Cerca = Controllo<QLineEdit>(F, "txtCercaOno");
+    Scrivi(Cerca, u"fase"_s);
+    ClicScheda(F, SchedaListaSpese);
+    ClicScheda(F, SchedaListaOnorari);
+    QVERIFY2(Cerca->text() == u"fase", "il catalogo è lo stesso");
+    ClicScheda(F, SchedaBase);
+    F->Nota.xOnorari.Azzera(OnoColonne);
+    Scegli(Controllo<QComboBox>(F, "cmbCateg"), CategPenale);
+    Scegli(Controllo<QComboBox>(F, "cmbAutor"), IndiceAutorita(F->Nota, IDMonocratico));
+    ClicScheda(F, SchedaListaOnorari);
+    QCOMPARE(Cerca->text(), QString());
+}
+
 void TestSchedaOnorari::importoDigitatoTieneLaForbice()
 {
     Entra();
@@ -509,14 +557,16 @@ void TestSchedaOnorari::schedaInformativa()
     Lista->ImpostaRigaCorrente(1);
     QCOMPARE(FileScheda(F->Nota.CodCateg, F->Nota.xOnorari(1, OnoCodVoce)), u"C002.htm"_s);
     Clic(Controllo(PaginaIn(F), "barListaOnoDir_info"));
-    QCOMPARE(Pagina, Scheda.fileName());
+    // At the table of the note's court.
+    const QString AlTribunale = Scheda.fileName() + u"#a2"_s;
+    QCOMPARE(Pagina, AlTribunale);
     QCOMPARE(Titolo, u"KR5 - Scheda informativa prestazione"_s);
 
     Pagina.clear();
     QContextMenuEvent Destro(QContextMenuEvent::Mouse, CentroCella(Lista, 1, 0),
                              Lista->Vista()->viewport()->mapToGlobal(CentroCella(Lista, 1, 0)));
     QApplication::sendEvent(Lista->Vista()->viewport(), &Destro);
-    QCOMPARE(Pagina, Scheda.fileName());
+    QCOMPARE(Pagina, AlTribunale);
 }
 
 void TestSchedaOnorari::schedaInformativaMancante()

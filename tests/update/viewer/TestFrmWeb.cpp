@@ -370,10 +370,20 @@ void TestFrmWeb::ancora()
     Respiro();
     QVERIFY(Web1()->verticalScrollBar()->value() > 0);
     QVERIFY(Web1()->verticalScrollBar()->value() < Web1()->verticalScrollBar()->maximum());
-    // A page asked for anew begins at its top.
+    // A page asked for anew begins at its top, or at the anchor that it is asked for with.
     W->close();
     Mostra(u"lunga.htm"_s);
     QCOMPARE(Web1()->verticalScrollBar()->value(), 0);
+    Mostra(u"lunga.htm#fondo"_s);
+    Respiro();
+    QVERIFY(Web1()->verticalScrollBar()->value() > 0);
+    QVERIFY(Web1()->verticalScrollBar()->value() < Web1()->verticalScrollBar()->maximum());
+    // An anchor that the page lacks, and a name that has the sign itself.
+    Mostra(u"due.htm#altrove"_s);
+    QCOMPARE(NomeFile(Web1()->source().toLocalFile()), u"due.htm"_s);
+    Scrivi(u"n#3.htm"_s, "<h1>Terza</h1>");
+    Mostra(u"n#3.htm"_s);
+    QCOMPARE(Web1()->toPlainText(), u"Terza"_s);
 }
 
 void TestFrmWeb::indietroEAvanti()
