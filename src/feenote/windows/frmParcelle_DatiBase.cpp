@@ -10,6 +10,7 @@
 #include "ui_SchedaDatiBase.h"
 
 #include <QButtonGroup>
+#include <QFocusEvent>
 #include <QHelpEvent>
 #include <QRegularExpressionValidator>
 #include <QToolTip>
@@ -31,7 +32,7 @@ constexpr std::array CaselleTesto{
     CasellaTesto{&Ui::SchedaDatiBase::txtOggetto, ParteNota::Oggetto},
 };
 
-/// A text that its box cuts is read whole in the tooltip.
+/// A text that its box cuts shows its beginning once it is left, and is read whole in the tooltip.
 class TestoIntero : public QObject
 {
 public:
@@ -39,6 +40,9 @@ public:
 
     bool eventFilter(QObject* Oggetto, QEvent* Evento) override
     {
+        // Of a name that was typed to its end one reads the beginning afterwards.
+        if (Evento->type() == QEvent::FocusOut && LasciaDavvero(*static_cast<QFocusEvent*>(Evento)))
+            Box->setCursorPosition(0);
         if (Evento->type() != QEvent::ToolTip)
             return QObject::eventFilter(Oggetto, Evento);
         constexpr int Margini = 8;

@@ -39,11 +39,11 @@ inline void AltezzaRighe(QPlainTextEdit* Box, int Righe)
     Box->setFixedHeight(int(Testo) + 2 * Box->frameWidth());
 }
 
-/// As wide as the largest amount that a note is likely to hold.
+/// As wide as the largest amount that a cell takes.
 inline void LarghezzaImporto(QLineEdit* Box)
 {
     constexpr int Cornice = 16;
-    Box->setFixedWidth(Box->fontMetrics().horizontalAdvance(QStringLiteral("999.999.999,99")) + Cornice);
+    Box->setFixedWidth(Box->fontMetrics().horizontalAdvance(QStringLiteral("999.999.999.999,99")) + Cornice);
 }
 
 /// Wide enough for a date.

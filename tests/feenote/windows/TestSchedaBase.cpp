@@ -4,6 +4,7 @@
 
 #include <QGroupBox>
 #include <QHelpEvent>
+#include <QStyleOptionFrame>
 #include <QToolTip>
 
 using namespace Qt::StringLiterals;
@@ -68,6 +69,9 @@ private Q_SLOTS:
     void testoLunghissimo_data();
     void testoLunghissimo();
     void ilTestoTagliatoSiLeggeIntero();
+    void ilNomeLungoSiLeggeDalPrincipio();
+    void ilValorePiuGrandeSiVedeIntero();
+    void lOpzioneGiaSceltaNonCambiaNulla();
 
 private:
     std::unique_ptr<Tavolo> T;
@@ -588,6 +592,47 @@ void TestSchedaBase::ilTestoTagliatoSiLeggeIntero()
         QCOMPARE(QToolTip::text(), Testo == Lungo ? u"<p>"_s + Lungo.toHtmlEscaped() + u"</p>"_s : QString());
     }
     QToolTip::hideText();
+}
+
+void TestSchedaBase::ilNomeLungoSiLeggeDalPrincipio()
+{
+    for (const char* Nome : {"txtCliente", "txtControp", "txtOggetto"}) {
+        auto* Box = Controllo<QLineEdit>(F, Nome);
+        Scrivi(Box, u"Costruzioni Generali e Impianti Tecnologici S.r.l. in liquidazione "_s.repeated(3));
+        QVERIFY(Box->cursorPosition() > 0);
+        Premi(Qt::Key_Tab);
+        QCOMPARE(Box->cursorPosition(), 0);
+    }
+}
+
+void TestSchedaBase::ilValorePiuGrandeSiVedeIntero()
+{
+    auto* Box = Controllo<QLineEdit>(F, "txtImporto");
+    Scrivi(Box, u"999999999999,99"_s);
+    Premi(Qt::Key_Tab);
+    QCOMPARE(Box->text(), u"999.999.999.999,99"_s);
+    QStyleOptionFrame Cornice;
+    Cornice.initFrom(Box);
+    Cornice.lineWidth = Box->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &Cornice, Box);
+    const QRect Dentro = Box->style()->subElementRect(QStyle::SE_LineEditContents, &Cornice, Box);
+    constexpr int MarginiDelTesto = 4;
+    QVERIFY(Box->fontMetrics().horizontalAdvance(Box->text()) <= Dentro.width() - MarginiDelTesto);
+}
+
+void TestSchedaBase::lOpzioneGiaSceltaNonCambiaNulla()
+{
+    CompilaCivile(F);
+    Clic(Controllo<QRadioButton>(F, "optAumRid_0"));
+    Scrivi(Controllo<QLineEdit>(F, "txtAumRid"), u"20"_s);
+    Premi(Qt::Key_Tab);
+    RigaOnorario(F->Nota, u"Studio"_s, 100);
+    F->Nota.RicalcoloNecessario = false;
+    F->SetModificata(false);
+    Clic(Controllo<QRadioButton>(F, "optAumRid_0"));
+    QCOMPARE(Controllo<QLineEdit>(F, "txtAumRid")->text(), u"20"_s);
+    QCOMPARE(F->Nota.AumRidVarP, 20);
+    QVERIFY(!F->Nota.RicalcoloNecessario);
+    QVERIFY(!F->Nota.Modificata);
 }
 
 #include "TestSchedaBase.moc"
