@@ -125,7 +125,8 @@ public:
     // In a row that is not made yet, `Riga` is the row count. An error inside them ends in the last net and
     // counts as a refusal.
 
-    /// Checks a typed text before it is written. False refuses and keeps the edit open.
+    /// Checks a typed text before it is written. False refuses and keeps the edit open. A number from whose
+    /// typing the filter has kept characters out is shown to the user once before.
     std::function<bool(int Riga, int Colonna, const QString& Testo)> Convalida;
     /// What is written for a typed text; without it the text as a number where it is one and the column's
     /// filter is numeric, else the text.

@@ -3,7 +3,9 @@
 #include "platform/base/regionale.h"
 #include "platform/grid/griglia_modello.h"
 #include "platform/grid/griglia_vista.h"
+#include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/system/messaggi.h"
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -175,6 +177,15 @@ void CellaAperta::Rifiuta()
 
 bool CellaAperta::Accettato(const QString& Testo)
 {
+    // What is left of a date typed among the amounts is a number too, and not the user's.
+    const QString Rifiutati =
+        Numerico(Vista->Modello()->Colonne()[Posto.column()]) ? TastiRifiutati(Campo) : QString();
+    if (!Rifiutati.isEmpty() && !Testo.isEmpty()) {
+        MsgBox(u"In questa casella non si può scrivere «%1»: controllare il valore «%2»!"_s.arg(Rifiutati,
+                                                                                                Testo),
+               vbCritical, u"Errore:"_s);
+        return false;
+    }
     const auto Convalida = Padrona->Convalida;
     return !Convalida || Convalida(Posto.row(), Posto.column(), Testo);
 }

@@ -131,6 +131,15 @@ std::function<int(int, const QString&)>& Filtro()
     return Installato;
 }
 
+constexpr const char* ProprietaRifiutati = "tastiRifiutati";
+
+void SegnaRifiutato(QLineEdit* Campo, QChar Carattere)
+{
+    const QString Prima = Campo->property(ProprietaRifiutati).toString();
+    if (!Carattere.isSpace() && Carattere != u'€' && !Prima.contains(Carattere))
+        Campo->setProperty(ProprietaRifiutati, Prima + Carattere);
+}
+
 /// Stands between the keyboard and one box.
 class FiltroDigitazione : public QObject
 {
@@ -166,6 +175,8 @@ private:
         const int Dopo = Lascia(Decimale(Tasto, Prima));
         if (Dopo == Prima)
             return false;
+        if (Dopo == 0)
+            SegnaRifiutato(Box, QChar(char16_t(std::min(Prima, 0xFFFF))));
         if (Dopo != 0) {
             const auto Carattere = char32_t(Dopo);
             Box->insert(QString::fromUcs4(&Carattere, 1));
@@ -302,6 +313,13 @@ bool ConcludiCampo()
 void FiltraTasti(QLineEdit* Campo, const QString& Tipo, bool PuntoInVirgola)
 {
     new FiltroDigitazione(Campo, Tipo, PuntoInVirgola, Tipo.contains(u','));
+}
+
+QString TastiRifiutati(QLineEdit* Campo)
+{
+    const QString Rifiutati = Campo->property(ProprietaRifiutati).toString();
+    Campo->setProperty(ProprietaRifiutati, {});
+    return Rifiutati;
 }
 
 void VirgolaDalTastierino(QLineEdit* Campo, bool PuntoInVirgola)

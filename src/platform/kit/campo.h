@@ -42,6 +42,10 @@ public:
 /// shortcuts pass.
 void FiltraTasti(QLineEdit* Campo, const QString& Tipo, bool PuntoInVirgola = false);
 
+/// The characters that the filter has kept out of a box since this was asked last, each of them once; blanks
+/// and the sign of the currency, which change no number, are left out.
+[[nodiscard]] QString TastiRifiutati(QLineEdit* Campo);
+
 /// An amount box that lets every key in: the keypad's decimal key types a comma, "." too in percent boxes.
 /// Enter moves on as above.
 void VirgolaDalTastierino(QLineEdit* Campo, bool PuntoInVirgola = false);

@@ -38,6 +38,8 @@ private Q_SLOTS:
     void neiTestiCtrlZAnnullaIlTesto();
     void laCellaRifiutataFermaIlTaglio();
     void incollaAllaRigaSelezionata();
+    void linserimentoNonSpostaLaSelezione_data();
+    void linserimentoNonSpostaLaSelezione();
     void incollaDueVolte();
     void annullaNelPostoDiPrima_data();
     void annullaNelPostoDiPrima();
@@ -335,6 +337,42 @@ void TestRigheScelte::incollaAllaRigaSelezionata()
     Clic(Tasto("incolla"));
     QCOMPARE(Nomi(), u"abecde"_s);
     QCOMPARE(Righe->RigaCorrente(), std::optional(2));
+}
+
+void TestRigheScelte::linserimentoNonSpostaLaSelezione_data()
+{
+    QTest::addColumn<bool>("FraLeSpese");
+    QTest::newRow("onorari") << false;
+    QTest::newRow("spese") << true;
+}
+
+/// Lines come in before those that are selected: the same lines stay selected, and go.
+void TestRigheScelte::linserimentoNonSpostaLaSelezione()
+{
+    QFETCH(bool, FraLeSpese);
+    if (FraLeSpese) {
+        for (const QChar Nome : u"abcde"_s)
+            F->Nota.xDiritti(RigaSpesa(F->Nota, 1.0, {}), DirDescr) = QString(Nome);
+        F->Nota.InsUltimaDir = false;
+        ClicScheda(F, SchedaListaSpese);
+    } else {
+        F->Nota.InsUltimaOno = false;
+    }
+    const TabellaRighe& Tabella = FraLeSpese ? F->Nota.xDiritti : F->Nota.xOnorari;
+    const Griglia* Elenco = FraLeSpese ? Spese : Righe;
+    const auto* Catalogo = Controllo<Griglia>(F, FraLeSpese ? "tdbListaDir" : "tdbListaOno");
+    ClicSelettore(Elenco, 0);
+    ClicSelettore(Elenco, 2, Qt::ControlModifier);
+    ClicSelettore(Elenco, 1, Qt::ControlModifier);
+    ClicSelettore(Elenco, 1, Qt::ControlModifier);  // current, and not selected
+    DoppioClic(Catalogo, Catalogo->Righe() - 1);
+    QCOMPARE(Tabella.Righe(), 6);
+    QCOMPARE(Elenco->Selezione(), (QList{0, 3}));
+    T->Voce.Attendi(TagliarnePiu, vbYes);
+    Clic(Tasto("taglia"));
+    QStringList Rimaste = Testi(Tabella, {1});
+    Rimaste.removeFirst();  // the one inserted
+    QCOMPARE(Rimaste.join(QString()), u"bde"_s);
 }
 
 void TestRigheScelte::incollaDueVolte()

@@ -21,6 +21,8 @@ private Q_SLOTS:
     void rigaSenzaImporti();
     void celleSbagliate_data();
     void celleSbagliate();
+    void battutoAltroCheUnNumero_data();
+    void battutoAltroCheUnNumero();
     void cercaNelCatalogo();
     void modoRigaSelezionata();
 
@@ -201,6 +203,44 @@ void TestSchedaSpese::celleSbagliate()
     Respiro();
     QVERIFY(Righe->InModifica());
     QCOMPARE(Testi(F->Nota.xDiritti, {DirData, DirDescr, DirQta, DirImponibile, DirEsente}), Prima);
+}
+
+void TestSchedaSpese::battutoAltroCheUnNumero_data()
+{
+    QTest::addColumn<int>("Colonna");
+    QTest::addColumn<QString>("Battuto");
+    QTest::addColumn<QString>("Messaggio");
+    QTest::addColumn<QString>("Valore");
+    QTest::newRow("data fra gli importi")
+        << int(DirImponibile) << u"1/3/26"_s
+        << u"In questa casella non si può scrivere «/»: controllare il valore «1326»!"_s << u"1326"_s;
+    QTest::newRow("lettere nella quantità")
+        << int(DirQta) << u"2bis"_s
+        << u"In questa casella non si può scrivere «bis»: controllare il valore «2»!"_s << u"2"_s;
+    QTest::newRow("valuta e spazi") << int(DirEsente) << u"€ 1 200,50"_s << QString() << u"1200,5"_s;
+}
+
+void TestSchedaSpese::battutoAltroCheUnNumero()
+{
+    QFETCH(int, Colonna);
+    QFETCH(QString, Battuto);
+    QFETCH(QString, Messaggio);
+    DoppioClic(Lista, 0);
+    Righe->setFocus();
+    Righe->ImpostaRigaCorrente(0, Colonna);
+    Premi(Qt::Key_F2);
+    LaCella(Righe)->clear();
+    const QString Prima = CStr(F->Nota.xDiritti(0, Colonna));
+    Digita(Battuto);
+    if (!Messaggio.isEmpty()) {
+        T->Voce.Attendi(Messaggio, vbOK, u"Errore:"_s);
+        Premi(Qt::Key_Return);
+        Respiro();
+        QVERIFY2(Righe->InModifica(), "il valore resta da guardare");
+        QCOMPARE(CStr(F->Nota.xDiritti(0, Colonna)), Prima);
+    }
+    Premi(Qt::Key_Return);
+    QTEST(CStr(F->Nota.xDiritti(0, Colonna)), "Valore");
 }
 
 void TestSchedaSpese::cercaNelCatalogo()
