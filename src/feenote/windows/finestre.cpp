@@ -188,7 +188,7 @@ frmParcelle* MostraFinestra(int Indice, int Socio, const QString& Titolo)
     MettiInCascata(Finestra, Indice);
     // A partner that is the window itself, or whose note has closed meanwhile, is none.
     frmParcelle* Altra = Socio == Indice ? nullptr : InUso(Socio);
-    Finestra->Collega(Altra ? Socio : 0);
+    Finestra->Associa(Altra ? Socio : 0);
     if (Altra)
         Altra->Nota.IDMultipla = Indice;
 
@@ -281,8 +281,8 @@ bool ChiudiParcella(int Indice)
     if (!Finestra->ChiediChiusura() || (Altra && Principale && !Altra->ChiediChiusura()))
         return false;
     if (Altra) {
-        Altra->Collega(0);
-        Finestra->Collega(0);
+        Altra->Associa(0);
+        Finestra->Associa(0);
     }
     Libera(Finestra);
     if (Altra && Principale)

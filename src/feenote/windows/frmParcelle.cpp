@@ -314,7 +314,7 @@ void frmParcelle::MostraSegni()
     ui->pctSave->setVisible(Nota.Modificata);
 }
 
-void frmParcelle::Collega(int Socio)
+void frmParcelle::Associa(int Socio)
 {
     Nota.IDMultipla = Socio;
     ui->tabParcelle->setTabEnabled(SchedaDiStampa, Nota.IDMultipla == 0);

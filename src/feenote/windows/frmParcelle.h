@@ -83,7 +83,7 @@ public:
     /// The note's name, in the record and in its place; the caption is the window's own.
     void ImpostaNome(const QString& Nome);
     /// The other window of a linked pair, 0 none.
-    void Collega(int Socio);
+    void Associa(int Socio);
     [[nodiscard]] int Socio() const { return Nota.IDMultipla; }
     /// True for the main window of a pair, and for one without a partner.
     [[nodiscard]] bool HaStampa() const;

@@ -95,7 +95,7 @@ void frmParcelle::CollegaDatiBase()
         QLineEdit* Box = (*uiBase).*Voce.Box;
         ::Collega(Box, &QLineEdit::textEdited, this, [this, Voce](const QString& Testo) {
             CambiaParte(Nota, Voce.Quale, Testo);
-            SetModificata(true);
+            SetModificata(Nota.Modificata);
             MostraCliCon();
         });
         FiltraTasti(Box, {});

@@ -56,25 +56,25 @@ void frmParcelle::CollegaModOno()
     auto* Variaz = uiOnorari->barListaOnoDir->findChild<QAction*>(u"variaz"_s);
     Variaz->setCheckable(true);
     // Behind the command: a cell that refuses to be left releases the button too.
-    ::Collega(Variaz, &QAction::triggered, this, [this] { MostraModOno(); });
+    Collega(Variaz, &QAction::triggered, this, [this] { MostraModOno(); });
 
     for (const bool Tutti : {false, true})
-        ::Collega(Tutti ? uiOnorari->optModAll_1 : uiOnorari->optModAll_0, &QRadioButton::clicked, this,
-                  [this, Tutti] {
-                      ScegliModAll(ModOno, Nota.xOnorari, Tutti);
-                      MostraModOno();
-                  });
-    ::Collega(uiOnorari->tdbFasceOno, &QListWidget::itemClicked, this, [this] { tdbFasceOno_Click(); });
-    ::Collega(uiOnorari->tdbFasceOno, &QListWidget::itemSelectionChanged, this,
-              [this] { tdbFasceOno_Click(); });
-    ::Collega(uiOnorari->sldGraduaOno, &QSlider::actionTriggered, this, &frmParcelle::sldGraduaOno_Action);
-    ::Collega(uiOnorari->sldGraduaOno, &QSlider::valueChanged, this, [this](int Posizione) {
+        Collega(Tutti ? uiOnorari->optModAll_1 : uiOnorari->optModAll_0, &QRadioButton::clicked, this,
+                [this, Tutti] {
+                    ScegliModAll(ModOno, Nota.xOnorari, Tutti);
+                    MostraModOno();
+                });
+    Collega(uiOnorari->tdbFasceOno, &QListWidget::itemClicked, this, [this] { tdbFasceOno_Click(); });
+    Collega(uiOnorari->tdbFasceOno, &QListWidget::itemSelectionChanged, this,
+            [this] { tdbFasceOno_Click(); });
+    Collega(uiOnorari->sldGraduaOno, &QSlider::actionTriggered, this, &frmParcelle::sldGraduaOno_Action);
+    Collega(uiOnorari->sldGraduaOno, &QSlider::valueChanged, this, [this](int Posizione) {
         SpostaGradua(ModOno, Posizione);
         MostraModOno();
     });
-    ::Collega(uiOnorari->cmdModOno, &QPushButton::clicked, this, [this] { cmdModOno_Click(); });
-    ::Collega(uiOnorari->cmdAnnModOno, &QPushButton::clicked, this, [this] { cmdAnnModOno_Click(); });
-    ::Collega(uiOnorari->tdbOnor, &Griglia::RigaCambiata, this, [this] {
+    Collega(uiOnorari->cmdModOno, &QPushButton::clicked, this, [this] { cmdModOno_Click(); });
+    Collega(uiOnorari->cmdAnnModOno, &QPushButton::clicked, this, [this] { cmdAnnModOno_Click(); });
+    Collega(uiOnorari->tdbOnor, &Griglia::RigaCambiata, this, [this] {
         if (ModOno.Aperto)
             uiOnorari->tdbListaOno->TogliEvidenza();
         SeguiRigaModOno(ModOno, Nota.xOnorari, uiOnorari->tdbOnor->RigaCorrente());
@@ -90,7 +90,7 @@ void frmParcelle::CollegaTastiModOno()
     const auto Scorciatoia = [this](QWidget* Dove, Qt::Key Tasto, auto Fai) {
         auto* Una = new QShortcut(QKeySequence(Tasto), Dove);
         Una->setContext(Qt::WidgetWithChildrenShortcut);
-        ::Collega(Una, &QShortcut::activated, this, Fai);
+        Collega(Una, &QShortcut::activated, this, Fai);
     };
     QWidget* Pannello = uiOnorari->pctInsModOno;
     const auto Invia = [this] {

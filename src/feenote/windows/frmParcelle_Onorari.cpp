@@ -105,9 +105,9 @@ void frmParcelle::CollegaCatalogoOnorari()
     Lista->ImpostaColonne(ColonneCatalogo());
     Lista->FraseVuota(
         u"Scegliere categoria, autorità e valore nei dati base: qui compaiono le voci della tariffa."_s);
-    ::Collega(Lista, &Griglia::DoppioClic, this, [this](int Riga) { tdbListaOno_DblClick(Riga); });
-    ::Collega(Lista, &Griglia::MenuContestuale, this, [this](int Riga) { ShowNota(Riga); });
-    ::Collega(Lista, &Griglia::RigaCambiata, this, [this](int Riga) { SeguiNota(Riga); });
+    Collega(Lista, &Griglia::DoppioClic, this, [this](int Riga) { tdbListaOno_DblClick(Riga); });
+    Collega(Lista, &Griglia::MenuContestuale, this, [this](int Riga) { ShowNota(Riga); });
+    Collega(Lista, &Griglia::RigaCambiata, this, [this](int Riga) { SeguiNota(Riga); });
     CollegaRicerca(
         uiOnorari->txtCercaOno, Lista, [this] { return Voci.datOno; }, u"DescrOno"_s);
     new SuggerimentoVoce(Lista, [this] { return Voci.datOno; });
@@ -136,7 +136,7 @@ void frmParcelle::CollegaOnorari()
         return ValoreCella(ColonneOnorari()[Colonna], Testo);
     };
     Righe->NuovaRiga = [this](int Riga) { Nota.xOnorari(Riga, OnoQta) = 1.0; };
-    ::Collega(Righe, &Griglia::CellaScritta, this, [this](int Riga, int Colonna) {
+    Collega(Righe, &Griglia::CellaScritta, this, [this](int Riga, int Colonna) {
         TabellaRighe& Tabella = Nota.xOnorari;
         if (Colonna == OnoImporto && SenzaTariffa(Tabella, Riga))
             for (const int Altra : {OnoMedio, OnoMin, OnoMax})
@@ -156,11 +156,8 @@ void frmParcelle::EntraScheda1()
 {
     SvuotaAppunti(Copiate);
     ChiudiModOno(ModOno);
-    Protetta([&] {
-        if (EntraOnorari(Nota, Voci) > 0)
-            Nota.Modificata = true;
-    });
-    SetModificata(Nota.Modificata);  // a recalculation marks the record too
+    Protetta([&] { (void)EntraOnorari(Nota, Voci); });
+    SetModificata(Nota.Modificata);  // as the lines that came or were recalculated have left it
     const auto DelCatalogo = std::pair(Nota.CodCateg, Nota.IDAutSelezionata());
     if (std::exchange(CatalogoCercato, DelCatalogo) != DelCatalogo)
         uiOnorari->txtCercaOno->clear();  // what was looked for in another catalogue

@@ -32,7 +32,7 @@ void frmParcelle::CollegaRicalcolo()
     ui->barRicalcolo->setPalette(Colori);
     ui->barRicalcolo->setAutoFillBackground(true);
     ui->lblRicalcolo->setText(DaRicalcolare);
-    ::Collega(ui->cmdRicalcola, &QPushButton::clicked, this, [this] { cmdRicalcola_Click(); });
+    Collega(ui->cmdRicalcola, &QPushButton::clicked, this, [this] { cmdRicalcola_Click(); });
 }
 
 void frmParcelle::MostraRicalcolo()

@@ -20,24 +20,24 @@ void frmParcelle::CollegaRighe(Griglia* Grid, TabellaRighe& Tabella)
 {
     Grid->ConsentiTrascina(true);
     Grid->ConsentiComandi(true);
-    ::Collega(Grid, &Griglia::Comando, this, [this, Grid, &Tabella](ComandoRighe Quale) {
+    Collega(Grid, &Griglia::Comando, this, [this, Grid, &Tabella](ComandoRighe Quale) {
         EseguiSuRighe(Grid, Tabella, Quale, Grid->Selezione());
     });
-    ::Collega(Grid, &Griglia::Cancella, this,
-              [this, Grid, &Tabella] { TagliaVoci(Grid, Tabella, Grid->Selezione()); });
+    Collega(Grid, &Griglia::Cancella, this,
+            [this, Grid, &Tabella] { TagliaVoci(Grid, Tabella, Grid->Selezione()); });
     // A click elsewhere lets go what was selected: Del never cuts lines that the user has left.
-    ::Collega(Grid, &Griglia::ClicCella, this, [this, Grid](int Riga) {
+    Collega(Grid, &Griglia::ClicCella, this, [this, Grid](int Riga) {
         if (!Grid->Selezione().contains(Riga))
             Grid->AzzeraSelezione();
         GrigliaCliccata = Grid;
     });
-    ::Collega(Grid, &Griglia::RigaCambiata, this, [this, Grid] {
+    Collega(Grid, &Griglia::RigaCambiata, this, [this, Grid] {
         if (GrigliaCliccata == Grid)
             GrigliaCliccata = nullptr;
     });
-    ::Collega(Grid, &Griglia::Trascinata, this,
-              [this, Grid, &Tabella](int Destinazione) { SpostaVoci(Grid, Tabella, Destinazione); });
-    ::Collega(Grid, &Griglia::TrascinataFuori, this, [] {
+    Collega(Grid, &Griglia::Trascinata, this,
+            [this, Grid, &Tabella](int Destinazione) { SpostaVoci(Grid, Tabella, Destinazione); });
+    Collega(Grid, &Griglia::TrascinataFuori, this, [] {
         MsgErrore(u"Riga non valida: selezionare con il puntatore l'interno della riga di destinazione!"_s);
     });
 }
@@ -50,7 +50,7 @@ void frmParcelle::CollegaZone(QWidget* Pagina, const QList<QWidget*>& Zone)
         auto* Scorciatoia =
             new QShortcut(QKeySequence((Avanti ? Qt::NoModifier : Qt::ShiftModifier) | Qt::Key_F6), Pagina);
         Scorciatoia->setContext(Qt::WidgetWithChildrenShortcut);
-        ::Collega(Scorciatoia, &QShortcut::activated, this, [Zone, Avanti] {
+        Collega(Scorciatoia, &QShortcut::activated, this, [Zone, Avanti] {
             if (!ConcludiCampo())
                 return;
             const QWidget* Fuoco = QApplication::focusWidget();

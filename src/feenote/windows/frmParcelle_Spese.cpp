@@ -39,7 +39,7 @@ void frmParcelle::CollegaSpese()
     Griglia* Lista = uiSpese->tdbListaDir;
     Lista->ImpostaColonne(ColonneCatalogo());
     Lista->FraseVuota(u"Il catalogo delle spese non si può leggere: scriverle nella riga vuota qui sotto."_s);
-    ::Collega(Lista, &Griglia::DoppioClic, this, [this](int Riga) { tdbListaDir_DblClick(Riga); });
+    Collega(Lista, &Griglia::DoppioClic, this, [this](int Riga) { tdbListaDir_DblClick(Riga); });
     CollegaRicerca(
         uiSpese->txtCercaDir, Lista, [this] { return Voci.datDir; }, u"DescrDir"_s);
 
@@ -54,7 +54,7 @@ void frmParcelle::CollegaSpese()
     Righe->Valore = [](int, int Colonna, const QString& Testo) {
         return ValoreCella(ColonneSpese()[Colonna], Testo);
     };
-    ::Collega(Righe, &Griglia::CellaScritta, this, [this] {
+    Collega(Righe, &Griglia::CellaScritta, this, [this] {
         SetModificata(true);
         RefreshGrid();
     });
