@@ -1,4 +1,4 @@
-#include "feenote/modTariffeVecchie.h"
+#include "feenote/previgenti/modTariffeVecchie.h"
 
 #include "platform/base/errore.h"
 

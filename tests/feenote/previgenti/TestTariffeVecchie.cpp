@@ -1,7 +1,7 @@
 // Amounts as the older tariffs encoded them.
-#include "nota_prova.h"
+#include "feenote/nota_prova.h"
 
-#include "feenote/modTariffeVecchie.h"
+#include "feenote/previgenti/modTariffeVecchie.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,6 @@
 // The bracket of the older tariff: what the dialog says, stores, and gives back.
-#include "feenote/windows/frmOldTariffe.h"
-#include "tavolo.h"
+#include "feenote/previgenti/frmOldTariffe.h"
+#include "feenote/windows/tavolo.h"
 
 #include <QPushButton>
 

@@ -1,4 +1,4 @@
-#include "feenote/windows/frmOldTariffe.h"
+#include "feenote/previgenti/frmOldTariffe.h"
 
 #include "feenote/windows/frmParcelle.h"
 #include "platform/kit/aspetto.h"
