@@ -5,7 +5,7 @@
 
 #include "documenti.h"
 #include "platform/base/paginacodice.h"
-#include "platform/document/lettorertf.h"
+#include "platform/document/letture.h"
 #include "print/writers/scrittorehtml.h"
 #include "print/writers/scrittorertf.h"
 
@@ -129,15 +129,14 @@ QStringList Parole(const Documento& Doc)
                 for (const Cella& Una : Celle)
                     Tutto += Una.Testo + u'\n';
     }
-    return TestoPulito(Tutto).simplified().split(u' ', Qt::SkipEmptyParts);
+    return SenzaControlli(Tutto).simplified().split(u' ', Qt::SkipEmptyParts);
 }
 
 QStringList ParoleLette(const QByteArray& Rtf)
 {
-    QString Tutto;
-    for (const Paragrafo& Uno : LeggiRtf(QString::fromLatin1(Rtf)))
-        Tutto += Uno.Testo() + u'\n';
-    return Tutto.simplified().split(u' ', Qt::SkipEmptyParts);
+    Documento Letto;
+    Letto.Blocchi = LeggiRtf(QString::fromLatin1(Rtf));
+    return Parole(Letto);
 }
 
 /// Words of the body of a page, and what keeps it from being one.
@@ -214,7 +213,10 @@ void TestEsportazioni::pdf()
         Tutte += Lette.mid(0, Lette.size() - 2);
     }
     QVERIFY(Tutte.size() > 20);
-    QCOMPARE(Differenza(Tutte, Parole(Doc)), QString());
+    // Rules are drawn: nobody who reads the page by its letters meets them.
+    QStringList Attese = Parole(Doc);
+    Attese.removeIf([](const QString& Parola) { return QString(Parola).remove(u'_').isEmpty(); });
+    QCOMPARE(Differenza(Tutte, Attese), QString());
 }
 
 void TestEsportazioni::pdfOstile_data()
@@ -238,8 +240,10 @@ void TestEsportazioni::pdfOstile()
     const QString Letto = pagine::Leggi(u"pdftotext"_s, {u"-raw"_s, u"%"_s, u"-"_s}, Pdf);
     for (const QString& Parola : Parole(Doc)) {
         // Long words are broken; poppler puts others in an order of its own, or reads one sign for several.
-        const bool Semplice = Parola.size() < 40 && std::all_of(Parola.begin(), Parola.end(),
-                                                                [](QChar C) { return C.unicode() < 0x0250; });
+        const bool Filetto = QString(Parola).remove(u'_').isEmpty();  // drawn
+        const bool Semplice =
+            !Filetto && Parola.size() < 40 &&
+            std::all_of(Parola.begin(), Parola.end(), [](QChar C) { return C.unicode() < 0x0250; });
         QVERIFY2(!Semplice || Letto.contains(Parola), qPrintable(Parola));
     }
 }

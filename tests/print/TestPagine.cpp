@@ -177,7 +177,11 @@ void TestPagine::ilPdfDiceLaComposizione()
     QVERIFY(Lette.size() > 30);
     QCOMPARE(Lette.mid(Lette.size() - 2), (QStringList{u"Pagina"_s, u"1"_s}));
     Lette.resize(Lette.size() - 2);
-    QCOMPARE(Lette, Fatta.Testo().simplified().split(u' '));
+    // Rules are drawn.
+    QStringList Attese = Fatta.Testo().simplified().split(u' ');
+    Attese.removeIf([](const QString& Parola) { return QString(Parola).remove(u'_').isEmpty(); });
+    QVERIFY(Attese.size() > 30);
+    QCOMPARE(Lette, Attese);
 }
 
 void TestPagine::laSuperficieContaLePagine()

@@ -160,7 +160,7 @@ int PaginaDelSet(int Set)
     return Suo == TuttiISet.end() ? 0 : Suo->Pagina;
 }
 
-QString TestoPulito(QString Testo)
+QString SenzaControlli(QString Testo)
 {
     Testo.removeIf(Estraneo);
     // Nearly every text ends here, without a copy of it.

@@ -24,4 +24,4 @@ constexpr int PaginaSimboli = 42;  ///< no letters but signs: bullets and ticks
 
 /// The text without what no document holds: control characters other than tab and line break, and codes that
 /// stand for no character. Half a surrogate pair becomes the sign for a character that was lost.
-[[nodiscard]] QString TestoPulito(QString Testo);
+[[nodiscard]] QString SenzaControlli(QString Testo);

@@ -1,16 +1,16 @@
 #include "platform/document/lettorertf_parole.h"
 
 #include "platform/base/paginacodice.h"
-#include "platform/document/superficie.h"
+#include "platform/document/documento.h"
 
 #include <algorithm>
 #include <array>
 
 namespace {
 
-constexpr int Codice(Allineamento Come)
+constexpr int Codice(auto Valore)
 {
-    return static_cast<int>(Come);
+    return static_cast<int>(Valore);
 }
 
 // A column's end is a paragraph's, as there are none; a section goes on where the last one ended.
@@ -21,18 +21,52 @@ constexpr std::array Parole{
     ParolaRtf{u"atnauthor", AzioneRtf::Salta},
     ParolaRtf{u"atnid", AzioneRtf::Salta},
     ParolaRtf{u"b", AzioneRtf::Grassetto},
-    ParolaRtf{u"bin", AzioneRtf::Byte},
     ParolaRtf{u"bkmkend", AzioneRtf::Salta},
     ParolaRtf{u"bkmkstart", AzioneRtf::Salta},
+    ParolaRtf{u"box", AzioneRtf::LatoEstraneo},
+    ParolaRtf{u"brdrb", AzioneRtf::LatoEstraneo},
+    ParolaRtf{u"brdrbar", AzioneRtf::LatoEstraneo},
+    ParolaRtf{u"brdrbtw", AzioneRtf::LatoEstraneo},
+    ParolaRtf{u"brdrdash", AzioneRtf::Linea},
+    ParolaRtf{u"brdrdashd", AzioneRtf::Linea},
+    ParolaRtf{u"brdrdashdd", AzioneRtf::Linea},
+    ParolaRtf{u"brdrdashsm", AzioneRtf::Linea},
+    ParolaRtf{u"brdrdb", AzioneRtf::Linea},
+    ParolaRtf{u"brdrdot", AzioneRtf::Linea},
+    ParolaRtf{u"brdremboss", AzioneRtf::Linea},
+    ParolaRtf{u"brdrengrave", AzioneRtf::Linea},
+    ParolaRtf{u"brdrhair", AzioneRtf::Linea},
+    ParolaRtf{u"brdrinset", AzioneRtf::Linea},
+    ParolaRtf{u"brdrl", AzioneRtf::LatoEstraneo},
+    ParolaRtf{u"brdrnil", AzioneRtf::SenzaLinea},
+    ParolaRtf{u"brdrnone", AzioneRtf::SenzaLinea},
+    ParolaRtf{u"brdroutset", AzioneRtf::Linea},
+    ParolaRtf{u"brdrr", AzioneRtf::LatoEstraneo},
+    ParolaRtf{u"brdrs", AzioneRtf::Linea},
+    ParolaRtf{u"brdrsh", AzioneRtf::Linea},
+    ParolaRtf{u"brdrt", AzioneRtf::LatoEstraneo},
+    ParolaRtf{u"brdrtbl", AzioneRtf::SenzaLinea},
+    ParolaRtf{u"brdrth", AzioneRtf::Linea},
+    ParolaRtf{u"brdrthtnsg", AzioneRtf::Linea},
+    ParolaRtf{u"brdrtnthsg", AzioneRtf::Linea},
+    ParolaRtf{u"brdrtriple", AzioneRtf::Linea},
+    ParolaRtf{u"brdrwavy", AzioneRtf::Linea},
     ParolaRtf{u"bullet", AzioneRtf::Carattere, u'\u2022'},
     ParolaRtf{u"caps", AzioneRtf::Maiuscole},
     ParolaRtf{u"cell", AzioneRtf::Cella},
+    ParolaRtf{u"cellx", AzioneRtf::DestraCella},
+    ParolaRtf{u"clbrdrb", AzioneRtf::LatoCella, Cella::Basso},
+    ParolaRtf{u"clbrdrl", AzioneRtf::LatoCella, Cella::Sinistro},
+    ParolaRtf{u"clbrdrr", AzioneRtf::LatoCella, Cella::Destro},
+    ParolaRtf{u"clbrdrt", AzioneRtf::LatoCella, Cella::Alto},
+    ParolaRtf{u"clmrg", AzioneRtf::CellaUnita},
     ParolaRtf{u"colortbl", AzioneRtf::Salta},
     ParolaRtf{u"column", AzioneRtf::Paragrafo},
     ParolaRtf{u"cpg", AzioneRtf::CodificaFont},
     ParolaRtf{u"datastore", AzioneRtf::Salta},
     ParolaRtf{u"deff", AzioneRtf::FontIniziale},
     ParolaRtf{u"deleted", AzioneRtf::Nascosto},
+    ParolaRtf{u"dn", AzioneRtf::Alzato, Codice(PostoRigo::Pedice)},
     ParolaRtf{u"do", AzioneRtf::Salta},
     ParolaRtf{u"emdash", AzioneRtf::Carattere, u'\u2014'},
     ParolaRtf{u"emspace", AzioneRtf::Carattere, u'\u2003'},
@@ -56,6 +90,8 @@ constexpr std::array Parole{
     ParolaRtf{u"headerr", AzioneRtf::Salta},
     ParolaRtf{u"i", AzioneRtf::Corsivo},
     ParolaRtf{u"info", AzioneRtf::Salta},
+    ParolaRtf{u"intbl", AzioneRtf::InTabella},
+    ParolaRtf{u"keep", AzioneRtf::Intera},
     ParolaRtf{u"keepn", AzioneRtf::ConSeguente},
     ParolaRtf{u"lbr", AzioneRtf::Carattere, u'\n'},
     ParolaRtf{u"ldblquote", AzioneRtf::Carattere, u'\u201C'},
@@ -66,9 +102,10 @@ constexpr std::array Parole{
     ParolaRtf{u"listtable", AzioneRtf::Salta},
     ParolaRtf{u"lquote", AzioneRtf::Carattere, u'\u2018'},
     ParolaRtf{u"mac", AzioneRtf::CodificaFissa, 10000},
-    ParolaRtf{u"nestcell", AzioneRtf::Cella},
+    ParolaRtf{u"nestcell", AzioneRtf::Carattere, u'\t'},
     ParolaRtf{u"nonesttables", AzioneRtf::Salta},
     ParolaRtf{u"nonshppict", AzioneRtf::Salta},
+    ParolaRtf{u"nosupersub", AzioneRtf::Rigo, Codice(PostoRigo::Normale)},
     ParolaRtf{u"object", AzioneRtf::Salta},
     ParolaRtf{u"operator", AzioneRtf::Salta},
     ParolaRtf{u"page", AzioneRtf::Pagina},
@@ -77,6 +114,10 @@ constexpr std::array Parole{
     ParolaRtf{u"pard", AzioneRtf::ParagrafoSemplice},
     ParolaRtf{u"pc", AzioneRtf::CodificaFissa, 437},
     ParolaRtf{u"pca", AzioneRtf::CodificaFissa, 850},
+    ParolaRtf{u"pgbrdrb", AzioneRtf::LatoEstraneo},
+    ParolaRtf{u"pgbrdrl", AzioneRtf::LatoEstraneo},
+    ParolaRtf{u"pgbrdrr", AzioneRtf::LatoEstraneo},
+    ParolaRtf{u"pgbrdrt", AzioneRtf::LatoEstraneo},
     ParolaRtf{u"pict", AzioneRtf::Salta},
     ParolaRtf{u"plain", AzioneRtf::Semplice},
     ParolaRtf{u"pntxta", AzioneRtf::Salta},
@@ -100,11 +141,35 @@ constexpr std::array Parole{
     ParolaRtf{u"sect", AzioneRtf::Paragrafo},
     ParolaRtf{u"shpinst", AzioneRtf::Salta},
     ParolaRtf{u"shptxt", AzioneRtf::Salta},
+    ParolaRtf{u"sl", AzioneRtf::Interlinea},
+    ParolaRtf{u"slmult", AzioneRtf::Multipla},
+    ParolaRtf{u"strike", AzioneRtf::Barrato},
+    ParolaRtf{u"striked", AzioneRtf::Barrato},
     ParolaRtf{u"stylesheet", AzioneRtf::Salta},
+    ParolaRtf{u"sub", AzioneRtf::Rigo, Codice(PostoRigo::Pedice)},
+    ParolaRtf{u"super", AzioneRtf::Rigo, Codice(PostoRigo::Apice)},
     ParolaRtf{u"tab", AzioneRtf::Carattere, u'\t'},
     ParolaRtf{u"tc", AzioneRtf::Salta},
     ParolaRtf{u"template", AzioneRtf::Salta},
     ParolaRtf{u"themedata", AzioneRtf::Salta},
+    ParolaRtf{u"tldot", AzioneRtf::RiempieFermo, u'.'},
+    ParolaRtf{u"tleq", AzioneRtf::RiempieFermo, u'_'},
+    ParolaRtf{u"tlhyph", AzioneRtf::RiempieFermo, u'_'},
+    ParolaRtf{u"tlmdot", AzioneRtf::RiempieFermo, u'.'},
+    ParolaRtf{u"tlth", AzioneRtf::RiempieFermo, u'_'},
+    ParolaRtf{u"tlul", AzioneRtf::RiempieFermo, u'_'},
+    ParolaRtf{u"tqc", AzioneRtf::VersoFermo, Fermo::Centro},
+    ParolaRtf{u"tqdec", AzioneRtf::VersoFermo, Fermo::Decimale},
+    ParolaRtf{u"tqr", AzioneRtf::VersoFermo, Fermo::Destra},
+    ParolaRtf{u"trbrdrb", AzioneRtf::LatoRiga, Cella::Basso},
+    ParolaRtf{u"trbrdrh", AzioneRtf::LatoInterno, Cella::Alto},
+    ParolaRtf{u"trbrdrl", AzioneRtf::LatoRiga, Cella::Sinistro},
+    ParolaRtf{u"trbrdrr", AzioneRtf::LatoRiga, Cella::Destro},
+    ParolaRtf{u"trbrdrt", AzioneRtf::LatoRiga, Cella::Alto},
+    ParolaRtf{u"trbrdrv", AzioneRtf::LatoInterno, Cella::Sinistro},
+    ParolaRtf{u"trleft", AzioneRtf::Sinistra},
+    ParolaRtf{u"trowd", AzioneRtf::NuovaRiga},
+    ParolaRtf{u"tx", AzioneRtf::Fermo},
     ParolaRtf{u"txe", AzioneRtf::Salta},
     ParolaRtf{u"u", AzioneRtf::Unicode},
     ParolaRtf{u"uc", AzioneRtf::Sostituti},
@@ -126,6 +191,7 @@ constexpr std::array Parole{
     ParolaRtf{u"ululdbwave", AzioneRtf::Sottolineato},
     ParolaRtf{u"ulw", AzioneRtf::Sottolineato},
     ParolaRtf{u"ulwave", AzioneRtf::Sottolineato},
+    ParolaRtf{u"up", AzioneRtf::Alzato, Codice(PostoRigo::Apice)},
     ParolaRtf{u"v", AzioneRtf::Nascosto},
     ParolaRtf{u"xe", AzioneRtf::Salta},
 };
@@ -136,6 +202,6 @@ static_assert(std::ranges::is_sorted(Parole, {}, &ParolaRtf::Nome));
 const ParolaRtf* CercaParolaRtf(QStringView Nome)
 {
     const std::u16string_view Cercata(Nome.utf16(), static_cast<std::size_t>(Nome.size()));
-    const auto Sua = std::ranges::lower_bound(Parole, Cercata, {}, &ParolaRtf::Nome);
-    return Sua != Parole.end() && Sua->Nome == Cercata ? &*Sua : nullptr;
+    const auto Trovata = std::ranges::lower_bound(Parole, Cercata, {}, &ParolaRtf::Nome);
+    return Trovata != Parole.end() && Trovata->Nome == Cercata ? &*Trovata : nullptr;
 }

@@ -14,7 +14,6 @@ enum class AzioneRtf {
     Riga,       ///< ends a row of a table
     Unicode,    ///< a character by its number
     Sostituti,  ///< how many characters follow one given by its number, for readers that do not know it
-    Byte,       ///< so many raw bytes follow
     Salta,      ///< its group is passed over
     TabellaFont,
     Codifica,       ///< the document's code page as the parameter
@@ -30,6 +29,9 @@ enum class AzioneRtf {
     Corsivo,
     Sottolineato,
     NonSottolineato,
+    Barrato,
+    Rigo,    ///< the value is a PostoRigo
+    Alzato,  ///< by half points; 0 ends it, and the value is a PostoRigo
     Maiuscole,
     Nascosto,
     // paragraph
@@ -40,8 +42,26 @@ enum class AzioneRtf {
     PrimaRiga,
     Sopra,
     Sotto,
-    PaginaPrima,  ///< the paragraph begins a page
-    ConSeguente,  ///< the paragraph ends none
+    PaginaPrima,   ///< the paragraph begins a page
+    ConSeguente,   ///< the paragraph ends none
+    Intera,        ///< no page divides the paragraph
+    Interlinea,    ///< distance of lines: twips, negative an exact one, 0 the usual
+    Multipla,      ///< the distance is one of lines, 240 each
+    InTabella,     ///< the paragraph belongs to a cell
+    VersoFermo,    ///< of the next tab stop; the value is a Fermo::Verso
+    RiempieFermo,  ///< what fills the way to the next tab stop, the value
+    Fermo,         ///< a tab stop
+    // rows of a table
+    NuovaRiga,     ///< what follows says how a row is divided
+    Sinistra,      ///< left edge of a row
+    DestraCella,   ///< a cell ends here
+    CellaUnita,    ///< the cell belongs to the one before it
+    LatoCella,     ///< lines of this side of a cell, a Cella::Lato
+    LatoRiga,      ///< lines of this side of the row
+    LatoInterno,   ///< lines between cells or rows
+    LatoEstraneo,  ///< lines of a paragraph or a page
+    Linea,         ///< the side has one
+    SenzaLinea,    ///< it has none
 };
 
 struct ParolaRtf

@@ -1,8 +1,11 @@
 // The print surface: the operations a document is composed with, recorded as a list of blocks.
 //
-// It knows no font metrics and no paper: the paginator, the preview and the exports read the Documento.
 // The numbers of alignments and cell attributes are part of the interface and keep their values.
 #pragma once
+
+#include "platform/document/documento.h"
+#include "platform/document/misura.h"
+#include "platform/document/tabellaaperta.h"
 
 #include <QString>
 #include <QVariant>
@@ -10,123 +13,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <variant>
-#include <vector>
-
-/// Alignment of paragraphs, columns and cells.
-enum class Allineamento {
-    AltoSinistra = 0,
-    Sinistra = 6,
-    Centro = 7,
-    Destra = 8,
-    Giustificato = 11,
-};
-
-/// Attributes of a table, a column or a cell, by their number in the surface's interface.
-enum class AttrTabella {
-    Righe = 1,
-    Colonne = 2,
-    LarghezzaColonna = 13,  ///< text with a unit, "9cm"
-    Unione = 17,            ///< columns that a cell spans
-    Testo = 18,
-    Allinea = 19,
-    FontNome = 23,
-    FontDimensione = 24,  ///< points
-    Grassetto = 25,
-    Corsivo = 26,
-    AllineaTesto = 31,  ///< of a whole column
-};
-
-/// A font as the composition asks for it. Size in points.
-struct Carattere
-{
-    QString Nome = QStringLiteral("Times New Roman");
-    double Punti = 12.0;
-    bool Grassetto = false;
-    bool Corsivo = false;
-    bool Sottolineato = false;
-
-    friend bool operator==(const Carattere&, const Carattere&) = default;
-};
-
-/// Text in one font. Runs of blanks are layout and are kept; "\n" breaks the line inside a row.
-struct Tratto
-{
-    QString Testo;
-    Carattere Font;
-};
-
-/// Room around a row of text, as it was asked for; none is negative but the first line's.
-struct Rientri
-{
-    double SinistroCm = 0.0;
-    double DestroCm = 0.0;
-    double PrimaRigaCm = 0.0;  ///< of the first line, from the left indent; below 0 it hangs out of it
-    double SopraPunti = 0.0;
-    double SottoPunti = 0.0;
-
-    friend bool operator==(const Rientri&, const Rientri&) = default;
-};
-
-/// One row of text, ended by its paragraph mark. An empty one is a blank row in the font current then.
-struct Paragrafo
-{
-    Allineamento Allinea = Allineamento::Sinistra;
-    std::vector<Tratto> Tratti;
-    Carattere Font;  ///< gives an empty paragraph its height
-    Rientri Spazi{};
-    bool NuovaPagina = false;  ///< a page begins with it
-    bool ConSeguente = false;  ///< no page ends with it
-    bool Intera = false;       ///< no page divides it
-
-    [[nodiscard]] QString Testo() const;
-};
-
-/// One cell, all attributes resolved (a cell's beats its column's, a column's the table's).
-struct Cella
-{
-    QString Testo;
-    Allineamento Allinea = Allineamento::Sinistra;
-    Carattere Font;
-    int Unione = 1;  ///< columns it covers, itself included
-};
-
-/// A table, widths in centimetres.
-struct Tabella
-{
-    std::vector<double> LarghezzeCm;
-    std::vector<std::vector<Cella>> Righe;  ///< a covered cell stays, empty
-    int Bordo = 0;
-    bool ConSeguente = false;  ///< no page ends with its last row
-};
-
-using BloccoDocumento = std::variant<Paragrafo, Tabella>;
-
-/// The sheet, in millimetres; A4 upright where nothing else is said. The margins are the document's.
-struct Carta
-{
-    double LarghezzaMm = 210.0;
-    double AltezzaMm = 297.0;
-
-    friend bool operator==(const Carta&, const Carta&) = default;
-};
-
-/// What was composed: blocks in order, page set-up, running line.
-struct Documento
-{
-    double MargineAltoCm = 2.0;
-    double MargineSinistroCm = 2.0;
-    double MargineBassoCm = 2.0;
-    double MargineDestroCm = 2.0;
-    QString PiePagina;  ///< running line, "%d" stands for the page number
-    Carattere FontPiePagina{QStringLiteral("Times New Roman"), 8.0};
-    std::vector<BloccoDocumento> Blocchi;
-};
-
-/// Centimetres of a text with a unit: "2cm", "1.4cm" (point or comma), "10mm", "0.5in"; a bare number is
-/// twips, 1440 to the inch. Blanks around number and unit and the case of the unit do not matter.
-/// @throws Errore 13 when it is none; a sign or an exponent makes none
-[[nodiscard]] double CentimetriDi(QStringView Misura);
 
 /// Records a document through the named operations.
 ///
@@ -157,8 +43,8 @@ public:
     [[nodiscard]] const Documento& Contenuto() const { return Doc; }
 
     // ---- text
-    /// Rich text, which begins with "{\rtf", is read: its paragraphs follow in its own fonts and alignments,
-    /// and leave those of the surface as they are.
+    /// Rich text, which begins with "{\rtf" or with blanks before it, is read: its paragraphs and tables
+    /// follow in their own fonts and alignments, and leave those of the surface as they are.
     void Paragraph(const QString& Testo);
     /// A "\n" inside breaks the line but not the row; an empty text does not begin a row.
     void Text(const QString& Testo);
@@ -182,6 +68,9 @@ public:
     void PageFooter(const QString& Testo);
     void HdrFontName(const QString& Nome);
     void HdrFontSize(double Punti);
+    /// What the document says of itself where its format has room for that; they stay like the margins.
+    void Author(const QString& Nome);
+    void Subject(const QString& Testo);
 
     // ---- tables
     void StartTable();  ///< an open table is ended first; the new one has no rows and no columns
@@ -224,7 +113,6 @@ public:
     int ExportFormat = 4;  ///< 4 word processor, 3 HTML
 
 private:
-    struct TabellaAperta;
     void Accoda(const QString& Testo);
     void ChiudiRiga();
     void ApriSeServe();

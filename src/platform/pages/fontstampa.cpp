@@ -75,6 +75,7 @@ QFont FontStampa(const Carattere& Quale)
     Font.setBold(Quale.Grassetto);
     Font.setItalic(Quale.Corsivo);
     Font.setUnderline(Quale.Sottolineato);
+    Font.setStrikeOut(Quale.Barrato);
     Font.setHintingPreference(QFont::PreferNoHinting);
     Font.setKerning(true);
     return QFont(Font, DispositivoStampa());
@@ -100,7 +101,9 @@ FontMisurato::FontMisurato(const Carattere& Quale) : Chiesto(Quale), Font(FontSt
     for (char16_t C = PrimoNoto; C <= UltimoNoto; ++C)
         Noti[static_cast<std::size_t>(C - PrimoNoto)] = Metrica.horizontalAdvance(QChar(C));
     Bianco = Noti.front();
-    Trattino = Metrica.boundingRect(QChar(u'_')).center().y();
+    const QRectF Basso = Metrica.boundingRect(QChar(u'_'));
+    Trattino = Basso.center().y();
+    SpessoreTrattino = Basso.height();
 }
 
 double FontMisurato::Larghezza(QStringView Testo) const

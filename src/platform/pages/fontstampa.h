@@ -1,7 +1,7 @@
 // Fonts of the printed page on the one device that all pages are laid out on.
 #pragma once
 
-#include "platform/document/superficie.h"
+#include "platform/document/documento.h"
 
 #include <QFont>
 
@@ -36,6 +36,7 @@ public:
     double Altezza = 0.0;   ///< of a line
     double Bianco = 0.0;    ///< width of a blank
     double Trattino = 0.0;  ///< from the baseline down to the middle of a "_"
+    double SpessoreTrattino = 0.0;
 
 private:
     static constexpr char16_t PrimoNoto = 0x20;

@@ -10,11 +10,12 @@ struct RigaPosata
 {
     int Brano = -1;
     int Riga = 0;
-    double Y = 0.0;  ///< upper edge
+    double Y = 0.0;     ///< upper edge
+    bool Muta = false;  ///< not painted
 };
 
 /// The lines of one strip: of a row's cells, or of a paragraph. Places in the vector of the page's lines.
-struct Fascia
+struct FasciaPagina
 {
     double AltoMm = 0.0;
     double BassoMm = 0.0;
@@ -27,8 +28,9 @@ struct PaginaPosata
     std::vector<RigaImpaginata> Righe;
     std::vector<RigaPosata> Posate;    ///< of the same lines, in the same order
     std::vector<RigaPosata> Ripetute;  ///< headings, out of the text stream
-    std::vector<Fascia> Fasce;         ///< from the top
+    std::vector<FasciaPagina> Fasce;   ///< from the top
     std::vector<QLineF> Linee;
+    std::vector<QRectF> Pieni;  ///< rules and what fills the way to tab stops
 };
 
 /// Where a line is found by its first character.
@@ -49,6 +51,7 @@ struct Impaginazione::Impaginata
     std::vector<PaginaPosata> Pagine;
     std::vector<VoceIndice> Indice;  ///< all lines by their first character
     QString PiePagina;
+    ::Proprieta Proprieta;
     FontMisurato FontPiePagina;
 
     [[nodiscard]] const PaginaPosata* Pagina(int Quale) const;
@@ -61,7 +64,7 @@ struct Impaginazione::Impaginata
     /// Place on a line nearest to an x in millimetres.
     [[nodiscard]] qsizetype PostoNellaRiga(const PaginaPosata& Dove, std::size_t Quale, double XMm) const;
 
-    void DisegnaRiga(QPainter& Pittore, const RigaPosata& Una) const;
+    void DisegnaRiga(QPainter& Pittore, const RigaPosata& Posata) const;
     void DisegnaPiePagina(QPainter& Pittore, int Pagina) const;
 
 private:

@@ -50,7 +50,7 @@ Carta CartaValida(const Carta& Chiesta)
 // ---- layout ---------------------------------------------------------------------------------------
 
 Impaginazione::Impaginata::Impaginata(const Documento& Doc, const Carta& SuaCarta)
-    : Foglio(CartaValida(SuaCarta)), Area(AreaDi(Doc, Foglio)), PiePagina(Doc.PiePagina),
+    : Foglio(CartaValida(SuaCarta)), Area(AreaDi(Doc, Foglio)), PiePagina(Doc.PiePagina), Proprieta(Doc.DiSe),
       FontPiePagina(Doc.FontPiePagina)
 {
     FontDocumento Font;
@@ -75,8 +75,9 @@ void Impaginazione::Impaginata::PosaTitoli(PaginaPosata& Dove, int Titoli) const
     double Y = Area.Alto;
     for (const auto Quale : {static_cast<std::size_t>(Titoli), static_cast<std::size_t>(Titoli) + 1}) {
         const Pezzo& Titolo = Steso.Pezzi[Quale];
-        for (const RigaStesa& Una : Titolo.Righe)
-            Dove.Ripetute.push_back({Una.Brano, Una.Riga, Y + Una.Dove.top() + Una.Scarto});
+        for (const RigaStesa& Stesa : Titolo.Righe)
+            Dove.Ripetute.push_back(
+                {Stesa.Brano, Stesa.Riga, Y + Stesa.Dove.top() + Stesa.Scarto, Stesa.Muta});
         for (const QLineF& Linea : Titolo.Linee)
             Dove.Linee.push_back(Linea.translated(0.0, Y));
         Y += Titolo.Misure.Altezza;
@@ -90,13 +91,15 @@ void Impaginazione::Impaginata::PosaPezzo(const Pezzo& Questo, const PostoStrisc
     const double Altezza = Posto.InFondo ? 0.0 : Questo.Misure.Altezza;
     Dove.Fasce.push_back(
         {Y / PuntiPerMm, (Y + Altezza) / PuntiPerMm, Dove.Righe.size(), Questo.Righe.size()});
-    for (const RigaStesa& Una : Questo.Righe) {
-        QRectF Rettangolo = Una.Dove.translated(0.0, Y);
+    for (const RigaStesa& Stesa : Questo.Righe) {
+        QRectF Rettangolo = Stesa.Dove.translated(0.0, Y);
         if (Posto.InFondo)
             Rettangolo.setHeight(0.0);
-        const double Base = Rettangolo.top() + Una.Scarto + (Posto.InFondo ? 0.0 : Una.Ascesa);
-        Dove.Righe.push_back({InMm(Rettangolo), Base / PuntiPerMm, Una.Inizio, Una.Lunghezza});
-        Dove.Posate.push_back({Una.Brano, Una.Riga, Rettangolo.top() + Una.Scarto});
+        const double Base = Rettangolo.top() + Stesa.Scarto + (Posto.InFondo ? 0.0 : Stesa.Ascesa);
+        Dove.Righe.push_back({InMm(Rettangolo), Base / PuntiPerMm, Stesa.Inizio, Stesa.Lunghezza});
+        Dove.Posate.push_back({Stesa.Brano, Stesa.Riga, Rettangolo.top() + Stesa.Scarto, Stesa.Muta});
+        for (const QRectF& Pieno : Stesa.Pieni)
+            Dove.Pieni.push_back(Pieno.translated(Rettangolo.topLeft()));
     }
     for (const QLineF& Linea : Questo.Linee)
         Dove.Linee.push_back(Linea.translated(0.0, Y));

@@ -5,7 +5,7 @@
 // QGuiApplication, whatever its platform.
 #pragma once
 
-#include "platform/document/superficie.h"
+#include "platform/document/documento.h"
 
 #include <QList>
 #include <QPointF>
@@ -120,17 +120,14 @@ public:
     /// is pasted. Blanks at line ends are left out.
     [[nodiscard]] QString TestoDi(const Selezione& Scelta) const;
 
-    /// First occurrence that begins at `Da` or later, last one that ends at `Da` or before. Without regard
-    /// to case; one blank in what is sought stands for any run of blanks or a line break. No occurrence
-    /// and an empty or blank text give none; the search does not begin again at the other end.
-    [[nodiscard]] std::optional<Selezione> CercaAvanti(const QString& Cercato, qsizetype Da) const;
-    [[nodiscard]] std::optional<Selezione> CercaIndietro(const QString& Cercato, qsizetype Da) const;
-    /// All occurrences, in order, not overlapping: to tint them.
+    /// All occurrences, in order, not overlapping. Without regard to case; one blank in what is sought stands
+    /// for any run of blanks or a line break. An empty or blank text has none.
     [[nodiscard]] QList<Selezione> CercaTutte(const QString& Cercato) const;
 
     // ---- PDF
-    /// Writes all pages as a PDF with embedded fonts, selectable text and a title. The file appears whole
-    /// or not at all; one that was there is replaced.
+    /// Writes all pages as a PDF with embedded fonts, selectable text, its title, the document's author and
+    /// subject and its language, Italian. The file appears whole or not at all; one that was there is
+    /// replaced.
     /// @throws Errore 61, 75, 76 as the file system refuses; what was there then stays
     void ScriviPdf(const QString& Percorso, const QString& Titolo) const;
     [[nodiscard]] QByteArray Pdf(const QString& Titolo) const;  ///< the bytes of such a file

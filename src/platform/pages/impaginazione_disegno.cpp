@@ -1,5 +1,6 @@
 // The pages on paper: painting, printing, PDF.
 #include "platform/base/errore.h"
+#include "platform/pages/datipdf.h"
 #include "platform/pages/impaginata.h"
 #include "platform/system/percorsi.h"
 
@@ -50,12 +51,12 @@ Errore ErroreStampante()
 
 // ---- painting -------------------------------------------------------------------------------------
 
-void Impaginazione::Impaginata::DisegnaRiga(QPainter& Pittore, const RigaPosata& Una) const
+void Impaginazione::Impaginata::DisegnaRiga(QPainter& Pittore, const RigaPosata& Posata) const
 {
-    if (Una.Brano < 0)
+    if (Posata.Brano < 0 || Posata.Muta)
         return;
-    const Brano& Suo = Steso.Brani[static_cast<std::size_t>(Una.Brano)];
-    Suo.Disposto->lineAt(Una.Riga).draw(&Pittore, QPointF(Suo.X, Una.Y));
+    const Brano& Testo = Steso.Brani[static_cast<std::size_t>(Posata.Brano)];
+    Testo.Disposto->lineAt(Posata.Riga).draw(&Pittore, QPointF(Testo.X, Posata.Y));
 }
 
 void Impaginazione::Impaginata::DisegnaPiePagina(QPainter& Pittore, int Pagina) const
@@ -84,6 +85,8 @@ void Impaginazione::DisegnaPagina(QPainter& Pittore, int Pagina) const
     Pittore.setPen(QPen(Qt::black, LineaMm * PuntiPerMm));
     for (const QLineF& Linea : Sua->Linee)
         Pittore.drawLine(Linea);
+    for (const QRectF& Pieno : Sua->Pieni)
+        Pittore.fillRect(Pieno, Qt::black);
     for (const RigaPosata& Una : Sua->Ripetute)
         Dati->DisegnaRiga(Pittore, Una);
     for (const RigaPosata& Una : Sua->Posate)
@@ -129,7 +132,7 @@ QByteArray Impaginazione::Pdf(const QString& Titolo) const
         Scrittore.setPageMargins(QMarginsF());
         Stampa(Scrittore, 1, NumeroPagine());
     }
-    return Byte;
+    return ConDati(Byte, Dati->Proprieta);
 }
 
 void Impaginazione::ScriviPdf(const QString& Percorso, const QString& Titolo) const

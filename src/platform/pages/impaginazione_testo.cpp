@@ -152,7 +152,7 @@ qsizetype Impaginazione::PostoIn(int Pagina, QPointF Mm) const
     if (!Sua || Sua->Fasce.empty())
         return 0;
     const auto Vicina = std::ranges::min_element(
-        Sua->Fasce, {}, [&](const Fascia& Una) { return Distanza(Mm.y(), Una.AltoMm, Una.BassoMm); });
+        Sua->Fasce, {}, [&](const FasciaPagina& Una) { return Distanza(Mm.y(), Una.AltoMm, Una.BassoMm); });
 
     // Within a row of a table the cell under the point counts before the line: it may have fewer of them.
     std::size_t Scelta = Vicina->Prima;
@@ -270,26 +270,6 @@ QString Impaginazione::TestoDi(const Selezione& Scelta) const
 }
 
 // ---- search ---------------------------------------------------------------------------------------
-
-std::optional<Selezione> Impaginazione::CercaAvanti(const QString& Cercato, qsizetype Da) const
-{
-    const auto Modello = ModelloDi(Cercato);
-    if (!Modello)
-        return std::nullopt;
-    const QRegularExpressionMatch Una = Modello->match(Testo(), std::clamp<qsizetype>(Da, 0, Testo().size()));
-    return Una.hasMatch() ? std::optional(Trovata(Una)) : std::nullopt;
-}
-
-std::optional<Selezione> Impaginazione::CercaIndietro(const QString& Cercato, qsizetype Da) const
-{
-    std::optional<Selezione> Ultima;
-    for (const Selezione& Una : CercaTutte(Cercato)) {
-        if (Una.A > Da)
-            break;
-        Ultima = Una;
-    }
-    return Ultima;
-}
 
 QList<Selezione> Impaginazione::CercaTutte(const QString& Cercato) const
 {

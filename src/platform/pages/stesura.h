@@ -40,7 +40,10 @@ struct RigaStesa
     double Ascesa = 0.0;
     qsizetype Inizio = 0;
     qsizetype Lunghezza = 0;
-    double Scarto = 0.0;  ///< what its text is painted below its rectangle's top
+    double Scarto = 0.0;          ///< what its text is painted below its rectangle's top
+    int NellaCella = 0;           ///< its place among the lines of its cell
+    bool Muta = false;            ///< what is drawn stands for its text, which is not painted
+    std::vector<QRectF> Pieni{};  ///< what is drawn, from its rectangle's corner
 };
 
 /// A strip and what stands in it.
@@ -65,6 +68,9 @@ struct Stesura
 };
 
 [[nodiscard]] Stesura Stendi(const Documento& Doc, const AreaStampa& Area, FontDocumento& Font);
+
+/// Lines of a passage below each other from y 0; `Quale` is its number.
+[[nodiscard]] std::vector<RigaStesa> RigheDi(const Brano& Questo, int Quale);
 
 /// A text in one font on lines of this width; leading blanks shrink when its first line would not fit.
 [[nodiscard]] std::unique_ptr<QTextLayout> Disponi(const QString& Testo, const FontMisurato& Font,

@@ -5,6 +5,3 @@
 
 /// Appends the rows of a table, its text and its stretch of the text stream.
 void StendiTabella(Stesura& Fatta, const Tabella& Questa, const AreaStampa& Area, FontDocumento& Font);
-
-/// Lines of a passage below each other from y 0; `Quale` is its number.
-[[nodiscard]] std::vector<RigaStesa> RigheDi(const Brano& Questo, int Quale);

@@ -1,6 +1,7 @@
 #include "print/writers/formatabella.h"
 
 #include "platform/document/larghezzecolonne.h"
+#include "print/writers/misuretesto.h"
 
 #include <algorithm>
 
@@ -8,45 +9,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool Vuota(const Cella& Questa)
-{
-    return std::all_of(Questa.Testo.begin(), Questa.Testo.end(), [](QChar C) { return C.isSpace(); });
-}
-
-bool Filetto(const Cella& Questa)
-{
-    return !Questa.Testo.isEmpty() &&
-           std::all_of(Questa.Testo.begin(), Questa.Testo.end(), [](QChar C) { return C == u'_'; });
-}
-
-// ---- widths
-
 constexpr double MezzoMargineCm = 0.075;
+constexpr double CmPerPunto = 2.54 / 72.0;
 
-/// The advance of what numbers and rules are made of, in ems of the fonts with serifs and of those without;
-/// 0 for any other character.
-double QuotaEm(QChar C, bool Bastoni)
+/// What numbers and rules are made of.
+bool DaNumero(QStringView Parola)
 {
-    if (C.isDigit() || C == u'_')
-        return Bastoni ? 0.556 : 0.5;
-    if (C == u'.' || C == u',')
-        return Bastoni ? 0.278 : 0.25;
-    return C == u'-' || C == u'(' || C == u')' ? 0.333 : 0.0;
-}
-
-/// Width of what is made of digits and their signs, in centimetres; 0 for a word.
-double LarghezzaNumero(QStringView Parola, const Carattere& Font)
-{
-    constexpr double CmPerPunto = 2.54 / 72.0;
-    const bool Bastoni = Font.Nome.contains("Arial"_L1) || Font.Nome.contains("Sans"_L1);
-    double Em = 0.0;
-    for (const QChar C : Parola) {
-        const double Suo = QuotaEm(C, Bastoni);
-        if (Suo <= 0.0)
-            return 0.0;
-        Em += Suo;
-    }
-    return Em * Font.Punti * CmPerPunto;
+    return std::all_of(Parola.begin(), Parola.end(), [](QChar C) {
+        return C.isDigit() || C == u'_' || C == u'.' || C == u',' || C == u'-' || C == u'(' || C == u')';
+    });
 }
 
 /// The room that a column needs for the widest of its numbers, which would be read wrong if they were broken.
@@ -59,45 +30,58 @@ double LarghezzaNecessaria(const Tabella& Questa, std::size_t Colonna)
     for (const RigaTabella& Riga : Questa.Righe) {
         if (Colonna >= Riga.size() || Riga[Colonna].Unione != 1)
             continue;
-        const Cella& Una = Riga[Colonna];
-        const bool DiImporti = Una.Allinea == Allineamento::Destra || Una.Allinea == Allineamento::Centro;
-        for (const QStringView Parola : QStringView(Una.Testo).split(u' '))
-            if (DiImporti || Parola.size() <= MassimoSegni)
-                Massima = std::max(Massima, LarghezzaNumero(Parola, Una.Font));
+        const Cella& Singola = Riga[Colonna];
+        const bool DiImporti =
+            Singola.Allinea == Allineamento::Destra || Singola.Allinea == Allineamento::Centro;
+        for (const QStringView Parola : QStringView(Singola.Testo).split(u' '))
+            if (DaNumero(Parola) && (DiImporti || Parola.size() <= MassimoSegni))
+                Massima = std::max(Massima, LarghezzaTesto(Parola, Singola.Font));
     }
-    const MarginiCella Suoi = MarginiDi(Questa, Colonna);
-    return Massima > 0.0 ? Massima + Suoi.PrimaCm + Suoi.DopoCm + Agio : 0.0;
+    const MarginiCella Margini = MarginiDi(Questa, Colonna);
+    return Massima > 0.0 ? Massima + Margini.PrimaCm + Margini.DopoCm + Agio : 0.0;
+}
+
+// ---- heights
+
+double AltezzaPunti(const Paragrafo& Questo, double LarghezzaCm)
+{
+    const Carattere& Font = Questo.Tratti.empty() ? Questo.Font : Questo.Tratti.front().Font;
+    const double Utile = LarghezzaCm - Questo.Spazi.SinistroCm - Questo.Spazi.DestroCm;
+    double Riga = AltezzaRigaPunti(Font) * std::max(Questo.Righe.Multipla, 1.0);
+    Riga =
+        Questo.Righe.EsattaPunti > 0.0 ? Questo.Righe.EsattaPunti : std::max(Riga, Questo.Righe.AlmenoPunti);
+    return Riga * RigheTesto(Questo.Testo(), Font, Utile) + Questo.Spazi.SopraPunti + Questo.Spazi.SottoPunti;
+}
+
+double AltezzaPunti(const Cella& Questa, double LarghezzaCm)
+{
+    if (Questa.Paragrafi.empty())
+        return AltezzaRigaPunti(Questa.Font) * RigheTesto(Questa.Testo, Questa.Font, LarghezzaCm);
+    double Somma = 0.0;
+    for (const Paragrafo& Singolo : Questa.Paragrafi)
+        Somma += AltezzaPunti(Singolo, LarghezzaCm);
+    return Somma;
+}
+
+double AltezzaPunti(const Tabella& Questa, std::size_t Quale, const std::vector<double>& Larghezze)
+{
+    const RigaTabella& Riga = Questa.Righe[Quale];
+    double Massima = 0.0;
+    for (std::size_t Colonna = 0; Colonna < Riga.size(); Colonna += ColonneCoperte(Riga, Colonna)) {
+        const MarginiCella Margini = MarginiDi(Questa, Colonna);
+        double Larga = -Margini.PrimaCm - Margini.DopoCm;
+        for (std::size_t i = Colonna; i < Colonna + ColonneCoperte(Riga, Colonna); ++i)
+            Larga += Larghezze[i];
+        Massima = std::max(Massima, AltezzaPunti(Riga[Colonna], Larga));
+    }
+    return RigaDiFiletti(Questa, Quale) ? Massima * QuotaRigaFiletti : Massima;
 }
 
 }  // namespace
 
-std::size_t ColonneCoperte(const RigaTabella& Riga, std::size_t Colonna)
-{
-    return std::clamp<std::size_t>(static_cast<std::size_t>(std::max(Riga[Colonna].Unione, 1)), 1,
-                                   Riga.size() - Colonna);
-}
-
-bool RigaBianca(const RigaTabella& Riga)
-{
-    return std::all_of(Riga.begin(), Riga.end(), Vuota);
-}
-
-bool RigaDiFiletti(const RigaTabella& Riga)
-{
-    return !RigaBianca(Riga) &&
-           std::all_of(Riga.begin(), Riga.end(), [](const Cella& Una) { return Vuota(Una) || Filetto(Una); });
-}
-
-std::size_t RigheDiTitoli(const Tabella& Questa)
-{
-    const bool Titoli = Questa.Righe.size() > 2 && !RigaBianca(Questa.Righe[0]) &&
-                        RigaBianca(Questa.Righe[1]) && !RigaBianca(Questa.Righe[2]);
-    return Titoli ? 2 : 0;
-}
-
 MarginiCella MarginiDi(const Tabella& Questa, std::size_t Colonna)
 {
-    if (Questa.Bordo > 0)
+    if (ConLinee(Questa))
         return {MezzoMargineCm, MezzoMargineCm};
     return {Colonna == 0 ? 0.0 : 2.0 * MezzoMargineCm, 0.0};
 }
@@ -113,17 +97,26 @@ std::vector<double> LarghezzeEntro(const Tabella& Questa, double MassimaCm)
     std::vector<double> Necessarie;
     Necessarie.reserve(Tutte.size());
     for (std::size_t Colonna = 0; Colonna < Tutte.size(); ++Colonna)
-        Necessarie.push_back(LarghezzaNecessaria(Questa, Colonna));
+        Necessarie.push_back(Questa.Letterale ? 0.0 : LarghezzaNecessaria(Questa, Colonna));
     return LarghezzeColonne(Tutte, Necessarie, MassimaCm);
 }
 
-bool UnitaAllaSeguente(const Tabella& Questa, std::size_t Riga)
+bool TabellaIntera(const Tabella& Questa, const Documento& Doc, const Carta& Foglio)
 {
-    if (Riga + 1 >= Questa.Righe.size())
-        return Questa.ConSeguente;
-    // Where nothing is repeated the table is a head or a summary, which is read in one piece.
-    return RigheDiTitoli(Questa) == 0 || Riga < RigheDiTitoli(Questa) || RigaDiFiletti(Questa.Righe[Riga]) ||
-           RigaDiFiletti(Questa.Righe[Riga + 1]);
+    if (RigheDiTitoli(Questa) > 0)
+        return false;
+    const std::vector<double> Larghezze = LarghezzeEntro(Questa, LarghezzaTestoCm(Doc, Foglio));
+    double Punti = 0.0;
+    for (std::size_t Riga = 0; Riga < Questa.Righe.size(); ++Riga)
+        Punti += AltezzaPunti(Questa, Riga, Larghezze);
+    const double PaginaCm = Foglio.AltezzaMm / 10.0 - Doc.MargineAltoCm - Doc.MargineBassoCm;
+    return Punti * CmPerPunto <= PaginaCm * QuotaTabellaIntera;
+}
+
+bool UnitaAllaSeguente(const Tabella& Questa, std::size_t Riga, bool Intera)
+{
+    return Riga + 1 < Questa.Righe.size() ? UnitaAllaPrecedente(Questa, Riga + 1, Intera)
+                                          : Questa.ConSeguente;
 }
 
 double LarghezzaTestoCm(const Documento& Doc, const Carta& Foglio)

@@ -1,25 +1,10 @@
 // What the writers of documents ask about a table.
 #pragma once
 
-#include "platform/document/superficie.h"
+#include "platform/document/righetabella.h"
 
 #include <cstddef>
 #include <vector>
-
-using RigaTabella = std::vector<Cella>;
-
-/// Columns that the cell at this place covers; at least itself, at most to the last.
-[[nodiscard]] std::size_t ColonneCoperte(const RigaTabella& Riga, std::size_t Colonna);
-
-/// No cell has a text.
-[[nodiscard]] bool RigaBianca(const RigaTabella& Riga);
-
-/// Nothing but rules ("____"): the figures below belong to those above.
-[[nodiscard]] bool RigaDiFiletti(const RigaTabella& Riga);
-
-/// Rows at the top that a new page repeats: the headings and the blank row below them, when the table begins
-/// so and has more; else none.
-[[nodiscard]] std::size_t RigheDiTitoli(const Tabella& Questa);
 
 /// The room that a cell's text leaves free on either side, in centimetres. Without lines the whole gap stands
 /// before a column, as on the printed page: amounts end where their column does.
@@ -36,8 +21,13 @@ struct MarginiCella
 /// fonts.
 [[nodiscard]] std::vector<double> LarghezzeEntro(const Tabella& Questa, double MassimaCm);
 
+/// A table without headings that takes so little of a page that it is not divided; its height is reckoned as
+/// the pages would have it.
+[[nodiscard]] bool TabellaIntera(const Tabella& Questa, const Documento& Doc, const Carta& Foglio);
+
 /// A row together with the one below it, on the same page.
-[[nodiscard]] bool UnitaAllaSeguente(const Tabella& Questa, std::size_t Riga);
+/// @param Intera of the table: TabellaIntera
+[[nodiscard]] bool UnitaAllaSeguente(const Tabella& Questa, std::size_t Riga, bool Intera);
 
 /// Centimetres between the margins of a sheet; two at least.
 [[nodiscard]] double LarghezzaTestoCm(const Documento& Doc, const Carta& Foglio);

@@ -1,7 +1,7 @@
 // A composed document as one HTML page.
 #pragma once
 
-#include "platform/document/superficie.h"
+#include "platform/document/documento.h"
 
 #include <QByteArray>
 #include <QString>

@@ -1,7 +1,7 @@
 // A composed document as rich text, which word processors open.
 #pragma once
 
-#include "platform/document/superficie.h"
+#include "platform/document/documento.h"
 
 #include <QByteArray>
 #include <QString>

@@ -1,5 +1,7 @@
 #include "print/writers/scrittoretesto.h"
 
+#include "platform/document/righetabella.h"
+
 #include <QStringList>
 
 #include <algorithm>
@@ -110,15 +112,76 @@ qsizetype Rientro(Allineamento Come, qsizetype Lunghezza, qsizetype Larghezza)
 
 // ---- paragraphs -------------------------------------------------------------------------------------
 
-/// Blanks for tabs, to stops that stand so far apart.
-QString SenzaTabulazioni(const QString& Testo, qsizetype Distanza)
+/// The text of a paragraph. What is struck out is said to be, since plain text cannot show it: a clause that
+/// the parties have crossed out must not be read as agreed.
+QString ConBarrature(const Paragrafo& Questo)
+{
+    QString Testo;
+    bool Barrato = false;
+    const auto Passa = [&](bool Nuovo) {
+        if (Nuovo != Barrato)
+            Testo += Nuovo ? u"[barrato: "_s : u"]"_s;
+        Barrato = Nuovo;
+    };
+    for (const Tratto& Singolo : Questo.Tratti) {
+        Passa(Singolo.Font.Barrato);
+        Testo += Singolo.Testo;
+    }
+    Passa(false);
+    return Testo;
+}
+
+qsizetype InColonne(double Cm)
+{
+    return qRound(Cm * CaratteriPerCm);
+}
+
+/// The stop that a tab in this column leads to; none behind the last one of the paragraph.
+const Fermo* FermoDopo(qsizetype Colonna, const Paragrafo& Questo)
+{
+    const qsizetype Sinistra = InColonne(Questo.Spazi.SinistroCm);
+    const auto Dopo = std::ranges::find_if(Questo.Fermi, [&](const Fermo& Singolo) {
+        return InColonne(Singolo.Cm) - Sinistra > Colonna && InColonne(Singolo.Cm) < ColonneTesto;
+    });
+    return Dopo == Questo.Fermi.end() ? nullptr : &*Dopo;
+}
+
+/// Columns that a tab takes when what follows it stands at the stop as the stop asks.
+qsizetype ColonneDiTabulazione(const Fermo& Verso, qsizetype Libere, QStringView Seguente)
+{
+    const auto Fine =
+        std::find_if(Seguente.begin(), Seguente.end(), [](QChar C) { return C == u'\t' || C == u'\n'; });
+    const qsizetype Lungo = Fine - Seguente.begin();
+    qsizetype Arretra = 0;
+    if (Verso.Come == Fermo::Destra)
+        Arretra = Lungo;
+    else if (Verso.Come == Fermo::Centro)
+        Arretra = Lungo / 2;
+    else if (Verso.Come == Fermo::Decimale)
+        Arretra = Seguente.first(Lungo).contains(u',') ? Seguente.indexOf(u',') : Lungo;
+    return std::max<qsizetype>(Libere - Arretra, 1);
+}
+
+/// Blanks for tabs, or what fills the way to their stops; without stops they stand so far apart.
+QString SenzaTabulazioni(const QString& Testo, const Paragrafo& Questo, qsizetype Distanza)
 {
     QString Fatto;
     qsizetype Colonna = 0;
-    for (const QChar C : Testo) {
-        const qsizetype Bianchi = C == u'\t' ? Distanza - Colonna % Distanza : 0;
-        Fatto += Bianchi > 0 ? QString(Bianchi, u' ') : QString(C);
-        Colonna = C == u'\n' ? 0 : Colonna + std::max<qsizetype>(Bianchi, 1);
+    for (qsizetype i = 0; i < Testo.size(); ++i) {
+        if (Testo[i] != u'\t') {
+            Fatto += Testo[i];
+            Colonna = Testo[i] == u'\n' ? 0 : Colonna + 1;
+            continue;
+        }
+        qsizetype Quante = Distanza - Colonna % Distanza;
+        char16_t Riempie = 0;
+        if (const Fermo* Verso = FermoDopo(Colonna, Questo)) {
+            const qsizetype Libere = InColonne(Verso->Cm) - InColonne(Questo.Spazi.SinistroCm) - Colonna;
+            Quante = ColonneDiTabulazione(*Verso, Libere, QStringView(Testo).sliced(i + 1));
+            Riempie = Verso->Riempie;
+        }
+        Fatto += QString(Quante, Riempie == 0 ? QChar(u' ') : QChar(Riempie));
+        Colonna += Quante;
     }
     return Fatto;
 }
@@ -135,7 +198,7 @@ void Scrivi(const Paragrafo& Questo, QString& Uscita)
     const qsizetype Larga =
         std::max(ColonneTesto - Sinistro - Colonne(Questo.Spazi.DestroCm), ColonneTesto / 4);
 
-    const QString Testo = SenzaTabulazioni(Questo.Testo(), Sporge > 0 ? Sporge : Tabulazione);
+    const QString Testo = SenzaTabulazioni(ConBarrature(Questo), Questo, Sporge > 0 ? Sporge : Tabulazione);
     QStringList Fatte;
     for (const QStringView Riga : QString(QString(std::max(Prima - Sinistro, 0), u' ') + Testo).split(u'\n'))
         AvvolgiRiga(Riga, Larga, Fatte, Fatte.isEmpty() ? Sporge : 0);
@@ -152,13 +215,6 @@ void Scrivi(const Paragrafo& Questo, QString& Uscita)
 /// Widths of a table's columns in characters, the blank that ends each included.
 using Larghezze = std::vector<qsizetype>;
 
-/// Columns that the cell at this place covers; at least itself.
-std::size_t Coperte(const std::vector<Cella>& Riga, std::size_t Colonna)
-{
-    return std::clamp<std::size_t>(static_cast<std::size_t>(std::max(Riga[Colonna].Unione, 1)), 1,
-                                   Riga.size() - Colonna);
-}
-
 qsizetype Somma(const Larghezze& Tutte, std::size_t Da, std::size_t Quante)
 {
     qsizetype Totale = 0;
@@ -169,10 +225,10 @@ qsizetype Somma(const Larghezze& Tutte, std::size_t Da, std::size_t Quante)
 
 /// Widens the last of the columns of a cell until its widest word and a blank fit. Looks at single cells
 /// or at spanning ones.
-void Allarga(Larghezze& Tutte, const std::vector<Cella>& Riga, bool Unite)
+void Allarga(Larghezze& Tutte, const RigaTabella& Riga, bool Unite)
 {
-    for (std::size_t Colonna = 0; Colonna < Riga.size(); Colonna += Coperte(Riga, Colonna)) {
-        const std::size_t Quante = Coperte(Riga, Colonna);
+    for (std::size_t Colonna = 0; Colonna < Riga.size(); Colonna += ColonneCoperte(Riga, Colonna)) {
+        const std::size_t Quante = ColonneCoperte(Riga, Colonna);
         const qsizetype Minima = LarghezzaMinima(Riga[Colonna].Testo);
         if ((Quante > 1) != Unite || Minima == 0)
             continue;
@@ -187,9 +243,20 @@ Larghezze LarghezzeDi(const Tabella& Questa)
     for (const double Cm : Questa.LarghezzeCm)
         Tutte.push_back(qRound(Cm * CaratteriPerCm));
     for (const bool Unite : {false, true})  // what spans is measured on columns that have their width
-        for (const std::vector<Cella>& Riga : Questa.Righe)
+        for (const RigaTabella& Riga : Questa.Righe)
             Allarga(Tutte, Riga, Unite);
     return Tutte;
+}
+
+/// The text of a cell, with what is struck out in its paragraphs.
+QString TestoCella(const Cella& Questa)
+{
+    if (Questa.Paragrafi.empty())
+        return Questa.Testo;
+    QStringList Testi;
+    for (const Paragrafo& Singolo : Questa.Paragrafi)
+        Testi += ConBarrature(Singolo);
+    return Testi.join(u'\n');
 }
 
 /// Puts the lines of a cell below each other from the left edge `Da`.
@@ -205,14 +272,14 @@ void Posa(QStringList& Righe, const QStringList& Testi, Allineamento Come, qsize
     }
 }
 
-void Scrivi(const std::vector<Cella>& Riga, const Larghezze& Tutte, QString& Uscita)
+void Scrivi(const RigaTabella& Riga, const Larghezze& Tutte, QString& Uscita)
 {
     QStringList Righe{QString()};
     qsizetype Da = 0;
-    for (std::size_t Colonna = 0; Colonna < Riga.size(); Colonna += Coperte(Riga, Colonna)) {
-        const qsizetype Larga = Somma(Tutte, Colonna, Coperte(Riga, Colonna));
+    for (std::size_t Colonna = 0; Colonna < Riga.size(); Colonna += ColonneCoperte(Riga, Colonna)) {
+        const qsizetype Larga = Somma(Tutte, Colonna, ColonneCoperte(Riga, Colonna));
         const qsizetype Utile = std::max<qsizetype>(Larga - 1, 0);
-        Posa(Righe, Avvolgi(Riga[Colonna].Testo, Utile), Riga[Colonna].Allinea, Da, Utile);
+        Posa(Righe, Avvolgi(TestoCella(Riga[Colonna]), Utile), Riga[Colonna].Allinea, Da, Utile);
         Da += Larga;
     }
     for (const QString& Una : std::as_const(Righe))
@@ -222,7 +289,7 @@ void Scrivi(const std::vector<Cella>& Riga, const Larghezze& Tutte, QString& Usc
 void Scrivi(const Tabella& Questa, QString& Uscita)
 {
     const Larghezze Tutte = LarghezzeDi(Questa);
-    for (const std::vector<Cella>& Riga : Questa.Righe)
+    for (const RigaTabella& Riga : Questa.Righe)
         Scrivi(Riga, Tutte, Uscita);
 }
 

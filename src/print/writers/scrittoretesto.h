@@ -1,7 +1,7 @@
 // A composed document as plain text.
 #pragma once
 
-#include "platform/document/superficie.h"
+#include "platform/document/documento.h"
 
 #include <QString>
 
@@ -18,7 +18,8 @@ constexpr int ColonneTesto = 88;
 /// with a word or an amount wider than itself grows, so that nothing is cut. A spanning cell has the joint
 /// width of its columns, the last of which grows for it. Lines of tables are not drawn.
 ///
-/// Indents take 5 characters per centimetre; a tab leads to the left indent where the first line hangs out of
-/// it, else to the next of stops 6 characters apart. Room above and below paragraphs is left out, and so is
-/// the running line, which needs pages.
+/// What is struck out stands in "[barrato: ...]". Indents and tab stops take 5 characters per centimetre;
+/// without stops a tab leads to the left indent where the first line hangs out of it, else to the next of
+/// stops 6 characters apart. Room above and below paragraphs is left out, and so is the running line, which
+/// needs pages.
 [[nodiscard]] QString ScriviTesto(const Documento& Doc);

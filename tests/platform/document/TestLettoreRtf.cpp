@@ -1,6 +1,6 @@
 #include "supporto/prova.h"
 
-#include "platform/document/lettorertf.h"
+#include "letture.h"
 
 #include <QElapsedTimer>
 #include <QRegularExpression>
@@ -16,19 +16,15 @@ QString Rtf(const QString& Corpo)
            Corpo + u'}';
 }
 
-/// Texts of the paragraphs, each ended by "|".
 QString Testi(const QString& Intero)
 {
-    QString Tutti;
-    for (const Paragrafo& Uno : LeggiRtf(Intero))
-        Tutti += Uno.Testo() + u'|';
-    return Tutti;
+    return letture::Testi(LeggiRtf(Intero));
 }
 
 /// The only paragraph of a body.
 Paragrafo Solo(const QString& Corpo)
 {
-    const std::vector<Paragrafo> Letti = LeggiRtf(Rtf(Corpo));
+    const std::vector<Paragrafo> Letti = letture::ParagrafiRtf(Rtf(Corpo));
     return Letti.size() == 1 ? Letti.front() : Paragrafo();
 }
 
@@ -39,7 +35,11 @@ QString Tratti(const Paragrafo& Questo)
     for (const Tratto& Uno : Questo.Tratti) {
         const Carattere& F = Uno.Font;
         Tutti += Uno.Testo + u'<' + (F.Grassetto ? u"b"_s : QString()) + (F.Corsivo ? u"i"_s : QString()) +
-                 (F.Sottolineato ? u"u"_s : QString()) + QString::number(F.Punti) + u' ' + F.Nome + u'>';
+                 (F.Sottolineato ? u"u"_s : QString()) + (F.Barrato ? u"-"_s : QString()) +
+                 (F.Posto == PostoRigo::Apice    ? u"^"_s
+                  : F.Posto == PostoRigo::Pedice ? u"_"_s
+                                                 : QString()) +
+                 QString::number(F.Punti) + u' ' + F.Nome + u'>';
     }
     return Tutti;
 }
@@ -71,6 +71,14 @@ private Q_SLOTS:
     void tempoLineare_data();
     void tempoLineare();
     void nomeDiFontSmisurato();
+    void fermi();
+    void distanzaDelleRighe_data();
+    void distanzaDelleRighe();
+    void tabelle_data();
+    void tabelle();
+    void larghezzeELineeDelleTabelle();
+    void celleConPiuParagrafi();
+    void tabelleSmisurate();
 };
 PROVA(TestLettoreRtf);
 
@@ -109,7 +117,7 @@ void TestLettoreRtf::testo_data()
         << u"{\\listtext\\pard\\plain 1.\\tab}uno\\par{\\pntext\\f2\\'b7\\tab}due\\par"_s
         << u"1.\tuno|•\tdue|"_s;
     QTest::newRow("a table's row") << u"\\trowd\\cellx100\\cellx200\\intbl a\\cell b\\cell\\row c\\par"_s
-                                   << u"a\tb|c|"_s;
+                                   << u"a/b/#c|"_s;
     QTest::newRow("a field's result") << u"{\\field{\\*\\fldinst PAGE}{\\fldrslt 3}}x\\par"_s << u"3x|"_s;
     QTest::newRow("a field's instruction")
         << u"{\\field{\\fldinst DATE}{\\fldrslt oggi}}\\par"_s << u"oggi|"_s;
@@ -156,6 +164,12 @@ void TestLettoreRtf::caratteri_data()
         << u"\\fs0 a\\fs99999 b\\fs-3 c"_s << u"a<1 Georgia>b<200 Georgia>c<1 Georgia>"_s;
     QTest::newRow("a font that is not in the table") << u"\\f77 a"_s << u"a<12 Georgia>"_s;
     QTest::newRow("signs in the document's font") << u"{\\f2\\'b7}a"_s << u"•a<12 Georgia>"_s;
+    QTest::newRow("struck out") << u"a{\\strike b}\\striked1 c\\striked0 d"_s
+                                << u"a<12 Georgia>bc<-12 Georgia>d<12 Georgia>"_s;
+    QTest::newRow("raised and lowered") << u"a{\\super 2}{\\sub 3}\\up6 b\\up0 c{\\super d\\nosupersub e}"_s
+                                        << u"a<12 Georgia>2<^12 Georgia>3<_12 Georgia>b<^12 Georgia>"
+                                           u"c<12 Georgia>d<^12 Georgia>e<12 Georgia>"_s;
+    QTest::newRow("plain ends them") << u"\\strike\\super a\\plain b"_s << u"a<-^12 Georgia>b<12 Georgia>"_s;
     QTest::newRow("the same font twice is one run") << u"a{\\b\\b0 b}c"_s << u"abc<12 Georgia>"_s;
     QTest::newRow("a switch between texts of none") << u"a\\b\\b0 b"_s << u"ab<12 Georgia>"_s;
 }
@@ -205,7 +219,7 @@ void TestLettoreRtf::rientri()
 void TestLettoreRtf::pagineNuove()
 {
     const std::vector<Paragrafo> Letti =
-        LeggiRtf(Rtf(u"a\\par\\page b\\par c\\page d\\par\\pagebb e\\par\\pard f\\par"_s));
+        letture::ParagrafiRtf(Rtf(u"a\\par\\page b\\par c\\page d\\par\\pagebb e\\par\\pard f\\par"_s));
     QString Visti;
     for (const Paragrafo& Uno : Letti)
         Visti += (Uno.NuovaPagina ? u"^"_s : QString()) + Uno.Testo();
@@ -290,24 +304,25 @@ onere \'e8 dovuto\par {\pntext\pard\plain\fs22 1.\tab}\pard \fi-360\li720
 void TestLettoreRtf::altriProgrammi()
 {
     QFETCH(QString, Intero);
-    const std::vector<Paragrafo> Letti = LeggiRtf(Intero);
-    QStringList Visti;
-    for (const Paragrafo& Uno : Letti)
-        Visti += Uno.Testo().replace(u'\t', u'>').trimmed();
-    QCOMPARE(Visti, (QStringList{u"Art. 3 - L’onere è dovuto"_s, Visti.value(1), u"a>b"_s, u"fine"_s}));
-    QVERIFY2(QRegularExpression(u"^>?1\\.>primo$"_s).match(Visti[1]).hasMatch(), qPrintable(Visti[1]));
+    const std::vector<BloccoDocumento> Tutti = LeggiRtf(Intero);
+    const QString Visti = letture::Testi(Tutti).replace(u'\t', u'>');
+    QVERIFY2(QRegularExpression(u"^Art\\. 3 - L’onere è dovuto\\|>?1\\.>primo\\|a/b/#fine\\|$"_s)
+                 .match(Visti)
+                 .hasMatch(),
+             qPrintable(Visti));
+    const std::vector<Paragrafo> Letti = letture::Paragrafi(Tutti);
     QCOMPARE(Tratti(Letti[0]), u"Art. 3<b11 Georgia> - L’onere è dovuto<11 Georgia>"_s);
     QCOMPARE(Letti[0].Allinea, Allineamento::Giustificato);
     QCOMPARE(Letti[0].Spazi.SottoPunti, 8.0);
     QVERIFY(qAbs(Letti[1].Spazi.SinistroCm - 1.27) < 0.01);
     QVERIFY(qAbs(Letti[1].Spazi.PrimaRigaCm + 0.635) < 0.01);
-    QVERIFY(Letti[3].Tratti.front().Font.Sottolineato);
+    QVERIFY(Letti[2].Tratti.front().Font.Sottolineato);
 }
 
 void TestLettoreRtf::titoliConIlSeguente()
 {
     const std::vector<Paragrafo> Letti =
-        LeggiRtf(Rtf(u"\\keepn{\\b a}\\par b\\par\\keepn0 c\\par\\keepn\\pard d\\par"_s));
+        letture::ParagrafiRtf(Rtf(u"\\keepn{\\b a}\\par b\\par\\keepn0 c\\par\\keepn\\pard d\\par"_s));
     QString Visti;
     for (const Paragrafo& Uno : Letti)
         Visti += Uno.Testo() + (Uno.ConSeguente ? u"+"_s : QString());
@@ -321,7 +336,8 @@ void TestLettoreRtf::guasti_data()
 
     QTest::newRow("nothing") << QString() << QString();
     QTest::newRow("no rich text") << u"Art. 3"_s << QString();
-    QTest::newRow("blanks before it") << u" {\\rtf1 a}"_s << QString();
+    QTest::newRow("blanks before it") << u" \n{\\rtf1 a}"_s << u"a|"_s;
+    QTest::newRow("a mark for the order of bytes before it") << u"\ufeff{\\rtf1 a}"_s << u"a|"_s;
     QTest::newRow("the mark alone") << u"{\\rtf"_s << QString();
     QTest::newRow("an empty one") << u"{\\rtf1}"_s << QString();
     QTest::newRow("braces that never close") << u"{\\rtf1 a{\\b b{\\i c"_s << u"abc|"_s;
@@ -374,12 +390,13 @@ void TestLettoreRtf::limiti()
 {
     const QString Lungo = u"{\\rtf1 "_s + QString(MassimoCaratteriRtf + 10, u'a') + u"}"_s;
     QCOMPARE(Testi(Lungo).size(), MassimoCaratteriRtf + 1);
-    const std::vector<Paragrafo> Variopinto = LeggiRtf(u"{\\rtf1 "_s + u"{\\b a}b"_s.repeated(1000) + u"}"_s);
+    const std::vector<Paragrafo> Variopinto =
+        letture::ParagrafiRtf(u"{\\rtf1 "_s + u"{\\b a}b"_s.repeated(1000) + u"}"_s);
     QCOMPARE(Variopinto.size(), std::size_t{1});
     QCOMPARE(Variopinto[0].Tratti.size(), MassimoTrattiRtf);
     QCOMPARE(Variopinto[0].Testo(), u"ab"_s.repeated(1000));
     const std::size_t Troppi = MassimoParagrafiRtf + 10;
-    QCOMPARE(LeggiRtf(u"{\\rtf1 "_s + u"\\par"_s.repeated(qsizetype(Troppi)) + u"}"_s).size(),
+    QCOMPARE(letture::ParagrafiRtf(u"{\\rtf1 "_s + u"\\par"_s.repeated(qsizetype(Troppi)) + u"}"_s).size(),
              MassimoParagrafiRtf);
 }
 
@@ -407,7 +424,7 @@ void TestLettoreRtf::tempoLineare()
     const QString Grande = u"{\\rtf1\\fs"_s + Pezzo.repeated(Quanti / Pezzo.size());
     QElapsedTimer Tempo;
     Tempo.start();
-    const std::vector<Paragrafo> Letti = LeggiRtf(Grande);
+    const std::vector<Paragrafo> Letti = letture::ParagrafiRtf(Grande);
     QVERIFY(Letti.size() <= MassimoParagrafiRtf);
     QVERIFY2(Tempo.elapsed() < 8000, qPrintable(QString::number(Tempo.elapsed())));
 }
@@ -415,9 +432,146 @@ void TestLettoreRtf::tempoLineare()
 void TestLettoreRtf::nomeDiFontSmisurato()
 {
     const QString Nome = QString(1000 * 1000, u'x');
-    const std::vector<Paragrafo> Letti = LeggiRtf(u"{\\rtf1{\\fonttbl{\\f0 "_s + Nome + u";}}a}"_s);
+    const std::vector<Paragrafo> Letti =
+        letture::ParagrafiRtf(u"{\\rtf1{\\fonttbl{\\f0 "_s + Nome + u";}}a}"_s);
     QCOMPARE(Letti.size(), std::size_t{1});
     QVERIFY(Letti[0].Tratti[0].Font.Nome.size() <= 64);
+}
+
+void TestLettoreRtf::fermi()
+{
+    const QString Corpo = u"\\tqr\\tldot\\tx5670\\tx1134\\tqc\\tlul\\tx2268\\tqdec\\tx8505 a\\tab b\\par"_s;
+    const std::vector<Fermo> Letti = Solo(Corpo).Fermi;
+    const std::vector<Fermo> Attesi{{2.0, Fermo::Sinistra, 0},
+                                    {4.0, Fermo::Centro, u'_'},
+                                    {10.0, Fermo::Destra, u'.'},
+                                    {15.0, Fermo::Decimale, 0}};
+    QCOMPARE(Letti.size(), Attesi.size());
+    for (std::size_t i = 0; i < Letti.size(); ++i) {
+        QVERIFY(qAbs(Letti[i].Cm - Attesi[i].Cm) < 0.01);
+        QCOMPARE(Letti[i].Come, Attesi[i].Come);
+        QCOMPARE(Letti[i].Riempie, Attesi[i].Riempie);
+    }
+    QVERIFY(Solo(u"\\tx1134\\pard a\\par"_s).Fermi.empty());
+    QVERIFY(Solo(u"\\tx-9\\tx0\\tx999999999 a\\par"_s).Fermi.empty());
+    QCOMPARE(Solo(u"\\tx1134\\tqr\\tx1134 a\\par"_s).Fermi.size(), std::size_t{1});
+    QString Tanti;
+    for (int i = 1; i <= 100; ++i)
+        Tanti += u"\\tx%1"_s.arg(i * 50);
+    QCOMPARE(Solo(Tanti + u" a\\par"_s).Fermi.size(), MassimoFermiRtf);
+}
+
+void TestLettoreRtf::distanzaDelleRighe_data()
+{
+    QTest::addColumn<QString>("Corpo");
+    QTest::addColumn<double>("Multipla");
+    QTest::addColumn<double>("Almeno");
+    QTest::addColumn<double>("Esatta");
+    QTest::newRow("as the font has it") << u"a\\par"_s << 1.0 << 0.0 << 0.0;
+    QTest::newRow("double") << u"\\sl480\\slmult1 a\\par"_s << 2.0 << 0.0 << 0.0;
+    QTest::newRow("one and a half") << u"\\slmult1\\sl360 a\\par"_s << 1.5 << 0.0 << 0.0;
+    QTest::newRow("at least") << u"\\sl400\\slmult0 a\\par"_s << 1.0 << 20.0 << 0.0;
+    QTest::newRow("exactly") << u"\\sl-300\\slmult0 a\\par"_s << 1.0 << 0.0 << 15.0;
+    QTest::newRow("none asked for") << u"\\sl0\\slmult1 a\\par"_s << 1.0 << 0.0 << 0.0;
+    QTest::newRow("beyond sense") << u"\\sl2000000\\slmult1 a\\par"_s << 5.0 << 0.0 << 0.0;
+    QTest::newRow("a plain paragraph") << u"\\sl480\\slmult1\\pard a\\par"_s << 1.0 << 0.0 << 0.0;
+}
+
+void TestLettoreRtf::distanzaDelleRighe()
+{
+    QFETCH(QString, Corpo);
+    const Interlinea Righe = Solo(Corpo).Righe;
+    QTEST(Righe.Multipla, "Multipla");
+    QTEST(Righe.AlmenoPunti, "Almeno");
+    QTEST(Righe.EsattaPunti, "Esatta");
+}
+
+void TestLettoreRtf::tabelle_data()
+{
+    QTest::addColumn<QString>("Corpo");
+    QTest::addColumn<QString>("Attesi");
+    const QString Due = u"\\trowd\\cellx4000\\cellx8000"_s;
+    QTest::newRow("two rows are one table")
+        << Due + u"\\intbl a\\cell b\\cell\\row"_s + Due + u"\\intbl c\\cell d\\cell\\row\\pard e\\par"_s
+        << u"a/b/#c/d/#e|"_s;
+    QTest::newRow("a paragraph between them divides")
+        << Due + u"\\intbl a\\cell b\\cell\\row\\pard x\\par"_s + Due + u"\\intbl c\\cell d\\cell\\row"_s
+        << u"a/b/#x|c/d/#"_s;
+    QTest::newRow("paragraphs of a cell") << Due + u"\\intbl a\\par b\\cell c\\cell\\row"_s << u"a\nb/c/#"_s;
+    QTest::newRow("what a row divides comes behind its text")
+        << u"\\pard\\intbl a\\cell b\\cell"_s + Due + u"\\row\\pard"_s << u"a/b/#"_s;
+    QTest::newRow("cells that say nothing of themselves")
+        << u"\\intbl a\\cell b\\cell c\\cell\\row"_s << u"a/b/c/#"_s;
+    QTest::newRow("more cells than ends") << u"\\trowd\\cellx900\\intbl a\\cell b\\cell\\row"_s << u"a/b/#"_s;
+    QTest::newRow("more ends than cells") << Due + u"\\intbl a\\cell\\row"_s << u"a/#"_s;
+    QTest::newRow("joined cells") << u"\\trowd\\cellx900\\clmrg\\cellx1800\\intbl a\\cell b\\cell\\row"_s
+                                  << u"a\nb/#"_s;
+    QTest::newRow("text without a cell's end") << Due + u"\\intbl a\\cell b\\row\\pard"_s << u"a/b/#"_s;
+    QTest::newRow("a row that breaks off") << u"x\\par"_s + Due + u"\\intbl a\\cell b"_s << u"x|a/b/#"_s;
+    QTest::newRow("a table inside a cell")
+        << Due + u"\\intbl a\\par x\\nestcell y\\nestcell\\cell b\\cell\\row"_s << u"a\nx\ty\t/b/#"_s;
+    QTest::newRow("rows divided unlike")
+        << Due + u"\\intbl a\\cell b\\cell\\row\\trowd\\cellx2000\\cellx8000\\intbl c\\cell d\\cell\\row"_s
+        << u"a/b/#c/d/#"_s;
+    QTest::newRow("set in from the margin")
+        << u"\\trowd\\trleft1134\\cellx4000\\intbl a\\cell\\row"_s << u"/a/#"_s;
+}
+
+void TestLettoreRtf::tabelle()
+{
+    QFETCH(QString, Corpo);
+    QTEST(Testi(Rtf(Corpo)), "Attesi");
+}
+
+void TestLettoreRtf::larghezzeELineeDelleTabelle()
+{
+    const std::vector<BloccoDocumento> Letti = LeggiRtf(Rtf(
+        u"\\trowd\\trleft-108\\trbrdrt\\brdrs\\trbrdrl\\brdrs\\clbrdrb\\brdrs\\brdrw10\\cellx2160\\clbrdrr"
+        u"\\brdrnone\\cellx4428\\intbl a\\cell b\\cell\\row\\trowd\\trbrdrb\\brdrs\\trbrdrv\\brdrs"
+        u"\\trleft-108\\cellx1026\\cellx4428\\intbl c\\cell \\brdrb\\brdrs d\\cell\\row"_s));
+    QCOMPARE(Letti.size(), std::size_t{1});
+    const auto& Letta = std::get<Tabella>(Letti[0]);
+    QVERIFY(Letta.Letterale);
+    QCOMPARE(Letta.LarghezzeCm.size(), std::size_t{3});  // 2 cm, 2 cm, 4 cm
+    for (const auto& [Quale, Cm] : {std::pair(0, 2.0), std::pair(1, 2.0), std::pair(2, 4.0)})
+        QVERIFY2(qAbs(Letta.LarghezzeCm[std::size_t(Quale)] - Cm) < 0.01,
+                 qPrintable(QString::number(Letta.LarghezzeCm[std::size_t(Quale)])));
+    QCOMPARE(Letta.Righe[0][0].Unione, 2);
+    QCOMPARE(Letta.Righe[0][0].Linee, int(Cella::Alto) | Cella::Sinistro | Cella::Basso);
+    QCOMPARE(Letta.Righe[0][2].Linee, int(Cella::Alto));
+    QCOMPARE(Letta.Righe[1][0].Unione, 1);
+    QCOMPARE(Letta.Righe[1][0].Linee, int(Cella::Basso));
+    QCOMPARE(Letta.Righe[1][1].Unione, 2);
+    QCOMPARE(Letta.Righe[1][1].Linee, int(Cella::Basso) | Cella::Sinistro);
+}
+
+void TestLettoreRtf::celleConPiuParagrafi()
+{
+    const std::vector<BloccoDocumento> Letti = LeggiRtf(
+        Rtf(u"\\trowd\\cellx4000\\intbl\\qc{\\b Il Cliente}\\par\\sb400\\ql{\\strike via}\\cell\\row"_s));
+    const std::vector<Paragrafo>& Dentro = std::get<Tabella>(Letti.at(0)).Righe.at(0).at(0).Paragrafi;
+    QCOMPARE(Dentro.size(), std::size_t{2});
+    QCOMPARE(Dentro[0].Allinea, Allineamento::Centro);
+    QVERIFY(Dentro[0].Tratti.front().Font.Grassetto);
+    QCOMPARE(Dentro[1].Allinea, Allineamento::Sinistra);
+    QCOMPARE(Dentro[1].Spazi.SopraPunti, 20.0);
+    QVERIFY(Dentro[1].Tratti.front().Font.Barrato);
+}
+
+/// Rows of one cell each in a table that is divided in many columns would take room with their product.
+void TestLettoreRtf::tabelleSmisurate()
+{
+    QString Corpo = u"\\trowd"_s;
+    for (int i = 1; i <= 64; ++i)
+        Corpo += u"\\cellx%1"_s.arg(i * 120);
+    Corpo += u"\\intbl "_s + u"a\\cell "_s.repeated(64) + u"\\row\\trowd\\cellx9000 "_s;
+    Corpo += u"b\\cell\\row "_s.repeated(100 * 1000);
+    std::size_t Celle = 0;
+    for (const BloccoDocumento& Blocco : LeggiRtf(Rtf(Corpo)))
+        for (const std::vector<Cella>& Riga : std::get<Tabella>(Blocco).Righe)
+            Celle += Riga.size();
+    QVERIFY(Celle > 1000);
+    QVERIFY2(Celle <= 2 * MassimoParagrafiRtf, qPrintable(QString::number(Celle)));
 }
 
 #include "TestLettoreRtf.moc"

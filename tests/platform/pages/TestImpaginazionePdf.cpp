@@ -47,6 +47,8 @@ private Q_SLOTS:
     void titoliRipetutiENumeroDiOgniPagina();
     void tuttiIFontIncorporati();
     void titoloEFoglio();
+    void autoreOggettoELingua();
+    void siLeggeRigaPerRiga();
     void leRigheStannoDovePromesso();
     void ilPiePaginaStaNelMargine_data();
     void ilPiePaginaStaNelMargine();
@@ -69,7 +71,9 @@ void TestImpaginazionePdf::ilTestoEQuelloComposto()
         Sue.resize(Sue.size() - 2);  // the running line
         Lette += Sue;
     }
-    QCOMPARE(Lette, Parole(Fatta.Testo()));
+    QStringList Attese = Parole(Fatta.Testo());
+    QCOMPARE(Attese.removeAll(u"________"_s), 1);  // the rule is drawn
+    QCOMPARE(Lette, Attese);
 }
 
 void TestImpaginazionePdf::titoliRipetutiENumeroDiOgniPagina()
@@ -101,6 +105,38 @@ void TestImpaginazionePdf::titoloEFoglio()
     QVERIFY2(Dati.contains(QRegularExpression(u"Title: +Prenotula - Rossi è Verdi\n"_s)), qPrintable(Dati));
     QVERIFY2(Dati.contains(QRegularExpression(u"Pages: +3\n"_s)), qPrintable(Dati));
     QVERIFY2(Dati.contains(u"(A4)"_s), qPrintable(Dati));
+}
+
+void TestImpaginazionePdf::autoreOggettoELingua()
+{
+    Superficie vp;
+    PreparaPagina(vp);
+    vp.Author(u"Avv. Giulia Però"_s);
+    vp.Subject(u"recupero (di un credito)"_s);
+    vp.Paragraph(u"testo"_s);
+    const QByteArray Pdf = Impaginazione(Finito(vp)).Pdf(u"Prenotula"_s);
+    const QString Dati = pagine::Leggi(u"pdfinfo"_s, {u"%"_s}, Pdf);
+    QVERIFY2(Dati.contains(QRegularExpression(u"Title: +Prenotula\n"_s)), qPrintable(Dati));
+    QVERIFY2(Dati.contains(QRegularExpression(u"Author: +Avv\\. Giulia Però\n"_s)), qPrintable(Dati));
+    QVERIFY2(Dati.contains(QRegularExpression(u"Subject: +recupero \\(di un credito\\)\n"_s)),
+             qPrintable(Dati));
+    QVERIFY(Pdf.contains("/Lang (it-IT)"));
+    QCOMPARE(pagine::ParoleDiPagina(Pdf, 1), QStringList(u"testo"_s));
+
+    // What is not known is left out.
+    const QString Senza = pagine::Leggi(u"pdfinfo"_s, {u"%"_s}, TrePagine().Pdf(u"x"_s));
+    QVERIFY2(!Senza.contains(u"Author"_s) && !Senza.contains(u"Subject"_s), qPrintable(Senza));
+}
+
+/// Read by its letters, each row is a row: rules are drawn and join no figure.
+void TestImpaginazionePdf::siLeggeRigaPerRiga()
+{
+    const QString Letto =
+        pagine::Leggi(u"pdftotext"_s, {u"-layout"_s, u"%"_s, u"-"_s}, TrePagine().Pdf(u"x"_s));
+    QVERIFY(!Letto.contains(u'_'));
+    QVERIFY2(Letto.contains(QRegularExpression(u"\n *Voce 1 +1\\.?001,00 *\n"_s)),
+             qPrintable(Letto.left(600)));
+    QVERIFY2(Letto.contains(QRegularExpression(u"\n *99\\.999,99 *\n"_s)), qPrintable(Letto.right(600)));
 }
 
 void TestImpaginazionePdf::leRigheStannoDovePromesso()

@@ -50,7 +50,7 @@ private Q_SLOTS:
     void copia();
     void cerca_data();
     void cerca();
-    void cercaAvantiEIndietro();
+    void cercaTutteInOrdine();
     void paginaDelPosto();
     void postiFuoriDalTesto();
 };
@@ -212,28 +212,19 @@ void TestImpaginazioneTesto::cerca()
     QFETCH(QString, Cercato);
     QFETCH(QString, Trovato);
     const Impaginazione Fatta = Esempio();
-    const std::optional<Selezione> Avanti = Fatta.CercaAvanti(Cercato, 0);
-    QCOMPARE(Avanti.has_value(), !Trovato.isEmpty());
-    QCOMPARE(Fatta.CercaIndietro(Cercato, Fatta.Testo().size()).has_value(), !Trovato.isEmpty());
-    if (Avanti)
-        QCOMPARE(Fatta.Testo().mid(Avanti->Da, Avanti->A - Avanti->Da), Trovato);
+    const QList<Selezione> Trovati = Fatta.CercaTutte(Cercato);
+    QCOMPARE(Trovati.isEmpty(), Trovato.isEmpty());
+    if (!Trovati.isEmpty())
+        QCOMPARE(Fatta.Testo().mid(Trovati[0].Da, Trovati[0].A - Trovati[0].Da), Trovato);
 }
 
-void TestImpaginazioneTesto::cercaAvantiEIndietro()
+void TestImpaginazioneTesto::cercaTutteInOrdine()
 {
     Superficie vp;
     PreparaPagina(vp);
     vp.Paragraph(u"perché Perché PERCHÉ"_s);
     const Impaginazione Fatta(Finito(vp));
-    QCOMPARE(Fatta.CercaTutte(u"perché"_s).size(), 3);
-    QCOMPARE(Fatta.CercaAvanti(u"perché"_s, 0), (Selezione{0, 6}));
-    QCOMPARE(Fatta.CercaAvanti(u"perché"_s, 1), (Selezione{7, 13}));
-    QCOMPARE(Fatta.CercaAvanti(u"perché"_s, 15), std::nullopt);
-    QCOMPARE(Fatta.CercaIndietro(u"perché"_s, 20), (Selezione{14, 20}));
-    QCOMPARE(Fatta.CercaIndietro(u"perché"_s, 19), (Selezione{7, 13}));
-    QCOMPARE(Fatta.CercaIndietro(u"perché"_s, 5), std::nullopt);
-    QCOMPARE(Fatta.CercaAvanti(u"perché"_s, -7), (Selezione{0, 6}));
-    QCOMPARE(Fatta.CercaAvanti(u"perché"_s, 999), std::nullopt);
+    QCOMPARE(Fatta.CercaTutte(u"perché"_s), (QList<Selezione>{{0, 6}, {7, 13}, {14, 20}}));
 }
 
 void TestImpaginazioneTesto::paginaDelPosto()

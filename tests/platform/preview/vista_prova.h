@@ -38,10 +38,10 @@ struct Scena
 
     [[nodiscard]] Selezione Dove(const QString& Testo) const
     {
-        const auto Trovato = vp.Pagine().CercaAvanti(Testo, 0);
-        if (!Trovato)
+        const QList<Selezione> Trovati = vp.Pagine().CercaTutte(Testo);
+        if (Trovati.isEmpty())
             QTest::qFail(qPrintable(QStringLiteral("manca ") + Testo), __FILE__, __LINE__);
-        return Trovato.value_or(Selezione());
+        return Trovati.value(0);
     }
     [[nodiscard]] QRect Riquadro(const QString& Testo) const
     {

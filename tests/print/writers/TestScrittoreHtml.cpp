@@ -1,5 +1,6 @@
 #include "supporto/prova.h"
 
+#include "platform/document/superficie.h"
 #include "print/campioni.h"
 #include "print/modStampe.h"
 #include "print/writers/scrittorehtml.h"

@@ -1,6 +1,7 @@
 #include "supporto/prova.h"
 
-#include "platform/document/lettorertf.h"
+#include "platform/document/letture.h"
+#include "platform/document/superficie.h"
 #include "print/campioni.h"
 #include "print/modStampe.h"
 #include "print/writers/scrittorertf.h"
@@ -19,7 +20,7 @@ QByteArray CorpoDi(const std::function<void(Superficie&)>& Scrivi)
     Scrivi(vp);
     vp.EndDoc();
     const QByteArray Tutto = ScriviRtf(vp.Contenuto());
-    const qsizetype Inizio = Tutto.indexOf("\\expshrtn\r\n") + 11;
+    const qsizetype Inizio = Tutto.indexOf("\\widowctrl\r\n") + 12;
     return Tutto.sliced(Inizio, Tutto.size() - Inizio - 3);
 }
 
@@ -54,6 +55,8 @@ class TestScrittoreRtf : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void giustificatoUnaRigaPerInterruzione();
+    void tabellaRilettaUguale();
     void testo_data();
     void testo();
     void fontERighe();
@@ -305,7 +308,8 @@ void TestScrittoreRtf::trattiSenzaEredita()
     vp.FontBold(true);
     vp.FontUnderline(true);
     vp.Paragraph(u"conviene"_s);
-    const std::vector<Paragrafo> Letti = LeggiRtf(QString::fromLatin1(ScriviRtf(vp.Contenuto())));
+    const std::vector<Paragrafo> Letti =
+        letture::ParagrafiRtf(QString::fromLatin1(ScriviRtf(vp.Contenuto())));
     QCOMPARE(Letti.size(), std::size_t{1});
     QCOMPARE(Letti[0].Tratti.size(), std::size_t{2});
     QVERIFY(!Letti[0].Tratti[0].Font.Grassetto);
@@ -418,14 +422,15 @@ void TestScrittoreRtf::sempreGliStessiByte()
 void TestScrittoreRtf::riletto()
 {
     const QString Testo =
-        u"{\\rtf1{\\fonttbl{\\f0 Georgia;}{\\f1 Arial;}}\\qj\\li567\\fi-283\\sb120 1.\\tab "
+        u"{\\rtf1{\\fonttbl{\\f0 Georgia;}{\\f1 Arial;}}\\qr\\li567\\fi-283\\sb120 1.\\tab "
         u"a {\\b b{\\i c}} \\f1\\fs30 \\u8805?\\u-10179?\\u-8704?\\line\\{\\par\\pard\\qc\\par"
         u"\\pagebb\\keepn\\ul d\\par}"_s;
     Superficie vp;
     vp.StartDoc();
     vp.Paragraph(Testo);
     vp.EndDoc();
-    const std::vector<Paragrafo> Letti = LeggiRtf(QString::fromLatin1(ScriviRtf(vp.Contenuto())));
+    const std::vector<Paragrafo> Letti =
+        letture::ParagrafiRtf(QString::fromLatin1(ScriviRtf(vp.Contenuto())));
     const std::vector<BloccoDocumento>& Scritti = vp.Contenuto().Blocchi;
     QCOMPARE(Scritti.size(), std::size_t{3});
     QCOMPARE(Letti.size(), Scritti.size());
@@ -441,6 +446,57 @@ void TestScrittoreRtf::riletto()
         QCOMPARE(Letti[i].Tratti.size(), Scritto.Tratti.size());
         for (std::size_t j = 0; j < Scritto.Tratti.size(); ++j)
             QCOMPARE(Letti[i].Tratti[j].Font, Scritto.Tratti[j].Font);
+    }
+}
+
+/// A word processor stretches a justified line that ends in a line break.
+void TestScrittoreRtf::giustificatoUnaRigaPerInterruzione()
+{
+    const QByteArray Corpo = CorpoDi([](Superficie& vp) {
+        vp.TextAlign(Allineamento::Giustificato);
+        vp.SpaceBefore(6);
+        vp.Text(u"Resto a disposizione\ne porgo\n\ncordiali saluti"_s);
+        vp.SpaceAfter(3);
+        vp.Paragraph({});
+    });
+    QVERIFY2(!Corpo.contains("\\line"), Corpo.constData());
+    QCOMPARE(Corpo.count("\\par\r\n"), 4);
+    QCOMPARE(Corpo.count("\\qj"), 4);
+    QCOMPARE(Corpo.count("\\sb120"), 1);
+    QVERIFY(Corpo.startsWith("\\pard\\plain\\qj\\keepn\\sb120"));
+    QCOMPARE(Corpo.count("\\sa60"), 1);
+    QVERIFY(Corpo.indexOf("\\sa60") > Corpo.indexOf("porgo"));
+    QCOMPARE(CorpoDi(u"a\nb"_s).count("\\line"), 1);  // to the left nothing is stretched
+}
+
+void TestScrittoreRtf::tabellaRilettaUguale()
+{
+    Superficie vp;
+    vp.StartDoc();
+    vp.Paragraph(
+        u"{\\rtf1{\\fonttbl{\\f0 Georgia;}}\\trowd\\trleft567\\clbrdrb\\brdrs\\cellx4000\\cellx8000\\intbl"
+        u"\\qc{\\strike a}\\par\\sb200\\sl480\\slmult1 b\\cell\\tqr\\tlul\\tx2000 c\\tab d{\\super 2}"
+        u"\\cell\\row\\pard e\\par}"_s);
+    vp.EndDoc();
+    const auto& Scritta = std::get<Tabella>(vp.Contenuto().Blocchi.at(0));
+    const std::vector<BloccoDocumento> Letti = LeggiRtf(QString::fromLatin1(ScriviRtf(vp.Contenuto())));
+    QCOMPARE(letture::Testi(Letti), letture::Testi(vp.Contenuto().Blocchi));
+    const auto& Letta = std::get<Tabella>(Letti.at(0));
+    QCOMPARE(Letta.LarghezzeCm.size(), Scritta.LarghezzeCm.size());
+    for (std::size_t i = 0; i < Scritta.LarghezzeCm.size(); ++i)
+        QVERIFY(qAbs(Letta.LarghezzeCm[i] - Scritta.LarghezzeCm[i]) < 0.01);
+    for (std::size_t i = 0; i < Scritta.Righe[0].size(); ++i) {
+        const Cella& Prima = Scritta.Righe[0][i];
+        const Cella& Dopo = Letta.Righe[0][i];
+        QCOMPARE(Dopo.Linee, Prima.Linee);
+        for (std::size_t j = 0; j < Prima.Paragrafi.size(); ++j) {
+            QCOMPARE(Dopo.Paragrafi[j].Allinea, Prima.Paragrafi[j].Allinea);
+            QCOMPARE(Dopo.Paragrafi[j].Righe, Prima.Paragrafi[j].Righe);
+            QCOMPARE(Dopo.Paragrafi[j].Fermi.size(), Prima.Paragrafi[j].Fermi.size());
+            QCOMPARE(Dopo.Paragrafi[j].Tratti.size(), Prima.Paragrafi[j].Tratti.size());
+            for (std::size_t k = 0; k < Prima.Paragrafi[j].Tratti.size(); ++k)
+                QCOMPARE(Dopo.Paragrafi[j].Tratti[k].Font, Prima.Paragrafi[j].Tratti[k].Font);
+        }
     }
 }
 

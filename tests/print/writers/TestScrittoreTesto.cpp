@@ -1,5 +1,6 @@
 #include "supporto/prova.h"
 
+#include "platform/document/superficie.h"
 #include "print/writers/scrittoretesto.h"
 
 using namespace Qt::StringLiterals;

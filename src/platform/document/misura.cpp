@@ -1,0 +1,35 @@
+#include "platform/document/misura.h"
+
+#include "platform/base/errore.h"
+
+#include <QString>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+double CentimetriDi(QStringView Misura)
+{
+    constexpr double CmPerPollice = 2.54;
+    constexpr double TwipPerPollice = 1440.0;
+    const QStringView Tutta = Misura.trimmed();
+    const auto FineNumero = std::find_if_not(Tutta.begin(), Tutta.end(), [](QChar C) {
+        return (C >= u'0' && C <= u'9') || C == u'.' || C == u',';
+    });
+    const QString Cifre = Tutta.first(FineNumero - Tutta.begin()).toString().replace(u',', u'.');
+    const QString Unita = Tutta.sliced(FineNumero - Tutta.begin()).trimmed().toString().toLower();
+
+    bool Riuscito = false;
+    const double Numero = Cifre.toDouble(&Riuscito);  // two decimal signs or no digit make none
+    if (!Riuscito)
+        throw Errore(13);
+    if (Unita == "cm"_L1)
+        return Numero;
+    if (Unita == "mm"_L1)
+        return Numero / 10.0;
+    if (Unita == "in"_L1)
+        return Numero * CmPerPollice;
+    if (Unita.isEmpty())
+        return Numero / TwipPerPollice * CmPerPollice;
+    throw Errore(13);
+}
