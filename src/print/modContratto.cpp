@@ -2,7 +2,8 @@
 
 #include "core/sessione.h"
 #include "platform/system/percorsi.h"
-#include "print/modStampe.h"
+#include "print/modClausole.h"
+#include "print/modCorpo.h"
 
 #include <array>
 
@@ -37,16 +38,6 @@ QString InPersonaDi(const Parcella& Nota)
     const Rappresentante& Suo = Nota.Rappr;
     return u" in persona del legale rappresentante, Sig."_s + Suo.Nome + u" nato/a il "_s + Suo.DataNascita +
            u" a "_s + Suo.LuogoNascita + u" residente in "_s + Suo.Residenza;
-}
-
-void StampaClausole(Superficie& vp, const Parcella& Nota, const QString& Documento)
-{
-    const QString Nome = Documento + (Societa(Nota) ? u"PersonaGiuridica.rtf"_s : u"PersonaFisica.rtf"_s);
-    const QString Clausole = LeggiFileTesto(sessione::PercorsoProg + Barra(u"doc"_s) + Nome);
-    if (Clausole.isEmpty())
-        return;
-    vp.Paragraph(Clausole);
-    RigaVuota(vp);
 }
 
 // ---- the contract
@@ -150,6 +141,8 @@ void Pagamenti(Superficie& vp)
     Articolo(vp, u"Art. 2 "_s,
              u"- I compensi pattuiti verranno corrisposti dal cliente con le seguenti modalità:"_s);
     for (const Rata& Una : Rate) {
+        // The list stands with its heading: it is too short to be read on two pages.
+        vp.KeepNext();
         vp.SpaceBefore(SpazioVoce);
         vp.Text(Una.Lettera.toString() + QString(PostoImporto, u' ') + Una.Quando.toString());
         RigaVuota(vp);

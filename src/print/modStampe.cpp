@@ -1,5 +1,6 @@
 #include "print/modStampe.h"
 
+#include "core/sessione.h"
 #include "platform/base/errore.h"
 #include "platform/base/paginacodice.h"
 #include "platform/system/percorsi.h"
@@ -22,7 +23,7 @@ int ColoreFondo(const Parcella& Nota)
     return Nota.Multipla() || Nota.IDMultipla > 0 ? FondoAssociata : FondoFinestra;
 }
 
-void PreparaPagina(Superficie& vp, int Tipo)
+void PreparaPagina(Superficie& vp, const Parcella& Nota, int Tipo)
 {
     // The short invoice leaves room for paper with a printed letterhead.
     const bool CartaIntestata = Tipo == StampaFatturaSintetica;
@@ -32,6 +33,8 @@ void PreparaPagina(Superficie& vp, int Tipo)
     vp.MarginBottom(CartaIntestata ? u"1.5cm"_s : u"3.2cm"_s);
     vp.HdrFontName(u"Times New Roman"_s);
     vp.HdrFontSize(8);
+    vp.Author(sessione::StudioNome);
+    vp.Subject(Nota.txtDatiStaOgg.Testo.isEmpty() ? VociTipoStampa().value(Tipo) : Nota.txtDatiStaOgg.Testo);
     // The surface keeps its text state from one document to the next; each begins from the same one.
     vp.FontName(u"Times New Roman"_s);
     vp.FontSize(12);
@@ -130,6 +133,16 @@ private:
     Superficie& vp;
 };
 
+/// @return false for a number that is no document
+bool ComponiDocumento(Superficie& vp, const Parcella& Nota, int Tipo)
+{
+    const DocumentoAperto Aperto(vp);
+    const bool Composto = Componi(vp, Nota, Tipo);
+    // The blanks push the number to the right.
+    vp.PageFooter(QString(124, u' ') + u"Pagina %d"_s);
+    return Composto;
+}
+
 }  // namespace
 
 bool Anteprima(Superficie& vp, const Parcella& Nota, int Tipo)
@@ -139,12 +152,9 @@ bool Anteprima(Superficie& vp, const Parcella& Nota, int Tipo)
     vp.BackColor = ColoreFondo(Nota);
     vp.Tag = u"1"_s;
     vp.PreviewPage = 1;
-    PreparaPagina(vp, Tipo);
-
-    const DocumentoAperto Aperto(vp);
-    const bool Composto = Componi(vp, Nota, Tipo);
-    // The blanks push the number to the right.
-    vp.PageFooter(QString(124, u' ') + u"Pagina %d"_s);
+    PreparaPagina(vp, Nota, Tipo);
+    const bool Composto = ComponiDocumento(vp, Nota, Tipo);
+    AvvisaClausole();  // a message may bring the next composition, and this one has ended
     return Composto;
 }
 

@@ -3,6 +3,7 @@
 
 #include "feenote/parcella.h"
 #include "platform/document/superficie.h"
+#include "print/modClausole.h"
 
 #include <QString>
 
@@ -13,9 +14,6 @@
 /// @return false when nothing was composed
 /// @throws Errore; what was drawn up to there stays on the surface
 bool Anteprima(Superficie& vp, const Parcella& Nota, int Tipo);
-
-/// Largest file that a document takes text from, in bytes: clauses with a picture in them stay well below.
-constexpr qint64 MassimoTesto = qint64(8) << 20;
 
 /// Whole content of a text file (Windows-1252 or UTF-8 with a mark). Any failure gives an empty text, and so
 /// does a file larger than MassimoTesto.

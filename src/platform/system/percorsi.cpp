@@ -112,6 +112,18 @@ bool Bloccato(const QString& Nativo)
 #endif
 }
 
+/// @throws Errore 53 missing, 75 unreadable or a folder
+void ApriInLettura(QFile& File, const QString& Percorso)
+{
+    const QFileInfo Info(PercorsoNativo(Percorso));
+    if (Percorso.isEmpty() || !Info.exists())
+        throw Errore(53);
+    const bool Leggibile = Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
+    File.setFileName(Info.filePath());
+    if (!Info.isFile() || !Leggibile || !File.open(QIODevice::ReadOnly))
+        throw Errore(75);
+}
+
 }  // namespace
 
 QString PercorsoNativo(const QString& Percorso)
@@ -225,15 +237,22 @@ bool FileInUso(const QString& Percorso)
     return EsisteFile(Percorso) && (SolaLettura(Percorso) || Bloccato(PercorsoNativo(Percorso)));
 }
 
+void LeggiAPezzi(const QString& Percorso, const std::function<bool(QByteArrayView)>& Prendi)
+{
+    constexpr qint64 Pezzo = qint64(64) << 10;
+    QFile File;
+    ApriInLettura(File, Percorso);
+    for (QByteArray Letti = File.read(Pezzo); !Letti.isEmpty(); Letti = File.read(Pezzo))
+        if (!Prendi(Letti))
+            break;
+    if (File.error() != QFile::NoError)
+        throw Errore(75);
+}
+
 QByteArray LeggiFile(const QString& Percorso, qint64 MassimoByte)
 {
-    const QFileInfo Info(PercorsoNativo(Percorso));
-    if (Percorso.isEmpty() || !Info.exists())
-        throw Errore(53);
-    const bool Leggibile = Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
-    QFile File(Info.filePath());
-    if (!Info.isFile() || !Leggibile || !File.open(QIODevice::ReadOnly))
-        throw Errore(75);
+    QFile File;
+    ApriInLettura(File, Percorso);
     if (File.size() > MassimoByte)
         throw Errore(7);
     QByteArray Contenuto = File.readAll();

@@ -1,7 +1,10 @@
 // Paths: "\" and "/" are both separators in what comes in; what goes to the system has its own.
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
+
+#include <functional>
 
 /// The path with exactly one separator at its end (the platform's); an empty one stays empty.
 [[nodiscard]] QString Barra(const QString& Percorso);
@@ -44,6 +47,10 @@ void ImpostaSolaLettura(const QString& Percorso, bool Attiva);
 /// The whole file, at most `MassimoByte` bytes.
 /// @throws Errore 53 missing, 75 unreadable or a folder, 7 larger than the limit
 [[nodiscard]] QByteArray LeggiFile(const QString& Percorso, qint64 MassimoByte = qint64(64) << 20);
+
+/// Reads a file from its beginning in pieces, until `Prendi` wants no more of them.
+/// @throws Errore 53 missing, 75 unreadable or a folder
+void LeggiAPezzi(const QString& Percorso, const std::function<bool(QByteArrayView)>& Prendi);
 
 /// Writes the whole file through a temporary one and a rename: the former file stays until the new one
 /// is complete. @throws Errore 75 refused, 76 no folder, 61 disk full

@@ -1,0 +1,144 @@
+#include "print/modClausole.h"
+
+#include "core/modErrori.h"
+#include "core/sessione.h"
+#include "platform/base/errore.h"
+#include "platform/base/paginacodice.h"
+#include "platform/document/lettorertf.h"
+#include "platform/document/setacciortf.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
+#include "print/modCorpo.h"
+
+#include <QHash>
+#include <QSet>
+#include <QStringDecoder>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Files that other programs call documents: archives, and those of older word processors.
+bool DiAltraSpecie(QByteArrayView Inizio)
+{
+    return Inizio.startsWith("PK\x03\x04") || Inizio.startsWith("\xD0\xCF\x11\xE0");
+}
+
+/// Plain text: UTF-8 where it is that, else 1252.
+QString TestoSemplice(QByteArray Byte)
+{
+    const QByteArray Marca = "\xEF\xBB\xBF"_ba;
+    if (Byte.startsWith(Marca))
+        Byte.remove(0, Marca.size());
+    QStringDecoder Lettore(QStringDecoder::Utf8);
+    QString Testo = Lettore(Byte);
+    return Lettore.hasError() ? DaCp1252(Byte) : Testo;
+}
+
+bool SoloBianchi(const QByteArray& Byte)
+{
+    return std::ranges::all_of(Byte, [](char C) { return C == ' ' || (C >= '\t' && C <= '\r'); });
+}
+
+/// The whole file but for the pictures of a rich text, and what keeps it from being printed.
+Clausole Leggi(const QString& Percorso)
+{
+    SetaccioRtf Setaccio;
+    QByteArray Byte;
+    bool Rtf = false;
+    bool Primo = true;
+    LeggiAPezzi(Percorso, [&](QByteArrayView Pezzo) {
+        if (std::exchange(Primo, false))
+            Rtf = ComeRtf(DaCp1252(Pezzo.first(std::min<qsizetype>(Pezzo.size(), 4096)).toByteArray())) ||
+                  ComeRtf(TestoSemplice(Pezzo.first(std::min<qsizetype>(Pezzo.size(), 4096)).toByteArray()));
+        if (Rtf)
+            Setaccio.Passa(Pezzo);
+        else
+            Byte += Pezzo;
+        return !Setaccio.Finito() && (Rtf ? Setaccio.Resto() : Byte).size() <= MassimoTesto;
+    });
+    const QByteArray& Letti = Rtf ? Setaccio.Resto() : Byte;
+    if (DiAltraSpecie(Letti) || (Rtf ? Setaccio.ConZeri() : Letti.contains('\0')))
+        return {EsitoClausole::NonTesto, {}};
+    if (Letti.size() > MassimoTesto)
+        return {EsitoClausole::Troppe, {}};
+    if (SoloBianchi(Letti))
+        return {};
+    return {EsitoClausole::Lette, Rtf ? DaCp1252(Letti) : TestoSemplice(Letti)};
+}
+
+// ---- what the user is shown
+
+QString Ragione(EsitoClausole Esito)
+{
+    switch (Esito) {
+    case EsitoClausole::Illeggibili:
+        return u"il file non si può leggere"_s;
+    case EsitoClausole::Troppe:
+        return u"il file contiene troppo testo"_s;
+    case EsitoClausole::NonTesto:
+        return u"il file non è un testo RTF"_s;
+    case EsitoClausole::Lette:
+    case EsitoClausole::Mancano:
+        break;
+    }
+    return {};
+}
+
+/// Files whose clauses were not printed, by their reason, and those that the user was shown already.
+struct Avvisi
+{
+    QHash<QString, QString> DaMostrare;
+    QSet<QString> Mostrati;
+};
+
+Avvisi& AvvisiClausole()
+{
+    static Avvisi Unici;
+    return Unici;
+}
+
+void Registra(const QString& Nome, EsitoClausole Esito)
+{
+    Avvisi& Tutti = AvvisiClausole();
+    const QString Perche = Ragione(Esito);
+    if (Perche.isEmpty())
+        Tutti.Mostrati.remove(Nome);
+    else if (!Tutti.Mostrati.contains(Nome))
+        Tutti.DaMostrare.insert(Nome, Perche);
+}
+
+}  // namespace
+
+Clausole LeggiClausole(const QString& Percorso)
+{
+    try {
+        return Leggi(TrovaFile(PercorsoNativo(Percorso)));
+    } catch (const Errore& Guasto) {
+        return {Guasto.Numero == 53 ? EsitoClausole::Mancano : EsitoClausole::Illeggibili, {}};
+    }
+}
+
+void StampaClausole(Superficie& vp, const Parcella& Nota, const QString& Documento)
+{
+    const QString Nome =
+        Documento + (Nota.optContrTipo == 1 ? u"PersonaGiuridica.rtf"_s : u"PersonaFisica.rtf"_s);
+    const Clausole Lette = LeggiClausole(sessione::PercorsoProg + Barra(u"doc"_s) + Nome);
+    Registra(Nome, Lette.Esito);
+    if (Lette.Testo.isEmpty())
+        return;
+    vp.Paragraph(Lette.Testo);
+    RigaVuota(vp);
+}
+
+void AvvisaClausole()
+{
+    Avvisi& Tutti = AvvisiClausole();
+    const QHash<QString, QString> Nuovi = std::exchange(Tutti.DaMostrare, {});
+    for (const auto& [Nome, Perche] : Nuovi.asKeyValueRange()) {
+        Tutti.Mostrati.insert(Nome);
+        MsgErrore(u"Attenzione, le clausole di "_s + Nome + u" non sono state stampate: "_s + Perche + u'.');
+    }
+}
