@@ -1,6 +1,7 @@
 // Rich text: any bytes give paragraphs that keep the reader's promises, and both exports of them are sound.
 #include "platform/base/paginacodice.h"
 #include "platform/document/lettorertf.h"
+#include "platform/document/setacciortf.h"
 #include "print/writers/scrittorehtml.h"
 #include "print/writers/scrittorertf.h"
 
@@ -26,18 +27,47 @@ bool Stampabile(const QString& Testo)
            Testo.isValidUtf16();
 }
 
-void Controlla(const std::vector<Paragrafo>& Letti)
+void ControllaParagrafo(const Paragrafo& Letto, qsizetype& Caratteri)
+{
+    Pretendi(Letto.Spazi.SinistroCm >= 0.0 && Letto.Spazi.SinistroCm + Letto.Spazi.PrimaRigaCm >= 0.0);
+    Pretendi(Letto.Spazi.SopraPunti >= 0.0 && Letto.Spazi.SottoPunti >= 0.0 && Letto.Spazi.DestroCm >= 0.0);
+    Pretendi(Letto.Righe.Multipla >= 1.0 && Letto.Righe.AlmenoPunti >= 0.0 && Letto.Righe.EsattaPunti >= 0.0);
+    Pretendi(Letto.Fermi.size() <= MassimoFermiRtf);
+    Pretendi(std::ranges::is_sorted(Letto.Fermi, {}, &Fermo::Cm));
+    for (const Tratto& Pezzo : Letto.Tratti) {
+        Pretendi(!Pezzo.Testo.isEmpty() && Stampabile(Pezzo.Testo));
+        Pretendi(Pezzo.Font.Punti >= 1.0 && Pezzo.Font.Punti <= 200.0);
+        Caratteri += Pezzo.Testo.size();
+    }
+}
+
+/// Every row has all columns, spans end with the last one, and no column is without width.
+void ControllaTabella(const Tabella& Letta, qsizetype& Caratteri)
+{
+    Pretendi(!Letta.LarghezzeCm.empty() && !Letta.Righe.empty());
+    Pretendi(std::ranges::all_of(Letta.LarghezzeCm, [](double Cm) { return Cm > 0.0 && Cm < 200.0; }));
+    for (const std::vector<Cella>& Riga : Letta.Righe) {
+        Pretendi(Riga.size() == Letta.LarghezzeCm.size());
+        std::size_t Coperte = 0;
+        for (std::size_t i = 0; i < Riga.size(); i += static_cast<std::size_t>(Riga[i].Unione)) {
+            Pretendi(Riga[i].Unione >= 1);
+            Coperte += static_cast<std::size_t>(Riga[i].Unione);
+            for (const Paragrafo& Dentro : Riga[i].Paragrafi)
+                ControllaParagrafo(Dentro, Caratteri);
+        }
+        Pretendi(Coperte == Riga.size());
+    }
+}
+
+void Controlla(const std::vector<BloccoDocumento>& Letti)
 {
     qsizetype Caratteri = 0;
-    Pretendi(Letti.size() <= MassimoParagrafiRtf + 1);
-    for (const Paragrafo& Uno : Letti) {
-        Pretendi(Uno.Spazi.SinistroCm >= 0.0 && Uno.Spazi.SinistroCm + Uno.Spazi.PrimaRigaCm >= 0.0);
-        Pretendi(Uno.Spazi.SopraPunti >= 0.0 && Uno.Spazi.SottoPunti >= 0.0 && Uno.Spazi.DestroCm >= 0.0);
-        for (const Tratto& Pezzo : Uno.Tratti) {
-            Pretendi(!Pezzo.Testo.isEmpty() && Stampabile(Pezzo.Testo));
-            Pretendi(Pezzo.Font.Punti >= 1.0 && Pezzo.Font.Punti <= 200.0);
-            Caratteri += Pezzo.Testo.size();
-        }
+    Pretendi(Letti.size() <= 2 * MassimoParagrafiRtf);
+    for (const BloccoDocumento& Blocco : Letti) {
+        if (const auto* Letto = std::get_if<Paragrafo>(&Blocco))
+            ControllaParagrafo(*Letto, Caratteri);
+        else
+            ControllaTabella(std::get<Tabella>(Blocco), Caratteri);
     }
     Pretendi(Caratteri <= 3 * MassimoCaratteriRtf);  // capitals may be longer than what they are made of
 }
@@ -56,16 +86,36 @@ QString ConSpaziUguali(QString Testo)
     return Testo.replace(QChar(QChar::Nbsp), QLatin1Char(' '));
 }
 
-void Riscrivi(const std::vector<Paragrafo>& Letti)
+/// All text of the blocks: an end of row for each paragraph and each line of one, since a justified line with
+/// breaks is written as several; blank rows do not count, as tables that touch are kept apart by one.
+QString TestoDi(const std::vector<BloccoDocumento>& Blocchi)
+{
+    QStringList Righe;
+    const auto Aggiungi = [&](const QString& Testo) {
+        for (const QString& Riga : Testo.split(QLatin1Char('\n')))
+            if (!Riga.isEmpty())
+                Righe += Riga;
+    };
+    for (const BloccoDocumento& Blocco : Blocchi) {
+        if (const auto* Letto = std::get_if<Paragrafo>(&Blocco))
+            Aggiungi(Letto->Testo());
+        else
+            for (const std::vector<Cella>& Riga : std::get<Tabella>(Blocco).Righe)
+                for (const Cella& Singola : Riga)
+                    Aggiungi(Singola.Testo);
+    }
+    return ConSpaziUguali(Righe.join(QLatin1Char('\n')));
+}
+
+void Riscrivi(const std::vector<BloccoDocumento>& Letti)
 {
     Documento Doc;
-    for (const Paragrafo& Uno : Letti)
-        Doc.Blocchi.emplace_back(Uno);
-    const std::vector<Paragrafo> Ancora = LeggiRtf(QString::fromLatin1(ScriviRtf(Doc)));
-    Pretendi(Ancora.size() == Letti.size());
-    for (std::size_t i = 0; i < Letti.size(); ++i)
-        Pretendi(!TornaUguale(Letti[i].Testo()) ||
-                 ConSpaziUguali(Ancora[i].Testo()) == ConSpaziUguali(Letti[i].Testo()));
+    Doc.Blocchi = Letti;
+    const QString Testo = TestoDi(Letti);
+    const std::vector<BloccoDocumento> Ancora = LeggiRtf(QString::fromLatin1(ScriviRtf(Doc)));
+    // What fills the reader to its bounds may not fit into it again.
+    const bool Intero = Letti.size() < MassimoParagrafiRtf / 100 && Testo.size() < MassimoCaratteriRtf / 100;
+    Pretendi(!Intero || !TornaUguale(Testo) || TestoDi(Ancora) == Testo);
 
     QXmlStreamReader Pagina(ScriviHtml(Doc));
     while (!Pagina.atEnd())
@@ -79,9 +129,17 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Dati, size_t Quanti)
 {
     const QByteArray Byte(reinterpret_cast<const char*>(Dati), static_cast<qsizetype>(Quanti));
     const QString Testo = DaCp1252(Byte);
-    const std::vector<Paragrafo> Letti =
-        LeggiRtf(Testo.startsWith(u"{\\rtf") ? Testo : QStringLiteral("{\\rtf1") + Testo);
+    const std::vector<BloccoDocumento> Letti =
+        LeggiRtf(ComeRtf(Testo) ? Testo : QStringLiteral("{\\rtf1") + Testo);
     Controlla(Letti);
     Riscrivi(Letti);
+
+    // Cut anywhere, a file lets the same text pass.
+    SetaccioRtf Intero;
+    Intero.Passa(Byte);
+    SetaccioRtf Diviso;
+    Diviso.Passa(QByteArrayView(Byte).first(Byte.size() / 3));
+    Diviso.Passa(QByteArrayView(Byte).sliced(Byte.size() / 3));
+    Pretendi(Intero.Resto() == Diviso.Resto() && Intero.Resto().size() <= Byte.size());
     return 0;
 }
