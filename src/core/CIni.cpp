@@ -12,13 +12,35 @@ constexpr int Capienza = 1000;
 
 constexpr int GuastoInnocuo = 1025;
 
+/// Without the blanks around it; tabs and hard blanks are no blanks.
+QString SenzaBlank(const QString& Testo)
+{
+    qsizetype Inizio = 0;
+    qsizetype Fine = Testo.size();
+    while (Inizio < Fine && Testo[Inizio] == u' ')
+        ++Inizio;
+    while (Fine > Inizio && Testo[Fine - 1] == u' ')
+        --Fine;
+    return Testo.sliced(Inizio, Fine - Inizio);
+}
+
 QString Ripulito(QString Testo)
 {
     Testo.removeIf([](QChar Carattere) { return Carattere.unicode() < 32; });
-    return Testo.trimmed();
+    return SenzaBlank(Testo);
 }
 
 }  // namespace
+
+void CIni::ImpostaFileName(const QString& Nome)
+{
+    File = SenzaBlank(Nome);
+}
+
+void CIni::ImpostaApplicationKey(const QString& Nome)
+{
+    Sezione = SenzaBlank(Nome);
+}
 
 QString CIni::GetValue(const QString& Chiave, const QString& Predefinito) const
 {

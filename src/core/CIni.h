@@ -5,14 +5,14 @@
 
 #include <QString>
 
-/// One file and a current section. Both names are trimmed when they are set.
+/// One file and a current section. Both names lose the blanks around them when they are set.
 class CIni
 {
 public:
     [[nodiscard]] QString FileName() const { return File; }
-    void ImpostaFileName(const QString& Nome) { File = Nome.trimmed(); }
+    void ImpostaFileName(const QString& Nome);
     [[nodiscard]] QString ApplicationKey() const { return Sezione; }
-    void ImpostaApplicationKey(const QString& Nome) { Sezione = Nome.trimmed(); }
+    void ImpostaApplicationKey(const QString& Nome);
 
     /// The value of a key of the current section, at most 999 characters; control characters (below
     /// code 32) are stripped, then blanks trimmed. The default, given when file, section or key is

@@ -53,6 +53,11 @@ void TestCIni::iCampiNasconoVuotiESiRifilano()
     Ini.ImpostaApplicationKey(u" desktop  "_s);
     QCOMPARE(Ini.FileName(), u"mio file.ini"_s);
     QCOMPARE(Ini.ApplicationKey(), u"desktop"_s);
+    // Tabs and hard blanks are letters of a name like others.
+    Ini.ImpostaFileName(u" \tmio\u00A0 "_s);
+    QCOMPARE(Ini.FileName(), u"\tmio\u00A0"_s);
+    Ini.ImpostaFileName(u"   "_s);
+    QCOMPARE(Ini.FileName(), QString());
 }
 
 void TestCIni::valori_data()
@@ -67,6 +72,7 @@ void TestCIni::valori_data()
                                                            5)
                                              << u"ab"_s;
     QTest::newRow("blanks left bare by a control code go") << "\x01 a \x02"_ba << u"a"_s;
+    QTest::newRow("hard blanks stay") << " \xA0 a\xA0 "_ba << u"\u00A0 a\u00A0"_s;
     QTest::newRow("quotes stay") << "\"a\""_ba << u"\"a\""_s;
     QTest::newRow("Windows-1252") << "Utilit\xE0 \x96 \x80"_ba << u"Utilità – €"_s;
     QTest::newRow("empty stays empty") << ""_ba << u""_s;
