@@ -91,6 +91,12 @@ bool FuoriElenco(int Indice, qsizetype Voci)
     return Voci > 0 && (Indice < NessunaVoce || Indice >= Voci);
 }
 
+/// The bracket of a request whose value is one, to the nearest whole number; below 0 none.
+int IndiceScaglione(const Richiesta& Dati)
+{
+    return int(Round(std::max(Dati.Valore, double(NessunaVoce - 1))));
+}
+
 /// True when the request asks for an entry that its list lacks.
 bool ChiedeOltreGliElenchi(const Parcella& Nota, const Richiesta& Dati)
 {
@@ -98,7 +104,7 @@ bool ChiedeOltreGliElenchi(const Parcella& Nota, const Richiesta& Dati)
         FuoriElenco(Dati.Autorita, Nota.ListaAutorita.size()))
         return true;
     return Nota.CodCateg != Penale && Dati.Valore < ValoreEsattoRichiesta &&
-           FuoriElenco(int(std::max(Dati.Valore, double(NessunaVoce - 1))), Nota.ListaScaglioni.size());
+           FuoriElenco(IndiceScaglione(Dati), Nota.ListaScaglioni.size());
 }
 
 void ApplicaRichiesta(Parcella& Nota, const Richiesta& Dati)
@@ -110,8 +116,8 @@ void ApplicaRichiesta(Parcella& Nota, const Richiesta& Dati)
         ImpostaValoreInSilenzio(Nota, Dati.Valore);
         if (Nota.CodCateg != Penale)
             SelezionaScaglioneDelValore(Nota);
-    } else if (Nota.CodCateg != Penale && Dati.Valore >= 0) {
-        SelezionaScaglioneInSilenzio(Nota, int(Dati.Valore));
+    } else if (Nota.CodCateg != Penale && IndiceScaglione(Dati) >= 0) {
+        SelezionaScaglioneInSilenzio(Nota, IndiceScaglione(Dati));
     }
     if (ChiedeOltreGliElenchi(Nota, Dati))
         GestioneErrori(Errore(9));  // what is missing stays unselected, the rest of the request holds
