@@ -2,7 +2,7 @@
 // Each measure is a process of its own, so that none finds what another has left in memory.
 #include "misura.h"
 
-#include "core/app/Main.h"
+#include "core/app/avvio.h"
 #include "core/app/programma.h"
 #include "core/modAvvio.h"
 #include "core/sessione.h"

@@ -2,6 +2,18 @@
 
 #include "core/sessione.h"
 
+bool Apritori::Ha(QStringView Parola) const
+{
+    const auto Trovata = Finestre.find(Parola);
+    return Trovata != Finestre.end() && Trovata->second;
+}
+
+void Apritori::Apri(QStringView Parola) const
+{
+    if (Ha(Parola))
+        Finestre.find(Parola)->second();
+}
+
 void RicercaAllAvvio()
 {
     if (sessione::CercaAgg && Aperture.CercaAggiornamenti)

@@ -4,37 +4,33 @@
 #include <QString>
 
 #include <functional>
+#include <map>
 
 class QMdiArea;
 struct PaginaAvviso;
 struct RichiestaRubrica;
 
-/// What logic and windows ask of windows that they may not know. core/app fills it; an empty member does
-/// nothing.
+/// What is asked of windows that the asker may not know. core/app fills it; an empty member does nothing.
 struct Apritori
 {
+    /// The windows that a command opens by its word alone. A word that is not here has no window yet.
+    std::map<QString, std::function<void()>, std::less<>> Finestre;
+    [[nodiscard]] bool Ha(QStringView Parola) const;
+    /// Opens the window of a word; nothing where there is none.
+    void Apri(QStringView Parola) const;
+
     std::function<void(const QString& Percorso, int Socio, const QString& ID)> ApriParcella;
     std::function<void(int Selettore)> TrovaParcella;  ///< 0 notes, 1 templates
     std::function<void()> RinfrescaTrova;              ///< a note has closed: a finder on screen looks again
     std::function<void(int Indice, bool ComeModello)> SalvaParcella;
+    std::function<void(int Indice, bool Si)> SegnaModificata;  ///< sets or clears the mark of a note
     std::function<void(int Indice, int Scheda)> VaiAllaScheda;
     std::function<int(int Indice)> SchedaCorrente;  ///< current tab of a window, -1 none
     std::function<void(int Indice)> Proteggi;
     std::function<bool(int Indice)> ChiudiParcella;  ///< unloads a window, asking; its answer is not heeded
-    std::function<void()> Rubrica;
     std::function<void(const RichiestaRubrica& Chiesta)> RubricaParcella;  ///< the address book, for a note
-    std::function<void()> CodiceFiscale;
-    std::function<void(int Scheda, bool Modale)>
-        Impostazioni;                            ///< settings on a tab; modal: until they are closed
-    std::function<void()> ImpostazioniCambiate;  ///< the settings were saved: the desktop is drawn anew
-    std::function<void()> Contributo;
-    std::function<void()> Termini;
-    std::function<void()> TerminiSequenziali;
-    std::function<void()> Interessi;
-    std::function<void()> Istat;
-    std::function<void()> Aggiorna;
-    std::function<void()> Documenti;
-    std::function<void()> Informazioni;  ///< the about box
+    std::function<void(int Scheda, bool Modale)> Impostazioni;             ///< modal: until they are closed
+    std::function<void()> ImpostazioniCambiate;  ///< they were saved: the desktop is drawn anew
     /// A page by its path, which may name an anchor behind a "#".
     std::function<void(const QString& Pagina, const QString& Titolo)> PaginaWeb;
     /// Another page in place of the one on view under this title. Where none is, nothing opens; the window
@@ -45,8 +41,7 @@ struct Apritori
     std::function<void()> OffriRecupero;       ///< the notes that a killed program left unsaved
 
     std::function<QMdiArea*()> AreaParcelle;  ///< where note windows live; asking for it brings the frame up
-    std::function<void()>
-        UltimaParcellaChiusa;  ///< the last note has closed: the frame goes, the desktop comes back
+    std::function<void()> UltimaParcellaChiusa;  ///< the last note has closed: the desktop comes back
     /// A window was opened or activated by code: from then on it is the toolbar's target, even while another
     /// program has the focus.
     std::function<void(int Indice)> ParcellaAttivata;

@@ -19,22 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int SchedaStampa = 4;
 constexpr int SchedaSetupIcone = 3;
-
-/// What a command is called with.
-struct Chiamata
-{
-    int Indice;
-    const QString& Par;
-};
-
-/// What the system answered, an error when it is not 0.
-void Verifica(int Esito)
-{
-    if (Esito != 0)
-        throw Errore(Esito);
-}
 
 template <class F, class... A>
 void Apri(const F& Apritore, A&&... Valori)
@@ -96,19 +81,19 @@ void Salva(const Chiamata& C)
 
 void Stampa(const Chiamata& C)
 {
-    Apri(Aperture.VaiAllaScheda, C.Indice, SchedaStampa);
+    Apri(Aperture.VaiAllaScheda, C.Indice, SchedaDiStampa);
 }
 
 void StampaWord(const Chiamata& C)
 {
-    Verifica(ApriConSistema(FileDocumento(C.Indice)));
+    VerificaEsito(ApriConSistema(FileDocumento(C.Indice)));
 }
 
 void Kr2(const Chiamata&)
 {
     const QString Programma = TrovaFile(sessione::PercorsoVDM + u"calcaprima.exe"_s);
     if (!sessione::PercorsoVDM.isEmpty() && EsisteFile(Programma)) {
-        Verifica(AvviaProgramma(Programma, {}, sessione::PercorsoVDM));
+        VerificaEsito(AvviaProgramma(Programma, {}, sessione::PercorsoVDM));
         return;
     }
     QString Testo = u"Non è stato rilevato il programma Calcanova 2.0!"_s;
@@ -158,12 +143,18 @@ void Proteggi(const Chiamata& C)
         MsgErrore(u"Occorre prima selezionare una parcella!"_s);
 }
 
+QString FileGuida()
+{
+    return sessione::PercorsoProg + u"GuidaGiuridica.pdf"_s;
+}
+
 void Guida(const Chiamata& C)
 {
     static constexpr std::array Pagine{2, 13, 15, 17, 18};  // by the tab in view
+    static_assert(Pagine.size() == SchedaDiStampa + 1);
     const int Scheda = Occupato(C) && Aperture.SchedaCorrente ? Aperture.SchedaCorrente(C.Indice) : -1;
     const bool Nota = Scheda >= 0 && Scheda < int(Pagine.size());
-    ApriPDF(sessione::PercorsoProg + u"GuidaGiuridica.pdf"_s, Nota ? Pagine[size_t(Scheda)] : 0);
+    ApriPDF(FileGuida(), Nota ? Pagine[size_t(Scheda)] : 0);
 }
 
 void Leggimi(const Chiamata&)
@@ -176,10 +167,10 @@ void Leggimi(const Chiamata&)
         MsgBox(Atteso + u" non è stato trovato!"_s);
 }
 
-template <auto Apritore>
-void Apertura(const Chiamata&)
+/// The window that was registered under the word.
+void Finestra(const Chiamata& C)
 {
-    Apri(Aperture.*Apritore);
+    Aperture.Apri(C.Parola);
 }
 
 void Pagina(QStringView Percorso)
@@ -202,64 +193,214 @@ void Assistenza(const Chiamata&)
     Pagina(u"/vdm.asp");
 }
 
-/// A word, when it acts, and what it does.
-struct Voce
+// ---- what keeps a command from working ----------------------------------------------------------
+
+QString SenzaFinestra(QStringView Parola)
 {
-    QStringView Parola;
-    bool (*Guardia)(const Chiamata&);
-    void (*Azione)(const Chiamata&);
+    return Aperture.Ha(Parola) ? QString() : u"non ancora disponibile in questa versione"_s;
+}
+
+QString SenzaServer(QStringView)
+{
+    return indirizzi::Esiste(indirizzi::Server) ? QString() : u"il sito non è ancora disponibile"_s;
+}
+
+QString SenzaGuida(QStringView)
+{
+    return EsisteFile(TrovaFile(FileGuida())) ? QString() : u"il documento non è ancora disponibile"_s;
+}
+
+enum GruppoBarra { Parcelle, Archivi, Calcoli, Aiuti, Opzioni, Guide };
+
+// A new calculator is a row here and a registration of its window. Places leave room between them.
+constexpr std::array Tabella{
+    Comando{.Parola = u"new",
+            .Guardia = Sempre,
+            .Azione = Nuova,
+            .Tasti = u"Ctrl+N",
+            .Procedura = true,
+            .Pulsante = {10, Parcelle, u"Nuova", u"Nuova parcella"},
+            .Icona = {10, u"Parcellazione nuove tariffe"}},
+    Comando{.Parola = u"open",
+            .Guardia = Sempre,
+            .Azione = Trova<0>,
+            .Pulsante = {20, Parcelle, u"Apri", u"Apri parcella"}},
+    Comando{
+        .Parola = u"openpar", .Guardia = Sempre, .Azione = Trova<0>, .Tasti = u"Ctrl+O", .Procedura = true},
+    Comando{.Parola = u"openmod",
+            .Guardia = Sempre,
+            .Azione = Trova<1>,
+            .Tasti = u"Ctrl+Shift+O",
+            .Procedura = true},
+    Comando{.Parola = u"save",
+            .Guardia = DaSalvare,
+            .Azione = Salva<false>,
+            .Pulsante = {30, Parcelle, u"Salva", u"Salva parcella"}},
+    Comando{.Parola = u"savepar", .Guardia = DaSalvare, .Azione = Salva<false>},
+    Comando{.Parola = u"savemod", .Guardia = DaSalvare, .Azione = Salva<true>},
+    Comando{.Parola = u"print", .Guardia = Occupato, .Azione = Stampa},
+    Comando{.Parola = u"printopz", .Guardia = Occupato, .Azione = Stampa},
+    Comando{.Parola = u"printword", .Guardia = HaPosto, .Azione = StampaWord},
+    Comando{
+        .Parola = u"kr2", .Guardia = Sempre, .Azione = Kr2, .Icona = {20, u"Parcellazione vecchie tariffe"}},
+    Comando{.Parola = u"clienti",
+            .Guardia = Sempre,
+            .Azione = Finestra,
+            .Manca = SenzaFinestra,
+            .Tasti = u"Ctrl+Shift+R",
+            .Procedura = true,
+            .Pulsante = {50, Archivi, u"Rubrica", u"Rubrica clienti e controparti"},
+            .Icona = {30, u"Rubrica clienti"}},
+    Comando{.Parola = u"codfis",
+            .Guardia = Sempre,
+            .Azione = Finestra,
+            .Manca = SenzaFinestra,
+            .Tasti = u"Ctrl+Shift+F",
+            .Procedura = true,
+            .Icona = {80, u"Codice fiscale"}},
+    Comando{.Parola = u"setup",
+            .Guardia = Sempre,
+            .Azione = Setup,
+            .Tasti = u"Ctrl+Shift+P",
+            .Procedura = true,
+            .Pulsante = {130, Opzioni, u"Opzioni", u"Impostazioni programma"},
+            .Icona = {150, u"Impostazioni"}},
+    Comando{.Parola = u"recupera", .Guardia = Sempre, .Azione = Recupera, .Procedura = true},
+    Comando{.Parola = u"contrib",
+            .Guardia = Sempre,
+            .Azione = Finestra,
+            .Manca = SenzaFinestra,
+            .Tasti = u"Ctrl+Shift+C",
+            .Procedura = true,
+            .Pulsante = {60, Calcoli, u"Contributo", u"Calcolo contributo unificato"},
+            .Icona = {90, u"Contributo unificato"}},
+    Comando{.Parola = u"termini",
+            .Guardia = Sempre,
+            .Azione = Finestra,
+            .Manca = SenzaFinestra,
+            .Tasti = u"Ctrl+Shift+T",
+            .Procedura = true,
+            .Pulsante = {90, Calcoli, u"Termini", u"Calcolo dei termini"},
+            .Icona = {40, u"Computo termini"}},
+    Comando{.Parola = u"sequenz",
+            .Guardia = Sempre,
+            .Azione = Finestra,
+            .Manca = SenzaFinestra,
+            .Tasti = u"Ctrl+Shift+S",
+            .Procedura = true,
+            .Pulsante = {100, Calcoli, u"Sequenze", u"Calcolo dei termini sequenziali"},
+            .Icona = {50, u"Termini sequenziali"}},
+    Comando{.Parola = u"inter",
+            .Guardia = Sempre,
+            .Azione = Finestra,
+            .Manca = SenzaFinestra,
+            .Tasti = u"Ctrl+Shift+I",
+            .Procedura = true,
+            .Pulsante = {70, Calcoli, u"Interessi", u"Calcolo interessi legali e comm.li"},
+            .Icona = {60, u"Calcolo interessi"}},
+    Comando{.Parola = u"istat",
+            .Guardia = Sempre,
+            .Azione = Finestra,
+            .Manca = SenzaFinestra,
+            .Tasti = u"Ctrl+Shift+V",
+            .Procedura = true,
+            .Pulsante = {80, Calcoli, u"Istat", u"Rivalutazione istat"},
+            .Icona = {70, u"Rivalutazione Istat"}},
+    Comando{.Parola = u"novita", .Guardia = Sempre, .Azione = Novita, .Icona = {130, u"Novità"}},
+    Comando{.Parola = u"help",
+            .Guardia = Sempre,
+            .Azione = Aiuto,
+            .Tasti = u"F1",
+            .Procedura = true,
+            .Pulsante = {140, Guide, u"Aiuto", u"Guida in linea"}},
+    Comando{.Parola = u"off", .Guardia = Sempre, .Azione = Spegni, .Procedura = true},
+    Comando{.Parola = u"lock",
+            .Guardia = HaPosti,
+            .Azione = Proteggi,
+            .Tasti = u"Ctrl+Shift+L",
+            .Pulsante = {40, Parcelle, u"Proteggi", u"Proteggi parcella"}},
+    Comando{.Parola = u"upgrade",
+            .Guardia = Sempre,
+            .Azione = Finestra,
+            .Manca = SenzaFinestra,
+            .Procedura = true,
+            .Icona = {140, u"Aggiorna programma"}},
+    Comando{.Parola = u"docum",
+            .Guardia = Sempre,
+            .Azione = Finestra,
+            .Manca = SenzaFinestra,
+            .Tasti = u"Ctrl+Shift+D",
+            .Pulsante = {120, Aiuti, u"Norme", u"Documentazione normativa"},
+            .Icona = {100, u"Documentazione normativa"}},
+    Comando{.Parola = u"release", .Guardia = Sempre, .Azione = Rilascio, .Manca = SenzaServer},
+    Comando{.Parola = u"readme", .Guardia = Sempre, .Azione = Leggimi},
+    Comando{.Parola = u"guida",
+            .Guardia = Sempre,
+            .Azione = Guida,
+            .Manca = SenzaGuida,
+            .Tasti = u"Shift+F1",
+            .Pulsante = {110, Aiuti, u"Guida", u"Guida giuridica alle funzioni del quadro"},
+            .Icona = {110, u"Guida giuridica"}},
+    Comando{
+        .Parola = u"about", .Guardia = Sempre, .Azione = Finestra, .Manca = SenzaFinestra, .Procedura = true},
+    Comando{.Parola = u"link",
+            .Guardia = Sempre,
+            .Azione = Collegamenti,
+            .Manca = SenzaServer,
+            .Icona = {120, u"Elenco siti web utili"}},
+    Comando{.Parola = u"assistenza",
+            .Guardia = Sempre,
+            .Azione = Assistenza,
+            .Manca = SenzaServer,
+            .Procedura = true},
 };
 
-constexpr std::array Tabella{
-    Voce{u"new", Sempre, Nuova},
-    Voce{u"open", Sempre, Trova<0>},
-    Voce{u"openpar", Sempre, Trova<0>},
-    Voce{u"openmod", Sempre, Trova<1>},
-    Voce{u"save", DaSalvare, Salva<false>},
-    Voce{u"savepar", DaSalvare, Salva<false>},
-    Voce{u"savemod", DaSalvare, Salva<true>},
-    Voce{u"print", Occupato, Stampa},
-    Voce{u"printopz", Occupato, Stampa},
-    Voce{u"printword", HaPosto, StampaWord},
-    Voce{u"kr2", Sempre, Kr2},
-    Voce{u"clienti", Sempre, Apertura<&Apritori::Rubrica>},
-    Voce{u"codfis", Sempre, Apertura<&Apritori::CodiceFiscale>},
-    Voce{u"setup", Sempre, Setup},
-    Voce{u"recupera", Sempre, Recupera},
-    Voce{u"contrib", Sempre, Apertura<&Apritori::Contributo>},
-    Voce{u"termini", Sempre, Apertura<&Apritori::Termini>},
-    Voce{u"sequenz", Sempre, Apertura<&Apritori::TerminiSequenziali>},
-    Voce{u"inter", Sempre, Apertura<&Apritori::Interessi>},
-    Voce{u"istat", Sempre, Apertura<&Apritori::Istat>},
-    Voce{u"novita", Sempre, Novita},
-    Voce{u"help", Sempre, Aiuto},
-    Voce{u"off", Sempre, Spegni},
-    Voce{u"lock", HaPosti, Proteggi},
-    Voce{u"upgrade", Sempre, Apertura<&Apritori::Aggiorna>},
-    Voce{u"docum", Sempre, Apertura<&Apritori::Documenti>},
-    Voce{u"release", Sempre, Rilascio},
-    Voce{u"readme", Sempre, Leggimi},
-    Voce{u"guida", Sempre, Guida},
-    Voce{u"about", Sempre, Apertura<&Apritori::Informazioni>},
-    Voce{u"link", Sempre, Collegamenti},
-    Voce{u"assistenza", Sempre, Assistenza},
-};
+const Comando* Cerca(QStringView Parola)
+{
+    const auto Trovato = std::ranges::find(Tabella, Parola, &Comando::Parola);
+    return Trovato == Tabella.end() ? nullptr : &*Trovato;
+}
+
+/// The rows that have a control of a kind, in the order of its places.
+template <class Controllo>
+std::vector<const Comando*> InOrdine(Controllo Comando::*Tipo)
+{
+    std::vector<const Comando*> Trovati;
+    for (const Comando& Riga : Tabella)
+        if ((Riga.*Tipo).Posto > 0)
+            Trovati.push_back(&Riga);
+    std::ranges::sort(Trovati, {}, [Tipo](const Comando* Riga) { return (Riga->*Tipo).Posto; });
+    return Trovati;
+}
 
 }  // namespace
 
-void EseguiComando(const QString& Comando, int Indice, const QString& Par)
+void EseguiComando(const QString& Parola, int Indice, const QString& Par)
 {
-    const auto Trovata = std::ranges::find(Tabella, Comando, &Voce::Parola);
-    const Chiamata C{Indice, Par};
-    if (Trovata == Tabella.end() || !Trovata->Guardia(C))
+    const Comando* Riga = Cerca(Parola);
+    const Chiamata C{Parola, Indice, Par};
+    if (!Riga || !Riga->Guardia(C))
         return;
-    Protetta([&] { Trovata->Azione(C); });
+    Protetta([&] { Riga->Azione(C); });
 }
 
-std::vector<QString> ParoleComando()
+std::span<const Comando> Comandi()
 {
-    std::vector<QString> Parole;
-    for (const Voce& Una : Tabella)
-        Parole.push_back(Una.Parola.toString());
-    return Parole;
+    return Tabella;
+}
+
+std::vector<const Comando*> ComandiDellaBarra()
+{
+    return InOrdine(&Comando::Pulsante);
+}
+
+std::vector<const Comando*> ComandiDellaScrivania()
+{
+    return InOrdine(&Comando::Icona);
+}
+
+QString Impedimento(QStringView Parola)
+{
+    const Comando* Riga = Cerca(Parola);
+    return Riga && Riga->Manca ? Riga->Manca(Parola) : QString();
 }

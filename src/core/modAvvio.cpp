@@ -3,7 +3,6 @@
 #include "core/modErrori.h"
 #include "platform/base/nomidate.h"
 #include "platform/base/regionale.h"
-#include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
@@ -16,11 +15,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString Parametro(const QString& Chiave, const QString& Predefinito = {})
-{
-    return GetSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave, Predefinito);
-}
 
 void Fase(const QString& Testo)
 {
@@ -37,19 +31,19 @@ QString CartellaOProgramma(const QString& Cartella)
 void LeggiStudio()
 {
     using namespace sessione;
-    StudioNome = Parametro(u"StudioNome"_s);
-    StudioIndir = Parametro(u"StudioIndir"_s);
-    StudioCitta = Parametro(u"StudioCitta"_s);
-    StudioCodFisc = Parametro(u"StudioCodFisc"_s);
-    StudioMail = Parametro(u"StudioMail"_s);
-    StudioPIva = Parametro(u"StudioPIva"_s);
-    Firma = Parametro(u"Firma"_s);
+    StudioNome = Impostazione(u"StudioNome"_s);
+    StudioIndir = Impostazione(u"StudioIndir"_s);
+    StudioCitta = Impostazione(u"StudioCitta"_s);
+    StudioCodFisc = Impostazione(u"StudioCodFisc"_s);
+    StudioMail = Impostazione(u"StudioMail"_s);
+    StudioPIva = Impostazione(u"StudioPIva"_s);
+    Firma = Impostazione(u"Firma"_s);
 }
 
 void LeggiCartelleParcelle()
 {
     using namespace sessione;
-    ParcellePath = Barra(Parametro(u"ParcellePath"_s, CartellaOProgramma(PercorsoProg + u"Parcelle"_s)));
+    ParcellePath = Barra(Impostazione(u"ParcellePath"_s, CartellaOProgramma(PercorsoProg + u"Parcelle"_s)));
     ModelliPath = CartellaOProgramma(ParcellePath + u"Modelli"_s);
 }
 
@@ -57,7 +51,7 @@ void LeggiCartelleParcelle()
 void LeggiAliquota(float& Aliquota, const QString& Chiave, const QString& Predefinito)
 {
     try {
-        Aliquota = CSng(Parametro(Chiave, Predefinito));
+        Aliquota = CSng(Impostazione(Chiave, Predefinito));
     } catch (const Errore&) {
         return;
     }
@@ -69,18 +63,18 @@ void LeggiAliquote()
     LeggiAliquota(sessione::RA, u"RA"_s, u"20"_s);
     LeggiAliquota(sessione::SpeseGen, u"SpeseGen"_s, u"12,5"_s);
     LeggiAliquota(sessione::CP, u"CP"_s, u"4"_s);
-    sessione::Iban = Parametro(u"Iban"_s);
+    sessione::Iban = Impostazione(u"Iban"_s);
 }
 
 void LeggiScrivania()
 {
     using namespace sessione;
-    SfondoDesktop = Parametro(u"SfondoDesktop"_s, u"lex.jpg"_s);
-    ColoreSfondoDesktop = CLng(Parametro(u"ColoreSfondoDesktop"_s, u"2508052"_s));
-    ColoreEtichette = CLng(Parametro(u"ColoreEtichette"_s, u"16777215"_s));
+    SfondoDesktop = Impostazione(u"SfondoDesktop"_s, u"lex.jpg"_s);
+    ColoreSfondoDesktop = CLng(Impostazione(u"ColoreSfondoDesktop"_s, u"2508052"_s));
+    ColoreEtichette = CLng(Impostazione(u"ColoreEtichette"_s, u"16777215"_s));
     // Written by the settings as ColoreEtichetteBordo: the store does not look at the case.
-    ColoreEtichetteBordo = CLng(Parametro(u"ColoreEtichettebordo"_s, u"0"_s));
-    ColoreEtichettaSel = CLng(Parametro(u"ColoreEtichettaSel"_s, u"255"_s));
+    ColoreEtichetteBordo = CLng(Impostazione(u"ColoreEtichettebordo"_s, u"0"_s));
+    ColoreEtichettaSel = CLng(Impostazione(u"ColoreEtichettaSel"_s, u"255"_s));
 }
 
 void VerificaCartellaUtente()
@@ -101,18 +95,18 @@ void LeggiParametri()
     Fase(u"avvio impostazione variabili"_s);
     TitoloProdotto = u"Calcanova 3"_s;
     PrefissoOdbc = u"DRIVER=Microsoft Access Driver (*.mdb);DBQ="_s;
-    PercorsoProg = Barra(Parametro(u"PercorsoProcedura"_s, CartellaEseguibile()));
-    ArchivioCliCon = PercorsoArchivio(Parametro(u"ArchivioCliCon"_s, PercorsoProg + u"DatiStudio.mdb"_s));
+    PercorsoProg = Barra(Impostazione(u"PercorsoProcedura"_s, CartellaEseguibile()));
+    ArchivioCliCon = PercorsoArchivio(Impostazione(u"ArchivioCliCon"_s, PercorsoProg + u"DatiStudio.mdb"_s));
     Fase(u"avvio impostazione variabili1"_s);
     LeggiStudio();
     LeggiCartelleParcelle();
     Fase(u"avvio impostazione variabili2"_s);
     LeggiAliquote();
     Fase(u"avvio impostazione variabili3"_s);
-    CercaAgg = Parametro(u"CercaAgg"_s, u"S"_s) == u"S";
-    WP = Parametro(u"WP"_s, u"-1"_s);
-    ProgFatt = CInt(Parametro(u"ProgFatt"_s, u"0"_s));
-    UserFolder = Parametro(u"UserFolder"_s);
+    CercaAgg = Impostazione(u"CercaAgg"_s, u"S"_s) == u"S";
+    WP = Impostazione(u"WP"_s, u"-1"_s);
+    ProgFatt = CInt(Impostazione(u"ProgFatt"_s, u"0"_s));
+    UserFolder = Impostazione(u"UserFolder"_s);
     LeggiScrivania();
     Fase(u"avvio impostazione variabili4"_s);
     VerificaCartellaUtente();

@@ -1,15 +1,12 @@
 // Start of the session: settings into variables, and the companion application's request.
 #pragma once
 
+#include "core/parametri.h"
 #include "core/sessione.h"
 
 #include <QString>
 
 struct VersioneSistema;
-
-/// Name of the program's settings and of their one section.
-inline constexpr QStringView NomeApplicazione = u"KR5";
-inline constexpr QStringView SezioneParametri = u"Parametri";
 
 /// Fills the session variables from the settings store. Called by Main once and by the settings form
 /// after each save, so that a change is in force at once. Failures are reported; a malformed rate leaves

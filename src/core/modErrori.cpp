@@ -34,6 +34,12 @@ void MsgErrore(const QString& Testo)
     MsgBox(Testo, vbCritical, TitoloErrore.toString());
 }
 
+void VerificaEsito(int Esito)
+{
+    if (Esito != 0)
+        throw Errore(Esito);
+}
+
 void TraceDebug(const QString& Messaggio)
 {
     // The first entry has no line break behind it, so that the second follows it on its line: kept so.

@@ -32,6 +32,9 @@ bool Protetta(F&& Procedura, int Ignora = 0)
     }
 }
 
+/// What the system answered to an opener. @throws Errore of that number, unless it is 0
+void VerificaEsito(int Esito);
+
 /// Appends "- " + message to the debug trace (a line break follows from the second entry on) and shows
 /// it. Callers test sessione::ModoDebug first.
 void TraceDebug(const QString& Messaggio);

@@ -7,16 +7,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-void Verifica(int Esito)
-{
-    if (Esito != 0)
-        throw Errore(Esito);
-}
-
-}  // namespace
-
 void ApriPDF(const QString& Percorso, int Pagina)
 {
     Protetta([&] {
@@ -27,7 +17,7 @@ void ApriPDF(const QString& Percorso, int Pagina)
         }
         if (!HaProgramma(File))
             MsgErrore(u"Percorso Acrobat reader non trovato!"_s);
-        Verifica(ApriPdfConSistema(File, Pagina));
+        VerificaEsito(ApriPdfConSistema(File, Pagina));
     });
 }
 
@@ -51,7 +41,7 @@ void ApriDocWord(const QString& Percorso)
 {
     Protetta([&] {
         Clessidra(true);
-        Verifica(ApriConSistema(Percorso));
+        VerificaEsito(ApriConSistema(Percorso));
         Clessidra(false);
     });
 }

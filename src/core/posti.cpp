@@ -16,10 +16,10 @@ bool ParcellaAperta()
 
 int TrovaPostoParcella(const std::function<bool()>& Intatta)
 {
-    const bool Una = UltimaParcella() == 1;
+    const bool Sola = UltimaParcella() == 1;
     for (int i = 1; i <= UltimaParcella(); ++i) {
         InfoParcella& Posto = InfoParcelle[size_t(i)];
-        if (Posto.Libera || (Una && !Posto.Modificata && Intatta && Intatta())) {
+        if (Posto.Libera || (Sola && !Posto.Modificata && Intatta && Intatta())) {
             Posto.Libera = false;
             return i;
         }

@@ -14,6 +14,15 @@ struct InfoParcella
     QString Nome;             ///< in lower case without ".mdb", or "Nuova parcella"
 };
 
+/// Tabs of a note's window.
+enum SchedaParcella {
+    SchedaBase = 0,
+    SchedaListaOnorari = 1,
+    SchedaListaSpese = 2,
+    SchedaImposte = 3,
+    SchedaDiStampa = 4,
+};
+
 /// The places, grown together with the windows; upper bound 0 at the start.
 inline std::vector<InfoParcella> InfoParcelle{1};
 /// Upper bound of the array: the highest place.

@@ -1,6 +1,6 @@
 #include "demo/copione.h"
 
-#include "core/app/Main.h"
+#include "core/app/avvio.h"
 #include "core/desktop/frmMain.h"
 #include "core/desktop/frmStudio.h"
 #include "core/desktop/iconastudio.h"

@@ -21,6 +21,12 @@ private Q_SLOTS:
     void cleanup();
 
     void ordineDellaTabella();
+    void senzaLavoroNonSiAbilita_data();
+    void senzaLavoroNonSiAbilita();
+    void laGuidaVuoleIlSuoDocumento();
+    void indirizziDaStabilire_data();
+    void indirizziDaStabilire();
+    void laBarraELaScrivania();
     void apreUnaFinestra_data();
     void apreUnaFinestra();
     void senzaApritoreNonFaNulla();
@@ -108,16 +114,16 @@ void TestComandi::RegistraAperture()
         return false;
     };
     Aperture.Impostazioni = [this](int Quale, bool) { Eventi << u"impostazioni"_s + Numeri({Quale}); };
-    Aperture.Rubrica = Annota(u"rubrica"_s);
-    Aperture.CodiceFiscale = Annota(u"codice fiscale"_s);
-    Aperture.Contributo = Annota(u"contributo"_s);
-    Aperture.Termini = Annota(u"termini"_s);
-    Aperture.TerminiSequenziali = Annota(u"sequenziali"_s);
-    Aperture.Interessi = Annota(u"interessi"_s);
-    Aperture.Istat = Annota(u"istat"_s);
-    Aperture.Aggiorna = Annota(u"aggiorna"_s);
-    Aperture.Documenti = Annota(u"documenti"_s);
-    Aperture.Informazioni = Annota(u"informazioni"_s);
+    Aperture.Finestre[u"clienti"_s] = Annota(u"rubrica"_s);
+    Aperture.Finestre[u"codfis"_s] = Annota(u"codice fiscale"_s);
+    Aperture.Finestre[u"contrib"_s] = Annota(u"contributo"_s);
+    Aperture.Finestre[u"termini"_s] = Annota(u"termini"_s);
+    Aperture.Finestre[u"sequenz"_s] = Annota(u"sequenziali"_s);
+    Aperture.Finestre[u"inter"_s] = Annota(u"interessi"_s);
+    Aperture.Finestre[u"istat"_s] = Annota(u"istat"_s);
+    Aperture.Finestre[u"upgrade"_s] = Annota(u"aggiorna"_s);
+    Aperture.Finestre[u"docum"_s] = Annota(u"documenti"_s);
+    Aperture.Finestre[u"about"_s] = Annota(u"informazioni"_s);
 }
 
 void TestComandi::init()
@@ -167,7 +173,83 @@ void TestComandi::ordineDellaTabella()
         u"inter"_s,   u"istat"_s,     u"novita"_s,   u"help"_s,      u"off"_s,     u"lock"_s,
         u"upgrade"_s, u"docum"_s,     u"release"_s,  u"readme"_s,    u"guida"_s,   u"about"_s,
         u"link"_s,    u"assistenza"_s};
-    QCOMPARE(ParoleComando(), Attese);
+    std::vector<QString> Parole;
+    for (const Comando& Riga : Comandi())
+        Parole.push_back(Riga.Parola.toString());
+    QCOMPARE(Parole, Attese);
+}
+
+void TestComandi::senzaLavoroNonSiAbilita_data()
+{
+    QTest::addColumn<QString>("Comando");
+    QTest::addColumn<bool>("ConFinestra");
+    QTest::addColumn<QString>("Motivo");
+
+    const QString Finestra = u"non ancora disponibile in questa versione"_s;
+    for (const QString& Parola : {u"clienti"_s, u"docum"_s, u"upgrade"_s, u"about"_s, u"termini"_s}) {
+        QTest::newRow(qPrintable(Parola + u", no window"_s)) << Parola << false << Finestra;
+        QTest::newRow(qPrintable(Parola)) << Parola << true << QString();
+    }
+    for (const QString& Parola : {u"link"_s, u"assistenza"_s, u"release"_s})
+        QTest::newRow(qPrintable(Parola)) << Parola << true << u"il sito non è ancora disponibile"_s;
+    for (const QString& Parola : {u"new"_s, u"kr2"_s, u"novita"_s, u"help"_s, u"off"_s, u"setup"_s, u"boh"_s})
+        QTest::newRow(qPrintable(Parola)) << Parola << false << QString();
+}
+
+void TestComandi::senzaLavoroNonSiAbilita()
+{
+    QFETCH(QString, Comando);
+    QFETCH(bool, ConFinestra);
+    if (!ConFinestra)
+        Aperture = {};
+    QTEST(Impedimento(Comando), "Motivo");
+}
+
+void TestComandi::laGuidaVuoleIlSuoDocumento()
+{
+    sessione::PercorsoProg = NuovaCartella();
+    QCOMPARE(Impedimento(u"guida"), u"il documento non è ancora disponibile"_s);
+    ScriviFile(sessione::PercorsoProg + u"guidagiuridica.PDF"_s, "%PDF-");
+    QCOMPARE(Impedimento(u"guida"), QString());
+}
+
+void TestComandi::indirizziDaStabilire_data()
+{
+    QTest::addColumn<QString>("Indirizzo");
+    QTest::addColumn<bool>("Esiste");
+
+    QTest::newRow("reserved") << u"http://www.calcanova.example"_s << false;
+    QTest::newRow("reserved, with a page") << u"http://www.calcanova.example/vdm.asp"_s << false;
+    QTest::newRow("registered") << u"https://www.normattiva.it"_s << true;
+    QTest::newRow("only the page is called so") << u"https://www.normattiva.it/x.example"_s << true;
+}
+
+void TestComandi::indirizziDaStabilire()
+{
+    QFETCH(QString, Indirizzo);
+    QTEST(indirizzi::Esiste(Indirizzo), "Esiste");
+}
+
+void TestComandi::laBarraELaScrivania()
+{
+    const auto Parole = [](const std::vector<const Comando*>& Righe) {
+        QStringList Trovate;
+        for (const Comando* Riga : Righe)
+            Trovate << Riga->Parola.toString();
+        return Trovate.join(u' ');
+    };
+    QCOMPARE(Parole(ComandiDellaBarra()),
+             u"new open save lock clienti contrib inter istat termini sequenz guida "
+             u"docum setup help"_s);
+    QCOMPARE(Parole(ComandiDellaScrivania()),
+             u"new kr2 clienti termini sequenz inter istat codfis contrib docum "
+             u"guida link novita upgrade setup"_s);
+    QStringList Tasti;
+    for (const Comando& Riga : Comandi()) {
+        const QString Suoi = Riga.Tasti.toString();
+        QVERIFY2(Suoi.isEmpty() || !Tasti.contains(Suoi), qPrintable(Suoi));
+        Tasti << Suoi;
+    }
 }
 
 void TestComandi::apreUnaFinestra_data()
@@ -502,7 +584,7 @@ void TestComandi::spegniDaUnaPratica()
 void TestComandi::guastoRiferito()
 {
     Registratore Box;
-    Aperture.Termini = [] { throw Errore(7); };
+    Aperture.Finestre[u"termini"_s] = [] { throw Errore(7); };
     Box.Attendi(u"Errore: "_s + DescrizioneErrore(7) + u" (7)"_s, vbOK, u"Errore:"_s);
     EseguiComando(u"termini"_s, 0, {});
 }

@@ -294,8 +294,8 @@ void LasciaSelezione()
 
 void ApriAggiornamento()
 {
-    if (Aperture.Aggiorna)
-        Aperture.Aggiorna();
+    if (Aperture.Ha(u"upgrade"))
+        Aperture.Apri(u"upgrade");
     else
         MsgBox(u"L'aggiornamento degli indici non è disponibile in questa versione del programma."_s,
                vbInformation, TitoloInformazione.toString());

@@ -7,7 +7,7 @@
 #include "calculators/windows/frmTermini.h"
 #include "calculators/windows/frmTerminiSeq.h"
 #include "core/aperture.h"
-#include "core/app/Main.h"
+#include "core/app/avvio.h"
 #include "core/app/paginaavviso.h"
 #include "core/desktop/frmMain.h"
 #include "core/desktop/frmStudio.h"
@@ -63,6 +63,9 @@ void RiempiParcelle()
     Aperture.VaiAllaScheda = [](int Indice, int Scheda) {
         Su(Indice, [=](frmParcelle& Finestra) { Finestra.VaiAllaScheda(Scheda); });
     };
+    Aperture.SegnaModificata = [](int Indice, bool Si) {
+        Su(Indice, [=](frmParcelle& Finestra) { Finestra.SetModificata(Si); });
+    };
     Aperture.Proteggi = [](int Indice) { Su(Indice, [](frmParcelle& Finestra) { Finestra.Proteggi(); }); };
     Aperture.OffriRecupero = OffriRecupero;
     Aperture.SchedaCorrente = [](int Indice) {
@@ -90,7 +93,7 @@ void SeguiPagina(const QString& Pagina, const QString& Titolo)
     try {
         Visore->Aggiorna();
     } catch (const Errore&) {
-        // Told when the sheet is asked for, not at each step in the catalogue.
+        return;  // shown when the sheet is asked for, not at each step in the catalogue
     }
 }
 
@@ -110,6 +113,13 @@ void ApriAvviso(const PaginaAvviso& Avviso)
     (void)Visore.release();  // from here on its closing deletes it
 }
 
+/// The one window of its kind opens by the word of a command.
+template <class Finestra>
+void Registra(const QString& Parola)
+{
+    Aperture.Finestre[Parola] = [] { Singola<Finestra>().Mostra(); };
+}
+
 }  // namespace
 
 void RiempiApritori()
@@ -118,12 +128,12 @@ void RiempiApritori()
     Aperture.PaginaWeb = ApriPagina;
     Aperture.PaginaSegue = SeguiPagina;
     Aperture.Avviso = ApriAvviso;
-    Aperture.Termini = [] { Singola<frmTermini>().Mostra(); };
-    Aperture.TerminiSequenziali = [] { Singola<frmTerminiSeq>().Mostra(); };
-    Aperture.Interessi = [] { Singola<frmInteressi>().Mostra(); };
-    Aperture.Istat = [] { Singola<frmIstat>().Mostra(); };
-    Aperture.CodiceFiscale = [] { Singola<frmCodFis>().Mostra(); };
-    Aperture.Contributo = [] { Singola<frmContrib>().Mostra(); };
+    Registra<frmTermini>(u"termini"_s);
+    Registra<frmTerminiSeq>(u"sequenz"_s);
+    Registra<frmInteressi>(u"inter"_s);
+    Registra<frmIstat>(u"istat"_s);
+    Registra<frmCodFis>(u"codfis"_s);
+    Registra<frmContrib>(u"contrib"_s);
     Aperture.Impostazioni = [](int Scheda, bool Modale) {
         auto& Modulo = Singola<frmSetup>();
         Modale ? Modulo.MostraModale(Scheda) : Modulo.Mostra(Scheda);

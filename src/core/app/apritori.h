@@ -3,6 +3,6 @@
 
 #include "core/aperture.h"
 
-/// Fills Aperture, and gives the fee-note windows their frame. A command whose form does not exist keeps an
-/// empty opener and does nothing.
+/// Fills Aperture, and gives the fee-note windows their frame. A command whose form does not exist is not
+/// registered: its controls are disabled.
 void RiempiApritori();

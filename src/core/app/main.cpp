@@ -1,5 +1,5 @@
 // Calcanova: fee notes and calculators for Italian law offices.
-#include "core/app/Main.h"
+#include "core/app/avvio.h"
 #include "core/app/programma.h"
 #include "platform/kit/servizi_qt.h"
 

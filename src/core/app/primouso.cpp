@@ -2,9 +2,15 @@
 
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
-#include "platform/system/impostazioni.h"
+#include "platform/database/database.h"
+#include "platform/database/recordset.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
+
+#include <QDir>
+
+#include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -12,14 +18,9 @@ namespace {
 
 constexpr int Documenti = 5;
 
-QString Parametro(const QString& Chiave, const QString& Predefinito = {})
+QString CartellaProgramma()
 {
-    return GetSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave, Predefinito);
-}
-
-void Salva(const QString& Chiave, const QString& Valore)
-{
-    SaveSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave, Valore);
+    return Barra(Impostazione(u"PercorsoProcedura"_s, CartellaEseguibile()));
 }
 
 /// The program's own folder among the user's documents.
@@ -31,7 +32,7 @@ QString CartellaDocumenti()
 /// Copies a file of the program beside the user's data, unless one of that name, in any case, is there.
 void CopiaSeManca(const QString& Nome, const QString& Cartella)
 {
-    const QString Origine = TrovaFile(Barra(Parametro(u"PercorsoProcedura"_s, CartellaEseguibile())) + Nome);
+    const QString Origine = TrovaFile(CartellaProgramma() + Nome);
     // Two programs may be started at once: of two copies the first one counts, it may be in use already.
     if (EsisteFile(Origine) && !EsisteFile(TrovaFile(Cartella + Nome)))
         CreaFile(Cartella + Nome, LeggiFile(Origine));
@@ -39,36 +40,72 @@ void CopiaSeManca(const QString& Nome, const QString& Cartella)
 
 void PreparaCartellaUtente()
 {
-    if (!Parametro(u"UserFolder"_s).isEmpty())
-        return;
     const QString Cartella = CartellaUtente(LeggiVersioneSistema());
-    CreaCartella(Cartella);
-    Salva(u"UserFolder"_s, Cartella);
+    const QString Salvata = Impostazione(u"UserFolder"_s);
+    // The folder that the program chose by itself is made again; only one of the user's is missed.
+    if (Salvata.isEmpty() || Salvata == Cartella)
+        CreaCartella(Cartella);
+    if (!Salvata.isEmpty())
+        return;
+    SalvaImpostazione(u"UserFolder"_s, Cartella);
+}
+
+/// True when a folder holds databases that the program has not come with: notes, or templates.
+bool HaParcelle(const QString& Cartella)
+{
+    const QStringList Fornite{u"parcelle.mdb"_s, u"datistudio.mdb"_s, u"comuni.mdb"_s};
+    const QStringList Trovate =
+        QDir(Cartella).entryList({u"*.mdb"_s}, QDir::Files | QDir::Hidden | QDir::System);
+    return std::ranges::any_of(Trovate,
+                               [&](const QString& Nome) { return !Fornite.contains(Nome.toLower()); });
+}
+
+/// True when an archive holds a client or a counterparty, or cannot be read: nobody knows then what it holds.
+bool HaRighe(const QString& Archivio)
+{
+    if (!EsisteFile(Archivio))
+        return false;
+    try {
+        Database Db = OpenDatabase(Archivio, true);
+        return std::ranges::any_of(std::array{u"clienti"_s, u"controparti"_s}, [&](const QString& Tabella) {
+            return !Db.OpenRecordset(u"SELECT * FROM "_s + Tabella).Eof();
+        });
+    } catch (const Errore&) {
+        return true;
+    }
 }
 
 void PreparaParcelle()
 {
-    if (!Parametro(u"ParcellePath"_s).isEmpty())
+    if (!Impostazione(u"ParcellePath"_s).isEmpty())
         return;
+    // An office that has its notes beside the program goes on there: nothing is stored, the default holds.
+    const QString Programma = CartellaProgramma();
+    for (const QString& Sotto : {u""_s, u"Parcelle"_s, u"Modelli"_s, u"Parcelle/Modelli"_s})
+        if (HaParcelle(Programma + Sotto))
+            return;
     const QString Cartella = CartellaDocumenti() + Barra(u"Parcelle"_s);
     // Without this one the templates would go beside the program, where a user may not write.
     CreaCartella(Cartella + u"Modelli"_s);
-    Salva(u"ParcellePath"_s, Cartella);
+    SalvaImpostazione(u"ParcellePath"_s, Cartella);
 }
 
 void PreparaArchivio()
 {
-    if (!Parametro(u"ArchivioCliCon"_s).isEmpty())
+    if (!Impostazione(u"ArchivioCliCon"_s).isEmpty())
         return;
     const QString Nome = u"DatiStudio.mdb"_s;
+    // A copy would part from the archive that the office works with.
+    if (HaRighe(TrovaFile(CartellaProgramma() + Nome)))
+        return;
     CreaCartella(CartellaDocumenti());
     CopiaSeManca(Nome, CartellaDocumenti());
-    Salva(u"ArchivioCliCon"_s, CartellaDocumenti() + Nome);
+    SalvaImpostazione(u"ArchivioCliCon"_s, CartellaDocumenti() + Nome);
 }
 
 void PreparaTassi()
 {
-    const QString Cartella = Barra(Parametro(u"UserFolder"_s));
+    const QString Cartella = Barra(Impostazione(u"UserFolder"_s));
     if (EsisteCartella(Cartella))
         CopiaSeManca(u"Tassi.dat"_s, Cartella);
 }

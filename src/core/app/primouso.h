@@ -2,8 +2,10 @@
 #pragma once
 
 /// Sets the folders of user data, fee notes and archive, in the user's Documents, where the settings hold
-/// none; creates them and copies the empty archive into its own. A rate archive missing from the user
-/// folder is taken from the program folder, at every start. Nothing ever replaces a file.
+/// none; creates them and copies the empty archive into its own. An office that has its notes, or an archive
+/// with rows, in the program's folder goes on there: of these nothing is set. A rate archive missing from the
+/// user folder is taken from the program folder, and a user folder in the Documents is made again, at every
+/// start. Nothing ever replaces a file.
 ///
 /// A failure is reported; its setting then stays unset, so that the next start tries again, and the program
 /// goes on.

@@ -11,7 +11,8 @@
 
 void PreparaProgramma()
 {
-    // The end is asked for by name: a message closed before the first window must not be taken for it.
+    // Termina alone ends the program, because Qt would end it with the first message box, closed while no
+    // window is up yet.
     QApplication::setQuitOnLastWindowClosed(false);
     aspetto::Prepara();
     InstallaServiziQt();

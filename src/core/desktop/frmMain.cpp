@@ -2,14 +2,17 @@
 
 #include "core/aperture.h"
 #include "core/comandi.h"
-#include "core/modAvvio.h"
+#include "core/desktop/frmStudio.h"
 #include "core/modErrori.h"
+#include "core/parametri.h"
 #include "core/posti.h"
+#include "core/sessione.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
-#include "platform/system/impostazioni.h"
+#include "platform/kit/singola.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 
 #include "ui_frmMain.h"
 
@@ -29,35 +32,6 @@ namespace {
 constexpr int LarghezzaPredefinita = 13400;
 constexpr int AltezzaPredefinita = 10600;
 
-/// A button of the toolbar; a separator stands where the group changes.
-struct Pulsante
-{
-    QStringView Chiave;
-    QStringView Suggerimento;
-    QStringView Parola;  ///< under the picture
-    int Gruppo;
-    QStringView Tasti;  ///< the keys that press it, where no procedure of the frame has them
-};
-
-enum GruppoBarra { Parcelle, Archivi, Calcoli, Aiuti, Opzioni, Guida };
-
-constexpr std::array Pulsanti{
-    Pulsante{u"new", u"Nuova parcella", u"Nuova", Parcelle, u""},
-    Pulsante{u"open", u"Apri parcella", u"Apri", Parcelle, u""},
-    Pulsante{u"save", u"Salva parcella", u"Salva", Parcelle, u""},
-    Pulsante{u"lock", u"Proteggi parcella", u"Proteggi", Parcelle, u"Ctrl+Shift+L"},
-    Pulsante{u"clienti", u"Rubrica clienti e controparti", u"Rubrica", Archivi, u""},
-    Pulsante{u"contrib", u"Calcolo contributo unificato", u"Contributo", Calcoli, u""},
-    Pulsante{u"inter", u"Calcolo interessi legali e comm.li", u"Interessi", Calcoli, u""},
-    Pulsante{u"istat", u"Rivalutazione istat", u"Istat", Calcoli, u""},
-    Pulsante{u"termini", u"Calcolo dei termini", u"Termini", Calcoli, u""},
-    Pulsante{u"sequenz", u"Calcolo dei termini sequenziali", u"Sequenze", Calcoli, u""},
-    Pulsante{u"guida", u"Guida giuridica alle funzioni del quadro", u"Guida", Aiuti, u"Shift+F1"},
-    Pulsante{u"docum", u"Documentazione normativa", u"Norme", Aiuti, u"Ctrl+Shift+D"},
-    Pulsante{u"setup", u"Impostazioni programma", u"Opzioni", Opzioni, u""},
-    Pulsante{u"help", u"Guida in linea", u"Aiuto", Guida, u""},
-};
-
 /// An entry of a button's menu.
 struct VoceMenu
 {
@@ -67,6 +41,8 @@ struct VoceMenu
 };
 
 constexpr std::array Menu{
+    VoceMenu{u"save", u"save", u"Salva parcella"},
+    VoceMenu{u"save", u"savemod", u"Salva come modello"},
     VoceMenu{u"open", u"openpar", u"Apri da parcelle salvate"},
     VoceMenu{u"open", u"openmod", u"Apri da modelli"},
     VoceMenu{u"help", u"help", u"Guida all'uso"},
@@ -74,45 +50,27 @@ constexpr std::array Menu{
     VoceMenu{u"help", u"about", u"Informazioni su.."},
 };
 
-/// A command that the frame gives by itself, with no target window, and its keys.
-struct Procedura
+/// Keys that stay where the buttons are hidden: whoever can write in a note can save it.
+struct TastiParcella
 {
     QStringView Comando;
     QStringView Tasti;
 };
 
-constexpr std::array Procedure{
-    Procedura{u"new", u"Ctrl+N"},
-    Procedura{u"openmod", u"Ctrl+Shift+O"},
-    Procedura{u"openpar", u"Ctrl+O"},
-    Procedura{u"clienti", u"Ctrl+Shift+R"},
-    Procedura{u"contrib", u"Ctrl+Shift+C"},
-    Procedura{u"setup", u"Ctrl+Shift+P"},
-    Procedura{u"termini", u"Ctrl+Shift+T"},
-    Procedura{u"inter", u"Ctrl+Shift+I"},
-    Procedura{u"istat", u"Ctrl+Shift+V"},
-    Procedura{u"codfis", u"Ctrl+Shift+F"},
-    Procedura{u"upgrade", u""},
-    Procedura{u"tassi", u""},
-    Procedura{u"help", u"F1"},
-    Procedura{u"recupera", u""},
-    Procedura{u"assistenza", u""},
-    Procedura{u"about", u""},
-    Procedura{u"off", u"Ctrl+Q"},
-    Procedura{u"sequenz", u"Ctrl+Shift+S"},
+constexpr std::array SempreInParcella{
+    TastiParcella{u"save", u"Ctrl+S"},
+    TastiParcella{u"savemod", u"Ctrl+Shift+M"},
 };
-
-int Misura(const QString& Chiave, int PredefinitaTwip)
-{
-    bool Letta = false;
-    const int Twip =
-        GetSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave).toInt(&Letta);
-    return aspetto::Pixel(Letta && Twip > 0 ? Twip : PredefinitaTwip);
-}
 
 QKeySequence Sequenza(QStringView Tasti)
 {
     return QKeySequence(Tasti.toString(), QKeySequence::PortableText);
+}
+
+/// What the control of a command does, or why it can do nothing yet.
+QString ConImpedimento(const QString& Suggerimento, const QString& Motivo)
+{
+    return Motivo.isEmpty() ? Suggerimento : Suggerimento + u": "_s + Motivo;
 }
 
 }  // namespace
@@ -142,21 +100,44 @@ void frmMain::CreaBarra()
     QFont Carattere = ui->barParcelle->font();
     Carattere.setPointSizeF(QFontInfo(Carattere).pointSizeF() * Riduzione);
     ui->barParcelle->setFont(Carattere);
-    int Gruppo = Pulsanti.front().Gruppo;
-    for (const Pulsante& Uno : Pulsanti) {
-        if (Uno.Gruppo != Gruppo)
+    const std::vector<const Comando*> Comandi = ComandiDellaBarra();
+    int Gruppo = Comandi.front()->Pulsante.Gruppo;
+    for (const Comando* Riga : Comandi) {
+        if (Riga->Pulsante.Gruppo != Gruppo)
             ui->barParcelle->addSeparator();
-        Gruppo = Uno.Gruppo;
-        const QString Chiave = Uno.Chiave.toString();
-        QAction* Azione = ui->barParcelle->addAction(aspetto::Icona(Chiave), Uno.Parola.toString());
-        Azione->setToolTip(Uno.Suggerimento.toString());
-        Azione->setShortcut(Sequenza(Uno.Tasti));
+        Gruppo = Riga->Pulsante.Gruppo;
+        const QString Chiave = Riga->Parola.toString();
+        QAction* Azione =
+            ui->barParcelle->addAction(aspetto::Icona(Chiave), Riga->Pulsante.Scritta.toString());
+        Azione->setData(Chiave);
+        Azione->setToolTip(Riga->Pulsante.Suggerimento.toString());
+        if (!Riga->Procedura)
+            Azione->setShortcut(Sequenza(Riga->Tasti));
         CreaMenu(Azione, Chiave);
         Collega(Azione, &QAction::triggered, this, [this, Chiave] { barParcelle_ButtonClick(Chiave); });
         QWidget* Tasto = ui->barParcelle->widgetForAction(Azione);
         Tasto->setObjectName(u"barParcelle_"_s + Chiave);
-        Tasto->setAccessibleName(Uno.Suggerimento.toString());
+        Tasto->setAccessibleName(Riga->Pulsante.Suggerimento.toString());
     }
+}
+
+void frmMain::AbilitaComandi()
+{
+    for (const Comando* Riga : ComandiDellaBarra()) {
+        const auto* Tasto = findChild<QToolButton*>(u"barParcelle_"_s + Riga->Parola.toString());
+        const QString Motivo = Impedimento(Riga->Parola);
+        Tasto->defaultAction()->setEnabled(Motivo.isEmpty());
+        Tasto->defaultAction()->setToolTip(ConImpedimento(Riga->Pulsante.Suggerimento.toString(), Motivo));
+    }
+    for (const VoceMenu& Voce : ::Menu) {
+        auto* Azione = findChild<QAction*>(u"menu_"_s + Voce.Chiave.toString());
+        const QString Motivo = Impedimento(Voce.Chiave);
+        Azione->setEnabled(Motivo.isEmpty());
+        Azione->setToolTip(ConImpedimento(Voce.Testo.toString(), Motivo));
+    }
+    // Low sessions are for one note: its own keys stay, those of the rest would do what no button may.
+    for (QAction* Azione : actions())
+        Azione->setEnabled(!sessione::ModoLow && Impedimento(Azione->data().toString()).isEmpty());
 }
 
 void frmMain::CreaMenu(QAction* Pulsante, const QString& Chiave)
@@ -167,6 +148,7 @@ void frmMain::CreaMenu(QAction* Pulsante, const QString& Chiave)
             continue;
         if (!Tendina)
             Tendina = new QMenu(this);
+        Tendina->setToolTipsVisible(true);
         const QString Comando = Voce.Chiave.toString();
         QAction* Azione = Tendina->addAction(Voce.Testo.toString());
         Azione->setObjectName(u"menu_"_s + Comando);
@@ -181,23 +163,38 @@ void frmMain::CreaMenu(QAction* Pulsante, const QString& Chiave)
 
 void frmMain::CreaProcedure()
 {
-    for (const Procedura& Una : Procedure) {
-        const QString Comando = Una.Comando.toString();
+    for (const Comando& Riga : Comandi())
+        if (Riga.Procedura)
+            CreaProcedura(Riga.Parola.toString(), Riga.Tasti);
+    CreaProcedura(u"tassi"_s, u"");  // a word of old, which no row of the table knows
+
+    auto* Uscita = new QAction(this);
+    Uscita->setObjectName(u"tastiUscita"_s);
+    Uscita->setShortcut(Sequenza(u"Ctrl+Q"));
+    addAction(Uscita);
+    Collega(Uscita, &QAction::triggered, this, &frmMain::Esci);
+
+    for (const TastiParcella& Voce : SempreInParcella) {
+        const QString Chiave = Voce.Comando.toString();
         auto* Azione = new QAction(this);
-        Azione->setObjectName(u"comando_"_s + Comando);
-        Azione->setShortcut(Sequenza(Una.Tasti));
-        addAction(Azione);
-        Collega(Azione, &QAction::triggered, this, [Comando] {
-            if (ConcludiCampo())
-                EseguiComando(Comando, 0, {});
-        });
+        Azione->setObjectName(u"comando_"_s + Chiave);
+        Azione->setShortcut(Sequenza(Voce.Tasti));
+        ui->areaParcelle->addAction(Azione);
+        Collega(Azione, &QAction::triggered, this, [this, Chiave] { barParcelle_ButtonMenuClick(Chiave); });
     }
-    // Its keys stay where the buttons are hidden: whoever can write in a note can save it.
-    auto* Salva = new QAction(this);
-    Salva->setObjectName(u"comando_save"_s);
-    Salva->setShortcut(Sequenza(u"Ctrl+S"));
-    ui->areaParcelle->addAction(Salva);
-    Collega(Salva, &QAction::triggered, this, [this] { barParcelle_ButtonClick(u"save"_s); });
+}
+
+void frmMain::CreaProcedura(const QString& Parola, QStringView Tasti)
+{
+    auto* Azione = new QAction(this);
+    Azione->setObjectName(u"comando_"_s + Parola);
+    Azione->setData(Parola);
+    Azione->setShortcut(Sequenza(Tasti));
+    addAction(Azione);
+    Collega(Azione, &QAction::triggered, this, [Parola] {
+        if (ConcludiCampo())
+            EseguiComando(Parola, 0, {});
+    });
 }
 
 QMdiArea* frmMain::Area()
@@ -217,13 +214,14 @@ void frmMain::Form_Load()
     for (QAction* Azione : ui->barParcelle->actions())
         Azione->setVisible(!sessione::ModoLow);
     ui->barParcelle->setVisible(!sessione::ModoLow);  // an empty strip would be left of it
-    for (QAction* Azione : actions())
-        Azione->setEnabled(!sessione::ModoLow);
+    AbilitaComandi();
     const int Titolo = style()->pixelMetric(QStyle::PM_TitleBarHeight);
     const QRect Schermo = screen()->availableGeometry().adjusted(0, Titolo, 0, 0);
-    QRect Posto(
-        {}, QSize(Misura(u"MainWidth"_s, LarghezzaPredefinita), Misura(u"MainHeight"_s, AltezzaPredefinita))
-                .boundedTo(Schermo.size()));
+    MisuraVoluta = QSize(MisuraTwip(u"MainWidth"_s, LarghezzaPredefinita),
+                         MisuraTwip(u"MainHeight"_s, AltezzaPredefinita));
+    MisuraData = QSize(aspetto::Pixel(MisuraVoluta.width()), aspetto::Pixel(MisuraVoluta.height()))
+                     .boundedTo(Schermo.size());
+    QRect Posto({}, MisuraData);
     Posto.moveCenter(Schermo.center());
     setGeometry(Posto);
     const QString Immagine = TrovaFile(sessione::PercorsoProg + Barra(u"sfondi"_s) + sessione::SfondoDesktop);
@@ -273,12 +271,12 @@ void frmMain::ShowGuida(const QString& Nome)
 void frmMain::SalvaMisure() const
 {
     const QSize Misura = normalGeometry().isValid() ? normalGeometry().size() : size();
-    const auto Salva = [](const QString& Chiave, int Pixel) {
-        SaveSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave,
-                    QString::number(aspetto::Twip(Pixel)));
+    // What a small screen left of the size that was asked for is nobody's choice.
+    const auto Salva = [](const QString& Chiave, int Pixel, int Data, int VolutaTwip) {
+        SalvaImpostazione(Chiave, QString::number(Pixel == Data ? VolutaTwip : aspetto::Twip(Pixel)));
     };
-    Salva(u"MainHeight"_s, Misura.height());
-    Salva(u"MainWidth"_s, Misura.width());
+    Salva(u"MainHeight"_s, Misura.height(), MisuraData.height(), MisuraVoluta.height());
+    Salva(u"MainWidth"_s, Misura.width(), MisuraData.width(), MisuraVoluta.width());
 }
 
 void frmMain::ScaricaInCoda()
@@ -316,7 +314,51 @@ void frmMain::barParcelle_ButtonClick(const QString& Chiave)
 
 void frmMain::barParcelle_ButtonMenuClick(const QString& Chiave)
 {
-    barParcelle_ButtonClick(Chiave);
+    if (Chiave == u"savemod")
+        SalvaModello();
+    else
+        barParcelle_ButtonClick(Chiave);
+}
+
+void frmMain::SalvaModello()
+{
+    if (!ConcludiCampo())
+        return;
+    const int Indice = Bersaglio.toInt();
+    const auto InStato = [Indice](bool Modificata) {
+        return Indice >= 1 && Indice <= UltimaParcella() && !InfoParcelle[size_t(Indice)].Libera &&
+               InfoParcelle[size_t(Indice)].Modificata == Modificata;
+    };
+    // The command saves changes alone; a template is made of what is there, changed or not.
+    const bool DaSegnare = InStato(false) && Aperture.SegnaModificata;
+    if (DaSegnare)
+        Aperture.SegnaModificata(Indice, true);
+    EseguiComando(u"savemod"_s, Indice, {});
+    if (DaSegnare && InStato(true))
+        Aperture.SegnaModificata(Indice, false);  // not saved: the note is what it was
+}
+
+bool frmMain::ChiudiParcelle()
+{
+    for (int i = 1; i <= UltimaParcella(); ++i) {
+        if (InfoParcelle[size_t(i)].Libera || !Aperture.ChiudiParcella)
+            continue;
+        // The note of a matter ends the process by itself, whatever else is open.
+        if (!Aperture.ChiudiParcella(i) || !sessione::RichiestaPV2.ID.isEmpty())
+            return false;
+    }
+    return true;
+}
+
+void frmMain::Esci()
+{
+    if (!ConcludiCampo() || !ChiudiParcelle())
+        return;
+    // The desktop ends the process by closing, and keeps its place.
+    if (const auto& Studio = SeCaricato<frmStudio>)
+        Studio->close();
+    else
+        Termina();
 }
 
 void frmMain::closeEvent(QCloseEvent* Evento)
@@ -325,16 +367,8 @@ void frmMain::closeEvent(QCloseEvent* Evento)
     Evento->ignore();
     if (!ConcludiCampo())
         return;
-    if (!ParcellaAperta()) {
-        if (Aperture.UltimaParcellaChiusa)
-            Aperture.UltimaParcellaChiusa();
-        return;
-    }
-    for (int i = 1; i <= UltimaParcella(); ++i) {
-        if (InfoParcelle[size_t(i)].Libera || !Aperture.ChiudiParcella)
-            continue;
-        // The note of a matter ends the process by itself, whatever else is open.
-        if (!Aperture.ChiudiParcella(i) || !sessione::RichiestaPV2.ID.isEmpty())
-            return;
-    }
+    if (ParcellaAperta())
+        (void)ChiudiParcelle();
+    else if (Aperture.UltimaParcellaChiusa)
+        Aperture.UltimaParcellaChiusa();
 }

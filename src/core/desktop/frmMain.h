@@ -34,7 +34,8 @@ public:
     /// Shows a sheet of the legal guide, by the name of its page.
     void ShowGuida(const QString& Nome);
 
-    /// Saves MainWidth and MainHeight, in twips, of the frame when it is not maximised.
+    /// Saves MainWidth and MainHeight, in twips, of the frame when it is not maximised. A size that the user
+    /// has not changed is saved as it was asked for, even where the screen had less room.
     /// @throws Errore 75
     void SalvaMisure() const;
 
@@ -44,7 +45,7 @@ public:
     /// A click on a button of the toolbar, by its key: runs the command on the target window, after the open
     /// field was left.
     void barParcelle_ButtonClick(const QString& Chiave);
-    /// A choice in the menu of a button.
+    /// A choice in the menu of a button. "savemod" makes a template of an unmodified note too.
     void barParcelle_ButtonMenuClick(const QString& Chiave);
 
 protected:
@@ -56,6 +57,11 @@ private:
     void CreaBarra();
     void CreaMenu(QAction* Pulsante, const QString& Chiave);
     void CreaProcedure();
+    void CreaProcedura(const QString& Parola, QStringView Tasti);
+    void AbilitaComandi();
+    void SalvaModello();
+    bool ChiudiParcelle();  ///< false when a note refuses, or has ended the process
+    void Esci();
     void Form_Load();
     void Riscala();
     void AllaScelta(QMdiSubWindow* Finestra);
@@ -63,4 +69,6 @@ private:
     std::unique_ptr<Ui::frmMain> ui;
     QString Bersaglio;
     QPixmap Sfondo;
+    QSize MisuraVoluta;  ///< asked for at the load, in twips
+    QSize MisuraData;    ///< what the screen had room for, in pixels
 };

@@ -10,6 +10,7 @@
 #include "core/modLancio.h"
 #include "core/posti.h"
 #include "core/sessione.h"
+#include "core/versione.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
@@ -36,31 +37,6 @@ namespace {
 const QString NomePosto = u"frmStudio"_s;
 const QString PrefissoUtente = u"user"_s;
 constexpr int AccessoNegato = 75;
-
-struct IconaFissa
-{
-    QStringView Etichetta;
-    QStringView Comando;
-    QStringView Figura;
-};
-
-constexpr std::array Fisse{
-    IconaFissa{u"Parcellazione nuove tariffe", u"new", u"new"},
-    IconaFissa{u"Parcellazione vecchie tariffe", u"kr2", u"kr2"},
-    IconaFissa{u"Rubrica clienti", u"clienti", u"clienti"},
-    IconaFissa{u"Computo termini", u"termini", u"termini"},
-    IconaFissa{u"Termini sequenziali", u"sequenz", u"sequenz"},
-    IconaFissa{u"Calcolo interessi", u"inter", u"inter"},
-    IconaFissa{u"Rivalutazione Istat", u"istat", u"istat"},
-    IconaFissa{u"Codice fiscale", u"codfis", u"codfis"},
-    IconaFissa{u"Contributo unificato", u"contrib", u"contrib"},
-    IconaFissa{u"Documentazione normativa", u"docum", u"docum"},
-    IconaFissa{u"Guida giuridica", u"guida", u"guida"},
-    IconaFissa{u"Elenco siti web utili", u"link", u"link"},
-    IconaFissa{u"Novità", u"novita", u"novita"},
-    IconaFissa{u"Aggiorna programma", u"upgrade", u"upgrade"},
-    IconaFissa{u"Impostazioni", u"setup", u"setup"},
-};
 
 /// Three rows of five, in the columns of the user's icons, which follow below them.
 QPoint PostoFisso(int Indice)
@@ -122,9 +98,7 @@ void ApriCollegamento(int Riga)
         ApriUrl(Destinazione);
         return;
     }
-    const int Esito = AvviaProgramma(Destinazione, {}, sessione::PercorsoProg);
-    if (Esito != 0)
-        throw Errore(Esito);
+    VerificaEsito(AvviaProgramma(Destinazione, {}, sessione::PercorsoProg));
 }
 
 /// How far an icon lies in the direction of an arrow; infinite when it lies elsewhere.
@@ -171,11 +145,12 @@ frmStudio::frmStudio() : ui(std::make_unique<Ui::frmStudio>())
     Collega<QAbstractButton>(ui->imgMarvenna, Premuto, this, [] { ApriUrl(indirizzi::Editore.toString()); });
     Collega<QAbstractButton>(ui->imgQB, Premuto, this, [] { ApriUrl(indirizzi::Sviluppatore.toString()); });
     aspetto::AssegnaNomiAccessibili(this);
-    Aperture.MostraTraccia = [Io = QPointer(this)](const QString& Testo) {
-        if (Io)
-            Io->MostraTracciaDebug(Testo);
+    Aperture.MostraTraccia = [Scrivania = QPointer(this)](const QString& Testo) {
+        if (Scrivania)
+            Scrivania->MostraTracciaDebug(Testo);
     };
     LoadGraph();
+    Icone.front()->setFocus(Qt::OtherFocusReason);
     resize(ui->quadro->minimumWidth(), ui->quadro->minimumHeight() + ui->piede->sizeHint().height());
 }
 
@@ -200,10 +175,39 @@ void frmStudio::Mostra()
 
 void frmStudio::CreaIconeFisse()
 {
-    for (size_t i = 0; i < Fisse.size(); ++i) {
-        IconaStudio* Icona =
-            NuovaIcona(Fisse[i].Etichetta.toString(), Fisse[i].Comando.toString(), PostoFisso(int(i)));
-        Icona->ImpostaIcona(aspetto::Icona(Fisse[i].Figura.toString()));
+    for (const Comando* Riga : ComandiDellaScrivania()) {
+        const QString Parola = Riga->Parola.toString();
+        IconaStudio* Icona = NuovaIcona(Riga->Icona.Etichetta.toString(), Parola, PostoFisso(NumeroIcone()));
+        Icona->ImpostaIcona(aspetto::Icona(Parola));
+    }
+}
+
+void frmStudio::UnSoloCarattere()
+{
+    // The label with the longest words rules the program's icons; one of the user's rules itself alone.
+    int Pixel = QFontInfo(font()).pixelSize();
+    for (const IconaStudio* Icona : Icone)
+        if (!DiUtente(Icona))
+            Pixel = std::min(Pixel, IconaStudio::AltezzaCarattere(font(), Icona->text()));
+    for (IconaStudio* Icona : Icone)
+        Icona->ImpostaAltezzaCarattere(
+            DiUtente(Icona) ? std::min(Pixel, IconaStudio::AltezzaCarattere(font(), Icona->text())) : Pixel);
+}
+
+void frmStudio::AbilitaIcone()
+{
+    for (IconaStudio* Icona : Icone) {
+        if (DiUtente(Icona))
+            continue;
+        const QString Motivo = Impedimento(Icona->Tag());
+        Icona->setEnabled(Motivo.isEmpty());
+        Icona->setToolTip(Motivo.isEmpty() ? QString() : Icona->text() + u": "_s + Motivo);
+    }
+    for (const auto& [Marchio, Indirizzo] :
+         {std::pair(ui->imgMarvenna, indirizzi::Editore), std::pair(ui->imgQB, indirizzi::Sviluppatore)}) {
+        Marchio->setEnabled(indirizzi::Esiste(Indirizzo));
+        if (!Marchio->isEnabled())
+            Marchio->setToolTip(Marchio->text() + u": il sito non è ancora disponibile"_s);
     }
 }
 
@@ -261,6 +265,8 @@ void frmStudio::imgMenu_Click(const QString& Tag)
 
 void frmStudio::Menu(int Indice)
 {
+    if (const IconaStudio* Icona = imgMenu(Indice); Icona && !Icona->isEnabled())
+        return;  // what cannot be opened is not marked
     if (Indice == IconaMarcata)
         return;
     IconaMarcata = Indice;
@@ -278,6 +284,8 @@ void frmStudio::Sposta(int Da, int Tasto)
     } else {
         double Minima = std::numeric_limits<double>::infinity();
         for (int i = 0; i < NumeroIcone(); ++i) {
+            if (!Icone[size_t(i)]->isEnabled())
+                continue;
             const double Via = Distanza(Icone[size_t(Da)]->pos(), Icone[size_t(i)]->pos(), Tasto);
             if (Via < Minima) {
                 Minima = Via;
@@ -323,9 +331,12 @@ void frmStudio::LoadGraph()
     LoadIconsFromIniFile();
     AdattaQuadro();
 
+    AbilitaIcone();
+    UnSoloCarattere();
+
     IconaMarcata = 0;  // so that the marks are written anew
     Menu(NessunaIcona);
-    ui->lblRelease->setText(u"Release "_s + QStringLiteral(VERSIONE_PROGRAMMA));
+    ui->lblRelease->setText(u"Release "_s + VersioneProgramma());
     setWindowTitle(sessione::TitoloProdotto);
     update();
 }
@@ -349,9 +360,11 @@ void frmStudio::paintEvent(QPaintEvent*)
             SfondoSteso = Sfondo.scaled(Misura, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         Pennello.drawPixmap(rect(), SfondoSteso);
     }
-    // The first activation comes behind the first picture: a message of the start lies over a desktop.
+    // The first activation comes behind the first picture: a message of the start lies over a desktop. Where
+    // the system activates the window only after that, its event is the same activation.
     if (!Dipinta) {
         Dipinta = true;
+        AttesaDalSistema = !isActiveWindow();
         AttivaInCoda();
     }
 }
@@ -361,8 +374,10 @@ void frmStudio::MostraTracciaDebug(const QString& Testo)
     if (ui->txtTraceError->isHidden()) {
         ui->txtTraceError->show();
         // The icons keep their room.
-        resize(width(), std::min(height() + ui->txtTraceError->maximumHeight(),
-                                 screen()->availableGeometry().height()));
+        const int Prima = height();
+        resize(width(),
+               std::min(Prima + ui->txtTraceError->maximumHeight(), screen()->availableGeometry().height()));
+        PerLaTraccia = height() - Prima;
     }
     ui->txtTraceError->setPlainText(Testo);
     ui->txtTraceError->moveCursor(QTextCursor::End);
@@ -377,7 +392,7 @@ bool frmStudio::event(QEvent* Evento)
     if (Evento->type() == QEvent::WindowDeactivate) {
         Coperta = QApplication::activeModalWidget() != nullptr;
     } else if (Evento->type() == QEvent::WindowActivate) {
-        if (!Coperta && Dipinta)
+        if (!Coperta && Dipinta && !std::exchange(AttesaDalSistema, false))
             AttivaInCoda();
         Coperta = false;
     }
@@ -390,11 +405,14 @@ void frmStudio::AttivaInCoda()
         this, [this] { Protetta([this] { Form_Activate(); }); }, Qt::QueuedConnection);
 }
 
-void frmStudio::OffriRecupero()
+void frmStudio::DopoLaPrima()
 {
-    // Once, by the first activation: the desktop is there and its own questions are answered.
-    if (!std::exchange(Offerto, true) && Aperture.OffriRecupero)
+    // Once: the desktop is there and its own questions are answered.
+    if (std::exchange(PrimaPassata, true))
+        return;
+    if (Aperture.OffriRecupero)
         Aperture.OffriRecupero();
+    Q_EMIT PrimaAttivazione();
 }
 
 void frmStudio::Form_Activate()
@@ -414,7 +432,7 @@ void frmStudio::Form_Activate()
     RicercaAllAvvio();
     if (sessione::ModoDebug)
         TraceDebug(u"fine form programma"_s);
-    OffriRecupero();
+    DopoLaPrima();
 }
 
 void frmStudio::VerificaPreparazione()
@@ -434,7 +452,10 @@ void frmStudio::VerificaPreparazione()
 
 void frmStudio::closeEvent(QCloseEvent* Evento)
 {
-    // A place that cannot be kept is nothing to be told: the process ends at once.
+    // A place that cannot be kept is not worth a message: the process ends at once.
+    // The trace's room is not the user's choice.
+    if (!isMaximized())
+        resize(width(), height() - std::exchange(PerLaTraccia, 0));
     Protetta([this] { aspetto::RicordaPosto(this, NomePosto); }, AccessoNegato);
     Evento->accept();
     Termina();

@@ -48,8 +48,12 @@ public:
     [[nodiscard]] IconaStudio* imgMenu(int Indice) const;
     [[nodiscard]] int NumeroIcone() const { return int(Icone.size()); }
 
-    /// What the activation of the desktop does: unfinished set-up is told, the frame of the last note goes.
+    /// What the activation of the desktop does: unfinished set-up is shown, the frame of the last note goes.
     void Form_Activate();
+
+Q_SIGNALS:
+    /// The first activation has come to its end, with the boxes and settings that it showed.
+    void PrimaAttivazione();
 
 protected:
     bool event(QEvent* Evento) override;
@@ -66,7 +70,9 @@ private:
     void MostraTracciaDebug(const QString& Testo);
     void VerificaPreparazione();
     void AttivaInCoda();
-    void OffriRecupero();
+    void DopoLaPrima();
+    void AbilitaIcone();
+    void UnSoloCarattere();
 
     std::unique_ptr<Ui::frmStudio> ui;
     std::vector<IconaStudio*> Icone;  // children of the board
@@ -76,6 +82,8 @@ private:
     bool DaRidisegnare = false;
     bool Dipinta = false;
     bool InAttivazione = false;
-    bool Offerto = false;
-    bool Coperta = false;  ///< a box of our own lies over the desktop: its going is no activation
+    bool PrimaPassata = false;      ///< the first activation has come to its end
+    bool AttesaDalSistema = false;  ///< the first activation ran before the system's own event
+    int PerLaTraccia = 0;           ///< pixels that the trace has added to the window's height
+    bool Coperta = false;           ///< a box of our own lies over the desktop: its going is no activation
 };

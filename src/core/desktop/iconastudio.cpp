@@ -17,22 +17,14 @@ constexpr int LatoDisegno = 34;
 constexpr int Arrotondamento = 12;
 constexpr int SpazioEtichetta = 5;
 
-/// The label's font: the form's own, made smaller until the longest word has room.
-QFont CarattereEtichetta(const QFont& Base, const QString& Testo, int Larghezza)
+constexpr int MargineEtichetta = 1;  // the room of the border
+constexpr int BandiereEtichetta = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
+
+QRect SpazioDellEtichetta()
 {
-    constexpr int Minimo = 9;
-    QFont Carattere = Base;
-    int Altezza = QFontInfo(Base).pixelSize();
-    const auto NonEntra = [&] {
-        const QFontMetrics Misure(Carattere);
-        const QStringList Parole = Testo.split(u' ');
-        return std::ranges::any_of(
-            Parole, [&](const QString& Parola) { return Misure.horizontalAdvance(Parola) > Larghezza; });
-    };
-    Carattere.setPixelSize(Altezza);
-    while (Altezza > Minimo && NonEntra())
-        Carattere.setPixelSize(--Altezza);
-    return Carattere;
+    return QRect(0, 0, IconaStudio::Larghezza, IconaStudio::Altezza)
+        .adjusted(MargineEtichetta, IconaStudio::Immagine + SpazioEtichetta, -MargineEtichetta,
+                  -MargineEtichetta);
 }
 
 }  // namespace
@@ -66,6 +58,32 @@ void IconaStudio::MettiImmagine(const QPoint& Dove)
     move(Dove - QPoint((Larghezza - Immagine) / 2, 1));
 }
 
+int IconaStudio::AltezzaCarattere(const QFont& Base, const QString& Etichetta)
+{
+    constexpr int Minima = 9;
+    const QRect Spazio = SpazioDellEtichetta();
+    QFont Carattere = Base;
+    int Altezza = QFontInfo(Base).pixelSize();
+    const auto NonEntra = [&] {
+        const QFontMetrics Misure(Carattere);
+        const QStringList Parole = Etichetta.split(u' ');
+        return Misure.boundingRect(Spazio, BandiereEtichetta, Etichetta).height() > Spazio.height() ||
+               std::ranges::any_of(Parole, [&](const QString& Parola) {
+                   return Misure.horizontalAdvance(Parola) > Spazio.width();
+               });
+    };
+    Carattere.setPixelSize(Altezza);
+    while (Altezza > Minima && NonEntra())
+        Carattere.setPixelSize(--Altezza);
+    return Altezza;
+}
+
+void IconaStudio::ImpostaAltezzaCarattere(int Pixel)
+{
+    PixelCarattere = Pixel;
+    update();
+}
+
 void IconaStudio::ImpostaIcona(const QIcon& Nuova)
 {
     Icona = Nuova;
@@ -92,6 +110,9 @@ void IconaStudio::paintEvent(QPaintEvent*)
 {
     QPainter Pennello(this);
     Pennello.setRenderHint(QPainter::Antialiasing);
+    constexpr double Spenta = 0.45;
+    if (!isEnabled())
+        Pennello.setOpacity(Spenta);
     DisegnaTessera(Pennello);
     DisegnaEtichetta(Pennello);
 }
@@ -99,7 +120,7 @@ void IconaStudio::paintEvent(QPaintEvent*)
 void IconaStudio::DisegnaTessera(QPainter& Pennello) const
 {
     const QRect Tessera((Larghezza - Immagine) / 2, 1, Immagine, Immagine);
-    const bool Viva = underMouse() || hasFocus();
+    const bool Viva = isEnabled() && (underMouse() || hasFocus());
     QColor Fondo = palette().color(QPalette::Base);
     constexpr double Soffice = 0.88;
     Fondo.setAlphaF(Viva ? 1.0F : float(Soffice));
@@ -124,13 +145,13 @@ void IconaStudio::DisegnaFigura(QPainter& Pennello, const QRect& Posto) const
 
 void IconaStudio::DisegnaEtichetta(QPainter& Pennello) const
 {
-    constexpr int Margine = 1;  // the room of the border
-    constexpr int Bandiere = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
-    const QRect Spazio = rect().adjusted(Margine, Immagine + SpazioEtichetta, -Margine, -Margine);
-    Pennello.setFont(CarattereEtichetta(font(), text(), Spazio.width()));
+    const QRect Spazio = SpazioDellEtichetta();
+    QFont Carattere = font();
+    Carattere.setPixelSize(PixelCarattere > 0 ? PixelCarattere : AltezzaCarattere(font(), text()));
+    Pennello.setFont(Carattere);
     if (ConTarga)
-        DisegnaTarga(Pennello, Pennello.fontMetrics().boundingRect(Spazio, Bandiere, text()));
-    TextBorder(Pennello, Spazio, Bandiere, text(), Testo, Bordo);
+        DisegnaTarga(Pennello, Pennello.fontMetrics().boundingRect(Spazio, BandiereEtichetta, text()));
+    TextBorder(Pennello, Spazio, BandiereEtichetta, text(), Testo, Bordo);
 }
 
 void IconaStudio::DisegnaTarga(QPainter& Pennello, const QRect& Scritta) const

@@ -31,6 +31,12 @@ public:
     /// Puts the upper left corner of the picture there.
     void MettiImmagine(const QPoint& Dove);
 
+    /// The largest size of a font, in pixels, at which a label has room, but no larger than the font itself.
+    [[nodiscard]] static int AltezzaCarattere(const QFont& Base, const QString& Etichetta);
+    /// Size of the label, in pixels; 0: as large as it has room.
+    void ImpostaAltezzaCarattere(int Pixel);
+    [[nodiscard]] int AltezzaCarattere() const { return PixelCarattere; }
+
     void ImpostaIcona(const QIcon& Nuova);
     /// A picture of the user's, in the place of an icon of the program.
     void ImpostaFigura(const QPixmap& Nuova);
@@ -65,5 +71,6 @@ private:
     QPixmap Figura;
     QColor Testo = Qt::white;
     QColor Bordo = Qt::black;
+    int PixelCarattere = 0;
     bool ConTarga = false;
 };

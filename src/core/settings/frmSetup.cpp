@@ -7,7 +7,6 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
-#include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"
 
 #include "ui_frmSetup.h"
@@ -71,7 +70,7 @@ frmSetup::frmSetup() : ui(std::make_unique<Ui::frmSetup>())
 
 frmSetup::~frmSetup() = default;
 
-void frmSetup::Prepara(int Quale)
+void frmSetup::Prepara(int Indice)
 {
     if (!isVisible()) {
         LoadValori();
@@ -79,46 +78,44 @@ void frmSetup::Prepara(int Quale)
         adjustSize();
         aspetto::RimettiAlPosto(this, NomePosto);
     }
-    ChangeTab(Quale);
+    ChangeTab(Indice);
 }
 
-void frmSetup::Mostra(int Quale)
+void frmSetup::Mostra(int Indice)
 {
-    Prepara(Quale);
+    Prepara(Indice);
     show();
     raise();
     activateWindow();
 }
 
-void frmSetup::MostraModale(int Quale)
+void frmSetup::MostraModale(int Indice)
 {
-    Prepara(Quale);
+    Prepara(Indice);
     if (!isVisible())
         exec();
 }
 
-void frmSetup::ChangeTab(int Quale)
+void frmSetup::ChangeTab(int Indice)
 {
-    if (Quale >= 0 && Quale < ui->tabSetup->count())
-        ui->tabSetup->setCurrentIndex(Quale);
+    if (Indice >= 0 && Indice < ui->tabSetup->count())
+        ui->tabSetup->setCurrentIndex(Indice);
 }
 
 void frmSetup::LoadValori()
 {
-    for (const CampoImpostazione& Uno : Campi)
-        (ui.get()->*Uno.Campo)
-            ->setText(GetSetting(NomeApplicazione.toString(), SezioneParametri.toString(),
-                                 Uno.Chiave.toString(), Uno.Predefinito.toString()));
+    for (const CampoImpostazione& Voce : Campi)
+        (ui.get()->*Voce.Campo)->setText(Impostazione(Voce.Chiave.toString(), Voce.Predefinito.toString()));
 }
 
 bool frmSetup::CheckValori()
 {
-    for (const Obbligo& Uno : Obblighi) {
-        QLineEdit* Campo = ui.get()->*Uno.Campo;
+    for (const Obbligo& Voce : Obblighi) {
+        QLineEdit* Campo = ui.get()->*Voce.Campo;
         if (!Campo->text().trimmed().isEmpty())
             continue;
-        MsgErrore(Uno.Messaggio.toString());
-        ChangeTab(Uno.Scheda);
+        MsgErrore(Voce.Messaggio.toString());
+        ChangeTab(Voce.Scheda);
         RidaiFuoco(Campo);
         return false;
     }
@@ -127,14 +124,13 @@ bool frmSetup::CheckValori()
 
 void frmSetup::SalvaValori() const
 {
-    for (const CampoImpostazione& Uno : Campi)
-        SaveSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Uno.Chiave.toString(),
-                    (ui.get()->*Uno.Campo)->text());
+    for (const CampoImpostazione& Voce : Campi)
+        SalvaImpostazione(Voce.Chiave.toString(), (ui.get()->*Voce.Campo)->text());
 }
 
 void frmSetup::hideEvent(QHideEvent* Evento)
 {
-    // A place that cannot be kept is nothing to be told: the user wanted to close.
+    // A place that cannot be kept is not worth a message, because the user wanted to close.
     Protetta([this] { aspetto::RicordaPosto(this, NomePosto); }, AccessoNegato);
     QDialog::hideEvent(Evento);
 }

@@ -23,12 +23,12 @@ public:
     ~frmSetup() override;
 
     /// Shows the form on a tab, filled from the settings store unless it is open already.
-    void Mostra(int Quale);
+    void Mostra(int Indice);
     /// The same, holding all other windows back until it is closed.
-    void MostraModale(int Quale);
+    void MostraModale(int Indice);
 
     /// Selects a tab; an index outside the range changes nothing.
-    void ChangeTab(int Quale);
+    void ChangeTab(int Indice);
 
     /// Reads the settings store, not the session, into the fields.
     void LoadValori();
@@ -41,7 +41,7 @@ protected:
     void hideEvent(QHideEvent* Evento) override;
 
 private:
-    void Prepara(int Quale);
+    void Prepara(int Indice);
     void SalvaValori() const;
 
     std::unique_ptr<Ui::frmSetup> ui;

@@ -2,12 +2,12 @@
 
 #include "core/aperture.h"
 #include "core/modErrori.h"
+#include "core/parametri.h"
 #include "core/posti.h"
 #include "core/sessione.h"
 #include "feenote/file/modRecupero.h"
 #include "feenote/windows/frmParcelle.h"
 #include "platform/kit/aspetto.h"
-#include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
@@ -35,32 +35,67 @@ constexpr int PrimoSinistra = 220;
 /// FormState of a maximised window, 0 of a normal one.
 constexpr int StatoMassimo = 2;
 
-std::vector<QPointer<frmParcelle>> Finestre(1);
-
-/// Keeps the size that a window had before it was maximised or minimised; a child window knows no such thing.
-class MisuraNormale : public QObject
+/// The size of a note window that the next start wants, in twips: the one that was asked for, until the user
+/// gives the window another. What the frame had room for, and a maximised or minimised window, are not his.
+class MisuraScelta : public QObject
 {
 public:
-    static constexpr const char* Nome = "misuraNormale";
+    explicit MisuraScelta(QMdiSubWindow* Finestra) : QObject(Finestra), Sotto(Finestra)
+    {
+        Sotto->installEventFilter(this);
+    }
 
-    explicit MisuraNormale(QMdiSubWindow* Sotto) : QObject(Sotto) { Sotto->installEventFilter(this); }
+    /// The size asked for; the one that the window has now is what the frame made of it.
+    void Chiesta(const QSize& Twip)
+    {
+        Voluta = Twip;
+        Data = Sotto->size();
+    }
+
+    /// The window has settled by itself, since it cannot be smaller than its contents.
+    void Assestata() { Data = Sotto->size(); }
+
+    [[nodiscard]] QSize Scelta()
+    {
+        Guarda();
+        return Voluta;
+    }
 
     bool eventFilter(QObject* Oggetto, QEvent* Evento) override
     {
-        // While the window is destroyed events still come, from what is left of it.
-        const auto* Sotto = qobject_cast<QMdiSubWindow*>(Oggetto);
-        if (Sotto && Evento->type() == QEvent::Resize && !Sotto->isMaximized() && !Sotto->isMinimized())
-            Oggetto->setProperty(Nome, Sotto->size());
+        // A frame that is resized passes through a normal state of its maximised windows: look when it is
+        // over.
+        if (Oggetto == Sotto && Evento->type() == QEvent::Resize)
+            QMetaObject::invokeMethod(this, &MisuraScelta::Guarda, Qt::QueuedConnection);
         return QObject::eventFilter(Oggetto, Evento);
     }
+
+private:
+    void Guarda()
+    {
+        if (Sotto->isMaximized() || Sotto->isMinimized())
+            return;
+        const QSize Ora = Sotto->size();
+        if (Ora.width() != Data.width())
+            Voluta.setWidth(aspetto::Twip(Ora.width()));
+        if (Ora.height() != Data.height())
+            Voluta.setHeight(aspetto::Twip(Ora.height()));
+        Data = Ora;
+    }
+
+    QMdiSubWindow* Sotto;
+    QSize Voluta;
+    QSize Data;  ///< in pixels
 };
 
-int Misura(const QString& Chiave, int Predefinita)
+/// A window of a place, and what the user made of its size; both are null while nobody has used the place.
+struct FinestraDelPosto
 {
-    bool Letta = false;
-    const int Valore = GetSetting(u"KR5"_s, u"Parametri"_s, Chiave).toInt(&Letta);
-    return Letta && Valore > 0 ? Valore : Predefinita;
-}
+    QPointer<frmParcelle> Finestra;
+    QPointer<MisuraScelta> Misura;
+};
+
+std::vector<FinestraDelPosto> Finestre(1);
 
 QMdiSubWindow* Cornice(const frmParcelle* Finestra)
 {
@@ -72,7 +107,7 @@ frmParcelle* FinestraPerPosto(int Indice)
 {
     if (int(Finestre.size()) <= Indice)
         Finestre.resize(size_t(Indice) + 1);
-    QPointer<frmParcelle>& Finestra = Finestre[size_t(Indice)];
+    auto& [Finestra, Misura] = Finestre[size_t(Indice)];
     if (Finestra)
         return Finestra;
     Finestra = new frmParcelle(Indice);
@@ -80,7 +115,7 @@ frmParcelle* FinestraPerPosto(int Indice)
         QMdiSubWindow* Sotto = Area->addSubWindow(Finestra);
         Sotto->setAttribute(Qt::WA_DeleteOnClose, false);
         Sotto->setProperty("Tag", QString::number(Indice));
-        new MisuraNormale(Sotto);
+        Misura = new MisuraScelta(Sotto);
     }
     return Finestra;
 }
@@ -103,9 +138,11 @@ void MettiInCascata(frmParcelle* Finestra, int Indice)
         Sotto->showNormal();
     const QPoint Posto(aspetto::Pixel((Indice - 1) * CascataSinistra + PrimoSinistra),
                        aspetto::Pixel((Indice - 1) * CascataAlto + PrimoAlto));
-    const QSize Voluta(aspetto::Pixel(Misura(u"FormWidth"_s, LarghezzaPredefinita)),
-                       aspetto::Pixel(Misura(u"FormHeight"_s, AltezzaPredefinita)));
-    Sotto->setGeometry({Posto, NellArea(Sotto, Posto, Voluta)});
+    const QSize Voluta(MisuraTwip(u"FormWidth"_s, LarghezzaPredefinita),
+                       MisuraTwip(u"FormHeight"_s, AltezzaPredefinita));
+    const QSize Pixel(aspetto::Pixel(Voluta.width()), aspetto::Pixel(Voluta.height()));
+    Sotto->setGeometry({Posto, NellArea(Sotto, Posto, Pixel)});
+    Finestre[size_t(Indice)].Misura->Chiesta(Voluta);
 }
 
 QString TitoloNuova(int Indice, const QString& ID)
@@ -127,35 +164,58 @@ QString NomeNota(const QString& Percorso)
     return NomeFile(Percorso).toLower().remove(u".mdb"_s);
 }
 
-/// What the next start wants: the normal size, of a maximised window too, and that it was maximised.
+/// What the next start wants: the size of the window when it is not maximised, and whether it was.
 void RicordaMisure(const frmParcelle* Finestra)
 {
     const QMdiSubWindow* Sotto = Cornice(Finestra);
     if (!Sotto)
         return;
-    const auto Scrivi = [](const QString& Chiave, int Valore) {
-        SaveSetting(u"KR5"_s, u"Parametri"_s, Chiave, QString::number(Valore));
-    };
-    const QSize Normale = Sotto->property(MisuraNormale::Nome).toSize();
-    if (Normale.isValid()) {
-        Scrivi(u"FormWidth"_s, aspetto::Twip(Normale.width()));
-        Scrivi(u"FormHeight"_s, aspetto::Twip(Normale.height()));
+    const QSize Scelta = Finestre[size_t(Finestra->Indice())].Misura->Scelta();
+    if (Scelta.isValid()) {
+        SalvaImpostazione(u"FormWidth"_s, QString::number(Scelta.width()));
+        SalvaImpostazione(u"FormHeight"_s, QString::number(Scelta.height()));
     }
-    Scrivi(u"FormState"_s, Sotto->isMaximized() ? StatoMassimo : 0);
+    SalvaImpostazione(u"FormState"_s, QString::number(Sotto->isMaximized() ? StatoMassimo : 0));
 }
 
-/// Frees the place; the window stays, hidden, for the next note that takes it.
-void Libera(frmParcelle* Finestra)
+/// The open note that was in front before the others, 0 when none is open.
+int AltraDavanti(const QMdiArea* Area)
 {
-    Finestra->Scarica();
-    if (QMdiSubWindow* Sotto = Cornice(Finestra))
-        Sotto->hide();
-    else
-        Finestra->hide();
+    const QList<QMdiSubWindow*> Storia = Area->subWindowList(QMdiArea::ActivationHistoryOrder);
+    for (auto Sotto = Storia.rbegin(); Sotto != Storia.rend(); ++Sotto) {
+        const int Indice = (*Sotto)->property("Tag").toInt();
+        if (InUso(Indice))
+            return Indice;
+    }
+    return 0;
+}
+
+/// Frees the places; the windows stay, hidden, for the next notes that take them. Where one of them was in
+/// front, the note that was there before it comes back, with the focus and as the toolbar's target.
+void Libera(const std::vector<frmParcelle*>& Chiuse)
+{
+    const QMdiArea* Area = nullptr;
+    bool Davanti = false;
+    for (frmParcelle* Finestra : Chiuse) {
+        Finestra->Scarica();
+        if (QMdiSubWindow* Sotto = Cornice(Finestra)) {
+            Area = Sotto->mdiArea();
+            Davanti = Davanti || Area->currentSubWindow() == Sotto;
+        }
+    }
+    // While the closed one is still on screen, since a maximised window hands its state on to the next.
+    if (Davanti)
+        AttivaParcella(AltraDavanti(Area));
+    for (frmParcelle* Finestra : Chiuse) {
+        if (QMdiSubWindow* Sotto = Cornice(Finestra))
+            Sotto->hide();
+        else
+            Finestra->hide();
+    }
 }
 
 /// What follows the close of a note: the end of the process for a matter's one, the desktop after the last.
-void DopoChiusura(frmParcelle* Finestra)
+void DopoChiusura(const frmParcelle* Finestra)
 {
     if (!sessione::RichiestaPV2.ID.isEmpty()) {
         Termina();
@@ -181,8 +241,8 @@ int PrendiPosto()
     });
 }
 
-/// Brings up the window of a place under a caption, linked to its partner.
-frmParcelle* MostraFinestra(int Indice, int Socio, const QString& Titolo)
+/// Makes the window of a place ready under a caption, linked to its partner.
+frmParcelle* PreparaFinestra(int Indice, int Socio, const QString& Titolo)
 {
     frmParcelle* Finestra = FinestraPerPosto(Indice);
     MettiInCascata(Finestra, Indice);
@@ -194,32 +254,43 @@ frmParcelle* MostraFinestra(int Indice, int Socio, const QString& Titolo)
 
     Finestra->setWindowTitle(Titolo);
     Finestra->ImpostaNome(Titolo);
+    return Finestra;
+}
+
+/// Brings a window up with its note in it, ready to be typed into.
+void MostraFinestra(frmParcelle* Finestra)
+{
+    const int Indice = Finestra->Indice();
     if (QMdiSubWindow* Sotto = Cornice(Finestra)) {
+        const bool Nascosta = !Sotto->isVisible();
         Sotto->show();
         Finestra->show();
-        if (Misura(u"FormState"_s, 0) == StatoMassimo)
+        if (Nascosta)
+            Finestre[size_t(Indice)].Misura->Assestata();
+        if (MisuraTwip(u"FormState"_s, 0) == StatoMassimo)
             Sotto->showMaximized();
     } else {
         Finestra->show();
     }
     AttivaParcella(Indice);
-    return Finestra;
+    Finestra->FuocoIniziale();
 }
 
 void ApriRecuperata(const CopiaRecupero& Copia)
 {
     const int Indice = PrendiPosto();
     const QString Titolo = Copia.Percorso.isEmpty() ? TitoloNuova(Indice, {}) : NomeNota(Copia.Percorso);
-    frmParcelle* Finestra = MostraFinestra(Indice, 0, Titolo);
-    Finestra->Recupera(Copia);
+    frmParcelle* Finestra = PreparaFinestra(Indice, 0, Titolo);
+    Protetta([&] { Finestra->Recupera(Copia); });
     Finestra->ImpostaNome(Titolo);
+    MostraFinestra(Finestra);
 }
 
 }  // namespace
 
 frmParcelle* Parcelle(int Indice)
 {
-    return Indice >= 1 && Indice < int(Finestre.size()) ? Finestre[size_t(Indice)].data() : nullptr;
+    return Indice >= 1 && Indice < int(Finestre.size()) ? Finestre[size_t(Indice)].Finestra.data() : nullptr;
 }
 
 void ApriParcella(const QString& Percorso, int Socio, const QString& ID)
@@ -227,13 +298,17 @@ void ApriParcella(const QString& Percorso, int Socio, const QString& ID)
     const int Indice = PrendiPosto();
     const bool DaFile = ID.isEmpty() && !Percorso.isEmpty();
     const QString Titolo = DaFile ? NomeNota(Percorso) : TitoloNuova(Indice, ID);
-    frmParcelle* Finestra = MostraFinestra(Indice, Socio, Titolo);
+    frmParcelle* Finestra = PreparaFinestra(Indice, Socio, Titolo);
     if (!ID.isEmpty())
         Finestra->ImpostaNome(Nuova.toString());
-    if (DaFile)
-        Finestra->Carica(Percorso);
-    else
-        Finestra->Nuova(ID);
+    // Filled before it is shown: a message that comes meanwhile would lie over unfinished controls.
+    Protetta([&] {
+        if (!DaFile)
+            Finestra->Nuova(ID);
+        else if (!Finestra->Carica(Percorso))
+            Finestra->setWindowTitle(TitoloNuova(Indice, {}));  // its place keeps the file's name
+    });
+    MostraFinestra(Finestra);
 }
 
 void OffriRecupero()
@@ -253,6 +328,14 @@ void OffriRecupero()
         else if (Risposta == vbNo)
             EliminaCopia(Copia);
     }
+}
+
+void PortaDavanti(int Indice)
+{
+    // The frame too may lie minimised, or behind the desktop.
+    if (InUso(Indice) && Aperture.AreaParcelle)
+        (void)Aperture.AreaParcelle();
+    AttivaParcella(Indice);
 }
 
 void AttivaParcella(int Indice)
@@ -280,22 +363,23 @@ bool ChiudiParcella(int Indice)
     const bool Principale = Finestra->HaStampa();
     if (!Finestra->ChiediChiusura() || (Altra && Principale && !Altra->ChiediChiusura()))
         return false;
+    std::vector<frmParcelle*> Chiuse{Finestra};
     if (Altra) {
         Altra->Associa(0);
         Finestra->Associa(0);
+        if (Principale)
+            Chiuse.push_back(Altra);
     }
-    Libera(Finestra);
-    if (Altra && Principale)
-        Libera(Altra);
+    Libera(Chiuse);
     DopoChiusura(Finestra);
     return true;
 }
 
 void AzzeraFinestre()
 {
-    for (const QPointer<frmParcelle>& Finestra : Finestre) {
-        QMdiSubWindow* Sotto = Cornice(Finestra);
-        delete Finestra.data();
+    for (const FinestraDelPosto& Posto : Finestre) {
+        QMdiSubWindow* Sotto = Cornice(Posto.Finestra);
+        delete Posto.Finestra.data();
         delete Sotto;
     }
     Finestre.assign(1, {});

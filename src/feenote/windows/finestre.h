@@ -22,7 +22,11 @@ void OffriRecupero();
 /// Brings an open note's window to the front; nothing for a free place.
 void AttivaParcella(int Indice);
 
+/// The same, and the frame with it, for a question about the note: nobody answers for what he does not see.
+void PortaDavanti(int Indice);
+
 /// Closes a window, asking about unsaved changes; its linked partner is asked too before either goes.
+/// Where the note in front closes, the one that was there before it comes back.
 /// @return false when the close is refused
 bool ChiudiParcella(int Indice);
 

@@ -19,6 +19,7 @@
 #include "ui_SchedaStampa.h"
 #include "ui_frmParcelle.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScrollArea>
@@ -146,6 +147,11 @@ void frmParcelle::CollegaCornice()
         ::Collega(Scorciatoia, &QShortcut::activated, this,
                   [this, Passo = Passo] { VaiAllaScheda(Scheda() + Passo); });
     }
+    // The toolkit scrolls for the Tab key alone. Under the mouse nothing moves: the click would miss.
+    ::Collega(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* Campo) {
+        if (Campo && isAncestorOf(Campo) && QGuiApplication::mouseButtons() == Qt::NoButton)
+            MettiInVista(Campo);
+    });
     ui->tabParcelle->installEventFilter(this);
     ui->tabParcelle->tabBar()->installEventFilter(this);
     ::Collega(ui->tabParcelle, &QTabWidget::currentChanged, this,
@@ -197,6 +203,16 @@ void frmParcelle::TornaAllaBase()
     const QScopedValueRollback Guardia(CambioScheda, true);
     ui->tabParcelle->setCurrentIndex(SchedaBase);
     SchedaInVista = SchedaBase;
+}
+
+void frmParcelle::MettiInVista(QWidget* Campo)
+{
+    for (QWidget* Padre = Campo->parentWidget(); Padre && Padre != this; Padre = Padre->parentWidget()) {
+        if (auto* Scorre = qobject_cast<QScrollArea*>(Padre)) {
+            Scorre->ensureWidgetVisible(Campo);
+            return;
+        }
+    }
 }
 
 void frmParcelle::VaiAllaScheda(int Indice)

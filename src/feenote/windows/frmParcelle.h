@@ -4,6 +4,7 @@
 // controls with their signals held back. The class lives in several files, one per tab.
 #pragma once
 
+#include "core/posti.h"
 #include "feenote/modAppunti.h"
 #include "feenote/modGraduazione.h"
 #include "feenote/parcella.h"
@@ -35,15 +36,6 @@ class SchedaAcconti;
 class SchedaStampa;
 }  // namespace Ui
 
-/// Tabs of tabParcelle.
-enum SchedaParcella {
-    SchedaBase = 0,
-    SchedaListaOnorari = 1,
-    SchedaListaSpese = 2,
-    SchedaImposte = 3,
-    SchedaDiStampa = 4,
-};
-
 class frmParcelle : public QWidget
 {
     Q_OBJECT
@@ -60,8 +52,10 @@ public:
     // ---- life (frmParcelle_Vita.cpp)
     /// A new note, for the companion application when `ID` is not empty.
     void Nuova(const QString& ID);
-    /// Reads a file. A failure is reported and leaves a new note.
-    void Carica(const QString& Percorso);
+    /// Reads a file. A failure is reported and leaves a new note. @return true when the note was read
+    bool Carica(const QString& Percorso);
+    /// The focus goes to the first of the texts on the base tab that is empty, client in front.
+    void FuocoIniziale();
     /// Takes over a recovery copy, which goes once this window has one of its own. A failure is reported,
     /// leaves a new note, and the copy stays.
     void Recupera(const CopiaRecupero& Trovata);
@@ -112,7 +106,8 @@ private:
     void TornaAllaBase();  ///< by code: nothing is tested
     void imgPrev_Click();
     void imgNext_Click();
-    void MostraSegni();  ///< padlock and diskette
+    void MostraSegni();                 ///< padlock and diskette
+    void MettiInVista(QWidget* Campo);  ///< scrolls a page that has no room for all its fields
 
     // ---- frmParcelle_Ricalcolo.cpp: lines that are older than the parameters
     void CollegaRicalcolo();

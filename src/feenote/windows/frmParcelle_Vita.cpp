@@ -3,6 +3,7 @@
 #include "feenote/windows/frmParcelle.h"
 
 #include "core/modErrori.h"
+#include "core/parametri.h"
 #include "core/sessione.h"
 #include "feenote/file/modLettura.h"
 #include "feenote/file/modPosaFile.h"
@@ -12,9 +13,10 @@
 #include "platform/grid/griglia.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
-#include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
 #include "ui_SchedaAcconti.h"
+#include "ui_SchedaDatiBase.h"
 #include "ui_SchedaOnorari.h"
 #include "ui_SchedaSpese.h"
 #include "ui_SchedaStampa.h"
@@ -22,9 +24,12 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QElapsedTimer>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 
 #include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -38,13 +43,26 @@ QString ChiaveDisposizione(const QObject* Di)
 
 QString Impostata(const QObject* Di)
 {
-    return GetSetting(u"KR5"_s, u"Parametri"_s, ChiaveDisposizione(Di));
+    return Impostazione(ChiaveDisposizione(Di));
 }
 
 void Imposta(const QObject* Di, const QString& Valore)
 {
     if (Valore != Impostata(Di))
-        SaveSetting(u"KR5"_s, u"Parametri"_s, ChiaveDisposizione(Di), Valore);
+        SalvaImpostazione(ChiaveDisposizione(Di), Valore);
+}
+
+/// Reads a note. A file that is something else says so by its name.
+void LeggiParcella(Parcella& Nota, const QString& Percorso)
+{
+    try {
+        CaricaDati(Nota, Percorso);
+    } catch (const Errore& Guasto) {
+        constexpr std::array NessunaParcella{3343, 3078, 3265};  // no database, no such table, no such column
+        if (std::ranges::find(NessunaParcella, Guasto.Numero) == NessunaParcella.end())
+            throw;
+        throw Errore(Guasto.Numero, NomeFile(Percorso) + u" non è una parcella di Calcanova"_s);
+    }
 }
 
 /// Pause after a copy, in times of what the last one took: those of a very long note stay a small part of the
@@ -62,13 +80,29 @@ void frmParcelle::Nuova(const QString& ID)
     Mostra();
 }
 
-void frmParcelle::Carica(const QString& Percorso)
+bool frmParcelle::Carica(const QString& Percorso)
 {
     TornaAllaBase();
-    Protetta([&] { CaricaDati(Nota, Percorso); });
+    const bool Letta = Protetta([&] { LeggiParcella(Nota, Percorso); });
     RilegaRighe();
     SetModificata(false);
     Mostra();
+    return Letta;
+}
+
+void frmParcelle::FuocoIniziale()
+{
+    QWidget* Primo = uiBase->txtCliente;
+    for (QLineEdit* Campo : {uiBase->txtCliente, uiBase->txtControp, uiBase->txtOggetto}) {
+        if (Campo->isEnabled() && !Campo->isReadOnly() && Campo->text().isEmpty()) {
+            Primo = Campo;
+            break;
+        }
+    }
+    for (const QScrollArea* Scorre : findChildren<QScrollArea*>())
+        Scorre->verticalScrollBar()->setValue(0);
+    Primo->setFocus(Qt::OtherFocusReason);
+    MettiInVista(Primo);
 }
 
 void frmParcelle::RimettiDisposizione()
@@ -170,6 +204,7 @@ bool frmParcelle::ChiediChiusura()
         return false;
     if (!Nota.Modificata)
         return true;
+    PortaDavanti(Posto);
     const int Risposta = InDialogo([this] {
         return MsgBox(windowTitle() + u"\nVuoi salvare la parcella prima di chiudere?"_s,
                       vbYesNoCancel + vbQuestion, TitoloDomanda.toString());

@@ -613,7 +613,7 @@ void TestFrmInteressi::tassiIncolonnati()
 
 void TestFrmInteressi::siSenzaAggiornamento()
 {
-    Aperture.Aggiorna = {};
+    Aperture.Finestre = {};
     Sostituisci(ArchivioConTassi(u"InteressiLegali"_s, {{QDate(2012, 1, 1), QDate(2012, 12, 31), 5.0}}));
     Compila(u"36500"_s, u"31/12/2011"_s, u"10/01/2012"_s);
     B->Voce.Attendi(NonAggiornati, vbYes, u"Domanda:"_s);

@@ -40,7 +40,7 @@ public:
         sessione::PercorsoProg = ProgrammaDiProva();
         sessione::UserFolder = NuovaCartella();
         Aperture = {};
-        Aperture.Aggiorna = [this] { Aperti << u"aggiorna"_s; };
+        Aperture.Finestre[u"upgrade"_s] = [this] { Aperti << u"aggiorna"_s; };
         Aperture.PaginaWeb = [this](const QString& Pagina, const QString& Titolo) {
             Aperti << u"pagina "_s + Pagina + u" | "_s + Titolo;
         };

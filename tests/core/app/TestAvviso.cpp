@@ -1,8 +1,8 @@
 #include "scena.h"
 
 #include "core/aperture.h"
-#include "core/app/Main.h"
 #include "core/app/apritori.h"
+#include "core/app/avvio.h"
 #include "platform/kit/aspetto.h"
 #include "update/viewer/frmWeb.h"
 
@@ -92,7 +92,7 @@ void TestAvviso::laScrivaniaResta()
 {
     const Registratore Box;
     Main(u""_s);
-    QVERIFY(Avviso());
+    QTRY_VERIFY(Avviso());
     Avviso()->close();
     Respiro();
     QCOMPARE(S->Eventi, QStringList());

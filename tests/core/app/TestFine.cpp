@@ -2,8 +2,8 @@
 #include "scena.h"
 
 #include "core/aperture.h"
-#include "core/app/Main.h"
 #include "core/app/apritori.h"
+#include "core/app/avvio.h"
 #include "core/comandi.h"
 #include "core/posti.h"
 #include "feenote/file/modPosaFile.h"

@@ -1,7 +1,7 @@
 #include "scena.h"
 
 #include "core/aperture.h"
-#include "core/app/Main.h"
+#include "core/app/avvio.h"
 #include "core/app/paginaavviso.h"
 
 #include <memory>
@@ -247,7 +247,7 @@ void TestMain::avviso()
 {
     const Registratore Box;
     Main(u""_s);
-    QCOMPARE(Avvisi.size(), 1);
+    QTRY_COMPARE(Avvisi.size(), 1);
     QCOMPARE(Avvisi[0].Pagina, Programma + u"avvisokr6.htm"_s);
     QCOMPARE(Avvisi[0].Titolo, u"KR5 - Avviso agli abbonati"_s);
     QCOMPARE(Avvisi[0].Marcatore, u"avvisokr5"_s);

@@ -1,6 +1,7 @@
 #include "scena.h"
 
 #include "core/app/primouso.h"
+#include "platform/database/database.h"
 
 #include <memory>
 
@@ -18,6 +19,11 @@ private Q_SLOTS:
     void nonSostituisceUnArchivio();
     void archivioDiSolaLettura();
     void senzaArchivioVuoto();
+    void parcelleAccantoAlProgramma_data();
+    void parcelleAccantoAlProgramma();
+    void archivioInUso_data();
+    void archivioInUso();
+    void laCartellaPropriaSiRifa();
     void tassiSeMancano();
     void cartellaUtenteSparita();
     void cartellaRifiutata();
@@ -37,7 +43,7 @@ void TestPrimoUso::init()
     QDir(Documenti).removeRecursively();
     Programma = NuovaCartella();
     Scena::Salva(u"PercorsoProcedura"_s, Programma);
-    ScriviFile(Programma + u"DatiStudio.mdb"_s, "vuoto");
+    QVERIFY(QFile::copy(ProgrammaDiProva() + u"DatiStudio.mdb"_s, Programma + u"DatiStudio.mdb"_s));
 }
 
 void TestPrimoUso::cleanup()
@@ -55,7 +61,7 @@ void TestPrimoUso::preparaCartelleEArchivio()
     QCOMPARE(Scena::Parametro(u"ArchivioCliCon"_s), Cartella + u"DatiStudio.mdb"_s);
     QVERIFY(EsisteCartella(Documenti + u"KR5"_s));
     QVERIFY(EsisteCartella(Cartella + u"Parcelle/Modelli"_s));
-    QCOMPARE(LeggiFile(Cartella + u"DatiStudio.mdb"_s), "vuoto");
+    QCOMPARE(LeggiFile(Cartella + u"DatiStudio.mdb"_s), LeggiFile(Programma + u"DatiStudio.mdb"_s));
     ImpostaVariabili();
     QCOMPARE(sessione::ParcellePath, Cartella + Barra(u"Parcelle"_s));
     QCOMPARE(sessione::ModelliPath, Cartella + Barra(u"Parcelle"_s) + Barra(u"Modelli"_s));
@@ -113,6 +119,75 @@ void TestPrimoUso::senzaArchivioVuoto()
     PrimoUso();
     QCOMPARE(Scena::Parametro(u"ArchivioCliCon"_s), Documenti + u"Calcanova/DatiStudio.mdb"_s);
     QVERIFY(!EsisteFile(Documenti + u"Calcanova/DatiStudio.mdb"_s));
+}
+
+void TestPrimoUso::parcelleAccantoAlProgramma_data()
+{
+    QTest::addColumn<QString>("File");
+    QTest::addColumn<bool>("Restano");
+
+    QTest::newRow("notes in their folder") << u"Parcelle/uno.mdb"_s << true;
+    QTest::newRow("a name in capitals") << u"Parcelle/UNO.MDB"_s << true;
+    QTest::newRow("templates alone") << u"Parcelle/Modelli/appalto.mdb"_s << true;
+    QTest::newRow("notes in the program's folder") << u"uno.mdb"_s << true;
+    QTest::newRow("templates there") << u"Modelli/appalto.mdb"_s << true;
+    QTest::newRow("what the program comes with") << u"Parcelle.mdb"_s << false;
+    QTest::newRow("municipalities") << u"comuni.mdb"_s << false;
+    QTest::newRow("another file") << u"Parcelle/leggimi.txt"_s << false;
+}
+
+void TestPrimoUso::parcelleAccantoAlProgramma()
+{
+    QFETCH(QString, File);
+    QFETCH(bool, Restano);
+    const Registratore Box;
+    CreaCartella(CartellaFile(Programma + File));
+    ScriviFile(Programma + File, "x");
+    PrimoUso();
+    QCOMPARE(Scena::Parametro(u"ParcellePath"_s).isEmpty(), Restano);
+    ImpostaVariabili();
+    const QString Accanto = Programma + (File.startsWith(u"Parcelle/") ? Barra(u"Parcelle"_s) : QString());
+    QCOMPARE(sessione::ParcellePath == Accanto, Restano);
+    // The archive is another matter: it is empty, and the user gets his own.
+    QCOMPARE(Scena::Parametro(u"ArchivioCliCon"_s), Documenti + u"Calcanova/DatiStudio.mdb"_s);
+}
+
+void TestPrimoUso::archivioInUso_data()
+{
+    QTest::addColumn<QString>("Sql");
+
+    QTest::newRow("a client") << u"INSERT INTO clienti (Nominativo) VALUES ('Rossi')"_s;
+    QTest::newRow("a counterparty") << u"INSERT INTO controparti (Nominativo) VALUES ('Bianchi')"_s;
+    QTest::newRow("not to be read") << QString();
+}
+
+void TestPrimoUso::archivioInUso()
+{
+    QFETCH(QString, Sql);
+    const Registratore Box;
+    const QString File = Programma + u"DatiStudio.mdb"_s;
+    if (Sql.isEmpty())
+        ScriviFile(File, "rumore");
+    else
+        OpenDatabase(File).Execute(Sql);
+    PrimoUso();
+    QCOMPARE(Scena::Parametro(u"ArchivioCliCon"_s), QString());
+    QVERIFY(!EsisteFile(Documenti + u"Calcanova/DatiStudio.mdb"_s));
+    ImpostaVariabili();
+    QCOMPARE(sessione::ArchivioCliCon, File);
+    QCOMPARE(Scena::Parametro(u"ParcellePath"_s), Documenti + Barra(u"Calcanova"_s) + Barra(u"Parcelle"_s));
+}
+
+void TestPrimoUso::laCartellaPropriaSiRifa()
+{
+    const Registratore Box;
+    PrimoUso();
+    const QString Utente = Scena::Parametro(u"UserFolder"_s);
+    QVERIFY(QDir(Utente).removeRecursively());
+    PrimoUso();
+    QVERIFY(EsisteCartella(Utente));
+    ImpostaVariabili();  // without a word
+    QCOMPARE(sessione::UserFolder, Utente);
 }
 
 void TestPrimoUso::tassiSeMancano()

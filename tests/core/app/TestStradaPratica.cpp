@@ -4,8 +4,8 @@
 
 #include "compagna/compagna.h"
 #include "core/aperture.h"
-#include "core/app/Main.h"
 #include "core/app/apritori.h"
+#include "core/app/avvio.h"
 #include "core/comandi.h"
 #include "core/posti.h"
 #include "feenote/windows/selettore.h"

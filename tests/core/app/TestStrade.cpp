@@ -1,8 +1,9 @@
 #include "scena.h"
 
 #include "core/aperture.h"
-#include "core/app/Main.h"
 #include "core/app/apritori.h"
+#include "core/app/avvio.h"
+#include "core/app/paginaavviso.h"
 #include "core/comandi.h"
 #include "core/desktop/iconastudio.h"
 #include "core/posti.h"
@@ -27,6 +28,10 @@ private Q_SLOTS:
 
     void dallIconaAllaCorniceERitorno();
     void dueParcelleEIlBersaglio();
+    void chiusaUnaSiSalvaLAltra_data();
+    void chiusaUnaSiSalvaLAltra();
+    void ilModelloDaUnaParcellaSalvata();
+    void primoUsoLAvvisoDopoLeDomande();
     void ultimaChiusaDallaSuaFinestra();
     void basso();
     void pratica();
@@ -110,6 +115,81 @@ void TestStrade::dueParcelleEIlBersaglio()
     Respiro();
     QVERIFY2(Cornice().isVisible(), "a note is open still");
     QTRY_COMPARE(Cornice().Tag(), u"2"_s);
+}
+
+void TestStrade::chiusaUnaSiSalvaLAltra_data()
+{
+    QTest::addColumn<int>("Chiusa");
+    QTest::addColumn<bool>("DallaCroce");
+
+    for (const int Chiusa : {1, 2}) {
+        QTest::addRow("%d by its cross", Chiusa) << Chiusa << true;
+        QTest::addRow("%d by the command", Chiusa) << Chiusa << false;
+    }
+}
+
+void TestStrade::chiusaUnaSiSalvaLAltra()
+{
+    QFETCH(int, Chiusa);
+    QFETCH(bool, DallaCroce);
+    const Registratore Box;
+    Main(u""_s);
+    Cornice().barParcelle_ButtonClick(u"new"_s);
+    Parcelle(1)->SetModificata(true);
+    Cornice().barParcelle_ButtonClick(u"new"_s);
+    QVERIFY(MostraAttiva(Cornice()));
+    AttivaParcella(Chiusa);
+    const int Rimasta = 3 - Chiusa;
+    Parcelle(Chiusa)->SetModificata(false);
+    if (DallaCroce)
+        Parcelle(Chiusa)->parentWidget()->close();
+    else
+        QVERIFY(ChiudiParcella(Chiusa));
+    Respiro();
+    QCOMPARE(Cornice().Tag(), QString::number(Rimasta));
+    QVERIFY(Cornice().isActiveWindow());
+    // What is typed goes into the note that is left, and Ctrl+S saves it.
+    Digita(u"Rossi"_s);
+    QVERIFY(ConcludiCampo());
+    QCOMPARE(Parcelle(Rimasta)->Nota.txtCliente.Testo, u"Rossi"_s);
+    QVERIFY(!InfoParcelle[size_t(Chiusa)].Modificata);
+    Aperture.SalvaParcella = [this](int Indice, bool) { S->Annota(u"salva %1"_s.arg(Indice)); };
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(S->Eventi, QStringList{u"salva %1"_s.arg(Rimasta)});
+    Parcelle(Rimasta)->SetModificata(false);
+}
+
+void TestStrade::ilModelloDaUnaParcellaSalvata()
+{
+    Registratore Box;
+    Main(u""_s);
+    EseguiComando(u"new"_s, 0, {});
+    QVERIFY(MostraAttiva(Cornice()));
+    Box.AttendiSalva({});
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_M, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(Box.TitoloDialogo(), u"Salva parcella come modello"_s);
+    QVERIFY2(!InfoParcelle[1].Modificata && !Parcelle(1)->Nota.Modificata, "cancelled: it is what it was");
+    const QString File = NuovaCartella() + u"appalto.mdb"_s;
+    Box.AttendiSalva(File);
+    Box.Attendi(u"La parcella appalto.mdb è stata salvata correttamente!"_s);
+    Cornice().findChild<QAction*>(u"menu_savemod"_s)->trigger();
+    QVERIFY(SolaLettura(File));
+    QVERIFY(!InfoParcelle[1].Modificata);
+}
+
+void TestStrade::primoUsoLAvvisoDopoLeDomande()
+{
+    // A first use: the question of the office's name comes before the notice, which would lie under it.
+    Registratore Box;
+    Scena::Salva(u"StudioNome"_s, {});
+    QVERIFY(QFile::remove(Scena::Parametro(u"UserFolder"_s) + u"avvisokr5.ini"_s));
+    QVERIFY2(!EsisteFile(ProgrammaDiProva() + u"avvisokr5.ini"_s), "the program's folder has no marker");
+    Box.Attendi(u"Il programma non è stato ancora personalizzato. E' pertanto necessario procedere\n"
+                u"all'inserimento dei dati identificativi dello studio."_s);
+    Aperture.Impostazioni = [this](int, bool) { S->Annota(u"impostazioni"_s); };
+    Aperture.Avviso = [this](const PaginaAvviso&) { S->Annota(u"avviso"_s); };
+    Main(u""_s);
+    QTRY_COMPARE(S->Eventi, (QStringList{u"impostazioni"_s, u"avviso"_s}));
 }
 
 void TestStrade::ultimaChiusaDallaSuaFinestra()

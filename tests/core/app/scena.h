@@ -2,12 +2,13 @@
 #pragma once
 
 #include "core/aperture.h"
+#include "core/comandi.h"
 #include "core/posti.h"
 #include "supporto/finestre.h"
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 
-#include "core/app/Main.h"
+#include "core/app/avvio.h"
 #include "core/desktop/frmMain.h"
 #include "core/desktop/frmStudio.h"
 #include "core/modAvvio.h"
@@ -35,6 +36,7 @@ public:
         AzzeraParcelle();
         IconeUtente.Azzera(ColonneIcona);
         Aperture = {};
+        RegistraFinestre();
         CollegaFinestre();
         QFile::remove(FileImpostazioni());
         Shell Nuova;
@@ -88,6 +90,13 @@ public:
     {
         Eventi << Evento;
         return 0;
+    }
+
+    /// An installation that lacks none of the windows that open by a word.
+    static void RegistraFinestre()
+    {
+        for (const Comando& Riga : Comandi())
+            Aperture.Finestre[Riga.Parola.toString()] = [] {};
     }
 
     /// What the windows of the start ask of one another; all else is a test's own.

@@ -1,7 +1,7 @@
 #include "core/app/scena.h"
 
 #include "core/aperture.h"
-#include "core/app/Main.h"
+#include "core/app/avvio.h"
 #include "core/posti.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
@@ -39,6 +39,7 @@ private Q_SLOTS:
     void misure_data();
     void misure();
     void misureSalvate();
+    void loSchermoPiccoloNonSiRicorda();
     void laFinestraAttivaDiventaIlBersaglio();
     void sfondo();
     void fondoSegueLaTavolozza();
@@ -50,6 +51,12 @@ private Q_SLOTS:
     void chiusuraSenzaParcelle();
     void chiusuraDiUnaPratica();
     void ultimaInModoBasso();
+    void ilModelloDiUnaParcellaIntatta_data();
+    void ilModelloDiUnaParcellaIntatta();
+    void ilModelloSenzaParcelle();
+    void comandiSenzaLavoro();
+    void ctrlQ_data();
+    void ctrlQ();
     void nuovaParcellaPrimaDelloScarico();
 
 private:
@@ -77,8 +84,8 @@ void TestFrmMain::init()
     Aperture.TrovaParcella = [this](int Selettore) { S->Annota(u"trova %1"_s.arg(Selettore)); };
     Aperture.Proteggi = [this](int Indice) { S->Annota(u"proteggi %1"_s.arg(Indice)); };
     Aperture.SalvaParcella = [this](int Indice, bool) { S->Annota(u"salva %1"_s.arg(Indice)); };
-    Aperture.Termini = [this] { S->Annota(u"termini"_s); };
-    Aperture.Informazioni = [this] { S->Annota(u"informazioni"_s); };
+    Aperture.Finestre[u"termini"_s] = [this] { S->Annota(u"termini"_s); };
+    Aperture.Finestre[u"about"_s] = [this] { S->Annota(u"informazioni"_s); };
 }
 
 void TestFrmMain::cleanup()
@@ -141,7 +148,7 @@ void TestFrmMain::menuDeiPulsanti()
     QCOMPARE(Voci(u"open"_s), (QStringList{u"Apri da parcelle salvate"_s, u"Apri da modelli"_s}));
     QCOMPARE(Voci(u"help"_s),
              (QStringList{u"Guida all'uso"_s, u"Assistenza tecnica"_s, u"Informazioni su.."_s}));
-    QVERIFY(!Cornice->findChild<QToolButton*>(u"barParcelle_save"_s)->defaultAction()->menu());
+    QCOMPARE(Voci(u"save"_s), (QStringList{u"Salva parcella"_s, u"Salva come modello"_s}));
 }
 
 void TestFrmMain::ogniControlloHaUnNome()
@@ -231,31 +238,32 @@ void TestFrmMain::diciottoProcedure()
 {
     Registratore Box;
     const auto Annota = [this](const QString& Nome) { return [this, Nome] { S->Annota(Nome); }; };
-    Aperture.Rubrica = Annota(u"clienti"_s);
-    Aperture.Contributo = Annota(u"contrib"_s);
-    Aperture.TerminiSequenziali = Annota(u"sequenz"_s);
-    Aperture.Interessi = Annota(u"inter"_s);
-    Aperture.Istat = Annota(u"istat"_s);
-    Aperture.CodiceFiscale = Annota(u"codfis"_s);
-    Aperture.Aggiorna = Annota(u"upgrade"_s);
+    Aperture.Finestre[u"clienti"_s] = Annota(u"clienti"_s);
+    Aperture.Finestre[u"contrib"_s] = Annota(u"contrib"_s);
+    Aperture.Finestre[u"sequenz"_s] = Annota(u"sequenz"_s);
+    Aperture.Finestre[u"inter"_s] = Annota(u"inter"_s);
+    Aperture.Finestre[u"istat"_s] = Annota(u"istat"_s);
+    Aperture.Finestre[u"codfis"_s] = Annota(u"codfis"_s);
+    Aperture.Finestre[u"upgrade"_s] = Annota(u"upgrade"_s);
     Aperture.Impostazioni = [this](int Scheda, bool) { S->Annota(u"setup %1"_s.arg(Scheda)); };
     sessione::PercorsoProg = NuovaCartella();
     Box.Attendi(u"Documento "_s + sessione::PercorsoProg + u"GuidaOperativa.pdf non trovato!"_s);
     Cornice->ImpostaTag(u"5"_s);
     QStringList Parole;
-    for (const QAction* Azione : Cornice->actions()) {
+    for (QAction* Azione : Cornice->actions()) {
+        if (!Azione->objectName().startsWith(u"comando_"))
+            continue;
         Parole << Azione->objectName().mid(8);
-        const_cast<QAction*>(Azione)->trigger();
+        Azione->trigger();
     }
     QCOMPARE(Parole,
-             (QStringList{u"new"_s, u"openmod"_s, u"openpar"_s, u"clienti"_s, u"contrib"_s, u"setup"_s,
-                          u"termini"_s, u"inter"_s, u"istat"_s, u"codfis"_s, u"upgrade"_s, u"tassi"_s,
-                          u"help"_s, u"recupera"_s, u"assistenza"_s, u"about"_s, u"off"_s, u"sequenz"_s}));
-    QCOMPARE(S->Eventi,
-             (QStringList{u"parcella 0"_s, u"trova 1"_s, u"trova 0"_s, u"clienti"_s, u"contrib"_s,
-                          u"setup 0"_s, u"termini"_s, u"inter"_s, u"istat"_s, u"codfis"_s, u"upgrade"_s,
-                          u"setup 3"_s, u"indirizzo http://www.calcanova.example/vdm.asp"_s,
-                          u"informazioni"_s, u"fine"_s, u"sequenz"_s}));
+             (QStringList{u"new"_s, u"openpar"_s, u"openmod"_s, u"clienti"_s, u"codfis"_s, u"setup"_s,
+                          u"recupera"_s, u"contrib"_s, u"termini"_s, u"sequenz"_s, u"inter"_s, u"istat"_s,
+                          u"help"_s, u"off"_s, u"upgrade"_s, u"about"_s, u"assistenza"_s, u"tassi"_s}));
+    QCOMPARE(S->Eventi, (QStringList{u"parcella 0"_s, u"trova 0"_s, u"trova 1"_s, u"clienti"_s, u"codfis"_s,
+                                     u"setup 0"_s, u"setup 3"_s, u"contrib"_s, u"termini"_s, u"sequenz"_s,
+                                     u"inter"_s, u"istat"_s, u"fine"_s, u"upgrade"_s, u"informazioni"_s,
+                                     u"indirizzo http://www.calcanova.example/vdm.asp"_s}));
 }
 
 void TestFrmMain::bassoNascondeIPulsanti()
@@ -294,6 +302,20 @@ void TestFrmMain::misure()
     QVERIFY(Cornice->Area());
     QTEST(Cornice->size(), "Attesa");
     QVERIFY(Cornice->screen()->availableGeometry().contains(Cornice->geometry()));
+}
+
+void TestFrmMain::loSchermoPiccoloNonSiRicorda()
+{
+    Scena::Salva(u"MainWidth"_s, u"900000"_s);
+    Scena::Salva(u"MainHeight"_s, u"6000"_s);
+    QVERIFY(Cornice->Area());
+    Cornice->SalvaMisure();
+    QCOMPARE(Scena::Parametro(u"MainWidth"_s), u"900000"_s);
+    QCOMPARE(Scena::Parametro(u"MainHeight"_s), u"6000"_s);
+    Cornice->resize(Cornice->width(), 450);
+    Cornice->SalvaMisure();
+    QCOMPARE(Scena::Parametro(u"MainWidth"_s), u"900000"_s);
+    QCOMPARE(Scena::Parametro(u"MainHeight"_s), u"6750"_s);
 }
 
 void TestFrmMain::misureSalvate()
@@ -465,6 +487,98 @@ void TestFrmMain::nuovaParcellaPrimaDelloScarico()
     Scena::ApriPosti(1);
     Respiro();
     QVERIFY(Cornice->isVisible());
+}
+
+void TestFrmMain::ilModelloDiUnaParcellaIntatta_data()
+{
+    QTest::addColumn<bool>("Modificata");
+    QTest::addColumn<bool>("Salvata");
+    QTest::addColumn<QStringList>("Eventi");
+
+    QTest::newRow("untouched, cancelled")
+        << false << false << QStringList{u"segna 1"_s, u"salva 1 1"_s, u"segna 0"_s};
+    QTest::newRow("untouched, saved") << false << true << QStringList{u"segna 1"_s, u"salva 1 1"_s};
+    QTest::newRow("changed, cancelled") << true << false << QStringList{u"salva 1 1"_s};
+    QTest::newRow("changed, saved") << true << true << QStringList{u"salva 1 1"_s};
+}
+
+void TestFrmMain::ilModelloDiUnaParcellaIntatta()
+{
+    QFETCH(bool, Modificata);
+    QFETCH(bool, Salvata);
+    const Registratore Box;
+    Scena::ApriPosti(1);
+    InfoParcelle[1].Modificata = Modificata;
+    Aperture.SegnaModificata = [this](int Indice, bool Si) {
+        S->Annota(u"segna %1"_s.arg(int(Si)));
+        InfoParcelle[size_t(Indice)].Modificata = Si;
+    };
+    Aperture.SalvaParcella = [&](int Indice, bool ComeModello) {
+        S->Annota(u"salva %1 %2"_s.arg(Indice).arg(int(ComeModello)));
+        if (Salvata)
+            InfoParcelle[size_t(Indice)].Modificata = false;
+    };
+    Cornice->ImpostaTag(u"1"_s);
+    Cornice->findChild<QAction*>(u"menu_savemod"_s)->trigger();
+    QTEST(S->Eventi, "Eventi");
+    QCOMPARE(InfoParcelle[1].Modificata, Modificata && !Salvata);
+}
+
+void TestFrmMain::ilModelloSenzaParcelle()
+{
+    const Registratore Box;
+    Aperture.SegnaModificata = [this](int, bool) { S->Annota(u"segna"_s); };
+    Cornice->findChild<QAction*>(u"menu_savemod"_s)->trigger();
+    Scena::ApriPosti(1);
+    InfoParcelle[1].Libera = true;
+    Cornice->ImpostaTag(u"1"_s);
+    Cornice->findChild<QAction*>(u"menu_savemod"_s)->trigger();
+    QCOMPARE(S->Eventi, QStringList());
+}
+
+void TestFrmMain::comandiSenzaLavoro()
+{
+    const Registratore Box;
+    Aperture.Finestre.erase(u"clienti"_s);
+    Aperture.Finestre.erase(u"about"_s);
+    QVERIFY(Cornice->Area());
+    const auto* Rubrica = Cornice->findChild<QToolButton*>(u"barParcelle_clienti"_s);
+    QVERIFY(!Rubrica->isEnabled());
+    QCOMPARE(Rubrica->toolTip(),
+             u"Rubrica clienti e controparti: non ancora disponibile in questa versione"_s);
+    for (const QString& Nome : {u"menu_about"_s, u"menu_assistenza"_s, u"comando_clienti"_s,
+                                u"comando_about"_s, u"comando_assistenza"_s})
+        QVERIFY2(!Cornice->findChild<QAction*>(Nome)->isEnabled(), qPrintable(Nome));
+    for (const QString& Nome : {u"menu_help"_s, u"menu_savemod"_s, u"comando_termini"_s, u"tastiUscita"_s})
+        QVERIFY2(Cornice->findChild<QAction*>(Nome)->isEnabled(), qPrintable(Nome));
+    // The window is there: its controls come alive with the next use of the frame.
+    Aperture.Finestre[u"clienti"_s] = [] {};
+    Cornice->hide();
+    QVERIFY(Cornice->Area());
+    QVERIFY(Rubrica->isEnabled());
+    QCOMPARE(Rubrica->toolTip(), u"Rubrica clienti e controparti"_s);
+}
+
+void TestFrmMain::ctrlQ_data()
+{
+    QTest::addColumn<QList<bool>>("Risposte");
+    QTest::addColumn<QStringList>("Eventi");
+
+    QTest::newRow("granted") << QList<bool>{true, true}
+                             << QStringList{u"chiudi 1"_s, u"chiudi 2"_s, u"fine"_s};
+    QTest::newRow("cancelled") << QList<bool>{true, false} << QStringList{u"chiudi 1"_s, u"chiudi 2"_s};
+}
+
+void TestFrmMain::ctrlQ()
+{
+    QFETCH(QList<bool>, Risposte);
+    const Registratore Box;
+    Scena::ApriPosti(2);
+    QVERIFY(Cornice->Area());
+    QVERIFY(MostraAttiva(*Cornice));
+    RegistraChiusure(Risposte);
+    QTest::keyClick(Cornice, Qt::Key_Q, Qt::ControlModifier);
+    QTEST(S->Eventi, "Eventi");
 }
 
 #include "TestFrmMain.moc"

@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QTimer>
+#include <QToolButton>
 
 #include <algorithm>
 #include <cmath>
@@ -63,6 +64,13 @@ private Q_SLOTS:
     void chiusuraSenzaImpostazioniScrivibili();
     void uscita();
     void marchi();
+    void iconeSenzaLavoro();
+    void leScritteHannoUnaMisura_data();
+    void leScritteHannoUnaMisura();
+    void ilPrimoFuocoEDellaPrimaIcona();
+    void unaSolaPrimaAttivazione();
+    void laTracciaNonAllargaLaProssima();
+    void laPrimaAttivazioneFinisceUnaVolta();
 
 private:
     frmStudio& Apri();
@@ -187,7 +195,7 @@ void TestFrmStudio::clicConLaClessidra()
     const Registratore Box;
     const frmStudio& Scrivania = Apri();
     S->Clessidre.clear();
-    Aperture.Termini = [this] { S->Annota(u"termini, puntatore "_s + S->Clessidre); };
+    Aperture.Finestre[u"termini"_s] = [this] { S->Annota(u"termini, puntatore "_s + S->Clessidre); };
     QTest::mouseClick(Scrivania.imgMenu(3), Qt::LeftButton);
     QCOMPARE(S->Eventi, QStringList{u"termini, puntatore +"_s});
     QCOMPARE(S->Clessidre, u"+-"_s);
@@ -197,7 +205,7 @@ void TestFrmStudio::guastoDiUnComando()
 {
     Registratore Box;
     const frmStudio& Scrivania = Apri();
-    Aperture.Termini = [] { throw Errore(7); };
+    Aperture.Finestre[u"termini"_s] = [] { throw Errore(7); };
     Box.Attendi(u"Errore: "_s + DescrizioneErrore(7) + u" (7)"_s);
     QTest::mouseClick(Scrivania.imgMenu(3), Qt::LeftButton);
     QVERIFY(S->Clessidre.endsWith(u'-'));
@@ -300,7 +308,7 @@ void TestFrmStudio::invioApre()
 {
     const Registratore Box;
     frmStudio& Scrivania = Apri();
-    Aperture.TerminiSequenziali = [this] { S->Annota(u"sequenziali"_s); };
+    Aperture.Finestre[u"sequenz"_s] = [this] { S->Annota(u"sequenziali"_s); };
     // From the desktop itself the first arrow comes to the first icon.
     Scrivania.setFocus();
     QKeyEvent Giu(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
@@ -380,7 +388,7 @@ void TestFrmStudio::immagineDiSfondoGuasta()
 void TestFrmStudio::versione()
 {
     const frmStudio& Scrivania = Singola<frmStudio>();
-    QCOMPARE(Scrivania.findChild<QLabel*>(u"lblRelease"_s)->text(), u"Release 3.0.0"_s);
+    QCOMPARE(Scrivania.findChild<QLabel*>(u"lblRelease"_s)->text(), u"Release 3.0.14"_s);
 }
 
 void TestFrmStudio::iconePersonali()
@@ -457,7 +465,7 @@ void TestFrmStudio::fileDelleIconeIlleggibile()
     Box.Attendi(u"75 "_s + DescrizioneErrore(75));
     const frmStudio& Scrivania = Apri();
     QCOMPARE(Scrivania.NumeroIcone(), int(Fisse.size()));
-    Aperture.Termini = [this] { S->Annota(u"termini"_s); };
+    Aperture.Finestre[u"termini"_s] = [this] { S->Annota(u"termini"_s); };
     QTest::mouseClick(Scrivania.imgMenu(3), Qt::LeftButton);
     QCOMPARE(S->Eventi, QStringList{u"termini"_s});
 }
@@ -630,12 +638,114 @@ void TestFrmStudio::uscita()
 
 void TestFrmStudio::marchi()
 {
+    // The addresses of publisher and developer are nobody's so far.
     const Registratore Box;
     const frmStudio& Scrivania = Apri();
-    QTest::mouseClick(Scrivania.findChild<QWidget*>(u"imgMarvenna"_s), Qt::LeftButton);
-    QTest::mouseClick(Scrivania.findChild<QWidget*>(u"imgQB"_s), Qt::LeftButton);
-    QCOMPARE(S->Eventi, (QStringList{u"indirizzo http://www.calcanova.example/"_s,
-                                     u"indirizzo http://sviluppo.calcanova.example/"_s}));
+    for (const QString& Nome : {u"imgMarvenna"_s, u"imgQB"_s}) {
+        auto* Marchio = Scrivania.findChild<QToolButton*>(Nome);
+        QVERIFY2(!Marchio->isEnabled(), qPrintable(Nome));
+        QCOMPARE(Marchio->toolTip(), Marchio->text() + u": il sito non è ancora disponibile"_s);
+        QTest::mouseClick(Marchio, Qt::LeftButton);
+    }
+    QCOMPARE(S->Eventi, QStringList());
+}
+
+void TestFrmStudio::iconeSenzaLavoro()
+{
+    const Registratore Box;
+    Aperture.Finestre.erase(u"clienti"_s);
+    frmStudio& Scrivania = Apri();
+    for (const IconaStudio* Icona : Scrivania.findChildren<IconaStudio*>()) {
+        const QString Motivo = Impedimento(Icona->Tag());
+        QCOMPARE(Icona->isEnabled(), Motivo.isEmpty());
+        QCOMPARE(Icona->toolTip(), Motivo.isEmpty() ? QString() : Icona->text() + u": "_s + Motivo);
+    }
+    QVERIFY(!Scrivania.imgMenu(2)->isEnabled());
+    QTest::mouseClick(Scrivania.imgMenu(2), Qt::LeftButton);
+    Scrivania.Menu(2);
+    QCOMPARE(Scrivania.Marcata(), frmStudio::NessunaIcona);
+    // The arrows pass over it.
+    Scrivania.imgMenu(1)->setFocus();
+    Premi(Qt::Key_Right);
+    QCOMPARE(QApplication::focusWidget(), Scrivania.imgMenu(3));
+}
+
+void TestFrmStudio::leScritteHannoUnaMisura_data()
+{
+    QTest::addColumn<int>("Punti");
+    for (const int Punti : {9, 10, 13, 16})
+        QTest::addRow("%d pt", Punti) << Punti;
+}
+
+void TestFrmStudio::leScritteHannoUnaMisura()
+{
+    QFETCH(int, Punti);
+    const QFont Prima = QApplication::font();
+    QFont Grande = Prima;
+    Grande.setPointSize(Punti);
+    QApplication::setFont(Grande);
+    const frmStudio& Scrivania = Apri();
+    const int Pixel = Scrivania.imgMenu(0)->AltezzaCarattere();
+    QFont Carattere = Scrivania.font();
+    Carattere.setPixelSize(Pixel);
+    const QFontMetrics Misure(Carattere);
+    for (int i = 0; i < int(Fisse.size()); ++i) {
+        const IconaStudio* Icona = Scrivania.imgMenu(i);
+        QCOMPARE(Icona->AltezzaCarattere(), Pixel);
+        const QRect Spazio(0, 0, IconaStudio::Larghezza - 2,
+                           IconaStudio::Altezza - IconaStudio::Immagine - 6);
+        const QRect Scritta = Misure.boundingRect(Spazio, Qt::TextWordWrap | Qt::AlignHCenter, Icona->text());
+        QVERIFY2(Spazio.contains(Scritta), qPrintable(Icona->text()));
+    }
+    QApplication::setFont(Prima);
+    QVERIFY2(Pixel >= 9, "readable");
+}
+
+void TestFrmStudio::ilPrimoFuocoEDellaPrimaIcona()
+{
+    const frmStudio& Scrivania = Apri();
+    QCOMPARE(QApplication::focusWidget(), Scrivania.imgMenu(0));
+}
+
+void TestFrmStudio::unaSolaPrimaAttivazione()
+{
+    sessione::ModoDebug = true;
+    frmStudio& Scrivania = Apri();
+    QTRY_VERIFY(!sessione::TestoDebug.isEmpty());
+    QTest::qWait(50);
+    QCOMPARE(sessione::TestoDebug, u"- avvio form programma- fine form programma\n"_s);
+    QVERIFY(Scrivania.isVisible());
+}
+
+void TestFrmStudio::laTracciaNonAllargaLaProssima()
+{
+    frmStudio& Scrivania = Apri();
+    const QSize Prima = Scrivania.size();
+    Aperture.MostraTraccia(u"FINESTRA DEBUG:\n- prova"_s);
+    Respiro();
+    QVERIFY(Scrivania.height() > Prima.height());
+    Scrivania.close();
+    QCOMPARE(Scena::Parametro(u"Posto_frmStudio"_s).section(u',', 2),
+             u"%1,%2"_s.arg(Prima.width()).arg(Prima.height()));
+}
+
+void TestFrmStudio::laPrimaAttivazioneFinisceUnaVolta()
+{
+    Registratore Box;
+    sessione::StudioNome.clear();
+    Box.Tollera();
+    QTimer::singleShot(50, this, [this] {
+        S->Annota(u"impostazioni chiuse"_s);
+        if (SeCaricato<frmSetup>)
+            SeCaricato<frmSetup>->close();
+    });
+    QObject::connect(&Singola<frmStudio>(), &frmStudio::PrimaAttivazione, this,
+                     [this] { S->Annota(u"pronta"_s); });
+    frmStudio& Scrivania = Apri();
+    QTRY_COMPARE(S->Eventi, (QStringList{u"impostazioni chiuse"_s, u"pronta"_s}));
+    sessione::StudioNome = u"Studio Bianchi"_s;
+    Scrivania.Form_Activate();
+    QCOMPARE(S->Eventi.size(), 2);
 }
 
 #include "TestFrmStudio.moc"

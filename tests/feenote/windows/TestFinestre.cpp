@@ -9,6 +9,8 @@
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSettings>
 #include <QSplitter>
 
@@ -58,6 +60,19 @@ private Q_SLOTS:
     void minimizzataEChiusaSiRiapreNormale();
     void laCorniceChiusaMentreSiChiede();
     void massimizzataRestaDovE();
+    void chiusaUnaTornaLAltra_data();
+    void chiusaUnaTornaLAltra();
+    void chiusaQuellaDietroNonCambiaNulla();
+    void chiusaLaMassimizzataLAltraLoEAncora();
+    void chiSiChiedeStaDavanti();
+    void laCascataNonRimpicciolisce();
+    void siRicordaSoloQuelCheHaSceltoLUtente();
+    void massimizzataLaCorniceNonSiRicorda();
+    void ilFuocoNelPrimoTestoVuoto_data();
+    void ilFuocoNelPrimoTestoVuoto();
+    void riusataCominciaDaCapo();
+    void ilTastoPortaInVistaIlCampo();
+    void riempitaPrimaDiMostrarsi();
 
 private:
     [[nodiscard]] static QMdiSubWindow* Sotto(int Posto)
@@ -467,6 +482,253 @@ void TestFinestre::massimizzataRestaDovE()
     Respiro();
     QVERIFY(Sotto(1)->isMaximized());
     QCOMPARE(Sotto(1)->geometry(), Massima);
+}
+
+void TestFinestre::chiusaUnaTornaLAltra_data()
+{
+    QTest::addColumn<int>("Chiusa");
+    QTest::addColumn<bool>("DallaCroce");
+    QTest::addColumn<bool>("InUnCampo");
+    for (const int Chiusa : {1, 2})
+        for (const bool DallaCroce : {true, false})
+            for (const bool InUnCampo : {true, false})
+                QTest::addRow("la %d, %s, %s", Chiusa, DallaCroce ? "dalla croce" : "dal comando",
+                              InUnCampo ? "con un campo" : "senza campo")
+                    << Chiusa << DallaCroce << InUnCampo;
+}
+
+void TestFinestre::chiusaUnaTornaLAltra()
+{
+    QFETCH(int, Chiusa);
+    QFETCH(bool, DallaCroce);
+    QFETCH(bool, InUnCampo);
+    QList<int> Bersagli;
+    Aperture.ParcellaAttivata = [&](int Indice) { Bersagli.append(Indice); };
+    ApriParcella({}, 0, {});
+    Parcelle(1)->SetModificata(true);
+    ApriParcella({}, 0, {});
+    const int Rimasta = 3 - Chiusa;
+    Parcelle(Rimasta)->SetModificata(true);
+    Parcelle(Chiusa)->SetModificata(false);
+    AttivaParcella(Chiusa);
+    QVERIFY(Cornice->isActiveWindow());
+    if (InUnCampo)
+        Controllo(Parcelle(Chiusa), "txtOggetto")->setFocus();
+    else if (QWidget* Campo = QApplication::focusWidget())
+        Campo->clearFocus();
+    if (DallaCroce)
+        Sotto(Chiusa)->close();
+    else
+        QVERIFY(ChiudiParcella(Chiusa));
+    Respiro();
+    QVERIFY(!Sotto(Chiusa)->isVisible());
+    QCOMPARE(Area->activeSubWindow(), Sotto(Rimasta));
+    QCOMPARE(Bersagli.last(), Rimasta);
+    QVERIFY2(QApplication::focusWidget() && Parcelle(Rimasta)->isAncestorOf(QApplication::focusWidget()),
+             "i tasti vanno alla parcella che si vede");
+    Parcelle(Rimasta)->SetModificata(false);
+}
+
+void TestFinestre::chiusaQuellaDietroNonCambiaNulla()
+{
+    for (int i = 1; i <= 3; ++i) {
+        ApriParcella({}, 0, {});
+        Parcelle(i)->SetModificata(true);
+    }
+    Controllo(Parcelle(3), "txtControp")->setFocus();
+    Parcelle(1)->SetModificata(false);
+    QVERIFY(ChiudiParcella(1));
+    Respiro();
+    QCOMPARE(Area->activeSubWindow(), Sotto(3));
+    QCOMPARE(QApplication::focusWidget(), Controllo(Parcelle(3), "txtControp"));
+    // The one that was in front before it, not the next place.
+    AttivaParcella(2);
+    ApriParcella({}, 0, {});  // in place 1
+    QVERIFY(ChiudiParcella(1));
+    QCOMPARE(Area->activeSubWindow(), Sotto(2));
+    for (const int i : {2, 3})
+        Parcelle(i)->SetModificata(false);
+}
+
+void TestFinestre::chiusaLaMassimizzataLAltraLoEAncora()
+{
+    ApriParcella({}, 0, {});
+    Parcelle(1)->SetModificata(true);
+    ApriParcella({}, 0, {});
+    Sotto(2)->showMaximized();
+    Respiro();
+    Sotto(2)->close();
+    Respiro();
+    QCOMPARE(Area->activeSubWindow(), Sotto(1));
+    QVERIFY(Sotto(1)->isMaximized());
+    Parcelle(1)->SetModificata(false);
+}
+
+void TestFinestre::chiSiChiedeStaDavanti()
+{
+    ApriParcella({}, 0, {});
+    Parcelle(1)->SetModificata(true);
+    ApriParcella({}, 0, {});
+    QCOMPARE(Area->activeSubWindow(), Sotto(2));
+    QMdiSubWindow* Davanti = nullptr;
+    Messaggi Suoi;
+    Suoi.Box = [&](const QString&, int, const QString&) {
+        Davanti = Area->activeSubWindow();
+        return vbCancel;
+    };
+    const Messaggi Prima = InstallaMessaggi(Suoi);
+    QVERIFY(!ChiudiParcella(1));
+    InstallaMessaggi(Prima);
+    QCOMPARE(Davanti, Sotto(1));
+    Parcelle(1)->SetModificata(false);
+}
+
+void TestFinestre::laCascataNonRimpicciolisce()
+{
+    Cornice->resize(1366, 620);
+    Respiro();
+    for (int i = 1; i <= 6; ++i) {
+        ApriParcella({}, 0, {});
+        Parcelle(i)->SetModificata(true);
+    }
+    Respiro();
+    QVERIFY2(Sotto(6)->height() < 587, "non ci sta tutta");
+    for (int i = 1; i <= 6; ++i) {
+        Parcelle(i)->SetModificata(false);
+        QVERIFY(ChiudiParcella(i));
+    }
+    QCOMPARE(Misura(u"FormWidth"_s), u"12800"_s);
+    QCOMPARE(Misura(u"FormHeight"_s), u"8800"_s);
+}
+
+void TestFinestre::siRicordaSoloQuelCheHaSceltoLUtente()
+{
+    Cornice->resize(1366, 430);
+    Respiro();
+    ApriParcella({}, 0, {});
+    Respiro();
+    QVERIFY(Sotto(1)->height() < 587);
+    Sotto(1)->resize(900, Sotto(1)->height());
+    Respiro();
+    QVERIFY(ChiudiParcella(1));
+    QCOMPARE(Misura(u"FormWidth"_s), u"13500"_s);
+    QCOMPARE(Misura(u"FormHeight"_s), u"8800"_s);
+}
+
+void TestFinestre::massimizzataLaCorniceNonSiRicorda()
+{
+    ApriParcella({}, 0, {});
+    Respiro();
+    Sotto(1)->showMaximized();
+    Respiro();
+    for (const QSize& Ampia : {QSize(1500, 900), QSize(960, 720)}) {
+        Cornice->resize(Ampia);
+        Respiro();
+    }
+    Cornice->showMaximized();
+    Respiro();
+    QVERIFY(Sotto(1)->isMaximized());
+    QVERIFY(ChiudiParcella(1));
+    QCOMPARE(Misura(u"FormWidth"_s), u"12800"_s);
+    QCOMPARE(Misura(u"FormHeight"_s), u"8800"_s);
+    QCOMPARE(Misura(u"FormState"_s), u"2"_s);
+}
+
+void TestFinestre::ilFuocoNelPrimoTestoVuoto_data()
+{
+    QTest::addColumn<QString>("Cliente");
+    QTest::addColumn<QString>("Controparte");
+    QTest::addColumn<QString>("Oggetto");
+    QTest::addColumn<QString>("Campo");
+    QTest::newRow("nuova") << u""_s << u""_s << u""_s << u"txtCliente"_s;
+    QTest::newRow("col cliente") << u"Rossi"_s << u""_s << u""_s << u"txtControp"_s;
+    QTest::newRow("manca l'oggetto") << u"Rossi"_s << u"Bianchi"_s << u""_s << u"txtOggetto"_s;
+    QTest::newRow("completa") << u"Rossi"_s << u"Bianchi"_s << u"appalto"_s << u"txtCliente"_s;
+}
+
+void TestFinestre::ilFuocoNelPrimoTestoVuoto()
+{
+    QFETCH(QString, Cliente);
+    QFETCH(QString, Controparte);
+    QFETCH(QString, Oggetto);
+    QFETCH(QString, Campo);
+    QString File;
+    if (!Cliente.isEmpty()) {
+        Parcella Nota;
+        NuovaParcella(Nota);
+        Nota.txtCliente.Testo = Cliente;
+        Nota.txtControp.Testo = Controparte;
+        Nota.txtOggetto.Testo = Oggetto;
+        File = T->Ufficio.File(u"rossi.mdb"_s);
+        ScriviNota(File, Nota);
+    }
+    ApriParcella(File, 0, {});
+    QVERIFY(QApplication::focusWidget());
+    QCOMPARE(QApplication::focusWidget()->objectName(), Campo);
+    QVERIFY(Parcelle(1)->isAncestorOf(QApplication::focusWidget()));
+    Digita(u"xyz"_s);
+    QVERIFY(Controllo<QLineEdit>(Parcelle(1), qPrintable(Campo))->text().contains(u"xyz"_s));
+    Parcelle(1)->SetModificata(false);
+}
+
+void TestFinestre::riusataCominciaDaCapo()
+{
+    Cornice->resize(910, 300);
+    Respiro();
+    ApriParcella({}, 0, {});
+    Respiro();
+    QScrollArea* Scorre = nullptr;
+    for (QWidget* Padre = Controllo(Parcelle(1), "txtCliente"); Padre && !Scorre;
+         Padre = Padre->parentWidget())
+        Scorre = qobject_cast<QScrollArea*>(Padre);
+    QVERIFY(Scorre);
+    Scorre->verticalScrollBar()->setValue(Scorre->verticalScrollBar()->maximum());
+    QVERIFY(Scorre->verticalScrollBar()->value() > 0);
+    Controllo(Parcelle(1), "txtOggetto")->setFocus();
+    QVERIFY(ChiudiParcella(1));
+    ApriParcella({}, 0, {});
+    Respiro();
+    QCOMPARE(Scorre->verticalScrollBar()->value(), 0);
+    QCOMPARE(QApplication::focusWidget(), Controllo(Parcelle(1), "txtCliente"));
+}
+
+void TestFinestre::ilTastoPortaInVistaIlCampo()
+{
+    Cornice->resize(910, 300);
+    Respiro();
+    ApriParcella({}, 0, {});
+    Respiro();
+    QWidget* Ultima = Controllo(Parcelle(1), "optAumRid_10");
+    QVERIFY2(Ultima->visibleRegion().isEmpty(), "sta sotto");
+    Ultima->setFocus(Qt::ShortcutFocusReason);
+    QCOMPARE(QApplication::focusWidget(), Ultima);
+    QCOMPARE(QRegion(Ultima->rect()), Ultima->visibleRegion());
+}
+
+void TestFinestre::riempitaPrimaDiMostrarsi()
+{
+    // What is said while a file is read lies over no unfinished window, and leaves no note named as the file.
+    const QString File = T->Ufficio.File(u"rotta.mdb"_s);
+    ScriviFile(File, "rumore");
+    QStringList Detti;
+    bool InVista = false;
+    Messaggi Suoi;
+    Suoi.Box = [&](const QString& Testo, int, const QString&) {
+        Detti << Testo;
+        InVista = InVista || (Parcelle(1) && Parcelle(1)->isVisible());
+        return vbOK;
+    };
+    const Messaggi Prima = InstallaMessaggi(Suoi);
+    ApriParcella(File, 0, {});
+    InstallaMessaggi(Prima);
+    QCOMPARE(Detti, QStringList{u"Errore: rotta.mdb non è una parcella di Calcanova (3343)"_s});
+    QVERIFY(!InVista);
+    QVERIFY(Parcelle(1)->isVisible() && Parcelle(1)->Nota.Percorso.isEmpty());
+    QCOMPARE(Parcelle(1)->windowTitle(), u"Nuova parcella"_s);
+    QCOMPARE(InfoParcelle[1].Nome, u"rotta"_s);
+    // Untouched, it is the one that the next note takes.
+    ApriParcella({}, 0, {});
+    QCOMPARE(UltimaParcella(), 1);
 }
 
 #include "TestFinestre.moc"

@@ -1,4 +1,4 @@
-#include "core/app/Main.h"
+#include "core/app/avvio.h"
 
 #include "core/aperture.h"
 #include "core/app/paginaavviso.h"
@@ -9,8 +9,8 @@
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
 #include "core/posti.h"
+#include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
-#include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
@@ -27,11 +27,6 @@ constexpr QStringView PrefissoPV2 = u"PV2|";
 constexpr qsizetype LetteraPV2 = 4;    // the fifth character
 constexpr qsizetype RichiestaPV2 = 6;  // what follows "PV2|N|"
 constexpr QStringView ParolaDebug = u"debug";
-
-QString Parametro(const QString& Di, const QString& Chiave)
-{
-    return GetSetting(Di, SezioneParametri.toString(), Chiave);
-}
 
 /// Opens what the companion application asks for.
 /// @return false when its request cannot be read, and the process ends
@@ -56,32 +51,8 @@ bool AvvioAutomazione(const QString& Riga)
         RicercaAllAvvio();
     if (!ApriRichiesta(Riga))
         return false;
-    sessione::CartellaLocale = Barra(Parametro(u"Praxivo"_s, u"CartellaLocale"_s));
-    sessione::ArchivioPrat = Parametro(u"Praxivo"_s, u"ArchivioPrat"_s);
-    return true;
-}
-
-void AvvioNormale(const QString& Riga)
-{
-    if (Riga.left(ParolaDebug.size()).compare(ParolaDebug, Qt::CaseInsensitive) == 0)
-        sessione::ModoDebug = true;
-    Singola<frmStudio>().Mostra();
-}
-
-/// @return false when the process is to end at once
-bool Avvia(const QString& Riga)
-{
-    if (Riga == u"-low") {
-        sessione::ModoLow = true;
-        EseguiComando(u"new"_s, 0, {});
-        // No desktop will offer what an earlier session left.
-        if (Aperture.OffriRecupero)
-            Aperture.OffriRecupero();
-    } else if (Riga.startsWith(PrefissoPV2)) {
-        return AvvioAutomazione(Riga);
-    } else {
-        AvvioNormale(Riga);
-    }
+    sessione::CartellaLocale = Barra(ImpostazioneDi(u"Praxivo"_s, u"CartellaLocale"_s));
+    sessione::ArchivioPrat = ImpostazioneDi(u"Praxivo"_s, u"ArchivioPrat"_s);
     return true;
 }
 
@@ -94,6 +65,35 @@ void MostraAvviso()
                          u"avvisokr5"_s, LarghezzaTwip, AltezzaTwip});
 }
 
+void AvvioNormale(const QString& Riga)
+{
+    if (Riga.left(ParolaDebug.size()).compare(ParolaDebug, Qt::CaseInsensitive) == 0)
+        sessione::ModoDebug = true;
+    auto& Scrivania = Singola<frmStudio>();
+    // Behind the questions of a first use, which would cover the notice.
+    Collega(&Scrivania, &frmStudio::PrimaAttivazione, qApp, MostraAvviso);
+    Scrivania.Mostra();
+}
+
+/// @return false when the process is to end at once
+bool Avvia(const QString& Riga)
+{
+    if (Riga == u"-low") {
+        sessione::ModoLow = true;
+        EseguiComando(u"new"_s, 0, {});
+        // No desktop will offer what an earlier session left.
+        if (Aperture.OffriRecupero)
+            Aperture.OffriRecupero();
+    } else if (Riga.startsWith(PrefissoPV2)) {
+        if (!AvvioAutomazione(Riga))
+            return false;
+        MostraAvviso();
+    } else {
+        AvvioNormale(Riga);
+    }
+    return true;
+}
+
 }  // namespace
 
 void Main(const QString& RigaDiComando)
@@ -101,12 +101,10 @@ void Main(const QString& RigaDiComando)
     bool Avviato = true;
     Protetta([&] {
         AzzeraParcelle();
-        sessione::PercorsoVDM = Barra(Parametro(u"VDM2"_s, u"PercorsoProcedura"_s));
+        sessione::PercorsoVDM = Barra(ImpostazioneDi(u"VDM2"_s, u"PercorsoProcedura"_s));
         PrimoUso();
         ImpostaVariabili();
         Avviato = Avvia(RigaDiComando);
-        if (Avviato)
-            MostraAvviso();
     });
     if (Avviato)
         FineSenzaFinestre();
@@ -127,7 +125,7 @@ bool AvvisoDaMostrare()
 void FineSenzaFinestre()
 {
     const QWidgetList Finestre = QApplication::topLevelWidgets();
-    if (std::ranges::none_of(Finestre, [](const QWidget* Una) { return Una->isVisible(); }))
+    if (std::ranges::none_of(Finestre, [](const QWidget* Finestra) { return Finestra->isVisible(); }))
         Termina();
 }
 

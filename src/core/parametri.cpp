@@ -1,0 +1,25 @@
+#include "core/parametri.h"
+
+#include "platform/system/impostazioni.h"
+
+QString Impostazione(const QString& Chiave, const QString& Predefinito)
+{
+    return GetSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave, Predefinito);
+}
+
+QString ImpostazioneDi(const QString& Applicazione, const QString& Chiave)
+{
+    return GetSetting(Applicazione, SezioneParametri.toString(), Chiave);
+}
+
+void SalvaImpostazione(const QString& Chiave, const QString& Valore)
+{
+    SaveSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave, Valore);
+}
+
+int MisuraTwip(const QString& Chiave, int Predefinita)
+{
+    bool Letta = false;
+    const int Valore = Impostazione(Chiave).toInt(&Letta);
+    return Letta && Valore > 0 ? Valore : Predefinita;
+}

@@ -1,0 +1,20 @@
+// The program's own settings: one application, one section, keys and texts.
+#pragma once
+
+#include <QString>
+
+/// Name of the program's settings and of the one section that every application has.
+inline constexpr QStringView NomeApplicazione = u"KR5";
+inline constexpr QStringView SezioneParametri = u"Parametri";
+
+/// A setting of the program, or the default when the key is missing.
+[[nodiscard]] QString Impostazione(const QString& Chiave, const QString& Predefinito = {});
+
+/// A setting of another application; empty when it has none.
+[[nodiscard]] QString ImpostazioneDi(const QString& Applicazione, const QString& Chiave);
+
+/// Stores a setting of the program. @throws Errore 75 when the store cannot be written
+void SalvaImpostazione(const QString& Chiave, const QString& Valore);
+
+/// A size in twips; the default where the setting is missing or no positive number.
+[[nodiscard]] int MisuraTwip(const QString& Chiave, int Predefinita);

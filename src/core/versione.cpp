@@ -1,0 +1,7 @@
+// The one source that is compiled anew when the version changes.
+#include "core/versione.h"
+
+QString VersioneProgramma()
+{
+    return QStringLiteral(VERSIONE_PROGRAMMA);
+}
