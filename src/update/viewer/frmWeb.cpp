@@ -56,10 +56,10 @@ frmWeb::frmWeb() : ui(std::make_unique<Ui::frmWeb>())
 {
     ui->setupUi(this);
     setWindowFlags(Qt::Window);
-    for (const Aspetto& Uno : Pulsanti) {
-        QToolButton* Pulsante = ui.get()->*Uno.Pulsante;
-        Pulsante->setIcon(aspetto::Icona(Uno.Icona.toString()));
-        Pulsante->setToolTip(Uno.Suggerimento.toString());
+    for (const Aspetto& Voce : Pulsanti) {
+        QToolButton* Pulsante = ui.get()->*Voce.Pulsante;
+        Pulsante->setIcon(aspetto::Icona(Voce.Icona.toString()));
+        Pulsante->setToolTip(Voce.Suggerimento.toString());
     }
     ui->fraCerca->hide();
     aspetto::AssegnaMnemonici(this);
@@ -144,7 +144,7 @@ void frmWeb::done(int Esito)
 
 void frmWeb::hideEvent(QHideEvent* Evento)
 {
-    // A notice always comes up at its own size. A place that cannot be kept is nothing to be told.
+    // A notice always comes up at its own size. A place that cannot be kept is not worth a message.
     if (Marcatore.isEmpty())
         Protetta([this] { aspetto::RicordaPosto(this, NomePosto()); }, AccessoNegato);
     QDialog::hideEvent(Evento);
