@@ -1,0 +1,97 @@
+// Two notes, their messages and their ends: who has the focus afterwards, and whether the keys mean the note
+// on view.
+#include "programma.h"
+
+#include <QDirIterator>
+
+using namespace Qt::StringLiterals;
+
+class TestNote : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void nuovaHaIlFuoco();
+    void chiusaUnaSiSalvaLAltra();
+    void ilFuocoTornaDaUnMessaggio();
+    void annullareUnaChiusura();
+
+private:
+    std::unique_ptr<Programma> P;
+};
+PROVA(TestNote);
+
+void TestNote::init()
+{
+    P = std::make_unique<Programma>();
+    QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
+}
+
+void TestNote::cleanup()
+{
+    if (QTest::currentTestFailed())
+        P->Fotografa(u"fallita_"_s + QString::fromLatin1(QTest::currentTestFunction()));
+    P.reset();
+}
+
+void TestNote::nuovaHaIlFuoco()
+{
+    ATTENDI(u"fuoco"_s, "txtCliente");
+    P->Digita(u"Bianchi"_s);
+    ATTENDI(u"testo txtCliente"_s, "Bianchi");
+}
+
+void TestNote::chiusaUnaSiSalvaLAltra()
+{
+    P->Clic(u"txtCliente"_s);
+    P->Digita(u"Bianchi"_s);
+    P->Premi(u"ctrl+n"_s);
+    ATTENDI(u"testo txtCliente"_s, "");
+    P->Premi(u"ctrl+w"_s);
+    ATTENDI(u"testo txtCliente"_s, "Bianchi");
+    ATTENDI_CHE(!P->Fuoco().isEmpty());
+    P->Premi(u"ctrl+s"_s);
+    ATTENDI_CHE(P->Chiedi(u"attiva"_s).contains(u"Salva"));
+    P->Digita(u"bianchi prova"_s);
+    P->Premi(u"Return"_s);
+    const auto Salvate = [this] {
+        QDirIterator Giro(P->Casa() + u"/Documenti"_s, {u"bianchi prova.mdb"_s}, QDir::Files,
+                          QDirIterator::Subdirectories);
+        return Giro.hasNext() ? Giro.next() : QString();
+    };
+    QTRY_VERIFY2_WITH_TIMEOUT(!Salvate().isEmpty(), qPrintable(P->Stato()), 15000);
+    // Another program reads what was saved.
+    QProcess Altro;
+    Altro.start(qEnvironmentVariable("CALCANOVA_CARTELLA") + u"/calcanova-cli"_s, {u"nota"_s, Salvate()});
+    QVERIFY(Altro.waitForFinished(30000));
+    QVERIFY2(Altro.readAllStandardOutput().contains("Bianchi"), Altro.readAllStandardError());
+}
+
+void TestNote::ilFuocoTornaDaUnMessaggio()
+{
+    P->Clic(u"txtImporto"_s);
+    P->Digita(u"1-2"_s);
+    P->Premi(u"Tab"_s);
+    ATTENDI(u"messaggio"_s, "Immettere un valore numerico!");
+    P->Fotografa(u"messaggio"_s);
+    P->Rispondi(u"Return"_s);
+    ATTENDI(u"messaggio"_s, "");
+    ATTENDI(u"fuoco"_s, "txtImporto");
+}
+
+void TestNote::annullareUnaChiusura()
+{
+    P->Clic(u"txtOggetto"_s);
+    P->Digita(u"appalto"_s);
+    P->Premi(u"ctrl+w"_s);
+    ATTENDI_CHE(P->Messaggio().contains(u"Vuoi salvare"));
+    P->Rispondi(u"Escape"_s);
+    ATTENDI(u"messaggio"_s, "");
+    ATTENDI(u"testo txtOggetto"_s, "appalto");
+    ATTENDI(u"fuoco"_s, "txtOggetto");
+    QVERIFY(P->InVita());
+}
+
+#include "TestNote.moc"

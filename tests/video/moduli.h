@@ -1,0 +1,36 @@
+// The windows that the suite goes through, and how the keyboard opens them from the frame of the notes.
+#pragma once
+
+#include "programma.h"
+
+struct Modulo
+{
+    const char* Nome;    ///< of the picture and of the file of its focus order
+    const char* Tasti;   ///< as the display server names them
+    const char* Titolo;  ///< how its title begins
+};
+
+inline constexpr Modulo Calcolatrici[] = {
+    {"termini", "ctrl+shift+t", "Calcanova - Computo termini"},
+    {"sequenziali", "ctrl+shift+s", "Calcolo dei termini sequenziali"},
+    {"interessi", "ctrl+shift+i", "Calcolo interessi"},
+    {"istat", "ctrl+shift+v", "Calcolo rivalutazione Istat"},
+    {"codfis", "ctrl+shift+f", "Calcolo del codice fiscale"},
+    {"contributo", "ctrl+shift+c", "Calcolo contributo unificato"},
+};
+
+inline constexpr Modulo Impostazioni{"impostazioni", "ctrl+shift+p", "Calcanova - Personalizzazione programma"};
+
+/// Rows of every window that a key opens.
+inline void RigheModuli()
+{
+    QTest::addColumn<QString>("Nome");
+    QTest::addColumn<QString>("Tasti");
+    QTest::addColumn<QString>("Titolo");
+    for (const Modulo& Uno : Calcolatrici)
+        QTest::newRow(Uno.Nome) << QString::fromUtf8(Uno.Nome) << QString::fromUtf8(Uno.Tasti)
+                                << QString::fromUtf8(Uno.Titolo);
+    QTest::newRow(Impostazioni.Nome) << QString::fromUtf8(Impostazioni.Nome)
+                                     << QString::fromUtf8(Impostazioni.Tasti)
+                                     << QString::fromUtf8(Impostazioni.Titolo);
+}

@@ -1,0 +1,244 @@
+// A plugin that a test loads into the unmodified program: it answers, over a local socket, what is on view
+// and what has the focus. It only looks; keys and mouse come from the display server.
+//
+// One question a line, one answer a line ("\n" in an answer is written as "\\n"):
+//   fuoco            name of what has the focus, or of the nearest named widget around it
+//   attiva           title of the active window, "|" and that of its active document
+//   finestra         name of the active window
+//   dipinta          "1" when the active window has been painted
+//   messaggio        text of the message box on view
+//   davanti          "1" when that message box has the keyboard
+//   popup            name of the open list or menu
+//   liste            names of the lists on view in the active window
+//   testo NAME       what a widget shows; a check box or option "1" or "0"
+//   visto NAME       "1" on view and enabled, "0" on view, empty elsewhere
+//   posto NAME       x y width height on the screen, in its own pixels
+//   cella NAME R C   the same of a cell of a grid, then its text
+//   contati          key presses and wheel turns that have reached the program
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QGenericPlugin>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocalServer>
+#include <QLocalSocket>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QSet>
+#include <QTableView>
+#include <QTextEdit>
+#include <QTimer>
+#include <QWindow>
+
+namespace {
+
+QString NomeVicino(const QWidget* Da)
+{
+    for (; Da; Da = Da->parentWidget())
+        if (!Da->objectName().isEmpty() && !Da->objectName().startsWith(QStringLiteral("qt_")))
+            return Da->objectName();
+    return {};
+}
+
+QMdiSubWindow* DocumentoAttivo(const QWidget* Finestra)
+{
+    const auto* Area = Finestra ? Finestra->findChild<QMdiArea*>() : nullptr;
+    return Area ? Area->activeSubWindow() : nullptr;
+}
+
+/// The widget of a name that the user means: in the document in front, in the active window, anywhere.
+QWidget* Trova(const QString& Nome)
+{
+    QWidget* Attiva = QApplication::activeWindow();
+    const QWidget* Documento = DocumentoAttivo(Attiva);
+    QWidget* Trovato = nullptr;
+    int Merito = -1;
+    for (QWidget* Oggetto : QApplication::allWidgets()) {
+        if (Oggetto->objectName() != Nome)
+            continue;
+        int Suo = Oggetto->isVisible() ? 1 : 0;
+        if (Suo && Attiva && Attiva->isAncestorOf(Oggetto))
+            Suo = Documento && Documento->isAncestorOf(Oggetto) ? 3 : 2;
+        if (Suo > Merito) {
+            Merito = Suo;
+            Trovato = Oggetto;
+        }
+    }
+    return Trovato;
+}
+
+QString Riquadro(const QWidget* Oggetto, const QRect& Dentro)
+{
+    const qreal Scala = Oggetto->devicePixelRatioF();
+    const QPoint Alto = Oggetto->mapToGlobal(Dentro.topLeft());
+    return QStringLiteral("%1 %2 %3 %4")
+        .arg(qRound(Alto.x() * Scala))
+        .arg(qRound(Alto.y() * Scala))
+        .arg(qRound(Dentro.width() * Scala))
+        .arg(qRound(Dentro.height() * Scala));
+}
+
+QString TestoDi(const QWidget* Oggetto)
+{
+    if (const auto* Riga = qobject_cast<const QLineEdit*>(Oggetto))
+        return Riga->displayText();
+    if (const auto* Lista = qobject_cast<const QComboBox*>(Oggetto))
+        return Lista->currentText();
+    if (const auto* Etichetta = qobject_cast<const QLabel*>(Oggetto))
+        return Etichetta->text();
+    if (const auto* Pulsante = qobject_cast<const QAbstractButton*>(Oggetto))
+        return Pulsante->isCheckable() ? QString::number(Pulsante->isChecked()) : Pulsante->text();
+    if (const auto* Testo = qobject_cast<const QTextEdit*>(Oggetto))
+        return Testo->toPlainText();
+    const auto* Piano = qobject_cast<const QPlainTextEdit*>(Oggetto);
+    return Piano ? Piano->toPlainText() : QString();
+}
+
+QString Messaggio()
+{
+    for (const QWidget* Finestra : QApplication::topLevelWidgets())
+        if (const auto* Box = qobject_cast<const QMessageBox*>(Finestra); Box && Box->isVisible())
+            return Box->text();
+    return {};
+}
+
+QString Attiva()
+{
+    const QWidget* Finestra = QApplication::activeWindow();
+    const QMdiSubWindow* Documento = DocumentoAttivo(Finestra);
+    return Finestra ? Finestra->windowTitle() + (Documento ? u'|' + Documento->windowTitle() : QString())
+                    : QString();
+}
+
+QString Liste()
+{
+    QStringList Nomi;
+    const QWidget* Finestra = QApplication::activeWindow();
+    for (const auto* Lista : Finestra ? Finestra->findChildren<QComboBox*>() : QList<QComboBox*>())
+        if (Lista->isVisible() && Lista->isEnabled() && !Lista->visibleRegion().isEmpty())
+            Nomi += Lista->objectName();
+    return Nomi.join(u' ');
+}
+
+QString Cella(QWidget* Griglia, int Riga, int Colonna)
+{
+    auto* Vista = qobject_cast<QTableView*>(Griglia);
+    if (!Vista && Griglia)
+        Vista = Griglia->findChild<QTableView*>();
+    if (!Vista || !Vista->model())
+        return {};
+    const QModelIndex Indice = Vista->model()->index(Riga, Colonna);
+    if (!Indice.isValid())
+        return {};
+    return Riquadro(Vista->viewport(), Vista->visualRect(Indice)) + u' ' +
+           Indice.data().toString().replace(u'\n', u' ');
+}
+
+/// Counts what comes from the display server, once each: at the window, before a widget has it.
+class Contatore : public QObject
+{
+public:
+    int Tasti = 0;
+    int Rotelle = 0;
+    QSet<const QObject*> Dipinte;  ///< windows that the display has asked to paint themselves
+
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
+    {
+        if (Evento->type() == QEvent::Expose)
+            Dipinte.insert(Oggetto);
+        if (!qobject_cast<QWindow*>(Oggetto))
+            return false;
+        // Every key asks first whether it may be a shortcut; only those that are none come as a press.
+        Tasti += Evento->type() == QEvent::ShortcutOverride;
+        Rotelle += Evento->spontaneous() && Evento->type() == QEvent::Wheel;
+        return false;
+    }
+};
+
+class Spia : public QObject
+{
+public:
+    explicit Spia(const QString& Indirizzo)
+    {
+        // The program's own start comes first.
+        QTimer::singleShot(0, this, [this, Indirizzo] {
+            QCoreApplication::instance()->installEventFilter(&Contati);
+            connect(&Porta, &QLocalServer::newConnection, this,
+                    [this] { Accogli(Porta.nextPendingConnection()); });
+            Porta.listen(Indirizzo);
+        });
+    }
+
+private:
+    void Accogli(QLocalSocket* Filo)
+    {
+        connect(Filo, &QLocalSocket::readyRead, this, [this, Filo] {
+            while (Filo->canReadLine()) {
+                const QString Domanda = QString::fromUtf8(Filo->readLine()).trimmed();
+                Filo->write(Risposta(Domanda.split(u' ')).replace(u'\n', QStringLiteral("\\n")).toUtf8() +
+                            '\n');
+            }
+        });
+    }
+
+    QString Risposta(const QStringList& Parole)
+    {
+        const QString& Cosa = Parole.first();
+        if (Cosa == u"fuoco")
+            return NomeVicino(QApplication::focusWidget());
+        if (Cosa == u"attiva")
+            return Attiva();
+        if (Cosa == u"dipinta") {
+            const QWidget* Finestra = QApplication::activeWindow();
+            return Finestra && Contati.Dipinte.contains(Finestra->windowHandle()) ? QStringLiteral("1")
+                                                                                  : QString();
+        }
+        if (Cosa == u"finestra")
+            return QApplication::activeWindow() ? QApplication::activeWindow()->objectName() : QString();
+        if (Cosa == u"messaggio")
+            return Messaggio();
+        if (Cosa == u"davanti")
+            return qobject_cast<QMessageBox*>(QApplication::activeWindow()) ? QStringLiteral("1") : QString();
+        if (Cosa == u"popup")
+            return NomeVicino(QApplication::activePopupWidget());
+        if (Cosa == u"liste")
+            return Liste();
+        if (Cosa == u"contati")
+            return QStringLiteral("%1 %2").arg(Contati.Tasti).arg(Contati.Rotelle);
+        QWidget* Oggetto = Trova(Parole.value(1));
+        if (!Oggetto)
+            return {};
+        if (Cosa == u"testo")
+            return TestoDi(Oggetto);
+        if (Cosa == u"visto")
+            return Oggetto->isVisible() ? QString::number(Oggetto->isEnabled()) : QString();
+        if (Cosa == u"posto" && Oggetto->isVisible())
+            return Riquadro(Oggetto, Oggetto->rect());
+        if (Cosa == u"cella")
+            return Cella(Oggetto, Parole.value(2).toInt(), Parole.value(3).toInt());
+        return {};
+    }
+
+    QLocalServer Porta;
+    Contatore Contati;
+};
+
+}  // namespace
+
+class PluginSpia : public QGenericPlugin
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "spia.json")
+
+public:
+    QObject* create(const QString& Nome, const QString&) override
+    {
+        const QString Indirizzo = qEnvironmentVariable("CALCANOVA_SPIA");
+        return Nome == u"spia" && !Indirizzo.isEmpty() ? new Spia(Indirizzo) : nullptr;
+    }
+};
+
+#include "spia.moc"
