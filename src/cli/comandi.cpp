@@ -95,7 +95,7 @@ Risposta ComandoTasse(const QStringList& Valori)
 
 const ComandoCli* CercaComando(const QString& Nome)
 {
-    const std::span<const ComandoCli> Tabella = Comandi();
+    const std::span<const ComandoCli> Tabella = ComandiCli();
     const auto Trovato = std::ranges::find(Tabella, Nome, &ComandoCli::Nome);
     return Trovato == Tabella.end() ? nullptr : &*Trovato;
 }
@@ -104,7 +104,7 @@ QString Aiuto()
 {
     QString Testo = u"Uso: calcanova-cli [--programma DIR] [--utente DIR] [--json] [--batch] [--righe] "
                     "COMANDO VALORI...\n\n"_s;
-    for (const ComandoCli& Comando : Comandi())
+    for (const ComandoCli& Comando : ComandiCli())
         Testo += u"  "_s + Comando.Nome.toString().leftJustified(12) + Comando.Valori.toString() + u'\n';
     return Testo +
            u"\nCon --batch i casi arrivano dallo standard input, uno per riga, i valori separati da \";\".\n"_s;
@@ -227,7 +227,7 @@ int EseguiTutti(const ComandoCli& Comando, const RigaComando& Chiamata,
 
 }  // namespace
 
-std::span<const ComandoCli> Comandi()
+std::span<const ComandoCli> ComandiCli()
 {
     static const std::array Tabella{
         ComandoCli{u"lettere", u"IMPORTO", 1, 1, false, ComandoLettere},

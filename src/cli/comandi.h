@@ -31,7 +31,7 @@ struct ComandoCli
 };
 
 /// The table of commands, in the order of the help.
-[[nodiscard]] std::span<const ComandoCli> Comandi();
+[[nodiscard]] std::span<const ComandoCli> ComandiCli();
 
 /// The commands that work on fee-note files.
 [[nodiscard]] Risposta ComandoCrea(const QStringList& Valori);
