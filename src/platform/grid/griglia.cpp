@@ -208,8 +208,7 @@ void Griglia::TogliEvidenza()
 
 void Griglia::MostraColonna(int Colonna, bool Visibile)
 {
-    Pezzi->Vista->setColumnHidden(Colonna, !Visibile);
-    Pezzi->Vista->Stira();
+    Pezzi->Vista->MostraColonna(Colonna, Visibile);
     Pezzi->Pie->update();
 }
 
@@ -253,10 +252,9 @@ void Griglia::ImpostaLarghezze(const QString& Testo)
             return;
         Ordine[Posto] = int(i);
     }
-    for (qsizetype Posto = 0; Posto < Ordine.size(); ++Posto)
-        Testata->moveSection(Testata->visualIndex(Ordine[Posto]), int(Posto));
+    Pezzi->Vista->ImpostaOrdine(Ordine);
     for (qsizetype i = 0; i < Parti.size(); ++i)
-        Testata->resizeSection(int(i), Parti[i].section(u'@', 0, 0).toInt());
+        Pezzi->Vista->ImpostaLarghezza(int(i), Parti[i].section(u'@', 0, 0).toInt());
 }
 
 void Griglia::ConsentiTrascina(bool Si)

@@ -89,7 +89,10 @@ VistaGriglia::VistaGriglia(Griglia* Intera)
         Stira();
         Aperta->Riposiziona();
     });
-    Collega(horizontalHeader(), &QHeaderView::sectionMoved, this, [this] { Aperta->Riposiziona(); });
+    Collega(horizontalHeader(), &QHeaderView::sectionMoved, this, [this] {
+        ColonnaSpostata();
+        Aperta->Riposiziona();
+    });
     Collega(horizontalHeader(), &QHeaderView::sectionClicked, this,
             [this](int Colonna) { Q_EMIT Padrona->ClicTitolo(Colonna); });
 }
@@ -441,8 +444,66 @@ void VistaGriglia::LarghezzeIniziali()
         const int Titolo = horizontalHeader()->fontMetrics().horizontalAdvance(Colonna.Titolo);
         setColumnWidth(i, std::max(Colonna.Caratteri * Cifra, Titolo) + Margini);
         setColumnHidden(i, !Colonna.Visibile);
+        // An edge that gives way by itself is nothing to be dragged.
+        horizontalHeader()->setSectionResizeMode(i, Colonna.Stira ? QHeaderView::Fixed
+                                                                  : QHeaderView::Interactive);
     }
+    LarghezzeNascoste.clear();
+    OrdinePrima = OrdineColonne();
     Stira();
+}
+
+void VistaGriglia::MostraColonna(int Colonna, bool Visibile)
+{
+    if (Visibile != isColumnHidden(Colonna))
+        return;
+    if (!Visibile)
+        LarghezzeNascoste[Colonna] = columnWidth(Colonna);
+    setColumnHidden(Colonna, !Visibile);
+    if (Visibile && LarghezzeNascoste.contains(Colonna))
+        setColumnWidth(Colonna, LarghezzeNascoste.take(Colonna));
+    Stira();
+}
+
+void VistaGriglia::ImpostaLarghezza(int Colonna, int Larghezza)
+{
+    if (isColumnHidden(Colonna))
+        LarghezzeNascoste[Colonna] = Larghezza;
+    else
+        setColumnWidth(Colonna, Larghezza);
+}
+
+QList<int> VistaGriglia::OrdineColonne() const
+{
+    QList<int> Ordine;
+    for (int Posto = 0; Posto < horizontalHeader()->count(); ++Posto)
+        Ordine += horizontalHeader()->logicalIndex(Posto);
+    return Ordine;
+}
+
+void VistaGriglia::ImpostaOrdine(const QList<int>& Colonne)
+{
+    const QScopedValueRollback Guardia(Ordinando, true);
+    for (qsizetype Posto = 0; Posto < Colonne.size(); ++Posto)
+        horizontalHeader()->moveSection(horizontalHeader()->visualIndex(Colonne[Posto]), int(Posto));
+    OrdinePrima = OrdineColonne();
+}
+
+/// A hidden column stays behind the one that it stood behind: a title dragged over it passes nothing that the
+/// user can see.
+void VistaGriglia::ColonnaSpostata()
+{
+    if (Ordinando)
+        return;
+    const QScopedValueRollback Guardia(Ordinando, true);
+    for (qsizetype i = 1; i < OrdinePrima.size(); ++i) {
+        if (!isColumnHidden(OrdinePrima[i]))
+            continue;
+        const int Da = horizontalHeader()->visualIndex(OrdinePrima[i]);
+        const int Vicina = horizontalHeader()->visualIndex(OrdinePrima[i - 1]);
+        horizontalHeader()->moveSection(Da, Da > Vicina ? Vicina + 1 : Vicina);
+    }
+    OrdinePrima = OrdineColonne();
 }
 
 int VistaGriglia::LarghezzaPiena(int Colonna) const
@@ -450,7 +511,8 @@ int VistaGriglia::LarghezzaPiena(int Colonna) const
     if (!isColumnHidden(Colonna))
         return columnWidth(Colonna);
     constexpr int Margini = 14;
-    return Righe->Colonne()[Colonna].Caratteri * fontMetrics().horizontalAdvance(u'0') + Margini;
+    return LarghezzeNascoste.value(
+        Colonna, Righe->Colonne()[Colonna].Caratteri * fontMetrics().horizontalAdvance(u'0') + Margini);
 }
 
 void VistaGriglia::Stira()

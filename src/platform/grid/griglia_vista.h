@@ -1,6 +1,7 @@
 // The table view inside a grid: keys, mouse and the rule that a row must let itself be left.
 #pragma once
 
+#include <QHash>
 #include <QTableView>
 
 #include <functional>
@@ -45,6 +46,11 @@ public:
     void AltezzaRighe();
     /// Width of a column, hidden or not.
     [[nodiscard]] int LarghezzaPiena(int Colonna) const;
+    void ImpostaLarghezza(int Colonna, int Larghezza);
+    /// Shows or hides a column; its width waits for it.
+    void MostraColonna(int Colonna, bool Visibile);
+    /// Puts the columns into an order, all of them named from the left.
+    void ImpostaOrdine(const QList<int>& Colonne);
 
     QString Frase;                    ///< shown while there are no rows
     bool ConComandi = false;          ///< the form takes commands on rows
@@ -70,6 +76,8 @@ private:
     [[nodiscard]] bool PuoAndare(const QModelIndex& Verso);
     [[nodiscard]] bool LasciaRiga(int Riga);
     [[nodiscard]] QList<int> ColonneScrivibili() const;
+    [[nodiscard]] QList<int> OrdineColonne() const;
+    void ColonnaSpostata();
     bool TastoComando(const QKeyEvent& Evento);
     bool TastoRighe(const QKeyEvent& Evento);
     bool EstendiSelezione(int Passo);
@@ -83,5 +91,8 @@ private:
     std::optional<int> Sporca;  ///< row written to and not yet let go by LasciaRiga
     bool InDomanda = false;
     int ZittaDomande = 0;
+    QHash<int, int> LarghezzeNascoste;  ///< of the columns that are hidden
+    QList<int> OrdinePrima;             ///< columns from the left, before the user drags one
+    bool Ordinando = false;             ///< columns are moved by code
     bool Stirando = false;
 };

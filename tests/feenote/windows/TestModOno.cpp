@@ -3,6 +3,9 @@
 
 #include <QHeaderView>
 #include <QListWidget>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QSlider>
 
@@ -539,32 +542,58 @@ void TestModOno::ancheAllaSecondaAperturaSiArrivaAlMassimo_data()
 {
     QTest::addColumn<int>("Larghezza");
     QTest::addColumn<QByteArray>("Chiude");
-    for (const int Larghezza : {560, 620, 700, 760, 853, 950})
-        for (const char* Bottone : {"barListaOnoDir_variaz", "cmdAnnModOno", "cmdModOno"})
-            QTest::addRow("%d, %s", Larghezza, Bottone) << Larghezza << QByteArray(Bottone);
+    QTest::addColumn<bool>("NelQuadro");
+    for (const bool NelQuadro : {false, true})
+        for (const int Larghezza : {620, 760, 853})
+            for (const char* Bottone : {"barListaOnoDir_variaz", "cmdModOno", ""})
+                QTest::addRow("%d, %s%s", Larghezza, *Bottone ? Bottone : "altra scheda",
+                              NelQuadro ? ", nel quadro" : "")
+                    << Larghezza << QByteArray(Bottone) << NelQuadro;
 }
 
 void TestModOno::ancheAllaSecondaAperturaSiArrivaAlMassimo()
 {
     QFETCH(int, Larghezza);
     QFETCH(QByteArray, Chiude);
-    F->resize(Larghezza, 480);
+    QFETCH(bool, NelQuadro);
+    QMdiArea Quadro;
+    Quadro.resize(1300, 700);
+    QMdiSubWindow* Sotto = NelQuadro ? Quadro.addSubWindow(F) : nullptr;
+    if (Sotto) {
+        QVERIFY(MostraAttiva(Quadro));
+        Sotto->show();
+    }
+    const auto Riporta = qScopeGuard([&] {
+        if (Sotto)
+            F->setParent(nullptr);
+    });
+    (Sotto ? static_cast<QWidget*>(Sotto) : F)->resize(Larghezza, 480);
     Respiro();
     auto* Barra = Righe->findChild<QScrollBar*>(QString(), Qt::FindDirectChildrenOnly);
     QVERIFY(Barra);
     const QTableView* Vista = Righe->Vista();
     for (int Volta = 1; Volta <= 3; ++Volta) {
+        const QByteArray Quale = QByteArray::number(Volta);
         Apri(0);
         QVERIFY(Pannello()->isVisible());
         const int Oltre = Vista->horizontalHeader()->length() - Vista->viewport()->width();
-        QVERIFY2(Barra->isVisible() == (Oltre > 0), qPrintable(QString::number(Volta)));
+        QVERIFY2(Barra->isVisible() == (Oltre > 0), Quale);
         Barra->setValue(Barra->maximum());
         const QRect Massimo = Vista->visualRect(Vista->model()->index(0, OnoMax));
-        QVERIFY2(Massimo.left() >= 0 && Massimo.right() <= Vista->viewport()->width(),
-                 qPrintable(QString::number(Volta)));
-        Conferma()->setEnabled(true);
-        Clic(Controllo(PaginaIn(F), Chiude.constData()));
-        Respiro();
+        QVERIFY2(Massimo.left() >= 0 && Massimo.right() <= Vista->viewport()->width(), Quale);
+        const QWidget* Pagina = PaginaIn(F);
+        QVERIFY2(Pannello()->mapTo(Pagina, Pannello()->rect().bottomRight()).x() < Pagina->width(), Quale);
+        QVERIFY2(Righe->mapTo(Pagina, QPoint(Righe->width(), 0)).x() <=
+                     Pannello()->mapTo(Pagina, QPoint()).x(),
+                 Quale);
+        if (Chiude.isEmpty()) {
+            ClicScheda(F, SchedaListaSpese);
+            ClicScheda(F, SchedaListaOnorari);
+        } else {
+            Conferma()->setEnabled(true);
+            Clic(Controllo(Pagina, Chiude.constData()));
+            Respiro();
+        }
         QVERIFY(!Pannello()->isVisible());
     }
 }

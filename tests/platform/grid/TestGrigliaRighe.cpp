@@ -117,6 +117,9 @@ private Q_SLOTS:
     void larghezzeDiAltreColonne_data();
     void larghezzeDiAltreColonne();
     void colonnaNascosta();
+    void laLarghezzaAspettaLaColonna();
+    void laColonnaNascostaRestaDovEra();
+    void ilBordoDiChiSiStiraNonSiTrascina();
     void righeDiUnRecordset();
     void rigaSparitaDalRecordset();
     void fraseVuota();
@@ -636,6 +639,57 @@ void TestGrigliaRighe::colonnaNascosta()
     F.Griglia_->ImpostaColonne(Colonne);
     QVERIFY(F.Griglia_->ColonnaVisibile(0));
     QVERIFY(!F.Griglia_->ColonnaVisibile(1));
+}
+
+void TestGrigliaRighe::laLarghezzaAspettaLaColonna()
+{
+    Finestra F;
+    QVERIFY(MostraAttiva(F));
+    F.Vista()->horizontalHeader()->resizeSection(0, 150);
+    F.Griglia_->MostraColonna(0, false);
+    const QString Ricordate = F.Griglia_->Larghezze();
+    QCOMPARE(Ricordate.section(u'@', 0, 0), u"150"_s);
+    Finestra G;
+    QVERIFY(MostraAttiva(G));
+    G.Griglia_->MostraColonna(0, false);
+    G.Griglia_->ImpostaLarghezze(Ricordate);
+    QCOMPARE(G.Griglia_->Larghezze(), Ricordate);
+    G.Griglia_->MostraColonna(0, true);
+    QCOMPARE(G.Vista()->columnWidth(0), 150);
+}
+
+void TestGrigliaRighe::laColonnaNascostaRestaDovEra()
+{
+    Finestra F;
+    QVERIFY(MostraAttiva(F));
+    QHeaderView* Testata = F.Vista()->horizontalHeader();
+    F.Griglia_->MostraColonna(1, false);
+    Testata->moveSection(2, 1);  // as a title dragged a little to the left
+    QCOMPARE(Testata->visualIndex(1), 1);
+    Testata->moveSection(2, 0);  // before the first one, which the hidden one follows
+    QCOMPARE(Testata->logicalIndex(0), 2);
+    QCOMPARE(Testata->logicalIndex(1), 0);
+    QCOMPARE(Testata->logicalIndex(2), 1);
+}
+
+void TestGrigliaRighe::ilBordoDiChiSiStiraNonSiTrascina()
+{
+    Finestra F;
+    QVERIFY(MostraAttiva(F));
+    QList<ColonnaGriglia> Colonne = TreColonne();
+    Colonne[1].Stira = true;
+    F.Griglia_->ImpostaColonne(Colonne);
+    const QHeaderView* Testata = F.Vista()->horizontalHeader();
+    const auto Cursore = [&](int Colonna) {
+        const QPoint Bordo(Testata->sectionViewportPosition(Colonna) + Testata->sectionSize(Colonna) - 1,
+                           Testata->height() / 2);
+        QTest::mouseMove(Testata->viewport(), Bordo - QPoint(30, 0));
+        QTest::mouseMove(Testata->viewport(), Bordo);
+        Respiro();
+        return Testata->cursor().shape();
+    };
+    QCOMPARE(Cursore(0), Qt::SplitHCursor);
+    QVERIFY(Cursore(1) != Qt::SplitHCursor);
 }
 
 void TestGrigliaRighe::righeDiUnRecordset()
