@@ -1,7 +1,11 @@
 #include "supporto/finestre.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QTest>
+#include <QTimer>
+#include <QWheelEvent>
+#include <QtTest/qtestspontaneevent.h>
 
 #include <array>
 #include <utility>
@@ -27,13 +31,15 @@ bool MandaUno(QEvent::Type Tipo, int Tasto, Qt::KeyboardModifiers Modificatori, 
 void Manda(int Tasto, Qt::KeyboardModifiers Modificatori, const QString& Testo)
 {
     // As a keyboard does it: a modifier is a key too, whose press bears it already and whose release no more.
+    if (!QApplication::focusWidget())
+        Respiro();  // a box may have closed just now, and a hand is slower than the window manager
     Qt::KeyboardModifiers Tenuti;
     bool Arrivati = true;
     for (const auto& [Modificatore, SuoTasto] : TastiModificatori)
         if (Modificatori.testFlag(Modificatore) && SuoTasto != Tasto)
             Arrivati = MandaUno(QEvent::KeyPress, SuoTasto, Tenuti |= Modificatore, {}) && Arrivati;
-    for (const QEvent::Type Tipo : {QEvent::KeyPress, QEvent::KeyRelease})
-        Arrivati = MandaUno(Tipo, Tasto, Modificatori, Testo) && Arrivati;
+    Arrivati = MandaUno(QEvent::KeyPress, Tasto, Modificatori, Testo) && Arrivati;
+    (void)MandaUno(QEvent::KeyRelease, Tasto, Modificatori, Testo);  // a box may have taken the focus
     if (!Arrivati)
         QTest::qFail("nessun campo ha il fuoco", __FILE__, __LINE__);
     for (const auto& [Modificatore, SuoTasto] : TastiModificatori)
@@ -50,6 +56,24 @@ bool MostraAttiva(QWidget& Finestra)
     return QTest::qWaitForWindowActive(&Finestra);
 }
 
+void BoxDavanti()
+{
+    QWidget* Prima = QApplication::activeWindow();
+    if (!Prima)
+        return;
+    {
+        QDialog Box(Prima);
+        Box.setModal(true);
+        Box.show();
+        QApplication::setActiveWindow(&Box);
+        Respiro();
+    }
+    QTimer::singleShot(0, Prima, [Prima] {
+        if (Prima->isVisible() && !QApplication::activeWindow())
+            QApplication::setActiveWindow(Prima);
+    });
+}
+
 void Digita(const QString& Testo, Qt::KeyboardModifiers Modificatori)
 {
     for (const QChar Lettera : Testo)
@@ -59,6 +83,15 @@ void Digita(const QString& Testo, Qt::KeyboardModifiers Modificatori)
 void Premi(Qt::Key Tasto, Qt::KeyboardModifiers Modificatori)
 {
     Manda(Tasto, Modificatori, Tasto == Qt::Key_Return ? QStringLiteral("\r") : QString());
+}
+
+void Rotella(QWidget* Sopra)
+{
+    const QPointF Dove = Sopra->rect().center();
+    QWheelEvent Scatto(Dove, Sopra->mapToGlobal(Dove), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                       Qt::NoScrollPhase, false);
+    QSpontaneKeyEvent::setSpontaneous(&Scatto);  // one that a program sends goes no further, so no sendEvent
+    qApp->notify(Sopra, &Scatto);
 }
 
 void Respiro()

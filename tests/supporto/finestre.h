@@ -8,6 +8,10 @@
 /// Shows a window and waits until it is the active one. @return false when it does not become so
 [[nodiscard]] bool MostraAttiva(QWidget& Finestra);
 
+/// What a message box does on a display: it comes up as the active window, what is queued runs meanwhile, and
+/// the window before gets the focus back only when the events after its closing are dealt with.
+void BoxDavanti();
+
 /// Types a text into the widget that has the focus, one key a character. QTest's own keyboard stops at
 /// accented letters.
 void Digita(const QString& Testo, Qt::KeyboardModifiers Modificatori = Qt::NoModifier);
@@ -15,6 +19,10 @@ void Digita(const QString& Testo, Qt::KeyboardModifiers Modificatori = Qt::NoMod
 /// Presses and releases a key in the widget that has the focus, and the keys of its modifiers around it. A
 /// modifier alone is pressed with its own modifier set: Premi(Qt::Key_Control, Qt::ControlModifier).
 void Premi(Qt::Key Tasto, Qt::KeyboardModifiers Modificatori = Qt::NoModifier);
+
+/// Turns the wheel by one notch downwards over a widget, as the display server tells it: what the widget does
+/// not take goes to those around it.
+void Rotella(QWidget* Sopra);
 
 /// Lets queued calls run.
 void Respiro();

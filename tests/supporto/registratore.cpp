@@ -22,7 +22,19 @@ void Fallisci(const QString& Motivo)
     QTest::qFail(qPrintable(Motivo), __FILE__, __LINE__);
 }
 
+void Mostra()
+{
+    if (Registratore::AlMostrare())
+        Registratore::AlMostrare()();
+}
+
 }  // namespace
+
+std::function<void()>& Registratore::AlMostrare()
+{
+    static std::function<void()> Installata;
+    return Installata;
+}
 
 Registratore::Registratore()
 {
@@ -77,6 +89,7 @@ MessaggioMostrato Registratore::Mostrato(qsizetype Quale) const
 int Registratore::Box(const QString& Testo, int Bandiere, const QString& Titolo)
 {
     Visti.append({Testo, Bandiere, Titolo});
+    Mostra();
     if (!Tocca(Domanda::Box) || Attese.first().Testo != Testo ||
         (!Attese.first().Titolo.isEmpty() && Attese.first().Titolo != Titolo)) {
         if (!Tollerante)
@@ -89,6 +102,7 @@ int Registratore::Box(const QString& Testo, int Bandiere, const QString& Titolo)
 QString Registratore::Chiedi(const QString& Testo, const QString& Titolo)
 {
     Visti.append({Testo, 0, Titolo});
+    Mostra();
     if (!Tocca(Domanda::Immissione) || !Testo.contains(Attese.first().Testo)) {
         if (!Tollerante)
             Fallisci(QStringLiteral("immissione inattesa: [") + Titolo + QStringLiteral("] ") + Testo);
@@ -101,6 +115,7 @@ QString Registratore::Scegli(Domanda Quale, const QString& Titolo, const QString
 {
     UltimoTitolo = Titolo;
     UltimoInizio = Iniziale;
+    Mostra();
     if (!Tocca(Quale)) {
         if (!Tollerante)
             Fallisci(QStringLiteral("finestra di scelta inattesa: [") + Titolo + QStringLiteral("] ") +

@@ -298,7 +298,7 @@ void TestFrmCodFis::accentiNellElenco()
     Compila(u"Rossi"_s, u"Mario"_s, u"01/01/1980"_s, 0);
     B->Voce.Tollera();
     Scrivi(F, "txtComune", u"cantu"_s);
-    QVERIFY(Lista()->isVisible());
+    QTRY_VERIFY(Lista()->isVisible());
     QCOMPARE(Lista()->model()->index(0, 0).data().toString(), u"Cantù"_s);
     QTest::keyClick(Lista(), Qt::Key_Down);
     QTest::keyClick(Lista(), Qt::Key_Return);

@@ -45,6 +45,7 @@ public:
             Aperti << u"pagina "_s + Pagina + u" | "_s + Titolo;
         };
         InstallaFiltro(FiltroTasti);
+        Registratore::AlMostrare() = BoxDavanti;
         InstallaUltimaRete([](const Errore& Guasto) { GestioneErrori(Guasto); });
         InstallaOrologio([] { return QDateTime(QDate(2026, 11, 21), QTime(10, 0)); });
         Shell Nuova;
@@ -70,6 +71,7 @@ public:
         InstallaOrologio({});
         InstallaUltimaRete({});
         InstallaFiltro({});
+        Registratore::AlMostrare() = {};
         ImpostaAttesaBlocchi(3000);
         Aperture = {};
         AzzeraSessione();

@@ -39,6 +39,7 @@ public:
         using namespace Qt::StringLiterals;
         InstallaOrologio([] { return QDateTime(QDate(2012, 7, 18), QTime(10, 0)); });
         InstallaFiltro([](int Tasto, const QString& Tipo) { return FiltroTasti(Tasto, Tipo); });
+        Registratore::AlMostrare() = BoxDavanti;
         Shell Nuova;
         Nuova.Campanello = [this] { ++Campane; };
         Precedente = InstallaShell(std::move(Nuova));
@@ -58,6 +59,7 @@ public:
         AzzeraSessione();
         InstallaShell(std::move(Precedente));
         InstallaFiltro({});
+        Registratore::AlMostrare() = {};
         InstallaOrologio({});
     }
     BancoTermini(const BancoTermini&) = delete;

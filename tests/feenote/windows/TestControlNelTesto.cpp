@@ -151,7 +151,7 @@ void TestControlNelTesto::neiPagamenti()
     ClicScheda(F, SchedaImposte);
     auto* Acconti = Controllo<Griglia>(F, "tdbAcconti");
     Acconti->setFocus();
-    Acconti->ImpostaRigaCorrente(0, 1);
+    Acconti->ImpostaRigaCorrente(0, AccDescr);
     Digita(u"acconto"_s);
     QApplication::clipboard()->setText(u" versato"_s);
     Premi(Qt::Key_V, Qt::ControlModifier);

@@ -109,7 +109,7 @@ void TestRigheScelte::tagliaColBottone()
     QVERIFY(Righe->Selezione().isEmpty());
     QVERIFY(Tasto("incolla")->isEnabled() && Tasto("annulla")->isEnabled());
     QVERIFY(F->Nota.Modificata);
-    QVERIFY(Righe->isAncestorOf(QApplication::focusWidget()));
+    QTRY_VERIFY(Righe->isAncestorOf(QApplication::focusWidget()));
     QCOMPARE(Controllo<QLabel>(F, "lblOnora")->text(), u"Onor.: 900,00"_s);
     QCOMPARE(Righe->TestoPie(OnoImporto), u"900,00"_s);
 }

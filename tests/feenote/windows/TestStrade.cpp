@@ -166,6 +166,7 @@ void TestStrade::penaleDaTastiera()
     Premi(Qt::Key_Return);
     T->Voce.AttendiImmissione(u"delle ore impiegate (per ogni ora e frazione d'ora)."_s, u"2,02"_s);
     Premi(Qt::Key_Return);
+    Respiro();  // the box has closed, the window comes back
     const TabellaRighe& Righe = F->Nota.xOnorari;
     QCOMPARE(Righe(Righe.UpperBound(1), OnoQta).toDouble(), 3.0);
 

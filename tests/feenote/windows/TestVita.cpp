@@ -205,7 +205,7 @@ void TestVita::chiudiConLaCellaSbagliata()
     Incolla(Controllo<QLineEdit>(F, "txtIVA"), u"abc"_s);
     T->Voce.Attendi(u"Immettere un valore numerico!"_s);
     QVERIFY(!F->close());
-    QCOMPARE(QApplication::focusWidget(), Controllo(F, "txtIVA"));
+    QTRY_COMPARE(QApplication::focusWidget(), Controllo(F, "txtIVA"));
 }
 
 void TestVita::frecciaIndietroChiude()

@@ -37,6 +37,7 @@ public:
         sessione::ModelliPath = Ufficio.File(u"Modelli/"_s);
         QDir().mkpath(sessione::UserFolder);
         QDir().mkpath(sessione::ModelliPath);
+        Registratore::AlMostrare() = BoxDavanti;
         AzzeraFinestre();
         Aperture.ChiudiParcella = ChiudiParcella;
         Aperture.SalvaParcella = [](int Indice, bool ComeModello) {
@@ -52,6 +53,7 @@ public:
         Aperture.UltimaParcellaChiusa = {};
         Aperture.ParcellaAttivata = {};
         InstallaFiltro({});
+        Registratore::AlMostrare() = {};
     }
     Tavolo(const Tavolo&) = delete;
     Tavolo& operator=(const Tavolo&) = delete;
