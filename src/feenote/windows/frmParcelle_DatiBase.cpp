@@ -7,6 +7,7 @@
 #include "feenote/windows/mostra.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/scelta.h"
 #include "ui_SchedaDatiBase.h"
 
 #include <QButtonGroup>
@@ -102,12 +103,15 @@ void frmParcelle::CollegaDatiBase()
         new TestoIntero(Box);
     }
 
-    ::Collega(uiBase->cmbCateg, &QComboBox::activated, this,
-              [this](int Scelta) { Applica([&] { CambiaCategoria(Nota, Scelta); }); });
-    ::Collega(uiBase->cmbAutor, &QComboBox::activated, this,
-              [this](int Scelta) { Applica([&] { CambiaAutorita(Nota, Scelta); }); });
-    ::Collega(uiBase->cmbValore, &QComboBox::activated, this,
-              [this](int Scelta) { Applica([&] { CambiaScaglione(Nota, Scelta); }); });
+    // With lines in the note a change asks, refuses or reckons anew: the user first goes where he wants.
+    const auto ConRighe = [this] { return !Nota.xOnorari.Vuota() || !Nota.xDiritti.Vuota(); };
+    const auto Parametro = [=, this](QComboBox* Lista, auto Cambia) {
+        AlScegliere(
+            Lista, [=, this](int Scelta, ModoScelta) { Applica([&] { Cambia(Nota, Scelta); }); }, ConRighe);
+    };
+    Parametro(uiBase->cmbCateg, CambiaCategoria);
+    Parametro(uiBase->cmbAutor, CambiaAutorita);
+    Parametro(uiBase->cmbValore, CambiaScaglione);
     ::Collega(uiBase->txtImporto, &QLineEdit::textEdited, this, [this](const QString& Testo) {
         Nota.txtImporto.Testo = Testo;
         SetModificata(true);

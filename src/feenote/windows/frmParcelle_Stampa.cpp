@@ -14,6 +14,7 @@
 #include "feenote/windows/mostra.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/scelta.h"
 #include "platform/preview/stampante.h"
 #include "platform/preview/vistastampa.h"
 #include "platform/system/messaggi.h"
@@ -148,8 +149,12 @@ void frmParcelle::CollegaStampa()
 {
     uiStampa->cmbTipoStampa->addItems(VociTipoStampa());
     uiStampa->cmbTipoStampa->setCurrentIndex(NessunaVoce);
-    ::Collega(uiStampa->cmbTipoStampa, &QComboBox::activated, this,
-              [this](int Tipo) { cmbTipoStampa_Click(Tipo); });
+    AlScegliere(uiStampa->cmbTipoStampa, [this](int Tipo, ModoScelta Come) {
+        cmbTipoStampa_Click(Tipo);
+        // Who walks through the documents with the arrows stays in the list.
+        if (Come == ModoScelta::Scelta)
+            uiStampa->vp->setFocus();
+    });
     CollegaDatiStampa();
     CollegaSegniStampa();
     CollegaAnteprima();
@@ -260,7 +265,6 @@ void frmParcelle::cmbTipoStampa_Click(int Tipo)
     Applica([&] { ScegliDocumento(Nota, Tipo); });
     Ricomponi();
     uiStampa->vp->ImpostaPreviewPage(1);
-    uiStampa->vp->setFocus();
 }
 
 void frmParcelle::EntraScheda4()

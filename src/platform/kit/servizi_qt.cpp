@@ -2,6 +2,7 @@
 
 #include "platform/kit/collega.h"
 #include "platform/kit/messaggi_qt.h"
+#include "platform/kit/rotella.h"
 #include "platform/kit/shell_qt.h"
 
 #include <QKeyEvent>
@@ -62,7 +63,9 @@ public:
 }  // namespace
 
 Applicazione::Applicazione(int& argc, char** argv) : QApplication(argc, argv)
-{}
+{
+    installEventFilter(new GuardiaRotella(this));
+}
 
 bool Applicazione::notify(QObject* Ricevente, QEvent* Evento)
 {

@@ -3,7 +3,8 @@
 
 #include <QApplication>
 
-/// The application: an exception that leaves an event handler ends in the last net.
+/// The application: an exception that leaves an event handler ends in the last net, and the mouse wheel
+/// chooses nothing (GuardiaRotella).
 class Applicazione : public QApplication
 {
     Q_OBJECT

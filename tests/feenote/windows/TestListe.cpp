@@ -1,0 +1,109 @@
+// The lists of the window by keyboard and wheel: what acts, when, and where the focus stays.
+#include "feenote/modParametri.h"
+#include "tavolo.h"
+
+#include <QScrollArea>
+#include <QScrollBar>
+
+using namespace Qt::StringLiterals;
+
+class TestListe : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void laRotellaNonCambiaIParametri();
+    void conLeRigheLeFrecceAspettano();
+    void conLeRigheLaListaApertaAgisceSubito();
+    void senzaRigheOgniPassoAgisce();
+    void iDocumentiSiScorronoConLeFrecce();
+
+private:
+    std::unique_ptr<Tavolo> T;
+    frmParcelle* F = nullptr;
+};
+PROVA(TestListe);
+
+void TestListe::init()
+{
+    T = std::make_unique<Tavolo>();
+    F = T->Apri();
+    QVERIFY(F);
+    CompilaCivile(F);
+}
+
+void TestListe::cleanup()
+{
+    T.reset();
+}
+
+void TestListe::laRotellaNonCambiaIParametri()
+{
+    F->resize(500, 260);  // the page has to scroll
+    Respiro();
+    auto* Pagina = qobject_cast<QScrollArea*>(PaginaIn(F));
+    QVERIFY(Pagina && Pagina->verticalScrollBar()->maximum() > 0);
+    const auto Parametri = [&] {
+        return QList<int>{F->Nota.cmbCateg, F->Nota.cmbAutor, F->Nota.cmbValore, F->Nota.cmbAumRid};
+    };
+    const QList<int> Prima = Parametri();
+    for (const char* Nome : {"cmbCateg", "cmbAutor", "cmbValore", "cmbAumRid"}) {
+        Pagina->verticalScrollBar()->setValue(0);
+        Rotella(Controllo(F, Nome));
+        QCOMPARE(Parametri(), Prima);
+        QVERIFY2(Pagina->verticalScrollBar()->value() > 0, Nome);
+    }
+}
+
+void TestListe::conLeRigheLeFrecceAspettano()
+{
+    RigaOnorario(F->Nota, u"voce"_s, 100.0, 1, 1);
+    F->Mostra();
+    auto* Autorita = Controllo<QComboBox>(F, "cmbAutor");
+    const int Prima = F->Nota.cmbAutor;
+    Autorita->setFocus();
+    Premi(Qt::Key_Home);
+    for (int i = 0; i < 3; ++i)
+        Premi(Qt::Key_Down);
+    const int Cercata = Autorita->currentIndex();
+    QVERIFY(Cercata != Prima);
+    QVERIFY2(F->Nota.cmbAutor == Prima, "per via non si agisce");
+    T->Voce.Tollera();  // what the authority itself has to say is another matter
+    Premi(Qt::Key_Tab);
+    Respiro();
+    QVERIFY2(F->Nota.cmbAutor == Cercata || !T->Voce.Mostrati().isEmpty(), "uscendo sì");
+}
+
+void TestListe::conLeRigheLaListaApertaAgisceSubito()
+{
+    RigaOnorario(F->Nota, u"voce"_s, 100.0, 1, 1);
+    F->Mostra();
+    Scegli(Controllo<QComboBox>(F, "cmbCateg"), CategPenale);
+    QCOMPARE(F->Nota.cmbCateg, int(CategPenale));
+}
+
+void TestListe::senzaRigheOgniPassoAgisce()
+{
+    auto* Categoria = Controllo<QComboBox>(F, "cmbCateg");
+    Categoria->setFocus();
+    Premi(Qt::Key_Down);
+    QCOMPARE(F->Nota.cmbCateg, Categoria->currentIndex());
+    QVERIFY(F->Nota.cmbCateg != int(CategCivile));
+}
+
+void TestListe::iDocumentiSiScorronoConLeFrecce()
+{
+    ClicScheda(F, SchedaDiStampa);
+    auto* Documento = Controllo<QComboBox>(F, "cmbTipoStampa");
+    Documento->setFocus();
+    Premi(Qt::Key_Down);
+    const int Primo = F->Nota.cmbTipoStampa;
+    Premi(Qt::Key_Down);
+    QCOMPARE(F->Nota.cmbTipoStampa, Primo + 1);
+    QVERIFY2(Documento->hasFocus(), "il fuoco resta nella lista");
+    Scegli(Documento, Primo);
+    QVERIFY2(!Documento->hasFocus(), "scelto, va alla pagina");
+}
+
+#include "TestListe.moc"
