@@ -56,7 +56,14 @@ void AssegnaNomiAccessibili(QWidget* Modulo);
 /// The titles of the form's groups in bold, what they hold as it was.
 void TitoliInGrassetto(QWidget* Modulo);
 
-/// Puts a window on the screen where the pointer is, where it was last time, never larger than the screen.
+/// From now on the window comes up where and as large as the user left it, and his moving and sizing it is
+/// remembered when it goes. What the program does to it, before it is on view or because a screen is small,
+/// is not his and is not kept; what cannot be stored is nothing to be told. A second call does nothing.
+void RicordaPostoDi(QWidget* Finestra, const QString& Nome);
+
+/// Puts a window on the screen where the pointer is, where it was last time: whole and with its title bar in
+/// reach, never larger than the screen, and never smaller than its contents where the screen has room for
+/// them.
 void RimettiAlPosto(QWidget* Finestra, const QString& Nome);
 /// Remembers place and size for RimettiAlPosto; of a maximised window the normal ones, and that it was so.
 void RicordaPosto(const QWidget* Finestra, const QString& Nome);

@@ -1,7 +1,10 @@
+#include "platform/base/errore.h"
 #include "platform/kit/aspetto.h"
+#include "platform/kit/collega.h"
 #include "platform/system/impostazioni.h"
 
 #include <QCursor>
+#include <QEvent>
 #include <QGuiApplication>
 #include <QRect>
 #include <QScreen>
@@ -10,6 +13,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -24,6 +28,8 @@ struct Posto
 {
     QRect Riquadro;
     bool Massima = false;
+
+    friend bool operator==(const Posto&, const Posto&) = default;
 };
 
 std::optional<Posto> LeggiPosto(const QString& Nome)
@@ -52,6 +58,21 @@ QRect SchermoDelPuntatore()
     return Schermo->availableGeometry();
 }
 
+/// What the window manager draws around a window: measured once it has drawn it, guessed amply before.
+QMargins Cornice(const QWidget* Finestra)
+{
+    constexpr int TitoloComune = 32;
+    constexpr int BordoComune = 4;
+    if (Finestra->windowFlags().testFlag(Qt::FramelessWindowHint))
+        return {};
+    const QRect Fuori = Finestra->frameGeometry();
+    const QRect Dentro = Finestra->geometry();
+    if (Fuori != Dentro)
+        return {Dentro.left() - Fuori.left(), Dentro.top() - Fuori.top(), Fuori.right() - Dentro.right(),
+                Fuori.bottom() - Dentro.bottom()};
+    return {BordoComune, TitoloComune, BordoComune, BordoComune};
+}
+
 /// The rectangle moved, and if need be shrunk, so that it lies inside.
 QRect Dentro(QRect Riquadro, const QRect& Schermo)
 {
@@ -61,15 +82,100 @@ QRect Dentro(QRect Riquadro, const QRect& Schermo)
     return Riquadro;
 }
 
+/// Where a window is when it is neither maximised nor minimised.
+QRect Normale(const QWidget* Finestra)
+{
+    const QRect Riquadro = Finestra->normalGeometry();
+    return Riquadro.isValid() ? Riquadro : Finestra->geometry();
+}
+
+/// Knows how the program showed a window, so that what differs from it later is the user's doing.
+class GuardaPosto : public QObject
+{
+public:
+    GuardaPosto(QWidget* DiFinestra, QString ConNome)
+        : QObject(DiFinestra), Finestra(DiFinestra), Nome(std::move(ConNome))
+    {
+        Finestra->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
+    {
+        switch (Evento->type()) {
+        case QEvent::Show:
+            if (!Evento->spontaneous()) {
+                aspetto::RimettiAlPosto(Finestra, Nome);
+                Dato = Adesso();
+                Dipinta = false;
+            }
+            break;
+        case QEvent::Paint:
+        case QEvent::UpdateRequest:
+            Dipinta = true;
+            break;
+        case QEvent::Move:
+        case QEvent::Resize:
+        case QEvent::WindowStateChange:
+            // Until it is painted, layout and window manager are still at it.
+            if (!Dipinta)
+                Dato = Adesso();
+            break;
+        case QEvent::Close:
+        case QEvent::Hide:
+            if (!Evento->spontaneous() || Evento->type() == QEvent::Close)
+                Ricorda();
+            break;
+        default:
+            break;
+        }
+        return QObject::eventFilter(Oggetto, Evento);
+    }
+
+private:
+    [[nodiscard]] Posto Adesso() const { return {Normale(Finestra), Finestra->isMaximized()}; }
+
+    void Ricorda()
+    {
+        if (Adesso() == Dato)
+            return;
+        Dato = Adesso();
+        try {
+            aspetto::RicordaPosto(Finestra, Nome);
+        } catch (const Errore& Guasto) {
+            constexpr int AccessoNegato = 75;  // the user wanted to close
+            if (Guasto.Numero != AccessoNegato)
+                RiportaEccezione();
+        }
+    }
+
+    QWidget* Finestra;
+    QString Nome;
+    Posto Dato;  ///< as the program made it
+    bool Dipinta = false;
+};
+
 }  // namespace
 
 namespace aspetto {
 
+void RicordaPostoDi(QWidget* Finestra, const QString& Nome)
+{
+    for (QObject* Figlio : Finestra->children())
+        if (dynamic_cast<GuardaPosto*>(Figlio))
+            return;
+    new GuardaPosto(Finestra, Nome);
+}
+
 void RimettiAlPosto(QWidget* Finestra, const QString& Nome)
 {
-    const QRect Schermo = SchermoDelPuntatore();
+    const QRect Schermo = SchermoDelPuntatore().marginsRemoved(Cornice(Finestra));
     const auto Ultimo = LeggiPosto(Nome);
     QRect Riquadro = Ultimo ? Ultimo->Riquadro : QRect(QPoint(), Finestra->size());
+    // A larger font, or another scale, wants more room than was remembered, or than the design had counted
+    // on.
+    const QSize Minima = Finestra->minimumSizeHint().boundedTo(Schermo.size());
+    Finestra->setMinimumSize(Finestra->minimumSize().expandedTo(Minima).boundedTo(Schermo.size()));
+    Riquadro.setSize(Riquadro.size().expandedTo(Minima));
     if (!Ultimo || !Schermo.contains(Riquadro.center()))
         Riquadro.moveCenter(Schermo.center());
     Finestra->setGeometry(Dentro(Riquadro, Schermo));
@@ -79,8 +185,7 @@ void RimettiAlPosto(QWidget* Finestra, const QString& Nome)
 
 void RicordaPosto(const QWidget* Finestra, const QString& Nome)
 {
-    const QRect Normale = Finestra->normalGeometry();
-    const QRect Riquadro = Normale.isValid() ? Normale : Finestra->geometry();
+    const QRect Riquadro = Normale(Finestra);
     QStringList Parti;
     for (const int Numero : {Riquadro.x(), Riquadro.y(), Riquadro.width(), Riquadro.height()})
         Parti += QString::number(Numero);
