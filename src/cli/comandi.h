@@ -9,6 +9,8 @@
 #include <functional>
 #include <span>
 
+struct Catena;
+
 /// What a command answers: one line of text, and the same as a record for --json.
 struct Risposta
 {
@@ -48,7 +50,7 @@ struct ComandoCli
 [[nodiscard]] Risposta ComandoIstat(const QStringList& Valori);
 
 /// The rows of a summary as text and record.
-[[nodiscard]] Risposta RispostaRiepilogo(const struct Catena& Conti);
+[[nodiscard]] Risposta RispostaRiepilogo(const Catena& Conti);
 
 /// Print type of a value, 0 to 7. @throws Errore 13, 5
 [[nodiscard]] int LeggiTipo(const QString& Valore);
