@@ -9,8 +9,6 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
-#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -115,48 +113,6 @@ void LeggiParametri()
     Fase(u"fine impostazione variabili"_s);
 }
 
-/// The next field of a request, up to its "|", which is taken too; nothing when there is no "|".
-std::optional<QString> PrendiCampo(QStringView& Resto)
-{
-    const qsizetype Fine = Resto.indexOf(u'|');
-    if (Fine < 0)
-        return std::nullopt;
-    const QString Campo = Resto.first(Fine).toString();
-    Resto = Resto.sliced(Fine + 1);
-    return Campo;
-}
-
-int Intero16(double Valore)
-{
-    const double Intero = Round(Valore);
-    if (Intero < std::numeric_limits<qint16>::min() || Intero > std::numeric_limits<qint16>::max())
-        throw Errore(6);
-    return static_cast<int>(Intero);
-}
-
-/// What each field becomes, in the order in which the fields are sent.
-using Lettura = void (*)(Richiesta&, const QString&);
-constexpr std::array<Lettura, 7> Letture{
-    [](Richiesta& r, const QString& Campo) { r.ID = Campo; },
-    [](Richiesta& r, const QString& Campo) { r.Categoria = CInt(Campo); },
-    [](Richiesta& r, const QString& Campo) { r.Autorita = CInt(Campo); },
-    [](Richiesta& r, const QString& Campo) { r.Valore = CDbl(Campo); },
-    [](Richiesta& r, const QString& Campo) { r.IDCli = CLng(Campo); },
-    [](Richiesta& r, const QString& Campo) { r.IDCon = CLng(Campo); },
-    [](Richiesta& r, const QString& Campo) { r.Scelta = Intero16(Val(Campo)); },
-};
-
-bool RiempiRichiesta(Richiesta& Nuova, QStringView Resto)
-{
-    for (const Lettura Leggi : Letture) {
-        const std::optional<QString> Campo = PrendiCampo(Resto);
-        if (!Campo)
-            return false;
-        Leggi(Nuova, *Campo);
-    }
-    return true;
-}
-
 }  // namespace
 
 void ImpostaVariabili()
@@ -176,14 +132,4 @@ QString CartellaUtente(const VersioneSistema& Sistema)
     constexpr int Vista = 6;
     return Barra(Sistema.Maggiore >= Vista ? CartellaSpeciale(CartellaDocumenti) + u"KR5"_s
                                            : sessione::PercorsoProg);
-}
-
-bool LeggiRichiestaPV2(const QString& Testo)
-{
-    bool Completa = false;
-    sessione::RichiestaPV2 = {};
-    Protetta([&] { Completa = RiempiRichiesta(sessione::RichiestaPV2, Testo); });
-    if (!Completa)
-        sessione::RichiestaPV2 = {};
-    return Completa;
 }

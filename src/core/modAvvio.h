@@ -1,4 +1,4 @@
-// Start of the session: settings into variables, and the companion application's request.
+// Start of the session: settings into variables.
 #pragma once
 
 #include "core/parametri.h"
@@ -20,11 +20,3 @@ void ImpostaVariabili();
 /// Where the user's data lie when nothing is stored: "KR5" in the Documents, or the program folder on a
 /// system before major version 6; with the separator at its end. The folder may not exist.
 [[nodiscard]] QString CartellaUtente(const VersioneSistema& Sistema);
-
-/// Cuts the request behind "PV2|N|" into the session's RichiestaPV2: seven fields, each followed by "|".
-/// What stands behind the seventh is ignored. Numbers are in Italian form; Categoria, Autorita and
-/// Scelta fit 16 bits, Scelta counts 0 when it does not begin with a number.
-///
-/// @return false when a "|" is missing or a number cannot be read (the latter is reported too); the
-///         session's request is then empty
-bool LeggiRichiestaPV2(const QString& Testo);

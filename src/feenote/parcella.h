@@ -234,9 +234,9 @@ struct Parcella
 void AzzeraNota(Parcella& Nota);
 
 /// A new note: cleared record, category CIV with nothing selected, its lists loaded, the session's rates
-/// in VAT and pension fund. The request of the companion application is applied when `ID` is not empty.
-/// A failure to read parcelle.mdb is reported, and the lists stay as far as they were filled.
-void NuovaParcella(Parcella& Nota, const QString& ID = {});
+/// in VAT and pension fund. A failure to read parcelle.mdb is reported, and the lists stay as far as they
+/// were filled.
+void NuovaParcella(Parcella& Nota);
 
 /// A parameter of the amounts has changed: the next entry to the honoraria recalculates the lines.
 void SegnaRicalcolo(Parcella& Nota);

@@ -1,11 +1,9 @@
 #include "print/modEsporta.h"
 
 #include "core/comandi.h"
-#include "core/modAvvio.h"
 #include "core/modErrori.h"
 #include "core/posti.h"
 #include "core/sessione.h"
-#include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
@@ -16,16 +14,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// The companion application's folder of fee notes, without the separator at its end; empty when its settings
-/// name none.
-QString CartellaCompagna()
-{
-    const QString Percorso = GetSetting(u"Praxivo"_s, SezioneParametri.toString(), u"PreviewParcPath"_s);
-    QString Cartella = CartellaFile(PercorsoNativo(Percorso));
-    Cartella.chop(1);
-    return Cartella;
-}
 
 bool Uguale(const QString& File, const QByteArray& Byte)
 {
@@ -92,25 +80,24 @@ bool EsportaDocumento(const Documento& Doc, const QString& File, FormatoEsportaz
 
 // ---- one composition ------------------------------------------------------------------------------
 
-void PreparaEsportazione(Superficie& vp, int Indice, bool Invio)
+void PreparaEsportazione(Superficie& vp, int Indice, const std::optional<QString>& Invio)
 {
     if (!Invio) {
         vp.ExportFile = FileDocumento(Indice);
         vp.ExportFormat = int(FormatoEsportazione::Word);
         return;
     }
-    const QString Cartella = CartellaCompagna();
-    if (Cartella.isEmpty()) {
+    if (Invio->isEmpty()) {
         MsgErrore(u"Non trovato percorso cartella Parcelle PV2!\n"
                   u"Verificare le impostazioni nel pannello 'Personalizzazione' di PV2"_s);
         return;
     }
-    vp.ExportFile = Barra(Cartella) + SteloDocumento(Indice) + u".htm"_s;
+    vp.ExportFile = Barra(*Invio) + SteloDocumento(Indice) + u".htm"_s;
     vp.ExportFormat = int(FormatoEsportazione::Html);
 }
 
 std::optional<Errore> AnteprimaConEsportazione(Superficie& vp, const Parcella& Nota, int Tipo, int Indice,
-                                               bool Invio, const Carta& Foglio)
+                                               const std::optional<QString>& Invio, const Carta& Foglio)
 {
     if (!Nota.Pronta)
         return std::nullopt;

@@ -32,9 +32,10 @@ bool EsportaDocumento(const Documento& Doc, const QString& File, FormatoEsportaz
 
 /// Chooses where a composition is exported to: the surface's ExportFile and ExportFormat.
 ///
-/// @param Invio for the companion application: the stem with ".htm" in its folder of fee notes. Where its
-///        settings name none, that is told, and the last target stays.
-void PreparaEsportazione(Superficie& vp, int Indice, bool Invio);
+/// @param Invio for the companion application: the stem with ".htm" in this folder, which is its own. An
+/// empty
+///        one is told, and the last target stays.
+void PreparaEsportazione(Superficie& vp, int Indice, const std::optional<QString>& Invio);
 
 /// One composition of the print tab: target, Anteprima, export on the paper in use.
 ///
@@ -42,7 +43,8 @@ void PreparaEsportazione(Superficie& vp, int Indice, bool Invio);
 ///         Invio it has been told already; a redraw passes over it.
 /// @throws Errore of the composition; then nothing is exported
 std::optional<Errore> AnteprimaConEsportazione(Superficie& vp, const Parcella& Nota, int Tipo, int Indice,
-                                               bool Invio, const Carta& Foglio = {});
+                                               const std::optional<QString>& Invio = {},
+                                               const Carta& Foglio = {});
 
 /// The button "word", on FileDocumento: tells that the file is in use, or recomposes, and opens it by
 /// "printword". A file that is missing then is told, and so is one that could not be brought up to date: it

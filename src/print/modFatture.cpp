@@ -1,6 +1,5 @@
 #include "print/modFatture.h"
 
-#include "feenote/companion/modPV2.h"
 #include "feenote/modAcconti.h"
 #include "platform/system/orologio.h"
 #include "print/modLettere.h"
@@ -212,5 +211,4 @@ void StampaSintetica(Superficie& vp, const Parcella& Nota)
     TabellaRiepilogo(vp, Conti);
     if (Nota.chkRegSempl.Attiva)
         StampaRegimeAgevolato(vp);
-    MemorizzaUltimaStampa(Nota, Conti.Dati.Onorari);
 }

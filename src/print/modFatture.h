@@ -8,6 +8,5 @@
 void ComponiFattura(Superficie& vp, StatoStampa& Stato, const Parcella& Nota, int Tipo);
 
 /// The two tables of the short invoice and, where it is due, the sentence of the subsidised regime. The
-/// payments that it lists are those that it takes away. While a request of the companion application runs,
-/// what it takes of the document is memorised.
+/// payments that it lists are those that it takes away.
 void StampaSintetica(Superficie& vp, const Parcella& Nota);

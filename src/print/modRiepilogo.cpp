@@ -1,6 +1,5 @@
 #include "print/modRiepilogo.h"
 
-#include "feenote/companion/modPV2.h"
 #include "print/modCorpo.h"
 #include "print/modLettere.h"
 
@@ -163,11 +162,9 @@ void StampaRiepilogo(Superficie& vp, const Parcella& Nota, int Tipo)
         vp.Paragraph(Variazione);
         RigaVuota(vp);
     }
-    const Catena Conti = CatenaFiscale(Nota, Tipo);
-    ScriviTabella(vp, RigheRiepilogo(Conti));
+    ScriviTabella(vp, RigheRiepilogo(CatenaFiscale(Nota, Tipo)));
     if (Nota.chkRegSempl.Attiva && Tipo == StampaFatturaAnalitica)
         StampaRegimeAgevolato(vp);
-    MemorizzaUltimaStampa(Nota, Conti.Dati.Onorari);
 }
 
 void StampaRegimeAgevolato(Superficie& vp)

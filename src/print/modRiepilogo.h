@@ -31,7 +31,6 @@ struct RigaRiepilogo
 [[nodiscard]] QList<RigaRiepilogo> RigheRiepilogo(const Catena& Conti);
 
 /// Writes sentence of the variation, table, and the sentence of the subsidised regime where it is due.
-/// While a request of the companion application runs, what it takes of the document is memorised.
 void StampaRiepilogo(Superficie& vp, const Parcella& Nota, int Tipo);
 
 /// The three lines of the subsidised regime (D.L. 98/2011 art. 27) below a blank line, as one text.

@@ -4,7 +4,6 @@
 #include "supporto/registratore.h"
 
 #include "campioni.h"
-#include "platform/system/impostazioni.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 #include "print/modEsporta.h"
@@ -48,7 +47,7 @@ public:
     Banco(const Banco&) = delete;
     Banco& operator=(const Banco&) = delete;
 
-    std::optional<Errore> Componi(bool Invio = false, int Tipo = StampaPrenotula)
+    std::optional<Errore> Componi(const std::optional<QString>& Invio = {}, int Tipo = StampaPrenotula)
     {
         return AnteprimaConEsportazione(vp, Nota, Tipo, 1, Invio);
     }
@@ -193,7 +192,7 @@ void TestEsporta::composizioneConEsportazione()
     QVERIFY(!B.Componi());
     QVERIFY(LeggiFile(B.File()).contains("sfratto"));
     // The paper of the printer.
-    QVERIFY(!AnteprimaConEsportazione(B.vp, B.Nota, StampaPrenotula, 1, false, {215.9, 279.4}));
+    QVERIFY(!AnteprimaConEsportazione(B.vp, B.Nota, StampaPrenotula, 1, {}, {215.9, 279.4}));
     QVERIFY(LeggiFile(B.File()).contains("\\paperw12240"));
 }
 
@@ -202,7 +201,7 @@ void TestEsporta::nonPronta()
     Banco B;
     B.Nota.Pronta = false;
     QVERIFY(!B.Componi());
-    QVERIFY(!B.Componi(true));
+    QVERIFY(!B.Componi(NuovaCartella()));
     QVERIFY(!EsisteCartella(sessione::UserFolder + u"doc"_s));
     QVERIFY(B.vp.ExportFile.isEmpty());
 }
@@ -266,8 +265,7 @@ void TestEsporta::invio()
 {
     Banco B;
     const QString Cartella = NuovaCartella();
-    SaveSetting(u"Praxivo"_s, u"Parametri"_s, u"PreviewParcPath"_s, Cartella + u"anteprima.htm"_s);
-    QVERIFY(!B.Componi(true));
+    QVERIFY(!B.Componi(Cartella));
     QCOMPARE(B.vp.ExportFormat, 3);
     QVERIFY(LeggiFile(Cartella + u"rossi.htm"_s).startsWith("<!DOCTYPE html>"));
     QVERIFY(!EsisteFile(B.File()));
@@ -280,18 +278,16 @@ void TestEsporta::invioSenzaCartella()
 {
     Banco B;
     Registratore Voce;
-    SaveSetting(u"Praxivo"_s, u"Parametri"_s, u"PreviewParcPath"_s, QString());
     Voce.Attendi(SenzaCompagna);
-    QVERIFY(!B.Componi(true));
+    QVERIFY(!B.Componi(QString()));
     QVERIFY(!B.vp.Contenuto().Blocchi.empty());
     QVERIFY(!EsisteFile(B.File()));  // no target was ever set
 
     // The last target stays.
     QVERIFY(!B.Componi());
     B.Nota.txtDatiStaOgg.Testo = u"sfratto"_s;
-    SaveSetting(u"Praxivo"_s, u"Parametri"_s, u"PreviewParcPath"_s, u"senza cartella"_s);
     Voce.Attendi(SenzaCompagna);
-    QVERIFY(!B.Componi(true));
+    QVERIFY(!B.Componi(QString()));
     QVERIFY(LeggiFile(B.File()).contains("sfratto"));
 }
 
@@ -299,9 +295,8 @@ void TestEsporta::invioCheNonRiesce()
 {
     Banco B;
     Registratore Voce;
-    SaveSetting(u"Praxivo"_s, u"Parametri"_s, u"PreviewParcPath"_s, NuovaCartella() + u"manca/x.htm"_s);
     Voce.Attendi(u"Errore: "_s + DescrizioneErrore(76) + u" (76)"_s);
-    const auto Esito = B.Componi(true);
+    const auto Esito = B.Componi(NuovaCartella() + u"manca"_s);
     QVERIFY(Esito);
     QCOMPARE(Esito->Numero, 76);
 }

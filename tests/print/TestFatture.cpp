@@ -1,7 +1,6 @@
 #include "supporto/prova.h"
 
 #include "documenti.h"
-#include "feenote/companion/modPV2.h"
 #include "print/modRiepilogo.h"
 
 using namespace Qt::StringLiterals;
@@ -39,9 +38,6 @@ private Q_SLOTS:
     void senzaRitenuta();
     void regime_data();
     void regime();
-
-    void ultimaStampa_data();
-    void ultimaStampa();
 
 private:
     documenti::DataFissa Oggi{QDate(2014, 1, 10)};
@@ -95,7 +91,6 @@ void RigheFatture()
 void TestFatture::init()
 {
     campioni::ImpostaStudio();
-    MemorizzaUltimaStampa(UltimaStampa());
 }
 
 // ---- head and foot
@@ -392,25 +387,6 @@ void TestFatture::regime()
     QCOMPARE(Righe.filter(u"I.V.A."_s).size(), 0);
     QCOMPARE(Righe.filter(u"Ritenuta"_s).size(), 0);
     QVERIFY(Righe.last().startsWith(u"(millecentosettanta/00)"_s));
-}
-
-// ---- what the companion application takes
-
-void TestFatture::ultimaStampa_data()
-{
-    RigheFatture();
-}
-
-void TestFatture::ultimaStampa()
-{
-    QFETCH(int, Tipo);
-    Parcella Nota = Completa(campioni::ConAssociata(true));
-    Nota.chkFattAcc.Attiva = true;
-    (void)Composto(Nota, Tipo);
-    QCOMPARE(LeggiUltimaStampa(), UltimaStampa());
-    sessione::RichiestaPV2.ID = u"2013/55"_s;
-    (void)Composto(Nota, Tipo);
-    QCOMPARE(LeggiUltimaStampa(), (UltimaStampa{5400.0, u" 45 "_s, u"30/12/2013"_s, true}));
 }
 
 #include "TestFatture.moc"

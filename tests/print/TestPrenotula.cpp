@@ -1,7 +1,6 @@
 #include "supporto/prova.h"
 
 #include "campioni.h"
-#include "feenote/companion/modPV2.h"
 #include "platform/base/errore.h"
 #include "platform/system/percorsi.h"
 #include "print/modStampe.h"
@@ -43,7 +42,6 @@ private Q_SLOTS:
     void statoDelTestoNonPassaAlDocumentoDopo();
 
     void guastoAMetaLasciaIlDisegnato();
-    void ultimaStampaSoloConRichiesta();
 
     void leggiFileTesto_data();
     void leggiFileTesto();
@@ -84,7 +82,6 @@ void StudioSpoglio()
 void TestPrenotula::init()
 {
     campioni::ImpostaStudio();
-    MemorizzaUltimaStampa(UltimaStampa());
 }
 
 // ---- whole documents
@@ -391,21 +388,6 @@ void TestPrenotula::guastoAMetaLasciaIlDisegnato()
     QVERIFY(!vp.InCorso());
     QVERIFY(campioni::TestiBlocchi(vp.Contenuto()).contains(u"Controparte: Bianchi S.r.l."_s));
     QCOMPARE(campioni::TestiRiga(campioni::TabellaDi(vp.Contenuto(), 1), 0).value(0), u"ONORARI"_s);
-}
-
-void TestPrenotula::ultimaStampaSoloConRichiesta()
-{
-    Parcella Nota = campioni::ConAssociata(true);
-    Nota.txtDatiPar[DatoNumFatt] = u"7"_s;
-    Nota.txtDatiPar[DatoDataFatt] = u"01/06/2013"_s;
-    Nota.chkFattAcc.Attiva = true;
-    Superficie vp;
-    QVERIFY(Anteprima(vp, Nota, StampaPrenotula));
-    QCOMPARE(LeggiUltimaStampa(), UltimaStampa());
-
-    sessione::RichiestaPV2.ID = u"2013/55"_s;
-    QVERIFY(Anteprima(vp, Nota, StampaPrenotula));
-    QCOMPARE(LeggiUltimaStampa(), (UltimaStampa{5400.0, u"7"_s, u"01/06/2013"_s, true}));
 }
 
 // ---- text files

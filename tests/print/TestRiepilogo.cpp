@@ -1,7 +1,6 @@
 #include "supporto/prova.h"
 
 #include "campioni.h"
-#include "feenote/companion/modPV2.h"
 #include "print/modRiepilogo.h"
 #include "print/modStampe.h"
 
@@ -40,7 +39,6 @@ private Q_SLOTS:
     void variazione();
     void regimeAgevolato_data();
     void regimeAgevolato();
-    void ultimaStampaDiOgniTipo();
 };
 PROVA(TestRiepilogo);
 
@@ -97,7 +95,6 @@ Documento Stampato(const Parcella& Nota, int Tipo = StampaPrenotula)
 void TestRiepilogo::init()
 {
     campioni::ImpostaStudio();
-    MemorizzaUltimaStampa(UltimaStampa());
 }
 
 void TestRiepilogo::importi_data()
@@ -422,15 +419,6 @@ void TestRiepilogo::regimeAgevolato()
                    u"prestazione non soggetta a ritenuta d'acconto ai sensi del comma 5.2 del Provvedimento\n"
                    u"Agenzia delle entrate del 22.12.2011 n. 185820)"_s};
     QCOMPARE(campioni::TestiBlocchi(Stampato(Nota, Tipo)), Attesi);
-}
-
-void TestRiepilogo::ultimaStampaDiOgniTipo()
-{
-    sessione::RichiestaPV2.ID = u"2013/55"_s;
-    Parcella Nota = campioni::Civile();
-    Nota.txtDatiPar[DatoNumFatt] = u"8"_s;
-    (void)Stampato(Nota, StampaFatturaAnalitica);
-    QCOMPARE(LeggiUltimaStampa(), (UltimaStampa{4500.0, u"8"_s, QString(), false}));
 }
 
 #include "TestRiepilogo.moc"

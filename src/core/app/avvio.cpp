@@ -9,6 +9,7 @@
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
 #include "core/posti.h"
+#include "feenote/companion/modRichiesta.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
 #include "platform/system/messaggi.h"

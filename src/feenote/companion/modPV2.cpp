@@ -1,7 +1,9 @@
 #include "feenote/companion/modPV2.h"
 
 #include "core/modErrori.h"
+#include "core/parametri.h"
 #include "core/sessione.h"
+#include "feenote/modTotali.h"
 #include "platform/database/database.h"
 #include "platform/database/valori.h"
 #include "platform/system/messaggi.h"
@@ -43,6 +45,13 @@ double ImportoFattura()
     return CDbl(CStr(Ultima.Importo));
 }
 
+/// True for a note that was composed as a document with amounts: neither agreement nor statement.
+bool HaRiepilogo(const Parcella& Nota)
+{
+    const int Tipo = Nota.cmbTipoStampa;
+    return Nota.Pronta && Tipo != NessunaVoce && Tipo != StampaContratto && Tipo != StampaInformativa;
+}
+
 /// @throws Errore of the archive; then nothing is written
 void ScriviFattura(const QString& Archivio)
 {
@@ -78,11 +87,20 @@ void MemorizzaUltimaStampa(const UltimaStampa& Dati)
     Ultima = Dati;
 }
 
-void MemorizzaUltimaStampa(const Parcella& Nota, double Onorari)
+void MemorizzaUltimaStampa(const Parcella& Nota)
 {
-    if (!sessione::RichiestaPV2.ID.isEmpty())
-        MemorizzaUltimaStampa(
-            {Onorari, Nota.DatiPar(DatoNumFatt), Nota.DatiPar(DatoDataFatt), Nota.chkFattAcc.Attiva});
+    if (sessione::RichiestaPV2.ID.isEmpty() || !HaRiepilogo(Nota))
+        return;
+    MemorizzaUltimaStampa({RaccogliCatena(Nota, Nota.cmbTipoStampa).Onorari, Nota.DatiPar(DatoNumFatt),
+                           Nota.DatiPar(DatoDataFatt), Nota.chkFattAcc.Attiva});
+}
+
+QString CartellaCompagna()
+{
+    const QString Percorso = ImpostazioneDi(u"Praxivo"_s, u"PreviewParcPath"_s);
+    QString Cartella = CartellaFile(PercorsoNativo(Percorso));
+    Cartella.chop(1);
+    return Cartella;
 }
 
 void ConsegnaFattura(int Tipo)

@@ -18,8 +18,12 @@ struct UltimaStampa
 };
 [[nodiscard]] const UltimaStampa& LeggiUltimaStampa();
 void MemorizzaUltimaStampa(const UltimaStampa& Dati);
-/// The same from the invoice data of a note, only while a request of the companion application runs.
-void MemorizzaUltimaStampa(const Parcella& Nota, double Onorari);
+/// The same from a note whose chosen document was just composed, only while a request of the companion
+/// application runs. Documents without a summary leave what was there.
+void MemorizzaUltimaStampa(const Parcella& Nota);
+
+/// The companion's folder of fee notes, without the separator at its end; empty when its settings name none.
+[[nodiscard]] QString CartellaCompagna();
 
 /// The hand-over behind a save, once the document was composed for the companion application. An invoice
 /// without a number is told, one with a number is offered to the user, and on his yes transferred and

@@ -3,7 +3,6 @@
 #include "addressbook/modClienti.h"
 #include "core/modErrori.h"
 #include "core/modTesti.h"
-#include "core/sessione.h"
 #include "feenote/file/colonne.h"
 #include "feenote/file/memorianota.h"
 #include "feenote/file/modPassword.h"
@@ -99,13 +98,11 @@ void ApplicaParametri(const NotaLetta& Letta)
     CaricaVariazione(Letta.Nota, Letta.AumRidIdx, Letta.AumRidVarP);
 }
 
-/// The matter's reference makes the session one of the companion application's, an ordinary open too.
+/// The matter's reference. What it makes of the session is for the one who opens the note.
 void ApplicaRiferimento(const NotaLetta& Letta)
 {
-    if (EVuoto(Letta.NsRif))
-        return;
-    Letta.Nota.NsRif = CStr(Letta.NsRif);
-    sessione::RichiestaPV2.ID = Letta.Nota.NsRif;
+    if (!EVuoto(Letta.NsRif))
+        Letta.Nota.NsRif = CStr(Letta.NsRif);
 }
 
 void LeggiLinea(const Recordset& Righe, TabellaRighe& Tabella, std::span<const ColonnaLinea> Colonne,

@@ -291,7 +291,11 @@ std::optional<Errore> frmParcelle::Componi(bool Invio)
         vp->Aggiorna();
         MostraPagina(1);  // until the reader, who stays where he was, moves
     });
-    return AnteprimaConEsportazione(vp->Foglio(), Nota, Nota.cmbTipoStampa, Posto, Invio, vp->CartaInUso());
+    const auto Cartella = Invio ? std::optional(CartellaCompagna()) : std::nullopt;
+    const auto Esito =
+        AnteprimaConEsportazione(vp->Foglio(), Nota, Nota.cmbTipoStampa, Posto, Cartella, vp->CartaInUso());
+    MemorizzaUltimaStampa(Nota);
+    return Esito;
 }
 
 void frmParcelle::DopoSalvataggio()

@@ -5,6 +5,7 @@
 #include "core/modErrori.h"
 #include "core/parametri.h"
 #include "core/sessione.h"
+#include "feenote/companion/modRichiesta.h"
 #include "feenote/file/modLettura.h"
 #include "feenote/file/modPosaFile.h"
 #include "feenote/file/modRecupero.h"
@@ -74,7 +75,9 @@ constexpr int PausaPerCopia = 20;
 void frmParcelle::Nuova(const QString& ID)
 {
     TornaAllaBase();
-    NuovaParcella(Nota, ID);
+    NuovaParcella(Nota);
+    if (!ID.isEmpty())
+        ApplicaRichiesta(Nota, sessione::RichiestaPV2);
     RilegaRighe();
     SetModificata(false);
     Mostra();
@@ -84,6 +87,7 @@ bool frmParcelle::Carica(const QString& Percorso)
 {
     TornaAllaBase();
     const bool Letta = Protetta([&] { LeggiParcella(Nota, Percorso); });
+    AdottaRiferimento(Nota);
     RilegaRighe();
     SetModificata(false);
     Mostra();
@@ -150,6 +154,7 @@ void frmParcelle::Recupera(const CopiaRecupero& Trovata)
 {
     TornaAllaBase();
     const bool Letta = Protetta([&] { RecuperaNota(Nota, Trovata); });
+    AdottaRiferimento(Nota);
     RilegaRighe();
     SetModificata(Letta);
     Mostra();

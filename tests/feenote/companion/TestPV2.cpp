@@ -3,6 +3,7 @@
 
 #include "compagna/archivio.h"
 #include "feenote/companion/modPV2.h"
+#include "platform/system/impostazioni.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
@@ -68,6 +69,11 @@ private Q_SLOTS:
     void consegnaConArchivioGuasto();
     void consegnaSenzaArchivio();
     void ilSegnale();
+    void ultimaStampaSoloConRichiesta();
+    void ultimaStampaDiOgniTipo_data();
+    void ultimaStampaDiOgniTipo();
+    void cartellaCompagna_data();
+    void cartellaCompagna();
 
 private:
     /// The invoices that were not there before.
@@ -439,6 +445,71 @@ void TestPV2::ilSegnale()
     QCOMPARE(Segnali, QStringList{u"Praxivo - Gestione pratiche<refresh"_s});
     InstallaShell({});
     InvioMsgPV2();  // nowhere to go, and nothing to tell
+}
+
+// ---- what a composed note leaves
+
+namespace {
+
+Parcella NotaDaStampare(int Tipo)
+{
+    Parcella Nota;
+    NuovaParcella(Nota);
+    Nota.xOnorari(Nota.xOnorari.AggiungiRiga(), OnoImporto) = 4500.0;
+    Nota.txtParcMultipla = u"altra"_s;
+    Nota.Multi.TotOnorari = 900.0;
+    Nota.txtDatiPar[DatoNumFatt] = u" 45 "_s;
+    Nota.txtDatiPar[DatoDataFatt] = u"30/12/2013"_s;
+    Nota.chkFattAcc.Attiva = true;
+    Nota.cmbTipoStampa = Tipo;
+    return Nota;
+}
+
+}  // namespace
+
+void TestPV2::ultimaStampaSoloConRichiesta()
+{
+    const UltimaStampa Prima = LeggiUltimaStampa();
+    sessione::RichiestaPV2 = {};
+    MemorizzaUltimaStampa(NotaDaStampare(StampaFatturaAnalitica));
+    QCOMPARE(LeggiUltimaStampa(), Prima);
+    sessione::RichiestaPV2.ID = u"P12"_s;
+    Parcella Nota = NotaDaStampare(StampaFatturaAnalitica);
+    Nota.Pronta = false;  // composes nothing
+    MemorizzaUltimaStampa(Nota);
+    QCOMPARE(LeggiUltimaStampa(), Prima);
+}
+
+void TestPV2::ultimaStampaDiOgniTipo_data()
+{
+    consegnaSoloLeFatture_data();
+}
+
+void TestPV2::ultimaStampaDiOgniTipo()
+{
+    QFETCH(int, Tipo);
+    const UltimaStampa Prima = LeggiUltimaStampa();
+    const bool SenzaImporti = Tipo == NessunaVoce || Tipo == StampaContratto || Tipo == StampaInformativa;
+    MemorizzaUltimaStampa(NotaDaStampare(Tipo));
+    QCOMPARE(LeggiUltimaStampa(),
+             SenzaImporti ? Prima : (UltimaStampa{5400.0, u" 45 "_s, u"30/12/2013"_s, true}));
+}
+
+void TestPV2::cartellaCompagna_data()
+{
+    QTest::addColumn<QString>("Impostata");
+    QTest::addColumn<QString>("Attesa");
+    QTest::newRow("un file") << u"/dati/praxivo/anteprima.htm"_s << u"/dati/praxivo"_s;
+    QTest::newRow("vuota") << QString() << QString();
+    QTest::newRow("senza cartella") << u"anteprima.htm"_s << QString();
+}
+
+void TestPV2::cartellaCompagna()
+{
+    QFETCH(QString, Impostata);
+    SaveSetting(u"Praxivo"_s, u"Parametri"_s, u"PreviewParcPath"_s, Impostata);
+    QTEST(CartellaCompagna(), "Attesa");
+    SaveSetting(u"Praxivo"_s, u"Parametri"_s, u"PreviewParcPath"_s, {});
 }
 
 #include "TestPV2.moc"

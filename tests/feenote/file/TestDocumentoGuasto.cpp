@@ -82,7 +82,7 @@ private Q_SLOTS:
     void valoriAssurdi();
     void aggiornamentoFallito();
     void supportoDiSolaLettura();
-    void sessioneIntattaDopoIlGuasto();
+    void nessunRiferimentoDopoIlGuasto();
     void nessunFileAperto();
 
     void discoPieno_data();
@@ -252,7 +252,7 @@ void TestDocumentoGuasto::supportoDiSolaLettura()
     QVERIFY(SolaLettura(File));
 }
 
-void TestDocumentoGuasto::sessioneIntattaDopoIlGuasto()
+void TestDocumentoGuasto::nessunRiferimentoDopoIlGuasto()
 {
     const Studio Ufficio;
     Registratore Messaggi;
@@ -261,9 +261,10 @@ void TestDocumentoGuasto::sessioneIntattaDopoIlGuasto()
     ScriviNota(File, NotaSemplice());
     sessione::RichiestaPV2 = {};
     OpenDatabase(File).Execute(u"DROP TABLE ParcellaAcconti"_s);
-    QCOMPARE(ErroreDelCarico(File), 3078);
-    // A note that was not opened ties the session to no matter.
-    QCOMPARE(sessione::RichiestaPV2.ID, QString());
+    Parcella Nota;
+    QCOMPARE(NumeroErrore([&] { CaricaDati(Nota, File); }), 3078);
+    // A note that was not opened belongs to no matter.
+    QCOMPARE(Nota.NsRif, QString());
 }
 
 void TestDocumentoGuasto::nessunFileAperto()

@@ -1,7 +1,7 @@
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 
-#include "core/modAvvio.h"
+#include "feenote/companion/modRichiesta.h"
 #include "platform/base/errore.h"
 
 using namespace Qt::StringLiterals;

@@ -1,0 +1,223 @@
+// What the request of the companion application makes of a new note, and a note's reference of the session.
+#include "feenote/nota_prova.h"
+
+#include "feenote/companion/modRichiesta.h"
+#include "platform/system/messaggi.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString ClienteAssente = u"Il cliente associato alla parcella non è stato trovato!"_s;
+
+const QString IndiceFuori = u"Errore: Indice fuori dai limiti (9)"_s;
+
+Richiesta Chiedi(int Categoria, int Autorita, double Valore)
+{
+    Richiesta Dati;
+    Dati.ID = u"2024/7"_s;
+    Dati.Categoria = Categoria;
+    Dati.Autorita = Autorita;
+    Dati.Valore = Valore;
+    return Dati;
+}
+
+}  // namespace
+
+class TestRichiestaApplicata : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void richiestaApplicata();
+    void valoreDellaRichiesta_data();
+    void valoreDellaRichiesta();
+    void indiciFuoriLista_data();
+    void indiciFuoriLista();
+    void parti();
+    void partiAssenti();
+    void mentreSiDiceNonSiCompone();
+    void senzaArchivio();
+    void ilRiferimentoFaLaSessione();
+
+private:
+    /// A new note with the session's request applied.
+    static void Apri(Parcella& Nota)
+    {
+        NuovaParcella(Nota);
+        ApplicaRichiesta(Nota, sessione::RichiestaPV2);
+    }
+};
+PROVA(TestRichiestaApplicata);
+
+void TestRichiestaApplicata::richiestaApplicata()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    sessione::RichiestaPV2 = Chiedi(CategCivile, 2, 30000);
+    sessione::RichiestaPV2.Scelta = 11;
+    Parcella Nota;
+    Apri(Nota);
+    QCOMPARE(Nota.cmbCateg, 0);
+    QCOMPARE(Nota.CodCateg, u"CIV"_s);
+    QCOMPARE(Nota.IDAutSelezionata(), IDTribunale);
+    QCOMPARE(Nota.txtImporto.Testo, u"30.000,00"_s);
+    QCOMPARE(Nota.ImportoPrec, 30000.0);
+    QCOMPARE(Nota.Scaglione, 3);
+    QCOMPARE(Nota.NsRif, u"2024/7"_s);
+    QCOMPARE(Nota.Scelta, 11);
+    QVERIFY(Nota.chkIva.Attiva);
+    QVERIFY(!Nota.RicalcoloNecessario);
+    QVERIFY(!Nota.Modificata);
+    QCOMPARE(Nota.Fuoco, CampoNota::Nessuno);
+}
+
+void TestRichiestaApplicata::valoreDellaRichiesta_data()
+{
+    QTest::addColumn<int>("Categoria");
+    QTest::addColumn<double>("Valore");
+    QTest::addColumn<QString>("Importo");
+    QTest::addColumn<int>("Indice");
+    QTest::addColumn<int>("Scaglione");
+    QTest::addColumn<bool>("Segnalato");
+    QTest::newRow("indice di scaglione") << 0 << 2.0 << QString() << 2 << 3 << false;
+    QTest::newRow("indice zero") << 0 << 0.0 << QString() << 0 << 1 << false;
+    QTest::newRow("valore indeterminato") << 0 << 7.0 << QString() << 7 << 8 << false;
+    QTest::newRow("indice inesistente") << 0 << 99.0 << QString() << -1 << 0 << true;
+    QTest::newRow("cento e' gia' un valore") << 0 << 100.0 << u"100,00"_s << 0 << 1 << false;
+    QTest::newRow("stragiudiziale") << 2 << 30000.0 << u"30.000,00"_s << 2 << 3 << false;
+    QTest::newRow("penale: fa da scaglione l'autorita")
+        << 1 << 2.0 << QString() << -1 << IDMonocratico << false;
+    QTest::newRow("sotto il nulla") << 0 << -2.0 << QString() << -1 << 0 << true;
+    QTest::newRow("ben sotto il nulla") << 0 << -1e300 << QString() << -1 << 0 << true;
+    QTest::newRow("negativo") << 0 << -1.0 << QString() << -1 << 0 << false;
+}
+
+void TestRichiestaApplicata::valoreDellaRichiesta()
+{
+    QFETCH(int, Categoria);
+    QFETCH(double, Valore);
+    QFETCH(bool, Segnalato);
+    const Studio Ufficio;
+    Registratore Messaggi;
+    sessione::RichiestaPV2 = Chiedi(Categoria, 2, Valore);
+    Parcella Nota;
+    if (Segnalato)
+        Messaggi.Attendi(IndiceFuori, vbOK, u"Errore:"_s);
+    Apri(Nota);
+    QTEST(Nota.txtImporto.Testo, "Importo");
+    QTEST(Nota.cmbValore, "Indice");
+    QTEST(Nota.Scaglione, "Scaglione");
+    QCOMPARE(Nota.ImportoPrec, Valore >= 100 ? Valore : 0.0);
+    QCOMPARE(Nota.IdxValorePrec, Nota.cmbValore);
+}
+
+void TestRichiestaApplicata::indiciFuoriLista_data()
+{
+    QTest::addColumn<int>("Categoria");
+    QTest::addColumn<int>("Autorita");
+    QTest::addColumn<bool>("Segnalato");
+    QTest::newRow("entrambi") << 3 << 99 << true;
+    QTest::newRow("categoria") << 3 << NessunaVoce << true;
+    QTest::newRow("autorita") << NessunaVoce << 99 << true;
+    QTest::newRow("sotto il nulla") << -2 << NessunaVoce << true;
+    QTest::newRow("nulla di scelto") << NessunaVoce << NessunaVoce << false;
+}
+
+void TestRichiestaApplicata::indiciFuoriLista()
+{
+    QFETCH(int, Categoria);
+    QFETCH(int, Autorita);
+    QFETCH(bool, Segnalato);
+    const Studio Ufficio;
+    Registratore Messaggi;
+    sessione::RichiestaPV2 = Chiedi(Categoria, Autorita, 30000);
+    Parcella Nota;
+    if (Segnalato)
+        Messaggi.Attendi(IndiceFuori, vbOK, u"Errore:"_s);  // once, and the rest of the request holds
+    Apri(Nota);
+    QCOMPARE(Nota.cmbCateg, NessunaVoce);
+    QCOMPARE(Nota.CodCateg, u"CIV"_s);
+    QCOMPARE(Nota.cmbAutor, NessunaVoce);
+    QCOMPARE(Nota.IdxAutorPrec, NessunaVoce);
+    QCOMPARE(Nota.txtImporto.Testo, u"30.000,00"_s);
+    QCOMPARE(Nota.NsRif, u"2024/7"_s);
+}
+
+void TestRichiestaApplicata::parti()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    sessione::RichiestaPV2 = Chiedi(0, 2, 0);
+    sessione::RichiestaPV2.IDCli = Ufficio.AggiungiCliente(u"Rossi Mario"_s);
+    sessione::RichiestaPV2.IDCon = Ufficio.AggiungiControparte(u"Bianchi Srl"_s, u"BIANCHI"_s);
+    Parcella Nota;
+    Apri(Nota);
+    QCOMPARE(Nota.txtCliente.Testo, u"Rossi Mario"_s);
+    QCOMPARE(Nota.txtControp.Testo, u"Bianchi Srl"_s);  // the archive's name; a saved note takes the other
+    QCOMPARE(Nota.txtDatiStaCli.Testo, u"Rossi Mario"_s);
+    QCOMPARE(Nota.txtDatiStaControp.Testo, u"Bianchi Srl"_s);
+    QCOMPARE(Nota.IDCli, sessione::RichiestaPV2.IDCli);
+    QCOMPARE(Nota.IDCon, sessione::RichiestaPV2.IDCon);
+}
+
+void TestRichiestaApplicata::partiAssenti()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    sessione::RichiestaPV2 = Chiedi(0, 2, 0);
+    sessione::RichiestaPV2.IDCli = 777;
+    sessione::RichiestaPV2.IDCon = 888;
+    Parcella Nota;
+    Messaggi.Attendi(ClienteAssente, vbOK, u"Errore:"_s);  // of the counterparty nothing is said
+    Apri(Nota);
+    QCOMPARE(Nota.IDCli, 777);
+    QCOMPARE(Nota.IDCon, 888);
+    QCOMPARE(Nota.txtCliente.Testo + Nota.txtControp.Testo, QString());
+}
+
+void TestRichiestaApplicata::senzaArchivio()
+{
+    const Studio Ufficio;
+    QVERIFY(QFile::remove(sessione::ArchivioCliCon));
+    Registratore Messaggi;
+    sessione::RichiestaPV2 = Chiedi(0, 2, 0);
+    sessione::RichiestaPV2.IDCli = 1;
+    Messaggi.Attendi(ClienteAssente);
+    Parcella Nota;
+    Apri(Nota);
+    QCOMPARE(Nota.NsRif, u"2024/7"_s);
+}
+
+void TestRichiestaApplicata::mentreSiDiceNonSiCompone()
+{
+    const Studio Ufficio;
+    sessione::RichiestaPV2 = Chiedi(0, 2, 0);
+    sessione::RichiestaPV2.IDCli = 777;
+    Parcella Nota;
+    bool Pronta = true;
+    Messaggi Tavola;
+    Tavola.Box = [&](const QString&, int, const QString&) {
+        Pronta = Nota.Pronta;
+        return vbOK;
+    };
+    const Messaggi Prima = InstallaMessaggi(Tavola);
+    Apri(Nota);
+    InstallaMessaggi(Prima);
+    QVERIFY(!Pronta);
+    QVERIFY(Nota.Pronta);
+}
+
+void TestRichiestaApplicata::ilRiferimentoFaLaSessione()
+{
+    const Studio Ufficio;
+    Parcella Nota;
+    NuovaParcella(Nota);
+    sessione::RichiestaPV2 = Chiedi(0, 2, 0);
+    AdottaRiferimento(Nota);
+    QCOMPARE(sessione::RichiestaPV2.ID, u"2024/7"_s);  // a note without one leaves the session as it is
+    Nota.NsRif = u"P77"_s;
+    AdottaRiferimento(Nota);
+    QCOMPARE(sessione::RichiestaPV2.ID, u"P77"_s);
+}
+
+#include "TestRichiestaApplicata.moc"
