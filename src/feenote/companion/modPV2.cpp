@@ -53,7 +53,7 @@ bool HaRiepilogo(const Parcella& Nota)
 }
 
 /// @throws Errore of the archive; then nothing is written
-void ScriviFattura(const QString& Archivio)
+void ScriviFattura(const QString& Archivio, int IDContab)
 {
     const QString Dove = u"WHERE Rif=? COLLATE SenzaMaiuscole AND NumF=? COLLATE SenzaMaiuscole"_s;
     const QString& Rif = sessione::RichiestaPV2.ID;
@@ -72,7 +72,7 @@ void ScriviFattura(const QString& Archivio)
     else
         Fatture.Execute(u"INSERT INTO Fatture (Rif, NumF, DataF, CorriF, IDContab, TipoF, ModoF) "
                         "VALUES (?, ?, ?, ?, ?, 'A', 'E')"_s,
-                        Chiave + Dati + QVariantList{sessione::RichiestaPV2.Scelta});
+                        Chiave + Dati + QVariantList{IDContab});
 }
 
 }  // namespace
@@ -103,8 +103,15 @@ QString CartellaCompagna()
     return Cartella;
 }
 
-void ConsegnaFattura(int Tipo)
+int ContatoreDi(const Parcella& Nota)
 {
+    // The row bears the reference of the session, which another note may have changed meanwhile.
+    return Nota.NsRif == sessione::RichiestaPV2.ID ? Nota.Scelta : 0;
+}
+
+void ConsegnaFattura(const Parcella& Nota)
+{
+    const int Tipo = Nota.cmbTipoStampa;
     if (Tipo != StampaFatturaSintetica && Tipo != StampaFatturaAnalitica)
         return;
     if (NumeroFattura().isEmpty()) {
@@ -116,17 +123,17 @@ void ConsegnaFattura(int Tipo)
                "Trasferisco i dati della fattura anche all'applicazione Praxivo?"_s,
                vbYesNo + vbQuestion, TitoloDomanda.toString()) != vbYes)
         return;
-    SalvaFatturaPV2();
+    SalvaFatturaPV2(ContatoreDi(Nota));
     InvioMsgPV2();
 }
 
-void SalvaFatturaPV2()
+void SalvaFatturaPV2(int IDContab)
 {
     if (sessione::ArchivioPrat.isEmpty())
         return;
     try {
         const ClessidraAccesa Occupato;  // an archive in use by somebody else is waited for
-        ScriviFattura(PercorsoNativo(sessione::ArchivioPrat));
+        ScriviFattura(PercorsoNativo(sessione::ArchivioPrat), IDContab);
     } catch (const std::exception&) {
         MsgBox(u"Si è verificato un errore nel salvataggio dei dati fattura su PV"_s, vbCritical,
                u"Errore!"_s);

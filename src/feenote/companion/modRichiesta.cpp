@@ -146,8 +146,13 @@ void ApplicaRichiesta(Parcella& Nota, const Richiesta& Dati)
     SetModificata(Nota, false);
 }
 
-void AdottaRiferimento(const Parcella& Nota)
+void AdottaRiferimento(Parcella& Nota)
 {
-    if (!Nota.NsRif.isEmpty())
-        sessione::RichiestaPV2.ID = Nota.NsRif;
+    if (Nota.NsRif.isEmpty())
+        return;
+    Richiesta& InCorso = sessione::RichiestaPV2;
+    if (InCorso.ID == Nota.NsRif)
+        Nota.Scelta = InCorso.Scelta;
+    else
+        InCorso = {.ID = Nota.NsRif};
 }

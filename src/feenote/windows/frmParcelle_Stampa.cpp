@@ -304,7 +304,7 @@ void frmParcelle::DopoSalvataggio()
         Protetta([this] { (void)Componi(); });
         // What could not be composed leaves nothing to hand over: the last figures are another document's.
         if (!sessione::RichiestaPV2.ID.isEmpty() && Protetta([this] { (void)Componi(true); }))
-            ConsegnaFattura(Nota.cmbTipoStampa);
+            ConsegnaFattura(Nota);
     }
     InvioMsgPV2();
 }

@@ -19,8 +19,20 @@ const QString SenzaNumero = u"I dati della fattura non possono essere inviati a 
 const QString Domanda = u"E' stata salvata la parcella come fattura.\n"
                         u"Trasferisco i dati della fattura anche all'applicazione Praxivo?"_s;
 
+constexpr int Contatore = 11;
+
 const QStringList Colonne{u"Rif"_s,   u"NumF"_s,   u"DataF"_s,   u"TipoF"_s,
                           u"ModoF"_s, u"CorriF"_s, u"IDContab"_s};
+
+/// A note that the request was for, printed as this document.
+Parcella DellaPratica(int Tipo)
+{
+    Parcella Nota;
+    Nota.NsRif = sessione::RichiestaPV2.ID;
+    Nota.Scelta = sessione::RichiestaPV2.Scelta;
+    Nota.cmbTipoStampa = Tipo;
+    return Nota;
+}
 
 QList<QVariantList> Righe(const QString& Archivio, const QString& Origine, const QStringList& Quali)
 {
@@ -69,6 +81,8 @@ private Q_SLOTS:
     void consegnaConArchivioGuasto();
     void consegnaSenzaArchivio();
     void ilSegnale();
+    void ilContatoreEDellaNota_data();
+    void ilContatoreEDellaNota();
     void ultimaStampaSoloConRichiesta();
     void ultimaStampaDiOgniTipo_data();
     void ultimaStampaDiOgniTipo();
@@ -92,7 +106,7 @@ void TestPV2::init()
     File = Ufficio->File(u"pratiche.mdb"_s);
     CreaArchivioPratiche(File);
     sessione::ArchivioPrat = File;
-    sessione::RichiestaPV2 = {u"P12"_s, 0, 0, 0.0, 0, 0, 11};
+    sessione::RichiestaPV2 = {u"P12"_s, 0, 0, 0.0, 0, 0, Contatore};
     MemorizzaUltimaStampa({1234.56, u"8"_s, u"21/11/2026"_s, false});
     Segnali.clear();
     Clessidre.clear();
@@ -114,7 +128,7 @@ void TestPV2::cleanup()
 void TestPV2::laRigaNuova()
 {
     const Registratore Voce;
-    SalvaFatturaPV2();
+    SalvaFatturaPV2(Contatore);
     const QList<QVariantList> Attese{{u"P7"_s, u"3"_s, QDate(2026, 2, 1), u"A"_s, u"E"_s, 250.5, 1},
                                      {u"P12"_s, u"8"_s, QDate(2026, 11, 21), u"A"_s, u"E"_s, 1234.56, 11}};
     QCOMPARE(Righe(File, u"Fatture"_s, Colonne), Attese);
@@ -141,7 +155,7 @@ void TestPV2::laDataCheNonEUnaData()
     QFETCH(QString, Data);
     const Registratore Voce;
     MemorizzaUltimaStampa({100.0, u"8"_s, Data, false});
-    SalvaFatturaPV2();
+    SalvaFatturaPV2(Contatore);
     QCOMPARE(Aggiunte().size(), 1);
     QTEST(Aggiunte().first()[2], "Attesa");
     // As the engine keeps it: dates as text of the one form, no date as Null.
@@ -171,9 +185,9 @@ void TestPV2::lImporto()
     const Registratore Voce;
     for (const bool Prima : {true, false}) {
         MemorizzaUltimaStampa({Prima ? 7.0 : Importo, Prima ? u"9"_s : u"8"_s, {}, false});
-        SalvaFatturaPV2();  // once added, once changed
+        SalvaFatturaPV2(Contatore);  // once added, once changed
         MemorizzaUltimaStampa({Importo, u"9"_s, {}, false});
-        SalvaFatturaPV2();
+        SalvaFatturaPV2(Contatore);
     }
     QCOMPARE(Aggiunte().size(), 2);
     for (const QVariantList& Riga : Aggiunte()) {
@@ -187,7 +201,7 @@ void TestPV2::importoCheNonEUnNumero()
     Registratore Voce;
     Voce.Attendi(Guasto, vbOK, u"Errore!"_s);
     MemorizzaUltimaStampa({std::numeric_limits<double>::infinity(), u"8"_s, {}, false});
-    SalvaFatturaPV2();
+    SalvaFatturaPV2(Contatore);
     QVERIFY(Aggiunte().isEmpty());
 }
 
@@ -212,7 +226,7 @@ void TestPV2::leVirgoletteRestanoTesto()
     sessione::RichiestaPV2.ID = Rif;
     for (const double Importo : {100.0, 200.0}) {
         MemorizzaUltimaStampa({Importo, Numero, u"21/11/2026"_s, false});
-        SalvaFatturaPV2();
+        SalvaFatturaPV2(Contatore);
         const QList<QVariantList> Attese{{Rif, Numero, QDate(2026, 11, 21), u"A"_s, u"E"_s, Importo, 11}};
         QCOMPARE(Aggiunte(), Attese);
     }
@@ -224,17 +238,16 @@ void TestPV2::leVirgoletteRestanoTesto()
 void TestPV2::laStessaFatturaDueVolte()
 {
     const Registratore Voce;
-    SalvaFatturaPV2();
+    SalvaFatturaPV2(Contatore);
     MemorizzaUltimaStampa({99.5, u"9"_s, u"22/11/2026"_s, false});
-    SalvaFatturaPV2();
+    SalvaFatturaPV2(Contatore);
     sessione::RichiestaPV2.ID = u"P13"_s;
     MemorizzaUltimaStampa({5.0, u"8"_s, u"23/11/2026"_s, false});
-    SalvaFatturaPV2();
+    SalvaFatturaPV2(Contatore);
 
     sessione::RichiestaPV2.ID = u"P12"_s;
-    sessione::RichiestaPV2.Scelta = 77;
     MemorizzaUltimaStampa({2000.0, u"8"_s, {}, false});
-    SalvaFatturaPV2();
+    SalvaFatturaPV2(77);
     const QList<QVariantList> Attese{
         {u"P12"_s, u"8"_s, QVariant(), u"A"_s, u"E"_s, 2000.0,
          11},  // the counter stays that of the first time
@@ -248,10 +261,10 @@ void TestPV2::laChiaveNonGuardaLeMaiuscole()
 {
     const Registratore Voce;
     MemorizzaUltimaStampa({1.0, u"8/à"_s, {}, false});
-    SalvaFatturaPV2();
+    SalvaFatturaPV2(Contatore);
     sessione::RichiestaPV2.ID = u"p12"_s;
     MemorizzaUltimaStampa({2.0, u"8/À"_s, {}, false});
-    SalvaFatturaPV2();
+    SalvaFatturaPV2(Contatore);
     QCOMPARE(Aggiunte().size(), 1);
     QCOMPARE(Aggiunte().first()[0], QVariant(u"P12"_s));
     QCOMPARE(Aggiunte().first()[5], QVariant(2.0));
@@ -260,9 +273,9 @@ void TestPV2::laChiaveNonGuardaLeMaiuscole()
 void TestPV2::gliSpaziAttornoAlNumero()
 {
     const Registratore Voce;
-    SalvaFatturaPV2();
+    SalvaFatturaPV2(Contatore);
     MemorizzaUltimaStampa({2.0, u" 8 "_s, {}, false});
-    SalvaFatturaPV2();
+    SalvaFatturaPV2(Contatore);
     QCOMPARE(Aggiunte().size(), 1);
     QCOMPARE(Aggiunte().first()[1], QVariant(u"8"_s));
     QCOMPARE(Aggiunte().first()[5], QVariant(2.0));
@@ -288,7 +301,7 @@ void TestPV2::piuLungoDellaColonna()
         Voce.Attendi(Guasto, vbOK, u"Errore!"_s);
     sessione::RichiestaPV2.ID = Rif;
     MemorizzaUltimaStampa({1.0, Numero, {}, false});
-    SalvaFatturaPV2();
+    SalvaFatturaPV2(Contatore);
     QCOMPARE(Aggiunte().size(), Entra ? 1 : 0);
 }
 
@@ -301,8 +314,8 @@ void TestPV2::tabellaDiUnAltroProgramma()
     CreateDatabase(File).Execute(
         u"CREATE TABLE fatture (IDContab INTEGER, corrif NUMERIC(15,2), numf VARCHAR(12), rif VARCHAR(12), "
         "dataf DATE, tipof CHAR(1), modof CHAR(1), Pagata INTEGER DEFAULT 0)"_s);
-    SalvaFatturaPV2();
-    SalvaFatturaPV2();
+    SalvaFatturaPV2(Contatore);
+    SalvaFatturaPV2(Contatore);
     const QList<QVariantList> Attese{{u"P12"_s, u"8"_s, QDate(2026, 11, 21), u"A"_s, u"E"_s, 1234.56, 11}};
     QCOMPARE(Righe(File, u"Fatture"_s, Colonne), Attese);
 }
@@ -311,7 +324,7 @@ void TestPV2::senzaArchivio()
 {
     const Registratore Voce;
     sessione::ArchivioPrat.clear();
-    SalvaFatturaPV2();
+    SalvaFatturaPV2(Contatore);
     QVERIFY(Aggiunte().isEmpty());
     QCOMPARE(Clessidre, QString());
 }
@@ -350,7 +363,7 @@ void TestPV2::archivioGuasto()
 
     Registratore Voce;
     Voce.Attendi(Guasto, vbOK, u"Errore!"_s);
-    SalvaFatturaPV2();
+    SalvaFatturaPV2(Contatore);
     QCOMPARE(Voce.Ultimo().Bandiere, vbCritical);
     QCOMPARE(EsisteFile(File) ? LeggiFile(File) : QByteArray(), Prima);
     QCOMPARE(QDir(Ufficio->Cartella()).entryList(QDir::AllEntries | QDir::Hidden), Accanto);
@@ -373,7 +386,7 @@ void TestPV2::consegnaSoloLeFatture()
     Registratore Voce;
     if (Fattura)
         Voce.Attendi(Domanda, vbYes, u"Domanda:"_s);
-    ConsegnaFattura(Tipo);
+    ConsegnaFattura(DellaPratica(Tipo));
     QCOMPARE(Voce.Mostrati().size(), Fattura ? 1 : 0);
     QCOMPARE(Aggiunte().size(), Fattura ? 1 : 0);
     QCOMPARE(Segnali.size(), Fattura ? 1 : 0);
@@ -392,7 +405,7 @@ void TestPV2::consegnaSenzaNumero()
     MemorizzaUltimaStampa({100.0, Numero, u"21/11/2026"_s, false});
     Registratore Voce;
     Voce.Attendi(SenzaNumero, vbOK, u"Errore:"_s);
-    ConsegnaFattura(StampaFatturaAnalitica);
+    ConsegnaFattura(DellaPratica(StampaFatturaAnalitica));
     QVERIFY(Aggiunte().isEmpty());
     QCOMPARE(Segnali, QStringList());
 }
@@ -401,7 +414,7 @@ void TestPV2::consegnaRifiutata()
 {
     Registratore Voce;
     Voce.Attendi(Domanda, vbNo, u"Domanda:"_s);
-    ConsegnaFattura(StampaFatturaSintetica);
+    ConsegnaFattura(DellaPratica(StampaFatturaSintetica));
     QCOMPARE(Voce.Mostrato(0).Bandiere, vbYesNo + vbQuestion);
     QVERIFY(Aggiunte().isEmpty());
     QCOMPARE(Segnali, QStringList());
@@ -411,7 +424,7 @@ void TestPV2::consegnaAccettata()
 {
     Registratore Voce;
     Voce.Attendi(Domanda, vbYes);
-    ConsegnaFattura(StampaFatturaSintetica);
+    ConsegnaFattura(DellaPratica(StampaFatturaSintetica));
     QCOMPARE(Aggiunte().size(), 1);
     QCOMPARE(Segnali, QStringList{u"Praxivo - Gestione pratiche<refresh"_s});
 }
@@ -422,7 +435,7 @@ void TestPV2::consegnaConArchivioGuasto()
     Registratore Voce;
     Voce.Attendi(Domanda, vbYes);
     Voce.Attendi(Guasto, vbOK, u"Errore!"_s);
-    ConsegnaFattura(StampaFatturaSintetica);
+    ConsegnaFattura(DellaPratica(StampaFatturaSintetica));
     QCOMPARE(Segnali.size(), 1);  // the document in her folder is new all the same
 }
 
@@ -432,7 +445,7 @@ void TestPV2::consegnaSenzaArchivio()
     sessione::ArchivioPrat.clear();
     Registratore Voce;
     Voce.Attendi(Domanda, vbYes);
-    ConsegnaFattura(StampaFatturaSintetica);
+    ConsegnaFattura(DellaPratica(StampaFatturaSintetica));
     QVERIFY(Aggiunte().isEmpty());
     QCOMPARE(Segnali.size(), 1);
 }
@@ -445,6 +458,36 @@ void TestPV2::ilSegnale()
     QCOMPARE(Segnali, QStringList{u"Praxivo - Gestione pratiche<refresh"_s});
     InstallaShell({});
     InvioMsgPV2();  // nowhere to go, and nothing to tell
+}
+
+void TestPV2::ilContatoreEDellaNota_data()
+{
+    QTest::addColumn<QString>("Rif");
+    QTest::addColumn<int>("Scelta");
+    QTest::addColumn<QString>("Sessione");
+    QTest::addColumn<int>("Atteso");
+    QTest::newRow("la richiesta della nota") << u"P12"_s << 11 << u"P12"_s << 11;
+    QTest::newRow("di un'altra pratica") << u"P77"_s << 0 << u"P77"_s << 0;
+    QTest::newRow("la sessione passata a un'altra") << u"P12"_s << 11 << u"P77"_s << 0;
+    QTest::newRow("senza riferimento") << QString() << 0 << u"P12"_s << 0;
+}
+
+void TestPV2::ilContatoreEDellaNota()
+{
+    QFETCH(QString, Rif);
+    QFETCH(int, Scelta);
+    QFETCH(QString, Sessione);
+    Parcella Nota;
+    Nota.NsRif = Rif;
+    Nota.Scelta = Scelta;
+    Nota.cmbTipoStampa = StampaFatturaSintetica;
+    sessione::RichiestaPV2 = {Sessione, 0, 0, 0.0, 0, 0, 7};
+    Registratore Voce;
+    Voce.Attendi(Domanda, vbYes);
+    ConsegnaFattura(Nota);
+    QCOMPARE(Aggiunte().size(), 1);
+    QCOMPARE(Aggiunte().first()[0].toString(), Sessione);
+    QTEST(Aggiunte().first()[6].toInt(), "Atteso");
 }
 
 // ---- what a composed note leaves

@@ -210,14 +210,30 @@ void TestRichiestaApplicata::mentreSiDiceNonSiCompone()
 void TestRichiestaApplicata::ilRiferimentoFaLaSessione()
 {
     const Studio Ufficio;
+    sessione::RichiestaPV2 = Chiedi(CategPenale, 2, 30000);
+    sessione::RichiestaPV2.Scelta = 7;
+    const Richiesta InCorso = sessione::RichiestaPV2;
     Parcella Nota;
     NuovaParcella(Nota);
-    sessione::RichiestaPV2 = Chiedi(0, 2, 0);
     AdottaRiferimento(Nota);
-    QCOMPARE(sessione::RichiestaPV2.ID, u"2024/7"_s);  // a note without one leaves the session as it is
-    Nota.NsRif = u"P77"_s;
+    QVERIFY(sessione::RichiestaPV2 == InCorso);  // a note without one leaves the session as it is
+    QCOMPARE(Nota.Scelta, 0);
+
+    // A file of the matter that the request is for.
+    Nota.NsRif = u"2024/7"_s;
     AdottaRiferimento(Nota);
-    QCOMPARE(sessione::RichiestaPV2.ID, u"P77"_s);
+    QVERIFY(sessione::RichiestaPV2 == InCorso);
+    QCOMPARE(Nota.Scelta, 7);
+
+    // Of another matter: nothing that was asked for the first one is left, not even on the way back.
+    Parcella Altra;
+    NuovaParcella(Altra);
+    for (const QString& Rif : {u"P77"_s, u"2024/7"_s}) {
+        Altra.NsRif = Rif;
+        AdottaRiferimento(Altra);
+        QVERIFY(sessione::RichiestaPV2 == Richiesta{.ID = Rif});
+        QCOMPARE(Altra.Scelta, 0);
+    }
 }
 
 #include "TestRichiestaApplicata.moc"

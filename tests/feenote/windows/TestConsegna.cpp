@@ -88,6 +88,8 @@ private Q_SLOTS:
     void senzaCartellaDellePagine();
     void cartellaDellePagineCheManca();
     void laSessioneDelRiferimentoNonHaArchivio();
+    void laNotaDiUnAltraPraticaNonHaContatore();
+    void laRichiestaDaLaNotaAlContatore();
 
 private:
     void Documento(int Tipo);
@@ -170,6 +172,8 @@ void TestConsegna::ApriPratica()
 {
     sessione::RichiestaPV2.ID = u"P12"_s;
     sessione::RichiestaPV2.Scelta = 11;
+    F->Nota.NsRif = sessione::RichiestaPV2.ID;
+    F->Nota.Scelta = sessione::RichiestaPV2.Scelta;
     sessione::ArchivioPrat = T->Ufficio.File(u"pratiche.mdb"_s);
     CreaArchivioPratiche(sessione::ArchivioPrat);
     const QString Cartella = T->Ufficio.File(u"Praxivo"_s);
@@ -526,6 +530,36 @@ void TestConsegna::laSessioneDelRiferimentoNonHaArchivio()
     QVERIFY(F->SalvaParcella(false));
     sessione::ArchivioPrat = Archivio;
     QCOMPARE(Fatture(), QStringList());
+}
+
+void TestConsegna::laNotaDiUnAltraPraticaNonHaContatore()
+{
+    ApriPratica();
+    Fattura(u"9"_s, u"21/11/2026"_s);
+    AttendiSalvata(u"P12-uno.mdb"_s);
+    T->Voce.Attendi(Trasferisco, vbNo);
+    QVERIFY(F->SalvaParcella(false));
+    OpenDatabase(T->Ufficio.File(u"P12-uno.mdb"_s)).Execute(u"UPDATE ParcellaParam SET NsRif='P77'"_s);
+
+    F->Carica(T->Ufficio.File(u"P12-uno.mdb"_s));
+    F->SetModificata(true);
+    AttendiSalvata(u"P12-uno.mdb"_s);
+    T->Voce.Attendi(Trasferisco, vbYes);
+    QVERIFY(F->SalvaParcella(false));
+    QCOMPARE(Fatture(), QStringList{u"P77|9|21/11/2026|A|E|1500,5|0"_s});
+}
+
+void TestConsegna::laRichiestaDaLaNotaAlContatore()
+{
+    ApriPratica();
+    F->Nuova(u"P12"_s);
+    RigaOnorario(F->Nota, u"Studio"_s, 1200.0);
+    ClicScheda(F, SchedaDiStampa);
+    Fattura(u"9"_s, u"21/11/2026"_s);
+    AttendiSalvata(u"P12-uno.mdb"_s);
+    T->Voce.Attendi(Trasferisco, vbYes);
+    QVERIFY(F->SalvaParcella(false));
+    QCOMPARE(Fatture(), QStringList{u"P12|9|21/11/2026|A|E|1200|11"_s});
 }
 
 #include "TestConsegna.moc"
