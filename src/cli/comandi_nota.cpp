@@ -5,6 +5,7 @@
 #include "feenote/file/modLettura.h"
 #include "feenote/file/modPosaFile.h"
 #include "feenote/modDatiStampa.h"
+#include "feenote/modInterruttori.h"
 #include "platform/base/errore.h"
 #include "platform/pages/impaginazione.h"
 #include "platform/system/percorsi.h"

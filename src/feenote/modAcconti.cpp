@@ -18,14 +18,14 @@ QChar PrimaLettera(const QVariant& Valuta)
 int NuovoAcconto(Parcella& Nota)
 {
     const int Riga = Nota.xAcconti.AggiungiRiga();
-    Nota.xAcconti(Riga, AccValuta) = QString(ValutaEuro);
+    Nota.xAcconti(Riga, AccValuta) = QString(LetteraEuro);
     return Riga;
 }
 
 bool CheckAcconto(TabellaRighe& Righe, int Riga)
 {
     const QChar Valuta = PrimaLettera(Righe(Riga, AccValuta));
-    if (Valuta != ValutaEuro && Valuta != ValutaLire) {
+    if (Valuta != LetteraEuro && Valuta != LetteraLire) {
         MsgErrore(u"Immettere L o E"_s);
         return false;
     }
@@ -38,7 +38,7 @@ bool CheckAcconto(TabellaRighe& Righe, int Riga)
 
 bool InEuro(const QVariant& Valuta)
 {
-    return PrimaLettera(Valuta) == ValutaEuro;
+    return PrimaLettera(Valuta) == LetteraEuro;
 }
 
 QString ParolaValuta(const QVariant& Valuta)
@@ -48,7 +48,7 @@ QString ParolaValuta(const QVariant& Valuta)
 
 QString AltraValuta(const QVariant& Valuta)
 {
-    return QString(InEuro(Valuta) ? ValutaLire : ValutaEuro);
+    return QString(InEuro(Valuta) ? LetteraLire : LetteraEuro);
 }
 
 QString TestoAcconto(const QVariant& Importo, const QVariant& Valuta)

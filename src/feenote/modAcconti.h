@@ -3,8 +3,9 @@
 
 #include "feenote/parcella.h"
 
-inline constexpr QChar ValutaEuro = u'E';
-inline constexpr QChar ValutaLire = u'L';
+/// The currency of a row, as the table and the file hold it.
+inline constexpr QChar LetteraEuro = u'E';
+inline constexpr QChar LetteraLire = u'L';
 
 /// Appends a row as the grid's new row begins: currency "E", no amounts. Returns its index.
 int NuovoAcconto(Parcella& Nota);

@@ -3,7 +3,7 @@
 #include "addressbook/modClienti.h"
 #include "core/sessione.h"
 #include "feenote/modBloccoCliente.h"
-#include "feenote/modTotali.h"
+#include "feenote/modInterruttori.h"
 #include "platform/system/messaggi.h"
 
 #include <algorithm>

@@ -1,6 +1,7 @@
 #include "feenote/modGraduazione.h"
 
 #include "core/modErrori.h"
+#include "feenote/modRighe.h"
 #include "platform/base/regionale.h"
 #include "platform/system/messaggi.h"
 #include "tariffs/modTariffe.h"
@@ -23,11 +24,6 @@ constexpr std::array<Didascalie, NumFasce> NomiFasce{{
     {u"MEDIO       (", u"MEDI        (Tot.: "},
     {u"MASSIMO  (", u"MASSIMI  (Tot.: "},
 }};
-
-QString TestoImporto(double Valore)
-{
-    return Format(Valore, u"#,##0.00;-#,##0.00;0");
-}
 
 QString TestoGraduato(const PannelloModOno& Pannello, int Posizione)
 {

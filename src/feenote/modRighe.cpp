@@ -19,3 +19,8 @@ double SommaColonna(const TabellaRighe& Tabella, int Colonna)
         Somma += NumeroDi(Tabella(Riga, Colonna));
     return Somma;
 }
+
+QString TestoImporto(double Euro)
+{
+    return Format(Euro, u"#,##0.00;-#,##0.00;0");
+}

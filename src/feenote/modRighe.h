@@ -57,3 +57,6 @@ enum class TipoRiga { Onorari, Diritti };
 
 /// Sum of a column; cells that hold no number count 0. The order is the rows'.
 [[nodiscard]] double SommaColonna(const TabellaRighe& Tabella, int Colonna);
+
+/// An amount in euro as lists, sums and documents show it: "1.234,50", "-5,00", 0 as "0".
+[[nodiscard]] QString TestoImporto(double Euro);

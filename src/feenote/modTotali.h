@@ -1,4 +1,4 @@
-// Running sums of the lines and the tax chain. Computed afresh each time; nothing of it is stored.
+// Sums of the lines and the tax chain. Computed afresh each time; nothing of it is stored.
 //
 // Law behind the chain: L. 247/2012 art. 13 and D.m. 140/2012 (fees, general expenses), L. 576/1980
 // art. 11 (pension-fund contribution), D.P.R. 633/1972 (VAT; exempt expenses art. 15), D.P.R. 600/1973
@@ -85,43 +85,5 @@ struct Catena
 [[nodiscard]] Catena CatenaFiscale(const DatiCatena& Dati);
 [[nodiscard]] Catena CatenaFiscale(const Parcella& Nota, int Tipo);
 
-// ---- the switches -------------------------------------------------------------------------------
-
-/// The four switches that carry a percent box.
-enum class Imposta { IVA, RA, CP, SpeseGen };
-
-/// A click on a switch: the box takes the session's default, or is emptied; the note is marked; outside the
-/// court costs note the switch is remembered.
-/// @return true when the warning of the court costs note is due, at most once per window
-[[nodiscard]] bool ClicImposta(Parcella& Nota, Imposta Quale, bool Attiva);
-
-/// Highest percent of a tax, of the pension fund and of general expenses.
-inline constexpr double MassimoPercento = 100.0;
-
-/// The text of a percent box changed.
-void CambiaPercento(Parcella& Nota, Imposta Quale, const QString& Testo);
-
-/// chkRegSempl changed: VAT and withholding are cleared and disabled, deferred VAT too; lifting it brings
-/// back what the note had, deferred VAT excepted.
-void CambiaRegime(Parcella& Nota, bool Attivo);
-
-/// chkMinMax and chkAcconti changed by the user.
-void CambiaMinMax(Parcella& Nota, bool Attivo);
-void CambiaAcconti(Parcella& Nota, bool Attivo);
-
-/// Copies all switches and box texts into the memory that print types restore from.
-void RicordaStampa(Parcella& Nota);
-
-/// The switches and box texts of the note itself, whatever the print type in view forces: what its file
-/// keeps. What the subsidised regime has cleared is cleared here too, since no file knows the regime.
-[[nodiscard]] MemoriaStampa StampaPropria(const Parcella& Nota);
-
-/// The print type was chosen: switches are forced, disabled or restored by its rules.
-void ScegliTipoStampa(Parcella& Nota, int Tipo);
-
 /// "lblRiep" and the number after the one given.
 [[nodiscard]] QString Riep(int n);
-
-/// "Applicata riduzione del 50% per ..." / "Applicato aumento 20% per ..." as documents print it; empty
-/// without a variation, no "per ..." for the free one.
-[[nodiscard]] QString FraseVariazione(const Parcella& Nota);

@@ -188,3 +188,15 @@ QString SuggerimentoAumRidOno(const Parcella& Nota)
     return u"Applicat"_s + (Nota.AumRidVarP < 0 ? u"a riduzione "_s : u"o aumento "_s) + u"per "_s +
            DidascaliaAumRid(Nota.AumRidIdx);
 }
+
+QString FraseVariazione(const Parcella& Nota)
+{
+    if (Nota.AumRidVarP == 0)
+        return {};
+    QString Frase = u"Applicat"_s + (Nota.AumRidVarP >= 1 ? u"o aumento "_s : u"a riduzione del "_s) +
+                    QString::number(std::abs(Nota.AumRidVarP)) + u"% "_s;
+    const QString Didascalia = DidascaliaAumRid(Nota.AumRidIdx);
+    if (Nota.AumRidIdx != AumRidLibera && !Didascalia.isEmpty())
+        Frase += u"per "_s + Didascalia;
+    return Frase;
+}

@@ -53,3 +53,7 @@ void LasciaAumRid(Parcella& Nota);
 [[nodiscard]] QString TestoAumRidOno(const Parcella& Nota);
 /// Its tooltip: "Applicato aumento per ..." / "Applicata riduzione per ...".
 [[nodiscard]] QString SuggerimentoAumRidOno(const Parcella& Nota);
+
+/// "Applicata riduzione del 50% per ..." / "Applicato aumento 20% per ..." as documents print it; empty
+/// without a variation, no "per ..." for the free one.
+[[nodiscard]] QString FraseVariazione(const Parcella& Nota);

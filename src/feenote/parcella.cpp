@@ -1,8 +1,8 @@
 #include "feenote/parcella.h"
 
 #include "core/sessione.h"
+#include "feenote/modInterruttori.h"
 #include "feenote/modParametri.h"
-#include "feenote/modTotali.h"
 #include "feenote/modVariazione.h"
 
 using namespace Qt::StringLiterals;

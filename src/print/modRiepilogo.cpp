@@ -1,5 +1,6 @@
 #include "print/modRiepilogo.h"
 
+#include "feenote/modVariazione.h"
 #include "print/modCorpo.h"
 #include "print/modLettere.h"
 
@@ -9,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 QString ImportoStampa(double Euro)
 {
-    return Format(Euro, u"#,##0.00;-#,##0.00;0");
+    return TestoImporto(Euro);
 }
 
 namespace {

@@ -6,7 +6,7 @@
 
 #include <QList>
 
-/// The amount format of all documents: "#,##0.00;-#,##0.00;0".
+/// The amount format of all documents.
 [[nodiscard]] QString ImportoStampa(double Euro);
 
 /// One row of the summary.

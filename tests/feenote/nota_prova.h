@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/sessione.h"
+#include "feenote/modInterruttori.h"
 #include "feenote/modOnorari.h"
 #include "feenote/modParametri.h"
 #include "feenote/modTotali.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "campioni.h"
-#include "feenote/modTotali.h"
+#include "feenote/modInterruttori.h"
 #include "platform/system/orologio.h"
 #include "print/modStampe.h"
 

@@ -5,7 +5,7 @@
 #include "feenote/file/lettorejson.h"
 #include "feenote/file/modPassword.h"
 #include "feenote/modDatiStampa.h"
-#include "feenote/modTotali.h"
+#include "feenote/modInterruttori.h"
 #include "platform/base/errore.h"
 #include "platform/database/valori.h"
 

@@ -2,7 +2,7 @@
 
 #include "core/sessione.h"
 #include "feenote/modDatiStampa.h"
-#include "feenote/modTotali.h"
+#include "feenote/modInterruttori.h"
 #include "tariffs/modTariffe.h"
 
 #include <array>

@@ -5,10 +5,10 @@
 #include "feenote/file/modPassword.h"
 #include "feenote/modAcconti.h"
 #include "feenote/modDatiStampa.h"
+#include "feenote/modInterruttori.h"
 #include "feenote/modOnorari.h"
 #include "feenote/modParametri.h"
 #include "feenote/modSpese.h"
-#include "feenote/modTotali.h"
 #include "feenote/modVariazione.h"
 #include "platform/base/errore.h"
 

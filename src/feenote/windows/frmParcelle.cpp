@@ -310,17 +310,16 @@ void frmParcelle::RefreshGrid()
     ui->lblTotal->setText(Testi.Total);
 
     const Somme Sommate = CalcolaSomme(Nota);
-    const auto Importo = [](double Valore) { return Format(Valore, u"#,##0.00;-#,##0.00;0"); };
     if (Scheda() == SchedaListaOnorari) {
         uiOnorari->tdbOnor->Pie(OnoDescr, u"Totali "_s);
-        uiOnorari->tdbOnor->Pie(OnoImporto, Importo(Sommate.TotOnorari));
-        uiOnorari->tdbOnor->Pie(OnoMedio, Importo(Sommate.TotMed));
-        uiOnorari->tdbOnor->Pie(OnoMin, Importo(Sommate.TotMin));
-        uiOnorari->tdbOnor->Pie(OnoMax, Importo(Sommate.TotMax));
+        uiOnorari->tdbOnor->Pie(OnoImporto, TestoImporto(Sommate.TotOnorari));
+        uiOnorari->tdbOnor->Pie(OnoMedio, TestoImporto(Sommate.TotMed));
+        uiOnorari->tdbOnor->Pie(OnoMin, TestoImporto(Sommate.TotMin));
+        uiOnorari->tdbOnor->Pie(OnoMax, TestoImporto(Sommate.TotMax));
     } else if (Scheda() == SchedaListaSpese) {
         uiSpese->tdbDir->Pie(DirDescr, u"Totali "_s);
-        uiSpese->tdbDir->Pie(DirImponibile, Importo(Sommate.TotSpeseImp));
-        uiSpese->tdbDir->Pie(DirEsente, Importo(Sommate.TotSpeseEsenti));
+        uiSpese->tdbDir->Pie(DirImponibile, TestoImporto(Sommate.TotSpeseImp));
+        uiSpese->tdbDir->Pie(DirEsente, TestoImporto(Sommate.TotSpeseEsenti));
     }
 }
 

@@ -5,7 +5,7 @@
 #include "core/modErrori.h"
 #include "core/sessione.h"
 #include "feenote/modAcconti.h"
-#include "feenote/modTotali.h"
+#include "feenote/modInterruttori.h"
 #include "feenote/windows/mostra.h"
 #include "feenote/windows/righegriglia.h"
 #include "platform/grid/griglia.h"
@@ -17,25 +17,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A tax of the tab: its switch, its box, and where the record keeps them.
-struct VoceImposta
+/// The controls of a tax.
+struct ControlliImposta
 {
-    Imposta Quale;
+    Imposta Tassa;
     QCheckBox* Ui::SchedaAcconti::*Tick;
     QLineEdit* Ui::SchedaAcconti::*Box;
-    Spunta Parcella::*DatoTick;
-    Casella Parcella::*DatoBox;
 };
 
-constexpr std::array VociImposte{
-    VoceImposta{Imposta::SpeseGen, &Ui::SchedaAcconti::chkSpeseGen, &Ui::SchedaAcconti::txtSpeGen,
-                &Parcella::chkSpeseGen, &Parcella::txtSpeGen},
-    VoceImposta{Imposta::CP, &Ui::SchedaAcconti::chkCP, &Ui::SchedaAcconti::txtCP, &Parcella::chkCP,
-                &Parcella::txtCP},
-    VoceImposta{Imposta::IVA, &Ui::SchedaAcconti::chkIva, &Ui::SchedaAcconti::txtIVA, &Parcella::chkIva,
-                &Parcella::txtIVA},
-    VoceImposta{Imposta::RA, &Ui::SchedaAcconti::chkRA, &Ui::SchedaAcconti::txtRA, &Parcella::chkRA,
-                &Parcella::txtRA},
+constexpr std::array ControlliImposte{
+    ControlliImposta{Imposta::SpeseGen, &Ui::SchedaAcconti::chkSpeseGen, &Ui::SchedaAcconti::txtSpeGen},
+    ControlliImposta{Imposta::CP, &Ui::SchedaAcconti::chkCP, &Ui::SchedaAcconti::txtCP},
+    ControlliImposta{Imposta::IVA, &Ui::SchedaAcconti::chkIva, &Ui::SchedaAcconti::txtIVA},
+    ControlliImposta{Imposta::RA, &Ui::SchedaAcconti::chkRA, &Ui::SchedaAcconti::txtRA},
 };
 
 ColonnaGriglia ColonnaAcconto(const TabellaRighe* Tabella, const QString& Titolo, int Campo)
@@ -114,7 +108,7 @@ void frmParcelle::CollegaAcconti()
             return Testo.trimmed().toUpper();
         return Arrotonda2(NumeroDi(Testo));
     };
-    Righe->NuovaRiga = [this](int Riga) { Nota.xAcconti(Riga, AccValuta) = QString(ValutaEuro); };
+    Righe->NuovaRiga = [this](int Riga) { Nota.xAcconti(Riga, AccValuta) = QString(LetteraEuro); };
     Righe->LasciaRiga = [this](int Riga) { return CheckAcconto(Nota.xAcconti, Riga); };
     ::Collega(Righe, &Griglia::CellaScritta, this, [this] { SetModificata(true); });
     ::Collega(Righe, &Griglia::ClicCella, this, [this](int Riga, int Colonna) {
@@ -136,20 +130,20 @@ void frmParcelle::CollegaAcconti()
 
 void frmParcelle::CollegaImposte()
 {
-    for (const VoceImposta& Voce : VociImposte) {
+    for (const ControlliImposta& Voce : ControlliImposte) {
         ::Collega((*uiAcconti).*Voce.Tick, &QCheckBox::clicked, this, [this, Voce](bool Attiva) {
             bool Avviso = false;
-            ApplicaStampa([&] { Avviso = ClicImposta(Nota, Voce.Quale, Attiva); });
+            ApplicaStampa([&] { Avviso = ClicImposta(Nota, Voce.Tassa, Attiva); });
             if (Avviso)
                 AvvisaNotaGiudiziale();
         });
         QLineEdit* Box = (*uiAcconti).*Voce.Box;
         ::Collega(Box, &QLineEdit::textEdited, this, [this, Voce](const QString& Testo) {
-            CambiaPercento(Nota, Voce.Quale, Testo);
+            CambiaPercento(Nota, Voce.Tassa, Testo);
             SetModificata(true);
         });
         const auto Lasciata = [this, Voce] {
-            if (!PercentoAmmesso((Nota.*Voce.DatoBox).Numero()))
+            if (!PercentoAmmesso((Nota.*DatiImposta(Voce.Tassa).Box).Numero()))
                 return false;
             Ricomponi();
             return true;
@@ -169,9 +163,9 @@ void frmParcelle::MostraAcconti()
 
 void frmParcelle::MostraImposte()
 {
-    for (const VoceImposta& Voce : VociImposte) {
-        mostra::Segno((*uiAcconti).*Voce.Tick, Nota.*Voce.DatoTick);
-        mostra::Testo((*uiAcconti).*Voce.Box, Nota.*Voce.DatoBox);
+    for (const ControlliImposta& Voce : ControlliImposte) {
+        mostra::Segno((*uiAcconti).*Voce.Tick, Nota.*DatiImposta(Voce.Tassa).Tick);
+        mostra::Testo((*uiAcconti).*Voce.Box, Nota.*DatiImposta(Voce.Tassa).Box);
     }
     mostra::Segno(uiAcconti->chkAcconti, Nota.chkAcconti);
     mostra::Segno(uiAcconti->chkMinMax, Nota.chkMinMax);

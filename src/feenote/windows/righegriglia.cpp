@@ -25,7 +25,7 @@ constexpr int LunghezzaCifre = 40;
 
 QString Importo(const QVariant& Valore, int)
 {
-    return Valore.isValid() ? Format(NumeroDi(Valore), u"#,##0.00;-#,##0.00;0") : QString();
+    return Valore.isValid() ? TestoImporto(NumeroDi(Valore)) : QString();
 }
 
 /// True for the text of a number that lies beyond the limit, or beyond what can be read at all.
