@@ -1,6 +1,10 @@
 #include "feenote/modTotali.h"
 
 #include "feenote/modAcconti.h"
+#include "platform/base/decimale.h"
+
+#include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -58,6 +62,19 @@ double Applica(const Aliquota& Tassa, double Base)
     return Tassa.Vale ? Arrotonda2(Tassa.Perc * Base / 100) : 0.0;
 }
 
+/// A base as its decimals say it. Amounts that nearly cancel each other leave a binary rest, which would
+/// decide a tie of the tax: a base that prints as 213,50 and is a trifle less had its 44,835 of VAT rounded
+/// down.
+///
+/// @param Massimo the largest amount of the sum: what it is exact to is what the base can be exact to
+double SenzaResto(double Base, double Massimo)
+{
+    constexpr int CifreFidate = 14;  // of the 15 that a double holds, one goes into the sum
+    constexpr int MenoDecimali = 2;
+    constexpr int PiuDecimali = 6;
+    return Round(Base, std::clamp(CifreFidate - Scomponi(Massimo).Intere(), MenoDecimali, PiuDecimali));
+}
+
 }  // namespace
 
 SommeAcconti CalcolaAcconti(const Parcella& Nota, int Tipo)
@@ -92,17 +109,20 @@ DatiCatena RaccogliCatena(const Parcella& Nota, int Tipo)
 
 Catena CatenaFiscale(const DatiCatena& Dati)
 {
+    const SommeAcconti& Pagati = Dati.Acconti;
+    const double Massimo = std::max({std::abs(Dati.Onorari), std::abs(Dati.SpeseImp),
+                                     std::abs(Pagati.Corrispettivi), std::abs(Pagati.SpeseImp)});
     Catena Conti;
     Conti.Dati = Dati;
-    Conti.SpeseGen = Applica(Dati.SpeseGen, Dati.Onorari);
+    Conti.SpeseGen = Applica(Dati.SpeseGen, SenzaResto(Dati.Onorari, Dati.Onorari));
     // The order of this sum is part of its meaning; the base itself is not rounded.
-    Conti.Imponibile =
-        Dati.Onorari - Dati.Acconti.Corrispettivi + Dati.SpeseImp - Dati.Acconti.SpeseImp + Conti.SpeseGen;
-    Conti.CP = Applica(Dati.CP, Conti.Imponibile);
-    Conti.IVA = Applica(Dati.IVA, Conti.Imponibile + Conti.CP);
+    Conti.Imponibile = Dati.Onorari - Pagati.Corrispettivi + Dati.SpeseImp - Pagati.SpeseImp + Conti.SpeseGen;
+    const double Base = SenzaResto(Conti.Imponibile, Massimo);
+    Conti.CP = Applica(Dati.CP, Base);
+    Conti.IVA = Applica(Dati.IVA, SenzaResto(Base + Conti.CP, Massimo));
     Conti.Totale =
-        Arrotonda2(Conti.Imponibile + Conti.CP + Conti.IVA + Dati.SpeseEsenti - Dati.Acconti.SpeseEsenti);
-    Conti.RA = Applica(Dati.RA, Conti.Imponibile);
+        Arrotonda2(Conti.Imponibile + Conti.CP + Conti.IVA + Dati.SpeseEsenti - Pagati.SpeseEsenti);
+    Conti.RA = Applica(Dati.RA, Base);
     Conti.Netto = Arrotonda2(Conti.Totale - Conti.RA);
     return Conti;
 }

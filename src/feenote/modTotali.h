@@ -70,7 +70,8 @@ struct DatiCatena
 };
 [[nodiscard]] DatiCatena RaccogliCatena(const Parcella& Nota, int Tipo);
 
-/// The figures of the chain, euro. Each tax is rounded by Arrotonda2 as it arises, the base is not.
+/// The figures of the chain, euro. Each tax is rounded by Arrotonda2 as it arises; the base is not, but a tax
+/// looks at six of its decimals alone, so that taxes agree with the printed rows for every amount in cents.
 struct Catena
 {
     DatiCatena Dati;

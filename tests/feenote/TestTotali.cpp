@@ -3,6 +3,8 @@
 
 #include "feenote/modSpese.h"
 
+#include <QRandomGenerator>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -31,6 +33,75 @@ void AccendiTutto(Parcella& Nota)
         QVERIFY(!ClicImposta(Nota, Quale, true));
 }
 
+// ---- the same chain in whole cents
+
+/// Half cents go away from zero.
+qint64 Quoziente(qint64 Dividendo, qint64 Divisore)
+{
+    const qint64 Assoluto = (2 * std::abs(Dividendo) + Divisore) / (2 * Divisore);
+    return Dividendo < 0 ? -Assoluto : Assoluto;
+}
+
+/// Amounts in cents, percentages in hundredths.
+struct CatenaIntera
+{
+    qint64 Onorari = 0, SpeseImp = 0, SpeseEsenti = 0;
+    qint64 PagatiOnorari = 0, PagateImp = 0, PagateEsenti = 0;
+    qint64 PercGen = 0, PercCP = 0, PercIVA = 0, PercRA = 0;
+
+    [[nodiscard]] static qint64 Tassa(qint64 Perc, qint64 Base) { return Quoziente(Perc * Base, 10000); }
+    [[nodiscard]] qint64 SpeseGen() const { return Tassa(PercGen, Onorari); }
+    [[nodiscard]] qint64 Base() const { return Onorari - PagatiOnorari + SpeseImp - PagateImp + SpeseGen(); }
+    [[nodiscard]] qint64 CP() const { return Tassa(PercCP, Base()); }
+    [[nodiscard]] qint64 IVA() const { return Tassa(PercIVA, Base() + CP()); }
+    [[nodiscard]] qint64 RA() const { return Tassa(PercRA, Base()); }
+    /// What the printed rows come to.
+    [[nodiscard]] qint64 Totale() const { return Base() + CP() + IVA() + SpeseEsenti - PagateEsenti; }
+};
+
+Aliquota InCentesimi(qint64 Perc)
+{
+    return Perc == 0 ? Aliquota() : ::Perc(double(Perc) / 100);
+}
+
+DatiCatena InEuro(const CatenaIntera& Cifre)
+{
+    const auto Euro = [](qint64 Centesimi) { return double(Centesimi) / 100; };
+    DatiCatena Dati;
+    Dati.Onorari = Euro(Cifre.Onorari);
+    Dati.SpeseImp = Euro(Cifre.SpeseImp);
+    Dati.SpeseEsenti = Euro(Cifre.SpeseEsenti);
+    Dati.Acconti = {Euro(Cifre.PagatiOnorari), Euro(Cifre.PagateImp), Euro(Cifre.PagateEsenti)};
+    Dati.SpeseGen = InCentesimi(Cifre.PercGen);
+    Dati.CP = InCentesimi(Cifre.PercCP);
+    Dati.IVA = InCentesimi(Cifre.PercIVA);
+    Dati.RA = InCentesimi(Cifre.PercRA);
+    return Dati;
+}
+
+QString InFila(const QList<double>& Euro)
+{
+    QStringList Testi;
+    for (const double Importo : Euro)
+        Testi += TestoImporto(Importo);
+    return Testi.join(u' ');
+}
+
+QString Scritta(const Catena& Conti)
+{
+    return InFila(
+        {Conti.SpeseGen, Conti.Imponibile, Conti.CP, Conti.IVA, Conti.Totale, Conti.RA, Conti.Netto});
+}
+
+QString Scritta(const CatenaIntera& Cifre)
+{
+    QList<double> Euro;
+    for (const qint64 Centesimi : {Cifre.SpeseGen(), Cifre.Base(), Cifre.CP(), Cifre.IVA(), Cifre.Totale(),
+                                   Cifre.RA(), Cifre.Totale() - Cifre.RA()})
+        Euro += double(Centesimi) / 100;
+    return InFila(Euro);
+}
+
 }  // namespace
 
 class TestTotali : public QObject
@@ -55,6 +126,9 @@ private Q_SLOTS:
     void interruttoriDisabilitati();
     void notaGiudizialeIgnoraGliAcconti();
     void notaAssociataSommata();
+    void laBaseSenzaResto();
+    void comeInCentesimi_data();
+    void comeInCentesimi();
     void riep();
 };
 PROVA(TestTotali);
@@ -318,6 +392,71 @@ void TestTotali::notaAssociataSommata()
     QCOMPARE(Conti.SpeseGen, 125.0);
     QCOMPARE(Conti.Imponibile, 1132.0);
     QCOMPARE(Conti.Dati.SpeseEsenti, 3.0);
+}
+
+void TestTotali::laBaseSenzaResto()
+{
+    // 205,29 and 8,21 of pension fund are 213,50, of which the double says a trifle less; 21 % of it is a
+    // tie.
+    CatenaIntera Cifre;
+    Cifre.Onorari = 1'667'800;
+    Cifre.SpeseImp = 101'342;
+    Cifre.SpeseEsenti = 41'669;
+    Cifre.PagatiOnorari = 1'748'613;
+    Cifre.PercCP = 400;
+    Cifre.PercIVA = 2100;
+    const Catena Conti = CatenaFiscale(InEuro(Cifre));
+    QCOMPARE(TestoImporto(Conti.Imponibile), u"205,29"_s);
+    QCOMPARE(Conti.CP, 8.21);
+    QCOMPARE(Conti.IVA, 44.84);
+    QCOMPARE(Conti.Totale, 675.03);
+    // A base with more than cents keeps what it has.
+    DatiCatena Fini;
+    Fini.SpeseImp = 0.12345;
+    Fini.CP = Perc(100);
+    QCOMPARE(CatenaFiscale(Fini).Imponibile, 0.12345);
+}
+
+void TestTotali::comeInCentesimi_data()
+{
+    QTest::addColumn<int>("Seme");
+    QTest::addColumn<qint64>("Massimo");    // cents
+    QTest::addColumn<qint64>("Passo");      // of the percentages, hundredths
+    QTest::addColumn<bool>("QuasiPagato");  // payments that leave a few euro of the fees
+    QTest::newRow("parcelle comuni") << 1 << qint64(2'000'000) << qint64(50) << false;
+    QTest::newRow("quasi tutto pagato") << 2 << qint64(2'000'000) << qint64(50) << true;
+    QTest::newRow("ogni percentuale") << 3 << qint64(1'000'000'000) << qint64(1) << false;
+    QTest::newRow("ogni percentuale, quasi tutto pagato") << 4 << qint64(1'000'000'000) << qint64(1) << true;
+    QTest::newRow("miliardi") << 5 << qint64(2'000'000'000'000) << qint64(100) << false;
+    QTest::newRow("miliardi quasi tutti pagati") << 6 << qint64(2'000'000'000'000) << qint64(100) << true;
+}
+
+void TestTotali::comeInCentesimi()
+{
+    QFETCH(int, Seme);
+    QFETCH(qint64, Massimo);
+    QFETCH(qint64, Passo);
+    QFETCH(bool, QuasiPagato);
+    constexpr int Casi = 5000;
+    QRandomGenerator Caso(static_cast<quint32>(Seme));
+    const auto Fino = [&Caso](qint64 Limite) { return Caso.bounded(Limite + 1); };
+    const auto Percento = [&](qint64 Limite) { return Fino(Limite / Passo) * Passo; };
+    for (int i = 0; i < Casi; ++i) {
+        CatenaIntera Cifre;
+        Cifre.Onorari = Fino(Massimo);
+        Cifre.SpeseImp = Fino(Massimo / 10);
+        Cifre.SpeseEsenti = Fino(Massimo / 10);
+        Cifre.PercGen = Percento(2500);
+        Cifre.PercCP = Percento(500);
+        Cifre.PercIVA = Percento(2500);
+        Cifre.PercRA = Percento(10000);
+        Cifre.PagateImp = Fino(Cifre.SpeseImp);
+        Cifre.PagateEsenti = Fino(Massimo / 10);
+        Cifre.PagatiOnorari = QuasiPagato ? Cifre.Base() - Fino(100'000) + 50'000 : Fino(2 * Massimo);
+        const QString Trovata = Scritta(CatenaFiscale(InEuro(Cifre)));
+        if (Trovata != Scritta(Cifre))
+            QFAIL(qPrintable(u"case %1: %2 for %3"_s.arg(i).arg(Trovata, Scritta(Cifre))));
+    }
 }
 
 void TestTotali::riep()
