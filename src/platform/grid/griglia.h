@@ -34,9 +34,10 @@ struct ColonnaGriglia
     Qt::Alignment Allinea = Qt::AlignLeft;  ///< of the cells, their title and the footer
     bool Visibile = true;
     bool Modificabile = false;
-    bool Stira = false;  ///< takes the room that is left, never less than its own width
-    QString Filtro;      ///< keys of the cell editor, as FiltroTasti's kinds; empty: everything
-    int Massimo = 0;     ///< characters the editor takes, 0 no limit
+    bool Stira = false;      ///< takes the room that is left, never less than its own width
+    QString Filtro;          ///< keys of the cell editor, as FiltroTasti's kinds; empty: everything
+    int Massimo = 0;         ///< characters the editor takes, 0 no limit
+    bool Maiuscole = false;  ///< letters are raised as they are typed or pasted
     /// Text of a cell; without it CStr shows the value.
     std::function<QString(const QVariant& Valore, int Riga)> Mostra;
 };
@@ -139,8 +140,9 @@ public:
 Q_SIGNALS:
     void RigaCambiata(int Riga);  ///< another row is current, by the user or by code; -1 none
     void CellaScritta(int Riga, int Colonna);
-    void DoppioClic(int Riga);              ///< Enter on a grid without editing counts as one
-    void ClicCella(int Riga, int Colonna);  ///< never for the empty row
+    void DoppioClic(int Riga);  ///< Enter on a grid without editing counts as one
+    void ClicCella(int Riga,
+                   int Colonna);  ///< never for the empty row; a double click on a cell that opens is two
     void ClicTitolo(int Colonna);
     void SelezioneCambiata();
     void Cancella();                    ///< Del with rows selected or a current row, no cell in edit

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QValidator>
 
 #include <algorithm>
 #include <utility>
@@ -47,6 +48,18 @@ bool Numerico(const ColonnaGriglia& Colonna)
     return Colonna.Filtro == u"," || Colonna.Filtro == u"n";
 }
 
+/// Raises what comes into a box.
+class SoloMaiuscole : public QValidator
+{
+public:
+    using QValidator::QValidator;
+    State validate(QString& Testo, int&) const override
+    {
+        Testo = Testo.toUpper();
+        return Acceptable;
+    }
+};
+
 QVariant ValorePredefinito(const ColonnaGriglia& Colonna, const QString& Testo)
 {
     if (Numerico(Colonna) && IsNumeric(Testo))
@@ -71,6 +84,8 @@ void CellaAperta::Crea(const QModelIndex& Dove, const QString& Testo)
     Campo->setAlignment(Colonna.Allinea | Qt::AlignVCenter);
     if (Colonna.Massimo > 0)
         Campo->setMaxLength(Colonna.Massimo);
+    if (Colonna.Maiuscole)
+        Campo->setValidator(new SoloMaiuscole(Campo));
     Posto = Dove;
     // As the box can hold it: a longer text that is only passed over is no edit, and stays whole.
     Campo->setText(CStr(Vista->Modello()->Valore(Dove.row(), Dove.column())));

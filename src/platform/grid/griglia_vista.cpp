@@ -82,7 +82,7 @@ VistaGriglia::VistaGriglia(Griglia* Intera)
     AltezzaRighe();
     Collega(this, &QAbstractItemView::doubleClicked, this, &VistaGriglia::DoppioClicSu);
     Collega(this, &QAbstractItemView::clicked, this, [this](const QModelIndex& Dove) {
-        if (Dove == currentIndex() && !Righe->RigaVuota(Dove.row()))
+        if (Dove == currentIndex() && !Righe->RigaVuota(Dove.row()) && !Aperta->Aperta())
             Q_EMIT Padrona->ClicCella(Dove.row(), Dove.column());
     });
     Collega(horizontalHeader(), &QHeaderView::sectionResized, this, [this] {
@@ -381,10 +381,16 @@ void VistaGriglia::DoppioClicSu(const QModelIndex& Dove)
 {
     if (Dove != currentIndex())
         return;  // the row before did not let itself be left
-    if (Righe->Modificabile(Dove.column()))
-        Aperta->Apri(Dove);
-    else if (!Righe->RigaVuota(Dove.row()))
-        Q_EMIT Padrona->DoppioClic(Dove.row());
+    const bool Vera = !Righe->RigaVuota(Dove.row());
+    if (!Righe->Modificabile(Dove.column())) {
+        if (Vera)
+            Q_EMIT Padrona->DoppioClic(Dove.row());
+        return;
+    }
+    // A cell that a click changes has been changed by the first of the two: the second one gives it back.
+    if (Vera)
+        Q_EMIT Padrona->ClicCella(Dove.row(), Dove.column());
+    Aperta->Apri(Dove);
 }
 
 void VistaGriglia::mousePressEvent(QMouseEvent* Evento)

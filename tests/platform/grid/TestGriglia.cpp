@@ -121,6 +121,8 @@ private Q_SLOTS:
     void copiaIlTestoMostrato();
     void comandiSulleRighe();
     void clicSuCella();
+    void ilDoppioClicSonoDueClic();
+    void soloMaiuscole();
     void menuContestuale();
     void distruttaConLaCellaAperta();
     void laVistaHaIlNomeDellaGriglia();
@@ -667,6 +669,32 @@ void TestGriglia::clicSuCella()
     QVERIFY2(Clic.size() == 2, "lo spazio vale un clic sulla cella che non si scrive");
     F->Clic(3, Nota);
     QVERIFY2(Clic.size() == 2, "la riga vuota non ha celle da cliccare");
+}
+
+void TestGriglia::ilDoppioClicSonoDueClic()
+{
+    // A form that gives a cell its next value at a click finds the old one in the cell that opens.
+    QSignalSpy Clic(F->Griglia_, &Griglia::ClicCella);
+    F->Clic(2, Descrizione);
+    QTest::mouseDClick(F->Vista()->viewport(), Qt::LeftButton, Qt::NoModifier, F->Centro(2, Descrizione));
+    QVERIFY(F->Cella());
+    QCOMPARE(Clic.size(), 2);
+    QCOMPARE(Clic.last(), QVariantList({2, int(Descrizione)}));
+    QTest::mouseRelease(F->Vista()->viewport(), Qt::LeftButton, Qt::NoModifier, F->Centro(2, Descrizione));
+    QVERIFY2(Clic.size() == 2, "sulla cella aperta non si clicca");
+}
+
+void TestGriglia::soloMaiuscole()
+{
+    QList<ColonnaGriglia> Colonne = QuattroColonne();
+    Colonne[Descrizione].Maiuscole = true;
+    F->Griglia_->ImpostaColonne(Colonne);
+    F->Vai(1, Descrizione);
+    Digita(u"aBc"_s);
+    QCOMPARE(F->Cella()->text(), u"ABC"_s);
+    F->Cella()->insert(u"d"_s);
+    Premi(Qt::Key_Return);
+    QCOMPARE(F->Righe(1, Descrizione).toString(), u"ABCD"_s);
 }
 
 void TestGriglia::menuContestuale()
