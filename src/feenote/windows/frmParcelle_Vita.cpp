@@ -42,14 +42,14 @@ QString ChiaveDisposizione(const QObject* Di)
     return u"Disposizione_"_s + Di->objectName();
 }
 
-QString Impostata(const QObject* Di)
+QString LeggiDisposizione(const QObject* Di)
 {
     return Impostazione(ChiaveDisposizione(Di));
 }
 
-void Imposta(const QObject* Di, const QString& Valore)
+void SalvaDisposizione(const QObject* Di, const QString& Valore)
 {
-    if (Valore != Impostata(Di))
+    if (Valore != LeggiDisposizione(Di))
         SalvaImpostazione(ChiaveDisposizione(Di), Valore);
 }
 
@@ -111,28 +111,28 @@ void frmParcelle::FuocoIniziale()
 
 void frmParcelle::RimettiDisposizione()
 {
-    for (QSplitter* Uno : {uiOnorari->divisoreOno, uiSpese->divisoreDir}) {
+    for (QSplitter* Divisore : {uiOnorari->divisoreOno, uiSpese->divisoreDir}) {
         // A third for the catalogue, now and when the window grows.
-        Uno->setSizes({1000, 2000});
-        Uno->setStretchFactor(0, 1);
-        Uno->setStretchFactor(1, 2);
-        Uno->restoreState(QByteArray::fromBase64(Impostata(Uno).toLatin1()));
+        Divisore->setSizes({1000, 2000});
+        Divisore->setStretchFactor(0, 1);
+        Divisore->setStretchFactor(1, 2);
+        Divisore->restoreState(QByteArray::fromBase64(LeggiDisposizione(Divisore).toLatin1()));
     }
     // The data stay as wide as they need; the page takes the room.
     QSplitter* Stampa = uiStampa->divisoreStampa;
     Stampa->setSizes({1, 10000});
     Stampa->setStretchFactor(1, 1);
-    Stampa->restoreState(QByteArray::fromBase64(Impostata(Stampa).toLatin1()));
-    for (Griglia* Una : findChildren<Griglia*>())
-        Una->ImpostaLarghezze(Impostata(Una));
+    Stampa->restoreState(QByteArray::fromBase64(LeggiDisposizione(Stampa).toLatin1()));
+    for (Griglia* Elenco : findChildren<Griglia*>())
+        Elenco->ImpostaLarghezze(LeggiDisposizione(Elenco));
 }
 
 void frmParcelle::RicordaDisposizione() const
 {
-    for (const QSplitter* Uno : {uiOnorari->divisoreOno, uiSpese->divisoreDir, uiStampa->divisoreStampa})
-        Imposta(Uno, QString::fromLatin1(Uno->saveState().toBase64()));
-    for (const Griglia* Una : findChildren<Griglia*>())
-        Imposta(Una, Una->Larghezze());
+    for (const QSplitter* Divisore : {uiOnorari->divisoreOno, uiSpese->divisoreDir, uiStampa->divisoreStampa})
+        SalvaDisposizione(Divisore, QString::fromLatin1(Divisore->saveState().toBase64()));
+    for (const Griglia* Elenco : findChildren<Griglia*>())
+        SalvaDisposizione(Elenco, Elenco->Larghezze());
 }
 
 void frmParcelle::RilegaRighe()
