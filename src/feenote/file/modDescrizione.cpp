@@ -252,9 +252,9 @@ void LeggiAcconto(Parcella& Nota, OggettoJson& Riga)
             throw OggettoJson::Rifiuto(5, Riga.Nome(u"valuta"_s), u"Immettere L o E"_s);
         Righe(Scritta, AccValuta) = Valuta.left(1);
     }
-    Righe(Scritta, AccCorrispettivi) = Riga.Numero(u"corrispettivi"_s).value_or(0.0);
-    Righe(Scritta, AccSpeseImp) = Riga.Numero(u"speseImponibili"_s).value_or(0.0);
-    Righe(Scritta, AccSpeseEsenti) = Riga.Numero(u"speseEsenti"_s).value_or(0.0);
+    Righe(Scritta, AccCorrispettivi) = Arrotonda2(Riga.Numero(u"corrispettivi"_s).value_or(0.0));
+    Righe(Scritta, AccSpeseImp) = Arrotonda2(Riga.Numero(u"speseImponibili"_s).value_or(0.0));
+    Righe(Scritta, AccSpeseEsenti) = Arrotonda2(Riga.Numero(u"speseEsenti"_s).value_or(0.0));
     Riga.Finisci();
 }
 

@@ -254,6 +254,8 @@ void TestDescrizione::numeriInTesto_data()
     QTest::newRow("meno zero") << QJsonValue(u"-0"_s) << 0.0;
     QTest::newRow("meno zero numerico") << QJsonValue(-0.0) << 0.0;
     QTest::newRow("negativo") << QJsonValue(-3) << -3.0;
+    QTest::newRow("al centesimo") << QJsonValue(100.555) << 100.56;
+    QTest::newRow("al centesimo, in testo") << QJsonValue(u"-0,005"_s) << -0.01;
     QTest::newRow("assente") << QJsonValue() << 0.0;
 }
 
