@@ -276,6 +276,14 @@ void CambiaIban(Parcella& Nota, bool Attivo)
     SetModificata(Nota, true);
 }
 
+bool TogliIbanAssente(Parcella& Nota)
+{
+    if (!Nota.chkIBAN.Attiva || !sessione::Iban.isEmpty())
+        return false;
+    Nota.chkIBAN.Attiva = false;
+    return true;
+}
+
 void CambiaIvaDifferita(Parcella& Nota, bool Attiva)
 {
     Nota.chkIvaDiff.Attiva = Attiva;

@@ -78,5 +78,8 @@ void CambiaRappresentante(Parcella& Nota, QString Rappresentante::*Dato, const Q
 
 /// chkIBAN: without an IBAN in the settings the user is told where it goes, and the tick is taken away.
 void CambiaIban(Parcella& Nota, bool Attivo);
+/// Takes the tick away when the settings no longer hold an IBAN; that is no change of the note.
+/// @return true when it was taken
+[[nodiscard]] bool TogliIbanAssente(Parcella& Nota);
 void CambiaIvaDifferita(Parcella& Nota, bool Attiva);
 void CambiaFatturaAcconto(Parcella& Nota, bool Attiva);

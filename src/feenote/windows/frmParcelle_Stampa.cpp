@@ -291,6 +291,8 @@ std::optional<Errore> frmParcelle::Componi(bool Invio)
         vp->Aggiorna();
         MostraPagina(1);  // until the reader, who stays where he was, moves
     });
+    if (TogliIbanAssente(Nota))
+        mostra::Segno(uiStampa->chkIBAN, Nota.chkIBAN);
     const auto Cartella = Invio ? std::optional(CartellaCompagna()) : std::nullopt;
     const auto Esito =
         AnteprimaConEsportazione(vp->Foglio(), Nota, Nota.cmbTipoStampa, Posto, Cartella, vp->CartaInUso());

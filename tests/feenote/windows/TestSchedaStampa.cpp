@@ -72,6 +72,7 @@ private Q_SLOTS:
     void accontiEMediDisabilitati_data();
     void accontiEMediDisabilitati();
     void iban();
+    void ibanToltoDalleImpostazioni();
     void ivaDifferita();
     void schedaIvaDifferita();
     void avvisoDellaNotaSpese_data();
@@ -453,6 +454,20 @@ void TestSchedaStampa::iban()
     QVERIFY(!Pagine().contains(sessione::Iban));
     Documento(StampaFatturaAnalitica);
     QVERIFY2(Box->isVisible() && Box->isChecked(), "una casella per i tre documenti");
+}
+
+void TestSchedaStampa::ibanToltoDalleImpostazioni()
+{
+    Documento(StampaPrenotula);
+    sessione::Iban = u"IT60X0542811101000000123456"_s;
+    auto* Box = Controllo<QCheckBox>(F, "chkIBAN");
+    Clic(Box);
+    sessione::Iban.clear();
+    ClicScheda(F, SchedaImposte);
+    ClicScheda(F, SchedaDiStampa);
+    QVERIFY2(!Pagine().contains(u"IBAN"_s), "nessuna frase senza il suo numero");
+    QVERIFY(!Box->isChecked());
+    QVERIFY(!F->Nota.chkIBAN.Attiva);
 }
 
 void TestSchedaStampa::ivaDifferita()
