@@ -9,6 +9,8 @@
 #include "feenote/windows/mostra.h"
 #include "feenote/windows/righegriglia.h"
 #include "platform/grid/griglia.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"
 #include "ui_SchedaAcconti.h"
@@ -50,6 +52,7 @@ QList<ColonnaGriglia> ColonneAcconti(const TabellaRighe* Tabella)
     Valuta.Modificabile = true;
     Valuta.Filtro = u"LEle"_s;
     Valuta.Massimo = 1;
+    Valuta.Maiuscole = true;
     Valuta.Mostra = [](const QVariant& Valore, int) {
         return Valore.isValid() ? ParolaValuta(Valore) : QString();
     };
@@ -80,13 +83,18 @@ void CancellaAcconti(Griglia* Elenco, TabellaRighe& Righe)
     Elenco->Rilega();
 }
 
-/// A pasted number may be anything; what is no percent of an amount is told.
-bool PercentoAmmesso(double Percento)
+/// A rate that is no number counts 0, and one above 100 is a slip of the pen: both stay, in another colour.
+void SegnaPercento(QLineEdit* Box, const Casella& Dato)
 {
-    if (Percento >= 0 && Percento <= MassimoPercento)
-        return true;
-    MsgErrore(u"La percentuale deve essere compresa tra 0 e 100!"_s);
-    return false;
+    const bool NonNumero = !Dato.Testo.trimmed().isEmpty() && !IsNumeric(Dato.Testo);
+    const bool Oltre = Dato.Numero() < 0 || Dato.Numero() > MassimoPercento;
+    QPalette Colori;
+    if (NonNumero || Oltre)
+        Colori.setColor(QPalette::Text, aspetto::Sbagliato());
+    Box->setPalette(Colori);
+    Box->setToolTip(NonNumero ? u"Non è un numero: conta come 0"_s
+                    : Oltre   ? u"La percentuale non è compresa tra 0 e 100"_s
+                              : QString());
 }
 
 }  // namespace
@@ -138,17 +146,15 @@ void frmParcelle::CollegaImposte()
                 AvvisaNotaGiudiziale();
         });
         QLineEdit* Box = (*uiAcconti).*Voce.Box;
-        ::Collega(Box, &QLineEdit::textEdited, this, [this, Voce](const QString& Testo) {
+        ::Collega(Box, &QLineEdit::textEdited, this, [this, Voce, Box](const QString& Testo) {
             CambiaPercento(Nota, Voce.Tassa, Testo);
+            SegnaPercento(Box, Nota.*DatiImposta(Voce.Tassa).Box);
             SetModificata(true);
         });
-        const auto Lasciata = [this, Voce] {
-            if (!PercentoAmmesso((Nota.*DatiImposta(Voce.Tassa).Box).Numero()))
-                return false;
+        CampoPercento(Box, [this] {
             Ricomponi();
             return true;
-        };
-        CampoNumerico(Box, Lasciata, true);
+        });
     }
     ::Collega(uiAcconti->chkAcconti, &QCheckBox::clicked, this,
               [this](bool Attiva) { ApplicaStampa([&] { CambiaAcconti(Nota, Attiva); }); });
@@ -166,6 +172,7 @@ void frmParcelle::MostraImposte()
     for (const ControlliImposta& Voce : ControlliImposte) {
         mostra::Segno((*uiAcconti).*Voce.Tick, Nota.*DatiImposta(Voce.Tassa).Tick);
         mostra::Testo((*uiAcconti).*Voce.Box, Nota.*DatiImposta(Voce.Tassa).Box);
+        SegnaPercento((*uiAcconti).*Voce.Box, Nota.*DatiImposta(Voce.Tassa).Box);
     }
     mostra::Segno(uiAcconti->chkAcconti, Nota.chkAcconti);
     mostra::Segno(uiAcconti->chkMinMax, Nota.chkMinMax);

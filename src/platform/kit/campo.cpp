@@ -332,10 +332,16 @@ std::function<int(int, const QString&)> InstallaFiltro(std::function<int(int, co
     return std::exchange(Filtro(), std::move(Nuovo));
 }
 
-void CampoNumerico(QLineEdit* Campo, std::function<bool()> Procedura, bool Percento)
+void CampoNumerico(QLineEdit* Campo, std::function<bool()> Procedura)
 {
-    PreparaNumerico(Campo, Percento);
+    PreparaNumerico(Campo, false);
     AlLascia(Campo, SoloNumeri(Campo, std::move(Procedura)));
+}
+
+void CampoPercento(QLineEdit* Campo, std::function<bool()> Procedura)
+{
+    PreparaNumerico(Campo, true);
+    AlLascia(Campo, std::move(Procedura));
 }
 
 void CampoNumericoSempre(QLineEdit* Campo, std::function<bool()> Procedura)

@@ -55,10 +55,13 @@ void VirgolaDalTastierino(QLineEdit* Campo, bool PuntoInVirgola = false);
 std::function<int(int Tasto, const QString& Tipo)>
 InstallaFiltro(std::function<int(int, const QString&)> Nuovo);
 
-/// A box of an amount or a percentage: filtered, flush right; a text that is no number is refused on
-/// leaving with "Immettere un valore numerico!", the focus stays, nothing changes. An empty text passes.
-/// A percentage takes digits, "," and "." only.
-void CampoNumerico(QLineEdit* Campo, std::function<bool()> Procedura, bool Percento = false);
+/// A box of an amount: filtered, flush right; a text that is no number is refused on leaving with
+/// "Immettere un valore numerico!", the focus stays, nothing changes. An empty text passes.
+void CampoNumerico(QLineEdit* Campo, std::function<bool()> Procedura);
+
+/// A box of a percentage: it takes digits, "," and "." only, flush right, and is left as AlLascia has it,
+/// whatever it holds.
+void CampoPercento(QLineEdit* Campo, std::function<bool()> Procedura);
 
 /// An amount box whose procedure runs at every leaving, as AlLasciaSempre has it.
 void CampoNumericoSempre(QLineEdit* Campo, std::function<bool()> Procedura);

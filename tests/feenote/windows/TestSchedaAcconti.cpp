@@ -1,7 +1,10 @@
 // Tab 3 by mouse and keyboard: payments on account, percentages and their switches.
 #include "core/aperture.h"
 #include "core/posti.h"
+#include "platform/kit/aspetto.h"
 #include "tavolo.h"
+
+#include <QAccessible>
 
 using namespace Qt::StringLiterals;
 
@@ -31,6 +34,8 @@ private Q_SLOTS:
     void valutaDigitata_data();
     void valutaDigitata();
     void valutaAlClic();
+    void valutaAlDoppioClic();
+    void valutaMaiuscolaMentreSiScrive();
     void valutaSbagliataTieneLaRiga();
     void lireSenzaCentesimi();
     void importoSbagliato_data();
@@ -50,6 +55,8 @@ private Q_SLOTS:
     void percentoTolto();
     void notaGiudizialeAvvertita();
     void esponi();
+    void nomiAccessibili_data();
+    void nomiAccessibili();
 
 private:
     void Acconto(const QString& Descr, const QString& Importo);
@@ -167,6 +174,36 @@ void TestSchedaAcconti::valutaAlClic()
     QVERIFY(F->Nota.Modificata);
     ClicCella(Righe, 0, AccValuta);
     QCOMPARE(Mostrato(Righe, 0, AccValuta), u"Euro"_s);
+}
+
+void TestSchedaAcconti::valutaAlDoppioClic()
+{
+    Acconto(u"Fondo"_s, u"100"_s);
+    ClicCella(Righe, 0, AccValuta);
+    QTest::mouseDClick(Righe->Vista()->viewport(), Qt::LeftButton, Qt::NoModifier,
+                       CentroCella(Righe, 0, AccValuta));
+    Respiro();
+    QVERIFY(LaCella(Righe));
+    QCOMPARE(LaCella(Righe)->text(), u"E"_s);  // as it was before the two clicks
+    Premi(Qt::Key_Escape);
+    QCOMPARE(Mostrato(Righe, 0, AccValuta), u"Euro"_s);
+}
+
+void TestSchedaAcconti::valutaMaiuscolaMentreSiScrive()
+{
+    Acconto(u"Fondo"_s, u"100"_s);
+    Righe->setFocus();
+    Righe->ImpostaRigaCorrente(0, AccValuta);
+    Digita(u"l"_s);
+    QVERIFY(LaCella(Righe));
+    QCOMPARE(LaCella(Righe)->text(), u"L"_s);
+    Incolla(LaCella(Righe), u"e"_s);
+    QCOMPARE(LaCella(Righe)->text(), u"E"_s);
+    // No other column raises its letters.
+    Premi(Qt::Key_Escape);
+    Righe->ImpostaRigaCorrente(0, AccDescr);
+    Digita(u"l"_s);
+    QCOMPARE(LaCella(Righe)->text(), u"l"_s);
 }
 
 void TestSchedaAcconti::valutaSbagliataTieneLaRiga()
@@ -333,14 +370,21 @@ void TestSchedaAcconti::percentoNonNumerico_data()
 void TestSchedaAcconti::percentoNonNumerico()
 {
     QFETCH(QString, Testo);
+    RigaOnorario(F->Nota, u"Studio"_s, 1000);
     auto* Box = Controllo<QLineEdit>(F, "txtIVA");
     Incolla(Box, Testo);
     QVERIFY(Box->text().size() <= 8);
-    T->Voce.Attendi(NonNumero, vbOK, u"Errore:"_s);
-    Premi(Qt::Key_Tab);
+    QCOMPARE(Box->palette().color(QPalette::Text), aspetto::Sbagliato());
+    QCOMPARE(Box->toolTip(), u"Non è un numero: conta come 0"_s);
+    const QString Incollato = Box->text();
+    Premi(Qt::Key_Tab);  // it is left as it stands
     Respiro();
-    QCOMPARE(QApplication::focusWidget(), Box);
+    QVERIFY(QApplication::focusWidget() != Box);
+    QCOMPARE(Box->text(), Incollato);
+    QCOMPARE(CatenaFiscale(F->Nota, StampaPrenotula).IVA, 0.0);
     Scrivi(Box, u"22"_s);
+    QCOMPARE(Box->toolTip(), QString());
+    QVERIFY(Box->palette().color(QPalette::Text) != aspetto::Sbagliato());
     Premi(Qt::Key_Tab);
     QCOMPARE(F->Nota.txtIVA.Numero(), 22.0);
 }
@@ -348,29 +392,27 @@ void TestSchedaAcconti::percentoNonNumerico()
 void TestSchedaAcconti::percentoOltreIlMassimo_data()
 {
     QTest::addColumn<QString>("Testo");
-    QTest::addColumn<bool>("Ammesso");
-    QTest::newRow("cento") << u"100"_s << true;
-    QTest::newRow("poco oltre") << u"100,01"_s << false;
-    QTest::newRow("tre cifre") << u"999"_s << false;
-    QTest::newRow("enorme") << u"99999999"_s << false;
-    QTest::newRow("negativo") << u"-5"_s << false;
+    QTest::addColumn<bool>("Segnato");
+    QTest::newRow("cento") << u"100"_s << false;
+    QTest::newRow("poco oltre") << u"100,01"_s << true;
+    QTest::newRow("tre cifre") << u"999"_s << true;
+    QTest::newRow("enorme") << u"99999999"_s << true;
+    QTest::newRow("negativo") << u"-5"_s << true;
 }
 
 void TestSchedaAcconti::percentoOltreIlMassimo()
 {
     QFETCH(QString, Testo);
-    QFETCH(bool, Ammesso);
+    QFETCH(bool, Segnato);
     auto* Box = Controllo<QLineEdit>(F, "txtIVA");
     Incolla(Box, Testo);
-    if (!Ammesso)
-        T->Voce.Attendi(u"La percentuale deve essere compresa tra 0 e 100!"_s, vbOK, u"Errore:"_s);
+    QCOMPARE(Box->palette().color(QPalette::Text) == aspetto::Sbagliato(), Segnato);
+    QCOMPARE(Box->toolTip(), Segnato ? u"La percentuale non è compresa tra 0 e 100"_s : QString());
     Premi(Qt::Key_Tab);
     Respiro();
-    QCOMPARE(QApplication::focusWidget() == Box, !Ammesso);
+    QVERIFY(QApplication::focusWidget() != Box);
     QCOMPARE(Box->text(), Testo);
-    Scrivi(Box, u"22"_s);
-    Premi(Qt::Key_Tab);
-    QCOMPARE(F->Nota.txtIVA.Numero(), 22.0);
+    QCOMPARE(F->Nota.txtIVA.Testo, Testo);
 }
 
 void TestSchedaAcconti::percentoTolto()
@@ -405,6 +447,28 @@ void TestSchedaAcconti::esponi()
     F->SetModificata(false);
     Clic(Controllo(F, "chkAcconti"));
     QVERIFY(F->Nota.chkAcconti.Attiva && F->Nota.Modificata);
+}
+
+void TestSchedaAcconti::nomiAccessibili_data()
+{
+    QTest::addColumn<QByteArray>("Casella");
+    QTest::addColumn<QString>("Nome");
+    QTest::newRow("spese generali") << QByteArray("txtSpeGen") << u"Spese generali, percento"_s;
+    QTest::newRow("cassa") << QByteArray("txtCP") << u"Cassa previdenza, percento"_s;
+    QTest::newRow("iva") << QByteArray("txtIVA") << u"I.V.A., percento"_s;
+    QTest::newRow("ritenuta") << QByteArray("txtRA") << u"Ritenuta d'acconto, percento"_s;
+    QTest::newRow("apri multipla") << QByteArray("cmdOpenPar") << u"Seleziona parcella multipla"_s;
+    QTest::newRow("modifica multipla") << QByteArray("cmdModPar") << u"Modifica parcella multipla"_s;
+    QTest::newRow("elimina multipla") << QByteArray("cmdNoMulti") << u"Elimina parcella multipla"_s;
+}
+
+void TestSchedaAcconti::nomiAccessibili()
+{
+    QFETCH(QByteArray, Casella);
+    const QAccessibleInterface* Letto =
+        QAccessible::queryAccessibleInterface(Controllo(F, Casella.constData()));
+    QVERIFY(Letto);
+    QTEST(Letto->text(QAccessible::Name), "Nome");
 }
 
 #include "TestSchedaAcconti.moc"

@@ -473,7 +473,7 @@ void TestCampo::percentoSenzaSegno()
 {
     const auto Prima = InstallaFiltro(
         [](int Tasto, const QString& Tipo) { return Tipo.contains(QChar(Tasto)) ? Tasto : 0; });
-    CampoNumerico(M->A, {}, true);
+    CampoPercento(M->A, {});
     QTest::keyClicks(M->A, u"-1a2.5"_s);
     QCOMPARE(M->A->text(), u"12,5"_s);
     InstallaFiltro(Prima);
