@@ -55,6 +55,9 @@ private Q_SLOTS:
     void percentoTolto();
     void notaGiudizialeAvvertita();
     void esponi();
+    void controlNellaCella();
+    void controlNellImporto();
+    void controlNelPercento();
     void nomiAccessibili_data();
     void nomiAccessibili();
 
@@ -447,6 +450,54 @@ void TestSchedaAcconti::esponi()
     F->SetModificata(false);
     Clic(Controllo(F, "chkAcconti"));
     QVERIFY(F->Nota.chkAcconti.Attiva && F->Nota.Modificata);
+}
+
+void TestSchedaAcconti::controlNellaCella()
+{
+    Acconto(u"Fondo"_s, u"100"_s);
+    Righe->setFocus();
+    Righe->ImpostaRigaCorrente(0, AccDescr);
+    Premi(Qt::Key_F2);
+    Premi(Qt::Key_Control, Qt::ControlModifier);
+    QVERIFY2(LaCella(Righe), "il tasto da solo non chiude la cella");
+    Premi(Qt::Key_End);
+    Premi(Qt::Key_A, Qt::ControlModifier);
+    QCOMPARE(LaCella(Righe)->selectedText(), u"Fondo"_s);
+    QVERIFY(Righe->Selezione().isEmpty());
+    Premi(Qt::Key_X, Qt::ControlModifier);
+    QCOMPARE(LaCella(Righe)->text(), QString());
+    Premi(Qt::Key_V, Qt::ControlModifier);
+    Premi(Qt::Key_V, Qt::ControlModifier);
+    Premi(Qt::Key_Return);
+    QCOMPARE(CStr(F->Nota.xAcconti(0, AccDescr)), u"FondoFondo"_s);
+    QCOMPARE(F->Nota.xAcconti.Righe(), 1);
+}
+
+void TestSchedaAcconti::controlNellImporto()
+{
+    Acconto(u"Fondo"_s, u"100"_s);
+    Righe->setFocus();
+    Righe->ImpostaRigaCorrente(0, AccCorrispettivi);
+    Premi(Qt::Key_F2);
+    Incolla(LaCella(Righe), u"10.50"_s);
+    Premi(Qt::Key_Control, Qt::ControlModifier);  // no message before the user has left the cell
+    Premi(Qt::Key_A, Qt::ControlModifier);
+    Digita(u"10,50"_s);
+    Premi(Qt::Key_Return);
+    QCOMPARE(NumeroDi(F->Nota.xAcconti(0, AccCorrispettivi)), 10.5);
+}
+
+void TestSchedaAcconti::controlNelPercento()
+{
+    auto* Box = Controllo<QLineEdit>(F, "txtIVA");
+    Scrivi(Box, u"22"_s);
+    QVERIFY(Box->isModified());
+    Premi(Qt::Key_Control, Qt::ControlModifier);
+    QVERIFY2(Box->isModified(), "la casella non è stata lasciata");
+    QVERIFY(Box->hasFocus());
+    Premi(Qt::Key_A, Qt::ControlModifier);
+    Digita(u"10"_s);
+    QCOMPARE(F->Nota.txtIVA.Testo, u"10"_s);
 }
 
 void TestSchedaAcconti::nomiAccessibili_data()
