@@ -84,8 +84,8 @@ Risposta ComandoTasse(const QStringList& Valori)
     Dati.RA = LeggiAliquota(u"RA %"_s, Valori[9]);
     Dati.Tipo = LeggiTipo(Valori.value(10, u"0"_s));
     Dati.RegimeAgevolato = LeggiBit(u"regime agevolato"_s, Valori.value(11));
-    if (Dati.Tipo == StampaNotaGiudiziale)
-        Dati.Acconti = {};  // the court costs note knows no payments
+    if (TipoDi(Dati.Tipo).Acconti == UsoAcconti::Mai)
+        Dati.Acconti = {};
     if (Dati.RegimeAgevolato)
         Dati.IVA.Vale = Dati.RA.Vale = false;
     return RispostaRiepilogo(CatenaFiscale(Dati));
@@ -276,8 +276,8 @@ Risposta RispostaRiepilogo(const Catena& Conti)
 int LeggiTipo(const QString& Valore)
 {
     const double Tipo = Numero(u"tipo"_s, Valore);
-    if (Tipo != std::floor(Tipo) || Tipo < 0 || Tipo >= VociTipoStampa().size())
-        throw Errore(5, u"tipo: «%1»: i tipi di stampa vanno da 0 a 7"_s.arg(Valore.left(40)));
+    if (Tipo != std::floor(Tipo) || std::abs(Tipo) > double(TipiDocumento.size()) || !ETipoStampa(int(Tipo)))
+        throw Errore(5, u"tipo: «%1»: "_s.arg(Valore.left(40)) + FraseTipiStampa());
     return int(Tipo);
 }
 

@@ -9,10 +9,10 @@
 #include "platform/base/errore.h"
 #include "platform/pages/impaginazione.h"
 #include "platform/system/percorsi.h"
-#include "print/modEsporta.h"
 #include "print/modLettere.h"
 #include "print/modRiepilogo.h"
 #include "print/modStampe.h"
+#include "print/writers/esportazione.h"
 #include "print/writers/scrittoretesto.h"
 
 #include <QFileInfo>
@@ -135,7 +135,7 @@ Risposta ComandoStampa(const QStringList& Valori)
     const int Tipo = LeggiTipo(Valori[1]);
     const QString Uscita = PercorsoNativo(Valori[2]);
     const Formato& Formato = FormatoDi(Uscita);
-    const QString Documento = VociTipoStampa().value(Tipo);
+    const QString Documento = TipoDi(Tipo).Nome.toString();
     Parcella Nota = LeggiNota(Valori[0]);
     ScegliDocumento(Nota, Tipo);  // as the list of the print tab would: the client is worded for it
     Superficie vp;

@@ -39,7 +39,12 @@ QString SteloDocumento(int Indice)
     return Posto ? NomePerFile(InfoParcelle[size_t(Indice)].Nome) : QString();
 }
 
+QString FileDocumento(const QString& Stelo)
+{
+    return Barra(sessione::UserFolder) + Barra(u"doc"_s) + Stelo + u".doc"_s;
+}
+
 QString FileDocumento(int Indice)
 {
-    return Barra(sessione::UserFolder) + Barra(u"doc"_s) + SteloDocumento(Indice) + u".doc"_s;
+    return FileDocumento(SteloDocumento(Indice));
 }

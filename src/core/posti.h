@@ -41,5 +41,7 @@ void AzzeraParcelle();
 /// Name of the documents of the note in a place, without path and extension: the note's own, with "-" for
 /// what no file's name may hold ("Nuova parcella:2" is a caption). Empty outside 1..UltimaParcella().
 [[nodiscard]] QString SteloDocumento(int Indice);
-/// The word-processor document of that note, in the user folder's "doc"; the file "printword" opens.
+/// The word-processor document of such a name, in the user folder's "doc".
+[[nodiscard]] QString FileDocumento(const QString& Stelo);
+/// That of the note in a place; the file "printword" opens.
 [[nodiscard]] QString FileDocumento(int Indice);

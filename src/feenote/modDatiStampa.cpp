@@ -1,9 +1,8 @@
 #include "feenote/modDatiStampa.h"
 
-#include "addressbook/modClienti.h"
 #include "core/sessione.h"
-#include "feenote/modBloccoCliente.h"
 #include "feenote/modInterruttori.h"
+#include "feenote/modParti.h"
 #include "platform/system/messaggi.h"
 
 #include <algorithm>
@@ -13,42 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What a document asks for, and how it words a person and a company.
-struct VoceDocumento
-{
-    DatiDocumento Dati;
-    FormaBlocco Persona;
-    FormaBlocco Societa;
-};
-
-constexpr auto Testata = FormaBlocco::Testata;
-
-/// By TipoStampa. The last one is rows of figures between two texts: it names nobody.
-constexpr std::array Documenti{
-    VoceDocumento{{PannelloStampa::Numero, u" Dati stampa prenotula: ", true, true}, Testata, Testata},
-    VoceDocumento{{PannelloStampa::Numero, u" Dati stampa preventivo: ", true, false}, Testata, Testata},
-    VoceDocumento{{PannelloStampa::Fattura, u" Dati stampa fattura: ", true, true}, Testata, Testata},
-    VoceDocumento{{PannelloStampa::Fattura, u" Dati stampa fattura: ", true, true}, Testata, Testata},
-    VoceDocumento{{PannelloStampa::Deposito, u" Dati stampa nota spese: ", true, false},
-                  FormaBlocco::Nome,
-                  FormaBlocco::Nome},
-    VoceDocumento{{PannelloStampa::Incarico, u" Dati stampa contratto: ", true, false},
-                  FormaBlocco::Persona,
-                  FormaBlocco::Societa},
-    VoceDocumento{{PannelloStampa::Incarico, u" Dati stampa informativa: ", true, false},
-                  FormaBlocco::Persona,
-                  FormaBlocco::Societa},
-    VoceDocumento{{PannelloStampa::Testi, u" Dati stampa parte contabile: ", false, false},
-                  FormaBlocco::Nessuna,
-                  FormaBlocco::Nessuna},
-};
-static_assert(Documenti.size() == StampaSoloContabile + 1);
-
-const VoceDocumento* CercaDocumento(int Tipo)
-{
-    return Tipo >= 0 && Tipo < int(Documenti.size()) ? &Documenti[size_t(Tipo)] : nullptr;
-}
-
 constexpr std::array Campi{
     CampoDatiPar{DatoNumero, MassimoBreve},        CampoDatiPar{DatoData, MassimoBreve},
     CampoDatiPar{DatoNumFatt, MassimoBreve},       CampoDatiPar{DatoDataFatt, MassimoBreve},
@@ -57,92 +20,7 @@ constexpr std::array Campi{
     CampoDatiPar{DatoTestoSuperiore, MassimoMemo}, CampoDatiPar{DatoTestoInferiore, MassimoMemo},
 };
 
-/// Where the record keeps a text of both tabs.
-struct VoceParte
-{
-    Casella Parcella::*Scritta;
-    Casella Parcella::*Stampata;
-    int Parcella::*Legame;  ///< key of the linked row, null for what is never linked
-    int Massimo;
-    CampoNota Campo;  ///< the box of the first tab
-};
-
-constexpr std::array Parti{
-    VoceParte{&Parcella::txtCliente, &Parcella::txtDatiStaCli, &Parcella::IDCli, 2000, CampoNota::Cliente},
-    VoceParte{&Parcella::txtControp, &Parcella::txtDatiStaControp, &Parcella::IDCon, 2000,
-              CampoNota::Controparte},
-    VoceParte{&Parcella::txtOggetto, &Parcella::txtDatiStaOgg, nullptr, 4000, CampoNota::Oggetto},
-};
-
-/// A word with which the address book is asked and answers.
-struct VoceRubrica
-{
-    QStringView Parola;
-    ParteNota Quale;
-    bool DaStampa;  ///< asked for in the print data
-};
-
-constexpr std::array VociRubrica{
-    VoceRubrica{u"cli", ParteNota::Cliente, false},
-    VoceRubrica{u"con", ParteNota::Controparte, false},
-    VoceRubrica{u"c_cli", ParteNota::Cliente, true},
-    VoceRubrica{u"c_con", ParteNota::Controparte, true},
-};
-
-constexpr const VoceParte& Voce(ParteNota Quale)
-{
-    return Parti[size_t(Quale)];
-}
-
-void Dissocia(Parcella& Nota, ParteNota Quale)
-{
-    Nota.*Voce(Quale).Legame = 0;
-    MsgBox(Quale == ParteNota::Cliente ? u"Il cliente è stato dissociato dalla parcella!"_s
-                                       : u"La controparte è stata dissociata dalla parcella!"_s,
-           vbExclamation, TitoloAvvertenza.toString());
-}
-
-void Lega(Parcella& Nota, ParteNota Quale, int Chiave, const QString& Nome)
-{
-    Nota.*Voce(Quale).Legame = Chiave;
-    CambiaParte(Nota, Quale, Nome);
-}
-
-/// The client of the print alone; the form that he is worded in holds as the user's own would.
-void StampaCliente(Parcella& Nota, int Chiave, const QString& Nome)
-{
-    const FormaBlocco Forma = FormaDelBlocco(Nota);
-    const std::optional<DatiCliente> Cliente =
-        Forma == FormaBlocco::Nessuna ? std::nullopt : LeggiCliente(Chiave);
-    CambiaParteStampata(Nota, ParteNota::Cliente, Cliente ? BloccoCliente(*Cliente, Forma) : Nome);
-    if (Cliente && Forma == FormaBlocco::Societa)
-        Nota.Rappr = {Cliente->RapprLegale, {}, {}, {}};
-}
-
-/// The row of a linked client says, once, whether an agreement is with a company. Without a row, and once
-/// the user has chosen, the choice stays.
-void ProponiContrTipo(Parcella& Nota)
-{
-    const bool Chiesto = DatiDelTipo(Nota.cmbTipoStampa).Pannello == PannelloStampa::Incarico;
-    if (!Chiesto || Nota.IDCli <= 0 || Nota.ContrTipoDi == Nota.IDCli)
-        return;
-    const std::optional<DatiCliente> Cliente = LeggiCliente(Nota.IDCli);
-    if (!Cliente)
-        return;
-    if (ESocieta(*Cliente))
-        Nota.optContrTipo = 1;
-    else if (Nota.ContrTipoDi != 0)  // the former client's
-        Nota.optContrTipo = 0;
-    Nota.ContrTipoDi = Nota.IDCli;
-}
-
 }  // namespace
-
-DatiDocumento DatiDelTipo(int Tipo)
-{
-    const VoceDocumento* Trovato = CercaDocumento(Tipo);
-    return Trovato ? Trovato->Dati : DatiDocumento();
-}
 
 std::span<const CampoDatiPar> CampiDatiPar()
 {
@@ -160,109 +38,10 @@ void CambiaDatiPar(Parcella& Nota, DatoStampa Indice, const QString& Testo)
     SetModificata(Nota, true);
 }
 
-int MassimoParte(ParteNota Quale)
-{
-    return Voce(Quale).Massimo;
-}
-
-const Casella& ParteScritta(const Parcella& Nota, ParteNota Quale)
-{
-    return Nota.*Voce(Quale).Scritta;
-}
-
-const Casella& ParteStampata(const Parcella& Nota, ParteNota Quale)
-{
-    return Nota.*Voce(Quale).Stampata;
-}
-
-void CambiaParte(Parcella& Nota, ParteNota Quale, const QString& Testo)
-{
-    (Nota.*Voce(Quale).Scritta).Testo = Testo;
-    (Nota.*Voce(Quale).Stampata).Testo = Testo;
-    if (Quale == ParteNota::Cliente)
-        Nota.BlocchiScritti.clear();
-    SetModificata(Nota, true);
-    if (Testo.isEmpty() && Voce(Quale).Legame && Nota.*Voce(Quale).Legame > 0)
-        Dissocia(Nota, Quale);
-}
-
-void CambiaParteStampata(Parcella& Nota, ParteNota Quale, const QString& Testo)
-{
-    (Nota.*Voce(Quale).Stampata).Testo = Testo.left(Voce(Quale).Massimo);
-    if (Quale == ParteNota::Cliente)
-        ScriviBlocco(Nota, FormaDelBlocco(Nota), Nota.txtDatiStaCli.Testo);
-    SetModificata(Nota, true);
-}
-
-void LasciaParteStampata(Parcella& Nota, ParteNota Quale)
-{
-    const VoceParte& Parte = Voce(Quale);
-    if (Parte.Legame && Nota.*Parte.Legame != 0)
-        return;
-    const QString& Testo = (Nota.*Parte.Stampata).Testo;
-    if (Quale != ParteNota::Cliente)
-        (Nota.*Parte.Scritta).Testo = Testo;
-    else if (!Discorsiva(FormaDelBlocco(Nota)))
-        Nota.txtCliente.Testo = NomeDelBlocco(Testo);
-}
-
-FormaBlocco FormaDelBlocco(const Parcella& Nota)
-{
-    const VoceDocumento* Trovato = CercaDocumento(Nota.cmbTipoStampa);
-    if (!Trovato)
-        return FormaBlocco::Nessuna;
-    return Nota.optContrTipo == 1 ? Trovato->Societa : Trovato->Persona;
-}
-
-void RicomponiBlocco(Parcella& Nota)
-{
-    ProponiContrTipo(Nota);
-    const FormaBlocco Forma = FormaDelBlocco(Nota);
-    if (Forma == FormaBlocco::Nessuna)
-        return;
-    if (const std::optional<QString> Scritto = BloccoScritto(Nota, Forma))
-        Nota.txtDatiStaCli.Testo = *Scritto;
-    else
-        GetDatiStaCli(Nota, Forma);
-}
-
-void RiceviDaRubrica(Parcella& Nota, const QString& Parola, int Chiave, const QString& Nome)
-{
-    const auto Chiesta = std::ranges::find(VociRubrica, Parola, &VoceRubrica::Parola);
-    if (Chiesta == VociRubrica.end())
-        return;
-    const bool Cliente = Chiesta->Quale == ParteNota::Cliente;
-    if (!Chiesta->DaStampa || Nota.*Voce(Chiesta->Quale).Legame == 0) {
-        Lega(Nota, Chiesta->Quale, Chiave, Nome);
-        if (Cliente)
-            RicomponiBlocco(Nota);
-    } else if (Cliente) {
-        StampaCliente(Nota, Chiave, Nome);
-    } else {
-        CambiaParteStampata(Nota, Chiesta->Quale, Nome);
-    }
-    if (!Chiesta->DaStampa)
-        Nota.Fuoco = Voce(Chiesta->Quale).Campo;
-}
-
 void ScegliDocumento(Parcella& Nota, int Tipo)
 {
     ScegliTipoStampa(Nota, Tipo);
     RicomponiBlocco(Nota);
-}
-
-void CambiaContrTipo(Parcella& Nota, int Tipo)
-{
-    Nota.optContrTipo = Tipo;
-    Nota.ContrTipoDi = Nota.IDCli;
-    RicomponiBlocco(Nota);
-    SetModificata(Nota, true);
-}
-
-void CambiaRappresentante(Parcella& Nota, QString Rappresentante::*Dato, const QString& Testo)
-{
-    Nota.Rappr.*Dato = Testo;
-    SetModificata(Nota, true);
 }
 
 void CambiaIban(Parcella& Nota, bool Attivo)

@@ -59,12 +59,12 @@ bool ClicImposta(Parcella& Nota, Imposta Tassa, bool Attiva)
     if (!Attiva)
         Testo.clear();
 
-    const bool NotaGiudiziale = Nota.cmbTipoStampa == StampaNotaGiudiziale;
-    const bool Avviso = Attiva && NotaGiudiziale && Tassa != Imposta::SpeseGen && !Nota.AvvisoNotaGiudiziale;
+    const bool SenzaImposte = TipoDi(Nota.cmbTipoStampa).ForzaSenzaImposte;
+    const bool Avviso = Attiva && SenzaImposte && Tassa != Imposta::SpeseGen && !Nota.AvvisoNotaGiudiziale;
     if (Avviso)
         Nota.AvvisoNotaGiudiziale = true;
     SetModificata(Nota, true);
-    if (!NotaGiudiziale)
+    if (!SenzaImposte)
         Ricorda(Nota, Tassa, Nota.Memoria);
     return Avviso;
 }
@@ -73,19 +73,19 @@ void CambiaPercento(Parcella& Nota, Imposta Tassa, const QString& Testo)
 {
     (Nota.*DatiImposta(Tassa).Box).Testo = Testo;
     SetModificata(Nota, true);
-    if (Nota.cmbTipoStampa != StampaNotaGiudiziale)
+    if (!TipoDi(Nota.cmbTipoStampa).ForzaSenzaImposte)
         Ricorda(Nota, Tassa, Nota.Memoria);
 }
 
 void CambiaRegime(Parcella& Nota, bool Attivo)
 {
-    const bool NotaGiudiziale = Nota.cmbTipoStampa == StampaNotaGiudiziale;
+    const bool SenzaImposte = TipoDi(Nota.cmbTipoStampa).ForzaSenzaImposte;
     Nota.chkRegSempl.Attiva = Attivo;
     for (const Imposta Tassa : EscluseDalRegime) {
-        Abilita(Nota, Tassa, !Attivo && (Tassa == Imposta::IVA || !NotaGiudiziale));
+        Abilita(Nota, Tassa, !Attivo && (Tassa == Imposta::IVA || !SenzaImposte));
         if (Attivo)
             Togli(Nota, Tassa);
-        else if (!NotaGiudiziale)
+        else if (!SenzaImposte)
             Ripristina(Nota, Tassa);
     }
     // Deferred VAT is not remembered: lifting the regime only lets it be ticked again.
@@ -99,7 +99,7 @@ void CambiaMinMax(Parcella& Nota, bool Attivo)
 {
     Nota.chkMinMax.Attiva = Attivo;
     SetModificata(Nota, true);
-    if (Nota.cmbTipoStampa != StampaNotaGiudiziale)
+    if (!TipoDi(Nota.cmbTipoStampa).ForzaSenzaImposte)
         Nota.Memoria.MinMax = Attivo;
 }
 
@@ -107,7 +107,7 @@ void CambiaAcconti(Parcella& Nota, bool Attivo)
 {
     Nota.chkAcconti.Attiva = Attivo;
     SetModificata(Nota, true);
-    if (Nota.cmbTipoStampa != StampaNotaGiudiziale)
+    if (!TipoDi(Nota.cmbTipoStampa).ForzaSenzaImposte)
         Nota.Memoria.Acconti = Attivo;
 }
 
@@ -122,13 +122,13 @@ void RicordaStampa(Parcella& Nota)
 MemoriaStampa StampaPropria(const Parcella& Nota)
 {
     MemoriaStampa Propria = Nota.Memoria;
-    if (Nota.cmbTipoStampa != StampaNotaGiudiziale)
+    if (!TipoDi(Nota.cmbTipoStampa).ForzaSenzaImposte)
         for (const Imposta Tassa : Imposte)
             Ricorda(Nota, Tassa, Propria);
     else if (Nota.chkRegSempl.Attiva)
         for (const Imposta Tassa : EscluseDalRegime)
             Ricorda(Nota, Tassa, Propria);
-    if (Nota.cmbTipoStampa != StampaFatturaSintetica) {
+    if (!TipoDi(Nota.cmbTipoStampa).ImponeAcconti) {
         Propria.MinMax = Nota.chkMinMax.Attiva;
         Propria.Acconti = Nota.chkAcconti.Attiva;
     }
@@ -137,22 +137,20 @@ MemoriaStampa StampaPropria(const Parcella& Nota)
 
 void ScegliTipoStampa(Parcella& Nota, int Tipo)
 {
-    const bool Sintetica = Tipo == StampaFatturaSintetica;
-    const bool NotaGiudiziale = Tipo == StampaNotaGiudiziale;
-    const bool Contrattuale = Tipo == StampaContratto || Tipo == StampaInformativa;
+    const TipoDocumento& Documento = TipoDi(Tipo);
     Nota.cmbTipoStampa = Tipo;
-    Nota.chkMinMax.Attiva = !Sintetica && Nota.Memoria.MinMax;
-    Nota.chkAcconti.Attiva = Sintetica || Nota.Memoria.Acconti;
-    Nota.chkMinMax.Abilitata = !Contrattuale && !Sintetica;
-    Nota.chkAcconti.Abilitata = !Contrattuale && !NotaGiudiziale;
+    Nota.chkMinMax.Attiva = !Documento.ImponeAcconti && Nota.Memoria.MinMax;
+    Nota.chkAcconti.Attiva = Documento.ImponeAcconti || Nota.Memoria.Acconti;
+    Nota.chkMinMax.Abilitata = !Documento.DisabilitaMinMax;
+    Nota.chkAcconti.Abilitata = !Documento.DisabilitaAcconti;
 
     for (const Imposta Tassa : Imposte) {
-        if (NotaGiudiziale)
+        if (Documento.ForzaSenzaImposte)
             Togli(Nota, Tassa);
         else
             Ripristina(Nota, Tassa);
     }
-    Abilita(Nota, Imposta::RA, !NotaGiudiziale);
+    Abilita(Nota, Imposta::RA, !Documento.ForzaSenzaImposte);
     if (!Nota.chkRegSempl.Attiva)
         return;
     for (const Imposta Tassa : EscluseDalRegime) {

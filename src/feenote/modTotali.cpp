@@ -80,7 +80,8 @@ double SenzaResto(double Base, double Massimo)
 SommeAcconti CalcolaAcconti(const Parcella& Nota, int Tipo)
 {
     SommeAcconti Risultato;
-    if (Tipo == StampaNotaGiudiziale || (Tipo == StampaFatturaSintetica && !Nota.chkAcconti.Attiva))
+    const UsoAcconti Uso = TipoDi(Tipo).Acconti;
+    if (Uso == UsoAcconti::Mai || (Uso == UsoAcconti::SeEsposti && !Nota.chkAcconti.Attiva))
         return Risultato;
     Accumula(Risultato, Nota.xAcconti);
     if (Nota.Multipla())

@@ -22,18 +22,6 @@ QStringList VociCategoria()
     return {u"Civile o Amministrativa"_s, u"Penale"_s, u"Stragiudiziale"_s};
 }
 
-QStringList VociTipoStampa()
-{
-    return {u"Prenotula"_s,
-            u"Preventivo"_s,
-            u"Fattura sintetica"_s,
-            u"Fattura analitica"_s,
-            u"Nota spese giudiziale"_s,
-            u"Contratto cliente"_s,
-            u"Resa informativa"_s,
-            u"Solo parte contabile!"_s};
-}
-
 QString TestoCategoria(const Parcella& Nota)
 {
     return VociCategoria().value(Nota.cmbCateg);

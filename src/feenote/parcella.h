@@ -6,6 +6,7 @@
 #pragma once
 
 #include "feenote/modRighe.h"
+#include "feenote/modTipiDocumento.h"
 #include "platform/base/regionale.h"
 #include "platform/base/tabellarighe.h"
 #include "tariffs/modTariffe.h"
@@ -51,18 +52,6 @@ enum class CampoNota {
 /// Index of a list without a selection.
 constexpr int NessunaVoce = -1;
 
-/// The print types, in the order of their list.
-enum TipoStampa {
-    StampaPrenotula = 0,
-    StampaPreventivo = 1,
-    StampaFatturaSintetica = 2,
-    StampaFatturaAnalitica = 3,
-    StampaNotaGiudiziale = 4,
-    StampaContratto = 5,
-    StampaInformativa = 6,
-    StampaSoloContabile = 7,
-};
-
 /// Elements of txtDatiPar, the boxes of the print data.
 enum DatoStampa {
     DatoNumero = 0,  ///< number and date of pro-forma note and estimate
@@ -101,15 +90,6 @@ struct MemoriaStampa
     QString TestoIva, TestoRA, TestoCP, TestoSpeseGen;
 
     friend bool operator==(const MemoriaStampa&, const MemoriaStampa&) = default;
-};
-
-/// How a document words its client.
-enum class FormaBlocco {
-    Nessuna,  ///< the document names no client
-    Testata,  ///< name, address and tax codes on rows of their own, in the head of the page
-    Nome,     ///< the name alone
-    Persona,  ///< one sentence: born, resident
-    Societa,  ///< one sentence: with its seat
 };
 
 /// Who signs for a client that is a company.
@@ -222,9 +202,6 @@ struct Parcella
 [[nodiscard]] QString TestoCategoria(const Parcella& Nota);
 [[nodiscard]] QString TestoAutorita(const Parcella& Nota);
 [[nodiscard]] QString TestoScaglione(const Parcella& Nota);
-
-/// Entries of cmbTipoStampa, in order.
-[[nodiscard]] QStringList VociTipoStampa();
 
 /// Value of the case as documents show it: the exact value "30.000,00 €" when the box reads above 0, else
 /// the bracket's text in lower case.

@@ -8,7 +8,7 @@
 #include "platform/document/setacciortf.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
-#include "print/modCorpo.h"
+#include "print/modTestata.h"
 
 #include <QHash>
 #include <QSet>

@@ -3,7 +3,7 @@
 #include "core/sessione.h"
 #include "platform/system/percorsi.h"
 #include "print/modClausole.h"
-#include "print/modCorpo.h"
+#include "print/modTestata.h"
 
 #include <array>
 
@@ -140,11 +140,11 @@ void Pagamenti(Superficie& vp)
     constexpr int PostoImporto = 30;  // room to write the amount by hand
     Articolo(vp, u"Art. 2 "_s,
              u"- I compensi pattuiti verranno corrisposti dal cliente con le seguenti modalità:"_s);
-    for (const Rata& Una : Rate) {
+    for (const Rata& Voce : Rate) {
         // The list stands with its heading: it is too short to be read on two pages.
         vp.KeepNext();
         vp.SpaceBefore(SpazioVoce);
-        vp.Text(Una.Lettera.toString() + QString(PostoImporto, u' ') + Una.Quando.toString());
+        vp.Text(Voce.Lettera.toString() + QString(PostoImporto, u' ') + Voce.Quando.toString());
         RigaVuota(vp);
     }
 }
@@ -167,7 +167,7 @@ void ComponiContratto(Superficie& vp, StatoStampa& Stato, const Parcella& Nota)
     StampaClausole(vp, Nota, u"Contratto"_s);
 }
 
-void ComponiInformativa(Superficie& vp, const Parcella& Nota)
+void ComponiInformativa(Superficie& vp, StatoStampa& /*Stato*/, const Parcella& Nota)
 {
     PreparaPagina(vp);
     vp.Text(u"DICHIARAZIONI DI RESA INFORMAZIONE"_s);

@@ -10,4 +10,4 @@
 
 /// The whole document, on an open one. Narrow margins hold for all its pages.
 void ComponiContratto(Superficie& vp, StatoStampa& Stato, const Parcella& Nota);
-void ComponiInformativa(Superficie& vp, const Parcella& Nota);
+void ComponiInformativa(Superficie& vp, StatoStampa& Stato, const Parcella& Nota);

@@ -1,8 +1,8 @@
 #include "print/modCorpo.h"
 
-#include "core/sessione.h"
 #include "feenote/modAcconti.h"
 #include "print/modRiepilogo.h"
+#include "print/modTestata.h"
 
 #include <array>
 #include <span>
@@ -173,7 +173,7 @@ void StampaAssociata(Superficie& vp, StatoStampa& Stato, const Parcella& Nota)
 bool MostraAcconti(const Parcella& Nota, int Tipo)
 {
     const bool Qualcuno = !Nota.xAcconti.Vuota() || (Nota.Multipla() && !Nota.Multi.xAcconti.Vuota());
-    return Nota.chkAcconti.Vale() && Tipo != StampaNotaGiudiziale && Qualcuno;
+    return Nota.chkAcconti.Vale() && TipoDi(Tipo).Acconti != UsoAcconti::Mai && Qualcuno;
 }
 
 bool ImportoAcconto(int Campo)
@@ -212,23 +212,7 @@ void StampaAcconti(Superficie& vp, const Parcella& Nota, const SommeAcconti& Tot
     ChiudiTabella(vp);
 }
 
-// ---- office head
-
-/// The text on a line of its own below another; nothing when it is empty.
-QString Sotto(const QString& Testo)
-{
-    return Testo.isEmpty() ? QString() : u'\n' + Testo;
-}
-
-QString CodiciStudio()
-{
-    QString Codici;
-    if (!sessione::StudioCodFisc.isEmpty())
-        Codici += u"C.F. "_s + sessione::StudioCodFisc + u'\n';
-    if (!sessione::StudioPIva.isEmpty())
-        Codici += u"P.I. "_s + sessione::StudioPIva;
-    return Codici;
-}
+// ---- section titles
 
 bool Comincia(const QString& Categ, QStringView Lettere)
 {
@@ -269,32 +253,6 @@ int AggiungiRigaTab(Superficie& vp)
     const int Riga = vp.TableCell(AttrTabella::Righe).toInt() + 1;
     vp.TableCell(AttrTabella::Righe, QVariant(Riga));
     return Riga;
-}
-
-void RigaVuota(Superficie& vp, int Quante)
-{
-    for (int Fatte = 0; Fatte < Quante; ++Fatte)
-        vp.Paragraph({});
-}
-
-void IntestazioneStudio(Superficie& vp, const Parcella& Nota, int /*Tipo*/)
-{
-    vp.FontSize(12);
-    vp.TextAlign(Allineamento::Sinistra);
-    vp.StartTable();
-    vp.TableCell(AttrTabella::Colonne, QVariant(3));
-    vp.TableCell(AttrTabella::Righe, QVariant(2));
-    vp.ColonnaTabella(AttrTabella::LarghezzaColonna, 1, u"8cm"_s);
-    vp.ColonnaTabella(AttrTabella::LarghezzaColonna, 2, u"0.5cm"_s);
-    vp.ColonnaTabella(AttrTabella::LarghezzaColonna, 3, u"9.5cm"_s);
-    for (const int Colonna : {1, 3})
-        vp.ColonnaTabella(AttrTabella::AllineaTesto, Colonna, static_cast<int>(Allineamento::AltoSinistra));
-
-    ScriviCella(vp, 1, 1, sessione::StudioNome + Sotto(sessione::StudioIndir) + Sotto(sessione::StudioCitta));
-    vp.CellaTabella(AttrTabella::FontDimensione, 2, 1, 10);
-    ScriviCella(vp, 2, 1, CodiciStudio());
-    ScriviCella(vp, 2, 3, Nota.txtDatiStaCli.Testo);
-    ChiudiTabella(vp);
 }
 
 void TitoloSezione(Superficie& vp, StatoStampa& Stato, const QString& Categ, const QString& Autor,
@@ -365,43 +323,4 @@ void StampaCorpo(Superficie& vp, StatoStampa& Stato, const Parcella& Nota, int T
     Stato.Acconti = CalcolaAcconti(Nota, Tipo);
     if (MostraAcconti(Nota, Tipo))
         StampaAcconti(vp, Nota, Stato.Acconti);
-}
-
-void VoceIntestazione(Superficie& vp, const QString& Decide, const QString& Testo)
-{
-    if (Decide.isEmpty())
-        return;
-    RigaVuota(vp);
-    vp.SpaceBefore(SpazioVoce);
-    vp.Text(Testo);
-}
-
-QString RigaValore(const Parcella& Nota)
-{
-    return Nota.CodCateg == Penale || Nota.Multipla() ? QString() : u"Valore: "_s + TestoValore(Nota);
-}
-
-void StampaIban(Superficie& vp, const Parcella& Nota)
-{
-    if (!Nota.chkIBAN.Attiva)
-        return;
-    RigaVuota(vp, 2);
-    vp.Text(u"Il pagamento può essere effettuato mediante bonifico su c/c con il seguente IBAN: "_s +
-            sessione::Iban);
-}
-
-void StampaFirma(Superficie& vp)
-{
-    constexpr int BianchiPrima = 65;  // pushes the signature to the right half
-    if (sessione::Firma.isEmpty()) {
-        RigaVuota(vp);
-        return;
-    }
-    // A signature stands with what it signs.
-    vp.KeepNext();
-    RigaVuota(vp);
-    vp.KeepNext();
-    RigaVuota(vp);
-    vp.KeepNext();
-    vp.Text(QString(BianchiPrima, u' ') + sessione::Firma);
 }

@@ -1,7 +1,4 @@
-// The blocks that documents share: office head, section titles, tables of fees, expenses, payments, foot.
-//
-// A blank line ends a row that text has begun; with no row begun it gives one blank row. Hence the blank
-// lines that stand in front of most lines here.
+// The body that documents share: section titles, tables of fees, expenses and payments.
 #pragma once
 
 #include "feenote/modTotali.h"
@@ -50,18 +47,9 @@ struct StatoStampa
 /// Columns of a table of lines; the triple stands among them while its switch is on and enabled.
 [[nodiscard]] std::vector<DescrColonna> PreparaColonne(const Parcella& Nota, TabellaStampa Quale);
 
-/// Room that rows leave where no blank one stands between them, in points: between the items of a heading,
-/// and between one part of a document and the next.
-constexpr double SpazioVoce = 3.0;
-constexpr double SpazioBlocco = 12.0;
-
 /// Appends a row to the open table and returns its number, from 1. @throws Errore 5 without an open table
 int AggiungiRigaTab(Superficie& vp);
-/// Blank lines.
-void RigaVuota(Superficie& vp, int Quante = 1);
 
-/// The office of the session on the left, the client block of the note on the right, whatever the type.
-void IntestazioneStudio(Superficie& vp, const Parcella& Nota, int Tipo);
 /// One numbered title. Out-of-court matters have no authority, penal ones no value; told by the first
 /// letters of the category.
 void TitoloSezione(Superficie& vp, StatoStampa& Stato, const QString& Categ, const QString& Autor,
@@ -75,14 +63,3 @@ void StampaSpese(Superficie& vp, const Parcella& Nota, const TabellaRighe& Righe
 /// Fees and expenses of this note and of the associated one, each with its title, then the payments of
 /// both, in euro, where the document shows them. Leaves the payments' totals in the state.
 void StampaCorpo(Superficie& vp, StatoStampa& Stato, const Parcella& Nota, int Tipo);
-
-/// A blank line and the text; nothing where the text that decides is empty.
-void VoceIntestazione(Superficie& vp, const QString& Decide, const QString& Testo);
-/// "Valore: " and the value of the case; empty for a penal matter, and with an associated note, where each
-/// section title shows its own.
-[[nodiscard]] QString RigaValore(const Parcella& Nota);
-
-/// The bank details, while their switch is on: two blank lines and the sentence.
-void StampaIban(Superficie& vp, const Parcella& Nota);
-/// A blank line and, where the session has a signature, the signature to the right.
-void StampaFirma(Superficie& vp);

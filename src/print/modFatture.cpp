@@ -4,6 +4,7 @@
 #include "platform/system/orologio.h"
 #include "print/modLettere.h"
 #include "print/modRiepilogo.h"
+#include "print/modTestata.h"
 
 #include <array>
 
@@ -34,10 +35,6 @@ void TestaFattura(Superficie& vp, const Parcella& Nota, int Tipo)
     VoceIntestazione(vp, Nota.txtControp.Testo, u"Controparte: "_s + Nota.txtDatiStaControp.Testo);
     const QString Oggetto = u"Oggetto: "_s + Nota.txtDatiStaOgg.Testo;
     VoceIntestazione(vp, Oggetto, Oggetto);  // an invoice names its subject, be it empty
-    if (Tipo == StampaFatturaSintetica && Nota.Multipla())
-        VoceIntestazione(vp, Nota.Multi.Oggetto, u"   "_s + Nota.Multi.Oggetto);
-    const QString Valore = Tipo == StampaFatturaAnalitica ? RigaValore(Nota) : QString();
-    VoceIntestazione(vp, Valore, Valore);
 }
 
 void PiedeFattura(Superficie& vp, const Parcella& Nota)
@@ -189,17 +186,26 @@ void TabellaRiepilogo(Superficie& vp, const Catena& Conti)
 
 }  // namespace
 
-void ComponiFattura(Superficie& vp, StatoStampa& Stato, const Parcella& Nota, int Tipo)
+void ComponiFatturaSintetica(Superficie& vp, StatoStampa& /*Stato*/, const Parcella& Nota)
 {
-    TestaFattura(vp, Nota, Tipo);
+    TestaFattura(vp, Nota, StampaFatturaSintetica);
+    // The sections have no titles here: the other note's subject stands in the head, the value nowhere.
+    if (Nota.Multipla())
+        VoceIntestazione(vp, Nota.Multi.Oggetto, u"   "_s + Nota.Multi.Oggetto);
     RigaVuota(vp, 2);
-    if (Tipo == StampaFatturaSintetica) {
-        StampaSintetica(vp, Nota);
-    } else {
-        StampaCorpo(vp, Stato, Nota, Tipo);
-        RigaVuota(vp);
-        StampaRiepilogo(vp, Nota, Tipo);
-    }
+    StampaSintetica(vp, Nota);
+    PiedeFattura(vp, Nota);
+}
+
+void ComponiFatturaAnalitica(Superficie& vp, StatoStampa& Stato, const Parcella& Nota)
+{
+    TestaFattura(vp, Nota, StampaFatturaAnalitica);
+    const QString Valore = RigaValore(Nota);
+    VoceIntestazione(vp, Valore, Valore);
+    RigaVuota(vp, 2);
+    StampaCorpo(vp, Stato, Nota, StampaFatturaAnalitica);
+    RigaVuota(vp);
+    StampaRiepilogo(vp, Nota, StampaFatturaAnalitica);
     PiedeFattura(vp, Nota);
 }
 

@@ -4,8 +4,8 @@
 #include "print/modCorpo.h"
 
 /// The whole document, on an open one.
-/// @param Tipo StampaFatturaSintetica or StampaFatturaAnalitica
-void ComponiFattura(Superficie& vp, StatoStampa& Stato, const Parcella& Nota, int Tipo);
+void ComponiFatturaSintetica(Superficie& vp, StatoStampa& Stato, const Parcella& Nota);
+void ComponiFatturaAnalitica(Superficie& vp, StatoStampa& Stato, const Parcella& Nota);
 
 /// The two tables of the short invoice and, where it is due, the sentence of the subsidised regime. The
 /// payments that it lists are those that it takes away.

@@ -1,6 +1,7 @@
 #include "print/modNotaSpese.h"
 
 #include "print/modRiepilogo.h"
+#include "print/modTestata.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,6 +2,7 @@
 
 #include "core/sessione.h"
 #include "print/modRiepilogo.h"
+#include "print/modTestata.h"
 
 using namespace Qt::StringLiterals;
 

@@ -3,6 +3,7 @@
 #include "feenote/modVariazione.h"
 #include "print/modCorpo.h"
 #include "print/modLettere.h"
+#include "print/modTestata.h"
 
 #include <QStringList>
 
@@ -39,10 +40,10 @@ QString ConPercento(const QString& Nome, const Aliquota& Tassa)
     return Nome + u' ' + Tassa.Testo + u'%';
 }
 
-/// A payment shows while it is above 0; the court costs note knows none.
+/// A payment shows while it is above 0.
 void VoceAcconto(Righe& Tutte, const DatiCatena& Dati, const QString& Etichetta, double Euro)
 {
-    if (Euro > 0 && Dati.Tipo != StampaNotaGiudiziale)
+    if (Euro > 0 && TipoDi(Dati.Tipo).Acconti != UsoAcconti::Mai)
         VoceInMeno(Tutte, Etichetta, Euro);
 }
 
@@ -84,11 +85,11 @@ void RigheNetto(Righe& Tutte, const Catena& Conti)
     Voce(Tutte, u"Importo dovuto al netto della R.A."_s, Conti.Netto);
 }
 
-/// A court costs note without any tax says that taxes are due all the same.
+/// Of a document that forces the taxes out one says that they are due all the same.
 bool TasseTaciute(const DatiCatena& Dati)
 {
     const bool Nessuna = !Dati.SpeseGen.Attiva && !Dati.CP.Attiva && !Dati.IVA.Attiva && !Dati.RA.Attiva;
-    return Dati.Tipo == StampaNotaGiudiziale && Nessuna;
+    return TipoDi(Dati.Tipo).ForzaSenzaImposte && Nessuna;
 }
 
 // ---- the table
@@ -164,7 +165,7 @@ void StampaRiepilogo(Superficie& vp, const Parcella& Nota, int Tipo)
         RigaVuota(vp);
     }
     ScriviTabella(vp, RigheRiepilogo(CatenaFiscale(Nota, Tipo)));
-    if (Nota.chkRegSempl.Attiva && Tipo == StampaFatturaAnalitica)
+    if (Nota.chkRegSempl.Attiva && TipoDi(Tipo).EFattura)
         StampaRegimeAgevolato(vp);
 }
 

@@ -5,11 +5,12 @@
 #include "platform/base/paginacodice.h"
 #include "platform/system/percorsi.h"
 #include "print/modContratto.h"
-#include "print/modCorpo.h"
 #include "print/modFatture.h"
 #include "print/modNotaSpese.h"
+#include "print/modPrenotula.h"
 #include "print/modPreventivo.h"
-#include "print/modRiepilogo.h"
+
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -25,8 +26,7 @@ int ColoreFondo(const Parcella& Nota)
 
 void PreparaPagina(Superficie& vp, const Parcella& Nota, int Tipo)
 {
-    // The short invoice leaves room for paper with a printed letterhead.
-    const bool CartaIntestata = Tipo == StampaFatturaSintetica;
+    const bool CartaIntestata = TipoDi(Tipo).CartaIntestata;
     vp.MarginLeft(u"2cm"_s);
     vp.MarginRight(u"1.4cm"_s);
     vp.MarginTop(CartaIntestata ? u"3cm"_s : u"1.5cm"_s);
@@ -42,82 +42,26 @@ void PreparaPagina(Superficie& vp, const Parcella& Nota, int Tipo)
     vp.TextAlign(Allineamento::Sinistra);
 }
 
-/// The row of number and date, of which either may be missing.
-void TitoloPrenotula(Superficie& vp, const Parcella& Nota)
-{
-    const QString Numero = Nota.DatiPar(DatoNumero);
-    const QString Data = Nota.DatiPar(DatoData);
-    RigaVuota(vp);
-    vp.Text(u"Preavviso di parcella "_s);
-    if (!Numero.isEmpty())
-        vp.Text(u"n. "_s + Numero);
-    if (!Data.isEmpty())
-        vp.Text(u" del "_s + Data);
-}
+/// Writes a document that has been opened.
+using Compositore = void (*)(Superficie& vp, StatoStampa& Stato, const Parcella& Nota);
 
-void ComponiPrenotula(Superficie& vp, StatoStampa& Stato, const Parcella& Nota, int Tipo)
-{
-    IntestazioneStudio(vp, Nota, Tipo);
-    TitoloPrenotula(vp, Nota);
-    VoceIntestazione(vp, Nota.txtControp.Testo, u"Controparte: "_s + Nota.txtDatiStaControp.Testo);
-    VoceIntestazione(vp, Nota.txtDatiStaOgg.Testo, u"Oggetto: "_s + Nota.txtDatiStaOgg.Testo);
-    const QString Valore = RigaValore(Nota);
-    VoceIntestazione(vp, Valore, Valore);
-    RigaVuota(vp, 2);
-    StampaCorpo(vp, Stato, Nota, Tipo);
-    RigaVuota(vp);
-    StampaRiepilogo(vp, Nota, Tipo);
-    RigaVuota(vp, 2);
-    vp.Text(u"N.B. : la presente parcella non costituisce fattura che sarà emessa quietanzata "
-            u"alla data del pagamento"_s);
-    StampaIban(vp, Nota);
-    StampaFirma(vp);
-}
-
-void ComponiSoloContabile(Superficie& vp, StatoStampa& Stato, const Parcella& Nota, int Tipo)
-{
-    vp.TextAlign(Allineamento::Giustificato);
-    vp.Text(Nota.DatiPar(DatoTestoSuperiore));
-    RigaVuota(vp, 2);
-    StampaCorpo(vp, Stato, Nota, Tipo);
-    RigaVuota(vp);
-    StampaRiepilogo(vp, Nota, Tipo);
-    RigaVuota(vp);
-    vp.TextAlign(Allineamento::Giustificato);
-    vp.Text(Nota.DatiPar(DatoTestoInferiore));
-    RigaVuota(vp);
-}
+/// By TipoStampa.
+constexpr std::array Compositori{
+    Compositore{ComponiPrenotula},        Compositore{ComponiPreventivo},
+    Compositore{ComponiFatturaSintetica}, Compositore{ComponiFatturaAnalitica},
+    Compositore{ComponiNotaSpese},        Compositore{ComponiContratto},
+    Compositore{ComponiInformativa},      Compositore{ComponiSoloContabile},
+};
+static_assert(Compositori.size() == TipiDocumento.size());
 
 /// @return false for a number that is no document
 bool Componi(Superficie& vp, const Parcella& Nota, int Tipo)
 {
-    StatoStampa Stato;
-    switch (Tipo) {
-    case StampaPrenotula:
-        ComponiPrenotula(vp, Stato, Nota, Tipo);
-        return true;
-    case StampaPreventivo:
-        ComponiPreventivo(vp, Stato, Nota);
-        return true;
-    case StampaFatturaSintetica:
-    case StampaFatturaAnalitica:
-        ComponiFattura(vp, Stato, Nota, Tipo);
-        return true;
-    case StampaNotaGiudiziale:
-        ComponiNotaSpese(vp, Stato, Nota);
-        return true;
-    case StampaContratto:
-        ComponiContratto(vp, Stato, Nota);
-        return true;
-    case StampaInformativa:
-        ComponiInformativa(vp, Nota);
-        return true;
-    case StampaSoloContabile:
-        ComponiSoloContabile(vp, Stato, Nota, Tipo);
-        return true;
-    default:
+    if (!ETipoStampa(Tipo))
         return false;
-    }
+    StatoStampa Stato;
+    Compositori[size_t(Tipo)](vp, Stato, Nota);
+    return true;
 }
 
 /// Ends the document however the composition ends: what was drawn before a failure can then be shown.

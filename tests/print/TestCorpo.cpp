@@ -3,6 +3,7 @@
 #include "campioni.h"
 #include "platform/base/errore.h"
 #include "print/modCorpo.h"
+#include "print/modTestata.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,6 +4,7 @@
 #include "documenti.h"
 
 #include "print/modCorpo.h"
+#include "print/modTestata.h"
 
 using namespace Qt::StringLiterals;
 

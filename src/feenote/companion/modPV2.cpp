@@ -45,11 +45,10 @@ double ImportoFattura()
     return CDbl(CStr(Ultima.Importo));
 }
 
-/// True for a note that was composed as a document with amounts: neither agreement nor statement.
+/// True for a note that was composed as a document with a summary.
 bool HaRiepilogo(const Parcella& Nota)
 {
-    const int Tipo = Nota.cmbTipoStampa;
-    return Nota.Pronta && Tipo != NessunaVoce && Tipo != StampaContratto && Tipo != StampaInformativa;
+    return Nota.Pronta && ETipoStampa(Nota.cmbTipoStampa) && TipoDi(Nota.cmbTipoStampa).Riepilogo;
 }
 
 /// @throws Errore of the archive; then nothing is written
@@ -111,8 +110,7 @@ int ContatoreDi(const Parcella& Nota)
 
 void ConsegnaFattura(const Parcella& Nota)
 {
-    const int Tipo = Nota.cmbTipoStampa;
-    if (Tipo != StampaFatturaSintetica && Tipo != StampaFatturaAnalitica)
+    if (!TipoDi(Nota.cmbTipoStampa).EFattura)
         return;
     if (NumeroFattura().isEmpty()) {
         MsgErrore(u"I dati della fattura non possono essere inviati a Praxivo\n"

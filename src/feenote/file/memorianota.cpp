@@ -159,9 +159,9 @@ constexpr std::array TasseGiudiziali{
 
 void ScriviDelTipo(const Parcella& Nota, MemoriaFile& Memoria)
 {
-    if (Nota.cmbTipoStampa == StampaFatturaSintetica && !Nota.chkAcconti.Attiva)
+    if (TipoDi(Nota.cmbTipoStampa).ImponeAcconti && !Nota.chkAcconti.Attiva)
         Memoria[VoceAccontiMostrati.toString()] = No.toString();
-    if (Nota.cmbTipoStampa != StampaNotaGiudiziale)
+    if (!TipoDi(Nota.cmbTipoStampa).ForzaSenzaImposte)
         return;
     for (const TassaGiudiziale& Tassa : TasseGiudiziali) {
         if ((Nota.*Tassa.Tick).Attiva)
@@ -201,9 +201,9 @@ void ApplicaMemoria(Parcella& Nota, const MemoriaFile& Memoria)
 
 void ApplicaMemoriaDelTipo(Parcella& Nota, const MemoriaFile& Memoria)
 {
-    if (Nota.cmbTipoStampa == StampaFatturaSintetica && Memoria.contains(VoceAccontiMostrati.toString()))
+    if (TipoDi(Nota.cmbTipoStampa).ImponeAcconti && Memoria.contains(VoceAccontiMostrati.toString()))
         Nota.chkAcconti.Attiva = false;
-    if (Nota.cmbTipoStampa != StampaNotaGiudiziale)
+    if (!TipoDi(Nota.cmbTipoStampa).ForzaSenzaImposte)
         return;
     for (const TassaGiudiziale& Tassa : TasseGiudiziali) {
         const auto Testo = Memoria.find(Tassa.Nome.toString());

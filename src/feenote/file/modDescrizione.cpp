@@ -329,8 +329,8 @@ void LeggiStampa(Parcella& Nota, OggettoJson& Dati)
     CambiaAcconti(Nota, Stampa->Booleano(u"esponiAcconti"_s).value_or(false));
 
     if (const std::optional<int> Tipo = Stampa->Intero(u"tipo"_s)) {
-        if (*Tipo < 0 || *Tipo >= VociTipoStampa().size())
-            throw OggettoJson::Rifiuto(5, Stampa->Nome(u"tipo"_s), u"i tipi di stampa vanno da 0 a 7"_s);
+        if (!ETipoStampa(*Tipo))
+            throw OggettoJson::Rifiuto(5, Stampa->Nome(u"tipo"_s), FraseTipiStampa());
         ScegliTipoStampa(Nota, *Tipo);
     }
     Stampa->Finisci();

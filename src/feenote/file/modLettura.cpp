@@ -7,9 +7,9 @@
 #include "feenote/file/memorianota.h"
 #include "feenote/file/modPassword.h"
 #include "feenote/modBloccoCliente.h"
-#include "feenote/modDatiStampa.h"
 #include "feenote/modInterruttori.h"
 #include "feenote/modParametri.h"
+#include "feenote/modParti.h"
 #include "feenote/modVariazione.h"
 #include "platform/base/errore.h"
 #include "platform/system/messaggi.h"
@@ -172,7 +172,7 @@ void CaricaTutto(Parcella& Nota, const QString& Percorso)
     // The memory takes the loaded switches before a print type forces its own on them.
     RicordaStampa(Nota);
     Nota.Pronta = true;
-    if (Letta.TipoStampa >= 0 && Letta.TipoStampa < VociTipoStampa().size())
+    if (ETipoStampa(Letta.TipoStampa))
         ScegliTipoStampa(Nota, Letta.TipoStampa);
     ApplicaMemoriaDelTipo(Nota, Memoria);
     // A client that is gone has been shown as such already; what the user wrote for him stays.

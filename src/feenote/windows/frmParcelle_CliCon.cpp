@@ -3,7 +3,7 @@
 #include "core/aperture.h"
 #include "feenote/windows/frmParcelle.h"
 
-#include "feenote/modDatiStampa.h"
+#include "feenote/modParti.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "ui_SchedaDatiBase.h"

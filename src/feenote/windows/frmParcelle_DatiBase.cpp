@@ -1,8 +1,8 @@
 // Tab 0: parties, subject, parameters of the proceeding, percent variation.
 #include "feenote/windows/frmParcelle.h"
 
-#include "feenote/modDatiStampa.h"
 #include "feenote/modParametri.h"
+#include "feenote/modParti.h"
 #include "feenote/modVariazione.h"
 #include "feenote/windows/mostra.h"
 #include "platform/kit/campo.h"

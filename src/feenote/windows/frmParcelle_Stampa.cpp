@@ -5,12 +5,15 @@
 #include "core/comandi.h"
 #include "core/modErrori.h"
 #include "core/modTesti.h"
+#include "core/posti.h"
 #include "core/sessione.h"
 #include "feenote/companion/modPV2.h"
 #include "feenote/modDatiStampa.h"
 #include "feenote/modInterruttori.h"
 #include "feenote/modNumeraFattura.h"
+#include "feenote/modParti.h"
 #include "feenote/windows/barrastampa.h"
+#include "feenote/windows/bottoniesporta.h"
 #include "feenote/windows/mostra.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
@@ -294,8 +297,8 @@ std::optional<Errore> frmParcelle::Componi(bool Invio)
     if (TogliIbanAssente(Nota))
         mostra::Segno(uiStampa->chkIBAN, Nota.chkIBAN);
     const auto Cartella = Invio ? std::optional(CartellaCompagna()) : std::nullopt;
-    const auto Esito =
-        AnteprimaConEsportazione(vp->Foglio(), Nota, Nota.cmbTipoStampa, Posto, Cartella, vp->CartaInUso());
+    const auto Esito = AnteprimaConEsportazione(vp->Foglio(), Nota, Nota.cmbTipoStampa, SteloDocumento(Posto),
+                                                Cartella, vp->CartaInUso());
     MemorizzaUltimaStampa(Nota);
     return Esito;
 }
@@ -408,7 +411,7 @@ void frmParcelle::AbilitaBarraStampa()
 
 void frmParcelle::MostraDatiStampa()
 {
-    const DatiDocumento Dati = DatiDelTipo(Nota.cmbTipoStampa);
+    const TipoDocumento& Dati = TipoDi(Nota.cmbTipoStampa);
     uiStampa->fraDatiPar->setVisible(Dati.Pannello != PannelloStampa::Nessuno);
     uiStampa->fraDatiPar->setTitle(Dati.Titolo.toString());
     if (Dati.Pannello != PannelloStampa::Nessuno)

@@ -1,5 +1,6 @@
 // Print data: what each document asks for, texts that two tabs share, the client block, the IBAN.
 #include "feenote/modDatiStampa.h"
+#include "feenote/modParti.h"
 #include "file_prova.h"
 
 using namespace Qt::StringLiterals;
@@ -10,6 +11,8 @@ class TestDatiStampa : public QObject
 private Q_SLOTS:
     void ogniDocumentoChiedeISuoiDati_data();
     void ogniDocumentoChiedeISuoiDati();
+    void gliAltriTratti_data();
+    void gliAltriTratti();
     void nessunDocumento();
     void leParole_data();
     void leParole();
@@ -87,18 +90,61 @@ void TestDatiStampa::ogniDocumentoChiedeISuoiDati_data()
 void TestDatiStampa::ogniDocumentoChiedeISuoiDati()
 {
     QFETCH(int, Tipo);
-    const DatiDocumento Dati = DatiDelTipo(Tipo);
+    const TipoDocumento& Dati = TipoDi(Tipo);
     QTEST(Dati.Titolo.toString(), "Titolo");
     QTEST(int(Dati.Pannello), "Pannello");
     QTEST(Dati.Iban, "Iban");
     QTEST(Dati.Parti, "Parti");
 }
 
+void TestDatiStampa::gliAltriTratti_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<QString>("Nome");
+    QTest::addColumn<int>("Acconti");
+    QTest::addColumn<QString>("Tratti");
+    const auto Riga = [](int Tipo, const QString& Nome, UsoAcconti Acconti, const QString& Tratti) {
+        QTest::newRow(qPrintable(Nome)) << Tipo << Nome << int(Acconti) << Tratti;
+    };
+    Riga(0, u"Prenotula"_s, UsoAcconti::Sempre, {});
+    Riga(1, u"Preventivo"_s, UsoAcconti::Sempre, {});
+    Riga(2, u"Fattura sintetica"_s, UsoAcconti::SeEsposti, u"impone minmax fattura carta"_s);
+    Riga(3, u"Fattura analitica"_s, UsoAcconti::Sempre, u"fattura"_s);
+    Riga(4, u"Nota spese giudiziale"_s, UsoAcconti::Mai, u"senza acconti"_s);
+    Riga(5, u"Contratto cliente"_s, UsoAcconti::Sempre, u"minmax acconti soloTesto"_s);
+    Riga(6, u"Resa informativa"_s, UsoAcconti::Sempre, u"minmax acconti soloTesto"_s);
+    Riga(7, u"Solo parte contabile!"_s, UsoAcconti::Sempre, {});
+}
+
+void TestDatiStampa::gliAltriTratti()
+{
+    QFETCH(int, Tipo);
+    const TipoDocumento& Dati = TipoDi(Tipo);
+    QTEST(Dati.Nome.toString(), "Nome");
+    QTEST(int(Dati.Acconti), "Acconti");
+    QStringList Tratti;
+    const auto Se = [&](bool Vero, const QString& Parola) {
+        if (Vero)
+            Tratti += Parola;
+    };
+    Se(Dati.ForzaSenzaImposte, u"senza"_s);
+    Se(Dati.ImponeAcconti, u"impone"_s);
+    Se(Dati.DisabilitaMinMax, u"minmax"_s);
+    Se(Dati.DisabilitaAcconti, u"acconti"_s);
+    Se(Dati.EFattura, u"fattura"_s);
+    Se(!Dati.Riepilogo, u"soloTesto"_s);
+    Se(Dati.CartaIntestata, u"carta"_s);
+    QTEST(Tratti.join(u' '), "Tratti");
+    QCOMPARE(VociTipoStampa().value(Tipo), Dati.Nome.toString());
+}
+
 void TestDatiStampa::nessunDocumento()
 {
+    QCOMPARE(VociTipoStampa().size(), 8);
+    QCOMPARE(FraseTipiStampa(), u"i tipi di stampa vanno da 0 a 7"_s);
     for (const int Tipo : {-1, 8}) {
-        QCOMPARE(int(DatiDelTipo(Tipo).Pannello), int(PannelloStampa::Nessuno));
-        QVERIFY(!DatiDelTipo(Tipo).Parti && !DatiDelTipo(Tipo).Iban);
+        QCOMPARE(int(TipoDi(Tipo).Pannello), int(PannelloStampa::Nessuno));
+        QVERIFY(!TipoDi(Tipo).Parti && !TipoDi(Tipo).Iban);
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include "feenote/file/memorianota.h"
 #include "feenote/modDatiStampa.h"
+#include "feenote/modParti.h"
 
 #include <functional>
 

@@ -4,7 +4,7 @@
 #include "core/aperture.h"
 #include "core/comandi.h"
 #include "core/posti.h"
-#include "feenote/modDatiStampa.h"
+#include "feenote/modParti.h"
 #include "platform/preview/stampante.h"
 #include "platform/preview/vistastampa.h"
 #include "platform/system/shell.h"

@@ -1,0 +1,42 @@
+// Client, counterparty and subject: as they stand on the first tab, as they print, and in the address book.
+#pragma once
+
+#include "feenote/parcella.h"
+
+#include <QString>
+
+/// The texts that the first tab and the print data both show.
+enum class ParteNota { Cliente, Controparte, Oggetto };
+
+/// Characters that a party or the subject may have.
+[[nodiscard]] int MassimoParte(ParteNota Quale);
+/// As it stands on the first tab, and as it will print.
+[[nodiscard]] const Casella& ParteScritta(const Parcella& Nota, ParteNota Quale);
+[[nodiscard]] const Casella& ParteStampata(const Parcella& Nota, ParteNota Quale);
+/// Typed on the first tab: it will print so, in every form of the client block, whatever was written there.
+/// A linked party that is emptied is linked no more, which the user is told.
+void CambiaParte(Parcella& Nota, ParteNota Quale, const QString& Testo);
+/// Typed in the print data; a longer text is cut.
+void CambiaParteStampata(Parcella& Nota, ParteNota Quale, const QString& Testo);
+/// The box of the print data was left: the subject goes back to the first tab, a party only while it is free
+/// text. A linked one keeps its name, whatever is printed. Of a client block goes back the line of the name;
+/// of a sentence nothing.
+void LasciaParteStampata(Parcella& Nota, ParteNota Quale);
+
+/// How the chosen document words the client.
+[[nodiscard]] FormaBlocco FormaDelBlocco(const Parcella& Nota);
+/// Words the client for the chosen document. A form that the user has written in shows his text, kept in
+/// BlocchiScritti; a document without a client leaves the block. For an agreement the row of a newly linked
+/// client first says whether it is a person or a company.
+void RicomponiBlocco(Parcella& Nota);
+
+/// The address book's answer to "cli", "con" (first tab) or "c_cli", "c_con" (print data); any other word
+/// does nothing. The first tab links the party. So does the print data for one that is not linked yet; for
+/// any other only what is printed changes: a client is worded from its row, a counterparty by its name.
+void RiceviDaRubrica(Parcella& Nota, const QString& Parola, int Chiave, const QString& Nome);
+
+/// The client is a person (0) or a company (1).
+void CambiaContrTipo(Parcella& Nota, int Tipo);
+
+/// The boxes of the representative, by member.
+void CambiaRappresentante(Parcella& Nota, QString Rappresentante::*Dato, const QString& Testo);

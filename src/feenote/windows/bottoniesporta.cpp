@@ -1,0 +1,58 @@
+#include "feenote/windows/bottoniesporta.h"
+
+#include "core/comandi.h"
+#include "core/modErrori.h"
+#include "core/posti.h"
+#include "core/sessione.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What keeps the document from being brought up to date and opened; nothing is shown yet.
+std::optional<Errore> Aggiorna(const std::function<std::optional<Errore>()>& Ricomponi)
+{
+    try {
+        return Ricomponi();
+    } catch (...) {
+        return ErroreCorrente();
+    }
+}
+
+}  // namespace
+
+void EsportaInWord(int Indice, const std::function<std::optional<Errore>()>& Ricomponi)
+{
+    const QString File = FileDocumento(Indice);
+    const QString Nome = SteloDocumento(Indice) + u".doc"_s;
+    std::optional<Errore> Esito;
+    bool InUso = false;
+    {
+        const ClessidraAccesa Occupato;
+        InUso = FileInUso(File);
+        if (!InUso)
+            Esito = Aggiorna(Ricomponi);
+    }
+    if (InUso)
+        MsgErrore(u"Attenzione, il documento "_s + Nome +
+                  u" è già aperto da un'altra applicazione e non può essere aggiornato.\n"
+                  u"Chiudere il documento e riprovare."_s);
+    else if (!EsisteFile(File))
+        MsgErrore(u"Attenzione, il documento "_s + Nome + u" non è stato trovato!"_s);
+    else if (Esito)
+        GestioneErrori(*Esito);
+    else
+        EseguiComando(u"printword"_s, Indice, QString());
+}
+
+void AvviaEditor(int Indice)
+{
+    if (sessione::WP.isEmpty())
+        return;
+    const QString File = FileDocumento(Indice);
+    if (AvviaProgramma(sessione::WP, {File}, CartellaFile(File)) != 0)
+        MsgBox(u"Si è verificato un errore nell'apertura"_s, vbCritical, u"Errore!"_s);
+}

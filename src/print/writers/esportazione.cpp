@@ -1,0 +1,46 @@
+#include "print/writers/esportazione.h"
+
+#include "platform/base/errore.h"
+#include "platform/system/percorsi.h"
+#include "print/writers/scrittorehtml.h"
+#include "print/writers/scrittorertf.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool Uguale(const QString& File, const QByteArray& Byte)
+{
+    try {
+        return EsisteFile(File) && LeggiFile(File, Byte.size()) == Byte;
+    } catch (const Errore&) {
+        return false;  // what cannot be read, or is longer, is another one
+    }
+}
+
+}  // namespace
+
+QByteArray DocumentoEsportato(const Documento& Doc, FormatoEsportazione Formato, const QString& Titolo,
+                              const Carta& Foglio)
+{
+    switch (Formato) {
+    case FormatoEsportazione::Html:
+        return ScriviHtml(Doc, Titolo, Foglio);
+    case FormatoEsportazione::Word:
+        return ScriviRtf(Doc, Titolo, Foglio);
+    }
+    throw Errore(5);
+}
+
+bool EsportaDocumento(const Documento& Doc, const QString& File, FormatoEsportazione Formato,
+                      const QString& Titolo, const Carta& Foglio)
+{
+    const QByteArray Byte = DocumentoEsportato(Doc, Formato, Titolo, Foglio);
+    if (Uguale(File, Byte))
+        return false;
+    // Whoever has it open would be left with a file that is no longer there.
+    if (!SolaLettura(File) && FileInUso(File))
+        throw Errore(70);
+    ScriviFile(File, Byte);
+    return true;
+}
