@@ -63,6 +63,7 @@ void Firme(Superficie& vp)
 {
     constexpr int BianchiPrima = 2;  // a small indent: the row must hold the lawyer's whole name too
     constexpr int BianchiTra = 60;
+    constexpr int BianchiFirma = 79;  // as wide as what stands before the lawyer's name
     // The client signs the reservations: date and signatures never leave them.
     vp.KeepNext();
     RigaVuota(vp);
@@ -72,7 +73,7 @@ void Firme(Superficie& vp)
     RigaVuota(vp);
     vp.SpaceBefore(2 * SpazioBlocco);
     vp.Text(QString(BianchiPrima, u' ') + u"Il Cliente"_s + QString(BianchiTra, u' ') +
-            (sessione::Firma.isEmpty() ? u"L'avvocato"_s : sessione::Firma));
+            (sessione::Firma.isEmpty() ? u"L'avvocato"_s : FirmaSuRighe(BianchiFirma)));
 }
 
 }  // namespace

@@ -92,5 +92,22 @@ void StampaFirma(Superficie& vp)
     vp.KeepNext();
     RigaVuota(vp);
     vp.KeepNext();
-    vp.Text(QString(BianchiPrima, u' ') + sessione::Firma);
+    vp.Text(QString(BianchiPrima, u' ') + FirmaSuRighe(BianchiPrima));
+}
+
+QString FirmaSuRighe(int Bianchi)
+{
+    // The right half of the sheet holds so many letters of eleven points; what the page broke by itself would
+    // go on at the left margin, in an estimate below the client's signature.
+    constexpr int LettereDiRiga = 50;
+    QString Righe;
+    QString Riga;
+    for (const QString& Parola : sessione::Firma.split(u' ', Qt::SkipEmptyParts)) {
+        if (!Riga.isEmpty() && Riga.size() + 1 + Parola.size() > LettereDiRiga) {
+            Righe += Riga + u'\n' + QString(Bianchi, u' ');
+            Riga.clear();
+        }
+        Riga += (Riga.isEmpty() ? QString() : u" "_s) + Parola;
+    }
+    return sessione::Firma.size() > LettereDiRiga ? Righe + Riga : sessione::Firma;
 }

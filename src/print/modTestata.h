@@ -29,3 +29,6 @@ void VoceIntestazione(Superficie& vp, const QString& Decide, const QString& Test
 void StampaIban(Superficie& vp, const Parcella& Nota);
 /// A blank line and, where the session has a signature, the signature to the right.
 void StampaFirma(Superficie& vp);
+/// The session's signature on as many lines as it takes, each behind so many blanks; the first one's are the
+/// caller's.
+[[nodiscard]] QString FirmaSuRighe(int Bianchi);

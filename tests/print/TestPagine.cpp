@@ -50,6 +50,7 @@ private Q_SLOTS:
     void quantePagine_data();
     void quantePagine();
     void ilRiepilogoRestaIntero();
+    void laFirmaLungaRestaADestra();
     void notaVuota();
     void noteDifficili_data();
     void noteDifficili();
@@ -121,6 +122,22 @@ void TestPagine::ilRiepilogoRestaIntero()
         for (const RigaImpaginata& Riga : Fatta.Righe(Ultima))
             Piene += pagine::TestoDi(Fatta, Riga).trimmed().isEmpty() ? 0 : 1;
         QVERIFY(Piene > 1);
+    }
+}
+
+/// The signature of two lawyers takes two lines, and both stand to the right.
+void TestPagine::laFirmaLungaRestaADestra()
+{
+    for (const int Tipo : {int(StampaPrenotula), int(StampaPreventivo)}) {
+        Parcella Nota = campioni::Civile();
+        sessione::Firma = u"Avv. Maria Antonietta De Gregoriis Avv. Giovanni Battista Della Rovere"_s;
+        const Impaginazione Fatta = Pagine(Nota, Tipo);
+        QCOMPARE(pagine::Difetto(Fatta), QString());
+        const QString Prima = pagine::TestoDi(Fatta, pagine::CercaRiga(Fatta, u"De Gregoriis"_s).Riga);
+        const QString Seconda = pagine::TestoDi(Fatta, pagine::CercaRiga(Fatta, u"Della Rovere"_s).Riga);
+        QVERIFY2(Prima.trimmed().endsWith(u"Avv. Giovanni"_s), qPrintable(Prima));
+        QCOMPARE(Seconda.trimmed(), u"Battista Della Rovere"_s);
+        QVERIFY2(Seconda.size() - Seconda.trimmed().size() >= 65, qPrintable(Seconda));
     }
 }
 

@@ -85,6 +85,10 @@ void TestPreventivo::firma_data()
     QTest::addColumn<QString>("Firma");
     QTest::addColumn<QString>("Fine");
     QTest::newRow("dello studio") << u"Avv. Giulia Neri"_s << u"Avv. Giulia Neri"_s;
+    QTest::newRow("di due avvocati, sotto di sé")
+        << u"Avv. Maria Antonietta De Gregoriis Avv. Giovanni Battista Della Rovere"_s
+        << u"Avv. Maria Antonietta De Gregoriis Avv. Giovanni\n"_s + QString(79, u' ') +
+               u"Battista Della Rovere"_s;
     QTest::newRow("nessuna") << QString() << u"L'avvocato"_s;
 }
 
