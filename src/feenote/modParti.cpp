@@ -32,7 +32,7 @@ constexpr std::array Parti{
 struct VoceRubrica
 {
     QStringView Parola;
-    ParteNota Quale;
+    ParteNota Parte;
     bool DaStampa;  ///< asked for in the print data
 };
 
@@ -43,23 +43,23 @@ constexpr std::array VociRubrica{
     VoceRubrica{u"c_con", ParteNota::Controparte, true},
 };
 
-constexpr const VoceParte& Voce(ParteNota Quale)
+constexpr const VoceParte& Voce(ParteNota Parte)
 {
-    return Parti[size_t(Quale)];
+    return Parti[size_t(Parte)];
 }
 
-void Dissocia(Parcella& Nota, ParteNota Quale)
+void Dissocia(Parcella& Nota, ParteNota Parte)
 {
-    Nota.*Voce(Quale).Legame = 0;
-    MsgBox(Quale == ParteNota::Cliente ? u"Il cliente è stato dissociato dalla parcella!"_s
+    Nota.*Voce(Parte).Legame = 0;
+    MsgBox(Parte == ParteNota::Cliente ? u"Il cliente è stato dissociato dalla parcella!"_s
                                        : u"La controparte è stata dissociata dalla parcella!"_s,
            vbExclamation, TitoloAvvertenza.toString());
 }
 
-void Lega(Parcella& Nota, ParteNota Quale, int Chiave, const QString& Nome)
+void Lega(Parcella& Nota, ParteNota Parte, int Chiave, const QString& Nome)
 {
-    Nota.*Voce(Quale).Legame = Chiave;
-    CambiaParte(Nota, Quale, Nome);
+    Nota.*Voce(Parte).Legame = Chiave;
+    CambiaParte(Nota, Parte, Nome);
 }
 
 /// The client of the print alone; the form that he is worded in holds as the user's own would.
@@ -92,48 +92,48 @@ void ProponiContrTipo(Parcella& Nota)
 
 }  // namespace
 
-int MassimoParte(ParteNota Quale)
+int MassimoParte(ParteNota Parte)
 {
-    return Voce(Quale).Massimo;
+    return Voce(Parte).Massimo;
 }
 
-const Casella& ParteScritta(const Parcella& Nota, ParteNota Quale)
+const Casella& ParteScritta(const Parcella& Nota, ParteNota Parte)
 {
-    return Nota.*Voce(Quale).Scritta;
+    return Nota.*Voce(Parte).Scritta;
 }
 
-const Casella& ParteStampata(const Parcella& Nota, ParteNota Quale)
+const Casella& ParteStampata(const Parcella& Nota, ParteNota Parte)
 {
-    return Nota.*Voce(Quale).Stampata;
+    return Nota.*Voce(Parte).Stampata;
 }
 
-void CambiaParte(Parcella& Nota, ParteNota Quale, const QString& Testo)
+void CambiaParte(Parcella& Nota, ParteNota Parte, const QString& Testo)
 {
-    (Nota.*Voce(Quale).Scritta).Testo = Testo;
-    (Nota.*Voce(Quale).Stampata).Testo = Testo;
-    if (Quale == ParteNota::Cliente)
+    (Nota.*Voce(Parte).Scritta).Testo = Testo;
+    (Nota.*Voce(Parte).Stampata).Testo = Testo;
+    if (Parte == ParteNota::Cliente)
         Nota.BlocchiScritti.clear();
     SetModificata(Nota, true);
-    if (Testo.isEmpty() && Voce(Quale).Legame && Nota.*Voce(Quale).Legame > 0)
-        Dissocia(Nota, Quale);
+    if (Testo.isEmpty() && Voce(Parte).Legame && Nota.*Voce(Parte).Legame > 0)
+        Dissocia(Nota, Parte);
 }
 
-void CambiaParteStampata(Parcella& Nota, ParteNota Quale, const QString& Testo)
+void CambiaParteStampata(Parcella& Nota, ParteNota Parte, const QString& Testo)
 {
-    (Nota.*Voce(Quale).Stampata).Testo = Testo.left(Voce(Quale).Massimo);
-    if (Quale == ParteNota::Cliente)
+    (Nota.*Voce(Parte).Stampata).Testo = Testo.left(Voce(Parte).Massimo);
+    if (Parte == ParteNota::Cliente)
         ScriviBlocco(Nota, FormaDelBlocco(Nota), Nota.txtDatiStaCli.Testo);
     SetModificata(Nota, true);
 }
 
-void LasciaParteStampata(Parcella& Nota, ParteNota Quale)
+void LasciaParteStampata(Parcella& Nota, ParteNota Parte)
 {
-    const VoceParte& Parte = Voce(Quale);
-    if (Parte.Legame && Nota.*Parte.Legame != 0)
+    const VoceParte& Dati = Voce(Parte);
+    if (Dati.Legame && Nota.*Dati.Legame != 0)
         return;
-    const QString& Testo = (Nota.*Parte.Stampata).Testo;
-    if (Quale != ParteNota::Cliente)
-        (Nota.*Parte.Scritta).Testo = Testo;
+    const QString& Testo = (Nota.*Dati.Stampata).Testo;
+    if (Parte != ParteNota::Cliente)
+        (Nota.*Dati.Scritta).Testo = Testo;
     else if (!Discorsiva(FormaDelBlocco(Nota)))
         Nota.txtCliente.Testo = NomeDelBlocco(Testo);
 }
@@ -161,18 +161,18 @@ void RiceviDaRubrica(Parcella& Nota, const QString& Parola, int Chiave, const QS
     const auto Chiesta = std::ranges::find(VociRubrica, Parola, &VoceRubrica::Parola);
     if (Chiesta == VociRubrica.end())
         return;
-    const bool Cliente = Chiesta->Quale == ParteNota::Cliente;
-    if (!Chiesta->DaStampa || Nota.*Voce(Chiesta->Quale).Legame == 0) {
-        Lega(Nota, Chiesta->Quale, Chiave, Nome);
+    const bool Cliente = Chiesta->Parte == ParteNota::Cliente;
+    if (!Chiesta->DaStampa || Nota.*Voce(Chiesta->Parte).Legame == 0) {
+        Lega(Nota, Chiesta->Parte, Chiave, Nome);
         if (Cliente)
             RicomponiBlocco(Nota);
     } else if (Cliente) {
         StampaCliente(Nota, Chiave, Nome);
     } else {
-        CambiaParteStampata(Nota, Chiesta->Quale, Nome);
+        CambiaParteStampata(Nota, Chiesta->Parte, Nome);
     }
     if (!Chiesta->DaStampa)
-        Nota.Fuoco = Voce(Chiesta->Quale).Campo;
+        Nota.Fuoco = Voce(Chiesta->Parte).Campo;
 }
 
 void CambiaContrTipo(Parcella& Nota, int Tipo)

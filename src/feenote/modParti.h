@@ -9,19 +9,19 @@
 enum class ParteNota { Cliente, Controparte, Oggetto };
 
 /// Characters that a party or the subject may have.
-[[nodiscard]] int MassimoParte(ParteNota Quale);
+[[nodiscard]] int MassimoParte(ParteNota Parte);
 /// As it stands on the first tab, and as it will print.
-[[nodiscard]] const Casella& ParteScritta(const Parcella& Nota, ParteNota Quale);
-[[nodiscard]] const Casella& ParteStampata(const Parcella& Nota, ParteNota Quale);
+[[nodiscard]] const Casella& ParteScritta(const Parcella& Nota, ParteNota Parte);
+[[nodiscard]] const Casella& ParteStampata(const Parcella& Nota, ParteNota Parte);
 /// Typed on the first tab: it will print so, in every form of the client block, whatever was written there.
 /// A linked party that is emptied is linked no more, which the user is told.
-void CambiaParte(Parcella& Nota, ParteNota Quale, const QString& Testo);
+void CambiaParte(Parcella& Nota, ParteNota Parte, const QString& Testo);
 /// Typed in the print data; a longer text is cut.
-void CambiaParteStampata(Parcella& Nota, ParteNota Quale, const QString& Testo);
+void CambiaParteStampata(Parcella& Nota, ParteNota Parte, const QString& Testo);
 /// The box of the print data was left: the subject goes back to the first tab, a party only while it is free
 /// text. A linked one keeps its name, whatever is printed. Of a client block goes back the line of the name;
 /// of a sentence nothing.
-void LasciaParteStampata(Parcella& Nota, ParteNota Quale);
+void LasciaParteStampata(Parcella& Nota, ParteNota Parte);
 
 /// How the chosen document words the client.
 [[nodiscard]] FormaBlocco FormaDelBlocco(const Parcella& Nota);
