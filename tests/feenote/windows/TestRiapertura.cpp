@@ -1,0 +1,97 @@
+// A note reopened composes what it printed: looking at its document changes no byte of the exported file.
+#include "supporto/prova.h"
+
+#include "feenote/modTipiDocumento.h"
+#include "salvataggi.h"
+
+#include <QDateTime>
+#include <QPlainTextEdit>
+
+using namespace Qt::StringLiterals;
+
+class TestRiapertura : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void ilDocumentoNonCambia_data();
+    void ilDocumentoNonCambia();
+};
+PROVA(TestRiapertura);
+
+namespace {
+
+const QDateTime Allora(QDate(2020, 5, 4), QTime(10, 30));
+
+/// Writes into every box of the print data that the document shows, and ticks what it offers.
+int Riempi(const frmParcelle* Finestra)
+{
+    int Scritte = 0;
+    const auto* Colonna = Controllo(Finestra, "datiStampa");
+    for (const char* Nome : {"optContrTipo_1", "chkIBAN", "chkRegSempl", "chkFattAcc"})
+        if (auto* Segno = Controllo<QAbstractButton>(Finestra, Nome); Segno->isVisible()) {
+            Segno->click();
+            Respiro();
+            ++Scritte;
+        }
+    for (QLineEdit* Box : Colonna->findChildren<QLineEdit*>())
+        if (Box->isVisible()) {
+            Scrivi(Box, u"x"_s + QString::number(++Scritte));
+            Premi(Qt::Key_Tab);
+        }
+    for (QPlainTextEdit* Box : Colonna->findChildren<QPlainTextEdit*>())
+        if (Box->isVisible()) {
+            Box->setFocus();
+            Box->selectAll();
+            Digita(u"riga "_s + QString::number(++Scritte));
+            Box->insertPlainText(u"\naltra riga"_s);
+            Controllo(Finestra, "cmbTipoStampa")->setFocus();
+        }
+    return Scritte;
+}
+
+}  // namespace
+
+void TestRiapertura::ilDocumentoNonCambia_data()
+{
+    QTest::addColumn<int>("Tipo");
+    for (int Tipo = 0; ETipoStampa(Tipo); ++Tipo)
+        QTest::newRow(qPrintable(TipoDi(Tipo).Nome.toString())) << Tipo;
+}
+
+void TestRiapertura::ilDocumentoNonCambia()
+{
+    QFETCH(int, Tipo);
+    Tavolo T;
+    sessione::StudioNome = u"Avv. Laura Conti"_s;
+    sessione::Iban = u"IT60X0542811101000000123456"_s;
+    frmParcelle* F = Tavolo::Apri();
+    QVERIFY(F);
+    CompilaCivile(F);
+    salvataggi::Tocca(F);
+    Scrivi(Controllo<QLineEdit>(F, "txtControp"), u"Bianchi Srl"_s);
+    ClicScheda(F, SchedaDiStampa);
+    // Another form of the client block first, with words of its own.
+    Scegli(Controllo<QComboBox>(F, "cmbTipoStampa"),
+           Tipo == StampaContratto ? StampaPrenotula : StampaContratto);
+    QVERIFY(Riempi(F) >= 3);
+    Scegli(Controllo<QComboBox>(F, "cmbTipoStampa"), Tipo);
+    QVERIFY(Riempi(F) >= 2);
+    const QString File = salvataggi::SalvaCome(T, u"nota.mdb"_s);
+    const QByteArray Stampato = LeggiFile(FileDocumento(1));
+    QFile Esportato(FileDocumento(1));
+    QVERIFY(Esportato.open(QIODevice::ReadWrite) &&
+            Esportato.setFileTime(Allora, QFileDevice::FileModificationTime));
+    Esportato.close();
+
+    AzzeraFinestre();
+    F = Tavolo::Apri(File);
+    QVERIFY(F);
+    ClicScheda(F, SchedaDiStampa);
+    QCOMPARE(F->Nota.cmbTipoStampa, Tipo);
+    QCOMPARE(LeggiFile(FileDocumento(1)), Stampato);
+    QCOMPARE(QFileInfo(FileDocumento(1)).lastModified(), Allora);
+    QVERIFY(!F->Nota.Modificata);
+}
+
+#include "TestRiapertura.moc"
