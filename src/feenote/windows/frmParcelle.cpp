@@ -283,7 +283,7 @@ void frmParcelle::Mostra()
     MostraSpese();
     MostraAcconti();
     MostraImposte();
-    MostraStampa();
+    MostraSchedaStampa();
     MostraCliCon();
     RefreshDatiBase();
     RefreshGrid();

@@ -197,7 +197,7 @@ private:
     void CollegaDatiStampa();
     void CollegaSegniStampa();
     void CollegaAnteprima();
-    void MostraStampa();
+    void MostraSchedaStampa();
     void MostraDatiStampa();
     void EntraScheda4();
     void cmbTipoStampa_Click(int Tipo);

@@ -382,7 +382,7 @@ void frmParcelle::SalvaPdf()
                TitoloMessaggio.toString());
 }
 
-void frmParcelle::MostraStampa()
+void frmParcelle::MostraSchedaStampa()
 {
     mostra::Elenco(uiStampa->cmbTipoStampa, VociTipoStampa(), Nota.cmbTipoStampa, true);
     MostraDatiStampa();

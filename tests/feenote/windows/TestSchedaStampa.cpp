@@ -64,6 +64,7 @@ private Q_SLOTS:
     void leCaselleConPiuRighe();
     void oggettoTornaAllaPrimaScheda();
     void laPrimaSchedaRiempieLeCaselle();
+    void ogniFormaIlSuoBlocco();
     void ilBloccoScrittoRestaFraLePrenotule();
     void salvareRicompone();
     void gliInterruttoriSiVedonoAllApertura();
@@ -155,6 +156,7 @@ void TestSchedaStampa::senzaDocumento()
     QCOMPARE(Controllo<QComboBox>(F, "cmbTipoStampa")->currentIndex(), -1);
     QVERIFY(!vp->isVisible());
     QVERIFY(Controllo(F, "lblSenzaDocumento")->isVisible());
+    QVERIFY(Controllo(F, "lblSenzaDocumento")->isEnabled());  // in the colour of text
     QVERIFY(!Controllo(F, "fraDatiPar")->isVisible());
     QVERIFY(!Controllo(F, "fraParti")->isVisible());
     QVERIFY(!Controllo(F, "barPrint_print")->isEnabled());
@@ -314,6 +316,23 @@ void TestSchedaStampa::oggettoTornaAllaPrimaScheda()
     QCOMPARE(Controllo<QLineEdit>(F, "txtOggetto")->text(), u"Risoluzione"_s);
     QCOMPARE(Controllo<QLineEdit>(F, "txtControp")->text(), u"Gialli Spa"_s);
     QCOMPARE(F->Nota.txtOggetto.Testo, u"Risoluzione"_s);
+}
+
+/// Rows in the head of the invoice and the sentence of the contract live side by side.
+void TestSchedaStampa::ogniFormaIlSuoBlocco()
+{
+    auto* Blocco = Controllo<QPlainTextEdit>(F, "txtDatiStaCli");
+    Documento(StampaPrenotula);
+    ScriviTesto(Blocco, u"Rossi Maria\nVia Verdi 3"_s);
+    Documento(StampaContratto);
+    QCOMPARE(F->Nota.txtCliente.Testo, u"Rossi Maria"_s);
+    ScriviTesto(Blocco, u"Rossi Maria nata a Monza"_s);
+    Documento(StampaFatturaAnalitica);
+    QCOMPARE(Blocco->toPlainText(), u"Rossi Maria\nVia Verdi 3"_s);
+    QCOMPARE(F->Nota.txtCliente.Testo, u"Rossi Maria"_s);
+    QVERIFY(!Pagine().contains(u"nata a Monza"_s));
+    Documento(StampaInformativa);
+    QVERIFY(Pagine().contains(u"Rossi Maria nata a Monza"_s));
 }
 
 void TestSchedaStampa::laPrimaSchedaRiempieLeCaselle()
