@@ -17,7 +17,9 @@ private Q_SLOTS:
     void gliIncludeSonoQuelliAmmessi();
     void nessunaFrecciaSale();
     void leLibrerieStannoNelleLoroStanze();
+    void unNomeDiceUnaCosaSola();
     void nessunaStanzaTieneUnDecimo();
+    void leProveSeguonoLeStanze();
 
     void unaSondaSiScopre_data();
     void unaSondaSiScopre();
@@ -95,9 +97,31 @@ void TestArchitettura::leLibrerieStannoNelleLoroStanze()
     Nessuna(LibrerieProibite(Vera, IntestazioniFinestre));
 }
 
+void TestArchitettura::unNomeDiceUnaCosaSola()
+{
+    Nessuna(NomiDoppi(Vera));
+}
+
 void TestArchitettura::nessunaStanzaTieneUnDecimo()
 {
     Nessuna(StanzeTroppoGrandi(Vera));
+}
+
+/// A folder of test classes bears the name of a room, or of a tool.
+void TestArchitettura::leProveSeguonoLeStanze()
+{
+    const QDir Prove(FileDiProva(QString()));
+    QStringList Estranee;
+    QDirIterator Cammino(Prove.path(), {u"Test*.cpp"_s}, QDir::Files, QDirIterator::Subdirectories);
+    while (Cammino.hasNext()) {
+        const QString Cartella = Prove.relativeFilePath(QFileInfo(Cammino.next()).path());
+        const QString Attrezzo = SorgenteDiProva(u""_s) + Cartella;
+        if (!Vera.Stanze.contains(Cartella) && Cartella != u"architettura"_s && Cartella != u"video"_s &&
+            !(Cartella.startsWith(u"tools/") && QFileInfo::exists(Attrezzo)))
+            Estranee += Cartella;
+    }
+    Estranee.removeDuplicates();
+    Nessuna(Estranee);
 }
 
 void TestArchitettura::unaSondaSiScopre_data()
