@@ -4,8 +4,8 @@
 #include "feenote/parcella.h"
 #include "platform/document/lettorertf.h"
 #include "platform/system/percorsi.h"
-#include "print/modEsporta.h"
 #include "print/modStampe.h"
+#include "print/writers/esportazione.h"
 
 #include <QTemporaryDir>
 
