@@ -16,8 +16,7 @@ private Q_SLOTS:
     void cleanup();
     void modulo_data() { RigheModuli(); }
     void modulo();
-    void schedaDellaParcella_data();
-    void schedaDellaParcella();
+    void datiBase();
 
 private:
     [[nodiscard]] QStringList Giro();
@@ -76,25 +75,10 @@ void TestOrdineFuoco::modulo()
     Confronta(Nome, Giro());
 }
 
-void TestOrdineFuoco::schedaDellaParcella_data()
+void TestOrdineFuoco::datiBase()
 {
-    QTest::addColumn<int>("Scheda");
-    QTest::newRow("datibase") << 0;
-    QTest::newRow("acconti") << 3;
-}
-
-void TestOrdineFuoco::schedaDellaParcella()
-{
-    QFETCH(int, Scheda);
     ATTENDI_CHE(!P->Fuoco().isEmpty());
-    if (Scheda > 0) {
-        P->Clic(u"txtCliente"_s);
-        // The other tabs ask for the parameters of the case.
-        P->Premi(QStringList(Scheda, u"ctrl+Next"_s));
-    }
-    if (!P->Messaggio().isEmpty())
-        QSKIP("la scheda chiede prima i dati della causa");
-    Confronta(u"parcella_"_s + QString::fromUtf8(QTest::currentDataTag()), Giro());
+    Confronta(u"parcella_datibase"_s, Giro());
 }
 
 #include "TestOrdineFuoco.moc"

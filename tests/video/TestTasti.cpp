@@ -71,15 +71,19 @@ void TestTasti::modificatoriNellaCasella()
 
 void TestTasti::AgliOnorari()
 {
-    P->Clic(u"cmbAutor"_s);
-    ATTENDI_CHE(!P->Chiedi(u"popup"_s).isEmpty());
-    P->Premi({u"Down"_s, u"Down"_s, u"Return"_s});
-    ATTENDI(u"popup"_s, "");
+    for (const QString& Lista : {u"cmbCateg"_s, u"cmbAutor"_s}) {
+        P->Clic(Lista);
+        ATTENDI_CHE(!P->Chiedi(u"popup"_s).isEmpty());
+        P->Premi({u"Home"_s, u"Down"_s, u"Return"_s});
+        ATTENDI(u"popup"_s, "");
+        ATTENDI_CHE(!P->Testo(Lista).isEmpty());
+    }
     P->Clic(u"txtImporto"_s);
     P->Digita(u"30000"_s);
     P->Premi({u"Tab"_s, u"ctrl+Next"_s});
     ATTENDI_CHE(P->Chiedi(u"visto tdbListaOno"_s) == u"1" || !P->Messaggio().isEmpty());
     QCOMPARE(P->Messaggio(), QString());
+    ATTENDI_CHE(!P->Chiedi(u"cella tdbListaOno 0 1"_s).isEmpty());
 }
 
 void TestTasti::modificatoriNellaCella_data()
@@ -91,6 +95,8 @@ void TestTasti::modificatoriNellaCella()
 {
     QFETCH(QString, Tasto);
     AgliOnorari();
+    if (QTest::currentTestFailed())
+        return;
     P->Clic(P->Cella(u"tdbListaOno"_s, 0, 1), 2);
     ATTENDI_CHE(!P->Chiedi(u"cella tdbOnor 0 1"_s).isEmpty());
     P->Clic(P->Cella(u"tdbOnor"_s, 0, 1));
@@ -148,6 +154,8 @@ void TestTasti::rotellaSulleListeDellaParcella()
 void TestTasti::doppioClicETrascinamento()
 {
     AgliOnorari();
+    if (QTest::currentTestFailed())
+        return;
     for (const int Voce : {0, 1}) {
         P->Clic(P->Cella(u"tdbListaOno"_s, Voce, 1), 2);
         ATTENDI_CHE(!P->Chiedi(u"cella tdbOnor %1 1"_s.arg(Voce)).isEmpty());

@@ -19,7 +19,8 @@ inline constexpr Modulo Calcolatrici[] = {
     {"contributo", "ctrl+shift+c", "Calcolo contributo unificato"},
 };
 
-inline constexpr Modulo Impostazioni{"impostazioni", "ctrl+shift+p", "Calcanova - Personalizzazione programma"};
+inline constexpr Modulo Impostazioni{"impostazioni", "ctrl+shift+p",
+                                     "Calcanova - Personalizzazione programma"};
 
 /// Rows of every window that a key opens.
 inline void RigheModuli()

@@ -112,7 +112,10 @@ bool Programma::NuovaParcella()
     if (!Aperta(u"Calcanova 3"_s))
         return false;
     Clic(u"imgMenu_0"_s);
-    return Aperta(u"Nuova parcella"_s);
+    if (Aperta(u"Nuova parcella"_s))
+        return true;
+    Fotografa(u"senza_parcella"_s);
+    return false;
 }
 
 QRect Programma::Posto(const QString& Nome)

@@ -87,7 +87,7 @@ void SegnaGiorni(const CampiTermini& Campi, const QList<QDate>& Scadenze)
 void ScriviRisultato(const CampiTermini& Campi, const QString& Testo, bool Settembre)
 {
     QPalette Colori;
-    Colori.setColor(QPalette::WindowText, aspetto::Sbagliato());
+    Colori.setColor(Campi.lblSettembre->foregroundRole(), aspetto::Sbagliato());
     Campi.lblSettembre->setPalette(Colori);
     Campi.lblSettembre->setVisible(Settembre);
     Campi.lblRisult->setText(Testo);

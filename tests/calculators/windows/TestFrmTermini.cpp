@@ -1,5 +1,6 @@
 // The form of the terms, used with keys and mouse.
 #include "calculators/windows/frmTermini.h"
+#include "platform/kit/aspetto.h"
 
 #include "bancotermini.h"
 
@@ -433,6 +434,7 @@ void TestFrmTermini::settembreDal2015()
     QCOMPARE(B->Risultato(), u"La scadenza è Giovedì,  15 Ottobre  2026\n(Posticipata)"_s);
     QVERIFY(Riga->isVisible());
     QCOMPARE(Riga->text(), Avviso);
+    QCOMPARE(Riga->palette().color(Riga->foregroundRole()), aspetto::Sbagliato());
     QVERIFY(B->Uno(u"lblRisult"_s)->accessibleName().endsWith(Avviso));
     B->Clic(u"cmdCopia"_s);
     QCOMPARE(QApplication::clipboard()->text(), u"La scadenza è Giovedì, 15 Ottobre 2026\n(Posticipata)"_s);
