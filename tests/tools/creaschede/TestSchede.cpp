@@ -172,10 +172,10 @@ QString CopiaDati()
     const QString Origine = SorgenteDiProva(u"dati/"_s);
     const QString Copia = NuovaCartella();
     QDir().mkpath(Copia + u"schede"_s);
-    for (const QString& Nome :
-         {u"autorita.csv"_s, u"scaglioni.csv"_s, u"voci.csv"_s, u"onorari_civili.csv"_s,
-          u"onorari_penali.csv"_s, u"onorari_stragiudiziali.csv"_s, u"spese.csv"_s, u"schede/civile.txt"_s,
-          u"schede/penale.txt"_s, u"schede/stragiudiziale.txt"_s})
+    for (const QString& Nome : {u"autorita.csv"_s, u"scaglioni.csv"_s, u"voci.csv"_s, u"onorari_civili.csv"_s,
+                                u"onorari_penali.csv"_s, u"onorari_stragiudiziali.csv"_s, u"spese.csv"_s,
+                                u"chiavi_precedenti.csv"_s, u"schede/civile.txt"_s, u"schede/penale.txt"_s,
+                                u"schede/stragiudiziale.txt"_s})
         QFile::copy(Origine + Nome, Copia + Nome);
     return Copia;
 }
@@ -551,10 +551,10 @@ void TestSchede::rifiuta_data()
     const QString Civ = u"schede/civile.txt"_s;
     const QString Pen = u"schede/penale.txt"_s;
     const QString Str = u"schede/stragiudiziale.txt"_s;
-    Caso("item without a text", u"voci.csv"_s, u"PEN;999;"_s, u"PEN;6;6;6;Fase nuova;\nPEN;999;"_s,
+    Caso("item without a text", u"voci.csv"_s, u"PEN;999;"_s, u"PEN;106;6;6;Fase nuova;\nPEN;999;"_s,
          u"manca l'importo penale"_s);
     Caso("item without a text, with amounts", u"voci.csv"_s, u"CIV;999;999;999;Voce non prevista;"_s,
-         u"CIV;999;999;999;Voce non prevista;\nSTR;20;20;20;Voce nuova;"_s, u"voce 20"_s);
+         u"CIV;999;999;999;Voce non prevista;\nSTR;220;20;20;Voce nuova;"_s, u"voce 220"_s);
     Caso("text without an item", Civ, u"= 8 Affari tavolari"_s, u"= 88 Affari tavolari"_s,
          u"civile.txt, riga "_s);
     Caso("text of nothing", Civ, u"= 8 Affari tavolari"_s, u"= Affari tavolari"_s, u"serve il codice"_s);
@@ -596,10 +596,10 @@ void TestSchede::rifiuta_data()
          u"non si adatta"_s);
     Caso("an example outside the brackets", Str, u"%esempio 80000"_s, u"%esempio 0"_s,
          u"in nessuno scaglione"_s);
-    Caso("percentages that the figures do not follow", u"onorari_penali.csv"_s, u"assise;2;750;1500;2250"_s,
-         u"assise;2;757;1500;2250"_s, u"la voce 2 non segue da una percentuale intera"_s);
-    Caso("a formula that words cannot tell", u"onorari_stragiudiziali.csv"_s, u"6;1;50+x*0.03;150+x*0.08"_s,
-         u"6;1;50+x*0.03;150+x*x*0.08"_s, u"non si può dire a parole"_s);
+    Caso("percentages that the figures do not follow", u"onorari_penali.csv"_s, u"assise;102;750;1500;2250"_s,
+         u"assise;102;757;1500;2250"_s, u"la voce 102 non segue da una percentuale intera"_s);
+    Caso("a formula that words cannot tell", u"onorari_stragiudiziali.csv"_s, u"206;1;50+x*0.03;150+x*0.08"_s,
+         u"206;1;50+x*0.03;150+x*x*0.08"_s, u"non si può dire a parole"_s);
 }
 
 void TestSchede::rifiuta()
