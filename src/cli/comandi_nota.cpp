@@ -4,6 +4,7 @@
 #include "feenote/file/modDescrizione.h"
 #include "feenote/file/modLettura.h"
 #include "feenote/file/modPosaFile.h"
+#include "feenote/file/modSalvataggio.h"
 #include "feenote/modDatiStampa.h"
 #include "feenote/modInterruttori.h"
 #include "platform/base/errore.h"
@@ -40,10 +41,8 @@ QString NomePerSalvare(const QString& Chiesto)
     QString Percorso = PercorsoNativo(Chiesto);
     if (!Percorso.endsWith(u".mdb"))
         Percorso += u".mdb"_s;
-    const QString Nome = NomeFile(Percorso).chopped(4);
-    const auto Vietato = [](QChar C) { return u"[]!."_s.contains(C); };
-    if (Nome.isEmpty() || std::any_of(Nome.begin(), Nome.end(), Vietato))
-        throw Errore(52, u"Il nome specificato non è valido: non usare i caratteri [ ] ! ."_s);
+    if (!NomeDiNotaValido(NomeFile(Percorso).chopped(4)))
+        throw Errore(52, NomeNonValido.toString());
     return Percorso;
 }
 
@@ -137,7 +136,12 @@ Risposta ComandoStampa(const QStringList& Valori)
     const Formato& Formato = FormatoDi(Uscita);
     const QString Documento = TipoDi(Tipo).Nome.toString();
     Parcella Nota = LeggiNota(Valori[0]);
-    ScegliDocumento(Nota, Tipo);  // as the list of the print tab would: the client is worded for it
+    // As the list of the print tab would: another document has its own switches and words the client; the one
+    // that the note was saved with stands as it was saved.
+    if (Tipo != Nota.cmbTipoStampa)
+        ScegliDocumento(Nota, Tipo);
+    else
+        RicomponiBlocco(Nota);
     Superficie vp;
     Anteprima(vp, Nota, Tipo);  // a note that was read is ready, and every entry of the list is a document
     Formato.Scrivi(vp.Contenuto(), Uscita, TitoloDi(Documento, Valori[0]));

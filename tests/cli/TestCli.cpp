@@ -61,6 +61,8 @@ private Q_SLOTS:
     void stampaSoloInFileConosciuti();
     void stampaOgniDocumento_data();
     void stampaOgniDocumento();
+    void esponeGliAcconti_data();
+    void esponeGliAcconti();
 };
 PROVA(TestCli);
 
@@ -403,6 +405,39 @@ void TestCli::stampaOgniDocumento()
     QCOMPARE(Fatta.Guasti, QString());
     QCOMPARE(Fatta.Stato, 0);
     QVERIFY(QString::fromUtf8(LeggiFile(Testo)).contains(Parole));
+}
+
+void TestCli::esponeGliAcconti_data()
+{
+    QTest::addColumn<QString>("Stampa");
+    QTest::addColumn<QString>("Tipo");
+    QTest::addColumn<bool>("Esposti");
+    QTest::newRow("prenotula che li espone") << u"{\"tipo\": 0, \"esponiAcconti\": true}"_s << u"0"_s << true;
+    QTest::newRow("chiesti con un altro documento")
+        << u"{\"tipo\": 0, \"esponiAcconti\": true}"_s << u"3"_s << true;
+    QTest::newRow("prenotula che non dice") << u"{\"tipo\": 0}"_s << u"0"_s << false;
+    QTest::newRow("sintetica che non dice") << u"{\"tipo\": 2}"_s << u"2"_s << true;
+    QTest::newRow("sintetica che non li espone")
+        << u"{\"tipo\": 2, \"esponiAcconti\": false}"_s << u"2"_s << false;
+}
+
+void TestCli::esponeGliAcconti()
+{
+    QFETCH(QString, Stampa);
+    QFETCH(QString, Tipo);
+    QFETCH(bool, Esposti);
+    const QString Nota = NuovaCartella() + u"nota.mdb"_s;
+    const QString Descrizione = Scritta(
+        u"{\"categoria\": \"CIV\", \"autorita\": 2, \"valore\": 30000, \"acconti\": [{\"descrizione\": "
+        u"\"Fondo spese versato\", \"corrispettivi\": 100}], \"stampa\": %1}"_s.arg(Stampa)
+            .toUtf8());
+    const Esito Creata = Chiama({u"crea"_s, Descrizione, Nota});
+    QCOMPARE(Creata.Guasti, QString());
+    const QString Testo = NuovaCartella() + u"documento.txt"_s;
+    QCOMPARE(Chiama({u"stampa"_s, Nota, Tipo, Testo}).Stato, 0);
+    const QString Composto = QString::fromUtf8(LeggiFile(Testo));
+    // The short invoice sums them up in a row, the others list them one by one.
+    QCOMPARE(Composto.contains(Tipo == u"2" ? u"cconti"_s : u"Fondo spese versato"_s), Esposti);
 }
 
 #include "TestCli.moc"

@@ -326,12 +326,16 @@ void LeggiStampa(Parcella& Nota, OggettoJson& Dati)
     if (!Stampa)
         return;
     LeggiCampi(Nota, *Stampa, GruppoStampa);
-    CambiaAcconti(Nota, Stampa->Booleano(u"esponiAcconti"_s).value_or(false));
+    const std::optional<bool> EsponiAcconti = Stampa->Booleano(u"esponiAcconti"_s);
+    CambiaAcconti(Nota, EsponiAcconti.value_or(false));
 
     if (const std::optional<int> Tipo = Stampa->Intero(u"tipo"_s)) {
         if (!ETipoStampa(*Tipo))
             throw OggettoJson::Rifiuto(5, Stampa->Nome(u"tipo"_s), FraseTipiStampa());
         ScegliTipoStampa(Nota, *Tipo);
+        // A short invoice lists the payments by itself, unless it is told not to.
+        if (*Tipo == StampaFatturaSintetica && EsponiAcconti)
+            CambiaAcconti(Nota, *EsponiAcconti);
     }
     Stampa->Finisci();
 }
@@ -354,7 +358,7 @@ QJsonValue LeggiJson(const QByteArray& Json)
 Parcella CreaDaDescrizione(const QByteArray& Json)
 {
     OggettoJson Dati({}, LeggiJson(Json));
-    (void)ApriTariffe();  // a missing reference database is told here, once
+    (void)ApriTariffe();  // a missing reference database is reported here, once
     Parcella Nota;
     NuovaParcella(Nota);
     LeggiCategoria(Nota, Dati);

@@ -16,11 +16,17 @@ namespace {
 constexpr QStringView Estensione = u".mdb";
 constexpr QStringView FiltroNote = u"Parcelle (*.mdb)";
 
-/// The code of the matter before the names of its notes. A code like "12/2026" would name a folder.
+/// The code of the matter before the names of its notes. A code like "12/2026" would name a folder, and one
+/// like "2026.12" a note that could never be saved under the name it bears.
 QString Prefisso()
 {
     const QString& ID = sessione::RichiestaPV2.ID;
-    return ID.isEmpty() ? QString() : NomePerFile(ID) + u'-';
+    if (ID.isEmpty())
+        return {};
+    QString Nome = NomePerFile(ID);
+    for (const QChar Vietato : VietatiNeiNomi)
+        Nome.replace(Vietato, u'-');
+    return Nome + u'-';
 }
 
 /// A note that has a template as its file starts in the folder of notes, so that the template is safe.
@@ -47,10 +53,9 @@ QString ConEstensione(const QString& Percorso)
 bool NomeAmmesso(const QString& Percorso)
 {
     const QString Nome = NomeFile(Percorso).chopped(Estensione.size());
-    if (!Nome.isEmpty() && NomeValido(Nome, u"[]!."_s))
+    if (NomeDiNotaValido(Nome))
         return true;
-    MsgErrore(
-        u"Il nome specificato non è valido: non usare i caratteri [ ] ! .\nSalvataggio non effettuato!"_s);
+    MsgErrore(NomeNonValido.toString() + u"\nSalvataggio non effettuato!"_s);
     return false;
 }
 
@@ -87,6 +92,11 @@ bool SovrascritturaAmmessa(const Parcella& Nota, const QString& Percorso)
 }
 
 }  // namespace
+
+bool NomeDiNotaValido(const QString& Nome)
+{
+    return !Nome.isEmpty() && NomeValido(Nome, VietatiNeiNomi.toString());
+}
 
 bool ControllaPsw(const QString& Percorso)
 {

@@ -7,11 +7,18 @@
 
 #include <optional>
 
+/// Characters that the name of a note may not hold, and what is said of one that does.
+inline constexpr QStringView VietatiNeiNomi = u"[]!.";
+inline constexpr QStringView NomeNonValido =
+    u"Il nome specificato non è valido: non usare i caratteri [ ] ! .";
+/// True for a name, without its folder and ".mdb", that a note may have.
+[[nodiscard]] bool NomeDiNotaValido(const QString& Nome);
+
 /// Asks where, checks the name, asks about overwriting, writes the file.
 ///
 /// On success the note has its path and name (lower case, without ".mdb") and its password is saved; the
 /// caller says so with DiSalvata and takes the mark away. Otherwise it is as before.
-/// @return the path written, empty when the user cancelled or a check refused (it was told)
+/// @return the path written, empty when the user cancelled or a check refused, which it has shown
 /// @throws Errore when the file could not be written; a former file is then as it was
 [[nodiscard]] std::optional<QString> SalvaConDialogo(Parcella& Nota, bool ComeModello);
 
@@ -24,7 +31,7 @@ void DiSalvata(const QString& Percorso);
 [[nodiscard]] int CheckModInCorso(const Parcella& Nota, bool Chiusura);
 
 /// Asks for the password of a file, if it has one. Whoever replaces, deletes or renames a note asks it first.
-/// @return true when that may be done; a wrong answer was told, an empty one ends quietly
+/// @return true when that may be done; a wrong answer was shown as such, an empty one ends quietly
 /// @throws Errore when the file cannot be read as a note
 [[nodiscard]] bool ControllaPsw(const QString& Percorso);
 
