@@ -154,6 +154,13 @@ Catalogo ApriCatalogo(const QString& Categ, int IDAut)
     return Aperto;
 }
 
+Recordset ApriDirittiValori()
+{
+    Recordset Valori = ApriTariffe().OpenRecordset(u"DirittiValori"_s);
+    Valori.ImpostaIndex(u"CodDir"_s);
+    return Valori;
+}
+
 ChiaviTradotte LeggiChiaviPrecedenti(const QString& Categ)
 {
     ChiaviTradotte Chiavi;

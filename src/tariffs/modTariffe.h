@@ -82,6 +82,10 @@ struct Catalogo
 /// @throws Errore as Database::OpenRecordset
 [[nodiscard]] Catalogo ApriCatalogo(const QString& Categ, int IDAut);
 
+/// The values of the rights of older tariffs, as a table with its index CodDir set. Nothing reads its rows.
+/// @throws Errore as Database::OpenRecordset, 3015 without the index
+[[nodiscard]] Recordset ApriDirittiValori();
+
 /// Present keys of catalogue items by the keys that they had before.
 using ChiaviTradotte = QHash<QString, QString>;
 

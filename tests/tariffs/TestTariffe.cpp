@@ -25,6 +25,8 @@ private Q_SLOTS:
     void scaglioniNellOrdineDellaTabella();
     void scaglioniFinoAVentuno();
     void ilVentiduesimoScaglioneFallisce();
+    void dirittiValoriConIlLoroIndice();
+    void leMaiuscoleNonContano();
     void catalogoCivileHaSempreLaVoceLibera_data();
     void catalogoCivileHaSempreLaVoceLibera();
     void catalogoInOrdineDiVisualizzazione_data();
@@ -238,6 +240,29 @@ void TestTariffe::ilVentiduesimoScaglioneFallisce()
     QCOMPARE(Elenco.Guasto->Numero, 9);
     QCOMPARE(Elenco.Voci.size(), 21);  // what was read stands
     QCOMPARE(Elenco.Voci.last().NumSca, 21);
+}
+
+void TestTariffe::dirittiValoriConIlLoroIndice()
+{
+    CopiaScrivibile().Execute(
+        u"INSERT INTO DirittiValori (CodDir, NumSca, Valore) VALUES (7, 1, 5), (3, 1, 4)"_s);
+    Recordset Valori = ApriDirittiValori();
+    QCOMPARE(Valori.Value(u"CodDir"_s).toInt(), 3);
+    Valori.Seek(u"="_s, 7);
+    QVERIFY(!Valori.NoMatch());
+    QCOMPARE(Valori.Value(u"Valore"_s).toDouble(), 5.0);
+}
+
+void TestTariffe::leMaiuscoleNonContano()
+{
+    const Database Base = CopiaScrivibile();
+    Base.Execute(u"UPDATE Autorità SET TipoAut='str' WHERE TipoAut='STR'"_s);
+    Base.Execute(u"UPDATE Scaglioni SET Materia='s' WHERE Materia='S'"_s);
+    Base.Execute(u"UPDATE ChiaviPrecedenti SET Categoria='str' WHERE Categoria='STR'"_s);
+    QCOMPARE(Enti(u"STR"_s).size(), 3);
+    QVERIFY(LeggiCompatib(41, u"STR"_s));
+    QCOMPARE(Scaglioni(u"STR"_s).size(), 7);
+    QCOMPARE(LeggiChiaviPrecedenti(u"STR"_s).size(), 19);
 }
 
 // ---- Catalogues ----------------------------------------------------------------------------------

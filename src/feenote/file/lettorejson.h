@@ -1,6 +1,8 @@
 // Reading a JSON object field by field: every refusal names the field.
 #pragma once
 
+#include "platform/base/errore.h"
+
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QJsonValue>
@@ -12,7 +14,7 @@
 /// An object of a description and the path that leads to it ("onorari[2]").
 ///
 /// Fields are asked for by name; Finisci then refuses whatever was not asked for, so that a misspelt
-/// field is told and never left out in silence. Null counts as missing.
+/// field is reported and never ignored. Null counts as missing.
 /// @throws Errore 13 everywhere where a value has the wrong type, 6 where a number is too large
 class OggettoJson
 {
@@ -44,7 +46,7 @@ public:
     void Finisci() const;
 
     /// An error about a field: "Campo onorari[2].voce: <Motivo>".
-    [[nodiscard]] static struct Errore Rifiuto(int Numero, const QString& Campo, const QString& Motivo);
+    [[nodiscard]] static Errore Rifiuto(int Numero, const QString& Campo, const QString& Motivo);
 
 private:
     [[nodiscard]] QJsonValue Prendi(const QString& Campo);

@@ -1,4 +1,4 @@
-// A fee note described in JSON, and a fee note told as JSON.
+// A fee note described in JSON, and a fee note shown as JSON.
 //
 // The form is documented in the README. It names things as the window shows them and is read as a user
 // would fill the window: the same rules accept or refuse, and the first refusal names its field.
@@ -18,5 +18,5 @@ constexpr qsizetype MassimoDescrizione = 4 * 1024 * 1024;
 [[nodiscard]] Parcella CreaDaDescrizione(const QByteArray& Json);
 
 /// The note as an indented JSON object: parameters, lines, payments, rates, parties, print data, sums.
-/// Amounts are numbers, absent dates empty texts; the password is told only by its presence.
+/// Amounts are numbers, absent dates empty texts; of the password only its presence is shown.
 [[nodiscard]] QByteArray DescriviNota(const Parcella& Nota);

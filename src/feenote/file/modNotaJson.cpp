@@ -1,4 +1,4 @@
-// A fee note told as JSON.
+// A fee note shown as JSON.
 #include "feenote/file/colonne.h"
 #include "feenote/file/modDescrizione.h"
 #include "feenote/modTotali.h"

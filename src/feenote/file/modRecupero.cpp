@@ -69,7 +69,7 @@ QString Radice(int Posto)
 
 void Rimuovi(const QString& Base)
 {
-    // The copy goes first: a side file alone is nothing to be recovered.
+    // The copy goes first, because a side file without its copy is never offered.
     QFile::remove(Base + TipoCopia);
     QFile::remove(Base + TipoLato);
 }

@@ -5,7 +5,7 @@
 
 #include <exception>
 
-/// A failure, told to the user as "Errore: <Descrizione> (<Numero>)".
+/// A failure, shown to the user as "Errore: <Descrizione> (<Numero>)".
 ///
 /// Numbers: 5 invalid argument, 6 overflow, 7 out of memory, 9 index out of range, 11 division by zero,
 /// 13 type mismatch, 52/53 bad name/file not found, 55 file in use, 61 disk full, 70 permission denied,

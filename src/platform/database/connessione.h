@@ -143,7 +143,7 @@ inline constexpr auto Collazione = "SenzaMaiuscole";
 /// `corrisponde(pattern, value)` is Like, `datevalue(text)` reads a day/month/year.
 void RegistraFunzioni(const Connessione& Conn);
 
-// ---- The schema (schema.cpp) --------------------------------------------------------------------
+// ---- The schema (database_schema.cpp) ---------------------------------------------------------------
 
 /// The statement that makes the side table `_Campi` where it is missing.
 [[nodiscard]] QString SqlTabellaCampi();

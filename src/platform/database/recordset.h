@@ -72,12 +72,12 @@ public:
     [[nodiscard]] QVariant Bookmark() const;
     /// @throws Errore 3159 for a place that is not of this set
     void ImpostaBookmark(const QVariant& Segno);
-    /// An own cursor on the first row; it has no index.
-    /// Place of the current row among the rows, from 0; -1 when there is none.
+    /// Place of the current row among the rows, from 0;
+    /// -1 when there is no current row.
     [[nodiscard]] int AbsolutePosition() const;
     /// @throws Errore 3021 outside the rows
     void ImpostaAbsolutePosition(int Posto);
-    [[nodiscard]] Recordset Clone() const;
+    [[nodiscard]] Recordset Clone() const;  ///< an own cursor, on the first row and without an index
 
     // Changes of one row. Update writes at once; a new row becomes the current and last one of the set. A
     // move drops what was being added or edited. After Delete there is no current row (3167) until a move:

@@ -16,7 +16,7 @@ struct SelezioneSemplice
 };
 
 /// None for any other statement (joins, DISTINCT, GROUP BY, expressions, aliases, comments, several
-/// statements) and for what cannot be read: the engine then has its say.
+/// statements) and for what cannot be read: such a text goes to the engine as it is.
 [[nodiscard]] std::optional<SelezioneSemplice> LeggiSelezione(const QString& Sql);
 
 /// True when the text begins as a query and not as a table's name.

@@ -25,8 +25,8 @@
 /// that ignores it. The exact name wins; with no match the exact path comes back.
 [[nodiscard]] QString TrovaFile(const QString& Percorso);
 
-[[nodiscard]] bool EsisteCartella(const QString& Percorso);
-[[nodiscard]] bool EsisteFile(const QString& Percorso);
+[[nodiscard]] bool EsisteCartella(const QString& Percorso);  ///< true for a folder, false for a file
+[[nodiscard]] bool EsisteFile(const QString& Percorso);      ///< true for a file, false for a folder
 
 /// Creates the whole path. @throws Errore 75 when it cannot be made
 void CreaCartella(const QString& Percorso);

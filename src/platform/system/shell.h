@@ -33,16 +33,16 @@ struct Shell
 /// Installs the services and returns the former ones.
 Shell InstallaShell(Shell Nuova);
 
-int ApriConSistema(const QString& File);
+int ApriConSistema(const QString& File);  ///< Shell::ApriFile, and so on below; 0, or an error number
 int ApriIndirizzoConSistema(const QString& Indirizzo);
-bool HaProgramma(const QString& File);
+bool HaProgramma(const QString& File);  ///< false without a table
 int ApriPdfConSistema(const QString& File, int Pagina);
 int AvviaProgramma(const QString& Programma, const QStringList& Argomenti, const QString& Cartella);
-void Clessidra(bool Attiva);
+void Clessidra(bool Attiva);  ///< this and the next two do nothing without a table
 void Campanello();
 void ProssimoCampo();
-bool InternetConnesso();
-/// Nothing waits for an answer, and nothing tells whether anybody has heard.
+bool InternetConnesso();  ///< false without a table
+/// Nothing waits for an answer, and nobody learns whether the text has arrived.
 void Segnala(const QString& Titolo, const QString& Testo);
 
 /// The busy pointer, as long as this lives.

@@ -367,6 +367,7 @@ void TestDocumento::percentoMostrato_data()
     QTest::newRow("un decimale") << 12.5 << true << u"12,5"_s;
     QTest::newRow("due decimali") << 1.25 << true << u"1,25"_s;
     QTest::newRow("sotto l'unita'") << 0.5 << true << u",5"_s;
+    QTest::newRow("sotto i decimali mostrati") << 0.001 << true << u","_s;  // the pattern's own doing
     QTest::newRow("zero") << 0.0 << false << QString();
     QTest::newRow("negativo") << -5.0 << false << u"-5"_s;
 }

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void riferimentoVuoto_data();
     void riferimentoVuoto();
     void password();
+    void passwordCheNonSiDecodifica();
     void passwordCodificata_data();
     void passwordCodificata();
     void passwordDecodificata_data();
@@ -149,6 +150,24 @@ void TestDocumentoAperto::password()
     NuovaParcella(Nota);
     ScriviNota(File, Nota);
     QCOMPARE(LeggiPsw(File), QString());
+}
+
+// Somebody else's hand: it opens with the padlock, and every further save keeps it.
+void TestDocumentoAperto::passwordCheNonSiDecodifica()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    const QString File = Ufficio.File(u"nota.mdb"_s);
+    ScriviNota(File, NotaPiena());
+    EseguiSu(File, u"UPDATE ParcellaParam SET Psw='abc'"_s);
+    Parcella Letta;
+    Messaggi.Attendi(AvvisoProtetta, vbOK, u"Messaggio:"_s);
+    CaricaDati(Letta, File);
+    QCOMPARE(Letta.Psw, u"abc"_s);
+    for (const QString& Dove : {File, Ufficio.File(u"copia.mdb"_s)}) {
+        ScriviNota(Dove, Letta);
+        QCOMPARE(LeggiPsw(Dove), u"abc"_s);
+    }
 }
 
 void TestDocumentoAperto::passwordCodificata_data()

@@ -91,6 +91,7 @@ private Q_SLOTS:
     void cartellaAssente();
     void modelloNonSovrascritto();
     void tariffeAssenti();
+    void tariffeAssentiAllApertura();
     void testoTroppoLungo();
     void restoDiUnaCaduta();
 };
@@ -369,6 +370,20 @@ void TestDocumentoGuasto::tariffeAssenti()
     QCOMPARE(NumeroErrore([&] { ScriviNota(File, Nota); }), 3343);
     QCOMPARE(LeggiFile(File), Prima);
     QCOMPARE(ContenutoDi(Cartella), QStringList{u"nota.mdb"_s});
+}
+
+// The lists would be empty and the selections lost, with the next save for good: the note does not open, and
+// that is said once, by whoever asked for it.
+void TestDocumentoGuasto::tariffeAssentiAllApertura()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    const QString File = Ufficio.File(u"nota.mdb"_s);
+    Parcella Nota = NotaSemplice();
+    ScriviNota(File, Nota);
+    sessione::PercorsoProg = NuovaCartella();
+    QCOMPARE(NumeroErrore([&] { CaricaDati(Nota, File); }), 3024);
+    QVERIFY(Nota.Percorso.isEmpty() && Nota.xOnorari.Vuota() && Nota.Pronta);
 }
 
 void TestDocumentoGuasto::testoTroppoLungo()
