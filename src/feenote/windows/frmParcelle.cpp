@@ -87,6 +87,11 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
       uiStampa(std::make_unique<Ui::SchedaStampa>())
 {
     ui->setupUi(this);
+    try {
+        DirittiValori = ApriDirittiValori();
+    } catch (const Errore&) {
+        // The lists of the same database report what is wrong with it.
+    }
     CostruisciSchede();
     CollegaCornice();
     CollegaRicalcolo();

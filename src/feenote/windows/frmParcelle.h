@@ -235,7 +235,8 @@ private:
     int Posto;
     QTimer TimerCopia;  ///< runs from the first change that the recovery copy does not hold
     qint64 DurataCopiaMs = 0;
-    Catalogo Voci;                             ///< catalogues, open once tab 1 or 2 was entered
+    Recordset DirittiValori;  ///< open while the window lives, as it always was; no rule reads it
+    Catalogo Voci;            ///< catalogues, open once tab 1 or 2 was entered
     std::pair<QString, int> CatalogoCercato;   ///< category and authority of the catalogue last searched in
     AppuntiRighe Copiate;                      ///< one clipboard for both lists
     const Griglia* GrigliaCliccata = nullptr;  ///< its current line was clicked, and no other since

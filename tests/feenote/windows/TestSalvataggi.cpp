@@ -39,6 +39,7 @@ private Q_SLOTS:
     void conLaPratica_data();
     void conLaPratica();
     void ilCodiceNonEUnaCartella();
+    void ilCodiceConSegniVietati();
     void sovrascritturaChiede();
     void lePropriaNonChiede();
     void dueFinestreSulloStessoFile();
@@ -182,6 +183,22 @@ void TestSalvataggi::ilCodiceNonEUnaCartella()
     EseguiComando(u"save"_s, 1, {});
     QCOMPARE(T->Voce.InizioDialogo(), sessione::ParcellePath + u"12-2026-"_s);
     QCOMPARE(Parametro(T->Ufficio.File(u"12-2026-Rossi.mdb"_s), u"NsRif"_s).toString(), u"12/2026"_s);
+}
+
+// The dialog proposes a name that the save then takes, the next one too.
+void TestSalvataggi::ilCodiceConSegniVietati()
+{
+    sessione::RichiestaPV2.ID = u"20[24].15!"_s;
+    Tocca(F);
+    T->Voce.AttendiSalva(T->Ufficio.File(u"20-24--15--Neri.mdb"_s));
+    T->Voce.Attendi(Salvata(u"20-24--15--Neri.mdb"_s));
+    EseguiComando(u"save"_s, 1, {});
+    QCOMPARE(T->Voce.InizioDialogo(), sessione::ParcellePath + u"20-24--15--"_s);
+    QCOMPARE(Parametro(T->Ufficio.File(u"20-24--15--Neri.mdb"_s), u"NsRif"_s).toString(), u"20[24].15!"_s);
+    Tocca(F, u"Bianchi"_s);
+    T->Voce.AttendiSalva(T->Ufficio.File(u"20-24--15--Neri.mdb"_s));
+    T->Voce.Attendi(Salvata(u"20-24--15--Neri.mdb"_s));
+    EseguiComando(u"save"_s, 1, {});
 }
 
 void TestSalvataggi::sovrascritturaChiede()
