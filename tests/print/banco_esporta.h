@@ -1,11 +1,12 @@
 // What the tests of the exports share: one note and its exported file.
 #pragma once
 
-#include "campioni.h"
+#include "print/campioni.h"
 #include "core/posti.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 #include "print/modEsporta.h"
+#include "supporto/prova.h"
 
 using namespace Qt::StringLiterals;
 
