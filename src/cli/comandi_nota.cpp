@@ -7,6 +7,7 @@
 #include "feenote/file/modSalvataggio.h"
 #include "feenote/modDatiStampa.h"
 #include "feenote/modInterruttori.h"
+#include "feenote/modParti.h"
 #include "platform/base/errore.h"
 #include "platform/pages/impaginazione.h"
 #include "platform/system/percorsi.h"
