@@ -210,9 +210,6 @@ private:
 
     void Anteprima()
     {
-        // Whether payments are listed is a matter of the printing, not of the note: it is chosen each time.
-        VaiA(SchedaImposte);
-        Clic(Controllo<QCheckBox>(*Nota, u"chkAcconti"_s));
         VaiA(SchedaDiStampa);
         Scegli(Controllo<QComboBox>(*Nota, u"cmbTipoStampa"_s), VociTipoStampa().at(StampaPrenotula));
         Scrivi(Controllo<QLineEdit>(*Nota, u"txtDatiPar_0"_s), u"12"_s);

@@ -64,6 +64,8 @@ void TestStampaPdf::ilPdfHaLeParoleDelTesto()
     // order.
     QStringList Lette = Tutto(LeggiFile(Pdf)).split(u' ');
     QStringList Attese = QString::fromUtf8(LeggiFile(Testo)).simplified().split(u' ');
+    // The rule above a sum is text there and a line here.
+    Attese.removeIf([](const QString& Parola) { return Parola.count(u'_') == Parola.size(); });
     Attese += {u"Pagina"_s, u"1"_s};
     QVERIFY(Attese.size() > 30);
     Lette.sort();

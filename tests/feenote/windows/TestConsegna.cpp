@@ -543,7 +543,13 @@ void TestConsegna::laNotaDiUnAltraPraticaNonHaContatore()
 
     F->Carica(T->Ufficio.File(u"P12-uno.mdb"_s));
     F->SetModificata(true);
-    AttendiSalvata(u"P12-uno.mdb"_s);
+    // The session has gone over to the other matter, whose code the name must begin with.
+    T->Voce.AttendiSalva(sessione::ParcellePath + u"P12-uno.mdb"_s);
+    T->Voce.Attendi(
+        u"La parcella, essendo associato ad una pratica, deve iniziare col codice seguito dal trattino!\n"
+        u"Il nome della parcella è stato modificato in: P77-P12-uno.mdb"_s,
+        vbOK, u"Errore salvataggio:"_s);
+    T->Voce.Attendi(Salvata(u"P77-P12-uno.mdb"_s), vbOK, u"Messaggio:"_s);
     T->Voce.Attendi(Trasferisco, vbYes);
     QVERIFY(F->SalvaParcella(false));
     QCOMPARE(Fatture(), QStringList{u"P77|9|21/11/2026|A|E|1500,5|0"_s});

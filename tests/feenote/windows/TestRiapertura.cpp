@@ -36,7 +36,10 @@ int Riempi(const frmParcelle* Finestra)
         }
     for (QLineEdit* Box : Colonna->findChildren<QLineEdit*>())
         if (Box->isVisible()) {
-            Scrivi(Box, u"x"_s + QString::number(++Scritte));
+            // The invoice's date has a column of dates: what is none is not kept.
+            const bool DataFattura = Box->objectName() == u"txtDatiPar_%1"_s.arg(int(DatoDataFatt));
+            Scrivi(Box, DataFattura ? u"05/03/2024"_s : u"x"_s + QString::number(Scritte));
+            ++Scritte;
             Premi(Qt::Key_Tab);
         }
     for (QPlainTextEdit* Box : Colonna->findChildren<QPlainTextEdit*>())

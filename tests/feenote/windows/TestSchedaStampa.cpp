@@ -30,7 +30,12 @@ void ScriviTesto(QPlainTextEdit* Box, const QString& Testo)
 {
     Box->setFocus();
     Box->selectAll();
-    Digita(Testo);
+    Box->insertPlainText(QString());
+    for (qsizetype i = 0; const QString& Riga : Testo.split(u'\n')) {
+        if (i++ > 0)
+            Premi(Qt::Key_Return);
+        Digita(Riga);
+    }
 }
 
 /// Lines enough for several pages.

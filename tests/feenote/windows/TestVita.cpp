@@ -201,11 +201,11 @@ void TestVita::chiudiESalvataggioFallito()
 void TestVita::chiudiConLaCellaSbagliata()
 {
     CompilaCivile(F);
-    ClicScheda(F, SchedaImposte);
-    Incolla(Controllo<QLineEdit>(F, "txtIVA"), u"abc"_s);
+    ClicScheda(F, SchedaBase);
+    Incolla(Controllo<QLineEdit>(F, "txtImporto"), u"abc"_s);
     T->Voce.Attendi(u"Immettere un valore numerico!"_s);
     QVERIFY(!F->close());
-    QTRY_COMPARE(QApplication::focusWidget(), Controllo(F, "txtIVA"));
+    QTRY_COMPARE(QApplication::focusWidget(), Controllo(F, "txtImporto"));
 }
 
 void TestVita::frecciaIndietroChiude()
