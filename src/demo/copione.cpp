@@ -19,6 +19,8 @@
 #include "print/modStampe.h"
 #include "print/writers/scrittoretesto.h"
 
+#include <QCheckBox>
+#include <QLabel>
 #include <QTabBar>
 #include <QTabWidget>
 

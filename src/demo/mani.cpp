@@ -3,6 +3,7 @@
 #include "platform/grid/griglia.h"
 
 #include <QAbstractItemView>
+#include <QTableView>
 #include <QTest>
 
 using namespace Qt::StringLiterals;

@@ -13,8 +13,10 @@
 
 #include "ui_frmContrib.h"
 
+#include <QLineEdit>
 #include <QScopeGuard>
 #include <QSignalBlocker>
+#include <QToolButton>
 #include <QWindow>
 
 #include <algorithm>

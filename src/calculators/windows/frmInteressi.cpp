@@ -15,6 +15,7 @@
 #include "ui_frmInteressi.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QStatusBar>
 

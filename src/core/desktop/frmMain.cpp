@@ -21,6 +21,7 @@
 #include <QMenu>
 #include <QScreen>
 #include <QStyle>
+#include <QToolButton>
 
 #include <array>
 

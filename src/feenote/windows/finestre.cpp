@@ -12,6 +12,7 @@
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
+#include <QEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPointer>

@@ -3,6 +3,8 @@
 #include "platform/base/errore.h"
 #include "platform/database/valori.h"
 
+#include <QDate>
+
 #include <sqlite3.h>
 
 #include <array>

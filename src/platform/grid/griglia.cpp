@@ -8,6 +8,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 
+#include <QEvent>
 #include <QItemSelectionModel>
 #include <QPainter>
 #include <QScrollBar>

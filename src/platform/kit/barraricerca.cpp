@@ -3,6 +3,9 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 
+#include <QLabel>
+#include <QLineEdit>
+
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -6,7 +6,9 @@
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
+#include <QCoreApplication>
 #include <QPageLayout>
+#include <QPainter>
 #include <QPrinter>
 #include <QPrinterInfo>
 

@@ -5,6 +5,8 @@
 #include "platform/preview/vistastampa.h"
 
 #include <QPaintEvent>
+#include <QPainter>
+#include <QScrollBar>
 #include <QStyle>
 
 #include <cmath>

@@ -7,6 +7,7 @@
 #include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QMenu>
+#include <QScrollBar>
 #include <QStyleHints>
 #include <QTimerEvent>
 

@@ -10,8 +10,10 @@
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
+#include <QLabel>
 #include <QMenu>
 #include <QStatusBar>
+#include <QToolBar>
 
 using namespace Qt::StringLiterals;
 

@@ -11,6 +11,8 @@
 
 #include "ui_frmWeb.h"
 
+#include <QKeyEvent>
+#include <QScrollBar>
 #include <QShortcut>
 
 #include <array>

@@ -11,6 +11,7 @@
 #include <QBuffer>
 #include <QFileInfo>
 #include <QImageReader>
+#include <QScrollBar>
 #include <QTextDocument>
 #include <QWheelEvent>
 

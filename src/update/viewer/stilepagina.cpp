@@ -2,6 +2,7 @@
 
 #include "platform/kit/aspetto.h"
 
+#include <QGuiApplication>
 #include <QPalette>
 
 using namespace Qt::StringLiterals;
