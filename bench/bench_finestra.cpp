@@ -135,7 +135,7 @@ frmParcelle* ApriNota(int Righe)
     ApriParcella({}, 0, {});
     frmParcelle* Finestra = Parcelle(1);
     Riempi(Finestra->Nota, Righe);
-    Finestra->Mostra();
+    Finestra->MostraTutto();
     for (const int Scheda :
          {SchedaListaOnorari, SchedaListaSpese, SchedaImposte, SchedaDiStampa, SchedaBase}) {
         Finestra->VaiAllaScheda(Scheda);

@@ -6,13 +6,13 @@
 #include "feenote/modOnorari.h"
 #include "feenote/modParametri.h"
 #include "feenote/modTotali.h"
+#include "feenote/windows/SchedaAcconti.h"
 #include "feenote/windows/finestre.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"
-#include "ui_SchedaAcconti.h"
 #include "ui_SchedaDatiBase.h"
 #include "ui_SchedaOnorari.h"
 #include "ui_SchedaSpese.h"
@@ -43,12 +43,9 @@ void AggiungiScheda(QTabWidget* Schede, UiScheda& Disegno, const QString& Titolo
 }
 
 /// The same for a page of boxes, which scrolls where a small or magnified screen has no room for all of them.
-template <class UiScheda>
-void AggiungiSchedaScorrevole(QTabWidget* Schede, UiScheda& Disegno, const QString& Titolo)
+void AggiungiScorrevole(QTabWidget* Schede, QWidget* Pagina, const QString& Titolo)
 {
     auto* Cornice = new QScrollArea(Schede);
-    auto* Pagina = new QWidget(Cornice);
-    Disegno.setupUi(Pagina);
     Cornice->setFrameShape(QFrame::NoFrame);
     Cornice->setWidgetResizable(true);
     Cornice->setFocusPolicy(Qt::NoFocus);
@@ -83,8 +80,7 @@ bool VoltaPagina(const QKeyEvent& Tasto)
 frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     : QWidget(Padre), Posto(Indice), ui(std::make_unique<Ui::frmParcelle>()),
       uiBase(std::make_unique<Ui::SchedaDatiBase>()), uiOnorari(std::make_unique<Ui::SchedaOnorari>()),
-      uiSpese(std::make_unique<Ui::SchedaSpese>()), uiAcconti(std::make_unique<Ui::SchedaAcconti>()),
-      uiStampa(std::make_unique<Ui::SchedaStampa>())
+      uiSpese(std::make_unique<Ui::SchedaSpese>()), uiStampa(std::make_unique<Ui::SchedaStampa>())
 {
     ui->setupUi(this);
     try {
@@ -100,7 +96,6 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     CollegaOnorari();
     CollegaModOno();
     CollegaSpese();
-    CollegaAcconti();
     CollegaStampa();
     CollegaCliCon();
     RimettiDisposizione();
@@ -118,10 +113,13 @@ int frmParcelle::Scheda() const
 
 void frmParcelle::CostruisciSchede()
 {
-    AggiungiSchedaScorrevole(ui->tabParcelle, *uiBase, u"Dati base"_s);
+    auto* Base = new QWidget(ui->tabParcelle);
+    uiBase->setupUi(Base);
+    AggiungiScorrevole(ui->tabParcelle, Base, u"Dati base"_s);
     AggiungiScheda(ui->tabParcelle, *uiOnorari, u"Onorari"_s);
     AggiungiScheda(ui->tabParcelle, *uiSpese, u"Spese inserite"_s);
-    AggiungiSchedaScorrevole(ui->tabParcelle, *uiAcconti, u"Acconti e imposte"_s);
+    Acconti = new SchedaAcconti(Nota, *this, ui->tabParcelle);
+    AggiungiScorrevole(ui->tabParcelle, Acconti, u"Acconti e imposte"_s);
     AggiungiScheda(ui->tabParcelle, *uiStampa, u"Stampa"_s);
 
     auto* Angolo = new QWidget(ui->tabParcelle);
@@ -235,7 +233,7 @@ void frmParcelle::tabParcelle_Change(int Nuova)
     if (!LasciaBase(Nuova)) {
         TornaAllaBase();
         (void)CheckOK(Nota, true);  // once more, telling the user why
-        Mostra();
+        MostraTutto();
         return;
     }
     SchedaInVista = Nuova;
@@ -243,7 +241,7 @@ void frmParcelle::tabParcelle_Change(int Nuova)
         EntraScheda1();
     else if (Nuova == SchedaListaSpese)
         EntraScheda2();
-    Mostra();
+    MostraTutto();
     if (Nuova == SchedaDiStampa)
         EntraScheda4();
 }
@@ -278,7 +276,7 @@ void frmParcelle::imgNext_Click()
     }
 }
 
-void frmParcelle::Mostra()
+void frmParcelle::MostraTutto()
 {
     if (InMostra)
         return;
@@ -286,8 +284,7 @@ void frmParcelle::Mostra()
     MostraDatiBase();
     MostraOnorari();
     MostraSpese();
-    MostraAcconti();
-    MostraImposte();
+    Acconti->Mostra();
     MostraSchedaStampa();
     MostraCliCon();
     RefreshDatiBase();

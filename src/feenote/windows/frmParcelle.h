@@ -1,13 +1,14 @@
 // The window of one fee note: five tabs over one record.
 //
-// The record is the truth. A user's change goes into it through the rules of feenote, then Mostra writes the
-// controls with their signals held back. The class lives in several files, one per tab.
+// The record is the truth. A user's change goes into it through the rules of feenote, then MostraTutto writes
+// the controls with their signals held back.
 #pragma once
 
 #include "core/posti.h"
 #include "feenote/modAppunti.h"
 #include "feenote/modGraduazione.h"
 #include "feenote/parcella.h"
+#include "feenote/windows/cornicenota.h"
 #include "platform/base/errore.h"
 #include "tariffs/modTariffe.h"
 
@@ -26,17 +27,17 @@ class QLabel;
 class QLineEdit;
 class QTabWidget;
 class QToolBar;
+class SchedaAcconti;
 
 namespace Ui {
 class frmParcelle;
 class SchedaDatiBase;
 class SchedaOnorari;
 class SchedaSpese;
-class SchedaAcconti;
 class SchedaStampa;
 }  // namespace Ui
 
-class frmParcelle : public QWidget
+class frmParcelle : public QWidget, private CorniceNota
 {
     Q_OBJECT
 
@@ -86,7 +87,7 @@ public:
     /// Moves to a tab as a user would: open field committed, parameters checked. A closed tab stays closed.
     void VaiAllaScheda(int Indice);
     /// Writes every control from the record, signals held back, and gives the focus that a rule asked for.
-    void Mostra();
+    void MostraTutto() override;
     /// Sums in the status bar and in the footers of the tab in view.
     void RefreshGrid();
     /// Banner and colours of the parameters.
@@ -181,12 +182,6 @@ private:
     void EntraScheda2();
     void tdbListaDir_DblClick(int Riga);
 
-    // ---- frmParcelle_Acconti.cpp: payments, taxes, multiple note
-    void CollegaAcconti();
-    void CollegaImposte();
-    void MostraAcconti();
-    void MostraImposte();
-
     // ---- frmParcelle_CliCon.cpp: the parties in the address book
     void CollegaCliCon();
     void MostraCliCon();
@@ -203,8 +198,7 @@ private:
     void cmbTipoStampa_Click(int Tipo);
     void cmdProgFatt_Click();
     void barPrint_ButtonClick(const QString& Chiave);
-    /// Composes the chosen document anew: something that it shows has changed.
-    void Ricomponi();
+    void Ricomponi() override;
     /// The composition itself. @return what kept its file from being written
     /// @param Invio for the companion application
     std::optional<Errore> Componi(bool Invio = false);
@@ -216,21 +210,7 @@ private:
     void SalvaPdf();
     [[nodiscard]] QWidget* txtDatiPar(int Indice) const;
 
-    /// Runs a rule of feenote on the record, then shows what came of it.
-    template <class Regola>
-    void Applica(Regola&& Fai)
-    {
-        Fai();
-        SetModificata(Nota.Modificata);
-        Mostra();
-    }
-    /// The same for a rule whose outcome is printed.
-    template <class Regola>
-    void ApplicaStampa(Regola&& Fai)
-    {
-        Applica(std::forward<Regola>(Fai));
-        Ricomponi();
-    }
+    void Cambiata() override;
 
     int Posto;
     QTimer TimerCopia;  ///< runs from the first change that the recovery copy does not hold
@@ -249,10 +229,11 @@ private:
 
     QLabel* txtPage = nullptr;  ///< in barPrint
 
+    SchedaAcconti* Acconti = nullptr;
+
     std::unique_ptr<Ui::frmParcelle> ui;
     std::unique_ptr<Ui::SchedaDatiBase> uiBase;
     std::unique_ptr<Ui::SchedaOnorari> uiOnorari;
     std::unique_ptr<Ui::SchedaSpese> uiSpese;
-    std::unique_ptr<Ui::SchedaAcconti> uiAcconti;
     std::unique_ptr<Ui::SchedaStampa> uiStampa;
 };

@@ -164,7 +164,7 @@ void frmParcelle::cmdModOno_Click()
         uiOnorari->tdbOnor->AzzeraSelezione();
     SetModificata(true);
     AbilitaModOno(false);
-    Mostra();
+    MostraTutto();
 }
 
 void frmParcelle::cmdAnnModOno_Click()

@@ -51,6 +51,6 @@ void frmParcelle::cmdRicalcola_Click()
         Nota.RicalcoloNecessario = true;
         EntraScheda1();
     }
-    Mostra();
+    MostraTutto();
     Ricomponi();
 }

@@ -154,7 +154,7 @@ void frmParcelle::RigheMutate(Griglia* Grid, int Riga)
     const int PrimaInVista = Grid->PrimaRiga();
     GrigliaCliccata = nullptr;  // which line is current now the command has decided, not a click
     SetModificata(true);
-    Mostra();
+    MostraTutto();
     Grid->ImpostaPrimaRiga(PrimaInVista);
     Grid->ImpostaRigaCorrente(Riga);
     RinfrescaModOno(ModOno, Nota.xOnorari, uiOnorari->tdbOnor->RigaCorrente());

@@ -319,7 +319,7 @@ void frmParcelle::cmdProgFatt_Click()
     if (DialogoAperto || !ConcludiCampo() || !NumeraFattura(Nota))
         return;
     SetModificata(true);
-    Mostra();
+    MostraTutto();
     {
         const ClessidraAccesa Occupato;
         Ricomponi();

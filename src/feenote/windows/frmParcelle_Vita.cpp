@@ -10,13 +10,13 @@
 #include "feenote/file/modPosaFile.h"
 #include "feenote/file/modRecupero.h"
 #include "feenote/file/modSalvataggio.h"
+#include "feenote/windows/SchedaAcconti.h"
 #include "feenote/windows/finestre.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
-#include "ui_SchedaAcconti.h"
 #include "ui_SchedaDatiBase.h"
 #include "ui_SchedaOnorari.h"
 #include "ui_SchedaSpese.h"
@@ -80,7 +80,7 @@ void frmParcelle::Nuova(const QString& ID)
         ApplicaRichiesta(Nota, sessione::RichiestaPV2);
     RilegaRighe();
     SetModificata(false);
-    Mostra();
+    MostraTutto();
 }
 
 bool frmParcelle::Carica(const QString& Percorso)
@@ -90,7 +90,7 @@ bool frmParcelle::Carica(const QString& Percorso)
     AdottaRiferimento(Nota);
     RilegaRighe();
     SetModificata(false);
-    Mostra();
+    MostraTutto();
     return Letta;
 }
 
@@ -145,7 +145,7 @@ void frmParcelle::RilegaRighe()
     uiOnorari->tdbOnor->Lega(&Nota.xOnorari);
     uiOnorari->tdbOnor->MostraColonna(OnoQta, false);
     uiSpese->tdbDir->Lega(&Nota.xDiritti);
-    uiAcconti->tdbAcconti->Lega(&Nota.xAcconti);
+    Acconti->NuovaNota();
     SvuotaAppunti(Copiate);
     ChiudiModOno(ModOno);
 }
@@ -157,7 +157,7 @@ void frmParcelle::Recupera(const CopiaRecupero& Trovata)
     AdottaRiferimento(Nota);
     RilegaRighe();
     SetModificata(Letta);
-    Mostra();
+    MostraTutto();
     if (Letta && ScriviCopia())
         EliminaCopia(Trovata);
 }
@@ -177,7 +177,7 @@ bool frmParcelle::SalvaParcella(bool ComeModello)
             TogliCopia(Posto);
             DiSalvata(*Scritta);
             SetModificata(false);
-            Mostra();
+            MostraTutto();
             DopoSalvataggio();
             return true;
         } catch (const Errore& Guasto) {
@@ -199,7 +199,7 @@ void frmParcelle::Proteggi()
         return;
     InDialogo([this] { ProteggiNota(Nota); });
     SetModificata(Nota.Modificata);
-    Mostra();
+    MostraTutto();
 }
 
 bool frmParcelle::ChiediChiusura()
@@ -243,6 +243,11 @@ void frmParcelle::SetModificata(bool Valore)
     }
     if (frmParcelle* Altra = Socio() == Posto ? nullptr : Parcelle(Socio()))
         Altra->SocioCambiato();
+}
+
+void frmParcelle::Cambiata()
+{
+    SetModificata(Nota.Modificata);
 }
 
 void frmParcelle::SocioCambiato()

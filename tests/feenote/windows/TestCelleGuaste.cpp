@@ -81,7 +81,7 @@ void TestCelleGuaste::init()
     RigaSpesa(F->Nota, 50.0, 27.0);
     F->Nota.xDiritti(0, DirQta) = u"1"_s;
     RigaAcconto(F->Nota, u"E"_s, 100.0, 10.0, 5.0);
-    F->Mostra();
+    F->MostraTutto();
 }
 
 void TestCelleGuaste::cleanup()
@@ -335,7 +335,7 @@ void TestCelleGuaste::righeConTestoDoveSiSomma()
     F->Nota.xOnorari(0, OnoMedio) = u"da definire"_s;
     F->Nota.xOnorari(0, OnoImporto) = u"mille"_s;
     Vai(ImportoOnorario);
-    F->Mostra();
+    F->MostraTutto();
     Premi(Qt::Key_Space, Qt::ShiftModifier);
     Premi(Qt::Key_C, Qt::ControlModifier);
     ClicScheda(F, SchedaListaSpese);

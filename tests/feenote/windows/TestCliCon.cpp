@@ -108,7 +108,7 @@ void TestCliCon::ogniBottoneChiede()
     ConRubrica();
     F->Nota.IDCli = 12;
     F->Nota.IDCon = 34;
-    F->Mostra();
+    F->MostraTutto();
     if (Scheda == SchedaDiStampa) {
         ClicScheda(F, SchedaDiStampa);
         Scegli(Controllo<QComboBox>(F, "cmbTipoStampa"), StampaPreventivo);

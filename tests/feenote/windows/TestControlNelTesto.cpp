@@ -43,7 +43,7 @@ void TestControlNelTesto::init()
     QVERIFY(F);
     RigaOnorario(F->Nota, u"prima voce"_s, 100.0, 1, 1);
     RigaOnorario(F->Nota, u"seconda voce"_s, 200.0, 2, 2);
-    F->Mostra();
+    F->MostraTutto();
     Righe = Controllo<Griglia>(F, "tdbOnor");
 }
 

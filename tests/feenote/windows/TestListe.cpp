@@ -59,7 +59,7 @@ void TestListe::laRotellaNonCambiaIParametri()
 void TestListe::conLeRigheLeFrecceAspettano()
 {
     RigaOnorario(F->Nota, u"voce"_s, 100.0, 1, 1);
-    F->Mostra();
+    F->MostraTutto();
     auto* Autorita = Controllo<QComboBox>(F, "cmbAutor");
     const int Prima = F->Nota.cmbAutor;
     Autorita->setFocus();
@@ -78,7 +78,7 @@ void TestListe::conLeRigheLeFrecceAspettano()
 void TestListe::conLeRigheLaListaApertaAgisceSubito()
 {
     RigaOnorario(F->Nota, u"voce"_s, 100.0, 1, 1);
-    F->Mostra();
+    F->MostraTutto();
     Scegli(Controllo<QComboBox>(F, "cmbCateg"), CategPenale);
     QCOMPARE(F->Nota.cmbCateg, int(CategPenale));
 }

@@ -100,7 +100,7 @@ void TestModOno::init()
     Riga(1200, 600, 1200, 1920, 1);
     Riga(777, 300, 500, 1000, 2);
     Riga(90, 90, 90, 90, VoceLibera);
-    F->Mostra();
+    F->MostraTutto();
     Righe = Controllo<Griglia>(F, "tdbOnor");
     F->SetModificata(false);
     QVERIFY(!Pannello()->isVisible());
@@ -152,7 +152,7 @@ void TestModOno::voceNonPrevista()
 void TestModOno::senzaRigaSiRilascia()
 {
     F->Nota.xOnorari.Azzera(OnoColonne);
-    F->Mostra();
+    F->MostraTutto();
     Clic(Variaz());
     QVERIFY(!Pannello()->isVisible() && !Variaz()->isChecked());
 }
@@ -353,7 +353,7 @@ void TestModOno::frecceSulCursore()
 void TestModOno::frecceSuAmpiezzaStretta()
 {
     Riga(10, 10, 11, 12, 3);
-    F->Mostra();
+    F->MostraTutto();
     Apri(3);
     ClicFascia(FasciaMin);
     Cursore()->setFocus();
@@ -501,7 +501,7 @@ void TestModOno::titoloConSegni()
 {
     F->Nota.xOnorari(0, OnoDescr) =
         u"<b>Studio</b> & <img src='x'> dell'atto più lungo che si sia mai scritto"_s;
-    F->Mostra();
+    F->MostraTutto();
     Apri(0);
     auto* Titolo = Controllo<QLabel>(F, "lblOnoDesc");
     QCOMPARE(Titolo->text(), u"Onorari inseriti: "_s + CStr(F->Nota.xOnorari(0, OnoDescr)));
@@ -524,7 +524,7 @@ void TestModOno::gliImportiGrandiSiVedonoInteri()
     const int Solita = Pannello()->width();
     Clic(Controllo(F, "cmdAnnModOno"));
     Riga(999999999999, 999999999999, 999999999999, 999999999999, 3);
-    F->Mostra();
+    F->MostraTutto();
     Apri(0);
     QCOMPARE(Pannello()->width(), Solita);
     Clic(Controllo(F, "optModAll_1"));

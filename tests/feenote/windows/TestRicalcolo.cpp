@@ -150,7 +150,7 @@ void TestRicalcolo::laNotaRiaperta()
     Varia();
     // As a file is read: the flag is false, and what is known of the lines has come with them.
     F->Nota.RicalcoloNecessario = false;
-    F->Mostra();
+    F->MostraTutto();
     QVERIFY(Barra()->isVisible());
     ClicScheda(F, SchedaListaOnorari);
     QCOMPARE(Somma(), Prima);

@@ -315,7 +315,7 @@ void TestRicomposizione::guardareNonCompone()
     QCOMPARE(F->Scheda(), int(SchedaDiStampa));
     QCOMPARE(Composizioni([&] { F->resize(F->size() + QSize(80, 40)); }), 0);
     QCOMPARE(Composizioni([&] {
-                 F->Mostra();
+                 F->MostraTutto();
                  F->RefreshGrid();
              }),
              0);

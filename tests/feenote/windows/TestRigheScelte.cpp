@@ -86,7 +86,7 @@ void TestRigheScelte::init()
     QVERIFY(F);
     for (int i = 0; i < 5; ++i)
         RigaOnorario(F->Nota, QString(QChar(u'a' + i)), 100.0 * (i + 1), i + 1, i + 1);
-    F->Mostra();
+    F->MostraTutto();
     Righe = Controllo<Griglia>(F, "tdbOnor");
     Spese = Controllo<Griglia>(F, "tdbDir");
     QCOMPARE(Nomi(), u"abcde"_s);

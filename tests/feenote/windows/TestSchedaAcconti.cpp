@@ -141,7 +141,7 @@ void TestSchedaAcconti::leColonneTengonoLaLarghezza()
 void TestSchedaAcconti::ilRiepilogoNonContaLeImposte()
 {
     RigaOnorario(F->Nota, u"Studio"_s, 1000);
-    F->Mostra();
+    F->MostraTutto();
     Clic(Controllo(F, "chkSpeseGen"));
     Clic(Controllo(F, "chkRA"));
     QVERIFY(F->Nota.chkIva.Attiva && F->Nota.chkCP.Attiva && F->Nota.chkSpeseGen.Attiva &&
@@ -431,7 +431,7 @@ void TestSchedaAcconti::percentoTolto()
 void TestSchedaAcconti::notaGiudizialeAvvertita()
 {
     ScegliTipoStampa(F->Nota, StampaNotaGiudiziale);
-    F->Mostra();
+    F->MostraTutto();
     QString Pagina;
     Aperture.PaginaWeb = [&](const QString& Quale, const QString&) { Pagina = Quale; };
     T->Voce.Attendi(u"Si consiglia di non esporre cassa previdenza e imposte nella nota giudiziale."_s, vbOK,

@@ -513,7 +513,7 @@ void TestSchedaStampa::schedaIvaDifferita()
     Aperture.PaginaWeb = [&](const QString& Pagina, const QString& Titolo) {
         Aperta = Pagina + u'|' + Titolo;
     };
-    F->Mostra();
+    F->MostraTutto();
     Clic(Controllo(F, "cmdSkIvaDiff"));
     QCOMPARE(Aperta, sessione::PercorsoProg + u"SkIvaDiff.htm|VDM - Scheda informativa Iva differita"_s);
 }

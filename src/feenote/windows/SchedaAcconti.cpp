@@ -1,11 +1,12 @@
-// Tab 3: payments on account, taxes, multiple note.
-#include "core/aperture.h"
-#include "feenote/windows/frmParcelle.h"
+#include "feenote/windows/SchedaAcconti.h"
 
+#include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
 #include "feenote/modAcconti.h"
+#include "feenote/modAppunti.h"
 #include "feenote/modInterruttori.h"
+#include "feenote/windows/cornicenota.h"
 #include "feenote/windows/mostra.h"
 #include "feenote/windows/righegriglia.h"
 #include "platform/grid/griglia.h"
@@ -99,9 +100,19 @@ void SegnaPercento(QLineEdit* Box, const Casella& Dato)
 
 }  // namespace
 
-void frmParcelle::CollegaAcconti()
+SchedaAcconti::SchedaAcconti(Parcella& Dati, CorniceNota& Finestra, QWidget* Padre)
+    : QWidget(Padre), Nota(Dati), Cornice(Finestra), ui(std::make_unique<Ui::SchedaAcconti>())
 {
-    Griglia* Righe = uiAcconti->tdbAcconti;
+    ui->setupUi(this);
+    CollegaAcconti();
+    CollegaImposte();
+}
+
+SchedaAcconti::~SchedaAcconti() = default;
+
+void SchedaAcconti::CollegaAcconti()
+{
+    Griglia* Righe = ui->tdbAcconti;
     Righe->ImpostaColonne(ColonneAcconti(&Nota.xAcconti));
     Righe->Lega(&Nota.xAcconti);
     Righe->ConsentiNuove(true);
@@ -118,62 +129,75 @@ void frmParcelle::CollegaAcconti()
     };
     Righe->NuovaRiga = [this](int Riga) { Nota.xAcconti(Riga, AccValuta) = QString(LetteraEuro); };
     Righe->LasciaRiga = [this](int Riga) { return CheckAcconto(Nota.xAcconti, Riga); };
-    ::Collega(Righe, &Griglia::CellaScritta, this, [this] { SetModificata(true); });
-    ::Collega(Righe, &Griglia::ClicCella, this, [this](int Riga, int Colonna) {
-        if (Colonna != AccValuta || Riga >= Nota.xAcconti.Righe())
-            return;
-        QVariant& Valuta = Nota.xAcconti(Riga, AccValuta);
-        Valuta = AltraValuta(Valuta);
-        SetModificata(true);
-        uiAcconti->tdbAcconti->Rilega();
-    });
-    ::Collega(Righe, &Griglia::Cancella, this, [this] {
-        const int Prima = Nota.xAcconti.Righe();
-        CancellaAcconti(uiAcconti->tdbAcconti, Nota.xAcconti);
-        if (Nota.xAcconti.Righe() != Prima)
-            SetModificata(true);
-    });
-    CollegaImposte();
+    Collega(Righe, &Griglia::CellaScritta, this, &SchedaAcconti::RigheScritte);
+    Collega(Righe, &Griglia::ClicCella, this, &SchedaAcconti::tdbAcconti_Click);
+    Collega(Righe, &Griglia::Cancella, this, &SchedaAcconti::tdbAcconti_Delete);
 }
 
-void frmParcelle::CollegaImposte()
+void SchedaAcconti::CollegaImposte()
 {
     for (const ControlliImposta& Voce : ControlliImposte) {
-        ::Collega((*uiAcconti).*Voce.Tick, &QCheckBox::clicked, this, [this, Voce](bool Attiva) {
+        Collega((*ui).*Voce.Tick, &QCheckBox::clicked, this, [this, Voce](bool Attiva) {
             bool Avviso = false;
-            ApplicaStampa([&] { Avviso = ClicImposta(Nota, Voce.Tassa, Attiva); });
+            Cornice.ApplicaStampa([&] { Avviso = ClicImposta(Nota, Voce.Tassa, Attiva); });
             if (Avviso)
                 AvvisaNotaGiudiziale();
         });
-        QLineEdit* Box = (*uiAcconti).*Voce.Box;
-        ::Collega(Box, &QLineEdit::textEdited, this, [this, Voce, Box](const QString& Testo) {
+        QLineEdit* Box = (*ui).*Voce.Box;
+        Collega(Box, &QLineEdit::textEdited, this, [this, Voce, Box](const QString& Testo) {
             CambiaPercento(Nota, Voce.Tassa, Testo);
             SegnaPercento(Box, Nota.*DatiImposta(Voce.Tassa).Box);
-            SetModificata(true);
+            Cornice.Cambiata();
         });
         CampoPercento(Box, [this] {
-            Ricomponi();
+            Cornice.Ricomponi();
             return true;
         });
     }
-    ::Collega(uiAcconti->chkAcconti, &QCheckBox::clicked, this,
-              [this](bool Attiva) { ApplicaStampa([&] { CambiaAcconti(Nota, Attiva); }); });
-    ::Collega(uiAcconti->chkMinMax, &QCheckBox::clicked, this,
-              [this](bool Attiva) { ApplicaStampa([&] { CambiaMinMax(Nota, Attiva); }); });
+    Collega(ui->chkAcconti, &QCheckBox::clicked, this,
+            [this](bool Attiva) { Cornice.ApplicaStampa([&] { CambiaAcconti(Nota, Attiva); }); });
+    Collega(ui->chkMinMax, &QCheckBox::clicked, this,
+            [this](bool Attiva) { Cornice.ApplicaStampa([&] { CambiaMinMax(Nota, Attiva); }); });
 }
 
-void frmParcelle::MostraAcconti()
+/// A click on a currency changes it.
+void SchedaAcconti::tdbAcconti_Click(int Riga, int Colonna)
 {
-    uiAcconti->tdbAcconti->Rilega();
+    if (Colonna != AccValuta || Riga >= Nota.xAcconti.Righe())
+        return;
+    QVariant& Valuta = Nota.xAcconti(Riga, AccValuta);
+    Valuta = AltraValuta(Valuta);
+    RigheScritte();
+    ui->tdbAcconti->Rilega();
 }
 
-void frmParcelle::MostraImposte()
+void SchedaAcconti::tdbAcconti_Delete()
 {
+    const int Prima = Nota.xAcconti.Righe();
+    CancellaAcconti(ui->tdbAcconti, Nota.xAcconti);
+    if (Nota.xAcconti.Righe() != Prima)
+        RigheScritte();
+}
+
+void SchedaAcconti::RigheScritte()
+{
+    SetModificata(Nota, true);
+    Cornice.Cambiata();
+}
+
+void SchedaAcconti::NuovaNota()
+{
+    ui->tdbAcconti->Lega(&Nota.xAcconti);
+}
+
+void SchedaAcconti::Mostra()
+{
+    ui->tdbAcconti->Rilega();
     for (const ControlliImposta& Voce : ControlliImposte) {
-        mostra::Segno((*uiAcconti).*Voce.Tick, Nota.*DatiImposta(Voce.Tassa).Tick);
-        mostra::Testo((*uiAcconti).*Voce.Box, Nota.*DatiImposta(Voce.Tassa).Box);
-        SegnaPercento((*uiAcconti).*Voce.Box, Nota.*DatiImposta(Voce.Tassa).Box);
+        mostra::Segno((*ui).*Voce.Tick, Nota.*DatiImposta(Voce.Tassa).Tick);
+        mostra::Testo((*ui).*Voce.Box, Nota.*DatiImposta(Voce.Tassa).Box);
+        SegnaPercento((*ui).*Voce.Box, Nota.*DatiImposta(Voce.Tassa).Box);
     }
-    mostra::Segno(uiAcconti->chkAcconti, Nota.chkAcconti);
-    mostra::Segno(uiAcconti->chkMinMax, Nota.chkMinMax);
+    mostra::Segno(ui->chkAcconti, Nota.chkAcconti);
+    mostra::Segno(ui->chkMinMax, Nota.chkMinMax);
 }

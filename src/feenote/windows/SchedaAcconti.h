@@ -1,0 +1,40 @@
+// The page of payments on account, taxes and the multiple note.
+#pragma once
+
+#include "feenote/parcella.h"
+
+#include <QWidget>
+
+#include <memory>
+
+class CorniceNota;
+
+namespace Ui {
+class SchedaAcconti;
+}
+
+class SchedaAcconti : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// @param Dati the note shown, which lives as long as the page
+    SchedaAcconti(Parcella& Dati, CorniceNota& Finestra, QWidget* Padre);
+    ~SchedaAcconti() override;
+
+    /// Writes the controls from the record; call it with the window's guard.
+    void Mostra();
+    /// Another note has come into the record: the grid forgets the former one's lines.
+    void NuovaNota();
+
+private:
+    void CollegaAcconti();
+    void CollegaImposte();
+    void tdbAcconti_Click(int Riga, int Colonna);
+    void tdbAcconti_Delete();
+    void RigheScritte();  ///< marks the note
+
+    Parcella& Nota;
+    CorniceNota& Cornice;
+    std::unique_ptr<Ui::SchedaAcconti> ui;
+};

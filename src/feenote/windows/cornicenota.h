@@ -1,0 +1,37 @@
+// What the pages of a fee note's window ask of the window.
+//
+// A page knows its own controls, the record and this; neither the window nor the other pages.
+#pragma once
+
+#include <utility>
+
+class CorniceNota
+{
+public:
+    virtual ~CorniceNota() = default;
+
+    /// The record was worked on: its mark is shown, with what follows it (the recovery copy, the partner's
+    /// sums).
+    virtual void Cambiata() = 0;
+    /// Writes the controls of every page, the banner and the sums from the record, signals held back, and
+    /// gives the focus that a rule asked for.
+    virtual void MostraTutto() = 0;
+    /// Composes the chosen document anew while its page is in view: something that it shows has changed.
+    virtual void Ricomponi() = 0;
+
+    /// Runs a rule of feenote on the record, then shows what came of it.
+    template <class Regola>
+    void Applica(Regola&& Fai)
+    {
+        std::forward<Regola>(Fai)();
+        Cambiata();
+        MostraTutto();
+    }
+    /// The same for a rule whose outcome is printed.
+    template <class Regola>
+    void ApplicaStampa(Regola&& Fai)
+    {
+        Applica(std::forward<Regola>(Fai));
+        Ricomponi();
+    }
+};
