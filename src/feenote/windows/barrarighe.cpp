@@ -8,8 +8,11 @@
 
 #include <QAction>
 #include <QActionGroup>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QShortcut>
+#include <QSplitter>
 #include <QTableView>
 #include <QToolBar>
 
@@ -37,17 +40,21 @@ struct TastoBarra
     QStringView Chiave;
     QStringView Suggerimento;
     std::function<void()> ComandiBarra::*Comando;
-    bool Stacca;  ///< a new group begins
+    bool Stacca = false;                     ///< a new group begins
+    QAction* TastiRighe::*Tenuto = nullptr;  ///< where the button is kept
 };
 
 constexpr std::array TastiBarra{
-    TastoBarra{u"select", u"Inserisci la voce selezionata", &ComandiBarra::Inserisci, false},
-    TastoBarra{u"info", u"Scheda informativa della voce", &ComandiBarra::Informa, false},
-    TastoBarra{u"variaz", u"Modifica l'importo tra minimo e massimo", &ComandiBarra::Varia, false},
+    TastoBarra{u"select", u"Inserisci la voce selezionata", &ComandiBarra::Inserisci},
+    TastoBarra{u"info", u"Scheda informativa della voce", &ComandiBarra::Informa},
+    TastoBarra{u"variaz", u"Modifica l'importo tra minimo e massimo", &ComandiBarra::Varia, false,
+               &TastiRighe::Varia},
     TastoBarra{u"taglia", u"Taglia le righe selezionate (Ctrl+X)", &ComandiBarra::Taglia, true},
-    TastoBarra{u"copia", u"Copia le righe selezionate (Ctrl+C)", &ComandiBarra::Copia, false},
-    TastoBarra{u"incolla", u"Incolla le righe copiate o tagliate (Ctrl+V)", &ComandiBarra::Incolla, false},
-    TastoBarra{u"annulla", u"Rimetti le righe tagliate (Ctrl+Z)", &ComandiBarra::Annulla, false},
+    TastoBarra{u"copia", u"Copia le righe selezionate (Ctrl+C)", &ComandiBarra::Copia},
+    TastoBarra{u"incolla", u"Incolla le righe copiate o tagliate (Ctrl+V)", &ComandiBarra::Incolla, false,
+               &TastiRighe::Incolla},
+    TastoBarra{u"annulla", u"Rimetti le righe tagliate (Ctrl+Z)", &ComandiBarra::Annulla, false,
+               &TastiRighe::Annulla},
     TastoBarra{u"help", u"Guida contestuale", &ComandiBarra::Aiuto, true},
 };
 
@@ -87,10 +94,27 @@ private:
     Griglia* Lista;
 };
 
+/// The place that follows the one with the focus, or precedes it; hidden ones are passed over.
+QWidget* ZonaAccanto(const QList<QWidget*>& Zone, bool Avanti)
+{
+    constexpr qsizetype Catalogo = 1;
+    const QWidget* Fuoco = QApplication::focusWidget();
+    qsizetype Posto = Avanti ? Catalogo : Catalogo + 1;  // as from a place between the lists
+    for (qsizetype i = 0; i < Zone.size(); ++i)
+        if (Zone[i] == Fuoco || Zone[i]->isAncestorOf(Fuoco))
+            Posto = i;
+    const qsizetype Passo = Avanti ? 1 : Zone.size() - 1;
+    do
+        Posto = (Posto + Passo) % Zone.size();
+    while (!Zone[Posto]->isVisible());
+    return Zone[Posto];
+}
+
 }  // namespace
 
-void CostruisciBarraRighe(QToolBar* Barra, QWidget* Modulo, bool& InsUltima, const ComandiBarra& Comandi)
+TastiRighe CostruisciBarraRighe(QToolBar* Barra, bool& InsUltima, const ComandiBarra& Comandi)
 {
+    TastiRighe Tenuti;
     Barra->setIconSize({18, 18});
     for (const TastoBarra& Descritto : TastiBarra) {
         const auto& Comando = Comandi.*Descritto.Comando;
@@ -103,14 +127,17 @@ void CostruisciBarraRighe(QToolBar* Barra, QWidget* Modulo, bool& InsUltima, con
             if (ConcludiCampo())
                 Comando();
         });
+        if (Descritto.Tenuto)
+            Tenuti.*Descritto.Tenuto = Tasto;
     }
     Barra->addSeparator();
 
-    auto* Modi = new QActionGroup(Modulo);
+    auto* Modi = new QActionGroup(Barra);
     AggiungiModo(Barra, Modi, InsUltima, true, u"lastrow"_s, u"Inserisci nell'ultima riga"_s,
                  u"Le nuove prestazioni saranno inserite nell'ultima riga!"_s);
     AggiungiModo(Barra, Modi, InsUltima, false, u"currentrow"_s, u"Inserisci nella riga selezionata"_s,
                  u"Le nuove prestazioni saranno inserite nella riga selezionata!"_s);
+    return Tenuti;
 }
 
 void SeguiBarra(const Griglia* Prima, const QToolBar* Barra, const Griglia* Dopo)
@@ -123,6 +150,26 @@ void SeguiBarra(const Griglia* Prima, const QToolBar* Barra, const Griglia* Dopo
         Precedente = Barra->widgetForAction(Tasto);
     }
     QWidget::setTabOrder(Precedente, Dopo->Vista());
+}
+
+void CollegaZone(QWidget* Pagina, const QList<QWidget*>& Zone)
+{
+    for (const bool Avanti : {true, false}) {
+        auto* Scorciatoia =
+            new QShortcut(QKeySequence((Avanti ? Qt::NoModifier : Qt::ShiftModifier) | Qt::Key_F6), Pagina);
+        Scorciatoia->setContext(Qt::WidgetWithChildrenShortcut);
+        Collega(Scorciatoia, &QShortcut::activated, Pagina, [Zone, Avanti] {
+            if (ConcludiCampo())
+                ZonaAccanto(Zone, Avanti)->setFocus(Avanti ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        });
+    }
+}
+
+void DividiLista(QSplitter* Divisore)
+{
+    Divisore->setSizes({1000, 2000});
+    Divisore->setStretchFactor(0, 1);
+    Divisore->setStretchFactor(1, 2);
 }
 
 bool VaiARiga(Recordset& Righe, int Riga)

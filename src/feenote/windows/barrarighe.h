@@ -3,6 +3,7 @@
 
 #include "platform/database/recordset.h"
 
+#include <QList>
 #include <QString>
 
 #include <functional>
@@ -10,6 +11,7 @@
 class Griglia;
 class QAction;
 class QLineEdit;
+class QSplitter;
 class QToolBar;
 class QWidget;
 
@@ -29,13 +31,29 @@ struct ComandiBarra
     std::function<void()> Aiuto;  ///< "help"
 };
 
+/// The buttons of barListaOnoDir that change their state; null where there is no such button.
+struct TastiRighe
+{
+    QAction* Varia = nullptr;
+    QAction* Incolla = nullptr;
+    QAction* Annulla = nullptr;
+};
+
 /// Builds barListaOnoDir; behind the commands "lastrow" and "currentrow" choose where new lines go and say
 /// so. A command runs once the open cell and the box in edit are left, and not when one of them refuses.
 /// @param InsUltima the list's mode, which the two buttons show and set
-void CostruisciBarraRighe(QToolBar* Barra, QWidget* Modulo, bool& InsUltima, const ComandiBarra& Comandi);
+TastiRighe CostruisciBarraRighe(QToolBar* Barra, bool& InsUltima, const ComandiBarra& Comandi);
 
 /// Puts the buttons of a toolbar between two grids in the tab order.
 void SeguiBarra(const Griglia* Prima, const QToolBar* Barra, const Griglia* Dopo);
+
+/// F6 goes through the places of a page in order (search, catalogue, lines and what stands behind them) and
+/// round, Shift+F6 back. From the toolbar, which stands between catalogue and lines, either way leads to the
+/// list on that side.
+void CollegaZone(QWidget* Pagina, const QList<QWidget*>& Zone);
+
+/// A third for the catalogue, the rest for the lines, now and when the window grows.
+void DividiLista(QSplitter* Divisore);
 
 /// Moves a recordset to a row by its number. @return false when there is no such row
 bool VaiARiga(Recordset& Righe, int Riga);

@@ -10,12 +10,19 @@ class CorniceNota
 public:
     virtual ~CorniceNota() = default;
 
+    /// The place of the note's window.
+    [[nodiscard]] virtual int Indice() const = 0;
+    /// Answer of the last check of the parameters; without it no line moves.
+    [[nodiscard]] virtual bool BaseValida() const = 0;
+
     /// The record was worked on: its mark is shown, with what follows it (the recovery copy, the partner's
     /// sums).
     virtual void Cambiata() = 0;
     /// Writes the controls of every page, the banner and the sums from the record, signals held back, and
     /// gives the focus that a rule asked for.
     virtual void MostraTutto() = 0;
+    /// Sums in the status bar and in the footers of the page in view.
+    virtual void RefreshGrid() = 0;
     /// Composes the chosen document anew while its page is in view: something that it shows has changed.
     virtual void Ricomponi() = 0;
 

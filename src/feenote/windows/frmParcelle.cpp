@@ -7,6 +7,7 @@
 #include "feenote/modParametri.h"
 #include "feenote/modTotali.h"
 #include "feenote/windows/SchedaAcconti.h"
+#include "feenote/windows/SchedaSpese.h"
 #include "feenote/windows/finestre.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
@@ -15,7 +16,6 @@
 #include "platform/system/messaggi.h"
 #include "ui_SchedaDatiBase.h"
 #include "ui_SchedaOnorari.h"
-#include "ui_SchedaSpese.h"
 #include "ui_SchedaStampa.h"
 #include "ui_frmParcelle.h"
 
@@ -80,7 +80,7 @@ bool VoltaPagina(const QKeyEvent& Tasto)
 frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     : QWidget(Padre), Posto(Indice), ui(std::make_unique<Ui::frmParcelle>()),
       uiBase(std::make_unique<Ui::SchedaDatiBase>()), uiOnorari(std::make_unique<Ui::SchedaOnorari>()),
-      uiSpese(std::make_unique<Ui::SchedaSpese>()), uiStampa(std::make_unique<Ui::SchedaStampa>())
+      uiStampa(std::make_unique<Ui::SchedaStampa>())
 {
     ui->setupUi(this);
     try {
@@ -95,7 +95,6 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     CollegaDatiBase();
     CollegaOnorari();
     CollegaModOno();
-    CollegaSpese();
     CollegaStampa();
     CollegaCliCon();
     RimettiDisposizione();
@@ -117,7 +116,8 @@ void frmParcelle::CostruisciSchede()
     uiBase->setupUi(Base);
     AggiungiScorrevole(ui->tabParcelle, Base, u"Dati base"_s);
     AggiungiScheda(ui->tabParcelle, *uiOnorari, u"Onorari"_s);
-    AggiungiScheda(ui->tabParcelle, *uiSpese, u"Spese inserite"_s);
+    Spese = new SchedaSpese(Nota, Comune, *this, ui->tabParcelle);
+    ui->tabParcelle->addTab(Spese, u"Spese inserite"_s);
     Acconti = new SchedaAcconti(Nota, *this, ui->tabParcelle);
     AggiungiScorrevole(ui->tabParcelle, Acconti, u"Acconti e imposte"_s);
     AggiungiScheda(ui->tabParcelle, *uiStampa, u"Stampa"_s);
@@ -195,10 +195,10 @@ bool frmParcelle::LasciaBase(int Verso)
     if (Verso == SchedaBase)
         return true;
     if (SchedaInVista == SchedaBase) {
-        BaseValida = CheckOK(Nota, false);
+        BaseVista = CheckOK(Nota, false);
         Nota.Fuoco = CampoNota::Nessuno;
     }
-    return BaseValida;
+    return BaseVista;
 }
 
 void frmParcelle::TornaAllaBase()
@@ -240,7 +240,7 @@ void frmParcelle::tabParcelle_Change(int Nuova)
     if (Nuova == SchedaListaOnorari)
         EntraScheda1();
     else if (Nuova == SchedaListaSpese)
-        EntraScheda2();
+        Spese->Entra();
     MostraTutto();
     if (Nuova == SchedaDiStampa)
         EntraScheda4();
@@ -283,7 +283,7 @@ void frmParcelle::MostraTutto()
     InMostra = true;
     MostraDatiBase();
     MostraOnorari();
-    MostraSpese();
+    Spese->Mostra();
     Acconti->Mostra();
     MostraSchedaStampa();
     MostraCliCon();
@@ -319,9 +319,7 @@ void frmParcelle::RefreshGrid()
         uiOnorari->tdbOnor->Pie(OnoMin, TestoImporto(Sommate.TotMin));
         uiOnorari->tdbOnor->Pie(OnoMax, TestoImporto(Sommate.TotMax));
     } else if (Scheda() == SchedaListaSpese) {
-        uiSpese->tdbDir->Pie(DirDescr, u"Totali "_s);
-        uiSpese->tdbDir->Pie(DirImponibile, TestoImporto(Sommate.TotSpeseImp));
-        uiSpese->tdbDir->Pie(DirEsente, TestoImporto(Sommate.TotSpeseEsenti));
+        Spese->MostraTotali(Sommate);
     }
 }
 

@@ -5,9 +5,9 @@
 #pragma once
 
 #include "core/posti.h"
-#include "feenote/modAppunti.h"
 #include "feenote/modGraduazione.h"
 #include "feenote/parcella.h"
+#include "feenote/windows/comandirighe.h"
 #include "feenote/windows/cornicenota.h"
 #include "platform/base/errore.h"
 #include "tariffs/modTariffe.h"
@@ -19,21 +19,18 @@
 #include <memory>
 #include <optional>
 
-struct ComandiBarra;
 struct CopiaRecupero;
-class Griglia;
-enum class ComandoRighe;
 class QLabel;
 class QLineEdit;
 class QTabWidget;
 class QToolBar;
 class SchedaAcconti;
+class SchedaSpese;
 
 namespace Ui {
 class frmParcelle;
 class SchedaDatiBase;
 class SchedaOnorari;
-class SchedaSpese;
 class SchedaStampa;
 }  // namespace Ui
 
@@ -47,7 +44,7 @@ public:
 
     Parcella Nota;  ///< the record: DatiParcelle(i)
 
-    [[nodiscard]] int Indice() const { return Posto; }
+    [[nodiscard]] int Indice() const override { return Posto; }
     [[nodiscard]] int Scheda() const;
 
     // ---- life (frmParcelle_Vita.cpp)
@@ -89,7 +86,7 @@ public:
     /// Writes every control from the record, signals held back, and gives the focus that a rule asked for.
     void MostraTutto() override;
     /// Sums in the status bar and in the footers of the tab in view.
-    void RefreshGrid();
+    void RefreshGrid() override;
     /// Banner and colours of the parameters.
     void RefreshDatiBase();
 
@@ -159,29 +156,6 @@ private:
     void cmdModOno_Click();
     void cmdAnnModOno_Click();
 
-    // ---- frmParcelle_Righe.cpp: what is done with selected lines
-    void CollegaRighe(Griglia* Grid, TabellaRighe& Tabella);
-    /// The places of a page that F6 visits, in order: search, catalogue, lines and what stands behind them.
-    void CollegaZone(QWidget* Pagina, const QList<QWidget*>& Zone);
-    [[nodiscard]] ComandiBarra ComandiRigheDi(Griglia* Grid, TabellaRighe& Tabella);
-    void EseguiSuRighe(Griglia* Grid, TabellaRighe& Tabella, ComandoRighe Quale, const QList<int>& Scelte);
-    /// The lines that the toolbar works on: those selected or, with none, the one that was clicked last.
-    [[nodiscard]] QList<int> ScelteDaBarra(const Griglia* Grid) const;
-    void TagliaVoci(Griglia* Grid, TabellaRighe& Tabella, const QList<int>& Scelte);
-    void CopiaVoci(Griglia* Grid, const TabellaRighe& Tabella, const QList<int>& Scelte);
-    /// @param Riga RigaDiPosto: where a new line goes
-    void IncollaVoci(Griglia* Grid, TabellaRighe& Tabella, int Riga);
-    void AnnullaTaglio(Griglia* Grid, TabellaRighe& Tabella);
-    void SpostaVoci(Griglia* Grid, TabellaRighe& Tabella, int Destinazione);
-    void RigheMutate(Griglia* Grid, int Riga);  ///< shows lines that came or went, one of them current
-    void MostraAppunti();                       ///< whether there is something to paste, to undo
-
-    // ---- frmParcelle_Spese.cpp
-    void CollegaSpese();
-    void MostraSpese();
-    void EntraScheda2();
-    void tdbListaDir_DblClick(int Riga);
-
     // ---- frmParcelle_CliCon.cpp: the parties in the address book
     void CollegaCliCon();
     void MostraCliCon();
@@ -211,29 +185,30 @@ private:
     [[nodiscard]] QWidget* txtDatiPar(int Indice) const;
 
     void Cambiata() override;
+    [[nodiscard]] bool BaseValida() const override { return BaseVista; }
 
     int Posto;
     QTimer TimerCopia;  ///< runs from the first change that the recovery copy does not hold
     qint64 DurataCopiaMs = 0;
     Recordset DirittiValori;  ///< open while the window lives, as it always was; no rule reads it
-    Catalogo Voci;            ///< catalogues, open once tab 1 or 2 was entered
-    std::pair<QString, int> CatalogoCercato;   ///< category and authority of the catalogue last searched in
-    AppuntiRighe Copiate;                      ///< one clipboard for both lists
-    const Griglia* GrigliaCliccata = nullptr;  ///< its current line was clicked, and no other since
+    RigheInComune Comune;
+    std::pair<QString, int> CatalogoCercato;  ///< category and authority of the catalogue last searched in
     PannelloModOno ModOno;
-    int SchedaInVista = 0;   ///< the tab before a change
-    bool BaseValida = true;  ///< answer of the last CheckOK on leaving the base tab; no rows move without it
-    bool InMostra = false;   ///< controls are being written by code
+    int SchedaInVista = 0;  ///< the tab before a change
+    bool BaseVista = true;  ///< answer of the last CheckOK on leaving the base tab
+    bool InMostra = false;  ///< controls are being written by code
     bool CambioScheda = false;
     bool DialogoAperto = false;  ///< a question of this window waits for its answer
 
     QLabel* txtPage = nullptr;  ///< in barPrint
 
+    ComandiRighe* RigheOno = nullptr;
+    TastiRighe TastiOno;
+    SchedaSpese* Spese = nullptr;
     SchedaAcconti* Acconti = nullptr;
 
     std::unique_ptr<Ui::frmParcelle> ui;
     std::unique_ptr<Ui::SchedaDatiBase> uiBase;
     std::unique_ptr<Ui::SchedaOnorari> uiOnorari;
-    std::unique_ptr<Ui::SchedaSpese> uiSpese;
     std::unique_ptr<Ui::SchedaStampa> uiStampa;
 };

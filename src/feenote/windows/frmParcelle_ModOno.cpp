@@ -53,7 +53,7 @@ void frmParcelle::CollegaModOno()
 {
     CreaFasce(uiOnorari->tdbFasceOno);
     uiOnorari->pctInsModOno->setFocusProxy(uiOnorari->sldGraduaOno);
-    auto* Variaz = uiOnorari->barListaOnoDir->findChild<QAction*>(u"variaz"_s);
+    QAction* Variaz = TastiOno.Varia;
     Variaz->setCheckable(true);
     // Behind the command: a cell that refuses to be left releases the button too.
     Collega(Variaz, &QAction::triggered, this, [this] { MostraModOno(); });
@@ -105,7 +105,7 @@ void frmParcelle::CollegaTastiModOno()
 void frmParcelle::MostraModOno()
 {
     const Ui::SchedaOnorari& Scheda = *uiOnorari;
-    Scheda.barListaOnoDir->findChild<QAction*>(u"variaz"_s)->setChecked(ModOno.Aperto);
+    TastiOno.Varia->setChecked(ModOno.Aperto);
     Scheda.pctInsModOno->setVisible(ModOno.Aperto);
     if (!ModOno.Aperto)
         return;

@@ -109,15 +109,20 @@ void frmParcelle::CollegaCatalogoOnorari()
     Collega(Lista, &Griglia::MenuContestuale, this, [this](int Riga) { ShowNota(Riga); });
     Collega(Lista, &Griglia::RigaCambiata, this, [this](int Riga) { SeguiNota(Riga); });
     CollegaRicerca(
-        uiOnorari->txtCercaOno, Lista, [this] { return Voci.datOno; }, u"DescrOno"_s);
-    new SuggerimentoVoce(Lista, [this] { return Voci.datOno; });
+        uiOnorari->txtCercaOno, Lista, [this] { return Comune.Voci.datOno; }, u"DescrOno"_s);
+    new SuggerimentoVoce(Lista, [this] { return Comune.Voci.datOno; });
 
     const auto Corrente = [Lista] { return Lista->RigaCorrente().value_or(-1); };
-    ComandiBarra Comandi = ComandiRigheDi(uiOnorari->tdbOnor, Nota.xOnorari);
+    ComandiBarra Comandi;
     Comandi.Inserisci = [=, this] { tdbListaOno_DblClick(Corrente()); };
     Comandi.Informa = [=, this] { ShowNota(Corrente()); };
     Comandi.Varia = [this] { AbilitaModOno(!ModOno.Aperto); };
-    CostruisciBarraRighe(uiOnorari->barListaOnoDir, this, Nota.InsUltimaOno, Comandi);
+    RigheOno = new ComandiRighe(uiOnorari->tdbOnor, TipoRiga::Onorari, Nota, Comune, *this);
+    Collega(RigheOno, &ComandiRighe::Mutate, this, [this] {
+        RinfrescaModOno(ModOno, Nota.xOnorari, uiOnorari->tdbOnor->RigaCorrente());
+        MostraModOno();
+    });
+    TastiOno = RigheOno->CostruisciBarra(uiOnorari->barListaOnoDir, Comandi);
     SeguiBarra(Lista, uiOnorari->barListaOnoDir, uiOnorari->tdbOnor);
 }
 
@@ -147,21 +152,20 @@ void frmParcelle::CollegaOnorari()
         MostraModOno();
         RefreshGrid();
     });
-    CollegaRighe(Righe, Nota.xOnorari);
     CollegaZone(ui->tabParcelle->widget(SchedaListaOnorari),
                 {uiOnorari->txtCercaOno, uiOnorari->tdbListaOno, Righe, uiOnorari->pctInsModOno});
 }
 
 void frmParcelle::EntraScheda1()
 {
-    SvuotaAppunti(Copiate);
+    SvuotaAppunti(Comune.Copiate);
     ChiudiModOno(ModOno);
-    Protetta([&] { (void)EntraOnorari(Nota, Voci); });
+    Protetta([&] { (void)EntraOnorari(Nota, Comune.Voci); });
     SetModificata(Nota.Modificata);  // as the lines that came or were recalculated have left it
     const auto DelCatalogo = std::pair(Nota.CodCateg, Nota.IDAutSelezionata());
     if (std::exchange(CatalogoCercato, DelCatalogo) != DelCatalogo)
         uiOnorari->txtCercaOno->clear();  // what was looked for in another catalogue
-    uiOnorari->tdbListaOno->Lega(Voci.datOno);
+    uiOnorari->tdbListaOno->Lega(Comune.Voci.datOno);
     // The row's number may be the same as before, and the item another.
     SeguiNota(uiOnorari->tdbListaOno->RigaCorrente().value_or(-1));
     uiOnorari->lblAumRidOno->setText(TestoAumRidOno(Nota));
@@ -170,28 +174,28 @@ void frmParcelle::EntraScheda1()
 
 void frmParcelle::tdbListaOno_DblClick(int Riga)
 {
-    if (!VaiARiga(Voci.datOno, Riga))
+    if (!VaiARiga(Comune.Voci.datOno, Riga))
         return;
     Griglia* Righe = uiOnorari->tdbOnor;
     if (!Righe->Concludi())
         return;
-    const std::optional<int> Inserita = InserisciOnorario(Nota, Voci, Righe->RigaCorrente());
+    const std::optional<int> Inserita = InserisciOnorario(Nota, Comune.Voci, Righe->RigaCorrente());
     if (!Inserita)
         return;
-    if (!Voci.datOno.Value(u"QtaOno"_s, QString()).toString().isEmpty())
+    if (!Comune.Voci.datOno.Value(u"QtaOno"_s, QString()).toString().isEmpty())
         Righe->MostraColonna(OnoQta, true);
-    RigheMutate(Righe, *Inserita);  // the new line is current and in sight; the catalogue keeps its row
+    RigheOno->RigheMutate(*Inserita);  // the new line is current and in sight; the catalogue keeps its row
 }
 
 QString frmParcelle::PaginaNota(int Riga) const
 {
-    if (!Voci.datOno.Aperto())
+    if (!Comune.Voci.datOno.Aperto())
         return {};
-    Recordset Voce = Voci.datOno.Clone();
+    Recordset Voce = Comune.Voci.datOno.Clone();
     if (!VaiARiga(Voce, Riga))
         return {};
     const QString Cartella = sessione::PercorsoProg + Barra(u"note"_s);
-    const QString Pagina = TrovaFile(Cartella + FileScheda(Nota.CodCateg, Voce.Value(Voci.ChiaveOno)));
+    const QString Pagina = TrovaFile(Cartella + FileScheda(Nota.CodCateg, Voce.Value(Comune.Voci.ChiaveOno)));
     if (!EsisteFile(Pagina))
         return Cartella + u"blank.htm"_s;
     // A civil sheet has a table for each group of courts: it opens at the one of the note.
@@ -215,9 +219,9 @@ void frmParcelle::SeguiNota(int Riga)
 void frmParcelle::MostraOnorari()
 {
     Griglia* Righe = uiOnorari->tdbOnor;
-    if (!Righe->ColonnaVisibile(OnoQta) && ChiedonoQuantita(Nota, Voci))
+    if (!Righe->ColonnaVisibile(OnoQta) && ChiedonoQuantita(Nota, Comune.Voci))
         Righe->MostraColonna(OnoQta, true);
     Righe->Rilega();
     MostraModOno();
-    MostraAppunti();
+    RigheOno->MostraAppunti();
 }

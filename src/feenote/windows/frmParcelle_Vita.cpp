@@ -11,6 +11,7 @@
 #include "feenote/file/modRecupero.h"
 #include "feenote/file/modSalvataggio.h"
 #include "feenote/windows/SchedaAcconti.h"
+#include "feenote/windows/SchedaSpese.h"
 #include "feenote/windows/finestre.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/campo.h"
@@ -19,7 +20,6 @@
 #include "platform/system/percorsi.h"
 #include "ui_SchedaDatiBase.h"
 #include "ui_SchedaOnorari.h"
-#include "ui_SchedaSpese.h"
 #include "ui_SchedaStampa.h"
 
 #include <QApplication>
@@ -111,25 +111,19 @@ void frmParcelle::FuocoIniziale()
 
 void frmParcelle::RimettiDisposizione()
 {
-    for (QSplitter* Divisore : {uiOnorari->divisoreOno, uiSpese->divisoreDir}) {
-        // A third for the catalogue, now and when the window grows.
-        Divisore->setSizes({1000, 2000});
-        Divisore->setStretchFactor(0, 1);
-        Divisore->setStretchFactor(1, 2);
-        Divisore->restoreState(QByteArray::fromBase64(LeggiDisposizione(Divisore).toLatin1()));
-    }
     // The data stay as wide as they need; the page takes the room.
     QSplitter* Stampa = uiStampa->divisoreStampa;
     Stampa->setSizes({1, 10000});
     Stampa->setStretchFactor(1, 1);
-    Stampa->restoreState(QByteArray::fromBase64(LeggiDisposizione(Stampa).toLatin1()));
+    for (QSplitter* Divisore : findChildren<QSplitter*>())
+        Divisore->restoreState(QByteArray::fromBase64(LeggiDisposizione(Divisore).toLatin1()));
     for (Griglia* Elenco : findChildren<Griglia*>())
         Elenco->ImpostaLarghezze(LeggiDisposizione(Elenco));
 }
 
 void frmParcelle::RicordaDisposizione() const
 {
-    for (const QSplitter* Divisore : {uiOnorari->divisoreOno, uiSpese->divisoreDir, uiStampa->divisoreStampa})
+    for (const QSplitter* Divisore : findChildren<QSplitter*>())
         SalvaDisposizione(Divisore, QString::fromLatin1(Divisore->saveState().toBase64()));
     for (const Griglia* Elenco : findChildren<Griglia*>())
         SalvaDisposizione(Elenco, Elenco->Larghezze());
@@ -137,16 +131,14 @@ void frmParcelle::RicordaDisposizione() const
 
 void frmParcelle::RilegaRighe()
 {
-    Voci = {};
+    Comune.Voci = {};
+    SvuotaAppunti(Comune.Copiate);
     uiOnorari->txtCercaOno->clear();
-    uiSpese->txtCercaDir->clear();
-    uiOnorari->tdbListaOno->Lega(Voci.datOno);
-    uiSpese->tdbListaDir->Lega(Voci.datDir);
+    uiOnorari->tdbListaOno->Lega(Comune.Voci.datOno);
     uiOnorari->tdbOnor->Lega(&Nota.xOnorari);
     uiOnorari->tdbOnor->MostraColonna(OnoQta, false);
-    uiSpese->tdbDir->Lega(&Nota.xDiritti);
+    Spese->NuovaNota();
     Acconti->NuovaNota();
-    SvuotaAppunti(Copiate);
     ChiudiModOno(ModOno);
 }
 

@@ -1,0 +1,131 @@
+#include "feenote/windows/SchedaSpese.h"
+
+#include "core/modErrori.h"
+#include "feenote/modSpese.h"
+#include "feenote/modTotali.h"
+#include "feenote/windows/barrarighe.h"
+#include "feenote/windows/comandirighe.h"
+#include "feenote/windows/cornicenota.h"
+#include "feenote/windows/righegriglia.h"
+#include "platform/grid/griglia.h"
+#include "platform/kit/collega.h"
+#include "ui_SchedaSpese.h"
+
+#include <QLineEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QList<ColonnaGriglia> ColonneSpese()
+{
+    return {ColonnaData(DirData), ColonnaDescrizione(DirDescr), ColonnaQuantita(DirQta),
+            ColonnaImporto(u"Imponibili"_s, DirImponibile, true),
+            ColonnaImporto(u"Esenti"_s, DirEsente, true)};
+}
+
+QList<ColonnaGriglia> ColonneCatalogo()
+{
+    ColonnaGriglia Descr;
+    Descr.Titolo = u"Descrizione"_s;
+    Descr.NomeCampo = u"DescrDir"_s;
+    Descr.Stira = true;
+    return {Descr};
+}
+
+}  // namespace
+
+SchedaSpese::SchedaSpese(Parcella& Dati, RigheInComune& Condivise, CorniceNota& Finestra, QWidget* Padre)
+    : QWidget(Padre), Nota(Dati), Comune(Condivise), Cornice(Finestra),
+      ui(std::make_unique<Ui::SchedaSpese>())
+{
+    ui->setupUi(this);
+    CollegaCatalogo();
+    CollegaRighe();
+    CollegaZone(this, {ui->txtCercaDir, ui->tdbListaDir, ui->tdbDir});
+    DividiLista(ui->divisoreDir);
+}
+
+SchedaSpese::~SchedaSpese() = default;
+
+void SchedaSpese::CollegaCatalogo()
+{
+    Griglia* Lista = ui->tdbListaDir;
+    Lista->ImpostaColonne(ColonneCatalogo());
+    Lista->FraseVuota(u"Il catalogo delle spese non si può leggere: scriverle nella riga vuota qui sotto."_s);
+    Collega(Lista, &Griglia::DoppioClic, this, &SchedaSpese::tdbListaDir_DblClick);
+    CollegaRicerca(
+        ui->txtCercaDir, Lista, [this] { return Comune.Voci.datDir; }, u"DescrDir"_s);
+}
+
+void SchedaSpese::CollegaRighe()
+{
+    Griglia* Righe = ui->tdbDir;
+    Righe->ImpostaColonne(ColonneSpese());
+    Righe->Lega(&Nota.xDiritti);
+    Righe->ConsentiNuove(true);
+    Righe->FraseVuota(u"Fare doppio clic su una spesa del catalogo, poi scriverne l'importo."_s);
+    Righe->Convalida = [](int, int Colonna, const QString& Testo) {
+        return ConvalidaCella(ColonneSpese()[Colonna], Testo);
+    };
+    Righe->Valore = [](int, int Colonna, const QString& Testo) {
+        return ValoreCella(ColonneSpese()[Colonna], Testo);
+    };
+    Collega(Righe, &Griglia::CellaScritta, this, &SchedaSpese::tdbDir_CellaScritta);
+
+    Comandi = new ComandiRighe(Righe, TipoRiga::Diritti, Nota, Comune, Cornice);
+    ComandiBarra DellaPagina;
+    DellaPagina.Inserisci = [this] { tdbListaDir_DblClick(ui->tdbListaDir->RigaCorrente().value_or(-1)); };
+    Comandi->CostruisciBarra(ui->barListaOnoDir, DellaPagina);
+    SeguiBarra(ui->tdbListaDir, ui->barListaOnoDir, Righe);
+}
+
+void SchedaSpese::Entra()
+{
+    // The catalogue of expenses comes with that of the honoraria; whoever skips that page gets it here.
+    Recordset& Spese = Comune.Voci.datDir;
+    if (!Spese.Aperto())
+        Protetta([&] { Spese = ApriCatalogo({}, 0).datDir; });
+    ui->tdbListaDir->Lega(Spese);
+}
+
+void SchedaSpese::tdbListaDir_DblClick(int Riga)
+{
+    if (!VaiARiga(Comune.Voci.datDir, Riga))
+        return;
+    Griglia* Righe = ui->tdbDir;
+    if (!Righe->Concludi())
+        return;
+    const int Inserita = InserisciSpesa(Nota, Comune.Voci, Righe->RigaCorrente());
+    Comandi->RigheMutate(Inserita);
+    // The amount is the user's to write: the new line waits for it.
+    Righe->ImpostaRigaCorrente(Inserita, DirImponibile);
+    Righe->setFocus();
+}
+
+void SchedaSpese::tdbDir_CellaScritta()
+{
+    SetModificata(Nota, true);
+    Cornice.Cambiata();
+    Cornice.RefreshGrid();
+}
+
+void SchedaSpese::Mostra()
+{
+    ui->tdbDir->Rilega();
+    Comandi->MostraAppunti();
+}
+
+void SchedaSpese::MostraTotali(const Somme& Sommate)
+{
+    ui->tdbDir->Pie(DirDescr, u"Totali "_s);
+    ui->tdbDir->Pie(DirImponibile, TestoImporto(Sommate.TotSpeseImp));
+    ui->tdbDir->Pie(DirEsente, TestoImporto(Sommate.TotSpeseEsenti));
+}
+
+void SchedaSpese::NuovaNota()
+{
+    ui->txtCercaDir->clear();
+    ui->tdbListaDir->Lega(Comune.Voci.datDir);
+    ui->tdbDir->Lega(&Nota.xDiritti);
+}
