@@ -25,7 +25,7 @@ constexpr std::array<Didascalie, NumFasce> NomiFasce{{
     {u"MASSIMO  (", u"MASSIMI  (Tot.: "},
 }};
 
-QString TestoGraduato(const PannelloModOno& Pannello, int Posizione)
+QString TestoGraduato(const Graduazione& Pannello, int Posizione)
 {
     const double Min = Pannello.Fasce[FasciaMin];
     const double Max = Pannello.Fasce[FasciaMax];
@@ -33,7 +33,7 @@ QString TestoGraduato(const PannelloModOno& Pannello, int Posizione)
 }
 
 /// The first of the three amounts that shows as this text.
-int FasciaDi(const PannelloModOno& Pannello, const QString& Importo)
+int FasciaDi(const Graduazione& Pannello, const QString& Importo)
 {
     for (int Fascia = 0; Fascia < NumFasce; ++Fascia)
         if (TestoImporto(NumeroDi(Importo)) == TestoImporto(Pannello.Fasce[size_t(Fascia)]))
@@ -42,7 +42,7 @@ int FasciaDi(const PannelloModOno& Pannello, const QString& Importo)
 }
 
 /// Where CheckFascia leaves the slider.
-int GraduaDopo(const PannelloModOno& Pannello, const QString& Importo, int Posizione)
+int GraduaDopo(const Graduazione& Pannello, const QString& Importo, int Posizione)
 {
     constexpr std::array Posti{GraduaMin, GraduaMeta, GraduaMax};
     const int Fascia = FasciaDi(Pannello, Importo);
@@ -55,7 +55,7 @@ bool InTariffa(const TabellaRighe& Righe, int Riga)
     return NVoce != 0 && NVoce < PrimaVoceFuoriTariffa;
 }
 
-void ScriviRigheFasce(PannelloModOno& Pannello)
+void ScriviRigheFasce(Graduazione& Pannello)
 {
     Pannello.RigheFasce.clear();
     for (size_t Fascia = 0; Fascia < NumFasce; ++Fascia) {
@@ -64,7 +64,7 @@ void ScriviRigheFasce(PannelloModOno& Pannello)
     }
 }
 
-void CaricaTutte(PannelloModOno& Pannello, const TabellaRighe& Righe)
+void CaricaTutte(Graduazione& Pannello, const TabellaRighe& Righe)
 {
     for (size_t Fascia = 0; Fascia < NumFasce; ++Fascia)
         Pannello.Fasce[Fascia] = SommaColonna(Righe, ColonneFasce[Fascia]);
@@ -75,7 +75,7 @@ void CaricaTutte(PannelloModOno& Pannello, const TabellaRighe& Righe)
     Pannello.ImpOno = TestoImporto(Pannello.Fasce[FasciaMin]);
 }
 
-void CaricaUna(PannelloModOno& Pannello, const TabellaRighe& Righe, int Riga)
+void CaricaUna(Graduazione& Pannello, const TabellaRighe& Righe, int Riga)
 {
     for (size_t Fascia = 0; Fascia < NumFasce; ++Fascia)
         Pannello.Fasce[Fascia] = NumeroDi(Righe(Riga, ColonneFasce[Fascia]));
@@ -95,7 +95,7 @@ double ImportoDi(const TabellaRighe& Righe, int Riga, int Posizione)
     return Round(Min + (Max - Min) * Round(double(Posizione) / GraduaMax, 2));
 }
 
-void ScriviTutte(const PannelloModOno& Pannello, TabellaRighe& Righe)
+void ScriviTutte(const Graduazione& Pannello, TabellaRighe& Righe)
 {
     for (int Riga = 0; Riga < Righe.Righe(); ++Riga) {
         if (NumeroDi(Righe(Riga, OnoCodVoce)) <= 0)
@@ -109,7 +109,7 @@ void ScriviTutte(const PannelloModOno& Pannello, TabellaRighe& Righe)
 
 }  // namespace
 
-void ApriModOno(PannelloModOno& Pannello, const TabellaRighe& Righe, std::optional<int> Corrente)
+void ApriModOno(Graduazione& Pannello, const TabellaRighe& Righe, std::optional<int> Corrente)
 {
     if (!Corrente || *Corrente > Righe.UpperBound(1))
         return;
@@ -122,14 +122,14 @@ void ApriModOno(PannelloModOno& Pannello, const TabellaRighe& Righe, std::option
         CaricaModOno(Pannello, Righe, *Corrente);
 }
 
-void ChiudiModOno(PannelloModOno& Pannello)
+void ChiudiModOno(Graduazione& Pannello)
 {
     Pannello.Aperto = false;
     Pannello.Tutti = false;
     Pannello.Confermabile = false;
 }
 
-void CaricaModOno(PannelloModOno& Pannello, const TabellaRighe& Righe, int Riga)
+void CaricaModOno(Graduazione& Pannello, const TabellaRighe& Righe, int Riga)
 {
     Pannello.Tutti = Riga == TutteLeRighe;
     if (Pannello.Tutti)
@@ -141,13 +141,13 @@ void CaricaModOno(PannelloModOno& Pannello, const TabellaRighe& Righe, int Riga)
     Pannello.Aperto = true;
 }
 
-void ScegliModAll(PannelloModOno& Pannello, const TabellaRighe& Righe, bool Tutti)
+void ScegliModAll(Graduazione& Pannello, const TabellaRighe& Righe, bool Tutti)
 {
     if (Tutti != Pannello.Tutti)
         CaricaModOno(Pannello, Righe, Tutti ? TutteLeRighe : Pannello.Riga);
 }
 
-void SeguiRigaModOno(PannelloModOno& Pannello, const TabellaRighe& Righe, std::optional<int> Corrente)
+void SeguiRigaModOno(Graduazione& Pannello, const TabellaRighe& Righe, std::optional<int> Corrente)
 {
     if (!Pannello.Aperto || !Corrente || *Corrente > Righe.UpperBound(1) || !InTariffa(Righe, *Corrente))
         return;
@@ -157,13 +157,13 @@ void SeguiRigaModOno(PannelloModOno& Pannello, const TabellaRighe& Righe, std::o
         CaricaModOno(Pannello, Righe, *Corrente);
 }
 
-void RicaricaModOno(PannelloModOno& Pannello, const TabellaRighe& Righe)
+void RicaricaModOno(Graduazione& Pannello, const TabellaRighe& Righe)
 {
     if (Pannello.Aperto)
         CaricaModOno(Pannello, Righe, Pannello.Tutti ? TutteLeRighe : Pannello.Riga);
 }
 
-void RinfrescaModOno(PannelloModOno& Pannello, const TabellaRighe& Righe, std::optional<int> Corrente)
+void RinfrescaModOno(Graduazione& Pannello, const TabellaRighe& Righe, std::optional<int> Corrente)
 {
     if (!Pannello.Aperto)
         return;
@@ -176,13 +176,13 @@ void RinfrescaModOno(PannelloModOno& Pannello, const TabellaRighe& Righe, std::o
     CaricaModOno(Pannello, Righe, Pannello.Tutti ? TutteLeRighe : *Corrente);
 }
 
-void CheckFascia(PannelloModOno& Pannello, const QString& Importo)
+void CheckFascia(Graduazione& Pannello, const QString& Importo)
 {
     Pannello.Evidenziata = FasciaDi(Pannello, Importo);
     Pannello.Gradua = GraduaDopo(Pannello, Importo, Pannello.Gradua);
 }
 
-void ScegliFascia(PannelloModOno& Pannello, int Riga)
+void ScegliFascia(Graduazione& Pannello, int Riga)
 {
     if (Riga < 0 || Riga >= NumFasce)
         return;
@@ -197,7 +197,7 @@ void ScegliFascia(PannelloModOno& Pannello, int Riga)
     CheckFascia(Pannello, Pannello.ImpOno);
 }
 
-void SpostaGradua(PannelloModOno& Pannello, int Posizione)
+void SpostaGradua(Graduazione& Pannello, int Posizione)
 {
     Pannello.Gradua = std::clamp(Posizione, GraduaMin, GraduaMax);
     Pannello.Confermabile = true;
@@ -205,7 +205,7 @@ void SpostaGradua(PannelloModOno& Pannello, int Posizione)
     CheckFascia(Pannello, Pannello.ImpOno);
 }
 
-int PassoGradua(const PannelloModOno& Pannello, int Da, int A)
+int PassoGradua(const Graduazione& Pannello, int Da, int A)
 {
     const int Verso = A > Da ? 1 : -1;
     for (int Posizione = A; Posizione > GraduaMin && Posizione < GraduaMax; Posizione += Verso) {
@@ -216,7 +216,7 @@ int PassoGradua(const PannelloModOno& Pannello, int Da, int A)
     return Verso > 0 ? GraduaMax : GraduaMin;
 }
 
-bool ConfermaModOno(PannelloModOno& Pannello, TabellaRighe& Righe)
+bool ConfermaModOno(Graduazione& Pannello, TabellaRighe& Righe)
 {
     if (Pannello.ImpOno.isEmpty()) {
         MsgErrore(u"Specificare l'importo!"_s);

@@ -20,8 +20,8 @@ constexpr int GraduaMax = 100;
 /// Row code of CaricaModOno for all lines together.
 constexpr int TutteLeRighe = -1;
 
-/// The panel pctInsModOno.
-struct PannelloModOno
+/// What the panel pctInsModOno shows.
+struct Graduazione
 {
     bool Aperto = false;
     bool Tutti = false;  ///< optModAll: all lines, else the one shown
@@ -38,44 +38,44 @@ struct PannelloModOno
 
 /// Opens the panel on the current line, as the button "variaz" does. A line of the free item is told and
 /// opens nothing, a line without a medium amount opens nothing.
-void ApriModOno(PannelloModOno& Pannello, const TabellaRighe& Righe, std::optional<int> Corrente);
+void ApriModOno(Graduazione& Pannello, const TabellaRighe& Righe, std::optional<int> Corrente);
 
 /// Closes it; the next opening is for one line.
-void ChiudiModOno(PannelloModOno& Pannello);
+void ChiudiModOno(Graduazione& Pannello);
 
 /// Fills the panel from a line, or from the sums of all lines when `Riga` is TutteLeRighe, and opens it.
 /// @throws Errore 9 when the row does not exist
-void CaricaModOno(PannelloModOno& Pannello, const TabellaRighe& Righe, int Riga);
+void CaricaModOno(Graduazione& Pannello, const TabellaRighe& Righe, int Riga);
 
 /// "Modifica: tutti" or "solo selezionato:" was chosen. The one that stands already changes nothing.
-void ScegliModAll(PannelloModOno& Pannello, const TabellaRighe& Righe, bool Tutti);
+void ScegliModAll(Graduazione& Pannello, const TabellaRighe& Righe, bool Tutti);
 
 /// Another line is current: an open panel shows it, if it is one of the tariff (number 1 to 899).
-void SeguiRigaModOno(PannelloModOno& Pannello, const TabellaRighe& Righe, std::optional<int> Corrente);
+void SeguiRigaModOno(Graduazione& Pannello, const TabellaRighe& Righe, std::optional<int> Corrente);
 
 /// A cell of a line was written: an open panel shows what it holds now.
-void RicaricaModOno(PannelloModOno& Pannello, const TabellaRighe& Righe);
+void RicaricaModOno(Graduazione& Pannello, const TabellaRighe& Righe);
 
 /// Lines came, went or moved: an open panel goes over to the current line, or closes if that is none of the
 /// tariff.
-void RinfrescaModOno(PannelloModOno& Pannello, const TabellaRighe& Righe, std::optional<int> Corrente);
+void RinfrescaModOno(Graduazione& Pannello, const TabellaRighe& Righe, std::optional<int> Corrente);
 
 /// Shows which of the three amounts equals the given one: its row, and the slider at 0, 50 or 100. With none
 /// no row is highlighted, and the slider stays.
-void CheckFascia(PannelloModOno& Pannello, const QString& Importo);
+void CheckFascia(Graduazione& Pannello, const QString& Importo);
 
 /// A row of tdbFasceOno was clicked.
-void ScegliFascia(PannelloModOno& Pannello, int Riga);
+void ScegliFascia(Graduazione& Pannello, int Riga);
 
 /// The user moved the slider.
-void SpostaGradua(PannelloModOno& Pannello, int Posizione);
+void SpostaGradua(Graduazione& Pannello, int Posizione);
 
 /// Where a step of the slider by keys ends: the position asked for, or the first one beyond it that leads on.
 /// Amounts are whole euro and each of the three has its own position, so that a plain step may change
 /// nothing, or lead back to where it came from.
-[[nodiscard]] int PassoGradua(const PannelloModOno& Pannello, int Da, int A);
+[[nodiscard]] int PassoGradua(const Graduazione& Pannello, int Da, int A);
 
 /// cmdModOno: writes the amounts and closes the panel. One line takes the slider's amount whatever row is
 /// highlighted, so that "MEDIO" is the mid-point; all lines take their own column of the highlighted row.
 /// @return false, after telling the user, when there is no amount
-bool ConfermaModOno(PannelloModOno& Pannello, TabellaRighe& Righe);
+bool ConfermaModOno(Graduazione& Pannello, TabellaRighe& Righe);

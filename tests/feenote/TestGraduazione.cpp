@@ -74,7 +74,7 @@ PROVA(TestGraduazione);
 void TestGraduazione::unaRiga()
 {
     Parcella Nota = NotaDaGraduare();
-    PannelloModOno Pannello;
+    Graduazione Pannello;
     ApriModOno(Pannello, Nota.xOnorari, 0);
     QVERIFY(Pannello.Aperto && !Pannello.Tutti && !Pannello.Confermabile);
     QCOMPARE(Pannello.OnoDesc, u"Onorari inseriti: Fase 1"_s);
@@ -89,7 +89,7 @@ void TestGraduazione::unaRiga()
 void TestGraduazione::tutteLeRighe()
 {
     Parcella Nota = NotaDaGraduare();
-    PannelloModOno Pannello;
+    Graduazione Pannello;
     ApriModOno(Pannello, Nota.xOnorari, 1);
     ScegliModAll(Pannello, Nota.xOnorari, true);
     QVERIFY(Pannello.Aperto && Pannello.Tutti && !Pannello.Confermabile);
@@ -107,7 +107,7 @@ void TestGraduazione::tutteLeRighe()
 void TestGraduazione::ambitoGiaScelto()
 {
     Parcella Nota = NotaDaGraduare();
-    PannelloModOno Pannello;
+    Graduazione Pannello;
     ApriModOno(Pannello, Nota.xOnorari, 1);
     for (const bool Tutti : {false, true}) {
         ScegliModAll(Pannello, Nota.xOnorari, Tutti);
@@ -137,7 +137,7 @@ void TestGraduazione::checkFascia()
 {
     QFETCH(QString, Importo);
     Parcella Nota = NotaDaGraduare();
-    PannelloModOno Pannello;
+    Graduazione Pannello;
     CaricaModOno(Pannello, Nota.xOnorari, 0);
     Pannello.Gradua = 33;
     CheckFascia(Pannello, Importo);
@@ -148,7 +148,7 @@ void TestGraduazione::checkFascia()
 void TestGraduazione::nessunaFasciaNonMuove()
 {
     Parcella Nota = NotaDaGraduare();
-    PannelloModOno Pannello;
+    Graduazione Pannello;
     Pannello.Gradua = 80;
     CaricaModOno(Pannello, Nota.xOnorari, 1);
     QCOMPARE(Pannello.ImpOno, u"777,00"_s);
@@ -170,7 +170,7 @@ void TestGraduazione::rigaScelta()
 {
     QFETCH(int, Fascia);
     Parcella Nota = NotaDaGraduare();
-    PannelloModOno Pannello;
+    Graduazione Pannello;
     CaricaModOno(Pannello, Nota.xOnorari, 0);
     ScegliFascia(Pannello, Fascia);
     QVERIFY(Pannello.Confermabile);
@@ -183,7 +183,7 @@ void TestGraduazione::senzaAmpiezza()
 {
     Parcella Nota;
     Riga(Nota, 400, 400, 400, 400);
-    PannelloModOno Pannello;
+    Graduazione Pannello;
     CaricaModOno(Pannello, Nota.xOnorari, 0);
     ScegliFascia(Pannello, FasciaMax);
     QCOMPARE(Pannello.Gradua, 0);
@@ -210,7 +210,7 @@ void TestGraduazione::cursore()
 {
     QFETCH(int, Posizione);
     Parcella Nota = NotaDaGraduare();
-    PannelloModOno Pannello;
+    Graduazione Pannello;
     CaricaModOno(Pannello, Nota.xOnorari, 0);
     SpostaGradua(Pannello, Posizione);
     QVERIFY(Pannello.Confermabile);
@@ -247,7 +247,7 @@ void TestGraduazione::ilPassoPortaAvanti()
     QFETCH(int, A);
     Parcella Nota;
     Riga(Nota, Min, Min, Medio, Max);
-    PannelloModOno Pannello;
+    Graduazione Pannello;
     CaricaModOno(Pannello, Nota.xOnorari, 0);
     QTEST(PassoGradua(Pannello, Da, A), "Atteso");
 }
@@ -272,7 +272,7 @@ void TestGraduazione::ogniPassoArrivaInFondo()
     QFETCH(double, Max);
     Parcella Nota;
     Riga(Nota, Min, Min, Medio, Max);
-    PannelloModOno Pannello;
+    Graduazione Pannello;
     CaricaModOno(Pannello, Nota.xOnorari, 0);
     for (const int Verso : {1, -1}) {
         const int Fine = Verso > 0 ? GraduaMax : GraduaMin;
@@ -300,7 +300,7 @@ void TestGraduazione::confermaDiUna()
     QFETCH(int, Fascia);
     QFETCH(int, Posizione);
     Parcella Nota = NotaDaGraduare();
-    PannelloModOno Pannello;
+    Graduazione Pannello;
     CaricaModOno(Pannello, Nota.xOnorari, 0);
     ScegliFascia(Pannello, Fascia);
     if (Posizione >= 0)
@@ -329,7 +329,7 @@ void TestGraduazione::confermaDiTutte()
     QFETCH(int, Fascia);
     QFETCH(int, Posizione);
     Parcella Nota = NotaDaGraduare();
-    PannelloModOno Pannello;
+    Graduazione Pannello;
     ApriModOno(Pannello, Nota.xOnorari, 0);
     ScegliModAll(Pannello, Nota.xOnorari, true);
     ScegliFascia(Pannello, Fascia);
@@ -346,7 +346,7 @@ void TestGraduazione::confermaSenzaImporto()
     Parcella Nota;
     Riga(Nota, 0, 600, 1200, 1920);
     Nota.xOnorari(0, OnoImporto) = QVariant();
-    PannelloModOno Pannello;
+    Graduazione Pannello;
     ApriModOno(Pannello, Nota.xOnorari, 0);
     QVERIFY(Pannello.Aperto && Pannello.ImpOno.isEmpty());
     Voce.Attendi(u"Specificare l'importo!"_s, vbOK, u"Errore:"_s);
@@ -359,7 +359,7 @@ void TestGraduazione::voceNonPrevista()
 {
     Registratore Voce;
     Parcella Nota = NotaDaGraduare();
-    PannelloModOno Pannello;
+    Graduazione Pannello;
     Voce.Attendi(u"L'onorario 'Voce non prevista' non è variabile percentualmente!"_s, vbOK, u"Messaggio:"_s);
     ApriModOno(Pannello, Nota.xOnorari, 2);
     QCOMPARE(Voce.Ultimo().Bandiere, vbInformation);
@@ -370,7 +370,7 @@ void TestGraduazione::senzaMedioNonSiApre()
 {
     Parcella Nota;
     Nota.xOnorari.AggiungiRiga();
-    PannelloModOno Pannello;
+    Graduazione Pannello;
     ApriModOno(Pannello, Nota.xOnorari, 0);
     QVERIFY(!Pannello.Aperto);
 }
@@ -378,7 +378,7 @@ void TestGraduazione::senzaMedioNonSiApre()
 void TestGraduazione::senzaRigaNonSiApre()
 {
     Parcella Nota;
-    PannelloModOno Pannello;
+    Graduazione Pannello;
     ApriModOno(Pannello, Nota.xOnorari, std::nullopt);
     ApriModOno(Pannello, Nota.xOnorari, 0);
     QVERIFY(!Pannello.Aperto);
@@ -399,7 +399,7 @@ void TestGraduazione::seguire()
     QFETCH(int, NVoce);
     Parcella Nota = NotaDaGraduare();
     Nota.xOnorari(1, OnoNVoce) = NVoce;
-    PannelloModOno Pannello;
+    Graduazione Pannello;
     SeguiRigaModOno(Pannello, Nota.xOnorari, 1);
     QVERIFY2(!Pannello.Aperto, "un pannello chiuso non si apre");
     ApriModOno(Pannello, Nota.xOnorari, 0);
@@ -412,7 +412,7 @@ void TestGraduazione::seguire()
 void TestGraduazione::seguireTutti()
 {
     Parcella Nota = NotaDaGraduare();
-    PannelloModOno Pannello;
+    Graduazione Pannello;
     ApriModOno(Pannello, Nota.xOnorari, 0);
     ScegliModAll(Pannello, Nota.xOnorari, true);
     SeguiRigaModOno(Pannello, Nota.xOnorari, 1);
@@ -424,7 +424,7 @@ void TestGraduazione::seguireTutti()
 void TestGraduazione::rinfrescare()
 {
     Parcella Nota = NotaDaGraduare();
-    PannelloModOno Pannello;
+    Graduazione Pannello;
     RinfrescaModOno(Pannello, Nota.xOnorari, 0);
     QVERIFY(!Pannello.Aperto);
     ApriModOno(Pannello, Nota.xOnorari, 1);

@@ -7,6 +7,7 @@
 #include "feenote/modParametri.h"
 #include "feenote/modTotali.h"
 #include "feenote/windows/SchedaAcconti.h"
+#include "feenote/windows/SchedaOnorari.h"
 #include "feenote/windows/SchedaSpese.h"
 #include "feenote/windows/finestre.h"
 #include "platform/grid/griglia.h"
@@ -15,7 +16,6 @@
 #include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"
 #include "ui_SchedaDatiBase.h"
-#include "ui_SchedaOnorari.h"
 #include "ui_SchedaStampa.h"
 #include "ui_frmParcelle.h"
 
@@ -79,8 +79,7 @@ bool VoltaPagina(const QKeyEvent& Tasto)
 
 frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     : QWidget(Padre), Posto(Indice), ui(std::make_unique<Ui::frmParcelle>()),
-      uiBase(std::make_unique<Ui::SchedaDatiBase>()), uiOnorari(std::make_unique<Ui::SchedaOnorari>()),
-      uiStampa(std::make_unique<Ui::SchedaStampa>())
+      uiBase(std::make_unique<Ui::SchedaDatiBase>()), uiStampa(std::make_unique<Ui::SchedaStampa>())
 {
     ui->setupUi(this);
     try {
@@ -93,8 +92,6 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     CollegaRicalcolo();
     CollegaCopia();
     CollegaDatiBase();
-    CollegaOnorari();
-    CollegaModOno();
     CollegaStampa();
     CollegaCliCon();
     RimettiDisposizione();
@@ -115,7 +112,8 @@ void frmParcelle::CostruisciSchede()
     auto* Base = new QWidget(ui->tabParcelle);
     uiBase->setupUi(Base);
     AggiungiScorrevole(ui->tabParcelle, Base, u"Dati base"_s);
-    AggiungiScheda(ui->tabParcelle, *uiOnorari, u"Onorari"_s);
+    Onorari = new SchedaOnorari(Nota, Comune, *this, ui->tabParcelle);
+    ui->tabParcelle->addTab(Onorari, u"Onorari"_s);
     Spese = new SchedaSpese(Nota, Comune, *this, ui->tabParcelle);
     ui->tabParcelle->addTab(Spese, u"Spese inserite"_s);
     Acconti = new SchedaAcconti(Nota, *this, ui->tabParcelle);
@@ -238,7 +236,7 @@ void frmParcelle::tabParcelle_Change(int Nuova)
     }
     SchedaInVista = Nuova;
     if (Nuova == SchedaListaOnorari)
-        EntraScheda1();
+        Onorari->Entra();
     else if (Nuova == SchedaListaSpese)
         Spese->Entra();
     MostraTutto();
@@ -282,7 +280,7 @@ void frmParcelle::MostraTutto()
         return;
     InMostra = true;
     MostraDatiBase();
-    MostraOnorari();
+    Onorari->Mostra();
     Spese->Mostra();
     Acconti->Mostra();
     MostraSchedaStampa();
@@ -313,11 +311,7 @@ void frmParcelle::RefreshGrid()
 
     const Somme Sommate = CalcolaSomme(Nota);
     if (Scheda() == SchedaListaOnorari) {
-        uiOnorari->tdbOnor->Pie(OnoDescr, u"Totali "_s);
-        uiOnorari->tdbOnor->Pie(OnoImporto, TestoImporto(Sommate.TotOnorari));
-        uiOnorari->tdbOnor->Pie(OnoMedio, TestoImporto(Sommate.TotMed));
-        uiOnorari->tdbOnor->Pie(OnoMin, TestoImporto(Sommate.TotMin));
-        uiOnorari->tdbOnor->Pie(OnoMax, TestoImporto(Sommate.TotMax));
+        Onorari->MostraTotali(Sommate);
     } else if (Scheda() == SchedaListaSpese) {
         Spese->MostraTotali(Sommate);
     }

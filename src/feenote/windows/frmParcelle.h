@@ -5,7 +5,6 @@
 #pragma once
 
 #include "core/posti.h"
-#include "feenote/modGraduazione.h"
 #include "feenote/parcella.h"
 #include "feenote/windows/comandirighe.h"
 #include "feenote/windows/cornicenota.h"
@@ -25,12 +24,12 @@ class QLineEdit;
 class QTabWidget;
 class QToolBar;
 class SchedaAcconti;
+class SchedaOnorari;
 class SchedaSpese;
 
 namespace Ui {
 class frmParcelle;
 class SchedaDatiBase;
-class SchedaOnorari;
 class SchedaStampa;
 }  // namespace Ui
 
@@ -136,26 +135,6 @@ private:
     void MostraDatiBase();
     [[nodiscard]] QWidget* CasellaDi(CampoNota Campo) const;  ///< null for none
 
-    // ---- frmParcelle_Onorari.cpp: catalogue, lines, their toolbar
-    void CollegaOnorari();
-    void CollegaCatalogoOnorari();
-    void MostraOnorari();
-    void EntraScheda1();
-    [[nodiscard]] QString PaginaNota(int Riga) const;  ///< sheet of a catalogue row; empty: no such row
-    void ShowNota(int Riga);                           ///< opens it
-    void SeguiNota(int Riga);                          ///< puts it in the place of the sheet on view, if any
-    void tdbListaOno_DblClick(int Riga);
-
-    // ---- frmParcelle_ModOno.cpp: the modification panel
-    void CollegaModOno();
-    void CollegaTastiModOno();
-    void MostraModOno();
-    void AbilitaModOno(bool Si);  ///< opens it on the current line, or closes it
-    void tdbFasceOno_Click();
-    void sldGraduaOno_Action(int Azione);
-    void cmdModOno_Click();
-    void cmdAnnModOno_Click();
-
     // ---- frmParcelle_CliCon.cpp: the parties in the address book
     void CollegaCliCon();
     void MostraCliCon();
@@ -192,8 +171,6 @@ private:
     qint64 DurataCopiaMs = 0;
     Recordset DirittiValori;  ///< open while the window lives, as it always was; no rule reads it
     RigheInComune Comune;
-    std::pair<QString, int> CatalogoCercato;  ///< category and authority of the catalogue last searched in
-    PannelloModOno ModOno;
     int SchedaInVista = 0;  ///< the tab before a change
     bool BaseVista = true;  ///< answer of the last CheckOK on leaving the base tab
     bool InMostra = false;  ///< controls are being written by code
@@ -202,13 +179,11 @@ private:
 
     QLabel* txtPage = nullptr;  ///< in barPrint
 
-    ComandiRighe* RigheOno = nullptr;
-    TastiRighe TastiOno;
+    SchedaOnorari* Onorari = nullptr;
     SchedaSpese* Spese = nullptr;
     SchedaAcconti* Acconti = nullptr;
 
     std::unique_ptr<Ui::frmParcelle> ui;
     std::unique_ptr<Ui::SchedaDatiBase> uiBase;
-    std::unique_ptr<Ui::SchedaOnorari> uiOnorari;
     std::unique_ptr<Ui::SchedaStampa> uiStampa;
 };

@@ -2,6 +2,7 @@
 #include "feenote/windows/frmParcelle.h"
 
 #include "feenote/modParametri.h"
+#include "feenote/windows/SchedaOnorari.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
@@ -49,7 +50,7 @@ void frmParcelle::cmdRicalcola_Click()
         return;
     if (Scheda() != SchedaBase || CheckOK(Nota, true)) {
         Nota.RicalcoloNecessario = true;
-        EntraScheda1();
+        Onorari->Entra();
     }
     MostraTutto();
     Ricomponi();

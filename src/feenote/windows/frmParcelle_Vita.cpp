@@ -11,6 +11,7 @@
 #include "feenote/file/modRecupero.h"
 #include "feenote/file/modSalvataggio.h"
 #include "feenote/windows/SchedaAcconti.h"
+#include "feenote/windows/SchedaOnorari.h"
 #include "feenote/windows/SchedaSpese.h"
 #include "feenote/windows/finestre.h"
 #include "platform/grid/griglia.h"
@@ -19,7 +20,6 @@
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "ui_SchedaDatiBase.h"
-#include "ui_SchedaOnorari.h"
 #include "ui_SchedaStampa.h"
 
 #include <QApplication>
@@ -133,13 +133,9 @@ void frmParcelle::RilegaRighe()
 {
     Comune.Voci = {};
     SvuotaAppunti(Comune.Copiate);
-    uiOnorari->txtCercaOno->clear();
-    uiOnorari->tdbListaOno->Lega(Comune.Voci.datOno);
-    uiOnorari->tdbOnor->Lega(&Nota.xOnorari);
-    uiOnorari->tdbOnor->MostraColonna(OnoQta, false);
+    Onorari->NuovaNota();
     Spese->NuovaNota();
     Acconti->NuovaNota();
-    ChiudiModOno(ModOno);
 }
 
 void frmParcelle::Recupera(const CopiaRecupero& Trovata)

@@ -1,4 +1,5 @@
 // The modification panel of tab 1 by mouse and keyboard.
+#include "feenote/modGraduazione.h"
 #include "tavolo.h"
 
 #include <QHeaderView>
