@@ -1,0 +1,110 @@
+#include "platform/system/cartelle.h"
+
+#include "platform/base/errore.h"
+#include "platform/system/percorsi.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QStorageInfo>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+VoceCartella VoceDi(const QFileInfo& Info)
+{
+    VoceCartella Voce;
+    Voce.Nome = Info.fileName();
+    Voce.Cartella = Info.isDir();
+    Voce.Collegamento = Info.isSymLink() || Info.isJunction();
+    Voce.Byte = Voce.Cartella ? 0 : Info.size();
+    Voce.Modificata = Info.lastModified().toMSecsSinceEpoch();
+    Voce.SolaLettura = !Info.permission(QFile::WriteOwner);
+    return Voce;
+}
+
+/// A folder that has no reading bit for anybody is refused to the superuser too.
+void ControllaLeggibile(const QString& Cartella)
+{
+    const QFileInfo Info(Cartella);
+    if (!Info.isDir())
+        throw Errore(76);
+    const bool Concessa = Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
+    if (!Concessa || !Info.isReadable() || !Info.isExecutable())
+        throw Errore(75);
+}
+
+/// Where the system mounts what belongs to itself, not to a user.
+bool DelSistema(const QString& Percorso)
+{
+    static constexpr QStringView Proprie[] = {u"/proc", u"/sys", u"/dev", u"/run", u"/boot",
+                                              u"/snap", u"/etc", u"/usr", u"/var", u"/tmp"};
+    return !Percorso.startsWith(u"/run/media/") && std::ranges::any_of(Proprie, [&](QStringView Propria) {
+        return Percorso == Propria || Percorso.startsWith(Propria.toString() + u'/');
+    });
+}
+
+}  // namespace
+
+bool ScorriCartella(const QString& Cartella, const std::function<bool(VoceCartella&&)>& Prendi)
+{
+    const QString Nativa = Barra(Cartella);
+    ControllaLeggibile(Nativa);
+    QDirIterator Cammino(Nativa, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot);
+    while (Cammino.hasNext()) {
+        Cammino.next();
+        const QFileInfo Info = Cammino.fileInfo();
+        if ((Info.isDir() || Info.isFile()) && !Prendi(VoceDi(Info)))
+            return false;
+    }
+    // A folder that goes meanwhile ends the list like a complete one.
+    if (!EsisteCartella(Nativa))
+        throw Errore(76);
+    return true;
+}
+
+QString CartellaSuperiore(const QString& Cartella)
+{
+    const QString Intera = Barra(Cartella);
+    if (Intera.isEmpty() || QDir(Intera).isRoot())
+        return {};
+    return CartellaFile(Intera.chopped(1));
+}
+
+QList<Volume> VolumiVisibili()
+{
+    QList<Volume> Trovati;
+    const auto Aggiungi = [&](const QString& Percorso, const QString& Nome) {
+        const QString Con = Barra(Percorso);
+        const bool Presente =
+            std::ranges::any_of(Trovati, [&](const Volume& Uno) { return Uno.Percorso == Con; });
+        if (!Presente && EsisteCartella(Con))
+            Trovati.append({Con, Nome});
+    };
+#ifdef Q_OS_WIN
+    for (const QFileInfo& Unita : QDir::drives())
+        Aggiungi(Unita.absoluteFilePath(), PercorsoNativo(Unita.absoluteFilePath()));
+#else
+    Aggiungi(u"/"_s, u"/"_s);
+    Aggiungi(QDir::homePath(), QDir::homePath());
+    for (const QStorageInfo& Uno : QStorageInfo::mountedVolumes())
+        if (Uno.isValid() && !DelSistema(Uno.rootPath()) && QFileInfo(Uno.rootPath()).isDir())
+            Aggiungi(Uno.rootPath(), Uno.rootPath());
+#endif
+    return Trovati;
+}
+
+int VolumeDi(const QList<Volume>& Volumi, const QString& Cartella)
+{
+    const QString Intera = Barra(Cartella);
+    int Migliore = -1;
+    for (int i = 0; i < Volumi.size(); ++i)
+        if (Intera.startsWith(Volumi[i].Percorso) &&
+            (Migliore < 0 || Volumi[i].Percorso.size() > Volumi[Migliore].Percorso.size()))
+            Migliore = i;
+    return Migliore;
+}

@@ -1,0 +1,42 @@
+// Folders as lists of them want them: what stands in one, what stands above it, where a disk begins.
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include <functional>
+
+/// An entry of a folder.
+struct VoceCartella
+{
+    QString Nome;
+    bool Cartella = false;      ///< a folder, or a link to one
+    bool Collegamento = false;  ///< a link
+    qint64 Byte = 0;            ///< of a file
+    qint64 Modificata = 0;      ///< last change in milliseconds from 1970, UTC
+    bool SolaLettura = false;   ///< see SolaLettura of percorsi.h
+};
+
+/// Goes through one folder in no order. Left out are hidden entries, "." and "..", and whatever is neither a
+/// file nor a folder: links that lead nowhere, pipes. It speaks to nobody and may run in a thread of its own.
+/// @param Prendi false ends it
+/// @return false when it was ended so
+/// @throws Errore 76 no such folder, 75 it cannot be read
+bool ScorriCartella(const QString& Cartella, const std::function<bool(VoceCartella&&)>& Prendi);
+
+/// The folder above, with the separator at its end; empty above the topmost one.
+[[nodiscard]] QString CartellaSuperiore(const QString& Cartella);
+
+/// A place where a tree of folders begins.
+struct Volume
+{
+    QString Percorso;  ///< with the separator at its end
+    QString Nome;      ///< as it is shown
+
+    friend bool operator==(const Volume&, const Volume&) = default;
+};
+
+/// The user's home and the mounted volumes that he may see, the root first; on Windows the drives.
+[[nodiscard]] QList<Volume> VolumiVisibili();
+/// The one of them in which a folder stands: the longest that it begins with; -1 none.
+[[nodiscard]] int VolumeDi(const QList<Volume>& Volumi, const QString& Cartella);

@@ -1,0 +1,123 @@
+#include "platform/system/cartelle.h"
+
+#include "platform/system/percorsi.h"
+#include "supporto/guasti.h"
+#include "supporto/prova.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+/// What stands in a folder, above it, and where the trees begin.
+class TestCartelle : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void leVociDiUnaCartella();
+    void siFermaQuandoSiVuole();
+    void cartelleCheNonSiLeggono();
+    void cartellaCheSparisce();
+    void laCartellaSuperiore_data();
+    void laCartellaSuperiore();
+    void iVolumi();
+};
+PROVA(TestCartelle);
+
+void TestCartelle::leVociDiUnaCartella()
+{
+    const QString Qui = NuovaCartella();
+    ScriviFile(Qui + u"nota.mdb"_s, "12345");
+    ScriviFile(Qui + u".nascosta"_s, "x");
+    ImpostaSolaLettura(Qui + u"nota.mdb"_s, true);
+    QVERIFY(QDir().mkpath(Qui + u"dentro"_s));
+    QVERIFY(QFile::link(Qui, Qui + u"giro"_s));
+    QVERIFY(QFile::link(Qui + u"manca"_s, Qui + u"appeso"_s));
+    QCOMPARE(::mkfifo(QFile::encodeName(Qui + u"tubo"_s).constData(), 0600), 0);
+
+    QStringList Viste;
+    QVERIFY(ScorriCartella(Qui, [&](VoceCartella&& Voce) {
+        Viste += u"%1 %2%3%4 %5"_s
+                     .arg(Voce.Nome, Voce.Cartella ? u"d"_s : u"f"_s, Voce.Collegamento ? u"l"_s : QString(),
+                          Voce.SolaLettura ? u"r"_s : QString())
+                     .arg(Voce.Byte);
+        return true;
+    }));
+    Viste.sort();
+    QCOMPARE(Viste, (QStringList{u"dentro d 0"_s, u"giro dl 0"_s, u"nota.mdb fr 5"_s}));
+}
+
+void TestCartelle::siFermaQuandoSiVuole()
+{
+    const QString Qui = NuovaCartella();
+    for (int i = 0; i < 5; ++i)
+        ScriviFile(Qui + QString::number(i), "x");
+    int Viste = 0;
+    QVERIFY(!ScorriCartella(Qui, [&](VoceCartella&&) { return ++Viste < 2; }));
+    QCOMPARE(Viste, 2);
+}
+
+void TestCartelle::cartelleCheNonSiLeggono()
+{
+    const QString Qui = NuovaCartella();
+    const auto Prova = [](const QString& Cartella) {
+        return NumeroErrore([&] { (void)ScorriCartella(Cartella, [](VoceCartella&&) { return true; }); });
+    };
+    QCOMPARE(Prova(Qui + u"manca"_s), 76);
+    QCOMPARE(Prova({}), 76);
+    ScriviFile(Qui + u"file"_s, "x");
+    QCOMPARE(Prova(Qui + u"file"_s), 76);
+    QVERIFY(QDir().mkpath(Qui + u"chiusa"_s));
+    QVERIFY(QFile::setPermissions(Qui + u"chiusa"_s, {}));
+    QCOMPARE(Prova(Qui + u"chiusa"_s), 75);
+    QVERIFY(QFile::setPermissions(Qui + u"chiusa"_s, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+}
+
+void TestCartelle::cartellaCheSparisce()
+{
+    const QString Qui = NuovaCartella() + u"via/"_s;
+    QVERIFY(QDir().mkpath(Qui));
+    ScriviFile(Qui + u"a"_s, "x");
+    QCOMPARE(NumeroErrore([&] {
+                 (void)ScorriCartella(Qui, [&](VoceCartella&&) { return QDir(Qui).removeRecursively(); });
+             }),
+             76);
+}
+
+void TestCartelle::laCartellaSuperiore_data()
+{
+    QTest::addColumn<QString>("Cartella");
+    QTest::addColumn<QString>("Sopra");
+    QTest::newRow("below another") << u"/a/b/"_s << u"/a/"_s;
+    QTest::newRow("without the separator") << u"/a/b"_s << u"/a/"_s;
+    QTest::newRow("the other separator") << u"/a\\b\\"_s << u"/a/"_s;
+    QTest::newRow("below the root") << u"/a/"_s << u"/"_s;
+    QTest::newRow("the root") << u"/"_s << QString();
+    QTest::newRow("none") << QString() << QString();
+}
+
+void TestCartelle::laCartellaSuperiore()
+{
+    QFETCH(QString, Cartella);
+    QTEST(CartellaSuperiore(Cartella), "Sopra");
+}
+
+void TestCartelle::iVolumi()
+{
+    const QList<Volume> Volumi = VolumiVisibili();
+    QVERIFY(!Volumi.isEmpty());
+    QCOMPARE(Volumi.first().Percorso, u"/"_s);
+    QVERIFY(Volumi.contains(Volume{Barra(QDir::homePath()), QDir::homePath()}));
+    for (const Volume& Uno : Volumi)
+        QVERIFY2(EsisteCartella(Uno.Percorso) && !Uno.Percorso.startsWith(u"/proc"),
+                 qPrintable(Uno.Percorso));
+    const QList<Volume> Due{{u"/"_s, u"/"_s}, {u"/media/a/"_s, u"a"_s}};
+    QCOMPARE(VolumeDi(Due, u"/media/a/x"_s), 1);
+    QCOMPARE(VolumeDi(Due, u"/media/ab"_s), 0);
+    QCOMPARE(VolumeDi({}, u"/x"_s), -1);
+}
+
+#include "TestCartelle.moc"
