@@ -4,6 +4,7 @@
 #include "platform/database/valori.h"
 
 #include <QDate>
+#include <QUrl>
 
 #include <sqlite3.h>
 
@@ -96,6 +97,31 @@ Errore ErroreMotore(int Esito, const char* Testo)
     }
 }
 
+bool DiUnoSguardo(Connessione::Modo Apertura)
+{
+    return Apertura == Connessione::Modo::Elenco || Apertura == Connessione::Modo::Immutabile;
+}
+
+int BandiereDi(Connessione::Modo Apertura)
+{
+    constexpr int Comuni = SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX;
+    constexpr int Nuova = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+    switch (Apertura) {
+    case Connessione::Modo::SolaLettura:
+    case Connessione::Modo::Elenco:
+        return Comuni | SQLITE_OPEN_READONLY;
+    case Connessione::Modo::Immutabile:
+        return Comuni | SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
+    case Connessione::Modo::Scrittura:
+        return Comuni | SQLITE_OPEN_READWRITE;
+    case Connessione::Modo::Nuovo:
+        return Comuni | Nuova;
+    case Connessione::Modo::Memoria:
+        return Comuni | Nuova | SQLITE_OPEN_MEMORY;
+    }
+    return Comuni;
+}
+
 bool SoloSpazi(QByteArrayView Resto)
 {
     return std::ranges::all_of(
@@ -112,20 +138,18 @@ void Connessione::Chiudi::operator()(sqlite3* Base) const noexcept
 }
 
 Connessione::Connessione(const QString& Percorso, Modo Apertura)
-    : File(Percorso), PuoScrivere(Apertura != Modo::SolaLettura)
+    : File(Percorso), PuoScrivere(Apertura != Modo::SolaLettura && !DiUnoSguardo(Apertura))
 {
-    constexpr int Comuni = SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX;
-    const int Bandiere = Apertura == Modo::SolaLettura ? SQLITE_OPEN_READONLY
-                         : Apertura == Modo::Scrittura ? SQLITE_OPEN_READWRITE
-                         : Apertura == Modo::Nuovo
-                             ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE
-                             : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_MEMORY;
     sqlite3* Grezza = nullptr;
-    const int Esito = sqlite3_open_v2(Percorso.toUtf8().constData(), &Grezza, Bandiere | Comuni, nullptr);
+    const QByteArray Nome = Apertura == Modo::Immutabile
+                                ? "file:" + QUrl::toPercentEncoding(Percorso, "/") + "?immutable=1"
+                                : Percorso.toUtf8();
+    const int Esito = sqlite3_open_v2(Nome.constData(), &Grezza, BandiereDi(Apertura), nullptr);
     Db.reset(Grezza);  // owned before the check: a failed open leaves a handle to close
     Verifica(Esito);
     Proteggi();
-    RegistraFunzioni(*this);
+    if (!DiUnoSguardo(Apertura))
+        RegistraFunzioni(*this);
 }
 
 // A file comes from outside: what its schema holds is neither run nor trusted, and no cell of it may ask

@@ -15,7 +15,14 @@ struct sqlite3_stmt;
 class Connessione
 {
 public:
-    enum class Modo { SolaLettura, Scrittura, Nuovo, Memoria };
+    enum class Modo {
+        SolaLettura,
+        Scrittura,
+        Nuovo,
+        Memoria,
+        Elenco,      ///< for one look: read-only, without the functions of the program's queries
+        Immutabile,  ///< the same for a file that nobody changes meanwhile: no lock, no file beside it
+    };
 
     /// Opens and protects the connection; the file itself is not looked at yet.
     /// @throws Errore 75 when the system refuses it, 7 out of memory

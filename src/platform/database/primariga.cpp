@@ -1,0 +1,109 @@
+#include "platform/database/primariga.h"
+
+#include "platform/base/errore.h"
+#include "platform/database/connessione.h"
+#include "platform/database/criterio.h"
+#include "platform/system/percorsi.h"
+
+#include <QFileInfo>
+#include <QtEndian>
+
+#include <sqlite3.h>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Steps of the engine after which a file asks for more than a note ever does, in thousands.
+constexpr int MassimoMigliaiaDiPassi = 500;
+
+/// What the first bytes of a file say of it.
+struct TestataFile
+{
+    bool Nota = false;      ///< a database, as long as it says
+    bool AltroLog = false;  ///< another tool keeps it with a write-ahead log
+};
+
+/// The first bytes are read through the engine's own handle: to open and close the file beside it would drop
+/// the locks that this process holds on it.
+TestataFile LeggiTestata(const Connessione& Conn, bool ConGiornale)
+{
+    constexpr int Lunghezza = 100;
+    sqlite3_file* File = nullptr;
+    if (sqlite3_file_control(Conn.Motore(), "main", SQLITE_FCNTL_FILE_POINTER, &File) != SQLITE_OK || !File ||
+        !File->pMethods)
+        throw Errore(75);
+    std::array<char, Lunghezza> Byte{};
+    sqlite3_int64 Lungo = 0;
+    const int Esito = File->pMethods->xRead(File, Byte.data(), Lunghezza, 0);
+    if (Esito == SQLITE_IOERR_SHORT_READ)
+        return {};
+    Conn.Verifica(Esito);
+    Conn.Verifica(File->pMethods->xFileSize(File, &Lungo));
+    if (!QByteArrayView(Byte).startsWith(QByteArrayView("SQLite format 3\0", 16)))
+        return {};
+    const auto Numero = [&](size_t Posto) { return qFromBigEndian<quint32>(Byte.data() + Posto); };
+    const quint16 Scritta = qFromBigEndian<quint16>(Byte.data() + 16);
+    const qint64 Pagina = Scritta == 1 ? 65536 : Scritta;
+    const bool ContoValido = Numero(24) == Numero(92);
+    const bool Intera = !ContoValido || ConGiornale || Lungo >= Pagina * qint64(Numero(28));
+    return {Intera, Byte[18] == 2 || Byte[19] == 2};
+}
+
+std::optional<QStringList> Leggi(const Connessione& Conn, const QString& Sql, qsizetype Colonne)
+{
+    int Migliaia = 0;
+    sqlite3_progress_handler(
+        Conn.Motore(), 1000,
+        [](void* Contate) { return int(++*static_cast<int*>(Contate) > MassimoMigliaiaDiPassi); }, &Migliaia);
+    Istruzione Riga(Conn, Sql);
+    if (!Riga.Avanza())
+        return std::nullopt;
+    QStringList Celle;
+    for (int i = 0; i < Colonne; ++i)
+        Celle += Riga.Testo(i);
+    return Celle;
+}
+
+/// A file that somebody keeps to himself is in use, whatever way he does it.
+int NumeroInUso(int Numero)
+{
+    constexpr int BloccatoDaAltri = 3260;
+    return Numero == 3027 ? BloccatoDaAltri : Numero;  // only a writer may mend what was interrupted
+}
+
+}  // namespace
+
+std::optional<QStringList> LeggiPrimaRiga(const QString& Percorso, const QString& Tabella,
+                                          const QStringList& Colonne, int MassimoCaratteri)
+{
+    const QString File = PercorsoNativo(Percorso);
+    const QFileInfo Info(File);
+    if (!Info.exists())
+        throw Errore(53);
+    if (!Info.isFile() || !(Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther)))
+        throw Errore(75);
+    QStringList Tagliate;
+    for (const QString& Colonna : Colonne)
+        Tagliate += u"substr(%1,1,%2)"_s.arg(Identificatore(Colonna)).arg(MassimoCaratteri);
+    const QString Sql = u"SELECT %1 FROM %2 LIMIT 1"_s.arg(Tagliate.join(u','), Identificatore(Tabella));
+    try {
+        const Connessione Conn(File, Connessione::Modo::Elenco);
+        const TestataFile Testata = LeggiTestata(Conn, QFileInfo(File + u"-journal"_s).size() > 0);
+        if (!Testata.Nota)
+            throw Errore(3343);
+        if (!Testata.AltroLog)
+            return Leggi(Conn, Sql, Colonne.size());
+    } catch (const Errore& Guasto) {
+        if (NumeroInUso(Guasto.Numero) != Guasto.Numero)
+            throw Errore(NumeroInUso(Guasto.Numero));
+        throw;
+    }
+    // With such a log even a reader would put files beside the note; what the log holds is not in it yet.
+    if (QFileInfo(File + u"-wal"_s).size() > 0)
+        throw Errore(3260);
+    const Connessione Ferma(File, Connessione::Modo::Immutabile);
+    return Leggi(Ferma, Sql, Colonne.size());
+}
