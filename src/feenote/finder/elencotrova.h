@@ -1,0 +1,83 @@
+// The rows of the finder in their order, and those of them that a typed text leaves.
+#pragma once
+
+#include "feenote/finder/modTrova.h"
+#include "platform/base/tabellarighe.h"
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+/// Columns of the finder, from the left.
+enum ColonnaTrova {
+    TrovaNome = 0,
+    TrovaData = 1,
+    TrovaCliente = 2,
+    TrovaControparte = 3,
+    TrovaDimensione = 4,
+    TrovaCartella = 5,
+    TrovaColonne = 6,
+};
+
+/// The text of a cell.
+[[nodiscard]] QString CellaTrova(const VoceTrova& Voce, int Colonna);
+
+/// Rows are kept in the order in which they came until Ordina is called; the way up stays first.
+class ElencoTrova
+{
+public:
+    /// Empties it. The order stays.
+    /// @param InFondo folders stand behind the notes
+    void Azzera(bool InFondo);
+    /// Appends a row, behind all others until Ordina; it is shown if the filter lets it.
+    void Aggiungi(VoceTrova&& Voce);
+    /// Sorts by a column: dates and sizes by their values, texts in the Italian order, equal rows by name.
+    /// Folders keep the order of their names.
+    void Ordina(int Colonna, bool Crescente);
+    /// By the column chosen last; names at the start.
+    void Ordina() { Ordina(PerColonna, InSu); }
+    [[nodiscard]] int Colonna() const { return PerColonna; }
+    [[nodiscard]] bool Crescente() const { return InSu; }
+    /// Leaves the notes in whose name, client or counterparty every word of the text stands, whatever case
+    /// and accents; an empty text leaves all. The way up and the folders stay.
+    void Filtra(const QString& Testo);
+    [[nodiscard]] const QString& Filtro() const { return TestoFiltro; }
+
+    [[nodiscard]] int Righe() const { return int(Mostrate.size()); }
+    [[nodiscard]] int Note() const;  ///< notes shown
+    [[nodiscard]] int TutteLeNote() const { return ContaNote; }
+    /// A shown row. @throws Errore 9 outside them
+    [[nodiscard]] const VoceTrova& Voce(int Riga) const;
+    /// The shown row of a file or folder.
+    [[nodiscard]] std::optional<int> RigaDi(const QString& Percorso) const;
+    /// The next shown row, from one on and round the end, whose name begins with these letters, whatever case
+    /// and accents.
+    [[nodiscard]] std::optional<int> CercaIniziali(const QString& Lettere, int Da) const;
+    /// A note has gone.
+    void Togli(const QString& Percorso);
+    /// A note bears another name. The rows stay where they are.
+    void Rinomina(const QString& Percorso, const QString& Nuovo);
+
+    /// As many rows as are shown, for a grid; their cells are CellaTrova's.
+    [[nodiscard]] TabellaRighe* Tabella() { return &Griglia; }
+
+private:
+    struct Elemento
+    {
+        VoceTrova Voce;
+        QString Cercabile;  ///< what the filter looks at, without case and accents
+    };
+    [[nodiscard]] bool Passa(const Elemento& Una) const;
+    void Rimostra();
+
+    std::vector<Elemento> Tutte;
+    std::vector<int> Mostrate;  ///< places in Tutte
+    TabellaRighe Griglia{TrovaColonne};
+    QString TestoFiltro;
+    QStringList Parole;
+    int PerColonna = TrovaNome;
+    bool InSu = true;
+    bool CartelleInFondo = false;
+    int ContaNote = 0;
+};

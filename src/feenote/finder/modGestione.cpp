@@ -1,0 +1,150 @@
+#include "feenote/finder/modGestione.h"
+
+#include "core/modErrori.h"
+#include "core/modTesti.h"
+#include "feenote/file/modSalvataggio.h"
+#include "feenote/finder/modTrova.h"
+#include "platform/base/errore.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QStringView Estensione = u".mdb";
+
+/// Bytes of a file's name that every disk takes, the names of the files beside it included.
+constexpr qsizetype MassimoNome = 240;
+
+bool Consenso(const QString& Domanda)
+{
+    return MsgBox(Domanda, vbYesNo + vbQuestion, TitoloDomanda.toString()) == vbYes;
+}
+
+void Informa(const QString& Testo)
+{
+    MsgBox(Testo, vbInformation, TitoloMessaggio.toString());
+}
+
+/// The two questions before anything is done to a note.
+bool Concesso(const QString& File)
+{
+    if (!EsisteFile(File))
+        throw Errore(53);
+    if (SolaLettura(File) && !Consenso(u"La parcella è un modello: procedo con l'operazione?"_s))
+        return false;
+    return ControllaPsw(File);
+}
+
+/// A template may go only without its attribute, which is there again on every way out on which it stays.
+class SenzaAttributo
+{
+public:
+    explicit SenzaAttributo(const QString& File) : Percorso(File), Era(SolaLettura(File))
+    {
+        if (Era)
+            ImpostaSolaLettura(Percorso, false);
+    }
+    ~SenzaAttributo()
+    {
+        if (Era && EsisteFile(Percorso))
+            Protetta([this] { ImpostaSolaLettura(Percorso, true); });
+    }
+    SenzaAttributo(const SenzaAttributo&) = delete;
+    SenzaAttributo& operator=(const SenzaAttributo&) = delete;
+
+private:
+    QString Percorso;
+    bool Era;
+};
+
+void TogliFile(const QString& File)
+{
+    if (!CartellaScrivibile(CartellaFile(File)))
+        throw Errore(75);
+    const SenzaAttributo Attributo(File);
+    if (!QFile::remove(File))
+        throw Errore(EsisteFile(File) ? 75 : 53);
+}
+
+/// What was typed without the ending; separators in it stay, to be refused.
+QString SenzaEstensione(const QString& Nome)
+{
+    return Nome.endsWith(Estensione, Qt::CaseInsensitive) ? Nome.chopped(Estensione.size()) : Nome;
+}
+
+/// A name that a note may have, and that leads into no other folder.
+bool NomeBuono(const QString& Nome)
+{
+    return NomeDiNotaValido(Nome) && NomeValido(Nome) && !Nome.contains(QChar(0));
+}
+
+/// On disks that know no case the same file answers to the new name too.
+bool AltroFile(const QString& File, const QString& Nuovo)
+{
+    if (!QFileInfo::exists(Nuovo) && !QFileInfo(Nuovo).isSymLink())
+        return false;
+    const bool SoloMaiuscole = File.compare(Nuovo, Qt::CaseInsensitive) == 0;
+    return !SoloMaiuscole || QFileInfo(File).canonicalFilePath() != QFileInfo(Nuovo).canonicalFilePath();
+}
+
+/// The path that a typed name means; empty when it was refused, as the user has been told.
+QString PercorsoNuovo(const QString& File, const QString& Digitato)
+{
+    const QString Nome = SenzaEstensione(Digitato);
+    if (!NomeBuono(Nome)) {
+        MsgErrore(NomeNonValido.toString());
+        return {};
+    }
+    const QString Intero = Nome + Estensione.toString();
+    if (QFile::encodeName(Intero).size() > MassimoNome)
+        throw Errore(52);
+    const QString Nuovo = CartellaFile(File) + Intero;
+    if (AltroFile(File, Nuovo)) {
+        MsgErrore(u"La parcella "_s + Intero + u" non può essere sovrascritta!"_s);
+        return {};
+    }
+    return Nuovo;
+}
+
+}  // namespace
+
+bool CancellaNota(const QString& Percorso, const std::function<void()>& Tolta)
+{
+    const QString File = PercorsoNativo(Percorso);
+    if (!Concesso(File) ||
+        !Consenso(u"Confermi la cancellazione della parcella: '"_s + NomeMostrato(File) + u"'?"_s))
+        return false;
+    TogliFile(File);
+    Tolta();
+    Informa(u"La parcella è stata eliminata!"_s);
+    return true;
+}
+
+bool RinominaNota(const QString& Percorso, const std::function<void(const QString& Nuovo)>& Rinominata)
+{
+    const QString File = PercorsoNativo(Percorso);
+    if (!Concesso(File))
+        return false;
+    const QString Presente = NomeMostrato(File);
+    const QString Digitato =
+        InputBox(u"Immettere il nuovo nome da assegnare alla parcella:"_s, u"Rinomina parcella"_s, Presente)
+            .trimmed();
+    if (Digitato.isEmpty() || SenzaEstensione(Digitato) == Presente)
+        return false;
+    const QString Nuovo = PercorsoNuovo(File, Digitato);
+    if (Nuovo.isEmpty())
+        return false;
+    if (!EsisteFile(File))
+        throw Errore(53);  // gone while the name was typed
+    // A template keeps its attribute by itself: it belongs to the file, not to its name.
+    if (!CartellaScrivibile(CartellaFile(File)) || !QFile::rename(File, Nuovo))
+        throw Errore(75);
+    Rinominata(Nuovo);
+    Informa(u"La parcella è stata rinominata!"_s);
+    return true;
+}

@@ -1,0 +1,214 @@
+#include "feenote/finder/modTrova.h"
+
+#include "core/sessione.h"
+#include "feenote/file/colonne.h"
+#include "feenote/finder/memoriatrova.h"
+#include "feenote/finder/ordineitaliano.h"
+#include "platform/base/regionale.h"
+#include "platform/database/primariga.h"
+#include "platform/system/cartelle.h"
+#include "platform/system/percorsi.h"
+
+#include <QDateTime>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QStringView Estensione = u".mdb";
+
+/// Characters of a name that a list shows.
+constexpr int MassimoNome = 255;
+
+enum ColonnaLetta { LettaIDCli, LettaIDCon, LettaCliente, LettaControp, LettaOggetto };
+const QStringList ColonneLette{u"IDCli"_s, u"IDCon"_s, u"Cliente"_s, u"Controp"_s, u"Oggetto"_s};
+
+/// One line: names are shown in cells.
+QString SuUnaRiga(const QString& Testo)
+{
+    return Testo.simplified();
+}
+
+std::optional<DatiNota> LeggiDati(const QString& File)
+{
+    const auto Celle = LeggiPrimaRiga(File, TabellaParam.toString(), ColonneLette, MassimoNome);
+    if (!Celle)
+        return std::nullopt;
+    DatiNota Dati;
+    Dati.IDCli = Celle->at(LettaIDCli).toInt();
+    Dati.IDCon = Celle->at(LettaIDCon).toInt();
+    Dati.Cliente = SuUnaRiga(Celle->at(LettaCliente));
+    Dati.Controp = SuUnaRiga(Celle->at(LettaControp));
+    Dati.Oggetto = SuUnaRiga(Celle->at(LettaOggetto));
+    return Dati;
+}
+
+/// Another program is writing the note: it is one none the less.
+constexpr int InUso = 3260;
+
+/// What makes a file none of ours for as long as it stays as it is: no database, no such table or column.
+bool NonENota(const Errore& Guasto)
+{
+    static constexpr std::array Numeri{3343, 3078, 3061};
+    return std::ranges::find(Numeri, Guasto.Numero) != Numeri.end();
+}
+
+bool ENomeDiNota(const QString& Nome, QStringView Modello)
+{
+    return Nome.endsWith(Modello.mid(1), Qt::CaseInsensitive);  // the pattern is "*" and an ending
+}
+
+}  // namespace
+
+QString CartellaDelRecupero()
+{
+    return Barra(Barra(sessione::UserFolder) + u"recupero"_s);
+}
+
+QString KByte(qint64 Byte)
+{
+    constexpr qint64 Mille = 1024;
+    return Format(double((Byte + Mille - 1) / Mille), u"#,###,###,##0");
+}
+
+QString FraseEsito(const ContoTrova& Conto)
+{
+    const QString Frase =
+        Conto.Archivi == 0
+            ? FraseNessuna.toString()
+            : u"Trovati %1 archivi in %2 cartelle per un totale di %3 KBytes"_s.arg(Conto.Archivi)
+                  .arg(Conto.Cartelle)
+                  .arg(KByte(Conto.Byte));
+    return Conto.Interrotta ? Frase + u" (ricerca interrotta)"_s : Frase;
+}
+
+QString NomeMostrato(const QString& File)
+{
+    const QString Nome = NomeFile(File);
+    return Nome.endsWith(Estensione, Qt::CaseInsensitive) ? Nome.chopped(Estensione.size()) : Nome;
+}
+
+CamminoTrova::CamminoTrova(CriterioTrova Chiesto, std::function<void(VoceTrova&&)> Prendi,
+                           std::function<bool()> Continua, std::shared_ptr<MemoriaTrova> Ricordi)
+    : Criterio(std::move(Chiesto)), Riga(std::move(Prendi)), Avanti(std::move(Continua)),
+      Memoria(std::move(Ricordi))
+{
+    Criterio.Testo = Criterio.Testo.toLower();
+}
+
+ContoTrova CamminoTrova::TrovaParc(const QString& Cartella)
+{
+    const QString Prima = Barra(Cartella);
+    if (Prima != Barra(Criterio.Radice) && !CartellaSuperiore(Prima).isEmpty()) {
+        VoceTrova Torna;
+        Torna.Genere = GenereVoce::Torna;
+        Torna.Nome = VoceTorna.toString();
+        Torna.Percorso = CartellaSuperiore(Prima);
+        Riga(std::move(Torna));
+    }
+    DaPercorrere = {Prima};
+    while (!DaPercorrere.isEmpty() && !Conto.Interrotta) {
+        const QString Dove = DaPercorrere.takeFirst();
+        try {
+            FindFiles(Dove, ModelloNote.toString());
+        } catch (const Errore&) {
+            if (Dove == Prima)
+                throw;  // one below that cannot be read, or has gone, keeps nobody from the others
+        }
+    }
+    if (!Conto.Interrotta && !EsisteCartella(Prima))
+        throw Errore(76);
+    return Conto;
+}
+
+void CamminoTrova::FindFiles(const QString& Cartella, const QString& Modello)
+{
+    // The names come first, so that rows appear in their order.
+    QList<VoceCartella> Cartelle;
+    QList<VoceCartella> File;
+    const bool Intera = ScorriCartella(Cartella, [&](VoceCartella&& Trovata) {
+        if (Trovata.Cartella)
+            Cartelle.append(std::move(Trovata));
+        else if (ENomeDiNota(Trovata.Nome, Modello) && Cercato(Trovata.Nome))
+            File.append(std::move(Trovata));
+        return Avanti();
+    });
+    ++Conto.Cartelle;
+    const auto PerNome = [](const VoceCartella& Una) -> const QString& { return Una.Nome; };
+    OrdinaItaliano(Cartelle, PerNome);
+    OrdinaItaliano(File, PerNome);
+
+    for (const VoceCartella& Una : Cartelle)
+        AddDir(Cartella, Una);
+    for (const VoceCartella& Uno : File) {
+        if (Conto.Interrotta || !Avanti()) {
+            Conto.Interrotta = true;
+            return;
+        }
+        AddFile(Cartella, Uno);
+    }
+    Conto.Interrotta = Conto.Interrotta || !Intera;
+}
+
+bool CamminoTrova::Cercato(const QString& NomeFile) const
+{
+    return Criterio.Testo.isEmpty() || NomeFile.toLower().contains(Criterio.Testo);
+}
+
+void CamminoTrova::AddDir(const QString& Cartella, const VoceCartella& Trovata)
+{
+    VoceTrova Voce;
+    Voce.Genere = GenereVoce::Cartella;
+    Voce.Nome = u'[' + Trovata.Nome + u']';
+    Voce.Percorso = Barra(Cartella + Trovata.Nome);
+    Voce.Cartella = Cartella;
+    Voce.Modificata = Trovata.Modificata;
+    if (Voce.Percorso == Criterio.DaSaltare)
+        return;
+    if (Criterio.Sottocartelle && !Trovata.Collegamento)
+        DaPercorrere.append(Voce.Percorso);
+    Riga(std::move(Voce));
+}
+
+void CamminoTrova::AddFile(const QString& Cartella, const VoceCartella& Trovata)
+{
+    VoceTrova Voce;
+    Voce.Nome = NomeMostrato(Trovata.Nome);
+    Voce.Percorso = Cartella + Trovata.Nome;
+    Voce.Cartella = Cartella;
+    Voce.Modificata = Trovata.Modificata;
+    Voce.Byte = Trovata.Byte;
+    Voce.Modello = Trovata.SolaLettura;
+    if (!CheckCondiz(Voce))
+        return;
+    ++Conto.Archivi;
+    Conto.Byte += Voce.Byte;
+    Voce.Cliente = Voce.Dati.Cliente;
+    Voce.Controparte = Voce.Dati.Controp;
+    Riga(std::move(Voce));
+}
+
+bool CamminoTrova::CheckCondiz(VoceTrova& Voce) const
+{
+    const ImprontaFile Impronta{Voce.Byte, Voce.Modificata};
+    auto Letto = Memoria->Cerca(Voce.Percorso, Impronta);
+    if (!Letto) {
+        Letto = MemoriaTrova::Ricordo{Impronta, {}};
+        try {
+            Letto->Dati = LeggiDati(Voce.Percorso);
+        } catch (const Errore& Guasto) {
+            Voce.Illeggibile = Guasto.Numero == InUso;
+            if (!NonENota(Guasto))
+                return Voce.Illeggibile;  // the next walk looks again
+        }
+        Memoria->Ricorda(Voce.Percorso, *Letto, QDateTime::currentMSecsSinceEpoch());
+    }
+    if (!Letto->Dati)
+        return false;
+    Voce.Dati = *Letto->Dati;
+    return true;
+}

@@ -1,0 +1,71 @@
+#include "feenote/finder/nominativi.h"
+
+#include "core/sessione.h"
+#include "platform/base/errore.h"
+#include "platform/base/regionale.h"
+#include "platform/database/database.h"
+#include "platform/system/percorsi.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+/// An archive that somebody has written to since the last list may give other names to the same keys.
+void Nominativi::SeguiArchivio()
+{
+    if (Guardato)
+        return;
+    Guardato = true;
+    const QFileInfo Info(PercorsoNativo(sessione::ArchivioCliCon));
+    const qint64 Ora = Info.lastModified().toMSecsSinceEpoch();
+    Assente = sessione::ArchivioCliCon.isEmpty() || !Info.isFile();
+    if (Archivio == Info.filePath() && Byte == Info.size() && Modificata == Ora)
+        return;
+    Archivio = Info.filePath();
+    Byte = Info.size();
+    Modificata = Ora;
+    for (Tabella& Una : Tabelle)
+        Una.Trovati.clear();
+}
+
+QString Nominativi::Nome(Tabella& Da, int Chiave)
+{
+    if (Chiave <= 0 || Assente)
+        return {};
+    if (const auto Trovato = Da.Trovati.constFind(Chiave); Trovato != Da.Trovati.constEnd())
+        return *Trovato;
+    try {
+        if (!Da.Aperta) {
+            Da.Righe = OpenDatabase(Archivio, true).OpenRecordset(Da.Nome);
+            Da.Aperta = true;
+        }
+        Da.Righe.FindFirst(u"ID=%1"_s.arg(Chiave));
+        const QString Letto =
+            Da.Righe.NoMatch() ? QString() : CStr(Da.Righe.Value(u"Nominativo"_s)).simplified();
+        return *Da.Trovati.insert(Chiave, Letto);
+    } catch (const Errore&) {
+        Assente = true;  // asked no more: an archive that somebody keeps locked is waited for at each key
+        return {};
+    }
+}
+
+void Nominativi::Completa(VoceTrova& Voce)
+{
+    if (Voce.Genere != GenereVoce::Nota)
+        return;
+    SeguiArchivio();
+    const QString Cliente = Nome(Tabelle[0], Voce.Dati.IDCli);
+    const QString Controparte = Nome(Tabelle[1], Voce.Dati.IDCon);
+    Voce.Cliente = Cliente.isEmpty() ? Voce.Dati.Cliente : Cliente;
+    Voce.Controparte = Controparte.isEmpty() ? Voce.Dati.Controp : Controparte;
+}
+
+void Nominativi::Chiudi()
+{
+    Guardato = false;
+    for (Tabella& Una : Tabelle) {
+        Una.Righe = {};
+        Una.Aperta = false;
+    }
+}

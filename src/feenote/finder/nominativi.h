@@ -1,0 +1,41 @@
+// The names of clients and counterparties for a list of notes.
+#pragma once
+
+#include "feenote/finder/modTrova.h"
+#include "platform/database/recordset.h"
+
+#include <QHash>
+#include <QString>
+
+#include <array>
+
+/// Two recordsets on the session's archive, positioned by the key. They are open from the first key of a list
+/// to Chiudi; what was found is kept until the archive changes. It belongs to one thread.
+class Nominativi
+{
+public:
+    /// Writes the two names of a note's row: those of the archive or, where the key leads nowhere, the name
+    /// is empty, or there is no archive, as the file spells them. Nothing of it is told.
+    void Completa(VoceTrova& Voce);
+    /// A list is complete: nothing is open any more.
+    void Chiudi();
+
+private:
+    struct Tabella
+    {
+        QString Nome;
+        Recordset Righe;
+        bool Aperta = false;
+        QHash<int, QString> Trovati;
+    };
+    [[nodiscard]] QString Nome(Tabella& Da, int Chiave);
+    void SeguiArchivio();
+
+    std::array<Tabella, 2> Tabelle{Tabella{QStringLiteral("Clienti"), {}, false, {}},
+                                   Tabella{QStringLiteral("Controparti"), {}, false, {}}};
+    QString Archivio;
+    qint64 Byte = -1;
+    qint64 Modificata = 0;
+    bool Guardato = false;  ///< the archive was looked at for this list
+    bool Assente = false;   ///< it is not there, or cannot be read: this list does without
+};

@@ -1,0 +1,113 @@
+#include "feenote/finder/ricerca.h"
+
+#include "feenote/finder/memoriatrova.h"
+
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <utility>
+
+namespace {
+
+/// How long the end of a window waits for its thread: what reads a disk stops at the next file.
+constexpr std::chrono::milliseconds Pazienza{200};
+
+}  // namespace
+
+/// What the two threads share. It outlives the object where a folder does not answer.
+struct RicercaNote::Stato
+{
+    std::atomic<bool> Ferma = false;
+    mutable std::mutex Turno;
+    std::condition_variable Detto;
+    std::vector<VoceTrova> Pronte;
+    ContoTrova Conto;
+    std::optional<Errore> Guasto;
+    bool Finita = false;
+
+    void Percorri(const CriterioTrova& Criterio, std::shared_ptr<MemoriaTrova> Memoria)
+    {
+        CamminoTrova Cammino(
+            Criterio,
+            [this](VoceTrova&& Voce) {
+                const std::lock_guard Mio(Turno);
+                if (Ferma)
+                    return;
+                Conta(Voce);
+                Pronte.push_back(std::move(Voce));
+            },
+            [this] { return !Ferma; }, std::move(Memoria));
+        std::optional<Errore> Trovato;
+        ContoTrova Contati;
+        try {
+            Contati = Cammino.TrovaParc(Criterio.Cartella);
+        } catch (...) {
+            Trovato = ErroreCorrente();
+        }
+        const std::lock_guard Mio(Turno);
+        Guasto = Trovato;
+        if (!Trovato && !Conto.Interrotta)
+            Conto = Contati;
+        Finita = true;
+        Detto.notify_all();
+    }
+
+    /// What is known before the end, for a walk that is stopped.
+    void Conta(const VoceTrova& Voce)
+    {
+        if (Voce.Genere != GenereVoce::Nota)
+            return;
+        ++Conto.Archivi;
+        Conto.Byte += Voce.Byte;
+    }
+};
+
+RicercaNote::RicercaNote(const CriterioTrova& Criterio) : Comune(std::make_shared<Stato>())
+{
+    Comune->Conto.Cartelle = 1;
+    Filo = std::thread(
+        [Insieme = Comune, Criterio, Memoria = MemoriaDelTrova()] { Insieme->Percorri(Criterio, Memoria); });
+}
+
+RicercaNote::~RicercaNote()
+{
+    Ferma();
+    std::unique_lock Mio(Comune->Turno);
+    const bool Ferma = Comune->Detto.wait_for(Mio, Pazienza, [this] { return Comune->Finita; });
+    Mio.unlock();
+    Ferma ? Filo.join() : Filo.detach();
+}
+
+std::vector<VoceTrova> RicercaNote::Prendi()
+{
+    const std::lock_guard Mio(Comune->Turno);
+    return std::exchange(Comune->Pronte, {});
+}
+
+void RicercaNote::Ferma()
+{
+    const std::lock_guard Mio(Comune->Turno);
+    if (Comune->Finita)
+        return;
+    Comune->Ferma = true;
+    Comune->Conto.Interrotta = true;
+}
+
+bool RicercaNote::Finita() const
+{
+    const std::lock_guard Mio(Comune->Turno);
+    return Comune->Finita || Comune->Ferma;
+}
+
+ContoTrova RicercaNote::Conto() const
+{
+    const std::lock_guard Mio(Comune->Turno);
+    return Comune->Conto;
+}
+
+std::optional<Errore> RicercaNote::Guasto() const
+{
+    const std::lock_guard Mio(Comune->Turno);
+    return Comune->Guasto;
+}

@@ -1,0 +1,343 @@
+#include "feenote/finder/finder_prova.h"
+#include "feenote/finder/modGestione.h"
+
+#include <memory>
+
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+/// Deletion and another name, with what is asked before.
+class TestGestione : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void siCancella();
+    void ilModelloChiede_data();
+    void ilModelloChiede();
+    void laParolaDOrdine_data();
+    void laParolaDOrdine();
+    void quelCheNonSiCancella_data();
+    void quelCheNonSiCancella();
+    void siRinomina_data();
+    void siRinomina();
+    void nomiRifiutati_data();
+    void nomiRifiutati();
+    void nessunFileSiSostituisce();
+    void nomeTroppoLungo();
+    void ilModelloRinominatoRestaModello();
+    void cartellaCheRifiutaIlNome();
+
+private:
+    bool Cancella()
+    {
+        return CancellaNota(File, [this] {
+            Tolta = true;
+            QVERIFY2(!EsisteFile(File) && Box->Mostrati().last().Titolo == u"Domanda:",
+                     "the row goes before the user is told");
+        });
+    }
+    bool Rinomina()
+    {
+        return RinominaNota(File, [this](const QString& Percorso) { Nuovo = Percorso; });
+    }
+    void Proteggi() const { EseguiSu(File, u"UPDATE ParcellaParam SET Psw=?"_s, {CodificaPsw(u"chiave"_s)}); }
+
+    std::unique_ptr<Studio> Ufficio;
+    std::unique_ptr<Registratore> Box;
+    QString File;
+    QString Nuovo;
+    bool Tolta = false;
+};
+PROVA(TestGestione);
+
+namespace {
+const QString EModello = u"La parcella è un modello: procedo con l'operazione?"_s;
+const QString Conferma = u"Confermi la cancellazione della parcella: 'nota'?"_s;
+const QString Eliminata = u"La parcella è stata eliminata!"_s;
+const QString Rinominata = u"La parcella è stata rinominata!"_s;
+const QString Invalido = u"Il nome specificato non è valido: non usare i caratteri [ ] ! ."_s;
+const QString ChiedePsw = u"Specificare la password per modificare la parcella:"_s;
+const QString ChiedeNome = u"Immettere il nuovo nome da assegnare alla parcella:"_s;
+
+/// Another program that keeps a file to itself, in the engine's own way.
+class AltroProgramma
+{
+public:
+    explicit AltroProgramma(const QString& File)
+    {
+        constexpr off_t PrimoByte = 0x40000000;
+        constexpr off_t Tratto = 512;
+        int Detto[2];
+        QCOMPARE(::pipe(Detto), 0);
+        Processo = ::fork();
+        if (Processo == 0) {
+            struct flock Blocco = {};
+            Blocco.l_type = F_WRLCK;
+            Blocco.l_whence = SEEK_SET;
+            Blocco.l_start = PrimoByte;
+            Blocco.l_len = Tratto;
+            const int Aperto = ::open(QFile::encodeName(File).constData(), O_RDWR);
+            (void)!::write(Detto[1], ::fcntl(Aperto, F_SETLK, &Blocco) == 0 ? "y" : "n", 1);
+            for (;;)
+                ::pause();
+        }
+        char Avuto = 'n';
+        QVERIFY(::read(Detto[0], &Avuto, 1) == 1 && Avuto == 'y');
+        ::close(Detto[0]);
+        ::close(Detto[1]);
+    }
+    ~AltroProgramma()
+    {
+        ::kill(Processo, SIGKILL);
+        ::waitpid(Processo, nullptr, 0);
+    }
+    AltroProgramma(const AltroProgramma&) = delete;
+    AltroProgramma& operator=(const AltroProgramma&) = delete;
+
+private:
+    pid_t Processo = -1;
+};
+}  // namespace
+
+void TestGestione::init()
+{
+    Ufficio = std::make_unique<Studio>();
+    File = SalvaNota(Ufficio->File(u"note/nota.mdb"_s));
+    Nuovo.clear();
+    Tolta = false;
+    Box = std::make_unique<Registratore>();
+}
+
+void TestGestione::cleanup()
+{
+    Box.reset();
+    Ufficio.reset();
+}
+
+void TestGestione::siCancella()
+{
+    Box->Attendi(Conferma, vbNo, u"Domanda:"_s);
+    QVERIFY(!Cancella());
+    QVERIFY(EsisteFile(File) && !Tolta);
+    Box->Attendi(Conferma, vbYes, u"Domanda:"_s);
+    Box->Attendi(Eliminata, vbOK, u"Messaggio:"_s);
+    QVERIFY(Cancella());
+    QVERIFY(!EsisteFile(File) && Tolta);
+}
+
+void TestGestione::ilModelloChiede_data()
+{
+    QTest::addColumn<int>("Prima");
+    QTest::addColumn<int>("Seconda");
+    QTest::newRow("the first question is refused") << vbNo << 0;
+    QTest::newRow("the second one is") << vbYes << vbNo;
+    QTest::newRow("neither is") << vbYes << vbYes;
+}
+
+void TestGestione::ilModelloChiede()
+{
+    QFETCH(int, Prima);
+    QFETCH(int, Seconda);
+    ImpostaSolaLettura(File, true);
+    Box->Attendi(EModello, Prima, u"Domanda:"_s);
+    if (Seconda != 0)
+        Box->Attendi(Conferma, Seconda, u"Domanda:"_s);
+    if (Seconda == vbYes)
+        Box->Attendi(Eliminata, vbOK, u"Messaggio:"_s);
+    QCOMPARE(Cancella(), Seconda == vbYes);
+    QCOMPARE(EsisteFile(File), Seconda != vbYes);
+    QVERIFY2(!EsisteFile(File) || SolaLettura(File), "what stays stays protected");
+}
+
+void TestGestione::laParolaDOrdine_data()
+{
+    QTest::addColumn<bool>("Nome");
+    QTest::addColumn<QString>("Digitata");
+    for (const bool Nome : {false, true}) {
+        const char* Cosa = Nome ? "renamed: %s" : "deleted: %s";
+        QTest::addRow(Cosa, "nothing typed") << Nome << QString();
+        QTest::addRow(Cosa, "a wrong word") << Nome << u"altra"_s;
+        QTest::addRow(Cosa, "the word") << Nome << u"chiave"_s;
+    }
+}
+
+void TestGestione::laParolaDOrdine()
+{
+    QFETCH(bool, Nome);
+    QFETCH(QString, Digitata);
+    Proteggi();
+    const bool Giusta = Digitata == u"chiave";
+    Box->AttendiImmissione(ChiedePsw, Digitata);
+    if (!Giusta && !Digitata.isEmpty())
+        Box->Attendi(u"La password immessa non è corretta!\nL'operazione non è stata effettuata."_s, vbOK,
+                     u"Errore:"_s);
+    if (Giusta && Nome) {
+        Box->AttendiImmissione(ChiedeNome, u"altra"_s);
+        Box->Attendi(Rinominata);
+    } else if (Giusta) {
+        Box->Attendi(Conferma, vbYes);
+        Box->Attendi(Eliminata);
+    }
+    QCOMPARE(Nome ? Rinomina() : Cancella(), Giusta);
+    QCOMPARE(EsisteFile(File), !Giusta);
+}
+
+void TestGestione::quelCheNonSiCancella_data()
+{
+    QTest::addColumn<QString>("Come");
+    QTest::addColumn<int>("Numero");
+    QTest::newRow("gone between the list and the click") << u"sparita"_s << 53;
+    QTest::newRow("rubbish since it was listed") << u"guasta"_s << 3343;
+    QTest::newRow("another program is writing it") << u"bloccata"_s << 3260;
+    QTest::newRow("a folder that refuses") << u"cartella"_s << 75;
+    QTest::newRow("a template on a read-only medium") << u"supporto"_s << 75;
+    QTest::newRow("gone while the question stands") << u"via"_s << 53;
+}
+
+void TestGestione::quelCheNonSiCancella()
+{
+    QFETCH(QString, Come);
+    std::unique_ptr<AltroProgramma> Altro;
+    const bool Chiede = Come == u"cartella" || Come == u"supporto" || Come == u"via";
+    if (Come == u"sparita") {
+        QVERIFY(QFile::remove(File));
+    } else if (Come == u"guasta") {
+        ScriviFile(File, "x");
+    } else if (Come == u"bloccata") {
+        ImpostaAttesaBlocchi(50);
+        Altro = std::make_unique<AltroProgramma>(File);
+    } else if (Come == u"cartella") {
+        QVERIFY(QFile::setPermissions(CartellaFile(File), QFile::ReadOwner | QFile::ExeOwner));
+    } else if (Come == u"supporto") {
+        ImpostaSolaLettura(File, true);
+        Box->Attendi(EModello, vbYes);
+        SimulaSupportoBloccato(CartellaFile(File));
+    }
+    if (Chiede)
+        Box->Attendi(Conferma, vbYes);
+    if (Come == u"via")
+        Registratore::AlMostrare() = [this] { QFile::remove(File); };
+    const int Numero = NumeroErrore([this] { (void)Cancella(); });
+    Registratore::AlMostrare() = {};
+    Altro.reset();
+    ImpostaAttesaBlocchi(3000);
+    SimulaSupportoBloccato({});
+    QFile::setPermissions(CartellaFile(File), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QTEST(Numero, "Numero");
+    QVERIFY(!Tolta);
+    QCOMPARE(EsisteFile(File), Come != u"sparita" && Come != u"via");
+    QCOMPARE(SolaLettura(File), Come == u"supporto");
+}
+
+void TestGestione::siRinomina_data()
+{
+    QTest::addColumn<QString>("Digitato");
+    QTest::addColumn<QString>("Diventa");
+    QTest::newRow("another name") << u"altra"_s << u"altra.mdb"_s;
+    QTest::newRow("with its ending") << u"altra.mdb"_s << u"altra.mdb"_s;
+    QTest::newRow("its ending in capitals") << u"altra.MDB"_s << u"altra.mdb"_s;
+    QTest::newRow("blanks around") << u"  altra nota  "_s << u"altra nota.mdb"_s;
+    QTest::newRow("another case of the same name") << u"NOTA"_s << u"NOTA.mdb"_s;
+    QTest::newRow("in another script") << u"Дело 7"_s << u"Дело 7.mdb"_s;
+    QTest::newRow("nothing") << QString() << QString();
+    QTest::newRow("blanks alone") << u"   "_s << QString();
+    QTest::newRow("the same name") << u"nota"_s << QString();
+    QTest::newRow("the same name with its ending") << u"nota.mdb"_s << QString();
+}
+
+void TestGestione::siRinomina()
+{
+    QFETCH(QString, Digitato);
+    QFETCH(QString, Diventa);
+    const QByteArray Prima = LeggiFile(File);
+    Box->AttendiImmissione(ChiedeNome, Digitato);
+    if (!Diventa.isEmpty())
+        Box->Attendi(Rinominata, vbOK, u"Messaggio:"_s);
+    QCOMPARE(Rinomina(), !Diventa.isEmpty());
+    QCOMPARE(NomeFile(Nuovo), Diventa);
+    const QString Ora = Diventa.isEmpty() ? u"nota.mdb"_s : Diventa;
+    QCOMPARE(QDir(CartellaFile(File)).entryList(QDir::Files | QDir::Hidden), QStringList{Ora});
+    QCOMPARE(LeggiFile(CartellaFile(File) + Ora), Prima);
+}
+
+void TestGestione::nomiRifiutati_data()
+{
+    QTest::addColumn<QString>("Digitato");
+    for (const QChar C : u"[]!.\\/:*?<>\"|"_s)
+        QTest::newRow(qPrintable(u"with "_s + C)) << u"a"_s + C + u"b"_s;
+    QTest::newRow("a way into another folder") << u"../fuori"_s;
+    QTest::newRow("the ending alone") << u".mdb"_s;
+}
+
+void TestGestione::nomiRifiutati()
+{
+    QFETCH(QString, Digitato);
+    Box->AttendiImmissione(ChiedeNome, Digitato);
+    Box->Attendi(Invalido, vbOK, u"Errore:"_s);
+    QVERIFY(!Rinomina());
+    QCOMPARE(Nuovo, QString());
+    QVERIFY(EsisteFile(File));
+}
+
+void TestGestione::nessunFileSiSostituisce()
+{
+    const QString Altra = CartellaFile(File) + u"altra.mdb"_s;
+    ScriviFile(Altra, "intoccabile");
+    Box->AttendiImmissione(ChiedeNome, u"altra"_s);
+    Box->Attendi(u"La parcella altra.mdb non può essere sovrascritta!"_s, vbOK, u"Errore:"_s);
+    QVERIFY(!Rinomina());
+    QVERIFY(EsisteFile(File));
+    QCOMPARE(LeggiFile(Altra), "intoccabile");
+    // A link that leads nowhere has the name too.
+    QVERIFY(QFile::link(CartellaFile(File) + u"manca"_s, CartellaFile(File) + u"appesa.mdb"_s));
+    Box->AttendiImmissione(ChiedeNome, u"appesa"_s);
+    Box->Attendi(u"La parcella appesa.mdb non può essere sovrascritta!"_s);
+    QVERIFY(!Rinomina());
+}
+
+void TestGestione::nomeTroppoLungo()
+{
+    Box->AttendiImmissione(ChiedeNome, QString(119, u'è'));
+    QCOMPARE(NumeroErrore([this] { (void)Rinomina(); }), 52);
+    Box->AttendiImmissione(ChiedeNome, QString(118, u'è'));
+    Box->Attendi(Rinominata);
+    QVERIFY(Rinomina());
+    QVERIFY(EsisteFile(Nuovo));
+}
+
+void TestGestione::ilModelloRinominatoRestaModello()
+{
+    ImpostaSolaLettura(File, true);
+    Box->Attendi(EModello, vbNo);
+    QVERIFY(!Rinomina());
+    QVERIFY(SolaLettura(File));
+    Box->Attendi(EModello, vbYes);
+    Box->AttendiImmissione(ChiedeNome, {});
+    QVERIFY(!Rinomina());
+    QVERIFY(SolaLettura(File));
+    Box->Attendi(EModello, vbYes);
+    Box->AttendiImmissione(ChiedeNome, u"tipo"_s);
+    Box->Attendi(Rinominata);
+    QVERIFY(Rinomina());
+    QVERIFY(SolaLettura(Nuovo));
+}
+
+void TestGestione::cartellaCheRifiutaIlNome()
+{
+    Box->AttendiImmissione(ChiedeNome, u"altra"_s);
+    QVERIFY(QFile::setPermissions(CartellaFile(File), QFile::ReadOwner | QFile::ExeOwner));
+    const int Numero = NumeroErrore([this] { (void)Rinomina(); });
+    QFile::setPermissions(CartellaFile(File), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QCOMPARE(Numero, 75);
+    QVERIFY(EsisteFile(File));
+}
+
+#include "TestGestione.moc"

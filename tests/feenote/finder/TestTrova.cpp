@@ -1,0 +1,446 @@
+#include "feenote/finder/finder_prova.h"
+#include "feenote/finder/memoriatrova.h"
+#include "feenote/finder/nominativi.h"
+#include "feenote/finder/ricerca.h"
+
+#include <QElapsedTimer>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+/// The walk for saved notes.
+class TestTrova : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void leNoteELeCartelle();
+    void quelCheNonENota();
+    void ilNomeCercato_data();
+    void ilNomeCercato();
+    void leSottocartelle();
+    void laViaInSu_data();
+    void laViaInSu();
+    void iCollegamentiNonSiSeguono();
+    void ilRecuperoNonSiElenca();
+    void ilModelloRestaComE();
+    void laNotaBloccataHaIlSoloNome();
+    void leParti();
+    void laRubricaCambia();
+    void senzaRubrica();
+    void siInterrompe();
+    void cartelleCheMancano();
+    void laSottocartellaChiusa();
+    void laSecondaVoltaNonSiApre();
+    void ilFileCambiatoSiRilegge();
+    void frasi_data();
+    void frasi();
+    void nomiDiOgniScrittura();
+    void inUnFiloSuo();
+    void ilFiloSiFerma();
+    void ilGuastoDelFilo();
+
+private:
+    QList<VoceTrova> Trova(const CriterioTrova& Criterio)
+    {
+        QList<VoceTrova> Voci;
+        Nominativi Nomi;
+        CamminoTrova Cammino(
+            Criterio,
+            [&](VoceTrova&& Voce) {
+                Nomi.Completa(Voce);
+                Voci.append(std::move(Voce));
+            },
+            [] { return true; }, Memoria);
+        Conto = Cammino.TrovaParc(Criterio.Cartella);
+        return Voci;
+    }
+    QStringList NomiTrovati(const CriterioTrova& Criterio)
+    {
+        QStringList Nomi;
+        for (const VoceTrova& Voce : Trova(Criterio))
+            Nomi += Voce.Nome;
+        return Nomi;
+    }
+    CriterioTrova Qui(const QString& Testo = {}, bool Sotto = false) const
+    {
+        return {Radice, Radice, Testo, Sotto};
+    }
+
+    std::unique_ptr<Studio> Ufficio;
+    std::shared_ptr<MemoriaTrova> Memoria;
+    QString Radice;
+    ContoTrova Conto;
+};
+PROVA(TestTrova);
+
+void TestTrova::init()
+{
+    Ufficio = std::make_unique<Studio>();
+    Memoria = std::make_shared<MemoriaTrova>();
+    Radice = Ufficio->File(u"note/"_s);
+    QDir().mkpath(Radice);
+}
+
+void TestTrova::cleanup()
+{
+    Ufficio.reset();
+}
+
+void TestTrova::leNoteELeCartelle()
+{
+    SalvaNota(Radice + u"nota 10.mdb"_s, u"Rossi Mario"_s, u"Bianchi Srl"_s);
+    SalvaNota(Radice + u"nota 9.MDB"_s);
+    SalvaNota(Radice + u"èrica.mdb"_s);
+    QDir().mkpath(Radice + u"zeta"_s);
+    QDir().mkpath(Radice + u"alfa"_s);
+    ScriviFile(Radice + u"lettera.txt"_s, "x");
+
+    const QList<VoceTrova> Voci = Trova(Qui());
+    QStringList Nomi;
+    for (const VoceTrova& Voce : Voci)
+        Nomi += Voce.Nome;
+    QCOMPARE(Nomi, (QStringList{u"[alfa]"_s, u"[zeta]"_s, u"èrica"_s, u"nota 9"_s, u"nota 10"_s}));
+    QCOMPARE(Voci[0].Genere, GenereVoce::Cartella);
+    QCOMPARE(Voci[0].Percorso, Radice + u"alfa/"_s);
+    const VoceTrova& Dieci = Voci.last();
+    QCOMPARE(Dieci.Percorso, Radice + u"nota 10.mdb"_s);
+    QCOMPARE(Dieci.Cartella, Radice);
+    QCOMPARE(Dieci.Cliente, u"Rossi Mario"_s);
+    QCOMPARE(Dieci.Controparte, u"Bianchi Srl"_s);
+    QCOMPARE(Dieci.Dati.Oggetto, u"Oggetto di nota 10.mdb"_s);
+    QCOMPARE(Dieci.Byte, QFileInfo(Dieci.Percorso).size());
+    QCOMPARE(Voci[3].Percorso, Radice + u"nota 9.MDB"_s);
+    QCOMPARE(Conto, (ContoTrova{3, 1, Voci[2].Byte + Voci[3].Byte + Voci[4].Byte, false}));
+}
+
+void TestTrova::quelCheNonENota()
+{
+    SalvaNota(Radice + u"buona.mdb"_s);
+    ScriviFile(Radice + u"testo.mdb"_s, QByteArray(9000, 'x'));
+    ScriviFile(Radice + u"vuoto.mdb"_s, {});
+    QVERIFY(QFile::copy(ProgrammaDiProva() + u"parcelle.mdb"_s, Radice + u"parcelle.mdb"_s));
+    QVERIFY(QFile::copy(ProgrammaDiProva() + u"DatiStudio.mdb"_s, Radice + u"DatiStudio.mdb"_s));
+    SalvaNota(Radice + u"tagliata.mdb"_s);
+    QFile Tagliata(Radice + u"tagliata.mdb"_s);
+    QVERIFY(Tagliata.resize(Tagliata.size() - 4096));
+    QFile Enorme(Radice + u"enorme.mdb"_s);
+    QVERIFY(Enorme.open(QIODevice::WriteOnly) && Enorme.resize(qint64(2) << 30));
+    QDir().mkpath(Radice + u"cartella.mdb"_s);
+    QVERIFY(QFile::link(Radice + u"manca.mdb"_s, Radice + u"appesa.mdb"_s));
+
+    QElapsedTimer Orologio;
+    Orologio.start();
+    QCOMPARE(NomiTrovati(Qui()), (QStringList{u"[cartella.mdb]"_s, u"buona"_s}));
+    QVERIFY(Orologio.elapsed() < 2000);
+    QCOMPARE(Conto.Archivi, 1);
+}
+
+void TestTrova::ilNomeCercato_data()
+{
+    QTest::addColumn<QString>("Testo");
+    QTest::addColumn<QStringList>("Trovate");
+    QTest::newRow("in the middle, the folders behind")
+        << u"ROSS"_s << QStringList{u"gialli e rossi"_s, u"Rossi"_s, u"[sotto rossi]"_s};
+    QTest::newRow("accents are letters") << u"perchÉ"_s << QStringList{u"Perché"_s, u"[sotto rossi]"_s};
+    QTest::newRow("signs of a pattern stand for themselves") << u"*"_s << QStringList{u"[sotto rossi]"_s};
+    QTest::newRow("the name of the file is looked at")
+        << u"rossi.mdb"_s << QStringList{u"gialli e rossi"_s, u"Rossi"_s, u"[sotto rossi]"_s};
+    QTest::newRow("none") << u"verdi"_s << QStringList{u"[sotto rossi]"_s};
+}
+
+void TestTrova::ilNomeCercato()
+{
+    QFETCH(QString, Testo);
+    for (const auto& Nome : {u"Rossi"_s, u"gialli e rossi"_s, u"Perché"_s, u"neri"_s})
+        SalvaNota(Radice + Nome + u".mdb"_s);
+    QDir().mkpath(Radice + u"sotto rossi"_s);
+    QStringList Nomi = NomiTrovati(Qui(Testo));
+    // The order is that of the list, which puts folders last here; the walk itself gives them first.
+    std::ranges::stable_partition(Nomi, [](const QString& Nome) { return !Nome.startsWith(u'['); });
+    QTEST(Nomi, "Trovate");
+}
+
+void TestTrova::leSottocartelle()
+{
+    SalvaNota(Radice + u"uno.mdb"_s);
+    SalvaNota(Radice + u"a/due.mdb"_s);
+    SalvaNota(Radice + u"a/b/tre.mdb"_s);
+    QCOMPARE(NomiTrovati(Qui({}, true)), (QStringList{u"[a]"_s, u"uno"_s, u"[b]"_s, u"due"_s, u"tre"_s}));
+    QCOMPARE(Conto.Cartelle, 3);
+    QCOMPARE(Conto.Archivi, 3);
+    QCOMPARE(NomiTrovati(Qui({}, false)), (QStringList{u"[a]"_s, u"uno"_s}));
+    QCOMPARE(Conto.Cartelle, 1);
+}
+
+void TestTrova::laViaInSu_data()
+{
+    QTest::addColumn<QString>("Cartella");
+    QTest::addColumn<bool>("Sotto");
+    QTest::addColumn<int>("Quante");
+    QTest::newRow("none where the search began") << QString() << false << 0;
+    QTest::newRow("one below") << u"a/"_s << false << 1;
+    QTest::newRow("one, however many folders are walked") << u"a/"_s << true << 1;
+    QTest::newRow("none at the start, folders walked") << QString() << true << 0;
+}
+
+void TestTrova::laViaInSu()
+{
+    QFETCH(QString, Cartella);
+    QFETCH(bool, Sotto);
+    SalvaNota(Radice + u"a/b/due.mdb"_s);
+    SalvaNota(Radice + u"a/uno.mdb"_s);
+    const QList<VoceTrova> Voci = Trova({Radice + Cartella, Radice, {}, Sotto});
+    int Quante = 0;
+    for (const VoceTrova& Voce : Voci)
+        Quante += Voce.Genere == GenereVoce::Torna;
+    QTEST(Quante, "Quante");
+    if (Quante > 0) {
+        QCOMPARE(Voci.first().Nome, u"[Torna alla cartella superiore]"_s);
+        QCOMPARE(Voci.first().Percorso, Radice);
+    }
+}
+
+void TestTrova::iCollegamentiNonSiSeguono()
+{
+    SalvaNota(Radice + u"a/uno.mdb"_s);
+    QVERIFY(QFile::link(Radice, Radice + u"a/giro"_s));
+    QCOMPARE(NomiTrovati(Qui({}, true)), (QStringList{u"[a]"_s, u"[giro]"_s, u"uno"_s}));
+    QCOMPARE(Conto.Cartelle, 2);
+}
+
+void TestTrova::ilRecuperoNonSiElenca()
+{
+    sessione::UserFolder = Radice;
+    SalvaNota(Radice + u"recupero/copia.mdb"_s);
+    SalvaNota(Radice + u"altra/recupero/mia.mdb"_s);
+    QCOMPARE(NomiTrovati(Qui({}, true)), (QStringList{u"[altra]"_s, u"[recupero]"_s, u"mia"_s}));
+}
+
+void TestTrova::ilModelloRestaComE()
+{
+    const QString Modello = SalvaNota(Radice + u"tipo.mdb"_s);
+    ImpostaSolaLettura(Modello, true);
+    SimulaSupportoBloccato(Radice);
+    const QList<VoceTrova> Voci = Trova(Qui());
+    SimulaSupportoBloccato({});
+    QCOMPARE(Voci.size(), 1);
+    QVERIFY(Voci.first().Modello);
+    QVERIFY(SolaLettura(Modello));
+}
+
+void TestTrova::laNotaBloccataHaIlSoloNome()
+{
+    SalvaNota(Radice + u"in uso.mdb"_s, u"Rossi"_s);
+    const Database Altro = OpenDatabase(Radice + u"in uso.mdb"_s);
+    Altro.Execute(u"PRAGMA locking_mode=EXCLUSIVE"_s);
+    Altro.Execute(u"UPDATE ParcellaParam SET Oggetto='x'"_s);
+    QList<VoceTrova> Voci = Trova(Qui());
+    QCOMPARE(Voci.size(), 1);
+    QVERIFY(Voci.first().Illeggibile);
+    QCOMPARE(Voci.first().Nome, u"in uso"_s);
+    QCOMPARE(Voci.first().Cliente, QString());
+    Altro.Execute(u"PRAGMA locking_mode=NORMAL"_s);
+    (void)Altro.Tabelle();
+    Voci = Trova(Qui());
+    QVERIFY2(!Voci.first().Illeggibile, "a passing lock is not remembered");
+    QCOMPARE(Voci.first().Cliente, u"Rossi"_s);
+}
+
+void TestTrova::leParti()
+{
+    const int Cli = Ufficio->AggiungiCliente(u"Verdi Anna"_s);
+    const int Con = Ufficio->AggiungiControparte(u"Neri Spa"_s, u"altro nome"_s);
+    const int Vuoto = Ufficio->AggiungiCliente(QString());
+    SalvaNota(Radice + u"1.mdb"_s, u"scritto"_s, u"scritta"_s, Cli, Con);
+    SalvaNota(Radice + u"2.mdb"_s, u"scritto"_s, u"scritta"_s, 99'999, 99'999);
+    SalvaNota(Radice + u"3.mdb"_s, u"scritto"_s, u"scritta"_s, Vuoto);
+    SalvaNota(Radice + u"4.mdb"_s, u"scritto"_s, u"scritta"_s, -1, 0);
+    QStringList Parti;
+    for (const VoceTrova& Voce : Trova(Qui()))
+        Parti += Voce.Cliente + u'|' + Voce.Controparte;
+    QCOMPARE(Parti, (QStringList{u"Verdi Anna|Neri Spa"_s, u"scritto|scritta"_s, u"scritto|scritta"_s,
+                                 u"scritto|scritta"_s}));
+}
+
+void TestTrova::laRubricaCambia()
+{
+    const int Cli = Ufficio->AggiungiCliente(u"Verdi Anna"_s);
+    VoceTrova Voce;
+    Voce.Dati.IDCli = Cli;
+    Nominativi Nomi;
+    Nomi.Completa(Voce);
+    QCOMPARE(Voce.Cliente, u"Verdi Anna"_s);
+    Nomi.Chiudi();
+    OpenDatabase(sessione::ArchivioCliCon)
+        .Execute(u"UPDATE clienti SET Nominativo='Verdi Anna Maria' WHERE ID=?"_s, {Cli});
+    Data(sessione::ArchivioCliCon, QDateTime::currentDateTime().addSecs(5));
+    Nomi.Completa(Voce);
+    QCOMPARE(Voce.Cliente, u"Verdi Anna Maria"_s);
+}
+
+void TestTrova::senzaRubrica()
+{
+    SalvaNota(Radice + u"1.mdb"_s, u"scritto"_s, {}, 7, 0);
+    QVERIFY(QFile::remove(sessione::ArchivioCliCon));
+    const Registratore Box;  // nothing is said of it
+    QCOMPARE(Trova(Qui()).first().Cliente, u"scritto"_s);
+    sessione::ArchivioCliCon.clear();
+    QCOMPARE(Trova(Qui()).first().Cliente, u"scritto"_s);
+}
+
+void TestTrova::siInterrompe()
+{
+    SalvaMolte(Radice, 20);
+    SalvaNota(Radice + u"sotto/x.mdb"_s);
+    int Voci = 0;
+    CamminoTrova Cammino(
+        Qui({}, true), [&](VoceTrova&& Voce) { Voci += Voce.Genere == GenereVoce::Nota; },
+        [&] { return Voci < 7; }, Memoria);
+    const ContoTrova Fatto = Cammino.TrovaParc(Radice);
+    QVERIFY(Fatto.Interrotta);
+    QCOMPARE(Fatto.Archivi, 7);
+    QCOMPARE(Voci, 7);
+    QCOMPARE(Fatto.Cartelle, 1);
+}
+
+void TestTrova::cartelleCheMancano()
+{
+    QCOMPARE(NumeroErrore([&] { (void)Trova({Radice + u"manca"_s, Radice, {}, false}); }), 76);
+    SalvaNota(Radice + u"via/1.mdb"_s);
+    SalvaNota(Radice + u"via/2.mdb"_s);
+    CamminoTrova Cammino(
+        {Radice + u"via"_s, Radice, {}, false},
+        [&](VoceTrova&&) { QDir(Radice + u"via"_s).removeRecursively(); }, [] { return true; }, Memoria);
+    QCOMPARE(NumeroErrore([&] { (void)Cammino.TrovaParc(Radice + u"via"_s); }), 76);
+}
+
+void TestTrova::laSottocartellaChiusa()
+{
+    SalvaNota(Radice + u"a/1.mdb"_s);
+    SalvaNota(Radice + u"b/2.mdb"_s);
+    QVERIFY(QFile::setPermissions(Radice + u"a"_s, {}));
+    QCOMPARE(NomiTrovati(Qui({}, true)), (QStringList{u"[a]"_s, u"[b]"_s, u"2"_s}));
+    QVERIFY(QFile::setPermissions(Radice + u"a"_s, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+}
+
+void TestTrova::laSecondaVoltaNonSiApre()
+{
+    const QDateTime Ieri = QDateTime::currentDateTime().addDays(-1);
+    const QString Nota = SalvaNota(Radice + u"1.mdb"_s, u"Rossi"_s);
+    ScriviFile(Radice + u"estraneo.mdb"_s, "x");
+    Data(Nota, Ieri);
+    Data(Radice + u"estraneo.mdb"_s, Ieri);
+    QCOMPARE(Trova(Qui()).size(), 1);
+    QCOMPARE(Memoria->Quanti(), 2);
+    // Rubbish of the same size and date is not looked at: the first look is what counts.
+    const qint64 Lungo = QFileInfo(Nota).size();
+    ScriviFile(Nota, QByteArray(Lungo, 'x'));
+    Data(Nota, Ieri);
+    QCOMPARE(Trova(Qui()).first().Cliente, u"Rossi"_s);
+}
+
+void TestTrova::ilFileCambiatoSiRilegge()
+{
+    const QString Nota = SalvaNota(Radice + u"1.mdb"_s, u"Rossi"_s);
+    QCOMPARE(Trova(Qui()).first().Cliente, u"Rossi"_s);
+    QVERIFY2(Memoria->Quanti() == 0, "a file of this very moment may change within its date");
+    Data(Nota, QDateTime::currentDateTime().addSecs(-60));
+    QCOMPARE(Trova(Qui()).first().Cliente, u"Rossi"_s);
+    QCOMPARE(Memoria->Quanti(), 1);
+    SalvaNota(Nota, u"Bianchi"_s);
+    Data(Nota, QDateTime::currentDateTime().addSecs(-30));
+    QCOMPARE(Trova(Qui()).first().Cliente, u"Bianchi"_s);
+}
+
+void TestTrova::frasi_data()
+{
+    QTest::addColumn<int>("Archivi");
+    QTest::addColumn<int>("Cartelle");
+    QTest::addColumn<qint64>("Byte");
+    QTest::addColumn<bool>("Interrotta");
+    QTest::addColumn<QString>("Frase");
+    QTest::newRow("several") << 3 << 2 << qint64(1024) << false
+                             << u"Trovati 3 archivi in 2 cartelle per un totale di 1 KBytes"_s;
+    QTest::newRow("begun kilobytes count")
+        << 1 << 1 << qint64(1025) << false << u"Trovati 1 archivi in 1 cartelle per un totale di 2 KBytes"_s;
+    QTest::newRow("thousands") << 10 << 1 << qint64(1234567) * 1024 << false
+                               << u"Trovati 10 archivi in 1 cartelle per un totale di 1.234.567 KBytes"_s;
+    QTest::newRow("none") << 0 << 5 << qint64(0) << false
+                          << u"Non è stata trovata alcuna parcella che soddisfi i criteri impostati"_s;
+    QTest::newRow("interrupted")
+        << 3 << 2 << qint64(1) << true
+        << u"Trovati 3 archivi in 2 cartelle per un totale di 1 KBytes (ricerca interrotta)"_s;
+    QTest::newRow("interrupted with none")
+        << 0 << 1 << qint64(0) << true
+        << u"Non è stata trovata alcuna parcella che soddisfi i criteri impostati (ricerca interrotta)"_s;
+}
+
+void TestTrova::frasi()
+{
+    QFETCH(int, Archivi);
+    QFETCH(int, Cartelle);
+    QFETCH(qint64, Byte);
+    QFETCH(bool, Interrotta);
+    QTEST(FraseEsito({Archivi, Cartelle, Byte, Interrotta}), "Frase");
+}
+
+void TestTrova::nomiDiOgniScrittura()
+{
+    const QStringList Nomi{u"Дело № 7"_s, u"قضية"_s, u"\U0001F4DC carta"_s, QString(118, u'è')};
+    for (const QString& Nome : Nomi)
+        SalvaNota(Radice + Nome + u".mdb"_s, Nome);
+    const QList<VoceTrova> Voci = Trova(Qui());
+    QCOMPARE(Voci.size(), Nomi.size());
+    for (const VoceTrova& Voce : Voci)
+        QCOMPARE(Voce.Cliente, Voce.Nome);
+}
+
+void TestTrova::inUnFiloSuo()
+{
+    SalvaMolte(Radice, 30);
+    RicercaNote Ricerca(Qui());
+    QList<QString> Nomi;
+    const auto Prendi = [&] {
+        for (const VoceTrova& Voce : Ricerca.Prendi())
+            Nomi += Voce.Nome;
+    };
+    QTRY_VERIFY((Prendi(), Ricerca.Finita()));
+    Prendi();
+    QCOMPARE(Nomi.size(), 30);
+    QCOMPARE(Nomi.at(2), u"2"_s);
+    QCOMPARE(Ricerca.Conto().Archivi, 30);
+    QVERIFY(!Ricerca.Conto().Interrotta && !Ricerca.Guasto());
+}
+
+void TestTrova::ilFiloSiFerma()
+{
+    SalvaMolte(Radice, 300);
+    RicercaNote Ricerca(Qui());
+    size_t Prime = 0;
+    QTRY_VERIFY((Prime += Ricerca.Prendi().size()) > 0);
+    QElapsedTimer Orologio;
+    Orologio.start();
+    Ricerca.Ferma();
+    QVERIFY(Ricerca.Finita());
+    const auto Resto = Ricerca.Prendi();
+    QVERIFY2(Orologio.elapsed() < 100, qPrintable(QString::number(Orologio.elapsed())));
+    QVERIFY(Ricerca.Conto().Interrotta);
+    QCOMPARE(size_t(Ricerca.Conto().Archivi), Prime + Resto.size());
+    QTest::qWait(50);
+    QVERIFY2(Ricerca.Prendi().empty(), "nothing comes behind the end");
+}
+
+void TestTrova::ilGuastoDelFilo()
+{
+    RicercaNote Ricerca({Radice + u"manca"_s, Radice, {}, false});
+    QTRY_VERIFY(Ricerca.Finita());
+    QVERIFY(Ricerca.Guasto());
+    QCOMPARE(Ricerca.Guasto()->Numero, 76);
+}
+
+#include "TestTrova.moc"
