@@ -3,6 +3,9 @@
 // A page knows its own controls, the record and this; neither the window nor the other pages.
 #pragma once
 
+#include <QScopedValueRollback>
+#include <QString>
+
 #include <utility>
 
 class CorniceNota
@@ -26,6 +29,22 @@ public:
     /// Composes the chosen document anew while its page is in view: something that it shows has changed.
     virtual void Ricomponi() = 0;
 
+    /// Opens the address book.
+    /// @param Elemento 0 the client, 1 the counterparty
+    /// @param DaStampa for the print data, else for the base data
+    /// @param MenuStart empty to choose, "new", or "edit" for the row that the note is linked to
+    virtual void CliCon(int Elemento, bool DaStampa, const QString& MenuStart) = 0;
+    /// True while a question of this window waits for its answer.
+    [[nodiscard]] virtual bool InDomanda() const = 0;
+
+    /// Runs something that asks the user. Meanwhile the note neither closes nor is saved a second time, and
+    /// what is on screen stands in the recovery copy.
+    template <class Procedura>
+    auto InDialogo(Procedura&& Chiedi)
+    {
+        const auto Guardia = ApriDomanda();
+        return std::forward<Procedura>(Chiedi)();
+    }
     /// Runs a rule of feenote on the record, then shows what came of it.
     template <class Regola>
     void Applica(Regola&& Fai)
@@ -41,4 +60,8 @@ public:
         Applica(std::forward<Regola>(Fai));
         Ricomponi();
     }
+
+protected:
+    /// InDomanda is true for as long as the object lives.
+    [[nodiscard]] virtual QScopedValueRollback<bool> ApriDomanda() = 0;
 };

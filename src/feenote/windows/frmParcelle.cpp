@@ -9,6 +9,7 @@
 #include "feenote/windows/SchedaAcconti.h"
 #include "feenote/windows/SchedaOnorari.h"
 #include "feenote/windows/SchedaSpese.h"
+#include "feenote/windows/SchedaStampa.h"
 #include "feenote/windows/finestre.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
@@ -16,7 +17,6 @@
 #include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"
 #include "ui_SchedaDatiBase.h"
-#include "ui_SchedaStampa.h"
 #include "ui_frmParcelle.h"
 
 #include <QApplication>
@@ -33,16 +33,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A tab of its own Designer file, added under its caption.
-template <class UiScheda>
-void AggiungiScheda(QTabWidget* Schede, UiScheda& Disegno, const QString& Titolo)
-{
-    auto* Pagina = new QWidget(Schede);
-    Disegno.setupUi(Pagina);
-    Schede->addTab(Pagina, Titolo);
-}
-
-/// The same for a page of boxes, which scrolls where a small or magnified screen has no room for all of them.
+/// Adds a page of boxes, which scrolls where a small or magnified screen has no room for all of them.
 void AggiungiScorrevole(QTabWidget* Schede, QWidget* Pagina, const QString& Titolo)
 {
     auto* Cornice = new QScrollArea(Schede);
@@ -79,7 +70,7 @@ bool VoltaPagina(const QKeyEvent& Tasto)
 
 frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     : QWidget(Padre), Posto(Indice), ui(std::make_unique<Ui::frmParcelle>()),
-      uiBase(std::make_unique<Ui::SchedaDatiBase>()), uiStampa(std::make_unique<Ui::SchedaStampa>())
+      uiBase(std::make_unique<Ui::SchedaDatiBase>())
 {
     ui->setupUi(this);
     try {
@@ -92,7 +83,6 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     CollegaRicalcolo();
     CollegaCopia();
     CollegaDatiBase();
-    CollegaStampa();
     CollegaCliCon();
     RimettiDisposizione();
     aspetto::TitoliInGrassetto(this);
@@ -118,15 +108,20 @@ void frmParcelle::CostruisciSchede()
     ui->tabParcelle->addTab(Spese, u"Spese inserite"_s);
     Acconti = new SchedaAcconti(Nota, *this, ui->tabParcelle);
     AggiungiScorrevole(ui->tabParcelle, Acconti, u"Acconti e imposte"_s);
-    AggiungiScheda(ui->tabParcelle, *uiStampa, u"Stampa"_s);
+    Stampa = new SchedaStampa(Nota, *this, ui->tabParcelle);
+    ui->tabParcelle->addTab(Stampa, u"Stampa"_s);
 
     auto* Angolo = new QWidget(ui->tabParcelle);
     auto* Riga = new QHBoxLayout(Angolo);
     Riga->setContentsMargins(0, 0, 0, 0);
     Riga->setSpacing(0);
-    Riga->addWidget(Freccia(Angolo, u"imgPrev"_s, u"prev"_s, u"Scheda precedente"_s));
-    Riga->addWidget(Freccia(Angolo, u"imgNext"_s, u"next"_s, u"Scheda successiva"_s));
+    QToolButton* imgPrev = Freccia(Angolo, u"imgPrev"_s, u"prev"_s, u"Scheda precedente"_s);
+    QToolButton* imgNext = Freccia(Angolo, u"imgNext"_s, u"next"_s, u"Scheda successiva"_s);
+    Riga->addWidget(imgPrev);
+    Riga->addWidget(imgNext);
     ui->tabParcelle->setCornerWidget(Angolo);
+    Collega(imgPrev, &QToolButton::clicked, this, &frmParcelle::imgPrev_Click);
+    Collega(imgNext, &QToolButton::clicked, this, &frmParcelle::imgNext_Click);
 }
 
 void frmParcelle::CollegaCornice()
@@ -145,23 +140,30 @@ void frmParcelle::CollegaCornice()
     for (const auto& [Tasti, Passo] : {std::pair(Qt::Key_PageDown, 1), std::pair(Qt::Key_PageUp, -1)}) {
         auto* Scorciatoia = new QShortcut(QKeySequence(Qt::ControlModifier | Tasti), this);
         Scorciatoia->setContext(Qt::WidgetWithChildrenShortcut);
-        ::Collega(Scorciatoia, &QShortcut::activated, this,
-                  [this, Passo = Passo] { VaiAllaScheda(Scheda() + Passo); });
+        Collega(Scorciatoia, &QShortcut::activated, this,
+                [this, Passo = Passo] { VaiAllaScheda(Scheda() + Passo); });
     }
+    // From another tab the command brings the page up; there it sends it to the printer.
+    auto* Stampante = new QShortcut(QKeySequence::Print, this);
+    Stampante->setContext(Qt::WidgetWithChildrenShortcut);
+    Collega(Stampante, &QShortcut::activated, this, [this] {
+        if (!ConcludiCampo())
+            return;
+        if (Scheda() == SchedaDiStampa)
+            Stampa->StampaParcella();
+        else
+            EseguiComando(u"print"_s, Posto, {});
+    });
     // The toolkit scrolls for the Tab key alone. Under the mouse nothing moves: the click would miss.
-    ::Collega(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* Campo) {
+    Collega(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* Campo) {
         if (Campo && isAncestorOf(Campo) && QGuiApplication::mouseButtons() == Qt::NoButton)
             MettiInVista(Campo);
     });
     ui->tabParcelle->installEventFilter(this);
     ui->tabParcelle->tabBar()->installEventFilter(this);
-    ::Collega(ui->tabParcelle, &QTabWidget::currentChanged, this,
-              [this](int Nuova) { tabParcelle_Change(Nuova); });
-    ::Collega(findChild<QToolButton*>(u"imgPrev"_s), &QToolButton::clicked, this,
-              [this] { imgPrev_Click(); });
-    ::Collega(findChild<QToolButton*>(u"imgNext"_s), &QToolButton::clicked, this,
-              [this] { imgNext_Click(); });
-    ::Collega(ui->pctSave, &QToolButton::clicked, this, [this] {
+    Collega(ui->tabParcelle, &QTabWidget::currentChanged, this,
+            [this](int Nuova) { tabParcelle_Change(Nuova); });
+    Collega(ui->pctSave, &QToolButton::clicked, this, [this] {
         if (ConcludiCampo())
             EseguiComando(u"savepar"_s, Posto, {});
     });
@@ -241,7 +243,7 @@ void frmParcelle::tabParcelle_Change(int Nuova)
         Spese->Entra();
     MostraTutto();
     if (Nuova == SchedaDiStampa)
-        EntraScheda4();
+        Stampa->Entra();
 }
 
 void frmParcelle::imgPrev_Click()
@@ -283,7 +285,7 @@ void frmParcelle::MostraTutto()
     Onorari->Mostra();
     Spese->Mostra();
     Acconti->Mostra();
-    MostraSchedaStampa();
+    Stampa->Mostra();
     MostraCliCon();
     RefreshDatiBase();
     RefreshGrid();
@@ -293,6 +295,13 @@ void frmParcelle::MostraTutto()
 
     if (QWidget* Casella = CasellaDi(std::exchange(Nota.Fuoco, CampoNota::Nessuno)))
         RidaiFuoco(Casella);
+}
+
+void frmParcelle::Ricomponi()
+{
+    // A page that nobody sees is composed when its tab opens.
+    if (Scheda() == SchedaDiStampa)
+        Stampa->Ricomponi();
 }
 
 void frmParcelle::RefreshDatiBase()

@@ -26,11 +26,11 @@ class QToolBar;
 class SchedaAcconti;
 class SchedaOnorari;
 class SchedaSpese;
+class SchedaStampa;
 
 namespace Ui {
 class frmParcelle;
 class SchedaDatiBase;
-class SchedaStampa;
 }  // namespace Ui
 
 class frmParcelle : public QWidget, private CorniceNota
@@ -69,6 +69,8 @@ public:
     /// The answer of the address book: the word that it was asked with, and the row's values, the key first
     /// and the name second.
     void oRubrica_SelDone(const QString& Parent, const QVariantList& Valori);
+    /// Opens the address book, once the field in edit was left; nothing while there is none. See CorniceNota.
+    void CliCon(int Elemento, bool DaStampa, const QString& MenuStart) override;
     /// What the partner does when it is told: its sums may hold this note's.
     void SocioCambiato();
     /// The note's name, in the record and in its place; the caption is the window's own.
@@ -119,15 +121,6 @@ private:
     void TimerCopia_Timer();
     bool ScriviCopia();    ///< the recovery copy; false when it could not be written
     void CopiaInAttesa();  ///< the copy that is due, at once
-    /// Runs something that asks the user. Meanwhile the note neither closes nor is saved a second time, and
-    /// what is on screen stands in the recovery copy.
-    template <class Procedura>
-    auto InDialogo(Procedura&& Chiedi)
-    {
-        CopiaInAttesa();
-        const QScopedValueRollback Guardia(DialogoAperto, true);
-        return Chiedi();
-    }
 
     // ---- frmParcelle_DatiBase.cpp
     void CollegaDatiBase();
@@ -138,33 +131,13 @@ private:
     // ---- frmParcelle_CliCon.cpp: the parties in the address book
     void CollegaCliCon();
     void MostraCliCon();
-    void CliCon(int Elemento, bool DaStampa, const QString& MenuStart, const QString& KeyStart = {});
 
-    // ---- frmParcelle_Stampa.cpp: document, its data, preview
-    void CollegaStampa();
-    void CollegaDatiStampa();
-    void CollegaSegniStampa();
-    void CollegaAnteprima();
-    void MostraSchedaStampa();
-    void MostraDatiStampa();
-    void EntraScheda4();
-    void cmbTipoStampa_Click(int Tipo);
-    void cmdProgFatt_Click();
-    void barPrint_ButtonClick(const QString& Chiave);
-    void Ricomponi() override;
-    /// The composition itself. @return what kept its file from being written
-    /// @param Invio for the companion application
-    std::optional<Errore> Componi(bool Invio = false);
-    /// What follows a save: the document, seen or not, and the companion application.
-    void DopoSalvataggio();
-    void AbilitaBarraStampa();
-    void MostraPagina(int Pagina);
-    void StampaParcella();
-    void SalvaPdf();
-    [[nodiscard]] QWidget* txtDatiPar(int Indice) const;
-
+    // ---- for the pages
     void Cambiata() override;
+    void Ricomponi() override;
     [[nodiscard]] bool BaseValida() const override { return BaseVista; }
+    [[nodiscard]] bool InDomanda() const override { return DialogoAperto; }
+    [[nodiscard]] QScopedValueRollback<bool> ApriDomanda() override;
 
     int Posto;
     QTimer TimerCopia;  ///< runs from the first change that the recovery copy does not hold
@@ -177,13 +150,11 @@ private:
     bool CambioScheda = false;
     bool DialogoAperto = false;  ///< a question of this window waits for its answer
 
-    QLabel* txtPage = nullptr;  ///< in barPrint
-
     SchedaOnorari* Onorari = nullptr;
     SchedaSpese* Spese = nullptr;
     SchedaAcconti* Acconti = nullptr;
+    SchedaStampa* Stampa = nullptr;
 
     std::unique_ptr<Ui::frmParcelle> ui;
     std::unique_ptr<Ui::SchedaDatiBase> uiBase;
-    std::unique_ptr<Ui::SchedaStampa> uiStampa;
 };

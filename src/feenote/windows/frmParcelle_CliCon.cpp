@@ -7,7 +7,6 @@
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "ui_SchedaDatiBase.h"
-#include "ui_SchedaStampa.h"
 
 #include <QToolButton>
 
@@ -38,29 +37,24 @@ void frmParcelle::CollegaCliCon()
     const std::array Visualizza{uiBase->cmdVisCliCon_0, uiBase->cmdVisCliCon_1};
     const std::array Inserisci{uiBase->cmdInsCliCon_0, uiBase->cmdInsCliCon_1};
     const std::array Modifica{uiBase->cmdModCliCon_0, uiBase->cmdModCliCon_1};
-    const std::array Seleziona{uiStampa->cmdContrSelAnag_0, uiStampa->cmdContrSelAnag_1};
-    const std::array Nuovo{uiStampa->cmdContrInsAnag_0, uiStampa->cmdContrInsAnag_1};
     const auto Alla = [this](QToolButton* Bottone, auto Fai) {
-        ::Collega(Bottone, &QToolButton::clicked, this, Fai);
+        Collega(Bottone, &QToolButton::clicked, this, Fai);
     };
     for (int i = 0; i < int(VociCliCon.size()); ++i) {
         Alla(Visualizza[size_t(i)], [this, i] { CliCon(i, false, {}); });
         Alla(Inserisci[size_t(i)], [this, i] { CliCon(i, false, u"new"_s); });
-        Alla(Modifica[size_t(i)], [this, i] {
-            CliCon(i, false, u"edit"_s, u"ID="_s + QString::number(Nota.*VociCliCon[size_t(i)].Legame));
-        });
-        Alla(Seleziona[size_t(i)], [this, i] { CliCon(i, true, {}); });
-        Alla(Nuovo[size_t(i)], [this, i] { CliCon(i, true, u"new"_s); });
+        Alla(Modifica[size_t(i)], [this, i] { CliCon(i, false, u"edit"_s); });
     }
 }
 
-void frmParcelle::CliCon(int Elemento, bool DaStampa, const QString& MenuStart, const QString& KeyStart)
+void frmParcelle::CliCon(int Elemento, bool DaStampa, const QString& MenuStart)
 {
     if (!Aperture.RubricaParcella || !ConcludiCampo())
         return;
     const VoceCliCon& Voce = VociCliCon[size_t(Elemento)];
-    Aperture.RubricaParcella({Posto, Voce.Tabella.toString(),
-                              (DaStampa ? Voce.ParolaStampa : Voce.Parola).toString(), MenuStart, KeyStart});
+    const QStringView Parola = DaStampa ? Voce.ParolaStampa : Voce.Parola;
+    const QString KeyStart = MenuStart == u"edit" ? u"ID="_s + QString::number(Nota.*Voce.Legame) : QString();
+    Aperture.RubricaParcella({Posto, Voce.Tabella.toString(), Parola.toString(), MenuStart, KeyStart});
 }
 
 void frmParcelle::oRubrica_SelDone(const QString& Parent, const QVariantList& Valori)
@@ -74,10 +68,8 @@ void frmParcelle::MostraCliCon()
 {
     // The parties are free text until the address book is there.
     const bool Presente = bool(Aperture.RubricaParcella);
-    for (QWidget* Bottone :
-         {uiBase->cmdVisCliCon_0, uiBase->cmdInsCliCon_0, uiBase->cmdModCliCon_0, uiBase->cmdVisCliCon_1,
-          uiBase->cmdInsCliCon_1, uiBase->cmdModCliCon_1, uiStampa->cmdContrSelAnag_0,
-          uiStampa->cmdContrInsAnag_0, uiStampa->cmdContrSelAnag_1, uiStampa->cmdContrInsAnag_1})
+    for (QWidget* Bottone : {uiBase->cmdVisCliCon_0, uiBase->cmdInsCliCon_0, uiBase->cmdModCliCon_0,
+                             uiBase->cmdVisCliCon_1, uiBase->cmdInsCliCon_1, uiBase->cmdModCliCon_1})
         Bottone->setVisible(Presente);
     uiBase->cmdModCliCon_0->setEnabled(Nota.IDCli > 0);
     uiBase->cmdModCliCon_1->setEnabled(Nota.IDCon > 0);

@@ -3,11 +3,10 @@
 
 #include "feenote/modParametri.h"
 #include "feenote/windows/SchedaOnorari.h"
+#include "feenote/windows/SchedaStampa.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
-#include "platform/preview/vistastampa.h"
-#include "ui_SchedaStampa.h"
 #include "ui_frmParcelle.h"
 
 using namespace Qt::StringLiterals;
@@ -40,7 +39,7 @@ void frmParcelle::MostraRicalcolo()
 {
     const bool InSospeso = RicalcoloInSospeso(Nota);
     ui->barRicalcolo->setVisible(InSospeso && Riguarda(Scheda()));
-    uiStampa->vp->ImpostaAvviso(InSospeso ? DaRicalcolare : QString());
+    Stampa->ImpostaAvviso(InSospeso ? DaRicalcolare : QString());
 }
 
 /// What entering the honoraria does, without going there; the flag of a reopened note is not set any more.

@@ -13,6 +13,7 @@
 #include "feenote/windows/SchedaAcconti.h"
 #include "feenote/windows/SchedaOnorari.h"
 #include "feenote/windows/SchedaSpese.h"
+#include "feenote/windows/SchedaStampa.h"
 #include "feenote/windows/finestre.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/campo.h"
@@ -20,7 +21,6 @@
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "ui_SchedaDatiBase.h"
-#include "ui_SchedaStampa.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -111,10 +111,6 @@ void frmParcelle::FuocoIniziale()
 
 void frmParcelle::RimettiDisposizione()
 {
-    // The data stay as wide as they need; the page takes the room.
-    QSplitter* Stampa = uiStampa->divisoreStampa;
-    Stampa->setSizes({1, 10000});
-    Stampa->setStretchFactor(1, 1);
     for (QSplitter* Divisore : findChildren<QSplitter*>())
         Divisore->restoreState(QByteArray::fromBase64(LeggiDisposizione(Divisore).toLatin1()));
     for (Griglia* Elenco : findChildren<Griglia*>())
@@ -166,7 +162,7 @@ bool frmParcelle::SalvaParcella(bool ComeModello)
             DiSalvata(*Scritta);
             SetModificata(false);
             MostraTutto();
-            DopoSalvataggio();
+            Stampa->DopoSalvataggio();
             return true;
         } catch (const Errore& Guasto) {
             MsgErrore(u"Codice errore: %1\n%2"_s.arg(Guasto.Numero).arg(Guasto.Descrizione));
@@ -238,6 +234,12 @@ void frmParcelle::Cambiata()
     SetModificata(Nota.Modificata);
 }
 
+QScopedValueRollback<bool> frmParcelle::ApriDomanda()
+{
+    CopiaInAttesa();
+    return QScopedValueRollback<bool>(DialogoAperto, true);
+}
+
 void frmParcelle::SocioCambiato()
 {
     RefreshDatiBase();
@@ -247,10 +249,9 @@ void frmParcelle::SocioCambiato()
 void frmParcelle::CollegaCopia()
 {
     TimerCopia.setSingleShot(true);
-    ::Collega(&TimerCopia, &QTimer::timeout, this, [this] { TimerCopia_Timer(); });
+    Collega(&TimerCopia, &QTimer::timeout, this, [this] { TimerCopia_Timer(); });
     // An end that asks about nothing leaves the copy behind, complete: it is offered at the next start.
-    ::Collega(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
-              [this] { CopiaInAttesa(); });
+    Collega(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, [this] { CopiaInAttesa(); });
 }
 
 void frmParcelle::CopiaInAttesa()

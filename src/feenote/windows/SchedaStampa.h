@@ -1,0 +1,74 @@
+// The page of the print: the document, its data, the preview.
+#pragma once
+
+#include "feenote/parcella.h"
+#include "platform/base/errore.h"
+
+#include <QWidget>
+
+#include <memory>
+#include <optional>
+
+class CorniceNota;
+class QButtonGroup;
+class QLabel;
+
+namespace Ui {
+class SchedaStampa;
+}
+
+class SchedaStampa : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// @param Dati the note shown, which lives as long as the page
+    SchedaStampa(Parcella& Dati, CorniceNota& Finestra, QWidget* Padre);
+    ~SchedaStampa() override;
+
+    /// The page comes into view: the document as the note and the settings are now, from its first page on.
+    void Entra();
+    /// Writes the controls from the record; call it with the window's guard.
+    void Mostra();
+    /// A line in the preview's margin; empty: none.
+    void ImpostaAvviso(const QString& Testo);
+    /// Composes the chosen document; nothing while none is.
+    void Ricomponi();
+    /// What follows a save: the document, seen or not, and the companion application.
+    void DopoSalvataggio();
+    /// The button "print": asks for printer and pages, then prints.
+    void StampaParcella();
+
+    /// An element of the boxes of the print data, by DatoStampa: a QLineEdit or, for the two free texts, a
+    /// QPlainTextEdit.
+    [[nodiscard]] QWidget* txtDatiPar(int Indice) const;
+
+private:
+    // ---- SchedaStampa.cpp: document and data
+    void CollegaDocumento();
+    void CollegaDati();
+    void CollegaParti();
+    void CollegaSegni();
+    void MostraDati();
+    void MostraParti();
+    void cmbTipoStampa_Click(int Tipo);
+    void cmdProgFatt_Click();
+
+    // ---- SchedaStampa_Anteprima.cpp: composition, preview and its toolbar
+    void CollegaAnteprima();
+    void MostraAnteprima();
+    void AbilitaBarra();
+    void barPrint_ButtonClick(const QString& Chiave);
+    void MostraPagina(int Pagina);
+    void EsportaDocumento();
+    void SalvaPdf();
+    /// @param Invio for the companion application
+    /// @return what kept the document's file from being written
+    std::optional<Errore> Componi(bool Invio = false);
+
+    Parcella& Nota;
+    CorniceNota& Cornice;
+    std::unique_ptr<Ui::SchedaStampa> ui;
+    QButtonGroup* optContrTipo = nullptr;
+    QLabel* txtPage = nullptr;  ///< in barPrint
+};

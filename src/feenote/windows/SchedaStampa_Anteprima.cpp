@@ -1,0 +1,172 @@
+// Composition, the preview and its toolbar.
+#include "feenote/windows/SchedaStampa.h"
+
+#include "core/comandi.h"
+#include "core/modErrori.h"
+#include "core/modTesti.h"
+#include "core/posti.h"
+#include "core/sessione.h"
+#include "feenote/companion/modPV2.h"
+#include "feenote/modDatiStampa.h"
+#include "feenote/windows/barrastampa.h"
+#include "feenote/windows/bottoniesporta.h"
+#include "feenote/windows/cornicenota.h"
+#include "feenote/windows/mostra.h"
+#include "platform/kit/campo.h"
+#include "platform/kit/collega.h"
+#include "platform/preview/stampante.h"
+#include "platform/preview/vistastampa.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
+#include "print/modEsporta.h"
+#include "print/modStampe.h"
+#include "ui_SchedaStampa.h"
+
+#include <QScopeGuard>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The setting holds "-1" until somebody names an editor.
+bool HaEditor()
+{
+    return !sessione::WP.isEmpty() && sessione::WP != u"-1";
+}
+
+}  // namespace
+
+void SchedaStampa::CollegaAnteprima()
+{
+    txtPage = CostruisciBarraStampa(ui->barPrint, [this](const QString& Chiave) {
+        if (ConcludiCampo())
+            barPrint_ButtonClick(Chiave);
+    });
+    Collega(ui->vp, &VistaStampa::PaginaCambiata, this, &SchedaStampa::MostraPagina);
+}
+
+void SchedaStampa::Entra()
+{
+    AbilitaBarra();  // the settings may have named another editor meanwhile
+    Ricomponi();
+    ui->vp->ImpostaPreviewPage(1);
+}
+
+void SchedaStampa::Ricomponi()
+{
+    // A file that cannot be written is no message here: the page on view is whole.
+    if (Nota.cmbTipoStampa != NessunaVoce)
+        Protetta([this] { (void)Componi(); });
+}
+
+std::optional<Errore> SchedaStampa::Componi(bool Invio)
+{
+    VistaStampa* vp = ui->vp;
+    // What was drawn before a failure is shown.
+    const auto AllaFine = qScopeGuard([this, vp] {
+        vp->Aggiorna();
+        MostraPagina(1);  // until the reader, who stays where he was, moves
+    });
+    if (TogliIbanAssente(Nota))
+        mostra::Segno(ui->chkIBAN, Nota.chkIBAN);
+    const auto Cartella = Invio ? std::optional(CartellaCompagna()) : std::nullopt;
+    const auto Esito = AnteprimaConEsportazione(vp->Foglio(), Nota, Nota.cmbTipoStampa,
+                                                SteloDocumento(Cornice.Indice()), Cartella, vp->CartaInUso());
+    MemorizzaUltimaStampa(Nota);
+    return Esito;
+}
+
+void SchedaStampa::DopoSalvataggio()
+{
+    if (Nota.cmbTipoStampa != NessunaVoce) {
+        Protetta([this] { (void)Componi(); });
+        // What could not be composed leaves nothing to hand over: the last figures are another document's.
+        if (!sessione::RichiestaPV2.ID.isEmpty() && Protetta([this] { (void)Componi(true); }))
+            ConsegnaFattura(Nota);
+    }
+    InvioMsgPV2();
+}
+
+void SchedaStampa::MostraPagina(int Pagina)
+{
+    txtPage->setText(u"%1/%2"_s.arg(Pagina).arg(ui->vp->NumeroPagine()));
+}
+
+void SchedaStampa::barPrint_ButtonClick(const QString& Chiave)
+{
+    VistaStampa* vp = ui->vp;
+    if (Chiave == u"up") {
+        vp->ImpostaPreviewPage(vp->PaginaInVista() - 1);
+    } else if (Chiave == u"down") {
+        vp->ImpostaPreviewPage(vp->PaginaInVista() + 1);
+    } else if (Chiave == u"zoom") {
+        vp->ImpostaZoomMode(VistaStampa::ZoomAdatta);
+        vp->ImpostaZoom(100);
+    } else if (Chiave == u"print") {
+        StampaParcella();
+    } else if (Chiave == u"pdf") {
+        SalvaPdf();
+    } else if (Chiave == u"word") {
+        EsportaDocumento();
+    } else if (Chiave == u"wp") {
+        AvviaEditor(Cornice.Indice());
+    } else if (Chiave == u"help") {
+        EseguiComando(u"guida"_s, Cornice.Indice(), {});
+    } else if (Chiave.startsWith(TastoZoom)) {
+        const int Numero = Chiave.mid(1).toInt();
+        if (Numero == ZoomAlFoglio)
+            vp->ImpostaZoomMode(VistaStampa::ZoomAdatta);
+        else
+            vp->ImpostaZoom(Numero);
+    }
+}
+
+void SchedaStampa::StampaParcella()
+{
+    VistaStampa* vp = ui->vp;
+    if (Cornice.InDomanda() || Cornice.InDialogo([vp] { return PrintDialog(*vp); }) == 0)
+        return;
+    PrintDoc(*vp, Nota.Nome);
+    MostraPagina(vp->PaginaInVista());  // another paper may have given other pages
+}
+
+void SchedaStampa::EsportaDocumento()
+{
+    if (!Cornice.InDomanda())
+        EsportaInWord(Cornice.Indice(), [this] { return Componi(); });
+}
+
+void SchedaStampa::SalvaPdf()
+{
+    if (Cornice.InDomanda())
+        return;
+    const QString File = Cornice.InDialogo(
+        [this] { return EsportaPdf(*ui->vp, sessione::ParcellePath, NomePerFile(Nota.Nome)); });
+    if (!File.isEmpty())
+        MsgBox(u"Il documento "_s + NomeFile(File) + u" è stato salvato correttamente!"_s, vbInformation,
+               TitoloMessaggio.toString());
+}
+
+void SchedaStampa::ImpostaAvviso(const QString& Testo)
+{
+    ui->vp->ImpostaAvviso(Testo);
+}
+
+void SchedaStampa::MostraAnteprima()
+{
+    const bool Scelto = Nota.cmbTipoStampa != NessunaVoce;
+    ui->vp->setVisible(Scelto);
+    ui->lblSenzaDocumento->setVisible(!Scelto);
+    AbilitaBarra();
+    if (!Scelto)
+        txtPage->clear();
+}
+
+void SchedaStampa::AbilitaBarra()
+{
+    const bool Scelto = Nota.cmbTipoStampa != NessunaVoce;
+    for (QAction* Tasto : ui->barPrint->actions()) {
+        const QString Chiave = Tasto->objectName();
+        Tasto->setEnabled(Chiave == u"help" || (Scelto && (Chiave != u"wp" || HaEditor())));
+    }
+}
