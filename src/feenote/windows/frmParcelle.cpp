@@ -7,6 +7,7 @@
 #include "feenote/modParametri.h"
 #include "feenote/modTotali.h"
 #include "feenote/windows/SchedaAcconti.h"
+#include "feenote/windows/SchedaDatiBase.h"
 #include "feenote/windows/SchedaOnorari.h"
 #include "feenote/windows/SchedaSpese.h"
 #include "feenote/windows/SchedaStampa.h"
@@ -16,7 +17,6 @@
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"
-#include "ui_SchedaDatiBase.h"
 #include "ui_frmParcelle.h"
 
 #include <QApplication>
@@ -69,8 +69,7 @@ bool VoltaPagina(const QKeyEvent& Tasto)
 }  // namespace
 
 frmParcelle::frmParcelle(int Indice, QWidget* Padre)
-    : QWidget(Padre), Posto(Indice), ui(std::make_unique<Ui::frmParcelle>()),
-      uiBase(std::make_unique<Ui::SchedaDatiBase>())
+    : QWidget(Padre), Posto(Indice), ui(std::make_unique<Ui::frmParcelle>())
 {
     ui->setupUi(this);
     try {
@@ -82,8 +81,6 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     CollegaCornice();
     CollegaRicalcolo();
     CollegaCopia();
-    CollegaDatiBase();
-    CollegaCliCon();
     RimettiDisposizione();
     aspetto::TitoliInGrassetto(this);
     aspetto::AssegnaMnemonici(this);
@@ -99,8 +96,7 @@ int frmParcelle::Scheda() const
 
 void frmParcelle::CostruisciSchede()
 {
-    auto* Base = new QWidget(ui->tabParcelle);
-    uiBase->setupUi(Base);
+    Base = new SchedaDatiBase(Nota, *this, ui->tabParcelle);
     AggiungiScorrevole(ui->tabParcelle, Base, u"Dati base"_s);
     Onorari = new SchedaOnorari(Nota, Comune, *this, ui->tabParcelle);
     ui->tabParcelle->addTab(Onorari, u"Onorari"_s);
@@ -281,19 +277,18 @@ void frmParcelle::MostraTutto()
     if (InMostra)
         return;
     InMostra = true;
-    MostraDatiBase();
+    Base->Mostra();
     Onorari->Mostra();
     Spese->Mostra();
     Acconti->Mostra();
     Stampa->Mostra();
-    MostraCliCon();
     RefreshDatiBase();
     RefreshGrid();
     MostraSegni();
     MostraRicalcolo();
     InMostra = false;
 
-    if (QWidget* Casella = CasellaDi(std::exchange(Nota.Fuoco, CampoNota::Nessuno)))
+    if (QWidget* Casella = Base->CasellaDi(std::exchange(Nota.Fuoco, CampoNota::Nessuno)))
         RidaiFuoco(Casella);
 }
 

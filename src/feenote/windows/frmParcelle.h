@@ -8,7 +8,6 @@
 #include "feenote/parcella.h"
 #include "feenote/windows/comandirighe.h"
 #include "feenote/windows/cornicenota.h"
-#include "platform/base/errore.h"
 #include "tariffs/modTariffe.h"
 
 #include <QScopedValueRollback>
@@ -16,22 +15,17 @@
 #include <QWidget>
 
 #include <memory>
-#include <optional>
 
 struct CopiaRecupero;
-class QLabel;
-class QLineEdit;
-class QTabWidget;
-class QToolBar;
 class SchedaAcconti;
+class SchedaDatiBase;
 class SchedaOnorari;
 class SchedaSpese;
 class SchedaStampa;
 
 namespace Ui {
 class frmParcelle;
-class SchedaDatiBase;
-}  // namespace Ui
+}
 
 class frmParcelle : public QWidget, private CorniceNota
 {
@@ -122,16 +116,6 @@ private:
     bool ScriviCopia();    ///< the recovery copy; false when it could not be written
     void CopiaInAttesa();  ///< the copy that is due, at once
 
-    // ---- frmParcelle_DatiBase.cpp
-    void CollegaDatiBase();
-    void CollegaVariazione();  ///< option, sign and percent
-    void MostraDatiBase();
-    [[nodiscard]] QWidget* CasellaDi(CampoNota Campo) const;  ///< null for none
-
-    // ---- frmParcelle_CliCon.cpp: the parties in the address book
-    void CollegaCliCon();
-    void MostraCliCon();
-
     // ---- for the pages
     void Cambiata() override;
     void Ricomponi() override;
@@ -150,11 +134,11 @@ private:
     bool CambioScheda = false;
     bool DialogoAperto = false;  ///< a question of this window waits for its answer
 
+    SchedaDatiBase* Base = nullptr;
     SchedaOnorari* Onorari = nullptr;
     SchedaSpese* Spese = nullptr;
     SchedaAcconti* Acconti = nullptr;
     SchedaStampa* Stampa = nullptr;
 
     std::unique_ptr<Ui::frmParcelle> ui;
-    std::unique_ptr<Ui::SchedaDatiBase> uiBase;
 };

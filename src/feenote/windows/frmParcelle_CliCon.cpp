@@ -1,14 +1,10 @@
 // The client and the counterparty in the address book.
-#include "addressbook/richiesta.h"
-#include "core/aperture.h"
 #include "feenote/windows/frmParcelle.h"
 
+#include "addressbook/richiesta.h"
+#include "core/aperture.h"
 #include "feenote/modParti.h"
 #include "platform/kit/campo.h"
-#include "platform/kit/collega.h"
-#include "ui_SchedaDatiBase.h"
-
-#include <QToolButton>
 
 #include <array>
 
@@ -32,21 +28,6 @@ constexpr std::array VociCliCon{
 
 }  // namespace
 
-void frmParcelle::CollegaCliCon()
-{
-    const std::array Visualizza{uiBase->cmdVisCliCon_0, uiBase->cmdVisCliCon_1};
-    const std::array Inserisci{uiBase->cmdInsCliCon_0, uiBase->cmdInsCliCon_1};
-    const std::array Modifica{uiBase->cmdModCliCon_0, uiBase->cmdModCliCon_1};
-    const auto Alla = [this](QToolButton* Bottone, auto Fai) {
-        Collega(Bottone, &QToolButton::clicked, this, Fai);
-    };
-    for (int i = 0; i < int(VociCliCon.size()); ++i) {
-        Alla(Visualizza[size_t(i)], [this, i] { CliCon(i, false, {}); });
-        Alla(Inserisci[size_t(i)], [this, i] { CliCon(i, false, u"new"_s); });
-        Alla(Modifica[size_t(i)], [this, i] { CliCon(i, false, u"edit"_s); });
-    }
-}
-
 void frmParcelle::CliCon(int Elemento, bool DaStampa, const QString& MenuStart)
 {
     if (!Aperture.RubricaParcella || !ConcludiCampo())
@@ -62,15 +43,4 @@ void frmParcelle::oRubrica_SelDone(const QString& Parent, const QVariantList& Va
     if (Valori.size() < 2)
         return;
     ApplicaStampa([&] { RiceviDaRubrica(Nota, Parent, Valori[0].toInt(), Valori[1].toString()); });
-}
-
-void frmParcelle::MostraCliCon()
-{
-    // The parties are free text until the address book is there.
-    const bool Presente = bool(Aperture.RubricaParcella);
-    for (QWidget* Bottone : {uiBase->cmdVisCliCon_0, uiBase->cmdInsCliCon_0, uiBase->cmdModCliCon_0,
-                             uiBase->cmdVisCliCon_1, uiBase->cmdInsCliCon_1, uiBase->cmdModCliCon_1})
-        Bottone->setVisible(Presente);
-    uiBase->cmdModCliCon_0->setEnabled(Nota.IDCli > 0);
-    uiBase->cmdModCliCon_1->setEnabled(Nota.IDCon > 0);
 }

@@ -11,6 +11,7 @@
 #include "feenote/file/modRecupero.h"
 #include "feenote/file/modSalvataggio.h"
 #include "feenote/windows/SchedaAcconti.h"
+#include "feenote/windows/SchedaDatiBase.h"
 #include "feenote/windows/SchedaOnorari.h"
 #include "feenote/windows/SchedaSpese.h"
 #include "feenote/windows/SchedaStampa.h"
@@ -20,7 +21,6 @@
 #include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
-#include "ui_SchedaDatiBase.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -96,13 +96,7 @@ bool frmParcelle::Carica(const QString& Percorso)
 
 void frmParcelle::FuocoIniziale()
 {
-    QWidget* Primo = uiBase->txtCliente;
-    for (QLineEdit* Campo : {uiBase->txtCliente, uiBase->txtControp, uiBase->txtOggetto}) {
-        if (Campo->isEnabled() && !Campo->isReadOnly() && Campo->text().isEmpty()) {
-            Primo = Campo;
-            break;
-        }
-    }
+    QWidget* Primo = Base->CasellaIniziale();
     for (const QScrollArea* Scorre : findChildren<QScrollArea*>())
         Scorre->verticalScrollBar()->setValue(0);
     Primo->setFocus(Qt::OtherFocusReason);

@@ -1,0 +1,273 @@
+#include "feenote/windows/SchedaDatiBase.h"
+
+#include "core/aperture.h"
+#include "feenote/modParametri.h"
+#include "feenote/modParti.h"
+#include "feenote/modVariazione.h"
+#include "feenote/windows/cornicenota.h"
+#include "feenote/windows/mostra.h"
+#include "platform/kit/campo.h"
+#include "platform/kit/collega.h"
+#include "platform/kit/scelta.h"
+#include "ui_SchedaDatiBase.h"
+
+#include <QButtonGroup>
+#include <QFocusEvent>
+#include <QHelpEvent>
+#include <QRegularExpressionValidator>
+#include <QToolTip>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A text box of the note that needs no rule of its own.
+struct CasellaTesto
+{
+    QLineEdit* Ui::SchedaDatiBase::*Box;
+    ParteNota Quale;
+};
+
+constexpr std::array CaselleTesto{
+    CasellaTesto{&Ui::SchedaDatiBase::txtCliente, ParteNota::Cliente},
+    CasellaTesto{&Ui::SchedaDatiBase::txtControp, ParteNota::Controparte},
+    CasellaTesto{&Ui::SchedaDatiBase::txtOggetto, ParteNota::Oggetto},
+};
+
+/// A text that its box cuts shows its beginning once it is left, and is read whole in the tooltip.
+class TestoIntero : public QObject
+{
+public:
+    explicit TestoIntero(QLineEdit* Campo) : QObject(Campo), Box(Campo) { Campo->installEventFilter(this); }
+
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
+    {
+        // Of a name that was typed to its end one reads the beginning afterwards.
+        if (Evento->type() == QEvent::FocusOut && LasciaDavvero(*static_cast<QFocusEvent*>(Evento)))
+            Box->setCursorPosition(0);
+        if (Evento->type() != QEvent::ToolTip)
+            return QObject::eventFilter(Oggetto, Evento);
+        constexpr int Margini = 8;
+        constexpr qsizetype Massimo = 500;
+        const QString Testo = Box->text();
+        if (Box->fontMetrics().horizontalAdvance(Testo) > Box->width() - Margini)
+            QToolTip::showText(static_cast<QHelpEvent*>(Evento)->globalPos(),
+                               u"<p>"_s + Testo.left(Massimo).toHtmlEscaped() + u"</p>"_s, Box);
+        else
+            QToolTip::hideText();
+        return true;
+    }
+
+private:
+    QLineEdit* Box;
+};
+
+/// Entries of cmbAumRid.
+QStringList SegniAumRid()
+{
+    return {u"+"_s, u"-"_s};
+}
+
+QStringList TestiAutorita(const Parcella& Nota)
+{
+    QStringList Testi;
+    for (const Autorita& Voce : Nota.ListaAutorita)
+        Testi.append(Voce.DesAut);
+    return Testi;
+}
+
+QStringList TestiScaglioni(const Parcella& Nota)
+{
+    QStringList Testi;
+    for (const ScaglioneValore& Voce : Nota.ListaScaglioni)
+        Testi.append(Voce.DesVal);
+    return Testi;
+}
+
+}  // namespace
+
+SchedaDatiBase::SchedaDatiBase(Parcella& Dati, CorniceNota& Finestra, QWidget* Padre)
+    : QWidget(Padre), Nota(Dati), Cornice(Finestra), ui(std::make_unique<Ui::SchedaDatiBase>())
+{
+    ui->setupUi(this);
+    CollegaParti();
+    CollegaParametri();
+    CollegaVariazione();
+}
+
+SchedaDatiBase::~SchedaDatiBase() = default;
+
+void SchedaDatiBase::CollegaParti()
+{
+    for (const CasellaTesto& Voce : CaselleTesto) {
+        QLineEdit* Box = (*ui).*Voce.Box;
+        Collega(Box, &QLineEdit::textEdited, this, [this, Voce](const QString& Testo) {
+            CambiaParte(Nota, Voce.Quale, Testo);
+            Cornice.Cambiata();
+            MostraRubrica();
+        });
+        FiltraTasti(Box, {});
+        new TestoIntero(Box);
+    }
+    const std::array Visualizza{ui->cmdVisCliCon_0, ui->cmdVisCliCon_1};
+    const std::array Inserisci{ui->cmdInsCliCon_0, ui->cmdInsCliCon_1};
+    const std::array Modifica{ui->cmdModCliCon_0, ui->cmdModCliCon_1};
+    const auto Apre = [this](QToolButton* Bottone, int Elemento, const QString& MenuStart) {
+        Collega(Bottone, &QToolButton::clicked, this,
+                [=, this] { Cornice.CliCon(Elemento, false, MenuStart); });
+    };
+    for (int i = 0; i < int(Visualizza.size()); ++i) {
+        Apre(Visualizza[size_t(i)], i, {});
+        Apre(Inserisci[size_t(i)], i, u"new"_s);
+        Apre(Modifica[size_t(i)], i, u"edit"_s);
+    }
+}
+
+void SchedaDatiBase::CollegaParametri()
+{
+    ui->cmbCateg->addItems(VociCategoria());
+    ui->cmbCateg->setCurrentIndex(NessunaVoce);
+    // With lines in the note a change asks, refuses or reckons anew: the user first goes where he wants.
+    const auto ConRighe = [this] { return !Nota.xOnorari.Vuota() || !Nota.xDiritti.Vuota(); };
+    const auto Parametro = [=, this](QComboBox* Lista, auto Cambia) {
+        AlScegliere(
+            Lista, [=, this](int Scelta, ModoScelta) { Cornice.Applica([&] { Cambia(Nota, Scelta); }); },
+            ConRighe);
+    };
+    Parametro(ui->cmbCateg, CambiaCategoria);
+    Parametro(ui->cmbAutor, CambiaAutorita);
+    Parametro(ui->cmbValore, CambiaScaglione);
+    Collega(ui->txtImporto, &QLineEdit::textEdited, this, [this](const QString& Testo) {
+        Nota.txtImporto.Testo = Testo;
+        SetModificata(Nota, true);
+        Cornice.Cambiata();
+    });
+    mostra::LarghezzaImporto(ui->txtImporto);
+    CampoNumericoSempre(ui->txtImporto, [this] {
+        txtImporto_LostFocus();
+        return true;
+    });
+}
+
+void SchedaDatiBase::CollegaVariazione()
+{
+    const std::array Opzioni{ui->optAumRid_0, ui->optAumRid_1, ui->optAumRid_2, ui->optAumRid_3,
+                             ui->optAumRid_4, ui->optAumRid_5, ui->optAumRid_6, ui->optAumRid_7,
+                             ui->optAumRid_8, ui->optAumRid_9, ui->optAumRid_10};
+    static_assert(Opzioni.size() == NumAumRid);
+    optAumRid = new QButtonGroup(this);
+    optAumRid->setObjectName(u"optAumRid"_s);
+    for (int i = 0; i < NumAumRid; ++i)
+        optAumRid->addButton(Opzioni[size_t(i)], i);
+    Collega(optAumRid, &QButtonGroup::idClicked, this,
+            [this](int Scelta) { Cornice.Applica([&] { ScegliAumRid(Nota, Scelta); }); });
+
+    ui->cmbAumRid->addItems(SegniAumRid());
+    ui->cmbAumRid->setCurrentIndex(NessunaVoce);
+    Collega(ui->cmbAumRid, &QComboBox::activated, this, &SchedaDatiBase::cmbAumRid_Click);
+
+    // What is pasted is whole digits too: a sign of its own would turn the one of the list round.
+    FiltraTasti(ui->txtAumRid, u"1234567890"_s);
+    ui->txtAumRid->setValidator(
+        new QRegularExpressionValidator(QRegularExpression(u"[0-9]*"_s), ui->txtAumRid));
+    Collega(ui->txtAumRid, &QLineEdit::textEdited, this,
+            [this](const QString& Testo) { Cornice.Applica([&] { CambiaTestoAumRid(Nota, Testo); }); });
+    AlLasciaSempre(ui->txtAumRid, [this] { return txtAumRid_LostFocus(); });
+}
+
+/// A box that a rule has emptied, or whose bracket went with the category, is left like one typed in.
+void SchedaDatiBase::txtImporto_LostFocus()
+{
+    if (ui->txtImporto->isModified() || ImportoInSospeso(Nota))
+        Cornice.Applica([&] { LasciaImporto(Nota); });
+}
+
+/// With no percent yet the sign waits for one: leaving an empty box would take it away again.
+void SchedaDatiBase::cmbAumRid_Click(int Segno)
+{
+    Cornice.Applica([&] {
+        CambiaSegnoAumRid(Nota, Segno);
+        if (!Nota.txtAumRid.Testo.isEmpty())
+            LasciaAumRid(Nota);
+    });
+}
+
+/// A limit that a refusal has put into the box is no edit of the user's, and yet comes into force.
+bool SchedaDatiBase::txtAumRid_LostFocus()
+{
+    if (!VariazioneInSospeso(Nota))
+        return true;
+    bool Accettata = true;
+    Cornice.Applica([&] {
+        LasciaAumRid(Nota);
+        Accettata = Nota.Fuoco != CampoNota::Variazione;
+    });
+    return Accettata;
+}
+
+QWidget* SchedaDatiBase::CasellaDi(CampoNota Campo) const
+{
+    switch (Campo) {
+    case CampoNota::Nessuno:
+        return nullptr;
+    case CampoNota::Categoria:
+        return ui->cmbCateg;
+    case CampoNota::Autorita:
+        return ui->cmbAutor;
+    case CampoNota::Valore:
+        return ui->txtImporto;
+    case CampoNota::Variazione:
+        return ui->txtAumRid;
+    case CampoNota::Cliente:
+        return ui->txtCliente;
+    case CampoNota::Controparte:
+        return ui->txtControp;
+    case CampoNota::Oggetto:
+        return ui->txtOggetto;
+    }
+    return nullptr;
+}
+
+QWidget* SchedaDatiBase::CasellaIniziale() const
+{
+    for (QLineEdit* Campo : {ui->txtCliente, ui->txtControp, ui->txtOggetto})
+        if (Campo->isEnabled() && !Campo->isReadOnly() && Campo->text().isEmpty())
+            return Campo;
+    return ui->txtCliente;
+}
+
+void SchedaDatiBase::Mostra()
+{
+    MostraParti();
+    mostra::Elenco(ui->cmbCateg, VociCategoria(), Nota.cmbCateg, true);
+    mostra::Elenco(ui->cmbAutor, TestiAutorita(Nota), Nota.cmbAutor, Nota.cmbAutorAbilitata);
+    mostra::Elenco(ui->cmbValore, TestiScaglioni(Nota), Nota.cmbValore, Nota.cmbValoreAbilitata);
+    mostra::Testo(ui->txtImporto, Nota.txtImporto);
+
+    mostra::Opzioni(optAumRid, Nota.AumRidIdx);
+    mostra::Elenco(ui->cmbAumRid, SegniAumRid(), Nota.cmbAumRid, Nota.cmbAumRidAbilitata);
+    mostra::Testo(ui->txtAumRid, Nota.txtAumRid);
+}
+
+void SchedaDatiBase::MostraParti()
+{
+    for (const CasellaTesto& Voce : CaselleTesto)
+        mostra::Testo((*ui).*Voce.Box, ParteScritta(Nota, Voce.Quale));
+    const bool Collegata = !Nota.NsRif.isEmpty();
+    ui->lblRif_0->setVisible(Collegata);
+    ui->lblRif_1->setVisible(Collegata);
+    ui->lblRif_1->setText(Nota.NsRif);
+    MostraRubrica();
+}
+
+void SchedaDatiBase::MostraRubrica()
+{
+    // The parties are free text until the address book is there.
+    for (QWidget* Bottone : {ui->cmdVisCliCon_0, ui->cmdInsCliCon_0, ui->cmdModCliCon_0, ui->cmdVisCliCon_1,
+                             ui->cmdInsCliCon_1, ui->cmdModCliCon_1})
+        Bottone->setVisible(bool(Aperture.RubricaParcella));
+    ui->cmdModCliCon_0->setEnabled(Nota.IDCli > 0);
+    ui->cmdModCliCon_1->setEnabled(Nota.IDCon > 0);
+}

@@ -1,0 +1,47 @@
+// The page of the base data: parties, subject, parameters of the proceeding, percent variation.
+#pragma once
+
+#include "feenote/parcella.h"
+
+#include <QWidget>
+
+#include <memory>
+
+class CorniceNota;
+class QButtonGroup;
+
+namespace Ui {
+class SchedaDatiBase;
+}
+
+class SchedaDatiBase : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// @param Dati the note shown, which lives as long as the page
+    SchedaDatiBase(Parcella& Dati, CorniceNota& Finestra, QWidget* Padre);
+    ~SchedaDatiBase() override;
+
+    /// Writes the controls from the record; call it with the window's guard.
+    void Mostra();
+    /// The box of a field of the note; null for none.
+    [[nodiscard]] QWidget* CasellaDi(CampoNota Campo) const;
+    /// Where a note begins: the first of its texts that is empty, client in front, or else the client.
+    [[nodiscard]] QWidget* CasellaIniziale() const;
+
+private:
+    void CollegaParti();
+    void CollegaParametri();
+    void CollegaVariazione();  ///< option, sign and percent
+    void MostraParti();
+    void MostraRubrica();  ///< the buttons of the address book
+    void txtImporto_LostFocus();
+    void cmbAumRid_Click(int Segno);
+    [[nodiscard]] bool txtAumRid_LostFocus();
+
+    Parcella& Nota;
+    CorniceNota& Cornice;
+    std::unique_ptr<Ui::SchedaDatiBase> ui;
+    QButtonGroup* optAumRid = nullptr;
+};
