@@ -242,6 +242,7 @@ std::span<const ComandoCli> ComandiCli()
         ComandoCli{u"crea", u"DESCRIZIONE.json NOTA.mdb", 2, 2, false, ComandoCrea},
         ComandoCli{u"nota", u"NOTA.mdb", 1, 1, false, ComandoNota},
         ComandoCli{u"stampa", u"NOTA.mdb TIPO USCITA.txt|.pdf|.doc|.htm", 3, 3, false, ComandoStampa},
+        ComandoCli{u"trova", u"CARTELLA [TESTO [SOTTOCARTELLE]]", 1, 3, false, ComandoTrova},
         ComandoCli{u"termini", u"DECORRENZA NUMERO TIPO [SOSPENSIONE [LIBERO [SABATO [VERSO]]]]", 3, 7, false,
                    ComandoTermini},
         ComandoCli{u"sequenziali", u"UDIENZA ARTICOLO [SOSPENSIONE [SABATO]]", 2, 4, false,

@@ -40,6 +40,7 @@ struct ComandoCli
 [[nodiscard]] Risposta ComandoNota(const QStringList& Valori);
 [[nodiscard]] Risposta ComandoRiepilogo(const QStringList& Valori);
 [[nodiscard]] Risposta ComandoStampa(const QStringList& Valori);
+[[nodiscard]] Risposta ComandoTrova(const QStringList& Valori);
 
 /// The calculators.
 [[nodiscard]] Risposta ComandoTermini(const QStringList& Valori);

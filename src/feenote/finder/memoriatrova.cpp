@@ -37,6 +37,12 @@ int MemoriaTrova::Quanti() const
     return int(Visti.size());
 }
 
+void MemoriaTrova::Dimentica()
+{
+    const QMutexLocker Mio(&Turno);
+    Visti.clear();
+}
+
 const std::shared_ptr<MemoriaTrova>& MemoriaDelTrova()
 {
     static const auto Una = std::make_shared<MemoriaTrova>();

@@ -36,6 +36,7 @@ public:
     /// showing it, and is not kept
     void Ricorda(const QString& File, const Ricordo& Nuovo, qint64 AdessoMs);
     [[nodiscard]] int Quanti() const;
+    void Dimentica();
 
 private:
     mutable QMutex Turno;
