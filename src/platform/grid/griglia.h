@@ -5,6 +5,7 @@
 #include "platform/database/recordset.h"
 #include "platform/kit/campo.h"
 
+#include <QIcon>
 #include <QList>
 #include <QString>
 #include <QVariant>
@@ -40,6 +41,8 @@ struct ColonnaGriglia
     bool Maiuscole = false;  ///< letters are raised as they are typed or pasted
     /// Text of a cell; without it CStr shows the value.
     std::function<QString(const QVariant& Valore, int Riga)> Mostra;
+    /// Picture before the text; the room of one is kept in each row of a column that has them.
+    std::function<QIcon(int Riga)> Immagine;
 };
 
 /// A grid over rows that somebody else owns. The table is the truth, no text of it is kept: after changing
@@ -136,6 +139,14 @@ public:
     std::function<void(int Riga)> NuovaRiga;
     /// Checks a row before it is left. False keeps the current row on it.
     std::function<bool(int Riga)> LasciaRiga;
+
+    // ---- further wishes of the form
+
+    /// What the tool tip of a row says, over any of its cells; without it, or where it is empty, the text of
+    /// a cell that does not fit.
+    std::function<QString(int Riga)> Suggerimento;
+    /// Takes letters typed where no cell can be written; those that follow quickly come together.
+    std::function<void(const QString& Lettere)> CercaLettere;
 
 Q_SIGNALS:
     void RigaCambiata(int Riga);  ///< another row is current, by the user or by code; -1 none

@@ -13,9 +13,21 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QRect RiquadroTesto(const QRect& Cella)
+constexpr int LatoImmagine = 16;
+
+QRect RiquadroTesto(const QRect& Riquadro, const QModelIndex& Cella)
 {
-    return Cella.adjusted(MargineCella, 0, -MargineCella, -1);
+    const bool ConImmagine = Cella.data(Qt::DecorationRole).isValid();
+    return Riquadro.adjusted(MargineCella + (ConImmagine ? LatoImmagine + MargineCella : 0), 0, -MargineCella,
+                             -1);
+}
+
+void DipingiImmagine(QPainter* Pennello, const QRect& Riquadro, const QModelIndex& Cella)
+{
+    const QRect Posto(Riquadro.left() + MargineCella,
+                      Riquadro.top() + (Riquadro.height() - 1 - LatoImmagine) / 2, LatoImmagine,
+                      LatoImmagine);
+    Cella.data(Qt::DecorationRole).value<QIcon>().paint(Pennello, Posto);
 }
 
 /// One line: the breaks of a long description would show as boxes.
@@ -65,7 +77,8 @@ void DisegnoCelle::paint(QPainter* Pennello, const QStyleOptionViewItem& Opzioni
 
     Pennello->setFont(Opzioni.font);
     Pennello->setPen(Scelta ? aspetto::TestoRigaSelezionata() : Colori.color(Gruppo, QPalette::Text));
-    const QRect Testo = RiquadroTesto(Riquadro);
+    DipingiImmagine(Pennello, Riquadro, Cella);
+    const QRect Testo = RiquadroTesto(Riquadro, Cella);
     const auto Allinea = Qt::Alignment(Cella.data(Qt::TextAlignmentRole).toInt());
     Pennello->drawText(Testo, int(Allinea) | Qt::TextSingleLine,
                        Opzioni.fontMetrics.elidedText(SuUnaRiga(Cella), Qt::ElideRight, Testo.width()));
@@ -76,17 +89,25 @@ void DisegnoCelle::paint(QPainter* Pennello, const QStyleOptionViewItem& Opzioni
     }
 }
 
-/// A text that does not fit is shown whole.
+/// What the form says of the row, else a text that does not fit, whole.
 bool DisegnoCelle::helpEvent(QHelpEvent* Evento, QAbstractItemView*, const QStyleOptionViewItem& Opzioni,
                              const QModelIndex& Cella)
 {
-    const QString Testo = Cella.isValid() ? Cella.data().toString() : QString();
-    const bool Intero = Opzioni.fontMetrics.horizontalAdvance(Testo) <= RiquadroTesto(Opzioni.rect).width();
-    if (Evento->type() != QEvent::ToolTip || Testo.isEmpty() || Intero) {
+    if (Evento->type() != QEvent::ToolTip || !Cella.isValid()) {
         QToolTip::hideText();
         return true;
     }
-    const QString Piano = u"<p style='white-space:pre-wrap'>"_s + Testo.toHtmlEscaped() + u"</p>"_s;
-    QToolTip::showText(Evento->globalPos(), Piano, Vista, Opzioni.rect);
+    QString Testo = Vista->SuggerimentoDi(Cella.row());
+    if (Testo.isEmpty()) {
+        Testo = Cella.data().toString();
+        if (Opzioni.fontMetrics.horizontalAdvance(Testo) <= RiquadroTesto(Opzioni.rect, Cella).width())
+            Testo.clear();
+    }
+    if (Testo.isEmpty())
+        QToolTip::hideText();
+    else
+        QToolTip::showText(Evento->globalPos(),
+                           u"<p style='white-space:pre-wrap'>"_s + Testo.toHtmlEscaped() + u"</p>"_s, Vista,
+                           Opzioni.rect);
     return true;
 }

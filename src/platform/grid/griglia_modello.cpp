@@ -158,6 +158,10 @@ QVariant ModelloGriglia::data(const QModelIndex& Cella, int Ruolo) const
         return Testo(Cella.row(), Cella.column());
     case Qt::TextAlignmentRole:
         return int(ListaColonne[Cella.column()].Allinea | Qt::AlignVCenter);
+    case Qt::DecorationRole: {
+        const auto& Immagine = ListaColonne[Cella.column()].Immagine;
+        return Immagine && !RigaVuota(Cella.row()) ? QVariant(Immagine(Cella.row())) : QVariant();
+    }
     default:
         return {};
     }

@@ -97,6 +97,11 @@ VistaGriglia::VistaGriglia(Griglia* Intera)
             [this](int Colonna) { Q_EMIT Padrona->ClicTitolo(Colonna); });
 }
 
+QString VistaGriglia::SuggerimentoDi(int Riga) const
+{
+    return Padrona->Suggerimento && !Righe->RigaVuota(Riga) ? Padrona->Suggerimento(Riga) : QString();
+}
+
 void VistaGriglia::AltezzaRighe()
 {
     constexpr int Aria = 8;
@@ -266,11 +271,29 @@ void VistaGriglia::keyPressEvent(QKeyEvent* Evento)
         Evento->accept();
         if (Righe->Modificabile(Dove.column()))
             Aperta->ApriDigitando(Dove, *Evento);
+        else if (LetteraCercata(*Evento))
+            Padrona->CercaLettere(Lettere);
         else if (Evento->key() == Qt::Key_Space && RigaVera())
             Q_EMIT Padrona->ClicCella(Dove.row(), Dove.column());
     } else {
         QTableView::keyPressEvent(Evento);
     }
+}
+
+/// Letters that follow quickly are one text; a blank begins none. @return true when the form seeks them
+bool VistaGriglia::LetteraCercata(const QKeyEvent& Evento)
+{
+    if (!Padrona->CercaLettere)
+        return false;
+    const bool Segue =
+        UltimaLettera.isValid() && UltimaLettera.elapsed() <= QApplication::keyboardInputInterval();
+    if (!Segue)
+        Lettere.clear();
+    if (Lettere.isEmpty() && Evento.key() == Qt::Key_Space)
+        return false;
+    Lettere += Evento.text();
+    UltimaLettera.start();
+    return true;
 }
 
 /// The keys of what is done with rows. @return true when the form was told
@@ -367,10 +390,13 @@ void VistaGriglia::Invio()
 
 void VistaGriglia::inputMethodEvent(QInputMethodEvent* Evento)
 {
-    // Letters composed by an input method (accents, dead keys) begin a cell like typed ones.
-    if (!Evento->commitString().isEmpty() && Righe->Modificabile(currentIndex().column())) {
+    // Letters composed by an input method (accents, dead keys) begin a cell, or are sought, like typed ones.
+    if (!Evento->commitString().isEmpty()) {
         const QKeyEvent Tasto(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, Evento->commitString());
-        Aperta->ApriDigitando(currentIndex(), Tasto);
+        if (Righe->Modificabile(currentIndex().column()))
+            Aperta->ApriDigitando(currentIndex(), Tasto);
+        else if (LetteraCercata(Tasto))
+            Padrona->CercaLettere(Lettere);
     }
     Evento->accept();
 }

@@ -1,6 +1,7 @@
 // The table view inside a grid: keys, mouse and the rule that a row must let itself be left.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QHash>
 #include <QTableView>
 
@@ -52,6 +53,9 @@ public:
     /// Puts the columns into an order, all of them named from the left.
     void ImpostaOrdine(const QList<int>& Colonne);
 
+    /// What the form says of a row in its tool tip; empty none.
+    [[nodiscard]] QString SuggerimentoDi(int Riga) const;
+
     QString Frase;                    ///< shown while there are no rows
     bool ConComandi = false;          ///< the form takes commands on rows
     bool ConSelezioneAlClic = false;  ///< a click on a cell selects its row
@@ -80,6 +84,7 @@ private:
     void ColonnaSpostata();
     bool TastoComando(const QKeyEvent& Evento);
     bool TastoRighe(const QKeyEvent& Evento);
+    bool LetteraCercata(const QKeyEvent& Evento);
     bool EstendiSelezione(int Passo);
     void Invio();
     void DoppioClicSu(const QModelIndex& Dove);
@@ -95,4 +100,6 @@ private:
     QList<int> OrdinePrima;             ///< columns from the left, before the user drags one
     bool Ordinando = false;             ///< columns are moved by code
     bool Stirando = false;
+    QString Lettere;  ///< typed one after the other, to be sought
+    QElapsedTimer UltimaLettera;
 };

@@ -1,0 +1,149 @@
+// A grid that only lists: pictures, the tool tips of rows, letters that seek.
+#include "platform/grid/griglia.h"
+#include "supporto/finestre.h"
+#include "supporto/prova.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QInputMethodEvent>
+#include <QPixmap>
+#include <QTableView>
+#include <QToolTip>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+class TestGrigliaElenco : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void leLettereCercano();
+    void leLettereDopoUnaPausaComincianoDaCapo();
+    void senzaRicercaLeLettereNonSonoDiNessuno();
+    void loSpazioNonComincia();
+    void lImmagineStaDavanti();
+    void ilSuggerimentoDellaRiga();
+
+private:
+    [[nodiscard]] QPoint Centro(int Riga, int Colonna) const
+    {
+        const QTableView* Vista = G->Vista();
+        return Vista->visualRect(Vista->model()->index(Riga, Colonna)).center();
+    }
+    void ChiediSuggerimento(int Riga, int Colonna) const
+    {
+        QWidget* Sotto = G->Vista()->viewport();
+        const QPoint Dove = Centro(Riga, Colonna);
+        QHelpEvent Evento(QEvent::ToolTip, Dove, Sotto->mapToGlobal(Dove));
+        QApplication::sendEvent(Sotto, &Evento);
+    }
+
+    TabellaRighe Righe{2};
+    std::unique_ptr<Griglia> G;
+    QStringList Cercate;
+};
+PROVA(TestGrigliaElenco);
+
+void TestGrigliaElenco::init()
+{
+    Righe.Azzera(2);
+    for (const QString& Nome : {u"alfa"_s, u"beta"_s, u"gamma"_s}) {
+        const int Riga = Righe.AggiungiRiga();
+        Righe(Riga, 0) = Nome;
+        Righe(Riga, 1) = QString(200, u'x');
+    }
+    G = std::make_unique<Griglia>();
+    QList<ColonnaGriglia> Colonne(2);
+    Colonne[0].Titolo = u"Nome"_s;
+    Colonne[1].Titolo = u"Testo"_s;
+    Colonne[1].Campo = 1;
+    G->ImpostaColonne(Colonne);
+    G->Lega(&Righe);
+    G->resize(400, 300);
+    QVERIFY(MostraAttiva(*G));
+    G->setFocus();
+    Cercate.clear();
+    G->CercaLettere = [this](const QString& Lettere) { Cercate += Lettere; };
+}
+
+void TestGrigliaElenco::cleanup()
+{
+    QToolTip::hideText();
+    G.reset();
+}
+
+void TestGrigliaElenco::leLettereCercano()
+{
+    Digita(u"bè 1"_s);
+    QCOMPARE(Cercate, (QStringList{u"b"_s, u"bè"_s, u"bè "_s, u"bè 1"_s}));
+    QInputMethodEvent Composta;
+    Composta.setCommitString(u"ö"_s);
+    QApplication::sendEvent(G->Vista(), &Composta);
+    QCOMPARE(Cercate.last(), u"bè 1ö"_s);
+}
+
+void TestGrigliaElenco::leLettereDopoUnaPausaComincianoDaCapo()
+{
+    const int Prima = QApplication::keyboardInputInterval();
+    QApplication::setKeyboardInputInterval(20);
+    Digita(u"b"_s);
+    QTest::qWait(60);
+    Digita(u"g"_s);
+    QApplication::setKeyboardInputInterval(Prima);
+    QCOMPARE(Cercate, (QStringList{u"b"_s, u"g"_s}));
+}
+
+void TestGrigliaElenco::senzaRicercaLeLettereNonSonoDiNessuno()
+{
+    G->CercaLettere = {};
+    Digita(u"g"_s);
+    QCOMPARE(G->RigaCorrente(), 0);
+    QVERIFY(!G->InModifica());
+}
+
+void TestGrigliaElenco::loSpazioNonComincia()
+{
+    Premi(Qt::Key_Space);
+    QCOMPARE(Cercate, QStringList());
+}
+
+void TestGrigliaElenco::lImmagineStaDavanti()
+{
+    const QImage Senza = G->Vista()->viewport()->grab().toImage();
+    QPixmap Rossa(16, 16);
+    Rossa.fill(Qt::red);
+    QList<ColonnaGriglia> Colonne(2);
+    Colonne[0].Caratteri = 20;
+    Colonne[0].Immagine = [Rossa](int Riga) { return Riga == 1 ? QIcon(Rossa) : QIcon(); };
+    Colonne[1].Campo = 1;
+    G->ImpostaColonne(Colonne);
+    const QImage Con = G->Vista()->viewport()->grab().toImage();
+    const auto Rossi = [&](int Riga) {
+        const QRect Dove = G->Vista()->visualRect(G->Vista()->model()->index(Riga, 0));
+        int Quanti = 0;
+        for (int X = Dove.left(); X < Dove.left() + 30; ++X)
+            Quanti += Con.pixelColor(X, Dove.center().y()) == QColor(Qt::red);
+        return Quanti;
+    };
+    QVERIFY(Senza.pixelColor(10, Centro(1, 0).y()) != QColor(Qt::red));
+    QCOMPARE(Rossi(1), 16);
+    QCOMPARE(Rossi(0), 0);
+}
+
+void TestGrigliaElenco::ilSuggerimentoDellaRiga()
+{
+    G->Suggerimento = [](int Riga) { return Riga == 1 ? u"/note/beta.mdb <1>"_s : QString(); };
+    ChiediSuggerimento(1, 0);
+    QTRY_VERIFY(QToolTip::text().contains(u"/note/beta.mdb &lt;1&gt;"));
+    ChiediSuggerimento(0, 1);
+    QTRY_VERIFY2(QToolTip::text().contains(u"xxxx"), "a text that does not fit");
+    ChiediSuggerimento(0, 0);
+    QTRY_VERIFY(!QToolTip::isVisible() || QToolTip::text().isEmpty());
+}
+
+#include "TestGrigliaElenco.moc"
