@@ -14,6 +14,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void nuovaHaIlFuoco();
+    void dueParcelle();
     void chiusaUnaSiSalvaLAltra();
     void ilFuocoTornaDaUnMessaggio();
     void annullareUnaChiusura();
@@ -43,6 +44,47 @@ void TestNote::nuovaHaIlFuoco()
     ATTENDI(u"testo txtCliente"_s, "Bianchi");
 }
 
+/// From one to the other by Ctrl+Tab and by the mouse: the keys mean the one in front. The first is closed
+/// from behind and the second goes on.
+void TestNote::dueParcelle()
+{
+    P->Digita(u"Bianchi"_s);
+    P->Premi(u"ctrl+n"_s);
+    ATTENDI_CHE(P->Chiedi(u"attiva"_s).contains(u"Nuova parcella:2"));
+    ATTENDI(u"fuoco"_s, "txtCliente");
+    P->Digita(u"Verdi"_s);
+    ATTENDI(u"testo txtCliente"_s, "Verdi");
+    P->Premi(u"ctrl+Tab"_s);
+    ATTENDI_CHE(P->Chiedi(u"attiva"_s).endsWith(u"|Nuova parcella"));
+    ATTENDI(u"testo txtCliente"_s, "Bianchi");
+    ATTENDI(u"fuoco"_s, "txtCliente");
+    P->Premi(u"End"_s);
+    P->Digita(u" Ugo"_s);
+    ATTENDI(u"testo txtCliente"_s, "Bianchi Ugo");
+    P->Premi(u"ctrl+Tab"_s);
+    ATTENDI(u"testo txtCliente"_s, "Verdi");
+    P->Premi(u"ctrl+Tab"_s);
+    ATTENDI(u"testo txtCliente"_s, "Bianchi Ugo");
+    P->Premi(u"ctrl+w"_s);
+    ATTENDI_CHE(P->Messaggio().contains(u"Vuoi salvare"));
+    P->Rispondi(u"Right"_s);  // from Yes to No
+    P->Premi(u"Return"_s);
+    ATTENDI(u"messaggio"_s, "");
+    ATTENDI_CHE(P->Chiedi(u"attiva"_s).contains(u"|Nuova parcella:2"));
+    ATTENDI(u"fuoco"_s, "txtCliente");
+    P->Premi(u"End"_s);
+    P->Digita(u" Pia"_s);
+    ATTENDI(u"testo txtCliente"_s, "Verdi Pia");
+    P->Premi(u"ctrl+Next"_s);
+    ATTENDI_CHE(!P->Messaggio().isEmpty());  // its own parameters are asked for
+    P->Rispondi(u"Return"_s);
+    ATTENDI(u"messaggio"_s, "");
+    P->Premi(u"ctrl+s"_s);
+    ATTENDI_CHE(P->Chiedi(u"attiva"_s).contains(u"Salva"));
+    P->Premi(u"Escape"_s);
+    ATTENDI_CHE(P->Chiedi(u"attiva"_s).contains(u"|Nuova parcella:2"));
+}
+
 void TestNote::chiusaUnaSiSalvaLAltra()
 {
     P->Clic(u"txtCliente"_s);
@@ -57,8 +99,7 @@ void TestNote::chiusaUnaSiSalvaLAltra()
     P->Digita(u"bianchi prova"_s);
     P->Premi(u"Return"_s);
     const auto Salvate = [this] {
-        QDirIterator Giro(P->Casa() + u"/Documenti"_s, {u"bianchi prova.mdb"_s}, QDir::Files,
-                          QDirIterator::Subdirectories);
+        QDirIterator Giro(P->Casa(), {u"bianchi prova.mdb"_s}, QDir::Files, QDirIterator::Subdirectories);
         return Giro.hasNext() ? Giro.next() : QString();
     };
     QTRY_VERIFY2_WITH_TIMEOUT(!Salvate().isEmpty(), qPrintable(P->Stato()), 15000);

@@ -1,9 +1,11 @@
-// Where Tab leads in every window, written down in ordine/: a line a stop, from the first focus on. To write
-// the files anew, set CALCANOVA_SCRIVI_ORDINE, and read what has changed.
+// Where Tab and Enter lead in every window, written down in ordine/: a line a stop, from the first focus on.
+// To write the files anew, set CALCANOVA_SCRIVI_ORDINE, and read what has changed.
 #include "moduli.h"
 
 #include <QDir>
 #include <QFile>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -16,10 +18,14 @@ private Q_SLOTS:
     void cleanup();
     void modulo_data() { RigheModuli(); }
     void modulo();
-    void datiBase();
+    void scheda_data() { RigheSchede(); }
+    void scheda();
+    void schedaInformativa();
+    void stampaDiUnCalcolo();
 
 private:
-    [[nodiscard]] QStringList Giro();
+    [[nodiscard]] QStringList Giro(const QString& Tasto);
+    void Percorri(const QString& Nome);
     static void Confronta(const QString& Nome, const QStringList& Incontrati);
 
     std::unique_ptr<Programma> P;
@@ -34,20 +40,35 @@ void TestOrdineFuoco::init()
 
 void TestOrdineFuoco::cleanup()
 {
+    if (QTest::currentTestFailed())
+        P->Fotografa(u"fallita_"_s + QString::fromLatin1(QTest::currentTestFunction()));
     P.reset();
 }
 
-/// The stops of Tab until the first one comes again.
-QStringList TestOrdineFuoco::Giro()
+/// The stops of a key until the first one comes again, or it moves on no more; going through the cells of a
+/// grid is one stop. Enter presses a button: it is the last stop.
+QStringList TestOrdineFuoco::Giro(const QString& Tasto)
 {
-    constexpr int Massimo = 80;
+    constexpr int Massimo = 120;
+    constexpr int Celle = 40;
     QStringList Incontrati;
-    for (int i = 0; i < Massimo; ++i) {
+    int Fermo = 0;
+    for (int i = 0; i < Massimo && Fermo < Celle; ++i) {
         const QString Qui = P->Fuoco();
-        if (Incontrati.contains(Qui) && Qui == Incontrati.first())
+        Fermo = !Incontrati.isEmpty() && Qui == Incontrati.last() ? Fermo + 1 : 0;
+        if (Fermo == 0) {
+            if (Incontrati.contains(Qui))
+                break;
+            Incontrati += Qui;
+        }
+        if (Tasto == u"Return" && P->Chiedi(u"pulsante"_s) == u"1")
             break;
-        Incontrati += Qui;
-        P->Premi(u"Tab"_s);
+        P->Premi(Tasto);
+        if (!P->Messaggio().isEmpty()) {
+            Incontrati += u'«' + P->Messaggio() + u'»';
+            P->Rispondi(u"Escape"_s);
+            break;
+        }
     }
     return Incontrati;
 }
@@ -64,6 +85,21 @@ void TestOrdineFuoco::Confronta(const QString& Nome, const QStringList& Incontra
     QCOMPARE(Incontrati, QString::fromUtf8(File.readAll()).split(u'\n', Qt::SkipEmptyParts));
 }
 
+/// Enter first, since it may begin where the window does; Shift+Tab goes back through what Tab has met.
+void TestOrdineFuoco::Percorri(const QString& Nome)
+{
+    ATTENDI_CHE(!P->Fuoco().isEmpty());
+    const QString Prima = P->Fuoco();
+    Confronta(Nome + u"_invio"_s, Giro(u"Return"_s));
+    QVERIFY2(P->VaiA(Prima), qPrintable(P->Stato()));
+    const QStringList Avanti = Giro(u"Tab"_s);
+    QCOMPARE(P->Fuoco(), Prima);  // the ring is closed
+    Confronta(Nome, Avanti);
+    QStringList Indietro = Giro(u"shift+Tab"_s);
+    std::reverse(Indietro.begin() + 1, Indietro.end());
+    QCOMPARE(Indietro, Avanti);
+}
+
 void TestOrdineFuoco::modulo()
 {
     QFETCH(QString, Nome);
@@ -71,14 +107,40 @@ void TestOrdineFuoco::modulo()
     QFETCH(QString, Titolo);
     P->Premi(Tasti);
     QVERIFY2(P->Aperta(Titolo), qPrintable(P->Stato()));
-    ATTENDI_CHE(!P->Fuoco().isEmpty());
-    Confronta(Nome, Giro());
+    Percorri(Nome);
 }
 
-void TestOrdineFuoco::datiBase()
+void TestOrdineFuoco::scheda()
 {
-    ATTENDI_CHE(!P->Fuoco().isEmpty());
-    Confronta(u"parcella_datibase"_s, Giro());
+    QFETCH(QString, Nome);
+    QFETCH(QString, Titolo);
+    if (Titolo != u"Dati base") {
+        QVERIFY2(P->CompilaDatiBase(), qPrintable(P->Stato()));
+        QVERIFY2(P->AllaScheda(Titolo), qPrintable(P->Stato()));
+    }
+    Percorri(u"parcella_"_s + Nome);
+}
+
+void TestOrdineFuoco::schedaInformativa()
+{
+    QVERIFY2(P->CompilaDatiBase(), qPrintable(P->Stato()));
+    QVERIFY2(P->AllaScheda(u"Onorari"_s), qPrintable(P->Stato()));
+    P->Clic(u"barListaOnoDir_info"_s);
+    QVERIFY2(P->Aperta(u"KR5 - Scheda informativa"_s), qPrintable(P->Stato()));
+    Percorri(u"scheda_informativa"_s);
+}
+
+void TestOrdineFuoco::stampaDiUnCalcolo()
+{
+    P->Premi(QString::fromLatin1(Calcolatrici[0].Tasti));
+    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[0].Titolo)), qPrintable(P->Stato()));
+    P->Digita(u"01072026"_s);
+    P->Premi(u"Return"_s);
+    P->Digita(u"60"_s);
+    P->Premi(QStringList(6, u"Return"_s));
+    P->Premi(u"ctrl+p"_s);
+    QVERIFY2(P->Aperta(u"Stampa documento"_s), qPrintable(P->Stato()));
+    Percorri(u"stampa_documento"_s);
 }
 
 #include "TestOrdineFuoco.moc"

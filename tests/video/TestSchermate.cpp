@@ -1,4 +1,5 @@
-// A picture of every window, left for whoever looks; what is asked here is that each opens within the screen.
+// A picture of every window and tab, left for whoever looks; what is asked here is that each opens within the
+// screen, with room for its words.
 #include "moduli.h"
 
 using namespace Qt::StringLiterals;
@@ -12,22 +13,27 @@ private Q_SLOTS:
     void cleanup();
     void modulo_data() { RigheModuli(); }
     void modulo();
+    void moduloPieno_data();
+    void moduloPieno();
     void scrivania();
-    void parcella();
+    void parcellaNuova_data() { RigheSchede(); }
+    void parcellaNuova();
+    void parcellaPiena_data();
+    void parcellaPiena();
+    void pannelloDegliImporti();
+    void documenti_data();
+    void documenti();
+    void schedaInformativa();
+    void stampaDiUnCalcolo();
 
 private:
-    [[nodiscard]] static QString Suffisso();
+    void Guarda(const QString& Nome);
+    void ApriEsempio(const QString& Quale);
 
+    const QTemporaryDir Esempi;
     std::unique_ptr<Programma> P;
 };
 PROVA(TestSchermate);
-
-/// Pictures of several scales stand side by side.
-QString TestSchermate::Suffisso()
-{
-    const QString Scala = qEnvironmentVariable("QT_SCALE_FACTOR", u"1"_s);
-    return u'@' + Scala;
-}
 
 void TestSchermate::init()
 {
@@ -36,7 +42,27 @@ void TestSchermate::init()
 
 void TestSchermate::cleanup()
 {
+    if (QTest::currentTestFailed() && P)
+        P->Fotografa(u"fallita_"_s + QString::fromLatin1(QTest::currentTestFunction()));
     P.reset();
+}
+
+/// Takes the picture, and asks what every window must hold to. Pictures of several scales and looks stand
+/// side by side.
+void TestSchermate::Guarda(const QString& Nome)
+{
+    const QString Scala = qEnvironmentVariable("QT_SCALE_FACTOR", u"1"_s);
+    P->Fotografa(Nome + u'@' + Scala +
+                 (qEnvironmentVariableIsSet("CALCANOVA_SCURO") ? u"_scuro"_s : QString()));
+    const QRect Finestra = P->Posto(P->Chiedi(u"finestra"_s));
+    constexpr QRect Schermo(0, 0, 1366, 768);
+    constexpr int Titolare = 12;  // of the title there must be something to take hold of
+    QVERIFY2(Schermo.contains(Finestra.adjusted(0, -Titolare, 0, 0)),
+             qPrintable(u"%1,%2 %3x%4"_s.arg(Finestra.x())
+                            .arg(Finestra.y())
+                            .arg(Finestra.width())
+                            .arg(Finestra.height())));
+    QCOMPARE(P->Chiedi(u"tagliati"_s), QString());
 }
 
 void TestSchermate::modulo()
@@ -48,29 +74,146 @@ void TestSchermate::modulo()
     QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
     P->Premi(Tasti);
     QVERIFY2(P->Aperta(Titolo), qPrintable(P->Stato()));
-    P->Fotografa(Nome + Suffisso());
-    const QRect Finestra = P->Posto(P->Chiedi(u"finestra"_s));
-    constexpr QRect Schermo(0, 0, 1366, 768);
-    constexpr int Titolare = 12;  // of the title there must be something to take hold of
-    QVERIFY2(Schermo.contains(Finestra.adjusted(0, -Titolare, 0, 0)),
-             qPrintable(u"%1,%2 %3x%4"_s.arg(Finestra.x())
-                            .arg(Finestra.y())
-                            .arg(Finestra.width())
-                            .arg(Finestra.height())));
+    Guarda(Nome);
+}
+
+void TestSchermate::moduloPieno_data()
+{
+    QTest::addColumn<int>("Quale");
+    QTest::addColumn<QStringList>("Scritti");
+    QTest::newRow("termini") << 0 << QStringList{u"01072026"_s, u"60"_s, {}, {}, {}, {}, {}};
+    QTest::newRow("sequenziali") << 1 << QStringList{{}, u"01072026"_s, u" "_s, {}, {}};
+    QTest::newRow("interessi") << 2 << QStringList{{}, u"1000000"_s, {}, {}, u"010190"_s, u"31122012"_s};
+    QTest::newRow("istat") << 3 << QStringList{u"010190"_s, u"01012013"_s, u"1000000"_s, {}};
+    QTest::newRow("codfis") << 4 << QStringList{u"Rossi"_s, u"Mario"_s, u"01011980"_s, {}, u"roma"_s};
+    QTest::newRow("contributo") << 5 << QStringList{u"1100"_s, u"520000"_s, u"30000"_s, u"1"_s, u"5"_s};
+}
+
+/// Enter behind each value, the last one calculates.
+void TestSchermate::moduloPieno()
+{
+    QFETCH(int, Quale);
+    QFETCH(QStringList, Scritti);
+    P = std::make_unique<Programma>();
+    QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
+    P->Premi(QString::fromUtf8(Calcolatrici[Quale].Tasti));
+    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[Quale].Titolo)), qPrintable(P->Stato()));
+    for (const QString& Scritto : Scritti) {
+        if (!Scritto.isEmpty())
+            P->Digita(Scritto);
+        P->Premi(u"Return"_s);
+    }
+    QCOMPARE(P->Messaggio(), QString());
+    Guarda(QString::fromUtf8(Calcolatrici[Quale].Nome) + u"_calcolato"_s);
 }
 
 void TestSchermate::scrivania()
 {
     P = std::make_unique<Programma>();
     QVERIFY2(P->Aperta(u"Calcanova 3"_s), qPrintable(P->Stato()));
-    P->Fotografa(u"scrivania"_s + Suffisso());
+    Guarda(u"scrivania"_s);
 }
 
-void TestSchermate::parcella()
+void TestSchermate::parcellaNuova()
+{
+    QFETCH(QString, Nome);
+    QFETCH(QString, Titolo);
+    P = std::make_unique<Programma>();
+    QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
+    if (Titolo != u"Dati base") {
+        QVERIFY2(P->CompilaDatiBase(), qPrintable(P->Stato()));
+        QVERIFY2(P->AllaScheda(Titolo), qPrintable(P->Stato()));
+    }
+    Guarda(u"parcella_"_s + Nome);
+}
+
+/// A saved note of the examples.
+void TestSchermate::ApriEsempio(const QString& Quale)
+{
+    const QString File = Esempi.filePath(Quale + u".mdb"_s);
+    QProcess Altro;
+    Altro.start(qEnvironmentVariable("CALCANOVA_CARTELLA") + u"/calcanova-cli"_s,
+                {u"crea"_s, SorgenteDiProva(u"dati/esempi/"_s + Quale + u".json"_s), File});
+    QVERIFY(Altro.waitForFinished(30000));
+    QVERIFY2(QFile::exists(File), Altro.readAllStandardError());
+    P = std::make_unique<Programma>(QStringList{u"PV2|E|"_s + File});
+    ATTENDI_CHE(P->Chiedi(u"attiva"_s).contains(u'|' + Quale));
+    QVERIFY2(P->Aperta(Quale), qPrintable(P->Stato()));
+}
+
+void TestSchermate::parcellaPiena_data()
+{
+    RigheSchede();
+}
+
+void TestSchermate::parcellaPiena()
+{
+    QFETCH(QString, Nome);
+    QFETCH(QString, Titolo);
+    ApriEsempio(u"civile"_s);
+    if (QTest::currentTestFailed())
+        return;
+    QVERIFY2(P->AllaScheda(Titolo), qPrintable(P->Stato()));
+    Guarda(u"parcella_"_s + Nome + u"_piena"_s);
+}
+
+void TestSchermate::pannelloDegliImporti()
+{
+    ApriEsempio(u"civile"_s);
+    if (QTest::currentTestFailed())
+        return;
+    QVERIFY2(P->AllaScheda(u"Onorari"_s), qPrintable(P->Stato()));
+    P->Clic(u"barListaOnoDir_variaz"_s);
+    ATTENDI(u"fuoco"_s, "sldGraduaOno");
+    Guarda(u"parcella_pannello"_s);
+}
+
+void TestSchermate::documenti_data()
+{
+    QTest::addColumn<int>("Documento");
+    for (int i = 0; i < 8; ++i)
+        QTest::newRow(qPrintable(QString::number(i))) << i;
+}
+
+void TestSchermate::documenti()
+{
+    QFETCH(int, Documento);
+    ApriEsempio(u"civile"_s);
+    if (QTest::currentTestFailed())
+        return;
+    QVERIFY2(P->AllaScheda(u"Stampa"_s), qPrintable(P->Stato()));
+    QVERIFY2(P->VaiA(u"cmbTipoStampa"_s), qPrintable(P->Stato()));
+    P->Premi(u"Home"_s);
+    P->Premi(QStringList(Documento, u"Down"_s));
+    QCOMPARE(P->Messaggio(), QString());
+    Guarda(u"parcella_documento_%1"_s.arg(Documento));
+}
+
+void TestSchermate::schedaInformativa()
+{
+    ApriEsempio(u"civile"_s);
+    if (QTest::currentTestFailed())
+        return;
+    QVERIFY2(P->AllaScheda(u"Onorari"_s), qPrintable(P->Stato()));
+    P->Clic(P->Cella(u"tdbListaOno"_s, 0, 1));
+    P->Clic(u"barListaOnoDir_info"_s);
+    QVERIFY2(P->Aperta(u"KR5 - Scheda informativa"_s), qPrintable(P->Stato()));
+    Guarda(u"scheda_informativa"_s);
+}
+
+void TestSchermate::stampaDiUnCalcolo()
 {
     P = std::make_unique<Programma>();
     QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
-    P->Fotografa(u"parcella"_s + Suffisso());
+    P->Premi(QString::fromUtf8(Calcolatrici[0].Tasti));
+    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[0].Titolo)), qPrintable(P->Stato()));
+    P->Digita(u"01072026"_s);
+    P->Premi(u"Return"_s);
+    P->Digita(u"60"_s);
+    P->Premi(QStringList(6, u"Return"_s));
+    P->Premi(u"ctrl+p"_s);
+    QVERIFY2(P->Aperta(u"Stampa documento"_s), qPrintable(P->Stato()));
+    Guarda(u"stampa_documento"_s);
 }
 
 #include "TestSchermate.moc"

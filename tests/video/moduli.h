@@ -28,10 +28,30 @@ inline void RigheModuli()
     QTest::addColumn<QString>("Nome");
     QTest::addColumn<QString>("Tasti");
     QTest::addColumn<QString>("Titolo");
-    for (const Modulo& Uno : Calcolatrici)
-        QTest::newRow(Uno.Nome) << QString::fromUtf8(Uno.Nome) << QString::fromUtf8(Uno.Tasti)
-                                << QString::fromUtf8(Uno.Titolo);
+    for (const Modulo& Calcolo : Calcolatrici)
+        QTest::newRow(Calcolo.Nome) << QString::fromUtf8(Calcolo.Nome) << QString::fromUtf8(Calcolo.Tasti)
+                                    << QString::fromUtf8(Calcolo.Titolo);
     QTest::newRow(Impostazioni.Nome) << QString::fromUtf8(Impostazioni.Nome)
                                      << QString::fromUtf8(Impostazioni.Tasti)
                                      << QString::fromUtf8(Impostazioni.Titolo);
+}
+
+struct SchedaParcella
+{
+    const char* Nome;    ///< of pictures and files
+    const char* Titolo;  ///< on its tab
+};
+
+inline constexpr SchedaParcella SchedeParcella[] = {
+    {"datibase", "Dati base"},        {"onorari", "Onorari"}, {"spese", "Spese inserite"},
+    {"acconti", "Acconti e imposte"}, {"stampa", "Stampa"},
+};
+
+/// Rows of the tabs of a note.
+inline void RigheSchede()
+{
+    QTest::addColumn<QString>("Nome");
+    QTest::addColumn<QString>("Titolo");
+    for (const SchedaParcella& Scheda : SchedeParcella)
+        QTest::newRow(Scheda.Nome) << QString::fromUtf8(Scheda.Nome) << QString::fromUtf8(Scheda.Titolo);
 }

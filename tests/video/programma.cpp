@@ -23,6 +23,30 @@ void Scrivi(const QString& Percorso, const QByteArray& Contenuto)
         QTest::qFail(qPrintable(u"non si scrive "_s + Percorso), __FILE__, __LINE__);
 }
 
+/// Dark colours as a desktop gives them to every program: the toolkit reads them from that desktop's
+/// settings.
+constexpr const char* ColoriScuri = R"([Colors:Window]
+BackgroundNormal=42,46,50
+ForegroundNormal=252,252,252
+[Colors:View]
+BackgroundNormal=27,30,32
+BackgroundAlternate=35,38,41
+ForegroundNormal=252,252,252
+ForegroundInactive=161,169,177
+ForegroundLink=29,153,243
+ForegroundVisited=155,89,182
+[Colors:Button]
+BackgroundNormal=49,54,59
+BackgroundAlternate=30,87,116
+ForegroundNormal=252,252,252
+[Colors:Selection]
+BackgroundNormal=61,174,233
+ForegroundNormal=252,252,252
+[Colors:Tooltip]
+BackgroundNormal=49,54,59
+ForegroundNormal=252,252,252
+)";
+
 }  // namespace
 
 Programma::Programma(const QStringList& Argomenti)
@@ -45,6 +69,12 @@ Programma::Programma(const QStringList& Argomenti)
                                        {u"CALCANOVA_SPIA"_s, Radice + u"/spia"_s},
                                        {u"QT_LOGGING_RULES"_s, u"qt.qpa.*=false"_s}})
         Intorno.insert(Nome, Valore);
+    if (qEnvironmentVariableIsSet("CALCANOVA_SCURO")) {
+        Scrivi(Radice + u"/config/kdeglobals"_s, ColoriScuri);
+        Intorno.insert(u"XDG_CURRENT_DESKTOP"_s, u"KDE"_s);
+        Intorno.insert(u"KDE_SESSION_VERSION"_s, u"5"_s);
+        Intorno.insert(u"QT_QPA_PLATFORMTHEME"_s, u"kde"_s);
+    }
     Processo.setProcessEnvironment(Intorno);
     Processo.setProcessChannelMode(QProcess::MergedChannels);
     Processo.start(Ambiente("CALCANOVA_CARTELLA") + u"/calcanova"_s, Argomenti);
@@ -118,6 +148,43 @@ bool Programma::NuovaParcella()
     return false;
 }
 
+bool Programma::CompilaDatiBase()
+{
+    for (const QString& Lista : {u"cmbCateg"_s, u"cmbAutor"_s}) {
+        Clic(Lista);
+        if (!Attendi(u"popup"_s, [](const QString& Aperta) { return !Aperta.isEmpty(); }))
+            return false;
+        Premi({u"Home"_s, u"Down"_s, u"Return"_s});
+        if (!Attendi(u"popup"_s, [](const QString& Aperta) { return Aperta.isEmpty(); }) ||
+            Testo(Lista).isEmpty())
+            return false;
+    }
+    Clic(u"txtImporto"_s);
+    Digita(u"30000"_s);
+    Premi(u"Tab"_s);
+    return Messaggio().isEmpty();
+}
+
+bool Programma::AllaScheda(const QString& Titolo)
+{
+    constexpr int Schede = 5;
+    for (int i = 0; i < Schede && Testo(u"tabParcelle"_s) != Titolo; ++i) {
+        const QString Prima = Testo(u"tabParcelle"_s);
+        Premi(u"ctrl+Next"_s);
+        if (!Attendi(u"testo tabParcelle"_s, [&Prima](const QString& Ora) { return Ora != Prima; }))
+            break;
+    }
+    return Testo(u"tabParcelle"_s) == Titolo && Messaggio().isEmpty();
+}
+
+bool Programma::VaiA(const QString& Nome)
+{
+    constexpr int Massimo = 80;
+    for (int i = 0; i < Massimo && Fuoco() != Nome; ++i)
+        Premi(u"Tab"_s);
+    return Fuoco() == Nome;
+}
+
 QRect Programma::Posto(const QString& Nome)
 {
     const QStringList Numeri = Chiedi(u"posto "_s + Nome).split(u' ');
@@ -136,6 +203,16 @@ QRect Programma::Cella(const QString& Griglia, int Riga, int Colonna)
         return {};
     }
     return {Numeri[0].toInt(), Numeri[1].toInt(), Numeri[2].toInt(), Numeri[3].toInt()};
+}
+
+QString Programma::TestoCella(const QString& Griglia, int Riga, int Colonna)
+{
+    return Chiedi(u"cella %1 %2 %3"_s.arg(Griglia).arg(Riga).arg(Colonna)).section(u' ', 4);
+}
+
+bool Programma::Fermo(const QString& Dove)
+{
+    return Messaggio().isEmpty() && Chiedi(u"popup"_s).isEmpty() && Fuoco() == Dove;
 }
 
 void Programma::Xdotool(const QStringList& Argomenti)
@@ -193,6 +270,12 @@ void Programma::Giu(const QString& Tasto)
 void Programma::Su(const QString& Tasto)
 {
     Xdotool({u"keyup"_s, Tasto});
+}
+
+void Programma::Sfiora(const QString& Modificatore)
+{
+    Giu(Modificatore);
+    Su(Modificatore);
 }
 
 void Programma::Clic(const QRect& Dove, int Volte)

@@ -36,13 +36,25 @@ public:
     QString Testo(const QString& Nome) { return Chiedi(QStringLiteral("testo ") + Nome); }
     QString Messaggio() { return Chiedi(QStringLiteral("messaggio")); }
     QRect Posto(const QString& Nome);
+    /// A cell on the screen; column -1 is the row selector.
     QRect Cella(const QString& Griglia, int Riga, int Colonna);
+    /// What a cell shows.
+    QString TestoCella(const QString& Griglia, int Riga, int Colonna);
+    /// What the message box, if there is one, the list and the focus say: nothing has come up, nothing has
+    /// left.
+    [[nodiscard]] bool Fermo(const QString& Fuoco);
     /// Waits for a good answer. @return false when it does not come
     [[nodiscard]] bool Attendi(const QString& Domanda, const std::function<bool(const QString&)>& Buona);
     /// Waits until the active window, or the document in it, has this title and is painted.
     [[nodiscard]] bool Aperta(const QString& Titolo);
     /// From the desktop to the frame with a new note in it.
     [[nodiscard]] bool NuovaParcella();
+    /// Gives the note on view category, authority and value, so that its other tabs may be entered.
+    [[nodiscard]] bool CompilaDatiBase();
+    /// Turns the pages of the note on view by keys until this one comes.
+    [[nodiscard]] bool AllaScheda(const QString& Titolo);
+    /// Tab until a widget has the focus. @return false where Tab does not lead to it
+    [[nodiscard]] bool VaiA(const QString& Nome);
     [[nodiscard]] QString Casa() const { return Cartella.path(); }
 
     // ---- the keyboard and the mouse; each returns when the program has had what was sent
@@ -54,6 +66,8 @@ public:
     void Digita(const QString& Testo);
     void Giu(const QString& Tasto);
     void Su(const QString& Tasto);
+    /// Presses and releases a modifier by itself.
+    void Sfiora(const QString& Modificatore);
     void Clic(const QRect& Dove, int Volte = 1);
     void Clic(const QString& Nome, int Volte = 1) { Clic(Posto(Nome), Volte); }
     void Trascina(const QPoint& Da, const QPoint& A);

@@ -3,22 +3,29 @@
 //
 // One question a line, one answer a line ("\n" in an answer is written as "\\n"):
 //   fuoco            name of what has the focus, or of the nearest named widget around it
+//   pulsante         "1" when what has the focus is a button, which Enter or Space would press
 //   attiva           title of the active window, "|" and that of its active document
 //   finestra         name of the active window
 //   dipinta          "1" when the active window has been painted
 //   messaggio        text of the message box on view
 //   davanti          "1" when that message box has the keyboard
 //   popup            name of the open list or menu
-//   liste            names of the lists on view in the active window
+//   valori           names of what holds a value on view in the active window: boxes, lists, numbers, sliders
+//   liste            those of them that are lists
+//   tagliati         what in the active window has no room for its text, as NAME=text, one beside the other
 //   testo NAME       what a widget shows; a check box or option "1" or "0"
 //   visto NAME       "1" on view and enabled, "0" on view, empty elsewhere
 //   posto NAME       x y width height on the screen, in its own pixels
-//   cella NAME R C   the same of a cell of a grid, then its text
+//   cella NAME R C   the same of a cell of a grid, then its text; column -1 is the row selector
+//   barra NAME       "1" while a grid's own horizontal bar is on view, and the last place that it reaches
 //   contati          key presses and wheel turns that have reached the program
 #include <QAbstractButton>
+#include <QAbstractSlider>
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
 #include <QGenericPlugin>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocalServer>
@@ -27,10 +34,14 @@
 #include <QMdiSubWindow>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollBar>
 #include <QSet>
+#include <QTabWidget>
 #include <QTableView>
 #include <QTextEdit>
 #include <QTimer>
+#include <QToolButton>
 #include <QWindow>
 
 namespace {
@@ -91,6 +102,12 @@ QString TestoDi(const QWidget* Oggetto)
         return Etichetta->text();
     if (const auto* Pulsante = qobject_cast<const QAbstractButton*>(Oggetto))
         return Pulsante->isCheckable() ? QString::number(Pulsante->isChecked()) : Pulsante->text();
+    if (const auto* Schede = qobject_cast<const QTabWidget*>(Oggetto))
+        return Schede->tabText(Schede->currentIndex()).remove(u'&');
+    if (const auto* Cursore = qobject_cast<const QAbstractSlider*>(Oggetto))
+        return QString::number(Cursore->value());
+    if (const auto* Numero = qobject_cast<const QAbstractSpinBox*>(Oggetto))
+        return Numero->text();
     if (const auto* Testo = qobject_cast<const QTextEdit*>(Oggetto))
         return Testo->toPlainText();
     const auto* Piano = qobject_cast<const QPlainTextEdit*>(Oggetto);
@@ -113,28 +130,103 @@ QString Attiva()
                     : QString();
 }
 
-QString Liste()
+QList<QWidget*> InVista()
+{
+    QList<QWidget*> Trovati;
+    const QWidget* Finestra = QApplication::activeWindow();
+    for (QWidget* Oggetto : Finestra ? Finestra->findChildren<QWidget*>() : QList<QWidget*>())
+        if (Oggetto->isVisible() && !Oggetto->visibleRegion().isEmpty())
+            Trovati += Oggetto;
+    return Trovati;
+}
+
+bool TieneUnValore(const QWidget* Oggetto)
+{
+    return qobject_cast<const QComboBox*>(Oggetto) || qobject_cast<const QAbstractSpinBox*>(Oggetto) ||
+           qobject_cast<const QLineEdit*>(Oggetto) || qobject_cast<const QPlainTextEdit*>(Oggetto) ||
+           (qobject_cast<const QAbstractSlider*>(Oggetto) && !qobject_cast<const QScrollBar*>(Oggetto));
+}
+
+QString Valori(bool SoloListe)
 {
     QStringList Nomi;
-    const QWidget* Finestra = QApplication::activeWindow();
-    for (const auto* Lista : Finestra ? Finestra->findChildren<QComboBox*>() : QList<QComboBox*>())
-        if (Lista->isVisible() && Lista->isEnabled() && !Lista->visibleRegion().isEmpty())
-            Nomi += Lista->objectName();
+    for (const QWidget* Oggetto : InVista())
+        if (Oggetto->isEnabled() &&
+            (SoloListe ? qobject_cast<const QComboBox*>(Oggetto) != nullptr : TieneUnValore(Oggetto)) &&
+            NomeVicino(Oggetto) == Oggetto->objectName())
+            Nomi += Oggetto->objectName();
     return Nomi.join(u' ');
 }
 
-QString Cella(QWidget* Griglia, int Riga, int Colonna)
+/// The text of a label or a button for which there is no room, as it shows it.
+QString TestoTagliato(const QWidget* Oggetto)
+{
+    constexpr int Arrotondamento = 1;
+    if (const auto* Etichetta = qobject_cast<const QLabel*>(Oggetto)) {
+        // One that is shortened on purpose says the whole of it in its tool tip.
+        if (Etichetta->text().isEmpty() || !Etichetta->toolTip().isEmpty())
+            return {};
+        const int Largo = Etichetta->width() + Arrotondamento;
+        const int Alto = Etichetta->hasHeightForWidth() ? Etichetta->heightForWidth(Etichetta->width())
+                                                        : Etichetta->sizeHint().height();
+        const bool Stretta = !Etichetta->wordWrap() && Etichetta->sizeHint().width() > Largo;
+        return Stretta || Alto > Etichetta->height() + Arrotondamento ? Etichetta->text() : QString();
+    }
+    if (const auto* Pulsante = qobject_cast<const QAbstractButton*>(Oggetto)) {
+        const bool ConTesto = !Pulsante->text().isEmpty() && !Pulsante->inherits("QToolButton");
+        return ConTesto && Pulsante->sizeHint().width() > Pulsante->width() + Arrotondamento
+                   ? Pulsante->text()
+                   : QString();
+    }
+    return {};
+}
+
+QString Tagliati()
+{
+    QStringList Trovati;
+    for (const QWidget* Oggetto : InVista())
+        if (const QString Testo = TestoTagliato(Oggetto); !Testo.isEmpty())
+            Trovati += NomeVicino(Oggetto) + u'=' + Testo;
+    return Trovati.join(QStringLiteral(", "));
+}
+
+QTableView* VistaDi(QWidget* Griglia)
 {
     auto* Vista = qobject_cast<QTableView*>(Griglia);
-    if (!Vista && Griglia)
-        Vista = Griglia->findChild<QTableView*>();
+    return Vista || !Griglia ? Vista : Griglia->findChild<QTableView*>();
+}
+
+/// The row selector takes the place of a column before the first.
+QString Cella(QWidget* Griglia, int Riga, int Colonna)
+{
+    QTableView* Vista = VistaDi(Griglia);
     if (!Vista || !Vista->model())
         return {};
+    if (Colonna < 0) {
+        const QHeaderView* Selettore = Vista->verticalHeader();
+        if (Riga >= Selettore->count())
+            return {};
+        return Riquadro(Selettore->viewport(), {0, Selettore->sectionViewportPosition(Riga),
+                                                Selettore->width(), Selettore->sectionSize(Riga)});
+    }
     const QModelIndex Indice = Vista->model()->index(Riga, Colonna);
     if (!Indice.isValid())
         return {};
     return Riquadro(Vista->viewport(), Vista->visualRect(Indice)) + u' ' +
            Indice.data().toString().replace(u'\n', u' ');
+}
+
+/// A grid shows a bar of its own, below its footer, in the view's place.
+QString BarraDi(QWidget* Griglia)
+{
+    const QTableView* Vista = VistaDi(Griglia);
+    for (const auto* Barra :
+         Griglia ? Griglia->findChildren<QScrollBar*>(Qt::FindDirectChildrenOnly) : QList<QScrollBar*>())
+        if (Vista && Barra->orientation() == Qt::Horizontal)
+            return QStringLiteral("%1 %2")
+                .arg(Barra->isVisible() ? 1 : 0)
+                .arg(Vista->horizontalScrollBar()->maximum());
+    return {};
 }
 
 /// Counts what comes from the display server, once each: at the window, before a widget has it.
@@ -204,8 +296,15 @@ private:
             return qobject_cast<QMessageBox*>(QApplication::activeWindow()) ? QStringLiteral("1") : QString();
         if (Cosa == u"popup")
             return NomeVicino(QApplication::activePopupWidget());
-        if (Cosa == u"liste")
-            return Liste();
+        if (Cosa == u"pulsante")
+            return qobject_cast<QPushButton*>(QApplication::focusWidget()) ||
+                           qobject_cast<QToolButton*>(QApplication::focusWidget())
+                       ? QStringLiteral("1")
+                       : QString();
+        if (Cosa == u"valori" || Cosa == u"liste")
+            return Valori(Cosa == u"liste");
+        if (Cosa == u"tagliati")
+            return Tagliati();
         if (Cosa == u"contati")
             return QStringLiteral("%1 %2").arg(Contati.Tasti).arg(Contati.Rotelle);
         QWidget* Oggetto = Trova(Parole.value(1));
@@ -217,6 +316,8 @@ private:
             return Oggetto->isVisible() ? QString::number(Oggetto->isEnabled()) : QString();
         if (Cosa == u"posto" && Oggetto->isVisible())
             return Riquadro(Oggetto, Oggetto->rect());
+        if (Cosa == u"barra")
+            return BarraDi(Oggetto);
         if (Cosa == u"cella")
             return Cella(Oggetto, Parole.value(2).toInt(), Parole.value(3).toInt());
         return {};
