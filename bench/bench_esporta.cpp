@@ -3,7 +3,6 @@
 
 #include "feenote/parcella.h"
 #include "platform/document/lettorertf.h"
-#include "platform/system/percorsi.h"
 #include "print/modStampe.h"
 #include "print/writers/esportazione.h"
 

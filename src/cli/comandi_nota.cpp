@@ -10,6 +10,7 @@
 #include "feenote/modParti.h"
 #include "platform/base/errore.h"
 #include "platform/pages/impaginazione.h"
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 #include "print/modLettere.h"
 #include "print/modRiepilogo.h"

@@ -3,6 +3,7 @@
 #include "core/modErrori.h"
 #include "platform/base/nomidate.h"
 #include "platform/base/regionale.h"
+#include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"

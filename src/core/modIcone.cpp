@@ -2,6 +2,7 @@
 
 #include "core/CIni.h"
 #include "core/sessione.h"
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 
 using namespace Qt::StringLiterals;

@@ -1,8 +1,8 @@
 #include "core/modLancio.h"
 
 #include "core/modErrori.h"
+#include "platform/system/file.h"
 #include "platform/system/messaggi.h"
-#include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
 using namespace Qt::StringLiterals;

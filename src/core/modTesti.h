@@ -2,7 +2,6 @@
 #pragma once
 
 #include "platform/base/regionale.h"
-#include "platform/system/percorsi.h"
 
 #include <QDate>
 #include <QString>

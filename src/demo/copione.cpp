@@ -14,8 +14,8 @@
 #include "platform/kit/singola.h"
 #include "platform/pages/impaginazione.h"
 #include "platform/preview/vistastampa.h"
+#include "platform/system/file.h"
 #include "platform/system/messaggi.h"
-#include "platform/system/percorsi.h"
 #include "print/modStampe.h"
 #include "print/writers/scrittoretesto.h"
 

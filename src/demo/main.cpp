@@ -8,6 +8,7 @@
 #include "feenote/file/modRecupero.h"
 #include "feenote/windows/finestre.h"
 #include "platform/kit/servizi_qt.h"
+#include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"

@@ -6,6 +6,7 @@
 #include "platform/base/paginacodice.h"
 #include "platform/document/lettorertf.h"
 #include "platform/document/setacciortf.h"
+#include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "print/modTestata.h"

@@ -1,7 +1,6 @@
 #include "print/modContratto.h"
 
 #include "core/sessione.h"
-#include "platform/system/percorsi.h"
 #include "print/modClausole.h"
 #include "print/modTestata.h"
 

@@ -1,9 +1,6 @@
 #include "print/modStampe.h"
 
 #include "core/sessione.h"
-#include "platform/base/errore.h"
-#include "platform/base/paginacodice.h"
-#include "platform/system/percorsi.h"
 #include "print/modContratto.h"
 #include "print/modFatture.h"
 #include "print/modNotaSpese.h"
@@ -100,15 +97,4 @@ bool Anteprima(Superficie& vp, const Parcella& Nota, int Tipo)
     const bool Composto = ComponiDocumento(vp, Nota, Tipo);
     AvvisaClausole();  // a message may bring the next composition, and this one has ended
     return Composto;
-}
-
-QString LeggiFileTesto(const QString& Percorso)
-{
-    const QByteArray MarcaUtf8 = "\xEF\xBB\xBF"_ba;
-    try {
-        const QByteArray Byte = LeggiFile(TrovaFile(PercorsoNativo(Percorso)), MassimoTesto);
-        return Byte.startsWith(MarcaUtf8) ? QString::fromUtf8(Byte.sliced(MarcaUtf8.size())) : DaCp1252(Byte);
-    } catch (const Errore&) {
-        return {};
-    }
 }

@@ -14,7 +14,3 @@
 /// @return false when nothing was composed
 /// @throws Errore; what was drawn up to there stays on the surface
 bool Anteprima(Superficie& vp, const Parcella& Nota, int Tipo);
-
-/// Whole content of a text file (Windows-1252 or UTF-8 with a mark). Any failure gives an empty text, and so
-/// does a file larger than MassimoTesto.
-[[nodiscard]] QString LeggiFileTesto(const QString& Percorso);

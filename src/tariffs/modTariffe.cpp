@@ -3,7 +3,7 @@
 #include "core/sessione.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
 
 #include <QRegularExpression>
 #include <QSet>

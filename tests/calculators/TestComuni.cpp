@@ -5,7 +5,7 @@
 
 #include "calculators/modComuni.h"
 #include "core/sessione.h"
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,7 +2,7 @@
 // "#".
 #pragma once
 
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
 #include "supporto/prova.h"
 
 #include <QStringList>

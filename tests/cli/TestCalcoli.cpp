@@ -3,8 +3,8 @@
 
 #include "core/sessione.h"
 #include "platform/database/database.h"
+#include "platform/system/file.h"
 #include "platform/system/orologio.h"
-#include "platform/system/percorsi.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

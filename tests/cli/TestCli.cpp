@@ -2,6 +2,7 @@
 #include "chiamata.h"
 
 #include "core/sessione.h"
+#include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/percorsi.h"
 

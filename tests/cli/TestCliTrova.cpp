@@ -1,6 +1,7 @@
 // The list of saved notes as a script gets it.
 #include "chiamata.h"
 
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 
 #include <QDateTime>

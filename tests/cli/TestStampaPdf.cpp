@@ -4,7 +4,7 @@
 #include "supporto/prova.h"
 
 #include "chiamata.h"
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
 
 #include <QProcess>
 

@@ -3,6 +3,7 @@
 
 #include "platform/base/regionale.h"
 #include "platform/database/database.h"
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 #include "supporto/prova.h"
 

@@ -7,6 +7,7 @@
 #include "core/indirizzi.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 

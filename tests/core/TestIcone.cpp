@@ -4,6 +4,7 @@
 #include "core/modIcone.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 
 #include <QDir>

@@ -3,6 +3,7 @@
 
 #include "core/modLancio.h"
 #include "platform/base/errore.h"
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 

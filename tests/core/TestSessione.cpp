@@ -5,6 +5,7 @@
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
 #include "platform/base/errore.h"
+#include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"

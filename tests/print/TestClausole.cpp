@@ -4,7 +4,7 @@
 
 #include "campioni.h"
 #include "platform/document/letture.h"
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
 #include "print/modStampe.h"
 
 #include <QRegularExpression>

@@ -1,6 +1,7 @@
 #include "supporto/prova.h"
 
 #include "documenti.h"
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 #include "supporto/registratore.h"
 

@@ -2,7 +2,7 @@
 #include "supporto/prova.h"
 
 #include "documenti.h"
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
 #include "print/writers/scrittoretesto.h"
 
 #include <functional>

@@ -3,6 +3,9 @@
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 
+#include "platform/system/file.h"
+#include "platform/system/guasti.h"
+#include "platform/system/percorsi.h"
 #include "print/banco_esporta.h"
 
 #include <QFile>
@@ -107,7 +110,7 @@ void TestEsporta::ridisegnoMuto_data()
         CreaCartella(sessione::UserFolder + u"doc"_s);
         CreaCartella(B.File());
     });
-    Riga("a full disk", 61, [](const Banco&) { LimitaDisco(100); });
+    Riga("a full disk", 61, [](const Banco&) { guasti::LimiteFile = 100; });
     Riga("a name too long for the disk", 75, [](const Banco&) { InfoParcelle[1].Nome = QString(300, u'x'); });
 }
 

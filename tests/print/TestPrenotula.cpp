@@ -2,7 +2,7 @@
 
 #include "campioni.h"
 #include "platform/base/errore.h"
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
 #include "print/modStampe.h"
 #include "print/writers/scrittoretesto.h"
 
@@ -42,10 +42,6 @@ private Q_SLOTS:
     void statoDelTestoNonPassaAlDocumentoDopo();
 
     void guastoAMetaLasciaIlDisegnato();
-
-    void leggiFileTesto_data();
-    void leggiFileTesto();
-    void leggiFileTestoInUtf8();
 };
 PROVA(TestPrenotula);
 
@@ -388,33 +384,6 @@ void TestPrenotula::guastoAMetaLasciaIlDisegnato()
     QVERIFY(!vp.InCorso());
     QVERIFY(campioni::TestiBlocchi(vp.Contenuto()).contains(u"Controparte: Bianchi S.r.l."_s));
     QCOMPARE(campioni::TestiRiga(campioni::TabellaDi(vp.Contenuto(), 1), 0).value(0), u"ONORARI"_s);
-}
-
-// ---- text files
-
-void TestPrenotula::leggiFileTesto_data()
-{
-    QTest::addColumn<QString>("Nome");
-    QTest::addColumn<QString>("Testo");
-    QTest::newRow("tabella codici 1252") << u"clausole.rtf"_s << u"perché € 5"_s;
-    QTest::newRow("altre maiuscole") << u"CLAUSOLE.RTF"_s << u"perché € 5"_s;
-    QTest::newRow("file mancante") << u"manca.rtf"_s << QString();
-    QTest::newRow("una cartella") << QString() << QString();
-}
-
-void TestPrenotula::leggiFileTesto()
-{
-    const QString Cartella = NuovaCartella();
-    ScriviFile(Cartella + u"clausole.rtf"_s, "perch\xE9 \x80 5");
-    QFETCH(QString, Nome);
-    QTEST(LeggiFileTesto(Cartella + Nome), "Testo");
-}
-
-void TestPrenotula::leggiFileTestoInUtf8()
-{
-    const QString File = NuovaCartella() + u"clausole.txt"_s;
-    ScriviFile(File, "\xEF\xBB\xBF" + u"perché €"_s.toUtf8());
-    QCOMPARE(LeggiFileTesto(File), u"perché €"_s);
 }
 
 #include "TestPrenotula.moc"

@@ -1,10 +1,11 @@
 // What the tests of the exports share: one note and its exported file.
 #pragma once
 
-#include "print/campioni.h"
 #include "core/posti.h"
+#include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
+#include "print/campioni.h"
 #include "print/modEsporta.h"
 #include "supporto/prova.h"
 
@@ -38,7 +39,7 @@ public:
         InstallaShell(std::move(Precedente));
         AzzeraParcelle();
         AzzeraSessione();
-        LimitaDisco(0);
+        guasti::LimiteFile = 0;
     }
     Banco(const Banco&) = delete;
     Banco& operator=(const Banco&) = delete;

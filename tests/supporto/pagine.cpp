@@ -1,6 +1,6 @@
 #include "supporto/pagine.h"
 
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
 #include "supporto/prova.h"
 
 #include <QProcess>

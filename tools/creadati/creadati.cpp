@@ -5,6 +5,7 @@
 #include "creadati/archivio_tassi.h"
 #include "creadati/comuni.h"
 #include "platform/base/errore.h"
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 
 #include <QTemporaryDir>

@@ -4,6 +4,7 @@
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/pages/impaginazione.h"
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 
 #include <QDirIterator>

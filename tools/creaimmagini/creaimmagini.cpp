@@ -2,6 +2,7 @@
 
 #include "creaimmagini/gif.h"
 #include "platform/base/errore.h"
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 
 #include <QBuffer>

@@ -4,6 +4,7 @@
 #include "creaschede/paginascheda.h"
 #include "feenote/modOnorari.h"
 #include "platform/base/errore.h"
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 
 #include <QDir>

@@ -12,6 +12,7 @@
 #include "feenote/companion/modRichiesta.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
+#include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"

@@ -4,6 +4,7 @@
 #include "core/modErrori.h"
 #include "platform/database/database.h"
 #include "platform/database/recordset.h"
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 

@@ -11,6 +11,7 @@
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 

@@ -12,8 +12,8 @@
 #include "feenote/modParti.h"
 #include "feenote/modVariazione.h"
 #include "platform/base/errore.h"
+#include "platform/system/file.h"
 #include "platform/system/messaggi.h"
-#include "platform/system/percorsi.h"
 #include "tariffs/modTariffe.h"
 
 using namespace Qt::StringLiterals;

@@ -5,6 +5,8 @@
 #include "platform/base/errore.h"
 #include "platform/database/database.h"
 #include "platform/system/blocco.h"
+#include "platform/system/file.h"
+#include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 
 #include <QFileInfo>
@@ -53,7 +55,7 @@ private:
             throw Errore(75);
         if (!CartellaScrivibile(Cartella))
             throw Errore(75);
-        switch (Turno.Prendi(AttesaTurnoMs)) {
+        switch (Turno.Prendi(guasti::AttesaTurnoMs)) {
         case FileBlocco::Esito::Preso:
             return;
         case FileBlocco::Esito::Altrui:

@@ -5,10 +5,6 @@
 
 #include <QString>
 
-/// How long a save waits for another program that saves under the same name, in milliseconds; tests shorten
-/// it.
-inline int AttesaTurnoMs = 3000;
-
 /// Builds the file of a note.
 ///
 /// The new file is complete before it takes the place of a former one: a failure at any step (full disk,

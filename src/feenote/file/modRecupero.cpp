@@ -5,6 +5,7 @@
 #include "feenote/file/modPosaFile.h"
 #include "platform/base/errore.h"
 #include "platform/system/blocco.h"
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 
 #include <QCoreApplication>

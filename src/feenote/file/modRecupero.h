@@ -11,9 +11,6 @@
 #include <QList>
 #include <QString>
 
-/// How long a change may wait for its copy, in milliseconds; tests shorten it.
-inline int AttesaCopiaMs = 2000;
-
 /// A copy left by a process that is no more.
 struct CopiaRecupero
 {

@@ -7,7 +7,9 @@
 #include "feenote/file/modLettura.h"
 #include "feenote/file/modPassword.h"
 #include "feenote/file/modPosaFile.h"
+#include "platform/system/file.h"
 #include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
 
 using namespace Qt::StringLiterals;
 

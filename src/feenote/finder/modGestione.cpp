@@ -5,6 +5,7 @@
 #include "feenote/file/modSalvataggio.h"
 #include "feenote/finder/modTrova.h"
 #include "platform/base/errore.h"
+#include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 

@@ -7,6 +7,7 @@
 #include "platform/base/regionale.h"
 #include "platform/database/primariga.h"
 #include "platform/system/cartelle.h"
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 
 #include <QDateTime>

@@ -13,6 +13,7 @@
 #include "feenote/windows/righegriglia.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/collega.h"
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 #include "ui_SchedaOnorari.h"
 

@@ -19,6 +19,7 @@
 #include "platform/grid/griglia.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/system/guasti.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 
@@ -217,7 +218,7 @@ void frmParcelle::SetModificata(bool Valore)
         TimerCopia.stop();
         TogliCopia(Posto);
     } else if (!TimerCopia.isActive()) {
-        TimerCopia.start(int(std::max<qint64>(AttesaCopiaMs, DurataCopiaMs * PausaPerCopia)));
+        TimerCopia.start(int(std::max<qint64>(guasti::AttesaCopiaMs, DurataCopiaMs * PausaPerCopia)));
     }
     if (frmParcelle* Altra = Socio() == Posto ? nullptr : Parcelle(Socio()))
         Altra->SocioCambiato();

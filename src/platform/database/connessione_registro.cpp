@@ -2,6 +2,8 @@
 #include "platform/database/connessione.h"
 
 #include "platform/base/errore.h"
+#include "platform/system/file.h"
+#include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 
 #include <QDir>
@@ -13,9 +15,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-int PagineMassime = 0;
-int AttesaMs = 3000;
 
 QHash<QString, std::weak_ptr<Connessione>>& Registro()
 {
@@ -62,25 +61,15 @@ void ControllaFile(const QString& Percorso)
 
 }  // namespace
 
-void LimitaPagine(int Pagine)
-{
-    PagineMassime = Pagine;
-}
-
-void ImpostaAttesaBlocchi(int Millisecondi)
-{
-    AttesaMs = Millisecondi;
-}
-
 void Connessione::Prepara()
 {
-    AttendiBlocchi(AttesaMs);
+    AttendiBlocchi(guasti::AttesaBlocchiMs);
     Esegui(u"PRAGMA cell_size_check=ON"_s);
     Esegui(u"PRAGMA temp_store=MEMORY"_s);
     Esegui(u"PRAGMA schema_version"_s);
     Esegui(u"PRAGMA synchronous=FULL"_s);
-    if (PagineMassime > 0)
-        Esegui(u"PRAGMA max_page_count=%1"_s.arg(PagineMassime));
+    if (guasti::LimitePagine > 0)
+        Esegui(u"PRAGMA max_page_count=%1"_s.arg(guasti::LimitePagine));
 }
 
 // Without a word the engine keeps its journal beside the file and deletes it at the end of each write, so

@@ -2,7 +2,7 @@
 
 #include "platform/base/errore.h"
 #include "platform/database/connessione.h"
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
 
 QString Database::Percorso() const
 {

@@ -140,10 +140,3 @@ private:
     std::shared_ptr<Connessione> Conn;
     std::unique_ptr<Blocco> Aperta;
 };
-
-/// For tests: every database opened or created from now on may grow to this many pages of 4096 bytes,
-/// as on a full disk; 0 lifts the limit.
-void LimitaPagine(int Pagine);
-
-/// For tests: how long the databases opened from now on wait for a lock of somebody else (3000 ms).
-void ImpostaAttesaBlocchi(int Millisecondi);

@@ -1,6 +1,7 @@
 #include "platform/kit/messaggi_qt.h"
 
 #include "platform/kit/aspetto.h"
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 
 #include <QApplication>

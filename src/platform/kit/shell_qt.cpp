@@ -1,7 +1,7 @@
 #include "platform/kit/shell_qt.h"
 
 #include "platform/kit/campo.h"
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
 
 #include <QApplication>
 #include <QDesktopServices>

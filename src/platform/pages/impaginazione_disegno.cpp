@@ -2,7 +2,7 @@
 #include "platform/base/errore.h"
 #include "platform/pages/datipdf.h"
 #include "platform/pages/impaginata.h"
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
 
 #include <QBuffer>
 #include <QFontMetricsF>

@@ -2,6 +2,7 @@
 
 #include "platform/base/errore.h"
 #include "platform/preview/vistastampa.h"
+#include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"

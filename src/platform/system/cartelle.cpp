@@ -1,6 +1,7 @@
 #include "platform/system/cartelle.h"
 
 #include "platform/base/errore.h"
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 
 #include <QDateTime>

@@ -2,7 +2,7 @@
 
 #include "platform/base/errore.h"
 #include "platform/base/paginacodice.h"
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
 
 #include <QByteArrayView>
 #include <QFile>

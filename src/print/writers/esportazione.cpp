@@ -1,7 +1,7 @@
 #include "print/writers/esportazione.h"
 
 #include "platform/base/errore.h"
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
 #include "print/writers/scrittorehtml.h"
 #include "print/writers/scrittorertf.h"
 

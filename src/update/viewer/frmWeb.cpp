@@ -6,8 +6,8 @@
 #include "platform/base/regionale.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/system/file.h"
 #include "platform/system/orologio.h"
-#include "platform/system/percorsi.h"
 
 #include "ui_frmWeb.h"
 

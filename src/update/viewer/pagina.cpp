@@ -4,7 +4,7 @@
 #include "core/sessione.h"
 #include "platform/base/errore.h"
 #include "platform/kit/collega.h"
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
 #include "platform/system/shell.h"
 #include "update/viewer/stilepagina.h"
 

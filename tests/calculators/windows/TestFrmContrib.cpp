@@ -4,6 +4,7 @@
 #include "calculators/paginacontributo.h"
 #include "calculators/windows/frmContrib.h"
 #include "platform/kit/aspetto.h"
+#include "platform/system/file.h"
 
 #include <QScrollBar>
 #include <QWheelEvent>

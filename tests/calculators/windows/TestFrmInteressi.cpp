@@ -6,6 +6,8 @@
 #include "platform/base/regionale.h"
 #include "platform/calendar/calendario.h"
 #include "platform/grid/griglia.h"
+#include "platform/system/file.h"
+#include "platform/system/guasti.h"
 
 #include <filesystem>
 
@@ -516,7 +518,7 @@ void TestFrmInteressi::archivioBloccato()
 {
     const QString Altro = sessione::UserFolder + u"altro.dat"_s;
     std::filesystem::create_hard_link(B->Tassi().toStdString(), Altro.toStdString());
-    ImpostaAttesaBlocchi(20);
+    guasti::AttesaBlocchiMs = 20;
     Compila(u"1000"_s, u"01/01/2012"_s, u"31/12/2012"_s);
     {
         const Database Suo = OpenDatabase(Altro);

@@ -9,6 +9,7 @@
 #include "platform/kit/collega.h"
 #include "platform/kit/mascheradata.h"
 #include "platform/kit/modFiltri.h"
+#include "platform/system/guasti.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
@@ -72,7 +73,7 @@ public:
         InstallaUltimaRete({});
         InstallaFiltro({});
         Registratore::AlMostrare() = {};
-        ImpostaAttesaBlocchi(3000);
+        guasti::AttesaBlocchiMs = 3000;
         Aperture = {};
         AzzeraSessione();
     }

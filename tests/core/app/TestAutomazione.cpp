@@ -9,6 +9,7 @@
 #include "core/posti.h"
 #include "feenote/windows/tavolo.h"
 #include "platform/network/segnale.h"
+#include "platform/system/file.h"
 #include "platform/system/orologio.h"
 
 #include <QElapsedTimer>

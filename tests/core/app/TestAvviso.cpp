@@ -4,6 +4,8 @@
 #include "core/app/apritori.h"
 #include "core/app/avvio.h"
 #include "platform/kit/aspetto.h"
+#include "platform/system/file.h"
+#include "platform/system/percorsi.h"
 #include "update/viewer/frmWeb.h"
 
 #include <QCheckBox>

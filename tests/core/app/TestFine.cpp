@@ -10,6 +10,7 @@
 #include "feenote/file/modRecupero.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
+#include "platform/system/file.h"
 
 #include <QLineEdit>
 #include <QMdiArea>

@@ -3,6 +3,8 @@
 #include "core/aperture.h"
 #include "core/app/avvio.h"
 #include "core/app/paginaavviso.h"
+#include "platform/system/file.h"
+#include "platform/system/percorsi.h"
 
 #include <memory>
 

@@ -2,6 +2,8 @@
 
 #include "core/app/primouso.h"
 #include "platform/database/database.h"
+#include "platform/system/file.h"
+#include "platform/system/percorsi.h"
 
 #include <memory>
 

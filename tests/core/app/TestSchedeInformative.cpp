@@ -7,6 +7,7 @@
 #include "core/modErrori.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
+#include "platform/system/percorsi.h"
 #include "update/viewer/frmWeb.h"
 #include "update/viewer/pagina.h"
 

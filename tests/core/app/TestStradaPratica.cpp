@@ -10,6 +10,7 @@
 #include "core/posti.h"
 #include "feenote/windows/selettore.h"
 #include "platform/network/segnale.h"
+#include "platform/system/file.h"
 #include "platform/system/orologio.h"
 
 #include <QListWidget>

@@ -10,6 +10,7 @@
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
 #include "platform/kit/campo.h"
+#include "platform/system/file.h"
 
 #include <QLineEdit>
 #include <QMdiArea>

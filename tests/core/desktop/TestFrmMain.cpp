@@ -5,6 +5,7 @@
 #include "core/posti.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
+#include "platform/system/percorsi.h"
 
 #include <QLineEdit>
 #include <QMdiArea>

@@ -4,6 +4,7 @@
 #include "core/desktop/iconastudio.h"
 #include "core/posti.h"
 #include "platform/kit/aspetto.h"
+#include "platform/system/file.h"
 
 #include <QImage>
 #include <QMap>

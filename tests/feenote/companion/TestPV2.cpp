@@ -3,8 +3,8 @@
 
 #include "compagna/archivio.h"
 #include "feenote/companion/modPV2.h"
+#include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
-#include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
 #include <limits>

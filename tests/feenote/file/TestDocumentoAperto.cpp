@@ -1,7 +1,7 @@
 // Opening a fee-note file: parties, reference, password, files of earlier editions, templates.
 #include "file_prova.h"
 
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
 
 using namespace Qt::StringLiterals;
 

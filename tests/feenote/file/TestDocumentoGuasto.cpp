@@ -3,7 +3,8 @@
 
 #include "feenote/file/modLettura.h"
 #include "feenote/file/modPosaFile.h"
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
+#include "platform/system/guasti.h"
 
 #include <QDir>
 
@@ -41,8 +42,8 @@ QStringList ContenutoDi(const QString& Cartella)
 /// No page may be added while it lives, as on a full disk.
 struct DiscoPieno
 {
-    explicit DiscoPieno(int Pagine) { LimitaPagine(Pagine); }
-    ~DiscoPieno() { LimitaPagine(0); }
+    explicit DiscoPieno(int Pagine) { guasti::LimitePagine = Pagine; }
+    ~DiscoPieno() { guasti::LimitePagine = 0; }
     DiscoPieno(const DiscoPieno&) = delete;
     DiscoPieno& operator=(const DiscoPieno&) = delete;
 };
@@ -246,9 +247,9 @@ void TestDocumentoGuasto::supportoDiSolaLettura()
     ScriviNota(File, NotaSemplice());
     OpenDatabase(File).Execute(u"ALTER TABLE ParcellaParam DROP COLUMN SpeseGen"_s);
     ImpostaSolaLettura(File, true);
-    SimulaSupportoBloccato(Ufficio.Cartella());
+    guasti::SupportoBloccato = Ufficio.Cartella();
     const int Numero = ErroreDelCarico(File);
-    SimulaSupportoBloccato({});
+    guasti::SupportoBloccato.clear();
     QCOMPARE(Numero, 75);
     QVERIFY(SolaLettura(File));
 }

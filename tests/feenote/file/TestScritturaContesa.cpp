@@ -1,7 +1,8 @@
 // A note's file that somebody else is writing too.
 #include "file_prova.h"
 
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
+#include "platform/system/guasti.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -39,16 +40,16 @@ PROVA(TestScritturaContesa);
 
 void TestScritturaContesa::init()
 {
-    ImpostaAttesaBlocchi(50);
-    AttesaTurnoMs = 50;
+    guasti::AttesaBlocchiMs = 50;
+    guasti::AttesaTurnoMs = 50;
     Cartella = NuovaCartella();
     File = Cartella + u"nota.mdb"_s;
 }
 
 void TestScritturaContesa::cleanup()
 {
-    ImpostaAttesaBlocchi(3000);
-    AttesaTurnoMs = 3000;
+    guasti::AttesaBlocchiMs = 3000;
+    guasti::AttesaTurnoMs = 3000;
 }
 
 void TestScritturaContesa::ciSiDaIlTurno()

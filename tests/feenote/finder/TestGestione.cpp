@@ -1,5 +1,8 @@
 #include "feenote/finder/finder_prova.h"
 #include "feenote/finder/modGestione.h"
+#include "platform/system/file.h"
+#include "platform/system/guasti.h"
+#include "platform/system/percorsi.h"
 
 #include <memory>
 
@@ -212,14 +215,14 @@ void TestGestione::quelCheNonSiCancella()
     } else if (Come == u"guasta") {
         ScriviFile(File, "x");
     } else if (Come == u"bloccata") {
-        ImpostaAttesaBlocchi(50);
+        guasti::AttesaBlocchiMs = 50;
         Altro = std::make_unique<AltroProgramma>(File);
     } else if (Come == u"cartella") {
         QVERIFY(QFile::setPermissions(CartellaFile(File), QFile::ReadOwner | QFile::ExeOwner));
     } else if (Come == u"supporto") {
         ImpostaSolaLettura(File, true);
         Box->Attendi(EModello, vbYes);
-        SimulaSupportoBloccato(CartellaFile(File));
+        guasti::SupportoBloccato = CartellaFile(File);
     }
     if (Chiede)
         Box->Attendi(Conferma, vbYes);
@@ -228,8 +231,8 @@ void TestGestione::quelCheNonSiCancella()
     const int Numero = NumeroErrore([this] { (void)Cancella(); });
     Registratore::AlMostrare() = {};
     Altro.reset();
-    ImpostaAttesaBlocchi(3000);
-    SimulaSupportoBloccato({});
+    guasti::AttesaBlocchiMs = 3000;
+    guasti::SupportoBloccato.clear();
     QFile::setPermissions(CartellaFile(File), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     QTEST(Numero, "Numero");
     QVERIFY(!Tolta);

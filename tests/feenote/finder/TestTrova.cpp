@@ -2,6 +2,8 @@
 #include "feenote/finder/memoriatrova.h"
 #include "feenote/finder/nominativi.h"
 #include "feenote/finder/ricerca.h"
+#include "platform/system/file.h"
+#include "platform/system/guasti.h"
 
 #include <QElapsedTimer>
 
@@ -225,9 +227,9 @@ void TestTrova::ilModelloRestaComE()
 {
     const QString Modello = SalvaNota(Radice + u"tipo.mdb"_s);
     ImpostaSolaLettura(Modello, true);
-    SimulaSupportoBloccato(Radice);
+    guasti::SupportoBloccato = Radice;
     const QList<VoceTrova> Voci = Trova(Qui());
-    SimulaSupportoBloccato({});
+    guasti::SupportoBloccato.clear();
     QCOMPARE(Voci.size(), 1);
     QVERIFY(Voci.first().Modello);
     QVERIFY(SolaLettura(Modello));

@@ -5,6 +5,8 @@
 #include "platform/kit/shell_qt.h"
 #include "platform/preview/stampante.h"
 #include "platform/preview/vistastampa.h"
+#include "platform/system/file.h"
+#include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
 #include <QMenu>

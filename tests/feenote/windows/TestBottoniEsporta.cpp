@@ -1,5 +1,8 @@
 // The buttons "word" and "wp".
 #include "feenote/windows/bottoniesporta.h"
+#include "platform/system/file.h"
+#include "platform/system/guasti.h"
+#include "platform/system/percorsi.h"
 #include "print/banco_esporta.h"
 #include "supporto/guasti.h"
 #include "supporto/prova.h"
@@ -96,7 +99,7 @@ void TestBottoniEsporta::wordNonAggiornato()
     Registratore Voce;
     CreaCartella(sessione::UserFolder + u"doc"_s);
     ScriviFile(B.File(), "vecchio");
-    LimitaDisco(20);
+    guasti::LimiteFile = 20;
     Voce.Attendi(u"Errore: "_s + DescrizioneErrore(61) + u" (61)"_s);
     Word(B);
     QVERIFY(B.Aperti.isEmpty());

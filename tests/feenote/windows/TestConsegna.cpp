@@ -8,8 +8,10 @@
 #include "feenote/modNumeraFattura.h"
 #include "platform/kit/collega.h"
 #include "platform/preview/vistastampa.h"
+#include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/orologio.h"
+#include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
 #include <QPushButton>

@@ -3,7 +3,9 @@
 #include "salvataggi.h"
 
 #include "platform/preview/vistastampa.h"
+#include "platform/system/file.h"
 #include "platform/system/orologio.h"
+#include "platform/system/percorsi.h"
 
 #include <QPlainTextEdit>
 

@@ -3,6 +3,9 @@
 
 #include "core/posti.h"
 #include "platform/database/database.h"
+#include "platform/system/file.h"
+#include "platform/system/guasti.h"
+#include "platform/system/percorsi.h"
 
 #include <QLockFile>
 #include <QProcess>
@@ -177,14 +180,14 @@ void TestDueProgrammi::init()
     T = std::make_unique<Tavolo>();
     if (qEnvironmentVariableIsSet(VariabileCartella))
         sessione::UserFolder = qEnvironmentVariable(VariabileCartella);
-    ImpostaAttesaBlocchi(100);
-    AttesaTurnoMs = 100;
+    guasti::AttesaBlocchiMs = 100;
+    guasti::AttesaTurnoMs = 100;
 }
 
 void TestDueProgrammi::cleanup()
 {
-    ImpostaAttesaBlocchi(3000);
-    AttesaTurnoMs = 3000;
+    guasti::AttesaBlocchiMs = 3000;
+    guasti::AttesaTurnoMs = 3000;
     T.reset();
 }
 
@@ -333,7 +336,7 @@ void TestDueProgrammi::uccisoInUnMomentoQualsiasi()
 
     // What the dead program was building hinders no save, and goes with it; a turn that it had not signed yet
     // is waited for.
-    AttesaTurnoMs = 3000;
+    guasti::AttesaTurnoMs = 3000;
     Parcella Nuova = NotaCivile();
     ScriviNota(FileNota(), Nuova);
     QCOMPARE(Nascosti(sessione::UserFolder), QStringList());

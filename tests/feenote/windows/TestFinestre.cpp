@@ -3,6 +3,7 @@
 
 #include "core/aperture.h"
 #include "core/posti.h"
+#include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
 
 #include <QDir>

@@ -1,6 +1,7 @@
 // Templates: saved, reopened, safe from the next save.
 #include "core/comandi.h"
 #include "core/posti.h"
+#include "platform/system/file.h"
 #include "salvataggi.h"
 
 using namespace Qt::StringLiterals;

@@ -6,6 +6,7 @@
 #include "core/posti.h"
 #include "feenote/file/modSalvataggio.h"
 #include "platform/kit/messaggi_qt.h"
+#include "platform/system/file.h"
 
 #include <QInputDialog>
 #include <QTimer>

@@ -1,5 +1,8 @@
 // Recovery copies: kept while changes are unsaved, found after a kill, offered, taken over.
 #include "core/posti.h"
+#include "platform/system/file.h"
+#include "platform/system/guasti.h"
+#include "platform/system/percorsi.h"
 #include "tavolo.h"
 
 #include <QElapsedTimer>
@@ -94,7 +97,7 @@ PROVA(TestRecupero);
 void TestRecupero::init()
 {
     T = std::make_unique<Tavolo>();
-    AttesaCopiaMs = AttesaBreve;
+    guasti::AttesaCopiaMs = AttesaBreve;
     if (qEnvironmentVariableIsSet(VariabileCartella))
         return;
     F = T->Apri();
@@ -103,7 +106,7 @@ void TestRecupero::init()
 
 void TestRecupero::cleanup()
 {
-    AttesaCopiaMs = 2000;
+    guasti::AttesaCopiaMs = 2000;
     T.reset();
 }
 
@@ -427,7 +430,7 @@ void TestRecupero::ilRicalcoloSiRicorda()
 
 void TestRecupero::primaDiChiedereLaCopiaCe()
 {
-    AttesaCopiaMs = 60000;
+    guasti::AttesaCopiaMs = 60000;
     Tocca();
     QStringList Viste;
     Messaggi Suoi;

@@ -2,6 +2,7 @@
 #include "supporto/prova.h"
 
 #include "feenote/modTipiDocumento.h"
+#include "platform/system/file.h"
 #include "salvataggi.h"
 
 #include <QDateTime>

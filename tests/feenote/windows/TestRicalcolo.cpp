@@ -2,6 +2,7 @@
 #include "tavolo.h"
 
 #include "platform/preview/vistastampa.h"
+#include "platform/system/percorsi.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,6 +4,8 @@
 #include "core/comandi.h"
 #include "core/posti.h"
 #include "platform/kit/messaggi_qt.h"
+#include "platform/system/file.h"
+#include "platform/system/guasti.h"
 
 #include <QMessageBox>
 #include <QPushButton>
@@ -76,7 +78,7 @@ void TestSalvataggi::init()
 
 void TestSalvataggi::cleanup()
 {
-    LimitaPagine(0);
+    guasti::LimitePagine = 0;
     T.reset();
 }
 
@@ -287,11 +289,11 @@ void TestSalvataggi::discoPieno()
     const QString File = SalvaCome(*T, u"nota.mdb"_s);
     Tocca(F, u"Verdi"_s);
     F->Nota.Psw = u"->>abc"_s;
-    LimitaPagine(3);
+    guasti::LimitePagine = 3;
     T->Voce.AttendiSalva(File);
     T->Voce.Attendi(Guasto(3026), vbOK, u"Errore:"_s);
     EseguiComando(u"save"_s, 1, {});
-    LimitaPagine(0);
+    guasti::LimitePagine = 0;
     QVERIFY2(Cliente(File) == u"Rossi", "la versione di prima resta");
     QVERIFY(F->Nota.Modificata && InfoParcelle[1].Modificata);
     QCOMPARE(F->Nota.Psw, u"->>abc"_s);
@@ -306,7 +308,7 @@ void TestSalvataggi::occupatoDaUnAltro()
     // Another name of the same file gets a connection of its own, as another program would.
     const QString Suo = NuovaCartella() + u"suo.mdb"_s;
     std::filesystem::create_hard_link(File.toStdString(), Suo.toStdString());
-    ImpostaAttesaBlocchi(50);
+    guasti::AttesaBlocchiMs = 50;
     {
         const Database Altro = OpenDatabase(Suo);
         const Transazione Sua(Altro);
@@ -315,7 +317,7 @@ void TestSalvataggi::occupatoDaUnAltro()
         T->Voce.Attendi(Guasto(3260), vbOK, u"Errore:"_s);
         EseguiComando(u"save"_s, 1, {});
     }
-    ImpostaAttesaBlocchi(3000);
+    guasti::AttesaBlocchiMs = 3000;
     QCOMPARE(Cliente(File), u"Rossi"_s);
     QVERIFY(F->Nota.Modificata);
     Salva(*T, File);  // once he has finished

@@ -7,6 +7,8 @@
 #include "feenote/modParti.h"
 #include "platform/preview/stampante.h"
 #include "platform/preview/vistastampa.h"
+#include "platform/system/file.h"
+#include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
 #include <QAction>

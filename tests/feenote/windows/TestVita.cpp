@@ -6,6 +6,8 @@
 #include "core/posti.h"
 #include "platform/database/database.h"
 #include "platform/kit/messaggi_qt.h"
+#include "platform/system/file.h"
+#include "platform/system/guasti.h"
 #include "platform/system/shell.h"
 
 #include <QDialog>
@@ -92,7 +94,7 @@ void TestVita::init()
 
 void TestVita::cleanup()
 {
-    LimitaPagine(0);
+    guasti::LimitePagine = 0;
     T.reset();
 }
 
@@ -189,12 +191,12 @@ void TestVita::chiudiESalvataggioAnnullato()
 void TestVita::chiudiESalvataggioFallito()
 {
     Tocca(F);
-    LimitaPagine(3);
+    guasti::LimitePagine = 3;
     T->Voce.Attendi(u"Nuova parcella\nVuoi salvare la parcella prima di chiudere?"_s, vbYes);
     T->Voce.AttendiSalva(T->Ufficio.File(u"nota.mdb"_s));
     T->Voce.Attendi(Guasto(3026));
     QVERIFY(!F->close());
-    LimitaPagine(0);
+    guasti::LimitePagine = 0;
     QVERIFY(F->isVisible() && F->Nota.Modificata);
 }
 

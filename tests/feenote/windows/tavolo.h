@@ -9,7 +9,6 @@
 #include "platform/grid/griglia.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/modFiltri.h"
-#include "platform/system/percorsi.h"
 #include "supporto/finestre.h"
 
 #include <QApplication>

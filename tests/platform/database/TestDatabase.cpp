@@ -3,6 +3,7 @@
 #include "platform/base/errore.h"
 #include "platform/database/criterio.h"
 #include "platform/database/database.h"
+#include "platform/system/guasti.h"
 #include "supporto/guasti.h"
 
 using namespace Qt::StringLiterals;
@@ -261,9 +262,9 @@ void TestDatabase::copiaTabellaFallitaNonLasciaNulla()
     const Database Da = CreateDatabase(Cartella + u"da.mdb"_s);
     Da.Execute(u"CREATE TABLE T (a TEXT, \"sqlite\" TEXT)"_s);
     Da.Execute(u"INSERT INTO T (a) VALUES (?)"_s, {QString(200000, u'x')});
-    LimitaPagine(20);
+    guasti::LimitePagine = 20;
     const Database A = CreateDatabase(Cartella + u"a.mdb"_s);
-    LimitaPagine(0);
+    guasti::LimitePagine = 0;
     QCOMPARE(NumeroErrore([&] { Da.CopiaTabella(u"T"_s, A); }), 3026);
     QCOMPARE(A.Tabelle(), QStringList());
 }

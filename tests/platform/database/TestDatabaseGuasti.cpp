@@ -4,6 +4,7 @@
 #include "platform/base/errore.h"
 #include "platform/database/criterio.h"
 #include "platform/database/database.h"
+#include "platform/system/guasti.h"
 #include "supporto/guasti.h"
 
 #include <QRandomGenerator>
@@ -54,8 +55,8 @@ PROVA(TestDatabaseGuasti);
 
 void TestDatabaseGuasti::cleanup()
 {
-    LimitaPagine(0);
-    ImpostaAttesaBlocchi(3000);
+    guasti::LimitePagine = 0;
+    guasti::AttesaBlocchiMs = 3000;
 }
 
 QByteArray TestDatabaseGuasti::Leggi(const QString& File) const
@@ -136,7 +137,7 @@ void TestDatabaseGuasti::fileCheNonSiCreano()
 
 void TestDatabaseGuasti::creazioneFallitaNonLasciaFile()
 {
-    LimitaPagine(1);
+    guasti::LimitePagine = 1;
     QCOMPARE(NumeroErrore([&] { (void)CreateDatabase(Cartella + u"nuovo.mdb"_s); }), 3026);
     QVERIFY(QDir(Cartella).isEmpty());
 }
@@ -221,7 +222,7 @@ void TestDatabaseGuasti::discoPienoLasciaIlFileComEra()
 {
     const QString File = FileBuono();
     const QByteArray Prima = Leggi(File);
-    LimitaPagine(int(Prima.size() / 4096) + 3);
+    guasti::LimitePagine = int(Prima.size() / 4096) + 3;
     {
         const Database Db = OpenDatabase(File);
         Transazione Salvataggio(Db);
@@ -242,7 +243,7 @@ void TestDatabaseGuasti::confermaFallitaNonScrive()
     const QString File = FileBuono();
     const QString Altro = Cartella + u"altro.mdb"_s;
     std::filesystem::create_hard_link(File.toStdString(), Altro.toStdString());
-    ImpostaAttesaBlocchi(50);
+    guasti::AttesaBlocchiMs = 50;
     const Database Mio = OpenDatabase(File);
     const Database Suo = OpenDatabase(Altro);
     Suo.Execute(u"BEGIN"_s);
@@ -263,7 +264,7 @@ void TestDatabaseGuasti::bloccoAltruiSiAttende()
     const QString File = FileBuono();
     const QString Altro = Cartella + u"altro.mdb"_s;
     std::filesystem::create_hard_link(File.toStdString(), Altro.toStdString());
-    ImpostaAttesaBlocchi(50);
+    guasti::AttesaBlocchiMs = 50;
     const Database Mio = OpenDatabase(File);
     const Database Suo = OpenDatabase(Altro);
     {

@@ -1,6 +1,7 @@
 #include "platform/database/database.h"
 #include "platform/database/primariga.h"
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
+#include "platform/system/guasti.h"
 #include "supporto/guasti.h"
 #include "supporto/prova.h"
 
@@ -200,11 +201,11 @@ void TestPrimaRiga::ilFileRestaComE()
 {
     Crea(File, {1, u"Rossi"_s});
     ImpostaSolaLettura(File, true);
-    SimulaSupportoBloccato(Cartella);
+    guasti::SupportoBloccato = Cartella;
     const QDateTime Prima = QFileInfo(File).lastModified();
     const QByteArray Byte = LeggiFile(File);
     const auto Letta = Leggi(File);
-    SimulaSupportoBloccato({});
+    guasti::SupportoBloccato.clear();
     QCOMPARE(Letta.value().at(1), u"Rossi"_s);
     QVERIFY(SolaLettura(File));
     QCOMPARE(QFileInfo(File).lastModified(), Prima);

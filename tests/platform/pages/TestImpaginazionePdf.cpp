@@ -4,7 +4,8 @@
 
 #include "documenti.h"
 #include "platform/base/errore.h"
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
+#include "platform/system/guasti.h"
 
 #include <QBuffer>
 #include <QPageLayout>
@@ -196,13 +197,13 @@ void TestImpaginazionePdf::ilFileAppareIntero()
     const Impaginazione Fatta = TrePagine();
     const QString File = NuovaCartella() + u"nota.pdf"_s;
     ScriviFile(File, "vecchio");
-    LimitaDisco(100);
+    guasti::LimiteFile = 100;
     try {
         Fatta.ScriviPdf(File, u"Prova"_s);
-        LimitaDisco(0);
+        guasti::LimiteFile = 0;
         QFAIL("a full disk was not told");
     } catch (const Errore& Guasto) {
-        LimitaDisco(0);
+        guasti::LimiteFile = 0;
         QCOMPARE(Guasto.Numero, 61);
     }
     QCOMPARE(LeggiFile(File), "vecchio"_ba);

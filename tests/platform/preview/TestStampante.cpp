@@ -2,7 +2,8 @@
 #include "platform/base/errore.h"
 #include "platform/kit/messaggi_qt.h"
 #include "platform/preview/stampante.h"
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
+#include "platform/system/guasti.h"
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 #include "vista_prova.h"
@@ -391,13 +392,13 @@ void TestStampante::pdfRifiutato()
     QString Percorso = Uscita();
     ScriviFile(Uscita(), "vecchio");
     const auto Rimetti = qScopeGuard([&] {
-        LimitaDisco(0);
+        guasti::LimiteFile = 0;
         ImpostaSolaLettura(Uscita(), false);
     });
     if (Caso == u"cartella")
         Percorso = CartellaDiProva() + u"manca/stampa.pdf"_s;
     else if (Caso == u"disco")
-        LimitaDisco(100);
+        guasti::LimiteFile = 100;
     else
         ImpostaSolaLettura(Uscita(), true);
     Messaggi->AttendiSalva(Percorso);

@@ -1,5 +1,6 @@
 #include "platform/system/cartelle.h"
 
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 #include "supporto/guasti.h"
 #include "supporto/prova.h"

@@ -1,8 +1,8 @@
 #include "supporto/prova.h"
 
 #include "platform/base/errore.h"
+#include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
-#include "platform/system/percorsi.h"
 
 #include <QDir>
 #include <QFile>

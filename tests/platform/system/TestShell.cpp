@@ -1,5 +1,6 @@
 #include "supporto/prova.h"
 
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 

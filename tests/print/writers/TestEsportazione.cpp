@@ -2,6 +2,8 @@
 #include "supporto/guasti.h"
 #include "supporto/prova.h"
 
+#include "platform/system/file.h"
+#include "platform/system/guasti.h"
 #include "print/banco_esporta.h"
 #include "print/writers/esportazione.h"
 
@@ -61,10 +63,10 @@ void TestEsportazione::guastiDelDisco()
     QCOMPARE(Scrivi(Protetto), 75);
     QCOMPARE(LeggiFile(Protetto), "vecchio"_ba);
     ImpostaSolaLettura(Protetto, false);
-    LimitaDisco(10);
+    guasti::LimiteFile = 10;
     QCOMPARE(Scrivi(Protetto), 61);
     QCOMPARE(LeggiFile(Protetto), "vecchio"_ba);
-    LimitaDisco(0);
+    guasti::LimiteFile = 0;
     QCOMPARE(Scrivi(Protetto), 0);
 }
 

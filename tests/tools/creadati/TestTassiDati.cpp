@@ -4,7 +4,7 @@
 #include "creadati/archivio_tassi.h"
 #include "platform/base/errore.h"
 #include "platform/database/database.h"
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
 
 using namespace Qt::StringLiterals;
 

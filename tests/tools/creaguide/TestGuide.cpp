@@ -5,7 +5,7 @@
 #include "creadati/tassi.h"
 #include "creaguide/creaguide.h"
 #include "platform/base/regionale.h"
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
 
 #include <QDir>
 #include <QDirIterator>

@@ -3,7 +3,7 @@
 #include "calculators/modContributo.h"
 #include "calculators/paginacontributo.h"
 #include "platform/base/regionale.h"
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
 
 #include <QDir>
 #include <QDirIterator>

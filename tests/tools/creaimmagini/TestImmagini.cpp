@@ -3,7 +3,7 @@
 #include "core/CIni.h"
 #include "creaimmagini/creaimmagini.h"
 #include "creaimmagini/gif.h"
-#include "platform/system/percorsi.h"
+#include "platform/system/file.h"
 
 #include <QDir>
 #include <QImage>

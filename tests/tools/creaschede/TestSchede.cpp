@@ -5,6 +5,7 @@
 #include "creaschede/importischeda.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 #include "tariffs/modEvaluate.h"
 

@@ -6,6 +6,7 @@
 #include "core/modErrori.h"
 #include "core/sessione.h"
 #include "platform/kit/collega.h"
+#include "platform/system/file.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"

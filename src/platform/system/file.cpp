@@ -1,0 +1,273 @@
+#include "platform/system/file.h"
+
+#include "platform/base/errore.h"
+#include "platform/base/paginacodice.h"
+#include "platform/system/guasti.h"
+#include "platform/system/percorsi.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QTemporaryFile>
+#include <QUuid>
+
+#include <filesystem>
+
+#ifdef Q_OS_WIN
+#include <windows.h>
+#else
+#include <fcntl.h>
+#include <sys/file.h>
+#include <time.h>
+#include <unistd.h>
+#endif
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The folder where a file stands, fit for the system: "." when the path names none.
+QString CartellaDi(const QString& File)
+{
+    const QString Cartella = CartellaFile(File);
+    return Cartella.isEmpty() ? u"."_s : Cartella;
+}
+
+bool HaSoloLettura(const QFileInfo& Info)
+{
+    return Info.exists() && !Info.permission(QFile::WriteOwner);
+}
+
+/// Whether the disk of a folder lacks the room. The file system is asked, not the table of mounts, which
+/// knows nothing of a changed root; no answer is no full disk.
+bool DiscoPieno(const QString& Cartella, qint64 Byte)
+{
+    std::error_code Esito;
+    const std::filesystem::space_info Spazio =
+        std::filesystem::space(QFileInfo(Cartella).filesystemFilePath(), Esito);
+    return !Esito && Spazio.available < std::uintmax_t(Byte);
+}
+
+/// The deepest folder of the path that is there already.
+QString AntenatoEsistente(const QString& Cartella)
+{
+    QString Antenato = QDir::cleanPath(QDir::current().absoluteFilePath(Cartella));
+    while (!QFileInfo::exists(Antenato) && !QDir(Antenato).isRoot())
+        Antenato = QFileInfo(Antenato).path();
+    return Antenato;
+}
+
+#ifndef Q_OS_WIN
+/// Office programs lock no file here: beside the one that they have open they put another, named after it,
+/// and take it away when they close it. One from before the machine was started was left by a crash.
+bool ConSegnoDiApertura(const QString& Nativo)
+{
+    const QFileInfo File(Nativo);
+    const QFileInfo Segno(File.path() + u"/.~lock."_s + File.fileName() + u'#');
+    if (!Segno.exists())
+        return false;
+    timespec DallAvvio = {};
+    ::clock_gettime(CLOCK_BOOTTIME, &DallAvvio);
+    return Segno.lastModified().secsTo(QDateTime::currentDateTime()) <= DallAvvio.tv_sec;
+}
+#endif
+
+/// Whether somebody else keeps the file from being opened for writing alone.
+bool Bloccato(const QString& Nativo)
+{
+#ifdef Q_OS_WIN
+    const HANDLE File = CreateFileW(reinterpret_cast<const wchar_t*>(Nativo.utf16()),
+                                    GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (File == INVALID_HANDLE_VALUE)
+        return true;
+    CloseHandle(File);
+    return false;
+#else
+    const int File = ::open(QFile::encodeName(Nativo).constData(), O_RDWR | O_CLOEXEC);
+    if (File < 0)
+        return true;
+    // Programs lock in one of two ways that do not see each other, so both are asked.
+    struct flock Blocco = {};
+    Blocco.l_type = F_WRLCK;
+    Blocco.l_whence = SEEK_SET;
+    const bool DiTratto = ::fcntl(File, F_GETLK, &Blocco) == 0 && Blocco.l_type != F_UNLCK;
+    const bool DiFile = ::flock(File, LOCK_EX | LOCK_NB) != 0;
+    ::close(File);
+    return DiTratto || DiFile || ConSegnoDiApertura(Nativo);
+#endif
+}
+
+/// @throws Errore 53 missing, 75 unreadable or a folder
+void ApriInLettura(QFile& File, const QString& Percorso)
+{
+    const QFileInfo Info(PercorsoNativo(Percorso));
+    if (Percorso.isEmpty() || !Info.exists())
+        throw Errore(53);
+    const bool Leggibile = Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
+    File.setFileName(Info.filePath());
+    if (!Info.isFile() || !Leggibile || !File.open(QIODevice::ReadOnly))
+        throw Errore(75);
+}
+
+}  // namespace
+
+QString TrovaFile(const QString& Percorso)
+{
+    QString Esatto = PercorsoNativo(Percorso);
+    if (EsisteFile(Esatto))
+        return Esatto;
+    const QString Nome = NomeFile(Esatto);
+    const QStringList Presenti = QDir(CartellaDi(Esatto)).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    for (const QString& Presente : Presenti) {
+        if (Presente.compare(Nome, Qt::CaseInsensitive) == 0)
+            return CartellaFile(Esatto) + Presente;
+    }
+    return Esatto;
+}
+
+bool EsisteCartella(const QString& Percorso)
+{
+    return !Percorso.isEmpty() && QFileInfo(PercorsoNativo(Percorso)).isDir();
+}
+
+bool EsisteFile(const QString& Percorso)
+{
+    return !Percorso.isEmpty() && QFileInfo(PercorsoNativo(Percorso)).isFile();
+}
+
+void CreaCartella(const QString& Percorso)
+{
+    if (EsisteCartella(Percorso))
+        return;
+    const QString Nativo = PercorsoNativo(Percorso);
+    if (Nativo.isEmpty() || !CartellaScrivibile(AntenatoEsistente(Nativo)) || !QDir().mkpath(Nativo))
+        throw Errore(75);
+}
+
+bool SolaLettura(const QString& Percorso)
+{
+    return HaSoloLettura(QFileInfo(PercorsoNativo(Percorso)));
+}
+
+void ImpostaSolaLettura(const QString& Percorso, bool Attiva)
+{
+    QFile File(PercorsoNativo(Percorso));
+    if (!File.exists())
+        throw Errore(53);
+    if (!guasti::SupportoBloccato.isEmpty() &&
+        File.fileName().startsWith(PercorsoNativo(guasti::SupportoBloccato)))
+        throw Errore(75);
+    constexpr QFile::Permissions Scritture =
+        QFile::WriteOwner | QFile::WriteUser | QFile::WriteGroup | QFile::WriteOther;
+    const QFile::Permissions Presenti = File.permissions();
+    if (!File.setPermissions(Attiva ? Presenti & ~Scritture : Presenti | QFile::WriteOwner))
+        throw Errore(75);
+}
+
+bool CartellaScrivibile(const QString& Cartella)
+{
+    if (!EsisteCartella(Cartella))
+        return false;
+#ifdef Q_OS_WIN
+    // The attribute of a folder says nothing there; its access list shows in the attempt alone.
+    return QTemporaryFile(Barra(Cartella) + u"XXXXXX"_s).open();
+#else
+    const QFileInfo Info(PercorsoNativo(Cartella));
+    return Info.permission(QFile::WriteOwner | QFile::ExeOwner) && Info.isWritable();
+#endif
+}
+
+bool FileInUso(const QString& Percorso)
+{
+    return EsisteFile(Percorso) && (SolaLettura(Percorso) || Bloccato(PercorsoNativo(Percorso)));
+}
+
+void LeggiAPezzi(const QString& Percorso, const std::function<bool(QByteArrayView)>& Prendi)
+{
+    constexpr qint64 Pezzo = qint64(64) << 10;
+    QFile File;
+    ApriInLettura(File, Percorso);
+    for (QByteArray Letti = File.read(Pezzo); !Letti.isEmpty(); Letti = File.read(Pezzo))
+        if (!Prendi(Letti))
+            break;
+    if (File.error() != QFile::NoError)
+        throw Errore(75);
+}
+
+QByteArray LeggiFile(const QString& Percorso, qint64 MassimoByte)
+{
+    QFile File;
+    ApriInLettura(File, Percorso);
+    if (File.size() > MassimoByte)
+        throw Errore(7);
+    QByteArray Contenuto = File.readAll();
+    if (File.error() != QFile::NoError)
+        throw Errore(75);
+    return Contenuto;
+}
+
+QString LeggiFileTesto(const QString& Percorso)
+{
+    const QByteArray MarcaUtf8 = "\xEF\xBB\xBF"_ba;
+    try {
+        const QByteArray Byte = LeggiFile(TrovaFile(PercorsoNativo(Percorso)));
+        return Byte.startsWith(MarcaUtf8) ? QString::fromUtf8(Byte.sliced(MarcaUtf8.size())) : DaCp1252(Byte);
+    } catch (const Errore&) {
+        return {};
+    }
+}
+
+void ScriviFile(const QString& Percorso, const QByteArray& Contenuto)
+{
+    const QString Nativo = PercorsoNativo(Percorso);
+    const QString Cartella = CartellaDi(Nativo);
+    if (!EsisteCartella(Cartella))
+        throw Errore(76);
+    // The rename would replace a read-only file, so the attribute is asked first.
+    if (EsisteCartella(Nativo) || SolaLettura(Nativo) || !CartellaScrivibile(Cartella))
+        throw Errore(75);
+    if (guasti::LimiteFile > 0 && Contenuto.size() > guasti::LimiteFile)
+        throw Errore(61);
+    QSaveFile File(Nativo);
+    if (!File.open(QIODevice::WriteOnly))
+        throw Errore(75);
+    // A failure is judged while the incomplete copy still takes its room.
+    if (File.write(Contenuto) != Contenuto.size() || !File.flush()) {
+        throw Errore(DiscoPieno(Cartella, Contenuto.size()) ? 61 : 75);
+    }
+    if (!File.commit())
+        throw Errore(75);
+}
+
+bool CreaFile(const QString& Percorso, const QByteArray& Contenuto)
+{
+    const QString Nativo = PercorsoNativo(Percorso);
+    if (QFileInfo::exists(Nativo))
+        return false;
+    const QString Provvisorio = Nativo + u'.' + QUuid::createUuid().toString(QUuid::Id128);
+    ScriviFile(Provvisorio, Contenuto);
+    // A second name is refused where a file has come up meanwhile; a move would fall back to overwriting it.
+    std::error_code Esito;
+    std::filesystem::create_hard_link(QFileInfo(Provvisorio).filesystemFilePath(),
+                                      QFileInfo(Nativo).filesystemFilePath(), Esito);
+    // On a medium that knows no second names the look from before must do.
+    if (Esito && Esito != std::errc::file_exists) {
+        SostituisciFile(Provvisorio, Nativo);
+        return true;
+    }
+    QFile::remove(Provvisorio);
+    return !Esito;
+}
+
+void SostituisciFile(const QString& Nuovo, const QString& Vecchio)
+{
+    if (!EsisteFile(Nuovo))
+        throw Errore(53);
+    std::error_code Esito;
+    std::filesystem::rename(QFileInfo(PercorsoNativo(Nuovo)).filesystemFilePath(),
+                            QFileInfo(PercorsoNativo(Vecchio)).filesystemFilePath(), Esito);
+    if (Esito)
+        throw Errore(75);
+}

@@ -1,0 +1,56 @@
+// Files and folders: what is there, reading, writing, who has a file open.
+//
+// Paths may have both separators, as everywhere (platform/system/percorsi.h).
+#pragma once
+
+#include <QByteArrayView>
+#include <QString>
+
+#include <functional>
+
+/// A file of a fixed name, found whatever its case, since the names of the design come from a system
+/// that ignores it. The exact name wins; with no match the exact path comes back.
+[[nodiscard]] QString TrovaFile(const QString& Percorso);
+
+[[nodiscard]] bool EsisteCartella(const QString& Percorso);  ///< true for a folder, false for a file
+[[nodiscard]] bool EsisteFile(const QString& Percorso);      ///< true for a file, false for a folder
+
+/// Creates the whole path. @throws Errore 75 when it cannot be made
+void CreaCartella(const QString& Percorso);
+
+/// The read-only attribute: no writing permission for the owner. It is read from the permission bits,
+/// so that it holds for the superuser too.
+[[nodiscard]] bool SolaLettura(const QString& Percorso);
+/// @throws Errore 75 when the attribute cannot be changed, 53 when no file is there
+void ImpostaSolaLettura(const QString& Percorso, bool Attiva);
+
+/// True when a file can be created in the folder, judged by the permission bits (superuser too).
+[[nodiscard]] bool CartellaScrivibile(const QString& Cartella);
+
+/// Opens an existing file for exclusive writing; true when that fails, and when an office program has it
+/// open. A missing file is not in use.
+[[nodiscard]] bool FileInUso(const QString& Percorso);
+
+/// The whole file, at most `MassimoByte` bytes.
+/// @throws Errore 53 missing, 75 unreadable or a folder, 7 larger than the limit
+[[nodiscard]] QByteArray LeggiFile(const QString& Percorso, qint64 MassimoByte = qint64(64) << 20);
+
+/// Whole content of a text file (Windows-1252 or UTF-8 with a mark), found whatever its case. Any failure
+/// gives an empty text, and so does a file larger than LeggiFile takes.
+[[nodiscard]] QString LeggiFileTesto(const QString& Percorso);
+
+/// Reads a file from its beginning in pieces, until `Prendi` wants no more of them.
+/// @throws Errore 53 missing, 75 unreadable or a folder
+void LeggiAPezzi(const QString& Percorso, const std::function<bool(QByteArrayView)>& Prendi);
+
+/// Writes the whole file through a temporary one and a rename: the former file stays until the new one
+/// is complete. @throws Errore 75 refused, 76 no folder, 61 disk full
+void ScriviFile(const QString& Percorso, const QByteArray& Contenuto);
+
+/// Writes a file that is not there yet. One that somebody else puts there meanwhile stays.
+/// @return false when something of this very name is there. @throws Errore as ScriviFile
+bool CreaFile(const QString& Percorso, const QByteArray& Contenuto);
+
+/// Puts a finished file in the place of another in one step, on the same disk; the other one is gone then.
+/// @throws Errore 53 no such file, 75 refused; both files are then as before
+void SostituisciFile(const QString& Nuovo, const QString& Vecchio);

@@ -1,0 +1,28 @@
+// Failures and haste that tests ask for. The program itself changes none of these values.
+#pragma once
+
+#include <QString>
+
+namespace guasti {
+
+/// No file of more bytes than this is completed by ScriviFile, as on a full disk; 0 lifts the limit.
+inline qint64 LimiteFile = 0;
+
+/// Files under this folder refuse any change of their attributes, as on a read-only medium, to the superuser
+/// too; an empty path lifts it.
+inline QString SupportoBloccato;
+
+/// Every database opened or created from now on may grow to this many pages of 4096 bytes, as on a full disk;
+/// 0 lifts the limit.
+inline int LimitePagine = 0;
+
+/// How long the databases opened from now on wait for a lock of somebody else, in milliseconds.
+inline int AttesaBlocchiMs = 3000;
+
+/// How long a save waits for another program that saves under the same name, in milliseconds.
+inline int AttesaTurnoMs = 3000;
+
+/// How long a change of a note may wait for its recovery copy, in milliseconds.
+inline int AttesaCopiaMs = 2000;
+
+}  // namespace guasti
