@@ -1,7 +1,6 @@
 #include "calculators/modTermini.h"
 
 #include "core/modTesti.h"
-#include "platform/base/datatesto.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/system/messaggi.h"

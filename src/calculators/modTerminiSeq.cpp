@@ -1,7 +1,6 @@
 #include "calculators/modTerminiSeq.h"
 
 #include "core/modTesti.h"
-#include "platform/base/datatesto.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 

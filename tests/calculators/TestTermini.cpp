@@ -4,7 +4,6 @@
 #include "supporto/registratore.h"
 
 #include "calculators/modTermini.h"
-#include "platform/base/datatesto.h"
 
 using namespace Qt::StringLiterals;
 
@@ -52,8 +51,6 @@ private Q_SLOTS:
     void pasquetta_data();
     void pasquetta();
     void giorniSospesi();
-    void secolo_data();
-    void secolo();
 };
 PROVA(TestTermini);
 
@@ -326,23 +323,6 @@ void TestTermini::giorniSospesi()
     QVERIFY(GiornoSospeso(QDate(2012, 8, 1)));
     QVERIFY(GiornoSospeso(QDate(2030, 9, 15)));
     QVERIFY(!GiornoSospeso(QDate(2012, 9, 16)));
-}
-
-void TestTermini::secolo_data()
-{
-    QTest::addColumn<QString>("Testo");
-    QTest::addColumn<QString>("Esteso");
-    QTest::newRow("00-29: duemila") << u"12/03/29__"_s << u"12/03/2029"_s;
-    QTest::newRow("30-99: novecento") << u"12/03/30__"_s << u"12/03/1930"_s;
-    QTest::newRow("già intera") << u"12/03/2012"_s << u"12/03/2012"_s;
-    QTest::newRow("nessuna data") << u"31/02/12__"_s << u"31/02/12__"_s;
-    QTest::newRow("vuota") << u"__/__/____"_s << u"__/__/____"_s;
-}
-
-void TestTermini::secolo()
-{
-    QFETCH(QString, Testo);
-    QTEST(ConSecolo(Testo), "Esteso");
 }
 
 #include "TestTermini.moc"

@@ -5,7 +5,6 @@
 #include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
-#include "platform/base/datatesto.h"
 #include "platform/base/regionale.h"
 #include "platform/calendar/calendario.h"
 #include "platform/kit/aspetto.h"

@@ -300,3 +300,15 @@ QDate CDate(const QString& Testo)
         return *Data;
     throw Errore(13);
 }
+
+QString SenzaSecolo(const QString& Testo)
+{
+    constexpr qsizetype AnnoDiDueCifre = 8;
+    return Testo.endsWith(u"__") ? Testo.left(AnnoDiDueCifre) : Testo;
+}
+
+QString ConSecolo(const QString& Testo)
+{
+    const auto Data = Testo.endsWith(u"__") ? LeggiData(SenzaSecolo(Testo)) : std::nullopt;
+    return Data ? Format(*Data, u"dd/mm/yyyy") : Testo;
+}

@@ -1,6 +1,5 @@
 #include "platform/kit/mascheradata.h"
 
-#include "platform/base/datatesto.h"
 #include "platform/base/regionale.h"
 #include "platform/kit/collega.h"
 

@@ -20,6 +20,8 @@ private Q_SLOTS:
     void scriveConIlModello();
     void dataAssenteEVuota();
     void siRileggeQuelCheSiScrive();
+    void annoDiDueCifreNellaMaschera_data();
+    void annoDiDueCifreNellaMaschera();
 };
 PROVA(TestRegionaleDate);
 
@@ -147,6 +149,26 @@ void TestRegionaleDate::siRileggeQuelCheSiScrive()
 {
     for (QDate Data(1899, 1, 1); Data.year() < 2101; Data = Data.addDays(13))
         QCOMPARE(CDate(Format(Data, u"dd/mm/yyyy")), Data);
+}
+
+void TestRegionaleDate::annoDiDueCifreNellaMaschera_data()
+{
+    QTest::addColumn<QString>("Testo");
+    QTest::addColumn<QString>("Breve");
+    QTest::addColumn<QString>("Esteso");
+    QTest::newRow("last short year of 2000") << u"12/03/29__"_s << u"12/03/29"_s << u"12/03/2029"_s;
+    QTest::newRow("first short year of 1900") << u"12/03/30__"_s << u"12/03/30"_s << u"12/03/1930"_s;
+    QTest::newRow("four digits already") << u"12/03/2012"_s << u"12/03/2012"_s << u"12/03/2012"_s;
+    QTest::newRow("three digits") << u"12/03/201_"_s << u"12/03/201_"_s << u"12/03/201_"_s;
+    QTest::newRow("no date") << u"31/02/12__"_s << u"31/02/12"_s << u"31/02/12__"_s;
+    QTest::newRow("empty") << u"__/__/____"_s << u"__/__/__"_s << u"__/__/____"_s;
+}
+
+void TestRegionaleDate::annoDiDueCifreNellaMaschera()
+{
+    QFETCH(QString, Testo);
+    QTEST(SenzaSecolo(Testo), "Breve");
+    QTEST(ConSecolo(Testo), "Esteso");
 }
 
 #include "TestRegionaleDate.moc"
