@@ -3,9 +3,7 @@
 #include "core/app/apritori.h"
 #include "core/modErrori.h"
 #include "platform/kit/aspetto.h"
-#include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
-#include "platform/kit/modFiltri.h"
 #include "platform/kit/servizi_qt.h"
 #include "platform/network/segnale.h"
 
@@ -18,6 +16,5 @@ void PreparaProgramma()
     InstallaServiziQt();
     InstallaSegnale();
     InstallaUltimaRete([](const Errore& Guasto) { GestioneErrori(Guasto); });
-    InstallaFiltro(FiltroTasti);
     RiempiApritori();
 }

@@ -3,6 +3,7 @@
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/modFiltri.h"
 #include "platform/system/messaggi.h"
 
 #include <QApplication>
@@ -125,12 +126,6 @@ void Osserva(QWidget* Campo, std::function<bool()> Procedura, bool Sempre)
     Osservatore->Sempre = Sempre;
 }
 
-std::function<int(int, const QString&)>& Filtro()
-{
-    static std::function<int(int, const QString&)> Installato;
-    return Installato;
-}
-
 constexpr const char* ProprietaRifiutati = "tastiRifiutati";
 
 void SegnaRifiutato(QLineEdit* Campo, QChar Carattere)
@@ -172,7 +167,7 @@ private:
         if (Testo.isEmpty() || !QChar::isPrint(Testo.first()) || Box->isReadOnly())
             return false;
         const int Prima = int(Testo.first());
-        const int Dopo = Lascia(Decimale(Tasto, Prima));
+        const int Dopo = FiltroTasti(Decimale(Tasto, Prima), Tipo);
         if (Dopo == Prima)
             return false;
         if (Dopo == 0)
@@ -191,12 +186,6 @@ private:
             return Carattere;
         const bool Tastierino = Tasto.modifiers().testFlag(Qt::KeypadModifier);
         return PuntoInVirgola || (Tastierino && TastierinoInVirgola) ? u',' : u'.';
-    }
-
-    int Lascia(int Carattere) const
-    {
-        const auto Installato = Filtro();
-        return Installato ? Installato(Carattere, Tipo) : Carattere;
     }
 
     QLineEdit* Box;
@@ -256,11 +245,6 @@ bool LasciaDavvero(const QFocusEvent& Evento)
 {
     return !InRitorno && Evento.reason() != Qt::ActiveWindowFocusReason &&
            Evento.reason() != Qt::PopupFocusReason;
-}
-
-bool FuocoInRitorno()
-{
-    return InRitorno;
 }
 
 void RidaiFuoco(QWidget* Campo)
@@ -325,11 +309,6 @@ QString TastiRifiutati(QLineEdit* Campo)
 void VirgolaDalTastierino(QLineEdit* Campo, bool PuntoInVirgola)
 {
     new FiltroDigitazione(Campo, {}, PuntoInVirgola, true);
-}
-
-std::function<int(int, const QString&)> InstallaFiltro(std::function<int(int, const QString&)> Nuovo)
-{
-    return std::exchange(Filtro(), std::move(Nuovo));
 }
 
 void CampoNumerico(QLineEdit* Campo, std::function<bool()> Procedura)

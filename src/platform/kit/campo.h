@@ -36,8 +36,8 @@ public:
     [[nodiscard]] virtual bool Concludi() = 0;
 };
 
-/// Filters what is typed into a box by FiltroTasti's kinds ("d", "n", ",", a list of characters) through
-/// the installed filter; the keypad's decimal key types a comma where commas are let in, and so does "."
+/// Filters what is typed into a box by FiltroTasti's kinds ("d", "n", ",", a list of characters); the keypad's
+/// decimal key types a comma where commas are let in, and so does "."
 /// in percent boxes. Enter moves to the next field and never presses a default button. Clipboard
 /// shortcuts pass.
 void FiltraTasti(QLineEdit* Campo, const QString& Tipo, bool PuntoInVirgola = false);
@@ -49,11 +49,6 @@ void FiltraTasti(QLineEdit* Campo, const QString& Tipo, bool PuntoInVirgola = fa
 /// An amount box that lets every key in: the keypad's decimal key types a comma, "." too in percent boxes.
 /// Enter moves on as above.
 void VirgolaDalTastierino(QLineEdit* Campo, bool PuntoInVirgola = false);
-
-/// The filter of printable characters: key code and kind in, key code to keep out (0 swallows).
-/// Core's FiltroTasti is installed here at the start. Returns the former one.
-std::function<int(int Tasto, const QString& Tipo)>
-InstallaFiltro(std::function<int(int, const QString&)> Nuovo);
 
 /// A box of an amount: filtered, flush right; a text that is no number is refused on leaving with
 /// "Immettere un valore numerico!", the focus stays, nothing changes. An empty text passes.
@@ -71,9 +66,6 @@ void CampoNumericoSempre(QLineEdit* Campo, std::function<bool()> Procedura);
 
 /// Gives the focus to a widget by a queued call, its text selected; no leave procedure runs by it.
 void RidaiFuoco(QWidget* Campo);
-
-/// True while RidaiFuoco moves the focus.
-[[nodiscard]] bool FuocoInRitorno();
 
 /// Moves the focus on from a widget (or back), as the Tab key does.
 void PassaAvanti(QWidget* Da, bool Avanti = true);

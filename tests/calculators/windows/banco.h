@@ -8,7 +8,6 @@
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/mascheradata.h"
-#include "platform/kit/modFiltri.h"
 #include "platform/system/guasti.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
@@ -45,7 +44,6 @@ public:
         Aperture.PaginaWeb = [this](const QString& Pagina, const QString& Titolo) {
             Aperti << u"pagina "_s + Pagina + u" | "_s + Titolo;
         };
-        InstallaFiltro(FiltroTasti);
         Registratore::AlMostrare() = BoxDavanti;
         InstallaUltimaRete([](const Errore& Guasto) { GestioneErrori(Guasto); });
         InstallaOrologio([] { return QDateTime(QDate(2026, 11, 21), QTime(10, 0)); });
@@ -71,7 +69,6 @@ public:
         InstallaShell(std::move(Precedente));
         InstallaOrologio({});
         InstallaUltimaRete({});
-        InstallaFiltro({});
         Registratore::AlMostrare() = {};
         guasti::AttesaBlocchiMs = 3000;
         Aperture = {};

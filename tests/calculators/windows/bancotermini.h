@@ -10,7 +10,6 @@
 #include "platform/calendar/calendario.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/mascheradata.h"
-#include "platform/kit/modFiltri.h"
 #include "platform/kit/singola.h"
 #include "platform/preview/vistastampa.h"
 #include "platform/system/orologio.h"
@@ -38,7 +37,6 @@ public:
     {
         using namespace Qt::StringLiterals;
         InstallaOrologio([] { return QDateTime(QDate(2012, 7, 18), QTime(10, 0)); });
-        InstallaFiltro([](int Tasto, const QString& Tipo) { return FiltroTasti(Tasto, Tipo); });
         Registratore::AlMostrare() = BoxDavanti;
         Shell Nuova;
         Nuova.Campanello = [this] { ++Campane; };
@@ -58,7 +56,6 @@ public:
         Aperture = {};
         AzzeraSessione();
         InstallaShell(std::move(Precedente));
-        InstallaFiltro({});
         Registratore::AlMostrare() = {};
         InstallaOrologio({});
     }

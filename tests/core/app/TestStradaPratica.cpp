@@ -66,7 +66,6 @@ void TestStradaPratica::init()
 {
     S = std::make_unique<Scena>();
     InstallaSegnale();
-    InstallaFiltro([](int Codice, const QString& Tipo) { return FiltroTasti(Codice, Tipo); });
     InstallaOrologio([] { return QDateTime(QDate(2026, 3, 5), QTime(10, 0)); });
     Box = std::make_unique<Registratore>();
     Lei = std::make_unique<Compagna>();
@@ -98,7 +97,6 @@ void TestStradaPratica::cleanup()
     LasciaRecupero();
     S.reset();
     InstallaOrologio({});
-    InstallaFiltro({});
     Aperture.AreaParcelle = nullptr;
     Aperture.ParcellaAttivata = nullptr;
     Aperture.UltimaParcellaChiusa = nullptr;

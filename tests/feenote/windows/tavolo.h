@@ -8,7 +8,6 @@
 #include "feenote/windows/frmParcelle.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/campo.h"
-#include "platform/kit/modFiltri.h"
 #include "supporto/finestre.h"
 
 #include <QApplication>
@@ -31,7 +30,6 @@ public:
     Tavolo()
     {
         using namespace Qt::StringLiterals;
-        InstallaFiltro([](int Tasto, const QString& Tipo) { return FiltroTasti(Tasto, Tipo); });
         sessione::UserFolder = Ufficio.File(u"utente/"_s);
         sessione::ModelliPath = Ufficio.File(u"Modelli/"_s);
         QDir().mkpath(sessione::UserFolder);
@@ -51,7 +49,6 @@ public:
         Aperture.AreaParcelle = {};
         Aperture.UltimaParcellaChiusa = {};
         Aperture.ParcellaAttivata = {};
-        InstallaFiltro({});
         Registratore::AlMostrare() = {};
     }
     Tavolo(const Tavolo&) = delete;
