@@ -1,5 +1,7 @@
 #include "supporto/finestre.h"
 
+#include "platform/system/impostazioni.h"
+
 #include <QApplication>
 #include <QDialog>
 #include <QTest>
@@ -92,6 +94,38 @@ void Rotella(QWidget* Sopra)
                        Qt::NoScrollPhase, false);
     QSpontaneKeyEvent::setSpontaneous(&Scatto);  // one that a program sends goes no further, so no sendEvent
     qApp->notify(Sopra, &Scatto);
+}
+
+void SpostaDaUtente(QWidget& Finestra, const QRect& Posto)
+{
+    QVERIFY(QTest::qWaitForWindowExposed(&Finestra));
+    Finestra.repaint();
+    Finestra.setGeometry(Posto);
+}
+
+void ProvaPosto(const QString& Nome, const std::function<QWidget*()>& Apri)
+{
+    const QString Applicativo = QStringLiteral("KR5");
+    const QString Sezione = QStringLiteral("Parametri");
+    const QString Chiave = QStringLiteral("Posto_") + Nome;
+    const auto Ricordato = [&] { return GetSetting(Applicativo, Sezione, Chiave); };
+    SaveSetting(Applicativo, Sezione, Chiave, {});
+    QWidget* Finestra = Apri();
+    QVERIFY(Finestra && QTest::qWaitForWindowExposed(Finestra));
+    Finestra->repaint();
+    Finestra->close();
+    QVERIFY2(Ricordato().isEmpty(), "nobody has touched it");
+
+    Finestra = Apri();
+    SpostaDaUtente(*Finestra, QRect(QPoint(11, 53), Finestra->minimumSizeHint()));
+    const QRect Posto = Finestra->geometry();
+    Finestra->close();
+    QCOMPARE(
+        Ricordato(),
+        QStringLiteral("%1,%2,%3,%4").arg(Posto.x()).arg(Posto.y()).arg(Posto.width()).arg(Posto.height()));
+    Finestra = Apri();
+    QCOMPARE(Finestra->geometry(), Posto);
+    Finestra->close();
 }
 
 void Respiro()

@@ -2,8 +2,11 @@
 #pragma once
 
 #include <QKeyEvent>
+#include <QRect>
 #include <QString>
 #include <QWidget>
+
+#include <functional>
 
 /// Shows a window and waits until it is the active one. @return false when it does not become so
 [[nodiscard]] bool MostraAttiva(QWidget& Finestra);
@@ -23,6 +26,14 @@ void Premi(Qt::Key Tasto, Qt::KeyboardModifiers Modificatori = Qt::NoModifier);
 /// Turns the wheel by one notch downwards over a widget, as the display server tells it: what the widget does
 /// not take goes to those around it.
 void Rotella(QWidget* Sopra);
+
+/// Places a window that is on view as its user would: once it is painted, so that no layout and no window
+/// manager is still at it.
+void SpostaDaUtente(QWidget& Finestra, const QRect& Posto);
+
+/// Asks a window that keeps its place under `Nome` for the whole of it: nothing is kept of one that nobody
+/// has touched, what the user did is, and it comes up there again. `Apri` shows it.
+void ProvaPosto(const QString& Nome, const std::function<QWidget*()>& Apri);
 
 /// Lets queued calls run.
 void Respiro();

@@ -2,7 +2,6 @@
 
 #include "calculators/windows/areascorrevole.h"
 #include "core/aperture.h"
-#include "core/modErrori.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
@@ -31,8 +30,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int AccessoNegato = 75;
-
 bool EInvio(const QEvent* Evento)
 {
     if (Evento->type() != QEvent::KeyPress)
@@ -40,23 +37,6 @@ bool EInvio(const QEvent* Evento)
     const auto* Tasto = static_cast<const QKeyEvent*>(Evento);
     return Tasto->key() == Qt::Key_Return || Tasto->key() == Qt::Key_Enter;
 }
-
-/// Remembers the place of a window when it goes from the screen.
-class GuardaPosto : public QObject
-{
-public:
-    explicit GuardaPosto(QDialog* Modulo) : QObject(Modulo) { Modulo->installEventFilter(this); }
-
-    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
-    {
-        if (Evento->type() == QEvent::Hide && !Evento->spontaneous()) {
-            // No message when the place cannot be kept, because the user wanted to close.
-            const auto* Modulo = static_cast<const QWidget*>(Oggetto);
-            Protetta([Modulo] { aspetto::RicordaPosto(Modulo, Modulo->objectName()); }, AccessoNegato);
-        }
-        return false;
-    }
-};
 
 /// Enter presses a tool button as it does any other; left to the dialog it would press the default one.
 class InvioPreme : public QObject
@@ -189,7 +169,7 @@ void PreparaModulo(QDialog* Modulo, const QString& NomeIcona)
     for (QLabel* Etichetta : Modulo->findChildren<QLabel*>())
         if (auto* Casella = qobject_cast<QCheckBox*>(Etichetta->buddy()))
             new EtichettaSpunta(Etichetta, Casella);
-    new GuardaPosto(Modulo);
+    aspetto::RicordaPostoDi(Modulo, Modulo->objectName());
     new AreaScorrevole(Modulo);
 }
 
@@ -210,12 +190,10 @@ void ImpostaMenu(QDialog* Modulo, const QList<VoceMenu>& Voci)
 bool MostraModulo(QDialog* Modulo)
 {
     const bool Nuovo = !Modulo->isVisible();
-    if (Nuovo) {
-        // Never smaller than its content, at the font in use; the screen has the last word.
+    // Never smaller than its content, at the font in use; the screen has the last word.
+    if (Nuovo)
         Modulo->resize(Modulo->testAttribute(Qt::WA_Resized) ? Modulo->size().expandedTo(Modulo->sizeHint())
                                                              : Modulo->sizeHint());
-        aspetto::RimettiAlPosto(Modulo, Modulo->objectName());
-    }
     Modulo->show();
     // Enter and the first focus are the keyboard's too: without this, which showing a window takes away, the
     // style outlines no list, tick or option before the first Tab.

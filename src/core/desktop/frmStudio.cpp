@@ -35,9 +35,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString NomePosto = u"frmStudio"_s;
 const QString PrefissoUtente = u"user"_s;
-constexpr int AccessoNegato = 75;
 
 /// Three rows of five, in the columns of the user's icons, which follow below them.
 QPoint PostoFisso(int Indice)
@@ -146,6 +144,7 @@ frmStudio::frmStudio() : ui(std::make_unique<Ui::frmStudio>())
     Collega<QAbstractButton>(ui->imgMarvenna, Premuto, this, [] { ApriUrl(indirizzi::Editore.toString()); });
     Collega<QAbstractButton>(ui->imgQB, Premuto, this, [] { ApriUrl(indirizzi::Sviluppatore.toString()); });
     aspetto::AssegnaNomiAccessibili(this);
+    aspetto::RicordaPostoDi(this, objectName());
     Aperture.MostraTraccia = [Scrivania = QPointer(this)](const QString& Testo) {
         if (Scrivania)
             Scrivania->MostraTracciaDebug(Testo);
@@ -164,8 +163,6 @@ frmStudio::~frmStudio()
 
 void frmStudio::Mostra()
 {
-    if (!isVisible())
-        aspetto::RimettiAlPosto(this, NomePosto);
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
@@ -453,11 +450,10 @@ void frmStudio::VerificaPreparazione()
 
 void frmStudio::closeEvent(QCloseEvent* Evento)
 {
-    // A place that cannot be kept is not worth a message: the process ends at once.
     // The trace's room is not the user's choice.
     if (!isMaximized())
         resize(width(), height() - std::exchange(PerLaTraccia, 0));
-    Protetta([this] { aspetto::RicordaPosto(this, NomePosto); }, AccessoNegato);
+    hide();  // its place is remembered as it goes, and the process ends at once
     Evento->accept();
     Termina();
 }

@@ -17,9 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString NomePosto = u"frmSetup"_s;
-constexpr int AccessoNegato = 75;
-
 /// A box and the key that it shows.
 struct CampoImpostazione
 {
@@ -63,6 +60,7 @@ frmSetup::frmSetup() : ui(std::make_unique<Ui::frmSetup>())
     ui->setupUi(this);
     aspetto::AssegnaMnemonici(this);
     aspetto::AssegnaNomiAccessibili(this);
+    aspetto::RicordaPostoDi(this, objectName());
     Collega<QAbstractButton>(ui->cmdSaveImpost, &QAbstractButton::clicked, this,
                              [this] { cmdSaveImpost_Click(); });
     Collega<QAbstractButton>(ui->cmdChiudi, &QAbstractButton::clicked, this, [this] { close(); });
@@ -76,7 +74,6 @@ void frmSetup::Prepara(int Indice)
         LoadValori();
         ui->txtNomeStudio->setFocus();
         adjustSize();
-        aspetto::RimettiAlPosto(this, NomePosto);
     }
     ChangeTab(Indice);
 }
@@ -126,13 +123,6 @@ void frmSetup::SalvaValori() const
 {
     for (const CampoImpostazione& Voce : Campi)
         SalvaImpostazione(Voce.Chiave.toString(), (ui.get()->*Voce.Campo)->text());
-}
-
-void frmSetup::hideEvent(QHideEvent* Evento)
-{
-    // A place that cannot be kept is not worth a message, because the user wanted to close.
-    Protetta([this] { aspetto::RicordaPosto(this, NomePosto); }, AccessoNegato);
-    QDialog::hideEvent(Evento);
 }
 
 void frmSetup::cmdSaveImpost_Click()

@@ -37,9 +37,6 @@ public:
 
     void cmdSaveImpost_Click();
 
-protected:
-    void hideEvent(QHideEvent* Evento) override;
-
 private:
     void Prepara(int Indice);
     void SalvaValori() const;

@@ -120,9 +120,8 @@ public:
             if (!Dipinta)
                 Dato = Adesso();
             break;
-        case QEvent::Close:
         case QEvent::Hide:
-            if (!Evento->spontaneous() || Evento->type() == QEvent::Close)
+            if (!Evento->spontaneous())
                 Ricorda();
             break;
         default:

@@ -1,6 +1,5 @@
 #include "print/windows/frmPrint.h"
 
-#include "core/modErrori.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
@@ -21,7 +20,6 @@ namespace {
 
 constexpr QStringView Titolo = u"Stampa documento";
 constexpr int ZoomPieno = 100;
-constexpr int AccessoNegato = 75;  // a place that cannot be kept is nothing to be told
 
 struct VoceZoom
 {
@@ -85,7 +83,7 @@ frmPrint::frmPrint() : Vista(new VistaStampa), Barra(new QToolBar(this)), Pagina
     Vista->setFocus();
 
     Collega(Vista, &VistaStampa::PaginaCambiata, this, &frmPrint::MostraPagina);
-    aspetto::RimettiAlPosto(this, objectName());
+    aspetto::RicordaPostoDi(this, objectName());
     MostraPagina();
 }
 
@@ -176,12 +174,6 @@ void frmPrint::keyPressEvent(QKeyEvent* Evento)
         close();
     else
         QMainWindow::keyPressEvent(Evento);
-}
-
-void frmPrint::hideEvent(QHideEvent* Evento)
-{
-    Protetta([this] { aspetto::RicordaPosto(this, objectName()); }, AccessoNegato);
-    QMainWindow::hideEvent(Evento);
 }
 
 bool MostraStampa(const QString& Suffisso, const std::function<bool(Superficie& vp)>& Componi)

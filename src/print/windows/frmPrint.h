@@ -30,7 +30,6 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* Evento) override;
-    void hideEvent(QHideEvent* Evento) override;
 
 private:
     QAction* AggiungiTasto(const QString& Chiave, const QString& Suggerimento);

@@ -21,8 +21,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int AccessoNegato = 75;
-
 /// Only that the file is there counts; what stands in it is never read.
 void ScriviMarcatore(const QString& Radice)
 {
@@ -104,11 +102,6 @@ void frmWeb::Tasto(const QKeySequence& Quale, std::function<void()> Procedura)
     Collega(new QShortcut(Quale, this), &QShortcut::activated, this, std::move(Procedura));
 }
 
-QString frmWeb::NomePosto() const
-{
-    return u"frmWeb"_s + Marcatore;
-}
-
 void frmWeb::Mostra()
 {
     const bool Avviso = !Marcatore.isEmpty();
@@ -126,7 +119,11 @@ void frmWeb::Mostra()
     ui->Web1->verticalScrollBar()->setValue(0);
     ui->chkNoRepeat->setChecked(false);
     ChiudiRicerca();
-    aspetto::RimettiAlPosto(this, NomePosto());
+    // A notice always comes up at its own size.
+    if (Avviso)
+        aspetto::RimettiAlPosto(this, objectName() + Marcatore);
+    else
+        aspetto::RicordaPostoDi(this, objectName());
     show();
     raise();
     activateWindow();
@@ -142,14 +139,6 @@ void frmWeb::done(int Esito)
     if (!Marcatore.isEmpty() && ui->chkNoRepeat->isChecked())
         Protetta([this] { ScriviMarcatore(Marcatore); });
     QDialog::done(Esito);
-}
-
-void frmWeb::hideEvent(QHideEvent* Evento)
-{
-    // A notice always comes up at its own size. A place that cannot be kept is not worth a message.
-    if (Marcatore.isEmpty())
-        Protetta([this] { aspetto::RicordaPosto(this, NomePosto()); }, AccessoNegato);
-    QDialog::hideEvent(Evento);
 }
 
 void frmWeb::keyPressEvent(QKeyEvent* Evento)

@@ -41,7 +41,6 @@ public:
     void txtCerca_Change();
 
 protected:
-    void hideEvent(QHideEvent* Evento) override;
     void keyPressEvent(QKeyEvent* Evento) override;
 
 private:
@@ -50,7 +49,6 @@ private:
     void Tasto(const QKeySequence& Quale, std::function<void()> Procedura);
     void Trova(bool Indietro);
     void ChiudiRicerca();
-    [[nodiscard]] QString NomePosto() const;
 
     std::unique_ptr<Ui::frmWeb> ui;
 };

@@ -71,6 +71,7 @@ private Q_SLOTS:
     void ilPrimoFuocoEDellaPrimaIcona();
     void unaSolaPrimaAttivazione();
     void laTracciaNonAllargaLaProssima();
+    void ricordaIlPosto();
     void laPrimaAttivazioneFinisceUnaVolta();
 
 private:
@@ -726,8 +727,22 @@ void TestFrmStudio::laTracciaNonAllargaLaProssima()
     Respiro();
     QVERIFY(Scrivania.height() > Prima.height());
     Scrivania.close();
-    QCOMPARE(Scena::Parametro(u"Posto_frmStudio"_s).section(u',', 2),
-             u"%1,%2"_s.arg(Prima.width()).arg(Prima.height()));
+    QVERIFY2(Scena::Parametro(u"Posto_frmStudio"_s).isEmpty(), "nobody has touched it");
+}
+
+void TestFrmStudio::ricordaIlPosto()
+{
+    ProvaPosto(u"frmStudio"_s, [this] {
+        frmStudio& Scrivania = Apri();
+        Scrivania.Mostra();
+        return &Scrivania;
+    });
+    frmStudio& Scrivania = Apri();
+    SpostaDaUtente(Scrivania, QRect(12, 54, 700, 400));
+    Aperture.MostraTraccia(u"FINESTRA DEBUG:\n- prova"_s);
+    Respiro();
+    Scrivania.close();
+    QCOMPARE(Scena::Parametro(u"Posto_frmStudio"_s), u"12,54,700,400"_s);
 }
 
 void TestFrmStudio::laPrimaAttivazioneFinisceUnaVolta()

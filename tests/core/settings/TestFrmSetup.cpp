@@ -244,13 +244,12 @@ void TestFrmSetup::ricordaIlPosto()
     constexpr int TitoloAlto = 48;
     QVERIFY(std::abs(Modulo->geometry().center().x() - Schermo.center().x()) <= 2);
     QVERIFY(std::abs(Modulo->geometry().center().y() - Schermo.center().y()) <= TitoloAlto);
-    const QRect Posto(20, 60, 600, 420);
-    Modulo->setGeometry(Posto);
-    Modulo->close();
-    delete Modulo;
-    Modulo = &Singola<frmSetup>();
-    Modulo->Mostra(0);
-    QCOMPARE(Modulo->geometry(), Posto);
+    ProvaPosto(u"frmSetup"_s, [this] {
+        delete Modulo;
+        Modulo = &Singola<frmSetup>();
+        Modulo->Mostra(0);
+        return Modulo;
+    });
 }
 
 void TestFrmSetup::ordineDelTabulatore()

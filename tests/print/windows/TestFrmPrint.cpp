@@ -37,6 +37,7 @@ private Q_SLOTS:
     void escChiude();
     void ricercaPrimaDellaFinestra();
     void ogniTastoHaUnNome();
+    void ricordaIlPosto();
 };
 PROVA(TestFrmPrint);
 
@@ -254,6 +255,11 @@ void TestFrmPrint::ogniTastoHaUnNome()
         QVERIFY(!Tasto->icon().isNull());
         QVERIFY(Tasto->focusPolicy() & Qt::TabFocus);
     }
+}
+
+void TestFrmPrint::ricordaIlPosto()
+{
+    ProvaPosto(u"frmPrint"_s, [] { return &Apri(3); });
 }
 
 #include "TestFrmPrint.moc"

@@ -7,6 +7,7 @@
 #include "core/sessione.h"
 #include "platform/kit/collega.h"
 #include "platform/system/file.h"
+#include "platform/system/impostazioni.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
@@ -602,18 +603,20 @@ void TestFrmWeb::seguonoLaFinestra()
 void TestFrmWeb::ricordaIlPosto()
 {
     const Registratore Box;
-    Mostra(u"uno.htm"_s);
-    W->setGeometry(30, 40, 500, 400);
-    W->close();
-    W = std::make_unique<frmWeb>();
-    Mostra(u"uno.htm"_s);
-    QCOMPARE(W->geometry(), QRect(30, 40, 500, 400));
+    ProvaPosto(u"frmWeb"_s, [this] {
+        W = std::make_unique<frmWeb>();
+        Mostra(u"uno.htm"_s);
+        return W.get();
+    });
     // A notice comes up at its own size.
     W = std::make_unique<frmWeb>();
     W->Marcatore = u"avvisokr5"_s;
     W->resize(680, 507);
     Mostra(u"uno.htm"_s);
     QCOMPARE(W->size(), QSize(680, 507));
+    SpostaDaUtente(*W, QRect(30, 40, 500, 400));
+    W->close();
+    QCOMPARE(GetSetting(u"KR5"_s, u"Parametri"_s, u"Posto_frmWebavvisokr5"_s), QString());
 }
 
 #include "TestFrmWeb.moc"
