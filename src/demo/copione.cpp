@@ -46,6 +46,7 @@ public:
     {
         Messaggi Tavola;
         Tavola.Box = [this](const QString& Testo, int Bandiere, const QString&) {
+            // cppcheck-suppress useInitializationList ; it is assigned when a box comes, not here
             Ultimo = Testo;
             return (Bandiere & vbYesNo) == vbYesNo ? vbYes : vbOK;
         };

@@ -26,6 +26,8 @@ struct Griglia::Interno
         : Vista(new VistaGriglia(Padrona)), Pie(new PieGriglia(Vista, Padrona)),
           Barra(new QScrollBar(Qt::Horizontal, Padrona))
     {}
+    Interno(const Interno&) = delete;
+    Interno& operator=(const Interno&) = delete;
 
     /// Tells of a new current row; the same one is told once.
     void Annuncia(Griglia* Padrona)
