@@ -29,7 +29,7 @@ constexpr QStringView NonAggiornati = u"Attenzione: i tassi di interessi non son
 float InSingolo(double Tasso)
 {
     if (!(std::abs(Tasso) <= double(std::numeric_limits<float>::max())))
-        throw Errore(6);
+        throw Errore(errori::Eccedenza);
     return float(Tasso);
 }
 
@@ -193,7 +193,7 @@ double Interessi(int Giorni, float Tasso, double Capitale)
 {
     const double Importo = Capitale / GiorniAnno * double(Tasso) * Giorni / 100;
     if (!std::isfinite(Importo))
-        throw Errore(6);
+        throw Errore(errori::Eccedenza);
     return Round(Importo, 2);
 }
 

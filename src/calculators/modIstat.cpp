@@ -83,7 +83,7 @@ std::optional<double> Coefficiente(const Database& Archivio, const QString& Data
 double Diviso(double Dividendo, double Divisore)
 {
     if (Divisore == 0.0)
-        throw Errore(11);
+        throw Errore(errori::DivisionePerZero);
     return Dividendo / Divisore;
 }
 

@@ -1,6 +1,7 @@
 #include "calculators/modStampaTermini.h"
 
 #include "core/modErrori.h"
+#include "platform/base/errore.h"
 
 #include <QStringList>
 
@@ -89,7 +90,7 @@ bool StampaSequenza(Superficie& vp, const QString& Udienza, int Articolo, const 
                     const QString& Risultato, const QString& Avviso)
 {
     if (Articolo < 0 || Articolo >= int(Articoli().size()))
-        throw Errore(9);
+        throw Errore(errori::Indice);
     return Componi(vp, u"CALCOLO TERMINI SEQUENZIALI"_s,
                    {u"Articolo: "_s + Articoli()[size_t(Articolo)].Voce.toString(),
                     u"Data udienza: "_s + Udienza, u"Sospensione feriale: "_s + SiNo(Opzioni.Sospensione),

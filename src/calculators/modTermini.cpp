@@ -67,7 +67,7 @@ QDate NelCalendario(const QDate& Data)
 {
     const qint64 Giorno = Data.toJulianDay();
     if (Giorno < PrimoGiorno || Giorno > UltimoGiorno)
-        throw Errore(5);
+        throw Errore(errori::Argomento);
     return Data;
 }
 

@@ -27,7 +27,7 @@ constexpr std::array TabellaArticoli{
 std::span<const Anello> Catena(int Articolo)
 {
     if (Articolo < 0 || Articolo >= int(TabellaArticoli.size()))
-        throw Errore(9);
+        throw Errore(errori::Indice);
     return TabellaArticoli[size_t(Articolo)].Catena;
 }
 

@@ -278,7 +278,7 @@ int LeggiTipo(const QString& Valore)
 {
     const double Tipo = Numero(u"tipo"_s, Valore);
     if (Tipo != std::floor(Tipo) || std::abs(Tipo) > double(TipiDocumento.size()) || !ETipoStampa(int(Tipo)))
-        throw Errore(5, u"tipo: «%1»: "_s.arg(Valore.left(40)) + FraseTipiStampa());
+        throw Errore(errori::Argomento, u"tipo: «%1»: "_s.arg(Valore.left(40)) + FraseTipiStampa());
     return int(Tipo);
 }
 

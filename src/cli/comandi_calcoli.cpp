@@ -33,14 +33,14 @@ QString Giorno(const QDate& Data)
 void Rifiuta(const QString& Messaggio)
 {
     if (!Messaggio.isEmpty())
-        throw Errore(5, Messaggio);
+        throw Errore(errori::Argomento, Messaggio);
 }
 
 template <class Campo>
 void Rifiuta(const std::optional<Mancanza<Campo>>& Trovato)
 {
     if (Trovato)
-        throw Errore(5, Trovato->Messaggio);
+        throw Errore(errori::Argomento, Trovato->Messaggio);
 }
 
 /// The number of units as the form's field would hold it.
@@ -48,7 +48,8 @@ QString LeggiIncremento(const QString& Valore)
 {
     const double Quanti = NumeroOZero(u"numero"_s, Valore);
     if (Quanti != std::floor(Quanti) || Quanti < 0 || Quanti > MassimoIncremento)
-        throw Errore(5, u"numero: «%1»: va da 1 a %2"_s.arg(Valore.left(40)).arg(MassimoIncremento));
+        throw Errore(errori::Argomento,
+                     u"numero: «%1»: va da 1 a %2"_s.arg(Valore.left(40)).arg(MassimoIncremento));
     return CStr(Quanti);
 }
 
@@ -74,7 +75,8 @@ public:
 
     [[noreturn]] void Fallisci() const
     {
-        throw Errore(5, Domanda.isEmpty() ? u"L'archivio dei tassi ha un tasso a zero"_s : Domanda);
+        throw Errore(errori::Argomento,
+                     Domanda.isEmpty() ? u"L'archivio dei tassi ha un tasso a zero"_s : Domanda);
     }
 
 private:
@@ -170,7 +172,7 @@ QString LeggiComune(const QString& Valore)
         return Testo.toUpper();
     const auto Trovato = Comuni().Trova(Testo);
     if (!Trovato)
-        throw Errore(5, u"Comune non in elenco: «%1»"_s.arg(Testo.left(60)));
+        throw Errore(errori::Argomento, u"Comune non in elenco: «%1»"_s.arg(Testo.left(60)));
     return Trovato->Codice;
 }
 
@@ -218,7 +220,7 @@ Risposta ComandoCodFis(const QStringList& Valori)
 {
     const auto Nascita = LeggiData(Valori[2]);
     if (!Nascita)
-        throw Errore(13, u"La data di nascita non e' valida."_s);
+        throw Errore(errori::Tipo, u"La data di nascita non e' valida."_s);
     const int Sesso = LeggiParola(u"sesso"_s, Valori[3], {u"m"_s, u"f"_s});
     const QString Codice =
         CalcoloCodFis(Valori[0], Valori[1], *Nascita, Sesso == 1 ? u"F"_s : u"M"_s, LeggiComune(Valori[4]));

@@ -44,7 +44,7 @@ QString NomePerSalvare(const QString& Chiesto)
     if (!Percorso.endsWith(u".mdb"))
         Percorso += u".mdb"_s;
     if (!NomeDiNotaValido(NomeFile(Percorso).chopped(4)))
-        throw Errore(52, NomeNonValido.toString());
+        throw Errore(errori::NomeNonValido, NomeNonValido.toString());
     return Percorso;
 }
 
@@ -60,7 +60,8 @@ void ControllaSostituzione(const QString& Percorso)
         throw Errore(58, u"Il file %1 esiste già e non è una parcella"_s.arg(NomeFile(Percorso)));
     }
     if (!Psw.isEmpty())
-        throw Errore(70, u"La parcella %1 è protetta da password"_s.arg(NomeFile(Percorso)));
+        throw Errore(errori::Autorizzazione,
+                     u"La parcella %1 è protetta da password"_s.arg(NomeFile(Percorso)));
 }
 
 /// A file that a document can be written to, by the end of its name.
@@ -90,7 +91,7 @@ const Formato& FormatoDi(const QString& File)
     const auto Suo = std::ranges::find_if(
         Formati, [&](const Formato& Uno) { return File.endsWith(Uno.Estensione, Qt::CaseInsensitive); });
     if (Suo == Formati.end())
-        throw Errore(5,
+        throw Errore(errori::Argomento,
                      u"Il documento si scrive in un file .txt, .pdf, .doc o .htm: %1"_s.arg(NomeFile(File)));
     return *Suo;
 }

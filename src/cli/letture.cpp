@@ -36,7 +36,7 @@ bool LeggiBit(const QString& Nome, const QString& Valore, bool Vuoto)
     if (Testo.isEmpty())
         return Vuoto;
     if (Testo != u"0" && Testo != u"1")
-        throw Errore(13, u"%1 non è 0 né 1"_s.arg(Citato(Nome, Valore)));
+        throw Errore(errori::Tipo, u"%1 non è 0 né 1"_s.arg(Citato(Nome, Valore)));
     return Testo == u"1";
 }
 
@@ -44,6 +44,6 @@ int LeggiParola(const QString& Nome, const QString& Valore, const QStringList& P
 {
     const qsizetype Posto = Parole.indexOf(Valore.trimmed().toLower());
     if (Posto < 0)
-        throw Errore(5, u"%1 non è fra %2"_s.arg(Citato(Nome, Valore), Parole.join(u", "_s)));
+        throw Errore(errori::Argomento, u"%1 non è fra %2"_s.arg(Citato(Nome, Valore), Parole.join(u", "_s)));
     return int(Posto);
 }

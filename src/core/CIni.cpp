@@ -1,5 +1,6 @@
 #include "core/CIni.h"
 
+#include "platform/base/errore.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/profilo.h"
@@ -9,8 +10,6 @@ namespace {
 
 /// Characters of the read buffer, its end mark included.
 constexpr int Capienza = 1000;
-
-constexpr int GuastoInnocuo = 1025;
 
 /// Without the blanks around it; tabs and hard blanks are no blanks.
 QString SenzaBlank(const QString& Testo)
@@ -66,7 +65,7 @@ bool CIni::WriteINI(const QString& Gruppo, const QString& Chiave, const QString&
 
 QString ValoreDopoGuasto(const Errore& Guasto, const QString& Predefinito)
 {
-    if (Guasto.Numero == GuastoInnocuo)
+    if (Guasto.Numero == errori::TroppoComplessa)
         return Predefinito;
     MsgBox(QString::number(Guasto.Numero) + u' ' + Guasto.Descrizione);
     return {};

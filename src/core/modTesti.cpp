@@ -59,26 +59,6 @@ QString NomePerFile(QString Nome)
     return Nome;
 }
 
-bool ENumero(const QVariant& Valore)
-{
-    switch (Valore.metaType().id()) {
-    case QMetaType::Bool:
-    case QMetaType::Short:
-    case QMetaType::UShort:
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::Long:
-    case QMetaType::ULong:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Float:
-    case QMetaType::Double:
-        return true;
-    default:
-        return false;
-    }
-}
-
 bool EVuoto(const QVariant& Valore)
 {
     if (!Valore.isValid() || Valore.isNull())

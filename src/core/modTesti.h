@@ -22,9 +22,6 @@
 /// The name with "-" for each of those characters, which no file's name may hold.
 [[nodiscard]] QString NomePerFile(QString Nome);
 
-/// True for a value that is a number of any kind.
-[[nodiscard]] bool ENumero(const QVariant& Valore);
-
 /// True for Null, an empty or blank text, the texts "0" and "/  /" after trimming, a numeric zero and an
 /// invalid date: a column that holds nothing.
 [[nodiscard]] bool EVuoto(const QVariant& Valore);

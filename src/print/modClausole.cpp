@@ -118,7 +118,8 @@ Clausole LeggiClausole(const QString& Percorso)
     try {
         return Leggi(TrovaFile(PercorsoNativo(Percorso)));
     } catch (const Errore& Guasto) {
-        return {Guasto.Numero == 53 ? EsitoClausole::Mancano : EsitoClausole::Illeggibili, {}};
+        return {Guasto.Numero == errori::FileMancante ? EsitoClausole::Mancano : EsitoClausole::Illeggibili,
+                {}};
     }
 }
 

@@ -139,7 +139,7 @@ Letti<ScaglioneValore> LeggiScaglioni(const QString& Categ)
         u"SELECT * FROM Scaglioni WHERE Materia=? COLLATE SenzaMaiuscole"_s, Materia(Categ), RigaScaglione);
     if (Elenco.Voci.size() > MassimoScaglioni) {
         Elenco.Voci.resize(MassimoScaglioni);
-        Elenco.Guasto = Errore(9);
+        Elenco.Guasto = Errore(errori::Indice);
     }
     return Elenco;
 }

@@ -21,7 +21,7 @@ void CreaBasi(const QString& Tabelle, const QString& Uscita)
     const QList<ComuneTabella> Comuni = LeggiComuni(Tabelle);
     const QTemporaryDir Cartella;
     if (!Cartella.isValid())
-        throw Errore(75);
+        throw Errore(errori::Accesso);
     const QString Provvisoria = Barra(Cartella.path());
     ScriviTariffe(Dati, Provvisoria + u"parcelle.mdb"_s);
     ScriviArchivioStudio(Provvisoria + u"DatiStudio.mdb"_s);

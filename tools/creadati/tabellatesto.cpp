@@ -43,7 +43,7 @@ QStringList DivideRighe(QString Testo)
 TabellaTesto::TabellaTesto(const QString& Percorso, const QStringList& Colonne) : File(NomeFile(Percorso))
 {
     if (!EsisteFile(Percorso))
-        throw Errore(53, u"Manca la tabella "_s + File);
+        throw Errore(errori::FileMancante, u"Manca la tabella "_s + File);
     Carica(LeggiFile(Percorso, MassimoByte), Colonne);
 }
 
@@ -58,7 +58,7 @@ void TabellaTesto::Carica(const QByteArray& Contenuto, const QStringList& Colonn
     QStringDecoder Decodifica(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString Tutto = Decodifica(Contenuto);
     if (Decodifica.hasError())
-        throw Errore(5, File + u": il testo non è in UTF-8"_s);
+        throw Errore(errori::Argomento, File + u": il testo non è in UTF-8"_s);
 
     int Numero = 0;
     for (const QString& Riga : DivideRighe(Tutto)) {
@@ -207,5 +207,6 @@ void TabellaTesto::RifiutaInFondo(const QString& Colonna, const QString& Motivo)
 
 void TabellaTesto::RifiutaIn(int Numero, const QString& Colonna, const QString& Motivo) const
 {
-    throw Errore(5, u"%1, riga %2, colonna %3: %4"_s.arg(File).arg(Numero).arg(Colonna, Motivo));
+    throw Errore(errori::Argomento,
+                 u"%1, riga %2, colonna %3: %4"_s.arg(File).arg(Numero).arg(Colonna, Motivo));
 }

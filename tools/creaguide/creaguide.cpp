@@ -35,7 +35,7 @@ void ScriviTutte(const QString& Tabelle, const QString& Uscita)
     const QString Testi = Barra(Tabelle + u"guide"_s);
     QDirIterator Passo(Testi, {u"*.txt"_s}, QDir::Files, QDirIterator::Subdirectories);
     if (!Passo.hasNext())
-        throw Errore(53, u"Non ci sono guide in "_s + Testi);
+        throw Errore(errori::FileMancante, u"Non ci sono guide in "_s + Testi);
     while (Passo.hasNext()) {
         const QString File = Passo.next();
         Scrivi(File, QDir(Testi).relativeFilePath(File), Tabelle, Uscita);
@@ -51,7 +51,7 @@ FonteTabelle TabelleDi(const QString& Cartella)
             return TabellaTassi(LeggiTassi(Cartella).Mora);
         if (Nome == u"tassi_legali")
             return TabellaTassi(LeggiTassi(Cartella).Legali);
-        throw Errore(5, u"Tabella sconosciuta: "_s + Nome);
+        throw Errore(errori::Argomento, u"Tabella sconosciuta: "_s + Nome);
     };
 }
 

@@ -34,7 +34,7 @@ void TogliSuperflue(const QString& Cartella, const QMap<QString, QByteArray>& Sc
     static const QRegularExpression Scheda(u"\\A[CPS][0-9]{3,5}[.]htm\\z"_s);
     for (const QString& Nome : QDir(Cartella).entryList(QDir::Files))
         if (Scheda.match(Nome).hasMatch() && !Schede.contains(Nome) && !QFile::remove(Cartella + Nome))
-            throw Errore(75);
+            throw Errore(errori::Accesso);
 }
 
 void ScriviSchede(const QMap<QString, QByteArray>& Schede, const QString& Cartella)

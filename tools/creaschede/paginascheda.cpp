@@ -167,7 +167,7 @@ private:
             else if (Nome == u"attenzione")
                 Html += Riquadro(Marcato(Argomenti));
             else
-                throw Errore(5, u"direttiva sconosciuta: "_s + Nome);
+                throw Errore(errori::Argomento, u"direttiva sconosciuta: "_s + Nome);
         } catch (const Errore& Guasto) {
             Qui->Rifiuta(Linea, Guasto.Descrizione);
         }
@@ -231,7 +231,7 @@ private:
     void ConEsempio(const QStringList& Parole)
     {
         if (Categ != Stragiudiziale || Parole.isEmpty() || (Parole.size() > 1) == Voce.Quantita.isEmpty())
-            throw Errore(5, u"l'esempio non si adatta alla voce"_s);
+            throw Errore(errori::Argomento, u"l'esempio non si adatta alla voce"_s);
         Html += Titolo2(u"Un esempio"_s) + Esempio(Dati, Voce, NumeroDi(Parole[0]), Parole.value(1));
     }
 
@@ -254,7 +254,7 @@ private:
             const QList<VoceTariffa>& Elenco = Dati.Voci.find(Sua).value();
             const auto Trovata = std::ranges::find(Elenco, Quale.mid(1).toInt(), &VoceTariffa::Codice);
             if (Trovata == Elenco.end())
-                throw Errore(5, u"nessuna voce %1"_s.arg(Quale));
+                throw Errore(errori::Argomento, u"nessuna voce %1"_s.arg(Quale));
             Voci += u"<li><a href=\"%1\">%2</a>%3</li>\n"_s.arg(
                 FileScheda(Sua, Trovata->Codice), Trovata->Descrizione.toHtmlEscaped(),
                 Sua == Categ ? QString() : u" ("_s + NomeCategoria(Sua).toLower() + u')');
@@ -268,7 +268,7 @@ private:
         const auto Trovata =
             std::ranges::find_if(Categorie, [&](const QString& Una) { return Una[0] == Quale[0]; });
         if (Trovata == Categorie.end())
-            throw Errore(5, u"nessuna voce %1"_s.arg(Quale));
+            throw Errore(errori::Argomento, u"nessuna voce %1"_s.arg(Quale));
         return *Trovata;
     }
 

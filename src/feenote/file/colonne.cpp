@@ -407,7 +407,7 @@ void LeggiParametri(const Database& File, NotaLetta& Letta)
         try {
             Valore = Riga.Value(Colonna.Nome.toString());
         } catch (const Errore& Guasto) {
-            if (Guasto.Numero == 3265 && Colonna.Dal != Presenza::DaSempre)
+            if (Guasto.Numero == errori::ElementoMancante && Colonna.Dal != Presenza::DaSempre)
                 continue;
             throw;
         }

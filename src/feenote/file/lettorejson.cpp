@@ -18,8 +18,9 @@ double NumeroDaTesto(const QString& Campo, const QString& Testo)
     try {
         return CDbl(Testo);
     } catch (const Errore& Guasto) {
-        const QString Motivo = Guasto.Numero == 6 ? u"il numero è troppo grande"_s
-                                                  : u"«%1» non è un numero"_s.arg(Testo.left(40));
+        const QString Motivo = Guasto.Numero == errori::Eccedenza
+                                   ? u"il numero è troppo grande"_s
+                                   : u"«%1» non è un numero"_s.arg(Testo.left(40));
         throw OggettoJson::Rifiuto(Guasto.Numero, Campo, Motivo);
     }
 }

@@ -75,7 +75,7 @@ private:
             const Database Prima = OpenDatabase(Finale);
             const Transazione Sola(Prima);
         } catch (const Errore& Guasto) {
-            if (Guasto.Numero == 3260)
+            if (Guasto.Numero == errori::DatiBloccati)
                 throw;  // anything else: a file that is no database, where nobody writes
         }
         QFile::remove(Finale + u"-journal"_s);

@@ -16,6 +16,7 @@
 #include "feenote/windows/SchedaSpese.h"
 #include "feenote/windows/SchedaStampa.h"
 #include "feenote/windows/finestre.h"
+#include "platform/base/errore.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
@@ -60,7 +61,8 @@ void LeggiParcella(Parcella& Nota, const QString& Percorso)
     try {
         CaricaDati(Nota, Percorso);
     } catch (const Errore& Guasto) {
-        constexpr std::array NessunaParcella{3343, 3078, 3265};  // no database, no such table, no such column
+        constexpr std::array NessunaParcella{errori::FormatoDatabase, errori::TabellaMancante,
+                                             errori::ElementoMancante};
         if (std::ranges::find(NessunaParcella, Guasto.Numero) == NessunaParcella.end())
             throw;
         throw Errore(Guasto.Numero, NomeFile(Percorso) + u" non è una parcella di Calcanova"_s);

@@ -8,7 +8,7 @@ template <size_t Posti>
 QString Nome(const std::array<QStringView, Posti>& Nomi, int Numero)
 {
     if (Numero < 1 || Numero >= int(Posti))
-        throw Errore(9);
+        throw Errore(errori::Indice);
     return Nomi[size_t(Numero)].toString();
 }
 

@@ -131,23 +131,11 @@ Lettura LeggiNumero(QStringView Italiano)
 
 Lettura LeggiCella(const QVariant& Cella)
 {
-    switch (Cella.typeId()) {
-    case QMetaType::QString:
+    if (Cella.typeId() == QMetaType::QString)
         return LeggiNumero(Cella.toString());
-    case QMetaType::Bool:
+    if (Cella.typeId() == QMetaType::Bool)
         return {Cella.toBool() ? -1.0 : 0.0, 0};
-    case QMetaType::Double:
-    case QMetaType::Float:
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::Short:
-    case QMetaType::UShort:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-        return Verificata(Cella.toDouble());
-    default:
-        return NessunNumero;
-    }
+    return ENumero(Cella) ? Verificata(Cella.toDouble()) : NessunNumero;
 }
 
 double ValoreLetto(const Lettura& Letto)
@@ -161,7 +149,7 @@ int InteroTra(const QString& Testo, int Minimo, int Massimo)
 {
     const double Valore = Round(CDbl(Testo));
     if (Valore < Minimo || Valore > Massimo)
-        throw Errore(6);
+        throw Errore(errori::Eccedenza);
     return int(Valore);
 }
 
@@ -195,6 +183,26 @@ double Arrotonda2(double Valore)
 
 // ---- Text to numbers ----------------------------------------------------------------------------
 
+bool ENumero(const QVariant& Valore)
+{
+    switch (Valore.typeId()) {
+    case QMetaType::Bool:
+    case QMetaType::Short:
+    case QMetaType::UShort:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::Long:
+    case QMetaType::ULong:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Float:
+    case QMetaType::Double:
+        return true;
+    default:
+        return false;
+    }
+}
+
 bool IsNumeric(const QString& Testo)
 {
     return LeggiNumero(Testo).Errore != NessunNumero.Errore;
@@ -224,7 +232,7 @@ float CSng(const QString& Testo)
 {
     const double Valore = CDbl(Testo);
     if (std::abs(Valore) > double(std::numeric_limits<float>::max()))
-        throw Errore(6);
+        throw Errore(errori::Eccedenza);
     return float(Valore);
 }
 
@@ -298,7 +306,7 @@ QDate CDate(const QString& Testo)
 {
     if (const std::optional<QDate> Data = LeggiData(Testo))
         return *Data;
-    throw Errore(13);
+    throw Errore(errori::Tipo);
 }
 
 QString SenzaSecolo(const QString& Testo)

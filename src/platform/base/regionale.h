@@ -64,6 +64,9 @@
 
 // ---- Text to numbers ----------------------------------------------------------------------------
 
+/// True for a value of any kind of number, and for a truth value.
+[[nodiscard]] bool ENumero(const QVariant& Valore);
+
 /// True for a number in Italian form: blanks around, one leading sign, digits with an optional comma,
 /// points only between complete groups of thousands, the first without a leading zero ("1.234,5", not
 /// "12.5" nor "1.2.3" nor "0.500"), at least one digit, and an optional exponent ("1,5E3"). True too for

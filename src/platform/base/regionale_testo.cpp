@@ -181,7 +181,7 @@ Sezioni SpezzaModello(QStringView Modello)
     size_t Numero = 0;
     for (const QStringView Parte : Modello.tokenize(u';')) {
         if (Numero == Parti.size())
-            throw Errore(5);
+            throw Errore(errori::Argomento);
         Parti[Numero++] = Parte;
     }
     return Parti;
@@ -202,7 +202,7 @@ QString FormatNum(const QVariant& Valore)
 QString Format(double Valore, QStringView Modello)
 {
     if (!std::isfinite(Valore))
-        throw Errore(5);
+        throw Errore(errori::Argomento);
     const auto [Positiva, Negativa, Nulla] = SpezzaModello(Modello);
     Decimale Numero = Scomponi(Valore);
     const bool UsaNegativa = Numero.Negativo && !Negativa.isEmpty();

@@ -31,7 +31,7 @@ int TabellaRighe::UpperBound(int Dimensione) const
     case 2:
         return NumColonne - 1;
     default:
-        throw Errore(9);
+        throw Errore(errori::Indice);
     }
 }
 
@@ -55,7 +55,7 @@ void TabellaRighe::InserisciRiga(int NumRiga)
 void TabellaRighe::InserisciRighe(int NumRiga, int Quante)
 {
     if (NumRiga < 0 || NumRiga > Righe() || Quante < 0)
-        throw Errore(9);
+        throw Errore(errori::Indice);
     Dati.insert(NumRiga, Quante, Riga(NumColonne));
     Chiavi.insert(NumRiga, Quante, 0);
     for (int Nuova = NumRiga; Nuova < NumRiga + Quante; ++Nuova)
@@ -71,7 +71,7 @@ int TabellaRighe::AggiungiRiga()
 void TabellaRighe::EliminaRiga(int NumRiga)
 {
     if (NumRiga < 0 || NumRiga >= Righe())
-        throw Errore(9);
+        throw Errore(errori::Indice);
     Dati.removeAt(NumRiga);
     Chiavi.removeAt(NumRiga);
 }
@@ -79,7 +79,7 @@ void TabellaRighe::EliminaRiga(int NumRiga)
 quint64 TabellaRighe::Chiave(int NumRiga) const
 {
     if (NumRiga < 0 || NumRiga >= Righe())
-        throw Errore(9);
+        throw Errore(errori::Indice);
     return Chiavi.at(NumRiga);
 }
 
@@ -103,5 +103,5 @@ QList<int> TabellaRighe::RigheDi(const QList<quint64>& Cercate) const
 void TabellaRighe::Controlla(int NumRiga, int Colonna) const
 {
     if (NumRiga < 0 || NumRiga >= Righe() || Colonna < 0 || Colonna >= NumColonne)
-        throw Errore(9);
+        throw Errore(errori::Indice);
 }

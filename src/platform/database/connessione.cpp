@@ -45,7 +45,7 @@ Errore ErroreGenerico(const char* Testo)
     for (const Messaggio& M : Messaggi)
         if (Vista.contains(QByteArrayView(M.Contiene)))
             return M.Descrizione.isEmpty() ? Errore(M.Numero) : Errore(M.Numero, M.Descrizione.toString());
-    return Errore(3144);
+    return Errore(errori::SintassiSql);
 }
 
 Errore ErroreVincolo(int Esteso)
@@ -54,7 +54,7 @@ Errore ErroreVincolo(int Esteso)
     case SQLITE_CONSTRAINT_UNIQUE:
     case SQLITE_CONSTRAINT_PRIMARYKEY:
     case SQLITE_CONSTRAINT_ROWID:
-        return Errore(3022);
+        return Errore(errori::ValoreDoppio);
     case SQLITE_CONSTRAINT_NOTNULL:
         return Errore(3314, u"Un campo obbligatorio non ha valore"_s);
     default:
@@ -71,29 +71,29 @@ Errore ErroreMotore(int Esito, const char* Testo)
         return ErroreVincolo(Esito);
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-        return Errore(3260);
+        return Errore(errori::DatiBloccati);
     case SQLITE_READONLY:
-        return Errore(3027);
+        return Errore(errori::DatabaseSolaLettura);
     case SQLITE_FULL:
-        return Errore(3026);
+        return Errore(errori::SpazioDatabase);
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
     case SQLITE_FORMAT:
-        return Errore(3343);
+        return Errore(errori::FormatoDatabase);
     case SQLITE_CANTOPEN:
     case SQLITE_PERM:
     case SQLITE_AUTH:
-        return Errore(75);
+        return Errore(errori::Accesso);
     case SQLITE_NOMEM:
-        return Errore(7);
+        return Errore(errori::Memoria);
     case SQLITE_MISMATCH:
-        return Errore(3421);
+        return Errore(errori::TipoDelValore);
     case SQLITE_TOOBIG:
         return Errore(3047, u"Il record è troppo grande"_s);
     case SQLITE_IOERR:
         return Errore(3043, u"Errore del disco o della rete"_s);
     default:
-        return Errore(1000);
+        return Errore(errori::Imprevisto);
     }
 }
 
@@ -234,11 +234,11 @@ Istruzione::Istruzione(const Connessione& Base, const QString& Sql, const QVaria
     Istr.reset(Grezza);
     Base.Verifica(Esito);
     if (!Istr)
-        throw Errore(3144);
+        throw Errore(errori::SintassiSql);
     if (!SoloSpazi(QByteArrayView(Coda, Utf8.constData() + Utf8.size())))
         throw Errore(3142, u"L'istruzione SQL continua dopo la sua fine"_s);
     if (sqlite3_bind_parameter_count(Istr.get()) != Valori.size())
-        throw Errore(3061);
+        throw Errore(errori::CampoSconosciuto);
     for (int i = 0; i < Valori.size(); ++i)
         Lega(i + 1, Valori[i]);
 }
@@ -252,7 +252,7 @@ void Istruzione::Lega(int Posto, const QVariant& Valore)
     };
     const auto Numero = [&](double N) {
         if (!std::isfinite(N))
-            throw Errore(3421);
+            throw Errore(errori::TipoDelValore);
         return sqlite3_bind_double(Istr.get(), Posto, N);
     };
     const auto Esegui = [&] {
@@ -375,7 +375,7 @@ QVariant Istruzione::Valore(int Colonna, TipoCampo Tipo) const
 Blocco::Blocco(Connessione& Base) : Conn(Base), Annidato(Base.InTransazione())
 {
     if (!Conn.Scrivibile())
-        throw Errore(3027);
+        throw Errore(errori::DatabaseSolaLettura);
     Conn.Esegui(Annidato ? u"SAVEPOINT blocco"_s : u"BEGIN IMMEDIATE"_s);
 }
 

@@ -37,16 +37,16 @@ bool ControllaTestata(const QString& File)
     constexpr qsizetype Lunghezza = 100;
     QFile Aperto(File);
     if (!Aperto.open(QIODevice::ReadOnly))
-        throw Errore(75);
+        throw Errore(errori::Accesso);
     const QByteArray Testata = Aperto.read(Lunghezza);
     if (Testata.size() < Lunghezza || !Testata.startsWith(QByteArray("SQLite format 3\0", 16)))
-        throw Errore(3343);
+        throw Errore(errori::FormatoDatabase);
     const auto Numero = [&](int Posto) { return qFromBigEndian<quint32>(Testata.constData() + Posto); };
     const quint16 Scritta = qFromBigEndian<quint16>(Testata.constData() + 16);
     const qint64 Pagina = Scritta == 1 ? 65536 : Scritta;
     const bool ContoValido = Numero(24) == Numero(92);
     if (ContoValido && !HaGiornale(File) && Aperto.size() < Pagina * qint64(Numero(28)))
-        throw Errore(3343);
+        throw Errore(errori::FormatoDatabase);
     return Testata[18] == 2 || Testata[19] == 2;
 }
 
@@ -54,9 +54,9 @@ void ControllaFile(const QString& Percorso)
 {
     const QFileInfo Info(Percorso);
     if (!Info.exists())
-        throw Errore(3024);
+        throw Errore(errori::DatabaseMancante);
     if (!Info.isFile() || !Info.permission(QFile::ReadOwner))
-        throw Errore(75);
+        throw Errore(errori::Accesso);
 }
 
 }  // namespace
@@ -106,11 +106,11 @@ std::shared_ptr<Connessione> Connessione::Nuova(const QString& Percorso)
     const QString File = PercorsoNativo(Percorso);
     const QFileInfo Info(File);
     if (Info.exists() || Info.isSymLink())
-        throw Errore(3204);
+        throw Errore(errori::DatabasePresente);
     if (!Info.dir().exists())
-        throw Errore(3044);
+        throw Errore(errori::CartellaMancante);
     if (!CartellaScrivibile(Info.path()))
-        throw Errore(75);
+        throw Errore(errori::Accesso);
     try {
         auto Aperta = std::make_shared<Connessione>(Info.absoluteFilePath(), Modo::Nuovo);
         Aperta->Prepara();

@@ -43,7 +43,7 @@ public:
     }
 
 private:
-    [[noreturn]] static void Rifiuta() { throw Errore(3077); }
+    [[noreturn]] static void Rifiuta() { throw Errore(errori::SintassiCriterio); }
 
     void Spazi()
     {
@@ -149,7 +149,7 @@ private:
             Rifiuta();
         const QString Colonna = Identifica(Nome);
         if (Colonna.isEmpty())
-            throw Errore(3070, DescrizioneErrore(3070) + u": "_s + Nome);
+            throw Errore(errori::CampoDelCriterio, DescrizioneErrore(3070) + u": "_s + Nome);
         return Colonna;
     }
 
@@ -312,7 +312,7 @@ Condizione LeggiCriterio(const QString& Criterio,
                          const std::function<QString(const QString& Nome)>& IdentificaColonna)
 {
     if (Criterio.size() > LunghezzaMassima)
-        throw Errore(3077);
+        throw Errore(errori::SintassiCriterio);
     return Lettore(Criterio, IdentificaColonna).Tutto();
 }
 

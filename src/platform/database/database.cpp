@@ -17,14 +17,14 @@ int Database::Execute(const QString& Sql, const QVariantList& Valori) const
 Connessione& Database::PerLeggere() const
 {
     if (!Conn)
-        throw Errore(3024);
+        throw Errore(errori::DatabaseMancante);
     return *Conn;
 }
 
 Connessione& Database::PerScrivere() const
 {
     if (Lettura)
-        throw Errore(3027);
+        throw Errore(errori::DatabaseSolaLettura);
     return PerLeggere();
 }
 

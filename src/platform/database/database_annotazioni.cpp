@@ -31,7 +31,7 @@ QMap<QString, QString> Database::Annotazioni() const
         while (Righe.Avanza())
             Lette.insert(Righe.Testo(0), Righe.Testo(1));
     } catch (const Errore& Guasto) {
-        if (Guasto.Numero != 3061)  // a table of that name with other columns
+        if (Guasto.Numero != errori::CampoSconosciuto)  // a table of that name with other columns
             throw;
         Lette.clear();
     }

@@ -54,7 +54,7 @@ Sorgente CopiaFissa(Connessione& Conn, const QString& Sql, const QVariantList& V
 {
     Istruzione Query(Conn, Sql, Valori);
     if (!Query.Legge() || Query.Colonne() == 0)
-        throw Errore(3144);
+        throw Errore(errori::SintassiSql);
     Sorgente Da;
     Da.Conn = std::make_shared<Connessione>(u":memory:"_s, Connessione::Modo::Memoria);
     Da.NomeTabella = Da.Tabella = u"copia"_s;
@@ -93,7 +93,7 @@ Recordset Database::OpenRecordset(const QString& Origine, const QVariantList& Va
     std::optional<Sorgente> Da =
         Semplice ? SorgenteDi(Conn, Semplice->Tabella, Semplice->Colonne) : std::nullopt;
     if (!Da && !Query && NomeVero(*Conn, Origine).isEmpty())
-        throw Errore(3078);
+        throw Errore(errori::TabellaMancante);
     auto Nuovo = std::make_shared<Recordset::Dati>();
     if (Da) {
         Nuovo->Da = *Da;

@@ -66,7 +66,7 @@ QHash<QString, NotaCampo> NoteDi(Connessione& Conn, const QString& Tabella)
                         {TipoDaCodice(Righe.Intero(1)), Dimensione, Righe.Testo(3)});
         }
     } catch (const Errore& E) {
-        if (E.Numero != 3078 && E.Numero != 3061)
+        if (E.Numero != errori::TabellaMancante && E.Numero != errori::CampoSconosciuto)
             throw;
     }
     return Note;
@@ -93,7 +93,7 @@ void AnnotaCampi(Connessione& Conn, const QString& Tabella, const QList<Campo>& 
 void Crea(Connessione& Conn, const QString& Tabella, const QList<Campo>& Colonne)
 {
     if (!NomeVero(Conn, Tabella).isEmpty())
-        throw Errore(3010);
+        throw Errore(errori::TabellaPresente);
     QStringList Dichiarate;
     for (const Campo& C : Colonne)
         // A key is never given out twice: the note of a deleted client must not find another one.
@@ -175,7 +175,7 @@ QString ChiaveRiga(Connessione& Conn, const QString& Tabella, const QList<Campo>
             Istruzione(Conn, u"SELECT %1 FROM %2"_s.arg(Nome, Identificatore(Tabella)));
             return Nome;
         } catch (const Errore& E) {
-            if (E.Numero != 3061)
+            if (E.Numero != errori::CampoSconosciuto)
                 throw;
             return {};  // a table WITHOUT ROWID
         }
@@ -206,7 +206,7 @@ QList<Campo> Database::Campi(const QString& Tabella) const
 {
     const QString Vero = NomeVero(PerLeggere(), Tabella);
     if (Vero.isEmpty())
-        throw Errore(3078);
+        throw Errore(errori::TabellaMancante);
     return LeggiCampi(*Conn, Vero);
 }
 
@@ -222,7 +222,7 @@ void Database::CreaIndice(const QString& Tabella, const QString& Nome, const QSt
 {
     const QString Vero = NomeVero(PerScrivere(), Tabella);
     if (Vero.isEmpty())
-        throw Errore(3078);
+        throw Errore(errori::TabellaMancante);
     QStringList Nomi;
     for (const QString& C : Colonne)
         Nomi << Identificatore(C);
@@ -235,7 +235,7 @@ void Database::CopiaTabella(const QString& Tabella, const Database& Destinazione
 {
     const QString Vero = NomeVero(PerLeggere(), Tabella);
     if (Vero.isEmpty())
-        throw Errore(3078);
+        throw Errore(errori::TabellaMancante);
     const QList<Campo> Colonne = LeggiCampi(*Conn, Vero);
     Connessione& Arrivo = Destinazione.PerScrivere();
     Blocco Tutto(Arrivo);

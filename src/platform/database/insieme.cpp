@@ -9,7 +9,7 @@ int Sorgente::Posto(const QString& Colonna) const
 {
     const auto Trovato = Posti.constFind(Colonna.toCaseFolded());
     if (Trovato == Posti.constEnd())
-        throw Errore(3265, DescrizioneErrore(3265) + u": "_s + Colonna);
+        throw Errore(errori::ElementoMancante, DescrizioneErrore(3265) + u": "_s + Colonna);
     return *Trovato;
 }
 
@@ -44,9 +44,9 @@ qsizetype Insieme::Trova(qint64 Chiave) const
 qint64 Insieme::ChiaveCorrente() const
 {
     if (Buco)
-        throw Errore(3167);
+        throw Errore(errori::RecordEliminato);
     if (Posto < 0 || Posto >= Chiavi.size())
-        throw Errore(3021);
+        throw Errore(errori::NessunRecord);
     return Chiavi[Posto];
 }
 
@@ -63,7 +63,7 @@ const QVariantList& Insieme::Riga()
     Lettura->Azzera();
     Lettura->Lega(1, Chiave);
     if (!Lettura->Avanza())
-        throw Errore(3167);
+        throw Errore(errori::RecordEliminato);
     Tenuta.clear();
     for (int i = 0; i < Da.Colonne.size(); ++i)
         Tenuta.append(Lettura->Valore(i, Da.Colonne[i].Type));
@@ -86,7 +86,7 @@ void Insieme::Vai(qsizetype Nuovo)
 void Insieme::EsigiScrivibile() const
 {
     if (!Da.Scrivibile)
-        throw Errore(3027);
+        throw Errore(errori::DatabaseSolaLettura);
 }
 
 void Insieme::LeggiChiavi(const QString& Resto, const QVariantList& Valori)
@@ -136,7 +136,7 @@ void Insieme::Aggiorna()
         const QString Sql =
             u"UPDATE %1 SET %2 WHERE %3=?"_s.arg(Da.Tabella, Elenco(Da, Cambiati.keys(), u"=?"_s), Da.Chiave);
         if (Da.Conn->Esegui(Sql, Cambiati.values() << Chiave) == 0)
-            throw Errore(3167);
+            throw Errore(errori::RecordEliminato);
         SeguiChiave();
     }
     Vai(Posto);
@@ -158,7 +158,7 @@ void Insieme::Elimina()
     const qint64 Chiave = ChiaveCorrente();
     const int Tolte = Da.Conn->Esegui(u"DELETE FROM %1 WHERE %2=?"_s.arg(Da.Tabella, Da.Chiave), {Chiave});
     if (Tolte == 0)
-        throw Errore(3167);
+        throw Errore(errori::RecordEliminato);
     Chiavi.removeAt(Posto);
     Vai(Posto);
     Buco = true;

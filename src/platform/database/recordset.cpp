@@ -74,7 +74,7 @@ void Recordset::ImpostaValue(const QString& Colonna, const QVariant& Valore)
 {
     Dati& Insieme = Corrente();
     if (Insieme.Aperto == Dati::Lavoro::Nessuno)
-        throw Errore(3020);
+        throw Errore(errori::NonInModifica);
     const int Posto = Insieme.Da.Posto(Colonna);
     Insieme.Cambiati.insert(Posto, PerColonna(Insieme.Da.Colonne[Posto], Valore));
 }
@@ -113,7 +113,7 @@ void Recordset::Update()
     Dati& Insieme = Corrente();
     switch (Insieme.Aperto) {
     case Dati::Lavoro::Nessuno:
-        throw Errore(3020);
+        throw Errore(errori::NonInModifica);
     case Dati::Lavoro::Nuovo:
         Insieme.Inserisci();
         break;
@@ -138,7 +138,7 @@ int Recordset::AbsolutePosition() const
 void Recordset::ImpostaAbsolutePosition(int Posto)
 {
     if (Posto < 0 || Posto >= RecordCount())
-        throw Errore(3021);
+        throw Errore(errori::NessunRecord);
     Stato->Vai(Posto);
 }
 
@@ -164,6 +164,6 @@ void Recordset::Close()
 Recordset::Dati& Recordset::Corrente() const
 {
     if (!Aperto())
-        throw Errore(3021);
+        throw Errore(errori::NessunRecord);
     return *Stato;
 }

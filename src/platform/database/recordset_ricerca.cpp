@@ -135,7 +135,7 @@ void Recordset::ImpostaIndex(const QString& Nome)
     Dati& Insieme = Corrente();
     const QString Indice = Insieme.Da.Intera ? TrovaIndice(Insieme.Da, Nome) : QString();
     if (Indice.isEmpty())
-        throw Errore(3015, DescrizioneErrore(3015) + u": "_s + Nome);
+        throw Errore(errori::IndiceMancante, DescrizioneErrore(3015) + u": "_s + Nome);
     QStringList Colonne;
     QList<int> Posti;
     Istruzione Info(*Insieme.Da.Conn, u"SELECT name FROM pragma_index_info(?) ORDER BY seqno"_s, {Indice});
@@ -157,10 +157,10 @@ void Recordset::Seek(const QString& Operatore, const QVariant& Chiave)
 {
     Dati& Insieme = Corrente();
     if (Insieme.ColonneIndice.isEmpty())
-        throw Errore(3019);
+        throw Errore(errori::SenzaIndice);
     const auto Come = std::ranges::find(Relazioni, Operatore, &Relazione::Operatore);
     if (Come == Relazioni.end())
-        throw Errore(5);
+        throw Errore(errori::Argomento);
     Insieme.Cerca(Operatore,
                   Chiave.typeId() == QMetaType::QVariantList ? Chiave.toList() : QVariantList{Chiave},
                   Come->Indietro);
@@ -169,7 +169,7 @@ void Recordset::Seek(const QString& Operatore, const QVariant& Chiave)
 void Insieme::Cerca(const QString& Operatore, const QVariantList& Chiave, bool Indietro)
 {
     if (Chiave.isEmpty() || Chiave.size() > ColonneIndice.size())
-        throw Errore(5);
+        throw Errore(errori::Argomento);
     QVariantList Valori;
     for (int i = 0; i < Chiave.size(); ++i) {
         Campo SenzaMisura = Da.Colonne[PostiIndice[i]];
@@ -204,6 +204,6 @@ void Recordset::ImpostaBookmark(const QVariant& Segno)
     const bool Intero = Segno.typeId() == QMetaType::LongLong;
     const qsizetype Posto = Intero ? Insieme.Trova(Segno.toLongLong()) : -1;
     if (Posto < 0)
-        throw Errore(3159);
+        throw Errore(errori::Segnalibro);
     Insieme.Vai(Posto);
 }

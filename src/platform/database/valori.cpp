@@ -60,24 +60,6 @@ int Misura(const QString& Dichiarata)
     throw Errore(Numero, DescrizioneErrore(Numero) + u": "_s + Colonna.Name);
 }
 
-bool ENumero(const QVariant& Valore)
-{
-    switch (Valore.typeId()) {
-    case QMetaType::Bool:
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::Long:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Short:
-    case QMetaType::Float:
-    case QMetaType::Double:
-        return true;
-    default:
-        return false;
-    }
-}
-
 double NumeroPer(const Campo& Colonna, const QVariant& Valore)
 {
     if (Valore.typeId() == QMetaType::Bool)
@@ -87,11 +69,11 @@ double NumeroPer(const Campo& Colonna, const QVariant& Valore)
     if (ENumero(Valore))
         return Valore.toDouble();
     if (Valore.typeId() != QMetaType::QString)
-        Rifiuta(3421, Colonna);
+        Rifiuta(errori::TipoDelValore, Colonna);
     try {
         return CDbl(Valore.toString());
     } catch (const Errore&) {
-        Rifiuta(3421, Colonna);
+        Rifiuta(errori::TipoDelValore, Colonna);
     }
 }
 
@@ -99,7 +81,7 @@ QVariant InteroPer(const Campo& Colonna, const QVariant& Valore)
 {
     const double Intero = Round(NumeroPer(Colonna, Valore));
     if (!(Intero >= std::numeric_limits<int>::min() && Intero <= std::numeric_limits<int>::max()))
-        Rifiuta(3421, Colonna);
+        Rifiuta(errori::TipoDelValore, Colonna);
     return int(Intero);
 }
 
@@ -107,7 +89,7 @@ QVariant FinitoPer(const Campo& Colonna, const QVariant& Valore)
 {
     const double Numero = NumeroPer(Colonna, Valore);
     if (!std::isfinite(Numero))
-        Rifiuta(3421, Colonna);
+        Rifiuta(errori::TipoDelValore, Colonna);
     return Numero;
 }
 
@@ -118,14 +100,14 @@ QVariant DataPer(const Campo& Colonna, const QVariant& Valore)
     const std::optional<QDate> Letta =
         Valore.typeId() == QMetaType::QString ? LeggiData(Valore.toString()) : std::nullopt;
     if (!Letta)
-        Rifiuta(3421, Colonna);
+        Rifiuta(errori::TipoDelValore, Colonna);
     return *Letta;
 }
 
 QVariant TestoPer(const Campo& Colonna, const QVariant& Valore)
 {
     if (ENumero(Valore) && !std::isfinite(Valore.toDouble()))
-        Rifiuta(3421, Colonna);
+        Rifiuta(errori::TipoDelValore, Colonna);
     const QString Testo = CStr(Valore);
     if (Colonna.Type == TipoCampo::Testo && Colonna.Size > 0 && Testo.size() > Colonna.Size)
         Rifiuta(3163, Colonna);

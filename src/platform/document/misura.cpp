@@ -22,7 +22,7 @@ double CentimetriDi(QStringView Misura)
     bool Riuscito = false;
     const double Numero = Cifre.toDouble(&Riuscito);  // two decimal signs or no digit make none
     if (!Riuscito)
-        throw Errore(13);
+        throw Errore(errori::Tipo);
     if (Unita == "cm"_L1)
         return Numero;
     if (Unita == "mm"_L1)
@@ -31,5 +31,5 @@ double CentimetriDi(QStringView Misura)
         return Numero * CmPerPollice;
     if (Unita.isEmpty())
         return Numero / TwipPerPollice * CmPerPollice;
-    throw Errore(13);
+    throw Errore(errori::Tipo);
 }

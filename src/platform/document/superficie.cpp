@@ -207,7 +207,7 @@ void Superficie::TableBorder(int Bordo)
 TabellaAperta& Superficie::Corrente() const
 {
     if (!Aperta)
-        throw Errore(5);
+        throw Errore(errori::Argomento);
     return *Aperta;
 }
 

@@ -42,7 +42,7 @@ int Intero(const QVariant& Valore)
     bool Riuscito = false;
     const int Numero = Valore.toInt(&Riuscito);
     if (!Riuscito)
-        throw Errore(13);
+        throw Errore(errori::Tipo);
     return Numero;
 }
 
@@ -50,7 +50,7 @@ int InteroDa(const QVariant& Valore, int Minimo)
 {
     const int Numero = Intero(Valore);
     if (Numero < Minimo)
-        throw Errore(5);
+        throw Errore(errori::Argomento);
     return Numero;
 }
 
@@ -59,9 +59,9 @@ double Punti(const QVariant& Valore)
     bool Riuscito = false;
     const double Numero = Valore.toDouble(&Riuscito);
     if (!Riuscito)
-        throw Errore(13);
+        throw Errore(errori::Tipo);
     if (!(Numero > 0.0) || !std::isfinite(Numero))
-        throw Errore(5);
+        throw Errore(errori::Argomento);
     return Numero;
 }
 
@@ -85,7 +85,7 @@ Allineamento AllineamentoDi(const QVariant& Valore)
     case Allineamento::Giustificato:
         break;
     }
-    throw Errore(5);
+    throw Errore(errori::Argomento);
 }
 
 QString Misura(const QVariant& Valore)
@@ -129,7 +129,7 @@ Attributi SoloCon(AttrTabella Attributo, const QVariant& Valore)
     case AttrTabella::Colonne:
         break;
     }
-    throw Errore(5);
+    throw Errore(errori::Argomento);
 }
 
 /// @param Completi a set with every value
@@ -157,7 +157,7 @@ QVariant ValoreDi(const Attributi& Completi, AttrTabella Attributo)
     case AttrTabella::Colonne:
         break;
     }
-    throw Errore(5);
+    throw Errore(errori::Argomento);
 }
 
 // ---- indices
@@ -170,7 +170,7 @@ std::optional<Intervallo> IntervalloDi(std::optional<int> Primo, std::optional<i
         return {};
     const int Fine = Ultimo.value_or(*Primo);
     if (*Primo < 1 || Fine < *Primo || static_cast<std::size_t>(Fine) > Quanti)
-        throw Errore(9);
+        throw Errore(errori::Indice);
     return Intervallo{static_cast<std::size_t>(*Primo) - 1, static_cast<std::size_t>(Fine)};
 }
 
@@ -295,7 +295,7 @@ QVariant TabellaAperta::Valore(AttrTabella Attributo, std::optional<int> Riga,
     if (!QualeRiga && !QualeColonna)
         return ValoreDi(Tutta, Attributo);
     if (!QualeColonna)
-        throw Errore(9);  // a whole row has no value of its own
+        throw Errore(errori::Indice);  // a whole row has no value of its own
     if (!QualeRiga)
         return ValoreDi(DiColonna(QualeColonna->Da), Attributo);
     return ValoreDi(DiCella(QualeRiga->Da, QualeColonna->Da), Attributo);

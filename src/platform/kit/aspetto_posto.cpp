@@ -141,8 +141,8 @@ private:
         try {
             aspetto::RicordaPosto(Finestra, Nome);
         } catch (const Errore& Guasto) {
-            constexpr int AccessoNegato = 75;  // the user wanted to close
-            if (Guasto.Numero != AccessoNegato)
+            // No message where the store refuses: the user wanted to close.
+            if (Guasto.Numero != errori::Accesso)
                 RiportaEccezione();
         }
     }

@@ -1,5 +1,6 @@
 #include "platform/kit/shell_qt.h"
 
+#include "platform/base/errore.h"
 #include "platform/kit/campo.h"
 #include "platform/system/file.h"
 
@@ -17,21 +18,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The numbers that a classic desktop answers with.
-constexpr int FileNonTrovato = 53;
-constexpr int NessunProgramma = 31;
-constexpr int AvvioNonRiuscito = 5;
-
 int ApriUrl(const QUrl& Indirizzo)
 {
-    return Indirizzo.isValid() && QDesktopServices::openUrl(Indirizzo) ? 0 : NessunProgramma;
+    return Indirizzo.isValid() && QDesktopServices::openUrl(Indirizzo) ? 0 : errori::NessunProgramma;
 }
 
 int ApriFile(const QString& File)
 {
     // A folder opens too, in the system's file manager.
     if (!EsisteFile(File) && !EsisteCartella(File))
-        return FileNonTrovato;
+        return errori::FileMancante;
     return ApriUrl(QUrl::fromLocalFile(File));
 }
 
@@ -70,7 +66,7 @@ constexpr std::array Lettori{
 int ApriPdf(const QString& File, int Pagina)
 {
     if (!EsisteFile(File))
-        return FileNonTrovato;
+        return errori::FileMancante;
     if (Pagina > 0) {
         for (const Lettore& Voce : Lettori) {
             const QString Trovato = QStandardPaths::findExecutable(Voce.Programma.toString());
@@ -89,7 +85,7 @@ int ApriPdf(const QString& File, int Pagina)
 
 int Avvia(const QString& Programma, const QStringList& Argomenti, const QString& Cartella)
 {
-    return QProcess::startDetached(Programma, Argomenti, Cartella) ? 0 : AvvioNonRiuscito;
+    return QProcess::startDetached(Programma, Argomenti, Cartella) ? 0 : errori::Argomento;
 }
 
 /// On and off do not add up: one "off" is enough, however many procedures have asked for it.

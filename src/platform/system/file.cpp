@@ -104,11 +104,11 @@ void ApriInLettura(QFile& File, const QString& Percorso)
 {
     const QFileInfo Info(PercorsoNativo(Percorso));
     if (Percorso.isEmpty() || !Info.exists())
-        throw Errore(53);
+        throw Errore(errori::FileMancante);
     const bool Leggibile = Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
     File.setFileName(Info.filePath());
     if (!Info.isFile() || !Leggibile || !File.open(QIODevice::ReadOnly))
-        throw Errore(75);
+        throw Errore(errori::Accesso);
 }
 
 }  // namespace
@@ -143,7 +143,7 @@ void CreaCartella(const QString& Percorso)
         return;
     const QString Nativo = PercorsoNativo(Percorso);
     if (Nativo.isEmpty() || !CartellaScrivibile(AntenatoEsistente(Nativo)) || !QDir().mkpath(Nativo))
-        throw Errore(75);
+        throw Errore(errori::Accesso);
 }
 
 bool SolaLettura(const QString& Percorso)
@@ -155,15 +155,15 @@ void ImpostaSolaLettura(const QString& Percorso, bool Attiva)
 {
     QFile File(PercorsoNativo(Percorso));
     if (!File.exists())
-        throw Errore(53);
+        throw Errore(errori::FileMancante);
     if (!guasti::SupportoBloccato.isEmpty() &&
         File.fileName().startsWith(PercorsoNativo(guasti::SupportoBloccato)))
-        throw Errore(75);
+        throw Errore(errori::Accesso);
     constexpr QFile::Permissions Scritture =
         QFile::WriteOwner | QFile::WriteUser | QFile::WriteGroup | QFile::WriteOther;
     const QFile::Permissions Presenti = File.permissions();
     if (!File.setPermissions(Attiva ? Presenti & ~Scritture : Presenti | QFile::WriteOwner))
-        throw Errore(75);
+        throw Errore(errori::Accesso);
 }
 
 bool CartellaScrivibile(const QString& Cartella)
@@ -193,7 +193,7 @@ void LeggiAPezzi(const QString& Percorso, const std::function<bool(QByteArrayVie
         if (!Prendi(Letti))
             break;
     if (File.error() != QFile::NoError)
-        throw Errore(75);
+        throw Errore(errori::Accesso);
 }
 
 QByteArray LeggiFile(const QString& Percorso, qint64 MassimoByte)
@@ -201,10 +201,10 @@ QByteArray LeggiFile(const QString& Percorso, qint64 MassimoByte)
     QFile File;
     ApriInLettura(File, Percorso);
     if (File.size() > MassimoByte)
-        throw Errore(7);
+        throw Errore(errori::Memoria);
     QByteArray Contenuto = File.readAll();
     if (File.error() != QFile::NoError)
-        throw Errore(75);
+        throw Errore(errori::Accesso);
     return Contenuto;
 }
 
@@ -224,21 +224,21 @@ void ScriviFile(const QString& Percorso, const QByteArray& Contenuto)
     const QString Nativo = PercorsoNativo(Percorso);
     const QString Cartella = CartellaDi(Nativo);
     if (!EsisteCartella(Cartella))
-        throw Errore(76);
+        throw Errore(errori::PercorsoMancante);
     // The rename would replace a read-only file, so the attribute is asked first.
     if (EsisteCartella(Nativo) || SolaLettura(Nativo) || !CartellaScrivibile(Cartella))
-        throw Errore(75);
+        throw Errore(errori::Accesso);
     if (guasti::LimiteFile > 0 && Contenuto.size() > guasti::LimiteFile)
-        throw Errore(61);
+        throw Errore(errori::DiscoPieno);
     QSaveFile File(Nativo);
     if (!File.open(QIODevice::WriteOnly))
-        throw Errore(75);
+        throw Errore(errori::Accesso);
     // A failure is judged while the incomplete copy still takes its room.
     if (File.write(Contenuto) != Contenuto.size() || !File.flush()) {
         throw Errore(DiscoPieno(Cartella, Contenuto.size()) ? 61 : 75);
     }
     if (!File.commit())
-        throw Errore(75);
+        throw Errore(errori::Accesso);
 }
 
 bool CreaFile(const QString& Percorso, const QByteArray& Contenuto)
@@ -264,10 +264,10 @@ bool CreaFile(const QString& Percorso, const QByteArray& Contenuto)
 void SostituisciFile(const QString& Nuovo, const QString& Vecchio)
 {
     if (!EsisteFile(Nuovo))
-        throw Errore(53);
+        throw Errore(errori::FileMancante);
     std::error_code Esito;
     std::filesystem::rename(QFileInfo(PercorsoNativo(Nuovo)).filesystemFilePath(),
                             QFileInfo(PercorsoNativo(Vecchio)).filesystemFilePath(), Esito);
     if (Esito)
-        throw Errore(75);
+        throw Errore(errori::Accesso);
 }

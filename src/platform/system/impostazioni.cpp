@@ -56,5 +56,5 @@ void SaveSetting(const QString& Applicazione, const QString& Sezione, const QStr
     };
     // A damaged file is told as a failure although it was just written whole: the second time shows it.
     if (!Riuscita() && !Riuscita())
-        throw Errore(75);
+        throw Errore(errori::Accesso);
 }

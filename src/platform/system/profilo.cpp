@@ -169,7 +169,7 @@ QByteArray LeggiInizio(const QString& Percorso)
     const bool Leggibile = Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
     QFile Aperto(Percorso);
     if (!Info.isFile() || !Leggibile || !Aperto.open(QIODevice::ReadOnly))
-        throw Errore(75);
+        throw Errore(errori::Accesso);
     return Aperto.read(MassimoByte);
 }
 

@@ -1,5 +1,6 @@
 #include "platform/system/shell.h"
 
+#include "platform/base/errore.h"
 #include "platform/system/percorsi.h"
 
 #include <QCoreApplication>
@@ -15,9 +16,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// The desktop's own number for "no program is associated".
-constexpr int NessunProgramma = 31;
 
 Shell& Installata()
 {
@@ -44,13 +42,13 @@ Shell InstallaShell(Shell Nuova)
 int ApriConSistema(const QString& File)
 {
     const auto Apri = Installata().ApriFile;
-    return Apri ? Apri(File) : NessunProgramma;
+    return Apri ? Apri(File) : errori::NessunProgramma;
 }
 
 int ApriIndirizzoConSistema(const QString& Indirizzo)
 {
     const auto Apri = Installata().ApriIndirizzo;
-    return Apri ? Apri(Indirizzo) : NessunProgramma;
+    return Apri ? Apri(Indirizzo) : errori::NessunProgramma;
 }
 
 bool HaProgramma(const QString& File)
@@ -62,13 +60,13 @@ bool HaProgramma(const QString& File)
 int ApriPdfConSistema(const QString& File, int Pagina)
 {
     const auto Apri = Installata().ApriPdf;
-    return Apri ? Apri(File, Pagina) : NessunProgramma;
+    return Apri ? Apri(File, Pagina) : errori::NessunProgramma;
 }
 
 int AvviaProgramma(const QString& Programma, const QStringList& Argomenti, const QString& Cartella)
 {
     const auto Avvia = Installata().Avvia;
-    return Avvia ? Avvia(Programma, Argomenti, Cartella) : NessunProgramma;
+    return Avvia ? Avvia(Programma, Argomenti, Cartella) : errori::NessunProgramma;
 }
 
 void Clessidra(bool Attiva)

@@ -21,11 +21,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int FileMancante = 53;
-constexpr int NomeNonValido = 52;
-constexpr int NonAutorizzato = 70;
-constexpr int TroppoGrande = 7;
-
 constexpr qint64 MassimaPagina = qint64(1) << 20;
 constexpr qint64 MassimaFigura = qint64(4) << 20;
 constexpr int MassimoLatoFigura = 4096;
@@ -125,18 +120,18 @@ bool Pagina::Segui(const QUrl& Collegamento)
         return false;
     }
     if (!Collegamento.isLocalFile())
-        throw Errore(NomeNonValido);
+        throw Errore(errori::NomeNonValido);
     const QString File = TrovaFile(Collegamento.toLocalFile());
     if (!EsisteFile(File))
-        throw Errore(FileMancante);
+        throw Errore(errori::FileMancante);
     if (!DelProgramma(File))
-        throw Errore(NonAutorizzato);
+        throw Errore(errori::Autorizzazione);
     if (HaEstensione(File, {u"pdf"})) {
         ApriPDF(File);
         return false;
     }
     if (!HaEstensione(File, {u"htm", u"html"}))
-        throw Errore(NonAutorizzato);
+        throw Errore(errori::Autorizzazione);
     QUrl Trovato = QUrl::fromLocalFile(File);
     Trovato.setFragment(Collegamento.fragment());
     Mostra(Trovato);
@@ -147,7 +142,7 @@ void Pagina::Mostra(const QUrl& Indirizzo)
 {
     // Read once more by the toolkit: what it cannot digest is refused before the page on view is gone.
     if (Intricata(LeggiFile(Indirizzo.toLocalFile(), MassimaPagina)))
-        throw Errore(TroppoGrande);
+        throw Errore(errori::Memoria);
     setSource(Indirizzo, QTextDocument::HtmlResource);
 }
 
