@@ -46,19 +46,53 @@ LintCppcheck()
     return "$Esito"
 }
 
-# Compiled by clang without precompiled headers, so that every source names what it uses; clang-tidy looks at each
-# source that is compiled. The first time takes long, then only what has changed is looked at.
+# Compiled by clang without precompiled headers, so that every source names what it uses. The first time takes long,
+# then only what has changed is compiled.
 LintClang()
 {
     Compila lint
 }
 
+# The sources that differ from the main branch, uncommitted ones too, and those of the headers that do; on the main
+# branch itself, from the commit before.
+FontiCambiate()
+{
+    local Base Nome
+    Base=$(git merge-base HEAD main 2>/dev/null || git rev-parse HEAD)
+    [[ $Base != "$(git rev-parse HEAD)" ]] || Base=$(git rev-parse --verify --quiet HEAD~1 || echo "$Base")
+    { git diff --name-only "$Base" -- src tools; git ls-files --others --exclude-standard -- src tools; } \
+        | while read -r Nome; do
+            case $Nome in
+            *.cpp | *.h) Nome=${Nome%.*}.cpp ;;
+            *) continue ;;
+            esac
+            [[ ! -f $Nome ]] || printf '%s\n' "$Nome"
+        done | sort -u
+}
+
+# LintTidy SOURCE...: some seconds for each; those that no target compiles are left out.
+LintTidy()
+{
+    local Fonte
+    for Fonte in "$@"; do
+        ! grep -qF "\"file\": \"$Radice/$Fonte\"" build/lint/compile_commands.json || printf '%s\0' "$Fonte"
+    done | xargs -0 -r -n 1 -P "$(nproc)" clang-tidy -p build/lint --quiet --warnings-as-errors='*'
+}
+
+# Lint [tutto]: clang-tidy looks at what has changed, or at every source.
 Lint()
 {
+    local -a Fonti
     cd -- "${Radice:?}" || return
     InstallaPacchetti "${PacchettiLint[@]}"
     Passo 'shellcheck' LintScript
     Passo 'clang-format' LintFormato
     Passo 'cppcheck' LintCppcheck
     LintClang
+    if [[ ${1-} == tutto ]]; then
+        mapfile -t Fonti < <(git ls-files -- 'src/*.cpp' 'tools/*.cpp')
+    else
+        mapfile -t Fonti < <(FontiCambiate)
+    fi
+    ((${#Fonti[@]} == 0)) || Passo "clang-tidy (${#Fonti[@]} sorgenti)" LintTidy "${Fonti[@]}"
 }
