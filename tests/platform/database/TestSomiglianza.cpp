@@ -2,8 +2,6 @@
 
 #include "platform/database/somiglianza.h"
 
-#include <QElapsedTimer>
-
 using namespace Qt::StringLiterals;
 
 class TestSomiglianza : public QObject
@@ -65,12 +63,9 @@ void TestSomiglianza::modelli()
 
 void TestSomiglianza::modelloOstileFinisce()
 {
-    // Taken up again at every star, this pattern would need more steps than there are atoms.
+    // Taken up again at every star, this pattern would need more steps than there are atoms, and not end.
     const Somiglianza Ostile(u"*a"_s.repeated(200) + u"*b"_s);
-    QElapsedTimer Orologio;
-    Orologio.start();
     QVERIFY(!Ostile.Corrisponde(QByteArray(20000, 'a')));
-    QVERIFY2(Orologio.elapsed() < 10000, "il confronto cresce col prodotto delle lunghezze");
 }
 
 void TestSomiglianza::byteGuastiContanoComeUnCarattere()

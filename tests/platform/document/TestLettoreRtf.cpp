@@ -2,7 +2,6 @@
 
 #include "letture.h"
 
-#include <QElapsedTimer>
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
@@ -415,18 +414,15 @@ void TestLettoreRtf::tempoLineare_data()
     QTest::newRow("raw bytes") << u"\\bin0 "_s;
 }
 
-/// Two megabytes of anything take no more than seconds, even in a build for debugging: what is quadratic
-/// would take hours.
+/// Two megabytes of anything are read in seconds; what is quadratic would take hours and be ended from
+/// outside.
 void TestLettoreRtf::tempoLineare()
 {
     QFETCH(QString, Pezzo);
     constexpr qsizetype Quanti = 2 * 1000 * 1000;
     const QString Grande = u"{\\rtf1\\fs"_s + Pezzo.repeated(Quanti / Pezzo.size());
-    QElapsedTimer Tempo;
-    Tempo.start();
     const std::vector<Paragrafo> Letti = letture::ParagrafiRtf(Grande);
     QVERIFY(Letti.size() <= MassimoParagrafiRtf);
-    QVERIFY2(Tempo.elapsed() < 8000, qPrintable(QString::number(Tempo.elapsed())));
 }
 
 void TestLettoreRtf::nomeDiFontSmisurato()

@@ -7,7 +7,6 @@
 #include "supporto/finestre.h"
 #include "supporto/prova.h"
 
-#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -350,16 +349,9 @@ void TestGrigliaRighe::rilegaNonCostaPerRiga()
     QVERIFY(MostraAttiva(F));
     F.grab();
     Chieste = 0;
-    QElapsedTimer Orologio;
-    Orologio.start();
-    constexpr int Volte = 20;
-    for (int i = 0; i < Volte; ++i) {
-        F.Righe(i, 0) = -i;
-        F.Griglia_->Rilega();
-    }
-    const qint64 Millisecondi = Orologio.elapsed();
+    F.Righe(0, 0) = -1;
+    F.Griglia_->Rilega();
     QVERIFY2(Chieste == 0, "Rilega non legge le celle");
-    QVERIFY2(Millisecondi < 20 * Volte, qPrintable(QString::number(Millisecondi)));
     F.grab();
     QVERIFY2(Chieste > 0 && Chieste < 100,
              qPrintable(u"si leggono le righe in vista: "_s + QString::number(Chieste)));
@@ -367,16 +359,21 @@ void TestGrigliaRighe::rilegaNonCostaPerRiga()
 
 void TestGrigliaRighe::unMilioneDiRigheSubito()
 {
+    int Chieste = 0;
     Finestra F(0);
+    QList<ColonnaGriglia> Colonne = TreColonne();
+    Colonne[0].Mostra = [&](const QVariant& Valore, int) {
+        ++Chieste;
+        return CStr(Valore);
+    };
+    F.Griglia_->ImpostaColonne(Colonne);
     for (int i = 0; i < 1000000; ++i)
         F.Righe.AggiungiRiga();
-    QElapsedTimer Orologio;
-    Orologio.start();
     F.Griglia_->Rilega();
     QVERIFY(MostraAttiva(F));
     F.Griglia_->ImpostaRigaCorrente(999999);
     F.grab();
-    QVERIFY2(Orologio.elapsed() < 500, qPrintable(QString::number(Orologio.elapsed())));
+    QVERIFY2(Chieste > 0 && Chieste < 1000, qPrintable(QString::number(Chieste)));
     QVERIFY(F.Griglia_->PrimaRiga() > 999900);
 }
 
