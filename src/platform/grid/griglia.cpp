@@ -1,6 +1,7 @@
 #include "platform/grid/griglia.h"
 
 #include "platform/grid/griglia_cella.h"
+#include "platform/grid/griglia_menu.h"
 #include "platform/grid/griglia_modello.h"
 #include "platform/grid/griglia_pie.h"
 #include "platform/grid/griglia_selettore.h"
@@ -10,6 +11,7 @@
 
 #include <QEvent>
 #include <QItemSelectionModel>
+#include <QMetaMethod>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStringList>
@@ -278,6 +280,19 @@ bool Griglia::Concludi()
 bool Griglia::InModifica() const
 {
     return Pezzi->Vista->Cella()->Aperta();
+}
+
+void Griglia::ApriMenu(int Riga, const QPoint& Punto)
+{
+    if (isSignalConnected(QMetaMethod::fromSignal(&Griglia::MenuContestuale))) {
+        Q_EMIT MenuContestuale(Riga, Punto);
+        return;
+    }
+    if (!Pezzi->Vista->Cella()->Concludi())
+        return;
+    ApriMenuRighe(this, Pezzi->Vista, Riga, Punto,
+                  {Pezzi->Vista->ConComandi, Pezzi->Vista->Modello()->ConRigaNuova(),
+                   isSignalConnected(QMetaMethod::fromSignal(&Griglia::Cancella))});
 }
 
 QTableView* Griglia::Vista() const

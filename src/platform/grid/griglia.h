@@ -54,7 +54,8 @@ struct ColonnaGriglia
 /// Shift+Up and Shift+Down select row after row, Ctrl+A selects all, Esc lets the selected rows go, Space on
 /// a cell that cannot be written counts as a click on it. F6 leaves the grid for the next control, Shift+F6
 /// for the one before, from an open cell too. Where the form takes commands on rows (ConsentiComandi),
-/// Ctrl+X, V, Z, and Ctrl+C with rows selected, are handed to it.
+/// Ctrl+X, V, Z, and Ctrl+C with rows selected, are handed to it. The menu key and the right button offer the
+/// same, unless the form has a menu of its own (MenuContestuale).
 ///
 /// In cells of dates (filter "d") 6 or 8 digits without separators are a date; a valid one is written as
 /// gg/mm/aaaa, and one that is refused gives way to what the cell held. A click, a move or a command that
@@ -124,6 +125,8 @@ public:
     /// True while a cell is open.
     [[nodiscard]] bool InModifica() const;
     [[nodiscard]] QTableView* Vista() const;
+    /// Opens the menu of a row, -1 none, at a point of the screen.
+    void ApriMenu(int Riga, const QPoint& Punto);
 
     // ---- rules, set by the form
     // In a row that is not made yet, `Riga` is the row count. An error inside them ends in the last net and
@@ -145,6 +148,8 @@ public:
     /// What the tool tip of a row says, over any of its cells; without it, or where it is empty, the text of
     /// a cell that does not fit.
     std::function<QString(int Riga)> Suggerimento;
+    /// Whether a command on rows has something to do now; the menu shows it. Without it each has.
+    std::function<bool(ComandoRighe Quale)> ComandoPossibile;
     /// Takes letters typed where no cell can be written; those that follow quickly come together.
     std::function<void(const QString& Lettere)> CercaLettere;
 
@@ -160,7 +165,8 @@ Q_SIGNALS:
     void Comando(ComandoRighe Quale);   ///< a key of ComandoRighe, no cell in edit
     void Trascinata(int Destinazione);  ///< selected rows dropped on this row; the count: at the end
     void TrascinataFuori();             ///< dropped inside the grid but on no row
-    void MenuContestuale(int Riga, const QPoint& Punto);  ///< row -1 none; the point is the screen's
+    /// Connected, it takes the place of the grid's own menu. Row -1 none; the point is the screen's.
+    void MenuContestuale(int Riga, const QPoint& Punto);
 
 protected:
     /// A screen reader meets the view, where the focus stands: it is called as the grid is.

@@ -21,6 +21,7 @@ public:
 
     /// Rows of the source, as of the last Rilega.
     [[nodiscard]] int RigheVere() const { return Vere; }
+    [[nodiscard]] bool ConRigaNuova() const { return rowCount() > Vere; }
     [[nodiscard]] bool RigaVuota(int Riga) const { return Riga >= Vere; }
     [[nodiscard]] bool Modificabile(int Colonna) const;
     [[nodiscard]] bool HaModificabili() const;

@@ -247,7 +247,7 @@ void SelettoreRighe::mouseDoubleClickEvent(QMouseEvent* Evento)
 
 void SelettoreRighe::contextMenuEvent(QContextMenuEvent* Evento)
 {
-    Q_EMIT Padrona->MenuContestuale(RigaVera(Evento->y()), Evento->globalPos());
+    Padrona->ApriMenu(RigaVera(Evento->y()), Evento->globalPos());
 }
 
 // ---- dragging

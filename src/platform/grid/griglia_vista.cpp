@@ -401,6 +401,16 @@ void VistaGriglia::inputMethodEvent(QInputMethodEvent* Evento)
     Evento->accept();
 }
 
+void VistaGriglia::IniziaRiga()
+{
+    const QList<int> Colonne = ColonneScrivibili();
+    if (Colonne.isEmpty() || !VaiARiga(Righe->rowCount() - 1))
+        return;
+    setFocus(Qt::OtherFocusReason);
+    PortaA(Righe->rowCount() - 1, Colonne.constFirst());
+    Aperta->Apri(currentIndex());
+}
+
 // ---- mouse and focus
 
 void VistaGriglia::DoppioClicSu(const QModelIndex& Dove)
@@ -445,7 +455,7 @@ void VistaGriglia::contextMenuEvent(QContextMenuEvent* Evento)
     const int Riga = Tastiera ? currentIndex().row() : rowAt(Evento->y());
     const QPoint Punto =
         Tastiera ? viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()) : Evento->globalPos();
-    Q_EMIT Padrona->MenuContestuale(Riga >= 0 && !Righe->RigaVuota(Riga) ? Riga : -1, Punto);
+    Padrona->ApriMenu(Riga >= 0 && !Righe->RigaVuota(Riga) ? Riga : -1, Punto);
 }
 
 void VistaGriglia::focusInEvent(QFocusEvent* Evento)
@@ -465,110 +475,7 @@ void VistaGriglia::focusOutEvent(QFocusEvent* Evento)
         RidaiFuoco(this);
 }
 
-// ---- columns and drawing
-
-void VistaGriglia::LarghezzeIniziali()
-{
-    constexpr int Margini = 14;
-    const int Cifra = fontMetrics().horizontalAdvance(u'0');
-    for (int i = 0; i < Righe->columnCount(); ++i) {
-        const ColonnaGriglia& Colonna = Righe->Colonne()[i];
-        const int Titolo = horizontalHeader()->fontMetrics().horizontalAdvance(Colonna.Titolo);
-        setColumnWidth(i, std::max(Colonna.Caratteri * Cifra, Titolo) + Margini);
-        setColumnHidden(i, !Colonna.Visibile);
-        // An edge that gives way by itself is nothing to be dragged.
-        horizontalHeader()->setSectionResizeMode(i, Colonna.Stira ? QHeaderView::Fixed
-                                                                  : QHeaderView::Interactive);
-    }
-    LarghezzeNascoste.clear();
-    OrdinePrima = OrdineColonne();
-    Stira();
-}
-
-void VistaGriglia::MostraColonna(int Colonna, bool Visibile)
-{
-    if (Visibile != isColumnHidden(Colonna))
-        return;
-    if (!Visibile)
-        LarghezzeNascoste[Colonna] = columnWidth(Colonna);
-    setColumnHidden(Colonna, !Visibile);
-    if (Visibile && LarghezzeNascoste.contains(Colonna))
-        setColumnWidth(Colonna, LarghezzeNascoste.take(Colonna));
-    Stira();
-}
-
-void VistaGriglia::ImpostaLarghezza(int Colonna, int Larghezza)
-{
-    if (isColumnHidden(Colonna))
-        LarghezzeNascoste[Colonna] = Larghezza;
-    else
-        setColumnWidth(Colonna, Larghezza);
-}
-
-QList<int> VistaGriglia::OrdineColonne() const
-{
-    QList<int> Ordine;
-    for (int Posto = 0; Posto < horizontalHeader()->count(); ++Posto)
-        Ordine += horizontalHeader()->logicalIndex(Posto);
-    return Ordine;
-}
-
-void VistaGriglia::ImpostaOrdine(const QList<int>& Colonne)
-{
-    const QScopedValueRollback Guardia(Ordinando, true);
-    for (qsizetype Posto = 0; Posto < Colonne.size(); ++Posto)
-        horizontalHeader()->moveSection(horizontalHeader()->visualIndex(Colonne[Posto]), int(Posto));
-    OrdinePrima = OrdineColonne();
-}
-
-/// A hidden column stays behind the one that it stood behind: a title dragged over it passes nothing that the
-/// user can see.
-void VistaGriglia::ColonnaSpostata()
-{
-    if (Ordinando)
-        return;
-    const QScopedValueRollback Guardia(Ordinando, true);
-    for (qsizetype i = 1; i < OrdinePrima.size(); ++i) {
-        if (!isColumnHidden(OrdinePrima[i]))
-            continue;
-        const int Da = horizontalHeader()->visualIndex(OrdinePrima[i]);
-        const int Vicina = horizontalHeader()->visualIndex(OrdinePrima[i - 1]);
-        horizontalHeader()->moveSection(Da, Da > Vicina ? Vicina + 1 : Vicina);
-    }
-    OrdinePrima = OrdineColonne();
-}
-
-int VistaGriglia::LarghezzaPiena(int Colonna) const
-{
-    if (!isColumnHidden(Colonna))
-        return columnWidth(Colonna);
-    constexpr int Margini = 14;
-    return LarghezzeNascoste.value(
-        Colonna, Righe->Colonne()[Colonna].Caratteri * fontMetrics().horizontalAdvance(u'0') + Margini);
-}
-
-void VistaGriglia::Stira()
-{
-    if (Stirando)
-        return;
-    const QScopedValueRollback Guardia(Stirando, true);
-    const int Cifra = fontMetrics().horizontalAdvance(u'0');
-    int Resto = viewport()->width();
-    QList<int> DaStirare;
-    for (int i = 0; i < Righe->columnCount(); ++i) {
-        if (isColumnHidden(i))
-            continue;
-        if (Righe->Colonne()[i].Stira)
-            DaStirare += i;
-        else
-            Resto -= columnWidth(i);
-    }
-    for (qsizetype i = 0; i < DaStirare.size(); ++i) {
-        const int Parte = Resto / int(DaStirare.size() - i);
-        Resto -= Parte;
-        setColumnWidth(DaStirare[i], std::max(Parte, Righe->Colonne()[DaStirare[i]].Caratteri * Cifra));
-    }
-}
+// ---- drawing
 
 void VistaGriglia::resizeEvent(QResizeEvent* Evento)
 {

@@ -32,6 +32,8 @@ public:
     void PortaA(int Riga, int Colonna);
     /// Goes to the next (previous) cell that can be written. @return false when there is none
     [[nodiscard]] bool ProssimaCella(bool Avanti);
+    /// Opens the first cell of the empty row.
+    void IniziaRiga();
     /// What may be done to the rows goes on without questions while it runs.
     void SenzaDomande(const std::function<void()>& Fai);
     void SegnaSporca(int Riga) { Sporca = Riga; }
