@@ -184,6 +184,12 @@ void CollegaRicerca(QLineEdit* Box, Griglia* Lista, std::function<Recordset()> R
 {
     FiltraTasti(Box, {});
     new FrecciaGiu(Box, Lista);
+    // A letter typed on the catalogue begins another search; those that follow find the box with the focus.
+    Lista->CercaLettere = [Box](const QString& Lettere) {
+        Box->setFocus(Qt::OtherFocusReason);
+        Box->selectAll();
+        Box->insert(Lettere);
+    };
     Collega(Box, &QLineEdit::textEdited, Lista,
             [Lista, Righe = std::move(Righe), Colonna](const QString& Testo) {
                 Recordset Catalogo = Righe();

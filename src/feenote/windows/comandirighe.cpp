@@ -19,6 +19,11 @@ ComandiRighe::ComandiRighe(Griglia* Elenco, TipoRiga Quali, Parcella& Dati, Righ
 {
     Grid->ConsentiTrascina(true);
     Grid->ConsentiComandi(true);
+    Grid->ComandoPossibile = [this](ComandoRighe Quale) {
+        return Quale == ComandoRighe::Incolla   ? Comune.Copiate.PuoIncollare()
+               : Quale == ComandoRighe::Annulla ? Comune.Copiate.PuoAnnullare()
+                                                : true;
+    };
     Collega(Grid, &Griglia::Comando, this, [this](ComandoRighe Quale) { Esegui(Quale, Grid->Selezione()); });
     Collega(Grid, &Griglia::Cancella, this, [this] { TagliaVoci(Grid->Selezione()); });
     Collega(Grid, &Griglia::ClicCella, this, &ComandiRighe::SeguiClic);

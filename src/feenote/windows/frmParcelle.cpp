@@ -20,7 +20,10 @@
 #include "ui_frmParcelle.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QKeyEvent>
+#include <QRadioButton>
 #include <QScopedValueRollback>
 #include <QScrollArea>
 #include <QShortcut>
@@ -64,6 +67,20 @@ bool VoltaPagina(const QKeyEvent& Tasto)
     constexpr std::array Tasti{Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_PageUp, Qt::Key_PageDown};
     return Tasto.modifiers().testFlag(Qt::ControlModifier) &&
            std::find(Tasti.cbegin(), Tasti.cend(), Tasto.key()) != Tasti.cend();
+}
+
+/// A list, a tick or an option has no use for Enter, and hands it up: it goes on to the next field, as it
+/// does from the boxes. @return true when it did
+bool InvioPassa(const QKeyEvent& Tasto)
+{
+    QWidget* Campo = QApplication::focusWidget();
+    const bool Invio = Tasto.key() == Qt::Key_Return || Tasto.key() == Qt::Key_Enter;
+    const bool Scelta = qobject_cast<const QComboBox*>(Campo) || qobject_cast<const QCheckBox*>(Campo) ||
+                        qobject_cast<const QRadioButton*>(Campo);
+    if (!Invio || !Scelta || (Tasto.modifiers() & ~Qt::KeypadModifier) != 0)
+        return false;
+    PassaAvanti(Campo);
+    return true;
 }
 
 }  // namespace
@@ -177,6 +194,8 @@ bool frmParcelle::eventFilter(QObject* Oggetto, QEvent* Evento)
         break;
     case QEvent::KeyPress:
         if (VoltaPagina(*static_cast<QKeyEvent*>(Evento)) && !ConcludiCampo())
+            return true;
+        if (Oggetto == ui->tabParcelle && InvioPassa(*static_cast<QKeyEvent*>(Evento)))
             return true;
         break;
     default:

@@ -18,6 +18,9 @@ private Q_SLOTS:
     void conLeRigheLaListaApertaAgisceSubito();
     void senzaRigheOgniPassoAgisce();
     void iDocumentiSiScorronoConLeFrecce();
+    void invioPassaOltre();
+    void invioNellaListaApertaSceglie();
+    void leLettereSulCatalogoSiCercano();
 
 private:
     std::unique_ptr<Tavolo> T;
@@ -104,6 +107,62 @@ void TestListe::iDocumentiSiScorronoConLeFrecce()
     QVERIFY2(Documento->hasFocus(), "il fuoco resta nella lista");
     Scegli(Documento, Primo);
     QVERIFY2(!Documento->hasFocus(), "scelto, va alla pagina");
+}
+
+/// From the boxes, the lists and the options of the first page; a list that waits acts by it.
+void TestListe::invioPassaOltre()
+{
+    RigaOnorario(F->Nota, u"voce"_s, 100.0, 1, 1);
+    F->MostraTutto();
+    T->Voce.Tollera();  // what the authority itself has to say is another matter
+    Controllo(F, "txtCliente")->setFocus();
+    QStringList Fermate;
+    for (int i = 0; i < 9; ++i) {
+        Premi(i % 2 == 0 ? Qt::Key_Return : Qt::Key_Enter);
+        Respiro();
+        Fermate += QApplication::focusWidget()->objectName();
+    }
+    QCOMPARE(
+        Fermate.join(u' '),
+        u"txtControp txtOggetto cmbCateg cmbAutor cmbValore txtImporto optAumRid_5 cmbAumRid txtAumRid"_s);
+    QVERIFY(T->Voce.Mostrati().isEmpty());
+    auto* Categoria = Controllo<QComboBox>(F, "cmbCateg");
+    Categoria->setFocus();
+    Premi(Qt::Key_Down);
+    QVERIFY2(F->Nota.cmbCateg == int(CategCivile), "per via non si agisce");
+    Premi(Qt::Key_Return);
+    QCOMPARE(F->Nota.cmbCateg, Categoria->currentIndex());
+    QVERIFY(F->Nota.cmbCateg != int(CategCivile));
+}
+
+void TestListe::invioNellaListaApertaSceglie()
+{
+    auto* Categoria = Controllo<QComboBox>(F, "cmbCateg");
+    Categoria->setFocus();
+    Categoria->showPopup();
+    Premi(Qt::Key_Down);
+    Premi(Qt::Key_Return);
+    Respiro();
+    QVERIFY(F->Nota.cmbCateg != int(CategCivile));
+    QVERIFY2(F->focusWidget() == Categoria, "l'Invio era della lista aperta");
+}
+
+void TestListe::leLettereSulCatalogoSiCercano()
+{
+    ClicScheda(F, SchedaListaOnorari);
+    auto* Lista = Controllo<Griglia>(F, "tdbListaOno");
+    auto* Cerca = Controllo<QLineEdit>(F, "txtCercaOno");
+    Cerca->setText(u"di prima"_s);
+    Lista->setFocus();
+    Digita(u"decisò"_s);
+    QVERIFY(Cerca->hasFocus());
+    QCOMPARE(Cerca->text(), u"decisò"_s);
+    Premi(Qt::Key_Backspace);
+    QCOMPARE(Lista->RigaCorrente(), std::optional(3));
+    Premi(Qt::Key_Down);
+    Premi(Qt::Key_Space);
+    QVERIFY2(Lista->isAncestorOf(QApplication::focusWidget()), "uno spazio non comincia una ricerca");
+    QCOMPARE(Cerca->text(), u"decis"_s);
 }
 
 #include "TestListe.moc"
