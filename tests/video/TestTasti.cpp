@@ -26,6 +26,8 @@ private Q_SLOTS:
     void rotellaSulPannello();
     void doppioClic();
     void righeTrascinate();
+    void menuDelleRighe();
+    void letteraSulCatalogo();
 
 private:
     /// A tab of the note that is open, with what may be entered entered.
@@ -297,6 +299,43 @@ void TestTasti::righeTrascinate()
     QCOMPARE(P->TestoCella(u"tdbOnor"_s, 0, 1), Voci[1]);
     QCOMPARE(P->TestoCella(u"tdbOnor"_s, 1, 1), Voci[2]);
     QVERIFY2(P->Fermo(u"tdbOnor"_s), qPrintable(P->Stato()));
+}
+
+/// The right button on a line, and the menu key: what is chosen there acts on that line, and the keys stay
+/// with the grid.
+void TestTasti::menuDelleRighe()
+{
+    ConVoci(3);
+    if (QTest::currentTestFailed())
+        return;
+    const QString Seconda = P->TestoCella(u"tdbOnor"_s, 1, 1);
+    const QString Terza = P->TestoCella(u"tdbOnor"_s, 2, 1);
+    P->ClicDestro(P->Cella(u"tdbOnor"_s, 1, 1));
+    ATTENDI(u"popup"_s, "menuRighe");
+    P->Fotografa(u"menu_delle_righe"_s);
+    P->Premi({u"Down"_s, u"Return"_s});  // cut
+    ATTENDI_CHE(P->Messaggio().contains(u"cancellazione"));
+    P->Rispondi(u"Return"_s);
+    ATTENDI_CHE(P->TestoCella(u"tdbOnor"_s, 1, 1) == Terza);
+    ATTENDI(u"fuoco"_s, "tdbOnor");
+    P->Premi(u"Menu"_s);
+    ATTENDI(u"popup"_s, "menuRighe");
+    P->Premi(u"Escape"_s);
+    ATTENDI(u"popup"_s, "");
+    ATTENDI(u"fuoco"_s, "tdbOnor");
+    P->Premi(u"ctrl+z"_s);
+    ATTENDI_CHE(P->TestoCella(u"tdbOnor"_s, 1, 1) == Seconda);
+}
+
+void TestTasti::letteraSulCatalogo()
+{
+    Apri(u"Onorari"_s);
+    if (QTest::currentTestFailed())
+        return;
+    QVERIFY2(P->VaiA(u"tdbListaOno"_s), qPrintable(P->Stato()));
+    P->Digita(u"fase d"_s);
+    ATTENDI(u"fuoco"_s, "txtCercaOno");
+    ATTENDI(u"testo txtCercaOno"_s, "fase d");
 }
 
 #include "TestTasti.moc"

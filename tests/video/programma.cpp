@@ -285,6 +285,12 @@ void Programma::Clic(const QRect& Dove, int Volte)
              u"--repeat"_s, QString::number(Volte), u"--delay"_s, u"40"_s, u"1"_s});
 }
 
+void Programma::ClicDestro(const QRect& Dove)
+{
+    const QPoint Centro = Dove.center();
+    Xdotool({u"mousemove"_s, QString::number(Centro.x()), QString::number(Centro.y()), u"click"_s, u"3"_s});
+}
+
 void Programma::Trascina(const QPoint& Da, const QPoint& A)
 {
     const QPoint Mezzo = (Da + A) / 2;

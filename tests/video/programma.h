@@ -70,6 +70,7 @@ public:
     void Sfiora(const QString& Modificatore);
     void Clic(const QRect& Dove, int Volte = 1);
     void Clic(const QString& Nome, int Volte = 1) { Clic(Posto(Nome), Volte); }
+    void ClicDestro(const QRect& Dove);
     void Trascina(const QPoint& Da, const QPoint& A);
     /// Turns the wheel by notches over a place, positive towards the user.
     void Rotella(const QRect& Dove, int Scatti);
