@@ -1,15 +1,15 @@
 #include "core/modAvvio.h"
 
+#include "core/impostazioni.h"
 #include "core/modErrori.h"
 #include "platform/base/nomidate.h"
-#include "platform/base/regionale.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
 #include <algorithm>
-#include <array>
+#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -21,59 +21,17 @@ void Fase(const QString& Testo)
         TraceDebug(Testo);
 }
 
-/// The folder when it exists, else the program folder.
-QString CartellaOProgramma(const QString& Cartella)
+/// Reads the settings up to that key. One that does not convert is reported and keeps what it was: the others
+/// are read all the same.
+void LeggiFino(std::span<const VoceImpostazione>& Resto, QStringView Ultima)
 {
-    return EsisteCartella(Cartella) ? Barra(Cartella) : sessione::PercorsoProg;
-}
-
-void LeggiStudio()
-{
-    using namespace sessione;
-    StudioNome = Impostazione(u"StudioNome"_s);
-    StudioIndir = Impostazione(u"StudioIndir"_s);
-    StudioCitta = Impostazione(u"StudioCitta"_s);
-    StudioCodFisc = Impostazione(u"StudioCodFisc"_s);
-    StudioMail = Impostazione(u"StudioMail"_s);
-    StudioPIva = Impostazione(u"StudioPIva"_s);
-    Firma = Impostazione(u"Firma"_s);
-}
-
-void LeggiCartelleParcelle()
-{
-    using namespace sessione;
-    ParcellePath = Barra(Impostazione(u"ParcellePath"_s, CartellaOProgramma(PercorsoProg + u"Parcelle"_s)));
-    ModelliPath = CartellaOProgramma(ParcellePath + u"Modelli"_s);
-}
-
-/// A malformed percentage leaves the one in force, so that a slip of the pen never blocks the start.
-void LeggiAliquota(float& Aliquota, const QString& Chiave, const QString& Predefinito)
-{
-    try {
-        Aliquota = CSng(Impostazione(Chiave, Predefinito));
-    } catch (const Errore&) {
-        return;
+    bool Fatta = false;
+    while (!Resto.empty() && !Fatta) {
+        const VoceImpostazione& Voce = Resto.front();
+        Protetta([&Voce] { LeggiInSessione(Voce); });
+        Fatta = Voce.Chiave == Ultima;
+        Resto = Resto.subspan(1);
     }
-}
-
-void LeggiAliquote()
-{
-    LeggiAliquota(sessione::IVA, u"IVA"_s, u"21"_s);
-    LeggiAliquota(sessione::RA, u"RA"_s, u"20"_s);
-    LeggiAliquota(sessione::SpeseGen, u"SpeseGen"_s, u"12,5"_s);
-    LeggiAliquota(sessione::CP, u"CP"_s, u"4"_s);
-    sessione::Iban = Impostazione(u"Iban"_s);
-}
-
-void LeggiScrivania()
-{
-    using namespace sessione;
-    SfondoDesktop = Impostazione(u"SfondoDesktop"_s, u"lex.jpg"_s);
-    ColoreSfondoDesktop = CLng(Impostazione(u"ColoreSfondoDesktop"_s, u"2508052"_s));
-    ColoreEtichette = CLng(Impostazione(u"ColoreEtichette"_s, u"16777215"_s));
-    // Written by the settings as ColoreEtichetteBordo: the store does not look at the case.
-    ColoreEtichetteBordo = CLng(Impostazione(u"ColoreEtichettebordo"_s, u"0"_s));
-    ColoreEtichettaSel = CLng(Impostazione(u"ColoreEtichettaSel"_s, u"255"_s));
 }
 
 void VerificaCartellaUtente()
@@ -94,19 +52,16 @@ void LeggiParametri()
     Fase(u"avvio impostazione variabili"_s);
     TitoloProdotto = u"Calcanova 3"_s;
     PrefissoOdbc = u"DRIVER=Microsoft Access Driver (*.mdb);DBQ="_s;
-    PercorsoProg = Barra(Impostazione(u"PercorsoProcedura"_s, CartellaEseguibile()));
-    ArchivioCliCon = PercorsoArchivio(Impostazione(u"ArchivioCliCon"_s, PercorsoProg + u"DatiStudio.mdb"_s));
+    std::span<const VoceImpostazione> Resto = VociImpostazioni();
+    LeggiFino(Resto, chiavi::ArchivioCliCon);
     Fase(u"avvio impostazione variabili1"_s);
-    LeggiStudio();
-    LeggiCartelleParcelle();
+    LeggiFino(Resto, chiavi::ParcellePath);
+    const QString Modelli = Barra(ParcellePath + u"Modelli"_s);
+    ModelliPath = EsisteCartella(Modelli) ? Modelli : PercorsoProg;
     Fase(u"avvio impostazione variabili2"_s);
-    LeggiAliquote();
+    LeggiFino(Resto, u"Iban");
     Fase(u"avvio impostazione variabili3"_s);
-    CercaAgg = Impostazione(u"CercaAgg"_s, u"S"_s) == u"S";
-    WP = Impostazione(u"WP"_s, u"-1"_s);
-    ProgFatt = CInt(Impostazione(u"ProgFatt"_s, u"0"_s));
-    UserFolder = Impostazione(u"UserFolder"_s);
-    LeggiScrivania();
+    LeggiFino(Resto, {});
     Fase(u"avvio impostazione variabili4"_s);
     VerificaCartellaUtente();
     std::ranges::transform(NomiGiorni, GiorniSett.begin(), &QStringView::toString);

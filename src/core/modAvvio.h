@@ -9,8 +9,8 @@
 struct VersioneSistema;
 
 /// Fills the session variables from the settings store. Called by Main once and by the settings form
-/// after each save, so that a change is in force at once. Failures are reported; a malformed rate leaves
-/// its variable as it was.
+/// after each save, so that a change is in force at once. A setting that does not convert is reported, a
+/// malformed rate in silence; its variable stays as it was, and the others are read.
 void ImpostaVariabili();
 
 /// Full path of the law-office database: a stored folder gets "DatiStudio.mdb" behind one separator, a

@@ -2,43 +2,149 @@
 
 #include "core/CIni.h"
 #include "core/sessione.h"
+#include "platform/base/errore.h"
+#include "platform/base/paginacodice.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/profilo.h"
+#include "platform/system/shell.h"
+
+#include <QDir>
+#include <QRegularExpression>
+
+#include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+const QString Sezione = u"desktop"_s;
+
 /// Names of the three keys of an icon, in the order of the columns.
 constexpr std::array<QStringView, ColonneIcona> Code{u"", u"_c", u"_i"};
 
-CIni FileIcone()
+QString NellaCartella(const QString& Cartella)
 {
-    const QString Nome = u"kr5.ini"_s;
-    const QString Programma = TrovaFile(sessione::PercorsoProg + Nome);
-    CIni File;
-    File.ImpostaFileName(EsisteFile(Programma) ? Programma : TrovaFile(Barra(sessione::UserFolder) + Nome));
-    File.ImpostaApplicationKey(u"desktop"_s);
-    return File;
+    return Cartella.isEmpty() ? QString() : TrovaFile(Barra(Cartella) + u"kr5.ini"_s);
+}
+
+/// The file that is read.
+QString FileIcone()
+{
+    const QString Utente = NellaCartella(sessione::UserFolder);
+    return EsisteFile(Utente) ? Utente : NellaCartella(sessione::PercorsoProg);
+}
+
+/// "L", a number, and one of the three endings.
+bool ChiaveDiIcona(const QString& Chiave)
+{
+    static const QRegularExpression Forma(u"^L\\d+(_c|_i)?$"_s, QRegularExpression::CaseInsensitiveOption);
+    return Forma.match(Chiave).hasMatch();
+}
+
+QList<std::pair<QString, QString>> Righe(const TabellaRighe& Icone)
+{
+    QList<std::pair<QString, QString>> Fatte;
+    int Numero = 0;
+    for (int Riga = 0; Riga < Icone.Righe(); ++Riga) {
+        if (Icone(Riga, IconaTitolo).toString().trimmed().isEmpty() ||
+            Icone(Riga, IconaCollegamento).toString().trimmed().isEmpty())
+            continue;
+        for (int c = 0; c < ColonneIcona; ++c) {
+            QString Valore = Icone(Riga, c).toString().trimmed();
+            // Without a picture the icon, and all behind it, would be gone at the next read.
+            if (c == IconaFigura && Valore.isEmpty())
+                Valore = FiguraPredefinita.toString();
+            Fatte.append({u'L' + QString::number(Numero) + Code[size_t(c)].toString(), Valore});
+        }
+        ++Numero;
+    }
+    return Fatte;
+}
+
+/// What an opener answered. @throws Errore of that number, which names the target, unless it is 0
+void VerificaApertura(int Esito, const QString& Destinazione)
+{
+    if (Esito != 0)
+        throw Errore(Esito, DescrizioneErrore(Esito) + u": "_s + Destinazione);
+}
+
+/// A file or folder of this name, in the program folder where the name says no other; empty when there is
+/// none.
+QString Trovata(const QString& Destinazione)
+{
+    const QString Nativo = PercorsoNativo(Destinazione);
+    const QString Intero = QDir::isAbsolutePath(Nativo) ? Nativo : sessione::PercorsoProg + Nativo;
+    return EsisteFile(Intero) || EsisteCartella(Intero) ? Intero : QString();
 }
 
 }  // namespace
 
-void LeggiIconeUtente()
+TabellaRighe LeggiIcone()
 {
-    const CIni File = FileIcone();
-    IconeUtente.Azzera(ColonneIcona);
+    CIni File;
+    File.ImpostaFileName(FileIcone());
+    File.ImpostaApplicationKey(Sezione);
+    TabellaRighe Icone(ColonneIcona);
+    if (!EsisteFile(File.FileName()))
+        return Icone;
     for (int n = 0;; ++n) {
         std::array<QString, ColonneIcona> Valori;
         for (int c = 0; c < ColonneIcona; ++c) {
             Valori[size_t(c)] = File.GetValue(u'L' + QString::number(n) + Code[size_t(c)].toString());
             if (Valori[size_t(c)].isEmpty())
-                return;
+                return Icone;
         }
-        const int Riga = IconeUtente.AggiungiRiga();
+        const int Riga = Icone.AggiungiRiga();
         for (int c = 0; c < ColonneIcona; ++c)
-            IconeUtente(Riga, c) = Valori[size_t(c)];
+            Icone(Riga, c) = Valori[size_t(c)];
     }
+}
+
+void LeggiIconeUtente()
+{
+    IconeUtente = LeggiIcone();
+}
+
+bool ScriviIconeUtente(const TabellaRighe& Icone)
+{
+    const QList<std::pair<QString, QString>> Nuove = Righe(Icone);
+    const QString Letto = FileIcone();
+    if (!Letto.isEmpty() && SostituisciChiavi(Sezione, ChiaveDiIcona, Nuove, Letto))
+        return true;
+    const QString Utente = NellaCartella(sessione::UserFolder);
+    return !Utente.isEmpty() && Utente != Letto && SostituisciChiavi(Sezione, ChiaveDiIcona, Nuove, Utente);
+}
+
+bool ELink(const QString& Destinazione)
+{
+    return Destinazione.startsWith(u"http", Qt::CaseInsensitive) ||
+           Destinazione.startsWith(u"www", Qt::CaseInsensitive);
+}
+
+bool Conservabile(const QString& Testo)
+{
+    return DaCp1252(Cp1252(Testo)) == Testo;
+}
+
+void ApriDestinazione(const QString& Destinazione)
+{
+    if (ELink(Destinazione) || Destinazione.startsWith(u"mailto:", Qt::CaseInsensitive)) {
+        const bool SenzaProtocollo = Destinazione.startsWith(u"www", Qt::CaseInsensitive);
+        VerificaApertura(
+            ApriIndirizzoConSistema(SenzaProtocollo ? u"http://"_s + Destinazione : Destinazione),
+            Destinazione);
+        return;
+    }
+    const QString Presente = Trovata(Destinazione);
+    const QString Programma = Presente.isEmpty() ? TrovaProgramma(Destinazione) : Presente;
+    if (Programma.isEmpty())
+        throw Errore(errori::FileMancante, DescrizioneErrore(errori::FileMancante) + u": "_s + Destinazione);
+    // What is no program although it may be run, as on a disk without such a mark, has an association.
+    if (EProgramma(Programma) && AvviaProgramma(Programma, {}, sessione::PercorsoProg) == 0)
+        return;
+    VerificaApertura(ApriConSistema(Programma), Destinazione);
 }
 
 QPoint PostoIcona(int Riga)

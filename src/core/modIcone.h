@@ -8,12 +8,41 @@
 
 enum ColonnaIcona { IconaTitolo, IconaCollegamento, IconaFigura, ColonneIcona };
 
-/// One row per icon, for the session; shared by the desktop and the settings.
+/// Longest title and target, in characters: what the file keeps of a value, and a label has room for.
+inline constexpr int MassimoTitolo = 60;
+inline constexpr int MassimoCollegamento = 500;
+
+/// Picture of an icon that was given none.
+inline constexpr QStringView FiguraPredefinita = u"icona.gif";
+
+/// One row per icon, for the session: what stands on the desktop. The settings edit a copy.
 inline TabellaRighe IconeUtente{ColonneIcona};
 
-/// Reads the section "desktop" of kr5.ini anew, up to the first icon of which label, target or picture is
-/// missing. The file stands beside the program, or in the user folder where the program folder has none.
+/// The icons in the section "desktop" of kr5.ini, up to the first one of which label, target or picture is
+/// missing. The user folder's file counts where there is one, else the program folder's.
+[[nodiscard]] TabellaRighe LeggiIcone();
+
+/// Reads IconeUtente anew.
 void LeggiIconeUtente();
+
+/// Writes the icons in the place of those in the file, the one that LeggiIcone reads; into the user folder
+/// where the program folder refuses it. Rows without label or target are left out, numbers have no gaps.
+/// @return false when no file could be written; the former ones are as they were
+bool ScriviIconeUtente(const TabellaRighe& Icone);
+
+/// True for an address: it begins with "http" or "www", in any case.
+[[nodiscard]] bool ELink(const QString& Destinazione);
+
+/// True when the file of icons can hold the text: a character that its code page lacks would come back as
+/// "?".
+[[nodiscard]] bool Conservabile(const QString& Testo);
+
+/// Opens the target of an icon. An address goes to the browser ("www" gets "http://" in front) and "mailto:"
+/// to the mail program, with their letters as they stand; a program, in the program folder or found on the
+/// path, is started in the program folder; any other file or folder is opened by what the system associates
+/// with it.
+/// @throws Errore of what the system answered, 53 when nothing is there, each with the target
+void ApriDestinazione(const QString& Destinazione);
 
 /// Upper left corner of the picture of an icon, in pixels: six in the first row, which starts further right
 /// than the following ones.

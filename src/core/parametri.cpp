@@ -17,6 +17,11 @@ void SalvaImpostazione(const QString& Chiave, const QString& Valore)
     SaveSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave, Valore);
 }
 
+void SalvaImpostazioni(const QList<std::pair<QString, QString>>& Valori)
+{
+    SaveSettings(NomeApplicazione.toString(), SezioneParametri.toString(), Valori);
+}
+
 int MisuraTwip(const QString& Chiave, int Predefinita)
 {
     bool Letta = false;

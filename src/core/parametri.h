@@ -1,7 +1,10 @@
 // The program's own settings: one application, one section, keys and texts.
 #pragma once
 
+#include <QList>
 #include <QString>
+
+#include <utility>
 
 /// Name of the program's settings and of the one section that every application has.
 inline constexpr QStringView NomeApplicazione = u"KR5";
@@ -15,6 +18,9 @@ inline constexpr QStringView SezioneParametri = u"Parametri";
 
 /// Stores a setting of the program. @throws Errore 75 when the store cannot be written
 void SalvaImpostazione(const QString& Chiave, const QString& Valore);
+
+/// Stores several settings of the program, all of them or none. @throws Errore 75 as above
+void SalvaImpostazioni(const QList<std::pair<QString, QString>>& Valori);
 
 /// A size in twips; the default where the setting is missing or no positive number.
 [[nodiscard]] int MisuraTwip(const QString& Chiave, int Predefinita);

@@ -44,7 +44,7 @@ inline bool CercaAgg = true;               ///< look for updates at the start
 inline QString WP = QStringLiteral("-1");  ///< path of an alternative editor
 inline int ProgFatt = 0;                   ///< last invoice number used
 inline QString UserFolder;                 ///< per-user data, with the separator at its end when derived
-inline QString SfondoDesktop;
+inline QString SfondoDesktop = QStringLiteral("lex.jpg");
 inline int ColoreSfondoDesktop = 2508052;  ///< colours as 0xBBGGRR
 inline int ColoreEtichette = 16777215;
 inline int ColoreEtichetteBordo = 0;

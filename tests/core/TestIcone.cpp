@@ -5,9 +5,13 @@
 #include "core/sessione.h"
 #include "platform/base/errore.h"
 #include "platform/system/file.h"
+#include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 
 #include <QDir>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -26,10 +30,48 @@ private Q_SLOTS:
     void senzaFile();
     void nellaCartellaUtente();
     void rilegge();
+    void scriveERilegge();
+    void scriveSoloRigheIntere();
+    void scriveDoveLegge_data();
+    void scriveDoveLegge();
+    void scriveNellaCartellaUtenteSeRifiutata();
+    void nessunaDelleDueScrivibile();
+    void discoPieno();
+    void cento();
+    void link_data();
+    void link();
+    void conservabile();
+    void apre_data();
+    void apre();
+    void apreConAssociazioneCioCheNonParte();
+    void apreNulla();
     void posti_data();
     void posti();
 };
 PROVA(TestIcone);
+
+namespace {
+
+TabellaRighe Tabella(const QList<QStringList>& Righe)
+{
+    TabellaRighe Icone(ColonneIcona);
+    for (const QStringList& Riga : Righe) {
+        const int Numero = Icone.AggiungiRiga();
+        for (int c = 0; c < ColonneIcona; ++c)
+            Icone(Numero, c) = Riga[c];
+    }
+    return Icone;
+}
+
+const QList<QStringList> Due{{u"Sito"_s, u"www.x.example/Pagina"_s, u"sito.gif"_s},
+                             {u"Città"_s, u"/opt/città"_s, u"a.gif"_s}};
+
+QByteArray Programma()
+{
+    return LeggiFile(sessione::PercorsoProg + u"kr5.ini"_s);
+}
+
+}  // namespace
 
 void TestIcone::init()
 {
@@ -123,10 +165,14 @@ void TestIcone::nellaCartellaUtente()
     ScriviFile(Barra(sessione::UserFolder) + u"kr5.ini"_s, "[desktop]\nL0=Mia\nL0_c=/m\nL0_i=m.gif\n");
     LeggiIconeUtente();
     QCOMPARE(IconeUtente.Righe(), 1);
-    // The one beside the program counts where there is one.
-    ScriviFile(sessione::PercorsoProg + u"kr5.ini"_s, "[desktop]\n");
+    // One beside the program, come with an update, does not hide what the user has saved.
+    ScriviFile(sessione::PercorsoProg + u"kr5.ini"_s, "[desktop]\nL0=A\nL0_c=/a\nL0_i=a.gif\n"
+                                                      "L1=B\nL1_c=/b\nL1_i=b.gif\n");
     LeggiIconeUtente();
-    QVERIFY(IconeUtente.Vuota());
+    QCOMPARE(IconeUtente(0, IconaTitolo).toString(), u"Mia"_s);
+    QVERIFY(QFile::remove(Barra(sessione::UserFolder) + u"kr5.ini"_s));
+    LeggiIconeUtente();
+    QCOMPARE(IconeUtente.Righe(), 2);
 }
 
 void TestIcone::rilegge()
@@ -155,6 +201,245 @@ void TestIcone::posti()
 {
     QFETCH(int, Riga);
     QTEST(PostoIcona(Riga), "Posto");
+}
+
+void TestIcone::scriveERilegge()
+{
+    const Registratore Box;
+    ScriviFile(sessione::PercorsoProg + u"kr5.ini"_s,
+               "; a note\r\n[desktop]\r\nL0=Vecchia\r\nL0_c=/v\r\nL0_i=v.gif\r\nL12=x\r\nlargo=1\r\n"
+               "[altro]\r\nL0=resta\r\n");
+    QVERIFY(ScriviIconeUtente(Tabella(Due)));
+    QCOMPARE(LeggiIcone(), Tabella(Due));
+    const QByteArray Scritto = Programma();
+    QVERIFY(!Scritto.contains("Vecchia"));
+    QVERIFY(!Scritto.contains("L12"));
+    QVERIFY(Scritto.contains("largo=1\r\n"));
+    QVERIFY(Scritto.startsWith("; a note\r\n"));
+    QVERIFY(Scritto.endsWith("[altro]\r\nL0=resta\r\n"));
+    QVERIFY(ScriviIconeUtente(Tabella({})));
+    QVERIFY(LeggiIcone().Vuota());
+    QVERIFY(Programma().contains("L0=resta"));
+}
+
+void TestIcone::scriveSoloRigheIntere()
+{
+    QVERIFY(ScriviIconeUtente(Tabella({{u"A"_s, u"/a"_s, u""_s},
+                                       {u"  "_s, u"/b"_s, u"b.gif"_s},
+                                       {u"C"_s, u""_s, u"c.gif"_s},
+                                       {u"D"_s, u"/d"_s, u"d.gif"_s}})));
+    QCOMPARE(LeggiIcone(), Tabella({{u"A"_s, u"/a"_s, u"icona.gif"_s}, {u"D"_s, u"/d"_s, u"d.gif"_s}}));
+}
+
+void TestIcone::scriveDoveLegge_data()
+{
+    QTest::addColumn<bool>("NelProgramma");
+    QTest::addColumn<bool>("Utente");
+    QTest::addColumn<QString>("Atteso");
+
+    QTest::newRow("none yet") << false << false << u"programma"_s;
+    QTest::newRow("the program's") << true << false << u"programma"_s;
+    QTest::newRow("the user's") << false << true << u"utente"_s;
+    QTest::newRow("both") << true << true << u"utente"_s;
+}
+
+void TestIcone::scriveDoveLegge()
+{
+    QFETCH(bool, NelProgramma);
+    QFETCH(bool, Utente);
+    QFETCH(QString, Atteso);
+    sessione::UserFolder = NuovaCartella();
+    const QString FileProgramma = sessione::PercorsoProg + u"kr5.ini"_s;
+    const QString FileUtente = sessione::UserFolder + u"kr5.ini"_s;
+    if (NelProgramma)
+        ScriviFile(FileProgramma, "[desktop]\n");
+    if (Utente)
+        ScriviFile(FileUtente, "[desktop]\n");
+    QVERIFY(ScriviIconeUtente(Tabella(Due)));
+    const QString Scritto = Atteso == u"utente" ? FileUtente : FileProgramma;
+    const QString Altro = Atteso == u"utente" ? FileProgramma : FileUtente;
+    QVERIFY(LeggiFile(Scritto).contains("L1_i"));
+    QVERIFY(!EsisteFile(Altro) || LeggiFile(Altro) == "[desktop]\n");
+    QCOMPARE(LeggiIcone(), Tabella(Due));
+}
+
+void TestIcone::scriveNellaCartellaUtenteSeRifiutata()
+{
+    sessione::UserFolder = NuovaCartella();
+    const QString Fornito = sessione::PercorsoProg + u"kr5.ini"_s;
+    ScriviFile(Fornito, "[desktop]\nL0=Fornita\nL0_c=/f\nL0_i=f.gif\n");
+    ImpostaSolaLettura(Fornito, true);
+    QVERIFY(ScriviIconeUtente(Tabella(Due)));
+    QVERIFY(LeggiFile(Fornito).contains("Fornita"));
+    QCOMPARE(LeggiIcone(), Tabella(Due));
+}
+
+void TestIcone::nessunaDelleDueScrivibile()
+{
+    sessione::UserFolder = NuovaCartella() + u"manca"_s;
+    const QString Fornito = sessione::PercorsoProg + u"kr5.ini"_s;
+    ScriviFile(Fornito, "[desktop]\nL0=Fornita\nL0_c=/f\nL0_i=f.gif\n");
+    ImpostaSolaLettura(Fornito, true);
+    QVERIFY(!ScriviIconeUtente(Tabella(Due)));
+    QCOMPARE(LeggiIcone().Righe(), 1);
+    sessione::UserFolder.clear();
+    sessione::PercorsoProg.clear();
+    QVERIFY(!ScriviIconeUtente(Tabella(Due)));
+}
+
+void TestIcone::discoPieno()
+{
+    const QByteArray Prima = "[desktop]\nL0=A\nL0_c=/a\nL0_i=a.gif\n";
+    ScriviFile(sessione::PercorsoProg + u"kr5.ini"_s, Prima);
+    guasti::LimiteFile = 20;
+    const bool Scritto = ScriviIconeUtente(Tabella(Due));
+    guasti::LimiteFile = 0;
+    QVERIFY(!Scritto);
+    QCOMPARE(Programma(), Prima);
+}
+
+void TestIcone::cento()
+{
+    QList<QStringList> Molte;
+    for (int i = 0; i < 100; ++i)
+        Molte << QStringList{u"Icona %1"_s.arg(i), u"/opt/%1"_s.arg(i), u"a.gif"_s};
+    QVERIFY(ScriviIconeUtente(Tabella(Molte)));
+    QCOMPARE(LeggiIcone(), Tabella(Molte));
+}
+
+void TestIcone::link_data()
+{
+    QTest::addColumn<QString>("Testo");
+    QTest::addColumn<bool>("Link");
+
+    QTest::newRow("http") << u"http://x"_s << true;
+    QTest::newRow("https in capitals") << u"HTTPS://x"_s << true;
+    QTest::newRow("www in mixed case") << u"Www.x"_s << true;
+    QTest::newRow("mail") << u"mailto:a@b"_s << false;
+    QTest::newRow("path") << u"/opt/http"_s << false;
+    QTest::newRow("empty") << u""_s << false;
+}
+
+void TestIcone::link()
+{
+    QFETCH(QString, Testo);
+    QTEST(ELink(Testo), "Link");
+}
+
+void TestIcone::conservabile()
+{
+    QVERIFY(Conservabile(u"Città – €"_s));
+    QVERIFY(!Conservabile(u"Łódź"_s));
+    QVERIFY(!Conservabile(u"/opt/日本"_s));
+    QVERIFY(Conservabile(u"perché?"_s));
+}
+
+namespace {
+
+/// What the system was asked to open, and what it answers.
+class SistemaDiProva
+{
+public:
+    SistemaDiProva()
+    {
+        Shell Nuova;
+        Nuova.ApriIndirizzo = [this](const QString& Indirizzo) {
+            return Annota(u"indirizzo "_s + Indirizzo);
+        };
+        Nuova.ApriFile = [this](const QString& File) { return Annota(u"file "_s + File); };
+        Nuova.Avvia = [this](const QString& Programma, const QStringList& Argomenti,
+                             const QString& Cartella) {
+            Annota(u"avvia "_s + Programma + Argomenti.join(u' ') + u" in "_s + Cartella);
+            return EsitoAvvio;
+        };
+        Precedente = InstallaShell(std::move(Nuova));
+    }
+    ~SistemaDiProva() { InstallaShell(std::move(Precedente)); }
+    SistemaDiProva(const SistemaDiProva&) = delete;
+    SistemaDiProva& operator=(const SistemaDiProva&) = delete;
+
+    QStringList Chieste;
+    int Esito = 0;
+    int EsitoAvvio = 0;
+
+private:
+    int Annota(const QString& Chiesta)
+    {
+        Chieste << Chiesta;
+        return Esito;
+    }
+    Shell Precedente;
+};
+
+void CreaEseguibile(const QString& File)
+{
+    ScriviFile(File, "#!/bin/sh\n");
+    QVERIFY(QFile::setPermissions(File, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+}
+
+}  // namespace
+
+void TestIcone::apre_data()
+{
+    QTest::addColumn<QString>("Destinazione");
+    QTest::addColumn<QString>("Atteso");
+
+    QTest::newRow("address, its letters kept")
+        << u"https://x.example/Una/Pagina"_s << u"indirizzo https://x.example/Una/Pagina"_s;
+    QTest::newRow("www") << u"WWW.x.example/Pagina"_s << u"indirizzo http://WWW.x.example/Pagina"_s;
+    QTest::newRow("mail") << u"mailto:Mario@x.example"_s << u"indirizzo mailto:Mario@x.example"_s;
+    QTest::newRow("program") << u"%1agenda.exe"_s << u"avvia %1agenda.exe in %1"_s;
+    QTest::newRow("program of the program folder") << u"agenda.exe"_s << u"avvia %1agenda.exe in %1"_s;
+    QTest::newRow("document") << u"%1lettera.doc"_s << u"file %1lettera.doc"_s;
+    QTest::newRow("document of a folder inside") << u"sotto\\atto.pdf"_s << u"file %1sotto/atto.pdf"_s;
+    QTest::newRow("folder") << u"%1sotto"_s << u"file %1sotto"_s;
+}
+
+void TestIcone::apre()
+{
+    QFETCH(QString, Destinazione);
+    QFETCH(QString, Atteso);
+    const QString Cartella = sessione::PercorsoProg;
+    CreaEseguibile(Cartella + u"agenda.exe"_s);
+    ScriviFile(Cartella + u"lettera.doc"_s, "x");
+    CreaCartella(Cartella + u"sotto"_s);
+    ScriviFile(Cartella + u"sotto/atto.pdf"_s, "x");
+    const SistemaDiProva Sistema;
+    ApriDestinazione(Destinazione.replace(u"%1"_s, Cartella));
+    QCOMPARE(Sistema.Chieste, QStringList{Atteso.replace(u"%1"_s, Cartella)});
+}
+
+void TestIcone::apreConAssociazioneCioCheNonParte()
+{
+    CreaEseguibile(sessione::PercorsoProg + u"foglio.ods"_s);
+    SistemaDiProva Sistema;
+    Sistema.EsitoAvvio = 5;
+    ApriDestinazione(u"foglio.ods"_s);
+    QCOMPARE(Sistema.Chieste.size(), 2);
+    QCOMPARE(Sistema.Chieste[1], u"file "_s + sessione::PercorsoProg + u"foglio.ods"_s);
+    // A name found where the system looks for programs.
+    Sistema.EsitoAvvio = 0;
+    ApriDestinazione(u"sh"_s);
+    QVERIFY2(Sistema.Chieste[2].startsWith(u"avvia /") && Sistema.Chieste[2].contains(u"/sh in "),
+             qPrintable(Sistema.Chieste[2]));
+}
+
+void TestIcone::apreNulla()
+{
+    SistemaDiProva Sistema;
+    const auto Guasto = [](const QString& Destinazione) {
+        try {
+            ApriDestinazione(Destinazione);
+        } catch (const Errore& E) {
+            return QString::number(E.Numero) + u' ' + E.Descrizione;
+        }
+        return QString();
+    };
+    QCOMPARE(Guasto(u"/opt/non/esiste"_s), u"53 "_s + DescrizioneErrore(53) + u": /opt/non/esiste"_s);
+    QCOMPARE(Guasto(u"nessun_programma_così"_s),
+             u"53 "_s + DescrizioneErrore(53) + u": nessun_programma_così"_s);
+    Sistema.Esito = 31;
+    QCOMPARE(Guasto(u"www.x.example"_s), u"31 "_s + DescrizioneErrore(31) + u": www.x.example"_s);
 }
 
 #include "TestIcone.moc"

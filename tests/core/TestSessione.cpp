@@ -2,6 +2,7 @@
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 
+#include "core/impostazioni.h"
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
 #include "platform/base/errore.h"
@@ -39,13 +40,16 @@ private Q_SLOTS:
     void cercaAgg();
     void aliquotaMalformataRestaComEra();
     void unaSolaAliquotaMalformata();
-    void numeroMalformatoFermaLaLettura_data();
-    void numeroMalformatoFermaLaLettura();
+    void numeroMalformatoNonFermaLaLettura_data();
+    void numeroMalformatoNonFermaLaLettura();
     void bordoDelleEtichetteConDueGrafie();
     void cartellaUtentePerSistema();
     void cartellaUtenteConservata();
     void cartellaUtenteMancante();
     void tracciaSoloInDebug();
+    void tabella();
+    void azzeraDaiPredefiniti();
+    void molteInsieme();
     void rileggeQuelCheCambia();
 };
 PROVA(TestSessione);
@@ -361,7 +365,7 @@ void TestSessione::unaSolaAliquotaMalformata()
     QCOMPARE(Iban, u"IT60"_s);
 }
 
-void TestSessione::numeroMalformatoFermaLaLettura_data()
+void TestSessione::numeroMalformatoNonFermaLaLettura_data()
 {
     QTest::addColumn<QString>("Chiave");
     QTest::addColumn<QString>("Valore");
@@ -373,7 +377,7 @@ void TestSessione::numeroMalformatoFermaLaLettura_data()
     QTest::newRow("colour beyond 32 bits") << u"ColoreEtichettaSel"_s << u"2147483648"_s << 6;
 }
 
-void TestSessione::numeroMalformatoFermaLaLettura()
+void TestSessione::numeroMalformatoNonFermaLaLettura()
 {
     QFETCH(QString, Chiave);
     QFETCH(QString, Valore);
@@ -381,13 +385,16 @@ void TestSessione::numeroMalformatoFermaLaLettura()
     Registratore Box;
     Salva(Chiave, Valore);
     Salva(u"StudioNome"_s, u"Studio"_s);
+    Salva(u"ColoreEtichette"_s, u"255"_s);
     Box.Attendi(u"Errore: "_s + DescrizioneErrore(Numero) + u" ("_s + QString::number(Numero) + u')', vbOK,
                 u"Errore:"_s);
     ImpostaVariabili();
     QCOMPARE(sessione::StudioNome, u"Studio"_s);
     QCOMPARE(sessione::ProgFatt, 0);
-    // The names come last, behind the number that stopped the reading.
-    QCOMPARE(sessione::GiorniSett[1], QString());
+    // Each key by itself: what stands behind the bad one is read, the names come last.
+    QVERIFY(!sessione::UserFolder.isEmpty());
+    QCOMPARE(sessione::ColoreEtichette, 255);
+    QCOMPARE(sessione::GiorniSett[1], u"Lunedì"_s);
 }
 
 void TestSessione::bordoDelleEtichetteConDueGrafie()
@@ -458,6 +465,52 @@ void TestSessione::rileggeQuelCheCambia()
     ImpostaVariabili();
     QCOMPARE(sessione::StudioNome, u"Dopo"_s);
     QCOMPARE(sessione::RichiestaPV2.ID, u"P1"_s);
+}
+
+void TestSessione::tabella()
+{
+    QStringList Viste;
+    for (const VoceImpostazione& Voce : VociImpostazioni()) {
+        const QString Chiave = Voce.Chiave.toString();
+        QVERIFY2(!Viste.contains(Chiave, Qt::CaseInsensitive), qPrintable(Chiave));
+        Viste << Chiave;
+        QCOMPARE(VoceDi(Chiave.toUpper()).Chiave, Voce.Chiave);
+        // A default converts to what its row is.
+        LeggiInSessione(Voce);
+        Salva(Chiave, u"7"_s);
+        QCOMPARE(ValoreConservato(Chiave), u"7"_s);
+    }
+    QVERIFY_THROWS_EXCEPTION(Errore, (void)VoceDi(u"Nessuna"));
+}
+
+void TestSessione::azzeraDaiPredefiniti()
+{
+    using namespace sessione;
+    IVA = 1;
+    ProgFatt = 9;
+    CercaAgg = false;
+    WP = u"x"_s;
+    SfondoDesktop = u"x"_s;
+    ColoreEtichettaSel = 1;
+    ModelliPath = u"x"_s;
+    AzzeraSessione();
+    QCOMPARE(IVA, 21.0F);
+    QCOMPARE(SpeseGen, 12.5F);
+    QCOMPARE(ProgFatt, 0);
+    QVERIFY(CercaAgg);
+    QCOMPARE(WP, u"-1"_s);
+    QCOMPARE(SfondoDesktop, u"lex.jpg"_s);
+    QCOMPARE(ColoreEtichettaSel, 255);
+    QCOMPARE(ModelliPath, QString());
+    QCOMPARE(PercorsoProg, QString());
+}
+
+void TestSessione::molteInsieme()
+{
+    SalvaImpostazioni({{u"StudioNome"_s, u"A"_s}, {u"coloreetichettebordo"_s, u"3"_s}, {u"IVA"_s, {}}});
+    QCOMPARE(ValoreConservato(u"StudioNome"), u"A"_s);
+    QCOMPARE(ValoreConservato(u"ColoreEtichetteBordo"), u"3"_s);
+    QCOMPARE(ValoreConservato(u"IVA"), QString());
 }
 
 #include "TestSessione.moc"

@@ -34,7 +34,7 @@ QImage Disegna(const QString& File, const QSize& Misura)
 {
     QSvgRenderer Disegno(LeggiFile(File));
     if (!Disegno.isValid())
-        throw Errore(5, u"il disegno non si legge"_s);
+        throw Errore(errori::Argomento, u"il disegno non si legge"_s);
     QImage Immagine(Misura, QImage::Format_ARGB32_Premultiplied);
     Immagine.fill(Qt::transparent);
     QPainter Pennello(&Immagine);
@@ -60,7 +60,7 @@ void CreaGenere(const QString& Origine, const QString& Meta, const Genere& Fatto
         InCorso = Cartella.filePath(Nome);
         const QByteArray Contenuto = Fatto.Scrivi(Disegna(InCorso, Fatto.Misura));
         if (Contenuto.isEmpty())
-            throw Errore(5, u"la figura non si scrive"_s);
+            throw Errore(errori::Argomento, u"la figura non si scrive"_s);
         ScriviFile(Barra(Meta + Fatto.Cartella) + Nome.chopped(3) + Fatto.Estensione, Contenuto);
     }
 }

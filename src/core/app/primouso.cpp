@@ -1,5 +1,6 @@
 #include "core/app/primouso.h"
 
+#include "core/impostazioni.h"
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
 #include "platform/database/database.h"
@@ -19,11 +20,6 @@ namespace {
 
 constexpr int Documenti = 5;
 
-QString CartellaProgramma()
-{
-    return Barra(Impostazione(u"PercorsoProcedura"_s, CartellaEseguibile()));
-}
-
 /// The program's own folder among the user's documents.
 QString CartellaDocumenti()
 {
@@ -42,13 +38,13 @@ void CopiaSeManca(const QString& Nome, const QString& Cartella)
 void PreparaCartellaUtente()
 {
     const QString Cartella = CartellaUtente(LeggiVersioneSistema());
-    const QString Salvata = Impostazione(u"UserFolder"_s);
+    const QString Salvata = Impostazione(chiavi::UserFolder.toString());
     // The folder that the program chose by itself is made again; only one of the user's is missed.
     if (Salvata.isEmpty() || Salvata == Cartella)
         CreaCartella(Cartella);
     if (!Salvata.isEmpty())
         return;
-    SalvaImpostazione(u"UserFolder"_s, Cartella);
+    SalvaImpostazione(chiavi::UserFolder.toString(), Cartella);
 }
 
 /// True when a folder holds databases that the program has not come with: notes, or templates.
@@ -78,7 +74,7 @@ bool HaRighe(const QString& Archivio)
 
 void PreparaParcelle()
 {
-    if (!Impostazione(u"ParcellePath"_s).isEmpty())
+    if (!Impostazione(chiavi::ParcellePath.toString()).isEmpty())
         return;
     // An office that has its notes beside the program goes on there: nothing is stored, the default holds.
     const QString Programma = CartellaProgramma();
@@ -88,12 +84,12 @@ void PreparaParcelle()
     const QString Cartella = CartellaDocumenti() + Barra(u"Parcelle"_s);
     // Without this one the templates would go beside the program, where a user may not write.
     CreaCartella(Cartella + u"Modelli"_s);
-    SalvaImpostazione(u"ParcellePath"_s, Cartella);
+    SalvaImpostazione(chiavi::ParcellePath.toString(), Cartella);
 }
 
 void PreparaArchivio()
 {
-    if (!Impostazione(u"ArchivioCliCon"_s).isEmpty())
+    if (!Impostazione(chiavi::ArchivioCliCon.toString()).isEmpty())
         return;
     const QString Nome = u"DatiStudio.mdb"_s;
     // A copy would part from the archive that the office works with.
@@ -101,12 +97,12 @@ void PreparaArchivio()
         return;
     CreaCartella(CartellaDocumenti());
     CopiaSeManca(Nome, CartellaDocumenti());
-    SalvaImpostazione(u"ArchivioCliCon"_s, CartellaDocumenti() + Nome);
+    SalvaImpostazione(chiavi::ArchivioCliCon.toString(), CartellaDocumenti() + Nome);
 }
 
 void PreparaTassi()
 {
-    const QString Cartella = Barra(Impostazione(u"UserFolder"_s));
+    const QString Cartella = Barra(Impostazione(chiavi::UserFolder.toString()));
     if (EsisteCartella(Cartella))
         CopiaSeManca(u"Tassi.dat"_s, Cartella);
 }

@@ -48,13 +48,31 @@ QString GetSetting(const QString& Applicazione, const QString& Sezione, const QS
 void SaveSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,
                  const QString& Valore)
 {
-    const auto Riuscita = [&] {
-        Archivio Aperto(Applicazione, Sezione);
-        Aperto.Dati.setValue(Aperto.Grafia(Chiave), Valore);
-        Aperto.Dati.sync();
-        return Aperto.Dati.status() == QSettings::NoError;
-    };
+    SaveSettings(Applicazione, Sezione, {{Chiave, Valore}});
+}
+
+void SaveSettings(const QString& Applicazione, const QString& Sezione,
+                  const QList<std::pair<QString, QString>>& Valori)
+{
+    Archivio Aperto(Applicazione, Sezione);
+    QList<std::pair<QString, QVariant>> Prima;
+    for (const auto& [Chiave, Valore] : Valori) {
+        const QString Scritta = Aperto.Grafia(Chiave);
+        Prima.prepend({Scritta, Aperto.Dati.value(Scritta)});
+        Aperto.Dati.setValue(Scritta, Valore);
+    }
+    Aperto.Dati.sync();
+    if (Aperto.Dati.status() == QSettings::NoError)
+        return;
     // A damaged file is told as a failure although it was just written whole: the second time shows it.
-    if (!Riuscita() && !Riuscita())
-        throw Errore(errori::Accesso);
+    Archivio Ripetuto(Applicazione, Sezione);
+    for (const auto& [Chiave, Valore] : Valori)
+        Ripetuto.Dati.setValue(Ripetuto.Grafia(Chiave), Valore);
+    Ripetuto.Dati.sync();
+    if (Ripetuto.Dati.status() == QSettings::NoError)
+        return;
+    // What could not be written would otherwise be read back, and go to the disk with the next key.
+    for (const auto& [Chiave, Valore] : Prima)
+        Valore.isValid() ? Ripetuto.Dati.setValue(Chiave, Valore) : Ripetuto.Dati.remove(Chiave);
+    throw Errore(errori::Accesso);
 }

@@ -4,7 +4,10 @@
 // another application is looked at.
 #pragma once
 
+#include <QList>
 #include <QString>
+
+#include <utility>
 
 /// The stored text, or the default when the key is missing.
 [[nodiscard]] QString GetSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,
@@ -14,3 +17,8 @@
 /// read of it. @throws Errore 75 when the store cannot be written
 void SaveSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,
                  const QString& Valore);
+
+/// The same for several keys and their texts, in one write: either all of them are stored or none is.
+/// @throws Errore 75 when the store cannot be written; every key is as before then
+void SaveSettings(const QString& Applicazione, const QString& Sezione,
+                  const QList<std::pair<QString, QString>>& Valori);

@@ -142,6 +142,31 @@ QByteArray ConValore(QByteArray Contenuto, const QString& Sezione, const QString
     return Contenuto.insert(Dove, RigaAperta ? FineRiga + Nuove : Nuove);
 }
 
+/// The file without the lines of a section whose key is to go.
+QByteArray SenzaChiavi(QByteArrayView Contenuto, const QString& Sezione,
+                       const std::function<bool(const QString& Chiave)>& DaTogliere)
+{
+    QByteArray Rimasto;
+    bool Dentro = false;
+    bool Passata = false;
+    for (qsizetype Inizio = 0; Inizio < Contenuto.size();) {
+        const Tratto Intera = RigaDa(Contenuto, Inizio);
+        const qsizetype Prossima = Intera.Fine + FineRigaA(Contenuto, Intera.Fine).size();
+        const QByteArrayView Riga = Byte(Contenuto, SenzaBianchi(Contenuto, Intera));
+        if (const auto Nome = NomeSezione(Contenuto, SenzaBianchi(Contenuto, Intera))) {
+            // Of two sections of a name the first one counts.
+            Dentro = !Passata && StessoNome(*Nome, Sezione);
+            Passata = Passata || Dentro;
+        }
+        const qsizetype Uguale = Riga.indexOf('=');
+        const bool DaChiave = Dentro && Uguale >= 0 && !Riga.startsWith(';') && !Riga.startsWith('[');
+        if (!DaChiave || !DaTogliere(DaCp1252(Byte(Riga, SenzaBianchi(Riga, {0, Uguale})).toByteArray())))
+            Rimasto += Contenuto.sliced(Inizio, Prossima - Inizio);
+        Inizio = Prossima;
+    }
+    return Rimasto;
+}
+
 QString InUnaRiga(QString Testo)
 {
     return Testo.replace(u'\r', u' ').replace(u'\n', u' ');
@@ -158,6 +183,22 @@ bool ChiaveScrivibile(const QString& Chiave)
 {
     return !Chiave.isEmpty() && !Chiave.contains(u'=') && !Chiave.startsWith(u'[') &&
            !Chiave.startsWith(u';');
+}
+
+/// Writes what a change makes of a file. @return false when it cannot be written or grows too large
+bool Riscrivi(const QString& File, const std::function<QByteArray(const QByteArray&)>& Cambia)
+{
+    try {
+        const QString Percorso = TrovaFile(File);
+        const QByteArray Contenuto = EsisteFile(Percorso) ? LeggiFile(Percorso, MassimoByte) : QByteArray();
+        const QByteArray Nuovo = Cambia(Contenuto);
+        if (Nuovo.size() > MassimoByte)
+            return false;
+        ScriviFile(Percorso, Nuovo);
+        return true;
+    } catch (const Errore&) {
+        return false;
+    }
 }
 
 /// The file up to the limit, empty when it is missing.
@@ -192,16 +233,23 @@ bool WritePrivateProfileString(const QString& Sezione, const QString& Chiave, co
     const QString NomeChiaveScritto = NomeScritto(Chiave);
     if (NomeSezioneScritto.contains(u']') || !ChiaveScrivibile(NomeChiaveScritto))
         return false;
-    try {
-        const QString Percorso = TrovaFile(File);
-        const QByteArray Contenuto = EsisteFile(Percorso) ? LeggiFile(Percorso, MassimoByte) : QByteArray();
-        const QByteArray Nuovo =
-            ConValore(Contenuto, NomeSezioneScritto, NomeChiaveScritto, Cp1252(InUnaRiga(Valore)));
-        if (Nuovo.size() > MassimoByte)
-            return false;
-        ScriviFile(Percorso, Nuovo);
-        return true;
-    } catch (const Errore&) {
+    return Riscrivi(File, [&](const QByteArray& Contenuto) {
+        return ConValore(Contenuto, NomeSezioneScritto, NomeChiaveScritto, Cp1252(InUnaRiga(Valore)));
+    });
+}
+
+bool SostituisciChiavi(const QString& Sezione, const std::function<bool(const QString& Chiave)>& DaTogliere,
+                       const QList<std::pair<QString, QString>>& Nuove, const QString& File)
+{
+    const QString NomeSezioneScritto = NomeScritto(Sezione);
+    const bool Scrivibili = std::ranges::all_of(
+        Nuove, [](const auto& Nuova) { return ChiaveScrivibile(NomeScritto(Nuova.first)); });
+    if (NomeSezioneScritto.contains(u']') || !Scrivibili)
         return false;
-    }
+    return Riscrivi(File, [&](const QByteArray& Contenuto) {
+        QByteArray Nuovo = SenzaChiavi(Contenuto, NomeSezioneScritto, DaTogliere);
+        for (const auto& [Chiave, Valore] : Nuove)
+            Nuovo = ConValore(Nuovo, NomeSezioneScritto, NomeScritto(Chiave), Cp1252(InUnaRiga(Valore)));
+        return Nuovo;
+    });
 }

@@ -6,7 +6,11 @@
 // first one counts, and in it the first line of a key.
 #pragma once
 
+#include <QList>
 #include <QString>
+
+#include <functional>
+#include <utility>
 
 /// The value of a key, without the blanks around it, at most `Massimo` - 1 characters of it.
 ///
@@ -25,3 +29,9 @@
 ///         nothing is lost then
 bool WritePrivateProfileString(const QString& Sezione, const QString& Chiave, const QString& Valore,
                                const QString& File);
+
+/// Replaces keys of a section by others in one write: those that `DaTogliere` names go, the new ones stand at
+/// the end of the section. Other keys, sections and comments are kept.
+/// @return false when nothing was written, for the reasons of WritePrivateProfileString
+bool SostituisciChiavi(const QString& Sezione, const std::function<bool(const QString& Chiave)>& DaTogliere,
+                       const QList<std::pair<QString, QString>>& Nuove, const QString& File);

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QOperatingSystemVersion>
 #include <QStandardPaths>
 #include <QSysInfo>
@@ -102,6 +103,17 @@ void Segnala(const QString& Titolo, const QString& Testo)
 QString CartellaEseguibile()
 {
     return Barra(QCoreApplication::applicationDirPath());
+}
+
+bool EProgramma(const QString& File)
+{
+    const QFileInfo Info(PercorsoNativo(File));
+    return Info.isFile() && Info.isExecutable();
+}
+
+QString TrovaProgramma(const QString& Nome)
+{
+    return Nome.isEmpty() || NomeFile(Nome) != Nome ? QString() : QStandardPaths::findExecutable(Nome);
 }
 
 QString CartellaSpeciale(int Codice)

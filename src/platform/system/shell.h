@@ -58,6 +58,13 @@ public:
 /// Folder of the running executable, with the separator at its end.
 [[nodiscard]] QString CartellaEseguibile();
 
+/// True for a file that the system runs.
+[[nodiscard]] bool EProgramma(const QString& File);
+
+/// A program found by its bare name in the folders where the system looks; empty when there is none, and for
+/// a name with a folder.
+[[nodiscard]] QString TrovaProgramma(const QString& Nome);
+
 /// Code of the user's Documents for CartellaSpeciale.
 inline constexpr int CartellaDocumenti = 5;
 

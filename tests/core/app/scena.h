@@ -76,6 +76,7 @@ public:
         sessione::PercorsoProg = ProgrammaDiProva();
         sessione::StudioNome = u"Studio Bianchi"_s;
         sessione::CercaAgg = false;
+        sessione::SfondoDesktop.clear();  // a plain ground, unless a test asks for a picture
     }
 
     /// Places of notes that are all open.

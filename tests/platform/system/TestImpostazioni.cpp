@@ -7,6 +7,11 @@
 #include <QDir>
 #include <QFile>
 
+#ifdef Q_OS_UNIX
+#include <csignal>
+#include <sys/resource.h>
+#endif
+
 using namespace Qt::StringLiterals;
 
 class TestImpostazioni : public QObject
@@ -24,6 +29,9 @@ private Q_SLOTS:
     void fileDanneggiato_data();
     void fileDanneggiato();
     void scritturaRifiutata();
+    void molteInsieme();
+    void molteRifiutateNessunaCambia();
+    void discoPienoNelMezzo();
 };
 PROVA(TestImpostazioni);
 
@@ -136,6 +144,65 @@ void TestImpostazioni::scritturaRifiutata()
     } catch (const Errore& Guasto) {
         QCOMPARE(Guasto.Numero, 75);
     }
+}
+
+void TestImpostazioni::molteInsieme()
+{
+    const QString App = u"Molte"_s;
+    SaveSetting(App, u"Parametri"_s, u"a"_s, u"prima"_s);
+    SaveSettings(App, u"Parametri"_s, {{u"A"_s, u"1"_s}, {u"b"_s, u"12,5"_s}, {u"c"_s, {}}});
+    QCOMPARE(GetSetting(App, u"Parametri"_s, u"a"_s), u"1"_s);
+    QCOMPARE(GetSetting(App, u"Parametri"_s, u"B"_s), u"12,5"_s);
+    QCOMPARE(GetSetting(App, u"Parametri"_s, u"c"_s, u"x"_s), QString());
+    QVERIFY(LeggiFile(FileDi(App)).contains("12,5"));
+}
+
+void TestImpostazioni::molteRifiutateNessunaCambia()
+{
+    const QString App = u"Rifiutate"_s;
+    SaveSetting(App, u"Parametri"_s, u"a"_s, u"prima"_s);
+    // A folder stands where the store should be.
+    const QString Salvato = FileDi(App) + u".bak"_s;
+    QVERIFY(QFile::rename(FileDi(App), Salvato));
+    QVERIFY(QDir().mkpath(FileDi(App) + u"/x"_s));
+    const QList<std::pair<QString, QString>> Nuove{{u"a"_s, u"1"_s}, {u"b"_s, u"2"_s}};
+    QVERIFY_THROWS_EXCEPTION(Errore, SaveSettings(App, u"Parametri"_s, Nuove));
+    QVERIFY(QDir(FileDi(App)).removeRecursively());
+    ScriviFile(FileDi(App), LeggiFile(Salvato) + "d=4\n");
+    QCOMPARE(GetSetting(App, u"Parametri"_s, u"a"_s), u"prima"_s);
+    QCOMPARE(GetSetting(App, u"Parametri"_s, u"b"_s), QString());
+    // What was refused does not go to the disk with the next key.
+    SaveSetting(App, u"Parametri"_s, u"c"_s, u"3"_s);
+    const QByteArray Scritto = LeggiFile(FileDi(App));
+    QVERIFY2(Scritto.contains("a=prima") && !Scritto.contains("b=2"), Scritto.constData());
+}
+
+void TestImpostazioni::discoPienoNelMezzo()
+{
+#ifdef Q_OS_UNIX
+    const QString App = u"Pieno"_s;
+    SaveSetting(App, u"Parametri"_s, u"a"_s, u"prima"_s);
+    const QByteArray Prima = LeggiFile(FileDi(App));
+    // No file of this process may grow beyond 64 bytes.
+    rlimit Libero = {};
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &Libero), 0);
+    const auto Vecchio = signal(SIGXFSZ, SIG_IGN);
+    const rlimit Stretto{64, Libero.rlim_max};
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &Stretto), 0);
+    bool Rifiutata = false;
+    try {
+        SaveSettings(App, u"Parametri"_s, {{u"a"_s, u"1"_s}, {u"b"_s, QString(500, u'x')}});
+    } catch (const Errore&) {
+        Rifiutata = true;
+    }
+    setrlimit(RLIMIT_FSIZE, &Libero);
+    signal(SIGXFSZ, Vecchio);
+    QVERIFY(Rifiutata);
+    QCOMPARE(LeggiFile(FileDi(App)), Prima);
+    QCOMPARE(GetSetting(App, u"Parametri"_s, u"a"_s), u"prima"_s);
+#else
+    QSKIP("a limit of file sizes is known to Unix alone");
+#endif
 }
 
 #include "TestImpostazioni.moc"

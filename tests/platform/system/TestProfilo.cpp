@@ -3,6 +3,7 @@
 #include "platform/base/errore.h"
 #include "platform/base/paginacodice.h"
 #include "platform/system/file.h"
+#include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/profilo.h"
 
@@ -16,6 +17,9 @@ class TestProfilo : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void sostituisceChiavi_data();
+    void sostituisceChiavi();
+    void sostituisceChiaviRifiutata();
     void legge_data();
     void legge();
     void tagliaAllaCapienza();
@@ -257,6 +261,51 @@ void TestProfilo::paginaDiCodiciNeiDueVersi()
     QCOMPARE(Testo.size(), 256);
     QVERIFY(!Testo.contains(QChar::ReplacementCharacter));
     QCOMPARE(Cp1252(Testo), Tutti);
+}
+
+void TestProfilo::sostituisceChiavi_data()
+{
+    QTest::addColumn<QByteArray>("Prima");
+    QTest::addColumn<QByteArray>("Dopo");
+
+    QTest::newRow("no file") << QByteArray() << "[s]\r\nL0=a\r\nL1=b\r\n"_ba;
+    QTest::newRow("others stay") << "[s]\nx=1\nL0=v\n;L9=c\nL5=w\ny=2\n"_ba
+                                 << "[s]\nx=1\n;L9=c\ny=2\nL0=a\nL1=b\n"_ba;
+    QTest::newRow("case and blanks") << "[S]\n l7 = v\n"_ba
+                                     << "[S]\nL0=a\nL1=b\n"_ba;
+    QTest::newRow("sections around") << "[p]\nL0=p\n[s]\nL0=v\n\n[d]\nL0=d\n"_ba
+                                     << "[p]\nL0=p\n[s]\nL0=a\nL1=b\n\n[d]\nL0=d\n"_ba;
+    QTest::newRow("a second one of the name") << "[s]\nL0=v\n[s]\nL0=w\n"_ba
+                                              << "[s]\nL0=a\nL1=b\n[s]\nL0=w\n"_ba;
+    QTest::newRow("last line left open") << "[s]\nx=1\nL0=v"_ba
+                                         << "[s]\nx=1\nL0=a\nL1=b\n"_ba;
+}
+
+void TestProfilo::sostituisceChiavi()
+{
+    QFETCH(QByteArray, Prima);
+    const QString File = NuovaCartella() + u"a.ini"_s;
+    if (!Prima.isEmpty())
+        ScriviFile(File, Prima);
+    QVERIFY(SostituisciChiavi(
+        u"s"_s, [](const QString& Chiave) { return Chiave.startsWith(u'L', Qt::CaseInsensitive); },
+        {{u"L0"_s, u"a"_s}, {u"L1"_s, u"b"_s}}, File));
+    QTEST(LeggiFile(File), "Dopo");
+}
+
+void TestProfilo::sostituisceChiaviRifiutata()
+{
+    const QString File = NuovaCartella() + u"a.ini"_s;
+    ScriviFile(File, "[s]\nL0=v\n");
+    const auto Tutte = [](const QString&) { return true; };
+    QVERIFY(!SostituisciChiavi(u"s"_s, Tutte, {{u"a=b"_s, u"x"_s}}, File));
+    QVERIFY(!SostituisciChiavi(u"s]"_s, Tutte, {{u"a"_s, u"x"_s}}, File));
+    guasti::LimiteFile = 4;
+    const bool Scritto = SostituisciChiavi(u"s"_s, Tutte, {{u"L0"_s, u"nuovo"_s}}, File);
+    guasti::LimiteFile = 0;
+    QVERIFY(!Scritto);
+    QCOMPARE(LeggiFile(File), "[s]\nL0=v\n"_ba);
+    QVERIFY(!SostituisciChiavi(u"s"_s, Tutte, {}, NuovaCartella() + u"manca/a.ini"_s));
 }
 
 #include "TestProfilo.moc"

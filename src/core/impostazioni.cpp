@@ -1,0 +1,139 @@
+#include "core/impostazioni.h"
+
+#include "core/modAvvio.h"
+#include "core/parametri.h"
+#include "core/sessione.h"
+#include "platform/base/errore.h"
+#include "platform/base/regionale.h"
+#include "platform/system/file.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using enum GenereImpostazione;
+
+QString ArchivioAccantoAlProgramma()
+{
+    return CartellaProgramma() + u"DatiStudio.mdb"_s;
+}
+
+QString ParcelleOProgramma()
+{
+    const QString Cartella = CartellaParcelleProposta();
+    return EsisteCartella(Cartella) ? Cartella : CartellaProgramma();
+}
+
+constexpr std::array Voci{
+    VoceImpostazione{chiavi::PercorsoProcedura, u"", Testo, &sessione::PercorsoProg, CartellaEseguibile,
+                     Barra},
+    VoceImpostazione{chiavi::ArchivioCliCon, u"", Testo, &sessione::ArchivioCliCon,
+                     ArchivioAccantoAlProgramma, PercorsoArchivio},
+    VoceImpostazione{u"StudioNome", u"", Testo, &sessione::StudioNome},
+    VoceImpostazione{u"StudioIndir", u"", Testo, &sessione::StudioIndir},
+    VoceImpostazione{u"StudioCitta", u"", Testo, &sessione::StudioCitta},
+    VoceImpostazione{u"StudioCodFisc", u"", Testo, &sessione::StudioCodFisc},
+    VoceImpostazione{u"StudioMail", u"", Testo, &sessione::StudioMail},
+    VoceImpostazione{u"StudioPIva", u"", Testo, &sessione::StudioPIva},
+    VoceImpostazione{u"Firma", u"", Testo, &sessione::Firma},
+    VoceImpostazione{u"FirmaDigit", u"", Testo, {}},
+    VoceImpostazione{chiavi::ParcellePath, u"", Testo, &sessione::ParcellePath, ParcelleOProgramma, Barra},
+    VoceImpostazione{u"IVA", u"21", Percentuale, &sessione::IVA},
+    VoceImpostazione{u"RA", u"20", Percentuale, &sessione::RA},
+    VoceImpostazione{u"SpeseGen", u"12,5", Percentuale, &sessione::SpeseGen},
+    VoceImpostazione{u"CP", u"4", Percentuale, &sessione::CP},
+    VoceImpostazione{u"Iban", u"", Testo, &sessione::Iban},
+    VoceImpostazione{chiavi::CercaAgg, u"S", SiNo, &sessione::CercaAgg},
+    VoceImpostazione{chiavi::WP, u"-1", Testo, &sessione::WP},
+    VoceImpostazione{chiavi::ProgFatt, u"0", Intero16, &sessione::ProgFatt},
+    VoceImpostazione{chiavi::UserFolder, u"", Testo, &sessione::UserFolder},
+    VoceImpostazione{chiavi::SfondoDesktop, u"lex.jpg", Testo, &sessione::SfondoDesktop},
+    VoceImpostazione{u"ColoreSfondoDesktop", u"2508052", Intero32, &sessione::ColoreSfondoDesktop},
+    VoceImpostazione{u"ColoreEtichette", u"16777215", Intero32, &sessione::ColoreEtichette},
+    // Written by the settings as ColoreEtichetteBordo: the store does not look at the case.
+    VoceImpostazione{u"ColoreEtichettebordo", u"0", Intero32, &sessione::ColoreEtichetteBordo},
+    VoceImpostazione{u"ColoreEtichettaSel", u"255", Intero32, &sessione::ColoreEtichettaSel},
+};
+
+void Assegna(const VoceImpostazione& Voce, const QString& Valore)
+{
+    switch (Voce.Genere) {
+    case Testo:
+        if (auto* const* Variabile = std::get_if<QString*>(&Voce.Variabile))
+            **Variabile = Voce.Adatta ? Voce.Adatta(Valore) : Valore;
+        break;
+    case Percentuale:
+        *std::get<float*>(Voce.Variabile) = CSng(Valore);
+        break;
+    case Intero16:
+        *std::get<int*>(Voce.Variabile) = CInt(Valore);
+        break;
+    case Intero32:
+        *std::get<int*>(Voce.Variabile) = CLng(Valore);
+        break;
+    case SiNo:
+        *std::get<bool*>(Voce.Variabile) = Valore == u"S";
+        break;
+    }
+}
+
+}  // namespace
+
+std::span<const VoceImpostazione> VociImpostazioni()
+{
+    return Voci;
+}
+
+const VoceImpostazione& VoceDi(QStringView Chiave)
+{
+    const auto* const Trovata = std::ranges::find_if(Voci, [Chiave](const VoceImpostazione& Voce) {
+        return Voce.Chiave.compare(Chiave, Qt::CaseInsensitive) == 0;
+    });
+    if (Trovata == Voci.end())
+        throw Errore(errori::Argomento);
+    return *Trovata;
+}
+
+QString PredefinitoDi(const VoceImpostazione& Voce)
+{
+    return Voce.Derivato ? Voce.Derivato() : Voce.Predefinito.toString();
+}
+
+QString ValoreConservato(QStringView Chiave)
+{
+    const VoceImpostazione& Voce = VoceDi(Chiave);
+    return Impostazione(Voce.Chiave.toString(), PredefinitoDi(Voce));
+}
+
+void LeggiInSessione(const VoceImpostazione& Voce)
+{
+    const QString Valore = Impostazione(Voce.Chiave.toString(), PredefinitoDi(Voce));
+    try {
+        Assegna(Voce, Valore);
+    } catch (const Errore&) {
+        // A slip of the pen in a percentage never blocks the start.
+        if (Voce.Genere != Percentuale)
+            throw;
+    }
+}
+
+void AzzeraImpostazioni()
+{
+    for (const VoceImpostazione& Voce : Voci)
+        Assegna(Voce, Voce.Predefinito.toString());
+}
+
+QString CartellaProgramma()
+{
+    return Barra(Impostazione(chiavi::PercorsoProcedura.toString(), CartellaEseguibile()));
+}
+
+QString CartellaParcelleProposta()
+{
+    return CartellaProgramma() + Barra(u"Parcelle"_s);
+}

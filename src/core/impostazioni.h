@@ -1,0 +1,69 @@
+// The table of settings: one row a key, with its default, its kind and the session variable that it fills.
+//
+// The start reads by it, the settings form shows and saves by it, tests go back to its defaults.
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+#include <span>
+#include <variant>
+
+/// How the text of a setting becomes a value.
+enum class GenereImpostazione {
+    Testo,
+    Percentuale,  ///< 32-bit float; a text that is no number leaves the value in force, in silence
+    Intero16,     ///< -32768 to 32767
+    Intero32,     ///< a colour, 0xBBGGRR
+    SiNo,         ///< "S" is true, any other text false
+};
+
+/// A row. `Derivato` gives the default where it depends on other settings; `Adatta` changes the stored text
+/// on its way into the session.
+struct VoceImpostazione
+{
+    QStringView Chiave;
+    QStringView Predefinito;
+    GenereImpostazione Genere = GenereImpostazione::Testo;
+    std::variant<std::monostate, QString*, float*, int*, bool*> Variabile;  ///< monostate: no variable
+    QString (*Derivato)() = nullptr;
+    QString (*Adatta)(const QString&) = nullptr;
+};
+
+namespace chiavi {
+
+inline constexpr QStringView PercorsoProcedura = u"PercorsoProcedura";
+inline constexpr QStringView ArchivioCliCon = u"ArchivioCliCon";
+inline constexpr QStringView ParcellePath = u"ParcellePath";
+inline constexpr QStringView UserFolder = u"UserFolder";
+inline constexpr QStringView ProgFatt = u"ProgFatt";
+inline constexpr QStringView CercaAgg = u"CercaAgg";
+inline constexpr QStringView WP = u"WP";
+inline constexpr QStringView SfondoDesktop = u"SfondoDesktop";
+
+}  // namespace chiavi
+
+/// Every setting, in the order in which the start reads them.
+[[nodiscard]] std::span<const VoceImpostazione> VociImpostazioni();
+
+/// The row of a key, compared without case. @throws Errore 5 for a key without a row
+[[nodiscard]] const VoceImpostazione& VoceDi(QStringView Chiave);
+
+/// The default of a row, as text.
+[[nodiscard]] QString PredefinitoDi(const VoceImpostazione& Voce);
+
+/// The stored text of a key, or its default.
+[[nodiscard]] QString ValoreConservato(QStringView Chiave);
+
+/// Reads a row from the store into its variable. @throws Errore 6 or 13 for a number that is none; the
+/// variable is then as before
+void LeggiInSessione(const VoceImpostazione& Voce);
+
+/// Gives each variable of a row its default; folders, which have none of their own, become empty.
+void AzzeraImpostazioni();
+
+/// The program folder by the stored key, or the executable's, with the separator at its end.
+[[nodiscard]] QString CartellaProgramma();
+
+/// Folder of saved notes when none is stored: "Parcelle" in the program folder.
+[[nodiscard]] QString CartellaParcelleProposta();
