@@ -193,6 +193,7 @@ void TestFrmSetup::ridisegnaLaScrivania()
     Riempi();
     Scena::Salva(u"CercaAgg"_s, u"N"_s);
     Scena::Salva(u"ColoreSfondoDesktop"_s, u"255"_s);
+    Scena::Salva(u"SfondoDesktop"_s, {});
     Box.Attendi(Memorizzate);
     Memorizza();
     Scrivania.Form_Activate();
