@@ -1,4 +1,5 @@
 // Opening and saving a fee note of forty lines.
+#include "feenote/modNuovaParcella.h"
 #include "misura.h"
 
 #include "core/sessione.h"

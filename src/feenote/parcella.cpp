@@ -1,9 +1,6 @@
 #include "feenote/parcella.h"
 
-#include "core/sessione.h"
-#include "feenote/modInterruttori.h"
-#include "feenote/modParametri.h"
-#include "feenote/modVariazione.h"
+#include "platform/base/regionale.h"
 
 using namespace Qt::StringLiterals;
 
@@ -42,35 +39,6 @@ QString TestoValore(const Parcella& Nota)
 {
     const double Valore = Nota.txtImporto.Numero();
     return Valore > 0 ? Format(Valore, u"#,##0.00") + u" €"_s : TestoScaglione(Nota).toLower();
-}
-
-void AzzeraNota(Parcella& Nota)
-{
-    Parcella Nuova;
-    Nuova.Nome = Nota.Nome;
-    Nuova.InsUltimaOno = Nota.InsUltimaOno;
-    Nuova.InsUltimaDir = Nota.InsUltimaDir;
-    Nuova.IDMultipla = Nota.IDMultipla;  // windows are linked before the note comes into them
-    Nota = std::move(Nuova);
-    AzzeraVariazione(Nota);
-    Nota.Pronta = true;
-}
-
-void NuovaParcella(Parcella& Nota)
-{
-    AzzeraNota(Nota);
-    SelezionaInSilenzio(Nota, NessunaVoce, NessunaVoce, NessunaVoce);
-
-    Nota.chkIva.Attiva = true;
-    Nota.txtIVA.Testo = CStr(sessione::IVA);
-    Nota.chkCP.Attiva = true;
-    Nota.txtCP.Testo = CStr(sessione::CP);
-
-    RicordaStampa(Nota);
-    Nota.Pronta = true;
-    Nota.RicalcoloNecessario = false;
-    Nota.Fuoco = CampoNota::Nessuno;
-    SetModificata(Nota, false);
 }
 
 void SetModificata(Parcella& Nota, bool Valore)

@@ -207,14 +207,6 @@ struct Parcella
 /// the bracket's text in lower case.
 [[nodiscard]] QString TestoValore(const Parcella& Nota);
 
-/// A cleared record, its lists empty. The name, the modes of insertion and the link between windows stay.
-void AzzeraNota(Parcella& Nota);
-
-/// A new note: cleared record, category CIV with nothing selected, its lists loaded, the session's rates
-/// in VAT and pension fund. A failure to read parcelle.mdb is reported, and the lists stay as far as they
-/// were filled.
-void NuovaParcella(Parcella& Nota);
-
 /// A parameter of the amounts has changed: the next entry to the honoraria recalculates the lines.
 void SegnaRicalcolo(Parcella& Nota);
 /// True while lines stand that are older than the parameters.

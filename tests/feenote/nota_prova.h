@@ -3,6 +3,7 @@
 
 #include "core/sessione.h"
 #include "feenote/modInterruttori.h"
+#include "feenote/modNuovaParcella.h"
 #include "feenote/modOnorari.h"
 #include "feenote/modParametri.h"
 #include "feenote/modTotali.h"

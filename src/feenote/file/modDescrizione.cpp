@@ -6,6 +6,7 @@
 #include "feenote/modAcconti.h"
 #include "feenote/modDatiStampa.h"
 #include "feenote/modInterruttori.h"
+#include "feenote/modNuovaParcella.h"
 #include "feenote/modOnorari.h"
 #include "feenote/modParametri.h"
 #include "feenote/modSpese.h"

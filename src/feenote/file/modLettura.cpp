@@ -8,6 +8,7 @@
 #include "feenote/file/modPassword.h"
 #include "feenote/modBloccoCliente.h"
 #include "feenote/modInterruttori.h"
+#include "feenote/modNuovaParcella.h"
 #include "feenote/modParametri.h"
 #include "feenote/modParti.h"
 #include "feenote/modVariazione.h"

@@ -1,5 +1,6 @@
 // Life of the window: new, load, save, protect, close.
 #include "core/posti.h"
+#include "feenote/modNuovaParcella.h"
 #include "feenote/windows/frmParcelle.h"
 
 #include "core/modErrori.h"

@@ -1,4 +1,5 @@
 // How the last note, any note, or the command "off" ends the program: normal, low and companion sessions.
+#include "feenote/modNuovaParcella.h"
 #include "scena.h"
 
 #include "core/aperture.h"
