@@ -8,6 +8,7 @@
 #include "core/posti.h"
 #include "core/sessione.h"
 #include "platform/kit/aspetto.h"
+#include "platform/kit/barra.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
@@ -109,17 +110,14 @@ void frmMain::CreaBarra()
             ui->barParcelle->addSeparator();
         Gruppo = Riga->Pulsante.Gruppo;
         const QString Chiave = Riga->Parola.toString();
-        QAction* Azione =
-            ui->barParcelle->addAction(aspetto::Icona(Chiave), Riga->Pulsante.Scritta.toString());
-        Azione->setData(Chiave);
-        Azione->setToolTip(Riga->Pulsante.Suggerimento.toString());
+        QAction* Azione = AggiungiTasto(ui->barParcelle, Chiave, Riga->Pulsante.Suggerimento.toString(),
+                                        Riga->Pulsante.Scritta.toString());
+        // Each command has keys of its own: Tab stays among the fields of the note.
+        ui->barParcelle->widgetForAction(Azione)->setFocusPolicy(Qt::NoFocus);
         if (!Riga->Procedura)
             Azione->setShortcut(Sequenza(Riga->Tasti));
         CreaMenu(Azione, Chiave);
         Collega(Azione, &QAction::triggered, this, [this, Chiave] { barParcelle_ButtonClick(Chiave); });
-        QWidget* Tasto = ui->barParcelle->widgetForAction(Azione);
-        Tasto->setObjectName(u"barParcelle_"_s + Chiave);
-        Tasto->setAccessibleName(Riga->Pulsante.Suggerimento.toString());
     }
 }
 

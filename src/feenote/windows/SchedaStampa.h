@@ -10,8 +10,8 @@
 #include <optional>
 
 class CorniceNota;
+class QAction;
 class QButtonGroup;
-class QLabel;
 
 namespace Ui {
 class SchedaStampa;
@@ -58,8 +58,6 @@ private:
     void CollegaAnteprima();
     void MostraAnteprima();
     void AbilitaBarra();
-    void barPrint_ButtonClick(const QString& Chiave);
-    void MostraPagina(int Pagina);
     void EsportaDocumento();
     void SalvaPdf();
     /// @param Invio for the companion application
@@ -70,5 +68,6 @@ private:
     CorniceNota& Cornice;
     std::unique_ptr<Ui::SchedaStampa> ui;
     QButtonGroup* optContrTipo = nullptr;
-    QLabel* txtPage = nullptr;  ///< in barPrint
+    QAction* cmdEditor = nullptr;  ///< in barPrint, like the next
+    QAction* cmdGuida = nullptr;
 };

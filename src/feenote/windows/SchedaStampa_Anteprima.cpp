@@ -8,12 +8,10 @@
 #include "core/sessione.h"
 #include "feenote/companion/modPV2.h"
 #include "feenote/modDatiStampa.h"
-#include "feenote/windows/barrastampa.h"
 #include "feenote/windows/bottoniesporta.h"
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/mostra.h"
-#include "platform/kit/campo.h"
-#include "platform/kit/collega.h"
+#include "platform/preview/barraanteprima.h"
 #include "platform/preview/stampante.h"
 #include "platform/preview/vistastampa.h"
 #include "platform/system/messaggi.h"
@@ -38,11 +36,25 @@ bool HaEditor()
 
 void SchedaStampa::CollegaAnteprima()
 {
-    txtPage = CostruisciBarraStampa(ui->barPrint, [this](const QString& Chiave) {
-        if (ConcludiCampo())
-            barPrint_ButtonClick(Chiave);
-    });
-    Collega(ui->vp, &VistaStampa::PaginaCambiata, this, &SchedaStampa::MostraPagina);
+    constexpr int LatoIcona = 18;
+    BarraAnteprima* Barra = ui->barPrint;
+    Barra->setIconSize({LatoIcona, LatoIcona});
+    Barra->ImpostaVista(ui->vp);
+    Barra->AggiungiPagine();
+    Barra->AggiungiZoom();
+    Barra->addSeparator();
+    Barra->Aggiungi(u"print"_s, u"Stampa parcella"_s, [this] { StampaParcella(); });
+    Barra->Aggiungi(u"pdf"_s, u"Salva in PDF"_s, [this] { SalvaPdf(); });
+    Barra->Aggiungi(u"word"_s, u"Esporta in Word"_s, [this] { EsportaDocumento(); });
+    cmdEditor =
+        Barra->Aggiungi(u"wp"_s, u"Avvia editor alternativo"_s, [this] { AvviaEditor(Cornice.Indice()); });
+    Barra->addSeparator();
+    cmdGuida = Barra->Aggiungi(u"help"_s, u"Guida contestuale"_s,
+                               [this] { EseguiComando(u"guida"_s, Cornice.Indice(), {}); });
+    auto* Spazio = new QWidget(Barra);  // pushes the number to the right end
+    Spazio->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    Barra->addWidget(Spazio);
+    Barra->AggiungiNumero();
 }
 
 void SchedaStampa::Entra()
@@ -65,7 +77,7 @@ std::optional<Errore> SchedaStampa::Componi(bool Invio)
     // What was drawn before a failure is shown.
     const auto AllaFine = qScopeGuard([this, vp] {
         vp->Aggiorna();
-        MostraPagina(1);  // until the reader, who stays where he was, moves
+        ui->barPrint->MostraPagina(1);  // until the reader, who stays where he was, moves
     });
     if (TogliIbanAssente(Nota))
         mostra::Segno(ui->chkIBAN, Nota.chkIBAN);
@@ -87,47 +99,13 @@ void SchedaStampa::DopoSalvataggio()
     InvioMsgPV2();
 }
 
-void SchedaStampa::MostraPagina(int Pagina)
-{
-    txtPage->setText(u"%1/%2"_s.arg(Pagina).arg(ui->vp->NumeroPagine()));
-}
-
-void SchedaStampa::barPrint_ButtonClick(const QString& Chiave)
-{
-    VistaStampa* vp = ui->vp;
-    if (Chiave == u"up") {
-        vp->ImpostaPreviewPage(vp->PaginaInVista() - 1);
-    } else if (Chiave == u"down") {
-        vp->ImpostaPreviewPage(vp->PaginaInVista() + 1);
-    } else if (Chiave == u"zoom") {
-        vp->ImpostaZoomMode(VistaStampa::ZoomAdatta);
-        vp->ImpostaZoom(100);
-    } else if (Chiave == u"print") {
-        StampaParcella();
-    } else if (Chiave == u"pdf") {
-        SalvaPdf();
-    } else if (Chiave == u"word") {
-        EsportaDocumento();
-    } else if (Chiave == u"wp") {
-        AvviaEditor(Cornice.Indice());
-    } else if (Chiave == u"help") {
-        EseguiComando(u"guida"_s, Cornice.Indice(), {});
-    } else if (Chiave.startsWith(TastoZoom)) {
-        const int Numero = Chiave.mid(1).toInt();
-        if (Numero == ZoomAlFoglio)
-            vp->ImpostaZoomMode(VistaStampa::ZoomAdatta);
-        else
-            vp->ImpostaZoom(Numero);
-    }
-}
-
 void SchedaStampa::StampaParcella()
 {
     VistaStampa* vp = ui->vp;
     if (Cornice.InDomanda() || Cornice.InDialogo([vp] { return PrintDialog(*vp); }) == 0)
         return;
     PrintDoc(*vp, Nota.Nome);
-    MostraPagina(vp->PaginaInVista());  // another paper may have given other pages
+    ui->barPrint->MostraPagina();  // another paper may have given other pages
 }
 
 void SchedaStampa::EsportaDocumento()
@@ -159,14 +137,14 @@ void SchedaStampa::MostraAnteprima()
     ui->lblSenzaDocumento->setVisible(!Scelto);
     AbilitaBarra();
     if (!Scelto)
-        txtPage->clear();
+        ui->barPrint->NascondiPagina();
 }
 
 void SchedaStampa::AbilitaBarra()
 {
     const bool Scelto = Nota.cmbTipoStampa != NessunaVoce;
-    for (QAction* Tasto : ui->barPrint->actions()) {
-        const QString Chiave = Tasto->objectName();
-        Tasto->setEnabled(Chiave == u"help" || (Scelto && (Chiave != u"wp" || HaEditor())));
-    }
+    for (QAction* Tasto : ui->barPrint->actions())
+        Tasto->setEnabled(Scelto);
+    cmdEditor->setEnabled(Scelto && HaEditor());
+    cmdGuida->setEnabled(true);
 }

@@ -1,7 +1,7 @@
 #include "feenote/windows/barrarighe.h"
 
 #include "platform/grid/griglia.h"
-#include "platform/kit/aspetto.h"
+#include "platform/kit/barra.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"
@@ -19,18 +19,6 @@
 #include <array>
 
 using namespace Qt::StringLiterals;
-
-QAction* AggiungiTasto(QToolBar* Barra, const QString& Chiave, const QString& Suggerimento)
-{
-    QAction* Tasto = Barra->addAction(aspetto::Icona(Chiave), Suggerimento);
-    Tasto->setObjectName(Chiave);
-    // A toolbar takes its buttons out of the tab order; what the mouse can do, the keyboard can.
-    QWidget* Bottone = Barra->widgetForAction(Tasto);
-    Bottone->setObjectName(Barra->objectName() + u'_' + Chiave);
-    Bottone->setAccessibleName(Suggerimento);
-    Bottone->setFocusPolicy(Qt::TabFocus);
-    return Tasto;
-}
 
 namespace {
 

@@ -15,9 +15,6 @@ class QSplitter;
 class QToolBar;
 class QWidget;
 
-/// Adds a button with the picture of its key, called <bar>_<key>; the keyboard reaches it.
-QAction* AggiungiTasto(QToolBar* Barra, const QString& Chiave, const QString& Suggerimento);
-
 /// What the buttons of barListaOnoDir do. An empty one leaves its button out.
 struct ComandiBarra
 {

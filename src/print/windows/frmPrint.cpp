@@ -3,35 +3,19 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
+#include "platform/preview/barraanteprima.h"
 #include "platform/preview/stampante.h"
 #include "platform/preview/vistastampa.h"
 #include "platform/system/messaggi.h"
-#include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
-#include <QLabel>
-#include <QMenu>
 #include <QStatusBar>
-#include <QToolBar>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr QStringView Titolo = u"Stampa documento";
-constexpr int ZoomPieno = 100;
-
-struct VoceZoom
-{
-    QStringView Scritta;
-    int Percento;  ///< 999 fits the page to the window
-};
-constexpr int Adatta = 999;
-constexpr std::array VociZoom{
-    VoceZoom{u"120%", 120}, VoceZoom{u"100%", 100}, VoceZoom{u"90%", 90},
-    VoceZoom{u"80%", 80},   VoceZoom{u"70%", 70},   VoceZoom{u"Adatta", Adatta},
-};
-
 constexpr int LarghezzaFinestra = 760;
 constexpr int AltezzaFinestra = 680;
 
@@ -48,28 +32,13 @@ QString NomeDocumento(const QString& Suffisso)
 
 }  // namespace
 
-frmPrint::frmPrint() : Vista(new VistaStampa), Barra(new QToolBar(this)), Pagina(new QLabel)
+frmPrint::frmPrint() : Vista(new VistaStampa), Barra(new BarraAnteprima(this))
 {
     setObjectName(u"frmPrint"_s);
     setWindowTitle(Titolo.toString());
     resize(LarghezzaFinestra, AltezzaFinestra);
 
-    Barra->setObjectName(u"barPrint"_s);
-    Barra->setWindowTitle(u"Stampa"_s);
-    Barra->setMovable(false);
-    Barra->setContextMenuPolicy(Qt::PreventContextMenu);
-    AggiungiTasto(u"up"_s, u"Pagina precedente"_s);
-    AggiungiTasto(u"down"_s, u"Pagina successiva"_s);
-    Pagina->setObjectName(u"txtPage"_s);
-    Pagina->setAccessibleName(u"Pagina"_s);
-    Pagina->setContentsMargins(aspetto::TraCampi, 0, aspetto::TraCampi, 0);
-    Barra->addWidget(Pagina);
-    AggiungiZoom();
-    Barra->addSeparator();
-    AggiungiTasto(u"print"_s, u"Stampa documento"_s)->setShortcut(QKeySequence::Print);
-    AggiungiTasto(u"pdf"_s, u"Salva in PDF"_s);
-    addToolBar(Barra);
-
+    CreaBarra();
     // Left gap as right gap, top as bottom, whatever the window's size.
     auto* Cornice = new QWidget;
     auto* Posto = new QVBoxLayout(Cornice);
@@ -82,60 +51,33 @@ frmPrint::frmPrint() : Vista(new VistaStampa), Barra(new QToolBar(this)), Pagina
             [this](const QString& Testo) { statusBar()->setVisible(!Testo.isEmpty()); });
     Vista->setFocus();
 
-    Collega(Vista, &VistaStampa::PaginaCambiata, this, &frmPrint::MostraPagina);
     aspetto::RicordaPostoDi(this, objectName());
-    MostraPagina();
+    Barra->MostraPagina();
 }
 
-QAction* frmPrint::AggiungiTasto(const QString& Chiave, const QString& Suggerimento)
+void frmPrint::CreaBarra()
 {
-    QAction* Tasto = Barra->addAction(aspetto::Icona(Chiave), Suggerimento);
-    Tasto->setObjectName(Chiave);
-    // A toolbar takes its buttons out of the tab order; what the mouse can do, the keyboard can.
-    QWidget* Bottone = Barra->widgetForAction(Tasto);
-    Bottone->setObjectName(u"barPrint_"_s + Chiave);
-    Bottone->setAccessibleName(Suggerimento);
-    Bottone->setFocusPolicy(Qt::TabFocus);
-    Collega(Tasto, &QAction::triggered, this, [this, Chiave] { barPrint_Click(Chiave); });
-    return Tasto;
+    Barra->setObjectName(u"barPrint"_s);
+    Barra->setWindowTitle(u"Stampa"_s);
+    Barra->setAccessibleName(u"Comandi di stampa"_s);
+    Barra->setMovable(false);
+    Barra->setContextMenuPolicy(Qt::PreventContextMenu);
+    Barra->ImpostaVista(Vista);
+    Barra->AggiungiPagine();
+    Barra->AggiungiNumero();
+    Barra->AggiungiZoom();
+    Barra->addSeparator();
+    Barra->Aggiungi(u"print"_s, u"Stampa documento"_s, [this] { Stampa(); })
+        ->setShortcut(QKeySequence::Print);
+    Barra->Aggiungi(u"pdf"_s, u"Salva in PDF"_s, [this] { Esporta(); });
+    addToolBar(Barra);
 }
 
-void frmPrint::AggiungiZoom()
+void frmPrint::Stampa()
 {
-    QAction* Tasto = AggiungiTasto(u"zoom"_s, u"Dimensioni preview"_s);
-    auto* Menu = new QMenu(this);
-    for (const VoceZoom& Voce : VociZoom) {
-        QAction* Scelta = Menu->addAction(Voce.Scritta.toString());
-        Scelta->setObjectName(u"z%1"_s.arg(Voce.Percento));
-        Collega(Scelta, &QAction::triggered, this,
-                [this, Chiave = Scelta->objectName()] { barPrint_Click(Chiave); });
-    }
-    Tasto->setMenu(Menu);
-    qobject_cast<QToolButton*>(Barra->widgetForAction(Tasto))->setPopupMode(QToolButton::MenuButtonPopup);
-}
-
-void frmPrint::barPrint_Click(const QString& Chiave)
-{
-    if (Chiave == "up"_L1) {
-        Vista->ImpostaPreviewPage(Vista->PaginaInVista() - 1);
-    } else if (Chiave == "down"_L1) {
-        Vista->ImpostaPreviewPage(Vista->PaginaInVista() + 1);
-    } else if (Chiave == "zoom"_L1) {
-        Vista->ImpostaZoomMode(VistaStampa::ZoomAdatta);
-        Vista->ImpostaZoom(ZoomPieno);
-    } else if (Chiave == "print"_L1) {
-        if (PrintDialog(*Vista) != 0)
-            PrintDoc(*Vista, windowTitle());
-        MostraPagina();  // another paper may have made other pages
-    } else if (Chiave == "pdf"_L1) {
-        Esporta();
-    } else if (Chiave.startsWith(u'z')) {
-        const int Numero = Chiave.mid(1).toInt();
-        if (Numero == Adatta)
-            Vista->ImpostaZoomMode(VistaStampa::ZoomAdatta);
-        else
-            Vista->ImpostaZoom(Numero);
-    }
+    if (PrintDialog(*Vista) != 0)
+        PrintDoc(*Vista, windowTitle());
+    Barra->MostraPagina();  // another paper may have made other pages
 }
 
 void frmPrint::Esporta()
@@ -144,11 +86,6 @@ void frmPrint::Esporta()
     const QString Fatto = EsportaPdf(*Vista, Cartella, Documento);
     if (!Fatto.isEmpty())
         statusBar()->showMessage(u"Salvato in "_s + Fatto);
-}
-
-void frmPrint::MostraPagina()
-{
-    Pagina->setText(u"%1/%2"_s.arg(Vista->PaginaInVista()).arg(Vista->NumeroPagine()));
 }
 
 void frmPrint::Mostra(const QString& Suffisso)
@@ -160,7 +97,7 @@ void frmPrint::Mostra(const QString& Suffisso)
     Vista->Aggiorna();
     Vista->ImpostaZoom(Vista->Foglio().Zoom);
     Vista->ImpostaPreviewPage(1);
-    MostraPagina();
+    Barra->MostraPagina();
     show();
     if (isMinimized())
         showNormal();

@@ -6,9 +6,7 @@
 
 #include <functional>
 
-class QAction;
-class QLabel;
-class QToolBar;
+class BarraAnteprima;
 class Superficie;
 class VistaStampa;
 
@@ -26,26 +24,22 @@ public:
     /// form's own with the suffix behind it.
     void Mostra(const QString& Suffisso);
 
-    void barPrint_Click(const QString& Chiave);
-
 protected:
     void keyPressEvent(QKeyEvent* Evento) override;
 
 private:
-    QAction* AggiungiTasto(const QString& Chiave, const QString& Suggerimento);
-    void AggiungiZoom();
-    void MostraPagina();
+    void CreaBarra();
+    void Stampa();
     void Esporta();
 
     VistaStampa* Vista;
-    QToolBar* Barra;
-    QLabel* Pagina;
+    BarraAnteprima* Barra;
     QString Documento;  ///< what the window shows, as a file name
 };
 
 /// Composes a document on the one frmPrint and shows it.
 ///
 /// @param Suffisso behind the window's caption, such as ": calcolo termini"
-/// @param Componi  gives false when there is nothing to print, which it has told; no window is shown then
+/// @param Componi  gives false when there is nothing to print, which it has said; no window is shown then
 /// @return whether the window is shown
 bool MostraStampa(const QString& Suffisso, const std::function<bool(Superficie& vp)>& Componi);

@@ -175,7 +175,8 @@ void TestFrmPrint::vociDelloZoom()
 void TestFrmPrint::zoomSenzaMenu()
 {
     frmPrint& Finestra = Apri(3);
-    Finestra.barPrint_Click(u"zoom"_s);
+    auto* Tasto = Finestra.findChild<QToolButton*>(u"barPrint_zoom"_s);
+    QTest::mouseClick(Tasto, Qt::LeftButton, Qt::NoModifier, QPoint(6, Tasto->height() / 2));
     QCOMPARE(Finestra.vpFree().Zoom(), 100);
     QVERIFY(!Finestra.vpFree().Adattato());
 }
