@@ -1,6 +1,7 @@
 #include "platform/kit/aspetto.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QKeySequence>
@@ -11,6 +12,7 @@
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QToolButton>
 
 #include <functional>
 
@@ -149,6 +151,16 @@ QString NomePer(const QWidget* Modulo, QWidget* Oggetto)
     return Pronuncia(GruppoDi(Oggetto));
 }
 
+/// The button that empties a box, where the box has one. It is the toolkit's, which gives it no name.
+QToolButton* TastoSvuota(const QLineEdit* Riga)
+{
+    const auto* Azione = Riga->findChild<QAction*>(u"_q_qlineeditclearaction"_s);
+    for (QToolButton* Tasto : Riga->findChildren<QToolButton*>())
+        if (Azione && Tasto->defaultAction() == Azione)
+            return Tasto;
+    return nullptr;
+}
+
 }  // namespace
 
 namespace aspetto {
@@ -161,6 +173,9 @@ void AssegnaMnemonici(QWidget* Modulo)
 void AssegnaNomiAccessibili(QWidget* Modulo)
 {
     for (QWidget* Oggetto : Modulo->findChildren<QWidget*>()) {
+        if (const auto* Riga = qobject_cast<const QLineEdit*>(Oggetto))
+            if (QToolButton* Svuota = TastoSvuota(Riga))
+                Svuota->setAccessibleName(u"Svuota la casella"_s);
         const bool Comando = Oggetto->focusPolicy() != Qt::NoFocus || qobject_cast<QAbstractButton*>(Oggetto);
         if (!Comando || !Oggetto->accessibleName().isEmpty() || Oggetto->objectName().startsWith(u"qt_"))
             continue;

@@ -41,6 +41,7 @@ BarraRicerca::BarraRicerca(QWidget* Padre) : QWidget(Padre), Campo(new QLineEdit
     Collega(Indietro, &QToolButton::clicked, this, [this] { Q_EMIT Precedente(); });
     Collega(Avanti, &QToolButton::clicked, this, [this] { Q_EMIT Successivo(); });
     Collega(Chiudi, &QToolButton::clicked, this, [this] { Q_EMIT Chiusa(); });
+    aspetto::AssegnaNomiAccessibili(this);
     MostraConto(0, 0);
     hide();
 }

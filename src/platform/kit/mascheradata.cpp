@@ -2,6 +2,7 @@
 
 #include "platform/base/regionale.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/mascheradata_accessibile.h"
 
 #include <QAction>
 #include <QApplication>
@@ -34,6 +35,7 @@ MascheraData::MascheraData(QWidget* Padre) : QLineEdit(Padre)
     setMinimumWidth(fontMetrics().horizontalAdvance(u"99/99/9999"_s) + Margini.left() + Margini.right() +
                     Cornice);
     Collega(this, &QLineEdit::textEdited, this, &MascheraData::CompletaGruppi);
+    RendiLeggibiliMaschere();
 }
 
 QString MascheraData::Testo() const

@@ -45,6 +45,8 @@ private Q_SLOTS:
     void cleanup();
     void ogniControlloHaUnNome();
     void ogniBottoneDiBarraHaIlSuggerimento();
+    void ogniBarraHaUnNome();
+    void ilTastoCheSvuotaHaUnNome();
     void ogniEtichettaHaIlSuoCampo();
     void tabVaNellOrdineDiLettura_data();
     void tabVaNellOrdineDiLettura();
@@ -92,6 +94,29 @@ void TestAccessibilita::ogniBottoneDiBarraHaIlSuggerimento()
         QVERIFY2(!Uno->toolTip().isEmpty(), qPrintable(Uno->objectName()));
     }
     QVERIFY(Visti > 10);
+}
+
+void TestAccessibilita::ogniBarraHaUnNome()
+{
+    QStringList Nomi;
+    for (const QToolBar* Barra : F->findChildren<QToolBar*>()) {
+        QVERIFY2(!Barra->accessibleName().isEmpty(), qPrintable(Barra->objectName()));
+        Nomi += Barra->accessibleName();
+    }
+    QCOMPARE(Nomi.size(), 3);
+    QCOMPARE(Nomi.removeDuplicates(), 0);
+}
+
+void TestAccessibilita::ilTastoCheSvuotaHaUnNome()
+{
+    int Visti = 0;
+    for (const QLineEdit* Box : F->findChildren<QLineEdit*>()) {
+        if (!Box->isClearButtonEnabled())
+            continue;
+        ++Visti;
+        QCOMPARE(Box->findChild<QToolButton*>()->accessibleName(), u"Svuota la casella"_s);
+    }
+    QCOMPARE(Visti, 3);  // the two catalogues' searches and the document's
 }
 
 void TestAccessibilita::ogniEtichettaHaIlSuoCampo()

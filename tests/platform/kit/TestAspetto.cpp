@@ -288,6 +288,7 @@ void TestAspetto::nomiAccessibili()
     Icona->setToolTip(u"Calcola interessi"_s);
     auto* Cerca = new QLineEdit;
     Cerca->setPlaceholderText(u"Cerca nel catalogo"_s);
+    Cerca->setClearButtonEnabled(true);
     auto* Gruppo = new QGroupBox(u" Parcelle multiple: "_s);
     auto* NelGruppo = new QLineEdit(Gruppo);
     auto* Dato = new QLineEdit;
@@ -304,6 +305,7 @@ void TestAspetto::nomiAccessibili()
     QCOMPARE(Pulsante->accessibleName(), u"Salva & chiudi"_s);
     QCOMPARE(Icona->accessibleName(), u"Calcola interessi"_s);
     QCOMPARE(Cerca->accessibleName(), u"Cerca nel catalogo"_s);
+    QCOMPARE(Cerca->findChild<QToolButton*>()->accessibleName(), u"Svuota la casella"_s);
     QCOMPARE(NelGruppo->accessibleName(), u"Parcelle multiple"_s);
     QCOMPARE(Dato->accessibleName(), u"Già dato"_s);
     QCOMPARE(NelModulo->accessibleName(), u"Cognome"_s);

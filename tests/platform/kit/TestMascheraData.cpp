@@ -3,6 +3,7 @@
 #include "supporto/finestre.h"
 #include "supporto/prova.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -30,6 +31,8 @@ private Q_SLOTS:
     void data();
     void annoCompletato();
     void clicSullaVuota();
+    void siFaLeggere_data();
+    void siFaLeggere();
 
 private:
     std::unique_ptr<MascheraData> M;
@@ -204,6 +207,30 @@ void TestMascheraData::clicSullaVuota()
     QCOMPARE(M->cursorPosition(), 0);
     Digita(u"01022013"_s);
     QCOMPARE(M->Data(), std::optional(QDate(2013, 2, 1)));
+}
+
+void TestMascheraData::siFaLeggere_data()
+{
+    QTest::addColumn<QString>("Testo");
+    QTest::addColumn<QString>("Letto");
+    QTest::newRow("vuota: niente, non i separatori") << QString() << QString();
+    QTest::newRow("intera") << u"31/12/2012"_s << u"31/12/2012"_s;
+    QTest::newRow("cominciata: con i posti da scrivere") << u"12/0_/____"_s << u"12/0_/____"_s;
+}
+
+void TestMascheraData::siFaLeggere()
+{
+    QFETCH(QString, Testo);
+    M->setAccessibleName(u"Decorrenza"_s);
+    M->ImpostaTesto(Testo);
+    QAccessibleInterface* Lettore = QAccessible::queryAccessibleInterface(M.get());
+    QVERIFY(Lettore && Lettore->textInterface() && Lettore->editableTextInterface());
+    QCOMPARE(Lettore->text(QAccessible::Name), u"Decorrenza"_s);
+    QTEST(Lettore->text(QAccessible::Value), "Letto");
+    QTEST(Lettore->textInterface()->text(0, Lettore->textInterface()->characterCount()), "Letto");
+    QVERIFY(Lettore->state().editable && Lettore->state().focused);
+    Lettore->editableTextInterface()->replaceText(0, 10, u"01/02/2013"_s);
+    QCOMPARE(M->Testo(), u"01/02/2013"_s);
 }
 
 #include "TestMascheraData.moc"
