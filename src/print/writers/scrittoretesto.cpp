@@ -78,10 +78,16 @@ QStringList Avvolgi(QStringView Testo, qsizetype Larghezza)
 }
 
 /// Width that a text needs for no piece of it to be cut. Blanks that lead a line belong to its first word.
+/// What is as short as a quantity or the heading of a column is one piece: "n." above "120" would be two.
 qsizetype LarghezzaMinima(QStringView Testo)
 {
+    constexpr qsizetype Breve = 12;
     qsizetype Minima = 0;
     for (const QStringView Riga : Testo.split(u'\n')) {
+        if (Riga.size() <= Breve) {
+            Minima = std::max(Minima, SenzaCoda(Riga).size());
+            continue;
+        }
         qsizetype Inizio = 0;
         qsizetype Parola = Cerca(Riga, 0, false);
         while (Parola < Riga.size()) {

@@ -75,6 +75,7 @@ private Q_SLOTS:
     void cellaUnitaAllargaLUltimaColonna();
     void colonnaSenzaLarghezzaNeTesto();
     void tabellaOnorari();
+    void laQuantitaNonSiSpezza();
 };
 PROVA(TestScrittoreTesto);
 
@@ -335,6 +336,20 @@ void TestScrittoreTesto::tabellaOnorari()
                          u"Fase introduttiva                                        0\n"
                          u"                                                  ________\n"
                          u"                                                  1.100,00\n"_s);
+}
+
+/// "n." above "120" would be two cells' worth of reading; a longer text goes on breaking at its blanks.
+void TestScrittoreTesto::laQuantitaNonSiSpezza()
+{
+    Superficie vp;
+    Apri(vp, 3, {u"3cm"_s, u"1cm"_s, u"1.8cm"_s});
+    Riempi(vp, 1, {u"ACCONTI"_s, u""_s, u"Spese imp."_s});
+    Riempi(vp, 2, {u"Copie di atti"_s, u"n. 120"_s, u"42,50"_s});
+    Riempi(vp, 3, {u"Bolli"_s, u"n. 2,5"_s, u"7,08"_s});
+    vp.ColonnaTabella(AttrTabella::Allinea, 3, 8);
+    QCOMPARE(Chiudi(vp), u"ACCONTI               Spese imp.\n"
+                         u"Copie di atti  n. 120      42,50\n"
+                         u"Bolli          n. 2,5       7,08\n"_s);
 }
 
 #include "TestScrittoreTesto.moc"
