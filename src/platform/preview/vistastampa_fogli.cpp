@@ -179,7 +179,9 @@ double FogliStampa::ScalaAdatta() const
 void FogliStampa::ImpostaZoom(double Nuovo)
 {
     Adatta = false;
-    CambiaScala(Nuovo, viewport()->rect().center());
+    // What is read first stays: enlarged around the middle, a page that was whole on view would lose its
+    // head.
+    CambiaScala(Nuovo, {viewport()->rect().center().x() * 1.0, 0.0});
 }
 
 void FogliStampa::AdattaAllaFinestra()

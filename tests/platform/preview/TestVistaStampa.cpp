@@ -21,6 +21,8 @@ private Q_SLOTS:
     void zoomUgualeNonSiAnnuncia();
     void adattaMostraLaPaginaIntera();
     void adattaSegueLaFinestraFinoAUnoZoom();
+    void ingrandireLasciaInVistaLaTestata_data();
+    void ingrandireLasciaInVistaLaTestata();
     void vaiAllaPagina_data();
     void vaiAllaPagina();
     void pagineTutteInVistaSiContano();
@@ -145,6 +147,32 @@ void TestVistaStampa::adattaSegueLaFinestraFinoAUnoZoom()
     S.vp.resize(700, 500);
     Respiro();
     QCOMPARE(S.vp.Zoom(), 100);
+}
+
+void TestVistaStampa::ingrandireLasciaInVistaLaTestata_data()
+{
+    QTest::addColumn<int>("Pagina");
+    QTest::addColumn<QString>("Prima");
+
+    QTest::newRow("la prima") << 1 << u"Riga 1 "_s;
+    QTest::newRow("una di mezzo") << 2 << u"Riga 64 "_s;
+}
+
+/// A page that was fitted to the window, and then is shown in its true size.
+void TestVistaStampa::ingrandireLasciaInVistaLaTestata()
+{
+    QFETCH(int, Pagina);
+    QFETCH(QString, Prima);
+    Scena S(190);
+    S.vp.ImpostaPreviewPage(Pagina);
+    S.vp.ImpostaZoomMode(VistaStampa::ZoomAdatta);
+    QVERIFY(S.vp.Zoom() < 100);
+    QCOMPARE(S.vp.Pagine().Rettangoli(S.Dove(Prima)).constFirst().Pagina, Pagina);
+    S.vp.ImpostaZoom(100);
+    QCOMPARE(S.vp.PaginaInVista(), Pagina);
+    const QRect Foglio = S.Fogli->InFinestra({Pagina, QRectF({}, S.vp.Pagine().DimensioneMm())});
+    QVERIFY(Foglio.top() >= 0);
+    QVERIFY(S.Fogli->viewport()->rect().contains(S.Riquadro(Prima)));
 }
 
 void TestVistaStampa::vaiAllaPagina_data()
