@@ -2,16 +2,15 @@
 
 #include "platform/kit/icona.h"
 #include "platform/kit/listaaccessibile.h"
+#include "platform/kit/traduzioni.h"
 
 #include <QApplication>
 #include <QFont>
 #include <QFontDatabase>
 #include <QGroupBox>
-#include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
 #include <QStyleFactory>
-#include <QTranslator>
 
 #include <cmath>
 
@@ -39,12 +38,7 @@ void PreparaCarattere()
 void PreparaLingua()
 {
     QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
-    auto* Traduttore = new QTranslator(qApp);
-    if (Traduttore->load(u"qtbase_it"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)) ||
-        Traduttore->load(u"qtbase_it"_s, QCoreApplication::applicationDirPath()))
-        QCoreApplication::installTranslator(Traduttore);
-    else
-        delete Traduttore;
+    InstallaTraduzioni();
 }
 
 }  // namespace
