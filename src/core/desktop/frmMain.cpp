@@ -81,6 +81,7 @@ QString ConImpedimento(const QString& Suggerimento, const QString& Motivo)
 frmMain::frmMain() : ui(std::make_unique<Ui::frmMain>())
 {
     ui->setupUi(this);
+    Prodotto = windowTitle();
     CreaBarra();
     CreaProcedure();
     Collega(ui->areaParcelle, &QMdiArea::subWindowActivated, this, &frmMain::AllaScelta);
@@ -288,6 +289,7 @@ void frmMain::ScaricaInCoda()
                 return;
             Bersaglio.clear();
             hide();
+            setWindowTitle(Prodotto);
         },
         Qt::QueuedConnection);
 }
@@ -295,8 +297,21 @@ void frmMain::ScaricaInCoda()
 void frmMain::AllaScelta(QMdiSubWindow* Finestra)
 {
     // None is active while another program is: the target stays.
-    if (Finestra)
-        Bersaglio = Finestra->property("Tag").toString();
+    if (!Finestra)
+        return;
+    Bersaglio = Finestra->property("Tag").toString();
+    // Behind the toolkit's own word on a maximised window.
+    connect(Finestra, &QWidget::windowTitleChanged, this, &frmMain::NominaParcella,
+            Qt::ConnectionType(Qt::QueuedConnection | Qt::UniqueConnection));
+    NominaParcella();
+}
+
+/// The task bar names the note in front. In the form that the toolkit gives to maximised windows, or it would
+/// add the name once more.
+void frmMain::NominaParcella()
+{
+    if (const QMdiSubWindow* Davanti = ui->areaParcelle->currentSubWindow())
+        setWindowTitle(u"%1 - [%2]"_s.arg(Prodotto, Davanti->windowTitle()));
 }
 
 void frmMain::barParcelle_ButtonClick(const QString& Chiave)

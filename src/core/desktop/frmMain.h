@@ -65,9 +65,11 @@ private:
     void Form_Load();
     void Riscala();
     void AllaScelta(QMdiSubWindow* Finestra);
+    void NominaParcella();
 
     std::unique_ptr<Ui::frmMain> ui;
     QString Bersaglio;
+    QString Prodotto;  ///< the caption without a note
     QPixmap Sfondo;
     QSize MisuraVoluta;  ///< asked for at the load, in twips
     QSize MisuraData;    ///< what the screen had room for, in pixels

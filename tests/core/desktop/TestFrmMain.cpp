@@ -42,6 +42,7 @@ private Q_SLOTS:
     void misureSalvate();
     void loSchermoPiccoloNonSiRicorda();
     void laFinestraAttivaDiventaIlBersaglio();
+    void ilTitoloNominaLaParcella();
     void sfondo();
     void fondoSegueLaTavolozza();
     void ridottaTornaInVista();
@@ -346,6 +347,39 @@ void TestFrmMain::laFinestraAttivaDiventaIlBersaglio()
     QCOMPARE(Cornice->Tag(), u"2"_s);
     Area->setActiveSubWindow(nullptr);
     QCOMPARE(Cornice->Tag(), u"2"_s);
+}
+
+void TestFrmMain::ilTitoloNominaLaParcella()
+{
+    QMdiArea* Area = Cornice->Area();
+    QMdiSubWindow* Finestre[2];
+    for (int i = 0; i < 2; ++i) {
+        Finestre[i] = Area->addSubWindow(new QWidget);
+        Finestre[i]->widget()->setWindowTitle(u"nota %1"_s.arg(i));
+        Finestre[i]->show();
+    }
+    Area->setActiveSubWindow(Finestre[0]);
+    QCOMPARE(Cornice->windowTitle(), u"Calcanova 3 - [nota 0]"_s);
+    Area->setActiveSubWindow(Finestre[1]);
+    QCOMPARE(Cornice->windowTitle(), u"Calcanova 3 - [nota 1]"_s);
+    Finestre[1]->showMaximized();
+    Respiro();
+    QCOMPARE(Cornice->windowTitle(), u"Calcanova 3 - [nota 1]"_s);
+    Finestre[1]->widget()->setWindowTitle(u"rossi"_s);
+    Respiro();
+    QCOMPARE(Cornice->windowTitle(), u"Calcanova 3 - [rossi]"_s);
+    Area->setActiveSubWindow(Finestre[0]);
+    Respiro();
+    QCOMPARE(Cornice->windowTitle(), u"Calcanova 3 - [nota 0]"_s);
+    Finestre[0]->showNormal();
+    Respiro();
+    QCOMPARE(Cornice->windowTitle(), u"Calcanova 3 - [nota 0]"_s);
+    Finestre[1]->widget()->setWindowTitle(u"altro"_s);
+    Respiro();
+    QVERIFY2(Cornice->windowTitle() == u"Calcanova 3 - [nota 0]", "di quella dietro non si dice nulla");
+    Cornice->ScaricaInCoda();
+    Respiro();
+    QCOMPARE(Cornice->windowTitle(), u"Calcanova 3"_s);
 }
 
 void TestFrmMain::sfondo()
