@@ -16,6 +16,7 @@ private Q_SLOTS:
     void dallaScrivania();
     void schedaInformativa();
     void schedaIvaDifferita();
+    void pannelloRiaperto();
     void stampaDiUnCalcolo();
     void datiBaseIncompleti();
     void cancellareUnaVoce();
@@ -131,6 +132,31 @@ void TestFinestre::schedaIvaDifferita()
     P->Premi(u"Escape"_s);
     QVERIFY2(P->Aperta(u"Nuova parcella"_s), qPrintable(P->Stato()));
     ATTENDI(u"fuoco"_s, "cmdSkIvaDiff");
+}
+
+/// The panel takes room from the lines: each time it opens, what has no room is still reached by the bar.
+void TestFinestre::pannelloRiaperto()
+{
+    Apri(u"Onorari"_s);
+    if (QTest::currentTestFailed())
+        return;
+    ATTENDI(u"barra tdbOnor"_s, "0 0");
+    QString Prima;
+    for (int Volta = 1; Volta <= 4; ++Volta) {
+        if (Volta == 3)  // by its key and its own buttons, too
+            P->Clic(P->Cella(u"tdbOnor"_s, 1, 1));
+        P->Clic(u"barListaOnoDir_variaz"_s);
+        ATTENDI(u"fuoco"_s, "sldGraduaOno");
+        ATTENDI_CHE(P->Chiedi(u"barra tdbOnor"_s).startsWith(u"1 "));
+        if (Volta == 1)
+            Prima = P->Chiedi(u"barra tdbOnor"_s);
+        QTRY_COMPARE(P->Chiedi(u"barra tdbOnor"_s), Prima);
+        if (Volta % 2 == 0)
+            P->Clic(u"barListaOnoDir_variaz"_s);
+        else
+            P->Premi(u"Escape"_s);
+        ATTENDI(u"barra tdbOnor"_s, "0 0");
+    }
 }
 
 void TestFinestre::stampaDiUnCalcolo()

@@ -12,7 +12,8 @@
 //   popup            name of the open list or menu
 //   valori           names of what holds a value on view in the active window: boxes, lists, numbers, sliders
 //   liste            those of them that are lists
-//   tagliati         what in the active window has no room for its text, as NAME=text, one beside the other
+//   tagliati         what in the active window has no room for its text, as NAME=text, one beside the other; a page
+//                    that scrolls sideways too
 //   testo NAME       what a widget shows; a check box or option "1" or "0"
 //   visto NAME       "1" on view and enabled, "0" on view, empty elsewhere
 //   posto NAME       x y width height on the screen, in its own pixels
@@ -35,6 +36,7 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QSet>
 #include <QTabWidget>
@@ -184,9 +186,13 @@ QString TestoTagliato(const QWidget* Oggetto)
 QString Tagliati()
 {
     QStringList Trovati;
-    for (const QWidget* Oggetto : InVista())
+    for (const QWidget* Oggetto : InVista()) {
         if (const QString Testo = TestoTagliato(Oggetto); !Testo.isEmpty())
             Trovati += NomeVicino(Oggetto) + u'=' + Testo;
+        const auto* Pagina = qobject_cast<const QScrollArea*>(Oggetto);
+        if (Pagina && Pagina->horizontalScrollBar()->maximum() > 0)
+            Trovati += NomeVicino(Pagina->widget()) + QStringLiteral("=troppo larga");
+    }
     return Trovati.join(QStringLiteral(", "));
 }
 
