@@ -20,8 +20,14 @@ struct Apritori
     void Apri(QStringView Parola) const;
 
     std::function<void(const QString& Percorso, int Socio, const QString& ID)> ApriParcella;
-    std::function<void(int Selettore)> TrovaParcella;  ///< 0 notes, 1 templates
-    std::function<void()> RinfrescaTrova;              ///< a note has closed: a finder on screen looks again
+    /// The finder: on the folder of notes (0), of templates (1) or on the given one (2), for the window of a
+    /// place, 0 none. `Parent` "multiple" asks for a note to go with that window's: the call comes back with
+    /// its path when it is chosen, empty when none is. Else the finder opens what is chosen by itself.
+    std::function<QString(int Selettore, const QString& Cartella, int Indice, const QString& Parent)>
+        TrovaParcella;
+    std::function<void()> RinfrescaTrova;  ///< a note has closed or was saved: a finder on screen looks again
+    /// Asks for a folder, beginning at another; empty when cancelled.
+    std::function<QString(const QString& Titolo, const QString& Inizio)> ScegliCartella;
     std::function<void(int Indice, bool ComeModello)> SalvaParcella;
     std::function<void(int Indice, bool Si)> SegnaModificata;  ///< sets or clears the mark of a note
     std::function<void(int Indice, int Scheda)> VaiAllaScheda;
