@@ -68,9 +68,9 @@ void Nuova(const Chiamata& C)
 }
 
 template <int Selettore>
-void Trova(const Chiamata&)
+void Trova(const Chiamata& C)
 {
-    Apri(Aperture.TrovaParcella, Selettore);
+    Apri(Aperture.TrovaParcella, Selettore, QString(), C.Indice, QString());
 }
 
 template <bool ComeModello>

@@ -4,11 +4,13 @@
 #include "core/desktop/frmMain.h"
 #include "core/desktop/frmStudio.h"
 #include "core/desktop/iconastudio.h"
+#include "core/posti.h"
 #include "core/sessione.h"
 #include "demo/mani.h"
 #include "feenote/modTotali.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
+#include "feenote/windows/frmTrovaParcella.h"
 #include "platform/base/regionale.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/singola.h"
@@ -52,9 +54,6 @@ public:
         };
         Tavola.SalvaFile = [Cartella](const QString&, const QString&, const QString& Filtro) {
             return Cartella + NomeNota + (Filtro.contains(u"pdf"_s) ? u".pdf"_s : u".mdb"_s);
-        };
-        Tavola.ApriFile = [Cartella](const QString&, const QString&, const QString&) {
-            return Cartella + NomeNota + u".mdb"_s;
         };
         Prima = InstallaMessaggi(std::move(Tavola));
     }
@@ -203,12 +202,28 @@ private:
         if (!ChiudiParcella(1))
             Ferma(u"la parcella non si chiude"_s);
         mani::Respira();
-        ApriParcella(Cartella + NomeNota + u".mdb"_s, 0, {});
+        Trova();
         Nota = Parcelle(1);
         Attiva(Cornice());
         if (Netto() != Prima)
             Ferma(u"riaperta vale %1, era %2"_s.arg(Netto(), Prima));
         Passo(u"Riaperta: netto dovuto "_s + Netto(), Cornice());
+    }
+
+    /// The finder lists the folder; a word is typed, and the note that it leaves is opened.
+    void Trova()
+    {
+        auto& Modulo = Singola<frmTrovaParcella>();
+        (void)Modulo.OpenParcMod(frmTrovaParcella::Libera, Cartella, 0, {});
+        Attiva(Modulo);
+        while (Modulo.InRicerca())
+            mani::Respira();
+        Digita(u"edilnova"_s);
+        Passo(u"Trova: parcelle nella cartella "_s + QString::number(Modulo.Elenco().Note()), Modulo);
+        const auto& Lista = Controllo<Griglia>(Modulo, u"tdbParcelle"_s);
+        DoppioClic(Lista, Lista.RigaCorrente().value_or(0));
+        if (!ParcellaAperta())
+            Ferma(u"il trova non apre la parcella"_s);
     }
 
     void Anteprima()

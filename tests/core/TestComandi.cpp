@@ -101,7 +101,10 @@ void TestComandi::RegistraAperture()
     Aperture.ApriParcella = [this](const QString& Percorso, int Socio, const QString& ID) {
         Eventi << u"parcella [%1] %2 [%3]"_s.arg(Percorso).arg(Socio).arg(ID);
     };
-    Aperture.TrovaParcella = [this](int Selettore) { Eventi << u"trova"_s + Numeri({Selettore}); };
+    Aperture.TrovaParcella = [this](int Selettore, const QString& Cartella, int, const QString& Parent) {
+        Eventi << u"trova"_s + Numeri({Selettore}) + Cartella + Parent;
+        return QString();
+    };
     Aperture.SalvaParcella = [this](int Indice, bool ComeModello) {
         Eventi << u"salva"_s + Numeri({Indice, ComeModello});
     };

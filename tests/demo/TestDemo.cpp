@@ -39,13 +39,14 @@ void TestDemo::dallIconaAlPdf()
     QCOMPARE(Lamenti, QString());
     QCOMPARE(Esito, 0);
     const QStringList Righe = Detto.split(u'\n', Qt::SkipEmptyParts);
-    QCOMPARE(Righe.size(), 11);
+    QCOMPARE(Righe.size(), 12);
     // 4,500 of the decree and 150 of the user's own, 98.50 and 27 of expenses, 500 received.
     QVERIFY2(Righe.at(5).startsWith(u"Acconti: netto dovuto 5.138,81 €"), qPrintable(Righe.at(5)));
-    QVERIFY2(Righe.at(7).startsWith(u"Riaperta: netto dovuto 5.138,81 €"), qPrintable(Righe.at(7)));
+    QVERIFY2(Righe.at(7).startsWith(u"Trova: parcelle nella cartella 1 "), qPrintable(Righe.at(7)));
+    QVERIFY2(Righe.at(8).startsWith(u"Riaperta: netto dovuto 5.138,81 €"), qPrintable(Righe.at(8)));
 
     const QDir Fatti(Cartella);
-    QCOMPARE(Fatti.entryList({u"0?-*.png"_s}).size(), 9);
+    QCOMPARE(Fatti.entryList({u"[01]?-*.png"_s}).size(), 10);
     for (const QString& Immagine : Fatti.entryList({u"*.png"_s}))
         QVERIFY2(!QImage(Fatti.filePath(Immagine)).isNull(), qPrintable(Immagine));
     const auto Contenuto = [&Fatti](const QString& Nome) {

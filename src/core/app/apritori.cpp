@@ -11,16 +11,18 @@
 #include "core/app/paginaavviso.h"
 #include "core/desktop/frmMain.h"
 #include "core/desktop/frmStudio.h"
-#include "core/sessione.h"
 #include "core/settings/frmSetup.h"
+#include "core/settings/frmSfoglia.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
+#include "feenote/windows/frmTrovaParcella.h"
 #include "platform/base/errore.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
-#include "platform/system/messaggi.h"
 #include "update/viewer/frmWeb.h"
+
+#include <QApplication>
 
 using namespace Qt::StringLiterals;
 
@@ -41,21 +43,19 @@ void ApriNellaCornice(const QString& Percorso, int Socio, const QString& ID)
     ApriParcella(Percorso, Socio, ID);
 }
 
-/// The file of a note is asked for in the folder of notes, or of templates.
-void TrovaParcella(int Selettore)
-{
-    const bool Modelli = Selettore == 1;
-    const QString File =
-        DialogoApri(Modelli ? u"Apri da modelli"_s : u"Apri da parcelle salvate"_s,
-                    Modelli ? sessione::ModelliPath : sessione::ParcellePath, u"Parcelle (*.mdb)|*.mdb"_s);
-    if (!File.isEmpty())
-        ApriNellaCornice(File, 0, {});
-}
-
 void RiempiParcelle()
 {
     Aperture.ApriParcella = ApriNellaCornice;
-    Aperture.TrovaParcella = TrovaParcella;
+    Aperture.TrovaParcella = [](int Selettore, const QString& Cartella, int Indice, const QString& Parent) {
+        return Singola<frmTrovaParcella>().OpenParcMod(Selettore, Cartella, Indice, Parent);
+    };
+    Aperture.RinfrescaTrova = [] {
+        if (const auto& Trova = SeCaricato<frmTrovaParcella>)
+            Trova->RinfrescaTrova();
+    };
+    Aperture.ScegliCartella = [](const QString& Titolo, const QString& Inizio) {
+        return frmSfoglia(QApplication::activeWindow()).Scegli(Titolo, Inizio);
+    };
     Aperture.ChiudiParcella = ChiudiParcella;
     Aperture.SalvaParcella = [](int Indice, bool ComeModello) {
         Su(Indice, [=](frmParcelle& Finestra) { (void)Finestra.SalvaParcella(ComeModello); });

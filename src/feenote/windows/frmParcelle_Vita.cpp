@@ -3,6 +3,7 @@
 #include "feenote/modNuovaParcella.h"
 #include "feenote/windows/frmParcelle.h"
 
+#include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/parametri.h"
 #include "core/sessione.h"
@@ -161,6 +162,8 @@ bool frmParcelle::SalvaParcella(bool ComeModello)
             SetModificata(false);
             MostraTutto();
             Stampa->DopoSalvataggio();
+            if (Aperture.RinfrescaTrova)
+                Aperture.RinfrescaTrova();
             return true;
         } catch (const Errore& Guasto) {
             MsgErrore(u"Codice errore: %1\n%2"_s.arg(Guasto.Numero).arg(Guasto.Descrizione));

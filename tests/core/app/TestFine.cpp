@@ -315,7 +315,10 @@ void TestFine::tasti()
     EseguiComando(u"new"_s, 0, {});
     QVERIFY(MostraAttiva(Cornice()));
     Aperture.ApriParcella = [this](const QString&, int, const QString&) { S->Annota(u"parcella"_s); };
-    Aperture.TrovaParcella = [this](int Selettore) { S->Annota(u"trova %1"_s.arg(Selettore)); };
+    Aperture.TrovaParcella = [this](int Selettore, const QString&, int, const QString&) {
+        S->Annota(u"trova %1"_s.arg(Selettore));
+        return QString();
+    };
     Parcelle(1)->findChild<QWidget*>(u"txtCliente"_s)->setFocus();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key(Tasto), Qt::ControlModifier);
     QCOMPARE(S->Eventi, QStringList{Accaduto});

@@ -8,6 +8,7 @@
 #include "core/app/avvio.h"
 #include "core/comandi.h"
 #include "core/posti.h"
+#include "feenote/windows/frmTrovaParcella.h"
 #include "feenote/windows/selettore.h"
 #include "platform/network/segnale.h"
 #include "platform/system/file.h"
@@ -95,6 +96,7 @@ void TestStradaPratica::cleanup()
     Box.reset();
     AzzeraFinestre();
     LasciaRecupero();
+    delete SeCaricato<frmTrovaParcella>.data();
     S.reset();
     InstallaOrologio({});
     Aperture.AreaParcelle = nullptr;
@@ -343,11 +345,18 @@ void TestStradaPratica::ComeModello()
 
 void TestStradaPratica::ModelloRiaperto()
 {
-    Box->AttendiApri(Modello);
     Box->Attendi(u"Attenzione, la parcella è protetta! Le modifiche potranno essere salvate\n"
                  u"solo dopo aver specificato la chiave di protezione."_s,
                  vbOK, u"Messaggio:"_s);
     EseguiComando(u"openmod"_s, 0, {});
+    auto& Trova = Singola<frmTrovaParcella>();
+    QVERIFY(QTest::qWaitForWindowActive(&Trova));
+    QTRY_VERIFY(!Trova.InRicerca());
+    QCOMPARE(Trova.Elenco().Note(), 1);
+    Digita(u"p12"_s);
+    Premi(Qt::Key_Down);
+    Premi(Qt::Key_Return);
+    QVERIFY(!Trova.isVisible());
     const frmParcelle* Nuova = Parcelle(2);
     QVERIFY(Nuova && Nuova->isVisible());
     QCOMPARE(Nuova->windowTitle(), u"p12-tipo"_s);

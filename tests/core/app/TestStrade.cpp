@@ -9,6 +9,7 @@
 #include "core/posti.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
+#include "feenote/windows/frmTrovaParcella.h"
 #include "platform/kit/campo.h"
 #include "platform/system/file.h"
 
@@ -41,8 +42,8 @@ private Q_SLOTS:
     void unFileCheNonEUnaParcella();
     void scrivaniaChiusaDuranteUnaDomanda();
     void corniceDietroLaScrivania();
-    void apriChiedeIlFile_data();
-    void apriChiedeIlFile();
+    void apriMostraIlTrova_data();
+    void apriMostraIlTrova();
 
 private:
     static frmMain& Cornice() { return Singola<frmMain>(); }
@@ -68,6 +69,7 @@ void TestStrade::init()
 void TestStrade::cleanup()
 {
     AzzeraFinestre();
+    delete SeCaricato<frmTrovaParcella>.data();
     S.reset();
     Aperture.AreaParcelle = nullptr;
     Aperture.ParcellaAttivata = nullptr;
@@ -323,7 +325,7 @@ void TestStrade::corniceDietroLaScrivania()
     QTRY_VERIFY(Cornice().isActiveWindow());
 }
 
-void TestStrade::apriChiedeIlFile_data()
+void TestStrade::apriMostraIlTrova_data()
 {
     QTest::addColumn<QString>("Comando");
     QTest::addColumn<QString>("Titolo");
@@ -334,25 +336,25 @@ void TestStrade::apriChiedeIlFile_data()
     QTest::newRow("templates") << u"openmod"_s << u"Apri da modelli"_s << true;
 }
 
-void TestStrade::apriChiedeIlFile()
+void TestStrade::apriMostraIlTrova()
 {
     QFETCH(QString, Comando);
     QFETCH(QString, Titolo);
     QFETCH(bool, Modelli);
     const Registratore Box;
-    Messaggi Mie = InstallaMessaggi({});
-    const Messaggi Precedenti = Mie;
-    Mie.ApriFile = [this](const QString& T, const QString& Iniziale, const QString& Filtro) {
-        S->Annota(T + u'|' + Iniziale + u'|' + Filtro);
-        return QString();
-    };
-    InstallaMessaggi(Mie);
+    Scena::Salva(u"ParcellePath"_s, NuovaCartella());
     Main(u""_s);
+    QVERIFY(QDir().mkpath(sessione::ModelliPath));
     EseguiComando(Comando, 0, {});
-    InstallaMessaggi(Precedenti);
-    const QString Cartella = Modelli ? sessione::ModelliPath : sessione::ParcellePath;
-    QCOMPARE(S->Eventi, QStringList{Titolo + u'|' + Cartella + u"|Parcelle (*.mdb)|*.mdb"_s});
-    QVERIFY2(!ParcellaAperta(), "cancelled");
+    frmTrovaParcella& Trova = Singola<frmTrovaParcella>();
+    QVERIFY(Trova.isVisible() && !Trova.isModal());
+    QCOMPARE(Trova.windowTitle(), Titolo);
+    QCOMPARE(Trova.findChild<QLineEdit*>(u"txtSearchPath"_s)->text(),
+             Modelli ? sessione::ModelliPath : sessione::ParcellePath);
+    QTRY_VERIFY(!Trova.InRicerca());
+    Trova.close();
+    QVERIFY2(!ParcellaAperta(), "closed");
+    QVERIFY(Scrivania().isVisible());
 }
 
 #include "TestStrade.moc"

@@ -83,7 +83,10 @@ void TestFrmMain::init()
     Aperture.ApriParcella = [this](const QString&, int Socio, const QString&) {
         S->Annota(u"parcella %1"_s.arg(Socio));
     };
-    Aperture.TrovaParcella = [this](int Selettore) { S->Annota(u"trova %1"_s.arg(Selettore)); };
+    Aperture.TrovaParcella = [this](int Selettore, const QString&, int, const QString&) {
+        S->Annota(u"trova %1"_s.arg(Selettore));
+        return QString();
+    };
     Aperture.Proteggi = [this](int Indice) { S->Annota(u"proteggi %1"_s.arg(Indice)); };
     Aperture.SalvaParcella = [this](int Indice, bool) { S->Annota(u"salva %1"_s.arg(Indice)); };
     Aperture.Finestre[u"termini"_s] = [this] { S->Annota(u"termini"_s); };

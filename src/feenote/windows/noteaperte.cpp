@@ -1,0 +1,63 @@
+#include "feenote/windows/noteaperte.h"
+
+#include "core/posti.h"
+#include "feenote/finder/modTrova.h"
+#include "feenote/windows/finestre.h"
+#include "feenote/windows/frmParcelle.h"
+#include "platform/system/percorsi.h"
+
+namespace {
+
+/// Does something with the window of each note on screen.
+template <class Azione>
+void Ognuna(Azione Fai)
+{
+    for (int i = 1; i <= UltimaParcella(); ++i)
+        if (frmParcelle* Finestra = Parcelle(i); Finestra && !InfoParcelle[size_t(i)].Libera)
+            Fai(*Finestra);
+}
+
+bool StessoFile(const QString& Uno, const QString& Altro)
+{
+    return !Uno.isEmpty() && PercorsoNativo(Uno) == PercorsoNativo(Altro);
+}
+
+}  // namespace
+
+QSet<QString> NoteAperte()
+{
+    QSet<QString> File;
+    Ognuna([&](const frmParcelle& Finestra) {
+        if (!Finestra.Nota.Percorso.isEmpty())
+            File.insert(PercorsoNativo(Finestra.Nota.Percorso));
+    });
+    return File;
+}
+
+void NotaRinominata(const QString& Vecchio, const QString& Nuovo)
+{
+    const QString Nome = NomeMostrato(Nuovo);
+    Ognuna([&](frmParcelle& Finestra) {
+        Parcella& Nota = Finestra.Nota;
+        if (StessoFile(Nota.Percorso, Vecchio)) {
+            Nota.Percorso = Nuovo;
+            Finestra.ImpostaNome(Nome.toLower());
+            Finestra.setWindowTitle(Nome.toLower());
+        }
+        if (StessoFile(Nota.txtPathParcMult, Vecchio)) {
+            Nota.txtPathParcMult = Nuovo;
+            Nota.txtParcMultipla = Nome;
+            Finestra.MostraTutto();
+        }
+    });
+}
+
+void NotaCancellata(const QString& Percorso)
+{
+    Ognuna([&](frmParcelle& Finestra) {
+        if (!StessoFile(Finestra.Nota.Percorso, Percorso))
+            return;
+        Finestra.Nota.Percorso.clear();
+        Finestra.SetModificata(true);
+    });
+}
