@@ -5,6 +5,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 

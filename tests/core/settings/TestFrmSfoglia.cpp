@@ -2,6 +2,7 @@
 #include "core/app/scena.h"
 
 #include "core/settings/frmSfoglia.h"
+#include "platform/system/file.h"
 
 #include <QApplication>
 #include <QComboBox>

@@ -3,6 +3,8 @@
 
 #include "feenote/file/file_prova.h"
 #include "feenote/finder/modTrova.h"
+#include "platform/system/file.h"
+#include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 
 #include <QDateTime>

@@ -3,6 +3,7 @@
 
 #include "feenote/finder/finder_prova.h"
 #include "feenote/windows/frmTrovaParcella.h"
+#include "platform/system/file.h"
 
 #include <QHeaderView>
 #include <QMenu>
