@@ -8,6 +8,22 @@ set_property(GLOBAL PROPERTY STANZE "")
 set(PCH_CORE ${CMAKE_SOURCE_DIR}/cmake/pch_core.h)
 set(PCH_WIDGETS ${CMAKE_SOURCE_DIR}/cmake/pch_widgets.h)
 
+# moc_segue(<target> <sources>...): the meta-object compiler runs again when the list of sources is another one.
+# CMake has it follow the sources that it has read, so a header that is new in a folder would wait for one of them
+# to change.
+function(moc_segue Nome)
+    set(Registro ${CMAKE_BINARY_DIR}/elenchi/${Nome}.txt)
+    set(Prima "")
+    if(EXISTS ${Registro})
+        file(READ ${Registro} Prima)
+    endif()
+    list(JOIN ARGN "\n" Elenco)
+    if(NOT Prima STREQUAL Elenco)
+        file(REMOVE ${CMAKE_CURRENT_BINARY_DIR}/${Nome}_autogen/timestamp)
+        file(WRITE ${Registro} "${Elenco}")
+    endif()
+endfunction()
+
 # stanza(<folder> [QT modules] [HIDES libraries] [MAY rooms] [PROVE rooms])
 #
 # QT     Qt modules beside Core that whoever uses the room sees too; Widgets makes it a room of windows
@@ -33,6 +49,7 @@ function(stanza Cartella)
     # One precompiled header for what stands on Qt Core alone, one for what shows windows.
     if("Qt6::Widgets" IN_LIST A_QT)
         set_target_properties(${Nome} PROPERTIES AUTOMOC ON AUTOUIC ON)
+        moc_segue(${Nome} ${Fonti})
         set(Proprietaria platform_kit)
         set(Intestazione ${PCH_WIDGETS})
     else()
