@@ -1,5 +1,7 @@
 #include "platform/document/lettorertf_tabella.h"
 
+#include <QStringList>
+
 #include <algorithm>
 #include <cstdlib>
 #include <utility>

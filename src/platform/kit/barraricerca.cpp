@@ -3,8 +3,11 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
+#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 

@@ -3,6 +3,8 @@
 #include "platform/document/larghezzecolonne.h"
 #include "print/writers/misuretesto.h"
 
+#include <QList>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;

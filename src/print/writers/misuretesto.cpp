@@ -1,5 +1,7 @@
 #include "print/writers/misuretesto.h"
 
+#include <QList>
+
 #include <array>
 #include <cmath>
 

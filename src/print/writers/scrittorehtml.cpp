@@ -4,6 +4,8 @@
 #include "print/writers/formatabella.h"
 #include "print/writers/misuretesto.h"
 
+#include <QStringList>
+
 #include <algorithm>
 #include <utility>
 

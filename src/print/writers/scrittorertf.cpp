@@ -3,6 +3,8 @@
 #include "print/writers/formatabella.h"
 #include "print/writers/testortf.h"
 
+#include <QStringList>
+
 #include <algorithm>
 #include <utility>
 
