@@ -7,6 +7,8 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
+#include <QFileIconProvider>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
@@ -14,6 +16,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QTreeView>
 
 #include <algorithm>
 #include <array>
@@ -168,10 +171,37 @@ QString FiltroQt(const QString& Filtro)
     return Voci.join(u";;"_s);
 }
 
+/// What a file is, in Italian: Qt's translation lacks these words.
+class FigureFile : public QFileIconProvider
+{
+public:
+    [[nodiscard]] QString type(const QFileInfo& Voce) const override
+    {
+        if (Voce.isDir())
+            return u"Cartella"_s;
+        return Voce.suffix().isEmpty() ? u"File"_s : u"File "_s + Voce.suffix().toUpper();
+    }
+};
+
+/// Columns as wide as their titles, which are longer than the English ones that Qt counts on. A dialog of the
+/// system's own has none.
+void AllargaColonne(const QFileDialog& Dialogo)
+{
+    const auto* Elenco = Dialogo.findChild<QTreeView*>(u"treeView"_s);
+    if (!Elenco)
+        return;
+    QHeaderView* Titoli = Elenco->header();
+    for (int i = 0; i < Titoli->count(); ++i)
+        Titoli->resizeSection(i, std::max(Titoli->sectionSize(i), Titoli->sectionSizeHint(i)));
+}
+
 /// A chosen path with the platform's separators; empty when cancelled.
 QString Sfoglia(QFileDialog& Dialogo, const QString& Iniziale)
 {
     const PuntatoreNormale Puntatore;
+    static FigureFile Figure;  // the dialog's own thread may ask it until the program ends
+    Dialogo.setIconProvider(&Figure);
+    AllargaColonne(Dialogo);
     if (EsisteCartella(Iniziale)) {
         Dialogo.setDirectory(Iniziale);
     } else {

@@ -13,6 +13,8 @@
 #include <QUrl>
 
 #include <array>
+#include <optional>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -31,11 +33,11 @@ int ApriFile(const QString& File)
     return ApriUrl(QUrl::fromLocalFile(File));
 }
 
-bool ProgrammaPer(const QString& File)
+#ifndef Q_OS_WIN
+/// The desktop entry of the program that the system associates with a file, "org.gnome.Evince.desktop", and
+/// empty where there is none; nothing where the system cannot be asked.
+std::optional<QString> Associato(const QString& File)
 {
-#ifdef Q_OS_WIN
-    return !File.isEmpty();  // the system itself offers a choice for a type it does not know
-#else
     const QString Tipo = QMimeDatabase().mimeTypeForFile(File, QMimeDatabase::MatchExtension).name();
     QProcess Domanda;
     Domanda.start(u"xdg-mime"_s, {u"query"_s, u"default"_s, Tipo}, QIODevice::ReadOnly);
@@ -43,11 +45,11 @@ bool ProgrammaPer(const QString& File)
     if (!Domanda.waitForFinished(AttesaMs)) {
         Domanda.kill();
         Domanda.waitForFinished(AttesaMs);
-        return false;
+        return std::nullopt;
     }
-    return !Domanda.readAllStandardOutput().trimmed().isEmpty();
-#endif
+    return QString::fromLocal8Bit(Domanda.readAllStandardOutput()).trimmed();
 }
+#endif
 
 /// A viewer that opens at a page, and how it is told which.
 struct Lettore
@@ -63,15 +65,38 @@ constexpr std::array Lettori{
     Lettore{u"zathura", u"--page=", true},
 };
 
+/// The viewers that may show a PDF at a page: the associated one alone, if it is of those that can; each that
+/// is installed, where the system cannot be asked.
+std::vector<Lettore> LettoriPer(const QString& File)
+{
+    std::vector<Lettore> Adatti;
+#ifndef Q_OS_WIN
+    const std::optional<QString> Voluto = Associato(File);
+    for (const Lettore& Voce : Lettori)
+        if ((!Voluto || Voluto->contains(Voce.Programma, Qt::CaseInsensitive)) &&
+            !QStandardPaths::findExecutable(Voce.Programma.toString()).isEmpty())
+            Adatti.push_back(Voce);
+#endif
+    return Adatti;
+}
+
+bool ProgrammaPer(const QString& File)
+{
+#ifdef Q_OS_WIN
+    return !File.isEmpty();  // the system itself offers a choice for a type it does not know
+#else
+    const std::optional<QString> Voluto = Associato(File);
+    return Voluto ? !Voluto->isEmpty() : !LettoriPer(File).empty();
+#endif
+}
+
 int ApriPdf(const QString& File, int Pagina)
 {
     if (!EsisteFile(File))
         return errori::FileMancante;
     if (Pagina > 0) {
-        for (const Lettore& Voce : Lettori) {
+        for (const Lettore& Voce : LettoriPer(File)) {
             const QString Trovato = QStandardPaths::findExecutable(Voce.Programma.toString());
-            if (Trovato.isEmpty())
-                continue;
             const QString Argomento = Voce.Argomento.toString();
             const QString Numero = QString::number(Pagina);
             const QStringList Argomenti =

@@ -9,6 +9,7 @@
 #include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLibraryInfo>
@@ -16,6 +17,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
+#include <QTreeView>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -65,6 +67,7 @@ private Q_SLOTS:
     void apriFile();
     void salvaSenzaDomande();
     void scegliCartella();
+    void dialogoInItaliano();
     void dialogoAnnullato();
     void colore();
     void clessidra();
@@ -261,6 +264,31 @@ void TestServiziQt::scegliCartella()
         static_cast<QDialog&>(Aperto).done(QDialog::Accepted);
     });
     QCOMPARE(QDir(DialogoCartella(u"Cartella"_s, Cartella)), QDir(Cartella));
+}
+
+void TestServiziQt::dialogoInItaliano()
+{
+    const QString Cartella = NuovaCartella();
+    QVERIFY(QDir(Cartella).mkdir(u"Modelli"_s));
+    Crea(Cartella + u"nota.mdb"_s);
+    QStringList Tipi;
+    bool Larghe = false;
+    Prossimo<QFileDialog>([&](QFileDialog& Aperto) {
+        const auto* Elenco = Aperto.findChild<QTreeView*>(u"treeView"_s);
+        const QAbstractItemModel* Modello = Elenco->model();
+        (void)QTest::qWaitFor([&] { return Modello->rowCount(Elenco->rootIndex()) == 2; });
+        constexpr int Tipo = 2;
+        for (int i = 0; i < Modello->rowCount(Elenco->rootIndex()); ++i)
+            Tipi += Modello->index(i, Tipo, Elenco->rootIndex()).data().toString();
+        Larghe = true;
+        for (int i = 0; i < Elenco->header()->count(); ++i)
+            Larghe = Larghe && Elenco->header()->sectionSize(i) >= Elenco->header()->sectionSizeHint(i);
+        Aperto.reject();
+    });
+    (void)DialogoSalva(u"Salva"_s, Cartella, u"Tutti (*)"_s);
+    Tipi.sort();
+    QCOMPARE(Tipi, QStringList({u"Cartella"_s, u"File MDB"_s}));
+    QVERIFY2(Larghe, "the titles of the columns are whole");
 }
 
 void TestServiziQt::dialogoAnnullato()
