@@ -71,7 +71,9 @@ void BoxDavanti()
         Respiro();
     }
     QTimer::singleShot(0, Prima, [Prima] {
-        if (Prima->isVisible() && !QApplication::activeWindow())
+        // A window that another one holds back by now is given nothing.
+        const QWidget* Modale = QApplication::activeModalWidget();
+        if (Prima->isVisible() && !QApplication::activeWindow() && (!Modale || Modale == Prima))
             QApplication::setActiveWindow(Prima);
     });
 }

@@ -8,6 +8,8 @@
 #ifdef PROVE_CON_FINESTRE
 #include "platform/kit/aspetto.h"
 #include "platform/kit/servizi_qt.h"
+#include "supporto/finestre.h"
+#include "supporto/registratore.h"
 #elif defined(PROVE_CON_PAGINE)
 #include <QGuiApplication>
 #endif
@@ -28,6 +30,7 @@ int main(int argc, char** argv)
 #ifdef PROVE_CON_FINESTRE
     Applicazione Programma(argc, argv);
     aspetto::Prepara();
+    Registratore::AlMostrare() = BoxDavanti;
 #elif defined(PROVE_CON_PAGINE)
     QGuiApplication Programma(argc, argv);
 #else

@@ -40,8 +40,7 @@ public:
     [[nodiscard]] const QString& InizioDialogo() const { return UltimoInizio; }
     /// Sets the printer up in the place of the user; false cancels. A print dialog without it fails the test.
     std::function<bool(QPrinter& Scelta)> ScegliStampante;
-    /// What a box does to the windows before it is answered; BoxDavanti for a bench whose boxes move the
-    /// focus.
+    /// What a box does to the windows before it is answered: BoxDavanti in the programs that test windows.
     static std::function<void()>& AlMostrare();
     /// From now on boxes that nobody expects are only written down, answered the safe way.
     void Tollera() { Tollerante = true; }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/aperture.h"
-#include "supporto/finestre.h"
+#include "supporto/mani.h"
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 
@@ -37,7 +37,6 @@ public:
     {
         using namespace Qt::StringLiterals;
         InstallaOrologio([] { return QDateTime(QDate(2012, 7, 18), QTime(10, 0)); });
-        Registratore::AlMostrare() = BoxDavanti;
         Shell Nuova;
         Nuova.Campanello = [this] { ++Campane; };
         Precedente = InstallaShell(std::move(Nuova));
@@ -56,7 +55,6 @@ public:
         Aperture = {};
         AzzeraSessione();
         InstallaShell(std::move(Precedente));
-        Registratore::AlMostrare() = {};
         InstallaOrologio({});
     }
     BancoTermini(const BancoTermini&) = delete;
@@ -82,17 +80,10 @@ public:
         return Uno<CalendarioMensile>(QStringLiteral("Calendario"));
     }
     [[nodiscard]] QString Risultato() const { return Uno<QLabel>(QStringLiteral("lblRisult"))->text(); }
-    void Clic(const QString& Nome) const { QTest::mouseClick(Uno(Nome), Qt::LeftButton); }
+    void Clic(const QString& Nome) const { ::Clic(Uno(Nome)); }
     void Voce(const QString& Nome) const { Uno<QAction>(Nome)->trigger(); }
     /// Types over what stands in a box.
-    void Scrivi(const QString& Nome, const QString& Testo) const
-    {
-        auto* Casella = Uno<QLineEdit>(Nome);
-        Casella->setFocus(Qt::TabFocusReason);
-        Casella->selectAll();
-        Premi(Qt::Key_Delete);
-        Digita(Testo);
-    }
+    void Scrivi(const QString& Nome, const QString& Testo) const { ::Scrivi(Uno<QLineEdit>(Nome), Testo); }
     /// Ticks or unticks as a click does.
     void Spunta(const QString& Nome, bool Segno) const
     {
@@ -100,13 +91,7 @@ public:
         if (Casella->isChecked() != Segno)
             Casella->click();
     }
-    void Scegli(const QString& Nome, int Indice) const
-    {
-        auto* Lista = Uno<QComboBox>(Nome);
-        Lista->setFocus();
-        while (Lista->currentIndex() != Indice)
-            Premi(Lista->currentIndex() < Indice ? Qt::Key_Down : Qt::Key_Up);
-    }
+    void Scegli(const QString& Nome, int Indice) const { ScegliConFrecce(Uno<QComboBox>(Nome), Indice); }
     /// A click on a day of the month on view.
     void ClicGiorno(const QDate& Giorno) const
     {
@@ -117,32 +102,13 @@ public:
     void Calcola() const { Clic(QStringLiteral("cmdEsegui")); }
 
     /// The controls that a user can reach and that a screen reader could not name.
-    [[nodiscard]] QStringList SenzaNome() const
-    {
-        QStringList Trovati;
-        for (const QWidget* Controllo : F->template findChildren<QWidget*>()) {
-            const bool Comando =
-                Controllo->focusPolicy() != Qt::NoFocus || qobject_cast<const QAbstractButton*>(Controllo);
-            if (Comando && Controllo->accessibleName().isEmpty() &&
-                !Controllo->objectName().startsWith(QStringLiteral("qt_")))
-                Trovati << QString::fromLatin1(Controllo->metaObject()->className()) + u' ' +
-                               Controllo->objectName();
-        }
-        return Trovati;
-    }
+    [[nodiscard]] QStringList SenzaNome() const { return ::SenzaNome(F); }
     /// The controls met by Tab from a first one on.
     [[nodiscard]] QStringList OrdineTab(const QString& Primo, int Quanti) const
     {
-        Uno(Primo)->setFocus();
-        QStringList Incontrati;
-        for (int i = 0; i < Quanti; ++i) {
-            Incontrati << QApplication::focusWidget()->objectName();
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        }
-        return Incontrati;
+        return ::OrdineTab(Uno(Primo), Quanti);
     }
-    /// Ctrl+C as the keyboard sends it, shortcuts included.
-    static void CtrlC() { QTest::keyClick(QApplication::focusWidget(), Qt::Key_C, Qt::ControlModifier); }
+    static void CtrlC() { CopiaConTasti(); }
     /// The rows of the sheet in the print window, without the blank ones; none when no window is shown.
     [[nodiscard]] static QStringList Stampato()
     {

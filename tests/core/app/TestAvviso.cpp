@@ -77,7 +77,7 @@ void TestAvviso::mostraLAvviso()
     QCOMPARE(Avviso()->size(), QSize(aspetto::Pixel(10200), aspetto::Pixel(7600)));
     QVERIFY(Avviso()->findChild<QCheckBox*>(u"chkNoRepeat"_s)->isVisible());
     QCOMPARE(S->Eventi, QStringList());
-    QCOMPARE(SenzaNome(*Avviso()), QStringList());
+    QCOMPARE(SenzaNome(Avviso()), QStringList());
 }
 
 void TestAvviso::loStessoProcessoFinisceConLui()

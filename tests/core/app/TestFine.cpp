@@ -349,7 +349,7 @@ void TestFine::ctrlSSalva()
     QTest::keyClick(Cliente, Qt::Key_S, Qt::ControlModifier);
     QVERIFY(EsisteFile(File));
     QVERIFY(!InfoParcelle[1].Modificata);
-    QCOMPARE(QApplication::focusWidget(), Cliente);
+    QTRY_COMPARE(QApplication::focusWidget(), Cliente);
 }
 
 void TestFine::ctrlPAllaStampa()

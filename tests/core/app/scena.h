@@ -4,7 +4,7 @@
 #include "core/aperture.h"
 #include "core/comandi.h"
 #include "core/posti.h"
-#include "supporto/finestre.h"
+#include "supporto/mani.h"
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 
@@ -22,7 +22,12 @@
 #include "platform/system/shell.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QDir>
+#include <QTimer>
+
+#include <functional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -137,14 +142,28 @@ private:
     Shell Precedente;
 };
 
-/// The controls of a window that a user can reach and that a screen reader could not name.
-inline QStringList SenzaNome(const QWidget& Finestra)
+/// Closes the settings whenever they hold the other windows back, however long that takes.
+class ChiudeImpostazioni
 {
-    QStringList Trovati;
-    for (const QWidget* Uno : Finestra.findChildren<QWidget*>()) {
-        const bool Comando = Uno->focusPolicy() != Qt::NoFocus || qobject_cast<const QAbstractButton*>(Uno);
-        if (Comando && Uno->accessibleName().isEmpty() && !Uno->objectName().startsWith(u"qt_"))
-            Trovati << QString::fromLatin1(Uno->metaObject()->className()) + u' ' + Uno->objectName();
+public:
+    explicit ChiudeImpostazioni(std::function<void()> Prima = {})
+    {
+        constexpr int OgniMs = 5;
+        QObject::connect(&Sveglia, &QTimer::timeout, &Sveglia, [this, Prima = std::move(Prima)] {
+            frmSetup* Modulo = SeCaricato<frmSetup>;
+            if (!Modulo || QApplication::activeModalWidget() != Modulo)
+                return;
+            ++Viste;
+            if (Prima)
+                Prima();
+            Modulo->close();
+        });
+        Sveglia.start(OgniMs);
     }
-    return Trovati;
-}
+    /// How often they came up.
+    [[nodiscard]] int Aperte() const { return Viste; }
+
+private:
+    QTimer Sveglia;
+    int Viste = 0;
+};

@@ -158,7 +158,7 @@ void TestFrmMain::menuDeiPulsanti()
 
 void TestFrmMain::ogniControlloHaUnNome()
 {
-    QCOMPARE(SenzaNome(*Cornice).join(u", "_s), QString());
+    QCOMPARE(SenzaNome(Cornice).join(u", "_s), QString());
     for (const QToolButton* Pulsante : Barra_()->findChildren<QToolButton*>())
         QVERIFY2(!Pulsante->toolTip().isEmpty() || Pulsante->objectName().startsWith(u"qt_"),
                  qPrintable(Pulsante->objectName()));

@@ -10,7 +10,6 @@
 #include <QMap>
 #include <QPainter>
 #include <QPlainTextEdit>
-#include <QTimer>
 #include <QToolButton>
 
 #include <algorithm>
@@ -350,7 +349,7 @@ void TestFrmStudio::bordoDelTesto()
 
 void TestFrmStudio::ogniControlloHaUnNome()
 {
-    QCOMPARE(SenzaNome(Apri()).join(u", "_s), QString());
+    QCOMPARE(SenzaNome(&Apri()).join(u", "_s), QString());
 }
 
 void TestFrmStudio::coloreDiSfondo()
@@ -496,14 +495,9 @@ void TestFrmStudio::archivioParcelleMancante()
     sessione::PercorsoProg = Vuoto ? QString() : NuovaCartella();
     sessione::StudioNome.clear();  // the archive comes first
     Box.Attendi(u"Impostare la cartella dell'archivio parcelle!"_s, vbOK, u"Errore:"_s);
-    bool Aperta = false;
-    QTimer::singleShot(50, this, [&] {
-        Aperta = SeCaricato<frmSetup> && SeCaricato<frmSetup>->isModal();
-        if (SeCaricato<frmSetup>)
-            SeCaricato<frmSetup>->close();
-    });
+    const ChiudeImpostazioni Chiude;
     Apri();
-    QTRY_VERIFY(Aperta);
+    QTRY_COMPARE(Chiude.Aperte(), 1);
     QCOMPARE(Box.Mostrato(0).Bandiere, vbCritical);
 }
 
@@ -514,14 +508,9 @@ void TestFrmStudio::studioSenzaNome()
     Box.Attendi(u"Il programma non è stato ancora personalizzato. E' pertanto necessario procedere\n"
                 u"all'inserimento dei dati identificativi dello studio."_s,
                 vbOK, u"Messaggio:"_s);
-    bool Aperta = false;
-    QTimer::singleShot(50, this, [&] {
-        Aperta = SeCaricato<frmSetup> && SeCaricato<frmSetup>->isModal();
-        if (SeCaricato<frmSetup>)
-            SeCaricato<frmSetup>->close();
-    });
+    const ChiudeImpostazioni Chiude;
     Apri();
-    QTRY_VERIFY(Aperta);
+    QTRY_COMPARE(Chiude.Aperte(), 1);
     QCOMPARE(Box.Mostrato(0).Bandiere, vbInformation);
 }
 
@@ -531,10 +520,7 @@ void TestFrmStudio::laRispostaNonRiattiva()
     Registratore Box;
     Box.Tollera();
     sessione::StudioNome.clear();
-    QTimer::singleShot(50, this, [] {
-        if (SeCaricato<frmSetup>)
-            SeCaricato<frmSetup>->close();
-    });
+    const ChiudeImpostazioni Chiude;
     frmStudio& Scrivania = Apri();
     QTRY_VERIFY(SeCaricato<frmSetup> && !SeCaricato<frmSetup>->isVisible());
     QApplication::setActiveWindow(&Scrivania);
@@ -750,11 +736,7 @@ void TestFrmStudio::laPrimaAttivazioneFinisceUnaVolta()
     Registratore Box;
     sessione::StudioNome.clear();
     Box.Tollera();
-    QTimer::singleShot(50, this, [this] {
-        S->Annota(u"impostazioni chiuse"_s);
-        if (SeCaricato<frmSetup>)
-            SeCaricato<frmSetup>->close();
-    });
+    const ChiudeImpostazioni Chiude([this] { S->Annota(u"impostazioni chiuse"_s); });
     QObject::connect(&Singola<frmStudio>(), &frmStudio::PrimaAttivazione, this,
                      [this] { S->Annota(u"pronta"_s); });
     frmStudio& Scrivania = Apri();

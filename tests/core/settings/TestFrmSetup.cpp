@@ -281,7 +281,7 @@ void TestFrmSetup::changeTabFuoriDaiLimiti()
 
 void TestFrmSetup::ogniControlloHaUnNome()
 {
-    QCOMPARE(SenzaNome(*Modulo).join(u", "_s), QString());
+    QCOMPARE(SenzaNome(Modulo).join(u", "_s), QString());
 }
 
 #include "TestFrmSetup.moc"
