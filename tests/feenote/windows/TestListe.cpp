@@ -7,6 +7,22 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// An authority behind the chosen one that may take its place; 0 when there is none.
+int AltraCompatibile(const Parcella& Nota)
+{
+    for (int i = Nota.cmbAutor + 1; i < int(Nota.ListaAutorita.size()); ++i) {
+        Parcella Provata = Nota;
+        Provata.cmbAutor = i;
+        if (Nota.ListaAutorita[i].IDAut != Nota.IDAutSelezionata() && CheckAutorCompatib(Provata))
+            return i;
+    }
+    return 0;
+}
+
+}  // namespace
+
 class TestListe : public QObject
 {
     Q_OBJECT
@@ -14,6 +30,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void laRotellaNonCambiaIParametri();
+    void conLeRigheLeFrecceAspettano_data();
     void conLeRigheLeFrecceAspettano();
     void conLeRigheLaListaApertaAgisceSubito();
     void senzaRigheOgniPassoAgisce();
@@ -59,23 +76,46 @@ void TestListe::laRotellaNonCambiaIParametri()
     }
 }
 
+void TestListe::conLeRigheLeFrecceAspettano_data()
+{
+    QTest::addColumn<int>("Risposta");
+    QTest::newRow("confermata, resta") << int(vbYes);
+    QTest::newRow("rifiutata, torna quella di prima") << int(vbNo);
+}
+
+/// No step on the way asks anything; leaving the list asks, once, about the entry that the steps have led to.
 void TestListe::conLeRigheLeFrecceAspettano()
 {
+    QFETCH(int, Risposta);
     RigaOnorario(F->Nota, u"voce"_s, 100.0, 1, 1);
+    F->Nota.RicalcoloNecessario = false;
     F->MostraTutto();
     auto* Autorita = Controllo<QComboBox>(F, "cmbAutor");
     const int Prima = F->Nota.cmbAutor;
+    const int Cercata = AltraCompatibile(F->Nota);
+    QVERIFY(Cercata > 0);
     Autorita->setFocus();
     Premi(Qt::Key_Home);
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < Cercata; ++i) {
+        QCOMPARE(F->Nota.cmbAutor, Prima);
         Premi(Qt::Key_Down);
-    const int Cercata = Autorita->currentIndex();
-    QVERIFY(Cercata != Prima);
-    QVERIFY2(F->Nota.cmbAutor == Prima, "per via non si agisce");
-    T->Voce.Tollera();  // what the authority itself has to say is another matter
+    }
+    QCOMPARE(Autorita->currentIndex(), Cercata);
+    QCOMPARE(F->Nota.cmbAutor, Prima);
+    QVERIFY(T->Voce.Mostrati().isEmpty());
+
+    T->Voce.Attendi(
+        u"Sono state già inserite delle prestazioni e la modifica comporterà il ricalcolo con i nuovi parametri.\nConfermi la modifica?"_s,
+        Risposta);
     Premi(Qt::Key_Tab);
     Respiro();
-    QVERIFY2(F->Nota.cmbAutor == Cercata || !T->Voce.Mostrati().isEmpty(), "uscendo sì");
+    QCOMPARE(T->Voce.Mostrati().size(), 1);
+    QCOMPARE(F->Nota.cmbAutor, Risposta == vbYes ? Cercata : Prima);
+    QCOMPARE(Autorita->currentIndex(), F->Nota.cmbAutor);
+    QCOMPARE(F->Nota.RicalcoloNecessario, Risposta == vbYes);
+    Autorita->setFocus();
+    Premi(Qt::Key_Tab);
+    QCOMPARE(T->Voce.Mostrati().size(), 1);  // left again with nothing chosen meanwhile
 }
 
 void TestListe::conLeRigheLaListaApertaAgisceSubito()

@@ -21,6 +21,7 @@ class TestFrmPrint : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void init() { Registratore::AlMostrare() = BoxDavanti; }
     void cleanup();
     void didascaliaConUnSoloSuffisso();
     void nienteDaStampareNienteFinestra();
@@ -83,6 +84,7 @@ QString Pagina(const frmPrint& Finestra)
 
 void TestFrmPrint::cleanup()
 {
+    Registratore::AlMostrare() = {};
     delete SeCaricato<frmPrint>;
 }
 

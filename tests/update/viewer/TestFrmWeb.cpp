@@ -102,6 +102,7 @@ PROVA(TestFrmWeb);
 void TestFrmWeb::init()
 {
     AzzeraSessione();
+    Registratore::AlMostrare() = BoxDavanti;
     Prog = NuovaCartella();
     Utente = NuovaCartella();
     sessione::PercorsoProg = Prog;
@@ -129,6 +130,7 @@ void TestFrmWeb::init()
 void TestFrmWeb::cleanup()
 {
     W.reset();
+    Registratore::AlMostrare() = {};
     InstallaUltimaRete(nullptr);
     InstallaOrologio(nullptr);
     InstallaShell(std::move(Precedente));
