@@ -1,8 +1,9 @@
 // Buttons of a toolbar.
 #pragma once
 
+#include <QString>
+
 class QAction;
-class QString;
 class QToolBar;
 
 /// Adds a button with the picture of its key, called <bar>_<key>; its action is called as the key. The Tab

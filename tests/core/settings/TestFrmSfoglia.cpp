@@ -261,7 +261,7 @@ void TestFrmSfoglia::leUnita()
 
 void TestFrmSfoglia::ognunoHaUnNome()
 {
-    QCOMPARE(SenzaNome(*F), QStringList());
+    QCOMPARE(SenzaNome(F.get()), QStringList());
 }
 
 #include "TestFrmSfoglia.moc"
