@@ -421,7 +421,7 @@ void TestTrova::inUnFiloSuo()
 
 void TestTrova::ilFiloSiFerma()
 {
-    SalvaMolte(Radice, 300);
+    SalvaMolte(Radice, 5000);  // more than are read before the stop
     RicercaNote Ricerca(Qui());
     size_t Prime = 0;
     QTRY_VERIFY((Prime += Ricerca.Prendi().size()) > 0);

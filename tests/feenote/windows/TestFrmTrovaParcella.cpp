@@ -557,7 +557,7 @@ void TestFrmTrovaParcella::lOrdineFinoAllaChiusura()
 
 void TestFrmTrovaParcella::siInterrompe()
 {
-    SalvaMolte(Note + u"molte/"_s, 400);
+    SalvaMolte(Note + u"molte/"_s, 5000);
     (void)F->OpenParcMod(2, Note + u"molte"_s, 0, {});
     Davanti();
     QCOMPARE(Stato(), u"Ricerca in corso, attendere prego... (premere <Interr> per interrompere)"_s);
