@@ -136,12 +136,8 @@ void frmSfoglia::Elenca(const QStringList& Dentro)
         const QString Nome = i == 0 ? Sopra[i] : NomeFile(Sopra[i].chopped(1));
         QListWidgetItem* Riga = Aggiungi(Sopra[i], Nome, i);
         Riga->setIcon(aspetto::Icona(u"open"_s));
-        if (Sopra[i] == Presente) {
-            QFont Forte = Riga->font();
-            Forte.setBold(true);
-            Riga->setFont(Forte);
+        if (Sopra[i] == Presente)
             ui->dirDir->setCurrentItem(Riga);
-        }
     }
     for (const QString& Nome : Dentro)
         Aggiungi(Presente + Nome + QDir::separator(), Nome, Sopra.size())

@@ -72,6 +72,16 @@ bool EInvio(int Tasto)
     return Tasto == Qt::Key_Return || Tasto == Qt::Key_Enter;
 }
 
+/// Desktops that give dark colours often leave this one black.
+void SuggerisciLeggibile(QLineEdit* Box)
+{
+    constexpr double Grigio = 0.6;
+    QPalette Colori = Box->palette();
+    Colori.setColor(QPalette::PlaceholderText,
+                    aspetto::Mischia(Colori.color(QPalette::Text), Colori.color(QPalette::Base), Grigio));
+    Box->setPalette(Colori);
+}
+
 }  // namespace
 
 frmTrovaParcella::frmTrovaParcella() : ui(std::make_unique<Ui::frmTrovaParcella>())
@@ -84,6 +94,7 @@ frmTrovaParcella::frmTrovaParcella() : ui(std::make_unique<Ui::frmTrovaParcella>
     panRicerca->setObjectName(u"panRicerca"_s);
     panMostrate = new QLabel;
     panMostrate->setObjectName(u"panMostrate"_s);
+    panRicerca->setContentsMargins(aspetto::Bordo - 2, 0, 0, 0);  // under the grid's edge
     ui->barSearch->addWidget(panRicerca, 1);
     ui->barSearch->addPermanentWidget(panMostrate);
     CostruisciBarra();
@@ -144,9 +155,9 @@ void frmTrovaParcella::CostruisciGriglia()
         return Nuova;
     };
     QList<ColonnaGriglia> Colonne{
-        Colonna(u"Nome parcella"_s, TrovaNome, 26),    Colonna(u"Data"_s, TrovaData, 10),
-        Colonna(u"Cliente"_s, TrovaCliente, 22),       Colonna(u"Controparte"_s, TrovaControparte, 22),
-        Colonna(u"Dimensione"_s, TrovaDimensione, 12), Colonna(u"Nella cartella"_s, TrovaCartella, 20),
+        Colonna(u"Nome parcella"_s, TrovaNome, 29),    Colonna(u"Data"_s, TrovaData, 10),
+        Colonna(u"Cliente"_s, TrovaCliente, 19),       Colonna(u"Controparte"_s, TrovaControparte, 19),
+        Colonna(u"Dimensione"_s, TrovaDimensione, 10), Colonna(u"Nella cartella"_s, TrovaCartella, 12),
     };
     Colonne[TrovaDimensione].Allinea = Qt::AlignRight;
     Colonne[TrovaCartella].Stira = true;
@@ -166,6 +177,7 @@ void frmTrovaParcella::CostruisciGriglia()
 
 void frmTrovaParcella::CollegaControlli()
 {
+    SuggerisciLeggibile(ui->txtDesPar);
     ::Collega<QAbstractButton>(ui->cmdTrova, &QAbstractButton::clicked, this, [this] { cmdTrova_Click(); });
     ::Collega<QAbstractButton>(ui->cmdSfoglia, &QAbstractButton::clicked, this,
                                [this] { cmdSfoglia_Click(); });
@@ -285,10 +297,7 @@ QString frmTrovaParcella::OpenParcMod(int Quale, const QString& Cartella, int De
         IndiceDestinazione = Destinazione;
         FileScelto.clear();
         Cercato.clear();
-        {
-            const QSignalBlocker Zitto(ui->txtDesPar);
-            ui->txtDesPar->clear();
-        }
+        ui->txtDesPar->clear();
         VaiAllaRadice(Quale, Cartella);
         AbilitaBarra();
     }
