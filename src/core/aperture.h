@@ -37,6 +37,9 @@ struct Apritori
     std::function<void(const RichiestaRubrica& Chiesta)> RubricaParcella;  ///< the address book, for a note
     std::function<void(int Scheda, bool Modale)> Impostazioni;             ///< modal: until they are closed
     std::function<void()> ImpostazioniCambiate;  ///< they were saved: the desktop is drawn anew
+    std::function<void()> LasciaCartellaUtente;  ///< the session is about to take another user folder
+    /// Edits or, asking, deletes an icon of the user's, by its row on the desktop: the settings open for it.
+    std::function<void(int Riga, bool Elimina)> IconaPersonale;
     /// A page by its path, which may name an anchor behind a "#".
     std::function<void(const QString& Pagina, const QString& Titolo)> PaginaWeb;
     /// Another page in place of the one on view under this title. Where none is, nothing opens; the window

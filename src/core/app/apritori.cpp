@@ -9,8 +9,10 @@
 #include "core/aperture.h"
 #include "core/app/avvio.h"
 #include "core/app/paginaavviso.h"
+#include "core/app/primouso.h"
 #include "core/desktop/frmMain.h"
 #include "core/desktop/frmStudio.h"
+#include "core/modErrori.h"
 #include "core/settings/frmSetup.h"
 #include "core/settings/frmSfoglia.h"
 #include "feenote/windows/finestre.h"
@@ -139,9 +141,17 @@ void RiempiApritori()
         Modale ? Modulo.MostraModale(Scheda) : Modulo.Mostra(Scheda);
     };
     Aperture.ImpostazioniCambiate = [] {
+        // A user folder that has just been chosen gets its rates by the rule of the first use.
+        Protetta(PreparaTassi);
         if (const auto& Studio = SeCaricato<frmStudio>)
             Studio->SegnaRidisegno();
     };
+    Aperture.IconaPersonale = [](int Riga, bool Elimina) {
+        auto& Modulo = Singola<frmSetup>();
+        Modulo.Mostra(frmSetup::SchedaPersonalizza);
+        Elimina ? Modulo.EliminaIcona(Riga) : Modulo.ModificaIcona(Riga);
+    };
+    Aperture.LasciaCartellaUtente = LasciaCopie;
 
     Aperture.AreaParcelle = [] { return Singola<frmMain>().Area(); };
     Aperture.ParcellaAttivata = [](int Indice) { Singola<frmMain>().ImpostaTag(QString::number(Indice)); };

@@ -100,14 +100,14 @@ void PreparaArchivio()
     SalvaImpostazione(chiavi::ArchivioCliCon.toString(), CartellaDocumenti() + Nome);
 }
 
+}  // namespace
+
 void PreparaTassi()
 {
     const QString Cartella = Barra(Impostazione(chiavi::UserFolder.toString()));
     if (EsisteCartella(Cartella))
         CopiaSeManca(u"Tassi.dat"_s, Cartella);
 }
-
-}  // namespace
 
 void PrimoUso()
 {

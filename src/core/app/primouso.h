@@ -10,3 +10,7 @@
 /// A failure is reported; its setting then stays unset, so that the next start tries again, and the program
 /// goes on.
 void PrimoUso();
+
+/// Takes a rate archive that is missing from the stored user folder from the program folder. Nothing where
+/// that folder is missing. @throws Errore as LeggiFile and CreaFile
+void PreparaTassi();

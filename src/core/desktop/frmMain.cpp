@@ -3,6 +3,7 @@
 #include "core/aperture.h"
 #include "core/comandi.h"
 #include "core/desktop/frmStudio.h"
+#include "core/modAspetto.h"
 #include "core/modErrori.h"
 #include "core/parametri.h"
 #include "core/posti.h"
@@ -225,7 +226,7 @@ void frmMain::Form_Load()
     QRect Posto({}, MisuraData);
     Posto.moveCenter(Schermo.center());
     setGeometry(Posto);
-    const QString Immagine = TrovaFile(sessione::PercorsoProg + Barra(u"sfondi"_s) + sessione::SfondoDesktop);
+    const QString Immagine = TrovaFile(CartellaSfondi() + sessione::SfondoDesktop);
     BackImage(EsisteFile(Immagine) ? QPixmap(Immagine) : QPixmap());
 }
 

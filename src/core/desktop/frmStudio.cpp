@@ -5,6 +5,7 @@
 #include "core/desktop/frmMain.h"
 #include "core/desktop/iconastudio.h"
 #include "core/indirizzi.h"
+#include "core/modAspetto.h"
 #include "core/modErrori.h"
 #include "core/modIcone.h"
 #include "core/modLancio.h"
@@ -14,6 +15,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
+#include "platform/kit/testobordo.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
@@ -22,6 +24,8 @@
 #include "ui_frmStudio.h"
 
 #include <QCloseEvent>
+#include <QImageReader>
+#include <QMenu>
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScreen>
@@ -89,15 +93,11 @@ bool DiUtente(const IconaStudio* Icona)
     return Icona->Tag().startsWith(PrefissoUtente);
 }
 
-/// Opens the target of a user's icon: an address, or a program in the program folder.
+/// Opens the target of a user's icon; nothing for a row that is gone.
 void ApriCollegamento(int Riga)
 {
-    const QString Destinazione = IconeUtente(Riga, IconaCollegamento).toString();
-    if (Destinazione.startsWith(u"http") || Destinazione.startsWith(u"www")) {
-        ApriUrl(Destinazione);
-        return;
-    }
-    VerificaEsito(AvviaProgramma(Destinazione, {}, sessione::PercorsoProg));
+    if (Riga >= 0 && Riga < IconeUtente.Righe())
+        ApriDestinazione(IconeUtente(Riga, IconaCollegamento).toString());
 }
 
 /// How far an icon lies in the direction of an arrow; infinite when it lies elsewhere.
@@ -125,6 +125,20 @@ void ApriImpostazioni(int Scheda)
 {
     if (Aperture.Impostazioni)
         Aperture.Impostazioni(Scheda, true);
+}
+
+/// The menu of a user's icon; the settings do what it offers.
+void MenuIcona(const QPoint& Dove, int Riga)
+{
+    if (!Aperture.IconaPersonale)
+        return;
+    QMenu Tendina;
+    Tendina.setObjectName(u"menuIcona"_s);
+    const QAction* Modifica = Tendina.addAction(u"Modifica..."_s);
+    const QAction* Elimina = Tendina.addAction(u"Elimina..."_s);
+    const QAction* Scelta = Tendina.exec(Dove);
+    if (Scelta == Modifica || Scelta == Elimina)
+        Aperture.IconaPersonale(Riga, Scelta == Elimina);
 }
 
 }  // namespace
@@ -244,9 +258,14 @@ void frmStudio::DrawNewIcon(const QString& Etichetta, const QString& Destinazion
                             int Riga, int X, int Y)
 {
     IconaStudio* Icona = NuovaIcona(Etichetta, PrefissoUtente + QString::number(Riga), {X, Y});
-    Icona->ImpostaFigura(QPixmap(TrovaFile(sessione::PercorsoProg + Barra(u"icone"_s) + Figura)));
+    // A picture that is gone, or is none, leaves the program's own drawing.
+    Icona->ImpostaIcona(aspetto::Icona(ELink(Destinazione) ? u"link"_s : u"open"_s));
+    Icona->ImpostaFigura(QPixmap(FileFigura(Figura)));
     Icona->setToolTip(u"Icona personale: "_s + Etichetta);
     Icona->setAccessibleDescription(Destinazione);
+    Icona->setContextMenuPolicy(Qt::CustomContextMenu);
+    Collega<QWidget>(Icona, &QWidget::customContextMenuRequested, this,
+                     [Icona, Riga](const QPoint& Dove) { MenuIcona(Icona->mapToGlobal(Dove), Riga); });
 }
 
 void frmStudio::imgMenu_Click(const QString& Tag)
@@ -318,9 +337,12 @@ void frmStudio::keyPressEvent(QKeyEvent* Evento)
 void frmStudio::LoadGraph()
 {
     DaRidisegnare = false;
-    const QString File = TrovaFile(sessione::PercorsoProg + Barra(u"sfondi"_s) + sessione::SfondoDesktop);
-    Sfondo = EsisteFile(File) ? QPixmap(File) : QPixmap();
+    FileSfondo = TrovaFile(CartellaSfondi() + sessione::SfondoDesktop);
+    if (sessione::SfondoDesktop.isEmpty() || !EsisteFile(FileSfondo))
+        FileSfondo.clear();
     SfondoSteso = QPixmap();
+    if (const auto& Cornice = SeCaricato<frmMain>; Cornice && Cornice->isVisible())
+        Cornice->BackImage(FileSfondo.isEmpty() ? QPixmap() : QPixmap(FileSfondo));
 
     const auto Utente = std::stable_partition(Icone.begin(), Icone.end(),
                                               [](const IconaStudio* Icona) { return !DiUtente(Icona); });
@@ -347,17 +369,27 @@ void frmStudio::AdattaQuadro()
     ui->quadro->setMinimumSize(Tutte.right() + aspetto::Bordo, Tutte.bottom() + aspetto::Bordo);
 }
 
+void frmStudio::StendiSfondo()
+{
+    const QSize Misura = (QSizeF(size()) * devicePixelRatioF()).toSize();
+    if (FileSfondo.isEmpty() || SfondoSteso.size() == Misura)
+        return;
+    // Decoded at the size that is needed: a whole picture would take longer than the rest of the window.
+    QImageReader Lettore(FileSfondo);
+    Lettore.setScaledSize(Misura);
+    SfondoSteso = QPixmap::fromImageReader(&Lettore);
+    if (SfondoSteso.isNull())
+        FileSfondo.clear();  // no picture: the plain colour
+}
+
 void frmStudio::paintEvent(QPaintEvent*)
 {
     QPainter Pennello(this);
-    if (Sfondo.isNull()) {
+    StendiSfondo();
+    if (SfondoSteso.isNull())
         Pennello.fillRect(rect(), aspetto::DaBgr(sessione::ColoreSfondoDesktop));
-    } else {
-        const QSize Misura = (QSizeF(size()) * devicePixelRatioF()).toSize();
-        if (SfondoSteso.size() != Misura)
-            SfondoSteso = Sfondo.scaled(Misura, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    else
         Pennello.drawPixmap(rect(), SfondoSteso);
-    }
     // The first activation comes behind the first picture: a message of the start lies over a desktop. Where
     // the system activates the window only after that, its event is the same activation.
     if (!Dipinta) {
@@ -395,6 +427,20 @@ bool frmStudio::event(QEvent* Evento)
         Coperta = false;
     }
     return QWidget::event(Evento);
+}
+
+void frmStudio::SegnaRidisegno()
+{
+    DaRidisegnare = true;
+    // The settings may lie over the desktop without another activation to follow; and icons are not taken
+    // away while their own click runs.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (DaRidisegnare && isVisible())
+                Protetta([this] { LoadGraph(); });
+        },
+        Qt::QueuedConnection);
 }
 
 void frmStudio::AttivaInCoda()
@@ -435,16 +481,24 @@ void frmStudio::Form_Activate()
 
 void frmStudio::VerificaPreparazione()
 {
-    const bool Archivio = !sessione::PercorsoProg.isEmpty() &&
-                          EsisteFile(TrovaFile(sessione::PercorsoProg + u"parcelle.mdb"_s));
-    if (!Archivio) {
-        MsgErrore(u"Impostare la cartella dell'archivio parcelle!"_s);
-        ApriImpostazioni(SchedaSetup);
-    } else if (sessione::StudioNome.isEmpty()) {
-        MsgBox(u"Il programma non è stato ancora personalizzato. E' pertanto necessario procedere\n"_s
-               u"all'inserimento dei dati identificativi dello studio."_s,
-               vbInformation, TitoloMessaggio.toString());
-        ApriImpostazioni(SchedaDatiStudio);
+    // The settings may have mended one thing and shown another: both are looked at once more, and each is
+    // told once at most.
+    bool DettoArchivio = false;
+    bool DettoStudio = false;
+    for (;;) {
+        const bool Archivio = !sessione::PercorsoProg.isEmpty() &&
+                              EsisteFile(TrovaFile(sessione::PercorsoProg + u"parcelle.mdb"_s));
+        if (!Archivio && !std::exchange(DettoArchivio, true)) {
+            MsgErrore(u"Impostare la cartella dell'archivio parcelle!"_s);
+            ApriImpostazioni(SchedaSetup);
+        } else if (Archivio && sessione::StudioNome.isEmpty() && !std::exchange(DettoStudio, true)) {
+            MsgBox(u"Il programma non è stato ancora personalizzato. E' pertanto necessario procedere\n"_s
+                   u"all'inserimento dei dati identificativi dello studio."_s,
+                   vbInformation, TitoloMessaggio.toString());
+            ApriImpostazioni(SchedaDatiStudio);
+        } else {
+            return;
+        }
     }
 }
 

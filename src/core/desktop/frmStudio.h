@@ -29,8 +29,9 @@ public:
 
     /// Paints the desktop anew from the session: background, the user's icons, colours, version.
     void LoadGraph();
-    /// LoadGraph is due at the next activation.
-    void SegnaRidisegno() { DaRidisegnare = true; }
+    /// LoadGraph is due at the next activation, or as soon as events are dealt with while the desktop is on
+    /// view.
+    void SegnaRidisegno();
 
     /// Fills IconeUtente from its file and builds the icons.
     void LoadIconsFromIniFile();
@@ -67,6 +68,7 @@ private:
     void imgMenu_Click(const QString& Tag);
     void Sposta(int Da, int Tasto);
     void AdattaQuadro();
+    void StendiSfondo();
     void MostraTracciaDebug(const QString& Testo);
     void VerificaPreparazione();
     void AttivaInCoda();
@@ -76,8 +78,8 @@ private:
 
     std::unique_ptr<Ui::frmStudio> ui;
     std::vector<IconaStudio*> Icone;  // children of the board
-    QPixmap Sfondo;
-    QPixmap SfondoSteso;
+    QString FileSfondo;               ///< picture, full path; empty: the plain colour
+    QPixmap SfondoSteso;              ///< at the size of the window
     int IconaMarcata = NessunaIcona;
     bool DaRidisegnare = false;
     bool Dipinta = false;

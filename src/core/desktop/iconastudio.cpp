@@ -1,6 +1,7 @@
 #include "core/desktop/iconastudio.h"
 
 #include "platform/kit/aspetto.h"
+#include "platform/kit/testobordo.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -27,20 +28,23 @@ QRect SpazioDellEtichetta()
                   -MargineEtichetta);
 }
 
-}  // namespace
-
-void TextBorder(QPainter& Pennello, const QRect& Riquadro, int Bandiere, const QString& Testo,
-                const QColor& Colore, const QColor& Bordo)
+/// As much of a label as has room, with dots where it was cut; words too long for a line are cut too.
+QString Abbreviata(const QFontMetrics& Misure, const QString& Etichetta)
 {
-    constexpr int PixelPerPasso = 14;
-    const int Passo = std::max(1, Pennello.fontInfo().pixelSize() / PixelPerPasso);
-    Pennello.setPen(Bordo);
-    for (const auto& [X, Y] :
-         std::array{std::pair{-1, -1}, std::pair{1, -1}, std::pair{-1, 1}, std::pair{1, 1}})
-        Pennello.drawText(Riquadro.translated(X * Passo, Y * Passo), Bandiere, Testo);
-    Pennello.setPen(Colore);
-    Pennello.drawText(Riquadro, Bandiere, Testo);
+    const QRect Spazio = SpazioDellEtichetta();
+    QStringList Parole = Etichetta.split(u' ');
+    for (QString& Parola : Parole)
+        Parola = Misure.elidedText(Parola, Qt::ElideRight, Spazio.width());
+    QString Scritta = Parole.join(u' ');
+    const QString Intera = Scritta;
+    for (qsizetype Resto = Intera.size() - 1;
+         Resto > 0 && Misure.boundingRect(Spazio, BandiereEtichetta, Scritta).height() > Spazio.height();
+         --Resto)
+        Scritta = Intera.first(Resto).trimmed() + u'…';
+    return Scritta;
 }
+
+}  // namespace
 
 IconaStudio::IconaStudio(const QString& Etichetta, QString Parola, QWidget* Padre)
     : QAbstractButton(Padre), Comando(std::move(Parola))
@@ -149,9 +153,10 @@ void IconaStudio::DisegnaEtichetta(QPainter& Pennello) const
     QFont Carattere = font();
     Carattere.setPixelSize(PixelCarattere > 0 ? PixelCarattere : AltezzaCarattere(font(), text()));
     Pennello.setFont(Carattere);
+    const QString Scritta = Abbreviata(Pennello.fontMetrics(), text());
     if (ConTarga)
-        DisegnaTarga(Pennello, Pennello.fontMetrics().boundingRect(Spazio, BandiereEtichetta, text()));
-    TextBorder(Pennello, Spazio, BandiereEtichetta, text(), Testo, Bordo);
+        DisegnaTarga(Pennello, Pennello.fontMetrics().boundingRect(Spazio, BandiereEtichetta, Scritta));
+    TextBorder(Pennello, Spazio, BandiereEtichetta, Scritta, Testo, Bordo);
 }
 
 void IconaStudio::DisegnaTarga(QPainter& Pennello, const QRect& Scritta) const

@@ -6,12 +6,6 @@
 
 class QPainter;
 
-/// Draws a text over four copies of itself in the border colour, moved off it diagonally by a distance that
-/// follows from the font's size, so that it can be read over any background.
-/// @param Bandiere alignment and wrapping, as QPainter::drawText takes them
-void TextBorder(QPainter& Pennello, const QRect& Riquadro, int Bandiere, const QString& Testo,
-                const QColor& Colore, const QColor& Bordo);
-
 /// Picture and label of an icon (one element of imgMenu and of lblIcone). Its `Tag` is the command.
 class IconaStudio : public QAbstractButton
 {

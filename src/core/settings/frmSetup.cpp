@@ -1,9 +1,15 @@
 #include "core/settings/frmSetup.h"
 
 #include "core/aperture.h"
+#include "core/impostazioni.h"
 #include "core/modAvvio.h"
+#include "core/modControlli.h"
 #include "core/modErrori.h"
+#include "core/parametri.h"
 #include "core/posti.h"
+#include "core/settings/SchedaCartelle.h"
+#include "core/settings/SchedaContabili.h"
+#include "core/settings/SchedaDesktop.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
@@ -11,66 +17,125 @@
 
 #include "ui_frmSetup.h"
 
+#include <QKeyEvent>
+#include <QShortcut>
+
 #include <array>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A box and the key that it shows.
+/// A box of the first tab and the key that it shows.
 struct CampoImpostazione
 {
     QLineEdit* Ui::frmSetup::*Campo;
     QStringView Chiave;
-    QStringView Predefinito;
 };
 
 constexpr std::array Campi{
-    CampoImpostazione{&Ui::frmSetup::txtNomeStudio, u"StudioNome", u""},
-    CampoImpostazione{&Ui::frmSetup::txtIndStudio, u"StudioIndir", u""},
-    CampoImpostazione{&Ui::frmSetup::txtCittaStudio, u"StudioCitta", u""},
-    CampoImpostazione{&Ui::frmSetup::txtEMail, u"StudioMail", u""},
-    CampoImpostazione{&Ui::frmSetup::txtCodFisStudio, u"StudioCodFisc", u""},
-    CampoImpostazione{&Ui::frmSetup::txtPivaStudio, u"StudioPIva", u""},
-    CampoImpostazione{&Ui::frmSetup::txtFirma, u"Firma", u""},
-    CampoImpostazione{&Ui::frmSetup::txtFirmaDigit, u"FirmaDigit", u""},
-    CampoImpostazione{&Ui::frmSetup::txtIBAN, u"Iban", u""},
+    CampoImpostazione{&Ui::frmSetup::txtNomeStudio, u"StudioNome"},
+    CampoImpostazione{&Ui::frmSetup::txtIndStudio, u"StudioIndir"},
+    CampoImpostazione{&Ui::frmSetup::txtCittaStudio, u"StudioCitta"},
+    CampoImpostazione{&Ui::frmSetup::txtEMail, u"StudioMail"},
+    CampoImpostazione{&Ui::frmSetup::txtCodFisStudio, u"StudioCodFisc"},
+    CampoImpostazione{&Ui::frmSetup::txtPivaStudio, u"StudioPIva"},
+    CampoImpostazione{&Ui::frmSetup::txtFirma, u"Firma"},
+    CampoImpostazione{&Ui::frmSetup::txtFirmaDigit, u"FirmaDigit"},
+    CampoImpostazione{&Ui::frmSetup::txtIBAN, u"Iban"},
 };
 
-/// A box that must not be empty, in the order in which they are looked at.
+/// A box that must not be empty, by its name, in the order in which they are looked at.
 struct Obbligo
 {
-    QLineEdit* Ui::frmSetup::*Campo;
+    QStringView Campo;
     int Scheda;
     QStringView Messaggio;
 };
 
 constexpr std::array Obblighi{
-    Obbligo{&Ui::frmSetup::txtNomeStudio, frmSetup::SchedaDatiStudio,
-            u"Non è stato specificato il nome dello studio!"},
-    Obbligo{&Ui::frmSetup::txtIndStudio, frmSetup::SchedaDatiStudio, u"Non è stato specificato l'indirizzo!"},
-    Obbligo{&Ui::frmSetup::txtCittaStudio, frmSetup::SchedaDatiStudio, u"Non è stata specificato la città!"},
-    Obbligo{&Ui::frmSetup::txtEMail, frmSetup::SchedaDatiStudio, u"Non è stata specificata la mail!"},
+    Obbligo{u"txtNomeStudio", frmSetup::SchedaDatiStudio, u"Non è stato specificato il nome dello studio!"},
+    Obbligo{u"txtIndStudio", frmSetup::SchedaDatiStudio, u"Non è stato specificato l'indirizzo!"},
+    Obbligo{u"txtCittaStudio", frmSetup::SchedaDatiStudio, u"Non è stata specificato la città!"},
+    Obbligo{u"txtEMail", frmSetup::SchedaDatiStudio, u"Non è stata specificata la mail!"},
+    Obbligo{u"txtDirectoryProc", frmSetup::SchedaSetup,
+            u"Non è stata specificata la cartella del Programma!"},
+    Obbligo{u"txtArchivioCliCon", frmSetup::SchedaSetup,
+            u"Non è stata specificato l'archivio Clienti/Controparti!"},
+};
+
+/// What each tab is for.
+constexpr std::array<QStringView, 4> Aiuti{
+    u"Nome, indirizzo, città e posta elettronica sono obbligatori: compaiono nell'intestazione dei "
+    u"documenti. "
+    u"Codice fiscale, partita IVA e IBAN compaiono nelle fatture; la firma sotto ogni documento. Un codice "
+    u"che "
+    u"non torna è segnalato accanto alla casella e si può conservare ugualmente.",
+    u"Le percentuali proposte nelle parcelle nuove; quelle già aperte tengono le proprie. Una casella vuota "
+    u"lascia in vigore la percentuale precedente. Il numero dell'ultima fattura avanza da solo a ogni "
+    u"fattura: "
+    u"si corregge qui soltanto per ricominciare la numerazione.",
+    u"Dove stanno programma, archivio dei clienti, parcelle e dati dell'utente. Una cartella che non esiste "
+    u"è "
+    u"segnalata e si crea con il pulsante \"Crea\". Il word processor è facoltativo: senza, i documenti si "
+    u"aprono con il programma del sistema.",
+    u"Un modello imposta in un colpo solo immagine e colori della scrivania; ognuno si cambia poi da sé. Le "
+    u"icone "
+    u"personali aprono programmi, documenti, cartelle o pagine internet: doppio clic o Invio le modifica, "
+    u"Canc "
+    u"le elimina, Alt+Su e Alt+Giù le spostano. Nulla cambia fino a \"Memorizza le impostazioni\".",
 };
 
 }  // namespace
 
-frmSetup::frmSetup() : ui(std::make_unique<Ui::frmSetup>())
+frmSetup::frmSetup()
+    : ui(std::make_unique<Ui::frmSetup>()), Contabili(new SchedaContabili(this)),
+      Cartelle(new SchedaCartelle(this)), Desktop(new SchedaDesktop(this))
 {
     ui->setupUi(this);
+    const std::array<std::pair<QWidget*, QStringView>, 3> Pagine{
+        {{Contabili, u"Dati contabili"}, {Cartelle, u"Setup"}, {Desktop, u"Personalizza desktop"}}};
+    for (const auto& [Pagina, Titolo] : Pagine) {
+        Pagina->setObjectName(u"fraSetup_%1"_s.arg(ui->tabSetup->count()));
+        ui->tabSetup->addTab(Pagina, Titolo.toString());
+    }
+    ui->pctHelp->hide();
+    aspetto::TitoliInGrassetto(this);
     aspetto::AssegnaMnemonici(this);
     aspetto::AssegnaNomiAccessibili(this);
     aspetto::RicordaPostoDi(this, objectName());
     Collega<QAbstractButton>(ui->cmdSaveImpost, &QAbstractButton::clicked, this,
                              [this] { cmdSaveImpost_Click(); });
     Collega<QAbstractButton>(ui->cmdChiudi, &QAbstractButton::clicked, this, [this] { close(); });
+    Collega<QAbstractButton>(ui->cmdHelp, &QAbstractButton::toggled, this, [this](bool Si) { ShowHelp(Si); });
+    Collega(ui->tabSetup, &QTabWidget::currentChanged, this, [this] { ShowHelp(ui->cmdHelp->isChecked()); });
+    for (const QLineEdit* Campo : {ui->txtCodFisStudio, ui->txtPivaStudio, ui->txtIBAN})
+        Collega(Campo, &QLineEdit::textChanged, this, [this] { SegnaControlli(); });
+    CreaTasti();
 }
 
 frmSetup::~frmSetup() = default;
 
+void frmSetup::CreaTasti()
+{
+    const auto Tasto = [this](const QKeySequence& Sequenza, auto Azione) {
+        Collega(new QShortcut(Sequenza, this), &QShortcut::activated, this, std::move(Azione));
+    };
+    const auto Gira = [this](int Passo) {
+        const int Quante = ui->tabSetup->count();
+        if (ConcludiCampo())
+            ui->tabSetup->setCurrentIndex((ui->tabSetup->currentIndex() + Passo + Quante) % Quante);
+    };
+    Tasto(QKeySequence(Qt::CTRL | Qt::Key_S), [this] { cmdSaveImpost_Click(); });
+    Tasto(QKeySequence(Qt::CTRL | Qt::Key_PageDown), [Gira] { Gira(1); });
+    Tasto(QKeySequence(Qt::CTRL | Qt::Key_PageUp), [Gira] { Gira(-1); });
+    Tasto(QKeySequence(Qt::Key_F1), [this] { ui->cmdHelp->toggle(); });
+}
+
 void frmSetup::Prepara(int Indice)
 {
     if (!isVisible()) {
+        ui->cmdHelp->setChecked(false);
         LoadValori();
         ui->txtNomeStudio->setFocus();
         adjustSize();
@@ -99,39 +164,103 @@ void frmSetup::ChangeTab(int Indice)
         ui->tabSetup->setCurrentIndex(Indice);
 }
 
+void frmSetup::ShowHelp(bool Si)
+{
+    ui->pctHelp->setText(Aiuti.at(size_t(ui->tabSetup->currentIndex())).toString());
+    ui->pctHelp->setVisible(Si);
+}
+
+void frmSetup::keyPressEvent(QKeyEvent* Evento)
+{
+    if (Evento->key() == Qt::Key_Escape && ui->cmdHelp->isChecked())
+        ui->cmdHelp->setChecked(false);
+    else
+        QDialog::keyPressEvent(Evento);
+}
+
+// ---- values -------------------------------------------------------------------------------------
+
 void frmSetup::LoadValori()
 {
     for (const CampoImpostazione& Voce : Campi)
-        (ui.get()->*Voce.Campo)->setText(Impostazione(Voce.Chiave.toString(), Voce.Predefinito.toString()));
+        (ui.get()->*Voce.Campo)->setText(ValoreConservato(Voce.Chiave));
+    SegnaControlli();
+    Contabili->Carica();
+    Cartelle->Carica();
+    Desktop->Carica();
+}
+
+void frmSetup::SegnaControlli()
+{
+    // Marked and never refused: a code of another country follows other rules.
+    const auto Segna = [](QLineEdit* Campo, bool Torna, const QString& Avviso) {
+        QPalette Colori;
+        if (!Torna)
+            Colori.setColor(QPalette::Text, aspetto::Sbagliato());
+        Campo->setPalette(Colori);
+        Campo->setToolTip(Torna ? QString() : Avviso);
+        Campo->setAccessibleDescription(Campo->toolTip());
+    };
+    const QString CodFis = ui->txtCodFisStudio->text();
+    const QString PIva = ui->txtPivaStudio->text();
+    const QString Iban = ui->txtIBAN->text();
+    Segna(ui->txtCodFisStudio, CodFis.trimmed().isEmpty() || CodiceFiscaleTorna(CodFis),
+          u"Il codice fiscale non torna con il suo carattere di controllo"_s);
+    Segna(ui->txtPivaStudio, PIva.trimmed().isEmpty() || PartitaIvaTorna(PIva),
+          u"La partita IVA non torna con la sua cifra di controllo"_s);
+    Segna(ui->txtIBAN, Iban.trimmed().isEmpty() || IbanTorna(Iban),
+          u"L'IBAN non torna con le sue cifre di controllo"_s);
+}
+
+bool frmSetup::Rifiuta(const QString& Messaggio, int Indice, QWidget* Campo)
+{
+    MsgErrore(Messaggio);
+    ChangeTab(Indice);
+    RidaiFuoco(Campo);
+    return false;
 }
 
 bool frmSetup::CheckValori()
 {
     for (const Obbligo& Voce : Obblighi) {
-        QLineEdit* Campo = ui.get()->*Voce.Campo;
-        if (!Campo->text().trimmed().isEmpty())
-            continue;
-        MsgErrore(Voce.Messaggio.toString());
-        ChangeTab(Voce.Scheda);
-        RidaiFuoco(Campo);
-        return false;
+        auto* Campo = findChild<QLineEdit*>(Voce.Campo.toString());
+        if (Campo->text().trimmed().isEmpty())
+            return Rifiuta(Voce.Messaggio.toString(), Voce.Scheda, Campo);
     }
     return true;
 }
 
+bool frmSetup::CheckNumero()
+{
+    QLineEdit* Campo = Contabili->NumeroSbagliato();
+    return !Campo || Rifiuta(u"Immettere un valore numerico!"_s, SchedaDatiContabili, Campo);
+}
+
 void frmSetup::SalvaValori() const
 {
+    ValoriScheda Tutti;
     for (const CampoImpostazione& Voce : Campi)
-        SalvaImpostazione(Voce.Chiave.toString(), (ui.get()->*Voce.Campo)->text());
+        Tutti.append({Voce.Chiave.toString(), (ui.get()->*Voce.Campo)->text()});
+    // In one write: a failure in the middle would leave half of them.
+    SalvaImpostazioni(Tutti + Contabili->Valori() + Cartelle->Valori() + Desktop->Valori());
 }
 
 void frmSetup::cmdSaveImpost_Click()
 {
-    if (!CheckValori() || !Protetta([this] { SalvaValori(); }))
+    if (!ConcludiCampo() || !CheckValori() || !CheckNumero())
         return;
+    if (!Desktop->SalvaIcone())
+        MsgErrore(u"Errore scrittura .ini"_s);
+    const QString CartellaPrima = ValoreConservato(chiavi::UserFolder);
+    if (!Protetta([this] { SalvaValori(); }))
+        return;
+    if (ValoreConservato(chiavi::UserFolder) != CartellaPrima && Aperture.LasciaCartellaUtente)
+        Aperture.LasciaCartellaUtente();
     ImpostaVariabili();
     if (Aperture.ImpostazioniCambiate)
         Aperture.ImpostazioniCambiate();
+    Contabili->Carica();
+    Cartelle->Carica();
     MsgBox(u"Le impostazioni sono state memorizzate!"_s, vbInformation, TitoloMessaggio.toString());
     if (ParcellaAperta())
         MsgBox(u"Per essere certi della piena operatività è consigliabile riavviare il programma."_s,
@@ -139,4 +268,18 @@ void frmSetup::cmdSaveImpost_Click()
     // Opened by the start, the form has done what it was opened for.
     if (isModal())
         accept();
+}
+
+// ---- icons of the desktop -----------------------------------------------------------------------
+
+void frmSetup::ModificaIcona(int Riga)
+{
+    ChangeTab(SchedaPersonalizza);
+    Desktop->ModificaIcona(Riga);
+}
+
+void frmSetup::EliminaIcona(int Riga)
+{
+    ChangeTab(SchedaPersonalizza);
+    Desktop->EliminaIcona(Riga);
 }

@@ -5,7 +5,9 @@
 
 #include <memory>
 
-class QLineEdit;
+class SchedaCartelle;
+class SchedaContabili;
+class SchedaDesktop;
 
 namespace Ui {
 class frmSetup;
@@ -16,8 +18,8 @@ class frmSetup : public QDialog
     Q_OBJECT
 
 public:
-    /// Tabs of tabSetup; those that the form does not have yet are out of its range.
-    enum Scheda { SchedaDatiStudio = 0, SchedaDatiContabili = 1, SchedaSetup = 2, SchedaDesktop = 3 };
+    /// Tabs of tabSetup.
+    enum Scheda { SchedaDatiStudio = 0, SchedaDatiContabili = 1, SchedaSetup = 2, SchedaPersonalizza = 3 };
 
     frmSetup();
     ~frmSetup() override;
@@ -35,11 +37,30 @@ public:
     /// Tells the first field that must not be empty and is, and gives it the focus. @return false then
     [[nodiscard]] bool CheckValori();
 
+    /// Checks, writes the icons, stores every setting in one write, and brings them into force.
     void cmdSaveImpost_Click();
+
+    /// Shows what the current tab is for, or hides it again.
+    void ShowHelp(bool Si);
+
+    /// The editor of an icon, by its row on the desktop, on the tab of the desktop.
+    void ModificaIcona(int Riga);
+    /// The question whether to take an icon away, there too.
+    void EliminaIcona(int Riga);
+
+protected:
+    void keyPressEvent(QKeyEvent* Evento) override;
 
 private:
     void Prepara(int Indice);
+    void CreaTasti();
+    bool Rifiuta(const QString& Messaggio, int Indice, QWidget* Campo);
+    [[nodiscard]] bool CheckNumero();
     void SalvaValori() const;
+    void SegnaControlli();
 
     std::unique_ptr<Ui::frmSetup> ui;
+    SchedaContabili* Contabili;  // pages of tabSetup
+    SchedaCartelle* Cartelle;
+    SchedaDesktop* Desktop;
 };

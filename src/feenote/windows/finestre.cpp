@@ -312,6 +312,14 @@ void ApriParcella(const QString& Percorso, int Socio, const QString& ID)
     MostraFinestra(Finestra);
 }
 
+void LasciaCopie()
+{
+    for (int i = 1; i <= UltimaParcella(); ++i)
+        if (frmParcelle* Finestra = Parcelle(i))
+            Finestra->SpostaCopia();
+    LasciaRecupero();
+}
+
 void OffriRecupero()
 {
     for (const CopiaRecupero& Copia : NoteDaRecuperare()) {

@@ -19,6 +19,10 @@ void ApriParcella(const QString& Percorso, int Socio, const QString& ID);
 /// drops it, or keeps it for another time. The start calls it once the desktop is there.
 void OffriRecupero();
 
+/// Drops the recovery copies of the open notes and this process's lock on their folder, because the user
+/// folder is about to be another; notes with unsaved changes have their copy there soon.
+void LasciaCopie();
+
 /// Brings an open note's window to the front; nothing for a free place.
 void AttivaParcella(int Indice);
 

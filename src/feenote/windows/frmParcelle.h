@@ -50,6 +50,8 @@ public:
     /// Takes over a recovery copy, which goes once this window has one of its own. A failure is reported,
     /// leaves a new note, and the copy stays.
     void Recupera(const CopiaRecupero& Trovata);
+    /// Drops the recovery copy; one of unsaved changes is written anew soon, in the user folder of then.
+    void SpostaCopia();
     /// The whole save, with its dialog and messages. @return true when the file was written
     bool SalvaParcella(bool ComeModello);
     void Proteggi();

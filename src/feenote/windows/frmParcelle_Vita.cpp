@@ -255,6 +255,13 @@ void frmParcelle::CollegaCopia()
     Collega(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, [this] { CopiaInAttesa(); });
 }
 
+void frmParcelle::SpostaCopia()
+{
+    TogliCopia(Posto);
+    if (Nota.Modificata)
+        TimerCopia.start(guasti::AttesaCopiaMs);
+}
+
 void frmParcelle::CopiaInAttesa()
 {
     if (TimerCopia.isActive())

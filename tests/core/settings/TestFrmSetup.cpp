@@ -15,7 +15,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void soloLaPrimaScheda();
+    void leSchede();
     void leggeDalleImpostazioni();
     void rifiuti_data();
     void rifiuti();
@@ -80,10 +80,16 @@ void TestFrmSetup::Riempi()
         Campo(Nome)->setText(u"nuovo "_s + Chiave);
 }
 
-void TestFrmSetup::soloLaPrimaScheda()
+void TestFrmSetup::leSchede()
 {
     const auto* Schede = Modulo->findChild<QTabWidget*>(u"tabSetup"_s);
-    QCOMPARE(Schede->count(), 1);
+    QStringList Titoli;
+    for (int i = 0; i < Schede->count(); ++i) {
+        Titoli << Schede->tabText(i).remove(u'&');
+        QCOMPARE(Schede->widget(i)->objectName(), u"fraSetup_%1"_s.arg(i));
+    }
+    QCOMPARE(Titoli,
+             (QStringList{u"Dati studio"_s, u"Dati contabili"_s, u"Setup"_s, u"Personalizza desktop"_s}));
     QCOMPARE(Schede->tabText(0), u"&Dati studio"_s);
     QCOMPARE(Modulo->windowTitle(), u"Calcanova - Personalizzazione programma"_s);
 }
@@ -108,6 +114,10 @@ void TestFrmSetup::rifiuti_data()
     QTest::newRow("address") << u"txtIndStudio"_s << u"Non è stato specificato l'indirizzo!"_s;
     QTest::newRow("city") << u"txtCittaStudio"_s << u"Non è stata specificato la città!"_s;
     QTest::newRow("e-mail") << u"txtEMail"_s << u"Non è stata specificata la mail!"_s;
+    QTest::newRow("program folder, on another tab")
+        << u"txtDirectoryProc"_s << u"Non è stata specificata la cartella del Programma!"_s;
+    QTest::newRow("archive") << u"txtArchivioCliCon"_s
+                             << u"Non è stata specificato l'archivio Clienti/Controparti!"_s;
 }
 
 void TestFrmSetup::rifiuti()
@@ -118,6 +128,7 @@ void TestFrmSetup::rifiuti()
     Riempi();
     QVERIFY(MostraAttiva(*Modulo));
     for (const QString& Testo : {u""_s, u"   "_s}) {
+        Modulo->ChangeTab(frmSetup::SchedaDatiContabili);
         Campo(Vuoto)->setText(Testo);
         Box.Attendi(Messaggio, vbOK, u"Errore:"_s);
         Memorizza();
@@ -140,6 +151,14 @@ void TestFrmSetup::ordineDeiRifiuti()
         QVERIFY(!Modulo->CheckValori());
         Campo(Nome)->setText(u"x"_s);
     }
+    Campo(u"txtDirectoryProc"_s)->clear();
+    Campo(u"txtArchivioCliCon"_s)->clear();
+    Box.Attendi(u"Non è stata specificata la cartella del Programma!"_s);
+    QVERIFY(!Modulo->CheckValori());
+    Campo(u"txtDirectoryProc"_s)->setText(u"x"_s);
+    Box.Attendi(u"Non è stata specificato l'archivio Clienti/Controparti!"_s);
+    QVERIFY(!Modulo->CheckValori());
+    Campo(u"txtArchivioCliCon"_s)->setText(u"x"_s);
     QVERIFY(Modulo->CheckValori());
 }
 
@@ -190,13 +209,14 @@ void TestFrmSetup::ridisegnaLaScrivania()
     frmStudio& Scrivania = Singola<frmStudio>();
     Scrivania.Mostra();
     Respiro();
-    Riempi();
     Scena::Salva(u"CercaAgg"_s, u"N"_s);
     Scena::Salva(u"ColoreSfondoDesktop"_s, u"255"_s);
     Scena::Salva(u"SfondoDesktop"_s, {});
+    Riempi();
     Box.Attendi(Memorizzate);
     Memorizza();
-    Scrivania.Form_Activate();
+    // Behind the form the desktop is not activated: it follows by itself.
+    Respiro();
     QCOMPARE(Scrivania.grab().toImage().pixelColor(2, 2), QColor(255, 0, 0));
 }
 
@@ -259,21 +279,21 @@ void TestFrmSetup::ordineDelTabulatore()
     Modulo->Mostra(0);
     Campo(u"txtNomeStudio"_s)->setFocus();
     QStringList Passati;
-    for (qsizetype i = 0; i < Chiavi.size() + 3; ++i) {
+    for (qsizetype i = 0; i < Chiavi.size() + 4; ++i) {
         Passati << QApplication::focusWidget()->objectName();
         Premi(Qt::Key_Tab);
     }
     QStringList Attesi;
     for (const auto& [Nome, Chiave] : Chiavi)
         Attesi << Nome;
-    Attesi << u"cmdSaveImpost"_s << u"cmdChiudi"_s;
+    Attesi << u"cmdHelp"_s << u"cmdSaveImpost"_s << u"cmdChiudi"_s;
     QCOMPARE(Passati.first(Attesi.size()), Attesi);
 }
 
 void TestFrmSetup::changeTabFuoriDaiLimiti()
 {
     const auto* Schede = Modulo->findChild<QTabWidget*>(u"tabSetup"_s);
-    for (const int Quale : {-1, 3, 99}) {
+    for (const int Quale : {-1, 4, 99}) {
         Modulo->ChangeTab(Quale);
         QCOMPARE(Schede->currentIndex(), 0);
     }

@@ -1,0 +1,14 @@
+// Check characters of codes that an office writes down: whether they agree with the rest.
+#pragma once
+
+#include <QString>
+
+/// A person's fiscal code of 16 characters, one with letters for digits too, or a company's of 11 digits; blanks
+/// and case count for nothing.
+[[nodiscard]] bool CodiceFiscaleTorna(const QString& Testo);
+
+/// A VAT number of 11 digits, with or without "IT" in front.
+[[nodiscard]] bool PartitaIvaTorna(const QString& Testo);
+
+/// A bank account of any country, written in one piece or in groups.
+[[nodiscard]] bool IbanTorna(const QString& Testo);

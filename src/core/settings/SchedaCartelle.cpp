@@ -1,0 +1,159 @@
+#include "core/settings/SchedaCartelle.h"
+
+#include "core/impostazioni.h"
+#include "core/modAvvio.h"
+#include "core/modErrori.h"
+#include "core/parametri.h"
+#include "core/settings/filtrofile.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/collega.h"
+#include "platform/system/file.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
+
+#include "ui_SchedaCartelle.h"
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum class Genere { Cartella, Archivio, Programma };
+
+/// A box, the key that it shows, and what it names; its place is the number of its buttons.
+struct Percorso
+{
+    QLineEdit* Ui::SchedaCartelle::*Campo;
+    QStringView Chiave;
+    Genere Cosa;
+};
+
+constexpr std::array Percorsi{
+    Percorso{&Ui::SchedaCartelle::txtDirectoryProc, chiavi::PercorsoProcedura, Genere::Cartella},
+    Percorso{&Ui::SchedaCartelle::txtArchivioCliCon, chiavi::ArchivioCliCon, Genere::Archivio},
+    Percorso{&Ui::SchedaCartelle::txtParcellePath, chiavi::ParcellePath, Genere::Cartella},
+    Percorso{&Ui::SchedaCartelle::txtCartellaUtente, chiavi::UserFolder, Genere::Cartella},
+    Percorso{&Ui::SchedaCartelle::txtWordProcessor, chiavi::WP, Genere::Programma},
+};
+constexpr int Parcelle = 2;
+
+/// Stored where no word processor was chosen.
+const QString SenzaProgramma = u"-1"_s;
+
+QString Mostrato(QStringView Chiave)
+{
+    // The session's default is the program folder where "Parcelle" is missing; here the folder is proposed.
+    if (Chiave == chiavi::ParcellePath)
+        return Impostazione(Chiave.toString(), CartellaParcelleProposta());
+    const QString Valore = ValoreConservato(Chiave);
+    return Chiave == chiavi::WP && Valore == SenzaProgramma ? QString() : Valore;
+}
+
+QString DaConservare(QStringView Chiave, const QString& Testo)
+{
+    if (Chiave == chiavi::ArchivioCliCon)
+        return PercorsoArchivio(Testo);
+    return Chiave == chiavi::WP && Testo.isEmpty() ? SenzaProgramma : Testo;
+}
+
+bool ProgrammaNonScelto(QStringView Chiave, const QString& Testo)
+{
+    return Chiave == chiavi::PercorsoProcedura && Barra(Testo) == CartellaEseguibile() &&
+           Impostazione(Chiave.toString()).isEmpty();
+}
+
+/// True for what is named and is not there.
+bool Manca(Genere Cosa, const QString& Testo)
+{
+    if (Testo.isEmpty())
+        return false;
+    return Cosa == Genere::Cartella
+               ? !EsisteCartella(Testo)
+               : !EsisteFile(TrovaFile(Cosa == Genere::Archivio ? PercorsoArchivio(Testo) : Testo));
+}
+
+}  // namespace
+
+SchedaCartelle::SchedaCartelle(QWidget* Padre) : QWidget(Padre), ui(std::make_unique<Ui::SchedaCartelle>())
+{
+    ui->setupUi(this);
+    for (int i = 0; i < int(Percorsi.size()); ++i) {
+        Collega<QLineEdit>(ui.get()->*Percorsi[size_t(i)].Campo, &QLineEdit::textChanged, this,
+                           [this] { SegnaMancanti(); });
+        Collega<QAbstractButton>(findChild<QAbstractButton*>(u"cmdSelDir_%1"_s.arg(i)),
+                                 &QAbstractButton::clicked, this, [this, i] { cmdSelDir_Click(i); });
+        if (const auto* Crea = findChild<QAbstractButton*>(u"cmdCrea_%1"_s.arg(i)))
+            Collega<QAbstractButton>(Crea, &QAbstractButton::clicked, this, [this, i] { cmdCrea_Click(i); });
+        auto* Avviso = findChild<QLabel*>(u"lblManca_%1"_s.arg(i));
+        QPalette Colori = Avviso->palette();
+        Colori.setColor(QPalette::WindowText, aspetto::Sbagliato());
+        Avviso->setPalette(Colori);
+    }
+}
+
+SchedaCartelle::~SchedaCartelle() = default;
+
+void SchedaCartelle::Carica()
+{
+    for (const Percorso& Voce : Percorsi)
+        (ui.get()->*Voce.Campo)->setText(Mostrato(Voce.Chiave));
+    ui->chkCercaAgg->setChecked(ValoreConservato(chiavi::CercaAgg) == u"S");
+    SegnaMancanti();
+}
+
+ValoriScheda SchedaCartelle::Valori() const
+{
+    ValoriScheda Fatti;
+    for (const Percorso& Voce : Percorsi) {
+        const QString Testo = (ui.get()->*Voce.Campo)->text().trimmed();
+        if (!ProgrammaNonScelto(Voce.Chiave, Testo))
+            Fatti.append({Voce.Chiave.toString(), DaConservare(Voce.Chiave, Testo)});
+    }
+    Fatti.append({chiavi::CercaAgg.toString(), ui->chkCercaAgg->isChecked() ? u"S"_s : u"N"_s});
+    return Fatti;
+}
+
+void SchedaCartelle::SegnaMancanti()
+{
+    for (int i = 0; i < int(Percorsi.size()); ++i) {
+        const Percorso& Voce = Percorsi[size_t(i)];
+        const bool Assente = Manca(Voce.Cosa, (ui.get()->*Voce.Campo)->text().trimmed());
+        findChild<QLabel*>(u"lblManca_%1"_s.arg(i))->setVisible(Assente);
+        if (auto* Crea = findChild<QAbstractButton*>(u"cmdCrea_%1"_s.arg(i)))
+            Crea->setVisible(Assente);
+    }
+}
+
+void SchedaCartelle::cmdSelDir_Click(int Quale)
+{
+    const Percorso& Voce = Percorsi.at(size_t(Quale));
+    QLineEdit* Campo = ui.get()->*Voce.Campo;
+    QString Scelto;
+    switch (Voce.Cosa) {
+    case Genere::Cartella:
+        Scelto = DialogoCartella(u"Scegli la cartella"_s, Campo->text());
+        break;
+    case Genere::Archivio:
+        Scelto = DialogoApri(u"Scegli l'archivio"_s, PercorsoArchivio(Campo->text()),
+                             u"Applicazione (*.mdb)|*.mdb"_s);
+        break;
+    case Genere::Programma:
+        Scelto = DialogoApri(u"Scegli il word processor"_s, Campo->text(),
+                             FiltroProgrammi(u"Applicazione (*.exe)|*.exe"_s));
+        break;
+    }
+    if (!Scelto.isEmpty())
+        Campo->setText(Scelto);
+    Campo->setFocus();
+}
+
+void SchedaCartelle::cmdCrea_Click(int Quale)
+{
+    const QString Cartella = (ui.get()->*Percorsi.at(size_t(Quale)).Campo)->text().trimmed();
+    // Without this one the templates would go beside the program.
+    CreaCartella(Quale == Parcelle ? Barra(Cartella) + u"Modelli"_s : Cartella);
+    SegnaMancanti();
+    (ui.get()->*Percorsi.at(size_t(Quale)).Campo)->setFocus();
+}

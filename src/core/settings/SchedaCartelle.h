@@ -1,0 +1,37 @@
+// The settings' page of folders, archive, word processor and updates.
+#pragma once
+
+#include "core/settings/valorischeda.h"
+
+#include <QWidget>
+
+#include <memory>
+
+namespace Ui {
+class SchedaCartelle;
+}
+
+class SchedaCartelle : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit SchedaCartelle(QWidget* Padre);
+    ~SchedaCartelle() override;
+
+    /// Fills the boxes from the settings store.
+    void Carica();
+    /// What is to be stored. The program folder stays unset while it is unset and its box shows the
+    /// executable's: a program run from another folder after an update would go on in the old one.
+    [[nodiscard]] ValoriScheda Valori() const;
+
+    /// Lets the user choose what a box names.
+    /// @param Quale 0 program folder, 1 archive, 2 folder of notes, 3 user folder, 4 word processor
+    void cmdSelDir_Click(int Quale);
+
+private:
+    void cmdCrea_Click(int Quale);
+    void SegnaMancanti();
+
+    std::unique_ptr<Ui::SchedaCartelle> ui;
+};

@@ -1,0 +1,143 @@
+#include "core/settings/SchedaContabili.h"
+
+#include "core/impostazioni.h"
+#include "core/modAliquote.h"
+#include "core/modErrori.h"
+#include "platform/base/regionale.h"
+#include "platform/kit/campo.h"
+#include "platform/kit/collega.h"
+#include "platform/system/orologio.h"
+
+#include "ui_SchedaContabili.h"
+
+#include <array>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString NonNumerico = u"Immettere un valore numerico!"_s;
+
+struct Aliquota
+{
+    QLineEdit* Ui::SchedaContabili::*Campo;
+    QStringView Chiave;
+    QStringView Nome;
+};
+
+constexpr std::array Aliquote{
+    Aliquota{&Ui::SchedaContabili::txtIVA, u"IVA", u"I.V.A."},
+    Aliquota{&Ui::SchedaContabili::txtRA, u"RA", u"ritenuta d'acconto"},
+    Aliquota{&Ui::SchedaContabili::txtSpeseGen, u"SpeseGen", u"spese generali"},
+    Aliquota{&Ui::SchedaContabili::txtCP, u"CP", u"cassa previdenza"},
+};
+
+QString SenzaBianchi(const QLineEdit* Campo)
+{
+    return Campo->text().trimmed();
+}
+
+/// An empty rate leaves the one in force.
+bool LasciaPercentuale(const QLineEdit* Campo)
+{
+    constexpr double Massima = 100;
+    const QString Testo = SenzaBianchi(Campo);
+    if (Testo.isEmpty())
+        return true;
+    if (!IsNumeric(Testo)) {
+        MsgErrore(NonNumerico);
+        return false;
+    }
+    const double Valore = CDbl(Testo);
+    if (Valore >= 0 && Valore <= Massima)
+        return true;
+    MsgErrore(u"La percentuale non è compresa tra 0 e 100!"_s);
+    return false;
+}
+
+/// "0" for none; nothing for a text that is no number of an invoice.
+QString NumeroFattura(const QString& Testo)
+{
+    if (Testo.isEmpty())
+        return u"0"_s;
+    bool Intero = false;
+    const int Numero = Testo.toInt(&Intero);
+    return Intero && Numero >= 0 && Numero <= std::numeric_limits<qint16>::max() ? QString::number(Numero)
+                                                                                 : QString();
+}
+
+/// As wide as the amounts that it takes.
+void Stringi(QLineEdit* Campo)
+{
+    constexpr int Caratteri = 12;
+    Campo->setFixedWidth(Campo->fontMetrics().horizontalAdvance(QString(Caratteri, u'0')));
+}
+
+}  // namespace
+
+SchedaContabili::SchedaContabili(QWidget* Padre) : QWidget(Padre), ui(std::make_unique<Ui::SchedaContabili>())
+{
+    ui->setupUi(this);
+    for (const Aliquota& Voce : Aliquote) {
+        QLineEdit* Campo = ui.get()->*Voce.Campo;
+        Stringi(Campo);
+        CampoPercento(Campo, [Campo] { return LasciaPercentuale(Campo); });
+    }
+    Stringi(ui->txtNumFatt);
+    FiltraTasti(ui->txtNumFatt, u"n"_s);
+    ui->txtNumFatt->setAlignment(Qt::AlignRight);
+    AlLascia(ui->txtNumFatt, [this] { return LasciaNumero(); });
+    Collega<QAbstractButton>(ui->cmdVigenti, &QAbstractButton::clicked, this, [this] { cmdVigenti_Click(); });
+}
+
+SchedaContabili::~SchedaContabili() = default;
+
+void SchedaContabili::Carica()
+{
+    for (const Aliquota& Voce : Aliquote)
+        (ui.get()->*Voce.Campo)->setText(ValoreConservato(Voce.Chiave));
+    NumeroLetto = ValoreConservato(chiavi::ProgFatt);
+    ui->txtNumFatt->setText(NumeroLetto);
+    ui->lblVigenti->hide();
+}
+
+ValoriScheda SchedaContabili::Valori() const
+{
+    ValoriScheda Fatti;
+    for (const Aliquota& Voce : Aliquote)
+        Fatti.append({Voce.Chiave.toString(), SenzaBianchi(ui.get()->*Voce.Campo)});
+    if (ui->txtNumFatt->text() != NumeroLetto)
+        Fatti.append({chiavi::ProgFatt.toString(), NumeroFattura(SenzaBianchi(ui->txtNumFatt))});
+    return Fatti;
+}
+
+QLineEdit* SchedaContabili::NumeroSbagliato() const
+{
+    return NumeroFattura(SenzaBianchi(ui->txtNumFatt)).isEmpty() ? ui->txtNumFatt : nullptr;
+}
+
+bool SchedaContabili::LasciaNumero()
+{
+    if (!NumeroSbagliato())
+        return true;
+    MsgErrore(NonNumerico);
+    return false;
+}
+
+void SchedaContabili::cmdVigenti_Click()
+{
+    QStringList Righe;
+    for (const AliquotaDatata& Vigente : AliquoteAl(Oggi()))
+        for (const Aliquota& Voce : Aliquote)
+            if (Voce.Chiave == Vigente.Chiave) {
+                const QString Percento = CStr(Vigente.Percento);
+                (ui.get()->*Voce.Campo)->setText(Percento);
+                Righe << u"%1 %2 %, dal %3 (%4)"_s.arg(Voce.Nome.toString(), Percento,
+                                                       Vigente.Dal.toString(u"dd/MM/yyyy"_s), Vigente.Norma);
+            }
+    // They are stored by the save, as whatever else is typed here.
+    ui->lblVigenti->setText(u"In vigore oggi: "_s + Righe.join(u"; "_s) +
+                            u". Saranno proposte nelle parcelle nuove dopo \"Memorizza le impostazioni\"."_s);
+    ui->lblVigenti->show();
+}

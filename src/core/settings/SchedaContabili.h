@@ -1,0 +1,38 @@
+// The settings' page of rates and of the invoice counter.
+#pragma once
+
+#include "core/settings/valorischeda.h"
+
+#include <QWidget>
+
+#include <memory>
+
+class QLineEdit;
+
+namespace Ui {
+class SchedaContabili;
+}
+
+class SchedaContabili : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit SchedaContabili(QWidget* Padre);
+    ~SchedaContabili() override;
+
+    /// Fills the boxes from the settings store.
+    void Carica();
+    /// What is to be stored. The counter is among it only when its box was edited: a note may have taken the
+    /// next number meanwhile.
+    [[nodiscard]] ValoriScheda Valori() const;
+    /// The box that holds no number of an invoice; null when it does.
+    [[nodiscard]] QLineEdit* NumeroSbagliato() const;
+
+private:
+    void cmdVigenti_Click();
+    bool LasciaNumero();
+
+    std::unique_ptr<Ui::SchedaContabili> ui;
+    QString NumeroLetto;
+};

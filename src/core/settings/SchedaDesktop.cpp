@@ -1,0 +1,270 @@
+#include "core/settings/SchedaDesktop.h"
+
+#include "core/impostazioni.h"
+#include "core/modErrori.h"
+#include "core/settings/frmIcons.h"
+#include "platform/kit/aspetto.h"
+#include "platform/kit/collega.h"
+#include "platform/kit/scelta.h"
+#include "platform/system/messaggi.h"
+
+#include "ui_SchedaDesktop.h"
+
+#include <QShortcut>
+#include <QTableView>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct VoceColore
+{
+    QStringView Chiave;
+    QStringView Nome;
+};
+
+/// In the order of ColoreDesktop. The border's key has two spellings, which the store does not tell apart.
+constexpr std::array<VoceColore, ColoriDesktop> VociColore{
+    VoceColore{u"ColoreSfondoDesktop", u"Colore sfondo"},
+    VoceColore{u"ColoreEtichette", u"Colore testo icone"},
+    VoceColore{u"ColoreEtichetteBordo", u"Colore bordo icone"},
+    VoceColore{u"ColoreEtichettaSel", u"Colore testo selez."},
+};
+
+ColonnaGriglia Colonna(const QString& Titolo, ColonnaIcona Campo, int Caratteri)
+{
+    ColonnaGriglia Fatta;
+    Fatta.Titolo = Titolo;
+    Fatta.Campo = Campo;
+    Fatta.Caratteri = Caratteri;
+    Fatta.Stira = Campo == IconaCollegamento;
+    return Fatta;
+}
+
+QList<ColonnaGriglia> Colonne()
+{
+    constexpr int Larga = 16;
+    constexpr int Stretta = 12;
+    return {Colonna(u"Titolo"_s, IconaTitolo, Larga), Colonna(u"Programma/Link"_s, IconaCollegamento, Larga),
+            Colonna(u"Icona"_s, IconaFigura, Stretta)};
+}
+
+/// Shown without ".jpg".
+QString SenzaEstensione(const QString& File)
+{
+    return File.section(u'.', 0, -2);
+}
+
+}  // namespace
+
+SchedaDesktop::SchedaDesktop(QWidget* Padre) : QWidget(Padre), ui(std::make_unique<Ui::SchedaDesktop>())
+{
+    ui->setupUi(this);
+    AlScegliere(ui->cmbTemplates, [this](int Voce, ModoScelta) { cmbTemplates_Click(Voce); });
+    AlScegliere(ui->cmbSfondi, [this](int Voce, ModoScelta) { cmbSfondi_Click(Voce); });
+    const auto Premuto = &QAbstractButton::clicked;
+    Collega<QAbstractButton>(ui->cmdNessuna, Premuto, this, [this] { cmbSfondi_Click(-1); });
+    for (int i = 0; i < ColoriDesktop; ++i)
+        Collega<QAbstractButton>(findChild<QAbstractButton*>(u"cmdColor_%1"_s.arg(i)), Premuto, this,
+                                 [this, i] { cmdColor_Click(i); });
+
+    ui->tdbIcone->setAccessibleName(u"Icone personali"_s);
+    ui->tdbIcone->ImpostaColonne(Colonne());
+    ui->tdbIcone->FraseVuota(u"Nessuna icona personale: \"Aggiungi...\" ne crea una."_s);
+    ui->tdbIcone->Lega(&Icone);
+    constexpr int LargaGriglia = 250;
+    ui->tdbIcone->setMinimumWidth(LargaGriglia);
+    Collega(ui->tdbIcone, &Griglia::DoppioClic, this, [this](int Riga) { ModificaIcona(Riga); });
+    Collega(ui->tdbIcone, &Griglia::Cancella, this,
+            [this] { EliminaIcona(ui->tdbIcone->RigaCorrente().value_or(-1)); });
+    Collega(ui->tdbIcone, &Griglia::RigaCambiata, this, [this] { AbilitaPulsanti(); });
+    Collega<QAbstractButton>(ui->cmdAddIco, Premuto, this, [this] { ModificaIcona(-1); });
+    Collega<QAbstractButton>(ui->cmdModIco, Premuto, this, [this] {
+        if (const auto Riga = ui->tdbIcone->RigaCorrente())
+            ModificaIcona(*Riga);
+    });
+    Collega<QAbstractButton>(ui->cmdDelIco, Premuto, this,
+                             [this] { EliminaIcona(ui->tdbIcone->RigaCorrente().value_or(-1)); });
+    for (const int Passo : {-1, 1}) {
+        auto* Tasti = new QShortcut(QKeySequence(Qt::ALT | (Passo < 0 ? Qt::Key_Up : Qt::Key_Down)),
+                                    ui->tdbIcone, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+        Collega(Tasti, &QShortcut::activated, this, [this, Passo] { SpostaIcona(Passo); });
+    }
+}
+
+SchedaDesktop::~SchedaDesktop() = default;
+
+void SchedaDesktop::Carica()
+{
+    for (size_t i = 0; i < Colori.size(); ++i) {
+        const QString Chiave = VociColore[i].Chiave.toString();
+        // A stored text that is no colour shows the default.
+        Colori[i] = LeggiColore(ValoreConservato(Chiave))
+                        .value_or(LeggiColore(PredefinitoDi(VoceDi(Chiave))).value_or(0));
+    }
+    Immagine = ValoreConservato(chiavi::SfondoDesktop);
+    LoadImg();
+    LoadTemplates();
+    MostraAspetto();
+    Icone = LeggiIcone();
+    IconeLette = Icone;
+    ui->tdbIcone->Rilega();
+    AbilitaPulsanti();
+}
+
+ValoriScheda SchedaDesktop::Valori() const
+{
+    ValoriScheda Fatti{{chiavi::SfondoDesktop.toString(), Immagine}};
+    for (size_t i = 0; i < Colori.size(); ++i)
+        Fatti.append({VociColore[i].Chiave.toString(), QString::number(Colori[i])});
+    return Fatti;
+}
+
+bool SchedaDesktop::SalvaIcone()
+{
+    if (Icone == IconeLette)
+        return true;
+    if (!ScriviIconeUtente(Icone))
+        return false;
+    IconeLette = Icone;
+    IconeUtente = Icone;
+    return true;
+}
+
+// ---- looks --------------------------------------------------------------------------------------
+
+void SchedaDesktop::LoadImg()
+{
+    Sfondi = LeggiSfondi();
+    ui->cmbSfondi->clear();
+    for (const QString& File : Sfondi)
+        ui->cmbSfondi->addItem(SenzaEstensione(File));
+    ui->cmbSfondi->setPlaceholderText(u"nessuna"_s);
+}
+
+void SchedaDesktop::LoadTemplates()
+{
+    Modelli = LeggiModelli();
+    ui->cmbTemplates->clear();
+    for (const ModelloAspetto& Modello : Modelli)
+        ui->cmbTemplates->addItem(Modello.Nome);
+    ui->cmbTemplates->setEnabled(!Modelli.isEmpty());
+}
+
+void SchedaDesktop::cmbTemplates_Click(int Voce)
+{
+    if (Voce < 0 || Voce >= Modelli.size())
+        return;
+    const ModelloAspetto& Modello = Modelli[Voce];
+    for (size_t i = 0; i < Colori.size(); ++i)
+        Colori[i] = Modello.Colori[i].value_or(Colori[i]);
+    if (const QString File = TrovaSfondo(Sfondi, Modello.Immagine); !File.isEmpty())
+        Immagine = File;
+    MostraAspetto();
+    // A template that is short of a value is not in force, but it is what the user has chosen.
+    ui->cmbTemplates->setCurrentIndex(Voce);
+}
+
+void SchedaDesktop::cmbSfondi_Click(int Voce)
+{
+    Immagine = Sfondi.value(Voce);
+    MostraAspetto();
+}
+
+void SchedaDesktop::cmdColor_Click(int Quale)
+{
+    const std::optional<int> Scelto = DialogoColore(Colori.at(size_t(Quale)));
+    if (!Scelto)
+        return;
+    Colori.at(size_t(Quale)) = *Scelto;
+    MostraAspetto();
+}
+
+void SchedaDesktop::MostraAspetto()
+{
+    const QString File = TrovaSfondo(Sfondi, Immagine);
+    ui->cmbSfondi->setCurrentIndex(int(Sfondi.indexOf(File)));
+    ui->cmdNessuna->setEnabled(!Immagine.isEmpty());
+    for (int i = 0; i < ColoriDesktop; ++i)
+        MostraColore(i);
+    ui->imgPreview->Mostra(File.isEmpty() ? QString() : CartellaSfondi() + File, Colori);
+    MostraModello();
+}
+
+void SchedaDesktop::MostraColore(int Quale)
+{
+    const QColor Tinta = aspetto::DaBgr(Colori[size_t(Quale)]);
+    auto* Campione = findChild<QWidget*>(u"lblSfondo_%1"_s.arg(Quale));
+    QPalette Tavolozza = Campione->palette();
+    Tavolozza.setColor(Campione->backgroundRole(), Tinta);
+    Campione->setPalette(Tavolozza);
+    const QString Nome = VociColore[size_t(Quale)].Nome.toString();
+    auto* Pulsante = findChild<QWidget*>(u"cmdColor_%1"_s.arg(Quale));
+    Pulsante->setAccessibleName(Nome);
+    Pulsante->setAccessibleDescription(Tinta.name());
+    Campione->setToolTip(Nome + u": "_s + Tinta.name());
+}
+
+void SchedaDesktop::MostraModello()
+{
+    int Trovato = -1;
+    for (int i = 0; i < int(Modelli.size()) && Trovato < 0; ++i)
+        if (InVigore(Modelli[i]))
+            Trovato = i;
+    ui->cmbTemplates->setCurrentIndex(Trovato);
+}
+
+bool SchedaDesktop::InVigore(const ModelloAspetto& Modello) const
+{
+    for (size_t i = 0; i < Colori.size(); ++i)
+        if (Modello.Colori[i] != Colori[i])
+            return false;
+    const QString File = TrovaSfondo(Sfondi, Modello.Immagine);
+    return !File.isEmpty() && File == TrovaSfondo(Sfondi, Immagine);
+}
+
+// ---- icons --------------------------------------------------------------------------------------
+
+void SchedaDesktop::AbilitaPulsanti()
+{
+    const bool Corrente = ui->tdbIcone->RigaCorrente().has_value();
+    ui->cmdModIco->setEnabled(Corrente);
+    ui->cmdDelIco->setEnabled(Corrente);
+}
+
+void SchedaDesktop::ModificaIcona(int Riga)
+{
+    if (Riga >= Icone.Righe())
+        return;
+    frmIcons Modulo(Icone, Riga, this);
+    if (Modulo.exec() != QDialog::Accepted)
+        return;
+    ui->tdbIcone->Rilega();
+    ui->tdbIcone->ImpostaRigaCorrente(Modulo.Riga());
+    AbilitaPulsanti();
+}
+
+void SchedaDesktop::EliminaIcona(int Riga)
+{
+    if (Riga < 0 || Riga >= Icone.Righe())
+        return;
+    const QString Domanda =
+        u"Confermi la cancellazione dell'icona "_s + Icone(Riga, IconaTitolo).toString() + u'?';
+    if (MsgBox(Domanda, vbYesNo + vbQuestion, TitoloDomanda.toString()) != vbYes)
+        return;
+    Icone.EliminaRiga(Riga);
+    ui->tdbIcone->Rilega();
+    AbilitaPulsanti();
+}
+
+void SchedaDesktop::SpostaIcona(int Passo)
+{
+    const int Riga = ui->tdbIcone->RigaCorrente().value_or(-1);
+    const int Meta = Riga + Passo;
+    if (Riga < 0 || Meta < 0 || Meta >= Icone.Righe())
+        return;
+    for (int c = 0; c < ColonneIcona; ++c)
+        std::swap(Icone(Riga, c), Icone(Meta, c));
+    ui->tdbIcone->Rilega();
+    ui->tdbIcone->ImpostaRigaCorrente(Meta);
+}
