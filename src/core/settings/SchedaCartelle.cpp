@@ -5,6 +5,7 @@
 #include "core/modErrori.h"
 #include "core/parametri.h"
 #include "core/settings/filtrofile.h"
+#include "core/settings/frmSfoglia.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/system/file.h"
@@ -133,7 +134,7 @@ void SchedaCartelle::cmdSelDir_Click(int Quale)
     QString Scelto;
     switch (Voce.Cosa) {
     case Genere::Cartella:
-        Scelto = DialogoCartella(u"Scegli la cartella"_s, Campo->text());
+        Scelto = frmSfoglia(this).Scegli(u"Scegli la cartella"_s, Campo->text());
         break;
     case Genere::Archivio:
         Scelto = DialogoApri(u"Scegli l'archivio"_s, PercorsoArchivio(Campo->text()),
