@@ -171,7 +171,10 @@ void TestSetupContabili::numeroIncollato()
     T->Campo(u"txtNumFatt"_s)->selectAll();
     T->Campo(u"txtNumFatt"_s)->paste();
     Box.Attendi(u"Immettere un valore numerico!"_s);
-    T->Premi(u"cmdSaveImpost"_s);
+    Premi(Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(Box.Mostrati().size(), 1);
+    Respiro();
+    QCOMPARE(Box.Mostrati().size(), 1);
     QCOMPARE(T->Parametro(u"ProgFatt"_s), QString());
 }
 
