@@ -21,6 +21,7 @@ private:
     void Acconti();
     void Stampa();
     void Salva();
+    void Riapri();
 
     std::unique_ptr<Programma> P;
     QString Salvata;
@@ -148,15 +149,27 @@ void TestGiornata::Salva()
 void TestGiornata::unaParcellaIntera()
 {
     P = std::make_unique<Programma>();
-    for (const auto Passo : {&TestGiornata::DatiBase, &TestGiornata::Onorari, &TestGiornata::Spese,
-                             &TestGiornata::Acconti, &TestGiornata::Stampa, &TestGiornata::Salva}) {
+    for (const auto Passo :
+         {&TestGiornata::DatiBase, &TestGiornata::Onorari, &TestGiornata::Spese, &TestGiornata::Acconti,
+          &TestGiornata::Stampa, &TestGiornata::Salva, &TestGiornata::Riapri}) {
         (this->*Passo)();
         if (QTest::currentTestFailed())
             return;
     }
-    // Another run of the program opens the file.
-    const std::unique_ptr<Programma> Prima = std::move(P);
-    P = std::make_unique<Programma>(QStringList{u"PV2|E|"_s + Salvata});
+}
+
+/// From another note, by the window that finds the saved ones.
+void TestGiornata::Riapri()
+{
+    QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
+    P->Premi(u"ctrl+o"_s);
+    QVERIFY2(P->Aperta(u"Apri da parcelle salvate"_s), qPrintable(P->Stato()));
+    ATTENDI(u"fuoco"_s, "txtDesPar");
+    P->Digita(u"edilnova"_s);
+    // Behind the folder of the templates, which stays.
+    ATTENDI_CHE(P->TestoCella(u"tdbParcelle"_s, 1, 0) == u"rossi appalto");
+    P->Fotografa(u"giornata_trova"_s);
+    P->Premi({u"Down"_s, u"End"_s, u"Return"_s});
     ATTENDI_CHE(P->Chiedi(u"attiva"_s).contains(u"|rossi appalto"));
     ATTENDI(u"testo txtCliente"_s, "Rossi Maria");
     ATTENDI(u"testo txtImporto"_s, "30.000,00");

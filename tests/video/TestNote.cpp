@@ -18,6 +18,7 @@ private Q_SLOTS:
     void chiusaUnaSiSalvaLAltra();
     void ilFuocoTornaDaUnMessaggio();
     void annullareUnaChiusura();
+    void sessioneBassa();
 
 private:
     std::unique_ptr<Programma> P;
@@ -133,6 +134,31 @@ void TestNote::annullareUnaChiusura()
     ATTENDI(u"testo txtOggetto"_s, "appalto");
     ATTENDI(u"fuoco"_s, "txtOggetto");
     QVERIFY(P->InVita());
+}
+
+/// Without desktop and buttons: the note can be written, saved and closed, which ends the program; the keys
+/// of the buttons that are hidden do nothing.
+void TestNote::sessioneBassa()
+{
+    P = std::make_unique<Programma>(QStringList{u"-low"_s});
+    QVERIFY2(P->Aperta(u"Nuova parcella"_s), qPrintable(P->Stato()));
+    ATTENDI(u"fuoco"_s, "txtCliente");
+    P->Digita(u"Bianchi"_s);
+    for (const QString& Tasti : {u"ctrl+n"_s, u"ctrl+o"_s, u"ctrl+shift+t"_s}) {
+        P->Premi(Tasti);
+        QVERIFY2(P->Fermo(u"txtCliente"_s), qPrintable(Tasti + u": "_s + P->Stato()));
+    }
+    QVERIFY2(P->Chiedi(u"attiva"_s).endsWith(u"|Nuova parcella"), qPrintable(P->Stato()));
+    QCOMPARE(P->Chiedi(u"visto barParcelle"_s), QString());
+    P->Premi(u"ctrl+s"_s);
+    ATTENDI_CHE(P->Chiedi(u"attiva"_s).contains(u"Salva"));
+    P->Premi(u"Escape"_s);
+    QVERIFY2(P->Aperta(u"Nuova parcella"_s), qPrintable(P->Stato()));
+    P->Premi(u"ctrl+w"_s);
+    ATTENDI_CHE(P->Messaggio().contains(u"Vuoi salvare"));
+    P->Rispondi(u"Right"_s);  // from Yes to No
+    P->Premi(u"Return"_s);
+    QTRY_VERIFY_WITH_TIMEOUT(!P->InVita(), 15000);
 }
 
 #include "TestNote.moc"

@@ -21,6 +21,7 @@ inline constexpr Modulo Calcolatrici[] = {
 
 inline constexpr Modulo Impostazioni{"impostazioni", "ctrl+shift+p",
                                      "Calcanova - Personalizzazione programma"};
+inline constexpr Modulo Trova{"trova", "ctrl+o", "Apri da parcelle salvate"};
 
 /// Rows of every window that a key opens.
 inline void RigheModuli()
@@ -28,12 +29,14 @@ inline void RigheModuli()
     QTest::addColumn<QString>("Nome");
     QTest::addColumn<QString>("Tasti");
     QTest::addColumn<QString>("Titolo");
+    const auto Aggiungi = [](const Modulo& Finestra) {
+        QTest::newRow(Finestra.Nome) << QString::fromUtf8(Finestra.Nome) << QString::fromUtf8(Finestra.Tasti)
+                                     << QString::fromUtf8(Finestra.Titolo);
+    };
     for (const Modulo& Calcolo : Calcolatrici)
-        QTest::newRow(Calcolo.Nome) << QString::fromUtf8(Calcolo.Nome) << QString::fromUtf8(Calcolo.Tasti)
-                                    << QString::fromUtf8(Calcolo.Titolo);
-    QTest::newRow(Impostazioni.Nome) << QString::fromUtf8(Impostazioni.Nome)
-                                     << QString::fromUtf8(Impostazioni.Tasti)
-                                     << QString::fromUtf8(Impostazioni.Titolo);
+        Aggiungi(Calcolo);
+    Aggiungi(Impostazioni);
+    Aggiungi(Trova);
 }
 
 struct SchedaParcella

@@ -12,7 +12,8 @@
 //   popup            name of the open list or menu
 //   valori           names of what holds a value on view in the active window: boxes, lists, numbers, sliders
 //   liste            those of them that are lists
-//   tagliati         what in the active window has no room for its text, as NAME=text, one beside the other; a page
+//   tagliati         what in the active window has no room for its text, as NAME=text, one beside the other;
+//   a page
 //                    that scrolls sideways too
 //   testo NAME       what a widget shows; a check box or option "1" or "0"
 //   visto NAME       "1" on view and enabled, "0" on view, empty elsewhere
