@@ -8,7 +8,7 @@
 #include "core/app/avvio.h"
 #include "core/comandi.h"
 #include "core/posti.h"
-#include "feenote/windows/frmTrovaParcella.h"
+#include "feenote/finder/windows/frmTrovaParcella.h"
 #include "feenote/windows/selettore.h"
 #include "platform/network/segnale.h"
 #include "platform/system/file.h"

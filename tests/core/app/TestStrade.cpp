@@ -7,9 +7,9 @@
 #include "core/comandi.h"
 #include "core/desktop/iconastudio.h"
 #include "core/posti.h"
+#include "feenote/finder/windows/frmTrovaParcella.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
-#include "feenote/windows/frmTrovaParcella.h"
 #include "platform/kit/campo.h"
 #include "platform/system/file.h"
 

@@ -1,8 +1,8 @@
 // The finder on the real form: keys, mouse, files.
-#include "tavolo.h"
+#include "feenote/windows/tavolo.h"
 
 #include "feenote/finder/finder_prova.h"
-#include "feenote/windows/frmTrovaParcella.h"
+#include "feenote/finder/windows/frmTrovaParcella.h"
 #include "platform/system/file.h"
 
 #include <QHeaderView>

@@ -1,5 +1,5 @@
 // The finder: the walk and the rows that come of it.
-#include "feenote/windows/frmTrovaParcella.h"
+#include "feenote/finder/windows/frmTrovaParcella.h"
 
 #include "core/modErrori.h"
 #include "feenote/windows/noteaperte.h"

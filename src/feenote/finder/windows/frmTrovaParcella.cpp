@@ -1,5 +1,5 @@
 // The finder: controls, keys, what is done with a row.
-#include "feenote/windows/frmTrovaParcella.h"
+#include "feenote/finder/windows/frmTrovaParcella.h"
 
 #include "core/aperture.h"
 #include "core/modErrori.h"
