@@ -4,10 +4,13 @@
 #include "core/desktop/iconastudio.h"
 #include "core/posti.h"
 #include "platform/kit/aspetto.h"
+#include "platform/kit/testobordo.h"
 #include "platform/system/file.h"
 
 #include <QImage>
 #include <QMap>
+#include <QMdiArea>
+#include <QMenu>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QToolButton>
@@ -45,6 +48,13 @@ private Q_SLOTS:
     void iconePersonali();
     void ridisegnoNonRaddoppia();
     void collegamenti();
+    void collegamentoCheManca();
+    void laCorniceSegueLoSfondo();
+    void titoloLungo();
+    void menuDellIcona_data();
+    void menuDellIcona();
+    void preparazioneDueVolte();
+    void ridisegnaMentreUnaIconaEPremuta();
     void senzaFigura();
     void figuraNonStirata();
     void fileDelleIconeIlleggibile();
@@ -427,15 +437,152 @@ void TestFrmStudio::ridisegnoNonRaddoppia()
 void TestFrmStudio::collegamenti()
 {
     const Registratore Box;
-    sessione::PercorsoProg = ProgrammaConIcone("L0=Sito\r\nL0_c=www.calcanova.example\r\nL0_i=s.gif\r\n"
-                                               "L1=Sicuro\r\nL1_c=https://calcanova.example\r\nL1_i=s.gif\r\n"
-                                               "L2=Agenda\r\nL2_c=/opt/agenda\r\nL2_i=a.gif\r\n");
+    sessione::PercorsoProg =
+        ProgrammaConIcone("L0=Sito\r\nL0_c=www.calcanova.example/Una/Pagina\r\nL0_i=s.gif\r\n"
+                          "L1=Sicuro\r\nL1_c=https://calcanova.example\r\nL1_i=s.gif\r\n"
+                          "L2=Agenda\r\nL2_c=agenda\r\nL2_i=a.gif\r\n");
+    const QString Agenda = sessione::PercorsoProg + u"agenda"_s;
+    ScriviFile(Agenda, "#!/bin/sh\n");
+    QVERIFY(QFile::setPermissions(Agenda, QFile::ReadOwner | QFile::ExeOwner));
     const frmStudio& Scrivania = Apri();
     for (int i = 15; i < Scrivania.NumeroIcone(); ++i)
         Scrivania.imgMenu(i)->click();
-    QCOMPARE(S->Eventi, (QStringList{u"indirizzo http://www.calcanova.example"_s,
+    QCOMPARE(S->Eventi, (QStringList{u"indirizzo http://www.calcanova.example/Una/Pagina"_s,
                                      u"indirizzo https://calcanova.example"_s,
-                                     u"avvia /opt/agenda in "_s + sessione::PercorsoProg}));
+                                     u"avvia "_s + Agenda + u" in "_s + sessione::PercorsoProg}));
+}
+
+void TestFrmStudio::collegamentoCheManca()
+{
+    Registratore Box;
+    sessione::PercorsoProg = ProgrammaConIcone("L0=Agenda\r\nL0_c=/opt/agenda\r\nL0_i=a.gif\r\n");
+    const frmStudio& Scrivania = Apri();
+    S->Clessidre.clear();
+    Box.Attendi(u"Errore: "_s + DescrizioneErrore(errori::FileMancante) + u": /opt/agenda (53)"_s, vbOK,
+                u"Errore:"_s);
+    Scrivania.imgMenu(15)->click();
+    QVERIFY(S->Clessidre.endsWith(u'-'));
+    // A row that has gone since does nothing.
+    IconeUtente.Azzera(ColonneIcona);
+    Scrivania.imgMenu(15)->click();
+    QCOMPARE(S->Eventi, QStringList());
+}
+
+void TestFrmStudio::laCorniceSegueLoSfondo()
+{
+    sessione::PercorsoProg = ProgrammaConIcone({});
+    CreaCartella(sessione::PercorsoProg + u"sfondi"_s);
+    QImage Rossa(8, 8, QImage::Format_RGB32);
+    Rossa.fill(Qt::red);
+    QVERIFY(Rossa.save(sessione::PercorsoProg + u"sfondi/rossa.png"_s));
+    auto* Area = Singola<frmMain>().Area();
+    QVERIFY(Area->background().texture().isNull());
+    sessione::SfondoDesktop = u"rossa.png"_s;
+    frmStudio& Scrivania = Singola<frmStudio>();
+    Scrivania.LoadGraph();
+    QCOMPARE(Area->background().texture().toImage().pixelColor(1, 1), QColor(Qt::red));
+    sessione::SfondoDesktop.clear();
+    Scrivania.LoadGraph();
+    QVERIFY(Area->background().texture().isNull());
+}
+
+void TestFrmStudio::titoloLungo()
+{
+    const QByteArray Lungo = QByteArray("Elenco dei procedimenti della sezione ").repeated(3).trimmed();
+    sessione::PercorsoProg =
+        ProgrammaConIcone("L0=" + Lungo +
+                          "\r\nL0_c=/a\r\nL0_i=a.gif\r\n"
+                          "L1=Precipitevolissimevolmentissimamente\r\nL1_c=/a\r\nL1_i=a.gif\r\n");
+    sessione::ColoreEtichette = 0x0000FF;
+    sessione::ColoreEtichetteBordo = 0x0000FF;
+    sessione::ColoreSfondoDesktop = 0xFFFFFF;
+    frmStudio& Scrivania = Apri();
+    for (const int Indice : {15, 16}) {
+        const QImage Vista = Scrivania.imgMenu(Indice)->grab().toImage();
+        // Nothing of the label is cut at the edges: they stay clear of its colour.
+        for (int x = 0; x < Vista.width(); ++x)
+            QVERIFY(Vista.pixelColor(x, Vista.height() - 1) != QColor(Qt::red));
+    }
+    QCOMPARE(Scrivania.imgMenu(15)->toolTip(), u"Icona personale: "_s + QString::fromLatin1(Lungo));
+}
+
+void TestFrmStudio::menuDellIcona_data()
+{
+    QTest::addColumn<QString>("Voce");
+    QTest::addColumn<QString>("Atteso");
+
+    QTest::newRow("edit") << u"Modifica..."_s << u"icona 1 modifica"_s;
+    QTest::newRow("delete") << u"Elimina..."_s << u"icona 1 elimina"_s;
+    QTest::newRow("neither") << u""_s << u""_s;
+}
+
+void TestFrmStudio::menuDellIcona()
+{
+    QFETCH(QString, Voce);
+    QFETCH(QString, Atteso);
+    sessione::PercorsoProg = ProgrammaConIcone("L0=A\r\nL0_c=/a\r\nL0_i=a.gif\r\n"
+                                               "L1=B\r\nL1_c=/b\r\nL1_i=b.gif\r\n");
+    Aperture.IconaPersonale = [this](int Riga, bool Elimina) {
+        S->Annota(u"icona %1 "_s.arg(Riga) + (Elimina ? u"elimina"_s : u"modifica"_s));
+    };
+    const frmStudio& Scrivania = Apri();
+    QTimer::singleShot(0, this, [&] {
+        auto* Menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        QVERIFY(Menu);
+        for (QAction* Azione : Menu->actions())
+            if (Azione->text().remove(u'&') == Voce)
+                Menu->setActiveAction(Azione);
+        QTest::keyClick(Menu, Voce.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
+        if (QApplication::activePopupWidget())
+            Menu->close();
+    });
+    QContextMenuEvent Chiesto(QContextMenuEvent::Mouse, QPoint(5, 5),
+                              Scrivania.imgMenu(16)->mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(Scrivania.imgMenu(16), &Chiesto);
+    QCOMPARE(S->Eventi.join(u' '), Atteso);
+}
+
+void TestFrmStudio::preparazioneDueVolte()
+{
+    Registratore Box;
+    sessione::StudioNome.clear();
+    const QString Buona = sessione::PercorsoProg;
+    sessione::PercorsoProg = NuovaCartella();
+    QList<int> Schede;
+    // The first time the folder is put right, the name is not; then the name.
+    Aperture.Impostazioni = [&](int Scheda, bool Modale) {
+        QVERIFY(Modale);
+        Schede << Scheda;
+        if (Schede.size() == 1)
+            sessione::PercorsoProg = Buona;
+        else
+            sessione::StudioNome = u"Studio"_s;
+    };
+    Box.Attendi(u"Impostare la cartella dell'archivio parcelle!"_s);
+    Box.Attendi(u"Il programma non è stato ancora personalizzato. E' pertanto necessario procedere\n"
+                u"all'inserimento dei dati identificativi dello studio."_s);
+    Apri();
+    QTRY_COMPARE(Schede, (QList<int>{2, 0}));
+}
+
+void TestFrmStudio::ridisegnaMentreUnaIconaEPremuta()
+{
+    const Registratore Box;
+    sessione::PercorsoProg = ProgrammaConIcone("L0=Sito\r\nL0_c=www.x.example\r\nL0_i=s.gif\r\n");
+    frmStudio& Scrivania = Apri();
+    // The click of the icon saves the settings, and the icon goes behind it.
+    Shell Nuova;
+    Nuova.ApriIndirizzo = [&](const QString&) {
+        QFile::remove(sessione::PercorsoProg + u"kr5.ini"_s);
+        Scrivania.SegnaRidisegno();
+        return 0;
+    };
+    Shell Prima = InstallaShell(std::move(Nuova));
+    Scrivania.imgMenu(15)->click();
+    InstallaShell(std::move(Prima));
+    QCOMPARE(Scrivania.NumeroIcone(), int(Fisse.size()) + 1);
+    Respiro();
+    QCOMPARE(Scrivania.NumeroIcone(), int(Fisse.size()));
 }
 
 void TestFrmStudio::senzaFigura()
