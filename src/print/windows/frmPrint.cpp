@@ -9,7 +9,9 @@
 #include "platform/system/messaggi.h"
 #include "platform/system/shell.h"
 
+#include <QKeyEvent>
 #include <QStatusBar>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 

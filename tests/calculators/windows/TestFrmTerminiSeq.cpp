@@ -39,6 +39,7 @@ private Q_SLOTS:
     void rifiuti_data();
     void rifiuti();
     void annoDiDueCifre();
+    void annoDiDueCifreLasciandoLaData();
     void settembreDal2015();
     void fuoriDalCalendario();
     void sabato();
@@ -212,6 +213,17 @@ void TestFrmTerminiSeq::rifiuti()
     Compila(u"14032012"_s);
     B->Calcola();
     QCOMPARE(B->Risultato(), Memorie2012);
+}
+
+void TestFrmTerminiSeq::annoDiDueCifreLasciandoLaData()
+{
+    QWidget* Sabato = B->Uno(u"chkSabato"_s);
+    B->Scrivi(u"mskDecorr"_s, u"010306"_s);
+    QVERIFY(Sabato->isEnabled());
+    B->Uno(u"cmbArticolo"_s)->setFocus();
+    QVERIFY(!Sabato->isEnabled());
+    QCOMPARE(B->Calendario()->Data(), QDate(2006, 3, 1));
+    QCOMPARE(B->Data()->Testo(), u"01/03/06__"_s);
 }
 
 void TestFrmTerminiSeq::settembreDal2015()
