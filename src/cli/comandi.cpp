@@ -103,7 +103,7 @@ const ComandoCli* CercaComando(const QString& Nome)
 QString Aiuto()
 {
     QString Testo = u"Uso: calcanova-cli [--programma DIR] [--utente DIR] [--json] [--batch] [--righe] "
-                    "COMANDO VALORI...\n\n"_s;
+                    "[--multipla NOTA [--prima]] COMANDO VALORI...\n\n"_s;
     for (const ComandoCli& Comando : ComandiCli())
         Testo += u"  "_s + Comando.Nome.toString().leftJustified(12) + Comando.Valori.toString() + u'\n';
     return Testo +
@@ -180,13 +180,26 @@ private:
     bool Critico = false;
 };
 
+/// A command that can join another note, without one.
+template <Risposta (*Comando)(const QStringList&, const NotaMultipla&)>
+Risposta DaSolo(const QStringList& Valori)
+{
+    return Comando(Valori, {});
+}
+
+Risposta Esegui(const ComandoCli& Comando, const RigaComando& Chiamata, const QStringList& Valori)
+{
+    return Chiamata.Multipla.isEmpty() ? Comando.Esegui(Valori)
+                                       : Comando.ConMultipla(Valori, {Chiamata.Multipla, Chiamata.Prima});
+}
+
 int EseguiUno(const ComandoCli& Comando, const RigaComando& Chiamata, VoceCli& Voce,
               const std::function<void(const QByteArray&)>& Uscita,
               const std::function<void(const QByteArray&)>& Guasti)
 {
     ControllaNumero(Comando, Chiamata.Valori);
     try {
-        const Risposta Esito = Comando.Esegui(Chiamata.Valori);
+        const Risposta Esito = Esegui(Comando, Chiamata, Chiamata.Valori);
         Uscita(Riga(Esito, Chiamata));
         return Esito.Fallita || Voce.Guasto() ? 1 : 0;
     } catch (...) {
@@ -196,12 +209,12 @@ int EseguiUno(const ComandoCli& Comando, const RigaComando& Chiamata, VoceCli& V
 }
 
 /// One answer per line, errors included; a wrong case never stops the others.
-Risposta RispostaCaso(const ComandoCli& Comando, const QString& Caso)
+Risposta RispostaCaso(const ComandoCli& Comando, const RigaComando& Chiamata, const QString& Caso)
 {
     try {
         const QStringList Valori = DividiCaso(Caso, Comando.DivideAllUltimo);
         ControllaNumero(Comando, Valori);
-        return Comando.Esegui(Valori);
+        return Esegui(Comando, Chiamata, Valori);
     } catch (const ErroreUso& Uso) {
         return {u"errore: "_s + Uso.Testo, {{u"errore"_s, Uso.Testo}}, true};
     } catch (...) {
@@ -220,7 +233,7 @@ int EseguiTutti(const ComandoCli& Comando, const RigaComando& Chiamata,
         while (Letta.endsWith('\n') || Letta.endsWith('\r'))
             Letta.chop(1);
         if (!Letta.isEmpty())
-            Uscita(Riga(RispostaCaso(Comando, QString::fromUtf8(Letta)), Chiamata));
+            Uscita(Riga(RispostaCaso(Comando, Chiamata, QString::fromUtf8(Letta)), Chiamata));
     }
     return 0;
 }
@@ -238,10 +251,12 @@ std::span<const ComandoCli> ComandiCli()
             u"ONORARI SPESE_IMP SPESE_ESENTI ACC_CORR ACC_SPESE_IMP ACC_SPESE_ESENTI SPESE_GEN% CP% IVA% RA% "
             u"[TIPO [REGIME]]",
             10, 12, false, ComandoTasse},
-        ComandoCli{u"riepilogo", u"NOTA.mdb [TIPO]", 1, 2, false, ComandoRiepilogo},
+        ComandoCli{u"riepilogo", u"NOTA.mdb [TIPO]", 1, 2, false, DaSolo<ComandoRiepilogo>, false,
+                   ComandoRiepilogo},
         ComandoCli{u"crea", u"DESCRIZIONE.json NOTA.mdb", 2, 2, false, ComandoCrea},
         ComandoCli{u"nota", u"NOTA.mdb", 1, 1, false, ComandoNota},
-        ComandoCli{u"stampa", u"NOTA.mdb TIPO USCITA.txt|.pdf|.doc|.htm", 3, 3, false, ComandoStampa},
+        ComandoCli{u"stampa", u"NOTA.mdb TIPO USCITA.txt|.pdf|.doc|.htm", 3, 3, false, DaSolo<ComandoStampa>,
+                   false, ComandoStampa},
         ComandoCli{u"trova", u"CARTELLA [TESTO [SOTTOCARTELLE]]", 1, 3, false, ComandoTrova},
         ComandoCli{u"termini", u"DECORRENZA NUMERO TIPO [SOSPENSIONE [LIBERO [SABATO [VERSO]]]]", 3, 7, false,
                    ComandoTermini},
@@ -298,6 +313,8 @@ int EseguiCli(const QStringList& Argomenti, const std::function<QByteArray()>& I
                                                        : u"Comando sconosciuto: %1"_s.arg(Chiamata.Comando)};
         if (Chiamata.Righe && !Comando->HaRighe)
             throw ErroreUso{u"L'opzione --righe non vale per il comando %1"_s.arg(Comando->Nome)};
+        if (!Chiamata.Multipla.isEmpty() && !Comando->ConMultipla)
+            throw ErroreUso{u"L'opzione --multipla non vale per il comando %1"_s.arg(Comando->Nome)};
         VoceCli Voce(Guasti);
         PreparaSessione(Chiamata);
         (void)Voce.Guasto();  // a setting that is off is told, but is no failure of the command

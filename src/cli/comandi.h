@@ -20,6 +20,13 @@ struct Risposta
     QString Righe{};       ///< what --righe adds behind a "|"
 };
 
+/// The note that a command joins to its own; no path: none.
+struct NotaMultipla
+{
+    QString Percorso;
+    bool Prima = false;  ///< it stands before the command's own
+};
+
 /// A command and the shape of its call.
 struct ComandoCli
 {
@@ -30,6 +37,8 @@ struct ComandoCli
     bool DivideAllUltimo;  ///< --batch splits a case at the last ";"
     std::function<Risposta(const QStringList& Valori)> Esegui;
     bool HaRighe = false;  ///< --righe means something to it
+    /// The same command with another note joined to its own; none where --multipla means nothing to it.
+    std::function<Risposta(const QStringList& Valori, const NotaMultipla& Altra)> ConMultipla = {};
 };
 
 /// The table of commands, in the order of the help.
@@ -38,8 +47,8 @@ struct ComandoCli
 /// The commands that work on fee-note files.
 [[nodiscard]] Risposta ComandoCrea(const QStringList& Valori);
 [[nodiscard]] Risposta ComandoNota(const QStringList& Valori);
-[[nodiscard]] Risposta ComandoRiepilogo(const QStringList& Valori);
-[[nodiscard]] Risposta ComandoStampa(const QStringList& Valori);
+[[nodiscard]] Risposta ComandoRiepilogo(const QStringList& Valori, const NotaMultipla& Altra = {});
+[[nodiscard]] Risposta ComandoStampa(const QStringList& Valori, const NotaMultipla& Altra = {});
 [[nodiscard]] Risposta ComandoTrova(const QStringList& Valori);
 
 /// The calculators.

@@ -3,6 +3,7 @@
 
 #include "feenote/file/modDescrizione.h"
 #include "feenote/file/modLettura.h"
+#include "feenote/file/modMultipla.h"
 #include "feenote/file/modPosaFile.h"
 #include "feenote/file/modSalvataggio.h"
 #include "feenote/modDatiStampa.h"
@@ -33,6 +34,18 @@ Parcella LeggiNota(const QString& Percorso)
 {
     Parcella Nota;
     CaricaDati(Nota, PercorsoNativo(Percorso));
+    return Nota;
+}
+
+/// A note with another one joined to it, as the window's panel does.
+Parcella LeggiNota(const QString& Percorso, const NotaMultipla& Altra)
+{
+    Parcella Nota = LeggiNota(Percorso);
+    if (Altra.Percorso.isEmpty())
+        return Nota;
+    if (!AssociaMulti(Nota, Altra.Percorso))
+        throw Errore(5, StessaParcella.toString());
+    Nota.optMultiAntPos = Altra.Prima ? 1 : 0;
     return Nota;
 }
 
@@ -124,21 +137,21 @@ Risposta ComandoNota(const QStringList& Valori)
     return {QString::fromUtf8(Json).trimmed(), QJsonDocument::fromJson(Json).object(), false};
 }
 
-Risposta ComandoRiepilogo(const QStringList& Valori)
+Risposta ComandoRiepilogo(const QStringList& Valori, const NotaMultipla& Altra)
 {
     const int Tipo = LeggiTipo(Valori.value(1, u"0"_s));
-    Parcella Nota = LeggiNota(Valori[0]);
+    Parcella Nota = LeggiNota(Valori[0], Altra);
     ScegliTipoStampa(Nota, Tipo);
     return RispostaRiepilogo(CatenaFiscale(Nota, Tipo));
 }
 
-Risposta ComandoStampa(const QStringList& Valori)
+Risposta ComandoStampa(const QStringList& Valori, const NotaMultipla& Altra)
 {
     const int Tipo = LeggiTipo(Valori[1]);
     const QString Uscita = PercorsoNativo(Valori[2]);
     const Formato& Formato = FormatoDi(Uscita);
     const QString Documento = TipoDi(Tipo).Nome.toString();
-    Parcella Nota = LeggiNota(Valori[0]);
+    Parcella Nota = LeggiNota(Valori[0], Altra);
     // As the list of the print tab would: another document has its own switches and words the client; the one
     // that the note was saved with stands as it was saved.
     if (Tipo != Nota.cmbTipoStampa)

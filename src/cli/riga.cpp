@@ -8,9 +8,9 @@ RigaComando LeggiRiga(const QStringList& Argomenti)
     bool Opzioni = true;
     for (qsizetype i = 0; i < Argomenti.size(); ++i) {
         const QString& Parola = Argomenti[i];
-        const auto Cartella = [&] {
+        const auto Seguente = [&](const QString& Cosa) {
             if (i + 1 >= Argomenti.size())
-                throw ErroreUso{u"L'opzione %1 vuole una cartella."_s.arg(Parola)};
+                throw ErroreUso{u"L'opzione %1 vuole una %2."_s.arg(Parola, Cosa)};
             return Argomenti[++i];
         };
         if (Opzioni && Parola == u"--")
@@ -24,9 +24,13 @@ RigaComando LeggiRiga(const QStringList& Argomenti)
         else if (Opzioni && (Parola == u"--help" || Parola == u"--aiuto"))
             Riga.Aiuto = true;
         else if (Opzioni && Parola == u"--programma")
-            Riga.Programma = Cartella();
+            Riga.Programma = Seguente(u"cartella"_s);
         else if (Opzioni && Parola == u"--utente")
-            Riga.Utente = Cartella();
+            Riga.Utente = Seguente(u"cartella"_s);
+        else if (Opzioni && Parola == u"--multipla")
+            Riga.Multipla = Seguente(u"parcella"_s);
+        else if (Opzioni && Parola == u"--prima")
+            Riga.Prima = true;
         else if (Opzioni && Parola.startsWith(u"--"))
             throw ErroreUso{u"Opzione sconosciuta: %1"_s.arg(Parola)};
         else if (Riga.Comando.isEmpty())
@@ -34,6 +38,8 @@ RigaComando LeggiRiga(const QStringList& Argomenti)
         else
             Riga.Valori.append(Parola);
     }
+    if (Riga.Prima && Riga.Multipla.isEmpty())
+        throw ErroreUso{u"L'opzione --prima vale solo con --multipla."_s};
     return Riga;
 }
 

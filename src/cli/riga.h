@@ -12,6 +12,8 @@ struct RigaComando
     bool Json = false;   ///< --json
     bool Batch = false;  ///< --batch: cases come from standard input
     bool Righe = false;  ///< --righe: the answer with its lines
+    QString Multipla;    ///< --multipla NOTA: the note that is joined to the one of the command
+    bool Prima = false;  ///< --prima: it stands before that one
     bool Aiuto = false;  ///< --help or --aiuto
     QString Programma;   ///< --programma DIR
     QString Utente;      ///< --utente DIR

@@ -204,6 +204,15 @@ void CaricaDati(Parcella& Nota, const QString& Percorso)
     SetModificata(Nota, false);
 }
 
+void LeggiInSilenzio(Parcella& Nota, const Database& File)
+{
+    NotaLetta Letta{Nota};
+    LeggiParametri(File, Letta);
+    ApplicaParametri(Letta);
+    CaricaRighe(Nota, File);
+    CaricaAcconti(Nota, File);
+}
+
 QString LeggiPsw(const QString& Percorso)
 {
     const Recordset Param = OpenDatabase(Percorso, true).OpenRecordset(TabellaParam.toString());

@@ -6,6 +6,8 @@
 
 #include <QString>
 
+class Database;
+
 /// Lines and payments that a file may hold; more is a damaged or hostile one.
 constexpr int MassimoRigheFile = 100'000;
 
@@ -18,6 +20,11 @@ constexpr int MassimoRigheFile = 100'000;
 /// @throws Errore when the file or the reference database cannot be opened or read: the note is then a new
 /// one without a path
 void CaricaDati(Parcella& Nota, const QString& Percorso);
+
+/// Reads parameters, lines and payments of a file into a new note, and nothing else: no message, no upgrade,
+/// no party looked up, no path, no password.
+/// @throws Errore as CaricaDati
+void LeggiInSilenzio(Parcella& Nota, const Database& File);
 
 /// The password of a file, decoded; empty when it has none. One that cannot be decoded comes as it stands:
 /// the file is protected none the less.

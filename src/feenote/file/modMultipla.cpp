@@ -1,0 +1,92 @@
+#include "feenote/file/modMultipla.h"
+
+#include "core/modErrori.h"
+#include "feenote/file/modLettura.h"
+#include "feenote/modNuovaParcella.h"
+#include "feenote/modTotali.h"
+#include "platform/base/errore.h"
+#include "platform/database/database.h"
+#include "platform/system/file.h"
+#include "platform/system/percorsi.h"
+
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Whoever could not be written to is read none the less: the attribute is no reason to do without the note.
+void TogliSolaLettura(const QString& File)
+{
+    try {
+        if (SolaLettura(File))
+            ImpostaSolaLettura(File, false);
+    } catch (const Errore&) {
+        return;  // a medium that is read-only as a whole
+    }
+}
+
+bool StessoFile(const QString& Uno, const QString& Altro)
+{
+    if (Uno.isEmpty() || Altro.isEmpty())
+        return false;
+    const QString Vero = QFileInfo(Uno).canonicalFilePath();
+    return Uno == Altro || (!Vero.isEmpty() && Vero == QFileInfo(Altro).canonicalFilePath());
+}
+
+/// As it is spelled on the disk, without ".mdb".
+QString NomeDi(const QString& File)
+{
+    constexpr QStringView Estensione = u".mdb";
+    const QString Nome = NomeFile(File);
+    return Nome.endsWith(Estensione, Qt::CaseInsensitive) ? Nome.chopped(Estensione.size()) : Nome;
+}
+
+}  // namespace
+
+NotaAssociata DatiMulti(const Parcella& Altra)
+{
+    const Somme Totali = CalcolaSomme(Altra);
+    NotaAssociata Dati;
+    Dati.Categ = TestoCategoria(Altra);
+    Dati.Autor = TestoAutorita(Altra);
+    Dati.Valore = TestoValore(Altra);
+    Dati.Oggetto = Altra.txtOggetto.Testo;
+    Dati.xOnorari = Altra.xOnorari;
+    Dati.xDiritti = Altra.xDiritti;
+    Dati.xAcconti = Altra.xAcconti;
+    Dati.TotOnorari = Totali.TotOnorari;
+    Dati.TotSpeseImp = Totali.TotSpeseImp;
+    Dati.TotSpeseEsenti = Totali.TotSpeseEsenti;
+    return Dati;
+}
+
+NotaAssociata LeggiMulti(const QString& Percorso)
+{
+    const QString File = PercorsoNativo(Percorso);
+    Parcella Altra;
+    NuovaParcella(Altra);
+    LeggiInSilenzio(Altra, OpenDatabase(File, true));
+    TogliSolaLettura(File);
+    return DatiMulti(Altra);
+}
+
+bool AssociaMulti(Parcella& Nota, const QString& Percorso, const Parcella* Aperta)
+{
+    const QString File = PercorsoNativo(Percorso);
+    if (Aperta == &Nota || StessoFile(File, PercorsoNativo(Nota.Percorso))) {
+        MsgErrore(StessaParcella.toString());
+        return false;
+    }
+    Nota.Multi = Aperta ? DatiMulti(*Aperta) : LeggiMulti(File);
+    Nota.txtPathParcMult = File;
+    Nota.txtParcMultipla = NomeDi(File);
+    return true;
+}
+
+void TogliMulti(Parcella& Nota)
+{
+    Nota.Multi = {};
+    Nota.txtParcMultipla.clear();
+    Nota.txtPathParcMult.clear();
+}
