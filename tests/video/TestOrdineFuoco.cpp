@@ -18,6 +18,8 @@ private Q_SLOTS:
     void cleanup();
     void modulo_data() { RigheModuli(); }
     void modulo();
+    void impostazioni_data() { RigheImpostazioni(); }
+    void impostazioni();
     void scheda_data() { RigheSchede(); }
     void scheda();
     void schedaInformativa();
@@ -25,7 +27,7 @@ private Q_SLOTS:
 
 private:
     [[nodiscard]] QStringList Giro(const QString& Tasto);
-    void Percorri(const QString& Nome);
+    void Percorri(const QString& Nome, bool ConInvio = true);
     static void Confronta(const QString& Nome, const QStringList& Incontrati);
 
     std::unique_ptr<Programma> P;
@@ -86,12 +88,14 @@ void TestOrdineFuoco::Confronta(const QString& Nome, const QStringList& Incontra
 }
 
 /// Enter first, since it may begin where the window does; Shift+Tab goes back through what Tab has met.
-void TestOrdineFuoco::Percorri(const QString& Nome)
+void TestOrdineFuoco::Percorri(const QString& Nome, bool ConInvio)
 {
     ATTENDI_CHE(!P->Fuoco().isEmpty());
     const QString Prima = P->Fuoco();
-    Confronta(Nome + u"_invio"_s, Giro(u"Return"_s));
-    QVERIFY2(P->VaiA(Prima), qPrintable(P->Stato()));
+    if (ConInvio) {
+        Confronta(Nome + u"_invio"_s, Giro(u"Return"_s));
+        QVERIFY2(P->VaiA(Prima), qPrintable(P->Stato()));
+    }
     const QStringList Avanti = Giro(u"Tab"_s);
     QCOMPARE(P->Fuoco(), Prima);  // the ring is closed
     Confronta(Nome, Avanti);
@@ -108,6 +112,14 @@ void TestOrdineFuoco::modulo()
     P->Premi(Tasti);
     QVERIFY2(P->Aperta(Titolo), qPrintable(P->Stato()));
     Percorri(Nome);
+}
+
+void TestOrdineFuoco::impostazioni()
+{
+    QFETCH(QString, Nome);
+    QFETCH(QString, Titolo);
+    QVERIFY2(P->AlleImpostazioni(Titolo), qPrintable(P->Stato()));
+    Percorri(u"impostazioni_"_s + Nome, false);  // Enter saves, as on the first tab
 }
 
 void TestOrdineFuoco::scheda()

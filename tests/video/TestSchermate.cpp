@@ -13,6 +13,8 @@ private Q_SLOTS:
     void cleanup();
     void modulo_data() { RigheModuli(); }
     void modulo();
+    void impostazioni_data() { RigheImpostazioni(); }
+    void impostazioni();
     void moduloPieno_data();
     void moduloPieno();
     void scrivania();
@@ -75,6 +77,16 @@ void TestSchermate::modulo()
     P->Premi(Tasti);
     QVERIFY2(P->Aperta(Titolo), qPrintable(P->Stato()));
     Guarda(Nome);
+}
+
+void TestSchermate::impostazioni()
+{
+    QFETCH(QString, Nome);
+    QFETCH(QString, Titolo);
+    P = std::make_unique<Programma>();
+    QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
+    QVERIFY2(P->AlleImpostazioni(Titolo), qPrintable(P->Stato()));
+    Guarda(u"impostazioni_"_s + Nome);
 }
 
 void TestSchermate::moduloPieno_data()

@@ -14,6 +14,8 @@ private Q_SLOTS:
     void cleanup();
     void modificatoriNelModulo_data() { RigheModuli(); }
     void modificatoriNelModulo();
+    void modificatoriNelleImpostazioni_data() { RigheImpostazioni(); }
+    void modificatoriNelleImpostazioni();
     void modificatoriNellaScheda_data() { RigheSchede(); }
     void modificatoriNellaScheda();
     void modificatoriMentreSiScrive();
@@ -21,6 +23,8 @@ private Q_SLOTS:
     void modificatoriNelleCelle();
     void rotellaNelModulo_data() { RigheModuli(); }
     void rotellaNelModulo();
+    void rotellaNelleImpostazioni_data() { RigheImpostazioni(); }
+    void rotellaNelleImpostazioni();
     void rotellaNellaScheda_data() { RigheSchede(); }
     void rotellaNellaScheda();
     void rotellaSulPannello();
@@ -112,6 +116,13 @@ void TestTasti::modificatoriNelModulo()
     QFETCH(QString, Titolo);
     P->Premi(Tasti);
     QVERIFY2(P->Aperta(Titolo), qPrintable(P->Stato()));
+    SfioraOgniFermata();
+}
+
+void TestTasti::modificatoriNelleImpostazioni()
+{
+    QFETCH(QString, Titolo);
+    QVERIFY2(P->AlleImpostazioni(Titolo), qPrintable(P->Stato()));
     SfioraOgniFermata();
 }
 
@@ -238,6 +249,13 @@ void TestTasti::rotellaNelModulo()
     QFETCH(QString, Titolo);
     P->Premi(Tasti);
     QVERIFY2(P->Aperta(Titolo), qPrintable(P->Stato()));
+    GiraSuiValori();
+}
+
+void TestTasti::rotellaNelleImpostazioni()
+{
+    QFETCH(QString, Titolo);
+    QVERIFY2(P->AlleImpostazioni(Titolo), qPrintable(P->Stato()));
     GiraSuiValori();
 }
 

@@ -58,3 +58,13 @@ inline void RigheSchede()
     for (const SchedaParcella& Scheda : SchedeParcella)
         QTest::newRow(Scheda.Nome) << QString::fromUtf8(Scheda.Nome) << QString::fromUtf8(Scheda.Titolo);
 }
+
+/// Rows of the tabs of the settings behind the first, which comes up with the window.
+inline void RigheImpostazioni()
+{
+    QTest::addColumn<QString>("Nome");
+    QTest::addColumn<QString>("Titolo");
+    QTest::newRow("contabili") << QStringLiteral("contabili") << QStringLiteral("Dati contabili");
+    QTest::newRow("setup") << QStringLiteral("setup") << QStringLiteral("Setup");
+    QTest::newRow("desktop") << QStringLiteral("desktop") << QStringLiteral("Personalizza desktop");
+}

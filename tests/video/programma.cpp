@@ -177,6 +177,21 @@ bool Programma::AllaScheda(const QString& Titolo)
     return Testo(u"tabParcelle"_s) == Titolo && Messaggio().isEmpty();
 }
 
+bool Programma::AlleImpostazioni(const QString& Titolo)
+{
+    Premi(u"ctrl+shift+p"_s);
+    if (!Aperta(u"Calcanova - Personalizzazione programma"_s))
+        return false;
+    constexpr int Schede = 4;
+    for (int i = 0; i < Schede && Testo(u"tabSetup"_s) != Titolo; ++i) {
+        const QString Prima = Testo(u"tabSetup"_s);
+        Premi(u"ctrl+Tab"_s);
+        if (!Attendi(u"testo tabSetup"_s, [&Prima](const QString& Ora) { return Ora != Prima; }))
+            break;
+    }
+    return Testo(u"tabSetup"_s) == Titolo && Messaggio().isEmpty();
+}
+
 bool Programma::VaiA(const QString& Nome)
 {
     constexpr int Massimo = 80;

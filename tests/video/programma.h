@@ -53,6 +53,8 @@ public:
     [[nodiscard]] bool CompilaDatiBase();
     /// Turns the pages of the note on view by keys until this one comes.
     [[nodiscard]] bool AllaScheda(const QString& Titolo);
+    /// Opens the settings from the frame, and turns to one of their tabs by keys.
+    [[nodiscard]] bool AlleImpostazioni(const QString& Titolo);
     /// Tab until a widget has the focus. @return false where Tab does not lead to it
     [[nodiscard]] bool VaiA(const QString& Nome);
     [[nodiscard]] QString Casa() const { return Cartella.path(); }
