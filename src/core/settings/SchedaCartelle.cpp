@@ -153,8 +153,8 @@ void SchedaCartelle::cmdSelDir_Click(int Quale)
 void SchedaCartelle::cmdCrea_Click(int Quale)
 {
     const QString Cartella = (ui.get()->*Percorsi.at(size_t(Quale)).Campo)->text().trimmed();
-    // Without this one the templates would go beside the program.
-    CreaCartella(Quale == Parcelle ? Barra(Cartella) + u"Modelli"_s : Cartella);
+    // Without "Modelli" the templates would go beside the program.
+    Protetta([&] { CreaCartella(Quale == Parcelle ? Barra(Cartella) + u"Modelli"_s : Cartella); });
     SegnaMancanti();
     (ui.get()->*Percorsi.at(size_t(Quale)).Campo)->setFocus();
 }

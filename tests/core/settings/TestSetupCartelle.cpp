@@ -1,0 +1,263 @@
+#include "core/settings/tavolosetup.h"
+
+#include "core/settings/frmSfoglia.h"
+
+#include <QCheckBox>
+#include <QTimer>
+
+#include <memory>
+
+class TestSetupCartelle : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { T = std::make_unique<TavoloSetup>(); }
+    void cleanup() { T.reset(); }
+
+    void predefiniti();
+    void memorizza();
+    void parcelleSenzaBarra();
+    void archivioCompletato_data();
+    void archivioCompletato();
+    void programmaMaiScelto();
+    void wordProcessor();
+    void aggiornamenti();
+    void cartellaMancante();
+    void creaParcelle();
+    void creaNonRiesce();
+    void scegliCartella_data();
+    void scegliCartella();
+    void scegliFile_data();
+    void scegliFile();
+    void tassiNellaCartellaNuova();
+
+private:
+    QLabel* Avviso(int Quale) { return T->Trova<QLabel>(u"lblManca_%1"_s.arg(Quale)); }
+
+    std::unique_ptr<TavoloSetup> T;
+};
+PROVA(TestSetupCartelle);
+
+void TestSetupCartelle::predefiniti()
+{
+    QFile::remove(Scena::FileImpostazioni());
+    T->Apri(2);
+    QCOMPARE(T->Campo(u"txtDirectoryProc"_s)->text(), CartellaEseguibile());
+    QCOMPARE(T->Campo(u"txtArchivioCliCon"_s)->text(), CartellaEseguibile() + u"DatiStudio.mdb"_s);
+    QCOMPARE(T->Campo(u"txtParcellePath"_s)->text(), Barra(CartellaEseguibile() + u"Parcelle"_s));
+    QCOMPARE(T->Campo(u"txtCartellaUtente"_s)->text(), QString());
+    QCOMPARE(T->Campo(u"txtWordProcessor"_s)->text(), QString());
+    QVERIFY(T->Trova<QCheckBox>(u"chkCercaAgg"_s)->isChecked());
+}
+
+void TestSetupCartelle::memorizza()
+{
+    Registratore Box;
+    const QString Note = NuovaCartella();
+    T->Apri(2);
+    T->Scrivi(u"txtParcellePath"_s, Note);
+    T->Scrivi(u"txtArchivioCliCon"_s, T->Programma + u"Altro.mdb"_s);
+    T->Scrivi(u"txtWordProcessor"_s, u"/usr/bin/word"_s);
+    T->Memorizza(Box);
+    QCOMPARE(sessione::ParcellePath, Note);
+    QCOMPARE(sessione::ArchivioCliCon, T->Programma + u"Altro.mdb"_s);
+    QCOMPARE(sessione::WP, u"/usr/bin/word"_s);
+    QCOMPARE(sessione::PercorsoProg, T->Programma);
+}
+
+void TestSetupCartelle::parcelleSenzaBarra()
+{
+    Registratore Box;
+    const QString Note = NuovaCartella();
+    T->Apri(2);
+    T->Scrivi(u"txtParcellePath"_s, Note.chopped(1));
+    T->Memorizza(Box);
+    QCOMPARE(T->Parametro(u"ParcellePath"_s), Note.chopped(1));
+    QCOMPARE(sessione::ParcellePath, Note);
+}
+
+void TestSetupCartelle::archivioCompletato_data()
+{
+    QTest::addColumn<QString>("Testo");
+    QTest::addColumn<QString>("Conservato");
+
+    const QChar Barra = QDir::separator();
+    QTest::newRow("folder") << u"/studio"_s << u"%1studio%1DatiStudio.mdb"_s.arg(Barra);
+    QTest::newRow("file") << u"/studio/A.MDB"_s << u"/studio/A.MDB"_s;
+}
+
+void TestSetupCartelle::archivioCompletato()
+{
+    QFETCH(QString, Testo);
+    QFETCH(QString, Conservato);
+    Registratore Box;
+    T->Apri(2);
+    T->Scrivi(u"txtArchivioCliCon"_s, Testo);
+    T->Memorizza(Box);
+    QCOMPARE(T->Parametro(u"ArchivioCliCon"_s), Conservato);
+    QCOMPARE(T->Campo(u"txtArchivioCliCon"_s)->text(), Conservato);
+}
+
+void TestSetupCartelle::programmaMaiScelto()
+{
+    Registratore Box;
+    QFile::remove(Scena::FileImpostazioni());
+    for (const QString& Chiave : {u"StudioNome"_s, u"StudioIndir"_s, u"StudioCitta"_s, u"StudioMail"_s})
+        T->Salva(Chiave, u"x"_s);
+    T->Apri(2);
+    T->Memorizza(Box);
+    QCOMPARE(GetSetting(u"KR5"_s, u"Parametri"_s, u"PercorsoProcedura"_s, u"manca"_s), u"manca"_s);
+    // Another folder is a choice.
+    T->Scrivi(u"txtDirectoryProc"_s, T->Programma);
+    T->Memorizza(Box);
+    QCOMPARE(T->Parametro(u"PercorsoProcedura"_s), T->Programma);
+    // And so is the executable's from then on.
+    T->Scrivi(u"txtDirectoryProc"_s, CartellaEseguibile());
+    T->Memorizza(Box);
+    QCOMPARE(T->Parametro(u"PercorsoProcedura"_s), CartellaEseguibile());
+}
+
+void TestSetupCartelle::wordProcessor()
+{
+    Registratore Box;
+    T->Salva(u"WP"_s, u"-1"_s);
+    T->Apri(2);
+    QCOMPARE(T->Campo(u"txtWordProcessor"_s)->text(), QString());
+    T->Memorizza(Box);
+    QCOMPARE(T->Parametro(u"WP"_s), u"-1"_s);
+}
+
+void TestSetupCartelle::aggiornamenti()
+{
+    Registratore Box;
+    T->Apri(2);
+    auto* Cerca = T->Trova<QCheckBox>(u"chkCercaAgg"_s);
+    Cerca->setChecked(false);
+    T->Memorizza(Box);
+    QCOMPARE(T->Parametro(u"CercaAgg"_s), u"N"_s);
+    QVERIFY(!sessione::CercaAgg);
+    Cerca->setChecked(true);
+    T->Memorizza(Box);
+    QCOMPARE(T->Parametro(u"CercaAgg"_s), u"S"_s);
+}
+
+void TestSetupCartelle::cartellaMancante()
+{
+    Registratore Box;
+    const QString Nuova = T->Utente + u"nuova"_s;
+    T->Apri(2);
+    QVERIFY(!Avviso(3)->isVisible());
+    T->Scrivi(u"txtCartellaUtente"_s, Nuova);
+    QVERIFY(Avviso(3)->isVisible());
+    QCOMPARE(Avviso(3)->text(), u"Questa cartella non esiste"_s);
+    T->Premi(u"cmdCrea_3"_s);
+    QVERIFY(EsisteCartella(Nuova));
+    QVERIFY(!Avviso(3)->isVisible());
+    QVERIFY(!T->Trova<QWidget>(u"cmdCrea_3"_s)->isVisible());
+    // An archive that is not there is marked; nothing makes one.
+    T->Scrivi(u"txtArchivioCliCon"_s, Nuova);
+    QVERIFY(Avviso(1)->isVisible());
+    QVERIFY(!T->Trova<QWidget>(u"cmdCrea_1"_s));
+}
+
+void TestSetupCartelle::creaParcelle()
+{
+    const Registratore Box;
+    const QString Note = T->Utente + u"mie/parcelle"_s;
+    T->Apri(2);
+    T->Scrivi(u"txtParcellePath"_s, Note);
+    T->Premi(u"cmdCrea_2"_s);
+    QVERIFY(EsisteCartella(Note + u"/Modelli"_s));
+}
+
+void TestSetupCartelle::creaNonRiesce()
+{
+    Registratore Box;
+    T->Apri(2);
+    ScriviFile(T->Utente + u"file"_s, "x");
+    T->Scrivi(u"txtCartellaUtente"_s, T->Utente + u"file/sotto"_s);
+    Box.Attendi(u"Errore: "_s + DescrizioneErrore(errori::Accesso) + u" (75)"_s, vbOK, u"Errore:"_s);
+    T->Premi(u"cmdCrea_3"_s);
+    QVERIFY(Avviso(3)->isVisible());
+}
+
+void TestSetupCartelle::scegliCartella_data()
+{
+    QTest::addColumn<int>("Quale");
+    QTest::addColumn<QString>("Casella");
+
+    QTest::newRow("program") << 0 << u"txtDirectoryProc"_s;
+    QTest::newRow("notes") << 2 << u"txtParcellePath"_s;
+    QTest::newRow("user") << 3 << u"txtCartellaUtente"_s;
+}
+
+void TestSetupCartelle::scegliCartella()
+{
+    QFETCH(int, Quale);
+    QFETCH(QString, Casella);
+    const Registratore Box;
+    T->Apri(2);
+    const QString Scelta = NuovaCartella();
+    T->Scrivi(Casella, Scelta);
+    bool Aperto = false;
+    QTimer::singleShot(0, this, [&] {
+        auto* Sfoglia = qobject_cast<frmSfoglia*>(QApplication::activeModalWidget());
+        QVERIFY(Sfoglia);
+        Aperto = true;
+        Sfoglia->cmdSeleziona_Click();
+    });
+    T->Campo(Casella)->setText(Scelta.chopped(1));
+    T->Premi(u"cmdSelDir_%1"_s.arg(Quale));
+    QVERIFY(Aperto);
+    QCOMPARE(T->Campo(Casella)->text(), Scelta);
+}
+
+void TestSetupCartelle::scegliFile_data()
+{
+    QTest::addColumn<int>("Quale");
+    QTest::addColumn<QString>("Casella");
+    QTest::addColumn<QString>("Scelto");
+
+    QTest::newRow("archive") << 1 << u"txtArchivioCliCon"_s << u"/studio/Altro.mdb"_s;
+    QTest::newRow("word processor") << 4 << u"txtWordProcessor"_s << u"/usr/bin/word"_s;
+}
+
+void TestSetupCartelle::scegliFile()
+{
+    QFETCH(int, Quale);
+    QFETCH(QString, Casella);
+    QFETCH(QString, Scelto);
+    Registratore Box;
+    T->Apri(2);
+    const QString Prima = T->Campo(Casella)->text();
+    Box.AttendiApri({});
+    T->Premi(u"cmdSelDir_%1"_s.arg(Quale));
+    QCOMPARE(T->Campo(Casella)->text(), Prima);
+    Box.AttendiApri(Scelto);
+    T->Premi(u"cmdSelDir_%1"_s.arg(Quale));
+    QCOMPARE(T->Campo(Casella)->text(), Scelto);
+}
+
+void TestSetupCartelle::tassiNellaCartellaNuova()
+{
+    Registratore Box;
+    bool Lasciata = false;
+    QString Allora;
+    Aperture.LasciaCartellaUtente = [&] {
+        Lasciata = true;
+        Allora = sessione::UserFolder;
+    };
+    T->Apri(2);
+    T->Memorizza(Box);
+    QVERIFY2(!Lasciata, "the folder is the same");
+    const QString Nuova = NuovaCartella();
+    T->Scrivi(u"txtCartellaUtente"_s, Nuova);
+    T->Memorizza(Box);
+    // Recovery copies are dropped while the session still knows where they are.
+    QVERIFY(Lasciata);
+    QCOMPARE(Allora, T->Utente);
+    QCOMPARE(sessione::UserFolder, Nuova);
+}
+
+#include "TestSetupCartelle.moc"
