@@ -14,6 +14,7 @@
 
 #include "ui_frmContrib.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QScopeGuard>
 #include <QSignalBlocker>
