@@ -80,6 +80,9 @@ void TestRichiestaApplicata::valoreDellaRichiesta_data()
     QTest::addColumn<int>("Scaglione");
     QTest::addColumn<bool>("Segnalato");
     QTest::newRow("indice di scaglione") << 0 << 2.0 << QString() << 2 << 3 << false;
+    QTest::newRow("indice con decimali: il più vicino") << 0 << 2.6 << QString() << 3 << 4 << false;
+    QTest::newRow("indice appena sopra") << 0 << 2.4 << QString() << 2 << 3 << false;
+    QTest::newRow("poco sotto lo zero: nessuno") << 0 << -0.6 << QString() << -1 << 0 << false;
     QTest::newRow("indice zero") << 0 << 0.0 << QString() << 0 << 1 << false;
     QTest::newRow("valore indeterminato") << 0 << 7.0 << QString() << 7 << 8 << false;
     QTest::newRow("indice inesistente") << 0 << 99.0 << QString() << -1 << 0 << true;
