@@ -5,6 +5,7 @@
 #include "platform/base/regionale.h"
 #include "platform/kit/aspetto.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QToolTip>

@@ -23,7 +23,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString NomePosto = u"frmSfoglia"_s;
-constexpr int AccessoNegato = 75;
 constexpr int RuoloPercorso = Qt::UserRole;
 
 /// The folder itself, or the nearest one above it that is there; the user's home for none.
