@@ -10,6 +10,7 @@
 #include "core/settings/SchedaCartelle.h"
 #include "core/settings/SchedaContabili.h"
 #include "core/settings/SchedaDesktop.h"
+#include "core/settings/paginascorrevole.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
@@ -19,6 +20,7 @@
 
 #include <QKeyEvent>
 #include <QShortcut>
+#include <QTabBar>
 
 #include <array>
 
@@ -95,10 +97,16 @@ frmSetup::frmSetup()
     ui->setupUi(this);
     const std::array<std::pair<QWidget*, QStringView>, 3> Pagine{
         {{Contabili, u"Dati contabili"}, {Cartelle, u"Setup"}, {Desktop, u"Personalizza desktop"}}};
+    const QString PrimoTitolo = ui->tabSetup->tabText(0);
+    QWidget* Prima = ui->tabSetup->widget(0);
+    ui->tabSetup->removeTab(0);
+    ui->tabSetup->addTab(new PaginaScorrevole(Prima), PrimoTitolo);
     for (const auto& [Pagina, Titolo] : Pagine) {
         Pagina->setObjectName(u"fraSetup_%1"_s.arg(ui->tabSetup->count()));
-        ui->tabSetup->addTab(Pagina, Titolo.toString());
+        ui->tabSetup->addTab(new PaginaScorrevole(Pagina), Titolo.toString());
     }
+    // Behind the last button the round begins anew with the tabs, then the page on view.
+    setTabOrder(ui->cmdChiudi, ui->tabSetup->findChild<QTabBar*>());
     ui->pctHelp->hide();
     aspetto::TitoliInGrassetto(this);
     aspetto::AssegnaMnemonici(this);
@@ -138,7 +146,7 @@ void frmSetup::Prepara(int Indice)
         ui->cmdHelp->setChecked(false);
         LoadValori();
         ui->txtNomeStudio->setFocus();
-        adjustSize();
+        resize(sizeHint());
     }
     ChangeTab(Indice);
 }
@@ -193,22 +201,22 @@ void frmSetup::LoadValori()
 void frmSetup::SegnaControlli()
 {
     // Marked and never refused: a code of another country follows other rules.
-    const auto Segna = [](QLineEdit* Campo, bool Torna, const QString& Avviso) {
-        QPalette Colori;
-        if (!Torna)
-            Colori.setColor(QPalette::Text, aspetto::Sbagliato());
-        Campo->setPalette(Colori);
+    const auto Segna = [](QLineEdit* Campo, QLabel* Accanto, bool Torna, const QString& Avviso) {
+        QPalette Colori = Accanto->palette();
+        Colori.setColor(QPalette::WindowText, aspetto::Sbagliato());
+        Accanto->setPalette(Colori);
+        Accanto->setVisible(!Torna);
         Campo->setToolTip(Torna ? QString() : Avviso);
         Campo->setAccessibleDescription(Campo->toolTip());
     };
     const QString CodFis = ui->txtCodFisStudio->text();
     const QString PIva = ui->txtPivaStudio->text();
     const QString Iban = ui->txtIBAN->text();
-    Segna(ui->txtCodFisStudio, CodFis.trimmed().isEmpty() || CodiceFiscaleTorna(CodFis),
+    Segna(ui->txtCodFisStudio, ui->lblAvvisoCodFis, CodFis.trimmed().isEmpty() || CodiceFiscaleTorna(CodFis),
           u"Il codice fiscale non torna con il suo carattere di controllo"_s);
-    Segna(ui->txtPivaStudio, PIva.trimmed().isEmpty() || PartitaIvaTorna(PIva),
+    Segna(ui->txtPivaStudio, ui->lblAvvisoPiva, PIva.trimmed().isEmpty() || PartitaIvaTorna(PIva),
           u"La partita IVA non torna con la sua cifra di controllo"_s);
-    Segna(ui->txtIBAN, Iban.trimmed().isEmpty() || IbanTorna(Iban),
+    Segna(ui->txtIBAN, ui->lblAvvisoIBAN, Iban.trimmed().isEmpty() || IbanTorna(Iban),
           u"L'IBAN non torna con le sue cifre di controllo"_s);
 }
 

@@ -287,6 +287,8 @@ void TestSetupContabili::codiceSbagliatoSegnatoENonRifiutato()
     QCOMPARE(T->Campo(u"txtIBAN"_s)->toolTip(), QString());
     T->Scrivi(u"txtIBAN"_s, u"IT60X0542811101000000123465"_s);
     QVERIFY(!T->Campo(u"txtIBAN"_s)->toolTip().isEmpty());
+    QVERIFY(T->Trova<QLabel>(u"lblAvvisoIBAN"_s)->isVisible());
+    QVERIFY(!T->Trova<QLabel>(u"lblAvvisoPiva"_s)->isVisible());
     T->Memorizza(Box);
     QCOMPARE(T->Parametro(u"Iban"_s), u"IT60X0542811101000000123465"_s);
     T->Scrivi(u"txtIBAN"_s, u"IT60X0542811101000000123456"_s);
