@@ -94,6 +94,11 @@ void TestMemoriaNota::torna_data()
         CambiaRappresentante(Nota, &Rappresentante::LuogoNascita, u"Lucca"_s);
         CambiaRappresentante(Nota, &Rappresentante::Residenza, u"Pisa, via Roma 1"_s);
     });
+    // Or the row of the client would propose both anew, over what the user has chosen.
+    Caso("il cliente di cui sono tipo e rappresentante", [](Parcella& Nota) {
+        Nota.ContrTipoDi = 12;
+        Nota.RapprDi = 12;
+    });
     Caso("blocco del cliente", [](Parcella& Nota) {
         CambiaParteStampata(Nota, ParteNota::Cliente, u"Spett.le\nRossi Mario\nvia Roma 1"_s);
     });
@@ -111,6 +116,7 @@ void TestMemoriaNota::torna_data()
     Caso("imposte spuntate nella nota giudiziale", [](Parcella& Nota) {
         ScegliTipoStampa(Nota, StampaNotaGiudiziale);
         (void)ClicImposta(Nota, Imposta::CP, true);
+        (void)ClicImposta(Nota, Imposta::SpeseGen, true);
         (void)ClicImposta(Nota, Imposta::IVA, true);
         CambiaPercento(Nota, Imposta::IVA, u"10"_s);
     });
