@@ -3,8 +3,8 @@
 
 #include <QString>
 
-/// A person's fiscal code of 16 characters, one with letters for digits too, or a company's of 11 digits; blanks
-/// and case count for nothing.
+/// A person's fiscal code of 16 characters, one with letters for digits too, or a company's of 11 digits;
+/// blanks and case count for nothing.
 [[nodiscard]] bool CodiceFiscaleTorna(const QString& Testo);
 
 /// A VAT number of 11 digits, with or without "IT" in front.

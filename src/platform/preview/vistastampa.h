@@ -61,8 +61,8 @@ public:
     void ImpostaPreviewPage(int Pagina);
 
     // ---- scale
-    /// Percent of the true size, moved into ZoomMinimo..ZoomMassimo; ends the fitting to the window. What stood
-    /// at the upper edge stays there.
+    /// Percent of the true size, moved into ZoomMinimo..ZoomMassimo; ends the fitting to the window. What
+    /// stood at the upper edge stays there.
     void ImpostaZoom(int Percento);
     /// ZoomAdatta fits the whole page to the window and follows its size until a zoom is chosen; other modes
     /// change nothing.
