@@ -82,6 +82,7 @@ void BarraAnteprima::AggiungiZoom()
 
 void BarraAnteprima::AggiungiNumero()
 {
+    // cppcheck-suppress publicAllocationError ; the toolbar owns it, and is asked for it once
     txtPage = new QLabel(this);
     txtPage->setObjectName(u"txtPage"_s);
     txtPage->setToolTip(u"Pagina in vista e numero di pagine"_s);

@@ -348,6 +348,7 @@ void TestStradaPratica::ModelloRiaperto()
     Box->Attendi(u"Attenzione, la parcella è protetta! Le modifiche potranno essere salvate\n"
                  u"solo dopo aver specificato la chiave di protezione."_s,
                  vbOK, u"Messaggio:"_s);
+    QTRY_VERIFY(QApplication::activeWindow());  // the last box has given the focus back
     EseguiComando(u"openmod"_s, 0, {});
     auto& Trova = Singola<frmTrovaParcella>();
     QVERIFY(QTest::qWaitForWindowActive(&Trova));
