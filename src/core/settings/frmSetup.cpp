@@ -20,7 +20,6 @@
 
 #include <QKeyEvent>
 #include <QShortcut>
-#include <QTabBar>
 
 #include <array>
 
@@ -105,8 +104,10 @@ frmSetup::frmSetup()
         Pagina->setObjectName(u"fraSetup_%1"_s.arg(ui->tabSetup->count()));
         ui->tabSetup->addTab(new PaginaScorrevole(Pagina), Titolo.toString());
     }
-    // Behind the last button the round begins anew with the tabs, then the page on view.
-    setTabOrder(ui->cmdChiudi, ui->tabSetup->findChild<QTabBar*>());
+    // From the page on view to the buttons; behind the last one the round begins anew with the tabs.
+    setTabOrder(ui->txtIBAN, ui->cmdHelp);
+    setTabOrder(ui->cmdHelp, ui->cmdSaveImpost);
+    setTabOrder(ui->cmdSaveImpost, ui->cmdChiudi);
     ui->pctHelp->hide();
     aspetto::TitoliInGrassetto(this);
     aspetto::AssegnaMnemonici(this);
