@@ -43,8 +43,8 @@ ColonnaGriglia Colonna(const QString& Titolo, ColonnaIcona Campo, int Caratteri)
 
 QList<ColonnaGriglia> Colonne()
 {
-    constexpr int Larga = 12;
-    constexpr int Stretta = 9;
+    constexpr int Larga = 10;
+    constexpr int Stretta = 8;
     return {Colonna(u"Titolo"_s, IconaTitolo, Larga), Colonna(u"Programma/Link"_s, IconaCollegamento, Larga),
             Colonna(u"Icona"_s, IconaFigura, Stretta)};
 }
@@ -72,7 +72,7 @@ SchedaDesktop::SchedaDesktop(QWidget* Padre) : QWidget(Padre), ui(std::make_uniq
     ui->tdbIcone->ImpostaColonne(Colonne());
     ui->tdbIcone->FraseVuota(u"Nessuna icona personale: \"Aggiungi...\" ne crea una."_s);
     ui->tdbIcone->Lega(&Icone);
-    constexpr int LargaGriglia = 290;
+    constexpr int LargaGriglia = 300;
     ui->tdbIcone->setMinimumWidth(LargaGriglia);
     Collega(ui->tdbIcone, &Griglia::DoppioClic, this, [this](int Riga) { ModificaIcona(Riga); });
     Collega(ui->tdbIcone, &Griglia::Cancella, this,

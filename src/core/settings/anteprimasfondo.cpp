@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize Misura(260, 150);
+constexpr QSize Misura(240, 128);
 
 }  // namespace
 
