@@ -351,7 +351,7 @@ void TestStradaPratica::ModelloRiaperto()
     QTRY_VERIFY(QApplication::activeWindow());  // the last box has given the focus back
     EseguiComando(u"openmod"_s, 0, {});
     auto& Trova = Singola<frmTrovaParcella>();
-    QVERIFY(QTest::qWaitForWindowActive(&Trova));
+    QVERIFY(MostraAttiva(Trova));
     QTRY_VERIFY(!Trova.InRicerca());
     QCOMPARE(Trova.Elenco().Note(), 1);
     Digita(u"p12"_s);
