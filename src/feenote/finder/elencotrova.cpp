@@ -114,13 +114,7 @@ void ElencoTrova::Filtra(const QString& Testo)
 
 void ElencoTrova::Ordina(int Colonna, bool Crescente)
 {
-    PerColonna = Colonna;
-    InSu = Crescente;
-    const auto Tante = [this] {
-        std::vector<size_t> Posti(Tutte.size());
-        std::iota(Posti.begin(), Posti.end(), size_t(0));
-        return Posti;
-    };
+    ScegliOrdine(Colonna, Crescente);
     const auto Chiavi = [this](const auto& Testo) {
         const QCollator Ordine = OrdineItaliano();
         std::vector<QCollatorSortKey> Trovate;
@@ -130,7 +124,8 @@ void ElencoTrova::Ordina(int Colonna, bool Crescente)
         return Trovate;
     };
     const auto PerNome = Chiavi([](const VoceTrova& Voce) { return Voce.Nome; });
-    std::vector<size_t> Posti = Tante();
+    std::vector<size_t> Posti(Tutte.size());
+    std::iota(Posti.begin(), Posti.end(), size_t(0));
     const auto Metti = [&](const auto& Prima) {
         std::ranges::stable_sort(Posti, [&](size_t A, size_t B) {
             const int StratoA = Strato(Tutte[A].Voce.Genere, CartelleInFondo);

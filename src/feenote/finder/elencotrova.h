@@ -37,6 +37,12 @@ public:
     void Ordina(int Colonna, bool Crescente);
     /// By the column chosen last; names at the start.
     void Ordina() { Ordina(PerColonna, InSu); }
+    /// Chooses the order of the next Ordina: rows that are still arriving stay where they are.
+    void ScegliOrdine(int Colonna, bool Crescente)
+    {
+        PerColonna = Colonna;
+        InSu = Crescente;
+    }
     [[nodiscard]] int Colonna() const { return PerColonna; }
     [[nodiscard]] bool Crescente() const { return InSu; }
     /// Leaves the notes in whose name, client or counterparty every word of the text stands, whatever case

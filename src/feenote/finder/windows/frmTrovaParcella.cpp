@@ -213,11 +213,7 @@ void frmTrovaParcella::CollegaTasti()
     });
     // Sorting by the keyboard asks nothing: nobody presses these by mistake.
     for (int Colonna = 0; Colonna < TrovaColonne; ++Colonna)
-        Tasto(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + Colonna)), [this, Colonna] {
-            const QString Corrente = PercorsoCorrente();
-            Righe.Ordina(Colonna, Righe.Colonna() != Colonna || !Righe.Crescente());
-            Rimostra(Corrente, 0);
-        });
+        Tasto(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + Colonna)), [this, Colonna] { OrdinaPer(Colonna); });
 }
 
 QRadioButton* frmTrovaParcella::optFolder(int Indice) const
@@ -419,10 +415,23 @@ void frmTrovaParcella::Scegli(const QString& File)
 void frmTrovaParcella::tdbParcelle_HeadClick(int Colonna)
 {
     const QString Titolo = ui->tdbParcelle->Vista()->model()->headerData(Colonna, Qt::Horizontal).toString();
-    const QString Corrente = PercorsoCorrente();
     if (MsgBox(u"Desideri ordinare le parcelle per la colonna "_s + Titolo + u"?"_s, vbYesNo + vbQuestion,
                TitoloDomanda.toString()) == vbYes)
-        Righe.Ordina(Colonna, Righe.Colonna() != Colonna || !Righe.Crescente());
+        OrdinaPer(Colonna);
+    else
+        SegnaOrdine();
+}
+
+void frmTrovaParcella::OrdinaPer(int Colonna)
+{
+    const bool Crescente = Righe.Colonna() != Colonna || !Righe.Crescente();
+    if (InRicerca() && Motivo != Scopo::Rinfresca) {
+        Righe.ScegliOrdine(Colonna, Crescente);  // once all of them are there
+        SegnaOrdine();
+        return;
+    }
+    const QString Corrente = PercorsoCorrente();
+    Righe.Ordina(Colonna, Crescente);
     Rimostra(Corrente, 0);
 }
 

@@ -97,6 +97,7 @@ private:
     void AbilitaBarra();
     void VaiAllaRadice(int Quale, const QString& Cartella);
     void Sali();
+    void OrdinaPer(int Colonna);  ///< the same column again: the other way round
     void EntraIn(const QString& Cartella);
     void Scegli(const QString& File);
     bool TastoGriglia(const QKeyEvent& Evento);
@@ -115,6 +116,7 @@ private:
     void Elenca(const QString& Cartella);
     void Filtra();
     void Rimostra(const QString& Corrente, int PrimaRiga);
+    void SegnaOrdine();  ///< the arrow in the titles
     void MostraConto(const QString& Frase);
     void VaiAllaPrimaNota();
     [[nodiscard]] QString PercorsoCorrente() const;

@@ -154,20 +154,21 @@ void frmTrovaParcella::FineFallita(const Errore& Guasto)
 {
     const Scopo Era = Motivo;
     SmettiRicerca();
-    if (Era != Scopo::Rinfresca) {
+    if (Era != Scopo::Rinfresca && Prima.Cartella.isEmpty()) {
+        MostraConto({});  // the first of all: the folder stays, to be asked for again
+    } else if (Era != Scopo::Rinfresca) {
         Righe = std::move(Prima.Righe);
         Conto = Prima.Conto;
         Presente = Prima.Cartella;
         Radice = Prima.Radice;
         Cercato = Prima.Cercato;
         // A path that was typed stays, to be put right.
-        const bool Digitata = Selezionato == Libera && ui->txtSearchPath->hasFocus();
-        if (!Digitata) {
+        if (Selezionato != Libera || !ui->txtSearchPath->hasFocus()) {
             ImpostaSelettore(Prima.Selezionato);
             ui->txtSearchPath->setText(Presente);
         }
         Rimostra({}, 0);
-        MostraConto(Presente.isEmpty() ? QString() : FraseEsito(Conto));
+        MostraConto(FraseEsito(Conto));
     }
     GestioneErrori(Guasto);
 }
@@ -265,11 +266,16 @@ void frmTrovaParcella::Rimostra(const QString& Corrente, int PrimaRiga)
         Lista->ImpostaRigaCorrente(*Riga);
     else if (PrimaRiga == 0 && Righe.Righe() > 0)
         Lista->ImpostaRigaCorrente(0);
-    Lista->Vista()->horizontalHeader()->setSortIndicator(
-        Righe.Colonna(), Righe.Crescente() ? Qt::AscendingOrder : Qt::DescendingOrder);
+    SegnaOrdine();
     panMostrate->setText(Filtrate ? u"Mostrate %1 di %2"_s.arg(Righe.Note()).arg(Righe.TutteLeNote())
                                   : QString());
     AbilitaBarra();
+}
+
+void frmTrovaParcella::SegnaOrdine()
+{
+    ui->tdbParcelle->Vista()->horizontalHeader()->setSortIndicator(
+        Righe.Colonna(), Righe.Crescente() ? Qt::AscendingOrder : Qt::DescendingOrder);
 }
 
 void frmTrovaParcella::MostraConto(const QString& Frase)

@@ -47,9 +47,11 @@ private Q_SLOTS:
     void laTendinaCambiaCartella();
     void siOrdina();
     void ordinataDaTastiera();
+    void lOrdineMentreArrivano();
     void lOrdineFinoAllaChiusura();
     void siInterrompe();
     void laCartellaChiusaLasciaLeRighe();
+    void laPrimaCartellaCheManca();
     void siCancella();
     void ilModelloProtetto();
     void cancellataMentreEAperta();
@@ -539,6 +541,21 @@ void TestFrmTrovaParcella::ordinataDaTastiera()
     QCOMPARE(Nomi().at(1), u"verdi"_s);
 }
 
+void TestFrmTrovaParcella::lOrdineMentreArrivano()
+{
+    SalvaMolte(Note + u"molte/"_s, 3000);
+    (void)F->OpenParcMod(2, Note + u"molte"_s, 0, {});
+    Davanti();
+    QTRY_VERIFY(Lista()->Righe() > 10);
+    QVERIFY(F->InRicerca());
+    QTest::keyClick(F.get(), Qt::Key_1, Qt::ControlModifier);
+    QVERIFY(F->InRicerca());
+    QCOMPARE(Nomi().first(), u"0"_s);
+    QCOMPARE(Lista()->Vista()->horizontalHeader()->sortIndicatorOrder(), Qt::DescendingOrder);
+    Finita();
+    QCOMPARE(Nomi().first(), u"2999"_s);
+}
+
 void TestFrmTrovaParcella::lOrdineFinoAllaChiusura()
 {
     Apri();
@@ -595,6 +612,20 @@ void TestFrmTrovaParcella::laCartellaChiusaLasciaLeRighe()
     Premi(Qt::Key_F5);
     Finita();
     QCOMPARE(Nomi().size(), 4);
+}
+
+void TestFrmTrovaParcella::laPrimaCartellaCheManca()
+{
+    sessione::ParcellePath = T->Ufficio.File(u"non ancora/"_s);
+    T->Voce.Attendi(u"Errore: Percorso non trovato (76)"_s, vbOK, u"Errore:"_s);
+    Apri();
+    QVERIFY(F->isVisible());
+    QCOMPARE(Nomi(), QStringList());
+    QCOMPARE(Percorso()->text(), sessione::ParcellePath);
+    SalvaNota(sessione::ParcellePath + u"prima.mdb"_s);
+    Premi(Qt::Key_F5);
+    Finita();
+    QCOMPARE(Nomi(), QStringList{u"prima"_s});
 }
 
 void TestFrmTrovaParcella::siCancella()
