@@ -51,7 +51,7 @@ void TestNote::dueParcelle()
 {
     P->Digita(u"Bianchi"_s);
     P->Premi(u"ctrl+n"_s);
-    ATTENDI_CHE(P->Chiedi(u"attiva"_s).contains(u"Nuova parcella:2"));
+    ATTENDI(u"attiva"_s, "Calcanova 3 - [Nuova parcella:2]|Nuova parcella:2");
     ATTENDI(u"fuoco"_s, "txtCliente");
     P->Digita(u"Verdi"_s);
     ATTENDI(u"testo txtCliente"_s, "Verdi");
