@@ -38,6 +38,7 @@ private Q_SLOTS:
     void laCasellaVuotaMostraTutto();
     void ilTestoNonResta();
     void dentroEFuori();
+    void ilTestoNellAltraCartella();
     void oltreLaRadice();
     void lePreferenzeDelleCartelle();
     void ilPercorsoScritto();
@@ -405,6 +406,24 @@ void TestFrmTrovaParcella::dentroEFuori()
     QCOMPARE(Percorso()->text(), Note);
     QCOMPARE(Nomi().first(), u"[vecchie]"_s);
     QCOMPARE(Corrente(), u"[vecchie]"_s);
+}
+
+void TestFrmTrovaParcella::ilTestoNellAltraCartella()
+{
+    SalvaNota(Note + u"vecchie/gialli.mdb"_s, u"Ubaldi"_s);
+    Apri();
+    Scrivi(Testo(), u"rossi"_s);
+    Premi(Qt::Key_Return);
+    Finita();
+    Doppio(u"[vecchie]"_s);
+    QCOMPARE(Nomi(), QStringList{u"[Torna alla cartella superiore]"_s});
+    // Typed and not asked for: it leaves rows by their client too, and keeps none from being read.
+    Scrivi(Testo(), u"ubaldi"_s);
+    Doppio(u"[Torna alla cartella superiore]"_s);
+    QCOMPARE(Nomi(), QStringList{u"[vecchie]"_s});
+    Doppio(u"[vecchie]"_s);
+    QCOMPARE(Nomi(), (QStringList{u"[Torna alla cartella superiore]"_s, u"gialli"_s}));
+    QCOMPARE(Mostrate(), u"Mostrate 1 di 2"_s);
 }
 
 void TestFrmTrovaParcella::oltreLaRadice()
