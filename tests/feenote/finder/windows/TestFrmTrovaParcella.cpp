@@ -562,7 +562,7 @@ void TestFrmTrovaParcella::ordinataDaTastiera()
 
 void TestFrmTrovaParcella::lOrdineMentreArrivano()
 {
-    SalvaMolte(Note + u"molte/"_s, 3000);
+    SalvaMolte(Note + u"molte/"_s, 10'000);
     (void)F->OpenParcMod(2, Note + u"molte"_s, 0, {});
     Davanti();
     QTRY_VERIFY(Lista()->Righe() > 10);
@@ -572,7 +572,7 @@ void TestFrmTrovaParcella::lOrdineMentreArrivano()
     QCOMPARE(Nomi().first(), u"0"_s);
     QCOMPARE(Lista()->Vista()->horizontalHeader()->sortIndicatorOrder(), Qt::DescendingOrder);
     Finita();
-    QCOMPARE(Nomi().first(), u"2999"_s);
+    QCOMPARE(Nomi().first(), u"9999"_s);
 }
 
 void TestFrmTrovaParcella::lOrdineFinoAllaChiusura()
@@ -593,7 +593,7 @@ void TestFrmTrovaParcella::lOrdineFinoAllaChiusura()
 
 void TestFrmTrovaParcella::siInterrompe()
 {
-    SalvaMolte(Note + u"molte/"_s, 5000);
+    SalvaMolte(Note + u"molte/"_s, 10'000);
     (void)F->OpenParcMod(2, Note + u"molte"_s, 0, {});
     Davanti();
     QCOMPARE(Stato(), u"Ricerca in corso, attendere prego... (premere <Interr> per interrompere)"_s);
