@@ -16,6 +16,9 @@ void Apritori::Apri(QStringView Parola) const
 
 void RicercaAllAvvio()
 {
-    if (sessione::CercaAgg && Aperture.CercaAggiornamenti)
-        Aperture.CercaAggiornamenti();
+    if (!sessione::CercaAgg || sessione::RicercaFatta || !Aperture.CercaAggiornamenti)
+        return;
+    // Once in a session: a save of the settings reads the wish for it anew.
+    sessione::RicercaFatta = true;
+    Aperture.CercaAggiornamenti();
 }

@@ -11,6 +11,7 @@ void AzzeraSessione()
         *Testo = QString();
     GiorniSett.fill({});
     Mesi.fill({});
+    RicercaFatta = false;
     ModoLow = false;
     ModoDebug = false;
     RichiestaPV2 = {};

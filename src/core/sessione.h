@@ -56,6 +56,7 @@ inline std::array<QString, 8> GiorniSett;  ///< 1 Monday .. 7 Sunday, 0 empty
 inline std::array<QString, 13> Mesi;       ///< 1 January .. 12 December, 0 empty
 
 inline QString PercorsoVDM;  ///< folder of the earlier product
+inline bool RicercaFatta = false;  ///< the search for updates of this session has run
 inline bool ModoLow = false;
 inline bool ModoDebug = false;
 inline QString CartellaLocale;  ///< companion application, automation start only

@@ -702,6 +702,10 @@ void TestFrmStudio::aggiornamentiUnaVolta()
     QTRY_COMPARE(S->Eventi, QStringList{u"aggiornamenti"_s});
     Scrivania.Form_Activate();
     QCOMPARE(S->Eventi.size(), 1);
+    // A save of the settings brings the flag back, not the search.
+    sessione::CercaAgg = true;
+    Scrivania.Form_Activate();
+    QCOMPARE(S->Eventi.size(), 1);
 }
 
 void TestFrmStudio::recuperoOffertoUnaVolta()
