@@ -5,6 +5,7 @@
 #include "feenote/file/modSalvataggio.h"
 #include "feenote/finder/modTrova.h"
 #include "platform/base/errore.h"
+#include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
@@ -65,11 +66,8 @@ private:
 
 void TogliFile(const QString& File)
 {
-    if (!CartellaScrivibile(CartellaFile(File)))
-        throw Errore(75);
     const SenzaAttributo Attributo(File);
-    if (!QFile::remove(File))
-        throw Errore(EsisteFile(File) ? 75 : 53);
+    EliminaFile(File);
 }
 
 /// What was typed without the ending; separators in it stay, to be refused.

@@ -2,11 +2,13 @@
 
 #include "platform/base/errore.h"
 #include "platform/system/file.h"
+#include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QDirIterator>
+#include <QFile>
 #include <QFileInfo>
 #include <QStorageInfo>
 
@@ -66,6 +68,17 @@ bool ScorriCartella(const QString& Cartella, const std::function<bool(VoceCartel
     if (!EsisteCartella(Nativa))
         throw Errore(76);
     return true;
+}
+
+void EliminaFile(const QString& Percorso)
+{
+    const QString Nativo = PercorsoNativo(Percorso);
+    if (!EsisteFile(Nativo))
+        throw Errore(53);
+    const bool Trattenuto =
+        !guasti::FileTrattenuti.isEmpty() && Nativo.startsWith(PercorsoNativo(guasti::FileTrattenuti));
+    if (Trattenuto || !CartellaScrivibile(CartellaFile(Nativo)) || !QFile::remove(Nativo))
+        throw Errore(75);
 }
 
 QString CartellaSuperiore(const QString& Cartella)

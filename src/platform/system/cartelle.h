@@ -24,6 +24,9 @@ struct VoceCartella
 /// @throws Errore 76 no such folder, 75 it cannot be read
 bool ScorriCartella(const QString& Cartella, const std::function<bool(VoceCartella&&)>& Prendi);
 
+/// Deletes a file. @throws Errore 53 there is none, 75 its folder or the system refuses; it is then as it was
+void EliminaFile(const QString& Percorso);
+
 /// The folder above, with the separator at its end; empty above the topmost one.
 [[nodiscard]] QString CartellaSuperiore(const QString& Cartella);
 

@@ -12,6 +12,10 @@ inline qint64 LimiteFile = 0;
 /// too; an empty path lifts it.
 inline QString SupportoBloccato;
 
+/// Files under this folder refuse to be deleted, as one does that another program keeps open on some systems;
+/// an empty path lifts it.
+inline QString FileTrattenuti;
+
 /// Every database opened or created from now on may grow to this many pages of 4096 bytes, as on a full disk;
 /// 0 lifts the limit.
 inline int LimitePagine = 0;

@@ -202,6 +202,7 @@ void TestGestione::quelCheNonSiCancella_data()
     QTest::newRow("another program is writing it") << u"bloccata"_s << 3260;
     QTest::newRow("a folder that refuses") << u"cartella"_s << 75;
     QTest::newRow("a template on a read-only medium") << u"supporto"_s << 75;
+    QTest::newRow("a template that the system does not let go") << u"trattenuta"_s << 75;
     QTest::newRow("gone while the question stands") << u"via"_s << 53;
 }
 
@@ -209,7 +210,7 @@ void TestGestione::quelCheNonSiCancella()
 {
     QFETCH(QString, Come);
     std::unique_ptr<AltroProgramma> Altro;
-    const bool Chiede = Come == u"cartella" || Come == u"supporto" || Come == u"via";
+    const bool Chiede = Come == u"cartella" || Come == u"supporto" || Come == u"trattenuta" || Come == u"via";
     if (Come == u"sparita") {
         QVERIFY(QFile::remove(File));
     } else if (Come == u"guasta") {
@@ -224,6 +225,11 @@ void TestGestione::quelCheNonSiCancella()
         Box->Attendi(EModello, vbYes);
         guasti::SupportoBloccato = CartellaFile(File);
     }
+    if (Come == u"trattenuta") {
+        ImpostaSolaLettura(File, true);
+        Box->Attendi(EModello, vbYes);
+        guasti::FileTrattenuti = CartellaFile(File);
+    }
     if (Chiede)
         Box->Attendi(Conferma, vbYes);
     if (Come == u"via")
@@ -234,10 +240,11 @@ void TestGestione::quelCheNonSiCancella()
     guasti::AttesaBlocchiMs = 3000;
     guasti::SupportoBloccato.clear();
     QFile::setPermissions(CartellaFile(File), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    guasti::FileTrattenuti.clear();
     QTEST(Numero, "Numero");
     QVERIFY(!Tolta);
     QCOMPARE(EsisteFile(File), Come != u"sparita" && Come != u"via");
-    QCOMPARE(SolaLettura(File), Come == u"supporto");
+    QCOMPARE(SolaLettura(File), Come == u"supporto" || Come == u"trattenuta");
 }
 
 void TestGestione::siRinomina_data()
