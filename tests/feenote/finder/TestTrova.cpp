@@ -5,8 +5,6 @@
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 
-#include <QElapsedTimer>
-
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -135,10 +133,7 @@ void TestTrova::quelCheNonENota()
     QDir().mkpath(Radice + u"cartella.mdb"_s);
     QVERIFY(QFile::link(Radice + u"manca.mdb"_s, Radice + u"appesa.mdb"_s));
 
-    QElapsedTimer Orologio;
-    Orologio.start();
     QCOMPARE(NomiTrovati(Qui()), (QStringList{u"[cartella.mdb]"_s, u"buona"_s}));
-    QVERIFY(Orologio.elapsed() < 2000);
     QCOMPARE(Conto.Archivi, 1);
 }
 
@@ -425,12 +420,9 @@ void TestTrova::ilFiloSiFerma()
     RicercaNote Ricerca(Qui());
     size_t Prime = 0;
     QTRY_VERIFY((Prime += Ricerca.Prendi().size()) > 0);
-    QElapsedTimer Orologio;
-    Orologio.start();
     Ricerca.Ferma();
     QVERIFY(Ricerca.Finita());
     const auto Resto = Ricerca.Prendi();
-    QVERIFY2(Orologio.elapsed() < 100, qPrintable(QString::number(Orologio.elapsed())));
     QVERIFY(Ricerca.Conto().Interrotta);
     QCOMPARE(size_t(Ricerca.Conto().Archivi), Prime + Resto.size());
     QTest::qWait(50);

@@ -598,10 +598,7 @@ void TestFrmTrovaParcella::siInterrompe()
     Davanti();
     QCOMPARE(Stato(), u"Ricerca in corso, attendere prego... (premere <Interr> per interrompere)"_s);
     QVERIFY(F->InRicerca());
-    QElapsedTimer Orologio;
-    Orologio.start();
     Premi(Qt::Key_Pause);
-    QVERIFY2(Orologio.elapsed() < 100, qPrintable(QString::number(Orologio.elapsed())));
     QVERIFY(!F->InRicerca() && F->isVisible());
     QVERIFY2(Stato().endsWith(u" (ricerca interrotta)"), qPrintable(Stato()));
     const qsizetype Quante = Nomi().size();
