@@ -55,7 +55,7 @@ inline QString PrefissoOdbc;               ///< connection prefix before a datab
 inline std::array<QString, 8> GiorniSett;  ///< 1 Monday .. 7 Sunday, 0 empty
 inline std::array<QString, 13> Mesi;       ///< 1 January .. 12 December, 0 empty
 
-inline QString PercorsoVDM;  ///< folder of the earlier product
+inline QString PercorsoVDM;        ///< folder of the earlier product
 inline bool RicercaFatta = false;  ///< the search for updates of this session has run
 inline bool ModoLow = false;
 inline bool ModoDebug = false;
