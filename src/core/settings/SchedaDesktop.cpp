@@ -13,6 +13,8 @@
 #include <QShortcut>
 #include <QTableView>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -49,6 +51,28 @@ QList<ColonnaGriglia> Colonne()
             Colonna(u"Icona"_s, IconaFigura, Stretta)};
 }
 
+/// Moves rows, which keep their order, so that the first of them takes the number `Meta`, counted without
+/// them; a number past the others puts them at the end.
+/// @return the number that the first of them has now
+int SpostaRighe(TabellaRighe& Tabella, QList<int> Quali, int Meta)
+{
+    std::sort(Quali.begin(), Quali.end());
+    QList<QVariantList> Tolte;
+    for (const int Riga : std::as_const(Quali)) {
+        Tolte.append(QVariantList());
+        for (int c = 0; c < Tabella.Colonne(); ++c)
+            Tolte.back().append(Tabella(Riga, c));
+    }
+    // From the highest down: those still to go keep their numbers.
+    std::for_each(Quali.crbegin(), Quali.crend(), [&Tabella](int Riga) { Tabella.EliminaRiga(Riga); });
+    Meta = std::min(Meta, Tabella.Righe());
+    Tabella.InserisciRighe(Meta, int(Tolte.size()));
+    for (int i = 0; i < int(Tolte.size()); ++i)
+        for (int c = 0; c < Tabella.Colonne(); ++c)
+            Tabella(Meta + i, c) = Tolte[i][c];
+    return Meta;
+}
+
 /// Shown without ".jpg".
 QString SenzaEstensione(const QString& File)
 {
@@ -78,6 +102,9 @@ SchedaDesktop::SchedaDesktop(QWidget* Padre) : QWidget(Padre), ui(std::make_uniq
     Collega(ui->tdbIcone, &Griglia::Cancella, this,
             [this] { EliminaIcona(ui->tdbIcone->RigaCorrente().value_or(-1)); });
     Collega(ui->tdbIcone, &Griglia::RigaCambiata, this, [this] { AbilitaPulsanti(); });
+    ui->tdbIcone->ConsentiTrascina(true);
+    Collega(ui->tdbIcone, &Griglia::Trascinata, this,
+            [this](int Meta) { SpostaIcone(ui->tdbIcone->Selezione(), Meta); });
     Collega<QAbstractButton>(ui->cmdAddIco, Premuto, this, [this] { ModificaIcona(-1); });
     Collega<QAbstractButton>(ui->cmdModIco, Premuto, this, [this] {
         if (const auto Riga = ui->tdbIcone->RigaCorrente())
@@ -261,10 +288,16 @@ void SchedaDesktop::SpostaIcona(int Passo)
 {
     const int Riga = ui->tdbIcone->RigaCorrente().value_or(-1);
     const int Meta = Riga + Passo;
-    if (Riga < 0 || Meta < 0 || Meta >= Icone.Righe())
+    if (Riga >= 0 && Meta >= 0 && Meta < Icone.Righe())
+        SpostaIcone({Riga}, Meta);
+}
+
+void SchedaDesktop::SpostaIcone(const QList<int>& Quali, int Meta)
+{
+    if (Quali.isEmpty())
         return;
-    for (int c = 0; c < ColonneIcona; ++c)
-        std::swap(Icone(Riga, c), Icone(Meta, c));
+    const int Prima = SpostaRighe(Icone, Quali, Meta);
+    ui->tdbIcone->AzzeraSelezione();
     ui->tdbIcone->Rilega();
-    ui->tdbIcone->ImpostaRigaCorrente(Meta);
+    ui->tdbIcone->ImpostaRigaCorrente(Prima);
 }

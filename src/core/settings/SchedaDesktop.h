@@ -41,6 +41,9 @@ public:
     void EliminaIcona(int Riga);
     /// Moves the current icon by one place.
     void SpostaIcona(int Passo);
+    /// Moves icons, which keep their order; the first of them takes the place `Meta`, counted without them;
+    /// one past the others is the end.
+    void SpostaIcone(const QList<int>& Quali, int Meta);
 
 private:
     void cmbTemplates_Click(int Voce);

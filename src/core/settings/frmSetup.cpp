@@ -83,8 +83,8 @@ constexpr std::array<QStringView, 4> Aiuti{
     u"Un modello imposta in un colpo solo immagine e colori della scrivania; ognuno si cambia poi da sé. Le "
     u"icone "
     u"personali aprono programmi, documenti, cartelle o pagine internet: doppio clic o Invio le modifica, "
-    u"Canc "
-    u"le elimina, Alt+Su e Alt+Giù le spostano. Nulla cambia fino a \"Memorizza le impostazioni\".",
+    u"Canc le elimina; si riordinano trascinandole per la colonna a sinistra del titolo, o con Alt+Su e "
+    u"Alt+Giù. Nulla cambia fino a \"Memorizza le impostazioni\".",
 };
 
 }  // namespace

@@ -8,7 +8,9 @@
 #include "platform/system/guasti.h"
 #include "platform/system/profilo.h"
 
+#include <QHeaderView>
 #include <QImage>
+#include <QMouseEvent>
 #include <QTableView>
 #include <QTimer>
 
@@ -41,6 +43,8 @@ private Q_SLOTS:
     void eliminazioneRifiutata();
     void chiudereNonToccaLeIcone();
     void iconeSpostate();
+    void iconeTrascinate_data();
+    void iconeTrascinate();
     void scritturaRifiutata();
     void nullaCambiatoNullaScritto();
     void discoPieno();
@@ -353,6 +357,71 @@ void TestSetupDesktop::iconeSpostate()
     T->Memorizza(Box);
     QCOMPARE(LeggiIcone()(0, IconaTitolo).toString(), u"Agenda"_s);
     QCOMPARE(LeggiIcone()(1, IconaTitolo).toString(), u"Sito"_s);
+}
+
+void TestSetupDesktop::iconeTrascinate_data()
+{
+    QTest::addColumn<QList<int>>("Scelte");
+    QTest::addColumn<int>("SuRiga");
+    QTest::addColumn<QString>("Ordine");
+    QTest::addColumn<int>("Corrente");
+    QTest::newRow("in giù: prende il posto di quella") << QList{0} << 2 << u"BCAD"_s << 2;
+    QTest::newRow("in fondo") << QList{0} << 3 << u"BCDA"_s << 3;
+    QTest::newRow("in cima") << QList{3} << 0 << u"DABC"_s << 0;
+    QTest::newRow("due tengono il loro ordine") << QList{3, 1} << 0 << u"BDAC"_s << 0;
+    QTest::newRow("due in fondo") << QList{0, 1} << 3 << u"CDAB"_s << 2;
+}
+
+void TestSetupDesktop::iconeTrascinate()
+{
+    QFETCH(QList<int>, Scelte);
+    QFETCH(int, SuRiga);
+    QFETCH(QString, Ordine);
+    QFETCH(int, Corrente);
+    Registratore Box;
+    QByteArray Quattro = "[desktop]\r\n";
+    for (int i = 0; i < 4; ++i) {
+        const QByteArray Chiave = "L" + QByteArray::number(i);
+        const char Nome = char('A' + i);
+        Quattro += Chiave + '=' + Nome + "\r\n" + Chiave + "_c=www." + Nome + ".example\r\n" + Chiave +
+                   "_i=" + Nome + ".gif\r\n";
+    }
+    ScriviFile(T->Programma + u"kr5.ini"_s, Quattro);
+    LeggiIconeUtente();
+    T->Apri(3);
+    QTableView* Vista = Grigl()->Vista();
+    QWidget* Selettore = Vista->verticalHeader()->viewport();
+    const auto SuRigaNumero = [Vista](int Riga) {
+        constexpr int Dentro = 8;
+        return QPoint(Dentro, Vista->visualRect(Vista->model()->index(Riga, 0)).center().y());
+    };
+    for (const int Riga : Scelte.first(Scelte.size() - 1))
+        QTest::mouseClick(Selettore, Qt::LeftButton, Qt::ControlModifier, SuRigaNumero(Riga));
+    const bool Altre = Scelte.size() > 1;
+    QTest::mousePress(Selettore, Qt::LeftButton, Altre ? Qt::ControlModifier : Qt::NoModifier,
+                      SuRigaNumero(Scelte.last()));
+    // QTest's own moves carry no button.
+    QMouseEvent Mossa(QEvent::MouseMove, SuRigaNumero(SuRiga), Selettore->mapToGlobal(SuRigaNumero(SuRiga)),
+                      Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(Selettore, &Mossa);
+    QTest::mouseRelease(Selettore, Qt::LeftButton, Qt::NoModifier, SuRigaNumero(SuRiga));
+
+    QCOMPARE(Grigl()->RigaCorrente(), std::optional(Corrente));
+    // Until the save the order is the form's own.
+    QCOMPARE(IconeUtente(0, IconaTitolo).toString(), u"A"_s);
+    QCOMPARE(Ini(), Quattro);
+    T->Memorizza(Box);
+    const TabellaRighe Salvate = LeggiIcone();
+    QCOMPARE(Salvate.Righe(), 4);
+    QVERIFY(IconeUtente == Salvate);
+    QString Trovato;
+    for (int Riga = 0; Riga < Salvate.Righe(); ++Riga) {
+        const QString Nome = Salvate(Riga, IconaTitolo).toString();
+        Trovato += Nome;
+        QCOMPARE(Salvate(Riga, IconaCollegamento).toString(), u"www."_s + Nome + u".example"_s);
+        QCOMPARE(Salvate(Riga, IconaFigura).toString(), Nome + u".gif"_s);
+    }
+    QCOMPARE(Trovato, Ordine);
 }
 
 void TestSetupDesktop::scritturaRifiutata()
