@@ -33,6 +33,8 @@ private Q_SLOTS:
     void controlli_data();
     void controlli();
     void codiceSbagliatoSegnatoENonRifiutato();
+    void avvisoNominaIlCodice_data();
+    void avvisoNominaIlCodice();
 
 private:
     std::unique_ptr<TavoloSetup> T;
@@ -293,6 +295,32 @@ void TestSetupContabili::codiceSbagliatoSegnatoENonRifiutato()
     QCOMPARE(T->Parametro(u"Iban"_s), u"IT60X0542811101000000123465"_s);
     T->Scrivi(u"txtIBAN"_s, u"IT60X0542811101000000123456"_s);
     QCOMPARE(T->Campo(u"txtIBAN"_s)->toolTip(), QString());
+}
+
+void TestSetupContabili::avvisoNominaIlCodice_data()
+{
+    QTest::addColumn<QString>("Campo");
+    QTest::addColumn<QString>("Avviso");
+    QTest::addColumn<QString>("Nome");
+    QTest::newRow("fiscal code") << u"txtCodFisStudio"_s << u"lblAvvisoCodFis"_s << u"Codice fiscale"_s;
+    QTest::newRow("VAT number") << u"txtPivaStudio"_s << u"lblAvvisoPiva"_s << u"Partita IVA"_s;
+    QTest::newRow("IBAN") << u"txtIBAN"_s << u"lblAvvisoIBAN"_s << u"IBAN"_s;
+}
+
+void TestSetupContabili::avvisoNominaIlCodice()
+{
+    QFETCH(QString, Campo);
+    QFETCH(QString, Avviso);
+    QFETCH(QString, Nome);
+    T->Apri(0);
+    T->Scrivi(Campo, u"IT99X"_s);
+    const auto* Accanto = T->Trova<QLabel>(Avviso);
+    QVERIFY(Accanto->isVisible());
+    QVERIFY2(Accanto->text().startsWith(Nome), qPrintable(Accanto->text()));
+    QVERIFY(T->Campo(Campo)->toolTip().contains(Nome, Qt::CaseInsensitive));
+    // The whole sentence is on view, and the box keeps room for its code.
+    QVERIFY(Accanto->width() >= Accanto->sizeHint().width());
+    QVERIFY(T->Campo(Campo)->width() > Accanto->width());
 }
 
 #include "TestSetupContabili.moc"
