@@ -3,9 +3,11 @@
 #include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
+#include "feenote/finder/modTrova.h"
 #include "feenote/modAcconti.h"
 #include "feenote/modAppunti.h"
 #include "feenote/modInterruttori.h"
+#include "feenote/modRighe.h"
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/mostra.h"
 #include "feenote/windows/righegriglia.h"
@@ -14,7 +16,12 @@
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
 #include "ui_SchedaAcconti.h"
+
+#include <QButtonGroup>
+#include <QKeyEvent>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -98,6 +105,17 @@ void SegnaPercento(QLineEdit* Box, const Casella& Dato)
                               : QString());
 }
 
+/// What the name alone does not say of the associated note: where it is, what it is about, what it comes to.
+QString DettagliMultipla(const Parcella& Nota)
+{
+    const NotaAssociata& Altra = Nota.Multi;
+    QStringList Righe{Nota.txtPathParcMult};
+    if (!Altra.Oggetto.isEmpty())
+        Righe.append(u"Oggetto: "_s + Altra.Oggetto);
+    Righe.append(u"Totale: "_s + TestoImporto(Altra.TotSpeseImp + Altra.TotOnorari + Altra.TotSpeseEsenti));
+    return u"<p style='white-space:pre'>"_s + Righe.join(u'\n').toHtmlEscaped() + u"</p>"_s;
+}
+
 }  // namespace
 
 SchedaAcconti::SchedaAcconti(Parcella& Dati, CorniceNota& Finestra, QWidget* Padre)
@@ -106,6 +124,7 @@ SchedaAcconti::SchedaAcconti(Parcella& Dati, CorniceNota& Finestra, QWidget* Pad
     ui->setupUi(this);
     CollegaAcconti();
     CollegaImposte();
+    CollegaMultipla();
 }
 
 SchedaAcconti::~SchedaAcconti() = default;
@@ -160,6 +179,58 @@ void SchedaAcconti::CollegaImposte()
             [this](bool Attiva) { Cornice.ApplicaStampa([&] { CambiaMinMax(Nota, Attiva); }); });
 }
 
+void SchedaAcconti::CollegaMultipla()
+{
+    optMultiAntPos = new QButtonGroup(ui->fraMultipla);
+    optMultiAntPos->setObjectName(u"optMultiAntPos"_s);
+    optMultiAntPos->addButton(ui->optMultiAntPos_0, 0);
+    optMultiAntPos->addButton(ui->optMultiAntPos_1, 1);
+    // What is printed beside a note is no change of it: nothing here marks it.
+    Collega(optMultiAntPos, &QButtonGroup::idClicked, this, [this](int Dove) {
+        Nota.optMultiAntPos = Dove;
+        MostraMultipla();
+        Cornice.Ricomponi();
+    });
+    Collega(ui->chkMultiParam, &QCheckBox::clicked, this, [this](bool Attivo) {
+        Nota.chkMultiParam = Attivo;
+        Cornice.Ricomponi();
+    });
+    Collega(ui->cmdOpenPar, &QToolButton::clicked, this, &SchedaAcconti::cmdOpenPar_Click);
+    Collega(ui->cmdModPar, &QToolButton::clicked, this, [this] { Cornice.ApriMulti(); });
+    Collega(ui->cmdNoMulti, &QToolButton::clicked, this, [this] { Cornice.EliminaMulti(); });
+    Collega(ui->cmdRiassocia, &QPushButton::clicked, this,
+            [this] { Cornice.AssociaNota(Nota.txtPathParcMult); });
+    ui->txtParcMultipla->installEventFilter(this);
+}
+
+void SchedaAcconti::cmdOpenPar_Click()
+{
+    const bool Fuoco = ui->cmdOpenPar->hasFocus();
+    ui->cmdOpenPar->setEnabled(false);
+    const auto Riabilita = qScopeGuard([&] {
+        ui->cmdOpenPar->setEnabled(true);
+        if (Fuoco)
+            ui->cmdOpenPar->setFocus();
+    });
+    Cornice.ScegliMulti();
+}
+
+bool SchedaAcconti::eventFilter(QObject* Oggetto, QEvent* Evento)
+{
+    if (Oggetto != ui->txtParcMultipla || Evento->type() != QEvent::KeyPress || !Nota.Multipla())
+        return QWidget::eventFilter(Oggetto, Evento);
+    const auto& Tasto = *static_cast<QKeyEvent*>(Evento);
+    const bool Invio = Tasto.key() == Qt::Key_Return || Tasto.key() == Qt::Key_Enter;
+    const Qt::KeyboardModifiers Con = Tasto.modifiers() & ~Qt::KeypadModifier;
+    if (Invio && Con == Qt::ControlModifier)
+        Cornice.ApriMulti();
+    else if (Tasto.key() == Qt::Key_Delete && Con == Qt::NoModifier)
+        Cornice.EliminaMulti();
+    else
+        return QWidget::eventFilter(Oggetto, Evento);
+    return true;
+}
+
 /// A click on a currency changes it.
 void SchedaAcconti::tdbAcconti_Click(int Riga, int Colonna)
 {
@@ -200,4 +271,27 @@ void SchedaAcconti::Mostra()
     }
     mostra::Segno(ui->chkAcconti, Nota.chkAcconti);
     mostra::Segno(ui->chkMinMax, Nota.chkMinMax);
+    MostraMultipla();
+}
+
+void SchedaAcconti::MostraMultipla()
+{
+    const bool Associata = Nota.Multipla();
+    const bool Principale = Cornice.HaStampa();
+    ui->fraMultipla->setEnabled(Principale);
+    ui->fraMultipla->setToolTip(
+        Principale ? QString() : u"La parcella è aperta come multipla: si stampa con la sua principale"_s);
+    mostra::Testo(ui->txtParcMultipla, {Nota.txtParcMultipla, true});
+    ui->txtParcMultipla->setToolTip(Associata ? DettagliMultipla(Nota) : QString());
+    for (QWidget* Comando : std::initializer_list<QWidget*>{ui->cmdModPar, ui->cmdNoMulti, ui->chkMultiParam,
+                                                            ui->optMultiAntPos_0, ui->optMultiAntPos_1})
+        Comando->setEnabled(Associata);
+    mostra::Opzioni(optMultiAntPos, Nota.optMultiAntPos);
+    mostra::Segno(ui->chkMultiParam, {Nota.chkMultiParam, Associata});
+    // The path outlives the association in the file: the note comes without one, and may have it back.
+    const bool Offerta = !Associata && !Nota.txtPathParcMult.isEmpty();
+    ui->cmdRiassocia->setVisible(Offerta);
+    if (Offerta)
+        ui->cmdRiassocia->setText(u"Associa di nuovo: "_s +
+                                  NomeMostrato(NomeFile(Nota.txtPathParcMult)).replace(u'&', u"&&"_s));
 }

@@ -8,6 +8,7 @@
 #include <memory>
 
 class CorniceNota;
+class QButtonGroup;
 
 namespace Ui {
 class SchedaAcconti;
@@ -24,12 +25,20 @@ public:
 
     /// Writes the controls from the record; call it with the window's guard.
     void Mostra();
+    /// The panel of the associated note alone.
+    void MostraMultipla();
     /// Another note has come into the record: the grid forgets the former one's lines.
     void NuovaNota();
+
+protected:
+    /// The keys on the name of the associated note.
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override;
 
 private:
     void CollegaAcconti();
     void CollegaImposte();
+    void CollegaMultipla();
+    void cmdOpenPar_Click();
     void tdbAcconti_Click(int Riga, int Colonna);
     void tdbAcconti_Delete();
     void RigheScritte();  ///< marks the note
@@ -37,4 +46,5 @@ private:
     Parcella& Nota;
     CorniceNota& Cornice;
     std::unique_ptr<Ui::SchedaAcconti> ui;
+    QButtonGroup* optMultiAntPos = nullptr;
 };

@@ -29,6 +29,17 @@ public:
     /// Composes the chosen document anew while its page is in view: something that it shows has changed.
     virtual void Ricomponi() = 0;
 
+    /// False while the note is open as another's partner, which is printed with that one.
+    [[nodiscard]] virtual bool HaStampa() const = 0;
+    /// Asks the finder for the note to be printed with this one.
+    virtual void ScegliMulti() = 0;
+    /// Associates the note of a file; a failure is reported and keeps what there was.
+    virtual void AssociaNota(const QString& Percorso) = 0;
+    /// Opens the associated note in a window of its own, linked to this one, or brings it to the front.
+    virtual void ApriMulti() = 0;
+    /// Takes the association away; the other note's window, if there is one, stays as an ordinary one.
+    virtual void EliminaMulti() = 0;
+
     /// Opens the address book.
     /// @param Elemento 0 the client, 1 the counterparty
     /// @param DaStampa for the print data, else for the base data

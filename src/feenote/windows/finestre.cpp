@@ -7,6 +7,7 @@
 #include "core/sessione.h"
 #include "feenote/file/modRecupero.h"
 #include "feenote/windows/frmParcelle.h"
+#include "feenote/windows/noteaperte.h"
 #include "platform/kit/aspetto.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
@@ -234,25 +235,21 @@ void DopoChiusura(const frmParcelle* Finestra)
         Termina();
 }
 
-int PrendiPosto()
+/// @param Socio window that another is opened for, 0 none; its place is never taken
+int PrendiPosto(int Socio)
 {
-    return TrovaPostoParcella([] {
+    return TrovaPostoParcella([Socio] {
         const frmParcelle* Prima = Parcelle(1);
-        return Prima && Prima->windowTitle() == Nuova;
+        return Socio != 1 && Prima && Prima->windowTitle() == Nuova;
     });
 }
 
-/// Makes the window of a place ready under a caption, linked to its partner.
-frmParcelle* PreparaFinestra(int Indice, int Socio, const QString& Titolo)
+/// Makes the window of a place ready under a caption.
+frmParcelle* PreparaFinestra(int Indice, const QString& Titolo)
 {
     frmParcelle* Finestra = FinestraPerPosto(Indice);
     MettiInCascata(Finestra, Indice);
-    // A partner that is the window itself, or whose note has closed meanwhile, is none.
-    frmParcelle* Altra = Socio == Indice ? nullptr : InUso(Socio);
-    Finestra->Associa(Altra ? Socio : 0);
-    if (Altra)
-        Altra->Nota.IDMultipla = Indice;
-
+    Sciogli(*Finestra);
     Finestra->setWindowTitle(Titolo);
     Finestra->ImpostaNome(Titolo);
     return Finestra;
@@ -279,9 +276,9 @@ void MostraFinestra(frmParcelle* Finestra)
 
 void ApriRecuperata(const CopiaRecupero& Copia)
 {
-    const int Indice = PrendiPosto();
+    const int Indice = PrendiPosto(0);
     const QString Titolo = Copia.Percorso.isEmpty() ? TitoloNuova(Indice, {}) : NomeNota(Copia.Percorso);
-    frmParcelle* Finestra = PreparaFinestra(Indice, 0, Titolo);
+    frmParcelle* Finestra = PreparaFinestra(Indice, Titolo);
     Protetta([&] { Finestra->Recupera(Copia); });
     Finestra->ImpostaNome(Titolo);
     MostraFinestra(Finestra);
@@ -296,19 +293,30 @@ frmParcelle* Parcelle(int Indice)
 
 void ApriParcella(const QString& Percorso, int Socio, const QString& ID)
 {
-    const int Indice = PrendiPosto();
+    const int Indice = PrendiPosto(Socio);
     const bool DaFile = ID.isEmpty() && !Percorso.isEmpty();
     const QString Titolo = DaFile ? NomeNota(Percorso) : TitoloNuova(Indice, ID);
-    frmParcelle* Finestra = PreparaFinestra(Indice, Socio, Titolo);
+    frmParcelle* Finestra = PreparaFinestra(Indice, Titolo);
     if (!ID.isEmpty())
         Finestra->ImpostaNome(Nuova.toString());
+    // A partner that is the window itself, or whose note has closed meanwhile, is none.
+    frmParcelle* Altra = Socio == Indice ? nullptr : InUso(Socio);
     // Filled before it is shown: a message that comes meanwhile would lie over unfinished controls.
+    bool Letta = true;
     Protetta([&] {
         if (!DaFile)
             Finestra->Nuova(ID);
-        else if (!Finestra->Carica(Percorso))
-            Finestra->setWindowTitle(TitoloNuova(Indice, {}));  // its place keeps the file's name
+        else
+            Letta = Finestra->Carica(Percorso);
     });
+    if (!Letta && Altra) {
+        Libera({Finestra});  // an empty note in its stead would be printed as the partner
+        return;
+    }
+    if (!Letta)
+        Finestra->setWindowTitle(TitoloNuova(Indice, {}));  // its place keeps the file's name
+    if (Altra)
+        Unisci(*Altra, *Finestra);
     MostraFinestra(Finestra);
 }
 
@@ -363,6 +371,23 @@ void AttivaParcella(int Indice)
         Aperture.ParcellaAttivata(Indice);
 }
 
+void Unisci(frmParcelle& Principale, frmParcelle& Compagna)
+{
+    Sciogli(Principale);
+    Sciogli(Compagna);
+    Principale.Nota.IDMultipla = Compagna.Indice();
+    Compagna.Associa(Principale.Indice());
+    Principale.SocioCambiato();
+}
+
+void Sciogli(frmParcelle& Finestra)
+{
+    frmParcelle* Altra = InUso(Finestra.Socio());
+    Finestra.Associa(0);
+    if (Altra && Altra->Socio() == Finestra.Indice())
+        Altra->Associa(0);
+}
+
 bool ChiudiParcella(int Indice)
 {
     frmParcelle* Finestra = InUso(Indice);
@@ -373,13 +398,11 @@ bool ChiudiParcella(int Indice)
     if (!Finestra->ChiediChiusura() || (Altra && Principale && !Altra->ChiediChiusura()))
         return false;
     std::vector<frmParcelle*> Chiuse{Finestra};
-    if (Altra) {
-        Altra->Associa(0);
-        Finestra->Associa(0);
-        if (Principale)
-            Chiuse.push_back(Altra);
-    }
+    if (Altra && Principale)
+        Chiuse.push_back(Altra);
+    Sciogli(*Finestra);
     Libera(Chiuse);
+    ControllaAssociate();
     DopoChiusura(Finestra);
     return true;
 }

@@ -11,7 +11,8 @@ class frmParcelle;
 /// Opens a window: on a file, on a new note, or on a new note for the companion application.
 ///
 /// @param Percorso file, empty for a new note
-/// @param Socio partner window, 0 none; the print tab of the new window is then closed
+/// @param Socio partner window, 0 none; the print tab of the new window is then closed. A file that cannot be
+///     read opens no window for a partner
 /// @param ID reference of the matter, empty for an ordinary note
 void ApriParcella(const QString& Percorso, int Socio, const QString& ID);
 
@@ -28,6 +29,12 @@ void AttivaParcella(int Indice);
 
 /// The same, and the frame with it, for a question about the note: nobody answers for what he does not see.
 void PortaDavanti(int Indice);
+
+/// Links two windows: the second one's note is printed with the first one's.
+void Unisci(frmParcelle& Principale, frmParcelle& Compagna);
+
+/// Undoes the link of a window with another; both stay open, each with its print tab.
+void Sciogli(frmParcelle& Finestra);
 
 /// Closes a window, asking about unsaved changes; its linked partner is asked too before either goes.
 /// Where the note in front closes, the one that was there before it comes back.

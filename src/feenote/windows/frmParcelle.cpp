@@ -98,6 +98,7 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     CollegaCornice();
     CollegaRicalcolo();
     CollegaCopia();
+    CollegaMulti();
     RimettiDisposizione();
     aspetto::TitoliInGrassetto(this);
     aspetto::AssegnaMnemonici(this);
@@ -252,6 +253,8 @@ void frmParcelle::tabParcelle_Change(int Nuova)
         return;
     }
     SchedaInVista = Nuova;
+    if (Nuova == SchedaDiStampa)
+        ControllaMulti();
     if (Nuova == SchedaListaOnorari)
         Onorari->Entra();
     else if (Nuova == SchedaListaSpese)
@@ -350,6 +353,7 @@ void frmParcelle::Associa(int Socio)
 {
     Nota.IDMultipla = Socio;
     ui->tabParcelle->setTabEnabled(SchedaDiStampa, Nota.IDMultipla == 0);
+    Acconti->MostraMultipla();
 }
 
 bool frmParcelle::HaStampa() const

@@ -10,11 +10,13 @@
 #include "feenote/windows/cornicenota.h"
 #include "tariffs/modTariffe.h"
 
+#include <QDateTime>
 #include <QScopedValueRollback>
 #include <QTimer>
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 
 struct CopiaRecupero;
 class SchedaAcconti;
@@ -67,7 +69,7 @@ public:
     void oRubrica_SelDone(const QString& Parent, const QVariantList& Valori);
     /// Opens the address book, once the field in edit was left; nothing while there is none. See CorniceNota.
     void CliCon(int Elemento, bool DaStampa, const QString& MenuStart) override;
-    /// What the partner does when it is told: its sums may hold this note's.
+    /// The window of the associated note has changed: its figures are taken anew.
     void SocioCambiato();
     /// The note's name, in the record and in its place; the caption is the window's own.
     void ImpostaNome(const QString& Nome);
@@ -75,7 +77,20 @@ public:
     void Associa(int Socio);
     [[nodiscard]] int Socio() const { return Nota.IDMultipla; }
     /// True for the main window of a pair, and for one without a partner.
-    [[nodiscard]] bool HaStampa() const;
+    [[nodiscard]] bool HaStampa() const override;
+
+    // ---- the associated note (frmParcelle_Multipla.cpp); see CorniceNota
+    void ScegliMulti() override;
+    void AssociaNota(const QString& Percorso) override;
+    void ApriMulti() override;
+    void EliminaMulti() override;
+    /// The window whose figures the association shows: the linked one, else the one that holds the file; null
+    /// when the file itself counts.
+    [[nodiscard]] frmParcelle* FinestraMulti() const;
+    /// Reads the associated note again where its figures may be others: it is open, or its file has changed.
+    void ControllaMulti();
+    /// The linked partner was saved, perhaps under another name: the association goes on with that file.
+    void SegueMulti(const QString& Percorso);
 
     // ---- tabs (frmParcelle.cpp)
     /// Moves to a tab as a user would: open field committed, parameters checked. A closed tab stays closed.
@@ -104,6 +119,13 @@ private:
     void MostraSegni();                 ///< padlock and diskette
     void MettiInVista(QWidget* Campo);  ///< scrolls a page that has no room for all its fields
 
+    // ---- frmParcelle_Multipla.cpp
+    void CollegaMulti();
+    /// Takes the figures of a note. @return false when it was refused or could not be read, which was told
+    bool LeggiAssociata(const QString& Percorso, const frmParcelle* Aperta);
+    bool PrendiDallaFinestra();  ///< the figures of the window that holds it; true when they are others
+    void MultiCambiata();        ///< shows whatever depends on the associated note
+
     // ---- frmParcelle_Ricalcolo.cpp: lines that are older than the parameters
     void CollegaRicalcolo();
     void MostraRicalcolo();
@@ -125,7 +147,19 @@ private:
     [[nodiscard]] bool InDomanda() const override { return DialogoAperto; }
     [[nodiscard]] QScopedValueRollback<bool> ApriDomanda() override;
 
+    /// How a file stood when it was read.
+    struct Impronta
+    {
+        QDateTime Quando;
+        qint64 Byte = -1;  ///< -1: no file
+
+        friend bool operator==(const Impronta&, const Impronta&) = default;
+    };
+    [[nodiscard]] static Impronta ImprontaDi(const QString& Percorso);
+
     int Posto;
+    std::optional<Impronta> ImprontaMulti;  ///< of the associated note; nothing: it was read from a window
+    QTimer TimerMulti;                      ///< runs while the partner is being changed
     QTimer TimerCopia;  ///< runs from the first change that the recovery copy does not hold
     qint64 DurataCopiaMs = 0;
     Recordset DirittiValori;  ///< open while the window lives, as it always was; no rule reads it

@@ -18,6 +18,7 @@
 #include "feenote/windows/SchedaSpese.h"
 #include "feenote/windows/SchedaStampa.h"
 #include "feenote/windows/finestre.h"
+#include "feenote/windows/noteaperte.h"
 #include "platform/base/errore.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/campo.h"
@@ -160,6 +161,8 @@ bool frmParcelle::SalvaParcella(bool ComeModello)
             TogliCopia(Posto);
             DiSalvata(*Scritta);
             SetModificata(false);
+            SegueSalvataggio(*this);
+            ControllaMulti();
             MostraTutto();
             Stampa->DopoSalvataggio();
             if (Aperture.RinfrescaTrova)
@@ -226,8 +229,7 @@ void frmParcelle::SetModificata(bool Valore)
     } else if (!TimerCopia.isActive()) {
         TimerCopia.start(int(std::max<qint64>(guasti::AttesaCopiaMs, DurataCopiaMs * PausaPerCopia)));
     }
-    if (frmParcelle* Altra = Socio() == Posto ? nullptr : Parcelle(Socio()))
-        Altra->SocioCambiato();
+    AvvisaAssociate(*this);
 }
 
 void frmParcelle::Cambiata()
@@ -239,12 +241,6 @@ QScopedValueRollback<bool> frmParcelle::ApriDomanda()
 {
     CopiaInAttesa();
     return QScopedValueRollback<bool>(DialogoAperto, true);
-}
-
-void frmParcelle::SocioCambiato()
-{
-    RefreshDatiBase();
-    RefreshGrid();
 }
 
 void frmParcelle::CollegaCopia()

@@ -24,6 +24,41 @@ bool StessoFile(const QString& Uno, const QString& Altro)
 
 }  // namespace
 
+frmParcelle* FinestraConFile(const QString& Percorso)
+{
+    frmParcelle* Trovata = nullptr;
+    Ognuna([&](frmParcelle& Finestra) {
+        if (!Trovata && StessoFile(Finestra.Nota.Percorso, Percorso))
+            Trovata = &Finestra;
+    });
+    return Trovata;
+}
+
+void AvvisaAssociate(const frmParcelle& Cambiata)
+{
+    Ognuna([&](frmParcelle& Finestra) {
+        if (&Finestra != &Cambiata && Finestra.FinestraMulti() == &Cambiata)
+            Finestra.SocioCambiato();
+    });
+}
+
+void ControllaAssociate()
+{
+    Ognuna([](frmParcelle& Finestra) { Finestra.ControllaMulti(); });
+}
+
+void SegueSalvataggio(const frmParcelle& Salvata)
+{
+    Ognuna([&](frmParcelle& Finestra) {
+        if (&Finestra == &Salvata)
+            return;
+        if (Finestra.HaStampa() && Finestra.Socio() == Salvata.Indice())
+            Finestra.SegueMulti(Salvata.Nota.Percorso);
+        else
+            Finestra.ControllaMulti();
+    });
+}
+
 QSet<QString> NoteAperte()
 {
     QSet<QString> File;
@@ -46,7 +81,8 @@ void NotaRinominata(const QString& Vecchio, const QString& Nuovo)
         }
         if (StessoFile(Nota.txtPathParcMult, Vecchio)) {
             Nota.txtPathParcMult = Nuovo;
-            Nota.txtParcMultipla = Nome;
+            if (Nota.Multipla())  // else the path is only kept for an offer
+                Nota.txtParcMultipla = Nome;
             Finestra.MostraTutto();
         }
     });

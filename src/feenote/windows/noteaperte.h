@@ -4,6 +4,21 @@
 #include <QSet>
 #include <QString>
 
+class frmParcelle;
+
+/// The window of a note on screen that holds a file, null when none does.
+[[nodiscard]] frmParcelle* FinestraConFile(const QString& Percorso);
+
+/// Lets the windows that take figures from this one take them anew.
+void AvvisaAssociate(const frmParcelle& Cambiata);
+
+/// Lets every window look whether its associated note is still the one that it has read.
+void ControllaAssociate();
+
+/// A note has been saved, perhaps under another name: the window that is linked to it follows, the others
+/// look at their associated notes.
+void SegueSalvataggio(const frmParcelle& Salvata);
+
 /// The files of the notes on screen.
 [[nodiscard]] QSet<QString> NoteAperte();
 

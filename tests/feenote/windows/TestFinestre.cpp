@@ -416,9 +416,9 @@ void TestFinestre::ilSocioEAvvisato()
     Parcelle(1)->SetModificata(true);
     ApriParcella({}, 1, {});
     Parcelle(1)->Nota.txtParcMultipla = u"compagna"_s;
-    Parcelle(1)->Nota.Multi.TotOnorari = 1234.0;
     const auto* Onorari = Controllo<QLabel>(Parcelle(1), "lblOnora");
     QCOMPARE(Onorari->text(), u"Onor.: 0"_s);
+    RigaOnorario(Parcelle(2)->Nota, u"Studio"_s, 1234);
     Scrivi(Controllo<QLineEdit>(Parcelle(2), "txtCliente"), u"Rossi"_s);
     QCOMPARE(Onorari->text(), u"Onor.: 1.234,00"_s);
     for (const int i : {1, 2})

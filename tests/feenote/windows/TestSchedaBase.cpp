@@ -31,7 +31,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void laNotaNuovaAspetta();
-    void leMultipleNonSiUsano();
+    void senzaAssociataNullaDaUsare();
     void civileSubitoHaIValori();
     void lePartiSonoTestoLibero();
     void sceltaDaTastieraComeDalMouse();
@@ -105,10 +105,11 @@ void TestSchedaBase::laNotaNuovaAspetta()
     QVERIFY(!F->Nota.Modificata);
 }
 
-void TestSchedaBase::leMultipleNonSiUsano()
+void TestSchedaBase::senzaAssociataNullaDaUsare()
 {
-    QVERIFY(!Controllo(F, "fraMultipla")->isEnabled());
-    QVERIFY(!Controllo(F, "chkMultiParam")->isEnabled());
+    for (const char* Nome : {"cmdModPar", "cmdNoMulti", "chkMultiParam", "optMultiAntPos_0"})
+        QVERIFY2(!Controllo(F, Nome)->isEnabled(), Nome);
+    QVERIFY(!Controllo(F, "cmdRiassocia")->isVisible());
 }
 
 void TestSchedaBase::civileSubitoHaIValori()
