@@ -24,6 +24,8 @@ private Q_SLOTS:
     void unaSondaSiScopre_data();
     void unaSondaSiScopre();
     void iNomiDoppiSiScoprono();
+    void ogniDichiarazioneConta_data();
+    void ogniDichiarazioneConta();
     void unaFrecciaInSuSiScopre();
     void unaStanzaGrandeSiScopre();
 
@@ -146,13 +148,27 @@ void TestArchitettura::unaSondaSiScopre_data()
     Riga("fuori dalle stanze", u"altrove/prova.cpp"_s, "int x;\n",
          u"src/altrove/prova.cpp stands in a folder that is no room of src/CMakeLists.txt"_s);
     Riga("il motore", u"conti/altra.cpp"_s, "#include <sqlite3.h>\n",
-         u"src/conti/altra.cpp:1 includes <sqlite3.h>, which is for platform/database alone"_s);
+         u"src/conti/altra.cpp:1 includes sqlite3.h, which is for platform/database alone"_s);
     Riga("una finestra nella logica", u"conti/altra.cpp"_s, "#include <QMessageBox>\n",
-         u"src/conti/altra.cpp:1 includes <QMessageBox>, and conti is a room without windows"_s);
+         u"src/conti/altra.cpp:1 includes QMessageBox, and conti is a room without windows"_s);
     Riga("il sistema", u"conti/windows/altra.cpp"_s, "#include <QProcess>\n",
-         u"src/conti/windows/altra.cpp:1 includes <QProcess>: only platform/ calls the operating system"_s);
+         u"src/conti/windows/altra.cpp:1 includes QProcess: only platform/ calls the operating system"_s);
+    Riga("nostro fra parentesi angolari", u"conti/altra.cpp"_s, "#include <platform/database/tabella.h>\n",
+         u"src/conti/altra.cpp:1 includes platform/database/tabella.h, which conti may not know"_s);
+    Riga("il motore fra virgolette", u"conti/altra.cpp"_s, "#include \"sqlite3.h\"\n",
+         u"src/conti/altra.cpp:1 includes sqlite3.h, which is for platform/database alone"_s);
+    Riga("una finestra col suo modulo", u"conti/altra.cpp"_s, "#include <QtWidgets/QMessageBox>\n",
+         u"src/conti/altra.cpp:1 includes QtWidgets/QMessageBox, and conti is a room without windows"_s);
+    Riga("una finestra in minuscolo", u"conti/altra.cpp"_s, "#include <qmessagebox.h>\n",
+         u"src/conti/altra.cpp:1 includes qmessagebox.h, and conti is a room without windows"_s);
+    Riga("il sistema fra virgolette", u"conti/altra.cpp"_s, "#include \"unistd.h\"\n",
+         u"src/conti/altra.cpp:1 includes unistd.h: only platform/ calls the operating system"_s);
+    Riga("il sistema col suo modulo", u"conti/altra.cpp"_s, "#include <QtCore/QProcess>\n",
+         u"src/conti/altra.cpp:1 includes QtCore/QProcess: only platform/ calls the operating system"_s);
+    Riga("il sistema in minuscolo", u"conti/altra.cpp"_s, "#include <qsettings.h>\n",
+         u"src/conti/altra.cpp:1 includes qsettings.h: only platform/ calls the operating system"_s);
     Riga("una chiamata del nucleo", u"conti/altra.cpp"_s, "#include <sys/stat.h>\n",
-         u"src/conti/altra.cpp:1 includes <sys/stat.h>: only platform/ calls the operating system"_s);
+         u"src/conti/altra.cpp:1 includes sys/stat.h: only platform/ calls the operating system"_s);
 }
 
 void TestArchitettura::unaSondaSiScopre()
@@ -182,6 +198,35 @@ void TestArchitettura::iNomiDoppiSiScoprono()
     QCOMPARE(UnaPerRiga(NomiDoppi(Piccola)),
              u"Numero is declared in src/conti/terza.h and in src/platform/base/numero.h\n"
              "Tabella is declared in src/conti/terza.h and in src/platform/database/tabella.h"_s);
+}
+
+void TestArchitettura::ogniDichiarazioneConta_data()
+{
+    QTest::addColumn<QByteArray>("Sotto");
+    QTest::addColumn<QByteArray>("Sopra");
+    QTest::addColumn<QString>("Nome");
+
+    QTest::newRow("variabile") << QByteArray("inline int Aliquota = 4;\n")
+                               << QByteArray("extern double Aliquota;\n") << u"Aliquota"_s;
+    QTest::newRow("alias") << QByteArray("using Riga = int;\n") << QByteArray("struct Riga\n{\n};\n")
+                           << u"Riga"_s;
+    QTest::newRow("spazi annidati") << QByteArray("namespace a::b {\nint Voce();\n}\n")
+                                    << QByteArray("namespace a {\nnamespace b {\nint Voce();\n}\n}\n")
+                                    << u"a::b::Voce"_s;
+}
+
+/// Whatever its form, a declaration outside every class takes its name.
+void TestArchitettura::ogniDichiarazioneConta()
+{
+    QFETCH(QByteArray, Sotto);
+    QFETCH(QByteArray, Sopra);
+    QFETCH(QString, Nome);
+    const Casa Piccola = CasaDiProva();
+    Scrivi(Piccola.Radice + u"platform/base/sotto.h"_s, "#pragma once\n" + Sotto);
+    QCOMPARE(UnaPerRiga(NomiDoppi(Piccola)), QString());
+    Scrivi(Piccola.Radice + u"conti/sopra.h"_s, "#pragma once\n" + Sopra);
+    QCOMPARE(UnaPerRiga(NomiDoppi(Piccola)),
+             Nome + u" is declared in src/conti/sopra.h and in src/platform/base/sotto.h"_s);
 }
 
 void TestArchitettura::unaFrecciaInSuSiScopre()

@@ -43,7 +43,8 @@ QString Posto(const QString& Percorso, qsizetype Riga)
     return u"src/%1:%2 "_s.arg(Percorso).arg(Riga + 1);
 }
 
-/// What a source includes, line by line: a header of ours in quotes, another one in angle brackets.
+/// What a source includes, line by line. A header is ours by a path in quotes, or because it stands below the
+/// root, whatever brackets are around it.
 void PerOgniInclude(
     const Casa& Questa,
     const std::function<void(const QString& File, qsizetype Riga, const QString& Incluso, bool Nostro)>& Fai)
@@ -55,8 +56,11 @@ void PerOgniInclude(
         const QStringList Testo = Righe(Questa.Radice + File);
         for (qsizetype i = 0; i < Testo.size(); ++i) {
             const QRegularExpressionMatch Trovato = (Disegno ? FormaUi : Forma).match(Testo[i]);
-            if (Trovato.hasMatch())
-                Fai(File, i, Trovato.captured(2), Disegno || Trovato.captured(1) == u"\""_s);
+            if (Trovato.hasMatch()) {
+                const QString Incluso = Trovato.captured(2);
+                const bool ColPercorso = Trovato.captured(1) == u"\""_s && Incluso.contains(u'/');
+                Fai(File, i, Incluso, Disegno || ColPercorso || QFileInfo::exists(Questa.Radice + Incluso));
+            }
         }
     }
 }
@@ -70,26 +74,39 @@ struct Chiamata
 
 constexpr Chiamata DelSistema[] = {
     {u"QLockFile", true},    {u"QSettings", true},    {u"QProcess", true}, {u"QStandardPaths", true},
-    {u"QLocalSocket", true}, {u"QLocalServer", true}, {u"fcntl.h", true},  {u"unistd.h", true},
-    {u"windows.h", true},    {u"sys/", false},
+    {u"QLocalSocket", true}, {u"QLocalServer", true}, {u"fcntl", true},    {u"unistd", true},
+    {u"windows", true},      {u"sys/", false},
 };
+
+/// A header of a library without its Qt module: <QtCore/QProcess> is <QProcess>.
+QString SenzaModulo(QString Incluso)
+{
+    static const QRegularExpression Modulo(u"^Qt\\w+/"_s);
+    return Incluso.remove(Modulo);
+}
 
 bool EDelSistema(const QString& Incluso)
 {
+    // Qt has each class twice: <QSettings> and <qsettings.h>.
+    QString Nome = SenzaModulo(Incluso);
+    if (Nome.endsWith(u".h", Qt::CaseInsensitive))
+        Nome.chop(2);
     return std::any_of(std::begin(DelSistema), std::end(DelSistema), [&](const Chiamata& Nota) {
-        return Nota.NomeIntero ? Incluso == Nota.Intestazione : Incluso.startsWith(Nota.Intestazione);
+        return Nota.NomeIntero ? Nome.compare(Nota.Intestazione, Qt::CaseInsensitive) == 0
+                               : Nome.startsWith(Nota.Intestazione, Qt::CaseInsensitive);
     });
 }
 
-/// Names that a header declares for everybody: types, functions and constants outside every class, with the
+/// Names that a header declares for everybody: types, functions and variables outside every class, with the
 /// namespace in front. Declarations begin at the first column, as the formatter writes them.
 QStringList NomiDichiarati(const QStringList& Testo)
 {
-    static const QRegularExpression Spazio(u"^(?:inline )?namespace (\\w+) \\{"_s);
+    static const QRegularExpression Spazio(u"^(?:inline )?namespace ([\\w:]+) \\{"_s);
     static const QRegularExpression Tipo(
         u"^(?:struct|class|enum class|enum) (?!\\w+(?: : [\\w:]+)?;)(\\w+)"_s);
-    static const QRegularExpression Costante(
-        u"^(?:inline |static )*constexpr [\\w:<>, ]+[ &*](\\w+)(?:\\[.*\\])?\\s*[={]"_s);
+    static const QRegularExpression Variabile(
+        u"^(?:(?:inline|static|extern|constexpr) )+[\\w:<>,&* ]+[ &*](\\w+)(?:\\[.*\\])?\\s*[={;]"_s);
+    static const QRegularExpression Alias(u"^using (\\w+) ="_s);
     static const QRegularExpression Funzione(
         u"^(?!using|return|template|#|//|\\})(?:\\[\\[nodiscard\\]\\] )?[\\w:<>,&* \\[\\]]+[ &*](\\w+)\\("_s);
     QStringList Nomi;
@@ -105,7 +122,7 @@ QStringList NomiDichiarati(const QStringList& Testo)
                 Spazi.removeLast();
                 continue;
             }
-            for (const QRegularExpression* Forma : {&Tipo, &Costante, &Funzione}) {
+            for (const QRegularExpression* Forma : {&Tipo, &Alias, &Variabile, &Funzione}) {
                 const auto Trovato = Forma->match(Riga);
                 if (!Trovato.hasMatch())
                     continue;
@@ -174,15 +191,14 @@ QStringList LibrerieProibite(const Casa& Questa, const QString& IntestazioniFine
             return;
         const QString Stanza = CartellaDi(File);
         if (Incluso.startsWith(u"sqlite3") && Stanza != u"platform/database")
-            Frasi +=
-                Posto(File, Riga) + u"includes <%1>, which is for platform/database alone"_s.arg(Incluso);
+            Frasi += Posto(File, Riga) + u"includes %1, which is for platform/database alone"_s.arg(Incluso);
         if (EDelSistema(Incluso) && !Stanza.startsWith(u"platform/"))
-            Frasi += Posto(File, Riga) +
-                     u"includes <%1>: only platform/ calls the operating system"_s.arg(Incluso);
-        if (!Questa.Stanze.value(Stanza).HaFinestre() &&
-            QFileInfo::exists(IntestazioniFinestre + u'/' + Incluso))
             Frasi +=
-                Posto(File, Riga) + u"includes <%1>, and %2 is a room without windows"_s.arg(Incluso, Stanza);
+                Posto(File, Riga) + u"includes %1: only platform/ calls the operating system"_s.arg(Incluso);
+        if (!Questa.Stanze.value(Stanza).HaFinestre() &&
+            QFileInfo::exists(IntestazioniFinestre + u'/' + SenzaModulo(Incluso)))
+            Frasi +=
+                Posto(File, Riga) + u"includes %1, and %2 is a room without windows"_s.arg(Incluso, Stanza);
     });
     return Frasi;
 }
