@@ -259,6 +259,25 @@ void SchedaDesktop::AbilitaPulsanti()
     ui->cmdDelIco->setEnabled(Corrente);
 }
 
+std::optional<int> SchedaDesktop::RigaDi(int SullaScrivania) const
+{
+    if (SullaScrivania < 0 || SullaScrivania >= IconeUtente.Righe())
+        return std::nullopt;
+    const auto Uguale = [&](int Riga) {
+        for (int c = 0; c < ColonneIcona; ++c)
+            if (Icone(Riga, c) != IconeUtente(SullaScrivania, c))
+                return false;
+        return true;
+    };
+    // Of two that are alike the one in its own place.
+    if (SullaScrivania < Icone.Righe() && Uguale(SullaScrivania))
+        return SullaScrivania;
+    for (int Riga = 0; Riga < Icone.Righe(); ++Riga)
+        if (Uguale(Riga))
+            return Riga;
+    return std::nullopt;
+}
+
 void SchedaDesktop::ModificaIcona(int Riga)
 {
     if (Riga >= Icone.Righe())

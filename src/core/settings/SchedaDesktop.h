@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 
 namespace Ui {
 class SchedaDesktop;
@@ -35,6 +36,9 @@ public:
     /// Fills cmbTemplates from templates.ini.
     void LoadTemplates();
 
+    /// The row of this page that is an icon of the desktop, by its row there; nothing for one that was
+    /// changed or taken away here.
+    [[nodiscard]] std::optional<int> RigaDi(int SullaScrivania) const;
     /// Lets the user edit an icon, or make one with a row of -1. A row that is gone does nothing.
     void ModificaIcona(int Riga);
     /// Asks, and takes an icon away. A row that is gone does nothing.

@@ -258,11 +258,16 @@ void frmSetup::cmdSaveImpost_Click()
 {
     if (!ConcludiCampo() || !CheckValori() || !CheckNumero())
         return;
-    if (!Desktop->SalvaIcone())
+    const bool IconeScritte = Desktop->SalvaIcone();
+    if (!IconeScritte)
         MsgErrore(u"Errore scrittura .ini"_s);
     const QString CartellaPrima = ValoreConservato(chiavi::UserFolder);
-    if (!Protetta([this] { SalvaValori(); }))
+    if (!Protetta([this] { SalvaValori(); })) {
+        // The icons are written all the same: those of the desktop would open their neighbours' targets.
+        if (Aperture.ImpostazioniCambiate)
+            Aperture.ImpostazioniCambiate();
         return;
+    }
     if (ValoreConservato(chiavi::UserFolder) != CartellaPrima && Aperture.LasciaCartellaUtente)
         Aperture.LasciaCartellaUtente();
     ImpostaVariabili();
@@ -270,6 +275,9 @@ void frmSetup::cmdSaveImpost_Click()
         Aperture.ImpostazioniCambiate();
     Contabili->Carica();
     Cartelle->Carica();
+    // Another folder may hold other icons; those that could not be written stay in the form.
+    if (IconeScritte)
+        Desktop->Carica();
     MsgBox(u"Le impostazioni sono state memorizzate!"_s, vbInformation, TitoloMessaggio.toString());
     if (ParcellaAperta())
         MsgBox(u"Per essere certi della piena operatività è consigliabile riavviare il programma."_s,
@@ -284,11 +292,13 @@ void frmSetup::cmdSaveImpost_Click()
 void frmSetup::ModificaIcona(int Riga)
 {
     ChangeTab(SchedaPersonalizza);
-    Desktop->ModificaIcona(Riga);
+    if (const std::optional<int> Propria = Desktop->RigaDi(Riga))
+        Desktop->ModificaIcona(*Propria);
 }
 
 void frmSetup::EliminaIcona(int Riga)
 {
     ChangeTab(SchedaPersonalizza);
-    Desktop->EliminaIcona(Riga);
+    if (const std::optional<int> Propria = Desktop->RigaDi(Riga))
+        Desktop->EliminaIcona(*Propria);
 }

@@ -43,7 +43,8 @@ public:
     /// Shows what the current tab is for, or hides it again.
     void ShowHelp(bool Si);
 
-    /// The editor of an icon, by its row on the desktop, on the tab of the desktop.
+    /// The editor of an icon, by its row on the desktop, on the tab of the desktop. One that the form has
+    /// changed or taken away meanwhile does nothing.
     void ModificaIcona(int Riga);
     /// The question whether to take an icon away, there too.
     void EliminaIcona(int Riga);

@@ -1,0 +1,146 @@
+#include "core/settings/tavolosetup.h"
+
+#include "core/desktop/iconastudio.h"
+#include "core/settings/frmIcons.h"
+#include "platform/grid/griglia.h"
+
+#include <QTimer>
+
+#include <memory>
+
+/// The icons of the form and those of the desktop, while the two differ.
+class TestSetupIcone : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { T.reset(); }
+
+    void senzaImpostazioniLaScrivaniaSegueLeIcone();
+    void dalMenuDellaScrivania();
+    void altraCartellaAltreIcone();
+
+private:
+    Griglia* Grigl() { return T->Trova<Griglia>(u"tdbIcone"_s); }
+    /// Runs something in the editor of icons, which comes up next.
+    void NellEditor(const std::function<void(frmIcons&)>& Fai);
+    static void Riempi(frmIcons& Modulo, const QString& Titolo, const QString& Destinazione);
+
+    std::unique_ptr<TavoloSetup> T;
+};
+PROVA(TestSetupIcone);
+
+namespace {
+
+const QByteArray DueIcone = "[desktop]\r\nL0=Sito\r\nL0_c=www.x.example\r\nL0_i=sito.gif\r\n"
+                            "L1=Agenda\r\nL1_c=/opt/agenda\r\nL1_i=agenda.gif\r\n";
+
+}  // namespace
+
+void TestSetupIcone::init()
+{
+    T = std::make_unique<TavoloSetup>();
+    ScriviFile(T->Programma + u"kr5.ini"_s, DueIcone);
+}
+
+void TestSetupIcone::NellEditor(const std::function<void(frmIcons&)>& Fai)
+{
+    QTimer::singleShot(0, this, [Fai] {
+        auto* Modulo = qobject_cast<frmIcons*>(QApplication::activeModalWidget());
+        QVERIFY(Modulo);
+        Fai(*Modulo);
+        if (Modulo->isVisible())
+            Modulo->reject();
+    });
+}
+
+void TestSetupIcone::Riempi(frmIcons& Modulo, const QString& Titolo, const QString& Destinazione)
+{
+    Modulo.findChild<QLineEdit*>(u"txtTitIco"_s)->setText(Titolo);
+    auto* Campo = Modulo.findChild<QLineEdit*>(u"txtCollegIco"_s);
+    Campo->clear();
+    QTest::keyClicks(Campo, Destinazione);
+}
+
+void TestSetupIcone::senzaImpostazioniLaScrivaniaSegueLeIcone()
+{
+    Registratore Box;
+    ScriviFile(T->Programma + u"kr5.ini"_s, "[desktop]\r\nL0=Sito\r\nL0_c=www.x.example\r\nL0_i=sito.gif\r\n"
+                                            "L1=Altro\r\nL1_c=www.y.example\r\nL1_i=sito.gif\r\n");
+    T->Salva(u"CercaAgg"_s, u"N"_s);
+    ImpostaVariabili();
+    frmStudio& Scrivania = Singola<frmStudio>();
+    Scrivania.Mostra();
+    Respiro();
+    const int Fisse = Scrivania.NumeroIcone() - 2;
+    T->Apri(3);
+    Grigl()->ImpostaRigaCorrente(0);
+    Box.Attendi(u"Confermi la cancellazione dell'icona Sito?"_s, vbYes);
+    T->Premi(u"cmdDelIco"_s);
+    // A folder stands where the store should be.
+    QVERIFY(QFile::remove(Scena::FileImpostazioni()));
+    QVERIFY(QDir().mkpath(Scena::FileImpostazioni() + u"/x"_s));
+    Box.Attendi(u"Errore: "_s + DescrizioneErrore(75) + u" (75)"_s, vbOK, u"Errore:"_s);
+    T->Premi(u"cmdSaveImpost"_s);
+    Respiro();
+    QVERIFY(QDir(Scena::FileImpostazioni()).removeRecursively());
+    QCOMPARE(Scrivania.NumeroIcone(), Fisse + 1);
+    T->S().Eventi.clear();
+    Scrivania.imgMenu(Fisse)->click();
+    QCOMPARE(Scrivania.imgMenu(Fisse)->text(), u"Altro"_s);
+    QCOMPARE(T->S().Eventi, QStringList{u"indirizzo http://www.y.example"_s});
+}
+
+void TestSetupIcone::dalMenuDellaScrivania()
+{
+    Registratore Box;
+    LeggiIconeUtente();
+    T->Apri(3);
+    Grigl()->ImpostaRigaCorrente(0);
+    Box.Attendi(u"Confermi la cancellazione dell'icona Sito?"_s, vbYes);
+    T->Premi(u"cmdDelIco"_s);
+    // On the desktop both are still there: the second is the form's first, the first is gone.
+    NellEditor([](const frmIcons& Modulo) {
+        QCOMPARE(Modulo.findChild<QLineEdit*>(u"txtTitIco"_s)->text(), u"Agenda"_s);
+    });
+    T->Modulo->ModificaIcona(1);
+    T->Modulo->EliminaIcona(0);
+    T->Modulo->EliminaIcona(2);
+    QCOMPARE(Grigl()->Righe(), 1);
+    // What was changed here is not what the desktop shows.
+    NellEditor([this](frmIcons& Modulo) {
+        Riempi(Modulo, u"Agenda nuova"_s, u"/opt/agenda2"_s);
+        Modulo.cmdSalvaIco_Click();
+    });
+    T->Modulo->ModificaIcona(1);
+    T->Modulo->EliminaIcona(1);
+    QCOMPARE(Grigl()->Righe(), 1);
+}
+
+void TestSetupIcone::altraCartellaAltreIcone()
+{
+    Registratore Box;
+    const QString Altra = NuovaCartella();
+    const QByteArray Sue = "[desktop]\r\nL0=Suo\r\nL0_c=www.z.example\r\nL0_i=sito.gif\r\n";
+    ScriviFile(Altra + u"kr5.ini"_s, Sue);
+    T->Apri(3);
+    QCOMPARE(Grigl()->Righe(), 2);
+    T->Campo(u"txtCartellaUtente"_s)->setText(Altra);
+    T->Memorizza(Box);
+    QCOMPARE(Grigl()->Righe(), 1);
+    // The form goes on with the icons of the new folder.
+    NellEditor([this](frmIcons& Modulo) {
+        Riempi(Modulo, u"Tribunale"_s, u"https://tribunale.example"_s);
+        Modulo.cmdSalvaIco_Click();
+    });
+    T->Premi(u"cmdAddIco"_s);
+    T->Memorizza(Box);
+    const TabellaRighe Salvate = LeggiIcone();
+    QCOMPARE(Salvate.Righe(), 2);
+    QCOMPARE(Salvate(0, IconaTitolo).toString(), u"Suo"_s);
+    QCOMPARE(Salvate(1, IconaTitolo).toString(), u"Tribunale"_s);
+    QCOMPARE(LeggiFile(T->Programma + u"kr5.ini"_s), DueIcone);
+}
+
+#include "TestSetupIcone.moc"
