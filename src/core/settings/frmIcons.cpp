@@ -11,6 +11,8 @@
 
 #include "ui_frmIcons.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -22,14 +24,19 @@ bool FinisceInGif(const QString& Nome)
     return Nome.endsWith(Estensione, Qt::CaseInsensitive);
 }
 
+/// Shows a text. A longer one than the box takes, written into the file by hand, is not cut.
+void Mostra(QLineEdit* Campo, int Massimo, const QString& Testo)
+{
+    Campo->setMaxLength(std::max(Massimo, int(Testo.size())));
+    Campo->setText(Testo);
+}
+
 }  // namespace
 
 frmIcons::frmIcons(TabellaRighe& Icone, int Riga, QWidget* Padre)
     : QDialog(Padre), ui(std::make_unique<Ui::frmIcons>()), Tabella(Icone), RigaIcona(Riga)
 {
     ui->setupUi(this);
-    ui->txtTitIco->setMaxLength(MassimoTitolo);
-    ui->txtCollegIco->setMaxLength(MassimoCollegamento);
     aspetto::AssegnaMnemonici(this);
     aspetto::AssegnaNomiAccessibili(this);
     const auto Premuto = &QAbstractButton::clicked;
@@ -51,13 +58,16 @@ frmIcons::~frmIcons() = default;
 void frmIcons::LoadIconData()
 {
     FiguraLetta = FiguraPredefinita.toString();
+    QString Titolo;
+    QString Destinazione;
     if (RigaIcona >= 0) {
-        const QString Destinazione = Tabella(RigaIcona, IconaCollegamento).toString();
-        ui->txtTitIco->setText(Tabella(RigaIcona, IconaTitolo).toString());
-        ui->txtCollegIco->setText(Destinazione);
+        Titolo = Tabella(RigaIcona, IconaTitolo).toString();
+        Destinazione = Tabella(RigaIcona, IconaCollegamento).toString();
         ui->cmbTipoIco->setCurrentIndex(ELink(Destinazione) ? Collegamento : Programma);
         FiguraLetta = Tabella(RigaIcona, IconaFigura).toString();
     }
+    Mostra(ui->txtTitIco, MassimoTitolo, Titolo);
+    Mostra(ui->txtCollegIco, MassimoCollegamento, Destinazione);
     const QString Corto = FinisceInGif(FiguraLetta) ? FiguraLetta.chopped(Estensione.size()) : FiguraLetta;
     int Voce = ui->cmbImgIco->findText(Corto, Qt::MatchFixedString);
     if (Voce < 0 && RigaIcona < 0 && ui->cmbImgIco->count() > 0)
@@ -68,8 +78,10 @@ void frmIcons::LoadIconData()
 
 QString frmIcons::Figura() const
 {
+    if (ui->cmbImgIco->currentIndex() >= 0)
+        return ui->cmbImgIco->currentText() + Estensione;
     // With no picture chosen the one of the row stays: its file may come back.
-    return ui->cmbImgIco->currentIndex() < 0 ? FiguraLetta : ui->cmbImgIco->currentText() + Estensione;
+    return FiguraLetta.isEmpty() || FiguraLetta.contains(u'.') ? FiguraLetta : FiguraLetta + Estensione;
 }
 
 void frmIcons::MostraFigura()

@@ -22,11 +22,14 @@ private Q_SLOTS:
     void salva();
     void senzaFigure();
     void figuraSparita();
+    void figuraConservata_data();
+    void figuraConservata();
     void figureDellUtente();
     void incollatoImpostaIlTipo();
     void scegliProgramma();
     void escNonCambia();
     void limiti();
+    void oltreILimitiNienteSiPerde();
     void ogniControlloHaUnNome();
 
 private:
@@ -182,6 +185,26 @@ void TestFrmIcons::figuraSparita()
     QCOMPARE(Icone(0, IconaFigura).toString(), u"mia.gif"_s);
 }
 
+void TestFrmIcons::figuraConservata_data()
+{
+    QTest::addColumn<QString>("Letta");
+    QTest::addColumn<QString>("Salvata");
+
+    QTest::newRow("without an extension") << u"mia"_s << u"mia.gif"_s;
+    QTest::newRow("with another one") << u"mia.png"_s << u"mia.png"_s;
+    QTest::newRow("in capitals") << u"MIA.GIF"_s << u"MIA.GIF"_s;
+}
+
+void TestFrmIcons::figuraConservata()
+{
+    QFETCH(QString, Letta);
+    const Registratore Box;
+    Icone(0, IconaFigura) = Letta;
+    Apri(0);
+    Modulo->cmdSalvaIco_Click();
+    QTEST(Icone(0, IconaFigura).toString(), "Salvata");
+}
+
 void TestFrmIcons::figureDellUtente()
 {
     CreaCartella(T->Utente + u"icone"_s);
@@ -230,6 +253,19 @@ void TestFrmIcons::limiti()
     Apri(-1);
     QCOMPARE(Campo(u"txtTitIco"_s)->maxLength(), 60);
     QCOMPARE(Campo(u"txtCollegIco"_s)->maxLength(), 500);
+}
+
+void TestFrmIcons::oltreILimitiNienteSiPerde()
+{
+    const Registratore Box;
+    const QString Titolo(75, u't');
+    const QString Destinazione = u"/opt/"_s + QString(600, u'd');
+    Icone(0, IconaTitolo) = Titolo;
+    Icone(0, IconaCollegamento) = Destinazione;
+    Apri(0);
+    Modulo->cmdSalvaIco_Click();
+    QCOMPARE(Icone(0, IconaTitolo).toString(), Titolo);
+    QCOMPARE(Icone(0, IconaCollegamento).toString(), Destinazione);
 }
 
 void TestFrmIcons::ogniControlloHaUnNome()
