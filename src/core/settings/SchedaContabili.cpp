@@ -109,6 +109,8 @@ ValoriScheda SchedaContabili::Valori() const
         Fatti.append({Voce.Chiave.toString(), SenzaBianchi(ui.get()->*Voce.Campo)});
     if (ui->txtNumFatt->text() != NumeroLetto)
         Fatti.append({chiavi::ProgFatt.toString(), NumeroFattura(SenzaBianchi(ui->txtNumFatt))});
+    else if (ValoreConservato(chiavi::ProgFatt).trimmed().isEmpty())
+        Fatti.append({chiavi::ProgFatt.toString(), NumeroFattura({})});  // each start would stumble over it
     return Fatti;
 }
 

@@ -23,8 +23,8 @@ public:
 
     /// Fills the boxes from the settings store.
     void Carica();
-    /// What is to be stored. The counter is among it only when its box was edited: a note may have taken the
-    /// next number meanwhile.
+    /// What is to be stored. The counter is among it only when its box was edited, because a note may have
+    /// taken the next number meanwhile, or when an empty text is stored.
     [[nodiscard]] ValoriScheda Valori() const;
     /// The box that holds no number of an invoice; null when it does.
     [[nodiscard]] QLineEdit* NumeroSbagliato() const;

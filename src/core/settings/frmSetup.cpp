@@ -20,6 +20,7 @@
 
 #include <QKeyEvent>
 #include <QShortcut>
+#include <QTabBar>
 
 #include <array>
 
@@ -120,6 +121,7 @@ frmSetup::frmSetup()
     Collega(ui->tabSetup, &QTabWidget::currentChanged, this, [this] { ShowHelp(ui->cmdHelp->isChecked()); });
     for (const QLineEdit* Campo : {ui->txtCodFisStudio, ui->txtPivaStudio, ui->txtIBAN})
         Collega(Campo, &QLineEdit::textChanged, this, [this] { SegnaControlli(); });
+    ui->tabSetup->tabBar()->installEventFilter(this);
     CreaTasti();
 }
 
@@ -163,8 +165,12 @@ void frmSetup::Mostra(int Indice)
 void frmSetup::MostraModale(int Indice)
 {
     Prepara(Indice);
-    if (!isVisible())
+    if (!isVisible()) {
         exec();
+        return;
+    }
+    raise();
+    activateWindow();
 }
 
 void frmSetup::ChangeTab(int Indice)
@@ -177,6 +183,22 @@ void frmSetup::ShowHelp(bool Si)
 {
     ui->pctHelp->setText(Aiuti.at(size_t(ui->tabSetup->currentIndex())).toString());
     ui->pctHelp->setVisible(Si);
+}
+
+bool frmSetup::eventFilter(QObject* Oggetto, QEvent* Evento)
+{
+    // A bar of tabs takes no focus by a click, the wheel or a mnemonic: no field is left by them.
+    switch (Evento->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::Wheel:
+    case QEvent::Shortcut:
+        if (Oggetto == ui->tabSetup->tabBar() && !ConcludiCampo())
+            return true;
+        break;
+    default:
+        break;
+    }
+    return QDialog::eventFilter(Oggetto, Evento);
 }
 
 void frmSetup::keyPressEvent(QKeyEvent* Evento)

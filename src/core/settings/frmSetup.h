@@ -26,7 +26,8 @@ public:
 
     /// Shows the form on a tab, filled from the settings store unless it is open already.
     void Mostra(int Indice);
-    /// The same, holding all other windows back until it is closed.
+    /// The same, holding all other windows back until it is closed. One that is open already comes to the
+    /// front.
     void MostraModale(int Indice);
 
     /// Selects a tab; an index outside the range changes nothing.
@@ -50,6 +51,7 @@ public:
     void EliminaIcona(int Riga);
 
 protected:
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override;
     void keyPressEvent(QKeyEvent* Evento) override;
 
 private:

@@ -25,6 +25,7 @@ private Q_SLOTS:
     void memorizzaNonRiesce();
     void ridisegnaLaScrivania();
     void modaleSiChiudeDopoAverMemorizzato();
+    void modaleGiaApertaVieneDavanti();
     void chiudereNonCambiaNulla();
     void aprirlaDueVolteNonPerdeIlTesto();
     void ricordaIlPosto();
@@ -235,6 +236,17 @@ void TestFrmSetup::modaleSiChiudeDopoAverMemorizzato()
     QVERIFY(Modale);
     QVERIFY(!Modulo->isVisible());
     QCOMPARE(sessione::StudioNome, u"x"_s);
+}
+
+void TestFrmSetup::modaleGiaApertaVieneDavanti()
+{
+    QVERIFY(MostraAttiva(*Modulo));
+    QWidget Altra;
+    QVERIFY(MostraAttiva(Altra));
+    Modulo->MostraModale(frmSetup::SchedaSetup);
+    QVERIFY(QTest::qWaitForWindowActive(Modulo));
+    QVERIFY(Modulo->isVisible());
+    QCOMPARE(Modulo->findChild<QTabWidget*>(u"tabSetup"_s)->currentIndex(), int(frmSetup::SchedaSetup));
 }
 
 void TestFrmSetup::chiudereNonCambiaNulla()

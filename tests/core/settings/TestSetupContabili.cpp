@@ -21,12 +21,14 @@ private Q_SLOTS:
     void aliquotaVuota();
     void rifiutaLasciando_data();
     void rifiutaLasciando();
+    void rifiutaLasciandoLaScheda();
     void virgola();
     void numeroFattura_data();
     void numeroFattura();
     void numeroIncollato();
     void ilContatoreNonTornaIndietro();
     void ilContatoreCorrettoSiScrive();
+    void ilContatoreVuotoGuarisce();
     void aliquoteVigenti();
     void aliquoteNelTempo_data();
     void aliquoteNelTempo();
@@ -120,6 +122,28 @@ void TestSetupContabili::rifiutaLasciando()
     QTRY_COMPARE(QApplication::focusWidget(), T->Campo(Casella));
 }
 
+void TestSetupContabili::rifiutaLasciandoLaScheda()
+{
+    Registratore Box;
+    T->Apri(1);
+    auto* Schede = T->Trova<QTabWidget>(u"tabSetup"_s);
+    QTabBar* Linguette = Schede->tabBar();
+    const QString Fuori = u"La percentuale non è compresa tra 0 e 100!"_s;
+    T->Scrivi(u"txtIVA"_s, u"150"_s);
+    Box.Attendi(Fuori, vbOK, u"Errore:"_s);
+    QTest::mouseClick(Linguette, Qt::LeftButton, {}, Linguette->tabRect(0).center());
+    QCOMPARE(Schede->currentIndex(), 1);
+    QTRY_COMPARE(QApplication::focusWidget(), T->Campo(u"txtIVA"_s));
+    // By the letter of a tab it is the same.
+    Box.Attendi(Fuori, vbOK, u"Errore:"_s);
+    Premi(Qt::Key_D, Qt::AltModifier);
+    QCOMPARE(Schede->currentIndex(), 1);
+    QTRY_COMPARE(QApplication::focusWidget(), T->Campo(u"txtIVA"_s));
+    T->Scrivi(u"txtIVA"_s, u"22"_s);
+    QTest::mouseClick(Linguette, Qt::LeftButton, {}, Linguette->tabRect(0).center());
+    QCOMPARE(Schede->currentIndex(), 0);
+}
+
 void TestSetupContabili::virgola()
 {
     T->Apri(1);
@@ -205,6 +229,18 @@ void TestSetupContabili::ilContatoreCorrettoSiScrive()
     T->Salva(u"ProgFatt"_s, u"3"_s);
     T->Memorizza(Box);
     QCOMPARE(T->Parametro(u"ProgFatt"_s), u"3"_s);
+}
+
+void TestSetupContabili::ilContatoreVuotoGuarisce()
+{
+    Registratore Box;
+    for (const QString& Vuoto : {u""_s, u"  "_s}) {
+        T->Salva(u"ProgFatt"_s, Vuoto);
+        T->Apri(1);
+        T->Memorizza(Box);
+        QCOMPARE(T->Parametro(u"ProgFatt"_s), u"0"_s);
+        T->Modulo->close();
+    }
 }
 
 void TestSetupContabili::aliquoteVigenti()
