@@ -29,6 +29,7 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QTextDocument>
 
 #include <algorithm>
 #include <array>
@@ -87,6 +88,12 @@ private:
                    aspetto::DaBgr(sessione::ColoreEtichette), aspetto::DaBgr(sessione::ColoreEtichetteBordo));
     }
 };
+
+/// A hint that shows a text as it is written, also where it looks like tags.
+QString AllaLettera(const QString& Testo)
+{
+    return Qt::mightBeRichText(Testo) ? Qt::convertFromPlainText(Testo) : Testo;
+}
 
 bool DiUtente(const IconaStudio* Icona)
 {
@@ -261,7 +268,7 @@ void frmStudio::DrawNewIcon(const QString& Etichetta, const QString& Destinazion
     // A picture that is gone, or is none, leaves the program's own drawing.
     Icona->ImpostaIcona(aspetto::Icona(ELink(Destinazione) ? u"link"_s : u"open"_s));
     Icona->ImpostaFigura(QPixmap(FileFigura(Figura)));
-    Icona->setToolTip(u"Icona personale: "_s + Etichetta);
+    Icona->setToolTip(AllaLettera(u"Icona personale: "_s + Etichetta));
     Icona->setAccessibleDescription(Destinazione);
     Icona->setContextMenuPolicy(Qt::CustomContextMenu);
     Collega<QWidget>(Icona, &QWidget::customContextMenuRequested, this,

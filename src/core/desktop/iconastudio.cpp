@@ -50,6 +50,7 @@ IconaStudio::IconaStudio(const QString& Etichetta, QString Parola, QWidget* Padr
     : QAbstractButton(Padre), Comando(std::move(Parola))
 {
     setText(Etichetta);
+    setShortcut({});  // a title's "&" is a letter like others
     setAccessibleName(Etichetta);
     setFixedSize(Larghezza, Altezza);
     setCursor(Qt::PointingHandCursor);

@@ -13,6 +13,7 @@
 #include <QMenu>
 #include <QPainter>
 #include <QPlainTextEdit>
+#include <QTextDocument>
 #include <QToolButton>
 
 #include <algorithm>
@@ -46,6 +47,7 @@ private Q_SLOTS:
     void immagineDiSfondoGuasta();
     void versione();
     void iconePersonali();
+    void titoloDiIconaAllaLettera();
     void ridisegnoNonRaddoppia();
     void collegamenti();
     void collegamentoCheManca();
@@ -418,6 +420,22 @@ void TestFrmStudio::iconePersonali()
     QCOMPARE(Scrivania.imgMenu(16)->Tag(), u"user1"_s);
     QCOMPARE(Scrivania.imgMenu(16)->x() - Prima->x(), 100);
     QCOMPARE(Prima->y() - Scrivania.imgMenu(14)->y(), 100);
+}
+
+void TestFrmStudio::titoloDiIconaAllaLettera()
+{
+    sessione::PercorsoProg = ProgrammaConIcone("L0=Rossi & Bianchi\r\nL0_c=/a\r\nL0_i=a.gif\r\n"
+                                               "L1=<b>Ruolo</b> &Atti\r\nL1_c=/a\r\nL1_i=a.gif\r\n");
+    const frmStudio& Scrivania = Singola<frmStudio>();
+    // No letter of a title is a key.
+    QCOMPARE(Scrivania.imgMenu(15)->text(), u"Rossi & Bianchi"_s);
+    for (const int Indice : {15, 16})
+        QVERIFY(Scrivania.imgMenu(Indice)->shortcut().isEmpty());
+    // The hint shows the title as it is written.
+    QCOMPARE(Scrivania.imgMenu(15)->toolTip(), u"Icona personale: Rossi & Bianchi"_s);
+    QTextDocument Mostrato;
+    Mostrato.setHtml(Scrivania.imgMenu(16)->toolTip());
+    QCOMPARE(Mostrato.toPlainText(), u"Icona personale: <b>Ruolo</b> &Atti"_s);
 }
 
 void TestFrmStudio::ridisegnoNonRaddoppia()
