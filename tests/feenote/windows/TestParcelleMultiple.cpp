@@ -24,6 +24,8 @@ private Q_SLOTS:
     void mentreSiSceglieIlTastoTace();
     void seStessaNo();
     void ilGuastoTieneQuellaDiPrima();
+    void quelCheNonSiLegge_data();
+    void quelCheNonSiLegge();
     void siElimina();
     void leOpzioniNonModificano();
     void laStampaSegue();
@@ -177,6 +179,43 @@ void TestParcelleMultiple::ilGuastoTieneQuellaDiPrima()
     QCOMPARE(Esenti(), u"Esenti: 27,00"_s);
     QVERIFY2(F->Socio() == 2 && Compagna->Socio() == 1, "the link stays too");
     QVERIFY(Controllo(F, "cmdOpenPar")->isEnabled());
+}
+
+void TestParcelleMultiple::quelCheNonSiLegge_data()
+{
+    QTest::addColumn<QString>("Come");
+    QTest::addColumn<QString>("Messaggio");
+    const auto Riga = [](const char* Nome, const QString& Come, int Numero) {
+        QTest::newRow(Nome) << Come << u"Errore: %1 (%2)"_s.arg(DescrizioneErrore(Numero)).arg(Numero);
+    };
+    Riga("gone since it was listed", u"manca"_s, 3024);
+    Riga("cut by half", u"tagliato"_s, 3343);
+    QTest::newRow("more lines than a note has")
+        << u"troppe"_s << u"Errore: La parcella contiene troppe righe (1000)"_s;
+}
+
+void TestParcelleMultiple::quelCheNonSiLegge()
+{
+    QFETCH(QString, Come);
+    QFETCH(QString, Messaggio);
+    const QString Altro = T->Ufficio.File(u"guasto.mdb"_s);
+    if (Come != u"manca")
+        QVERIFY(QFile::copy(File, Altro));
+    if (Come == u"tagliato") {
+        QFile Meta(Altro);
+        QVERIFY(Meta.resize(Meta.size() / 2));
+    } else if (Come == u"troppe") {
+        EseguiSu(Altro, u"INSERT INTO ParcellaRighe (OnoDir) WITH RECURSIVE c(n) AS (SELECT 1 UNION ALL "
+                        u"SELECT n+1 FROM c WHERE n<100001) SELECT 'O' FROM c"_s);
+    }
+    T->Voce.Attendi(Messaggio, vbOK, u"Errore:"_s);
+    Associa(Altro);
+    QVERIFY2(!F->Nota.Multipla(), "nothing of it is billed");
+    QCOMPARE(Esenti(), u"Esenti: 0"_s);
+    QVERIFY(Controllo(F, "cmdOpenPar")->isEnabled() && !Controllo(F, "cmdNoMulti")->isEnabled());
+    // Another one can be chosen at once.
+    Associa(File);
+    QCOMPARE(Esenti(), u"Esenti: 27,00"_s);
 }
 
 void TestParcelleMultiple::siElimina()
