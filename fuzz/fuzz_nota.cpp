@@ -3,10 +3,12 @@
 // A file made of random bytes is refused at its first page, so half of the inputs change bytes of a sound
 // file instead: pairs of a position and a value.
 #include "core/sessione.h"
+#include "feenote/file/colonne.h"
 #include "feenote/file/modDescrizione.h"
 #include "feenote/file/modLettura.h"
 #include "feenote/file/modPosaFile.h"
 #include "platform/base/errore.h"
+#include "platform/database/primariga.h"
 #include "platform/system/messaggi.h"
 
 #include <QFile>
@@ -79,6 +81,16 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Dati, size_t Quanti)
         const QByteArray Contenuto = ContenutoDaProvare(Fonte, Sana);
         Pretendi(Nuovo.open(QIODevice::WriteOnly) && Nuovo.write(Contenuto) == Contenuto.size());
     }
+    // What a list of files reads of it, before anybody opens it. A cell is cut, a character being two units
+    // of its text at most.
+    constexpr int Massimo = 255;
+    Riesce([&] {
+        const auto Celle =
+            LeggiPrimaRiga(File, TabellaParam.toString(), {u"Cliente"_s, u"Controp"_s}, Massimo);
+        Pretendi(!Celle || Celle->size() == 2);
+        Pretendi(!Celle || (Celle->at(0).size() <= 2 * Massimo && Celle->at(1).size() <= 2 * Massimo));
+    });
+
     Parcella Nota;
     const bool Letta = Riesce([&] { CaricaDati(Nota, File); });
     Pretendi(Nota.Percorso.isEmpty() != Letta);
