@@ -1,6 +1,7 @@
 // Reading a JSON object field by field: every refusal names the field.
 #pragma once
 
+#include "feenote/modDatiStampa.h"
 #include "platform/base/errore.h"
 
 #include <QJsonArray>
@@ -25,7 +26,7 @@ public:
     [[nodiscard]] QString Nome(const QString& Campo) const;  ///< full path of a field, for messages
 
     /// Text of at most `Massimo` characters; empty when missing. @throws Errore 3163 when longer
-    [[nodiscard]] QString Testo(const QString& Campo, int Massimo = 65535);
+    [[nodiscard]] QString Testo(const QString& Campo, int Massimo = MassimoMemo);
     /// A number, or the Italian text of one ("1.234,50"); magnitude below 1E12.
     [[nodiscard]] std::optional<double> Numero(const QString& Campo);
     /// A number as above, not below 0.

@@ -21,37 +21,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Clears the read-only attribute where an upgrade has to write, and puts it back on every way out.
-class AttributoSospeso
-{
-public:
-    explicit AttributoSospeso(const QString& File) : Percorso(File), Era(SolaLettura(File))
-    {
-        if (Era)
-            ImpostaSolaLettura(Percorso, false);
-    }
-    ~AttributoSospeso()
-    {
-        try {
-            if (Era)
-                ImpostaSolaLettura(Percorso, true);
-        } catch (const Errore& Guasto) {
-            GestioneErrori(Guasto);
-        }
-    }
-    AttributoSospeso(const AttributoSospeso&) = delete;
-    AttributoSospeso& operator=(const AttributoSospeso&) = delete;
-
-private:
-    QString Percorso;
-    bool Era;
-};
-
 void AggiornaSchema(const QString& Percorso)
 {
     if (!DaAggiornare(Percorso))
         return;
-    const AttributoSospeso Attributo(Percorso);
+    const AttributoSospeso Attributo(Percorso, [](const Errore& Guasto) { GestioneErrori(Guasto); });
     AggiornaColonne(Percorso);
 }
 

@@ -15,9 +15,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Bytes of a file's name that every disk takes, the names of the files beside it included.
-constexpr qsizetype MassimoNome = 240;
-
 /// The file while it is being built, beside the place it will take; gone unless it was put there. Programs
 /// that save under one name take turns, or one would put the other's half-built file there.
 class FileInCostruzione
@@ -49,7 +46,7 @@ private:
         const QString Cartella = QFileInfo(Finale).path();
         if (!EsisteCartella(Cartella))
             throw Errore(3044);
-        if (QFile::encodeName(NomeFile(Finale)).size() > MassimoNome)
+        if (QFile::encodeName(NomeFile(Finale)).size() > MassimoNomeNota)
             throw Errore(52);
         if (EsisteCartella(Finale))
             throw Errore(75);

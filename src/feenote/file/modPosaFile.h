@@ -5,6 +5,9 @@
 
 #include <QString>
 
+/// Bytes of a file's name that every disk takes, the names of the files beside it included.
+constexpr qsizetype MassimoNomeNota = 240;
+
 /// Builds the file of a note.
 ///
 /// The new file is complete before it takes the place of a former one: a failure at any step (full disk,

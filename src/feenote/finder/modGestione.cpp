@@ -2,6 +2,7 @@
 
 #include "core/modErrori.h"
 #include "core/modTesti.h"
+#include "feenote/file/modPosaFile.h"
 #include "feenote/file/modSalvataggio.h"
 #include "feenote/finder/modTrova.h"
 #include "platform/base/errore.h"
@@ -18,9 +19,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QStringView Estensione = u".mdb";
-
-/// Bytes of a file's name that every disk takes, the names of the files beside it included.
-constexpr qsizetype MassimoNome = 240;
 
 bool Consenso(const QString& Domanda)
 {
@@ -42,31 +40,10 @@ bool Concesso(const QString& File)
     return ControllaPsw(File);
 }
 
-/// A template may go only without its attribute, which is there again on every way out on which it stays.
-class SenzaAttributo
-{
-public:
-    explicit SenzaAttributo(const QString& File) : Percorso(File), Era(SolaLettura(File))
-    {
-        if (Era)
-            ImpostaSolaLettura(Percorso, false);
-    }
-    ~SenzaAttributo()
-    {
-        if (Era && EsisteFile(Percorso))
-            Protetta([this] { ImpostaSolaLettura(Percorso, true); });
-    }
-    SenzaAttributo(const SenzaAttributo&) = delete;
-    SenzaAttributo& operator=(const SenzaAttributo&) = delete;
-
-private:
-    QString Percorso;
-    bool Era;
-};
-
+/// A template may go only without its attribute.
 void TogliFile(const QString& File)
 {
-    const SenzaAttributo Attributo(File);
+    const AttributoSospeso Attributo(File, [](const Errore& Guasto) { GestioneErrori(Guasto); });
     EliminaFile(File);
 }
 
@@ -100,7 +77,7 @@ QString PercorsoNuovo(const QString& File, const QString& Digitato)
         return {};
     }
     const QString Intero = Nome + Estensione.toString();
-    if (QFile::encodeName(Intero).size() > MassimoNome)
+    if (QFile::encodeName(Intero).size() > MassimoNomeNota)
         throw Errore(52);
     const QString Nuovo = CartellaFile(File) + Intero;
     if (AltroFile(File, Nuovo)) {

@@ -6,6 +6,7 @@
 #include "feenote/finder/modTrova.h"
 #include "feenote/modAcconti.h"
 #include "feenote/modAppunti.h"
+#include "feenote/modDatiStampa.h"
 #include "feenote/modInterruttori.h"
 #include "feenote/modRighe.h"
 #include "feenote/windows/cornicenota.h"
@@ -65,7 +66,7 @@ QList<ColonnaGriglia> ColonneAcconti(const TabellaRighe* Tabella)
         return Valore.isValid() ? ParolaValuta(Valore) : QString();
     };
     ColonnaGriglia Descr = ColonnaDescrizione(AccDescr);
-    Descr.Massimo = 255;
+    Descr.Massimo = MassimoBreve;
     return {Descr, Valuta, ColonnaAcconto(Tabella, u"Corrispettivi"_s, AccCorrispettivi),
             ColonnaAcconto(Tabella, u"Spese Imp."_s, AccSpeseImp),
             ColonnaAcconto(Tabella, u"Sp. Esenti"_s, AccSpeseEsenti)};

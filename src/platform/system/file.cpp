@@ -166,6 +166,23 @@ void ImpostaSolaLettura(const QString& Percorso, bool Attiva)
         throw Errore(errori::Accesso);
 }
 
+AttributoSospeso::AttributoSospeso(const QString& File, std::function<void(const Errore&)> AlGuasto)
+    : Percorso(File), Segnala(std::move(AlGuasto)), Era(SolaLettura(File))
+{
+    if (Era)
+        ImpostaSolaLettura(Percorso, false);
+}
+
+AttributoSospeso::~AttributoSospeso()
+{
+    try {
+        if (Era && EsisteFile(Percorso))
+            ImpostaSolaLettura(Percorso, true);
+    } catch (const Errore& Guasto) {
+        Segnala(Guasto);
+    }
+}
+
 bool CartellaScrivibile(const QString& Cartella)
 {
     if (!EsisteCartella(Cartella))

@@ -8,6 +8,8 @@
 
 #include <functional>
 
+struct Errore;
+
 /// A file of a fixed name, found whatever its case, since the names of the design come from a system
 /// that ignores it. The exact name wins; with no match the exact path comes back.
 [[nodiscard]] QString TrovaFile(const QString& Percorso);
@@ -23,6 +25,23 @@ void CreaCartella(const QString& Percorso);
 [[nodiscard]] bool SolaLettura(const QString& Percorso);
 /// @throws Errore 75 when the attribute cannot be changed, 53 when no file is there
 void ImpostaSolaLettura(const QString& Percorso, bool Attiva);
+
+/// Clears the read-only attribute while it lives, and puts it back where the file still is.
+class AttributoSospeso
+{
+public:
+    /// @param AlGuasto is handed the failure to put it back, which nobody else could catch
+    /// @throws Errore as ImpostaSolaLettura
+    AttributoSospeso(const QString& File, std::function<void(const Errore&)> AlGuasto);
+    ~AttributoSospeso();
+    AttributoSospeso(const AttributoSospeso&) = delete;
+    AttributoSospeso& operator=(const AttributoSospeso&) = delete;
+
+private:
+    QString Percorso;
+    std::function<void(const Errore&)> Segnala;
+    bool Era;
+};
 
 /// True when a file can be created in the folder, judged by the permission bits (superuser too).
 [[nodiscard]] bool CartellaScrivibile(const QString& Cartella);

@@ -1,6 +1,7 @@
 #include "supporto/guasti.h"
 #include "supporto/prova.h"
 
+#include "platform/base/errore.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
@@ -33,6 +34,7 @@ private Q_SLOTS:
     void creaCartellaRifiutata();
     void solaLetturaDaiPermessi();
     void solaLetturaDiCioCheManca();
+    void solaLetturaSospesa();
     void cartellaScrivibileDaiPermessi();
     void fileLiberoNonEInUso();
     void fileBloccatoEInUso_data();
@@ -199,6 +201,31 @@ void TestFile::solaLetturaDiCioCheManca()
     QVERIFY(!SolaLettura(File));
     QCOMPARE(NumeroErrore([&] { ImpostaSolaLettura(File, true); }), 53);
     QCOMPARE(NumeroErrore([&] { ImpostaSolaLettura(File, false); }), 53);
+}
+
+/// The attribute is there again on every way out, unless the file is gone; a refusal is handed on.
+void TestFile::solaLetturaSospesa()
+{
+    const QString Cartella = NuovaCartella();
+    const QString File = Cartella + u"nota.par"_s;
+    Crea(File);
+    QList<int> Guasti;
+    const auto Segnala = [&](const Errore& Guasto) { Guasti += Guasto.Numero; };
+    const auto Sospendi = [&](const std::function<void()>& Dentro) {
+        const AttributoSospeso Attributo(File, Segnala);
+        Dentro();
+    };
+    Sospendi([&] { QVERIFY(!SolaLettura(File)); });
+    QVERIFY2(!SolaLettura(File), "chi non l'aveva non la riceve");
+    ImpostaSolaLettura(File, true);
+    Sospendi([&] { QVERIFY(!SolaLettura(File)); });
+    QVERIFY(SolaLettura(File));
+    Sospendi([&] { guasti::SupportoBloccato = Cartella; });
+    guasti::SupportoBloccato.clear();
+    QCOMPARE(Guasti, QList<int>{75});
+    ImpostaSolaLettura(File, true);
+    Sospendi([&] { QVERIFY(QFile::remove(File)); });
+    QCOMPARE(Guasti, QList<int>{75});
 }
 
 void TestFile::cartellaScrivibileDaiPermessi()

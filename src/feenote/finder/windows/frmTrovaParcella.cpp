@@ -7,6 +7,7 @@
 #include "core/sessione.h"
 #include "feenote/finder/modGestione.h"
 #include "feenote/windows/noteaperte.h"
+#include "platform/base/errore.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
@@ -37,7 +38,6 @@ namespace {
 const QString NomePosto = u"frmTrovaParcella"_s;
 const QString ChiaveLarghezze = u"Disposizione_tdbParcelle"_s;
 constexpr QStringView Multipla = u"multiple";
-constexpr int AccessoNegato = 75;
 
 /// A button of the toolbar.
 struct TastoTrova
@@ -555,8 +555,9 @@ void frmTrovaParcella::hideEvent(QHideEvent* Evento)
 {
     if (!Evento->spontaneous()) {
         SmettiRicerca();
-        // A width that cannot be kept is nothing to be told.
-        Protetta([this] { SalvaImpostazione(ChiaveLarghezze, ui->tdbParcelle->Larghezze()); }, AccessoNegato);
+        // A width that cannot be stored is dropped without a message.
+        Protetta([this] { SalvaImpostazione(ChiaveLarghezze, ui->tdbParcelle->Larghezze()); },
+                 errori::Accesso);
     }
     QDialog::hideEvent(Evento);
 }
