@@ -197,11 +197,6 @@ void Griglia::Seleziona(int Riga)
     Pezzi->Vista->Selettore()->Scegli(Riga);
 }
 
-void Griglia::SelezionaAlClic(bool Si)
-{
-    Pezzi->Vista->ConSelezioneAlClic = Si;
-}
-
 void Griglia::TogliEvidenza()
 {
     AzzeraSelezione();

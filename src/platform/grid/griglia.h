@@ -99,9 +99,6 @@ public:
     [[nodiscard]] QList<int> Selezione() const;
     void AzzeraSelezione();
     void Seleziona(int Riga);
-    /// A plain click on a cell selects its row alone, as one on the row selector does; the empty row lets the
-    /// selected ones go. Off unless asked for.
-    void SelezionaAlClic(bool Si);
     /// Lets the selected rows go and takes the tint off the current one, until the user comes back to it.
     void TogliEvidenza();
 
@@ -129,8 +126,8 @@ public:
     void ApriMenu(int Riga, const QPoint& Punto);
 
     // ---- rules, set by the form
-    // In a row that is not made yet, `Riga` is the row count. An error inside them ends in the last net and
-    // counts as a refusal.
+    // In a row that is not made yet, `Riga` is the row count. An error inside them goes to the report
+    // installed by InstallaUltimaRete and counts as a refusal.
 
     /// Checks a typed text before it is written. False refuses and keeps the edit open. A number from whose
     /// typing the filter has kept characters out is shown to the user once before.
@@ -160,7 +157,6 @@ Q_SIGNALS:
     void ClicCella(int Riga,
                    int Colonna);  ///< never for the empty row; a double click on a cell that opens is two
     void ClicTitolo(int Colonna);
-    void SelezioneCambiata();
     void Cancella();                    ///< Del with rows selected or a current row, no cell in edit
     void Comando(ComandoRighe Quale);   ///< a key of ComandoRighe, no cell in edit
     void Trascinata(int Destinazione);  ///< selected rows dropped on this row; the count: at the end

@@ -61,7 +61,6 @@ void SelettoreRighe::Cambiata()
 {
     viewport()->update();
     Vista->viewport()->update();
-    Q_EMIT Padrona->SelezioneCambiata();
 }
 
 QList<int> SelettoreRighe::Scelte() const

@@ -437,9 +437,6 @@ void VistaGriglia::mousePressEvent(QMouseEvent* Evento)
         return;
     }
     QTableView::mousePressEvent(Evento);  // the cursor's gate commits the open cell
-    const bool Nudo = (Evento->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier)) == 0;
-    if (ConSelezioneAlClic && Nudo && Evento->button() == Qt::LeftButton && currentIndex() == Dove)
-        Sinistra->ScegliSola(Dove.row());
 }
 
 void VistaGriglia::mouseMoveEvent(QMouseEvent* Evento)

@@ -58,10 +58,9 @@ public:
     /// What the form says of a row in its tool tip; empty none.
     [[nodiscard]] QString SuggerimentoDi(int Riga) const;
 
-    QString Frase;                    ///< shown while there are no rows
-    bool ConComandi = false;          ///< the form takes commands on rows
-    bool ConSelezioneAlClic = false;  ///< a click on a cell selects its row
-    bool Evidente = true;             ///< the current row is tinted
+    QString Frase;            ///< shown while there are no rows
+    bool ConComandi = false;  ///< the form takes commands on rows
+    bool Evidente = true;     ///< the current row is tinted
 
     void keyboardSearch(const QString& Cerca) override;
 

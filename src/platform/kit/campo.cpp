@@ -311,12 +311,6 @@ void VirgolaDalTastierino(QLineEdit* Campo, bool PuntoInVirgola)
     new FiltroDigitazione(Campo, {}, PuntoInVirgola, true);
 }
 
-void CampoNumerico(QLineEdit* Campo, std::function<bool()> Procedura)
-{
-    PreparaNumerico(Campo, false);
-    AlLascia(Campo, SoloNumeri(Campo, std::move(Procedura)));
-}
-
 void CampoPercento(QLineEdit* Campo, std::function<bool()> Procedura)
 {
     PreparaNumerico(Campo, true);

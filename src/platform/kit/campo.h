@@ -17,7 +17,8 @@ class QWidget;
 /// takes the focus without running it again. A second call for the same box replaces the procedure.
 ///
 /// "Edited" is the box's own mark (QLineEdit::isModified, a text document's): what code writes is no edit.
-/// An accepted leaving clears it. An error inside ends in the last net and counts as accepted.
+/// An accepted leaving clears it. An error inside goes to the report installed by InstallaUltimaRete and
+/// counts as accepted.
 void AlLascia(QWidget* Campo, std::function<bool()> Procedura);
 
 /// The same for a box whose text the user has not touched: runs at every leaving.
@@ -49,15 +50,13 @@ void FiltraTasti(QLineEdit* Campo, const QString& Tipo, bool PuntoInVirgola = fa
 /// Enter moves on as above.
 void VirgolaDalTastierino(QLineEdit* Campo, bool PuntoInVirgola = false);
 
-/// A box of an amount: filtered, flush right; a text that is no number is refused on leaving with
-/// "Immettere un valore numerico!", the focus stays, nothing changes. An empty text passes.
-void CampoNumerico(QLineEdit* Campo, std::function<bool()> Procedura);
-
 /// A box of a percentage: it takes digits, "," and "." only, flush right, and is left as AlLascia has it,
 /// whatever it holds.
 void CampoPercento(QLineEdit* Campo, std::function<bool()> Procedura);
 
-/// An amount box whose procedure runs at every leaving, as AlLasciaSempre has it.
+/// A box of an amount: filtered, flush right; a text that is no number is refused on leaving with
+/// "Immettere un valore numerico!", the focus stays, nothing changes. An empty text passes. The procedure
+/// runs at every leaving, as AlLasciaSempre has it.
 void CampoNumericoSempre(QLineEdit* Campo, std::function<bool()> Procedura);
 
 /// True when losing the focus like this is a leaving, not a change of window or an open popup.

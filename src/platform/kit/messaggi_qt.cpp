@@ -224,14 +224,6 @@ QString ScegliFile(QFileDialog::AcceptMode Modo, const QString& Titolo, const QS
     return Sfoglia(*Dialogo, Iniziale);
 }
 
-QString ScegliCartella(const QString& Titolo, const QString& Iniziale)
-{
-    const DialogoSopra<QFileDialog> Dialogo(Sopra(), Titolo);
-    Dialogo->setFileMode(QFileDialog::Directory);
-    Dialogo->setOption(QFileDialog::ShowDirsOnly);
-    return Sfoglia(*Dialogo, Iniziale);
-}
-
 std::optional<int> ScegliColore(int Iniziale)
 {
     const PuntatoreNormale Puntatore;
@@ -267,7 +259,6 @@ Messaggi MessaggiQt()
     Tabella.SalvaFile = [](const QString& Titolo, const QString& Iniziale, const QString& Filtro) {
         return ScegliFile(QFileDialog::AcceptSave, Titolo, Iniziale, Filtro);
     };
-    Tabella.ScegliCartella = ScegliCartella;
     Tabella.ScegliColore = ScegliColore;
     Tabella.ScegliStampante = ScegliStampante;
     return Tabella;

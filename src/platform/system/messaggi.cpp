@@ -63,12 +63,6 @@ QString DialogoSalva(const QString& Titolo, const QString& Iniziale, const QStri
     return SalvaFile ? SalvaFile(Titolo, Iniziale, Filtro) : QString();
 }
 
-QString DialogoCartella(const QString& Titolo, const QString& Iniziale)
-{
-    const auto ScegliCartella = Installati().ScegliCartella;
-    return ScegliCartella ? ScegliCartella(Titolo, Iniziale) : QString();
-}
-
 std::optional<int> DialogoColore(int Iniziale)
 {
     const auto ScegliColore = Installati().ScegliColore;

@@ -47,7 +47,6 @@ struct Messaggi
         Immissione;
     std::function<QString(const QString& Titolo, const QString& Iniziale, const QString& Filtro)> ApriFile;
     std::function<QString(const QString& Titolo, const QString& Iniziale, const QString& Filtro)> SalvaFile;
-    std::function<QString(const QString& Titolo, const QString& Iniziale)> ScegliCartella;
     std::function<std::optional<int>(int Iniziale)> ScegliColore;  ///< colours as 0xBBGGRR
     /// Lets the user set a printer up; false when cancelled. Only windows know what a printer is.
     std::function<bool(QPrinter& Scelta)> ScegliStampante;
@@ -70,6 +69,5 @@ QString InputBox(const QString& Testo, const QString& Titolo = QStringLiteral("C
 // The common dialogs; an empty path means cancelled.
 QString DialogoApri(const QString& Titolo, const QString& Iniziale, const QString& Filtro);
 QString DialogoSalva(const QString& Titolo, const QString& Iniziale, const QString& Filtro);
-QString DialogoCartella(const QString& Titolo, const QString& Iniziale);
 std::optional<int> DialogoColore(int Iniziale);
 bool DialogoStampante(QPrinter& Scelta);  ///< false means cancelled

@@ -429,7 +429,7 @@ void TestCampo::numerico()
     QFETCH(bool, Accettato);
     Registratore Box;
     Conto Regola;
-    CampoNumerico(M->A, Regola());
+    CampoNumericoSempre(M->A, Regola());
     QVERIFY(M->A->alignment().testFlag(Qt::AlignRight));
     QApplication::clipboard()->setText(Testo);
     Premi(Qt::Key_V, Qt::ControlModifier);

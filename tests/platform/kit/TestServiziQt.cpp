@@ -66,7 +66,6 @@ private Q_SLOTS:
     void immissioneAnnullata();
     void apriFile();
     void salvaSenzaDomande();
-    void scegliCartella();
     void dialogoInItaliano();
     void dialogoAnnullato();
     void colore();
@@ -254,16 +253,6 @@ void TestServiziQt::salvaSenzaDomande()
              Cartella + u"nota.mdb"_s);
     Prossimo<QFileDialog>([](QFileDialog& Aperto) { QMetaObject::invokeMethod(&Aperto, "accept"); });
     QCOMPARE(DialogoSalva(u"Salva"_s, Cartella + u"nuova"_s, u"Parcelle (*.mdb)"_s), Cartella + u"nuova"_s);
-}
-
-void TestServiziQt::scegliCartella()
-{
-    const QString Cartella = NuovaCartella();
-    Prossimo<QFileDialog>([&](QFileDialog& Aperto) {
-        QCOMPARE(Aperto.fileMode(), QFileDialog::Directory);
-        static_cast<QDialog&>(Aperto).done(QDialog::Accepted);
-    });
-    QCOMPARE(QDir(DialogoCartella(u"Cartella"_s, Cartella)), QDir(Cartella));
 }
 
 void TestServiziQt::dialogoInItaliano()

@@ -71,7 +71,6 @@ void TestMessaggi::senzaTavolaDialoghiAnnullati()
     QCOMPARE(InputBox(u"Testo"_s, u"Titolo"_s, u"predefinito"_s), QString());
     QCOMPARE(DialogoApri(u"t"_s, u"/x"_s, u"*.par"_s), QString());
     QCOMPARE(DialogoSalva(u"t"_s, u"/x"_s, u"*.par"_s), QString());
-    QCOMPARE(DialogoCartella(u"t"_s, u"/x"_s), QString());
     QCOMPARE(DialogoColore(0xFF), std::nullopt);
 }
 
@@ -93,9 +92,6 @@ void TestMessaggi::laTavolaRiceveEDecide()
     Tavola.Immissione = Unisci;
     Tavola.ApriFile = Unisci;
     Tavola.SalvaFile = Unisci;
-    Tavola.ScegliCartella = [](const QString& Titolo, const QString& Iniziale) {
-        return Titolo + u'|' + Iniziale;
-    };
     Tavola.ScegliColore = [](int Iniziale) { return std::optional(Iniziale + 1); };
     InstallaMessaggi(Tavola);
 
@@ -106,7 +102,6 @@ void TestMessaggi::laTavolaRiceveEDecide()
     QCOMPARE(InputBox(u"a"_s, u"b"_s, u"c"_s), u"a|b|c"_s);
     QCOMPARE(DialogoApri(u"a"_s, u"b"_s, u"c"_s), u"a|b|c"_s);
     QCOMPARE(DialogoSalva(u"d"_s, u"e"_s, u"f"_s), u"d|e|f"_s);
-    QCOMPARE(DialogoCartella(u"a"_s, u"b"_s), u"a|b"_s);
     QCOMPARE(DialogoColore(7), std::optional(8));
 }
 
