@@ -1,4 +1,4 @@
-// Helpers that the design names and that no other source calls so far.
+// Helpers kept for what other programs and later windows call.
 #pragma once
 
 #include <QList>

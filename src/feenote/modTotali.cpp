@@ -98,7 +98,8 @@ DatiCatena RaccogliCatena(const Parcella& Nota, int Tipo)
     Dati.SpeseImp = Proprie.TotSpeseImp + (Dati.Multipla ? Nota.Multi.TotSpeseImp : 0.0);
     Dati.SpeseEsenti = Proprie.TotSpeseEsenti + (Dati.Multipla ? Nota.Multi.TotSpeseEsenti : 0.0);
     Dati.Acconti = CalcolaAcconti(Nota, Tipo);
-    // The subsidised regime disables VAT and withholding; the other two know only their tick.
+    // The subsidised regime disables VAT and withholding; general expenses and pension fund depend on their
+    // tick alone.
     Dati.SpeseGen = LeggiAliquota(Nota.chkSpeseGen, Nota.txtSpeGen, false);
     Dati.CP = LeggiAliquota(Nota.chkCP, Nota.txtCP, false);
     Dati.IVA = LeggiAliquota(Nota.chkIva, Nota.txtIVA, true);

@@ -21,7 +21,7 @@ public:
     }
     ~Compagna()
     {
-        Programma.closeWriteChannel();  // she goes when nobody speaks to her any more
+        Programma.closeWriteChannel();  // it ends when nobody speaks to it any more
         if (!Programma.waitForFinished(AttesaMs))
             Programma.kill();
     }
@@ -30,7 +30,7 @@ public:
 
     [[nodiscard]] bool Pronta() const { return Avviata; }
     [[nodiscard]] QString Archivio() const { return Cartella + QStringLiteral("pratiche.mdb"); }
-    /// Her folder of the fee notes' pages, made at the first call.
+    /// Its folder of the fee notes' pages, made at the first call.
     [[nodiscard]] QString Pagine() const
     {
         CreaCartella(Cartella + QStringLiteral("Parcelle"));
@@ -38,7 +38,7 @@ public:
     }
     [[nodiscard]] bool Blocca() { return Chiedi("blocca") == "bloccato"; }
     [[nodiscard]] bool Sblocca() { return Chiedi("sblocca") == "sbloccato"; }
-    /// What each caller has said to her so far.
+    /// What each caller has said to it so far.
     [[nodiscard]] QByteArrayList Uditi()
     {
         const qsizetype Quanti = Chiedi("conta").toInt();
@@ -46,7 +46,7 @@ public:
         Righe.removeLast();
         return Righe.size() == Quanti ? Righe : QByteArrayList{"conti che non tornano"};
     }
-    /// The invoices of her archive, one text a row.
+    /// The invoices of its archive, one text a row.
     [[nodiscard]] QStringList Fatture() const
     {
         QStringList Righe;

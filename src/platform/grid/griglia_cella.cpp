@@ -135,7 +135,9 @@ void CellaAperta::Chiudi()
     if (Vecchio->hasFocus())
         Vista->setFocus(Qt::OtherFocusReason);
     Vecchio->hide();
-    Vecchio->setObjectName(QString());  // it lives on until its own event is over, but as nobody's cell
+    // It lives on until its own event is over: without its name, so that no search finds it as the open
+    // editor.
+    Vecchio->setObjectName(QString());
     Vecchio->deleteLater();
     Posto = QModelIndex();
     Vista->SegnaRepaint();

@@ -58,7 +58,8 @@ void TitoliInGrassetto(QWidget* Modulo);
 
 /// From now on the window comes up where and as large as the user left it, and his moving and sizing it is
 /// remembered when it goes. What the program does to it, before it is on view or because a screen is small,
-/// is not his and is not kept; what cannot be stored is nothing to be told. A second call does nothing.
+/// is not his and is not kept; a place that cannot be stored is dropped without a message. A second call does
+/// nothing.
 void RicordaPostoDi(QWidget* Finestra, const QString& Nome);
 
 /// Puts a window on the screen where the pointer is, where it was last time: whole and with its title bar in

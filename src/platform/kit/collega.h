@@ -1,4 +1,4 @@
-// Connecting the signals of controls, with the last net around every event procedure.
+// Connecting the signals of controls, with the error report around every event procedure.
 #pragma once
 
 #include "platform/base/errore.h"
@@ -15,7 +15,8 @@
 /// Returns the former one.
 std::function<void(const Errore&)> InstallaUltimaRete(std::function<void(const Errore&)> Nuova);
 
-/// Hands the exception in flight to the last net. Call it inside a catch block only.
+/// Hands the exception in flight to the report installed by InstallaUltimaRete. Call it inside a catch block
+/// only.
 void RiportaEccezione() noexcept;
 
 namespace dettagli {
@@ -45,8 +46,8 @@ void Chiama(F& Procedura, Tupla& Valori)
 
 }  // namespace dettagli
 
-/// Connects a signal to a callable that lives as long as `Contesto`. An exception ends in the last net. The
-/// sender may be of a class derived from the signal's.
+/// Connects a signal to a callable that lives as long as `Contesto`. An exception goes to the report installed
+/// by InstallaUltimaRete. The sender may be of a class derived from the signal's.
 template <class Mittente, class M, class... A, class F>
 requires std::derived_from<Mittente, M> &&(!std::is_member_pointer_v<F>)QMetaObject::Connection
     Collega(const Mittente* Da, void (M::*Segnale)(A...), QObject* Contesto, F Procedura)

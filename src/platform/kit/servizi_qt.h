@@ -3,8 +3,8 @@
 
 #include <QApplication>
 
-/// The application: an exception that leaves an event handler ends in the last net, and the mouse wheel
-/// chooses nothing (GuardiaRotella).
+/// The application: an exception that leaves an event handler goes to the report installed by
+/// InstallaUltimaRete, and the mouse wheel chooses nothing (GuardiaRotella).
 class Applicazione : public QApplication
 {
     Q_OBJECT

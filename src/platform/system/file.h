@@ -10,8 +10,8 @@
 
 struct Errore;
 
-/// A file of a fixed name, found whatever its case, since the names of the design come from a system
-/// that ignores it. The exact name wins; with no match the exact path comes back.
+/// A file of a fixed name, found whatever its case, since other programs and former versions write it
+/// in capitals or not. The exact name wins; with no match the exact path comes back.
 [[nodiscard]] QString TrovaFile(const QString& Percorso);
 
 [[nodiscard]] bool EsisteCartella(const QString& Percorso);  ///< true for a folder, false for a file

@@ -1,5 +1,5 @@
-// The start by the companion application, end to end: her request, the program's own windows, her archive and
-// her ears. She is a process of her own; so, at the end, is the program.
+// The start by the companion application, end to end: its request, the program's own windows, its archive and
+// the signals that it hears. It is a process of its own; so, at the end, is the program.
 #include "scena.h"
 
 #include "compagna/compagna.h"
@@ -275,14 +275,15 @@ void TestAutomazione::ilFileApertoDallUfficio()
     AttendiSalvata(u"P12-rossi.mdb"_s);
     Box->Attendi(Trasferisco, vbYes);
     QVERIFY(F->SalvaParcella(false));
-    QVERIFY2(Lei.Fatture() == QStringList{SoloLaSua}, "an ordinary session knows no archive of hers");
+    QVERIFY2(Lei.Fatture() == QStringList{SoloLaSua},
+             "an ordinary session knows no archive of the companion");
     QVERIFY(EsisteFile(Lei.Pagine() + u"p12-rossi.htm"_s));
     QCOMPARE(Lei.Uditi(), Refresh(2));
 }
 
 void TestAutomazione::senzaCompagna()
 {
-    // Her settings are there, she is not: the archive takes the row, the signal goes nowhere.
+    // The companion's settings are there, it is not: the archive takes the row, the signal goes nowhere.
     QString Archivio;
     {
         const Compagna Lei;

@@ -436,7 +436,7 @@ void TestPV2::consegnaConArchivioGuasto()
     Voce.Attendi(Domanda, vbYes);
     Voce.Attendi(Guasto, vbOK, u"Errore!"_s);
     ConsegnaFattura(DellaPratica(StampaFatturaSintetica));
-    QCOMPARE(Segnali.size(), 1);  // the document in her folder is new all the same
+    QCOMPARE(Segnali.size(), 1);  // the document in its folder is new all the same
 }
 
 void TestPV2::consegnaSenzaArchivio()

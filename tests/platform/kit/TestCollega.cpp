@@ -1,4 +1,4 @@
-// Signals to procedures, and the last net below them.
+// Signals to procedures, and the report of what they throw.
 #include "platform/kit/collega.h"
 #include "platform/kit/servizi_qt.h"
 #include "supporto/prova.h"
@@ -39,7 +39,7 @@ public:
     bool event(QEvent*) override { throw Errore(91); }
 };
 
-/// The errors that end in the last net while it lives.
+/// The errors that InstallaUltimaRete is handed while it lives.
 struct Rete
 {
     Rete() : Precedente(InstallaUltimaRete([this](const Errore& E) { Numeri += E.Numero; })) {}
