@@ -46,8 +46,8 @@ void Chiama(F& Procedura, Tupla& Valori)
 
 }  // namespace dettagli
 
-/// Connects a signal to a callable that lives as long as `Contesto`. An exception goes to the report installed
-/// by InstallaUltimaRete. The sender may be of a class derived from the signal's.
+/// Connects a signal to a callable that lives as long as `Contesto`. An exception goes to the report
+/// installed by InstallaUltimaRete. The sender may be of a class derived from the signal's.
 template <class Mittente, class M, class... A, class F>
 requires std::derived_from<Mittente, M> &&(!std::is_member_pointer_v<F>)QMetaObject::Connection
     Collega(const Mittente* Da, void (M::*Segnale)(A...), QObject* Contesto, F Procedura)
