@@ -1,9 +1,10 @@
-// Opening and saving a fee note of forty lines.
+// Opening and saving a fee note of forty lines, associating one of a thousand.
 #include "feenote/modNuovaParcella.h"
 #include "misura.h"
 
 #include "core/sessione.h"
 #include "feenote/file/modLettura.h"
+#include "feenote/file/modMultipla.h"
 #include "feenote/file/modPosaFile.h"
 #include "feenote/modParametri.h"
 
@@ -13,10 +14,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int Righe = 40;
+constexpr int RigheComuni = 40;
+constexpr int RigheLunghe = 1000;
 
-/// A civil note at the ordinary court with lines of every kind, forty in all.
-Parcella NotaDiQuarantaRighe()
+/// A civil note at the ordinary court with lines of every kind, so many in all.
+Parcella NotaDi(int Righe)
 {
     sessione::PercorsoProg = QStringLiteral(CARTELLA_PROGRAMMA "/");
     Parcella Nota;
@@ -41,7 +43,7 @@ double SalvaNota()
 {
     const QTemporaryDir Cartella;
     const QString File = Cartella.filePath(u"nota.mdb"_s);
-    const Parcella Nota = NotaDiQuarantaRighe();
+    const Parcella Nota = NotaDi(RigheComuni);
     return MedianaMs(15, [&] { ScriviNota(File, Nota); });
 }
 const RegistraMisura RegistrataSalva(u"save a note of 40 rows"_s, 30.0, SalvaNota);
@@ -50,7 +52,7 @@ double CaricaNota()
 {
     const QTemporaryDir Cartella;
     const QString File = Cartella.filePath(u"nota.mdb"_s);
-    ScriviNota(File, NotaDiQuarantaRighe());
+    ScriviNota(File, NotaDi(RigheComuni));
     return MedianaMs(15, [&] {
         Parcella Nota;
         CaricaDati(Nota, File);
@@ -58,5 +60,15 @@ double CaricaNota()
     });
 }
 const RegistraMisura RegistrataCarica(u"load a note of 40 rows"_s, 20.0, CaricaNota);
+
+double AssociaNota()
+{
+    const QTemporaryDir Cartella;
+    const QString File = Cartella.filePath(u"altra.mdb"_s);
+    ScriviNota(File, NotaDi(RigheLunghe));
+    Parcella Nota = NotaDi(RigheComuni);
+    return MedianaMs(15, [&] { Consuma(AssociaMulti(Nota, File) ? Nota.Multi.xOnorari.Righe() : 0); });
+}
+const RegistraMisura RegistrataAssocia(u"associate a note of 1,000 rows"_s, 100.0, AssociaNota);
 
 }  // namespace
