@@ -10,6 +10,7 @@
 #include "feenote/modDatiStampa.h"
 #include "feenote/windows/bottoniesporta.h"
 #include "feenote/windows/cornicenota.h"
+#include "feenote/windows/guidacontestuale.h"
 #include "feenote/windows/mostra.h"
 #include "platform/preview/barraanteprima.h"
 #include "platform/preview/stampante.h"
@@ -51,6 +52,7 @@ void SchedaStampa::CollegaAnteprima()
     Barra->addSeparator();
     cmdGuida = Barra->Aggiungi(u"help"_s, u"Guida contestuale"_s,
                                [this] { EseguiComando(u"guida"_s, Cornice.Indice(), {}); });
+    SeguiGuida(Barra, cmdGuida);
     auto* Spazio = new QWidget(Barra);  // pushes the number to the right end
     Spazio->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     Barra->addWidget(Spazio);
@@ -144,7 +146,7 @@ void SchedaStampa::AbilitaBarra()
 {
     const bool Scelto = Nota.cmbTipoStampa != NessunaVoce;
     for (QAction* Tasto : ui->barPrint->actions())
-        Tasto->setEnabled(Scelto);
+        if (Tasto != cmdGuida)
+            Tasto->setEnabled(Scelto);
     cmdEditor->setEnabled(Scelto && HaEditor());
-    cmdGuida->setEnabled(true);
 }

@@ -43,7 +43,7 @@ constexpr std::array TastiBarra{
                &TastiRighe::Incolla},
     TastoBarra{u"annulla", u"Rimetti le righe tagliate (Ctrl+Z)", &ComandiBarra::Annulla, false,
                &TastiRighe::Annulla},
-    TastoBarra{u"help", u"Guida contestuale", &ComandiBarra::Aiuto, true},
+    TastoBarra{u"help", u"Guida contestuale", &ComandiBarra::Aiuto, true, &TastiRighe::Aiuto},
 };
 
 /// One of the two radio-like buttons of the insertion mode.

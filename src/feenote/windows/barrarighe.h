@@ -34,6 +34,7 @@ struct TastiRighe
     QAction* Varia = nullptr;
     QAction* Incolla = nullptr;
     QAction* Annulla = nullptr;
+    QAction* Aiuto = nullptr;
 };
 
 /// Builds barListaOnoDir; behind the commands "lastrow" and "currentrow" choose where new lines go and say

@@ -4,6 +4,7 @@
 #include "core/modErrori.h"
 #include "feenote/parcella.h"
 #include "feenote/windows/cornicenota.h"
+#include "feenote/windows/guidacontestuale.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/collega.h"
 
@@ -49,6 +50,7 @@ TastiRighe ComandiRighe::CostruisciBarra(QToolBar* Barra, ComandiBarra Comandi)
     Comandi.Aiuto = [this] { EseguiComando(u"guida"_s, Cornice.Indice(), {}); };
     bool& InsUltima = Tipo == TipoRiga::Diritti ? Nota.InsUltimaDir : Nota.InsUltimaOno;
     Tasti = CostruisciBarraRighe(Barra, InsUltima, Comandi);
+    SeguiGuida(Barra, Tasti.Aiuto);
     return Tasti;
 }
 

@@ -143,7 +143,6 @@ void TestAccessibilita::tabVaNellOrdineDiLettura_data()
                                             u"barListaOnoDir_variaz"_s,
                                             u"barListaOnoDir_taglia"_s,
                                             u"barListaOnoDir_copia"_s,
-                                            u"barListaOnoDir_help"_s,
                                             u"barListaOnoDir_lastrow"_s,
                                             u"barListaOnoDir_currentrow"_s,
                                             u"tdbOnor"_s};
@@ -153,7 +152,6 @@ void TestAccessibilita::tabVaNellOrdineDiLettura_data()
                                           u"barListaOnoDir_select"_s,
                                           u"barListaOnoDir_taglia"_s,
                                           u"barListaOnoDir_copia"_s,
-                                          u"barListaOnoDir_help"_s,
                                           u"barListaOnoDir_lastrow"_s,
                                           u"barListaOnoDir_currentrow"_s,
                                           u"tdbDir"_s};

@@ -634,9 +634,13 @@ void TestRigheScelte::trascinaSoloCoiParametriInOrdine()
 void TestRigheScelte::laGuidaDellaScheda()
 {
     sessione::PercorsoProg = T->Ufficio.Cartella();
+    QVERIFY2(!Tasto("help")->isEnabled(), "there is no guide");
     QFile Guida(T->Ufficio.File(u"GuidaGiuridica.pdf"_s));
     QVERIFY(Guida.open(QIODevice::WriteOnly));
     Guida.close();
+    QWidget* Barra = Tasto("help")->parentWidget();
+    Barra->hide();
+    Barra->show();
     Aperture.SchedaCorrente = [this](int) { return F->Scheda(); };
     int Pagina = 0;
     Shell Finta;

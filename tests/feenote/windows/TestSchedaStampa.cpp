@@ -840,7 +840,15 @@ void TestSchedaStampa::editorAlternativo()
 void TestSchedaStampa::laGuida()
 {
     sessione::PercorsoProg = T->Ufficio.Cartella();
+    ClicScheda(F, SchedaBase);
+    ClicScheda(F, SchedaDiStampa);
+    const auto* Bottone = Controllo<QToolButton>(F, "barPrint_help");
+    QVERIFY2(!Bottone->isEnabled(), "there is no guide");
+    QVERIFY2(Bottone->toolTip().startsWith(u"Guida contestuale: "), qPrintable(Bottone->toolTip()));
     ScriviFile(sessione::PercorsoProg + u"GuidaGiuridica.pdf"_s, "%PDF");
+    ClicScheda(F, SchedaBase);
+    ClicScheda(F, SchedaDiStampa);
+    QCOMPARE(Bottone->toolTip(), u"Guida contestuale"_s);
     Aperture.SchedaCorrente = [this](int) { return F->Scheda(); };
     int Pagina = 0;
     Shell Finta;
