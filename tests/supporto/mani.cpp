@@ -211,3 +211,13 @@ void Chiudi(QWidget* Finestra)
     Finestra->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
+
+void TrascinaCon(QWidget* Dove, QPoint Da, QPoint A)
+{
+    constexpr int Passi = 4;
+    QTest::mousePress(Dove, Qt::LeftButton, Qt::NoModifier, Da);
+    for (int i = 1; i <= Passi; ++i)
+        QTest::mouseMove(Dove, Da + (A - Da) * i / Passi);
+    QTest::mouseRelease(Dove, Qt::LeftButton, Qt::NoModifier, A);
+    Respiro();
+}

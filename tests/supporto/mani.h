@@ -46,6 +46,9 @@ QString Appunti();
 
 // ---- buttons, lists, boxes
 
+/// Drags with the left button from one point of a widget to another, by steps.
+void TrascinaCon(QWidget* Dove, QPoint Da, QPoint A);
+
 /// A click where a button listens: the indicator of an option or of a check box stands at the left.
 void Clic(QWidget* Bottone);
 

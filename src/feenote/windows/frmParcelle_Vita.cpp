@@ -47,6 +47,9 @@ QString ChiaveDisposizione(const QObject* Di)
     return u"Disposizione_"_s + Di->objectName();
 }
 
+/// Property of a splitter that the user has moved.
+constexpr auto Mosso = "mosso";
+
 QString LeggiDisposizione(const QObject* Di)
 {
     return Impostazione(ChiaveDisposizione(Di));
@@ -111,8 +114,11 @@ void frmParcelle::FuocoIniziale()
 
 void frmParcelle::RimettiDisposizione()
 {
-    for (QSplitter* Divisore : findChildren<QSplitter*>())
+    for (QSplitter* Divisore : findChildren<QSplitter*>()) {
         Divisore->restoreState(QByteArray::fromBase64(LeggiDisposizione(Divisore).toLatin1()));
+        Collega(Divisore, &QSplitter::splitterMoved, Divisore,
+                [Divisore] { Divisore->setProperty(Mosso, true); });
+    }
     for (Griglia* Elenco : findChildren<Griglia*>())
         Elenco->ImpostaLarghezze(LeggiDisposizione(Elenco));
 }
@@ -120,9 +126,11 @@ void frmParcelle::RimettiDisposizione()
 void frmParcelle::RicordaDisposizione() const
 {
     for (const QSplitter* Divisore : findChildren<QSplitter*>())
-        SalvaDisposizione(Divisore, QString::fromLatin1(Divisore->saveState().toBase64()));
+        if (Divisore->property(Mosso).toBool())
+            SalvaDisposizione(Divisore, QString::fromLatin1(Divisore->saveState().toBase64()));
     for (const Griglia* Elenco : findChildren<Griglia*>())
-        SalvaDisposizione(Elenco, Elenco->Larghezze());
+        if (Elenco->ColonneMosse())
+            SalvaDisposizione(Elenco, Elenco->Larghezze());
 }
 
 void frmParcelle::RilegaRighe()

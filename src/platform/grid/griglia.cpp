@@ -238,6 +238,11 @@ QString Griglia::Larghezze() const
     return Parti.join(u';');
 }
 
+bool Griglia::ColonneMosse() const
+{
+    return Pezzi->Vista->ColonneMosse;
+}
+
 void Griglia::ImpostaLarghezze(const QString& Testo)
 {
     QHeaderView* Testata = Pezzi->Vista->horizontalHeader();

@@ -109,6 +109,9 @@ public:
     [[nodiscard]] QString TestoPie(int Colonna) const;
     /// Widths as text, to be remembered, and back.
     [[nodiscard]] QString Larghezze() const;
+    /// True once the user has changed a width or the order of the columns; what only the program did is not
+    /// worth remembering.
+    [[nodiscard]] bool ColonneMosse() const;
     void ImpostaLarghezze(const QString& Testo);
     /// Lets rows be dragged by the row selector, once the pointer has left the row that was pressed. The
     /// first of them takes the number of the row on which they are dropped, counted without them: a line

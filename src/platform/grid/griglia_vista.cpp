@@ -43,6 +43,40 @@ private:
     std::function<bool(const QModelIndex&)> PuoAndare;
 };
 
+/// Knows whether widths and order of the columns change because the user has a title, or its edge, in hand.
+class ManoSuiTitoli : public QObject
+{
+public:
+    ManoSuiTitoli(QHeaderView* Testata, bool& ColonneMosse) : QObject(Testata)
+    {
+        Testata->viewport()->installEventFilter(this);
+        const auto Segna = [this, &ColonneMosse] { ColonneMosse = ColonneMosse || InMano; };
+        Collega(Testata, &QHeaderView::sectionResized, this, Segna);
+        Collega(Testata, &QHeaderView::sectionMoved, this, Segna);
+    }
+
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
+    {
+        switch (Evento->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+            InMano = true;
+            break;
+        case QEvent::MouseButtonRelease:
+            // The title takes its new place while this event goes on.
+            QMetaObject::invokeMethod(
+                this, [this] { InMano = false; }, Qt::QueuedConnection);
+            break;
+        default:
+            break;
+        }
+        return QObject::eventFilter(Oggetto, Evento);
+    }
+
+private:
+    bool InMano = false;
+};
+
 bool Stampabile(const QKeyEvent& Evento)
 {
     const bool Comando = Evento.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
@@ -93,6 +127,7 @@ VistaGriglia::VistaGriglia(Griglia* Intera)
         ColonnaSpostata();
         Aperta->Riposiziona();
     });
+    new ManoSuiTitoli(horizontalHeader(), ColonneMosse);
     Collega(horizontalHeader(), &QHeaderView::sectionClicked, this,
             [this](int Colonna) { Q_EMIT Padrona->ClicTitolo(Colonna); });
 }

@@ -58,9 +58,10 @@ public:
     /// What the form says of a row in its tool tip; empty none.
     [[nodiscard]] QString SuggerimentoDi(int Riga) const;
 
-    QString Frase;            ///< shown while there are no rows
-    bool ConComandi = false;  ///< the form takes commands on rows
-    bool Evidente = true;     ///< the current row is tinted
+    QString Frase;              ///< shown while there are no rows
+    bool ConComandi = false;    ///< the form takes commands on rows
+    bool Evidente = true;       ///< the current row is tinted
+    bool ColonneMosse = false;  ///< by the user, who has dragged a title or its edge
 
     void keyboardSearch(const QString& Cerca) override;
 

@@ -2,6 +2,7 @@
 #include "tavolo.h"
 
 #include "core/aperture.h"
+#include "core/parametri.h"
 #include "core/posti.h"
 #include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
@@ -42,6 +43,7 @@ private Q_SLOTS:
     void inUnoSchermoPiccoloStaTutta();
     void leDimensioniSiRicordano();
     void massimizzataSiRicordaLaNormale();
+    void laDisposizioneDiNessunoNonSiRicorda();
     void laDisposizioneSiRicorda();
     void ilTagPrimaDiMostrarsi();
     void laChiusuraDalSistema();
@@ -215,6 +217,19 @@ void TestFinestre::massimizzataSiRicordaLaNormale()
     QVERIFY(Sotto(1)->isMaximized());
 }
 
+void TestFinestre::laDisposizioneDiNessunoNonSiRicorda()
+{
+    ApriParcella({}, 0, {});
+    CompilaCivile(Parcelle(1));
+    ClicScheda(Parcelle(1), SchedaListaOnorari);
+    Parcelle(1)->resize(Parcelle(1)->size() + QSize(60, 40));
+    Controllo<Griglia>(Parcelle(1), "tdbOnor")->Vista()->setColumnWidth(OnoData, 123);
+    Parcelle(1)->SetModificata(false);
+    QVERIFY(ChiudiParcella(1));
+    for (const char* Nome : {"tdbOnor", "tdbListaOno", "divisoreOno"})
+        QCOMPARE(Impostazione(u"Disposizione_"_s + QLatin1String(Nome)), QString());
+}
+
 void TestFinestre::laDisposizioneSiRicorda()
 {
     ApriParcella({}, 0, {});
@@ -222,10 +237,13 @@ void TestFinestre::laDisposizioneSiRicorda()
     ClicScheda(Parcelle(1), SchedaListaOnorari);
     auto* Divisore = Controllo<QSplitter>(Parcelle(1), "divisoreOno");
     QVERIFY2(Divisore->sizes()[0] * 3 < Divisore->sizes()[1] * 2, "il catalogo parte da un terzo");
-    Divisore->setSizes({300, 100});
+    TrascinaCon(Divisore->handle(1), QPoint(2, 2), QPoint(2, 122));
     const QList<int> Scelte = Divisore->sizes();
-    QVERIFY(Scelte[0] > Scelte[1]);
-    Controllo<Griglia>(Parcelle(1), "tdbOnor")->Vista()->setColumnWidth(OnoData, 123);
+    QHeaderView* Testata = Controllo<Griglia>(Parcelle(1), "tdbOnor")->Vista()->horizontalHeader();
+    const int Prima = Testata->sectionSize(OnoData);
+    const QPoint Orlo(Testata->sectionViewportPosition(OnoData) + Prima - 1, Testata->height() / 2);
+    TrascinaCon(Testata->viewport(), Orlo, Orlo + QPoint(31, 0));
+    QCOMPARE(Testata->sectionSize(OnoData), Prima + 31);
     Parcelle(1)->SetModificata(false);
     QVERIFY(ChiudiParcella(1));
 
@@ -234,7 +252,7 @@ void TestFinestre::laDisposizioneSiRicorda()
     CompilaCivile(Parcelle(1));
     ClicScheda(Parcelle(1), SchedaListaOnorari);
     QCOMPARE(Controllo<QSplitter>(Parcelle(1), "divisoreOno")->sizes(), Scelte);
-    QCOMPARE(Controllo<Griglia>(Parcelle(1), "tdbOnor")->Vista()->columnWidth(OnoData), 123);
+    QCOMPARE(Controllo<Griglia>(Parcelle(1), "tdbOnor")->Vista()->columnWidth(OnoData), Prima + 31);
     Parcelle(1)->SetModificata(false);
 }
 

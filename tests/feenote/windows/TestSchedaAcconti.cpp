@@ -129,13 +129,17 @@ void TestSchedaAcconti::laVuotaSiRileggeZero()
 
 void TestSchedaAcconti::leColonneTengonoLaLarghezza()
 {
-    Righe->Vista()->setColumnWidth(AccCorrispettivi, 151);
+    QHeaderView* Testata = Righe->Vista()->horizontalHeader();
+    const int Larga = Testata->sectionSize(AccCorrispettivi);
+    const QPoint Orlo(Testata->sectionViewportPosition(AccCorrispettivi) + Larga - 1, Testata->height() / 2);
+    TrascinaCon(Testata->viewport(), Orlo, Orlo + QPoint(29, 0));
+    QCOMPARE(Testata->sectionSize(AccCorrispettivi), Larga + 29);
     F->SetModificata(false);
     QVERIFY(ChiudiParcella(1));
     AzzeraFinestre();
     F = T->Apri();
     QVERIFY(F);
-    QCOMPARE(Controllo<Griglia>(F, "tdbAcconti")->Vista()->columnWidth(AccCorrispettivi), 151);
+    QCOMPARE(Controllo<Griglia>(F, "tdbAcconti")->Vista()->columnWidth(AccCorrispettivi), Larga + 29);
 }
 
 void TestSchedaAcconti::ilRiepilogoNonContaLeImposte()

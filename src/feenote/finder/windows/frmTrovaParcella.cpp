@@ -555,9 +555,10 @@ void frmTrovaParcella::hideEvent(QHideEvent* Evento)
 {
     if (!Evento->spontaneous()) {
         SmettiRicerca();
-        // A width that cannot be stored is dropped without a message.
-        Protetta([this] { SalvaImpostazione(ChiaveLarghezze, ui->tdbParcelle->Larghezze()); },
-                 errori::Accesso);
+        // No message where the widths cannot be stored: the next showing uses the former ones.
+        if (ui->tdbParcelle->ColonneMosse())
+            Protetta([this] { SalvaImpostazione(ChiaveLarghezze, ui->tdbParcelle->Larghezze()); },
+                     errori::Accesso);
     }
     QDialog::hideEvent(Evento);
 }
