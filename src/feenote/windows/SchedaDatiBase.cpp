@@ -40,10 +40,14 @@ constexpr std::array CaselleTesto{
 class TestoIntero : public QObject
 {
 public:
-    explicit TestoIntero(QLineEdit* Campo) : QObject(Campo), Box(Campo) { Campo->installEventFilter(this); }
+    explicit TestoIntero(QLineEdit* Box) : QObject(Box) { Box->installEventFilter(this); }
 
     bool eventFilter(QObject* Oggetto, QEvent* Evento) override
     {
+        // A box that is being destroyed loses the focus too, and is no line edit any more.
+        auto* Box = qobject_cast<QLineEdit*>(Oggetto);
+        if (!Box)
+            return QObject::eventFilter(Oggetto, Evento);
         // Of a name that was typed to its end one reads the beginning afterwards.
         if (Evento->type() == QEvent::FocusOut && LasciaDavvero(*static_cast<QFocusEvent*>(Evento)))
             Box->setCursorPosition(0);
@@ -59,9 +63,6 @@ public:
             QToolTip::hideText();
         return true;
     }
-
-private:
-    QLineEdit* Box;
 };
 
 /// Entries of cmbAumRid.
@@ -125,16 +126,20 @@ void SchedaDatiBase::CollegaParti()
     }
 }
 
+/// With lines in the note a change asks, refuses or reckons anew: the user first goes where he wants.
+bool SchedaDatiBase::ConRighe() const
+{
+    return !Nota.xOnorari.Vuota() || !Nota.xDiritti.Vuota();
+}
+
 void SchedaDatiBase::CollegaParametri()
 {
     ui->cmbCateg->addItems(VociCategoria());
     ui->cmbCateg->setCurrentIndex(NessunaVoce);
-    // With lines in the note a change asks, refuses or reckons anew: the user first goes where he wants.
-    const auto ConRighe = [this] { return !Nota.xOnorari.Vuota() || !Nota.xDiritti.Vuota(); };
-    const auto Parametro = [=, this](QComboBox* Lista, auto Cambia) {
+    const auto Parametro = [this](QComboBox* Lista, auto Cambia) {
         AlScegliere(
             Lista, [=, this](int Scelta, ModoScelta) { Cornice.Applica([&] { Cambia(Nota, Scelta); }); },
-            ConRighe);
+            [this] { return ConRighe(); });
     };
     Parametro(ui->cmbCateg, CambiaCategoria);
     Parametro(ui->cmbAutor, CambiaAutorita);
@@ -166,7 +171,9 @@ void SchedaDatiBase::CollegaVariazione()
 
     ui->cmbAumRid->addItems(SegniAumRid());
     ui->cmbAumRid->setCurrentIndex(NessunaVoce);
-    Collega(ui->cmbAumRid, &QComboBox::activated, this, &SchedaDatiBase::cmbAumRid_Click);
+    AlScegliere(
+        ui->cmbAumRid, [this](int Segno, ModoScelta) { cmbAumRid_Click(Segno); },
+        [this] { return ConRighe(); });
 
     // What is pasted is whole digits too: a sign of its own would turn the one of the list round.
     FiltraTasti(ui->txtAumRid, u"1234567890"_s);

@@ -37,6 +37,7 @@ private:
     void MostraParti();
     void MostraRubrica();  ///< the buttons of the address book
     void txtImporto_LostFocus();
+    [[nodiscard]] bool ConRighe() const;
     void cmbAumRid_Click(int Segno);
     [[nodiscard]] bool txtAumRid_LostFocus();
 

@@ -43,7 +43,7 @@ private:
     {
         return CancellaNota(File, [this] {
             Tolta = true;
-            QVERIFY2(!EsisteFile(File) && Box->Mostrati().last().Titolo == u"Domanda:",
+            QVERIFY2(!EsisteFile(File) && Box->Mostrato(Box->Mostrati().size() - 1).Titolo == u"Domanda:",
                      "the row goes before the user is told");
         });
     }

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void laRotellaNonCambiaIParametri();
     void conLeRigheLeFrecceAspettano_data();
     void conLeRigheLeFrecceAspettano();
+    void conLeRigheAndataERitornoDelSegno();
     void conLeRigheLaListaApertaAgisceSubito();
     void senzaRigheOgniPassoAgisce();
     void iDocumentiSiScorronoConLeFrecce();
@@ -116,6 +117,25 @@ void TestListe::conLeRigheLeFrecceAspettano()
     Autorita->setFocus();
     Premi(Qt::Key_Tab);
     QCOMPARE(T->Voce.Mostrati().size(), 1);  // left again with nothing chosen meanwhile
+}
+
+/// A step there and a step back have changed nothing when the list is left.
+void TestListe::conLeRigheAndataERitornoDelSegno()
+{
+    RigaOnorario(F->Nota, u"voce"_s, 100.0, 1, 1);
+    F->Nota.RicalcoloNecessario = false;
+    F->SetModificata(false);
+    F->MostraTutto();
+    auto* Segno = Controllo<QComboBox>(F, "cmbAumRid");
+    QVERIFY(Segno->isEnabled());
+    Segno->setFocus();
+    Premi(Qt::Key_Home);
+    const int Prima = F->Nota.cmbAumRid;
+    Premi(Qt::Key_Down);
+    QCOMPARE(F->Nota.cmbAumRid, Prima);
+    Premi(Qt::Key_Up);
+    Premi(Qt::Key_Tab);
+    QVERIFY(!F->Nota.RicalcoloNecessario);
 }
 
 void TestListe::conLeRigheLaListaApertaAgisceSubito()

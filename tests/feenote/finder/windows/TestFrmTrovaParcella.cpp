@@ -720,6 +720,13 @@ void TestFrmTrovaParcella::rinominataMentreEAperta()
     QVERIFY2(!InfoParcelle[1].Modificata, "its contents are what they were");
     QCOMPARE(Altra->Nota.txtPathParcMult, Note + u"Gialli.mdb"_s);
     QCOMPARE(Altra->Nota.txtParcMultipla, u"Gialli"_s);
+    // A path that is only remembered associates nothing.
+    Altra->Nota.txtParcMultipla.clear();
+    T->Voce.AttendiImmissione(u"Immettere il nuovo nome da assegnare alla parcella:"_s, u"Blu"_s);
+    T->Voce.Attendi(u"La parcella è stata rinominata!"_s, vbOK, u"Messaggio:"_s);
+    Premi(Qt::Key_F2);
+    QCOMPARE(Altra->Nota.txtPathParcMult, Note + u"Blu.mdb"_s);
+    QVERIFY(!Altra->Nota.Multipla());
     QCOMPARE(Altra->windowTitle(), u"rossi 10"_s);
 }
 
