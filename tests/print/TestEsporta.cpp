@@ -19,7 +19,8 @@ const QString SenzaCompagna = u"Non trovato percorso cartella Parcelle PV2!\n"
 
 }  // namespace
 
-Q_DECLARE_METATYPE(std::function<void(const Banco&)>)
+using OstacoloDiProva = std::function<void(const Banco&)>;
+Q_DECLARE_METATYPE(OstacoloDiProva)
 
 class TestEsporta : public QObject
 {
@@ -89,7 +90,7 @@ void TestEsporta::nonPronta()
 
 void TestEsporta::ridisegnoMuto_data()
 {
-    QTest::addColumn<std::function<void(const Banco&)>>("Ostacolo");
+    QTest::addColumn<OstacoloDiProva>("Ostacolo");
     QTest::addColumn<int>("Numero");
 
     const auto Riga = [](const char* Nome, int Numero, const std::function<void(const Banco&)>& Ostacolo) {
@@ -116,7 +117,7 @@ void TestEsporta::ridisegnoMuto_data()
 
 void TestEsporta::ridisegnoMuto()
 {
-    QFETCH(std::function<void(const Banco&)>, Ostacolo);
+    QFETCH(OstacoloDiProva, Ostacolo);
     QFETCH(int, Numero);
     Banco B;
     Registratore Voce;  // a box would fail the test
