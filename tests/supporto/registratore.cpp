@@ -47,10 +47,12 @@ Registratore::Registratore()
     Nuovi.Immissione = [this](const QString& Testo, const QString& Titolo, const QString&) {
         return Chiedi(Testo, Titolo);
     };
-    Nuovi.SalvaFile = [this](const QString& Titolo, const QString& Iniziale, const QString&) {
+    Nuovi.SalvaFile = [this](const QString& Titolo, const QString& Iniziale, const QString& Filtro) {
+        UltimoFiltro = Filtro;
         return Scegli(Domanda::Salva, Titolo, Iniziale);
     };
-    Nuovi.ApriFile = [this](const QString& Titolo, const QString& Iniziale, const QString&) {
+    Nuovi.ApriFile = [this](const QString& Titolo, const QString& Iniziale, const QString& Filtro) {
+        UltimoFiltro = Filtro;
         return Scegli(Domanda::Apri, Titolo, Iniziale);
     };
     Nuovi.ScegliStampante = [this](QPrinter& Scelta) {

@@ -35,9 +35,10 @@ public:
     /// fails the test and is cancelled.
     void AttendiSalva(const QString& Percorso) { Attese.append({Domanda::Salva, {}, {}, vbOK, Percorso}); }
     void AttendiApri(const QString& Percorso) { Attese.append({Domanda::Apri, {}, {}, vbOK, Percorso}); }
-    /// Title and starting point of the last save or open dialog.
+    /// Title, starting point and filter of the last save or open dialog.
     [[nodiscard]] const QString& TitoloDialogo() const { return UltimoTitolo; }
     [[nodiscard]] const QString& InizioDialogo() const { return UltimoInizio; }
+    [[nodiscard]] const QString& FiltroDialogo() const { return UltimoFiltro; }
     /// Sets the printer up in the place of the user; false cancels. A print dialog without it fails the test.
     std::function<bool(QPrinter& Scelta)> ScegliStampante;
     /// What a box does to the windows before it is answered: BoxDavanti in the programs that test windows.
@@ -78,5 +79,6 @@ private:
     QList<MessaggioMostrato> Visti;
     QString UltimoTitolo;
     QString UltimoInizio;
+    QString UltimoFiltro;
     bool Tollerante = false;
 };

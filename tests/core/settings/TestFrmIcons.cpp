@@ -232,6 +232,7 @@ void TestFrmIcons::scegliProgramma()
     Box.AttendiApri({});
     QTest::mouseClick(Modulo->findChild<QWidget*>(u"cmdSelProg"_s), Qt::LeftButton);
     QCOMPARE(Campo(u"txtCollegIco"_s)->text(), u"www.x.example"_s);
+    QCOMPARE(Box.FiltroDialogo().section(u"|Tutti"_s, 0, 0), u"Applicazione (*.exe)|*.exe;*.com"_s);
     Box.AttendiApri(u"/opt/agenda"_s);
     QTest::mouseClick(Modulo->findChild<QWidget*>(u"cmdSelProg"_s), Qt::LeftButton);
     QCOMPARE(Campo(u"txtCollegIco"_s)->text(), u"/opt/agenda"_s);

@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QScreen>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTimer>
 
 #include <memory>
@@ -16,6 +17,8 @@ private Q_SLOTS:
     void cleanup();
 
     void leSchede();
+    void scritte_data();
+    void scritte();
     void leggeDalleImpostazioni();
     void rifiuti_data();
     void rifiuti();
@@ -93,6 +96,49 @@ void TestFrmSetup::leSchede()
              (QStringList{u"Dati studio"_s, u"Dati contabili"_s, u"Setup"_s, u"Personalizza desktop"_s}));
     QCOMPARE(Schede->tabText(0), u"&Dati studio"_s);
     QCOMPARE(Modulo->windowTitle(), u"Calcanova - Personalizzazione programma"_s);
+}
+
+void TestFrmSetup::scritte_data()
+{
+    QTest::addColumn<int>("Scheda");
+    QTest::addColumn<QString>("Scritta");
+
+    const auto Riga = [](int Scheda, const QString& Scritta) {
+        QTest::newRow(qPrintable(Scritta)) << Scheda << Scritta;
+    };
+    Riga(1, u"N° ultima fattura emessa:"_s);
+    Riga(2, u"Cartella programma:"_s);
+    Riga(2, u"Cartella parcelle:"_s);
+    Riga(2, u"Cartella utente locale:"_s);
+    Riga(2, u"Ricerca automatica nuovi aggiornamenti:"_s);
+    Riga(3, u"Seleziona modello predefinito:"_s);
+    Riga(3, u"Colore sfondo:"_s);
+    Riga(3, u"Colore testo icone:"_s);
+    Riga(3, u"Colore bordo icone:"_s);
+    Riga(3, u"Colore testo selez.:"_s);
+    Riga(3, u"Gestione icone personali"_s);
+    Riga(3, u"Titolo"_s);
+    Riga(3, u"Programma/Link"_s);
+    Riga(3, u"Icona"_s);
+}
+
+void TestFrmSetup::scritte()
+{
+    QFETCH(int, Scheda);
+    QFETCH(QString, Scritta);
+    Modulo->Mostra(Scheda);
+    const auto* Pagina = Modulo->findChild<QWidget*>(u"fraSetup_%1"_s.arg(Scheda));
+    QStringList Viste;
+    for (const QWidget* Dentro : Pagina->findChildren<QWidget*>()) {
+        if (!Dentro->isVisible())
+            continue;
+        for (const char* Proprieta : {"text", "title"})
+            Viste << Dentro->property(Proprieta).toString().remove(u'&');
+        if (const auto* Tabella = qobject_cast<const QTableView*>(Dentro))
+            for (int c = 0; c < Tabella->model()->columnCount(); ++c)
+                Viste << Tabella->model()->headerData(c, Qt::Horizontal).toString();
+    }
+    QVERIFY2(Viste.contains(Scritta), qPrintable(Viste.join(u" / "_s)));
 }
 
 void TestFrmSetup::leggeDalleImpostazioni()

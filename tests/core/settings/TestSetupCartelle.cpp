@@ -218,9 +218,12 @@ void TestSetupCartelle::scegliFile_data()
     QTest::addColumn<int>("Quale");
     QTest::addColumn<QString>("Casella");
     QTest::addColumn<QString>("Scelto");
+    QTest::addColumn<QString>("Filtro");
 
-    QTest::newRow("archive") << 1 << u"txtArchivioCliCon"_s << u"/studio/Altro.mdb"_s;
-    QTest::newRow("word processor") << 4 << u"txtWordProcessor"_s << u"/usr/bin/word"_s;
+    QTest::newRow("archive") << 1 << u"txtArchivioCliCon"_s << u"/studio/Altro.mdb"_s
+                             << u"Applicazione (*.mdb)|*.mdb"_s;
+    QTest::newRow("word processor") << 4 << u"txtWordProcessor"_s << u"/usr/bin/word"_s
+                                    << u"Applicazione (*.exe)|*.exe"_s;
 }
 
 void TestSetupCartelle::scegliFile()
@@ -234,6 +237,7 @@ void TestSetupCartelle::scegliFile()
     Box.AttendiApri({});
     T->Premi(u"cmdSelDir_%1"_s.arg(Quale));
     QCOMPARE(T->Campo(Casella)->text(), Prima);
+    QTEST(Box.FiltroDialogo().section(u"|Tutti"_s, 0, 0), "Filtro");
     Box.AttendiApri(Scelto);
     T->Premi(u"cmdSelDir_%1"_s.arg(Quale));
     QCOMPARE(T->Campo(Casella)->text(), Scelto);

@@ -22,6 +22,8 @@ private Q_SLOTS:
     void rifiutaLasciando_data();
     void rifiutaLasciando();
     void rifiutaLasciandoLaScheda();
+    void invioPassaOltre_data();
+    void invioPassaOltre();
     void virgola();
     void numeroFattura_data();
     void numeroFattura();
@@ -142,6 +144,28 @@ void TestSetupContabili::rifiutaLasciandoLaScheda()
     T->Scrivi(u"txtIVA"_s, u"22"_s);
     QTest::mouseClick(Linguette, Qt::LeftButton, {}, Linguette->tabRect(0).center());
     QCOMPARE(Schede->currentIndex(), 0);
+}
+
+void TestSetupContabili::invioPassaOltre_data()
+{
+    QTest::addColumn<QString>("Casella");
+    for (const QString& Nome : Caselle)
+        QTest::newRow(qPrintable(Nome)) << Nome;
+}
+
+void TestSetupContabili::invioPassaOltre()
+{
+    QFETCH(QString, Casella);
+    const Registratore Box;
+    T->Apri(1);
+    for (const Qt::Key Tasto : {Qt::Key_Return, Qt::Key_Enter}) {
+        T->Scrivi(Casella, u"7"_s);
+        Premi(Tasto);
+        QVERIFY(QApplication::focusWidget() != T->Campo(Casella));
+    }
+    QVERIFY(T->Modulo->isVisible());
+    QCOMPARE(Box.Mostrati().size(), 0);
+    QCOMPARE(GetSetting(u"KR5"_s, u"Parametri"_s, u"IVA"_s, u"manca"_s), u"manca"_s);
 }
 
 void TestSetupContabili::virgola()
