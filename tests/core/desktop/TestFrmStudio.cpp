@@ -67,6 +67,8 @@ private Q_SLOTS:
     void studioSenzaNome();
     void laRispostaNonRiattiva();
     void laCorniceSparisce();
+    void ordineDellAttivazione();
+    void nascostaSiRidisegnaTornando();
     void aggiornamentiUnaVolta();
     void recuperoOffertoUnaVolta();
     void traccia();
@@ -706,6 +708,62 @@ void TestFrmStudio::laCorniceSparisce()
     Scrivania.Form_Activate();
     QVERIFY2(Cornice.isVisible(), "it may be closing its child still");
     QTRY_VERIFY(!Cornice.isVisible());
+}
+
+void TestFrmStudio::ordineDellAttivazione()
+{
+    Registratore Box;
+    const QString Buona = sessione::PercorsoProg;
+    frmStudio& Scrivania = Singola<frmStudio>();
+    frmMain& Cornice = Singola<frmMain>();
+    QVERIFY(Cornice.Area());
+    sessione::PercorsoProg = NuovaCartella();
+    ScriviFile(sessione::PercorsoProg + u"kr5.ini"_s, "[desktop]\r\nL0=A\r\nL0_c=/a\r\nL0_i=a.gif\r\n");
+    sessione::ModoDebug = true;
+    sessione::CercaAgg = true;
+    const auto Segna = [&](const QString& Passo) {
+        // What a step has put off is done before it is looked at.
+        Respiro();
+        S->Annota(u"%1: %2 personali, cornice %3"_s.arg(Passo)
+                      .arg(Scrivania.NumeroIcone() - int(Fisse.size()))
+                      .arg(Cornice.isVisible()));
+    };
+    Aperture.MostraTraccia = [this, &Scrivania](const QString& Testo) {
+        S->Annota(u"%1: %2 personali"_s.arg(Testo.trimmed().section(u"- "_s, -1))
+                      .arg(Scrivania.NumeroIcone() - int(Fisse.size())));
+    };
+    Aperture.Impostazioni = [&](int Scheda, bool) {
+        Segna(u"impostazioni %1"_s.arg(Scheda));
+        sessione::PercorsoProg = Buona;
+    };
+    Aperture.CercaAggiornamenti = [&] {
+        Segna(u"aggiornamenti"_s);
+        sessione::CercaAgg = false;
+    };
+    Aperture.OffriRecupero = [&] { S->Annota(u"recupero"_s); };
+    Box.Attendi(u"Impostare la cartella dell'archivio parcelle!"_s, vbOK, u"Errore:"_s);
+    Scrivania.show();
+    Scrivania.SegnaRidisegno();
+    Scrivania.Form_Activate();
+    QCOMPARE(S->Eventi,
+             (QStringList{u"avvio form programma: 0 personali"_s, u"impostazioni 2: 1 personali, cornice 1"_s,
+                          u"aggiornamenti: 1 personali, cornice 0"_s, u"fine form programma: 1 personali"_s,
+                          u"recupero"_s}));
+}
+
+void TestFrmStudio::nascostaSiRidisegnaTornando()
+{
+    sessione::PercorsoProg = ProgrammaConIcone("L0=A\r\nL0_c=/a\r\nL0_i=a.gif\r\n");
+    frmStudio& Scrivania = Apri();
+    QCOMPARE(Scrivania.NumeroIcone(), int(Fisse.size()) + 1);
+    Scrivania.hide();
+    QVERIFY(QFile::remove(sessione::PercorsoProg + u"kr5.ini"_s));
+    Scrivania.SegnaRidisegno();
+    Respiro();
+    QCOMPARE(Scrivania.NumeroIcone(), int(Fisse.size()) + 1);
+    Scrivania.show();
+    Scrivania.Form_Activate();
+    QCOMPARE(Scrivania.NumeroIcone(), int(Fisse.size()));
 }
 
 void TestFrmStudio::aggiornamentiUnaVolta()
