@@ -7,10 +7,8 @@
 #include <QDir>
 #include <QFile>
 
-#ifdef Q_OS_UNIX
 #include <csignal>
 #include <sys/resource.h>
-#endif
 
 using namespace Qt::StringLiterals;
 
@@ -179,7 +177,6 @@ void TestImpostazioni::molteRifiutateNessunaCambia()
 
 void TestImpostazioni::discoPienoNelMezzo()
 {
-#ifdef Q_OS_UNIX
     const QString App = u"Pieno"_s;
     SaveSetting(App, u"Parametri"_s, u"a"_s, u"prima"_s);
     const QByteArray Prima = LeggiFile(FileDi(App));
@@ -200,9 +197,6 @@ void TestImpostazioni::discoPienoNelMezzo()
     QVERIFY(Rifiutata);
     QCOMPARE(LeggiFile(FileDi(App)), Prima);
     QCOMPARE(GetSetting(App, u"Parametri"_s, u"a"_s), u"prima"_s);
-#else
-    QSKIP("a limit of file sizes is known to Unix alone");
-#endif
 }
 
 #include "TestImpostazioni.moc"
