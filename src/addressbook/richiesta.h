@@ -3,14 +3,18 @@
 
 #include <QString>
 
-/// What a fee note asks of the address book, in the session's archive of clients and counterparties.
+/// How the address book is to open: one table of an archive, for whom, and with what.
 struct RichiestaRubrica
 {
-    int Indice = 0;     ///< place of the window that takes the choice
-    QString Tabella;    ///< "clienti" or "controparti"
-    QString Parola;     ///< comes back with the choice
-    QString MenuStart;  ///< command to run at once; empty none
-    QString KeyStart;   ///< criterion of the row to begin on; empty none
+    int Indice = 0;          ///< place of the note window that takes the choice; 0: the desktop asks
+    int Numero = 0;          ///< serial number of the note in that place: another note there takes no choice
+    QString DataSource;      ///< archive, full path; empty: "rubrica" in the program's folder
+    QString RecordSource;    ///< table, "clienti" or "controparti"
+    bool Modifiche = true;   ///< rows can be made, edited and deleted
+    bool Selezione = false;  ///< a row can be chosen and comes back to the note
+    QString Parent;          ///< comes back with the choice
+    QString MenuStart;       ///< command to run at once; empty none
+    QString KeyStart;        ///< criterion of the row to begin on; empty none
 
     friend bool operator==(const RichiestaRubrica&, const RichiestaRubrica&) = default;
 };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QVariant>
 
 #include <functional>
 #include <map>
@@ -35,7 +36,14 @@ struct Apritori
     std::function<void(int Indice)> Proteggi;
     std::function<bool(int Indice)> ChiudiParcella;  ///< unloads a window, asking; its answer is not heeded
     std::function<void(const RichiestaRubrica& Chiesta)> RubricaParcella;  ///< the address book, for a note
-    std::function<void(int Scheda, bool Modale)> Impostazioni;             ///< modal: until they are closed
+    /// A row chosen in the address book goes to the note that asked: its place, its serial number, the word
+    /// that it asked with, the values of the row (key, name, the other visible columns).
+    std::function<void(int Indice, int Numero, const QString& Parent, const QVariantList& Valori)>
+        SceltaDaRubrica;
+    /// A card of a table ("clienti", "controparti") was saved: the notes linked to the row follow its name.
+    std::function<void(const QString& RecordSource, int ID)> NominativoCambiato;
+    std::function<void(int Indice, int Numero)> ParcellaChiusa;  ///< a note has closed: its address book goes
+    std::function<void(int Scheda, bool Modale)> Impostazioni;   ///< modal: until they are closed
     std::function<void()> ImpostazioniCambiate;  ///< they were saved: the desktop is drawn anew
     std::function<void()> LasciaCartellaUtente;  ///< the session is about to take another user folder
     /// Edits or, asking, deletes an icon of the user's, by its row on the desktop: the settings open for it.

@@ -3,6 +3,7 @@
 
 #include "addressbook/richiesta.h"
 #include "core/aperture.h"
+#include "core/sessione.h"
 #include "feenote/modParti.h"
 #include "platform/kit/campo.h"
 
@@ -35,7 +36,13 @@ void frmParcelle::CliCon(int Elemento, bool DaStampa, const QString& MenuStart)
     const VoceCliCon& Voce = VociCliCon[size_t(Elemento)];
     const QStringView Parola = DaStampa ? Voce.ParolaStampa : Voce.Parola;
     const QString KeyStart = MenuStart == u"edit" ? u"ID="_s + QString::number(Nota.*Voce.Legame) : QString();
-    Aperture.RubricaParcella({Posto, Voce.Tabella.toString(), Parola.toString(), MenuStart, KeyStart});
+    Aperture.RubricaParcella({.Indice = Posto,
+                              .DataSource = sessione::ArchivioCliCon,
+                              .RecordSource = Voce.Tabella.toString(),
+                              .Selezione = true,
+                              .Parent = Parola.toString(),
+                              .MenuStart = MenuStart,
+                              .KeyStart = KeyStart});
 }
 
 void frmParcelle::oRubrica_SelDone(const QString& Parent, const QVariantList& Valori)

@@ -3,6 +3,7 @@
 
 #include "addressbook/richiesta.h"
 #include "core/aperture.h"
+#include "core/sessione.h"
 #include "platform/preview/vistastampa.h"
 
 #include <QPlainTextEdit>
@@ -118,7 +119,15 @@ void TestCliCon::ogniBottoneChiede()
     QVERIFY(!Bottone->toolTip().isEmpty());
     Clic(Bottone);
     QCOMPARE(Chieste.size(), std::size_t(1));
-    QVERIFY(Chieste[0] == (RichiestaRubrica{1, Tabella, Parola, MenuStart, KeyStart}));
+    const RichiestaRubrica Attesa{.Indice = 1,
+                                  .DataSource = sessione::ArchivioCliCon,
+                                  .RecordSource = Tabella,
+                                  .Modifiche = true,
+                                  .Selezione = true,
+                                  .Parent = Parola,
+                                  .MenuStart = MenuStart,
+                                  .KeyStart = KeyStart};
+    QVERIFY(Chieste[0] == Attesa);
 }
 
 void TestCliCon::modificaSoloChiELegato()
