@@ -3,6 +3,7 @@
 #include "feenote/finder/ordineitaliano.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
+#include "platform/base/testopiano.h"
 #include "platform/system/percorsi.h"
 
 #include <QDateTime>
@@ -15,20 +16,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Without case and accents; what a compatibility form writes as several letters is those letters.
-QString Piano(const QString& Testo)
-{
-    const bool Semplice = std::ranges::all_of(Testo, [](QChar C) { return C.unicode() < 0x80; });
-    if (Semplice)
-        return Testo.toLower();
-    QString Scomposto = Testo.toLower().normalized(QString::NormalizationForm_KD);
-    Scomposto.removeIf([](QChar C) { return C.category() == QChar::Mark_NonSpacing; });
-    return Scomposto;
-}
-
 QString Cercabile(const VoceTrova& Voce)
 {
-    return Piano(Voce.Nome + u'\n' + Voce.Cliente + u'\n' + Voce.Controparte);
+    return TestoPiano(Voce.Nome + u'\n' + Voce.Cliente + u'\n' + Voce.Controparte);
 }
 
 QDate DataDi(const VoceTrova& Voce)
@@ -108,7 +98,7 @@ void ElencoTrova::Rimostra()
 void ElencoTrova::Filtra(const QString& Testo)
 {
     TestoFiltro = Testo;
-    Parole = Piano(Testo).simplified().split(u' ', Qt::SkipEmptyParts);
+    Parole = TestoPiano(Testo).simplified().split(u' ', Qt::SkipEmptyParts);
     Rimostra();
 }
 
@@ -177,12 +167,12 @@ std::optional<int> ElencoTrova::RigaDi(const QString& Percorso) const
 
 std::optional<int> ElencoTrova::CercaIniziali(const QString& Lettere, int Da) const
 {
-    const QString Cercate = Piano(Lettere);
+    const QString Cercate = TestoPiano(Lettere);
     for (int Passo = 0; Passo < Righe(); ++Passo) {
         const int Riga = (std::max(Da, 0) + Passo) % Righe();
         const VoceTrova& Una = Voce(Riga);
         const QStringView Nome = Una.Genere == GenereVoce::Cartella ? QStringView(Una.Nome).mid(1) : Una.Nome;
-        if (Una.Genere != GenereVoce::Torna && Piano(Nome.toString()).startsWith(Cercate))
+        if (Una.Genere != GenereVoce::Torna && TestoPiano(Nome.toString()).startsWith(Cercate))
             return Riga;
     }
     return std::nullopt;
