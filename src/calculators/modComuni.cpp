@@ -1,6 +1,7 @@
 #include "calculators/modComuni.h"
 
 #include "core/sessione.h"
+#include "platform/base/errore.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"

@@ -1,7 +1,6 @@
 // The municipalities, and the lookup that completes a name while it is typed.
 #pragma once
 
-#include "platform/base/errore.h"
 #include "platform/database/database.h"
 
 #include <QList>
@@ -9,6 +8,8 @@
 #include <QStringList>
 
 #include <optional>
+
+struct Errore;
 
 /// A row of Comuni.mdb.
 struct Comune

@@ -1,9 +1,9 @@
 // Files of sections and keys: kr5.ini, templates.ini, avvisokr5.ini.
 #pragma once
 
-#include "platform/base/errore.h"
-
 #include <QString>
+
+struct Errore;
 
 /// One file and a current section. Both names lose the blanks around them when they are set.
 class CIni

@@ -2,6 +2,7 @@
 
 #include "core/aperture.h"
 #include "core/sessione.h"
+#include "platform/base/errore.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/shell.h"
 
@@ -27,6 +28,11 @@ bool GestioneErrori(const Errore& Guasto, int Ignora)
     }
     Clessidra(false);
     return DaMostrare;
+}
+
+bool RiferisciCorrente(int Ignora)
+{
+    return GestioneErrori(ErroreCorrente(), Ignora);
 }
 
 void MsgErrore(const QString& Testo)

@@ -1,12 +1,11 @@
 // The uniform error report and the label around procedures.
 #pragma once
 
-#include "platform/base/errore.h"
-
 #include <QString>
 
-#include <exception>
 #include <utility>
+
+struct Errore;
 
 /// Reports a failure the one way: "Errore: " + description + " (" + number + ")", critical, title
 /// "Errore:"; the pointer goes back to normal in every case.
@@ -14,6 +13,8 @@
 /// @param Ignora the number that the caller means to ignore, 0 none
 /// @return true when a message was shown; number 0 and the ignored one show nothing
 bool GestioneErrori(const Errore& Guasto, int Ignora = 0);
+/// Inside a catch block: reports the exception in flight.
+bool RiferisciCorrente(int Ignora);
 
 /// Message box with a critical icon and the title "Errore:".
 void MsgErrore(const QString& Testo);
@@ -27,7 +28,7 @@ bool Protetta(F&& Procedura, int Ignora = 0)
         std::forward<F>(Procedura)();
         return true;
     } catch (...) {
-        GestioneErrori(ErroreCorrente(), Ignora);
+        RiferisciCorrente(Ignora);
         return false;
     }
 }

@@ -11,6 +11,7 @@
 #include "feenote/modTotali.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
+#include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/singola.h"

@@ -1,5 +1,6 @@
 #include "demo/mani.h"
 
+#include "platform/base/errore.h"
 #include "platform/grid/griglia.h"
 
 #include <QAbstractItemView>

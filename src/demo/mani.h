@@ -1,8 +1,6 @@
 // Hands that use real windows: clicks, keys, choices, cells. Whatever they do not find ends the script.
 #pragma once
 
-#include "platform/base/errore.h"
-
 #include <QPoint>
 #include <QString>
 #include <QWidget>

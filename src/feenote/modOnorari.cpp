@@ -3,6 +3,7 @@
 #include "core/modErrori.h"
 #include "core/modTesti.h"
 #include "core/sessione.h"
+#include "platform/base/errore.h"
 #include "platform/system/messaggi.h"
 #include "tariffs/modEvaluate.h"
 

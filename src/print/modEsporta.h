@@ -2,12 +2,13 @@
 #pragma once
 
 #include "feenote/parcella.h"
-#include "platform/base/errore.h"
 #include "platform/document/superficie.h"
 
 #include <QString>
 
 #include <optional>
+
+struct Errore;
 
 /// Chooses where a composition is exported to: the surface's ExportFile and ExportFormat.
 ///

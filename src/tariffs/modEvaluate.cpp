@@ -1,5 +1,6 @@
 #include "tariffs/modEvaluate.h"
 
+#include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/system/messaggi.h"
 

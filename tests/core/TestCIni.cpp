@@ -2,6 +2,7 @@
 #include "supporto/registratore.h"
 
 #include "core/CIni.h"
+#include "platform/base/errore.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"

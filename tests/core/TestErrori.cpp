@@ -4,6 +4,7 @@
 
 #include "core/modErrori.h"
 #include "core/sessione.h"
+#include "platform/base/errore.h"
 #include "platform/system/shell.h"
 
 #include <new>

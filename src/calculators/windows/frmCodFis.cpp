@@ -7,6 +7,7 @@
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 
+#include "platform/base/errore.h"
 #include "ui_frmCodFis.h"
 
 #include <QAbstractItemView>

@@ -12,6 +12,7 @@
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
+#include "platform/base/errore.h"
 #include "ui_frmContrib.h"
 
 #include <QKeyEvent>

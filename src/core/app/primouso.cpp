@@ -3,6 +3,7 @@
 #include "core/impostazioni.h"
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
+#include "platform/base/errore.h"
 #include "platform/database/database.h"
 #include "platform/database/recordset.h"
 #include "platform/system/file.h"

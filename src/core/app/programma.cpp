@@ -2,6 +2,7 @@
 
 #include "core/app/apritori.h"
 #include "core/modErrori.h"
+#include "platform/base/errore.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/servizi_qt.h"

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "feenote/modDatiStampa.h"
-#include "platform/base/errore.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -11,6 +10,8 @@
 #include <QString>
 
 #include <optional>
+
+struct Errore;
 
 /// An object of a description and the path that leads to it ("onorari[2]").
 ///

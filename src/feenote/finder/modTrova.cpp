@@ -4,6 +4,7 @@
 #include "feenote/file/colonne.h"
 #include "feenote/finder/memoriatrova.h"
 #include "feenote/finder/ordineitaliano.h"
+#include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/database/primariga.h"
 #include "platform/system/cartelle.h"

@@ -4,8 +4,6 @@
 // whoever takes the rows. Nothing on the disk changes by it, neither a file nor an attribute.
 #pragma once
 
-#include "platform/base/errore.h"
-
 #include <QList>
 #include <QString>
 

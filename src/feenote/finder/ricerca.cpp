@@ -1,6 +1,7 @@
 #include "feenote/finder/ricerca.h"
 
 #include "feenote/finder/memoriatrova.h"
+#include "platform/base/errore.h"
 
 #include <atomic>
 #include <chrono>

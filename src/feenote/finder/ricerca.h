@@ -3,6 +3,7 @@
 #pragma once
 
 #include "feenote/finder/modTrova.h"
+#include "platform/base/errore.h"
 
 #include <memory>
 #include <optional>

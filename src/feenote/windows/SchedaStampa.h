@@ -2,13 +2,13 @@
 #pragma once
 
 #include "feenote/parcella.h"
-#include "platform/base/errore.h"
 
 #include <QWidget>
 
 #include <memory>
 #include <optional>
 
+struct Errore;
 class CorniceNota;
 class QAction;
 class QButtonGroup;

@@ -12,6 +12,7 @@
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/guidacontestuale.h"
 #include "feenote/windows/mostra.h"
+#include "platform/base/errore.h"
 #include "platform/preview/barraanteprima.h"
 #include "platform/preview/stampante.h"
 #include "platform/preview/vistastampa.h"

@@ -1,10 +1,10 @@
 // The buttons of the print tab that lead to a word processor.
 #pragma once
 
-#include "platform/base/errore.h"
-
 #include <functional>
 #include <optional>
+
+struct Errore;
 
 /// The button "word", on FileDocumento: says that the file is in use, or recomposes, and opens it by
 /// "printword". A file that is missing then is reported, and so is one that could not be brought up to date:

@@ -12,6 +12,7 @@
 #include "feenote/windows/SchedaSpese.h"
 #include "feenote/windows/SchedaStampa.h"
 #include "feenote/windows/finestre.h"
+#include "platform/base/errore.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"

@@ -1,5 +1,7 @@
 #include "platform/kit/collega.h"
 
+#include "platform/base/errore.h"
+
 #include <QDebug>
 
 using namespace Qt::StringLiterals;

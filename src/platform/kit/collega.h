@@ -1,8 +1,6 @@
 // Connecting the signals of controls, with the error report around every event procedure.
 #pragma once
 
-#include "platform/base/errore.h"
-
 #include <QObject>
 
 #include <concepts>
@@ -10,6 +8,8 @@
 #include <tuple>
 #include <type_traits>
 #include <utility>
+
+struct Errore;
 
 /// Where an error ends that no procedure has caught; core's error report is installed here at the start.
 /// Returns the former one.

@@ -3,6 +3,7 @@
 #include "core/aperture.h"
 #include "core/desktop/iconastudio.h"
 #include "core/posti.h"
+#include "platform/base/errore.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/testobordo.h"
 #include "platform/system/file.h"

@@ -1,4 +1,5 @@
 #include "core/app/scena.h"
+#include "platform/base/errore.h"
 
 #include <QLineEdit>
 #include <QScreen>

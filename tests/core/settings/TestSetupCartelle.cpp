@@ -1,6 +1,7 @@
 #include "core/settings/tavolosetup.h"
 
 #include "core/settings/frmSfoglia.h"
+#include "platform/base/errore.h"
 
 #include <QCheckBox>
 #include <QTimer>

@@ -2,6 +2,7 @@
 
 #include "core/desktop/iconastudio.h"
 #include "core/settings/frmIcons.h"
+#include "platform/base/errore.h"
 #include "platform/grid/griglia.h"
 
 #include <QTimer>

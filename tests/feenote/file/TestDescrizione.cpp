@@ -6,6 +6,7 @@
 #include "feenote/file/modLettura.h"
 #include "feenote/file/modPosaFile.h"
 #include "feenote/modVariazione.h"
+#include "platform/base/errore.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

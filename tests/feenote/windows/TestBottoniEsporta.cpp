@@ -1,5 +1,6 @@
 // The buttons "word" and "wp".
 #include "feenote/windows/bottoniesporta.h"
+#include "platform/base/errore.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"

@@ -6,6 +6,7 @@
 #include "core/posti.h"
 #include "feenote/companion/modPV2.h"
 #include "feenote/modNumeraFattura.h"
+#include "platform/base/errore.h"
 #include "platform/kit/collega.h"
 #include "platform/preview/vistastampa.h"
 #include "platform/system/file.h"

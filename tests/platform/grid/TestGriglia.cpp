@@ -1,4 +1,5 @@
 // The rows of a grid and their cells, by keyboard and mouse on the real widget.
+#include "platform/base/errore.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/collega.h"
 #include "supporto/finestre.h"

@@ -1,4 +1,5 @@
 // Leaving boxes, refusing to be left, keys let in, on real widgets with the focus.
+#include "platform/base/errore.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "supporto/finestre.h"

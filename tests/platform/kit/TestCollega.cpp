@@ -1,4 +1,5 @@
 // Signals to procedures, and the report of what they throw.
+#include "platform/base/errore.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/servizi_qt.h"
 #include "supporto/prova.h"

@@ -5,6 +5,7 @@
 #include "core/CIni.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
+#include "platform/base/errore.h"
 #include "platform/kit/collega.h"
 #include "platform/system/file.h"
 #include "platform/system/impostazioni.h"

@@ -8,6 +8,7 @@
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 
+#include "platform/base/errore.h"
 #include "ui_frmTrovaParcella.h"
 
 #include <QAccessible>
