@@ -5,3 +5,8 @@ QString VersioneProgramma()
 {
     return QStringLiteral(VERSIONE_PROGRAMMA);
 }
+
+QString ServerCostruito()
+{
+    return QStringLiteral(SERVER_AGGIORNAMENTI);
+}
