@@ -14,7 +14,8 @@ struct RichiestaRubrica
     bool Selezione = false;  ///< a row can be chosen and comes back to the note
     QString Parent;          ///< comes back with the choice
     QString MenuStart;       ///< command to run at once; empty none
-    QString KeyStart;        ///< criterion of the row to begin on; empty none
+    QString KeyStart;        ///< criterion of the row on which MenuStart runs; empty none
+    int ID = 0;              ///< key of the row to begin on, the one that the note is linked to; 0 none
 
     friend bool operator==(const RichiestaRubrica&, const RichiestaRubrica&) = default;
 };

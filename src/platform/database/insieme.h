@@ -36,7 +36,7 @@ private:
 /// A set of keys and the cursor over it.
 struct Insieme
 {
-    enum class Lavoro { Nessuno, Nuovo, Modifica };
+    enum class Lavoro { Nessuno = 0, Modifica = 1, Nuovo = 2 };  // as EditMode says
 
     Sorgente Da;
     QList<qint64> Chiavi;

@@ -100,6 +100,11 @@ void Recordset::Edit()
     Stato->Aperto = Dati::Lavoro::Modifica;
 }
 
+int Recordset::EditMode() const
+{
+    return Stato ? int(Stato->Aperto) : 0;
+}
+
 void Recordset::CancelUpdate()
 {
     if (!Stato)

@@ -85,6 +85,8 @@ public:
     // or a fixed copy, 3022 duplicate key, 3167 the row is gone, 3026 disk full, 3260 locked
     void AddNew();
     void Edit();
+    /// 0 nothing is being written, 1 the current row is edited, 2 a new row.
+    [[nodiscard]] int EditMode() const;
     void Update();
     void CancelUpdate();
     void Delete();

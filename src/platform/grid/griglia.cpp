@@ -96,6 +96,11 @@ void Griglia::ImpostaColonne(const QList<ColonnaGriglia>& Colonne)
     Rilega();
 }
 
+const QList<ColonnaGriglia>& Griglia::Colonne() const
+{
+    return Pezzi->Vista->Modello()->Colonne();
+}
+
 void Griglia::Lega(TabellaRighe* Tabella)
 {
     Pezzi->Vista->Cella()->Annulla();
@@ -293,6 +298,14 @@ void Griglia::ApriMenu(int Riga, const QPoint& Punto)
     ApriMenuRighe(this, Pezzi->Vista, Riga, Punto,
                   {Pezzi->Vista->ConComandi, Pezzi->Vista->Modello()->ConRigaNuova(),
                    isSignalConnected(QMetaMethod::fromSignal(&Griglia::Cancella))});
+}
+
+void Griglia::AnnunciaInvio(int Riga)
+{
+    if (isSignalConnected(QMetaMethod::fromSignal(&Griglia::Invio)))
+        Q_EMIT Invio(Riga);
+    else
+        Q_EMIT DoppioClic(Riga);
 }
 
 QTableView* Griglia::Vista() const

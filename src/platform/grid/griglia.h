@@ -32,6 +32,7 @@ struct ColonnaGriglia
     int Campo = 0;                          ///< column of the table
     QString NomeCampo;                      ///< column of the recordset
     int Caratteri = 10;                     ///< width in average characters
+    int Larghezza = 0;                      ///< width in pixels, in their place; 0: the characters count
     Qt::Alignment Allinea = Qt::AlignLeft;  ///< of the cells, their title and the footer
     bool Visibile = true;
     bool Modificabile = false;
@@ -70,6 +71,8 @@ public:
 
     // ---- source
     void ImpostaColonne(const QList<ColonnaGriglia>& Colonne);
+    /// As they were set, whatever the user has dragged.
+    [[nodiscard]] const QList<ColonnaGriglia>& Colonne() const;
     /// Shows a table, which must live as long as it is shown.
     void Lega(TabellaRighe* Tabella);
     /// Shows the rows of a recordset, read-only, fetched as they are painted.
@@ -127,6 +130,8 @@ public:
     [[nodiscard]] QTableView* Vista() const;
     /// Opens the menu of a row, -1 none, at a point of the screen.
     void ApriMenu(int Riga, const QPoint& Punto);
+    /// Tells of Enter on a row: by its own signal where somebody listens to it, else as a double click.
+    void AnnunciaInvio(int Riga);
 
     // ---- rules, set by the form
     // In a row that is not made yet, `Riga` is the row count. An error inside them goes to the report
@@ -156,7 +161,8 @@ public:
 Q_SIGNALS:
     void RigaCambiata(int Riga);  ///< another row is current, by the user or by code; -1 none
     void CellaScritta(int Riga, int Colonna);
-    void DoppioClic(int Riga);  ///< Enter on a grid without editing counts as one
+    void DoppioClic(int Riga);  ///< Enter on a grid without editing counts as one, unless Invio is connected
+    void Invio(int Riga);       ///< Enter on a row of a grid without editing
     void ClicCella(int Riga,
                    int Colonna);  ///< never for the empty row; a double click on a cell that opens is two
     void ClicTitolo(int Colonna);

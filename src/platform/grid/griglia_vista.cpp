@@ -420,7 +420,7 @@ void VistaGriglia::Invio()
     if (Righe->HaModificabili())
         (void)ProssimaCella(true);
     else if (const auto Riga = RigaVera())
-        Q_EMIT Padrona->DoppioClic(*Riga);
+        Padrona->AnnunciaInvio(*Riga);
 }
 
 void VistaGriglia::inputMethodEvent(QInputMethodEvent* Evento)

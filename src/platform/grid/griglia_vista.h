@@ -79,6 +79,8 @@ protected:
     void scrollContentsBy(int X, int Y) override;
 
 private:
+    /// Width that the description of a column asks for.
+    [[nodiscard]] int LarghezzaChiesta(int Colonna) const;
     [[nodiscard]] bool PuoAndare(const QModelIndex& Verso);
     [[nodiscard]] bool LasciaRiga(int Riga);
     [[nodiscard]] QList<int> ColonneScrivibili() const;

@@ -7,14 +7,26 @@
 
 #include <algorithm>
 
+namespace {
+
+constexpr int Margini = 14;
+
+}  // namespace
+
+int VistaGriglia::LarghezzaChiesta(int Colonna) const
+{
+    const ColonnaGriglia& Descritta = Righe->Colonne()[Colonna];
+    return Descritta.Larghezza > 0 ? Descritta.Larghezza
+                                   : Descritta.Caratteri * fontMetrics().horizontalAdvance(u'0') + Margini;
+}
+
 void VistaGriglia::LarghezzeIniziali()
 {
-    constexpr int Margini = 14;
-    const int Cifra = fontMetrics().horizontalAdvance(u'0');
     for (int i = 0; i < Righe->columnCount(); ++i) {
         const ColonnaGriglia& Colonna = Righe->Colonne()[i];
         const int Titolo = horizontalHeader()->fontMetrics().horizontalAdvance(Colonna.Titolo);
-        setColumnWidth(i, std::max(Colonna.Caratteri * Cifra, Titolo) + Margini);
+        // Whatever width is asked for, a title is read whole.
+        setColumnWidth(i, std::max(LarghezzaChiesta(i), Titolo + Margini));
         setColumnHidden(i, !Colonna.Visibile);
         // An edge that gives way by itself is nothing to be dragged.
         horizontalHeader()->setSectionResizeMode(i, Colonna.Stira ? QHeaderView::Fixed
@@ -82,9 +94,7 @@ int VistaGriglia::LarghezzaPiena(int Colonna) const
 {
     if (!isColumnHidden(Colonna))
         return columnWidth(Colonna);
-    constexpr int Margini = 14;
-    return LarghezzeNascoste.value(
-        Colonna, Righe->Colonne()[Colonna].Caratteri * fontMetrics().horizontalAdvance(u'0') + Margini);
+    return LarghezzeNascoste.value(Colonna, LarghezzaChiesta(Colonna));
 }
 
 void VistaGriglia::Stira()
