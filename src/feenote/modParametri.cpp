@@ -2,6 +2,7 @@
 
 #include "core/modErrori.h"
 #include "feenote/modVariazione.h"
+#include "platform/base/errore.h"
 #include "platform/system/messaggi.h"
 
 using namespace Qt::StringLiterals;

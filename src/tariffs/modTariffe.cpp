@@ -48,7 +48,7 @@ Letti<Riga> LeggiElenco(const QString& Query, const QString& Valore, Riga (*Legg
         for (; !Righe.Eof(); Righe.MoveNext())
             Elenco.Voci.append(Leggi(Righe));
     } catch (const Errore& Guasto) {
-        Elenco.Guasto = Guasto;
+        Elenco.Guasto = std::make_shared<const Errore>(Guasto);
     }
     return Elenco;
 }
@@ -139,7 +139,7 @@ Letti<ScaglioneValore> LeggiScaglioni(const QString& Categ)
         u"SELECT * FROM Scaglioni WHERE Materia=? COLLATE SenzaMaiuscole"_s, Materia(Categ), RigaScaglione);
     if (Elenco.Voci.size() > MassimoScaglioni) {
         Elenco.Voci.resize(MassimoScaglioni);
-        Elenco.Guasto = Errore(errori::Indice);
+        Elenco.Guasto = std::make_shared<const Errore>(errori::Indice);
     }
     return Elenco;
 }

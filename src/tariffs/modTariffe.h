@@ -1,7 +1,6 @@
 // The reference database parcelle.mdb: authorities, brackets, catalogues (D.m. 20 luglio 2012, n. 140).
 #pragma once
 
-#include "platform/base/errore.h"
 #include "platform/database/database.h"
 
 #include <QHash>
@@ -9,7 +8,10 @@
 #include <QString>
 #include <QVariant>
 
+#include <memory>
 #include <optional>
+
+struct Errore;
 
 // Category codes; they are also the values of TipoAut.
 inline constexpr QStringView Civile = u"CIV";
@@ -58,7 +60,7 @@ template <class Riga>
 struct Letti
 {
     QList<Riga> Voci;
-    std::optional<Errore> Guasto;
+    std::shared_ptr<const Errore> Guasto;  ///< null: all were read
 };
 
 /// Authorities of a category in display order.
