@@ -14,3 +14,17 @@ QString TestoPiano(const QString& Testo)
     Scomposto.replace(u'\u2018', u'\'');
     return Scomposto;
 }
+
+void AccodaPiano(QByteArray& A, QByteArrayView Utf8)
+{
+    const auto Semplice = [](char C) { return static_cast<unsigned char>(C) < 0x80; };
+    if (!std::ranges::all_of(Utf8, Semplice)) {
+        A += TestoPiano(QString::fromUtf8(Utf8)).toUtf8();
+        return;
+    }
+    const qsizetype Da = A.size();
+    A.append(Utf8);
+    for (char* C = A.data() + Da; C != A.data() + A.size(); ++C)
+        if (*C >= 'A' && *C <= 'Z')
+            *C = char(*C - 'A' + 'a');
+}

@@ -331,8 +331,32 @@ qint64 Istruzione::Intero(int Colonna) const
 
 QString Istruzione::Testo(int Colonna) const
 {
+    return QString::fromUtf8(Utf8(Colonna));
+}
+
+bool Istruzione::ENullo(int Colonna) const
+{
+    return sqlite3_column_type(Istr.get(), Colonna) == SQLITE_NULL;
+}
+
+QByteArrayView Istruzione::Utf8(int Colonna) const
+{
     const auto* Inizio = reinterpret_cast<const char*>(sqlite3_column_text(Istr.get(), Colonna));
-    return QString::fromUtf8(Inizio, sqlite3_column_bytes(Istr.get(), Colonna));
+    return Inizio ? QByteArrayView(Inizio, sqlite3_column_bytes(Istr.get(), Colonna)) : QByteArrayView();
+}
+
+QVariant Istruzione::Grezzo(int Colonna) const
+{
+    switch (sqlite3_column_type(Istr.get(), Colonna)) {
+    case SQLITE_NULL:
+        return {};
+    case SQLITE_INTEGER:
+        return Intero(Colonna);
+    case SQLITE_FLOAT:
+        return sqlite3_column_double(Istr.get(), Colonna);
+    default:
+        return Testo(Colonna);
+    }
 }
 
 std::optional<TipoCampo> Istruzione::TipoSpontaneo(int Colonna) const

@@ -97,6 +97,11 @@ public:
     // The cells of the current row.
     [[nodiscard]] qint64 Intero(int Colonna) const;
     [[nodiscard]] QString Testo(int Colonna) const;
+    [[nodiscard]] bool ENullo(int Colonna) const;
+    /// The text in UTF-8; the view is good until the next row.
+    [[nodiscard]] QByteArrayView Utf8(int Colonna) const;
+    /// The cell as it is stored, whatever its column is declared as.
+    [[nodiscard]] QVariant Grezzo(int Colonna) const;
     /// The cell as a column of this type gives it (the rules stand at Recordset::Value).
     [[nodiscard]] QVariant Valore(int Colonna, TipoCampo Tipo) const;
     /// The type that suits the stored value; none for Null.
@@ -146,7 +151,10 @@ private:
 /// The collation of find criteria and of Seek: case plays no part, accents do.
 inline constexpr auto Collazione = "SenzaMaiuscole";
 
-/// Registers the collation and the functions of the program's queries on a connection:
+/// The collation of lists that people read: neither case nor accents play a part.
+inline constexpr auto CollazionePiana = "SenzaAccenti";
+
+/// Registers the collations and the functions of the program's queries on a connection:
 /// `corrisponde(pattern, value)` is Like, `datevalue(text)` reads a day/month/year.
 void RegistraFunzioni(const Connessione& Conn);
 

@@ -1,5 +1,6 @@
 // What the program adds to the engine's SQL: a collation and two functions, for its own queries only.
 #include "platform/base/regionale.h"
+#include "platform/base/testopiano.h"
 #include "platform/database/connessione.h"
 #include "platform/database/somiglianza.h"
 #include "platform/database/valori.h"
@@ -14,6 +15,20 @@ int Confronta(void*, int LungoA, const void* A, int LungoB, const void* B)
 {
     return ConfrontaSenzaMaiuscole({static_cast<const char*>(A), LungoA},
                                    {static_cast<const char*>(B), LungoB});
+}
+
+int ConfrontaPiani(void*, int LungoA, const void* A, int LungoB, const void* B)
+{
+    const auto Piano = [](const void* Byte, int Lungo) {
+        QByteArray Testo;
+        AccodaPiano(Testo, {static_cast<const char*>(Byte), Lungo});
+        return Testo;
+    };
+    try {
+        return Piano(A, LungoA).compare(Piano(B, LungoB));
+    } catch (...) {
+        return 0;  // the engine calls from C, and an order is no place for an error
+    }
 }
 
 QByteArrayView TestoDi(sqlite3_value* Valore)
@@ -71,6 +86,8 @@ void RegistraFunzioni(const Connessione& Conn)
 {
     sqlite3* const Db = Conn.Motore();
     Conn.Verifica(sqlite3_create_collation_v2(Db, Collazione, SQLITE_UTF8, nullptr, Confronta, nullptr));
+    Conn.Verifica(
+        sqlite3_create_collation_v2(Db, CollazionePiana, SQLITE_UTF8, nullptr, ConfrontaPiani, nullptr));
     Conn.Verifica(sqlite3_create_function_v2(Db, "corrisponde", 2, Bandiere, nullptr, Corrisponde, nullptr,
                                              nullptr, nullptr));
     Conn.Verifica(sqlite3_create_function_v2(Db, "datevalue", 1, Bandiere, nullptr, ValoreData, nullptr,

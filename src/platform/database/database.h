@@ -55,6 +55,10 @@ public:
     [[nodiscard]] QString Percorso() const;
     [[nodiscard]] bool DiSolaLettura() const { return Lettura; }
 
+    /// Another number once anybody, this program or another one, has written to the file.
+    /// @throws Errore as Execute
+    [[nodiscard]] quint64 Versione() const;
+
     /// Runs one statement of SQLite's SQL, values bound in order to its "?".
     /// Null is an invalid QVariant, dates are bound as ISO text, truth values as -1 or 0.
     /// @throws Errore 3027 on a read-only handle or file, 3026 disk full, 3144 syntax, 3078 no such table,
@@ -67,8 +71,9 @@ public:
     /// A table, or a SELECT from one table without grouping or DISTINCT, gives an updatable set of keys
     /// that fetches each row when it is shown; any other SELECT gives a fixed copy of its rows.
     /// Table and column names may carry accents; the queries of the program run as they stand.
-    /// A query may say "COLLATE SenzaMaiuscole" (case plays no part) and datevalue('gg/mm/aaaa'). Rows that
-    /// their ORDER BY leaves level, or without one, come in the order in which they were added.
+    /// A query may say "COLLATE SenzaMaiuscole" (case plays no part), "COLLATE SenzaAccenti" (nor do accents;
+    /// a table ordered so by one column alone is sorted in memory, and fast) and datevalue('gg/mm/aaaa').
+    /// Rows that their ORDER BY leaves level, or without one, come in the order in which they were added.
     /// @throws Errore as Execute
     [[nodiscard]] Recordset OpenRecordset(const QString& Origine, const QVariantList& Valori = {}) const;
 

@@ -101,7 +101,11 @@ Recordset Database::OpenRecordset(const QString& Origine, const QVariantList& Va
         Nuovo->Da.Intera = !Query;
         // Rows without an order of their own come as they were added, whatever index the engine walks.
         const QString Ordine = (Semplice->Ordinata ? u", "_s : u" ORDER BY "_s) + Da->Chiave;
-        Nuovo->LeggiChiavi(Semplice->Resto + Ordine, Valori);
+        const auto Piano = Semplice->Ordinata ? LeggiOrdinePiano(Semplice->Resto) : std::nullopt;
+        if (const QString Colonna = Piano ? Da->Identifica(Piano->Colonna) : QString(); !Colonna.isEmpty())
+            Nuovo->LeggiChiaviOrdinate(Colonna, Piano->Discendente);
+        else
+            Nuovo->LeggiChiavi(Semplice->Resto + Ordine, Valori);
     } else {
         const QString Sql = Query ? Origine : u"SELECT * FROM "_s + Identificatore(NomeVero(*Conn, Origine));
         Nuovo->Da = CopiaFissa(*Conn, Sql, Valori);

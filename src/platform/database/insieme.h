@@ -66,6 +66,10 @@ struct Insieme
     void EsigiScrivibile() const;
     /// Reads the keys to the end; `Resto` is what stands behind the table in their SELECT.
     void LeggiChiavi(const QString& Resto, const QVariantList& Valori = {});
+    /// The same in the order of a text column, without regard to case and accents: Null before all texts,
+    /// ties by their keys. The texts are held in memory while it sorts; of each the first 255 characters
+    /// count.
+    void LeggiChiaviOrdinate(const QString& Colonna, bool Discendente);
     // The changes of one row; each writes at once. @throws Errore as Recordset::Update
     void Inserisci();
     void Aggiorna();

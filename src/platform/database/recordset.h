@@ -4,10 +4,32 @@
 #include <QString>
 #include <QVariant>
 
+#include <functional>
 #include <memory>
+#include <optional>
+#include <vector>
 
 struct Campo;
 class Connessione;
+class Istruzione;
+
+/// The row that Recordset::Scorri is at; good while its function runs. Columns count from 0, as they were
+/// asked for.
+class RigaScorsa
+{
+public:
+    [[nodiscard]] qint64 Chiave() const;
+    /// The text as it is stored, in UTF-8; empty for Null.
+    [[nodiscard]] QByteArrayView Utf8(int Colonna) const;
+    [[nodiscard]] QVariant Valore(int Colonna) const;
+
+private:
+    friend class Recordset;
+    RigaScorsa(const Istruzione& DiRighe, const QList<Campo>& Chieste) : Righe(DiRighe), Colonne(Chieste) {}
+
+    const Istruzione& Righe;
+    const QList<Campo>& Colonne;
+};
 
 /// Rows with one current row. The keys are read when it is opened, the rows one by one as they are
 /// shown; no lock is held between calls. Copies share the cursor; Clone gives an own cursor over the
@@ -78,6 +100,24 @@ public:
     /// @throws Errore 3021 outside the rows
     void ImpostaAbsolutePosition(int Posto);
     [[nodiscard]] Recordset Clone() const;  ///< an own cursor, on the first row and without an index
+
+    /// Reads columns of the table's rows from the file in one go, in the order of their keys (which are the
+    /// bookmarks), and not those of this set alone. The cursor stays.
+    /// @param Dopo the key behind which to begin, none at the first row
+    /// @param Massimo rows at most, so that nobody waits for the lock of a long reading
+    /// @return the last key read, none at the end of the table
+    /// @throws Errore 3265 no such column
+    std::optional<qint64> Scorri(const QStringList& Colonne, std::optional<qint64> Dopo, int Massimo,
+                                 const std::function<void(const RigaScorsa& Riga)>& Prendi) const;
+    /// An own cursor over those rows of this set that have one of the keys, in this set's order.
+    /// @param Chiavi ascending
+    [[nodiscard]] Recordset Ristretto(const std::vector<qint64>& Chiavi) const;
+
+    /// The cells of the current row as the file holds them, for Rimetti. @throws Errore 3021, 3167
+    [[nodiscard]] QVariantList Grezza() const;
+    /// Puts a row back that Grezza has given, with its key where the key is a counter; it becomes the current
+    /// and last one of the set. @throws Errore as Update
+    void Rimetti(const QVariantList& Celle);
 
     // Changes of one row. Update writes at once; a new row becomes the current and last one of the set. A
     // move drops what was being added or edited. After Delete there is no current row (3167) until a move:

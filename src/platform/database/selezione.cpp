@@ -147,6 +147,21 @@ std::optional<SelezioneSemplice> LeggiSelezione(const QString& Sql)
     return Letta;
 }
 
+std::optional<OrdinePiano> LeggiOrdinePiano(const QString& Resto)
+{
+    Lettore Da(Resto);
+    if (!Da.Prossimo().Parola(u"ORDER") || !Da.Prossimo().Parola(u"BY"))
+        return std::nullopt;
+    const Pezzo Colonna = Da.Prossimo();
+    if (!Colonna.ENome() || !Da.Prossimo().Parola(u"COLLATE") || !Da.Prossimo().Parola(u"SenzaAccenti"))
+        return std::nullopt;
+    Pezzo Verso = Da.Prossimo();
+    const bool Discendente = Verso.Parola(u"DESC");
+    if (Discendente || Verso.Parola(u"ASC"))
+        Verso = Da.Prossimo();
+    return Verso.Che == Tipo::Fine ? std::optional(OrdinePiano{Colonna.Testo, Discendente}) : std::nullopt;
+}
+
 bool ESelezione(const QString& Sql)
 {
     Lettore Da(Sql);

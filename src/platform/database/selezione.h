@@ -19,5 +19,13 @@ struct SelezioneSemplice
 /// statements) and for what cannot be read: such a text goes to the engine as it is.
 [[nodiscard]] std::optional<SelezioneSemplice> LeggiSelezione(const QString& Sql);
 
+/// "ORDER BY <column> COLLATE SenzaAccenti [ASC|DESC]", and nothing else behind a table.
+struct OrdinePiano
+{
+    QString Colonna;  ///< quotes taken off
+    bool Discendente = false;
+};
+[[nodiscard]] std::optional<OrdinePiano> LeggiOrdinePiano(const QString& Resto);
+
 /// True when the text begins as a query and not as a table's name.
 [[nodiscard]] bool ESelezione(const QString& Sql);
