@@ -41,13 +41,18 @@ qsizetype Insieme::Trova(qint64 Chiave) const
     return Trovata != Chiavi.end() && *Trovata == Chiave ? Trovata - Chiavi.begin() : -1;
 }
 
-qint64 Insieme::ChiaveCorrente() const
+qsizetype Insieme::PostoCorrente() const
 {
     if (Buco)
         throw Errore(errori::RecordEliminato);
     if (Posto < 0 || Posto >= Chiavi.size())
         throw Errore(errori::NessunRecord);
-    return Chiavi[Posto];
+    return Posto;
+}
+
+qint64 Insieme::ChiaveCorrente() const
+{
+    return Chiavi[PostoCorrente()];
 }
 
 const QVariantList& Insieme::Riga()

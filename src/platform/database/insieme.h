@@ -49,6 +49,7 @@ struct Insieme
 
     Lavoro Aperto = Lavoro::Nessuno;
     QMap<int, QVariant> Cambiati;
+    QVariantList Originale;  ///< the row as Edit found it
 
     QStringList ColonneIndice;  ///< of the index chosen for Seek
     QList<int> PostiIndice;
@@ -58,6 +59,8 @@ struct Insieme
     [[nodiscard]] qsizetype Trova(qint64 Chiave) const;
     /// @throws Errore 3021 no row, 3167 deleted
     [[nodiscard]] qint64 ChiaveCorrente() const;
+    /// Place of the current row. @throws Errore 3021 no row, 3167 deleted
+    [[nodiscard]] qsizetype PostoCorrente() const;
     /// The current row. @throws Errore 3021, 3167
     [[nodiscard]] const QVariantList& Riga();
     /// Moves and drops what was being added or edited.

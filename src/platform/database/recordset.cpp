@@ -94,15 +94,31 @@ void Recordset::AddNew()
 void Recordset::Edit()
 {
     Corrente().EsigiScrivibile();
-    Stato->Cambiati.clear();
-    Stato->Aperto = Dati::Lavoro::Nessuno;
-    (void)Stato->Riga();
+    // The row is read anew: it may have been current for long, and others have written meanwhile.
+    Stato->Vai(Stato->PostoCorrente());
+    Stato->Originale = Stato->Riga();
     Stato->Aperto = Dati::Lavoro::Modifica;
 }
 
 int Recordset::EditMode() const
 {
     return Stato ? int(Stato->Aperto) : 0;
+}
+
+bool Recordset::Toccato() const
+{
+    return EditMode() != 0 && !Stato->Cambiati.isEmpty();
+}
+
+bool Recordset::CambiatoDaAltri() const
+{
+    if (EditMode() == 0)
+        throw Errore(errori::NonInModifica);
+    if (Stato->Aperto == Dati::Lavoro::Nuovo)
+        return false;
+    const Recordset Altro = Clone();
+    Altro.Stato->Vai(Stato->Posto);
+    return Altro.Stato->Riga() != Stato->Originale;
 }
 
 void Recordset::CancelUpdate()

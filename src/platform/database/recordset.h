@@ -127,6 +127,11 @@ public:
     void Edit();
     /// 0 nothing is being written, 1 the current row is edited, 2 a new row.
     [[nodiscard]] int EditMode() const;
+    /// True when a column of the row being added or edited has been set.
+    [[nodiscard]] bool Toccato() const;
+    /// True when somebody has written to the row since Edit, which read it. A new row is nobody else's.
+    /// @throws Errore 3020 nothing is being written, 3167 the row is gone
+    [[nodiscard]] bool CambiatoDaAltri() const;
     void Update();
     void CancelUpdate();
     void Delete();
