@@ -81,6 +81,8 @@ protected:
 private:
     /// Width that the description of a column asks for.
     [[nodiscard]] int LarghezzaChiesta(int Colonna) const;
+    /// Width at which the title of a column is not cut.
+    [[nodiscard]] int LarghezzaTitolo(int Colonna) const;
     [[nodiscard]] bool PuoAndare(const QModelIndex& Verso);
     [[nodiscard]] bool LasciaRiga(int Riga);
     [[nodiscard]] QList<int> ColonneScrivibili() const;

@@ -20,13 +20,17 @@ int VistaGriglia::LarghezzaChiesta(int Colonna) const
                                    : Descritta.Caratteri * fontMetrics().horizontalAdvance(u'0') + Margini;
 }
 
+int VistaGriglia::LarghezzaTitolo(int Colonna) const
+{
+    return horizontalHeader()->fontMetrics().horizontalAdvance(Righe->Colonne()[Colonna].Titolo) + Margini;
+}
+
 void VistaGriglia::LarghezzeIniziali()
 {
     for (int i = 0; i < Righe->columnCount(); ++i) {
         const ColonnaGriglia& Colonna = Righe->Colonne()[i];
-        const int Titolo = horizontalHeader()->fontMetrics().horizontalAdvance(Colonna.Titolo);
         // Whatever width is asked for, a title is read whole.
-        setColumnWidth(i, std::max(LarghezzaChiesta(i), Titolo + Margini));
+        setColumnWidth(i, std::max(LarghezzaChiesta(i), LarghezzaTitolo(i)));
         setColumnHidden(i, !Colonna.Visibile);
         // An edge that gives way by itself is nothing to be dragged.
         horizontalHeader()->setSectionResizeMode(i, Colonna.Stira ? QHeaderView::Fixed
@@ -102,7 +106,6 @@ void VistaGriglia::Stira()
     if (Stirando)
         return;
     const QScopedValueRollback Guardia(Stirando, true);
-    const int Cifra = fontMetrics().horizontalAdvance(u'0');
     int Resto = viewport()->width();
     QList<int> DaStirare;
     for (int i = 0; i < Righe->columnCount(); ++i) {
@@ -116,6 +119,8 @@ void VistaGriglia::Stira()
     for (qsizetype i = 0; i < DaStirare.size(); ++i) {
         const int Parte = Resto / int(DaStirare.size() - i);
         Resto -= Parte;
-        setColumnWidth(DaStirare[i], std::max(Parte, Righe->Colonne()[DaStirare[i]].Caratteri * Cifra));
+        const int Colonna = DaStirare[i];
+        setColumnWidth(Colonna,
+                       std::max({Parte, LarghezzaChiesta(Colonna) - Margini, LarghezzaTitolo(Colonna)}));
     }
 }

@@ -111,6 +111,7 @@ private Q_SLOTS:
     void piePerColonna();
     void ilPieSegueLeColonne();
     void laColonnaCheStira();
+    void chiSiStiraTieneIlTitolo();
     void larghezzeAndataERitorno();
     void legareTieneLeColonne();
     void larghezzeDiAltreColonne_data();
@@ -555,6 +556,19 @@ void TestGrigliaRighe::laColonnaCheStira()
     F.resize(120, 320);
     QVERIFY2(F.Vista()->columnWidth(1) >= 20 * F.fontMetrics().horizontalAdvance(u'0'),
              "mai sotto la propria larghezza");
+}
+
+void TestGrigliaRighe::chiSiStiraTieneIlTitolo()
+{
+    Finestra F;
+    QList<ColonnaGriglia> Colonne = TreColonne();
+    Colonne[1].Titolo = u"Descrizione della prestazione"_s;
+    Colonne[1].Caratteri = 4;
+    F.Griglia_->ImpostaColonne(Colonne);
+    QVERIFY(MostraAttiva(F));
+    F.resize(120, 320);
+    const QHeaderView* Testata = F.Vista()->horizontalHeader();
+    QVERIFY(F.Vista()->columnWidth(1) > Testata->fontMetrics().horizontalAdvance(Colonne[1].Titolo));
 }
 
 void TestGrigliaRighe::larghezzeAndataERitorno()
