@@ -33,6 +33,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <limits>
 #include <utility>
 
@@ -164,6 +165,8 @@ frmStudio::frmStudio() : ui(std::make_unique<Ui::frmStudio>())
     Collega<QAbstractButton>(ui->imgClose, Premuto, this, [this] { close(); });
     Collega<QAbstractButton>(ui->imgMarvenna, Premuto, this, [] { ApriUrl(indirizzi::Editore.toString()); });
     Collega<QAbstractButton>(ui->imgQB, Premuto, this, [] { ApriUrl(indirizzi::Sviluppatore.toString()); });
+    SfondoDaStendere.setSingleShot(true);
+    Collega(&SfondoDaStendere, &QTimer::timeout, this, [this] { StendiSfondo(); });
     aspetto::AssegnaNomiAccessibili(this);
     aspetto::RicordaPostoDi(this, objectName());
     Aperture.MostraTraccia = [Scrivania = QPointer(this)](const QString& Testo) {
@@ -348,6 +351,8 @@ void frmStudio::LoadGraph()
     if (sessione::SfondoDesktop.isEmpty() || !EsisteFile(FileSfondo))
         FileSfondo.clear();
     SfondoSteso = QPixmap();
+    if (Dipinta)
+        StendiSfondo();  // what is on view changes in one step, without the colour in between
     if (const auto& Cornice = SeCaricato<frmMain>; Cornice && Cornice->isVisible())
         Cornice->BackImage(FileSfondo.isEmpty() ? QPixmap() : QPixmap(FileSfondo));
 
@@ -376,9 +381,15 @@ void frmStudio::AdattaQuadro()
     ui->quadro->setMinimumSize(Tutte.right() + aspetto::Bordo, Tutte.bottom() + aspetto::Bordo);
 }
 
+QSize frmStudio::MisuraSfondo() const
+{
+    return (QSizeF(size()) * devicePixelRatioF()).toSize();
+}
+
 void frmStudio::StendiSfondo()
 {
-    const QSize Misura = (QSizeF(size()) * devicePixelRatioF()).toSize();
+    SfondoDaStendere.stop();
+    const QSize Misura = MisuraSfondo();
     if (FileSfondo.isEmpty() || SfondoSteso.size() == Misura)
         return;
     // Decoded at the size that is needed: a whole picture would take longer than the rest of the window.
@@ -387,16 +398,27 @@ void frmStudio::StendiSfondo()
     SfondoSteso = QPixmap::fromImageReader(&Lettore);
     if (SfondoSteso.isNull())
         FileSfondo.clear();  // no picture: the plain colour
+    update();
 }
 
-void frmStudio::paintEvent(QPaintEvent*)
+void frmStudio::DipingiSfondo()
 {
     QPainter Pennello(this);
-    StendiSfondo();
     if (SfondoSteso.isNull())
         Pennello.fillRect(rect(), aspetto::DaBgr(sessione::ColoreSfondoDesktop));
     else
         Pennello.drawPixmap(rect(), SfondoSteso);
+    if (FileSfondo.isEmpty() || SfondoSteso.size() == MisuraSfondo() || SfondoDaStendere.isActive())
+        return;
+    // The window is there before its picture is read. While it is being dragged larger it stretches what it
+    // has, and reads the picture now and then.
+    constexpr std::chrono::milliseconds Pausa(100);
+    SfondoDaStendere.start(SfondoSteso.isNull() ? std::chrono::milliseconds::zero() : Pausa);
+}
+
+void frmStudio::paintEvent(QPaintEvent*)
+{
+    DipingiSfondo();
     // The first activation comes behind the first picture: a message of the start lies over a desktop. Where
     // the system activates the window only after that, its event is the same activation.
     if (!Dipinta) {

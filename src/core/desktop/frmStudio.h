@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QPixmap>
+#include <QTimer>
 #include <QWidget>
 
 #include <memory>
@@ -68,7 +69,9 @@ private:
     void imgMenu_Click(const QString& Tag);
     void Sposta(int Da, int Tasto);
     void AdattaQuadro();
+    [[nodiscard]] QSize MisuraSfondo() const;
     void StendiSfondo();
+    void DipingiSfondo();
     void MostraTracciaDebug(const QString& Testo);
     void VerificaPreparazione();
     void AttivaInCoda();
@@ -80,6 +83,7 @@ private:
     std::vector<IconaStudio*> Icone;  // children of the board
     QString FileSfondo;               ///< picture, full path; empty: the plain colour
     QPixmap SfondoSteso;              ///< at the size of the window
+    QTimer SfondoDaStendere;          ///< runs while the picture is not at that size
     int IconaMarcata = NessunaIcona;
     bool DaRidisegnare = false;
     bool Dipinta = false;

@@ -46,6 +46,9 @@ private Q_SLOTS:
     void coloreDiSfondo();
     void immagineDiSfondo();
     void immagineDiSfondoGuasta();
+    void laPrimaPitturaNonLeggeImmagini();
+    void unoSfondoNuovoNonLampeggia();
+    void loSfondoSegueLaMisura();
     void versione();
     void iconePersonali();
     void titoloDiIconaAllaLettera();
@@ -90,6 +93,8 @@ private Q_SLOTS:
 
 private:
     frmStudio& Apri();
+    static void MettiSfondo(const QString& Nome, const QImage& Immagine);
+    static QColor Angolo(frmStudio& Scrivania) { return Scrivania.grab().toImage().pixelColor(2, 2); }
     static QPoint Centro(const QWidget* Uno) { return Uno->rect().center(); }
 
     std::unique_ptr<Scena> S;
@@ -144,6 +149,13 @@ double Contrasto(const QColor& Uno, const QColor& Altro)
     return (Chiara + 0.05) / (Scura + 0.05);
 }
 
+QImage TintaUnita(const QColor& Tinta)
+{
+    QImage Immagine(8, 8, QImage::Format_RGB32);
+    Immagine.fill(Tinta);
+    return Immagine;
+}
+
 int Conta(const QImage& Immagine, const QColor& Colore)
 {
     int Quanti = 0;
@@ -183,6 +195,14 @@ frmStudio& TestFrmStudio::Apri()
     (void)QTest::qWaitForWindowActive(&Scrivania);
     Respiro();
     return Scrivania;
+}
+
+/// A picture among those of the program folder, and the one of the session.
+void TestFrmStudio::MettiSfondo(const QString& Nome, const QImage& Immagine)
+{
+    CreaCartella(sessione::PercorsoProg + u"sfondi"_s);
+    QVERIFY(Immagine.save(sessione::PercorsoProg + u"sfondi/"_s + Nome));
+    sessione::SfondoDesktop = Nome;
 }
 
 void TestFrmStudio::iconeFisse_data()
@@ -378,11 +398,10 @@ void TestFrmStudio::coloreDiSfondo()
 void TestFrmStudio::immagineDiSfondo()
 {
     sessione::PercorsoProg = ProgrammaConIcone({});
-    CreaCartella(sessione::PercorsoProg + u"sfondi"_s);
     QImage Immagine(1, 2, QImage::Format_RGB32);
     Immagine.setPixelColor(0, 0, Qt::red);
     Immagine.setPixelColor(0, 1, Qt::blue);
-    QVERIFY(Immagine.save(sessione::PercorsoProg + u"sfondi/bandiera.png"_s));
+    MettiSfondo(u"bandiera.png"_s, Immagine);
     sessione::SfondoDesktop = u"Bandiera.PNG"_s;
     frmStudio& Scrivania = Apri();
     const auto Larga = Scrivania.grab().toImage();
@@ -399,6 +418,48 @@ void TestFrmStudio::immagineDiSfondoGuasta()
     ScriviFile(sessione::PercorsoProg + u"sfondi/lex.jpg"_s, "\xFF\xD8\xFF and no picture");
     sessione::SfondoDesktop = u"lex.jpg"_s;
     QCOMPARE(Apri().grab().toImage().pixelColor(2, 2), aspetto::DaBgr(sessione::ColoreSfondoDesktop));
+}
+
+void TestFrmStudio::laPrimaPitturaNonLeggeImmagini()
+{
+    sessione::PercorsoProg = ProgrammaConIcone({});
+    MettiSfondo(u"rossa.png"_s, TintaUnita(Qt::red));
+    frmStudio& Scrivania = Singola<frmStudio>();
+    QCOMPARE(Angolo(Scrivania), aspetto::DaBgr(sessione::ColoreSfondoDesktop));
+    Respiro();
+    QCOMPARE(Angolo(Scrivania), QColor(Qt::red));
+}
+
+void TestFrmStudio::unoSfondoNuovoNonLampeggia()
+{
+    sessione::PercorsoProg = ProgrammaConIcone({});
+    MettiSfondo(u"rossa.png"_s, TintaUnita(Qt::red));
+    frmStudio& Scrivania = Apri();
+    MettiSfondo(u"blu.png"_s, TintaUnita(Qt::blue));
+    Scrivania.LoadGraph();
+    QCOMPARE(Angolo(Scrivania), QColor(Qt::blue));
+}
+
+void TestFrmStudio::loSfondoSegueLaMisura()
+{
+    sessione::PercorsoProg = ProgrammaConIcone({});
+    // Many columns: stretched from a narrower window they are blurred.
+    QImage Righe(1200, 1, QImage::Format_RGB32);
+    for (int x = 0; x < Righe.width(); ++x)
+        Righe.setPixelColor(x, 0, x % 2 == 0 ? Qt::black : Qt::white);
+    MettiSfondo(u"righe.png"_s, Righe);
+    frmStudio& Scrivania = Apri();
+    const auto NeriEBianchi = [&] {
+        const QImage Striscia = Scrivania.grab(QRect(0, 2, Scrivania.width(), 1)).toImage();
+        return Conta(Striscia, Qt::black) + Conta(Striscia, Qt::white) == Scrivania.width();
+    };
+    Scrivania.resize(Righe.width() / 2, Scrivania.height());
+    QTRY_VERIFY(!NeriEBianchi());
+    Scrivania.resize(Righe.width(), Scrivania.height());
+    // Until it is read anew the picture is stretched, never gone.
+    QVERIFY(!NeriEBianchi());
+    QVERIFY(Angolo(Scrivania) != aspetto::DaBgr(sessione::ColoreSfondoDesktop));
+    QTRY_VERIFY(NeriEBianchi());
 }
 
 void TestFrmStudio::versione()
@@ -492,13 +553,9 @@ void TestFrmStudio::collegamentoCheManca()
 void TestFrmStudio::laCorniceSegueLoSfondo()
 {
     sessione::PercorsoProg = ProgrammaConIcone({});
-    CreaCartella(sessione::PercorsoProg + u"sfondi"_s);
-    QImage Rossa(8, 8, QImage::Format_RGB32);
-    Rossa.fill(Qt::red);
-    QVERIFY(Rossa.save(sessione::PercorsoProg + u"sfondi/rossa.png"_s));
     auto* Area = Singola<frmMain>().Area();
     QVERIFY(Area->background().texture().isNull());
-    sessione::SfondoDesktop = u"rossa.png"_s;
+    MettiSfondo(u"rossa.png"_s, TintaUnita(Qt::red));
     frmStudio& Scrivania = Singola<frmStudio>();
     Scrivania.LoadGraph();
     QCOMPARE(Area->background().texture().toImage().pixelColor(1, 1), QColor(Qt::red));
