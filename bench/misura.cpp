@@ -50,7 +50,7 @@ QString Esito(const Misura& M, double Valore)
 
 void ScriviRiga(const QString& Cosa, const QString& Obiettivo, const QString& Misurato, const QString& Esito)
 {
-    const QString Riga = Cosa.leftJustified(48) + Obiettivo.rightJustified(12) + Misurato.rightJustified(12) +
+    const QString Riga = Cosa.leftJustified(56) + Obiettivo.rightJustified(12) + Misurato.rightJustified(12) +
                          u"  "_s + Esito + u'\n';
     std::fputs(Riga.toUtf8().constData(), stdout);
     std::fflush(stdout);  // the row is seen when it is known, also through a pipe
