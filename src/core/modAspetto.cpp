@@ -40,6 +40,12 @@ QString CartellaSfondi()
     return sessione::PercorsoProg + Barra(u"sfondi"_s);
 }
 
+QString FileSfondo()
+{
+    const QString File = TrovaFile(CartellaSfondi() + sessione::SfondoDesktop);
+    return !sessione::SfondoDesktop.isEmpty() && EsisteFile(File) ? File : QString();
+}
+
 QStringList LeggiSfondi()
 {
     return FileDi(CartellaSfondi(), EstensioneSfondo);

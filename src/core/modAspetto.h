@@ -22,6 +22,9 @@ struct ModelloAspetto
 /// Folder of the backgrounds, with the separator at its end.
 [[nodiscard]] QString CartellaSfondi();
 
+/// The session's background, full path in any case of its letters; empty when there is none.
+[[nodiscard]] QString FileSfondo();
+
 /// The backgrounds in it, names of files that end in ".jpg" in any case, sorted as a reader would.
 [[nodiscard]] QStringList LeggiSfondi();
 

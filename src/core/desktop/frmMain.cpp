@@ -226,8 +226,13 @@ void frmMain::Form_Load()
     QRect Posto({}, MisuraData);
     Posto.moveCenter(Schermo.center());
     setGeometry(Posto);
-    const QString Immagine = TrovaFile(CartellaSfondi() + sessione::SfondoDesktop);
-    BackImage(EsisteFile(Immagine) ? QPixmap(Immagine) : QPixmap());
+    CaricaSfondo();
+}
+
+void frmMain::CaricaSfondo()
+{
+    // No client area is larger than its screen.
+    BackImage(aspetto::LeggiImmagine(FileSfondo(), screen()->size() * devicePixelRatioF()));
 }
 
 void frmMain::BackImage(const QPixmap& Immagine)

@@ -31,6 +31,9 @@ public:
     /// Gives the client area a picture, stretched to its size; a null one takes it away.
     void BackImage(const QPixmap& Immagine);
 
+    /// Gives it the session's picture.
+    void CaricaSfondo();
+
     /// Shows a sheet of the legal guide, by the name of its page.
     void ShowGuida(const QString& Nome);
 

@@ -24,7 +24,6 @@
 #include "ui_frmStudio.h"
 
 #include <QCloseEvent>
-#include <QImageReader>
 #include <QMenu>
 #include <QPainter>
 #include <QScopedValueRollback>
@@ -347,14 +346,12 @@ void frmStudio::keyPressEvent(QKeyEvent* Evento)
 void frmStudio::LoadGraph()
 {
     DaRidisegnare = false;
-    FileSfondo = TrovaFile(CartellaSfondi() + sessione::SfondoDesktop);
-    if (sessione::SfondoDesktop.isEmpty() || !EsisteFile(FileSfondo))
-        FileSfondo.clear();
+    Sfondo = FileSfondo();
     SfondoSteso = QPixmap();
     if (Dipinta)
         StendiSfondo();  // what is on view changes in one step, without the colour in between
     if (const auto& Cornice = SeCaricato<frmMain>; Cornice && Cornice->isVisible())
-        Cornice->BackImage(FileSfondo.isEmpty() ? QPixmap() : QPixmap(FileSfondo));
+        Cornice->CaricaSfondo();
 
     const auto Utente = std::stable_partition(Icone.begin(), Icone.end(),
                                               [](const IconaStudio* Icona) { return !DiUtente(Icona); });
@@ -390,14 +387,11 @@ void frmStudio::StendiSfondo()
 {
     SfondoDaStendere.stop();
     const QSize Misura = MisuraSfondo();
-    if (FileSfondo.isEmpty() || SfondoSteso.size() == Misura)
+    if (Sfondo.isEmpty() || SfondoSteso.size() == Misura)
         return;
-    // Decoded at the size that is needed: a whole picture would take longer than the rest of the window.
-    QImageReader Lettore(FileSfondo);
-    Lettore.setScaledSize(Misura);
-    SfondoSteso = QPixmap::fromImageReader(&Lettore);
+    SfondoSteso = aspetto::LeggiImmagine(Sfondo, Misura);
     if (SfondoSteso.isNull())
-        FileSfondo.clear();  // no picture: the plain colour
+        Sfondo.clear();  // no picture: the plain colour
     update();
 }
 
@@ -408,7 +402,7 @@ void frmStudio::DipingiSfondo()
         Pennello.fillRect(rect(), aspetto::DaBgr(sessione::ColoreSfondoDesktop));
     else
         Pennello.drawPixmap(rect(), SfondoSteso);
-    if (FileSfondo.isEmpty() || SfondoSteso.size() == MisuraSfondo() || SfondoDaStendere.isActive())
+    if (Sfondo.isEmpty() || SfondoSteso.size() == MisuraSfondo() || SfondoDaStendere.isActive())
         return;
     // The window is there before its picture is read. While it is being dragged larger it stretches what it
     // has, and reads the picture now and then.

@@ -81,7 +81,7 @@ private:
 
     std::unique_ptr<Ui::frmStudio> ui;
     std::vector<IconaStudio*> Icone;  // children of the board
-    QString FileSfondo;               ///< picture, full path; empty: the plain colour
+    QString Sfondo;                   ///< picture, full path; empty: the plain colour
     QPixmap SfondoSteso;              ///< at the size of the window
     QTimer SfondoDaStendere;          ///< runs while the picture is not at that size
     int IconaMarcata = NessunaIcona;

@@ -3,7 +3,6 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/testobordo.h"
 
-#include <QImageReader>
 #include <QPainter>
 
 using namespace Qt::StringLiterals;
@@ -25,10 +24,8 @@ void AnteprimaSfondo::Mostra(const QString& File, const std::array<int, ColoriDe
     Tinte = Colori;
     if (File != FileLetto) {
         FileLetto = File;
-        QImageReader Lettore(File);
         // Twice the size is sharp on a dense screen, and read in no time.
-        Lettore.setScaledSize(Misura * 2);
-        Immagine = File.isEmpty() ? QPixmap() : QPixmap::fromImageReader(&Lettore);
+        Immagine = aspetto::LeggiImmagine(File, Misura * 2);
     }
     update();
 }

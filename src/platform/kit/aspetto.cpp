@@ -8,8 +8,10 @@
 #include <QFont>
 #include <QFontDatabase>
 #include <QGroupBox>
+#include <QImageReader>
 #include <QLocale>
 #include <QPalette>
+#include <QPixmap>
 #include <QStyleFactory>
 
 #include <cmath>
@@ -130,6 +132,15 @@ void TitoliInGrassetto(QWidget* Modulo)
         Grande.setBold(true);
         Gruppo->setFont(Grande);
     }
+}
+
+QPixmap LeggiImmagine(const QString& File, const QSize& Misura)
+{
+    if (File.isEmpty())
+        return {};
+    QImageReader Lettore(File);
+    Lettore.setScaledSize(Misura);
+    return QPixmap::fromImageReader(&Lettore);
 }
 
 QIcon Icona(const QString& Nome)

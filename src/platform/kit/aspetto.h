@@ -44,6 +44,10 @@ void Prepara();
 /// of palette. A null icon for a name that has no drawing.
 [[nodiscard]] QIcon Icona(const QString& Nome);
 
+/// A picture of a file, stretched to a size in device pixels while it is read: a photograph read whole takes
+/// longer than the window around it, and stays in memory. Null when the file holds none.
+[[nodiscard]] QPixmap LeggiImmagine(const QString& File, const QSize& Misura);
+
 /// Gives the labels and buttons of a form that have none a mnemonic on a free letter: labels with a buddy,
 /// buttons with a text, and tabs. The pages of a tab or stack widget may share letters, as only one of them
 /// is on view. A caption that code sets later has none.

@@ -558,7 +558,14 @@ void TestFrmStudio::laCorniceSegueLoSfondo()
     MettiSfondo(u"rossa.png"_s, TintaUnita(Qt::red));
     frmStudio& Scrivania = Singola<frmStudio>();
     Scrivania.LoadGraph();
-    QCOMPARE(Area->background().texture().toImage().pixelColor(1, 1), QColor(Qt::red));
+    const auto Stesa = [Area] { return Area->background().texture().toImage(); };
+    QCOMPARE(Stesa().pixelColor(1, 1), QColor(Qt::red));
+    // One that is loaded later takes the session's by itself.
+    Singola<frmMain>().hide();
+    MettiSfondo(u"blu.png"_s, TintaUnita(Qt::blue));
+    Scrivania.LoadGraph();
+    QVERIFY(Singola<frmMain>().Area());
+    QCOMPARE(Stesa().pixelColor(1, 1), QColor(Qt::blue));
     sessione::SfondoDesktop.clear();
     Scrivania.LoadGraph();
     QVERIFY(Area->background().texture().isNull());

@@ -1,6 +1,7 @@
 // Colours, icons, mnemonics, spoken names and places of windows.
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
+#include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
 #include "supporto/finestre.h"
 #include "supporto/prova.h"
@@ -74,6 +75,7 @@ private Q_SLOTS:
     void coloriInOrdineClassico();
     void coloriPerLaPalette();
     void preparata();
+    void immagineAllaMisura();
     void ogniNomeHaLaSuaIcona_data();
     void ogniNomeHaLaSuaIcona();
     void ogniDisegnoSeguaLeRegole();
@@ -148,6 +150,22 @@ void TestAspetto::preparata()
     QVERIFY(!QFontInfo(QApplication::font()).fixedPitch());
     QVERIFY(!QApplication::windowIcon().isNull());
     QCOMPARE(QLocale().language(), QLocale::Italian);
+}
+
+void TestAspetto::immagineAllaMisura()
+{
+    const QString Cartella = NuovaCartella();
+    QImage Larga(300, 100, QImage::Format_RGB32);
+    Larga.fill(Qt::red);
+    QVERIFY(Larga.save(Cartella + u"larga.jpg"_s));
+    for (const QSize& Misura : {QSize(40, 30), QSize(600, 300)}) {
+        const QPixmap Letta = aspetto::LeggiImmagine(Cartella + u"larga.jpg"_s, Misura);
+        QCOMPARE(Letta.size(), Misura);
+        QVERIFY(Letta.toImage().pixelColor(Misura.width() / 2, Misura.height() / 2).red() > 200);
+    }
+    ScriviFile(Cartella + u"nessuna.jpg"_s, "words");
+    for (const QString& File : {Cartella + u"nessuna.jpg"_s, Cartella + u"manca.jpg"_s, QString()})
+        QVERIFY(aspetto::LeggiImmagine(File, QSize(40, 30)).isNull());
 }
 
 void TestAspetto::ogniNomeHaLaSuaIcona_data()
