@@ -22,6 +22,7 @@
 
 #include <QButtonGroup>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
@@ -114,6 +115,7 @@ QString DettagliMultipla(const Parcella& Nota)
     if (!Altra.Oggetto.isEmpty())
         Righe.append(u"Oggetto: "_s + Altra.Oggetto);
     Righe.append(u"Totale: "_s + TestoImporto(Altra.TotSpeseImp + Altra.TotOnorari + Altra.TotSpeseEsenti));
+    Righe.append(u"Click o Ctrl+Invio per aprirla, Canc per togliere l'associazione"_s);
     return u"<p style='white-space:pre'>"_s + Righe.join(u'\n').toHtmlEscaped() + u"</p>"_s;
 }
 
@@ -218,9 +220,17 @@ void SchedaAcconti::cmdOpenPar_Click()
 
 bool SchedaAcconti::eventFilter(QObject* Oggetto, QEvent* Evento)
 {
-    if (Oggetto != ui->txtParcMultipla || Evento->type() != QEvent::KeyPress || !Nota.Multipla())
-        return QWidget::eventFilter(Oggetto, Evento);
-    const auto& Tasto = *static_cast<QKeyEvent*>(Evento);
+    if (Oggetto == ui->txtParcMultipla && Nota.Multipla()) {
+        if (Evento->type() == QEvent::KeyPress)
+            return TastoSulNome(*static_cast<QKeyEvent*>(Evento));
+        if (Evento->type() == QEvent::MouseButtonRelease)
+            LasciatoSulNome(*static_cast<QMouseEvent*>(Evento));
+    }
+    return QWidget::eventFilter(Oggetto, Evento);
+}
+
+bool SchedaAcconti::TastoSulNome(const QKeyEvent& Tasto)
+{
     const bool Invio = Tasto.key() == Qt::Key_Return || Tasto.key() == Qt::Key_Enter;
     const Qt::KeyboardModifiers Con = Tasto.modifiers() & ~Qt::KeypadModifier;
     if (Invio && Con == Qt::ControlModifier)
@@ -228,8 +238,18 @@ bool SchedaAcconti::eventFilter(QObject* Oggetto, QEvent* Evento)
     else if (Tasto.key() == Qt::Key_Delete && Con == Qt::NoModifier)
         Cornice.EliminaMulti();
     else
-        return QWidget::eventFilter(Oggetto, Evento);
+        return false;
     return true;
+}
+
+/// A click opens the note that it names; who drags over the name wants its letters.
+void SchedaAcconti::LasciatoSulNome(const QMouseEvent& Tasto)
+{
+    const QLineEdit* Nome = ui->txtParcMultipla;
+    if (Tasto.button() == Qt::LeftButton && Nome->rect().contains(Tasto.position().toPoint()) &&
+        !Nome->hasSelectedText())
+        QMetaObject::invokeMethod(
+            this, [this] { Cornice.ApriMulti(); }, Qt::QueuedConnection);
 }
 
 /// A click on a currency changes it.
@@ -284,6 +304,7 @@ void SchedaAcconti::MostraMultipla()
         Principale ? QString() : u"La parcella è aperta come multipla: si stampa con la sua principale"_s);
     mostra::Testo(ui->txtParcMultipla, {Nota.txtParcMultipla, true});
     ui->txtParcMultipla->setToolTip(Associata ? DettagliMultipla(Nota) : QString());
+    ui->txtParcMultipla->setCursor(Associata ? Qt::PointingHandCursor : Qt::ArrowCursor);
     for (QWidget* Comando : std::initializer_list<QWidget*>{ui->cmdModPar, ui->cmdNoMulti, ui->chkMultiParam,
                                                             ui->optMultiAntPos_0, ui->optMultiAntPos_1})
         Comando->setEnabled(Associata);

@@ -9,6 +9,8 @@
 
 class CorniceNota;
 class QButtonGroup;
+class QKeyEvent;
+class QMouseEvent;
 
 namespace Ui {
 class SchedaAcconti;
@@ -39,6 +41,8 @@ private:
     void CollegaImposte();
     void CollegaMultipla();
     void cmdOpenPar_Click();
+    bool TastoSulNome(const QKeyEvent& Tasto);  ///< true when the key did something
+    void LasciatoSulNome(const QMouseEvent& Tasto);
     void tdbAcconti_Click(int Riga, int Colonna);
     void tdbAcconti_Delete();
     void RigheScritte();  ///< marks the note

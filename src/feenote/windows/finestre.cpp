@@ -240,7 +240,7 @@ int PrendiPosto(int Socio)
 {
     return TrovaPostoParcella([Socio] {
         const frmParcelle* Prima = Parcelle(1);
-        return Socio != 1 && Prima && Prima->windowTitle() == Nuova;
+        return Socio != 1 && Prima && Prima->Titolo() == Nuova;
     });
 }
 
@@ -250,7 +250,7 @@ frmParcelle* PreparaFinestra(int Indice, const QString& Titolo)
     frmParcelle* Finestra = FinestraPerPosto(Indice);
     MettiInCascata(Finestra, Indice);
     Sciogli(*Finestra);
-    Finestra->setWindowTitle(Titolo);
+    Finestra->ImpostaTitolo(Titolo);
     Finestra->ImpostaNome(Titolo);
     return Finestra;
 }
@@ -314,7 +314,7 @@ void ApriParcella(const QString& Percorso, int Socio, const QString& ID)
         return;
     }
     if (!Letta)
-        Finestra->setWindowTitle(TitoloNuova(Indice, {}));  // its place keeps the file's name
+        Finestra->ImpostaTitolo(TitoloNuova(Indice, {}));  // its place keeps the file's name
     if (Altra)
         Unisci(*Altra, *Finestra);
     MostraFinestra(Finestra);

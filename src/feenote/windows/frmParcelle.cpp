@@ -350,10 +350,25 @@ void frmParcelle::MostraSegni()
     ui->pctSave->setVisible(Nota.Modificata);
 }
 
+void frmParcelle::MostraTitolo()
+{
+    const frmParcelle* Principale = HaStampa() ? nullptr : Parcelle(Socio());
+    setWindowTitle(Principale ? u"%1 (multipla di %2)"_s.arg(Titolo(), Principale->Titolo()) : Titolo());
+}
+
+void frmParcelle::ImpostaTitolo(const QString& Titolo)
+{
+    TitoloProprio = Titolo;
+    MostraTitolo();
+    if (frmParcelle* Compagna = HaStampa() ? Parcelle(Socio()) : nullptr)
+        Compagna->MostraTitolo();
+}
+
 void frmParcelle::Associa(int Socio)
 {
     Nota.IDMultipla = Socio;
     ui->tabParcelle->setTabEnabled(SchedaDiStampa, Nota.IDMultipla == 0);
+    MostraTitolo();
     Acconti->MostraMultipla();
 }
 

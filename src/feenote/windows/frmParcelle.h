@@ -71,8 +71,11 @@ public:
     void CliCon(int Elemento, bool DaStampa, const QString& MenuStart) override;
     /// The window of the associated note has changed: its figures are taken anew.
     void SocioCambiato();
-    /// The note's name, in the record and in its place; the caption is the window's own.
+    /// The note's name, in the record and in its place; the title is the window's own.
     void ImpostaNome(const QString& Nome);
+    /// What the window is called: its caption, which says besides with which note a partner is printed.
+    [[nodiscard]] const QString& Titolo() const { return TitoloProprio; }
+    void ImpostaTitolo(const QString& Titolo);
     /// The other window of a linked pair, 0 none.
     void Associa(int Socio);
     [[nodiscard]] int Socio() const { return Nota.IDMultipla; }
@@ -117,6 +120,7 @@ private:
     void imgPrev_Click();
     void imgNext_Click();
     void MostraSegni();                 ///< padlock and diskette
+    void MostraTitolo();                ///< the caption
     void MettiInVista(QWidget* Campo);  ///< scrolls a page that has no room for all its fields
 
     // ---- frmParcelle_Multipla.cpp
@@ -158,6 +162,7 @@ private:
     [[nodiscard]] static Impronta ImprontaDi(const QString& Percorso);
 
     int Posto;
+    QString TitoloProprio;
     std::optional<Impronta> ImprontaMulti;  ///< of the associated note; nothing: it was read from a window
     QTimer TimerMulti;                      ///< runs while the partner is being changed
     QTimer TimerCopia;  ///< runs from the first change that the recovery copy does not hold

@@ -164,7 +164,7 @@ bool frmParcelle::SalvaParcella(bool ComeModello)
             if (!Scritta)
                 return false;
             ImpostaNome(Nota.Nome);
-            setWindowTitle(Nota.Nome);
+            ImpostaTitolo(Nota.Nome);
             // There is nothing left to recover, though the mark stays until the user has read.
             TogliCopia(Posto);
             DiSalvata(*Scritta);
@@ -207,7 +207,7 @@ bool frmParcelle::ChiediChiusura()
         return true;
     PortaDavanti(Posto);
     const int Risposta = InDialogo([this] {
-        return MsgBox(windowTitle() + u"\nVuoi salvare la parcella prima di chiudere?"_s,
+        return MsgBox(Titolo() + u"\nVuoi salvare la parcella prima di chiudere?"_s,
                       vbYesNoCancel + vbQuestion, TitoloDomanda.toString());
     });
     if (Risposta == vbNo)

@@ -77,7 +77,7 @@ void NotaRinominata(const QString& Vecchio, const QString& Nuovo)
         if (StessoFile(Nota.Percorso, Vecchio)) {
             Nota.Percorso = Nuovo;
             Finestra.ImpostaNome(Nome.toLower());
-            Finestra.setWindowTitle(Nome.toLower());
+            Finestra.ImpostaTitolo(Nome.toLower());
         }
         if (StessoFile(Nota.txtPathParcMult, Vecchio)) {
             Nota.txtPathParcMult = Nuovo;

@@ -1,5 +1,5 @@
-// Two notes in one, by mouse and keyboard: the choice, the other note's window, figures that follow it.
-#include "salvataggi.h"
+// Two notes in one, by mouse and keyboard: the choice, the panel, the file that is read again.
+#include "multiple.h"
 
 #include "core/aperture.h"
 #include "core/posti.h"
@@ -13,12 +13,12 @@
 using namespace Qt::StringLiterals;
 using namespace salvataggi;
 
-class TestParcelleMultiple : public QObject
+class TestParcelleMultiple : public QObject, private BancoMultipla
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { Prepara(); }
+    void cleanup() { Sgombra(); }
     void sceltaNelTrova();
     void annullataLaScelta();
     void senzaTrova();
@@ -30,85 +30,18 @@ private Q_SLOTS:
     void siElimina();
     void leOpzioniNonModificano();
     void laStampaSegue();
-    void siApreNellaSuaFinestra();
-    void nonPrendeIlPostoDellaPrincipale();
-    void quellaCheNonSiApre();
-    void premutoDiNuovo();
-    void giaApertaSiCollega();
-    void laMetaDiUnAltraCoppiaResta();
-    void gliImportiSeguonoLaFinestra();
-    void gliImportiSeguonoAncheSenzaLegame();
-    void lAnteprimaSegueLaFinestra();
     void ilModelloDiventaScrivibile();
-    void chiusaSenzaSalvareTornaIlFile();
-    void chiusaSenzaLegameTornaIlFile();
-    void sceltaUnAltraSiScioglie();
-    void laStessaSceltaNonScioglie();
-    void eliminataSiScioglie();
-    void chiusaLaPrincipaleVaAncheLei();
-    void salvataConUnAltroNome();
     void salvataSuQuellaAssociata();
     void rinominataSoloOfferta();
     void ilFileECambiato();
     void ilFileEGuastoSiDiceUnaVolta();
-    void cancellataEChiusa();
     void siOffreDiNuovo();
     void tastiSulNome();
+    void ilClicSulNome();
+    void chiTrascinaSulNomeLoSeleziona();
     void iDettagli();
-
-private:
-    void Associa(const QString& Percorso);
-    frmParcelle* ApriAltra();  ///< by its button
-    [[nodiscard]] QString Onorari() const { return TestoDi(F, "lblOnora"); }
-    [[nodiscard]] QString Esenti() const { return TestoDi(F, "lblSpese"); }
-
-    std::unique_ptr<Tavolo> T;
-    frmParcelle* F = nullptr;
-    QString File;    ///< the note to associate
-    QString Scelta;  ///< what the finder answers
-    int Richieste = 0;
-    Parcella Altra;
 };
 PROVA(TestParcelleMultiple);
-
-void TestParcelleMultiple::init()
-{
-    T = std::make_unique<Tavolo>();
-    Altra = NotaPiena();
-    File = T->Ufficio.File(u"Altra Nota.mdb"_s);
-    ScriviNota(File, Altra);
-    const QString Mia = T->Ufficio.File(u"principale.mdb"_s);
-    ScriviNota(Mia, NotaCivile());
-    F = T->Apri(Mia);
-    QVERIFY(F);
-    ClicScheda(F, SchedaImposte);
-    QCOMPARE(F->Scheda(), int(SchedaImposte));
-    Richieste = 0;
-    Aperture.TrovaParcella = [this](int Selettore, const QString& Cartella, int Indice,
-                                    const QString& Parent) {
-        ++Richieste;
-        const bool Giusta = Selettore == 0 && Cartella.isEmpty() && Indice == 1 && Parent == u"multiple";
-        return Giusta ? Scelta : u"chiamata sbagliata"_s;
-    };
-    F->MostraTutto();
-}
-
-void TestParcelleMultiple::cleanup()
-{
-    T.reset();
-}
-
-void TestParcelleMultiple::Associa(const QString& Percorso)
-{
-    Scelta = Percorso;
-    Clic(Controllo(F, "cmdOpenPar"));
-}
-
-frmParcelle* TestParcelleMultiple::ApriAltra()
-{
-    Clic(Controllo(F, "cmdModPar"));
-    return Parcelle(2);
-}
 
 void TestParcelleMultiple::sceltaNelTrova()
 {
@@ -262,234 +195,12 @@ void TestParcelleMultiple::laStampaSegue()
     F->SetModificata(false);
 }
 
-void TestParcelleMultiple::siApreNellaSuaFinestra()
-{
-    Associa(File);
-    frmParcelle* Compagna = ApriAltra();
-    QVERIFY(Compagna && Compagna->isVisible());
-    QCOMPARE(Compagna->Nota.Percorso, File);
-    QCOMPARE(F->Socio(), 2);
-    QCOMPARE(F->Nota.IDMultipla, 2);
-    QCOMPARE(Compagna->Socio(), 1);
-    QVERIFY(F->HaStampa() && !Compagna->HaStampa());
-    ClicScheda(Compagna, SchedaImposte);
-    QVERIFY(!Controllo(Compagna, "fraMultipla")->isEnabled());
-    QVERIFY(!Controllo(Compagna, "fraMultipla")->toolTip().isEmpty());
-    QVERIFY(!Controllo(Compagna, "cmdOpenPar")->isEnabled());
-    QVERIFY(Controllo(F, "cmdOpenPar")->isEnabled());
-}
-
-void TestParcelleMultiple::nonPrendeIlPostoDellaPrincipale()
-{
-    QVERIFY(ChiudiParcella(1));
-    F = T->Apri();  // untouched: another note would take its place
-    CompilaCivile(F);
-    ClicScheda(F, SchedaImposte);
-    F->SetModificata(false);
-    QCOMPARE(F->windowTitle(), u"Nuova parcella"_s);
-    Associa(File);
-    const frmParcelle* Compagna = ApriAltra();
-    QVERIFY(Compagna);
-    QCOMPARE(F->windowTitle(), u"Nuova parcella"_s);
-    QCOMPARE(F->Nota.txtPathParcMult, File);
-    QCOMPARE(Compagna->Nota.Percorso, File);
-    QCOMPARE(F->Socio(), 2);
-}
-
-void TestParcelleMultiple::quellaCheNonSiApre()
-{
-    Associa(File);
-    ScriviFile(File, QByteArray(9000, 'x'));
-    T->Voce.Attendi(u"Errore: Altra Nota.mdb non è una parcella di Calcanova (3343)"_s, vbOK, u"Errore:"_s);
-    ApriAltra();
-    QCOMPARE(F->Socio(), 0);
-    QVERIFY2(!Parcelle(2)->isVisible() && InfoParcelle[2].Libera, "no empty note stands for it");
-    QCOMPARE(TestoDi(F, "txtParcMultipla"), u"Altra Nota"_s);
-    QCOMPARE(Esenti(), u"Esenti: 27,00"_s);
-}
-
-void TestParcelleMultiple::premutoDiNuovo()
-{
-    Associa(File);
-    frmParcelle* Compagna = ApriAltra();
-    QVERIFY(MostraAttiva(*F));
-    ApriAltra();
-    QCOMPARE(UltimaParcella(), 2);
-    QTRY_VERIFY(Compagna->isActiveWindow());
-    QCOMPARE(F->Socio(), 2);
-}
-
-void TestParcelleMultiple::giaApertaSiCollega()
-{
-    frmParcelle* Compagna = T->Apri(File, 2);
-    ClicScheda(Compagna, SchedaDiStampa);
-    QVERIFY(MostraAttiva(*F));
-    Associa(File);
-    QCOMPARE(F->Socio(), 0);
-    ApriAltra();
-    QCOMPARE(UltimaParcella(), 2);
-    QCOMPARE(F->Socio(), 2);
-    QCOMPARE(Compagna->Socio(), 1);
-    QVERIFY(!Compagna->HaStampa());
-    QVERIFY2(Compagna->Scheda() != SchedaDiStampa, "a closed tab is not in view");
-    QTRY_VERIFY(Compagna->isActiveWindow());
-}
-
-void TestParcelleMultiple::laMetaDiUnAltraCoppiaResta()
-{
-    Associa(File);
-    frmParcelle* Compagna = ApriAltra();
-    const QString Terza = T->Ufficio.File(u"terza.mdb"_s);
-    ScriviNota(Terza, NotaCivile());
-    frmParcelle* Altra3 = T->Apri(Terza, 3);
-    ClicScheda(Altra3, SchedaImposte);
-    Aperture.TrovaParcella = [this](int, const QString&, int, const QString&) { return File; };
-    Clic(Controllo(Altra3, "cmdOpenPar"));
-    Clic(Controllo(Altra3, "cmdModPar"));
-    QCOMPARE(Altra3->Socio(), 0);
-    QCOMPARE(F->Socio(), 2);
-    QCOMPARE(Compagna->Socio(), 1);
-    QCOMPARE(UltimaParcella(), 3);
-}
-
-void TestParcelleMultiple::gliImportiSeguonoLaFinestra()
-{
-    Associa(File);
-    frmParcelle* Compagna = ApriAltra();
-    ClicScheda(Compagna, SchedaListaSpese);
-    ScriviCella(Controllo<Griglia>(Compagna, "tdbDir"), 0, DirEsente, u"30"_s);
-    QVERIFY(Compagna->Nota.Modificata);
-    QCOMPARE(Esenti(), u"Esenti: 30,00"_s);
-    QCOMPARE(F->Nota.Multi.TotSpeseEsenti, 30.0);
-    QVERIFY(!F->Nota.Modificata);
-    Compagna->SetModificata(false);
-}
-
-void TestParcelleMultiple::gliImportiSeguonoAncheSenzaLegame()
-{
-    frmParcelle* Aperta = T->Apri(File, 2);
-    Associa(File);
-    ClicScheda(Aperta, SchedaListaSpese);
-    ScriviCella(Controllo<Griglia>(Aperta, "tdbDir"), 0, DirEsente, u"31"_s);
-    QCOMPARE(Esenti(), u"Esenti: 31,00"_s);
-    Aperta->SetModificata(false);
-}
-
-/// The page of the main note is on view while the other one is typed into.
-void TestParcelleMultiple::lAnteprimaSegueLaFinestra()
-{
-    Associa(File);
-    frmParcelle* Compagna = ApriAltra();
-    ClicScheda(F, SchedaDiStampa);
-    Scegli(Controllo<QComboBox>(F, "cmbTipoStampa"), StampaPrenotula);
-    const auto* vp = Controllo<VistaStampa>(F, "vp");
-    QVERIFY(!vp->Pagine().Testo().contains(u"4.321,00"_s));
-    QVERIFY(MostraAttiva(*Compagna));
-    ClicScheda(Compagna, SchedaListaSpese);
-    ScriviCella(Controllo<Griglia>(Compagna, "tdbDir"), 0, DirEsente, u"4321"_s);
-    QTRY_VERIFY(vp->Pagine().Testo().contains(u"4.321,00"_s));
-    F->SetModificata(false);
-    Compagna->SetModificata(false);
-}
-
 void TestParcelleMultiple::ilModelloDiventaScrivibile()
 {
     ImpostaSolaLettura(File, true);
     Associa(File);
     QCOMPARE(Esenti(), u"Esenti: 27,00"_s);
     QVERIFY(!SolaLettura(File));
-}
-
-void TestParcelleMultiple::chiusaSenzaSalvareTornaIlFile()
-{
-    Associa(File);
-    frmParcelle* Compagna = ApriAltra();
-    ClicScheda(Compagna, SchedaListaSpese);
-    ScriviCella(Controllo<Griglia>(Compagna, "tdbDir"), 0, DirEsente, u"30"_s);
-    QCOMPARE(Esenti(), u"Esenti: 30,00"_s);
-    T->Voce.Attendi(u"altra nota\nVuoi salvare la parcella prima di chiudere?"_s, vbNo);
-    QVERIFY(ChiudiParcella(2));
-    QCOMPARE(F->Socio(), 0);
-    QVERIFY(F->isVisible());
-    QCOMPARE(Esenti(), u"Esenti: 27,00"_s);
-    QCOMPARE(TestoDi(F, "txtParcMultipla"), u"Altra Nota"_s);
-}
-
-void TestParcelleMultiple::chiusaSenzaLegameTornaIlFile()
-{
-    frmParcelle* Aperta = T->Apri(File, 2);
-    ClicScheda(Aperta, SchedaListaSpese);
-    ScriviCella(Controllo<Griglia>(Aperta, "tdbDir"), 0, DirEsente, u"32"_s);
-    Associa(File);
-    QCOMPARE(Esenti(), u"Esenti: 32,00"_s);
-    T->Voce.Attendi(u"altra nota\nVuoi salvare la parcella prima di chiudere?"_s, vbNo);
-    QVERIFY(ChiudiParcella(2));
-    QCOMPARE(Esenti(), u"Esenti: 27,00"_s);
-}
-
-void TestParcelleMultiple::sceltaUnAltraSiScioglie()
-{
-    Associa(File);
-    frmParcelle* Compagna = ApriAltra();
-    const QString Seconda = T->Ufficio.File(u"seconda.mdb"_s);
-    ScriviNota(Seconda, NotaCivile());
-    Associa(Seconda);
-    QCOMPARE(TestoDi(F, "txtParcMultipla"), u"seconda"_s);
-    QCOMPARE(Esenti(), u"Esenti: 0"_s);
-    QCOMPARE(F->Socio(), 0);
-    QCOMPARE(Compagna->Socio(), 0);
-    QVERIFY(Compagna->isVisible() && Compagna->HaStampa());
-    ClicScheda(Compagna, SchedaImposte);
-    QVERIFY(Controllo(Compagna, "fraMultipla")->isEnabled());
-    // Nothing of the former one comes over any more.
-    ClicScheda(Compagna, SchedaListaSpese);
-    ScriviCella(Controllo<Griglia>(Compagna, "tdbDir"), 0, DirEsente, u"99"_s);
-    QCOMPARE(Esenti(), u"Esenti: 0"_s);
-    Compagna->SetModificata(false);
-}
-
-void TestParcelleMultiple::laStessaSceltaNonScioglie()
-{
-    Associa(File);
-    ApriAltra();
-    Associa(File);
-    QCOMPARE(F->Socio(), 2);
-}
-
-void TestParcelleMultiple::eliminataSiScioglie()
-{
-    Associa(File);
-    frmParcelle* Compagna = ApriAltra();
-    Clic(Controllo(F, "cmdNoMulti"));
-    QVERIFY(!F->Nota.Multipla());
-    QCOMPARE(F->Socio(), 0);
-    QCOMPARE(Compagna->Socio(), 0);
-    QVERIFY(Compagna->isVisible() && Compagna->HaStampa());
-}
-
-void TestParcelleMultiple::chiusaLaPrincipaleVaAncheLei()
-{
-    Associa(File);
-    const frmParcelle* Compagna = ApriAltra();
-    QVERIFY(ChiudiParcella(1));
-    QVERIFY(!F->isVisible() && !Compagna->isVisible());
-    QVERIFY(InfoParcelle[1].Libera && InfoParcelle[2].Libera);
-    QCOMPARE(Compagna->Socio(), 0);
-}
-
-void TestParcelleMultiple::salvataConUnAltroNome()
-{
-    Associa(File);
-    frmParcelle* Compagna = ApriAltra();
-    ClicScheda(Compagna, SchedaListaSpese);
-    ScriviCella(Controllo<Griglia>(Compagna, "tdbDir"), 0, DirEsente, u"33"_s);
-    const QString Nuovo = SalvaCome(*T, u"Terza.mdb"_s, false, 2);
-    QCOMPARE(Compagna->Nota.Percorso, Nuovo);
-    QCOMPARE(TestoDi(F, "txtParcMultipla"), u"Terza"_s);
-    QCOMPARE(F->Nota.txtPathParcMult, Nuovo);
-    QCOMPARE(F->Socio(), 2);
-    QVERIFY(ChiudiParcella(2));
-    QCOMPARE(Esenti(), u"Esenti: 33,00"_s);  // as the new file has it
 }
 
 void TestParcelleMultiple::salvataSuQuellaAssociata()
@@ -541,20 +252,6 @@ void TestParcelleMultiple::ilFileEGuastoSiDiceUnaVolta()
     QCOMPARE(TestoDi(F, "txtParcMultipla"), u"Altra Nota"_s);
 }
 
-void TestParcelleMultiple::cancellataEChiusa()
-{
-    Associa(File);
-    frmParcelle* Compagna = ApriAltra();
-    QVERIFY(QFile::remove(File));
-    NotaCancellata(File);
-    QCOMPARE(F->FinestraMulti(), Compagna);
-    T->Voce.Attendi(u"altra nota\nVuoi salvare la parcella prima di chiudere?"_s, vbNo);
-    T->Voce.Attendi(u"Errore: "_s + DescrizioneErrore(3024) + u" (3024)"_s, vbOK, u"Errore:"_s);
-    QVERIFY(ChiudiParcella(2));
-    QCOMPARE(F->Socio(), 0);
-    QCOMPARE(Esenti(), u"Esenti: 27,00"_s);
-}
-
 void TestParcelleMultiple::siOffreDiNuovo()
 {
     const auto* Offerta = Controllo<QPushButton>(F, "cmdRiassocia");
@@ -588,6 +285,46 @@ void TestParcelleMultiple::tastiSulNome()
     QVERIFY(!F->Nota.Multipla());
     Premi(Qt::Key_Return, Qt::ControlModifier);
     QCOMPARE(UltimaParcella(), 2);
+}
+
+void TestParcelleMultiple::ilClicSulNome()
+{
+    auto* Nome = Controllo<QLineEdit>(F, "txtParcMultipla");
+    const auto Premuto = [Nome](Qt::MouseButton Tasto) {
+        QTest::mouseClick(Nome, Tasto, {}, QPoint(20, Nome->height() / 2));
+        Respiro();
+    };
+    Premuto(Qt::LeftButton);
+    QVERIFY2(!Parcelle(2), "there is nothing to open");
+    QVERIFY(Nome->cursor().shape() != Qt::PointingHandCursor);
+    Associa(File);
+    QCOMPARE(Nome->cursor().shape(), Qt::PointingHandCursor);
+    Premuto(Qt::MiddleButton);
+    QVERIFY(!Parcelle(2));
+    Premuto(Qt::LeftButton);
+    QVERIFY(Parcelle(2) && Parcelle(2)->isVisible());
+    QCOMPARE(Parcelle(2)->Nota.Percorso, File);
+    QCOMPARE(F->Socio(), 2);
+    // Once more: it is there already, and comes to the front.
+    QVERIFY(MostraAttiva(*F));
+    Premuto(Qt::LeftButton);
+    QCOMPARE(UltimaParcella(), 2);
+    QTRY_VERIFY(Parcelle(2)->isActiveWindow());
+}
+
+void TestParcelleMultiple::chiTrascinaSulNomeLoSeleziona()
+{
+    Associa(File);
+    auto* Nome = Controllo<QLineEdit>(F, "txtParcMultipla");
+    TrascinaCon(Nome, {6, Nome->height() / 2}, {60, Nome->height() / 2});
+    Respiro();
+    QVERIFY(Nome->hasSelectedText());
+    QVERIFY(!Parcelle(2));
+    // Let go outside it, a press is taken back.
+    QTest::mousePress(Nome, Qt::LeftButton, {}, {6, Nome->height() / 2});
+    QTest::mouseRelease(Nome, Qt::LeftButton, {}, {6, Nome->height() + 30});
+    Respiro();
+    QVERIFY(!Parcelle(2));
 }
 
 void TestParcelleMultiple::iDettagli()
