@@ -16,16 +16,19 @@ struct VoceParte
 {
     Casella Parcella::*Scritta;
     Casella Parcella::*Stampata;
-    int Parcella::*Legame;  ///< key of the linked row, null for what is never linked
+    int Parcella::*Legame;     ///< key of the linked row, null for what is never linked
+    bool Parcella::*Svuotata;  ///< emptied for the print, null where the client's blocks say it
     int Massimo;
     CampoNota Campo;  ///< the box of the first tab
 };
 
 constexpr std::array Parti{
-    VoceParte{&Parcella::txtCliente, &Parcella::txtDatiStaCli, &Parcella::IDCli, 2000, CampoNota::Cliente},
-    VoceParte{&Parcella::txtControp, &Parcella::txtDatiStaControp, &Parcella::IDCon, 2000,
-              CampoNota::Controparte},
-    VoceParte{&Parcella::txtOggetto, &Parcella::txtDatiStaOgg, nullptr, 4000, CampoNota::Oggetto},
+    VoceParte{&Parcella::txtCliente, &Parcella::txtDatiStaCli, &Parcella::IDCli, nullptr, 2000,
+              CampoNota::Cliente},
+    VoceParte{&Parcella::txtControp, &Parcella::txtDatiStaControp, &Parcella::IDCon,
+              &Parcella::ContropSvuotata, 2000, CampoNota::Controparte},
+    VoceParte{&Parcella::txtOggetto, &Parcella::txtDatiStaOgg, nullptr, &Parcella::OggSvuotato, 4000,
+              CampoNota::Oggetto},
 };
 
 /// A word with which the address book is asked and answers.
@@ -46,6 +49,13 @@ constexpr std::array VociRubrica{
 constexpr const VoceParte& Voce(ParteNota Parte)
 {
     return Parti[size_t(Parte)];
+}
+
+void ScriviStampata(Parcella& Nota, ParteNota Parte, const QString& Testo)
+{
+    (Nota.*Voce(Parte).Stampata).Testo = Testo;
+    if (Voce(Parte).Svuotata)
+        Nota.*Voce(Parte).Svuotata = Testo.isEmpty();
 }
 
 void Dissocia(Parcella& Nota, ParteNota Parte)
@@ -110,7 +120,7 @@ const Casella& ParteStampata(const Parcella& Nota, ParteNota Parte)
 void CambiaParte(Parcella& Nota, ParteNota Parte, const QString& Testo)
 {
     (Nota.*Voce(Parte).Scritta).Testo = Testo;
-    (Nota.*Voce(Parte).Stampata).Testo = Testo;
+    ScriviStampata(Nota, Parte, Testo);
     if (Parte == ParteNota::Cliente)
         Nota.BlocchiScritti.clear();
     SetModificata(Nota, true);
@@ -120,7 +130,7 @@ void CambiaParte(Parcella& Nota, ParteNota Parte, const QString& Testo)
 
 void CambiaParteStampata(Parcella& Nota, ParteNota Parte, const QString& Testo)
 {
-    (Nota.*Voce(Parte).Stampata).Testo = Testo.left(Voce(Parte).Massimo);
+    ScriviStampata(Nota, Parte, Testo.left(Voce(Parte).Massimo));
     if (Parte == ParteNota::Cliente)
         ScriviBlocco(Nota, FormaDelBlocco(Nota), Nota.txtDatiStaCli.Testo);
     SetModificata(Nota, true);

@@ -110,6 +110,8 @@ struct Parcella
     int IDCon = 0;  ///< key in controparti
     Casella txtCliente, txtControp, txtOggetto;
     Casella txtDatiStaCli, txtDatiStaControp, txtDatiStaOgg;  ///< the same as they will print
+    /// The user has emptied the box of the print: a record that no window has filled has it empty too.
+    bool ContropSvuotata = false, OggSvuotato = false;
 
     // ---- parameters of the proceeding
     QString CodCateg;  ///< CIV, PEN or STR

@@ -64,6 +64,23 @@ constexpr VoceMemoria DelRappresentante(QStringView Nome)
             [](Parcella& Nota, const QString& Valore) { Nota.Rappr.*Membro = Valore; }};
 }
 
+/// A party, or the subject, that its user has taken out of the print.
+template <bool Parcella::*Svuotata, Casella Parcella::*Stampata, Casella Parcella::*Scritta>
+constexpr VoceMemoria StampatoVuoto(QStringView Nome)
+{
+    return {Nome,
+            [](const Parcella& Nota) {
+                return Segno(Nota.*Svuotata && (Nota.*Stampata).Testo.isEmpty() &&
+                             !(Nota.*Scritta).Testo.isEmpty());
+            },
+            [](Parcella& Nota, const QString& Valore) {
+                if (Valore != Si)
+                    return;
+                (Nota.*Stampata).Testo.clear();
+                Nota.*Svuotata = true;
+            }};
+}
+
 /// A party, or the subject, that prints otherwise than it stands on the first tab.
 template <Casella Parcella::*Stampata, Casella Parcella::*Scritta>
 constexpr VoceMemoria Stampato(QStringView Nome)
@@ -103,6 +120,10 @@ constexpr std::array Voci{
     Intero<&Parcella::RapprDi>(u"Rappresentante.Cliente"),
     Stampato<&Parcella::txtDatiStaControp, &Parcella::txtControp>(u"txtDatiStaControp"),
     Stampato<&Parcella::txtDatiStaOgg, &Parcella::txtOggetto>(u"txtDatiStaOgg"),
+    StampatoVuoto<&Parcella::ContropSvuotata, &Parcella::txtDatiStaControp, &Parcella::txtControp>(
+        u"txtDatiStaControp.Svuotata"),
+    StampatoVuoto<&Parcella::OggSvuotato, &Parcella::txtDatiStaOgg, &Parcella::txtOggetto>(
+        u"txtDatiStaOgg.Svuotato"),
     VoceMemoria{u"txtPathParcMult", [](const Parcella& Nota) { return Nota.txtPathParcMult; },
                 [](Parcella& Nota, const QString& Valore) { Nota.txtPathParcMult = Valore; }},
     VoceMemoria{u"RigheDaRicalcolare", [](const Parcella& Nota) { return Segno(RicalcoloInSospeso(Nota)); },

@@ -52,6 +52,8 @@ private Q_SLOTS:
     void righeDaRicalcolare();
     void ricalcoloFattoNonSiRicorda();
     void notaAssociataNonTornaDaSe();
+    void ilVuotoDiChiNonHaFinestra();
+    void chiRiscriveSiStampa();
     void tabellaDiAltri_data();
     void tabellaDiAltri();
 };
@@ -113,6 +115,10 @@ void TestMemoriaNota::torna_data()
          [](Parcella& Nota) { CambiaParteStampata(Nota, ParteNota::Controparte, u"altri"_s); });
     Caso("oggetto della sola stampa",
          [](Parcella& Nota) { CambiaParteStampata(Nota, ParteNota::Oggetto, u"altro oggetto"_s); });
+    Caso("controparte tolta dalla sola stampa",
+         [](Parcella& Nota) { CambiaParteStampata(Nota, ParteNota::Controparte, QString()); });
+    Caso("oggetto tolto dalla sola stampa",
+         [](Parcella& Nota) { CambiaParteStampata(Nota, ParteNota::Oggetto, QString()); });
     Caso("imposte spuntate nella nota giudiziale", [](Parcella& Nota) {
         ScegliTipoStampa(Nota, StampaNotaGiudiziale);
         (void)ClicImposta(Nota, Imposta::CP, true);
@@ -304,6 +310,35 @@ void TestMemoriaNota::notaAssociataNonTornaDaSe()
     const Parcella Letta = Riletta(Ufficio, Nota);
     QVERIFY(!Letta.Multipla());
     QCOMPARE(Letta.txtPathParcMult, u"/tmp/altra.mdb"_s);
+}
+
+/// A record that no window has filled has nothing for the print; that is no wish of its user's.
+void TestMemoriaNota::ilVuotoDiChiNonHaFinestra()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota = NotaPiena();
+    Nota.txtControp.Testo = u"Bianchi Srl"_s;
+    Nota.txtDatiStaControp.Testo.clear();
+    Nota.txtDatiStaOgg.Testo.clear();
+    const Parcella Letta = Riletta(Ufficio, Nota);
+    QCOMPARE(Letta.txtDatiStaControp.Testo, u"Bianchi Srl"_s);
+    QCOMPARE(Letta.txtDatiStaOgg.Testo, Nota.txtOggetto.Testo);
+    QVERIFY(!Letta.txtDatiStaOgg.Testo.isEmpty());
+}
+
+/// What was taken out of the print and is typed anew on the first tab prints again.
+void TestMemoriaNota::chiRiscriveSiStampa()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota = Riletta(Ufficio, NotaPiena());
+    CambiaParteStampata(Nota, ParteNota::Controparte, QString());
+    Nota = Riletta(Ufficio, Nota);
+    QVERIFY(Nota.txtDatiStaControp.Testo.isEmpty() && !Nota.txtControp.Testo.isEmpty());
+    CambiaParte(Nota, ParteNota::Controparte, u"Neri Spa"_s);
+    Nota = Riletta(Ufficio, Nota);
+    QCOMPARE(Nota.txtDatiStaControp.Testo, u"Neri Spa"_s);
 }
 
 void TestMemoriaNota::tabellaDiAltri_data()

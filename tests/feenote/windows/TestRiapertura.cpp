@@ -17,6 +17,7 @@ class TestRiapertura : public QObject
 private Q_SLOTS:
     void ilDocumentoNonCambia_data();
     void ilDocumentoNonCambia();
+    void laControparteToltaDallaStampaNonTorna();
 };
 PROVA(TestRiapertura);
 
@@ -95,6 +96,34 @@ void TestRiapertura::ilDocumentoNonCambia()
     QCOMPARE(F->Nota.cmbTipoStampa, Tipo);
     QCOMPARE(LeggiFile(FileDocumento(1)), Stampato);
     QCOMPARE(QFileInfo(FileDocumento(1)).lastModified(), Allora);
+    QVERIFY(!F->Nota.Modificata);
+}
+
+/// A linked counterparty keeps its name on the first tab, whatever is printed of it.
+void TestRiapertura::laControparteToltaDallaStampaNonTorna()
+{
+    Tavolo T;
+    frmParcelle* F = Tavolo::Apri();
+    QVERIFY(F);
+    CompilaCivile(F);
+    salvataggi::Tocca(F);
+    Scrivi(Controllo<QLineEdit>(F, "txtControp"), u"Bianchi Srl"_s);
+    F->Nota.IDCon = T.Ufficio.AggiungiControparte(u"Bianchi Srl"_s, u"Bianchi Srl"_s);
+    ClicScheda(F, SchedaDiStampa);
+    Scegli(Controllo<QComboBox>(F, "cmbTipoStampa"), StampaContratto);
+    auto* Box = Controllo<QPlainTextEdit>(F, "txtDatiStaControp");
+    QCOMPARE(Box->toPlainText(), u"Bianchi Srl"_s);
+    Box->setFocus();
+    Box->selectAll();
+    Premi(Qt::Key_Delete);
+    Premi(Qt::Key_Tab);
+    const QString File = salvataggi::SalvaCome(T, u"nota.mdb"_s);
+
+    AzzeraFinestre();
+    F = Tavolo::Apri(File);
+    QVERIFY(F);
+    QCOMPARE(TestoDi(F, "txtControp"), u"Bianchi Srl"_s);
+    QCOMPARE(Controllo<QPlainTextEdit>(F, "txtDatiStaControp")->toPlainText(), QString());
     QVERIFY(!F->Nota.Modificata);
 }
 
