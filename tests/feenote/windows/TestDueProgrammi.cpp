@@ -7,55 +7,21 @@
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
+#include "supporto/altroprogramma.h"
 
 #include <QLockFile>
-#include <QProcess>
 #include <QRandomGenerator>
-
-#include <csignal>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto VariabileParte = "CALCANOVA_PROVA_PARTE";
-constexpr auto VariabileCartella = "CALCANOVA_PROVA_CARTELLA";
-constexpr int AttesaAltro = 10000;
-
-/// The other program: this test run a second time, in one of its parts. It works in the user folder of this
-/// one.
-class Altro
+/// The other program works in the user folder of this one.
+class Altro : public AltroProgramma
 {
 public:
-    explicit Altro(const QString& Parte)
-    {
-        QProcessEnvironment Ambiente = QProcessEnvironment::systemEnvironment();
-        Ambiente.insert(QString::fromLatin1(VariabileParte), Parte);
-        Ambiente.insert(QString::fromLatin1(VariabileCartella), sessione::UserFolder);
-        Ambiente.insert(u"TMPDIR"_s, NuovaCartella());  // killed, it tidies nothing up
-        Programma.setProcessEnvironment(Ambiente);
-        Programma.setStandardOutputFile(QProcess::nullDevice());
-        Programma.start(QCoreApplication::applicationFilePath(), {u"TestDueProgrammi"_s, u"lAltro"_s});
-    }
-    ~Altro() { Uccidi(); }
-    Altro(const Altro&) = delete;
-    Altro& operator=(const Altro&) = delete;
-
-    void Uccidi()
-    {
-        if (Programma.state() == QProcess::NotRunning)
-            return;
-        ::kill(pid_t(Programma.processId()), SIGKILL);
-        Programma.waitForFinished();
-    }
-    [[nodiscard]] bool Finito()
-    {
-        return Programma.waitForFinished(AttesaAltro) && Programma.exitStatus() == QProcess::NormalExit &&
-               Programma.exitCode() == 0;
-    }
-
-private:
-    QProcess Programma;
+    explicit Altro(const QString& Parte) : AltroProgramma(u"TestDueProgrammi"_s, Parte, sessione::UserFolder)
+    {}
 };
 
 QString File(const QString& Nome)
@@ -70,12 +36,12 @@ QString FileNota()
 
 void Segnala(const QString& Nome)
 {
-    ScriviFile(File(Nome), "x");
+    Altro::Segnala(File(Nome));
 }
 
 bool Aspetta(const QString& Nome)
 {
-    return QTest::qWaitFor([&] { return QFile::exists(File(Nome)); }, AttesaAltro);
+    return Altro::Aspetta(File(Nome));
 }
 
 QStringList Nascosti(const QString& Cartella)
@@ -179,8 +145,8 @@ PROVA(TestDueProgrammi);
 void TestDueProgrammi::init()
 {
     T = std::make_unique<Tavolo>();
-    if (qEnvironmentVariableIsSet(VariabileCartella))
-        sessione::UserFolder = qEnvironmentVariable(VariabileCartella);
+    if (!Altro::Cartella().isEmpty())
+        sessione::UserFolder = Altro::Cartella();
     guasti::AttesaBlocchiMs = 100;
     guasti::AttesaTurnoMs = 100;
 }
@@ -195,7 +161,7 @@ void TestDueProgrammi::cleanup()
 /// Not a test of its own: what the other program does.
 void TestDueProgrammi::lAltro()
 {
-    const QString Parte = qEnvironmentVariable(VariabileParte);
+    const QString Parte = Altro::Parte();
     if (Parte.isEmpty())
         return;
     if (Parte == u"salva") {
