@@ -56,6 +56,8 @@ bool DelSistema(const QString& Percorso)
 bool ScorriCartella(const QString& Cartella, const std::function<bool(VoceCartella&&)>& Prendi)
 {
     const QString Nativa = Barra(Cartella);
+    if (const auto Attesa = guasti::PrimaDiScorrere)
+        Attesa(Nativa);
     ControllaLeggibile(Nativa);
     QDirIterator Cammino(Nativa, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot);
     while (Cammino.hasNext()) {

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace guasti {
 
 /// No file of more bytes than this is completed by ScriviFile, as on a full disk; 0 lifts the limit.
@@ -15,6 +17,10 @@ inline QString SupportoBloccato;
 /// Files under this folder refuse to be deleted, as one does that another program keeps open on some systems;
 /// an empty path lifts it.
 inline QString FileTrattenuti;
+
+/// Runs before a folder is listed, in the thread that lists it, with its path: who waits here is a network
+/// that does not answer. It changes while nothing is listed.
+inline std::function<void(const QString& Cartella)> PrimaDiScorrere;
 
 /// Every database opened or created from now on may grow to this many pages of 4096 bytes, as on a full disk;
 /// 0 lifts the limit.

@@ -2,10 +2,19 @@
 #include "feenote/finder/memoriatrova.h"
 #include "feenote/finder/nominativi.h"
 #include "feenote/finder/ricerca.h"
+#include "platform/database/primariga.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 
+#include <QScopeGuard>
+
+#include <algorithm>
 #include <memory>
+
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -20,6 +29,7 @@ private Q_SLOTS:
 
     void leNoteELeCartelle();
     void quelCheNonENota();
+    void quelCheNonEUnFile();
     void ilNomeCercato_data();
     void ilNomeCercato();
     void leSottocartelle();
@@ -43,6 +53,7 @@ private Q_SLOTS:
     void inUnFiloSuo();
     void ilFiloSiFerma();
     void ilGuastoDelFilo();
+    void laCartellaCheNonRisponde();
 
 private:
     QList<VoceTrova> Trova(const CriterioTrova& Criterio)
@@ -135,6 +146,32 @@ void TestTrova::quelCheNonENota()
 
     QCOMPARE(NomiTrovati(Qui()), (QStringList{u"[cartella.mdb]"_s, u"buona"_s}));
     QCOMPARE(Conto.Archivi, 1);
+}
+
+/// Whoever opened one of these would wait for somebody at its other end, or read for ever.
+void TestTrova::quelCheNonEUnFile()
+{
+    SalvaNota(Radice + u"buona.mdb"_s);
+    const auto Nativo = [this](const QString& Nome) { return QFile::encodeName(Radice + Nome); };
+    QCOMPARE(::mkfifo(Nativo(u"tubo.mdb"_s).constData(), 0600), 0);
+    QVERIFY(QFile::link(Radice + u"tubo.mdb"_s, Radice + u"via.mdb"_s));
+    QVERIFY(QFile::link(u"/dev/zero"_s, Radice + u"zeri.mdb"_s));
+    const int Presa = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    const auto Chiudi = qScopeGuard([Presa] { ::close(Presa); });
+    sockaddr_un Dove{};
+    Dove.sun_family = AF_UNIX;
+    const QByteArray Nome = Nativo(u"presa.mdb"_s);
+    QVERIFY(Presa >= 0 && Nome.size() < qsizetype(sizeof Dove.sun_path));
+    std::ranges::copy(Nome, Dove.sun_path);
+    QCOMPARE(::bind(Presa, reinterpret_cast<const sockaddr*>(&Dove), sizeof Dove), 0);
+
+    QCOMPARE(NomiTrovati(Qui({}, true)), QStringList{u"buona"_s});
+    QCOMPARE(Conto.Archivi, 1);
+    // One that took the place of a note behind the list's back.
+    for (const QString& Altro : {u"tubo.mdb"_s, u"zeri.mdb"_s, u"presa.mdb"_s})
+        QCOMPARE(NumeroErrore(
+                     [&] { (void)LeggiPrimaRiga(Radice + Altro, u"ParcellaParam"_s, {u"Cliente"_s}, 255); }),
+                 75);
 }
 
 void TestTrova::ilNomeCercato_data()
@@ -435,6 +472,28 @@ void TestTrova::ilGuastoDelFilo()
     QTRY_VERIFY(Ricerca.Finita());
     QVERIFY(Ricerca.Guasto());
     QCOMPARE(Ricerca.Guasto()->Numero, 76);
+}
+
+/// The thread that waits is left alone; it ends by itself when the folder answers.
+void TestTrova::laCartellaCheNonRisponde()
+{
+    SalvaNota(Radice + u"ferma/uno.mdb"_s);
+    SalvaNota(Radice + u"viva/due.mdb"_s);
+    const CartellaFerma Rete(Radice + u"ferma/"_s);
+    {
+        RicercaNote Ricerca({Radice + u"ferma"_s, Radice, {}, false});
+        QTRY_VERIFY(Rete.Attesa());
+        QVERIFY(!Ricerca.Finita());
+        Ricerca.Ferma();
+        QVERIFY(Ricerca.Finita() && Ricerca.Conto().Interrotta);
+        // Another one goes on meanwhile.
+        RicercaNote Altra({Radice + u"viva"_s, Radice, {}, false});
+        QTRY_VERIFY(Altra.Finita());
+        QCOMPARE(Altra.Conto().Archivi, 1);
+        for (const VoceTrova& Voce : Ricerca.Prendi())
+            QCOMPARE(Voce.Genere, GenereVoce::Torna);
+    }
+    QVERIFY2(Rete.Attesa(), "its end has waited for nobody");
 }
 
 #include "TestTrova.moc"

@@ -24,6 +24,8 @@ private Q_SLOTS:
     void laTendinaCambiaCartella();
     void laCartellaChiusaLasciaLeRighe();
     void laPrimaCartellaCheManca();
+    void laReteCheNonRisponde();
+    void laReteCheNonRispondePiu();
 };
 PROVA(TestTrovaCartelle);
 
@@ -205,6 +207,53 @@ void TestTrovaCartelle::laPrimaCartellaCheManca()
     Premi(Qt::Key_F5);
     Finita();
     QCOMPARE(Nomi(), QStringList{u"prima"_s});
+}
+
+/// Keys count while nothing comes, Esc gives up, another folder is listed at once.
+void TestTrovaCartelle::laReteCheNonRisponde()
+{
+    const CartellaFerma Rete(Note + u"vecchie/"_s);
+    (void)F->OpenParcMod(2, Note + u"vecchie"_s, 0, {});
+    Davanti();
+    QTRY_VERIFY(Rete.Attesa());
+    QVERIFY(F->InRicerca());
+    QCOMPARE(Stato(), u"Ricerca in corso, attendere prego... (premere <Interr> per interrompere)"_s);
+    Digita(u"neri"_s);
+    QCOMPARE(Testo()->text(), u"neri"_s);
+    Premi(Qt::Key_Escape);
+    QVERIFY(!F->InRicerca() && F->isVisible());
+    QCOMPARE(Stato(), u"Non è stata trovata alcuna parcella che soddisfi i criteri impostati"
+                      u" (ricerca interrotta)"_s);
+    Scrivi(Testo(), {});
+    Clic(Opzione(0));
+    Finita();
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"rossi 9"_s, u"rossi 10"_s, u"verdi"_s}));
+    // Going in is going to wait; the way back is open.
+    VaiSu(u"[vecchie]"_s);
+    Premi(Qt::Key_Return);
+    QVERIFY(F->InRicerca());
+    Premi(Qt::Key_Backspace);
+    Finita();
+    QCOMPARE(Corrente(), u"[vecchie]"_s);
+    F->close();
+    QVERIFY2(Rete.Attesa(), "nobody has waited for it");
+}
+
+/// A list that is on view is refreshed: its rows stay, and open.
+void TestTrovaCartelle::laReteCheNonRispondePiu()
+{
+    Apri();
+    const CartellaFerma Rete(Note);
+    Premi(Qt::Key_F5);
+    QTRY_VERIFY(Rete.Attesa());
+    QVERIFY(F->InRicerca());
+    QCOMPARE(Nomi().size(), 4);
+    Scrivi(Testo(), u"verdi"_s);
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"verdi"_s}));
+    VaiSu(u"verdi"_s);
+    Premi(Qt::Key_Return);
+    QCOMPARE(AperteDaQui, QStringList{Note + u"verdi.mdb"_s});
+    QVERIFY(!F->isVisible() && !F->InRicerca());
 }
 
 #include "TestTrovaCartelle.moc"
