@@ -6,6 +6,8 @@
 
 #include <memory>
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 /// What a note takes of another that is printed with it.
@@ -163,6 +165,7 @@ void TestMultipla::quelCheNonSiLegge_data()
     QTest::newRow("gone") << u"manca"_s << 3024;
     QTest::newRow("another kind of file") << u"estraneo"_s << 3343;
     QTest::newRow("cut by half") << u"tagliato"_s << 3343;
+    QTest::newRow("a pipe, which nobody writes into") << u"tubo"_s << 75;
     QTest::newRow("without its row") << u"vuoto"_s << 3021;
     QTest::newRow("without its lines") << u"righe"_s << 3078;
     QTest::newRow("more lines than a note has") << u"troppe"_s << 1000;
@@ -183,6 +186,9 @@ void TestMultipla::quelCheNonSiLegge()
     } else if (Come == u"tagliato") {
         QFile Meta(File);
         QVERIFY(Meta.resize(Meta.size() / 2));
+    } else if (Come == u"tubo") {
+        QVERIFY(QFile::remove(File));
+        QCOMPARE(::mkfifo(QFile::encodeName(File).constData(), 0600), 0);
     } else if (Come == u"vuoto") {
         EseguiSu(File, u"DELETE FROM ParcellaParam"_s);
     } else if (Come == u"righe") {

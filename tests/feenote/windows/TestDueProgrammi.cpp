@@ -130,6 +130,7 @@ private Q_SLOTS:
     void lAltroHaSalvatoNelFrattempo();
     void lAltroSparisceAMetaScrittura();
     void lAltroTieneTutto();
+    void lAltroTieneLaNotaAssociata();
     void laStessaCopiaNonSiOffreDueVolte();
     void uccisoInUnMomentoQualsiasi_data();
     void uccisoInUnMomentoQualsiasi();
@@ -237,6 +238,55 @@ void TestDueProgrammi::lAltroTieneTutto()
     QVERIFY(Parcelle(2)->Nota.Percorso.isEmpty());
     QCOMPARE(InfoParcelle[2].Nome, u"pratica"_s);
     QCOMPARE(F->Nota.txtCliente.Testo, u"Mio"_s);
+}
+
+/// What cannot be read is told once; the note goes on with what it had.
+void TestDueProgrammi::lAltroTieneLaNotaAssociata()
+{
+    ScriviNota(FileNota(), NotaPiena());
+    const QString Mia = T->Ufficio.File(u"mia.mdb"_s);
+    ScriviNota(Mia, NotaCivile());
+    F = T->Apri(Mia);
+    ClicScheda(F, SchedaImposte);
+    QString Scelta;
+    Aperture.TrovaParcella = [&](int, const QString&, int, const QString&) { return Scelta; };
+    const auto Associa = [&](const QString& File) {
+        Scelta = File;
+        Clic(Controllo(F, "cmdOpenPar"));
+    };
+    const QString Libera = T->Ufficio.File(u"libera.mdb"_s);
+    ScriviNota(Libera, NotaPiena());
+    const QString Occupata = u"Errore: "_s + DescrizioneErrore(3260) + u" (3260)"_s;
+    {
+        const Altro Programma(u"tiene tutto"_s);
+        QVERIFY(Aspetta(u"pronto"_s));
+        T->Voce.Attendi(Occupata, vbOK, u"Errore:"_s);
+        Associa(FileNota());
+        QVERIFY(!F->Nota.Multipla());
+        QCOMPARE(TestoDi(F, "lblSpese"), u"Esenti: 0"_s);
+        Associa(Libera);
+        QCOMPARE(TestoDi(F, "lblSpese"), u"Esenti: 27,00"_s);
+        T->Voce.Attendi(Occupata, vbOK, u"Errore:"_s);
+        Associa(FileNota());
+        QCOMPARE(TestoDi(F, "txtParcMultipla"), u"libera"_s);
+        QCOMPARE(TestoDi(F, "lblSpese"), u"Esenti: 27,00"_s);
+    }
+    QFile::remove(File(u"pronto"_s));
+    Associa(FileNota());
+    QCOMPARE(TestoDi(F, "txtParcMultipla"), u"Pratica"_s);
+    {
+        QFile Scritta(FileNota());
+        QVERIFY(
+            Scritta.open(QIODevice::ReadWrite) &&
+            Scritta.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime));
+    }
+    const Altro Programma(u"tiene tutto"_s);
+    QVERIFY(Aspetta(u"pronto"_s));
+    T->Voce.Attendi(Occupata, vbOK, u"Errore:"_s);
+    ClicScheda(F, SchedaDiStampa);
+    ClicScheda(F, SchedaImposte);
+    ClicScheda(F, SchedaDiStampa);
+    QCOMPARE(TestoDi(F, "lblSpese"), u"Esenti: 27,00"_s);
 }
 
 void TestDueProgrammi::laStessaCopiaNonSiOffreDueVolte()
