@@ -75,28 +75,6 @@ Caso CasoAssociataDopo()
     return Uno;
 }
 
-/// The parameters of both notes, their triples, expenses and payments in both, an increase of the decree.
-Caso CasoParametri()
-{
-    Caso Uno = CasoAssociataDopo();
-    Parcella& Nota = Uno.Nota;
-    Nota.chkMultiParam = true;
-    Nota.chkMinMax.Attiva = true;
-    Nota.txtImporto.Testo = u"30.000,00"_s;
-    Nota.AumRidIdx = 0;
-    Nota.AumRidVarP = 20;
-    Nota.Multi.Categ = u"Penale"_s;
-    Nota.Multi.Oggetto.clear();
-    Nota.xOnorari(0, OnoMin) = 600.0;
-    Nota.xOnorari(0, OnoMax) = 2400.0;
-    Nota.Multi.xOnorari(0, OnoMin) = 450.0;
-    Nota.Multi.xOnorari(0, OnoMax) = 1800.0;
-    campioni::AggiungiSpesa(Nota.xDiritti, u"Notifiche"_s, 2.0, 30.0, 10.0);
-    campioni::AggiungiAcconto(Nota.xAcconti, u"Bonifico del 02/04/2013"_s, u"E"_s, 500.0, 20.0, 10.0);
-    campioni::AggiungiAcconto(Nota.xAcconti, u"Contanti"_s, u"L"_s, 100000.0, 50000.0);
-    return Uno;
-}
-
 /// More paid on account than is due.
 Caso CasoOltre()
 {
@@ -165,7 +143,7 @@ void TestDocumenti::dorati_data()
     Aggiungi("civile", CasoCivile(), Tutti);
     Aggiungi("associata_prima", CasoAssociata(), Tutti);
     Aggiungi("associata_dopo", CasoAssociataDopo(), Contabili);
-    Aggiungi("associata_parametri", CasoParametri(),
+    Aggiungi("associata_parametri", {documenti::ConParametri()},
              {StampaPrenotula, StampaFatturaSintetica, StampaNotaGiudiziale});
     Aggiungi("penale", CasoPenale(), Contabili);
     Aggiungi("stragiudiziale", {documenti::Completa(campioni::Stragiudiziale())}, Contabili);

@@ -41,6 +41,28 @@ inline Parcella Completa(Parcella Nota)
     return Nota;
 }
 
+/// Two notes in one, the second behind: the parameters of both, their triples, expenses and payments in both,
+/// an increase of the decree.
+inline Parcella ConParametri()
+{
+    Parcella Nota = Completa(campioni::ConAssociata(false));
+    Nota.chkMultiParam = true;
+    Nota.chkMinMax.Attiva = true;
+    Nota.txtImporto.Testo = u"30.000,00"_s;
+    Nota.AumRidIdx = 0;
+    Nota.AumRidVarP = 20;
+    Nota.Multi.Categ = u"Penale"_s;
+    Nota.Multi.Oggetto.clear();
+    Nota.xOnorari(0, OnoMin) = 600.0;
+    Nota.xOnorari(0, OnoMax) = 2400.0;
+    Nota.Multi.xOnorari(0, OnoMin) = 450.0;
+    Nota.Multi.xOnorari(0, OnoMax) = 1800.0;
+    campioni::AggiungiSpesa(Nota.xDiritti, u"Notifiche"_s, 2.0, 30.0, 10.0);
+    campioni::AggiungiAcconto(Nota.xAcconti, u"Bonifico del 02/04/2013"_s, u"E"_s, 500.0, 20.0, 10.0);
+    campioni::AggiungiAcconto(Nota.xAcconti, u"Contanti"_s, u"L"_s, 100000.0, 50000.0);
+    return Nota;
+}
+
 /// The client as this document words it; the head of a page keeps the sample's own rows.
 inline void ScriviCliente(Parcella& Nota, int Tipo)
 {
