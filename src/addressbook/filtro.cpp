@@ -25,6 +25,15 @@ QByteArray RigaPiana(const QStringList& Celle)
     return Piana.toUtf8();
 }
 
+void AccodaCella(QByteArray& Riga, QByteArrayView Utf8)
+{
+    if (!Riga.isEmpty())
+        Riga += FraCelle.toLatin1();
+    const qsizetype Da = Riga.size();
+    AccodaPiano(Riga, Utf8);
+    std::replace(Riga.begin() + Da, Riga.end(), FineRiga, ' ');
+}
+
 Filtro::Filtro(const QString& Testo)
 {
     for (const QString& Parola : TestoPiano(Testo).simplified().split(u' ', Qt::SkipEmptyParts))

@@ -12,6 +12,9 @@
 /// The cells of a row as a filter compares them, in UTF-8. No word runs from one cell into the next.
 [[nodiscard]] QByteArray RigaPiana(const QStringList& Celle);
 
+/// Appends one cell to a row that is composed from its cells in UTF-8; no word runs from one into the next.
+void AccodaCella(QByteArray& Riga, QByteArrayView Utf8);
+
 /// The words of a filter.
 class Filtro
 {

@@ -1,52 +1,323 @@
+// The browser of the address book: controls, keys, opening.
 #include "addressbook/windows/frmRubrica.h"
 
+#include "addressbook/windows/frmRicerche.h"
+#include "addressbook/windows/frmScheda.h"
+#include "core/modErrori.h"
+#include "platform/base/errore.h"
+#include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
+#include "platform/kit/barra.h"
+#include "platform/kit/collega.h"
+#include "platform/system/shell.h"
 
 #include "ui_frmRubrica.h"
 
-#include <utility>
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QShortcut>
+#include <QTableView>
+
+#include <array>
 
 using namespace Qt::StringLiterals;
 
-frmRubrica::frmRubrica(const RichiestaRubrica& Chiesta)
-    : Richiesta(Chiesta), ui(std::make_unique<Ui::frmRubrica>())
+namespace {
+
+/// A button of the toolbar.
+struct TastoRubrica
+{
+    QStringView Chiave;
+    QStringView Icona;
+    QStringView Scritta;
+    QStringView Suggerimento;
+    int Tasti;  ///< 0: the grid or the system tells of its key
+};
+
+constexpr int Invio = 0;
+constexpr std::array Tasti{
+    TastoRubrica{u"selez", u"select", u"Seleziona", u"Scegli il nominativo per la parcella (Invio)", Invio},
+    TastoRubrica{u"new", u"new", u"Nuovo", u"Inserisci un nominativo (Ins)", Qt::Key_Insert},
+    TastoRubrica{u"edit", u"rename", u"Modifica", u"Modifica il nominativo (F2)", Qt::Key_F2},
+    TastoRubrica{u"view", u"view", u"Visualizza", u"Mostra la scheda del nominativo (doppio clic)", Invio},
+    TastoRubrica{u"delete", u"delete", u"Elimina", u"Elimina il nominativo (Canc)", 0},
+    TastoRubrica{u"search", u"search", u"Cerca", u"Cerca un nominativo per campo (Ctrl+F)",
+                 int(Qt::CTRL) | Qt::Key_F},
+    TastoRubrica{u"rimetti", u"annulla", u"Rimetti", u"Rimetti il nominativo eliminato per ultimo (Ctrl+Z)",
+                 int(Qt::CTRL) | Qt::Key_Z},
+};
+
+const QString Clienti = u"clienti"_s;
+const QString Controparti = u"controparti"_s;
+
+}  // namespace
+
+frmRubrica::frmRubrica() : ui(std::make_unique<Ui::frmRubrica>())
 {
     ui->setupUi(this);
+    setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                   Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint);
+    setWindowIcon(aspetto::Icona(Clienti));
+    datNom = new QLabel;
+    datNom->setObjectName(u"datNom"_s);
+    lblArchivio = new QLabel;
+    lblArchivio->setObjectName(u"lblArchivio"_s);
+    lblArchivio->setContentsMargins(aspetto::Bordo - 2, 0, 0, 0);  // under the grid's edge
+    ui->barStato->addWidget(lblArchivio, 1);
+    ui->barStato->addPermanentWidget(datNom);
+    CostruisciBarra();
+    aspetto::AssegnaMnemonici(this);
+    aspetto::AssegnaNomiAccessibili(this);
+    CollegaControlli();
+    CollegaTasti();
+    aspetto::RicordaPostoDi(this, u"frmRubrica"_s);
+}
+
+frmRubrica::~frmRubrica()
+{
+    // The card and the search go while what they tell of still has somebody to listen.
+    delete Scheda;
+    delete Cercatore;
+}
+
+// ---- controls -----------------------------------------------------------------------------------
+
+void frmRubrica::CostruisciBarra()
+{
+    for (const TastoRubrica& Descritto : Tasti) {
+        const QString Chiave = Descritto.Chiave.toString();
+        QAction* Azione = AggiungiTasto(ui->barRubr, Chiave, Descritto.Suggerimento.toString(),
+                                        Descritto.Scritta.toString());
+        Azione->setIcon(aspetto::Icona(Descritto.Icona.toString()));
+        if (Descritto.Tasti != 0)
+            Azione->setShortcut(QKeySequence(Descritto.Tasti));
+        ::Collega(Azione, &QAction::triggered, this, [this, Chiave] { Comando(Chiave); });
+    }
+}
+
+QAction* frmRubrica::Tasto(const QString& Chiave) const
+{
+    return ui->barRubr->findChild<QAction*>(Chiave);
+}
+
+void frmRubrica::CollegaControlli()
+{
+    ::Collega<QAbstractButton>(ui->optArchivio_0, &QAbstractButton::clicked, this,
+                               [this] { CambiaArchivio(Clienti); });
+    ::Collega<QAbstractButton>(ui->optArchivio_1, &QAbstractButton::clicked, this,
+                               [this] { CambiaArchivio(Controparti); });
+    ::Collega(ui->txtFiltro, &QLineEdit::textChanged, this, [this] { Esegui([this] { Filtra(); }); });
+    Griglia* Lista = ui->tdbRubrica;
+    Lista->ConsentiComandi(true);
+    Lista->LasciaRiga = [this](int) { return ui->panSospeso->Consenti(); };
+    Lista->CercaLettere = [this](const QString& Lettere) {
+        ui->txtFiltro->setFocus();
+        ui->txtFiltro->setText(Lettere);
+    };
+    ::Collega(Lista, &Griglia::RigaCambiata, this, [this](int Riga) { GrigliaMossa(Riga); });
+    ::Collega(Lista, &Griglia::DoppioClic, this, [this] { Comando(u"view"_s); });
+    ::Collega(Lista, &Griglia::Invio, this,
+              [this] { Comando(Richiesta.Selezione ? u"selez"_s : u"view"_s); });
+    ::Collega(Lista, &Griglia::ClicTitolo, this, &frmRubrica::tdbRubrica_HeadClick);
+    ::Collega(Lista, &Griglia::Cancella, this, [this] { Comando(u"delete"_s); });
+    ::Collega(Lista, &Griglia::Comando, this, [this](ComandoRighe Quale) {
+        if (Quale == ComandoRighe::Copia)
+            CopiaRighe(ui->tdbRubrica->Selezione());
+    });
+    ::Collega(Lista, &Griglia::MenuContestuale, this, &frmRubrica::ApriMenu);
+    ::Collega(ui->panSospeso, &LineaModifiche::Conclusa, this,
+              [this](bool Scritta) { SchedaChiusa(Scritta); });
+    ::Collega(&Lettura, &QTimer::timeout, this, [this] { LeggiTesti(); });
+}
+
+void frmRubrica::CollegaTasti()
+{
+    ui->txtFiltro->installEventFilter(this);
+    ui->tdbRubrica->Vista()->installEventFilter(this);
+    const auto Scorciatoia = [this](const QKeySequence& Sequenza, const std::function<void()>& Fai) {
+        ::Collega(new QShortcut(Sequenza, this), &QShortcut::activated, this, Fai);
+    };
+    Scorciatoia(Qt::Key_F3, [this] { Ripeti(false); });
+    Scorciatoia(Qt::SHIFT | Qt::Key_F3, [this] { Ripeti(true); });
+    Scorciatoia(Qt::Key_F5, [this] { Esegui([this] { Rileggi(); }); });
+}
+
+bool frmRubrica::eventFilter(QObject* Oggetto, QEvent* Evento)
+{
+    if (Evento->type() != QEvent::KeyPress)
+        return QDialog::eventFilter(Oggetto, Evento);
+    const auto& Premuto = *static_cast<QKeyEvent*>(Evento);
+    const bool Scende =
+        Premuto.key() == Qt::Key_Down || Premuto.key() == Qt::Key_Return || Premuto.key() == Qt::Key_Enter;
+    if (Oggetto == ui->txtFiltro && Scende) {
+        ui->tdbRubrica->setFocus(Qt::TabFocusReason);
+        return true;
+    }
+    // Esc empties the filter, also from the grid; the next one closes.
+    const bool DallaGriglia = Oggetto == ui->tdbRubrica->Vista() && !ui->tdbRubrica->Selezione().isEmpty();
+    if (Premuto.key() == Qt::Key_Escape && !ui->txtFiltro->text().isEmpty() && !DallaGriglia) {
+        ui->txtFiltro->clear();
+        return true;
+    }
+    return QDialog::eventFilter(Oggetto, Evento);
+}
+
+void frmRubrica::ApriMenu(int Riga, const QPoint& Punto)
+{
+    auto* Menu = new QMenu(this);
+    Menu->setObjectName(u"menuRubrica"_s);
+    Menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (Riga >= 0)
+        ui->tdbRubrica->ImpostaRigaCorrente(Riga);
+    for (const TastoRubrica& Descritto : Tasti) {
+        QAction* Azione = Tasto(Descritto.Chiave.toString());
+        if (Azione->isVisible())
+            Menu->addAction(Azione);
+    }
+    Menu->addSeparator();
+    const bool SuRiga = ui->tdbRubrica->RigaCorrente().has_value();
+    QAction* Copia = Menu->addAction(aspetto::Icona(u"copia"_s), u"Copia la riga"_s);
+    Copia->setObjectName(u"copiaRiga"_s);
+    Copia->setEnabled(SuRiga);
+    ::Collega(Copia, &QAction::triggered, this, [this] {
+        const QList<int> Scelte = ui->tdbRubrica->Selezione();
+        CopiaRighe(Scelte.isEmpty() ? QList{ui->tdbRubrica->RigaCorrente().value_or(-1)} : Scelte);
+    });
+    const QString Testo = ui->tdbRubrica->Vista()->currentIndex().data().toString();
+    QAction* Cella = Menu->addAction(u"Copia il testo della cella"_s);
+    Cella->setObjectName(u"copiaTesto"_s);
+    Cella->setEnabled(!Testo.isEmpty());
+    ::Collega(Cella, &QAction::triggered, this, [Testo] { QApplication::clipboard()->setText(Testo); });
+    Menu->popup(Punto);
+}
+
+// ---- opening ------------------------------------------------------------------------------------
+
+bool frmRubrica::Apri(const RichiestaRubrica& Chiesta)
+{
+    if (isVisible() && !Congeda()) {
+        raise();
+        return false;
+    }
+    const RichiestaRubrica Prima = std::exchange(Richiesta, Chiesta);
+    if (!Protetta([this] { ApriTabella(); })) {
+        Richiesta = Prima;
+        MostraRichiesta();
+        return false;
+    }
+    MostraRichiesta();
+    Protetta([this] { VaiAllaRigaLegata(); });
+    show();
+    // Keyboard and mouse alike: without this, which showing a window takes away, no list is outlined before
+    // the first Tab.
+    setAttribute(Qt::WA_KeyboardFocusChange);
+    if (isMinimized())
+        showNormal();
+    raise();
+    activateWindow();
+    ui->tdbRubrica->setFocus();
+    AvviaMenu();
+    return true;
+}
+
+/// Caption, switch and buttons for the one who asks.
+void frmRubrica::MostraRichiesta()
+{
     setWindowTitle(u"Archivio: "_s + Richiesta.RecordSource);
-    ApriTabella();
+    ui->optArchivio_0->setVisible(!Richiesta.Selezione);
+    ui->optArchivio_1->setVisible(!Richiesta.Selezione);
+    ui->optArchivio_0->setChecked(Richiesta.RecordSource.compare(Clienti, Qt::CaseInsensitive) == 0);
+    ui->optArchivio_1->setChecked(Richiesta.RecordSource.compare(Controparti, Qt::CaseInsensitive) == 0);
+    Tasto(u"selez"_s)->setVisible(Richiesta.Selezione);
+    for (const QString& Chiave : {u"new"_s, u"edit"_s, u"delete"_s, u"rimetti"_s})
+        Tasto(Chiave)->setVisible(Richiesta.Modifiche);
+    ui->tdbRubrica->setToolTip(Richiesta.Selezione
+                                   ? u"Invio sceglie il nominativo, doppio clic mostra la sua scheda"_s
+                                   : u"Doppio clic per mostrare la scheda"_s);
+    Abilita();
 }
 
-frmRubrica::~frmRubrica() = default;
-
-void frmRubrica::ApriTabella()
+void frmRubrica::CambiaArchivio(const QString& Tabella)
 {
-    Archivio = OpenDatabase(FileRubrica(Richiesta.DataSource));
-    Righe = Archivio.OpenRecordset(SqlRubrica(Richiesta.RecordSource));
-    GridFromDB(Archivio, Righe);
-    ui->tdbRubrica->Lega(Righe);
+    RichiestaRubrica Altra = Richiesta;
+    Altra.RecordSource = Tabella;
+    Altra.MenuStart.clear();
+    Altra.KeyStart.clear();
+    Altra.ID = 0;
+    if (Tabella.compare(Richiesta.RecordSource, Qt::CaseInsensitive) != 0 && !Apri(Altra))
+        MostraRichiesta();
 }
 
-void frmRubrica::GridFromDB(const Database&, const Recordset& Nominativi)
+void frmRubrica::VaiAllaRigaLegata()
 {
-    Colonne.clear();
-    for (const ColonnaRubrica& Colonna : ColonneRubrica(Nominativi.Campi())) {
-        AddGrigCol(Colonna.Nome, Colonna.Titolo, Colonna.Size, Colonna.Formato, Colonna.Maschera);
-        Colonne.last().Tipo = Colonna.Tipo;
+    if (Richiesta.ID <= 0 || !HaColonna(Righe.Campi(), u"ID"_s))
+        return;
+    Righe.FindFirst(u"ID="_s + QString::number(Richiesta.ID));
+    Riallinea();
+}
+
+/// The command with which the browser was opened, on its row. It is forgotten in any case, so that it does
+/// not run again.
+void frmRubrica::AvviaMenu()
+{
+    const QString Parola = std::exchange(Richiesta.MenuStart, {});
+    const QString Criterio = std::exchange(Richiesta.KeyStart, {});
+    if (Parola.isEmpty())
+        return;
+    Esegui([&] {
+        if (!Criterio.isEmpty()) {
+            Righe.FindFirst(Criterio);
+            Riallinea();
+        }
+        if (Criterio.isEmpty() || !Righe.NoMatch())
+            Comando(Parola);
+    });
+}
+
+// ---- closing ------------------------------------------------------------------------------------
+
+bool frmRubrica::Congeda()
+{
+    if (Scheda && !Scheda->Congeda())
+        return false;
+    return ui->panSospeso->Consenti();
+}
+
+void frmRubrica::LasciaNota()
+{
+    Richiesta.Selezione = false;
+    Richiesta.Indice = 0;
+    MostraRichiesta();
+    close();
+}
+
+void frmRubrica::reject()
+{
+    if (Congeda())
+        QDialog::reject();
+    else
+        raise();
+}
+
+void frmRubrica::showEvent(QShowEvent* Evento)
+{
+    QDialog::showEvent(Evento);
+    // Behind the first look: the letters of a filter come later.
+    constexpr int Respiro = 200;
+    if (!Evento->spontaneous())
+        Lettura.start(Respiro);
+}
+
+void frmRubrica::hideEvent(QHideEvent* Evento)
+{
+    if (!Evento->spontaneous()) {
+        Lettura.stop();
+        RicordaLarghezze();
     }
-    QList<ColonnaGriglia> DiGriglia;
-    for (const ColonnaRubrica& Colonna : std::as_const(Colonne)) {
-        ColonnaGriglia Nuova;
-        Nuova.Titolo = Colonna.Titolo;
-        Nuova.NomeCampo = Colonna.Nome;
-        Nuova.Larghezza = aspetto::Pixel(LarghezzaTwip(Colonna.Size));
-        Nuova.Mostra = [Colonna](const QVariant& Valore, int) { return TestoCella(Valore, Colonna); };
-        DiGriglia.append(Nuova);
-    }
-    ui->tdbRubrica->ImpostaColonne(DiGriglia);
-}
-
-void frmRubrica::AddGrigCol(const QString& Nome, const QString& Titolo, int Size, const QString& Formato,
-                            const QString& Maschera)
-{
-    Colonne.append({.Nome = Nome, .Titolo = Titolo, .Size = Size, .Formato = Formato, .Maschera = Maschera});
+    QDialog::hideEvent(Evento);
 }

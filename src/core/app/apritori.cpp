@@ -1,5 +1,7 @@
 #include "core/app/apritori.h"
 
+#include "addressbook/richiesta.h"
+#include "addressbook/windows/rubriche.h"
 #include "calculators/windows/frmCodFis.h"
 #include "calculators/windows/frmContrib.h"
 #include "calculators/windows/frmInteressi.h"
@@ -13,6 +15,7 @@
 #include "core/desktop/frmMain.h"
 #include "core/desktop/frmStudio.h"
 #include "core/modErrori.h"
+#include "core/sessione.h"
 #include "core/settings/frmSetup.h"
 #include "core/settings/frmSfoglia.h"
 #include "feenote/finder/windows/frmTrovaParcella.h"
@@ -76,6 +79,19 @@ void RiempiParcelle()
     };
 }
 
+void RiempiRubrica()
+{
+    Aperture.RubricaParcella = ApriRubrica;
+    Aperture.Finestre[u"clienti"_s] = [] {
+        ApriRubrica({.DataSource = sessione::ArchivioCliCon,
+                     .RecordSource = u"clienti"_s,
+                     .Parent = u"cli"_s,
+                     .MenuStart = {},
+                     .KeyStart = {}});
+    };
+    Aperture.ParcellaChiusa = ChiudiRubricaDi;
+}
+
 /// A sheet, in the one viewer of sheets: the next one takes its place.
 void ApriPagina(const QString& Pagina, const QString& Titolo)
 {
@@ -127,6 +143,7 @@ void Registra(const QString& Parola)
 void RiempiApritori()
 {
     RiempiParcelle();
+    RiempiRubrica();
     Aperture.PaginaWeb = ApriPagina;
     Aperture.PaginaSegue = SeguiPagina;
     Aperture.Avviso = ApriAvviso;

@@ -1,0 +1,181 @@
+// The browser of the address book: what is done with a row.
+#include "addressbook/windows/frmRicerche.h"
+#include "addressbook/windows/frmRubrica.h"
+#include "addressbook/windows/frmScheda.h"
+#include "core/aperture.h"
+#include "core/modErrori.h"
+#include "platform/base/errore.h"
+#include "platform/grid/griglia.h"
+#include "platform/kit/collega.h"
+#include "platform/system/messaggi.h"
+
+#include "ui_frmRubrica.h"
+
+#include <QAction>
+#include <QTableView>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+/// Runs a procedure of the form. A row that another program has deleted is told, and goes from the list.
+void frmRubrica::Esegui(const std::function<void()>& Azione)
+{
+    try {
+        Azione();
+    } catch (const Errore& Guasto) {
+        GestioneErrori(Guasto);
+        if (Guasto.Numero == errori::RecordEliminato)
+            Protetta([this] { Rileggi(); });
+    }
+}
+
+void frmRubrica::Comando(const QString& Parola)
+{
+    const QString Chiave = Parola.toLower();
+    const QAction* Azione = Tasto(Chiave);
+    if (!Azione || !Azione->isVisible() || !Azione->isEnabled() || Scheda)
+        return;
+    Esegui([&] {
+        if (!ui->panSospeso->Consenti())
+            return;
+        if (Chiave == u"delete"_s)
+            Elimina();
+        else if (Chiave == u"search"_s)
+            ApriRicerca();
+        else if (Chiave == u"selez"_s)
+            Seleziona();
+        else if (Chiave == u"rimetti"_s)
+            Rimetti();
+        else
+            ApriScheda(Chiave);
+    });
+}
+
+// ---- the card -----------------------------------------------------------------------------------
+
+void frmRubrica::ApriScheda(const QString& Modo)
+{
+    Scheda = new frmScheda(this);
+    Scheda->ImpostaModalità(Modo);
+    Scheda->Consegna(Righe, ui->tdbRubrica->Colonne());
+    ::Collega(Scheda.data(), &frmScheda::Chiusa, this, [this](bool Scritta) {
+        Scheda = nullptr;
+        SchedaChiusa(Scritta);
+    });
+    ::Collega(Scheda.data(), &frmScheda::RigaSpostata, this, [this] { Riallinea(); });
+    Scheda->Carica();
+}
+
+/// Behind a card, and behind the line of what it has left unsaved.
+void frmRubrica::SchedaChiusa(bool Scritta)
+{
+    Riallinea();
+    ui->panSospeso->Aggiorna();
+    if (Scritta)
+        Esegui([this] { Salvata(); });
+    ui->tdbRubrica->setFocus();
+}
+
+/// The current row was written: the whole table has it too, and the notes that are linked to it follow.
+void frmRubrica::Salvata()
+{
+    AllineaTutte();
+    ContaRighe();
+    if (Aperture.NominativoCambiato && HaColonna(Righe.Campi(), u"ID"_s))
+        Aperture.NominativoCambiato(Richiesta.RecordSource, Righe.Value(u"ID"_s).toInt());
+}
+
+// ---- deleting -----------------------------------------------------------------------------------
+
+void frmRubrica::Elimina()
+{
+    if (MsgBox(u"Confermi la cancellazione del nominativo selezionato?"_s,
+               vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString()) != vbYes)
+        return;
+    const QVariantList Celle = Righe.Grezza();
+    Righe.Delete();
+    Tolte.push_back({Archivio.Percorso(), Richiesta.RecordSource, Celle});
+    ui->tdbRubrica->AzzeraSelezione();
+    AllineaTutte();
+    VaiAllaRiga(0);
+}
+
+void frmRubrica::Rimetti()
+{
+    const auto Ultima = std::find_if(Tolte.rbegin(), Tolte.rend(), [this](const RigaTolta& Tolta) {
+        return Tolta.File == Archivio.Percorso() && Tolta.Tabella == Richiesta.RecordSource;
+    });
+    if (Ultima == Tolte.rend())
+        return;
+    Righe.Rimetti(Ultima->Celle);
+    Tolte.erase(std::next(Ultima).base());
+    AllineaTutte();
+    Riallinea();
+    ui->tdbRubrica->setFocus();
+}
+
+// ---- searching ----------------------------------------------------------------------------------
+
+frmRicerche& frmRubrica::Ricerca()
+{
+    if (!Cercatore) {
+        Cercatore = new frmRicerche(this);
+        Cercatore->ImpostaRecordSource(Righe);
+        Cercatore->PrimaDiMuovere = [this] { return ui->panSospeso->Consenti(); };
+        ::Collega(Cercatore.data(), &frmRicerche::Trovata, this, [this] {
+            Riallinea();
+            const QTableView* Vista = ui->tdbRubrica->Vista();
+            const QRect Riga = Vista->visualRect(Vista->currentIndex());
+            Cercatore->Scopri({Vista->viewport()->mapToGlobal(QPoint(0, Riga.top())),
+                               QSize(Vista->viewport()->width(), Riga.height())});
+        });
+    }
+    return *Cercatore;
+}
+
+/// All rows are searched, so that the filter goes.
+void frmRubrica::ApriRicerca()
+{
+    TogliFiltro();
+    frmRicerche& Form = Ricerca();
+    Form.InitCampi();
+    struct Cercabile
+    {
+        QString Nome;
+        QString Titolo;
+    };
+    for (const auto& [Nome, Titolo] :
+         {Cercabile{u"Nominativo"_s, u"Nominativo"_s}, Cercabile{u"CodFis"_s, u"Codice fiscale"_s}})
+        if (HaColonna(Righe.Campi(), Nome))
+            Form.AddCampi(Nome, Titolo);
+    Form.LoadCampi();
+    Form.Apri();
+    const QWidget* Vista = ui->tdbRubrica->Vista()->viewport();
+    Form.Accosta({Vista->mapToGlobal(QPoint()), Vista->size()});
+}
+
+void frmRubrica::Ripeti(bool Indietro)
+{
+    if (Scheda)
+        return;
+    if (!Cercatore || !Cercatore->PuoRipetere())
+        Comando(u"search"_s);
+    else
+        Esegui([&] { Cercatore->Ripeti(Indietro); });
+}
+
+// ---- choosing -----------------------------------------------------------------------------------
+
+void frmRubrica::Seleziona()
+{
+    const QVariantList Valori = ValoriScelti(Righe, Colonne);
+    if (Valori.at(1).toString().trimmed().isEmpty()) {
+        MsgBox(u"Il nominativo scelto non ha un nome!"_s, vbOKOnly + vbExclamation,
+               TitoloAvvertenza.toString());
+        return;
+    }
+    if (Aperture.SceltaDaRubrica)
+        Aperture.SceltaDaRubrica(Richiesta.Indice, Richiesta.Numero, Richiesta.Parent, Valori);
+    close();
+}

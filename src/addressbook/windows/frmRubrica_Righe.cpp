@@ -1,0 +1,339 @@
+// The browser of the address book: its rows, their columns, order and filter.
+#include "addressbook/windows/frmRicerche.h"
+#include "addressbook/windows/frmRubrica.h"
+#include "core/modErrori.h"
+#include "core/parametri.h"
+#include "platform/base/errore.h"
+#include "platform/grid/griglia.h"
+#include "platform/kit/aspetto.h"
+#include "platform/system/shell.h"
+
+#include "ui_frmRubrica.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QLabel>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QTableView>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString ChiaveLarghezze(const QString& Tabella)
+{
+    return u"Disposizione_tdbRubrica_"_s + Tabella.toLower();
+}
+
+bool ADestra(TipoCampo Tipo)
+{
+    return Tipo != TipoCampo::Testo && Tipo != TipoCampo::Memo && Tipo != TipoCampo::Data &&
+           Tipo != TipoCampo::Booleano;
+}
+
+}  // namespace
+
+// ---- rows ---------------------------------------------------------------------------------------
+
+Recordset frmRubrica::ApriRighe(const std::optional<Ordine>& In) const
+{
+    return Archivio.OpenRecordset(In ? SqlRubrica(Richiesta.RecordSource, In->Per, In->Discendente)
+                                     : SqlRubrica(Richiesta.RecordSource));
+}
+
+/// Opens the table that is asked for. Where it fails everything stays as it was.
+void frmRubrica::ApriTabella()
+{
+    const ClessidraAccesa Attesa;
+    const Database Nuovo = OpenDatabase(FileRubrica(Richiesta.DataSource));
+    const quint64 Versione = Nuovo.Versione();
+    const Recordset Nuove = Nuovo.OpenRecordset(SqlRubrica(Richiesta.RecordSource));
+    RicordaLarghezze();
+    Archivio = Nuovo;
+    TabellaInVista = Richiesta.RecordSource;
+    VersioneRighe = Versione;
+    Tutte = Nuove;
+    InOrdine.reset();
+    Versi.clear();
+    GridFromDB(Archivio, Tutte);
+    ui->tdbRubrica->ImpostaLarghezze(Impostazione(ChiaveLarghezze(Richiesta.RecordSource)));
+    Testi.Imposta(Archivio, Tutte, Colonne);
+    {
+        const QSignalBlocker Zitto(ui->txtFiltro);
+        ui->txtFiltro->clear();
+    }
+    Vaglio = {};
+    MostraRighe({});
+    VaiAllaRiga(0);
+    lblArchivio->setText(Archivio.DiSolaLettura() ? u"L'archivio è di sola lettura"_s : QString());
+    if (isVisible())
+        Lettura.start(0);
+}
+
+/// Reads the rows anew, in their order and through their filter; the current one stays where it can.
+void frmRubrica::Rileggi()
+{
+    if (!Archivio.Aperto() || !ui->panSospeso->Consenti())
+        return;
+    const ClessidraAccesa Attesa;
+    const QVariant Segno = SegnoCorrente();
+    const quint64 Versione = Archivio.Versione();
+    const int Posto = Righe.AbsolutePosition();
+    Tutte = ApriRighe(InOrdine);
+    VersioneRighe = Versione;
+    MostraRighe(Segno, Posto);
+}
+
+/// After this browser has written: without a filter the rows on view are those of the table.
+void frmRubrica::AllineaTutte()
+{
+    const quint64 Versione = Archivio.Versione();
+    if (!Vaglio.Vuoto())
+        Tutte = ApriRighe(InOrdine);
+    VersioneRighe = Versione;
+}
+
+/// Puts the rows that the filter leaves on view; the row of this bookmark is the current one where it is
+/// among them, else the one in the other place.
+void frmRubrica::MostraRighe(const QVariant& Segno, int Altrimenti)
+{
+    Righe = Vaglio.Vuoto() ? Tutte : Tutte.Ristretto(Testi.Cerca(Vaglio));
+    {
+        const QScopedValueRollback Guardia(InMostra, true);
+        const QScrollBar* Barra = ui->tdbRubrica->Vista()->horizontalScrollBar();
+        const int DaSinistra = Barra->value();
+        const int Colonna = ui->tdbRubrica->ColonnaCorrente();
+        ui->tdbRubrica->Lega(Righe);
+        int Posto = std::clamp(Altrimenti, 0, std::max(0, Righe.RecordCount() - 1));
+        try {
+            if (Segno.isValid()) {
+                Righe.ImpostaBookmark(Segno);
+                Posto = Righe.AbsolutePosition();
+            }
+        } catch (const Errore& Guasto) {
+            if (Guasto.Numero != errori::Segnalibro)
+                throw;
+        }
+        if (Righe.RecordCount() > 0) {
+            Righe.ImpostaAbsolutePosition(Posto);
+            ui->tdbRubrica->ImpostaRigaCorrente(Posto, Colonna);
+        }
+        ui->tdbRubrica->Vista()->horizontalScrollBar()->setValue(DaSinistra);
+    }
+    ui->panSospeso->Segui(Righe);
+    if (Cercatore)
+        Cercatore->ImpostaRecordSource(Righe);
+    ContaRighe();
+    Abilita();
+}
+
+/// The grid follows the recordset: rows that have come or gone, and the current one.
+void frmRubrica::Riallinea()
+{
+    const QScopedValueRollback Guardia(InMostra, true);
+    ui->tdbRubrica->Rilega();
+    if (const int Posto = Righe.AbsolutePosition(); Posto >= 0)
+        ui->tdbRubrica->ImpostaRigaCorrente(Posto);
+    ContaRighe();
+    Abilita();
+}
+
+void frmRubrica::VaiAllaRiga(int Posto)
+{
+    if (Posto < Righe.RecordCount())
+        Righe.ImpostaAbsolutePosition(Posto);
+    Riallinea();
+}
+
+/// The recordset follows the grid.
+void frmRubrica::GrigliaMossa(int Riga)
+{
+    if (!InMostra && Riga >= 0 && Riga < Righe.RecordCount() && Riga != Righe.AbsolutePosition())
+        Righe.ImpostaAbsolutePosition(Riga);
+    ui->panSospeso->Aggiorna();
+    Abilita();
+}
+
+bool frmRubrica::HaRiga() const
+{
+    return Righe.RecordCount() > 0 && ui->tdbRubrica->RigaCorrente();
+}
+
+/// Bookmark of the current row; invalid where there is none.
+QVariant frmRubrica::SegnoCorrente() const
+{
+    try {
+        return Righe.RecordCount() > 0 ? Righe.Bookmark() : QVariant();
+    } catch (const Errore&) {
+        return {};
+    }
+}
+
+void frmRubrica::ContaRighe()
+{
+    const bool Filtrate = !Vaglio.Vuoto();
+    datNom->setText(FraseConto(Righe.RecordCount(), Tutte.RecordCount(), Filtrate));
+    const QString Vuota =
+        Richiesta.Modifiche ? u"Nessun nominativo: Nuovo (Ins) o Importa"_s : u"Nessun nominativo"_s;
+    ui->tdbRubrica->FraseVuota(Filtrate ? u"Nessun nominativo contiene queste parole (Esc svuota il filtro)"_s
+                                        : Vuota);
+}
+
+void frmRubrica::Abilita()
+{
+    const bool Aperta = Archivio.Aperto();
+    const bool Scrivibile = Aperta && Richiesta.Modifiche && !Archivio.DiSolaLettura();
+    const bool Riga = Aperta && HaRiga();
+    const QString File = Archivio.Percorso();
+    const bool Eliminati = std::ranges::any_of(Tolte, [&](const RigaTolta& Tolta) {
+        return Tolta.File == File && Tolta.Tabella == Richiesta.RecordSource;
+    });
+    Tasto(u"selez"_s)->setEnabled(Riga && Richiesta.Selezione);
+    Tasto(u"new"_s)->setEnabled(Scrivibile);
+    Tasto(u"edit"_s)->setEnabled(Scrivibile && Riga);
+    Tasto(u"view"_s)->setEnabled(Riga);
+    Tasto(u"delete"_s)->setEnabled(Scrivibile && Riga);
+    Tasto(u"search"_s)->setEnabled(Aperta);
+    Tasto(u"rimetti"_s)->setEnabled(Scrivibile && Eliminati);
+    ui->txtFiltro->setEnabled(Aperta);
+}
+
+// ---- columns ------------------------------------------------------------------------------------
+
+void frmRubrica::GridFromDB(const Database&, const Recordset& Nominativi)
+{
+    Colonne.clear();
+    for (const ColonnaRubrica& Colonna : ColonneRubrica(Nominativi.Campi())) {
+        AddGrigCol(Colonna.Nome, Colonna.Titolo, Colonna.Size, Colonna.Formato, Colonna.Maschera);
+        Colonne.last().Tipo = Colonna.Tipo;
+    }
+    QList<ColonnaGriglia> DiGriglia;
+    for (const ColonnaRubrica& Colonna : std::as_const(Colonne)) {
+        ColonnaGriglia Nuova;
+        Nuova.Titolo = Colonna.Titolo;
+        Nuova.NomeCampo = Colonna.Nome;
+        Nuova.Larghezza = aspetto::Pixel(LarghezzaTwip(Colonna.Size));
+        if (ADestra(Colonna.Tipo))
+            Nuova.Allinea = Qt::AlignRight;
+        Nuova.Mostra = [Colonna](const QVariant& Valore, int) { return TestoCella(Valore, Colonna); };
+        DiGriglia.append(Nuova);
+    }
+    ui->tdbRubrica->ImpostaColonne(DiGriglia);
+    SegnaOrdine();
+}
+
+void frmRubrica::AddGrigCol(const QString& Nome, const QString& Titolo, int Size, const QString& Formato,
+                            const QString& Maschera)
+{
+    Colonne.append({.Nome = Nome, .Titolo = Titolo, .Size = Size, .Formato = Formato, .Maschera = Maschera});
+}
+
+/// Those of the table that is on view, if the user has moved them.
+void frmRubrica::RicordaLarghezze()
+{
+    // No message where they cannot be stored: the next showing uses the former ones.
+    if (!Colonne.isEmpty() && ui->tdbRubrica->ColonneMosse())
+        Protetta([this] { SalvaImpostazione(ChiaveLarghezze(TabellaInVista), ui->tdbRubrica->Larghezze()); },
+                 errori::Accesso);
+}
+
+void frmRubrica::CopiaRighe(QList<int> Numeri) const
+{
+    std::ranges::sort(Numeri);
+    const QTableView* Vista = ui->tdbRubrica->Vista();
+    QStringList Testo;
+    for (const int Riga : std::as_const(Numeri)) {
+        QStringList Celle;
+        for (int Posto = 0; Posto < Vista->horizontalHeader()->count(); ++Posto) {
+            const int Colonna = Vista->horizontalHeader()->logicalIndex(Posto);
+            QString Cella = Vista->model()->index(Riga, Colonna).data().toString();
+            for (const QChar Divide : {u'\t', u'\n', u'\r'})
+                Cella.replace(Divide, u' ');
+            Celle.append(Cella);
+        }
+        Testo.append(Celle.join(u'\t'));
+    }
+    if (!Testo.isEmpty())
+        QApplication::clipboard()->setText(Testo.join(u'\n'));
+}
+
+// ---- order --------------------------------------------------------------------------------------
+
+void frmRubrica::tdbRubrica_HeadClick(int Colonna)
+{
+    Esegui([&] {
+        const QString Nome = Colonne.at(Colonna).Nome;
+        const bool Discendente = Versi.contains(Nome) && !Versi.value(Nome);
+        if (Archivio.Aperto() && ui->panSospeso->Consenti()) {
+            const ClessidraAccesa Attesa;
+            const QVariant Segno = SegnoCorrente();
+            const Ordine Nuovo{Colonne.at(Colonna), Discendente};
+            const quint64 Versione = Archivio.Versione();
+            Tutte = ApriRighe(Nuovo);
+            VersioneRighe = Versione;
+            InOrdine = Nuovo;
+            Versi[Nome] = Discendente;
+            MostraRighe(Segno);
+        }
+    });
+    SegnaOrdine();  // the click has turned the mark by itself
+}
+
+void frmRubrica::SegnaOrdine()
+{
+    QHeaderView* Testata = ui->tdbRubrica->Vista()->horizontalHeader();
+    int Colonna = -1;
+    for (int i = 0; InOrdine && i < Colonne.size(); ++i)
+        if (Colonne[i].Nome == InOrdine->Per.Nome)
+            Colonna = i;
+    Testata->setSortIndicatorShown(Colonna >= 0);
+    Testata->setSortIndicator(Colonna,
+                              InOrdine && InOrdine->Discendente ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+// ---- filter -------------------------------------------------------------------------------------
+
+/// Shows the rows that hold what is typed, once their texts are read.
+void frmRubrica::Filtra()
+{
+    const Filtro Nuovo(ui->txtFiltro->text());
+    if (Nuovo == Vaglio || !Archivio.Aperto())
+        return;
+    if (!ui->panSospeso->Consenti())
+        return;
+    if (!Nuovo.Vuoto() && !Testi.Leggi()) {
+        Lettura.start(0);
+        datNom->setText(u"Lettura dell'archivio..."_s);
+        return;
+    }
+    const QVariant Segno = SegnoCorrente();
+    Vaglio = Nuovo;
+    // What this program or another has written since is taken up.
+    if (const quint64 Versione = Archivio.Versione(); Versione != VersioneRighe) {
+        Tutte = ApriRighe(InOrdine);
+        VersioneRighe = Versione;
+    }
+    MostraRighe(Segno);
+}
+
+void frmRubrica::TogliFiltro()
+{
+    ui->txtFiltro->clear();
+}
+
+/// A portion of the texts at a time, between the events.
+void frmRubrica::LeggiTesti()
+{
+    Lettura.setInterval(0);
+    bool Letti = true;
+    if (!Protetta([&] { Letti = Testi.Leggi(); }) || Letti) {
+        Lettura.stop();
+        Esegui([this] { Filtra(); });
+    }
+}

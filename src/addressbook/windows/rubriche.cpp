@@ -1,0 +1,63 @@
+#include "addressbook/windows/rubriche.h"
+
+#include "addressbook/windows/frmRubrica.h"
+
+#include <QCoreApplication>
+#include <QHash>
+#include <QPointer>
+
+namespace {
+
+QHash<int, QPointer<frmRubrica>>& Aperte()
+{
+    static QHash<int, QPointer<frmRubrica>> PerPosto;
+    return PerPosto;
+}
+
+frmRubrica* Nuova()
+{
+    auto* Rubrica = new frmRubrica;
+    Rubrica->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, Rubrica, &QObject::deleteLater);
+    return Rubrica;
+}
+
+}  // namespace
+
+frmRubrica* RubricaDi(int Indice)
+{
+    frmRubrica* Rubrica = Aperte().value(Indice);
+    return Rubrica && Rubrica->isVisible() ? Rubrica : nullptr;  // a closed one goes with the next events
+}
+
+void ApriRubrica(const RichiestaRubrica& Chiesta)
+{
+    frmRubrica* Presente = RubricaDi(Chiesta.Indice);
+    // One that belongs to a former note in this place takes no choice for the new one.
+    if (Presente && Presente->Chiesta().Numero != Chiesta.Numero) {
+        Presente->LasciaNota();
+        Aperte().remove(Chiesta.Indice);
+        Presente = nullptr;
+    }
+    frmRubrica* Rubrica = Presente ? Presente : Nuova();
+    Aperte()[Chiesta.Indice] = Rubrica;
+    if (!Rubrica->Apri(Chiesta) && !Presente)
+        Rubrica->deleteLater();
+}
+
+void ChiudiRubricaDi(int Indice, int Numero)
+{
+    frmRubrica* Presente = RubricaDi(Indice);
+    if (!Presente || Presente->Chiesta().Numero != Numero)
+        return;
+    Aperte().remove(Indice);
+    Presente->LasciaNota();
+}
+
+bool ChiudiRubriche()
+{
+    for (const QPointer<frmRubrica>& Rubrica : Aperte().values())
+        if (Rubrica && Rubrica->isVisible() && !Rubrica->close())
+            return false;
+    return true;
+}

@@ -1,0 +1,14 @@
+// The browsers of the address book that are open: one for the desktop, one for each note.
+#pragma once
+
+class frmRubrica;
+struct RichiestaRubrica;
+
+/// Opens the browser for whoever asks, or brings his up with the new table.
+void ApriRubrica(const RichiestaRubrica& Chiesta);
+/// A note has closed: its browser goes with it.
+void ChiudiRubricaDi(int Indice, int Numero);
+/// Closes all of them, asking about what is not saved. @return false when the user stays with one
+[[nodiscard]] bool ChiudiRubriche();
+/// The browser of a place, 0 the desktop's; null when it is not open.
+[[nodiscard]] frmRubrica* RubricaDi(int Indice);
