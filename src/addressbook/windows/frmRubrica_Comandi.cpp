@@ -64,7 +64,8 @@ void frmRubrica::ApriScheda(const QString& Modo)
         SchedaChiusa(Scritta);
     });
     ::Collega(Scheda.data(), &frmScheda::RigaSpostata, this, [this] { Riallinea(); });
-    Scheda->Carica();
+    if (!Scheda->Carica())
+        Rileggi();  // it has been told why: the row may have gone
 }
 
 /// Behind a card, and behind the line of what it has left unsaved.

@@ -331,9 +331,12 @@ void frmRubrica::TogliFiltro()
 void frmRubrica::LeggiTesti()
 {
     Lettura.setInterval(0);
-    bool Letti = true;
-    if (!Protetta([&] { Letti = Testi.Leggi(); }) || Letti) {
-        Lettura.stop();
-        Esegui([this] { Filtra(); });
+    try {
+        if (!Testi.Leggi())
+            return;
+    } catch (const Errore&) {
+        // Nobody has asked yet; the filter tells when it needs them.
     }
+    Lettura.stop();
+    Esegui([this] { Filtra(); });
 }
