@@ -173,24 +173,37 @@ void Finestra(const Chiamata& C)
     Aperture.Apri(C.Parola);
 }
 
-void Pagina(QStringView Percorso)
+/// A page of the program's own, which stands in where there is no server.
+QString PaginaPropria(QStringView Nome)
 {
-    ApriUrl(indirizzi::Server.toString() + Percorso.toString());
+    return sessione::PercorsoProg + Nome.toString();
 }
 
-void Rilascio(const Chiamata&)
+constexpr QStringView PaginaCollegamenti = u"link.htm";
+constexpr QStringView PaginaAssistenza = u"assistenza.htm";
+
+void Rilascio(const Chiamata& C)
 {
-    Pagina(u"/vdm/setup/notes.htm");
+    if (const QString Server = indirizzi::Server(); !Server.isEmpty())
+        ApriUrl(Server + u"/vdm/setup/notes.htm"_s);
+    else
+        Novita(C);
 }
 
 void Collegamenti(const Chiamata&)
 {
-    Pagina(u"/vdm/link.htm");
+    if (const QString Server = indirizzi::Server(); !Server.isEmpty())
+        ApriUrl(Server + u"/vdm/link.htm"_s);
+    else
+        Apri(Aperture.PaginaWeb, PaginaPropria(PaginaCollegamenti), u"Elenco siti web utili"_s);
 }
 
 void Assistenza(const Chiamata&)
 {
-    Pagina(u"/vdm.asp");
+    if (const QString Server = indirizzi::Server(); !Server.isEmpty())
+        ApriUrl(Server + u"/vdm.asp"_s);
+    else
+        Apri(Aperture.PaginaWeb, PaginaPropria(PaginaAssistenza), u"Assistenza tecnica"_s);
 }
 
 // ---- what keeps a command from working ----------------------------------------------------------
@@ -200,14 +213,17 @@ QString SenzaFinestra(QStringView Parola)
     return Aperture.Ha(Parola) ? QString() : u"non ancora disponibile in questa versione"_s;
 }
 
-QString SenzaServer(QStringView)
+QString SenzaPagina(QStringView Parola)
 {
-    return indirizzi::Esiste(indirizzi::Server) ? QString() : u"il sito non è ancora disponibile"_s;
+    const QStringView Nome = Parola == u"link" ? PaginaCollegamenti : PaginaAssistenza;
+    const bool Mostrabile = !indirizzi::Server().isEmpty() || EsisteFile(TrovaFile(PaginaPropria(Nome)));
+    return Mostrabile ? QString() : u"la pagina manca dalla cartella del programma"_s;
 }
 
 QString SenzaGuida(QStringView)
 {
-    return EsisteFile(TrovaFile(FileGuida())) ? QString() : u"il documento non è ancora disponibile"_s;
+    return EsisteFile(TrovaFile(FileGuida())) ? QString()
+                                              : u"il documento manca dalla cartella del programma"_s;
 }
 
 enum GruppoBarra { Parcelle, Archivi, Calcoli, Aiuti, Opzioni, Guide };
@@ -332,7 +348,7 @@ constexpr std::array Tabella{
             .Tasti = u"Ctrl+Shift+D",
             .Pulsante = {120, Aiuti, u"Norme", u"Documentazione normativa"},
             .Icona = {100, u"Documentazione normativa"}},
-    Comando{.Parola = u"release", .Guardia = Sempre, .Azione = Rilascio, .Manca = SenzaServer},
+    Comando{.Parola = u"release", .Guardia = Sempre, .Azione = Rilascio},
     Comando{.Parola = u"readme", .Guardia = Sempre, .Azione = Leggimi},
     Comando{.Parola = u"guida",
             .Guardia = Sempre,
@@ -346,12 +362,12 @@ constexpr std::array Tabella{
     Comando{.Parola = u"link",
             .Guardia = Sempre,
             .Azione = Collegamenti,
-            .Manca = SenzaServer,
+            .Manca = SenzaPagina,
             .Icona = {120, u"Elenco siti web utili"}},
     Comando{.Parola = u"assistenza",
             .Guardia = Sempre,
             .Azione = Assistenza,
-            .Manca = SenzaServer,
+            .Manca = SenzaPagina,
             .Procedura = true},
 };
 

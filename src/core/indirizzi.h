@@ -1,21 +1,20 @@
-// Where the vendor's pages are: the one place to change when they move.
+// Where the vendor's pages and updates are: the one place to change when they move.
 #pragma once
 
-#include <QStringView>
+#include <QString>
 
 namespace indirizzi {
 
-/// The server of help, notes and updates; the paths behind it are the commands' own.
-inline constexpr QStringView Server = u"http://www.calcanova.example";
-inline constexpr QStringView Editore = u"http://www.calcanova.example/";
-inline constexpr QStringView Sviluppatore = u"http://sviluppo.calcanova.example/";
+/// Key of the setting that names a server in the place of the build's own: a mirror inside an office.
+inline constexpr QStringView ChiaveServer = u"ServerAggiornamenti";
 
-/// False for a name under ".example", which stands for an address that nobody has registered yet (RFC 2606).
-[[nodiscard]] inline bool Esiste(QStringView Indirizzo)
-{
-    constexpr QStringView Riservato = u".example";
-    const qsizetype Barra = Indirizzo.indexOf(u'/', Indirizzo.indexOf(u"://") + 3);
-    return !(Barra < 0 ? Indirizzo : Indirizzo.first(Barra)).endsWith(Riservato);
-}
+/// Address of the server of pages and updates, without "/" at its end; the paths behind it are the commands'
+/// own. Empty where neither the settings nor the build name one: nobody is asked then, and the program shows
+/// pages of its own. An address without a scheme gets "https://".
+[[nodiscard]] QString Server();
+
+/// Home pages of publisher and developer on that server; empty without one.
+[[nodiscard]] QString Editore();
+[[nodiscard]] QString Sviluppatore();
 
 }  // namespace indirizzi

@@ -5,6 +5,7 @@
 
 #include "core/comandi.h"
 #include "core/indirizzi.h"
+#include "core/parametri.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
 #include "platform/system/file.h"
@@ -25,8 +26,10 @@ private Q_SLOTS:
     void senzaLavoroNonSiAbilita_data();
     void senzaLavoroNonSiAbilita();
     void laGuidaVuoleIlSuoDocumento();
-    void indirizziDaStabilire_data();
-    void indirizziDaStabilire();
+    void pagineConServerOPagina_data();
+    void pagineConServerOPagina();
+    void server_data();
+    void server();
     void laBarraELaScrivania();
     void apreUnaFinestra_data();
     void apreUnaFinestra();
@@ -54,6 +57,8 @@ private Q_SLOTS:
     void leggimiManca();
     void pagineDelFornitore_data();
     void pagineDelFornitore();
+    void pagineProprie_data();
+    void pagineProprie();
     void spegniChiudeQuelleAperte();
     void spegniDaUnaPratica();
     void guastoRiferito();
@@ -82,6 +87,11 @@ void Posti(const QString& Segni)
     AzzeraParcelle();
     for (const QChar Segno : Segni)
         InfoParcelle.push_back({Segno == u'l', Segno != u'p', u"nota"_s});
+}
+
+void ImpostaServer(const QString& Indirizzo)
+{
+    SalvaImpostazione(indirizzi::ChiaveServer.toString(), Indirizzo);
 }
 
 QString Numeri(std::initializer_list<int> Valori)
@@ -128,6 +138,9 @@ void TestComandi::RegistraAperture()
     Aperture.Finestre[u"upgrade"_s] = Annota(u"aggiorna"_s);
     Aperture.Finestre[u"docum"_s] = Annota(u"documenti"_s);
     Aperture.Finestre[u"about"_s] = Annota(u"informazioni"_s);
+    Aperture.PaginaWeb = [this](const QString& Pagina, const QString& Titolo) {
+        Eventi << u"pagina %1 [%2]"_s.arg(NomeFile(Pagina), Titolo);
+    };
 }
 
 void TestComandi::init()
@@ -162,6 +175,7 @@ void TestComandi::init()
 
 void TestComandi::cleanup()
 {
+    ImpostaServer({});
     InstallaShell(std::move(Precedente));
     Aperture = {};
     AzzeraParcelle();
@@ -194,9 +208,11 @@ void TestComandi::senzaLavoroNonSiAbilita_data()
         QTest::newRow(qPrintable(Parola + u", no window"_s)) << Parola << false << Finestra;
         QTest::newRow(qPrintable(Parola)) << Parola << true << QString();
     }
-    for (const QString& Parola : {u"link"_s, u"assistenza"_s, u"release"_s})
-        QTest::newRow(qPrintable(Parola)) << Parola << true << u"il sito non è ancora disponibile"_s;
-    for (const QString& Parola : {u"new"_s, u"kr2"_s, u"novita"_s, u"help"_s, u"off"_s, u"setup"_s, u"boh"_s})
+    for (const QString& Parola : {u"link"_s, u"assistenza"_s})
+        QTest::newRow(qPrintable(Parola))
+            << Parola << true << u"la pagina manca dalla cartella del programma"_s;
+    for (const QString& Parola :
+         {u"new"_s, u"kr2"_s, u"novita"_s, u"help"_s, u"off"_s, u"setup"_s, u"release"_s, u"boh"_s})
         QTest::newRow(qPrintable(Parola)) << Parola << false << QString();
 }
 
@@ -212,26 +228,57 @@ void TestComandi::senzaLavoroNonSiAbilita()
 void TestComandi::laGuidaVuoleIlSuoDocumento()
 {
     sessione::PercorsoProg = NuovaCartella();
-    QCOMPARE(Impedimento(u"guida"), u"il documento non è ancora disponibile"_s);
+    QCOMPARE(Impedimento(u"guida"), u"il documento manca dalla cartella del programma"_s);
     ScriviFile(sessione::PercorsoProg + u"guidagiuridica.PDF"_s, "%PDF-");
     QCOMPARE(Impedimento(u"guida"), QString());
 }
 
-void TestComandi::indirizziDaStabilire_data()
+void TestComandi::pagineConServerOPagina_data()
 {
-    QTest::addColumn<QString>("Indirizzo");
-    QTest::addColumn<bool>("Esiste");
+    QTest::addColumn<QString>("Comando");
+    QTest::addColumn<QString>("Pagina");
 
-    QTest::newRow("reserved") << u"http://www.calcanova.example"_s << false;
-    QTest::newRow("reserved, with a page") << u"http://www.calcanova.example/vdm.asp"_s << false;
-    QTest::newRow("registered") << u"https://www.normattiva.it"_s << true;
-    QTest::newRow("only the page is called so") << u"https://www.normattiva.it/x.example"_s << true;
+    QTest::newRow("useful sites") << u"link"_s << u"LINK.htm"_s;
+    QTest::newRow("assistance") << u"assistenza"_s << u"assistenza.HTM"_s;
 }
 
-void TestComandi::indirizziDaStabilire()
+void TestComandi::pagineConServerOPagina()
 {
-    QFETCH(QString, Indirizzo);
-    QTEST(indirizzi::Esiste(Indirizzo), "Esiste");
+    QFETCH(QString, Comando);
+    QFETCH(QString, Pagina);
+    const QString Manca = u"la pagina manca dalla cartella del programma"_s;
+    sessione::PercorsoProg = NuovaCartella();
+    QCOMPARE(Impedimento(Comando), Manca);
+    ImpostaServer(u"https://www.esempio.it"_s);
+    QCOMPARE(Impedimento(Comando), QString());
+    ImpostaServer({});
+    QCOMPARE(Impedimento(Comando), Manca);
+    ScriviFile(sessione::PercorsoProg + Pagina, "<p>pagina</p>");
+    QCOMPARE(Impedimento(Comando), QString());
+}
+
+void TestComandi::server_data()
+{
+    QTest::addColumn<QString>("Impostato");
+    QTest::addColumn<QString>("Atteso");
+
+    QTest::newRow("none, as delivered") << QString() << QString();
+    QTest::newRow("blanks are none") << u"   "_s << QString();
+    QTest::newRow("as it stands") << u"https://www.esempio.it"_s << u"https://www.esempio.it"_s;
+    QTest::newRow("slashes at its end")
+        << u" https://www.esempio.it/kr// "_s << u"https://www.esempio.it/kr"_s;
+    QTest::newRow("no scheme") << u"www.esempio.it"_s << u"https://www.esempio.it"_s;
+    QTest::newRow("this machine") << u"http://127.0.0.1:8080"_s << u"http://127.0.0.1:8080"_s;
+}
+
+void TestComandi::server()
+{
+    QFETCH(QString, Impostato);
+    QFETCH(QString, Atteso);
+    ImpostaServer(Impostato);
+    QCOMPARE(indirizzi::Server(), Atteso);
+    QCOMPARE(indirizzi::Editore(), Atteso.isEmpty() ? QString() : Atteso + u'/');
+    QCOMPARE(indirizzi::Sviluppatore(), Atteso.isEmpty() ? QString() : Atteso + u"/sviluppo.htm"_s);
 }
 
 void TestComandi::laBarraELaScrivania()
@@ -554,8 +601,30 @@ void TestComandi::pagineDelFornitore()
     QFETCH(QString, Comando);
     QFETCH(QString, Percorso);
     const Registratore Box;
+    ImpostaServer(u"https://www.esempio.it/"_s);
     EseguiComando(Comando, 0, {});
-    QCOMPARE(Eventi, QStringList{u"indirizzo "_s + indirizzi::Server.toString() + Percorso});
+    QCOMPARE(Eventi, QStringList{u"indirizzo https://www.esempio.it"_s + Percorso});
+}
+
+void TestComandi::pagineProprie_data()
+{
+    QTest::addColumn<QString>("Comando");
+    QTest::addColumn<QString>("Evento");
+
+    QTest::newRow("release notes") << u"release"_s << u"pdf NovitaKR5.pdf 0"_s;
+    QTest::newRow("useful sites") << u"link"_s << u"pagina link.htm [Elenco siti web utili]"_s;
+    QTest::newRow("assistance") << u"assistenza"_s << u"pagina assistenza.htm [Assistenza tecnica]"_s;
+}
+
+void TestComandi::pagineProprie()
+{
+    QFETCH(QString, Comando);
+    QFETCH(QString, Evento);
+    const Registratore Box;
+    sessione::PercorsoProg = NuovaCartella();
+    ScriviFile(sessione::PercorsoProg + u"NovitaKR5.pdf"_s, "%PDF-");
+    EseguiComando(Comando, 0, {});
+    QCOMPARE(Eventi, QStringList{Evento});
 }
 
 void TestComandi::spegniChiudeQuelleAperte()

@@ -148,6 +148,15 @@ void MenuIcona(const QPoint& Dove, int Riga)
         Aperture.IconaPersonale(Riga, Scelta == Elimina);
 }
 
+/// The site of who made the program or, without one, what the page of assistance says of them.
+void ApriMarchio(const QString& Sito, const QString& Ancora)
+{
+    if (!Sito.isEmpty())
+        ApriUrl(Sito);
+    else if (Aperture.PaginaWeb)
+        Aperture.PaginaWeb(sessione::PercorsoProg + u"assistenza.htm#"_s + Ancora, u"Assistenza tecnica"_s);
+}
+
 }  // namespace
 
 frmStudio::frmStudio() : ui(std::make_unique<Ui::frmStudio>())
@@ -162,8 +171,10 @@ frmStudio::frmStudio() : ui(std::make_unique<Ui::frmStudio>())
     CreaIconeFisse();
     const auto Premuto = &QAbstractButton::clicked;
     Collega<QAbstractButton>(ui->imgClose, Premuto, this, [this] { close(); });
-    Collega<QAbstractButton>(ui->imgMarvenna, Premuto, this, [] { ApriUrl(indirizzi::Editore.toString()); });
-    Collega<QAbstractButton>(ui->imgQB, Premuto, this, [] { ApriUrl(indirizzi::Sviluppatore.toString()); });
+    Collega<QAbstractButton>(ui->imgMarvenna, Premuto, this,
+                             [] { ApriMarchio(indirizzi::Editore(), u"editore"_s); });
+    Collega<QAbstractButton>(ui->imgQB, Premuto, this,
+                             [] { ApriMarchio(indirizzi::Sviluppatore(), u"sviluppo"_s); });
     SfondoDaStendere.setSingleShot(true);
     Collega(&SfondoDaStendere, &QTimer::timeout, this, [this] { StendiSfondo(); });
     aspetto::AssegnaNomiAccessibili(this);
@@ -224,11 +235,11 @@ void frmStudio::AbilitaIcone()
         Icona->setEnabled(Motivo.isEmpty());
         Icona->setToolTip(Motivo.isEmpty() ? QString() : Icona->text() + u": "_s + Motivo);
     }
-    for (const auto& [Marchio, Indirizzo] :
-         {std::pair(ui->imgMarvenna, indirizzi::Editore), std::pair(ui->imgQB, indirizzi::Sviluppatore)}) {
-        Marchio->setEnabled(indirizzi::Esiste(Indirizzo));
-        if (!Marchio->isEnabled())
-            Marchio->setToolTip(Marchio->text() + u": il sito non è ancora disponibile"_s);
+    // Without a site they show what the page of assistance says, and stand or fall with its command.
+    const QString Motivo = Impedimento(u"assistenza");
+    for (QToolButton* Marchio : {ui->imgMarvenna, ui->imgQB}) {
+        Marchio->setEnabled(Motivo.isEmpty());
+        Marchio->setToolTip(Marchio->text() + u": "_s + (Motivo.isEmpty() ? u"chi è"_s : Motivo));
     }
 }
 

@@ -251,6 +251,9 @@ void TestFrmMain::diciottoProcedure()
     Aperture.Finestre[u"codfis"_s] = Annota(u"codfis"_s);
     Aperture.Finestre[u"upgrade"_s] = Annota(u"upgrade"_s);
     Aperture.Impostazioni = [this](int Scheda, bool) { S->Annota(u"setup %1"_s.arg(Scheda)); };
+    Aperture.PaginaWeb = [this](const QString& Pagina, const QString&) {
+        S->Annota(u"pagina "_s + NomeFile(Pagina));
+    };
     sessione::PercorsoProg = NuovaCartella();
     Box.Attendi(u"Documento "_s + sessione::PercorsoProg + u"GuidaOperativa.pdf non trovato!"_s);
     Cornice->ImpostaTag(u"5"_s);
@@ -268,7 +271,7 @@ void TestFrmMain::diciottoProcedure()
     QCOMPARE(S->Eventi, (QStringList{u"parcella 0"_s, u"trova 0"_s, u"trova 1"_s, u"clienti"_s, u"codfis"_s,
                                      u"setup 0"_s, u"setup 3"_s, u"contrib"_s, u"termini"_s, u"sequenz"_s,
                                      u"inter"_s, u"istat"_s, u"fine"_s, u"upgrade"_s, u"informazioni"_s,
-                                     u"indirizzo http://www.calcanova.example/vdm.asp"_s}));
+                                     u"pagina assistenza.htm"_s}));
 }
 
 void TestFrmMain::bassoNascondeIPulsanti()
@@ -579,6 +582,7 @@ void TestFrmMain::comandiSenzaLavoro()
     const Registratore Box;
     Aperture.Finestre.erase(u"clienti"_s);
     Aperture.Finestre.erase(u"about"_s);
+    sessione::PercorsoProg = NuovaCartella();  // no pages and no guide
     QVERIFY(Cornice->Area());
     const auto* Rubrica = Cornice->findChild<QToolButton*>(u"barParcelle_clienti"_s);
     QVERIFY(!Rubrica->isEnabled());

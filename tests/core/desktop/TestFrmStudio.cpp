@@ -2,6 +2,8 @@
 
 #include "core/aperture.h"
 #include "core/desktop/iconastudio.h"
+#include "core/indirizzi.h"
+#include "core/parametri.h"
 #include "core/posti.h"
 #include "platform/base/errore.h"
 #include "platform/kit/aspetto.h"
@@ -14,6 +16,7 @@
 #include <QMenu>
 #include <QPainter>
 #include <QPlainTextEdit>
+#include <QScopeGuard>
 #include <QTextDocument>
 #include <QToolButton>
 
@@ -81,6 +84,7 @@ private Q_SLOTS:
     void chiusura();
     void chiusuraSenzaImpostazioniScrivibili();
     void uscita();
+    void marchi_data();
     void marchi();
     void iconeSenzaLavoro();
     void leScritteHannoUnaMisura_data();
@@ -916,18 +920,46 @@ void TestFrmStudio::uscita()
     QCOMPARE(S->Eventi, QStringList{u"fine"_s});
 }
 
+void TestFrmStudio::marchi_data()
+{
+    QTest::addColumn<QString>("Server");
+    QTest::addColumn<bool>("ConPagina");
+    QTest::addColumn<QStringList>("Eventi");
+
+    const QString Pagina = u"pagina assistenza.htm#%1 [Assistenza tecnica]"_s;
+    QTest::newRow("a page of the program's own")
+        << QString() << true << QStringList{Pagina.arg(u"editore"), Pagina.arg(u"sviluppo")};
+    QTest::newRow("sites") << u"https://www.esempio.it"_s << false
+                           << QStringList{u"indirizzo https://www.esempio.it/"_s,
+                                          u"indirizzo https://www.esempio.it/sviluppo.htm"_s};
+    QTest::newRow("neither") << QString() << false << QStringList();
+}
+
 void TestFrmStudio::marchi()
 {
-    // The addresses of publisher and developer are nobody's so far.
+    QFETCH(QString, Server);
+    QFETCH(bool, ConPagina);
+    QFETCH(QStringList, Eventi);
     const Registratore Box;
+    const auto Ripristino = qScopeGuard([] { SalvaImpostazione(indirizzi::ChiaveServer.toString(), {}); });
+    SalvaImpostazione(indirizzi::ChiaveServer.toString(), Server);
+    Aperture.PaginaWeb = [this](const QString& Mostrata, const QString& Titolo) {
+        S->Annota(u"pagina %1 [%2]"_s.arg(NomeFile(Mostrata), Titolo));
+    };
+    sessione::PercorsoProg = NuovaCartella();
+    ScriviFile(sessione::PercorsoProg + u"parcelle.mdb"_s, "archivio");
+    if (ConPagina)
+        ScriviFile(sessione::PercorsoProg + u"assistenza.htm"_s, "<p>pagina</p>");
     const frmStudio& Scrivania = Apri();
     for (const QString& Nome : {u"imgMarvenna"_s, u"imgQB"_s}) {
         auto* Marchio = Scrivania.findChild<QToolButton*>(Nome);
-        QVERIFY2(!Marchio->isEnabled(), qPrintable(Nome));
-        QCOMPARE(Marchio->toolTip(), Marchio->text() + u": il sito non è ancora disponibile"_s);
+        QCOMPARE(Marchio->isEnabled(), !Eventi.isEmpty());
+        QCOMPARE(Marchio->toolTip(),
+                 Marchio->text() +
+                     (Eventi.isEmpty() ? u": la pagina manca dalla cartella del programma"_s : u": chi è"_s));
         QTest::mouseClick(Marchio, Qt::LeftButton);
     }
-    QCOMPARE(S->Eventi, QStringList());
+    QCOMPARE(S->Eventi, Eventi);
 }
 
 void TestFrmStudio::iconeSenzaLavoro()

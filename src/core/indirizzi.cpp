@@ -1,0 +1,34 @@
+#include "core/indirizzi.h"
+
+#include "core/parametri.h"
+#include "core/versione.h"
+
+using namespace Qt::StringLiterals;
+
+namespace indirizzi {
+
+QString Server()
+{
+    QString Indirizzo = Impostazione(ChiaveServer.toString()).trimmed();
+    if (Indirizzo.isEmpty())
+        Indirizzo = ServerCostruito();
+    while (Indirizzo.endsWith(u'/'))
+        Indirizzo.chop(1);
+    if (!Indirizzo.isEmpty() && !Indirizzo.contains(u"://"))
+        Indirizzo.prepend(u"https://"_s);
+    return Indirizzo;
+}
+
+QString Editore()
+{
+    const QString Radice = Server();
+    return Radice.isEmpty() ? QString() : Radice + u'/';
+}
+
+QString Sviluppatore()
+{
+    const QString Radice = Server();
+    return Radice.isEmpty() ? QString() : Radice + u"/sviluppo.htm"_s;
+}
+
+}  // namespace indirizzi
