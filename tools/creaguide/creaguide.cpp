@@ -1,5 +1,6 @@
 #include "creaguide/creaguide.h"
 
+#include "creadati/tabellatesto.h"
 #include "creadati/tassi.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
@@ -8,6 +9,7 @@
 #include "platform/system/percorsi.h"
 
 #include <QDirIterator>
+#include <QMap>
 
 using namespace Qt::StringLiterals;
 
@@ -19,6 +21,65 @@ TabellaDati TabellaTassi(const QList<TassoPeriodo>& Periodi)
     for (const TassoPeriodo& Uno : Periodi)
         Fatta.Righe +=
             {Format(Uno.Dal, u"dd/mm/yyyy"), Format(Uno.Al, u"dd/mm/yyyy"), Format(Uno.TassoPerc, u"0.00")};
+    return Fatta;
+}
+
+/// The headings of tables of fees: what the rows are, then the four phases.
+TabellaDati TabellaFasi(const QString& Prima, double LarghezzaCm)
+{
+    return {{LarghezzaCm, 2.9, 2.9, 2.9, 2.9},
+            {false, true, true, true, true},
+            {{Prima, u"Studio"_s, u"Introduttiva"_s, u"Istruttoria"_s, u"Decisoria"_s}}};
+}
+
+QString Medio(const TabellaTesto& Righe, int i)
+{
+    return Format(double(Righe.Intero(i, u"medio"_s, 0, 1'000'000)), u"#,##0");
+}
+
+constexpr int FasiDiCognizione = 4;
+constexpr int PrimaFasePenale = 101;
+
+/// Mean fees of the ordinary court, a row for each bracket.
+TabellaDati TabellaTribunale(const QString& Cartella)
+{
+    const TabellaTesto Scaglioni(Cartella + u"scaglioni.csv"_s, {u"materia"_s, u"numero"_s, u"da"_s, u"a"_s,
+                                                                 u"valore richiesto"_s, u"testo"_s});
+    const TabellaTesto Importi(Cartella + u"onorari_civili.csv"_s, {u"gruppo"_s, u"codice"_s, u"scaglione"_s,
+                                                                    u"minimo"_s, u"medio"_s, u"massimo"_s});
+    TabellaDati Fatta = TabellaFasi(u"Scaglione"_s, 5.4);
+    for (int s = 0; s < Scaglioni.Righe(); ++s) {
+        if (Scaglioni.Testo(s, u"materia"_s) != u"C")
+            continue;
+        QStringList Riga{Scaglioni.Testo(s, u"testo"_s)};
+        for (int Fase = 1; Fase <= FasiDiCognizione; ++Fase)
+            for (int i = 0; i < Importi.Righe(); ++i)
+                if (Importi.Testo(i, u"gruppo"_s) == u"tribunale" &&
+                    Importi.Testo(i, u"scaglione"_s) == Scaglioni.Testo(s, u"numero"_s) &&
+                    Importi.Testo(i, u"codice"_s) == QString::number(Fase))
+                    Riga << Medio(Importi, i);
+        Fatta.Righe += Riga;
+    }
+    return Fatta;
+}
+
+/// Mean fees of the criminal courts, a row for each group of them, in the order of the table.
+TabellaDati TabellaPenale(const QString& Cartella)
+{
+    const TabellaTesto Importi(Cartella + u"onorari_penali.csv"_s,
+                               {u"gruppo"_s, u"codice"_s, u"minimo"_s, u"medio"_s, u"massimo"_s});
+    TabellaDati Fatta = TabellaFasi(u"Ufficio"_s, 5.4);
+    QMap<QString, int> Posto;
+    for (int i = 0; i < Importi.Righe(); ++i) {
+        const QString Gruppo = Importi.Testo(i, u"gruppo"_s);
+        if (Importi.Intero(i, u"codice"_s, PrimaFasePenale, 999) >= PrimaFasePenale + FasiDiCognizione)
+            continue;
+        if (!Posto.contains(Gruppo)) {
+            Posto[Gruppo] = int(Fatta.Righe.size());
+            Fatta.Righe += {Gruppo.left(1).toUpper() + Gruppo.mid(1)};
+        }
+        Fatta.Righe[Posto[Gruppo]] << Medio(Importi, i);
+    }
     return Fatta;
 }
 
@@ -51,6 +112,10 @@ FonteTabelle TabelleDi(const QString& Cartella)
             return TabellaTassi(LeggiTassi(Cartella).Mora);
         if (Nome == u"tassi_legali")
             return TabellaTassi(LeggiTassi(Cartella).Legali);
+        if (Nome == u"medi_tribunale")
+            return TabellaTribunale(Cartella);
+        if (Nome == u"medi_penali")
+            return TabellaPenale(Cartella);
         throw Errore(errori::Argomento, u"Tabella sconosciuta: "_s + Nome);
     };
 }

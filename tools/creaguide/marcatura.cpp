@@ -16,6 +16,7 @@ constexpr double RientroVoceCm = 0.6;
 constexpr double DopoParagrafoPunti = 6.0;
 constexpr double DopoVocePunti = 3.0;
 constexpr double PrimaSezionePunti = 12.0;
+constexpr double PrimaParagrafoPunti = 8.0;
 constexpr double DopoTitoloPunti = 14.0;
 
 Carattere Corpo()
@@ -31,6 +32,11 @@ Carattere FontTitolo()
 Carattere FontSezione()
 {
     return {u"Arial"_s, 12.0, true};
+}
+
+Carattere FontParagrafo()
+{
+    return {u"Arial"_s, 10.5, true};
 }
 
 Carattere FontTabella(bool Testata)
@@ -72,6 +78,10 @@ private:
             Chiudi();
             Blocco(Riga.mid(3), FontSezione(), Allineamento::Sinistra,
                    {.SopraPunti = PrimaSezionePunti, .SottoPunti = DopoVocePunti});
+        } else if (Riga.startsWith(u"### ")) {
+            Chiudi();
+            Blocco(Riga.mid(4), FontParagrafo(), Allineamento::Sinistra,
+                   {.SopraPunti = PrimaParagrafoPunti, .SottoPunti = DopoVocePunti});
         } else if (Riga.startsWith(u"# ")) {
             ApriTitolo(Riga.mid(2));
         } else if (Riga.startsWith(u'%')) {

@@ -2,6 +2,7 @@
 //
 //   # Titolo            the title, once, at the top
 //   ## Sezione          a section
+//   ### Paragrafo       a part of one
 //   testo               a paragraph; its lines are joined, a blank line ends it
 //   - voce  1. voce     items, with a bullet or with the number as it stands
 //   |= 6 4> 4>          opens a table: widths in centimetres, ">" for columns flush right

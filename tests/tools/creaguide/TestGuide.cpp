@@ -26,7 +26,15 @@ private Q_SLOTS:
     void tassiInTabella();
     void importiDelleImpugnazioni_data();
     void importiDelleImpugnazioni();
+    void capitoliDellaGuidaGiuridica_data();
+    void capitoliDellaGuidaGiuridica();
+    void indiceDellaGuidaGiuridica();
+    void pagineDellaGuidaGiuridica();
+    void mediInTabella();
     void unaPerTesto();
+    void sintesiDatate_data();
+    void sintesiDatate();
+    void elencoDeiDocumenti();
     void usoErrato();
     void testoRifiutato();
     void senzaTesti();
@@ -64,6 +72,8 @@ void TestGuide::documenti_data()
                              << u"Contributo unificato: impugnazioni e cassazione"_s
                              << u"aumentato della metà"_s;
     QTest::newRow("news") << u"NovitaKR5.pdf"_s << u"Calcanova 3: le novità"_s << u"Copia di recupero"_s;
+    QTest::newRow("legal guide") << u"GuidaGiuridica.pdf"_s << u"Guida giuridica alle funzioni del quadro"_s
+                                 << u"Le parti"_s;
     QTest::newRow("guide") << u"GuidaOperativa.pdf"_s << u"Guida operativa"_s
                            << u"Una parcella in cinque passi"_s;
 }
@@ -143,6 +153,72 @@ void TestGuide::importiDelleImpugnazioni()
     QVERIFY2(Letto.contains(u' ' + Riga + u' '), qPrintable(Riga));
 }
 
+void TestGuide::capitoliDellaGuidaGiuridica_data()
+{
+    QTest::addColumn<int>("Pagina");
+    QTest::addColumn<QString>("Titolo");
+
+    // The pages that the tabs of a fee note ask for.
+    QTest::newRow("title") << 1 << u"Guida giuridica alle funzioni del quadro"_s;
+    QTest::newRow("base data") << 2 << u"Capitolo 1. Dati base"_s;
+    QTest::newRow("honoraria") << 13 << u"Capitolo 2. Onorari"_s;
+    QTest::newRow("expenses") << 15 << u"Capitolo 3. Spese"_s;
+    QTest::newRow("payments") << 17 << u"Capitolo 4. Acconti e imposte"_s;
+    QTest::newRow("print") << 18 << u"Capitolo 5. Stampa"_s;
+}
+
+void TestGuide::capitoliDellaGuidaGiuridica()
+{
+    QFETCH(int, Pagina);
+    QFETCH(QString, Titolo);
+    const QString Letta = pagine::ParoleDiPagina(Pdf(u"GuidaGiuridica.pdf"_s), Pagina).join(u' ');
+    QVERIFY2(Letta.startsWith(Titolo), qPrintable(Letta.left(80)));
+}
+
+void TestGuide::indiceDellaGuidaGiuridica()
+{
+    const QByteArray Contenuto = Pdf(u"GuidaGiuridica.pdf"_s);
+    const QString Prima =
+        pagine::Leggi(u"pdftotext"_s, {u"-layout"_s, u"-l"_s, u"1"_s, u"%"_s, u"-"_s}, Contenuto);
+    static const QRegularExpression Voce(u"^ *([1-5])  +([^:]+):.* ([0-9]+)$"_s,
+                                         QRegularExpression::MultilineOption);
+    int Trovate = 0;
+    auto Passi = Voce.globalMatch(Prima);
+    while (Passi.hasNext()) {
+        const auto Passo = Passi.next();
+        const QString Titolo = u"Capitolo "_s + Passo.captured(1) + u". "_s + Passo.captured(2).trimmed();
+        const int Pagina = Passo.captured(3).toInt();
+        QVERIFY2(pagine::ParoleDiPagina(Contenuto, Pagina).join(u' ').startsWith(Titolo), qPrintable(Titolo));
+        ++Trovate;
+    }
+    QVERIFY2(Trovate == 5, qPrintable(Prima));
+}
+
+void TestGuide::pagineDellaGuidaGiuridica()
+{
+    // A topic to a page, and none of them nearly empty: a text that flows over shows up as a page of a line.
+    constexpr int ParoleDiUnaPagina = 200;
+    const QByteArray Contenuto = Pdf(u"GuidaGiuridica.pdf"_s);
+    const QString Fatti = pagine::Leggi(u"pdfinfo"_s, {u"%"_s}, Contenuto);
+    static const QRegularExpression Quante(u"Pages: +([0-9]+)"_s);
+    const int Pagine = Quante.match(Fatti).captured(1).toInt();
+    QVERIFY2(Pagine >= 18, qPrintable(Fatti));
+    for (int i = 1; i <= Pagine; ++i) {
+        const qsizetype Parole = pagine::ParoleDiPagina(Contenuto, i).size();
+        QVERIFY2(Parole >= ParoleDiUnaPagina, qPrintable(u"pagina %1: %2 parole"_s.arg(i).arg(Parole)));
+    }
+}
+
+void TestGuide::mediInTabella()
+{
+    // The tables are the archive's own figures.
+    const QString Letto = Testo(Pdf(u"GuidaGiuridica.pdf"_s)).simplified();
+    for (const QString& Riga :
+         {u"da € 25.000,01 a € 50.000,00 1.200 600 1.200 1.500"_s, u"fino a € 5.000,00 550 300 550 700"_s,
+          u"Monocratico 300 600 900 900"_s, u"Collegiale 390 780 1.170 1.170"_s})
+        QVERIFY2(Letto.contains(Riga), qPrintable(Riga));
+}
+
 void TestGuide::unaPerTesto()
 {
     QDirIterator Passo(Dati() + u"guide"_s, {u"*.txt"_s}, QDir::Files, QDirIterator::Subdirectories);
@@ -153,6 +229,48 @@ void TestGuide::unaPerTesto()
         ++Quante;
     }
     QVERIFY(Quante >= 4);
+}
+
+void TestGuide::sintesiDatate_data()
+{
+    QTest::addColumn<QString>("Nome");
+    for (const QString& Nome : QDir(Dati() + u"guide/docum"_s).entryList({u"*.txt"_s}))
+        QTest::newRow(qPrintable(Nome)) << Nome.chopped(4);
+}
+
+void TestGuide::sintesiDatate()
+{
+    QFETCH(QString, Nome);
+    static const QRegularExpression Data(u"Stato al [0-9]{1,2} [a-z]+ 20[0-9]{2}"_s);
+    const QByteArray Contenuto = Pdf(u"docum/"_s + Nome + u".pdf"_s);
+    const QString Letto = Testo(Contenuto).simplified();
+    QVERIFY2(Data.match(Letto.left(400)).hasMatch(), qPrintable(Letto.left(400)));
+    QVERIFY2(Letto.contains(u"Nel programma"), qPrintable(Nome));
+    for (const QStringView Segno : {u"**", u"__", u"%tabella", u"|=", u"##"})
+        QVERIFY2(!Letto.contains(Segno), qPrintable(Segno.toString()));
+    QCOMPARE(pagine::FontMancanti(Contenuto), QStringList());
+}
+
+void TestGuide::elencoDeiDocumenti()
+{
+    // Each line names a document, and each document has its line.
+    const QString Cartella = ProgrammaDiProva() + u"docum/"_s;
+    QStringList Righe;
+    for (const QString& Riga : QString::fromUtf8(LeggiFile(Cartella + u"elenco.txt"_s)).split(u'\n'))
+        if (!Riga.trimmed().isEmpty())
+            Righe << Riga.trimmed();
+    QVERIFY(Righe.size() >= 10);
+    QStringList Presenti;
+    for (const QString& Testo : QDir(Dati() + u"guide/docum"_s).entryList({u"*.txt"_s}))
+        Presenti << Testo.chopped(3) + u"pdf"_s;
+    Presenti << QDir(SorgenteDiProva(u"programma/docum"_s)).entryList({u"*.htm"_s});
+    for (const QString& Nome : Presenti) {
+        QVERIFY2(QDir(Cartella).exists(Nome), qPrintable(Nome));
+        QVERIFY2(Righe.contains(Nome), qPrintable(Nome));
+    }
+    Righe.sort();
+    Presenti.sort();
+    QCOMPARE(Righe, Presenti);
 }
 
 void TestGuide::usoErrato()

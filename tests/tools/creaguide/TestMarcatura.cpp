@@ -45,14 +45,17 @@ const Paragrafo& ParagrafoDi(const Guida& Letta, size_t Quale)
 
 void TestMarcatura::blocchi()
 {
-    const Guida Letta = Leggi(u"# Titolo\n\nPrimo.\n\n## Sezione\nSecondo.\r\n"_s);
+    const Guida Letta = Leggi(u"# Titolo\n\nPrimo.\n\n## Sezione\nSecondo.\r\n### Parte\nTerzo.\n"_s);
     QCOMPARE(Letta.Titolo, u"Titolo"_s);
-    QCOMPARE(Letta.Doc.Blocchi.size(), size_t(4));
+    QCOMPARE(Letta.Doc.Blocchi.size(), size_t(6));
     QCOMPARE(ParagrafoDi(Letta, 0).Testo(), u"Titolo"_s);
     QCOMPARE(ParagrafoDi(Letta, 1).Testo(), u"Primo."_s);
     QVERIFY(ParagrafoDi(Letta, 2).Font.Grassetto);
     QVERIFY(ParagrafoDi(Letta, 2).Font.Punti < ParagrafoDi(Letta, 0).Font.Punti);
     QCOMPARE(ParagrafoDi(Letta, 3).Testo(), u"Secondo."_s);
+    QCOMPARE(ParagrafoDi(Letta, 4).Testo(), u"Parte"_s);
+    QVERIFY(ParagrafoDi(Letta, 4).Font.Punti < ParagrafoDi(Letta, 2).Font.Punti);
+    QCOMPARE(ParagrafoDi(Letta, 5).Testo(), u"Terzo."_s);
     QCOMPARE(Letta.Doc.PiePagina, u"Pagina %d"_s);
 }
 
