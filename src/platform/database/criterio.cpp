@@ -134,7 +134,8 @@ private:
     QString LeggiNome()
     {
         QString Nome;
-        if (PrendiSegno(u'[')) {
+        const bool TraParentesi = PrendiSegno(u'[');
+        if (TraParentesi) {
             const qsizetype Fine = Testo.indexOf(u']', Posto);
             if (Fine < 0)
                 Rifiuta();
@@ -145,7 +146,8 @@ private:
             Posto += Nome.size();
         }
         const bool SoloCifre = std::ranges::all_of(Nome, [](QChar C) { return C.isDigit(); });
-        if (SoloCifre || PrendiSegno(u'('))  // an empty name, a number, a call
+        const bool Numero = SoloCifre && !(TraParentesi && !Nome.isEmpty());
+        if (Numero || PrendiSegno(u'('))  // an empty name, a number, a call
             Rifiuta();
         const QString Colonna = Identifica(Nome);
         if (Colonna.isEmpty())

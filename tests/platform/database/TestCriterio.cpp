@@ -24,10 +24,10 @@ PROVA(TestCriterio);
 
 namespace {
 
-/// A table with the columns ID, Nome, 1Med and "Cod Fis".
+/// A table with the columns ID, Nome, 1Med, "Cod Fis" and 2024.
 QString Identifica(const QString& Nome)
 {
-    for (const QString& Colonna : {u"ID"_s, u"Nome"_s, u"1Med"_s, u"Cod Fis"_s})
+    for (const QString& Colonna : {u"ID"_s, u"Nome"_s, u"1Med"_s, u"Cod Fis"_s, u"2024"_s})
         if (Colonna.compare(Nome, Qt::CaseInsensitive) == 0)
             return Identificatore(Colonna);
     return {};
@@ -52,6 +52,8 @@ void TestCriterio::letti_data()
         << u"1Med<=-0.5"_s << u"(\"1Med\" <= CAST(? AS NUMERIC))"_s << QVariantList{-0.5};
     QTest::newRow("nome fra quadre") << u"[cod fis] Is Null"_s << u"(\"Cod Fis\" IS NULL)"_s
                                      << QVariantList{};
+    QTest::newRow("cifre fra quadre") << u"[2024] = 'x'"_s << u"(\"2024\" = ? COLLATE SenzaMaiuscole)"_s
+                                      << QVariantList{u"x"_s};
     QTest::newRow("somiglia") << u"Nome Like '*a*'"_s << u"(corrisponde(?, \"Nome\"))"_s
                               << QVariantList{u"*a*"_s};
     QTest::newRow("non somiglia") << u"Nome Not Like \"*a*\""_s << u"(NOT corrisponde(?, \"Nome\"))"_s
@@ -100,6 +102,8 @@ void TestCriterio::rifiutati_data()
     QTest::newRow("parentesi aperta") << u"(ID=1"_s;
     QTest::newRow("parentesi chiusa") << u"ID=1)"_s;
     QTest::newRow("quadra aperta") << u"[ID=1"_s;
+    QTest::newRow("quadre vuote") << u"[]=1"_s;
+    QTest::newRow("cifre nude") << u"2024='x'"_s;
     QTest::newRow("coda") << u"ID=1; DROP TABLE x"_s;
     QTest::newRow("commento") << u"ID=1 -- x"_s;
     QTest::newRow("AND appeso") << u"ID=1 AND"_s;
