@@ -102,6 +102,13 @@ bool ContropSegue(const Recordset& Righe)
     return Nome.isEmpty() || Nome == CStr(Righe.Value(Nominativo)).trimmed();
 }
 
+/// A VAT number that begins with another country's letters: its digits go by another rule.
+bool Straniera(const QString& Testo)
+{
+    return Testo.size() > 2 && Testo[0].isLetter() && Testo[1].isLetter() &&
+           !Testo.startsWith(u"IT", Qt::CaseInsensitive);
+}
+
 }  // namespace
 
 int GetFieldType(const QString& Nome)
@@ -165,7 +172,7 @@ QString AvvisoScheda(const QString& Campo, const QString& Testo)
         return {};
     if (E(u"CodFis") && !CodiceFiscaleTorna(Testo))
         return u"Il codice fiscale non torna: controllare le cifre"_s;
-    if (E(u"PIva") && !PartitaIvaTorna(Testo))
+    if (E(u"PIva") && !Straniera(Testo.trimmed()) && !PartitaIvaTorna(Testo))
         return u"La partita IVA non torna: controllare le cifre"_s;
     return {};
 }

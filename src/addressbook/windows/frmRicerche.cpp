@@ -38,6 +38,8 @@ frmRicerche::frmRicerche(QWidget* Parent) : QDialog(Parent), ui(std::make_unique
     QAction* Ultimi = ui->txtValore->addAction(aspetto::Icona(u"down"_s), QLineEdit::TrailingPosition);
     Ultimi->setObjectName(u"ultimi"_s);
     Ultimi->setToolTip(u"Ultimi testi cercati (Freccia giù)"_s);
+    for (QToolButton* Bottone : ui->txtValore->findChildren<QToolButton*>())
+        Bottone->setAccessibleName(u"Ultimi testi cercati"_s);
     ui->txtValore->installEventFilter(this);
     if (Parent)
         Parent->window()->installEventFilter(this);
@@ -184,7 +186,9 @@ void frmRicerche::Accosta(const QRect& Occupato)
         return;
     adjustSize();
     const QRect Libero = Schermo->availableGeometry();
-    const QSize Mia = frameGeometry().size().expandedTo(sizeHint());
+    // What the window manager draws around it is known once it has been on view, and guessed before.
+    const QSize Fuori = frameGeometry().size() - size();
+    const QSize Mia = size() + (Fuori.isEmpty() ? QSize(8, 36) : Fuori);
     const std::array Posti{
         QPoint(Occupato.right() + 1, Occupato.top()),
         QPoint(Occupato.left() - Mia.width(), Occupato.top()),

@@ -82,7 +82,6 @@ void frmScheda::Coppia::Mostra(const QString& Testo) const
 frmScheda::frmScheda(QWidget* Parent) : QDialog(Parent), ui(std::make_unique<Ui::frmScheda>())
 {
     ui->setupUi(this);
-    setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::WindowModal);
     setWindowIcon(aspetto::Icona(u"clienti"_s));
     CostruisciBarra();
@@ -206,6 +205,8 @@ void frmScheda::CreaCoppia(const Campo& Colonna, const QString& Titolo)
         Nuova.Riga->setReadOnly(Nuova.Bloccata);
         Nuova.Segno = Nuova.Riga->addAction(aspetto::Icona(u"info"_s), QLineEdit::TrailingPosition);
         Nuova.Segno->setVisible(false);
+        for (QToolButton* Bottone : Nuova.Riga->findChildren<QToolButton*>())
+            Bottone->setAccessibleName(u"Avviso"_s);
         ::Collega(Nuova.Riga, &QLineEdit::textEdited, this, [this, Numero] { Cambiata(Numero + 1); });
     } else {
         Nuova.Memo->setReadOnly(Nuova.Bloccata);
@@ -274,6 +275,7 @@ void frmScheda::Dimensiona()
     const int Passo = aspetto::Pixel(TwipCoppia);
     for (int i = 0; i < int(Coppie.size()); ++i)
         ui->coppie->setRowMinimumHeight(i, Passo);
+    ui->areaScheda->setMinimumHeight(Passo);
     ui->lblAvviso->setFixedHeight(ui->lblAvviso->fontMetrics().height() + 4);
     const QSize Pagina = ui->pagina->layout()->minimumSize();
     const int Intorno = ui->barScheda->sizeHint().height() + ui->lblAvviso->height();

@@ -196,5 +196,6 @@ void frmScheda::Scarica(bool Salvata)
 {
     Indice = 0;
     done(Salvata ? Accepted : Rejected);
+    deleteLater();
     Q_EMIT Chiusa(Salvata);
 }

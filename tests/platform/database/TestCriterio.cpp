@@ -52,8 +52,8 @@ void TestCriterio::letti_data()
         << u"1Med<=-0.5"_s << u"(\"1Med\" <= CAST(? AS NUMERIC))"_s << QVariantList{-0.5};
     QTest::newRow("nome fra quadre") << u"[cod fis] Is Null"_s << u"(\"Cod Fis\" IS NULL)"_s
                                      << QVariantList{};
-    QTest::newRow("cifre fra quadre") << u"[2024] = 'x'"_s << u"(\"2024\" = ? COLLATE SenzaMaiuscole)"_s
-                                      << QVariantList{u"x"_s};
+    QTest::newRow("cifre fra quadre")
+        << u"[2024] = 'x'"_s << u"(\"2024\" = ? COLLATE SenzaMaiuscole)"_s << QVariantList{u"x"_s};
     QTest::newRow("somiglia") << u"Nome Like '*a*'"_s << u"(corrisponde(?, \"Nome\"))"_s
                               << QVariantList{u"*a*"_s};
     QTest::newRow("non somiglia") << u"Nome Not Like \"*a*\""_s << u"(NOT corrisponde(?, \"Nome\"))"_s

@@ -1,0 +1,329 @@
+#include "supporto/prova.h"
+
+#include "addressbook/archivio_schede.h"
+#include "addressbook/modScheda.h"
+#include "supporto/guasti.h"
+#include "supporto/registratore.h"
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+class TestModScheda : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void codiciDeiTipi_data();
+    void codiciDeiTipi();
+    void larghezze_data();
+    void larghezze();
+    void testi_data();
+    void testi();
+    void valori_data();
+    void valori();
+    void rifiuti_data();
+    void rifiuti();
+    void ognuntipoSiScriveESiSvuota();
+    void controparteSegueIlNome_data();
+    void controparteSegueIlNome();
+    void avvisi_data();
+    void avvisi();
+    void didascalie();
+    void siSalva();
+    void cambiataDaAltri_data();
+    void cambiataDaAltri();
+    void eliminataDaAltri();
+
+private:
+    Campo Colonna(const QString& Nome) const { return *TrovaCampo(Db.Campi(u"clienti"_s), Nome); }
+    Database Db;
+    Recordset Righe;
+};
+PROVA(TestModScheda);
+
+void TestModScheda::init()
+{
+    Db = ArchivioSchede();
+    Righe = Db.OpenRecordset(u"clienti"_s);
+}
+
+void TestModScheda::codiciDeiTipi_data()
+{
+    QTest::addColumn<int>("Codice");
+    const QList<std::pair<const char*, int>> Nomi{
+        {"Boolean", 1},  {"Byte", 2},   {"Integer", 3}, {"Long", 4},      {"Counter", 4},
+        {"Currency", 5}, {"Single", 6}, {"Double", 7},  {"Date/Time", 8}, {"Text", 10},
+        {"Binary", 11},  {"Memo", 12},  {"Decimal", 0}, {"", 0}};
+    for (const auto& [Nome, Codice] : Nomi)
+        QTest::newRow(Nome) << Codice;
+}
+
+void TestModScheda::codiciDeiTipi()
+{
+    QTEST(GetFieldType(QString::fromLatin1(QTest::currentDataTag())), "Codice");
+}
+
+void TestModScheda::larghezze_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<int>("Twip");
+    const QList<std::pair<int, int>> Larghe{{1, 850},   {2, 650},  {3, 900},  {4, 1100},  {5, 1800},
+                                            {6, 1800},  {7, 2200}, {8, 2000}, {10, 3250}, {11, 3250},
+                                            {12, 3250}, {9, 3250}, {0, 3250}, {-1, 3250}, {32767, 3250}};
+    for (const auto& [Tipo, Twip] : Larghe)
+        QTest::addRow("tipo %d", Tipo) << Tipo << Twip;
+}
+
+void TestModScheda::larghezze()
+{
+    QFETCH(int, Tipo);
+    QTEST(GetFieldWidth(Tipo), "Twip");
+}
+
+void TestModScheda::testi_data()
+{
+    QTest::addColumn<QVariant>("Valore");
+    QTest::addColumn<QString>("Testo");
+    QTest::newRow("nullo") << QVariant() << QString();
+    QTest::newRow("vero") << QVariant(true) << u"Sì"_s;
+    QTest::newRow("falso") << QVariant(false) << u"No"_s;
+    QTest::newRow("giorno") << QVariant(QDate(2021, 3, 4)) << u"04/03/2021"_s;
+    QTest::newRow("con l'ora") << QVariant(QDateTime(QDate(2021, 3, 4), QTime(9, 5)))
+                               << u"04/03/2021 09:05:00"_s;
+    QTest::newRow("numero") << QVariant(1234.5) << u"1234,5"_s;
+    QTest::newRow("intero") << QVariant(7) << u"7"_s;
+    QTest::newRow("testo") << QVariant(u" a "_s) << u" a "_s;
+}
+
+void TestModScheda::testi()
+{
+    QFETCH(QVariant, Valore);
+    QTEST(TestoScheda(Valore), "Testo");
+}
+
+void TestModScheda::valori_data()
+{
+    QTest::addColumn<QString>("Nome");
+    QTest::addColumn<QString>("Testo");
+    QTest::addColumn<QVariant>("Valore");
+    const auto Riga = [](const char* Perche, const QString& Nome, const QString& Testo, const QVariant& V) {
+        QTest::newRow(Perche) << Nome << Testo << V;
+    };
+    const QDate Giorno(2020, 3, 1);
+    Riga("data con barre", u"DataNascita"_s, u"1/3/2020"_s, Giorno);
+    Riga("data con trattini", u"DataNascita"_s, u"01-03-2020"_s, Giorno);
+    Riga("data con punti", u"DataNascita"_s, u"01.03.20"_s, Giorno);
+    Riga("otto cifre", u"DataNascita"_s, u"01032020"_s, Giorno);
+    Riga("sei cifre", u"DataNascita"_s, u"010320"_s, Giorno);
+    Riga("secolo di oggi", u"DataNascita"_s, u"010329"_s, QDate(2029, 3, 1));
+    Riga("secolo scorso", u"DataNascita"_s, u"010330"_s, QDate(1930, 3, 1));
+    Riga("con spazi", u"DataNascita"_s, u" 1/3/2020 "_s, Giorno);
+    Riga("con l'ora", u"DataNascita"_s, u"1/3/2020 9:05"_s, QDateTime(Giorno, QTime(9, 5)));
+    Riga("con i secondi", u"DataNascita"_s, u"01/03/2020 23.59.58"_s, QDateTime(Giorno, QTime(23, 59, 58)));
+    Riga("data svuotata", u"DataNascita"_s, u"  "_s, {});
+    for (const char* Si : {"Sì", "sì", "SI", "Vero", "vero", "1", "-1", " Sì "})
+        Riga(Si, u"Attivo"_s, QString::fromUtf8(Si), true);
+    for (const char* No : {"No", "NO", "Falso", "0"})
+        Riga(No, u"Attivo"_s, QString::fromUtf8(No), false);
+    Riga("logico svuotato", u"Attivo"_s, {}, false);
+    Riga("byte", u"Classe"_s, u"255"_s, 255);
+    Riga("migliaia", u"Numero"_s, u"1.250"_s, 1250);
+    Riga("intero al pari", u"Anni"_s, u"2,5"_s, 2);
+    Riga("valuta", u"Saldo"_s, u"1.250,75"_s, 1250.75);
+    Riga("negativo", u"Misura"_s, u"-0,5"_s, -0.5);
+    Riga("numero svuotato", u"Saldo"_s, u" "_s, {});
+    Riga("testo com'è", u"Nominativo"_s, u" D'Àlò \"srl\" "_s, u" D'Àlò \"srl\" "_s);
+    Riga("testo svuotato", u"Nominativo"_s, {}, QString(u""_s));
+    Riga("memo svuotato", u"Note"_s, {}, QString(u""_s));
+    Riga("memo di due righe", u"Note"_s, u"a\nb"_s, u"a\nb"_s);
+}
+
+void TestModScheda::valori()
+{
+    QFETCH(QString, Nome);
+    QFETCH(QString, Testo);
+    QFETCH(QVariant, Valore);
+    const QVariant Letto = ValoreScheda(Colonna(Nome), Testo);
+    QCOMPARE(Letto.isNull(), Valore.isNull());
+    QCOMPARE(Letto.typeId(), Valore.typeId());
+    QCOMPARE(Letto, Valore);
+}
+
+void TestModScheda::rifiuti_data()
+{
+    QTest::addColumn<QString>("Nome");
+    QTest::addColumn<QString>("Testo");
+    QTest::addColumn<int>("Numero");
+    const auto Riga = [](const char* Perche, const QString& Nome, const QString& Testo, int Numero) {
+        QTest::newRow(Perche) << Nome << Testo << Numero;
+    };
+    Riga("giorno che non c'è", u"DataNascita"_s, u"31/02/2020"_s, 3421);
+    Riga("cifre che non sono un giorno", u"DataNascita"_s, u"310220"_s, 3421);
+    Riga("sette cifre", u"DataNascita"_s, u"1032020"_s, 3421);
+    Riga("anno in testa", u"DataNascita"_s, u"2020/03/01"_s, 3421);
+    Riga("ora sbagliata", u"DataNascita"_s, u"1/3/2020 25:00"_s, 3421);
+    Riga("parola per un logico", u"Attivo"_s, u"forse"_s, 3421);
+    Riga("due per un logico", u"Attivo"_s, u"2"_s, 3421);
+    Riga("lettere per un numero", u"Anni"_s, u"abc"_s, 3421);
+    Riga("punto decimale", u"Saldo"_s, u"12.5"_s, 3421);
+    Riga("oltre i 32 bit", u"Numero"_s, u"3000000000"_s, 3421);
+    Riga("oltre la misura", u"Nominativo"_s, QString(21, u'x'), 3163);
+}
+
+void TestModScheda::rifiuti()
+{
+    QFETCH(QString, Nome);
+    QFETCH(QString, Testo);
+    QTEST(NumeroErrore([&] { (void)ValoreScheda(Colonna(Nome), Testo); }), "Numero");
+    try {
+        (void)ValoreScheda(Colonna(Nome), Testo);
+    } catch (const Errore& Guasto) {
+        QVERIFY2(Guasto.Descrizione.contains(Nome), qPrintable(Guasto.Descrizione));
+    }
+}
+
+/// Through the file and back: written, then emptied.
+void TestModScheda::ognuntipoSiScriveESiSvuota()
+{
+    const QMap<QString, QString> Scritti{
+        {u"Nominativo"_s, u"Ça"_s}, {u"DataNascita"_s, u"29/02/2020"_s},
+        {u"Attivo"_s, u"Sì"_s},     {u"Classe"_s, u"12"_s},
+        {u"Anni"_s, u"-5"_s},       {u"Numero"_s, u"2147483647"_s},
+        {u"Saldo"_s, u"10,1"_s},    {u"Peso"_s, u"12,7"_s},
+        {u"Misura"_s, u"0,0005"_s}, {u"Note"_s, u"riga\nriga"_s},
+    };
+    const auto Scrivi = [&](const QString& Nome, const QString& Testo) {
+        Righe.Edit();
+        ScriviScheda(Righe, Colonna(Nome), Testo);
+        Righe.Update();
+        return TestoScheda(Db.OpenRecordset(u"clienti"_s).Value(Nome));
+    };
+    for (auto Uno = Scritti.cbegin(); Uno != Scritti.cend(); ++Uno)
+        QCOMPARE(Scrivi(Uno.key(), Uno.value()), Uno.value());
+    for (const QString& Nome : Scritti.keys()) {
+        const QString Attivo = Nome == u"Attivo" ? u"No"_s : QString();
+        QCOMPARE(Scrivi(Nome, {}), Attivo);
+        const QVariant Vuoto = Db.OpenRecordset(u"clienti"_s).Value(Nome);
+        const bool ATesto = Nome == u"Nominativo" || Nome == u"Note" || Nome == u"Attivo";
+        QVERIFY2(Vuoto.isNull() != ATesto, qPrintable(Nome));
+    }
+}
+
+void TestModScheda::controparteSegueIlNome_data()
+{
+    QTest::addColumn<int>("ID");
+    QTest::addColumn<QStringList>("Nomi");
+    QTest::addColumn<QVariant>("Attesa");
+    const QStringList Nuovo{u"Russo"_s};
+    QTest::newRow("era uguale") << 1 << Nuovo << QVariant(u"Russo"_s);
+    QTest::newRow("ne aveva un altro") << 2 << Nuovo << QVariant(u"Neri spa"_s);
+    QTest::newRow("non ne aveva") << 3 << Nuovo << QVariant(u"Russo"_s);
+    QTest::newRow("riga nuova") << 0 << Nuovo << QVariant(u"Russo"_s);
+    QTest::newRow("cambiato due volte") << 1 << QStringList{u"Russo"_s, u"Verde"_s} << QVariant(u"Verde"_s);
+    QTest::newRow("più lungo della colonna")
+        << 1 << QStringList{u"Rossi Antonio"_s} << QVariant(u"Rossi An"_s);
+}
+
+void TestModScheda::controparteSegueIlNome()
+{
+    QFETCH(int, ID);
+    QFETCH(QStringList, Nomi);
+    CreaControparti(Db);
+    Recordset Parti = Db.OpenRecordset(u"controparti"_s);
+    if (ID == 0) {
+        Parti.AddNew();
+    } else {
+        Parti.FindFirst(u"ID=%1"_s.arg(ID));
+        Parti.Edit();
+    }
+    const Campo Nominativo = *TrovaCampo(Parti.Campi(), u"nominativo"_s);
+    for (const QString& Nome : Nomi)
+        ScriviScheda(Parti, Nominativo, Nome);
+    Parti.Update();
+    QTEST(Parti.Value(u"Controp"_s), "Attesa");
+    QCOMPARE(Parti.Value(u"Nominativo"_s).toString(), Nomi.last());
+}
+
+void TestModScheda::avvisi_data()
+{
+    QTest::addColumn<QString>("Nome");
+    QTest::addColumn<QString>("Testo");
+    QTest::addColumn<QString>("Avviso");
+    const QString CodFis = u"Il codice fiscale non torna: controllare le cifre"_s;
+    const QString PIva = u"La partita IVA non torna: controllare le cifre"_s;
+    const QString Nome = u"senza nominativo: non si potrà scegliere"_s;
+    const auto Riga = [](const char* Perche, const QString& Campo, const QString& Testo, const QString& A) {
+        QTest::newRow(Perche) << Campo << Testo << A;
+    };
+    Riga("codice buono", u"CodFis"_s, u"rssmra80a01h501u"_s, {});
+    Riga("codice sbagliato", u"CodFis"_s, u"RSSMRA80A01H501X"_s, CodFis);
+    Riga("codice di società", u"CodFis"_s, u"00743110157"_s, {});
+    Riga("codice corto", u"codfis"_s, u"RSSMRA"_s, CodFis);
+    Riga("codice vuoto", u"CodFis"_s, u" "_s, {});
+    Riga("partita buona", u"PIva"_s, u"IT00743110157"_s, {});
+    Riga("partita sbagliata", u"PIva"_s, u"00743110158"_s, PIva);
+    Riga("partita straniera", u"PIva"_s, u"DE123456789"_s, {});
+    Riga("nome vuoto", u"Nominativo"_s, u"  "_s, Nome);
+    Riga("nome", u"Nominativo"_s, u"x"_s, {});
+    Riga("altro campo", u"Citta"_s, {}, {});
+}
+
+void TestModScheda::avvisi()
+{
+    QFETCH(QString, Nome);
+    QFETCH(QString, Testo);
+    QTEST(AvvisoScheda(Nome, Testo), "Avviso");
+}
+
+void TestModScheda::didascalie()
+{
+    QCOMPARE(DidascaliaScheda(u"new"_s), u"Inserimento dati"_s);
+    QCOMPARE(DidascaliaScheda(u"edit"_s), u"Modifica dati"_s);
+    QCOMPARE(DidascaliaScheda(u"view"_s), u"Visualizzazione dati"_s);
+}
+
+void TestModScheda::siSalva()
+{
+    Righe.Edit();
+    ScriviScheda(Righe, Colonna(u"Nominativo"_s), u"Gallo"_s);
+    QVERIFY(SalvaScheda(Righe));
+    QCOMPARE(Db.OpenRecordset(u"clienti"_s).Value(u"Nominativo"_s).toString(), u"Gallo"_s);
+}
+
+void TestModScheda::cambiataDaAltri_data()
+{
+    QTest::addColumn<int>("Risposta");
+    QTest::newRow("si sovrascrive") << vbYes;
+    QTest::newRow("ci si ripensa") << vbNo;
+}
+
+void TestModScheda::cambiataDaAltri()
+{
+    QFETCH(int, Risposta);
+    Registratore Voce;
+    Righe.Edit();
+    ScriviScheda(Righe, Colonna(u"Anni"_s), u"50"_s);
+    Db.Execute(u"UPDATE clienti SET Anni=44 WHERE ID=1"_s);
+    Voce.Attendi(u"Nel frattempo un altro programma ha cambiato questa scheda.\n"
+                 "Salvare le proprie modifiche al posto delle sue?"_s,
+                 Risposta, u"Domanda:"_s);
+    QCOMPARE(SalvaScheda(Righe), Risposta == vbYes);
+    QCOMPARE(Voce.Ultimo().Bandiere, vbYesNo | vbQuestion | vbDefaultButton2);
+    QCOMPARE(Db.OpenRecordset(u"clienti"_s).Value(u"Anni"_s), QVariant(Risposta == vbYes ? 50 : 44));
+    QCOMPARE(Righe.EditMode(), Risposta == vbYes ? 0 : 1);
+}
+
+void TestModScheda::eliminataDaAltri()
+{
+    Righe.Edit();
+    ScriviScheda(Righe, Colonna(u"Anni"_s), u"50"_s);
+    Db.Execute(u"DELETE FROM clienti WHERE ID=1"_s);
+    QCOMPARE(NumeroErrore([&] { (void)SalvaScheda(Righe); }), 3167);
+    QCOMPARE(Righe.EditMode(), 1);
+    QCOMPARE(Righe.Value(u"Anni"_s), QVariant(50));
+}
+
+#include "TestModScheda.moc"
