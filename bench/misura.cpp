@@ -95,7 +95,7 @@ RegistraRuolo::RegistraRuolo(const QString& Nome, std::function<int(int&, char**
 
 QString EseguiRuolo(const QStringList& Argomenti, double* Fine)
 {
-    constexpr int AttesaMs = 15'000;
+    constexpr int AttesaMs = 60'000;
     QProcess Processo;
     Processo.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     QElapsedTimer Cronometro;

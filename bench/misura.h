@@ -37,7 +37,7 @@ struct RegistraRuolo
 /// What a role run as a process of its own writes on its first line.
 ///
 /// @param Fine when not null, the milliseconds from the start of the process to that line
-/// @return the line, empty when the role gave none within a quarter of a minute
+/// @return the line, empty when the role gave none within a minute
 QString EseguiRuolo(const QStringList& Argomenti, double* Fine = nullptr);
 
 /// Milliseconds that an action takes.

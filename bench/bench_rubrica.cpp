@@ -1,0 +1,177 @@
+// The address book of a large office: opened, ordered, filtered while somebody types. Each measure is a
+// process of its own, on an archive that the benchmark has built.
+#include "misura.h"
+
+#include "addressbook/richiesta.h"
+#include "addressbook/windows/frmRubrica.h"
+#include "addressbook/windows/rubriche.h"
+#include "core/app/programma.h"
+#include "platform/grid/griglia.h"
+#include "platform/kit/servizi_qt.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTableView>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <cstdio>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto NonMisurabile = std::numeric_limits<double>::quiet_NaN();
+
+/// Names, towns and addresses that repeat as they do in an office, each with what tells it apart.
+void Riempi(const QString& File, int Nominativi)
+{
+    QFile::copy(QStringLiteral(CARTELLA_PROGRAMMA "/DatiStudio.mdb"), File);
+    QFile::setPermissions(File, QFile::ReadOwner | QFile::WriteOwner);
+    OpenDatabase(File).Execute(
+        u"INSERT INTO clienti (Nominativo, Indirizzo, Cap, Citta, Prov, CodFis, DataNascita, Telefono, "
+        u"Email) "
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<?), "
+        "c(k, v) AS (VALUES "
+        "(0,'Rossi'),(1,'bianchi'),(2,'D''Agostino'),(3,'Nicolò'),(4,'VERDI'),(5,'Àlvari'),"
+        "(6,'de Luca')), "
+        "t(k, v) AS (VALUES (0,'Lucca'),(1,'Forlì'),(2,'roma'),(3,'Cefalù'),(4,'Milano')) "
+        "SELECT c.v || ' Mario ' || (i*7919 % 1000003), 'Via Garibaldi ' || (i % 400), printf('%05d', i % "
+        "98000), "
+        "t.v, 'LU', printf('RSSMRA%02dA01H%03dX', i % 100, i % 1000), date('1930-01-01', (i % 30000) || ' "
+        "days'), "
+        "'0583 ' || i, 'mario' || i || '@esempio.it' "
+        "FROM n JOIN c ON c.k = i % 7 JOIN t ON t.k = i % 5"_s,
+        {Nominativi});
+}
+
+QString Archivio(int Nominativi)
+{
+    static const QTemporaryDir Cartella;
+    const QString File = Cartella.filePath(u"DatiStudio %1.mdb"_s.arg(Nominativi));
+    if (!QFile::exists(File))
+        Riempi(File, Nominativi);
+    return File;
+}
+
+void LasciaDipingere()
+{
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+}
+
+frmRubrica* Apri(const QString& File)
+{
+    ApriRubrica({.DataSource = File,
+                 .RecordSource = u"clienti"_s,
+                 .Parent = u"cli"_s,
+                 .MenuStart = {},
+                 .KeyStart = {}});
+    frmRubrica* Rubrica = RubricaDi(0);
+    LasciaDipingere();
+    return Rubrica;
+}
+
+double Apertura(const QString& File)
+{
+    return MedianaMs(5, [&] {
+        frmRubrica* Rubrica = Apri(File);
+        Rubrica->close();
+        LasciaDipingere();
+    });
+}
+
+/// The slowest of the columns, upwards and downwards.
+double Ordinamento(const QString& File)
+{
+    frmRubrica* Rubrica = Apri(File);
+    const auto* Lista = Rubrica->findChild<Griglia*>();
+    double Peggiore = 0.0;
+    for (int Colonna = 0; Colonna < Lista->Vista()->model()->columnCount(); ++Colonna)
+        Peggiore = std::max(Peggiore, MedianaMs(1, [&] {
+                                Rubrica->tdbRubrica_HeadClick(Colonna);
+                                LasciaDipingere();
+                            }));
+    return Lista->Vista()->horizontalHeader()->isSortIndicatorShown() ? Peggiore : NonMisurabile;
+}
+
+/// The slowest key of a name that is typed, in rows that are ordered and whose texts are read.
+double TastoNelFiltro(const QString& File)
+{
+    frmRubrica* Rubrica = Apri(File);
+    Rubrica->tdbRubrica_HeadClick(1);
+    auto* Box = Rubrica->findChild<QLineEdit*>(u"txtFiltro"_s);
+    const auto* Conto = Rubrica->findChild<QLabel*>(u"datNom"_s);
+    Box->setText(u"z"_s);
+    while (!Conto->text().contains(u" di "_s))
+        LasciaDipingere();
+    double Peggiore = 0.0;
+    for (const QString& Testo : {u"r"_s, u"ro"_s, u"ros"_s, u"ross"_s, u"rossi"_s, u"rossi forli"_s,
+                                 u"rossi forli 12"_s, u"nessuno"_s, QString()})
+        Peggiore = std::max(Peggiore, DurataMs([&] {
+                                Box->setText(Testo);
+                                LasciaDipingere();
+                            }));
+    return Peggiore;
+}
+
+/// The most that the program has held after an order and a filter.
+double Memoria(const QString& File)
+{
+    (void)TastoNelFiltro(File);
+    QFile Stato(u"/proc/self/status"_s);
+    if (!Stato.open(QIODevice::ReadOnly))
+        return NonMisurabile;
+    constexpr double KiloPerMega = 1024.0;
+    for (const QByteArray& Riga : Stato.readAll().split('\n'))
+        if (Riga.startsWith("VmHWM:"))
+            return Riga.mid(6).chopped(2).trimmed().toDouble() / KiloPerMega;
+    return NonMisurabile;
+}
+
+int Rubrica(int& argc, char** argv)
+{
+    Applicazione Programma(argc, argv);
+    PreparaProgramma();
+    const QString Quale = QString::fromLatin1(argc > 2 ? argv[2] : "");
+    const QString File = QString::fromLocal8Bit(argc > 3 ? argv[3] : "");
+    const std::pair<QStringView, double (*)(const QString&)> Quali[] = {
+        {u"apri", Apertura}, {u"ordina", Ordinamento}, {u"filtra", TastoNelFiltro}, {u"memoria", Memoria}};
+    for (const auto& [Nome, Misura] : Quali)
+        if (Nome == Quale)
+            std::puts(qPrintable(QString::number(Misura(File), 'g', 10)));
+    return 0;
+}
+const RegistraRuolo RuoloRubrica(u"--rubrica"_s, Rubrica);
+
+std::function<double()> NellaRubrica(const QString& Quale, int Nominativi)
+{
+    return [=] {
+        bool Riuscita = false;
+        const double Valore = EseguiRuolo({u"--rubrica"_s, Quale, Archivio(Nominativi)}).toDouble(&Riuscita);
+        return Riuscita ? Valore : NonMisurabile;
+    };
+}
+
+constexpr int Centomila = 100'000;
+constexpr int UnMilione = 1'000'000;
+const RegistraMisura Apri100k(u"100,000 names: open the address book"_s, 100.0,
+                              NellaRubrica(u"apri"_s, Centomila));
+const RegistraMisura Ordina100k(u"100,000 names: sort by the slowest column"_s, 300.0,
+                                NellaRubrica(u"ordina"_s, Centomila));
+const RegistraMisura Filtra100k(u"100,000 names: a key in the filter"_s, 50.0,
+                                NellaRubrica(u"filtra"_s, Centomila));
+const RegistraMisura Apri1M(u"1,000,000 names: open the address book"_s, 300.0,
+                            NellaRubrica(u"apri"_s, UnMilione));
+const RegistraMisura Ordina1M(u"1,000,000 names: sort by the slowest column"_s, 3000.0,
+                              NellaRubrica(u"ordina"_s, UnMilione));
+const RegistraMisura Filtra1M(u"1,000,000 names: a key in the filter"_s, 500.0,
+                              NellaRubrica(u"filtra"_s, UnMilione));
+const RegistraMisura Memoria1M(u"1,000,000 names: memory, sorted and filtered"_s, 300.0,
+                               NellaRubrica(u"memoria"_s, UnMilione), u"MB"_s);
+
+}  // namespace
