@@ -78,7 +78,7 @@ std::vector<int> RighePiane::Cerca(const Filtro& Per) const
         return Trovate;
     }
     const std::string_view Tutto = Vista(Testi);
-    const std::string_view Prima = Vista(Per.Parole.first());
+    const std::string_view Prima = Vista(Per.ParolePiane().first());
     size_t Dove = Tutto.find(Prima);
     while (Dove != std::string_view::npos) {
         const auto Dopo = std::upper_bound(Inizi.cbegin(), Inizi.cend(), Dove);

@@ -22,6 +22,8 @@ public:
     Filtro() = default;
     explicit Filtro(const QString& Testo);
 
+    /// As RigaPiana writes them, the longest first.
+    [[nodiscard]] const QList<QByteArray>& ParolePiane() const { return Parole; }
     /// No word: every row passes.
     [[nodiscard]] bool Vuoto() const { return Parole.isEmpty(); }
     /// @param Riga a row made by RigaPiana
@@ -30,7 +32,6 @@ public:
     friend bool operator==(const Filtro&, const Filtro&) = default;
 
 private:
-    friend class RighePiane;
     QList<QByteArray> Parole;  ///< the longest first, since it leaves the fewest rows
 };
 
