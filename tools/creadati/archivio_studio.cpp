@@ -54,7 +54,8 @@ void ScriviArchivioStudio(const QString& Percorso)
 {
     const Database Db = CreateDatabase(Percorso);
     CreaArchivio(Db, u"clienti"_s, QList<Campo>{Chiave(), Nominativo()} + ColonneRecapiti());
-    // The name of a counterparty as its fee notes show it, where it differs from the archive's.
-    const Campo Controp = CampoTesto(u"Controp"_s, 150, u"L=Nome in parcella,S=30"_s);
+    // The name of a counterparty as its fee notes show it. It goes with the archive's, which alone is seen,
+    // so that nobody reads two names of one counterparty.
+    const Campo Controp = CampoTesto(u"Controp"_s, 150, u"V=N,L=Nome in parcella,S=30"_s);
     CreaArchivio(Db, u"controparti"_s, QList<Campo>{Chiave(), Nominativo(), Controp} + ColonneRecapiti());
 }
