@@ -16,18 +16,19 @@ struct VoceParte
 {
     Casella Parcella::*Scritta;
     Casella Parcella::*Stampata;
-    int Parcella::*Legame;     ///< key of the linked row, null for what is never linked
-    bool Parcella::*Svuotata;  ///< emptied for the print, null where the client's blocks say it
+    int Parcella::*Legame;      ///< key of the linked row, null for what is never linked
+    QString Parcella::*Legato;  ///< name of that row
+    bool Parcella::*Svuotata;   ///< emptied for the print, null where the client's blocks say it
     int Massimo;
     CampoNota Campo;  ///< the box of the first tab
 };
 
 constexpr std::array Parti{
-    VoceParte{&Parcella::txtCliente, &Parcella::txtDatiStaCli, &Parcella::IDCli, nullptr, 2000,
-              CampoNota::Cliente},
-    VoceParte{&Parcella::txtControp, &Parcella::txtDatiStaControp, &Parcella::IDCon,
+    VoceParte{&Parcella::txtCliente, &Parcella::txtDatiStaCli, &Parcella::IDCli, &Parcella::NomeCli, nullptr,
+              2000, CampoNota::Cliente},
+    VoceParte{&Parcella::txtControp, &Parcella::txtDatiStaControp, &Parcella::IDCon, &Parcella::NomeCon,
               &Parcella::ContropSvuotata, 2000, CampoNota::Controparte},
-    VoceParte{&Parcella::txtOggetto, &Parcella::txtDatiStaOgg, nullptr, &Parcella::OggSvuotato, 4000,
+    VoceParte{&Parcella::txtOggetto, &Parcella::txtDatiStaOgg, nullptr, nullptr, &Parcella::OggSvuotato, 4000,
               CampoNota::Oggetto},
 };
 
@@ -61,15 +62,27 @@ void ScriviStampata(Parcella& Nota, ParteNota Parte, const QString& Testo)
 void Dissocia(Parcella& Nota, ParteNota Parte)
 {
     Nota.*Voce(Parte).Legame = 0;
+    (Nota.*Voce(Parte).Legato).clear();
     MsgBox(Parte == ParteNota::Cliente ? u"Il cliente è stato dissociato dalla parcella!"_s
                                        : u"La controparte è stata dissociata dalla parcella!"_s,
            vbExclamation, TitoloAvvertenza.toString());
 }
 
+/// A key that no counter gives names no row: its text is the user's own.
 void Lega(Parcella& Nota, ParteNota Parte, int Chiave, const QString& Nome)
 {
-    Nota.*Voce(Parte).Legame = Chiave;
+    Nota.*Voce(Parte).Legame = std::max(Chiave, 0);
+    Nota.*Voce(Parte).Legato = Chiave > 0 ? Nome : QString();
     CambiaParte(Nota, Parte, Nome);
+}
+
+/// The name that the linked row gives to a note: of a counterparty that of its notes, where its row has one.
+QString NomeInArchivio(ParteNota Parte, int Chiave)
+{
+    if (Parte == ParteNota::Cliente)
+        return CercaCliente(Chiave).value_or(QString());
+    const QString InNota = CercaControparte(Chiave, u"Controp"_s).value_or(QString());
+    return InNota.isEmpty() ? CercaControparte(Chiave, u"Nominativo"_s).value_or(QString()) : InNota;
 }
 
 /// The client of the print alone; the form that he is worded in holds as the user's own would.
@@ -107,6 +120,16 @@ int MassimoParte(ParteNota Parte)
     return Voce(Parte).Massimo;
 }
 
+int LegameParte(const Parcella& Nota, ParteNota Parte)
+{
+    return Voce(Parte).Legame ? std::max(Nota.*Voce(Parte).Legame, 0) : 0;
+}
+
+QString NomeLegato(const Parcella& Nota, ParteNota Parte)
+{
+    return Voce(Parte).Legato ? Nota.*Voce(Parte).Legato : QString();
+}
+
 const Casella& ParteScritta(const Parcella& Nota, ParteNota Parte)
 {
     return Nota.*Voce(Parte).Scritta;
@@ -128,6 +151,16 @@ void CambiaParte(Parcella& Nota, ParteNota Parte, const QString& Testo)
         Dissocia(Nota, Parte);
 }
 
+void ScollegaParte(Parcella& Nota, ParteNota Parte)
+{
+    if (LegameParte(Nota, Parte) == 0)
+        return;
+    Dissocia(Nota, Parte);
+    if (Parte == ParteNota::Cliente)
+        RicomponiBlocco(Nota);
+    SetModificata(Nota, true);
+}
+
 void CambiaParteStampata(Parcella& Nota, ParteNota Parte, const QString& Testo)
 {
     ScriviStampata(Nota, Parte, Testo.left(Voce(Parte).Massimo));
@@ -139,7 +172,7 @@ void CambiaParteStampata(Parcella& Nota, ParteNota Parte, const QString& Testo)
 void LasciaParteStampata(Parcella& Nota, ParteNota Parte)
 {
     const VoceParte& Dati = Voce(Parte);
-    if (Dati.Legame && Nota.*Dati.Legame != 0)
+    if (LegameParte(Nota, Parte) > 0)
         return;
     const QString& Testo = (Nota.*Dati.Stampata).Testo;
     if (Parte != ParteNota::Cliente)
@@ -172,7 +205,7 @@ void RiceviDaRubrica(Parcella& Nota, const QString& Parola, int Chiave, const QS
     if (Chiesta == VociRubrica.end())
         return;
     const bool Cliente = Chiesta->Parte == ParteNota::Cliente;
-    if (!Chiesta->DaStampa || Nota.*Voce(Chiesta->Parte).Legame == 0) {
+    if (!Chiesta->DaStampa || LegameParte(Nota, Chiesta->Parte) == 0) {
         Lega(Nota, Chiesta->Parte, Chiave, Nome);
         if (Cliente)
             RicomponiBlocco(Nota);
@@ -183,6 +216,26 @@ void RiceviDaRubrica(Parcella& Nota, const QString& Parola, int Chiave, const QS
     }
     if (!Chiesta->DaStampa)
         Nota.Fuoco = Voce(Chiesta->Parte).Campo;
+}
+
+bool SegueArchivio(Parcella& Nota, ParteNota Parte, int Chiave)
+{
+    if (Chiave <= 0 || LegameParte(Nota, Parte) != Chiave)
+        return false;
+    const QString Nome = NomeInArchivio(Parte, Chiave);
+    if (Nome.isEmpty())
+        return false;
+    if (Nome != NomeLegato(Nota, Parte) && Nome != ParteScritta(Nota, Parte).Testo) {
+        const auto Parola = std::ranges::find(VociRubrica, Parte, &VoceRubrica::Parte)->Parola;
+        RiceviDaRubrica(Nota, Parola.toString(), Chiave, Nome);
+        Nota.Fuoco = CampoNota::Nessuno;
+        return true;
+    }
+    const QString Prima = ParteStampata(Nota, Parte).Testo;
+    Nota.*Voce(Parte).Legato = Nome;
+    if (Parte == ParteNota::Cliente)
+        RicomponiBlocco(Nota);
+    return ParteStampata(Nota, Parte).Testo != Prima;
 }
 
 void CambiaContrTipo(Parcella& Nota, int Tipo)

@@ -10,12 +10,18 @@ enum class ParteNota { Cliente, Controparte, Oggetto };
 
 /// Characters that a party or the subject may have.
 [[nodiscard]] int MassimoParte(ParteNota Parte);
+/// Key of the row that a party is linked to, 0 none; the subject is never linked.
+[[nodiscard]] int LegameParte(const Parcella& Nota, ParteNota Parte);
+/// The name of that row as the archive gave it last; empty without a link, and where no row was found.
+[[nodiscard]] QString NomeLegato(const Parcella& Nota, ParteNota Parte);
 /// As it stands on the first tab, and as it will print.
 [[nodiscard]] const Casella& ParteScritta(const Parcella& Nota, ParteNota Parte);
 [[nodiscard]] const Casella& ParteStampata(const Parcella& Nota, ParteNota Parte);
 /// Typed on the first tab: it will print so, in every form of the client block, whatever was written there.
 /// A linked party that is emptied is linked no more, which the user is told.
 void CambiaParte(Parcella& Nota, ParteNota Parte, const QString& Testo);
+/// Drops the link of a party, which the user is told; its text stays, as his own.
+void ScollegaParte(Parcella& Nota, ParteNota Parte);
 /// Typed in the print data; a longer text is cut.
 void CambiaParteStampata(Parcella& Nota, ParteNota Parte, const QString& Testo);
 /// The box of the print data was left: the subject goes back to the first tab, a party only while it is free
@@ -34,6 +40,12 @@ void RicomponiBlocco(Parcella& Nota);
 /// does nothing. The first tab links the party. So does the print data for one that is not linked yet; for
 /// any other only what is printed changes: a client is worded from its row, a counterparty by its name.
 void RiceviDaRubrica(Parcella& Nota, const QString& Parola, int Chiave, const QString& Nome);
+
+/// The row of a key was written to: a party that is linked to it takes its name, where that is another than
+/// before and than the note's, as a choice would give it; the client is worded anew. A row without a name, or
+/// one that is gone, changes nothing.
+/// @return true when the note shows something else than before
+bool SegueArchivio(Parcella& Nota, ParteNota Parte, int Chiave);
 
 /// The client is a person (0) or a company (1).
 void CambiaContrTipo(Parcella& Nota, int Tipo);

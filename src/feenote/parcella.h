@@ -108,6 +108,8 @@ struct Parcella
     // ---- parties and subject
     int IDCli = 0;  ///< key in clienti, 0 when the client is free text
     int IDCon = 0;  ///< key in controparti
+    /// Name of the linked row as the archive gave it last; empty without a link, and where no row was found.
+    QString NomeCli, NomeCon;
     Casella txtCliente, txtControp, txtOggetto;
     Casella txtDatiStaCli, txtDatiStaControp, txtDatiStaOgg;  ///< the same as they will print
     /// The user has emptied the box of the print: a record that no window has filled has it empty too.

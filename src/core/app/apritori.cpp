@@ -21,6 +21,7 @@
 #include "feenote/finder/windows/frmTrovaParcella.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
+#include "feenote/windows/noteaperte.h"
 #include "platform/base/errore.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
@@ -72,6 +73,8 @@ void RiempiParcelle()
         Su(Indice, [=](frmParcelle& Finestra) { Finestra.SetModificata(Si); });
     };
     Aperture.Proteggi = [](int Indice) { Su(Indice, [](frmParcelle& Finestra) { Finestra.Proteggi(); }); };
+    Aperture.SceltaDaRubrica = ConsegnaScelta;
+    Aperture.NominativoCambiato = SegueNominativo;
     Aperture.OffriRecupero = OffriRecupero;
     Aperture.SchedaCorrente = [](int Indice) {
         const frmParcelle* Finestra = Parcelle(Indice);

@@ -88,11 +88,12 @@ void ApplicaParti(Parcella& Nota, const Richiesta& Dati)
         const std::optional<QString> Nome = CercaCliente(Nota.IDCli);
         if (!Nome)
             MsgErrore(u"Il cliente associato alla parcella non è stato trovato!"_s);
-        Nota.txtCliente.Testo = Nome.value_or(QString());
+        Nota.NomeCli = Nota.txtCliente.Testo = Nome.value_or(QString());
         Nota.txtDatiStaCli.Testo = Nota.txtCliente.Testo;
     }
     if (Nota.IDCon > 0) {
-        Nota.txtControp.Testo = CercaControparte(Nota.IDCon, u"Nominativo"_s).value_or(QString());
+        Nota.NomeCon = Nota.txtControp.Testo =
+            CercaControparte(Nota.IDCon, u"Nominativo"_s).value_or(QString());
         Nota.txtDatiStaControp.Testo = Nota.txtControp.Testo;
     }
 }

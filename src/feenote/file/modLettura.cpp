@@ -40,8 +40,9 @@ void ApplicaPsw(const NotaLetta& Letta)
 }
 
 /// The linked party by its key, and the stored name where the link gives none.
-void ApplicaParte(int Chiave, const std::optional<QString>& Nome, const QString& Assente,
-                  const QString& Salvato, Casella& Box)
+/// @return what the archive has for a row that was found
+QString ApplicaParte(int Chiave, const std::optional<QString>& Nome, const QString& Assente,
+                     const QString& Salvato, Casella& Box)
 {
     if (Chiave > 0) {
         if (!Nome)
@@ -50,17 +51,18 @@ void ApplicaParte(int Chiave, const std::optional<QString>& Nome, const QString&
     }
     if (Box.Testo.isEmpty())
         Box.Testo = Salvato;
+    return Chiave > 0 && Nome ? Box.Testo : QString();
 }
 
 void ApplicaParti(const NotaLetta& Letta)
 {
     Parcella& Nota = Letta.Nota;
-    ApplicaParte(Nota.IDCli, Nota.IDCli > 0 ? CercaCliente(Nota.IDCli) : std::nullopt,
-                 u"Il cliente associato alla parcella non è stato trovato!"_s, Letta.Cliente,
-                 Nota.txtCliente);
-    ApplicaParte(Nota.IDCon, Nota.IDCon > 0 ? CercaControparte(Nota.IDCon, u"Controp"_s) : std::nullopt,
-                 u"La controparte associata alla parcella non è stata trovata!"_s, Letta.Controp,
-                 Nota.txtControp);
+    Nota.NomeCli = ApplicaParte(Nota.IDCli, Nota.IDCli > 0 ? CercaCliente(Nota.IDCli) : std::nullopt,
+                                u"Il cliente associato alla parcella non è stato trovato!"_s, Letta.Cliente,
+                                Nota.txtCliente);
+    Nota.NomeCon = ApplicaParte(
+        Nota.IDCon, Nota.IDCon > 0 ? CercaControparte(Nota.IDCon, u"Controp"_s) : std::nullopt,
+        u"La controparte associata alla parcella non è stata trovata!"_s, Letta.Controp, Nota.txtControp);
     Nota.txtDatiStaCli.Testo = Nota.txtCliente.Testo;
     Nota.txtDatiStaControp.Testo = Nota.txtControp.Testo;
     Nota.txtDatiStaOgg.Testo = Nota.txtOggetto.Testo;

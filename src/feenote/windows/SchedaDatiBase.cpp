@@ -1,5 +1,6 @@
 #include "feenote/windows/SchedaDatiBase.h"
 
+#include "addressbook/windows/camporubrica.h"
 #include "core/aperture.h"
 #include "feenote/modParametri.h"
 #include "feenote/modParti.h"
@@ -123,6 +124,33 @@ void SchedaDatiBase::CollegaParti()
         Apre(Visualizza[size_t(i)], i, {});
         Apre(Inserisci[size_t(i)], i, u"new"_s);
         Apre(Modifica[size_t(i)], i, u"edit"_s);
+    }
+    CollegaRubrica();
+}
+
+void SchedaDatiBase::CollegaRubrica()
+{
+    struct VoceRubrica
+    {
+        ParteNota Parte;
+        QLineEdit* Box;
+        QToolButton* Modifica;
+        QString Tabella;
+    };
+    for (const VoceRubrica& Voce :
+         {VoceRubrica{ParteNota::Cliente, ui->txtCliente, ui->cmdModCliCon_0, u"clienti"_s},
+          VoceRubrica{ParteNota::Controparte, ui->txtControp, ui->cmdModCliCon_1, u"controparti"_s}}) {
+        const ParteNota Parte = Voce.Parte;
+        const int Elemento = int(Parte);
+        Rubriche[size_t(Elemento)] = new CampoRubrica(
+            Voce.Box, Voce.Tabella, Voce.Modifica,
+            {.Apri = [=, this] { Cornice.CliCon(Elemento, false, {}); },
+             .Scheda =
+                 [=, this] {
+                     Cornice.CliCon(Elemento, false, LegameParte(Nota, Parte) > 0 ? u"edit"_s : u"new"_s);
+                 },
+             .Scegli = [=, this](int Chiave) { Cornice.ScegliNome(Elemento, Chiave); },
+             .Scollega = [=, this] { Cornice.ApplicaStampa([&] { ScollegaParte(Nota, Parte); }); }});
     }
 }
 
@@ -277,4 +305,6 @@ void SchedaDatiBase::MostraRubrica()
         Bottone->setVisible(bool(Aperture.RubricaParcella));
     ui->cmdModCliCon_0->setEnabled(Nota.IDCli > 0);
     ui->cmdModCliCon_1->setEnabled(Nota.IDCon > 0);
+    for (const ParteNota Parte : {ParteNota::Cliente, ParteNota::Controparte})
+        Rubriche[size_t(Parte)]->Mostra(LegameParte(Nota, Parte), NomeLegato(Nota, Parte));
 }

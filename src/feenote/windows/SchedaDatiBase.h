@@ -5,8 +5,10 @@
 
 #include <QWidget>
 
+#include <array>
 #include <memory>
 
+class CampoRubrica;
 class CorniceNota;
 class QButtonGroup;
 
@@ -25,6 +27,8 @@ public:
 
     /// Writes the controls from the record; call it with the window's guard.
     void Mostra();
+    /// The buttons of the address book, and the links of the parties.
+    void MostraRubrica();
     /// The box of a field of the note; null for none.
     [[nodiscard]] QWidget* CasellaDi(CampoNota Campo) const;
     /// Where a note begins: the first of its texts that is empty, client in front, or else the client.
@@ -32,10 +36,10 @@ public:
 
 private:
     void CollegaParti();
+    void CollegaRubrica();
     void CollegaParametri();
     void CollegaVariazione();  ///< option, sign and percent
     void MostraParti();
-    void MostraRubrica();  ///< the buttons of the address book
     void txtImporto_LostFocus();
     [[nodiscard]] bool ConRighe() const;
     void cmbAumRid_Click(int Segno);
@@ -45,4 +49,5 @@ private:
     CorniceNota& Cornice;
     std::unique_ptr<Ui::SchedaDatiBase> ui;
     QButtonGroup* optAumRid = nullptr;
+    std::array<CampoRubrica*, 2> Rubriche{};  ///< client and counterparty
 };

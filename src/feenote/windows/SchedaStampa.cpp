@@ -329,6 +329,11 @@ void SchedaStampa::MostraParti()
     ui->fraParti->setVisible(TipoDi(Nota.cmbTipoStampa).Parti);
     for (const CasellaParte& Voce : CaselleParti)
         mostra::Testo((*ui).*Voce.Box, ParteStampata(Nota, Voce.Quale).Testo);
+    MostraRubrica();
+}
+
+void SchedaStampa::MostraRubrica()
+{
     // The parties are free text until the address book is there.
     for (QWidget* Bottone :
          {ui->cmdContrSelAnag_0, ui->cmdContrInsAnag_0, ui->cmdContrSelAnag_1, ui->cmdContrInsAnag_1})

@@ -30,6 +30,7 @@ public:
     void Entra();
     /// Writes the controls from the record; call it with the window's guard.
     void Mostra();
+    void MostraRubrica();  ///< the buttons of the address book
     /// A line in the preview's margin; empty: none.
     void ImpostaAvviso(const QString& Testo);
     /// Composes the chosen document; nothing while none is.

@@ -45,6 +45,9 @@ public:
     /// @param DaStampa for the print data, else for the base data
     /// @param MenuStart empty to choose, "new", or "edit" for the row that the note is linked to
     virtual void CliCon(int Elemento, bool DaStampa, const QString& MenuStart) = 0;
+    /// Links a party to a row of the archive, as a choice in the address book does. A row that has gone
+    /// meanwhile, or that has no name, is told.
+    virtual void ScegliNome(int Elemento, int Chiave) = 0;
     /// True while a question of this window waits for its answer.
     [[nodiscard]] virtual bool InDomanda() const = 0;
 

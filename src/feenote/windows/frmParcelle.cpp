@@ -100,6 +100,7 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     CollegaRicalcolo();
     CollegaCopia();
     CollegaMulti();
+    CollegaRubrica();
     RimettiDisposizione();
     aspetto::TitoliInGrassetto(this);
     aspetto::AssegnaMnemonici(this);

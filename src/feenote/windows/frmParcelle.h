@@ -64,11 +64,17 @@ public:
     void Scarica();
     /// The mark, with what follows it: the pictogram, a recovery copy while it is set, the partner told.
     void SetModificata(bool Valore);
+    /// Serial number of the note in this window, another one for each that comes into any; 0 while there is
+    /// none.
+    [[nodiscard]] int Numero() const { return NumeroNota; }
     /// The answer of the address book: the word that it was asked with, and the row's values, the key first
-    /// and the name second.
+    /// and the name second. The box of the first tab gets the focus while it is the one in use.
     void oRubrica_SelDone(const QString& Parent, const QVariantList& Valori);
+    /// A row of the address book was written to; see SegueArchivio.
+    void NominativoCambiato(const QString& RecordSource, int ID);
     /// Opens the address book, once the field in edit was left; nothing while there is none. See CorniceNota.
     void CliCon(int Elemento, bool DaStampa, const QString& MenuStart) override;
+    void ScegliNome(int Elemento, int Chiave) override;
     /// The window of the associated note has changed: its figures are taken anew.
     void SocioCambiato();
     /// The note's name, in the record and in its place; the title is the window's own.
@@ -130,6 +136,11 @@ private:
     bool PrendiDallaFinestra();  ///< the figures of the window that holds it; true when they are others
     void MultiCambiata();        ///< shows whatever depends on the associated note
 
+    // ---- frmParcelle_CliCon.cpp
+    void CollegaRubrica();
+    void MostraRubrica();                     ///< the buttons and the links, on both pages
+    [[nodiscard]] bool InPrimoPiano() const;  ///< no other note is in front of this one
+
     // ---- frmParcelle_Ricalcolo.cpp: lines that are older than the parameters
     void CollegaRicalcolo();
     void MostraRicalcolo();
@@ -139,6 +150,8 @@ private:
     void RimettiDisposizione();  ///< splitters and columns as the last window left them
     void RicordaDisposizione() const;
     void RilegaRighe();  ///< the grids forget the note that was here before
+    void CambiaNota(
+        bool Viene);  ///< the note of before has gone, with its address book; another one comes, or none
     void CollegaCopia();
     void TimerCopia_Timer();
     bool ScriviCopia();    ///< the recovery copy; false when it could not be written
@@ -163,6 +176,7 @@ private:
 
     int Posto;
     QString TitoloProprio;
+    int NumeroNota = 0;
     std::optional<Impronta> ImprontaMulti;  ///< of the associated note; nothing: it was read from a window
     QTimer TimerMulti;                      ///< runs while the partner is being changed
     QTimer TimerCopia;  ///< runs from the first change that the recovery copy does not hold
@@ -173,7 +187,8 @@ private:
     bool BaseVista = true;  ///< answer of the last CheckOK on leaving the base tab
     bool InMostra = false;  ///< controls are being written by code
     bool CambioScheda = false;
-    bool DialogoAperto = false;  ///< a question of this window waits for its answer
+    bool DialogoAperto = false;   ///< a question of this window waits for its answer
+    bool RubricaInVista = false;  ///< the buttons of the address book are shown
 
     SchedaDatiBase* Base = nullptr;
     SchedaOnorari* Onorari = nullptr;

@@ -1,11 +1,20 @@
 // The client and the counterparty in the address book.
 #include "feenote/windows/frmParcelle.h"
 
+#include "addressbook/modClienti.h"
 #include "addressbook/richiesta.h"
 #include "core/aperture.h"
 #include "core/sessione.h"
 #include "feenote/modParti.h"
+#include "feenote/windows/SchedaDatiBase.h"
+#include "feenote/windows/SchedaStampa.h"
 #include "platform/kit/campo.h"
+#include "platform/kit/collega.h"
+#include "platform/system/messaggi.h"
+
+#include <QAbstractEventDispatcher>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 
 #include <array>
 
@@ -19,12 +28,12 @@ struct VoceCliCon
     QStringView Tabella;
     QStringView Parola;
     QStringView ParolaStampa;
-    int Parcella::*Legame;
+    ParteNota Parte;
 };
 
 constexpr std::array VociCliCon{
-    VoceCliCon{u"clienti", u"cli", u"c_cli", &Parcella::IDCli},
-    VoceCliCon{u"controparti", u"con", u"c_con", &Parcella::IDCon},
+    VoceCliCon{u"clienti", u"cli", u"c_cli", ParteNota::Cliente},
+    VoceCliCon{u"controparti", u"con", u"c_con", ParteNota::Controparte},
 };
 
 }  // namespace
@@ -35,19 +44,74 @@ void frmParcelle::CliCon(int Elemento, bool DaStampa, const QString& MenuStart)
         return;
     const VoceCliCon& Voce = VociCliCon[size_t(Elemento)];
     const QStringView Parola = DaStampa ? Voce.ParolaStampa : Voce.Parola;
-    const QString KeyStart = MenuStart == u"edit" ? u"ID="_s + QString::number(Nota.*Voce.Legame) : QString();
+    const int Legame = LegameParte(Nota, Voce.Parte);
+    const QString KeyStart = MenuStart == u"edit" ? u"ID="_s + QString::number(Legame) : QString();
     Aperture.RubricaParcella({.Indice = Posto,
+                              .Numero = NumeroNota,
                               .DataSource = sessione::ArchivioCliCon,
                               .RecordSource = Voce.Tabella.toString(),
                               .Selezione = true,
                               .Parent = Parola.toString(),
                               .MenuStart = MenuStart,
-                              .KeyStart = KeyStart});
+                              .KeyStart = KeyStart,
+                              .ID = Legame});
 }
 
 void frmParcelle::oRubrica_SelDone(const QString& Parent, const QVariantList& Valori)
 {
     if (Valori.size() < 2)
         return;
-    ApplicaStampa([&] { RiceviDaRubrica(Nota, Parent, Valori[0].toInt(), Valori[1].toString()); });
+    ApplicaStampa([&] {
+        RiceviDaRubrica(Nota, Parent, Valori[0].toInt(), Valori[1].toString());
+        if (Scheda() != SchedaBase || !InPrimoPiano())
+            Nota.Fuoco = CampoNota::Nessuno;  // the user is elsewhere by now
+    });
+}
+
+void frmParcelle::ScegliNome(int Elemento, int Chiave)
+{
+    const VoceCliCon& Voce = VociCliCon[size_t(Elemento)];
+    const std::optional<QString> Nome =
+        Voce.Parte == ParteNota::Cliente ? CercaCliente(Chiave) : CercaControparte(Chiave, u"Nominativo"_s);
+    if (!Nome || Nome->trimmed().isEmpty()) {
+        MsgBox(u"Il nominativo scelto non è più nell'archivio!"_s, vbExclamation,
+               TitoloAvvertenza.toString());
+        return;
+    }
+    oRubrica_SelDone(Voce.Parola.toString(), {Chiave, *Nome});
+}
+
+void frmParcelle::NominativoCambiato(const QString& RecordSource, int ID)
+{
+    for (const VoceCliCon& Voce : VociCliCon) {
+        if (Voce.Tabella.compare(RecordSource, Qt::CaseInsensitive) != 0)
+            continue;
+        // What shows nothing new is not written again: a cell of the note may be in edit meanwhile.
+        if (SegueArchivio(Nota, Voce.Parte, ID))
+            ApplicaStampa([] {});
+        else
+            MostraRubrica();
+    }
+}
+
+bool frmParcelle::InPrimoPiano() const
+{
+    const auto* Sotto = qobject_cast<const QMdiSubWindow*>(parentWidget());
+    return !Sotto || !Sotto->mdiArea() || Sotto->mdiArea()->currentSubWindow() == Sotto;
+}
+
+void frmParcelle::MostraRubrica()
+{
+    RubricaInVista = bool(Aperture.RubricaParcella);
+    Base->MostraRubrica();
+    Stampa->MostraRubrica();
+}
+
+/// The address book may come after the windows: they show their buttons as soon as it is there.
+void frmParcelle::CollegaRubrica()
+{
+    Collega(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, this, [this] {
+        if (RubricaInVista != bool(Aperture.RubricaParcella))
+            MostraRubrica();
+    });
 }

@@ -36,6 +36,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -84,6 +85,7 @@ constexpr int PausaPerCopia = 20;
 void frmParcelle::Nuova(const QString& ID)
 {
     TornaAllaBase();
+    CambiaNota(true);
     NuovaParcella(Nota);
     if (!ID.isEmpty())
         ApplicaRichiesta(Nota, sessione::RichiestaPV2);
@@ -95,6 +97,7 @@ void frmParcelle::Nuova(const QString& ID)
 bool frmParcelle::Carica(const QString& Percorso)
 {
     TornaAllaBase();
+    CambiaNota(true);
     const bool Letta = Protetta([&] { LeggiParcella(Nota, Percorso); });
     AdottaRiferimento(Nota);
     RilegaRighe();
@@ -145,6 +148,7 @@ void frmParcelle::RilegaRighe()
 void frmParcelle::Recupera(const CopiaRecupero& Trovata)
 {
     TornaAllaBase();
+    CambiaNota(true);
     const bool Letta = Protetta([&] { RecuperaNota(Nota, Trovata); });
     AdottaRiferimento(Nota);
     RilegaRighe();
@@ -224,6 +228,15 @@ void frmParcelle::Scarica()
     SetModificata(false);
     RilegaRighe();
     InfoParcelle[size_t(Posto)].Libera = true;
+    CambiaNota(false);
+}
+
+void frmParcelle::CambiaNota(bool Viene)
+{
+    static int Ultimo = 0;
+    const int Prima = std::exchange(NumeroNota, Viene ? ++Ultimo : 0);
+    if (Prima > 0 && Aperture.ParcellaChiusa)
+        Protetta([&] { Aperture.ParcellaChiusa(Posto, Prima); });
 }
 
 void frmParcelle::SetModificata(bool Valore)

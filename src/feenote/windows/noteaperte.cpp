@@ -4,7 +4,11 @@
 #include "feenote/finder/modTrova.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
+#include "platform/base/regionale.h"
+#include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -57,6 +61,25 @@ void SegueSalvataggio(const frmParcelle& Salvata)
         else
             Finestra.ControllaMulti();
     });
+}
+
+bool ConsegnaScelta(int Indice, int Numero, const QString& Parent, const QVariantList& Valori)
+{
+    frmParcelle* Finestra = Parcelle(Indice);
+    if (!Finestra || Numero <= 0 || Finestra->Numero() != Numero)
+        return true;
+    if (CStr(Valori.value(1)).trimmed().isEmpty()) {
+        // Its empty box would drop the link at once.
+        MsgBox(u"Il nominativo scelto non ha un nome!"_s, vbExclamation, TitoloAvvertenza.toString());
+        return false;
+    }
+    Finestra->oRubrica_SelDone(Parent, Valori);
+    return true;
+}
+
+void SegueNominativo(const QString& RecordSource, int ID)
+{
+    Ognuna([&](frmParcelle& Finestra) { Finestra.NominativoCambiato(RecordSource, ID); });
 }
 
 QSet<QString> NoteAperte()

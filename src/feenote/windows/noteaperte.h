@@ -3,6 +3,7 @@
 
 #include <QSet>
 #include <QString>
+#include <QVariant>
 
 class frmParcelle;
 
@@ -18,6 +19,14 @@ void ControllaAssociate();
 /// A note has been saved, perhaps under another name: the window that is linked to it follows, the others
 /// look at their associated notes.
 void SegueSalvataggio(const frmParcelle& Salvata);
+
+/// What the address book hands over goes to the note that has asked, by its place and serial number; nothing
+/// where that one has gone.
+/// @return false when the row has no name, which is told
+bool ConsegnaScelta(int Indice, int Numero, const QString& Parent, const QVariantList& Valori);
+
+/// A row of the address book was written to: the notes on screen that are linked to it follow its name.
+void SegueNominativo(const QString& RecordSource, int ID);
 
 /// The files of the notes on screen.
 [[nodiscard]] QSet<QString> NoteAperte();
