@@ -2,6 +2,7 @@
 
 #include "core/modErrori.h"
 #include "platform/base/errore.h"
+#include "platform/base/ordineitaliano.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
@@ -11,12 +12,9 @@
 
 #include "ui_frmSfoglia.h"
 
-#include <QCollator>
 #include <QDir>
 #include <QKeyEvent>
 #include <QListWidget>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -44,9 +42,7 @@ QStringList Sottocartelle(const QString& Cartella)
             Nomi += Voce.Nome;
         return true;
     });
-    QCollator Ordine(QLocale(QLocale::Italian, QLocale::Italy));
-    Ordine.setNumericMode(true);
-    std::sort(Nomi.begin(), Nomi.end(), Ordine);
+    OrdinaItaliano(Nomi, [](const QString& Nome) -> const QString& { return Nome; });
     return Nomi;
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/modErrori.h"
 #include "feenote/file/modLettura.h"
+#include "feenote/file/nomenota.h"
 #include "feenote/modNuovaParcella.h"
 #include "feenote/modTotali.h"
 #include "platform/base/errore.h"
@@ -24,22 +25,6 @@ void TogliSolaLettura(const QString& File)
     } catch (const Errore&) {
         return;  // a medium that is read-only as a whole
     }
-}
-
-bool StessoFile(const QString& Uno, const QString& Altro)
-{
-    if (Uno.isEmpty() || Altro.isEmpty())
-        return false;
-    const QString Vero = QFileInfo(Uno).canonicalFilePath();
-    return Uno == Altro || (!Vero.isEmpty() && Vero == QFileInfo(Altro).canonicalFilePath());
-}
-
-/// As it is spelled on the disk, without ".mdb".
-QString NomeDi(const QString& File)
-{
-    constexpr QStringView Estensione = u".mdb";
-    const QString Nome = NomeFile(File);
-    return Nome.endsWith(Estensione, Qt::CaseInsensitive) ? Nome.chopped(Estensione.size()) : Nome;
 }
 
 }  // namespace
@@ -71,16 +56,26 @@ NotaAssociata LeggiMulti(const QString& Percorso)
     return DatiMulti(Altra);
 }
 
+bool SuoFile(const Parcella& Nota, const QString& Percorso)
+{
+    const QString Uno = PercorsoNativo(Nota.Percorso);
+    const QString Altro = PercorsoNativo(Percorso);
+    if (Uno.isEmpty() || Altro.isEmpty())
+        return false;
+    const QString Vero = QFileInfo(Uno).canonicalFilePath();
+    return Uno == Altro || (!Vero.isEmpty() && Vero == QFileInfo(Altro).canonicalFilePath());
+}
+
 bool AssociaMulti(Parcella& Nota, const QString& Percorso, const Parcella* Aperta)
 {
     const QString File = PercorsoNativo(Percorso);
-    if (Aperta == &Nota || StessoFile(File, PercorsoNativo(Nota.Percorso))) {
+    if (Aperta == &Nota || SuoFile(Nota, File)) {
         MsgErrore(StessaParcella.toString());
         return false;
     }
     Nota.Multi = Aperta ? DatiMulti(*Aperta) : LeggiMulti(File);
     Nota.txtPathParcMult = File;
-    Nota.txtParcMultipla = NomeDi(File);
+    Nota.txtParcMultipla = NomeMostrato(File);
     return true;
 }
 

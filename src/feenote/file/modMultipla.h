@@ -16,6 +16,9 @@ inline constexpr QStringView StessaParcella = u"La parcella non può essere asso
 /// @throws Errore as CaricaDati; the file is then as it was
 [[nodiscard]] NotaAssociata LeggiMulti(const QString& Percorso);
 
+/// True when a path leads to the note's own file, whatever its separators and the links on its way.
+[[nodiscard]] bool SuoFile(const Parcella& Nota, const QString& Percorso);
+
 /// Associates a saved note with this one, or reads the associated one again.
 ///
 /// All or nothing: after a failure the note has what it had.

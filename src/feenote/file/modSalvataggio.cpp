@@ -7,6 +7,7 @@
 #include "feenote/file/modLettura.h"
 #include "feenote/file/modPassword.h"
 #include "feenote/file/modPosaFile.h"
+#include "feenote/file/nomenota.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
@@ -15,7 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QStringView Estensione = u".mdb";
 constexpr QStringView FiltroNote = u"Parcelle (*.mdb)";
 
 /// The code of the matter before the names of its notes. A code like "12/2026" would name a folder, and one
@@ -49,12 +49,12 @@ QString ConCartella(const QString& Scelto, const QString& Inizio)
 /// The extension is compared with case: "x.MDB" gets a second one, whose dot is then refused.
 QString ConEstensione(const QString& Percorso)
 {
-    return Percorso.endsWith(Estensione) ? Percorso : Percorso + Estensione.toString();
+    return Percorso.endsWith(EstensioneNota) ? Percorso : Percorso + EstensioneNota.toString();
 }
 
 bool NomeAmmesso(const QString& Percorso)
 {
-    const QString Nome = NomeFile(Percorso).chopped(Estensione.size());
+    const QString Nome = NomeFile(Percorso).chopped(EstensioneNota.size());
     if (NomeDiNotaValido(Nome))
         return true;
     MsgErrore(NomeNonValido.toString() + u"\nSalvataggio non effettuato!"_s);
@@ -132,7 +132,7 @@ std::optional<QString> SalvaConDialogo(Parcella& Nota, bool ComeModello)
 
     ScriviNota(Percorso, Nota, ComeModello);
     Nota.Percorso = Percorso;
-    Nota.Nome = NomeFile(Percorso).chopped(Estensione.size()).toLower();
+    Nota.Nome = NomeFile(Percorso).chopped(EstensioneNota.size()).toLower();
     if (Nota.Psw.startsWith(PswDaSalvare))
         Nota.Psw = PswNelCampo(Nota.Psw.mid(PswDaSalvare.size()));
     return Percorso;

@@ -1,7 +1,8 @@
 #include "feenote/finder/elencotrova.h"
 
-#include "feenote/finder/ordineitaliano.h"
+#include "feenote/file/nomenota.h"
 #include "platform/base/errore.h"
+#include "platform/base/ordineitaliano.h"
 #include "platform/base/regionale.h"
 #include "platform/base/testopiano.h"
 #include "platform/system/percorsi.h"

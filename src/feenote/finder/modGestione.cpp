@@ -4,7 +4,7 @@
 #include "core/modTesti.h"
 #include "feenote/file/modPosaFile.h"
 #include "feenote/file/modSalvataggio.h"
-#include "feenote/finder/modTrova.h"
+#include "feenote/file/nomenota.h"
 #include "platform/base/errore.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
@@ -17,8 +17,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr QStringView Estensione = u".mdb";
 
 bool Consenso(const QString& Domanda)
 {
@@ -47,12 +45,6 @@ void TogliFile(const QString& File)
     EliminaFile(File);
 }
 
-/// What was typed without the ending; separators in it stay, to be refused.
-QString SenzaEstensione(const QString& Nome)
-{
-    return Nome.endsWith(Estensione, Qt::CaseInsensitive) ? Nome.chopped(Estensione.size()) : Nome;
-}
-
 /// A name that a note may have, and that leads into no other folder.
 bool NomeBuono(const QString& Nome)
 {
@@ -71,12 +63,12 @@ bool AltroFile(const QString& File, const QString& Nuovo)
 /// The path that a typed name means; empty when it was refused, as the user has been told.
 QString PercorsoNuovo(const QString& File, const QString& Digitato)
 {
-    const QString Nome = SenzaEstensione(Digitato);
+    const QString Nome = SenzaEstensione(Digitato);  // separators in it stay, to be refused
     if (!NomeBuono(Nome)) {
         MsgErrore(NomeNonValido.toString());
         return {};
     }
-    const QString Intero = Nome + Estensione.toString();
+    const QString Intero = Nome + EstensioneNota.toString();
     if (QFile::encodeName(Intero).size() > MassimoNomeNota)
         throw Errore(52);
     const QString Nuovo = CartellaFile(File) + Intero;

@@ -2,9 +2,10 @@
 
 #include "core/sessione.h"
 #include "feenote/file/colonne.h"
+#include "feenote/file/nomenota.h"
 #include "feenote/finder/memoriatrova.h"
-#include "feenote/finder/ordineitaliano.h"
 #include "platform/base/errore.h"
+#include "platform/base/ordineitaliano.h"
 #include "platform/base/regionale.h"
 #include "platform/database/primariga.h"
 #include "platform/system/cartelle.h"
@@ -20,8 +21,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr QStringView Estensione = u".mdb";
 
 /// Characters of a name that a list shows.
 constexpr int MassimoNome = 255;
@@ -49,13 +48,11 @@ std::optional<DatiNota> LeggiDati(const QString& File)
     return Dati;
 }
 
-/// Another program is writing the note: it is one none the less.
-constexpr int InUso = 3260;
-
 /// What makes a file none of ours for as long as it stays as it is: no database, no such table or column.
 bool NonENota(const Errore& Guasto)
 {
-    static constexpr std::array Numeri{3343, 3078, 3061};
+    static constexpr std::array Numeri{errori::FormatoDatabase, errori::TabellaMancante,
+                                       errori::CampoSconosciuto};
     return std::ranges::find(Numeri, Guasto.Numero) != Numeri.end();
 }
 
@@ -86,12 +83,6 @@ QString FraseEsito(const ContoTrova& Conto)
                   .arg(Conto.Cartelle)
                   .arg(KByte(Conto.Byte));
     return Conto.Interrotta ? Frase + u" (ricerca interrotta)"_s : Frase;
-}
-
-QString NomeMostrato(const QString& File)
-{
-    const QString Nome = NomeFile(File);
-    return Nome.endsWith(Estensione, Qt::CaseInsensitive) ? Nome.chopped(Estensione.size()) : Nome;
 }
 
 CamminoTrova::CamminoTrova(CriterioTrova Chiesto, std::function<void(VoceTrova&&)> Prendi,
@@ -203,7 +194,8 @@ bool CamminoTrova::CheckCondiz(VoceTrova& Voce) const
         try {
             Letto->Dati = LeggiDati(Voce.Percorso);
         } catch (const Errore& Guasto) {
-            Voce.Illeggibile = Guasto.Numero == InUso;
+            // Another program is writing the note: it is one none the less.
+            Voce.Illeggibile = Guasto.Numero == errori::DatiBloccati;
             if (!NonENota(Guasto))
                 return Voce.Illeggibile;  // the next walk looks again
         }

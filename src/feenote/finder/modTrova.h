@@ -88,9 +88,6 @@ inline constexpr QStringView FraseRicerca =
 inline constexpr QStringView FraseNessuna =
     u"Non è stata trovata alcuna parcella che soddisfi i criteri impostati";
 
-/// The name of a note as it is shown: that of its file without ".mdb".
-[[nodiscard]] QString NomeMostrato(const QString& File);
-
 /// Bytes as they are shown: "#,###,###,##0" in thousands of 1024 bytes, begun ones counted.
 [[nodiscard]] QString KByte(qint64 Byte);
 

@@ -3,7 +3,7 @@
 #include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
-#include "feenote/finder/modTrova.h"
+#include "feenote/file/nomenota.h"
 #include "feenote/modAcconti.h"
 #include "feenote/modAppunti.h"
 #include "feenote/modDatiStampa.h"
@@ -315,5 +315,5 @@ void SchedaAcconti::MostraMultipla()
     ui->cmdRiassocia->setVisible(Offerta);
     if (Offerta)
         ui->cmdRiassocia->setText(u"Associa di nuovo: "_s +
-                                  NomeMostrato(NomeFile(Nota.txtPathParcMult)).replace(u'&', u"&&"_s));
+                                  NomeMostrato(Nota.txtPathParcMult).replace(u'&', u"&&"_s));
 }

@@ -1,7 +1,7 @@
 #include "feenote/windows/noteaperte.h"
 
 #include "core/posti.h"
-#include "feenote/finder/modTrova.h"
+#include "feenote/file/nomenota.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
 #include "platform/base/regionale.h"
@@ -21,7 +21,7 @@ void Ognuna(Azione Fai)
             Fai(*Finestra);
 }
 
-bool StessoFile(const QString& Uno, const QString& Altro)
+bool StessoPercorso(const QString& Uno, const QString& Altro)
 {
     return !Uno.isEmpty() && PercorsoNativo(Uno) == PercorsoNativo(Altro);
 }
@@ -32,7 +32,7 @@ frmParcelle* FinestraConFile(const QString& Percorso)
 {
     frmParcelle* Trovata = nullptr;
     Ognuna([&](frmParcelle& Finestra) {
-        if (!Trovata && StessoFile(Finestra.Nota.Percorso, Percorso))
+        if (!Trovata && StessoPercorso(Finestra.Nota.Percorso, Percorso))
             Trovata = &Finestra;
     });
     return Trovata;
@@ -97,12 +97,12 @@ void NotaRinominata(const QString& Vecchio, const QString& Nuovo)
     const QString Nome = NomeMostrato(Nuovo);
     Ognuna([&](frmParcelle& Finestra) {
         Parcella& Nota = Finestra.Nota;
-        if (StessoFile(Nota.Percorso, Vecchio)) {
+        if (StessoPercorso(Nota.Percorso, Vecchio)) {
             Nota.Percorso = Nuovo;
             Finestra.ImpostaNome(Nome.toLower());
             Finestra.ImpostaTitolo(Nome.toLower());
         }
-        if (StessoFile(Nota.txtPathParcMult, Vecchio)) {
+        if (StessoPercorso(Nota.txtPathParcMult, Vecchio)) {
             Nota.txtPathParcMult = Nuovo;
             if (Nota.Multipla())  // else the path is only kept for an offer
                 Nota.txtParcMultipla = Nome;
@@ -114,7 +114,7 @@ void NotaRinominata(const QString& Vecchio, const QString& Nuovo)
 void NotaCancellata(const QString& Percorso)
 {
     Ognuna([&](frmParcelle& Finestra) {
-        if (!StessoFile(Finestra.Nota.Percorso, Percorso))
+        if (!StessoPercorso(Finestra.Nota.Percorso, Percorso))
             return;
         Finestra.Nota.Percorso.clear();
         Finestra.SetModificata(true);

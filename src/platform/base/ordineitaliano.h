@@ -9,7 +9,7 @@
 #include <numeric>
 #include <vector>
 
-/// Case plays a part only between names that are otherwise equal.
+/// Case plays no part.
 [[nodiscard]] inline QCollator OrdineItaliano()
 {
     QCollator Ordine(QLocale(QLocale::Italian, QLocale::Italy));
@@ -25,8 +25,8 @@ void OrdinaItaliano(Lista& Elenco, F Nome)
     const QCollator Ordine = OrdineItaliano();
     std::vector<QCollatorSortKey> Chiavi;
     Chiavi.reserve(size_t(Elenco.size()));
-    for (const auto& Uno : std::as_const(Elenco))
-        Chiavi.push_back(Ordine.sortKey(Nome(Uno)));
+    for (const auto& Elemento : std::as_const(Elenco))
+        Chiavi.push_back(Ordine.sortKey(Nome(Elemento)));
     std::vector<size_t> Posti(Chiavi.size());
     std::iota(Posti.begin(), Posti.end(), size_t(0));
     std::ranges::stable_sort(Posti, [&](size_t A, size_t B) { return Chiavi[A] < Chiavi[B]; });

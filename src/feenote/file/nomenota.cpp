@@ -1,0 +1,13 @@
+#include "feenote/file/nomenota.h"
+
+#include "platform/system/percorsi.h"
+
+QString SenzaEstensione(const QString& Nome)
+{
+    return Nome.endsWith(EstensioneNota, Qt::CaseInsensitive) ? Nome.chopped(EstensioneNota.size()) : Nome;
+}
+
+QString NomeMostrato(const QString& File)
+{
+    return SenzaEstensione(NomeFile(File));
+}
