@@ -70,8 +70,8 @@ std::optional<QStringList> Leggi(const Connessione& Conn, const QString& Sql, qs
 /// A file that somebody keeps to himself is in use, whatever way he does it.
 int NumeroInUso(int Numero)
 {
-    constexpr int BloccatoDaAltri = 3260;
-    return Numero == 3027 ? BloccatoDaAltri : Numero;  // only a writer may mend what was interrupted
+    // Only a writer may mend what was interrupted.
+    return Numero == errori::DatabaseSolaLettura ? errori::DatiBloccati : Numero;
 }
 
 }  // namespace
