@@ -126,7 +126,7 @@ void frmParcelle::ControllaMulti()
 {
     if (!Nota.Multipla())
         return;
-    if (PercorsoNativo(Nota.txtPathParcMult) == PercorsoNativo(Nota.Percorso)) {
+    if (SuoFile(Nota, Nota.txtPathParcMult)) {
         EliminaMulti();  // the note was saved over its associated one
         return;
     }

@@ -31,15 +31,30 @@ private Q_SLOTS:
     void leOpzioniNonModificano();
     void laStampaSegue();
     void ilModelloDiventaScrivibile();
+    void salvataSuQuellaAssociata_data();
     void salvataSuQuellaAssociata();
     void rinominataSoloOfferta();
     void ilFileECambiato();
+    void cambiatoPrimaDelSalvataggio();
     void ilFileEGuastoSiDiceUnaVolta();
     void siOffreDiNuovo();
     void tastiSulNome();
     void ilClicSulNome();
     void chiTrascinaSulNomeLoSeleziona();
     void iDettagli();
+
+private:
+    /// Somebody else saves the other note, with this exempt expense.
+    void CambiaSulDisco(double Esente)
+    {
+        Altra.xDiritti(0, DirEsente) = Esente;
+        Altra.xDiritti.AggiungiRiga();
+        ScriviNota(File, Altra);
+        QFile Scritto(File);
+        QVERIFY(Scritto.open(QIODevice::ReadWrite));
+        QVERIFY(
+            Scritto.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime));
+    }
 };
 PROVA(TestParcelleMultiple);
 
@@ -203,9 +218,20 @@ void TestParcelleMultiple::ilModelloDiventaScrivibile()
     QVERIFY(!SolaLettura(File));
 }
 
+void TestParcelleMultiple::salvataSuQuellaAssociata_data()
+{
+    QTest::addColumn<bool>("Collegamento");
+    QTest::newRow("by its own path") << false;
+    QTest::newRow("that was chosen through a link") << true;
+}
+
 void TestParcelleMultiple::salvataSuQuellaAssociata()
 {
-    Associa(File);
+    QFETCH(bool, Collegamento);
+    const QString Giro = T->Ufficio.File(u"giro.mdb"_s);
+    QVERIFY(QFile::link(File, Giro));
+    Associa(Collegamento ? Giro : File);
+    QCOMPARE(Esenti(), u"Esenti: 27,00"_s);
     Tocca(F);
     T->Voce.AttendiSalva(File);
     T->Voce.Attendi(GiaEsiste(NomeFile(File)), vbYes);
@@ -228,16 +254,25 @@ void TestParcelleMultiple::rinominataSoloOfferta()
 void TestParcelleMultiple::ilFileECambiato()
 {
     Associa(File);
-    Altra.xDiritti(0, DirEsente) = 40.0;
-    Altra.xDiritti.AggiungiRiga();
-    ScriviNota(File, Altra);
-    QFile Scritto(File);
-    QVERIFY(Scritto.open(QIODevice::ReadWrite));
-    QVERIFY(Scritto.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime));
-    Scritto.close();
+    CambiaSulDisco(40.0);
     QCOMPARE(Esenti(), u"Esenti: 27,00"_s);
     ClicScheda(F, SchedaDiStampa);
     QCOMPARE(Esenti(), u"Esenti: 40,00"_s);
+}
+
+/// The page is composed behind the save, with the figures of the file as it is by then.
+void TestParcelleMultiple::cambiatoPrimaDelSalvataggio()
+{
+    Associa(File);
+    ClicScheda(F, SchedaDiStampa);
+    Scegli(Controllo<QComboBox>(F, "cmbTipoStampa"), StampaPrenotula);
+    const auto* vp = Controllo<VistaStampa>(F, "vp");
+    CambiaSulDisco(4321.0);
+    QVERIFY(!vp->Pagine().Testo().contains(u"4.321,00"_s));
+    F->SetModificata(true);
+    SalvaCome(*T, u"mia.mdb"_s);
+    QCOMPARE(Esenti(), u"Esenti: 4.321,00"_s);
+    QVERIFY(vp->Pagine().Testo().contains(u"4.321,00"_s));
 }
 
 void TestParcelleMultiple::ilFileEGuastoSiDiceUnaVolta()
