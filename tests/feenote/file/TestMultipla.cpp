@@ -26,6 +26,7 @@ private Q_SLOTS:
     void ilValoreDeiDocumenti();
     void laPraticaNonSiSegue();
     void ilFileRestaComE();
+    void ilFileVecchioNonSiAggiorna();
     void ilModelloPerdeLaProtezione();
     void ilSupportoCheRifiuta();
     void quelCheNonSiLegge_data();
@@ -138,6 +139,17 @@ void TestMultipla::ilFileRestaComE()
     (void)LeggiMulti(File);
     QCOMPARE(LeggiFile(File), Prima);
     QCOMPARE(FileAperti(File), 0);
+}
+
+/// A file from before a column is read as it stands: only who opens a note brings it up to date.
+void TestMultipla::ilFileVecchioNonSiAggiorna()
+{
+    EseguiSu(File, u"ALTER TABLE ParcellaParam DROP COLUMN SpeseGen"_s);
+    const QByteArray Prima = LeggiFile(File);
+    const NotaAssociata Dati = LeggiMulti(File);
+    QCOMPARE(Dati.TotSpeseEsenti, 27.0);
+    QCOMPARE(Dati.xOnorari.Righe(), Altra.xOnorari.Righe());
+    QCOMPARE(LeggiFile(File), Prima);
 }
 
 void TestMultipla::ilModelloPerdeLaProtezione()

@@ -1,6 +1,8 @@
 // The finder on the real form: the list, the search, the order, the choice.
 #include "bancotrova.h"
 
+#include "core/parametri.h"
+
 #include <QPushButton>
 #include <QTimer>
 
@@ -33,6 +35,8 @@ private Q_SLOTS:
     void siInterrompe();
     void leLettere();
     void escChiude();
+    void ricordaIlPosto();
+    void ricordaLeLarghezze();
 };
 PROVA(TestFrmTrovaParcella);
 
@@ -355,6 +359,36 @@ void TestFrmTrovaParcella::escChiude()
     Premi(Qt::Key_Escape);
     QVERIFY(!F->isVisible());
     QVERIFY(AperteDaQui.isEmpty());
+}
+
+void TestFrmTrovaParcella::ricordaIlPosto()
+{
+    ProvaPosto(u"frmTrovaParcella"_s, [this] {
+        Apri();
+        return F.get();
+    });
+}
+
+void TestFrmTrovaParcella::ricordaLeLarghezze()
+{
+    const QString Chiave = u"Disposizione_tdbParcelle"_s;
+    SalvaImpostazione(Chiave, {});
+    Apri();
+    F->resize(F->size() + QSize(60, 0));
+    F->close();
+    QVERIFY2(Impostazione(Chiave).isEmpty(), "nobody has moved a column");
+    Apri();
+    QHeaderView* Testata = Lista()->Vista()->horizontalHeader();
+    const int Prima = Testata->sectionSize(TrovaCliente);
+    const QPoint Orlo(Testata->sectionViewportPosition(TrovaCliente) + Prima - 1, Testata->height() / 2);
+    TrascinaCon(Testata->viewport(), Orlo, Orlo + QPoint(25, 0));
+    QCOMPARE(Testata->sectionSize(TrovaCliente), Prima + 25);
+    Doppio(u"verdi"_s);  // which hides it
+    QVERIFY(!F->isVisible());
+    F = std::make_unique<frmTrovaParcella>();
+    Apri();
+    QCOMPARE(Lista()->Vista()->columnWidth(TrovaCliente), Prima + 25);
+    SalvaImpostazione(Chiave, {});
 }
 
 #include "TestFrmTrovaParcella.moc"

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void sparitaTraElencoEClic();
     void siRinfresca_data();
     void siRinfresca();
+    void ilRinfrescoTieneIlPosto();
     void dopoIlSalvataggio();
     void nascostaNonSiRinfresca();
     void laNotaApertaSiVede();
@@ -149,6 +150,22 @@ void TestTrovaFile::siRinfresca()
     Finita();
     QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"alfa"_s, u"rossi 9"_s, u"rossi 10"_s, u"verdi"_s}));
     QCOMPARE(Corrente(), u"rossi 10"_s);
+}
+
+void TestTrovaFile::ilRinfrescoTieneIlPosto()
+{
+    SalvaMolte(Note + u"molte/"_s, 200);
+    Apri(2, Note + u"molte"_s);
+    VaiSu(u"120"_s);
+    Lista()->ImpostaPrimaRiga(115);
+    const int Prima = Lista()->PrimaRiga();
+    QVERIFY(Prima > 100);
+    QVERIFY(QFile::copy(Note + u"verdi.mdb"_s, Note + u"molte/zeta.mdb"_s));
+    F->RinfrescaTrova();
+    Finita();
+    QCOMPARE(Lista()->Righe(), 201);
+    QCOMPARE(Corrente(), u"120"_s);
+    QCOMPARE(Lista()->PrimaRiga(), Prima);
 }
 
 void TestTrovaFile::dopoIlSalvataggio()
