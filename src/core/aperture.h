@@ -38,8 +38,8 @@ struct Apritori
     std::function<void(const RichiestaRubrica& Chiesta)> RubricaParcella;  ///< the address book, for a note
     /// A row chosen in the address book goes to the note that asked: its place, its serial number, the word
     /// that it asked with, the values of the row (key, name, the other visible columns). Nothing happens to a
-    /// place that holds another note by now. False: the row has no name, which was told; the book stays.
-    std::function<bool(int Indice, int Numero, const QString& Parent, const QVariantList& Valori)>
+    /// place that holds another note by now, and a row without a name is refused.
+    std::function<void(int Indice, int Numero, const QString& Parent, const QVariantList& Valori)>
         SceltaDaRubrica;
     /// A card of a table ("clienti", "controparti") was saved: the notes linked to the row follow its name.
     std::function<void(const QString& RecordSource, int ID)> NominativoCambiato;

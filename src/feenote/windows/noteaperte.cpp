@@ -63,18 +63,17 @@ void SegueSalvataggio(const frmParcelle& Salvata)
     });
 }
 
-bool ConsegnaScelta(int Indice, int Numero, const QString& Parent, const QVariantList& Valori)
+void ConsegnaScelta(int Indice, int Numero, const QString& Parent, const QVariantList& Valori)
 {
     frmParcelle* Finestra = Parcelle(Indice);
     if (!Finestra || Numero <= 0 || Finestra->Numero() != Numero)
-        return true;
+        return;
     if (CStr(Valori.value(1)).trimmed().isEmpty()) {
         // Its empty box would drop the link at once.
         MsgBox(u"Il nominativo scelto non ha un nome!"_s, vbExclamation, TitoloAvvertenza.toString());
-        return false;
+        return;
     }
     Finestra->oRubrica_SelDone(Parent, Valori);
-    return true;
 }
 
 void SegueNominativo(const QString& RecordSource, int ID)

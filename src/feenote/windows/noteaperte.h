@@ -21,9 +21,8 @@ void ControllaAssociate();
 void SegueSalvataggio(const frmParcelle& Salvata);
 
 /// What the address book hands over goes to the note that has asked, by its place and serial number; nothing
-/// where that one has gone.
-/// @return false when the row has no name, which is told
-bool ConsegnaScelta(int Indice, int Numero, const QString& Parent, const QVariantList& Valori);
+/// where that one has gone. A row without a name is refused, and the user told.
+void ConsegnaScelta(int Indice, int Numero, const QString& Parent, const QVariantList& Valori);
 
 /// A row of the address book was written to: the notes on screen that are linked to it follow its name.
 void SegueNominativo(const QString& RecordSource, int ID);
