@@ -4,7 +4,11 @@
 #include "platform/base/errore.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+
+#include <csignal>
+#include <sys/resource.h>
 
 /// The number of the error that the call throws, 0 when it throws none.
 template <class Funzione>
@@ -28,3 +32,54 @@ inline int FileAperti(const QString& File)
         Quanti += Voce.symLinkTarget() == Vero;
     return Quanti;
 }
+
+/// Names of all that stands in a folder, hidden files too.
+inline QStringList ContenutoDi(const QString& Cartella)
+{
+    return QDir(Cartella).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                                    QDir::Name);
+}
+
+/// A folder that refuses new files while the object lives.
+class CartellaChiusa
+{
+public:
+    explicit CartellaChiusa(const QString& Nome) : Cartella(Nome)
+    {
+        QFile::setPermissions(Cartella, QFile::ReadOwner | QFile::ExeOwner);
+    }
+    ~CartellaChiusa()
+    {
+        QFile::setPermissions(Cartella, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+    CartellaChiusa(const CartellaChiusa&) = delete;
+    CartellaChiusa& operator=(const CartellaChiusa&) = delete;
+
+private:
+    QString Cartella;
+};
+
+/// Keeps this process from writing files beyond a size, as a full disk does.
+class LimiteDiScrittura
+{
+public:
+    explicit LimiteDiScrittura(rlim_t Byte)
+    {
+        Segnale = std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &Prima);
+        rlimit Ora = Prima;
+        Ora.rlim_cur = Byte;
+        setrlimit(RLIMIT_FSIZE, &Ora);
+    }
+    ~LimiteDiScrittura()
+    {
+        setrlimit(RLIMIT_FSIZE, &Prima);
+        std::signal(SIGXFSZ, Segnale);
+    }
+    LimiteDiScrittura(const LimiteDiScrittura&) = delete;
+    LimiteDiScrittura& operator=(const LimiteDiScrittura&) = delete;
+
+private:
+    rlimit Prima{};
+    void (*Segnale)(int) = SIG_DFL;
+};

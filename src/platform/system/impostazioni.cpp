@@ -1,9 +1,12 @@
 #include "platform/system/impostazioni.h"
 
 #include "platform/base/errore.h"
+#include "platform/system/file.h"
 
+#include <QFileInfo>
 #include <QSettings>
 #include <QStringList>
+#include <QTemporaryFile>
 
 using namespace Qt::StringLiterals;
 
@@ -33,6 +36,27 @@ public:
     QSettings Dati;
 };
 
+/// Bytes that a value may add to the store: each letter may be written as an escape, the key with "=" and the
+/// end of its line, both perhaps behind a new section.
+qint64 ByteAlPiu(const QString& Sezione, const QString& Chiave, const QString& Valore)
+{
+    constexpr qint64 PerLettera = 7;
+    constexpr qint64 DiContorno = 16;
+    return PerLettera * (Sezione.size() + Chiave.size() + Valore.size()) + DiContorno;
+}
+
+/// Refuses what the disk has no room for before the store is touched: the library that writes it takes a file
+/// which a full disk has cut short for a whole one, and puts it in the place of the former.
+void VerificaPosto(const QString& File, qint64 Altri)
+{
+    const QFileInfo Deposito(File);
+    CreaCartella(Deposito.path());
+    QTemporaryFile Prova(Deposito.path() + u"/.posto-XXXXXX"_s);
+    const QByteArray Byte(Deposito.size() + Altri, ' ');
+    if (!Prova.open() || Prova.write(Byte) != Byte.size() || !Prova.flush())
+        throw Errore(errori::Accesso);
+}
+
 }  // namespace
 
 QString GetSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,
@@ -55,6 +79,10 @@ void SaveSettings(const QString& Applicazione, const QString& Sezione,
                   const QList<std::pair<QString, QString>>& Valori)
 {
     Archivio Aperto(Applicazione, Sezione);
+    qint64 Nuovi = 0;
+    for (const auto& [Chiave, Valore] : Valori)
+        Nuovi += ByteAlPiu(Sezione, Chiave, Valore);
+    VerificaPosto(Aperto.Dati.fileName(), Nuovi);
     QList<std::pair<QString, QVariant>> Prima;
     for (const auto& [Chiave, Valore] : Valori) {
         const QString Scritta = Aperto.Grafia(Chiave);

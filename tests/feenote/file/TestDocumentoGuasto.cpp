@@ -34,11 +34,6 @@ int ErroreDelCarico(const QString& File)
     return Numero;
 }
 
-QStringList ContenutoDi(const QString& Cartella)
-{
-    return QDir(Cartella).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
-}
-
 /// No page may be added while it lives, as on a full disk.
 struct DiscoPieno
 {
@@ -46,22 +41,6 @@ struct DiscoPieno
     ~DiscoPieno() { guasti::LimitePagine = 0; }
     DiscoPieno(const DiscoPieno&) = delete;
     DiscoPieno& operator=(const DiscoPieno&) = delete;
-};
-
-/// A folder that refuses new files while it lives.
-struct CartellaChiusa
-{
-    explicit CartellaChiusa(const QString& Nome) : Cartella(Nome)
-    {
-        QFile::setPermissions(Cartella, QFile::ReadOwner | QFile::ExeOwner);
-    }
-    ~CartellaChiusa()
-    {
-        QFile::setPermissions(Cartella, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
-    CartellaChiusa(const CartellaChiusa&) = delete;
-    CartellaChiusa& operator=(const CartellaChiusa&) = delete;
-    QString Cartella;
 };
 
 }  // namespace

@@ -12,14 +12,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QStringList ContenutoDi(const QString& Cartella)
-{
-    return QDir(Cartella).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
-}
-
-}  // namespace
+namespace {}  // namespace
 
 class TestScritturaContesa : public QObject
 {

@@ -12,10 +12,8 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
-#include <csignal>
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/resource.h>
 #include <thread>
 #include <unistd.h>
 
@@ -63,52 +61,6 @@ void Crea(const QString& File, const QByteArray& Contenuto = "x")
     QVERIFY(Nuovo.open(QIODevice::WriteOnly));
     QCOMPARE(Nuovo.write(Contenuto), Contenuto.size());
 }
-
-QStringList Presenti(const QString& Cartella)
-{
-    return QDir(Cartella).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
-}
-
-/// A folder without writing permission for as long as the object lives.
-class Protetta
-{
-public:
-    explicit Protetta(const QString& Nome) : Cartella(Nome)
-    {
-        QFile::setPermissions(Cartella, QFile::ReadOwner | QFile::ExeOwner);
-    }
-    ~Protetta() { QFile::setPermissions(Cartella, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner); }
-    Protetta(const Protetta&) = delete;
-    Protetta& operator=(const Protetta&) = delete;
-
-private:
-    QString Cartella;
-};
-
-/// Keeps this process from writing files beyond a size.
-class LimiteDiScrittura
-{
-public:
-    explicit LimiteDiScrittura(rlim_t Byte)
-    {
-        Segnale = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &Prima);
-        rlimit Ora = Prima;
-        Ora.rlim_cur = Byte;
-        setrlimit(RLIMIT_FSIZE, &Ora);
-    }
-    ~LimiteDiScrittura()
-    {
-        setrlimit(RLIMIT_FSIZE, &Prima);
-        std::signal(SIGXFSZ, Segnale);
-    }
-    LimiteDiScrittura(const LimiteDiScrittura&) = delete;
-    LimiteDiScrittura& operator=(const LimiteDiScrittura&) = delete;
-
-private:
-    rlimit Prima{};
-    void (*Segnale)(int) = SIG_DFL;
-};
 
 }  // namespace
 
@@ -174,7 +126,7 @@ void TestFile::creaCartellaRifiutata()
     QCOMPARE(NumeroErrore([&] { CreaCartella(Cartella + u"file/dentro"_s); }), 75);
     QCOMPARE(NumeroErrore([] { CreaCartella(QString()); }), 75);
 
-    const Protetta Chiusa(Cartella);
+    const CartellaChiusa Chiusa(Cartella);
     QCOMPARE(NumeroErrore([&] { CreaCartella(Cartella + u"nuova/dentro"_s); }), 75);
     QVERIFY(!EsisteCartella(Cartella + u"nuova"_s));
 }
@@ -237,7 +189,7 @@ void TestFile::cartellaScrivibileDaiPermessi()
     Crea(Cartella + u"file"_s);
     QVERIFY(!CartellaScrivibile(Cartella + u"file"_s));
     {
-        const Protetta Chiusa(Cartella);
+        const CartellaChiusa Chiusa(Cartella);
         QVERIFY(!CartellaScrivibile(Cartella));
     }
     QVERIFY(CartellaScrivibile(Cartella));
@@ -377,7 +329,7 @@ void TestFile::scriveERiscrive()
     QCOMPARE(LeggiFile(File), QByteArray("poi"));
     ScriviFile(File, QByteArray());
     QCOMPARE(LeggiFile(File), QByteArray());
-    QCOMPARE(Presenti(Cartella), QStringList{u"nota.htm"_s});
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"nota.htm"_s});
 }
 
 void TestFile::scritturaRifiutata()
@@ -395,11 +347,11 @@ void TestFile::scritturaRifiutata()
     QCOMPARE(LeggiFile(File), QByteArray("vecchio"));
     ImpostaSolaLettura(File, false);
 
-    const Protetta Chiusa(Cartella);
+    const CartellaChiusa Chiusa(Cartella);
     QCOMPARE(NumeroErrore([&] { ScriviFile(File, "nuovo"); }), 75);
     QCOMPARE(NumeroErrore([&] { ScriviFile(Cartella + u"altro"_s, "nuovo"); }), 75);
     QCOMPARE(LeggiFile(File), QByteArray("vecchio"));
-    QCOMPARE(Presenti(Cartella), QStringList{u"nota.htm"_s});
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"nota.htm"_s});
 }
 
 void TestFile::discoPienoLasciaIlVecchio()
@@ -412,7 +364,7 @@ void TestFile::discoPienoLasciaIlVecchio()
     QCOMPARE(NumeroErrore([&] { ScriviFile(Cartella + u"giusto"_s, QByteArray(10, 'x')); }), 0);
     guasti::LimiteFile = 0;
     QCOMPARE(LeggiFile(File), QByteArray("vecchio"));
-    QCOMPARE(Presenti(Cartella), QStringList({u"giusto"_s, u"nota.htm"_s}));
+    QCOMPARE(ContenutoDi(Cartella), QStringList({u"giusto"_s, u"nota.htm"_s}));
     ScriviFile(File, QByteArray(11, 'x'));
     QCOMPARE(LeggiFile(File).size(), 11);
 }
@@ -431,7 +383,7 @@ void TestFile::scritturaInterrottaLasciaIlVecchio()
         }
         QCOMPARE(Numero, 75);
         QCOMPARE(LeggiFile(File), QByteArray("vecchio"));
-        QCOMPARE(Presenti(Cartella), QStringList{u"nota.htm"_s});
+        QCOMPARE(ContenutoDi(Cartella), QStringList{u"nota.htm"_s});
     }
 }
 
@@ -443,7 +395,7 @@ void TestFile::creaSoloQuelCheManca()
     QVERIFY(!CreaFile(File, "secondo"));
     QCOMPARE(LeggiFile(File), QByteArray("primo"));
     QCOMPARE(NumeroErrore([&] { CreaFile(Cartella + u"manca/nota.htm"_s, "x"); }), 76);
-    QCOMPARE(Presenti(Cartella), QStringList{u"archivio.mdb"_s});
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"archivio.mdb"_s});
     // A name that leads nowhere comes up behind the first look, as a file of somebody else's would.
     QVERIFY(QFile::link(Cartella + u"nulla"_s, Cartella + u"rimando"_s));
     QVERIFY(!CreaFile(Cartella + u"rimando"_s, "x"));
@@ -468,7 +420,7 @@ void TestFile::creaUnoSoloFraMolti()
     QCOMPARE(std::ranges::count(Riuscite, true), 1);
     QCOMPARE(LeggiFile(File),
              QByteArray::number(qulonglong(std::ranges::find(Riuscite, true) - Riuscite.begin())));
-    QCOMPARE(Presenti(CartellaFile(File)), QStringList{u"archivio.mdb"_s});
+    QCOMPARE(ContenutoDi(CartellaFile(File)), QStringList{u"archivio.mdb"_s});
 }
 
 #include "TestFile.moc"

@@ -1,14 +1,13 @@
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 
 #include "platform/base/errore.h"
 #include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
+#include "platform/system/percorsi.h"
 
 #include <QDir>
 #include <QFile>
-
-#include <csignal>
-#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 
@@ -29,6 +28,7 @@ private Q_SLOTS:
     void scritturaRifiutata();
     void molteInsieme();
     void molteRifiutateNessunaCambia();
+    void discoPienoNelMezzo_data();
     void discoPienoNelMezzo();
 };
 PROVA(TestImpostazioni);
@@ -175,28 +175,33 @@ void TestImpostazioni::molteRifiutateNessunaCambia()
     QVERIFY2(Scritto.contains("a=prima") && !Scritto.contains("b=2"), Scritto.constData());
 }
 
+void TestImpostazioni::discoPienoNelMezzo_data()
+{
+    QTest::addColumn<int>("Byte");
+
+    QTest::newRow("no room for the mark of who writes") << 4;
+    QTest::newRow("room for little") << 64;
+    QTest::newRow("room for almost all of it") << 500;
+}
+
 void TestImpostazioni::discoPienoNelMezzo()
 {
+    QFETCH(int, Byte);
     const QString App = u"Pieno"_s;
     SaveSetting(App, u"Parametri"_s, u"a"_s, u"prima"_s);
     const QByteArray Prima = LeggiFile(FileDi(App));
-    // No file of this process may grow beyond 64 bytes.
-    rlimit Libero = {};
-    QCOMPARE(getrlimit(RLIMIT_FSIZE, &Libero), 0);
-    const auto Vecchio = signal(SIGXFSZ, SIG_IGN);
-    const rlimit Stretto{64, Libero.rlim_max};
-    QCOMPARE(setrlimit(RLIMIT_FSIZE, &Stretto), 0);
     bool Rifiutata = false;
     try {
+        const LimiteDiScrittura Pieno{rlim_t(Byte)};
         SaveSettings(App, u"Parametri"_s, {{u"a"_s, u"1"_s}, {u"b"_s, QString(500, u'x')}});
     } catch (const Errore&) {
         Rifiutata = true;
     }
-    setrlimit(RLIMIT_FSIZE, &Libero);
-    signal(SIGXFSZ, Vecchio);
     QVERIFY(Rifiutata);
     QCOMPARE(LeggiFile(FileDi(App)), Prima);
     QCOMPARE(GetSetting(App, u"Parametri"_s, u"a"_s), u"prima"_s);
+    QCOMPARE(ContenutoDi(CartellaFile(FileDi(App))).filter(u"Pieno"_s), QStringList{u"Pieno.ini"_s});
+    QCOMPARE(ContenutoDi(CartellaFile(FileDi(App))).filter(u"posto"_s), QStringList());
 }
 
 #include "TestImpostazioni.moc"
