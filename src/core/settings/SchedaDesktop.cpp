@@ -10,6 +10,8 @@
 
 #include "ui_SchedaDesktop.h"
 
+#include <QHeaderView>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTableView>
 
@@ -45,10 +47,18 @@ ColonnaGriglia Colonna(const QString& Titolo, ColonnaIcona Campo, int Caratteri)
 
 QList<ColonnaGriglia> Colonne()
 {
-    constexpr int Larga = 10;
-    constexpr int Stretta = 8;
+    constexpr int Larga = 13;
+    constexpr int Stretta = 10;
     return {Colonna(u"Titolo"_s, IconaTitolo, Larga), Colonna(u"Programma/Link"_s, IconaCollegamento, Larga),
             Colonna(u"Icona"_s, IconaFigura, Stretta)};
+}
+
+/// At which a grid shows every column whole, and the bar of many rows beside them.
+int LarghezzaIntera(const Griglia& Lista)
+{
+    const QTableView* Vista = Lista.Vista();
+    return Vista->horizontalHeader()->length() + Vista->verticalHeader()->sizeHint().width() +
+           2 * Vista->frameWidth() + Vista->verticalScrollBar()->sizeHint().width();
 }
 
 /// Moves rows, which keep their order, so that the first of them takes the number `Meta`, counted without
@@ -96,8 +106,7 @@ SchedaDesktop::SchedaDesktop(QWidget* Padre) : QWidget(Padre), ui(std::make_uniq
     ui->tdbIcone->ImpostaColonne(Colonne());
     ui->tdbIcone->FraseVuota(u"Nessuna icona personale: \"Aggiungi...\" ne crea una."_s);
     ui->tdbIcone->Lega(&Icone);
-    constexpr int LargaGriglia = 300;
-    ui->tdbIcone->setMinimumWidth(LargaGriglia);
+    ui->tdbIcone->setMinimumWidth(LarghezzaIntera(*ui->tdbIcone));
     Collega(ui->tdbIcone, &Griglia::DoppioClic, this, [this](int Riga) { ModificaIcona(Riga); });
     Collega(ui->tdbIcone, &Griglia::Cancella, this,
             [this] { EliminaIcona(ui->tdbIcone->RigaCorrente().value_or(-1)); });

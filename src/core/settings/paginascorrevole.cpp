@@ -1,5 +1,7 @@
 #include "core/settings/paginascorrevole.h"
 
+#include <QScrollBar>
+
 PaginaScorrevole::PaginaScorrevole(QWidget* Pagina)
 {
     setObjectName(Pagina->objectName());
@@ -15,5 +17,7 @@ PaginaScorrevole::PaginaScorrevole(QWidget* Pagina)
 
 QSize PaginaScorrevole::sizeHint() const
 {
-    return widget()->sizeHint().expandedTo(widget()->minimumSizeHint());
+    // The bar of a page that is too high stands beside it, so that it does not ask for another one below.
+    return widget()->sizeHint().expandedTo(widget()->minimumSizeHint()) +
+           QSize(verticalScrollBar()->sizeHint().width(), 0);
 }

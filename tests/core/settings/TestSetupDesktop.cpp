@@ -11,6 +11,9 @@
 #include <QHeaderView>
 #include <QImage>
 #include <QMouseEvent>
+#include <QScopeGuard>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTimer>
 
@@ -50,6 +53,7 @@ private Q_SLOTS:
     void discoPieno();
 
     void aiuto();
+    void tuttoCiSta();
     void tasti();
     void stradaDellIcona();
 
@@ -58,26 +62,16 @@ private:
     QComboBox* Modelli() { return T->Trova<QComboBox>(u"cmbTemplates"_s); }
     QComboBox* Sfondi() { return T->Trova<QComboBox>(u"cmbSfondi"_s); }
     static void Scegli(QComboBox* Lista, const QString& Voce);
-    /// Runs something in the editor of icons, which comes up next.
-    void NellEditor(const std::function<void(frmIcons&)>& Fai);
-    void Riempi(frmIcons& Modulo, const QString& Titolo, const QString& Destinazione);
     QByteArray Ini() { return LeggiFile(T->Programma + u"kr5.ini"_s); }
 
     std::unique_ptr<TavoloSetup> T;
 };
 PROVA(TestSetupDesktop);
 
-namespace {
-
-const QByteArray DueIcone = "[desktop]\r\nL0=Sito\r\nL0_c=www.x.example\r\nL0_i=sito.gif\r\n"
-                            "L1=Agenda\r\nL1_c=/opt/agenda\r\nL1_i=agenda.gif\r\n";
-
-}  // namespace
-
 void TestSetupDesktop::init()
 {
     T = std::make_unique<TavoloSetup>();
-    ScriviFile(T->Programma + u"kr5.ini"_s, DueIcone);
+    ScriviFile(T->Programma + u"kr5.ini"_s, TavoloSetup::DueIcone());
 }
 
 void TestSetupDesktop::Scegli(QComboBox* Lista, const QString& Voce)
@@ -85,26 +79,6 @@ void TestSetupDesktop::Scegli(QComboBox* Lista, const QString& Voce)
     const int Indice = Lista->findText(Voce);
     QVERIFY2(Indice >= 0, qPrintable(Voce));
     ::Scegli(Lista, Indice);
-}
-
-void TestSetupDesktop::NellEditor(const std::function<void(frmIcons&)>& Fai)
-{
-    QTimer::singleShot(0, this, [this, Fai] {
-        auto* Modulo = qobject_cast<frmIcons*>(QApplication::activeModalWidget());
-        QVERIFY(Modulo);
-        QVERIFY(QTest::qWaitForWindowActive(Modulo));
-        Fai(*Modulo);
-        if (Modulo->isVisible())
-            Modulo->reject();
-    });
-}
-
-void TestSetupDesktop::Riempi(frmIcons& Modulo, const QString& Titolo, const QString& Destinazione)
-{
-    Modulo.findChild<QLineEdit*>(u"txtTitIco"_s)->setText(Titolo);
-    auto* Campo = Modulo.findChild<QLineEdit*>(u"txtCollegIco"_s);
-    Campo->clear();
-    QTest::keyClicks(Campo, Destinazione);
 }
 
 void TestSetupDesktop::sfondiSenzaEstensione()
@@ -273,14 +247,14 @@ void TestSetupDesktop::iconaNuova()
     Registratore Box;
     T->Apri(3);
     QCOMPARE(Grigl()->Righe(), 2);
-    NellEditor([this](frmIcons& Modulo) {
-        Riempi(Modulo, u"Tribunale"_s, u"https://tribunale.example"_s);
+    TavoloSetup::NellEditor([](frmIcons& Modulo) {
+        TavoloSetup::Riempi(Modulo, u"Tribunale"_s, u"https://tribunale.example"_s);
         Modulo.cmdSalvaIco_Click();
     });
     T->Premi(u"cmdAddIco"_s);
     QCOMPARE(Grigl()->Righe(), 3);
     QCOMPARE(Grigl()->RigaCorrente(), std::optional(2));
-    QCOMPARE(Ini(), DueIcone);
+    QCOMPARE(Ini(), TavoloSetup::DueIcone());
     T->Memorizza(Box);
     QCOMPARE(LeggiIcone()(2, IconaTitolo).toString(), u"Tribunale"_s);
     QCOMPARE(IconeUtente.Righe(), 3);
@@ -290,9 +264,9 @@ void TestSetupDesktop::iconaModificata()
 {
     Registratore Box;
     T->Apri(3);
-    NellEditor([this](frmIcons& Modulo) {
+    TavoloSetup::NellEditor([](frmIcons& Modulo) {
         QCOMPARE(Modulo.findChild<QLineEdit*>(u"txtTitIco"_s)->text(), u"Agenda"_s);
-        Riempi(Modulo, u"Agenda nuova"_s, u"/opt/agenda2"_s);
+        TavoloSetup::Riempi(Modulo, u"Agenda nuova"_s, u"/opt/agenda2"_s);
         QTest::keyClick(&Modulo, Qt::Key_Return);
     });
     Q_EMIT Grigl()->DoppioClic(1);
@@ -339,7 +313,7 @@ void TestSetupDesktop::chiudereNonToccaLeIcone()
     // A click on the desktop meanwhile opens what its icon shows.
     QCOMPARE(IconeUtente(0, IconaTitolo).toString(), u"Sito"_s);
     T->Modulo->close();
-    QCOMPARE(Ini(), DueIcone);
+    QCOMPARE(Ini(), TavoloSetup::DueIcone());
     QCOMPARE(IconeUtente.Righe(), 2);
     T->Apri(3);
     QCOMPARE(Grigl()->Righe(), 2);
@@ -439,7 +413,7 @@ void TestSetupDesktop::scritturaRifiutata()
     T->Memorizza(Box);
     // The rest is saved, and what was asked of the icons is not lost from the form.
     QCOMPARE(sessione::StudioNome, u"Nuovo"_s);
-    QCOMPARE(Ini(), DueIcone);
+    QCOMPARE(Ini(), TavoloSetup::DueIcone());
     QCOMPARE(Grigl()->Righe(), 1);
     // Now the user folder is there again, and takes what the program folder refuses.
     T->Memorizza(Box);
@@ -449,7 +423,7 @@ void TestSetupDesktop::scritturaRifiutata()
 void TestSetupDesktop::nullaCambiatoNullaScritto()
 {
     Registratore Box;
-    const QByteArray ConNota = DueIcone + "; una nota\r\nL7=oltre un vuoto\r\n";
+    const QByteArray ConNota = TavoloSetup::DueIcone() + "; una nota\r\nL7=oltre un vuoto\r\n";
     ScriviFile(T->Programma + u"kr5.ini"_s, ConNota);
     T->Apri(3);
     T->Memorizza(Box);
@@ -468,7 +442,7 @@ void TestSetupDesktop::discoPieno()
     Box.Attendi(u"Errore scrittura .ini"_s);
     T->Memorizza(Box);
     guasti::LimiteFile = 0;
-    QCOMPARE(Ini(), DueIcone);
+    QCOMPARE(Ini(), TavoloSetup::DueIcone());
 }
 
 // ---- form ---------------------------------------------------------------------------------------
@@ -497,6 +471,33 @@ void TestSetupDesktop::aiuto()
     QVERIFY(!T->Modulo->isVisible());
 }
 
+void TestSetupDesktop::tuttoCiSta()
+{
+    // Letters half as large again, as some set them for every program.
+    const QFont Solita = QApplication::font();
+    const auto Rimetti = qScopeGuard([&] { QApplication::setFont(Solita); });
+    QFont Grande = Solita;
+    Grande.setPointSizeF(Solita.pointSizeF() * 1.5);
+    QApplication::setFont(Grande);
+    T->Apri(3);
+    T->Modulo->resize(T->Modulo->sizeHint());
+    Respiro();
+    const QTableView* Vista = Grigl()->Vista();
+    QVERIFY(!Vista->horizontalScrollBar()->isVisible());
+    for (int c = 0; c < ColonneIcona; ++c) {
+        const QString Titolo = Vista->model()->headerData(c, Qt::Horizontal).toString();
+        QVERIFY(Vista->columnWidth(c) > Vista->horizontalHeader()->fontMetrics().horizontalAdvance(Titolo));
+    }
+    // A low screen takes a bar at the side, and no other one for the room that it takes.
+    const auto* Foglio = qobject_cast<QScrollArea*>(T->Trova<QTabWidget>(u"tabSetup"_s)->currentWidget());
+    QCOMPARE(Foglio->sizeHint().width(),
+             Foglio->widget()->sizeHint().width() + Foglio->verticalScrollBar()->sizeHint().width());
+    T->Modulo->resize(T->Modulo->sizeHint() - QSize(0, 100));
+    QTRY_VERIFY(Foglio->verticalScrollBar()->isVisible());
+    Respiro();
+    QVERIFY(!Foglio->horizontalScrollBar()->isVisible());
+}
+
 void TestSetupDesktop::tasti()
 {
     Registratore Box;
@@ -521,8 +522,8 @@ void TestSetupDesktop::stradaDellIcona()
     const int Fisse = Scrivania->NumeroIcone();
     // Made and saved: the desktop behind the form has it at once.
     T->Apri(3);
-    NellEditor([this](frmIcons& Modulo) {
-        Riempi(Modulo, u"Tribunale"_s, u"www.tribunale.example/Atti"_s);
+    TavoloSetup::NellEditor([](frmIcons& Modulo) {
+        TavoloSetup::Riempi(Modulo, u"Tribunale"_s, u"www.tribunale.example/Atti"_s);
         Modulo.cmdSalvaIco_Click();
     });
     T->Premi(u"cmdAddIco"_s);

@@ -24,44 +24,15 @@ private Q_SLOTS:
 
 private:
     Griglia* Grigl() { return T->Trova<Griglia>(u"tdbIcone"_s); }
-    /// Runs something in the editor of icons, which comes up next.
-    void NellEditor(const std::function<void(frmIcons&)>& Fai);
-    static void Riempi(frmIcons& Modulo, const QString& Titolo, const QString& Destinazione);
 
     std::unique_ptr<TavoloSetup> T;
 };
 PROVA(TestSetupIcone);
 
-namespace {
-
-const QByteArray DueIcone = "[desktop]\r\nL0=Sito\r\nL0_c=www.x.example\r\nL0_i=sito.gif\r\n"
-                            "L1=Agenda\r\nL1_c=/opt/agenda\r\nL1_i=agenda.gif\r\n";
-
-}  // namespace
-
 void TestSetupIcone::init()
 {
     T = std::make_unique<TavoloSetup>();
-    ScriviFile(T->Programma + u"kr5.ini"_s, DueIcone);
-}
-
-void TestSetupIcone::NellEditor(const std::function<void(frmIcons&)>& Fai)
-{
-    QTimer::singleShot(0, this, [Fai] {
-        auto* Modulo = qobject_cast<frmIcons*>(QApplication::activeModalWidget());
-        QVERIFY(Modulo);
-        Fai(*Modulo);
-        if (Modulo->isVisible())
-            Modulo->reject();
-    });
-}
-
-void TestSetupIcone::Riempi(frmIcons& Modulo, const QString& Titolo, const QString& Destinazione)
-{
-    Modulo.findChild<QLineEdit*>(u"txtTitIco"_s)->setText(Titolo);
-    auto* Campo = Modulo.findChild<QLineEdit*>(u"txtCollegIco"_s);
-    Campo->clear();
-    QTest::keyClicks(Campo, Destinazione);
+    ScriviFile(T->Programma + u"kr5.ini"_s, TavoloSetup::DueIcone());
 }
 
 void TestSetupIcone::senzaImpostazioniLaScrivaniaSegueLeIcone()
@@ -102,7 +73,7 @@ void TestSetupIcone::dalMenuDellaScrivania()
     Box.Attendi(u"Confermi la cancellazione dell'icona Sito?"_s, vbYes);
     T->Premi(u"cmdDelIco"_s);
     // On the desktop both are still there: the second is the form's first, the first is gone.
-    NellEditor([](const frmIcons& Modulo) {
+    TavoloSetup::NellEditor([](const frmIcons& Modulo) {
         QCOMPARE(Modulo.findChild<QLineEdit*>(u"txtTitIco"_s)->text(), u"Agenda"_s);
     });
     T->Modulo->ModificaIcona(1);
@@ -110,8 +81,8 @@ void TestSetupIcone::dalMenuDellaScrivania()
     T->Modulo->EliminaIcona(2);
     QCOMPARE(Grigl()->Righe(), 1);
     // What was changed here is not what the desktop shows.
-    NellEditor([this](frmIcons& Modulo) {
-        Riempi(Modulo, u"Agenda nuova"_s, u"/opt/agenda2"_s);
+    TavoloSetup::NellEditor([](frmIcons& Modulo) {
+        TavoloSetup::Riempi(Modulo, u"Agenda nuova"_s, u"/opt/agenda2"_s);
         Modulo.cmdSalvaIco_Click();
     });
     T->Modulo->ModificaIcona(1);
@@ -131,8 +102,8 @@ void TestSetupIcone::altraCartellaAltreIcone()
     T->Memorizza(Box);
     QCOMPARE(Grigl()->Righe(), 1);
     // The form goes on with the icons of the new folder.
-    NellEditor([this](frmIcons& Modulo) {
-        Riempi(Modulo, u"Tribunale"_s, u"https://tribunale.example"_s);
+    TavoloSetup::NellEditor([](frmIcons& Modulo) {
+        TavoloSetup::Riempi(Modulo, u"Tribunale"_s, u"https://tribunale.example"_s);
         Modulo.cmdSalvaIco_Click();
     });
     T->Premi(u"cmdAddIco"_s);
@@ -141,7 +112,7 @@ void TestSetupIcone::altraCartellaAltreIcone()
     QCOMPARE(Salvate.Righe(), 2);
     QCOMPARE(Salvate(0, IconaTitolo).toString(), u"Suo"_s);
     QCOMPARE(Salvate(1, IconaTitolo).toString(), u"Tribunale"_s);
-    QCOMPARE(LeggiFile(T->Programma + u"kr5.ini"_s), DueIcone);
+    QCOMPARE(LeggiFile(T->Programma + u"kr5.ini"_s), TavoloSetup::DueIcone());
 }
 
 #include "TestSetupIcone.moc"

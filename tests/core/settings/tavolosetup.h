@@ -2,12 +2,16 @@
 #pragma once
 
 #include "core/app/scena.h"
+#include "core/settings/frmIcons.h"
 #include "platform/system/file.h"
 
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTabWidget>
+#include <QTimer>
+
+#include <functional>
 
 /// A stage with the form open on a tab, and a program folder of its own.
 class TavoloSetup
@@ -62,6 +66,33 @@ public:
     {
         Box.Attendi(u"Le impostazioni sono state memorizzate!"_s, vbOK, u"Messaggio:"_s);
         Premi(u"cmdSaveImpost"_s);
+    }
+
+    /// A file of icons with two of them.
+    static QByteArray DueIcone()
+    {
+        return "[desktop]\r\nL0=Sito\r\nL0_c=www.x.example\r\nL0_i=sito.gif\r\n"
+               "L1=Agenda\r\nL1_c=/opt/agenda\r\nL1_i=agenda.gif\r\n";
+    }
+    /// Runs something in the editor of icons, which comes up next.
+    static void NellEditor(const std::function<void(frmIcons&)>& Fai)
+    {
+        QTimer::singleShot(0, qApp, [Fai] {
+            auto* Editor = qobject_cast<frmIcons*>(QApplication::activeModalWidget());
+            QVERIFY(Editor);
+            QVERIFY(QTest::qWaitForWindowActive(Editor));
+            Fai(*Editor);
+            if (Editor->isVisible())
+                Editor->reject();
+        });
+    }
+    /// Types a title and a target into it.
+    static void Riempi(frmIcons& Editor, const QString& Titolo, const QString& Destinazione)
+    {
+        Editor.findChild<QLineEdit*>(u"txtTitIco"_s)->setText(Titolo);
+        auto* Campo = Editor.findChild<QLineEdit*>(u"txtCollegIco"_s);
+        Campo->clear();
+        QTest::keyClicks(Campo, Destinazione);
     }
 
     QString Programma;
