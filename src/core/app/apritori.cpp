@@ -27,6 +27,8 @@
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
 #include "update/viewer/frmWeb.h"
+#include "update/windows/frmAbout.h"
+#include "update/windows/frmDocumenti.h"
 
 #include <QApplication>
 
@@ -156,6 +158,8 @@ void RiempiApritori()
     Registra<frmIstat>(u"istat"_s);
     Registra<frmCodFis>(u"codfis"_s);
     Registra<frmContrib>(u"contrib"_s);
+    Registra<frmDocumenti>(u"docum"_s);
+    Registra<frmAbout>(u"about"_s);
     Aperture.Impostazioni = [](int Scheda, bool Modale) {
         auto& Modulo = Singola<frmSetup>();
         Modale ? Modulo.MostraModale(Scheda) : Modulo.Mostra(Scheda);

@@ -1,5 +1,6 @@
 #include "update/viewer/pagina.h"
 
+#include "core/comandi.h"
 #include "core/modLancio.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
@@ -16,6 +17,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -40,6 +42,10 @@ bool DelProgramma(const QString& File)
     const QString Cartella = QFileInfo(sessione::PercorsoProg).canonicalFilePath();
     return !Cartella.isEmpty() && QFileInfo(File).canonicalFilePath().startsWith(Cartella + u'/');
 }
+
+/// The commands that a page may run: windows that only show something, and the settings, which ask for a
+/// save.
+constexpr std::array<QStringView, 4> ComandiDiPagina{u"about", u"docum", u"setup", u"upgrade"};
 
 bool HaEstensione(const QString& File, std::initializer_list<QStringView> Estensioni)
 {
@@ -117,6 +123,11 @@ bool Pagina::Segui(const QUrl& Collegamento)
     if (Remoto(Collegamento)) {
         if (const int Esito = ApriIndirizzoConSistema(Collegamento.toString(QUrl::FullyEncoded)))
             throw Errore(Esito);
+        return false;
+    }
+    if (Collegamento.scheme() == u"comando" &&
+        std::ranges::find(ComandiDiPagina, Collegamento.path()) != ComandiDiPagina.end()) {
+        EseguiComando(Collegamento.path(), 0, {});
         return false;
     }
     if (!Collegamento.isLocalFile())

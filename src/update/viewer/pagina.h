@@ -18,7 +18,8 @@ public:
     ///         large or too entangled to be shown, 52 an address of another kind; the page on view stays
     /// @return false when it was handed on
     bool Naviga(const QString& Indirizzo);
-    /// The same for a link of the page; a PDF of the program folder is handed on to the user's viewer.
+    /// The same for a link of the page; a PDF of the program folder is handed on to the user's viewer, and
+    /// "comando:<word>" opens the window of that command, where it is one of those that only show something.
     bool Segui(const QUrl& Collegamento);
 
     /// Selects the next occurrence, going on at the other end of the page.

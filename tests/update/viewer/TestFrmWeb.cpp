@@ -3,6 +3,7 @@
 #include "supporto/registratore.h"
 
 #include "core/CIni.h"
+#include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
@@ -23,6 +24,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextFragment>
@@ -56,6 +58,8 @@ private Q_SLOTS:
     void casellaVuotaPerOgniVisore();
     void collegamenti_data();
     void collegamenti();
+    void comandiDellePagine_data();
+    void comandiDellePagine();
     void collegamentoRelativo();
     void ancora();
     void indietroEAvanti();
@@ -335,6 +339,40 @@ void TestFrmWeb::collegamenti()
         Box.Attendi(u"Errore: %1 (%2)"_s.arg(DescrizioneErrore(Numero)).arg(Numero), vbOK, u"Errore:"_s);
     Q_EMIT Web1()->anchorClicked(QUrl(Dove));
     QCOMPARE(Aperti, Aperto.isEmpty() ? QStringList() : QStringList{Aperto});
+    QVERIFY(Web1()->toPlainText().startsWith(u"Prima"));
+}
+
+void TestFrmWeb::comandiDellePagine_data()
+{
+    QTest::addColumn<QString>("Collegamento");
+    QTest::addColumn<QStringList>("Aperte");
+    QTest::addColumn<bool>("Rifiutato");
+
+    QTest::newRow("about box") << u"comando:about"_s << QStringList{u"about"_s} << false;
+    QTest::newRow("documents") << u"comando:docum"_s << QStringList{u"docum"_s} << false;
+    // A page ends no session and opens no note.
+    QTest::newRow("end") << u"comando:off"_s << QStringList() << true;
+    QTest::newRow("new note") << u"comando:new"_s << QStringList() << true;
+    QTest::newRow("other case") << u"comando:ABOUT"_s << QStringList() << true;
+    QTest::newRow("no word") << u"comando:"_s << QStringList() << true;
+}
+
+void TestFrmWeb::comandiDellePagine()
+{
+    QFETCH(QString, Collegamento);
+    QFETCH(QStringList, Aperte);
+    QFETCH(bool, Rifiutato);
+    Registratore Box;
+    const auto Ripristino = qScopeGuard([] { Aperture = {}; });
+    QStringList Chieste;
+    for (const QString& Parola : {u"about"_s, u"docum"_s, u"new"_s})
+        Aperture.Finestre[Parola] = [&Chieste, Parola] { Chieste << Parola; };
+    Aperture.ApriParcella = [&](const QString&, int, const QString&) { Chieste << u"parcella"_s; };
+    Mostra(u"uno.htm"_s);
+    if (Rifiutato)
+        Box.Attendi(u"Errore: Nome di file non valido (52)"_s, vbOK, u"Errore:"_s);
+    QCOMPARE(Protetta([&] { (void)Web1()->Segui(QUrl(Collegamento)); }), !Rifiutato);
+    QCOMPARE(Chieste, Aperte);
     QVERIFY(Web1()->toPlainText().startsWith(u"Prima"));
 }
 
