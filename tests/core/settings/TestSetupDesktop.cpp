@@ -488,6 +488,10 @@ void TestSetupDesktop::tuttoCiSta()
         const QString Titolo = Vista->model()->headerData(c, Qt::Horizontal).toString();
         QVERIFY(Vista->columnWidth(c) > Vista->horizontalHeader()->fontMetrics().horizontalAdvance(Titolo));
     }
+    // However narrow the page, the grid keeps room for the three columns.
+    const QFontMetrics Lettere = Vista->horizontalHeader()->fontMetrics();
+    QVERIFY(Grigl()->minimumWidth() >
+            Lettere.horizontalAdvance(u"Programma/Link"_s) + Lettere.horizontalAdvance(QString(23, u'0')));
     // A low screen takes a bar at the side, and no other one for the room that it takes.
     const auto* Foglio = qobject_cast<QScrollArea*>(T->Trova<QTabWidget>(u"tabSetup"_s)->currentWidget());
     QCOMPARE(Foglio->sizeHint().width(),
