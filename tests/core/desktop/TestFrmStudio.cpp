@@ -143,9 +143,10 @@ void TestFrmStudio::ordineDellAttivazione()
     };
     Aperture.OffriRecupero = [&] { S->Annota(u"recupero"_s); };
     Box.Attendi(u"Impostare la cartella dell'archivio parcelle!"_s, vbOK, u"Errore:"_s);
-    Scrivania.show();
+    // Hidden, it keeps what it shows until it is activated.
     Scrivania.SegnaRidisegno();
-    Scrivania.Form_Activate();
+    Respiro();
+    Apri();
     QCOMPARE(S->Eventi,
              (QStringList{u"avvio form programma: 0 personali"_s, u"impostazioni 2: 1 personali, cornice 1"_s,
                           u"aggiornamenti: 1 personali, cornice 0"_s, u"fine form programma: 1 personali"_s,
@@ -157,13 +158,14 @@ void TestFrmStudio::nascostaSiRidisegnaTornando()
     sessione::PercorsoProg = ProgrammaConIcone("L0=A\r\nL0_c=/a\r\nL0_i=a.gif\r\n");
     frmStudio& Scrivania = Apri();
     QCOMPARE(Scrivania.NumeroIcone(), int(Fisse.size()) + 1);
+    QWidget Altra;
+    QVERIFY(MostraAttiva(Altra));
     Scrivania.hide();
     QVERIFY(QFile::remove(sessione::PercorsoProg + u"kr5.ini"_s));
     Scrivania.SegnaRidisegno();
     Respiro();
     QCOMPARE(Scrivania.NumeroIcone(), int(Fisse.size()) + 1);
-    Scrivania.show();
-    Scrivania.Form_Activate();
+    Apri();
     QCOMPARE(Scrivania.NumeroIcone(), int(Fisse.size()));
 }
 
