@@ -14,9 +14,15 @@ void Apritori::Apri(QStringView Parola) const
         Finestre.find(Parola)->second();
 }
 
+bool RicercaDaFare()
+{
+    return sessione::CercaAgg && !sessione::RicercaFatta && !sessione::ServerAggiornamenti.isEmpty() &&
+           Aperture.CercaAggiornamenti;
+}
+
 void RicercaAllAvvio()
 {
-    if (!sessione::CercaAgg || sessione::RicercaFatta || !Aperture.CercaAggiornamenti)
+    if (!RicercaDaFare())
         return;
     // Once in a session: a save of the settings reads the wish for it anew.
     sessione::RicercaFatta = true;

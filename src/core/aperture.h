@@ -56,7 +56,11 @@ struct Apritori
     std::function<void(const QString& Pagina, const QString& Titolo)> PaginaSegue;
     std::function<void(const PaginaAvviso& Avviso)> Avviso;
     std::function<void()> CercaAggiornamenti;  ///< the search for updates at the start
-    std::function<void()> OffriRecupero;       ///< the notes that a killed program left unsaved
+    /// The form of updates; with the word "run" it begins its check by itself.
+    std::function<void(const QString& Parola)> Aggiorna;
+    std::function<void()>
+        TassiCambiati;  ///< another rate archive is in place: the calculators on view show it
+    std::function<void()> OffriRecupero;  ///< the notes that a killed program left unsaved
 
     std::function<QMdiArea*()> AreaParcelle;  ///< where note windows live; asking for it brings the frame up
     std::function<void()> UltimaParcellaChiusa;  ///< the last note has closed: the desktop comes back
@@ -68,5 +72,7 @@ struct Apritori
 };
 inline Apritori Aperture;
 
-/// Looks for updates once in a session, if the user wants it; nothing until the search has its opener.
+/// True until the search for updates of this session has run, if the user wants it and a server is named.
+[[nodiscard]] bool RicercaDaFare();
+/// Looks for updates once in a session, where RicercaDaFare says so.
 void RicercaAllAvvio();

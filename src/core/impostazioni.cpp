@@ -3,6 +3,7 @@
 #include "core/modAvvio.h"
 #include "core/parametri.h"
 #include "core/sessione.h"
+#include "core/versione.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/system/file.h"
@@ -58,6 +59,7 @@ constexpr std::array Voci{
     // Written by the settings as ColoreEtichetteBordo: the store does not look at the case.
     VoceImpostazione{u"ColoreEtichettebordo", u"0", Intero32, &sessione::ColoreEtichetteBordo},
     VoceImpostazione{u"ColoreEtichettaSel", u"255", Intero32, &sessione::ColoreEtichettaSel},
+    VoceImpostazione{u"ServerAggiornamenti", u"", Testo, &sessione::ServerAggiornamenti, ServerCostruito},
 };
 
 void Assegna(const VoceImpostazione& Voce, const QString& Valore)

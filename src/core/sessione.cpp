@@ -7,11 +7,12 @@ void AzzeraSessione()
     using namespace sessione;
     AzzeraImpostazioni();
     for (QString* Testo : {&ModelliPath, &TitoloProdotto, &PrefissoOdbc, &PercorsoVDM, &CartellaLocale,
-                           &ArchivioPrat, &TestoDebug})
+                           &ArchivioPrat, &TestoDebug, &VersioneDisp, &NotaAgg})
         *Testo = QString();
     GiorniSett.fill({});
     Mesi.fill({});
     RicercaFatta = false;
+    DataTassiDisp.reset();
     ModoLow = false;
     ModoDebug = false;
     RichiestaPV2 = {};

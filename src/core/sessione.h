@@ -4,9 +4,11 @@
 // logic write the few named so. No object owns them.
 #pragma once
 
+#include <QDate>
 #include <QString>
 
 #include <array>
+#include <optional>
 
 /// The request of the companion application, fields in the order in which they are sent.
 struct Richiesta
@@ -49,14 +51,18 @@ inline int ColoreSfondoDesktop = 2508052;  ///< colours as 0xBBGGRR
 inline int ColoreEtichette = 16777215;
 inline int ColoreEtichetteBordo = 0;
 inline int ColoreEtichettaSel = 255;
+inline QString ServerAggiornamenti;  ///< where updates are looked for, "https://name"; empty: nowhere
 
 inline QString TitoloProdotto;             ///< "Calcanova 3"
 inline QString PrefissoOdbc;               ///< connection prefix before a database path
 inline std::array<QString, 8> GiorniSett;  ///< 1 Monday .. 7 Sunday, 0 empty
 inline std::array<QString, 13> Mesi;       ///< 1 January .. 12 December, 0 empty
 
-inline QString PercorsoVDM;        ///< folder of the earlier product
-inline bool RicercaFatta = false;  ///< the search for updates of this session has run
+inline QString PercorsoVDM;                 ///< folder of the earlier product
+inline bool RicercaFatta = false;           ///< the search for updates of this session has run
+inline QString VersioneDisp;                ///< version that the last check has found; empty: none
+inline std::optional<QDate> DataTassiDisp;  ///< date of the rates that it has found
+inline QString NotaAgg;                     ///< note to the user that came with them
 inline bool ModoLow = false;
 inline bool ModoDebug = false;
 inline QString CartellaLocale;  ///< companion application, automation start only

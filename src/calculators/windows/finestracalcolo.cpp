@@ -270,10 +270,10 @@ void LasciaSelezione()
         Casella->deselect();
 }
 
-void ApriAggiornamento()
+void ApriAggiornamento(const QString& Parola)
 {
-    if (Aperture.Ha(u"upgrade"))
-        Aperture.Apri(u"upgrade");
+    if (Aperture.Aggiorna)
+        Aperture.Aggiorna(Parola);
     else
         MsgBox(u"L'aggiornamento degli indici non è disponibile in questa versione del programma."_s,
                vbInformation, TitoloInformazione.toString());

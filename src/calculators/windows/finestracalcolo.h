@@ -64,5 +64,6 @@ void Annuncia(QWidget* Risultato);
 /// Lets go what Tab has selected in the focused box, so that Ctrl+C takes the result that has just come.
 void LasciaSelezione();
 
-/// Opens the update of program and rates; where there is none, a message says so.
-void ApriAggiornamento();
+/// Opens the update of program and rates, with its word "run" or none; where there is no update, a message
+/// says so.
+void ApriAggiornamento(const QString& Parola);

@@ -159,13 +159,18 @@ void frmInteressi::Collegamenti()
 void frmInteressi::Load()
 {
     VisDati(0);
-    const auto Aggiornato = DataArchivio(ArchivioTassi());
-    if (!Aggiornato)
+    if (!DataArchivio(ArchivioTassi()))
         return;
     ui->cmbInteressi->setCurrentIndex(InteressiLegali);
     ui->cmbValuta->setCurrentIndex(ValutaEuro);
-    panArchivio->setText(u" Archivio interessi aggiornato al "_s + Format(*Aggiornato, u"dd/mm/yyyy"));
+    MostraDataArchivio();
     ui->mskDataFin->ImpostaData(Oggi());
+}
+
+void frmInteressi::MostraDataArchivio()
+{
+    if (const auto Aggiornato = DataArchivio(ArchivioTassi()))
+        panArchivio->setText(u" Archivio interessi aggiornato al "_s + Format(*Aggiornato, u"dd/mm/yyyy"));
 }
 
 void frmInteressi::Mostra()
@@ -211,7 +216,7 @@ void frmInteressi::cmdCalcola_Click()
         MostraEsito(Esito);
     const bool Chiudi = Esito.Fine == FineInteressi::Chiudi || Esito.Fine == FineInteressi::AggiornaEChiudi;
     if (Esito.Fine == FineInteressi::Aggiorna || Esito.Fine == FineInteressi::AggiornaEChiudi)
-        ApriAggiornamento();
+        ApriAggiornamento({});
     if (Chiudi)
         close();
 }

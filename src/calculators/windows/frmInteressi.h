@@ -25,6 +25,9 @@ public:
 
     void Mostra();
 
+    /// Says in the status bar how old the rate archive is; nothing where there is none.
+    void MostraDataArchivio();
+
     /// Says what is wrong with the boxes and gives the focus to the one it speaks of. @return true when
     /// nothing is
     [[nodiscard]] bool Check();

@@ -118,6 +118,11 @@ void frmIstat::Load()
     ui->mskDataFin->ImpostaTesto(u"  /  /    "_s);
     ui->cmbValuta->setCurrentIndex(0);
     PulisciCalcoli();
+    MostraDataArchivio();
+}
+
+void frmIstat::MostraDataArchivio()
+{
     if (const auto Aggiornato = DataArchivio(ArchivioTassi()))
         panArchivio->setText(u" Archivio Istat aggiornato al "_s + Format(*Aggiornato, u"dd/mm/yyyy"));
 }
@@ -158,7 +163,7 @@ void frmIstat::cmdCalcola_Click()
         Fine = CalcolaRivalutazione(ArchivioTassi(), Dati(), AggiornamentoChiesto, Risultati);
     }
     if (Fine == FineIstat::Aggiorna)
-        ApriAggiornamento();
+        ApriAggiornamento(u"run"_s);
     if (Fine != FineIstat::Completa)
         return;
     Campanello();

@@ -24,6 +24,9 @@ public:
 
     void Mostra();
 
+    /// Says in the status bar how old the rate archive is; nothing where there is none.
+    void MostraDataArchivio();
+
     /// Says which box is wrong, the first one, and gives it the focus. @return true when none is
     [[nodiscard]] bool Check();
     /// Empties the eight results and the plot.

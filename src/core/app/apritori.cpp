@@ -29,6 +29,8 @@
 #include "update/viewer/frmWeb.h"
 #include "update/windows/frmAbout.h"
 #include "update/windows/frmDocumenti.h"
+#include "update/windows/frmUpgrade.h"
+#include "update/windows/ricerca.h"
 
 #include <QApplication>
 
@@ -143,12 +145,26 @@ void Registra(const QString& Parola)
     Aperture.Finestre[Parola] = [] { Singola<Finestra>().Mostra(); };
 }
 
+void RiempiAggiornamenti()
+{
+    Aperture.CercaAggiornamenti = CercaAggiornamenti;
+    Aperture.Aggiorna = [](const QString& Parola) { Singola<frmUpgrade>().Mostra(Parola); };
+    Aperture.Finestre[u"upgrade"_s] = [] { Aperture.Aggiorna({}); };
+    Aperture.TassiCambiati = [] {
+        if (frmInteressi* Modulo = SeCaricato<frmInteressi>)
+            Modulo->MostraDataArchivio();
+        if (frmIstat* Modulo = SeCaricato<frmIstat>)
+            Modulo->MostraDataArchivio();
+    };
+}
+
 }  // namespace
 
 void RiempiApritori()
 {
     RiempiParcelle();
     RiempiRubrica();
+    RiempiAggiornamenti();
     Aperture.PaginaWeb = ApriPagina;
     Aperture.PaginaSegue = SeguiPagina;
     Aperture.Avviso = ApriAvviso;

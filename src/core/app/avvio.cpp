@@ -49,7 +49,7 @@ bool ApriRichiesta(const QString& Riga)
 
 bool AvvioAutomazione(const QString& Riga)
 {
-    if (InternetConnesso())
+    if (RicercaDaFare() && InternetConnesso())
         RicercaAllAvvio();
     if (!ApriRichiesta(Riga))
         return false;

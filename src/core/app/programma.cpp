@@ -6,6 +6,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/servizi_qt.h"
+#include "platform/network/rete_qt.h"
 #include "platform/network/segnale.h"
 
 void PreparaProgramma()
@@ -16,6 +17,7 @@ void PreparaProgramma()
     aspetto::Prepara();
     InstallaServiziQt();
     InstallaSegnale();
+    InstallaReteQt({[] { return Respira(); }, {}});
     InstallaUltimaRete([](const Errore& Guasto) { GestioneErrori(Guasto); });
     RiempiApritori();
 }

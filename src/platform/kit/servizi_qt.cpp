@@ -6,6 +6,8 @@
 #include "platform/kit/shell_qt.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWidget>
 
 #include <utility>
 
@@ -15,7 +17,7 @@ namespace {
 class SoloInterruzione : public QObject
 {
 public:
-    SoloInterruzione() { qApp->installEventFilter(this); }
+    explicit SoloInterruzione(const QWidget* Pulsante) : Ferma(Pulsante) { qApp->installEventFilter(this); }
     ~SoloInterruzione() override { qApp->removeEventFilter(this); }
 
     bool eventFilter(QObject* Oggetto, QEvent* Evento) override
@@ -24,10 +26,13 @@ public:
         case QEvent::ShortcutOverride:
         case QEvent::KeyPress: {
             const int Tasto = static_cast<QKeyEvent*>(Evento)->key();
-            Interrotto =
-                Interrotto || Tasto == Qt::Key_Escape || Tasto == Qt::Key_Pause || Tasto == Qt::Key_Cancel;
+            Interrotto = Interrotto || Tasto == Qt::Key_Escape || Tasto == Qt::Key_Pause ||
+                         Tasto == Qt::Key_Cancel || PremeIlPulsante(Tasto);
             return true;
         }
+        case QEvent::MouseButtonPress:
+            Interrotto = Interrotto || SulPulsante(static_cast<const QMouseEvent*>(Evento));
+            return true;
         case QEvent::Close:
             Evento->ignore();
             return true;
@@ -35,7 +40,6 @@ public:
         case QEvent::Timer:
         case QEvent::KeyRelease:
         case QEvent::Shortcut:
-        case QEvent::MouseButtonPress:
         case QEvent::MouseButtonRelease:
         case QEvent::MouseButtonDblClick:
         case QEvent::MouseMove:
@@ -58,6 +62,20 @@ public:
     }
 
     bool Interrotto = false;
+
+private:
+    [[nodiscard]] bool PremeIlPulsante(int Tasto) const
+    {
+        return Ferma && Ferma->hasFocus() &&
+               (Tasto == Qt::Key_Space || Tasto == Qt::Key_Return || Tasto == Qt::Key_Enter);
+    }
+    [[nodiscard]] bool SulPulsante(const QMouseEvent* Evento) const
+    {
+        return Ferma && Ferma->isVisible() && Evento->button() == Qt::LeftButton &&
+               Ferma->rect().contains(Ferma->mapFromGlobal(Evento->globalPosition().toPoint()));
+    }
+
+    const QWidget* Ferma;
 };
 
 }  // namespace
@@ -87,9 +105,9 @@ void InstallaServiziQt()
     InstallaShell(std::move(Nuova));
 }
 
-bool Respira()
+bool Respira(const QWidget* Ferma)
 {
-    SoloInterruzione Guardia;
+    SoloInterruzione Guardia(Ferma);
     QCoreApplication::processEvents();
     return !Guardia.Interrotto;
 }

@@ -20,5 +20,6 @@ void InstallaServiziQt();
 
 /// Long work breathes through this: painting and the break key (Esc, Pause) only. Keys, clicks, timers and
 /// the closing of windows do nothing meanwhile; calls already queued run.
+/// @param Ferma a button that asks to stop as well: a click on it, or Space or Enter while it has the focus
 /// @return false when the user asked to stop
-bool Respira();
+bool Respira(const QWidget* Ferma = nullptr);

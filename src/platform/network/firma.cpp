@@ -1,10 +1,20 @@
 #include "platform/network/firma.h"
 
 #include "platform/base/errore.h"
+#include "platform/system/file.h"
+#include "platform/system/shell.h"
 
 #include <sodium.h>
 
+#include <utility>
+
 namespace {
+
+QString& AltroFile()
+{
+    static QString File;
+    return File;
+}
 
 /// @throws Errore 1000
 void Prepara()
@@ -63,4 +73,21 @@ bool FirmaValida(const QByteArray& Byte, const QByteArray& Firma, const QByteArr
     return !Chiave.isEmpty() && !Segno.isEmpty() &&
            crypto_sign_verify_detached(Dati(Segno), Dati(Byte), static_cast<unsigned long long>(Byte.size()),
                                        Dati(Chiave)) == 0;
+}
+
+QByteArray ChiavePubblica()
+{
+    constexpr qint64 Massimo = 1000;
+    try {
+        return LeggiFile(AltroFile().isEmpty() ? CartellaEseguibile() + QStringLiteral("calcanova.pub")
+                                               : AltroFile(),
+                         Massimo);
+    } catch (const Errore&) {
+        return {};
+    }
+}
+
+QString InstallaFileChiave(const QString& File)
+{
+    return std::exchange(AltroFile(), File);
 }

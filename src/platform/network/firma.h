@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 
 /// The two halves of a key, as their files hold them: base64, without a line break.
 struct CoppiaChiavi
@@ -20,3 +21,9 @@ struct CoppiaChiavi
 /// Whether a signature was made for exactly these bytes with the other half of a key. Blanks and line breaks
 /// around key and signature do not count; what is none of them is false.
 [[nodiscard]] bool FirmaValida(const QByteArray& Byte, const QByteArray& Firma, const QByteArray& Pubblica);
+
+/// The publisher's public key: the file calcanova.pub beside the executable, which the package lays there.
+/// Empty where there is none.
+[[nodiscard]] QByteArray ChiavePubblica();
+/// Another file in its place; an empty path brings it back. Returns the former one; serves tests.
+QString InstallaFileChiave(const QString& File);

@@ -278,6 +278,53 @@ bool CreaFile(const QString& Percorso, const QByteArray& Contenuto)
     return !Esito;
 }
 
+bool CopiaFile(const QString& Da, const QString& A, qint64 MassimoByte,
+               const std::function<bool(qint64)>& Prosegui)
+{
+    QFile Copia(PercorsoNativo(A));
+    QFile::remove(Copia.fileName());
+    if (!Copia.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        throw Errore(errori::Accesso);
+    qint64 Copiati = 0;
+    bool Intera = true;
+    LeggiAPezzi(Da, [&](QByteArrayView Pezzo) {
+        Copiati += Pezzo.size();
+        if (Copiati > MassimoByte)
+            throw Errore(errori::Memoria);
+        if ((guasti::LimiteFile > 0 && Copiati > guasti::LimiteFile) ||
+            Copia.write(Pezzo.data(), Pezzo.size()) != Pezzo.size())
+            throw Errore(errori::DiscoPieno);
+        Intera = !Prosegui || Prosegui(Copiati);
+        return Intera;
+    });
+    if (!Copia.flush())
+        throw Errore(errori::DiscoPieno);
+    return Intera;
+}
+
+QDateTime DataFile(const QString& Percorso)
+{
+    const QFileInfo Info(PercorsoNativo(Percorso));
+    return Info.isFile() ? Info.lastModified() : QDateTime();
+}
+
+void ImpostaDataFile(const QString& Percorso, const QDateTime& Quando)
+{
+    QFile File(PercorsoNativo(Percorso));
+    if (!File.exists())
+        throw Errore(errori::FileMancante);
+    if (!File.open(QIODevice::ReadWrite) || !File.setFileTime(Quando, QFileDevice::FileModificationTime))
+        throw Errore(errori::Accesso);
+}
+
+void CreaCartellaPrivata(const QString& Percorso)
+{
+    CreaCartella(Percorso);
+    constexpr QFile::Permissions Suoi = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+    if (!QFile::setPermissions(PercorsoNativo(Percorso), Suoi))
+        throw Errore(errori::Accesso);
+}
+
 void SostituisciFile(const QString& Nuovo, const QString& Vecchio)
 {
     if (!EsisteFile(Nuovo))

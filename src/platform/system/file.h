@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QByteArrayView>
+#include <QDateTime>
 #include <QString>
 
 #include <functional>
@@ -69,6 +70,22 @@ void ScriviFile(const QString& Percorso, const QByteArray& Contenuto);
 /// Writes a file that is not there yet. One that somebody else puts there meanwhile stays.
 /// @return false when something of this very name is there. @throws Errore as ScriviFile
 bool CreaFile(const QString& Percorso, const QByteArray& Contenuto);
+
+/// Copies a file piece by piece into a new one; one that is there goes first. `Prosegui` is asked after each
+/// piece, and a copy that it stops stays incomplete, as one that fails does.
+/// @return false when it was stopped. @throws Errore 53, 75, 61 as reading and writing, 7 beyond
+/// `MassimoByte`
+bool CopiaFile(const QString& Da, const QString& A, qint64 MassimoByte,
+               const std::function<bool(qint64 Copiati)>& Prosegui = {});
+
+/// Time of the last change; null where no file is.
+[[nodiscard]] QDateTime DataFile(const QString& Percorso);
+/// @throws Errore 53 no such file, 75 refused
+void ImpostaDataFile(const QString& Percorso, const QDateTime& Quando);
+
+/// Creates the whole path, its last folder for this user alone; one that is there becomes so.
+/// @throws Errore 75 when it cannot be made
+void CreaCartellaPrivata(const QString& Percorso);
 
 /// Puts a finished file in the place of another in one step, on the same disk; the other one is gone then.
 /// @throws Errore 53 no such file, 75 refused; both files are then as before

@@ -111,6 +111,15 @@ bool EProgramma(const QString& File)
     return Info.isFile() && Info.isExecutable();
 }
 
+QString EstensioneInstallatore()
+{
+#ifdef Q_OS_WIN
+    return u".exe"_s;
+#else
+    return u".deb"_s;
+#endif
+}
+
 QString TrovaProgramma(const QString& Nome)
 {
     return Nome.isEmpty() || NomeFile(Nome) != Nome ? QString() : QStandardPaths::findExecutable(Nome);

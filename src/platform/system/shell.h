@@ -61,6 +61,9 @@ public:
 /// True for a file that the system runs.
 [[nodiscard]] bool EProgramma(const QString& File);
 
+/// What this system's installers end in: ".exe", or ".deb" for a package.
+[[nodiscard]] QString EstensioneInstallatore();
+
 /// A program found by its bare name in the folders where the system looks; empty when there is none, and for
 /// a name with a folder.
 [[nodiscard]] QString TrovaProgramma(const QString& Nome);

@@ -423,7 +423,7 @@ void TestFrmInteressi::oltreLUltimaRigaAggiorna()
     Compila(u"36500"_s, u"31/12/2012"_s, u"10/01/2013"_s);
     B->Voce.Attendi(NonAggiornati, vbYes, u"Domanda:"_s);
     Calcola();
-    QCOMPARE(B->Aperti, QStringList{u"aggiorna"_s});
+    QCOMPARE(B->Aperti, QStringList{u"aggiorna []"_s});
     QCOMPARE(Grid()->Righe(), 0);
     QVERIFY(F->isVisible());
 }
@@ -433,7 +433,7 @@ void TestFrmInteressi::inizioSenzaTassoChiude_data()
     QTest::addColumn<int>("Risposta");
     QTest::addColumn<QStringList>("Aperti");
     QTest::newRow("no") << vbNo << QStringList();
-    QTest::newRow("si") << vbYes << QStringList{u"aggiorna"_s};
+    QTest::newRow("si") << vbYes << QStringList{u"aggiorna []"_s};
 }
 
 void TestFrmInteressi::inizioSenzaTassoChiude()
@@ -615,7 +615,7 @@ void TestFrmInteressi::tassiIncolonnati()
 
 void TestFrmInteressi::siSenzaAggiornamento()
 {
-    Aperture.Finestre = {};
+    Aperture.Aggiorna = {};
     Sostituisci(ArchivioConTassi(u"InteressiLegali"_s, {{QDate(2012, 1, 1), QDate(2012, 12, 31), 5.0}}));
     Compila(u"36500"_s, u"31/12/2011"_s, u"10/01/2012"_s);
     B->Voce.Attendi(NonAggiornati, vbYes, u"Domanda:"_s);

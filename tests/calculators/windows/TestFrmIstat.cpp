@@ -256,7 +256,7 @@ void TestFrmIstat::unSiBastaPerTutta()
                     "Si vuole procedere all'aggiornamento degli indici?"_s,
                     vbYes, u"Domanda:"_s);
     Calcola();
-    QCOMPARE(B->Aperti, QStringList{u"aggiorna"_s});
+    QCOMPARE(B->Aperti, QStringList{u"aggiorna [run]"_s});
     QCOMPARE(TestoDi(F, "lblImpRival"), QString());
     B->Voce.Attendi(u"Il calcolo verrà effettuato utilizzando l'ultimo indice disponibile."_s, vbOK,
                     u"Avvertenza:"_s);
@@ -269,7 +269,7 @@ void TestFrmIstat::inizioSenzaIndice_data()
     QTest::addColumn<int>("Risposta");
     QTest::addColumn<QStringList>("Aperti");
     QTest::newRow("no") << vbNo << QStringList();
-    QTest::newRow("si") << vbYes << QStringList{u"aggiorna"_s};
+    QTest::newRow("si") << vbYes << QStringList{u"aggiorna [run]"_s};
 }
 
 void TestFrmIstat::inizioSenzaIndice()

@@ -40,7 +40,7 @@ public:
         sessione::PercorsoProg = ProgrammaDiProva();
         sessione::UserFolder = NuovaCartella();
         Aperture = {};
-        Aperture.Finestre[u"upgrade"_s] = [this] { Aperti << u"aggiorna"_s; };
+        Aperture.Aggiorna = [this](const QString& Parola) { Aperti << u"aggiorna [%1]"_s.arg(Parola); };
         Aperture.PaginaWeb = [this](const QString& Pagina, const QString& Titolo) {
             Aperti << u"pagina "_s + Pagina + u" | "_s + Titolo;
         };

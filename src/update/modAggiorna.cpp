@@ -1,0 +1,179 @@
+#include "update/modAggiorna.h"
+
+#include "calculators/modTassi.h"
+#include "core/modErrori.h"
+#include "core/sessione.h"
+#include "core/versione.h"
+#include "platform/base/errore.h"
+#include "platform/system/file.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/orologio.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
+#include "update/modCopyURL.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QStringView Avanzo = u".parziale";
+
+QString FileVersioni()
+{
+    return Barra(sessione::UserFolder) + u"versioni.txt"_s;
+}
+
+void SvuotaSessione()
+{
+    sessione::VersioneDisp.clear();
+    sessione::DataTassiDisp.reset();
+    sessione::NotaAgg.clear();
+}
+
+/// What has come takes the place of the former file. @return false where there is none, or it cannot be put
+/// there
+bool Posa(const QString& Arrivato)
+{
+    try {
+        SostituisciFile(Arrivato, FileVersioni());
+        return true;
+    } catch (const Errore&) {
+        QFile::remove(PercorsoNativo(Arrivato));
+        return false;
+    }
+}
+
+/// Versioni.txt by way of a file of its own. @return false when it has not come; then it was told
+bool Porta(const RichiestaRete& Chiesta, const Provenienza& Da, bool Interattivo,
+           const PassoAggiornamento& Passo)
+{
+    if (Da.Indirizzo.isEmpty())
+        return CopiaFile(TrovaFile(Da.Cartella + u"versioni.txt"_s), Chiesta.File, MassimoVersioni);
+    if (CopiaURL(Chiesta.Indirizzo, Chiesta.File, {!Interattivo, MassimoVersioni, Passo}) == 0)
+        return true;
+    QFile::remove(PercorsoNativo(Chiesta.File));
+    return false;
+}
+
+void Traccia(const QString& Testo)
+{
+    if (sessione::ModoDebug)
+        TraceDebug(Testo);
+}
+
+}  // namespace
+
+Provenienza DalServer()
+{
+    QString Indirizzo = sessione::ServerAggiornamenti.trimmed();
+    while (Indirizzo.endsWith(u'/'))
+        Indirizzo.chop(1);
+    return {Indirizzo, {}};
+}
+
+Provenienza DallaCartella(const QString& FileVersioni)
+{
+    return {{}, CartellaFile(FileVersioni)};
+}
+
+QString CartellaUpgrade()
+{
+    return Barra(sessione::UserFolder) + Barra(u"upgrade"_s);
+}
+
+QString Provvisorio(const QString& File)
+{
+    static int Numero = 0;
+    return u"%1.%2-%3%4"_s.arg(File).arg(QCoreApplication::applicationPid()).arg(++Numero).arg(Avanzo);
+}
+
+void TogliAvanzi()
+{
+    // A transfer that lives writes within fifteen seconds, or ends.
+    constexpr qint64 DaQuantoSecondi = 60;
+    for (const QString& Cartella : {Barra(sessione::UserFolder), CartellaUpgrade()}) {
+        const QStringList Nomi =
+            QDir(Cartella).entryList({u'*' + Avanzo.toString()}, QDir::Files | QDir::Hidden);
+        for (const QString& Nome : Nomi)
+            if (std::abs(DataFile(Cartella + Nome).secsTo(QDateTime::currentDateTime())) > DaQuantoSecondi)
+                QFile::remove(Cartella + Nome);
+    }
+}
+
+RichiestaRete InizioControllo(const Provenienza& Da)
+{
+    SvuotaSessione();
+    CreaCartella(sessione::UserFolder);
+    TogliAvanzi();
+    return RichiestaCopia(Da.Indirizzo + u"/kr5/setup/versioni.txt"_s, Provvisorio(FileVersioni()),
+                          MassimoVersioni);
+}
+
+bool FineControllo(const RichiestaRete& Chiesta, const Provenienza& Da, bool Interattivo, Annuncio& Trovato)
+{
+    if (!Posa(Chiesta.File)) {
+        if (Interattivo)
+            MsgBox(u"Errore nel salvataggio del file delle versioni."_s, vbExclamation,
+                   TitoloAvvertenza.toString());
+        return false;
+    }
+    Trovato.Da = Da;
+    Trovato.Byte = LeggiFile(FileVersioni(), MassimoVersioni);
+    Trovato.Lette = LeggiVersioni(Trovato.Byte);
+    if (!Trovato.Lette.RigaVuota && Trovato.Lette.Versione.isEmpty()) {
+        if (Interattivo)
+            MsgErrore(u"Errore (Invalid Version) nel recupero delle informazioni di aggiornamento."_s);
+        return false;
+    }
+    sessione::VersioneDisp = Trovato.Lette.Versione;
+    sessione::DataTassiDisp = Trovato.Lette.DataTassi;
+    sessione::NotaAgg = Trovato.Lette.Nota;
+    return sessione::DataTassiDisp.has_value();
+}
+
+bool ControlloVersioni(const Provenienza& Da, bool Interattivo, Annuncio& Trovato,
+                       const PassoAggiornamento& Passo)
+{
+    const ClessidraAccesa Attesa;
+    Trovato = {};
+    const RichiestaRete Chiesta = InizioControllo(Da);
+    return Porta(Chiesta, Da, Interattivo, Passo) && FineControllo(Chiesta, Da, Interattivo, Trovato);
+}
+
+bool TassiVecchi(const std::optional<QDate>& Data)
+{
+    const auto Presente = DataArchivio(ArchivioTassi());
+    if (!Presente) {
+        MsgBox(u"Errore: archivio Indici Istat non trovato nella cartella "_s + sessione::UserFolder,
+               vbExclamation, TitoloAvvertenza.toString());
+        return false;
+    }
+    return Data && *Presente < *Data;
+}
+
+void DiRicercaFallita()
+{
+    MsgBox(u"Se la postazione non è mai collegata ad internet, è possibile disattivare la ricerca automatica "
+           u"degli aggiornamenti nel pannello \"Personalizzazioni programma->Setup\""_s,
+           vbInformation, TitoloMessaggio.toString());
+}
+
+bool ProponiAggiornamento()
+{
+    Traccia(u"controllo versione programma"_s);
+    const bool Programma = VersioneNuova(sessione::VersioneDisp, VersioneProgramma());
+    Traccia(u"controllo indici Istat"_s);
+    const bool Tassi = TassiVecchi(sessione::DataTassiDisp);
+    if (!Programma && !Tassi)
+        return false;
+    QString Domanda = u"Sono presenti dei nuovi aggiornamenti del programma."_s;
+    if (!sessione::NotaAgg.isEmpty())
+        Domanda += u'\n' + sessione::NotaAgg;
+    Domanda += u"\nVuoi procedere con l'aggiornamento?"_s;
+    return MsgBox(Domanda, vbYesNo + vbQuestion, TitoloDomanda.toString()) == vbYes;
+}

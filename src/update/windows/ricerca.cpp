@@ -1,0 +1,123 @@
+#include "update/windows/ricerca.h"
+
+#include "core/modErrori.h"
+#include "core/sessione.h"
+#include "platform/base/errore.h"
+#include "platform/kit/collega.h"
+#include "platform/kit/singola.h"
+#include "platform/system/percorsi.h"
+#include "update/modAggiorna.h"
+#include "update/windows/frmUpgrade.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTimer>
+#include <QWindow>
+
+#include <algorithm>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool HaFinestraDipinta()
+{
+    const QWindowList Finestre = QGuiApplication::topLevelWindows();
+    return std::ranges::any_of(Finestre, [](const QWindow* Finestra) { return Finestra->isExposed(); });
+}
+
+/// A box now would lie over another one, or take away what the user has in his hand.
+bool Impegnato()
+{
+    return QApplication::activeModalWidget() || QApplication::activePopupWidget() ||
+           QGuiApplication::mouseButtons() != Qt::NoButton;
+}
+
+bool ModuloAperto()
+{
+    const frmUpgrade* Modulo = SeCaricato<frmUpgrade>;
+    return Modulo && Modulo->isVisible();
+}
+
+/// What is said of a search that has come to its end.
+void Concludi(bool Riuscita)
+{
+    if (!Riuscita)
+        DiRicercaFallita();
+    else if (ProponiAggiornamento())
+        Singola<frmUpgrade>().MostraModale(u"run"_s);
+}
+
+/// The search beside the event loop. It belongs to the application: what is on its way ends with it.
+class RicercaAlFianco : public QObject
+{
+public:
+    RicercaAlFianco() : QObject(qApp)
+    {
+        constexpr int OgniMs = 50;
+        QObject::connect(qApp, &QCoreApplication::aboutToQuit, this, &QObject::deleteLater);
+        Collega(&Orologio, &QTimer::timeout, this, [this] { Passo(); });
+        Orologio.start(OgniMs);
+    }
+
+private:
+    void Passo()
+    {
+        if (!Corrente && HaFinestraDipinta())
+            Parti();
+        if (!Corrente || !Corrente->Attendi(0) || Impegnato())
+            return;
+        Orologio.stop();
+        deleteLater();
+        const bool Arrivata = Corrente->Fine() == FineRete::Completa;
+        Corrente.reset();
+        if (!Arrivata)
+            QFile::remove(PercorsoNativo(Chiesta.File));
+        if (ModuloAperto()) {
+            QFile::remove(PercorsoNativo(Chiesta.File));
+            return;
+        }
+        Annuncio Trovato;
+        Concludi(Arrivata && FineControllo(Chiesta, Da, false, Trovato));
+    }
+
+    void Parti()
+    {
+        constexpr int ConnessioneMs = 4000;
+        constexpr int TotaleMs = 8000;
+        try {
+            Chiesta = InizioControllo(Da);
+        } catch (const Errore&) {
+            // Without a user folder there is no place for the answer; the start has told so.
+            Orologio.stop();
+            deleteLater();
+            return;
+        }
+        Chiesta.ConnessioneMs = ConnessioneMs;
+        Chiesta.TotaleMs = TotaleMs;
+        Corrente = AvviaTrasferimento(Chiesta);
+    }
+
+    const Provenienza Da = DalServer();
+    RichiestaRete Chiesta;
+    std::unique_ptr<Trasferimento> Corrente;
+    QTimer Orologio;
+};
+
+}  // namespace
+
+void CercaAggiornamenti()
+{
+    sessione::CercaAgg = false;
+    if (DalServer().Indirizzo.isEmpty())
+        return;
+    if (!sessione::ModoDebug) {
+        (void)new RicercaAlFianco;  // it deletes itself
+        return;
+    }
+    TraceDebug(u"avvio ricerca aggiornamenti"_s);
+    Annuncio Trovato;
+    Concludi(ControlloVersioni(DalServer(), false, Trovato));
+}
