@@ -224,11 +224,14 @@ void TestMain::aggiornamentiPrimaDellaRichiesta_data()
 {
     QTest::addColumn<bool>("Connesso");
     QTest::addColumn<QString>("CercaAgg");
+    QTest::addColumn<QString>("Server");
     QTest::addColumn<bool>("Cerca");
 
-    QTest::newRow("wanted and connected") << true << u"S"_s << true;
-    QTest::newRow("not connected") << false << u"S"_s << false;
-    QTest::newRow("not wanted") << true << u"N"_s << false;
+    const QString Uno = u"https://aggiorna.example"_s;
+    QTest::newRow("wanted and connected") << true << u"S"_s << Uno << true;
+    QTest::newRow("not connected") << false << u"S"_s << Uno << false;
+    QTest::newRow("not wanted") << true << u"N"_s << Uno << false;
+    QTest::newRow("no server is named") << true << u"S"_s << u""_s << false;
 }
 
 void TestMain::aggiornamentiPrimaDellaRichiesta()
@@ -239,6 +242,8 @@ void TestMain::aggiornamentiPrimaDellaRichiesta()
     QFETCH(bool, Connesso);
     S->Connesso = Connesso;
     Scena::Salva(u"CercaAgg"_s, CercaAgg);
+    QFETCH(QString, Server);
+    Scena::Salva(u"ServerAggiornamenti"_s, Server);
     Main(u"PV2|E|/nota.mdb"_s);
     QStringList Attesi{u"parcella [/nota.mdb] 0 [] "_s, u"fine"_s};
     if (Cerca)

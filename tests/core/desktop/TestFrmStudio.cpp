@@ -122,6 +122,7 @@ void TestFrmStudio::ordineDellAttivazione()
     ScriviFile(sessione::PercorsoProg + u"kr5.ini"_s, "[desktop]\r\nL0=A\r\nL0_c=/a\r\nL0_i=a.gif\r\n");
     sessione::ModoDebug = true;
     sessione::CercaAgg = true;
+    sessione::ServerAggiornamenti = u"https://aggiorna.example"_s;
     const auto Segna = [&](const QString& Passo) {
         // What a step has put off is done before it is looked at.
         Respiro();
@@ -172,6 +173,7 @@ void TestFrmStudio::nascostaSiRidisegnaTornando()
 void TestFrmStudio::aggiornamentiUnaVolta()
 {
     sessione::CercaAgg = true;
+    sessione::ServerAggiornamenti = u"https://aggiorna.example"_s;
     // The search itself lowers the flag.
     Aperture.CercaAggiornamenti = [this] {
         S->Annota(u"aggiornamenti"_s);
