@@ -9,6 +9,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/barra.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/suggerimento.h"
 #include "platform/system/shell.h"
 
 #include "ui_frmRubrica.h"
@@ -107,6 +108,7 @@ QAction* frmRubrica::Tasto(const QString& Chiave) const
 
 void frmRubrica::CollegaControlli()
 {
+    SuggerisciLeggibile(ui->txtFiltro);
     ::Collega<QAbstractButton>(ui->optArchivio_0, &QAbstractButton::clicked, this,
                                [this] { CambiaArchivio(Clienti); });
     ::Collega<QAbstractButton>(ui->optArchivio_1, &QAbstractButton::clicked, this,

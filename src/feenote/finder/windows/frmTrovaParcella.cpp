@@ -12,6 +12,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/suggerimento.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
@@ -70,16 +71,6 @@ constexpr std::array Cartelle{
 bool EInvio(int Tasto)
 {
     return Tasto == Qt::Key_Return || Tasto == Qt::Key_Enter;
-}
-
-/// Desktops that give dark colours often leave this one black.
-void SuggerisciLeggibile(QLineEdit* Box)
-{
-    constexpr double Grigio = 0.6;
-    QPalette Colori = Box->palette();
-    Colori.setColor(QPalette::PlaceholderText,
-                    aspetto::Mischia(Colori.color(QPalette::Text), Colori.color(QPalette::Base), Grigio));
-    Box->setPalette(Colori);
 }
 
 }  // namespace
