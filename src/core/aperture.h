@@ -44,7 +44,10 @@ struct Apritori
     /// A card of a table ("clienti", "controparti") was saved: the notes linked to the row follow its name.
     std::function<void(const QString& RecordSource, int ID)> NominativoCambiato;
     std::function<void(int Indice, int Numero)> ParcellaChiusa;  ///< a note has closed: its address book goes
-    std::function<void(int Scheda, bool Modale)> Impostazioni;   ///< modal: until they are closed
+    /// The program is about to end: every address book is closed, asking about what is not saved. False: the
+    /// user stays with one.
+    std::function<bool()> ChiudiRubriche;
+    std::function<void(int Scheda, bool Modale)> Impostazioni;  ///< modal: until they are closed
     std::function<void()> ImpostazioniCambiate;  ///< they were saved: the desktop is drawn anew
     std::function<void()> LasciaCartellaUtente;  ///< the session is about to take another user folder
     /// Edits or, asking, deletes an icon of the user's, by its row on the desktop: the settings open for it.

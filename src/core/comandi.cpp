@@ -122,7 +122,8 @@ void Aiuto(const Chiamata&)
     ApriPDF(sessione::PercorsoProg + u"GuidaOperativa.pdf"_s);
 }
 
-/// Every note is closed, asking; an answer of Cancel saves nothing but does not stop the shutdown.
+/// Every note and every address book is closed, asking; an answer of Cancel saves nothing but does not stop
+/// the shutdown.
 void Spegni(const Chiamata&)
 {
     for (int i = 1; i <= UltimaParcella(); ++i) {
@@ -132,6 +133,8 @@ void Spegni(const Chiamata&)
         if (Aperture.ChiudiParcella(i) && !sessione::RichiestaPV2.ID.isEmpty())
             return;
     }
+    if (Aperture.ChiudiRubriche)
+        (void)Aperture.ChiudiRubriche();
     Termina();
 }
 

@@ -631,9 +631,13 @@ void TestComandi::spegniChiudeQuelleAperte()
 {
     const Registratore Box;
     Posti(u"mlpm"_s);
+    Aperture.ChiudiRubriche = [this] {
+        Eventi << u"rubriche"_s;
+        return false;
+    };
     EseguiComando(u"off"_s, 0, {});
     // Every close was refused: the shutdown goes on all the same.
-    QCOMPARE(Eventi, (QStringList{u"chiudi 1"_s, u"chiudi 3"_s, u"chiudi 4"_s, u"fine 0"_s}));
+    QCOMPARE(Eventi, (QStringList{u"chiudi 1"_s, u"chiudi 3"_s, u"chiudi 4"_s, u"rubriche"_s, u"fine 0"_s}));
 }
 
 void TestComandi::spegniDaUnaPratica()

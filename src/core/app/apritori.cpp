@@ -97,6 +97,7 @@ void RiempiRubrica()
                      .KeyStart = {}});
     };
     Aperture.ParcellaChiusa = ChiudiRubricaDi;
+    Aperture.ChiudiRubriche = ChiudiRubriche;
 }
 
 /// A sheet, in the one viewer of sheets: the next one takes its place.

@@ -378,7 +378,7 @@ void frmMain::Esci()
     // The desktop ends the process by closing, and keeps its place.
     if (const auto& Studio = SeCaricato<frmStudio>)
         Studio->close();
-    else
+    else if (!Aperture.ChiudiRubriche || Aperture.ChiudiRubriche())
         Termina();
 }
 

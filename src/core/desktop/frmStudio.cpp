@@ -538,6 +538,10 @@ void frmStudio::VerificaPreparazione()
 
 void frmStudio::closeEvent(QCloseEvent* Evento)
 {
+    if (Aperture.ChiudiRubriche && !Aperture.ChiudiRubriche()) {
+        Evento->ignore();
+        return;
+    }
     // The trace's room is not the user's choice.
     if (!isMaximized())
         resize(width(), height() - std::exchange(PerLaTraccia, 0));

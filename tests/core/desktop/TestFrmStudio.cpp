@@ -29,6 +29,7 @@ private Q_SLOTS:
     void traccia();
     void tracciaPrimaDiUnErrore();
     void chiusura();
+    void chiusuraConLaRubricaAperta();
     void chiusuraSenzaImpostazioniScrivibili();
     void uscita();
     void ilPrimoFuocoEDellaPrimaIcona();
@@ -235,6 +236,24 @@ void TestFrmStudio::chiusura()
     Aperture.ChiudiParcella = [this](int) { return S->Annota(u"chiudi"_s) == 0; };
     Scrivania.close();
     QCOMPARE(S->Eventi, QStringList{u"fine"_s});
+}
+
+/// A card of the address book that is not saved keeps the program from ending.
+void TestFrmStudio::chiusuraConLaRubricaAperta()
+{
+    const Registratore Box;
+    frmStudio& Scrivania = Apri();
+    bool Resta = true;
+    Aperture.ChiudiRubriche = [&] {
+        S->Annota(u"rubriche"_s);
+        return !Resta;
+    };
+    Scrivania.close();
+    QCOMPARE(S->Eventi, QStringList{u"rubriche"_s});
+    QVERIFY(Scrivania.isVisible());
+    Resta = false;
+    Scrivania.close();
+    QCOMPARE(S->Eventi, (QStringList{u"rubriche"_s, u"rubriche"_s, u"fine"_s}));
 }
 
 void TestFrmStudio::chiusuraSenzaImpostazioniScrivibili()
