@@ -93,6 +93,7 @@ void Griglia::ImpostaColonne(const QList<ColonnaGriglia>& Colonne)
     Pezzi->Pie->Azzera();
     Pezzi->Vista->Modello()->ImpostaColonne(Colonne);
     Pezzi->Vista->LarghezzeIniziali();
+    Pezzi->Vista->ColonneMosse = false;
     Rilega();
 }
 

@@ -111,11 +111,17 @@ QVariant ModelloGriglia::Valore(int Riga, int Colonna) const
     if (Tabella)
         return Descritta.Campo < Tabella->Colonne() ? (*std::as_const(Tabella))(Riga, Descritta.Campo)
                                                     : QVariant();
+    if (!Pausa.hasExpired())
+        return {};
     try {
         if (Lettura.AbsolutePosition() != Riga)
             Lettura.ImpostaAbsolutePosition(Riga);
         return Lettura.Value(Descritta.NomeCampo);
-    } catch (const Errore&) {
+    } catch (const Errore& Guasto) {
+        // Each try waits for the lock of another program, and a screen has hundreds of cells.
+        constexpr int PausaMs = 1000;
+        if (Guasto.Numero == errori::DatiBloccati)
+            Pausa.setRemainingTime(PausaMs);
         return {};  // a row that is gone shows nothing: painting is no place for a message
     }
 }

@@ -4,6 +4,7 @@
 #include "platform/grid/griglia.h"
 
 #include <QAbstractTableModel>
+#include <QDeadlineTimer>
 
 /// Besides the rows of the source there may be one empty row behind them, for new ones.
 class ModelloGriglia : public QAbstractTableModel
@@ -52,7 +53,8 @@ private:
     QList<ColonnaGriglia> ListaColonne;
     TabellaRighe* Tabella = nullptr;
     Recordset Origine;
-    mutable Recordset Lettura;  ///< own cursor over the same keys: painting moves it
+    mutable Recordset Lettura;        ///< own cursor over the same keys: painting moves it
+    mutable QDeadlineTimer Pausa{0};  ///< a file that is locked is not asked again for each cell
     bool Nuove = false;
     int Vere = 0;
 };

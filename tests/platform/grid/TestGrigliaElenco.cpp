@@ -4,9 +4,11 @@
 #include "supporto/prova.h"
 
 #include <QApplication>
+#include <QHeaderView>
 #include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QPixmap>
+#include <QSignalSpy>
 #include <QTableView>
 #include <QToolTip>
 
@@ -28,6 +30,9 @@ private Q_SLOTS:
     void loSpazioNonComincia();
     void lImmagineStaDavanti();
     void ilSuggerimentoDellaRiga();
+    void invioSenzaChiLoAscolti();
+    void invioPerConto();
+    void laLarghezzaInPixel();
 
 private:
     [[nodiscard]] QPoint Centro(int Riga, int Colonna) const
@@ -144,6 +149,44 @@ void TestGrigliaElenco::ilSuggerimentoDellaRiga()
     QTRY_VERIFY2(QToolTip::text().contains(u"xxxx"), "a text that does not fit");
     ChiediSuggerimento(0, 0);
     QTRY_VERIFY(!QToolTip::isVisible() || QToolTip::text().isEmpty());
+}
+
+void TestGrigliaElenco::invioSenzaChiLoAscolti()
+{
+    QSignalSpy Doppi(G.get(), &Griglia::DoppioClic);
+    Premi(Qt::Key_Return);
+    QCOMPARE(Doppi.count(), 1);
+}
+
+void TestGrigliaElenco::invioPerConto()
+{
+    QSignalSpy Doppi(G.get(), &Griglia::DoppioClic);
+    QSignalSpy Invii(G.get(), &Griglia::Invio);
+    G->ImpostaRigaCorrente(1);
+    Premi(Qt::Key_Return);
+    Premi(Qt::Key_Enter, Qt::KeypadModifier);
+    QCOMPARE(Doppi.count(), 0);
+    QCOMPARE(Invii.count(), 2);
+    QCOMPARE(Invii.at(1).at(0).toInt(), 1);
+    QTest::mouseClick(G->Vista()->viewport(), Qt::LeftButton, Qt::NoModifier, Centro(1, 0));
+    QTest::mouseDClick(G->Vista()->viewport(), Qt::LeftButton, Qt::NoModifier, Centro(1, 0));
+    QCOMPARE(Doppi.count(), 1);
+    QCOMPARE(Invii.count(), 2);
+}
+
+/// In the place of the characters; a title is read whole all the same.
+void TestGrigliaElenco::laLarghezzaInPixel()
+{
+    QList<ColonnaGriglia> Colonne = G->Colonne();
+    QCOMPARE(Colonne.size(), 2);
+    QCOMPARE(Colonne[1].Titolo, u"Testo"_s);
+    Colonne[0].Larghezza = 133;
+    Colonne[1].Larghezza = 20;
+    Colonne[1].Titolo = u"Un titolo assai lungo"_s;
+    G->ImpostaColonne(Colonne);
+    QCOMPARE(G->Vista()->columnWidth(0), 133);
+    QVERIFY(G->Vista()->columnWidth(1) >
+            G->Vista()->horizontalHeader()->fontMetrics().horizontalAdvance(Colonne[1].Titolo));
 }
 
 #include "TestGrigliaElenco.moc"
