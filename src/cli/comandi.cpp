@@ -103,7 +103,7 @@ const ComandoCli* CercaComando(const QString& Nome)
 QString Aiuto()
 {
     QString Testo = u"Uso: calcanova-cli [--programma DIR] [--utente DIR] [--json] [--batch] [--righe] "
-                    "[--multipla NOTA [--prima]] COMANDO VALORI...\n\n"_s;
+                    "[--multipla NOTA [--prima]] [--archivio FILE] COMANDO VALORI...\n\n"_s;
     for (const ComandoCli& Comando : ComandiCli())
         Testo += u"  "_s + Comando.Nome.toString().leftJustified(12) + Comando.Valori.toString() + u'\n';
     return Testo +
@@ -128,6 +128,8 @@ void PreparaSessione(const RigaComando& Riga)
         if (Salvato(u"ArchivioCliCon"_s).isEmpty())
             sessione::ArchivioCliCon = sessione::PercorsoProg + u"DatiStudio.mdb"_s;
     }
+    if (!Riga.Archivio.isEmpty())
+        sessione::ArchivioCliCon = Riga.Archivio;
     if (!Riga.Utente.isEmpty())
         sessione::UserFolder = Barra(Riga.Utente);
 }
@@ -258,6 +260,7 @@ std::span<const ComandoCli> ComandiCli()
         ComandoCli{u"stampa", u"NOTA.mdb TIPO USCITA.txt|.pdf|.doc|.htm", 3, 3, false, DaSolo<ComandoStampa>,
                    false, ComandoStampa},
         ComandoCli{u"trova", u"CARTELLA [TESTO [SOTTOCARTELLE]]", 1, 3, false, ComandoTrova},
+        ComandoCli{u"rubrica", u"TABELLA [TESTO]", 1, 2, false, ComandoRubrica},
         ComandoCli{u"termini", u"DECORRENZA NUMERO TIPO [SOSPENSIONE [LIBERO [SABATO [VERSO]]]]", 3, 7, false,
                    ComandoTermini},
         ComandoCli{u"sequenziali", u"UDIENZA ARTICOLO [SOSPENSIONE [SABATO]]", 2, 4, false,

@@ -51,6 +51,9 @@ struct ComandoCli
 [[nodiscard]] Risposta ComandoStampa(const QStringList& Valori, const NotaMultipla& Altra = {});
 [[nodiscard]] Risposta ComandoTrova(const QStringList& Valori);
 
+/// The names of the office's archive, or of the one that --archivio names.
+[[nodiscard]] Risposta ComandoRubrica(const QStringList& Valori);
+
 /// The calculators.
 [[nodiscard]] Risposta ComandoTermini(const QStringList& Valori);
 [[nodiscard]] Risposta ComandoSequenziali(const QStringList& Valori);

@@ -1,5 +1,7 @@
 #include "cli/riga.h"
 
+#include "platform/system/percorsi.h"
+
 using namespace Qt::StringLiterals;
 
 RigaComando LeggiRiga(const QStringList& Argomenti)
@@ -27,6 +29,8 @@ RigaComando LeggiRiga(const QStringList& Argomenti)
             Riga.Programma = Seguente(u"cartella"_s);
         else if (Opzioni && Parola == u"--utente")
             Riga.Utente = Seguente(u"cartella"_s);
+        else if (Opzioni && Parola == u"--archivio")
+            Riga.Archivio = PercorsoNativo(Seguente(u"file"_s));
         else if (Opzioni && Parola == u"--multipla")
             Riga.Multipla = Seguente(u"parcella"_s);
         else if (Opzioni && Parola == u"--prima")

@@ -17,6 +17,7 @@ struct RigaComando
     bool Aiuto = false;  ///< --help or --aiuto
     QString Programma;   ///< --programma DIR
     QString Utente;      ///< --utente DIR
+    QString Archivio;    ///< --archivio FILE: clients and counterparties
 };
 
 /// @throws ErroreUso for an unknown option or one without its value

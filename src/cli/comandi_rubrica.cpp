@@ -1,0 +1,28 @@
+// The command of calcanova-cli that lists the names of an archive as the browser's filter does.
+#include "cli/comandi.h"
+
+#include "addressbook/elencorubrica.h"
+#include "core/sessione.h"
+
+#include <QJsonArray>
+
+using namespace Qt::StringLiterals;
+
+Risposta ComandoRubrica(const QStringList& Valori)
+{
+    const ElencoRubrica Elenco = ElencaRubrica(sessione::ArchivioCliCon, Valori[0], Valori.value(1));
+    QStringList Righe;
+    QJsonArray Nominativi;
+    for (const QStringList& Celle : Elenco.Righe) {
+        QStringList Testi = Celle;
+        for (QString& Testo : Testi)
+            Testo.replace(u'\n', u' ').replace(u'\r', u' ');
+        Righe += Testi.join(u'|');
+        QJsonObject Nominativo;
+        for (qsizetype i = 0; i < Celle.size(); ++i)
+            Nominativo[Elenco.Campi[i]] = Celle[i];
+        Nominativi.append(Nominativo);
+    }
+    Righe += u"%1 di %2"_s.arg(Elenco.Righe.size()).arg(Elenco.Tutte);
+    return {Righe.join(u'\n'), {{u"nominativi"_s, Nominativi}, {u"tutti"_s, Elenco.Tutte}}, false};
+}
