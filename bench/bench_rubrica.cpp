@@ -85,14 +85,14 @@ double Apertura(const QString& File)
     });
 }
 
-/// The slowest of the columns, upwards and downwards.
+/// The slowest of the columns.
 double Ordinamento(const QString& File)
 {
     frmRubrica* Rubrica = Apri(File);
     const auto* Lista = Rubrica->findChild<Griglia*>();
     double Peggiore = 0.0;
     for (int Colonna = 0; Colonna < Lista->Vista()->model()->columnCount(); ++Colonna)
-        Peggiore = std::max(Peggiore, MedianaMs(1, [&] {
+        Peggiore = std::max(Peggiore, DurataMs([&] {
                                 Rubrica->tdbRubrica_HeadClick(Colonna);
                                 LasciaDipingere();
                             }));
