@@ -44,8 +44,10 @@ public:
     /// Waits for its end. @return true when none of its checks has failed
     [[nodiscard]] bool Finito()
     {
-        return Programma.waitForFinished(Attesa) && Programma.exitStatus() == QProcess::NormalExit &&
-               Programma.exitCode() == 0;
+        // One whose end has been noticed already is not waited for.
+        const bool Finita = Programma.state() == QProcess::NotRunning || Programma.waitForFinished(Attesa);
+        return Finita && Programma.error() != QProcess::FailedToStart &&
+               Programma.exitStatus() == QProcess::NormalExit && Programma.exitCode() == 0;
     }
 
     /// In the other program its part; empty in the first one.

@@ -42,7 +42,8 @@ protected:
     /// Waits for the end of the walk.
     void Finita()
     {
-        QTRY_VERIFY(!F->InRicerca());
+        constexpr int AttesaMs = 30000;  // ten thousand files on a busy machine
+        QTRY_VERIFY_WITH_TIMEOUT(!F->InRicerca(), AttesaMs);
         Respiro();
     }
     /// What a window manager does with a window that comes up.
