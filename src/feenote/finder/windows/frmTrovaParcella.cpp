@@ -441,7 +441,9 @@ void frmTrovaParcella::Cancella()
             Conto.Byte -= Voce.Byte;
             Rimostra({}, 0);
             ui->tdbParcelle->ImpostaRigaCorrente(std::min(Riga, std::max(0, Righe.Righe() - 1)));
-            if (!InRicerca())
+            if (InRicerca())
+                RifaiDopo = true;  // it may have been seen before it went
+            else
                 MostraConto(FraseEsito(Conto));
         });
     } catch (const Errore& Guasto) {
@@ -460,6 +462,7 @@ void frmTrovaParcella::Rename()
         RinominaNota(File, [&](const QString& Nuovo) {
             NotaRinominata(File, Nuovo);
             Aperte = NoteAperte();
+            RifaiDopo = RifaiDopo || InRicerca();  // which may have seen it by the name of before
             Righe.Rinomina(File, Nuovo);
             ui->tdbParcelle->Rilega();
         });

@@ -140,7 +140,7 @@ private:
     QString RigaAttesa;          ///< the row that becomes the current one at the end
     QString FileScelto;          ///< what a choice for another note gives back
     int IndiceDestinazione = 0;
-    bool RifaiDopo = false;  ///< a note was saved or closed while a walk went on
+    bool RifaiDopo = false;  ///< notes were saved, closed, renamed or deleted while a walk went on
     bool Mosso = false;      ///< the user has gone to a row since the walk began
     bool InMostra = false;   ///< rows are being shown by code
 

@@ -21,6 +21,8 @@ private Q_SLOTS:
     void siRinfresca_data();
     void siRinfresca();
     void ilRinfrescoTieneIlPosto();
+    void mentreSiRinfresca_data();
+    void mentreSiRinfresca();
     void dopoIlSalvataggio();
     void nascostaNonSiRinfresca();
     void laNotaApertaSiVede();
@@ -166,6 +168,44 @@ void TestTrovaFile::ilRinfrescoTieneIlPosto()
     QCOMPARE(Lista()->Righe(), 201);
     QCOMPARE(Corrente(), u"120"_s);
     QCOMPARE(Lista()->PrimaRiga(), Prima);
+}
+
+void TestTrovaFile::mentreSiRinfresca_data()
+{
+    QTest::addColumn<bool>("Rinominata");
+    QTest::newRow("deleted") << false;
+    QTest::newRow("renamed") << true;
+}
+
+/// What the refresh has seen before is no row of its end.
+void TestTrovaFile::mentreSiRinfresca()
+{
+    QFETCH(bool, Rinominata);
+    Apri();
+    Clic(Controllo<QCheckBox>(F.get(), "chkSubDir"));
+    Finita();
+    {
+        const CartellaFerma Rete(Note + u"vecchie/"_s);
+        VaiSu(u"verdi"_s);
+        Premi(Qt::Key_F5);
+        QTRY_VERIFY(Rete.Attesa());  // the notes above have been read
+        if (Rinominata) {
+            T->Voce.AttendiImmissione(u"Immettere il nuovo nome da assegnare alla parcella:"_s, u"blu"_s);
+            T->Voce.Attendi(u"La parcella è stata rinominata!"_s);
+            Premi(Qt::Key_F2);
+        } else {
+            T->Voce.Attendi(u"Confermi la cancellazione della parcella: 'verdi'?"_s, vbYes);
+            T->Voce.Attendi(u"La parcella è stata eliminata!"_s);
+            Premi(Qt::Key_Delete);
+        }
+        QVERIFY(F->InRicerca());
+    }
+    Finita();
+    QStringList Attesi{u"neri"_s, u"rossi 9"_s, u"rossi 10"_s, u"[vecchie]"_s};
+    if (Rinominata)
+        Attesi.prepend(u"blu"_s);
+    QCOMPARE(Nomi(), Attesi);
+    QVERIFY2(Stato().startsWith(u"Trovati %1 archivi"_s.arg(Attesi.size() - 1)), qPrintable(Stato()));
 }
 
 void TestTrovaFile::dopoIlSalvataggio()
