@@ -220,7 +220,8 @@ void SchedaAcconti::cmdOpenPar_Click()
 
 bool SchedaAcconti::eventFilter(QObject* Oggetto, QEvent* Evento)
 {
-    if (Oggetto == ui->txtParcMultipla && Nota.Multipla()) {
+    // A filter hears what a closed panel does not.
+    if (Oggetto == ui->txtParcMultipla && Nota.Multipla() && ui->txtParcMultipla->isEnabled()) {
         if (Evento->type() == QEvent::KeyPress)
             return TastoSulNome(*static_cast<QKeyEvent*>(Evento));
         if (Evento->type() == QEvent::MouseButtonRelease)

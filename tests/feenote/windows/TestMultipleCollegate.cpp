@@ -33,6 +33,7 @@ private Q_SLOTS:
     void chiusaLaPrincipaleVaAncheLei();
     void salvataConUnAltroNome();
     void cancellataEChiusa();
+    void ilPannelloChiusoTace();
     void ilTitoloDiceConChiSiStampa();
     void ilTitoloSegueINomi();
     void ilTitoloDiPrimaTorna_data();
@@ -274,6 +275,30 @@ void TestMultipleCollegate::cancellataEChiusa()
     QVERIFY(ChiudiParcella(2));
     QCOMPARE(F->Socio(), 0);
     QCOMPARE(Esenti(), u"Esenti: 27,00"_s);
+}
+
+/// The partner may have a note of its own beside it from before; its panel opens nothing as long as it is
+/// one.
+void TestMultipleCollegate::ilPannelloChiusoTace()
+{
+    const QString Terza = T->Ufficio.File(u"terza.mdb"_s);
+    ScriviNota(Terza, NotaCivile());
+    frmParcelle* Compagna = T->Apri(File, 2);
+    Compagna->AssociaNota(Terza);
+    QVERIFY(Compagna->Nota.Multipla());
+    QVERIFY(MostraAttiva(*F));
+    Associa(File);
+    ApriAltra();
+    QVERIFY(!Compagna->HaStampa());
+    QVERIFY(MostraAttiva(*Compagna));
+    ClicScheda(Compagna, SchedaImposte);
+    auto* Nome = Controllo<QLineEdit>(Compagna, "txtParcMultipla");
+    QVERIFY(!Nome->isEnabled());
+    QTest::mouseClick(Nome, Qt::LeftButton, {}, QPoint(20, Nome->height() / 2));
+    QTest::keyClick(Nome, Qt::Key_Delete);
+    Respiro();
+    QVERIFY(!Parcelle(3));
+    QVERIFY2(Compagna->Nota.Multipla() && Compagna->Socio() == 1, "nothing of it has changed");
 }
 
 void TestMultipleCollegate::ilTitoloDiceConChiSiStampa()
