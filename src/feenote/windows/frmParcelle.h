@@ -150,8 +150,10 @@ private:
     void RimettiDisposizione();  ///< splitters and columns as the last window left them
     void RicordaDisposizione() const;
     void RilegaRighe();  ///< the grids forget the note that was here before
-    void CambiaNota(
-        bool Viene);  ///< the note of before has gone, with its address book; another one comes, or none
+    /// The note of before has gone, with its address book; another one comes, or none.
+    void CambiaNota(bool Viene);
+    /// A message or a dialog holds this window back; a card that is modal to its address book does not.
+    [[nodiscard]] bool Impedita() const;
     void CollegaCopia();
     void TimerCopia_Timer();
     bool ScriviCopia();    ///< the recovery copy; false when it could not be written

@@ -202,10 +202,21 @@ void frmParcelle::Proteggi()
     MostraTutto();
 }
 
+bool frmParcelle::Impedita() const
+{
+    const QWidget* Modale = QApplication::activeModalWidget();
+    if (!Modale || Modale->windowModality() != Qt::WindowModal)
+        return Modale;
+    const QWidget* Padre = Modale->parentWidget();
+    while (Padre && Padre->window() != window())
+        Padre = Padre->window()->parentWidget();
+    return Padre;
+}
+
 bool frmParcelle::ChiediChiusura()
 {
     // Whoever asked goes on in this window when he has his answer.
-    if (DialogoAperto || QApplication::activeModalWidget() || !ConcludiCampo())
+    if (DialogoAperto || Impedita() || !ConcludiCampo())
         return false;
     if (!Nota.Modificata)
         return true;
@@ -288,7 +299,7 @@ void frmParcelle::CopiaInAttesa()
 void frmParcelle::TimerCopia_Timer()
 {
     // While a message is up the rule that shows it has not come to its end.
-    if (QApplication::activeModalWidget()) {
+    if (Impedita()) {
         TimerCopia.start();
         return;
     }

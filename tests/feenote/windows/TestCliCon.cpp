@@ -7,6 +7,7 @@
 #include "feenote/windows/noteaperte.h"
 #include "platform/preview/vistastampa.h"
 
+#include <QDialog>
 #include <QPlainTextEdit>
 
 using namespace Qt::StringLiterals;
@@ -30,6 +31,7 @@ private Q_SLOTS:
     void ilNumeroCambiaConLaNota();
     void laNotaChiusaChiudeLaRubrica();
     void laNotaSostituitaChiudeLaRubrica();
+    void laSchedaApertaNonFermaLaNota();
     void laSceltaPerUnAltraNota();
     void laSceltaSenzaNome_data();
     void laSceltaSenzaNome();
@@ -286,6 +288,29 @@ void TestCliCon::laNotaChiusaChiudeLaRubrica()
     T->Voce.Attendi(u"Nuova parcella\nVuoi salvare la parcella prima di chiudere?"_s, vbNo, u"Domanda:"_s);
     QVERIFY(ChiudiParcella(1));
     QCOMPARE(Chiuse, (QList<std::pair<int, int>>{{1, Numero}}));
+}
+
+/// A card is modal to its book alone.
+void TestCliCon::laSchedaApertaNonFermaLaNota()
+{
+    ConRubrica();
+    F->SetModificata(false);
+    QWidget Rubrica;
+    Rubrica.show();
+    QDialog Scheda(&Rubrica);
+    Scheda.setWindowModality(Qt::WindowModal);
+    Scheda.show();
+    QCOMPARE(QApplication::activeModalWidget(), &Scheda);
+    QVERIFY(ChiudiParcella(1));
+    Scheda.hide();
+    // One that belongs to the note's own window does hold it back.
+    QVERIFY(T->Apri());
+    QDialog Propria(F);
+    Propria.setWindowModality(Qt::WindowModal);
+    Propria.show();
+    QVERIFY(!ChiudiParcella(1));
+    Propria.hide();
+    QVERIFY(ChiudiParcella(1));
 }
 
 void TestCliCon::laNotaSostituitaChiudeLaRubrica()

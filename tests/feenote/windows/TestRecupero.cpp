@@ -5,6 +5,7 @@
 #include "platform/system/percorsi.h"
 #include "tavolo.h"
 
+#include <QDialog>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QLockFile>
@@ -63,6 +64,7 @@ private Q_SLOTS:
     void laCopiaSegueLeModifiche();
     void piuModificheUnaCopia();
     void mentreUnMessaggioAspetta();
+    void conUnaSchedaDellaRubrica();
     void salvandoSparisce();
     void chiudendoSparisce();
     void senzaCartellaNessunaCopia();
@@ -155,6 +157,19 @@ void TestRecupero::mentreUnMessaggioAspetta()
     QTest::qWait(2 * AttesaBreve);
     QVERIFY2(Copie().isEmpty(), "con un messaggio aperto non si scrive");
     Finestra.close();
+    QVERIFY(AspettaCopia());
+}
+
+/// A card of the address book may lie open for an hour; it holds back its own book alone.
+void TestRecupero::conUnaSchedaDellaRubrica()
+{
+    QWidget Rubrica;
+    Rubrica.show();
+    QDialog Scheda(&Rubrica);
+    Scheda.setWindowModality(Qt::WindowModal);
+    Tocca();
+    Scheda.show();
+    QVERIFY(QApplication::activeModalWidget());
     QVERIFY(AspettaCopia());
 }
 
