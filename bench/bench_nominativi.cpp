@@ -1,0 +1,85 @@
+// The names that the client box of a note offers while one is typed, out of the archive of a large office.
+#include "misura.h"
+
+#include "addressbook/elenconomi.h"
+#include "core/sessione.h"
+#include "platform/database/database.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// As many names as an office has clients: surnames and first names that repeat, each with a number.
+QString Archivio(int Quanti)
+{
+    static const QTemporaryDir Cartella;
+    const QString File = Cartella.filePath(u"DatiStudio %1.mdb"_s.arg(Quanti));
+    if (QFile::exists(File))
+        return File;
+    QFile::copy(QStringLiteral(CARTELLA_PROGRAMMA "/DatiStudio.mdb"), File);
+    QFile::setPermissions(File, QFile::ReadOwner | QFile::WriteOwner);
+    OpenDatabase(File).Execute(
+        u"INSERT INTO clienti (Nominativo, Citta) "
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<?), "
+        "c(k, v) AS (VALUES "
+        "(0,'Rossi'),(1,'bianchi'),(2,'D''Agostino'),(3,'Nicolò'),(4,'VERDI'),(5,'Àlvari'),"
+        "(6,'de Luca')), p(k, v) AS (VALUES (0,'Mario'),(1,'Anna Maria'),(2,'Ugo'),(3,'Carla'),(4,'Nicolò')) "
+        "SELECT c.v || ' ' || p.v || ' ' || (i*7919 % 1000003), 'Lucca' "
+        "FROM n JOIN c ON c.k = i % 7 JOIN p ON p.k = i % 5"_s,
+        {Quanti});
+    return File;
+}
+
+const ElencoNomi& Nomi(int Quanti)
+{
+    static std::map<int, ElencoNomi> Letti;
+    const auto [Posto, Nuovo] = Letti.try_emplace(Quanti, u"clienti"_s);
+    if (Nuovo) {
+        sessione::ArchivioCliCon = Archivio(Quanti);
+        Posto->second.Segui();
+        while (Posto->second.Avanza()) {
+        }
+    }
+    return Posto->second;
+}
+
+/// The slowest key of the names that are typed.
+double Tasto(int Quanti)
+{
+    constexpr int VociOfferte = 50;
+    const ElencoNomi& Letti = Nomi(Quanti);
+    double Peggiore = 0.0;
+    for (const QString& Testo : {u"ros"_s, u"ross"_s, u"rossi mar"_s, u"nic"_s, u"nicolo"_s, u"ari"_s,
+                                 u"mario ross"_s, u"de luca carla 12"_s, u"nessuno"_s})
+        Peggiore = std::max(Peggiore,
+                            MedianaMs(3, [&] { Consuma(double(Letti.Proponi(Testo, VociOfferte).size())); }));
+    return Peggiore;
+}
+
+/// The longest piece of the reading, for which a key may have to wait.
+double Pezzo(int Quanti)
+{
+    sessione::ArchivioCliCon = Archivio(Quanti);
+    ElencoNomi Elenco(u"clienti"_s);
+    Elenco.Segui();
+    double Peggiore = 0.0;
+    for (bool Ancora = true; Ancora;)
+        Peggiore = std::max(Peggiore, DurataMs([&] { Ancora = Elenco.Avanza(); }));
+    return Peggiore;
+}
+
+constexpr int Centomila = 100'000;
+constexpr int Milione = 1'000'000;
+const RegistraMisura TastoCentomila(u"client box: a key, 100,000 names"_s, 50.0,
+                                    [] { return Tasto(Centomila); });
+const RegistraMisura TastoMilione(u"client box: a key, 1,000,000 names"_s, 50.0,
+                                  [] { return Tasto(Milione); });
+const RegistraMisura PezzoMilione(u"client box: while 1,000,000 names are read, the longest wait"_s, 50.0,
+                                  [] { return Pezzo(Milione); });
+
+}  // namespace
