@@ -8,9 +8,33 @@ namespace {
 
 constexpr int Porzione = 4000;
 
-bool EDiTesto(TipoCampo Tipo)
+/// Columns whose texts are shown as the file holds them.
+bool ComeSta(const ColonnaRubrica& Colonna)
 {
-    return Tipo == TipoCampo::Testo || Tipo == TipoCampo::Memo;
+    switch (Colonna.Tipo) {
+    case TipoCampo::Testo:
+    case TipoCampo::Memo:
+        return true;
+    case TipoCampo::Byte:
+    case TipoCampo::Intero:
+    case TipoCampo::Lungo:
+        return Colonna.Formato.isEmpty();
+    default:
+        return false;
+    }
+}
+
+/// "gg/mm/aaaa" of a date without a time, as nearly all are; empty for anything else.
+QByteArray DataSemplice(QByteArrayView Iso, const ColonnaRubrica& Colonna)
+{
+    constexpr qsizetype Lunga = 10;
+    constexpr qsizetype DopoAnno = 4;
+    constexpr qsizetype DopoMese = 7;
+    if (Colonna.Tipo != TipoCampo::Data || !Colonna.Formato.isEmpty() || Iso.size() != Lunga ||
+        Iso[DopoAnno] != '-' || Iso[DopoMese] != '-')
+        return {};
+    const auto Due = [&](qsizetype Da) { return Iso.sliced(Da, 2).toByteArray(); };
+    return Due(DopoMese + 1) + '/' + Due(DopoAnno + 1) + '/' + Iso.first(DopoAnno).toByteArray();
 }
 
 }  // namespace
@@ -55,10 +79,12 @@ bool TestiRubrica::Leggi()
 /// Text is taken as it lies in the file; everything else as the grid shows it.
 void TestiRubrica::Accoda(const RigaScorsa& Riga)
 {
-    Composta.clear();
+    Composta.resize(0);  // its memory serves the next row
     for (int i = 0; i < Colonne.size(); ++i) {
-        if (EDiTesto(Colonne[i].Tipo))
+        if (ComeSta(Colonne[i]))
             AccodaCella(Composta, Riga.Utf8(i));
+        else if (const QByteArray Data = DataSemplice(Riga.Utf8(i), Colonne[i]); !Data.isEmpty())
+            AccodaCella(Composta, Data);
         else
             AccodaCella(Composta, TestoCella(Riga.Valore(i), Colonne[i]).toUtf8());
     }

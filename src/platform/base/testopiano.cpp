@@ -1,6 +1,7 @@
 #include "platform/base/testopiano.h"
 
 #include <algorithm>
+#include <array>
 
 QString TestoPiano(const QString& Testo)
 {
@@ -15,16 +16,59 @@ QString TestoPiano(const QString& Testo)
     return Scomposto;
 }
 
+namespace {
+
+constexpr int PrimoLatino = 0x80;
+constexpr int FineLatini = 0x250;
+
+/// What each accented Latin letter becomes; they take two bytes in UTF-8.
+const std::array<QByteArray, FineLatini - PrimoLatino>& Latini()
+{
+    static const auto Tabella = [] {
+        std::array<QByteArray, FineLatini - PrimoLatino> Nuova;
+        for (int Codice = PrimoLatino; Codice < FineLatini; ++Codice)
+            Nuova[size_t(Codice - PrimoLatino)] = TestoPiano(QString(QChar(Codice))).toUtf8();
+        return Nuova;
+    }();
+    return Tabella;
+}
+
+/// Appends a text of plain and accented Latin letters. @return false for one that holds anything else; what
+/// was appended of it is to be taken back
+bool AccodaLatino(QByteArray& A, QByteArrayView Utf8)
+{
+    constexpr qsizetype Crescita = 3;  // "½" are five bytes where it was two
+    constexpr unsigned Cima = 0x80;    // of a byte that is no plain letter
+    constexpr unsigned Seguito = 0x3F;
+    constexpr int BitSeguito = 6;
+    const qsizetype Da = A.size();
+    A.resize(Da + Utf8.size() * Crescita);
+    char* Dove = A.data() + Da;
+    const auto* Fine = reinterpret_cast<const unsigned char*>(Utf8.data()) + Utf8.size();
+    for (const auto* C = Fine - Utf8.size(); C != Fine; ++C) {
+        if (*C < Cima) {
+            *Dove++ = char(*C >= 'A' && *C <= 'Z' ? *C - 'A' + 'a' : *C);
+            continue;
+        }
+        const bool Due = *C >= 0xC2 && *C < 0xCA && C + 1 != Fine && (C[1] & ~Seguito) == Cima;
+        const unsigned Codice = Due ? (*C & 0x1FU) << BitSeguito | (C[1] & Seguito) : unsigned(FineLatini);
+        if (Codice >= unsigned(FineLatini))
+            return false;
+        const QByteArray& Piana = Latini()[Codice - PrimoLatino];
+        Dove = std::copy(Piana.cbegin(), Piana.cend(), Dove);
+        ++C;
+    }
+    A.truncate(Dove - A.constData());
+    return true;
+}
+
+}  // namespace
+
 void AccodaPiano(QByteArray& A, QByteArrayView Utf8)
 {
-    const auto Semplice = [](char C) { return static_cast<unsigned char>(C) < 0x80; };
-    if (!std::ranges::all_of(Utf8, Semplice)) {
-        A += TestoPiano(QString::fromUtf8(Utf8)).toUtf8();
-        return;
-    }
     const qsizetype Da = A.size();
-    A.append(Utf8);
-    for (char* C = A.data() + Da; C != A.data() + A.size(); ++C)
-        if (*C >= 'A' && *C <= 'Z')
-            *C = char(*C - 'A' + 'a');
+    if (AccodaLatino(A, Utf8))
+        return;
+    A.truncate(Da);
+    A += TestoPiano(QString::fromUtf8(Utf8)).toUtf8();
 }

@@ -16,6 +16,7 @@ private Q_SLOTS:
 
     void iByteComeIlTesto_data();
     void iByteComeIlTesto();
+    void ogniLetteraLatina();
     void ordineSenzaAccenti_data();
     void ordineSenzaAccenti();
     void ordineSulMotore();
@@ -71,7 +72,8 @@ void TestRubricaRighe::init()
 void TestRubricaRighe::iByteComeIlTesto_data()
 {
     QTest::addColumn<QString>("Testo");
-    for (const auto& Testo : {u""_s, u"ABZaz09@[`{"_s, u"Nicolò d’Éste"_s, u"Straße ﬁne"_s, u"ĐÀ\u0301"_s})
+    for (const auto& Testo : {u""_s, u"ABZaz09@[`{"_s, u"Nicolò d’Éste"_s, u"Straße ﬁne"_s, u"ĐÀ\u0301"_s,
+                              u"Łódź Škoda İstanbul ª½"_s, u"Ω мир"_s, u"caffé\u0301"_s})
         QTest::newRow(qPrintable(Testo)) << Testo;
 }
 
@@ -81,6 +83,24 @@ void TestRubricaRighe::iByteComeIlTesto()
     QByteArray Byte("prima ");
     AccodaPiano(Byte, Testo.toUtf8());
     QCOMPARE(QString::fromUtf8(Byte), u"prima "_s + TestoPiano(Testo));
+}
+
+void TestRubricaRighe::ogniLetteraLatina()
+{
+    QByteArray Insieme;
+    QString Tutte;
+    for (int Codice = 0x20; Codice < 0x260; ++Codice) {
+        QByteArray Byte;
+        AccodaPiano(Byte, QString(QChar(Codice)).toUtf8());
+        QCOMPARE(QString::fromUtf8(Byte), TestoPiano(QString(QChar(Codice))));
+        Tutte += QChar(Codice);
+    }
+    AccodaPiano(Insieme, Tutte.toUtf8());
+    QCOMPARE(QString::fromUtf8(Insieme), TestoPiano(Tutte));
+    // Bytes that are no text do no harm.
+    QByteArray Rotti("a");
+    AccodaPiano(Rotti, QByteArrayView("b\xC3", 2));
+    QVERIFY(Rotti.startsWith("ab"));
 }
 
 void TestRubricaRighe::ordineSenzaAccenti_data()
