@@ -125,6 +125,8 @@ void frmWeb::Mostra()
     else
         aspetto::RicordaPostoDi(this, objectName());
     show();
+    // Found before, the anchor stands where it stood at another width.
+    ui->Web1->TornaAllAncora();
     raise();
     activateWindow();
 }

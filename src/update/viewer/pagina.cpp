@@ -45,7 +45,7 @@ bool DelProgramma(const QString& File)
 
 /// The commands that a page may run: windows that only show something, and the settings, which ask for a
 /// save.
-constexpr std::array<QStringView, 4> ComandiDiPagina{u"about", u"docum", u"setup", u"upgrade"};
+constexpr std::array<QStringView, 5> ComandiDiPagina{u"about", u"docum", u"readme", u"setup", u"upgrade"};
 
 bool HaEstensione(const QString& File, std::initializer_list<QStringView> Estensioni)
 {
@@ -155,6 +155,12 @@ void Pagina::Mostra(const QUrl& Indirizzo)
     if (Intricata(LeggiFile(Indirizzo.toLocalFile(), MassimaPagina)))
         throw Errore(errori::Memoria);
     setSource(Indirizzo, QTextDocument::HtmlResource);
+}
+
+void Pagina::TornaAllAncora()
+{
+    if (source().hasFragment())
+        scrollToAnchor(source().fragment());
 }
 
 QVariant Pagina::loadResource(int Tipo, const QUrl& Nome)

@@ -22,6 +22,9 @@ public:
     /// "comando:<word>" opens the window of that command, where it is one of those that only show something.
     bool Segui(const QUrl& Collegamento);
 
+    /// Scrolls to the anchor that the page was asked for with, once more; nothing where there was none.
+    void TornaAllAncora();
+
     /// Selects the next occurrence, going on at the other end of the page.
     /// @return false when there is none
     bool Cerca(const QString& Testo, bool Indietro);

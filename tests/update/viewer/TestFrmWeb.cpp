@@ -7,6 +7,7 @@
 #include "core/modErrori.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
+#include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
@@ -62,6 +63,8 @@ private Q_SLOTS:
     void comandiDellePagine();
     void collegamentoRelativo();
     void ancora();
+    void ancoraAllaPrimaMostra_data();
+    void ancoraAllaPrimaMostra();
     void indietroEAvanti();
     void pdfDelProgramma();
     void figure_data();
@@ -121,6 +124,10 @@ void TestFrmWeb::init()
     };
     Nuova.ApriPdf = [this](const QString& File, int) {
         Aperti << NomeFile(File);
+        return 0;
+    };
+    Nuova.ApriFile = [this](const QString& File) {
+        Aperti << u"file "_s + NomeFile(File);
         return 0;
     };
     Nuova.HaProgramma = [](const QString&) { return true; };
@@ -350,6 +357,8 @@ void TestFrmWeb::comandiDellePagine_data()
 
     QTest::newRow("about box") << u"comando:about"_s << QStringList{u"about"_s} << false;
     QTest::newRow("documents") << u"comando:docum"_s << QStringList{u"docum"_s} << false;
+    QTest::newRow("what to read first")
+        << u"comando:readme"_s << QStringList{u"file avvertenze.doc"_s} << false;
     // A page ends no session and opens no note.
     QTest::newRow("end") << u"comando:off"_s << QStringList() << true;
     QTest::newRow("new note") << u"comando:new"_s << QStringList() << true;
@@ -368,11 +377,12 @@ void TestFrmWeb::comandiDellePagine()
     for (const QString& Parola : {u"about"_s, u"docum"_s, u"new"_s})
         Aperture.Finestre[Parola] = [&Chieste, Parola] { Chieste << Parola; };
     Aperture.ApriParcella = [&](const QString&, int, const QString&) { Chieste << u"parcella"_s; };
+    Scrivi(u"avvertenze.doc"_s, "{\\rtf1}");
     Mostra(u"uno.htm"_s);
     if (Rifiutato)
         Box.Attendi(u"Errore: Nome di file non valido (52)"_s, vbOK, u"Errore:"_s);
     QCOMPARE(Protetta([&] { (void)Web1()->Segui(QUrl(Collegamento)); }), !Rifiutato);
-    QCOMPARE(Chieste, Aperte);
+    QCOMPARE(Chieste + Aperti, Aperte);
     QVERIFY(Web1()->toPlainText().startsWith(u"Prima"));
 }
 
@@ -427,6 +437,37 @@ void TestFrmWeb::ancora()
     Scrivi(u"n#3.htm"_s, "<h1>Terza</h1>");
     Mostra(u"n#3.htm"_s);
     QCOMPARE(Web1()->toPlainText(), u"Terza"_s);
+}
+
+void TestFrmWeb::ancoraAllaPrimaMostra_data()
+{
+    QTest::addColumn<int>("Dopo");
+
+    QTest::newRow("far from the end of the page") << 200;
+    QTest::newRow("near it") << 12;
+}
+
+void TestFrmWeb::ancoraAllaPrimaMostra()
+{
+    // The window comes up as wide as the user left it: lines break elsewhere than before it was shown.
+    QFETCH(int, Dopo);
+    const Registratore Box;
+    QByteArray Html = "<p>" + QByteArray("parola ").repeated(3000) + "</p><h2><a name=\"meta\"></a>Meta</h2>";
+    Scrivi(u"uno.htm"_s, Html + QByteArray("<p>coda</p>").repeated(Dopo));
+    W->resize(1200, 500);
+    aspetto::RicordaPosto(W.get(), W->objectName());
+    W = std::make_unique<frmWeb>();
+    W->Indirizzo = Prog + u"uno.htm#meta"_s;
+    W->Mostra();
+    const QTextDocument* Testo = Web1()->document();
+    QTextBlock Meta = Testo->begin();
+    while (Meta.isValid() && Meta.text() != u"Meta")
+        Meta = Meta.next();
+    QVERIFY(Meta.isValid());
+    const QScrollBar* Barra = Web1()->verticalScrollBar();
+    const int Alto = qRound(Testo->documentLayout()->blockBoundingRect(Meta).top());
+    QVERIFY(Barra->maximum() > 0);
+    QCOMPARE(Barra->value(), std::min(Alto, Barra->maximum()));
 }
 
 void TestFrmWeb::indietroEAvanti()
