@@ -60,7 +60,8 @@ QString UltimoIndice(const Database& Db)
         return u"nessuno"_s;
     const int Mese = Righe.Value(u"Mese"_s).toInt();
     const QString Nome = Mese >= 1 && Mese <= 12 ? sessione::Mesi[size_t(Mese)].toLower() : QString();
-    return u"fino a %1 %2"_s.arg(Nome, Righe.Value(u"Anno"_s).toString());
+    return u"fino %1 %2 %3"_s.arg(Nome.startsWith(u'a') ? u"ad"_s : u"a"_s, Nome,
+                                  Righe.Value(u"Anno"_s).toString());
 }
 
 QString ContenutoTassi(const Database& Db)

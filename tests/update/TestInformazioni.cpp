@@ -104,7 +104,7 @@ void TestInformazioni::dateDegliArchivi()
     Data(Archivio, QDate(2026, 9, 14));
     QCOMPARE(
         Riga(u"Archivi"_s, u"Tassi"_s),
-        u"del 14/09/2026; interessi legali fino al 31/12/2026, di mora nessuno, indici Istat fino a agosto "
+        u"del 14/09/2026; interessi legali fino al 31/12/2026, di mora nessuno, indici Istat fino ad agosto "
         u"2026"_s);
 }
 
