@@ -31,6 +31,8 @@ void CreaBasi(const QString& Tabelle, const QString& Uscita)
     CreaCartella(Uscita);
     for (const auto& Nome : {u"parcelle.mdb"_s, u"DatiStudio.mdb"_s, u"Tassi.dat"_s, u"Comuni.mdb"_s})
         ScriviFile(Uscita + Nome, LeggiFile(Provvisoria + Nome));
+    // The program tells the age of the rates by the date of their file.
+    ImpostaDataFile(Uscita + u"Tassi.dat"_s, QDateTime(DataDeiTassi(Archivio), QTime(12, 0)));
 }
 
 }  // namespace

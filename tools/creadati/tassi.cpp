@@ -5,6 +5,8 @@
 
 #include <array>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -109,6 +111,20 @@ Tassi LeggiTassi(const QString& Cartella)
     Letti.Basi = LeggiBasi(Cartella + u"basi_foi.csv"_s);
     Letti.Indici = LeggiIndici(Cartella + u"indici_foi.csv"_s, Letti.Basi);
     return Letti;
+}
+
+QDate DataDeiTassi(const Tassi& Dati)
+{
+    QDate Ultima;
+    for (const QList<TassoPeriodo>* Tabella : {&Dati.Legali, &Dati.Mora})
+        for (const TassoPeriodo& Periodo : *Tabella)
+            Ultima = Ultima.isValid() ? std::max(Ultima, Periodo.Dal) : Periodo.Dal;
+    for (const IndiceMese& Mese : Dati.Indici) {
+        const QDate Primo(Mese.Anno, Mese.Mese, 1);
+        const QDate Fine(Mese.Anno, Mese.Mese, Primo.daysInMonth());
+        Ultima = Ultima.isValid() ? std::max(Ultima, Fine) : Fine;
+    }
+    return Ultima;
 }
 
 QList<CoefficienteRaccordo> Coefficienti(const QList<BaseIndici>& Basi)

@@ -50,6 +50,10 @@ struct Tassi
     QList<BaseIndici> Basi;
 };
 
+/// How new the figures are: the last day of the latest month with an index, or the first day of the latest
+/// rate, whichever is later.
+[[nodiscard]] QDate DataDeiTassi(const Tassi& Dati);
+
 /// Reads and checks the tables of a folder: periods follow one another without gap or overlap, no month is
 /// missing between the first and the latest, every index has a base.
 /// @throws Errore 53 a table is missing, 5 a table is refused: the sentence names file, row and column

@@ -27,13 +27,15 @@ QString CartellaDocumenti()
     return CartellaSpeciale(Documenti) + Barra(u"Calcanova"_s);
 }
 
-/// Copies a file of the program beside the user's data, unless one of that name, in any case, is there.
+/// Copies a file of the program beside the user's data, unless one of that name, in any case, is there. The
+/// copy is as old as the file, because the age of the rates is that of their archive.
 void CopiaSeManca(const QString& Nome, const QString& Cartella)
 {
     const QString Origine = TrovaFile(CartellaProgramma() + Nome);
     // Two programs may be started at once: of two copies the first one counts, it may be in use already.
-    if (EsisteFile(Origine) && !EsisteFile(TrovaFile(Cartella + Nome)))
-        CreaFile(Cartella + Nome, LeggiFile(Origine));
+    if (EsisteFile(Origine) && !EsisteFile(TrovaFile(Cartella + Nome)) &&
+        CreaFile(Cartella + Nome, LeggiFile(Origine)))
+        ImpostaDataFile(Cartella + Nome, DataFile(Origine));
 }
 
 void PreparaCartellaUtente()

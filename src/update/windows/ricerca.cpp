@@ -61,6 +61,12 @@ public:
         Collega(&Orologio, &QTimer::timeout, this, [this] { Passo(); });
         Orologio.start(OgniMs);
     }
+    ~RicercaAlFianco() override
+    {
+        Corrente.reset();
+        if (!Chiesta.File.isEmpty())
+            QFile::remove(PercorsoNativo(Chiesta.File));
+    }
 
 private:
     void Passo()
@@ -71,16 +77,10 @@ private:
             return;
         Orologio.stop();
         deleteLater();
-        const bool Arrivata = Corrente->Fine() == FineRete::Completa;
-        Corrente.reset();
-        if (!Arrivata)
-            QFile::remove(PercorsoNativo(Chiesta.File));
-        if (ModuloAperto()) {
-            QFile::remove(PercorsoNativo(Chiesta.File));
+        if (ModuloAperto())
             return;
-        }
         Annuncio Trovato;
-        Concludi(Arrivata && FineControllo(Chiesta, Da, false, Trovato));
+        Concludi(Corrente->Fine() == FineRete::Completa && FineControllo(Chiesta, Da, false, Trovato));
     }
 
     void Parti()

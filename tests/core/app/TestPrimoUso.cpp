@@ -201,8 +201,11 @@ void TestPrimoUso::tassiSeMancano()
     PrimoUso();
     QVERIFY2(!EsisteFile(Utente + u"Tassi.dat"_s), "the program has none to give");
     ScriviFile(Programma + u"tassi.dat"_s, "1");
+    const QDateTime Quando(QDate(2026, 8, 31), QTime(12, 0));
+    ImpostaDataFile(Programma + u"tassi.dat"_s, Quando);
     PrimoUso();
     QCOMPARE(LeggiFile(Utente + u"Tassi.dat"_s), "1");
+    QCOMPARE(DataFile(Utente + u"Tassi.dat"_s), Quando);  // the copy of an old archive is no new one
     ScriviFile(Programma + u"tassi.dat"_s, "2");
     PrimoUso();
     QCOMPARE(LeggiFile(Utente + u"Tassi.dat"_s), "1");

@@ -80,6 +80,8 @@ private Q_SLOTS:
     void respiraFermaTutto();
     void respiraSiInterrompe_data();
     void respiraSiInterrompe();
+    void respiraHaUnPulsantePerFermare_data();
+    void respiraHaUnPulsantePerFermare();
 };
 PROVA(TestServiziQt);
 
@@ -424,6 +426,51 @@ void TestServiziQt::respiraSiInterrompe()
     QCoreApplication::postEvent(&Campo, new QKeyEvent(QEvent::KeyPress, Tasto, Qt::NoModifier));
     QTEST(Respira(), "Continua");
     QVERIFY2(Respira(), "il tasto vale una volta");
+}
+
+void TestServiziQt::respiraHaUnPulsantePerFermare_data()
+{
+    QTest::addColumn<QString>("Come");
+    QTest::addColumn<bool>("Continua");
+    QTest::newRow("clic") << u"clic"_s << false;
+    QTest::newRow("clic accanto") << u"accanto"_s << true;
+    QTest::newRow("clic destro") << u"destro"_s << true;
+    QTest::newRow("Spazio col fuoco") << u"spazio"_s << false;
+    QTest::newRow("Invio col fuoco") << u"invio"_s << false;
+    QTest::newRow("Spazio senza fuoco") << u"altrove"_s << true;
+    QTest::newRow("nascosto") << u"nascosto"_s << true;
+}
+
+void TestServiziQt::respiraHaUnPulsantePerFermare()
+{
+    QFETCH(QString, Come);
+    QWidget Finestra;
+    auto* Disposizione = new QVBoxLayout(&Finestra);
+    auto* Campo = new QLineEdit;
+    auto* Pulsante = new QPushButton(u"Ferma"_s);
+    Disposizione->addWidget(Campo);
+    Disposizione->addWidget(Pulsante);
+    QVERIFY(MostraAttiva(Finestra));
+    (Come == u"spazio" || Come == u"invio" ? static_cast<QWidget*>(Pulsante) : Campo)->setFocus();
+    int Premuto = 0;
+    Collega(Pulsante, &QPushButton::clicked, &Finestra, [&] { ++Premuto; });
+    if (Come == u"clic" || Come == u"accanto" || Come == u"destro" || Come == u"nascosto") {
+        QWidget* Sotto = Come == u"accanto" ? static_cast<QWidget*>(Campo) : Pulsante;
+        const QPointF Punto = Sotto->rect().center();
+        const Qt::MouseButton Tasto = Come == u"destro" ? Qt::RightButton : Qt::LeftButton;
+        QCoreApplication::postEvent(Sotto,
+                                    new QMouseEvent(QEvent::MouseButtonPress, Punto,
+                                                    Sotto->mapToGlobal(Punto), Tasto, Tasto, Qt::NoModifier));
+        Pulsante->setVisible(Come != u"nascosto");
+    } else {
+        QCoreApplication::postEvent(QApplication::focusWidget(),
+                                    new QKeyEvent(QEvent::KeyPress,
+                                                  Come == u"invio" ? Qt::Key_Return : Qt::Key_Space,
+                                                  Qt::NoModifier));
+    }
+    QTEST(Respira(Pulsante), "Continua");
+    QCOMPARE(Premuto, 0);  // it asks to stop, and does nothing else
+    QVERIFY2(Respira(Pulsante), "la richiesta vale una volta");
 }
 
 #include "TestServiziQt.moc"

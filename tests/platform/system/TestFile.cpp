@@ -30,6 +30,11 @@ private Q_SLOTS:
     void esistenze();
     void creaTuttoIlPercorso();
     void creaCartellaRifiutata();
+    void cartellaPrivata();
+    void copiaIntera();
+    void copiaFermata();
+    void copiaFallita();
+    void dataDelFile();
     void solaLetturaDaiPermessi();
     void solaLetturaDiCioCheManca();
     void solaLetturaSospesa();
@@ -421,6 +426,75 @@ void TestFile::creaUnoSoloFraMolti()
     QCOMPARE(LeggiFile(File),
              QByteArray::number(qulonglong(std::ranges::find(Riuscite, true) - Riuscite.begin())));
     QCOMPARE(ContenutoDi(CartellaFile(File)), QStringList{u"archivio.mdb"_s});
+}
+
+void TestFile::cartellaPrivata()
+{
+    const QString Cartella = NuovaCartella() + u"a/b"_s;
+    for (int Volta = 0; Volta < 2; ++Volta) {
+        CreaCartellaPrivata(Cartella);
+        QCOMPARE(QFileInfo(Cartella).permissions() & (QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
+                                                      QFile::ReadOther | QFile::WriteOther | QFile::ExeOther),
+                 QFile::Permissions());
+        // One that was open to others is closed the second time.
+        QVERIFY(QFile::setPermissions(Cartella, QFileInfo(Cartella).permissions() | QFile::ReadOther));
+    }
+    const QString Occupato = NuovaCartella() + u"x"_s;
+    ScriviFile(Occupato, "x");
+    QCOMPARE(NumeroErrore([&] { CreaCartellaPrivata(Occupato + u"/y"_s); }), errori::Accesso);
+}
+
+void TestFile::copiaIntera()
+{
+    const QString Da = NuovaCartella() + u"da"_s;
+    const QString A = NuovaCartella() + u"a"_s;
+    const QByteArray Byte(300000, 'x');
+    ScriviFile(Da, Byte);
+    ScriviFile(A, QByteArray(400000, 'y'));
+    qint64 Copiati = 0;
+    int Pezzi = 0;
+    QVERIFY(CopiaFile(Da, A, Byte.size(), [&](qint64 Finora) {
+        Copiati = Finora;
+        return ++Pezzi > 0;
+    }));
+    QVERIFY(LeggiFile(A) == Byte);
+    QCOMPARE(Copiati, Byte.size());
+    QVERIFY(Pezzi > 1);
+}
+
+void TestFile::copiaFermata()
+{
+    const QString Da = NuovaCartella() + u"da"_s;
+    const QString A = NuovaCartella() + u"a"_s;
+    ScriviFile(Da, QByteArray(300000, 'x'));
+    QVERIFY(!CopiaFile(Da, A, 1 << 20, [](qint64) { return false; }));
+    QVERIFY(QFileInfo(A).size() < 300000);
+}
+
+void TestFile::copiaFallita()
+{
+    const QString Da = NuovaCartella() + u"da"_s;
+    const QString A = NuovaCartella() + u"a"_s;
+    ScriviFile(Da, QByteArray(300000, 'x'));
+    QCOMPARE(NumeroErrore([&] { CopiaFile(Da, A, 299999); }), errori::Memoria);
+    QCOMPARE(NumeroErrore([&] { CopiaFile(Da + u"mai"_s, A, 1); }), errori::FileMancante);
+    QCOMPARE(NumeroErrore([&] { CopiaFile(Da, NuovaCartella() + u"mai/a"_s, 1 << 20); }), errori::Accesso);
+    guasti::LimiteFile = 1000;
+    QCOMPARE(NumeroErrore([&] { CopiaFile(Da, A, 1 << 20); }), errori::DiscoPieno);
+    guasti::LimiteFile = 0;
+}
+
+void TestFile::dataDelFile()
+{
+    const QString File = NuovaCartella() + u"x"_s;
+    QVERIFY(DataFile(File).isNull());
+    QCOMPARE(NumeroErrore([&] { ImpostaDataFile(File, QDateTime::currentDateTime()); }),
+             errori::FileMancante);
+    ScriviFile(File, "x");
+    const QDateTime Quando(QDate(2026, 3, 9), QTime(12, 30));
+    ImpostaDataFile(File, Quando);
+    QCOMPARE(DataFile(File), Quando);
+    QCOMPARE(LeggiFile(File), "x"_ba);
 }
 
 #include "TestFile.moc"

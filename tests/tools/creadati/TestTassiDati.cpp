@@ -37,6 +37,7 @@ private Q_SLOTS:
     void unRaccordoPerOgniCoppiaDiMesi();
     void raccordi_data();
     void raccordi();
+    void laDataEQuellaDeiDati();
     void rifiuta_data();
     void rifiuta();
 
@@ -214,6 +215,20 @@ void TestTassiDati::raccordi()
                                                   {Iniziale, Iniziale, Finale, Finale});
     QCOMPARE(Riga.RecordCount(), 1);
     QTEST(Riga.Value(u"Coefficiente"_s).toDouble(), "Coefficiente");
+}
+
+void TestTassiDati::laDataEQuellaDeiDati()
+{
+    Tassi Pochi;
+    Pochi.Legali = {{QDate(2025, 1, 1), QDate(2025, 12, 31), 2.0},
+                    {QDate(2026, 1, 1), QDate(2026, 12, 31), 1.6}};
+    Pochi.Mora = {{QDate(2026, 7, 1), QDate(2026, 12, 31), 9.4}};
+    Pochi.Indici = {{2024, 1, 120.0}, {2024, 2, 120.1}};
+    QCOMPARE(DataDeiTassi(Pochi), QDate(2026, 7, 1));
+    Pochi.Indici.append({2028, 2, 130.0});
+    QCOMPARE(DataDeiTassi(Pochi), QDate(2028, 2, 29));
+    // The archive as delivered is as old as its figures, not as the build.
+    QCOMPARE(DataFile(ProgrammaDiProva() + u"Tassi.dat"_s).date(), DataDeiTassi(LeggiTassi(Dati())));
 }
 
 void TestTassiDati::rifiuta_data()
