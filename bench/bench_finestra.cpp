@@ -60,12 +60,14 @@ private:
     bool Attesa = false;
 };
 
-/// @param argv behind the role the program folder, where it is another one
+/// @param argv behind the role the program folder, where it is another one, and a server of updates
 int Avvio(int& argc, char** argv)
 {
     Applicazione Programma(argc, argv);
     SaveSetting(NomeApplicazione.toString(), SezioneParametri.toString(), u"PercorsoProcedura"_s,
                 argc > 2 ? QString::fromLocal8Bit(argv[2]) : QStringLiteral(CARTELLA_PROGRAMMA "/"));
+    SaveSetting(NomeApplicazione.toString(), SezioneParametri.toString(), u"ServerAggiornamenti"_s,
+                argc > 3 ? QString::fromLocal8Bit(argv[3]) : QString());
     PreparaProgramma();
     PrimaPittura Filtro;
     Programma.installEventFilter(&Filtro);
@@ -95,6 +97,15 @@ double AvvioCaldo()
     return MedianaAvvii(9, [] { return true; });
 }
 const RegistraMisura RegistratoCaldo(u"start to first painted window, warm"_s, 100.0, AvvioCaldo);
+
+/// Nothing of the network is loaded before the first picture, though updates will be looked for.
+double AvvioConServer()
+{
+    return MedianaAvvii(
+        9, [] { return true; }, {QStringLiteral(CARTELLA_PROGRAMMA "/"), u"http://127.0.0.1:9"_s});
+}
+const RegistraMisura RegistratoConServer(u"start to first painted window, with an update server, warm"_s, 100.0,
+                                         AvvioConServer);
 
 /// The program folder with a photograph as its background, as large as a telephone takes it.
 bool PreparaConFoto(const QString& Cartella)
