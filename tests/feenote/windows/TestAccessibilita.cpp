@@ -143,6 +143,7 @@ void TestAccessibilita::tabVaNellOrdineDiLettura_data()
                                             u"barListaOnoDir_variaz"_s,
                                             u"barListaOnoDir_taglia"_s,
                                             u"barListaOnoDir_copia"_s,
+                                            u"barListaOnoDir_help"_s,
                                             u"barListaOnoDir_lastrow"_s,
                                             u"barListaOnoDir_currentrow"_s,
                                             u"tdbOnor"_s};
@@ -152,6 +153,7 @@ void TestAccessibilita::tabVaNellOrdineDiLettura_data()
                                           u"barListaOnoDir_select"_s,
                                           u"barListaOnoDir_taglia"_s,
                                           u"barListaOnoDir_copia"_s,
+                                          u"barListaOnoDir_help"_s,
                                           u"barListaOnoDir_lastrow"_s,
                                           u"barListaOnoDir_currentrow"_s,
                                           u"tdbDir"_s};

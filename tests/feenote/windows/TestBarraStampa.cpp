@@ -69,14 +69,10 @@ void TestBarraStampa::init()
 
 void TestBarraStampa::tastiESuggerimenti()
 {
-    const QStringList Attesi{u"up: Pagina precedente"_s,
-                             u"down: Pagina successiva"_s,
-                             u"zoom: Dimensioni preview"_s,
-                             u"print: Stampa parcella"_s,
-                             u"pdf: Salva in PDF"_s,
-                             u"word: Esporta in Word"_s,
-                             u"wp: Avvia editor alternativo"_s,
-                             u"help: Guida contestuale: il documento non è ancora disponibile"_s};
+    const QStringList Attesi{
+        u"up: Pagina precedente"_s,        u"down: Pagina successiva"_s, u"zoom: Dimensioni preview"_s,
+        u"print: Stampa parcella"_s,       u"pdf: Salva in PDF"_s,       u"word: Esporta in Word"_s,
+        u"wp: Avvia editor alternativo"_s, u"help: Guida contestuale"_s};
     QStringList Visti;
     for (const QAction* Tasto : Controllo<QToolBar>(F, "barPrint")->actions())
         if (!Tasto->objectName().isEmpty())

@@ -633,14 +633,19 @@ void TestRigheScelte::trascinaSoloCoiParametriInOrdine()
 
 void TestRigheScelte::laGuidaDellaScheda()
 {
+    QWidget* Barra = Tasto("help")->parentWidget();
+    const auto Rimostra = [Barra] {
+        Barra->hide();
+        Barra->show();
+    };
+    QVERIFY2(Tasto("help")->isEnabled(), "the program brings its guide");
     sessione::PercorsoProg = T->Ufficio.Cartella();
+    Rimostra();
     QVERIFY2(!Tasto("help")->isEnabled(), "there is no guide");
     QFile Guida(T->Ufficio.File(u"GuidaGiuridica.pdf"_s));
     QVERIFY(Guida.open(QIODevice::WriteOnly));
     Guida.close();
-    QWidget* Barra = Tasto("help")->parentWidget();
-    Barra->hide();
-    Barra->show();
+    Rimostra();
     Aperture.SchedaCorrente = [this](int) { return F->Scheda(); };
     int Pagina = 0;
     Shell Finta;
