@@ -174,6 +174,14 @@ void Connessione::AttendiBlocchi(int Millisecondi)
     Verifica(sqlite3_busy_timeout(Motore(), Millisecondi));
 }
 
+quint64 Connessione::Versione() const
+{
+    Istruzione DaAltri(*this, u"PRAGMA data_version"_s);
+    constexpr int Meta = 32;
+    const quint64 Altri = DaAltri.Avanza() ? quint64(DaAltri.Intero(0)) : 0;
+    return (Altri << Meta) + Scritture();
+}
+
 bool Connessione::InTransazione() const
 {
     return sqlite3_get_autocommit(Motore()) == 0;
@@ -337,6 +345,11 @@ QString Istruzione::Testo(int Colonna) const
 bool Istruzione::ENullo(int Colonna) const
 {
     return sqlite3_column_type(Istr.get(), Colonna) == SQLITE_NULL;
+}
+
+bool Istruzione::ETesto(int Colonna) const
+{
+    return sqlite3_column_type(Istr.get(), Colonna) == SQLITE_TEXT;
 }
 
 QByteArrayView Istruzione::Utf8(int Colonna) const

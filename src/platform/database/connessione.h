@@ -43,6 +43,8 @@ public:
     /// Counts every write and every undoing: a row kept aside is good as long as this stands still.
     [[nodiscard]] quint64 Scritture() const { return Contate; }
     void NotaScrittura() { ++Contate; }
+    /// The same with what other programs have written. @throws Errore 3260 locked
+    [[nodiscard]] quint64 Versione() const;
 
     /// Runs one statement and throws its rows away. @return rows changed
     int Esegui(const QString& Sql, const QVariantList& Valori = {});
@@ -98,6 +100,7 @@ public:
     [[nodiscard]] qint64 Intero(int Colonna) const;
     [[nodiscard]] QString Testo(int Colonna) const;
     [[nodiscard]] bool ENullo(int Colonna) const;
+    [[nodiscard]] bool ETesto(int Colonna) const;  ///< stored as text, whatever the column is declared as
     /// The text in UTF-8; the view is good until the next row.
     [[nodiscard]] QByteArrayView Utf8(int Colonna) const;
     /// The cell as it is stored, whatever its column is declared as.

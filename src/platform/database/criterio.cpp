@@ -5,7 +5,9 @@
 #include "platform/database/connessione.h"
 #include "platform/database/valori.h"
 
+#include <algorithm>
 #include <array>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +18,10 @@ constexpr int ProfonditaMassima = 50;
 constexpr int ConfrontiMassimi = 200;
 
 constexpr std::array<QStringView, 6> Segni{u"<>", u"<=", u">=", u"=", u"<", u">"};  // longer ones first
+
+constexpr std::array SegniDiTesto{SegnoTesto::Diverso, SegnoTesto::MinoreUguale, SegnoTesto::MaggioreUguale,
+                                  SegnoTesto::Uguale,  SegnoTesto::Minore,       SegnoTesto::Maggiore};
+static_assert(SegniDiTesto.size() == Segni.size());
 
 struct Valore
 {
@@ -34,11 +40,13 @@ public:
 
     Condizione Tutto()
     {
-        Condizione Letta{Oppure(0), {}};
+        Condizione Letta{Oppure(0), {}, {}};
         Spazi();
         if (Posto != Testo.size())
             Rifiuta();
         Letta.Valori = Valori;
+        if (Confronti == 1 && !Rovesciato)
+            Letta.Solo = UltimoDiTesto;
         return Letta;
     }
 
@@ -100,8 +108,10 @@ private:
     {
         if (Profondita > ProfonditaMassima)
             Rifiuta();
-        if (Prendi(u"NOT"))
+        if (Prendi(u"NOT")) {
+            Rovesciato = true;
             return u"(NOT "_s + Fattore(Profondita + 1) + u')';
+        }
         if (PrendiSegno(u'(')) {
             const QString Interno = Oppure(Profondita + 1);
             if (!PrendiSegno(u')'))
@@ -124,7 +134,7 @@ private:
         }
         const bool Negato = Prendi(u"NOT");
         if (Prendi(u"LIKE"))
-            return (Negato ? u"NOT "_s : QString()) + Somiglia(Colonna);
+            return (Negato ? u"NOT "_s : QString()) + Somiglia(Colonna, Negato);
         if (Negato)
             Rifiuta();
         const QString Segno = LeggiSegno();
@@ -250,9 +260,12 @@ private:
         return u"?"_s;
     }
 
-    QString Somiglia(const QString& Colonna)
+    QString Somiglia(const QString& Colonna, bool Negato)
     {
         const Valore Modello = LeggiValore();
+        if (Modello.Che == Valore::Tipo::Testo)
+            UltimoDiTesto = {Colonna, Negato ? SegnoTesto::Dissimile : SegnoTesto::Simile,
+                             Modello.Contenuto.toString()};
         return u"corrisponde(%1, %2)"_s.arg(Lega(Modello.Contenuto), Colonna);
     }
 
@@ -260,6 +273,9 @@ private:
     {
         switch (Con.Che) {
         case Valore::Tipo::Testo:
+            UltimoDiTesto = {Colonna,
+                             SegniDiTesto.at(size_t(std::ranges::find(Segni, Segno) - Segni.begin())),
+                             Con.Contenuto.toString()};
             return u"%1 %2 %3 COLLATE %4"_s.arg(Colonna, Segno, Lega(Con.Contenuto),
                                                 QLatin1StringView(Collazione));
         case Valore::Tipo::Numero:
@@ -305,6 +321,8 @@ private:
     const std::function<QString(const QString&)>& Identifica;
     qsizetype Posto = 0;
     int Confronti = 0;
+    bool Rovesciato = false;
+    std::optional<ConfrontoTesto> UltimoDiTesto;
     QVariantList Valori;
 };
 

@@ -5,12 +5,34 @@
 #include <QVariant>
 
 #include <functional>
+#include <optional>
+
+enum class SegnoTesto {
+    Uguale,
+    Diverso,
+    Minore,
+    MinoreUguale,
+    Maggiore,
+    MaggioreUguale,
+    Simile,     ///< Like
+    Dissimile,  ///< Not Like
+};
+
+/// One comparison of a column with a text, or with a pattern.
+struct ConfrontoTesto
+{
+    QString Colonna;  ///< quoted
+    SegnoTesto Segno = SegnoTesto::Uguale;
+    QString Testo;
+};
 
 /// A condition in SQLite's SQL; user values stand in `Valori`, in the order of the "?".
 struct Condizione
 {
     QString Sql;
     QVariantList Valori;
+    /// The same in parts, where the whole criterion is one such comparison.
+    std::optional<ConfrontoTesto> Solo;
 };
 
 /// Reads a find criterion (its form is told at Recordset::FindFirst).

@@ -11,11 +11,7 @@ QString Database::Percorso() const
 
 quint64 Database::Versione() const
 {
-    Connessione& Aperta = PerLeggere();
-    Istruzione DaAltri(Aperta, QStringLiteral("PRAGMA data_version"));
-    constexpr int Meta = 32;
-    const quint64 Altri = DaAltri.Avanza() ? quint64(DaAltri.Intero(0)) : 0;
-    return (Altri << Meta) + Aperta.Scritture();
+    return PerLeggere().Versione();
 }
 
 int Database::Execute(const QString& Sql, const QVariantList& Valori) const

@@ -11,6 +11,8 @@
 #include <memory>
 #include <optional>
 
+class TestiColonna;
+
 /// The rows of one table: of the file, or of a private database in memory that holds a fixed copy.
 struct Sorgente
 {
@@ -81,6 +83,9 @@ struct Insieme
     void Cerca(const QString& Operatore, const QVariantList& Chiave, bool Indietro);
     /// " ORDER BY ..." of the chosen index, the row key last.
     [[nodiscard]] QString OrdineIndice(bool Indietro) const;
+
+    /// Texts that a search has read, kept for the next one.
+    std::shared_ptr<TestiColonna> TestiLetti;
 
 private:
     void SeguiChiave();

@@ -1,10 +1,12 @@
 // Finding rows of a set: criteria, indices and bookmarks.
 //
 // A find asks the engine for the keys of the rows that meet the criterion and looks which of them comes
-// first in the set's own order; no row is fetched.
+// first in the set's own order; no row is fetched. A single comparison with a text is asked of the texts in
+// memory instead: whoever searches once searches again.
 #include "platform/base/errore.h"
 #include "platform/database/criterio.h"
 #include "platform/database/insieme.h"
+#include "platform/database/testicolonna.h"
 #include "platform/database/valori.h"
 
 #include <algorithm>
@@ -36,14 +38,10 @@ qsizetype CercaCrescente(const Insieme& Tra, const Condizione& Cond, const Tratt
     return -1;
 }
 
-qsizetype CercaOrdinata(const Insieme& Tra, const Condizione& Cond, const Tratto& Dove)
+/// The place in the set's own order of the first row that has one of the keys.
+/// @param Buone ascending
+qsizetype PrimaFra(const std::vector<qint64>& Buone, const Insieme& Tra, const Tratto& Dove)
 {
-    const QString Sql = u"SELECT %1 FROM %2 WHERE (%3)"_s.arg(Tra.Da.Chiave, Tra.Da.Tabella, Cond.Sql);
-    Istruzione Righe(*Tra.Da.Conn, Sql, Cond.Valori);
-    std::vector<qint64> Buone;
-    while (Righe.Avanza())
-        Buone.push_back(Righe.Intero(0));
-    std::ranges::sort(Buone);
     const auto EBuona = [&](qint64 Chiave) { return std::ranges::binary_search(Buone, Chiave); };
     const auto Inizio = Tra.Chiavi.cbegin() + Dove.Da;
     const auto Fine = Tra.Chiavi.cbegin() + Dove.A + 1;
@@ -58,14 +56,81 @@ qsizetype CercaOrdinata(const Insieme& Tra, const Condizione& Cond, const Tratto
     return Trovata != Prima ? Trovata.base() - Tra.Chiavi.cbegin() - 1 : -1;
 }
 
+qsizetype CercaOrdinata(const Insieme& Tra, const Condizione& Cond, const Tratto& Dove)
+{
+    const QString Sql = u"SELECT %1 FROM %2 WHERE (%3)"_s.arg(Tra.Da.Chiave, Tra.Da.Tabella, Cond.Sql);
+    Istruzione Righe(*Tra.Da.Conn, Sql, Cond.Valori);
+    std::vector<qint64> Buone;
+    while (Righe.Avanza())
+        Buone.push_back(Righe.Intero(0));
+    std::ranges::sort(Buone);
+    return PrimaFra(Buone, Tra, Dove);
+}
+
+/// The texts of the column, good for now; null when the engine must be asked.
+TestiColonna* TestiPer(Insieme& Tra, const Condizione& Cond)
+{
+    if (!Cond.Solo)
+        return nullptr;
+    const int Colonna = int(Tra.Da.NomiSql.indexOf(Cond.Solo->Colonna));
+    if (!EDiTesto(Tra.Da.Colonne[Colonna].Type))
+        return nullptr;
+    if (!Tra.TestiLetti || !Tra.TestiLetti->EDi(Colonna))
+        Tra.TestiLetti = std::make_shared<TestiColonna>(Tra.Da, Colonna);
+    Tra.TestiLetti->Verifica();
+    return Tra.TestiLetti->Usabili() ? Tra.TestiLetti.get() : nullptr;
+}
+
+/// Rows of the table that the set does not have are passed over.
+qsizetype CercaTestiCrescente(TestiColonna& Testi, const DomandaTesto& Domanda, const Insieme& Tra,
+                              const Tratto& Dove)
+{
+    const qint64 Prima = Tra.Chiavi[Dove.Da];
+    const qint64 Ultima = Tra.Chiavi[Dove.A];
+    if (!Dove.Indietro) {
+        Testi.LeggiFino(Prima);
+        qsizetype Riga = Testi.Avanti(Domanda, Testi.PostoDa(Prima));
+        for (; Riga >= 0 && Testi.Chiave(Riga) <= Ultima; Riga = Testi.Avanti(Domanda, Riga + 1))
+            if (const qsizetype Posto = Tra.Trova(Testi.Chiave(Riga)); Posto >= 0)
+                return Posto;
+        return -1;
+    }
+    Testi.LeggiTutti();
+    qsizetype Riga = Testi.Indietro(Domanda, Testi.PostoDa(Ultima));
+    for (; Riga >= 0 && Testi.Chiave(Riga) >= Prima; Riga = Testi.Indietro(Domanda, Riga - 1))
+        if (const qsizetype Posto = Tra.Trova(Testi.Chiave(Riga)); Posto >= 0 && Posto <= Dove.A)
+            return Posto;
+    return -1;
+}
+
+qsizetype CercaTestiOrdinata(TestiColonna& Testi, const DomandaTesto& Domanda, const Insieme& Tra,
+                             const Tratto& Dove)
+{
+    std::vector<qint64> Buone;
+    for (qsizetype Riga = Testi.Avanti(Domanda, 0); Riga >= 0; Riga = Testi.Avanti(Domanda, Riga + 1))
+        Buone.push_back(Testi.Chiave(Riga));
+    return PrimaFra(Buone, Tra, Dove);
+}
+
+qsizetype CercaCondizione(Insieme& Tra, const Condizione& Cond, const Tratto& Dove)
+{
+    const Sguardo Uno(*Tra.Da.Conn);
+    if (TestiColonna* Testi = TestiPer(Tra, Cond)) {
+        const DomandaTesto Domanda(*Cond.Solo);
+        const qsizetype Trovato = Tra.Crescenti ? CercaTestiCrescente(*Testi, Domanda, Tra, Dove)
+                                                : CercaTestiOrdinata(*Testi, Domanda, Tra, Dove);
+        if (Testi->Usabili())
+            return Trovato;
+    }
+    return Tra.Crescenti ? CercaCrescente(Tra, Cond, Dove) : CercaOrdinata(Tra, Cond, Dove);
+}
+
 void Cerca(Insieme& Tra, const QString& Criterio, const Tratto& Dove)
 {
     const Condizione Cond =
         LeggiCriterio(Criterio, [&](const QString& Nome) { return Tra.Da.Identifica(Nome); });
     const bool Vuoto = Dove.Da > Dove.A;
-    const qsizetype Trovato = Vuoto           ? -1
-                              : Tra.Crescenti ? CercaCrescente(Tra, Cond, Dove)
-                                              : CercaOrdinata(Tra, Cond, Dove);
+    const qsizetype Trovato = Vuoto ? -1 : CercaCondizione(Tra, Cond, Dove);
     Tra.SenzaEsito = Trovato < 0;
     if (Trovato >= 0)
         Tra.Vai(Trovato);
@@ -91,7 +156,8 @@ void Recordset::FindNext(const QString& Criterio)
 
 void Recordset::FindPrevious(const QString& Criterio)
 {
-    Cerca(*Stato, Criterio, {0, Corrente().Posto - 1, true});
+    Dati& Insieme = Corrente();
+    Cerca(Insieme, Criterio, {0, Insieme.Posto - 1, true});
 }
 
 bool Recordset::NoMatch() const

@@ -36,6 +36,20 @@ char32_t FuoriAscii(const char*& Posto, const char* Fine)
     return QChar::toCaseFolded(Codice);
 }
 
+void AccodaCodice(QByteArray& A, char32_t Codice)
+{
+    const auto Seguente = [Codice](int Bit) { return char(0x80 | (Codice >> Bit & 0x3f)); };
+    if (Codice < 0x80) {
+        A.append(char(Codice));
+    } else if (Codice < 0x800) {
+        A.append(char(0xc0 | Codice >> 6)).append(Seguente(0));
+    } else if (Codice < 0x10000) {
+        A.append(char(0xe0 | Codice >> 12)).append(Seguente(6)).append(Seguente(0));
+    } else {
+        A.append(char(0xf0 | Codice >> 18)).append(Seguente(12)).append(Seguente(6)).append(Seguente(0));
+    }
+}
+
 }  // namespace
 
 char32_t ProssimoCarattere(const char*& Posto, const char* Fine)
@@ -45,6 +59,21 @@ char32_t ProssimoCarattere(const char*& Posto, const char* Fine)
         return FuoriAscii(Posto, Fine);
     ++Posto;
     return Byte >= 'A' && Byte <= 'Z' ? char32_t(Byte + ('a' - 'A')) : char32_t(Byte);
+}
+
+void AccodaSenzaMaiuscole(QByteArray& A, QByteArrayView Utf8)
+{
+    const qsizetype Prima = A.size();
+    A.resize(Prima + Utf8.size());
+    char* Dove = A.data() + Prima;
+    const char* Posto = Utf8.begin();
+    const char* const Fine = Utf8.end();
+    for (; Posto != Fine && static_cast<uchar>(*Posto) < 0x80; ++Posto, ++Dove)
+        *Dove = *Posto >= 'A' && *Posto <= 'Z' ? char(*Posto + ('a' - 'A')) : *Posto;
+    // From the first other letter on the text may become longer.
+    A.resize(Dove - A.constData());
+    while (Posto != Fine)
+        AccodaCodice(A, ProssimoCarattere(Posto, Fine));
 }
 
 int ConfrontaSenzaMaiuscole(QByteArrayView Primo, QByteArrayView Secondo)

@@ -1,6 +1,7 @@
 // The patterns of Like: * any run, ? one character, # one digit, [a-c] one of a list, [!a-c] none of it.
 #pragma once
 
+#include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
 
@@ -9,6 +10,10 @@
 /// Next character of UTF-8 text, without regard to case; a broken byte counts as one replacement
 /// character. Moves the position on; it must stand before the end.
 [[nodiscard]] char32_t ProssimoCarattere(const char*& Posto, const char* Fine);
+
+/// Appends a text to another without its case, character by character: equal for two texts that
+/// ConfrontaSenzaMaiuscole finds equal, and in its order.
+void AccodaSenzaMaiuscole(QByteArray& A, QByteArrayView Utf8);
 
 /// Compares without regard to case, by code point: À equals à, à differs from a.
 /// @return below, at or above 0
