@@ -295,6 +295,11 @@ void Istruzione::Lega(int Posto, const QVariant& Valore)
     Conn->Verifica(Esegui());
 }
 
+void Istruzione::Lega(int Posto, RaccoltaTesti& A)
+{
+    Conn->Verifica(sqlite3_bind_pointer(Istr.get(), Posto, &A, TipoRaccolta, nullptr));
+}
+
 void Istruzione::LegaCella(int Posto, const Istruzione& Da, int Colonna)
 {
     Conn->Verifica(sqlite3_bind_value(Istr.get(), Posto, sqlite3_column_value(Da.Istr.get(), Colonna)));
@@ -345,11 +350,6 @@ QString Istruzione::Testo(int Colonna) const
 bool Istruzione::ENullo(int Colonna) const
 {
     return sqlite3_column_type(Istr.get(), Colonna) == SQLITE_NULL;
-}
-
-bool Istruzione::ETesto(int Colonna) const
-{
-    return sqlite3_column_type(Istr.get(), Colonna) == SQLITE_TEXT;
 }
 
 QByteArrayView Istruzione::Utf8(int Colonna) const

@@ -80,6 +80,22 @@ void ValoreData(sqlite3_context* Contesto, int, sqlite3_value** Argomenti)
     });
 }
 
+void Raccogli(sqlite3_context* Contesto, int, sqlite3_value** Argomenti)
+{
+    auto* A = static_cast<RaccoltaTesti*>(sqlite3_value_pointer(Argomenti[0], TipoRaccolta));
+    if (!A)
+        return sqlite3_result_error_code(Contesto, SQLITE_MISUSE);
+    Riparata(Contesto, [&] {
+        const int Forma = sqlite3_value_type(Argomenti[2]);
+        const auto Che = Forma == SQLITE_NULL   ? RaccoltaTesti::Cella::Nulla
+                         : Forma == SQLITE_TEXT ? RaccoltaTesti::Cella::Testo
+                                                : RaccoltaTesti::Cella::Altro;
+        const QByteArrayView Testo =
+            Che == RaccoltaTesti::Cella::Testo ? TestoDi(Argomenti[2]) : QByteArrayView();
+        sqlite3_result_int(Contesto, int(A->Prendi(sqlite3_value_int64(Argomenti[1]), Che, Testo)));
+    });
+}
+
 }  // namespace
 
 void RegistraFunzioni(const Connessione& Conn)
@@ -88,6 +104,9 @@ void RegistraFunzioni(const Connessione& Conn)
     Conn.Verifica(sqlite3_create_collation_v2(Db, Collazione, SQLITE_UTF8, nullptr, Confronta, nullptr));
     Conn.Verifica(
         sqlite3_create_collation_v2(Db, CollazionePiana, SQLITE_UTF8, nullptr, ConfrontaPiani, nullptr));
+    constexpr int OgniVolta = SQLITE_UTF8 | SQLITE_DIRECTONLY;
+    Conn.Verifica(sqlite3_create_function_v2(Db, "raccogli", 3, OgniVolta, nullptr, Raccogli, nullptr,
+                                             nullptr, nullptr));
     Conn.Verifica(sqlite3_create_function_v2(Db, "corrisponde", 2, Bandiere, nullptr, Corrisponde, nullptr,
                                              nullptr, nullptr));
     Conn.Verifica(sqlite3_create_function_v2(Db, "datevalue", 1, Bandiere, nullptr, ValoreData, nullptr,

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -77,7 +78,7 @@ TestiColonna* TestiPer(Insieme& Tra, const Condizione& Cond)
         return nullptr;
     if (!Tra.TestiLetti || !Tra.TestiLetti->EDi(Colonna))
         Tra.TestiLetti = std::make_shared<TestiColonna>(Tra.Da, Colonna);
-    Tra.TestiLetti->Verifica();
+    Tra.TestiLetti->Verifica(Tra.Chiavi.size());
     return Tra.TestiLetti->Usabili() ? Tra.TestiLetti.get() : nullptr;
 }
 
@@ -87,19 +88,12 @@ qsizetype CercaTestiCrescente(TestiColonna& Testi, const DomandaTesto& Domanda, 
 {
     const qint64 Prima = Tra.Chiavi[Dove.Da];
     const qint64 Ultima = Tra.Chiavi[Dove.A];
-    if (!Dove.Indietro) {
-        Testi.LeggiFino(Prima);
-        qsizetype Riga = Testi.Avanti(Domanda, Testi.PostoDa(Prima));
-        for (; Riga >= 0 && Testi.Chiave(Riga) <= Ultima; Riga = Testi.Avanti(Domanda, Riga + 1))
-            if (const qsizetype Posto = Tra.Trova(Testi.Chiave(Riga)); Posto >= 0)
-                return Posto;
-        return -1;
-    }
-    Testi.LeggiTutti();
-    qsizetype Riga = Testi.Indietro(Domanda, Testi.PostoDa(Ultima));
-    for (; Riga >= 0 && Testi.Chiave(Riga) >= Prima; Riga = Testi.Indietro(Domanda, Riga - 1))
-        if (const qsizetype Posto = Tra.Trova(Testi.Chiave(Riga)); Posto >= 0 && Posto <= Dove.A)
+    qsizetype Riga = Dove.Indietro ? Testi.Indietro(Domanda, Ultima) : Testi.Avanti(Domanda, Prima);
+    while (Riga >= 0 && Testi.Chiave(Riga) >= Prima && Testi.Chiave(Riga) <= Ultima) {
+        if (const qsizetype Posto = Tra.Trova(Testi.Chiave(Riga)); Posto >= 0)
             return Posto;
+        Riga = Dove.Indietro ? Testi.PrimaDi(Domanda, Riga) : Testi.Oltre(Domanda, Riga);
+    }
     return -1;
 }
 
@@ -107,8 +101,10 @@ qsizetype CercaTestiOrdinata(TestiColonna& Testi, const DomandaTesto& Domanda, c
                              const Tratto& Dove)
 {
     std::vector<qint64> Buone;
-    for (qsizetype Riga = Testi.Avanti(Domanda, 0); Riga >= 0; Riga = Testi.Avanti(Domanda, Riga + 1))
+    qsizetype Riga = Testi.Indietro(Domanda, std::numeric_limits<qint64>::max());
+    for (; Riga >= 0; Riga = Testi.PrimaDi(Domanda, Riga))
         Buone.push_back(Testi.Chiave(Riga));
+    std::ranges::reverse(Buone);
     return PrimaFra(Buone, Tra, Dove);
 }
 

@@ -3,6 +3,7 @@
 #include <QList>
 
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -34,6 +35,17 @@ char32_t FuoriAscii(const char*& Posto, const char* Fine)
     }
     Posto += Lunghezza - 1;
     return QChar::toCaseFolded(Codice);
+}
+
+constexpr quint64 Ognuno = 0x0101010101010101;
+
+/// Eight ASCII letters in lower case. The sums carry into the high bit of each byte, which is free.
+quint64 Abbassate(quint64 Lettere)
+{
+    const quint64 DaA = Lettere + Ognuno * (0x80 - 'A');
+    const quint64 OltreZ = Lettere + Ognuno * (0x7f - 'Z');
+    const quint64 Maiuscole = (DaA ^ OltreZ) & (Ognuno * 0x80);
+    return Lettere | Maiuscole >> 2;
 }
 
 void AccodaCodice(QByteArray& A, char32_t Codice)
@@ -68,8 +80,18 @@ void AccodaSenzaMaiuscole(QByteArray& A, QByteArrayView Utf8)
     char* Dove = A.data() + Prima;
     const char* Posto = Utf8.begin();
     const char* const Fine = Utf8.end();
+    constexpr qsizetype Otto = sizeof(quint64);
+    for (quint64 Lettere = 0; Fine - Posto >= Otto; Posto += Otto, Dove += Otto) {
+        std::memcpy(&Lettere, Posto, Otto);
+        if ((Lettere & (Ognuno * 0x80)) != 0)
+            break;
+        Lettere = Abbassate(Lettere);
+        std::memcpy(Dove, &Lettere, Otto);
+    }
     for (; Posto != Fine && static_cast<uchar>(*Posto) < 0x80; ++Posto, ++Dove)
         *Dove = *Posto >= 'A' && *Posto <= 'Z' ? char(*Posto + ('a' - 'A')) : *Posto;
+    if (Posto == Fine)
+        return;
     // From the first other letter on the text may become longer.
     A.resize(Dove - A.constData());
     while (Posto != Fine)

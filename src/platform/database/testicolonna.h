@@ -32,7 +32,7 @@ private:
 
 /// The texts of a column in the order of the row keys, read from the file as far as a search has come. They
 /// hold as long as nobody writes to the file.
-class TestiColonna
+class TestiColonna : private RaccoltaTesti
 {
 public:
     TestiColonna(Sorgente DiRighe, int DiColonna) : Da(std::move(DiRighe)), Colonna(DiColonna) {}
@@ -41,41 +41,47 @@ public:
     static inline qsizetype MassimoByte = qsizetype(128) << 20;
 
     [[nodiscard]] bool EDi(int AltraColonna) const { return Colonna == AltraColonna; }
-    /// Forgets what is no longer as the file has it. To be called once per search.
-    void Verifica();
+    /// Forgets what is no longer as the file has it. To be called once per search, which then sees the file
+    /// at one moment (Sguardo).
+    /// @param Attese rows that will be read at most, roughly
+    void Verifica(qsizetype Attese);
     /// False for a column that holds something else than text, or too much of it: the engine must be asked.
     [[nodiscard]] bool Usabili() const { return Buoni; }
 
-    /// Place, counted from 0 in the order of the keys, of the first row from this one on that meets the
-    /// question; reads on as far as that takes. -1 when there is none.
-    [[nodiscard]] qsizetype Avanti(const DomandaTesto& Domanda, qsizetype DaPosto);
-    /// The same backwards; all rows are read first.
-    [[nodiscard]] qsizetype Indietro(const DomandaTesto& Domanda, qsizetype DaPosto) const;
-    void LeggiTutti();
+    /// Place, in the order of the keys, of the first row from this key on that meets the question; reads on
+    /// as far as that takes. -1 when there is none.
+    [[nodiscard]] qsizetype Avanti(const DomandaTesto& Domanda, qint64 DaChiave);
+    /// The nearest row up to this key, backwards; all rows are read first.
+    [[nodiscard]] qsizetype Indietro(const DomandaTesto& Domanda, qint64 DaChiave);
+    /// The same behind, or before, a row that was found.
+    [[nodiscard]] qsizetype Oltre(const DomandaTesto& Domanda, qsizetype Posto);
+    [[nodiscard]] qsizetype PrimaDi(const DomandaTesto& Domanda, qsizetype Posto) const;
 
-    [[nodiscard]] qint64 Chiave(qsizetype Posto) const { return Chiavi[size_t(Posto)]; }
-    [[nodiscard]] qsizetype Righe() const { return qsizetype(Chiavi.size()); }
-    /// Place of the first row that has this key or a higher one, among those that have been read.
-    [[nodiscard]] qsizetype PostoDa(qint64 Chiave) const;
-    /// Reads on until a row of this key or a higher one is there, or the end is reached.
-    void LeggiFino(qint64 Chiave);
+    [[nodiscard]] qint64 Chiave(qsizetype Posto) const { return Voci[size_t(Posto)].Chiave; }
 
 private:
     struct Voce
     {
+        qint64 Chiave = 0;
         quint32 Inizio = 0;
         qint32 Lunga = -1;  ///< bytes; -1 for Null
     };
-    void LeggiAncora();
-    [[nodiscard]] bool Vale(const DomandaTesto& Domanda, qsizetype Posto) const;
+    bool Prendi(qint64 Chiave, Cella Che, QByteArrayView Utf8) override;
+    /// Reads on to the first row from this key on that meets the question, to the end without one.
+    void Leggi(const DomandaTesto* Domanda, qint64 DaChiave = 0);
+    [[nodiscard]] bool Vale(const DomandaTesto& Domanda, const Voce& Qui) const;
+    [[nodiscard]] qsizetype Righe() const { return qsizetype(Voci.size()); }
+    [[nodiscard]] qsizetype PostoDa(qint64 Chiave) const;
 
     Sorgente Da;
     int Colonna;
-    std::vector<qint64> Chiavi;
     std::vector<Voce> Voci;
     QByteArray Testi;
-    quint64 Versione = 0;
-    int Prossime = 0;  ///< rows to be read in one go next
+    std::optional<quint64> Versione;
     bool Finiti = false;
     bool Buoni = true;
+
+    // While the engine walks the rows.
+    const DomandaTesto* Cercata = nullptr;
+    qint64 CercataDa = 0;
 };
