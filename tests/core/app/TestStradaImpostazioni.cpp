@@ -162,6 +162,8 @@ void TestStradaImpostazioni::ilModelloSullaScrivania()
     Main({});
     frmStudio& Scrivania = Singola<frmStudio>();
     Respiro();
+    (void)Scrivania.grab();  // the first paint asks for the picture, which comes behind it
+    Respiro();
     const QImage Prima = Scrivania.grab().toImage();
     EseguiComando(u"setup"_s, 0, {});
     Modulo().ChangeTab(3);
