@@ -77,6 +77,12 @@ QString Quanti(const Database& Db, const QString& Tabella)
         u"#,##0");
 }
 
+QString ContenutoComuni(const Database& Db)
+{
+    const QString Al = Db.Annotazioni().value(u"Al"_s);
+    return Quanti(Db, u"Comuni"_s) + u" comuni e Stati esteri"_s + (Al.isEmpty() ? Al : u", al "_s + Al);
+}
+
 GruppoInformazioni Programma()
 {
     const QString Server = indirizzi::Server();
@@ -106,10 +112,7 @@ GruppoInformazioni Archivi()
                                              Quanti(Db, u"Autorità"_s));
                                      })},
              {u"Tassi"_s, Archivio(ArchivioTassi(), ContenutoTassi)},
-             {u"Comuni"_s, Archivio(Prog + u"Comuni.mdb"_s,
-                                    [](const Database& Db) {
-                                        return Quanti(Db, u"Comuni"_s) + u" comuni e Stati esteri"_s;
-                                    })},
+             {u"Comuni"_s, Archivio(Prog + u"Comuni.mdb"_s, ContenutoComuni)},
              {u"Clienti"_s, sessione::ArchivioCliCon.isEmpty()
                                 ? u"non impostato"_s
                                 : Archivio(sessione::ArchivioCliCon, [](const Database& Db) {

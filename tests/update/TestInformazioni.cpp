@@ -112,7 +112,7 @@ void TestInformazioni::archiviForniti()
 {
     QVERIFY2(Riga(u"Archivi"_s, u"Tariffa"_s).contains(u"; D.m. 20 luglio 2012, n. 140, 29 autorità"),
              qPrintable(Riga(u"Archivi"_s, u"Tariffa"_s)));
-    QVERIFY2(Riga(u"Archivi"_s, u"Comuni"_s).endsWith(u"; 10.930 comuni e Stati esteri"),
+    QVERIFY2(Riga(u"Archivi"_s, u"Comuni"_s).endsWith(u"; 10.930 comuni e Stati esteri, al 31/05/2024"),
              qPrintable(Riga(u"Archivi"_s, u"Comuni"_s)));
     sessione::ArchivioCliCon = ProgrammaDiProva() + u"DatiStudio.mdb"_s;
     QVERIFY2(Riga(u"Archivi"_s, u"Clienti"_s)

@@ -2,6 +2,7 @@
 
 #include "creadati/scrittura.h"
 #include "creadati/tabellatesto.h"
+#include "platform/base/regionale.h"
 #include "platform/database/somiglianza.h"
 
 #include <QRegularExpression>
@@ -55,7 +56,15 @@ QList<ComuneTabella> LeggiComuni(const QString& Cartella)
     return Ordinati;
 }
 
-void ScriviComuni(const QList<ComuneTabella>& Comuni, const QString& Percorso)
+QDate LeggiStatoComuni(const QString& Cartella)
+{
+    const TabellaTesto Righe(Cartella + u"comuni_stato.csv"_s, {u"al"_s});
+    if (Righe.Righe() != 1)
+        Righe.RifiutaInFondo(u"al"_s, u"occorre una riga sola"_s);
+    return Righe.Data(0, u"al"_s);
+}
+
+void ScriviComuni(const QList<ComuneTabella>& Comuni, const QDate& Al, const QString& Percorso)
 {
     const TabellaNuova Tabella{u"Comuni"_s,
                                {CampoTesto(u"COMU_DESCR"_s, MassimoNome), CampoTesto(u"COMU_PROV"_s, 2),
@@ -67,4 +76,5 @@ void ScriviComuni(const QList<ComuneTabella>& Comuni, const QString& Percorso)
     for (const ComuneTabella& Uno : Comuni)
         AggiungiRiga(Db, Tabella, {Uno.Nome, Uno.Provincia, Uno.Codice});
     Tutto.Conferma();
+    Db.Annota({{u"Al"_s, Format(Al, u"dd/mm/yyyy")}});
 }

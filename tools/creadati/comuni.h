@@ -1,6 +1,8 @@
-// The municipalities: comuni.csv (nome;provincia;codice) in, Comuni.mdb out.
+// The municipalities: comuni.csv (nome;provincia;codice) and the day of that list, comuni_stato.csv (al), in;
+// Comuni.mdb out.
 #pragma once
 
+#include <QDate>
 #include <QList>
 #include <QString>
 
@@ -18,6 +20,10 @@ struct ComuneTabella
 ///         never reach the second), a province or a code that is none
 [[nodiscard]] QList<ComuneTabella> LeggiComuni(const QString& Cartella);
 
-/// Creates the database with the table Comuni and its index COMUNI2L.
+/// The day whose municipalities the table holds. @throws Errore 53 the table is missing, 5 it is refused
+[[nodiscard]] QDate LeggiStatoComuni(const QString& Cartella);
+
+/// Creates the database with the table Comuni and its index COMUNI2L, and keeps the day of the list beside
+/// them, as the annotation "Al" (gg/mm/aaaa).
 /// @throws Errore as CreateDatabase and Database::CreaTabella
-void ScriviComuni(const QList<ComuneTabella>& Comuni, const QString& Percorso);
+void ScriviComuni(const QList<ComuneTabella>& Comuni, const QDate& Al, const QString& Percorso);

@@ -19,6 +19,7 @@ void CreaBasi(const QString& Tabelle, const QString& Uscita)
     const Tariffe Dati = LeggiTariffe(Tabelle);
     const Tassi Archivio = LeggiTassi(Tabelle);
     const QList<ComuneTabella> Comuni = LeggiComuni(Tabelle);
+    const QDate ComuniAl = LeggiStatoComuni(Tabelle);
     const QTemporaryDir Cartella;
     if (!Cartella.isValid())
         throw Errore(errori::Accesso);
@@ -26,7 +27,7 @@ void CreaBasi(const QString& Tabelle, const QString& Uscita)
     ScriviTariffe(Dati, Provvisoria + u"parcelle.mdb"_s);
     ScriviArchivioStudio(Provvisoria + u"DatiStudio.mdb"_s);
     ScriviTassi(Archivio, Provvisoria + u"Tassi.dat"_s);
-    ScriviComuni(Comuni, Provvisoria + u"Comuni.mdb"_s);
+    ScriviComuni(Comuni, ComuniAl, Provvisoria + u"Comuni.mdb"_s);
 
     CreaCartella(Uscita);
     for (const auto& Nome : {u"parcelle.mdb"_s, u"DatiStudio.mdb"_s, u"Tassi.dat"_s, u"Comuni.mdb"_s})

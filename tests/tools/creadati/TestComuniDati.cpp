@@ -18,6 +18,7 @@ private Q_SLOTS:
     void codici_data();
     void codici();
     void ordinati();
+    void giornoDellElenco();
     void rifiuta_data();
     void rifiuta();
 
@@ -75,6 +76,22 @@ void TestComuniDati::ordinati()
     for (; !Comuni.Eof(); Comuni.MoveNext(), Prima.MoveNext())
         if (Comuni.Value(u"COMU_DESCR"_s) != Prima.Value(u"COMU_DESCR"_s))
             QFAIL(qPrintable(Comuni.Value(u"COMU_DESCR"_s).toString()));
+}
+
+void TestComuniDati::giornoDellElenco()
+{
+    QCOMPARE(LeggiStatoComuni(SorgenteDiProva(u"dati/"_s)), QDate(2024, 5, 31));
+    const QString Cartella = NuovaCartella();
+    ScriviFile(Cartella + u"comuni_stato.csv"_s, "al\n2024-05-31\n2025-01-01\n");
+    try {
+        (void)LeggiStatoComuni(Cartella);
+        QFAIL("the table was accepted");
+    } catch (const Errore& Guasto) {
+        QCOMPARE(Guasto.Numero, 5);
+        QVERIFY2(Guasto.Descrizione.endsWith(u"occorre una riga sola"), qPrintable(Guasto.Descrizione));
+    }
+    ScriviComuni({{u"Roma"_s, u"RM"_s, u"H501"_s}}, QDate(2024, 5, 31), Cartella + u"Comuni.mdb"_s);
+    QCOMPARE(OpenDatabase(Cartella + u"Comuni.mdb"_s, true).Annotazioni().value(u"Al"_s), u"31/05/2024"_s);
 }
 
 void TestComuniDati::rifiuta_data()
