@@ -7,7 +7,6 @@
 #include "feenote/finder/nominativi.h"
 #include "platform/system/percorsi.h"
 
-#include <QDir>
 #include <QJsonArray>
 
 using namespace Qt::StringLiterals;
@@ -43,7 +42,7 @@ QString InRiga(const VoceTrova& Voce)
 
 Risposta ComandoTrova(const QStringList& Valori)
 {
-    const QString Cartella = Barra(QDir::current().absoluteFilePath(PercorsoNativo(Valori[0])));
+    const QString Cartella = Barra(PercorsoIntero(Valori[0]));
     const CriterioTrova Criterio{Cartella, Cartella, Valori.value(1),
                                  LeggiBit(u"sottocartelle"_s, Valori.value(2))};
     ElencoTrova Elenco;

@@ -1,8 +1,7 @@
 #include "core/modAliquote.h"
 
 #include "platform/base/errore.h"
-
-#include <QFile>
+#include "platform/system/file.h"
 
 using namespace Qt::StringLiterals;
 
@@ -21,11 +20,9 @@ AliquotaDatata Riga(const QString& Testo)
 /// The table comes with the program itself: a file beside it could be missing or of another release.
 QList<AliquotaDatata> LeggiTabella()
 {
-    QFile File(u":/dati/aliquote.csv"_s);
-    if (!File.open(QIODevice::ReadOnly))
-        throw Errore(errori::FileMancante, u"aliquote.csv non trovato"_s);
     QList<AliquotaDatata> Tabella;
-    const QStringList Righe = QString::fromUtf8(File.readAll()).split(u'\n', Qt::SkipEmptyParts);
+    const QStringList Righe =
+        QString::fromUtf8(LeggiRisorsa(u":/dati/aliquote.csv"_s)).split(u'\n', Qt::SkipEmptyParts);
     for (qsizetype i = 1; i < Righe.size(); ++i)
         Tabella << Riga(Righe[i].trimmed());
     return Tabella;

@@ -3,10 +3,9 @@
 #include "core/CIni.h"
 #include "core/modIcone.h"
 #include "core/sessione.h"
+#include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
-
-#include <QDir>
 
 #include <algorithm>
 
@@ -17,14 +16,11 @@ namespace {
 const QString EstensioneSfondo = u".jpg"_s;
 const QString EstensioneFigura = u".gif"_s;
 
-/// Names of files with an ending, in any case, of a folder.
+/// Names of files with an ending, in any case, of a folder; hidden ones are none.
 QStringList FileDi(const QString& Cartella, const QString& Estensione)
 {
-    if (Cartella.isEmpty())
-        return {};
-    QStringList Trovati = QDir(Cartella).entryList({u'*' + Estensione}, QDir::Files,
-                                                   QDir::Name | QDir::IgnoreCase | QDir::LocaleAware);
-    Trovati.removeIf([&](const QString& Nome) { return Nome.size() == Estensione.size(); });
+    QStringList Trovati = NomiDeiFile(Cartella, Estensione);
+    Trovati.removeIf([](const QString& Nome) { return Nome.startsWith(u'.'); });
     return Trovati;
 }
 

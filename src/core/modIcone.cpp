@@ -9,7 +9,6 @@
 #include "platform/system/profilo.h"
 #include "platform/system/shell.h"
 
-#include <QDir>
 #include <QRegularExpression>
 
 #include <array>
@@ -74,8 +73,7 @@ void VerificaApertura(int Esito, const QString& Destinazione)
 /// none.
 QString Trovata(const QString& Destinazione)
 {
-    const QString Nativo = PercorsoNativo(Destinazione);
-    const QString Intero = QDir::isAbsolutePath(Nativo) ? Nativo : sessione::PercorsoProg + Nativo;
+    const QString Intero = PercorsoIntero(Destinazione, sessione::PercorsoProg);
     return EsisteFile(Intero) || EsisteCartella(Intero) ? Intero : QString();
 }
 

@@ -17,12 +17,15 @@ private Q_SLOTS:
     void gliIncludeSonoQuelliAmmessi();
     void nessunaFrecciaSale();
     void leLibrerieStannoNelleLoroStanze();
+    void soloLaPiattaformaToccaIlDisco();
     void unNomeDiceUnaCosaSola();
     void nessunaStanzaTieneUnDecimo();
     void leProveSeguonoLeStanze();
 
     void unaSondaSiScopre_data();
     void unaSondaSiScopre();
+    void chiToccaIlDiscoSiScopre_data();
+    void chiToccaIlDiscoSiScopre();
     void iNomiDoppiSiScoprono();
     void ogniDichiarazioneConta_data();
     void ogniDichiarazioneConta();
@@ -97,6 +100,11 @@ void TestArchitettura::nessunaFrecciaSale()
 void TestArchitettura::leLibrerieStannoNelleLoroStanze()
 {
     Nessuna(LibrerieProibite(Vera, IntestazioniFinestre));
+}
+
+void TestArchitettura::soloLaPiattaformaToccaIlDisco()
+{
+    Nessuna(DiscoToccato(Vera));
 }
 
 void TestArchitettura::unNomeDiceUnaCosaSola()
@@ -183,6 +191,36 @@ void TestArchitettura::unaSondaSiScopre()
     QCOMPARE(Frasi(), QString());
     Scrivi(Piccola.Radice + File, Testo);
     QCOMPARE(Frasi(), Frase);
+}
+
+void TestArchitettura::chiToccaIlDiscoSiScopre_data()
+{
+    QTest::addColumn<QString>("File");
+    QTest::addColumn<QByteArray>("Testo");
+    QTest::addColumn<QString>("Frase");
+
+    const auto Riga = [](const char* Nome, const QString& File, const QByteArray& Testo,
+                         const QString& Frase) { QTest::newRow(Nome) << File << Testo << Frase; };
+    Riga("una cancellazione", u"conti/altra.cpp"_s, "int x;\nbool Via = QFile::remove(Nome);\n",
+         u"src/conti/altra.cpp:2 names QFile: only platform/ touches the disk"_s);
+    Riga("un elenco in una finestra", u"conti/windows/altra.cpp"_s, "auto Nomi = QDir(Dove).entryList();\n",
+         u"src/conti/windows/altra.cpp:1 names QDir: only platform/ touches the disk"_s);
+    Riga("la sola intestazione", u"conti/altra.h"_s, "#include <QTemporaryFile>\n",
+         u"src/conti/altra.h:1 names QTemporaryFile: only platform/ touches the disk"_s);
+    Riga("la libreria del linguaggio", u"conti/altra.cpp"_s, "std::filesystem::remove(Nome);\n",
+         u"src/conti/altra.cpp:1 names std::filesystem: only platform/ touches the disk"_s);
+    Riga("nomi e proprietà", u"conti/altra.cpp"_s, "QFileInfo Info(Nome);  // no QFile\n", QString());
+    Riga("la piattaforma", u"platform/base/disco.cpp"_s, "QFile::remove(Nome);\n", QString());
+}
+
+void TestArchitettura::chiToccaIlDiscoSiScopre()
+{
+    QFETCH(QString, File);
+    QFETCH(QByteArray, Testo);
+    const Casa Piccola = CasaDiProva();
+    QCOMPARE(UnaPerRiga(DiscoToccato(Piccola)), QString());
+    Scrivi(Piccola.Radice + File, Testo);
+    QTEST(UnaPerRiga(DiscoToccato(Piccola)), "Frase");
 }
 
 void TestArchitettura::iNomiDoppiSiScoprono()

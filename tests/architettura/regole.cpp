@@ -203,6 +203,25 @@ QStringList LibrerieProibite(const Casa& Questa, const QString& IntestazioniFine
     return Frasi;
 }
 
+QStringList DiscoToccato(const Casa& Questa)
+{
+    static const QRegularExpression Classe(
+        u"\\b(?:Q(?:File|Dir|DirIterator|SaveFile|TemporaryFile|TemporaryDir|StorageInfo|FileSystemWatcher)"
+        "|std::filesystem|std::[io]?fstream)\\b"_s);
+    static const QRegularExpression Commento(u"//.*$"_s);
+    QStringList Frasi;
+    for (const QString& File : Sorgenti(Questa, {u"*.h"_s, u"*.cpp"_s})) {
+        if (File.startsWith(u"platform/") || File.startsWith(u"demo/"))
+            continue;
+        const QStringList Testo = Righe(Questa.Radice + File);
+        for (qsizetype i = 0; i < Testo.size(); ++i)
+            if (const auto Trovato = Classe.match(QString(Testo[i]).remove(Commento)); Trovato.hasMatch())
+                Frasi +=
+                    Posto(File, i) + u"names %1: only platform/ touches the disk"_s.arg(Trovato.captured());
+    }
+    return Frasi;
+}
+
 QStringList NomiDoppi(const Casa& Questa)
 {
     QMap<QString, QMap<QString, QString>> Dove;  // name, then room, then header

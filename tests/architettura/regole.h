@@ -35,6 +35,10 @@ struct Casa
 /// @param IntestazioniFinestre folder of the headers of Qt Widgets
 [[nodiscard]] QStringList LibrerieProibite(const Casa& Questa, const QString& IntestazioniFinestre);
 
+/// Qt's classes that touch the disk, named outside platform/. The demo is left out, which makes a home of its
+/// own before anything runs.
+[[nodiscard]] QStringList DiscoToccato(const Casa& Questa);
+
 /// One bare name declared in the headers of two rooms: a source that includes both could not compile, or
 /// would mean the other one.
 [[nodiscard]] QStringList NomiDoppi(const Casa& Questa);

@@ -6,11 +6,10 @@
 #include "platform/base/errore.h"
 #include "platform/database/database.h"
 #include "platform/database/recordset.h"
+#include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
-
-#include <QDir>
 
 #include <algorithm>
 #include <array>
@@ -54,8 +53,7 @@ void PreparaCartellaUtente()
 bool HaParcelle(const QString& Cartella)
 {
     const QStringList Fornite{u"parcelle.mdb"_s, u"datistudio.mdb"_s, u"comuni.mdb"_s};
-    const QStringList Trovate =
-        QDir(Cartella).entryList({u"*.mdb"_s}, QDir::Files | QDir::Hidden | QDir::System);
+    const QStringList Trovate = NomiDeiFile(Cartella, u".mdb"_s);
     return std::ranges::any_of(Trovate,
                                [&](const QString& Nome) { return !Fornite.contains(Nome.toLower()); });
 }

@@ -12,7 +12,6 @@
 
 #include "ui_frmSfoglia.h"
 
-#include <QDir>
 #include <QKeyEvent>
 #include <QListWidget>
 
@@ -29,7 +28,7 @@ QString Partenza(const QString& Chiesta)
     QString Cartella = Barra(Chiesta);
     while (!Cartella.isEmpty() && !EsisteCartella(Cartella))
         Cartella = CartellaSuperiore(Cartella);
-    return Cartella.isEmpty() ? Barra(QDir::homePath()) : Cartella;
+    return Cartella.isEmpty() ? CartellaPersonale() : Cartella;
 }
 
 /// Names of the folders in a folder, in the Italian order.
@@ -87,7 +86,7 @@ QString frmSfoglia::Scegli(const QString& Titolo, const QString& Inizio)
     ElencaVolumi();
     const QString Prima = Partenza(Inizio);
     // A folder that is there and cannot be read is told, and the user begins at home.
-    if (!VaiA(Prima) && !VaiA(Barra(QDir::homePath())))
+    if (!VaiA(Prima) && !VaiA(CartellaPersonale()))
         return {};
     ui->dirDir->setFocus();
     return exec() == Accepted ? Presente : QString();
@@ -135,8 +134,7 @@ void frmSfoglia::Elenca(const QStringList& Dentro)
             ui->dirDir->setCurrentItem(Riga);
     }
     for (const QString& Nome : Dentro)
-        Aggiungi(Presente + Nome + QDir::separator(), Nome, Sopra.size())
-            ->setIcon(aspetto::Icona(u"cartella"_s));
+        Aggiungi(Barra(Presente + Nome), Nome, Sopra.size())->setIcon(aspetto::Icona(u"cartella"_s));
     ui->dirDir->scrollToItem(ui->dirDir->currentItem(), QAbstractItemView::PositionAtTop);
     ui->txtCartella->setText(Presente);
 }

@@ -5,6 +5,7 @@
 #include "platform/base/errore.h"
 #include "platform/database/database.h"
 #include "platform/system/blocco.h"
+#include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
@@ -46,7 +47,7 @@ private:
         const QString Cartella = QFileInfo(Finale).path();
         if (!EsisteCartella(Cartella))
             throw Errore(3044);
-        if (QFile::encodeName(NomeFile(Finale)).size() > MassimoNomeNota)
+        if (ByteDelNome(NomeFile(Finale)) > MassimoNomeNota)
             throw Errore(52);
         if (EsisteCartella(Finale))
             throw Errore(75);
@@ -75,13 +76,13 @@ private:
             if (Guasto.Numero == errori::DatiBloccati)
                 throw;  // anything else: a file that is no database, where nobody writes
         }
-        QFile::remove(Finale + u"-journal"_s);
+        ScartaFile(Finale + u"-journal"_s);
     }
 
     void TogliProvvisorio() const
     {
-        QFile::remove(Provvisorio);
-        QFile::remove(Provvisorio + u"-journal"_s);
+        ScartaFile(Provvisorio);
+        ScartaFile(Provvisorio + u"-journal"_s);
     }
 
     QString Finale;

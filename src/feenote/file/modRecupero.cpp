@@ -5,12 +5,11 @@
 #include "feenote/file/modPosaFile.h"
 #include "platform/base/errore.h"
 #include "platform/system/blocco.h"
+#include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -71,8 +70,8 @@ QString Radice(int Posto)
 void Rimuovi(const QString& Base)
 {
     // The copy goes first, because a side file without its copy is never offered.
-    QFile::remove(Base + TipoCopia);
-    QFile::remove(Base + TipoLato);
+    ScartaFile(Base + TipoCopia);
+    ScartaFile(Base + TipoLato);
 }
 
 QString SenzaTipo(const CopiaRecupero& Copia)
@@ -98,7 +97,7 @@ bool Superata(const QString& Una, const QStringList& Tutte)
 QStringList SigleVive()
 {
     QStringList Tutte;
-    for (const QString& Nome : QDir(Cartella()).entryList({u"*"_s + TipoBlocco}, QDir::Files | QDir::Hidden))
+    for (const QString& Nome : NomiDeiFile(Cartella(), TipoBlocco))
         Tutte.append(Nome.chopped(TipoBlocco.size()));
     QStringList Vive;
     for (const QString& Una : std::as_const(Tutte)) {
@@ -106,18 +105,26 @@ QStringList SigleVive()
         if (Nostra || (!Superata(Una, Tutte) && ApriBlocco(Una)->Prendi(0) != FileBlocco::Esito::Preso))
             Vive.append(Una);
         else
-            QFile::remove(Cartella() + Una + TipoBlocco);
+            ScartaFile(Cartella() + Una + TipoBlocco);
     }
     return Vive;
 }
 
-CopiaRecupero Leggi(const QFileInfo& File)
+/// What stands beside a copy; nothing of what cannot be read.
+QJsonObject LeggiLato(const QString& File)
 {
-    CopiaRecupero Trovata{PercorsoNativo(File.filePath()), {}, u"Nuova parcella"_s, File.lastModified()};
-    QFile Accanto(Trovata.File.chopped(TipoCopia.size()) + TipoLato);
-    if (!Accanto.open(QIODevice::ReadOnly))
-        return Trovata;
-    const QJsonObject Dati = QJsonDocument::fromJson(Accanto.read(qint64(64) << 10)).object();
+    constexpr qint64 Massimo = qint64(64) << 10;
+    try {
+        return QJsonDocument::fromJson(LeggiFile(File, Massimo)).object();
+    } catch (const Errore&) {
+        return {};
+    }
+}
+
+CopiaRecupero Leggi(const QString& File)
+{
+    CopiaRecupero Trovata{File, {}, u"Nuova parcella"_s, QFileInfo(File).lastModified()};
+    const QJsonObject Dati = LeggiLato(File.chopped(TipoCopia.size()) + TipoLato);
     Trovata.Percorso = Dati[u"Percorso"_s].toString();
     Trovata.Nome = Dati[u"Nome"_s].toString(Trovata.Nome);
     Trovata.Ricalcolo = Dati[u"Ricalcolo"_s].toBool();
@@ -129,16 +136,16 @@ CopiaRecupero Leggi(const QFileInfo& File)
 void TogliResti(const QStringList& Vive)
 {
     static const QRegularExpression Forma(u"^(\\.~)?((\\d+-\\d+)-\\d+)(\\..+)$"_s);
-    const QDir Dove(Cartella());
-    for (const QString& Nome : Dove.entryList(QDir::Files | QDir::Hidden)) {
+    const QStringList Nomi = NomiDeiFile(Cartella());
+    for (const QString& Nome : Nomi) {
         const QRegularExpressionMatch Parti = Forma.match(Nome);
         if (!Parti.hasMatch() || Vive.contains(Parti.captured(3)))
             continue;
         const QString Tipo = Parti.captured(4);
         const bool DiUnaCopia = (Tipo == TipoCopia || Tipo == TipoLato || Tipo == TipoPrenotata) &&
-                                Dove.exists(Parti.captured(2) + TipoCopia);
+                                Nomi.contains(Parti.captured(2) + TipoCopia);
         if (!Parti.captured(1).isEmpty() || !DiUnaCopia)
-            QFile::remove(Dove.filePath(Nome));
+            ScartaFile(Cartella() + Nome);
     }
 }
 
@@ -170,9 +177,10 @@ QList<CopiaRecupero> NoteDaRecuperare()
     const QStringList Vive = SigleVive();
     TogliResti(Vive);
     QList<CopiaRecupero> Trovate;
-    for (const QFileInfo& File : QDir(Cartella()).entryInfoList({u"*-*-*"_s + TipoCopia}, QDir::Files)) {
-        if (!Vive.contains(File.fileName().section(u'-', 0, 1)))
-            Trovate.append(Leggi(File));
+    for (const QString& Nome : NomiDeiFile(Cartella(), TipoCopia)) {
+        const bool Intera = !Nome.startsWith(u'.') && Nome.count(u'-') >= 2;
+        if (Intera && !Vive.contains(Nome.section(u'-', 0, 1)))
+            Trovate.append(Leggi(Cartella() + Nome));
     }
     std::ranges::stable_sort(Trovate, {}, &CopiaRecupero::Quando);
     return Trovate;

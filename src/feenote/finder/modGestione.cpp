@@ -11,7 +11,6 @@
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
@@ -69,7 +68,7 @@ QString PercorsoNuovo(const QString& File, const QString& Digitato)
         return {};
     }
     const QString Intero = Nome + EstensioneNota.toString();
-    if (QFile::encodeName(Intero).size() > MassimoNomeNota)
+    if (ByteDelNome(Intero) > MassimoNomeNota)
         throw Errore(52);
     const QString Nuovo = CartellaFile(File) + Intero;
     if (AltroFile(File, Nuovo)) {
@@ -107,11 +106,8 @@ bool RinominaNota(const QString& Percorso, const std::function<void(const QStrin
     const QString Nuovo = PercorsoNuovo(File, Digitato);
     if (Nuovo.isEmpty())
         return false;
-    if (!EsisteFile(File))
-        throw Errore(53);  // gone while the name was typed
     // A template keeps its attribute by itself: it belongs to the file, not to its name.
-    if (!CartellaScrivibile(CartellaFile(File)) || !QFile::rename(File, Nuovo))
-        throw Errore(75);
+    RinominaFile(File, Nuovo);
     Rinominata(Nuovo);
     Informa(u"La parcella è stata rinominata!"_s);
     return true;

@@ -72,6 +72,15 @@ bool ScorriCartella(const QString& Cartella, const std::function<bool(VoceCartel
     return true;
 }
 
+QStringList NomiDeiFile(const QString& Cartella, const QString& Fine)
+{
+    if (Cartella.isEmpty())
+        return {};
+    return QDir(Barra(Cartella))
+        .entryList({u'*' + Fine}, QDir::Files | QDir::Hidden | QDir::System,
+                   QDir::Name | QDir::IgnoreCase | QDir::LocaleAware);
+}
+
 void EliminaFile(const QString& Percorso)
 {
     const QString Nativo = PercorsoNativo(Percorso);
@@ -81,6 +90,25 @@ void EliminaFile(const QString& Percorso)
         !guasti::FileTrattenuti.isEmpty() && Nativo.startsWith(PercorsoNativo(guasti::FileTrattenuti));
     if (Trattenuto || !CartellaScrivibile(CartellaFile(Nativo)) || !QFile::remove(Nativo))
         throw Errore(75);
+}
+
+void ScartaFile(const QString& Percorso)
+{
+    QFile::remove(PercorsoNativo(Percorso));
+}
+
+void RinominaFile(const QString& Vecchio, const QString& Nuovo)
+{
+    const QString Nativo = PercorsoNativo(Vecchio);
+    if (!EsisteFile(Nativo))
+        throw Errore(errori::FileMancante);
+    if (!CartellaScrivibile(CartellaFile(Nativo)) || !QFile::rename(Nativo, PercorsoNativo(Nuovo)))
+        throw Errore(errori::Accesso);
+}
+
+QString CartellaPersonale()
+{
+    return Barra(QDir::homePath());
 }
 
 QString CartellaSuperiore(const QString& Cartella)

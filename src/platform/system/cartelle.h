@@ -3,6 +3,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -24,8 +25,22 @@ struct VoceCartella
 /// @throws Errore 76 no such folder, 75 it cannot be read
 bool ScorriCartella(const QString& Cartella, const std::function<bool(VoceCartella&&)>& Prendi);
 
+/// Names of the files in a folder that end so, whatever their case, hidden ones too, in the order of a
+/// reader. None of a folder that is not there or cannot be read.
+[[nodiscard]] QStringList NomiDeiFile(const QString& Cartella, const QString& Fine = {});
+
 /// Deletes a file. @throws Errore 53 there is none, 75 its folder or the system refuses; it is then as it was
 void EliminaFile(const QString& Percorso);
+
+/// Deletes a file that nobody needs any more; one that is not there or stays is no error.
+void ScartaFile(const QString& Percorso);
+
+/// Gives a file another name on the same disk; a file that has that name already is never replaced.
+/// @throws Errore 53 there is no such file, 75 its folder or the system refuses, or the name is taken
+void RinominaFile(const QString& Vecchio, const QString& Nuovo);
+
+/// The user's home, with the separator at its end.
+[[nodiscard]] QString CartellaPersonale();
 
 /// The folder above, with the separator at its end; empty above the topmost one.
 [[nodiscard]] QString CartellaSuperiore(const QString& Cartella);

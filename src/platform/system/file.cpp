@@ -236,6 +236,14 @@ QString LeggiFileTesto(const QString& Percorso)
     }
 }
 
+QByteArray LeggiRisorsa(const QString& Nome)
+{
+    QFile Risorsa(Nome);
+    if (!Risorsa.open(QIODevice::ReadOnly))
+        throw Errore(errori::FileMancante, Nome + u" non trovato"_s);
+    return Risorsa.readAll();
+}
+
 void ScriviFile(const QString& Percorso, const QByteArray& Contenuto)
 {
     const QString Nativo = PercorsoNativo(Percorso);

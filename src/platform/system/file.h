@@ -63,6 +63,9 @@ private:
 /// @throws Errore 53 missing, 75 unreadable or a folder
 void LeggiAPezzi(const QString& Percorso, const std::function<bool(QByteArrayView)>& Prendi);
 
+/// What is built into the program under a name like ":/dati/aliquote.csv". @throws Errore 53 there is none
+[[nodiscard]] QByteArray LeggiRisorsa(const QString& Nome);
+
 /// Writes the whole file through a temporary one and a rename: the former file stays until the new one
 /// is complete. @throws Errore 75 refused, 76 no folder, 61 disk full
 void ScriviFile(const QString& Percorso, const QByteArray& Contenuto);

@@ -1,6 +1,7 @@
 #include "platform/system/percorsi.h"
 
 #include <QDir>
+#include <QFile>
 
 #include <algorithm>
 
@@ -40,6 +41,20 @@ QString Barra(const QString& Percorso)
     while (Cartella.endsWith(QDir::separator()))
         Cartella.chop(1);
     return Cartella + QDir::separator();
+}
+
+QString PercorsoIntero(const QString& Percorso, const QString& Cartella)
+{
+    const QString Nativo = PercorsoNativo(Percorso);
+    if (QDir::isAbsolutePath(Nativo))
+        return Nativo;
+    return Cartella.isEmpty() ? PercorsoNativo(QDir::current().absoluteFilePath(Nativo))
+                              : Barra(Cartella) + Nativo;
+}
+
+qsizetype ByteDelNome(const QString& Nome)
+{
+    return QFile::encodeName(Nome).size();
 }
 
 QString NomeFile(const QString& Percorso)

@@ -9,6 +9,13 @@
 /// The path with the platform's separators, doubled ones folded (a leading pair of a network share stays).
 [[nodiscard]] QString PercorsoNativo(const QString& Percorso);
 
+/// The path itself where it is a whole one, otherwise below a folder; an empty folder is the one where the
+/// process happens to be.
+[[nodiscard]] QString PercorsoIntero(const QString& Percorso, const QString& Cartella = {});
+
+/// Bytes that a name takes on the disk, where each has a limit.
+[[nodiscard]] qsizetype ByteDelNome(const QString& Nome);
+
 /// The part after the last separator, the whole text when there is none.
 [[nodiscard]] QString NomeFile(const QString& Percorso);
 

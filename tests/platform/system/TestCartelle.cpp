@@ -25,6 +25,9 @@ private Q_SLOTS:
     void laCartellaSuperiore_data();
     void laCartellaSuperiore();
     void iVolumi();
+    void iNomiDeiFile();
+    void rinomina();
+    void scarta();
 };
 PROVA(TestCartelle);
 
@@ -119,6 +122,47 @@ void TestCartelle::iVolumi()
     QCOMPARE(VolumeDi(Due, u"/media/a/x"_s), 1);
     QCOMPARE(VolumeDi(Due, u"/media/ab"_s), 0);
     QCOMPARE(VolumeDi({}, u"/x"_s), -1);
+}
+
+void TestCartelle::iNomiDeiFile()
+{
+    const QString Qui = NuovaCartella();
+    for (const QString& Nome : {u"b.mdb"_s, u"A.MDB"_s, u".~c.mdb"_s, u"nota.json"_s})
+        ScriviFile(Qui + Nome, "x");
+    CreaCartella(Qui + u"cartella.mdb"_s);
+    QStringList Note = NomiDeiFile(Qui, u".mdb"_s);
+    QVERIFY2(Note.indexOf(u"A.MDB"_s) < Note.indexOf(u"b.mdb"_s), qPrintable(Note.join(u' ')));
+    Note.sort();
+    QCOMPARE(Note, (QStringList{u".~c.mdb"_s, u"A.MDB"_s, u"b.mdb"_s}));
+    QCOMPARE(NomiDeiFile(Qui).size(), 4);
+    QCOMPARE(NomiDeiFile(Qui + u"manca"_s), QStringList());
+    QCOMPARE(NomiDeiFile({}), QStringList());
+}
+
+void TestCartelle::rinomina()
+{
+    const QString Qui = NuovaCartella();
+    ScriviFile(Qui + u"prima"_s, "1");
+    ScriviFile(Qui + u"altra"_s, "2");
+    QCOMPARE(NumeroErrore([&] { RinominaFile(Qui + u"prima"_s, Qui + u"altra"_s); }), 75);
+    QCOMPARE(LeggiFile(Qui + u"altra"_s), QByteArray("2"));
+    QCOMPARE(NumeroErrore([&] { RinominaFile(Qui + u"manca"_s, Qui + u"dopo"_s); }), 53);
+    {
+        const CartellaChiusa Chiusa(Qui);
+        QCOMPARE(NumeroErrore([&] { RinominaFile(Qui + u"prima"_s, Qui + u"dopo"_s); }), 75);
+    }
+    RinominaFile(Qui + u"prima"_s, Qui + u"dopo"_s);
+    QCOMPARE(ContenutoDi(Qui), (QStringList{u"altra"_s, u"dopo"_s}));
+    QCOMPARE(LeggiFile(Qui + u"dopo"_s), QByteArray("1"));
+}
+
+void TestCartelle::scarta()
+{
+    const QString Qui = NuovaCartella();
+    ScriviFile(Qui + u"resto"_s, "1");
+    ScartaFile(Qui + u"manca"_s);
+    ScartaFile(Qui + u"resto"_s);
+    QCOMPARE(ContenutoDi(Qui), QStringList());
 }
 
 #include "TestCartelle.moc"

@@ -19,6 +19,8 @@ private Q_SLOTS:
     void nomeECartella();
     void finisceInCartella_data();
     void finisceInCartella();
+    void percorsoIntero();
+    void byteDelNome();
 };
 PROVA(TestPercorsi);
 
@@ -116,6 +118,20 @@ void TestPercorsi::finisceInCartella()
     QFETCH(QString, Percorso);
     QFETCH(QString, Nome);
     QTEST(FinisceInCartella(Percorso, Nome), "Atteso");
+}
+
+void TestPercorsi::percorsoIntero()
+{
+    QCOMPARE(PercorsoIntero(u"/opt\\agenda"_s, u"/studio"_s), u"/opt/agenda"_s);
+    QCOMPARE(PercorsoIntero(u"note\\a.mdb"_s, u"/studio"_s), u"/studio/note/a.mdb"_s);
+    QCOMPARE(PercorsoIntero(u"a.mdb"_s, u"/studio/"_s), u"/studio/a.mdb"_s);
+    QCOMPARE(PercorsoIntero(u"a.mdb"_s), QDir::currentPath() + u"/a.mdb"_s);
+}
+
+void TestPercorsi::byteDelNome()
+{
+    QCOMPARE(ByteDelNome(u"nota.mdb"_s), 8);
+    QCOMPARE(ByteDelNome(u"città"_s), 6);
 }
 
 #include "TestPercorsi.moc"
