@@ -5,6 +5,7 @@
 #include "core/sessione.h"
 #include "core/versione.h"
 #include "platform/base/errore.h"
+#include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/orologio.h"
@@ -13,7 +14,6 @@
 #include "update/modCopyURL.h"
 
 #include <QCoreApplication>
-#include <QDir>
 
 #include <cmath>
 
@@ -43,7 +43,7 @@ bool Posa(const QString& Arrivato)
         SostituisciFile(Arrivato, FileVersioni());
         return true;
     } catch (const Errore&) {
-        QFile::remove(PercorsoNativo(Arrivato));
+        ScartaFile(Arrivato);
         return false;
     }
 }
@@ -56,7 +56,7 @@ bool Porta(const RichiestaRete& Chiesta, const Provenienza& Da, bool Interattivo
         return CopiaFile(TrovaFile(Da.Cartella + u"versioni.txt"_s), Chiesta.File, MassimoVersioni);
     if (CopiaURL(Chiesta.Indirizzo, Chiesta.File, {!Interattivo, MassimoVersioni, Passo}) == 0)
         return true;
-    QFile::remove(PercorsoNativo(Chiesta.File));
+    ScartaFile(Chiesta.File);
     return false;
 }
 
@@ -97,11 +97,9 @@ void TogliAvanzi()
     // A transfer that lives writes within fifteen seconds, or ends.
     constexpr qint64 DaQuantoSecondi = 60;
     for (const QString& Cartella : {Barra(sessione::UserFolder), CartellaUpgrade()}) {
-        const QStringList Nomi =
-            QDir(Cartella).entryList({u'*' + Avanzo.toString()}, QDir::Files | QDir::Hidden);
-        for (const QString& Nome : Nomi)
+        for (const QString& Nome : NomiDeiFile(Cartella, Avanzo.toString()))
             if (std::abs(DataFile(Cartella + Nome).secsTo(QDateTime::currentDateTime())) > DaQuantoSecondi)
-                QFile::remove(Cartella + Nome);
+                ScartaFile(Cartella + Nome);
     }
 }
 

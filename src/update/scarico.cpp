@@ -5,6 +5,7 @@
 #include "core/versione.h"
 #include "platform/base/errore.h"
 #include "platform/network/firma.h"
+#include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
@@ -13,7 +14,6 @@
 #include "update/modCopyURL.h"
 
 #include <QCryptographicHash>
-#include <QDir>
 #include <QFileInfo>
 #include <QUrl>
 
@@ -40,7 +40,7 @@ class Arrivo
 {
 public:
     explicit Arrivo(const QString& Meta) : Nome(Provvisorio(Meta)) {}
-    ~Arrivo() { QFile::remove(PercorsoNativo(Nome)); }
+    ~Arrivo() { ScartaFile(Nome); }
     Arrivo(const Arrivo&) = delete;
     Arrivo& operator=(const Arrivo&) = delete;
     [[nodiscard]] const QString& File() const { return Nome; }
@@ -158,11 +158,10 @@ QString Tassi(const Annuncio& Trovato, const PassoAggiornamento& Passo)
 void TogliAltri(const QString& Nome)
 {
     const QString Cartella = CartellaUpgrade();
-    const QStringList Presenti =
-        QDir(Cartella).entryList({u"upgrade*.exe"_s, u"upgrade*.deb"_s}, QDir::Files | QDir::Hidden);
+    const QStringList Presenti = NomiDeiFile(Cartella, u".exe"_s) + NomiDeiFile(Cartella, u".deb"_s);
     for (const QString& Altro : Presenti)
-        if (Altro != Nome)
-            QFile::remove(Cartella + Altro);
+        if (Altro != Nome && Altro.startsWith(u"upgrade", Qt::CaseInsensitive))
+            ScartaFile(Cartella + Altro);
 }
 
 QString Programma(const Annuncio& Trovato, const PassoAggiornamento& Passo)

@@ -5,13 +5,12 @@
 #include "platform/base/errore.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
-#include "platform/system/percorsi.h"
+#include "platform/system/cartelle.h"
 #include "update/modAggiorna.h"
 #include "update/windows/frmUpgrade.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QTimer>
 #include <QWindow>
 
@@ -65,7 +64,7 @@ public:
     {
         Corrente.reset();
         if (!Chiesta.File.isEmpty())
-            QFile::remove(PercorsoNativo(Chiesta.File));
+            ScartaFile(Chiesta.File);
     }
 
 private:
