@@ -17,6 +17,9 @@
 #include "platform/system/messaggi.h"
 #include "tariffs/modTariffe.h"
 
+#include <functional>
+#include <optional>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -82,38 +85,52 @@ void ApplicaRiferimento(const NotaLetta& Letta)
         Letta.Nota.NsRif = CStr(Letta.NsRif);
 }
 
-void LeggiLinea(const Recordset& Righe, TabellaRighe& Tabella, std::span<const ColonnaLinea> Colonne,
+void LeggiLinea(const RigaScorsa& Riga, TabellaRighe& Tabella, std::span<const ColonnaLinea> Colonne,
                 CellaDi Cella)
 {
-    const int Riga = Tabella.AggiungiRiga();
-    for (const ColonnaLinea& Colonna : Colonne) {
-        const CellaNota& Come = Colonna.*Cella;
+    const int Nuova = Tabella.AggiungiRiga();
+    for (int i = 0; i < int(Colonne.size()); ++i) {
+        const CellaNota& Come = Colonne[size_t(i)].*Cella;
         if (Come.Forma != FormaCella::Assente)
-            Tabella(Riga, Come.Colonna) = CellaDalFile(Come, Righe.Value(Colonna.Nome.toString()));
+            Tabella(Nuova, Come.Colonna) = CellaDalFile(Come, Riga.Valore(i));
     }
+}
+
+/// Reads a table of lines in one go: one by one each row would ask for the file's lock.
+/// @param Troppe what is said of a table that holds more than a note has
+void LeggiLinee(const Database& File, QStringView Tabella, std::span<const ColonnaLinea> Colonne,
+                const QString& Troppe, const std::function<void(const RigaScorsa& Riga)>& Prendi)
+{
+    const Recordset Righe = File.OpenRecordset(Tabella.toString());
+    if (Righe.RecordCount() > MassimoRigheFile)
+        throw Errore(1000, Troppe);
+    if (Righe.Eof())
+        return;
+    QStringList Nomi;
+    for (const ColonnaLinea& Colonna : Colonne)
+        Nomi.append(Colonna.Nome.toString());
+    (void)Righe.Scorri(Nomi, std::nullopt, MassimoRigheFile, Prendi);
 }
 
 void CaricaRighe(Parcella& Nota, const Database& File)
 {
-    Recordset Righe = File.OpenRecordset(TabellaRigheNota.toString());
-    if (Righe.RecordCount() > MassimoRigheFile)
-        throw Errore(1000, u"La parcella contiene troppe righe"_s);
-    for (; !Righe.Eof(); Righe.MoveNext()) {
-        const QString Genere = CStr(Righe.Value(u"OnoDir"_s));
-        if (Genere == u"O")
-            LeggiLinea(Righe, Nota.xOnorari, ColonneRighe(), &ColonnaLinea::Prima);
-        else if (Genere == u"D")
-            LeggiLinea(Righe, Nota.xDiritti, ColonneRighe(), &ColonnaLinea::Seconda);
-    }
+    constexpr int OnoDir = 0;  // the first of the columns
+    LeggiLinee(File, TabellaRigheNota, ColonneRighe(), u"La parcella contiene troppe righe"_s,
+               [&Nota](const RigaScorsa& Riga) {
+                   const QString Genere = CStr(Riga.Valore(OnoDir));
+                   if (Genere == u"O")
+                       LeggiLinea(Riga, Nota.xOnorari, ColonneRighe(), &ColonnaLinea::Prima);
+                   else if (Genere == u"D")
+                       LeggiLinea(Riga, Nota.xDiritti, ColonneRighe(), &ColonnaLinea::Seconda);
+               });
 }
 
 void CaricaAcconti(Parcella& Nota, const Database& File)
 {
-    Recordset Righe = File.OpenRecordset(TabellaAccontiNota.toString());
-    if (Righe.RecordCount() > MassimoRigheFile)
-        throw Errore(1000, u"La parcella contiene troppi acconti"_s);
-    for (; !Righe.Eof(); Righe.MoveNext())
-        LeggiLinea(Righe, Nota.xAcconti, ColonneAcconti(), &ColonnaLinea::Prima);
+    LeggiLinee(File, TabellaAccontiNota, ColonneAcconti(), u"La parcella contiene troppi acconti"_s,
+               [&Nota](const RigaScorsa& Riga) {
+                   LeggiLinea(Riga, Nota.xAcconti, ColonneAcconti(), &ColonnaLinea::Prima);
+               });
 }
 
 /// Lines written when the catalogues of two categories had keys in common get the present key of their item.
