@@ -157,6 +157,10 @@ void TestArchitettura::unaSondaSiScopre_data()
          u"src/altrove/prova.cpp stands in a folder that is no room of src/CMakeLists.txt"_s);
     Riga("il motore", u"conti/altra.cpp"_s, "#include <sqlite3.h>\n",
          u"src/conti/altra.cpp:1 includes sqlite3.h, which is for platform/database alone"_s);
+    Riga("la rete", u"conti/altra.cpp"_s, "#include <QNetworkAccessManager>\n",
+         u"src/conti/altra.cpp:1 includes QNetworkAccessManager, which is for platform/network alone"_s);
+    Riga("le firme", u"conti/altra.cpp"_s, "#include <sodium.h>\n",
+         u"src/conti/altra.cpp:1 includes sodium.h, which is for platform/network alone"_s);
     Riga("una finestra nella logica", u"conti/altra.cpp"_s, "#include <QMessageBox>\n",
          u"src/conti/altra.cpp:1 includes QMessageBox, and conti is a room without windows"_s);
     Riga("il sistema", u"conti/windows/altra.cpp"_s, "#include <QProcess>\n",

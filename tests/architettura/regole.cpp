@@ -192,6 +192,10 @@ QStringList LibrerieProibite(const Casa& Questa, const QString& IntestazioniFine
         const QString Stanza = CartellaDi(File);
         if (Incluso.startsWith(u"sqlite3") && Stanza != u"platform/database")
             Frasi += Posto(File, Riga) + u"includes %1, which is for platform/database alone"_s.arg(Incluso);
+        if (Stanza != u"platform/network" &&
+            (SenzaModulo(Incluso) == u"sodium.h" || Incluso.startsWith(u"QtNetwork/") ||
+             SenzaModulo(Incluso).startsWith(u"QNetwork") || SenzaModulo(Incluso).startsWith(u"QSsl")))
+            Frasi += Posto(File, Riga) + u"includes %1, which is for platform/network alone"_s.arg(Incluso);
         if (EDelSistema(Incluso) && !Stanza.startsWith(u"platform/"))
             Frasi +=
                 Posto(File, Riga) + u"includes %1: only platform/ calls the operating system"_s.arg(Incluso);

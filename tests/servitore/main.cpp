@@ -186,6 +186,8 @@ void Servitore::Male(QSslSocket& Presa, const QString& Modo, const QString& Rest
         Rinvia("http://127.0.0.2:" + Qui + "/piano/" + Resto.toLatin1());
     } else if (Modo == u"incasa") {
         Rinvia("http://localhost:" + Qui + "/piano/" + Resto.toLatin1());
+    } else if (Modo == u"altronome") {
+        Rinvia("https://localhost:" + Qui + "/piano/" + Resto.toLatin1());
     } else if (Modo == u"giu") {
         Rinvia("http://127.0.0.1:" + Qui + "/piano/" + Resto.toLatin1());
     } else if (Modo == u"file") {

@@ -29,6 +29,7 @@ constexpr QStringView StatoIniziale =
 constexpr QStringView StatoSenzaServer = u"Nessun server di aggiornamento è impostato: con \"Da file...\" si "
                                          u"aggiorna da una cartella, per esempio di "
                                          u"una chiavetta.";
+constexpr QStringView StatoPronto = u"Clicca sul pulsante Aggiorna per avviare l'aggiornamento...";
 constexpr QStringView ParolaRun = u"run";
 
 /// A size as one reads it: "912 KB", "3,4 MB".
@@ -90,10 +91,12 @@ frmUpgrade::frmUpgrade() : ui(std::make_unique<Ui::frmUpgrade>())
     ui->cmdFile->setIcon(aspetto::Icona(u"cartella"_s));
     ui->pannello->setBackgroundRole(QPalette::Base);
     ui->pannello->setAutoFillBackground(true);
-    // Five lines of the status, four of the note: nothing jumps when they come.
+    // Five lines of the status, three of what is new, four of the note: nothing jumps when they come.
     constexpr int RigheStato = 5;
+    constexpr int RigheNovita = 3;
     constexpr int RigheNota = 4;
     ui->lblStatus->setMinimumHeight(RigheStato * fontMetrics().lineSpacing());
+    ui->lblUpgrade->setMinimumHeight(RigheNovita * fontMetrics().lineSpacing());
     ui->txtNota->setFixedHeight(RigheNota * fontMetrics().lineSpacing() + 2 * aspetto::TraCampi);
     for (QWidget* Parte : std::array<QWidget*, 3>{ui->fraAvanza, ui->fraUpgrade, ui->txtNota}) {
         QSizePolicy Posto = Parte->sizePolicy();
@@ -147,6 +150,7 @@ void frmUpgrade::showEvent(QShowEvent* Evento)
 
 void frmUpgrade::Mostra(const QString& Parola)
 {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
     activateWindow();
@@ -234,8 +238,9 @@ void frmUpgrade::MostraNovita()
     const qint64 Byte = (TassiNuovi ? DaScaricare(Trovato, NomeTassi.toString()) : 0) +
                         (ProgrammaNuovo ? DaScaricare(Trovato, NomeInstallatore(Trovato)) : 0);
     ui->lblMisura->setText(Byte > 0 ? u"Da scaricare: "_s + Misura(Byte) : QString());
-    ui->lblStatus->setText(u"Clicca sul pulsante Aggiorna per avviare l'aggiornamento..."_s);
+    ui->lblStatus->setText(StatoPronto.toString());
     ui->fraUpgrade->show();
+    ui->cmdUpgrade->setDefault(true);
     ui->cmdUpgrade->setFocus();
 }
 
@@ -257,6 +262,7 @@ bool frmUpgrade::Avanza(qint64 Ricevuti, qint64 Totale)
 
 void frmUpgrade::cmdUpgrade_Click()
 {
+    ui->lblStatus->setText(StatoPronto.toString());  // without what an earlier try has added
     if (TassiNuovi && !AggiornaTassi())
         return;
     if (ProgrammaNuovo)

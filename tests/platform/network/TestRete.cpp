@@ -34,6 +34,7 @@ private Q_SLOTS:
     void certificato_data();
     void certificato();
     void daHttpsNonSiScende();
+    void unAltroNomeEUnAltroServer();
     void siFerma();
     void distruttoPrimaNonLasciaIlFile();
     void ilDiscoPieno();
@@ -277,6 +278,19 @@ void TestRete::daHttpsNonSiScende()
     InstallaReteQt({{}, Fiducia + u"cert.pem"_s});
     QCOMPARE(Scarica(Chiedi(Cifrato.Indirizzo(u"rinvia1"_s, u"x"_s))), FineRete::Completa);
     QCOMPARE(Scarica(Chiedi(Cifrato.Indirizzo(u"giu"_s, u"x"_s))), FineRete::Vietata);
+}
+
+void TestRete::unAltroNomeEUnAltroServer()
+{
+    // The certificate would do for both names.
+    const QString Fiducia = NuovoCertificato(u"IP:127.0.0.1,DNS:localhost"_s);
+    const Servitore Cifrato(Fiducia);
+    ScriviFile(Cifrato.Cartella() + u"x"_s, "ciao");
+    InstallaReteQt({{}, Fiducia + u"cert.pem"_s});
+    const QString AltroNome = Cifrato.Indirizzo(u"piano"_s, u"x"_s).replace(u"127.0.0.1"_s, u"localhost"_s);
+    QCOMPARE(Scarica(Chiedi(AltroNome)), FineRete::Completa);
+    QCOMPARE(Scarica(Chiedi(Cifrato.Indirizzo(u"altronome"_s, u"x"_s))), FineRete::Vietata);
+    QCOMPARE(Cifrato.Uditi().count("GET "), 2);
 }
 
 void TestRete::siFerma()

@@ -44,6 +44,7 @@ private Q_SLOTS:
     void tassiFallitiPoiProgramma();
     void entrambi();
     void programma();
+    void invioFaIlProssimoPasso();
     void programmaFallito();
     void avvioFallito();
     void pacchettoSenzaInstallatore();
@@ -461,6 +462,20 @@ void TestFrmUpgrade::programma()
     QCOMPARE(LeggiFile(CartellaUpgrade() + u"upgrade3.0.15.exe"_s), "installatore"_ba);
 }
 
+void TestFrmUpgrade::invioFaIlProssimoPasso()
+{
+    B->Posa(u"tassi.dat"_s, B->ArchivioNuovo());
+    B->Annunciate(SoloTassi);
+    Apri();
+    Premi(Qt::Key_Return);
+    QVERIFY(SiVede("fraUpgrade"));
+    B->Voce.Attendi(Completato);
+    Premi(Qt::Key_Return);
+    QVERIFY(!SiVede("fraUpgrade"));
+    QCOMPARE(B->Server.Uditi().count("/versioni.txt "), 1);
+    QVERIFY(Controllo<QPushButton>(F.get(), "cmdVerifica")->isDefault());
+}
+
 void TestFrmUpgrade::programmaFallito()
 {
     B->Annunciate(SoloProgramma, false);
@@ -489,6 +504,7 @@ void TestFrmUpgrade::avvioFallito()
     Clicca("cmdUpgrade");
     QCOMPARE(B->Eventi.last(), u"fine"_s);
     QCOMPARE(B->Server.Uditi().count("/upgrade3.0.15.exe "), 1);
+    QCOMPARE(Testo("lblStatus"), Pronto + u"\n> Download nuova versione del programma"_s);
 }
 
 void TestFrmUpgrade::pacchettoSenzaInstallatore()
