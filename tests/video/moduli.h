@@ -22,6 +22,7 @@ inline constexpr Modulo Calcolatrici[] = {
 inline constexpr Modulo Impostazioni{"impostazioni", "ctrl+shift+p",
                                      "Calcanova - Personalizzazione programma"};
 inline constexpr Modulo Trova{"trova", "ctrl+o", "Apri da parcelle salvate"};
+inline constexpr Modulo ElencoDocumenti{"documenti", "ctrl+shift+d", "Documentazione normativa"};
 
 /// Rows of every window that a key opens.
 inline void RigheModuli()
@@ -37,6 +38,7 @@ inline void RigheModuli()
         Aggiungi(Calcolo);
     Aggiungi(Impostazioni);
     Aggiungi(Trova);
+    Aggiungi(ElencoDocumenti);
 }
 
 struct SchedaParcella
