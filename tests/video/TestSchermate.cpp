@@ -27,6 +27,7 @@ private Q_SLOTS:
     void documenti();
     void schedaInformativa();
     void stampaDiUnCalcolo();
+    void rubrica();
 
 private:
     void Guarda(const QString& Nome);
@@ -226,6 +227,32 @@ void TestSchermate::stampaDiUnCalcolo()
     P->Premi(u"ctrl+p"_s);
     QVERIFY2(P->Aperta(u"Stampa documento"_s), qPrintable(P->Stato()));
     Guarda(u"stampa_documento"_s);
+}
+
+/// By the keyboard alone: an empty archive, a card, its row, the filter, the search by field.
+void TestSchermate::rubrica()
+{
+    const QString Titolo = u"Archivio: clienti"_s;
+    P = std::make_unique<Programma>();
+    QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
+    P->Premi(u"ctrl+shift+r"_s);
+    QVERIFY2(P->Aperta(Titolo), qPrintable(P->Stato()));
+    Guarda(u"rubrica_vuota"_s);
+    P->Premi(u"Insert"_s);
+    QVERIFY2(P->Aperta(u"Inserimento dati"_s), qPrintable(P->Stato()));
+    P->Digita(u"Rossi Mario"_s);
+    Guarda(u"scheda"_s);
+    P->Premi(u"F10"_s);
+    QVERIFY2(P->Aperta(Titolo), qPrintable(P->Stato()));
+    ATTENDI(u"testo datNom"_s, "1 nominativo");
+    Guarda(u"rubrica"_s);
+    P->Digita(u"bianchi"_s);
+    ATTENDI(u"testo datNom"_s, "0 di 1");
+    Guarda(u"rubrica_filtrata"_s);
+    P->Premi(u"Escape"_s);
+    P->Premi(u"ctrl+f"_s);
+    QVERIFY2(P->Aperta(u"Ricerca"_s), qPrintable(P->Stato()));
+    Guarda(u"ricerca"_s);
 }
 
 #include "TestSchermate.moc"
