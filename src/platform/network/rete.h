@@ -11,7 +11,7 @@
 
 /// How a transfer ended.
 enum class FineRete {
-    Completa,          ///< every byte is in the file, whatever the server's status
+    Completa,          ///< every announced byte is in the file, whatever the server's status
     Annullata,         ///< the caller has stopped it
     SenzaConnessione,  ///< nobody answers at the address
     Interrotta,        ///< broken off, or silent for too long

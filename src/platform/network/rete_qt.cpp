@@ -273,6 +273,7 @@ FineRete TrasferimentoQt::Giudica(QNetworkReply& Risposta)
     if (Smesso)
         return *Smesso;
     if (Intera) {
+        // Where everything comes at once, Qt may take a connection that was cut for the end of the answer.
         if (Annunciati >= 0 && Avuti != Annunciati)
             return FineRete::Interrotta;
         return File.flush() ? FineRete::Completa : FineRete::Disco;

@@ -134,7 +134,6 @@ void TestRete::guasti_data()
 
     QTest::newRow("hangs up at once") << u"chiude"_s << FineRete::Interrotta;
     QTest::newRow("shorter than announced") << u"spezza"_s << FineRete::Interrotta;
-    QTest::newRow("a chunk is missing") << u"pezzirotti"_s << FineRete::Interrotta;
     QTest::newRow("an error page cut off") << u"spezza404"_s << FineRete::Interrotta;
     QTest::newRow("never answers") << u"muto"_s << FineRete::Interrotta;
     QTest::newRow("stops half-way") << u"fermo"_s << FineRete::Interrotta;
