@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <map>
 
 using namespace Qt::StringLiterals;
 

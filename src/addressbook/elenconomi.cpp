@@ -45,10 +45,16 @@ bool HaInizio(std::string_view Riga, std::string_view Parola)
     return false;
 }
 
-/// A row that was found: the lower the rank, the nearer to what was typed.
+/// How near a name is to what was typed, the nearest first.
+enum RangoNome {
+    Inizia,  ///< begins with the text
+    Parole,  ///< its words begin with the text's words
+    Dentro,
+};
+
 struct Trovato
 {
-    int Rango = 0;
+    RangoNome Rango = Dentro;
     int Posto = 0;
 };
 
@@ -153,29 +159,41 @@ QList<NomeOfferto> ElencoNomi::Proponi(const QString& Testo, int Massimo) const
     if (Per.Vuoto())
         return {};
     const QByteArray Intero = RigaPiana({Testo.simplified()});
-    std::vector<Trovato> Trovati;
-    for (const int Posto : Letti.Piani.Cerca(Per)) {
-        const std::string_view Riga = Vista(Letti.Piani.Riga(Posto));
-        int Rango = 2;
+    const bool Sola = Per.ParolePiane().size() == 1;
+    const auto Rango = [&](std::string_view Riga, size_t Dove) {
         if (Riga.starts_with(Vista(Intero)))
-            Rango = 0;
-        else if (std::ranges::all_of(Per.ParolePiane(),
-                                     [&](const QByteArray& Parola) { return HaInizio(Riga, Vista(Parola)); }))
-            Rango = 1;
-        Trovati.push_back({Rango, Posto});
-    }
+            return Inizia;
+        if (Sola && IniziaParola(Riga, Dove))
+            return Parole;
+        const auto Comincia = [Riga](const QByteArray& Parola) { return HaInizio(Riga, Vista(Parola)); };
+        return std::ranges::all_of(Per.ParolePiane(), Comincia) ? Parole : Dentro;
+    };
     const auto Prima = [this](const Trovato& A, const Trovato& B) {
         if (A.Rango != B.Rango)
             return A.Rango < B.Rango;
         const int Ordine = Vista(Letti.Piani.Riga(A.Posto)).compare(Vista(Letti.Piani.Riga(B.Posto)));
         return Ordine != 0 ? Ordine < 0 : A.Posto < B.Posto;
     };
-    const size_t Quanti = std::min(Trovati.size(), size_t(std::max(Massimo, 0)));
-    std::partial_sort(Trovati.begin(), Trovati.begin() + std::ptrdiff_t(Quanti), Trovati.end(), Prima);
+    // The best so far, the worst of them on top. Of those that hold the words somewhere inside, the first
+    // ones will do.
+    std::vector<Trovato> Trovati;
+    const size_t Quanti = size_t(std::max(Massimo, 0));
+    Letti.Piani.PerOgni(Per, [&](int Posto, size_t Dove) {
+        const Trovato Uno{Rango(Vista(Letti.Piani.Riga(Posto)), Dove), Posto};
+        if (Trovati.size() < Quanti) {
+            Trovati.push_back(Uno);
+            std::ranges::push_heap(Trovati, Prima);
+        } else if (Quanti > 0 && Uno.Rango != Dentro && Prima(Uno, Trovati.front())) {
+            std::ranges::pop_heap(Trovati, Prima);
+            Trovati.back() = Uno;
+            std::ranges::push_heap(Trovati, Prima);
+        }
+    });
+    std::ranges::sort_heap(Trovati, Prima);
 
     QList<NomeOfferto> Offerti;
-    for (size_t i = 0; i < Quanti; ++i) {
-        const auto Posto = size_t(Trovati[i].Posto);
+    for (const Trovato& Uno : Trovati) {
+        const auto Posto = size_t(Uno.Posto);
         const size_t Fine =
             Posto + 1 < Letti.Inizi.size() ? Letti.Inizi[Posto + 1] : size_t(Letti.Testi.size());
         const std::string_view Riga =

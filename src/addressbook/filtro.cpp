@@ -68,7 +68,6 @@ QByteArrayView RighePiane::Riga(int Posto) const
     return QByteArrayView(Testi).sliced(qsizetype(Da), qsizetype(A - Da - 1));
 }
 
-/// The longest word is looked for in all texts at once: of rows without it nothing else is touched.
 std::vector<int> RighePiane::Cerca(const Filtro& Per) const
 {
     std::vector<int> Trovate;
@@ -77,15 +76,6 @@ std::vector<int> RighePiane::Cerca(const Filtro& Per) const
         std::iota(Trovate.begin(), Trovate.end(), 0);
         return Trovate;
     }
-    const std::string_view Tutto = Vista(Testi);
-    const std::string_view Prima = Vista(Per.ParolePiane().first());
-    size_t Dove = Tutto.find(Prima);
-    while (Dove != std::string_view::npos) {
-        const auto Dopo = std::upper_bound(Inizi.cbegin(), Inizi.cend(), Dove);
-        const int Posto = int(Dopo - Inizi.cbegin()) - 1;
-        if (Per.Passa(Riga(Posto)))
-            Trovate.push_back(Posto);
-        Dove = Dopo == Inizi.cend() ? std::string_view::npos : Tutto.find(Prima, *Dopo);
-    }
+    PerOgni(Per, [&](int Posto, size_t) { Trovate.push_back(Posto); });
     return Trovate;
 }

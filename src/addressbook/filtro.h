@@ -7,6 +7,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <algorithm>
+#include <string_view>
 #include <vector>
 
 /// The cells of a row as a filter compares them, in UTF-8. No word runs from one cell into the next.
@@ -48,8 +50,37 @@ public:
     [[nodiscard]] QByteArrayView Riga(int Posto) const;
     /// Places of the rows that pass, ascending.
     [[nodiscard]] std::vector<int> Cerca(const Filtro& Per) const;
+    /// The same, handed out one by one, with where in the row its longest word stands first; nothing for a
+    /// filter without a word.
+    template <class F>
+    void PerOgni(const Filtro& Per, F Prendi) const;
 
 private:
     QByteArray Testi;           ///< each row with a line break behind it
     std::vector<size_t> Inizi;  ///< where each row begins
 };
+
+/// The longest word is looked for in all texts at once: of rows without it nothing else is touched.
+template <class F>
+void RighePiane::PerOgni(const Filtro& Per, F Prendi) const
+{
+    if (Per.Vuoto())
+        return;
+    const std::string_view Tutto(Testi.constData(), size_t(Testi.size()));
+    const QByteArray& Lunga = Per.ParolePiane().first();
+    const std::string_view Prima(Lunga.constData(), size_t(Lunga.size()));
+    size_t Posto = 0;
+    for (size_t Dove = Tutto.find(Prima); Dove != std::string_view::npos;) {
+        // The row of the find lies a few rows on, most often: it is not looked for among all of them.
+        size_t Passo = 1;
+        while (Posto + Passo < Inizi.size() && Inizi[Posto + Passo] <= Dove)
+            Passo *= 2;
+        const auto Da = Inizi.cbegin() + std::ptrdiff_t(Posto + Passo / 2);
+        const auto A = Inizi.cbegin() + std::ptrdiff_t(std::min(Posto + Passo, Inizi.size()));
+        const auto Dopo = std::upper_bound(Da, A, Dove);
+        Posto = size_t(Dopo - Inizi.cbegin()) - 1;
+        if (Per.ParolePiane().size() == 1 || Per.Passa(Riga(int(Posto))))
+            Prendi(int(Posto), Dove - Inizi[Posto]);
+        Dove = Dopo == Inizi.cend() ? std::string_view::npos : Tutto.find(Prima, *Dopo);
+    }
+}
