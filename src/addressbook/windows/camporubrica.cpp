@@ -22,7 +22,8 @@ namespace {
 constexpr qsizetype LettereMinime = 3;
 constexpr int VociOfferte = 50;
 constexpr int RigheInVista = 12;
-constexpr int LarghezzaMinima = 320;
+constexpr int LarghezzaMassima = 520;
+constexpr int AriaVoce = 6;
 
 bool ApreRubrica(const QKeyEvent& Tasto)
 {
@@ -71,7 +72,7 @@ void CampoRubrica::CreaSegno(QToolButton* Modifica)
     Collega(Scollega, &QAction::triggered, this, [this] { Azioni.Scollega(); });
     Modifica->setMenu(Menu);
     Modifica->setPopupMode(QToolButton::MenuButtonPopup);
-    // The arrow beside the button is the mouse's; the menu key opens the same.
+    // Beside the button, and under the right button of the mouse.
     Modifica->setContextMenuPolicy(Qt::CustomContextMenu);
     Collega(Modifica, &QToolButton::customContextMenuRequested, Modifica, &QToolButton::showMenu);
 }
@@ -87,7 +88,7 @@ void CampoRubrica::Mostra(int Chiave, const QString& Nome)
     else if (Chiave > 0)
         Frase = u"Collegato all'archivio: "_s + Nome;
     if (Diverso && !Nome.isEmpty())
-        Frase += u"\nIl testo è diverso, ma alla riapertura tornerà il nome dell'archivio. "
+        Frase += u"\nIl testo è diverso, ma alla riapertura tornerà il nome dell'archivio.\n"
                  u"Un clic sul segno lo scollega."_s;
     // A screen reader says it of the box; the mark itself is reached by the mouse alone.
     Box->setAccessibleDescription(Frase);
@@ -155,12 +156,17 @@ void CampoRubrica::MostraElenco()
         const QString Citta = Offerto.Citta.isEmpty() ? QString() : u" – "_s + Offerto.Citta;
         auto* Voce = new QListWidgetItem(Offerto.Nome + Citta, Elenco);
         Voce->setData(Qt::UserRole, Offerto.Chiave);
+        Voce->setSizeHint({0, Elenco->fontMetrics().height() + AriaVoce});
     }
     Elenco->setCurrentRow(-1);
+    int Larghezza = 0;
+    for (int i = 0; i < Elenco->count(); ++i)
+        Larghezza = std::max(Larghezza, Elenco->fontMetrics().horizontalAdvance(Elenco->item(i)->text()));
+    Larghezza += 2 * AriaVoce + Elenco->verticalScrollBar()->sizeHint().width();
     const int Righe = std::min(int(Offerti.size()), RigheInVista);
     const int Altezza = Elenco->sizeHintForRow(0) * Righe + 2 * Elenco->frameWidth();
     QRect Posto(Box->mapToGlobal(QPoint(0, Box->height())),
-                QSize(std::max(Box->width(), LarghezzaMinima), Altezza));
+                QSize(std::max(Box->width(), std::min(Larghezza, LarghezzaMassima)), Altezza));
     const QRect Schermo = Box->screen()->availableGeometry();
     if (Posto.bottom() > Schermo.bottom())
         Posto.moveBottom(Box->mapToGlobal(QPoint(0, 0)).y() - 1);
@@ -190,8 +196,10 @@ void CampoRubrica::Scegli(int Riga)
     const int Chiave = Voce ? Voce->data(Qt::UserRole).toInt() : 0;
     Atteso = false;
     NascondiElenco();
-    if (Chiave > 0)
-        Azioni.Scegli(Chiave);
+    if (Chiave <= 0)
+        return;
+    Azioni.Scegli(Chiave);
+    Box->end(false);  // what is typed next goes behind the name, and not in its place
 }
 
 // ---- the keys

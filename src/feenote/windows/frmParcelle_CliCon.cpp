@@ -78,7 +78,10 @@ void frmParcelle::ScegliNome(int Elemento, int Chiave)
                TitoloAvvertenza.toString());
         return;
     }
-    oRubrica_SelDone(Voce.Parola.toString(), {Chiave, *Nome});
+    ApplicaStampa([&] {
+        RiceviDaRubrica(Nota, Voce.Parola.toString(), Chiave, *Nome);
+        Nota.Fuoco = CampoNota::Nessuno;  // the box is in use already
+    });
 }
 
 void frmParcelle::NominativoCambiato(const QString& RecordSource, int ID)
