@@ -111,6 +111,9 @@ void TestDocumenti::righeDellElenco_data()
     QTest::newRow("above") << QByteArray("../segreto.pdf");
     QTest::newRow("below") << QByteArray("sotto/dentro.pdf");
     QTest::newRow("below, by the classic separator") << QByteArray("sotto\\dentro.pdf");
+    QTest::newRow("out and back in") << QByteArray("../docum/altro.pdf");
+    QTest::newRow("down and up again") << QByteArray("sotto\\..\\altro.pdf");
+    QTest::newRow("this folder's file by a path") << QByteArray("./altro.pdf");
     QTest::newRow("a folder") << QByteArray("sotto");
     QTest::newRow("here") << QByteArray(".");
     QTest::newRow("the one above") << QByteArray("..");
@@ -126,6 +129,7 @@ void TestDocumenti::righeDellElenco()
     ScriviFile(Prog + u"segreto.pdf"_s, "x");
     CreaCartella(Docum + u"sotto"_s);
     Crea(u"sotto/dentro.pdf"_s);
+    Crea(u"altro.pdf"_s);
     Crea(u"buono.pdf"_s);
     ScriviFile(Docum + u"elenco.txt"_s, Riga + "\nbuono.pdf\n");
     QCOMPARE(Nomi(), QStringList{u"buono.pdf"_s});
