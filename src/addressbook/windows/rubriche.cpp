@@ -2,9 +2,11 @@
 
 #include "addressbook/windows/frmRubrica.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QHash>
 #include <QPointer>
+
+#include <algorithm>
 
 namespace {
 
@@ -56,8 +58,12 @@ void ChiudiRubricaDi(int Indice, int Numero)
 
 bool ChiudiRubriche()
 {
-    for (const QPointer<frmRubrica>& Rubrica : Aperte().values())
-        if (Rubrica && Rubrica->isVisible() && !Rubrica->close())
-            return false;
-    return true;
+    // Those too whose note has gone while a card was open.
+    QList<QPointer<frmRubrica>> Tutte;
+    for (QWidget* Finestra : QApplication::topLevelWidgets())
+        if (auto* Rubrica = qobject_cast<frmRubrica*>(Finestra))
+            Tutte.append(Rubrica);
+    return std::ranges::all_of(Tutte, [](const QPointer<frmRubrica>& Rubrica) {
+        return !Rubrica || !Rubrica->isVisible() || Rubrica->close();
+    });
 }

@@ -669,6 +669,9 @@ void TestComandiRubrica::laParcellaSiChiudeConLaSchedaAperta()
     ChiudiRubricaDi(1, 71);
     QVERIFY(!RubricaDi(1));
     QVERIFY(F->isVisible());
+    // The end of the program asks of this one too.
+    A->Voce.Attendi(u"Salvare le modifiche alla scheda?"_s, vbCancel);
+    QVERIFY(!ChiudiRubriche());
     Premuto(F, u"do"_s);
     QVERIFY(!Azione(F, "selez")->isVisible());
     F->Comando(u"selez"_s);
