@@ -101,11 +101,11 @@ const RegistraMisura RegistratoCaldo(u"start to first painted window, warm"_s, 1
 /// Nothing of the network is loaded before the first picture, though updates will be looked for.
 double AvvioConServer()
 {
-    return MedianaAvvii(
-        9, [] { return true; }, {QStringLiteral(CARTELLA_PROGRAMMA "/"), u"http://127.0.0.1:9"_s});
+    return MedianaAvvii(9, [] { return true; },
+                        {QStringLiteral(CARTELLA_PROGRAMMA "/"), u"http://127.0.0.1:9"_s});
 }
-const RegistraMisura RegistratoConServer(u"start to first painted window, with an update server, warm"_s, 100.0,
-                                         AvvioConServer);
+const RegistraMisura RegistratoConServer(u"start to first painted window, with an update server, warm"_s,
+                                         100.0, AvvioConServer);
 
 /// The program folder with a photograph as its background, as large as a telephone takes it.
 bool PreparaConFoto(const QString& Cartella)
