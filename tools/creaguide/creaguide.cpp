@@ -76,7 +76,7 @@ TabellaDati TabellaPenale(const QString& Cartella)
             continue;
         if (!Posto.contains(Gruppo)) {
             Posto[Gruppo] = int(Fatta.Righe.size());
-            Fatta.Righe += {Gruppo.left(1).toUpper() + Gruppo.mid(1)};
+            Fatta.Righe += QStringList{Gruppo.left(1).toUpper() + Gruppo.mid(1)};
         }
         Fatta.Righe[Posto[Gruppo]] << Medio(Importi, i);
     }

@@ -22,7 +22,7 @@ CopiaSenzaAccenti()
     rm -rf -- "$1"
     mkdir -p -- "$1"
     cp -r -- src tools "$1"
-    find "$1" \( -name '*.cpp' -o -name '*.h' \) -exec sed -i 's/\b\(Autorit\|Modalit\|LoadAutorit\)à\b/\1a_/g' {} +
+    find "$1" \( -name '*.cpp' -o -name '*.h' \) -exec sed -i 's/\([A-Za-z]\)à/\1a_/g' {} +
 }
 
 # The functions that cppcheck finds without a caller, one a line.
