@@ -177,9 +177,21 @@ void frmRubrica::ApriMenu(int Riga, const QPoint& Punto)
     if (Riga >= 0)
         ui->tdbRubrica->ImpostaRigaCorrente(Riga);
     for (const TastoRubrica& Descritto : Tasti) {
-        QAction* Azione = Tasto(Descritto.Chiave.toString());
-        if (Azione->isVisible())
+        const QString Chiave = Descritto.Chiave.toString();
+        QAction* Azione = Tasto(Chiave);
+        if (!Azione->isVisible())
+            continue;
+        if (Descritto.Tasti != 0) {
             Menu->addAction(Azione);
+            continue;
+        }
+        // The grid takes the key, or the mouse, itself; the menu names it.
+        const bool Prima = Chiave == u"selez"_s || !Richiesta.Selezione;
+        QAction* Voce =
+            Menu->addAction(Azione->icon(), Azione->text() + (Prima ? u"\tInvio"_s : u"\tDoppio clic"_s));
+        Voce->setObjectName(u"menu_"_s + Chiave);
+        Voce->setEnabled(Azione->isEnabled());
+        ::Collega(Voce, &QAction::triggered, this, [this, Chiave] { Comando(Chiave); });
     }
     Menu->addSeparator();
     const bool SuRiga = ui->tdbRubrica->RigaCorrente().has_value();

@@ -411,9 +411,15 @@ void TestFrmRubrica::ilMenuContestuale()
     QVERIFY(Menu);
     QCOMPARE(Corrente(F), u"Àlvari Nicolò"_s);
     QVERIFY(Menu->actions().contains(Azione(F, "edit")));
+    const auto Tasti = [&](const QString& Nome) {
+        return Menu->findChild<QAction*>(Nome)->text().section(u'\t', 1);
+    };
+    QCOMPARE(Tasti(u"menu_selez"_s), u"Invio"_s);
+    QCOMPARE(Tasti(u"menu_view"_s), u"Doppio clic"_s);
     Menu->findChild<QAction*>(u"copiaRiga"_s)->trigger();
     QCOMPARE(Appunti(), u"2\tÀlvari Nicolò\tForlì\t"_s);
-    Menu->close();
+    Menu->findChild<QAction*>(u"menu_selez"_s)->trigger();
+    QCOMPARE(A->Scelte.size(), std::size_t(1));
 }
 
 void TestFrmRubrica::leLarghezzeTornano()
