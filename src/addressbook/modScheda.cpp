@@ -95,11 +95,17 @@ bool LogicoDa(const Campo& Colonna, const QString& Testo)
     Rifiuta(Colonna);
 }
 
+/// A name as far as `Controp` has room for it.
+QString PerControp(const Campo& Colonna, const QString& Nome)
+{
+    return Colonna.Type == TipoCampo::Testo ? Nome.left(Colonna.Size) : Nome;
+}
+
 /// True when `Controp` says nothing of its own: it goes with the name.
-bool ContropSegue(const Recordset& Righe)
+bool ContropSegue(const Recordset& Righe, const Campo& Colonna)
 {
     const QString Nome = CStr(Righe.Value(Controp)).trimmed();
-    return Nome.isEmpty() || Nome == CStr(Righe.Value(Nominativo)).trimmed();
+    return Nome.isEmpty() || Nome == PerControp(Colonna, CStr(Righe.Value(Nominativo))).trimmed();
 }
 
 /// A VAT number that begins with another country's letters: its digits go by another rule.
@@ -149,10 +155,11 @@ void ScriviScheda(Recordset& Righe, const Campo& Colonna, const QString& Testo)
     const QVariant Valore = ValoreScheda(Colonna, Testo);
     const bool Nome = Colonna.Name.compare(Nominativo, Qt::CaseInsensitive) == 0;
     const QList<Campo> Campi = Righe.Campi();
-    const bool Segue = Nome && TrovaCampo(Campi, Controp) && ContropSegue(Righe);
+    const Campo* Parte = Nome ? TrovaCampo(Campi, Controp) : nullptr;
+    const bool Segue = Parte && ContropSegue(Righe, *Parte);
     Righe.ImpostaValue(Colonna.Name, Valore);
     if (Segue)
-        Righe.ImpostaValue(Controp, CStr(Valore).left(TrovaCampo(Campi, Controp)->Size));
+        Righe.ImpostaValue(Controp, PerControp(*Parte, CStr(Valore)));
 }
 
 const Campo* TrovaCampo(const QList<Campo>& Campi, const QString& Nome)

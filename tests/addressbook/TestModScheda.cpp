@@ -29,6 +29,7 @@ private Q_SLOTS:
     void ognuntipoSiScriveESiSvuota();
     void controparteSegueIlNome_data();
     void controparteSegueIlNome();
+    void controparteInMemo();
     void avvisi_data();
     void avvisi();
     void didascalie();
@@ -225,6 +226,21 @@ void TestModScheda::controparteSegueIlNome_data()
     QTest::newRow("cambiato due volte") << 1 << QStringList{u"Russo"_s, u"Verde"_s} << QVariant(u"Verde"_s);
     QTest::newRow("più lungo della colonna")
         << 1 << QStringList{u"Rossi Antonio"_s} << QVariant(u"Rossi An"_s);
+    QTest::newRow("tagliato dalla colonna, poi cambiato")
+        << 1 << QStringList{u"Rossi Antonio"_s, u"Verde"_s} << QVariant(u"Verde"_s);
+}
+
+/// Older archives keep it as a text without a limit.
+void TestModScheda::controparteInMemo()
+{
+    Db.CreaTabella(u"parti"_s, {{u"ID"_s, TipoCampo::Lungo, 0, {}, true},
+                                {u"Nominativo"_s, TipoCampo::Testo, 20, {}, false},
+                                {u"Controp"_s, TipoCampo::Memo, 0, {}, false}});
+    Recordset Parti = Db.OpenRecordset(u"parti"_s);
+    Parti.AddNew();
+    ScriviScheda(Parti, *TrovaCampo(Parti.Campi(), u"Nominativo"_s), u"Rossi Antonio"_s);
+    Parti.Update();
+    QCOMPARE(Parti.Value(u"Controp"_s).toString(), u"Rossi Antonio"_s);
 }
 
 void TestModScheda::controparteSegueIlNome()
