@@ -27,6 +27,7 @@ private Q_SLOTS:
     void discoPieno();
     void annullato();
     void archivioMancante();
+    void archivioInUso();
     void dueAllaVolta();
     void programma_data();
     void programma();
@@ -319,6 +320,24 @@ void TestScarico::archivioMancante()
     QVERIFY(QFile::remove(B->Archivio()));
     QVERIFY(!ScaricaTassi(Trovato).Riuscito());
     QVERIFY(!EsisteFile(B->Archivio()));
+}
+
+void TestScarico::archivioInUso()
+{
+    // A calculator that asks its question has the former archive open, and goes on with it.
+    const auto UltimoAnno = [](const Database& Archivio) {
+        Recordset Indici = Archivio.OpenRecordset(u"SELECT MAX(Anno) AS Ultimo FROM IndiciIstat"_s);
+        return Indici.Value(u"Ultimo"_s).toInt();
+    };
+    const Database Aperto = OpenDatabase(B->Archivio(), true);
+    Recordset Righe = Aperto.OpenRecordset(u"IndiciIstat"_s);
+    QCOMPARE(UltimoAnno(Aperto), 2026);
+    B->Posa(u"tassi.dat"_s, B->ArchivioNuovo());
+    B->Annunciate(SoloTassi);
+    QCOMPARE(ScaricaTassi(B->Controllato(DalServer())).Dettaglio, QString());
+    Righe.MoveLast();
+    QCOMPARE(Righe.Value(u"Anno"_s).toInt(), 2026);
+    QCOMPARE(UltimoAnno(OpenDatabase(B->Archivio(), true)), 2030);
 }
 
 void TestScarico::dueAllaVolta()
