@@ -75,6 +75,8 @@ void frmRubrica::SchedaChiusa(bool Scritta)
     ui->panSospeso->Aggiorna();
     if (Scritta)
         Esegui([this] { Salvata(); });
+    if (Righe.EditMode() == 0)
+        Esegui([this] { Filtra(); });
     ui->tdbRubrica->setFocus();
 }
 
@@ -123,7 +125,7 @@ frmRicerche& frmRubrica::Ricerca()
     if (!Cercatore) {
         Cercatore = new frmRicerche(this);
         Cercatore->ImpostaRecordSource(Righe);
-        Cercatore->PrimaDiMuovere = [this] { return ui->panSospeso->Consenti(); };
+        Cercatore->PrimaDiMuovere = [this] { return !Scheda && ui->panSospeso->Consenti(); };
         ::Collega(Cercatore.data(), &frmRicerche::Trovata, this, [this] {
             Riallinea();
             const QTableView* Vista = ui->tdbRubrica->Vista();

@@ -1,6 +1,7 @@
 // The browser of the address book: its rows, their columns, order and filter.
 #include "addressbook/windows/frmRicerche.h"
 #include "addressbook/windows/frmRubrica.h"
+#include "addressbook/windows/frmScheda.h"
 #include "core/modErrori.h"
 #include "core/parametri.h"
 #include "platform/base/errore.h"
@@ -303,8 +304,8 @@ void frmRubrica::SegnaOrdine()
 void frmRubrica::Filtra()
 {
     const Filtro Nuovo(ui->txtFiltro->text());
-    if (Nuovo == Vaglio || !Archivio.Aperto())
-        return;
+    if (Nuovo == Vaglio || !Archivio.Aperto() || Scheda)
+        return;  // the rows belong to an open card; the filter follows when it has gone
     if (!ui->panSospeso->Consenti())
         return;
     if (!Nuovo.Vuoto() && !Testi.Leggi()) {
