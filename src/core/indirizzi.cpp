@@ -22,13 +22,13 @@ QString Server()
 QString Editore()
 {
     const QString Radice = Server();
-    return Radice.isEmpty() ? QString() : Radice + u'/';
+    return Radice.isEmpty() ? QString() : Radice + u"/vdm.asp#editore"_s;
 }
 
 QString Sviluppatore()
 {
     const QString Radice = Server();
-    return Radice.isEmpty() ? QString() : Radice + u"/sviluppo.htm"_s;
+    return Radice.isEmpty() ? QString() : Radice + u"/vdm.asp#sviluppo"_s;
 }
 
 }  // namespace indirizzi

@@ -13,7 +13,7 @@ inline constexpr QStringView ChiaveServer = u"ServerAggiornamenti";
 /// pages of its own. An address without a scheme gets "https://".
 [[nodiscard]] QString Server();
 
-/// Home pages of publisher and developer on that server; empty without one.
+/// What that server says of publisher and developer; empty without one.
 [[nodiscard]] QString Editore();
 [[nodiscard]] QString Sviluppatore();
 

@@ -277,8 +277,8 @@ void TestComandi::server()
     QFETCH(QString, Atteso);
     ImpostaServer(Impostato);
     QCOMPARE(indirizzi::Server(), Atteso);
-    QCOMPARE(indirizzi::Editore(), Atteso.isEmpty() ? QString() : Atteso + u'/');
-    QCOMPARE(indirizzi::Sviluppatore(), Atteso.isEmpty() ? QString() : Atteso + u"/sviluppo.htm"_s);
+    QCOMPARE(indirizzi::Editore(), Atteso.isEmpty() ? QString() : Atteso + u"/vdm.asp#editore"_s);
+    QCOMPARE(indirizzi::Sviluppatore(), Atteso.isEmpty() ? QString() : Atteso + u"/vdm.asp#sviluppo"_s);
 }
 
 void TestComandi::laBarraELaScrivania()

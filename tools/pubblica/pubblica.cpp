@@ -6,6 +6,7 @@
 #include "platform/network/firma.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
+#include "pubblica/paginesito.h"
 #include "update/controllotassi.h"
 #include "update/scarico.h"
 #include "update/versioni.h"
@@ -24,7 +25,8 @@ namespace {
 constexpr QStringView Uso =
     u"Uso: pubblica chiavi <cartella>\n"
     u"     pubblica cartella <cartella> --chiave <file> --versione <n.n.n> --tassi <file>\n"
-    u"              [--data <gg/mm/aaaa>] [--nota <testo>] [<installatore .exe o .deb>...]\n";
+    u"              [--data <gg/mm/aaaa>] [--nota <testo>] [--programma <cartella>]\n"
+    u"              [<installatore .exe o .deb>...]\n";
 constexpr qint64 MassimoInstallatore = qint64(1) << 30;
 
 /// What is to be published.
@@ -46,7 +48,8 @@ struct UsoErrato
 
 Ordine LeggiOrdine(const QStringList& Argomenti)
 {
-    const QStringList Note{u"--chiave"_s, u"--versione"_s, u"--tassi"_s, u"--data"_s, u"--nota"_s};
+    const QStringList Note{u"--chiave"_s, u"--versione"_s, u"--tassi"_s,
+                           u"--data"_s,   u"--nota"_s,     u"--programma"_s};
     Ordine Letto;
     for (qsizetype i = 0; i < Argomenti.size(); ++i) {
         const QString& Parola = Argomenti[i];
@@ -155,6 +158,9 @@ void Cartella(const Ordine& Dato)
     Elenco += Posa(Tassi, Meta, NomeTassi.toString());
     for (auto Uno = Installatori.cbegin(); Uno != Installatori.cend(); ++Uno)
         Elenco += Posa(Uno.value(), Meta, Uno.key());
+    if (const QString Programma = Dato.Opzioni.value(u"--programma"_s); !Programma.isEmpty())
+        ScriviPagineSito(Programma, Dato.Uscita, Dato.Opzioni[u"--versione"_s],
+                         Dato.Opzioni.value(u"--nota"_s));
     // The announcement comes last: until then the former one stands.
     ScriviFile(Meta + u"versioni.txt.sig"_s, FirmaByte(Elenco, Segreta.toLatin1()) + "\r\n");
     ScriviFile(Meta + u"versioni.txt"_s, Elenco);

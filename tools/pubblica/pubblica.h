@@ -8,9 +8,10 @@
 ///
 ///   chiavi FOLDER      makes calcanova.pub, for the package, and calcanova.key, for the publisher alone
 ///   cartella FOLDER --chiave FILE --versione N.N.N --tassi FILE [--data GG/MM/AAAA] [--nota TEXT]
-///   [INSTALLER...]
+///   [--programma FOLDER] [INSTALLER...]
 ///                      lays out FOLDER/kr5/setup: versioni.txt and its signature, tassi.dat, the installers,
-///                      which are called upgrade<version>.exe or .deb there
+///                      which are called upgrade<version>.exe or .deb there; with the folder of the program
+///                      the pages of ScriviPagineSito too
 ///
 /// The date is that of the archive's file unless another one is told. What stands in the folder is replaced;
 /// keys never are.

@@ -47,7 +47,7 @@ const QSet<QString>& NonConsegnati()
     static const QSet<QString> Nomi{
         u"kr5.ini"_s,           u"avvisokr5.ini"_s,         // written by the program
         u"versioni.txt"_s,                                  // brought from a server
-        u"notes.htm"_s,         u"sviluppo.htm"_s,          // pages of a server
+        u"notes.htm"_s,                                     // a page of a server
         u"calcaprima.exe"_s,                                // the earlier product
         u"personafisica.rtf"_s, u"personagiuridica.rtf"_s,  // ends of names: see testiRtf
         u"rubrica.mdb"_s,                                   // an address book of another place
