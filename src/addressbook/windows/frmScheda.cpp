@@ -13,9 +13,12 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPalette>
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QShortcut>
+#include <QStyle>
 #include <QToolButton>
 
 #include <algorithm>
@@ -47,6 +50,14 @@ constexpr std::array Tasti{
     TastoScheda{u"print", u"print", u"Stampa", u"Stampa la scheda"},
     TastoScheda{u"off", u"exit", u"Chiudi", u"Chiudi la scheda; le modifiche restano in sospeso"},
 };
+
+/// What cannot be typed into has the colour of the window around it.
+void MostraBloccato(QWidget* Box)
+{
+    QPalette Colori = Box->palette();
+    Colori.setColor(QPalette::Base, Colori.color(QPalette::Window));
+    Box->setPalette(Colori);
+}
 
 }  // namespace
 
@@ -215,6 +226,8 @@ void frmScheda::CreaCoppia(const Campo& Colonna, const QString& Titolo)
                 Cambiata(Numero + 1);
         });
     }
+    if (Nuova.Bloccata)
+        MostraBloccato(Box);
     if (!Nuova.Bloccata)
         AlLasciaSempre(Box, [this] {
             const bool Scritto = ScriviPendente();
@@ -241,7 +254,7 @@ QPlainTextEdit* frmScheda::CreaMemo()
     auto* Nuovo = new QPlainTextEdit;
     Nuovo->setTabChangesFocus(true);
     Nuovo->setMinimumWidth(aspetto::Pixel(GetFieldWidth(int(TipoCampo::Memo))));
-    const int Bordi = 2 * (Nuovo->frameWidth() + int(Nuovo->document()->documentMargin()));
+    const int Bordi = 2 * (Nuovo->frameWidth() + int(Nuovo->document()->documentMargin()) + 1);
     Nuovo->setMinimumHeight(RigheMemo * Nuovo->fontMetrics().lineSpacing() + Bordi);
     Nuovo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     return Nuovo;
@@ -279,9 +292,13 @@ void frmScheda::Dimensiona()
     ui->lblAvviso->setFixedHeight(ui->lblAvviso->fontMetrics().height() + 4);
     const QSize Pagina = ui->pagina->layout()->minimumSize();
     const int Intorno = ui->barScheda->sizeHint().height() + ui->lblAvviso->height();
-    const int Alta = aspetto::Pixel(int(Colonne.size()) * TwipCoppia + TwipIntorno);
-    resize(std::max(Pagina.width(), ui->barScheda->sizeHint().width()),
-           std::max(Alta, Pagina.height() + Intorno));
+    const int Alta =
+        std::max(aspetto::Pixel(int(Colonne.size()) * TwipCoppia + TwipIntorno), Pagina.height() + Intorno);
+    // Where the screen is too low for it, the boxes keep their width beside the bar that scrolls them.
+    constexpr int CorniceComune = 40;
+    const bool Scorre = Alta + CorniceComune > screen()->availableGeometry().height();
+    const int Barra = Scorre ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0;
+    resize(std::max(Pagina.width() + Barra, ui->barScheda->sizeHint().width()), Alta);
 }
 
 // ---- what the boxes show ------------------------------------------------------------------------
