@@ -4,8 +4,6 @@
 #include "platform/database/clienti.h"
 #include "supporto/guasti.h"
 
-#include <QFile>
-
 using namespace Qt::StringLiterals;
 
 class TestModificaAperta : public QObject
@@ -26,11 +24,7 @@ private Q_SLOTS:
 
 private:
     /// The same file as another program has it open.
-    Database AltroProgramma() const
-    {
-        const QString Nome = NuovaCartella() + u"altro.mdb"_s;
-        return QFile::link(Db.Percorso(), Nome) ? OpenDatabase(Nome) : Database();
-    }
+    Database AltroProgramma() const { return AltraConnessione(Db); }
     Database Db;
     Recordset Righe;
 };

@@ -4,6 +4,16 @@
 #include "platform/database/database.h"
 #include "supporto/prova.h"
 
+#include <filesystem>
+
+/// The same file by another name, as another program has it open: with a connection of its own.
+inline Database AltraConnessione(const Database& Db)
+{
+    const QString Nome = NuovaCartella() + QStringLiteral("altro.mdb");
+    std::filesystem::create_hard_link(Db.Percorso().toStdString(), Nome.toStdString());
+    return OpenDatabase(Nome);
+}
+
 inline Campo Colonna(const QString& Nome, TipoCampo Tipo, int Size = 0)
 {
     return {Nome, Tipo, Size, {}, false};
