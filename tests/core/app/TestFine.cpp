@@ -1,6 +1,6 @@
 // How the last note, any note, or the command "off" ends the program: normal, low and companion sessions.
 #include "feenote/modNuovaParcella.h"
-#include "scena.h"
+#include "ufficio.h"
 
 #include "core/aperture.h"
 #include "core/app/apritori.h"
@@ -80,14 +80,7 @@ void TestFine::init()
 {
     S = std::make_unique<Scena>();
     Box = std::make_unique<Registratore>();
-    Note = NuovaCartella();
-    Scena::Salva(u"PercorsoProcedura"_s, ProgrammaDiProva());
-    Scena::Salva(u"StudioNome"_s, u"Studio Bianchi"_s);
-    Scena::Salva(u"CercaAgg"_s, u"N"_s);
-    Scena::Salva(u"ParcellePath"_s, Note);
-    const QString Utente = NuovaCartella();
-    Scena::Salva(u"UserFolder"_s, Utente);
-    ScriviFile(Utente + u"avvisokr5.ini"_s, "[avvisokr5]\nletto=21/11/2026\n");
+    Note = SalvaUfficio();
     RiempiApritori();
 }
 

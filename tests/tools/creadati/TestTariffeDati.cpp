@@ -79,6 +79,14 @@ QString Esegui(const QStringList& Argomenti, int& Stato)
     return Detto;
 }
 
+/// The three amounts of a bracket or an office, beside those of the row of data.
+void ImportiAttesi(const Recordset& Voce, const QString& Numero)
+{
+    QTEST(Voce.Value(Numero + u"Med"_s).toDouble(), "Medio");
+    QTEST(Voce.Value(Numero + u"Min"_s).toDouble(), "Minimo");
+    QTEST(Voce.Value(Numero + u"Max"_s).toDouble(), "Massimo");
+}
+
 }  // namespace
 
 void TestTariffeDati::initTestCase()
@@ -145,10 +153,7 @@ void TestTariffeDati::cifreCivili()
     const Recordset Voce =
         Base.OpenRecordset(u"SELECT * FROM OnorariCiv WHERE IDAutor=? AND CodOno=?"_s, {Ufficio, Codice});
     QCOMPARE(Voce.RecordCount(), 1);
-    const QString Numero = QString::number(Scaglione);
-    QTEST(Voce.Value(Numero + u"Med"_s).toDouble(), "Medio");
-    QTEST(Voce.Value(Numero + u"Min"_s).toDouble(), "Minimo");
-    QTEST(Voce.Value(Numero + u"Max"_s).toDouble(), "Massimo");
+    ImportiAttesi(Voce, QString::number(Scaglione));
 }
 
 void TestTariffeDati::cifrePenali_data()
@@ -180,10 +185,7 @@ void TestTariffeDati::cifrePenali()
     QFETCH(int, Codice);
     const Recordset Voce = Base.OpenRecordset(u"SELECT * FROM OnorariPen WHERE IDOno=?"_s, {Codice});
     QCOMPARE(Voce.RecordCount(), 1);
-    const QString Numero = QString::number(Ufficio);
-    QTEST(Voce.Value(Numero + u"Med"_s).toDouble(), "Medio");
-    QTEST(Voce.Value(Numero + u"Min"_s).toDouble(), "Minimo");
-    QTEST(Voce.Value(Numero + u"Max"_s).toDouble(), "Massimo");
+    ImportiAttesi(Voce, QString::number(Ufficio));
 }
 
 void TestTariffeDati::formuleStragiudiziali_data()
