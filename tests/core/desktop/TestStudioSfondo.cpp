@@ -196,8 +196,8 @@ void TestStudioSfondo::marchi_data()
     QTest::newRow("a page of the program's own")
         << QString() << true << QStringList{Pagina.arg(u"editore"), Pagina.arg(u"sviluppo")};
     QTest::newRow("sites") << u"https://www.esempio.it"_s << false
-                           << QStringList{u"indirizzo https://www.esempio.it/"_s,
-                                          u"indirizzo https://www.esempio.it/sviluppo.htm"_s};
+                           << QStringList{u"indirizzo https://www.esempio.it/vdm.asp#editore"_s,
+                                          u"indirizzo https://www.esempio.it/vdm.asp#sviluppo"_s};
     QTest::newRow("neither") << QString() << false << QStringList();
 }
 
