@@ -58,7 +58,7 @@ struct Obbligo
 constexpr std::array Obblighi{
     Obbligo{u"txtNomeStudio", frmSetup::SchedaDatiStudio, u"Non è stato specificato il nome dello studio!"},
     Obbligo{u"txtIndStudio", frmSetup::SchedaDatiStudio, u"Non è stato specificato l'indirizzo!"},
-    Obbligo{u"txtCittaStudio", frmSetup::SchedaDatiStudio, u"Non è stata specificato la città!"},
+    Obbligo{u"txtCittaStudio", frmSetup::SchedaDatiStudio, u"Non è stato specificata la città!"},
     Obbligo{u"txtEMail", frmSetup::SchedaDatiStudio, u"Non è stata specificata la mail!"},
     Obbligo{u"txtDirectoryProc", frmSetup::SchedaSetup,
             u"Non è stata specificata la cartella del Programma!"},

@@ -160,7 +160,7 @@ void TestFrmSetup::rifiuti_data()
 
     QTest::newRow("name") << u"txtNomeStudio"_s << u"Non è stato specificato il nome dello studio!"_s;
     QTest::newRow("address") << u"txtIndStudio"_s << u"Non è stato specificato l'indirizzo!"_s;
-    QTest::newRow("city") << u"txtCittaStudio"_s << u"Non è stata specificato la città!"_s;
+    QTest::newRow("city") << u"txtCittaStudio"_s << u"Non è stato specificata la città!"_s;
     QTest::newRow("e-mail") << u"txtEMail"_s << u"Non è stata specificata la mail!"_s;
     QTest::newRow("program folder, on another tab")
         << u"txtDirectoryProc"_s << u"Non è stata specificata la cartella del Programma!"_s;
@@ -193,7 +193,7 @@ void TestFrmSetup::ordineDeiRifiuti()
     for (const auto& [Nome, Messaggio] :
          {std::pair{u"txtNomeStudio"_s, u"Non è stato specificato il nome dello studio!"_s},
           std::pair{u"txtIndStudio"_s, u"Non è stato specificato l'indirizzo!"_s},
-          std::pair{u"txtCittaStudio"_s, u"Non è stata specificato la città!"_s},
+          std::pair{u"txtCittaStudio"_s, u"Non è stato specificata la città!"_s},
           std::pair{u"txtEMail"_s, u"Non è stata specificata la mail!"_s}}) {
         Box.Attendi(Messaggio);
         QVERIFY(!Modulo->CheckValori());
