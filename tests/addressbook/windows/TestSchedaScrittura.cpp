@@ -1,5 +1,8 @@
 // The card of a row: what is written, how it is left, the line of changes that are not saved.
 #include "addressbook/windows/tavoloscheda.h"
+#include "platform/system/guasti.h"
+
+#include <filesystem>
 
 using namespace Qt::StringLiterals;
 
@@ -32,6 +35,8 @@ private Q_SLOTS:
     void congeda();
     void aggiornamentoFallito_data();
     void aggiornamentoFallito();
+    void archivioBloccato();
+    void discoPieno();
     void cambiataDaUnAltroProgramma();
     void contropSegue();
     void linea_data();
@@ -361,6 +366,49 @@ void TestSchedaScrittura::aggiornamentoFallito()
     }
     Premuto("barScheda_undo");
     QCOMPARE(Chiusure, QList<bool>{false});
+}
+
+/// Another program is writing: the card waits a while, then says so and stays as it is.
+void TestSchedaScrittura::archivioBloccato()
+{
+    Apri(u"edit"_s);
+    Battere(u"Nominativo"_s, u"Verdi Eva"_s);
+    {
+        const QString Altro = NuovaCartella() + u"altro.mdb"_s;
+        std::filesystem::create_hard_link(Db.Percorso().toStdString(), Altro.toStdString());
+        const Database AltroProgramma = OpenDatabase(Altro);
+        const Transazione Scrive(AltroProgramma);
+        Voce->Attendi(u"Errore: Impossibile aggiornare: i dati sono bloccati da un altro utente (3260)"_s);
+        Premuto("barScheda_do");
+        QVERIFY(Scheda && Scheda->isVisible());
+        QCOMPARE(Casella(u"Nominativo"_s)->text(), u"Verdi Eva"_s);
+        QCOMPARE(Righe.EditMode(), 1);
+    }
+    Premuto("barScheda_do");
+    QCOMPARE(Chiusure, QList<bool>{true});
+    QCOMPARE(NelFile(u"Nominativo"_s).toString(), u"Verdi Eva"_s);
+}
+
+void TestSchedaScrittura::discoPieno()
+{
+    const QString File = Db.Percorso();
+    Righe.Close();
+    Db = {};
+    guasti::LimitePagine = 20;
+    Db = OpenDatabase(File);
+    guasti::LimitePagine = 0;
+    Righe = Db.OpenRecordset(u"clienti"_s);
+    Apri(u"edit"_s);
+    auto* Note = qobject_cast<QPlainTextEdit*>(Box(u"Note"_s));
+    Note->setFocus();
+    Note->insertPlainText((QString(99, u'x') + u'\n').repeated(1000));
+    Voce->Attendi(u"Errore: Spazio su disco insufficiente per il database (3026)"_s);
+    Premuto("barScheda_do");
+    QVERIFY(Scheda && Scheda->isVisible());
+    QVERIFY(Note->toPlainText().size() >= 100'000);
+    QCOMPARE(Righe.EditMode(), 1);
+    QCOMPARE(NelFile(u"Note"_s).toString(), u"prima riga\nseconda"_s);
+    Premuto("barScheda_undo");
 }
 
 void TestSchedaScrittura::cambiataDaUnAltroProgramma()
