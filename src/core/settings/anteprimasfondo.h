@@ -6,6 +6,8 @@
 #include <QPixmap>
 #include <QWidget>
 
+class QPainter;
+
 class AnteprimaSfondo : public QWidget
 {
     Q_OBJECT
@@ -24,7 +26,7 @@ protected:
     void paintEvent(QPaintEvent* Evento) override;
 
 private:
-    void DisegnaEtichetta(class QPainter& Pennello, int Centro, const QString& Testo, bool Marcata) const;
+    void DisegnaEtichetta(QPainter& Pennello, int Centro, const QString& Testo, bool Marcata) const;
 
     QString FileLetto;
     QPixmap Immagine;
