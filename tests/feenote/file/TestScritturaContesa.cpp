@@ -12,8 +12,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {}  // namespace
-
 class TestScritturaContesa : public QObject
 {
     Q_OBJECT
