@@ -102,6 +102,14 @@ void frmRicerche::AddCampi(const QString& Campo, const QString& Titolo)
     Elenco.append({Campo, Titolo});
 }
 
+QStringList frmRicerche::NomiCampi() const
+{
+    QStringList Nomi;
+    for (const CampoElencato& Voce : Elenco)
+        Nomi.append(Voce.Nome);
+    return Nomi;
+}
+
 void frmRicerche::LoadCampi()
 {
     if (Elenco.isEmpty())

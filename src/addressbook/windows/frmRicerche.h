@@ -38,6 +38,8 @@ public:
     void ClearArray();
     /// Appends a field to the list.
     void AddCampi(const QString& Campo, const QString& Titolo);
+    /// The fields of the list, in order, by their names.
+    [[nodiscard]] QStringList NomiCampi() const;
     /// Shows the list of fields; an empty one takes every field of the recordset first. The field of the last
     /// use is chosen again, the first one where there was none yet.
     void LoadCampi();

@@ -142,17 +142,23 @@ void frmRubrica::ApriRicerca()
 {
     TogliFiltro();
     frmRicerche& Form = Ricerca();
-    Form.InitCampi();
     struct Cercabile
     {
         QString Nome;
         QString Titolo;
     };
-    for (const auto& [Nome, Titolo] :
-         {Cercabile{u"Nominativo"_s, u"Nominativo"_s}, Cercabile{u"CodFis"_s, u"Codice fiscale"_s}})
-        if (HaColonna(Righe.Campi(), Nome))
-            Form.AddCampi(Nome, Titolo);
-    Form.LoadCampi();
+    QList<Cercabile> Voci{{u"Nominativo"_s, u"Nominativo"_s}, {u"CodFis"_s, u"Codice fiscale"_s}};
+    Voci.removeIf([this](const Cercabile& Voce) { return !HaColonna(Righe.Campi(), Voce.Nome); });
+    QStringList Nomi;
+    for (const Cercabile& Voce : std::as_const(Voci))
+        Nomi.append(Voce.Nome);
+    // A list that stands already keeps what the user has chosen in it.
+    if (Form.NomiCampi() != Nomi) {
+        Form.InitCampi();
+        for (const Cercabile& Voce : std::as_const(Voci))
+            Form.AddCampi(Voce.Nome, Voce.Titolo);
+        Form.LoadCampi();
+    }
     Form.Apri();
     const QWidget* Vista = ui->tdbRubrica->Vista()->viewport();
     Form.Accosta({Vista->mapToGlobal(QPoint()), Vista->size()});

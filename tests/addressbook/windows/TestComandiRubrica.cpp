@@ -549,6 +549,11 @@ void TestComandiRubrica::siCerca()
     Scrivi(Controllo<QLineEdit>(Cerca, "txtValore"), u"rossi"_s);
     Clic(Controllo(Cerca, "cmdFind_0"));
     QCOMPARE(Corrente(F), u"Rossi Mario"_s);
+    // Called again it keeps what was chosen in it.
+    QApplication::setActiveWindow(F);
+    QTest::keyClick(Lista(F)->Vista(), Qt::Key_F, Qt::ControlModifier);
+    QCOMPARE(Controllo<QComboBox>(Cerca, "cmbOper")->currentIndex(), 8);
+    QCOMPARE(Controllo<QLineEdit>(Cerca, "txtValore")->text(), u"rossi"_s);
     // With the dialog closed the key goes on from there, and back.
     Cerca->close();
     QApplication::setActiveWindow(F);
