@@ -171,11 +171,15 @@ bool frmRubrica::eventFilter(QObject* Oggetto, QEvent* Evento)
 
 void frmRubrica::ApriMenu(int Riga, const QPoint& Punto)
 {
+    if (Riga >= 0 && Riga != ui->tdbRubrica->RigaCorrente().value_or(-1)) {
+        // The grid has asked at the press; an edit that is still open means that the user stays on its row.
+        if (Righe.EditMode() != 0)
+            return;
+        ui->tdbRubrica->ImpostaRigaCorrente(Riga);
+    }
     auto* Menu = new QMenu(this);
     Menu->setObjectName(u"menuRubrica"_s);
     Menu->setAttribute(Qt::WA_DeleteOnClose);
-    if (Riga >= 0)
-        ui->tdbRubrica->ImpostaRigaCorrente(Riga);
     for (const TastoRubrica& Descritto : Tasti) {
         const QString Chiave = Descritto.Chiave.toString();
         QAction* Azione = Tasto(Chiave);

@@ -8,7 +8,9 @@
 #include "platform/system/guasti.h"
 
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QFile>
+#include <QMenu>
 #include <QPushButton>
 #include <QScopedValueRollback>
 
@@ -54,6 +56,8 @@ private Q_SLOTS:
     void laRicercaSegueLOrdine();
     void laSchedaAppesa();
     void laSchedaAppesaPrimaDiUnComando();
+    void laSchedaAppesaEIlTastoDestro_data();
+    void laSchedaAppesaEIlTastoDestro();
     void siChiudeConLaSchedaAperta();
     void siRiapreConLaSchedaAperta();
     void laParcellaSiChiudeConLaSchedaAperta();
@@ -646,6 +650,47 @@ void TestComandiRubrica::laSchedaAppesaPrimaDiUnComando()
     ClicCella(Lista(F), 2, 1);
     QCOMPARE(Corrente(F), u"BRUNI Carla"_s);
     QCOMPARE(Cella(F, 0, 1), u"Verdi Bruno"_s);
+}
+
+void TestComandiRubrica::laSchedaAppesaEIlTastoDestro_data()
+{
+    QTest::addColumn<bool>("Selettore");
+    QTest::newRow("su una cella") << false;
+    QTest::newRow("sul selettore di riga") << true;
+}
+
+/// Who stays on his edit is asked once, and has no menu of another row.
+void TestComandiRubrica::laSchedaAppesaEIlTastoDestro()
+{
+    QFETCH(bool, Selettore);
+    frmRubrica* F = A->Apri(A->DaNota());
+    QVERIFY(F);
+    F->Comando(u"edit"_s);
+    ScriviScheda(F, 1, u"Verdi Bruno"_s);
+    Premuto(F, u"off"_s);
+    QApplication::setActiveWindow(F);
+    const QString Domanda = u"Salvare le modifiche alla scheda?"_s;
+    QWidget* Dove =
+        Selettore ? Lista(F)->Vista()->verticalHeader()->viewport() : Lista(F)->Vista()->viewport();
+    const QPoint Punto(10, CentroCella(Lista(F), 2, 1).y());
+    const auto TastoDestro = [&] {
+        QTest::mouseClick(Dove, Qt::RightButton, Qt::NoModifier, Punto);
+        QContextMenuEvent Evento(QContextMenuEvent::Mouse, Punto, Dove->mapToGlobal(Punto));
+        QApplication::sendEvent(Dove, &Evento);
+    };
+    A->Voce.Attendi(Domanda, vbCancel);
+    TastoDestro();
+    QCOMPARE(F->RigheMostrate().EditMode(), 1);
+    QVERIFY(F->RigheMostrate().Toccato());
+    QCOMPARE(Corrente(F), u"verdi Anna"_s);
+    QVERIFY(!F->findChild<QMenu*>(u"menuRubrica"_s));
+    A->Voce.Attendi(Domanda, vbYes);
+    TastoDestro();
+    QCOMPARE(Corrente(F), u"BRUNI Carla"_s);
+    QCOMPARE(Cella(F, 0, 1), u"Verdi Bruno"_s);
+    auto* Menu = F->findChild<QMenu*>(u"menuRubrica"_s);
+    QVERIFY(Menu);
+    Menu->close();
 }
 
 void TestComandiRubrica::siChiudeConLaSchedaAperta()
