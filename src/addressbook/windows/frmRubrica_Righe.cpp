@@ -180,8 +180,8 @@ void frmRubrica::ContaRighe()
 {
     const bool Filtrate = !Vaglio.Vuoto();
     datNom->setText(FraseConto(Righe.RecordCount(), Tutte.RecordCount(), Filtrate));
-    const QString Vuota =
-        Richiesta.Modifiche ? u"Nessun nominativo: Nuovo (Ins) o Importa"_s : u"Nessun nominativo"_s;
+    const bool Scrivibile = Richiesta.Modifiche && !Archivio.DiSolaLettura();
+    const QString Vuota = Scrivibile ? u"Nessun nominativo: Nuovo (Ins) o Importa"_s : u"Nessun nominativo"_s;
     ui->tdbRubrica->FraseVuota(Filtrate ? u"Nessun nominativo contiene queste parole (Esc svuota il filtro)"_s
                                         : Vuota);
 }

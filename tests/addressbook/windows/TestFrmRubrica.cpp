@@ -24,6 +24,7 @@ private Q_SLOTS:
     void iBottoni();
     void nascostiSenzaTasti();
     void lArchivioVuoto();
+    void lArchivioVuotoDiSolaLettura();
     void lArchivioCheManca_data();
     void lArchivioCheManca();
     void senzaArchivioIlFileRubrica();
@@ -139,6 +140,25 @@ void TestFrmRubrica::lArchivioVuoto()
     ClicTitolo(F, 1);
     Digita(u"x"_s);
     QTRY_COMPARE(Conto(F), u"0 di 0"_s);
+}
+
+/// Where nothing can be inserted the empty list does not ask for it.
+void TestFrmRubrica::lArchivioVuotoDiSolaLettura()
+{
+    OpenDatabase(A->File).Execute(u"DELETE FROM clienti"_s);
+    const auto Aspetto = [this](int Posto, bool Modifiche) {
+        RichiestaRubrica Chiesta = A->DaNota(Posto);
+        Chiesta.Modifiche = Modifiche;
+        const frmRubrica* F = A->Apri(Chiesta);
+        return F ? Lista(F)->Vista()->viewport()->grab().toImage() : QImage();
+    };
+    const QImage Scrivibile = Aspetto(1, true);
+    const QImage SoloDaGuardare = Aspetto(2, false);
+    QVERIFY(!Scrivibile.isNull() && Scrivibile != SoloDaGuardare);
+    QVERIFY(ChiudiRubriche());
+    Respiro();
+    QVERIFY(QFile::setPermissions(A->File, QFile::ReadOwner | QFile::ReadUser));
+    QVERIFY(Aspetto(3, true) == SoloDaGuardare);
 }
 
 void TestFrmRubrica::lArchivioCheManca_data()
