@@ -83,10 +83,11 @@ void frmRubrica::SchedaChiusa(bool Scritta)
 /// The current row was written: the whole table has it too, and the notes that are linked to it follow.
 void frmRubrica::Salvata()
 {
-    AllineaTutte();
-    ContaRighe();
+    // The notes first: they follow the row also when the archive cannot be read again now.
     if (Aperture.NominativoCambiato && HaColonna(Righe.Campi(), u"ID"_s))
         Aperture.NominativoCambiato(Richiesta.RecordSource, Righe.Value(u"ID"_s).toInt());
+    AllineaTutte();
+    ContaRighe();
 }
 
 // ---- deleting -----------------------------------------------------------------------------------
@@ -178,6 +179,7 @@ void frmRubrica::Ripeti(bool Indietro)
 
 void frmRubrica::Seleziona()
 {
+    Righe.ImpostaBookmark(Righe.Bookmark());  // reads the row anew: others may have written to it
     const QVariantList Valori = ValoriScelti(Righe, Colonne);
     if (Valori.at(1).toString().trimmed().isEmpty()) {
         MsgBox(u"Il nominativo scelto non ha un nome!"_s, vbOKOnly + vbExclamation,

@@ -95,9 +95,13 @@ void frmRubrica::Rileggi()
 void frmRubrica::AllineaTutte()
 {
     const quint64 Versione = Archivio.Versione();
-    if (!Vaglio.Vuoto())
+    const bool Altri = Versione != VersioneRighe && Versione != VersioneRighe + 1;
+    const bool Filtrate = !Vaglio.Vuoto();
+    if (Filtrate || Altri)
         Tutte = ApriRighe(InOrdine);
     VersioneRighe = Versione;
+    if (Altri && !Filtrate)
+        MostraRighe(SegnoCorrente());
 }
 
 /// Puts the rows that the filter leaves on view; the row of this bookmark is the current one where it is
