@@ -116,7 +116,7 @@ void frmRubrica::CollegaControlli()
     ::Collega(ui->txtFiltro, &QLineEdit::textChanged, this, [this] { Esegui([this] { Filtra(); }); });
     Griglia* Lista = ui->tdbRubrica;
     Lista->ConsentiComandi(true);
-    Lista->LasciaRiga = [this](int) { return ui->panSospeso->Consenti(); };
+    Lista->LasciaRiga = [this](int) { return Consenti(); };
     Lista->CercaLettere = [this](const QString& Lettere) {
         ui->txtFiltro->setFocus();
         ui->txtFiltro->setText(Lettere);
@@ -157,7 +157,10 @@ bool frmRubrica::eventFilter(QObject* Oggetto, QEvent* Evento)
     const bool Scende =
         Premuto.key() == Qt::Key_Down || Premuto.key() == Qt::Key_Return || Premuto.key() == Qt::Key_Enter;
     if (Oggetto == ui->txtFiltro && Scende) {
-        ui->tdbRubrica->setFocus(Qt::TabFocusReason);
+        // Down to the rows that the filter leaves, not to those that it is about to take away.
+        Esegui([this] { Filtra(true); });
+        if (!FiltroInAttesa())
+            ui->tdbRubrica->setFocus(Qt::TabFocusReason);
         return true;
     }
     // Esc empties the filter, also from the grid; the next one closes.
@@ -303,7 +306,7 @@ bool frmRubrica::Congeda()
 {
     if (Scheda && !Scheda->Congeda())
         return false;
-    return ui->panSospeso->Consenti();
+    return Consenti();
 }
 
 void frmRubrica::LasciaNota()

@@ -46,7 +46,8 @@ public:
                     const QString& Maschera);
 
     /// Runs a command: "new", "edit", "view", "delete", "search", "selez", whatever their case. Another word,
-    /// or one whose button is hidden or disabled, does nothing.
+    /// or one whose button is hidden or disabled, does nothing. A filter that waits for its texts comes into
+    /// force first.
     void Comando(const QString& Parola);
     void tdbRubrica_HeadClick(int Colonna);
 
@@ -109,9 +110,15 @@ private:
     void SegnaOrdine();
     void ContaRighe();
     void Abilita();
-    void Filtra();
+    void Filtra(bool Aspetta = false);
+    void ApplicaFiltro(const Filtro& Nuovo);
+    void RidaiTesto();
     void TogliFiltro();
     void LeggiTesti();
+    [[nodiscard]] bool FiltroInAttesa() const;
+    [[nodiscard]] bool FiltroConcluso(bool DellaRiga);
+    [[nodiscard]] bool Impegnata() const;
+    [[nodiscard]] bool Consenti();
     [[nodiscard]] QVariant SegnoCorrente() const;
     [[nodiscard]] bool HaRiga() const;
     void RicordaLarghezze();
@@ -138,10 +145,12 @@ private:
     std::optional<Ordine> InOrdine;
     QHash<QString, bool> Versi;  ///< by column: true when its last click has ordered downwards
     Filtro Vaglio;               ///< the filter in force
+    QString TestoVaglio;         ///< as it was typed
     TestiRubrica Testi;
     QTimer Lettura;             ///< reads the texts of the filter while nothing else happens
     quint64 VersioneRighe = 0;  ///< of the archive when the rows were read
     bool InMostra = false;      ///< the grid's row is moved by code
+    bool InCorso = false;       ///< a command runs, or asks
     std::vector<RigaTolta> Tolte;
 
     QPointer<frmScheda> Scheda;

@@ -12,6 +12,7 @@
 #include "ui_frmRubrica.h"
 
 #include <QAction>
+#include <QScopedValueRollback>
 #include <QTableView>
 
 #include <algorithm>
@@ -21,6 +22,7 @@ using namespace Qt::StringLiterals;
 /// Runs a procedure of the form. A row that another program has deleted is told, and goes from the list.
 void frmRubrica::Esegui(const std::function<void()>& Azione)
 {
+    const QScopedValueRollback Guardia(InCorso, true);
     try {
         Azione();
     } catch (const Errore& Guasto) {
@@ -37,7 +39,9 @@ void frmRubrica::Comando(const QString& Parola)
     if (!Azione || !Azione->isVisible() || !Azione->isEnabled() || Scheda)
         return;
     Esegui([&] {
-        if (!ui->panSospeso->Consenti())
+        // The search takes the filter away; anything else is done with a row that the filter leaves.
+        const bool DellaRiga = Chiave != u"new"_s && Chiave != u"rimetti"_s;
+        if (!Consenti() || (Chiave != u"search"_s && !FiltroConcluso(DellaRiga)) || !Azione->isEnabled())
             return;
         if (Chiave == u"delete"_s)
             Elimina();
@@ -94,9 +98,11 @@ void frmRubrica::Salvata()
 
 void frmRubrica::Elimina()
 {
+    const QVariant Chiesta = Righe.Bookmark();
     if (MsgBox(u"Confermi la cancellazione del nominativo selezionato?"_s,
                vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString()) != vbYes)
         return;
+    Righe.ImpostaBookmark(Chiesta);  // the row that the question was about, wherever the list stands now
     const QVariantList Celle = Righe.Grezza();
     Righe.Delete();
     Tolte.push_back({Archivio.Percorso(), Richiesta.RecordSource, Celle});
@@ -126,7 +132,7 @@ frmRicerche& frmRubrica::Ricerca()
     if (!Cercatore) {
         Cercatore = new frmRicerche(this);
         Cercatore->ImpostaRecordSource(Righe);
-        Cercatore->PrimaDiMuovere = [this] { return !Scheda && ui->panSospeso->Consenti(); };
+        Cercatore->PrimaDiMuovere = [this] { return !Scheda && Consenti(); };
         ::Collega(Cercatore.data(), &frmRicerche::Trovata, this, [this] {
             Riallinea();
             const QTableView* Vista = ui->tdbRubrica->Vista();
@@ -172,7 +178,10 @@ void frmRubrica::Ripeti(bool Indietro)
     if (!Cercatore || !Cercatore->PuoRipetere())
         Comando(u"search"_s);
     else
-        Esegui([&] { Cercatore->Ripeti(Indietro); });
+        Esegui([&] {
+            if (FiltroConcluso(false))
+                Cercatore->Ripeti(Indietro);
+        });
 }
 
 // ---- choosing -----------------------------------------------------------------------------------

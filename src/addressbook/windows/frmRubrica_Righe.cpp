@@ -70,6 +70,7 @@ void frmRubrica::ApriTabella()
         ui->txtFiltro->clear();
     }
     Vaglio = {};
+    TestoVaglio.clear();
     MostraRighe({});
     VaiAllaRiga(0);
     lblArchivio->setText(Archivio.DiSolaLettura() ? u"L'archivio è di sola lettura"_s : QString());
@@ -80,7 +81,7 @@ void frmRubrica::ApriTabella()
 /// Reads the rows anew, in their order and through their filter; the current one stays where it can.
 void frmRubrica::Rileggi()
 {
-    if (!Archivio.Aperto() || !ui->panSospeso->Consenti())
+    if (!Archivio.Aperto() || !Consenti())
         return;
     const ClessidraAccesa Attesa;
     const QVariant Segno = SegnoCorrente();
@@ -91,7 +92,8 @@ void frmRubrica::Rileggi()
     MostraRighe(Segno, Posto);
 }
 
-/// After this browser has written: without a filter the rows on view are those of the table.
+/// After this browser has written a row: without a filter the rows on view are those of the table, unless
+/// others have written too since they were read.
 void frmRubrica::AllineaTutte()
 {
     const quint64 Versione = Archivio.Versione();
@@ -275,7 +277,7 @@ void frmRubrica::tdbRubrica_HeadClick(int Colonna)
     Esegui([&] {
         const QString Nome = Colonne.at(Colonna).Nome;
         const bool Discendente = Versi.contains(Nome) && !Versi.value(Nome);
-        if (Archivio.Aperto() && ui->panSospeso->Consenti()) {
+        if (Archivio.Aperto() && Consenti()) {
             const ClessidraAccesa Attesa;
             const QVariant Segno = SegnoCorrente();
             const Ordine Nuovo{Colonne.at(Colonna), Discendente};
@@ -304,27 +306,65 @@ void frmRubrica::SegnaOrdine()
 
 // ---- filter -------------------------------------------------------------------------------------
 
-/// Shows the rows that hold what is typed, once their texts are read.
-void frmRubrica::Filtra()
+/// Shows the rows that hold what is typed, once their texts are read. Where that fails, or the user stays on
+/// an edit that is open, the box goes back to the filter in force.
+/// @param Aspetta reads the texts now, however long that takes
+void frmRubrica::Filtra(bool Aspetta)
 {
-    const Filtro Nuovo(ui->txtFiltro->text());
-    if (Nuovo == Vaglio || !Archivio.Aperto() || Scheda)
+    if (!Archivio.Aperto() || Scheda)
         return;  // the rows belong to an open card; the filter follows when it has gone
-    if (!ui->panSospeso->Consenti())
-        return;
-    if (!Nuovo.Vuoto() && !Testi.Leggi()) {
-        Lettura.start(0);
-        datNom->setText(u"Lettura dell'archivio..."_s);
+    if (!FiltroInAttesa()) {
+        ContaRighe();  // in the place of what was said while the texts were read
         return;
     }
+    if (!Consenti()) {
+        RidaiTesto();
+        return;
+    }
+    try {
+        const Filtro Nuovo(ui->txtFiltro->text());
+        std::optional<ClessidraAccesa> Attesa;
+        if (Aspetta)
+            Attesa.emplace();
+        bool Letti = Nuovo.Vuoto() || Testi.Leggi();
+        while (Aspetta && !Letti)
+            Letti = Testi.Leggi();
+        if (Letti) {
+            ApplicaFiltro(Nuovo);
+            return;
+        }
+    } catch (const Errore&) {
+        RidaiTesto();
+        throw;
+    }
+    Lettura.start(0);
+    datNom->setText(u"Lettura dell'archivio..."_s);
+}
+
+void frmRubrica::ApplicaFiltro(const Filtro& Nuovo)
+{
     const QVariant Segno = SegnoCorrente();
-    Vaglio = Nuovo;
     // What this program or another has written since is taken up.
     if (const quint64 Versione = Archivio.Versione(); Versione != VersioneRighe) {
         Tutte = ApriRighe(InOrdine);
         VersioneRighe = Versione;
     }
-    MostraRighe(Segno);
+    const Filtro Prima = std::exchange(Vaglio, Nuovo);
+    try {
+        MostraRighe(Segno);
+    } catch (...) {
+        Vaglio = Prima;
+        throw;
+    }
+    TestoVaglio = ui->txtFiltro->text();
+}
+
+/// The words of the filter in force, in the place of those that were refused.
+void frmRubrica::RidaiTesto()
+{
+    const QSignalBlocker Zitto(ui->txtFiltro);
+    ui->txtFiltro->setText(TestoVaglio);
+    ContaRighe();
 }
 
 void frmRubrica::TogliFiltro()
@@ -332,10 +372,54 @@ void frmRubrica::TogliFiltro()
     ui->txtFiltro->clear();
 }
 
-/// A portion of the texts at a time, between the events.
+bool frmRubrica::FiltroInAttesa() const
+{
+    return Archivio.Aperto() && Filtro(ui->txtFiltro->text()) != Vaglio;
+}
+
+/// Before something is done with a row: a filter that waits for its texts comes into force.
+/// @param DellaRiga of the current row: where the filter takes the one away that the user has gone to in the
+/// grid, nothing is done with another one in its place
+/// @return false when nothing is to be done
+bool frmRubrica::FiltroConcluso(bool DellaRiga)
+{
+    if (!FiltroInAttesa())
+        return true;
+    const QWidget* Fuoco = focusWidget();
+    const bool DallaGriglia = DellaRiga && Fuoco && ui->tdbRubrica->isAncestorOf(Fuoco);
+    const QVariant Segno = SegnoCorrente();
+    Filtra(true);
+    return !FiltroInAttesa() && (!DallaGriglia || SegnoCorrente() == Segno);
+}
+
+/// True while the rows are somebody else's: of a card, of a question, of a command.
+bool frmRubrica::Impegnata() const
+{
+    if (InCorso || Scheda || QApplication::activePopupWidget())
+        return true;
+    const QWidget* Sopra = QApplication::activeModalWidget();
+    if (!Sopra || Sopra->windowModality() == Qt::ApplicationModal)
+        return Sopra;
+    while (Sopra && Sopra != this)
+        Sopra = Sopra->parentWidget();
+    return Sopra;
+}
+
+/// Asks about an edit that was left open. @return false when the user stays with it
+bool frmRubrica::Consenti()
+{
+    const QScopedValueRollback Guardia(InCorso, true);
+    return ui->panSospeso->Consenti();
+}
+
+/// A portion of the texts at a time, between the events, and never behind a question.
 void frmRubrica::LeggiTesti()
 {
-    Lettura.setInterval(0);
+    constexpr int FraPoco = 100;
+    const bool Ferma = Impegnata();
+    Lettura.setInterval(Ferma ? FraPoco : 0);
+    if (Ferma)
+        return;
     try {
         if (!Testi.Leggi())
             return;

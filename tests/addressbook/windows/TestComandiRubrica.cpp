@@ -32,7 +32,6 @@ private Q_SLOTS:
     void iTastiDeiComandi();
     void nuovoDaUnaParcella();
     void nuovoColFiltro();
-    void ilFiltroAspettaLaScheda();
     void modificaEAvvisa();
     void menuStartConLaChiave_data();
     void menuStartConLaChiave();
@@ -221,27 +220,6 @@ void TestComandiRubrica::nuovoColFiltro()
     QTRY_COMPARE(Conto(F), u"6 nominativi"_s);
     QCOMPARE(Nomi(F).first(), u"Abate"_s);
     QCOMPARE(Corrente(F), u"Abate"_s);
-}
-
-/// The texts of many rows come late: a card that was opened meanwhile keeps its row and its edit.
-void TestComandiRubrica::ilFiltroAspettaLaScheda()
-{
-    OpenDatabase(A->File).Execute(
-        u"INSERT INTO clienti (Nominativo) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL "
-        "SELECT i+1 FROM n WHERE i<9000) SELECT 'Nome ' || i FROM n"_s);
-    frmRubrica* F = A->Apri(A->DaNota());
-    QVERIFY(F);
-    VaiA(F, 1);
-    Vaglio(F)->setText(u"forli"_s);
-    QCOMPARE(Conto(F), u"Lettura dell'archivio..."_s);
-    F->Comando(u"edit"_s);
-    QTest::qWait(300);
-    QCOMPARE(F->RigheMostrate().EditMode(), 1);
-    QCOMPARE(F->RigheMostrate().RecordCount(), 9005);
-    ScriviScheda(F, 1, u"Àlvari Ugo"_s);
-    Premuto(F, u"do"_s);
-    QTRY_COMPARE(Conto(F), u"1 di 9.005"_s);
-    QCOMPARE(Corrente(F), u"Àlvari Ugo"_s);
 }
 
 void TestComandiRubrica::modificaEAvvisa()
