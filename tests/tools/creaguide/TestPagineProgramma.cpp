@@ -28,12 +28,17 @@ private Q_SLOTS:
     void importiDelContributo_data();
     void importiDelContributo();
     void importiFissi();
+    void importiFuoriDalQuadro_data();
+    void importiFuoriDalQuadro();
+    void iscrizioneARuolo_data();
+    void iscrizioneARuolo();
 };
 PROVA(TestPagineProgramma);
 
 namespace {
 
 const QString TabellaContributi = u"docum/Tabella contributo unificato.htm"_s;
+const QString Decreto = u"docum/D.P.R. n. 115 del 30.5.2002 (stralcio, contributo unificato).htm"_s;
 
 QString Pagina(const QString& Nome)
 {
@@ -187,6 +192,47 @@ void TestPagineProgramma::importiFissi()
             ++Visti;
         }
     QVERIFY(Visti > 15);
+}
+
+void TestPagineProgramma::importiFuoriDalQuadro_data()
+{
+    QTest::addColumn<QString>("Comma");
+    QTest::addColumn<QString>("Argomento");
+    QTest::addColumn<QString>("Importo");
+
+    QTest::newRow("search for goods") << u"1-quinquies"_s << u"492-bis"_s << u"43,00"_s;
+    QTest::newRow("citizenship") << u"1-sexies"_s << u"cittadinanza italiana"_s << u"600,00"_s;
+}
+
+void TestPagineProgramma::importiFuoriDalQuadro()
+{
+    // Fees of the law that the form has no row for: a row of the table, a passage of the decree.
+    QFETCH(QString, Comma);
+    QFETCH(QString, Argomento);
+    QFETCH(QString, Importo);
+    const QString Riga =
+        Pagina(TabellaContributi).section(u"omma "_s + Comma + u')', 1).section(u"</tr>"_s, 0, 0);
+    QVERIFY2(Riga.contains(u'>' + Importo + u'<'), qPrintable(Riga));
+    const QString Passo = Pagina(Decreto).section(u"Comma "_s + Comma + u'.', 1).section(u"</li>"_s, 0, 0);
+    QVERIFY2(Passo.contains(Argomento) && Passo.contains(u"€ "_s + Importo), qPrintable(Passo));
+}
+
+void TestPagineProgramma::iscrizioneARuolo_data()
+{
+    QTest::addColumn<QString>("Nome");
+    QTest::newRow("table") << TabellaContributi;
+    QTest::newRow("decree") << Decreto;
+}
+
+void TestPagineProgramma::iscrizioneARuolo()
+{
+    // Since 2025 no case is listed without the least fee.
+    QFETCH(QString, Nome);
+    bool Trovato = false;
+    for (const QString& Passo : Pagina(Nome).split(u"<p>"_s))
+        Trovato = Trovato || (Passo.contains(u"comma 3.1") && Passo.contains(u"€ 43,00") &&
+                              Passo.contains(u"1° gennaio 2025"));
+    QVERIFY(Trovato);
 }
 
 #include "TestPagineProgramma.moc"
