@@ -1,6 +1,7 @@
 #include "core/settings/SchedaCartelle.h"
 
 #include "core/impostazioni.h"
+#include "core/indirizzi.h"
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
 #include "core/parametri.h"
@@ -92,6 +93,11 @@ SchedaCartelle::SchedaCartelle(QWidget* Padre) : QWidget(Padre), ui(std::make_un
         Colori.setColor(QPalette::WindowText, aspetto::Sbagliato());
         Avviso->setPalette(Colori);
     }
+    constexpr double Grigio = 0.7;
+    QPalette Colori = ui->lblSenzaServer->palette();
+    Colori.setColor(QPalette::WindowText, aspetto::Mischia(Colori.color(QPalette::WindowText),
+                                                           Colori.color(QPalette::Window), Grigio));
+    ui->lblSenzaServer->setPalette(Colori);
 }
 
 SchedaCartelle::~SchedaCartelle() = default;
@@ -101,6 +107,9 @@ void SchedaCartelle::Carica()
     for (const Percorso& Voce : Percorsi)
         (ui.get()->*Voce.Campo)->setText(Mostrato(Voce.Chiave));
     ui->chkCercaAgg->setChecked(ValoreConservato(chiavi::CercaAgg) == u"S");
+    const bool Server = !indirizzi::Server().isEmpty();
+    ui->lblSenzaServer->setVisible(!Server);
+    ui->chkCercaAgg->setAccessibleDescription(Server ? QString() : ui->lblSenzaServer->text());
     SegnaMancanti();
 }
 

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void programmaMaiScelto();
     void wordProcessor();
     void aggiornamenti();
+    void senzaServer();
     void cartellaMancante();
     void creaParcelle();
     void creaNonRiesce();
@@ -141,6 +142,23 @@ void TestSetupCartelle::aggiornamenti()
     Cerca->setChecked(true);
     T->Memorizza(Box);
     QCOMPARE(T->Parametro(u"CercaAgg"_s), u"S"_s);
+}
+
+void TestSetupCartelle::senzaServer()
+{
+    // Without a server the wish is kept and has no effect: the page says so while it lasts.
+    T->Apri(2);
+    const auto* Riga = T->Trova<QLabel>(u"lblSenzaServer"_s);
+    const auto* Cerca = T->Trova<QCheckBox>(u"chkCercaAgg"_s);
+    QVERIFY(Riga->isVisible());
+    QVERIFY(Riga->text().startsWith(u"Nessun server di aggiornamento è impostato"));
+    QCOMPARE(Cerca->accessibleDescription(), Riga->text());
+    QVERIFY(Cerca->isEnabled());
+    T->Trova<QWidget>(u"cmdChiudi"_s)->window()->close();
+    T->Salva(u"ServerAggiornamenti"_s, u"https://aggiorna.example"_s);
+    T->Apri(2);
+    QVERIFY(!Riga->isVisible());
+    QCOMPARE(Cerca->accessibleDescription(), QString());
 }
 
 void TestSetupCartelle::cartellaMancante()
