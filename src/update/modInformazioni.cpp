@@ -129,6 +129,7 @@ GruppoInformazioni Licenze()
         {{u"Qt %1"_s.arg(QString::fromLatin1(qVersion())),
           u"The Qt Company e collaboratori; GNU LGPL versione 3. Le librerie sono file a parte e si possono "
           u"sostituire"_s},
+         {u"OpenSSL"_s, u"The OpenSSL Project; licenza Apache 2.0. Protegge le connessioni https di Qt"_s},
          {u"SQLite"_s, u"D. Richard Hipp e collaboratori; pubblico dominio"_s},
          {u"libsodium"_s, u"Frank Denis e collaboratori; licenza ISC"_s},
          {u"Caratteri Liberation"_s, u"Red Hat; SIL Open Font License 1.1"_s},

@@ -142,6 +142,8 @@ void TestInformazioni::licenze()
     const QString Titolo = u"Componenti e licenze"_s;
     QVERIFY(Riga(Titolo, u"Qt "_s + QString::fromLatin1(qVersion())).contains(u"LGPL"));
     QVERIFY(Riga(Titolo, u"SQLite"_s).contains(u"pubblico dominio"));
+    QVERIFY(Riga(Titolo, u"libsodium"_s).contains(u"ISC"));
+    QVERIFY(Riga(Titolo, u"OpenSSL"_s).contains(u"Apache 2.0"));
 }
 
 void TestInformazioni::testo()
