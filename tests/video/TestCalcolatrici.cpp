@@ -105,7 +105,8 @@ void TestCalcolatrici::istat()
     P->Premi({u"Return"_s, u"Return"_s});
     ATTENDI_CHE(!P->Testo(u"lblImpRival"_s).isEmpty());
     P->Fotografa(u"istat_calcolato"_s);
-    // Up to today: the last index is older. Yes ends in a sentence until the program can update.
+    // Up to today: the last index is older. Yes leads to the updates, which without a server come from a
+    // file.
     P->Premi(u"ctrl+n"_s);
     ATTENDI(u"fuoco"_s, "mskDataIni");
     P->Digita(u"01012012"_s);
@@ -116,8 +117,14 @@ void TestCalcolatrici::istat()
     P->Premi({u"Return"_s, u"Return"_s});
     ATTENDI_CHE(P->Messaggio().contains(u"Si vuole procedere all'aggiornamento degli indici?"));
     P->Rispondi(u"Return"_s);
-    ATTENDI_CHE(P->Messaggio().startsWith(u"L'aggiornamento degli indici non è disponibile"));
-    P->Rispondi(u"Return"_s);
+    QVERIFY2(P->Aperta(QString::fromUtf8(Aggiornamento.Titolo)), qPrintable(P->Stato()));
+    ATTENDI(u"fuoco"_s, "cmdFile");
+    ATTENDI_CHE(P->Testo(u"lblStatus"_s)
+                    .startsWith(u"Nessun server di aggiornamento è impostato: con \"Da file...\""));
+    ATTENDI(u"messaggio"_s, "");
+    P->Fotografa(u"istat_aggiornamento"_s);
+    P->Premi(u"Escape"_s);
+    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[3].Titolo)), qPrintable(P->Stato()));
     ATTENDI(u"messaggio"_s, "");
 }
 

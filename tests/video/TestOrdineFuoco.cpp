@@ -24,6 +24,7 @@ private Q_SLOTS:
     void scheda();
     void schedaInformativa();
     void stampaDiUnCalcolo();
+    void aggiornamento();
 
 private:
     [[nodiscard]] QStringList Giro(const QString& Tasto);
@@ -153,6 +154,18 @@ void TestOrdineFuoco::stampaDiUnCalcolo()
     P->Premi(u"ctrl+p"_s);
     QVERIFY2(P->Aperta(u"Stampa documento"_s), qPrintable(P->Stato()));
     Percorri(u"stampa_documento"_s);
+}
+
+/// From the desktop; without a server the search is off and "Da file..." comes first.
+void TestOrdineFuoco::aggiornamento()
+{
+    P = std::make_unique<Programma>();
+    QVERIFY2(P->Aperta(u"Calcanova 3"_s), qPrintable(P->Stato()));
+    QVERIFY2(P->VaiA(QString::fromLatin1(IconaAggiornamento)), qPrintable(P->Stato()));
+    P->Premi(u"Return"_s);
+    QVERIFY2(P->Aperta(QString::fromUtf8(Aggiornamento.Titolo)), qPrintable(P->Stato()));
+    ATTENDI(u"fuoco"_s, "cmdFile");
+    Percorri(QString::fromUtf8(Aggiornamento.Nome));
 }
 
 #include "TestOrdineFuoco.moc"

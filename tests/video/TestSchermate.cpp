@@ -28,6 +28,7 @@ private Q_SLOTS:
     void schedaInformativa();
     void stampaDiUnCalcolo();
     void rubrica();
+    void aggiornamento();
 
 private:
     void Guarda(const QString& Nome);
@@ -253,6 +254,15 @@ void TestSchermate::rubrica()
     P->Premi(u"ctrl+f"_s);
     QVERIFY2(P->Aperta(u"Ricerca"_s), qPrintable(P->Stato()));
     Guarda(u"ricerca"_s);
+}
+
+void TestSchermate::aggiornamento()
+{
+    P = std::make_unique<Programma>();
+    QVERIFY2(P->Aperta(u"Calcanova 3"_s), qPrintable(P->Stato()));
+    P->Clic(QString::fromLatin1(IconaAggiornamento));
+    QVERIFY2(P->Aperta(QString::fromUtf8(Aggiornamento.Titolo)), qPrintable(P->Stato()));
+    Guarda(QString::fromUtf8(Aggiornamento.Nome));
 }
 
 #include "TestSchermate.moc"

@@ -23,6 +23,9 @@ inline constexpr Modulo Impostazioni{"impostazioni", "ctrl+shift+p",
                                      "Calcanova - Personalizzazione programma"};
 inline constexpr Modulo Trova{"trova", "ctrl+o", "Apri da parcelle salvate"};
 inline constexpr Modulo ElencoDocumenti{"documenti", "ctrl+shift+d", "Documentazione normativa"};
+/// No key opens it: the icon of the desktop does, and Yes to the question of a calculation.
+inline constexpr Modulo Aggiornamento{"aggiornamento", "", "Aggiornamento programma ed archivi"};
+inline constexpr const char* IconaAggiornamento = "imgMenu_13";
 
 /// Rows of every window that a key opens.
 inline void RigheModuli()
