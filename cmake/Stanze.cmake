@@ -48,7 +48,8 @@ function(stanza Cartella)
 
     # One precompiled header for what stands on Qt Core alone, one for what shows windows.
     if("Qt6::Widgets" IN_LIST A_QT)
-        set_target_properties(${Nome} PROPERTIES AUTOMOC ON AUTOUIC ON)
+        # A form is included by its path: CMake expects the header there that a changed form rebuilds.
+        set_target_properties(${Nome} PROPERTIES AUTOMOC ON AUTOUIC ON AUTOUIC_SEARCH_PATHS ${CMAKE_CURRENT_SOURCE_DIR})
         moc_segue(${Nome} ${Fonti})
         set(Proprietaria platform_kit)
         set(Intestazione ${PCH_WIDGETS})

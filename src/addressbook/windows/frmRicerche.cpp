@@ -7,7 +7,7 @@
 #include "platform/system/messaggi.h"
 #include "platform/system/shell.h"
 
-#include "ui_frmRicerche.h"
+#include "addressbook/windows/ui_frmRicerche.h"
 
 #include <QAction>
 #include <QKeyEvent>

@@ -12,7 +12,7 @@
 #include "platform/kit/suggerimento.h"
 #include "platform/system/shell.h"
 
-#include "ui_frmRubrica.h"
+#include "addressbook/windows/ui_frmRubrica.h"
 
 #include <QAction>
 #include <QApplication>

@@ -9,7 +9,7 @@
 #include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"
 
-#include "ui_frmRubrica.h"
+#include "addressbook/windows/ui_frmRubrica.h"
 
 #include <QAction>
 #include <QScopedValueRollback>

@@ -9,7 +9,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/system/shell.h"
 
-#include "ui_frmRubrica.h"
+#include "addressbook/windows/ui_frmRubrica.h"
 
 #include <QAction>
 #include <QApplication>

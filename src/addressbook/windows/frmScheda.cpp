@@ -8,7 +8,7 @@
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 
-#include "ui_frmScheda.h"
+#include "addressbook/windows/ui_frmScheda.h"
 
 #include <QAction>
 #include <QLabel>

@@ -8,7 +8,7 @@
 #include "platform/system/messaggi.h"
 #include "platform/system/shell.h"
 
-#include "ui_frmScheda.h"
+#include "addressbook/windows/ui_frmScheda.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>

@@ -7,8 +7,8 @@
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 
+#include "calculators/windows/ui_frmCodFis.h"
 #include "platform/base/errore.h"
-#include "ui_frmCodFis.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>

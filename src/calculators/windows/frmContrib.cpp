@@ -12,8 +12,8 @@
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
+#include "calculators/windows/ui_frmContrib.h"
 #include "platform/base/errore.h"
-#include "ui_frmContrib.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>

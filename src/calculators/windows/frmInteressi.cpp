@@ -12,7 +12,7 @@
 #include "platform/kit/collega.h"
 #include "platform/system/orologio.h"
 
-#include "ui_frmInteressi.h"
+#include "calculators/windows/ui_frmInteressi.h"
 
 #include <QApplication>
 #include <QKeyEvent>

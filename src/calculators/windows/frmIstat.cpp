@@ -9,7 +9,7 @@
 #include "platform/kit/collega.h"
 #include "platform/system/shell.h"
 
-#include "ui_frmIstat.h"
+#include "calculators/windows/ui_frmIstat.h"
 
 #include <QScopeGuard>
 #include <QStatusBar>

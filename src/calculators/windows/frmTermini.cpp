@@ -11,7 +11,7 @@
 #include "platform/system/shell.h"
 #include "print/windows/frmPrint.h"
 
-#include "ui_frmTermini.h"
+#include "calculators/windows/ui_frmTermini.h"
 
 #include <QSignalBlocker>
 

@@ -11,7 +11,7 @@
 #include "platform/system/shell.h"
 #include "print/windows/frmPrint.h"
 
-#include "ui_frmTerminiSeq.h"
+#include "calculators/windows/ui_frmTerminiSeq.h"
 
 #include <QSignalBlocker>
 

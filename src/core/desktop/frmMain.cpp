@@ -17,7 +17,7 @@
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
-#include "ui_frmMain.h"
+#include "core/desktop/ui_frmMain.h"
 
 #include <QCloseEvent>
 #include <QMdiSubWindow>

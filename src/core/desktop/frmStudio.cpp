@@ -21,7 +21,7 @@
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
-#include "ui_frmStudio.h"
+#include "core/desktop/ui_frmStudio.h"
 
 #include <QCloseEvent>
 #include <QMenu>

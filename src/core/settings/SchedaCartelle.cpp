@@ -14,7 +14,7 @@
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
-#include "ui_SchedaCartelle.h"
+#include "core/settings/ui_SchedaCartelle.h"
 
 #include <array>
 

@@ -8,7 +8,7 @@
 #include "platform/kit/collega.h"
 #include "platform/system/orologio.h"
 
-#include "ui_SchedaContabili.h"
+#include "core/settings/ui_SchedaContabili.h"
 
 #include <array>
 #include <limits>

@@ -8,7 +8,7 @@
 #include "platform/kit/scelta.h"
 #include "platform/system/messaggi.h"
 
-#include "ui_SchedaDesktop.h"
+#include "core/settings/ui_SchedaDesktop.h"
 
 #include <QHeaderView>
 #include <QScrollBar>

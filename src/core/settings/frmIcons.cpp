@@ -9,7 +9,7 @@
 #include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"
 
-#include "ui_frmIcons.h"
+#include "core/settings/ui_frmIcons.h"
 
 #include <algorithm>
 

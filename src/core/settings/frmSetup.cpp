@@ -16,7 +16,7 @@
 #include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"
 
-#include "ui_frmSetup.h"
+#include "core/settings/ui_frmSetup.h"
 
 #include <QKeyEvent>
 #include <QShortcut>

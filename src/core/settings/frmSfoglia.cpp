@@ -10,7 +10,7 @@
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
-#include "ui_frmSfoglia.h"
+#include "core/settings/ui_frmSfoglia.h"
 
 #include <QKeyEvent>
 #include <QListWidget>

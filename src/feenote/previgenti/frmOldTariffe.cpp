@@ -1,10 +1,10 @@
 #include "feenote/previgenti/frmOldTariffe.h"
 
+#include "feenote/previgenti/ui_frmOldTariffe.h"
 #include "feenote/windows/frmParcelle.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"
-#include "ui_frmOldTariffe.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 #include "feenote/windows/PannelloModOno.h"
 
+#include "feenote/windows/ui_PannelloModOno.h"
 #include "platform/kit/collega.h"
-#include "ui_PannelloModOno.h"
 
 #include <QShortcut>
 #include <QSignalBlocker>

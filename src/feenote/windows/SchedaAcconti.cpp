@@ -12,13 +12,13 @@
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/mostra.h"
 #include "feenote/windows/righegriglia.h"
+#include "feenote/windows/ui_SchedaAcconti.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
-#include "ui_SchedaAcconti.h"
 
 #include <QButtonGroup>
 #include <QKeyEvent>

@@ -7,10 +7,10 @@
 #include "feenote/modVariazione.h"
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/mostra.h"
+#include "feenote/windows/ui_SchedaDatiBase.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/scelta.h"
-#include "ui_SchedaDatiBase.h"
 
 #include <QButtonGroup>
 #include <QFocusEvent>

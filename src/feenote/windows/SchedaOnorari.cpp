@@ -11,11 +11,11 @@
 #include "feenote/windows/comandirighe.h"
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/righegriglia.h"
+#include "feenote/windows/ui_SchedaOnorari.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/collega.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
-#include "ui_SchedaOnorari.h"
 
 #include <QAction>
 #include <QHelpEvent>

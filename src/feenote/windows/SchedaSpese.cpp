@@ -7,9 +7,9 @@
 #include "feenote/windows/comandirighe.h"
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/righegriglia.h"
+#include "feenote/windows/ui_SchedaSpese.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/collega.h"
-#include "ui_SchedaSpese.h"
 
 #include <QLineEdit>
 

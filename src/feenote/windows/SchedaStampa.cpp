@@ -9,11 +9,11 @@
 #include "feenote/modParti.h"
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/mostra.h"
+#include "feenote/windows/ui_SchedaStampa.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/scelta.h"
 #include "platform/system/shell.h"
-#include "ui_SchedaStampa.h"
 
 #include <QButtonGroup>
 #include <QScrollArea>

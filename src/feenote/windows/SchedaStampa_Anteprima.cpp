@@ -12,6 +12,7 @@
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/guidacontestuale.h"
 #include "feenote/windows/mostra.h"
+#include "feenote/windows/ui_SchedaStampa.h"
 #include "platform/base/errore.h"
 #include "platform/preview/barraanteprima.h"
 #include "platform/preview/stampante.h"
@@ -20,7 +21,6 @@
 #include "platform/system/percorsi.h"
 #include "print/modEsporta.h"
 #include "print/modStampe.h"
-#include "ui_SchedaStampa.h"
 
 #include <QScopeGuard>
 

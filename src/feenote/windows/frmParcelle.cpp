@@ -12,13 +12,13 @@
 #include "feenote/windows/SchedaSpese.h"
 #include "feenote/windows/SchedaStampa.h"
 #include "feenote/windows/finestre.h"
+#include "feenote/windows/ui_frmParcelle.h"
 #include "platform/base/errore.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/system/messaggi.h"
-#include "ui_frmParcelle.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -4,10 +4,10 @@
 #include "feenote/modParametri.h"
 #include "feenote/windows/SchedaOnorari.h"
 #include "feenote/windows/SchedaStampa.h"
+#include "feenote/windows/ui_frmParcelle.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
-#include "ui_frmParcelle.h"
 
 using namespace Qt::StringLiterals;
 

@@ -9,7 +9,7 @@
 #include "platform/system/file.h"
 #include "platform/system/orologio.h"
 
-#include "ui_frmWeb.h"
+#include "update/viewer/ui_frmWeb.h"
 
 #include <QKeyEvent>
 #include <QScrollBar>

@@ -6,7 +6,7 @@
 #include "platform/kit/collega.h"
 #include "platform/system/shell.h"
 
-#include "ui_frmAbout.h"
+#include "update/windows/ui_frmAbout.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -9,7 +9,7 @@
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
-#include "ui_frmDocumenti.h"
+#include "update/windows/ui_frmDocumenti.h"
 
 #include <QHideEvent>
 #include <QKeyEvent>

@@ -14,7 +14,7 @@
 #include "update/scarico.h"
 #include "update/windows/installatore.h"
 
-#include "ui_frmUpgrade.h"
+#include "update/windows/ui_frmUpgrade.h"
 
 #include <QPointer>
 

@@ -19,7 +19,7 @@
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
-#include "ui_frmTrovaParcella.h"
+#include "feenote/finder/windows/ui_frmTrovaParcella.h"
 
 #include <QAction>
 #include <QHeaderView>

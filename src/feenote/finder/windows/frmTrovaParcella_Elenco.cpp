@@ -8,8 +8,8 @@
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 
+#include "feenote/finder/windows/ui_frmTrovaParcella.h"
 #include "platform/base/errore.h"
-#include "ui_frmTrovaParcella.h"
 
 #include <QAccessible>
 #include <QHeaderView>
