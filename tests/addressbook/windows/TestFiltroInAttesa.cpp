@@ -6,6 +6,8 @@
 #include "platform/database/connessione.h"
 #include "platform/system/guasti.h"
 
+#include <QDialog>
+#include <QMenu>
 #include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
@@ -27,6 +29,8 @@ private Q_SLOTS:
     void nuovo();
     void laScheda();
     void nullaSottoUnaDomanda();
+    void nullaDietro_data();
+    void nullaDietro();
     void siEliminaLaRigaChiesta();
     void cancellatoPrimaDellaFine();
     void letturaFallita();
@@ -196,6 +200,41 @@ void TestFiltroInAttesa::nullaSottoUnaDomanda()
     QCOMPARE(Viste, QStringList{u"Rossi Mario"_s});
     QCOMPARE(Chiavi(A->File).first(5), (QList<int>{1, 2, 3, 5, 6}));
     QTRY_COMPARE(Conto(F), u"1 di 20.004"_s);  // and comes into force when it is answered
+}
+
+void TestFiltroInAttesa::nullaDietro_data()
+{
+    QTest::addColumn<QString>("Davanti");
+    QTest::addColumn<bool>("Aspetta");
+    QTest::newRow("il menu delle righe") << u"menu"_s << true;
+    QTest::newRow("una finestra che ferma il programma") << u"programma"_s << true;
+    QTest::newRow("una finestra che ferma questa") << u"questa"_s << true;
+    QTest::newRow("una finestra che ne ferma un'altra") << u"altra"_s << false;
+}
+
+/// The rows stay as they are behind what holds this window back, and behind nothing else.
+void TestFiltroInAttesa::nullaDietro()
+{
+    QFETCH(QString, Davanti);
+    QFETCH(bool, Aspetta);
+    frmRubrica* F = A->Apri(A->DaNota());
+    QVERIFY(F);
+    VaiA(F, 3);
+    InAttesa(F, u"forli"_s);
+    QWidget Altra;
+    Altra.show();
+    QDialog Finestra(Davanti == u"altra"_s ? &Altra : Davanti == u"questa"_s ? F : nullptr);
+    Finestra.setWindowModality(Davanti == u"programma"_s ? Qt::ApplicationModal : Qt::WindowModal);
+    if (Davanti == u"menu"_s)
+        Lista(F)->ApriMenu(3, F->mapToGlobal(QPoint(50, 50)));
+    else
+        Finestra.show();
+    QTest::qWait(300);
+    QCOMPARE(Corrente(F), Aspetta ? u"Rossi Mario"_s : u"Àlvari Nicolò"_s);
+    if (auto* Menu = F->findChild<QMenu*>(u"menuRubrica"_s))
+        Menu->close();
+    Finestra.close();
+    QTRY_COMPARE(Corrente(F), u"Àlvari Nicolò"_s);
 }
 
 void TestFiltroInAttesa::siEliminaLaRigaChiesta()
