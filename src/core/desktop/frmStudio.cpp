@@ -14,6 +14,7 @@
 #include "core/versione.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/servizi_qt.h"
 #include "platform/kit/singola.h"
 #include "platform/kit/testobordo.h"
 #include "platform/system/file.h"
@@ -468,19 +469,16 @@ void frmStudio::SegnaRidisegno()
     DaRidisegnare = true;
     // The settings may lie over the desktop without another activation to follow; and icons are not taken
     // away while their own click runs.
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            if (DaRidisegnare && isVisible())
-                Protetta([this] { LoadGraph(); });
-        },
-        Qt::QueuedConnection);
+    InCodaDopoIlRespiro(this, [this] {
+        if (DaRidisegnare && isVisible())
+            Protetta([this] { LoadGraph(); });
+    });
 }
 
 void frmStudio::AttivaInCoda()
 {
-    QMetaObject::invokeMethod(
-        this, [this] { Protetta([this] { Form_Activate(); }); }, Qt::QueuedConnection);
+    // What an activation asks would stand in the middle of a transfer that is on its way.
+    InCodaDopoIlRespiro(this, [this] { Protetta([this] { Form_Activate(); }); });
 }
 
 void frmStudio::DopoLaPrima()

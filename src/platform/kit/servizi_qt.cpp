@@ -17,11 +17,25 @@ namespace {
 class SoloInterruzione : public QObject
 {
 public:
-    explicit SoloInterruzione(const QWidget* Pulsante) : Ferma(Pulsante) { qApp->installEventFilter(this); }
-    ~SoloInterruzione() override { qApp->removeEventFilter(this); }
+    explicit SoloInterruzione(const QWidget* Pulsante)
+        : Ferma(Pulsante), Modale(QApplication::activeModalWidget())
+    {
+        qApp->installEventFilter(this);
+        ++Aperti;
+    }
+    ~SoloInterruzione() override
+    {
+        --Aperti;
+        qApp->removeEventFilter(this);
+    }
+
+    static inline int Aperti = 0;
 
     bool eventFilter(QObject* Oggetto, QEvent* Evento) override
     {
+        // A box that a queued call has opened holds the work back until it is answered.
+        if (const QWidget* Davanti = QApplication::activeModalWidget(); Davanti && Davanti != Modale)
+            return QObject::eventFilter(Oggetto, Evento);
         switch (Evento->type()) {
         case QEvent::ShortcutOverride:
         case QEvent::KeyPress: {
@@ -76,6 +90,7 @@ private:
     }
 
     const QWidget* Ferma;
+    const QWidget* Modale;
 };
 
 }  // namespace
@@ -110,4 +125,22 @@ bool Respira(const QWidget* Ferma)
     SoloInterruzione Guardia(Ferma);
     QCoreApplication::processEvents();
     return !Guardia.Interrotto;
+}
+
+bool RespiroInCorso()
+{
+    return SoloInterruzione::Aperti > 0;
+}
+
+void InCodaDopoIlRespiro(QObject* Contesto, std::function<void()> Chiamata)
+{
+    QMetaObject::invokeMethod(
+        Contesto,
+        [Contesto, Chiamata = std::move(Chiamata)] {
+            if (RespiroInCorso())
+                InCodaDopoIlRespiro(Contesto, Chiamata);
+            else
+                Chiamata();
+        },
+        Qt::QueuedConnection);
 }

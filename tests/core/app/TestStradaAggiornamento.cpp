@@ -5,7 +5,9 @@
 #include "calculators/windows/frmInteressi.h"
 #include "calculators/windows/frmIstat.h"
 #include "core/app/apritori.h"
+#include "platform/kit/servizi_qt.h"
 #include "platform/kit/singola.h"
+#include "update/modCopyURL.h"
 #include "update/windows/frmUpgrade.h"
 
 #include <QLabel>
@@ -25,6 +27,7 @@ private Q_SLOTS:
     void dallAvvioAlCalcolatore();
     void dalComando();
     void senzaServerNonUnaParola();
+    void laScrivaniaAspettaIlTrasferimento();
 
 private:
     void Prepara(const QString& Server);
@@ -141,6 +144,36 @@ void TestStradaAggiornamento::senzaServerNonUnaParola()
     QVERIFY(B->Voce.Mostrati().isEmpty());
     QVERIFY(B->Server.Uditi().isEmpty());
     QVERIFY(!EsisteFile(Utente + u"versioni.txt"_s));
+}
+
+void TestStradaAggiornamento::laScrivaniaAspettaIlTrasferimento()
+{
+    Prepara({});
+    Main({});
+    frmStudio& Scrivania = Singola<frmStudio>();
+    QVERIFY(MostraAttiva(Scrivania));
+    QTest::qWait(100);
+    sessione::ModoDebug = true;
+    sessione::TestoDebug.clear();
+    const QString Nuova = u"avvio form programma"_s;
+
+    B->Posa(u"tassi.dat"_s, QByteArray(200, 'x'));
+    QEvent Tornata(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(&Scrivania, &Tornata);
+    int Respiri = 0;
+    bool Attivata = false;
+    const auto Osserva = [&](qint64, qint64) {
+        const bool Prosegui = Respira();
+        ++Respiri;
+        Attivata = Attivata || sessione::TestoDebug.contains(Nuova);
+        return Prosegui;
+    };
+    QCOMPARE(CopiaURL(B->Server.Indirizzo(u"lento"_s, u"kr5/setup/tassi.dat"_s), Utente + u"x"_s,
+                      {true, 1000, Osserva}),
+             0);
+    QVERIFY(Respiri > 1);
+    QVERIFY2(!Attivata, "it has nothing to ask meanwhile");
+    QTRY_VERIFY(sessione::TestoDebug.contains(Nuova));
 }
 
 #include "TestStradaAggiornamento.moc"

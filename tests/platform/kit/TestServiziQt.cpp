@@ -82,6 +82,8 @@ private Q_SLOTS:
     void respiraSiInterrompe();
     void respiraHaUnPulsantePerFermare_data();
     void respiraHaUnPulsantePerFermare();
+    void cioCheAspettaIlRespiro();
+    void unaScatolaDuranteIlRespiro();
 };
 PROVA(TestServiziQt);
 
@@ -471,6 +473,57 @@ void TestServiziQt::respiraHaUnPulsantePerFermare()
     QTEST(Respira(Pulsante), "Continua");
     QCOMPARE(Premuto, 0);  // it asks to stop, and does nothing else
     QVERIFY2(Respira(Pulsante), "la richiesta vale una volta");
+}
+
+void TestServiziQt::cioCheAspettaIlRespiro()
+{
+    int Subito = 0;
+    int Dopo = 0;
+    bool InCorso = false;
+    QMetaObject::invokeMethod(
+        qApp,
+        [&] {
+            ++Subito;
+            InCorso = RespiroInCorso();
+        },
+        Qt::QueuedConnection);
+    InCodaDopoIlRespiro(qApp, [&] {
+        ++Dopo;
+        InCorso = RespiroInCorso();
+    });
+    QVERIFY(!RespiroInCorso());
+    for (int i = 0; i < 3; ++i)
+        QVERIFY(Respira());
+    QCOMPARE(Subito, 1);
+    QVERIFY(InCorso);
+    QCOMPARE(Dopo, 0);
+    QTRY_COMPARE(Dopo, 1);
+    QVERIFY(!InCorso);
+    // It goes with its context.
+    {
+        QObject Contesto;
+        InCodaDopoIlRespiro(&Contesto, [&] { ++Dopo; });
+        QVERIFY(Respira());
+    }
+    QCoreApplication::processEvents();
+    QCOMPARE(Dopo, 1);
+}
+
+void TestServiziQt::unaScatolaDuranteIlRespiro()
+{
+    QWidget Finestra;
+    QVERIFY(MostraAttiva(Finestra));
+    int Risposta = 0;
+    QMetaObject::invokeMethod(
+        &Finestra, [&] { Risposta = MsgBox(u"Testo"_s, vbOKCancel); }, Qt::QueuedConnection);
+    QTimer Mano;
+    Collega(&Mano, &QTimer::timeout, &Finestra, [] {
+        if (QWidget* Scatola = QApplication::activeModalWidget())
+            QTest::keyClick(Scatola, Qt::Key_Escape);
+    });
+    Mano.start(20);
+    QVERIFY2(Respira(), "the key is the box's");
+    QCOMPARE(Risposta, vbCancel);
 }
 
 #include "TestServiziQt.moc"
