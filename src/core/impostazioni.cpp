@@ -1,5 +1,6 @@
 #include "core/impostazioni.h"
 
+#include "core/indirizzi.h"
 #include "core/modAvvio.h"
 #include "core/parametri.h"
 #include "core/sessione.h"
@@ -59,7 +60,8 @@ constexpr std::array Voci{
     // Written by the settings as ColoreEtichetteBordo: the store does not look at the case.
     VoceImpostazione{u"ColoreEtichettebordo", u"0", Intero32, &sessione::ColoreEtichetteBordo},
     VoceImpostazione{u"ColoreEtichettaSel", u"255", Intero32, &sessione::ColoreEtichettaSel},
-    VoceImpostazione{u"ServerAggiornamenti", u"", Testo, &sessione::ServerAggiornamenti, ServerCostruito},
+    VoceImpostazione{u"ServerAggiornamenti", u"", Testo, &sessione::ServerAggiornamenti, ServerCostruito,
+                     indirizzi::Normalizzato},
 };
 
 void Assegna(const VoceImpostazione& Voce, const QString& Valore)

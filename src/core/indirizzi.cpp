@@ -7,16 +7,19 @@ using namespace Qt::StringLiterals;
 
 namespace indirizzi {
 
-QString Server()
+QString Normalizzato(const QString& Scritto)
 {
-    QString Indirizzo = Impostazione(ChiaveServer.toString()).trimmed();
-    if (Indirizzo.isEmpty())
-        Indirizzo = ServerCostruito();
+    QString Indirizzo = Scritto.trimmed().isEmpty() ? ServerCostruito().trimmed() : Scritto.trimmed();
     while (Indirizzo.endsWith(u'/'))
         Indirizzo.chop(1);
     if (!Indirizzo.isEmpty() && !Indirizzo.contains(u"://"))
         Indirizzo.prepend(u"https://"_s);
     return Indirizzo;
+}
+
+QString Server()
+{
+    return Normalizzato(Impostazione(ChiaveServer.toString()));
 }
 
 QString Editore()

@@ -51,7 +51,7 @@ inline int ColoreSfondoDesktop = 2508052;  ///< colours as 0xBBGGRR
 inline int ColoreEtichette = 16777215;
 inline int ColoreEtichetteBordo = 0;
 inline int ColoreEtichettaSel = 255;
-inline QString ServerAggiornamenti;  ///< where updates are looked for, "https://name"; empty: nowhere
+inline QString ServerAggiornamenti;  ///< where updates are looked for, as indirizzi::Server; empty: nowhere
 
 inline QString TitoloProdotto;             ///< "Calcanova 3"
 inline QString PrefissoOdbc;               ///< connection prefix before a database path
