@@ -6,6 +6,7 @@
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
 #include "platform/system/cartelle.h"
+#include "platform/system/shell.h"
 #include "update/modAggiorna.h"
 #include "update/windows/frmUpgrade.h"
 
@@ -16,6 +17,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -38,6 +40,22 @@ bool ModuloAperto()
 {
     const frmUpgrade* Modulo = SeCaricato<frmUpgrade>;
     return Modulo && Modulo->isVisible();
+}
+
+/// The request of the start, which waits for a slow server no longer than this. Without a user folder there
+/// is no place for the answer, and no request; the start has told so.
+std::optional<RichiestaRete> RichiestaAllAvvio(const Provenienza& Da)
+{
+    constexpr int ConnessioneMs = 4000;
+    constexpr int TotaleMs = 8000;
+    try {
+        RichiestaRete Chiesta = InizioControllo(Da);
+        Chiesta.ConnessioneMs = ConnessioneMs;
+        Chiesta.TotaleMs = TotaleMs;
+        return Chiesta;
+    } catch (const Errore&) {
+        return std::nullopt;
+    }
 }
 
 /// What is said of a search that has come to its end.
@@ -84,18 +102,13 @@ private:
 
     void Parti()
     {
-        constexpr int ConnessioneMs = 4000;
-        constexpr int TotaleMs = 8000;
-        try {
-            Chiesta = InizioControllo(Da);
-        } catch (const Errore&) {
-            // Without a user folder there is no place for the answer; the start has told so.
+        const auto Richiesta = RichiestaAllAvvio(Da);
+        if (!Richiesta) {
             Orologio.stop();
             deleteLater();
             return;
         }
-        Chiesta.ConnessioneMs = ConnessioneMs;
-        Chiesta.TotaleMs = TotaleMs;
+        Chiesta = *Richiesta;
         Corrente = AvviaTrasferimento(Chiesta);
     }
 
@@ -104,6 +117,29 @@ private:
     std::unique_ptr<Trasferimento> Corrente;
     QTimer Orologio;
 };
+
+/// The search while the caller waits, for a trace that keeps its order.
+void CercaInAttesa()
+{
+    constexpr int OgniMs = 20;
+    const Provenienza Da = DalServer();
+    const auto Chiesta = RichiestaAllAvvio(Da);
+    if (!Chiesta)
+        return;
+    bool Riuscita = false;
+    {
+        const ClessidraAccesa Attesa;
+        const auto Corrente = AvviaTrasferimento(*Chiesta);
+        while (!Corrente->Attendi(OgniMs))
+            if (!RespiroRete())
+                Corrente->Annulla();
+        Annuncio Trovato;
+        Riuscita = Corrente->Fine() == FineRete::Completa && FineControllo(*Chiesta, Da, false, Trovato);
+        if (!Riuscita)
+            ScartaFile(Chiesta->File);
+    }
+    Concludi(Riuscita);
+}
 
 }  // namespace
 
@@ -117,6 +153,6 @@ void CercaAggiornamenti()
         return;
     }
     TraceDebug(u"avvio ricerca aggiornamenti"_s);
-    Annuncio Trovato;
-    Concludi(ControlloVersioni(DalServer(), false, Trovato));
+    // The activation goes on behind it, whatever happens here.
+    (void)Protetta([] { CercaInAttesa(); });
 }

@@ -30,6 +30,8 @@ private Q_SLOTS:
     void chiHaApertoIlModuloNonELaDomanda();
     void conLaTracciaArrivaInFondo();
     void laTracciaDiUnaFallita();
+    void laTracciaNonAspettaDiPiu();
+    void laTracciaSenzaCartella();
     void fineDelProgramma();
 
 private:
@@ -243,6 +245,37 @@ void TestRicerca::laTracciaDiUnaFallita()
     B->Voce.Attendi(Fallita, vbOK, u"Messaggio:"_s);
     CercaAggiornamenti();
     QCOMPARE(sessione::TestoDebug, u"- avvio ricerca aggiornamenti"_s);
+}
+
+void TestRicerca::laTracciaNonAspettaDiPiu()
+{
+    // The limits are those of the search beside the event loop, not those of a check that is asked for.
+    sessione::ModoDebug = true;
+    B->Annunciate(TutteNuove, false);
+    sessione::ServerAggiornamenti = B->Server.Indirizzo(u"fermo"_s);
+    B->Voce.Attendi(Fallita, vbOK, u"Messaggio:"_s);
+    QElapsedTimer Tempo;
+    Tempo.start();
+    CercaAggiornamenti();
+    QVERIFY(Tempo.elapsed() > 7500);
+    QVERIFY(Tempo.elapsed() < 12000);
+    QCOMPARE(B->Avanzi(), QStringList());
+}
+
+void TestRicerca::laTracciaSenzaCartella()
+{
+    // Where no folder can be made nothing is searched, and whoever has called goes on.
+    sessione::ModoDebug = true;
+    const QString File = NuovaCartella() + u"file"_s;
+    ScriviFile(File, "x");
+    sessione::UserFolder = File + u"/utente/"_s;
+    try {
+        CercaAggiornamenti();
+    } catch (const Errore&) {
+        QFAIL("the activation is unwound");
+    }
+    QVERIFY(B->Voce.Mostrati().isEmpty());
+    QVERIFY(B->Server.Uditi().isEmpty());
 }
 
 void TestRicerca::fineDelProgramma()
