@@ -48,13 +48,14 @@ bool Posa(const QString& Arrivato)
     }
 }
 
-/// Versioni.txt by way of a file of its own. @return false when it has not come; then it was told
+/// Versioni.txt by way of a file of its own. @return false when it has not come; then it was told, and
+/// `Difetto` says why
 bool Porta(const RichiestaRete& Chiesta, const Provenienza& Da, bool Interattivo,
-           const PassoAggiornamento& Passo)
+           const PassoAggiornamento& Passo, QString& Difetto)
 {
     if (Da.Indirizzo.isEmpty())
         return CopiaFile(TrovaFile(Da.Cartella + u"versioni.txt"_s), Chiesta.File, MassimoVersioni);
-    if (CopiaURL(Chiesta.Indirizzo, Chiesta.File, {!Interattivo, MassimoVersioni, Passo}) == 0)
+    if (CopiaURL(Chiesta.Indirizzo, Chiesta.File, {!Interattivo, MassimoVersioni, Passo}, &Difetto) == 0)
         return true;
     ScartaFile(Chiesta.File);
     return false;
@@ -70,10 +71,7 @@ void Traccia(const QString& Testo)
 
 Provenienza DalServer()
 {
-    QString Indirizzo = sessione::ServerAggiornamenti.trimmed();
-    while (Indirizzo.endsWith(u'/'))
-        Indirizzo.chop(1);
-    return {Indirizzo, {}};
+    return {sessione::ServerAggiornamenti, {}};
 }
 
 Provenienza DallaCartella(const QString& FileVersioni)
@@ -115,6 +113,7 @@ RichiestaRete InizioControllo(const Provenienza& Da)
 bool FineControllo(const RichiestaRete& Chiesta, const Provenienza& Da, bool Interattivo, Annuncio& Trovato)
 {
     if (!Posa(Chiesta.File)) {
+        Trovato.Difetto = u"file delle versioni non salvato"_s;
         if (Interattivo)
             MsgBox(u"Errore nel salvataggio del file delle versioni."_s, vbExclamation,
                    TitoloAvvertenza.toString());
@@ -124,10 +123,12 @@ bool FineControllo(const RichiestaRete& Chiesta, const Provenienza& Da, bool Int
     Trovato.Byte = LeggiFile(FileVersioni(), MassimoVersioni);
     Trovato.Lette = LeggiVersioni(Trovato.Byte);
     if (!Trovato.Lette.RigaVuota && Trovato.Lette.Versione.isEmpty()) {
+        Trovato.Difetto = u"file delle versioni illeggibile"_s;
         if (Interattivo)
             MsgErrore(u"Errore (Invalid Version) nel recupero delle informazioni di aggiornamento."_s);
         return false;
     }
+    Trovato.Letto = true;
     sessione::VersioneDisp = Trovato.Lette.Versione;
     sessione::DataTassiDisp = Trovato.Lette.DataTassi;
     sessione::NotaAgg = Trovato.Lette.Nota;
@@ -140,7 +141,8 @@ bool ControlloVersioni(const Provenienza& Da, bool Interattivo, Annuncio& Trovat
     const ClessidraAccesa Attesa;
     Trovato = {};
     const RichiestaRete Chiesta = InizioControllo(Da);
-    return Porta(Chiesta, Da, Interattivo, Passo) && FineControllo(Chiesta, Da, Interattivo, Trovato);
+    return Porta(Chiesta, Da, Interattivo, Passo, Trovato.Difetto) &&
+           FineControllo(Chiesta, Da, Interattivo, Trovato);
 }
 
 bool TassiVecchi(const std::optional<QDate>& Data)

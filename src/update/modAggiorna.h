@@ -28,6 +28,8 @@ struct Annuncio
     Provenienza Da;
     QByteArray Byte;
     Versioni Lette;
+    bool Letto = false;  ///< there is a file, and its version is no nonsense; its date may still be missing
+    QString Difetto;     ///< why there is none, in a few words
 };
 
 /// Asked while something is brought, on the caller's thread; false stops.

@@ -1,7 +1,13 @@
 // The check: what versioni.txt leaves in the session, what is said of it.
 #include "banco.h"
 
+#include "core/impostazioni.h"
+#include "core/indirizzi.h"
 #include "core/modErrori.h"
+#include "core/parametri.h"
+#include "core/versione.h"
+
+#include <QScopeGuard>
 
 class TestAggiorna : public QObject
 {
@@ -30,7 +36,8 @@ private Q_SLOTS:
     void proposta_data();
     void proposta();
     void laTraccia();
-    void ilServerSenzaBarre();
+    void unSoloServer_data();
+    void unSoloServer();
 
 private:
     std::unique_ptr<BancoAggiornamenti> B;
@@ -310,12 +317,32 @@ void TestAggiorna::laTraccia()
     QCOMPARE(sessione::TestoDebug, u"- controllo versione programma- controllo indici Istat\n"_s);
 }
 
-void TestAggiorna::ilServerSenzaBarre()
+void TestAggiorna::unSoloServer_data()
 {
-    sessione::ServerAggiornamenti = u" https://aggiorna.studio.example// "_s;
-    QCOMPARE(DalServer().Indirizzo, u"https://aggiorna.studio.example"_s);
-    sessione::ServerAggiornamenti = u"/"_s;
-    QCOMPARE(DalServer().Indirizzo, QString());
+    QTest::addColumn<QString>("Impostato");
+    QTest::addColumn<QString>("Atteso");
+
+    const QString Studio = u"https://aggiorna.studio.example"_s;
+    QTest::newRow("as it stands") << Studio << Studio;
+    QTest::newRow("blanks and slashes") << u" https://aggiorna.studio.example// "_s << Studio;
+    QTest::newRow("no scheme") << u"aggiorna.studio.example/"_s << Studio;
+    QTest::newRow("this machine") << u"http://127.0.0.1:8000"_s << u"http://127.0.0.1:8000"_s;
+    // An empty text is as good as none: the build's own.
+    QTest::newRow("stored empty") << u""_s << ServerCostruito();
+    QTest::newRow("blanks") << u"  "_s << ServerCostruito();
+    QTest::newRow("a slash") << u"/"_s << QString();
+}
+
+void TestAggiorna::unSoloServer()
+{
+    QFETCH(QString, Impostato);
+    QFETCH(QString, Atteso);
+    const QString Chiave = indirizzi::ChiaveServer.toString();
+    SalvaImpostazione(Chiave, Impostato);
+    const auto Ripristino = qScopeGuard([&] { SalvaImpostazione(Chiave, {}); });
+    LeggiInSessione(VoceDi(Chiave));
+    QCOMPARE(DalServer().Indirizzo, Atteso);
+    QCOMPARE(indirizzi::Server(), Atteso);
 }
 
 #include "TestAggiorna.moc"

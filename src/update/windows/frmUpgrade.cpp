@@ -176,8 +176,7 @@ void frmUpgrade::Avvia(const QString& Parola)
 
 void frmUpgrade::cmdPreview_Click()
 {
-    const QString Rilascio = u"release"_s;
-    EseguiComando(Impedimento(Rilascio).isEmpty() ? Rilascio : u"novita"_s, 0, {});
+    EseguiComando(u"release"_s, 0, {});
 }
 
 // ---- the check ----------------------------------------------------------------------------------
@@ -200,14 +199,15 @@ void frmUpgrade::Verifica(const Provenienza& Da)
     ui->fraUpgrade->hide();
     ui->lblStatus->setText(u"Ricerca degli aggiornamenti in corso..."_s);
     ProgrammaNuovo = TassiNuovi = false;
-    bool Riuscita = false;
     (void)Protetta([&] {
         const Lavoro InCorso(*this);
-        Riuscita = ControlloVersioni(
-            Da, true, Trovato, [this](qint64 Ricevuti, qint64 Totale) { return Avanza(Ricevuti, Totale); });
+        (void)ControlloVersioni(Da, true, Trovato,
+                                [this](qint64 Ricevuti, qint64 Totale) { return Avanza(Ricevuti, Totale); });
     });
-    if (!Riuscita) {
-        ui->lblStatus->setText(u"La verifica non è riuscita."_s);
+    // A list without the date of the rates may still name a newer program.
+    if (!Trovato.Letto) {
+        const QString Perche = Trovato.Difetto.isEmpty() ? QString() : u": "_s + Trovato.Difetto;
+        ui->lblStatus->setText(u"La verifica non è riuscita"_s + Perche + u'.');
         return;
     }
     ProgrammaNuovo = VersioneNuova(sessione::VersioneDisp, VersioneProgramma());
@@ -309,9 +309,11 @@ void frmUpgrade::AggiornaProgramma()
         MsgErrore(FraseDownloadFallito(NomeInstallatore(Trovato), Esito.Dettaglio));
         return;
     }
-    MsgBox(u"Il download è stato correttamente completato.\n"_s
-           u"Il programma verrà ora chiuso ed avviato l'aggiornamento."_s,
-           vbInformation, TitoloMessaggio.toString());
+    // What it announces does not come where the user installs by a command of his own.
+    if (SiInstallaDaSe(Esito.File))
+        MsgBox(u"Il download è stato correttamente completato.\n"_s
+               u"Il programma verrà ora chiuso ed avviato l'aggiornamento."_s,
+               vbInformation, TitoloMessaggio.toString());
     AvviaInstallatore(Esito.File);
 }
 

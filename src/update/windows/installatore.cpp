@@ -42,9 +42,15 @@ QString FraseDownloadFallito(const QString& Nome, const QString& Dettaglio)
         Nome, Dettaglio);
 }
 
+bool SiInstallaDaSe(const QString& File)
+{
+    return !EPacchetto(File) || HaProgramma(File);
+}
+
 QString InstallaEdEsci(const Annuncio& Trovato, const QString& File)
 {
-    if (!ChiudiModificate())
+    const bool DaSe = SiInstallaDaSe(File);
+    if (DaSe && !ChiudiModificate())
         return {};
     // The file that is started is the one that is looked at, however long the questions have taken.
     const QString Nome = NomeFile(File);
@@ -52,7 +58,7 @@ QString InstallaEdEsci(const Annuncio& Trovato, const QString& File)
         MsgErrore(FraseDownloadFallito(Nome, Difetto));
         return {};
     }
-    if (EPacchetto(File) && !HaProgramma(File)) {
+    if (!DaSe) {
         const QString Comando = u"sudo apt install \"%1\""_s.arg(File);
         MsgBox(u"Per installare la nuova versione, chiudere il programma ed eseguire:\n"_s + Comando,
                vbInformation, TitoloMessaggio.toString());

@@ -36,6 +36,8 @@ private Q_SLOTS:
     void modale();
     void verificaFallita_data();
     void verificaFallita();
+    void senzaDataDeiTassi_data();
+    void senzaDataDeiTassi();
     void daFile();
     void daFileAnnullato();
     void daFileSenzaFirma();
@@ -313,18 +315,19 @@ void TestFrmUpgrade::verificaFallita_data()
 {
     QTest::addColumn<QByteArray>("Righe");
     QTest::addColumn<QString>("Messaggio");
+    QTest::addColumn<QString>("Perche");
 
-    QTest::newRow("a page")
-        << QByteArray("<html>")
-        << u"Errore (Invalid Version) nel recupero delle informazioni di aggiornamento."_s;
-    QTest::newRow("no date") << QByteArray("versione=[3.0.15]\n\n") << u""_s;
-    QTest::newRow("no server") << QByteArray() << SenzaConnessione;
+    QTest::newRow("a page") << QByteArray("<html>")
+                            << u"Errore (Invalid Version) nel recupero delle informazioni di aggiornamento."_s
+                            << u"file delle versioni illeggibile"_s;
+    QTest::newRow("no server") << QByteArray() << SenzaConnessione << u"nessuna connessione"_s;
 }
 
 void TestFrmUpgrade::verificaFallita()
 {
     QFETCH(QByteArray, Righe);
     QFETCH(QString, Messaggio);
+    QFETCH(QString, Perche);
     B->Annunciate(TutteNuove, false);
     Apri(u"run"_s);
     QVERIFY(SiVede("fraUpgrade"));
@@ -332,12 +335,37 @@ void TestFrmUpgrade::verificaFallita()
         B->Server.Ferma();
     else
         B->Annunciate(Righe, false);
-    if (!Messaggio.isEmpty())
-        B->Voce.Attendi(Messaggio, vbOK, u"Errore:"_s);
+    B->Voce.Attendi(Messaggio, vbOK, u"Errore:"_s);
     Clicca("cmdVerifica");
     QVERIFY2(!SiVede("fraUpgrade"), "nothing of the check before is offered");
-    QCOMPARE(Testo("lblStatus"), u"La verifica non è riuscita."_s);
+    QCOMPARE(Testo("lblStatus"), u"La verifica non è riuscita: "_s + Perche + u'.');
     QVERIFY(Controllo(F.get(), "cmdVerifica")->isEnabled());
+}
+
+void TestFrmUpgrade::senzaDataDeiTassi_data()
+{
+    QTest::addColumn<QByteArray>("Righe");
+    QTest::addColumn<bool>("Offerto");
+
+    QTest::newRow("one line") << QByteArray("versione=[3.0.15]") << true;
+    QTest::newRow("an empty second line") << QByteArray("versione=[3.0.15]\n\nnota=x") << true;
+    QTest::newRow("no date there") << QByteArray("versione=[3.0.15]\ndomani mattina\nnota=x") << true;
+    QTest::newRow("nor a newer version") << QByteArray("versione=[3.0.14]") << false;
+}
+
+void TestFrmUpgrade::senzaDataDeiTassi()
+{
+    QFETCH(QByteArray, Righe);
+    QFETCH(bool, Offerto);
+    B->Annunciate(Righe, false);
+    Apri();
+    if (!Offerto)
+        B->Voce.Attendi(u"Il programma è già aggiornato all'ultima versione disponibile."_s);
+    Clicca("cmdVerifica");
+    QCOMPARE(SiVede("fraUpgrade"), Offerto);
+    QCOMPARE(Testo("lblStatus"), Offerto ? Pronto : Iniziale);
+    if (Offerto)
+        QCOMPARE(Controllo<QPushButton>(F.get(), "cmdUpgrade")->text(), u"Aggiorna alla versione 3.0.15"_s);
 }
 
 void TestFrmUpgrade::daFile()
@@ -513,8 +541,13 @@ void TestFrmUpgrade::pacchettoSenzaInstallatore()
         QSKIP("no packages on this system");
     ConProgramma(u"upgrade3.0.15.deb"_s);
     B->HaInstallatore = false;
+    // The user installs later: neither the closing is announced, nor is a note closed.
+    InfoParcelle.push_back({false, true, {}});
+    Aperture.ChiudiParcella = [this](int) {
+        B->Eventi << u"chiude"_s;
+        return true;
+    };
     const QString Comando = u"sudo apt install \""_s + CartellaUpgrade() + u"upgrade3.0.15.deb\""_s;
-    B->Voce.Attendi(Scaricato);
     B->Voce.Attendi(u"Per installare la nuova versione, chiudere il programma ed eseguire:\n"_s + Comando,
                     vbOK, u"Messaggio:"_s);
     Clicca("cmdUpgrade");
@@ -523,7 +556,7 @@ void TestFrmUpgrade::pacchettoSenzaInstallatore()
     B->HaInstallatore = true;
     B->Voce.Attendi(Scaricato);
     Clicca("cmdUpgrade");
-    QCOMPARE(B->Eventi, (QStringList{u"apri upgrade3.0.15.deb"_s, u"fine"_s}));
+    QCOMPARE(B->Eventi, (QStringList{u"chiude"_s, u"apri upgrade3.0.15.deb"_s, u"fine"_s}));
 }
 
 void TestFrmUpgrade::noteModificate_data()
