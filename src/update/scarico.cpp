@@ -10,6 +10,7 @@
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
+#include "platform/system/sincrono.h"
 #include "update/controllotassi.h"
 #include "update/modCopyURL.h"
 
@@ -24,8 +25,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 MassimoFirma = qint64(64) << 10;
-constexpr qint64 MassimoTassi = qint64(32) << 20;
-constexpr qint64 MassimoInstallatore = qint64(1) << 30;
 constexpr QStringView FirmaNonValida = u"firma non valida";
 
 /// A download that has failed: unwinds to the one place that tells it.
@@ -48,6 +47,13 @@ public:
 private:
     QString Nome;
 };
+
+/// A name that is on the disk before the bytes behind it would be half a file after a loss of power.
+void Sostituisci(const Arrivo& Nuovo, const QString& Vecchio)
+{
+    ScriviSulDisco(Nuovo.File());
+    SostituisciFile(Nuovo.File(), Vecchio);
+}
 
 bool SuQuestaMacchina(const Provenienza& Da)
 {
@@ -149,8 +155,8 @@ QString Tassi(const Annuncio& Trovato, const PassoAggiornamento& Passo)
     const Arrivo Prima(Archivio);
     CopiaFile(Archivio, Prima.File(), MassimoTassi);
     ImpostaDataFile(Prima.File(), DataFile(Archivio));
-    SostituisciFile(Prima.File(), CartellaFile(Archivio) + u"Tassi.dat.prima"_s);
-    SostituisciFile(Nuovo.File(), Archivio);
+    Sostituisci(Prima, CartellaFile(Archivio) + u"Tassi.dat.prima"_s);
+    Sostituisci(Nuovo, Archivio);
     return Archivio;
 }
 
@@ -178,7 +184,7 @@ QString Programma(const Annuncio& Trovato, const PassoAggiornamento& Passo)
     const Arrivo Nuovo(File);
     Porta(Trovato.Da, Nome, Nuovo.File(), MassimoInstallatore, Passo);
     PretendiIntegro(Trovato, Nome, Nuovo.File());
-    SostituisciFile(Nuovo.File(), File);
+    Sostituisci(Nuovo, File);
     return File;
 }
 

@@ -38,3 +38,7 @@ struct EsitoScarico
 [[nodiscard]] qint64 DaScaricare(const Annuncio& Trovato, const QString& Nome);
 
 inline constexpr QStringView NomeTassi = u"tassi.dat";
+
+/// What is brought at most, in bytes; what is published is held to it too.
+inline constexpr qint64 MassimoTassi = qint64(32) << 20;
+inline constexpr qint64 MassimoInstallatore = qint64(1) << 30;

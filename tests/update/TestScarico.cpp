@@ -38,6 +38,10 @@ private Q_SLOTS:
     void difettoPrimaDellAvvio();
     void quantoScaricare();
     void uccisoDuranteIlTrasferimento();
+    void limiti();
+    void primaSulDisco_data();
+    void primaSulDisco();
+    void ilDiscoRifiuta();
 
 private:
     [[nodiscard]] Provenienza ConModo(const QString& Modo) const { return {B->Server.Indirizzo(Modo), {}}; }
@@ -490,6 +494,92 @@ void TestScarico::uccisoDuranteIlTrasferimento()
     const QString Rimasto = sessione::UserFolder + DeiTassi().first();
     ImpostaDataFile(Rimasto, QDateTime::currentDateTime().addSecs(-120));
     QVERIFY(ScaricaTassi(B->Controllato(DalServer())).Riuscito());
+    QCOMPARE(B->Avanzi(), QStringList());
+}
+
+// ---- what is asked of the network ---------------------------------------------------------------
+
+namespace {
+
+/// A transfer that has ended already.
+class Arrivato : public Trasferimento
+{
+public:
+    bool Attendi(int) override { return true; }
+    [[nodiscard]] FineRete Fine() const override { return FineRete::Completa; }
+    [[nodiscard]] qint64 Ricevuti() const override { return 0; }
+    [[nodiscard]] qint64 Totale() const override { return -1; }
+    void Annulla() override {}
+};
+
+}  // namespace
+
+void TestScarico::limiti()
+{
+    B->Posa(u"tassi.dat"_s, B->ArchivioNuovo());
+    B->Posa(u"upgrade3.0.15.exe"_s, "installatore");
+    B->Annunciate(TutteNuove);
+    B->Firmate();
+    QStringList Chieste;
+    Rete Tavola;
+    Tavola.Avvia = [&](const RichiestaRete& Chiesta) {
+        const QString Nome = Chiesta.Indirizzo.section(u'/', -1);
+        Chieste << u"%1 %2 %3 %4 %5"_s.arg(Nome)
+                       .arg(Chiesta.MassimoByte)
+                       .arg(Chiesta.ConnessioneMs)
+                       .arg(Chiesta.SilenzioMs)
+                       .arg(QString::fromLatin1(Chiesta.Agente));
+        ScriviFile(Chiesta.File, LeggiFile(B->Setup() + Nome));
+        return std::make_unique<Arrivato>();
+    };
+    InstallaRete(std::move(Tavola));
+
+    const Annuncio Trovato = B->Controllato({u"https://aggiorna.example"_s, {}});
+    QCOMPARE(ScaricaTassi(Trovato).Dettaglio, QString());
+    QCOMPARE(ScaricaProgramma(Trovato).Dettaglio, QString());
+    const QString Altro = u" 15000 15000 Calcanova/3.0.14"_s;
+    QCOMPARE(Chieste, (QStringList{u"versioni.txt 65536"_s + Altro, u"versioni.txt.sig 65536"_s + Altro,
+                                   u"tassi.dat 33554432"_s + Altro, u"versioni.txt.sig 65536"_s + Altro,
+                                   u"upgrade3.0.15.exe 1073741824"_s + Altro}));
+}
+
+void TestScarico::primaSulDisco_data()
+{
+    QTest::addColumn<bool>("Tassi");
+    QTest::newRow("the archive") << true;
+    QTest::newRow("the installer") << false;
+}
+
+void TestScarico::primaSulDisco()
+{
+    QFETCH(bool, Tassi);
+    const QByteArray Nuovo = B->ArchivioNuovo();
+    B->Posa(u"tassi.dat"_s, Nuovo);
+    B->Posa(u"upgrade3.0.15.exe"_s, "installatore");
+    B->Annunciate(TutteNuove);
+    QList<QByteArray> Scritti;
+    guasti::PrimaDelDisco = [&](const QString& File) {
+        Scritti << LeggiFile(File);
+        // What is in use is still the former file.
+        return B->ArchivioIntatto() && !EsisteFile(CartellaUpgrade() + u"upgrade3.0.15.exe"_s);
+    };
+    const QByteArray Prima = LeggiFile(B->Archivio());
+    const Annuncio Trovato = B->Controllato(DalServer());
+    QCOMPARE((Tassi ? ScaricaTassi(Trovato) : ScaricaProgramma(Trovato)).Dettaglio, QString());
+    QVERIFY(Scritti == (Tassi ? QList<QByteArray>{Prima, Nuovo} : QList<QByteArray>{"installatore"}));
+}
+
+void TestScarico::ilDiscoRifiuta()
+{
+    B->Posa(u"tassi.dat"_s, B->ArchivioNuovo());
+    B->Posa(u"upgrade3.0.15.exe"_s, "installatore");
+    B->Annunciate(TutteNuove);
+    guasti::PrimaDelDisco = [](const QString&) { return false; };
+    const Annuncio Trovato = B->Controllato(DalServer());
+    QVERIFY(!ScaricaTassi(Trovato).Riuscito());
+    QVERIFY(!ScaricaProgramma(Trovato).Riuscito());
+    QVERIFY(B->ArchivioIntatto());
+    QCOMPARE(QDir(CartellaUpgrade()).entryList(QDir::Files | QDir::Hidden), QStringList());
     QCOMPARE(B->Avanzi(), QStringList());
 }
 

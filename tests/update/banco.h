@@ -62,6 +62,7 @@ public:
         InstallaShell(std::move(Precedente));
         InstallaOrologio({});
         guasti::LimiteFile = 0;
+        guasti::PrimaDelDisco = {};
         AzzeraSessione();
     }
     BancoAggiornamenti(const BancoAggiornamenti&) = delete;

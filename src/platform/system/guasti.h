@@ -22,6 +22,9 @@ inline QString FileTrattenuti;
 /// that does not answer. It changes while nothing is listed.
 inline std::function<void(const QString& Cartella)> PrimaDiScorrere;
 
+/// Asked before the bytes of a finished file are waited for, with its path; false is a disk that fails.
+inline std::function<bool(const QString& File)> PrimaDelDisco;
+
 /// Every database opened or created from now on may grow to this many pages of 4096 bytes, as on a full disk;
 /// 0 lifts the limit.
 inline int LimitePagine = 0;
