@@ -2,6 +2,14 @@
 #include "supporto/prova.h"
 
 #include "platform/network/firma.h"
+#include "platform/system/file.h"
+#include "platform/system/shell.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QScopeGuard>
+
+using namespace Qt::StringLiterals;
 
 class TestFirma : public QObject
 {
@@ -12,6 +20,8 @@ private Q_SLOTS:
     void laFirmaNonVale();
     void leChiaviSonoOgniVoltaAltre();
     void senzaChiaveNonSiFirma();
+    void laChiaveCheSiConsegna();
+    void chiaveDaConsegnareAssente();
 };
 PROVA(TestFirma);
 
@@ -81,6 +91,43 @@ void TestFirma::senzaChiaveNonSiFirma()
 {
     QCOMPARE(NumeroErrore([] { (void)FirmaByte(Byte, {}); }), errori::Argomento);
     QCOMPARE(NumeroErrore([] { (void)FirmaByte(Byte, NuoveChiavi().Pubblica); }), errori::Argomento);
+}
+
+namespace {
+
+/// Runs the step of the build that lays the key beside the executable. @return its exit status
+int Consegna(const QString& Chiave, const QString& Cartella)
+{
+    QProcess Passo;
+    Passo.start(u"cmake"_s, {u"-DCALCANOVA_CHIAVE="_s + Chiave, u"-DCARTELLA_PROGRAMMA="_s + Cartella,
+                             u"-P"_s, SorgenteDiProva(u"cmake/Chiave.cmake"_s)});
+    return Passo.waitForFinished() ? Passo.exitCode() : -1;
+}
+
+}  // namespace
+
+void TestFirma::laChiaveCheSiConsegna()
+{
+    const QString Accanto = CartellaEseguibile() + u"calcanova.pub"_s;
+    QFile::remove(Accanto);
+    const auto Pulizia = qScopeGuard([&] { QFile::remove(Accanto); });
+    QCOMPARE(ChiavePubblica(), QByteArray());
+    QCOMPARE(Consegna({}, CartellaEseguibile()), 0);
+    QCOMPARE(ChiavePubblica(), QByteArray());
+
+    const CoppiaChiavi Chiavi = NuoveChiavi();
+    const QString File = NuovaCartella() + u"chiave dello studio.pub"_s;
+    ScriviFile(File, Chiavi.Pubblica + '\n');
+    QCOMPARE(Consegna(File, CartellaEseguibile()), 0);
+    QCOMPARE(ChiavePubblica(), Chiavi.Pubblica + '\n');
+    QVERIFY(FirmaValida(Byte, FirmaByte(Byte, Chiavi.Segreta), ChiavePubblica()));
+}
+
+void TestFirma::chiaveDaConsegnareAssente()
+{
+    const QString Cartella = NuovaCartella();
+    QVERIFY(Consegna(Cartella + u"mai.pub"_s, Cartella) > 0);
+    QVERIFY(!EsisteFile(Cartella + u"calcanova.pub"_s));
 }
 
 #include "TestFirma.moc"
