@@ -1,5 +1,6 @@
 #include "pubblica/pubblica.h"
 
+#include "core/versione.h"
 #include "platform/base/errore.h"
 #include "platform/base/paginacodice.h"
 #include "platform/base/regionale.h"
@@ -14,6 +15,7 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QMap>
 
 #include <optional>
@@ -27,7 +29,6 @@ constexpr QStringView Uso =
     u"     pubblica cartella <cartella> --chiave <file> --versione <n.n.n> --tassi <file>\n"
     u"              [--data <gg/mm/aaaa>] [--nota <testo>] [--programma <cartella>]\n"
     u"              [<installatore .exe o .deb>...]\n";
-constexpr qint64 MassimoInstallatore = qint64(1) << 30;
 
 /// What is to be published.
 struct Ordine
@@ -76,6 +77,8 @@ QByteArray TreRighe(const Ordine& Dato)
     const QString Tassi = Dato.Opzioni[u"--tassi"_s];
     const QString Data = Dato.Opzioni.value(u"--data"_s, Format(DataFile(Tassi).date(), u"dd/mm/yyyy"));
     const QString Nota = Dato.Opzioni.value(u"--nota"_s);
+    if (DaCp1252(Cp1252(Nota)) != Nota)
+        Rifiuta(u"La nota contiene caratteri che l'elenco delle versioni non può contenere."_s);
     const QByteArray Righe = Cp1252(u"versione=[%1]\r\n%2 tassi e indici\r\nnota=%3\r\n"_s.arg(
         Dato.Opzioni[u"--versione"_s], Data, Nota));
     const Versioni Lette = LeggiVersioni(Righe);
@@ -108,17 +111,34 @@ QByteArray Sha256Di(const QString& File)
 }
 
 /// Copies a file into the folder and gives its line of the list.
-QByteArray Posa(const QString& Origine, const QString& Cartella, const QString& Nome)
+QByteArray Posa(const QString& Origine, const QString& Cartella, const QString& Nome, qint64 MassimoByte)
 {
     const QString Nuovo = Cartella + Nome + u".nuovo"_s;
     qint64 Byte = 0;
-    CopiaFile(Origine, Nuovo, MassimoInstallatore, [&](qint64 Copiati) {
+    CopiaFile(Origine, Nuovo, MassimoByte, [&](qint64 Copiati) {
         Byte = Copiati;
         return true;
     });
     ImpostaDataFile(Nuovo, DataFile(Origine));
     SostituisciFile(Nuovo, Cartella + Nome);
     return RigaElenco({Nome, Byte, Sha256Di(Cartella + Nome)}).toLatin1() + "\r\n";
+}
+
+/// A file that the program would not bring to its end is refused. @throws Errore 5, 53
+void PretendiMisura(const QString& File, qint64 MassimoByte)
+{
+    if (!EsisteFile(File))
+        throw Errore(errori::FileMancante);
+    if (QFileInfo(PercorsoNativo(File)).size() > MassimoByte)
+        Rifiuta(u"Il file supera i %1 MB che il programma accetta: %2"_s.arg(MassimoByte >> 20).arg(File));
+}
+
+/// Whoever is told of a newer version wants its installer; the rates alone go with the version in use.
+void PretendiInstallatore(const Ordine& Dato)
+{
+    if (Dato.Installatori.isEmpty() && Dato.Opzioni[u"--versione"_s] != VersioneProgramma())
+        Rifiuta(u"Una versione nuova si pubblica con il suo installatore; per i soli tassi la versione è "
+                u"quella in uso, %1."_s.arg(VersioneProgramma()));
 }
 
 void Chiavi(const QString& Cartella)
@@ -143,21 +163,23 @@ void Cartella(const Ordine& Dato)
 {
     const QString Segreta = QString::fromLatin1(LeggiFile(Dato.Opzioni[u"--chiave"_s], 1000));
     const QString Tassi = Dato.Opzioni[u"--tassi"_s];
-    if (!EsisteFile(Tassi))
-        throw Errore(errori::FileMancante);
+    PretendiMisura(Tassi, MassimoTassi);
     if (const QString Difetto = DifettoTassi(Tassi, {}); !Difetto.isEmpty())
         Rifiuta(u"L'archivio dei tassi non va bene: "_s + Difetto + u'.');
     QByteArray Elenco = TreRighe(Dato);
+    PretendiInstallatore(Dato);
     QMap<QString, QString> Installatori;
-    for (const QString& Uno : Dato.Installatori)
+    for (const QString& Uno : Dato.Installatori) {
+        PretendiMisura(Uno, MassimoInstallatore);
         Installatori[NomePubblicato(Uno, Dato.Opzioni[u"--versione"_s])] = Uno;
+    }
     (void)FirmaByte({}, Segreta.toLatin1());  // a key that is none is refused before anything is written
 
     const QString Meta = Dato.Uscita + Barra(u"kr5"_s) + Barra(u"setup"_s);
     CreaCartella(Meta);
-    Elenco += Posa(Tassi, Meta, NomeTassi.toString());
+    Elenco += Posa(Tassi, Meta, NomeTassi.toString(), MassimoTassi);
     for (auto Uno = Installatori.cbegin(); Uno != Installatori.cend(); ++Uno)
-        Elenco += Posa(Uno.value(), Meta, Uno.key());
+        Elenco += Posa(Uno.value(), Meta, Uno.key(), MassimoInstallatore);
     if (const QString Programma = Dato.Opzioni.value(u"--programma"_s); !Programma.isEmpty())
         ScriviPagineSito(Programma, Dato.Uscita, Dato.Opzioni[u"--versione"_s],
                          Dato.Opzioni.value(u"--nota"_s));

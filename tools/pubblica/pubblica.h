@@ -14,6 +14,7 @@
 ///                      the pages of ScriviPagineSito too
 ///
 /// The date is that of the archive's file unless another one is told. What stands in the folder is replaced;
-/// keys never are.
+/// keys never are. Another version than the one in use needs an installer; with the version in use the rates
+/// are published alone.
 /// @return exit status: 0; 1 with an Italian sentence in `Errori` when a file is refused; 2 wrong use
 [[nodiscard]] int Pubblica(const QStringList& Argomenti, QTextStream& Detto, QTextStream& Errori);

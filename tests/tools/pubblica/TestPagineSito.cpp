@@ -1,12 +1,19 @@
 // The pages of the program under the addresses that its commands open on a server.
 #include "supporto/prova.h"
 
+#include "core/aperture.h"
+#include "core/comandi.h"
+#include "core/indirizzi.h"
+#include "core/parametri.h"
 #include "platform/base/errore.h"
 #include "platform/system/file.h"
+#include "platform/system/shell.h"
 #include "pubblica/paginesito.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QUrl>
 
 using namespace Qt::StringLiterals;
@@ -18,6 +25,8 @@ class TestPagineSito : public QObject
 private Q_SLOTS:
     void pagine_data();
     void pagine();
+    void ogniIndirizzoDelProgramma();
+    void unaPaginaPerOgniIndirizzoNelSorgente();
     void laNotaNonEMarcatura();
     void programmaIncompleto();
 
@@ -61,6 +70,61 @@ void TestPagineSito::pagine()
         const QUrl Meta = QUrl::fromLocalFile(Uscita + Nome).resolved(QUrl(Passi.next().captured(1)));
         QVERIFY2(Meta.scheme() == u"https" || EsisteFile(Meta.toLocalFile()), qPrintable(Meta.toString()));
     }
+}
+
+void TestPagineSito::ogniIndirizzoDelProgramma()
+{
+    // What the program opens on its server is what is laid out, down to the place in the page.
+    const QString Server = u"https://www.esempio.it"_s;
+    SalvaImpostazione(indirizzi::ChiaveServer.toString(), Server);
+    QStringList Aperti{indirizzi::Editore(), indirizzi::Sviluppatore()};
+    Shell Tavola;
+    Tavola.ApriIndirizzo = [&](const QString& Indirizzo) {
+        Aperti << Indirizzo;
+        return 0;
+    };
+    Shell Prima = InstallaShell(std::move(Tavola));
+    const auto Ripristino = qScopeGuard([&] {
+        InstallaShell(std::move(Prima));
+        SalvaImpostazione(indirizzi::ChiaveServer.toString(), {});
+        Aperture = {};
+    });
+    // No window stands behind a word here: what acts is what leads to an address.
+    Aperture = {};
+    for (const QString& Parola : {u"release"_s, u"link"_s, u"assistenza"_s})
+        EseguiComando(Parola, 0, {});
+    QCOMPARE(Aperti.size(), 5);
+
+    const QString Uscita = NuovaCartella();
+    ScriviPagineSito(ProgrammaPronto(), Uscita, u"3.0.15"_s, {});
+    for (const QString& Indirizzo : std::as_const(Aperti)) {
+        const QUrl Meta(Indirizzo);
+        QVERIFY2(Indirizzo.startsWith(Server + u'/'), qPrintable(Indirizzo));
+        const QString File = Uscita + Meta.path().mid(1);
+        QVERIFY2(EsisteFile(File), qPrintable(Indirizzo));
+        if (Meta.hasFragment())
+            QVERIFY2(QString::fromUtf8(LeggiFile(File)).contains(u"name=\"%1\""_s.arg(Meta.fragment())),
+                     qPrintable(Indirizzo));
+    }
+}
+
+void TestPagineSito::unaPaginaPerOgniIndirizzoNelSorgente()
+{
+    // An address that somebody adds to the program has its page too.
+    static const QRegularExpression Percorso(u"Server \\+ u\"(/[^\"#]+)"_s);
+    const QString Uscita = NuovaCartella();
+    ScriviPagineSito(ProgrammaPronto(), Uscita, u"3.0.15"_s, {});
+    int Trovati = 0;
+    QDirIterator Passo(SorgenteDiProva(u"src/core"_s), {u"*.cpp"_s}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    while (Passo.hasNext()) {
+        const QString Testo = QString::fromUtf8(LeggiFile(Passo.next()));
+        for (const QRegularExpressionMatch& Trovato : Percorso.globalMatch(Testo)) {
+            ++Trovati;
+            QVERIFY2(EsisteFile(Uscita + Trovato.captured(1).mid(1)), qPrintable(Trovato.captured(1)));
+        }
+    }
+    QVERIFY(Trovati >= 3);
 }
 
 void TestPagineSito::laNotaNonEMarcatura()

@@ -2,6 +2,7 @@
 #include "supporto/prova.h"
 #include "update/banco.h"
 
+#include "core/versione.h"
 #include "pubblica/pubblica.h"
 
 #include <QFileInfo>
@@ -17,6 +18,8 @@ private Q_SLOTS:
     void laCartellaVaBeneAlProgramma_data();
     void laCartellaVaBeneAlProgramma();
     void unaVersioneDopoLAltra();
+    void soloITassi();
+    void installatoreTroppoGrande();
     void rifiuta_data();
     void rifiuta();
     void usoErrato_data();
@@ -61,7 +64,7 @@ int TestPubblica::Esegui(const QStringList& Argomenti)
 QStringList TestPubblica::Ordine(const QStringList& Altro) const
 {
     return QStringList{u"cartella"_s,   B->Server.Cartella(), u"--chiave"_s, Chiavi + u"calcanova.key"_s,
-                       u"--versione"_s, u"3.0.15"_s,          u"--tassi"_s,  Tassi} +
+                       u"--versione"_s, VersioneProgramma(),  u"--tassi"_s,  Tassi} +
            Altro;
 }
 
@@ -99,7 +102,8 @@ void TestPubblica::laCartellaVaBeneAlProgramma()
     const QString Deb = NuovaCartella() + u"calcanova_3.0.15_amd64.deb"_s;
     ScriviFile(Exe, "exe");
     ScriviFile(Deb, "deb");
-    QCOMPARE(Esegui(Ordine({u"--nota"_s, u"Novità: nuovi tassi"_s, Exe, Deb})), 0);
+    QCOMPARE(Esegui(Ordine({u"--versione"_s, u"3.0.15"_s, u"--nota"_s, u"Novità: nuovi tassi"_s, Exe, Deb})),
+             0);
     QCOMPARE(Errori, QString());
     InstallaFileChiave(Chiavi + u"calcanova.pub"_s);
 
@@ -123,14 +127,34 @@ void TestPubblica::laCartellaVaBeneAlProgramma()
 void TestPubblica::unaVersioneDopoLAltra()
 {
     QCOMPARE(Esegui(Ordine()), 0);
-    QStringList Nuovo = Ordine({u"--data"_s, u"05/12/2026"_s});
-    Nuovo[Nuovo.indexOf(u"3.0.15"_s)] = u"3.0.16"_s;
-    QCOMPARE(Esegui(Nuovo), 0);
+    const QString Exe = NuovaCartella() + u"Setup.exe"_s;
+    ScriviFile(Exe, "exe");
+    QCOMPARE(Esegui(Ordine({u"--data"_s, u"05/12/2026"_s, u"--versione"_s, u"3.0.16"_s, Exe})), 0);
     InstallaFileChiave(Chiavi + u"calcanova.pub"_s);
     const Annuncio Trovato = B->Controllato(B->Cartella());
     QCOMPARE(Trovato.Lette.Versione, u"3.0.16"_s);
     QCOMPARE(ScaricaTassi(Trovato).Dettaglio, QString());
     QCOMPARE(DataFile(B->Archivio()).date(), QDate(2026, 12, 5));
+}
+
+void TestPubblica::soloITassi()
+{
+    QCOMPARE(Esegui(Ordine()), 0);
+    InstallaFileChiave(Chiavi + u"calcanova.pub"_s);
+    const Annuncio Trovato = B->Controllato(B->Cartella());
+    QVERIFY2(!VersioneNuova(sessione::VersioneDisp, VersioneProgramma()), "no program is offered");
+    QVERIFY(TassiVecchi(sessione::DataTassiDisp));
+    QCOMPARE(ScaricaTassi(Trovato).Dettaglio, QString());
+}
+
+void TestPubblica::installatoreTroppoGrande()
+{
+    const QString Exe = NuovaCartella() + u"Setup.exe"_s;
+    QFile Sparso(Exe);
+    QVERIFY(Sparso.open(QIODevice::WriteOnly) && Sparso.resize((qint64(1) << 30) + 1));
+    QCOMPARE(Esegui(Ordine({u"--versione"_s, u"3.0.15"_s, Exe})), 1);
+    QCOMPARE(Errori.trimmed(), u"Il file supera i 1024 MB che il programma accetta: "_s + Exe);
+    QVERIFY(!EsisteFile(B->Setup() + u"tassi.dat"_s));
 }
 
 void TestPubblica::rifiuta_data()
@@ -151,6 +175,19 @@ void TestPubblica::rifiuta_data()
                                   << u"La data deve essere nella forma gg/mm/aaaa."_s;
     QTest::newRow("a note of two lines")
         << u"--nota"_s << u"a\nsha256="_s << u"La nota deve stare in una riga di 500 caratteri."_s;
+    QTest::newRow("a note in other letters")
+        << u"--nota"_s << u"Σ Pěť"_s
+        << u"La nota contiene caratteri che l'elenco delle versioni non può contenere."_s;
+    for (const QString& Altra : {u"3.0.15"_s, u"3.0.13"_s})
+        QTest::addRow("version %s without an installer", qPrintable(Altra))
+            << u"--versione"_s << Altra
+            << u"Una versione nuova si pubblica con il suo installatore; per i soli tassi la versione è "
+               u"quella in uso, %1."_s.arg(VersioneProgramma());
+    const QString Grande = NuovaCartella() + u"grande.dat"_s;
+    QFile Sparso(Grande);
+    QVERIFY(Sparso.open(QIODevice::WriteOnly) && Sparso.resize((qint64(32) << 20) + 1));
+    QTest::newRow("an archive past the program's limit")
+        << u"--tassi"_s << Grande << u"Il file supera i 32 MB che il programma accetta: "_s + Grande;
     QTest::newRow("no archive") << u"--tassi"_s << Vuoto + u"mai"_s << DescrizioneErrore(53);
     QTest::newRow("another archive")
         << u"--tassi"_s << Vuoto
