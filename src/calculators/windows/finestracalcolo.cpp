@@ -274,7 +274,4 @@ void ApriAggiornamento(const QString& Parola)
 {
     if (Aperture.Aggiorna)
         Aperture.Aggiorna(Parola);
-    else
-        MsgBox(u"L'aggiornamento degli indici non è disponibile in questa versione del programma."_s,
-               vbInformation, TitoloInformazione.toString());
 }

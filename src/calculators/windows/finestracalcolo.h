@@ -64,6 +64,5 @@ void Annuncia(QWidget* Risultato);
 /// Lets go what Tab has selected in the focused box, so that Ctrl+C takes the result that has just come.
 void LasciaSelezione();
 
-/// Opens the update of program and rates, with its word "run" or none; where there is no update, a message
-/// says so.
+/// Opens the update of program and rates, with its word "run" or none.
 void ApriAggiornamento(const QString& Parola);
