@@ -88,6 +88,7 @@ void TestScrittureAltrui::dopoLaPropria()
     }
     const int Quanti = Propria == u"new"_s ? 7 : Propria == u"delete"_s ? 5 : 6;
     QCOMPARE(Conto(F), u"%1 nominativi"_s.arg(Quanti));
+    QVERIFY(Nomi(F).contains(u"Rossini Ugo"_s));
     Vaglio(F)->setText(u"ross"_s);
     QTRY_COMPARE(Conto(F), u"3 di %1"_s.arg(Quanti));
     QVERIFY(Nomi(F).contains(u"Rossini Ugo"_s));
