@@ -11,6 +11,8 @@
 #include <QElapsedTimer>
 #include <QTimer>
 
+#include <array>
+
 class TestRicerca : public QObject
 {
     Q_OBJECT
@@ -32,6 +34,8 @@ private Q_SLOTS:
     void laTracciaDiUnaFallita();
     void laTracciaNonAspettaDiPiu();
     void laTracciaSenzaCartella();
+    void quantoAspetta_data();
+    void quantoAspetta();
     void fineDelProgramma();
 
 private:
@@ -276,6 +280,34 @@ void TestRicerca::laTracciaSenzaCartella()
     }
     QVERIFY(B->Voce.Mostrati().isEmpty());
     QVERIFY(B->Server.Uditi().isEmpty());
+}
+
+void TestRicerca::quantoAspetta_data()
+{
+    QTest::addColumn<bool>("Traccia");
+    QTest::newRow("beside the event loop") << false;
+    QTest::newRow("with the trace") << true;
+}
+
+void TestRicerca::quantoAspetta()
+{
+    QFETCH(bool, Traccia);
+    sessione::ModoDebug = Traccia;
+    B->Annunciate(NienteDiNuovo, false);
+    Rete Tavola = InstallaRete({});
+    const auto Vera = Tavola.Avvia;
+    QList<std::array<qint64, 3>> Chiesti;
+    Tavola.Avvia = [&](const RichiestaRete& Chiesta) {
+        Chiesti.append({Chiesta.ConnessioneMs, Chiesta.TotaleMs, Chiesta.MassimoByte});
+        return Vera(Chiesta);
+    };
+    InstallaRete(std::move(Tavola));
+    CercaAggiornamenti();
+    QTRY_COMPARE(sessione::VersioneDisp, u"3.0.14"_s);
+    QCOMPARE(Chiesti.size(), 1);
+    QCOMPARE(Chiesti[0][0], 4000);
+    QCOMPARE(Chiesti[0][1], 8000);
+    QCOMPARE(Chiesti[0][2], 64 << 10);
 }
 
 void TestRicerca::fineDelProgramma()
