@@ -127,6 +127,11 @@ QString FileRubrica(const QString& DataSource)
     return DataSource.isEmpty() ? TrovaFile(Barra(sessione::PercorsoProg) + u"rubrica.mdb"_s) : DataSource;
 }
 
+bool DellaSessione(const QString& DataSource)
+{
+    return PercorsoNativo(FileRubrica(DataSource)) == PercorsoNativo(FileRubrica(sessione::ArchivioCliCon));
+}
+
 QString SqlRubrica(const QString& Tabella)
 {
     return u"SELECT * FROM "_s + FraNome(Tabella);

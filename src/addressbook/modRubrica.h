@@ -43,6 +43,8 @@ struct ColonnaRubrica
 
 /// The archive that is meant: an empty one is the file "rubrica" of the program's folder.
 [[nodiscard]] QString FileRubrica(const QString& DataSource);
+/// The archive is the one of the settings, to which the keys in the notes belong.
+[[nodiscard]] bool DellaSessione(const QString& DataSource);
 
 /// "SELECT * FROM table", with the order of a column where one is given. Text is ordered without regard to
 /// case and accents.

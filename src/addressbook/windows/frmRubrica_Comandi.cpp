@@ -87,8 +87,10 @@ void frmRubrica::SchedaChiusa(bool Scritta)
 /// The current row was written: the whole table has it too, and the notes that are linked to it follow.
 void frmRubrica::Salvata()
 {
-    // The notes first: they follow the row also when the archive cannot be read again now.
-    if (Aperture.NominativoCambiato && HaColonna(Righe.Campi(), u"ID"_s))
+    // The notes first: they follow the row also when the archive cannot be read again now. The keys of an
+    // archive that is no longer the session's are other people's in them.
+    const bool Seguita = Aperture.NominativoCambiato && DellaSessione(Richiesta.DataSource);
+    if (Seguita && HaColonna(Righe.Campi(), u"ID"_s))
         Aperture.NominativoCambiato(Richiesta.RecordSource, Righe.Value(u"ID"_s).toInt());
     AllineaTutte();
     ContaRighe();
@@ -188,6 +190,11 @@ void frmRubrica::Ripeti(bool Indietro)
 
 void frmRubrica::Seleziona()
 {
+    if (!DellaSessione(Richiesta.DataSource)) {
+        MsgBox(u"Nelle impostazioni è stato scelto un altro archivio: riaprire la rubrica dalla parcella!"_s,
+               vbOKOnly + vbExclamation, TitoloAvvertenza.toString());
+        return;
+    }
     Righe.ImpostaBookmark(Righe.Bookmark());  // reads the row anew: others may have written to it
     const QVariantList Valori = ValoriScelti(Righe, Colonne);
     if (Valori.at(1).toString().trimmed().isEmpty()) {

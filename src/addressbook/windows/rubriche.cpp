@@ -1,5 +1,6 @@
 #include "addressbook/windows/rubriche.h"
 
+#include "addressbook/modRubrica.h"
 #include "addressbook/windows/frmRubrica.h"
 
 #include <QApplication>
@@ -22,6 +23,16 @@ frmRubrica* Nuova()
     Rubrica->setAttribute(Qt::WA_DeleteOnClose);
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, Rubrica, &QObject::deleteLater);
     return Rubrica;
+}
+
+/// Those too whose note has gone while a card was open.
+QList<QPointer<frmRubrica>> Tutte()
+{
+    QList<QPointer<frmRubrica>> Trovate;
+    for (QWidget* Finestra : QApplication::topLevelWidgets())
+        if (auto* Rubrica = qobject_cast<frmRubrica*>(Finestra))
+            Trovate.append(Rubrica);
+    return Trovate;
 }
 
 }  // namespace
@@ -58,12 +69,14 @@ void ChiudiRubricaDi(int Indice, int Numero)
 
 bool ChiudiRubriche()
 {
-    // Those too whose note has gone while a card was open.
-    QList<QPointer<frmRubrica>> Tutte;
-    for (QWidget* Finestra : QApplication::topLevelWidgets())
-        if (auto* Rubrica = qobject_cast<frmRubrica*>(Finestra))
-            Tutte.append(Rubrica);
-    return std::ranges::all_of(Tutte, [](const QPointer<frmRubrica>& Rubrica) {
+    return std::ranges::all_of(Tutte(), [](const QPointer<frmRubrica>& Rubrica) {
         return !Rubrica || !Rubrica->isVisible() || Rubrica->close();
     });
+}
+
+void ChiudiRubricheAltrui()
+{
+    for (const QPointer<frmRubrica>& Rubrica : Tutte())
+        if (Rubrica && Rubrica->isVisible() && !DellaSessione(Rubrica->Chiesta().DataSource))
+            Rubrica->close();
 }

@@ -10,5 +10,8 @@ void ApriRubrica(const RichiestaRubrica& Chiesta);
 void ChiudiRubricaDi(int Indice, int Numero);
 /// Closes all of them, asking about what is not saved. @return false when the user stays with one
 [[nodiscard]] bool ChiudiRubriche();
+/// Another archive may have been set: closes the browsers of every other one, asking as above. One that the
+/// user stays with hands over no choice, and no note follows what is written there.
+void ChiudiRubricheAltrui();
 /// The browser of a place, 0 the desktop's; null when it is not open.
 [[nodiscard]] frmRubrica* RubricaDi(int Indice);

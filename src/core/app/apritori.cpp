@@ -186,6 +186,7 @@ void RiempiApritori()
         Protetta(PreparaTassi);
         if (const auto& Studio = SeCaricato<frmStudio>)
             Studio->SegnaRidisegno();
+        ChiudiRubricheAltrui();
     };
     Aperture.IconaPersonale = [](int Riga, bool Elimina) {
         auto& Modulo = Singola<frmSetup>();

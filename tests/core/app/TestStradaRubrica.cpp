@@ -39,6 +39,7 @@ private Q_SLOTS:
     void laNotaDiDopo();
     void laNotaColPropriNominativoInVista();
     void dueProgrammi();
+    void unAltroArchivio();
 
 private:
     /// A civil note of 30.000 euro on its base tab.
@@ -465,6 +466,56 @@ void TestStradaRubrica::dueProgrammi()
     Premi(Qt::Key_Return);
     QCOMPARE(F->Nota.IDCli, 2);
     QCOMPARE(Testo("txtCliente"), u"Neri Ugo e figli"_s);
+}
+
+/// The keys of the former archive are other people's in the new one.
+void TestStradaRubrica::unAltroArchivio()
+{
+    const QString Vecchio = sessione::ArchivioCliCon;
+    const QString Altro = NuovaCartella() + u"Altro.mdb"_s;
+    QVERIFY(QFile::copy(Vecchio, Altro));
+    OpenDatabase(Vecchio).Execute(u"INSERT INTO clienti (Nominativo) VALUES ('Rossi Ada')"_s);
+    OpenDatabase(Altro).Execute(u"INSERT INTO clienti (Nominativo) VALUES ('Neri Ugo')"_s);
+    NuovaNota();
+    F->oRubrica_SelDone(u"cli"_s, {1, u"Rossi Ada"_s});
+    EseguiComando(u"clienti"_s, 0, {});
+    QVERIFY(MostraAttiva(Singola<frmMain>()));
+    Clic(Controllo(F, "cmdModCliCon_0"));
+    frmRubrica* Rubrica = Libro(1);
+    QVERIFY(Rubrica && RubricaDi(0));
+    const frmScheda* Aperta = Scheda(Rubrica);
+    QVERIFY(Aperta);
+    Compila(Aperta, u"Nominativo"_s, u"Rossi Eva"_s);
+    // What was saved with the same archive closes nothing.
+    Aperture.ImpostazioniCambiate();
+    QVERIFY(RubricaDi(0) && RubricaDi(1));
+
+    sessione::ArchivioCliCon = Altro;
+    Box->Attendi(u"Salvare le modifiche alla scheda?"_s, vbCancel, u"Domanda:"_s);
+    Aperture.ImpostazioniCambiate();
+    QVERIFY2(!RubricaDi(0), "nothing was open in it");
+    QCOMPARE(RubricaDi(1), Rubrica);
+    // Who stays with the card saves it where it belongs, and no note follows.
+    QVERIFY(MostraAttiva(*Rubrica->findChild<frmScheda*>()));
+    Premi(Qt::Key_F10);
+    QTRY_VERIFY(!Rubrica->findChild<frmScheda*>());
+    QCOMPARE(OpenDatabase(Vecchio).OpenRecordset(u"clienti"_s).Value(u"Nominativo"_s).toString(),
+             u"Rossi Eva"_s);
+    QCOMPARE(Testo("txtCliente"), u"Rossi Ada"_s);
+    QVERIFY(MostraAttiva(*Rubrica));
+    F->Nota.IDCli = 0;
+    Box->Attendi(
+        u"Nelle impostazioni è stato scelto un altro archivio: riaprire la rubrica dalla parcella!"_s, vbOK,
+        u"Avvertenza:"_s);
+    Premi(Qt::Key_Return);
+    QCOMPARE(F->Nota.IDCli, 0);
+    // Asked again, it shows the new one.
+    QVERIFY(MostraAttiva(Singola<frmMain>()));
+    Clic(Controllo(F, "cmdVisCliCon_0"));
+    QCOMPARE(Libro(1)->RigheMostrate().Value(u"Nominativo"_s).toString(), u"Neri Ugo"_s);
+    Premi(Qt::Key_Return);
+    QCOMPARE(F->Nota.IDCli, 1);
+    QCOMPARE(Testo("txtCliente"), u"Neri Ugo"_s);
 }
 
 #include "TestStradaRubrica.moc"
