@@ -136,7 +136,8 @@ void DopoUltimaParcella()
     auto& Cornice = Singola<frmMain>();
     Protetta([&] { Cornice.SalvaMisure(); });
     if (sessione::ModoLow) {
-        Termina();
+        if (!Aperture.ChiudiRubriche || Aperture.ChiudiRubriche())
+            Termina();
         return;
     }
     Singola<frmStudio>().Mostra();

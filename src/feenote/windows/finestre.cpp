@@ -18,6 +18,7 @@
 #include <QMdiSubWindow>
 #include <QPointer>
 
+#include <algorithm>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -216,6 +217,23 @@ void Libera(const std::vector<frmParcelle*>& Chiuse)
     }
 }
 
+/// No note but these is open.
+bool NessunAltra(const std::vector<frmParcelle*>& Queste)
+{
+    for (int i = 1; i <= UltimaParcella(); ++i) {
+        const frmParcelle* Finestra = InUso(i);
+        if (Finestra && std::ranges::find(Queste, Finestra) == Queste.end())
+            return false;
+    }
+    return true;
+}
+
+/// The program ends with these notes, a matter's one or the last ones of a low session.
+bool FinisceCon(const std::vector<frmParcelle*>& Chiuse)
+{
+    return !sessione::RichiestaPV2.ID.isEmpty() || (sessione::ModoLow && NessunAltra(Chiuse));
+}
+
 /// What follows the close of a note: the end of the process for a matter's one, the desktop after the last.
 void DopoChiusura(const frmParcelle* Finestra)
 {
@@ -400,6 +418,9 @@ bool ChiudiParcella(int Indice)
     std::vector<frmParcelle*> Chiuse{Finestra};
     if (Altra && Principale)
         Chiuse.push_back(Altra);
+    // Who stays with a card of the address book keeps the program, and with it the note.
+    if (FinisceCon(Chiuse) && Aperture.ChiudiRubriche && !Aperture.ChiudiRubriche())
+        return false;
     Sciogli(*Finestra);
     Libera(Chiuse);
     ControllaAssociate();

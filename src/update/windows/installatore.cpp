@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// @return false when the user has kept one of them
+/// Notes that are not saved, and the address books. @return false when the user has kept one of them
 bool ChiudiModificate()
 {
     for (int i = 1; i <= UltimaParcella(); ++i) {
@@ -20,7 +20,7 @@ bool ChiudiModificate()
         if (!Posto.Libera && Posto.Modificata && Aperture.ChiudiParcella && !Aperture.ChiudiParcella(i))
             return false;
     }
-    return true;
+    return !Aperture.ChiudiRubriche || Aperture.ChiudiRubriche();
 }
 
 bool EPacchetto(const QString& File)

@@ -48,6 +48,9 @@ private Q_SLOTS:
     void praticaSalvata();
     void fileDiUnaPraticaApertoDaSolo();
     void fileSenzaPraticaDallaCompagna();
+    void laSchedaTieneIlProgramma_data();
+    void laSchedaTieneIlProgramma();
+    void laCorniceSenzaNote();
     void spegniChiedeAOgnuna();
     void spegniSalva();
     void spegniDaUnaPraticaNonChiedeOltre();
@@ -238,6 +241,51 @@ void TestFine::fileSenzaPraticaDallaCompagna()
     // No matter: the note was the last one of a session like any other.
     QCOMPARE(S->Eventi, QStringList());
     QVERIFY(SeCaricato<frmStudio> && SeCaricato<frmStudio>->isVisible());
+}
+
+void TestFine::laSchedaTieneIlProgramma_data()
+{
+    QTest::addColumn<QString>("Riga");
+    QTest::addColumn<bool>("Altra");
+    QTest::newRow("the note of a matter") << u"PV2|N|P12|0|0|0|0|0|0|"_s << false;
+    QTest::newRow("one of a matter's notes") << u"PV2|N|P12|0|0|0|0|0|0|"_s << true;
+    QTest::newRow("the last note of a low session") << u"-low"_s << false;
+}
+
+/// Who stays with an open card of the address book keeps the note too, and is asked again at the next close.
+void TestFine::laSchedaTieneIlProgramma()
+{
+    QFETCH(QString, Riga);
+    QFETCH(bool, Altra);
+    Main(Riga);
+    if (Altra)
+        EseguiComando(u"new"_s, 0, {});
+    int Domande = 0;
+    bool Risposta = false;
+    Aperture.ChiudiRubriche = [&] {
+        ++Domande;
+        return Risposta;
+    };
+    QVERIFY(!ChiudiParcella(1));
+    QCOMPARE(Domande, 1);
+    QCOMPARE(S->Eventi, QStringList());
+    QVERIFY(Parcelle(1)->isVisible() && !InfoParcelle[1].Libera);
+    Risposta = true;
+    QVERIFY(ChiudiParcella(1));
+    QCOMPARE(S->Eventi, QStringList{u"fine"_s});
+}
+
+/// The frame of a low session can lose its note to a file that does not open.
+void TestFine::laCorniceSenzaNote()
+{
+    Main(u"-low"_s);
+    bool Risposta = false;
+    Aperture.ChiudiRubriche = [&] { return Risposta; };
+    DopoUltimaParcella();
+    QCOMPARE(S->Eventi, QStringList());
+    Risposta = true;
+    DopoUltimaParcella();
+    QCOMPARE(S->Eventi, QStringList{u"fine"_s});
 }
 
 void TestFine::spegniChiedeAOgnuna()

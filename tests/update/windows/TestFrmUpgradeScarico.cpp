@@ -19,6 +19,7 @@ private Q_SLOTS:
     void pacchettoSenzaInstallatore();
     void noteModificate_data();
     void noteModificate();
+    void laSchedaTieneIlProgramma();
     void cambiatoPrimaDellAvvio();
     void avanzamentoEAnnulla_data();
     void avanzamentoEAnnulla();
@@ -230,6 +231,21 @@ void TestFrmUpgradeScarico::noteModificate()
     Clicca("cmdUpgrade");
     QCOMPARE(B->Eventi.last(), u"fine"_s);
     QCOMPARE(B->Server.Uditi().count("/upgrade3.0.15.exe "), 1);
+}
+
+/// Who stays with an open card of the address book keeps the program.
+void TestFrmUpgradeScarico::laSchedaTieneIlProgramma()
+{
+    bool Risposta = false;
+    Aperture.ChiudiRubriche = [&] { return Risposta; };
+    ConProgramma();
+    B->Voce.Attendi(Scaricato);
+    Clicca("cmdUpgrade");
+    QCOMPARE(B->Eventi, QStringList());
+    Risposta = true;
+    B->Voce.Attendi(Scaricato);
+    Clicca("cmdUpgrade");
+    QCOMPARE(B->Eventi.last(), u"fine"_s);
 }
 
 void TestFrmUpgradeScarico::cambiatoPrimaDellAvvio()
