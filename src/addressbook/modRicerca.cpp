@@ -50,7 +50,8 @@ QString ValoreAltro(TipoCampo Tipo, const QString& Testo)
     }
     if (Tipo == TipoCampo::Memo || !IsNumeric(Scritto))
         return Testo;
-    return QString::number(NumeroDi(Scritto), 'g', QLocale::FloatingPointShortest);
+    // Digits in full: the engine's dialect has no powers of ten.
+    return QString::number(NumeroDi(Scritto), 'f', QLocale::FloatingPointShortest);
 }
 
 QString ValoreDi(const Campo& Colonna, int Operatore, const QString& Testo)

@@ -135,6 +135,10 @@ void TestModRicerca::criteri_data()
     Riga("numero vuoto", u"Anni"_s, CampoVuoto, {}, u"Anni = 0"_s);
     Riga("numero con la virgola", u"Saldo"_s, UgualeA, u"12,5"_s, u"Saldo = 12.5"_s);
     Riga("migliaia", u"Saldo"_s, UgualeA, u"1.234,5"_s, u"Saldo = 1234.5"_s);
+    Riga("centomila", u"Saldo"_s, UgualeA, u"100000"_s, u"Saldo = 100000"_s);
+    Riga("un milione", u"Saldo"_s, UgualeA, u"1.000.000"_s, u"Saldo = 1000000"_s);
+    Riga("un centomillesimo", u"Misura"_s, UgualeA, u"0,00001"_s, u"Misura = 0.00001"_s);
+    Riga("tutte le cifre", u"Misura"_s, UgualeA, u"-123456789,0625"_s, u"Misura = -123456789.0625"_s);
     Riga("numero com'è scritto", u"Saldo"_s, UgualeA, u"dodici"_s, u"Saldo = dodici"_s);
     Riga("logico sì", u"Attivo"_s, UgualeA, u"sì"_s, u"Attivo = True"_s);
     Riga("logico vero", u"Attivo"_s, UgualeA, u"Vero"_s, u"Attivo = True"_s);
@@ -190,6 +194,9 @@ void TestModRicerca::siTrova_data()
     Riga("data non vuota", u"DataNascita"_s, CampoNonVuoto, {}, {1});
     Riga("numero", u"Anni"_s, MaggioreOUgualeA, u"43"_s, {1});
     Riga("virgola", u"Saldo"_s, UgualeA, u"1.234,5"_s, {1});
+    Riga("centomila", u"Numero"_s, UgualeA, u"100000"_s, {1});
+    Riga("un milione", u"Saldo"_s, MinoreDi, u"1.000.000"_s, {1});
+    Riga("un centomillesimo", u"Misura"_s, MinoreDi, u"0,00001"_s, {1});
     Riga("logico", u"Attivo"_s, UgualeA, u"Sì"_s, {1});
     Riga("contatore", u"ID"_s, UgualeA, u"3"_s, {3});
 }
