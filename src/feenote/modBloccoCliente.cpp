@@ -55,6 +55,7 @@ void PrecompilaRappresentante(Parcella& Nota, const DatiCliente& Cliente)
     if (Nota.RapprDi != 0 || Nota.Rappr == Rappresentante())
         Nota.Rappr = {Cliente.RapprLegale, {}, {}, {}};
     Nota.RapprDi = Nota.IDCli;
+    Nota.RapprLegato = Cliente.RapprLegale;
 }
 
 /// The forms that a user can write in.
@@ -131,4 +132,17 @@ void GetDatiStaCli(Parcella& Nota, FormaBlocco Forma)
     Nota.txtDatiStaCli.Testo = BloccoCliente(*Cliente, Forma);
     if (Forma == FormaBlocco::Societa)
         PrecompilaRappresentante(Nota, *Cliente);
+}
+
+bool SegueRappresentante(Parcella& Nota)
+{
+    const Rappresentante Dato{Nota.RapprLegato, {}, {}, {}};
+    if (Nota.IDCli <= 0 || Nota.RapprDi != Nota.IDCli || Nota.Rappr != Dato)
+        return false;
+    const std::optional<DatiCliente> Cliente = LeggiCliente(Nota.IDCli);
+    if (!Cliente || Cliente->RapprLegale == Nota.RapprLegato)
+        return false;
+    Nota.Rappr.Nome = Nota.RapprLegato = Cliente->RapprLegale;
+    SetModificata(Nota, true);
+    return true;
 }

@@ -32,3 +32,8 @@ void ScriviBlocco(Parcella& Nota, FormaBlocco Forma, const QString& Testo);
 /// A company's block brings the representative of its row along, once for each client: what the user writes
 /// over it stays until the client changes.
 void GetDatiStaCli(Parcella& Nota, FormaBlocco Forma);
+
+/// The row of the client was written to: its representative takes the place of the one that it gave before,
+/// unless the user has written over that one or added to it.
+/// @return true when the note names another one than before
+bool SegueRappresentante(Parcella& Nota);

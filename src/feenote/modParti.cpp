@@ -85,6 +85,20 @@ QString NomeInArchivio(ParteNota Parte, int Chiave)
     return InNota.isEmpty() ? CercaControparte(Chiave, u"Nominativo"_s).value_or(QString()) : InNota;
 }
 
+/// The linked row has another name. That is no new choice: what the user has taken out of the print stays
+/// out.
+void SegueNome(Parcella& Nota, ParteNota Parte, int Chiave, const QString& Nome)
+{
+    const bool Svuotata = Voce(Parte).Svuotata && Nota.*Voce(Parte).Svuotata;
+    QMap<FormaBlocco, QString> Vuoti = Nota.BlocchiScritti;
+    Vuoti.removeIf([](const auto& Blocco) { return !Blocco.value().isEmpty(); });
+    Lega(Nota, Parte, Chiave, Nome);
+    if (Svuotata)
+        ScriviStampata(Nota, Parte, {});
+    if (Parte == ParteNota::Cliente)
+        Nota.BlocchiScritti = Vuoti;
+}
+
 /// The client of the print alone; the form that he is worded in holds as the user's own would.
 void StampaCliente(Parcella& Nota, int Chiave, const QString& Nome)
 {
@@ -225,17 +239,18 @@ bool SegueArchivio(Parcella& Nota, ParteNota Parte, int Chiave)
     const QString Nome = NomeInArchivio(Parte, Chiave);
     if (Nome.isEmpty())
         return false;
-    if (Nome != NomeLegato(Nota, Parte) && Nome != ParteScritta(Nota, Parte).Testo) {
-        const auto Parola = std::ranges::find(VociRubrica, Parte, &VoceRubrica::Parte)->Parola;
-        RiceviDaRubrica(Nota, Parola.toString(), Chiave, Nome);
-        Nota.Fuoco = CampoNota::Nessuno;
-        return true;
-    }
+    const bool Nuovo = Nome != NomeLegato(Nota, Parte) && Nome != ParteScritta(Nota, Parte).Testo;
     const QString Prima = ParteStampata(Nota, Parte).Testo;
-    Nota.*Voce(Parte).Legato = Nome;
-    if (Parte == ParteNota::Cliente)
+    if (Nuovo)
+        SegueNome(Nota, Parte, Chiave, Nome);
+    else
+        Nota.*Voce(Parte).Legato = Nome;
+    bool AltroRappresentante = false;
+    if (Parte == ParteNota::Cliente) {
+        AltroRappresentante = SegueRappresentante(Nota);
         RicomponiBlocco(Nota);
-    return ParteStampata(Nota, Parte).Testo != Prima;
+    }
+    return Nuovo || AltroRappresentante || ParteStampata(Nota, Parte).Testo != Prima;
 }
 
 void CambiaContrTipo(Parcella& Nota, int Tipo)

@@ -42,7 +42,8 @@ void RicomponiBlocco(Parcella& Nota);
 void RiceviDaRubrica(Parcella& Nota, const QString& Parola, int Chiave, const QString& Nome);
 
 /// The row of a key was written to: a party that is linked to it takes its name, where that is another than
-/// before and than the note's, as a choice would give it; the client is worded anew. A row without a name, or
+/// before and than the note's, as a choice would give it, but for what the user has taken out of the print;
+/// the client is worded anew, and his representative followed (SegueRappresentante). A row without a name, or
 /// one that is gone, changes nothing.
 /// @return true when the note shows something else than before
 bool SegueArchivio(Parcella& Nota, ParteNota Parte, int Chiave);

@@ -158,7 +158,8 @@ struct Parcella
     int optContrTipo = 0;           ///< client type: 0 person, 1 company
     int ContrTipoDi = 0;            ///< key of the client whose type was proposed or chosen, 0 none
     Rappresentante Rappr;
-    int RapprDi = 0;  ///< key of the client whose row has given the representative, 0 none
+    int RapprDi = 0;      ///< key of the client whose row has given the representative, 0 none
+    QString RapprLegato;  ///< the name that this row gave
     QMap<FormaBlocco, QString> BlocchiScritti;  ///< client blocks of the user's own, by form; see
                                                 ///< RicomponiBlocco
 

@@ -118,6 +118,8 @@ constexpr std::array Voci{
     DelRappresentante<&Rappresentante::LuogoNascita>(u"Rappresentante.LuogoNascita"),
     DelRappresentante<&Rappresentante::Residenza>(u"Rappresentante.Residenza"),
     Intero<&Parcella::RapprDi>(u"Rappresentante.Cliente"),
+    VoceMemoria{u"Rappresentante.Archivio", [](const Parcella& Nota) { return Nota.RapprLegato; },
+                [](Parcella& Nota, const QString& Valore) { Nota.RapprLegato = Valore; }},
     Stampato<&Parcella::txtDatiStaControp, &Parcella::txtControp>(u"txtDatiStaControp"),
     Stampato<&Parcella::txtDatiStaOgg, &Parcella::txtOggetto>(u"txtDatiStaOgg"),
     StampatoVuoto<&Parcella::ContropSvuotata, &Parcella::txtDatiStaControp, &Parcella::txtControp>(

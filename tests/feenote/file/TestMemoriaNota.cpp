@@ -100,6 +100,7 @@ void TestMemoriaNota::torna_data()
     Caso("il cliente di cui sono tipo e rappresentante", [](Parcella& Nota) {
         Nota.ContrTipoDi = 12;
         Nota.RapprDi = 12;
+        Nota.RapprLegato = u"Verdi Anna"_s;
     });
     Caso("blocco del cliente", [](Parcella& Nota) {
         CambiaParteStampata(Nota, ParteNota::Cliente, u"Spett.le\nRossi Mario\nvia Roma 1"_s);
