@@ -1,5 +1,6 @@
 #include "addressbook/elenconomi.h"
 
+#include "addressbook/modRubrica.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
@@ -76,7 +77,7 @@ std::shared_ptr<ElencoNomi> ElencoNomi::Di(const QString& Tabella)
 
 ElencoNomi::Impronta ElencoNomi::Guarda()
 {
-    const QFileInfo Info(PercorsoNativo(sessione::ArchivioCliCon));
+    const QFileInfo Info(PercorsoNativo(FileRubrica(sessione::ArchivioCliCon)));
     return {Info.filePath(), Info.isFile() ? Info.size() : -1, Info.lastModified()};
 }
 
@@ -101,7 +102,7 @@ bool ElencoNomi::Avanza()
         return false;
     try {
         if (!Archivio.Aperto()) {
-            Archivio = OpenDatabase(sessione::ArchivioCliCon, true);
+            Archivio = OpenDatabase(FileRubrica(sessione::ArchivioCliCon), true);
             ConCitta = Archivio.EsisteCampo(Tabella, u"Citta"_s);
         }
         LeggiPezzo();

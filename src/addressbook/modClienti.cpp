@@ -1,5 +1,6 @@
 #include "addressbook/modClienti.h"
 
+#include "addressbook/modRubrica.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
@@ -22,7 +23,7 @@ auto CercaRiga(const QString& Tabella, int Chiave, Lettura Leggi)
     -> std::optional<decltype(Leggi(Recordset()))>
 {
     try {
-        const Database Archivio = OpenDatabase(sessione::ArchivioCliCon, true);
+        const Database Archivio = OpenDatabase(FileRubrica(sessione::ArchivioCliCon), true);
         const Recordset Trovato =
             Archivio.OpenRecordset(u"SELECT * FROM "_s + Tabella + u" WHERE ID=?"_s, {Chiave});
         if (Trovato.Eof())

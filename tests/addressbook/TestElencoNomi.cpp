@@ -1,5 +1,6 @@
 // The names that are offered while one is typed: which, in what order, and when they are read anew.
 #include "addressbook/elenconomi.h"
+#include "addressbook/modClienti.h"
 #include "archivio.h"
 #include "platform/base/errore.h"
 #include "supporto/guasti.h"
@@ -23,6 +24,7 @@ private Q_SLOTS:
     void archivioGuasto_data();
     void archivioGuasto();
     void senzaCitta();
+    void senzaArchivioIlFileRubrica();
     void condivisoFraFinestre();
 
 private:
@@ -229,6 +231,20 @@ void TestElencoNomi::senzaCitta()
     ElencoNomi Elenco(u"clienti"_s);
     LeggiTutto(Elenco);
     QCOMPARE(Elenco.Proponi(u"rossi"_s, 5), (QList<NomeOfferto>{{1, u"Rossi Mario"_s, {}}}));
+}
+
+/// What the browser shows without an archive in the settings is offered, and found again by its key.
+void TestElencoNomi::senzaArchivioIlFileRubrica()
+{
+    ArchivioDiProva::Aggiungi(7, u"Rossi Mario"_s);
+    sessione::PercorsoProg = NuovaCartella();
+    QVERIFY(QFile::copy(sessione::ArchivioCliCon, sessione::PercorsoProg + u"rubrica.mdb"_s));
+    sessione::ArchivioCliCon.clear();
+    ElencoNomi Elenco(u"clienti"_s);
+    LeggiTutto(Elenco);
+    QCOMPARE(Nomi(Elenco, u"rossi"_s), QStringList{u"Rossi Mario"_s});
+    QCOMPARE(CercaCliente(7), std::optional(u"Rossi Mario"_s));
+    QVERIFY(LeggiCliente(7).has_value());
 }
 
 void TestElencoNomi::condivisoFraFinestre()

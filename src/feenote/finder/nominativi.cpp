@@ -1,5 +1,6 @@
 #include "feenote/finder/nominativi.h"
 
+#include "addressbook/modRubrica.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
@@ -17,9 +18,9 @@ void Nominativi::SeguiArchivio()
     if (Guardato)
         return;
     Guardato = true;
-    const QFileInfo Info(PercorsoNativo(sessione::ArchivioCliCon));
+    const QFileInfo Info(PercorsoNativo(FileRubrica(sessione::ArchivioCliCon)));
     const qint64 Ora = Info.lastModified().toMSecsSinceEpoch();
-    Assente = sessione::ArchivioCliCon.isEmpty() || !Info.isFile();
+    Assente = !Info.isFile();
     if (Archivio == Info.filePath() && Byte == Info.size() && Modificata == Ora)
         return;
     Archivio = Info.filePath();

@@ -42,6 +42,7 @@ private Q_SLOTS:
     void leParti();
     void laRubricaCambia();
     void senzaRubrica();
+    void rubricaDelProgramma();
     void siInterrompe();
     void cartelleCheMancano();
     void laSottocartellaChiusa();
@@ -325,6 +326,20 @@ void TestTrova::senzaRubrica()
     QCOMPARE(Trova(Qui()).first().Cliente, u"scritto"_s);
     sessione::ArchivioCliCon.clear();
     QCOMPARE(Trova(Qui()).first().Cliente, u"scritto"_s);
+}
+
+/// Without an archive in the settings the names are those of the file that the address book shows then.
+void TestTrova::rubricaDelProgramma()
+{
+    const int Cli = Ufficio->AggiungiCliente(u"Verdi Anna"_s);
+    sessione::PercorsoProg = NuovaCartella();
+    QVERIFY(QFile::copy(sessione::ArchivioCliCon, sessione::PercorsoProg + u"rubrica.mdb"_s));
+    sessione::ArchivioCliCon.clear();
+    VoceTrova Voce;
+    Voce.Dati.IDCli = Cli;
+    Nominativi Nomi;
+    Nomi.Completa(Voce);
+    QCOMPARE(Voce.Cliente, u"Verdi Anna"_s);
 }
 
 void TestTrova::siInterrompe()
