@@ -187,6 +187,13 @@ void frmRicerche::hideEvent(QHideEvent* Evento)
         ClearArray();
 }
 
+void frmRicerche::Sospendi(bool Si)
+{
+    setEnabled(!Si);
+    if (!Si)
+        ui->txtValore->setFocus();  // a disabled box has lost it
+}
+
 void frmRicerche::Accosta(const QRect& Occupato)
 {
     const QScreen* Schermo = screen();

@@ -53,6 +53,9 @@ public:
     /// Moves the dialog away when it covers this rectangle of the screen, such as the row that was found.
     void Scopri(const QRect& Trovata);
 
+    /// While a card holds the rows nothing can be searched: the dialog stays on view, disabled.
+    void Sospendi(bool Si);
+
     /// True when there was a search since the recordset was given, on a field that it has.
     [[nodiscard]] bool PuoRipetere() const { return !UltimoCriterio.isEmpty(); }
     /// Repeats the last search behind the current row, or before it, with the dialog on view or not; opens

@@ -65,9 +65,13 @@ void frmRubrica::ApriScheda(const QString& Modo)
     Scheda->Consegna(Righe, ui->tdbRubrica->Colonne());
     ::Collega(Scheda.data(), &frmScheda::Chiusa, this, [this](bool Scritta) {
         Scheda = nullptr;
+        if (Cercatore)
+            Cercatore->Sospendi(false);
         SchedaChiusa(Scritta);
     });
     ::Collega(Scheda.data(), &frmScheda::RigaSpostata, this, [this] { Riallinea(); });
+    if (Cercatore)
+        Cercatore->Sospendi(true);
     if (!Scheda->Carica())
         Rileggi();  // it has been told why: the row may have gone
 }

@@ -1,6 +1,8 @@
 // The browser of the address book: opening, columns, order, filter, keys.
 #include "archivio.h"
 
+#include "addressbook/windows/frmRicerche.h"
+#include "addressbook/windows/frmScheda.h"
 #include "platform/base/errore.h"
 #include "platform/system/file.h"
 
@@ -28,6 +30,7 @@ private Q_SLOTS:
     void lArchivioCheManca_data();
     void lArchivioCheManca();
     void senzaArchivioIlFileRubrica();
+    void laRicercaSottoLaScheda();
     void dalComandoCambiaArchivio();
     void laRigaLegata();
     void siRiapre();
@@ -190,6 +193,30 @@ void TestFrmRubrica::lArchivioCheManca()
     QVERIFY(!A->Apri(Chiesta));
     QCOMPARE(QFile::exists(Chiesta.DataSource), !Contenuto.isEmpty());
     QVERIFY(A->Apri(A->DaNota()));
+}
+
+/// The card holds the rows: meanwhile nothing of the search can be pressed in vain.
+void TestFrmRubrica::laRicercaSottoLaScheda()
+{
+    frmRubrica* F = A->Apri(A->DaNota());
+    QVERIFY(F);
+    F->Comando(u"search"_s);
+    auto* Cerca = F->findChild<frmRicerche*>();
+    QVERIFY(Cerca && Cerca->isVisible());
+    QApplication::setActiveWindow(Cerca);
+    Scrivi(Controllo<QLineEdit>(Cerca, "txtValore"), u"Rossi Ada"_s);
+    QVERIFY(Controllo(Cerca, "cmdFind_0")->isEnabled());
+    F->Comando(u"view"_s);
+    auto* Scheda = F->findChild<frmScheda*>();
+    QVERIFY(Scheda && Cerca->isVisible());
+    QVERIFY(!Controllo(Cerca, "cmdFind_0")->isEnabled() && !Controllo(Cerca, "txtValore")->isEnabled());
+    Scheda->close();
+    QTRY_VERIFY(!F->findChild<frmScheda*>());
+    QVERIFY(Controllo(Cerca, "cmdFind_0")->isEnabled());
+    QApplication::setActiveWindow(Cerca);
+    QCOMPARE(NomeFuoco(), u"txtValore"_s);
+    Premi(Qt::Key_F3);
+    QCOMPARE(Corrente(F), u"Rossi Ada"_s);
 }
 
 void TestFrmRubrica::senzaArchivioIlFileRubrica()
