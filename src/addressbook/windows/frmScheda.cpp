@@ -137,8 +137,14 @@ void frmScheda::CollegaTasti()
     Tasto(Qt::Key_F10, Concludi);
     Tasto(Qt::CTRL | Qt::Key_Return, Concludi);
     Tasto(Qt::CTRL | Qt::Key_Enter, Concludi);
-    Tasto(Qt::Key_PageDown, [this] { Vicina(true); });
-    Tasto(Qt::Key_PageUp, [this] { Vicina(false); });
+}
+
+/// The neighbouring rows, where only to look at: while writing the keys page through a memo.
+void frmScheda::CollegaVicine()
+{
+    for (const auto& [Tasto, Dopo] : {std::pair(Qt::Key_PageDown, true), std::pair(Qt::Key_PageUp, false)})
+        ::Collega(new QShortcut(Tasto, this), &QShortcut::activated, this,
+                  [this, Dopo = Dopo] { Vicina(Dopo); });
 }
 
 bool frmScheda::Carica()
@@ -153,8 +159,10 @@ bool frmScheda::Carica()
     }
     for (const QStringView Chiave : {u"do", u"undo"})
         ui->barScheda->findChild<QAction*>(Chiave.toString())->setVisible(InScrittura());
-    if (!InScrittura())
+    if (!InScrittura()) {
         ui->barScheda->findChild<QAction*>(u"off"_s)->setToolTip(u"Chiudi la scheda (Esc)"_s);
+        CollegaVicine();
+    }
     aspetto::AssegnaMnemonici(ui->pagina);
     aspetto::AssegnaNomiAccessibili(this);
     OrdinaFuoco();

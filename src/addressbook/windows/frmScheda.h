@@ -94,6 +94,7 @@ private:
 
     void CostruisciBarra();
     void CollegaTasti();
+    void CollegaVicine();
     void Comincia();
     void CreaCoppie();
     void CreaCoppia(const Campo& Colonna, const QString& Titolo);

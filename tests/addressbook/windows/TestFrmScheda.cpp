@@ -39,6 +39,7 @@ private Q_SLOTS:
     void tastiPerSalvare();
     void paginaSuEGiu();
     void paginaConUnPassoSuo();
+    void paginaNelMemo();
     void paginaFermaInScrittura();
     void avvisi();
     void senzaNominativo();
@@ -440,6 +441,23 @@ void TestFrmScheda::paginaConUnPassoSuo()
     };
     Premi(Qt::Key_PageDown);
     QCOMPARE(Casella(u"Nominativo"_s)->text(), u"Nicolò"_s);
+}
+
+/// While writing the keys belong to the memo.
+void TestFrmScheda::paginaNelMemo()
+{
+    Apri(u"edit"_s);
+    auto* Note = qobject_cast<QPlainTextEdit*>(Box(u"Note"_s));
+    QVERIFY(Note);
+    Note->setFocus();
+    Note->setPlainText(u"riga\n"_s.repeated(99));
+    Premi(Qt::Key_PageDown);
+    const int Sotto = Note->textCursor().blockNumber();
+    QVERIFY2(Sotto > 0, qPrintable(QString::number(Sotto)));
+    Premi(Qt::Key_PageUp);
+    QCOMPARE(Note->textCursor().blockNumber(), 0);
+    Voce->Attendi(u"Salvare le modifiche alla scheda?"_s, vbNo);
+    Premi(Qt::Key_Escape);
 }
 
 void TestFrmScheda::paginaFermaInScrittura()
