@@ -62,7 +62,10 @@ void CampoRubrica::CreaSegno(QToolButton* Modifica)
     Segno->setObjectName(u"segno_"_s + Box->objectName());
     Segno->setText(u"Scollega dall'archivio"_s);
     Segno->setVisible(false);
-    Collega(Segno, &QAction::triggered, this, [this] { Azioni.Scollega(); });
+    Collega(Segno, &QAction::triggered, this, [this] {
+        if (Diverso)
+            Azioni.Scollega();
+    });
 
     auto* Menu = new QMenu(Modifica);
     Menu->setObjectName(u"menu_"_s + Modifica->objectName());
@@ -79,7 +82,7 @@ void CampoRubrica::CreaSegno(QToolButton* Modifica)
 
 void CampoRubrica::Mostra(int Chiave, const QString& Nome)
 {
-    const bool Diverso = Chiave > 0 && Box->text() != Nome;
+    Diverso = Chiave > 0 && Box->text() != Nome;
     Segno->setVisible(Chiave > 0);
     Segno->setIcon(aspetto::Icona(Diverso ? u"linkdiverso"_s : u"link"_s));
     QString Frase;
@@ -90,6 +93,8 @@ void CampoRubrica::Mostra(int Chiave, const QString& Nome)
     if (Diverso && !Nome.isEmpty())
         Frase += u"\nIl testo è diverso, ma alla riapertura tornerà il nome dell'archivio.\n"
                  u"Un clic sul segno lo scollega."_s;
+    else if (Chiave > 0 && !Nome.isEmpty())
+        Frase += u"\nPer scollegarlo c'è il menu del pulsante di modifica."_s;
     // A screen reader says it of the box; the mark itself is reached by the mouse alone.
     Box->setAccessibleDescription(Frase);
     Segno->setToolTip(Frase);

@@ -29,8 +29,8 @@ struct AzioniRubrica
 /// While a name is typed the archive's names that match it are listed below the box, from the third letter
 /// on; typing goes on whether or not the list is there, and only a row that is picked, by Enter on a row
 /// marked with the arrows or by the mouse, is taken. A linked box bears a mark, which is another one while
-/// the text is not the row's; a click on it drops the link, and so does the menu of the button that edits the
-/// row.
+/// the text is not the row's; a click on that one drops the link, the menu of the button that edits the row
+/// drops any.
 ///
 /// F4 and Alt+Down open the address book, Ctrl+Enter the card.
 class CampoRubrica : public QObject
@@ -64,6 +64,7 @@ private:
     QLineEdit* Box;
     AzioniRubrica Azioni;
     QAction* Segno = nullptr;
+    bool Diverso = false;  ///< the text is not the linked row's name
     QListWidget* Elenco = nullptr;
     QList<QPointer<QWidget>> Cornici;  ///< what the box stands in, while the list is on view
     std::shared_ptr<ElencoNomi> Nomi;

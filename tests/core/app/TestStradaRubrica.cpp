@@ -253,7 +253,7 @@ void TestStradaRubrica::cancellatoERimesso()
     Aperture.ApriParcella(File, 0, {});
     QCOMPARE(Testo("txtCliente"), u"Rossi Ada"_s);
     QCOMPARE(F->findChild<QAction*>(u"segno_txtCliente"_s)->toolTip(),
-             u"Collegato all'archivio: Rossi Ada"_s);
+             u"Collegato all'archivio: Rossi Ada\nPer scollegarlo c'è il menu del pulsante di modifica."_s);
 }
 
 /// A company is a company in the agreement by itself, with who signs for it.

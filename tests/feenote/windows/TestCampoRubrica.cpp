@@ -12,6 +12,13 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+const QString Collegato =
+    u"Collegato all'archivio: Rossi D'Àvila\nPer scollegarlo c'è il menu del pulsante di modifica."_s;
+
+}  // namespace
+
 class TestCampoRubrica : public QObject
 {
     Q_OBJECT
@@ -34,6 +41,7 @@ private Q_SLOTS:
     void iTastiDellaRubrica();
     void ilSegnoDiceIlNome();
     void ilSegnoScollega();
+    void ilSegnoUgualeNonScollega();
     void ilMenuScollega();
     void ilSegnoDiChiNonSiTrova();
     void ilSegnoDopoLaRilettura();
@@ -48,6 +56,7 @@ private:
     }
     [[nodiscard]] QListWidget* Lista() const { return Lista(Cliente()); }
     [[nodiscard]] QStringList Offerti() const;
+    void ClicSegno() const;
     [[nodiscard]] QAction* Segno() const { return F->findChild<QAction*>(u"segno_txtCliente"_s); }
     void DigitaNome(const QString& Testo) const;
 
@@ -350,7 +359,7 @@ void TestCampoRubrica::ilSegnoDiceIlNome()
     QVERIFY(!Segno()->isVisible());
     F->oRubrica_SelDone(u"cli"_s, {Rossi, u"Rossi D'Àvila"_s});
     QVERIFY(Segno()->isVisible());
-    QCOMPARE(Segno()->toolTip(), u"Collegato all'archivio: Rossi D'Àvila"_s);
+    QCOMPARE(Segno()->toolTip(), Collegato);
     QCOMPARE(Cliente()->accessibleDescription(), Segno()->toolTip());
     const QImage Catena = Segno()->icon().pixmap(16, 16).toImage();
     Cliente()->selectAll();
@@ -362,12 +371,31 @@ void TestCampoRubrica::ilSegnoDiceIlNome()
     QVERIFY(Segno()->icon().pixmap(16, 16).toImage() != Catena);
     Cliente()->selectAll();
     Digita(u"Rossi D'Àvila"_s);
-    QCOMPARE(Segno()->toolTip(), u"Collegato all'archivio: Rossi D'Àvila"_s);
+    QCOMPARE(Segno()->toolTip(), Collegato);
     QVERIFY(Segno()->icon().pixmap(16, 16).toImage() == Catena);
     T->Voce.Attendi(u"Il cliente è stato dissociato dalla parcella!"_s, vbOK, u"Avvertenza:"_s);
     Scrivi(Cliente(), {});
     QVERIFY(!Segno()->isVisible());
     QVERIFY(!F->findChild<QAction*>(u"segno_txtControp"_s)->isVisible());
+}
+
+void TestCampoRubrica::ClicSegno() const
+{
+    for (QToolButton* Bottone : Cliente()->findChildren<QToolButton*>())
+        if (Bottone->defaultAction() == Segno() && Bottone->isVisible())
+            return QTest::mouseClick(Bottone, Qt::LeftButton);
+    QFAIL("no mark");
+}
+
+/// A click beside the text's end does not cost the link.
+void TestCampoRubrica::ilSegnoUgualeNonScollega()
+{
+    Apri();
+    F->oRubrica_SelDone(u"cli"_s, {Rossi, u"Rossi D'Àvila"_s});
+    F->SetModificata(false);
+    ClicSegno();
+    QCOMPARE(F->Nota.IDCli, Rossi);
+    QVERIFY(Segno()->isVisible() && !F->Nota.Modificata);
 }
 
 void TestCampoRubrica::ilSegnoScollega()
@@ -378,13 +406,8 @@ void TestCampoRubrica::ilSegnoScollega()
     Cliente()->selectAll();
     Digita(u"Neri Ugo"_s);
     F->SetModificata(false);
-    QToolButton* Bottone = nullptr;
-    for (QToolButton* Trovato : Cliente()->findChildren<QToolButton*>())
-        if (Trovato->defaultAction() == Segno())
-            Bottone = Trovato;
-    QVERIFY(Bottone && Bottone->isVisible());
     T->Voce.Attendi(u"Il cliente è stato dissociato dalla parcella!"_s, vbOK, u"Avvertenza:"_s);
-    QTest::mouseClick(Bottone, Qt::LeftButton);
+    ClicSegno();
     QCOMPARE(F->Nota.IDCli, 0);
     QCOMPARE(F->Nota.txtCliente.Testo, u"Neri Ugo"_s);
     QCOMPARE(F->Nota.txtDatiStaCli.Testo, u"Neri Ugo"_s);
@@ -455,7 +478,7 @@ void TestCampoRubrica::ilSegnoDopoLaRilettura()
     F = T->Apri(File);
     QVERIFY(F);
     QCOMPARE(Cliente()->text(), u"Rossi D'Àvila"_s);
-    QCOMPARE(Segno()->toolTip(), u"Collegato all'archivio: Rossi D'Àvila"_s);
+    QCOMPARE(Segno()->toolTip(), Collegato);
 }
 
 #include "TestCampoRubrica.moc"
