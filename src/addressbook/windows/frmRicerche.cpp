@@ -190,8 +190,6 @@ void frmRicerche::hideEvent(QHideEvent* Evento)
 void frmRicerche::Sospendi(bool Si)
 {
     setEnabled(!Si);
-    if (!Si)
-        ui->txtValore->setFocus();  // a disabled box has lost it
 }
 
 void frmRicerche::Accosta(const QRect& Occupato)
