@@ -62,7 +62,8 @@ Casa CasaDiProva()
            "#pragma once\n#include \"platform/base/numero.h\"\nint Somma();\n");
     Scrivi(Cartella + u"src/conti/somma.cpp"_s, "#include \"conti/somma.h\"\n");
     Scrivi(Cartella + u"src/conti/windows/frmSomma.cpp"_s,
-           "#include \"conti/somma.h\"\n#include <QWidget>\n#include \"ui_frmSomma.h\"\n");
+           "#include \"conti/somma.h\"\n#include <QWidget>\n#include \"conti/windows/ui_frmSomma.h\"\n");
+    Scrivi(Cartella + u"src/conti/windows/frmSomma.ui"_s, "<ui>\n</ui>\n");
     return LeggiCasa(Cartella + u"src/"_s, Cartella + u"stanze.txt"_s);
 }
 
@@ -153,6 +154,9 @@ void TestArchitettura::unaSondaSiScopre_data()
         u"src/conti/windows/frmAltra.ui:2 includes platform/database/tabella.h, which conti/windows may not know"_s);
     Riga("un file che non c'è", u"conti/altra.cpp"_s, "#include \"platform/base/nulla.h\"\n",
          u"src/conti/altra.cpp:1 includes platform/base/nulla.h, which is not there"_s);
+    Riga("un modulo che non c'è", u"conti/windows/frmAltra.cpp"_s,
+         "#include \"conti/windows/ui_frmAltra.h\"\n",
+         u"src/conti/windows/frmAltra.cpp:1 includes conti/windows/ui_frmAltra.h, which is not there"_s);
     Riga("fuori dalle stanze", u"altrove/prova.cpp"_s, "int x;\n",
          u"src/altrove/prova.cpp stands in a folder that is no room of src/CMakeLists.txt"_s);
     Riga("il motore", u"conti/altra.cpp"_s, "#include <sqlite3.h>\n",

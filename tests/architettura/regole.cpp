@@ -38,6 +38,17 @@ QString CartellaDi(const QString& Percorso)
     return Percorso.left(std::max<qsizetype>(0, Percorso.lastIndexOf(u'/')));
 }
 
+/// True for a header of the tree, and for the one that the build makes of a form: room/ui_name.h of
+/// room/name.ui.
+bool Esiste(const Casa& Questa, const QString& Incluso)
+{
+    static const QRegularExpression DaDisegno(u"/ui_(\\w+)\\.h$"_s);
+    QString Disegno = Incluso;
+    Disegno.replace(DaDisegno, u"/\\1.ui"_s);
+    return QFileInfo::exists(Questa.Radice + Incluso) ||
+           (Disegno != Incluso && QFileInfo::exists(Questa.Radice + Disegno));
+}
+
 QString Posto(const QString& Percorso, qsizetype Riga)
 {
     return u"src/%1:%2 "_s.arg(Percorso).arg(Riga + 1);
@@ -164,7 +175,7 @@ QStringList IncludiProibiti(const Casa& Questa)
             return;  // of a library, or made by a tool of Qt
         const QString Da = CartellaDi(File);
         const QString Verso = CartellaDi(Incluso);
-        if (!QFileInfo::exists(Questa.Radice + Incluso))
+        if (!Esiste(Questa, Incluso))
             Frasi += Posto(File, Riga) + u"includes %1, which is not there"_s.arg(Incluso);
         else if (Verso != Da && !Questa.Stanze.value(Da).PuoConoscere.contains(Verso))
             Frasi += Posto(File, Riga) + u"includes %1, which %2 may not know"_s.arg(Incluso, Da);
