@@ -281,12 +281,12 @@ void TestRete::daHttpsNonSiScende()
 
 void TestRete::unAltroNomeEUnAltroServer()
 {
-    // The certificate would do for both names.
-    const QString Fiducia = NuovoCertificato(u"IP:127.0.0.1,DNS:localhost"_s);
+    // The certificate would do for both.
+    const QString Fiducia = NuovoCertificato(u"IP:127.0.0.1,IP:127.0.0.2"_s);
     const Servitore Cifrato(Fiducia);
     ScriviFile(Cifrato.Cartella() + u"x"_s, "ciao");
     InstallaReteQt({{}, Fiducia + u"cert.pem"_s});
-    const QString AltroNome = Cifrato.Indirizzo(u"piano"_s, u"x"_s).replace(u"127.0.0.1"_s, u"localhost"_s);
+    const QString AltroNome = Cifrato.Indirizzo(u"piano"_s, u"x"_s).replace(u"127.0.0.1"_s, u"127.0.0.2"_s);
     QCOMPARE(Scarica(Chiedi(AltroNome)), FineRete::Completa);
     QCOMPARE(Scarica(Chiedi(Cifrato.Indirizzo(u"altronome"_s, u"x"_s))), FineRete::Vietata);
     QCOMPARE(Cifrato.Uditi().count("GET "), 2);
