@@ -50,6 +50,7 @@ ColonnaGriglia ColonnaAcconto(const TabellaRighe* Tabella, const QString& Titolo
     Colonna.Mostra = [Tabella](const QVariant& Valore, int Riga) {
         return Riga < Tabella->Righe() ? TestoAcconto(Valore, (*Tabella)(Riga, AccValuta)) : QString();
     };
+    Colonna.Valore = [](const QString& Testo) { return QVariant(Arrotonda2(NumeroDi(Testo))); };
     return Colonna;
 }
 
@@ -63,6 +64,7 @@ QList<ColonnaGriglia> ColonneAcconti(const TabellaRighe* Tabella)
     Valuta.Filtro = u"LEle"_s;
     Valuta.Massimo = 1;
     Valuta.Maiuscole = true;
+    Valuta.Valore = [](const QString& Testo) { return QVariant(Testo.trimmed().toUpper()); };
     Valuta.Mostra = [](const QVariant& Valore, int) {
         return Valore.isValid() ? ParolaValuta(Valore) : QString();
     };
@@ -139,16 +141,6 @@ void SchedaAcconti::CollegaAcconti()
     Righe->Lega(&Nota.xAcconti);
     Righe->ConsentiNuove(true);
     Righe->FraseVuota(u"Scrivere nella riga vuota gli acconti ricevuti."_s);
-    Righe->Convalida = [this](int, int Colonna, const QString& Testo) {
-        return ConvalidaCella(ColonneAcconti(&Nota.xAcconti)[Colonna], Testo);
-    };
-    Righe->Valore = [](int, int Colonna, const QString& Testo) -> QVariant {
-        if (Colonna == AccDescr)
-            return Testo;
-        if (Colonna == AccValuta)
-            return Testo.trimmed().toUpper();
-        return Arrotonda2(NumeroDi(Testo));
-    };
     Righe->NuovaRiga = [this](int Riga) { Nota.xAcconti(Riga, AccValuta) = QString(LetteraEuro); };
     Righe->LasciaRiga = [this](int Riga) { return CheckAcconto(Nota.xAcconti, Riga); };
     Collega(Righe, &Griglia::CellaScritta, this, &SchedaAcconti::RigheScritte);

@@ -140,12 +140,6 @@ void SchedaOnorari::CollegaRighe()
     Righe->Lega(&Nota.xOnorari);
     Righe->ConsentiNuove(true);
     Righe->FraseVuota(u"Fare doppio clic su una voce del catalogo per inserirla."_s);
-    Righe->Convalida = [](int, int Colonna, const QString& Testo) {
-        return ConvalidaCella(ColonneOnorari()[Colonna], Testo);
-    };
-    Righe->Valore = [](int, int Colonna, const QString& Testo) {
-        return ValoreCella(ColonneOnorari()[Colonna], Testo);
-    };
     Righe->NuovaRiga = [this](int Riga) { Nota.xOnorari(Riga, OnoQta) = 1.0; };
     Collega(Righe, &Griglia::CellaScritta, this, &SchedaOnorari::tdbOnor_CellaScritta);
 }

@@ -65,12 +65,6 @@ void SchedaSpese::CollegaRighe()
     Righe->Lega(&Nota.xDiritti);
     Righe->ConsentiNuove(true);
     Righe->FraseVuota(u"Fare doppio clic su una spesa del catalogo, poi scriverne l'importo."_s);
-    Righe->Convalida = [](int, int Colonna, const QString& Testo) {
-        return ConvalidaCella(ColonneSpese()[Colonna], Testo);
-    };
-    Righe->Valore = [](int, int Colonna, const QString& Testo) {
-        return ValoreCella(ColonneSpese()[Colonna], Testo);
-    };
     Collega(Righe, &Griglia::CellaScritta, this, &SchedaSpese::tdbDir_CellaScritta);
 
     Comandi = new ComandiRighe(Righe, TipoRiga::Diritti, Nota, Comune, Cornice);

@@ -41,23 +41,47 @@ bool Oltre(const QString& Testo, double Limite)
 }
 
 /// An empty cell passes, and counts as none.
-bool ConvalidaNumero(const ColonnaGriglia& Colonna, const QString& Testo)
+bool ConvalidaNumero(const QString& Testo)
 {
-    if (Testo.trimmed().isEmpty())
+    if (Testo.trimmed().isEmpty() || IsNumeric(Testo))
         return true;
-    if (!IsNumeric(Testo)) {
-        MsgErrore(u"Immettere un valore numerico!"_s);
+    MsgErrore(u"Immettere un valore numerico!"_s);
+    return false;
+}
+
+bool ConvalidaImporto(int, const QString& Testo)
+{
+    if (!ConvalidaNumero(Testo))
         return false;
-    }
-    if (Colonna.Filtro == FiltroImporto && Oltre(Testo, MassimoImporto)) {
+    if (!Testo.trimmed().isEmpty() && Oltre(Testo, MassimoImporto)) {
         MsgErrore(u"L'importo è troppo grande: al massimo 999.999.999.999,99!"_s);
         return false;
     }
-    if (Colonna.Filtro == FiltroIntero && Oltre(Testo, MassimaQuantita)) {
+    return true;
+}
+
+bool ConvalidaQuantita(int, const QString& Testo)
+{
+    if (!ConvalidaNumero(Testo))
+        return false;
+    if (!Testo.trimmed().isEmpty() && Oltre(Testo, MassimaQuantita)) {
         MsgErrore(u"La quantità è troppo grande: al massimo 999.999.999!"_s);
         return false;
     }
     return true;
+}
+
+bool ConvalidaData(int, const QString& Testo)
+{
+    if (DataDiRiga(Testo))
+        return true;
+    MsgErrore(u"La data inserita non è valida!\nFormato valido: gg/mm/aaaa"_s);
+    return false;
+}
+
+QVariant ValoreImporto(const QString& Testo)
+{
+    return IsNumeric(Testo) ? QVariant(Arrotonda2(CDbl(Testo))) : QVariant(Testo);
 }
 
 }  // namespace
@@ -70,6 +94,7 @@ ColonnaGriglia ColonnaData(int Campo)
     Colonna.Caratteri = 10;
     Colonna.Modificabile = true;
     Colonna.Filtro = FiltroData.toString();
+    Colonna.Convalida = ConvalidaData;
     Colonna.Massimo = LunghezzaCifre;
     return Colonna;
 }
@@ -95,6 +120,7 @@ ColonnaGriglia ColonnaQuantita(int Campo)
     Colonna.Allinea = Qt::AlignRight;
     Colonna.Modificabile = true;
     Colonna.Filtro = FiltroIntero.toString();
+    Colonna.Convalida = ConvalidaQuantita;
     Colonna.Massimo = LunghezzaCifre;
     return Colonna;
 }
@@ -108,6 +134,8 @@ ColonnaGriglia ColonnaImporto(const QString& Titolo, int Campo, bool Modificabil
     Colonna.Allinea = Qt::AlignRight;
     Colonna.Modificabile = Modificabile;
     Colonna.Filtro = FiltroImporto.toString();
+    Colonna.Convalida = ConvalidaImporto;
+    Colonna.Valore = ValoreImporto;
     Colonna.Massimo = LunghezzaCifre;
     Colonna.Mostra = Importo;
     return Colonna;
@@ -116,23 +144,4 @@ ColonnaGriglia ColonnaImporto(const QString& Titolo, int Campo, bool Modificabil
 bool DataDiRiga(const QString& Testo)
 {
     return Testo.trimmed().isEmpty() || (IsDate(Testo) && Val(Testo.mid(3, 2)) <= 12);
-}
-
-bool ConvalidaCella(const ColonnaGriglia& Colonna, const QString& Testo)
-{
-    if (Colonna.Filtro == FiltroData && !DataDiRiga(Testo)) {
-        MsgErrore(u"La data inserita non è valida!\nFormato valido: gg/mm/aaaa"_s);
-        return false;
-    }
-    const bool Numerica = Colonna.Filtro == FiltroImporto || Colonna.Filtro == FiltroIntero;
-    return !Numerica || ConvalidaNumero(Colonna, Testo);
-}
-
-QVariant ValoreCella(const ColonnaGriglia& Colonna, const QString& Testo)
-{
-    if (Colonna.Filtro == FiltroImporto && IsNumeric(Testo))
-        return Arrotonda2(CDbl(Testo));
-    if (Colonna.Filtro == FiltroIntero && IsNumeric(Testo))
-        return CDbl(Testo);
-    return Testo;
 }

@@ -44,10 +44,18 @@ struct ColonnaGriglia
     std::function<QString(const QVariant& Valore, int Riga)> Mostra;
     /// Picture before the text; the room of one is kept in each row of a column that has them.
     std::function<QIcon(int Riga)> Immagine;
+    /// Checks a typed text before it is written. False refuses and keeps the cell open. A number from whose
+    /// typing the filter has kept characters out is shown to the user once before. In a row that is not made
+    /// yet, `Riga` is the row count. An error goes to the report installed by InstallaUltimaRete and counts
+    /// as a refusal.
+    std::function<bool(int Riga, const QString& Testo)> Convalida;
+    /// What is written for a typed text; without it the text as a number where it is one and the filter is
+    /// numeric, else the text.
+    std::function<QVariant(const QString& Testo)> Valore;
 };
 
 /// A grid over rows that somebody else owns. The table is the truth, no text of it is kept: after changing
-/// it by code call Rilega; what the user types goes through `Convalida` and `Valore` into it.
+/// it by code call Rilega; what the user types goes through `Convalida` and `Valore` of its column into it.
 ///
 /// Keys: typing, F2 and a double click open a cell, Enter and Tab close it and go to the next one that can
 /// be written (behind the last cell, to the empty row), Esc gives the old text back. With no cell open:
@@ -134,15 +142,8 @@ public:
     void AnnunciaInvio(int Riga);
 
     // ---- rules, set by the form
-    // In a row that is not made yet, `Riga` is the row count. An error inside them goes to the report
-    // installed by InstallaUltimaRete and counts as a refusal.
+    // An error inside them goes to the report installed by InstallaUltimaRete and counts as a refusal.
 
-    /// Checks a typed text before it is written. False refuses and keeps the edit open. A number from whose
-    /// typing the filter has kept characters out is shown to the user once before.
-    std::function<bool(int Riga, int Colonna, const QString& Testo)> Convalida;
-    /// What is written for a typed text; without it the text as a number where it is one and the column's
-    /// filter is numeric, else the text.
-    std::function<QVariant(int Riga, int Colonna, const QString& Testo)> Valore;
     /// Fills a row that the user begins in the empty one.
     std::function<void(int Riga)> NuovaRiga;
     /// Checks a row before it is left. False keeps the current row on it.

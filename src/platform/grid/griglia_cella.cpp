@@ -195,16 +195,17 @@ void CellaAperta::Rifiuta()
 bool CellaAperta::Accettato(const QString& Testo)
 {
     // What is left of a date typed among the amounts is a number too, and not the user's.
-    const QString Rifiutati =
-        Numerico(Vista->Modello()->Colonne()[Posto.column()]) ? TastiRifiutati(Campo) : QString();
+    const ColonnaGriglia& Colonna = Vista->Modello()->Colonne()[Posto.column()];
+    const QString Rifiutati = Numerico(Colonna) ? TastiRifiutati(Campo) : QString();
     if (!Rifiutati.isEmpty() && !Testo.isEmpty()) {
         MsgBox(u"In questa casella non si può scrivere «%1»: controllare il valore «%2»!"_s.arg(Rifiutati,
                                                                                                 Testo),
                vbCritical, u"Errore:"_s);
         return false;
     }
-    const auto Convalida = Padrona->Convalida;
-    return !Convalida || Convalida(Posto.row(), Posto.column(), Testo);
+    // A copy: the columns may be set anew while the check shows its message.
+    const auto Convalida = Colonna.Convalida;
+    return !Convalida || Convalida(Posto.row(), Testo);
 }
 
 void CellaAperta::Scrivi(const QString& Testo)
@@ -212,9 +213,8 @@ void CellaAperta::Scrivi(const QString& Testo)
     ModelloGriglia* Modello = Vista->Modello();
     int Riga = Posto.row();
     const int Colonna = Posto.column();
-    const auto Converti = Padrona->Valore;
-    const QVariant Nuovo =
-        Converti ? Converti(Riga, Colonna, Testo) : ValorePredefinito(Modello->Colonne()[Colonna], Testo);
+    const ColonnaGriglia& Descritta = Modello->Colonne()[Colonna];
+    const QVariant Nuovo = Descritta.Valore ? Descritta.Valore(Testo) : ValorePredefinito(Descritta, Testo);
     const bool Inizia = Modello->RigaVuota(Riga);
     if (Inizia) {
         Riga = Modello->AggiungiRiga();

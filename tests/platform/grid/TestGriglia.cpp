@@ -56,6 +56,15 @@ struct Finestra : QWidget
     [[nodiscard]] QTableView* Vista() const { return Griglia_->Vista(); }
     [[nodiscard]] QLineEdit* Cella() const { return Vista()->viewport()->findChild<QLineEdit*>(u"cella"_s); }
 
+    /// Every column has the same check.
+    void Convalida(const std::function<bool(int Riga, const QString& Testo)>& Controllo)
+    {
+        QList<ColonnaGriglia> Colonne = QuattroColonne();
+        for (ColonnaGriglia& Colonna : Colonne)
+            Colonna.Convalida = Controllo;
+        Griglia_->ImpostaColonne(Colonne);
+    }
+
     void Vai(int Riga, int Colonna)
     {
         Griglia_->setFocus();
@@ -300,7 +309,7 @@ void TestGriglia::lunghezzaMassima()
 
 void TestGriglia::rifiutoTieneApertaLaCella()
 {
-    F->Griglia_->Convalida = [](int, int, const QString& Testo) { return Testo != u"no"; };
+    F->Convalida([](int, const QString& Testo) { return Testo != u"no"; });
     F->Vai(0, Descrizione);
     Digita(u"no"_s);
     Premi(Qt::Key_Return);
@@ -319,7 +328,7 @@ void TestGriglia::rifiutoTieneApertaLaCella()
 void TestGriglia::rifiutoAlClicAltrove()
 {
     int Chieste = 0;
-    F->Griglia_->Convalida = [&](int, int, const QString&) { return ++Chieste > 99; };
+    F->Convalida([&](int, const QString&) { return ++Chieste > 99; });
     QSignalSpy Clic(F->Griglia_, &Griglia::ClicCella);
     F->Vai(0, Descrizione);
     Digita(u"no"_s);
@@ -338,7 +347,7 @@ void TestGriglia::rifiutoAlClicAltrove()
 
 void TestGriglia::rifiutoAllUscita()
 {
-    F->Griglia_->Convalida = [](int, int, const QString&) { return false; };
+    F->Convalida([](int, const QString&) { return false; });
     F->Vai(0, Descrizione);
     Digita(u"no"_s);
     F->Dopo->setFocus(Qt::MouseFocusReason);
@@ -351,12 +360,12 @@ void TestGriglia::rifiutoAllUscita()
 void TestGriglia::ilMessaggioNonRientra()
 {
     int Chieste = 0;
-    F->Griglia_->Convalida = [&](int, int, const QString&) {
+    F->Convalida([&](int, const QString&) {
         ++Chieste;
         // What a message box does to the focus.
         F->Dopo->setFocus();
         return false;
-    };
+    });
     F->Vai(0, Descrizione);
     Digita(u"no"_s);
     Premi(Qt::Key_Return);
@@ -369,7 +378,7 @@ void TestGriglia::unErroreNellaRegolaRifiuta()
 {
     int Numero = 0;
     const auto Precedente = InstallaUltimaRete([&](const Errore& E) { Numero = E.Numero; });
-    F->Griglia_->Convalida = [](int, int, const QString&) -> bool { throw Errore(13); };
+    F->Convalida([](int, const QString&) -> bool { throw Errore(13); });
     F->Vai(0, Descrizione);
     Digita(u"x"_s);
     Premi(Qt::Key_Return);
@@ -428,10 +437,10 @@ void TestGriglia::laRigaNuovaNasceAllaPrimaCella()
     QSignalSpy Cambiata(F->Griglia_, &Griglia::RigaCambiata);
     QSignalSpy Scritte(F->Griglia_, &Griglia::CellaScritta);
     int ChiestaRiga = -1;
-    F->Griglia_->Convalida = [&](int Riga, int, const QString&) {
+    F->Convalida([&](int Riga, const QString&) {
         ChiestaRiga = Riga;
         return F->Righe.Righe() == 3;
-    };
+    });
     F->Vai(3, Descrizione);
     QVERIFY2(!F->Griglia_->RigaCorrente(), "la riga vuota non è una riga");
     Digita(u"quarta"_s);
@@ -557,7 +566,9 @@ void TestGriglia::concludiSenzaCellaAperta()
 
 void TestGriglia::valoreDelModulo()
 {
-    F->Griglia_->Valore = [](int, int, const QString& Testo) { return QVariant(Testo.toUpper()); };
+    QList<ColonnaGriglia> Colonne = QuattroColonne();
+    Colonne[Descrizione].Valore = [](const QString& Testo) { return QVariant(Testo.toUpper()); };
+    F->Griglia_->ImpostaColonne(Colonne);
     F->Vai(0, Descrizione);
     Digita(u"le"_s);
     Premi(Qt::Key_Return);
@@ -713,7 +724,7 @@ void TestGriglia::menuContestuale()
 void TestGriglia::distruttaConLaCellaAperta()
 {
     int Chieste = 0;
-    F->Griglia_->Convalida = [&](int, int, const QString&) { return ++Chieste > 0; };
+    F->Convalida([&](int, const QString&) { return ++Chieste > 0; });
     F->Vai(0, Descrizione);
     Digita(u"x"_s);
     delete F->Griglia_;
@@ -754,7 +765,7 @@ void TestGriglia::f6EsceDallaGriglia()
 
 void TestGriglia::f6NonLasciaCioCheSiRifiuta()
 {
-    F->Griglia_->Convalida = [](int, int, const QString&) { return false; };
+    F->Convalida([](int, const QString&) { return false; });
     F->Vai(0, Descrizione);
     Digita(u"x"_s);
     Premi(Qt::Key_F6);
@@ -766,7 +777,7 @@ void TestGriglia::f6NonLasciaCioCheSiRifiuta()
 void TestGriglia::laDataRifiutataRidaQuellaDiPrima()
 {
     F->Righe(0, Data) = u"05/03/2024"_s;
-    F->Griglia_->Convalida = [](int, int, const QString&) { return false; };
+    F->Convalida([](int, const QString&) { return false; });
     F->Vai(0, Data);
     Digita(u"3102"_s);
     Premi(Qt::Key_Return);

@@ -257,7 +257,10 @@ void TestGrigliaMenu::laCellaApertaSiChiudePrima()
     Finestra F;
     F.Grid->ConsentiComandi(true);
     bool Buona = false;
-    F.Grid->Convalida = [&Buona](int, int, const QString&) { return Buona; };
+    QList<ColonnaGriglia> Colonne = F.Grid->Colonne();
+    for (ColonnaGriglia& Colonna : Colonne)
+        Colonna.Convalida = [&Buona](int, const QString&) { return Buona; };
+    F.Grid->ImpostaColonne(Colonne);
     QVERIFY(MostraAttiva(F));
     F.Grid->ImpostaRigaCorrente(0, 0);
     Premi(Qt::Key_F2);
