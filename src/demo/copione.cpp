@@ -23,9 +23,14 @@
 #include "print/writers/scrittoretesto.h"
 
 #include <QCheckBox>
+#include <QComboBox>
+#include <QImage>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QToolButton>
 
 #include <cstdio>
 

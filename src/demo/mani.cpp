@@ -4,6 +4,12 @@
 #include "platform/grid/griglia.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QRadioButton>
 #include <QTableView>
 #include <QTest>
 
