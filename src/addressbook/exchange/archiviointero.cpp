@@ -1,0 +1,111 @@
+#include "addressbook/exchange/archiviointero.h"
+
+#include "addressbook/exchange/archivionativo.h"
+#include "addressbook/exchange/tabellaestranea.h"
+#include "addressbook/modRubrica.h"
+#include "platform/base/regionale.h"
+#include "platform/database/database.h"
+#include "platform/system/cartelle.h"
+#include "platform/system/file.h"
+#include "platform/system/orologio.h"
+#include "platform/system/percorsi.h"
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString Clienti = u"clienti"_s;
+const QString Controparti = u"controparti"_s;
+
+int RigheDi(const Database& Db, const QString& Tabella)
+{
+    return Db.EsisteTabella(Tabella) ? Db.OpenRecordset(Tabella).RecordCount() : 0;
+}
+
+/// True for an archive as it is delivered, or where none is; one that cannot be read may hold anything.
+bool Libero(const QString& File)
+{
+    if (!EsisteFile(File))
+        return true;
+    try {
+        const Database Db = OpenDatabase(File, true);
+        return std::ranges::all_of(std::array{Clienti, Controparti},
+                                   [&](const QString& Tabella) { return RigheDi(Db, Tabella) == 0; });
+    } catch (const Errore&) {
+        return false;
+    }
+}
+
+QString Destinazione(const QString& Cartella)
+{
+    const QString Base = Barra(Cartella) + u"DatiStudio"_s;
+    QString File = TrovaFile(Base + u".mdb"_s);
+    for (int i = 2; !Libero(File); ++i)
+        File = TrovaFile(Base + u' ' + QString::number(i) + u".mdb"_s);
+    return File;
+}
+
+/// Looks at the copy, and completes it with the table that the browser could not open.
+void Completa(const QString& File, const QString& Origine, ArchivioPreso& Preso)
+{
+    const Database Db = OpenDatabase(File);
+    if (!Db.EsisteTabella(Clienti) || !HaColonna(Db.Campi(Clienti), u"ID"_s) ||
+        !HaColonna(Db.Campi(Clienti), u"Nominativo"_s))
+        RifiutaFile(
+            u"L'archivio \"%1\" non ha una tabella di clienti con le colonne ID e Nominativo: con "
+            "\"Aggiungi i nominativi\" si scelgono la tabella e le colonne."_s.arg(NomeFile(Origine)));
+    if (!Db.EsisteTabella(Controparti)) {
+        Db.CreaTabella(Controparti, Db.Campi(Clienti));
+        Preso.Tralasciati.append(u"controparti: l'archivio non ha questa tabella, che nasce vuota"_s);
+    }
+    Preso.Clienti = RigheDi(Db, Clienti);
+    Preso.Controparti = RigheDi(Db, Controparti);
+}
+
+}  // namespace
+
+std::optional<ArchivioPreso> PrendiArchivio(const QString& Da, const QString& Cartella,
+                                            const std::function<bool(qint64)>& Prosegui)
+{
+    if (!EArchivio(Da))
+        RifiutaFile(u"Il file \"%1\" non è un archivio: per un foglio di calcolo o una rubrica scegliere "
+                    "\"Aggiungi i nominativi\"."_s.arg(NomeFile(Da)));
+    CreaCartella(Cartella);
+    ArchivioPreso Preso{.File = Destinazione(Cartella), .Tralasciati = {}};
+    const QString Nuovo = Preso.File + u".nuovo"_s;
+    ScartaFile(Nuovo);
+    const auto Fuori = ScriviNativo(Da, Nuovo, Prosegui);
+    if (!Fuori)
+        return std::nullopt;
+    try {
+        Preso.Tralasciati = *Fuori;
+        ImpostaSolaLettura(Nuovo, false);
+        Completa(Nuovo, Da, Preso);
+        SostituisciFile(Nuovo, Preso.File);
+    } catch (...) {
+        ScartaFile(Nuovo);
+        throw;
+    }
+    return Preso;
+}
+
+QString ResocontoArchivio(const QString& Da, const ArchivioPreso& Preso)
+{
+    QStringList Righe{u"Archivio preso intero il "_s + Adesso().toString(u"dd/MM/yyyy HH:mm"),
+                      u"Da: "_s + Da,
+                      u"Archivio in uso da ora: "_s + Preso.File,
+                      QString(),
+                      u"Clienti: "_s + Format(Preso.Clienti, u"#,##0"),
+                      u"Controparti: "_s + Format(Preso.Controparti, u"#,##0"),
+                      QString(),
+                      u"Il file d'origine è rimasto com'era: il programma di prima può usarlo ancora."_s};
+    if (!Preso.Tralasciati.isEmpty()) {
+        Righe.append(QString());
+        Righe.append(u"Non importati:"_s);
+        Righe += Preso.Tralasciati;
+    }
+    return Righe.join(u'\n') + u'\n';
+}

@@ -1,0 +1,41 @@
+// Archives of this program and of Access, opened by a native file.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+
+/// True for a database, native or of Access, by its first bytes. @throws Errore 53, 75
+[[nodiscard]] bool EArchivio(const QString& File);
+
+/// Writes the native form of a database into a new file; a native one is copied as it is.
+/// @param Prosegui asked now and then with the rows or bytes done; false stops it, and nothing is left
+/// @return what was left out, a line each; none when it was stopped
+/// @throws Errore NumeroFileRifiutato for what cannot be read, with what to do; 3204 the new file exists, 61,
+/// 75
+[[nodiscard]] std::optional<QStringList> ScriviNativo(const QString& Da, const QString& A,
+                                                      const std::function<bool(qint64 Fatti)>& Prosegui = {});
+
+/// A database that can be opened, for as long as this lives: the file itself, or a native form of it that
+/// goes with this.
+class ArchivioNativo
+{
+public:
+    /// @throws Errore as ScriviNativo
+    explicit ArchivioNativo(const QString& DiFile);
+    ~ArchivioNativo();
+    ArchivioNativo(const ArchivioNativo&) = delete;
+    ArchivioNativo& operator=(const ArchivioNativo&) = delete;
+
+    /// What is to be opened.
+    [[nodiscard]] const QString& File() const { return Nativo; }
+    /// What of it was left out, a line each.
+    [[nodiscard]] const QStringList& Lasciati() const { return Fuori; }
+
+private:
+    QString Nativo;
+    QString Provvisorio;  ///< empty: the file itself
+    QStringList Fuori;
+};

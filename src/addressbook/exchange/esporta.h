@@ -1,0 +1,26 @@
+// The rows of the address book as a file for other programs.
+#pragma once
+
+#include "addressbook/modRubrica.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+#include <functional>
+
+enum class FormatoEsporta { Csv, Vcard };
+
+/// The form that a file's name asks for: cards for ".vcf", else rows.
+[[nodiscard]] FormatoEsporta FormatoDi(const QString& File);
+/// The name with the ending of its form, where it has none.
+[[nodiscard]] QString ConEstensione(const QString& File);
+
+/// Rows of a table with the columns that the browser shows, but for the archive's own key. A spreadsheet's
+/// have the headings in the first row; cards are of those rows alone that have a name.
+/// @param Posti of the rows among these, all of them where there is none
+/// @param Prosegui asked now and then; false stops it, and nothing comes back
+/// @throws Errore as Recordset::Value
+[[nodiscard]] QByteArray EsportaNominativi(const Recordset& DiRighe, FormatoEsporta Forma,
+                                           const QList<int>& Posti = {},
+                                           const std::function<bool(int Fatte, int Tutte)>& Prosegui = {});

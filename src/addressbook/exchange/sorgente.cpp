@@ -1,0 +1,145 @@
+#include "addressbook/exchange/sorgente.h"
+
+#include "addressbook/exchange/archivionativo.h"
+#include "addressbook/exchange/colonneimporta.h"
+#include "addressbook/exchange/vcard.h"
+#include "addressbook/modScheda.h"
+#include "platform/base/regionale.h"
+#include "platform/database/database.h"
+#include "platform/system/file.h"
+#include "platform/system/percorsi.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray LeggiLimitato(const QString& File)
+{
+    try {
+        return LeggiFile(File, limiti::ByteFile);
+    } catch (const Errore& Guasto) {
+        if (Guasto.Numero != errori::Memoria)
+            throw;
+        constexpr int Mega = 20;
+        RifiutaFile(u"Il file \"%1\" è più grande di %2 MB: dividerlo e importarne una parte alla volta."_s
+                        .arg(NomeFile(File))
+                        .arg(limiti::ByteFile >> Mega));
+    }
+}
+
+/// True for a text that begins as a card.
+bool EVcard(const QByteArray& Byte)
+{
+    constexpr qsizetype Guardati = 4096;
+    const QString Inizio =
+        Byte.startsWith("\xFF\xFE") || Byte.startsWith("\xFE\xFF")
+            ? LeggiTestoEstraneo(Byte.first(std::min(Byte.size(), Guardati) & ~1), CodificaTesto::Automatica)
+            : QString::fromLatin1(Byte.first(std::min(Byte.size(), Guardati)));
+    QStringView Vista(Inizio);
+    if (Vista.startsWith(u"\u00ef\u00bb\u00bf"))
+        Vista = Vista.sliced(3);
+    return Vista.trimmed().startsWith(u"BEGIN:VCARD", Qt::CaseInsensitive);
+}
+
+TabellaEstranea DaRighe(RigheCsv&& Lette, std::optional<bool>& PrimaRigaTitoli)
+{
+    TabellaEstranea Tabella;
+    if (Lette.Righe.empty())
+        RifiutaFile(u"Il file non contiene righe: ripetere l'esportazione dal programma d'origine."_s);
+    if (!PrimaRigaTitoli)
+        PrimaRigaTitoli = SembranoTitoli(Lette.Righe.front());
+    if (*PrimaRigaTitoli) {
+        for (const QString& Titolo : Lette.Righe.front())
+            Tabella.Titoli.append(Titolo.simplified());
+        Lette.Righe.erase(Lette.Righe.begin());
+        Lette.Linee.erase(Lette.Linee.begin());
+    }
+    for (int i = 0; i < Lette.Colonne; ++i) {
+        const QString Senza = u"Colonna "_s + QString::number(i + 1);
+        if (i >= Tabella.Titoli.size())
+            Tabella.Titoli.append(Senza);
+        else if (Tabella.Titoli[i].isEmpty())
+            Tabella.Titoli[i] = Senza;
+    }
+    for (QStringList& Riga : Lette.Righe)
+        Riga.resize(Lette.Colonne);
+    Tabella.Righe = std::move(Lette.Righe);
+    Tabella.Numeri = std::move(Lette.Linee);
+    return Tabella;
+}
+
+/// Tables of clients and counterparties before others.
+QStringList InOrdine(QStringList Nomi)
+{
+    const auto Rango = [](const QString& Nome) {
+        const QStringList Primi{u"clienti"_s, u"controparti"_s};
+        const qsizetype Posto = Primi.indexOf(Nome.toLower());
+        return Posto < 0 ? Primi.size() : Posto;
+    };
+    std::ranges::stable_sort(Nomi, {}, Rango);
+    return Nomi;
+}
+
+}  // namespace
+
+struct SorgenteNominativi::Nativo
+{
+    explicit Nativo(const QString& File) : Copia(File), Db(OpenDatabase(Copia.File(), true)) {}
+    ArchivioNativo Copia;
+    Database Db;
+};
+
+SorgenteNominativi::SorgenteNominativi(const QString& DiFile) : Percorso(DiFile)
+{
+    if (EArchivio(Percorso)) {
+        Che = GenereSorgente::Archivio;
+        Archivio = std::make_unique<Nativo>(Percorso);
+        NomiTabelle = InOrdine(Archivio->Db.Tabelle());
+        if (NomiTabelle.isEmpty())
+            RifiutaFile(
+                u"L'archivio \"%1\" non contiene tabelle: sceglierne un altro."_s.arg(NomeFile(Percorso)));
+        return;
+    }
+    Byte = LeggiLimitato(Percorso);
+    Che = EVcard(Byte) ? GenereSorgente::Vcard : GenereSorgente::Csv;
+}
+
+SorgenteNominativi::~SorgenteNominativi() = default;
+
+TabellaEstranea SorgenteNominativi::Leggi(OpzioniSorgente& Come) const
+{
+    if (Che == GenereSorgente::Vcard)
+        return LeggiVcard(Byte);
+    if (Che == GenereSorgente::Csv) {
+        RigheCsv Lette = LeggiCsv(Byte, Come.Csv);
+        Come.Csv.Separatore = Lette.Separatore;
+        Come.Csv.Codifica = Lette.Codifica;
+        return DaRighe(std::move(Lette), Come.PrimaRigaTitoli);
+    }
+    if (!NomiTabelle.contains(Come.Tabella, Qt::CaseInsensitive))
+        Come.Tabella = NomiTabelle.first();
+    const Recordset Righe = Archivio->Db.OpenRecordset(Come.Tabella);
+    TabellaEstranea Tabella;
+    for (const Campo& Uno : Righe.Campi())
+        Tabella.Titoli.append(Uno.Name);
+    if (Tabella.Titoli.size() > limiti::Colonne || Righe.RecordCount() > limiti::Righe ||
+        Tabella.Titoli.size() * qsizetype(Righe.RecordCount()) > limiti::Celle)
+        RifiutaFile(u"La tabella \"%1\" ha troppe righe o colonne per una sola volta: usare \"Usa questo "
+                    "archivio\", che lo prende intero."_s.arg(Come.Tabella));
+    Tabella.Avvisi = Archivio->Copia.Lasciati();
+    constexpr int Porzione = 4000;
+    int Numero = 0;
+    std::optional<qint64> Ultima;
+    do
+        Ultima = Righe.Scorri(Tabella.Titoli, Ultima, Porzione, [&](const RigaScorsa& Riga) {
+            QStringList Celle;
+            for (int i = 0; i < Tabella.Titoli.size(); ++i)
+                Celle.append(TestoScheda(Riga.Valore(i)));
+            Tabella.Righe.push_back(Celle);
+            Tabella.Numeri.push_back(++Numero);
+        });
+    while (Ultima);
+    return Tabella;
+}

@@ -1,0 +1,40 @@
+// Rows of a file that another program has written, as text.
+#pragma once
+
+#include "platform/base/errore.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+/// What of a foreign file is taken at most; beyond it the file is refused with a sentence.
+namespace limiti {
+
+inline constexpr qint64 ByteFile = qint64(64) << 20;
+inline constexpr int Colonne = 1'000;
+inline constexpr int Righe = 500'000;
+inline constexpr qsizetype Celle = 5'000'000;
+inline constexpr qsizetype CaratteriCella = 1'000'000;
+
+}  // namespace limiti
+
+/// Rows below titles; each row has as many cells as there are titles.
+struct TabellaEstranea
+{
+    QStringList Titoli;
+    std::vector<QStringList> Righe;
+    std::vector<int> Numeri;                 ///< of each row in its file: line, card or row, from 1
+    QString Unita = QStringLiteral("riga");  ///< what the numbers count
+    QStringList Avvisi = {};                 ///< what of the file could not be read
+};
+
+/// The number of the error of a file that is not taken; its description says what is wrong with it and what
+/// to do.
+inline constexpr int NumeroFileRifiutato = 321;
+
+/// A file that is not taken: one sentence with what to do.
+[[noreturn]] inline void RifiutaFile(const QString& Frase)
+{
+    throw Errore(NumeroFileRifiutato, Frase);
+}

@@ -1,0 +1,172 @@
+// Which column of a foreign file is which of the archive's.
+#include "studio.h"
+
+using namespace Qt::StringLiterals;
+
+class TestColonneImporta : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void siAbbinano_data();
+    void siAbbinano();
+    void unCampoUnaVolta();
+    void leMete();
+    void unArchivioSuo();
+    void iTitoli();
+    void laRiga_data();
+    void laRiga();
+    void cioCheNonEntraVaNelleNote();
+    void senzaLaColonnaDelNome();
+
+private:
+    static QList<Campo> Campi(const QString& Tabella = u"clienti"_s)
+    {
+        return OpenDatabase(ProgrammaDiProva() + u"DatiStudio.mdb"_s, true).Campi(Tabella);
+    }
+};
+PROVA(TestColonneImporta);
+
+void TestColonneImporta::siAbbinano_data()
+{
+    QTest::addColumn<QString>("Titoli");
+    QTest::addColumn<QString>("Chiavi");
+    QTest::newRow("names") << u"Cognome;Nome"_s << u"+Cognome;+Nome"_s;
+    QTest::newRow("nome alone is all of it") << u"Nome;Tel"_s << u"Nominativo;Telefono"_s;
+    QTest::newRow("nome beside the whole")
+        << u"Denominazione;Nome;Cognome"_s << u"Nominativo;+Nome;+Cognome"_s;
+    QTest::newRow("companies") << u"RAGIONE SOCIALE;P.IVA;Codice destinatario;P.E.C."_s
+                               << u"Nominativo;PIva;CodDestinatario;Pec"_s;
+    QTest::newRow("codes") << u"C.F.;Partita I.V.A."_s << u"CodFis;PIva"_s;
+    QTest::newRow("addresses") << u"Via;N. civico;CAP;Città;Prov."_s << u"Indirizzo;+Civico;Cap;Citta;Prov"_s;
+    QTest::newRow("telephones") << u"Tel.;Cell.;E-mail;Fax"_s << u"Telefono;Cellulare;Email;"_s;
+    QTest::newRow("birth") << u"Data di nascita;Luogo di nascita"_s << u"DataNascita;ComuneNascita"_s;
+    QTest::newRow("of another language")
+        << u"Last Name;First Name;Company;Business Phone"_s << u"+Cognome;+Nome;+Organizzazione;Telefono"_s;
+    QTest::newRow("the archive's headings")
+        << u"N.;Nominativo;Legale rappresentante;Note"_s << u";Nominativo;RapprLegale;Note"_s;
+    QTest::newRow("strangers") << u"Numero pratica;;Colore"_s << u";;"_s;
+}
+
+void TestColonneImporta::siAbbinano()
+{
+    QFETCH(QString, Titoli);
+    QTEST(AbbinaColonne(Titoli.split(u';'), Campi()).join(u';'), "Chiavi");
+}
+
+void TestColonneImporta::unCampoUnaVolta()
+{
+    QCOMPARE(AbbinaColonne({u"Telefono ufficio"_s, u"Telefono"_s, u"Telefono casa"_s}, Campi()),
+             (QStringList{QString(), u"Telefono"_s, QString()}));
+}
+
+void TestColonneImporta::leMete()
+{
+    QStringList Chiavi;
+    QStringList Titoli;
+    for (const MetaColonna& Meta : MeteDi(Campi())) {
+        Chiavi.append(Meta.Chiave);
+        Titoli.append(Meta.Titolo);
+    }
+    QCOMPARE(Titoli.first(), u"(non importare)"_s);
+    QVERIFY(!Chiavi.contains(u"ID"_s));
+    QVERIFY(Chiavi.contains(u"CodFis"_s) && Chiavi.contains(u"+Cognome"_s) && Chiavi.contains(u"+Civico"_s));
+    QVERIFY(Titoli.contains(u"Codice fiscale"_s));
+}
+
+/// An old archive keeps its own columns, and has no others.
+void TestColonneImporta::unArchivioSuo()
+{
+    const QList<Campo> Suoi{{u"ID"_s, TipoCampo::Lungo, 0, {}, true},
+                            {u"Nominativo"_s, TipoCampo::Testo, 60, {}, false},
+                            {u"citta"_s, TipoCampo::Testo, 60, {}, false},
+                            {u"Pratica"_s, TipoCampo::Testo, 20, u"L=Numero pratica"_s, false}};
+    QCOMPARE(AbbinaColonne({u"Cliente"_s, u"Città"_s, u"Numero pratica"_s, u"CAP"_s}, Suoi),
+             (QStringList{u"Nominativo"_s, u"citta"_s, u"Pratica"_s, QString()}));
+}
+
+void TestColonneImporta::iTitoli()
+{
+    QVERIFY(SembranoTitoli({u"x"_s, u"Codice Fiscale"_s}));
+    QVERIFY(!SembranoTitoli({u"Rossi Mario"_s, u"Lucca"_s}));
+}
+
+void TestColonneImporta::laRiga_data()
+{
+    QTest::addColumn<QString>("Titoli");
+    QTest::addColumn<QString>("Celle");
+    QTest::addColumn<QString>("Campo");
+    QTest::addColumn<QString>("Valore");
+    const auto Riga = [](const char* Nome, QStringView T, QStringView C, QStringView Campo, QStringView V) {
+        QTest::newRow(Nome) << T.toString() << C.toString() << Campo.toString() << V.toString();
+    };
+    Riga("family name first, wherever it stands", u"Nome;Cognome", u"Mario; Rossi ", u"Nominativo",
+         u"Rossi Mario");
+    Riga("the company's name before a person's", u"Denominazione;Cognome;Nome", u"Alfa Srl;Rossi;Mario",
+         u"Nominativo", u"Alfa Srl");
+    Riga("whose contact is noted", u"Denominazione;Cognome;Nome", u"Alfa Srl;Rossi;Mario", u"Note",
+         u"Referente: Rossi Mario");
+    Riga("a person before the organisation", u"Cognome;Azienda", u"Rossi;Alfa Srl", u"Nominativo", u"Rossi");
+    Riga("which is noted", u"Cognome;Azienda", u"Rossi;Alfa Srl", u"Note", u"Organizzazione: Alfa Srl");
+    Riga("an organisation alone", u"Cognome;Azienda", u";Alfa Srl", u"Nominativo", u"Alfa Srl");
+    Riga("street and number", u"Nome;Via;Civico", u"x;Via Roma;12/A", u"Indirizzo", u"Via Roma 12/A");
+    Riga("a code with blanks in small letters", u"Nome;CF", u"x;rss mra 80a01 h501u", u"CodFis",
+         u"RSSMRA80A01H501U");
+    Riga("noughts that a spreadsheet has lost", u"Nome;P.IVA", u"x;159560366", u"PIva", u"00159560366");
+    Riga("a number that none would complete", u"Nome;P.IVA", u"x;159560367", u"PIva", u"159560367");
+    Riga("a province in brackets", u"Nome;Prov", u"x;(lu)", u"Prov", u"LU");
+    Riga("a date of other programs", u"Nome;Nato il", u"x;1980-01-31", u"DataNascita", u"31/01/1980");
+    Riga("a date with midnight", u"Nome;Nato il", u"x;31/01/1980 00:00:00", u"DataNascita", u"31/01/1980");
+    Riga("line breaks and controls", u"Nome;Via", u"R\u0001ossi;Via\nRoma", u"Indirizzo", u"Via Roma");
+    Riga("a name of controls", u"Nome;Via", u"\u0001\u0002;x", u"Nominativo", u"");
+}
+
+void TestColonneImporta::laRiga()
+{
+    QFETCH(QString, Titoli);
+    QFETCH(QString, Celle);
+    QFETCH(QString, Campo);
+    QFETCH(QString, Valore);
+    const QStringList Nomi = Titoli.split(u';');
+    const ComposizioneRighe Righe(Nomi, AbbinaColonne(Nomi, Campi()), Campi());
+    const RigaComposta Fatta = Righe.Componi(Celle.split(u';'));
+    const QVariant Avuto = Fatta.Valori[Righe.Posto(Campo)];
+    QCOMPARE(Avuto.typeId() == QMetaType::QDate ? Avuto.toDate().toString(u"dd/MM/yyyy") : Avuto.toString(),
+             Valore);
+    QCOMPARE(Fatta.Avvisi, QStringList());
+}
+
+void TestColonneImporta::cioCheNonEntraVaNelleNote()
+{
+    const QStringList Nomi{u"Nome"_s, u"Prov"_s, u"Nato il"_s, u"Note"_s, u"Studio"_s};
+    QStringList Chiavi = AbbinaColonne(Nomi, Campi());
+    QCOMPARE(Chiavi.last(), QString());
+    Chiavi.last() = u"Note"_s;  // as the user may choose
+    const ComposizioneRighe Righe(Nomi, Chiavi, Campi());
+    const RigaComposta Fatta =
+        Righe.Componi({u"x"_s.repeated(200), u"Lucca"_s, u"31/02/1980"_s, u"una\ndue"_s, u"Bianchi"_s});
+    QCOMPARE(Fatta.Nominativo, u"x"_s.repeated(150));
+    QVERIFY(!Fatta.Valori[Righe.Posto(u"Prov")].isValid());
+    QVERIFY(!Fatta.Valori[Righe.Posto(u"DataNascita")].isValid());
+    QCOMPARE(Fatta.Valori[Righe.Posto(u"Note")].toString(),
+             u"una\ndue\nStudio: Bianchi\nNominativo: "_s + u"x"_s.repeated(200) +
+                 u"\nProv. Lucca\nData di nascita: 31/02/1980"_s);
+    QCOMPARE(
+        Fatta.Avvisi,
+        (QStringList{u"nominativo accorciato, intero nelle note"_s,
+                     u"nelle note, perché il campo non lo può contenere: Prov. Lucca"_s,
+                     u"nelle note, perché il campo non lo può contenere: Data di nascita: 31/02/1980"_s}));
+}
+
+void TestColonneImporta::senzaLaColonnaDelNome()
+{
+    try {
+        const ComposizioneRighe Righe({u"Tel"_s}, {u"Telefono"_s}, Campi());
+        QFAIL("taken");
+    } catch (const Errore& Guasto) {
+        QCOMPARE(Guasto.Descrizione,
+                 u"Nessuna colonna del file va nel nominativo: scegliere quale contiene il nome."_s);
+    }
+}
+
+#include "TestColonneImporta.moc"

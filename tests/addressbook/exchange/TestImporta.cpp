@@ -1,0 +1,341 @@
+// Names of a file into the archive: counted, written, and taken back.
+#include "studio.h"
+
+#include "addressbook/exchange/annullo.h"
+#include "platform/system/guasti.h"
+#include "supporto/guasti.h"
+
+#include <QFileInfo>
+#include <QScopedValueRollback>
+
+using namespace Qt::StringLiterals;
+
+class TestImporta : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { S = std::make_unique<Studio>(); }
+    void siAggiungono();
+    void iDoppioni_data();
+    void iDoppioni();
+    void gliOmonimi();
+    void siCompletaSenzaSostituire();
+    void nelFileStesso();
+    void dueVolteNonRaddoppia();
+    void laProvaNonScrive();
+    void lArresto_data();
+    void lArresto();
+    void unAltroScriveNelFrattempo();
+    void ilDiscoPieno();
+    void laControparte();
+    void ilResoconto();
+    void siAnnulla();
+    void nonSiAnnullaCioCheECambiato();
+    void nonSiAnnullaConUnaCopiaRovinata();
+    void lAnnulloDiPrimaRestaDopoUnArresto();
+    void nullaDaAnnullare();
+    void nienteDaScrivere();
+
+private:
+    [[nodiscard]] ImportaNominativi Nuovo(const TabellaEstranea& Da, Doppioni Modo = Doppioni::Salta,
+                                          const QString& In = u"clienti"_s) const
+    {
+        const Database Db = OpenDatabase(S->File);
+        return {Db, In, Da, AbbinaColonne(Da.Titoli, Db.Campi(In)), Modo};
+    }
+    void Importa(const TabellaEstranea& Da, Doppioni Modo = Doppioni::Salta,
+                 const QString& In = u"clienti"_s) const
+    {
+        ImportaNominativi Opera = Nuovo(Da, Modo, In);
+        QVERIFY(Opera.Prepara());
+        QVERIFY(Opera.Scrivi(u"nomi.csv"_s));
+    }
+    static QString Rifiuto(const std::function<void()>& Fai)
+    {
+        try {
+            Fai();
+        } catch (const Errore& Guasto) {
+            return Guasto.Descrizione;
+        }
+        return u"nessuno"_s;
+    }
+    std::unique_ptr<Studio> S;
+};
+PROVA(TestImporta);
+
+namespace {
+
+const TabellaEstranea Tre =
+    Tabella({{u"Cognome"_s, u"Nome"_s, u"CF"_s, u"P.IVA"_s, u"Nato il"_s, u"Colore"_s},
+             {u"Rossi"_s, u"Mario"_s, u"RSSMRA80A01H501U"_s, {}, u"01/01/1980"_s, u"blu"_s},
+             {u"Alfa Srl"_s, {}, {}, u"00159560366"_s, {}, {}},
+             {{}, {}, {}, {}, u"02/02/1980"_s, {}},
+             {u"Verdi"_s, u"Anna"_s, {}, {}, u"31/02/1980"_s, {}}});
+
+}  // namespace
+
+void TestImporta::siAggiungono()
+{
+    ImportaNominativi Opera = Nuovo(Tre);
+    QVERIFY(Opera.Prepara());
+    QCOMPARE(Opera.Conto(), (ContoImporta{.Righe = 4, .Aggiunti = 3, .SenzaNome = 1}));
+    QCOMPARE(FraseImporta(Opera.Conto(), false), u"3 nominativi da aggiungere, 1 senza nome, tralasciato."_s);
+    QVERIFY(Opera.Scrivi(u"nomi.csv"_s));
+    QCOMPARE(FraseImporta(Opera.Conto(), true), u"3 nominativi aggiunti, 1 senza nome, tralasciato."_s);
+    QCOMPARE(S->Righe({u"ID"_s, u"Nominativo"_s, u"CodFis"_s, u"PIva"_s, u"DataNascita"_s, u"Note"_s}),
+             (QStringList{u"1|Rossi Mario|RSSMRA80A01H501U||01/01/1980|"_s, u"2|Alfa Srl||00159560366||"_s,
+                          u"3|Verdi Anna||||Data di nascita: 31/02/1980"_s}));
+    // The copy is nobody else's.
+    QCOMPARE(QFileInfo(S->File + u".prima"_s).permissions() & (QFile::ReadGroup | QFile::ReadOther),
+             QFile::Permissions());
+}
+
+void TestImporta::iDoppioni_data()
+{
+    QTest::addColumn<int>("Modo");
+    QTest::addColumn<ContoImporta>("Conto");
+    QTest::addColumn<QStringList>("Righe");
+    const QStringList Prima{u"MÀRIO  rossi|X"_s, u"Altro nome||RSSMRA80A01H501U"_s,
+                            u"Ditta|||IT00159560366"_s};
+    const QString Mario = u"Mario Rossi|55100"_s;
+    QTest::newRow("left") << int(Doppioni::Salta) << ContoImporta{.Righe = 3, .GiaPresenti = 3}
+                          << QStringList{u"MÀRIO  rossi|"_s, u"Altro nome|"_s, u"Ditta|"_s};
+    QTest::newRow("completed") << int(Doppioni::Completa) << ContoImporta{.Righe = 3, .Completati = 3}
+                               << QStringList{u"MÀRIO  rossi|55100"_s, u"Altro nome|55101"_s,
+                                              u"Ditta|55102"_s};
+    QTest::newRow("added") << int(Doppioni::Aggiungi) << ContoImporta{.Righe = 3, .Aggiunti = 3}
+                           << QStringList{u"MÀRIO  rossi|"_s,     u"Altro nome|"_s,       u"Ditta|"_s,
+                                          u"mario Rossi|55100"_s, u"Rossi Mario|55101"_s, u"Alfa|55102"_s};
+}
+
+/// The same name whatever its case, accents and blanks; the same fiscal code; the same VAT number, its
+/// country said or not.
+void TestImporta::iDoppioni()
+{
+    QFETCH(int, Modo);
+    QFETCH(ContoImporta, Conto);
+    S->Esegui(u"INSERT INTO clienti (Nominativo) VALUES ('MÀRIO  rossi')"_s);
+    S->Esegui(u"INSERT INTO clienti (Nominativo, CodFis) VALUES ('Altro nome', 'rssmra80a01h501u ')"_s);
+    S->Esegui(u"INSERT INTO clienti (Nominativo, PIva) VALUES ('Ditta', 'IT00159560366')"_s);
+    const TabellaEstranea Nuovi = Tabella({{u"Nominativo"_s, u"CF"_s, u"P.IVA"_s, u"CAP"_s},
+                                           {u"mario Rossi"_s, {}, {}, u"55100"_s},
+                                           {u"Rossi Mario"_s, u"RSSMRA80A01H501U"_s, {}, u"55101"_s},
+                                           {u"Alfa"_s, {}, u"00159560366"_s, u"55102"_s}});
+    ImportaNominativi Opera = Nuovo(Nuovi, Doppioni(Modo));
+    QVERIFY(Opera.Prepara());
+    QCOMPARE(Opera.Conto(), Conto);
+    QVERIFY(Opera.Scrivi(u"nomi.csv"_s));
+    QTEST(S->Righe({u"Nominativo"_s, u"Cap"_s}), "Righe");
+}
+
+/// Two people may have one name: their codes tell them apart.
+void TestImporta::gliOmonimi()
+{
+    S->Esegui(u"INSERT INTO clienti (Nominativo, CodFis) VALUES ('Rossi Mario', 'RSSMRA80A01H501U')"_s);
+    Importa(Tabella(
+        {{u"Nominativo"_s, u"CF"_s}, {u"Rossi Mario"_s, u"RSSMRA75B02E715K"_s}, {u"Rossi Mario"_s, {}}}));
+    QCOMPARE(S->Righe({u"CodFis"_s}), (QStringList{u"RSSMRA80A01H501U"_s, u"RSSMRA75B02E715K"_s}));
+}
+
+void TestImporta::siCompletaSenzaSostituire()
+{
+    S->Esegui(
+        u"INSERT INTO clienti (Nominativo, Citta, Telefono, Note) VALUES ('Rossi', 'Pisa', ' ', 'mia')"_s);
+    const TabellaEstranea Nuovi = Tabella({{u"Nominativo"_s, u"Città"_s, u"Tel"_s, u"CAP"_s, u"Note"_s},
+                                           {u"Rossi"_s, u"Lucca"_s, u"0583"_s, {}, u"altra"_s},
+                                           {u"rossi"_s, u"Roma"_s, u"06"_s, {}, {}}});
+    ImportaNominativi Opera = Nuovo(Nuovi, Doppioni::Completa);
+    QVERIFY(Opera.Prepara());
+    QCOMPARE(Opera.Conto(), (ContoImporta{.Righe = 2, .Completati = 1, .GiaPresenti = 1}));
+    QVERIFY(Opera.Scrivi(u"nomi.csv"_s));
+    QCOMPARE(S->Righe({u"Nominativo"_s, u"Citta"_s, u"Telefono"_s, u"Note"_s}),
+             QStringList{u"Rossi|Pisa|0583|mia"_s});
+}
+
+void TestImporta::nelFileStesso()
+{
+    Importa(Tabella({{u"Nominativo"_s, u"Tel"_s, u"CAP"_s},
+                     {u"Rossi"_s, u"1"_s, {}},
+                     {u"ROSSI"_s, u"2"_s, u"55100"_s}}),
+            Doppioni::Completa);
+    QCOMPARE(S->Righe({u"Nominativo"_s, u"Telefono"_s, u"Cap"_s}), QStringList{u"Rossi|1|55100"_s});
+}
+
+void TestImporta::dueVolteNonRaddoppia()
+{
+    for (const Doppioni Modo : {Doppioni::Salta, Doppioni::Salta, Doppioni::Completa})
+        Importa(Tre, Modo);
+    QCOMPARE(S->Righe({u"Nominativo"_s}).size(), 3);
+    ImportaNominativi Ancora = Nuovo(Tre, Doppioni::Completa);
+    QVERIFY(Ancora.Prepara());
+    QCOMPARE(Ancora.Conto(), (ContoImporta{.Righe = 4, .GiaPresenti = 3, .SenzaNome = 1}));
+}
+
+void TestImporta::laProvaNonScrive()
+{
+    const QByteArray Prima = S->Byte();
+    ImportaNominativi Opera = Nuovo(Tre);
+    QVERIFY(Opera.Prepara());
+    QCOMPARE(S->Byte(), Prima);
+    QCOMPARE(ContenutoDi(S->Cartella), QStringList{u"DatiStudio.mdb"_s});
+}
+
+void TestImporta::lArresto_data()
+{
+    QTest::addColumn<int>("Dopo");
+    QTest::newRow("at once") << 0;
+    QTest::newRow("half way") << 1;
+}
+
+/// Stopped while it writes, it leaves the archive byte for byte, and nothing beside it.
+void TestImporta::lArresto()
+{
+    QFETCH(int, Dopo);
+    std::vector<QStringList> Molte{{u"Nominativo"_s}};
+    for (int i = 0; i < 1200; ++i)
+        Molte.push_back({u"Nome %1"_s.arg(i)});
+    const TabellaEstranea Da = Tabella(Molte);
+    const QByteArray Prima = S->Byte();
+    ImportaNominativi Opera = Nuovo(Da);
+    QVERIFY(Opera.Prepara());
+    int Volte = 0;
+    QVERIFY(!Opera.Scrivi(u"nomi.csv"_s, [&](int, int) { return Volte++ < Dopo; }));
+    QCOMPARE(Volte, Dopo + 1);
+    QCOMPARE(S->Byte(), Prima);
+    QCOMPARE(ContenutoDi(S->Cartella), QStringList{u"DatiStudio.mdb"_s});
+    QVERIFY(!Opera.Prepara([](int, int) { return false; }));
+}
+
+/// What was written meanwhile is counted anew.
+void TestImporta::unAltroScriveNelFrattempo()
+{
+    ImportaNominativi Opera = Nuovo(Tre);
+    QVERIFY(Opera.Prepara());
+    S->Esegui(u"INSERT INTO clienti (Nominativo) VALUES ('verdi anna')"_s);
+    QVERIFY(Opera.Scrivi(u"nomi.csv"_s));
+    QCOMPARE(Opera.Conto(), (ContoImporta{.Righe = 4, .Aggiunti = 2, .GiaPresenti = 1, .SenzaNome = 1}));
+    QCOMPARE(S->Righe({u"Nominativo"_s}), (QStringList{u"verdi anna"_s, u"Rossi Mario"_s, u"Alfa Srl"_s}));
+}
+
+void TestImporta::ilDiscoPieno()
+{
+    const QByteArray Prima = S->Byte();
+    ImportaNominativi Opera = Nuovo(Tre);
+    QVERIFY(Opera.Prepara());
+    const QScopedValueRollback Pieno(guasti::LimiteFile, qint64(100));
+    QCOMPARE(NumeroErrore([&] { (void)Opera.Scrivi(u"nomi.csv"_s); }), errori::DiscoPieno);
+    QCOMPARE(S->Byte(), Prima);
+    QCOMPARE(ContenutoDi(S->Cartella), QStringList{u"DatiStudio.mdb"_s});
+}
+
+/// The second name of a counterparty goes with the first.
+void TestImporta::laControparte()
+{
+    Importa(Tabella({{u"Controparte"_s}, {u"Gamma Spa"_s}}), Doppioni::Salta, u"controparti"_s);
+    QCOMPARE(S->Righe({u"Nominativo"_s, u"Controp"_s}, u"controparti"_s),
+             QStringList{u"Gamma Spa|Gamma Spa"_s});
+    S->Esegui(u"UPDATE controparti SET Controp=NULL"_s);
+    ImportaNominativi Ancora =
+        Nuovo(Tabella({{u"Controparte"_s}, {u"Gamma Spa"_s}}), Doppioni::Completa, u"controparti"_s);
+    QVERIFY(Ancora.Prepara());
+    QCOMPARE(Ancora.Conto().Completati, 0);
+}
+
+void TestImporta::ilResoconto()
+{
+    ImportaNominativi Opera = Nuovo(Tre);
+    QVERIFY(Opera.Prepara());
+    QVERIFY(Opera.Resoconto(u"/casa/nomi.csv"_s, false).contains(u"Nominativi da aggiungere: 3\n"));
+    QVERIFY(Opera.Scrivi(u"nomi.csv"_s));
+    const QString Detto = Opera.Resoconto(u"/casa/nomi.csv"_s, true);
+    for (const QString& Riga :
+         {u"File: /casa/nomi.csv"_s, u"Righe lette: 4"_s, u"Nominativi aggiunti: 3"_s,
+          u"Senza nome, tralasciati: 1"_s,
+          u"Colonne importate: Cognome -> Nominativo: cognome; Nome -> Nominativo: nome; CF -> Codice "
+          u"fiscale; P.IVA -> "
+          "Partita IVA; Nato il -> Data di nascita"_s,
+          u"Colonne non importate: Colore"_s, u"riga 4: senza nome, tralasciata"_s,
+          u"riga 5: nelle note, perché il campo non lo può contenere: Data di nascita: 31/02/1980"_s,
+          u"Copia dell'archivio com'era prima: "_s + S->File + u".prima"_s})
+        QVERIFY2(Detto.split(u'\n').contains(Riga), qPrintable(Riga + u"\n--\n"_s + Detto));
+}
+
+void TestImporta::siAnnulla()
+{
+    S->Esegui(u"INSERT INTO clienti (Nominativo) VALUES ('Prima')"_s);
+    const QByteArray Prima = S->Byte();
+    const QFile::Permissions Diritti = QFile::permissions(S->File);
+    Importa(Tre);
+    QVERIFY(S->Byte() != Prima);
+    const auto Fatta = UltimaImportazione(S->File);
+    QVERIFY(Fatta);
+    QCOMPARE(Fatta->Aggiunti, 3);
+    QCOMPARE(Fatta->Sorgente, u"nomi.csv"_s);
+    AnnullaImportazione(S->File);
+    QCOMPARE(S->Byte(), Prima);
+    QCOMPARE(QFile::permissions(S->File), Diritti);
+    QCOMPARE(S->Righe({u"Nominativo"_s}), QStringList{u"Prima"_s});
+    QCOMPARE(ContenutoDi(S->Cartella), QStringList{u"DatiStudio.mdb"_s});
+}
+
+void TestImporta::nonSiAnnullaCioCheECambiato()
+{
+    Importa(Tre);
+    S->Esegui(u"UPDATE clienti SET Citta='Lucca' WHERE ID=1"_s);
+    const QByteArray Dopo = S->Byte();
+    QCOMPARE(Rifiuto([&] { AnnullaImportazione(S->File); }),
+             u"Dopo l'importazione l'archivio è stato modificato: annullandola si perderebbero le modifiche, "
+             u"perciò resta "
+             "com'è. La copia di prima è il file \"%1.prima\"."_s.arg(S->File));
+    QCOMPARE(S->Byte(), Dopo);
+    QVERIFY(QFile::exists(S->File + u".prima"_s));
+}
+
+void TestImporta::nonSiAnnullaConUnaCopiaRovinata()
+{
+    Importa(Tre);
+    const QByteArray Dopo = S->Byte();
+    QFile Copia(S->File + u".prima"_s);
+    QVERIFY(Copia.open(QIODevice::WriteOnly | QIODevice::Append));
+    Copia.write("x");
+    Copia.close();
+    QVERIFY(Rifiuto([&] { AnnullaImportazione(S->File); }).contains(u"è cambiata o rovinata"));
+    QCOMPARE(S->Byte(), Dopo);
+}
+
+/// An import that is stopped takes nothing of the one before.
+void TestImporta::lAnnulloDiPrimaRestaDopoUnArresto()
+{
+    const QByteArray Prima = S->Byte();
+    Importa(Tre);
+    const TabellaEstranea Da = Tabella({{u"Nominativo"_s}, {u"Nuovo"_s}});
+    ImportaNominativi Opera = Nuovo(Da);
+    QVERIFY(Opera.Prepara());
+    QVERIFY(!Opera.Scrivi(u"altri.csv"_s, [](int, int) { return false; }));
+    AnnullaImportazione(S->File);
+    QCOMPARE(S->Byte(), Prima);
+}
+
+void TestImporta::nullaDaAnnullare()
+{
+    QVERIFY(!UltimaImportazione(S->File));
+    QCOMPARE(Rifiuto([&] { AnnullaImportazione(S->File); }), u"Non c'è un'importazione da annullare."_s);
+    // A record without a copy, or one that is none, is no import.
+    ScriviFile(S->File + u".prima.json"_s, "{\"quando\":\"2026-01-01T10:00:00\"}");
+    QVERIFY(!UltimaImportazione(S->File));
+    ScriviFile(S->File + u".prima"_s, "x");
+    QVERIFY(UltimaImportazione(S->File));
+    ScriviFile(S->File + u".prima.json"_s, "rubbish");
+    QVERIFY(!UltimaImportazione(S->File));
+}
+
+void TestImporta::nienteDaScrivere()
+{
+    const QByteArray Prima = S->Byte();
+    Importa(Tabella({{u"Nominativo"_s}, {QString()}}));
+    QCOMPARE(S->Byte(), Prima);
+    QCOMPARE(ContenutoDi(S->Cartella), QStringList{u"DatiStudio.mdb"_s});
+}
+
+#include "TestImporta.moc"

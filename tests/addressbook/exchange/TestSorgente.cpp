@@ -1,0 +1,356 @@
+// Files of names, recognised by what they hold; archives taken whole; old notes copied; rows written for
+// others.
+#include "studio.h"
+
+#include "addressbook/exchange/archiviointero.h"
+#include "addressbook/exchange/archivionativo.h"
+#include "addressbook/exchange/esporta.h"
+#include "addressbook/exchange/notevecchie.h"
+#include "supporto/guasti.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
+class TestSorgente : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void siRiconosce_data();
+    void siRiconosce();
+    void leRigheDiUnFoglio();
+    void leRigheDiUnArchivio();
+    void unFileTroppoGrande();
+    void unFileCheNonCE();
+    void siEsporta();
+    void lEsportazioneRitorna_data();
+    void lEsportazioneRitorna();
+    void iPostiScelti();
+    void lEstensione();
+    void unArchivioIntero();
+    void accantoAUnArchivioPieno();
+    void senzaControparti();
+    void nonSiPrende_data();
+    void nonSiPrende();
+    void loStopNonLasciaNulla();
+    void leVecchieParcelle();
+    void leVecchieParcelleSiFermano();
+    void leVecchieParcelleRifiutate();
+};
+PROVA(TestSorgente);
+
+namespace {
+
+QString Frase(const std::function<void()>& Fai)
+{
+    try {
+        Fai();
+    } catch (const Errore& Guasto) {
+        return Guasto.Descrizione;
+    }
+    return u"nessuna"_s;
+}
+
+/// The columns of a row that the test fills, and what stands in them.
+const QStringList Colonne{u"Nominativo"_s, u"Indirizzo"_s,   u"Cap"_s,        u"CodFis"_s,
+                          u"PIva"_s,       u"Telefono"_s,    u"Email"_s,      u"Pec"_s,
+                          u"Note"_s,       u"RapprLegale"_s, u"DataNascita"_s};
+
+void Riempi(const Studio& S)
+{
+    S.Esegui(
+        u"INSERT INTO clienti (Nominativo, Indirizzo, Cap, CodFis, Telefono, Email, Pec, Note, DataNascita) "
+        "VALUES (?,?,?,?,?,?,?,?,?)"_s,
+        {u"=Rossi; \"Nicolò\""_s, u"Via Roma, 1"_s, u"00184"_s, u"RSSNCL80A31D704Z"_s, u"+39 0583"_s, u"@a"_s,
+         u"n@pec.it"_s, u"una\ndue"_s, QDate(1980, 1, 31)});
+    S.Esegui(
+        u"INSERT INTO clienti (Nominativo, PIva, RapprLegale) VALUES ('Alfa Srl', '00159560366', 'Rossi')"_s);
+}
+
+}  // namespace
+
+void TestSorgente::siRiconosce_data()
+{
+    QTest::addColumn<QByteArray>("Byte");
+    QTest::addColumn<int>("Genere");
+    QTest::newRow("rows") << QByteArray("Nome;Tel\nRossi;1\n") << int(GenereSorgente::Csv);
+    QTest::newRow("cards") << QByteArray("begin:vcard\nFN:x\nEND:VCARD\n") << int(GenereSorgente::Vcard);
+    QTest::newRow("cards behind a mark")
+        << QByteArray("\xEF\xBB\xBF\r\nBEGIN:VCARD\nFN:x\nEND:VCARD\n") << int(GenereSorgente::Vcard);
+    QByteArray Larghe("\xFF\xFE");
+    for (const char C : QByteArray("BEGIN:VCARD\nFN:x\nEND:VCARD\n"))
+        Larghe.append(C).append('\0');
+    QTest::newRow("cards in UTF-16") << Larghe << int(GenereSorgente::Vcard);
+    QTest::newRow("an archive") << LeggiFile(ProgrammaDiProva() + u"DatiStudio.mdb"_s)
+                                << int(GenereSorgente::Archivio);
+}
+
+void TestSorgente::siRiconosce()
+{
+    QFETCH(QByteArray, Byte);
+    const Studio S;
+    const SorgenteNominativi Da(S.Scrivi(u"nomi.dat"_s, Byte));
+    QTEST(int(Da.Genere()), "Genere");
+    OpzioniSorgente Come;
+    QVERIFY(!Da.Leggi(Come).Titoli.isEmpty());
+}
+
+void TestSorgente::leRigheDiUnFoglio()
+{
+    const Studio S;
+    const SorgenteNominativi Titolate(S.Scrivi(u"a.csv"_s, "Nome;;Tel\nRossi;x\nVerdi;y;1;in più\n"));
+    OpzioniSorgente Come;
+    TabellaEstranea Lette = Titolate.Leggi(Come);
+    QCOMPARE(Lette.Titoli, (QStringList{u"Nome"_s, u"Colonna 2"_s, u"Tel"_s, u"Colonna 4"_s}));
+    QCOMPARE(Lette.Righe.front(), (QStringList{u"Rossi"_s, u"x"_s, QString(), QString()}));
+    QCOMPARE(Lette.Numeri, (std::vector<int>{2, 3}));
+    QCOMPARE(Come.PrimaRigaTitoli, std::optional(true));
+    Come.PrimaRigaTitoli = false;
+    Lette = Titolate.Leggi(Come);
+    QCOMPARE(Lette.Titoli.first(), u"Colonna 1"_s);
+    QCOMPARE(Lette.Righe.size(), size_t(3));
+    const SorgenteNominativi Nude(S.Scrivi(u"b.csv"_s, "Rossi Mario;Lucca\nVerdi Anna;Pisa\n"));
+    OpzioniSorgente Altre;
+    QCOMPARE(Nude.Leggi(Altre).Righe.size(), size_t(2));
+    QCOMPARE(Altre.PrimaRigaTitoli, std::optional(false));
+    QCOMPARE(Altre.Csv.Separatore, QChar(u';'));
+}
+
+void TestSorgente::leRigheDiUnArchivio()
+{
+    const Studio S;
+    Riempi(S);
+    const SorgenteNominativi Da(S.File);
+    QCOMPARE(Da.Tabelle(), (QStringList{u"clienti"_s, u"controparti"_s}));
+    OpzioniSorgente Come;
+    const TabellaEstranea Lette = Da.Leggi(Come);
+    QCOMPARE(Come.Tabella, u"clienti"_s);
+    QCOMPARE(Lette.Righe.size(), size_t(2));
+    QCOMPARE(Lette.Righe.front()[Lette.Titoli.indexOf(u"DataNascita"_s)], u"31/01/1980"_s);
+    Come.Tabella = u"controparti"_s;
+    QCOMPARE(Da.Leggi(Come).Righe.size(), size_t(0));
+}
+
+/// 2 GB of nothing: refused without being read.
+void TestSorgente::unFileTroppoGrande()
+{
+    const Studio S;
+    const QString File = S.Scrivi(u"grande.csv"_s, "x");
+    QFile Grande(File);
+    QVERIFY(Grande.resize(qint64(2) << 30));
+    QCOMPARE(Frase([&] { const SorgenteNominativi Da(File); }),
+             u"Il file \"grande.csv\" è più grande di 64 MB: dividerlo e importarne una parte alla volta."_s);
+    QVERIFY(Grande.remove());
+}
+
+void TestSorgente::unFileCheNonCE()
+{
+    QCOMPARE(NumeroErrore([] { const SorgenteNominativi Da(u"/nessuno.csv"_s); }), errori::FileMancante);
+}
+
+void TestSorgente::siEsporta()
+{
+    const Studio S;
+    Riempi(S);
+    const QByteArray Righe =
+        EsportaNominativi(OpenDatabase(S.File, true).OpenRecordset(u"clienti"_s), FormatoEsporta::Csv);
+    const QStringList Linee = QString::fromUtf8(Righe).split(u"\r\n"_s);
+    QVERIFY(Righe.startsWith("\xEF\xBB\xBF"));  // or a spreadsheet reads it in another code
+    QCOMPARE(Linee[0],
+             u"Nominativo;Indirizzo;CAP;Città;Prov.;Codice fiscale;Partita IVA;Data di nascita;Comune di "
+             "nascita;Telefono;Cellulare;E-mail;PEC;Codice destinatario;Legale rappresentante;Note"_s);
+    QVERIFY2(Linee[1].startsWith(
+                 u"\"'=Rossi; \"\"Nicolò\"\"\";\"Via Roma, 1\";00184;;;RSSNCL80A31D704Z;;31/01/1980;;'+39 "
+                 "0583;;'@a;"),
+             qPrintable(Linee[1]));
+    const QByteArray Schede =
+        EsportaNominativi(OpenDatabase(S.File, true).OpenRecordset(u"clienti"_s), FormatoEsporta::Vcard);
+    QCOMPARE(Schede.count("BEGIN:VCARD\r\nVERSION:4.0\r\n"), 2);
+    QVERIFY(Schede.contains("KIND:org\r\nFN:Alfa Srl\r\n"));
+    QVERIFY(EsportaNominativi(OpenDatabase(S.File, true).OpenRecordset(u"clienti"_s), FormatoEsporta::Csv, {},
+                              [](int, int) { return false; })
+                .isEmpty());
+}
+
+void TestSorgente::lEsportazioneRitorna_data()
+{
+    QTest::addColumn<int>("Forma");
+    QTest::newRow("rows") << int(FormatoEsporta::Csv);
+    QTest::newRow("cards") << int(FormatoEsporta::Vcard);
+}
+
+/// What one archive writes another one reads, field by field.
+void TestSorgente::lEsportazioneRitorna()
+{
+    QFETCH(int, Forma);
+    const Studio Primo;
+    Riempi(Primo);
+    const QString File =
+        Primo.Scrivi(u"nomi"_s, EsportaNominativi(OpenDatabase(Primo.File, true).OpenRecordset(u"clienti"_s),
+                                                  FormatoEsporta(Forma)));
+    const Studio Secondo;
+    const SorgenteNominativi Da(File);
+    OpzioniSorgente Come;
+    const TabellaEstranea Lette = Da.Leggi(Come);
+    const Database Db = OpenDatabase(Secondo.File);
+    ImportaNominativi Opera(Db, u"clienti"_s, Lette, AbbinaColonne(Lette.Titoli, Db.Campi(u"clienti"_s)),
+                            Doppioni::Salta);
+    QVERIFY(Opera.Prepara() && Opera.Scrivi(File));
+    QCOMPARE(Secondo.Righe(Colonne), Primo.Righe(Colonne));
+    QCOMPARE(Opera.Avvisi(), QStringList());
+}
+
+void TestSorgente::iPostiScelti()
+{
+    const Studio S;
+    for (const QString& Nome : {u"a"_s, u"b"_s, u"c"_s})
+        S.Esegui(u"INSERT INTO clienti (Nominativo) VALUES (?)"_s, {Nome});
+    const QByteArray Schede = EsportaNominativi(OpenDatabase(S.File, true).OpenRecordset(u"clienti"_s),
+                                                FormatoEsporta::Vcard, {2, 0});
+    QVERIFY(Schede.indexOf("FN:a") > 0 && Schede.indexOf("FN:c") > Schede.indexOf("FN:a"));
+    QVERIFY(!Schede.contains("FN:b"));
+}
+
+void TestSorgente::lEstensione()
+{
+    QCOMPARE(FormatoDi(u"/x/nomi.VCF"_s), FormatoEsporta::Vcard);
+    QCOMPARE(FormatoDi(u"/x/nomi.csv"_s), FormatoEsporta::Csv);
+    QCOMPARE(ConEstensione(u"/x/nomi"_s), u"/x/nomi.csv"_s);
+    QCOMPARE(ConEstensione(u"/x/nomi.vcf"_s), u"/x/nomi.vcf"_s);
+}
+
+// ---- an archive taken whole ---------------------------------------------------------------------
+
+void TestSorgente::unArchivioIntero()
+{
+    const Studio Vecchio;
+    Riempi(Vecchio);
+    const QByteArray Prima = Vecchio.Byte();
+    const Studio Nuovo;  // an empty one stands in the folder
+    const auto Preso = PrendiArchivio(Vecchio.File, Nuovo.Cartella);
+    QVERIFY(Preso);
+    QCOMPARE(Preso->File, Nuovo.File);
+    QCOMPARE(Preso->Clienti, 2);
+    QCOMPARE(Nuovo.Righe(Colonne), Vecchio.Righe(Colonne));
+    QCOMPARE(Vecchio.Byte(), Prima);
+    QCOMPARE(ContenutoDi(Nuovo.Cartella), QStringList{u"DatiStudio.mdb"_s});
+    QVERIFY(ResocontoArchivio(Vecchio.File, *Preso).contains(u"Clienti: 2\nControparti: 0\n"));
+}
+
+void TestSorgente::accantoAUnArchivioPieno()
+{
+    const Studio Vecchio;
+    Riempi(Vecchio);
+    const Studio Pieno;
+    Pieno.Esegui(u"INSERT INTO controparti (Nominativo) VALUES ('x')"_s);
+    const QByteArray Prima = Pieno.Byte();
+    QCOMPARE(PrendiArchivio(Vecchio.File, Pieno.Cartella)->File, Pieno.Cartella + u"DatiStudio 2.mdb"_s);
+    QCOMPARE(PrendiArchivio(Vecchio.File, Pieno.Cartella)->File, Pieno.Cartella + u"DatiStudio 3.mdb"_s);
+    QCOMPARE(Pieno.Byte(), Prima);
+}
+
+/// Its own columns stay; the table that it lacks is there, empty.
+void TestSorgente::senzaControparti()
+{
+    const Studio S;
+    const QString Vecchio = S.Cartella + u"vecchio.mdb"_s;
+    {
+        const Database Db = CreateDatabase(Vecchio);
+        Db.CreaTabella(u"clienti"_s, {{u"ID"_s, TipoCampo::Lungo, 0, {}, true},
+                                      {u"Nominativo"_s, TipoCampo::Testo, 60, {}, false},
+                                      {u"Pratica"_s, TipoCampo::Testo, 20, {}, false}});
+        Db.Execute(u"INSERT INTO clienti (ID, Nominativo, Pratica) VALUES (7, 'Rossi', 'A')"_s);
+    }
+    const auto Preso = PrendiArchivio(Vecchio, NuovaCartella());
+    QVERIFY(Preso);
+    const Database Db = OpenDatabase(Preso->File);
+    QCOMPARE(Db.OpenRecordset(u"clienti"_s).Value(u"ID"_s).toInt(), 7);
+    QVERIFY(Db.EsisteCampo(u"clienti"_s, u"Pratica"_s));
+    QVERIFY(Db.EsisteCampo(u"controparti"_s, u"Nominativo"_s));
+    QCOMPARE(Preso->Tralasciati,
+             QStringList{u"controparti: l'archivio non ha questa tabella, che nasce vuota"_s});
+}
+
+void TestSorgente::nonSiPrende_data()
+{
+    QTest::addColumn<QString>("File");
+    QTest::addColumn<QString>("Detto");
+    const QString Dove = NuovaCartella();
+    ScriviFile(Dove + u"nomi.csv"_s, "Nome\nRossi\n");
+    QTest::newRow("rows")
+        << Dove + u"nomi.csv"_s
+        << u"Il file \"nomi.csv\" non è un archivio: per un foglio di calcolo o una rubrica scegliere "
+           "\"Aggiungi i nominativi\"."_s;
+    QTest::newRow("another archive")
+        << ProgrammaDiProva() + u"Comuni.mdb"_s
+        << u"L'archivio \"Comuni.mdb\" non ha una tabella di clienti con le colonne ID e "
+           "Nominativo: con \"Aggiungi i nominativi\" si scelgono la tabella e le colonne."_s;
+}
+
+void TestSorgente::nonSiPrende()
+{
+    QFETCH(QString, File);
+    const Studio S;
+    const QByteArray Prima = S.Byte();
+    QTEST(Frase([&] { (void)PrendiArchivio(File, S.Cartella); }), "Detto");
+    QCOMPARE(S.Byte(), Prima);
+    QCOMPARE(ContenutoDi(S.Cartella), QStringList{u"DatiStudio.mdb"_s});
+}
+
+void TestSorgente::loStopNonLasciaNulla()
+{
+    const Studio S;
+    const QByteArray Prima = S.Byte();
+    const Studio Vecchio;
+    QVERIFY(!PrendiArchivio(Vecchio.File, S.Cartella, [](qint64) { return false; }));
+    QCOMPARE(S.Byte(), Prima);
+    QCOMPARE(ContenutoDi(S.Cartella), QStringList{u"DatiStudio.mdb"_s});
+}
+
+// ---- old notes ----------------------------------------------------------------------------------
+
+void TestSorgente::leVecchieParcelle()
+{
+    const Studio S;  // its archive is a database among the notes
+    QDir(S.Cartella).mkdir(u"Modelli"_s);
+    QVERIFY(QFile::copy(S.File, S.Cartella + u"Modelli/uno.MDB"_s));
+    S.Scrivi(u"rotta.mdb"_s, "no database");
+    S.Scrivi(u"lettera.doc"_s, "x");
+    const QString A = NuovaCartella() + u"nuove/"_s;
+    auto Esiti = CopiaNote(S.Cartella, A);
+    QVERIFY(Esiti);
+    QStringList Detti;
+    for (const EsitoNota& Esito : *Esiti)
+        Detti.append(Esito.Nome + (Esito.Copiata ? u"+"_s : u"-"_s) + Esito.Detto);
+    Detti.sort();
+    QCOMPARE(Detti,
+             (QStringList{u"DatiStudio.mdb+"_s, u"Modelli/uno.MDB+"_s, u"rotta.mdb-non è una parcella"_s}));
+    QCOMPARE(LeggiFile(A + u"Modelli/uno.MDB"_s), S.Byte());
+    QCOMPARE(DataFile(A + u"DatiStudio.mdb"_s), DataFile(S.File));
+    QVERIFY(ResocontoNote(S.Cartella, A, *Esiti).contains(u"Copiate: 2 di 3\n"));
+    Esiti = CopiaNote(S.Cartella, A);
+    QCOMPARE(std::ranges::count_if(*Esiti, &EsitoNota::Copiata), 0);
+    QCOMPARE(Esiti->first().Detto, u"c'è già, resta com'è"_s);
+}
+
+void TestSorgente::leVecchieParcelleSiFermano()
+{
+    const Studio S;
+    QVERIFY(QFile::copy(S.File, S.Cartella + u"altra.mdb"_s));
+    const QString A = NuovaCartella();
+    QVERIFY(!CopiaNote(S.Cartella, A, [](int Fatte, int) { return Fatte == 0; }));
+    QCOMPARE(ContenutoDi(A), QStringList());
+}
+
+void TestSorgente::leVecchieParcelleRifiutate()
+{
+    const Studio S;
+    QCOMPARE(Frase([&] { (void)CopiaNote(S.Cartella, S.Cartella); }),
+             u"Le copie andrebbero nella cartella delle vecchie parcelle: sceglierne un'altra."_s);
+    const QString Vuota = NuovaCartella();
+    QCOMPARE(Frase([&] { (void)CopiaNote(Vuota, S.Cartella); }),
+             u"Nella cartella \"%1\" non ci sono parcelle (file .mdb): sceglierne un'altra."_s.arg(Vuota));
+}
+
+#include "TestSorgente.moc"
