@@ -261,6 +261,7 @@ std::span<const ComandoCli> ComandiCli()
                    false, ComandoStampa},
         ComandoCli{u"trova", u"CARTELLA [TESTO [SOTTOCARTELLE]]", 1, 3, false, ComandoTrova},
         ComandoCli{u"rubrica", u"TABELLA [TESTO]", 1, 2, false, ComandoRubrica},
+        ComandoCli{u"importa", u"FILE USCITA", 2, 2, false, ComandoImporta},
         ComandoCli{u"termini", u"DECORRENZA NUMERO TIPO [SOSPENSIONE [LIBERO [SABATO [VERSO]]]]", 3, 7, false,
                    ComandoTermini},
         ComandoCli{u"sequenziali", u"UDIENZA ARTICOLO [SOSPENSIONE [SABATO]]", 2, 4, false,

@@ -54,6 +54,9 @@ struct ComandoCli
 /// The names of the office's archive, or of the one that --archivio names.
 [[nodiscard]] Risposta ComandoRubrica(const QStringList& Valori);
 
+/// A file of Access as a native one.
+[[nodiscard]] Risposta ComandoImporta(const QStringList& Valori);
+
 /// The calculators.
 [[nodiscard]] Risposta ComandoTermini(const QStringList& Valori);
 [[nodiscard]] Risposta ComandoSequenziali(const QStringList& Valori);

@@ -1,6 +1,8 @@
 // Runs the test class named first on the command line; QtTest reads the rest.
 #include "supporto/prova.h"
 
+#include "platform/accesso/accesso.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QSettings>
@@ -24,8 +26,10 @@ int main(int argc, char** argv)
     qputenv("HOME", Casa);
     qputenv("XDG_CONFIG_HOME", Casa + "config");
     qputenv("XDG_DATA_HOME", Casa + "data");
+    qputenv("XDG_CACHE_HOME", Casa + "cache");
     qputenv("XDG_DOCUMENTS_DIR", Casa + "Documenti");
     qputenv("XDG_RUNTIME_DIR", Casa + "sessione");
+    accesso::Programma = ProgrammaDiProva() + QStringLiteral("calcanova-accesso");
 
 #ifdef PROVE_CON_FINESTRE
     Applicazione Programma(argc, argv);

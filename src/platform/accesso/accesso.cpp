@@ -1,0 +1,257 @@
+#include "platform/accesso/accesso.h"
+
+#include "platform/accesso/copie.h"
+#include "platform/accesso/lettore.h"
+#include "platform/base/errore.h"
+#include "platform/system/cartelle.h"
+#include "platform/system/file.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
+#include "platform/system/sincrono.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <memory>
+#include <mutex>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 MassimoFile = qint64(2) << 30;
+
+/// A program that waits for a disk uses no processor: beyond this it is given up all the same.
+constexpr int AttesaPerSecondo = 6;
+
+QString ProgrammaLettore()
+{
+    return accesso::Programma.isEmpty() ? CartellaEseguibile() + u"calcanova-accesso"_s : accesso::Programma;
+}
+
+Errore Rifiutato(const QString& Perche)
+{
+    return Errore(errori::FormatoDatabase, Perche);
+}
+
+/// True for what Access and its kin put beside a database that somebody has open.
+bool HaBlocco(const QString& File)
+{
+    const QFileInfo Info(File);
+    const QString Senza = Info.path() + u'/' + Info.completeBaseName();
+    return EsisteFile(TrovaFile(Senza + u".ldb"_s)) || EsisteFile(TrovaFile(Senza + u".laccdb"_s));
+}
+
+void ControllaOrigine(const QString& File)
+{
+    const QFileInfo Info(File);
+    if (!Info.exists())
+        throw Errore(errori::FileMancante);
+    if (!Info.isFile() || !(Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther)))
+        throw Errore(errori::Accesso);
+    if (!EDiAccess(File))
+        throw Rifiutato(u"Il file non è un archivio di Access"_s);
+    if (Info.size() > MassimoFile)
+        throw Rifiutato(
+            u"Il file supera i 2 GB, che un archivio di Access non ha: scegliere il file giusto"_s);
+}
+
+void ControllaArrivo(const QString& File)
+{
+    const QFileInfo Info(File);
+    if (Info.exists() || Info.isSymLink())
+        throw Errore(errori::DatabasePresente);
+    if (!EsisteCartella(Info.path()))
+        throw Errore(errori::CartellaMancante);
+    if (!CartellaScrivibile(Info.path()))
+        throw Errore(errori::Accesso);
+}
+
+/// A file that is gone with this object, unless it has been moved to its place.
+class Provvisorio
+{
+public:
+    explicit Provvisorio(const QString& Dove) : File(Dove) { Togli(); }
+    ~Provvisorio() { Togli(); }
+    Provvisorio(const Provvisorio&) = delete;
+    Provvisorio& operator=(const Provvisorio&) = delete;
+
+private:
+    void Togli() const
+    {
+        ScartaFile(File);
+        ScartaFile(File + u"-journal"_s);
+    }
+    QString File;
+};
+
+QString TestoDi(const QJsonValue& Valore)
+{
+    constexpr qsizetype Massimo = 1000;
+    return Valore.toString().left(Massimo);
+}
+
+RapportoAccess LeggiRapporto(const QJsonObject& Risposta)
+{
+    RapportoAccess Rapporto;
+    for (const QJsonValue& Voce : Risposta[u"tabelle"_s].toArray())
+        Rapporto.Tabelle.append({TestoDi(Voce[u"nome"]), Voce[u"righe"].toInteger()});
+    for (const QJsonValue& Voce : Risposta[u"tralasciati"_s].toArray())
+        Rapporto.Tralasciati.append({TestoDi(Voce[u"cosa"]), TestoDi(Voce[u"perche"])});
+    return Rapporto;
+}
+
+[[noreturn]] void LanciaErrore(const QJsonObject& Risposta)
+{
+    const int Numero = Risposta[u"errore"_s].toInt(errori::FormatoDatabase);
+    const QString Descrizione = TestoDi(Risposta[u"descrizione"_s]);
+    if (Descrizione.isEmpty())
+        throw Errore(Numero);
+    throw Errore(Numero, Descrizione);
+}
+
+/// One request to a reading program.
+std::optional<RapportoAccess> Chiedi(Lettore& Con, const QString& Da, const QString& A,
+                                     const ModoAccess& Come)
+{
+    const QJsonObject Domanda{{u"da"_s, Da}, {u"a"_s, A}, {u"secondi"_s, Come.Secondi}};
+    QJsonObject Risposta;
+    qint64 Righe = 0;
+    const Lettore::Fine Esito = Con.Chiedi(
+        QJsonDocument(Domanda).toJson(QJsonDocument::Compact) + '\n',
+        (Come.Secondi * AttesaPerSecondo + AttesaPerSecondo) * 1000,
+        [&](QByteArrayView Riga) {
+            const QJsonObject Letta = QJsonDocument::fromJson(Riga.toByteArray()).object();
+            if (const QJsonValue Avanzate = Letta[u"avanzate"_s]; Avanzate.isDouble()) {
+                Righe = Avanzate.toInteger();
+                return false;
+            }
+            Risposta = Letta;
+            return true;
+        },
+        [&] { return !Come.Prosegui || Come.Prosegui(Righe); });
+    switch (Esito) {
+    case Lettore::Fine::Fermata:
+        return std::nullopt;
+    case Lettore::Fine::Scaduta:
+        throw Rifiutato(
+            u"La lettura del file ha richiesto troppo tempo: il file è danneggiato o troppo grande"_s);
+    case Lettore::Fine::Morto:
+        throw Rifiutato(u"La lettura del file si è interrotta: il file è danneggiato"_s);
+    case Lettore::Fine::Risposta:
+        break;
+    }
+    if (Risposta[u"errore"_s].toInt(errori::FormatoDatabase) != 0)
+        LanciaErrore(Risposta);
+    return LeggiRapporto(Risposta);
+}
+
+/// The program that serves whoever waits for no dialog: one for all their requests, which take turns.
+std::optional<RapportoAccess> ChiediATurno(const QString& Da, const QString& A, const ModoAccess& Come)
+{
+    static std::mutex Turno;
+    static std::unique_ptr<Lettore> Comune;
+    static QString Avviato;
+    const std::lock_guard Mio(Turno);
+    const QString Programma = ProgrammaLettore();
+    if (!Comune || !Comune->Vivo() || Avviato != Programma)
+        Comune = std::make_unique<Lettore>(Programma);
+    Avviato = Programma;
+    return Chiedi(*Comune, Da, A, Come);
+}
+
+/// What tells one state of a file from another.
+struct Impronta
+{
+    qint64 Byte = 0;
+    qint64 Data = 0;
+    friend bool operator==(const Impronta&, const Impronta&) = default;
+};
+
+Impronta ImprontaDi(const QString& File)
+{
+    const QFileInfo Info(File);
+    return {Info.size(), Info.lastModified().toMSecsSinceEpoch()};
+}
+
+std::optional<RapportoAccess> Leggi(const QString& Da, const QString& A, const ModoAccess& Come)
+{
+    // Somebody works with the file: a copy made in one go is read in its place.
+    const bool Aperto = HaBlocco(Da);
+    const QString Ferma = A + u".letto"_s;
+    std::optional<Provvisorio> Copia;
+    if (Aperto) {
+        Copia.emplace(Ferma);
+        if (!CopiaFile(Da, Ferma, MassimoFile, [&](qint64) { return !Come.Prosegui || Come.Prosegui(0); }))
+            return std::nullopt;
+    }
+    const QString Letto = Aperto ? Ferma : Da;
+    if (!Come.Prosegui)
+        return ChiediATurno(Letto, A, Come);
+    Lettore Proprio(ProgrammaLettore());
+    return Chiedi(Proprio, Letto, A, Come);
+}
+
+}  // namespace
+
+bool EDiAccess(const QString& Percorso)
+{
+    constexpr qsizetype Posto = 4;
+    constexpr qsizetype Lunghezza = 16;
+    QByteArray Inizio;
+    try {
+        const QFileInfo Info(PercorsoNativo(Percorso));
+        if (!Info.isFile() || Info.size() < Posto + Lunghezza)
+            return false;
+        LeggiAPezzi(Info.filePath(), [&](QByteArrayView Pezzo) {
+            Inizio.append(Pezzo.first(std::min(Pezzo.size(), Posto + Lunghezza)));
+            return Inizio.size() < Posto + Lunghezza;
+        });
+    } catch (const Errore&) {
+        return false;
+    }
+    const QByteArrayView Nome = QByteArrayView(Inizio).sliced(Posto).first(Lunghezza);
+    return Nome == QByteArrayView("Standard Jet DB\0", Lunghezza) ||
+           Nome == QByteArrayView("Standard ACE DB\0", Lunghezza);
+}
+
+std::optional<RapportoAccess> ConvertiAccess(const QString& Da, const QString& A, const ModoAccess& Come)
+{
+    return Converti(Da, A, Come, true);
+}
+
+std::optional<RapportoAccess> Converti(const QString& Da, const QString& A, const ModoAccess& Come,
+                                       bool SulDisco)
+{
+    const QString Origine = QFileInfo(PercorsoNativo(Da)).absoluteFilePath();
+    const QString Arrivo = QFileInfo(PercorsoNativo(A)).absoluteFilePath();
+    ControllaOrigine(Origine);
+    ControllaArrivo(Arrivo);
+    const QString Accanto = CartellaFile(Arrivo) + u".~%1."_s.arg(QCoreApplication::applicationPid()) +
+                            NomeFile(Arrivo) + u".tmp"_s;
+    // A file that changes while it is read is read once more; who writes all the time must stop.
+    for (int Volta = 0; Volta < 2; ++Volta) {
+        const Provvisorio Costruito(Accanto);
+        const Impronta Prima = ImprontaDi(Origine);
+        const std::optional<RapportoAccess> Rapporto = Leggi(Origine, Accanto, Come);
+        if (!Rapporto)
+            return std::nullopt;
+        if (ImprontaDi(Origine) != Prima)
+            continue;
+        if (SulDisco)
+            ScriviSulDisco(Accanto);
+        RinominaFile(Accanto, Arrivo);
+        return Rapporto;
+    }
+    throw Errore(errori::DatiBloccati);
+}
+
+Database ApriArchivio(const QString& Percorso, bool SolaLettura)
+{
+    return EDiAccess(Percorso) ? OpenDatabase(CopiaNativa(Percorso), true)
+                               : OpenDatabase(Percorso, SolaLettura);
+}
