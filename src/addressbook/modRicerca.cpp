@@ -112,7 +112,7 @@ bool SenzaValore(int Operatore)
 QString CriterioRicerca(const Campo& Colonna, int Operatore, const QString& Testo)
 {
     const QString Nome = ParolaSemplice(Colonna.Name) ? Colonna.Name : u'[' + Colonna.Name + u']';
-    const QStringView Segno = TabellaOperatori.at(size_t(OperatoriRicerca + Operatore));
+    const QStringView Segno = TabellaOperatori.at(size_t(OperatoriRicerca) + size_t(Operatore));
     return Nome + u' ' + Segno.toString() + u' ' + ValoreDi(Colonna, Operatore, Testo);
 }
 

@@ -26,7 +26,7 @@ enum OperatoreRicerca {
 };
 
 /// Captions first, behind them the engine's operators in the same order.
-inline constexpr std::array<QStringView, 2 * OperatoriRicerca> TabellaOperatori{
+inline constexpr std::array<QStringView, size_t{2} * OperatoriRicerca> TabellaOperatori{
     u"Uguale a",    u"Diverso da",
     u"Maggiore di", u"Maggiore o uguale a",
     u"Minore di",   u"Minore o uguale a",

@@ -291,7 +291,7 @@ ContoTermine CalcolaTermine(const DatiTermine& Dati)
 
 QString TestoTermine(const ContoTermine& Conto)
 {
-    const QString Testo = u"La scadenza è "_s + DataLunga(Conto.DataCorrente);
+    QString Testo = u"La scadenza è "_s + DataLunga(Conto.DataCorrente);
     if (!Conto.Prorogato)
         return Testo;
     return Testo + (Conto.Opzioni.Antecedente ? u"\n(Anticipata)"_s : u"\n(Posticipata)"_s);
