@@ -7,7 +7,7 @@ PacchettiLint=(clang clang-format-14 clang-tidy cppcheck shellcheck)
 
 LintScript()
 {
-    shellcheck -x run test .ci/run tools/*.sh tools/lint/*.sh tests/word/controlla
+    shellcheck -x run test .ci/run tools/*.sh tools/*/*.sh tests/word/controlla
 }
 
 # Version 14: another one breaks some lines elsewhere.

@@ -1,0 +1,104 @@
+#include "scimmia/controlli.h"
+
+#include "core/posti.h"
+#include "core/sessione.h"
+#include "feenote/file/modDescrizione.h"
+#include "feenote/file/modLettura.h"
+#include "feenote/windows/finestre.h"
+#include "feenote/windows/frmParcelle.h"
+#include "platform/base/errore.h"
+#include "platform/system/file.h"
+#include "platform/system/messaggi.h"
+#include "scimmia/gesti.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCursor>
+#include <QMessageBox>
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A note from its file, with nobody asked about a password or told about a client that has gone.
+Parcella Riletta(const QString& File)
+{
+    Messaggi Prima = InstallaMessaggi({});
+    Parcella Letta;
+    try {
+        CaricaDati(Letta, File);
+    } catch (...) {
+        InstallaMessaggi(std::move(Prima));
+        throw;
+    }
+    InstallaMessaggi(std::move(Prima));
+    return Letta;
+}
+
+}  // namespace
+
+QString FinestreGuaste()
+{
+    const QWidget* Modale = QApplication::activeModalWidget();
+    if (Modale && Modale->windowModality() == Qt::ApplicationModal)
+        return u"finestra modale rimasta senza chi la aspetta: "_s + NomeDi(Modale);
+    if (Modale && !Modale->isVisible())
+        return u"finestra modale nascosta: "_s + NomeDi(Modale);
+    if (QGuiApplication::overrideCursor())
+        return u"puntatore di attesa rimasto acceso"_s;
+    return {};
+}
+
+QStringList ParoleInglesi(const QString& Testo)
+{
+    // Words that no Italian sentence has; names of files and of programs have none of them either.
+    static const QRegularExpression Inglese(
+        u"\\b(the|and|not|cannot|could|failed|failure|unable|unknown|invalid|denied|missing|error|warning|"
+        "open|save|close|cancel|yes|retry|abort|ignore|discard|apply|reset|help|details|copy|paste|delete|"
+        "undo|"
+        "redo|select all|name|size|type|folder|directory|permission|found|already|exists)\\b"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    QStringList Trovate;
+    auto Cammino = Inglese.globalMatch(QString(Testo).remove(u'&'));
+    while (Cammino.hasNext())
+        Trovate += Cammino.next().captured();
+    return Trovate;
+}
+
+QString Differenza(const QByteArray& Finestra, const QByteArray& File)
+{
+    const QList<QByteArray> Qui = Finestra.split('\n');
+    const QList<QByteArray> La = File.split('\n');
+    QStringList Diverse;
+    constexpr qsizetype Bastano = 6;
+    for (qsizetype i = 0; i < std::max(Qui.size(), La.size()) && Diverse.size() < Bastano; ++i)
+        if (Qui.value(i) != La.value(i))
+            Diverse +=
+                u"finestra%1 / file%2"_s.arg(QString::fromUtf8(Qui.value(i)), QString::fromUtf8(La.value(i)));
+    return Diverse.join(u'\n');
+}
+
+QString NoteSalvate::Confronta()
+{
+    for (int Posto = 1; Posto <= UltimaParcella(); ++Posto) {
+        const frmParcelle* Finestra = Parcelle(Posto);
+        if (!Finestra || InfoParcelle[size_t(Posto)].Libera) {
+            Stati.erase(Posto);
+            continue;
+        }
+        const Parcella& Nota = Finestra->Nota;
+        const Prima Stato = std::exchange(Stati[Posto], {Finestra->Numero(), Nota.Modificata});
+        const bool Salvata = Stato.Numero == Finestra->Numero() && Stato.Modificata && !Nota.Modificata;
+        if (!Salvata || Nota.Percorso.isEmpty() || !EsisteFile(Nota.Percorso))
+            continue;
+        ++Volte;
+        Parcella Vista = Nota;
+        Vista.NsRif =
+            sessione::RichiestaPV2.ID;  // a session of the companion saves every note for its matter
+        const QString Diversa = Differenza(DescriviNota(Vista), DescriviNota(Riletta(Nota.Percorso)));
+        if (!Diversa.isEmpty())
+            return u"la nota salvata non è quella della finestra, "_s + Nota.Percorso + u":\n"_s + Diversa;
+    }
+    return {};
+}
