@@ -2,6 +2,8 @@
 
 #include "creadati/tabellatesto.h"
 #include "creadati/tassi.h"
+#include "creaguide/aiuto.h"
+#include "creaguide/composizione.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/pages/impaginazione.h"
@@ -10,6 +12,8 @@
 
 #include <QDirIterator>
 #include <QMap>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -83,12 +87,27 @@ TabellaDati TabellaPenale(const QString& Cartella)
     return Fatta;
 }
 
-void Scrivi(const QString& File, const QString& Relativo, const QString& Tabelle, const QString& Uscita)
+const QString CartellaAiuto = u"aiuto/"_s;
+
+/// The pages of the help, where the folder of the guides has any.
+std::optional<Aiuto> AiutoDi(const QString& Testi, const FonteTabelle& Tabelle)
 {
-    const Guida Letta = LeggiGuida(Relativo, QString::fromUtf8(LeggiFile(File)), TabelleDi(Tabelle));
-    const QString Pdf = Uscita + Relativo.chopped(4) + u".pdf"_s;
+    if (!EsisteFile(Testi + CartellaAiuto + u"indice.txt"_s))
+        return std::nullopt;
+    return LeggiAiuto(Testi, Tabelle);
+}
+
+void Scrivi(const TestoGuida& Testo, const std::optional<Aiuto>& Pagine, const QString& Uscita)
+{
+    Documento Doc;
+    ComponiTesto(Doc, Testo);
+    if (Testo.Capitoli && !Pagine)
+        throw Errore(errori::FileMancante, Testo.Nome + u": manca aiuto/indice.txt"_s);
+    if (Testo.Capitoli)
+        ComponiCapitoli(Doc, *Pagine);
+    const QString Pdf = Uscita + Testo.Nome.chopped(4) + u".pdf"_s;
     CreaCartella(CartellaFile(Pdf));
-    Impaginazione(Letta.Doc).ScriviPdf(Pdf, Letta.Titolo);
+    Impaginazione(Doc).ScriviPdf(Pdf, Testo.Titolo);
 }
 
 void ScriviTutte(const QString& Tabelle, const QString& Uscita)
@@ -97,9 +116,15 @@ void ScriviTutte(const QString& Tabelle, const QString& Uscita)
     QDirIterator Passo(Testi, {u"*.txt"_s}, QDir::Files, QDirIterator::Subdirectories);
     if (!Passo.hasNext())
         throw Errore(errori::FileMancante, u"Non ci sono guide in "_s + Testi);
+    const FonteTabelle Fonte = TabelleDi(Tabelle);
+    const std::optional<Aiuto> Pagine = AiutoDi(Testi, Fonte);
+    if (Pagine)
+        ScriviAiuto(*Pagine, Uscita + CartellaAiuto);
     while (Passo.hasNext()) {
         const QString File = Passo.next();
-        Scrivi(File, QDir(Testi).relativeFilePath(File), Tabelle, Uscita);
+        const QString Relativo = QDir(Testi).relativeFilePath(File);
+        if (!Relativo.startsWith(CartellaAiuto))
+            Scrivi(LeggiTesto(Relativo, QString::fromUtf8(LeggiFile(File)), Fonte), Pagine, Uscita);
     }
 }
 

@@ -10,64 +10,31 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using Genere = BloccoGuida::Genere;
+using Posto = BloccoGuida::Posto;
+
 constexpr int ArgomentoNonValido = 5;
-
-constexpr double RientroVoceCm = 0.6;
-constexpr double DopoParagrafoPunti = 6.0;
-constexpr double DopoVocePunti = 3.0;
-constexpr double PrimaSezionePunti = 12.0;
-constexpr double PrimaParagrafoPunti = 8.0;
-constexpr double DopoTitoloPunti = 14.0;
-
-Carattere Corpo()
-{
-    return {u"Times New Roman"_s, 11.0};
-}
-
-Carattere FontTitolo()
-{
-    return {u"Arial"_s, 17.0, true};
-}
-
-Carattere FontSezione()
-{
-    return {u"Arial"_s, 12.0, true};
-}
-
-Carattere FontParagrafo()
-{
-    return {u"Arial"_s, 10.5, true};
-}
-
-Carattere FontTabella(bool Testata)
-{
-    return {u"Arial"_s, 9.0, Testata};
-}
 
 /// Reads a guide line by line; what a line belongs to is known from its first characters.
 class Lettore
 {
 public:
-    Lettore(const QString& File, const FonteTabelle& Fonte) : Nome(File), Tabelle(Fonte) {}
+    Lettore(const QString& File, const FonteTabelle& Fonte) : Tabelle(Fonte) { Fatto.Nome = File; }
 
-    Guida Leggi(const QString& Tutto)
+    TestoGuida Leggi(const QString& Tutto)
     {
         for (const QString& Riga : Tutto.split(u'\n')) {
             ++Numero;
             Aggiungi(Riga.trimmed());
         }
         Chiudi();
-        if (Fatta.Titolo.isEmpty())
+        if (Fatto.Titolo.isEmpty())
             Rifiuta(u"manca il titolo"_s);
-        Fatta.Doc.PiePagina = u"Pagina %d"_s;
-        return std::move(Fatta);
+        return std::move(Fatto);
     }
 
 private:
-    [[noreturn]] void Rifiuta(const QString& Motivo) const
-    {
-        throw Errore(ArgomentoNonValido, u"%1, riga %2: %3"_s.arg(Nome).arg(Numero).arg(Motivo));
-    }
+    [[noreturn]] void Rifiuta(const QString& Motivo) const { RifiutaGuida(Fatto.Nome, Numero, Motivo); }
 
     void Aggiungi(const QString& Riga)
     {
@@ -76,12 +43,10 @@ private:
             Chiudi();
         } else if (Riga.startsWith(u"## ")) {
             Chiudi();
-            Blocco(Riga.mid(3), FontSezione(), Allineamento::Sinistra,
-                   {.SopraPunti = PrimaSezionePunti, .SottoPunti = DopoVocePunti});
+            Accoda(Genere::Sezione, Parole(Riga.mid(3)));
         } else if (Riga.startsWith(u"### ")) {
             Chiudi();
-            Blocco(Riga.mid(4), FontParagrafo(), Allineamento::Sinistra,
-                   {.SopraPunti = PrimaParagrafoPunti, .SottoPunti = DopoVocePunti});
+            Accoda(Genere::Parte, Parole(Riga.mid(4)));
         } else if (Riga.startsWith(u"# ")) {
             ApriTitolo(Riga.mid(2));
         } else if (Riga.startsWith(u'%')) {
@@ -98,22 +63,61 @@ private:
         }
     }
 
-    void ApriTitolo(const QString& Titolo)
+    static std::vector<ParoleGuida> Semplici(const QString& Testo)
     {
-        if (!Fatta.Titolo.isEmpty())
-            Rifiuta(u"un secondo titolo"_s);
-        Fatta.Titolo = Titolo;
-        Blocco(Titolo, FontTitolo(), Allineamento::Sinistra, {.SottoPunti = DopoTitoloPunti});
+        std::vector<ParoleGuida> Fatte;
+        Fatte.push_back({Testo, false, false, {}});
+        return Fatte;
     }
 
-    void Direttiva(const QString& Quale)
+    void ApriTitolo(const QString& Titolo)
     {
-        if (Quale == u"pagina")
+        if (!Fatto.Titolo.isEmpty())
+            Rifiuta(u"un secondo titolo"_s);
+        Fatto.Titolo = Titolo;
+        Accoda(Genere::Titolo, Semplici(Titolo));
+    }
+
+    void Direttiva(const QString& Scritta)
+    {
+        const QString Nome = Scritta.section(u' ', 0, 0);
+        const QString Resto = Scritta.section(u' ', 1).trimmed();
+        if (Nome == u"pagina" && Resto.isEmpty())
             NuovaPagina = true;
-        else if (Quale.startsWith(u"tabella "))
-            Componi(Tabelle(Quale.mid(8).trimmed()), 0);
+        else if (Nome == u"tabella")
+            AccodaTabella(Tabelle(Resto), false);
+        else if (Nome == u"solo")
+            Riserva(Resto);
+        else if (Nome == u"capitoli" && Resto.isEmpty())
+            Fatto.Capitoli = true;
+        else if (Nome == u"prova")
+            AggiungiProva(Resto);
         else
-            Rifiuta(u"direttiva sconosciuta: "_s + Quale);
+            Rifiuta(u"direttiva sconosciuta: "_s + Scritta);
+    }
+
+    void Riserva(const QString& Per)
+    {
+        if (Per == u"carta")
+            Dove = Posto::Carta;
+        else if (Per == u"schermo")
+            Dove = Posto::Schermo;
+        else if (Per.isEmpty() && Dove != Posto::Ovunque)
+            Dove = Posto::Ovunque;
+        else
+            Rifiuta(u"«%1» non è carta né schermo"_s.arg(Per));
+    }
+
+    void AggiungiProva(const QString& Scritta)
+    {
+        const QStringList Parti = Scritta.split(u"=>"_s);
+        ProvaGuida Nuova{Parti.first().trimmed(), {}, Fatto.Blocchi.size(), Numero};
+        for (const QString& Atteso : Parti.value(1).split(u';', Qt::SkipEmptyParts))
+            Nuova.Attesi << Atteso.trimmed();
+        if (Parti.size() != 2 || Nuova.Chiamata.isEmpty() || Nuova.Attesi.isEmpty() ||
+            Nuova.Attesi.contains(QString()))
+            Rifiuta(u"una prova è una chiamata, «=>» e quello che risponde"_s);
+        Fatto.Prove.push_back(std::move(Nuova));
     }
 
     void RigaTabella(const QString& Riga)
@@ -150,87 +154,114 @@ private:
     void Chiudi()
     {
         if (!Aperta.LarghezzeCm.empty())
-            Componi(std::exchange(Aperta, {}), 1);
+            AccodaTabella(std::exchange(Aperta, {}), true);
         const QString Finito = std::exchange(Scritto, {});
         const QString SuoSegno = std::exchange(Segno, {});
         if (Finito.isEmpty())
             return;
-        if (SuoSegno.isEmpty())
-            Blocco(Finito, Corpo(), Allineamento::Giustificato, {.SottoPunti = DopoParagrafoPunti});
-        else
-            Blocco(SuoSegno + u'\t' + Finito, Corpo(), Allineamento::Giustificato,
-                   {.SinistroCm = RientroVoceCm, .PrimaRigaCm = -RientroVoceCm, .SottoPunti = DopoVocePunti});
+        Accoda(SuoSegno.isEmpty() ? Genere::Testo : Genere::Voce, Parole(Finito));
+        Fatto.Blocchi.back().Segno = SuoSegno;
     }
 
-    void Blocco(const QString& Parole, const Carattere& Font, Allineamento Allinea, const Rientri& Spazi)
+    void Accoda(Genere Che, std::vector<ParoleGuida> Sue)
     {
-        if (Fatta.Titolo.isEmpty())
+        if (Fatto.Titolo.isEmpty())
             Rifiuta(u"il titolo viene per primo"_s);
-        Paragrafo Nuovo{Allinea, Tratti(Parole, Font), Font, Spazi, std::exchange(NuovaPagina, false)};
-        Fatta.Doc.Blocchi.emplace_back(std::move(Nuovo));
+        BloccoGuida Nuovo;
+        Nuovo.Che = Che;
+        Nuovo.Dove = Dove;
+        Nuovo.Parole = std::move(Sue);
+        Nuovo.NuovaPagina = std::exchange(NuovaPagina, false);
+        Nuovo.Riga = Numero;
+        Fatto.Blocchi.push_back(std::move(Nuovo));
     }
 
-    std::vector<Tratto> Tratti(const QString& Parole, Carattere Font) const
+    void AccodaTabella(TabellaDati Dati, bool Lineata)
     {
-        static const QRegularExpression Segni(u"[*]{2}|_{2}"_s);
-        std::vector<Tratto> Fatti;
+        const bool Prima = std::exchange(NuovaPagina, false);
+        Accoda(Genere::Tabella, {});
+        Fatto.Blocchi.back().Dati = std::move(Dati);
+        Fatto.Blocchi.back().Lineata = Lineata;
+        NuovaPagina = Prima;  // a table begins no page: what follows it does
+    }
+
+    std::vector<ParoleGuida> Parole(const QString& Testo) const
+    {
+        static const QRegularExpression Segni(u"[*]{2}|_{2}|\\[([^\\]]+)\\]\\(([^)]*)\\)"_s);
+        std::vector<ParoleGuida> Fatte;
+        ParoleGuida Ora;
+        bool Chiusi = true;
+        const auto Metti = [&](const QString& Scritte, const QString& Rimando) {
+            if (!Scritte.isEmpty())
+                Fatte.push_back({Scritte, Ora.Grassetto, Ora.Corsivo, Rimando});
+        };
         qsizetype Da = 0;
-        auto Passi = Segni.globalMatch(Parole);
+        auto Passi = Segni.globalMatch(Testo);
         while (Passi.hasNext()) {
             const auto Passo = Passi.next();
-            if (Passo.capturedStart() > Da)
-                Fatti.push_back({Parole.mid(Da, Passo.capturedStart() - Da), Font});
+            Metti(Testo.mid(Da, Passo.capturedStart() - Da), {});
             Da = Passo.capturedEnd();
-            bool& Quale = Passo.captured() == u"**" ? Font.Grassetto : Font.Corsivo;
-            Quale = !Quale;
+            if (Passo.captured() == u"**")
+                Ora.Grassetto = !Ora.Grassetto;
+            else if (Passo.captured() == u"__")
+                Ora.Corsivo = !Ora.Corsivo;
+            else if (Passo.captured(2).isEmpty())
+                Rifiuta(u"un rimando senza meta: "_s + Passo.captured());
+            else
+                Metti(Passo.captured(1), Passo.captured(2));
+            Chiusi = !Ora.Grassetto && !Ora.Corsivo;
         }
-        if (Da < Parole.size())
-            Fatti.push_back({Parole.mid(Da), Font});
-        if (Parole.count(u"**"_s) % 2 != 0 || Parole.count(u"__"_s) % 2 != 0)
+        Metti(Testo.mid(Da), {});
+        if (!Chiusi)
             Rifiuta(u"grassetto o corsivo senza fine"_s);
-        return Fatti;
-    }
-
-    /// A long table without rules has a blank row below its headings, which are then repeated on each page.
-    void Componi(const TabellaDati& Dati, int Bordo)
-    {
-        Tabella Nuova;
-        Nuova.LarghezzeCm = Dati.LarghezzeCm;
-        Nuova.Bordo = Bordo;
-        for (const QStringList& Riga : Dati.Righe) {
-            const bool Testata = Nuova.Righe.empty();
-            Nuova.Righe.push_back(Celle(Riga, Dati, Testata));
-            if (Testata && Bordo == 0)
-                Nuova.Righe.push_back(Celle(QStringList(Riga.size()), Dati, false));
-        }
-        Fatta.Doc.Blocchi.emplace_back(std::move(Nuova));
-        Fatta.Doc.Blocchi.emplace_back(Paragrafo{Allineamento::Sinistra, {}, {u"Times New Roman"_s, 6.0}});
-    }
-
-    static std::vector<Cella> Celle(const QStringList& Testi, const TabellaDati& Dati, bool Testata)
-    {
-        std::vector<Cella> Fatte;
-        for (const QString& Uno : Testi) {
-            const bool Destra = Dati.ADestra[Fatte.size()];
-            Fatte.push_back(
-                {Uno, Destra ? Allineamento::Destra : Allineamento::Sinistra, FontTabella(Testata)});
-        }
         return Fatte;
     }
 
-    const QString Nome;
     const FonteTabelle& Tabelle;
-    Guida Fatta;
+    TestoGuida Fatto;
     TabellaDati Aperta;
     QString Scritto;
     QString Segno;  ///< of the item that is open, empty for a paragraph
+    Posto Dove = Posto::Ovunque;
     int Numero = 0;
     bool NuovaPagina = false;
 };
 
 }  // namespace
 
-Guida LeggiGuida(const QString& Nome, const QString& Testo, const FonteTabelle& Tabelle)
+QString BloccoGuida::Testo() const
+{
+    QString Tutto;
+    for (const ParoleGuida& Tratto : Parole)
+        Tutto += Tratto.Testo;
+    QStringList Celle;
+    for (const QStringList& Parti : Dati.Righe)
+        Celle << Parti.join(u' ');
+    return Celle.isEmpty() ? Tutto : Celle.join(u'\n');
+}
+
+QString TestoGuida::TestoDellaSezione(size_t Blocco) const
+{
+    const auto Apre = [this](size_t i) {
+        return Blocchi[i].Che == Genere::Sezione || Blocchi[i].Che == Genere::Titolo;
+    };
+    size_t Da = std::min(Blocco, Blocchi.size() - 1);
+    if (Blocco < Blocchi.size() && Apre(Blocco) && Blocco > 0)
+        --Da;  // written behind the last block of the section before
+    while (Da > 0 && !Apre(Da))
+        --Da;
+    QStringList Righe{Blocchi[Da].Testo()};
+    for (size_t i = Da + 1; i < Blocchi.size() && !Apre(i); ++i)
+        Righe << Blocchi[i].Testo();
+    return Righe.join(u'\n');
+}
+
+TestoGuida LeggiTesto(const QString& Nome, const QString& Testo, const FonteTabelle& Tabelle)
 {
     return Lettore(Nome, Tabelle).Leggi(Testo);
+}
+
+void RifiutaGuida(const QString& Nome, int Riga, const QString& Motivo)
+{
+    throw Errore(ArgomentoNonValido, u"%1, riga %2: %3"_s.arg(Nome).arg(Riga).arg(Motivo));
 }

@@ -1,6 +1,6 @@
 #include "supporto/prova.h"
 
-#include "creaguide/marcatura.h"
+#include "creaguide/composizione.h"
 #include "platform/base/errore.h"
 
 using namespace Qt::StringLiterals;
