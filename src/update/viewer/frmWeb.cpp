@@ -16,10 +16,15 @@
 #include <QShortcut>
 
 #include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int LarghezzaGuida = 960;
+constexpr int AltezzaGuida = 640;
+constexpr int LarghezzaIndice = 250;
 
 /// Only that the file is there counts; what stands in it is never read.
 void ScriviMarcatore(const QString& Radice)
@@ -62,6 +67,10 @@ frmWeb::frmWeb() : ui(std::make_unique<Ui::frmWeb>())
         Pulsante->setToolTip(Voce.Suggerimento.toString());
     }
     ui->fraCerca->hide();
+    ui->pnlGuida->hide();
+    ui->divisione->setCollapsible(1, false);
+    ui->divisione->setStretchFactor(1, 1);
+    ui->Web1->installEventFilter(this);
     aspetto::AssegnaMnemonici(this);
     aspetto::AssegnaNomiAccessibili(this);
     CollegaComandi();
@@ -83,6 +92,11 @@ void frmWeb::CollegaComandi()
             [this](bool Esiste) { ui->cmdIndietro->setEnabled(Esiste); });
     Collega(ui->Web1, &QTextBrowser::forwardAvailable, this,
             [this](bool Esiste) { ui->cmdAvanti->setEnabled(Esiste); });
+    Collega(ui->Web1, &QTextBrowser::sourceChanged, this, [this](const QUrl& Pagina) {
+        if (!Guida.isEmpty())
+            ui->pnlGuida->Segna(Pagina.fileName());
+    });
+    Collega(ui->pnlGuida, &PannelloGuida::Chiesta, this, &frmWeb::pnlGuida_Chiesta);
 }
 
 void frmWeb::CollegaTasti()
@@ -95,6 +109,10 @@ void frmWeb::CollegaTasti()
     Tasto(QKeySequence::ZoomIn, [this] { ui->Web1->Ingrandisci(1); });
     Tasto(QKeySequence::ZoomOut, [this] { ui->Web1->Ingrandisci(-1); });
     Tasto(Qt::CTRL | Qt::Key_0, [this] { ui->Web1->GrandezzaNormale(); });
+    Tasto(Qt::CTRL | Qt::SHIFT | Qt::Key_F, [this] {
+        if (!Guida.isEmpty())
+            ui->pnlGuida->Cerca();
+    });
 }
 
 void frmWeb::Tasto(const QKeySequence& Quale, std::function<void()> Procedura)
@@ -105,14 +123,23 @@ void frmWeb::Tasto(const QKeySequence& Quale, std::function<void()> Procedura)
 void frmWeb::Mostra()
 {
     const bool Avviso = !Marcatore.isEmpty();
+    if (!Guida.isEmpty())
+        ui->pnlGuida->Prepara(Guida);
     // The blank page need not come first: a page of the program is there at once, whole or not at all.
     if (!ui->Web1->Naviga(Indirizzo))
         return;  // the address went to the user's browser
     setWindowTitle(Titolo);
     ui->chkNoRepeat->setVisible(Avviso);
+    ui->pnlGuida->setVisible(!Guida.isEmpty());
     if (isVisible()) {
-        // Asked for again from a catalogue, whose keys must not be taken away.
+        // Asked for again from a catalogue, whose keys must not be taken away; the guide is asked for to be
+        // read.
         raise();
+        if (!Guida.isEmpty()) {
+            setWindowState(windowState() & ~Qt::WindowMinimized);
+            activateWindow();
+            ui->Web1->setFocus();
+        }
         return;
     }
     ui->Web1->clearHistory();
@@ -122,6 +149,8 @@ void frmWeb::Mostra()
     // A notice always comes up at its own size.
     if (Avviso)
         aspetto::RimettiAlPosto(this, objectName() + Marcatore);
+    else if (!Guida.isEmpty())
+        ApparecchiaGuida();
     else
         aspetto::RicordaPostoDi(this, objectName());
     show();
@@ -129,6 +158,23 @@ void frmWeb::Mostra()
     ui->Web1->TornaAllAncora();
     raise();
     activateWindow();
+}
+
+void frmWeb::ApparecchiaGuida()
+{
+    if (!std::exchange(Apparecchiata, true)) {
+        resize(LarghezzaGuida, AltezzaGuida);
+        ui->divisione->setSizes({LarghezzaIndice, LarghezzaGuida - LarghezzaIndice});
+    }
+    aspetto::RicordaPostoDi(this, objectName() + u"Guida"_s);
+}
+
+void frmWeb::pnlGuida_Chiesta(const QString& Meta, const QString& Cercato)
+{
+    if (ui->Web1->Naviga(Guida + Meta)) {
+        ui->Web1->TornaAllAncora();
+        ui->Web1->Evidenzia(Cercato.split(u' ', Qt::SkipEmptyParts));
+    }
 }
 
 void frmWeb::Aggiorna()
@@ -152,6 +198,21 @@ void frmWeb::keyPressEvent(QKeyEvent* Evento)
         Trova(Evento->modifiers().testFlag(Qt::ShiftModifier));
     else
         QDialog::keyPressEvent(Evento);
+}
+
+bool frmWeb::eventFilter(QObject* Oggetto, QEvent* Evento)
+{
+    // A letter typed on a page of the guide begins a search in all of it.
+    if (Oggetto == ui->Web1 && Evento->type() == QEvent::KeyPress && !Guida.isEmpty()) {
+        const auto* Premuto = static_cast<QKeyEvent*>(Evento);
+        const QString Scritto = Premuto->text();
+        if (!(Premuto->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) && !Scritto.isEmpty() &&
+            Scritto[0].isLetterOrNumber()) {
+            ui->pnlGuida->Cerca(Scritto);
+            return true;
+        }
+    }
+    return QDialog::eventFilter(Oggetto, Evento);
 }
 
 void frmWeb::cmdIndietro_Click()

@@ -1,4 +1,5 @@
-// The viewer of pages: a sheet of the program, or the notice that the user may silence.
+// The viewer of pages: a sheet of the program, the notice that the user may silence, the guide with its
+// contents.
 #pragma once
 
 #include <QDialog>
@@ -24,6 +25,7 @@ public:
     QString Indirizzo;  ///< path of a page of the program, or an address for the user's browser
     QString Titolo;     ///< caption of the window
     QString Marcatore;  ///< stem of the ".ini" file that silences a notice; empty: no box
+    QString Guida;      ///< folder of the guide that the page belongs to; empty: neither contents nor search
 
     /// Shows the page; a viewer that is on view already comes to the front with it and takes no focus.
     /// @throws Errore as Pagina::Naviga; the viewer then stays as it was
@@ -39,16 +41,21 @@ public:
     void cmdAvanti_Click();
     void cmdCerca_Click();
     void txtCerca_Change();
+    /// A page of the guide by its file, with "#" and an anchor; what was looked for is marked on it.
+    void pnlGuida_Chiesta(const QString& Meta, const QString& Cercato);
 
 protected:
     void keyPressEvent(QKeyEvent* Evento) override;
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override;
 
 private:
     void CollegaComandi();
+    void ApparecchiaGuida();
     void CollegaTasti();
     void Tasto(const QKeySequence& Quale, std::function<void()> Procedura);
     void Trova(bool Indietro);
     void ChiudiRicerca();
 
     std::unique_ptr<Ui::frmWeb> ui;
+    bool Apparecchiata = false;  ///< the guide has come up at its own size once
 };

@@ -4,6 +4,7 @@
 #include "core/modLancio.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
+#include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/system/file.h"
 #include "platform/system/shell.h"
@@ -30,6 +31,7 @@ constexpr int MassimiAnnidati = 32;
 constexpr int PassoMinimo = -4;
 constexpr int PassoMassimo = 12;
 constexpr int Margine = 12;
+constexpr qsizetype MassimiSegni = 500;
 
 bool Remoto(const QUrl& Indirizzo)
 {
@@ -154,6 +156,7 @@ void Pagina::Mostra(const QUrl& Indirizzo)
     // Read once more by the toolkit: what it cannot digest is refused before the page on view is gone.
     if (Intricata(LeggiFile(Indirizzo.toLocalFile(), MassimaPagina)))
         throw Errore(errori::Memoria);
+    setExtraSelections({});
     setSource(Indirizzo, QTextDocument::HtmlResource);
 }
 
@@ -195,6 +198,21 @@ bool Pagina::Cerca(const QString& Testo, bool Indietro)
         return false;
     setTextCursor(Trovato);
     return true;
+}
+
+void Pagina::Evidenzia(const QStringList& Parole)
+{
+    QList<QTextEdit::ExtraSelection> Segnate;
+    for (const QString& Parola : Parole)
+        for (QTextCursor Qui = document()->find(Parola, 0); !Qui.isNull() && Segnate.size() < MassimiSegni;
+             Qui = document()->find(Parola, Qui)) {
+            QTextEdit::ExtraSelection Segno;
+            Segno.cursor = Qui;
+            Segno.format.setBackground(aspetto::RigaSelezionata());
+            Segno.format.setForeground(aspetto::TestoRigaSelezionata());
+            Segnate.append(Segno);
+        }
+    setExtraSelections(Segnate);
 }
 
 void Pagina::Ingrandisci(int Passi)

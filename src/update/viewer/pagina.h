@@ -29,6 +29,9 @@ public:
     /// @return false when there is none
     bool Cerca(const QString& Testo, bool Indietro);
 
+    /// Marks every occurrence of some words until another page is on view.
+    void Evidenzia(const QStringList& Parole);
+
     /// Steps of text size from the first one, kept within sensible ends.
     void Ingrandisci(int Passi);
     void GrandezzaNormale();
