@@ -329,7 +329,7 @@ constexpr std::array Tabella{
     Comando{.Parola = u"help",
             .Guardia = Sempre,
             .Azione = Aiuto,
-            .Tasti = u"F1",
+            .Tasti = u"Ctrl+F1",
             .Procedura = true,
             .Pulsante = {140, Guide, u"Aiuto", u"Guida in linea"}},
     Comando{.Parola = u"off", .Guardia = Sempre, .Azione = Spegni, .Procedura = true},

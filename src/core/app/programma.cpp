@@ -1,6 +1,7 @@
 #include "core/app/programma.h"
 
 #include "core/app/apritori.h"
+#include "core/app/tastoguida.h"
 #include "core/modErrori.h"
 #include "platform/base/errore.h"
 #include "platform/kit/aspetto.h"
@@ -20,4 +21,5 @@ void PreparaProgramma()
     InstallaReteQt({[] { return Respira(); }, {}});
     InstallaUltimaRete([](const Errore& Guasto) { GestioneErrori(Guasto); });
     RiempiApritori();
+    InstallaTastoGuida();
 }

@@ -140,7 +140,7 @@ void frmSetup::CreaTasti()
     Tasto(QKeySequence(Qt::CTRL | Qt::Key_S), [this] { cmdSaveImpost_Click(); });
     Tasto(QKeySequence(Qt::CTRL | Qt::Key_PageDown), [Gira] { Gira(1); });
     Tasto(QKeySequence(Qt::CTRL | Qt::Key_PageUp), [Gira] { Gira(-1); });
-    Tasto(QKeySequence(Qt::Key_F1), [this] { ui->cmdHelp->toggle(); });
+    Tasto(QKeySequence(Qt::SHIFT | Qt::Key_F1), [this] { ui->cmdHelp->toggle(); });
 }
 
 void frmSetup::Prepara(int Indice)

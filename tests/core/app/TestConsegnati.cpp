@@ -129,7 +129,7 @@ void TestConsegnati::documenti()
 void TestConsegnati::pagine_data()
 {
     Righe({"avvisokr6.htm", "avvertenzetermini.htm", "SchedaNotaSpese.htm", "SkIvaDiff.htm", "link.htm",
-           "assistenza.htm", "note/blank.htm", "docum/Tabella contributo unificato.htm",
+           "assistenza.htm", "note/blank.htm", "aiuto/indice.htm", "docum/Tabella contributo unificato.htm",
            "docum/D.P.R. n. 115 del 30.5.2002 (stralcio, contributo unificato).htm"});
 }
 

@@ -452,7 +452,7 @@ void TestSetupDesktop::aiuto()
     T->Apri(3);
     const auto* Pannello = T->Trova<QLabel>(u"pctHelp"_s);
     QVERIFY(!Pannello->isVisible());
-    QTest::keyClick(T->Modulo, Qt::Key_F1);
+    QTest::keyClick(T->Modulo, Qt::Key_F1, Qt::ShiftModifier);
     QVERIFY(Pannello->isVisible());
     QStringList Testi;
     for (int i = 0; i < 4; ++i) {
