@@ -3,7 +3,10 @@
 #
 # The order is that of the time each takes: a slip of the format is shown before the compiler is asked.
 
-PacchettiLint=(clang clang-format-14 clang-tidy cppcheck shellcheck)
+# shellcheck source=tools/lint/ortografia.sh
+source "${Radice:?}/tools/lint/ortografia.sh"
+
+PacchettiLint=(clang clang-format-14 clang-tidy cppcheck shellcheck hunspell hunspell-it)
 
 LintScript()
 {
@@ -86,6 +89,7 @@ Lint()
     cd -- "${Radice:?}" || return
     InstallaPacchetti "${PacchettiLint[@]}"
     Passo 'shellcheck' LintScript
+    Passo 'ortografia' LintOrtografia
     Passo 'clang-format' LintFormato
     Passo 'cppcheck' LintCppcheck
     LintClang
