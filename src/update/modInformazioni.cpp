@@ -126,7 +126,8 @@ GruppoInformazioni Licenze()
 {
     return {
         u"Componenti e licenze"_s,
-        {{u"Qt %1"_s.arg(QString::fromLatin1(qVersion())),
+        {{u"Calcanova"_s, u"software libero; GNU GPL versione 3 o successiva"_s},
+         {u"Qt %1"_s.arg(QString::fromLatin1(qVersion())),
           u"The Qt Company e collaboratori; GNU LGPL versione 3. Le librerie sono file a parte e si possono "
           u"sostituire"_s},
          {u"OpenSSL"_s, u"The OpenSSL Project; licenza Apache 2.0. Protegge le connessioni https di Qt"_s},

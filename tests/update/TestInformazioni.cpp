@@ -143,6 +143,7 @@ void TestInformazioni::licenze()
     QVERIFY(Riga(Titolo, u"Qt "_s + QString::fromLatin1(qVersion())).contains(u"LGPL"));
     QVERIFY(Riga(Titolo, u"SQLite"_s).contains(u"pubblico dominio"));
     QVERIFY(Riga(Titolo, u"libsodium"_s).contains(u"ISC"));
+    QVERIFY(Riga(Titolo, u"Calcanova"_s).contains(u"GPL versione 3"));
     QVERIFY(Riga(Titolo, u"OpenSSL"_s).contains(u"Apache 2.0"));
 }
 
