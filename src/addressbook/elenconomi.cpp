@@ -2,6 +2,7 @@
 
 #include "addressbook/modRubrica.h"
 #include "core/sessione.h"
+#include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/system/percorsi.h"
@@ -102,7 +103,7 @@ bool ElencoNomi::Avanza()
         return false;
     try {
         if (!Archivio.Aperto()) {
-            Archivio = OpenDatabase(FileRubrica(sessione::ArchivioCliCon), true);
+            Archivio = ApriArchivio(FileRubrica(sessione::ArchivioCliCon), true);
             ConCitta = Archivio.EsisteCampo(Tabella, u"Citta"_s);
         }
         LeggiPezzo();

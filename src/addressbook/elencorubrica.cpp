@@ -1,10 +1,11 @@
 #include "addressbook/elencorubrica.h"
 
 #include "addressbook/testirubrica.h"
+#include "platform/accesso/accesso.h"
 
 ElencoRubrica ElencaRubrica(const QString& DataSource, const QString& Tabella, const QString& Testo)
 {
-    const Database Archivio = OpenDatabase(FileRubrica(DataSource), true);
+    const Database Archivio = ApriArchivio(FileRubrica(DataSource), true);
     const Recordset Tutte = Archivio.OpenRecordset(SqlRubrica(Tabella));
     const QList<ColonnaRubrica> Colonne = ColonneRubrica(Tutte.Campi());
     ElencoRubrica Elenco;

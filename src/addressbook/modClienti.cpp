@@ -2,6 +2,7 @@
 
 #include "addressbook/modRubrica.h"
 #include "core/sessione.h"
+#include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/database/database.h"
@@ -23,7 +24,7 @@ auto CercaRiga(const QString& Tabella, int Chiave, Lettura Leggi)
     -> std::optional<decltype(Leggi(Recordset()))>
 {
     try {
-        const Database Archivio = OpenDatabase(FileRubrica(sessione::ArchivioCliCon), true);
+        const Database Archivio = ApriArchivio(FileRubrica(sessione::ArchivioCliCon), true);
         const Recordset Trovato =
             Archivio.OpenRecordset(u"SELECT * FROM "_s + Tabella + u" WHERE ID=?"_s, {Chiave});
         if (Trovato.Eof())

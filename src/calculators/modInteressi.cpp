@@ -2,6 +2,7 @@
 
 #include "calculators/modTassi.h"
 #include "core/modTesti.h"
+#include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/database/database.h"
@@ -67,7 +68,7 @@ private:
 bool Calcolo::Cerca(const QString& Archivio)
 {
     const QString Tabella = Dati.Tipo == InteressiLegali ? u"InteressiLegali"_s : u"InteressiMora"_s;
-    rsTassi = OpenDatabase(Archivio, true).OpenRecordset(Tabella);
+    rsTassi = ApriArchivio(Archivio, true).OpenRecordset(Tabella);
     rsTassi.ImpostaIndex(u"Dal"_s);
     rsTassi.Seek(u"<="_s, CDate(Dati.DataIni));
     return !rsTassi.Eof();

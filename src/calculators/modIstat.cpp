@@ -3,6 +3,7 @@
 #include "calculators/modTassi.h"
 #include "core/modTesti.h"
 #include "core/sessione.h"
+#include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
 #include "platform/base/nomidate.h"
 #include "platform/base/regionale.h"
@@ -115,7 +116,7 @@ FineIstat CalcolaRivalutazione(const QString& Archivio, const DatiIstat& Dati, b
     const QDate DataIni = CDate(Dati.DataIni);
     const QDate DataFin = CDate(Dati.DataFin);
 
-    const Database Tassi = OpenDatabase(Archivio, true);
+    const Database Tassi = ApriArchivio(Archivio, true);
     Recordset Indici = Tassi.OpenRecordset(u"IndiciIstat"_s);
     Indici.ImpostaIndex(u"Indice"_s);
     Cerca(Indici, DataIni);
@@ -150,7 +151,7 @@ void ScriviRisultati(RisultatiIstat& Etichette, double ImportoEuro, double Coeff
 
 QList<PuntoIndice> SerieIndici(const QString& Archivio, const QDate& Da, const QDate& A)
 {
-    const Database Tassi = OpenDatabase(Archivio, true);
+    const Database Tassi = ApriArchivio(Archivio, true);
     Recordset Base = Tassi.OpenRecordset(u"SELECT Coefficiente, DataFin_Al FROM CoefficientiRaccordo "
                                          "WHERE DataIni_Dal<=? AND DataIni_Al>=? ORDER BY DataFin_Dal"_s,
                                          {Da, Da});

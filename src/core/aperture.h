@@ -58,6 +58,8 @@ struct Apritori
     /// neither comes to the front nor takes the focus.
     std::function<void(const QString& Pagina, const QString& Titolo)> PaginaSegue;
     std::function<void(const PaginaAvviso& Avviso)> Avviso;
+    /// Offers to make an archive of another program's one of this program's, beginning with this file.
+    std::function<void(const QString& File)> ImportaArchivio;
     std::function<void()> CercaAggiornamenti;  ///< the search for updates at the start
     /// The form of updates; with the word "run" it begins its check by itself.
     std::function<void(const QString& Parola)> Aggiorna;

@@ -4,6 +4,7 @@
 #include "core/indirizzi.h"
 #include "core/sessione.h"
 #include "core/versione.h"
+#include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/database/database.h"
@@ -40,7 +41,7 @@ QString Archivio(const QString& Percorso, const std::function<QString(const Data
         return u"manca: "_s + File;
     const QString Del = u"del "_s + Giorno(QFileInfo(File).lastModified().date());
     try {
-        return Del + u"; "_s + Contenuto(OpenDatabase(File, true));
+        return Del + u"; "_s + Contenuto(ApriArchivio(File, true));
     } catch (const Errore& Guasto) {
         return Del + u"; non si legge: "_s + Guasto.Descrizione;
     }

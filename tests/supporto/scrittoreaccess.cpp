@@ -1,6 +1,7 @@
 #include "supporto/scrittoreaccess.h"
 
 #include "platform/base/paginacodice.h"
+#include "platform/database/database.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -92,10 +93,10 @@ public:
     {
         Pagine = {Testa(), Vuota(5), Vuota(2)};
         QList<RigaScritta> Elenco;
+        QList<quint32> Definizioni;
         for (const TabellaScritta& Tabella : Come.Tabelle) {
             const quint32 Pagina = Tabella.Collegata ? 0 : Nuova();
-            if (!Tabella.Collegata)
-                Scrivi(Tabella, Pagina);
+            Definizioni.append(Pagina);
             const QByteArray Proprieta = ProprietaDi(Tabella);
             Elenco.append({int(Pagina | (Tabella.Collegata ? 0x40000000U : 0U)), Tabella.Nome,
                            Tabella.Collegata ? 6 : 1, Tabella.DiSistema ? int(0x80000000U) : 0,
@@ -111,6 +112,10 @@ public:
                                      .Righe = Elenco,
                                      .DiSistema = true};
         Scrivi(Oggetti, 2);
+        // The rows stand last: a file that is cut loses those first.
+        for (qsizetype i = 0; i < Come.Tabelle.size(); ++i)
+            if (!Come.Tabelle[i].Collegata)
+                Scrivi(Come.Tabelle[i], Definizioni[i]);
         QByteArray Byte;
         for (qsizetype i = 0; i < Pagine.size(); ++i) {
             QByteArray Una = Pagine[i];
@@ -629,4 +634,27 @@ QString ScriviAccess(const QString& Percorso, const FileScritto& Come)
     if (!File.open(QIODevice::WriteOnly) || File.write(ScriviAccess(Come)) < 0)
         qFatal("a test file cannot be written");
     return Percorso;
+}
+
+FileScritto AccessDa(const QString& Nativo, EdizioneAccess Edizione)
+{
+    FileScritto Come{.Edizione = Edizione};
+    const Database Db = OpenDatabase(Nativo, true);
+    for (const QString& Nome : Db.Tabelle()) {
+        TabellaScritta Tabella{.Nome = Nome};
+        for (const Campo& C : Db.Campi(Nome))
+            Tabella.Colonne.append({.Nome = C.Name,
+                                    .Tipo = int(C.Type),
+                                    .Caratteri = C.Size,
+                                    .Descrizione = C.Description,
+                                    .Contatore = C.Contatore});
+        for (Recordset Righe = Db.OpenRecordset(Nome); !Righe.Eof(); Righe.MoveNext()) {
+            RigaScritta Riga;
+            for (const ColonnaScritta& Colonna : std::as_const(Tabella.Colonne))
+                Riga.append(Righe.Value(Colonna.Nome));
+            Tabella.Righe.append(Riga);
+        }
+        Come.Tabelle.append(Tabella);
+    }
+    return Come;
 }

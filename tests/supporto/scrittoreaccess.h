@@ -71,5 +71,8 @@ struct FileScritto
 /// The same on the disk. @return the path
 QString ScriviAccess(const QString& Percorso, const FileScritto& Come);
 
+/// What a native database holds, to be written as an Access file: tables, columns, descriptions, rows.
+[[nodiscard]] FileScritto AccessDa(const QString& Nativo, EdizioneAccess Edizione = EdizioneAccess::Jet4);
+
 /// Bytes of one page of such a file.
 [[nodiscard]] qsizetype BytePerPagina(EdizioneAccess Edizione);

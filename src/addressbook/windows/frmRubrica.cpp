@@ -3,13 +3,17 @@
 
 #include "addressbook/windows/frmRicerche.h"
 #include "addressbook/windows/frmScheda.h"
+#include "core/aperture.h"
 #include "core/modErrori.h"
+#include "core/parametri.h"
 #include "platform/base/errore.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/barra.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/suggerimento.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
 #include "addressbook/windows/ui_frmRubrica.h"
@@ -55,6 +59,9 @@ constexpr std::array Tasti{
 
 const QString Clienti = u"clienti"_s;
 const QString Controparti = u"controparti"_s;
+
+/// The archive of Access that the user was asked about last.
+const QString ChiaveOfferta = u"OffertaAccess"_s;
 
 }  // namespace
 
@@ -243,6 +250,7 @@ bool frmRubrica::Apri(const RichiestaRubrica& Chiesta)
     activateWindow();
     ui->tdbRubrica->setFocus();
     AvviaMenu();
+    OffriConversione();
     return true;
 }
 
@@ -297,6 +305,23 @@ void frmRubrica::AvviaMenu()
         }
         if (Criterio.isEmpty() || !Righe.NoMatch())
             Comando(Parola);
+    });
+}
+
+/// An archive of Access can be looked at as it is; whoever wants to write in it is asked once whether it
+/// shall become one of this program's.
+void frmRubrica::OffriConversione()
+{
+    const QString File = FileRubrica(Richiesta.DataSource);
+    if (!InAccess || !Aperture.ImportaArchivio || Impostazione(ChiaveOfferta) == File)
+        return;
+    Esegui([&] {
+        SalvaImpostazione(ChiaveOfferta, File);
+        if (MsgBox(u"L'archivio %1 è di Access: si può consultare, ma non modificare.\n"
+                   "Convertirlo in un archivio del programma? Il file di Access resta com'è."_s.arg(
+                       NomeFile(File)),
+                   vbYesNo + vbQuestion, TitoloDomanda.toString()) == vbYes)
+            Aperture.ImportaArchivio(File);
     });
 }
 

@@ -96,6 +96,7 @@ private:
     void CambiaArchivio(const QString& Tabella);
     void VaiAllaRigaLegata();
     void AvviaMenu();
+    void OffriConversione();
     void ApriMenu(int Riga, const QPoint& Punto);
 
     // ---- frmRubrica_Righe.cpp: rows, columns, order, filter
@@ -139,8 +140,9 @@ private:
     RichiestaRubrica Richiesta;
     QString TabellaInVista;
     Database Archivio;
-    Recordset Tutte;  ///< rows of the table
-    Recordset Righe;  ///< those that the filter leaves: without one the same, cursor and all
+    bool InAccess = false;  ///< the archive is a file of Access: its native copy is on view, to be read alone
+    Recordset Tutte;        ///< rows of the table
+    Recordset Righe;        ///< those that the filter leaves: without one the same, cursor and all
     QList<ColonnaRubrica> Colonne;
     std::optional<Ordine> InOrdine;
     QHash<QString, bool> Versi;  ///< by column: true when its last click has ordered downwards

@@ -10,6 +10,7 @@
 #include "platform/system/shell.h"
 
 #include "addressbook/windows/ui_frmRubrica.h"
+#include "platform/accesso/accesso.h"
 
 #include <QAction>
 #include <QApplication>
@@ -52,11 +53,13 @@ Recordset frmRubrica::ApriRighe(const std::optional<Ordine>& In) const
 void frmRubrica::ApriTabella()
 {
     const ClessidraAccesa Attesa;
-    const Database Nuovo = OpenDatabase(FileRubrica(Richiesta.DataSource));
+    const Database Nuovo = ApriArchivio(FileRubrica(Richiesta.DataSource));
     const quint64 Versione = Nuovo.Versione();
     const Recordset Nuove = Nuovo.OpenRecordset(SqlRubrica(Richiesta.RecordSource));
     RicordaLarghezze();
     Archivio = Nuovo;
+    InAccess = EDiAccess(FileRubrica(Richiesta.DataSource));
+    Richiesta.Modifiche = Richiesta.Modifiche && !InAccess;
     TabellaInVista = Richiesta.RecordSource;
     VersioneRighe = Versione;
     Tutte = Nuove;
@@ -73,7 +76,9 @@ void frmRubrica::ApriTabella()
     TestoVaglio.clear();
     MostraRighe({});
     VaiAllaRiga(0);
-    lblArchivio->setText(Archivio.DiSolaLettura() ? u"L'archivio è di sola lettura"_s : QString());
+    const QString Perche =
+        InAccess ? u"Archivio di Access: si consulta, non si modifica"_s : u"L'archivio è di sola lettura"_s;
+    lblArchivio->setText(Archivio.DiSolaLettura() ? Perche : QString());
     if (isVisible())
         Lettura.start(0);
 }
@@ -84,6 +89,11 @@ void frmRubrica::Rileggi()
     if (!Archivio.Aperto() || !Consenti())
         return;
     const ClessidraAccesa Attesa;
+    // The program whose file it is may have written to it since its copy was made.
+    if (InAccess && CopiaNativa(FileRubrica(Richiesta.DataSource)) != Archivio.Percorso()) {
+        ApriTabella();
+        return;
+    }
     const QVariant Segno = SegnoCorrente();
     const quint64 Versione = Archivio.Versione();
     const int Posto = Righe.AbsolutePosition();

@@ -3,6 +3,7 @@
 #include "core/impostazioni.h"
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
+#include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
 #include "platform/database/database.h"
 #include "platform/database/recordset.h"
@@ -64,7 +65,7 @@ bool HaRighe(const QString& Archivio)
     if (!EsisteFile(Archivio))
         return false;
     try {
-        Database Db = OpenDatabase(Archivio, true);
+        Database Db = ApriArchivio(Archivio, true);
         return std::ranges::any_of(std::array{u"clienti"_s, u"controparti"_s}, [&](const QString& Tabella) {
             return !Db.OpenRecordset(u"SELECT * FROM "_s + Tabella).Eof();
         });

@@ -4,6 +4,7 @@
 #include "core/parametri.h"
 #include "core/sessione.h"
 #include "feenote/modTotali.h"
+#include "platform/accesso/accesso.h"
 #include "platform/database/database.h"
 #include "platform/database/valori.h"
 #include "platform/system/messaggi.h"
@@ -59,13 +60,13 @@ void ScriviFattura(const QString& Archivio, int IDContab)
     QVariantList Chiave;
     bool Esiste = false;
     {
-        const Database Fatture = OpenDatabase(Archivio, true);
+        const Database Fatture = ApriArchivio(Archivio, true);
         const QList<Campo> Colonne = Fatture.Campi(u"Fatture"_s);
         Chiave = {PerFatture(Colonne, u"Rif", Rif), PerFatture(Colonne, u"NumF", NumeroFattura())};
         Esiste = !Fatture.OpenRecordset(u"SELECT Rif FROM Fatture "_s + Dove, Chiave).Eof();
     }
     const QVariantList Dati{DataFattura(), ImportoFattura()};
-    const Database Fatture = OpenDatabase(Archivio);
+    const Database Fatture = ApriArchivio(Archivio);
     if (Esiste)
         Fatture.Execute(u"UPDATE Fatture SET DataF=?, CorriF=? "_s + Dove, Dati + Chiave);
     else

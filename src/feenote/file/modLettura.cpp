@@ -12,6 +12,7 @@
 #include "feenote/modParametri.h"
 #include "feenote/modParti.h"
 #include "feenote/modVariazione.h"
+#include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
@@ -147,8 +148,10 @@ void TraduciChiavi(Parcella& Nota)
 
 void CaricaTutto(Parcella& Nota, const QString& Percorso)
 {
-    AggiornaSchema(Percorso);
-    const Database File = OpenDatabase(Percorso, true);
+    // A note of Access is read from its copy, where its missing columns go too.
+    const QString Nativo = CopiaNativa(Percorso);
+    AggiornaSchema(Nativo);
+    const Database File = OpenDatabase(Nativo, true);
     NotaLetta Letta{Nota};
     LeggiParametri(File, Letta);
     const MemoriaFile Memoria = LeggiMemoria(File);
@@ -208,7 +211,7 @@ void LeggiInSilenzio(Parcella& Nota, const Database& File)
 
 QString LeggiPsw(const QString& Percorso)
 {
-    const Recordset Param = OpenDatabase(Percorso, true).OpenRecordset(TabellaParam.toString());
+    const Recordset Param = ApriArchivio(Percorso, true).OpenRecordset(TabellaParam.toString());
     const QVariant Psw = Param.Value(u"Psw"_s);
     return EVuoto(Psw) ? QString() : PswDalFile(CStr(Psw));
 }

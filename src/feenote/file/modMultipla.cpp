@@ -5,6 +5,7 @@
 #include "feenote/file/nomenota.h"
 #include "feenote/modNuovaParcella.h"
 #include "feenote/modTotali.h"
+#include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
 #include "platform/database/database.h"
 #include "platform/system/file.h"
@@ -51,7 +52,7 @@ NotaAssociata LeggiMulti(const QString& Percorso)
     const QString File = PercorsoNativo(Percorso);
     Parcella Altra;
     NuovaParcella(Altra);
-    LeggiInSilenzio(Altra, OpenDatabase(File, true));
+    LeggiInSilenzio(Altra, ApriArchivio(File, true));
     TogliSolaLettura(File);
     return DatiMulti(Altra);
 }

@@ -2,6 +2,7 @@
 
 #include "feenote/file/colonne.h"
 #include "feenote/file/modScrittura.h"
+#include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
 #include "platform/database/database.h"
 #include "platform/system/blocco.h"
@@ -9,7 +10,9 @@
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/sincrono.h"
 
+#include <QDateTime>
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
@@ -36,7 +39,9 @@ public:
 
     void MettiAlPosto() const
     {
-        if (EsisteFile(Finale))
+        if (EDiAccess(Finale))
+            TieniAccess();
+        else if (EsisteFile(Finale))
             Sgombra();
         SostituisciFile(Provvisorio, Finale);
     }
@@ -77,6 +82,27 @@ private:
                 throw;  // anything else: a file that is no database, where nobody writes
         }
         ScartaFile(Finale + u"-journal"_s);
+    }
+
+    /// A note that the former program may still want stays beside its new file, as it was. The copy is whole
+    /// before the new file takes the name.
+    void TieniAccess() const
+    {
+        constexpr qint64 Massimo = qint64(2) << 30;
+        const QString Copia = Accanto + u".access"_s;
+        const QDateTime Quando = DataFile(Finale);
+        QString Libero = Finale + u".access"_s;
+        for (int Numero = 2; EsisteFile(Libero); ++Numero)
+            Libero = Finale + u".access.%1"_s.arg(Numero);
+        try {
+            (void)CopiaFile(Finale, Copia, Massimo);
+            ScriviSulDisco(Copia);
+            ImpostaDataFile(Copia, Quando);
+            RinominaFile(Copia, Libero);
+        } catch (const Errore&) {
+            ScartaFile(Copia);
+            throw;
+        }
     }
 
     void TogliProvvisorio() const

@@ -4,6 +4,7 @@
 #include "feenote/file/colonne.h"
 #include "feenote/file/nomenota.h"
 #include "feenote/finder/memoriatrova.h"
+#include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
 #include "platform/base/ordineitaliano.h"
 #include "platform/base/regionale.h"
@@ -34,9 +35,36 @@ QString SuUnaRiga(const QString& Testo)
     return Testo.simplified();
 }
 
+std::optional<QStringList> PrimaRiga(const QString& File)
+{
+    try {
+        return LeggiPrimaRiga(File, TabellaParam.toString(), ColonneLette, MassimoNome);
+    } catch (const Errore& Guasto) {
+        // The first notes had no subject yet.
+        if (Guasto.Numero != errori::CampoSconosciuto)
+            throw;
+    }
+    auto Celle = LeggiPrimaRiga(File, TabellaParam.toString(), ColonneLette.first(LettaOggetto), MassimoNome);
+    if (Celle)
+        Celle->append(QString());
+    return Celle;
+}
+
+/// The same of a note that may be one of Access.
+std::optional<QStringList> PrimaRigaDiNota(const QString& File)
+{
+    try {
+        return PrimaRiga(File);
+    } catch (const Errore& Guasto) {
+        if (Guasto.Numero != errori::FormatoDatabase || !EDiAccess(File))
+            throw;
+    }
+    return PrimaRiga(CopiaNativa(File));
+}
+
 std::optional<DatiNota> LeggiDati(const QString& File)
 {
-    const auto Celle = LeggiPrimaRiga(File, TabellaParam.toString(), ColonneLette, MassimoNome);
+    const auto Celle = PrimaRigaDiNota(File);
     if (!Celle)
         return std::nullopt;
     DatiNota Dati;

@@ -2,6 +2,7 @@
 
 #include "addressbook/modRubrica.h"
 #include "core/sessione.h"
+#include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/database/database.h"
@@ -38,7 +39,7 @@ QString Nominativi::Nome(Tabella& Da, int Chiave)
         return *Trovato;
     try {
         if (!Da.Aperta) {
-            Da.Righe = OpenDatabase(Archivio, true).OpenRecordset(Da.Nome);
+            Da.Righe = ApriArchivio(Archivio, true).OpenRecordset(Da.Nome);
             Da.Aperta = true;
         }
         Da.Righe.FindFirst(u"ID=%1"_s.arg(Chiave));

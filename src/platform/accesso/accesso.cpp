@@ -3,6 +3,7 @@
 #include "platform/accesso/copie.h"
 #include "platform/accesso/lettore.h"
 #include "platform/base/errore.h"
+#include "platform/database/primariga.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
@@ -24,9 +25,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 MassimoFile = qint64(2) << 30;
-
-/// A program that waits for a disk uses no processor: beyond this it is given up all the same.
-constexpr int AttesaPerSecondo = 6;
 
 QString ProgrammaLettore()
 {
@@ -123,7 +121,7 @@ std::optional<RapportoAccess> Chiedi(Lettore& Con, const QString& Da, const QStr
     qint64 Righe = 0;
     const Lettore::Fine Esito = Con.Chiedi(
         QJsonDocument(Domanda).toJson(QJsonDocument::Compact) + '\n',
-        (Come.Secondi * AttesaPerSecondo + AttesaPerSecondo) * 1000,
+        (Come.Secondi + 1) * accesso::AttesaPerSecondo * 1000,
         [&](QByteArrayView Riga) {
             const QJsonObject Letta = QJsonDocument::fromJson(Riga.toByteArray()).object();
             if (const QJsonValue Avanzate = Letta[u"avanzate"_s]; Avanzate.isDouble()) {
@@ -147,6 +145,8 @@ std::optional<RapportoAccess> Chiedi(Lettore& Con, const QString& Da, const QStr
     }
     if (Risposta[u"errore"_s].toInt(errori::FormatoDatabase) != 0)
         LanciaErrore(Risposta);
+    if (!EsisteFile(A))
+        throw Errore(errori::FormatoDatabase);
     return LeggiRapporto(Risposta);
 }
 
@@ -200,21 +200,12 @@ std::optional<RapportoAccess> Leggi(const QString& Da, const QString& A, const M
 
 bool EDiAccess(const QString& Percorso)
 {
-    constexpr qsizetype Posto = 4;
-    constexpr qsizetype Lunghezza = 16;
-    QByteArray Inizio;
-    try {
-        const QFileInfo Info(PercorsoNativo(Percorso));
-        if (!Info.isFile() || Info.size() < Posto + Lunghezza)
-            return false;
-        LeggiAPezzi(Info.filePath(), [&](QByteArrayView Pezzo) {
-            Inizio.append(Pezzo.first(std::min(Pezzo.size(), Posto + Lunghezza)));
-            return Inizio.size() < Posto + Lunghezza;
-        });
-    } catch (const Errore&) {
+    constexpr int Posto = 4;
+    constexpr int Lunghezza = 16;
+    const QByteArray Inizio = InizioDelFile(Percorso, Posto + Lunghezza);
+    if (Inizio.size() < Posto + Lunghezza)
         return false;
-    }
-    const QByteArrayView Nome = QByteArrayView(Inizio).sliced(Posto).first(Lunghezza);
+    const QByteArrayView Nome = QByteArrayView(Inizio).sliced(Posto);
     return Nome == QByteArrayView("Standard Jet DB\0", Lunghezza) ||
            Nome == QByteArrayView("Standard ACE DB\0", Lunghezza);
 }
@@ -252,6 +243,11 @@ std::optional<RapportoAccess> Converti(const QString& Da, const QString& A, cons
 
 Database ApriArchivio(const QString& Percorso, bool SolaLettura)
 {
-    return EDiAccess(Percorso) ? OpenDatabase(CopiaNativa(Percorso), true)
-                               : OpenDatabase(Percorso, SolaLettura);
+    try {
+        return OpenDatabase(Percorso, SolaLettura);
+    } catch (const Errore& Guasto) {
+        if (Guasto.Numero != errori::FormatoDatabase || !EDiAccess(Percorso))
+            throw;
+    }
+    return OpenDatabase(CopiaNativa(Percorso), true);
 }

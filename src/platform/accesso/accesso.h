@@ -5,7 +5,7 @@
 // other file; where it dies or hangs, the one file that it was at is refused (3343) and nothing else. The
 // Access file itself is opened for reading alone, and nothing here ever writes one.
 //
-// All of this may be called from any thread.
+// All of this but ApriArchivio may be called from any thread.
 #pragma once
 
 #include "platform/database/database.h"
@@ -84,6 +84,8 @@ namespace accesso {
 inline QString Programma;
 /// Where copies are kept; empty: the user's cache. The tests set it.
 inline QString CartellaCopie;
+/// A program that waits for a disk uses no processor: it is given up after so many times its seconds.
+inline int AttesaPerSecondo = 6;
 /// Copies that nobody has used for so many days are swept away.
 inline int GiorniCopie = 30;
 /// Bytes of copies that are kept at most; the longest unused ones go first.

@@ -2,6 +2,7 @@
 
 #include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
+#include "platform/database/primariga.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
@@ -75,16 +76,8 @@ void SegnaUso(const QString& Copia)
 /// False for a copy that a loss of power has left short: nobody has waited for the disk.
 bool EIntera(const QString& Copia)
 {
-    constexpr qsizetype Testata = 100;
-    QByteArray Inizio;
-    try {
-        LeggiAPezzi(Copia, [&](QByteArrayView Pezzo) {
-            Inizio.append(Pezzo.first(std::min(Pezzo.size(), Testata)));
-            return Inizio.size() < Testata;
-        });
-    } catch (const Errore&) {
-        return false;
-    }
+    constexpr int Testata = 100;
+    const QByteArray Inizio = InizioDelFile(Copia, Testata);
     if (Inizio.size() < Testata || !Inizio.startsWith("SQLite format 3"))
         return false;
     const quint16 Scritta = qFromBigEndian<quint16>(Inizio.constData() + 16);

@@ -19,6 +19,14 @@ namespace {
 /// Steps of the engine after which a file asks for more than a note ever does, in thousands.
 constexpr int MassimoMigliaiaDiPassi = 500;
 
+/// The file below the engine; null where it has none.
+sqlite3_file* FileDi(const Connessione& Conn)
+{
+    sqlite3_file* File = nullptr;
+    const int Esito = sqlite3_file_control(Conn.Motore(), "main", SQLITE_FCNTL_FILE_POINTER, &File);
+    return Esito == SQLITE_OK && File && File->pMethods ? File : nullptr;
+}
+
 /// What the first bytes of a file say of it.
 struct TestataFile
 {
@@ -31,9 +39,8 @@ struct TestataFile
 TestataFile LeggiTestata(const Connessione& Conn, bool ConGiornale)
 {
     constexpr int Lunghezza = 100;
-    sqlite3_file* File = nullptr;
-    if (sqlite3_file_control(Conn.Motore(), "main", SQLITE_FCNTL_FILE_POINTER, &File) != SQLITE_OK || !File ||
-        !File->pMethods)
+    sqlite3_file* const File = FileDi(Conn);
+    if (!File)
         throw Errore(75);
     std::array<char, Lunghezza> Byte{};
     sqlite3_int64 Lungo = 0;
@@ -106,4 +113,22 @@ std::optional<QStringList> LeggiPrimaRiga(const QString& Percorso, const QString
         throw Errore(3260);
     const Connessione Ferma(File, Connessione::Modo::Immutabile);
     return Leggi(Ferma, Sql, Colonne.size());
+}
+
+QByteArray InizioDelFile(const QString& Percorso, int Byte)
+{
+    const QString Nome = PercorsoNativo(Percorso);
+    const QFileInfo Info(Nome);
+    if (!Info.isFile() || !(Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther)))
+        return {};
+    try {
+        const Connessione Conn(Nome, Connessione::Modo::Elenco);
+        sqlite3_file* const File = FileDi(Conn);
+        QByteArray Letti(int(std::min<qint64>(Byte, Info.size())), '\0');
+        if (File && File->pMethods->xRead(File, Letti.data(), int(Letti.size()), 0) == SQLITE_OK)
+            return Letti;
+    } catch (const Errore&) {
+        return {};
+    }
+    return {};
 }

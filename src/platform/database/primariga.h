@@ -1,6 +1,7 @@
 // One row of each of many files, as a list of them wants it: far cheaper than opening each as a database.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -17,3 +18,8 @@
 /// must be mended first; 3043 disk or network, 3047 too large or too much work
 [[nodiscard]] std::optional<QStringList> LeggiPrimaRiga(const QString& Percorso, const QString& Tabella,
                                                         const QStringList& Colonne, int MassimoCaratteri);
+
+/// The first bytes of a file, whatever it is, read through the engine: to open and close a database beside it
+/// would drop the locks that this process holds on it. May run in a thread of its own.
+/// @return as many as there are, at most `Byte`; none of a file that is missing or cannot be read
+[[nodiscard]] QByteArray InizioDelFile(const QString& Percorso, int Byte);

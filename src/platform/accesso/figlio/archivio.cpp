@@ -112,7 +112,7 @@ struct ArchivioAccess::Dati
 /// A page, deciphered; empty where there is none.
 QByteArray ArchivioAccess::Dati::Pagina(quint32 Numero) const
 {
-    if (mdb_read_alt_pg(File.get(), Numero) != File->fmt->pg_size)
+    if (Numero >= Pagine || mdb_read_alt_pg(File.get(), Numero) != File->fmt->pg_size)
         return {};
     return QByteArray(reinterpret_cast<const char*>(File->alt_pg_buf), BytePerPagina());
 }
@@ -221,6 +221,8 @@ std::optional<QByteArray> ArchivioAccess::Dati::Memo(const CellaAccess& Cella, q
 
 ArchivioAccess::ArchivioAccess(const QString& Nome) : Stato(std::make_unique<Dati>())
 {
+    if (!QFileInfo(Nome).isFile())
+        throw Danneggiato(u"Il file non è un archivio di Access"_s);
     Stato->File.reset(mdb_open(QFile::encodeName(Nome).constData(), MDB_NOFLAGS));
     if (!Stato->File)
         throw Danneggiato(u"Il file è danneggiato, o di una versione di Access che non si legge"_s);
