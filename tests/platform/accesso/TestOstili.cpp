@@ -87,7 +87,8 @@ private Q_SLOTS:
         QTest::newRow("native") << QByteArray("SQLite format 3\0", 16).repeated(300) << Estraneo;
         QTest::newRow("head alone") << Buono().first(20) << Corto;
         QTest::newRow("two pages") << Buono().first(8192) << Corto;
-        QTest::newRow("cut in the rows") << Buono().chopped(4096) << Corto;
+        QTest::newRow("cut in the map") << Buono().chopped(4096) << Corto;
+        QTest::newRow("cut in the rows") << Buono().chopped(2 * 4096) << Corto;
         QByteArray Cifrato = Buono(EdizioneAccess::Ace2007);
         for (qsizetype i = 4096; i < Cifrato.size(); ++i)
             Cifrato[i] = char(i * 7919 >> 3);

@@ -41,6 +41,11 @@ Errore Danneggiato(const QString& Come)
     return Errore(errori::FormatoDatabase, Come);
 }
 
+QString FileCorto()
+{
+    return u"Il file non è intero: copiarlo di nuovo dall'originale"_s;
+}
+
 /// A name as this program shows it: without the characters that nobody can type.
 QString NomePulito(const QString& Nome)
 {
@@ -151,7 +156,7 @@ void ArchivioAccess::Dati::LeggiPagina(quint32 Numero, const std::function<void(
     constexpr int Posizione = 0x1fff;
     const QByteArray Byte = Pagina(Numero);
     if (Byte.isEmpty())
-        throw Danneggiato(u"Il file non è intero: copiarlo di nuovo dall'originale"_s);
+        throw Danneggiato(FileCorto());
     if (Byte[0] != MDB_PAGE_DATA ||
         qFromLittleEndian<quint32>(Byte.constData() + 4) != quint32(Tabella->entry->table_pg))
         return;
@@ -240,7 +245,7 @@ void ArchivioAccess::LeggiElenco()
     constexpr quint32 Elenco = 2;
     const QByteArray Prima = Stato->Pagina(Elenco);
     if (Prima.isEmpty())
-        throw Danneggiato(u"Il file non è intero: copiarlo di nuovo dall'originale"_s);
+        throw Danneggiato(FileCorto());
     if (Prima[0] != MDB_PAGE_TABLE) {
         if (File->f->jet_version >= MDB_VER_ACCDB_2007)
             throw Danneggiato(
@@ -282,6 +287,14 @@ TabellaLetta ArchivioAccess::Apri(qsizetype Posto)
         Letta.Perche = u"tabella di sistema"_s;
         return Letta;
     }
+    // A table whose pages lie behind the end is none that is damaged: the file is short.
+    const QByteArray Prima = S.Pagina(quint32(Voce->table_pg));
+    const auto Mappa =
+        Prima.isEmpty()
+            ? S.Pagine
+            : qFromLittleEndian<quint32>(Prima.constData() + S.File->fmt->tab_usage_map_offset) >> 8;
+    if (Mappa >= S.Pagine)
+        throw Danneggiato(FileCorto());
     S.Tabella.reset(mdb_read_table(Voce));
     if (!S.Tabella) {
         Letta.Perche = u"tabella danneggiata"_s;
