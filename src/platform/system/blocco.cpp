@@ -1,43 +1,85 @@
 #include "platform/system/blocco.h"
 
-#include <QDateTime>
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QSysInfo>
+#include <QThread>
+
+#include <algorithm>
+#include <cstdlib>
+#include <optional>
+#include <utility>
+
+#ifdef Q_OS_WIN
 #include <QLockFile>
+#else
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Between the making of a lock file and its signature lie microseconds.
-constexpr int SenzaFirmaMs = 1000;
+/// Between the making of a lock file and its signature lie microseconds, on a slow network perhaps more.
+constexpr qint64 SenzaFirmaMs = 1000;
 
-bool DiNessuno(const QString& File)
+/// No save takes so long, and the clocks of an office differ by less.
+constexpr qint64 DiAltraMacchinaMs = qint64(5) * 60 * 1000;
+
+/// The signature in a lock file: process, program and machine, a line each, as other versions write it too.
+std::optional<FirmaBlocco> LeggiFirma(const QByteArray& Contenuto)
 {
-    const QFileInfo Info(File);
-    return Info.exists() && Info.size() == 0 &&
-           Info.lastModified().msecsTo(QDateTime::currentDateTime()) > SenzaFirmaMs;
+    const QList<QByteArray> Righe = Contenuto.split('\n');
+    bool Numero = false;
+    FirmaBlocco Firma;
+    Firma.Processo = Righe[0].toLongLong(&Numero);
+    if (!Numero || Firma.Processo <= 0 || Righe.size() < 3)
+        return std::nullopt;
+    Firma.Macchina = QString::fromLocal8Bit(Righe[2]);
+    return Firma;
+}
+
+qint64 DistanzaDaAdesso(const QDateTime& Quando)
+{
+    return std::abs(Quando.msecsTo(QDateTime::currentDateTime()));
 }
 
 }  // namespace
 
-FileBlocco::FileBlocco(const QString& Percorso) : File(std::make_unique<QLockFile>(Percorso))
-{
-    File->setStaleLockTime(0);
-}
+#ifdef Q_OS_WIN
 
-FileBlocco::~FileBlocco() = default;
+struct FileBlocco::Presa
+{
+    explicit Presa(const QString& Percorso) : File(Percorso) { File.setStaleLockTime(0); }
+
+    QLockFile File;
+    FirmaBlocco DiChi;
+};
 
 FileBlocco::Esito FileBlocco::Prendi(int AttesaMs)
 {
-    bool Preso = File->tryLock(AttesaMs);
-    if (!Preso && File->error() == QLockFile::LockFailedError && DiNessuno(File->fileName())) {
-        QFile::remove(File->fileName());
-        Preso = File->tryLock(0);
-    }
-    if (Preso)
+    if (Dentro->File.tryLock(AttesaMs))
         return Esito::Preso;
-    switch (File->error()) {
-    case QLockFile::LockFailedError:
-        return Esito::Altrui;
+    const QFileInfo Info(Percorso());
+    switch (Dentro->File.error()) {
+    case QLockFile::LockFailedError: {
+        QString Programma;
+        Dentro->DiChi = {};
+        const bool Firmato =
+            Dentro->File.getLockInfo(&Dentro->DiChi.Processo, &Dentro->DiChi.Macchina, &Programma);
+        Dentro->DiChi.Quando = Info.lastModified();
+        const bool Altrove = Firmato && Dentro->DiChi.Macchina != QSysInfo::machineHostName();
+        const qint64 Limite = Firmato ? DiAltraMacchinaMs : SenzaFirmaMs;
+        return (Altrove || !Firmato) && DistanzaDaAdesso(Dentro->DiChi.Quando) > Limite ? Esito::Abbandonato
+                                                                                        : Esito::Altrui;
+    }
     case QLockFile::PermissionError:
         return Esito::Rifiutato;
     default:
@@ -47,5 +89,205 @@ FileBlocco::Esito FileBlocco::Prendi(int AttesaMs)
 
 QString FileBlocco::Percorso() const
 {
-    return File->fileName();
+    return Dentro->File.fileName();
+}
+
+bool TogliBlocco(const QString& Percorso)
+{
+    // A lock that lives is open, and an open file stays.
+    return !QFileInfo::exists(Percorso) || QFile::remove(Percorso);
+}
+
+#else
+
+namespace {
+
+/// A file of the system's, closed with the object.
+class Maniglia
+{
+public:
+    explicit Maniglia(int Aperta = -1) : Fd(Aperta) {}
+    ~Maniglia() { Chiudi(); }
+    Maniglia(const Maniglia&) = delete;
+    Maniglia& operator=(const Maniglia&) = delete;
+
+    [[nodiscard]] int Numero() const { return Fd; }
+    [[nodiscard]] explicit operator bool() const { return Fd >= 0; }
+    void Prendi(int Aperta)
+    {
+        Chiudi();
+        Fd = Aperta;
+    }
+    int Cedi() { return std::exchange(Fd, -1); }
+    void Chiudi()
+    {
+        if (Fd >= 0)
+            ::close(std::exchange(Fd, -1));
+    }
+
+private:
+    int Fd;
+};
+
+/// Whether the file that is open still bears the name.
+bool HaQuestoNome(int Fd, const QByteArray& Nome)
+{
+    struct stat Aperto = {};
+    struct stat Sotto = {};
+    return ::fstat(Fd, &Aperto) == 0 && ::lstat(Nome.constData(), &Sotto) == 0 &&
+           Aperto.st_dev == Sotto.st_dev && Aperto.st_ino == Sotto.st_ino;
+}
+
+QByteArray FirmaPropria()
+{
+    const QByteArray Programma =
+        QFile::encodeName(QFileInfo(QCoreApplication::applicationFilePath()).fileName());
+    return QByteArray::number(qint64(::getpid())) + '\n' + Programma + '\n' +
+           QSysInfo::machineHostName().toLocal8Bit() + '\n' + QSysInfo::machineUniqueId() + '\n' +
+           QSysInfo::bootUniqueId() + '\n';
+}
+
+/// What a lock file that is in the way is worth.
+enum class Stato { Sparito, Vivo, Morto, Abbandonato };
+
+/// Looks at a lock file through a handle that keeps its lock, so that nobody else removes it meanwhile.
+Stato Esamina(const QByteArray& Nome, Maniglia& Aperto, FirmaBlocco& DiChi)
+{
+    DiChi = {};
+    DiChi.Quando = QFileInfo(QFile::decodeName(Nome)).lastModified();
+    Aperto.Prendi(::open(Nome.constData(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+    if (!Aperto && errno == ENOENT)
+        return Stato::Sparito;
+    QByteArray Contenuto(1024, '\0');
+    const ssize_t Letti = Aperto ? ::read(Aperto.Numero(), Contenuto.data(), size_t(Contenuto.size())) : -1;
+    Contenuto.truncate(std::max<ssize_t>(0, Letti));
+    const bool Nessuno = Aperto && ::flock(Aperto.Numero(), LOCK_EX | LOCK_NB) == 0;
+    if (!Nessuno && errno == EWOULDBLOCK && Aperto)
+        return Stato::Vivo;
+    const qint64 Eta = DistanzaDaAdesso(DiChi.Quando);
+    if (!Aperto)
+        return Eta > DiAltraMacchinaMs ? Stato::Abbandonato : Stato::Vivo;
+    const auto Firma = LeggiFirma(Contenuto);
+    if (!Firma)
+        return Eta <= SenzaFirmaMs ? Stato::Vivo : Letti == 0 ? Stato::Morto : Stato::Abbandonato;
+    DiChi.Processo = Firma->Processo;
+    DiChi.Macchina = Firma->Macchina;
+    if (!Firma->Macchina.isEmpty() && Firma->Macchina != QSysInfo::machineHostName())
+        return Eta > DiAltraMacchinaMs ? Stato::Abbandonato : Stato::Vivo;
+    // The system holds the lock of a process that lives, on every disk that knows such locks.
+    const bool Vive = !Nessuno && (::kill(pid_t(Firma->Processo), 0) == 0 || errno == EPERM);
+    return Vive ? Stato::Vivo : Stato::Morto;
+}
+
+/// @return true when the name is free
+bool TogliSeMorto(const QByteArray& Nome, Maniglia& Aperto, Stato Trovato)
+{
+    if (Trovato == Stato::Sparito)
+        return true;
+    // What went meanwhile has left the name free, or to somebody else, which the next attempt shows.
+    return Trovato == Stato::Morto &&
+           (!HaQuestoNome(Aperto.Numero(), Nome) || ::unlink(Nome.constData()) == 0);
+}
+
+}  // namespace
+
+struct FileBlocco::Presa
+{
+    explicit Presa(const QString& Percorso) : File(Percorso), Nome(QFile::encodeName(Percorso)) {}
+
+    [[nodiscard]] Esito Tenta();
+    [[nodiscard]] Esito Crea();
+
+    QString File;
+    QByteArray Nome;
+    Maniglia Tenuta;
+    FirmaBlocco DiChi;
+};
+
+FileBlocco::Esito FileBlocco::Presa::Crea()
+{
+    Maniglia Nuova(::open(Nome.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0666));
+    if (!Nuova) {
+        if (errno == EEXIST)
+            return Esito::Altrui;
+        return errno == EACCES || errno == EPERM || errno == EROFS ? Esito::Rifiutato : Esito::Impedito;
+    }
+    // Whoever looks at it just now has it for an instant.
+    ::flock(Nuova.Numero(), LOCK_EX);
+    // Whoever is kept waiting by it may read by whom.
+    ::fchmod(Nuova.Numero(), 0644);
+    const QByteArray Firma = FirmaPropria();
+    if (::write(Nuova.Numero(), Firma.constData(), size_t(Firma.size())) != Firma.size()) {
+        ::unlink(Nome.constData());
+        return Esito::Impedito;
+    }
+    if (!HaQuestoNome(Nuova.Numero(), Nome))
+        return Esito::Altrui;
+    Tenuta.Prendi(Nuova.Cedi());
+    return Esito::Preso;
+}
+
+FileBlocco::Esito FileBlocco::Presa::Tenta()
+{
+    if (const Esito Subito = Crea(); Subito != Esito::Altrui)
+        return Subito;
+    Maniglia Aperto;
+    const Stato Trovato = Esamina(Nome, Aperto, DiChi);
+    if (TogliSeMorto(Nome, Aperto, Trovato))
+        return Crea();
+    return Trovato == Stato::Abbandonato ? Esito::Abbandonato : Esito::Altrui;
+}
+
+FileBlocco::Esito FileBlocco::Prendi(int AttesaMs)
+{
+    constexpr int PassoMs = 50;
+    if (Dentro->Tenuta)
+        return Esito::Altrui;
+    QElapsedTimer Orologio;
+    Orologio.start();
+    for (;;) {
+        const Esito Ora = Dentro->Tenta();
+        const qint64 Resta = AttesaMs - Orologio.elapsed();
+        if (Ora != Esito::Altrui || Resta <= 0)
+            return Ora;
+        QThread::msleep(ulong(std::min<qint64>(Resta, PassoMs)));
+    }
+}
+
+QString FileBlocco::Percorso() const
+{
+    return Dentro->File;
+}
+
+bool TogliBlocco(const QString& Percorso)
+{
+    const QByteArray Nome = QFile::encodeName(Percorso);
+    Maniglia Aperto;
+    FirmaBlocco DiChi;
+    const Stato Trovato = Esamina(Nome, Aperto, DiChi);
+    const bool Altrove = Trovato == Stato::Vivo && DiChi.Processo > 0 && !DiChi.Macchina.isEmpty() &&
+                         DiChi.Macchina != QSysInfo::machineHostName();
+    if (Trovato == Stato::Vivo && !Altrove)
+        return false;
+    return Trovato == Stato::Sparito || ::unlink(Nome.constData()) == 0 || errno == ENOENT;
+}
+
+#endif
+
+FileBlocco::FileBlocco(const QString& Percorso) : Dentro(std::make_unique<Presa>(Percorso))
+{}
+
+#ifdef Q_OS_WIN
+FileBlocco::~FileBlocco() = default;
+#else
+FileBlocco::~FileBlocco()
+{
+    if (Dentro->Tenuta && HaQuestoNome(Dentro->Tenuta.Numero(), Dentro->Nome))
+        ::unlink(Dentro->Nome.constData());
+}
+#endif
+
+FirmaBlocco FileBlocco::Titolare() const
+{
+    return Dentro->DiChi;
 }

@@ -1,22 +1,34 @@
 // Lock files that only the end of their process frees.
 #pragma once
 
+#include <QDateTime>
 #include <QString>
 
 #include <memory>
 
-class QLockFile;
+/// Who has signed a lock file, and when.
+struct FirmaBlocco
+{
+    qint64 Processo = 0;  ///< 0 where no signature can be read
+    QString Macchina;
+    QDateTime Quando;
+};
 
 /// A lock file, held from its taking until the object goes.
+///
+/// Its signature names process and machine. On this machine the system says whether the process lives; of
+/// another machine nobody can tell, so that its lock counts until it is too old for any save.
 class FileBlocco
 {
 public:
     /// Why a lock was not taken.
     enum class Esito {
         Preso,
-        Altrui,     ///< a living process has it
-        Rifiutato,  ///< the folder lets nobody write
-        Impedito,   ///< no room for its few bytes, or another failure of the disk
+        Altrui,       ///< a living process has it, or one of another machine
+        Abbandonato,  ///< of another machine and older than five minutes, or without a signature that can be
+                      ///< read
+        Rifiutato,    ///< the folder lets nobody write
+        Impedito,     ///< no room for its few bytes, or another failure of the disk
     };
 
     explicit FileBlocco(const QString& Percorso);
@@ -24,12 +36,20 @@ public:
     FileBlocco(const FileBlocco&) = delete;
     FileBlocco& operator=(const FileBlocco&) = delete;
 
-    /// Takes the lock, waiting for it at most that long. A lock file that bears no process, left by a program
-    /// that was killed while it made it, is nobody's once it is a second old.
+    /// Takes the lock, waiting for its holder at most that long. That of a dead process is taken at once; an
+    /// empty one, left by a process that was killed while it made it, is nobody's once it is a second old.
     [[nodiscard]] Esito Prendi(int AttesaMs);
+
+    /// The signature of the one who kept the lock from being taken.
+    [[nodiscard]] FirmaBlocco Titolare() const;
 
     [[nodiscard]] QString Percorso() const;
 
 private:
-    std::unique_ptr<QLockFile> File;
+    struct Presa;
+    std::unique_ptr<Presa> Dentro;
 };
+
+/// Removes a lock file, whose ever it is, but for one whose process lives on this machine.
+/// @return true when no such file is there any more
+bool TogliBlocco(const QString& Percorso);

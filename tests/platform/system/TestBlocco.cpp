@@ -1,0 +1,211 @@
+// Lock files: who holds one, who is dead, who is far away.
+#include "supporto/guasti.h"
+#include "supporto/prova.h"
+
+#include "platform/system/blocco.h"
+#include "platform/system/file.h"
+
+#include <QElapsedTimer>
+#include <QLockFile>
+#include <QSysInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Esito = FileBlocco::Esito;
+
+constexpr int AttesaLunga = 3000;
+/// Well below a wait for somebody, well above what a busy machine needs.
+constexpr qint64 SubitoMs = 900;
+
+/// A number that no process has.
+constexpr int Nessuno = 99999999;
+
+QByteArray Firma(int Processo, const QString& Macchina)
+{
+    return QByteArray::number(Processo) + "\ncalcanova\n" + Macchina.toUtf8() + '\n';
+}
+
+}  // namespace
+
+Q_DECLARE_METATYPE(FileBlocco::Esito)
+
+class TestBlocco : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void siPrendeESiLascia();
+    void unoSolo();
+    void chiTrovaIlFile_data();
+    void chiTrovaIlFile();
+    void nonSiAspettaUnMorto();
+    void ilVuotoSiPrendeDopoUnSecondo();
+    void ilTitolareSiSa();
+    void siTogliePerOrdine();
+    void traVersioniDiverse();
+    void cartellaCheRifiuta();
+
+private:
+    void Scrivi(const QByteArray& Contenuto, int Secondi) const;
+
+    QString Cartella;
+    QString File;
+};
+PROVA(TestBlocco);
+
+void TestBlocco::init()
+{
+    Cartella = NuovaCartella();
+    File = Cartella + u"n.turno"_s;
+}
+
+void TestBlocco::Scrivi(const QByteArray& Contenuto, int Secondi) const
+{
+    ScriviFile(File, Contenuto);
+    ImpostaDataFile(File, QDateTime::currentDateTime().addSecs(-Secondi));
+}
+
+void TestBlocco::siPrendeESiLascia()
+{
+    {
+        FileBlocco Mio(File);
+        QCOMPARE(Mio.Prendi(0), Esito::Preso);
+        const QList<QByteArray> Righe = LeggiFile(File).split('\n');
+        QCOMPARE(Righe.value(0), QByteArray::number(QCoreApplication::applicationPid()));
+        QCOMPARE(QString::fromUtf8(Righe.value(2)), QSysInfo::machineHostName());
+    }
+    QCOMPARE(ContenutoDi(Cartella), QStringList());
+}
+
+void TestBlocco::unoSolo()
+{
+    FileBlocco Mio(File);
+    QCOMPARE(Mio.Prendi(0), Esito::Preso);
+    FileBlocco Altro(File);
+    QElapsedTimer Orologio;
+    Orologio.start();
+    QCOMPARE(Altro.Prendi(200), Esito::Altrui);
+    QVERIFY2(Orologio.elapsed() >= 200, "a living one is waited for");
+    // Whatever its signature says, and however old it is.
+    Scrivi(Firma(Nessuno, u"altrove"_s), 3600);
+}
+
+void TestBlocco::chiTrovaIlFile_data()
+{
+    QTest::addColumn<QByteArray>("Contenuto");
+    QTest::addColumn<int>("Secondi");
+    QTest::addColumn<Esito>("Atteso");
+    const QString Qui = QSysInfo::machineHostName();
+
+    QTest::newRow("a dead process of this machine") << Firma(Nessuno, Qui) << 0 << Esito::Preso;
+    QTest::newRow("the number of a living one: its system knows of no lock")
+        << Firma(int(QCoreApplication::applicationPid()), Qui) << 0 << Esito::Preso;
+    QTest::newRow("no machine named") << Firma(Nessuno, {}) << 0 << Esito::Preso;
+    QTest::newRow("empty, just made") << QByteArray() << 0 << Esito::Altrui;
+    QTest::newRow("empty, two seconds old") << QByteArray() << 2 << Esito::Preso;
+    QTest::newRow("empty, of the future") << QByteArray() << -86400 << Esito::Preso;
+    QTest::newRow("another machine, just now") << Firma(12, u"altrove"_s) << 0 << Esito::Altrui;
+    QTest::newRow("another machine, four minutes") << Firma(12, u"altrove"_s) << 240 << Esito::Altrui;
+    QTest::newRow("another machine, six minutes") << Firma(12, u"altrove"_s) << 360 << Esito::Abbandonato;
+    QTest::newRow("another machine, of the future") << Firma(12, u"altrove"_s) << -3600 << Esito::Abbandonato;
+    QTest::newRow("no signature, just now") << "\x01\x02 garbage"_ba << 0 << Esito::Altrui;
+    QTest::newRow("no signature, old") << "\x01\x02 garbage"_ba << 5 << Esito::Abbandonato;
+    QTest::newRow("a number alone") << "12"_ba << 5 << Esito::Abbandonato;
+    QTest::newRow("no process has the number 0") << Firma(0, Qui) << 5 << Esito::Abbandonato;
+}
+
+void TestBlocco::chiTrovaIlFile()
+{
+    QFETCH(QByteArray, Contenuto);
+    QFETCH(int, Secondi);
+    Scrivi(Contenuto, Secondi);
+    {
+        FileBlocco Mio(File);
+        QTEST(Mio.Prendi(0), "Atteso");
+    }
+    QFETCH(Esito, Atteso);
+    QCOMPARE(ContenutoDi(Cartella), Atteso == Esito::Preso ? QStringList() : QStringList{u"n.turno"_s});
+}
+
+void TestBlocco::nonSiAspettaUnMorto()
+{
+    // What a program killed while it removed a dead one's lock left beside it is no hindrance.
+    Scrivi(Firma(Nessuno, QSysInfo::machineHostName()), 0);
+    ScriviFile(File + u".rmlock"_s, {});
+    QElapsedTimer Orologio;
+    Orologio.start();
+    FileBlocco Mio(File);
+    QCOMPARE(Mio.Prendi(AttesaLunga), Esito::Preso);
+    QVERIFY2(Orologio.elapsed() < SubitoMs, qPrintable(QString::number(Orologio.elapsed())));
+}
+
+void TestBlocco::ilVuotoSiPrendeDopoUnSecondo()
+{
+    Scrivi({}, 0);
+    QElapsedTimer Orologio;
+    Orologio.start();
+    FileBlocco Mio(File);
+    QCOMPARE(Mio.Prendi(20000), Esito::Preso);
+    QVERIFY2(Orologio.elapsed() < 20000, "not at the end of the wait");
+}
+
+void TestBlocco::ilTitolareSiSa()
+{
+    Scrivi(Firma(4321, u"segreteria"_s), 3600);
+    FileBlocco Mio(File);
+    QCOMPARE(Mio.Prendi(0), Esito::Abbandonato);
+    QCOMPARE(Mio.Titolare().Processo, 4321);
+    QCOMPARE(Mio.Titolare().Macchina, u"segreteria"_s);
+    QCOMPARE(Mio.Titolare().Quando, DataFile(File));
+}
+
+void TestBlocco::siTogliePerOrdine()
+{
+    QVERIFY(TogliBlocco(File));  // none
+    for (const QByteArray& Contenuto : {Firma(12, u"altrove"_s), "garbage"_ba}) {
+        Scrivi(Contenuto, 3600);
+        QVERIFY(TogliBlocco(File));
+        QVERIFY(!EsisteFile(File));
+    }
+    FileBlocco Mio(File);
+    QCOMPARE(Mio.Prendi(0), Esito::Preso);
+    QVERIFY2(!TogliBlocco(File), "its process lives");
+    QVERIFY(EsisteFile(File));
+}
+
+void TestBlocco::traVersioniDiverse()
+{
+    // Other versions of the program lock by the toolkit's own means.
+    {
+        QLockFile Altrui(File);
+        QVERIFY(Altrui.tryLock(0));
+        FileBlocco Mio(File);
+        QCOMPARE(Mio.Prendi(0), Esito::Altrui);
+    }
+    FileBlocco Mio(File);
+    QCOMPARE(Mio.Prendi(0), Esito::Preso);
+    QLockFile Altrui(File);
+    Altrui.setStaleLockTime(0);
+    QVERIFY(!Altrui.tryLock(0));
+    qint64 Processo = 0;
+    QString Macchina;
+    QString Programma;
+    QVERIFY(Altrui.getLockInfo(&Processo, &Macchina, &Programma));
+    QCOMPARE(Processo, QCoreApplication::applicationPid());
+    QCOMPARE(Macchina, QSysInfo::machineHostName());
+    QVERIFY(EsisteFile(File));
+}
+
+void TestBlocco::cartellaCheRifiuta()
+{
+    FileBlocco Nessuna(Cartella + u"no/n.turno"_s);
+    QCOMPARE(Nessuna.Prendi(0), Esito::Impedito);
+    const LimiteDiScrittura Pieno{4};
+    FileBlocco Mio(File);
+    QCOMPARE(Mio.Prendi(0), Esito::Impedito);
+    QCOMPARE(ContenutoDi(Cartella), QStringList());
+}
+
+#include "TestBlocco.moc"
