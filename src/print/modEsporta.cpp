@@ -7,6 +7,7 @@
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/permessi.h"
 #include "print/modStampe.h"
 #include "print/writers/esportazione.h"
 
@@ -56,7 +57,7 @@ std::optional<Errore> AnteprimaConEsportazione(Superficie& vp, const Parcella& N
 {
     if (!Nota.Pronta)
         return std::nullopt;
-    const auto SenzaCartella = Guasto([] { CreaCartella(Barra(sessione::UserFolder) + u"doc"_s); });
+    const auto SenzaCartella = Guasto([] { CreaCartellaDiUtente(Barra(sessione::UserFolder) + u"doc"_s); });
     PreparaEsportazione(vp, Stelo, Invio);
     if (!Anteprima(vp, Nota, Tipo) || vp.ExportFile.isEmpty())
         return std::nullopt;

@@ -10,6 +10,7 @@
 #include "platform/system/messaggi.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/permessi.h"
 #include "platform/system/shell.h"
 #include "update/modCopyURL.h"
 
@@ -104,7 +105,7 @@ void TogliAvanzi()
 RichiestaRete InizioControllo(const Provenienza& Da)
 {
     SvuotaSessione();
-    CreaCartella(sessione::UserFolder);
+    CreaCartellaDiUtente(sessione::UserFolder);
     TogliAvanzi();
     return RichiestaCopia(Da.Indirizzo + u"/kr5/setup/versioni.txt"_s, Provvisorio(FileVersioni()),
                           MassimoVersioni);

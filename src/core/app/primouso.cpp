@@ -10,6 +10,7 @@
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/permessi.h"
 #include "platform/system/shell.h"
 
 #include <algorithm>
@@ -34,8 +35,10 @@ void CopiaSeManca(const QString& Nome, const QString& Cartella)
     const QString Origine = TrovaFile(CartellaProgramma() + Nome);
     // Two programs may be started at once: of two copies the first one counts, it may be in use already.
     if (EsisteFile(Origine) && !EsisteFile(TrovaFile(Cartella + Nome)) &&
-        CreaFile(Cartella + Nome, LeggiFile(Origine)))
+        CreaFile(Cartella + Nome, LeggiFile(Origine))) {
+        DaiPermessi(Cartella + Nome, {}, Lettori::Cartella);
         ImpostaDataFile(Cartella + Nome, DataFile(Origine));
+    }
 }
 
 void PreparaCartellaUtente()
@@ -44,7 +47,7 @@ void PreparaCartellaUtente()
     const QString Salvata = Impostazione(chiavi::UserFolder.toString());
     // The folder that the program chose by itself is made again; only one of the user's is missed.
     if (Salvata.isEmpty() || Salvata == Cartella)
-        CreaCartella(Cartella);
+        CreaCartellaDiUtente(Cartella);
     if (!Salvata.isEmpty())
         return;
     SalvaImpostazione(chiavi::UserFolder.toString(), Cartella);
@@ -85,7 +88,7 @@ void PreparaParcelle()
             return;
     const QString Cartella = CartellaDocumenti() + Barra(u"Parcelle"_s);
     // Without this one the templates would go beside the program, where a user may not write.
-    CreaCartella(Cartella + u"Modelli"_s);
+    CreaCartellaDiUtente(Cartella + u"Modelli"_s);
     SalvaImpostazione(chiavi::ParcellePath.toString(), Cartella);
 }
 
@@ -97,7 +100,7 @@ void PreparaArchivio()
     // A copy would part from the archive that the office works with.
     if (HaRighe(TrovaFile(CartellaProgramma() + Nome)))
         return;
-    CreaCartella(CartellaDocumenti());
+    CreaCartellaDiUtente(CartellaDocumenti());
     CopiaSeManca(Nome, CartellaDocumenti());
     SalvaImpostazione(chiavi::ArchivioCliCon.toString(), CartellaDocumenti() + Nome);
 }

@@ -12,6 +12,7 @@
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/permessi.h"
 #include "platform/system/shell.h"
 
 #include "core/settings/ui_SchedaCartelle.h"
@@ -163,7 +164,7 @@ void SchedaCartelle::cmdCrea_Click(int Quale)
 {
     const QString Cartella = (ui.get()->*Percorsi.at(size_t(Quale)).Campo)->text().trimmed();
     // Without "Modelli" the templates would go beside the program.
-    Protetta([&] { CreaCartella(Quale == Parcelle ? Barra(Cartella) + u"Modelli"_s : Cartella); });
+    Protetta([&] { CreaCartellaDiUtente(Quale == Parcelle ? Barra(Cartella) + u"Modelli"_s : Cartella); });
     SegnaMancanti();
     (ui.get()->*Percorsi.at(size_t(Quale)).Campo)->setFocus();
 }

@@ -8,6 +8,7 @@
 #include "platform/kit/collega.h"
 #include "platform/system/file.h"
 #include "platform/system/orologio.h"
+#include "platform/system/permessi.h"
 
 #include "update/viewer/ui_frmWeb.h"
 
@@ -35,7 +36,7 @@ void ScriviMarcatore(const QString& Radice)
     if (Ini.WriteINI(Radice, u"letto"_s, Data, Nome, sessione::PercorsoProg) ||
         sessione::UserFolder.isEmpty())
         return;
-    CreaCartella(sessione::UserFolder);
+    CreaCartellaDiUtente(sessione::UserFolder);
     (void)Ini.WriteINI(Radice, u"letto"_s, Data, Nome, sessione::UserFolder);
 }
 

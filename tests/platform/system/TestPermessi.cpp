@@ -1,0 +1,171 @@
+// Who may read what the program makes, whatever the system's habit of new files.
+#include "supporto/guasti.h"
+#include "supporto/prova.h"
+
+#include "platform/system/file.h"
+#include "platform/system/permessi.h"
+
+#include <QFileInfo>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+mode_t Modo(const QString& File)
+{
+    struct stat Suo = {};
+    return ::stat(QFile::encodeName(File).constData(), &Suo) == 0 ? Suo.st_mode & 07777 : 0;
+}
+
+void Imposta(const QString& File, mode_t Nuovo)
+{
+    QVERIFY(::chmod(QFile::encodeName(File).constData(), Nuovo) == 0);
+}
+
+}  // namespace
+
+class TestPermessi : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup() { ::umask(Prima); }
+    void unFileNuovo_data();
+    void unFileNuovo();
+    void unoCheCEra_data();
+    void unoCheCEra();
+    void ilGruppoDellaCartella();
+    void cartelle_data();
+    void cartelle();
+    void diChiE();
+    void dietroUnCollegamento();
+
+private:
+    QString Cartella;
+    mode_t Prima = 022;
+};
+PROVA(TestPermessi);
+
+void TestPermessi::init()
+{
+    Cartella = NuovaCartella();
+    Prima = ::umask(0);
+}
+
+void TestPermessi::unFileNuovo_data()
+{
+    QTest::addColumn<int>("DellaCartella");
+    QTest::addColumn<int>("Chi");
+    QTest::addColumn<int>("Atteso");
+    const auto Riga = [](const char* Nome, int DellaCartella, Lettori Chi, int Atteso) {
+        QTest::newRow(Nome) << DellaCartella << int(Chi) << Atteso;
+    };
+    Riga("the user's folder", 0700, Lettori::Cartella, 0600);
+    Riga("one that others may look into", 0755, Lettori::Cartella, 0600);
+    Riga("one of a group", 0770, Lettori::Cartella, 0660);
+    Riga("one of a group, others may look", 02775, Lettori::Cartella, 0660);
+    Riga("one of everybody", 0777, Lettori::Cartella, 0666);
+    Riga("one where everybody keeps his own", 01777, Lettori::Cartella, 0660);
+    Riga("the user's alone in a group's folder", 0770, Lettori::SoloUtente, 0600);
+    Riga("as the system likes", 0700, Lettori::Tutti, 0644);
+}
+
+void TestPermessi::unFileNuovo()
+{
+    QFETCH(int, DellaCartella);
+    QFETCH(int, Chi);
+    const QString File = Cartella + u"f"_s;
+    ScriviFile(File, "x");
+    Imposta(File, 0644);
+    Imposta(Cartella, mode_t(DellaCartella));
+    DaiPermessi(File, {}, Lettori(Chi));
+    const mode_t Trovato = Modo(File);
+    Imposta(Cartella, 0700);
+    QTEST(int(Trovato), "Atteso");
+}
+
+void TestPermessi::unoCheCEra_data()
+{
+    QTest::addColumn<int>("Era");
+    QTest::addColumn<int>("Chi");
+    QTest::addColumn<int>("Atteso");
+    QTest::newRow("of the user") << 0600 << int(Lettori::Cartella) << 0600;
+    QTest::newRow("of an office") << 0664 << int(Lettori::Cartella) << 0664;
+    QTest::newRow("read-only") << 0444 << int(Lettori::Cartella) << 0444;
+    QTest::newRow("no bit that runs it as another") << 06755 << int(Lettori::Tutti) << 0755;
+    QTest::newRow("the user's alone from now on") << 0644 << int(Lettori::SoloUtente) << 0600;
+}
+
+void TestPermessi::unoCheCEra()
+{
+    QFETCH(int, Era);
+    QFETCH(int, Chi);
+    const QString Nuovo = Cartella + u"nuovo"_s;
+    const QString Vecchio = Cartella + u"vecchio"_s;
+    ScriviFile(Nuovo, "x");
+    ScriviFile(Vecchio, "y");
+    Imposta(Vecchio, mode_t(Era));
+    DaiPermessi(Nuovo, Vecchio, Lettori(Chi));
+    QTEST(int(Modo(Nuovo)), "Atteso");
+}
+
+void TestPermessi::ilGruppoDellaCartella()
+{
+    constexpr uint Altro = 54321;
+    const QString File = Cartella + u"f"_s;
+    ScriviFile(File, "x");
+    if (::chown(QFile::encodeName(Cartella).constData(), uid_t(-1), Altro) != 0)
+        QSKIP("only the superuser gives folders away");
+    Imposta(Cartella, 0770);
+    DaiPermessi(File, {}, Lettori::Cartella);
+    QCOMPARE(QFileInfo(File).groupId(), Altro);
+    QCOMPARE(Modo(File), mode_t(0660));
+}
+
+void TestPermessi::cartelle_data()
+{
+    QTest::addColumn<int>("Sopra");
+    QTest::addColumn<int>("Atteso");
+    QTest::newRow("under the user's") << 0755 << 0700;
+    QTest::newRow("under a group's") << 0770 << 0770;
+    QTest::newRow("under a group's that hands its group down") << 02770 << 02770;
+    QTest::newRow("under everybody's own") << 01777 << 0770;
+}
+
+void TestPermessi::cartelle()
+{
+    QFETCH(int, Sopra);
+    Imposta(Cartella, mode_t(Sopra));
+    CreaCartellaDiUtente(Cartella + u"a/b"_s);
+    QTEST(int(Modo(Cartella + u"a"_s)), "Atteso");
+    QTEST(int(Modo(Cartella + u"a/b"_s)), "Atteso");
+    Imposta(Cartella + u"a"_s, 0711);
+    CreaCartellaDiUtente(Cartella + u"a"_s);
+    QVERIFY2(Modo(Cartella + u"a"_s) == 0711, "one that is there is nobody's business");
+}
+
+void TestPermessi::diChiE()
+{
+    QVERIFY(DiQuestoUtente(Cartella));
+    QVERIFY(!DiQuestoUtente(Cartella + u"nulla"_s));
+    if (::geteuid() != 0)
+        QVERIFY(!DiQuestoUtente(u"/"_s));
+    else if (::chown(QFile::encodeName(Cartella).constData(), 54321, gid_t(-1)) == 0)
+        QVERIFY(!DiQuestoUtente(Cartella));
+}
+
+void TestPermessi::dietroUnCollegamento()
+{
+    const QString Vero = Cartella + u"vero"_s;
+    QVERIFY(QFile::link(Vero, Cartella + u"uno"_s));
+    QVERIFY(QFile::link(Cartella + u"uno"_s, Cartella + u"due"_s));
+    QCOMPARE(FileVero(Vero), Vero);
+    QCOMPARE(FileVero(Cartella + u"due"_s), Vero);  // which is not there yet
+    QVERIFY(QFile::link(Cartella + u"giro"_s, Cartella + u"giro"_s));
+    (void)FileVero(Cartella + u"giro"_s);  // comes back
+}
+
+#include "TestPermessi.moc"
