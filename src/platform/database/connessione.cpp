@@ -1,6 +1,7 @@
 #include "platform/database/connessione.h"
 
 #include "platform/base/errore.h"
+#include "platform/database/sentinella.h"
 #include "platform/database/valori.h"
 
 #include <QDate>
@@ -111,6 +112,7 @@ int BandiereDi(Connessione::Modo Apertura)
     case Connessione::Modo::Elenco:
         return Comuni | SQLITE_OPEN_READONLY;
     case Connessione::Modo::Immutabile:
+    case Connessione::Modo::Ferma:
         return Comuni | SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
     case Connessione::Modo::Scrittura:
         return Comuni | SQLITE_OPEN_READWRITE;
@@ -138,13 +140,13 @@ void Connessione::Chiudi::operator()(sqlite3* Base) const noexcept
 }
 
 Connessione::Connessione(const QString& Percorso, Modo Apertura)
-    : File(Percorso), PuoScrivere(Apertura != Modo::SolaLettura && !DiUnoSguardo(Apertura))
+    : File(Percorso), PuoScrivere(!(BandiereDi(Apertura) & SQLITE_OPEN_READONLY))
 {
     sqlite3* Grezza = nullptr;
-    const QByteArray Nome = Apertura == Modo::Immutabile
+    const QByteArray Nome = Apertura == Modo::Immutabile || Apertura == Modo::Ferma
                                 ? "file:" + QUrl::toPercentEncoding(Percorso, "/") + "?immutable=1"
                                 : Percorso.toUtf8();
-    const int Esito = sqlite3_open_v2(Nome.constData(), &Grezza, BandiereDi(Apertura), nullptr);
+    const int Esito = sqlite3_open_v2(Nome.constData(), &Grezza, BandiereDi(Apertura), StratoFile());
     Db.reset(Grezza);  // owned before the check: a failed open leaves a handle to close
     Verifica(Esito);
     Proteggi();

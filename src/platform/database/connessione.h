@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/database/database.h"
+#include "platform/system/permessi.h"
 
 #include <QString>
 #include <QVariant>
@@ -22,6 +23,7 @@ public:
         Memoria,
         Elenco,      ///< for one look: read-only, without the functions of the program's queries
         Immutabile,  ///< the same for a file that nobody changes meanwhile: no lock, no file beside it
+        Ferma,       ///< read-only, for a file that nobody changes meanwhile: no lock, no file beside it
     };
 
     /// Opens and protects the connection; the file itself is not looked at yet.
@@ -36,7 +38,7 @@ public:
     /// not hinder a writer. @throws Errore as OpenDatabase
     [[nodiscard]] static std::shared_ptr<Connessione> Condivisa(const QString& Percorso);
     /// The connection of a file just made. @throws Errore as CreateDatabase
-    [[nodiscard]] static std::shared_ptr<Connessione> Nuova(const QString& Percorso);
+    [[nodiscard]] static std::shared_ptr<Connessione> Nuova(const QString& Percorso, Lettori Chi);
 
     [[nodiscard]] const QString& Percorso() const { return File; }
     [[nodiscard]] bool Scrivibile() const { return PuoScrivere; }

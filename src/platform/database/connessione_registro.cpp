@@ -12,6 +12,8 @@
 #include <QHash>
 #include <QtEndian>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -26,6 +28,33 @@ QHash<QString, std::weak_ptr<Connessione>>& Registro()
 bool HaGiornale(const QString& File)
 {
     return QFileInfo(File + u"-journal"_s).size() > 0;
+}
+
+/// Whether the journal names another one, as that of a write into several databases does.
+bool GiornaleAltrui(const QString& File)
+{
+    static constexpr std::array<unsigned char, 8> Segno{0xd9, 0xd5, 0x05, 0xf9, 0x20, 0xa1, 0x63, 0xd7};
+    QFile Giornale(File + u"-journal"_s);
+    constexpr qint64 Lunghezza = qint64(Segno.size());
+    // At its beginning every journal has the same bytes.
+    return Giornale.open(QIODevice::ReadOnly) && Giornale.size() > Lunghezza &&
+           Giornale.seek(Giornale.size() - Lunghezza) &&
+           Giornale.read(Lunghezza) == QByteArray(reinterpret_cast<const char*>(Segno.data()), Lunghezza);
+}
+
+/// A write that was cut off in a file which is read-only by now: nobody could read it before it is undone.
+void RisanaSolaLettura(const QString& File)
+{
+    if (!HaGiornale(File) || !CartellaScrivibile(CartellaFile(File)))
+        return;
+    try {
+        const AttributoSospeso Attributo(File, [](const Errore&) {});
+        const Connessione Aperta(File, Connessione::Modo::Scrittura);
+        Istruzione Lettura(Aperta, u"PRAGMA schema_version"_s);
+        (void)Lettura.Avanza();
+    } catch (const Errore&) {
+        // The reader that comes next says what is wrong with the file.
+    }
 }
 
 // The whole content is not read (a rate archive has thousands of pages): a file that is shorter than its
@@ -92,8 +121,17 @@ std::shared_ptr<Connessione> Connessione::Condivisa(const QString& Percorso)
     if (const auto Presente = Registro().value(Chiave).lock();
         Presente && !Presente->Spostato() && (Presente->Scrivibile() || !SiScrive))
         return Presente;
+    if (GiornaleAltrui(Chiave))
+        throw Errore(errori::FormatoDatabase,
+                     u"Il file "_s + NomeFile(Chiave) +
+                         u"-journal, che sta accanto al database, non è di questo programma"_s);
     const bool AltroGiornale = ControllaTestata(Chiave);
-    auto Aperta = std::make_shared<Connessione>(Chiave, SiScrive ? Modo::Scrittura : Modo::SolaLettura);
+    if (!SiScrive)
+        RisanaSolaLettura(Chiave);
+    // Where nothing may be written, and no log holds anything, a reader leaves no file of one either.
+    const Modo Leggera =
+        AltroGiornale && QFileInfo(Chiave + u"-wal"_s).size() == 0 ? Modo::Ferma : Modo::SolaLettura;
+    auto Aperta = std::make_shared<Connessione>(Chiave, SiScrive ? Modo::Scrittura : Leggera);
     Aperta->Prepara();
     if (AltroGiornale && SiScrive)
         Aperta->GiornaleDaCancellare();
@@ -101,7 +139,7 @@ std::shared_ptr<Connessione> Connessione::Condivisa(const QString& Percorso)
     return Aperta;
 }
 
-std::shared_ptr<Connessione> Connessione::Nuova(const QString& Percorso)
+std::shared_ptr<Connessione> Connessione::Nuova(const QString& Percorso, Lettori Chi)
 {
     const QString File = PercorsoNativo(Percorso);
     const QFileInfo Info(File);
@@ -111,6 +149,12 @@ std::shared_ptr<Connessione> Connessione::Nuova(const QString& Percorso)
         throw Errore(errori::CartellaMancante);
     if (!CartellaScrivibile(Info.path()))
         throw Errore(errori::Accesso);
+    if (Chi == Lettori::SoloUtente) {
+        // The engine gives its journal what the file has.
+        QFile Vuoto(Info.absoluteFilePath());
+        if (!Vuoto.open(QIODevice::WriteOnly | QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner))
+            throw Errore(errori::Accesso);
+    }
     try {
         auto Aperta = std::make_shared<Connessione>(Info.absoluteFilePath(), Modo::Nuovo);
         Aperta->Prepara();

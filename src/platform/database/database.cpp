@@ -46,7 +46,14 @@ Database OpenDatabase(const QString& Percorso, bool SolaLettura)
 Database CreateDatabase(const QString& Percorso)
 {
     Database Db;
-    Db.Conn = Connessione::Nuova(Percorso);
+    Db.Conn = Connessione::Nuova(Percorso, Lettori::Tutti);
+    return Db;
+}
+
+Database CreaDatabasePrivato(const QString& Percorso)
+{
+    Database Db;
+    Db.Conn = Connessione::Nuova(Percorso, Lettori::SoloUtente);
     return Db;
 }
 

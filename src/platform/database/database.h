@@ -108,6 +108,7 @@ public:
     friend class Transazione;
     friend Database OpenDatabase(const QString&, bool);
     friend Database CreateDatabase(const QString&);
+    friend Database CreaDatabasePrivato(const QString&);
 
 private:
     [[nodiscard]] Connessione& PerLeggere() const;   ///< @throws Errore 3024 when nothing is open
@@ -126,6 +127,9 @@ private:
 /// Creates a new, empty database.
 /// @throws Errore 3204 when the file exists, 3044 no such folder, 75 the folder refuses writing
 [[nodiscard]] Database CreateDatabase(const QString& Percorso);
+
+/// The same for the user alone, from its first byte on; the engine gives the files beside it what it has.
+[[nodiscard]] Database CreaDatabasePrivato(const QString& Percorso);
 
 /// True when the column exists. @throws Errore as OpenDatabase
 [[nodiscard]] bool EsisteCampo(const QString& Percorso, const QString& Tabella, const QString& Colonna);

@@ -1,0 +1,191 @@
+// What a sender puts beside a database: nothing of it reaches another file, or changes what the database
+// holds.
+#include "supporto/prova.h"
+
+#include "platform/base/errore.h"
+#include "platform/database/connessione.h"
+#include "platform/system/file.h"
+#include "platform/system/percorsi.h"
+#include "supporto/guasti.h"
+
+#include <QtEndian>
+
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+class TestDatabaseOstile : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void ilGiornaleCheNeNominaUnAltro_data();
+    void ilGiornaleCheNeNominaUnAltro();
+    void ilLogDiUnAltro();
+    void ilLogProprioSiLegge();
+    void inLetturaNonSiLasciaNulla();
+    void interrottoInSolaLettura();
+    void privatoDalPrimoByte();
+
+private:
+    /// Its one row.
+    [[nodiscard]] static int Valore(const QString& Quale);
+    /// A copy with a log that holds a later value, as a program leaves it that was killed.
+    void ConLog(const QString& Copia) const;
+
+    QString Cartella;
+    QString File;
+};
+PROVA(TestDatabaseOstile);
+
+void TestDatabaseOstile::init()
+{
+    Cartella = NuovaCartella();
+    File = Cartella + u"nota.mdb"_s;
+    const Database Db = CreateDatabase(File);
+    Db.Execute(u"CREATE TABLE T (a INTEGER)"_s);
+    Db.Execute(u"INSERT INTO T VALUES (1)"_s);
+}
+
+int TestDatabaseOstile::Valore(const QString& Quale)
+{
+    return OpenDatabase(Quale, true).OpenRecordset(u"T"_s).Value(u"a"_s).toInt();
+}
+
+void TestDatabaseOstile::ConLog(const QString& Copia) const
+{
+    const QString Acceso = Cartella + u"acceso.mdb"_s;
+    ScriviFile(Acceso, LeggiFile(File));
+    Connessione Aperta(Acceso, Connessione::Modo::Scrittura);
+    Aperta.Esegui(u"PRAGMA journal_mode=WAL"_s);
+    Aperta.Esegui(u"UPDATE T SET a=2"_s);
+    ScriviFile(Copia, LeggiFile(Acceso));
+    ScriviFile(Copia + u"-wal"_s, LeggiFile(Acceso + u"-wal"_s));
+}
+
+void TestDatabaseOstile::ilGiornaleCheNeNominaUnAltro_data()
+{
+    QTest::addColumn<bool>("Guardato");
+    QTest::newRow("refused at the door") << true;
+    QTest::newRow("let in by nobody") << false;
+}
+
+void TestDatabaseOstile::ilGiornaleCheNeNominaUnAltro()
+{
+    QFETCH(bool, Guardato);
+    const QString Vittima = Cartella + u"bersaglio.txt"_s;
+    ScriviFile(Vittima, "mio");
+    const auto Numero = [](quint32 Valore) {
+        QByteArray Byte(4, '\0');
+        qToBigEndian(Valore, Byte.data());
+        return Byte;
+    };
+    const QByteArray Segno = QByteArray::fromHex("d9d505f920a163d7");
+    const QByteArray Nome = Vittima.toUtf8();
+    quint32 Somma = 0;
+    for (const char C : Nome)
+        Somma += quint32(static_cast<signed char>(C));
+    constexpr qsizetype Settore = 512;
+    const quint32 Pagine = quint32(QFileInfo(File).size() / 4096);
+    QByteArray Giornale = Segno + Numero(0) + Numero(0) + Numero(Pagine) + Numero(Settore) + Numero(4096);
+    Giornale = Giornale.leftJustified(Settore, '\0') + Numero(0x40000000 / 4096 + 1) + Nome +
+               Numero(quint32(Nome.size())) + Numero(Somma) + Segno;
+    ScriviFile(File + u"-journal"_s, Giornale);
+    if (Guardato) {
+        try {
+            (void)Valore(File);
+            QFAIL("read as if nothing were there");
+        } catch (const Errore& Guasto) {
+            QCOMPARE(Guasto.Numero, 3343);
+            QVERIFY2(Guasto.Descrizione.contains(u"nota.mdb-journal"), qPrintable(Guasto.Descrizione));
+        }
+    } else {
+        const Connessione Aperta(File, Connessione::Modo::Scrittura);
+        QCOMPARE(NumeroErrore([&] { (void)Istruzione(Aperta, u"SELECT a FROM T"_s).Avanza(); }), 75);
+    }
+    QVERIFY2(EsisteFile(Vittima) && LeggiFile(Vittima) == "mio", "a file of the user's own");
+    // Without it the note is as it was.
+    QFile::remove(File + u"-journal"_s);
+    QCOMPARE(Valore(File), 1);
+}
+
+void TestDatabaseOstile::ilLogDiUnAltro()
+{
+    ConLog(Cartella + u"altra.mdb"_s);
+    ScriviFile(File + u"-wal"_s, LeggiFile(Cartella + u"altra.mdb-wal"_s));
+    QVERIFY(LeggiFile(File + u"-wal"_s).size() > 4096);
+    QCOMPARE(Valore(File), 1);
+    OpenDatabase(File).Execute(u"UPDATE T SET a=a+10"_s);
+    QCOMPARE(Valore(File), 11);
+}
+
+void TestDatabaseOstile::ilLogProprioSiLegge()
+{
+    const QString Copia = Cartella + u"altra.mdb"_s;
+    ConLog(Copia);
+    QCOMPARE(Valore(Copia), 2);
+    OpenDatabase(Copia).Execute(u"UPDATE T SET a=a+10"_s);
+    QCOMPARE(Valore(Copia), 12);
+    QVERIFY2(!EsisteFile(Copia + u"-wal"_s), "back to a journal of its own");
+}
+
+void TestDatabaseOstile::inLetturaNonSiLasciaNulla()
+{
+    const QString Copia = NuovaCartella() + u"altra.mdb"_s;
+    ScriviFile(Copia, LeggiFile(File));
+    {
+        Connessione Aperta(Copia, Connessione::Modo::Scrittura);
+        Aperta.Esegui(u"PRAGMA journal_mode=WAL"_s);
+    }
+    QVERIFY(LeggiFile(Copia)[18] == 2);
+    ImpostaSolaLettura(Copia, true);
+    QCOMPARE(Valore(Copia), 1);
+    QCOMPARE(ContenutoDi(CartellaFile(Copia)), QStringList{u"altra.mdb"_s});
+}
+
+void TestDatabaseOstile::interrottoInSolaLettura()
+{
+    // Half of a large write is on the disk, and the attribute has come back.
+    const QString Copia = NuovaCartella() + u"altra.mdb"_s;
+    {
+        Connessione Aperta(File, Connessione::Modo::Scrittura);
+        Aperta.Esegui(u"PRAGMA cache_size=1"_s);
+        Aperta.Esegui(u"CREATE TABLE U (a TEXT)"_s);
+        Aperta.Esegui(
+            u"INSERT INTO U WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<400) "
+            u"SELECT 'prima' || hex(zeroblob(400)) FROM n"_s);
+        Aperta.Esegui(u"BEGIN"_s);
+        Aperta.Esegui(u"UPDATE U SET a='dopo' || hex(zeroblob(400))"_s);
+        Aperta.Esegui(u"UPDATE T SET a=2"_s);
+        ScriviFile(Copia, LeggiFile(File));
+        ScriviFile(Copia + u"-journal"_s, LeggiFile(File + u"-journal"_s));
+        Aperta.Annulla();
+    }
+    QVERIFY2(LeggiFile(Copia).contains("dopo"), "the write had reached the file");
+    ImpostaSolaLettura(Copia, true);
+    QCOMPARE(Valore(Copia), 1);
+    QVERIFY(!LeggiFile(Copia).contains("dopo00"));
+    QVERIFY(SolaLettura(Copia));
+    QCOMPARE(ContenutoDi(CartellaFile(Copia)), QStringList{u"altra.mdb"_s});
+}
+
+void TestDatabaseOstile::privatoDalPrimoByte()
+{
+    const auto Modo = [](const QString& Di) {
+        struct stat Suo = {};
+        return ::stat(QFile::encodeName(Di).constData(), &Suo) == 0 ? int(Suo.st_mode & 0777) : 0;
+    };
+    const mode_t Prima = ::umask(0);
+    const QString Nuovo = Cartella + u"nuovo.mdb"_s;
+    const Database Db = CreaDatabasePrivato(Nuovo);
+    const int DelFile = Modo(Nuovo);
+    const Transazione Aperta(Db);
+    Db.Execute(u"CREATE TABLE T (a INTEGER)"_s);
+    const int DelGiornale = Modo(Nuovo + u"-journal"_s);
+    ::umask(Prima);
+    QCOMPARE(DelFile, 0600);
+    QCOMPARE(DelGiornale, 0600);
+    QCOMPARE(NumeroErrore([&] { (void)CreaDatabasePrivato(Nuovo); }), 3204);
+}
+
+#include "TestDatabaseOstile.moc"
