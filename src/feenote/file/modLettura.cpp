@@ -6,6 +6,7 @@
 #include "feenote/file/colonne.h"
 #include "feenote/file/memorianota.h"
 #include "feenote/file/modPassword.h"
+#include "feenote/file/modPosaFile.h"
 #include "feenote/modBloccoCliente.h"
 #include "feenote/modInterruttori.h"
 #include "feenote/modNuovaParcella.h"
@@ -29,8 +30,8 @@ void AggiornaSchema(const QString& Percorso)
 {
     if (!DaAggiornare(Percorso))
         return;
-    const AttributoSospeso Attributo(Percorso, [](const Errore& Guasto) { GestioneErrori(Guasto); });
-    AggiornaColonne(Percorso);
+    // A template, or a file on a medium that is read-only.
+    SolaLettura(Percorso) ? AggiornaProtetta(Percorso) : AggiornaColonne(Percorso);
 }
 
 void ApplicaPsw(const NotaLetta& Letta)

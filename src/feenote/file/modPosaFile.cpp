@@ -14,10 +14,18 @@
 
 #include <QDateTime>
 #include <QFileInfo>
+#include <QRegularExpression>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+QString FileTurno(const QString& Destinazione)
+{
+    return CartellaFile(Destinazione) + u".~"_s + NomeFile(Destinazione) + u".turno"_s;
+}
 
 /// The file while it is being built, beside the place it will take; gone unless it was put there. Programs
 /// that save under one name take turns, or one would put the other's half-built file there.
@@ -26,7 +34,7 @@ class FileInCostruzione
 public:
     explicit FileInCostruzione(const QString& Destinazione)
         : Finale(Destinazione), Accanto(CartellaFile(Destinazione) + u".~"_s + NomeFile(Destinazione)),
-          Provvisorio(Accanto + u".tmp"_s), Turno(Accanto + u".turno"_s)
+          Provvisorio(Accanto + u".tmp"_s), Turno(FileTurno(Destinazione))
     {
         PrendiTurno();
         TogliProvvisorio();  // what a crash may have left
@@ -37,12 +45,15 @@ public:
 
     [[nodiscard]] const QString& Percorso() const { return Provvisorio; }
 
-    void MettiAlPosto() const
+    void MettiAlPosto(Lettori Chi, bool ComeModello = false) const
     {
         if (EDiAccess(Finale))
             TieniAccess();
         else if (EsisteFile(Finale))
             Sgombra();
+        DaiPermessi(Provvisorio, Finale, Chi);
+        if (ComeModello)
+            ImpostaSolaLettura(Provvisorio, true);
         SostituisciFile(Provvisorio, Finale);
     }
 
@@ -62,7 +73,10 @@ private:
         case FileBlocco::Esito::Preso:
             return;
         case FileBlocco::Esito::Altrui:
-            throw Errore(3260);
+            throw Errore(errori::DatiBloccati);
+        case FileBlocco::Esito::Abbandonato:
+            throw Errore(errori::DatiBloccati, FraseTurno({Turno.Percorso(), Turno.Titolare()}) +
+                                                   u": se nessuno sta salvando, si può eliminare"_s);
         case FileBlocco::Esito::Rifiutato:
             throw Errore(75);
         case FileBlocco::Esito::Impedito:
@@ -81,7 +95,8 @@ private:
             if (Guasto.Numero == errori::DatiBloccati)
                 throw;  // anything else: a file that is no database, where nobody writes
         }
-        ScartaFile(Finale + u"-journal"_s);
+        for (const QString& Coda : {u"-journal"_s, u"-wal"_s, u"-shm"_s})
+            ScartaFile(Finale + Coda);
     }
 
     /// A note that the former program may still want stays beside its new file, as it was. The copy is whole
@@ -126,23 +141,82 @@ void CopiaTabelle(const Database& Tariffe, const Database& File)
     Insieme.Conferma();
 }
 
+/// Once for each folder and process, behind its first save there.
+void TogliRestiUnaVolta(const QString& Cartella)
+{
+    static QStringList Passate;
+    if (Passate.contains(Cartella))
+        return;
+    Passate.append(Cartella);
+    TogliRestiDiNote(Cartella);
+}
+
 }  // namespace
 
-void ScriviNota(const QString& Percorso, const Parcella& Nota, bool ComeModello)
+void ScriviNota(const QString& Percorso, const Parcella& Nota, bool ComeModello, Lettori Chi)
 {
-    const QString Destinazione = PercorsoNativo(Percorso);
+    const QString Destinazione = FileVero(Percorso);
     if (EsisteFile(Destinazione) && SolaLettura(Destinazione))
         throw Errore(70);
     AggiornaColonne(PercorsoTariffe());
 
-    const FileInCostruzione Nuovo(Destinazione);
     {
-        const Database Tariffe = ApriTariffe();
-        const Database File = CreateDatabase(Nuovo.Percorso());
-        CopiaTabelle(Tariffe, File);
-        ScriviDati(File, Nota);
+        const FileInCostruzione Nuovo(Destinazione);
+        {
+            const Database Tariffe = ApriTariffe();
+            const Database File = CreaDatabasePrivato(Nuovo.Percorso());
+            CopiaTabelle(Tariffe, File);
+            ScriviDati(File, Nota);
+        }
+        Nuovo.MettiAlPosto(Chi, ComeModello);
     }
-    Nuovo.MettiAlPosto();
-    if (ComeModello)
-        ImpostaSolaLettura(Destinazione, true);
+    TogliRestiUnaVolta(CartellaFile(Destinazione));
+}
+
+void AggiornaProtetta(const QString& Percorso)
+{
+    constexpr qint64 Massimo = qint64(1) << 30;
+    const QString Destinazione = FileVero(Percorso);
+    const FileInCostruzione Nuovo(Destinazione);
+    CopiaFile(Destinazione, Nuovo.Percorso(), Massimo);
+    ImpostaSolaLettura(Nuovo.Percorso(), false);
+    DaiPermessi(Nuovo.Percorso(), {}, Lettori::SoloUtente);
+    AggiornaColonne(Nuovo.Percorso());
+    Nuovo.MettiAlPosto(Lettori::Cartella);
+}
+
+std::optional<TurnoLasciato> TurnoAbbandonato(const QString& Percorso)
+{
+    FileBlocco Turno(FileTurno(FileVero(Percorso)));
+    if (Turno.Prendi(0) != FileBlocco::Esito::Abbandonato)
+        return std::nullopt;
+    return TurnoLasciato{Turno.Percorso(), Turno.Titolare()};
+}
+
+QString FraseTurno(const TurnoLasciato& Trovato)
+{
+    const QString Chi = Trovato.Firma.Macchina.isEmpty() ? u"non si sa da chi"_s
+                                                         : u"dal computer "_s + Trovato.Firma.Macchina;
+    return u"Il salvataggio è trattenuto dal file %1, nella cartella %2, lasciato %3 il %4"_s.arg(
+        NomeFile(Trovato.File), CartellaFile(Trovato.File), Chi,
+        Trovato.Firma.Quando.toString(u"dd/MM/yyyy 'alle' hh:mm"_s));
+}
+
+void TogliRestiDiNote(const QString& Cartella)
+{
+    static const QRegularExpression Forma(u"^\\.~(.+\\.mdb)\\.(tmp|tmp-journal|turno|turno\\.rmlock)\\z"_s);
+    const QString Qui = Barra(Cartella);
+    if (!CartellaScrivibile(Qui))
+        return;
+    QStringList Note;
+    for (const QString& Nome : NomiDeiFile(Qui, u".mdb.t*"_s))
+        if (const auto Parti = Forma.match(Nome); Parti.hasMatch() && !Note.contains(Parti.captured(1)))
+            Note.append(Parti.captured(1));
+    for (const QString& Nota : std::as_const(Note)) {
+        FileBlocco Turno(FileTurno(Qui + Nota));
+        if (Turno.Prendi(0) != FileBlocco::Esito::Preso)
+            continue;
+        for (const QString& Resto : {u".tmp"_s, u".tmp-journal"_s, u".turno.rmlock"_s})
+            ScartaFile(Qui + u".~"_s + Nota + Resto);
+    }
 }

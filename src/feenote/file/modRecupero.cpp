@@ -8,6 +8,7 @@
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/permessi.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -27,9 +28,16 @@ constexpr auto TipoLato = ".json"_L1;
 constexpr auto TipoBlocco = ".lock"_L1;
 constexpr auto TipoPrenotata = ".presa"_L1;
 
+/// The user folder's, or one among the user's own data where that belongs to a colleague or refuses new
+/// files: copies of two users never stand together, and nobody goes without.
 QString Cartella()
 {
-    return Barra(Barra(sessione::UserFolder) + u"recupero"_s);
+    const QString Nome = Barra(u"recupero"_s);
+    const QString DiSolito = Barra(sessione::UserFolder) + Nome;
+    const bool Altrui = EsisteCartella(DiSolito) ? !DiQuestoUtente(DiSolito) || !CartellaScrivibile(DiSolito)
+                                                 : EsisteCartella(sessione::UserFolder) &&
+                                                       !CartellaScrivibile(sessione::UserFolder);
+    return Altrui ? CartellaDati() + Nome : DiSolito;
 }
 
 /// "<pid>-<start in ms>": a process number comes back, the moment does not.
@@ -155,12 +163,12 @@ void AggiornaCopia(const Parcella& Nota, int Posto)
 {
     if (sessione::UserFolder.isEmpty())
         return;
-    CreaCartella(Cartella());
+    CreaCartellaPrivata(Cartella());
     PrendiBloccoProprio();
     const QJsonObject Dati{
         {u"Percorso"_s, Nota.Percorso}, {u"Nome"_s, Nota.Nome}, {u"Ricalcolo"_s, Nota.RicalcoloNecessario}};
     ScriviFile(Radice(Posto) + TipoLato, QJsonDocument(Dati).toJson());
-    ScriviNota(Radice(Posto) + TipoCopia, Nota);
+    ScriviNota(Radice(Posto) + TipoCopia, Nota, false, Lettori::SoloUtente);
 }
 
 void TogliCopia(int Posto)

@@ -93,6 +93,21 @@ bool SovrascritturaAmmessa(const Parcella& Nota, const QString& Percorso)
                   vbYesNo + vbQuestion, TitoloDomanda.toString()) == vbYes;
 }
 
+/// Nobody frees a lock whose machine is gone: who knows that nobody saves there may.
+bool TurnoLiberato(const QString& Percorso)
+{
+    const std::optional<TurnoLasciato> Trovato = TurnoAbbandonato(Percorso);
+    if (!Trovato)
+        return true;
+    if (MsgBox(
+            FraseTurno(*Trovato) +
+                u".\nSe nessuno sta salvando la parcella, il file si può eliminare.\nEliminarlo e salvare?"_s,
+            vbYesNo + vbQuestion, TitoloDomanda.toString()) != vbYes)
+        return false;
+    TogliBlocco(Trovato->File);
+    return true;
+}
+
 }  // namespace
 
 bool NomeDiNotaValido(const QString& Nome)
@@ -127,7 +142,7 @@ std::optional<QString> SalvaConDialogo(Parcella& Nota, bool ComeModello)
     if (!NomeAmmesso(Percorso))
         return std::nullopt;
     Percorso = ConRiferimento(Percorso);
-    if (!SovrascritturaAmmessa(Nota, Percorso))
+    if (!SovrascritturaAmmessa(Nota, Percorso) || !TurnoLiberato(Percorso))
         return std::nullopt;
 
     ScriviNota(Percorso, Nota, ComeModello);

@@ -10,6 +10,7 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <QStorageInfo>
 
 #include <algorithm>
@@ -109,6 +110,12 @@ void RinominaFile(const QString& Vecchio, const QString& Nuovo)
 QString CartellaPersonale()
 {
     return Barra(QDir::homePath());
+}
+
+QString CartellaDati()
+{
+    return Barra(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)) +
+           Barra(u"Calcanova"_s);
 }
 
 QString CartellaSuperiore(const QString& Cartella)

@@ -42,6 +42,10 @@ void RinominaFile(const QString& Vecchio, const QString& Nuovo);
 /// The user's home, with the separator at its end.
 [[nodiscard]] QString CartellaPersonale();
 
+/// The folder of what the program keeps for this user alone, with the separator at its end. It need not be
+/// there.
+[[nodiscard]] QString CartellaDati();
+
 /// The folder above, with the separator at its end; empty above the topmost one.
 [[nodiscard]] QString CartellaSuperiore(const QString& Cartella);
 

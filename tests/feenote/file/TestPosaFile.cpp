@@ -1,0 +1,282 @@
+// How the file of a note takes its place: whose it is, what it replaces, what killed programs have left
+// beside it.
+#include "file_prova.h"
+
+#include "core/sessione.h"
+#include "feenote/file/modSalvataggio.h"
+#include "platform/system/file.h"
+#include "platform/system/guasti.h"
+#include "supporto/guasti.h"
+
+#include <QDateTime>
+#include <QElapsedTimer>
+#include <QSysInfo>
+
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+int Modo(const QString& File)
+{
+    struct stat Suo = {};
+    return ::stat(QFile::encodeName(File).constData(), &Suo) == 0 ? int(Suo.st_mode & 0777) : 0;
+}
+
+void ImpostaModo(const QString& File, mode_t Nuovo)
+{
+    QVERIFY(::chmod(QFile::encodeName(File).constData(), Nuovo) == 0);
+}
+
+const QByteArray DiUnMorto = "99999999\ncalcanova\n" + QSysInfo::machineHostName().toUtf8() + "\n";
+const QByteArray DiAltraMacchina = "4321\ncalcanova\nsegreteria\n";
+
+}  // namespace
+
+class TestPosaFile : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void diChiENuova_data();
+    void diChiENuova();
+    void restaDiChiEra_data();
+    void restaDiChiEra();
+    void ilCollegamentoResta();
+    void ilModelloNasceProtetto();
+    void protettaEVecchia();
+    void protettaEVecchiaADiscoPieno();
+    void restiDiAltreNote();
+    void unMortoNonSiAspetta();
+    void ilTurnoLasciatoSiDice();
+    void ilTurnoLasciatoSiToglie_data();
+    void ilTurnoLasciatoSiToglie();
+
+private:
+    /// A template from before a column came.
+    void Invecchia() const;
+
+    QString Cartella;
+    QString File;
+    mode_t Prima = 022;
+};
+PROVA(TestPosaFile);
+
+void TestPosaFile::init()
+{
+    guasti::AttesaTurnoMs = 200;
+    Cartella = NuovaCartella();
+    File = Cartella + u"nota.mdb"_s;
+    Prima = ::umask(0);
+}
+
+void TestPosaFile::cleanup()
+{
+    guasti::AttesaTurnoMs = 3000;
+    guasti::LimitePagine = 0;
+    ::umask(Prima);
+}
+
+void TestPosaFile::Invecchia() const
+{
+    ScriviNota(File, NotaPiena());
+    EseguiSu(File, u"ALTER TABLE ParcellaParam DROP COLUMN SpeseGen"_s);
+    ImpostaModo(File, 0444);
+}
+
+void TestPosaFile::diChiENuova_data()
+{
+    QTest::addColumn<int>("DellaCartella");
+    QTest::addColumn<int>("Atteso");
+    QTest::newRow("the user's folder") << 0755 << 0600;
+    QTest::newRow("an office's folder") << 0770 << 0660;
+}
+
+void TestPosaFile::diChiENuova()
+{
+    QFETCH(int, DellaCartella);
+    const Studio Ufficio;
+    const Registratore Messaggi;
+    ImpostaModo(Cartella, mode_t(DellaCartella));
+    ScriviNota(File, NotaCivile());
+    QTEST(Modo(File), "Atteso");
+    ScriviNota(Cartella + u"copia.mdb"_s, NotaCivile(), false, Lettori::SoloUtente);
+    QCOMPARE(Modo(Cartella + u"copia.mdb"_s), 0600);
+}
+
+void TestPosaFile::restaDiChiEra_data()
+{
+    QTest::addColumn<int>("Era");
+    QTest::newRow("the user's") << 0600;
+    QTest::newRow("an office's") << 0664;
+}
+
+void TestPosaFile::restaDiChiEra()
+{
+    QFETCH(int, Era);
+    const Studio Ufficio;
+    const Registratore Messaggi;
+    ScriviNota(File, NotaCivile());
+    ImpostaModo(File, mode_t(Era));
+    ScriviNota(File, NotaCivile());
+    QCOMPARE(Modo(File), Era);
+}
+
+void TestPosaFile::ilCollegamentoResta()
+{
+    const Studio Ufficio;
+    const Registratore Messaggi;
+    ScriviNota(File, NotaCivile());
+    const QString Altrove = NuovaCartella();
+    const QString Nome = Altrove + u"link.mdb"_s;
+    QVERIFY(QFile::link(File, Nome));
+    Parcella Cambiata = NotaCivile();
+    Cambiata.txtCliente.Testo = u"Cambiato"_s;
+    ScriviNota(Nome, Cambiata);
+    QVERIFY(QFileInfo(Nome).isSymLink());
+    QCOMPARE(Parametro(File, u"Cliente"_s).toString(), u"Cambiato"_s);
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"nota.mdb"_s});
+    QCOMPARE(ContenutoDi(Altrove), QStringList{u"link.mdb"_s});
+}
+
+void TestPosaFile::ilModelloNasceProtetto()
+{
+    const Studio Ufficio;
+    const Registratore Messaggi;
+    ScriviNota(File, NotaCivile(), true);
+    QCOMPARE(Modo(File), 0400);
+    QCOMPARE(NumeroErrore([&] { ScriviNota(File, NotaCivile()); }), 70);
+}
+
+void TestPosaFile::protettaEVecchia()
+{
+    const Studio Ufficio;
+    const Registratore Messaggi;
+    Invecchia();
+    const auto Numero = QFileInfo(File).size();
+    Parcella Letta;
+    CaricaDati(Letta, File);
+    QCOMPARE(Letta.txtCliente.Testo, u"Rossi Mario"_s);
+    QVERIFY(!DaAggiornare(File));
+    QCOMPARE(Modo(File), 0444);
+    QVERIFY(Numero > 0);
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"nota.mdb"_s});
+}
+
+void TestPosaFile::protettaEVecchiaADiscoPieno()
+{
+    const Studio Ufficio;
+    const Registratore Messaggi;
+    Invecchia();
+    const QByteArray Intera = LeggiFile(File);
+    Parcella Letta;
+    {
+        const LimiteDiScrittura Pieno{rlim_t(Intera.size() / 2)};
+        QVERIFY(NumeroErrore([&] { CaricaDati(Letta, File); }) != 0);
+    }
+    QVERIFY(LeggiFile(File) == Intera);
+    QCOMPARE(Modo(File), 0444);
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"nota.mdb"_s});
+    CaricaDati(Letta, File);
+    QCOMPARE(Letta.txtCliente.Testo, u"Rossi Mario"_s);
+}
+
+void TestPosaFile::restiDiAltreNote()
+{
+    const Studio Ufficio;
+    const Registratore Messaggi;
+    const QStringList Resti{u".~altra.mdb.tmp"_s, u".~altra.mdb.tmp-journal"_s, u".~altra.mdb.turno"_s,
+                            u".~altra.mdb.turno.rmlock"_s, u".~terza.mdb.tmp"_s};
+    for (const QString& Resto : Resti)
+        ScriviFile(Cartella + Resto, DiUnMorto);
+    const QStringList DiAltri{u".~appunti.tmp"_s, u"altra.mdb.tmp"_s, u".~viva.mdb.tmp"_s,
+                              u".~viva.mdb.turno"_s};
+    for (const QString& Altrui : DiAltri)
+        if (!Altrui.endsWith(u"turno"))
+            ScriviFile(Cartella + Altrui, "x");
+    FileBlocco Viva(Cartella + u".~viva.mdb.turno"_s);
+    QCOMPARE(Viva.Prendi(0), FileBlocco::Esito::Preso);
+    ScriviNota(File, NotaCivile());
+    QStringList Rimasti = DiAltri + QStringList{u"nota.mdb"_s};
+    Rimasti.sort();
+    QStringList Trovati = ContenutoDi(Cartella);
+    Trovati.sort();
+    QCOMPARE(Trovati, Rimasti);
+}
+
+void TestPosaFile::unMortoNonSiAspetta()
+{
+    const Studio Ufficio;
+    const Registratore Messaggi;
+    guasti::AttesaTurnoMs = 20000;
+    for (const QString& Resto : {u".~nota.mdb.tmp"_s, u".~nota.mdb.tmp-journal"_s, u".~nota.mdb.turno"_s})
+        ScriviFile(Cartella + Resto, DiUnMorto);
+    ScriviFile(Cartella + u".~nota.mdb.turno.rmlock"_s, {});
+    QElapsedTimer Orologio;
+    Orologio.start();
+    ScriviNota(File, NotaCivile());
+    QVERIFY2(Orologio.elapsed() < 10000, qPrintable(QString::number(Orologio.elapsed())));
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"nota.mdb"_s});
+}
+
+void TestPosaFile::ilTurnoLasciatoSiDice()
+{
+    const Studio Ufficio;
+    const Registratore Messaggi;
+    const QString Turno = Cartella + u".~nota.mdb.turno"_s;
+    ScriviFile(Turno, DiAltraMacchina);
+    QVERIFY2(!TurnoAbbandonato(File), "perhaps somebody saves there just now");
+    ImpostaDataFile(Turno, QDateTime(QDate(2020, 1, 3), QTime(10, 30)));
+    try {
+        ScriviNota(File, NotaCivile());
+        QFAIL("saved under somebody else's lock");
+    } catch (const Errore& Guasto) {
+        QCOMPARE(Guasto.Numero, 3260);
+        QCOMPARE(
+            Guasto.Descrizione,
+            u"Il salvataggio è trattenuto dal file .~nota.mdb.turno, nella cartella "_s + Cartella +
+                u", lasciato dal computer segreteria il 03/01/2020 alle 10:30: se nessuno sta salvando, si "
+                u"può eliminare"_s);
+    }
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u".~nota.mdb.turno"_s});
+}
+
+void TestPosaFile::ilTurnoLasciatoSiToglie_data()
+{
+    QTest::addColumn<QByteArray>("Contenuto");
+    QTest::addColumn<QString>("DaChi");
+    QTest::addColumn<int>("Risposta");
+    QTest::addColumn<bool>("Salvata");
+    QTest::newRow("another machine's, yes")
+        << DiAltraMacchina << u"dal computer segreteria"_s << int(vbYes) << true;
+    QTest::newRow("another machine's, no")
+        << DiAltraMacchina << u"dal computer segreteria"_s << int(vbNo) << false;
+    QTest::newRow("nobody can read it") << QByteArray("@@@") << u"non si sa da chi"_s << int(vbYes) << true;
+}
+
+void TestPosaFile::ilTurnoLasciatoSiToglie()
+{
+    QFETCH(QByteArray, Contenuto);
+    QFETCH(QString, DaChi);
+    QFETCH(int, Risposta);
+    QFETCH(bool, Salvata);
+    const Studio Ufficio;
+    Registratore Messaggi;
+    const QString Turno = Cartella + u".~nota.mdb.turno"_s;
+    ScriviFile(Turno, Contenuto);
+    ImpostaDataFile(Turno, QDateTime(QDate(2020, 1, 3), QTime(10, 30)));
+    Parcella Nota = NotaCivile();
+    Messaggi.AttendiSalva(File);
+    Messaggi.Attendi(u"Il salvataggio è trattenuto dal file .~nota.mdb.turno, nella cartella "_s + Cartella +
+                         u", lasciato "_s + DaChi +
+                         u" il 03/01/2020 alle 10:30.\nSe nessuno sta salvando la parcella, il file si può "
+                         u"eliminare.\nEliminarlo e salvare?"_s,
+                     Risposta, u"Domanda:"_s);
+    QCOMPARE(SalvaConDialogo(Nota, false).has_value(), Salvata);
+    QCOMPARE(EsisteFile(File), Salvata);
+    QCOMPARE(EsisteFile(Turno), !Salvata);
+}
+
+#include "TestPosaFile.moc"
