@@ -116,7 +116,14 @@ public:
         if (Premuto->key() != Qt::Key_F1 || Premuto->modifiers() != Qt::NoModifier)
             return false;
         if (!Premuto->isAutoRepeat())
-            Protetta([&] { ApriGuida(PaginaDellaGuida(static_cast<QWidget*>(Oggetto))); });
+            Protetta([&] {
+                const QString Pagina = PaginaDellaGuida(static_cast<QWidget*>(Oggetto));
+                // An open list or menu keeps mouse and keys to itself.
+                while (QWidget* Aperto = QApplication::activePopupWidget())
+                    if (!Aperto->close())
+                        break;
+                ApriGuida(Pagina);
+            });
         return true;
     }
 };

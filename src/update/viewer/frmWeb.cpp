@@ -25,7 +25,7 @@ namespace {
 
 constexpr int LarghezzaGuida = 960;
 constexpr int AltezzaGuida = 640;
-constexpr int LarghezzaIndice = 250;
+constexpr int LarghezzaIndice = 264;
 
 /// Only that the file is there counts; what stands in it is never read.
 void ScriviMarcatore(const QString& Radice)

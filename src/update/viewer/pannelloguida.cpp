@@ -3,7 +3,6 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -44,9 +43,7 @@ PannelloGuida::PannelloGuida(QWidget* Padre)
     treIndice->setHeaderHidden(true);
     treIndice->setColumnCount(1);
     treIndice->setExpandsOnDoubleClick(false);  // a click does
-    // Long titles are read whole by scrolling, never cut.
-    treIndice->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    treIndice->header()->setStretchLastSection(false);
+    treIndice->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     lstTrovati->setObjectName(u"lstTrovati"_s);
     lstTrovati->setAccessibleName(u"Risultati"_s);
     lstTrovati->setWordWrap(true);
@@ -79,6 +76,7 @@ void PannelloGuida::Prepara(const QString& Cartella)
 
 void PannelloGuida::RiempiIndice()
 {
+    Aperto = nullptr;
     treIndice->clear();
     QTreeWidgetItem* Capitolo = nullptr;
     for (const PaginaGuida& Pagina : Letto.Pagine()) {
@@ -89,6 +87,7 @@ void PannelloGuida::RiempiIndice()
             Capitolo->setFont(0, Grassetto);
         }
         auto* Voce = new QTreeWidgetItem(Capitolo, {Pagina.Titolo});
+        Voce->setToolTip(0, Pagina.Titolo);  // read whole where the panel is narrow
         Voce->setData(0, RuoloMeta, Pagina.File);
     }
 }
@@ -100,7 +99,12 @@ void PannelloGuida::Segna(const QString& File)
         for (int p = 0; p < Capitolo->childCount(); ++p) {
             if (Capitolo->child(p)->data(0, RuoloMeta).toString() != File)
                 continue;
-            Capitolo->setExpanded(true);
+            if (Aperto && Aperto != Capitolo)
+                Aperto->setExpanded(false);
+            if (!Capitolo->isExpanded()) {
+                Capitolo->setExpanded(true);
+                Aperto = Capitolo;
+            }
             treIndice->setCurrentItem(Capitolo->child(p));
             treIndice->scrollToItem(Capitolo->child(p));
             return;
@@ -111,11 +115,14 @@ void PannelloGuida::Segna(const QString& File)
 
 void PannelloGuida::Cerca(const QString& Testo)
 {
-    if (!Testo.isEmpty())
-        txtGuida->setText(Testo);
-    txtGuida->setFocus(Qt::ShortcutFocusReason);
-    if (Testo.isEmpty())
+    if (Testo.isEmpty()) {
+        txtGuida->setFocus(Qt::ShortcutFocusReason);
         txtGuida->selectAll();
+        return;
+    }
+    // A focus that came by a key would select the letter, and the next one would take its place.
+    txtGuida->setFocus(Qt::OtherFocusReason);
+    txtGuida->setText(Testo);
 }
 
 void PannelloGuida::txtGuida_Change()

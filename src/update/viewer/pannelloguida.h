@@ -43,6 +43,7 @@ private:
     ElencoGuida Letto;
     QString Letta;  ///< folder that the list was read from
     QLineEdit* txtGuida = nullptr;
+    QTreeWidgetItem* Aperto = nullptr;  ///< chapter that was opened for its page, and closes with it
     QStackedWidget* Fogli = nullptr;
     QTreeWidget* treIndice = nullptr;
     QListWidget* lstTrovati = nullptr;

@@ -10,7 +10,9 @@
 #include "update/viewer/frmWeb.h"
 #include "update/viewer/pagina.h"
 
+#include <QAbstractItemView>
 #include <QColorDialog>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
@@ -46,6 +48,7 @@ private Q_SLOTS:
     void conModificatori();
     void sopraUnaFinestraModale();
     void conLaSuaFinestraModale();
+    void listaAperta();
     void nellaGuida();
     void guidaMancante();
     void comandiDelleGuide();
@@ -290,6 +293,20 @@ void TestTastoGuida::conLaSuaFinestraModale()
     QWidget Altra;
     QTest::keyClick(&Altra, Qt::Key_F1);
     QCOMPARE(InVista(), u"indice"_s);
+}
+
+void TestTastoGuida::listaAperta()
+{
+    const Registratore Box;
+    EseguiComando(u"inter"_s, 0, {});
+    auto* Lista = SeCaricato<frmInteressi>->findChild<QComboBox*>(u"cmbInteressi"_s);
+    QVERIFY(Lista && MostraAttiva(*SeCaricato<frmInteressi>));
+    Lista->showPopup();
+    QVERIFY(QApplication::activePopupWidget());
+    QTest::keyClick(Lista->view(), Qt::Key_F1);
+    QVERIFY(!QApplication::activePopupWidget());
+    QCOMPARE(InVista(), u"frmInteressi"_s);
+    SeCaricato<frmInteressi>->close();
 }
 
 void TestTastoGuida::nellaGuida()

@@ -200,6 +200,8 @@ void TestGuidaVisore::indice()
     Indice()->setCurrentItem(Indice()->topLevelItem(1)->child(0));
     QTest::keyClick(Indice(), Qt::Key_Return);
     QCOMPARE(InVista(), u"tre.htm"_s);
+    // A chapter that was opened for its page closes with it.
+    QVERIFY(!Indice()->topLevelItem(0)->isExpanded() && Indice()->topLevelItem(1)->isExpanded());
 }
 
 void TestGuidaVisore::capitoloApertoEChiuso()
@@ -273,6 +275,7 @@ void TestGuidaVisore::letteraCominciaLaRicerca()
     QVERIFY(Casella()->hasFocus());
     QCOMPARE(Casella()->text(), u"t"_s);
     QTest::keyClicks(Casella(), u"asso"_s);
+    QCOMPARE(Casella()->text(), u"tasso"_s);
     QCOMPARE(Trovati()->count(), 1);
     // A sheet has nothing to search in: the letter does nothing there.
     W->close();
