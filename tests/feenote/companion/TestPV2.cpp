@@ -3,9 +3,12 @@
 
 #include "compagna/archivio.h"
 #include "feenote/companion/modPV2.h"
+#include "platform/accesso/accesso.h"
+#include "platform/base/errore.h"
 #include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/shell.h"
+#include "supporto/scrittoreaccess.h"
 
 #include <limits>
 
@@ -72,6 +75,7 @@ private Q_SLOTS:
     void senzaArchivio();
     void archivioGuasto_data();
     void archivioGuasto();
+    void archivioDiAccess();
     void consegnaSoloLeFatture_data();
     void consegnaSoloLeFatture();
     void consegnaSenzaNumero_data();
@@ -327,6 +331,26 @@ void TestPV2::senzaArchivio()
     SalvaFatturaPV2(Contatore);
     QVERIFY(Aggiunte().isEmpty());
     QCOMPARE(Clessidre, QString());
+}
+
+/// The archive of a companion that keeps it in Access: it is read, and never written.
+void TestPV2::archivioDiAccess()
+{
+    FileScritto Come = AccessDa(File);
+    File = ScriviAccess(Ufficio->File(u"access.mdb"_s), Come);
+    sessione::ArchivioPrat = File;
+    const QByteArray Prima = LeggiFile(File);
+    Registratore Voce;
+    Voce.Attendi(Guasto, vbOK, u"Errore!"_s);
+    SalvaFatturaPV2(Contatore);
+    QCOMPARE(LeggiFile(File), Prima);
+    QCOMPARE(ApriArchivio(File).OpenRecordset(u"Fatture"_s).RecordCount(), 1);
+    try {
+        ApriArchivio(File).Execute(u"UPDATE Fatture SET CorriF=0"_s);
+        QFAIL("written");
+    } catch (const Errore& Fallito) {
+        QCOMPARE(Fallito.Numero, errori::DatabaseSolaLettura);
+    }
 }
 
 void TestPV2::archivioGuasto_data()

@@ -1,0 +1,207 @@
+// The copies that serve in the place of Access files: made once, private, swept.
+#include "platform/accesso/accesso.h"
+#include "platform/accesso/copie.h"
+#include "platform/base/errore.h"
+#include "supporto/prova.h"
+#include "supporto/scrittoreaccess.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QScopedValueRollback>
+
+#include <thread>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+FileScritto Con(const QString& Nome)
+{
+    return {.Tabelle = {{.Nome = u"clienti"_s,
+                         .Colonne = {{.Nome = u"ID"_s, .Tipo = tipoaccess::Lungo, .Contatore = true},
+                                     {.Nome = u"Nominativo"_s}},
+                         .Righe = {{1, Nome}}}}};
+}
+
+QString Nominativo(const QString& Archivio)
+{
+    return ApriArchivio(Archivio).OpenRecordset(u"clienti"_s).Value(u"Nominativo"_s).toString();
+}
+
+void Invecchia(const QString& File, int Giorni)
+{
+    QFile Aperto(File);
+    QVERIFY(Aperto.open(QIODevice::ReadOnly));
+    QVERIFY(Aperto.setFileTime(QDateTime::currentDateTimeUtc().addDays(-Giorni),
+                               QFileDevice::FileModificationTime));
+}
+
+}  // namespace
+
+class TestCopie : public QObject
+{
+    Q_OBJECT
+
+    QString Archivio;
+    QString Copie;
+
+    QStringList Tenute() const { return QDir(Copie).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
+
+private Q_SLOTS:
+    void init()
+    {
+        Archivio = ScriviAccess(NuovaCartella() + u"Studio.mdb"_s, Con(u"Rossi"_s));
+        Copie = NuovaCartella() + u"copie/"_s;
+        accesso::CartellaCopie = Copie;
+    }
+    void cleanup() { accesso::CartellaCopie.clear(); }
+
+    void unaPerStato()
+    {
+        QCOMPARE(Nominativo(Archivio), u"Rossi"_s);
+        QCOMPARE(Tenute().size(), 1);
+        {
+            const QScopedValueRollback Senza(accesso::Programma, u"/bin/false"_s);
+            QCOMPARE(Nominativo(Archivio), u"Rossi"_s);
+        }
+        ScriviAccess(Archivio, Con(u"Un altro nome"_s));
+        Invecchia(Archivio, 3);
+        QCOMPARE(Nominativo(Archivio), u"Un altro nome"_s);
+        QCOMPARE(Tenute().size(), 2);
+    }
+
+    void soloSue()
+    {
+        (void)CopiaNativa(Archivio);
+        QCOMPARE(QFile::permissions(Copie) & (QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
+                                              QFile::ReadOther | QFile::WriteOther | QFile::ExeOther),
+                 QFile::Permissions());
+    }
+
+    void laCopiaSiLeggeSoltanto()
+    {
+        const Database Db = ApriArchivio(Archivio);
+        QVERIFY(Db.DiSolaLettura());
+        try {
+            Db.Execute(u"DELETE FROM clienti"_s);
+            QFAIL("written");
+        } catch (const Errore& Guasto) {
+            QCOMPARE(Guasto.Numero, errori::DatabaseSolaLettura);
+        }
+        QCOMPARE(Nominativo(Archivio), u"Rossi"_s);
+    }
+
+    void unNativoRestaSe()
+    {
+        const QString Nativo = NuovaCartella() + u"n.mdb"_s;
+        {
+            const Database Db = CreateDatabase(Nativo);
+            Db.CreaTabella(u"clienti"_s, {{u"Nominativo"_s, TipoCampo::Testo, 60, {}, false}});
+        }
+        QCOMPARE(CopiaNativa(Nativo), Nativo);
+        QVERIFY(!ApriArchivio(Nativo).DiSolaLettura());
+        QVERIFY(Tenute().isEmpty());
+        QVERIFY(!EDiAccess(Nativo));
+        QVERIFY(!EDiAccess(Nativo + u"x"_s));
+        QVERIFY(!EDiAccess(NuovaCartella()));
+        try {
+            (void)ApriArchivio(Nativo + u"x"_s);
+            QFAIL("a missing file is open");
+        } catch (const Errore& Guasto) {
+            QCOMPARE(Guasto.Numero, errori::DatabaseMancante);
+        }
+    }
+
+    /// A copy that a loss of power has cut is made again.
+    void copiaTagliata()
+    {
+        const QString Copia = CopiaNativa(Archivio);
+        QVERIFY(QFile::resize(Copia, QFile(Copia).size() / 2));
+        QCOMPARE(Nominativo(Archivio), u"Rossi"_s);
+        QVERIFY(QFile::resize(Copia, 0));
+        QCOMPARE(Nominativo(Archivio), u"Rossi"_s);
+    }
+
+    /// A file that was refused is not read again until it changes.
+    void ilRifiutoSiRicorda()
+    {
+        QFile File(Archivio);
+        QVERIFY(File.resize(5000));
+        QVERIFY_THROWS_EXCEPTION(Errore, (void)CopiaNativa(Archivio));
+        const QScopedValueRollback Senza(accesso::Programma, u"/bin/false"_s);
+        try {
+            (void)CopiaNativa(Archivio);
+            QFAIL("taken");
+        } catch (const Errore& Guasto) {
+            QCOMPARE(Guasto.Descrizione, u"Il file non è intero: copiarlo di nuovo dall'originale"_s);
+        }
+    }
+
+    void siSpazza()
+    {
+        const QString Vecchia = CopiaNativa(Archivio);
+        ScriviAccess(Archivio, Con(u"Bianchi"_s));
+        Invecchia(Archivio, 5);
+        const QString Nuova = CopiaNativa(Archivio);
+        Invecchia(Vecchia, 31);
+        Invecchia(Nuova, 29);
+        QFile Resto(Copie + u".~1.x.mdb.tmp"_s);
+        QVERIFY(Resto.open(QIODevice::WriteOnly));
+        Resto.close();
+        SpazzaCopie();
+        QVERIFY(!QFile::exists(Vecchia));
+        QVERIFY(QFile::exists(Nuova));
+        QVERIFY2(Resto.exists(), "of a conversion that may still run");
+        Invecchia(Resto.fileName(), 2);
+        SpazzaCopie();
+        QVERIFY(!Resto.exists());
+        // A copy that is used is young again.
+        (void)CopiaNativa(Archivio);
+        QVERIFY(QFileInfo(Nuova).lastModified().daysTo(QDateTime::currentDateTime()) < 1);
+    }
+
+    void traTroppeLePiuVecchie()
+    {
+        QStringList Fatte;
+        for (int i = 0; i < 4; ++i) {
+            ScriviAccess(Archivio, Con(u"Nome %1"_s.arg(i)));
+            Invecchia(Archivio, 10 + i);
+            Fatte += CopiaNativa(Archivio);
+        }
+        for (int i = 0; i < 4; ++i)
+            Invecchia(Fatte[i], 20 - i);
+        const QScopedValueRollback Poco(accesso::MassimoCopie, 2 * QFileInfo(Fatte[0]).size());
+        SpazzaCopie();
+        QVERIFY(!QFile::exists(Fatte[0]));
+        QVERIFY(!QFile::exists(Fatte[1]));
+        QVERIFY(QFile::exists(Fatte[2]));
+        QVERIFY(QFile::exists(Fatte[3]));
+    }
+
+    /// Several threads ask for the same and for other files at once.
+    void piuFili()
+    {
+        QStringList File;
+        for (int i = 0; i < 6; ++i)
+            File += ScriviAccess(NuovaCartella() + u"n.mdb"_s, Con(u"Nome %1"_s.arg(i)));
+        std::vector<QStringList> Avute(4);
+        std::vector<std::thread> Fili;
+        for (size_t i = 0; i < Avute.size(); ++i)
+            Fili.emplace_back([&, i] {
+                for (const QString& Uno : File)
+                    Avute[i] += CopiaNativa(Uno);
+            });
+        for (std::thread& Filo : Fili)
+            Filo.join();
+        for (const QStringList& Una : Avute)
+            QCOMPARE(Una, Avute[0]);
+        QCOMPARE(Tenute().size(), 6);
+        for (int i = 0; i < 6; ++i)
+            QCOMPARE(Nominativo(File[i]), u"Nome %1"_s.arg(i));
+    }
+};
+
+PROVA(TestCopie);
+#include "TestCopie.moc"
