@@ -3,6 +3,27 @@
 #include "addressbook/testirubrica.h"
 #include "platform/accesso/accesso.h"
 
+namespace {
+
+/// The rows that a filter leaves of a table.
+Recordset Filtrate(const Database& Archivio, const Recordset& Tutte, const QString& Testo)
+{
+    const Filtro Parole(Testo);
+    if (Parole.Vuoto())
+        return Tutte;
+    TestiRubrica Testi;
+    Testi.Imposta(Archivio, Tutte, ColonneRubrica(Tutte.Campi()));
+    return Tutte.Ristretto(Testi.Cerca(Parole));
+}
+
+}  // namespace
+
+Recordset RigheRubrica(const QString& DataSource, const QString& Tabella, const QString& Testo)
+{
+    const Database Archivio = ApriArchivio(FileRubrica(DataSource), true);
+    return Filtrate(Archivio, Archivio.OpenRecordset(SqlRubrica(Tabella)), Testo);
+}
+
 ElencoRubrica ElencaRubrica(const QString& DataSource, const QString& Tabella, const QString& Testo)
 {
     const Database Archivio = ApriArchivio(FileRubrica(DataSource), true);
@@ -12,13 +33,7 @@ ElencoRubrica ElencaRubrica(const QString& DataSource, const QString& Tabella, c
     Elenco.Tutte = Tutte.RecordCount();
     for (const ColonnaRubrica& Colonna : Colonne)
         Elenco.Campi.append(Colonna.Nome);
-    Recordset Righe = Tutte;
-    if (const Filtro Parole(Testo); !Parole.Vuoto()) {
-        TestiRubrica Testi;
-        Testi.Imposta(Archivio, Tutte, Colonne);
-        Righe = Tutte.Ristretto(Testi.Cerca(Parole));
-    }
-    for (; !Righe.Eof(); Righe.MoveNext()) {
+    for (Recordset Righe = Filtrate(Archivio, Tutte, Testo); !Righe.Eof(); Righe.MoveNext()) {
         QStringList Celle;
         for (const ColonnaRubrica& Colonna : Colonne)
             Celle.append(TestoCella(Righe.Value(Colonna.Nome), Colonna));

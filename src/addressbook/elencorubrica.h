@@ -1,6 +1,8 @@
 // The rows of an archive as the browser shows them, in one list.
 #pragma once
 
+#include "platform/database/recordset.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -17,3 +19,5 @@ struct ElencoRubrica
 /// @throws Errore as OpenDatabase and Database::OpenRecordset
 [[nodiscard]] ElencoRubrica ElencaRubrica(const QString& DataSource, const QString& Tabella,
                                           const QString& Testo);
+/// The rows themselves. @throws Errore as ElencaRubrica
+[[nodiscard]] Recordset RigheRubrica(const QString& DataSource, const QString& Tabella, const QString& Testo);

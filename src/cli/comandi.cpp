@@ -103,16 +103,19 @@ const ComandoCli* CercaComando(const QString& Nome)
 QString Aiuto()
 {
     QString Testo = u"Uso: calcanova-cli [--programma DIR] [--utente DIR] [--json] [--batch] [--righe] "
-                    "[--multipla NOTA [--prima]] [--archivio FILE] COMANDO VALORI...\n\n"_s;
+                    "[--multipla NOTA [--prima]] [--archivio FILE] [--in TABELLA [--prova]] "
+                    "[--csv FILE | --vcard FILE] COMANDO VALORI...\n\n"_s;
     for (const ComandoCli& Comando : ComandiCli())
         Testo += u"  "_s + Comando.Nome.toString().leftJustified(12) + Comando.Valori.toString() + u'\n';
     return Testo +
            u"\nCon --batch i casi arrivano dallo standard input, uno per riga, i valori separati da \";\".\n"_s;
 }
 
-void ControllaNumero(const ComandoCli& Comando, const QStringList& Valori)
+/// @param NellArchivio the names of a file go into the archive, and no further file is named
+void ControllaNumero(const ComandoCli& Comando, const QStringList& Valori, bool NellArchivio)
 {
-    if (Valori.size() < Comando.Minimo || Valori.size() > Comando.Massimo)
+    if (Valori.size() < (NellArchivio ? 1 : Comando.Minimo) ||
+        Valori.size() > (NellArchivio ? 1 : Comando.Massimo))
         throw ErroreUso{u"Uso: calcanova-cli %1 %2"_s.arg(Comando.Nome, Comando.Valori)};
 }
 
@@ -191,6 +194,10 @@ Risposta DaSolo(const QStringList& Valori)
 
 Risposta Esegui(const ComandoCli& Comando, const RigaComando& Chiamata, const QStringList& Valori)
 {
+    if (!Chiamata.In.isEmpty())
+        return Comando.InArchivio(Valori, Chiamata.In, Chiamata.Prova);
+    if (!Chiamata.Esporta.isEmpty())
+        return Comando.InFile(Valori, Chiamata.Esporta, Chiamata.InSchede);
     return Chiamata.Multipla.isEmpty() ? Comando.Esegui(Valori)
                                        : Comando.ConMultipla(Valori, {Chiamata.Multipla, Chiamata.Prima});
 }
@@ -199,7 +206,7 @@ int EseguiUno(const ComandoCli& Comando, const RigaComando& Chiamata, VoceCli& V
               const std::function<void(const QByteArray&)>& Uscita,
               const std::function<void(const QByteArray&)>& Guasti)
 {
-    ControllaNumero(Comando, Chiamata.Valori);
+    ControllaNumero(Comando, Chiamata.Valori, !Chiamata.In.isEmpty());
     try {
         const Risposta Esito = Esegui(Comando, Chiamata, Chiamata.Valori);
         Uscita(Riga(Esito, Chiamata));
@@ -215,7 +222,7 @@ Risposta RispostaCaso(const ComandoCli& Comando, const RigaComando& Chiamata, co
 {
     try {
         const QStringList Valori = DividiCaso(Caso, Comando.DivideAllUltimo);
-        ControllaNumero(Comando, Valori);
+        ControllaNumero(Comando, Valori, !Chiamata.In.isEmpty());
         return Esegui(Comando, Chiamata, Valori);
     } catch (const ErroreUso& Uso) {
         return {u"errore: "_s + Uso.Testo, {{u"errore"_s, Uso.Testo}}, true};
@@ -260,8 +267,20 @@ std::span<const ComandoCli> ComandiCli()
         ComandoCli{u"stampa", u"NOTA.mdb TIPO USCITA.txt|.pdf|.doc|.htm", 3, 3, false, DaSolo<ComandoStampa>,
                    false, ComandoStampa},
         ComandoCli{u"trova", u"CARTELLA [TESTO [SOTTOCARTELLE]]", 1, 3, false, ComandoTrova},
-        ComandoCli{u"rubrica", u"TABELLA [TESTO]", 1, 2, false, ComandoRubrica},
-        ComandoCli{u"importa", u"FILE USCITA", 2, 2, false, ComandoImporta},
+        ComandoCli{.Nome = u"rubrica",
+                   .Valori = u"TABELLA [TESTO]",
+                   .Minimo = 1,
+                   .Massimo = 2,
+                   .DivideAllUltimo = false,
+                   .Esegui = ComandoRubrica,
+                   .InFile = ComandoEsporta},
+        ComandoCli{.Nome = u"importa",
+                   .Valori = u"FILE USCITA | FILE --in TABELLA",
+                   .Minimo = 2,
+                   .Massimo = 2,
+                   .DivideAllUltimo = false,
+                   .Esegui = ComandoImporta,
+                   .InArchivio = ComandoImportaIn},
         ComandoCli{u"termini", u"DECORRENZA NUMERO TIPO [SOSPENSIONE [LIBERO [SABATO [VERSO]]]]", 3, 7, false,
                    ComandoTermini},
         ComandoCli{u"sequenziali", u"UDIENZA ARTICOLO [SOSPENSIONE [SABATO]]", 2, 4, false,
@@ -319,6 +338,10 @@ int EseguiCli(const QStringList& Argomenti, const std::function<QByteArray()>& I
             throw ErroreUso{u"L'opzione --righe non vale per il comando %1"_s.arg(Comando->Nome)};
         if (!Chiamata.Multipla.isEmpty() && !Comando->ConMultipla)
             throw ErroreUso{u"L'opzione --multipla non vale per il comando %1"_s.arg(Comando->Nome)};
+        if (!Chiamata.In.isEmpty() && !Comando->InArchivio)
+            throw ErroreUso{u"L'opzione --in non vale per il comando %1"_s.arg(Comando->Nome)};
+        if (!Chiamata.Esporta.isEmpty() && (!Comando->InFile || Chiamata.Batch))
+            throw ErroreUso{u"Le opzioni --csv e --vcard non valgono per il comando %1"_s.arg(Comando->Nome)};
         VoceCli Voce(Guasti);
         PreparaSessione(Chiamata);
         (void)Voce.Guasto();  // a setting that is off is told, but is no failure of the command

@@ -39,6 +39,10 @@ struct ComandoCli
     bool HaRighe = false;  ///< --righe means something to it
     /// The same command with another note joined to its own; none where --multipla means nothing to it.
     std::function<Risposta(const QStringList& Valori, const NotaMultipla& Altra)> ConMultipla = {};
+    /// The same command for the session's archive; none where --in means nothing to it.
+    std::function<Risposta(const QStringList& Valori, const QString& Tabella, bool Prova)> InArchivio = {};
+    /// The same command into a file; none where --csv and --vcard mean nothing to it.
+    std::function<Risposta(const QStringList& Valori, const QString& File, bool InSchede)> InFile = {};
 };
 
 /// The table of commands, in the order of the help.
@@ -53,6 +57,11 @@ struct ComandoCli
 
 /// The names of the office's archive, or of the one that --archivio names.
 [[nodiscard]] Risposta ComandoRubrica(const QStringList& Valori);
+/// The same names into a file that this user alone may read, rows of a spreadsheet or cards.
+[[nodiscard]] Risposta ComandoEsporta(const QStringList& Valori, const QString& File, bool InSchede);
+/// The names of a file, whatever has written it, into a table of the session's archive; those that it has
+/// stay as they are.
+[[nodiscard]] Risposta ComandoImportaIn(const QStringList& Valori, const QString& Tabella, bool Prova);
 
 /// A file of Access as a native one.
 [[nodiscard]] Risposta ComandoImporta(const QStringList& Valori);

@@ -2,7 +2,9 @@
 #include "cli/comandi.h"
 
 #include "addressbook/elencorubrica.h"
+#include "addressbook/exchange/esporta.h"
 #include "core/sessione.h"
+#include "platform/system/privato.h"
 
 #include <QJsonArray>
 
@@ -25,4 +27,12 @@ Risposta ComandoRubrica(const QStringList& Valori)
     }
     Righe += u"%1 di %2"_s.arg(Elenco.Righe.size()).arg(Elenco.Tutte);
     return {Righe.join(u'\n'), {{u"nominativi"_s, Nominativi}, {u"tutti"_s, Elenco.Tutte}}, false};
+}
+
+Risposta ComandoEsporta(const QStringList& Valori, const QString& File, bool InSchede)
+{
+    const Recordset Righe = RigheRubrica(sessione::ArchivioCliCon, Valori[0], Valori.value(1));
+    ScriviFilePrivato(File, EsportaNominativi(Righe, InSchede ? FormatoEsporta::Vcard : FormatoEsporta::Csv));
+    const int Quanti = Righe.RecordCount();
+    return {QString::number(Quanti), {{u"esportati"_s, Quanti}, {u"file"_s, File}}, false};
 }

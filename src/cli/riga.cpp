@@ -33,7 +33,14 @@ RigaComando LeggiRiga(const QStringList& Argomenti)
             Riga.Archivio = PercorsoNativo(Seguente(u"file"_s));
         else if (Opzioni && Parola == u"--multipla")
             Riga.Multipla = Seguente(u"parcella"_s);
-        else if (Opzioni && Parola == u"--prima")
+        else if (Opzioni && Parola == u"--in")
+            Riga.In = Seguente(u"tabella"_s);
+        else if (Opzioni && Parola == u"--prova")
+            Riga.Prova = true;
+        else if (Opzioni && (Parola == u"--csv" || Parola == u"--vcard")) {
+            Riga.Esporta = PercorsoNativo(Seguente(u"destinazione"_s));
+            Riga.InSchede = Parola == u"--vcard";
+        } else if (Opzioni && Parola == u"--prima")
             Riga.Prima = true;
         else if (Opzioni && Parola.startsWith(u"--"))
             throw ErroreUso{u"Opzione sconosciuta: %1"_s.arg(Parola)};
@@ -44,6 +51,8 @@ RigaComando LeggiRiga(const QStringList& Argomenti)
     }
     if (Riga.Prima && Riga.Multipla.isEmpty())
         throw ErroreUso{u"L'opzione --prima vale solo con --multipla."_s};
+    if (Riga.Prova && Riga.In.isEmpty())
+        throw ErroreUso{u"L'opzione --prova vale solo con --in."_s};
     return Riga;
 }
 

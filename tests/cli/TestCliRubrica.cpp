@@ -2,7 +2,10 @@
 #include "chiamata.h"
 
 #include "platform/database/database.h"
+#include "platform/system/file.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -18,6 +21,7 @@ private Q_SLOTS:
     void comeIlFiltro_data();
     void comeIlFiltro();
     void ilRecord();
+    void inUnFile();
     void rifiuta_data();
     void rifiuta();
 
@@ -75,6 +79,24 @@ void TestCliRubrica::ilRecord()
                                                                         {u"Nominativo"_s, u"Nicolò Rossi"_s},
                                                                         {u"Socio"_s, u"Sì"_s},
                                                                         {u"Note"_s, u"prima\nseconda"_s}}}));
+}
+
+/// The rows that the words leave, as a spreadsheet and as cards; nobody else reads the file.
+void TestCliRubrica::inUnFile()
+{
+    const QString Csv = NuovaCartella() + u"nomi.csv"_s;
+    const Esito Fatto = Rubrica({u"clienti"_s, u"nicolo"_s, u"--csv"_s, Csv});
+    QCOMPARE(Fatto.Guasti, QString());
+    QCOMPARE(Fatto.Uscita, u"1\n"_s);
+    QCOMPARE(
+        LeggiFile(Csv),
+        QByteArray(
+            "\xEF\xBB\xBFNominativo;Socio;Note\r\nNicol\xC3\xB2 Rossi;S\xC3\xAC;\"prima\nseconda\"\r\n"));
+    QCOMPARE(QFileInfo(Csv).permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+    const QString Vcf = NuovaCartella() + u"nomi.vcf"_s;
+    QCOMPARE(Rubrica({u"clienti"_s, u"--vcard"_s, Vcf}).Uscita, u"2\n"_s);
+    QCOMPARE(LeggiFile(Vcf).count("BEGIN:VCARD"), 2);
+    QCOMPARE(Chiama({u"lettere"_s, u"1"_s, u"--csv"_s, Csv}).Stato, 2);
 }
 
 void TestCliRubrica::rifiuta_data()

@@ -82,6 +82,7 @@ std::optional<ArchivioPreso> PrendiArchivio(const QString& Da, const QString& Ca
         return std::nullopt;
     try {
         Preso.Tralasciati = *Fuori;
+        Preso.Tralasciati.removeIf(TabellaDiSistema);
         ImpostaSolaLettura(Nuovo, false);
         Completa(Nuovo, Da, Preso);
         SostituisciFile(Nuovo, Preso.File);

@@ -2,55 +2,54 @@
 
 #include "addressbook/exchange/tabellaestranea.h"
 #include "core/sessione.h"
+#include "platform/accesso/accesso.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 
 #include <QUuid>
 
+#include <algorithm>
 #include <limits>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QByteArray Inizio(const QString& File)
+constexpr int SecondiDiLettura = 120;  // somebody looks at how far it is
+
+bool ENativo(const QString& File)
 {
-    constexpr qsizetype Guardati = 32;
+    constexpr QByteArrayView Marca("SQLite format 3");
     QByteArray Letto;
     LeggiAPezzi(File, [&](QByteArrayView Pezzo) {
-        Letto += Pezzo.first(std::min(Pezzo.size(), Guardati));
-        return Letto.size() < Guardati;
+        Letto += Pezzo.first(std::min(Pezzo.size(), Marca.size()));
+        return Letto.size() < Marca.size();
     });
-    return Letto;
+    return Letto.startsWith(Marca);
 }
 
-bool ENativo(const QByteArray& Inizio)
+std::optional<QStringList> Converti(const QString& Da, const QString& A,
+                                    const std::function<bool(qint64)>& Prosegui)
 {
-    return Inizio.startsWith("SQLite format 3");
+    try {
+        const auto Rapporto = ConvertiAccess(Da, A, {.Secondi = SecondiDiLettura, .Prosegui = Prosegui});
+        if (!Rapporto)
+            return std::nullopt;
+        QStringList Fuori;
+        for (const TralasciatoAccess& Voce : Rapporto->Tralasciati)
+            Fuori.append(Voce.Cosa + u": "_s + Voce.Perche);
+        return Fuori;
+    } catch (const Errore& Guasto) {
+        if (Guasto.Numero != errori::FormatoDatabase)
+            throw;
+        RifiutaFile(u"Il file \"%1\" non si può leggere: %2."_s.arg(NomeFile(Da), Guasto.Descrizione));
+    }
 }
 
-bool EDelMotoreClassico(const QByteArray& Inizio)
+std::optional<QStringList> Copia(const QString& Da, const QString& A,
+                                 const std::function<bool(qint64)>& Prosegui)
 {
-    const QByteArray Marca = Inizio.mid(4, 15);
-    return Marca == "Standard Jet DB" || Marca == "Standard ACE DB";
-}
-
-}  // namespace
-
-bool EArchivio(const QString& File)
-{
-    const QByteArray Primi = Inizio(File);
-    return ENativo(Primi) || EDelMotoreClassico(Primi);
-}
-
-std::optional<QStringList> ScriviNativo(const QString& Da, const QString& A,
-                                        const std::function<bool(qint64)>& Prosegui)
-{
-    if (!ENativo(Inizio(Da)))
-        RifiutaFile(u"Il file \"%1\" non è un archivio: sceglierne un altro."_s.arg(NomeFile(Da)));
-    if (EsisteFile(A))
-        throw Errore(errori::DatabasePresente);
     try {
         if (CopiaFile(Da, A, std::numeric_limits<qint64>::max(), Prosegui))
             return QStringList();
@@ -62,13 +61,42 @@ std::optional<QStringList> ScriviNativo(const QString& Da, const QString& A,
     return std::nullopt;
 }
 
-ArchivioNativo::ArchivioNativo(const QString& DiFile) : Nativo(DiFile)
+}  // namespace
+
+bool EArchivio(const QString& File)
 {
-    if (ENativo(Inizio(DiFile)))
+    return ENativo(File) || EDiAccess(File);
+}
+
+bool TabellaDiSistema(const QString& Detto)
+{
+    return Detto.startsWith(u"MSys", Qt::CaseInsensitive);
+}
+
+std::optional<QStringList> ScriviNativo(const QString& Da, const QString& A,
+                                        const std::function<bool(qint64)>& Prosegui)
+{
+    if (EsisteFile(A))
+        throw Errore(errori::DatabasePresente);
+    if (ENativo(Da))
+        return Copia(Da, A, Prosegui);
+    if (!EDiAccess(Da))
+        RifiutaFile(u"Il file \"%1\" non è un archivio: sceglierne un altro."_s.arg(NomeFile(Da)));
+    return Converti(Da, A, Prosegui);
+}
+
+ArchivioNativo::ArchivioNativo(const QString& DiFile, const std::function<bool(qint64)>& Prosegui)
+    : Nativo(DiFile)
+{
+    if (ENativo(DiFile))
         return;
+    CreaCartella(sessione::UserFolder);
     Provvisorio =
         Barra(sessione::UserFolder) + u".importa-"_s + QUuid::createUuid().toString(QUuid::Id128) + u".mdb"_s;
-    Fuori = ScriviNativo(DiFile, Provvisorio).value_or(QStringList());
+    const auto Detti = ScriviNativo(DiFile, Provvisorio, Prosegui);
+    if (!Detti)
+        throw Errore(0);  // the user has stopped it, and knows
+    Fuori = *Detti;
     Nativo = Provvisorio;
 }
 

@@ -18,13 +18,17 @@
 [[nodiscard]] std::optional<QStringList> ScriviNativo(const QString& Da, const QString& A,
                                                       const std::function<bool(qint64 Fatti)>& Prosegui = {});
 
+/// True for a line of ScriviNativo that tells of a table of Access's own, which nobody misses.
+[[nodiscard]] bool TabellaDiSistema(const QString& Detto);
+
 /// A database that can be opened, for as long as this lives: the file itself, or a native form of it that
 /// goes with this.
 class ArchivioNativo
 {
 public:
-    /// @throws Errore as ScriviNativo
-    explicit ArchivioNativo(const QString& DiFile);
+    /// @throws Errore as ScriviNativo, 0 when `Prosegui` stopped it
+    explicit ArchivioNativo(const QString& DiFile,
+                            const std::function<bool(qint64 Fatti)>& Prosegui = {});
     ~ArchivioNativo();
     ArchivioNativo(const ArchivioNativo&) = delete;
     ArchivioNativo& operator=(const ArchivioNativo&) = delete;

@@ -212,10 +212,13 @@ RigheCsv LeggiCsv(const QByteArray& Byte, const OpzioniCsv& Come)
 
 QString CellaCsv(const QString& Testo)
 {
+    // What could be taken for the line that names the separator, or for the mark of the file, stands in
+    // quotes.
+    const bool ComeSegno = Testo.startsWith(u"sep=", Qt::CaseInsensitive) || Testo.contains(u'\ufeff');
     QString Cella = ComeFormula(Testo) ? u'\'' + Testo : Testo;
-    const bool Virgolette = Cella.contains(u';') || Cella.contains(u'"') || Cella.contains(u'\n') ||
-                            Cella.contains(u'\r') || Cella.contains(u',') || Cella.contains(u'\t') ||
-                            Cella.startsWith(u' ') || Cella.endsWith(u' ');
+    const bool Virgolette = ComeSegno || Cella.contains(u';') || Cella.contains(u'"') ||
+                            Cella.contains(u'\n') || Cella.contains(u'\r') || Cella.contains(u',') ||
+                            Cella.contains(u'\t') || Cella.startsWith(u' ') || Cella.endsWith(u' ');
     return Virgolette ? u'"' + Cella.replace(u'"', u"\"\""_s) + u'"' : Cella;
 }
 

@@ -54,6 +54,8 @@ public:
     /// @throws Errore as Database::Execute
     [[nodiscard]] bool Prepara(const Avanzamento& Prosegui = {});
     [[nodiscard]] const ContoImporta& Conto() const { return Contati; }
+    /// False when the archive would stay as it is.
+    [[nodiscard]] bool DaScrivere() const { return !Mosse.empty(); }
     /// What of single rows goes elsewhere or nowhere, a line each; the last one counts those beyond a
     /// thousand.
     [[nodiscard]] const QStringList& Avvisi() const { return Annotati; }

@@ -80,7 +80,9 @@ std::optional<QList<EsitoNota>> CopiaNote(const QString& Da, const QString& A,
                 Fatti.append(Nuovo);
                 ImpostaDataFile(Nuovo, DataFile(Origine + Nome));
                 Esito.Copiata = true;
-                Esito.Detto = Fuori->join(u"; "_s);
+                QStringList Detti = *Fuori;
+                Detti.removeIf(TabellaDiSistema);
+                Esito.Detto = Detti.join(u"; "_s);
             }
         } catch (const Errore& Guasto) {
             Esito.Detto = Guasto.Descrizione;

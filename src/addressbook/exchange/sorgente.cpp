@@ -86,16 +86,19 @@ QStringList InOrdine(QStringList Nomi)
 
 struct SorgenteNominativi::Nativo
 {
-    explicit Nativo(const QString& File) : Copia(File), Db(OpenDatabase(Copia.File(), true)) {}
+    Nativo(const QString& File, const std::function<bool(qint64)>& Prosegui)
+        : Copia(File, Prosegui), Db(OpenDatabase(Copia.File(), true))
+    {}
     ArchivioNativo Copia;
     Database Db;
 };
 
-SorgenteNominativi::SorgenteNominativi(const QString& DiFile) : Percorso(DiFile)
+SorgenteNominativi::SorgenteNominativi(const QString& DiFile, const std::function<bool(qint64)>& Prosegui)
+    : Percorso(DiFile)
 {
     if (EArchivio(Percorso)) {
         Che = GenereSorgente::Archivio;
-        Archivio = std::make_unique<Nativo>(Percorso);
+        Archivio = std::make_unique<Nativo>(Percorso, Prosegui);
         NomiTabelle = InOrdine(Archivio->Db.Tabelle());
         if (NomiTabelle.isEmpty())
             RifiutaFile(
@@ -128,7 +131,10 @@ TabellaEstranea SorgenteNominativi::Leggi(OpzioniSorgente& Come) const
         Tabella.Titoli.size() * qsizetype(Righe.RecordCount()) > limiti::Celle)
         RifiutaFile(u"La tabella \"%1\" ha troppe righe o colonne per una sola volta: usare \"Usa questo "
                     "archivio\", che lo prende intero."_s.arg(Come.Tabella));
-    Tabella.Avvisi = Archivio->Copia.Lasciati();
+    // What other tables lack is no matter of this one.
+    for (const QString& Detto : Archivio->Copia.Lasciati())
+        if (Detto.startsWith(Come.Tabella + u'.', Qt::CaseInsensitive))
+            Tabella.Avvisi.append(u"tralasciato, "_s + Detto);
     constexpr int Porzione = 4000;
     int Numero = 0;
     std::optional<qint64> Ultima;

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -24,8 +25,11 @@ struct OpzioniSorgente
 class SorgenteNominativi
 {
 public:
-    /// @throws Errore NumeroFileRifiutato when it is no source, or larger than a program may ask for; 53, 75
-    explicit SorgenteNominativi(const QString& DiFile);
+    /// @param Prosegui asked now and then while an archive of Access is read; false stops it
+    /// @throws Errore NumeroFileRifiutato when it is no source, or larger than a program may ask for; 53, 75; 0
+    /// when it was stopped
+    explicit SorgenteNominativi(const QString& DiFile,
+                                const std::function<bool(qint64 Fatti)>& Prosegui = {});
     ~SorgenteNominativi();
     SorgenteNominativi(const SorgenteNominativi&) = delete;
     SorgenteNominativi& operator=(const SorgenteNominativi&) = delete;

@@ -55,6 +55,11 @@ constexpr std::array Tasti{
                  int(Qt::CTRL) | Qt::Key_F},
     TastoRubrica{u"rimetti", u"annulla", u"Rimetti", u"Rimetti il nominativo eliminato per ultimo (Ctrl+Z)",
                  int(Qt::CTRL) | Qt::Key_Z},
+    TastoRubrica{u"importa", u"importa", u"Importa",
+                 u"Importa un archivio, un foglio di calcolo o una rubrica (Ctrl+I)",
+                 int(Qt::CTRL) | Qt::Key_I},
+    TastoRubrica{u"esporta", u"esporta", u"Esporta",
+                 u"Esporta i nominativi mostrati, o quelli selezionati (Ctrl+E)", int(Qt::CTRL) | Qt::Key_E},
 };
 
 const QString Clienti = u"clienti"_s;
@@ -265,6 +270,7 @@ void frmRubrica::MostraRichiesta()
     Tasto(u"selez"_s)->setVisible(Richiesta.Selezione);
     for (const QString& Chiave : {u"new"_s, u"edit"_s, u"delete"_s, u"rimetti"_s})
         Tasto(Chiave)->setVisible(Richiesta.Modifiche);
+    Tasto(u"importa"_s)->setVisible(Richiesta.Modifiche || InAccess);
     ui->tdbRubrica->setToolTip(Richiesta.Selezione
                                    ? u"Invio sceglie il nominativo, doppio clic mostra la sua scheda"_s
                                    : u"Doppio clic per mostrare la scheda"_s);

@@ -54,6 +54,9 @@ public:
     /// Asks about an open card and about changes that are not saved.
     /// @return false when the user stays with them
     [[nodiscard]] bool Congeda();
+    /// The archive was written to as a whole, or is another file under its name: the table is opened anew,
+    /// without order and filter. To be called when Congeda has answered true.
+    void RileggiTabella();
     /// The note that asked has gone: the browser goes too, unless the user stays on an open card; nothing can
     /// be chosen any more then.
     void LasciaNota();
@@ -134,6 +137,8 @@ private:
     void ApriRicerca();
     void Ripeti(bool Indietro);
     [[nodiscard]] frmRicerche& Ricerca();
+    void ApriImporta();
+    void Esporta();
     void Seleziona();
     void Esegui(const std::function<void()>& Azione);
 

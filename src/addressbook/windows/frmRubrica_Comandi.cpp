@@ -1,13 +1,21 @@
 // The browser of the address book: what is done with a row.
+#include "addressbook/exchange/esporta.h"
+#include "addressbook/windows/frmImporta.h"
 #include "addressbook/windows/frmRicerche.h"
 #include "addressbook/windows/frmRubrica.h"
 #include "addressbook/windows/frmScheda.h"
 #include "core/aperture.h"
 #include "core/modErrori.h"
 #include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/singola.h"
+#include "platform/system/file.h"
 #include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/privato.h"
+#include "platform/system/shell.h"
 
 #include "addressbook/windows/ui_frmRubrica.h"
 
@@ -40,7 +48,8 @@ void frmRubrica::Comando(const QString& Parola)
         return;
     Esegui([&] {
         // The search takes the filter away; anything else is done with a row that the filter leaves.
-        const bool DellaRiga = Chiave != u"new"_s && Chiave != u"rimetti"_s;
+        const bool DellaRiga =
+            Chiave != u"new"_s && Chiave != u"rimetti"_s && Chiave != u"importa"_s && Chiave != u"esporta"_s;
         if (!Consenti() || (Chiave != u"search"_s && !FiltroConcluso(DellaRiga)) || !Azione->isEnabled())
             return;
         if (Chiave == u"delete"_s)
@@ -51,6 +60,10 @@ void frmRubrica::Comando(const QString& Parola)
             Seleziona();
         else if (Chiave == u"rimetti"_s)
             Rimetti();
+        else if (Chiave == u"importa"_s)
+            ApriImporta();
+        else if (Chiave == u"esporta"_s)
+            Esporta();
         else
             ApriScheda(Chiave);
     });
@@ -188,6 +201,45 @@ void frmRubrica::Ripeti(bool Indietro)
             if (FiltroConcluso(false))
                 Cercatore->Ripeti(Indietro);
         });
+}
+
+// ---- other programs -----------------------------------------------------------------------------
+
+/// Into an archive of Access nothing can be added: it is taken whole.
+void frmRubrica::ApriImporta()
+{
+    Singola<frmImporta>().Mostra(Richiesta.DataSource, Richiesta.RecordSource,
+                                 InAccess ? frmImporta::ArchivioIntero : frmImporta::Nominativi,
+                                 InAccess ? FileRubrica(Richiesta.DataSource) : QString());
+}
+
+/// The selected rows, else those that the filter leaves, into a file that this user alone may read.
+void frmRubrica::Esporta()
+{
+    const QList<int> Scelte = ui->tdbRubrica->Selezione();
+    const QString Detta = DialogoSalva(
+        u"Esporta i nominativi"_s, CartellaSpeciale(CartellaDocumenti) + Richiesta.RecordSource + u".csv"_s,
+        u"Foglio di calcolo CSV (*.csv)|*.csv|Rubrica vCard (*.vcf)|*.vcf"_s);
+    if (Detta.isEmpty())
+        return;
+    const QString File = ConEstensione(Detta);
+    if (EsisteFile(File) && MsgBox(u"Il file "_s + NomeFile(File) + u" esiste già: si vuole sostituirlo?"_s,
+                                   vbYesNo | vbQuestion, TitoloDomanda.toString()) != vbYes)
+        return;
+    {
+        const ClessidraAccesa Attesa;
+        ScriviFilePrivato(File, EsportaNominativi(Righe, FormatoDi(File), Scelte));
+    }
+    const int Quanti = Scelte.isEmpty() ? Righe.RecordCount() : int(Scelte.size());
+    MsgBox(
+        (Quanti == 1 ? u"1 nominativo esportato"_s : Format(Quanti, u"#,##0") + u" nominativi esportati"_s) +
+            u" in \""_s + NomeFile(File) + u"\"."_s,
+        vbOKOnly | vbInformation, TitoloMessaggio.toString());
+}
+
+void frmRubrica::RileggiTabella()
+{
+    (void)Protetta([this] { ApriTabella(); });
 }
 
 // ---- choosing -----------------------------------------------------------------------------------

@@ -217,6 +217,8 @@ void frmRubrica::Abilita()
     Tasto(u"view"_s)->setEnabled(Riga);
     Tasto(u"delete"_s)->setEnabled(Scrivibile && Riga);
     Tasto(u"search"_s)->setEnabled(Aperta);
+    Tasto(u"importa"_s)->setEnabled(Aperta && (Richiesta.Modifiche || InAccess));
+    Tasto(u"esporta"_s)->setEnabled(Riga);
     Tasto(u"rimetti"_s)->setEnabled(Scrivibile && Eliminati);
     ui->txtFiltro->setEnabled(Aperta);
 }

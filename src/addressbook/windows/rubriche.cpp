@@ -80,3 +80,17 @@ void ChiudiRubricheAltrui()
         if (Rubrica && Rubrica->isVisible() && !DellaSessione(Rubrica->Chiesta().DataSource))
             Rubrica->close();
 }
+
+bool CongedaRubriche()
+{
+    return std::ranges::all_of(Tutte(), [](const QPointer<frmRubrica>& Rubrica) {
+        return !Rubrica || !Rubrica->isVisible() || Rubrica->Congeda();
+    });
+}
+
+void RileggiRubriche()
+{
+    for (const QPointer<frmRubrica>& Rubrica : Tutte())
+        if (Rubrica && Rubrica->isVisible())
+            Rubrica->RileggiTabella();
+}

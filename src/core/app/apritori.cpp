@@ -1,6 +1,7 @@
 #include "core/app/apritori.h"
 
 #include "addressbook/richiesta.h"
+#include "addressbook/windows/frmImporta.h"
 #include "addressbook/windows/rubriche.h"
 #include "calculators/windows/frmCodFis.h"
 #include "calculators/windows/frmContrib.h"
@@ -96,6 +97,10 @@ void RiempiRubrica()
                      .MenuStart = {},
                      .KeyStart = {}});
     };
+    Aperture.Finestre[u"importa"_s] = [] { Singola<frmImporta>().Mostra(); };
+    Aperture.ImportaArchivio = [](const QString& File) {
+        Singola<frmImporta>().Mostra({}, {}, frmImporta::ArchivioIntero, File);
+    };
     Aperture.ParcellaChiusa = ChiudiRubricaDi;
     Aperture.ChiudiRubriche = ChiudiRubriche;
 }
@@ -186,6 +191,8 @@ void RiempiApritori()
         Protetta(PreparaTassi);
         if (const auto& Studio = SeCaricato<frmStudio>)
             Studio->SegnaRidisegno();
+        if (const auto& Setup = SeCaricato<frmSetup>)
+            Setup->SegueArchivio();
         ChiudiRubricheAltrui();
     };
     Aperture.IconaPersonale = [](int Riga, bool Elimina) {

@@ -1,5 +1,6 @@
 #include "core/settings/SchedaCartelle.h"
 
+#include "core/aperture.h"
 #include "core/impostazioni.h"
 #include "core/indirizzi.h"
 #include "core/modAvvio.h"
@@ -18,6 +19,7 @@
 #include "core/settings/ui_SchedaCartelle.h"
 
 #include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -94,6 +96,8 @@ SchedaCartelle::SchedaCartelle(QWidget* Padre) : QWidget(Padre), ui(std::make_un
         Colori.setColor(QPalette::WindowText, aspetto::Sbagliato());
         Avviso->setPalette(Colori);
     }
+    Collega<QAbstractButton>(ui->cmdImporta, &QAbstractButton::clicked, this,
+                             [] { Aperture.Apri(u"importa"); });
     constexpr double Grigio = 0.7;
     QPalette Colori = ui->lblSenzaServer->palette();
     Colori.setColor(QPalette::WindowText, aspetto::Mischia(Colori.color(QPalette::WindowText),
@@ -107,7 +111,9 @@ void SchedaCartelle::Carica()
 {
     for (const Percorso& Voce : Percorsi)
         (ui.get()->*Voce.Campo)->setText(Mostrato(Voce.Chiave));
+    ArchivioLetto = ui->txtArchivioCliCon->text();
     ui->chkCercaAgg->setChecked(ValoreConservato(chiavi::CercaAgg) == u"S");
+    ui->cmdImporta->setVisible(Aperture.Ha(u"importa"));
     const bool Server = !indirizzi::Server().isEmpty();
     ui->lblSenzaServer->setVisible(!Server);
     ui->chkCercaAgg->setAccessibleDescription(Server ? QString() : ui->lblSenzaServer->text());
@@ -124,6 +130,13 @@ ValoriScheda SchedaCartelle::Valori() const
     }
     Fatti.append({chiavi::CercaAgg.toString(), ui->chkCercaAgg->isChecked() ? u"S"_s : u"N"_s});
     return Fatti;
+}
+
+void SchedaCartelle::SegueArchivio()
+{
+    const QString Prima = std::exchange(ArchivioLetto, Mostrato(chiavi::ArchivioCliCon));
+    if (ui->txtArchivioCliCon->text() == Prima)
+        ui->txtArchivioCliCon->setText(ArchivioLetto);
 }
 
 void SchedaCartelle::SegnaMancanti()

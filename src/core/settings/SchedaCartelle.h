@@ -25,6 +25,9 @@ public:
     /// executable's: a program run from another folder after an update would go on in the old one.
     [[nodiscard]] ValoriScheda Valori() const;
 
+    /// Another archive was stored by somebody else: its box shows that one, unless something was typed there.
+    void SegueArchivio();
+
     /// Lets the user choose what a box names.
     /// @param Quale 0 program folder, 1 archive, 2 folder of notes, 3 user folder, 4 word processor
     void cmdSelDir_Click(int Quale);
@@ -33,5 +36,6 @@ private:
     void cmdCrea_Click(int Quale);
     void SegnaMancanti();
 
+    QString ArchivioLetto;  ///< as its box was filled
     std::unique_ptr<Ui::SchedaCartelle> ui;
 };

@@ -276,6 +276,11 @@ void frmSetup::SalvaValori() const
     SalvaImpostazioni(Tutti + Contabili->Valori() + Cartelle->Valori() + Desktop->Valori());
 }
 
+void frmSetup::SegueArchivio()
+{
+    Cartelle->SegueArchivio();
+}
+
 void frmSetup::cmdSaveImpost_Click()
 {
     if (!ConcludiCampo() || !CheckValori() || !CheckNumero())

@@ -151,6 +151,9 @@ void TestCsv::andataERitorno()
                         {u"\tx"_s, u"\rx"_s, u"una\r\ndue"_s, u"\"\""_s},
                         {u" x "_s, u"Nicolò D’Àlvari €"_s, u"1.234,50"_s, u"\U0001F600"_s}};
     QCOMPARE(LeggiCsv(ScriviCsv(Righe)).Righe, Righe);
+    for (const QString& Segno : {u"sep=,"_s, u"\ufeffx"_s})
+        QCOMPARE(LeggiCsv(ScriviCsv({{Segno}, {u"a,b"_s}}), {.Separatore = u';', .Codifica = {}}).Righe,
+                 (Tabella{{Segno}, {u"a,b"_s}}));
 }
 
 void TestCsv::siRifiuta_data()

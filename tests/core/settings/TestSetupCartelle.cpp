@@ -33,6 +33,8 @@ private Q_SLOTS:
     void scegliFile_data();
     void scegliFile();
     void tassiNellaCartellaNuova();
+    void importa();
+    void lArchivioImportato();
 
 private:
     QLabel* Avviso(int Quale) { return T->Trova<QLabel>(u"lblManca_%1"_s.arg(Quale)); }
@@ -281,6 +283,36 @@ void TestSetupCartelle::tassiNellaCartellaNuova()
     QVERIFY(Lasciata);
     QCOMPARE(Allora, T->Utente);
     QCOMPARE(sessione::UserFolder, Nuova);
+}
+
+/// The button beside the archive is there where something imports.
+void TestSetupCartelle::importa()
+{
+    const auto Prima = Aperture.Finestre;
+    int Volte = 0;
+    Aperture.Finestre[u"importa"_s] = [&] { ++Volte; };
+    T->Apri(2);
+    T->Premi(u"cmdImporta"_s);
+    QCOMPARE(Volte, 1);
+    Aperture.Finestre.erase(u"importa"_s);
+    Singola<frmSetup>().close();
+    T->Apri(2);
+    QVERIFY(!T->Trova<QAbstractButton>(u"cmdImporta"_s)->isVisible());
+    Aperture.Finestre = Prima;
+}
+
+/// An import that sets another archive shows it in the open form, but never over what is typed there.
+void TestSetupCartelle::lArchivioImportato()
+{
+    frmSetup& F = T->Apri(2);
+    const QString Nuovo = T->Utente + u"DatiStudio.mdb"_s;
+    T->Salva(u"ArchivioCliCon"_s, Nuovo);
+    F.SegueArchivio();
+    QCOMPARE(T->Campo(u"txtArchivioCliCon"_s)->text(), Nuovo);
+    T->Scrivi(u"txtArchivioCliCon"_s, u"/altro.mdb"_s);
+    T->Salva(u"ArchivioCliCon"_s, T->Utente + u"terzo.mdb"_s);
+    F.SegueArchivio();
+    QCOMPARE(T->Campo(u"txtArchivioCliCon"_s)->text(), u"/altro.mdb"_s);
 }
 
 #include "TestSetupCartelle.moc"

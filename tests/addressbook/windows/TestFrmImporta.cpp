@@ -1,0 +1,543 @@
+// Old archives come in: the steps of the dialog, as its user goes through them.
+#include "archivio.h"
+
+#include "addressbook/windows/frmImporta.h"
+#include "platform/kit/singola.h"
+#include "platform/system/file.h"
+#include "supporto/guasti.h"
+#include "supporto/scrittoreaccess.h"
+
+#include <QComboBox>
+#include <QFile>
+#include <QFileInfo>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStackedWidget>
+
+using namespace Qt::StringLiterals;
+
+class TestFrmImporta : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void leDidascalieEINomi();
+    void iPassi();
+    void daTastiera();
+    void leColonneSiCambiano();
+    void ilSeparatoreEITitoli();
+    void iDoppioniSiContano();
+    void unaRubrica();
+    void unArchivioAccess();
+    void escFermaTutto();
+    void siAnnullaDalResoconto();
+    void siAnnullaPiuTardi();
+    void nonSiAnnullaDopoUnaModifica();
+    void ilResocontoSiSalva();
+    void leFrasi_data();
+    void leFrasi();
+    void usaQuestoArchivio();
+    void usaQuestoArchivioENo();
+    void leVecchieParcelle();
+    void dalBrowser();
+    void laSchedaAperta();
+    void siEsporta();
+    void siEsportaSullaStessa();
+    void ilPosto();
+
+private:
+    [[nodiscard]] frmImporta* Apri(frmImporta::Modo Che = frmImporta::Nominativi, const QString& File = {},
+                                   const QString& Tabella = u"clienti"_s) const
+    {
+        frmImporta& F = Singola<frmImporta>();
+        F.Mostra({}, Tabella, Che, File);
+        QApplication::setActiveWindow(&F);
+        Respiro();
+        return &F;
+    }
+    QString Salva(const QString& Nome, const QByteArray& Byte) const
+    {
+        const QString File = Cartella + Nome;
+        ScriviFile(File, Byte);
+        return File;
+    }
+    static void Premuto(const frmImporta* F, const char* Nome)
+    {
+        QTest::mouseClick(Controllo<QPushButton>(F, Nome), Qt::LeftButton);
+        Respiro();
+    }
+    static QString Didascalia(const frmImporta* F, const char* Nome)
+    {
+        return Controllo<QPushButton>(F, Nome)->text().remove(u'&');
+    }
+    static int Pagina(const frmImporta* F) { return Controllo<QStackedWidget>(F, "pagine")->currentIndex(); }
+    static QString Colonna(const frmImporta* F, int Riga, int Quale)
+    {
+        return Controllo<Griglia>(F, "tdbColonne")->Vista()->model()->index(Riga, Quale).data().toString();
+    }
+    [[nodiscard]] QStringList InArchivio(const QString& Tabella = u"clienti"_s) const
+    {
+        QStringList Nomi;
+        for (Recordset R = OpenDatabase(A->File).OpenRecordset(Tabella); !R.Eof(); R.MoveNext())
+            Nomi.append(R.Value(u"Nominativo"_s).toString());
+        return Nomi;
+    }
+    /// Goes through all steps with a file of two names, one of which is there.
+    frmImporta* Importato() const
+    {
+        frmImporta* F = Apri(frmImporta::Nominativi, Salva(u"nomi.csv"_s, DueNomi));
+        for (int i = 0; i < 3; ++i)
+            Premuto(F, "cmdAvanti");
+        return F;
+    }
+
+    static inline const QByteArray DueNomi = "Cognome;Nome;CAP;Fax\nNeri;Ugo;55100;1\nROSSI;mario;56100;2\n";
+    const QStringList Cinque{u"verdi Anna"_s, u"Àlvari Nicolò"_s, u"BRUNI Carla"_s, u"Rossi Mario"_s, u"Rossi Ada"_s};
+    QString Cartella;
+    std::unique_ptr<ArchivioDiProva> A;
+};
+PROVA(TestFrmImporta);
+
+void TestFrmImporta::init()
+{
+    AzzeraSessione();
+    A = std::make_unique<ArchivioDiProva>();
+    Cartella = NuovaCartella();
+    sessione::UserFolder = NuovaCartella();
+}
+
+void TestFrmImporta::cleanup()
+{
+    if (SeCaricato<frmImporta>)
+        SeCaricato<frmImporta>->close();
+    A.reset();
+    AzzeraSessione();
+}
+
+void TestFrmImporta::leDidascalieEINomi()
+{
+    const frmImporta* F = Apri();
+    QCOMPARE(F->windowTitle(), u"Importa archivio"_s);
+    QCOMPARE(SenzaDidascalia(F, {u"Usa questo archivio"_s, u"Aggiungi i nominativi"_s, u"Copia le vecchie parcelle"_s,
+                                 u"Avanti"_s, u"Chiudi"_s}),
+             QStringList());
+    QCOMPARE(SenzaNome(F).join(u' '), QString());
+    QVERIFY(!Controllo(F, "txtArrivo")->isVisible());
+    QVERIFY(Controllo(F, "optTabella_0")->isVisible());
+    Clic(Controllo(F, "optModo_0"));
+    QCOMPARE(Didascalia(F, "cmdAvanti"), u"Usa questo archivio"_s);
+    QVERIFY(!Controllo(F, "optTabella_0")->isVisible());
+    Clic(Controllo(F, "optModo_2"));
+    QCOMPARE(Didascalia(F, "cmdAvanti"), u"Copia"_s);
+    QVERIFY(Controllo(F, "txtArrivo")->isVisible());
+}
+
+void TestFrmImporta::iPassi()
+{
+    const frmImporta* F = Apri(frmImporta::Nominativi, Salva(u"nomi.csv"_s, DueNomi));
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(Pagina(F), int(frmImporta::PagColonne));
+    QCOMPARE(Colonna(F, 0, 0), u"Cognome"_s);
+    QCOMPARE(Colonna(F, 0, 1), u"Nominativo: cognome"_s);
+    QCOMPARE(Colonna(F, 0, 2), u"Neri"_s);
+    QCOMPARE(Colonna(F, 3, 1), u"(non importare)"_s);
+    QCOMPARE(TestoDi(F, "lblUsate"),
+             u"Righe: 2. Colonne importate: 3 su 4. Più colonne possono andare nelle Note, col loro titolo."_s);
+    QCOMPARE(Controllo<Griglia>(F, "tdbAnteprima")->Righe(), 2);
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(Pagina(F), int(frmImporta::PagDoppioni));
+    QCOMPARE(TestoDi(F, "lblProva"), u"1 nominativo da aggiungere, 1 già presente che resta com'è."_s);
+    QCOMPARE(InArchivio(), Cinque);
+    QCOMPARE(Didascalia(F, "cmdAvanti"), u"Importa"_s);
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(Pagina(F), int(frmImporta::PagResoconto));
+    QCOMPARE(TestoDi(F, "lblEsito"), u"1 nominativo aggiunto, 1 già presente che resta com'è."_s);
+    QVERIFY(Controllo<QPlainTextEdit>(F, "txtResoconto")->toPlainText().contains(u"Colonne non importate: Fax\n"));
+    QCOMPARE(InArchivio(), Cinque + QStringList{u"Neri Ugo"_s});
+}
+
+/// From the file to the report by keys alone, Enter at each step.
+void TestFrmImporta::daTastiera()
+{
+    const frmImporta* F = Apri(frmImporta::Nominativi, {}, u"controparti"_s);
+    QCOMPARE(NomeFuoco(), u"txtFile"_s);
+    Digita(Salva(u"nomi.csv"_s, "Nome\nOmega Srl\n"));
+    Premi(Qt::Key_Return);
+    Respiro();
+    QCOMPARE(Pagina(F), int(frmImporta::PagColonne));
+    QCOMPARE(NomeFuoco(), u"tdbColonne"_s);
+    Premi(Qt::Key_Return);  // to the list of fields of the column
+    QCOMPARE(NomeFuoco(), u"cmbMeta"_s);
+    Premi(Qt::Key_Tab);
+    QCOMPARE(NomeFuoco(), u"tdbAnteprima"_s);
+    Premi(Qt::Key_Backtab, Qt::ShiftModifier);
+    QCOMPARE(NomeFuoco(), u"cmbMeta"_s);
+    Premi(Qt::Key_Return);
+    Respiro();
+    QCOMPARE(Pagina(F), int(frmImporta::PagDoppioni));
+    QCOMPARE(NomeFuoco(), u"cmdAvanti"_s);
+    Premi(Qt::Key_Return);
+    Respiro();
+    QCOMPARE(Pagina(F), int(frmImporta::PagResoconto));
+    QCOMPARE(InArchivio(u"controparti"_s).last(), u"Omega Srl"_s);
+    Premi(Qt::Key_Escape);
+    QVERIFY(!F->isVisible());
+}
+
+void TestFrmImporta::leColonneSiCambiano()
+{
+    const frmImporta* F = Apri(frmImporta::Nominativi, Salva(u"nomi.csv"_s, "Chi;Dove\nNeri Ugo;Lucca\n"));
+    Premuto(F, "cmdAvanti");
+    // No title is known: the first row is one of names.
+    QVERIFY(!Controllo<QCheckBox>(F, "chkTitoli")->isChecked());
+    A->Voce.Attendi(u"Nessuna colonna del file va nel nominativo: scegliere quale contiene il nome."_s, vbOK,
+                    u"Avvertenza:"_s);
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(Pagina(F), int(frmImporta::PagColonne));
+    Clic(Controllo(F, "chkTitoli"));
+    QCOMPARE(Colonna(F, 1, 0), u"Dove"_s);
+    auto* Mete = Controllo<QComboBox>(F, "cmbMeta");
+    Scegli(Mete, Mete->findText(u"Nominativo"_s));
+    ClicCella(Controllo<Griglia>(F, "tdbColonne"), 1, 0);
+    QCOMPARE(Mete->currentText(), u"(non importare)"_s);
+    ScegliDaTastiera(Mete, Mete->findText(u"Città"_s));
+    QCOMPARE(Colonna(F, 0, 1), u"Nominativo"_s);
+    QCOMPARE(Colonna(F, 1, 1), u"Città"_s);
+    Premuto(F, "cmdAvanti");
+    Premuto(F, "cmdAvanti");
+    Recordset Righe = OpenDatabase(A->File).OpenRecordset(u"clienti"_s);
+    Righe.MoveLast();
+    QCOMPARE(Righe.Value(u"Nominativo"_s).toString(), u"Neri Ugo"_s);
+    QCOMPARE(Righe.Value(u"Citta"_s).toString(), u"Lucca"_s);
+}
+
+void TestFrmImporta::ilSeparatoreEITitoli()
+{
+    const frmImporta* F = Apri(frmImporta::Nominativi, Salva(u"nomi.csv"_s, "Nome;x,Città\nNeri;y,Lucca\n"));
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(Controllo<QComboBox>(F, "cmbSeparatore")->currentText(), u"punto e virgola (;)"_s);
+    Scegli(Controllo<QComboBox>(F, "cmbSeparatore"), 1);
+    QCOMPARE(Colonna(F, 0, 0), u"Nome;x"_s);
+    QCOMPARE(Colonna(F, 1, 1), u"Città"_s);
+    Scegli(Controllo<QComboBox>(F, "cmbCodifica"), 1);
+    QCOMPARE(Colonna(F, 1, 0), u"CittÃ\u00a0"_s.trimmed());
+    Clic(Controllo(F, "chkTitoli"));
+    QCOMPARE(Colonna(F, 0, 0), u"Colonna 1"_s);
+    QCOMPARE(Controllo<Griglia>(F, "tdbAnteprima")->Righe(), 2);
+    Premuto(F, "cmdIndietro");
+    QCOMPARE(Pagina(F), int(frmImporta::PagScelta));
+}
+
+void TestFrmImporta::iDoppioniSiContano()
+{
+    const frmImporta* F = Apri(frmImporta::Nominativi, Salva(u"nomi.csv"_s, DueNomi));
+    Premuto(F, "cmdAvanti");
+    Premuto(F, "cmdAvanti");
+    Clic(Controllo(F, "optDoppioni_1"));
+    QCOMPARE(TestoDi(F, "lblProva"), u"1 nominativo da aggiungere, 1 da completare."_s);
+    Clic(Controllo(F, "optDoppioni_2"));
+    QCOMPARE(TestoDi(F, "lblProva"), u"2 nominativi da aggiungere."_s);
+    Premuto(F, "cmdIndietro");
+    QCOMPARE(Pagina(F), int(frmImporta::PagColonne));
+    Premuto(F, "cmdAvanti");
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(InArchivio().size(), 7);
+    // Nothing to do is nothing to press.
+    F = Apri(frmImporta::Nominativi, Salva(u"nomi.csv"_s, "Nome\nNeri Ugo\n"));
+    Premuto(F, "cmdAvanti");
+    Premuto(F, "cmdAvanti");
+    QVERIFY(Controllo<QRadioButton>(F, "optDoppioni_0")->isChecked());  // each import begins so
+    QCOMPARE(TestoDi(F, "lblProva"), u"0 nominativi da aggiungere, 1 già presente che resta com'è."_s);
+    QVERIFY(!Controllo(F, "cmdAvanti")->isEnabled());
+}
+
+void TestFrmImporta::unaRubrica()
+{
+    const frmImporta* F = Apri(frmImporta::Nominativi,
+                               Salva(u"nomi.vcf"_s, "BEGIN:VCARD\nVERSION:3.0\nN:Neri;Ugo\nADR:;;Via;Lucca;;55100;\n"
+                                                     "END:VCARD\nBEGIN:VCARD\nTEL:1\nEND:VCARD\n"));
+    Premuto(F, "cmdAvanti");
+    for (const char* Nome : {"cmbSeparatore", "cmbCodifica", "chkTitoli", "cmbTabella"})
+        QVERIFY2(!Controllo(F, Nome)->isVisible(), Nome);
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(Controllo<QPlainTextEdit>(F, "txtAvvisi")->toPlainText(), u"scheda 2: senza nome, tralasciata"_s);
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(InArchivio().last(), u"Neri Ugo"_s);
+}
+
+void TestFrmImporta::unArchivioAccess()
+{
+    const TabellaScritta Persone{.Nome = u"Anagrafe"_s,
+                                 .Colonne = {{.Nome = u"Codice"_s, .Tipo = tipoaccess::Lungo, .Contatore = true},
+                                             {.Nome = u"Ragione sociale"_s},
+                                             {.Nome = u"Foto"_s, .Tipo = tipoaccess::Ole}},
+                                 .Righe = {{4, u"Omega Srl"_s, QVariant()}}};
+    TabellaScritta Clienti = Persone;
+    Clienti.Nome = u"clienti"_s;
+    Clienti.Righe = {};
+    const QString File = ScriviAccess(Cartella + u"vecchio.mdb"_s, {.Tabelle = {Persone, Clienti}});
+    const QByteArray Prima = LeggiFile(File);
+    const frmImporta* F = Apri(frmImporta::Nominativi, File);
+    Premuto(F, "cmdAvanti");
+    auto* Tabelle = Controllo<QComboBox>(F, "cmbTabella");
+    QCOMPARE(Tabelle->currentText(), u"clienti"_s);
+    Scegli(Tabelle, Tabelle->findText(u"Anagrafe"_s));
+    QCOMPARE(Colonna(F, 1, 2), u"Omega Srl"_s);
+    Premuto(F, "cmdAvanti");
+    QVERIFY(Controllo<QPlainTextEdit>(F, "txtAvvisi")->toPlainText().contains(u"Anagrafe.Foto"));
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(InArchivio().last(), u"Omega Srl"_s);
+    QCOMPARE(LeggiFile(File), Prima);
+    delete SeCaricato<frmImporta>;
+    QCOMPARE(ContenutoDi(sessione::UserFolder), QStringList());  // the working copy has gone
+}
+
+void TestFrmImporta::escFermaTutto()
+{
+    QByteArray Tanti("Nome\n");
+    for (int i = 0; i < 3000; ++i)
+        Tanti += "Nome " + QByteArray::number(i) + "\n";
+    const frmImporta* F = Apri(frmImporta::Nominativi, Salva(u"nomi.csv"_s, Tanti));
+    Premuto(F, "cmdAvanti");
+    Premuto(F, "cmdAvanti");
+    const QByteArray Prima = LeggiFile(A->File);
+    auto* Barra = Controllo(F, "cmdInterrompi");
+    QMetaObject::invokeMethod(
+        qApp, [Barra] { QTest::keyClick(Barra, Qt::Key_Escape); }, Qt::QueuedConnection);
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(Pagina(F), int(frmImporta::PagDoppioni));
+    QVERIFY(F->isVisible());
+    QCOMPARE(TestoDi(F, "lblProva"), u"L'importazione è stata interrotta: l'archivio è com'era."_s);
+    QCOMPARE(LeggiFile(A->File), Prima);
+    QVERIFY(!Barra->isVisible());
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(InArchivio().size(), 3005);
+}
+
+void TestFrmImporta::siAnnullaDalResoconto()
+{
+    const QByteArray Prima = LeggiFile(A->File);
+    const frmRubrica* R = A->Apri(A->DaScrivania());
+    const frmImporta* F = Importato();
+    QCOMPARE(Nomi(R).size(), 6);
+    A->Voce.Attendi(u"L'archivio torna com'era prima dell'importazione. Proseguire?"_s, vbYes, u"Domanda:"_s);
+    Premuto(F, "cmdAnnullaImporta");
+    QCOMPARE(TestoDi(F, "lblEsito"), u"L'importazione è stata annullata: l'archivio è com'era prima."_s);
+    QVERIFY(!Controllo(F, "cmdAnnullaImporta")->isVisible());
+    QCOMPARE(LeggiFile(A->File), Prima);
+    QCOMPARE(Nomi(R), Cinque);
+}
+
+/// The way back is there the next time too.
+void TestFrmImporta::siAnnullaPiuTardi()
+{
+    const QByteArray Prima = LeggiFile(A->File);
+    Importato()->close();
+    const frmImporta* F = Apri();
+    QVERIFY2(TestoDi(F, "lblUltima").startsWith(u"Ultima importazione: 1 nominativo da \"nomi.csv\", il "),
+             qPrintable(TestoDi(F, "lblUltima")));
+    A->Voce.Attendi(u"L'archivio torna com'era prima dell'importazione. Proseguire?"_s, vbYes);
+    A->Voce.Attendi(u"L'importazione è stata annullata: l'archivio è com'era prima."_s, vbOK, u"Messaggio:"_s);
+    Premuto(F, "cmdAnnullaUltima");
+    QCOMPARE(LeggiFile(A->File), Prima);
+    QVERIFY(!Controllo(F, "cmdAnnullaUltima")->isVisible());
+}
+
+void TestFrmImporta::nonSiAnnullaDopoUnaModifica()
+{
+    const frmImporta* F = Importato();
+    OpenDatabase(A->File).Execute(u"UPDATE clienti SET Cap='1' WHERE ID=1"_s);
+    const QByteArray Dopo = LeggiFile(A->File);
+    A->Voce.Attendi(u"L'archivio torna com'era prima dell'importazione. Proseguire?"_s, vbYes);
+    A->Voce.Attendi(u"Dopo l'importazione l'archivio è stato modificato: annullandola si perderebbero le modifiche, perciò "
+                    "resta com'è. La copia di prima è il file \"%1.prima\"."_s.arg(A->File),
+                    vbOK, u"Avvertenza:"_s);
+    Premuto(F, "cmdAnnullaImporta");
+    QCOMPARE(LeggiFile(A->File), Dopo);
+}
+
+void TestFrmImporta::ilResocontoSiSalva()
+{
+    const frmImporta* F = Importato();
+    const QString File = Cartella + u"resoconto.txt"_s;
+    A->Voce.AttendiSalva(File);
+    Premuto(F, "cmdSalvaResoconto");
+    QCOMPARE(QString::fromUtf8(LeggiFile(File)), Controllo<QPlainTextEdit>(F, "txtResoconto")->toPlainText());
+    QCOMPARE(QFileInfo(File).permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+    A->Voce.AttendiSalva(File);
+    A->Voce.Attendi(u"Il file resoconto.txt esiste già: si vuole sostituirlo?"_s, vbNo, u"Domanda:"_s);
+    Premuto(F, "cmdSalvaResoconto");
+}
+
+void TestFrmImporta::leFrasi_data()
+{
+    QTest::addColumn<int>("Modo");
+    QTest::addColumn<QString>("File");
+    QTest::addColumn<QByteArray>("Byte");
+    QTest::addColumn<QString>("Frase");
+    using enum frmImporta::Modo;
+    QTest::newRow("no file") << int(Nominativi) << QString() << QByteArray() << u"Scegliere il file da importare."_s;
+    QTest::newRow("no archive") << int(ArchivioIntero) << QString() << QByteArray()
+                                << u"Scegliere il file dell'archivio."_s;
+    QTest::newRow("no folder") << int(Parcelle) << QString() << QByteArray()
+                               << u"Scegliere la cartella delle vecchie parcelle."_s;
+    QTest::newRow("a spreadsheet's own file")
+        << int(Nominativi) << u"nomi.xlsx"_s << QByteArray("PK\x03\x04xxxx")
+        << u"Il file è di un foglio di calcolo: aprirlo con quel programma e salvarlo in formato CSV."_s;
+    QTest::newRow("cut rows")
+        << int(Nominativi) << u"nomi.csv"_s << QByteArray("Nome;Via\nRossi;\"Via")
+        << u"Il file finisce dentro una cella fra virgolette, nella riga che comincia alla linea 2: è incompleto, ripetere "
+           "l'esportazione dal programma d'origine."_s;
+    QTest::newRow("cut cards") << int(Nominativi) << u"nomi.vcf"_s << QByteArray("BEGIN:VCARD\nFN:x\n")
+                               << u"Il file finisce a metà della scheda 1: è incompleto, ripetere l'esportazione dal "
+                                  "programma d'origine."_s;
+}
+
+/// One sentence each, and the archive as it was.
+void TestFrmImporta::leFrasi()
+{
+    QFETCH(int, Modo);
+    QFETCH(QString, File);
+    QFETCH(QByteArray, Byte);
+    QFETCH(QString, Frase);
+    const QByteArray Prima = LeggiFile(A->File);
+    const frmImporta* F = Apri(frmImporta::Modo(Modo), File.isEmpty() ? File : Salva(File, Byte));
+    A->Voce.Attendi(Frase, vbOK, u"Avvertenza:"_s);
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(Pagina(F), int(frmImporta::PagScelta));
+    QCOMPARE(LeggiFile(A->File), Prima);
+}
+
+void TestFrmImporta::usaQuestoArchivio()
+{
+    const QString Vecchio = ScriviAccess(
+        Cartella + u"vecchio.mdb"_s,
+        {.Tabelle = {{.Nome = u"clienti"_s,
+                      .Colonne = {{.Nome = u"ID"_s, .Tipo = tipoaccess::Lungo, .Contatore = true},
+                                  {.Nome = u"Nominativo"_s, .Descrizione = u"L=Cognome e nome"_s}},
+                      .Righe = {{41, u"Omega Srl"_s}}}}});
+    const QByteArray Prima = LeggiFile(Vecchio);
+    const QString Nuovo = sessione::UserFolder + u"DatiStudio.mdb"_s;
+    int Cambiate = 0;
+    Aperture.ImpostazioniCambiate = [&] { ++Cambiate; };
+    const frmImporta* F = Apri(frmImporta::ArchivioIntero, Vecchio);
+    A->Voce.Attendi(u"Una copia di \"vecchio.mdb\" diventa l'archivio clienti e controparti dello studio.\n"
+                    "L'archivio usato finora, \"%1\", resta dov'è. Proseguire?"_s.arg(A->File),
+                    vbYes, u"Domanda:"_s);
+    A->Voce.Tollera();  // the other settings of this test are none
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(Pagina(F), int(frmImporta::PagResoconto));
+    QCOMPARE(TestoDi(F, "lblEsito"), u"L'archivio è pronto: 1 clienti e 0 controparti."_s);
+    QCOMPARE(sessione::ArchivioCliCon, Nuovo);
+    QCOMPARE(Cambiate, 1);
+    QCOMPARE(LeggiFile(Vecchio), Prima);
+    const Database Db = OpenDatabase(sessione::ArchivioCliCon);
+    QCOMPARE(Db.OpenRecordset(u"clienti"_s).Value(u"ID"_s).toInt(), 41);
+    QCOMPARE(Db.Campi(u"clienti"_s)[1].Description, u"L=Cognome e nome"_s);
+}
+
+void TestFrmImporta::usaQuestoArchivioENo()
+{
+    const frmImporta* F = Apri(frmImporta::ArchivioIntero, A->File);
+    A->Voce.Attendi(u"Una copia di \"DatiStudio.mdb\" diventa l'archivio clienti e controparti dello studio.\n"
+                    "L'archivio usato finora, \"%1\", resta dov'è. Proseguire?"_s.arg(A->File),
+                    vbNo, u"Domanda:"_s);
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(Pagina(F), int(frmImporta::PagScelta));
+    QCOMPARE(sessione::ArchivioCliCon, A->File);
+    QCOMPARE(ContenutoDi(sessione::UserFolder), QStringList());
+}
+
+void TestFrmImporta::leVecchieParcelle()
+{
+    const TabellaScritta Param{.Nome = u"ParcellaParam"_s, .Colonne = {{.Nome = u"Cliente"_s}}, .Righe = {{u"Rossi"_s}}};
+    ScriviAccess(Cartella + u"una.mdb"_s, {.Tabelle = {Param}});
+    Salva(u"rotta.mdb"_s, "x");
+    const QString Copie = NuovaCartella() + u"nuove"_s;
+    const frmImporta* F = Apri(frmImporta::Parcelle, Cartella);
+    Controllo<QLineEdit>(F, "txtArrivo")->setText(Copie);
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(TestoDi(F, "lblEsito"), u"1 copiate di 2."_s);
+    const QString Detto = Controllo<QPlainTextEdit>(F, "txtResoconto")->toPlainText();
+    QVERIFY2(Detto.contains(u"una.mdb: copiata\n") && Detto.contains(u"rotta.mdb: non copiata, non è una parcella\n"),
+             qPrintable(Detto));
+    QCOMPARE(OpenDatabase(Copie + u"/una.mdb"_s).OpenRecordset(u"ParcellaParam"_s).Value(u"Cliente"_s).toString(),
+             u"Rossi"_s);
+}
+
+void TestFrmImporta::dalBrowser()
+{
+    const frmRubrica* R = A->Apri(A->DaScrivania());
+    Azione(R, "importa")->trigger();
+    const frmImporta* F = SeCaricato<frmImporta>;
+    QVERIFY(F && F->isVisible() && F->isModal());
+    QVERIFY(Controllo<QRadioButton>(F, "optTabella_0")->isChecked());
+    // Where rows cannot be made there is nothing to import into.
+    RichiestaRubrica SoloLettura = A->DaScrivania();
+    SoloLettura.Modifiche = false;
+    R = A->Apri(SoloLettura);
+    QVERIFY(!Azione(R, "importa")->isVisible());
+    QVERIFY(Azione(R, "esporta")->isVisible());
+}
+
+/// A card that is open is answered before its rows are read anew.
+void TestFrmImporta::laSchedaAperta()
+{
+    frmRubrica* R = A->Apri(A->DaScrivania());
+    R->Comando(u"edit"_s);
+    auto* Card = R->findChild<QDialog*>(u"frmScheda"_s);
+    QVERIFY(Card);
+    QApplication::setActiveWindow(Card);
+    Scrivi(Card->findChild<QLineEdit*>(u"txtFieldData_1"_s), u"Verdi Anna Maria"_s);
+    const frmImporta* F = Apri(frmImporta::Nominativi, Salva(u"nomi.csv"_s, DueNomi));
+    Premuto(F, "cmdAvanti");
+    Premuto(F, "cmdAvanti");
+    A->Voce.Attendi(u"Salvare le modifiche alla scheda?"_s, vbCancel);
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(Pagina(F), int(frmImporta::PagDoppioni));
+    QCOMPARE(InArchivio(), Cinque);
+    A->Voce.Attendi(u"Salvare le modifiche alla scheda?"_s, vbYes);
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(Pagina(F), int(frmImporta::PagResoconto));
+    QCOMPARE(InArchivio().first(), u"Verdi Anna Maria"_s);
+    QCOMPARE(Nomi(R).size(), 6);
+}
+
+void TestFrmImporta::siEsporta()
+{
+    frmRubrica* R = A->Apri(A->DaScrivania());
+    Vaglio(R)->setText(u"rossi"_s);
+    const QString File = Cartella + u"nomi.csv"_s;
+    A->Voce.AttendiSalva(Cartella + u"nomi"_s);  // the ending is the program's
+    A->Voce.Attendi(u"2 nominativi esportati in \"nomi.csv\"."_s, vbOK, u"Messaggio:"_s);
+    R->Comando(u"esporta"_s);
+    QCOMPARE(LeggiFile(File), QByteArray("\xEF\xBB\xBFNominativo;Citt\xC3\xA0;CAP\r\nRossi Mario;Lucca;\r\nRossi Ada;;\r\n"));
+    QCOMPARE(QFileInfo(File).permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+    Lista(R)->Seleziona(1);
+    A->Voce.AttendiSalva(Cartella + u"nomi.vcf"_s);
+    A->Voce.Attendi(u"1 nominativo esportato in \"nomi.vcf\"."_s, vbOK, u"Messaggio:"_s);
+    R->Comando(u"esporta"_s);
+    QCOMPARE(LeggiFile(Cartella + u"nomi.vcf"_s).count("BEGIN:VCARD"), 1);
+    QVERIFY(LeggiFile(Cartella + u"nomi.vcf"_s).contains("FN:Rossi Ada\r\n"));
+}
+
+void TestFrmImporta::siEsportaSullaStessa()
+{
+    frmRubrica* R = A->Apri(A->DaScrivania());
+    const QString File = Salva(u"nomi.csv"_s, "prima");
+    A->Voce.AttendiSalva(File);
+    A->Voce.Attendi(u"Il file nomi.csv esiste già: si vuole sostituirlo?"_s, vbNo, u"Domanda:"_s);
+    R->Comando(u"esporta"_s);
+    QCOMPARE(LeggiFile(File), QByteArray("prima"));
+}
+
+void TestFrmImporta::ilPosto()
+{
+    ProvaPosto(u"frmImporta"_s, [this] { return Apri(); });
+}
+
+#include "TestFrmImporta.moc"
