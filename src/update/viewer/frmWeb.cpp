@@ -6,6 +6,7 @@
 #include "platform/base/regionale.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/suggerimento.h"
 #include "platform/system/file.h"
 #include "platform/system/orologio.h"
 #include "platform/system/permessi.h"
@@ -67,6 +68,7 @@ frmWeb::frmWeb() : ui(std::make_unique<Ui::frmWeb>())
         Pulsante->setIcon(aspetto::Icona(Voce.Icona.toString()));
         Pulsante->setToolTip(Voce.Suggerimento.toString());
     }
+    SuggerisciLeggibile(ui->txtCerca);
     ui->fraCerca->hide();
     ui->pnlGuida->hide();
     ui->divisione->setCollapsible(1, false);

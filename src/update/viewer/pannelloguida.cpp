@@ -2,6 +2,7 @@
 
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/suggerimento.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -35,6 +36,7 @@ PannelloGuida::PannelloGuida(QWidget* Padre)
     setMinimumWidth(MinimoPannello);
     txtGuida->setObjectName(u"txtGuida"_s);
     txtGuida->setPlaceholderText(u"Cerca in tutta la guida"_s);
+    SuggerisciLeggibile(txtGuida);
     txtGuida->setToolTip(u"Restano le pagine che contengono tutte le parole (Ctrl+Maiusc+F)"_s);
     txtGuida->setMaxLength(MassimoCercato);
     txtGuida->setClearButtonEnabled(true);

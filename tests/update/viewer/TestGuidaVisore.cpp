@@ -13,9 +13,11 @@
 #include "update/viewer/pagina.h"
 #include "update/viewer/pannelloguida.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QStackedWidget>
 #include <QToolButton>
@@ -49,6 +51,7 @@ private Q_SLOTS:
     void indietro();
     void senzaRisultati();
     void dueVolteInPrimoPiano();
+    void alBuio();
 
 private:
     void Mostra(const QString& Nome)
@@ -325,6 +328,25 @@ void TestGuidaVisore::dueVolteInPrimoPiano()
     // The page before is one step back.
     QTest::keyClick(W.get(), Qt::Key_Left, Qt::AltModifier);
     QCOMPARE(InVista(), u"uno.htm"_s);
+}
+
+void TestGuidaVisore::alBuio()
+{
+    // Desktops that give dark colours often leave the hint of an empty box black.
+    const QPalette Solita = QApplication::palette();
+    const auto Rimetti = qScopeGuard([&] { QApplication::setPalette(Solita); });
+    QPalette Scura = Solita;
+    Scura.setColor(QPalette::Base, QColor(27, 30, 32));
+    Scura.setColor(QPalette::Text, QColor(252, 252, 252));
+    Scura.setColor(QPalette::PlaceholderText, Qt::black);
+    QApplication::setPalette(Scura);
+    const frmWeb Web;
+    for (const QString& Nome : {u"txtGuida"_s, u"txtCerca"_s}) {
+        const QPalette Sua = Web.findChild<QLineEdit*>(Nome)->palette();
+        QVERIFY2(Sua.color(QPalette::PlaceholderText).lightness() >
+                     Sua.color(QPalette::Base).lightness() + 80,
+                 qPrintable(Nome));
+    }
 }
 
 #include "TestGuidaVisore.moc"
