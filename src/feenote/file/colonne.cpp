@@ -385,6 +385,21 @@ QList<TabellaNota> TabelleNota()
             Tabella(TabellaAccontiNota, ColonneAcconti())};
 }
 
+bool HaColonneIgnote(const Database& File)
+{
+    if (File.Specie() != SpecieNota)
+        return false;
+    const QList<TabellaNota> Tabelle = TabelleNota();
+    return std::ranges::any_of(Tabelle, [&File](const TabellaNota& Tabella) {
+        const QList<Campo> Presenti = File.Campi(Tabella.Nome);
+        return std::ranges::any_of(Presenti, [&Tabella](const Campo& Colonna) {
+            return std::ranges::none_of(Tabella.Colonne, [&Colonna](const Campo& Nota) {
+                return Nota.Name.compare(Colonna.Name, Qt::CaseInsensitive) == 0;
+            });
+        });
+    });
+}
+
 bool DaAggiornare(const QString& Percorso)
 {
     return !Mancanti(Percorso).isEmpty();

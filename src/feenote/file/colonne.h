@@ -21,6 +21,10 @@ inline constexpr QStringView TabellaParam = u"ParcellaParam";
 inline constexpr QStringView TabellaRigheNota = u"ParcellaRighe";
 inline constexpr QStringView TabellaAccontiNota = u"ParcellaAcconti";
 
+/// The kind of a note's file, a template's too: "Caln" in its head. File managers know a note by it, whatever
+/// its name; the package's description of the type says the same number.
+inline constexpr int SpecieNota = 0x43616C6E;
+
 /// Characters of a line's description in the file; what is longer is cut.
 constexpr int MassimoDescr = 60;
 /// Characters of a password; the file keeps three digits for each.
@@ -119,6 +123,11 @@ struct TabellaNota
 };
 /// The three of them, in the order in which a save copies them.
 [[nodiscard]] QList<TabellaNota> TabelleNota();
+
+/// True when a note's file bears the program's number and has a column that this version does not know: a
+/// newer one has written it. Files without the number hold whatever other programs have put there.
+/// @throws Errore 3078 for a file without the tables of a note
+[[nodiscard]] bool HaColonneIgnote(const Database& File);
 
 /// True when a note's file, or a reference database, is from before a column that it must get.
 /// @throws Errore as OpenDatabase

@@ -5,6 +5,7 @@
 #include "feenote/modInterruttori.h"
 #include "tariffs/modTariffe.h"
 
+#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -211,6 +212,18 @@ void ScriviMemoria(const Database& File, const Parcella& Nota)
 MemoriaFile LeggiMemoria(const Database& File)
 {
     return File.Annotazioni();
+}
+
+bool HaVociIgnote(const MemoriaFile& Memoria)
+{
+    const auto Fra = [](const auto& Tabella, const QString& Nome) {
+        return std::ranges::any_of(Tabella, [&Nome](const auto& Voce) { return Voce.Nome == Nome; });
+    };
+    const QStringList Nomi = Memoria.keys();
+    return std::ranges::any_of(Nomi, [&Fra](const QString& Nome) {
+        return Nome != VoceChiavi && Nome != VoceAccontiMostrati && !Fra(Voci, Nome) &&
+               !Fra(NomiForme, Nome) && !Fra(TasseGiudiziali, Nome);
+    });
 }
 
 void ApplicaMemoria(Parcella& Nota, const MemoriaFile& Memoria)

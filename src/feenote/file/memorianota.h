@@ -21,6 +21,9 @@ void ScriviMemoria(const Database& File, const Parcella& Nota);
 /// What a file keeps; empty for one from before this table, or of another origin.
 [[nodiscard]] MemoriaFile LeggiMemoria(const Database& File);
 
+/// True when the file keeps a value by a name that this version does not know.
+[[nodiscard]] bool HaVociIgnote(const MemoriaFile& Memoria);
+
 /// Gives the note what must stand before its print type is chosen: switches, print data, the client's blocks.
 /// An IBAN tick comes back only while the settings hold an IBAN.
 void ApplicaMemoria(Parcella& Nota, const MemoriaFile& Memoria);

@@ -147,6 +147,16 @@ void TraduciChiavi(Parcella& Nota)
     }
 }
 
+/// A note of a newer version is read for what this one knows of it, and the user told what a save would cost.
+void AvvisaVersioneNuova(const Database& File, const MemoriaFile& Memoria)
+{
+    if (HaColonneIgnote(File) || (File.Specie() == SpecieNota && HaVociIgnote(Memoria)))
+        MsgBox(
+            u"Attenzione, la parcella è stata scritta da una versione più recente del programma! I dati che "
+            u"questa\nversione non conosce non vengono mostrati, e andrebbero perduti salvandola."_s,
+            vbExclamation, TitoloAvvertenza.toString());
+}
+
 void CaricaTutto(Parcella& Nota, const QString& Percorso)
 {
     // A note of Access is read from its copy, where its missing columns go too.
@@ -156,6 +166,7 @@ void CaricaTutto(Parcella& Nota, const QString& Percorso)
     NotaLetta Letta{Nota};
     LeggiParametri(File, Letta);
     const MemoriaFile Memoria = LeggiMemoria(File);
+    AvvisaVersioneNuova(File, Memoria);
     Nota.Percorso = Percorso;
     ApplicaPsw(Letta);
     ApplicaParametri(Letta);
@@ -179,6 +190,18 @@ void CaricaTutto(Parcella& Nota, const QString& Percorso)
         RicomponiBlocco(Nota);
 }
 
+/// What is missing from a file that bears the program's number was not taken out by anybody: a newer version
+/// keeps it otherwise.
+[[noreturn]] void RiportaMancanza(const Errore& Guasto, const QString& Percorso)
+{
+    const bool Manca = Guasto.Numero == errori::ElementoMancante ||
+                       Guasto.Numero == errori::TabellaMancante || Guasto.Numero == errori::CampoSconosciuto;
+    if (Manca && OpenDatabase(Percorso, true).Specie() == SpecieNota)
+        throw Errore(Guasto.Numero, u"La parcella è stata scritta da una versione più recente del programma: "
+                                    u"per aprirla occorre aggiornarlo"_s);
+    throw Guasto;
+}
+
 }  // namespace
 
 void CaricaDati(Parcella& Nota, const QString& Percorso)
@@ -191,7 +214,11 @@ void CaricaDati(Parcella& Nota, const QString& Percorso)
     const Parcella Vuota = Nota;
     Nota.Pronta = false;  // the messages of the load must not compose half a note
     try {
-        CaricaTutto(Nota, File);
+        try {
+            CaricaTutto(Nota, File);
+        } catch (const Errore& Guasto) {
+            RiportaMancanza(Guasto, File);
+        }
     } catch (...) {
         Nota = Vuota;
         throw;

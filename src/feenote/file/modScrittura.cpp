@@ -46,5 +46,6 @@ void ScriviDati(const Database& File, const Parcella& Nota)
     Recordset Acconti = File.OpenRecordset(TabellaAccontiNota.toString());
     ScriviLinee(Acconti, Nota.xAcconti, ColonneAcconti(), &ColonnaLinea::Prima, {});
     ScriviMemoria(File, Nota);
+    File.ImpostaSpecie(SpecieNota);
     Insieme.Conferma();
 }

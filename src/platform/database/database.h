@@ -97,6 +97,12 @@ public:
     /// the classic "SELECT * INTO table IN file FROM table". @throws Errore 3010, 3078, as Execute
     void CopiaTabella(const QString& Tabella, const Database& Destinazione) const;
 
+    /// The number in the file's head by which file managers, which read no tables, know whose it is (the
+    /// engine's application_id); 0 for a file that bears none. @throws Errore as Execute
+    [[nodiscard]] int Specie() const;
+    /// Gives it that number. @throws Errore as Execute
+    void ImpostaSpecie(int Numero) const;
+
     /// Values that the program keeps in the file beside its tables, by name; empty for a file without them.
     /// They stand in the table `_Calcanova`, which no list of tables shows and no recordset opens.
     /// @throws Errore as Execute

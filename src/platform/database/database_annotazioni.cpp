@@ -1,4 +1,5 @@
-// Values that the program keeps in a file beside its tables, in a table of the engine's own kind.
+// What the program keeps in a file beside its tables: the number of its kind, and values in a table of the
+// engine's own kind.
 #include "platform/base/errore.h"
 #include "platform/database/connessione.h"
 
@@ -15,6 +16,17 @@ QString SqlTabellaAnnotazioni()
 }
 
 }  // namespace
+
+int Database::Specie() const
+{
+    Istruzione Testa(PerLeggere(), u"PRAGMA application_id"_s);
+    return Testa.Avanza() ? int(Testa.Intero(0)) : 0;
+}
+
+void Database::ImpostaSpecie(int Numero) const
+{
+    PerScrivere().Esegui(u"PRAGMA application_id = %1"_s.arg(Numero));
+}
 
 QMap<QString, QString> Database::Annotazioni() const
 {
