@@ -3,12 +3,15 @@
 #include "core/impostazioni.h"
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
+#include "core/parametri.h"
 #include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
 #include "platform/database/database.h"
 #include "platform/database/recordset.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
+#include "platform/system/impostazioni.h"
+#include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/permessi.h"
 #include "platform/system/shell.h"
@@ -105,6 +108,19 @@ void PreparaArchivio()
     SalvaImpostazione(chiavi::ArchivioCliCon.toString(), CartellaDocumenti() + Nome);
 }
 
+/// A step of the first use, and what the user loses where it fails.
+struct PassoPrimoUso
+{
+    void (*Fai)();
+    QStringView Cosa;
+};
+constexpr std::array PassiPrimoUso{
+    PassoPrimoUso{PreparaCartellaUtente, u"la cartella dei dati dell'utente"},
+    PassoPrimoUso{PreparaParcelle, u"la cartella delle parcelle"},
+    PassoPrimoUso{PreparaArchivio, u"l'archivio dei clienti"},
+    PassoPrimoUso{PreparaTassi, u"l'archivio dei tassi"},
+};
+
 }  // namespace
 
 void PreparaTassi()
@@ -116,6 +132,19 @@ void PreparaTassi()
 
 void PrimoUso()
 {
-    for (const auto Passo : {PreparaCartellaUtente, PreparaParcelle, PreparaArchivio, PreparaTassi})
-        Protetta(Passo);
+    QStringList Mancate;
+    for (const PassoPrimoUso& Passo : PassiPrimoUso) {
+        try {
+            Passo.Fai();
+        } catch (...) {
+            const Errore Guasto = ErroreCorrente();
+            Mancate << u"- %1: %2 (%3)"_s.arg(Passo.Cosa, Guasto.Descrizione.toLower()).arg(Guasto.Numero);
+        }
+    }
+    if (!Mancate.isEmpty())
+        MsgErrore(u"Non è stato possibile preparare:\n%1\nIl programma si apre, ma ciò che vi si salva può "
+                  u"andare perduto: "
+                  u"verificare i permessi delle cartelle\n%2\n%3"_s.arg(
+                      Mancate.join(u'\n'), CartellaSpeciale(Documenti),
+                      CartellaFile(PercorsoImpostazioni(NomeApplicazione.toString()))));
 }

@@ -7,8 +7,8 @@
 /// user folder is taken from the program folder, and a user folder in the Documents is made again, at every
 /// start. Nothing ever replaces a file.
 ///
-/// A failure is reported; its setting then stays unset, so that the next start tries again, and the program
-/// goes on.
+/// What fails is told in one message; its setting then stays unset, so that the next start tries again, and
+/// the program goes on.
 void PrimoUso();
 
 /// Takes a rate archive that is missing from the stored user folder from the program folder. Nothing where

@@ -39,6 +39,21 @@ private:
 };
 PROVA(TestPrimoUso);
 
+namespace {
+
+/// The one message of a first use that could not write.
+QString NonPreparate(const QStringList& Cose)
+{
+    QString Testo = u"Non è stato possibile preparare:\n"_s;
+    for (const QString& Cosa : Cose)
+        Testo += u"- %1: %2 (75)\n"_s.arg(Cosa, DescrizioneErrore(75).toLower());
+    return Testo +
+           u"Il programma si apre, ma ciò che vi si salva può andare perduto: verificare i permessi delle cartelle\n"_s +
+           CartellaSpeciale(5) + u'\n' + CartellaFile(Scena::FileImpostazioni());
+}
+
+}  // namespace
+
 void TestPrimoUso::init()
 {
     S = std::make_unique<Scena>();
@@ -227,9 +242,8 @@ void TestPrimoUso::cartellaRifiutata()
     CreaCartella(Documenti);
     // A file stands where the folder should be.
     ScriviFile(Documenti + u"Calcanova"_s, "");
-    const QString Messaggio = u"Errore: "_s + DescrizioneErrore(75) + u" (75)"_s;
-    Box.Attendi(Messaggio, vbOK, u"Errore:"_s);  // fee notes
-    Box.Attendi(Messaggio, vbOK, u"Errore:"_s);  // archive
+    Box.Attendi(NonPreparate({u"la cartella delle parcelle"_s, u"l'archivio dei clienti"_s}), vbOK,
+                u"Errore:"_s);
     PrimoUso();
     QCOMPARE(Scena::Parametro(u"ParcellePath"_s), QString());
     QCOMPARE(Scena::Parametro(u"ArchivioCliCon"_s), QString());
@@ -246,9 +260,9 @@ void TestPrimoUso::impostazioniNonScrivibili()
     // A folder stands where the store should be.
     QVERIFY(QFile::remove(Scena::FileImpostazioni()));
     QVERIFY(QDir().mkpath(Scena::FileImpostazioni() + u"/x"_s));
-    const QString Messaggio = u"Errore: "_s + DescrizioneErrore(75) + u" (75)"_s;
-    for (int i = 0; i < 3; ++i)  // user folder, fee notes, archive
-        Box.Attendi(Messaggio, vbOK, u"Errore:"_s);
+    Box.Attendi(NonPreparate({u"la cartella dei dati dell'utente"_s, u"la cartella delle parcelle"_s,
+                              u"l'archivio dei clienti"_s}),
+                vbOK, u"Errore:"_s);
     PrimoUso();
     ImpostaVariabili();
     QVERIFY(QDir(Scena::FileImpostazioni()).removeRecursively());
