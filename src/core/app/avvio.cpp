@@ -18,6 +18,7 @@
 #include "platform/system/shell.h"
 
 #include <QApplication>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -29,6 +30,7 @@ constexpr QStringView PrefissoPV2 = u"PV2|";
 constexpr qsizetype LetteraPV2 = 4;    // the fifth character
 constexpr qsizetype RichiestaPV2 = 6;  // what follows "PV2|N|"
 constexpr QStringView ParolaDebug = u"debug";
+constexpr QStringView ParolaLow = u"-low";
 
 /// Opens what the companion application asks for.
 /// @return false when its request cannot be read, and the process ends
@@ -67,20 +69,40 @@ void MostraAvviso()
                          u"avvisokr5"_s, LarghezzaTwip, AltezzaTwip});
 }
 
+bool RigaDiDebug(const QString& Riga)
+{
+    return Riga.startsWith(ParolaDebug, Qt::CaseInsensitive);
+}
+
+/// The word behind "--comando ", of a command that the desktop has an icon for; empty when there is none.
+QString ComandoDellaRiga(const QString& Riga)
+{
+    constexpr QStringView Opzione = u"--comando ";
+    if (!Riga.startsWith(Opzione))
+        return {};
+    const QString Parola = Riga.sliced(Opzione.size());
+    const std::vector<const Comando*> Icone = ComandiDellaScrivania();
+    const bool Mostrato =
+        std::ranges::any_of(Icone, [&](const Comando* Icona) { return Icona->Parola == Parola; });
+    return Mostrato ? Parola : QString();
+}
+
 void AvvioNormale(const QString& Riga)
 {
-    if (Riga.left(ParolaDebug.size()).compare(ParolaDebug, Qt::CaseInsensitive) == 0)
+    if (RigaDiDebug(Riga))
         sessione::ModoDebug = true;
     auto& Scrivania = Singola<frmStudio>();
     // Behind the questions of a first use, which would cover the notice.
     Collega(&Scrivania, &frmStudio::PrimaAttivazione, qApp, MostraAvviso);
+    if (const QString Parola = ComandoDellaRiga(Riga); !Parola.isEmpty())
+        Collega(&Scrivania, &frmStudio::PrimaAttivazione, qApp, [Parola] { EseguiComando(Parola, 0, {}); });
     Scrivania.Mostra();
 }
 
 /// @return false when the process is to end at once
 bool Avvia(const QString& Riga)
 {
-    if (Riga == u"-low") {
+    if (Riga == ParolaLow) {
         sessione::ModoLow = true;
         EseguiComando(u"new"_s, 0, {});
         // No desktop will offer what an earlier session left.
@@ -89,6 +111,9 @@ bool Avvia(const QString& Riga)
     } else if (Riga.startsWith(PrefissoPV2)) {
         if (!AvvioAutomazione(Riga))
             return false;
+        MostraAvviso();
+    } else if (const QString File = FileDellaRiga(Riga); !File.isEmpty()) {
+        (void)AvvioAutomazione(PrefissoPV2.toString() + u"E|"_s + File);
         MostraAvviso();
     } else {
         AvvioNormale(Riga);
@@ -112,6 +137,19 @@ void Main(const QString& RigaDiComando)
         FineSenzaFinestre();
     else
         Termina();
+}
+
+bool RigaDiAltri(const QString& Riga)
+{
+    return Riga == ParolaLow || Riga.startsWith(PrefissoPV2);
+}
+
+QString FileDellaRiga(const QString& Riga)
+{
+    // A file may be called "debug.mdb", but the word is older.
+    if (RigaDiAltri(Riga) || RigaDiDebug(Riga) || Riga.isEmpty() || !EsisteFile(Riga))
+        return {};
+    return QFileInfo(PercorsoNativo(Riga)).absoluteFilePath();
 }
 
 bool AvvisoDaMostrare()

@@ -1,7 +1,9 @@
 // Calcanova: fee notes and calculators for Italian law offices.
+#include "core/app/altriavvii.h"
 #include "core/app/avvio.h"
 #include "core/app/programma.h"
 #include "platform/kit/servizi_qt.h"
+#include "platform/system/shell.h"
 
 #include <QTimer>
 
@@ -9,6 +11,14 @@ int main(int argc, char** argv)
 {
     Applicazione Programma(argc, argv);
     PreparaProgramma();
-    QTimer::singleShot(0, &Programma, [] { Main(QCoreApplication::arguments().mid(1).join(u' ')); });
+    QTimer::singleShot(0, &Programma, [] {
+        const QString Riga = QCoreApplication::arguments().mid(1).join(u' ');
+        if (PassaAdAltroAvvio(Riga)) {
+            Termina();
+            return;
+        }
+        Main(Riga);
+        AscoltaAltriAvvii(Riga);
+    });
     return QApplication::exec();
 }

@@ -12,6 +12,7 @@
 #include <QLocale>
 #include <QPalette>
 #include <QPixmap>
+#include <QRawFont>
 #include <QStyleFactory>
 
 #include <cmath>
@@ -35,6 +36,10 @@ void PreparaCarattere()
     constexpr int CorpoPunti = 9;
     if (!QFontDatabase::hasFamily(QApplication::font().family()))
         QApplication::setFont(QFont(u"DejaVu Sans"_s, CorpoPunti));
+    // Families have names even where no font is installed. No window could say it.
+    if (!QRawFont::fromFont(QApplication::font()).supportsCharacter(u'a'))
+        qWarning("Nessun carattere installato: le finestre restano senza testo. Installare per esempio i "
+                 "caratteri DejaVu e Liberation.");
 }
 
 void PreparaLingua()
@@ -117,6 +122,8 @@ void Prepara()
     PreparaLingua();
     InstallaListeAccessibili();
     QApplication::setWindowIcon(Icona(u"calcanova"_s));
+    QApplication::setDesktopFileName(
+        u"calcanova"_s);  // of its entry in the menu, by which a desktop groups its windows
 }
 
 void TitoliInGrassetto(QWidget* Modulo)

@@ -132,6 +132,12 @@ bool RespiroInCorso()
     return SoloInterruzione::Aperti > 0;
 }
 
+bool UtenteImpegnato()
+{
+    return QApplication::activeModalWidget() || QApplication::activePopupWidget() ||
+           QGuiApplication::mouseButtons() != Qt::NoButton;
+}
+
 void InCodaDopoIlRespiro(QObject* Contesto, std::function<void()> Chiamata)
 {
     QMetaObject::invokeMethod(

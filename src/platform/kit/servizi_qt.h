@@ -30,6 +30,10 @@ bool Respira(const QWidget* Ferma = nullptr);
 /// True inside Respira: whoever runs now does so in the middle of somebody's long work.
 [[nodiscard]] bool RespiroInCorso();
 
+/// True while a box, a menu or a drag is in the user's way: another window now would lie over it, or take
+/// away what he has in his hand.
+[[nodiscard]] bool UtenteImpegnato();
+
 /// Queues a call that may open a window or ask something: it runs from the event loop, and waits for the end
 /// of the long work when that one is breathing. Goes with its context.
 void InCodaDopoIlRespiro(QObject* Contesto, std::function<void()> Chiamata);

@@ -59,6 +59,11 @@ void VerificaPosto(const QString& File, qint64 Altri)
 
 }  // namespace
 
+QString PercorsoImpostazioni(const QString& Applicazione)
+{
+    return Archivio(Applicazione, {}).Dati.fileName();
+}
+
 QString GetSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,
                    const QString& Predefinito)
 {

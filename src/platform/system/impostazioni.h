@@ -9,6 +9,9 @@
 
 #include <utility>
 
+/// The file of an application's settings, full path; it need not be there yet.
+[[nodiscard]] QString PercorsoImpostazioni(const QString& Applicazione);
+
 /// The stored text, or the default when the key is missing.
 [[nodiscard]] QString GetSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,
                                  const QString& Predefinito = {});

@@ -4,6 +4,7 @@
 #include "core/sessione.h"
 #include "platform/base/errore.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/servizi_qt.h"
 #include "platform/kit/singola.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/shell.h"
@@ -27,13 +28,6 @@ bool HaFinestraDipinta()
 {
     const QWindowList Finestre = QGuiApplication::topLevelWindows();
     return std::ranges::any_of(Finestre, [](const QWindow* Finestra) { return Finestra->isExposed(); });
-}
-
-/// A box now would lie over another one, or take away what the user has in his hand.
-bool Impegnato()
-{
-    return QApplication::activeModalWidget() || QApplication::activePopupWidget() ||
-           QGuiApplication::mouseButtons() != Qt::NoButton;
 }
 
 bool ModuloAperto()
@@ -90,7 +84,7 @@ private:
     {
         if (!Corrente && HaFinestraDipinta())
             Parti();
-        if (!Corrente || !Corrente->Attendi(0) || Impegnato())
+        if (!Corrente || !Corrente->Attendi(0) || UtenteImpegnato())
             return;
         Orologio.stop();
         deleteLater();

@@ -7,6 +7,8 @@
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 
+#include <QScopeGuard>
+
 #include <memory>
 
 class TestMain : public QObject
@@ -22,6 +24,10 @@ private Q_SLOTS:
     void bassoOffreIlRecupero();
     void normale_data();
     void normale();
+    void fileNominato_data();
+    void fileNominato();
+    void comandoNominato_data();
+    void comandoNominato();
     void richiestaNuova();
     void richiestaIlleggibile_data();
     void richiestaIlleggibile();
@@ -143,6 +149,86 @@ void TestMain::normale()
     QTEST(sessione::ModoDebug, "Debug");
     QCOMPARE(S->Eventi, QStringList());
     QCOMPARE(sessione::ArchivioPrat, QString());
+}
+
+void TestMain::fileNominato_data()
+{
+    QTest::addColumn<QString>("Riga");
+    QTest::addColumn<bool>("Apre");
+
+    QTest::newRow("whole path") << u"%1nota.mdb"_s << true;
+    QTest::newRow("blanks and accents") << u"%1Però già così.mdb"_s << true;
+    QTest::newRow("from the folder at hand") << u"nota.mdb"_s << true;
+    QTest::newRow("from the folder above") << u"../%2/nota.mdb"_s << true;
+    QTest::newRow("no ending") << u"%1senza"_s << true;
+    QTest::newRow("no file") << u"%1manca.mdb"_s << false;
+    QTest::newRow("a folder") << u"%1cartella"_s << false;
+    QTest::newRow("a blank behind") << u"%1nota.mdb "_s << false;
+    QTest::newRow("two files") << u"%1nota.mdb %1senza"_s << false;
+    QTest::newRow("a word that begins with debug") << u"debug.mdb"_s << false;
+    QTest::newRow("the same with its folder") << u"./debug.mdb"_s << true;
+    QTest::newRow("called as the low mode") << u"-low"_s << false;
+}
+
+void TestMain::fileNominato()
+{
+    QFETCH(QString, Riga);
+    QFETCH(bool, Apre);
+    const QString Note = NuovaCartella();
+    for (const QString& Nome :
+         {u"nota.mdb"_s, u"Però già così.mdb"_s, u"senza"_s, u"debug.mdb"_s, u"-low"_s, u"PV2|X"_s})
+        ScriviFile(Note + Nome, "x");
+    CreaCartella(Note + u"cartella"_s);
+    const QString Prima = QDir::currentPath();
+    const auto Ritorna = qScopeGuard([&] { QDir::setCurrent(Prima); });
+    QVERIFY(QDir::setCurrent(Note));
+    const Registratore Box;
+    Riga.replace(u"%1"_s, Note).replace(u"%2"_s, QFileInfo(Note.chopped(1)).fileName());
+    Main(Riga);
+    if (!Apre) {
+        for (const QString& Evento : std::as_const(S->Eventi))
+            QVERIFY2(!Evento.startsWith(u"parcella [/"), qPrintable(Evento));
+        return;
+    }
+    // As the companion's request for a file: the same note, the same settings read behind it, no desktop.
+    const QString File = QDir::cleanPath(QDir(Note).absoluteFilePath(Riga));
+    QCOMPARE(S->Eventi.size(), 2);
+    const QString Aperto = S->Eventi[0].section(u'[', 1).section(u']', 0, 0);
+    QVERIFY(QFileInfo(Aperto).isAbsolute());
+    QCOMPARE(QDir::cleanPath(Aperto), File);
+    QCOMPARE(S->Eventi[1], u"fine"_s);  // no window came up
+    QCOMPARE(sessione::ArchivioPrat, u"/praxivo/pratiche.mdb"_s);
+    QVERIFY(!SeCaricato<frmStudio>);
+    QVERIFY(!sessione::ModoDebug);
+}
+
+void TestMain::comandoNominato_data()
+{
+    QTest::addColumn<QString>("Riga");
+    QTest::addColumn<QString>("Aperta");
+
+    QTest::newRow("terms") << u"--comando termini"_s << u"termini"_s;
+    QTest::newRow("interest") << u"--comando inter"_s << u"inter"_s;
+    QTest::newRow("a word without an icon") << u"--comando off"_s << u""_s;
+    QTest::newRow("no word") << u"--comando"_s << u""_s;
+    QTest::newRow("an unknown word") << u"--comando parcelle"_s << u""_s;
+    QTest::newRow("two words") << u"--comando termini inter"_s << u""_s;
+    QTest::newRow("the word alone") << u"termini"_s << u""_s;
+}
+
+void TestMain::comandoNominato()
+{
+    // The desktop as ever; behind its own questions what the icon opens.
+    QFETCH(QString, Riga);
+    QFETCH(QString, Aperta);
+    const Registratore Box;
+    for (const QString& Parola : {u"termini"_s, u"inter"_s, u"off"_s})
+        Aperture.Finestre[Parola] = [this, Parola] { S->Annota(Parola); };
+    Main(Riga);
+    QVERIFY(ScrivaniaVisibile());
+    QTRY_COMPARE(Avvisi.size(), 1);
+    Respiro();
+    QCOMPARE(S->Eventi, Aperta.isEmpty() ? QStringList() : QStringList{Aperta});
 }
 
 void TestMain::richiestaNuova()

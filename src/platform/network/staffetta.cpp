@@ -1,0 +1,150 @@
+#include "platform/network/staffetta.h"
+
+#include "platform/network/segnale.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QLocalServer>
+#include <QLocalSocket>
+#include <QTimer>
+
+#include <utility>
+
+#ifndef Q_OS_WIN
+#include <sys/socket.h>
+#include <unistd.h>
+#endif
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int AttesaPresaMs = 250;
+/// A program that is at work answers when it breathes again.
+constexpr int AttesaRispostaMs = 2000;
+/// A caller who neither offers nor confirms is let go.
+constexpr int AttesaOffertaMs = 5000;
+
+constexpr char FineOfferta = '\0';
+constexpr char Accettata = 'A';
+constexpr char Confermata = 'C';
+
+/// True when the program at the other end is this user's.
+bool StessoUtente(const QLocalSocket& Presa)
+{
+#ifdef Q_OS_LINUX
+    ucred Chi{};
+    socklen_t Misura = sizeof Chi;
+    return getsockopt(int(Presa.socketDescriptor()), SOL_SOCKET, SO_PEERCRED, &Chi, &Misura) == 0 &&
+           Chi.uid == geteuid();
+#elif defined(Q_OS_UNIX)
+    uid_t Utente = 0;
+    gid_t Gruppo = 0;
+    return getpeereid(int(Presa.socketDescriptor()), &Utente, &Gruppo) == 0 && Utente == geteuid();
+#else
+    Q_UNUSED(Presa);
+    return false;  // here a start with a file opens it by itself
+#endif
+}
+
+bool Scrivi(QLocalSocket& Presa, const QByteArray& Byte)
+{
+    return Presa.write(Byte) == Byte.size() &&
+           (Presa.bytesToWrite() == 0 || Presa.waitForBytesWritten(AttesaPresaMs));
+}
+
+}  // namespace
+
+QString PresaStaffetta(const QString& Impostazioni)
+{
+    constexpr int Cifre = 16;
+    const QByteArray Impronta =
+        QCryptographicHash::hash(Impostazioni.toUtf8(), QCryptographicHash::Sha256).toHex();
+    return PresaSegnale(u"calcanova-"_s + QString::fromLatin1(Impronta.left(Cifre)));
+}
+
+bool PassaFile(const QString& Impostazioni, const QString& Percorso)
+{
+    const QString Nome = PresaStaffetta(Impostazioni);
+    const QByteArray Offerta = Percorso.toUtf8() + FineOfferta;
+    const bool Offribile = !Percorso.isEmpty() && Offerta.indexOf(FineOfferta) == Offerta.size() - 1;
+    if (Nome.isEmpty() || !Offribile || Offerta.size() > MassimoPercorso)
+        return false;
+    QLocalSocket Presa;
+    Presa.connectToServer(Nome);
+    if (!Presa.waitForConnected(AttesaPresaMs) || !StessoUtente(Presa) || !Scrivi(Presa, Offerta))
+        return false;
+    if (!Presa.waitForReadyRead(AttesaRispostaMs) || Presa.read(1) != QByteArray(1, Accettata))
+        return false;
+    return Scrivi(Presa, QByteArray(1, Confermata));
+}
+
+Staffetta::Staffetta(const QString& Impostazioni, std::function<void(const QString&)> Azione, QObject* Padre)
+    : QObject(Padre), Apri(std::move(Azione))
+{
+    const QString Nome = PresaStaffetta(Impostazioni);
+    if (Nome.isEmpty())
+        return;
+    QLocalSocket Altra;
+    Altra.connectToServer(Nome);
+    if (Altra.waitForConnected(AttesaPresaMs))
+        return;
+    QLocalServer::removeServer(Nome);  // what a killed program has left
+    Servitore = new QLocalServer(this);
+    Servitore->setSocketOptions(QLocalServer::UserAccessOption);
+    if (!Servitore->listen(Nome)) {
+        delete std::exchange(Servitore, nullptr);
+        return;
+    }
+    QFile::setPermissions(Nome, QFile::ReadOwner | QFile::WriteOwner);
+    connect(Servitore, &QLocalServer::newConnection, this, &Staffetta::Accogli);
+}
+
+Staffetta::~Staffetta() = default;
+
+bool Staffetta::InAscolto() const
+{
+    return Servitore != nullptr;
+}
+
+void Staffetta::Accogli()
+{
+    while (QLocalSocket* Presa = Servitore->nextPendingConnection()) {
+        connect(Presa, &QLocalSocket::disconnected, Presa, &QObject::deleteLater);
+        if (!StessoUtente(*Presa)) {
+            Presa->abort();
+            continue;
+        }
+        Presa->setReadBufferSize(MassimoPercorso);
+        connect(Presa, &QLocalSocket::readyRead, this, [this, Presa] { Leggi(Presa); });
+        QTimer::singleShot(AttesaOffertaMs, Presa, [Presa] { Presa->abort(); });
+        Leggi(Presa);  // the offer may be there already
+    }
+}
+
+void Staffetta::Leggi(QLocalSocket* Presa)
+{
+    static constexpr auto Offerto = "Offerto";  // the path, from its offer to its confirmation
+    const QVariant Prima = Presa->property(Offerto);
+    if (!Prima.isValid()) {
+        const QByteArray Giunti = Presa->peek(MassimoPercorso);
+        const qsizetype Fine = Giunti.indexOf(FineOfferta);
+        if (Fine < 0) {
+            if (Giunti.size() >= MassimoPercorso)
+                Presa->abort();  // no path is so long
+            return;
+        }
+        Presa->read(Fine + 1);
+        Presa->setProperty(Offerto, QString::fromUtf8(Giunti.first(Fine)));
+        Presa->write(QByteArray(1, Accettata));
+        Presa->flush();
+        return;
+    }
+    const QByteArray Risposta = Presa->read(1);
+    if (Risposta.isEmpty())
+        return;
+    Presa->disconnect(this);
+    Presa->disconnectFromServer();
+    if (Risposta == QByteArray(1, Confermata))
+        Apri(Prima.toString());
+}

@@ -1,0 +1,158 @@
+// A start with a file while a session is running, seen from outside: the program itself, twice.
+#include "core/app/processo.h"
+#include "core/app/scena.h"
+
+#include "feenote/windows/tavolo.h"
+#include "platform/network/staffetta.h"
+#include "platform/system/file.h"
+
+#include <memory>
+
+namespace {
+
+constexpr int AttesaMs = 20000;
+
+/// A note from before a column: whoever opens it gives it that column, which can be seen from outside.
+void ScriviVecchia(const QString& File)
+{
+    AzzeraSessione();
+    sessione::PercorsoProg = ProgrammaDiProva();
+    ScriviNota(File, NotaCivile());
+    EseguiSu(File, u"ALTER TABLE ParcellaParam DROP COLUMN SpeseGen"_s);
+    AzzeraSessione();
+}
+
+bool Aperta(const QString& File)
+{
+    try {
+        return EsisteCampo(File, u"ParcellaParam"_s, u"SpeseGen"_s);
+    } catch (const Errore&) {
+        return false;  // it is being written to just now
+    }
+}
+
+bool InAscolto()
+{
+    return QFileInfo::exists(PresaStaffetta(PercorsoImpostazioni(NomeApplicazione.toString())));
+}
+
+}  // namespace
+
+class TestAltriAvvii : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void laSessioneApertaLoPrende_data();
+    void laSessioneApertaLoPrende();
+    void lAltraNonLoPrende_data();
+    void lAltraNonLoPrende();
+    void altreImpostazioni();
+    void senzaFileNonCambiaNulla();
+    void finitaNonAscolta();
+
+private:
+    std::unique_ptr<Scena> S;
+    QString Note;
+};
+PROVA(TestAltriAvvii);
+
+void TestAltriAvvii::init()
+{
+    S = std::make_unique<Scena>();
+    Note = NuovaCartella();
+    // An office that is asked nothing at the start.
+    Scena::Salva(u"StudioNome"_s, u"Studio Bianchi"_s);
+    Scena::Salva(u"CercaAgg"_s, u"N"_s);
+    Scena::Salva(u"ParcellePath"_s, Note);
+    const QString Utente = NuovaCartella();
+    ScriviFile(Utente + u"avvisokr5.ini"_s, {});
+    Scena::Salva(u"UserFolder"_s, Utente);
+    for (const QString& Nome : {u"Però già € così.mdb"_s, u"seconda.mdb"_s})
+        ScriviVecchia(Note + Nome);
+}
+
+void TestAltriAvvii::cleanup()
+{
+    S.reset();
+    QFile::remove(PresaStaffetta(PercorsoImpostazioni(NomeApplicazione.toString())));  // of the killed ones
+}
+
+void TestAltriAvvii::laSessioneApertaLoPrende_data()
+{
+    QTest::addColumn<QStringList>("Argomenti");
+    QTest::addColumn<QString>("Nome");
+    const QString Accenti = u"Però già € così.mdb"_s;
+    QTest::newRow("the desktop") << QStringList{} << u"./"_s + Accenti;
+    QTest::newRow("one begun with a file") << QStringList{u"seconda.mdb"_s} << Accenti;
+}
+
+void TestAltriAvvii::laSessioneApertaLoPrende()
+{
+    QFETCH(QStringList, Argomenti);
+    QFETCH(QString, Nome);
+    ProgrammaVero Prima(Argomenti, {}, Note);
+    QTRY_VERIFY_WITH_TIMEOUT(InAscolto(), AttesaMs);
+    ProgrammaVero Seconda({Nome}, {}, Note);
+    QTRY_VERIFY_WITH_TIMEOUT(Seconda.FinitoBene(), AttesaMs);
+    QTRY_VERIFY_WITH_TIMEOUT(Aperta(Note + Nome), AttesaMs);
+    QVERIFY(!Prima.Finito());
+}
+
+void TestAltriAvvii::lAltraNonLoPrende_data()
+{
+    QTest::addColumn<QStringList>("Argomenti");
+    QTest::newRow("low") << QStringList{u"-low"_s};
+    QTest::newRow("the companion's file") << QStringList{u"PV2|E|"_s + QString(u"seconda.mdb"_s)};
+    QTest::newRow("the companion's matter") << QStringList{u"PV2|N|P12|0|2|30000|0|0|11|"_s};
+}
+
+void TestAltriAvvii::lAltraNonLoPrende()
+{
+    QFETCH(QStringList, Argomenti);
+    const ProgrammaVero Prima(Argomenti, {}, Note);
+    QTest::qWait(400);
+    QVERIFY(!InAscolto());
+    const QString File = Note + u"Però già € così.mdb"_s;
+    const ProgrammaVero Seconda({File});
+    QTRY_VERIFY_WITH_TIMEOUT(Aperta(File), AttesaMs);
+    QTRY_VERIFY_WITH_TIMEOUT(InAscolto(), AttesaMs);
+    QVERIFY2(!Seconda.Finito(), "it has opened the file by itself");
+}
+
+void TestAltriAvvii::altreImpostazioni()
+{
+    const ProgrammaVero Prima({}, {}, Note);
+    QTRY_VERIFY_WITH_TIMEOUT(InAscolto(), AttesaMs);
+    // Another office's settings: its own folders, its own archive.
+    const QString Altre = NuovaCartella();
+    CreaCartella(Altre + u"Calcanova"_s);
+    ScriviFile(Altre + u"Calcanova/KR5.ini"_s, LeggiFile(Scena::FileImpostazioni()));
+    const QString File = Note + u"seconda.mdb"_s;
+    const ProgrammaVero Seconda({File}, {{u"XDG_CONFIG_HOME"_s, Altre}});
+    QTRY_VERIFY_WITH_TIMEOUT(Aperta(File), AttesaMs);
+    QTest::qWait(300);
+    QVERIFY(!Seconda.Finito());
+}
+
+void TestAltriAvvii::senzaFileNonCambiaNulla()
+{
+    const ProgrammaVero Prima({}, {}, Note);
+    QTRY_VERIFY_WITH_TIMEOUT(InAscolto(), AttesaMs);
+    const ProgrammaVero Seconda({});
+    const ProgrammaVero Terza({u"manca.mdb"_s}, {}, Note);
+    QTest::qWait(500);
+    QVERIFY2(!Seconda.Finito(), "a second desktop, as always");
+    QVERIFY2(!Terza.Finito(), "what names no file is the desktop");
+}
+
+void TestAltriAvvii::finitaNonAscolta()
+{
+    // The companion's program ends by itself; a session that has ended leaves no socket.
+    const ProgrammaVero Nulla({u"PV2|X"_s});
+    QTRY_VERIFY_WITH_TIMEOUT(Nulla.FinitoBene(), AttesaMs);
+    QVERIFY(!InAscolto());
+}
+
+#include "TestAltriAvvii.moc"
