@@ -3,6 +3,7 @@
 #include "core/CIni.h"
 #include "core/modIcone.h"
 #include "core/sessione.h"
+#include "platform/base/ordineitaliano.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
@@ -24,27 +25,57 @@ QStringList FileDi(const QString& Cartella, const QString& Estensione)
     return Trovati;
 }
 
-QString CartellaIcone(const QString& Sopra)
+/// Where pictures stand, what the office has put into its user folder before what the program came with.
+QStringList Luoghi(const QString& Sotto)
 {
-    return Sopra.isEmpty() ? QString() : Barra(Sopra) + Barra(u"icone"_s);
+    QStringList Cartelle;
+    for (const QString& Sopra : {sessione::UserFolder, sessione::PercorsoProg})
+        if (!Sopra.isEmpty())
+            Cartelle << Barra(Sopra) + Barra(Sotto);
+    return Cartelle;
 }
+
+/// A file by its name in the first of those folders that has it; empty when none has.
+QString FileIn(const QString& Sotto, const QString& Nome)
+{
+    if (Nome.isEmpty())
+        return {};
+    for (const QString& Cartella : Luoghi(Sotto))
+        if (const QString File = TrovaFile(Cartella + Nome); EsisteFile(File))
+            return File;
+    return {};
+}
+
+/// Names of files with an ending in all of those folders, each once, in the order of a reader.
+QStringList NomiIn(const QString& Sotto, const QString& Estensione)
+{
+    QStringList Nomi;
+    for (const QString& Cartella : Luoghi(Sotto))
+        for (const QString& Nome : FileDi(Cartella, Estensione))
+            if (!Nomi.contains(Nome, Qt::CaseInsensitive))
+                Nomi << Nome;
+    OrdinaItaliano(Nomi, [](const QString& Nome) { return Nome; });
+    return Nomi;
+}
+
+const QString Sfondi = u"sfondi"_s;
+const QString Icone = u"icone"_s;
 
 }  // namespace
 
-QString CartellaSfondi()
-{
-    return sessione::PercorsoProg + Barra(u"sfondi"_s);
-}
-
 QString FileSfondo()
 {
-    const QString File = TrovaFile(CartellaSfondi() + sessione::SfondoDesktop);
-    return !sessione::SfondoDesktop.isEmpty() && EsisteFile(File) ? File : QString();
+    return FileSfondo(sessione::SfondoDesktop);
+}
+
+QString FileSfondo(const QString& Nome)
+{
+    return FileIn(Sfondi, Nome);
 }
 
 QStringList LeggiSfondi()
 {
-    return FileDi(CartellaSfondi(), EstensioneSfondo);
+    return NomiIn(Sfondi, EstensioneSfondo);
 }
 
 QString TrovaSfondo(const QStringList& Sfondi, const QString& Nome)
@@ -59,9 +90,9 @@ QString TrovaSfondo(const QStringList& Sfondi, const QString& Nome)
 QList<ModelloAspetto> LeggiModelli()
 {
     CIni File;
-    File.ImpostaFileName(TrovaFile(CartellaSfondi() + u"templates.ini"_s));
+    File.ImpostaFileName(FileIn(Sfondi, u"templates.ini"_s));
     QList<ModelloAspetto> Modelli;
-    if (!EsisteFile(File.FileName()))
+    if (File.FileName().isEmpty())
         return Modelli;
     for (int n = 1;; ++n) {
         File.ImpostaApplicationKey(u"modello"_s + QString::number(n));
@@ -88,19 +119,13 @@ std::optional<int> LeggiColore(const QString& Testo)
 QStringList LeggiFigure()
 {
     QStringList Nomi;
-    for (const QString& Sopra : {sessione::PercorsoProg, sessione::UserFolder})
-        for (const QString& Nome : FileDi(CartellaIcone(Sopra), EstensioneFigura))
-            if (const QString Corto = Nome.chopped(EstensioneFigura.size());
-                Conservabile(Corto) && !Nomi.contains(Corto, Qt::CaseInsensitive))
-                Nomi << Corto;
+    for (const QString& Nome : NomiIn(Icone, EstensioneFigura))
+        if (const QString Corto = Nome.chopped(EstensioneFigura.size()); Conservabile(Corto))
+            Nomi << Corto;
     return Nomi;
 }
 
 QString FileFigura(const QString& Nome)
 {
-    for (const QString& Sopra : {sessione::PercorsoProg, sessione::UserFolder})
-        if (const QString File = TrovaFile(CartellaIcone(Sopra) + NomeFile(Nome));
-            !Sopra.isEmpty() && EsisteFile(File))
-            return File;
-    return {};
+    return FileIn(Icone, NomeFile(Nome));
 }

@@ -1,4 +1,6 @@
-// The looks of the desktop: backgrounds that stand beside the program, templates of colours and picture.
+// The looks of the desktop: backgrounds and pictures, templates of colours and picture. They stand beside the
+// program, in "sfondi" and "icone"; what an office has put into folders of those names in its user folder
+// wins over a file of the same name there.
 #pragma once
 
 #include <QList>
@@ -19,13 +21,12 @@ struct ModelloAspetto
     QString Immagine;                                      ///< with or without ".jpg"
 };
 
-/// Folder of the backgrounds, with the separator at its end.
-[[nodiscard]] QString CartellaSfondi();
-
-/// The session's background, full path in any case of its letters; empty when there is none.
+/// The session's background, or one of another name; full path in any case of its letters, empty when there
+/// is none.
 [[nodiscard]] QString FileSfondo();
+[[nodiscard]] QString FileSfondo(const QString& Nome);
 
-/// The backgrounds in it, names of files that end in ".jpg" in any case, sorted as a reader would.
+/// The backgrounds, names of files that end in ".jpg" in any case, sorted as a reader would.
 [[nodiscard]] QStringList LeggiSfondi();
 
 /// The background of a name with or without ".jpg", in any case; empty when it is not there.
@@ -37,8 +38,8 @@ struct ModelloAspetto
 /// A colour as the settings store it; nothing for a text that is none.
 [[nodiscard]] std::optional<int> LeggiColore(const QString& Testo);
 
-/// Pictures for icons, names without ".gif", of the program's and the user's folder "icone".
+/// Pictures for icons, names without ".gif", sorted likewise.
 [[nodiscard]] QStringList LeggiFigure();
 
-/// Full path of an icon's picture, the program's before the user's; empty when neither is there.
+/// Full path of an icon's picture; empty when there is none.
 [[nodiscard]] QString FileFigura(const QString& Nome);

@@ -70,6 +70,20 @@ Clausole Leggi(const QString& Percorso)
     return {EsitoClausole::Lette, Rtf ? DaCp1252(Letti) : TestoSemplice(Letti)};
 }
 
+// ---- where the files stand
+
+QString FileProprio(const QString& Nome)
+{
+    return sessione::UserFolder.isEmpty()
+               ? QString()
+               : TrovaFile(Barra(sessione::UserFolder) + Barra(u"clausole"_s) + Nome);
+}
+
+QString FileFornito(const QString& Nome)
+{
+    return TrovaFile(sessione::PercorsoProg + Barra(u"doc"_s) + Nome);
+}
+
 // ---- what the user is shown
 
 QString Ragione(EsitoClausole Esito)
@@ -123,11 +137,38 @@ Clausole LeggiClausole(const QString& Percorso)
     }
 }
 
-void StampaClausole(Superficie& vp, const Parcella& Nota, const QString& Documento)
+QString NomeClausole(int Tipo, const Parcella& Nota)
 {
-    const QString Nome =
-        Documento + (Nota.optContrTipo == 1 ? u"PersonaGiuridica.rtf"_s : u"PersonaFisica.rtf"_s);
-    const Clausole Lette = LeggiClausole(sessione::PercorsoProg + Barra(u"doc"_s) + Nome);
+    if (Tipo != StampaContratto && Tipo != StampaInformativa)
+        return {};
+    const QString Documento = Tipo == StampaContratto ? u"Contratto"_s : u"ResaInformazione"_s;
+    return Documento + (Nota.optContrTipo == 1 ? u"PersonaGiuridica.rtf"_s : u"PersonaFisica.rtf"_s);
+}
+
+QString FileClausole(const QString& Nome)
+{
+    const QString Propria = FileProprio(Nome);
+    return EsisteFile(Propria) ? Propria : FileFornito(Nome);
+}
+
+QString ClausoleDaModificare(const QString& Nome)
+{
+    const QString Propria = FileProprio(Nome);
+    if (EsisteFile(Propria))
+        return Propria;
+    const QString Fornita = FileFornito(Nome);
+    if (!EsisteFile(Fornita))
+        throw Errore(errori::FileMancante, DescrizioneErrore(errori::FileMancante) + u": "_s + Fornita);
+    CreaCartella(CartellaFile(Propria));
+    // Another window may have made it meanwhile: nothing that the office has written is replaced.
+    (void)CreaFile(Propria, LeggiFile(Fornita));
+    return Propria;
+}
+
+void StampaClausole(Superficie& vp, const Parcella& Nota, int Tipo)
+{
+    const QString Nome = NomeClausole(Tipo, Nota);
+    const Clausole Lette = LeggiClausole(FileClausole(Nome));
     Registra(Nome, Lette.Esito);
     if (Lette.Testo.isEmpty())
         return;

@@ -27,10 +27,23 @@ struct Clausole
 /// Reads a file of clauses; never fails.
 [[nodiscard]] Clausole LeggiClausole(const QString& Percorso);
 
+/// Name of the file whose clauses a document of the note prints; empty for a document without any.
+/// @param Tipo a TipoStampa
+[[nodiscard]] QString NomeClausole(int Tipo, const Parcella& Nota);
+
+/// The file of that name that is printed: the office's own, in the folder "clausole" of the user folder,
+/// where there is one, else the one in "doc" of the program folder. It need not be there.
+[[nodiscard]] QString FileClausole(const QString& Nome);
+
+/// The office's own file of that name, for its word processor. Where there is none yet, it begins as a copy
+/// of the one that the program came with.
+/// @throws Errore 53 neither is there, 75 or 61 when it cannot be written
+[[nodiscard]] QString ClausoleDaModificare(const QString& Nome);
+
 /// Appends the clauses of a document for the note's kind of client and a blank row; nothing where there are
 /// none.
-/// @param Documento the first part of the file's name
-void StampaClausole(Superficie& vp, const Parcella& Nota, const QString& Documento);
+/// @param Tipo StampaContratto or StampaInformativa
+void StampaClausole(Superficie& vp, const Parcella& Nota, int Tipo);
 
 /// Shows the user which files' clauses were not printed since the last call, and why. A file that was shown
 /// is not shown again until its clauses have been printed; missing clauses are nothing to be shown.

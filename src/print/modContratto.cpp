@@ -163,7 +163,7 @@ void ComponiContratto(Superficie& vp, StatoStampa& Stato, const Parcella& Nota)
     vp.TextAlign(Allineamento::Giustificato);
     Compensi(vp, Stato, Nota);
     Pagamenti(vp);
-    StampaClausole(vp, Nota, u"Contratto"_s);
+    StampaClausole(vp, Nota, StampaContratto);
 }
 
 void ComponiInformativa(Superficie& vp, StatoStampa& /*Stato*/, const Parcella& Nota)
@@ -181,5 +181,5 @@ void ComponiInformativa(Superficie& vp, StatoStampa& /*Stato*/, const Parcella& 
             u" in relazione alla controversia insorta contro "_s + Nota.txtDatiStaControp.Testo +
             (Oggetto.isEmpty() ? QString() : u" e avente a oggetto "_s + Oggetto) + u": "_s);
     RigaVuota(vp);
-    StampaClausole(vp, Nota, u"ResaInformazione"_s);
+    StampaClausole(vp, Nota, StampaInformativa);
 }

@@ -2,8 +2,8 @@
 // client was informed.
 //
 // Parties, subject and amounts are composed here; the clauses stand in a file of rich text in the folder
-// "doc" of the program, one for a person and one for a company, which is appended as it is. A file that is
-// missing leaves its clauses out.
+// "doc" of the program, or "clausole" of the user, one for a person and one for a company, which is appended
+// as it is. A file that is missing leaves its clauses out.
 #pragma once
 
 #include "print/modCorpo.h"

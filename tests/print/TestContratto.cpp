@@ -6,6 +6,7 @@
 #include "supporto/registratore.h"
 
 #include <QDir>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -34,6 +35,7 @@ private Q_SLOTS:
 
     void clausole_data();
     void clausole();
+    void clausoleDelloStudio();
     void clausoleMancanti_data();
     void clausoleMancanti();
     void clausoleInTestoSemplice();
@@ -319,6 +321,30 @@ void TestContratto::clausole()
     QCOMPARE(int(Clausola.Tratti.size()), 2);
     QVERIFY(Clausola.Tratti[0].Font.Grassetto && !Clausola.Tratti[1].Font.Grassetto);
     QVERIFY(!TestiBlocchi(Composto(campioni::Civile(), StampaPrenotula)).join(u' ').contains(File));
+}
+
+void TestContratto::clausoleDelloStudio()
+{
+    // The office's own file wins over the delivered one, an empty one too; the others stay the delivered
+    // ones.
+    const auto Rimetti = qScopeGuard([Era = sessione::UserFolder] { sessione::UserFolder = Era; });
+    sessione::UserFolder = NuovaCartella();
+    const QString Proprie = sessione::UserFolder + Barra(u"clausole"_s);
+    QVERIFY(QDir().mkpath(Proprie));
+    for (const QString& Nome : {u"ContrattoPersonaFisica.rtf"_s, u"ResaInformazionePersonaFisica.rtf"_s})
+        ScriviFile(Clausole + Nome, "{\\rtf1 Fornite}");
+    ScriviFile(Proprie + u"CONTRATTOpersonafisica.rtf"_s, "{\\rtf1 Dello studio}");
+    const Parcella Nota = Completa(campioni::Civile());
+    const auto Penultimo = [&](int Tipo) {
+        const QStringList Testi = TestiBlocchi(Composto(Nota, Tipo));
+        return Testi[Testi.size() - 2];
+    };
+    QCOMPARE(Penultimo(StampaContratto), u"Dello studio"_s);
+    QCOMPARE(Penultimo(StampaInformativa), u"Fornite"_s);
+    ScriviFile(Proprie + u"CONTRATTOpersonafisica.rtf"_s, {});
+    QVERIFY(!TestiBlocchi(Composto(Nota, StampaContratto)).join(u' ').contains(u"Fornite"));
+    sessione::UserFolder.clear();
+    QCOMPARE(Penultimo(StampaContratto), u"Fornite"_s);
 }
 
 void TestContratto::clausoleMancanti_data()

@@ -223,7 +223,7 @@ void SchedaDesktop::MostraAspetto()
     ui->cmdNessuna->setEnabled(!Immagine.isEmpty());
     for (int i = 0; i < ColoriDesktop; ++i)
         MostraColore(i);
-    ui->imgPreview->Mostra(File.isEmpty() ? QString() : CartellaSfondi() + File, Colori);
+    ui->imgPreview->Mostra(FileSfondo(File), Colori);
     MostraModello();
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/aperture.h"
 #include "core/modErrori.h"
+#include "core/modLancio.h"
 #include "core/sessione.h"
 #include "feenote/modDatiStampa.h"
 #include "feenote/modInterruttori.h"
@@ -14,6 +15,7 @@
 #include "platform/kit/collega.h"
 #include "platform/kit/scelta.h"
 #include "platform/system/shell.h"
+#include "print/modClausole.h"
 
 #include <QButtonGroup>
 #include <QScrollArea>
@@ -257,6 +259,7 @@ void SchedaStampa::CollegaSegni()
             Aperture.PaginaWeb(sessione::PercorsoProg + u"SkIvaDiff.htm"_s,
                                u"VDM - Scheda informativa Iva differita"_s);
     });
+    Collega(ui->cmdClausole, &QPushButton::clicked, this, &SchedaStampa::cmdClausole_Click);
     optContrTipo = new QButtonGroup(ui->paginaIncarico);
     optContrTipo->setObjectName(u"optContrTipo"_s);
     optContrTipo->addButton(ui->optContrTipo_0, 0);
@@ -285,6 +288,13 @@ void SchedaStampa::cmdProgFatt_Click()
         Cornice.Ricomponi();
     }
     Cornice.InDialogo(AggiornaProgFatt);
+}
+
+void SchedaStampa::cmdClausole_Click()
+{
+    if (Cornice.InDomanda() || !ConcludiCampo())
+        return;
+    Protetta([this] { ApriDocWord(ClausoleDaModificare(NomeClausole(Nota.cmbTipoStampa, Nota))); });
 }
 
 void SchedaStampa::Mostra()

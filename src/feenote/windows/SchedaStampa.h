@@ -44,6 +44,9 @@ public:
     /// QPlainTextEdit.
     [[nodiscard]] QWidget* txtDatiPar(int Indice) const;
 
+protected:
+    bool event(QEvent* Evento) override;
+
 private:
     // ---- SchedaStampa.cpp: document and data
     void CollegaDocumento();
@@ -54,6 +57,7 @@ private:
     void MostraParti();
     void cmbTipoStampa_Click(int Tipo);
     void cmdProgFatt_Click();
+    void cmdClausole_Click();
 
     // ---- SchedaStampa_Anteprima.cpp: composition, preview and its toolbar
     void CollegaAnteprima();
@@ -61,6 +65,8 @@ private:
     void AbilitaBarra();
     void EsportaDocumento();
     void SalvaPdf();
+    /// The file of the document's clauses, and when it was last written; empty for a document without any.
+    [[nodiscard]] QString StatoClausole() const;
     /// @param Invio for the companion application
     /// @return what kept the document's file from being written
     std::optional<Errore> Componi(bool Invio = false);
@@ -71,4 +77,5 @@ private:
     QButtonGroup* optContrTipo = nullptr;
     QAction* cmdEditor = nullptr;  ///< in barPrint, like the next
     QAction* cmdGuida = nullptr;
+    QString ClausoleComposte;  ///< StatoClausole when the document on view was composed
 };

@@ -17,11 +17,14 @@
 #include "platform/preview/barraanteprima.h"
 #include "platform/preview/stampante.h"
 #include "platform/preview/vistastampa.h"
+#include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
+#include "print/modClausole.h"
 #include "print/modEsporta.h"
 #include "print/modStampe.h"
 
+#include <QEvent>
 #include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
@@ -74,9 +77,28 @@ void SchedaStampa::Ricomponi()
         Protetta([this] { (void)Componi(); });
 }
 
+QString SchedaStampa::StatoClausole() const
+{
+    const QString Nome = NomeClausole(Nota.cmbTipoStampa, Nota);
+    if (Nome.isEmpty())
+        return {};
+    const QString File = FileClausole(Nome);
+    return File + u'|' + QString::number(DataFile(File).toMSecsSinceEpoch());
+}
+
+bool SchedaStampa::event(QEvent* Evento)
+{
+    // Who comes back from the word processor sees what he has saved there.
+    if (Evento->type() == QEvent::WindowActivate && isVisible() && !Cornice.InDomanda() &&
+        StatoClausole() != ClausoleComposte)
+        Cornice.Ricomponi();
+    return QWidget::event(Evento);
+}
+
 std::optional<Errore> SchedaStampa::Componi(bool Invio)
 {
     VistaStampa* vp = ui->vp;
+    ClausoleComposte = StatoClausole();
     // What was drawn before a failure is shown.
     const auto AllaFine = qScopeGuard([this, vp] {
         vp->Aggiorna();

@@ -1,5 +1,6 @@
 #include "core/settings/tavolosetup.h"
 
+#include "core/modAspetto.h"
 #include "core/settings/frmIcons.h"
 
 #include <QClipboard>
@@ -214,6 +215,9 @@ void TestFrmIcons::figureDellUtente()
     QVERIFY(Lista(u"cmbImgIco"_s)->findText(u"Mia"_s) >= 0);
     QCOMPARE(Lista(u"cmbImgIco"_s)->findText(u"sito"_s),
              Lista(u"cmbImgIco"_s)->findText(u"sito"_s, Qt::MatchFixedString));
+    // The office's own file wins over the delivered one of the same name.
+    QCOMPARE(FileFigura(u"sito.gif"_s), T->Utente + u"icone/sito.gif"_s);
+    QCOMPARE(FileFigura(u"posta.gif"_s), T->Programma + u"icone/posta.gif"_s);
 }
 
 void TestFrmIcons::incollatoImpostaIlTipo()

@@ -11,6 +11,7 @@
 #include <QHeaderView>
 #include <QImage>
 #include <QMouseEvent>
+#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -28,6 +29,7 @@ private Q_SLOTS:
     void cleanup() { T.reset(); }
 
     void sfondiSenzaEstensione();
+    void sfondiDelloStudio();
     void modelloInVigore();
     void modello_data();
     void modello();
@@ -79,6 +81,28 @@ void TestSetupDesktop::Scegli(QComboBox* Lista, const QString& Voce)
     const int Indice = Lista->findText(Voce);
     QVERIFY2(Indice >= 0, qPrintable(Voce));
     ::Scegli(Lista, Indice);
+}
+
+void TestSetupDesktop::sfondiDelloStudio()
+{
+    // What the office has put into its user folder is offered beside the delivered pictures, and wins over
+    // one of the same name; so do its templates.
+    CreaCartella(T->Utente + u"sfondi"_s);
+    const QByteArray Figura = LeggiFile(T->Programma + u"sfondi/colline.jpg"_s);
+    for (const QString& Nome : {u"AULA.jpg"_s, u"mare.jpg"_s})
+        ScriviFile(T->Utente + u"sfondi/"_s + Nome, Figura);
+    ScriviFile(T->Utente + u"sfondi/templates.ini"_s, "[modello1]\nNome=Del mare\nSfImg=mare.jpg\n");
+    const QStringList Sfondi = LeggiSfondi();
+    QVERIFY(Sfondi.contains(u"mare.jpg"_s) && Sfondi.contains(u"lex.jpg"_s));
+    QCOMPARE(Sfondi.filter(QRegularExpression(u"^aula[.]jpg$"_s, QRegularExpression::CaseInsensitiveOption)),
+             QStringList{u"AULA.jpg"_s});
+    QVERIFY(std::ranges::is_sorted(
+        Sfondi, [](const QString& A, const QString& B) { return A.compare(B, Qt::CaseInsensitive) < 0; }));
+    QCOMPARE(FileSfondo(u"aula.jpg"_s), T->Utente + u"sfondi/AULA.jpg"_s);
+    QCOMPARE(FileSfondo(u"lex.jpg"_s), T->Programma + u"sfondi/lex.jpg"_s);
+    QCOMPARE(FileSfondo(u"manca.jpg"_s), QString());
+    QCOMPARE(LeggiModelli().size(), 1);
+    QCOMPARE(LeggiModelli()[0].Nome, u"Del mare"_s);
 }
 
 void TestSetupDesktop::sfondiSenzaEstensione()

@@ -1,0 +1,182 @@
+// The office's own clauses: the button that makes and opens them, and the page that follows them.
+#include "stampa.h"
+
+#include "core/aperture.h"
+#include "platform/base/errore.h"
+#include "platform/document/letture.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
+
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+class TestClausoleProprie : public QObject, private BancoStampa
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void soloDoveCiSono();
+    void copiaEApre_data();
+    void copiaEApre();
+    void apreQuelleDelloStudio();
+    void nonSiPossonoFare_data();
+    void nonSiPossonoFare();
+    void tornandoSiVedono();
+
+private:
+    [[nodiscard]] static QString Propria(const QString& Nome)
+    {
+        return sessione::UserFolder + u"clausole/"_s + Nome;
+    }
+    [[nodiscard]] bool Stampato(const QString& Testo) const
+    {
+        for (const BloccoDocumento& Blocco : vp->Foglio().Contenuto().Blocchi)
+            if (const auto* Riga = std::get_if<Paragrafo>(&Blocco); Riga && Riga->Testo().contains(Testo))
+                return true;
+        return false;
+    }
+
+    QStringList Aperti;
+    int EsitoApertura = 0;
+    Shell Prima;
+};
+PROVA(TestClausoleProprie);
+
+namespace {
+
+bool VieneDavanti(QWidget& Finestra)
+{
+    Finestra.show();
+    Finestra.activateWindow();
+    return QTest::qWaitForWindowActive(&Finestra);
+}
+
+}  // namespace
+
+void TestClausoleProprie::init()
+{
+    Prepara();
+    Aperti.clear();
+    EsitoApertura = 0;
+    Shell Nuova;
+    Nuova.ApriFile = [this](const QString& File) {
+        Aperti << File;
+        return EsitoApertura;
+    };
+    Prima = InstallaShell(std::move(Nuova));
+}
+
+void TestClausoleProprie::cleanup()
+{
+    InstallaShell(std::move(Prima));
+    Sgombra();
+}
+
+void TestClausoleProprie::soloDoveCiSono()
+{
+    for (int Tipo = StampaPrenotula; Tipo <= StampaSoloContabile; ++Tipo) {
+        Documento(Tipo);
+        QCOMPARE(Controllo(F, "cmdClausole")->isVisible(),
+                 Tipo == StampaContratto || Tipo == StampaInformativa);
+    }
+}
+
+void TestClausoleProprie::copiaEApre_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<int>("Cliente");
+    QTest::addColumn<QString>("Nome");
+    QTest::newRow("contratto, persona") << int(StampaContratto) << 0 << u"ContrattoPersonaFisica.rtf"_s;
+    QTest::newRow("contratto, società") << int(StampaContratto) << 1 << u"ContrattoPersonaGiuridica.rtf"_s;
+    QTest::newRow("informativa, persona")
+        << int(StampaInformativa) << 0 << u"ResaInformazionePersonaFisica.rtf"_s;
+    QTest::newRow("informativa, società")
+        << int(StampaInformativa) << 1 << u"ResaInformazionePersonaGiuridica.rtf"_s;
+}
+
+void TestClausoleProprie::copiaEApre()
+{
+    QFETCH(int, Tipo);
+    QFETCH(int, Cliente);
+    QFETCH(QString, Nome);
+    Documento(Tipo);
+    Premuto(Cliente == 1 ? "optContrTipo_1" : "optContrTipo_0");
+    const bool Modificata = F->Nota.Modificata;
+    Premuto("cmdClausole");
+    QCOMPARE(Aperti, QStringList{Propria(Nome)});
+    QCOMPARE(LeggiFile(Propria(Nome)), LeggiFile(ProgrammaDiProva() + u"doc/"_s + Nome));
+    QCOMPARE(F->Nota.Modificata, Modificata);  // the note does not hold them
+}
+
+void TestClausoleProprie::apreQuelleDelloStudio()
+{
+    Documento(StampaContratto);
+    CreaCartella(sessione::UserFolder + u"clausole"_s);
+    const QString Scritta = Propria(u"CONTRATTOpersonafisica.RTF"_s);
+    ScriviFile(Scritta, "{\\rtf1 dello studio}");
+    Premuto("cmdClausole");
+    QCOMPARE(Aperti, QStringList{Scritta});
+    QCOMPARE(LeggiFile(Scritta), "{\\rtf1 dello studio}");
+}
+
+void TestClausoleProprie::nonSiPossonoFare_data()
+{
+    QTest::addColumn<QString>("Che");
+    QTest::addColumn<int>("Numero");
+    QTest::newRow("nothing is delivered") << u"manca"_s << errori::FileMancante;
+    QTest::newRow("the folder cannot be made") << u"cartella"_s << errori::Accesso;
+    QTest::newRow("no program opens them") << u"programma"_s << errori::NessunProgramma;
+}
+
+void TestClausoleProprie::nonSiPossonoFare()
+{
+    QFETCH(QString, Che);
+    QFETCH(int, Numero);
+    Documento(StampaContratto);
+    QString Frase = DescrizioneErrore(Numero);
+    if (Che == u"manca") {
+        sessione::PercorsoProg = NuovaCartella();
+        Frase += u": "_s + sessione::PercorsoProg + u"doc/ContrattoPersonaFisica.rtf"_s;
+    } else if (Che == u"cartella") {
+        ScriviFile(sessione::UserFolder + u"clausole"_s, "a file of this name");
+    } else {
+        EsitoApertura = errori::NessunProgramma;
+    }
+    T->Voce.Attendi(u"Errore: %1 (%2)"_s.arg(Frase).arg(Numero), vbOK, u"Errore:"_s);
+    Premuto("cmdClausole");
+    QVERIFY(Controllo(F, "cmdClausole")->isEnabled());
+}
+
+void TestClausoleProprie::tornandoSiVedono()
+{
+    Documento(StampaContratto);
+    QVERIFY(Stampato(u"Art. 3"_s));
+    Premuto("cmdClausole");
+    Segna();
+    // The office writes in its word processor and comes back.
+    ScriviFile(Propria(u"ContrattoPersonaFisica.rtf"_s), "{\\rtf1 Clausola dello studio\\par}");
+    QWidget Altra;
+    QVERIFY(VieneDavanti(Altra));
+    QVERIFY(VieneDavanti(*F));
+    QTRY_VERIFY(Composto());
+    QVERIFY(Stampato(u"Clausola dello studio"_s));
+    QVERIFY(!Stampato(u"Art. 3"_s));
+    // Who comes back without having written finds the page as he left it.
+    Segna();
+    QVERIFY(VieneDavanti(Altra));
+    QVERIFY(VieneDavanti(*F));
+    Respiro();
+    QVERIFY(!Composto());
+    // Another document does not look at them.
+    Documento(StampaPrenotula);
+    Segna();
+    ScriviFile(Propria(u"ContrattoPersonaFisica.rtf"_s), "{\\rtf1 Terza\\par}");
+    QVERIFY(VieneDavanti(Altra));
+    QVERIFY(VieneDavanti(*F));
+    Respiro();
+    QVERIFY(!Composto());
+}
+
+#include "TestClausoleProprie.moc"
