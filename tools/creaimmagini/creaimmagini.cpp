@@ -65,26 +65,67 @@ void CreaGenere(const QString& Origine, const QString& Meta, const Genere& Fatto
     }
 }
 
-}  // namespace
-
-int CreaImmagini(const QStringList& Argomenti, QTextStream& Errori)
+/// A drawing of the system's, by the file of the source.
+struct DisegnoDiSistema
 {
-    if (Argomenti.size() != 2) {
-        Errori << u"creaimmagini <folder of the drawings> <program folder>\n"_s;
-        return 2;
+    QStringView Origine;
+    QStringView Cartella;  ///< of the theme, below that of the size
+    QStringView Nome;
+};
+constexpr std::array DisegniDiSistema{
+    DisegnoDiSistema{u"calcanova", u"apps", u"calcanova"},
+    DisegnoDiSistema{u"parcella", u"mimetypes", u"application-x-calcanova-parcella"},
+};
+
+QByteArray Png(const QImage& Immagine)
+{
+    QByteArray Contenuto;
+    QBuffer Memoria(&Contenuto);
+    return Immagine.save(&Memoria, "png") ? Contenuto : QByteArray();
+}
+
+void CreaDiSistema(const QString& Origine, const QString& Tema, QString& InCorso)
+{
+    for (const DisegnoDiSistema& Disegno : DisegniDiSistema) {
+        InCorso = Origine + Disegno.Origine.toString() + u".svg"_s;
+        const auto Scrivi = [&](const QString& Misura, const QString& Fine, const QByteArray& Contenuto) {
+            const QString Cartella = Tema + Barra(Misura) + Barra(Disegno.Cartella.toString());
+            CreaCartella(Cartella);
+            ScriviFile(Cartella + Disegno.Nome.toString() + Fine, Contenuto);
+        };
+        for (const int Lato : LatiDiSistema)
+            Scrivi(u"%1x%1"_s.arg(Lato), u".png"_s, Png(Disegna(InCorso, {Lato, Lato})));
+        Scrivi(u"scalable"_s, u".svg"_s, LeggiFile(InCorso));
     }
+}
+
+void CreaDelProgramma(const QString& Origine, const QString& Meta, QString& InCorso)
+{
     const std::array Generi{
         Genere{u"sfondi"_s, u"jpg"_s, {LarghezzaSfondo, AltezzaSfondo}, Jpeg},
         Genere{u"icone"_s, u"gif"_s, {LatoIcona, LatoIcona}, Gif},
     };
-    const QString Origine = Barra(Argomenti[0]);
-    const QString Meta = Barra(Argomenti[1]);
+    for (const Genere& Fatto : Generi)
+        CreaGenere(Origine, Meta, Fatto, InCorso);
+    InCorso = Origine + u"templates.ini"_s;
+    ScriviFile(Meta + Barra(u"sfondi"_s) + u"templates.ini"_s, LeggiFile(InCorso));
+}
+
+}  // namespace
+
+int CreaImmagini(const QStringList& Argomenti, QTextStream& Errori)
+{
+    const bool DiSistema = !Argomenti.isEmpty() && Argomenti[0] == u"--sistema";
+    const QStringList Cartelle = Argomenti.mid(DiSistema ? 1 : 0);
+    if (Cartelle.size() != 2) {
+        Errori << u"creaimmagini <folder of the drawings> <program folder>\n"
+                  "creaimmagini --sistema <folder of the drawings> <folder of the theme>\n"_s;
+        return 2;
+    }
+    const QString Origine = Barra(Cartelle[0]);
     QString InCorso = Origine;
     try {
-        for (const Genere& Fatto : Generi)
-            CreaGenere(Origine, Meta, Fatto, InCorso);
-        InCorso = Origine + u"templates.ini"_s;
-        ScriviFile(Meta + Barra(u"sfondi"_s) + u"templates.ini"_s, LeggiFile(InCorso));
+        (DiSistema ? CreaDiSistema : CreaDelProgramma)(Origine, Barra(Cartelle[1]), InCorso);
     } catch (const Errore& Guasto) {
         Errori << InCorso << u": "_s << Guasto.Descrizione << u'\n';
         return 1;

@@ -10,7 +10,8 @@ PacchettiLint=(clang clang-format-14 clang-tidy cppcheck shellcheck hunspell hun
 
 LintScript()
 {
-    shellcheck -x run test .ci/run tools/*.sh tools/*/*.sh tests/word/controlla
+    shellcheck -x run test .ci/run tools/*.sh tools/*/*.sh tools/pacchetto tools/provapacchetto tests/word/controlla \
+        tests/pacchetto/manuale
 }
 
 # Version 14: another one breaks some lines elsewhere.

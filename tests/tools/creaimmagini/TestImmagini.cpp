@@ -27,6 +27,8 @@ private Q_SLOTS:
     void gifSenzaImmagine();
     void disegnoGuasto();
     void usoSbagliato();
+    void diSistema_data();
+    void diSistema();
 
     void icone();
     void sfondi();
@@ -153,6 +155,31 @@ void TestImmagini::usoSbagliato()
     QTextStream Errori(&Scritto);
     QCOMPARE(CreaImmagini({u"una"_s}, Errori), 2);
     QVERIFY(!Scritto.isEmpty());
+}
+
+void TestImmagini::diSistema_data()
+{
+    QTest::addColumn<QString>("Nome");
+    QTest::newRow("the program") << u"apps/calcanova"_s;
+    QTest::newRow("a note") << u"mimetypes/application-x-calcanova-parcella"_s;
+}
+
+void TestImmagini::diSistema()
+{
+    QFETCH(QString, Nome);
+    const QString Tema = NuovaCartella();
+    QString Guasti;
+    QTextStream Errori(&Guasti);
+    QCOMPARE(CreaImmagini({u"--sistema"_s, SorgenteDiProva(u"dati/immagini/sistema"_s), Tema}, Errori), 0);
+    QCOMPARE(LatiDiSistema.front(), 16);
+    QCOMPARE(LatiDiSistema.back(), 256);
+    for (const int Lato : LatiDiSistema) {
+        const QImage Letta(Tema + u"%1x%1/%2.png"_s.arg(Lato).arg(Nome));
+        QCOMPARE(Letta.size(), QSize(Lato, Lato));
+        QCOMPARE(qAlpha(Letta.pixel(0, 0)), 0);                  // what is round shows what lies behind
+        QVERIFY(qAlpha(Letta.pixel(Lato / 2, Lato / 2)) > 250);  // and something is drawn
+    }
+    QVERIFY(LeggiFile(Tema + u"scalable/"_s + Nome + u".svg"_s).contains("<svg"));
 }
 
 void TestImmagini::icone()

@@ -1,0 +1,87 @@
+// The page of the manual and the completion of the shell know every command and every option.
+#include "chiamata.h"
+
+#include "platform/system/file.h"
+
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+class TestPagineSistema : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void paginaDelManuale();
+    void completamento();
+    void opzioni();
+};
+PROVA(TestPagineSistema);
+
+namespace {
+
+QString Pagina()
+{
+    return QString::fromUtf8(LeggiFile(SorgenteDiProva(u"pacchetto/calcanova-cli.1"_s)));
+}
+
+QString Completamento()
+{
+    return QString::fromUtf8(LeggiFile(SorgenteDiProva(u"pacchetto/calcanova-cli.completamento"_s)));
+}
+
+/// The words of a variable of the completion, sorted.
+QStringList Parole(const QString& Variabile)
+{
+    const QRegularExpression Riga(Variabile + u"=\"([^\"]*)\""_s);
+    QStringList Trovate =
+        Riga.match(Completamento()).captured(1).split(QRegularExpression(u"\\s+"_s), Qt::SkipEmptyParts);
+    Trovate.sort();
+    return Trovate;
+}
+
+/// The options that the command line takes: those of its help, and the help's own.
+QStringList OpzioniDelProgramma()
+{
+    QStringList Trovate{u"--aiuto"_s, u"--help"_s};
+    const QString Uso = Chiama({u"--aiuto"_s}).Uscita.section(u'\n', 0, 0);
+    auto Passi = QRegularExpression(u"--[a-z]+"_s).globalMatch(Uso);
+    while (Passi.hasNext())
+        Trovate << Passi.next().captured();
+    Trovate.removeDuplicates();
+    Trovate.sort();
+    return Trovate;
+}
+
+}  // namespace
+
+void TestPagineSistema::paginaDelManuale()
+{
+    QStringList Attese;
+    for (const ComandoCli& Comando : ComandiCli())
+        Attese << u".BI \"%1 \" \"%2\""_s.arg(Comando.Nome, Comando.Valori);
+    QStringList Scritte = Pagina().section(u".SH COMANDI"_s, 1).section(u".SH"_s, 0, 0).split(u'\n');
+    Scritte.removeIf([](const QString& Riga) { return !Riga.startsWith(u".BI \""); });
+    QVERIFY(Attese.size() > 10);
+    QCOMPARE(Scritte, Attese);
+}
+
+void TestPagineSistema::completamento()
+{
+    QStringList Attese;
+    for (const ComandoCli& Comando : ComandiCli())
+        Attese << Comando.Nome.toString();
+    Attese.sort();
+    QCOMPARE(Parole(u"comandi"_s), Attese);
+}
+
+void TestPagineSistema::opzioni()
+{
+    const QStringList Attese = OpzioniDelProgramma();
+    QVERIFY(Attese.size() >= 9);
+    QCOMPARE(Parole(u"opzioni"_s), Attese);
+    const QString Sezione = Pagina().section(u".SH OPZIONI"_s, 1).section(u".SH"_s, 0, 0).remove(u'\\');
+    for (const QString& Opzione : Attese)
+        QVERIFY2(Sezione.contains(Opzione), qPrintable(Opzione));
+}
+
+#include "TestPagineSistema.moc"
