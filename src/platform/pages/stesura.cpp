@@ -4,6 +4,7 @@
 #include "platform/pages/stesura_tabella.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -24,9 +25,8 @@ public:
         const QString Testo = InLinee(Questo.Testo());
         ParagrafoSteso Steso = StendiParagrafo(Questo, Testo, Area, Font, Fatta.Testo.size(),
                                                static_cast<int>(Fatta.Brani.size()));
-        const bool Bianco = !Steso.Disposto;
-        if (Steso.Disposto)
-            Fatta.Brani.push_back(std::move(*Steso.Disposto));
+        const bool Bianco = Steso.Brani.empty();
+        std::ranges::move(Steso.Brani, std::back_inserter(Fatta.Brani));
         for (std::size_t i = 0; i < Steso.Righe.size(); ++i) {
             Pezzo Nuovo;
             Nuovo.DiTesto = true;

@@ -22,10 +22,12 @@ struct AreaStampa
     double Altezza = 0.0;
 };
 
-/// A paragraph or a cell, broken into lines on its own.
+/// A paragraph or a cell, broken into lines on its own; of one with an endless word a part, whose last lines
+/// are the first ones of the next part.
 struct Brano
 {
     std::unique_ptr<QTextLayout> Disposto;
+    int Righe = 0;         ///< lines that count, from the first
     qsizetype Inizio = 0;  ///< place of its first character in the text stream
     double X = 0.0;        ///< left edge of its box on the sheet
     double Larghezza = 0.0;
@@ -69,9 +71,19 @@ struct Stesura
 
 [[nodiscard]] Stesura Stendi(const Documento& Doc, const AreaStampa& Area, FontDocumento& Font);
 
-/// Lines of a passage below each other from y 0; `Quale` is its number.
-[[nodiscard]] std::vector<RigaStesa> RigheDi(const Brano& Questo, int Quale);
+/// Letters of one word that are laid out at once. The toolkit reads every line to the end of its word, so
+/// that the time for one of 100,000 letters would grow by their square.
+inline constexpr qsizetype MassimoParola = 2000;
 
-/// A text in one font on lines of this width; leading blanks shrink when its first line would not fit.
+/// Lines of passages below each other from y 0; `Quale` is the number of the first.
+[[nodiscard]] std::vector<RigaStesa> RigheDi(std::span<const Brano> Questi, int Quale);
+
+/// The passages of a text in one font, in a box with this left edge and width; leading blanks shrink when its
+/// first line would not fit.
+/// @param Inizio place of its first character in the text stream
+[[nodiscard]] std::vector<Brano> BraniDi(const QString& Testo, const FontMisurato& Font, Allineamento Come,
+                                         double X, double Larghezza, qsizetype Inizio);
+
+/// The same for a text of one line.
 [[nodiscard]] std::unique_ptr<QTextLayout> Disponi(const QString& Testo, const FontMisurato& Font,
                                                    Allineamento Come, double Larghezza);

@@ -67,10 +67,11 @@ Posizione PosizioneDi(const Rientri& Spazi, const AreaStampa& Area)
             Altre - Bordo,         Spazi.SopraPunti * DotPerPunto,  Spazi.SottoPunti * DotPerPunto};
 }
 
-void Spezza(QTextLayout& Disposto, const Posizione& Dove)
+/// @param DaCapo the first line of the text is the first one of its paragraph
+void Spezza(QTextLayout& Disposto, const Posizione& Dove, bool DaCapo = true)
 {
     Disposto.beginLayout();
-    double Rientro = Dove.Prima;
+    double Rientro = DaCapo ? Dove.Prima : Dove.Altre;
     for (QTextLine Riga = Disposto.createLine(); Riga.isValid(); Riga = Disposto.createLine()) {
         Riga.setLeadingIncluded(true);
         Riga.setPosition(QPointF(Rientro, 0.0));
@@ -174,13 +175,14 @@ void ImpostaTabulazioni(QTextOption& Opzioni, const QString& Testo, const FontMi
 }
 
 /// What fills the way to the tab stops of a line, from the corner of its rectangle.
-std::vector<QRectF> Riempimenti(const Brano& Questo, int Quale, const RigaStesa& Stesa, const QString& Testo,
-                                const FontMisurato& Font, const std::vector<Fermo>& Fermi)
+std::vector<QRectF> Riempimenti(const Brano& Questo, const RigaStesa& Stesa, const FontMisurato& Font,
+                                const std::vector<Fermo>& Fermi)
 {
     constexpr double PassoEm = 0.25;
     constexpr double PuntoEm = 0.08;
     std::vector<QRectF> Tutti;
-    const QTextLine Riga = Questo.Disposto->lineAt(Quale);
+    const QTextLine Riga = Questo.Disposto->lineAt(Stesa.Riga);
+    const QString Testo = Questo.Disposto->text();
     const double Em = Font.Font.pixelSize();
     const double Spostamento = Questo.X - Stesa.Dove.left();
     for (int Posto = Riga.textStart(); Posto < Riga.textStart() + Riga.textLength(); ++Posto) {
@@ -214,22 +216,97 @@ QString ConValutaUnita(QString Testo)
     return Testo;
 }
 
-/// @param Formati of runs in other fonts
-std::unique_ptr<QTextLayout> Disponi(const QString& Testo, const FontMisurato& Font, Allineamento Come,
-                                     const Posizione& Dove,
-                                     const QList<QTextLayout::FormatRange>& Formati = {},
-                                     const std::vector<Fermo>& Fermi = {})
+/// How the text of a paragraph is laid out.
+struct Veste
 {
-    auto Nuovo = std::make_unique<QTextLayout>(ConValutaUnita(Testo), Font.Font, DispositivoStampa());
-    QTextOption Scelte = Opzioni(Come, TabulazioneMm * PuntiPerMm);
-    ImpostaTabulazioni(Scelte, Testo, Font, Dove, Fermi);
+    const FontMisurato& Font;
+    Allineamento Come;
+    Posizione Dove;
+    QList<QTextLayout::FormatRange> Formati = {};  ///< of runs in other fonts
+    std::vector<Fermo> Fermi = {};
+};
+
+/// A part of a text, on lines of its own.
+std::unique_ptr<QTextLayout> Disponi(const QString& Testo, const Veste& Questa, bool DaCapo = true)
+{
+    auto Nuovo = std::make_unique<QTextLayout>(ConValutaUnita(Testo), Questa.Font.Font, DispositivoStampa());
+    QTextOption Scelte = Opzioni(Questa.Come, TabulazioneMm * PuntiPerMm);
+    ImpostaTabulazioni(Scelte, Testo, Questa.Font, Questa.Dove, Questa.Fermi);
     Nuovo->setTextOption(Scelte);
-    if (!Formati.isEmpty())
-        Nuovo->setFormats(Formati);
-    else if (const auto Stretti = StringiBianchi(Testo, Font, Dove.Larghezza - Dove.Prima))
-        Nuovo->setFormats({*Stretti});
-    Spezza(*Nuovo, Dove);
+    if (!Questa.Formati.isEmpty())
+        Nuovo->setFormats(Questa.Formati);
+    else if (DaCapo)
+        if (const auto Stretti =
+                StringiBianchi(Testo, Questa.Font, Questa.Dove.Larghezza - Questa.Dove.Prima))
+            Nuovo->setFormats({*Stretti});
+    Spezza(*Nuovo, Questa.Dove, DaCapo);
     return Nuovo;
+}
+
+/// The formats of a stretch of the text, by their places in it.
+QList<QTextLayout::FormatRange> Ritagliati(const QList<QTextLayout::FormatRange>& Tutti, qsizetype Da,
+                                           qsizetype Lungo)
+{
+    QList<QTextLayout::FormatRange> Dentro;
+    for (QTextLayout::FormatRange Tratto : Tutti) {
+        const qsizetype Inizio = std::max<qsizetype>(Tratto.start - Da, 0);
+        const qsizetype Fine = std::min<qsizetype>(Tratto.start + Tratto.length - Da, Lungo);
+        Tratto.start = static_cast<int>(Inizio);
+        Tratto.length = static_cast<int>(Fine - Inizio);
+        if (Fine > Inizio)
+            Dentro.append(Tratto);
+    }
+    return Dentro;
+}
+
+/// Where a line may end before the word that follows.
+bool Spazio(QChar C)
+{
+    constexpr QChar DiCifre(0x2007);
+    constexpr QChar Stretto(0x202f);
+    return C.isSpace() && C != QChar::Nbsp && C != DiCifre && C != Stretto;
+}
+
+/// The end of what can be laid out at once from a place on: that of the text, or within its next endless
+/// word.
+qsizetype FineDelPezzo(QStringView Testo, qsizetype Da, qsizetype Massimo)
+{
+    qsizetype Parola = Da;
+    for (qsizetype i = Da; i < Testo.size(); ++i) {
+        if (Spazio(Testo[i]))
+            Parola = i + 1;
+        else if (i - Parola >= Massimo)
+            return i;
+    }
+    return Testo.size();
+}
+
+/// The last line of a part that ends within a word is laid out again with what follows it: the lines are
+/// those of the whole text.
+std::vector<Brano> Dividi(const QString& Testo, const Veste& Questa, qsizetype Inizio)
+{
+    std::vector<Brano> Tutti;
+    qsizetype Massimo = MassimoParola;
+    for (qsizetype Da = 0; Da < Testo.size();) {
+        const qsizetype Fine = FineDelPezzo(Testo, Da, Massimo);
+        const bool Intero = Da == 0 && Fine == Testo.size();
+        Veste Sua = Questa;
+        if (!Intero)
+            Sua.Formati = Ritagliati(Questa.Formati, Da, Fine - Da);
+        Brano Nuovo;
+        Nuovo.Disposto = Disponi(Intero ? Testo : Testo.sliced(Da, Fine - Da), Sua, Da == 0);
+        Nuovo.Inizio = Inizio + Da;
+        Nuovo.X = Questa.Dove.X;
+        Nuovo.Larghezza = Questa.Dove.Larghezza;
+        Nuovo.Righe = Nuovo.Disposto->lineCount() - (Fine < Testo.size() ? 1 : 0);
+        if (Nuovo.Righe == 0) {
+            Massimo *= 2;  // letters so small that one line holds them
+            continue;
+        }
+        Da = Fine < Testo.size() ? Da + Nuovo.Disposto->lineAt(Nuovo.Righe).textStart() : Fine;
+        Tutti.push_back(std::move(Nuovo));
+    }
+    return Tutti;
 }
 
 QTextCharFormat::VerticalAlignment PostoVerticale(PostoRigo Come)
@@ -316,17 +393,14 @@ ParagrafoSteso StendiParagrafo(const Paragrafo& Questo, const QString& Testo, co
     const Posizione Dove = PosizioneDi(Questo.Spazi, Area);
     const std::vector<Fermo> Fermi = FermiEntro(Questo.Fermi, Dove, Area);
     ParagrafoSteso Fatto;
-    Brano& Nuovo = Fatto.Disposto.emplace();
-    Nuovo.Inizio = Inizio;
-    Nuovo.X = Dove.X;
-    Nuovo.Larghezza = Dove.Larghezza;
-    Nuovo.Disposto = Disponi(Testo, Primo, Questo.Allinea, Dove, Formati(Questo, Font), Fermi);
-    for (RigaStesa& Stesa : RigheDi(Nuovo, Quale)) {
+    Fatto.Brani = Dividi(Testo, {Primo, Questo.Allinea, Dove, Formati(Questo, Font), Fermi}, Inizio);
+    for (RigaStesa& Stesa : RigheDi(Fatto.Brani, Quale)) {
         const PostoRiga Posto = PostoDi(Questo.Righe, Stesa.Dove.height());
         const double Sopra = Fatto.Righe.empty() ? Dove.Sopra : 0.0;
         Stesa.Dove.moveTop(Sopra + Posto.Sopra);
         if (!Fermi.empty())
-            Stesa.Pieni = Riempimenti(Nuovo, Stesa.Riga, Stesa, Testo, Primo, Fermi);
+            Stesa.Pieni =
+                Riempimenti(Fatto.Brani[static_cast<std::size_t>(Stesa.Brano - Quale)], Stesa, Primo, Fermi);
         Fatto.Righe.push_back({std::move(Stesa), Sopra + Posto.Altezza});
     }
     Fatto.Righe.back().Altezza += Dove.Sotto;
@@ -338,22 +412,33 @@ std::unique_ptr<QTextLayout> Disponi(const QString& Testo, const FontMisurato& F
 {
     Posizione Dove;
     Dove.Larghezza = Larghezza;
-    return Disponi(Testo, Font, Come, Dove);
+    return Disponi(Testo, {Font, Come, Dove});
 }
 
-std::vector<RigaStesa> RigheDi(const Brano& Questo, int Quale)
+std::vector<Brano> BraniDi(const QString& Testo, const FontMisurato& Font, Allineamento Come, double X,
+                           double Larghezza, qsizetype Inizio)
+{
+    Posizione Dove;
+    Dove.X = X;
+    Dove.Larghezza = Larghezza;
+    return Dividi(Testo, {Font, Come, Dove}, Inizio);
+}
+
+std::vector<RigaStesa> RigheDi(std::span<const Brano> Questi, int Quale)
 {
     std::vector<RigaStesa> Tutte;
-    const int Quante = Questo.Disposto->lineCount();
-    Tutte.reserve(static_cast<std::size_t>(Quante));
     double Y = 0.0;
-    for (int i = 0; i < Quante; ++i) {
-        const QTextLine Riga = Questo.Disposto->lineAt(i);
-        QRectF Dove = Riga.naturalTextRect();
-        Dove.moveTo(Questo.X + Dove.x(), Y);
-        Dove.setHeight(Riga.height());
-        Tutte.push_back({Quale, i, Dove, Riga.ascent(), Questo.Inizio + Riga.textStart(), Riga.textLength()});
-        Y += Riga.height();
+    for (const Brano& Questo : Questi) {
+        for (int i = 0; i < Questo.Righe; ++i) {
+            const QTextLine Riga = Questo.Disposto->lineAt(i);
+            QRectF Dove = Riga.naturalTextRect();
+            Dove.moveTo(Questo.X + Dove.x(), Y);
+            Dove.setHeight(Riga.height());
+            Tutte.push_back(
+                {Quale, i, Dove, Riga.ascent(), Questo.Inizio + Riga.textStart(), Riga.textLength()});
+            Y += Riga.height();
+        }
+        ++Quale;
     }
     return Tutte;
 }

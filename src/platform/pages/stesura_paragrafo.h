@@ -13,14 +13,14 @@ struct RigaInStriscia
 /// A paragraph on lines; one without text is a single blank line, with no passage.
 struct ParagrafoSteso
 {
-    std::optional<Brano> Disposto;
+    std::vector<Brano> Brani;
     std::vector<RigaInStriscia> Righe;
 };
 
 /// @param Testo  the paragraph's own, with line separators for its line breaks
 /// @param Area   left edge and width of what it stands in
 /// @param Inizio place of its first character in the text stream
-/// @param Quale  number that its passage will have
+/// @param Quale  number that its first passage will have
 [[nodiscard]] ParagrafoSteso StendiParagrafo(const Paragrafo& Questo, const QString& Testo,
                                              const AreaStampa& Area, FontDocumento& Font, qsizetype Inizio,
                                              int Quale);

@@ -5,6 +5,7 @@
 #include "platform/pages/stesura_paragrafo.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -329,19 +330,16 @@ void StenditoreTabella::StendiCella(Pezzo& Nuovo, const RigaTabella& Riga, std::
     if (!CellaBianca(Singola)) {
         const AreaStampa Spazio = AreaDi(Riga, Colonna);
         const FontMisurato& Misurato = Font(Singola.Font);
-        Brano Disposto;
-        Disposto.Inizio = Fatta.Testo.size();
-        Disposto.X = Spazio.Sinistra;
-        Disposto.Larghezza = Spazio.Larghezza;
-        Disposto.Disposto = Disponi(Testo, Misurato, Singola.Allinea, Spazio.Larghezza);
-        const int Numero = static_cast<int>(Fatta.Brani.size());
-        Fatta.Brani.push_back(std::move(Disposto));
-        for (RigaStesa& Linea : RigheDi(Fatta.Brani.back(), Numero)) {
+        std::vector<Brano> Brani =
+            BraniDi(Testo, Misurato, Singola.Allinea, Spazio.Sinistra, Spazio.Larghezza, Fatta.Testo.size());
+        int Ordine = 0;
+        for (RigaStesa& Linea : RigheDi(Brani, static_cast<int>(Fatta.Brani.size()))) {
             Linea.Dove.translate(0.0, Ascesa - Misurato.Ascesa);
-            Linea.NellaCella = Linea.Riga;
+            Linea.NellaCella = Ordine++;
             Nuovo.Misure.Altezza = std::max(Nuovo.Misure.Altezza, Linea.Dove.bottom());
             Nuovo.Righe.push_back(std::move(Linea));
         }
+        std::ranges::move(Brani, std::back_inserter(Fatta.Brani));
     }
     Fatta.Testo += Testo;
 }
@@ -358,8 +356,7 @@ void StenditoreTabella::StendiParagrafi(Pezzo& Nuovo, const std::vector<Paragraf
         const QString Testo = InLinee(Singolo.Testo());
         ParagrafoSteso Steso = StendiParagrafo(Singolo, Testo, Spazio, Font, Fatta.Testo.size(),
                                                static_cast<int>(Fatta.Brani.size()));
-        if (Steso.Disposto)
-            Fatta.Brani.push_back(std::move(*Steso.Disposto));
+        std::ranges::move(Steso.Brani, std::back_inserter(Fatta.Brani));
         for (RigaInStriscia& Linea : Steso.Righe) {
             Linea.Riga.Dove.translate(0.0, Y);
             Linea.Riga.NellaCella = Ordine++;
