@@ -7,6 +7,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/trattieni.h"
 
 #include "addressbook/windows/ui_frmScheda.h"
 
@@ -94,6 +95,7 @@ frmScheda::frmScheda(QWidget* Parent) : QDialog(Parent), ui(std::make_unique<Ui:
 {
     ui->setupUi(this);
     setWindowModality(Qt::WindowModal);
+    TrattieniDietroIBox(this);
     setWindowIcon(aspetto::Icona(u"clienti"_s));
     CostruisciBarra();
     CollegaTasti();

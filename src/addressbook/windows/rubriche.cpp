@@ -2,6 +2,7 @@
 
 #include "addressbook/modRubrica.h"
 #include "addressbook/windows/frmRubrica.h"
+#include "platform/kit/trattieni.h"
 
 #include <QApplication>
 #include <QHash>
@@ -21,6 +22,7 @@ frmRubrica* Nuova()
 {
     auto* Rubrica = new frmRubrica;
     Rubrica->setAttribute(Qt::WA_DeleteOnClose);
+    TrattieniDietroIBox(Rubrica);
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, Rubrica, &QObject::deleteLater);
     return Rubrica;
 }

@@ -5,6 +5,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/trattieni.h"
 #include "platform/system/messaggi.h"
 
 #include <QAccessible>
@@ -161,6 +162,7 @@ void PreparaModulo(QDialog* Modulo, const QString& NomeIcona)
                            Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint |
                            Qt::WindowCloseButtonHint);
     Modulo->setAttribute(Qt::WA_DeleteOnClose);
+    TrattieniDietroIBox(Modulo);
     Modulo->setWindowIcon(aspetto::Icona(NomeIcona));
     aspetto::AssegnaMnemonici(Modulo);
     aspetto::AssegnaNomiAccessibili(Modulo);

@@ -17,8 +17,9 @@ class QWidget;
 
 /// Makes a dialog the window of a calculator: a place of its own in the task bar, picture, mnemonics,
 /// accessible names, Enter on every button, scroll bars where the screen is smaller than its content. It goes
-/// when it is closed, as nothing of a calculation survives its window; its place, kept under its objectName,
-/// stays. Call it behind setupUi and ImpostaMenu.
+/// when it is closed, as nothing of a calculation survives its window, but never from under a procedure of
+/// its own that a box holds up; its place, kept under its objectName, stays. Call it behind setupUi and
+/// ImpostaMenu.
 void PreparaModulo(QDialog* Modulo, const QString& NomeIcona);
 
 /// An entry of the menu of a calculator.

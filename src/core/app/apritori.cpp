@@ -27,6 +27,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
+#include "platform/kit/trattieni.h"
 #include "update/viewer/frmWeb.h"
 #include "update/windows/frmAbout.h"
 #include "update/windows/frmDocumenti.h"
@@ -139,6 +140,7 @@ void ApriAvviso(const PaginaAvviso& Avviso)
     Visore->resize(aspetto::Pixel(Avviso.LarghezzaTwip), aspetto::Pixel(Avviso.AltezzaTwip));
     Visore->Mostra();
     Visore->setAttribute(Qt::WA_DeleteOnClose);
+    TrattieniDietroIBox(Visore.get());
     Collega(Visore.get(), &QDialog::finished, qApp, FineSenzaFinestre);
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, Visore.get(), &QObject::deleteLater);
     (void)Visore.release();  // from here on its closing deletes it

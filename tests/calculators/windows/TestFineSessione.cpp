@@ -1,0 +1,97 @@
+// A session of the desktop ends while a calculator has a box open: the window is closed behind it.
+#include "banco.h"
+
+#include "calculators/windows/frmContrib.h"
+#include "calculators/windows/frmInteressi.h"
+#include "calculators/windows/frmIstat.h"
+#include "calculators/windows/frmTermini.h"
+#include "calculators/windows/frmTerminiSeq.h"
+
+#include <QDialog>
+#include <QEventLoop>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Apritore = QDialog* (*)();
+
+template <class Modulo>
+QDialog* ApriModulo()
+{
+    return Apri<Modulo>();
+}
+
+/// Boxes with an event loop of their own, as real ones have it. Each closes all windows while it is up.
+class BoxCheChiudono
+{
+public:
+    BoxCheChiudono()
+    {
+        Messaggi Nuovi;
+        Nuovi.Box = [this](const QString&, int, const QString&) {
+            ++Quanti;
+            constexpr int Ms = 20;
+            QEventLoop Giro;
+            QTimer::singleShot(0, [] { QApplication::closeAllWindows(); });
+            QTimer::singleShot(Ms, &Giro, &QEventLoop::quit);
+            Giro.exec();
+            return vbOK;
+        };
+        Precedenti = InstallaMessaggi(std::move(Nuovi));
+    }
+    ~BoxCheChiudono() { InstallaMessaggi(std::move(Precedenti)); }
+    BoxCheChiudono(const BoxCheChiudono&) = delete;
+    BoxCheChiudono& operator=(const BoxCheChiudono&) = delete;
+
+    int Quanti = 0;
+
+private:
+    Messaggi Precedenti;
+};
+
+}  // namespace
+
+Q_DECLARE_METATYPE(Apritore)
+
+class TestFineSessione : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void laFinestraAspettaIlBox_data();
+    void laFinestraAspettaIlBox();
+};
+PROVA(TestFineSessione);
+
+void TestFineSessione::laFinestraAspettaIlBox_data()
+{
+    QTest::addColumn<Apritore>("Nuovo");
+    QTest::addColumn<QString>("Bottone");
+    QTest::newRow("termini") << Apritore(ApriModulo<frmTermini>) << u"cmdEsegui"_s;
+    QTest::newRow("sequenziali") << Apritore(ApriModulo<frmTerminiSeq>) << u"cmdEsegui"_s;
+    QTest::newRow("interessi") << Apritore(ApriModulo<frmInteressi>) << u"cmdCalcola"_s;
+    QTest::newRow("istat") << Apritore(ApriModulo<frmIstat>) << u"cmdCalcola"_s;
+    QTest::newRow("contributo") << Apritore(ApriModulo<frmContrib>) << u"cmdSkImpugn"_s;
+}
+
+/// The procedure that has shown the box finds its window when it goes on; the window goes afterwards.
+void TestFineSessione::laFinestraAspettaIlBox()
+{
+    QFETCH(Apritore, Nuovo);
+    QFETCH(QString, Bottone);
+    const Banco Tavolo;
+    sessione::PercorsoProg = NuovaCartella();
+    const BoxCheChiudono Chiudono;
+    const QPointer<QDialog> Finestra = Nuovo();
+    auto* Calcola = Finestra->findChild<QPushButton*>(Bottone);
+    QVERIFY(Calcola);
+    Clic(Calcola);  // of an empty form, with no document beside the program
+    QVERIFY2(Chiudono.Quanti > 0, "it has asked for what is missing");
+    QVERIFY(Finestra);
+    QVERIFY(!Finestra->isVisible());
+    QTRY_VERIFY(!Finestra);
+}
+
+#include "TestFineSessione.moc"
