@@ -1,6 +1,8 @@
 // A monkey at the windows of the program.
 //
-// scimmia SEED [EVENTS [SECONDS]]   1 when it has found something, 77 where it cannot be fenced in
+// scimmia SEED [EVENTS [SECONDS]]   1 when it has found something, 77 where it cannot be fenced in; the
+// seconds are
+//                                   those that it may stay without an event
 //
 // With CALCANOVA_DIARIO the events are written to the file of that name, whatever comes of them.
 //
@@ -20,11 +22,13 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTimer>
 
 #include <cstdio>
+#include <sys/personality.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -141,11 +145,38 @@ QProcessEnvironment Ambiente(const QString& Casa)
     return Intorno;
 }
 
+/// Waits for the end of a session, as long as there are events. @return false when it was killed in its
+/// silence
+bool AttendiFiglia(QProcess& Figlia, const QString& Eventi, int Secondi)
+{
+    constexpr int OgniMs = 500;
+    qint64 Lungo = 0;
+    QElapsedTimer Silenzio;
+    Silenzio.start();
+    while (!Figlia.waitForFinished(OgniMs)) {
+        if (Figlia.state() == QProcess::NotRunning)
+            return true;
+        if (const qint64 Adesso = QFileInfo(Eventi).size(); Adesso != Lungo) {
+            Lungo = Adesso;
+            Silenzio.restart();
+        }
+        if (Silenzio.elapsed() > qint64(Secondi) * 1000) {
+            Figlia.kill();
+            Figlia.waitForFinished();
+            return false;
+        }
+    }
+    return true;
+}
+
 /// Runs sessions of a seed until its events are made. @return the status of the first that ended otherwise,
 /// or 0
 int Prova(const QString& Questo, const QString& Casa, int Eventi, int Secondi)
 {
     const QProcessEnvironment Intorno = Ambiente(Casa);
+    // Some sets of the toolkit are in the order of their addresses; where the system refuses, a seed is less
+    // the same.
+    ::personality(ADDR_NO_RANDOMIZE);
     QElapsedTimer Orologio;
     Orologio.start();
     int Restano = Eventi;
@@ -160,12 +191,7 @@ int Prova(const QString& Questo, const QString& Casa, int Eventi, int Secondi)
         Figlia.start(
             QCoreApplication::applicationFilePath(),
             {QString::fromLatin1(Dentro), Questo, QString::number(Numero), QString::number(Restano), Casa});
-        const qint64 Tempo = qint64(Secondi) * 1000 - Orologio.elapsed();
-        const bool Finita = Figlia.waitForFinished(int(std::max<qint64>(Tempo, 0)));
-        if (!Finita) {
-            Figlia.kill();
-            Figlia.waitForFinished();
-        }
+        const bool Finita = AttendiFiglia(Figlia, Casa + u"eventi.txt"_s, Secondi);
         if (Finita && Figlia.exitStatus() == QProcess::NormalExit && Figlia.exitCode() == SenzaRecinto)
             return SenzaRecinto;
         const QByteArrayList Esito = Coda(Casa + u"esito"_s, 1).trimmed().split(' ');
@@ -176,7 +202,7 @@ int Prova(const QString& Questo, const QString& Casa, int Eventi, int Secondi)
             std::printf("%s\n%s", Coda(Casa + u"eventi.txt"_s, UltimiEventi).constData(),
                         Coda(Casa + u"detto.txt"_s, UltimeParole).constData());
             std::printf("seme %s: %s, sessione %d\n", qPrintable(Questo),
-                        Finita ? "TROVATO qualcosa" : "oltre il tempo", Numero);
+                        Finita ? "TROVATO qualcosa" : "fermo", Numero);
             return Trovato;
         }
         Restano -= Esito[0].toInt();
@@ -209,7 +235,7 @@ int main(int argc, char** argv)
     if (Argomenti.size() == 6 && Argomenti[1] == QLatin1StringView(Dentro))
         return Sessione(argc, argv, Argomenti);
     constexpr int EventiDiSolito = 4000;
-    constexpr int SecondiDiSolito = 900;
+    constexpr int SecondiDiSolito = 300;
     const QCoreApplication Programma(argc, argv);
     const int Eventi = Argomenti.value(2, QString::number(EventiDiSolito)).toInt();
     const int Secondi = Argomenti.value(3, QString::number(SecondiDiSolito)).toInt();
