@@ -15,6 +15,7 @@
 
 #include "addressbook/windows/ui_frmImporta.h"
 
+#include <QSplitter>
 #include <QTableView>
 
 #include <algorithm>
@@ -71,11 +72,11 @@ void frmImporta::CollegaNominativi()
     ColonnaGriglia DelFile;
     DelFile.Titolo = u"Colonna del file"_s;
     DelFile.Campo = ColDelFile;
-    DelFile.Caratteri = 18;
+    DelFile.Caratteri = 16;
     ColonnaGriglia VaIn;
     VaIn.Titolo = u"Va in"_s;
     VaIn.Campo = ColVaIn;
-    VaIn.Caratteri = 20;
+    VaIn.Caratteri = 18;
     ColonnaGriglia Esempio;
     Esempio.Titolo = u"Esempio"_s;
     Esempio.Campo = ColEsempio;
@@ -84,6 +85,10 @@ void frmImporta::CollegaNominativi()
     ui->tdbColonne->ImpostaColonne({DelFile, VaIn, Esempio});
     RigheColonne.Azzera(NumColonne);
     ui->tdbColonne->Lega(&RigheColonne);
+    // The columns of the file are what is worked on; the rows only show what is meant.
+    ui->divide->setSizes({3, 2});
+    ui->divide->setStretchFactor(0, 3);
+    ui->divide->setStretchFactor(1, 2);
     ui->tdbAnteprima->FraseVuota(u"Il file non contiene righe"_s);
     ::Collega(ui->tdbColonne, &Griglia::RigaCambiata, this, [this] { MostraMeta(); });
     ::Collega(ui->tdbColonne, &Griglia::DoppioClic, this, [this] { ui->cmbMeta->setFocus(); });
