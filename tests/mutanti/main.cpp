@@ -1,4 +1,5 @@
-// Damaged Access files by the thousand, each through the reading program: mutanti_access NUMBER [SEED [PROGRAM]].
+// Damaged Access files by the thousand, each through the reading program: mutanti_access NUMBER [SEED
+// [PROGRAM]].
 //
 // A mutant passes when it is answered in its time, by a program that lives on, and when what is said to be a
 // copy is one: its tables open and hold the rows that were counted. What fails is kept beside the message.
@@ -8,6 +9,7 @@
 #include "supporto/scrittoreaccess.h"
 
 #include <QCoreApplication>
+#include <QDate>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QJsonArray>
