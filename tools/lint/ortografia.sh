@@ -8,7 +8,8 @@
 FontiDeiTesti()
 {
     git ls-files -z --cached --others --exclude-standard -- \
-        'dati/guide/*.txt' 'dati/schede/*.txt' 'programma/*.htm' 'src/*.ui' 'src/*.cpp' 'src/*.h' \
+        'dati/guide/*.txt' 'dati/schede/*.txt' 'programma/*.htm' 'programma/*.txt' 'programma/*.rtf' \
+        dati/voci.csv dati/spese.csv dati/autorita.csv dati/scaglioni.csv 'src/*.ui' 'src/*.cpp' 'src/*.h' \
         ':!src/demo' ':!src/print/writers' ':!src/platform/pages' ':!src/platform/document' \
         ':!src/addressbook/exchange/colonneimporta.cpp'
 }

@@ -84,11 +84,22 @@ sub sorgente {
     }
 }
 
+# A rich text: accents are bytes of Windows-1252 or numbers, a group that begins with a star is none of the text.
+sub rtf {
+    my ($file, $testo) = @_;
+    $testo =~ s{\{\\(?:\*|fonttbl|colortbl|stylesheet|info)[^{}]*(?:\{[^{}]*\}[^{}]*)*\}}{svuota($&)}ge;
+    $testo =~ s{\\'([0-9a-fA-F]{2})}{chr hex $1}ge;
+    $testo =~ s{\\u([0-9]+) ?\??}{chr $1}ge;
+    $testo =~ s{\\[a-z]+-?[0-9]* ?|\\[^a-z]|[{}]}{}g;
+    righe($file, $testo, 1);
+}
+
 for my $file (@ARGV) {
     open(my $flusso, '<', $file) or die "$file: $!\n";
     my $testo = do { local $/; <$flusso> };
     close($flusso);
     if    ($file =~ /[.]htm$/)      { pagina($file, $testo); }
+    elsif ($file =~ /[.]rtf$/)      { rtf($file, $testo); }
     elsif ($file =~ /[.]ui$/)       { modulo($file, $testo); }
     elsif ($file =~ /[.](?:cpp|h)$/) { sorgente($file, $testo); }
     else                            { guida($file, $testo); }
