@@ -283,9 +283,9 @@ void TestTastoGuida::conLaSuaFinestraModale()
     {
         QMessageBox Box;
         QTimer::singleShot(0, &Box, [&] {
+            const auto Chiudi = qScopeGuard([&] { Box.reject(); });
             QTest::keyClick(&Box, Qt::Key_F1);
             QCOMPARE(InVista(), u"messaggi"_s);
-            Box.reject();
         });
         Box.exec();
     }
