@@ -150,19 +150,55 @@ std::optional<RapportoAccess> Chiedi(Lettore& Con, const QString& Da, const QStr
     return LeggiRapporto(Risposta);
 }
 
-/// The program that serves whoever waits for no dialog: one for all their requests, which take turns.
-std::optional<RapportoAccess> ChiediATurno(const QString& Da, const QString& A, const ModoAccess& Come)
+/// A running reading program for one request: the one that the last request has left, or a new one. Starting
+/// one costs more than a note.
+class LettoreInPrestito
 {
-    static std::mutex Turno;
-    static std::unique_ptr<Lettore> Comune;
-    static QString Avviato;
-    const std::lock_guard Mio(Turno);
-    const QString Programma = ProgrammaLettore();
-    if (!Comune || !Comune->Vivo() || Avviato != Programma)
-        Comune = std::make_unique<Lettore>(Programma);
-    Avviato = Programma;
-    return Chiedi(*Comune, Da, A, Come);
-}
+public:
+    LettoreInPrestito()
+    {
+        const QString Programma = ProgrammaLettore();
+        {
+            const std::lock_guard Mio(Turno());
+            if (Avviato() != Programma)
+                Libero().reset();
+            Avviato() = Programma;
+            Proprio = std::move(Libero());
+        }
+        if (!Proprio)
+            Proprio = std::make_unique<Lettore>(Programma);
+        Quale = Programma;
+    }
+    ~LettoreInPrestito()
+    {
+        const std::lock_guard Mio(Turno());
+        if (Proprio->Vivo() && Avviato() == Quale)
+            std::swap(Libero(), Proprio);
+    }
+    LettoreInPrestito(const LettoreInPrestito&) = delete;
+    LettoreInPrestito& operator=(const LettoreInPrestito&) = delete;
+
+    [[nodiscard]] Lettore& operator*() const { return *Proprio; }
+
+private:
+    static std::mutex& Turno()
+    {
+        static std::mutex Uno;
+        return Uno;
+    }
+    static std::unique_ptr<Lettore>& Libero()
+    {
+        static std::unique_ptr<Lettore> Uno;
+        return Uno;
+    }
+    static QString& Avviato()
+    {
+        static QString Uno;
+        return Uno;
+    }
+    std::unique_ptr<Lettore> Proprio;
+    QString Quale;
+};
 
 /// What tells one state of a file from another.
 struct Impronta
@@ -189,11 +225,8 @@ std::optional<RapportoAccess> Leggi(const QString& Da, const QString& A, const M
         if (!CopiaFile(Da, Ferma, MassimoFile, [&](qint64) { return !Come.Prosegui || Come.Prosegui(0); }))
             return std::nullopt;
     }
-    const QString Letto = Aperto ? Ferma : Da;
-    if (!Come.Prosegui)
-        return ChiediATurno(Letto, A, Come);
-    Lettore Proprio(ProgrammaLettore());
-    return Chiedi(Proprio, Letto, A, Come);
+    const LettoreInPrestito Con;
+    return Chiedi(*Con, Aperto ? Ferma : Da, A, Come);
 }
 
 }  // namespace
