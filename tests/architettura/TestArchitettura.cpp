@@ -128,7 +128,7 @@ void TestArchitettura::leProveSeguonoLeStanze()
         const QString Cartella = Prove.relativeFilePath(QFileInfo(Cammino.next()).path());
         const QString Attrezzo = SorgenteDiProva(u""_s) + Cartella;
         if (!Vera.Stanze.contains(Cartella) && Cartella != u"architettura"_s && Cartella != u"video"_s &&
-            !(Cartella.startsWith(u"tools/") && QFileInfo::exists(Attrezzo)))
+            Cartella != u"uccisioni"_s && !(Cartella.startsWith(u"tools/") && QFileInfo::exists(Attrezzo)))
             Estranee += Cartella;
     }
     Estranee.removeDuplicates();

@@ -10,6 +10,7 @@
 #include "core/modErrori.h"
 #include "core/posti.h"
 #include "feenote/companion/modRichiesta.h"
+#include "feenote/file/modPosaFile.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
 #include "platform/system/file.h"
@@ -121,6 +122,14 @@ bool Avvia(const QString& Riga)
     return true;
 }
 
+/// What killed programs left beside notes and templates; the folder of recovery copies is swept when they are
+/// offered.
+void TogliResti()
+{
+    for (const QString& Cartella : {sessione::ParcellePath, sessione::ModelliPath})
+        TogliRestiDiNote(Cartella);
+}
+
 }  // namespace
 
 void Main(const QString& RigaDiComando)
@@ -132,6 +141,7 @@ void Main(const QString& RigaDiComando)
         PrimoUso();
         ImpostaVariabili();
         Avviato = Avvia(RigaDiComando);
+        TogliResti();
     });
     if (Avviato)
         FineSenzaFinestre();

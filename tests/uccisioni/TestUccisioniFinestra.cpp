@@ -1,0 +1,129 @@
+// The real window is killed while it is written in and saves: its note and its recovery copies are whole.
+#include "feenote/file/file_prova.h"
+#include "vittima.h"
+
+#include "feenote/file/modRecupero.h"
+#include "platform/system/file.h"
+#include "platform/system/impostazioni.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int Ripetizioni = 40;
+
+QString Versione(int Quale)
+{
+    return u"versione %1 "_s.arg(Quale).repeated(Ripetizioni).trimmed();
+}
+
+/// The number of what a note says; 0 before anything was written, -1 for half of something.
+int VersioneDi(const QString& File)
+{
+    const QString Oggetto =
+        OpenDatabase(File, true).OpenRecordset(u"ParcellaParam"_s).Value(u"Oggetto"_s).toString().trimmed();
+    if (Oggetto == u"prima")
+        return 0;
+    const int Numero = Oggetto.section(u' ', 1, 1).toInt();
+    return Numero > 0 && Oggetto == Versione(Numero) ? Numero : -1;
+}
+
+}  // namespace
+
+class TestUccisioniFinestra : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void mentreSiScrive();
+};
+PROVA(TestUccisioniFinestra);
+
+void TestUccisioniFinestra::mentreSiScrive()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Messaggi.Tollera();
+    const QString Casa = NuovaCartella();
+    const QString Note = Casa + u"note/"_s;
+    QDir().mkpath(Note);
+    const QString File = Note + u"n.mdb"_s;
+    const QString Conto = Casa + u"conto"_s;
+    Parcella Prima = NotaPiena();
+    Prima.txtOggetto.Testo = u"prima"_s;
+    ScriviNota(File, Prima);
+    sessione::UserFolder = Casa + u"utente/"_s;
+    ScriviFile(Conto, QByteArray("0 0").leftJustified(24));
+    const auto Imposta = [](const QString& Nome, const QString& Valore) {
+        SaveSetting(u"KR5"_s, u"Parametri"_s, Nome, Valore);
+    };
+    Imposta(u"StudioNome"_s, u"Studio Prova"_s);
+    Imposta(u"CercaAgg"_s, u"N"_s);
+    Imposta(u"UserFolder"_s, sessione::UserFolder);
+    Imposta(u"ParcellePath"_s, Note);
+    Imposta(u"ArchivioCliCon"_s, sessione::ArchivioCliCon);
+    QDir().mkpath(sessione::UserFolder);
+    ScriviFile(sessione::UserFolder + u"avvisokr5.ini"_s, "[avvisokr5]\nletto=S\n");
+
+    QRandomGenerator Caso(Seme());
+    const int Volte = UccisioniChieste() > 0 ? std::max(2, UccisioniChieste() / 10) : 2;
+    int Scritte = 0;
+    int Salvate = 0;
+    int Copie = 0;
+    for (int Volta = 0; Volta < Volte; ++Volta) {
+        const QString Dove = u"seme %1, volta %2"_s.arg(Seme()).arg(Volta);
+        ScriviFile(Conto, QByteArray("0 0").leftJustified(24));
+        {
+            Vittima Chi;
+            Chi.Con(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+            Chi.Con(u"QT_PLUGIN_PATH"_s, QStringLiteral(PLUGIN_PILOTA));
+            Chi.Con(u"QT_QPA_GENERIC_PLUGINS"_s, u"pilota"_s);
+            Chi.Con(u"CALCANOVA_PILOTA"_s, Conto);
+            Chi.Con(u"TMPDIR"_s, CartellaDiProva());
+            Chi.Avvia(ProgrammaDiProva() + u"calcanova"_s, {u"PV2|E|"_s + File});
+            QVERIFY2(
+                QTest::qWaitFor(
+                    [&] { return !Chi.Vive() || LeggiFile(Conto).split(' ').value(0).toInt() > 0; }, 40000),
+                qPrintable(Dove));
+            QVERIFY2(Chi.Vive(), Chi.Detto().constData());
+            const int AlPiuMs = qEnvironmentVariable("CALCANOVA_ATTESA", u"1200"_s).toInt();
+            QTest::qWait(Caso.bounded(AlPiuMs));
+            QVERIFY2(Chi.Vive(), Chi.Detto().constData());
+            Chi.Uccidi();
+        }
+        // What was said to be saved is there, or something younger; nothing else ever was.
+        const QList<QByteArray> Detti = LeggiFile(Conto).trimmed().split(' ');
+        const int Scritto = Detti.value(0).toInt();
+        const int Salvato = Detti.value(1).toInt();
+        const int Trovato = VersioneDi(File);
+        QVERIFY2(Trovato >= 0, qPrintable(Dove + u": la nota e' a meta'"_s));
+        // The program is killed between a word of its and the next: the file may be one save ahead of what it
+        // said.
+        QVERIFY2(Salvato == 0 || (Trovato >= Salvato && Trovato <= Scritto + 1),
+                 qPrintable(Dove + u": salvata %1, trovata %2, scritta %3"_s.arg(Salvato).arg(Trovato).arg(
+                                       Scritto)));
+        Scritte += Scritto;
+        Salvate += Salvato / 2;
+        const QList<CopiaRecupero> Trovate = NoteDaRecuperare();
+        QVERIFY2(Trovate.size() <= 1, qPrintable(Dove));
+        for (const CopiaRecupero& Copia : Trovate) {
+            QVERIFY2(VersioneDi(Copia.File) >= 0, qPrintable(Dove + u": la copia e' a meta'"_s));
+            Parcella Ripresa;
+            RecuperaNota(Ripresa, Copia);
+            QCOMPARE(Ripresa.Percorso, File);
+            EliminaCopia(Copia);
+            ++Copie;
+        }
+        (void)NoteDaRecuperare();
+        QCOMPARE(ContenutoDi(sessione::UserFolder + u"recupero"_s), QStringList());
+    }
+    // What the last one left beside the note goes at the next start, and here.
+    TogliRestiDiNote(Note);
+    QCOMPARE(ContenutoDi(Note), QStringList{u"n.mdb"_s});
+    if (UccisioniChieste() > 0)
+        qInfo("finestra: %d uccisioni (seme %u), %d cambiamenti, %d salvataggi detti, %d copie riprese",
+              Volte, Seme(), Scritte, Salvate, Copie);
+}
+
+#include "TestUccisioniFinestra.moc"

@@ -1,0 +1,279 @@
+// Loaded before a program: kills it behind the nth call that may change a file of one folder, as a loss of
+// power would that nobody sees coming. The program knows nothing of it.
+//
+//   MORTE_SOTTO  the folder, without a separator at its end
+//   MORTE_ALLA   the call behind which the process kills itself, counted from 1; 0 never
+//   MORTE_CONTA  where the number of calls so far is kept, so that whoever asks knows how many there are
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <sys/types.h>
+#include <sys/uio.h>
+#include <unistd.h>
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+constexpr int MassimiFile = 4096;
+
+std::array<std::atomic<bool>, MassimiFile> Nostri;
+std::atomic<int> Contate;
+
+const char* Sotto()
+{
+    static const char* Cartella = std::getenv("MORTE_SOTTO");
+    return Cartella;
+}
+
+bool Nostro(const char* Nome)
+{
+    const char* Cartella = Sotto();
+    if (!Cartella || !Nome)
+        return false;
+    const size_t Lungo = std::strlen(Cartella);
+    return std::strncmp(Nome, Cartella, Lungo) == 0 && (Nome[Lungo] == '/' || Nome[Lungo] == '\0');
+}
+
+bool Nostro(int Fd)
+{
+    return Fd >= 0 && Fd < MassimiFile && Nostri[size_t(Fd)];
+}
+
+template <class F>
+F* Vera(const char* Nome)
+{
+    return reinterpret_cast<F*>(::dlsym(RTLD_NEXT, Nome));
+}
+
+void ScriviConto(int Quante)
+{
+    static const char* File = std::getenv("MORTE_CONTA");
+    if (!File)
+        return;
+    static auto* Apri = Vera<int(const char*, int, ...)>("open");
+    static auto* Scrivi = Vera<ssize_t(int, const void*, size_t)>("write");
+    static auto* Chiudi = Vera<int(int)>("close");
+    const int Fd = Apri(File, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+    std::array<char, 16> Testo{};
+    const int Lungo = std::snprintf(Testo.data(), Testo.size(), "%d", Quante);
+    (void)!Scrivi(Fd, Testo.data(), size_t(Lungo));
+    Chiudi(Fd);
+}
+
+/// Behind a call that may have changed the folder.
+void Passata()
+{
+    static const int Alla = [] {
+        const char* Testo = std::getenv("MORTE_ALLA");
+        return Testo ? std::atoi(Testo) : 0;
+    }();
+    const int Errno = errno;
+    const int Quante = ++Contate;
+    ScriviConto(Quante);
+    if (Quante == Alla)
+        ::kill(::getpid(), SIGKILL);
+    errno = Errno;
+}
+
+template <class R>
+R Dopo(bool Conta, R Esito)
+{
+    if (Conta)
+        Passata();
+    return Esito;
+}
+
+constexpr int PerScrivere = O_WRONLY | O_RDWR | O_CREAT | O_TRUNC;
+
+int Aperto(const char* Nome, int Bandiere, int Fd)
+{
+    const bool Suo = Nostro(Nome) && (Bandiere & PerScrivere);
+    if (Fd >= 0 && Fd < MassimiFile)
+        Nostri[size_t(Fd)] = Suo;
+    return Dopo(Suo, Fd);
+}
+
+mode_t ModoDi(int Bandiere, va_list Altri)
+{
+    return Bandiere & (O_CREAT | O_TMPFILE) ? mode_t(va_arg(Altri, int)) : 0;
+}
+
+}  // namespace
+
+// NOLINTBEGIN(readability-identifier-naming)
+extern "C" {
+
+#define APERTURA(NOME)                                                                                       \
+    int NOME(const char* Nome, int Bandiere, ...)                                                            \
+    {                                                                                                        \
+        static auto* Vero = Vera<int(const char*, int, ...)>(#NOME);                                         \
+        va_list Altri;                                                                                       \
+        va_start(Altri, Bandiere);                                                                           \
+        const mode_t Modo = ModoDi(Bandiere, Altri);                                                         \
+        va_end(Altri);                                                                                       \
+        return Aperto(Nome, Bandiere, Vero(Nome, Bandiere, Modo));                                           \
+    }
+APERTURA(open)
+APERTURA(open64)
+#undef APERTURA
+
+#define APERTURA(NOME)                                                                                       \
+    int NOME(int Cartella, const char* Nome, int Bandiere, ...)                                              \
+    {                                                                                                        \
+        static auto* Vero = Vera<int(int, const char*, int, ...)>(#NOME);                                    \
+        va_list Altri;                                                                                       \
+        va_start(Altri, Bandiere);                                                                           \
+        const mode_t Modo = ModoDi(Bandiere, Altri);                                                         \
+        va_end(Altri);                                                                                       \
+        return Aperto(Nome, Bandiere, Vero(Cartella, Nome, Bandiere, Modo));                                 \
+    }
+APERTURA(openat)
+APERTURA(openat64)
+#undef APERTURA
+
+int close(int Fd)
+{
+    static auto* Vero = Vera<int(int)>("close");
+    const bool Suo = Nostro(Fd);
+    if (Suo)
+        Nostri[size_t(Fd)] = false;
+    return Dopo(Suo, Vero(Fd));
+}
+
+ssize_t write(int Fd, const void* Byte, size_t Quanti)
+{
+    static auto* Vero = Vera<ssize_t(int, const void*, size_t)>("write");
+    return Dopo(Nostro(Fd), Vero(Fd, Byte, Quanti));
+}
+
+ssize_t writev(int Fd, const iovec* Pezzi, int Quanti)
+{
+    static auto* Vero = Vera<ssize_t(int, const iovec*, int)>("writev");
+    return Dopo(Nostro(Fd), Vero(Fd, Pezzi, Quanti));
+}
+
+ssize_t pwrite(int Fd, const void* Byte, size_t Quanti, off_t Dove)
+{
+    static auto* Vero = Vera<ssize_t(int, const void*, size_t, off_t)>("pwrite");
+    return Dopo(Nostro(Fd), Vero(Fd, Byte, Quanti, Dove));
+}
+
+ssize_t pwrite64(int Fd, const void* Byte, size_t Quanti, off64_t Dove)
+{
+    static auto* Vero = Vera<ssize_t(int, const void*, size_t, off64_t)>("pwrite64");
+    return Dopo(Nostro(Fd), Vero(Fd, Byte, Quanti, Dove));
+}
+
+int ftruncate(int Fd, off_t Lungo) noexcept
+{
+    static auto* Vero = Vera<int(int, off_t)>("ftruncate");
+    return Dopo(Nostro(Fd), Vero(Fd, Lungo));
+}
+
+int ftruncate64(int Fd, off64_t Lungo) noexcept
+{
+    static auto* Vero = Vera<int(int, off64_t)>("ftruncate64");
+    return Dopo(Nostro(Fd), Vero(Fd, Lungo));
+}
+
+int fsync(int Fd)
+{
+    static auto* Vero = Vera<int(int)>("fsync");
+    return Dopo(Nostro(Fd), Vero(Fd));
+}
+
+int fdatasync(int Fd)
+{
+    static auto* Vero = Vera<int(int)>("fdatasync");
+    return Dopo(Nostro(Fd), Vero(Fd));
+}
+
+int fchmod(int Fd, mode_t Modo) noexcept
+{
+    static auto* Vero = Vera<int(int, mode_t)>("fchmod");
+    return Dopo(Nostro(Fd), Vero(Fd, Modo));
+}
+
+int fchown(int Fd, uid_t Utente, gid_t Gruppo) noexcept
+{
+    static auto* Vero = Vera<int(int, uid_t, gid_t)>("fchown");
+    return Dopo(Nostro(Fd), Vero(Fd, Utente, Gruppo));
+}
+
+int flock(int Fd, int Come) noexcept
+{
+    static auto* Vero = Vera<int(int, int)>("flock");
+    return Dopo(Nostro(Fd), Vero(Fd, Come));
+}
+
+int chmod(const char* Nome, mode_t Modo) noexcept
+{
+    static auto* Vero = Vera<int(const char*, mode_t)>("chmod");
+    return Dopo(Nostro(Nome), Vero(Nome, Modo));
+}
+
+int chown(const char* Nome, uid_t Utente, gid_t Gruppo) noexcept
+{
+    static auto* Vero = Vera<int(const char*, uid_t, gid_t)>("chown");
+    return Dopo(Nostro(Nome), Vero(Nome, Utente, Gruppo));
+}
+
+int mkdir(const char* Nome, mode_t Modo) noexcept
+{
+    static auto* Vero = Vera<int(const char*, mode_t)>("mkdir");
+    return Dopo(Nostro(Nome), Vero(Nome, Modo));
+}
+
+int unlink(const char* Nome) noexcept
+{
+    static auto* Vero = Vera<int(const char*)>("unlink");
+    return Dopo(Nostro(Nome), Vero(Nome));
+}
+
+int remove(const char* Nome) noexcept
+{
+    static auto* Vero = Vera<int(const char*)>("remove");
+    return Dopo(Nostro(Nome), Vero(Nome));
+}
+
+int unlinkat(int Cartella, const char* Nome, int Bandiere) noexcept
+{
+    static auto* Vero = Vera<int(int, const char*, int)>("unlinkat");
+    return Dopo(Nostro(Nome), Vero(Cartella, Nome, Bandiere));
+}
+
+int rename(const char* Da, const char* A) noexcept
+{
+    static auto* Vero = Vera<int(const char*, const char*)>("rename");
+    return Dopo(Nostro(A), Vero(Da, A));
+}
+
+int renameat2(int CartellaDa, const char* Da, int CartellaA, const char* A, unsigned Bandiere) noexcept
+{
+    static auto* Vero = Vera<int(int, const char*, int, const char*, unsigned)>("renameat2");
+    return Dopo(Nostro(A), Vero(CartellaDa, Da, CartellaA, A, Bandiere));
+}
+
+int link(const char* Da, const char* A) noexcept
+{
+    static auto* Vero = Vera<int(const char*, const char*)>("link");
+    return Dopo(Nostro(A), Vero(Da, A));
+}
+
+int linkat(int CartellaDa, const char* Da, int CartellaA, const char* A, int Bandiere) noexcept
+{
+    static auto* Vero = Vera<int(int, const char*, int, const char*, int)>("linkat");
+    return Dopo(Nostro(A), Vero(CartellaDa, Da, CartellaA, A, Bandiere));
+}
+
+}  // extern "C"
+// NOLINTEND(readability-identifier-naming)
