@@ -6,6 +6,7 @@
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
 
 #include <algorithm>
 #include <array>
@@ -37,10 +38,20 @@ int Intero16(double Valore)
     return static_cast<int>(Intero);
 }
 
+/// The reference of a matter, which begins the name of each of its notes: room is left for the rest of the
+/// name. What is longer is refused at once, not by the first save.
+QString Riferimento(const QString& Campo)
+{
+    constexpr qsizetype MassimoByte = 200;
+    if (ByteDelNome(Campo) > MassimoByte)
+        throw Errore(errori::TestoLungo);
+    return Campo;
+}
+
 /// What each field becomes, in the order in which the fields are sent.
 using Lettura = void (*)(Richiesta&, const QString&);
 constexpr std::array<Lettura, 7> Letture{
-    [](Richiesta& r, const QString& Campo) { r.ID = Campo; },
+    [](Richiesta& r, const QString& Campo) { r.ID = Riferimento(Campo); },
     [](Richiesta& r, const QString& Campo) { r.Categoria = CInt(Campo); },
     [](Richiesta& r, const QString& Campo) { r.Autorita = CInt(Campo); },
     [](Richiesta& r, const QString& Campo) { r.Valore = CDbl(Campo); },

@@ -43,6 +43,8 @@ void TestRichiestaPV2::leggeISetteCampi_data()
     QTest::newRow("empty identifier") << u"|1|2|3|4|5|6|"_s << Richiesta{u""_s, 1, 2, 3.0, 4, 5, 6};
     QTest::newRow("identifier as it stands")
         << u" P 1 |1|2|3|4|5|6|"_s << Richiesta{u" P 1 "_s, 1, 2, 3.0, 4, 5, 6};
+    QTest::newRow("the longest identifier")
+        << QString(200, u'x') + u"|1|2|3|4|5|6|"_s << Richiesta{QString(200, u'x'), 1, 2, 3.0, 4, 5, 6};
     QTest::newRow("halves go to the even number")
         << u"P|1,5|2,5|3|4|5|6|"_s << Richiesta{u"P"_s, 2, 2, 3.0, 4, 5, 6};
     QTest::newRow("largest of 16 bits")
@@ -102,6 +104,9 @@ void TestRichiestaPV2::numeroIllegibile_data()
     QTest::newRow("counterparty beyond 32 bits") << u"P|1|2|3|4|-2147483649|6|"_s << 6;
     QTest::newRow("last field beyond 16 bits") << u"P|1|2|3|4|5|32768|"_s << 6;
     QTest::newRow("last field far beyond") << u"P|1|2|3|4|5|1e300|"_s << 6;
+    QTest::newRow("an identifier that no name of a file could begin with")
+        << QString(201, u'x') + u"|1|2|3|4|5|6|"_s << 3163;
+    QTest::newRow("the same in letters of two bytes") << QString(101, u'è') + u"|1|2|3|4|5|6|"_s << 3163;
     QTest::newRow("told although a bar is missing further on") << u"P|a|2"_s << 13;
 }
 
