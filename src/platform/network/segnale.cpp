@@ -2,17 +2,25 @@
 
 #include "platform/base/paginacodice.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/permessi.h"
 #include "platform/system/shell.h"
-
-#include <QStandardPaths>
 
 #include <utility>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
 #else
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QLocalSocket>
+
+#include <pwd.h>
+#include <sys/socket.h>
+#include <unistd.h>
 #endif
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -36,6 +44,41 @@ void Manda(const QString& Titolo, QByteArray Byte)
 
 #else
 
+/// Whether whoever listens is a program of this user: the folder keeps others out, and the system knows
+/// better still.
+bool AscoltaQuestoUtente(const QLocalSocket& Presa)
+{
+#ifdef SO_PEERCRED
+    ucred Chi = {};
+    socklen_t Lunga = sizeof Chi;
+    return ::getsockopt(int(Presa.socketDescriptor()), SOL_SOCKET, SO_PEERCRED, &Chi, &Lunga) == 0 &&
+           Chi.uid == ::geteuid();
+#else
+    Q_UNUSED(Presa)
+    return true;
+#endif
+}
+
+/// The folder of this user's session, made where it is missing; empty where there is none that is his alone.
+QString CartellaSessione()
+{
+    QString Cartella = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    if (Cartella.isEmpty()) {
+        const passwd* Utente = ::getpwuid(::geteuid());
+        Cartella = QDir::tempPath() + u"/runtime-"_s +
+                   (Utente ? QFile::decodeName(Utente->pw_name) : QString::number(::geteuid()));
+    }
+    if (!QFileInfo::exists(Cartella) &&
+        !QDir().mkdir(Cartella, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner))
+        return {};
+    const QFileInfo Info(Cartella);
+    constexpr QFile::Permissions DiAltri = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
+                                           QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    const bool Sua =
+        Info.isDir() && !Info.isSymLink() && DiQuestoUtente(Cartella) && !(Info.permissions() & DiAltri);
+    return Sua ? Barra(Cartella) : QString();
+}
+
 void Manda(const QString& Titolo, const QByteArray& Byte)
 {
     const QString Nome = PresaSegnale(Titolo);
@@ -43,7 +86,7 @@ void Manda(const QString& Titolo, const QByteArray& Byte)
         return;
     QLocalSocket Presa;
     Presa.connectToServer(Nome, QIODevice::WriteOnly);
-    if (!Presa.waitForConnected(AttesaMs))
+    if (!Presa.waitForConnected(AttesaMs) || !AscoltaQuestoUtente(Presa))
         return;
     Presa.write(Byte);
     Presa.waitForBytesWritten(AttesaMs);
@@ -56,7 +99,11 @@ void Manda(const QString& Titolo, const QByteArray& Byte)
 
 QString PresaSegnale(const QString& Titolo)
 {
-    const QString Cartella = Barra(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation));
+#ifdef Q_OS_WIN
+    const QString Cartella;
+#else
+    const QString Cartella = CartellaSessione();
+#endif
     return Cartella.isEmpty() ? QString() : Cartella + Titolo;
 }
 
