@@ -2,6 +2,8 @@
 
 #include "platform/base/nomidate.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -54,9 +56,12 @@ bool NomeValido(const QString& Nome, const QString& Vietati)
 QString NomePerFile(QString Nome)
 {
     for (QChar& Carattere : Nome)
-        if (VietatiNeiNomi.contains(Carattere))
+        if (VietatiNeiNomi.contains(Carattere) || Carattere.category() == QChar::Other_Control)
             Carattere = u'-';
-    return Nome;
+    // Whole names that mean a folder or, on some systems, a device, whatever comes behind a dot.
+    static const QRegularExpression DelSistema(u"^(\\.{1,2}|(con|prn|aux|nul|com[0-9]|lpt[0-9])(\\..*)?)$"_s,
+                                               QRegularExpression::CaseInsensitiveOption);
+    return DelSistema.match(Nome).hasMatch() ? u'-' + Nome : Nome;
 }
 
 bool EVuoto(const QVariant& Valore)

@@ -19,7 +19,8 @@
 /// False when the name holds a forbidden character; an empty list means \ / : * ? < > " and |.
 [[nodiscard]] bool NomeValido(const QString& Nome, const QString& Vietati = {});
 
-/// The name with "-" for each of those characters, which no file's name may hold.
+/// The name with "-" for each of those characters and for controls, which no file's name may hold, and before
+/// a name that means a folder or a device.
 [[nodiscard]] QString NomePerFile(QString Nome);
 
 /// True for Null, an empty or blank text, the texts "0" and "/  /" after trimming, a numeric zero and an

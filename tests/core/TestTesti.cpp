@@ -131,6 +131,14 @@ void TestTesti::nomePerFile()
     QCOMPARE(NomePerFile(u"Nuova parcella:2"_s), u"Nuova parcella-2"_s);
     QCOMPARE(NomePerFile(u"\\/:*?<>\"|"_s), u"---------"_s);
     QCOMPARE(NomePerFile(u"Rossi - Bianchi (1)"_s), u"Rossi - Bianchi (1)"_s);
+    QCOMPARE(NomePerFile(u"a\tb\nc"_s + QChar(0) + u'd' + QChar(0x7f)), u"a-b-c-d-"_s);
+    QCOMPARE(NomePerFile(u"../../etc/passwd"_s), u"..-..-etc-passwd"_s);
+    QCOMPARE(NomePerFile(u".."_s), u"-.."_s);
+    QCOMPARE(NomePerFile(u"."_s), u"-."_s);
+    QCOMPARE(NomePerFile(u"..."_s), u"..."_s);
+    QCOMPARE(NomePerFile(u"nul"_s), u"-nul"_s);
+    QCOMPARE(NomePerFile(u"COM1.2026"_s), u"-COM1.2026"_s);
+    QCOMPARE(NomePerFile(u"Conti"_s), u"Conti"_s);
 }
 
 void TestTesti::eVuoto_data()
