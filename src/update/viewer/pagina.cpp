@@ -8,6 +8,7 @@
 #include "platform/kit/collega.h"
 #include "platform/system/file.h"
 #include "platform/system/shell.h"
+#include "update/viewer/intrico.h"
 #include "update/viewer/stilepagina.h"
 
 #include <QBuffer>
@@ -27,7 +28,6 @@ namespace {
 constexpr qint64 MassimaPagina = qint64(1) << 20;
 constexpr qint64 MassimaFigura = qint64(4) << 20;
 constexpr int MassimoLatoFigura = 4096;
-constexpr int MassimiAnnidati = 32;
 constexpr int PassoMinimo = -4;
 constexpr int PassoMassimo = 12;
 constexpr int Margine = 12;
@@ -54,28 +54,6 @@ bool HaEstensione(const QString& File, std::initializer_list<QStringView> Estens
     const QString Sua = QFileInfo(File).suffix();
     return std::ranges::any_of(Estensioni,
                                [&](QStringView Una) { return Sua.compare(Una, Qt::CaseInsensitive) == 0; });
-}
-
-/// Layout goes down one level for each element inside another: a page that nests without end would take
-/// the stack with it.
-bool Intricata(const QByteArray& Html)
-{
-    int Livello = 0;
-    for (qsizetype i = Html.indexOf('<'); i >= 0; i = Html.indexOf('<', i + 1)) {
-        const QByteArrayView Resto =
-            QByteArrayView(Html).sliced(i + 1).first(std::min<qsizetype>(Html.size() - i - 1, 6));
-        const auto Apre = [&](QByteArrayView Nome) {
-            return Resto.size() >= Nome.size() &&
-                   QByteArrayView(Resto).first(Nome.size()).compare(Nome, Qt::CaseInsensitive) == 0;
-        };
-        if (Apre("table") || Apre("div") || Apre("ul") || Apre("ol") || Apre("blockq"))
-            ++Livello;
-        else if (Apre("/table") || Apre("/div") || Apre("/ul") || Apre("/ol") || Apre("/block"))
-            --Livello;
-        if (Livello > MassimiAnnidati)
-            return true;
-    }
-    return false;
 }
 
 /// An empty picture stands for one that may not be shown: nothing at all would let the toolkit look for the
@@ -174,7 +152,9 @@ QVariant Pagina::loadResource(int Tipo, const QUrl& Nome)
     try {
         if (Tipo == QTextDocument::ImageResource)
             return Figura(Lecito ? File : QString());
-        return Lecito ? LeggiFile(File, MassimaPagina) : QByteArray(" ");
+        // Of a page without a letter the toolkit says in its own words that there is none.
+        const QByteArray Letta = Lecito ? LeggiFile(File, MassimaPagina) : QByteArray();
+        return Letta.isEmpty() ? QByteArray(" ") : Letta;
     } catch (const Errore&) {
         // A file that went or grew since it was looked at: an empty page, not half of one.
         return Tipo == QTextDocument::ImageResource ? QVariant(Figura({})) : QVariant(QByteArray(" "));

@@ -15,12 +15,14 @@
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 #include "update/viewer/frmWeb.h"
+#include "update/viewer/intrico.h"
 #include "update/viewer/pagina.h"
 #include "update/viewer/stilepagina.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QCheckBox>
 #include <QDir>
+#include <QDirIterator>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
@@ -72,6 +74,7 @@ private Q_SLOTS:
     void foglioDiStileFuoriCartella();
     void paginaTroppoGrande_data();
     void paginaTroppoGrande();
+    void lePagineDelProgrammaNonSonoIntricate();
     void cerca();
     void cercaRicominciaDaCapo();
     void escChiudePrimaLaRicerca();
@@ -547,6 +550,33 @@ void TestFrmWeb::paginaTroppoGrande_data()
     QTest::newRow("lists without end") << QByteArray("<ul><li>").repeated(5000) << false;
     QTest::newRow("tables side by side")
         << QByteArray("<table><tr><td>x</td></tr></table>").repeated(200) << true;
+    const auto Ripeti = [](const char* Pezzo, int Volte = 20000) {
+        return QByteArray(Pezzo).repeated(Volte);
+    };
+    QTest::newRow("spans without end") << Ripeti("<span>") << false;
+    QTest::newRow("letters without end") << Ripeti("<b>") << false;
+    QTest::newRow("centred without end") << Ripeti("<CENTER>") << false;
+    QTest::newRow("lists of terms without end") << Ripeti("<dl>") << false;
+    QTest::newRow("an end that closes something else") << Ripeti("<span></b>") << false;
+    QTest::newRow("an end in a comment") << Ripeti("<span><!-- </span> -->") << false;
+    QTest::newRow("an end in quotes") << Ripeti("<span title='</span>'>") << false;
+    QTest::newRow("an end in a style") << Ripeti("<span><style></span></style>") << false;
+    QTest::newRow("elements that do not close each other") << Ripeti("<p>x<li>x") << false;
+    for (const char* Nome : {"p", "li", "td", "tr", "dt", "dd"})
+        QTest::addRow("%s closes %s", Nome, Nome)
+            << Ripeti(QByteArray("<" + QByteArray(Nome) + ">x").constData(), 3000) << true;
+    QTest::newRow("letters, closed") << Ripeti("<b>x</b><i>y</i><br>", 3000) << true;
+    QTest::newRow("32 inside each other") << Ripeti("<b>", 31) + "x" << true;
+    QTest::newRow("seven tables inside each other") << Ripeti("<table><tr><td>x", 7) << false;
+    QTest::newRow("six tables inside each other") << Ripeti("<table><tr><td>x", 6) << true;
+    QTest::newRow("a cell over more rows than there are")
+        << QByteArray("<table><tr><td rowspan=60000>x</table>") << false;
+    QTest::newRow("many cells over many rows")
+        << "<table>" + Ripeti("<tr><td rowspan='150'>x</td></tr>", 3000) + "</table>" << false;
+    QTest::newRow("a number in disguise")
+        << QByteArray("<table><tr><td rowspan='&#54;0000'>x</table>") << false;
+    QTest::newRow("some cells over some")
+        << "<table>" + Ripeti("<tr><td colspan=2>x</td></tr>", 100) + "</table>" << true;
     QTest::newRow("ends without beginnings") << QByteArray("</div></table><").repeated(2000) << true;
 }
 
@@ -560,6 +590,19 @@ void TestFrmWeb::paginaTroppoGrande()
         Box.Attendi(u"Errore: Memoria insufficiente (7)"_s, vbOK, u"Errore:"_s);
     QCOMPARE(Protetta([this] { Mostra(u"uno.htm"_s); }), Mostrata);
     QCOMPARE(W->isVisible(), Mostrata);
+}
+
+void TestFrmWeb::lePagineDelProgrammaNonSonoIntricate()
+{
+    int Quante = 0;
+    QDirIterator Cammino(ProgrammaDiProva(), {u"*.htm"_s, u"*.html"_s}, QDir::Files,
+                         QDirIterator::Subdirectories);
+    while (Cammino.hasNext()) {
+        const QString Pagina = Cammino.next();
+        QVERIFY2(!Intricata(LeggiFile(Pagina)), qPrintable(Pagina));
+        ++Quante;
+    }
+    QVERIFY(Quante > 10);
 }
 
 void TestFrmWeb::cerca()
