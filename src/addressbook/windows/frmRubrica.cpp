@@ -255,7 +255,9 @@ bool frmRubrica::Apri(const RichiestaRubrica& Chiesta)
     activateWindow();
     ui->tdbRubrica->setFocus();
     AvviaMenu();
-    OffriConversione();
+    DaOffrire = InAccess;
+    if (isActiveWindow())
+        OffriConversione();
     return true;
 }
 
@@ -319,7 +321,7 @@ void frmRubrica::AvviaMenu()
 void frmRubrica::OffriConversione()
 {
     const QString File = FileRubrica(Richiesta.DataSource);
-    if (!InAccess || !Aperture.ImportaArchivio || Impostazione(ChiaveOfferta) == File)
+    if (!std::exchange(DaOffrire, false) || !Aperture.ImportaArchivio || Impostazione(ChiaveOfferta) == File)
         return;
     Esegui([&] {
         SalvaImpostazione(ChiaveOfferta, File);
@@ -329,6 +331,15 @@ void frmRubrica::OffriConversione()
                    vbYesNo + vbQuestion, TitoloDomanda.toString()) == vbYes)
             Aperture.ImportaArchivio(File);
     });
+}
+
+/// The question stands over the browser and not over the window that had the focus before: it waits until the
+/// browser has it.
+void frmRubrica::changeEvent(QEvent* Evento)
+{
+    QDialog::changeEvent(Evento);
+    if (Evento->type() == QEvent::ActivationChange && isActiveWindow() && DaOffrire)
+        QTimer::singleShot(0, this, &frmRubrica::OffriConversione);
 }
 
 // ---- closing ------------------------------------------------------------------------------------

@@ -72,6 +72,7 @@ public Q_SLOTS:
 
 protected:
     bool eventFilter(QObject* Oggetto, QEvent* Evento) override;
+    void changeEvent(QEvent* Evento) override;
     void showEvent(QShowEvent* Evento) override;
     void hideEvent(QHideEvent* Evento) override;
 
@@ -145,6 +146,7 @@ private:
     RichiestaRubrica Richiesta;
     QString TabellaInVista;
     Database Archivio;
+    bool DaOffrire = false;  ///< to make it one of this program's, once the browser has the focus
     bool InAccess = false;  ///< the archive is a file of Access: its native copy is on view, to be read alone
     Recordset Tutte;        ///< rows of the table
     Recordset Righe;        ///< those that the filter leaves: without one the same, cursor and all

@@ -78,10 +78,15 @@ void TestRubricaAccess::siOffreUnaVolta()
 void TestRubricaAccess::siConverte()
 {
     QStringList Chiesti;
-    Aperture.ImportaArchivio = [&](const QString& File) { Chiesti.append(File); };
+    const QWidget* Davanti = nullptr;
+    Aperture.ImportaArchivio = [&](const QString& File) {
+        Chiesti.append(File);
+        Davanti = QApplication::activeWindow();
+    };
     A->Voce.Attendi(Domanda(), vbYes, u"Domanda:"_s);
-    (void)A->Apri(A->DaScrivania());
+    const frmRubrica* F = A->Apri(A->DaScrivania());
     QCOMPARE(Chiesti, QStringList{A->File});
+    QVERIFY2(Davanti == F, "asked before the browser was in front");
 }
 
 /// The former program has written to its file meanwhile.

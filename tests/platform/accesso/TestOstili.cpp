@@ -279,7 +279,7 @@ private Q_SLOTS:
         }
         Scrivi(Da, Byte);
         try {
-            const RapportoAccess Rapporto = ConvertiAccess(Da, A, {.Secondi = 3}).value();
+            const RapportoAccess Rapporto = ConvertiAccess(Da, A, {.Secondi = 1}).value();
             QCOMPARE(Rapporto.Tralasciati,
                      (QList<TralasciatoAccess>{{u"clienti.Note"_s, u"valori illeggibili: 1"_s}}));
             QVERIFY(QFile::remove(A));
@@ -318,7 +318,7 @@ private Q_SLOTS:
         {
             const QScopedValueRollback Altro(accesso::Programma, Programma(Righe));
             const QScopedValueRollback Poco(accesso::AttesaPerSecondo, 1);
-            QCOMPARE(Rifiuto({.Secondi = 1}).Descrizione, Frase);
+            QCOMPARE(Rifiuto({.Secondi = 0}).Descrizione, Frase);
         }
         QCOMPARE(ConvertiAccess(Da, A)->Tabelle, (QList<TabellaAccess>{{u"clienti"_s, 2}}));
     }
