@@ -90,6 +90,14 @@ QPointer<frmWeb>& VisoreGuida()
     return Visore;
 }
 
+/// True when a window was opened by another one, across windows too.
+bool Discende(const QWidget* Figlia, const QWidget* Da)
+{
+    while (Figlia && Figlia != Da)
+        Figlia = Figlia->parentWidget();
+    return Figlia != nullptr;
+}
+
 frmWeb& PreparaVisore(QWidget* Sopra)
 {
     QPointer<frmWeb>& Visore = VisoreGuida();
@@ -98,7 +106,8 @@ frmWeb& PreparaVisore(QWidget* Sopra)
         QObject::connect(qApp, &QCoreApplication::aboutToQuit, Visore.data(), &QObject::deleteLater);
         Collega(Visore.data(), &QDialog::finished, qApp, FineSenzaFinestre);
     }
-    if (Visore->parentWidget() != Sopra && !Visore->isAncestorOf(Sopra))
+    // A box of the viewer's own cannot be its parent: it is read once the box is answered.
+    if (Visore->parentWidget() != Sopra && !Discende(Sopra, Visore))
         Visore->setParent(Sopra, Visore->windowFlags());
     return *Visore;
 }

@@ -316,6 +316,15 @@ void TestTastoGuida::nellaGuida()
     QVERIFY(Visore());
     QTest::keyClick(Visore()->findChild<QWidget*>(u"Web1"_s), Qt::Key_F1);
     QCOMPARE(InVista(), u"frmWeb"_s);
+    // A box of the viewer's own cannot take it along.
+    QMessageBox Box(Visore());
+    QTimer::singleShot(0, &Box, [&] {
+        const auto Chiudi = qScopeGuard([&] { Box.reject(); });
+        QTest::keyClick(&Box, Qt::Key_F1);
+        QCOMPARE(InVista(), u"messaggi"_s);
+        QVERIFY(!Visore()->parentWidget());
+    });
+    Box.exec();
     QTest::keyClick(Visore(), Qt::Key_Escape);
     QVERIFY(!Visore());
 }
