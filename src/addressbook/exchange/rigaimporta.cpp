@@ -5,6 +5,7 @@
 #include "addressbook/modScheda.h"
 #include "core/modControlli.h"
 #include "platform/base/paginacodice.h"
+#include "platform/base/regionale.h"
 #include "platform/base/testopiano.h"
 
 #include <QDate>
@@ -44,9 +45,10 @@ QString ConGliZeri(const QString& Codice)
 QString DataScritta(const QString& Testo)
 {
     constexpr qsizetype Lunga = 10;
-    const QDate Iso = QDate::fromString(Testo.left(Lunga), u"yyyy-MM-dd");
-    if (Iso.isValid())
-        return Iso.toString(u"dd/MM/yyyy");
+    constexpr qsizetype DopoAnno = 4;
+    if (Testo.size() >= Lunga && Testo[DopoAnno] == u'-')
+        if (const QDate Iso = QDate::fromString(Testo.left(Lunga), Qt::ISODate); Iso.isValid())
+            return Format(Iso, u"dd/mm/yyyy");
     const QString Ora = Testo.section(u' ', 1);
     const bool Mezzanotte = !Ora.isEmpty() && std::ranges::all_of(Ora, [](QChar C) {
         return C == u'0' || C == u':' || C == u'.';

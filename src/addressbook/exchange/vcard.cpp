@@ -251,9 +251,9 @@ QString Giorno(QString Testo)
     const QString Intero = Testo;
     if (const qsizetype Ora = Testo.indexOf(u'T'); Ora > 0)
         Testo.truncate(Ora);
-    const QDate Letto = Testo.size() == Compatta    ? QDate::fromString(Testo, u"yyyyMMdd")
-                        : Testo.size() == ConTratti ? QDate::fromString(Testo, u"yyyy-MM-dd")
-                                                    : QDate();
+    if (Testo.size() == Compatta)
+        Testo.insert(6, u'-').insert(4, u'-');
+    const QDate Letto = Testo.size() == ConTratti ? QDate::fromString(Testo, Qt::ISODate) : QDate();
     return Letto.isValid() ? Format(Letto, u"dd/mm/yyyy") : Intero;
 }
 
