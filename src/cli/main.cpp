@@ -2,6 +2,7 @@
 #include "cli/comandi.h"
 
 #include "platform/pages/senzaschermo.h"
+#include "platform/system/diagnosi.h"
 
 #include <QCoreApplication>
 
@@ -29,6 +30,7 @@ bool VuolePagine(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    TaciAiProgrammatori();
     // UTF-8 in and out whatever the locale of whoever calls.
     qputenv("LC_ALL", "C.UTF-8");
     const std::unique_ptr<QCoreApplication> Applicazione =

@@ -66,6 +66,10 @@ void TestUccisioniFinestra::mentreSiScrive()
     QDir().mkpath(sessione::UserFolder);
     ScriviFile(sessione::UserFolder + u"avvisokr5.ini"_s, "[avvisokr5]\nletto=S\n");
 
+    // Of a note that was given another name since: no save will ever take this away, but a start does.
+    const QString Resto = Note + u".~vecchia.mdb.tmp"_s;
+    ScriviFile(Resto, "a meta'");
+
     QRandomGenerator Caso(Seme());
     const int Volte = UccisioniChieste() > 0 ? std::max(2, UccisioniChieste() / 10) : 2;
     int Scritte = 0;
@@ -81,6 +85,7 @@ void TestUccisioniFinestra::mentreSiScrive()
             Chi.Con(u"QT_QPA_GENERIC_PLUGINS"_s, u"pilota"_s);
             Chi.Con(u"CALCANOVA_PILOTA"_s, Conto);
             Chi.Con(u"TMPDIR"_s, CartellaDiProva());
+            Chi.Con(u"XDG_RUNTIME_DIR"_s, Casa + u"nessuna/sessione"_s);
             Chi.Avvia(ProgrammaDiProva() + u"calcanova"_s, {u"PV2|E|"_s + File});
             QVERIFY2(
                 QTest::qWaitFor(
@@ -91,7 +96,10 @@ void TestUccisioniFinestra::mentreSiScrive()
             QTest::qWait(Caso.bounded(AlPiuMs));
             QVERIFY2(Chi.Vive(), Chi.Detto().constData());
             Chi.Uccidi();
+            // Of a session without a run-time folder, of an old lock, of an offscreen display: nobody asked.
+            QCOMPARE(Chi.Detto(), QByteArray());
         }
+        QVERIFY2(!EsisteFile(Resto), "the start has swept");
         // What was said to be saved is there, or something younger; nothing else ever was.
         const QList<QByteArray> Detti = LeggiFile(Conto).trimmed().split(' ');
         const int Scritto = Detti.value(0).toInt();

@@ -3,12 +3,14 @@
 #include "core/app/avvio.h"
 #include "core/app/programma.h"
 #include "platform/kit/servizi_qt.h"
+#include "platform/system/diagnosi.h"
 #include "platform/system/shell.h"
 
 #include <QTimer>
 
 int main(int argc, char** argv)
 {
+    TaciAiProgrammatori();
     Applicazione Programma(argc, argv);
     PreparaProgramma();
     QTimer::singleShot(0, &Programma, [] {

@@ -3,6 +3,7 @@
 #include "platform/kit/icona.h"
 #include "platform/kit/listaaccessibile.h"
 #include "platform/kit/traduzioni.h"
+#include "platform/system/diagnosi.h"
 
 #include <QApplication>
 #include <QFont>
@@ -38,8 +39,9 @@ void PreparaCarattere()
         QApplication::setFont(QFont(u"DejaVu Sans"_s, CorpoPunti));
     // Families have names even where no font is installed. No window could say it.
     if (!QRawFont::fromFont(QApplication::font()).supportsCharacter(u'a'))
-        qWarning("Nessun carattere installato: le finestre restano senza testo. Installare per esempio i "
-                 "caratteri DejaVu e Liberation.");
+        qCWarning(Diario,
+                  "Nessun carattere installato: le finestre restano senza testo. Installare per esempio i "
+                  "caratteri DejaVu e Liberation.");
 }
 
 void PreparaLingua()

@@ -1,6 +1,7 @@
 #include "platform/kit/collega.h"
 
 #include "platform/base/errore.h"
+#include "platform/system/diagnosi.h"
 
 #include <QDebug>
 
@@ -29,9 +30,9 @@ void RiportaEccezione() noexcept
         if (const auto Rete = UltimaRete())
             Rete(Guasto);
         else
-            qCritical().noquote() << u"Errore:"_s << Guasto.Descrizione << Guasto.Numero;
+            qCCritical(Diario).noquote() << u"Errore:"_s << Guasto.Descrizione << Guasto.Numero;
     } catch (...) {
         // The report itself failed: there is nobody left to tell.
-        qCritical("Errore nella segnalazione di un errore");
+        qCCritical(Diario, "Errore nella segnalazione di un errore");
     }
 }
