@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QHash>
 #include <QScopedValueRollback>
 #include <QtEndian>
 
@@ -43,6 +44,28 @@ QString Programma(const QString& Righe)
     Scrivi(File, "#!/bin/sh\n" + Righe.toUtf8());
     QFile::setPermissions(File, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     return File;
+}
+
+/// What the system says of the processes that the programs started here have started.
+QByteArrayList StatiDeiNipoti()
+{
+    QHash<QByteArray, QByteArray> Padri;
+    QHash<QByteArray, QByteArray> Stati;
+    for (const QString& Numero : QDir(u"/proc"_s).entryList({u"[0-9]*"_s}, QDir::Dirs)) {
+        QFile File(u"/proc/%1/status"_s.arg(Numero));
+        if (!File.open(QIODevice::ReadOnly))
+            continue;
+        const QByteArray Stato = File.readAll();
+        const qsizetype Riga = Stato.indexOf("\nPPid:\t");
+        Padri[Numero.toLatin1()] = Stato.sliced(Riga + 7, Stato.indexOf('\n', Riga + 1) - Riga - 7);
+        Stati[Numero.toLatin1()] = Stato;
+    }
+    const QByteArray Mio = QByteArray::number(QCoreApplication::applicationPid());
+    QByteArrayList Trovati;
+    for (auto Voce = Padri.cbegin(); Voce != Padri.cend(); ++Voce)
+        if (Padri.value(Voce.value()) == Mio)
+            Trovati.append(Stati.value(Voce.key()));
+    return Trovati;
 }
 
 }  // namespace
@@ -357,6 +380,37 @@ private Q_SLOTS:
                     .has_value());
         QVERIFY(std::ranges::is_sorted(Contate));
         QVERIFY2(Contate.last() >= 2000, qPrintable(QString::number(Contate.last())));
+    }
+
+    /// Whoever reads rows has the files that he needs open, and no way to any other.
+    void chiLeggeHaLePorteChiuse()
+    {
+#if !defined(__SANITIZE_ADDRESS__) && (defined(__x86_64__) || defined(__aarch64__))
+        TabellaScritta Tabella{.Nome = u"T"_s, .Colonne = {
+                                   {.Nome = u"N"_s, .Tipo = tipoaccess::Lungo},
+                                   {.Nome = u"A"_s }
+                               }};
+        for (int i = 0; i < 30000; ++i)
+            Tabella.Righe.append(RigaScritta{i, u"una riga"_s});
+        ScriviAccess(Da, {.Tabelle = { Tabella }});
+        int Visti = 0;
+        int Chiusi = 0;
+        QVERIFY(ConvertiAccess(Da, A,
+                               {.Prosegui =
+                                    [&](qint64 Righe) {
+                                        for (const QByteArray& Stato :
+                                             Righe > 0 ? StatiDeiNipoti() : QByteArrayList()) {
+                                            ++Visti;
+                                            Chiusi += int(Stato.contains("\nSeccomp:\t2\n"));
+                                        }
+                                        return true;
+                                    }})
+                    .has_value());
+        QVERIFY(Visti > 0);
+        QCOMPARE(Chiusi, Visti);
+#else
+        QSKIP("no filter on this machine, or under the sanitizers");
+#endif
     }
 
     /// Requests that are none are answered, and the next one is served.
