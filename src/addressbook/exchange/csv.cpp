@@ -12,9 +12,12 @@ namespace {
 
 constexpr std::array Separatori{QChar(u';'), QChar(u'\t'), QChar(u',')};
 
+/// The signs that spreadsheets begin a formula with, in their wide forms too, and the blanks that some pass
+/// over before.
 bool AvviaFormula(QChar C)
 {
-    return C == u'=' || C == u'+' || C == u'-' || C == u'@' || C == u'\t' || C == u'\r';
+    constexpr QStringView Segni = u"=+-@\t\r\n\uFF1D\uFF0B\uFF0D\uFF20";
+    return Segni.contains(C);
 }
 
 /// True for a text that a spreadsheet might run: a sign of formulas behind any number of apostrophes.

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void laSceltaVincePiuDelRiconoscimento();
     void comeLoApreUnFoglio();
     void andataERitorno();
+    void nessunaFormula();
     void siRifiuta_data();
     void siRifiuta();
 };
@@ -140,6 +141,17 @@ void TestCsv::comeLoApreUnFoglio()
     QCOMPARE(
         ScriviCsv({{u"Nome"_s, u"Città"_s}, {u"=1+1"_s, u"a;b \"c\"\nd"_s}, {u"+39 0583"_s, u" x"_s}}),
         QByteArray("\xEF\xBB\xBFNome;Citt\xC3\xA0\r\n'=1+1;\"a;b \"\"c\"\"\nd\"\r\n'+39 0583;\" x\"\r\n"));
+}
+
+/// No text that a client's name may hold is run by the spreadsheet that opens the file.
+void TestCsv::nessunaFormula()
+{
+    for (const QChar Segno : u"=+-@\t\r\n\uFF1D\uFF0B\uFF0D\uFF20"_s) {
+        const QString Cella = CellaCsv(Segno + u"cmd|'/C calc'!A0"_s);
+        QVERIFY2(Cella.startsWith(u'\'') || Cella.startsWith(u"\"'"), qPrintable(Cella));
+        QCOMPARE(LeggiCsv(ScriviCsv({{Segno + u"x"_s, u"y"_s}})).Righe, (Tabella{{Segno + u"x"_s, u"y"_s}}));
+    }
+    QCOMPARE(CellaCsv(u"Rossi - Bianchi"_s), u"Rossi - Bianchi"_s);
 }
 
 /// Whatever stands in the cells comes back, signs of formulas and apostrophes too.
