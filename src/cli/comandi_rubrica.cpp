@@ -4,7 +4,7 @@
 #include "addressbook/elencorubrica.h"
 #include "addressbook/exchange/esporta.h"
 #include "core/sessione.h"
-#include "platform/system/privato.h"
+#include "platform/system/file.h"
 
 #include <QJsonArray>
 
@@ -32,7 +32,8 @@ Risposta ComandoRubrica(const QStringList& Valori)
 Risposta ComandoEsporta(const QStringList& Valori, const QString& File, bool InSchede)
 {
     const Recordset Righe = RigheRubrica(sessione::ArchivioCliCon, Valori[0], Valori.value(1));
-    ScriviFilePrivato(File, EsportaNominativi(Righe, InSchede ? FormatoEsporta::Vcard : FormatoEsporta::Csv));
+    ScriviFile(File, EsportaNominativi(Righe, InSchede ? FormatoEsporta::Vcard : FormatoEsporta::Csv),
+               Lettori::SoloUtente);
     const int Quanti = Righe.RecordCount();
     return {QString::number(Quanti), {{u"esportati"_s, Quanti}, {u"file"_s, File}}, false};
 }

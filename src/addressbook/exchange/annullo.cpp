@@ -4,12 +4,13 @@
 #include "platform/base/errore.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
-#include "platform/system/privato.h"
 #include "platform/system/sincrono.h"
 
 #include <QCryptographicHash>
 #include <QJsonDocument>
 #include <QJsonObject>
+
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -59,7 +60,7 @@ QJsonObject Registro(const QString& Archivio)
 
 CopiaDiPrima::CopiaDiPrima(const QString& DiArchivio) : Archivio(DiArchivio)
 {
-    CopiaFilePrivato(Archivio, CopiaNuovaDi(Archivio));
+    CopiaFile(Archivio, CopiaNuovaDi(Archivio), std::numeric_limits<qint64>::max(), {}, Lettori::SoloUtente);
 }
 
 CopiaDiPrima::~CopiaDiPrima()
@@ -80,7 +81,7 @@ QString CopiaDiPrima::Tieni(const ImportazioneFatta& Fatta)
                             {u"completati"_s, Fatta.Completati},
                             {u"dopo"_s, ImprontaDi(Archivio)},
                             {u"prima"_s, ImprontaDi(CopiaDi(Archivio))}};
-    ScriviFilePrivato(RegistroDi(Archivio), QJsonDocument(Detto).toJson());
+    ScriviFile(RegistroDi(Archivio), QJsonDocument(Detto).toJson(), Lettori::SoloUtente);
     return CopiaDi(Archivio);
 }
 
@@ -109,7 +110,7 @@ void AnnullaImportazione(const QString& Archivio)
     if (ImprontaDi(Copia) != Detto[u"prima"_s].toString())
         RifiutaFile(u"La copia dell'archivio \"%1\" è cambiata o rovinata: l'importazione non si può "
                     "annullare e l'archivio resta com'è."_s.arg(Copia));
-    CopiaPermessi(Archivio, Copia);
+    DaiPermessi(Copia, Archivio, Lettori::Tutti);
     ScriviSulDisco(Copia);
     SostituisciFile(Copia, Archivio);
     ScartaFile(RegistroDi(Archivio));

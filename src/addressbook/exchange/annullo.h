@@ -22,14 +22,14 @@ struct ImportazioneFatta
 class CopiaDiPrima
 {
 public:
-    /// @throws Errore as CopiaFilePrivato
+    /// @throws Errore as CopiaFile
     explicit CopiaDiPrima(const QString& DiArchivio);
     ~CopiaDiPrima();
     CopiaDiPrima(const CopiaDiPrima&) = delete;
     CopiaDiPrima& operator=(const CopiaDiPrima&) = delete;
 
     /// The archive is written: from now on AnnullaImportazione can put the copy back.
-    /// @return the copy's path @throws Errore as ScriviFilePrivato; the copy is kept in any case
+    /// @return the copy's path @throws Errore as ScriviFile; the copy is kept in any case
     QString Tieni(const ImportazioneFatta& Fatta);
 
 private:

@@ -65,7 +65,7 @@ public:
     /// @param Sorgente name of the file, as it is told later
     /// @return false when it was stopped: the archive is as it was
     /// @throws Errore NumeroFileRifiutato when another program has written meanwhile, as Database::Execute
-    /// and CopiaFilePrivato; the archive is as it was
+    /// and CopiaFile; the archive is as it was
     [[nodiscard]] bool Scrivi(const QString& Sorgente, const Avanzamento& Prosegui = {});
 
     /// The report of a finished import, or of a count, line by line.

@@ -20,7 +20,6 @@
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
-#include "platform/system/privato.h"
 #include "platform/system/shell.h"
 
 #include "addressbook/windows/ui_frmImporta.h"
@@ -410,7 +409,7 @@ void frmImporta::cmdSalvaResoconto_Click()
         (EsisteFile(Scelta) && MsgBox(u"Il file "_s + NomeFile(Scelta) + u" esiste già: si vuole sostituirlo?"_s,
                                       vbYesNo | vbQuestion, TitoloDomanda.toString()) != vbYes))
         return;
-    Protetta([&] { ScriviFilePrivato(Scelta, Resoconto.toUtf8()); });
+    Protetta([&] { ScriviFile(Scelta, Resoconto.toUtf8(), Lettori::SoloUtente); });
 }
 
 void frmImporta::cmdAnnullaImporta_Click()

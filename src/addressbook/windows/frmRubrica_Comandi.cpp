@@ -14,7 +14,6 @@
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
-#include "platform/system/privato.h"
 #include "platform/system/shell.h"
 
 #include "addressbook/windows/ui_frmRubrica.h"
@@ -228,7 +227,7 @@ void frmRubrica::Esporta()
         return;
     {
         const ClessidraAccesa Attesa;
-        ScriviFilePrivato(File, EsportaNominativi(Righe, FormatoDi(File), Scelte));
+        ScriviFile(File, EsportaNominativi(Righe, FormatoDi(File), Scelte), Lettori::SoloUtente);
     }
     const int Quanti = Scelte.isEmpty() ? Righe.RecordCount() : int(Scelte.size());
     MsgBox(

@@ -167,7 +167,7 @@ void AggiornaCopia(const Parcella& Nota, int Posto)
     PrendiBloccoProprio();
     const QJsonObject Dati{
         {u"Percorso"_s, Nota.Percorso}, {u"Nome"_s, Nota.Nome}, {u"Ricalcolo"_s, Nota.RicalcoloNecessario}};
-    ScriviFile(Radice(Posto) + TipoLato, QJsonDocument(Dati).toJson());
+    ScriviFile(Radice(Posto) + TipoLato, QJsonDocument(Dati).toJson(), Lettori::SoloUtente);
     ScriviNota(Radice(Posto) + TipoCopia, Nota, false, Lettori::SoloUtente);
 }
 

@@ -27,6 +27,7 @@ constexpr std::array Descrizioni{
     Voce{errori::NomeNonValido, u"Nome di file non valido"},
     Voce{errori::FileMancante, u"File non trovato"},
     Voce{errori::FileInUso, u"File già in uso"},
+    Voce{errori::Periferica, u"Errore di lettura o scrittura del disco"},
     Voce{errori::DiscoPieno, u"Disco pieno"},
     Voce{errori::Autorizzazione, u"Autorizzazione negata"},
     Voce{errori::Accesso, u"Errore di accesso al percorso o al file"},

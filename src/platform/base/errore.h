@@ -18,6 +18,7 @@ inline constexpr int NessunProgramma = 31;
 inline constexpr int NomeNonValido = 52;
 inline constexpr int FileMancante = 53;
 inline constexpr int FileInUso = 55;
+inline constexpr int Periferica = 57;
 inline constexpr int DiscoPieno = 61;
 inline constexpr int Autorizzazione = 70;
 inline constexpr int Accesso = 75;

@@ -2,16 +2,17 @@
 
 #include "platform/base/errore.h"
 #include "platform/base/paginacodice.h"
+#include "platform/system/codici.h"
+#include "platform/system/fileaccanto.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/sincrono.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QTemporaryFile>
-#include <QUuid>
 
 #include <filesystem>
 
@@ -38,16 +39,6 @@ QString CartellaDi(const QString& File)
 bool HaSoloLettura(const QFileInfo& Info)
 {
     return Info.exists() && !Info.permission(QFile::WriteOwner);
-}
-
-/// Whether the disk of a folder lacks the room. The file system is asked, not the table of mounts, which
-/// knows nothing of a changed root; no answer is no full disk.
-bool DiscoPieno(const QString& Cartella, qint64 Byte)
-{
-    std::error_code Esito;
-    const std::filesystem::space_info Spazio =
-        std::filesystem::space(QFileInfo(Cartella).filesystemFilePath(), Esito);
-    return !Esito && Spazio.available < std::uintmax_t(Byte);
 }
 
 /// The deepest folder of the path that is there already.
@@ -244,26 +235,23 @@ QByteArray LeggiRisorsa(const QString& Nome)
     return Risorsa.readAll();
 }
 
-void ScriviFile(const QString& Percorso, const QByteArray& Contenuto)
+void ScriviFile(const QString& Percorso, const QByteArray& Contenuto, Lettori Chi)
 {
-    const QString Nativo = PercorsoNativo(Percorso);
+    const QString Nativo = FileVero(Percorso);
     const QString Cartella = CartellaDi(Nativo);
     if (!EsisteCartella(Cartella))
         throw Errore(errori::PercorsoMancante);
-    // The rename would replace a read-only file, so the attribute is asked first.
-    if (EsisteCartella(Nativo) || SolaLettura(Nativo) || !CartellaScrivibile(Cartella))
+    // The rename would replace a read-only file, so the attribute is asked first; a pipe or a device is no
+    // file.
+    const QFileInfo Presente(Nativo);
+    if (Nativo.isEmpty() || (Presente.exists() && !Presente.isFile()) || HaSoloLettura(Presente) ||
+        !CartellaScrivibile(Cartella))
         throw Errore(errori::Accesso);
     if (guasti::LimiteFile > 0 && Contenuto.size() > guasti::LimiteFile)
         throw Errore(errori::DiscoPieno);
-    QSaveFile File(Nativo);
-    if (!File.open(QIODevice::WriteOnly))
-        throw Errore(errori::Accesso);
-    // A failure is judged while the incomplete copy still takes its room.
-    if (File.write(Contenuto) != Contenuto.size() || !File.flush()) {
-        throw Errore(DiscoPieno(Cartella, Contenuto.size()) ? 61 : 75);
-    }
-    if (!File.commit())
-        throw Errore(errori::Accesso);
+    FileAccanto Nuovo(Nativo, Chi);
+    Nuovo.Scrivi(Contenuto);
+    Nuovo.Posa();
 }
 
 bool CreaFile(const QString& Percorso, const QByteArray& Contenuto)
@@ -271,42 +259,32 @@ bool CreaFile(const QString& Percorso, const QByteArray& Contenuto)
     const QString Nativo = PercorsoNativo(Percorso);
     if (QFileInfo::exists(Nativo))
         return false;
-    const QString Provvisorio = Nativo + u'.' + QUuid::createUuid().toString(QUuid::Id128);
-    ScriviFile(Provvisorio, Contenuto);
-    // A second name is refused where a file has come up meanwhile; a move would fall back to overwriting it.
-    std::error_code Esito;
-    std::filesystem::create_hard_link(QFileInfo(Provvisorio).filesystemFilePath(),
-                                      QFileInfo(Nativo).filesystemFilePath(), Esito);
-    // On a medium that knows no second names the look from before must do.
-    if (Esito && Esito != std::errc::file_exists) {
-        SostituisciFile(Provvisorio, Nativo);
-        return true;
-    }
-    QFile::remove(Provvisorio);
-    return !Esito;
+    FileAccanto Nuovo(Nativo, Lettori::Tutti);
+    Nuovo.Scrivi(Contenuto);
+    return Nuovo.PosaSeLibero();
 }
 
 bool CopiaFile(const QString& Da, const QString& A, qint64 MassimoByte,
-               const std::function<bool(qint64)>& Prosegui)
+               const std::function<bool(qint64)>& Prosegui, Lettori Chi)
 {
-    QFile Copia(PercorsoNativo(A));
-    QFile::remove(Copia.fileName());
-    if (!Copia.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+    const QString Nativo = FileVero(A);
+    if (!CartellaScrivibile(CartellaDi(Nativo)))
         throw Errore(errori::Accesso);
+    FileAccanto Copia(Nativo, Chi);
     qint64 Copiati = 0;
     bool Intera = true;
     LeggiAPezzi(Da, [&](QByteArrayView Pezzo) {
         Copiati += Pezzo.size();
         if (Copiati > MassimoByte)
             throw Errore(errori::Memoria);
-        if ((guasti::LimiteFile > 0 && Copiati > guasti::LimiteFile) ||
-            Copia.write(Pezzo.data(), Pezzo.size()) != Pezzo.size())
+        if (guasti::LimiteFile > 0 && Copiati > guasti::LimiteFile)
             throw Errore(errori::DiscoPieno);
+        Copia.Scrivi(Pezzo);
         Intera = !Prosegui || Prosegui(Copiati);
         return Intera;
     });
-    if (!Copia.flush())
-        throw Errore(errori::DiscoPieno);
+    if (Intera)
+        Copia.Posa();
     return Intera;
 }
 
@@ -341,5 +319,6 @@ void SostituisciFile(const QString& Nuovo, const QString& Vecchio)
     std::filesystem::rename(QFileInfo(PercorsoNativo(Nuovo)).filesystemFilePath(),
                             QFileInfo(PercorsoNativo(Vecchio)).filesystemFilePath(), Esito);
     if (Esito)
-        throw Errore(errori::Accesso);
+        throw ErroreDelSistema(Esito.value());
+    SincronizzaCartellaDi(Vecchio);
 }

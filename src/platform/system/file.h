@@ -3,6 +3,8 @@
 // Paths may have both separators, as everywhere (platform/system/percorsi.h).
 #pragma once
 
+#include "platform/system/permessi.h"
+
 #include <QByteArrayView>
 #include <QDateTime>
 #include <QString>
@@ -66,20 +68,22 @@ void LeggiAPezzi(const QString& Percorso, const std::function<bool(QByteArrayVie
 /// What is built into the program under a name like ":/dati/aliquote.csv". @throws Errore 53 there is none
 [[nodiscard]] QByteArray LeggiRisorsa(const QString& Nome);
 
-/// Writes the whole file through a temporary one and a rename: the former file stays until the new one
-/// is complete. @throws Errore 75 refused, 76 no folder, 61 disk full
-void ScriviFile(const QString& Percorso, const QByteArray& Contenuto);
+/// Writes the whole file beside its place and puts it there in one step (see FileAccanto): the former file
+/// stays until the new one is on the disk. A link stays a link. @param Chi may read it
+/// @throws Errore 75 refused, 76 no folder, 61 no room, 57 the disk
+/// fails
+void ScriviFile(const QString& Percorso, const QByteArray& Contenuto, Lettori Chi = Lettori::Tutti);
 
 /// Writes a file that is not there yet. One that somebody else puts there meanwhile stays.
 /// @return false when something of this very name is there. @throws Errore as ScriviFile
 bool CreaFile(const QString& Percorso, const QByteArray& Contenuto);
 
-/// Copies a file piece by piece into a new one; one that is there goes first. `Prosegui` is asked after each
-/// piece, and a copy that it stops stays incomplete, as one that fails does.
-/// @return false when it was stopped. @throws Errore 53, 75, 61 as reading and writing, 7 beyond
+/// Copies a file piece by piece beside the place that it then takes. `Prosegui` is asked after each piece; a
+/// copy that it stops, as one that fails, leaves what was there.
+/// @return false when it was stopped. @throws Errore 53, 75, 57, 61 as reading and writing, 7 beyond
 /// `MassimoByte`
 bool CopiaFile(const QString& Da, const QString& A, qint64 MassimoByte,
-               const std::function<bool(qint64 Copiati)>& Prosegui = {});
+               const std::function<bool(qint64 Copiati)>& Prosegui = {}, Lettori Chi = Lettori::Tutti);
 
 /// Time of the last change; null where no file is.
 [[nodiscard]] QDateTime DataFile(const QString& Percorso);
@@ -90,6 +94,8 @@ void ImpostaDataFile(const QString& Percorso, const QDateTime& Quando);
 /// @throws Errore 75 when it cannot be made
 void CreaCartellaPrivata(const QString& Percorso);
 
-/// Puts a finished file in the place of another in one step, on the same disk; the other one is gone then.
-/// @throws Errore 53 no such file, 75 refused; both files are then as before
+/// Puts a finished file in the place of another in one step, on the same disk, and waits until the folder
+/// holds the name; the other one is gone then.
+/// @throws Errore 53 no such file, 75 refused, 61 no room: both files are then as before; 57 the disk fails,
+/// at the very end perhaps
 void SostituisciFile(const QString& Nuovo, const QString& Vecchio);

@@ -1,16 +1,22 @@
 #include "platform/system/sincrono.h"
 
 #include "platform/base/errore.h"
+#include "platform/system/codici.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 
 #include <QFile>
 
+#include <cerrno>
+
 #ifdef Q_OS_WIN
 #include <io.h>
 #else
+#include <fcntl.h>
 #include <unistd.h>
 #endif
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -19,7 +25,10 @@ bool Sincronizza(int Descrittore)
 #ifdef Q_OS_WIN
     return _commit(Descrittore) == 0;
 #else
-    return fsync(Descrittore) == 0;
+    int Esito = fsync(Descrittore);
+    while (Esito != 0 && errno == EINTR)
+        Esito = fsync(Descrittore);
+    return Esito == 0;
 #endif
 }
 
@@ -30,7 +39,28 @@ void ScriviSulDisco(const QString& File)
     QFile Aperto(PercorsoNativo(File));
     if (!Aperto.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
         throw Errore(errori::Accesso);
-    const bool Rifiutato = guasti::PrimaDelDisco && !guasti::PrimaDelDisco(File);
-    if (Rifiutato || !Sincronizza(Aperto.handle()))
+    if (guasti::PrimaDelDisco && !guasti::PrimaDelDisco(File))
         throw Errore(errori::DiscoPieno);
+    if (!Sincronizza(Aperto.handle()))
+        throw ErroreDelSistema(errno);
+}
+
+void SincronizzaCartellaDi(const QString& File)
+{
+#ifndef Q_OS_WIN
+    const QString Percorso = CartellaFile(PercorsoNativo(File));
+    const QByteArray Nome = Percorso.isEmpty() ? "."_ba : QFile::encodeName(Percorso);
+    const int Cartella = ::open(Nome.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    // A folder that may be written but not read cannot be waited for.
+    if (Cartella < 0 && errno != EIO && errno != ENOSPC)
+        return;
+    const bool Fatto = Cartella >= 0 && Sincronizza(Cartella);
+    const int Codice = errno;
+    if (Cartella >= 0)
+        ::close(Cartella);
+    if (!Fatto && (Codice == EIO || Codice == ENOSPC || Codice == EDQUOT))
+        throw ErroreDelSistema(Codice);
+#else
+    Q_UNUSED(File)
+#endif
 }

@@ -14,6 +14,7 @@
 #include <atomic>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
 
@@ -53,6 +54,12 @@ private Q_SLOTS:
     void scritturaRifiutata();
     void discoPienoLasciaIlVecchio();
     void scritturaInterrottaLasciaIlVecchio();
+    void scriveDietroUnCollegamento();
+    void scriveConIPermessiDiPrima_data();
+    void scriveConIPermessiDiPrima();
+    void scrittoPerIlSoloUtente();
+    void quelCheUnaCadutaHaLasciato();
+    void cioCheNonEUnFile();
     void creaSoloQuelCheManca();
     void creaUnoSoloFraMolti();
 };
@@ -392,6 +399,85 @@ void TestFile::scritturaInterrottaLasciaIlVecchio()
     }
 }
 
+void TestFile::scriveDietroUnCollegamento()
+{
+    const QString Cartella = NuovaCartella();
+    const QString Altrove = NuovaCartella();
+    ScriviFile(Altrove + u"vero"_s, "vecchio");
+    QVERIFY(QFile::link(Altrove + u"vero"_s, Cartella + u"legato"_s));
+    QVERIFY(QFile::link(Cartella + u"legato"_s, Cartella + u"doppio"_s));
+    ScriviFile(Cartella + u"doppio"_s, "nuovo");
+    QVERIFY(QFileInfo(Cartella + u"doppio"_s).isSymLink() && QFileInfo(Cartella + u"legato"_s).isSymLink());
+    QCOMPARE(LeggiFile(Altrove + u"vero"_s), QByteArray("nuovo"));
+    // A link that leads to no file yet.
+    QVERIFY(QFile::link(Altrove + u"poi"_s, Cartella + u"futuro"_s));
+    ScriviFile(Cartella + u"futuro"_s, "primo");
+    QVERIFY(QFileInfo(Cartella + u"futuro"_s).isSymLink());
+    QCOMPARE(LeggiFile(Altrove + u"poi"_s), QByteArray("primo"));
+    QCOMPARE(ContenutoDi(Altrove), QStringList({u"poi"_s, u"vero"_s}));
+}
+
+void TestFile::scriveConIPermessiDiPrima_data()
+{
+    QTest::addColumn<QFile::Permissions>("Suoi");
+    QTest::newRow("of the user alone")
+        << QFile::Permissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser);
+    QTest::newRow("of everybody") << QFile::Permissions(
+        QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser | QFile::ReadGroup |
+        QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther);
+}
+
+void TestFile::scriveConIPermessiDiPrima()
+{
+    QFETCH(QFile::Permissions, Suoi);
+    const QString File = NuovaCartella() + u"nota.htm"_s;
+    ScriviFile(File, "vecchio");
+    QVERIFY(QFile::setPermissions(File, Suoi));
+    ScriviFile(File, "nuovo");
+    QCOMPARE(QFile::permissions(File), Suoi);
+    CopiaFile(File, File + u"2"_s, 100);
+    QVERIFY(QFile::setPermissions(File + u"2"_s, Suoi));
+    CopiaFile(File, File + u"2"_s, 100);
+    QCOMPARE(QFile::permissions(File + u"2"_s), Suoi);
+}
+
+void TestFile::scrittoPerIlSoloUtente()
+{
+    const QString File = NuovaCartella() + u"segreto"_s;
+    constexpr QFile::Permissions Altri =
+        QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    ScriviFile(File, "x", Lettori::SoloUtente);
+    QVERIFY(!(QFile::permissions(File) & Altri));
+    // Whatever it was before.
+    QFile::setPermissions(File, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther);
+    ScriviFile(File, "y", Lettori::SoloUtente);
+    QVERIFY(!(QFile::permissions(File) & Altri));
+}
+
+void TestFile::quelCheUnaCadutaHaLasciato()
+{
+    const QString Cartella = NuovaCartella();
+    Crea(Cartella + u".~nota.htm.tmp"_s, "a meta'");
+    ScriviFile(Cartella + u"nota.htm"_s, "intero");
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"nota.htm"_s});
+    QCOMPARE(LeggiFile(Cartella + u"nota.htm"_s), QByteArray("intero"));
+    // A name that fills what a disk takes leaves no room for another one beside it.
+    const QString Lungo = Cartella + QString(255, u'x');
+    Crea(Lungo);
+    ScriviFile(Lungo, "intero");
+    QCOMPARE(LeggiFile(Lungo), QByteArray("intero"));
+    QCOMPARE(ContenutoDi(Cartella).size(), 2);
+}
+
+void TestFile::cioCheNonEUnFile()
+{
+    QCOMPARE(NumeroErrore([] { ScriviFile(u"/dev/full"_s, "x"); }), 75);
+    QVERIFY(QFileInfo::exists(u"/dev/full"_s));
+    const QString Tubo = NuovaCartella() + u"tubo"_s;
+    QCOMPARE(::mkfifo(QFile::encodeName(Tubo).constData(), 0600), 0);
+    QCOMPARE(NumeroErrore([&] { ScriviFile(Tubo, "x"); }), 75);
+}
+
 void TestFile::creaSoloQuelCheManca()
 {
     const QString Cartella = NuovaCartella();
@@ -467,8 +553,10 @@ void TestFile::copiaFermata()
     const QString Da = NuovaCartella() + u"da"_s;
     const QString A = NuovaCartella() + u"a"_s;
     ScriviFile(Da, QByteArray(300000, 'x'));
+    Crea(A, "vecchio");
     QVERIFY(!CopiaFile(Da, A, 1 << 20, [](qint64) { return false; }));
-    QVERIFY(QFileInfo(A).size() < 300000);
+    QCOMPARE(LeggiFile(A), QByteArray("vecchio"));
+    QCOMPARE(ContenutoDi(CartellaFile(A)), QStringList{u"a"_s});
 }
 
 void TestFile::copiaFallita()

@@ -1,0 +1,225 @@
+#include "platform/system/fileaccanto.h"
+
+#include "platform/base/errore.h"
+#include "platform/system/codici.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/sincrono.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QFileInfo>
+
+#ifdef Q_OS_WIN
+#include <QSaveFile>
+#else
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+using namespace Qt::StringLiterals;
+
+#ifdef Q_OS_WIN
+
+struct FileAccanto::Interno
+{
+    QString Finale;
+    QSaveFile File;
+};
+
+FileAccanto::FileAccanto(const QString& Finale, Lettori) : Dati(std::make_unique<Interno>())
+{
+    Dati->Finale = Finale;
+    Dati->File.setFileName(Finale);
+    if (!Dati->File.open(QIODevice::WriteOnly))
+        throw Errore(errori::Accesso);
+}
+
+FileAccanto::~FileAccanto() = default;
+
+void FileAccanto::Scrivi(QByteArrayView Byte)
+{
+    if (Dati->File.write(Byte.data(), Byte.size()) != Byte.size() || !Dati->File.flush())
+        throw Errore(errori::DiscoPieno);
+}
+
+void FileAccanto::Posa()
+{
+    if (!Dati->File.commit())
+        throw Errore(errori::Accesso);
+}
+
+bool FileAccanto::PosaSeLibero()
+{
+    if (QFileInfo::exists(Dati->Finale))
+        return false;
+    Posa();
+    return true;
+}
+
+#else
+
+namespace {
+
+constexpr int Nessuno = -1;
+
+/// Calls again what a signal has broken off.
+template <class F>
+auto Riprova(F&& Chiama)
+{
+    auto Esito = Chiama();
+    while (Esito < 0 && errno == EINTR)
+        Esito = Chiama();
+    return Esito;
+}
+
+void Pretendi(int Esito)
+{
+    if (Esito < 0)
+        throw ErroreDelSistema(errno);
+}
+
+/// The name of the file for the moment in which it has one that is not its own.
+QByteArray NomeAccanto(const QString& Finale)
+{
+    constexpr qsizetype MassimoNome = 255;
+    const QString Nome = u".~"_s + NomeFile(Finale) + u".tmp"_s;
+    if (ByteDelNome(Nome) <= MassimoNome)
+        return QFile::encodeName(CartellaFile(Finale) + Nome);
+    const QByteArray Sigla = QCryptographicHash::hash(Finale.toUtf8(), QCryptographicHash::Md5).toHex();
+    return QFile::encodeName(CartellaFile(Finale) + u".~"_s) + Sigla + ".tmp";
+}
+
+}  // namespace
+
+struct FileAccanto::Interno
+{
+    QByteArray Finale;
+    QByteArray Accanto;
+    int File = Nessuno;
+    bool ConNome = false;  ///< it stands in the folder as `Accanto`
+
+    void Apri(Lettori Chi);
+    /// By which the system finds it while it is open.
+    [[nodiscard]] QByteArray Percorso() const
+    {
+        return ConNome ? Accanto : "/proc/self/fd/" + QByteArray::number(File);
+    }
+    [[nodiscard]] int DaiNome(const QByteArray& Nome) const;
+    void Chiudi();
+};
+
+void FileAccanto::Interno::Apri(Lettori Chi)
+{
+    // What gets other permissions is nobody else's file before it has them.
+    constexpr mode_t DiTutti = 0666;
+    constexpr mode_t Privato = 0600;
+    const bool Solito = Chi == Lettori::Tutti && ::access(Finale.constData(), F_OK) != 0;
+    const mode_t Permessi = Solito ? DiTutti : Privato;
+#ifdef O_TMPFILE
+    // Such a file gets its name through the process's own list of files.
+    if (::access("/proc/self/fd", X_OK) == 0) {
+        const qsizetype Fine = Finale.lastIndexOf('/');
+        const QByteArray Cartella = Fine < 0 ? "."_ba : Finale.first(Fine + 1);
+        File =
+            Riprova([&] { return ::open(Cartella.constData(), O_TMPFILE | O_WRONLY | O_CLOEXEC, Permessi); });
+        if (File >= 0)
+            return;
+        if (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL)
+            throw ErroreDelSistema(errno);
+    }
+#endif
+    const auto Crea = [&] {
+        return Riprova(
+            [&] { return ::open(Accanto.constData(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, Permessi); });
+    };
+    File = Crea();
+    if (File < 0 && errno == EEXIST &&
+        ::unlink(Accanto.constData()) == 0)  // left by a program that was killed
+        File = Crea();
+    Pretendi(File);
+    ConNome = true;
+}
+
+/// Gives the file a name that is free. @return as the system's call
+int FileAccanto::Interno::DaiNome(const QByteArray& Nome) const
+{
+    if (ConNome)
+        return ::link(Accanto.constData(), Nome.constData());
+    return ::linkat(AT_FDCWD, Percorso().constData(), AT_FDCWD, Nome.constData(), AT_SYMLINK_FOLLOW);
+}
+
+void FileAccanto::Interno::Chiudi()
+{
+    if (ConNome)
+        ::unlink(Accanto.constData());
+    ConNome = false;
+    if (File >= 0)
+        ::close(File);  // what it held is on the disk, or is given up
+    File = Nessuno;
+}
+
+FileAccanto::FileAccanto(const QString& Finale, Lettori Chi) : Dati(std::make_unique<Interno>())
+{
+    Dati->Finale = QFile::encodeName(Finale);
+    Dati->Accanto = NomeAccanto(Finale);
+    Dati->Apri(Chi);
+    try {
+        DaiPermessi(QFile::decodeName(Dati->Percorso()), Finale, Chi);
+    } catch (...) {
+        Dati->Chiudi();
+        throw;
+    }
+}
+
+FileAccanto::~FileAccanto()
+{
+    Dati->Chiudi();
+}
+
+void FileAccanto::Scrivi(QByteArrayView Byte)
+{
+    while (!Byte.isEmpty()) {
+        const ssize_t Scritti =
+            Riprova([&] { return ::write(Dati->File, Byte.data(), size_t(Byte.size())); });
+        if (Scritti < 0)
+            throw ErroreDelSistema(errno);
+        Byte = Byte.sliced(Scritti);
+    }
+}
+
+void FileAccanto::Posa()
+{
+    Pretendi(Riprova([&] { return ::fsync(Dati->File); }));
+    if (!Dati->ConNome) {
+        int Esito = Dati->DaiNome(Dati->Accanto);
+        if (Esito < 0 && errno == EEXIST && ::unlink(Dati->Accanto.constData()) == 0)
+            Esito = Dati->DaiNome(Dati->Accanto);
+        Pretendi(Esito);
+        Dati->ConNome = true;
+    }
+    Pretendi(::rename(Dati->Accanto.constData(), Dati->Finale.constData()));
+    Dati->ConNome = false;
+    SincronizzaCartellaDi(QFile::decodeName(Dati->Finale));
+}
+
+bool FileAccanto::PosaSeLibero()
+{
+    Pretendi(Riprova([&] { return ::fsync(Dati->File); }));
+    if (Dati->DaiNome(Dati->Finale) < 0) {
+        if (errno == EEXIST)
+            return false;
+        const bool SenzaSecondiNomi = errno == EPERM || errno == EOPNOTSUPP || errno == EMLINK;
+        if (!SenzaSecondiNomi || !Dati->ConNome)
+            throw ErroreDelSistema(errno);
+        // On a medium that knows no second names a look must do.
+        if (::access(Dati->Finale.constData(), F_OK) == 0)
+            return false;
+        Pretendi(::rename(Dati->Accanto.constData(), Dati->Finale.constData()));
+        Dati->ConNome = false;
+    }
+    SincronizzaCartellaDi(QFile::decodeName(Dati->Finale));
+    return true;
+}
+
+#endif

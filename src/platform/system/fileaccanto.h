@@ -1,0 +1,40 @@
+// A file that stands whole on its disk before it takes its place.
+#pragma once
+
+#include "platform/system/permessi.h"
+
+#include <QByteArrayView>
+#include <QString>
+
+#include <memory>
+
+/// The file while it is written, beside the place that it will take. It goes with the object unless it was
+/// put there.
+///
+/// Where the disk knows files without a name it has none until it is whole, so that a program that is killed
+/// leaves nothing; elsewhere, and for the moment between two steps, it is `.~<name>.tmp`, which the next one
+/// takes away.
+class FileAccanto
+{
+public:
+    /// @param Finale path of a file that is no link (see FileVero)
+    /// @param Chi may read it, from its first byte on (see DaiPermessi)
+    /// @throws Errore 61 no room, 75 refused, 76 no folder, 57 the disk fails
+    FileAccanto(const QString& Finale, Lettori Chi);
+    ~FileAccanto();
+    FileAccanto(const FileAccanto&) = delete;
+    FileAccanto& operator=(const FileAccanto&) = delete;
+
+    void Scrivi(QByteArrayView Byte);  ///< @throws Errore as the constructor
+
+    /// Waits for the disk, takes the place in one step, and waits until the folder holds the name.
+    /// @throws Errore as the constructor; the former file stands then, and only where the folder itself
+    /// failed at the very end the new one
+    void Posa();
+    /// The same where nothing stands. @return false when something has come up there, and stays
+    [[nodiscard]] bool PosaSeLibero();
+
+private:
+    struct Interno;
+    std::unique_ptr<Interno> Dati;
+};
