@@ -133,12 +133,20 @@ void PreparaTassi()
 void PrimoUso()
 {
     QStringList Mancate;
+    QString Ultimo;  // what has failed for one reason stands in one line
     for (const PassoPrimoUso& Passo : PassiPrimoUso) {
         try {
             Passo.Fai();
         } catch (...) {
             const Errore Guasto = ErroreCorrente();
-            Mancate << u"- %1: %2 (%3)"_s.arg(Passo.Cosa, Guasto.Descrizione.toLower()).arg(Guasto.Numero);
+            const QString Perche =
+                u": %1%2 (%3)"_s.arg(Guasto.Descrizione.left(1).toLower(), Guasto.Descrizione.mid(1),
+                                     QString::number(Guasto.Numero));
+            if (Perche == Ultimo)
+                Mancate.last().insert(Mancate.last().size() - Perche.size(), u", "_s + Passo.Cosa.toString());
+            else
+                Mancate << u"- "_s + Passo.Cosa.toString() + Perche;
+            Ultimo = Perche;
         }
     }
     if (!Mancate.isEmpty())

@@ -12,12 +12,13 @@
 /// The file of an application's settings, full path; it need not be there yet.
 [[nodiscard]] QString PercorsoImpostazioni(const QString& Applicazione);
 
-/// The stored text, or the default when the key is missing.
+/// The stored text, or the default when the key is missing or the store cannot be read.
 [[nodiscard]] QString GetSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,
                                  const QString& Predefinito = {});
 
-/// Stores a text and syncs it to the disk at once. A damaged file is written whole again, with what could be
-/// read of it. @throws Errore 75 when the store cannot be written
+/// Stores a text; it stands on the disk when this returns. What else the store holds is kept, damaged lines
+/// too.
+/// @throws Errore 75 with file and reason when the store cannot be written
 void SaveSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,
                  const QString& Valore);
 

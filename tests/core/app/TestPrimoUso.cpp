@@ -42,11 +42,10 @@ PROVA(TestPrimoUso);
 namespace {
 
 /// The one message of a first use that could not write.
-QString NonPreparate(const QStringList& Cose)
+QString NonPreparate(const QStringList& Cose, const QString& Perche = DescrizioneErrore(75))
 {
-    QString Testo = u"Non è stato possibile preparare:\n"_s;
-    for (const QString& Cosa : Cose)
-        Testo += u"- %1: %2 (75)\n"_s.arg(Cosa, DescrizioneErrore(75).toLower());
+    const QString Testo = u"Non è stato possibile preparare:\n- %1: %2 (75)\n"_s.arg(
+        Cose.join(u", "), Perche.left(1).toLower() + Perche.mid(1));
     return Testo +
            u"Il programma si apre, ma ciò che vi si salva può andare perduto: verificare i permessi delle cartelle\n"_s +
            CartellaSpeciale(5) + u'\n' + CartellaFile(Scena::FileImpostazioni());
@@ -261,7 +260,8 @@ void TestPrimoUso::impostazioniNonScrivibili()
     QVERIFY(QFile::remove(Scena::FileImpostazioni()));
     QVERIFY(QDir().mkpath(Scena::FileImpostazioni() + u"/x"_s));
     Box.Attendi(NonPreparate({u"la cartella dei dati dell'utente"_s, u"la cartella delle parcelle"_s,
-                              u"l'archivio dei clienti"_s}),
+                              u"l'archivio dei clienti"_s},
+                             Scena::PercheImpostazioni()),
                 vbOK, u"Errore:"_s);
     PrimoUso();
     ImpostaVariabili();

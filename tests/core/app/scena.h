@@ -16,6 +16,7 @@
 #include "core/modIcone.h"
 #include "core/sessione.h"
 #include "core/settings/frmSetup.h"
+#include "platform/base/errore.h"
 #include "platform/kit/singola.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/percorsi.h"
@@ -122,6 +123,17 @@ public:
     static QString FileImpostazioni()
     {
         return qEnvironmentVariable("XDG_CONFIG_HOME") + u"/Calcanova/KR5.ini"_s;
+    }
+
+    /// What is said when the settings cannot be written, by the number of the reason; and its box.
+    static QString PercheImpostazioni(int Perche = errori::Accesso)
+    {
+        return u"Impossibile scrivere le impostazioni nel file %1: %2"_s.arg(FileImpostazioni(),
+                                                                             DescrizioneErrore(Perche));
+    }
+    static QString RifiutoImpostazioni(int Perche = errori::Accesso)
+    {
+        return u"Errore: %1 (75)"_s.arg(PercheImpostazioni(Perche));
     }
 
     static QString Parametro(const QString& Chiave)

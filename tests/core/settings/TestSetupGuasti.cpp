@@ -37,9 +37,10 @@ namespace {
 
 const QString NienteIni = u"Errore scrittura .ini"_s;
 
-QString NienteDeposito()
+/// @param ConBlocco there was room for the file that keeps other programs out
+QString NienteDeposito(bool ConBlocco = true)
 {
-    return u"Errore: "_s + DescrizioneErrore(errori::Accesso) + u" (75)"_s;
+    return Scena::RifiutoImpostazioni(ConBlocco ? errori::Accesso : errori::Periferica);
 }
 
 }  // namespace
@@ -162,7 +163,7 @@ void TestSetupGuasti::discoPieno()
     if (!IconeScritte)
         Box.Attendi(NienteIni, vbOK, u"Errore:"_s);
     if (!ValoriScritti)
-        Box.Attendi(NienteDeposito(), vbOK, u"Errore:"_s);
+        Box.Attendi(NienteDeposito(Limite >= 200), vbOK, u"Errore:"_s);
     {
         const LimiteDiScrittura Pieno{rlim_t(Limite)};
         if (ValoriScritti)

@@ -53,7 +53,7 @@ void TestSetupIcone::senzaImpostazioniLaScrivaniaSegueLeIcone()
     // A folder stands where the store should be.
     QVERIFY(QFile::remove(Scena::FileImpostazioni()));
     QVERIFY(QDir().mkpath(Scena::FileImpostazioni() + u"/x"_s));
-    Box.Attendi(u"Errore: "_s + DescrizioneErrore(75) + u" (75)"_s, vbOK, u"Errore:"_s);
+    Box.Attendi(Scena::RifiutoImpostazioni(), vbOK, u"Errore:"_s);
     T->Premi(u"cmdSaveImpost"_s);
     Respiro();
     QVERIFY(QDir(Scena::FileImpostazioni()).removeRecursively());

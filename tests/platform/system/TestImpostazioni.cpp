@@ -9,6 +9,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <thread>
+
 using namespace Qt::StringLiterals;
 
 class TestImpostazioni : public QObject
@@ -28,6 +30,9 @@ private Q_SLOTS:
     void scritturaRifiutata();
     void molteInsieme();
     void molteRifiutateNessunaCambia();
+    void quelCheNonSiLeggeNonSiSovrascrive();
+    void nomeEMotivoDelRifiuto();
+    void dueProgrammiInsieme();
     void discoPienoNelMezzo_data();
     void discoPienoNelMezzo();
 };
@@ -173,6 +178,48 @@ void TestImpostazioni::molteRifiutateNessunaCambia()
     SaveSetting(App, u"Parametri"_s, u"c"_s, u"3"_s);
     const QByteArray Scritto = LeggiFile(FileDi(App));
     QVERIFY2(Scritto.contains("a=prima") && !Scritto.contains("b=2"), Scritto.constData());
+}
+
+/// A store that cannot be read counts as empty for the reader, and must not be made so.
+void TestImpostazioni::quelCheNonSiLeggeNonSiSovrascrive()
+{
+    const QString App = u"Chiuse"_s;
+    SaveSetting(App, u"Parametri"_s, u"a"_s, u"prima"_s);
+    QFile::setPermissions(FileDi(App), QFile::WriteOwner | QFile::WriteUser);
+    QCOMPARE(GetSetting(App, u"Parametri"_s, u"a"_s, u"manca"_s), u"manca"_s);
+    QVERIFY_THROWS_EXCEPTION(Errore, SaveSetting(App, u"Parametri"_s, u"b"_s, u"1"_s));
+    QFile::setPermissions(FileDi(App), QFile::ReadOwner | QFile::WriteOwner);
+    QCOMPARE(GetSetting(App, u"Parametri"_s, u"a"_s), u"prima"_s);
+}
+
+void TestImpostazioni::nomeEMotivoDelRifiuto()
+{
+    QVERIFY(QDir().mkpath(FileDi(u"Detta"_s)));
+    try {
+        SaveSetting(u"Detta"_s, u"Parametri"_s, u"IVA"_s, u"22"_s);
+        QFAIL("a refused write went unnoticed");
+    } catch (const Errore& Guasto) {
+        QCOMPARE(Guasto.Numero, 75);
+        QCOMPARE(Guasto.Descrizione, u"Impossibile scrivere le impostazioni nel file %1: %2"_s.arg(
+                                         FileDi(u"Detta"_s), DescrizioneErrore(75)));
+    }
+}
+
+/// Neither puts back what the other has changed: each reads what is there right before it writes.
+void TestImpostazioni::dueProgrammiInsieme()
+{
+    const QString App = u"Insieme"_s;
+    constexpr int Giri = 15;
+    const auto Scrive = [&](const QString& Chiave) {
+        for (int i = 1; i <= Giri; ++i)
+            SaveSetting(App, u"Parametri"_s, Chiave, QString::number(i));
+    };
+    std::thread Altro(Scrive, u"altro"_s);
+    Scrive(u"uno"_s);
+    Altro.join();
+    QCOMPARE(GetSetting(App, u"Parametri"_s, u"uno"_s), QString::number(Giri));
+    QCOMPARE(GetSetting(App, u"Parametri"_s, u"altro"_s), QString::number(Giri));
+    QCOMPARE(ContenutoDi(CartellaFile(FileDi(App))).filter(App), QStringList{App + u".ini"_s});
 }
 
 void TestImpostazioni::discoPienoNelMezzo_data()
