@@ -1,6 +1,9 @@
 #include "core/parametri.h"
 
+#include "platform/base/errore.h"
 #include "platform/system/impostazioni.h"
+
+#include <utility>
 
 QString Impostazione(const QString& Chiave, const QString& Predefinito)
 {
@@ -20,6 +23,18 @@ void SalvaImpostazione(const QString& Chiave, const QString& Valore)
 void SalvaImpostazioni(const QList<std::pair<QString, QString>>& Valori)
 {
     SaveSettings(NomeApplicazione.toString(), SezioneParametri.toString(), Valori);
+}
+
+void RicordaImpostazioni(const QList<std::pair<QString, QString>>& Valori)
+{
+    static bool Detto = false;
+    try {
+        SalvaImpostazioni(Valori);
+        Detto = false;
+    } catch (const Errore&) {
+        if (!std::exchange(Detto, true))
+            throw;
+    }
 }
 
 int MisuraTwip(const QString& Chiave, int Predefinita)

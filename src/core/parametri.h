@@ -22,5 +22,10 @@ void SalvaImpostazione(const QString& Chiave, const QString& Valore);
 /// Stores several settings of the program, all of them or none. @throws Errore 75 as above
 void SalvaImpostazioni(const QList<std::pair<QString, QString>>& Valori);
 
+/// Stores what the program remembers by itself: sizes, widths, places. A store that refuses is told once and
+/// not again before it has taken something, since nobody has asked for it. @throws Errore 75 as above, the
+/// first time
+void RicordaImpostazioni(const QList<std::pair<QString, QString>>& Valori);
+
 /// A size in twips; the default where the setting is missing or no positive number.
 [[nodiscard]] int MisuraTwip(const QString& Chiave, int Predefinita);

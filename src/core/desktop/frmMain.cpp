@@ -279,11 +279,11 @@ void frmMain::SalvaMisure() const
 {
     const QSize Misura = normalGeometry().isValid() ? normalGeometry().size() : size();
     // What a small screen left of the size that was asked for is nobody's choice.
-    const auto Salva = [](const QString& Chiave, int Pixel, int Data, int VolutaTwip) {
-        SalvaImpostazione(Chiave, QString::number(Pixel == Data ? VolutaTwip : aspetto::Twip(Pixel)));
+    const auto Lato = [](int Pixel, int Data, int VolutaTwip) {
+        return QString::number(Pixel == Data ? VolutaTwip : aspetto::Twip(Pixel));
     };
-    Salva(u"MainHeight"_s, Misura.height(), MisuraData.height(), MisuraVoluta.height());
-    Salva(u"MainWidth"_s, Misura.width(), MisuraData.width(), MisuraVoluta.width());
+    RicordaImpostazioni({{u"MainHeight"_s, Lato(Misura.height(), MisuraData.height(), MisuraVoluta.height())},
+                         {u"MainWidth"_s, Lato(Misura.width(), MisuraData.width(), MisuraVoluta.width())}});
 }
 
 void frmMain::ScaricaInCoda()

@@ -173,12 +173,13 @@ void RicordaMisure(const frmParcelle* Finestra)
     const QMdiSubWindow* Sotto = Cornice(Finestra);
     if (!Sotto)
         return;
+    QList<std::pair<QString, QString>> Misure{
+        {u"FormState"_s, QString::number(Sotto->isMaximized() ? StatoMassimo : 0)}};
     const QSize Scelta = Finestre[size_t(Finestra->Indice())].Misura->Scelta();
-    if (Scelta.isValid()) {
-        SalvaImpostazione(u"FormWidth"_s, QString::number(Scelta.width()));
-        SalvaImpostazione(u"FormHeight"_s, QString::number(Scelta.height()));
-    }
-    SalvaImpostazione(u"FormState"_s, QString::number(Sotto->isMaximized() ? StatoMassimo : 0));
+    if (Scelta.isValid())
+        Misure += {{u"FormWidth"_s, QString::number(Scelta.width())},
+                   {u"FormHeight"_s, QString::number(Scelta.height())}};
+    RicordaImpostazioni(Misure);
 }
 
 /// The open note that was in front before the others, 0 when none is open.

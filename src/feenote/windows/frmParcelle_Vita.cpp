@@ -59,7 +59,7 @@ QString LeggiDisposizione(const QObject* Di)
 void SalvaDisposizione(const QObject* Di, const QString& Valore)
 {
     if (Valore != LeggiDisposizione(Di))
-        SalvaImpostazione(ChiaveDisposizione(Di), Valore);
+        RicordaImpostazioni({{ChiaveDisposizione(Di), Valore}});
 }
 
 /// Reads a note. A file that is something else says so by its name.
