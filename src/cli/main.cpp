@@ -45,5 +45,11 @@ int main(int argc, char** argv)
             std::fwrite(Testo.constData(), 1, size_t(Testo.size()), Dove);
         };
     };
-    return EseguiCli(QCoreApplication::arguments().mid(1), Ingresso, Scrivi(stdout), Scrivi(stderr));
+    const int Esito =
+        EseguiCli(QCoreApplication::arguments().mid(1), Ingresso, Scrivi(stdout), Scrivi(stderr));
+    // Part of an answer must not pass for the whole of it.
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
+        return Esito;
+    std::fputs("Errore: la risposta non è stata scritta per intero (61)\n", stderr);
+    return Esito == 0 ? 1 : Esito;
 }

@@ -9,6 +9,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QProcess>
 
 using namespace Qt::StringLiterals;
 
@@ -42,6 +43,7 @@ private Q_SLOTS:
     void init();
     void risponde_data();
     void risponde();
+    void rispostaSuUnDiscoPieno();
     void rifiuta_data();
     void rifiuta();
     void tuttiInsiemeVannoAvanti();
@@ -127,6 +129,20 @@ void TestCli::risponde()
     QCOMPARE(Avuto.Guasti, QString());
     QCOMPARE(Avuto.Uscita, Risposta + u'\n');
     QCOMPARE(Avuto.Stato, 0);
+}
+
+/// The program itself: part of an answer must not pass for the whole.
+void TestCli::rispostaSuUnDiscoPieno()
+{
+    for (const QStringList& Chiesto : {QStringList{u"lettere"_s, u"12"_s}, QStringList{u"--help"_s}}) {
+        QProcess Programma;
+        Programma.setStandardOutputFile(u"/dev/full"_s);
+        Programma.start(ProgrammaDiProva() + u"calcanova-cli"_s, Chiesto);
+        QVERIFY(Programma.waitForFinished());
+        QCOMPARE(Programma.exitCode(), 1);
+        QCOMPARE(QString::fromUtf8(Programma.readAllStandardError()),
+                 u"Errore: la risposta non è stata scritta per intero (61)\n"_s);
+    }
 }
 
 void TestCli::rifiuta_data()
