@@ -54,8 +54,14 @@ bool Posa(const QString& Arrivato)
 bool Porta(const RichiestaRete& Chiesta, const Provenienza& Da, bool Interattivo,
            const PassoAggiornamento& Passo, QString& Difetto)
 {
-    if (Da.Indirizzo.isEmpty())
-        return CopiaFile(TrovaFile(Da.Cartella + u"versioni.txt"_s), Chiesta.File, MassimoVersioni);
+    if (Da.Indirizzo.isEmpty()) {
+        try {
+            return CopiaFile(TrovaFile(Da.Cartella + u"versioni.txt"_s), Chiesta.File, MassimoVersioni);
+        } catch (const Errore&) {
+            ScartaFile(Chiesta.File);
+            throw;
+        }
+    }
     if (CopiaURL(Chiesta.Indirizzo, Chiesta.File, {!Interattivo, MassimoVersioni, Passo}, &Difetto) == 0)
         return true;
     ScartaFile(Chiesta.File);
