@@ -1,0 +1,141 @@
+// The bench looked at itself: programs that break a rule, each in its own way, must be found out.
+#include "guasti/banco.h"
+
+#include "guasti/scenari.h"
+#include "supporto/prova.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <cstdio>
+#include <fcntl.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+using namespace registro;
+
+namespace {
+
+const QByteArray Vecchio(3000, 'v');
+const QByteArray Nuovo(5000, 'n');
+
+/// How a file is written by whoever takes no care, or takes it.
+struct Modi
+{
+    bool SulPosto = false;       ///< the former file goes before the new one is whole
+    bool SenzaGuardare = false;  ///< what a write answers does not count
+    bool SenzaDisco = false;     ///< nor what the flush answers
+    bool Lascia = false;         ///< a file beside stays after a failure
+    bool Zitto = false;          ///< a failure is told by nothing but the status
+    bool InInglese = false;
+    bool Altrove = false;  ///< nothing is written here at all
+};
+
+int Scrivi(const Posto& Dove, const Modi& Come)
+{
+    const QByteArray File = QFile::encodeName((Come.Altrove ? Dove.Fuori : Dove.Cartella) + u"file"_s);
+    const QByteArray Accanto = Come.SulPosto ? File : File + ".nuovo";
+    const auto Rifiuta = [&] {
+        if (!Come.Lascia && !Come.SulPosto)
+            ::unlink(Accanto.constData());
+        if (!Come.Zitto)
+            std::fprintf(stderr, "%s\n",
+                         Come.InInglese ? "Could not write the file" : "Errore: disco pieno (61)");
+        return 1;
+    };
+    const int Aperto = ::open(Accanto.constData(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    if (Aperto < 0)
+        return Rifiuta();
+    ssize_t Scritti = 0;
+    while (Scritti < Nuovo.size()) {
+        const ssize_t Ora = ::write(Aperto, Nuovo.constData() + Scritti, size_t(Nuovo.size() - Scritti));
+        if (Ora < 0 && !Come.SenzaGuardare) {
+            ::close(Aperto);
+            return Rifiuta();
+        }
+        Scritti += Ora < 0 ? Nuovo.size() : Ora;
+    }
+    const bool Svuotato = ::fsync(Aperto) == 0;
+    ::close(Aperto);
+    if (!Svuotato && !Come.SenzaDisco)
+        return Rifiuta();
+    if (!Come.SulPosto && ::rename(Accanto.constData(), File.constData()) != 0)
+        return Rifiuta();
+    return 0;
+}
+
+Scenario Con(const QString& Nome, const Modi& Come,
+             const QList<Chiamata>& Attese = {Apri, registro::Scrivi, Sincronizza})
+{
+    return {.Nome = Nome,
+            .Attese = Attese,
+            .Prepara = [](const Posto& Dove) { Posa(Dove.Cartella + u"file"_s, Vecchio); },
+            .Atto =
+                [Come](const Posto& Dove, const std::function<void()>& Comincia) {
+                    Comincia();
+                    return Scrivi(Dove, Come);
+                },
+            .Guarda =
+                [Come](const Posto& Dove, const Uscita&) {
+                    const QByteArray Byte =
+                        Contenuto((Come.Altrove ? Dove.Fuori : Dove.Cartella) + u"file"_s);
+                    if (Byte == Nuovo)
+                        return Trovato::Nuovo;
+                    return Byte == Vecchio ? Trovato::Prima : Trovato::Rotto;
+                },
+            .Ammessi = {u"file"_s}};
+}
+
+/// What is wrong with the first call of a kind failing.
+QStringList Difetti(const Scenario& Cosa, const Guasto& Come)
+{
+    Banco Qui(Cosa);
+    QStringList Trovati = Qui.Conta();
+    bool Accaduto = false;
+    Uscita Vista;
+    if (Trovati.isEmpty())
+        Trovati = Qui.Prova(Come, 1, Accaduto, Vista).Difetti();
+    if (Trovati.isEmpty() && !Accaduto)
+        Trovati.append(u"nessun guasto"_s);
+    return Trovati;
+}
+
+}  // namespace
+
+QStringList ControllaBanco()
+{
+    const Guasto Disco{registro::Scrivi, "ENOSPC", true};
+    const Guasto Flusso{Sincronizza, "EIO", false};
+    struct Riga
+    {
+        Scenario Cosa;
+        Guasto Come;
+        QString Atteso;  ///< what is found begins so; empty: nothing
+    };
+    const QList<Riga> Righe{
+        {Con(u"attento"_s, {}), Disco, {}},
+        {Con(u"attento al flusso"_s, {}), Flusso, {}},
+        {Con(u"attento, a metà"_s, {}), {registro::Scrivi, "corto", true}, {}},
+        {Con(u"sul posto"_s, {.SulPosto = true}), Disco, u"né il vecchio né il nuovo"_s},
+        {Con(u"non guarda chi scrive"_s, {.SulPosto = true, .SenzaGuardare = true}), Disco,
+         u"né il vecchio né il nuovo"_s},
+        {Con(u"non guarda il flusso"_s, {.SenzaDisco = true}), Flusso,
+         u"il disco ha rifiutato e non si dice"_s},
+        {Con(u"lascia resti"_s, {.Lascia = true}), Disco, u"restano file.nuovo"_s},
+        {Con(u"tace"_s, {.Zitto = true}), Disco, u"nessuna frase italiana"_s},
+        {Con(u"parla inglese"_s, {.InInglese = true}), Disco, u"nessuna frase italiana"_s},
+        {Con(u"non passa di qui"_s, {.Altrove = true}), Disco,
+         u"non passa di qui: nessuna chiamata di open"_s},
+        {Con(u"non aspetta niente"_s, {}, {}), Disco, u"non aspetta niente: non aspetta nessuna chiamata"_s},
+    };
+    QStringList Sbagliate;
+    for (const Riga& Una : Righe) {
+        const QStringList Trovati = Difetti(Una.Cosa, Una.Come);
+        const bool Giusto = Una.Atteso.isEmpty() ? Trovati.isEmpty()
+                                                 : !Trovati.isEmpty() && Trovati[0].startsWith(Una.Atteso);
+        if (!Giusto)
+            Sbagliate.append(
+                u"%1: atteso «%2», trovato «%3»"_s.arg(Una.Cosa.Nome, Una.Atteso, Trovati.join(u"; ")));
+    }
+    return Sbagliate;
+}

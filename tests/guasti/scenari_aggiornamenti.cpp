@@ -1,0 +1,188 @@
+// Updates from a folder: what is announced, the archive of rates, the installer.
+#include "guasti/scenari.h"
+
+#include "core/sessione.h"
+#include "platform/base/errore.h"
+#include "platform/database/database.h"
+#include "platform/network/firma.h"
+#include "platform/system/file.h"
+#include "supporto/prova.h"
+#include "update/scarico.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+using namespace registro;
+
+namespace {
+
+const QByteArray& Vecchi()
+{
+    static const QByteArray Byte = Contenuto(ProgrammaDiProva() + u"Tassi.dat"_s);
+    return Byte;
+}
+
+/// The delivered archive with one month more.
+const QByteArray& Nuovi()
+{
+    static const QByteArray Byte = [] {
+        const QString File = NuovaCartella() + u"Tassi.dat"_s;
+        Posa(File, Vecchi());
+        OpenDatabase(File).Execute(u"INSERT INTO IndiciIstat (Anno, Mese, Indice) VALUES (2030, 1, 130.5)"_s);
+        return Contenuto(File);
+    }();
+    return Byte;
+}
+
+const QByteArray Installatore = QByteArray(200'000, 'i') + "fine";
+
+/// A folder with a signed update, made once for everybody.
+const QString& Pubblicato()
+{
+    static const QString Cartella = [] {
+        const QString Dove = NuovaCartella();
+        const CoppiaChiavi Chiavi = NuoveChiavi();
+        QByteArray Elenco = "versione=[3.0.99]\n01/12/2026\nnota=Nuovi tassi";
+        const auto Aggiungi = [&](const QString& Nome, const QByteArray& Byte) {
+            Posa(Dove + Nome, Byte);
+            Elenco += '\n' + RigaElenco({Nome, Byte.size(),
+                                         QCryptographicHash::hash(Byte, QCryptographicHash::Sha256)})
+                                 .toLatin1();
+        };
+        Aggiungi(u"tassi.dat"_s, Nuovi());
+        Aggiungi(u"upgrade3.0.99.exe"_s, Installatore);
+        Posa(Dove + u"versioni.txt"_s, Elenco);
+        Posa(Dove + u"versioni.txt.sig"_s, FirmaByte(Elenco, Chiavi.Segreta));
+        Posa(Dove + u"calcanova.pub"_s, Chiavi.Pubblica);
+        return Dove;
+    }();
+    return Cartella;
+}
+
+void Usa(const Posto& Dove)
+{
+    AzzeraSessione();
+    sessione::PercorsoProg = ProgrammaDiProva();
+    sessione::UserFolder = Dove.Cartella;
+    InstallaFileChiave(Pubblicato() + u"calcanova.pub"_s);
+}
+
+/// The announcement, checked before anything fails.
+Annuncio Annunciato(const Posto& Dove)
+{
+    Annuncio Trovato;
+    Posto Altrove = Dove;
+    Altrove.Cartella = Dove.Fuori;
+    Usa(Altrove);
+    if (!ControlloVersioni(DallaCartella(Pubblicato() + u"versioni.txt"_s), true, Trovato))
+        qFatal("the announcement of the update is not taken");
+    Usa(Dove);
+    return Trovato;
+}
+
+/// What every check begins with.
+void Sgombra(const Posto& Dove)
+{
+    Usa(Dove);
+    TogliAvanzi();
+}
+
+void Pretendi(const EsitoScarico& Esito)
+{
+    if (!Esito.Riuscito())
+        throw Errore(errori::Imprevisto, Esito.Dettaglio);
+}
+
+void PosaTassi(const Posto& Dove)
+{
+    const QString File = Dove.Cartella + u"Tassi.dat"_s;
+    Posa(File, Vecchi());
+    ImpostaDataFile(File, QDateTime(QDate(2026, 9, 1), QTime(9, 0)));
+}
+
+/// An archive in use is whole, and the one kept beside it too; a new one bears its date, or it would be
+/// offered again.
+Trovato GuardaTassi(const Posto& Dove, const Uscita&)
+{
+    const QString File = Dove.Cartella + u"Tassi.dat"_s;
+    const QByteArray Prima = Contenuto(File + u".prima"_s);
+    if (!Prima.isEmpty() && Prima != Vecchi() && Prima != Nuovi())
+        return Trovato::Rotto;
+    const QByteArray Byte = Contenuto(File);
+    if (Byte == Vecchi())
+        return DataFile(File).date() == QDate(2026, 9, 1) ? Trovato::Prima : Trovato::Rotto;
+    return Byte == Nuovi() && DataFile(File).date() >= QDate(2026, 12, 1) ? Trovato::Nuovo : Trovato::Rotto;
+}
+
+}  // namespace
+
+QList<Scenario> ScenariAggiornamenti()
+{
+    QList<Scenario> Tutti;
+    Tutti.append({.Nome = u"aggiorna-tassi"_s,
+                  .Attese = {Apri, Scrivi, Sincronizza, Rinomina, Chiudi, Leggi, Data},
+                  .Prepara = PosaTassi,
+                  .Atto =
+                      [](const Posto& Dove, const std::function<void()>& Comincia) {
+                          const Annuncio Trovato = Annunciato(Dove);
+                          Comincia();
+                          return Svolgi([&] {
+                              // Whoever tries again where the new one has come finds nothing to bring.
+                              if (Contenuto(Dove.Cartella + u"Tassi.dat"_s) != Nuovi())
+                                  Pretendi(ScaricaTassi(Trovato));
+                          });
+                      },
+                  .Guarda = GuardaTassi,
+                  .Ammessi = {u"Tassi\\.dat(\\.prima)?"_s},
+                  .Spazza = Sgombra,
+                  .InBreve = true});
+    Tutti.append({.Nome = u"aggiorna-programma"_s,
+                  .Attese = {Apri, Scrivi, Sincronizza, Rinomina, Chiudi, Leggi, registro::Cartella},
+                  .Prepara = [](const Posto&) {},
+                  .Atto =
+                      [](const Posto& Dove, const std::function<void()>& Comincia) {
+                          const Annuncio Trovato = Annunciato(Dove);
+                          Comincia();
+                          return Svolgi([&] { Pretendi(ScaricaProgramma(Trovato)); });
+                      },
+                  .Guarda =
+                      [](const Posto& Dove, const Uscita&) {
+                          const QString File = Dove.Cartella + u"upgrade/upgrade3.0.99.exe"_s;
+                          if (!EsisteFile(File))
+                              return Trovato::Prima;
+                          return Contenuto(File) == Installatore ? Trovato::Nuovo : Trovato::Rotto;
+                      },
+                  .Ammessi = {u"upgrade"_s, u"upgrade/upgrade3\\.0\\.99\\.exe"_s},
+                  .Spazza = Sgombra});
+    Tutti.append(
+        {.Nome = u"versioni"_s,
+         .Attese = {Apri, Scrivi, Rinomina, Chiudi, Leggi},
+         .Prepara =
+             [](const Posto& Dove) {
+                 Posa(Dove.Cartella + u"versioni.txt"_s, "versione=[3.0.1]\n01/01/2026\nnota=");
+             },
+         .Atto =
+             [](const Posto& Dove, const std::function<void()>& Comincia) {
+                 Usa(Dove);
+                 Comincia();
+                 return Svolgi([&] {
+                     Annuncio Trovato;
+                     if (!ControlloVersioni(DallaCartella(Pubblicato() + u"versioni.txt"_s), true, Trovato))
+                         throw Errore(errori::Imprevisto,
+                                      u"Il controllo non è riuscito: "_s + Trovato.Difetto);
+                 });
+             },
+         .Guarda =
+             [](const Posto& Dove, const Uscita&) {
+                 const QByteArray Byte = Contenuto(Dove.Cartella + u"versioni.txt"_s);
+                 if (Byte.startsWith("versione=[3.0.1]"))
+                     return Trovato::Prima;
+                 return Byte == Contenuto(Pubblicato() + u"versioni.txt"_s) ? Trovato::Nuovo : Trovato::Rotto;
+             },
+         .Ammessi = {u"versioni\\.txt"_s},
+         // What was announced is asked again at the next start.
+         .SenzaPromessa = true});
+    return Tutti;
+}
