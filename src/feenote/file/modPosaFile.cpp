@@ -48,7 +48,7 @@ public:
     void MettiAlPosto(Lettori Chi, bool ComeModello = false) const
     {
         if (EDiAccess(Finale))
-            TieniAccess();
+            TieniAccess(Chi);
         else if (EsisteFile(Finale))
             Sgombra();
         DaiPermessi(Provvisorio, Finale, Chi);
@@ -101,10 +101,10 @@ private:
 
     /// A note that the former program may still want stays beside its new file, as it was. The copy is whole
     /// before the new file takes the name.
-    void TieniAccess() const
+    void TieniAccess(Lettori Chi) const
     {
         constexpr qint64 Massimo = qint64(2) << 30;
-        const QString Copia = Accanto + u".access"_s;
+        const QString Copia = Accanto + u".tmp-access"_s;
         const QDateTime Quando = DataFile(Finale);
         QString Libero = Finale + u".access"_s;
         for (int Numero = 2; EsisteFile(Libero); ++Numero)
@@ -112,6 +112,7 @@ private:
         try {
             (void)CopiaFile(Finale, Copia, Massimo);
             ScriviSulDisco(Copia);
+            DaiPermessi(Copia, Finale, Chi);
             ImpostaDataFile(Copia, Quando);
             RinominaFile(Copia, Libero);
         } catch (const Errore&) {
@@ -204,7 +205,8 @@ QString FraseTurno(const TurnoLasciato& Trovato)
 
 void TogliRestiDiNote(const QString& Cartella)
 {
-    static const QRegularExpression Forma(u"^\\.~(.+\\.mdb)\\.(tmp|tmp-journal|turno|turno\\.rmlock)\\z"_s);
+    static const QRegularExpression Forma(
+        u"^\\.~(.+\\.mdb)\\.(tmp|tmp-journal|tmp-access|turno|turno\\.rmlock)\\z"_s);
     const QString Qui = Barra(Cartella);
     if (!CartellaScrivibile(Qui))
         return;
@@ -216,7 +218,7 @@ void TogliRestiDiNote(const QString& Cartella)
         FileBlocco Turno(FileTurno(Qui + Nota));
         if (Turno.Prendi(0) != FileBlocco::Esito::Preso)
             continue;
-        for (const QString& Resto : {u".tmp"_s, u".tmp-journal"_s, u".turno.rmlock"_s})
+        for (const QString& Resto : {u".tmp"_s, u".tmp-journal"_s, u".tmp-access"_s, u".turno.rmlock"_s})
             ScartaFile(Qui + u".~"_s + Nota + Resto);
     }
 }

@@ -31,6 +31,8 @@ private Q_SLOTS:
     void laPassword();
     void associata();
     void alPrimoSalvataggioIlVecchioResta();
+    void ilVecchioTieneIPermessi();
+    void quelCheUnSalvataggioUccisoLascia();
     void piuVecchiInsieme();
     void colNomeNuovoIlVecchioNonSiTocca();
     void seNonSiPuoTenereIlVecchioNonSiSalva();
@@ -166,6 +168,28 @@ void TestNotaAccess::alPrimoSalvataggioIlVecchioResta()
     QCOMPARE(LeggiFile(File + u".access"_s), Prima);
 }
 
+void TestNotaAccess::ilVecchioTieneIPermessi()
+{
+    constexpr QFile::Permissions Suoi = QFile::ReadOwner | QFile::WriteOwner;
+    constexpr QFile::Permissions Altrui =
+        QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    QVERIFY(QFile::setPermissions(File, Suoi));
+    Parcella Nota;
+    CaricaDati(Nota, File);
+    ScriviNota(File, Nota);
+    QCOMPARE(QFile::permissions(File + u".access"_s) & Altrui, QFile::Permissions());
+    QCOMPARE(QFile::permissions(File) & Altrui, QFile::Permissions());
+}
+
+void TestNotaAccess::quelCheUnSalvataggioUccisoLascia()
+{
+    const QString Resto = CartellaFile(File) + u".~nota.mdb.tmp-access"_s;
+    QVERIFY(QFile::copy(File, Resto));
+    TogliRestiDiNote(CartellaFile(File));
+    QVERIFY(!QFile::exists(Resto));
+    QVERIFY(EDiAccess(File));
+}
+
 /// Somebody has put the old file back: neither of the old ones is lost.
 void TestNotaAccess::piuVecchiInsieme()
 {
@@ -199,7 +223,7 @@ void TestNotaAccess::seNonSiPuoTenereIlVecchioNonSiSalva()
     CaricaDati(Nota, File);
     const QScopedValueRollback Disco(guasti::PrimaDelDisco,
                                      std::function<bool(const QString&)>(
-                                         [](const QString& Nome) { return !Nome.endsWith(u".access"_s); }));
+                                         [](const QString& Nome) { return !Nome.endsWith(u"-access"_s); }));
     QVERIFY_THROWS_EXCEPTION(Errore, ScriviNota(File, Nota));
     QCOMPARE(Presenti(), QStringList{u"nota.mdb"_s});
     QCOMPARE(Byte(), Prima);
