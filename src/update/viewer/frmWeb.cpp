@@ -98,6 +98,7 @@ void frmWeb::CollegaComandi()
     Collega(ui->Web1, &QTextBrowser::sourceChanged, this, [this](const QUrl& Pagina) {
         if (!Guida.isEmpty())
             ui->pnlGuida->Segna(Pagina.fileName());
+        MostraTitolo();
     });
     Collega(ui->pnlGuida, &PannelloGuida::Chiesta, this, &frmWeb::pnlGuida_Chiesta);
 }
@@ -131,7 +132,7 @@ void frmWeb::Mostra()
     // The blank page need not come first: a page of the program is there at once, whole or not at all.
     if (!ui->Web1->Naviga(Indirizzo))
         return;  // the address went to the user's browser
-    setWindowTitle(Titolo);
+    MostraTitolo();
     ui->chkNoRepeat->setVisible(Avviso);
     ui->pnlGuida->setVisible(!Guida.isEmpty());
     if (isVisible()) {
@@ -161,6 +162,13 @@ void frmWeb::Mostra()
     ui->Web1->TornaAllAncora();
     raise();
     activateWindow();
+}
+
+/// A page of the guide is told by its own title, as the task bar shows it.
+void frmWeb::MostraTitolo()
+{
+    const QString Pagina = Guida.isEmpty() ? QString() : ui->Web1->documentTitle();
+    setWindowTitle(Pagina.isEmpty() ? Titolo : Titolo + u": "_s + Pagina);
 }
 
 void frmWeb::ApparecchiaGuida()

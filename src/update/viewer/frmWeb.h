@@ -51,6 +51,7 @@ protected:
 private:
     void CollegaComandi();
     void ApparecchiaGuida();
+    void MostraTitolo();
     void CollegaTasti();
     void Tasto(const QKeySequence& Quale, std::function<void()> Procedura);
     void Trova(bool Indietro);

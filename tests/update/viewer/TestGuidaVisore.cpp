@@ -86,9 +86,10 @@ void TestGuidaVisore::init()
     Cartella = sessione::PercorsoProg + u"aiuto/"_s;
     InstallaUltimaRete([](const Errore& Guasto) { GestioneErrori(Guasto); });
     CreaCartella(Cartella);
-    ScriviFile(Cartella + u"uno.htm"_s,
-               "<html><body><h1>Termini</h1><p>Il sabato e la domenica.</p>"
-               "<h2><a name=\"norme\"></a>Norme</h2><p>Età del sabato, legge.</p></body></html>");
+    ScriviFile(
+        Cartella + u"uno.htm"_s,
+        "<html><head><title>Termini</title></head><body><h1>Termini</h1><p>Il sabato e la domenica.</p>"
+        "<h2><a name=\"norme\"></a>Norme</h2><p>Età del sabato, legge.</p></body></html>");
     ScriviFile(Cartella + u"due.htm"_s,
                "<html><body><h1>Interessi</h1><p>Il tasso legale.</p></body></html>");
     ScriviFile(Cartella + u"tre.htm"_s, "<html><body><h1>Rubrica</h1><p>I nominativi.</p></body></html>");
@@ -297,8 +298,10 @@ void TestGuidaVisore::indietro()
     QTest::keyClicks(Casella(), u"tasso"_s);
     QTest::keyClick(Casella(), Qt::Key_Return);
     QCOMPARE(InVista(), u"due.htm"_s);
+    QCOMPARE(W->windowTitle(), u"Guida"_s);  // of a page without a title
     QTest::mouseClick(Trova<QToolButton>(u"cmdIndietro"_s), Qt::LeftButton);
     QCOMPARE(InVista(), u"uno.htm"_s);
+    QCOMPARE(W->windowTitle(), u"Guida: Termini"_s);
     QCOMPARE(Indice()->currentItem()->text(0), u"Termini"_s);
     QTest::keyClick(W.get(), Qt::Key_Right, Qt::AltModifier);
     QCOMPARE(InVista(), u"due.htm"_s);
