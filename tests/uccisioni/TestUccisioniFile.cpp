@@ -169,6 +169,7 @@ const QList<Impresa>& Imprese()
              ImpostaSolaLettura(In + u"n.mdb"_s, true);
          },
          [](const QString& In) {
+             TogliRestiDiNote(In);  // a completed one is not written again, so that the start has to
              Parcella Letta;
              CaricaDati(Letta, In + u"n.mdb"_s);
          },
