@@ -9,16 +9,21 @@
 #include "feenote/windows/frmParcelle.h"
 #include "feenote/windows/noteaperte.h"
 #include "platform/kit/aspetto.h"
+#include "platform/kit/servizi_qt.h"
+#include "platform/kit/trattieni.h"
+#include "platform/system/memoria.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPointer>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -114,9 +119,11 @@ frmParcelle* FinestraPerPosto(int Indice)
     if (Finestra)
         return Finestra;
     Finestra = new frmParcelle(Indice);
+    TrattieniDietroIBox(Finestra);
     if (QMdiArea* Area = Aperture.AreaParcelle ? Aperture.AreaParcelle() : nullptr) {
         QMdiSubWindow* Sotto = Area->addSubWindow(Finestra);
         Sotto->setAttribute(Qt::WA_DeleteOnClose, false);
+        TrattieniDietroIBox(Sotto);
         Sotto->setProperty("Tag", QString::number(Indice));
         Misura = new MisuraScelta(Sotto);
     }
@@ -235,6 +242,24 @@ bool FinisceCon(const std::vector<frmParcelle*>& Chiuse)
     return !sessione::RichiestaPV2.ID.isEmpty() || (sessione::ModoLow && NessunAltra(Chiuse));
 }
 
+/// Of the windows that wait for the next notes those of the first places stay, which is what an office has
+/// open at once: each of the others holds a megabyte and more until the program ends.
+void ScartaFinestre()
+{
+    constexpr std::size_t Pronte = 8;
+    if (ParcellaAperta())
+        return;
+    for (std::size_t i = Pronte + 1; i < Finestre.size(); ++i) {
+        frmParcelle* Finestra = std::exchange(Finestre[i], {}).Finestra;
+        if (QMdiSubWindow* Sotto = Cornice(Finestra))
+            Sotto->deleteLater();
+        else if (Finestra)
+            Finestra->deleteLater();
+    }
+    QMetaObject::invokeMethod(
+        qApp, [] { RendiMemoria(); }, Qt::QueuedConnection);  // behind those deletions
+}
+
 /// What follows the close of a note: the end of the process for a matter's one, the desktop after the last.
 void DopoChiusura(const frmParcelle* Finestra)
 {
@@ -247,6 +272,7 @@ void DopoChiusura(const frmParcelle* Finestra)
     if (ParcellaAperta())
         return;
     Protetta([&] { RicordaMisure(Finestra); });
+    InCodaDopoIlRespiro(qApp, ScartaFinestre);  // the closing of one of them is still going on
     if (Aperture.UltimaParcellaChiusa)
         Aperture.UltimaParcellaChiusa();  // saves the frame's size, then ends a low session or brings the
                                           // desktop back

@@ -1,0 +1,71 @@
+// Calculators that were opened, used and closed leave nothing behind.
+#include "banco.h"
+
+#include "calculators/windows/frmCodFis.h"
+#include "calculators/windows/frmContrib.h"
+#include "calculators/windows/frmInteressi.h"
+#include "calculators/windows/frmIstat.h"
+#include "calculators/windows/frmTermini.h"
+#include "calculators/windows/frmTerminiSeq.h"
+#include "supporto/memoria.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+template <class Modulo>
+void ApriEChiudi()
+{
+    auto* Finestra = new Modulo;
+    Finestra->Mostra();
+    Respiro();
+    Chiudi(Finestra);
+    Respiro();
+}
+
+using Giro = void (*)();
+
+}  // namespace
+
+Q_DECLARE_METATYPE(Giro)
+
+class TestMemoria : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void molteComeUna_data();
+    void molteComeUna();
+};
+PROVA(TestMemoria);
+
+void TestMemoria::molteComeUna_data()
+{
+    QTest::addColumn<Giro>("UnaVolta");
+    QTest::newRow("termini") << Giro(ApriEChiudi<frmTermini>);
+    QTest::newRow("sequenziali") << Giro(ApriEChiudi<frmTerminiSeq>);
+    QTest::newRow("interessi") << Giro(ApriEChiudi<frmInteressi>);
+    QTest::newRow("istat") << Giro(ApriEChiudi<frmIstat>);
+    QTest::newRow("codice fiscale") << Giro(ApriEChiudi<frmCodFis>);
+    QTest::newRow("contributo") << Giro(ApriEChiudi<frmContrib>);
+}
+
+void TestMemoria::molteComeUna()
+{
+    if (ByteInUso() == 0)
+        QSKIP("the heap is not the library's");
+    QFETCH(Giro, UnaVolta);
+    constexpr int Prime = 3;
+    constexpr int Volte = 12;
+    constexpr qint64 PerFinestra = 3000;  // bytes; a window takes hundreds of thousands
+    const Banco Tavolo;
+    for (int i = 0; i < Prime; ++i)
+        UnaVolta();
+    const qint64 Prima = ByteInUso();
+    for (int i = 0; i < Volte; ++i)
+        UnaVolta();
+    const qint64 Cresciuti = ByteInUso() - Prima;
+    QVERIFY2(Cresciuti < Volte * PerFinestra, qPrintable(QString::number(Cresciuti)));
+}
+
+#include "TestMemoria.moc"
