@@ -1,22 +1,15 @@
 // Rows of other programs: any bytes give rows or a sentence, and rows can be written and read again as they
 // are.
+#include "bersaglio.h"
+
 #include "addressbook/exchange/colonneimporta.h"
 #include "addressbook/exchange/csv.h"
 #include "addressbook/exchange/tabellaestranea.h"
 
 namespace {
 
-void Pretendi(bool Vero)
+void Prova(const QByteArray& Byte)
 {
-    if (!Vero)
-        __builtin_trap();
-}
-
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Dati, size_t Quanti)
-{
-    const QByteArray Byte(reinterpret_cast<const char*>(Dati), static_cast<qsizetype>(Quanti));
     try {
         const RigheCsv Lette = LeggiCsv(Byte);
         Pretendi(Lette.Righe.size() == Lette.Linee.size());
@@ -24,19 +17,22 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Dati, size_t Quanti)
         for (const QStringList& Riga : Lette.Righe)
             Pretendi(!Riga.isEmpty() && Riga.size() <= Lette.Colonne);
         if (Lette.Righe.empty())
-            return 0;
+            return;
         Pretendi(AbbinaColonne(Lette.Righe.front(), {}).size() == Lette.Righe.front().size());
         // Half a pair of surrogates is no text: it does not come back.
         const QString Intero = QString::fromUtf8(ScriviCsv(Lette.Righe));
         for (const QStringList& Riga : Lette.Righe)
             for (const QString& Cella : Riga)
                 if (!Cella.isValidUtf16())
-                    return 0;
+                    return;
         const RigheCsv Ancora =
             LeggiCsv(ScriviCsv(Lette.Righe), {.Separatore = u';', .Codifica = CodificaTesto::Utf8});
         Pretendi(Ancora.Righe == Lette.Righe);
     } catch (const Errore& Guasto) {
         Pretendi(Guasto.Numero == NumeroFileRifiutato && !Guasto.Descrizione.isEmpty());
     }
-    return 0;
 }
+
+}  // namespace
+
+BERSAGLIO(fuzz_csv, Prova);

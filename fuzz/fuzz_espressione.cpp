@@ -1,32 +1,23 @@
-// Formulas: any text at any x gives a finite number or a code, and nothing else.
+// Formulas: any text at any x, which stands in the first line, gives a finite number or a code, and nothing
+// else.
+#include "fonte.h"
+
 #include "tariffs/modEvaluate.h"
 
 #include <cmath>
-#include <cstring>
 
 namespace {
-
-void Pretendi(bool Vero)
-{
-    if (!Vero)
-        __builtin_trap();
-}
 
 bool CodicePrevisto(int Codice)
 {
     return (Codice >= 0 && Codice <= 7) || Codice == 18;
 }
 
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Dati, size_t Quanti)
+void Prova(const QByteArray& Dati)
 {
-    double x = 0.0;
-    if (Quanti < sizeof x)
-        return 0;
-    std::memcpy(&x, Dati, sizeof x);
-    const auto* Caratteri = reinterpret_cast<const char*>(Dati) + sizeof x;
-    const QString Testo = QString::fromUtf8(Caratteri, static_cast<qsizetype>(Quanti - sizeof x));
+    Fonte Da(Dati);
+    const double x = Da.Riga().toDouble();
+    const QString Testo = QString::fromUtf8(Da.Tutto());
 
     int Errore = -1;
     const double Valore = ValutaEspressione(Testo, x, Errore);
@@ -37,5 +28,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Dati, size_t Quanti)
 
     int Ancora = -1;
     Pretendi(ValutaEspressione(Testo, x, Ancora) == Valore && Ancora == Errore);
-    return 0;
 }
+
+}  // namespace
+
+BERSAGLIO(fuzz_espressione, Prova);

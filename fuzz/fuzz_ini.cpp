@@ -1,13 +1,10 @@
 // Files of sections and keys: any bytes are read, a key is written, and nothing else may change.
-#include "platform/base/errore.h"
+#include "fonte.h"
+
 #include "platform/base/paginacodice.h"
 #include "platform/system/profilo.h"
 
-#include <QFile>
 #include <QList>
-#include <QTemporaryDir>
-
-#include <fuzzer/FuzzedDataProvider.h>
 
 using namespace Qt::StringLiterals;
 
@@ -15,12 +12,6 @@ namespace {
 
 constexpr int Capienza = 1000;
 constexpr qsizetype MassimoNomi = 4;
-
-void Pretendi(bool Vero)
-{
-    if (!Vero)
-        __builtin_trap();
-}
 
 struct Voce
 {
@@ -52,10 +43,10 @@ QString Leggi(const QString& Sezione, const QString& Chiave, const QString& File
 }
 
 /// What looks like a name in the file, with some invention: more than the reader may take for one.
-QList<QString> Nomi(const QByteArray& Contenuto, char Fine)
+QList<QString> Nomi(const QByteArray& Byte, char Fine)
 {
     QList<QString> Trovati;
-    for (QByteArray Riga : Contenuto.split('\n')) {
+    for (QByteArray Riga : Byte.split('\n')) {
         Riga = Riga.left(Riga.indexOf(Fine));
         Trovati << DaCp1252(Riga) << DaCp1252(Riga.mid(Riga.indexOf('[') + 1));
         if (Trovati.size() >= MassimoNomi)
@@ -64,46 +55,28 @@ QList<QString> Nomi(const QByteArray& Contenuto, char Fine)
     return Trovati;
 }
 
-QList<Voce> Voci(const QByteArray& Contenuto, const QString& File)
+QList<Voce> Voci(const QByteArray& Byte, const QString& File)
 {
     QList<Voce> Tutte;
-    for (const QString& Sezione : Nomi(Contenuto, ']'))
-        for (const QString& Chiave : Nomi(Contenuto, '='))
+    for (const QString& Sezione : Nomi(Byte, ']'))
+        for (const QString& Chiave : Nomi(Byte, '='))
             Tutte.append({Sezione, Chiave, Leggi(Sezione, Chiave, File)});
     return Tutte;
 }
 
-QByteArray Contenuto(const QString& File)
+void Prova(const QByteArray& Dati)
 {
-    QFile Aperto(File);
-    Pretendi(Aperto.open(QIODevice::ReadOnly));
-    return Aperto.readAll();
-}
-
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Dati, size_t Quanti)
-{
-    static const QTemporaryDir Cartella;
-    const QString File = Cartella.filePath(u"prova.ini"_s);
-
-    FuzzedDataProvider Fonte(Dati, Quanti);
-    const auto Testo = [&](size_t Massimo) {
-        return QString::fromStdString(Fonte.ConsumeRandomLengthString(Massimo));
-    };
-    const QString Sezione = Testo(16);
-    const QString Chiave = Testo(16);
-    const QString Valore = Testo(1200);
-    const QByteArray Prima = QByteArray::fromStdString(Fonte.ConsumeRemainingBytesAsString());
-    {
-        QFile Nuovo(File);
-        Pretendi(Nuovo.open(QIODevice::WriteOnly) && Nuovo.write(Prima) == Prima.size());
-    }
+    Fonte Da(Dati);
+    const QString Sezione = Da.Riga();
+    const QString Chiave = Da.Riga();
+    const QString Valore = Da.Riga();
+    const QByteArray Prima = Da.Tutto();
+    const QString File = Posa(u"prova.ini"_s, Prima);
 
     const QList<Voce> Altre = Voci(Prima, File);
     if (!WritePrivateProfileString(Sezione, Chiave, Valore, File)) {
         Pretendi(Contenuto(File) == Prima);
-        return 0;
+        return;
     }
     Pretendi(Leggi(Sezione, Chiave, File) == Scritto(Valore).left(Capienza - 1));
     for (const Voce& Altra : Altre) {
@@ -111,5 +84,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Dati, size_t Quanti)
                              Stesso(Scritto(Altra.Chiave), Scritto(Chiave));
         Pretendi(Scritta || Leggi(Altra.Sezione, Altra.Chiave, File) == Altra.Valore);
     }
-    return 0;
 }
+
+}  // namespace
+
+BERSAGLIO(fuzz_ini, Prova);

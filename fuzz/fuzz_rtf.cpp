@@ -1,4 +1,6 @@
 // Rich text: any bytes give paragraphs that keep the reader's promises, and both exports of them are sound.
+#include "bersaglio.h"
+
 #include "platform/base/paginacodice.h"
 #include "platform/document/lettorertf.h"
 #include "platform/document/setacciortf.h"
@@ -10,12 +12,6 @@
 #include <algorithm>
 
 namespace {
-
-void Pretendi(bool Vero)
-{
-    if (!Vero)
-        __builtin_trap();
-}
 
 bool Stampabile(const QString& Testo)
 {
@@ -123,11 +119,8 @@ void Riscrivi(const std::vector<BloccoDocumento>& Letti)
     Pretendi(!Pagina.hasError());
 }
 
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Dati, size_t Quanti)
+void Prova(const QByteArray& Byte)
 {
-    const QByteArray Byte(reinterpret_cast<const char*>(Dati), static_cast<qsizetype>(Quanti));
     const QString Testo = DaCp1252(Byte);
     const std::vector<BloccoDocumento> Letti =
         LeggiRtf(ComeRtf(Testo) ? Testo : QStringLiteral("{\\rtf1") + Testo);
@@ -141,5 +134,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Dati, size_t Quanti)
     Diviso.Passa(QByteArrayView(Byte).first(Byte.size() / 3));
     Diviso.Passa(QByteArrayView(Byte).sliced(Byte.size() / 3));
     Pretendi(Intero.Resto() == Diviso.Resto() && Intero.Resto().size() <= Byte.size());
-    return 0;
 }
+
+}  // namespace
+
+BERSAGLIO(fuzz_rtf, Prova);

@@ -1,19 +1,12 @@
 // Cards of other programs: any bytes give rows or a sentence, and what was read can be written as a card.
+#include "bersaglio.h"
+
 #include "addressbook/exchange/vcard.h"
 
 namespace {
 
-void Pretendi(bool Vero)
+void Prova(const QByteArray& Byte)
 {
-    if (!Vero)
-        __builtin_trap();
-}
-
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Dati, size_t Quanti)
-{
-    const QByteArray Byte(reinterpret_cast<const char*>(Dati), static_cast<qsizetype>(Quanti));
     try {
         const TabellaEstranea Lette = LeggiVcard(Byte);
         Pretendi(Lette.Righe.size() == Lette.Numeri.size() && Lette.Titoli.size() <= limiti::Colonne);
@@ -34,5 +27,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Dati, size_t Quanti)
     } catch (const Errore& Guasto) {
         Pretendi(Guasto.Numero == NumeroFileRifiutato && !Guasto.Descrizione.isEmpty());
     }
-    return 0;
 }
+
+}  // namespace
+
+BERSAGLIO(fuzz_vcard, Prova);

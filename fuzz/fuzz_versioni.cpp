@@ -1,4 +1,6 @@
 // versioni.txt as any server may send it: what is read of it goes into paths, addresses and a message.
+#include "bersaglio.h"
+
 #include "update/versioni.h"
 
 #include <QRegularExpression>
@@ -7,24 +9,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void Pretendi(bool Vero)
-{
-    if (!Vero)
-        __builtin_trap();
-}
-
 bool NomePiano(const QString& Nome)
 {
     return !Nome.contains(u'/') && !Nome.contains(u'\\') && !Nome.startsWith(u'.') && Nome.size() <= 100;
 }
 
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Dati, size_t Quanti)
+void Prova(const QByteArray& Dati)
 {
-    const QByteArray Contenuto(reinterpret_cast<const char*>(Dati),
-                               std::min<qsizetype>(qsizetype(Quanti), MassimoVersioni));
-    const Versioni Lette = LeggiVersioni(Contenuto);
+    const Versioni Lette = LeggiVersioni(Dati.left(MassimoVersioni));
     static const QRegularExpression TreNumeri(u"^[0-9]{1,5}\\.[0-9]{1,5}\\.[0-9]{1,5}\\z"_s);
     Pretendi(Lette.Versione.isEmpty() || TreNumeri.match(Lette.Versione).hasMatch());
     Pretendi(!Lette.RigaVuota || Lette.Versione.isEmpty());
@@ -42,5 +34,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Dati, size_t Quanti)
     // Newer one way at most.
     const QString Presente = u"3.0.14"_s;
     Pretendi(!VersioneNuova(Lette.Versione, Presente) || !VersioneNuova(Presente, Lette.Versione));
-    return 0;
 }
+
+}  // namespace
+
+BERSAGLIO(fuzz_versioni, Prova);
