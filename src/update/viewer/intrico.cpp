@@ -11,6 +11,7 @@ constexpr qsizetype MassimiAnnidati = 32;
 constexpr qsizetype MassimeTabelle = 6;
 constexpr int MassimaCampata = 200;
 constexpr qint64 MassimeCelle = 20000;
+constexpr qint64 MassimiPosti = 2'000'000;
 
 /// Elements without content.
 constexpr std::array<QByteArrayView, 11> Vuoti{"br",   "hr",   "img",   "meta", "link", "input",
@@ -26,9 +27,11 @@ bool Fra(const std::array<QByteArrayView, N>& Nomi, const QByteArray& Nome)
     return std::ranges::find(Nomi, QByteArrayView(Nome)) != Nomi.end();
 }
 
+/// Names may be spelled with entities.
 bool DiNome(char C)
 {
-    return (C >= 'a' && C <= 'z') || (C >= 'A' && C <= 'Z') || (C >= '0' && C <= '9') || C == ':' || C == '-';
+    return C == '&' || C == '#' || C == ';' || (C >= 'a' && C <= 'z') || (C >= 'A' && C <= 'Z') ||
+           (C >= '0' && C <= '9') || C == ':' || C == '-';
 }
 
 /// Walks the tags of a page.
@@ -52,6 +55,7 @@ private:
             return;
         }
         ++Posto;
+        SaltaBianchi();
         const bool Chiude = Posto < Pagina.size() && Pagina[Posto] == '/';
         Posto += Chiude;
         const QByteArray Nome = Parola();
@@ -59,6 +63,8 @@ private:
         Attributi(Finito);
         if (Nome.isEmpty() || Fra(Vuoti, Nome))
             return;
+        if (!Chiude)
+            ContaCelle(Nome);
         if (Chiude)
             Chiudi(Nome);
         else if (Fra(Muti, Nome))
@@ -90,6 +96,7 @@ private:
                 continue;
             }
             Finito = false;
+            Colma = Colma || Nome.contains('&');  // no page of ours hides an attribute
             SaltaBianchi();
             if (Posto >= Pagina.size() || Pagina[Posto] != '=')
                 continue;
@@ -134,12 +141,26 @@ private:
         return Pagina.sliced(Da, (Fine < 0 ? Pagina.size() : Fine) - Da);
     }
 
+    /// The layout keeps a place for each column of the widest row in each row, whether a cell stands there or
+    /// not.
+    void ContaCelle(const QByteArray& Nome)
+    {
+        if (Nome == "tr") {
+            ++Righe;
+            InRiga = 0;
+        } else if (Nome == "td" || Nome == "th") {
+            Colonne = std::max(Colonne, ++InRiga);
+        }
+        Colma = Colma || (Righe + MassimaCampata) * Colonne > MassimiPosti;
+    }
+
     /// A number in disguise is no number of ours.
     void Campata(const QByteArray& Valore)
     {
         bool Numero = false;
         const int Quante = Valore.trimmed().toInt(&Numero);
         Celle += Quante;
+        InRiga += Quante;
         Colma = Colma || (Numero && Quante > MassimaCampata) || Celle > MassimeCelle ||
                 Valore.contains('&') || (!Numero && Valore.size() > 3);
     }
@@ -171,7 +192,10 @@ private:
     const QByteArray& Pagina;
     QByteArrayList Aperti;
     qsizetype Posto = 0;
-    qint64 Celle = 0;
+    qint64 Celle = 0;    ///< that others span
+    qint64 Righe = 0;    ///< of all tables
+    qint64 Colonne = 0;  ///< of the widest row
+    qint64 InRiga = 0;
     bool Colma = false;
 };
 

@@ -7,6 +7,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/system/file.h"
+#include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 #include "update/viewer/intrico.h"
 #include "update/viewer/stilepagina.h"
@@ -132,8 +133,16 @@ bool Pagina::Segui(const QUrl& Collegamento)
 void Pagina::Mostra(const QUrl& Indirizzo)
 {
     // Read once more by the toolkit: what it cannot digest is refused before the page on view is gone.
-    if (Intricata(LeggiFile(Indirizzo.toLocalFile(), MassimaPagina)))
-        throw Errore(errori::Memoria);
+    const QString File = Indirizzo.toLocalFile();
+    try {
+        if (Intricata(LeggiFile(File, MassimaPagina)))
+            throw Errore(errori::Memoria);
+    } catch (const Errore& Guasto) {
+        throw Errore(Guasto.Numero,
+                     (Guasto.Numero == errori::Memoria ? u"Pagina troppo grande o troppo intricata: %1"_s
+                                                       : u"La pagina %1 non si può leggere"_s)
+                         .arg(NomeFile(File)));
+    }
     setExtraSelections({});
     setSource(Indirizzo, QTextDocument::HtmlResource);
 }

@@ -577,6 +577,13 @@ void TestFrmWeb::paginaTroppoGrande_data()
         << QByteArray("<table><tr><td rowspan='&#54;0000'>x</table>") << false;
     QTest::newRow("some cells over some")
         << "<table>" + Ripeti("<tr><td colspan=2>x</td></tr>", 100) + "</table>" << true;
+    QTest::newRow("blanks before a name") << Ripeti("< b>") << false;
+    QTest::newRow("a name in disguise") << Ripeti("<&#98;>") << false;
+    QTest::newRow("an attribute in disguise")
+        << "<table>" + Ripeti("<tr><td row&#115;pan=60000>x", 300) << false;
+    QTest::newRow("many rows of many cells")
+        << "<table>" + Ripeti("<td>x", 20000) + Ripeti("<tr>", 100) + "</table>" << false;
+    QTest::newRow("a long table") << "<table>" + Ripeti("<tr><td>x<td>x<td>x", 3000) << true;
     QTest::newRow("ends without beginnings") << QByteArray("</div></table><").repeated(2000) << true;
 }
 
@@ -587,7 +594,7 @@ void TestFrmWeb::paginaTroppoGrande()
     Registratore Box;
     Scrivi(u"uno.htm"_s, Html);
     if (!Mostrata)
-        Box.Attendi(u"Errore: Memoria insufficiente (7)"_s, vbOK, u"Errore:"_s);
+        Box.Attendi(u"Errore: Pagina troppo grande o troppo intricata: uno.htm (7)"_s, vbOK, u"Errore:"_s);
     QCOMPARE(Protetta([this] { Mostra(u"uno.htm"_s); }), Mostrata);
     QCOMPARE(W->isVisible(), Mostrata);
 }
