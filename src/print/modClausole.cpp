@@ -43,6 +43,17 @@ bool SoloBianchi(const QByteArray& Byte)
     return std::ranges::all_of(Byte, [](char C) { return C == ' ' || (C >= '\t' && C <= '\r'); });
 }
 
+/// What a word processor saves of an empty page is all fonts and styles; more than this is no empty page.
+constexpr qsizetype MassimoSenzaTesto = qsizetype(1) << 18;
+
+bool SenzaParole(const QString& Rtf)
+{
+    return std::ranges::all_of(LeggiRtf(Rtf), [](const BloccoDocumento& Blocco) {
+        const auto* Riga = std::get_if<Paragrafo>(&Blocco);
+        return Riga && Riga->Testo().trimmed().isEmpty();
+    });
+}
+
 /// The whole file but for the pictures of a rich text, and what keeps it from being printed.
 Clausole Leggi(const QString& Percorso)
 {
@@ -65,9 +76,10 @@ Clausole Leggi(const QString& Percorso)
         return {EsitoClausole::NonTesto, {}};
     if (Letti.size() > MassimoTesto)
         return {EsitoClausole::Troppe, {}};
-    if (SoloBianchi(Letti))
-        return {};
-    return {EsitoClausole::Lette, Rtf ? DaCp1252(Letti) : TestoSemplice(Letti)};
+    const QString Testo = Rtf ? DaCp1252(Letti) : TestoSemplice(Letti);
+    if (SoloBianchi(Letti) || (Rtf && Letti.size() <= MassimoSenzaTesto && SenzaParole(Testo)))
+        return {EsitoClausole::Vuote, {}};
+    return {Rtf && !Setaccio.Finito() ? EsitoClausole::Tronche : EsitoClausole::Lette, Testo};
 }
 
 // ---- where the files stand
@@ -95,6 +107,10 @@ QString Ragione(EsitoClausole Esito)
         return u"il file contiene troppo testo"_s;
     case EsitoClausole::NonTesto:
         return u"il file non è un testo RTF"_s;
+    case EsitoClausole::Vuote:
+        return u"il file è vuoto"_s;
+    case EsitoClausole::Tronche:
+        return u"il file è troncato"_s;
     case EsitoClausole::Lette:
     case EsitoClausole::Mancano:
         break;
@@ -102,7 +118,8 @@ QString Ragione(EsitoClausole Esito)
     return {};
 }
 
-/// Files whose clauses were not printed, by their reason, and those that the user was shown already.
+/// Files whose clauses were not printed whole, by what the user is to know, and those that he was shown
+/// already.
 struct Avvisi
 {
     QHash<QString, QString> DaMostrare;
@@ -122,7 +139,11 @@ void Registra(const QString& Nome, EsitoClausole Esito)
     if (Perche.isEmpty())
         Tutti.Mostrati.remove(Nome);
     else if (!Tutti.Mostrati.contains(Nome))
-        Tutti.DaMostrare.insert(Nome, Perche);
+        Tutti.DaMostrare.insert(Nome, u"Attenzione, le clausole di "_s + Nome +
+                                          (Esito == EsitoClausole::Tronche
+                                               ? u" sono state stampate solo in parte: "_s
+                                               : u" non sono state stampate: "_s) +
+                                          Perche + u'.');
 }
 
 }  // namespace
@@ -180,8 +201,8 @@ void AvvisaClausole()
 {
     Avvisi& Tutti = AvvisiClausole();
     const QHash<QString, QString> Nuovi = std::exchange(Tutti.DaMostrare, {});
-    for (const auto& [Nome, Perche] : Nuovi.asKeyValueRange()) {
+    for (const auto& [Nome, Frase] : Nuovi.asKeyValueRange()) {
         Tutti.Mostrati.insert(Nome);
-        MsgErrore(u"Attenzione, le clausole di "_s + Nome + u" non sono state stampate: "_s + Perche + u'.');
+        MsgErrore(Frase);
     }
 }

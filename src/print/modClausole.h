@@ -9,10 +9,12 @@
 /// Most text that a document takes from a file, in bytes; pictures in it do not count.
 constexpr qint64 MassimoTesto = qint64(8) << 20;
 
-/// Why the clauses of a file are not printed.
+/// Why the clauses of a file are not printed, or not all of them.
 enum class EsitoClausole {
     Lette,
-    Mancano,      ///< no file, or an empty one
+    Mancano,      ///< no file
+    Vuote,        ///< a file without a word
+    Tronche,      ///< they are printed as far as the file goes, which breaks off
     Illeggibili,  ///< it cannot be opened
     Troppe,       ///< more text than MassimoTesto
     NonTesto,     ///< a document of another kind, or a damaged one
@@ -45,6 +47,7 @@ struct Clausole
 /// @param Tipo StampaContratto or StampaInformativa
 void StampaClausole(Superficie& vp, const Parcella& Nota, int Tipo);
 
-/// Shows the user which files' clauses were not printed since the last call, and why. A file that was shown
-/// is not shown again until its clauses have been printed; missing clauses are nothing to be shown.
+/// Shows the user which files' clauses were not printed since the last call, or not to their end, and why. A
+/// file that was shown is not shown again until its clauses have been printed whole; a missing file is
+/// nothing to be shown.
 void AvvisaClausole();

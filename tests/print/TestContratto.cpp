@@ -366,9 +366,7 @@ void TestContratto::clausoleMancanti()
     Parcella Nota = campioni::Civile();
     Nota.txtDatiStaOgg.Testo.clear();
     Nota.txtDatiStaCli.Testo = u"Mario Rossi"_s;
-    QTEST(TestiBlocchi(documenti::ComeSta(Nota, Tipo)).last(), "Ultima");
-    ScriviFile(Clausole + u"ContrattoPersonaFisica.rtf"_s, {});
-    ScriviFile(Clausole + u"ResaInformazionePersonaFisica.rtf"_s, {});
+    const Registratore Messaggi;
     QTEST(TestiBlocchi(documenti::ComeSta(Nota, Tipo)).last(), "Ultima");
 }
 
@@ -383,22 +381,31 @@ void TestContratto::clausoleGuaste_data()
 {
     QTest::addColumn<QByteArray>("Byte");
     QTest::addColumn<QString>("Lette");
-    QTest::newRow("troncato nel testo") << QByteArray("{\\rtf1\\ansi Foro di Mil") << u"Foro di Mil"_s;
-    QTest::newRow("troncato nei font") << QByteArray("{\\rtf1\\ansi{\\fonttbl{\\f0 Tim") << QString();
-    QTest::newRow("gruppi senza fine") << QByteArray("{\\rtf1") + QByteArray(100000, '{') << QString();
-    QTest::newRow("bianchi prima") << QByteArray(" \r\n{\\rtf1\\ansi Foro di Milano}") << u"Foro di Milano"_s;
+    QTest::addColumn<bool>("InParte");
+    QTest::newRow("troncato nel testo")
+        << QByteArray("{\\rtf1\\ansi Foro di Mil") << u"Foro di Mil"_s << true;
+    QTest::newRow("troncato in una figura")
+        << QByteArray("{\\rtf1\\ansi Foro{\\pict 00ff") << u"Foro"_s << true;
+    QTest::newRow("bianchi prima") << QByteArray(" \r\n{\\rtf1\\ansi Foro di Milano}") << u"Foro di Milano"_s
+                                   << false;
     QTest::newRow("byte nulli in coda")
-        << QByteArray("{\\rtf1\\ansi Foro di Milano}\0\0", 28) << u"Foro di Milano"_s;
-    QTest::newRow("UTF-8 senza marca") << QByteArray("Citt\xC3\xA0") << u"Città"_s;
+        << QByteArray("{\\rtf1\\ansi Foro di Milano}\0\0", 28) << u"Foro di Milano"_s << false;
+    QTest::newRow("UTF-8 senza marca") << QByteArray("Citt\xC3\xA0") << u"Città"_s << false;
 }
 
 void TestContratto::clausoleGuaste()
 {
     QFETCH(QByteArray, Byte);
     QFETCH(QString, Lette);
+    QFETCH(bool, InParte);
     const Parcella Nota = Completa(campioni::Civile());
     const QString Senza = TestiBlocchi(Composto(Nota, StampaContratto)).join(u'|');
     ScriviFile(Clausole + u"ContrattoPersonaFisica.rtf"_s, Byte);
+    Registratore Messaggi;
+    if (InParte)
+        Messaggi.Attendi(u"Attenzione, le clausole di ContrattoPersonaFisica.rtf sono state stampate solo in "
+                         u"parte: il file è troncato."_s,
+                         vbOK, u"Errore:"_s);
     const QString Con = TestiBlocchi(Composto(Nota, StampaContratto)).join(u'|');
     QVERIFY(Con.startsWith(Senza));
     QCOMPARE(Con.mid(Senza.size()).remove(u'|').remove(QChar()), Lette);
@@ -414,6 +421,13 @@ void TestContratto::clausoleRifiutate_data()
         << QByteArray("\xD0\xCF\x11\xE0\xA1\xB1 testo") << NonTesto;
     QTest::newRow("byte nulli") << QByteArray("Foro\0 di Milano", 15) << NonTesto;
     QTest::newRow("byte nulli nel testo RTF") << QByteArray("{\\rtf1 Foro\0 di Milano}", 23) << NonTesto;
+    const QString Vuoto = u"il file è vuoto"_s;
+    QTest::newRow("niente") << QByteArray("") << Vuoto;
+    QTest::newRow("soli bianchi") << QByteArray(" \r\n\t ") << Vuoto;
+    QTest::newRow("una pagina vuota")
+        << QByteArray("{\\rtf1\\ansi{\\fonttbl{\\f0 Times;}}\\pard\\par}") << Vuoto;
+    QTest::newRow("troncato nei font") << QByteArray("{\\rtf1\\ansi{\\fonttbl{\\f0 Tim") << Vuoto;
+    QTest::newRow("gruppi senza fine") << QByteArray("{\\rtf1") + QByteArray(100000, '{') << Vuoto;
     QTest::newRow("troppo testo") << QByteArray("{\\rtf1 ") + QByteArray(MassimoTesto, 'a') + '}'
                                   << u"il file contiene troppo testo"_s;
 }
