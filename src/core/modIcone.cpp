@@ -85,7 +85,8 @@ TabellaRighe LeggiIcone()
     File.ImpostaFileName(FileIcone());
     File.ImpostaApplicationKey(Sezione);
     TabellaRighe Icone(ColonneIcona);
-    if (!EsisteFile(File.FileName()))
+    // A folder of this name is reported as a file that cannot be read.
+    if (!EsisteFile(File.FileName()) && !EsisteCartella(File.FileName()))
         return Icone;
     for (int n = 0;; ++n) {
         std::array<QString, ColonneIcona> Valori;

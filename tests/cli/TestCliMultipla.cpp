@@ -94,7 +94,7 @@ void TestCliMultipla::rifiuta_data()
                                      << Stessa;
     QTest::newRow("a file that is not there")
         << QStringList{u"riepilogo"_s, Civile, u"--multipla"_s, u"/manca.mdb"_s} << 1
-        << u"Errore: Database non trovato (3024)"_s;
+        << u"Errore: Database non trovato: /manca.mdb (3024)"_s;
     QTest::newRow("a command without it") << QStringList{u"lettere"_s, u"1"_s, u"--multipla"_s, Penale} << 2
                                           << u"L'opzione --multipla non vale per il comando lettere"_s;
     QTest::newRow("before nothing") << QStringList{u"riepilogo"_s, Civile, u"--prima"_s} << 2

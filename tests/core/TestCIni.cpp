@@ -127,7 +127,7 @@ void TestCIni::guastoDiLettura()
     Registratore Box;
     const CIni Ini = Aperto("[desktop]\nL0=x\n");
     QVERIFY(QFile::setPermissions(Ini.FileName(), QFile::Permissions()));
-    Box.Attendi(u"75 "_s + DescrizioneErrore(75));
+    Box.Attendi(u"75 %1: %2"_s.arg(DescrizioneErrore(75), Ini.FileName()));
     QCOMPARE(Ini.GetValue(u"L0"_s, u"predefinito"_s), QString());
     QCOMPARE(Box.Mostrato(0).Bandiere, vbOKOnly);
 }

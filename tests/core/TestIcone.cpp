@@ -143,12 +143,14 @@ void TestIcone::fileIlleggibile()
     const QString File = sessione::PercorsoProg + u"kr5.ini"_s;
     ScriviFile(File, "[desktop]\nL0=A\nL0_c=/a\nL0_i=a.gif\n");
     QVERIFY(QFile::setPermissions(File, {}));
-    Box.Attendi(u"75 "_s + DescrizioneErrore(75));  // once, not for each key
+    const QString Frase = u"75 %1: %2"_s.arg(DescrizioneErrore(75), File);
+    Box.Attendi(Frase);  // once, not for each key
     LeggiIconeUtente();
     QVERIFY(IconeUtente.Vuota());
-    // A folder of that name is no file, so that there is none.
+    // A folder of that name keeps the icons away as well.
     QVERIFY(QFile::remove(File));
     QVERIFY(QDir().mkpath(File));
+    Box.Attendi(Frase);
     LeggiIconeUtente();
     QVERIFY(IconeUtente.Vuota());
 }

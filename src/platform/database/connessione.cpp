@@ -18,6 +18,8 @@ namespace {
 
 constexpr int LimiteCella = 16 * 1024 * 1024;
 constexpr int LimiteSql = 1024 * 1024;
+constexpr int DiscoORete = 3043;
+const QString InMemoria = u":memory:"_s;
 
 /// What a message of the engine's general error begins with or holds, and what it means here.
 struct Messaggio
@@ -92,10 +94,18 @@ Errore ErroreMotore(int Esito, const char* Testo)
     case SQLITE_TOOBIG:
         return Errore(3047, u"Il record è troppo grande"_s);
     case SQLITE_IOERR:
-        return Errore(3043, u"Errore del disco o della rete"_s);
+        return Errore(DiscoORete, u"Errore del disco o della rete"_s);
     default:
         return Errore(errori::Imprevisto);
     }
+}
+
+/// What says more with the file's name.
+bool DelFile(const Errore& Guasto)
+{
+    constexpr std::array Numeri{errori::FormatoDatabase, errori::Accesso, errori::TabellaMancante,
+                                DiscoORete};
+    return std::ranges::find(Numeri, Guasto.Numero) != Numeri.end();
 }
 
 bool DiUnoSguardo(Connessione::Modo Apertura)
@@ -131,6 +141,17 @@ bool SoloSpazi(QByteArrayView Resto)
 }
 
 }  // namespace
+
+Errore ErroreDelFile(int Numero, const QString& Percorso)
+{
+    return Errore(Numero, DescrizioneErrore(Numero) + u": "_s + Percorso);
+}
+
+Errore ErroreSenzaTabella(const QString& Percorso)
+{
+    return Errore(errori::TabellaMancante,
+                  DescrizioneErrore(errori::TabellaMancante) + u" nel file "_s + Percorso);
+}
 
 // ---- The connection -----------------------------------------------------------------------------
 
@@ -213,7 +234,12 @@ void Connessione::Verifica(int Esito) const
 {
     if (Esito == SQLITE_OK || Esito == SQLITE_ROW || Esito == SQLITE_DONE)
         return;
-    throw ErroreMotore(Esito, Db ? sqlite3_errmsg(Motore()) : "");
+    const Errore Guasto = ErroreMotore(Esito, Db ? sqlite3_errmsg(Motore()) : "");
+    if (File == InMemoria || !DelFile(Guasto))
+        throw Guasto;
+    throw Guasto.Numero == errori::TabellaMancante
+        ? ErroreSenzaTabella(File)
+        : Errore(Guasto.Numero, Guasto.Descrizione + u": "_s + File);
 }
 
 int Connessione::Esegui(const QString& Sql, const QVariantList& Valori)

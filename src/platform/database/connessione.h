@@ -12,6 +12,14 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
+struct Errore;
+
+/// The error of a file that cannot be opened or read. Its description names the file: of several archives the
+/// user must know which.
+[[nodiscard]] Errore ErroreDelFile(int Numero, const QString& Percorso);
+/// The same for a table that the file does not have.
+[[nodiscard]] Errore ErroreSenzaTabella(const QString& Percorso);
+
 /// An open file, or a private database in memory.
 class Connessione
 {

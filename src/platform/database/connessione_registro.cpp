@@ -66,16 +66,16 @@ bool ControllaTestata(const QString& File)
     constexpr qsizetype Lunghezza = 100;
     QFile Aperto(File);
     if (!Aperto.open(QIODevice::ReadOnly))
-        throw Errore(errori::Accesso);
+        throw ErroreDelFile(errori::Accesso, File);
     const QByteArray Testata = Aperto.read(Lunghezza);
     if (Testata.size() < Lunghezza || !Testata.startsWith(QByteArray("SQLite format 3\0", 16)))
-        throw Errore(errori::FormatoDatabase);
+        throw ErroreDelFile(errori::FormatoDatabase, File);
     const auto Numero = [&](int Posto) { return qFromBigEndian<quint32>(Testata.constData() + Posto); };
     const quint16 Scritta = qFromBigEndian<quint16>(Testata.constData() + 16);
     const qint64 Pagina = Scritta == 1 ? 65536 : Scritta;
     const bool ContoValido = Numero(24) == Numero(92);
     if (ContoValido && !HaGiornale(File) && Aperto.size() < Pagina * qint64(Numero(28)))
-        throw Errore(errori::FormatoDatabase);
+        throw ErroreDelFile(errori::FormatoDatabase, File);
     return Testata[18] == 2 || Testata[19] == 2;
 }
 
@@ -83,9 +83,9 @@ void ControllaFile(const QString& Percorso)
 {
     const QFileInfo Info(Percorso);
     if (!Info.exists())
-        throw Errore(errori::DatabaseMancante);
+        throw ErroreDelFile(errori::DatabaseMancante, Percorso);
     if (!Info.isFile() || !Info.permission(QFile::ReadOwner))
-        throw Errore(errori::Accesso);
+        throw ErroreDelFile(errori::Accesso, Percorso);
 }
 
 }  // namespace

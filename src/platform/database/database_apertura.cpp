@@ -93,7 +93,7 @@ Recordset Database::OpenRecordset(const QString& Origine, const QVariantList& Va
     std::optional<Sorgente> Da =
         Semplice ? SorgenteDi(Conn, Semplice->Tabella, Semplice->Colonne) : std::nullopt;
     if (!Da && !Query && NomeVero(*Conn, Origine).isEmpty())
-        throw Errore(errori::TabellaMancante);
+        throw ErroreSenzaTabella(Conn->Percorso());
     auto Nuovo = std::make_shared<Recordset::Dati>();
     if (Da) {
         Nuovo->Da = *Da;

@@ -206,7 +206,7 @@ QList<Campo> Database::Campi(const QString& Tabella) const
 {
     const QString Vero = NomeVero(PerLeggere(), Tabella);
     if (Vero.isEmpty())
-        throw Errore(errori::TabellaMancante);
+        throw ErroreSenzaTabella(Conn->Percorso());
     return LeggiCampi(*Conn, Vero);
 }
 
@@ -222,7 +222,7 @@ void Database::CreaIndice(const QString& Tabella, const QString& Nome, const QSt
 {
     const QString Vero = NomeVero(PerScrivere(), Tabella);
     if (Vero.isEmpty())
-        throw Errore(errori::TabellaMancante);
+        throw ErroreSenzaTabella(Conn->Percorso());
     QStringList Nomi;
     for (const QString& C : Colonne)
         Nomi << Identificatore(C);
@@ -235,7 +235,7 @@ void Database::CopiaTabella(const QString& Tabella, const Database& Destinazione
 {
     const QString Vero = NomeVero(PerLeggere(), Tabella);
     if (Vero.isEmpty())
-        throw Errore(errori::TabellaMancante);
+        throw ErroreSenzaTabella(Conn->Percorso());
     const QList<Campo> Colonne = LeggiCampi(*Conn, Vero);
     Connessione& Arrivo = Destinazione.PerScrivere();
     Blocco Tutto(Arrivo);

@@ -210,7 +210,7 @@ QByteArray LeggiInizio(const QString& Percorso)
     const bool Leggibile = Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
     QFile Aperto(Percorso);
     if (!Info.isFile() || !Leggibile || !Aperto.open(QIODevice::ReadOnly))
-        throw Errore(errori::Accesso);
+        throw Errore(errori::Accesso, DescrizioneErrore(errori::Accesso) + u": "_s + Percorso);
     return Aperto.read(MassimoByte);
 }
 

@@ -189,7 +189,11 @@ void TestFrmRubrica::lArchivioCheManca()
             Altro.write(Contenuto);
         }
     }
-    A->Voce.Attendi(u"Errore: %1 (%2)"_s.arg(DescrizioneErrore(Numero)).arg(Numero), vbOK, u"Errore:"_s);
+    A->Voce.Attendi(
+        u"Errore: %1%2%3 (%4)"_s
+            .arg(DescrizioneErrore(Numero), Numero == 3078 ? u" nel file "_s : u": "_s, Chiesta.DataSource)
+            .arg(Numero),
+        vbOK, u"Errore:"_s);
     QVERIFY(!A->Apri(Chiesta));
     QCOMPARE(QFile::exists(Chiesta.DataSource), !Contenuto.isEmpty());
     QVERIFY(A->Apri(A->DaNota()));
@@ -224,7 +228,8 @@ void TestFrmRubrica::senzaArchivioIlFileRubrica()
     sessione::PercorsoProg = NuovaCartella();
     RichiestaRubrica Chiesta = A->DaNota();
     Chiesta.DataSource.clear();
-    A->Voce.Attendi(u"Errore: %1 (3024)"_s.arg(DescrizioneErrore(3024)));
+    A->Voce.Attendi(
+        u"Errore: %1: %2rubrica.mdb (3024)"_s.arg(DescrizioneErrore(3024), sessione::PercorsoProg));
     QVERIFY(!A->Apri(Chiesta));
     QVERIFY(!QFile::exists(sessione::PercorsoProg + u"rubrica.mdb"_s));
     QVERIFY(QFile::copy(A->File, sessione::PercorsoProg + u"rubrica.mdb"_s));
@@ -241,7 +246,7 @@ void TestFrmRubrica::dalComandoCambiaArchivio()
     QCOMPARE(Nomi(F), (QStringList{u"Gamma Spa"_s, u"Delta Srl"_s}));
     // A table that cannot be opened leaves the one on view.
     OpenDatabase(A->File).Execute(u"DROP TABLE clienti"_s);
-    A->Voce.Attendi(u"Errore: %1 (3078)"_s.arg(DescrizioneErrore(3078)));
+    A->Voce.Attendi(u"Errore: %1 nel file %2 (3078)"_s.arg(DescrizioneErrore(3078), A->File));
     Clic(Controllo(F, "optArchivio_0"));
     QCOMPARE(F->windowTitle(), u"Archivio: controparti"_s);
     QVERIFY(Controllo<QRadioButton>(F, "optArchivio_1")->isChecked());

@@ -271,7 +271,8 @@ void TestMultipleCollegate::cancellataEChiusa()
     NotaCancellata(File);
     QCOMPARE(F->FinestraMulti(), Compagna);
     T->Voce.Attendi(u"altra nota\nVuoi salvare la parcella prima di chiudere?"_s, vbNo);
-    T->Voce.Attendi(u"Errore: "_s + DescrizioneErrore(3024) + u" (3024)"_s, vbOK, u"Errore:"_s);
+    T->Voce.Attendi(u"Errore: "_s + DescrizioneErrore(3024) + u": "_s + File + u" (3024)"_s, vbOK,
+                    u"Errore:"_s);
     QVERIFY(ChiudiParcella(2));
     QCOMPARE(F->Socio(), 0);
     QCOMPARE(Esenti(), u"Esenti: 27,00"_s);
