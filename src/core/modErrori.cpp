@@ -1,6 +1,7 @@
 #include "core/modErrori.h"
 
 #include "core/aperture.h"
+#include "core/rapportiunici.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
 #include "platform/system/messaggi.h"
@@ -9,6 +10,24 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// What the outermost RapportiUnici has seen; null while there is none.
+QStringList*& RapportiMostrati()
+{
+    static QStringList* Tutti = nullptr;
+    return Tutti;
+}
+
+/// True for a report that is to be shown; it counts as shown from then on.
+bool Nuovo(const QString& Rapporto)
+{
+    QStringList* Mostrati = RapportiMostrati();
+    if (!Mostrati)
+        return true;
+    const bool Primo = !Mostrati->contains(Rapporto);
+    Mostrati->append(Rapporto);
+    return Primo;
+}
 
 void Traccia()
 {
@@ -21,13 +40,26 @@ void Traccia()
 bool GestioneErrori(const Errore& Guasto, int Ignora)
 {
     const bool DaMostrare = Guasto.Numero > 0 && Guasto.Numero != Ignora;
-    if (DaMostrare) {
+    const QString Rapporto = u"Errore: %1 (%2)"_s.arg(Guasto.Descrizione, QString::number(Guasto.Numero));
+    if (DaMostrare && Nuovo(Rapporto)) {
         if (!sessione::TestoDebug.isEmpty())
             Traccia();
-        MsgErrore(u"Errore: "_s + Guasto.Descrizione + u" ("_s + QString::number(Guasto.Numero) + u')');
+        MsgErrore(Rapporto);
     }
     Clessidra(false);
     return DaMostrare;
+}
+
+RapportiUnici::RapportiUnici()
+{
+    if (!RapportiMostrati())
+        RapportiMostrati() = &Mostrati;
+}
+
+RapportiUnici::~RapportiUnici()
+{
+    if (RapportiMostrati() == &Mostrati)
+        RapportiMostrati() = nullptr;
 }
 
 bool RiferisciCorrente(int Ignora)

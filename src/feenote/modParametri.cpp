@@ -1,6 +1,7 @@
 #include "feenote/modParametri.h"
 
 #include "core/modErrori.h"
+#include "core/rapportiunici.h"
 #include "feenote/modVariazione.h"
 #include "platform/base/errore.h"
 #include "platform/system/messaggi.h"
@@ -120,6 +121,7 @@ void CambiaCategoria(Parcella& Nota, int Indice)
     if (Codice.isEmpty() || Codice == Nota.CodCateg)
         return;
 
+    const RapportiUnici UnaVolta;
     SegnaRicalcolo(Nota);
     Nota.CodCateg = Codice;
     LoadAutorità(Nota, Codice);
@@ -308,6 +310,7 @@ void SelezionaInSilenzio(Parcella& Nota, int Categ, int Autor, int Valore)
     Nota.cmbCateg = Codice.isEmpty() ? NessunaVoce : Categ;
     Nota.CodCateg = Codice.isEmpty() ? Civile.toString() : Codice;
     Nota.Scaglione = 0;
+    const RapportiUnici UnaVolta;
     LoadAutorità(Nota, Nota.CodCateg);
     LoadScaglioni(Nota, Nota.CodCateg);
     StatiPerCategoria(Nota);

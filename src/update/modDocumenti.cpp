@@ -56,12 +56,21 @@ VoceDocumento VoceDi(const QString& File)
     return {File, Intero.left(Punto), Intero.mid(Punto + 1).toUpper()};
 }
 
+/// @throws Errore as LeggiFile, with the catalogue's name
+QByteArray LeggiElenco(const QString& Elenco)
+{
+    try {
+        return LeggiFile(Elenco, MassimoElenco);
+    } catch (const Errore& Guasto) {
+        throw Errore(Guasto.Numero, Guasto.Descrizione + u": "_s + Elenco);
+    }
+}
+
 QList<VoceDocumento> DaElenco(const QString& Cartella, const QString& Elenco)
 {
     QList<VoceDocumento> Trovati;
     QSet<QString> Visti;
-    for (const QString& Riga :
-         TestoElenco(LeggiFile(Elenco, MassimoElenco)).replace(u'\r', u'\n').split(u'\n')) {
+    for (const QString& Riga : TestoElenco(LeggiElenco(Elenco)).replace(u'\r', u'\n').split(u'\n')) {
         const QString Nome = Riga.trimmed();
         const QString File = Nome.isEmpty() ? QString() : FileDi(Cartella, Nome);
         if (File.isEmpty() || Visti.contains(File))
@@ -102,7 +111,7 @@ QList<VoceDocumento> ElencoDocumenti(const QString& Cartella)
     if (!EsisteCartella(Intera))
         return {};
     const QString Elenco = TrovaFile(Intera + u"elenco.txt"_s);
-    return EsisteFile(Elenco) ? DaElenco(Intera, Elenco) : DaCartella(Intera);
+    return EsisteFile(Elenco) || EsisteCartella(Elenco) ? DaElenco(Intera, Elenco) : DaCartella(Intera);
 }
 
 bool Contiene(const VoceDocumento& Voce, const QString& Testo)

@@ -3,6 +3,7 @@
 #include "supporto/registratore.h"
 
 #include "core/modErrori.h"
+#include "core/rapportiunici.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
 #include "platform/system/shell.h"
@@ -26,6 +27,7 @@ private Q_SLOTS:
     void ilPuntatoreTornaDopoIlMessaggio();
     void mostraPrimaLaTraccia();
     void msgErroreECritico();
+    void laStessaFraseUnaVolta();
 
     void protettaDiceSeEArrivataInFondo();
     void protettaIgnoraIlNumeroDato();
@@ -150,6 +152,31 @@ void TestErrori::laPrimaVoceNonVaACapo()
     QCOMPARE(sessione::TestoDebug, u"- a- b\n- c\n"_s);
     QCOMPARE(Eventi, (QStringList{u"FINESTRA DEBUG:\n- a"_s, u"FINESTRA DEBUG:\n- a- b\n"_s,
                                   u"FINESTRA DEBUG:\n- a- b\n- c\n"_s}));
+}
+
+// What one damaged file keeps from several readings is one thing to know; another one is told, and so is the
+// same one behind the next act.
+void TestErrori::laStessaFraseUnaVolta()
+{
+    const Errore Stesso(13, u"a.mdb"_s);
+    for (int Atto = 0; Atto < 2; ++Atto) {
+        Registratore Box;
+        Box.Attendi(u"Errore: a.mdb (13)"_s, vbOK, u"Errore:"_s);
+        Box.Attendi(u"Errore: b.mdb (13)"_s, vbOK, u"Errore:"_s);
+        const RapportiUnici UnaVolta;
+        QVERIFY(GestioneErrori(Stesso));
+        {
+            const RapportiUnici Dentro;
+            QVERIFY(GestioneErrori(Stesso));
+            QVERIFY(GestioneErrori(Errore(13, u"b.mdb"_s)));
+        }
+        QVERIFY(GestioneErrori(Stesso));
+    }
+    Registratore Box;
+    for (int Volta = 0; Volta < 2; ++Volta)
+        Box.Attendi(u"Errore: a.mdb (13)"_s, vbOK, u"Errore:"_s);
+    GestioneErrori(Stesso);
+    GestioneErrori(Stesso);
 }
 
 void TestErrori::tracciaSenzaScrivania()

@@ -603,8 +603,10 @@ void TestParametri::senzaTariffeListeVuote()
     sessione::PercorsoProg = Ufficio.Cartella();
     Registratore Messaggi;
     Parcella Nota;
-    Messaggi.Attendi(TestoErrore(3024), vbOK, u"Errore:"_s);
-    Messaggi.Attendi(TestoErrore(3024), vbOK, u"Errore:"_s);
+    // Two lists, one file that is missing: one sentence, and it says which.
+    Messaggi.Attendi(
+        u"Errore: %1: %2parcelle.mdb (3024)"_s.arg(DescrizioneErrore(3024), sessione::PercorsoProg), vbOK,
+        u"Errore:"_s);
     NuovaParcella(Nota);
     QVERIFY(Nota.ListaAutorita.isEmpty());
     QVERIFY(Nota.ListaScaglioni.isEmpty());

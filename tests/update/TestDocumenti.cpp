@@ -29,6 +29,7 @@ private Q_SLOTS:
     void codifiche();
     void elencoVuoto();
     void elencoSmisurato();
+    void cartellaAlPostoDellElenco();
     void senzaElenco();
     void ultimeTreLettere_data();
     void ultimeTreLettere();
@@ -180,6 +181,21 @@ void TestDocumenti::elencoSmisurato()
         QFAIL("letto");
     } catch (const Errore& Guasto) {
         QCOMPARE(Guasto.Numero, 7);
+        QVERIFY2(Guasto.Descrizione.endsWith(u": "_s + Docum + u"elenco.txt"_s),
+                 qPrintable(Guasto.Descrizione));
+    }
+}
+
+void TestDocumenti::cartellaAlPostoDellElenco()
+{
+    Crea(u"buono.pdf"_s);
+    CreaCartella(Docum + u"elenco.txt"_s);
+    try {
+        (void)ElencoDocumenti(Docum);
+        QFAIL("letto");
+    } catch (const Errore& Guasto) {
+        QCOMPARE(Guasto.Numero, 75);
+        QVERIFY2(Guasto.Descrizione.contains(u"elenco.txt"), qPrintable(Guasto.Descrizione));
     }
 }
 

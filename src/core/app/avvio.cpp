@@ -11,6 +11,7 @@
 #include "core/posti.h"
 #include "feenote/companion/modRichiesta.h"
 #include "feenote/file/modPosaFile.h"
+#include "platform/base/errore.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
 #include "platform/system/file.h"
@@ -182,7 +183,7 @@ void FineSenzaFinestre()
 void DopoUltimaParcella()
 {
     auto& Cornice = Singola<frmMain>();
-    Protetta([&] { Cornice.SalvaMisure(); });
+    Protetta([&] { Cornice.SalvaMisure(); }, errori::Accesso);
     if (sessione::ModoLow) {
         if (!Aperture.ChiudiRubriche || Aperture.ChiudiRubriche())
             Termina();

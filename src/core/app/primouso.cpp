@@ -125,9 +125,20 @@ constexpr std::array PassiPrimoUso{
 
 void PreparaTassi()
 {
+    const QString Nome = u"Tassi.dat"_s;
     const QString Cartella = Barra(Impostazione(chiavi::UserFolder.toString()));
-    if (EsisteCartella(Cartella))
-        CopiaSeManca(u"Tassi.dat"_s, Cartella);
+    const QString Fornito = TrovaFile(CartellaProgramma() + Nome);
+    if (!EsisteCartella(Cartella) || EsisteFile(TrovaFile(Cartella + Nome)) || !EsisteFile(Fornito))
+        return;
+    // A copy stays for good: of a damaged archive none is made, so that the next start, or an update, brings
+    // a sound one.
+    {
+        const Database Tassi = ApriArchivio(Fornito, true);
+        for (const QString& Tabella :
+             {u"InteressiLegali"_s, u"InteressiMora"_s, u"IndiciIstat"_s, u"CoefficientiRaccordo"_s})
+            (void)Tassi.OpenRecordset(Tabella);
+    }
+    CopiaSeManca(Nome, Cartella);
 }
 
 void PrimoUso()
@@ -139,6 +150,10 @@ void PrimoUso()
             Passo.Fai();
         } catch (...) {
             const Errore Guasto = ErroreCorrente();
+            if (Guasto.Numero == errori::FormatoDatabase || Guasto.Numero == errori::TabellaMancante) {
+                GestioneErrori(Guasto);  // a damaged file, which no folder's permissions mend
+                continue;
+            }
             const QString Perche =
                 u": %1%2 (%3)"_s.arg(Guasto.Descrizione.left(1).toLower(), Guasto.Descrizione.mid(1),
                                      QString::number(Guasto.Numero));

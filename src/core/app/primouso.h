@@ -12,5 +12,6 @@
 void PrimoUso();
 
 /// Takes a rate archive that is missing from the stored user folder from the program folder. Nothing where
-/// that folder is missing. @throws Errore as LeggiFile and CreaFile
+/// that folder is missing. @throws Errore as LeggiFile and CreaFile, and as OpenDatabase for an archive that
+/// cannot be read, of which no copy is made
 void PreparaTassi();

@@ -402,8 +402,14 @@ void frmStudio::StendiSfondo()
     if (Sfondo.isEmpty() || SfondoSteso.size() == Misura)
         return;
     SfondoSteso = aspetto::LeggiImmagine(Sfondo, Misura);
-    if (SfondoSteso.isNull())
-        Sfondo.clear();  // no picture: the plain colour
+    if (SfondoSteso.isNull()) {
+        // No picture: the plain colour. It is told once, however often the desktop is drawn anew.
+        if (std::exchange(SfondoGuasto, Sfondo) != Sfondo)
+            InCodaDopoIlRespiro(this, [File = Sfondo] {
+                MsgErrore(u"L'immagine di sfondo %1 non si può leggere."_s.arg(File));
+            });
+        Sfondo.clear();
+    }
     update();
 }
 

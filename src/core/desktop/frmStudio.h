@@ -82,6 +82,7 @@ private:
     std::unique_ptr<Ui::frmStudio> ui;
     std::vector<IconaStudio*> Icone;  // children of the board
     QString Sfondo;                   ///< picture, full path; empty: the plain colour
+    QString SfondoGuasto;             ///< the picture that could not be read, once the user was told
     QPixmap SfondoSteso;              ///< at the size of the window
     QTimer SfondoDaStendere;          ///< runs while the picture is not at that size
     int IconaMarcata = NessunaIcona;

@@ -6,6 +6,7 @@
 #include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/parametri.h"
+#include "core/rapportiunici.h"
 #include "core/sessione.h"
 #include "feenote/companion/modRichiesta.h"
 #include "feenote/file/modLettura.h"
@@ -26,6 +27,7 @@
 #include "platform/system/guasti.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
+#include "tariffs/modTariffe.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -62,6 +64,16 @@ void SalvaDisposizione(const QObject* Di, const QString& Valore)
         RicordaImpostazioni({{ChiaveDisposizione(Di), Valore}});
 }
 
+/// True when the reference database, with which a note is read, can be.
+bool TariffeLeggibili()
+{
+    try {
+        return ApriTariffe().EsisteTabella(u"Autorità"_s);
+    } catch (const Errore&) {
+        return false;
+    }
+}
+
 /// Reads a note. A file that is something else says so by its name.
 void LeggiParcella(Parcella& Nota, const QString& Percorso)
 {
@@ -70,7 +82,8 @@ void LeggiParcella(Parcella& Nota, const QString& Percorso)
     } catch (const Errore& Guasto) {
         constexpr std::array NessunaParcella{errori::FormatoDatabase, errori::TabellaMancante,
                                              errori::ElementoMancante};
-        if (std::ranges::find(NessunaParcella, Guasto.Numero) == NessunaParcella.end())
+        // A note is not to blame for what its tariff lacks.
+        if (std::ranges::find(NessunaParcella, Guasto.Numero) == NessunaParcella.end() || !TariffeLeggibili())
             throw;
         throw Errore(Guasto.Numero, NomeFile(Percorso) + u" non è una parcella di Calcanova"_s);
     }
@@ -86,6 +99,7 @@ void frmParcelle::Nuova(const QString& ID)
 {
     TornaAllaBase();
     CambiaNota(true);
+    const RapportiUnici UnaVolta;
     NuovaParcella(Nota);
     if (!ID.isEmpty())
         ApplicaRichiesta(Nota, sessione::RichiestaPV2);
@@ -98,6 +112,7 @@ bool frmParcelle::Carica(const QString& Percorso)
 {
     TornaAllaBase();
     CambiaNota(true);
+    const RapportiUnici UnaVolta;
     const bool Letta = Protetta([&] { LeggiParcella(Nota, Percorso); });
     AdottaRiferimento(Nota);
     RilegaRighe();
@@ -235,7 +250,7 @@ bool frmParcelle::ChiediChiusura()
 
 void frmParcelle::Scarica()
 {
-    Protetta([this] { RicordaDisposizione(); });
+    Protetta([this] { RicordaDisposizione(); }, errori::Accesso);
     SetModificata(false);
     RilegaRighe();
     InfoParcelle[size_t(Posto)].Libera = true;

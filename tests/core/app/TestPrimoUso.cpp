@@ -28,6 +28,8 @@ private Q_SLOTS:
     void archivioInUso();
     void laCartellaPropriaSiRifa();
     void tassiSeMancano();
+    void tassiGuasti_data();
+    void tassiGuasti();
     void cartellaUtenteSparita();
     void cartellaRifiutata();
     void impostazioniNonScrivibili();
@@ -214,15 +216,48 @@ void TestPrimoUso::tassiSeMancano()
     Scena::Salva(u"UserFolder"_s, Utente.chopped(1));
     PrimoUso();
     QVERIFY2(!EsisteFile(Utente + u"Tassi.dat"_s), "the program has none to give");
-    ScriviFile(Programma + u"tassi.dat"_s, "1");
+    const QByteArray Forniti = LeggiFile(ProgrammaDiProva() + u"Tassi.dat"_s);
+    ScriviFile(Programma + u"tassi.dat"_s, Forniti);
     const QDateTime Quando(QDate(2026, 8, 31), QTime(12, 0));
     ImpostaDataFile(Programma + u"tassi.dat"_s, Quando);
     PrimoUso();
-    QCOMPARE(LeggiFile(Utente + u"Tassi.dat"_s), "1");
+    QCOMPARE(LeggiFile(Utente + u"Tassi.dat"_s), Forniti);
     QCOMPARE(DataFile(Utente + u"Tassi.dat"_s), Quando);  // the copy of an old archive is no new one
     ScriviFile(Programma + u"tassi.dat"_s, "2");
     PrimoUso();
-    QCOMPARE(LeggiFile(Utente + u"Tassi.dat"_s), "1");
+    QCOMPARE(LeggiFile(Utente + u"Tassi.dat"_s), Forniti);
+}
+
+void TestPrimoUso::tassiGuasti_data()
+{
+    QTest::addColumn<QByteArray>("Forniti");
+    QTest::addColumn<int>("Numero");
+
+    const QByteArray Sani = LeggiFile(ProgrammaDiProva() + u"Tassi.dat"_s);
+    QTest::newRow("empty") << QByteArray() << 3343;
+    QTest::newRow("cut in half") << Sani.first(Sani.size() / 2) << 3343;
+    QTest::newRow("another archive") << LeggiFile(ProgrammaDiProva() + u"parcelle.mdb"_s) << 3078;
+}
+
+// A copy would stay for good, and nobody would know where it came from.
+void TestPrimoUso::tassiGuasti()
+{
+    QFETCH(QByteArray, Forniti);
+    QFETCH(int, Numero);
+    Registratore Box;
+    const QString Utente = NuovaCartella();
+    Scena::Salva(u"UserFolder"_s, Utente.chopped(1));
+    const QString File = Programma + u"Tassi.dat"_s;
+    ScriviFile(File, Forniti);
+    Box.Attendi(u"Errore: %1%2%3 (%4)"_s
+                    .arg(DescrizioneErrore(Numero), Numero == 3078 ? u" nel file "_s : u": "_s, File)
+                    .arg(Numero),
+                vbOK, u"Errore:"_s);
+    PrimoUso();
+    QVERIFY(!EsisteFile(Utente + u"Tassi.dat"_s));
+    ScriviFile(File, LeggiFile(ProgrammaDiProva() + u"Tassi.dat"_s));
+    PrimoUso();
+    QVERIFY(EsisteFile(Utente + u"Tassi.dat"_s));
 }
 
 void TestPrimoUso::cartellaUtenteSparita()

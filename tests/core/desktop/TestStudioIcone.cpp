@@ -429,7 +429,7 @@ void TestStudioIcone::fileDelleIconeIlleggibile()
     Registratore Box;
     sessione::PercorsoProg = ProgrammaConIcone("L0=A\r\nL0_c=/a\r\nL0_i=a.gif\r\n");
     QVERIFY(QFile::setPermissions(sessione::PercorsoProg + u"kr5.ini"_s, {}));
-    Box.Attendi(u"75 "_s + DescrizioneErrore(75));
+    Box.Attendi(u"75 %1: %2kr5.ini"_s.arg(DescrizioneErrore(75), sessione::PercorsoProg));
     const frmStudio& Scrivania = Apri();
     QCOMPARE(Scrivania.NumeroIcone(), int(Fisse.size()));
     Aperture.Finestre[u"termini"_s] = [this] { S->Annota(u"termini"_s); };

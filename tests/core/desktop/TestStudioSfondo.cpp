@@ -72,12 +72,19 @@ void TestStudioSfondo::immagineDiSfondo()
 
 void TestStudioSfondo::immagineDiSfondoGuasta()
 {
-    const Registratore Box;
+    Registratore Box;
     sessione::PercorsoProg = ProgrammaConIcone({});
     CreaCartella(sessione::PercorsoProg + u"sfondi"_s);
-    ScriviFile(sessione::PercorsoProg + u"sfondi/lex.jpg"_s, "\xFF\xD8\xFF and no picture");
+    const QString File = sessione::PercorsoProg + u"sfondi/lex.jpg"_s;
+    ScriviFile(File, "\xFF\xD8\xFF and no picture");
     sessione::SfondoDesktop = u"lex.jpg"_s;
-    QCOMPARE(Apri().grab().toImage().pixelColor(2, 2), aspetto::DaBgr(sessione::ColoreSfondoDesktop));
+    Box.Attendi(u"L'immagine di sfondo %1 non si può leggere."_s.arg(File), vbOK, u"Errore:"_s);
+    frmStudio& Scrivania = Apri();
+    Respiro();
+    QCOMPARE(Scrivania.grab().toImage().pixelColor(2, 2), aspetto::DaBgr(sessione::ColoreSfondoDesktop));
+    Scrivania.LoadGraph();
+    Respiro();
+    QCOMPARE(Box.Mostrati().size(), 1);
 }
 
 void TestStudioSfondo::laPrimaPitturaNonLeggeImmagini()

@@ -4,6 +4,7 @@
 #include "core/modAspetto.h"
 #include "core/settings/anteprimasfondo.h"
 #include "core/settings/frmIcons.h"
+#include "platform/base/errore.h"
 #include "platform/grid/griglia.h"
 #include "platform/system/guasti.h"
 #include "platform/system/profilo.h"
@@ -35,6 +36,7 @@ private Q_SLOTS:
     void modello();
     void modelloIncompleto();
     void senzaModelli();
+    void modelliIlleggibili();
     void sfondoScelto();
     void nessunoSfondo();
     void sfondoCheMancaResta();
@@ -180,6 +182,16 @@ void TestSetupDesktop::senzaModelli()
     T->Apri(3);
     QCOMPARE(Modelli()->count(), 0);
     QVERIFY(!Modelli()->isEnabled());
+}
+
+void TestSetupDesktop::modelliIlleggibili()
+{
+    Registratore Box;
+    const QString File = T->Programma + u"sfondi/templates.ini"_s;
+    QVERIFY(QFile::setPermissions(File, {}));
+    Box.Attendi(u"75 %1: %2"_s.arg(DescrizioneErrore(75), File));
+    T->Apri(3);
+    QCOMPARE(Modelli()->count(), 0);
 }
 
 void TestSetupDesktop::sfondoScelto()
