@@ -14,14 +14,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString FileClausole(const QString& Nome)
+QString ClausoleFornite(const QString& Nome)
 {
     return SorgenteDiProva(u"programma/doc/"_s) + Nome + u".rtf"_s;
 }
 
 std::vector<Paragrafo> ParagrafiDi(const QString& Nome)
 {
-    return letture::ParagrafiRtf(LeggiFileTesto(FileClausole(Nome)));
+    return letture::ParagrafiRtf(LeggiFileTesto(ClausoleFornite(Nome)));
 }
 
 QString Tutto(const QString& Nome)
@@ -73,7 +73,7 @@ void TestClausole::siLeggono_data()
 void TestClausole::siLeggono()
 {
     QFETCH(QString, Nome);
-    const QByteArray Byte = LeggiFile(FileClausole(Nome));
+    const QByteArray Byte = LeggiFile(ClausoleFornite(Nome));
     QVERIFY(
         std::all_of(Byte.begin(), Byte.end(), [](char C) { return static_cast<unsigned char>(C) < 0x80; }));
     const std::vector<Paragrafo> Letti = ParagrafiDi(Nome);

@@ -11,7 +11,6 @@
 #include "core/posti.h"
 #include "feenote/companion/modRichiesta.h"
 #include "feenote/file/modPosaFile.h"
-#include "platform/base/errore.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
 #include "platform/system/file.h"
@@ -183,7 +182,7 @@ void FineSenzaFinestre()
 void DopoUltimaParcella()
 {
     auto& Cornice = Singola<frmMain>();
-    Protetta([&] { Cornice.SalvaMisure(); }, errori::Accesso);
+    Protetta([&] { Cornice.SalvaMisure(); });
     if (sessione::ModoLow) {
         if (!Aperture.ChiudiRubriche || Aperture.ChiudiRubriche())
             Termina();

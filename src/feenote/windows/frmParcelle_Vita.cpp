@@ -250,7 +250,7 @@ bool frmParcelle::ChiediChiusura()
 
 void frmParcelle::Scarica()
 {
-    Protetta([this] { RicordaDisposizione(); }, errori::Accesso);
+    Protetta([this] { RicordaDisposizione(); });
     SetModificata(false);
     RilegaRighe();
     InfoParcelle[size_t(Posto)].Libera = true;

@@ -87,7 +87,8 @@ void TestFrmRubrica::iBottoni_data()
     QTest::addColumn<bool>("Modifiche");
     QTest::addColumn<bool>("Selezione");
     QTest::addColumn<QString>("Visibili");
-    QTest::newRow("da una parcella") << true << true << u"selez new edit view delete search rimetti importa esporta"_s;
+    QTest::newRow("da una parcella") << true << true
+                                     << u"selez new edit view delete search rimetti importa esporta"_s;
     QTest::newRow("dal comando") << true << false << u"new edit view delete search rimetti importa esporta"_s;
     QTest::newRow("solo per scegliere") << false << true << u"selez view search esporta"_s;
     QTest::newRow("solo per guardare") << false << false << u"view search esporta"_s;
