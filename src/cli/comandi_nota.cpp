@@ -92,7 +92,7 @@ void Esporta(const Documento& Doc, const QString& File, const QString& Titolo)
 
 constexpr std::array Formati{
     Formato{u".txt", [](const Documento& Doc, const QString& File,
-                        const QString&) { ScriviFile(File, ScriviTesto(Doc).toUtf8()); }},
+                        const QString&) { ScriviFile(File, ScriviTesto(Doc).toUtf8(), Lettori::Cartella); }},
     Formato{u".pdf", [](const Documento& Doc, const QString& File,
                         const QString& Titolo) { Impaginazione(Doc).ScriviPdf(File, Titolo); }},
     Formato{u".doc", Esporta<FormatoEsportazione::Word>},

@@ -179,9 +179,7 @@ void AggiornaProtetta(const QString& Percorso)
     constexpr qint64 Massimo = qint64(1) << 30;
     const QString Destinazione = FileVero(Percorso);
     const FileInCostruzione Nuovo(Destinazione);
-    CopiaFile(Destinazione, Nuovo.Percorso(), Massimo);
-    ImpostaSolaLettura(Nuovo.Percorso(), false);
-    DaiPermessi(Nuovo.Percorso(), {}, Lettori::SoloUtente);
+    CopiaFile(Destinazione, Nuovo.Percorso(), Massimo, {}, Lettori::SoloUtente);
     AggiornaColonne(Nuovo.Percorso());
     Nuovo.MettiAlPosto(Lettori::Cartella);
 }

@@ -137,5 +137,5 @@ QByteArray Impaginazione::Pdf(const QString& Titolo) const
 
 void Impaginazione::ScriviPdf(const QString& Percorso, const QString& Titolo) const
 {
-    ScriviFile(Percorso, Pdf(Titolo));
+    ScriviFile(Percorso, Pdf(Titolo), Lettori::Cartella);
 }

@@ -41,6 +41,6 @@ bool EsportaDocumento(const Documento& Doc, const QString& File, FormatoEsportaz
     // Whoever has it open would be left with a file that is no longer there.
     if (!SolaLettura(File) && FileInUso(File))
         throw Errore(70);
-    ScriviFile(File, Byte);
+    ScriviFile(File, Byte, Lettori::Cartella);
     return true;
 }

@@ -7,6 +7,8 @@
 #include "print/banco_esporta.h"
 #include "print/writers/esportazione.h"
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 class TestEsportazione : public QObject
@@ -17,6 +19,8 @@ private Q_SLOTS:
     void formati();
     void soloQuandoCambia();
     void guastiDelDisco();
+    void diChiPuoScrivereNellaCartella_data();
+    void diChiPuoScrivereNellaCartella();
 };
 PROVA(TestEsportazione);
 
@@ -68,6 +72,31 @@ void TestEsportazione::guastiDelDisco()
     QCOMPARE(LeggiFile(Protetto), "vecchio"_ba);
     guasti::LimiteFile = 0;
     QCOMPARE(Scrivi(Protetto), 0);
+}
+
+void TestEsportazione::diChiPuoScrivereNellaCartella_data()
+{
+    QTest::addColumn<int>("DellaCartella");
+    QTest::addColumn<int>("Atteso");
+    QTest::newRow("the user's folder") << 0755 << 0600;
+    QTest::newRow("an office's folder") << 0770 << 0660;
+}
+
+void TestEsportazione::diChiPuoScrivereNellaCartella()
+{
+    QFETCH(int, DellaCartella);
+    Banco B;
+    QVERIFY(!B.Componi());
+    const mode_t Prima = ::umask(0);
+    const QString Cartella = NuovaCartella();
+    QVERIFY(::chmod(QFile::encodeName(Cartella).constData(), mode_t(DellaCartella)) == 0);
+    const QString File = Cartella + u"nota.doc"_s;
+    const bool Scritto = EsportaDocumento(B.vp.Contenuto(), File, FormatoEsportazione::Word, {});
+    ::umask(Prima);
+    QVERIFY(Scritto);
+    struct stat Suo = {};
+    QVERIFY(::stat(QFile::encodeName(File).constData(), &Suo) == 0);
+    QTEST(int(Suo.st_mode & 0777), "Atteso");
 }
 
 #include "TestEsportazione.moc"
