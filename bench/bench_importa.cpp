@@ -60,7 +60,7 @@ double Importa(bool Presenti)
 }
 
 const RegistraMisura DaFoglio(u"import 100,000 rows of CSV"_s, 5000.0, [] { return Importa(false); });
-const RegistraMisura Ripetuta(u"import 100,000 rows of CSV that are there"_s, 5000.0,
+const RegistraMisura Ripetuta(u"import 100,000 rows that are there already"_s, 5000.0,
                               [] { return Importa(true); });
 
 }  // namespace
