@@ -95,8 +95,8 @@ void TestPacchetto::nomi()
 {
     const QString Voce = Testo(u"calcanova.desktop"_s);
     const QString Scheda = Testo(u"it.calcanova.Calcanova.metainfo.xml"_s);
-    const QStringList Tipo = Trovati(Testo(u"calcanova-parcella.xml"_s), u"<mime-type type=\"([^\"]+)\""_s);
-    QCOMPARE(Tipo.size(), 1);
+    const QStringList Tipo =
+        Trovati(Testo(u"calcanova-parcella.xml"_s), u"<mime-type type=\"([^\"]+)\""_s).first(1);
     QCOMPARE(Trovati(Voce, u"^MimeType=(.*);$"_s), Tipo);
     QCOMPARE(Trovati(Scheda, u"<mediatype>(.*)</mediatype>"_s), Tipo);
     QCOMPARE(Trovati(Scheda, u"<launchable type=\"desktop-id\">(.*)</launchable>"_s),

@@ -58,25 +58,25 @@ void TestTipoFile::initTestCase()
 
 void TestTipoFile::tipo_data()
 {
-    QTest::addColumn<bool>("Parcella");
-    QTest::newRow("nota.mdb") << true;
-    QTest::newRow("modello.mdb") << true;
-    QTest::newRow("senza fine") << true;
-    QTest::newRow("vecchia.mdb") << false;  // until it is saved
-    QTest::newRow("parcelle.mdb") << false;
-    QTest::newRow("DatiStudio.mdb") << false;
-    QTest::newRow("Comuni.mdb") << false;
-    QTest::newRow("access.mdb") << false;
-    QTest::newRow("vuota.mdb") << false;
+    QTest::addColumn<QString>("Atteso");
+    const QString DelMotore = u"application/vnd.sqlite3"_s;
+    const QString Access = u"application/vnd.ms-access"_s;
+    QTest::newRow("nota.mdb") << TipoParcella;
+    QTest::newRow("modello.mdb") << TipoParcella;
+    QTest::newRow("senza fine") << TipoParcella;
+    QTest::newRow("vecchia.mdb") << DelMotore;  // until it is saved
+    QTest::newRow("parcelle.mdb") << DelMotore;
+    QTest::newRow("DatiStudio.mdb") << DelMotore;
+    QTest::newRow("Comuni.mdb") << DelMotore;
+    QTest::newRow("access.mdb") << Access;
+    QTest::newRow("vuota.mdb") << Access;
 }
 
 void TestTipoFile::tipo()
 {
-    QFETCH(bool, Parcella);
+    QFETCH(QString, Atteso);
     const QString Nome = QString::fromLatin1(QTest::currentDataTag());
-    const QString Tipo = QMimeDatabase().mimeTypeForFile(Cartella + Nome).name();
-    QVERIFY(QMimeDatabase().mimeTypeForName(TipoParcella).isValid());
-    QVERIFY2((Tipo == TipoParcella) == Parcella, qPrintable(Tipo));
+    QCOMPARE(QMimeDatabase().mimeTypeForFile(Cartella + Nome).name(), Atteso);
 }
 
 void TestTipoFile::lAltroNumero()
