@@ -25,7 +25,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr rlim_t MassimaMemoria = rlim_t(1) << 30;
-constexpr unsigned MassimiSecondi = 10;
+constexpr rlim_t MassimiSecondi = 10;    ///< of the processor: the machine may have other work
+constexpr unsigned MassimaAttesa = 300;  ///< seconds, for one that waits for what never comes
 
 QByteArray Leggi(const QString& File)
 {
@@ -76,7 +77,9 @@ Fine Lancia(const QString& Cli, const QStringList& Argomenti, const QString& Car
         const rlimit SenzaSalvataggio{0, 0};
         setrlimit(RLIMIT_AS, &Memoria);
         setrlimit(RLIMIT_CORE, &SenzaSalvataggio);
-        alarm(MassimiSecondi);  // outlives the exec, and nobody there answers it
+        const rlimit Processore{MassimiSecondi, MassimiSecondi + 1};
+        setrlimit(RLIMIT_CPU, &Processore);
+        alarm(MassimaAttesa);  // outlives the exec, and nobody there answers it
         if (Verso(Uscita, STDOUT_FILENO) && Verso(Guasti, STDERR_FILENO))
             execv(Puntatori[0], Puntatori.data());
         _exit(126);
@@ -191,7 +194,7 @@ private:
     /// In a few words, what a command may not do; empty for what it may.
     static QString Difetto(const Fine& Avuta)
     {
-        if (Avuta.Stato == -SIGALRM)
+        if (Avuta.Stato == -SIGALRM || Avuta.Stato == -SIGXCPU)
             return u"fermo"_s;
         if (Avuta.Stato < 0 || Avuta.Stato > 2)
             return u"caduto (%1)"_s.arg(Avuta.Stato);
