@@ -10,6 +10,8 @@
 #include <memory>
 #include <optional>
 
+#include <QScopedValueRollback>
+
 using namespace Qt::StringLiterals;
 
 class TestRubricaAccess : public QObject
@@ -79,10 +81,14 @@ void TestRubricaAccess::siConverte()
 {
     QStringList Chiesti;
     const QWidget* Davanti = nullptr;
-    Aperture.ImportaArchivio = [&](const QString& File) {
-        Chiesti.append(File);
-        Davanti = QApplication::activeWindow();
-    };
+    Aperture.ImportaArchivio = [&](const QString& File) { Chiesti.append(File); };
+    // What is in front when the question comes up; behind it nothing has the focus yet.
+    const auto Mostra = Registratore::AlMostrare();
+    const QScopedValueRollback Spia(Registratore::AlMostrare(), std::function<void()>([&] {
+                                        Davanti = QApplication::activeWindow();
+                                        if (Mostra)
+                                            Mostra();
+                                    }));
     A->Voce.Attendi(Domanda(), vbYes, u"Domanda:"_s);
     const frmRubrica* F = A->Apri(A->DaScrivania());
     QCOMPARE(Chiesti, QStringList{A->File});
