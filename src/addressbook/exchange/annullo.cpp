@@ -60,7 +60,13 @@ QJsonObject Registro(const QString& Archivio)
 
 CopiaDiPrima::CopiaDiPrima(const QString& DiArchivio) : Archivio(DiArchivio)
 {
-    CopiaFile(Archivio, CopiaNuovaDi(Archivio), std::numeric_limits<qint64>::max(), {}, Lettori::SoloUtente);
+    try {
+        CopiaFile(Archivio, CopiaNuovaDi(Archivio), std::numeric_limits<qint64>::max(), {},
+                  Lettori::SoloUtente);
+    } catch (const Errore&) {
+        ScartaFile(CopiaNuovaDi(Archivio));
+        throw;
+    }
 }
 
 CopiaDiPrima::~CopiaDiPrima()
