@@ -167,7 +167,7 @@ void ContaRinomina(int Riuscita)
 {
     const Piano& P = Preparato();
     if (Riuscita == 0 && P.Attivo && P.Registro->Guasti == 0)
-        ++P.Registro->Rinomine;
+        P.Registro->Rinomine = 1;
 }
 
 int Apertura(int Da, const char* Percorso, int Bandiere, mode_t Permesso)
@@ -358,16 +358,32 @@ ssize_t pread64(int File, void* In, size_t Byte, off64_t Dove)
     return Lettura(File, Byte, [&](size_t Quanti) { return Sistema(File, In, Quanti, Dove); });
 }
 
+/// A folder that has been waited for owes nothing any more.
+static void ContaFlusso(int File, int Riuscito)
+{
+    const Piano& P = Preparato();
+    if (!P.Attivo || Riuscito != 0 || P.Registro->Guasti != 0)
+        return;
+    char Fatto[PATH_MAX];
+    DiDescrittore(File, Fatto);
+    if (Sotto(Fatto) && ECartella(Fatto))
+        P.Registro->Rinomine = 0;
+}
+
 int fsync(int File)
 {
     static const auto Sistema = Vera<int (*)(int)>("fsync");
-    return SulDescrittore(Sincronizza, File) == Esito::Fallisce ? -1 : Sistema(File);
+    const int Riuscito = SulDescrittore(Sincronizza, File) == Esito::Fallisce ? -1 : Sistema(File);
+    ContaFlusso(File, Riuscito);
+    return Riuscito;
 }
 
 int fdatasync(int File)
 {
     static const auto Sistema = Vera<int (*)(int)>("fdatasync");
-    return SulDescrittore(Sincronizza, File) == Esito::Fallisce ? -1 : Sistema(File);
+    const int Riuscito = SulDescrittore(Sincronizza, File) == Esito::Fallisce ? -1 : Sistema(File);
+    ContaFlusso(File, Riuscito);
+    return Riuscito;
 }
 
 /// What the disk refuses to take is told at the end, and the number of the file is free all the same.

@@ -38,9 +38,9 @@ struct Conti
 {
     std::array<std::uint32_t, Chiamate> Viste;  ///< under the folder, failed ones too
     std::uint32_t Guasti;                       ///< how many were made to fail
-    std::uint32_t Rinomine;                     ///< renames that had succeeded before the first fault
-    std::uint32_t SuCartella;                   ///< the first fault met a folder
-    std::array<char, ByteNome> Vittima;         ///< path that the first fault met
+    std::uint32_t Rinomine;    ///< at the first fault, a rename that no flush of its folder has followed
+    std::uint32_t SuCartella;  ///< the first fault met a folder
+    std::array<char, ByteNome> Vittima;  ///< path that the first fault met
 };
 
 /// Folder whose files count, without a separator at its end.
