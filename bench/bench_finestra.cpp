@@ -1,12 +1,12 @@
 // The windows as an office meets them: how soon they are there, how much they take, how quickly they answer.
 // Each measure is a process of its own, so that none finds what another has left in memory.
 #include "misura.h"
+#include "notalunga.h"
 
 #include "core/app/avvio.h"
 #include "core/app/programma.h"
 #include "core/modAvvio.h"
 #include "core/sessione.h"
-#include "feenote/modParametri.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
 #include "platform/grid/griglia.h"
@@ -156,29 +156,11 @@ void LasciaDipingere()
     QCoreApplication::processEvents();
 }
 
-/// A civil note with as many honoraria and as many expenses.
-void Riempi(Parcella& Nota, int Righe)
-{
-    SelezionaInSilenzio(Nota, 0, 2, 2);
-    ImpostaValoreInSilenzio(Nota, 30000);
-    for (int i = 0; i < Righe; ++i) {
-        const int Onorario = Nota.xOnorari.AggiungiRiga();
-        Nota.xOnorari(Onorario, OnoDescr) = u"Fase istruttoria, udienza %1"_s.arg(i);
-        Nota.xOnorari(Onorario, OnoQta) = 1.0;
-        for (const int Colonna : {OnoImporto, OnoMedio, OnoMin, OnoMax, OnoBaseMedio, OnoBaseMin, OnoBaseMax})
-            Nota.xOnorari(Onorario, Colonna) = 1200.0 + i;
-        const int Spesa = Nota.xDiritti.AggiungiRiga();
-        Nota.xDiritti(Spesa, DirDescr) = u"Diritti di copia %1"_s.arg(i);
-        Nota.xDiritti(Spesa, DirQta) = u"1"_s;
-        Nota.xDiritti(Spesa, DirImponibile) = 12.5;
-    }
-}
-
 frmParcelle* ApriNota(int Righe)
 {
     ApriParcella({}, 0, {});
     frmParcelle* Finestra = Parcelle(1);
-    Riempi(Finestra->Nota, Righe);
+    RiempiNota(Finestra->Nota, Righe);
     Finestra->MostraTutto();
     for (const int Scheda :
          {SchedaListaOnorari, SchedaListaSpese, SchedaImposte, SchedaDiStampa, SchedaBase}) {

@@ -1,12 +1,9 @@
 // The names that the client box of a note offers while one is typed, out of the archive of a large office.
+#include "archiviogrande.h"
 #include "misura.h"
 
 #include "addressbook/elenconomi.h"
 #include "core/sessione.h"
-#include "platform/database/database.h"
-
-#include <QFile>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <map>
@@ -15,33 +12,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// As many names as an office has clients: surnames and first names that repeat, each with a number.
-QString Archivio(int Quanti)
-{
-    static const QTemporaryDir Cartella;
-    const QString File = Cartella.filePath(u"DatiStudio %1.mdb"_s.arg(Quanti));
-    if (QFile::exists(File))
-        return File;
-    QFile::copy(QStringLiteral(CARTELLA_PROGRAMMA "/DatiStudio.mdb"), File);
-    QFile::setPermissions(File, QFile::ReadOwner | QFile::WriteOwner);
-    OpenDatabase(File).Execute(
-        u"INSERT INTO clienti (Nominativo, Citta) "
-        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<?), "
-        "c(k, v) AS (VALUES "
-        "(0,'Rossi'),(1,'bianchi'),(2,'D''Agostino'),(3,'Nicolò'),(4,'VERDI'),(5,'Àlvari'),"
-        "(6,'de Luca')), p(k, v) AS (VALUES (0,'Mario'),(1,'Anna Maria'),(2,'Ugo'),(3,'Carla'),(4,'Nicolò')) "
-        "SELECT c.v || ' ' || p.v || ' ' || (i*7919 % 1000003), 'Lucca' "
-        "FROM n JOIN c ON c.k = i % 7 JOIN p ON p.k = i % 5"_s,
-        {Quanti});
-    return File;
-}
-
 const ElencoNomi& Nomi(int Quanti)
 {
     static std::map<int, ElencoNomi> Letti;
     const auto [Posto, Nuovo] = Letti.try_emplace(Quanti, u"clienti"_s);
     if (Nuovo) {
-        sessione::ArchivioCliCon = Archivio(Quanti);
+        sessione::ArchivioCliCon = ArchivioGrande(Quanti);
         Posto->second.Segui();
         while (Posto->second.Avanza()) {
         }
@@ -65,7 +41,7 @@ double Tasto(int Quanti)
 /// The longest piece of the reading, for which a key may have to wait.
 double Pezzo(int Quanti)
 {
-    sessione::ArchivioCliCon = Archivio(Quanti);
+    sessione::ArchivioCliCon = ArchivioGrande(Quanti);
     ElencoNomi Elenco(u"clienti"_s);
     Elenco.Segui();
     double Peggiore = 0.0;

@@ -1,12 +1,10 @@
 // A search that finds nothing among the names of a large office: it has to look at all of them.
+#include "archiviogrande.h"
 #include "misura.h"
 
 #include "addressbook/modRicerca.h"
 #include "addressbook/modScheda.h"
 #include "platform/database/database.h"
-
-#include <QFile>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <array>
@@ -15,31 +13,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Archivio(int Nominativi)
-{
-    static const QTemporaryDir Cartella;
-    const QString File = Cartella.filePath(u"Nominativi %1.mdb"_s.arg(Nominativi));
-    if (QFile::exists(File))
-        return File;
-    QFile::copy(QStringLiteral(CARTELLA_PROGRAMMA "/DatiStudio.mdb"), File);
-    QFile::setPermissions(File, QFile::ReadOwner | QFile::WriteOwner);
-    OpenDatabase(File).Execute(
-        u"INSERT INTO clienti (Nominativo, Indirizzo, Citta, CodFis, Email) "
-        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<?), "
-        "c(k, v) AS (VALUES (0,'Rossi'),(1,'bianchi'),(2,'D''Agostino'),(3,'Nicolò'),(4,'VERDI')) "
-        "SELECT c.v || ' Mario ' || (i*7919 % 1000003), 'Via Garibaldi ' || (i % 400), 'Forlì', "
-        "printf('RSSMRA%02dA01H%03dX', i % 100, i % 1000), 'mario' || i || '@esempio.it' "
-        "FROM n JOIN c ON c.k = i % 5"_s,
-        {Nominativi});
-    return File;
-}
-
 constexpr std::array Operatori{UgualeA, MinoreDi, IniziaPer, TerminaPer, Contiene};
 
 /// The slowest operator, in rows just opened or in rows that were searched before.
 double SenzaEsito(int Nominativi, const QString& Ordine, bool Ancora)
 {
-    const Database Db = OpenDatabase(Archivio(Nominativi));
+    const Database Db = OpenDatabase(ArchivioGrande(Nominativi));
     double Peggiore = 0.0;
     for (const OperatoreRicerca Operatore : Operatori) {
         Recordset Righe;

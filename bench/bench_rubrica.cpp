@@ -1,5 +1,6 @@
 // The address book of a large office: opened, ordered, filtered while somebody types. Each measure is a
 // process of its own, on an archive that the benchmark has built.
+#include "archiviogrande.h"
 #include "misura.h"
 
 #include "addressbook/richiesta.h"
@@ -15,7 +16,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableView>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstdio>
@@ -26,37 +26,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr auto NonMisurabile = std::numeric_limits<double>::quiet_NaN();
-
-/// Names, towns and addresses that repeat as they do in an office, each with what tells it apart.
-void Riempi(const QString& File, int Nominativi)
-{
-    QFile::copy(QStringLiteral(CARTELLA_PROGRAMMA "/DatiStudio.mdb"), File);
-    QFile::setPermissions(File, QFile::ReadOwner | QFile::WriteOwner);
-    OpenDatabase(File).Execute(
-        u"INSERT INTO clienti (Nominativo, Indirizzo, Cap, Citta, Prov, CodFis, DataNascita, Telefono, "
-        u"Email) "
-        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<?), "
-        "c(k, v) AS (VALUES "
-        "(0,'Rossi'),(1,'bianchi'),(2,'D''Agostino'),(3,'Nicolò'),(4,'VERDI'),(5,'Àlvari'),"
-        "(6,'de Luca')), "
-        "t(k, v) AS (VALUES (0,'Lucca'),(1,'Forlì'),(2,'roma'),(3,'Cefalù'),(4,'Milano')) "
-        "SELECT c.v || ' Mario ' || (i*7919 % 1000003), 'Via Garibaldi ' || (i % 400), printf('%05d', i % "
-        "98000), "
-        "t.v, 'LU', printf('RSSMRA%02dA01H%03dX', i % 100, i % 1000), date('1930-01-01', (i % 30000) || ' "
-        "days'), "
-        "'0583 ' || i, 'mario' || i || '@esempio.it' "
-        "FROM n JOIN c ON c.k = i % 7 JOIN t ON t.k = i % 5"_s,
-        {Nominativi});
-}
-
-QString Archivio(int Nominativi)
-{
-    static const QTemporaryDir Cartella;
-    const QString File = Cartella.filePath(u"DatiStudio %1.mdb"_s.arg(Nominativi));
-    if (!QFile::exists(File))
-        Riempi(File, Nominativi);
-    return File;
-}
 
 void LasciaDipingere()
 {
@@ -152,7 +121,8 @@ std::function<double()> NellaRubrica(const QString& Quale, int Nominativi)
 {
     return [=] {
         bool Riuscita = false;
-        const double Valore = EseguiRuolo({u"--rubrica"_s, Quale, Archivio(Nominativi)}).toDouble(&Riuscita);
+        const double Valore =
+            EseguiRuolo({u"--rubrica"_s, Quale, ArchivioGrande(Nominativi)}).toDouble(&Riuscita);
         return Riuscita ? Valore : NonMisurabile;
     };
 }

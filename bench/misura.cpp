@@ -8,11 +8,13 @@
 #include <QList>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QTemporaryFile>
 
 #include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <limits>
 #include <map>
 
@@ -34,6 +36,54 @@ std::map<QString, Ruolo>& Ruoli()
     return Tutti;
 }
 
+// ---- memory
+
+constexpr auto VariabileMemoria = "CALCANOVA_BENCH_MEMORIA";
+
+/// Megabytes of a row of what the system says of this process.
+double Stato(const char* Riga)
+{
+    constexpr double KiloPerMega = 1024.0;
+    QFile Tutto(u"/proc/self/status"_s);
+    if (!Tutto.open(QIODevice::ReadOnly))
+        return std::numeric_limits<double>::quiet_NaN();
+    for (const QByteArray& Qui : Tutto.readAll().split('\n'))
+        if (Qui.startsWith(Riga))
+            return Qui.mid(qsizetype(std::strlen(Riga))).chopped(2).trimmed().toDouble() / KiloPerMega;
+    return std::numeric_limits<double>::quiet_NaN();
+}
+
+/// What a process has held at most, beyond what it had when this began.
+class Crescita
+{
+public:
+    Crescita()
+    {
+        // The system forgets the peak of before, where it can.
+        if (QFile Comando(u"/proc/self/clear_refs"_s);
+            Comando.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+            Comando.write("5");
+    }
+    [[nodiscard]] double Megabyte() const { return Stato("VmHWM:") - Prima; }
+
+private:
+    const double Prima = Stato("VmRSS:");
+};
+
+/// The most of the roles that the measure of now has played.
+double MassimoDeiRuoli = 0.0;
+
+/// A role leaves its own where the one that plays it has said.
+int EseguiEPesa(const Ruolo& Questo, int& argc, char** argv)
+{
+    const Crescita Memoria;
+    const int Fine = Questo(argc, argv);
+    QFile Esito(qEnvironmentVariable(VariabileMemoria));
+    if (Esito.open(QIODevice::WriteOnly))
+        Esito.write(QByteArray::number(Memoria.Megabyte()));
+    return Fine;
+}
+
 QString Quantita(double Valore, const QString& Unita)
 {
     if (std::isnan(Valore))
@@ -48,10 +98,11 @@ QString Esito(const Misura& M, double Valore)
     return Valore <= M.Obiettivo ? u"PASS"_s : u"over"_s;
 }
 
-void ScriviRiga(const QString& Cosa, const QString& Obiettivo, const QString& Misurato, const QString& Esito)
+void ScriviRiga(const QString& Cosa, const QString& Obiettivo, const QString& Misurato,
+                const QString& Memoria, const QString& Esito)
 {
-    const QString Riga = Cosa.leftJustified(56) + Obiettivo.rightJustified(12) + Misurato.rightJustified(12) +
-                         u"  "_s + Esito + u'\n';
+    const QString Riga = Cosa.leftJustified(60) + Obiettivo.rightJustified(12) + Misurato.rightJustified(12) +
+                         Memoria.rightJustified(12) + u"  "_s + Esito + u'\n';
     std::fputs(Riga.toUtf8().constData(), stdout);
     std::fflush(stdout);  // the row is seen when it is known, also through a pipe
 }
@@ -71,12 +122,16 @@ void UsaCasa(const QString& Cartella)
 
 void Tabella(const QString& Filtro)
 {
-    ScriviRiga(u"what"_s, u"target"_s, u"measured"_s, {});
+    ScriviRiga(u"what"_s, u"target"_s, u"measured"_s, u"memory"_s, {});
     for (const Misura& M : std::as_const(Misure())) {
         if (!M.Cosa.contains(Filtro, Qt::CaseInsensitive))
             continue;
+        MassimoDeiRuoli = 0.0;
+        const Crescita Memoria;
         const double Valore = M.Esegui();
-        ScriviRiga(M.Cosa, Quantita(M.Obiettivo, M.Unita), Quantita(Valore, M.Unita), Esito(M, Valore));
+        const double Mega = std::max(Memoria.Megabyte(), MassimoDeiRuoli);
+        ScriviRiga(M.Cosa, Quantita(M.Obiettivo, M.Unita), Quantita(Valore, M.Unita), Quantita(Mega, u"MB"_s),
+                   Esito(M, Valore));
     }
 }
 
@@ -96,7 +151,12 @@ RegistraRuolo::RegistraRuolo(const QString& Nome, std::function<int(int&, char**
 QString EseguiRuolo(const QStringList& Argomenti, double* Fine)
 {
     constexpr int AttesaMs = 60'000;
+    QTemporaryFile Memoria;
+    QProcessEnvironment Intorno = QProcessEnvironment::systemEnvironment();
+    if (Memoria.open())
+        Intorno.insert(QString::fromLatin1(VariabileMemoria), Memoria.fileName());
     QProcess Processo;
+    Processo.setProcessEnvironment(Intorno);
     Processo.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     QElapsedTimer Cronometro;
     Cronometro.start();
@@ -110,6 +170,7 @@ QString EseguiRuolo(const QStringList& Argomenti, double* Fine)
         Processo.kill();
         Processo.waitForFinished();
     }
+    MassimoDeiRuoli = std::max(MassimoDeiRuoli, Memoria.readAll().toDouble());
     return Riga;
 }
 
@@ -147,7 +208,7 @@ int main(int argc, char** argv)
 {
     const QString Primo = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
     if (const auto Trovato = Ruoli().find(Primo); Trovato != Ruoli().end())
-        return Trovato->second(argc, argv);
+        return EseguiEPesa(Trovato->second, argc, argv);
     const QTemporaryDir Casa;
     UsaCasa(Casa.path());
     Tabella(Primo);

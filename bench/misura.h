@@ -1,5 +1,6 @@
-// Measures how long things take and compares them with what they should take. It asserts nothing: times
-// belong to the machine, and a slow one is no fault of the program.
+// Measures how long things take and compares them with what they should take. Beside each time stands what
+// the process has held at most beyond what it had before, or the largest of the processes that were run for
+// it. It asserts nothing: times belong to the machine, and a slow one is no fault of the program.
 //
 // A new measure is a function that prepares what it needs and returns MedianaMs of the part that counts,
 // and a RegistraMisura with its name and target below it.
