@@ -9,6 +9,7 @@
 #include "core/posti.h"
 #include "core/sessione.h"
 #include "feenote/file/modPosaFile.h"
+#include "feenote/modInterruttori.h"
 #include "feenote/modNuovaParcella.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
@@ -46,6 +47,7 @@ QString FileLungo()
     Parcella Nota;
     NuovaParcella(Nota);
     RiempiNota(Nota, RigheLunghe);
+    ScegliTipoStampa(Nota, StampaPrenotula);
     ScriviNota(File, Nota);
     return File;
 }
@@ -140,11 +142,14 @@ double Scorri(const QString& File)
         return NonMisurabile;
     Finestra->VaiAllaScheda(SchedaListaSpese);
     LasciaDipingere();
-    const QTableView* Vista = Finestra->findChild<Griglia*>(u"tdbDir"_s)->Vista();
+    auto* Spese = Finestra->findChild<Griglia*>(u"tdbDir"_s);
+    QTableView* Vista = Spese->Vista();
+    Spese->ImpostaRigaCorrente(0, 0);
+    LasciaDipingere();
     const int Prima = Vista->rowAt(0);
     constexpr int Pagine = 50;
     const double Ms = MedianaMs(Pagine, [&] {
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageDown);
+        QTest::keyClick(Vista, Qt::Key_PageDown);
         LasciaDipingere();
     });
     return Vista->rowAt(0) > Prima + Pagine ? Ms : NonMisurabile;

@@ -79,7 +79,7 @@ int EseguiEPesa(const Ruolo& Questo, int& argc, char** argv)
     const Crescita Memoria;
     const int Fine = Questo(argc, argv);
     QFile Esito(qEnvironmentVariable(VariabileMemoria));
-    if (Esito.open(QIODevice::WriteOnly))
+    if (!Esito.fileName().isEmpty() && Esito.open(QIODevice::WriteOnly))
         Esito.write(QByteArray::number(Memoria.Megabyte()));
     return Fine;
 }
