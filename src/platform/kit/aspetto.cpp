@@ -37,8 +37,9 @@ void PreparaCarattere()
     constexpr int CorpoPunti = 9;
     if (!QFontDatabase::hasFamily(QApplication::font().family()))
         QApplication::setFont(QFont(u"DejaVu Sans"_s, CorpoPunti));
-    // Families have names even where no font is installed. No window could say it.
-    if (!QRawFont::fromFont(QApplication::font()).supportsCharacter(u'a'))
+    // Families have names even where no font is installed, and boxes stand for letters. No window could say
+    // it.
+    if (QRawFont::fromFont(QApplication::font()).fontTable("head").isEmpty())
         qCWarning(Diario,
                   "Nessun carattere installato: le finestre restano senza testo. Installare per esempio i "
                   "caratteri DejaVu e Liberation.");
