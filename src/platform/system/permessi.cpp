@@ -2,6 +2,7 @@
 
 #include "platform/base/errore.h"
 #include "platform/system/file.h"
+#include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 
 #include <QDir>
@@ -53,6 +54,9 @@ void DaiPermessi(const QString& File, const QString& Destinazione, Lettori Chi)
     Q_UNUSED(Destinazione)
     Q_UNUSED(Chi)
 #else
+    if (!guasti::SupportoBloccato.isEmpty() &&
+        PercorsoNativo(File).startsWith(PercorsoNativo(guasti::SupportoBloccato)))
+        throw Errore(errori::Accesso);
     const QByteArray Nome = QFile::encodeName(PercorsoNativo(File));
     const QString Meta = PercorsoNativo(Destinazione.isEmpty() ? File : Destinazione);
     struct stat Prima = {};

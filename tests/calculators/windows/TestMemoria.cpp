@@ -56,7 +56,7 @@ void TestMemoria::molteComeUna()
         QSKIP("the heap is not the library's");
     QFETCH(Giro, UnaVolta);
     constexpr int Prime = 3;
-    constexpr int Volte = 12;
+    constexpr int Volte = 24;
     constexpr qint64 PerFinestra = 3000;  // bytes; a window takes hundreds of thousands
     const Banco Tavolo;
     for (int i = 0; i < Prime; ++i)

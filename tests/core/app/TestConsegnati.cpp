@@ -51,6 +51,7 @@ const QSet<QString>& NonConsegnati()
         u"calcaprima.exe"_s,                                // the earlier product
         u"personafisica.rtf"_s, u"personagiuridica.rtf"_s,  // ends of names: see testiRtf
         u"rubrica.mdb"_s,                                   // an address book of another place
+        u"importazione.txt"_s,                              // proposed for a report
     };
     return Nomi;
 }

@@ -476,7 +476,11 @@ void TestSetupDesktop::discoPieno()
     T->Premi(u"cmdDelIco"_s);
     guasti::LimiteFile = 4;
     Box.Attendi(u"Errore scrittura .ini"_s);
-    T->Memorizza(Box);
+    Box.Attendi(
+        u"Errore: Impossibile scrivere le impostazioni nel file %1/Calcanova/KR5.ini: Disco pieno (75)"_s.arg(
+            qEnvironmentVariable("XDG_CONFIG_HOME")),
+        vbOK, u"Errore:"_s);
+    T->Premi(u"cmdSaveImpost"_s);
     guasti::LimiteFile = 0;
     QCOMPARE(Ini(), TavoloSetup::DueIcone());
 }

@@ -345,28 +345,36 @@ void TestMemoriaNota::chiRiscriveSiStampa()
 void TestMemoriaNota::tabellaDiAltri_data()
 {
     QTest::addColumn<QString>("Sql");
-    QTest::newRow("altre colonne") << u"CREATE TABLE \"_Calcanova\" (Chiave TEXT, Testo TEXT)"_s;
+    QTest::addColumn<QString>("Avviso");
+    QTest::newRow("altre colonne") << u"CREATE TABLE \"_Calcanova\" (Chiave TEXT, Testo TEXT)"_s << QString();
     QTest::newRow("una vista")
-        << u"CREATE VIEW \"_Calcanova\" AS SELECT 'chkIvaDiff' AS Nome, '1' AS Valore"_s;
+        << u"CREATE VIEW \"_Calcanova\" AS SELECT 'chkIvaDiff' AS Nome, '1' AS Valore"_s << QString();
     QTest::newRow("valori che non dicono nulla")
-        << u"CREATE TABLE \"_Calcanova\" AS SELECT 'chkIvaDiff' AS Nome, 'forse' AS Valore"_s;
+        << u"CREATE TABLE \"_Calcanova\" AS SELECT 'chkIvaDiff' AS Nome, 'forse' AS Valore"_s << QString();
     QTest::newRow("nomi ignoti")
-        << u"CREATE TABLE \"_Calcanova\" AS SELECT 'DelFuturo' AS Nome, '1' AS Valore"_s;
+        << u"CREATE TABLE \"_Calcanova\" AS SELECT 'DelFuturo' AS Nome, '1' AS Valore"_s
+        << u"Attenzione, la parcella è stata scritta da una versione più recente del programma! I dati che "
+           u"questa\nversione "
+           u"non conosce non vengono mostrati, e andrebbero perduti salvandola."_s;
     QTest::newRow("numero che non lo è")
-        << u"CREATE TABLE \"_Calcanova\" AS SELECT 'optContrTipo' AS Nome, 'x' AS Valore"_s;
+        << u"CREATE TABLE \"_Calcanova\" AS SELECT 'optContrTipo' AS Nome, 'x' AS Valore"_s << QString();
     QTest::newRow("valori Null")
-        << u"CREATE TABLE \"_Calcanova\" AS SELECT 'txtDatiPar.Numero' AS Nome, NULL AS Valore"_s;
+        << u"CREATE TABLE \"_Calcanova\" AS SELECT 'txtDatiPar.Numero' AS Nome, NULL AS Valore"_s
+        << QString();
 }
 
 void TestMemoriaNota::tabellaDiAltri()
 {
     QFETCH(QString, Sql);
+    QFETCH(QString, Avviso);
     const Studio Ufficio;
     Registratore Messaggi;
     const Parcella Prima = Riletta(Ufficio, NotaPiena());
     const QString File = Ufficio.File(u"nota.mdb"_s);
     EseguiSu(File, u"DROP TABLE \"_Calcanova\""_s);
     EseguiSu(File, Sql);
+    if (!Avviso.isEmpty())
+        Messaggi.Attendi(Avviso, vbOK, u"Avvertenza:"_s);
     Parcella Letta;
     CaricaDati(Letta, File);
     Letta.txtDatiPar.removeIf([](const auto& Dato) { return Dato.value().isEmpty(); });

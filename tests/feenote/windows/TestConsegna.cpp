@@ -303,7 +303,9 @@ void TestConsegna::progressivoCheNonSiScrive()
     QFile::remove(File);
     QVERIFY(QDir().mkpath(File + u"/dentro"_s));
     T->Voce.Attendi(Progressivo, vbYes);
-    T->Voce.Attendi(TestoErrore(75), vbOK, u"Errore:"_s);
+    T->Voce.Attendi(u"Errore: Impossibile scrivere le impostazioni nel file %1: %2 (75)"_s.arg(
+                        File, DescrizioneErrore(75)),
+                    vbOK, u"Errore:"_s);
     Clic(Controllo(F, "cmdProgFatt"));
     QVERIFY(QDir(File).removeRecursively());
     QCOMPARE(sessione::ProgFatt, 41);

@@ -344,7 +344,7 @@ void TestSalvataggi::unaltroFileCheNonEUnaNota()
     const QString Lettera = T->Ufficio.File(u"lettera.mdb"_s);
     ScriviFile(Lettera, "Egregio collega");
     T->Voce.AttendiSalva(Lettera);
-    T->Voce.Attendi(Guasto(3343), vbOK, u"Errore:"_s);
+    T->Voce.Attendi(Guasto(3343) + u": "_s + Lettera, vbOK, u"Errore:"_s);
     EseguiComando(u"save"_s, 1, {});
     QCOMPARE(LeggiFile(Lettera), QByteArray("Egregio collega"));
     QVERIFY(F->Nota.Modificata);

@@ -130,7 +130,7 @@ void TestFrmDocumenti::elencoIlleggibile()
 {
     Registratore Box;
     ScriviFile(Docum + u"elenco.txt"_s, QByteArray((1 << 20) + 1, '\n'));
-    Box.Attendi(u"Errore: Memoria insufficiente (7)"_s, vbOK, u"Errore:"_s);
+    Box.Attendi(u"Errore: Memoria insufficiente: %1 (7)"_s.arg(Docum + u"elenco.txt"_s), vbOK, u"Errore:"_s);
     W->Mostra();
     QVERIFY(W->isVisible());
     QCOMPARE(Lista()->Righe(), 0);
