@@ -4,6 +4,7 @@
 
 #include <QCryptographicHash>
 #include <QFile>
+#include <QFileSystemWatcher>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QTimer>
@@ -80,15 +81,22 @@ bool PassaFile(const QString& Impostazioni, const QString& Percorso)
 }
 
 Staffetta::Staffetta(const QString& Impostazioni, std::function<void(const QString&)> Azione, QObject* Padre)
-    : QObject(Padre), Apri(std::move(Azione))
+    : QObject(Padre), Nome(PresaStaffetta(Impostazioni)), Apri(std::move(Azione))
 {
-    const QString Nome = PresaStaffetta(Impostazioni);
-    if (Nome.isEmpty())
+    if (!Nome.isEmpty())
+        Ascolta();
+}
+
+void Staffetta::Ascolta()
+{
+    if (Servitore)
         return;
     QLocalSocket Altra;
     Altra.connectToServer(Nome);
-    if (Altra.waitForConnected(AttesaPresaMs))
+    if (Altra.waitForConnected(AttesaPresaMs)) {
+        AttendiLaFine();
         return;
+    }
     QLocalServer::removeServer(Nome);  // what a killed program has left
     Servitore = new QLocalServer(this);
     Servitore->setSocketOptions(QLocalServer::UserAccessOption);
@@ -98,6 +106,17 @@ Staffetta::Staffetta(const QString& Impostazioni, std::function<void(const QStri
     }
     QFile::setPermissions(Nome, QFile::ReadOwner | QFile::WriteOwner);
     connect(Servitore, &QLocalServer::newConnection, this, &Staffetta::Accogli);
+}
+
+/// A program that ends takes its socket along: then it is this one's turn.
+void Staffetta::AttendiLaFine()
+{
+    if (!Sentinella) {
+        Sentinella = new QFileSystemWatcher(this);
+        connect(Sentinella, &QFileSystemWatcher::fileChanged, this, &Staffetta::Ascolta);
+    }
+    Sentinella->removePath(Nome);  // of a socket that is no more, where another program was quicker
+    Sentinella->addPath(Nome);
 }
 
 Staffetta::~Staffetta() = default;

@@ -12,6 +12,7 @@
 
 #include <functional>
 
+class QFileSystemWatcher;
 class QLocalServer;
 class QLocalSocket;
 
@@ -27,7 +28,7 @@ inline constexpr int MassimoPercorso = 4096;
 [[nodiscard]] bool PassaFile(const QString& Impostazioni, const QString& Percorso);
 
 /// Listens for files as long as it lives. Where another program of the user's listens already, that one goes
-/// on alone.
+/// on alone, and this one takes its place when it ends.
 class Staffetta : public QObject
 {
 public:
@@ -39,9 +40,13 @@ public:
     [[nodiscard]] bool InAscolto() const;
 
 private:
+    void Ascolta();
+    void AttendiLaFine();
     void Accogli();
     void Leggi(QLocalSocket* Presa);
 
+    QString Nome;  ///< of the socket
     std::function<void(const QString&)> Apri;
-    QLocalServer* Servitore = nullptr;  ///< null where nobody can listen
+    QLocalServer* Servitore = nullptr;  ///< null where nobody can listen, or another program does
+    QFileSystemWatcher* Sentinella = nullptr;
 };

@@ -66,6 +66,7 @@ private Q_SLOTS:
     void nessunoInAscolto();
     void ogniImpostazioneLaSua();
     void ilPrimoRestaInAscolto();
+    void ilSecondoNePrendeIlPosto();
     void dopoUnProgrammaMorto();
     void soloPerQuestoUtente();
     void senzaCartellaDiSessione();
@@ -137,6 +138,19 @@ void TestStaffetta::ilPrimoRestaInAscolto()
     QVERIFY(Passa(u"/note/rossi.mdb"_s));
     QTRY_COMPARE(Aperti.size(), 1);
     QCOMPARE(Altrove, QStringList());
+}
+
+void TestStaffetta::ilSecondoNePrendeIlPosto()
+{
+    QStringList Altrove;
+    const Staffetta Seconda(Impostazioni, [&](const QString& File) { Altrove << File; });
+    QTest::qWait(50);
+    QVERIFY(!Seconda.InAscolto());
+    Ascolto.reset();
+    QTRY_VERIFY(Seconda.InAscolto());
+    QVERIFY(Passa(u"/note/rossi.mdb"_s));
+    QTRY_COMPARE(Altrove, QStringList{u"/note/rossi.mdb"_s});
+    QCOMPARE(Aperti, QStringList());
 }
 
 void TestStaffetta::dopoUnProgrammaMorto()
