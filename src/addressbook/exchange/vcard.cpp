@@ -32,6 +32,9 @@ constexpr std::array<QStringView, 12> Saltate{u"PHOTO",  u"LOGO",         u"SOUN
                                               u"AGENT",  u"PRODID",       u"UID",    u"REV",
                                               u"SOURCE", u"CLIENTPIDMAP", u"MAILER", u"SORT-STRING"};
 
+// Those of them that somebody may miss.
+constexpr std::array<QStringView, 5> Allegate{u"PHOTO", u"LOGO", u"SOUND", u"KEY", u"AGENT"};
+
 /// A property that is a column of the archive under another name. Blanks and signs play no part in the name.
 struct Sinonimo
 {
@@ -65,7 +68,7 @@ constexpr std::array Sinonimi{
 // ---- lines --------------------------------------------------------------------------------------
 
 /// The lines of a file, those that go on in the next one put together. A soft break of quoted-printable text
-/// does that too.
+/// does that too; a blank behind it is one of the text.
 class Linee
 {
 public:
@@ -75,21 +78,24 @@ public:
     {
         if (!Una(Linea))
             return false;
-        while (Posto < Byte.size() && (Byte[Posto] == ' ' || Byte[Posto] == '\t')) {
-            QByteArray Seguito;
-            (void)Una(Seguito);
-            Linea += QByteArrayView(Seguito).sliced(1);
-        }
-        const qsizetype DuePunti = Linea.indexOf(':');
-        if (DuePunti > 0 && Linea.first(DuePunti).toUpper().contains("QUOTED-PRINTABLE"))
-            while (Linea.endsWith('=')) {
-                QByteArray Seguito;
+        std::optional<bool> Stampabile;  // once the name and its parameters are whole
+        qsizetype Guardati = 0;
+        for (QByteArray Seguito;;) {
+            if (const qsizetype DuePunti = Stampabile ? -1 : Linea.indexOf(':', Guardati); DuePunti >= 0)
+                Stampabile = Linea.first(DuePunti).toUpper().contains("QUOTED-PRINTABLE");
+            Guardati = Linea.size();
+            if (Stampabile.value_or(false) && Linea.endsWith('=')) {
                 Linea.chop(1);
                 if (!Una(Seguito))
-                    break;
+                    return true;
                 Linea += Seguito;
+            } else if (Posto < Byte.size() && (Byte[Posto] == ' ' || Byte[Posto] == '\t')) {
+                (void)Una(Seguito);
+                Linea += QByteArrayView(Seguito).sliced(1);
+            } else {
+                return true;
             }
-        return true;
+        }
     }
 
 private:
@@ -186,7 +192,7 @@ QByteArray DaStampabile(const QByteArray& Scritto)
 QString TestoDi(const Proprieta& Letta)
 {
     const QByteArray Byte = Letta.Stampabile ? DaStampabile(Letta.Grezzo) : Letta.Grezzo;
-    const bool DelFile = Letta.Carattere.isEmpty() || Letta.Carattere == "UTF-8";
+    const bool DelFile = Letta.Carattere.isEmpty() || Letta.Carattere == "UTF-8" || Letta.Carattere == "UTF8";
     return DelFile && Byte.isValidUtf8() ? QString::fromUtf8(Byte) : DaCp1252(Byte);
 }
 
@@ -222,8 +228,10 @@ QString SenzaBarre(const QString& Valore)
     return SenzaControlli(Letto).trimmed();
 }
 
-/// The texts of the parts of a value between ";", each of which may be a list between ",".
-QStringList Componenti(const Proprieta& Letta)
+/// The texts of the parts of a value between ";", each of which may be a list between ",". Old cards write
+/// the comma of a text as it is.
+/// @param Fra between the texts of a list
+QStringList Componenti(const Proprieta& Letta, const QString& Fra)
 {
     QStringList Tutte;
     for (const QString& Parte : Parti(TestoDi(Letta), u';')) {
@@ -231,7 +239,7 @@ QStringList Componenti(const Proprieta& Letta)
         for (const QString& Voce : Parti(Parte, u','))
             if (const QString Testo = SenzaBarre(Voce); !Testo.isEmpty())
                 Voci.append(Testo);
-        Tutte.append(Voci.join(u' '));
+        Tutte.append(Voci.join(Fra));
     }
     return Tutte;
 }
@@ -282,20 +290,21 @@ public:
     {
         constexpr int MassimoGrezzo = 9;  // bytes of a character, quoted
         const QString& Nome = Letta.Nome;
+        Annessi = Annessi || std::ranges::find(Allegate, QStringView(Nome)) != Allegate.end();
         if (Nome == u"VERSION" || std::ranges::find(Saltate, QStringView(Nome)) != Saltate.end())
             return;
         if (Letta.Grezzo.size() > MassimoGrezzo * limiti::CaratteriCella)
             TroppoLungo(Numero);
         if (Nome == u"N")
-            Persona = Uniti(Componenti(Letta).mid(0, 3));
+            Persona = Uniti(Componenti(Letta, u" "_s).mid(0, 3));
         else if (Nome == u"FN")
             Mostrato = Semplice(Letta);
         else if (Nome == u"ORG")
-            Ente = Uniti(Componenti(Letta));
+            Ente = Uniti(Componenti(Letta, u", "_s));
         else if (Nome == u"KIND")
             Societa = Semplice(Letta).toLower() == u"org";
         else if (Nome == u"ADR")
-            Indirizzo(Componenti(Letta));
+            Indirizzo(Componenti(Letta, u", "_s));
         else if (Nome == u"TEL")
             Telefono(Letta);
         else if (Nome == u"EMAIL") {
@@ -320,6 +329,9 @@ public:
             Tutti.append({u"Organizzazione"_s, Ente});
         return Tutti + Valori;
     }
+
+    /// It has pictures, sounds, keys or another card, which are left out.
+    [[nodiscard]] bool ConAnnessi() const { return Annessi; }
 
 private:
     static QString Semplice(const Proprieta& Letta) { return SenzaBarre(TestoDi(Letta)); }
@@ -370,6 +382,7 @@ private:
     QString Mostrato;
     QString Ente;
     bool Societa = false;
+    bool Annessi = false;
     QHash<QString, int> Quante;
     QList<std::pair<QString, QString>> Valori;
 };
@@ -399,8 +412,13 @@ public:
         Tabella.Numeri.push_back(Numero);
     }
 
+    void AggiungiAnnessi() { ++Annesse; }
+
     TabellaEstranea Finita()
     {
+        if (Annesse > 0)
+            Tabella.Avvisi.append(u"tralasciati immagini, suoni, chiavi e schede annesse di "_s +
+                                  (Annesse == 1 ? u"1 scheda"_s : Format(Annesse, u"#,##0") + u" schede"_s));
         for (QStringList& Riga : Tabella.Righe)
             Riga.resize(Tabella.Titoli.size());
         if (qsizetype(Tabella.Righe.size()) * Tabella.Titoli.size() > 2 * limiti::Celle)
@@ -426,6 +444,7 @@ private:
     TabellaEstranea Tabella{.Titoli = {}, .Righe = {}, .Numeri = {}, .Unita = u"scheda"_s};
     QHash<QString, int> Posti;
     qsizetype Celle = 0;
+    int Annesse = 0;
 };
 
 }  // namespace
@@ -435,7 +454,8 @@ TabellaEstranea LeggiVcard(const QByteArray& Byte)
     // Texts of Windows-1252 stay as they are: each property says its own characters.
     CodificaTesto Codifica = CodificaTesto::Automatica;
     const QString Intero = LeggiTestoEstraneo(Byte, CodificaTesto::Automatica, &Codifica);
-    const QByteArray Testo = Codifica == CodificaTesto::Windows1252 ? Byte : Intero.toUtf8();
+    const qsizetype Marca = Byte.startsWith("\xEF\xBB\xBF") ? 3 : 0;
+    const QByteArray Testo = Codifica == CodificaTesto::Windows1252 ? Byte.sliced(Marca) : Intero.toUtf8();
     Raccolta Tutte;
     Scheda Aperta;
     int Dentro = 0;  // cards within cards are somebody's agents
@@ -452,8 +472,11 @@ TabellaEstranea LeggiVcard(const QByteArray& Byte)
                 ++Numero;
             }
         } else if (Letta->Nome == u"END" && DiScheda && Dentro > 0) {
-            if (--Dentro == 0)
+            if (--Dentro == 0) {
                 Tutte.Aggiungi(Aperta.Finita(), Numero);
+                if (Aperta.ConAnnessi())
+                    Tutte.AggiungiAnnessi();
+            }
         } else if (Dentro == 1) {
             Aperta.Prendi(*Letta, Numero);
         }

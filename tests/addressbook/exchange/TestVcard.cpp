@@ -18,6 +18,7 @@ private Q_SLOTS:
     void laData_data();
     void laData();
     void piuSchede();
+    void cioCheResta();
     void siScrive();
     void leRigheSiPiegano();
     void andataERitorno();
@@ -78,6 +79,23 @@ void TestVcard::leVersioni_data()
     QTest::newRow("Windows-1252 without a word")
         << Cp1252(QString::fromUtf8(Scheda(u"N:Rossi;Nicolò\r\nNOTE:una\\; due\\ntrè\r\n"_s.toUtf8())))
         << Rossi;
+    QTest::newRow("2.1, a blank behind a soft break, a comma as it is")
+        << QByteArray(
+               "BEGIN:VCARD\nVERSION:2.1\nN:Rossi;Ada\n"
+               "ADR;ENCODING=QUOTED-PRINTABLE:;;Via Garibaldi=\n 12, scala B;Forl=EC=\n;FC\nTEL;HOME:1\n"
+               "END:VCARD\n")
+        << Valori{{u"Nominativo"_s, u"Rossi Ada"_s},
+                  {u"Indirizzo"_s, u"Via Garibaldi 12, scala B"_s},
+                  {u"Citta"_s, u"Forlì"_s},
+                  {u"Prov"_s, u"FC"_s},
+                  {u"Telefono"_s, u"1"_s}};
+    QTest::newRow("parameters on a line of their own")
+        << Scheda("N:Rossi;Ada\r\nNOTE;ENCODING=QUOTED-PRINTABLE;\r\n CHARSET=utf8:tr=C3=\r\n=A8 \r\n e\r\n")
+        << Valori{{u"Nominativo"_s, u"Rossi Ada"_s}, {u"Note"_s, u"trè e"_s}};
+    QTest::newRow("Windows-1252 behind the mark of another code")
+        << "\xEF\xBB\xBF" +
+               Cp1252(QString::fromUtf8(Scheda(u"N:Rossi;Nicolò\r\nNOTE:una\\; due\\ntrè\r\n"_s.toUtf8())))
+        << Rossi;
     QTest::newRow("address, mail, codes")
         << Scheda(
                "N:Rossi;Ada\r\nADR;TYPE=home:;int. 3;Via Roma 1;Lucca;LU;55100;Italia\r\nTEL;TYPE=fax:1\r\n"
@@ -122,6 +140,9 @@ void TestVcard::ilNome_data()
         << u"Alfa Srl Vendite"_s;
     QTest::newRow("a company") << QByteArray("FN:Alfa Srl\nN:;;;;\nORG:Alfa Srl\n") << u"Alfa Srl"_s
                                << QString();
+    QTest::newRow("a comma that old cards write as it is")
+        << QByteArray("N:;\nORG:Rossi, Bianchi e C.;Vendite\n") << u"Rossi, Bianchi e C. Vendite"_s
+        << QString();
     QTest::newRow("a company by its kind")
         << QByteArray("KIND:org\nFN:Alfa\nN:Rossi;Mario\nORG:Alfa Srl\n") << u"Alfa Srl"_s << QString();
     QTest::newRow("nobody") << QByteArray("TEL:1\n") << QString() << QString();
@@ -161,6 +182,17 @@ void TestVcard::piuSchede()
     QCOMPARE(Tutte.Righe, (std::vector<QStringList>{{u"Uno"_s, QString()}, {u"Due"_s, u"2"_s}}));
     QCOMPARE(Tutte.Numeri, (std::vector<int>{1, 2}));
     QCOMPARE(Tutte.Unita, u"scheda"_s);
+}
+
+/// Pictures and the like are named as left out, whatever their size.
+void TestVcard::cioCheResta()
+{
+    const QByteArray Foto = "PHOTO;ENCODING=BASE64;TYPE=JPEG:" + QByteArray(3 << 20, 'A') + "\r\n";
+    QCOMPARE(LeggiVcard(Scheda("FN:Uno\r\nUID:1\r\n")).Avvisi, QStringList());
+    QCOMPARE(LeggiVcard(Scheda("FN:Uno\r\n" + Foto + "LOGO:x\r\n") + Scheda("FN:Due\r\n")).Avvisi,
+             QStringList{u"tralasciati immagini, suoni, chiavi e schede annesse di 1 scheda"_s});
+    QCOMPARE(LeggiVcard(Scheda("FN:Uno\r\n" + Foto) + Scheda("FN:Due\r\nKEY:x\r\n")).Avvisi,
+             QStringList{u"tralasciati immagini, suoni, chiavi e schede annesse di 2 schede"_s});
 }
 
 void TestVcard::siScrive()
