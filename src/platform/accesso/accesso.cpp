@@ -222,7 +222,9 @@ std::optional<RapportoAccess> Leggi(const QString& Da, const QString& A, const M
     std::optional<Provvisorio> Copia;
     if (Aperto) {
         Copia.emplace(Ferma);
-        if (!CopiaFile(Da, Ferma, MassimoFile, [&](qint64) { return !Come.Prosegui || Come.Prosegui(0); }))
+        if (!CopiaFile(
+                Da, Ferma, MassimoFile, [&](qint64) { return !Come.Prosegui || Come.Prosegui(0); },
+                Lettori::SoloUtente))
             return std::nullopt;
     }
     const LettoreInPrestito Con;
@@ -266,6 +268,7 @@ std::optional<RapportoAccess> Converti(const QString& Da, const QString& A, cons
             return std::nullopt;
         if (ImprontaDi(Origine) != Prima)
             continue;
+        DaiPermessi(Accanto, Arrivo, Lettori::Cartella);
         if (SulDisco)
             ScriviSulDisco(Accanto);
         RinominaFile(Accanto, Arrivo);

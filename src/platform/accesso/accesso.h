@@ -54,7 +54,8 @@ struct ModoAccess
 /// True for a file that begins as those of Access do, whatever its name. It need not be whole or readable.
 [[nodiscard]] bool EDiAccess(const QString& Percorso);
 
-/// Writes the native copy of an Access file, which must not be there yet.
+/// Writes the native copy of an Access file, which must not be there yet. It is read by the user, and by whom
+/// its folder lets write.
 ///
 /// Kept as they are: names of tables and columns, types (a GUID becomes text, a decimal a double), sizes,
 /// descriptions, keys, indices with their names, texts and memos whole. Counters keep their values, and the

@@ -155,6 +155,7 @@ QString CopiaNativa(const QString& Percorso)
         return Copia;
     }
     ScartaFile(Copia);
+    ScartaFile(Copia + u"-journal"_s);  // of the old copy: it would be taken for the new one's
     try {
         (void)Converti(File, Copia, {}, false);
     } catch (const Errore& Guasto) {

@@ -122,6 +122,21 @@ private Q_SLOTS:
         QCOMPARE(Nominativo(Archivio), u"Rossi"_s);
         QVERIFY(QFile::resize(Copia, 0));
         QCOMPARE(Nominativo(Archivio), u"Rossi"_s);
+        // The journal of a note's upgrade that it cut too is none of the new copy's.
+        QFile Giornale(Copia + u"-journal"_s);
+        QVERIFY(Giornale.open(QIODevice::WriteOnly));
+        // No page, of a file that had one when it began.
+        Giornale.write(QByteArray::fromHex("d9d505f920a163d7"
+                                           "00000000"
+                                           "00000001"
+                                           "00000001"
+                                           "00000200"
+                                           "00001000") +
+                       QByteArray(512 - 28, '\0'));
+        Giornale.close();
+        QVERIFY(QFile::resize(Copia, 0));
+        QCOMPARE(Nominativo(Archivio), u"Rossi"_s);
+        QVERIFY(!Giornale.exists());
     }
 
     /// A file that was refused is not read again until it changes.

@@ -10,6 +10,7 @@
 #include <QJsonDocument>
 
 #include <poll.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -139,6 +140,8 @@ QByteArray Risposta(const Richiesta& Cosa, int Ingresso, int Uscita)
         (void)::close(Tubo[0]);
         (void)::close(Ingresso);
         (void)::close(Uscita);
+        // Whoever asked lets others read it, once it is whole.
+        (void)::umask(S_IRWXG | S_IRWXO);
         LimitaRisorse(Cosa.Secondi, MassimoScritto(Cosa.Da));
         (void)Scrivi(Tubo[1], Esegui(Cosa, Tubo[1]));
         ::_exit(0);
