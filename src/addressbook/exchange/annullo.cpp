@@ -18,20 +18,21 @@ namespace {
 
 constexpr qint64 MassimoRegistro = 64 * 1024;
 
+/// Beside the file itself, whatever link it was opened by.
 QString CopiaDi(const QString& Archivio)
 {
-    return Archivio + u".prima"_s;
+    return FileVero(Archivio) + u".prima"_s;
 }
 
 /// The copy until its import is done: that of the import before stays meanwhile.
 QString CopiaNuovaDi(const QString& Archivio)
 {
-    return Archivio + u".prima.nuova"_s;
+    return FileVero(Archivio) + u".prima.nuova"_s;
 }
 
 QString RegistroDi(const QString& Archivio)
 {
-    return Archivio + u".prima.json"_s;
+    return FileVero(Archivio) + u".prima.json"_s;
 }
 
 QString ImprontaDi(const QString& File)
@@ -118,6 +119,6 @@ void AnnullaImportazione(const QString& Archivio)
                     "annullare e l'archivio resta com'è."_s.arg(Copia));
     DaiPermessi(Copia, Archivio, Lettori::Tutti);
     ScriviSulDisco(Copia);
-    SostituisciFile(Copia, Archivio);
+    SostituisciFile(Copia, FileVero(Archivio));
     ScartaFile(RegistroDi(Archivio));
 }

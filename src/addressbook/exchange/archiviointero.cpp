@@ -73,7 +73,7 @@ std::optional<ArchivioPreso> PrendiArchivio(const QString& Da, const QString& Ca
     if (!EArchivio(Da))
         RifiutaFile(u"Il file \"%1\" non è un archivio: per un foglio di calcolo o una rubrica scegliere "
                     "\"Aggiungi i nominativi\"."_s.arg(NomeFile(Da)));
-    CreaCartella(Cartella);
+    CreaCartellaDiUtente(Cartella);
     ArchivioPreso Preso{.File = Destinazione(Cartella), .Tralasciati = {}};
     const QString Nuovo = Preso.File + u".nuovo"_s;
     ScartaFile(Nuovo);
@@ -85,6 +85,7 @@ std::optional<ArchivioPreso> PrendiArchivio(const QString& Da, const QString& Ca
         Preso.Tralasciati.removeIf(TabellaDiSistema);
         ImpostaSolaLettura(Nuovo, false);
         Completa(Nuovo, Da, Preso);
+        DaiPermessi(Nuovo, Preso.File, Lettori::Cartella);
         SostituisciFile(Nuovo, Preso.File);
     } catch (...) {
         ScartaFile(Nuovo);

@@ -7,6 +7,8 @@
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 
+#include <QDateTime>
+#include <QFileInfo>
 #include <QUuid>
 
 #include <algorithm>
@@ -51,7 +53,7 @@ std::optional<QStringList> Copia(const QString& Da, const QString& A,
                                  const std::function<bool(qint64)>& Prosegui)
 {
     try {
-        if (CopiaFile(Da, A, std::numeric_limits<qint64>::max(), Prosegui))
+        if (CopiaFile(Da, A, std::numeric_limits<qint64>::max(), Prosegui, Lettori::Cartella))
             return QStringList();
     } catch (const Errore&) {
         ScartaFile(A);
@@ -59,6 +61,19 @@ std::optional<QStringList> Copia(const QString& Da, const QString& A,
     }
     ScartaFile(A);
     return std::nullopt;
+}
+
+const QString InizioProvvisori = u".importa-"_s;
+
+/// Deletes the working copies that a program which was ended has left: they hold names of people.
+void SpazzaProvvisori(const QString& Cartella)
+{
+    constexpr qint64 SecondiPerGiorno = 24 * 60 * 60;
+    const QDateTime Ora = QDateTime::currentDateTimeUtc();
+    for (const QString& Nome : NomiDeiFile(Cartella))
+        if (Nome.startsWith(InizioProvvisori) &&
+            QFileInfo(Cartella + Nome).lastModified().secsTo(Ora) > SecondiPerGiorno)
+            ScartaFile(Cartella + Nome);
 }
 
 }  // namespace
@@ -91,8 +106,9 @@ ArchivioNativo::ArchivioNativo(const QString& DiFile, const std::function<bool(q
     if (ENativo(DiFile))
         return;
     CreaCartella(sessione::UserFolder);
-    Provvisorio =
-        Barra(sessione::UserFolder) + u".importa-"_s + QUuid::createUuid().toString(QUuid::Id128) + u".mdb"_s;
+    SpazzaProvvisori(Barra(sessione::UserFolder));
+    Provvisorio = Barra(sessione::UserFolder) + InizioProvvisori +
+                  QUuid::createUuid().toString(QUuid::Id128) + u".mdb"_s;
     const auto Detti = ScriviNativo(DiFile, Provvisorio, Prosegui);
     if (!Detti)
         throw Errore(0);  // the user has stopped it, and knows

@@ -154,6 +154,7 @@ bool ImportaNominativi::Prepara(const Avanzamento& Prosegui)
     PerNome.clear();
     Mosse.clear();
     Annotati.clear();
+    Lasciati.clear();
     Taciuti = 0;
     RigheSenzaNome.clear();
     Contati = {};
@@ -190,9 +191,19 @@ void ImportaNominativi::Valuta(const RigaComposta& Riga, int Numero)
     const int Posto = Modo == Doppioni::Aggiungi ? -1 : Trova(Riga);
     if (Posto < 0) {
         Aggiungi(Riga);
-    } else if (Modo == Doppioni::Salta || !Completa(Presenti[size_t(Posto)], Riga)) {
-        ++Contati.GiaPresenti;
-        return;  // nothing of it is written
+    } else {
+        const bool DelFile = Presenti[size_t(Posto)].Mossa >= 0;
+        const bool Unita = Modo == Doppioni::Completa && Completa(Presenti[size_t(Posto)], Riga);
+        if (DelFile)
+            Annota(Numero, (Unita ? u"già presente nel file, unita all'altra: "_s
+                                  : u"già presente nel file, tralasciata: "_s) +
+                               Riga.Nominativo);
+        if (!Unita) {
+            ++Contati.GiaPresenti;
+            if (!DelFile && Lasciati.size() < MassimoAvvisi)
+                Lasciati.append(Da.Unita + u' ' + QString::number(Numero) + u": "_s + Riga.Nominativo);
+            return;  // nothing of it is written
+        }
     }
     for (const QString& Avviso : Riga.Avvisi)
         Annota(Numero, Avviso);
@@ -207,7 +218,7 @@ void ImportaNominativi::Aggiungi(const RigaComposta& Riga)
                    .Pieni = {}};
     for (const QVariant& Valore : Riga.Valori)
         Nuovo.Pieni.push_back(!Vuoto(Valore));
-    Mosse.push_back({0, Riga.Valori});
+    Mosse.push_back({.Chiave = {}, .Valori = Riga.Valori});
     if (Modo != Doppioni::Aggiungi)
         Registra(std::move(Nuovo), Riga.Nominativo);
 }
@@ -292,7 +303,7 @@ bool ImportaNominativi::ScriviMosse(const Avanzamento& Prosegui)
     for (const Mossa& Una : Mosse) {
         if (Fatte++ % OgniTante == 0 && Prosegui && !Prosegui(Fatte, Tutte))
             return false;
-        if (Una.Chiave == 0) {
+        if (!Una.Chiave) {
             Archivio.Execute(Inserisci, Una.Valori);
             continue;
         }
@@ -304,7 +315,7 @@ bool ImportaNominativi::ScriviMosse(const Avanzamento& Prosegui)
                 Valori.append(Una.Valori[i]);
             }
         Archivio.Execute(u"UPDATE %1 SET %2 WHERE rowid=?"_s.arg(FraNome(Tabella), Assegnati.join(u',')),
-                         Valori + QVariantList{Una.Chiave});
+                         Valori + QVariantList{*Una.Chiave});
     }
     return true;
 }
@@ -344,6 +355,13 @@ QString ImportaNominativi::Resoconto(const QString& Sorgente, bool Fatto) const
         Righe.append(QString());
         Righe.append(u"Avvisi:"_s);
         Righe += Tutti;
+    }
+    if (!Lasciati.isEmpty()) {
+        Righe.append(QString());
+        Righe.append(Lasciati.size() < MassimoAvvisi
+                         ? u"Già nell'archivio:"_s
+                         : u"Già nell'archivio, i primi %1:"_s.arg(::Numero(MassimoAvvisi)));
+        Righe += Lasciati;
     }
     if (Fatto && !Copia.isEmpty()) {
         Righe.append(QString());

@@ -12,6 +12,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 /// What is done with a row that the archive has already.
@@ -84,7 +85,7 @@ private:
     /// What is to be written: a new row, or fields of one that is there.
     struct Mossa
     {
-        qint64 Chiave = 0;
+        std::optional<qint64> Chiave;  ///< of the row that is there; none: a new one
         QVariantList Valori;
     };
     bool LeggiPresenti(const Avanzamento& Prosegui);
@@ -113,6 +114,7 @@ private:
     std::vector<Mossa> Mosse;
     ContoImporta Contati;
     QStringList Annotati;
+    QStringList Lasciati;  ///< rows that the archive has already, as the report names them
     int Taciuti = 0;
     QString RigheSenzaNome;
     QString Copia;

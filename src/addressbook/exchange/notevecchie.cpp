@@ -8,6 +8,9 @@
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -21,6 +24,7 @@ constexpr int MassimoFile = 50'000;
 void Raccogli(const QString& Radice, const QString& Sotto, int Fondo, QStringList& Trovati)
 {
     QStringList Dentro;
+    const qsizetype Prima = Trovati.size();
     (void)ScorriCartella(Radice + Sotto, [&](VoceCartella&& Voce) {
         if (Voce.Cartella && !Voce.Collegamento && Fondo < MassimoFondo)
             Dentro.append(Barra(Sotto + Voce.Nome));
@@ -29,6 +33,7 @@ void Raccogli(const QString& Radice, const QString& Sotto, int Fondo, QStringLis
             Trovati.append(Sotto + Voce.Nome);
         return Trovati.size() < MassimoFile;
     });
+    std::sort(Trovati.begin() + Prima, Trovati.end());
     Dentro.sort();
     for (const QString& Cartella : std::as_const(Dentro))
         Raccogli(Radice, Cartella, Fondo + 1, Trovati);
@@ -56,9 +61,20 @@ std::optional<QList<EsitoNota>> CopiaNote(const QString& Da, const QString& A,
             u"Nella cartella \"%1\" non ci sono parcelle (file .mdb): sceglierne un'altra."_s.arg(Da));
     QList<EsitoNota> Esiti;
     QStringList Fatti;
+    QStringList Fatte;  // folders, the outer ones first
+    const auto FaiCartella = [&](const QString& Cartella) {
+        QStringList Mancanti;
+        for (QString Una = QDir::cleanPath(Cartella); !EsisteCartella(Una); Una = QFileInfo(Una).path())
+            Mancanti.prepend(Una);
+        Fatte += Mancanti;
+        CreaCartellaDiUtente(Cartella);
+    };
     const auto Ferma = [&]() -> std::optional<QList<EsitoNota>> {
         for (const QString& Copia : std::as_const(Fatti))
             ScartaFile(Copia);
+        // One that somebody has put a file into stays.
+        while (!Fatte.isEmpty())
+            (void)QDir().rmdir(Fatte.takeLast());
         return std::nullopt;
     };
     for (const QString& Nome : std::as_const(File)) {
@@ -73,7 +89,7 @@ std::optional<QList<EsitoNota>> CopiaNote(const QString& Da, const QString& A,
             } else if (!EArchivio(Origine + Nome)) {
                 Esito.Detto = u"non è una parcella"_s;
             } else {
-                CreaCartella(CartellaFile(Nuovo));
+                FaiCartella(CartellaFile(Nuovo));
                 const auto Fuori = ScriviNativo(Origine + Nome, Nuovo, [&](qint64) { return Ancora(); });
                 if (!Fuori)
                     return Ferma();
@@ -86,8 +102,10 @@ std::optional<QList<EsitoNota>> CopiaNote(const QString& Da, const QString& A,
             }
         } catch (const Errore& Guasto) {
             Esito.Detto = Guasto.Descrizione;
-            if (Guasto.Numero == errori::DiscoPieno || Guasto.Numero == errori::SpazioDatabase)
+            if (Guasto.Numero == errori::DiscoPieno || Guasto.Numero == errori::SpazioDatabase) {
+                (void)Ferma();
                 throw;
+            }
         }
         Esiti.append(Esito);
     }

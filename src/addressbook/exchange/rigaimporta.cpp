@@ -10,6 +10,7 @@
 
 #include <QDate>
 #include <QMap>
+#include <QSet>
 
 #include <algorithm>
 
@@ -41,6 +42,14 @@ QString ConGliZeri(const QString& Codice)
     return SoloCifre(Codice) && Codice.size() < Cifre && PartitaIvaTorna(Intero) ? Intero : Codice;
 }
 
+/// The provinces whose postal codes begin with a nought, those of Sardinia that have gone too.
+bool CapConZero(const QString& Prov)
+{
+    static const QSet<QString> Sigle{u"RM"_s, u"VT"_s, u"RI"_s, u"LT"_s, u"FR"_s, u"TR"_s, u"PG"_s, u"SS"_s,
+                                     u"NU"_s, u"OR"_s, u"CA"_s, u"SU"_s, u"OT"_s, u"OG"_s, u"VS"_s, u"CI"_s};
+    return Sigle.contains(Prov.toUpper());
+}
+
 /// "1980-01-31", with or without a time, and "31/01/1980 00:00:00" as a card has them: 31/01/1980.
 QString DataScritta(const QString& Testo)
 {
@@ -60,9 +69,9 @@ QString DataScritta(const QString& Testo)
 QString PerIlCampo(const Campo& In, const QString& Testo)
 {
     const auto E = [&In](QStringView Nome) { return Uguali(In.Name, Nome); };
-    if (E(u"CodFis") || E(u"CodDestinatario"))
+    if (E(u"CodDestinatario"))
         return SenzaSpazi(Testo).toUpper();
-    if (E(u"PIva"))
+    if (E(u"PIva") || E(u"CodFis"))  // a company's are of one kind
         return ConGliZeri(SenzaSpazi(Testo).toUpper());
     if (E(u"Cap"))
         return SenzaSpazi(Testo);
@@ -216,6 +225,14 @@ RigaComposta ComposizioneRighe::Componi(const QStringList& Celle) const
             Fatta.Valori[i] = ValorePer(Scritti[i], Pezzi.DeiCampi[i], Pezzi);
     if (!Nome.isEmpty())
         Fatta.Valori[PostoNome] = Nome;
+    // A spreadsheet takes a postal code for a number; abroad they have four digits.
+    constexpr qsizetype CifreCap = 5;
+    const int Cap = Posto(u"Cap");
+    const int Prov = Posto(u"Prov");
+    if (Cap >= 0 && Prov >= 0 && CapConZero(Fatta.Valori[Prov].toString()))
+        if (const QString Scritto = Fatta.Valori[Cap].toString();
+            SoloCifre(Scritto) && Scritto.size() >= 2 && Scritto.size() < CifreCap)
+            Fatta.Valori[Cap] = Scritto.rightJustified(CifreCap, u'0');
     // The name of a counterparty in its notes goes with its own.
     if (PostoControp >= 0 && Pezzi.DeiCampi[PostoControp].isEmpty() && !Nome.isEmpty())
         Fatta.Valori[PostoControp] = ValorePer(Scritti[PostoControp], Nome, Pezzi);
@@ -236,6 +253,8 @@ QString CodicePiano(const QString& Codice)
 {
     constexpr qsizetype ConPaese = 13;
     const QString Piano = SenzaSpazi(Codice).toUpper();
+    if (std::ranges::none_of(Piano, [](QChar C) { return C >= u'1' && C <= u'9'; }))
+        return {};
     const bool Italiana = Piano.size() == ConPaese && Piano.startsWith(u"IT") && SoloCifre(Piano.mid(2));
     return Italiana ? Piano.mid(2) : Piano;
 }

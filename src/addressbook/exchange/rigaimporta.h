@@ -57,7 +57,8 @@ private:
     int PostoControp = -1;
 };
 
-/// A code as two of them are compared: capitals without blanks, a VAT number without its country "IT".
+/// A code as two of them are compared: capitals without blanks, a VAT number without its country "IT". Empty
+/// for what stands in the place of one, noughts or a hyphen: many have that.
 [[nodiscard]] QString CodicePiano(const QString& Codice);
 /// A name as two of them are compared: without case, accents and blanks.
 [[nodiscard]] QString NomePiano(const QString& Nome);

@@ -114,6 +114,11 @@ void TestColonneImporta::laRiga_data()
          u"RSSMRA80A01H501U");
     Riga("noughts that a spreadsheet has lost", u"Nome;P.IVA", u"x;159560366", u"PIva", u"00159560366");
     Riga("a number that none would complete", u"Nome;P.IVA", u"x;159560367", u"PIva", u"159560367");
+    Riga("those of a company's fiscal code", u"Nome;CF", u"x;159560366", u"CodFis", u"00159560366");
+    Riga("those of a postal code, where the province has it", u"Nome;CAP;Prov", u"x;184;rm", u"Cap",
+         u"00184");
+    Riga("and where the town lies abroad", u"Nome;CAP;Prov", u"x;6900;", u"Cap", u"6900");
+    Riga("or elsewhere", u"Nome;CAP;Prov", u"x;5510;LU", u"Cap", u"5510");
     Riga("a province in brackets", u"Nome;Prov", u"x;(lu)", u"Prov", u"LU");
     Riga("a date of other programs", u"Nome;Nato il", u"x;1980-01-31", u"DataNascita", u"31/01/1980");
     Riga("a date with midnight", u"Nome;Nato il", u"x;31/01/1980 00:00:00", u"DataNascita", u"31/01/1980");

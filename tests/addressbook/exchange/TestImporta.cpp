@@ -20,8 +20,11 @@ private Q_SLOTS:
     void iDoppioni_data();
     void iDoppioni();
     void gliOmonimi();
+    void iCodiciCheNonLoSono();
     void siCompletaSenzaSostituire();
+    void siCompletaLaChiaveZero();
     void nelFileStesso();
+    void iDoppioniSiNominano();
     void dueVolteNonRaddoppia();
     void laProvaNonScrive();
     void lArresto_data();
@@ -31,6 +34,7 @@ private Q_SLOTS:
     void laControparte();
     void ilResoconto();
     void siAnnulla();
+    void siAnnullaPerUnCollegamento();
     void nonSiAnnullaCioCheECambiato();
     void nonSiAnnullaConUnaCopiaRovinata();
     void lAnnulloDiPrimaRestaDopoUnArresto();
@@ -138,6 +142,26 @@ void TestImporta::gliOmonimi()
     QCOMPARE(S->Righe({u"CodFis"_s}), (QStringList{u"RSSMRA80A01H501U"_s, u"RSSMRA75B02E715K"_s}));
 }
 
+/// Noughts and hyphens stand where a code is not known: they make nobody the same.
+void TestImporta::iCodiciCheNonLoSono()
+{
+    S->Esegui(u"INSERT INTO clienti (Nominativo, PIva) VALUES ('Rossi Mario', '00000000000')"_s);
+    ImportaNominativi Opera = Nuovo(Tabella({{u"Nominativo"_s, u"P.IVA"_s, u"CF"_s},
+                                             {u"Verdi Anna"_s, u"00000000000"_s, u"-"_s},
+                                             {u"Neri Ugo"_s, u"00000000000"_s, u"-"_s},
+                                             {u"rossi mario"_s, u"00159560366"_s, {}}}));
+    QVERIFY(Opera.Prepara());
+    QCOMPARE(Opera.Conto(), (ContoImporta{.Righe = 3, .Aggiunti = 2, .GiaPresenti = 1}));
+}
+
+/// A former archive may have a row of the number nought.
+void TestImporta::siCompletaLaChiaveZero()
+{
+    S->Esegui(u"INSERT INTO clienti (ID, Nominativo) VALUES (0, 'Rossi')"_s);
+    Importa(Tabella({{u"Nominativo"_s, u"CAP"_s}, {u"Rossi"_s, u"55100"_s}}), Doppioni::Completa);
+    QCOMPARE(S->Righe({u"ID"_s, u"Nominativo"_s, u"Cap"_s}), QStringList{u"0|Rossi|55100"_s});
+}
+
 void TestImporta::siCompletaSenzaSostituire()
 {
     S->Esegui(
@@ -160,6 +184,26 @@ void TestImporta::nelFileStesso()
                      {u"ROSSI"_s, u"2"_s, u"55100"_s}}),
             Doppioni::Completa);
     QCOMPARE(S->Righe({u"Nominativo"_s, u"Telefono"_s, u"Cap"_s}), QStringList{u"Rossi|1|55100"_s});
+}
+
+/// What is not added is named: the telephone of a second one may be another person's.
+void TestImporta::iDoppioniSiNominano()
+{
+    S->Esegui(u"INSERT INTO clienti (Nominativo) VALUES ('Verdi')"_s);
+    const TabellaEstranea Nuovi = Tabella({{u"Nominativo"_s, u"Tel"_s, u"CAP"_s},
+                                           {u"Rossi"_s, u"1"_s, {}},
+                                           {u"ROSSI"_s, u"2"_s, u"55100"_s},
+                                           {u"verdi"_s, {}, {}}});
+    for (const Doppioni Modo : {Doppioni::Completa, Doppioni::Salta}) {
+        ImportaNominativi Opera = Nuovo(Nuovi, Modo);
+        QVERIFY(Opera.Prepara());
+        QCOMPARE(Opera.Avvisi(),
+                 QStringList{Modo == Doppioni::Salta
+                                 ? u"riga 3: già presente nel file, tralasciata: ROSSI"_s
+                                 : u"riga 3: già presente nel file, unita all'altra: ROSSI"_s});
+        const QString Detto = Opera.Resoconto(u"nomi.csv"_s, false);
+        QVERIFY2(Detto.contains(u"\nGià nell'archivio:\nriga 4: verdi\n"), qPrintable(Detto));
+    }
 }
 
 void TestImporta::dueVolteNonRaddoppia()
@@ -277,6 +321,19 @@ void TestImporta::siAnnulla()
     QCOMPARE(QFile::permissions(S->File), Diritti);
     QCOMPARE(S->Righe({u"Nominativo"_s}), QStringList{u"Prima"_s});
     QCOMPARE(ContenutoDi(S->Cartella), QStringList{u"DatiStudio.mdb"_s});
+}
+
+/// The settings may name a link to the archive: the copy lies beside the file itself.
+void TestImporta::siAnnullaPerUnCollegamento()
+{
+    const QByteArray Prima = S->Byte();
+    const QString Nome = NuovaCartella() + u"studio.mdb"_s;
+    QVERIFY(QFile::link(S->File, Nome));
+    Importa(Tre);
+    QVERIFY(UltimaImportazione(Nome));
+    AnnullaImportazione(Nome);
+    QCOMPARE(S->Byte(), Prima);
+    QVERIFY(QFileInfo(Nome).isSymLink());
 }
 
 void TestImporta::nonSiAnnullaCioCheECambiato()

@@ -6,9 +6,14 @@
 #include "addressbook/exchange/archivionativo.h"
 #include "addressbook/exchange/esporta.h"
 #include "addressbook/exchange/notevecchie.h"
+#include "core/sessione.h"
+#include "platform/system/guasti.h"
 #include "supporto/guasti.h"
+#include "supporto/scrittoreaccess.h"
 
+#include <QDateTime>
 #include <QDir>
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
@@ -36,7 +41,11 @@ private Q_SLOTS:
     void loStopNonLasciaNulla();
     void leVecchieParcelle();
     void leVecchieParcelleSiFermano();
+    void leVecchieParcelleSulDiscoPieno();
     void leVecchieParcelleRifiutate();
+    void leCopieDiLavoro();
+    void chiLeLegge_data();
+    void chiLeLegge();
 };
 PROVA(TestSorgente);
 
@@ -323,9 +332,8 @@ void TestSorgente::leVecchieParcelle()
     QStringList Detti;
     for (const EsitoNota& Esito : *Esiti)
         Detti.append(Esito.Nome + (Esito.Copiata ? u"+"_s : u"-"_s) + Esito.Detto);
-    Detti.sort();
     QCOMPARE(Detti,
-             (QStringList{u"DatiStudio.mdb+"_s, u"Modelli/uno.MDB+"_s, u"rotta.mdb-non è una parcella"_s}));
+             (QStringList{u"DatiStudio.mdb+"_s, u"rotta.mdb-non è una parcella"_s, u"Modelli/uno.MDB+"_s}));
     QCOMPARE(LeggiFile(A + u"Modelli/uno.MDB"_s), S.Byte());
     QCOMPARE(DataFile(A + u"DatiStudio.mdb"_s), DataFile(S.File));
     QVERIFY(ResocontoNote(S.Cartella, A, *Esiti).contains(u"Copiate: 2 di 3\n"));
@@ -341,6 +349,50 @@ void TestSorgente::leVecchieParcelleSiFermano()
     const QString A = NuovaCartella();
     QVERIFY(!CopiaNote(S.Cartella, A, [](int Fatte, int) { return Fatte == 0; }));
     QCOMPARE(ContenutoDi(A), QStringList());
+    // The folders that were made go too, and no other one.
+    QDir(S.Cartella).mkpath(u"Modelli/Vecchi"_s);
+    QVERIFY(QFile::copy(S.File, S.Cartella + u"Modelli/Vecchi/uno.mdb"_s));
+    QVERIFY(QFile::copy(S.File, S.Cartella + u"Modelli/Vecchi/due.mdb"_s));
+    QVERIFY(!CopiaNote(S.Cartella, A + u"nuove/"_s, [](int Fatte, int) { return Fatte < 3; }));
+    QVERIFY(!QDir(A + u"nuove"_s).exists());
+    QVERIFY(QDir(A).exists());
+}
+
+/// Half a folder of notes with no report is worse than none.
+void TestSorgente::leVecchieParcelleSulDiscoPieno()
+{
+    const Studio S;
+    QDir(S.Cartella).mkdir(u"Grandi"_s);
+    const QString Grande = S.Cartella + u"Grandi/una.mdb"_s;
+    QVERIFY(QFile::copy(S.File, Grande));
+    OpenDatabase(Grande).Execute(u"INSERT INTO clienti (Nominativo, Note) VALUES ('x', ?)"_s,
+                                 {u"x"_s.repeated(200'000)});
+    const QString A = NuovaCartella();
+    const QScopedValueRollback Pieno(guasti::LimiteFile, qint64(S.Byte().size()));
+    QCOMPARE(NumeroErrore([&] { (void)CopiaNote(S.Cartella, A); }), errori::DiscoPieno);
+    QCOMPARE(QDir(A).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
+}
+
+/// What a program that was ended has left goes with the next one; another program's may be in use.
+void TestSorgente::leCopieDiLavoro()
+{
+    const QScopedValueRollback Cartella(sessione::UserFolder, NuovaCartella());
+    const auto Lascia = [](const QString& Nome, int Giorni) {
+        ScriviFile(sessione::UserFolder + Nome, "x");
+        ImpostaDataFile(sessione::UserFolder + Nome, QDateTime::currentDateTimeUtc().addDays(-Giorni));
+    };
+    Lascia(u".importa-1.mdb"_s, 2);
+    Lascia(u".importa-2.mdb"_s, 0);
+    Lascia(u"nota.mdb"_s, 2);
+    const Studio S;
+    const QString File =
+        ScriviAccess(S.Cartella + u"vecchio.mdb"_s,
+                     {.Tabelle = {{.Nome = u"clienti"_s, .Colonne = {{.Nome = u"Nominativo"_s}}}}});
+    {
+        const ArchivioNativo Aperto(File);
+        QVERIFY(Aperto.File().startsWith(sessione::UserFolder));
+    }
+    QCOMPARE(ContenutoDi(sessione::UserFolder), (QStringList{u".importa-2.mdb"_s, u"nota.mdb"_s}));
 }
 
 void TestSorgente::leVecchieParcelleRifiutate()
@@ -351,6 +403,36 @@ void TestSorgente::leVecchieParcelleRifiutate()
     const QString Vuota = NuovaCartella();
     QCOMPARE(Frase([&] { (void)CopiaNote(Vuota, S.Cartella); }),
              u"Nella cartella \"%1\" non ci sono parcelle (file .mdb): sceglierne un'altra."_s.arg(Vuota));
+}
+
+void TestSorgente::chiLeLegge_data()
+{
+    QTest::addColumn<bool>("DiAccess");
+    QTest::newRow("native") << false;
+    QTest::newRow("of Access") << true;
+}
+
+/// Names of people are read by their user, and by whom the folder lets write.
+void TestSorgente::chiLeLegge()
+{
+    QFETCH(bool, DiAccess);
+    constexpr QFile::Permissions Altri =
+        QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    const Studio S;
+    QVERIFY(QFile::setPermissions(S.File, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther));
+    const QString Dove = NuovaCartella();
+    const QString Da = Dove + u"vecchio.mdb"_s;
+    if (DiAccess)
+        ScriviAccess(Da, AccessDa(S.File));
+    else
+        QVERIFY(QFile::copy(S.File, Da));
+    const auto Preso = PrendiArchivio(Da, NuovaCartella());
+    QVERIFY(Preso);
+    QCOMPARE(QFile::permissions(Preso->File) & Altri, QFile::Permissions());
+    const QString A = NuovaCartella() + u"nuove/"_s;
+    QVERIFY(CopiaNote(Dove, A)->first().Copiata);
+    QCOMPARE(QFile::permissions(A + u"vecchio.mdb"_s) & Altri, QFile::Permissions());
+    QCOMPARE(QFile::permissions(A) & Altri, QFile::Permissions());
 }
 
 #include "TestSorgente.moc"
