@@ -110,7 +110,13 @@ bool StessoNome(QByteArrayView Scritto, const QString& Nome)
 template <class F>
 void ScorriRighe(const QByteArray& Deposito, F&& Prendi)
 {
+    // Some editors put the mark of UTF-8 before the first line.
+    const QByteArrayView Marca = "\xEF\xBB\xBF";
     QByteArrayView Resto = Deposito;
+    if (Resto.startsWith(Marca)) {
+        Prendi(Riga{Resto.first(Marca.size())});
+        Resto = Resto.sliced(Marca.size());
+    }
     while (!Resto.isEmpty()) {
         const Riga Letta = PrimaRiga(Resto);
         Prendi(Letta);

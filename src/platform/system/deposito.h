@@ -1,9 +1,10 @@
 // The text of a settings store: sections, keys and texts as the bytes of a file.
 //
-// UTF-8, lines "[section]" and "key=text". A text may stand between quotes; "\n", "\"", "\\", "\x" and a
-// number in hexadecimal stand for a sign, a comma that no quotes hold parts a list, whose blanks do not
-// count, and ";" begins a comment. Sections and keys are compared without case, "%41" in one of them is "A";
-// of several lines of a key the last one counts. Bytes that are none of this are passed over and kept.
+// UTF-8, perhaps with its mark, lines "[section]" and "key=text". A text may stand between quotes; "\n",
+// "\"", "\\", "\x" and a number in hexadecimal stand for a sign, a comma that no quotes hold parts a list,
+// whose blanks do not count, and ";" begins a comment. Sections and keys are compared without case, "%41" in
+// one of them is "A"; of several lines of a key the last one counts. Bytes that are none of this are passed
+// over and kept.
 #pragma once
 
 #include <QByteArray>

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void laBibliotecaLeggeINostri();
     void noiLeggiamoISuoi_data();
     void noiLeggiamoISuoi();
+    void laMarcaDiUnEditore();
     void ilRestoNonSiTocca_data();
     void ilRestoNonSiTocca();
     void ilFileRottoNonInghiotte_data();
@@ -96,6 +97,7 @@ void TestDeposito::leggeDaOgniForma()
     QFETCH(QByteArray, Riga);
     QTEST(Letto("[Parametri]\n" + Riga + "\n", u"k"_s), "Testo");
     QTEST(Letto("[parametri]\r\n" + Riga, u"K"_s), "Testo");
+    QTEST(Letto("\xEF\xBB\xBF[Parametri]\n" + Riga, u"k"_s), "Testo");
     QCOMPARE(Letto("[Altra]\n" + Riga, u"k"_s), u"(manca)"_s);
 }
 
@@ -176,6 +178,18 @@ void TestDeposito::noiLeggiamoISuoi()
     QCOMPARE(ValoreDelDeposito(Byte, u"Altra"_s, u"k"_s), u"altra"_s);
 }
 
+void TestDeposito::laMarcaDiUnEditore()
+{
+    const QString File = NuovaCartella() + u"a.ini"_s;
+    const QByteArray Byte = "\xEF\xBB\xBF[Parametri]\r\nk=Forl\xC3\xAC\r\n"_ba;
+    QFile Nuovo(File);
+    QVERIFY(Nuovo.open(QIODevice::WriteOnly));
+    Nuovo.write(Byte);
+    Nuovo.close();
+    QCOMPARE(QSettings(File, QSettings::IniFormat).value(u"Parametri/k"_s).toString(), u"Forlì"_s);
+    QCOMPARE(Letto(Byte, u"k"_s), u"Forlì"_s);
+}
+
 void TestDeposito::ilRestoNonSiTocca_data()
 {
     QTest::addColumn<QByteArray>("Prima");
@@ -196,6 +210,8 @@ void TestDeposito::ilRestoNonSiTocca_data()
     Riga("of two lines the new one", "[Parametri]\nk=0\na=1\nk=7\n[Parametri]\nK=9\n",
          "[Parametri]\nk=1\na=1\n[Parametri]\n");
     Riga("a heading left open", "[Parametri\na=1\n", "[Parametri\na=1\nk=1\n");
+    Riga("the mark of UTF-8", "\xEF\xBB\xBF[Parametri]\nk=0\n", "\xEF\xBB\xBF[Parametri]\nk=1\n");
+    Riga("the mark of UTF-8 alone", "\xEF\xBB\xBF", "\xEF\xBB\xBF\n[Parametri]\nk=1\n");
 }
 
 void TestDeposito::ilRestoNonSiTocca()
