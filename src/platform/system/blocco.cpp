@@ -1,5 +1,8 @@
 #include "platform/system/blocco.h"
 
+#include "platform/system/guasti.h"
+#include "platform/system/stessofile.h"
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
@@ -32,19 +35,6 @@ constexpr qint64 SenzaFirmaMs = 1000;
 
 /// No save takes so long, and the clocks of an office differ by less.
 constexpr qint64 DiAltraMacchinaMs = qint64(5) * 60 * 1000;
-
-/// The signature in a lock file: process, program and machine, a line each, as other versions write it too.
-std::optional<FirmaBlocco> LeggiFirma(const QByteArray& Contenuto)
-{
-    const QList<QByteArray> Righe = Contenuto.split('\n');
-    bool Numero = false;
-    FirmaBlocco Firma;
-    Firma.Processo = Righe[0].toLongLong(&Numero);
-    if (!Numero || Firma.Processo <= 0 || Righe.size() < 3)
-        return std::nullopt;
-    Firma.Macchina = QString::fromLocal8Bit(Righe[2]);
-    return Firma;
-}
 
 qint64 DistanzaDaAdesso(const QDateTime& Quando)
 {
@@ -129,13 +119,51 @@ private:
     int Fd;
 };
 
-/// Whether the file that is open still bears the name.
-bool HaQuestoNome(int Fd, const QByteArray& Nome)
+/// The signature as it stands in the file.
+struct FirmaScritta
 {
-    struct stat Aperto = {};
-    struct stat Sotto = {};
-    return ::fstat(Fd, &Aperto) == 0 && ::lstat(Nome.constData(), &Sotto) == 0 &&
-           Aperto.st_dev == Sotto.st_dev && Aperto.st_ino == Sotto.st_ino;
+    qint64 Processo = 0;
+    QString Macchina;
+    QByteArray Impronta;  ///< number of the machine; empty where it has none
+    QByteArray Avvio;     ///< number of the machine's last start
+};
+
+/// Process, program, machine and its two numbers, a line each, as other versions write it too.
+std::optional<FirmaScritta> LeggiFirma(const QByteArray& Contenuto)
+{
+    const QList<QByteArray> Righe = Contenuto.split('\n');
+    bool Numero = false;
+    FirmaScritta Firma;
+    Firma.Processo = Righe[0].toLongLong(&Numero);
+    if (!Numero || Firma.Processo <= 0 || Righe.size() < 3)
+        return std::nullopt;
+    Firma.Macchina = QString::fromLocal8Bit(Righe[2]);
+    Firma.Impronta = Righe.value(3);
+    Firma.Avvio = Righe.value(4);
+    return Firma;
+}
+
+/// Whether this machine has signed. Two machines of an office may bear one name, and a machine may get
+/// another one: its number says more. Copies of a machine have its number too, so that under another name a
+/// lock of which the system knows nothing is still theirs.
+/// @param Nessuno the system says that no process holds the lock
+bool DiQuestaMacchina(const FirmaScritta& Firma, bool Nessuno)
+{
+    const QByteArray Impronta = QSysInfo::machineUniqueId();
+    const bool StessoNome = Firma.Macchina.isEmpty() || Firma.Macchina == QSysInfo::machineHostName();
+    if (Firma.Impronta.isEmpty() || Impronta.isEmpty())
+        return StessoNome;
+    return Firma.Impronta == Impronta && (StessoNome || Nessuno);
+}
+
+/// Whether the process that has signed on this machine lives; after a start of the machine its number is
+/// another's.
+bool Vive(const FirmaScritta& Firma)
+{
+    const QByteArray Avvio = QSysInfo::bootUniqueId();
+    if (!Firma.Avvio.isEmpty() && !Avvio.isEmpty() && Firma.Avvio != Avvio)
+        return false;
+    return ::kill(pid_t(Firma.Processo), 0) == 0 || errno == EPERM;
 }
 
 QByteArray FirmaPropria()
@@ -161,8 +189,8 @@ Stato Esamina(const QByteArray& Nome, Maniglia& Aperto, FirmaBlocco& DiChi)
     QByteArray Contenuto(1024, '\0');
     const ssize_t Letti = Aperto ? ::read(Aperto.Numero(), Contenuto.data(), size_t(Contenuto.size())) : -1;
     Contenuto.truncate(std::max<ssize_t>(0, Letti));
-    const bool Nessuno = Aperto && ::flock(Aperto.Numero(), LOCK_EX | LOCK_NB) == 0;
-    if (!Nessuno && errno == EWOULDBLOCK && Aperto)
+    const bool Nessuno = Aperto && !guasti::SenzaBlocchi && ::flock(Aperto.Numero(), LOCK_EX | LOCK_NB) == 0;
+    if (!Nessuno && !guasti::SenzaBlocchi && errno == EWOULDBLOCK && Aperto)
         return Stato::Vivo;
     const qint64 Eta = DistanzaDaAdesso(DiChi.Quando);
     if (!Aperto)
@@ -172,11 +200,10 @@ Stato Esamina(const QByteArray& Nome, Maniglia& Aperto, FirmaBlocco& DiChi)
         return Eta <= SenzaFirmaMs ? Stato::Vivo : Letti == 0 ? Stato::Morto : Stato::Abbandonato;
     DiChi.Processo = Firma->Processo;
     DiChi.Macchina = Firma->Macchina;
-    if (!Firma->Macchina.isEmpty() && Firma->Macchina != QSysInfo::machineHostName())
+    if (!DiQuestaMacchina(*Firma, Nessuno))
         return Eta > DiAltraMacchinaMs ? Stato::Abbandonato : Stato::Vivo;
     // The system holds the lock of a process that lives, on every disk that knows such locks.
-    const bool Vive = !Nessuno && (::kill(pid_t(Firma->Processo), 0) == 0 || errno == EPERM);
-    return Vive ? Stato::Vivo : Stato::Morto;
+    return !Nessuno && Vive(*Firma) ? Stato::Vivo : Stato::Morto;
 }
 
 /// @return true when the name is free

@@ -70,8 +70,7 @@ void LeggiAPezzi(const QString& Percorso, const std::function<bool(QByteArrayVie
 
 /// Writes the whole file beside its place and puts it there in one step (see FileAccanto): the former file
 /// stays until the new one is on the disk. A link stays a link. @param Chi may read it
-/// @throws Errore 75 refused, 76 no folder, 61 no room, 57 the disk
-/// fails
+/// @throws Errore 75 refused, 76 no folder, 61 no room, 57 the disk fails, 55 another program is writing it
 void ScriviFile(const QString& Percorso, const QByteArray& Contenuto, Lettori Chi = Lettori::Tutti);
 
 /// Writes a file that is not there yet. One that somebody else puts there meanwhile stays.

@@ -2,18 +2,23 @@
 
 #include "platform/base/errore.h"
 #include "platform/system/codici.h"
+#include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/sincrono.h"
+#include "platform/system/stessofile.h"
 
 #include <QCryptographicHash>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QThread>
 
 #ifdef Q_OS_WIN
 #include <QSaveFile>
 #else
 #include <cerrno>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 #endif
 
@@ -90,6 +95,30 @@ QByteArray NomeAccanto(const QString& Finale)
     return QFile::encodeName(CartellaFile(Finale) + u".~"_s) + Sigla + ".tmp";
 }
 
+/// Frees a name from the file that a killed program has left there; one whose writer lives is waited for.
+/// @return false, and the reason in `errno`, when it stays. @throws Errore 55 its writer goes on and on
+bool Libera(const QByteArray& Nome)
+{
+    constexpr int PassoMs = 20;
+    QElapsedTimer Orologio;
+    Orologio.start();
+    for (;;) {
+        const int Aperto = ::open(Nome.constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+        const bool Scritto = Aperto >= 0 && !guasti::SenzaBlocchi &&
+                             ::flock(Aperto, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+        const bool Libero = !Scritto && (::unlink(Nome.constData()) == 0 || errno == ENOENT);
+        const int Codice = errno;
+        if (Aperto >= 0)
+            ::close(Aperto);
+        errno = Codice;
+        if (!Scritto)
+            return Libero;
+        if (Orologio.elapsed() >= guasti::AttesaTurnoMs)
+            throw Errore(errori::FileInUso);
+        QThread::msleep(PassoMs);
+    }
+}
+
 }  // namespace
 
 struct FileAccanto::Interno
@@ -106,6 +135,7 @@ struct FileAccanto::Interno
         return ConNome ? Accanto : "/proc/self/fd/" + QByteArray::number(File);
     }
     [[nodiscard]] int DaiNome(const QByteArray& Nome) const;
+    void PretendiProprio();
     void Chiudi();
 };
 
@@ -118,13 +148,15 @@ void FileAccanto::Interno::Apri(Lettori Chi)
     const mode_t Permessi = Solito ? DiTutti : Privato;
 #ifdef O_TMPFILE
     // Such a file gets its name through the process's own list of files.
-    if (::access("/proc/self/fd", X_OK) == 0) {
+    if (!guasti::SenzaFileAnonimi && ::access("/proc/self/fd", X_OK) == 0) {
         const qsizetype Fine = Finale.lastIndexOf('/');
         const QByteArray Cartella = Fine < 0 ? "."_ba : Finale.first(Fine + 1);
         File =
             Riprova([&] { return ::open(Cartella.constData(), O_TMPFILE | O_WRONLY | O_CLOEXEC, Permessi); });
-        if (File >= 0)
+        if (File >= 0) {
+            ::flock(File, LOCK_EX | LOCK_NB);
             return;
+        }
         if (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL)
             throw ErroreDelSistema(errno);
     }
@@ -134,10 +166,11 @@ void FileAccanto::Interno::Apri(Lettori Chi)
             [&] { return ::open(Accanto.constData(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, Permessi); });
     };
     File = Crea();
-    if (File < 0 && errno == EEXIST &&
-        ::unlink(Accanto.constData()) == 0)  // left by a program that was killed
+    if (File < 0 && errno == EEXIST && Libera(Accanto))
         File = Crea();
     Pretendi(File);
+    // Whoever finds it sees that its writer lives.
+    ::flock(File, LOCK_EX | LOCK_NB);
     ConNome = true;
 }
 
@@ -149,9 +182,18 @@ int FileAccanto::Interno::DaiNome(const QByteArray& Nome) const
     return ::linkat(AT_FDCWD, Percorso().constData(), AT_FDCWD, Nome.constData(), AT_SYMLINK_FOLLOW);
 }
 
+/// What bears the name may be another's by now, where a disk shows nobody's locks. @throws Errore 55
+void FileAccanto::Interno::PretendiProprio()
+{
+    if (!ConNome || HaQuestoNome(File, Accanto))
+        return;
+    ConNome = false;
+    throw Errore(errori::FileInUso);
+}
+
 void FileAccanto::Interno::Chiudi()
 {
-    if (ConNome)
+    if (ConNome && HaQuestoNome(File, Accanto))
         ::unlink(Accanto.constData());
     ConNome = false;
     if (File >= 0)
@@ -191,9 +233,10 @@ void FileAccanto::Scrivi(QByteArrayView Byte)
 void FileAccanto::Posa()
 {
     Pretendi(Riprova([&] { return ::fsync(Dati->File); }));
+    Dati->PretendiProprio();
     if (!Dati->ConNome) {
         int Esito = Dati->DaiNome(Dati->Accanto);
-        if (Esito < 0 && errno == EEXIST && ::unlink(Dati->Accanto.constData()) == 0)
+        if (Esito < 0 && errno == EEXIST && Libera(Dati->Accanto))
             Esito = Dati->DaiNome(Dati->Accanto);
         Pretendi(Esito);
         Dati->ConNome = true;
@@ -206,6 +249,7 @@ void FileAccanto::Posa()
 bool FileAccanto::PosaSeLibero()
 {
     Pretendi(Riprova([&] { return ::fsync(Dati->File); }));
+    Dati->PretendiProprio();
     if (Dati->DaiNome(Dati->Finale) < 0) {
         if (errno == EEXIST)
             return false;

@@ -13,13 +13,14 @@
 ///
 /// Where the disk knows files without a name it has none until it is whole, so that a program that is killed
 /// leaves nothing; elsewhere, and for the moment between two steps, it is `.~<name>.tmp`, which the next one
-/// takes away.
+/// takes away; of two programs that write it at once the second waits, or gives up.
 class FileAccanto
 {
 public:
     /// @param Finale path of a file that is no link (see FileVero)
     /// @param Chi may read it, from its first byte on (see DaiPermessi)
-    /// @throws Errore 61 no room, 75 refused, 76 no folder, 57 the disk fails
+    /// @throws Errore 61 no room, 75 refused, 76 no folder, 57 the disk fails, 55 another program is writing
+    /// it
     FileAccanto(const QString& Finale, Lettori Chi);
     ~FileAccanto();
     FileAccanto(const FileAccanto&) = delete;

@@ -25,6 +25,12 @@ inline std::function<void(const QString& Cartella)> PrimaDiScorrere;
 /// Asked before the bytes of a finished file are waited for, with its path; false is a disk that fails.
 inline std::function<bool(const QString& File)> PrimaDelDisco;
 
+/// The system knows no locks of files, as on some network disks: what is locked shows to nobody.
+inline bool SenzaBlocchi = false;
+
+/// A file has its name from its first byte on, as on network disks and sticks.
+inline bool SenzaFileAnonimi = false;
+
 /// Every database opened or created from now on may grow to this many pages of 4096 bytes, as on a full disk;
 /// 0 lifts the limit.
 inline int LimitePagine = 0;

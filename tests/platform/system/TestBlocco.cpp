@@ -4,9 +4,12 @@
 
 #include "platform/system/blocco.h"
 #include "platform/system/file.h"
+#include "platform/system/guasti.h"
 
 #include <QElapsedTimer>
+#include <QFile>
 #include <QLockFile>
+#include <QScopedValueRollback>
 #include <QSysInfo>
 
 using namespace Qt::StringLiterals;
@@ -22,9 +25,16 @@ constexpr qint64 SubitoMs = 900;
 /// A number that no process has.
 constexpr int Nessuno = 99999999;
 
-QByteArray Firma(int Processo, const QString& Macchina)
+QByteArray Firma(qint64 Processo, const QString& Macchina)
 {
     return QByteArray::number(Processo) + "\ncalcanova\n" + Macchina.toUtf8() + '\n';
+}
+
+/// The same with the numbers of machine and start.
+QByteArray Firma(qint64 Processo, const QString& Macchina, const QByteArray& Impronta,
+                 const QByteArray& Avvio = QSysInfo::bootUniqueId())
+{
+    return Firma(Processo, Macchina) + Impronta + '\n' + Avvio + '\n';
 }
 
 }  // namespace
@@ -38,6 +48,7 @@ private Q_SLOTS:
     void init();
     void siPrendeESiLascia();
     void unoSolo();
+    void doveNonSiVedonoBlocchi();
     void chiTrovaIlFile_data();
     void chiTrovaIlFile();
     void nonSiAspettaUnMorto();
@@ -89,7 +100,28 @@ void TestBlocco::unoSolo()
     QCOMPARE(Altro.Prendi(200), Esito::Altrui);
     QVERIFY2(Orologio.elapsed() >= 200, "a living one is waited for");
     // Whatever its signature says, and however old it is.
-    Scrivi(Firma(Nessuno, u"altrove"_s), 3600);
+    QFile Stesso(File);
+    QVERIFY(Stesso.open(QIODevice::ReadWrite));
+    QVERIFY(Stesso.resize(0));
+    Stesso.write(Firma(Nessuno, u"altrove"_s));
+    Stesso.close();
+    ImpostaDataFile(File, QDateTime::currentDateTime().addSecs(-3600));
+    QCOMPARE(Altro.Prendi(0), Esito::Altrui);
+}
+
+void TestBlocco::doveNonSiVedonoBlocchi()
+{
+    const QScopedValueRollback Semplice(guasti::SenzaBlocchi, true);
+    const qint64 Io = QCoreApplication::applicationPid();
+    const QString Qui = QSysInfo::machineHostName();
+    const QByteArray Impronta = QSysInfo::machineUniqueId();
+    Scrivi(Firma(Io, Qui, Impronta), 3600);
+    QCOMPARE(FileBlocco(File).Prendi(0), Esito::Altrui);
+    // The number came back after a start of the machine: nobody waits for who bears it now.
+    Scrivi(Firma(Io, Qui, Impronta, "un-altro-avvio"), 0);
+    QCOMPARE(FileBlocco(File).Prendi(0), QSysInfo::bootUniqueId().isEmpty() ? Esito::Altrui : Esito::Preso);
+    Scrivi(Firma(Nessuno, Qui, Impronta), 0);
+    QCOMPARE(FileBlocco(File).Prendi(0), Esito::Preso);
 }
 
 void TestBlocco::chiTrovaIlFile_data()
@@ -113,6 +145,15 @@ void TestBlocco::chiTrovaIlFile_data()
     QTest::newRow("no signature, just now") << "\x01\x02 garbage"_ba << 0 << Esito::Altrui;
     QTest::newRow("no signature, old") << "\x01\x02 garbage"_ba << 5 << Esito::Abbandonato;
     QTest::newRow("a number alone") << "12"_ba << 5 << Esito::Abbandonato;
+    if (const QByteArray Impronta = QSysInfo::machineUniqueId(); !Impronta.isEmpty()) {
+        QTest::newRow("this machine by its number too") << Firma(Nessuno, Qui, Impronta) << 0 << Esito::Preso;
+        QTest::newRow("this machine under a former name")
+            << Firma(Nessuno, u"altrove"_s, Impronta) << 0 << Esito::Preso;
+        QTest::newRow("another machine of this name")
+            << Firma(Nessuno, Qui, "altra-macchina") << 0 << Esito::Altrui;
+        QTest::newRow("another machine of this name, six minutes")
+            << Firma(Nessuno, Qui, "altra-macchina") << 360 << Esito::Abbandonato;
+    }
     QTest::newRow("no process has the number 0") << Firma(0, Qui) << 5 << Esito::Abbandonato;
 }
 

@@ -1,0 +1,124 @@
+// Files that are written beside their place, by two programs at once.
+#include "supporto/guasti.h"
+#include "supporto/prova.h"
+
+#include "platform/system/file.h"
+#include "platform/system/fileaccanto.h"
+#include "platform/system/guasti.h"
+
+#include <QScopedValueRollback>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+class TestFileAccanto : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void chiScriveNonPerdeIlSuo();
+    void chiNonSiVedePerdeIlPosto();
+    void siAspettaChiVive_data();
+    void siAspettaChiVive();
+    void diUnMorto_data();
+    void diUnMorto();
+
+private:
+    QString Cartella;
+    QString File;
+    int AttesaSolita = guasti::AttesaTurnoMs;
+};
+PROVA(TestFileAccanto);
+
+void TestFileAccanto::init()
+{
+    Cartella = NuovaCartella();
+    File = Cartella + u"x.doc"_s;
+    guasti::AttesaTurnoMs = 100;
+}
+
+void TestFileAccanto::cleanup()
+{
+    guasti::AttesaTurnoMs = AttesaSolita;
+    guasti::SenzaFileAnonimi = false;
+    guasti::SenzaBlocchi = false;
+}
+
+void TestFileAccanto::chiScriveNonPerdeIlSuo()
+{
+    guasti::SenzaFileAnonimi = true;
+    {
+        FileAccanto Primo(File, Lettori::Cartella);
+        Primo.Scrivi("mezzo");
+        QCOMPARE(NumeroErrore([&] { ScriviFile(File, "altro", Lettori::Cartella); }), errori::FileInUso);
+        Primo.Scrivi(" e intero");
+        Primo.Posa();
+    }
+    QCOMPARE(LeggiFile(File), "mezzo e intero"_ba);
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"x.doc"_s});
+}
+
+/// Where a disk shows nobody's locks the second takes the first one's file for a dead program's: what is half
+/// written takes no place all the same.
+void TestFileAccanto::chiNonSiVedePerdeIlPosto()
+{
+    guasti::SenzaFileAnonimi = true;
+    ScriviFile(File, "prima", Lettori::Cartella);
+    guasti::SenzaBlocchi = true;
+    {
+        FileAccanto Primo(File, Lettori::Cartella);
+        Primo.Scrivi("uno");
+        FileAccanto Secondo(File, Lettori::Cartella);
+        Secondo.Scrivi("met");
+        QCOMPARE(NumeroErrore([&] { Primo.Posa(); }), errori::FileInUso);
+        QCOMPARE(LeggiFile(File), "prima"_ba);
+        Secondo.Scrivi("à");
+        Secondo.Posa();
+    }
+    QCOMPARE(LeggiFile(File), "metà"_ba);
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"x.doc"_s});
+}
+
+void TestFileAccanto::siAspettaChiVive_data()
+{
+    QTest::addColumn<bool>("ConNome");
+    QTest::newRow("a name from the first byte on") << true;
+    QTest::newRow("a name at the end") << false;
+}
+
+void TestFileAccanto::siAspettaChiVive()
+{
+    QFETCH(bool, ConNome);
+    guasti::SenzaFileAnonimi = ConNome;
+    const QByteArray Accanto = QFile::encodeName(Cartella + u".~x.doc.tmp"_s);
+    const int Vivo = ::open(Accanto.constData(), O_CREAT | O_RDWR | O_CLOEXEC, 0600);
+    QCOMPARE(::flock(Vivo, LOCK_EX), 0);
+    QCOMPARE(NumeroErrore([&] { ScriviFile(File, "x"); }), errori::FileInUso);
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u".~x.doc.tmp"_s});
+    ::close(Vivo);
+    ScriviFile(File, "x");
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"x.doc"_s});
+}
+
+void TestFileAccanto::diUnMorto_data()
+{
+    siAspettaChiVive_data();
+}
+
+void TestFileAccanto::diUnMorto()
+{
+    QFETCH(bool, ConNome);
+    guasti::SenzaFileAnonimi = ConNome;
+    QFile Resto(Cartella + u".~x.doc.tmp"_s);
+    QVERIFY(Resto.open(QIODevice::WriteOnly));
+    Resto.close();
+    ScriviFile(File, "x");
+    QCOMPARE(LeggiFile(File), "x"_ba);
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"x.doc"_s});
+}
+
+#include "TestFileAccanto.moc"
