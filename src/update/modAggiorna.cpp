@@ -15,6 +15,7 @@
 #include "update/modCopyURL.h"
 
 #include <QCoreApplication>
+#include <QRegularExpression>
 
 #include <cmath>
 
@@ -101,9 +102,12 @@ void TogliAvanzi()
 {
     // A transfer that lives writes within fifteen seconds, or ends.
     constexpr qint64 DaQuantoSecondi = 60;
+    // Whatever else ends so is the user's.
+    static const QRegularExpression Forma(u".\\.\\d+-\\d+\\.parziale\\z"_s);
     for (const QString& Cartella : {Barra(sessione::UserFolder), CartellaUpgrade()}) {
         for (const QString& Nome : NomiDeiFile(Cartella, Avanzo.toString()))
-            if (std::abs(DataFile(Cartella + Nome).secsTo(QDateTime::currentDateTime())) > DaQuantoSecondi)
+            if (Forma.match(Nome).hasMatch() &&
+                std::abs(DataFile(Cartella + Nome).secsTo(QDateTime::currentDateTime())) > DaQuantoSecondi)
                 ScartaFile(Cartella + Nome);
     }
 }

@@ -216,13 +216,17 @@ void TestAggiorna::gliAvanziVecchiVannoVia()
     const QString Vecchio = sessione::UserFolder + u"Tassi.dat.77-1.parziale"_s;
     const QString Futuro = CartellaUpgrade() + u"upgrade3.0.15.exe.77-2.parziale"_s;
     const QString Vivo = sessione::UserFolder + u"Tassi.dat.78-1.parziale"_s;
-    for (const QString& File : {Vecchio, Futuro, Vivo})
+    const QString DellUtente = sessione::UserFolder + u"Relazione.parziale"_s;
+    for (const QString& File : {Vecchio, Futuro, Vivo, DellUtente})
         ScriviFile(File, "meta'");
-    ImpostaDataFile(Vecchio, QDateTime::currentDateTime().addSecs(-120));
+    for (const QString& File : {Vecchio, DellUtente})
+        ImpostaDataFile(File, QDateTime::currentDateTime().addSecs(-120));
     ImpostaDataFile(Futuro, QDateTime::currentDateTime().addYears(1));
     Annuncio Trovato;
     QVERIFY(ControlloVersioni(DalServer(), true, Trovato));
-    QCOMPARE(B->Avanzi(), QStringList{NomeFile(Vivo)});
+    QStringList Rimasti = B->Avanzi();
+    Rimasti.sort();
+    QCOMPARE(Rimasti, (QStringList{NomeFile(DellUtente), NomeFile(Vivo)}));
 }
 
 void TestAggiorna::tassiVecchi_data()

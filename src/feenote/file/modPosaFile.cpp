@@ -204,7 +204,7 @@ QString FraseTurno(const TurnoLasciato& Trovato)
 void TogliRestiDiNote(const QString& Cartella)
 {
     static const QRegularExpression Forma(
-        u"^\\.~(.+\\.mdb)\\.(tmp|tmp-journal|tmp-access|turno|turno\\.rmlock)\\z"_s);
+        u"^\\.~(?:\\.~)?(.+\\.mdb)\\.(turno(\\.rmlock)?|tmp-journal|tmp(-access)?(\\.tmp)?)\\z"_s);
     const QString Qui = Barra(Cartella);
     if (!CartellaScrivibile(Qui))
         return;
@@ -218,5 +218,8 @@ void TogliRestiDiNote(const QString& Cartella)
             continue;
         for (const QString& Resto : {u".tmp"_s, u".tmp-journal"_s, u".tmp-access"_s, u".turno.rmlock"_s})
             ScartaFile(Qui + u".~"_s + Nota + Resto);
+        // A copy has a name beside its own while it is made.
+        for (const QString& Resto : {u".tmp.tmp"_s, u".tmp-access.tmp"_s})
+            ScartaFile(Qui + u".~.~"_s + Nota + Resto);
     }
 }

@@ -187,12 +187,17 @@ void TestPosaFile::restiDiAltreNote()
 {
     const Studio Ufficio;
     const Registratore Messaggi;
-    const QStringList Resti{u".~altra.mdb.tmp"_s, u".~altra.mdb.tmp-journal"_s, u".~altra.mdb.turno"_s,
-                            u".~altra.mdb.turno.rmlock"_s, u".~terza.mdb.tmp"_s};
+    const QStringList Resti{u".~altra.mdb.tmp"_s,
+                            u".~altra.mdb.tmp-journal"_s,
+                            u".~altra.mdb.turno"_s,
+                            u".~altra.mdb.turno.rmlock"_s,
+                            u".~terza.mdb.tmp"_s,
+                            u".~.~quarta.mdb.tmp.tmp"_s,
+                            u".~.~quinta.mdb.tmp-access.tmp"_s};
     for (const QString& Resto : Resti)
         ScriviFile(Cartella + Resto, DiUnMorto);
     const QStringList DiAltri{u".~appunti.tmp"_s, u"altra.mdb.tmp"_s, u".~viva.mdb.tmp"_s,
-                              u".~viva.mdb.turno"_s};
+                              u".~.~viva.mdb.tmp.tmp"_s, u".~viva.mdb.turno"_s};
     for (const QString& Altrui : DiAltri)
         if (!Altrui.endsWith(u"turno"))
             ScriviFile(Cartella + Altrui, "x");
