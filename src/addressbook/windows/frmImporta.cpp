@@ -37,8 +37,7 @@ namespace {
 const QString Clienti = u"clienti"_s;
 const QString Controparti = u"controparti"_s;
 
-constexpr QStringView FiltroArchivi =
-    u"Archivi (*.mdb *.accdb)|*.mdb;*.accdb|Tutti i file (*)|*";
+constexpr QStringView FiltroArchivi = u"Archivi (*.mdb *.accdb)|*.mdb;*.accdb|Tutti i file (*)|*";
 constexpr QStringView FiltroNominativi =
     u"Archivi, fogli CSV, rubriche vCard (*.mdb *.accdb *.csv *.txt *.vcf)|*.mdb;*.accdb;*.csv;*.txt;*.vcf|"
     u"Tutti i file (*)|*";
@@ -96,7 +95,8 @@ frmImporta::frmImporta() : ui(std::make_unique<Ui::frmImporta>())
     ui->setupUi(this);
     setWindowModality(Qt::ApplicationModal);
     setWindowIcon(aspetto::Icona(u"importa"_s));
-    for (QLabel* Scritta : std::array{ui->lblModo_0, ui->lblModo_1, ui->lblModo_2, ui->lblCopia, ui->lblUsate})
+    for (QLabel* Scritta :
+         std::array{ui->lblModo_0, ui->lblModo_1, ui->lblModo_2, ui->lblCopia, ui->lblUsate})
         Ingrigisci(Scritta);
     Ingrassa(ui->lblProva);
     Ingrassa(ui->lblEsito);
@@ -330,8 +330,10 @@ void frmImporta::cmdIndietro_Click()
 
 void frmImporta::reject()
 {
-    if (!AlLavoro)  // Esc stops the work, and nothing else
-        QDialog::reject();
+    if (AlLavoro)  // Esc stops the work, and nothing else
+        return;
+    Sorgente.reset();  // with the working copy of an archive
+    QDialog::reject();
 }
 
 // ---- a whole archive ----------------------------------------------------------------------------
@@ -340,9 +342,10 @@ void frmImporta::PrendiIntero()
 {
     if (Manca(ui->txtFile, u"Scegliere il file dell'archivio."_s))
         return;
-    if (MsgBox(u"Una copia di \"%1\" diventa l'archivio clienti e controparti dello studio.\n"
-               "L'archivio usato finora, \"%2\", resta dov'è. Proseguire?"_s.arg(NomeFile(File()), Archivio()),
-               vbYesNo | vbQuestion, TitoloDomanda.toString()) != vbYes ||
+    if (MsgBox(
+            u"Una copia di \"%1\" diventa l'archivio clienti e controparti dello studio.\n"
+            "L'archivio usato finora, \"%2\", resta dov'è. Proseguire?"_s.arg(NomeFile(File()), Archivio()),
+            vbYesNo | vbQuestion, TitoloDomanda.toString()) != vbYes ||
         !CongedaRubriche())
         return;
     Tenta([this] {
@@ -358,9 +361,12 @@ void frmImporta::PrendiIntero()
         if (Aperture.ImpostazioniCambiate)
             Aperture.ImpostazioniCambiate();
         RileggiRubriche();
-        MostraResoconto(u"L'archivio è pronto: %1 clienti e %2 controparti."_s.arg(
-                            Format(Preso->Clienti, u"#,##0"), Format(Preso->Controparti, u"#,##0")),
-                        ResocontoArchivio(File(), *Preso), false);
+        MostraResoconto(
+            u"L'archivio è pronto: %1 e %2."_s.arg(
+                Preso->Clienti == 1 ? u"1 cliente"_s : Format(Preso->Clienti, u"#,##0") + u" clienti"_s,
+                Preso->Controparti == 1 ? u"1 controparte"_s
+                                        : Format(Preso->Controparti, u"#,##0") + u" controparti"_s),
+            ResocontoArchivio(File(), *Preso), false);
     });
 }
 
@@ -380,8 +386,8 @@ void frmImporta::CopiaParcelle()
         if (!Esiti)
             return;
         const auto Copiate = std::ranges::count_if(*Esiti, &EsitoNota::Copiata);
-        MostraResoconto(u"%1 copiate di %2."_s.arg(Format(double(Copiate), u"#,##0"),
-                                                   Format(double(Esiti->size()), u"#,##0")),
+        MostraResoconto(u"Parcelle copiate: %1 su %2."_s.arg(Format(double(Copiate), u"#,##0"),
+                                                             Format(double(Esiti->size()), u"#,##0")),
                         ResocontoNote(File(), A, *Esiti), false);
         if (Aperture.RinfrescaTrova)
             Aperture.RinfrescaTrova();
@@ -402,12 +408,13 @@ void frmImporta::MostraResoconto(const QString& Esito, const QString& Testo, boo
 
 void frmImporta::cmdSalvaResoconto_Click()
 {
-    const QString Scelta = DialogoSalva(u"Salva il resoconto"_s,
-                                        CartellaSpeciale(CartellaDocumenti) + u"importazione.txt"_s,
-                                        u"Testo (*.txt)|*.txt"_s);
+    const QString Scelta =
+        DialogoSalva(u"Salva il resoconto"_s, CartellaSpeciale(CartellaDocumenti) + u"importazione.txt"_s,
+                     u"Testo (*.txt)|*.txt"_s);
     if (Scelta.isEmpty() ||
-        (EsisteFile(Scelta) && MsgBox(u"Il file "_s + NomeFile(Scelta) + u" esiste già: si vuole sostituirlo?"_s,
-                                      vbYesNo | vbQuestion, TitoloDomanda.toString()) != vbYes))
+        (EsisteFile(Scelta) &&
+         MsgBox(u"Il file "_s + NomeFile(Scelta) + u" esiste già: si vuole sostituirlo?"_s,
+                vbYesNo | vbQuestion, TitoloDomanda.toString()) != vbYes))
         return;
     Protetta([&] { ScriviFile(Scelta, Resoconto.toUtf8(), Lettori::SoloUtente); });
 }
@@ -427,6 +434,6 @@ void frmImporta::cmdAnnullaImporta_Click()
     if (Fatto && ui->pagine->currentIndex() == PagResoconto)
         MostraResoconto(u"L'importazione è stata annullata: l'archivio è com'era prima."_s, Resoconto, false);
     else if (Fatto)
-        MsgBox(u"L'importazione è stata annullata: l'archivio è com'era prima."_s,
-               vbOKOnly + vbInformation, TitoloMessaggio.toString());
+        MsgBox(u"L'importazione è stata annullata: l'archivio è com'era prima."_s, vbOKOnly + vbInformation,
+               TitoloMessaggio.toString());
 }

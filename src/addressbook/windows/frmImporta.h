@@ -17,8 +17,8 @@ namespace Ui {
 class frmImporta;
 }
 
-/// There is one; it holds the other windows back while it is on view. Nothing is written before its last step,
-/// and stopping leaves everything as it was.
+/// There is one; it holds the other windows back while it is on view. Nothing is written before its last
+/// step, and stopping leaves everything as it was.
 class frmImporta : public QDialog
 {
     Q_OBJECT
@@ -73,7 +73,7 @@ private:
     void CollegaNominativi();
     void ApriSorgente();
     void MostraLettura();
-    void Rileggi();
+    void Rileggi(OpzioniSorgente Nuove);
     void MostraAnteprima();
     void MostraColonne();
     void MostraMeta();

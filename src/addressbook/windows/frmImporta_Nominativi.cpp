@@ -95,21 +95,25 @@ void frmImporta::CollegaNominativi()
     ::Collega(ui->tdbColonne, &Griglia::Invio, this, [this] { ui->cmbMeta->setFocus(); });
     AlScegliere(ui->cmbMeta, [this](int Voce, ModoScelta) { cmbMeta_Click(Voce); });
     AlScegliere(ui->cmbTabella, [this](int, ModoScelta) {
-        Opzioni.Tabella = ui->cmbTabella->currentText();
-        Rileggi();
+        OpzioniSorgente Nuove = Opzioni;
+        Nuove.Tabella = ui->cmbTabella->currentText();
+        Rileggi(Nuove);
     });
     AlScegliere(ui->cmbSeparatore, [this](int Voce, ModoScelta) {
-        Opzioni.Csv.Separatore = Separatori.at(size_t(Voce)).Segno;
-        Opzioni.PrimaRigaTitoli.reset();
-        Rileggi();
+        OpzioniSorgente Nuove = Opzioni;
+        Nuove.Csv.Separatore = Separatori.at(size_t(Voce)).Segno;
+        Nuove.PrimaRigaTitoli.reset();
+        Rileggi(Nuove);
     });
     AlScegliere(ui->cmbCodifica, [this](int Voce, ModoScelta) {
-        Opzioni.Csv.Codifica = Codifiche.at(size_t(Voce)).Codifica;
-        Rileggi();
+        OpzioniSorgente Nuove = Opzioni;
+        Nuove.Csv.Codifica = Codifiche.at(size_t(Voce)).Codifica;
+        Rileggi(Nuove);
     });
     ::Collega<QAbstractButton>(ui->chkTitoli, &QAbstractButton::clicked, this, [this] {
-        Opzioni.PrimaRigaTitoli = ui->chkTitoli->isChecked();
-        Rileggi();
+        OpzioniSorgente Nuove = Opzioni;
+        Nuove.PrimaRigaTitoli = ui->chkTitoli->isChecked();
+        Rileggi(Nuove);
     });
     for (QRadioButton* Scelta : std::array{ui->optDoppioni_0, ui->optDoppioni_1, ui->optDoppioni_2})
         ::Collega<QAbstractButton>(Scelta, &QAbstractButton::clicked, this, [this] { (void)Prova(); });
@@ -124,8 +128,9 @@ void frmImporta::ApriSorgente()
     (void)Tenta([this] {
         const Database Db = ApriArchivio(Archivio());
         if (Db.DiSolaLettura())
-            RifiutaFile(u"L'archivio in uso è di sola lettura: con \"Usa questo archivio\" se ne fa una copia "
-                        "in cui si può scrivere."_s);
+            RifiutaFile(
+                u"L'archivio in uso è di sola lettura: con \"Usa questo archivio\" se ne fa una copia "
+                "in cui si può scrivere."_s);
         if (PercorsoNativo(File()) == Db.Percorso())
             RifiutaFile(u"È l'archivio in uso: scegliere il file da cui importare."_s);
         Campi = Db.Campi(Tabella());
@@ -163,19 +168,19 @@ void frmImporta::MostraLettura()
     const auto* const Segno =
         std::ranges::find(Separatori, Opzioni.Csv.Separatore, &SeparatoreOfferto::Segno);
     ui->cmbSeparatore->setCurrentIndex(Segno == Separatori.end() ? -1 : int(Segno - Separatori.begin()));
-    const auto* const Codifica = std::ranges::find(Codifiche, Opzioni.Csv.Codifica, &CodificaOfferta::Codifica);
+    const auto* const Codifica =
+        std::ranges::find(Codifiche, Opzioni.Csv.Codifica, &CodificaOfferta::Codifica);
     ui->cmbCodifica->setCurrentIndex(Codifica == Codifiche.end() ? -1 : int(Codifica - Codifiche.begin()));
     ui->chkTitoli->setChecked(Opzioni.PrimaRigaTitoli.value_or(false));
 }
 
 /// Reads the file as it is asked for now; where that fails everything stays as it was read before.
-void frmImporta::Rileggi()
+void frmImporta::Rileggi(OpzioniSorgente Nuove)
 {
     if (!Sorgente)
         return;
-    (void)Tenta([this] {
+    (void)Tenta([&] {
         const ClessidraAccesa Attesa;
-        OpzioniSorgente Nuove = Opzioni;
         TabellaEstranea Altra = Sorgente->Leggi(Nuove);
         Opzioni = Nuove;
         Letta = std::move(Altra);
@@ -242,9 +247,9 @@ void frmImporta::ContaUsate()
     }
     ui->tdbColonne->Rilega();
     ui->lblUsate->setText(
-        u"Righe: %1. Colonne importate: %2 su %3. Più colonne possono andare nelle Note, col loro titolo."_s.arg(
-            Format(double(Letta.Righe.size()), u"#,##0"), Format(Usate, u"#,##0"),
-            Format(double(Chiavi.size()), u"#,##0")));
+        u"Righe: %1. Colonne importate: %2 su %3. Più colonne possono andare nelle Note, col loro titolo."_s
+            .arg(Format(double(Letta.Righe.size()), u"#,##0"), Format(Usate, u"#,##0"),
+                 Format(double(Chiavi.size()), u"#,##0")));
 }
 
 /// The list of fields follows the column that is current.
@@ -278,10 +283,10 @@ bool frmImporta::Prova()
     Opera.reset();
     bool Contata = false;
     (void)Tenta([&] {
-        auto Nuova = std::make_unique<ImportaNominativi>(OpenDatabase(Archivio()), Tabella(), Letta, Chiavi, Scelta);
-        AlLavoroPer([&] {
-            Contata = Nuova->Prepara([this](int Fatte, int Tutte) { return Avanza(Fatte, Tutte); });
-        });
+        auto Nuova =
+            std::make_unique<ImportaNominativi>(OpenDatabase(Archivio()), Tabella(), Letta, Chiavi, Scelta);
+        AlLavoroPer(
+            [&] { Contata = Nuova->Prepara([this](int Fatte, int Tutte) { return Avanza(Fatte, Tutte); }); });
         if (Contata)
             Opera = std::move(Nuova);
     });

@@ -30,6 +30,7 @@ private Q_SLOTS:
     void daTastiera();
     void leColonneSiCambiano();
     void ilSeparatoreEITitoli();
+    void unaLetturaRifiutata();
     void iDoppioniSiContano();
     void unaRubrica();
     void unArchivioAccess();
@@ -96,7 +97,8 @@ private:
     }
 
     static inline const QByteArray DueNomi = "Cognome;Nome;CAP;Fax\nNeri;Ugo;55100;1\nROSSI;mario;56100;2\n";
-    const QStringList Cinque{u"verdi Anna"_s, u"Àlvari Nicolò"_s, u"BRUNI Carla"_s, u"Rossi Mario"_s, u"Rossi Ada"_s};
+    const QStringList Cinque{u"verdi Anna"_s, u"Àlvari Nicolò"_s, u"BRUNI Carla"_s, u"Rossi Mario"_s,
+                             u"Rossi Ada"_s};
     QString Cartella;
     std::unique_ptr<ArchivioDiProva> A;
 };
@@ -122,8 +124,8 @@ void TestFrmImporta::leDidascalieEINomi()
 {
     const frmImporta* F = Apri();
     QCOMPARE(F->windowTitle(), u"Importa archivio"_s);
-    QCOMPARE(SenzaDidascalia(F, {u"Usa questo archivio"_s, u"Aggiungi i nominativi"_s, u"Copia le vecchie parcelle"_s,
-                                 u"Avanti"_s, u"Chiudi"_s}),
+    QCOMPARE(SenzaDidascalia(F, {u"Usa questo archivio"_s, u"Aggiungi i nominativi"_s,
+                                 u"Copia le vecchie parcelle"_s, u"Avanti"_s, u"Chiudi"_s}),
              QStringList());
     QCOMPARE(SenzaNome(F).join(u' '), QString());
     QVERIFY(!Controllo(F, "txtArrivo")->isVisible());
@@ -145,8 +147,9 @@ void TestFrmImporta::iPassi()
     QCOMPARE(Colonna(F, 0, 1), u"Nominativo: cognome"_s);
     QCOMPARE(Colonna(F, 0, 2), u"Neri"_s);
     QCOMPARE(Colonna(F, 3, 1), u"(non importare)"_s);
-    QCOMPARE(TestoDi(F, "lblUsate"),
-             u"Righe: 2. Colonne importate: 3 su 4. Più colonne possono andare nelle Note, col loro titolo."_s);
+    QCOMPARE(
+        TestoDi(F, "lblUsate"),
+        u"Righe: 2. Colonne importate: 3 su 4. Più colonne possono andare nelle Note, col loro titolo."_s);
     QCOMPARE(Controllo<Griglia>(F, "tdbAnteprima")->Righe(), 2);
     Premuto(F, "cmdAvanti");
     QCOMPARE(Pagina(F), int(frmImporta::PagDoppioni));
@@ -156,7 +159,9 @@ void TestFrmImporta::iPassi()
     Premuto(F, "cmdAvanti");
     QCOMPARE(Pagina(F), int(frmImporta::PagResoconto));
     QCOMPARE(TestoDi(F, "lblEsito"), u"1 nominativo aggiunto, 1 già presente che resta com'è."_s);
-    QVERIFY(Controllo<QPlainTextEdit>(F, "txtResoconto")->toPlainText().contains(u"Colonne non importate: Fax\n"));
+    QVERIFY(Controllo<QPlainTextEdit>(F, "txtResoconto")
+                ->toPlainText()
+                .contains(u"Colonne non importate: Fax\n"));
     QCOMPARE(InArchivio(), Cinque + QStringList{u"Neri Ugo"_s});
 }
 
@@ -232,6 +237,21 @@ void TestFrmImporta::ilSeparatoreEITitoli()
     QCOMPARE(Pagina(F), int(frmImporta::PagScelta));
 }
 
+/// A way of reading that the file refuses is none: the lists show how it is read.
+void TestFrmImporta::unaLetturaRifiutata()
+{
+    const frmImporta* F = Apri(frmImporta::Nominativi,
+                               Salva(u"nomi.csv"_s, "Nome;Studio\nNeri;" + QByteArray(1200, ',') + "\n"));
+    Premuto(F, "cmdAvanti");
+    A->Voce.Attendi(
+        u"Il file ha più di 1.000 colonne: togliere quelle che non servono, o controllare il separatore."_s,
+        vbOK, u"Avvertenza:"_s);
+    Scegli(Controllo<QComboBox>(F, "cmbSeparatore"), 1);
+    QCOMPARE(Controllo<QComboBox>(F, "cmbSeparatore")->currentText(), u"punto e virgola (;)"_s);
+    Scegli(Controllo<QComboBox>(F, "cmbCodifica"), 1);
+    QCOMPARE(Colonna(F, 0, 0), u"Nome"_s);
+}
+
 void TestFrmImporta::iDoppioniSiContano()
 {
     const frmImporta* F = Apri(frmImporta::Nominativi, Salva(u"nomi.csv"_s, DueNomi));
@@ -257,25 +277,28 @@ void TestFrmImporta::iDoppioniSiContano()
 
 void TestFrmImporta::unaRubrica()
 {
-    const frmImporta* F = Apri(frmImporta::Nominativi,
-                               Salva(u"nomi.vcf"_s, "BEGIN:VCARD\nVERSION:3.0\nN:Neri;Ugo\nADR:;;Via;Lucca;;55100;\n"
-                                                     "END:VCARD\nBEGIN:VCARD\nTEL:1\nEND:VCARD\n"));
+    const frmImporta* F =
+        Apri(frmImporta::Nominativi,
+             Salva(u"nomi.vcf"_s, "BEGIN:VCARD\nVERSION:3.0\nN:Neri;Ugo\nADR:;;Via;Lucca;;55100;\n"
+                                  "END:VCARD\nBEGIN:VCARD\nTEL:1\nEND:VCARD\n"));
     Premuto(F, "cmdAvanti");
     for (const char* Nome : {"cmbSeparatore", "cmbCodifica", "chkTitoli", "cmbTabella"})
         QVERIFY2(!Controllo(F, Nome)->isVisible(), Nome);
     Premuto(F, "cmdAvanti");
-    QCOMPARE(Controllo<QPlainTextEdit>(F, "txtAvvisi")->toPlainText(), u"scheda 2: senza nome, tralasciata"_s);
+    QCOMPARE(Controllo<QPlainTextEdit>(F, "txtAvvisi")->toPlainText(),
+             u"scheda 2: senza nome, tralasciata"_s);
     Premuto(F, "cmdAvanti");
     QCOMPARE(InArchivio().last(), u"Neri Ugo"_s);
 }
 
 void TestFrmImporta::unArchivioAccess()
 {
-    const TabellaScritta Persone{.Nome = u"Anagrafe"_s,
-                                 .Colonne = {{.Nome = u"Codice"_s, .Tipo = tipoaccess::Lungo, .Contatore = true},
-                                             {.Nome = u"Ragione sociale"_s},
-                                             {.Nome = u"Foto"_s, .Tipo = tipoaccess::Ole}},
-                                 .Righe = {{4, u"Omega Srl"_s, QVariant()}}};
+    const TabellaScritta Persone{
+        .Nome = u"Anagrafe"_s,
+        .Colonne = {{.Nome = u"Codice"_s, .Tipo = tipoaccess::Lungo, .Contatore = true},
+                    {.Nome = u"Ragione sociale"_s},
+                    {.Nome = u"Foto"_s, .Tipo = tipoaccess::Ole}},
+        .Righe = {{4, u"Omega Srl"_s, QVariant()}}};
     TabellaScritta Clienti = Persone;
     Clienti.Nome = u"clienti"_s;
     Clienti.Righe = {};
@@ -292,7 +315,7 @@ void TestFrmImporta::unArchivioAccess()
     Premuto(F, "cmdAvanti");
     QCOMPARE(InArchivio().last(), u"Omega Srl"_s);
     QCOMPARE(LeggiFile(File), Prima);
-    delete SeCaricato<frmImporta>;
+    SeCaricato<frmImporta>->close();
     QCOMPARE(ContenutoDi(sessione::UserFolder), QStringList());  // the working copy has gone
 }
 
@@ -341,7 +364,8 @@ void TestFrmImporta::siAnnullaPiuTardi()
     QVERIFY2(TestoDi(F, "lblUltima").startsWith(u"Ultima importazione: 1 nominativo da \"nomi.csv\", il "),
              qPrintable(TestoDi(F, "lblUltima")));
     A->Voce.Attendi(u"L'archivio torna com'era prima dell'importazione. Proseguire?"_s, vbYes);
-    A->Voce.Attendi(u"L'importazione è stata annullata: l'archivio è com'era prima."_s, vbOK, u"Messaggio:"_s);
+    A->Voce.Attendi(u"L'importazione è stata annullata: l'archivio è com'era prima."_s, vbOK,
+                    u"Messaggio:"_s);
     Premuto(F, "cmdAnnullaUltima");
     QCOMPARE(LeggiFile(A->File), Prima);
     QVERIFY(!Controllo(F, "cmdAnnullaUltima")->isVisible());
@@ -353,7 +377,8 @@ void TestFrmImporta::nonSiAnnullaDopoUnaModifica()
     OpenDatabase(A->File).Execute(u"UPDATE clienti SET Cap='1' WHERE ID=1"_s);
     const QByteArray Dopo = LeggiFile(A->File);
     A->Voce.Attendi(u"L'archivio torna com'era prima dell'importazione. Proseguire?"_s, vbYes);
-    A->Voce.Attendi(u"Dopo l'importazione l'archivio è stato modificato: annullandola si perderebbero le modifiche, perciò "
+    A->Voce.Attendi(u"Dopo l'importazione l'archivio è stato modificato: annullandola si perderebbero le "
+                    u"modifiche, perciò "
                     "resta com'è. La copia di prima è il file \"%1.prima\"."_s.arg(A->File),
                     vbOK, u"Avvertenza:"_s);
     Premuto(F, "cmdAnnullaImporta");
@@ -380,7 +405,8 @@ void TestFrmImporta::leFrasi_data()
     QTest::addColumn<QByteArray>("Byte");
     QTest::addColumn<QString>("Frase");
     using enum frmImporta::Modo;
-    QTest::newRow("no file") << int(Nominativi) << QString() << QByteArray() << u"Scegliere il file da importare."_s;
+    QTest::newRow("no file") << int(Nominativi) << QString() << QByteArray()
+                             << u"Scegliere il file da importare."_s;
     QTest::newRow("no archive") << int(ArchivioIntero) << QString() << QByteArray()
                                 << u"Scegliere il file dell'archivio."_s;
     QTest::newRow("no folder") << int(Parcelle) << QString() << QByteArray()
@@ -388,13 +414,14 @@ void TestFrmImporta::leFrasi_data()
     QTest::newRow("a spreadsheet's own file")
         << int(Nominativi) << u"nomi.xlsx"_s << QByteArray("PK\x03\x04xxxx")
         << u"Il file è di un foglio di calcolo: aprirlo con quel programma e salvarlo in formato CSV."_s;
-    QTest::newRow("cut rows")
-        << int(Nominativi) << u"nomi.csv"_s << QByteArray("Nome;Via\nRossi;\"Via")
-        << u"Il file finisce dentro una cella fra virgolette, nella riga che comincia alla linea 2: è incompleto, ripetere "
-           "l'esportazione dal programma d'origine."_s;
-    QTest::newRow("cut cards") << int(Nominativi) << u"nomi.vcf"_s << QByteArray("BEGIN:VCARD\nFN:x\n")
-                               << u"Il file finisce a metà della scheda 1: è incompleto, ripetere l'esportazione dal "
-                                  "programma d'origine."_s;
+    QTest::newRow("cut rows") << int(Nominativi) << u"nomi.csv"_s << QByteArray("Nome;Via\nRossi;\"Via")
+                              << u"Il file finisce dentro una cella fra virgolette, nella riga che comincia "
+                                 u"alla linea 2: è incompleto, ripetere "
+                                 "l'esportazione dal programma d'origine."_s;
+    QTest::newRow("cut cards")
+        << int(Nominativi) << u"nomi.vcf"_s << QByteArray("BEGIN:VCARD\nFN:x\n")
+        << u"Il file finisce a metà della scheda 1: è incompleto, ripetere l'esportazione dal "
+           "programma d'origine."_s;
 }
 
 /// One sentence each, and the archive as it was.
@@ -431,7 +458,7 @@ void TestFrmImporta::usaQuestoArchivio()
     A->Voce.Tollera();  // the other settings of this test are none
     Premuto(F, "cmdAvanti");
     QCOMPARE(Pagina(F), int(frmImporta::PagResoconto));
-    QCOMPARE(TestoDi(F, "lblEsito"), u"L'archivio è pronto: 1 clienti e 0 controparti."_s);
+    QCOMPARE(TestoDi(F, "lblEsito"), u"L'archivio è pronto: 1 cliente e 0 controparti."_s);
     QCOMPARE(sessione::ArchivioCliCon, Nuovo);
     QCOMPARE(Cambiate, 1);
     QCOMPARE(LeggiFile(Vecchio), Prima);
@@ -443,9 +470,10 @@ void TestFrmImporta::usaQuestoArchivio()
 void TestFrmImporta::usaQuestoArchivioENo()
 {
     const frmImporta* F = Apri(frmImporta::ArchivioIntero, A->File);
-    A->Voce.Attendi(u"Una copia di \"DatiStudio.mdb\" diventa l'archivio clienti e controparti dello studio.\n"
-                    "L'archivio usato finora, \"%1\", resta dov'è. Proseguire?"_s.arg(A->File),
-                    vbNo, u"Domanda:"_s);
+    A->Voce.Attendi(
+        u"Una copia di \"DatiStudio.mdb\" diventa l'archivio clienti e controparti dello studio.\n"
+        "L'archivio usato finora, \"%1\", resta dov'è. Proseguire?"_s.arg(A->File),
+        vbNo, u"Domanda:"_s);
     Premuto(F, "cmdAvanti");
     QCOMPARE(Pagina(F), int(frmImporta::PagScelta));
     QCOMPARE(sessione::ArchivioCliCon, A->File);
@@ -454,19 +482,22 @@ void TestFrmImporta::usaQuestoArchivioENo()
 
 void TestFrmImporta::leVecchieParcelle()
 {
-    const TabellaScritta Param{.Nome = u"ParcellaParam"_s, .Colonne = {{.Nome = u"Cliente"_s}}, .Righe = {{u"Rossi"_s}}};
+    const TabellaScritta Param{
+        .Nome = u"ParcellaParam"_s, .Colonne = {{.Nome = u"Cliente"_s}}, .Righe = {{u"Rossi"_s}}};
     ScriviAccess(Cartella + u"una.mdb"_s, {.Tabelle = {Param}});
     Salva(u"rotta.mdb"_s, "x");
     const QString Copie = NuovaCartella() + u"nuove"_s;
     const frmImporta* F = Apri(frmImporta::Parcelle, Cartella);
     Controllo<QLineEdit>(F, "txtArrivo")->setText(Copie);
     Premuto(F, "cmdAvanti");
-    QCOMPARE(TestoDi(F, "lblEsito"), u"1 copiate di 2."_s);
+    QCOMPARE(TestoDi(F, "lblEsito"), u"Parcelle copiate: 1 su 2."_s);
     const QString Detto = Controllo<QPlainTextEdit>(F, "txtResoconto")->toPlainText();
-    QVERIFY2(Detto.contains(u"una.mdb: copiata\n") && Detto.contains(u"rotta.mdb: non copiata, non è una parcella\n"),
+    QVERIFY2(Detto.contains(u"una.mdb: copiata\n") &&
+                 Detto.contains(u"rotta.mdb: non copiata, non è una parcella\n"),
              qPrintable(Detto));
-    QCOMPARE(OpenDatabase(Copie + u"/una.mdb"_s).OpenRecordset(u"ParcellaParam"_s).Value(u"Cliente"_s).toString(),
-             u"Rossi"_s);
+    QCOMPARE(
+        OpenDatabase(Copie + u"/una.mdb"_s).OpenRecordset(u"ParcellaParam"_s).Value(u"Cliente"_s).toString(),
+        u"Rossi"_s);
 }
 
 void TestFrmImporta::dalBrowser()
@@ -515,7 +546,8 @@ void TestFrmImporta::siEsporta()
     A->Voce.AttendiSalva(Cartella + u"nomi"_s);  // the ending is the program's
     A->Voce.Attendi(u"2 nominativi esportati in \"nomi.csv\"."_s, vbOK, u"Messaggio:"_s);
     R->Comando(u"esporta"_s);
-    QCOMPARE(LeggiFile(File), QByteArray("\xEF\xBB\xBFNominativo;Citt\xC3\xA0;CAP\r\nRossi Mario;Lucca;\r\nRossi Ada;;\r\n"));
+    QCOMPARE(LeggiFile(File),
+             QByteArray("\xEF\xBB\xBFNominativo;Citt\xC3\xA0;CAP\r\nRossi Mario;Lucca;\r\nRossi Ada;;\r\n"));
     QCOMPARE(QFileInfo(File).permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
     Lista(R)->Seleziona(1);
     A->Voce.AttendiSalva(Cartella + u"nomi.vcf"_s);
