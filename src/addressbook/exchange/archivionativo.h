@@ -27,8 +27,7 @@ class ArchivioNativo
 {
 public:
     /// @throws Errore as ScriviNativo, 0 when `Prosegui` stopped it
-    explicit ArchivioNativo(const QString& DiFile,
-                            const std::function<bool(qint64 Fatti)>& Prosegui = {});
+    explicit ArchivioNativo(const QString& DiFile, const std::function<bool(qint64 Fatti)>& Prosegui = {});
     ~ArchivioNativo();
     ArchivioNativo(const ArchivioNativo&) = delete;
     ArchivioNativo& operator=(const ArchivioNativo&) = delete;

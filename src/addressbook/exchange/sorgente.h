@@ -26,8 +26,8 @@ class SorgenteNominativi
 {
 public:
     /// @param Prosegui asked now and then while an archive of Access is read; false stops it
-    /// @throws Errore NumeroFileRifiutato when it is no source, or larger than a program may ask for; 53, 75; 0
-    /// when it was stopped
+    /// @throws Errore NumeroFileRifiutato when it is no source, or larger than a program may ask for; 53, 75;
+    /// 0 when it was stopped
     explicit SorgenteNominativi(const QString& DiFile,
                                 const std::function<bool(qint64 Fatti)>& Prosegui = {});
     ~SorgenteNominativi();

@@ -13,8 +13,8 @@ void ChiudiRubricaDi(int Indice, int Numero);
 /// Another archive may have been set: closes the browsers of every other one, asking as above. One that the
 /// user stays with hands over no choice, and no note follows what is written there.
 void ChiudiRubricheAltrui();
-/// Before an archive is written to as a whole: asks about what is not saved in any of them. @return false when
-/// the user stays with one
+/// Before an archive is written to as a whole: asks about what is not saved in any of them. @return false
+/// when the user stays with one
 [[nodiscard]] bool CongedaRubriche();
 /// An archive was written to as a whole, or replaced: all of them read it anew.
 void RileggiRubriche();

@@ -38,7 +38,8 @@ public:
     /// Tells the first field that must not be empty and is, and gives it the focus. @return false then
     [[nodiscard]] bool CheckValori();
 
-    /// The archive was changed beside the form: the box of its path follows, unless something was typed there.
+    /// The archive was changed beside the form: the box of its path follows, unless something was typed
+    /// there.
     void SegueArchivio();
 
     /// Checks, writes the icons, stores every setting in one write, and brings them into force.
