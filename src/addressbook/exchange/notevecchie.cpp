@@ -8,9 +8,6 @@
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 
-#include <QDir>
-#include <QFileInfo>
-
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -64,7 +61,8 @@ std::optional<QList<EsitoNota>> CopiaNote(const QString& Da, const QString& A,
     QStringList Fatte;  // folders, the outer ones first
     const auto FaiCartella = [&](const QString& Cartella) {
         QStringList Mancanti;
-        for (QString Una = QDir::cleanPath(Cartella); !EsisteCartella(Una); Una = QFileInfo(Una).path())
+        for (QString Una = Barra(Cartella); !Una.isEmpty() && !EsisteCartella(Una);
+             Una = CartellaSuperiore(Una))
             Mancanti.prepend(Una);
         Fatte += Mancanti;
         CreaCartellaDiUtente(Cartella);
@@ -74,7 +72,7 @@ std::optional<QList<EsitoNota>> CopiaNote(const QString& Da, const QString& A,
             ScartaFile(Copia);
         // One that somebody has put a file into stays.
         while (!Fatte.isEmpty())
-            (void)QDir().rmdir(Fatte.takeLast());
+            ScartaCartella(Fatte.takeLast());
         return std::nullopt;
     };
     for (const QString& Nome : std::as_const(File)) {

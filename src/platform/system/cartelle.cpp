@@ -98,6 +98,11 @@ void ScartaFile(const QString& Percorso)
     QFile::remove(PercorsoNativo(Percorso));
 }
 
+void ScartaCartella(const QString& Cartella)
+{
+    (void)QDir().rmdir(PercorsoNativo(Cartella));
+}
+
 void RinominaFile(const QString& Vecchio, const QString& Nuovo)
 {
     const QString Nativo = PercorsoNativo(Vecchio);

@@ -35,6 +35,9 @@ void EliminaFile(const QString& Percorso);
 /// Deletes a file that nobody needs any more; one that is not there or stays is no error.
 void ScartaFile(const QString& Percorso);
 
+/// Removes a folder if it is there and nothing is in it, without a word where that cannot be.
+void ScartaCartella(const QString& Cartella);
+
 /// Gives a file another name on the same disk; a file that has that name already is never replaced.
 /// @throws Errore 53 there is no such file, 75 its folder or the system refuses, or the name is taken
 void RinominaFile(const QString& Vecchio, const QString& Nuovo);
