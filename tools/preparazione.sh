@@ -8,7 +8,7 @@ set -euo pipefail
 Radice=$(dirname -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")")
 
 Pacchetti=(build-essential cmake ninja-build ccache qt6-base-dev qt6-svg-dev libsqlite3-dev
-           libsodium-dev mdbtools-dev openssl qt6-translations-l10n fonts-dejavu-core fonts-liberation poppler-utils)
+           libsodium-dev mdbtools-dev openssl shared-mime-info qt6-translations-l10n fonts-dejavu-core fonts-liberation poppler-utils)
 
 Avvisa()
 {
