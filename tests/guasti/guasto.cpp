@@ -268,14 +268,7 @@ int open(const char* Percorso, int Bandiere, ...)
     return Apertura(AT_FDCWD, Percorso, Bandiere, Permesso);
 }
 
-int open64(const char* Percorso, int Bandiere, ...)
-{
-    va_list Altri;
-    va_start(Altri, Bandiere);
-    const mode_t Permesso = PermessoDa(Bandiere, Altri);
-    va_end(Altri);
-    return Apertura(AT_FDCWD, Percorso, Bandiere, Permesso);
-}
+int open64(const char* Percorso, int Bandiere, ...) __attribute__((alias("open")));
 
 int openat(int Da, const char* Percorso, int Bandiere, ...)
 {
@@ -286,14 +279,7 @@ int openat(int Da, const char* Percorso, int Bandiere, ...)
     return Apertura(Da, Percorso, Bandiere, Permesso);
 }
 
-int openat64(int Da, const char* Percorso, int Bandiere, ...)
-{
-    va_list Altri;
-    va_start(Altri, Bandiere);
-    const mode_t Permesso = PermessoDa(Bandiere, Altri);
-    va_end(Altri);
-    return Apertura(Da, Percorso, Bandiere, Permesso);
-}
+int openat64(int Da, const char* Percorso, int Bandiere, ...) __attribute__((alias("openat")));
 
 // The same as programs built with checks of the library call it.
 int __open_2(const char* Percorso, int Bandiere)

@@ -187,6 +187,13 @@ Trovato GuardaFatture(const Posto& Dove, const Uscita&)
     }
 }
 
+void CompilaVerdi(Recordset& Righe)
+{
+    Righe.ImpostaValue(u"Nominativo"_s, u"Verdi Anna"_s);
+    Righe.ImpostaValue(u"Citta"_s, u"Pisa"_s);
+    Righe.Update();
+}
+
 }  // namespace
 
 QList<Scenario> ScenariArchivi()
@@ -202,9 +209,7 @@ QList<Scenario> ScenariArchivi()
                       [](const Posto& Dove, const std::function<void()>& Comincia) {
                           return Scheda(Dove, Comincia, [](Recordset& Righe) {
                               Righe.AddNew();
-                              Righe.ImpostaValue(u"Nominativo"_s, u"Verdi Anna"_s);
-                              Righe.ImpostaValue(u"Citta"_s, u"Pisa"_s);
-                              Righe.Update();
+                              CompilaVerdi(Righe);
                           });
                       },
                   .Guarda = GuardaNuovo,
@@ -217,9 +222,7 @@ QList<Scenario> ScenariArchivi()
                           return Scheda(Dove, Comincia, [](Recordset& Righe) {
                               Righe.FindFirst(u"ID = 7"_s);
                               Righe.Edit();
-                              Righe.ImpostaValue(u"Nominativo"_s, u"Verdi Anna"_s);
-                              Righe.ImpostaValue(u"Citta"_s, u"Pisa"_s);
-                              Righe.Update();
+                              CompilaVerdi(Righe);
                           });
                       },
                   .Guarda = GuardaCambiato,

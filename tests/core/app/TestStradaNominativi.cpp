@@ -66,19 +66,10 @@ void TestStradaNominativi::init()
         RiempiApritori();
         return;
     }
-    Archivio = NuovaCartella() + u"DatiStudio.mdb"_s;
-    QVERIFY(QFile::copy(ProgrammaDiProva() + u"DatiStudio.mdb"_s, Archivio));
-    QFile::setPermissions(Archivio, QFile::ReadOwner | QFile::WriteOwner);
+    Archivio = Scena::AllestisciStudio();
     OpenDatabase(Archivio).Execute(
         u"INSERT INTO clienti (Nominativo, Citta) VALUES ('Verdi Anna','Pisa'), "
         "('Rossi Mario','Lucca'), ('Bruni Carla','Pisa'), ('Rossi Ada','Forlì')"_s);
-    const QString Utente = NuovaCartella();
-    ScriviFile(Utente + u"avvisokr5.ini"_s, "[avvisokr5]\nletto=21/11/2026\n");
-    Scena::Salva(u"PercorsoProcedura"_s, ProgrammaDiProva());
-    Scena::Salva(u"StudioNome"_s, u"Studio Bianchi"_s);
-    Scena::Salva(u"CercaAgg"_s, u"N"_s);
-    Scena::Salva(u"ArchivioCliCon"_s, Archivio);
-    Scena::Salva(u"UserFolder"_s, Utente);
     RiempiApritori();
     Main({});
 }

@@ -79,16 +79,7 @@ void TestStradaRubrica::init()
         sessione::ArchivioCliCon = AltroProgramma::Cartella();
         return;
     }
-    const QString Archivio = NuovaCartella() + u"DatiStudio.mdb"_s;
-    QFile::copy(ProgrammaDiProva() + u"DatiStudio.mdb"_s, Archivio);
-    QFile::setPermissions(Archivio, QFile::ReadOwner | QFile::WriteOwner);
-    const QString Utente = NuovaCartella();
-    ScriviFile(Utente + u"avvisokr5.ini"_s, "[avvisokr5]\nletto=21/11/2026\n");
-    Scena::Salva(u"PercorsoProcedura"_s, ProgrammaDiProva());
-    Scena::Salva(u"StudioNome"_s, u"Studio Bianchi"_s);
-    Scena::Salva(u"CercaAgg"_s, u"N"_s);
-    Scena::Salva(u"ArchivioCliCon"_s, Archivio);
-    Scena::Salva(u"UserFolder"_s, Utente);
+    (void)Scena::AllestisciStudio();
     RiempiApritori();
     Main({});
     File = NuovaCartella() + u"nota.mdb"_s;

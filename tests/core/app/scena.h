@@ -18,6 +18,7 @@
 #include "core/settings/frmSetup.h"
 #include "platform/base/errore.h"
 #include "platform/kit/singola.h"
+#include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
@@ -58,6 +59,23 @@ public:
         Nuova.Connesso = [this] { return Connesso; };
         Nuova.Termina = [this](int) { Annota(u"fine"_s); };
         Precedente = InstallaShell(std::move(Nuova));
+    }
+
+    /// An office of its own with a copy of the delivered archive, which the next start finds set up and
+    /// without a question. @return the archive's path
+    [[nodiscard]] static QString AllestisciStudio()
+    {
+        const QString Archivio = NuovaCartella() + u"DatiStudio.mdb"_s;
+        QFile::copy(ProgrammaDiProva() + u"DatiStudio.mdb"_s, Archivio);
+        QFile::setPermissions(Archivio, QFile::ReadOwner | QFile::WriteOwner);
+        const QString Utente = NuovaCartella();
+        ScriviFile(Utente + u"avvisokr5.ini"_s, "[avvisokr5]\nletto=21/11/2026\n");
+        Salva(u"PercorsoProcedura"_s, ProgrammaDiProva());
+        Salva(u"StudioNome"_s, u"Studio Bianchi"_s);
+        Salva(u"CercaAgg"_s, u"N"_s);
+        Salva(u"ArchivioCliCon"_s, Archivio);
+        Salva(u"UserFolder"_s, Utente);
+        return Archivio;
     }
 
     ~Scena()
