@@ -23,7 +23,7 @@ bool DaNumero(QStringView Parola)
 }
 
 /// The room that a column needs for the widest of its numbers, which would be read wrong if they were broken.
-double LarghezzaNecessaria(const Tabella& Questa, std::size_t Colonna)
+double LarghezzaNecessaria(const Tabella& Questa, std::size_t Colonna, bool Lineata)
 {
     constexpr double Agio = 0.01;
     constexpr qsizetype MassimoSegni =
@@ -39,7 +39,7 @@ double LarghezzaNecessaria(const Tabella& Questa, std::size_t Colonna)
             if (DaNumero(Parola) && (DiImporti || Parola.size() <= MassimoSegni))
                 Massima = std::max(Massima, LarghezzaTesto(Parola, Singola.Font));
     }
-    const MarginiCella Margini = MarginiDi(Questa, Colonna);
+    const MarginiCella Margini = MarginiDi(Colonna, Lineata);
     return Massima > 0.0 ? Massima + Margini.PrimaCm + Margini.DopoCm + Agio : 0.0;
 }
 
@@ -65,12 +65,13 @@ double AltezzaPunti(const Cella& Questa, double LarghezzaCm)
     return Somma;
 }
 
-double AltezzaPunti(const Tabella& Questa, std::size_t Quale, const std::vector<double>& Larghezze)
+double AltezzaPunti(const Tabella& Questa, std::size_t Quale, const std::vector<double>& Larghezze,
+                    bool Lineata)
 {
     const RigaTabella& Riga = Questa.Righe[Quale];
     double Massima = 0.0;
     for (std::size_t Colonna = 0; Colonna < Riga.size(); Colonna += ColonneCoperte(Riga, Colonna)) {
-        const MarginiCella Margini = MarginiDi(Questa, Colonna);
+        const MarginiCella Margini = MarginiDi(Colonna, Lineata);
         double Larga = -Margini.PrimaCm - Margini.DopoCm;
         for (std::size_t i = Colonna; i < Colonna + ColonneCoperte(Riga, Colonna); ++i)
             Larga += Larghezze[i];
@@ -81,9 +82,9 @@ double AltezzaPunti(const Tabella& Questa, std::size_t Quale, const std::vector<
 
 }  // namespace
 
-MarginiCella MarginiDi(const Tabella& Questa, std::size_t Colonna)
+MarginiCella MarginiDi(std::size_t Colonna, bool Lineata)
 {
-    if (ConLinee(Questa))
+    if (Lineata)
         return {MezzoMargineCm, MezzoMargineCm};
     return {Colonna == 0 ? 0.0 : 2.0 * MezzoMargineCm, 0.0};
 }
@@ -98,8 +99,9 @@ std::vector<double> LarghezzeEntro(const Tabella& Questa, double MassimaCm)
         Tutte.push_back(std::clamp(Una, MinimaCm, FoglioCm));
     std::vector<double> Necessarie;
     Necessarie.reserve(Tutte.size());
+    const bool Lineata = ConLinee(Questa);
     for (std::size_t Colonna = 0; Colonna < Tutte.size(); ++Colonna)
-        Necessarie.push_back(Questa.Letterale ? 0.0 : LarghezzaNecessaria(Questa, Colonna));
+        Necessarie.push_back(Questa.Letterale ? 0.0 : LarghezzaNecessaria(Questa, Colonna, Lineata));
     return LarghezzeColonne(Tutte, Necessarie, MassimaCm);
 }
 
@@ -108,9 +110,10 @@ bool TabellaIntera(const Tabella& Questa, const Documento& Doc, const Carta& Fog
     if (RigheDiTitoli(Questa) > 0)
         return false;
     const std::vector<double> Larghezze = LarghezzeEntro(Questa, LarghezzaTestoCm(Doc, Foglio));
+    const bool Lineata = ConLinee(Questa);
     double Punti = 0.0;
     for (std::size_t Riga = 0; Riga < Questa.Righe.size(); ++Riga)
-        Punti += AltezzaPunti(Questa, Riga, Larghezze);
+        Punti += AltezzaPunti(Questa, Riga, Larghezze, Lineata);
     const double PaginaCm = Foglio.AltezzaMm / 10.0 - Doc.MargineAltoCm - Doc.MargineBassoCm;
     return Punti * CmPerPunto <= PaginaCm * QuotaTabellaIntera;
 }

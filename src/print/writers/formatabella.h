@@ -13,7 +13,8 @@ struct MarginiCella
     double PrimaCm = 0.0;
     double DopoCm = 0.0;
 };
-[[nodiscard]] MarginiCella MarginiDi(const Tabella& Questa, std::size_t Colonna);
+/// @param Lineata of the table: ConLinee, which looks at every cell and is asked once
+[[nodiscard]] MarginiCella MarginiDi(std::size_t Colonna, bool Lineata);
 
 /// Widths of the columns in centimetres, in proportion where together they are wider than that; none is wider
 /// than 55 cm, the widest sheet that word processors know. A column too narrow for one of its numbers takes

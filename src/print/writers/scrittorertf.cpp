@@ -33,6 +33,14 @@ int TwipDaPunti(double Punti)
 
 // ---- the document
 
+/// What every row of a table needs, found by a look at all its cells.
+struct FormaTabella
+{
+    std::vector<double> Larghezze;  ///< of the columns, cm
+    bool Intera;                    ///< no page divides it
+    bool Lineata;                   ///< some side of some cell is drawn
+};
+
 class Scrivano
 {
 public:
@@ -49,8 +57,7 @@ private:
     QByteArray Formato(const Carattere& Quale);
     void ScriviTratti(const Paragrafo& Questo);
     void Separa();
-    void ScriviRiga(const Tabella& Questa, std::size_t Quale, const std::vector<double>& Larghezze,
-                    bool Intera);
+    void ScriviRiga(const Tabella& Questa, std::size_t Quale, const FormaTabella& Forma);
     void ScriviCella(const Cella& Quale, const MarginiCella& Margini, const QByteArray& PerTutte);
 
     QByteArray Uscita;
@@ -193,10 +200,10 @@ void Scrivano::operator()(const Tabella& Questa)
     // Two tables that touch would be one.
     if (DopoTabella)
         Separa();
-    const std::vector<double> Larghezze = LarghezzeEntro(Questa, LarghezzaTestoCm(Doc, Foglio));
-    const bool Intera = TabellaIntera(Questa, Doc, Foglio);
+    const FormaTabella Forma{LarghezzeEntro(Questa, LarghezzaTestoCm(Doc, Foglio)),
+                             TabellaIntera(Questa, Doc, Foglio), ConLinee(Questa)};
     for (std::size_t Riga = 0; Riga < Questa.Righe.size(); ++Riga)
-        ScriviRiga(Questa, Riga, Larghezze, Intera);
+        ScriviRiga(Questa, Riga, Forma);
     DopoTabella = true;
 }
 
@@ -275,17 +282,16 @@ QByteArray Bordi(const Tabella& Questa, const RigaTabella& Riga, const std::vect
     return Tutti;
 }
 
-void Scrivano::ScriviRiga(const Tabella& Questa, std::size_t Quale, const std::vector<double>& Larghezze,
-                          bool Intera)
+void Scrivano::ScriviRiga(const Tabella& Questa, std::size_t Quale, const FormaTabella& Forma)
 {
     const RigaTabella& Riga = Questa.Righe[Quale];
     if (Riga.empty())
         return;
-    Uscita += Intestazione(Questa, Quale) + Bordi(Questa, Riga, Larghezze) + "\r\n";
+    Uscita += Intestazione(Questa, Quale) + Bordi(Questa, Riga, Forma.Larghezze) + "\r\n";
     const QByteArray PerTutte =
-        (UnitaAllaSeguente(Questa, Quale, Intera) ? "\\keepn" : "") + DistanzaFiletti(Questa, Quale);
+        (UnitaAllaSeguente(Questa, Quale, Forma.Intera) ? "\\keepn" : "") + DistanzaFiletti(Questa, Quale);
     for (std::size_t Colonna = 0; Colonna < Riga.size(); Colonna += ColonneCoperte(Riga, Colonna))
-        ScriviCella(Riga[Colonna], MarginiDi(Questa, Colonna), PerTutte);
+        ScriviCella(Riga[Colonna], MarginiDi(Colonna, Forma.Lineata), PerTutte);
     Uscita += "\\row\r\n";
 }
 
