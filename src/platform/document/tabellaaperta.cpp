@@ -195,10 +195,12 @@ TabellaAperta::TabellaAperta(const Carattere& Font)
 
 void TabellaAperta::Ridimensiona(std::size_t Righe, std::size_t Quante)
 {
+    // A table grows by one row at a time: those that have their columns are left alone.
+    const std::size_t Pronte = Quante == Colonne.size() ? std::min(Righe, Celle.size()) : 0;
     Colonne.resize(Quante);
     Celle.resize(Righe);
-    for (std::vector<Attributi>& Riga : Celle)
-        Riga.resize(Quante);
+    for (std::size_t Riga = Pronte; Riga < Righe; ++Riga)
+        Celle[Riga].resize(Quante);
 }
 
 void TabellaAperta::Applica(const Attributi& Nuovi, std::optional<Intervallo> Righe,
