@@ -39,9 +39,15 @@ QVariantList CelleVoce(const VoceTariffa& Voce)
     return {QString::number(Voce.NVoce), Voce.NVis, Voce.Descrizione, Voce.Quantita};
 }
 
-QVariantList CelleTerna(const Terna& Importi)
+/// An item without an amount has Null; the free one, whose amount is typed, has nothing.
+QVariantList CelleTerna(const std::map<ChiaveImporto, Terna>& Importi, const ChiaveImporto& Chiave,
+                        const VoceTariffa& Voce)
 {
-    return {Importi.Medio, Importi.Minimo, Importi.Massimo};
+    const auto Trovata = Importi.find(Chiave);
+    if (Trovata != Importi.end())
+        return {Trovata->second.Medio, Trovata->second.Minimo, Trovata->second.Massimo};
+    const QVariant Vuota = Voce.NVoce == VoceLibera ? QVariant(0.0) : QVariant();
+    return {Vuota, Vuota, Vuota};
 }
 
 QList<int> NumeriScaglioni(const Tariffe& Dati, const QString& Materia)
@@ -83,10 +89,8 @@ void ScriviCivili(const Database& Db, const Tariffe& Dati, const TabellaNuova& T
     const QList<int> Numeri = NumeriScaglioni(Dati, u"C"_s);
     const auto Riga = [&](const VoceTariffa& Voce, int IDAutor, const QString& Gruppo) {
         QVariantList Celle = QVariantList{QString::number(Voce.Codice), IDAutor} + CelleVoce(Voce);
-        for (const int Numero : Numeri) {
-            const auto Trovata = Dati.Civili.find({Gruppo, Voce.Codice, Numero});
-            Celle += CelleTerna(Trovata == Dati.Civili.end() ? Terna{} : Trovata->second);
-        }
+        for (const int Numero : Numeri)
+            Celle += CelleTerna(Dati.Civili, {Gruppo, Voce.Codice, Numero}, Voce);
         AggiungiRiga(Db, Tabella, Celle);
     };
     for (const AutoritaTariffa& Ente : EntiDi(Dati, Civile)) {
@@ -105,10 +109,8 @@ void ScriviPenali(const Database& Db, const Tariffe& Dati, const TabellaNuova& T
 {
     for (const VoceTariffa& Voce : Dati.Voci[Penale.toString()]) {
         QVariantList Celle = QVariantList{Voce.Codice, QString::number(Voce.Codice)} + CelleVoce(Voce);
-        for (const AutoritaTariffa& Ente : EntiDi(Dati, Penale)) {
-            const auto Trovata = Dati.Penali.find({Ente.Gruppo, Voce.Codice, 0});
-            Celle += CelleTerna(Trovata == Dati.Penali.end() ? Terna{} : Trovata->second);
-        }
+        for (const AutoritaTariffa& Ente : EntiDi(Dati, Penale))
+            Celle += CelleTerna(Dati.Penali, {Ente.Gruppo, Voce.Codice, 0}, Voce);
         AggiungiRiga(Db, Tabella, Celle);
     }
 }
@@ -140,6 +142,69 @@ void ScriviPrecedenti(const Database& Db, const Tariffe& Dati, const TabellaNuov
         AggiungiRiga(Db, Tabella,
                      {Chiave.Categ, QString::number(Chiave.Precedente), QString::number(Chiave.Codice)});
 }
+
+// ---- What the tariff of 2014 has beside ----------------------------------------------------------
+
+void ScriviIdentita(const Database& Db, const Tariffe& Dati, const TabellaNuova& Tabella)
+{
+    const IdentitaTariffa& Sua = Dati.Identita;
+    AggiungiRiga(Db, Tabella,
+                 {Sua.Codice, Sua.Nome, Sua.Esteso, Sua.Dal.toString(u"dd/MM/yyyy"_s), Sua.Versione});
+}
+
+/// The limits are written as the program reads those of its own options: the proposed one, ";", the other.
+void ScriviVariazioni(const Database& Db, const Tariffe& Dati, const TabellaNuova& Tabella)
+{
+    for (const OpzioneTariffa& Opzione : Dati.Variazioni)
+        AggiungiRiga(Db, Tabella,
+                     {Opzione.Numero, Opzione.Categ, Opzione.Ordine, Opzione.Didascalia, Opzione.Frase,
+                      Opzione.Articolo, u"%1;%2"_s.arg(Opzione.Proposto).arg(Opzione.Ultimo), Opzione.Voci,
+                      Opzione.Uffici, Opzione.Terzi > 0 ? QVariant(100.0 * Opzione.Terzi / 3) : QVariant()});
+}
+
+void ScriviParti(const Database& Db, const Tariffe& Dati, const TabellaNuova& Tabella)
+{
+    for (const PartiTariffa& Parti : Dati.Parti)
+        AggiungiRiga(Db, Tabella, {Parti.Categ, Parti.Da, Parti.A, Parti.Perc, Parti.Articolo});
+}
+
+void ScriviCorrispondenze(const Database& Db, const Tariffe& Dati, const TabellaNuova& Tabella)
+{
+    for (const CorrispondenzaTariffa& Pari : Dati.Corrispondenze)
+        AggiungiRiga(Db, Tabella, {Pari.Ufficio ? u"A"_s : u"V"_s, Pari.Categ, Pari.Precedente, Pari.Codice});
+}
+
+TabellaNuova TabellaIdentita()
+{
+    return {u"Tariffa"_s,
+            {CampoTesto(u"Codice"_s, 4), CampoTesto(u"Nome"_s, 40), CampoTesto(u"Esteso"_s, 120),
+             CampoTesto(u"Dal"_s, 10), CampoDi(Intero, u"Versione"_s)}};
+}
+
+TabellaNuova TabellaVariazioni()
+{
+    return {u"Variazioni"_s,
+            {CampoDi(Lungo, u"IDVar"_s), CampoTesto(u"Categ"_s, 3), CampoDi(Intero, u"Ordine"_s),
+             CampoTesto(u"Didascalia"_s, 60), CampoTesto(u"Frase"_s, 150), CampoTesto(u"Articolo"_s, 40),
+             CampoTesto(u"Limiti"_s, 10), CampoTesto(u"Voci"_s, 60), CampoTesto(u"Uffici"_s, 60),
+             CampoDi(Doppio, u"Esatto"_s)}};
+}
+
+TabellaNuova TabellaParti()
+{
+    return {u"PartiAssistite"_s,
+            {CampoTesto(u"Categ"_s, 3), CampoDi(Intero, u"Da"_s), CampoDi(Intero, u"A"_s),
+             CampoDi(Intero, u"Perc"_s), CampoTesto(u"Articolo"_s, 40)}};
+}
+
+TabellaNuova TabellaCorrispondenze()
+{
+    return {u"Corrispondenze"_s,
+            {CampoTesto(u"Genere"_s, 1), CampoTesto(u"Categ"_s, 3), CampoDi(Lungo, u"Codice140"_s),
+             CampoDi(Lungo, u"Codice"_s)}};
+}
+
+// ---- Tables --------------------------------------------------------------------------------------
 
 TabellaNuova TabellaEnti()
 {
@@ -203,7 +268,7 @@ TabellaNuova TabellaDirittiValori()
 void ScriviTariffe(const Tariffe& Dati, const QString& Percorso)
 {
     using Scrittore = void (*)(const Database&, const Tariffe&, const TabellaNuova&);
-    const std::pair<TabellaNuova, Scrittore> Tabelle[] = {
+    QList<std::pair<TabellaNuova, Scrittore>> Tabelle{
         {TabellaEnti(), ScriviEnti},
         {TabellaScaglioni(), ScriviScaglioni},
         {TabellaCivili(Dati), ScriviCivili},
@@ -212,8 +277,13 @@ void ScriviTariffe(const Tariffe& Dati, const QString& Percorso)
         {TabellaSpese(), ScriviSpese},
         {TabellaChiaviPrecedenti(), ScriviPrecedenti},
     };
+    if (!Dati.Identita.Codice.isEmpty())
+        Tabelle += {{TabellaIdentita(), ScriviIdentita},
+                    {TabellaVariazioni(), ScriviVariazioni},
+                    {TabellaParti(), ScriviParti},
+                    {TabellaCorrispondenze(), ScriviCorrispondenze}};
     const Database Db = CreateDatabase(Percorso);
-    for (const auto& [Tabella, Scrivi] : Tabelle)
+    for (const auto& [Tabella, Scrivi] : std::as_const(Tabelle))
         Crea(Db, Tabella);
     Crea(Db, TabellaDirittiValori());
     Db.CreaIndice(u"DirittiValori"_s, u"CodDir"_s, {u"CodDir"_s});
@@ -222,7 +292,7 @@ void ScriviTariffe(const Tariffe& Dati, const QString& Percorso)
         Db.CreaTabella(Modello.Nome, Modello.Colonne);
 
     Transazione Tutto(Db);
-    for (const auto& [Tabella, Scrivi] : Tabelle)
+    for (const auto& [Tabella, Scrivi] : std::as_const(Tabelle))
         Scrivi(Db, Dati, Tabella);
     Tutto.Conferma();
 }

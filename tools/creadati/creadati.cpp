@@ -17,6 +17,8 @@ namespace {
 void CreaBasi(const QString& Tabelle, const QString& Uscita)
 {
     const Tariffe Dati = LeggiTariffe(Tabelle);
+    const Tariffe Dati55 = LeggiTariffa55(Tabelle);
+    ConfrontaTariffe(Dati, Dati55);
     const Tassi Archivio = LeggiTassi(Tabelle);
     const QList<ComuneTabella> Comuni = LeggiComuni(Tabelle);
     const QDate ComuniAl = LeggiStatoComuni(Tabelle);
@@ -25,12 +27,14 @@ void CreaBasi(const QString& Tabelle, const QString& Uscita)
         throw Errore(errori::Accesso);
     const QString Provvisoria = Barra(Cartella.path());
     ScriviTariffe(Dati, Provvisoria + u"parcelle.mdb"_s);
+    ScriviTariffe(Dati55, Provvisoria + u"parcelle55.mdb"_s);
     ScriviArchivioStudio(Provvisoria + u"DatiStudio.mdb"_s);
     ScriviTassi(Archivio, Provvisoria + u"Tassi.dat"_s);
     ScriviComuni(Comuni, ComuniAl, Provvisoria + u"Comuni.mdb"_s);
 
     CreaCartella(Uscita);
-    for (const auto& Nome : {u"parcelle.mdb"_s, u"DatiStudio.mdb"_s, u"Tassi.dat"_s, u"Comuni.mdb"_s})
+    for (const auto& Nome :
+         {u"parcelle.mdb"_s, u"parcelle55.mdb"_s, u"DatiStudio.mdb"_s, u"Tassi.dat"_s, u"Comuni.mdb"_s})
         ScriviFile(Uscita + Nome, LeggiFile(Provvisoria + Nome));
     // The program tells the age of the rates by the date of their file.
     ImpostaDataFile(Uscita + u"Tassi.dat"_s, QDateTime(DataDeiTassi(Archivio), QTime(12, 0)));

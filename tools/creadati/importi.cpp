@@ -14,29 +14,6 @@ const auto Minimo = u"minimo"_s;
 const auto Medio = u"medio"_s;
 const auto Massimo = u"massimo"_s;
 
-QString LeggiGruppo(const TabellaTesto& Tabella, int Riga, const Tariffe& Dati, QStringView Categ)
-{
-    const QString Nome = Tabella.Testo(Riga, Gruppo, 60);
-    const bool Noto = std::ranges::any_of(
-        Dati.Enti, [&](const AutoritaTariffa& Ente) { return Ente.Categ == Categ && Ente.Gruppo == Nome; });
-    if (!Noto)
-        Tabella.Rifiuta(Riga, Gruppo, u"nessuna autorità %1 appartiene al gruppo «%2»"_s.arg(Categ, Nome));
-    return Nome;
-}
-
-int LeggiCodice(const TabellaTesto& Tabella, int Riga, const Tariffe& Dati, QStringView Categ)
-{
-    const int Valore = Tabella.Intero(Riga, Codice, 1, 32767);
-    for (const VoceTariffa& Voce : Dati.Voci[Categ.toString()]) {
-        if (Voce.Codice != Valore)
-            continue;
-        if (Voce.NVoce == VoceLibera)
-            Tabella.Rifiuta(Riga, Codice, u"la voce 999 non ha importi"_s);
-        return Valore;
-    }
-    Tabella.Rifiuta(Riga, Codice, u"la voce %1 non è fra le voci %2"_s.arg(Valore).arg(Categ));
-}
-
 const ScaglioneValore& LeggiScaglione(const TabellaTesto& Tabella, int Riga, const Tariffe& Dati,
                                       const QString& Materia)
 {
@@ -116,6 +93,29 @@ Formule LeggiFormule(const TabellaTesto& Tabella, int Riga, const ScaglioneValor
 
 }  // namespace
 
+QString LeggiGruppo(const TabellaTesto& Tabella, int Riga, const Tariffe& Dati, QStringView Categ)
+{
+    const QString Nome = Tabella.Testo(Riga, Gruppo, 60);
+    const bool Noto = std::ranges::any_of(
+        Dati.Enti, [&](const AutoritaTariffa& Ente) { return Ente.Categ == Categ && Ente.Gruppo == Nome; });
+    if (!Noto)
+        Tabella.Rifiuta(Riga, Gruppo, u"nessuna autorità %1 appartiene al gruppo «%2»"_s.arg(Categ, Nome));
+    return Nome;
+}
+
+int LeggiCodice(const TabellaTesto& Tabella, int Riga, const Tariffe& Dati, QStringView Categ)
+{
+    const int Valore = Tabella.Intero(Riga, Codice, 1, 32767);
+    for (const VoceTariffa& Voce : Dati.Voci[Categ.toString()]) {
+        if (Voce.Codice != Valore)
+            continue;
+        if (Voce.NVoce == VoceLibera)
+            Tabella.Rifiuta(Riga, Codice, u"la voce 999 non ha importi"_s);
+        return Valore;
+    }
+    Tabella.Rifiuta(Riga, Codice, u"la voce %1 non è fra le voci %2"_s.arg(Valore).arg(Categ));
+}
+
 void LeggiOnorariCivili(const QString& Cartella, Tariffe& Dati)
 {
     const TabellaTesto Tabella(Cartella + u"onorari_civili.csv"_s,
@@ -139,10 +139,9 @@ void LeggiOnorariPenali(const QString& Cartella, Tariffe& Dati)
     }
 }
 
-void LeggiOnorariStragiudiziali(const QString& Cartella, Tariffe& Dati)
+void LeggiOnorariStragiudiziali(const QString& Percorso, Tariffe& Dati)
 {
-    const TabellaTesto Tabella(Cartella + u"onorari_stragiudiziali.csv"_s,
-                               {Codice, Scaglione, Minimo, Massimo});
+    const TabellaTesto Tabella(Percorso, {Codice, Scaglione, Minimo, Massimo});
     for (int Riga = 0; Riga < Tabella.Righe(); ++Riga) {
         const int Voce = LeggiCodice(Tabella, Riga, Dati, Stragiudiziale);
         const ScaglioneValore& Limiti = LeggiScaglione(Tabella, Riga, Dati, u"S"_s);

@@ -1,10 +1,15 @@
 #include "creadati/tariffe.h"
 
+#include "creadati/compensi.h"
 #include "creadati/importi.h"
 #include "creadati/tabellatesto.h"
+#include "creadati/tariffa55.h"
+#include "platform/base/errore.h"
 
 #include <QRegularExpression>
 #include <QSet>
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +21,21 @@ constexpr QStringView Indeterminato = u"Valore Indeterminato";
 
 const QStringList Categorie{Civile.toString(), Penale.toString(), Stragiudiziale.toString()};
 const QStringList Materie{u"C"_s, u"S"_s};
+
+/// In what the tables of two tariffs differ.
+struct FormaTariffa
+{
+    QString Suffisso;          ///< stands behind the names of its tables
+    QList<int> Indeterminati;  ///< civil brackets of undetermined value
+    bool ConVuoti = false;     ///< an item may lack amounts in some brackets and offices
+};
+const FormaTariffa Del2012{{}, {ScaglioneIndeterminato}, false};
+const FormaTariffa Del2014{u"55"_s, {ScaglioneIndeterminato, 13, 14}, true};
+
+QString FileTabella(const QString& Cartella, const QString& Nome, const FormaTariffa& Forma)
+{
+    return Cartella + Nome + Forma.Suffisso + u".csv"_s;
+}
 
 QString LeggiScelta(const TabellaTesto& Tabella, int Riga, const QString& Colonna, const QStringList& Ammesse)
 {
@@ -143,16 +163,24 @@ void ControllaLimiti(const TabellaTesto& Tabella, int Riga, const QList<Scaglion
             u"lo scaglione si sovrappone al precedente: doveva cominciare da %1"_s.arg(Atteso, 0, 'f', 2));
 }
 
-/// The program refuses order for payment and writ of execution by this number.
-void ControllaIndeterminato(const TabellaTesto& Tabella, int Riga, const ScaglioneValore& Letto)
+/// The program refuses order for payment and writ of execution by the number 8.
+void ControllaIndeterminato(const TabellaTesto& Tabella, int Riga, const ScaglioneValore& Letto,
+                            const QList<int>& Ammessi)
 {
-    if (SenzaValore(Letto) && Letto.NumSca != ScaglioneIndeterminato)
-        Tabella.Rifiuta(Riga, Numero, u"il valore indeterminato sta al numero 8"_s);
-    if (!SenzaValore(Letto) && Letto.NumSca == ScaglioneIndeterminato)
-        Tabella.Rifiuta(Riga, u"testo"_s, u"il numero 8 comincia con «%1»"_s.arg(Indeterminato));
+    if (SenzaValore(Letto) && !Ammessi.contains(Letto.NumSca)) {
+        QStringList Numeri;
+        for (const int Uno : Ammessi)
+            Numeri.append(QString::number(Uno));
+        Tabella.Rifiuta(Riga, Numero,
+                        u"il valore indeterminato sta al numero %1"_s.arg(Numeri.join(u" o "_s)));
+    }
+    if (!SenzaValore(Letto) && Ammessi.contains(Letto.NumSca))
+        Tabella.Rifiuta(Riga, u"testo"_s,
+                        u"il numero %1 comincia con «%2»"_s.arg(Letto.NumSca).arg(Indeterminato));
 }
 
-QHash<QString, QList<ScaglioneValore>> LeggiTabellaScaglioni(const TabellaTesto& Tabella)
+QHash<QString, QList<ScaglioneValore>> LeggiTabellaScaglioni(const TabellaTesto& Tabella,
+                                                             const FormaTariffa& Forma)
 {
     QHash<QString, QList<ScaglioneValore>> Scaglioni;
     Viste Chiavi;
@@ -164,7 +192,7 @@ QHash<QString, QList<ScaglioneValore>> LeggiTabellaScaglioni(const TabellaTesto&
         const ScaglioneValore Letto = LeggiScaglione(Tabella, Riga);
         Chiavi.Aggiungi(Tabella, Riga, Numero, Ambito, Letto.NumSca);
         if (Ambito == Materie.first())
-            ControllaIndeterminato(Tabella, Riga, Letto);
+            ControllaIndeterminato(Tabella, Riga, Letto, Forma.Indeterminati);
         ControllaLimiti(Tabella, Riga, Righe, Letto);
         Righe.append(Letto);
     }
@@ -172,8 +200,11 @@ QHash<QString, QList<ScaglioneValore>> LeggiTabellaScaglioni(const TabellaTesto&
         if (Scaglioni[Ambito].isEmpty())
             Tabella.RifiutaInFondo(Materia, u"la materia %1 non ha scaglioni"_s.arg(Ambito));
     }
-    if (std::ranges::none_of(Scaglioni[Materie.first()], SenzaValore))
-        Tabella.RifiutaInFondo(u"testo"_s, u"manca il valore indeterminato al numero 8"_s);
+    for (const int Atteso : Forma.Indeterminati) {
+        if (std::ranges::find(Scaglioni[Materie.first()], Atteso, &ScaglioneValore::NumSca) ==
+            Scaglioni[Materie.first()].end())
+            Tabella.RifiutaInFondo(u"testo"_s, u"manca il valore indeterminato al numero %1"_s.arg(Atteso));
+    }
     return Scaglioni;
 }
 
@@ -244,6 +275,14 @@ bool HaCodice(const QList<VoceTariffa>& Voci, int Chiave)
     return std::ranges::any_of(Voci, [&](const VoceTariffa& Una) { return Una.Codice == Chiave; });
 }
 
+/// @param Categ empty for any
+bool HaUfficio(const Tariffe& Dati, const QString& Categ, int IDAut)
+{
+    return std::ranges::any_of(Dati.Enti, [&](const AutoritaTariffa& Ente) {
+        return (Categ.isEmpty() || Ente.Categ == Categ) && Ente.Dati.IDAut == IDAut;
+    });
+}
+
 /// A former key leads to an item of its category and is none of that category's present ones.
 QList<ChiavePrecedente> LeggiPrecedenti(const QString& Cartella, const Tariffe& Dati)
 {
@@ -281,8 +320,13 @@ QList<VoceTariffa> LeggiSpese(const QString& Cartella)
 
 // ---- Tables against each other -------------------------------------------------------------------
 
+bool HaPenali(const Tariffe& Dati, const QString& Nome)
+{
+    return std::ranges::any_of(Dati.Penali, [&](const auto& Uno) { return Uno.first.Gruppo == Nome; });
+}
+
 /// An authority whose group lacks amounts would open with an empty or a broken catalogue.
-void ControllaGruppi(const TabellaTesto& Tabella, const Tariffe& Dati)
+void ControllaGruppi(const TabellaTesto& Tabella, const Tariffe& Dati, bool ConVuoti)
 {
     for (int Riga = 0; Riga < Tabella.Righe(); ++Riga) {
         const AutoritaTariffa& Ente = Dati.Enti[Riga];
@@ -293,6 +337,11 @@ void ControllaGruppi(const TabellaTesto& Tabella, const Tariffe& Dati)
         }
         if (Ente.Categ != Penale)
             continue;
+        if (ConVuoti) {
+            if (!HaPenali(Dati, Ente.Gruppo))
+                Tabella.Rifiuta(Riga, Gruppo, u"il gruppo «%1» non ha importi penali"_s.arg(Ente.Gruppo));
+            continue;
+        }
         for (const VoceTariffa& Una : Dati.Voci[Ente.Categ]) {
             if (Una.NVoce != VoceLibera && !Dati.Penali.contains({Ente.Gruppo, Una.Codice, 0}))
                 Tabella.Rifiuta(Riga, Gruppo,
@@ -303,7 +352,7 @@ void ControllaGruppi(const TabellaTesto& Tabella, const Tariffe& Dati)
 }
 
 /// An item that nothing gives an amount to: a civil one in no group, an extrajudicial one in a bracket.
-void ControllaVoci(const TabellaTesto& Tabella, const Tariffe& Dati)
+void ControllaVoci(const TabellaTesto& Tabella, const Tariffe& Dati, bool ConVuoti)
 {
     for (int Riga = 0; Riga < Tabella.Righe(); ++Riga) {
         const QString Categ = Tabella.Testo(Riga, Categoria);
@@ -315,6 +364,9 @@ void ControllaVoci(const TabellaTesto& Tabella, const Tariffe& Dati)
             Tabella.Rifiuta(Riga, Codice, u"nessun gruppo civile ha la voce %1"_s.arg(Chiave));
         if (Categ != Stragiudiziale)
             continue;
+        if (ConVuoti && std::ranges::any_of(Dati.Stragiudiziali,
+                                            [&](const auto& Uno) { return Uno.first.Codice == Chiave; }))
+            continue;
         for (const ScaglioneValore& Uno : Dati.Scaglioni[u"S"_s]) {
             if (!Dati.Stragiudiziali.contains({QString(), Chiave, Uno.NumSca}))
                 Tabella.Rifiuta(
@@ -324,26 +376,65 @@ void ControllaVoci(const TabellaTesto& Tabella, const Tariffe& Dati)
     }
 }
 
+/// The tables that every tariff has; what gives the amounts is read between them and the checks.
+Tariffe Leggi(const QString& Cartella, const FormaTariffa& Forma,
+              const std::function<void(const QString&, Tariffe&)>& Importi)
+{
+    const TabellaTesto TabellaEnti(
+        FileTabella(Cartella, u"autorita"_s, Forma),
+        {Categoria, u"ordine"_s, Numero, u"nome"_s, Gruppo, u"precarica"_s, Compatibili});
+    const TabellaTesto TabellaScaglioni(FileTabella(Cartella, u"scaglioni"_s, Forma),
+                                        {Materia, Numero, Da, u"a"_s, u"valore richiesto"_s, u"testo"_s});
+    const TabellaTesto TabellaVoci(FileTabella(Cartella, u"voci"_s, Forma),
+                                   {Categoria, Codice, Voce, u"ordine"_s, u"descrizione"_s, Quantita});
+    Tariffe Dati;
+    Dati.Enti = LeggiEnti(TabellaEnti);
+    Dati.Scaglioni = LeggiTabellaScaglioni(TabellaScaglioni, Forma);
+    Dati.Voci = LeggiVoci(TabellaVoci);
+    Importi(Cartella, Dati);
+    ControllaGruppi(TabellaEnti, Dati, Forma.ConVuoti);
+    ControllaVoci(TabellaVoci, Dati, Forma.ConVuoti);
+    Dati.Spese = LeggiSpese(Cartella);
+    return Dati;
+}
+
 }  // namespace
 
 Tariffe LeggiTariffe(const QString& Cartella)
 {
-    const TabellaTesto TabellaEnti(Cartella + u"autorita.csv"_s, {Categoria, u"ordine"_s, Numero, u"nome"_s,
-                                                                  Gruppo, u"precarica"_s, Compatibili});
-    const TabellaTesto TabellaScaglioni(Cartella + u"scaglioni.csv"_s,
-                                        {Materia, Numero, Da, u"a"_s, u"valore richiesto"_s, u"testo"_s});
-    const TabellaTesto TabellaVoci(Cartella + u"voci.csv"_s,
-                                   {Categoria, Codice, Voce, u"ordine"_s, u"descrizione"_s, Quantita});
-    Tariffe Dati;
-    Dati.Enti = LeggiEnti(TabellaEnti);
-    Dati.Scaglioni = LeggiTabellaScaglioni(TabellaScaglioni);
-    Dati.Voci = LeggiVoci(TabellaVoci);
-    LeggiOnorariCivili(Cartella, Dati);
-    LeggiOnorariPenali(Cartella, Dati);
-    LeggiOnorariStragiudiziali(Cartella, Dati);
-    ControllaGruppi(TabellaEnti, Dati);
-    ControllaVoci(TabellaVoci, Dati);
-    Dati.Spese = LeggiSpese(Cartella);
+    Tariffe Dati = Leggi(Cartella, Del2012, [](const QString& Tabelle, Tariffe& Lette) {
+        LeggiOnorariCivili(Tabelle, Lette);
+        LeggiOnorariPenali(Tabelle, Lette);
+        LeggiOnorariStragiudiziali(Tabelle + u"onorari_stragiudiziali.csv"_s, Lette);
+    });
     Dati.Precedenti = LeggiPrecedenti(Cartella, Dati);
     return Dati;
+}
+
+Tariffe LeggiTariffa55(const QString& Cartella)
+{
+    Tariffe Dati = Leggi(Cartella, Del2014, [](const QString& Tabelle, Tariffe& Lette) {
+        LeggiCompensi(Tabelle, Lette);
+        LeggiOnorariStragiudiziali(Tabelle + u"onorari_stragiudiziali55.csv"_s, Lette);
+    });
+    LeggiParticolari(Cartella, Dati);
+    return Dati;
+}
+
+void ConfrontaTariffe(const Tariffe& Prima, const Tariffe& Dopo)
+{
+    for (const AutoritaTariffa& Ente : Dopo.Enti)
+        if (HaUfficio(Prima, {}, Ente.Dati.IDAut))
+            throw Errore(errori::Argomento, u"l'autorità %1 è di due tariffe"_s.arg(Ente.Dati.IDAut));
+    for (const QList<VoceTariffa>& Nuove : Dopo.Voci)
+        for (const VoceTariffa& Nuova : Nuove)
+            for (const QList<VoceTariffa>& Voci : Prima.Voci)
+                if (HaCodice(Voci, Nuova.Codice))
+                    throw Errore(errori::Argomento, u"la voce %1 è di due tariffe"_s.arg(Nuova.Codice));
+    for (const CorrispondenzaTariffa& Pari : Dopo.Corrispondenze)
+        if (Pari.Ufficio ? !HaUfficio(Prima, Pari.Categ, Pari.Precedente)
+                         : !HaCodice(Prima.Voci[Pari.Categ], Pari.Precedente))
+            throw Errore(
+                errori::Argomento,
+                u"corrispondenze55.csv: la tariffa del 2012 non ha il numero %1"_s.arg(Pari.Precedente));
 }
