@@ -41,14 +41,14 @@ void Prova(const QByteArray& Dati)
     (void)PosaDatabase(u"parcelle.mdb"_s, Sana, Dati);
     for (const QStringView Categ : {Civile, Penale, Stragiudiziale}) {
         const QString Codice = Categ.toString();
-        (void)LeggiAutorita(Codice);
-        Pretendi(LeggiScaglioni(Codice).Voci.size() <= MassimoScaglioni);
-        Riesce([&] { (void)LeggiCompatib(1, Codice); });
-        Riesce([&] { Sfoglia(ApriCatalogo(Codice, 1)); });
-        Riesce([&] { (void)LeggiChiaviPrecedenti(Codice); });
+        (void)LeggiAutorita(Dm140, Codice);
+        Pretendi(LeggiScaglioni(Dm140, Codice).Voci.size() <= MassimoScaglioni);
+        Riesce([&] { (void)LeggiCompatib(Dm140, 1, Codice); });
+        Riesce([&] { Sfoglia(ApriCatalogo(Dm140, Codice, 1)); });
+        Riesce([&] { (void)LeggiChiaviPrecedenti(Dm140, Codice); });
     }
-    Riesce([&] { (void)ApriDirittiValori(); });
-    Riesce([&] { (void)HaChiaviPrecedenti(); });
+    Riesce([&] { (void)ApriDirittiValori(Dm140); });
+    Riesce([&] { (void)HaChiaviPrecedenti(Dm140); });
     // A note on these lists, as its window fills it.
     Riesce([&] {
         Parcella Nota;

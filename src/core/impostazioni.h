@@ -37,6 +37,7 @@ inline constexpr QStringView ArchivioCliCon = u"ArchivioCliCon";
 inline constexpr QStringView ParcellePath = u"ParcellePath";
 inline constexpr QStringView UserFolder = u"UserFolder";
 inline constexpr QStringView ProgFatt = u"ProgFatt";
+inline constexpr QStringView Tariffa = u"Tariffa";
 inline constexpr QStringView CercaAgg = u"CercaAgg";
 inline constexpr QStringView WP = u"WP";
 inline constexpr QStringView SfondoDesktop = u"SfondoDesktop";

@@ -29,7 +29,7 @@ QString TestoGraduato(const Graduazione& Pannello, int Posizione)
 {
     const double Min = Pannello.Fasce[FasciaMin];
     const double Max = Pannello.Fasce[FasciaMax];
-    return TestoImporto(Round(Min + (Max - Min) / GraduaMax * Posizione));
+    return TestoImporto(Round(Min + (Max - Min) / GraduaMax * Posizione, Pannello.Decimali));
 }
 
 /// The first of the three amounts that shows as this text.
@@ -88,11 +88,11 @@ void CaricaUna(Graduazione& Pannello, const TabellaRighe& Righe, int Riga)
 }
 
 /// What a line comes to at the slider's position.
-double ImportoDi(const TabellaRighe& Righe, int Riga, int Posizione)
+double ImportoDi(const Graduazione& Pannello, const TabellaRighe& Righe, int Riga)
 {
     const double Min = NumeroDi(Righe(Riga, OnoMin));
     const double Max = NumeroDi(Righe(Riga, OnoMax));
-    return Round(Min + (Max - Min) * Round(double(Posizione) / GraduaMax, 2));
+    return Round(Min + (Max - Min) * Round(double(Pannello.Gradua) / GraduaMax, 2), Pannello.Decimali);
 }
 
 void ScriviTutte(const Graduazione& Pannello, TabellaRighe& Righe)
@@ -101,7 +101,7 @@ void ScriviTutte(const Graduazione& Pannello, TabellaRighe& Righe)
         if (NumeroDi(Righe(Riga, OnoCodVoce)) <= 0)
             continue;
         if (Pannello.Evidenziata == NessunaFascia)
-            Righe(Riga, OnoImporto) = ImportoDi(Righe, Riga, Pannello.Gradua);
+            Righe(Riga, OnoImporto) = ImportoDi(Pannello, Righe, Riga);
         else
             Righe(Riga, OnoImporto) = Righe(Riga, ColonneFasce[size_t(Pannello.Evidenziata)]);
     }
@@ -225,7 +225,7 @@ bool ConfermaModOno(Graduazione& Pannello, TabellaRighe& Righe)
     if (Pannello.Tutti)
         ScriviTutte(Pannello, Righe);
     else
-        Righe(Pannello.Riga, OnoImporto) = ImportoDi(Righe, Pannello.Riga, Pannello.Gradua);
+        Righe(Pannello.Riga, OnoImporto) = ImportoDi(Pannello, Righe, Pannello.Riga);
     ChiudiModOno(Pannello);
     return true;
 }

@@ -25,6 +25,7 @@ struct Graduazione
 {
     bool Aperto = false;
     bool Tutti = false;  ///< optModAll: all lines, else the one shown
+    int Decimali = 0;    ///< of the amounts that the slider gives: those of the note's decree
     int Riga = -1;       ///< the line shown last
     std::array<double, NumFasce> Fasce{};
     QString OnoDesc;                  ///< lblOnoDesc
@@ -71,7 +72,7 @@ void ScegliFascia(Graduazione& Pannello, int Riga);
 void SpostaGradua(Graduazione& Pannello, int Posizione);
 
 /// Where a step of the slider by keys ends: the position asked for, or the first one beyond it that leads on.
-/// Amounts are whole euro and each of the three has its own position, so that a plain step may change
+/// Amounts are rounded and each of the three has its own position, so that a plain step may change
 /// nothing, or lead back to where it came from.
 [[nodiscard]] int PassoGradua(const Graduazione& Pannello, int Da, int A);
 

@@ -16,6 +16,14 @@ const VoceImposta& DatiImposta(Imposta Tassa)
 
 namespace {
 
+/// What a tax that is ticked begins with: general expenses have the percent of the note's decree where it
+/// grants one.
+QString Iniziale(const Parcella& Nota, Imposta Tassa)
+{
+    const bool DelDecreto = Tassa == Imposta::SpeseGen && Nota.Tariffa->SpeseGen > 0;
+    return DelDecreto ? CStr(Nota.Tariffa->SpeseGen) : CStr(*DatiImposta(Tassa).Predefinito);
+}
+
 void Ricorda(const Parcella& Nota, Imposta Tassa, MemoriaStampa& Dove)
 {
     const VoceImposta& Voce = DatiImposta(Tassa);
@@ -55,7 +63,7 @@ bool ClicImposta(Parcella& Nota, Imposta Tassa, bool Attiva)
     QString& Testo = (Nota.*Voce.Box).Testo;
     (Nota.*Voce.Tick).Attiva = Attiva;
     if (Attiva && Testo.isEmpty())
-        Testo = CStr(*Voce.Predefinito);
+        Testo = Iniziale(Nota, Tassa);
     if (!Attiva)
         Testo.clear();
 

@@ -20,8 +20,8 @@ struct VoceImposta
 };
 [[nodiscard]] const VoceImposta& DatiImposta(Imposta Tassa);
 
-/// A click on a switch: the box takes the session's default, or is emptied; the note is marked; outside the
-/// court costs note the switch is remembered.
+/// A click on a switch: the box takes the session's default (general expenses that of the note's decree, if
+/// it has one), or is emptied; the note is marked; outside the court costs note the switch is remembered.
 /// @return true when the warning of the court costs note is due, at most once per window
 [[nodiscard]] bool ClicImposta(Parcella& Nota, Imposta Tassa, bool Attiva);
 

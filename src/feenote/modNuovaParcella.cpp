@@ -19,19 +19,49 @@ void AzzeraNota(Parcella& Nota)
     Nota.Pronta = true;
 }
 
-void NuovaParcella(Parcella& Nota)
+namespace {
+
+/// General expenses as a new note has them.
+void ImpostaSpeseGenerali(Parcella& Nota, const Decreto& Legge)
+{
+    Nota.chkSpeseGen.Attiva = Legge.SpeseGen > 0;
+    Nota.txtSpeGen.Testo = Legge.SpeseGen > 0 ? CStr(Legge.SpeseGen) : QString();
+}
+
+}  // namespace
+
+void PortaSpeseGenerali(Parcella& Nota, const Decreto& Prima, const Decreto& Nuova)
+{
+    Parcella Nata;
+    ImpostaSpeseGenerali(Nata, Prima);
+    const bool SenzaImposte = TipoDi(Nota.cmbTipoStampa).ForzaSenzaImposte;
+    if (SenzaImposte || Nota.chkSpeseGen != Nata.chkSpeseGen || Nota.txtSpeGen != Nata.txtSpeGen)
+        return;
+    ImpostaSpeseGenerali(Nota, Nuova);
+    Nota.Memoria.SpeseGen = Nota.chkSpeseGen.Attiva;
+    Nota.Memoria.TestoSpeseGen = Nota.txtSpeGen.Testo;
+}
+
+void NuovaParcella(Parcella& Nota, const Decreto& Legge)
 {
     AzzeraNota(Nota);
+    Nota.Tariffa = &Legge;
     SelezionaInSilenzio(Nota, NessunaVoce, NessunaVoce, NessunaVoce);
 
     Nota.chkIva.Attiva = true;
     Nota.txtIVA.Testo = CStr(sessione::IVA);
     Nota.chkCP.Attiva = true;
     Nota.txtCP.Testo = CStr(sessione::CP);
+    ImpostaSpeseGenerali(Nota, Legge);
 
     RicordaStampa(Nota);
     Nota.Pronta = true;
     Nota.RicalcoloNecessario = false;
     Nota.Fuoco = CampoNota::Nessuno;
     SetModificata(Nota, false);
+}
+
+void NuovaParcella(Parcella& Nota)
+{
+    NuovaParcella(Nota, DecretoNuove());
 }

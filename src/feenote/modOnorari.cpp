@@ -3,6 +3,8 @@
 #include "core/modErrori.h"
 #include "core/modTesti.h"
 #include "core/sessione.h"
+#include "feenote/modParametri.h"
+#include "feenote/modVariazione.h"
 #include "platform/base/errore.h"
 #include "platform/system/messaggi.h"
 #include "tariffs/modEvaluate.h"
@@ -90,6 +92,29 @@ QString Descrizione(const Recordset& Voce)
     return Voce.Value(u"DescrOno"_s, QString()).toString();
 }
 
+/// The note's variation and what its parties add, for the line of an item.
+void Varia(const Parcella& Nota, DatiOnorario& Dati)
+{
+    if (Dati.NVoce == VoceLibera)
+        return;
+    Dati.VarPerc = VariazioneDi(Nota, Dati.CodVoce);
+    Dati.AumParti = AumentoParti(Nota);
+}
+
+/// True for an item of the tariff that has no amount for the bracket, or the court, of the note.
+bool NonPrevista(const Parcella& Nota, const Recordset& Voce, int NVoce)
+{
+    return NVoce != VoceLibera && SenzaImporto(Voce, Nota.Scaglione);
+}
+
+/// Where an item has no amount: in criminal matters the court plays the role of the bracket.
+QString DoveNonPrevista(const Parcella& Nota)
+{
+    return (Nota.CodCateg == Penale ? u"per l'autorità selezionata nella tariffa "_s
+                                    : u"per lo scaglione selezionato nella tariffa "_s) +
+           Nota.Tariffa->Nome.toString() + u'!';
+}
+
 int RigaDestinazione(Parcella& Nota, int Riga, std::optional<int> Corrente)
 {
     if (Riga == RigaNuova) {
@@ -109,15 +134,20 @@ int AddModOnor(Parcella& Nota, const DatiOnorario& Dati, int Riga, std::optional
     const bool ConBase = Riga == RigaNuova || Riga >= RigaConBase;
     const int Destinazione = RigaDestinazione(Nota, Riga, Corrente);
     TabellaRighe& Righe = Nota.xOnorari;
+    const int Decimali = Nota.Tariffa->Decimali;
     if (ConBase) {
-        Righe(Destinazione, OnoBaseMedio) = Round(Dati.Medio);
-        Righe(Destinazione, OnoBaseMin) = Round(Dati.Min);
-        Righe(Destinazione, OnoBaseMax) = Round(Dati.Max);
+        Righe(Destinazione, OnoBaseMedio) = Round(Dati.Medio, Decimali);
+        Righe(Destinazione, OnoBaseMin) = Round(Dati.Min, Decimali);
+        Righe(Destinazione, OnoBaseMax) = Round(Dati.Max, Decimali);
         Righe(Destinazione, OnoVarPerc) = Dati.VarPerc;
     }
     // The variation works on the raw product, which is rounded once, after it.
     const auto Variato = [&](double Valore) {
-        return Round(Dati.VarPerc == 0 ? Valore : Valore * (1 + Dati.VarPerc / 100.0));
+        if (Dati.AumParti != 0)
+            Valore *= 1 + Dati.AumParti / 100.0;
+        if (Dati.VarPerc != 0)
+            Valore *= 1 + PercentoEsatto(Nota, Dati.VarPerc) / 100.0;
+        return Round(Valore, Decimali);
     };
     Righe(Destinazione, OnoData) = QString();
     Righe(Destinazione, OnoDescr) = Dati.Descr;
@@ -159,7 +189,8 @@ double GetQuant(const QString& Descr, const QString& QtaOno)
 
 void LoadOnoDir(Parcella& Nota, Catalogo& Voci)
 {
-    Voci = ApriCatalogo(Nota.cmbCateg < 0 ? QString() : Nota.CodCateg, Nota.IDAutSelezionata());
+    Voci =
+        ApriCatalogo(*Nota.Tariffa, Nota.cmbCateg < 0 ? QString() : Nota.CodCateg, Nota.IDAutSelezionata());
     // A failed formula is told once: the note keeps what was recalculated before it, and is not asked again.
     if (Nota.RicalcoloNecessario && !Nota.xOnorari.Vuota() && Voci.datOno.Aperto() &&
         Protetta([&] { RicalcolaOnorari(Nota, Voci); }))
@@ -179,20 +210,29 @@ int EntraOnorari(Parcella& Nota, Catalogo& Voci)
 int PrecaricaOnorari(Parcella& Nota, Catalogo& Voci)
 {
     int Inserite = 0;
+    int Saltate = 0;
     for (Voci.datOno.MoveFirst(); !Voci.datOno.Eof(); Voci.datOno.MoveNext()) {
         // As text: "95" stands above "900" and is left to the user.
         if (Voci.datOno.Value(u"NVoce"_s, QString()).toString() >= u"900")
             continue;
+        if (SenzaImporto(Voci.datOno, Nota.Scaglione)) {
+            ++Saltate;
+            continue;
+        }
         DatiOnorario Dati = Moltiplica(TernaDaTabella(Voci.datOno, Nota.Scaglione), 1.0);
         Dati.NVoce = NumeroVoce(Voci.datOno);
         Dati.Descr = Descrizione(Voci.datOno);
-        Dati.VarPerc = Nota.AumRidVarP;
         Dati.CodVoce = Voci.datOno.Value(Voci.ChiaveOno);
+        Varia(Nota, Dati);
         // No current row, whatever the list's mode: inserting at one would turn the phases round.
         AddModOnor(Nota, Dati, RigaNuova, std::nullopt);
         ++Inserite;
     }
     Voci.datOno.MoveFirst();
+    // A court that has no such phase is no matter for a word; one that none of them is for, is.
+    if (Inserite == 0 && Saltate > 0)
+        MsgBox(u"Attenzione, nessuna voce è prevista "_s + DoveNonPrevista(Nota), vbInformation,
+               TitoloMessaggio.toString());
     return Inserite;
 }
 
@@ -202,9 +242,13 @@ namespace {
 bool InserzioneAmmessa(const Parcella& Nota, const Recordset& Voce, int NVoce, bool Chiedi)
 {
     if (Nota.CodCateg == Civile && (NVoce == VoceIngiunzione || NVoce == VocePrecetto) &&
-        Nota.Scaglione == ScaglioneIndeterminato) {
+        ValoreIndeterminato(Nota)) {
         MsgErrore(u"Per il procedimento di ingiunzione e per gli atti precetto il valore non può essere "
                   u"indeterminato!"_s);
+        return false;
+    }
+    if (NonPrevista(Nota, Voce, NVoce)) {
+        MsgErrore(u"L'onorario "_s + Descrizione(Voce) + u" non è previsto "_s + DoveNonPrevista(Nota));
         return false;
     }
     if (!Chiedi || NVoce == VoceLibera || !GiaInserito(Nota, NVoce))
@@ -251,17 +295,17 @@ std::optional<int> InserisciOnorario(Parcella& Nota, const Catalogo& Voci, std::
     DatiOnorario Dati = Moltiplica(TernaPerInserimento(Nota, Voce, NVoce), Quant);
     Dati.NVoce = NVoce;
     Dati.Descr = Descrizione(Voce);
-    Dati.VarPerc = NVoce == VoceLibera ? 0 : Nota.AumRidVarP;
     Dati.CodVoce = Voce.Value(Voci.ChiaveOno);
+    Varia(Nota, Dati);
     return AddModOnor(Nota, Dati, RigaNuova, Corrente);
 }
 
 namespace {
 
-void AvvisaNonPrevisto(const QString& Descr)
+void AvvisaNonPrevisto(const QString& Descr, const QString& Dove)
 {
-    MsgBox(u"Attenzione, l'onorario "_s + Descr + u" non è previsto per l'autorità selezionata!"_s,
-           vbInformation, TitoloMessaggio.toString());
+    MsgBox(u"Attenzione, l'onorario "_s + Descr + u" non è previsto "_s + Dove, vbInformation,
+           TitoloMessaggio.toString());
 }
 
 /// An older-tariff share of the case cannot be worked out without a value. Formula texts can.
@@ -281,7 +325,7 @@ Terna TernaPerRicalcolo(const Parcella& Nota, const Recordset& Voce)
 struct VoceTrovata
 {
     int NVoce = 0;
-    Terna Unitaria;
+    std::optional<Terna> Unitaria;  ///< nothing: the tariff has no amount for the bracket
 };
 
 /// Looks codes up in a clone of the catalogue, each of them once: the catalogue on screen keeps its place.
@@ -307,6 +351,8 @@ private:
         Voci.FindFirst(Criterio);
         if (Voci.NoMatch())
             return std::nullopt;
+        if (NonPrevista(Nota, Voci, NumeroVoce(Voci)))
+            return VoceTrovata{NumeroVoce(Voci), std::nullopt};
         return VoceTrovata{NumeroVoce(Voci), TernaPerRicalcolo(Nota, Voci)};
     }
 
@@ -326,24 +372,28 @@ void RicalcolaRiga(Parcella& Nota, RicercaVoci& Ricerca, int Riga)
     const QString Descr = CStr(Righe(Riga, OnoDescr));
     const std::optional<VoceTrovata>& Voce = Ricerca(Codice);
     if (!Voce) {
-        AvvisaNonPrevisto(Descr);
+        AvvisaNonPrevisto(Descr, u"per l'autorità selezionata!"_s);
         return;
     }
     // An item keeps its code across authorities, while its number in the decree may differ.
     if (Nota.CodCateg == Civile)
         Righe(Riga, OnoNVoce) = Voce->NVoce;
-    if (MancaValore(Nota, Voce->Unitaria)) {
+    if (!Voce->Unitaria) {
+        AvvisaNonPrevisto(Descr, DoveNonPrevista(Nota));
+        return;
+    }
+    if (MancaValore(Nota, *Voce->Unitaria)) {
         MsgBox(u"Attenzione, l'onorario "_s + Descr +
                    u" prevedendo un valore definito della causa non sarà ricalcolato"_s,
                vbInformation, TitoloMessaggio.toString());
         return;
     }
 
-    DatiOnorario Dati = Moltiplica(Voce->Unitaria, NumeroDi(Righe(Riga, OnoQta)));
+    DatiOnorario Dati = Moltiplica(*Voce->Unitaria, NumeroDi(Righe(Riga, OnoQta)));
     Dati.NVoce = int(NumeroDi(Righe(Riga, OnoNVoce)));
     Dati.Descr = Descr;
-    Dati.VarPerc = Nota.AumRidVarP;
     Dati.CodVoce = Codice;
+    Varia(Nota, Dati);
     const QVariant Data = Righe(Riga, OnoData);
     AddModOnor(Nota, Dati, Riga + RigaConBase);
     Righe(Riga, OnoData) = Data;  // the day of the service does not change with the tariff

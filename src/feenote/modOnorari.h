@@ -1,7 +1,8 @@
 // Honoraria: from the tariff tables to the lines of a note.
 //
-// Amounts of civil and criminal items are read as they stand (D.m. 140/2012, tables A and B), those of
-// out-of-court items are formulas in the value of the case. Lines are whole euro, ties to even.
+// Amounts of civil and criminal items are read as they stand in the tables of the note's decree, those of
+// out-of-court items are formulas in the value of the case. A line has the decimals of the decree, ties to
+// even: whole euro by D.m. 140/2012.
 #pragma once
 
 #include "feenote/parcella.h"
@@ -17,6 +18,7 @@ struct DatiOnorario
     double Min = 0.0;
     double Max = 0.0;
     int VarPerc = 0;   ///< signed percent
+    int AumParti = 0;  ///< what further parties add, percent; the variation is of what they give
     QVariant CodVoce;  ///< value of the catalogue's key column
 };
 
@@ -64,7 +66,8 @@ void LoadOnoDir(Parcella& Nota, Catalogo& Voci);
 /// empty note. @return rows inserted
 int EntraOnorari(Parcella& Nota, Catalogo& Voci);
 
-/// Inserts every item of the catalogue with NVoce below "900" (as text), in catalogue order, at the end.
+/// Inserts every item of the catalogue with NVoce below "900" (as text), in catalogue order, at the end. One
+/// for which the tariff has no amount is passed over; that none of them has one is told.
 int PrecaricaOnorari(Parcella& Nota, Catalogo& Voci);
 
 /// Turns the catalogue's current row into a line, as a double click does: refuses what the decree does
@@ -79,9 +82,11 @@ std::optional<int> InserisciOnorario(Parcella& Nota, const Catalogo& Voci, std::
                                      std::optional<double> Quantita = {});
 
 /// Recomputes every tariff line from the catalogue at the present parameters and variation. Lines from
-/// NVoce 900 up stay; an item that the authority lacks is told and stays.
+/// NVoce 900 up stay; an item that the authority lacks, or that has no amount in the bracket, is told and
+/// stays.
 /// @throws Errore with the evaluator's code and text when a formula fails; lines before it stand
 void RicalcolaOnorari(Parcella& Nota, const Catalogo& Voci);
 
-/// Name of the information sheet of an item: first letter of the category + key as "000" + ".htm".
+/// Name of the information sheet of an item: first letter of the category + key as "000" + ".htm". The items
+/// of two decrees have no keys in common.
 [[nodiscard]] QString FileScheda(const QString& CodCateg, const QVariant& Chiave);

@@ -2,9 +2,14 @@
 
 #include "core/modErrori.h"
 #include "core/rapportiunici.h"
+#include "feenote/modNuovaParcella.h"
 #include "feenote/modVariazione.h"
 #include "platform/base/errore.h"
 #include "platform/system/messaggi.h"
+
+#include <QHash>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -42,6 +47,25 @@ bool Fuori(const ScaglioneValore& Sca, double Valore)
     return Valore < Sca.DaVal || Valore > Sca.AVal;
 }
 
+/// Index of the entry with a number, -1 for none.
+template <class Voce>
+int IndiceDi(const QList<Voce>& Elenco, int Numero, int Voce::*Membro)
+{
+    const auto Trovata = std::ranges::find(Elenco, Numero, Membro);
+    return Trovata == Elenco.end() ? NessunaVoce : int(Trovata - Elenco.begin());
+}
+
+void SelezionaAutoritaInSilenzio(Parcella& Nota, int Indice)
+{
+    if (Indice < 0 || Indice >= Nota.ListaAutorita.size())
+        return;
+    Nota.cmbAutor = Indice;
+    Nota.IdxAutorPrec = Indice;
+    // In criminal matters the court plays the role of the bracket.
+    if (Nota.cmbCateg == IndicePenale)
+        Nota.Scaglione = Nota.IDAutSelezionata();
+}
+
 /// Index of the first bracket that holds the value, -1 for none.
 int ScaglionePer(const Parcella& Nota, double Valore)
 {
@@ -65,6 +89,20 @@ bool CercaScaglione(const Parcella& Nota, double Valore)
     return Valore > 0 && (!Scelto || Fuori(*Scelto, Valore) || Indeterminato(*Scelto));
 }
 
+/// What is said of a value that lies beyond the last bracket of a decree whose brackets end.
+QString OltreGliScaglioni(const Parcella& Nota)
+{
+    if (!Nota.Tariffa->ScaglioniFiniti || Nota.CodCateg == Penale || Nota.ListaScaglioni.isEmpty())
+        return {};
+    const double Ultimo = std::ranges::max(Nota.ListaScaglioni, std::less{}, &ScaglioneValore::AVal).AVal;
+    if (Nota.txtImporto.Numero() <= Ultimo)
+        return {};
+    return u"Il valore della causa supera € %1, limite degli scaglioni della tariffa %2!\nPer un valore "
+           u"maggiore "
+           u"si sceglie l'ultimo scaglione senza indicare il valore, e si correggono gli importi."_s.arg(
+               Format(Ultimo, u"#,##0.00"), Nota.Tariffa->Nome);
+}
+
 /// A value that is not defined shows an empty box.
 void ScriviImporto(Parcella& Nota, double Valore)
 {
@@ -78,11 +116,17 @@ bool Indeterminato(const ScaglioneValore& Sca)
     return Sca.DesVal.left(20) == u"Valore Indeterminato";
 }
 
+bool ValoreIndeterminato(const Parcella& Nota)
+{
+    const ScaglioneValore* Scelto = Nota.ScaglioneSelezionato();
+    return Nota.Scaglione == ScaglioneIndeterminato || (Scelto && Indeterminato(*Scelto));
+}
+
 void LoadAutorità(Parcella& Nota, const QString& Cat)
 {
     Nota.cmbAutor = NessunaVoce;
     Nota.IdxAutorPrec = NessunaVoce;  // an index into the former list may not point into the new one
-    const Letti<Autorita> Elenco = LeggiAutorita(Cat);
+    const Letti<Autorita> Elenco = LeggiAutorita(*Nota.Tariffa, Cat);
     Nota.ListaAutorita = Elenco.Voci;
     if (Elenco.Guasto)
         GestioneErrori(*Elenco.Guasto);
@@ -94,7 +138,7 @@ void LoadScaglioni(Parcella& Nota, const QString& Cat)
     if (Nota.CodCateg.isEmpty())
         return;
     Nota.cmbValore = NessunaVoce;
-    const Letti<ScaglioneValore> Elenco = LeggiScaglioni(Cat);
+    const Letti<ScaglioneValore> Elenco = LeggiScaglioni(*Nota.Tariffa, Cat);
     Nota.ListaScaglioni = Elenco.Voci;
     Nota.ValoreMinRich = 0.0;
     for (const ScaglioneValore& Sca : Nota.ListaScaglioni) {
@@ -129,6 +173,8 @@ void CambiaCategoria(Parcella& Nota, int Indice)
     if (Codice == Stragiudiziale)
         Nota.Fuoco = CampoNota::Valore;
     LoadScaglioni(Nota, Codice);
+    LoadVariazioni(Nota);
+    LasciaVariazioneAltrui(Nota);
 }
 
 bool CheckAutorCompatib(const Parcella& Nota)
@@ -138,7 +184,7 @@ bool CheckAutorCompatib(const Parcella& Nota)
     bool Compatibile = false;
     Protetta([&] {
         const int Precedente = Nota.ListaAutorita.value(Nota.IdxAutorPrec).IDAut;
-        const std::optional<QString> Elenco = LeggiCompatib(Precedente, Nota.CodCateg);
+        const std::optional<QString> Elenco = LeggiCompatib(*Nota.Tariffa, Precedente, Nota.CodCateg);
         const QString Cercato = u","_s + QString::number(Nota.IDAutSelezionata()) + u","_s;
         Compatibile = !Elenco || *Elenco == u"*" || Elenco->contains(Cercato);
     });
@@ -170,6 +216,7 @@ void CambiaAutorita(Parcella& Nota, int Indice)
     // In criminal matters the court plays the role of the bracket.
     if (Nota.cmbCateg == IndicePenale)
         Nota.Scaglione = Nota.IDAutSelezionata();
+    LasciaVariazioneAltrui(Nota);
 }
 
 bool CambiaScaglione(Parcella& Nota, int Indice)
@@ -243,6 +290,8 @@ std::optional<Mancanza<CampoNota>> PrimaMancanza(const Parcella& Nota)
         return Mancanza{u"Non è stato specificato il campo Autorità"_s, CampoNota::Autorita};
 
     const ScaglioneValore* Scelto = Nota.ScaglioneSelezionato();
+    if (const QString Oltre = OltreGliScaglioni(Nota); !Oltre.isEmpty())
+        return Mancanza{Oltre, CampoNota::Valore};
     if (!Scelto && Nota.CodCateg != Penale)
         return Mancanza{u"Non è stato specificato lo scaglione di valore della causa!"_s, CampoNota::Valore};
     if (!Scelto)
@@ -277,6 +326,8 @@ QString TestoDatiBase(const Parcella& Nota)
     const double Valore = Nota.txtImporto.Numero();
     if (Valore > 0)
         Testo += u" - Valore: "_s + Format(Valore, u"#,##0.00") + u" €"_s;
+    if (Nota.Tariffa->Dichiarato)
+        Testo += (Testo.isEmpty() ? QString() : u" - "_s) + Nota.Tariffa->Nome.toString();
     if (Nota.Multipla())
         Testo += u" (Parcella multipla)"_s;
     return Testo;
@@ -313,14 +364,109 @@ void SelezionaInSilenzio(Parcella& Nota, int Categ, int Autor, int Valore)
     const RapportiUnici UnaVolta;
     LoadAutorità(Nota, Nota.CodCateg);
     LoadScaglioni(Nota, Nota.CodCateg);
+    LoadVariazioni(Nota);
     StatiPerCategoria(Nota);
 
-    if (Autor >= 0 && Autor < Nota.ListaAutorita.size()) {
-        Nota.cmbAutor = Autor;
-        Nota.IdxAutorPrec = Autor;
-        if (Nota.cmbCateg == IndicePenale)
-            Nota.Scaglione = Nota.IDAutSelezionata();
-    }
+    SelezionaAutoritaInSilenzio(Nota, Autor);
     if (Nota.CodCateg != Penale)
         SelezionaScaglioneInSilenzio(Nota, Valore);
+}
+
+void VerificaSelezioni(Parcella& Nota, int IDAut, int NumSca)
+{
+    const QString Coda = u"\nGli importi della parcella restano quelli salvati."_s;
+    const auto Avvisa = [&](const QString& Che) {
+        MsgBox(u"Attenzione, nell'archivio della tariffa %1 non c'è più %2 della parcella!"_s.arg(
+                   Nota.Tariffa->Nome, Che) +
+                   Coda,
+               vbExclamation, TitoloAvvertenza.toString());
+    };
+    // Lists that could not be read were told already.
+    if (IDAut != 0 && IDAut != Nota.IDAutSelezionata() && !Nota.ListaAutorita.isEmpty()) {
+        Nota.cmbAutor = Nota.IdxAutorPrec = NessunaVoce;
+        SelezionaAutoritaInSilenzio(Nota, IndiceDi(Nota.ListaAutorita, IDAut, &Autorita::IDAut));
+        if (Nota.cmbAutor == NessunaVoce)
+            Avvisa(u"l'autorità"_s);
+    }
+    const ScaglioneValore* Scelto = Nota.ScaglioneSelezionato();
+    if (NumSca != 0 && (!Scelto || Scelto->NumSca != NumSca) && !Nota.ListaScaglioni.isEmpty()) {
+        Nota.cmbValore = Nota.IdxValorePrec = NessunaVoce;
+        SelezionaScaglioneInSilenzio(Nota, IndiceDi(Nota.ListaScaglioni, NumSca, &ScaglioneValore::NumSca));
+        if (Nota.cmbValore == NessunaVoce)
+            Avvisa(u"lo scaglione"_s);
+    }
+}
+
+// ---- another decree -----------------------------------------------------------------------------
+
+namespace {
+
+/// The bracket of the other decree for the same value; none where only the old bracket was chosen, unless the
+/// value is undetermined in both.
+void RitrovaScaglione(Parcella& Nota, bool EraIndeterminato)
+{
+    if (Nota.CodCateg == Penale)
+        return;
+    if (Nota.ImportoPrec > 0) {
+        SelezionaScaglioneDelValore(Nota);
+        return;
+    }
+    const auto Primo = std::ranges::find_if(Nota.ListaScaglioni, Indeterminato);
+    if (EraIndeterminato && Primo != Nota.ListaScaglioni.end())
+        SelezionaScaglioneInSilenzio(Nota, int(Primo - Nota.ListaScaglioni.begin()));
+}
+
+/// The items that both decrees have keep their line.
+void PortaRighe(Parcella& Nota, const QHash<QString, QString>& Voci)
+{
+    for (int Riga = 0; Riga < Nota.xOnorari.Righe(); ++Riga) {
+        QVariant& Chiave = Nota.xOnorari(Riga, OnoCodVoce);
+        if (const auto Altra = Voci.find(CStr(Chiave)); Altra != Voci.end())
+            Chiave = *Altra;
+    }
+}
+
+}  // namespace
+
+void PortaSuTariffa(Parcella& Nota, const Decreto& Nuova)
+{
+    const RapportiUnici UnaVolta;
+    const Decreto& Prima = *Nota.Tariffa;
+    const QString Ufficio = QString::number(Nota.IDAutSelezionata());
+    const bool EraIndeterminato = Nota.ScaglioneSelezionato() && Indeterminato(*Nota.ScaglioneSelezionato());
+    QHash<QString, QString> Uffici;
+    QHash<QString, QString> Voci;
+    Protetta([&] {
+        Uffici = LeggiCorrispondenze(Prima, Nuova, Nota.CodCateg, GenereComune::Ufficio);
+        Voci = LeggiCorrispondenze(Prima, Nuova, Nota.CodCateg, GenereComune::Voce);
+    });
+    PortaRighe(Nota, Voci);
+    PortaSpeseGenerali(Nota, Prima, Nuova);
+
+    Nota.Tariffa = &Nuova;
+    Nota.Scaglione = 0;
+    LoadAutorità(Nota, Nota.CodCateg);
+    LoadScaglioni(Nota, Nota.CodCateg);
+    LoadVariazioni(Nota);
+    SelezionaAutoritaInSilenzio(
+        Nota, IndiceDi(Nota.ListaAutorita, Uffici.value(Ufficio, Ufficio).toInt(), &Autorita::IDAut));
+    RitrovaScaglione(Nota, EraIndeterminato);
+    LasciaVariazioneAltrui(Nota);
+    if (!PartiContano(Nota))
+        CaricaParti(Nota, 1);
+}
+
+bool CambiaTariffa(Parcella& Nota, const Decreto& Nuova)
+{
+    if (&Nuova == Nota.Tariffa)
+        return true;
+    // An office that could not read it any more would be left with empty lists.
+    if (!Protetta([&] { (void)ApriTariffe(Nuova); }))
+        return false;
+    if (!Nota.xOnorari.Vuota() && !ConfermaRicalcolo())
+        return false;
+    PortaSuTariffa(Nota, Nuova);
+    SegnaRicalcolo(Nota);
+    SetModificata(Nota, true);
+    return true;
 }

@@ -24,6 +24,14 @@ bool SelSca(Parcella& Nota, double Valore);
 
 // ---- changes made by the user -------------------------------------------------------------------
 
+/// The note follows another decree from now on. Lines in place are asked about as for another authority; they
+/// keep what they are under the items that both decrees have, and wait for a recalculation. Category, value
+/// and free variation stay, the office where the other decree has it; what a new note would have in the
+/// general expenses follows if it was as a new note has it. A decree whose database cannot be used is told
+/// and not taken.
+/// @return false when it was refused
+bool CambiaTariffa(Parcella& Nota, const Decreto& Nuova);
+
 void CambiaCategoria(Parcella& Nota, int Indice);
 
 /// May be refused: an authority not compatible with the lines is told, a recalculation is asked for; the
@@ -55,7 +63,8 @@ void LasciaImporto(Parcella& Nota);
 /// is set, and the control to focus is named in the record either way.
 [[nodiscard]] bool CheckOK(Parcella& Nota, bool ShowMessage);
 
-/// "Civile o Amministrativa - Tribunale ordinario - da € ... - Valore: 30.000,00 €".
+/// "Civile o Amministrativa - Tribunale ordinario - da € ... - Valore: 30.000,00 €"; a decree that notes name
+/// stands behind.
 [[nodiscard]] QString TestoDatiBase(const Parcella& Nota);
 
 // ---- silent setting, for a new note and for loading ----------------------------------------------
@@ -69,5 +78,15 @@ void ImpostaValoreInSilenzio(Parcella& Nota, double Valore);
 /// The bracket that holds the accepted value, if there is one.
 void SelezionaScaglioneDelValore(Parcella& Nota);
 
-/// True for the bracket of undetermined value, told by the first 20 characters of its text.
+/// The office and the bracket that a file names by their numbers: a list that was edited since has them
+/// elsewhere. What it lacks is told and stays unselected. 0: the file names none.
+void VerificaSelezioni(Parcella& Nota, int IDAut, int NumSca);
+
+/// What CambiaTariffa does, without a question and without marking the note: for one that is still being
+/// filled.
+void PortaSuTariffa(Parcella& Nota, const Decreto& Nuova);
+
+/// True for a bracket of undetermined value, told by the first 20 characters of its text.
 [[nodiscard]] bool Indeterminato(const ScaglioneValore& Sca);
+/// True while the value of a civil note is undetermined, by the number of its bracket or by its text.
+[[nodiscard]] bool ValoreIndeterminato(const Parcella& Nota);

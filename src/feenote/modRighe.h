@@ -7,7 +7,7 @@
 
 struct Parcella;
 
-/// Columns of xOnorari. Amounts in whole euro.
+/// Columns of xOnorari. Amounts in euro, with the decimals of the note's decree.
 enum ColonnaOnorari {
     OnoData = 0,  ///< date of the service as text; empty at insertion
     OnoDescr = 1,

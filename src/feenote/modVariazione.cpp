@@ -1,16 +1,27 @@
 #include "feenote/modVariazione.h"
 
 #include "core/modErrori.h"
+#include "platform/base/errore.h"
+#include "platform/system/messaggi.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QStringView Aumenti = u" Aumenti ";
-constexpr QStringView Riduzioni = u" Riduzioni ";
+struct OpzioneFissa
+{
+    QStringView Didascalia;
+    QStringView Limiti;
+    QStringView Gruppo;
+};
+
+constexpr QStringView Aumenti = GruppoAumenti;
+constexpr QStringView Riduzioni = GruppoRiduzioni;
 
 // The captions are the house's; "stragiudiziali" carries two blanks, and so does "Difese".
-constexpr std::array<OpzioneAumRid, NumAumRid> Opzioni{{
+constexpr std::array<OpzioneFissa, NumAumRid> Fisse{{
     {u"Incarichi collegiali (art. 1, co. 4)", u"100;1", Aumenti},
     {u"Difese plurime (art. 4, co. 4, e art. 12, co. 4)", u"100;1", Aumenti},
     {u"Azioni di classe (art. 4, co. 4)", u"200;1", Aumenti},
@@ -23,7 +34,30 @@ constexpr std::array<OpzioneAumRid, NumAumRid> Opzioni{{
     {u"Pronunce in rito (art. 10)", u"-50;-1", Riduzioni},
     {u"Responsabilità ex art. 96 cpc (art. 10)", u"-50;-1", Riduzioni},
 }};
-static_assert(Opzioni[AumRidLibera].Limiti.empty());
+static_assert(Fisse[AumRidLibera].Limiti.empty());
+static_assert(NumAumRid == MassimoNumeroFisso + 1);
+
+QList<OpzioneAumRid> CreaFisse()
+{
+    QList<OpzioneAumRid> Elenco;
+    for (const OpzioneFissa& Fissa : Fisse)
+        Elenco.append({.Numero = int(Elenco.size()),
+                       .Didascalia = Fissa.Didascalia.toString(),
+                       .Limiti = Fissa.Limiti.toString(),
+                       .Gruppo = Fissa.Gruppo.toString()});
+    return Elenco;
+}
+
+/// The note's whole list; a record that nobody has loaded has the eleven.
+const QList<OpzioneAumRid>& ListaDi(const Parcella& Nota)
+{
+    return Nota.ListaVariazioni.isEmpty() ? OpzioniAumRid() : Nota.ListaVariazioni;
+}
+
+bool PerUfficio(const OpzioneAumRid& Opzione, const Parcella& Nota)
+{
+    return Comprende(Opzione.Uffici, QString::number(Nota.IDAutSelezionata()));
+}
 
 constexpr QStringView LimitiLiberi = u"-100;300";
 constexpr int SegnoPiu = 0;
@@ -54,10 +88,10 @@ Limiti LeggiLimiti(const QString& Testo)
 }
 
 /// Sign list and range as the option's tag asks; the percent is the caller's.
-void ImpostaOpzione(Parcella& Nota, int Indice)
+void ImpostaOpzione(Parcella& Nota, const OpzioneAumRid& Opzione)
 {
-    const QString Tag = Opzioni[size_t(Indice)].Limiti.toString();
-    Nota.AumRidIdx = Indice;
+    const QString& Tag = Opzione.Limiti;
+    Nota.AumRidIdx = Opzione.Numero;
     Nota.AumRidLimiti = Tag.isEmpty() ? LimitiLiberi.toString() : Tag;
     Nota.cmbAumRidAbilitata = Tag.isEmpty();
     Nota.cmbAumRid = Tag.isEmpty() ? NessunaVoce : Tag.startsWith(u'-') ? SegnoMeno : SegnoPiu;
@@ -70,12 +104,17 @@ void ImpostaVarP(Parcella& Nota, int VarP)
     Nota.AumRidVarP = VarP;
 }
 
+const OpzioneAumRid& Libera()
+{
+    return OpzioniAumRid()[AumRidLibera];
+}
+
 /// Range, sign and first limit of an option; the free one empties the percent.
-void ApplicaOpzione(Parcella& Nota, int Indice)
+void ApplicaOpzione(Parcella& Nota, const OpzioneAumRid& Opzione)
 {
     SetModificata(Nota, true);
-    ImpostaOpzione(Nota, Indice);
-    if (Indice == AumRidLibera) {
+    ImpostaOpzione(Nota, Opzione);
+    if (Opzione.Numero == AumRidLibera) {
         Nota.txtAumRid.Testo.clear();
         ImpostaVarP(Nota, 0);
         return;
@@ -88,38 +127,81 @@ void ApplicaOpzione(Parcella& Nota, int Indice)
 
 }  // namespace
 
-const std::array<OpzioneAumRid, NumAumRid>& OpzioniAumRid()
+const QList<OpzioneAumRid>& OpzioniAumRid()
 {
-    return Opzioni;
+    static const QList<OpzioneAumRid> Elenco = CreaFisse();
+    return Elenco;
+}
+
+QList<OpzioneAumRid> OpzioniAumRid(const Parcella& Nota)
+{
+    QList<OpzioneAumRid> Offerte;
+    std::ranges::copy_if(ListaDi(Nota), std::back_inserter(Offerte),
+                         [&](const OpzioneAumRid& Opzione) { return PerUfficio(Opzione, Nota); });
+    return Offerte;
+}
+
+const OpzioneAumRid* OpzioneDi(const Parcella& Nota, int Numero)
+{
+    const QList<OpzioneAumRid>& Elenco = ListaDi(Nota);
+    const auto Trovata = std::ranges::find(Elenco, Numero, &OpzioneAumRid::Numero);
+    return Trovata == Elenco.end() ? nullptr : &*Trovata;
 }
 
 QString DidascaliaAumRid(int Indice)
 {
-    return Indice >= 0 && Indice < NumAumRid ? Opzioni[size_t(Indice)].Didascalia.toString() : QString();
+    return OpzioniAumRid().value(Indice).Didascalia;
+}
+
+void LoadVariazioni(Parcella& Nota)
+{
+    const VariazioniLette Lette = LeggiVariazioni(*Nota.Tariffa, Nota.CodCateg);
+    Nota.ListaVariazioni.clear();
+    if (Lette.Opzioni)
+        Nota.ListaVariazioni = *Lette.Opzioni + QList{Libera()};
+    Nota.ListaParti = Lette.Parti;
+    if (Lette.Guasto)
+        GestioneErrori(*Lette.Guasto);
 }
 
 void AzzeraVariazione(Parcella& Nota)
 {
-    ImpostaOpzione(Nota, AumRidLibera);
+    ImpostaOpzione(Nota, Libera());
     Nota.txtAumRid.Testo.clear();
     Nota.AumRidVarP = 0;
 }
 
 void CaricaVariazione(Parcella& Nota, int Indice, double VarP)
 {
-    ImpostaOpzione(Nota, Indice >= 0 && Indice < NumAumRid ? Indice : AumRidLibera);
+    const OpzioneAumRid* Opzione = OpzioneDi(Nota, Indice);
+    const bool Offerta = Opzione && PerUfficio(*Opzione, Nota);
+    ImpostaOpzione(Nota, Offerta ? *Opzione : Libera());
     Nota.AumRidVarP = int(std::clamp(VarP, -999.0, 999.0));
     Nota.txtAumRid.Testo.clear();
     if (Nota.AumRidVarP != 0) {
         Nota.cmbAumRid = Nota.AumRidVarP > 0 ? SegnoPiu : SegnoMeno;
         Nota.txtAumRid.Testo = QString::number(std::abs(Nota.AumRidVarP));
     }
+    if (!Offerta && !Nota.ListaVariazioni.isEmpty())
+        MsgBox(u"Attenzione, la variazione n. %1 della parcella non è fra quelle della tariffa %2!\n"
+               u"La percentuale resta come variazione libera e gli importi sono quelli salvati."_s.arg(Indice)
+                   .arg(Nota.Tariffa->Nome),
+               vbExclamation, TitoloAvvertenza.toString());
+}
+
+void LasciaVariazioneAltrui(Parcella& Nota)
+{
+    const OpzioneAumRid* Opzione = OpzioneDi(Nota, Nota.AumRidIdx);
+    if (Opzione && PerUfficio(*Opzione, Nota))
+        return;
+    ApplicaOpzione(Nota, Libera());
 }
 
 void ScegliAumRid(Parcella& Nota, int Indice)
 {
-    if (Indice != Nota.AumRidIdx && Indice >= 0 && Indice < NumAumRid)
-        ApplicaOpzione(Nota, Indice);
+    const OpzioneAumRid* Opzione = OpzioneDi(Nota, Indice);
+    if (Indice != Nota.AumRidIdx && Opzione && PerUfficio(*Opzione, Nota))
+        ApplicaOpzione(Nota, *Opzione);
 }
 
 void CambiaTestoAumRid(Parcella& Nota, const QString& Testo)
@@ -149,7 +231,7 @@ bool VariazioneInSospeso(const Parcella& Nota)
 void LasciaAumRid(Parcella& Nota)
 {
     if (PercentoDigitato(Nota) == 0)
-        ApplicaOpzione(Nota, AumRidLibera);
+        ApplicaOpzione(Nota, Libera());
     if (!CheckVarPerc(Nota, true))
         return;
     ImpostaVarP(Nota, ConSegno(Nota, PercentoDigitato(Nota)));
@@ -174,29 +256,129 @@ bool CheckVarPerc(Parcella& Nota, bool ShowMessage)
     return false;
 }
 
+int VariazioneDi(const Parcella& Nota, const QVariant& CodVoce)
+{
+    const OpzioneAumRid* Opzione = OpzioneDi(Nota, Nota.AumRidIdx);
+    return Opzione && !Comprende(Opzione->Voci, CStr(CodVoce)) ? 0 : Nota.AumRidVarP;
+}
+
+double PercentoEsatto(const Parcella& Nota, int VarPerc)
+{
+    const OpzioneAumRid* Opzione = OpzioneDi(Nota, Nota.AumRidIdx);
+    if (!Opzione || Opzione->Esatto == 0 || VarPerc != LeggiLimiti(Opzione->Limiti).Lo)
+        return VarPerc;
+    return VarPerc < 0 ? -Opzione->Esatto : Opzione->Esatto;
+}
+
+// ---- parties assisted
+
+bool PartiContano(const Parcella& Nota)
+{
+    return !Nota.ListaParti.isEmpty();
+}
+
+int AumentoParti(const Parcella& Nota)
+{
+    int Aumento = 0;
+    for (const FasciaParti& Fascia : Nota.ListaParti)
+        Aumento += std::max(0, std::min(Nota.PartiAssistite, Fascia.A) - Fascia.Da + 1) * Fascia.Percento;
+    return Aumento;
+}
+
+void CaricaParti(Parcella& Nota, int Quante)
+{
+    Nota.PartiAssistite = std::clamp(Quante, 1, MassimoParti);
+    Nota.txtParti.Testo = QString::number(Nota.PartiAssistite);
+}
+
+void LasciaParti(Parcella& Nota)
+{
+    const int Prima = Nota.PartiAssistite;
+    CaricaParti(Nota, int(std::clamp(Nota.txtParti.Numero(), 1.0, double(MassimoParti))));
+    if (Nota.PartiAssistite == Prima)
+        return;
+    SetModificata(Nota, true);
+    if (!Nota.xOnorari.Vuota())
+        SegnaRicalcolo(Nota);
+}
+
+QString FraseParti(const Parcella& Nota)
+{
+    const int Aumento = AumentoParti(Nota);
+    if (Aumento == 0)
+        return {};
+    return u"Aumento del %1% per %2 parti assistite (%3, %4)"_s.arg(
+        QString::number(Aumento), QString::number(Nota.PartiAssistite), Nota.ListaParti.first().Articolo,
+        Nota.Tariffa->Nome);
+}
+
+// ---- how it is shown
+
+namespace {
+
+/// "-33,33", "20": without decimals where it is whole.
+QString TestoPercento(double Percento)
+{
+    return CStr(Arrotonda2(Percento));
+}
+
+QString ConSegnoScritto(double Percento)
+{
+    return (Percento > 0 ? u"+"_s : QString()) + TestoPercento(Percento) + u'%';
+}
+
+/// Caption of the note's option.
+QString Didascalia(const Parcella& Nota)
+{
+    const OpzioneAumRid* Opzione = OpzioneDi(Nota, Nota.AumRidIdx);
+    return Opzione ? Opzione->Didascalia : QString();
+}
+
+/// The sentence that an option brings along; empty for one that is worded from its caption.
+QString FrasePropria(const Parcella& Nota)
+{
+    const OpzioneAumRid* Opzione = OpzioneDi(Nota, Nota.AumRidIdx);
+    if (!Opzione || Opzione->Frase.isEmpty())
+        return {};
+    const double Percento = std::abs(PercentoEsatto(Nota, Nota.AumRidVarP));
+    return QString(Opzione->Frase).replace(u"%1"_s, TestoPercento(Percento));
+}
+
+}  // namespace
+
 QString TestoAumRidOno(const Parcella& Nota)
 {
-    if (Nota.AumRidVarP == 0)
-        return {};
-    return (Nota.AumRidVarP > 0 ? u"+"_s : QString()) + QString::number(Nota.AumRidVarP) + u"%"_s;
+    QStringList Testi;
+    if (const int Aumento = AumentoParti(Nota); Aumento != 0)
+        Testi += u"%1 parti: +%2%"_s.arg(Nota.PartiAssistite).arg(Aumento);
+    if (Nota.AumRidVarP != 0)
+        Testi += ConSegnoScritto(PercentoEsatto(Nota, Nota.AumRidVarP));
+    return Testi.join(u"  "_s);
 }
 
 QString SuggerimentoAumRidOno(const Parcella& Nota)
 {
-    if (Nota.AumRidVarP == 0)
-        return {};
-    return u"Applicat"_s + (Nota.AumRidVarP < 0 ? u"a riduzione "_s : u"o aumento "_s) + u"per "_s +
-           DidascaliaAumRid(Nota.AumRidIdx);
+    QStringList Righe;
+    if (const QString Parti = FraseParti(Nota); !Parti.isEmpty())
+        Righe += Parti;
+    const QString Propria = FrasePropria(Nota);
+    if (Nota.AumRidVarP != 0 && !Propria.isEmpty())
+        Righe += Propria;
+    else if (Nota.AumRidVarP != 0)
+        Righe += u"Applicat"_s + (Nota.AumRidVarP < 0 ? u"a riduzione "_s : u"o aumento "_s) + u"per "_s +
+                 Didascalia(Nota);
+    return Righe.join(u'\n');
 }
 
 QString FraseVariazione(const Parcella& Nota)
 {
     if (Nota.AumRidVarP == 0)
         return {};
+    if (const QString Propria = FrasePropria(Nota); !Propria.isEmpty())
+        return Propria;
     QString Frase = u"Applicat"_s + (Nota.AumRidVarP >= 1 ? u"o aumento "_s : u"a riduzione del "_s) +
                     QString::number(std::abs(Nota.AumRidVarP)) + u"% "_s;
-    const QString Didascalia = DidascaliaAumRid(Nota.AumRidIdx);
-    if (Nota.AumRidIdx != AumRidLibera && !Didascalia.isEmpty())
-        Frase += u"per "_s + Didascalia;
+    if (Nota.AumRidIdx != AumRidLibera && !Didascalia(Nota).isEmpty())
+        Frase += u"per "_s + Didascalia(Nota);
     return Frase;
 }

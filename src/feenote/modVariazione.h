@@ -1,33 +1,41 @@
-// The percent variation of the honoraria: options of the decree, sign, percent, limits.
-// D.m. 140/2012, articles 1, 3, 4, 6, 9, 10, 12.
+// The percent variation of the honoraria: options of the decree, sign, percent, limits; and the increase for
+// the parties that one lawyer assists.
+//
+// The options of a note are those of its decree's reference database, for its category and authority, or else
+// the eleven of D.m. 140/2012 (articles 1, 3, 4, 6, 9, 10, 12). An option is known by its number, which is
+// its index among the eleven.
 #pragma once
 
 #include "feenote/parcella.h"
 
-#include <array>
-
-/// One element of optAumRid. Limits in percent; both 0: any variation of the free range.
-struct OpzioneAumRid
-{
-    QStringView Didascalia;
-    QStringView Limiti;  ///< the two limits joined by ";"; a negative pair is a reduction
-    QStringView Gruppo;  ///< caption of its frame, empty for the free one
-};
-
-/// Index of "Altra/nessuna variazione".
+/// Number of "Altra/nessuna variazione", in every list.
 constexpr int AumRidLibera = 5;
 constexpr int NumAumRid = 11;
-[[nodiscard]] const std::array<OpzioneAumRid, NumAumRid>& OpzioniAumRid();
+/// The eleven of D.m. 140/2012.
+[[nodiscard]] const QList<OpzioneAumRid>& OpzioniAumRid();
 
-/// Caption of an option, empty outside 0 to 10.
+/// The options that a note offers, in order; the free one is among them.
+[[nodiscard]] QList<OpzioneAumRid> OpzioniAumRid(const Parcella& Nota);
+/// An option of the note's list by its number, whatever the authority; null for none.
+[[nodiscard]] const OpzioneAumRid* OpzioneDi(const Parcella& Nota, int Numero);
+
+/// Caption of one of the eleven, empty outside 0 to 10.
 [[nodiscard]] QString DidascaliaAumRid(int Indice);
+
+/// Loads the list of the note's decree and category. What could not be read is reported.
+void LoadVariazioni(Parcella& Nota);
 
 /// The state of a new note: free option, no percent.
 void AzzeraVariazione(Parcella& Nota);
 
-/// Sets option, range, sign list and percent as a file holds them, without reactions.
+/// Sets option, range, sign list and percent as a file holds them, without reactions. An option that the list
+/// lacks becomes the free one, with its percent; of a list that a database gives this is told.
 /// @param VarP signed percent, 0 none; cut to the whole and to 3 digits
 void CaricaVariazione(Parcella& Nota, int Indice, double VarP);
+
+/// The note's authority or category is another one: an option that is not meant for it gives way to the free
+/// one, without a percent.
+void LasciaVariazioneAltrui(Parcella& Nota);
 
 /// An option was chosen: its range and first limit hold from now on. The one that stands already changes
 /// nothing: a click on it is no choice, and the percent typed for it is the user's.
@@ -49,11 +57,37 @@ void LasciaAumRid(Parcella& Nota);
 /// `ShowMessage` is set, the user is told, and the box takes the first limit and the focus.
 [[nodiscard]] bool CheckVarPerc(Parcella& Nota, bool ShowMessage);
 
+// ---- what it makes of a line
+
+/// The signed percent for the line of an item, by its key: 0 for an item that the option does not touch.
+[[nodiscard]] int VariazioneDi(const Parcella& Nota, const QVariant& CodVoce);
+/// The percent that stands behind a whole one: a third behind 33, where the option says so.
+[[nodiscard]] double PercentoEsatto(const Parcella& Nota, int VarPerc);
+
+// ---- parties assisted
+
+/// The largest number of parties that a note takes.
+constexpr int MassimoParti = 999;
+
+/// True where the number of the parties counts: the box is shown for the decrees that have it, and enabled
+/// for the categories.
+[[nodiscard]] bool PartiContano(const Parcella& Nota);
+/// What the parties beyond the first add to the fees, percent.
+[[nodiscard]] int AumentoParti(const Parcella& Nota);
+/// The box of the parties was left: below 1 counts as one.
+void LasciaParti(Parcella& Nota);
+/// The number of the parties as a file or a description holds it, without reactions.
+void CaricaParti(Parcella& Nota, int Quante);
+/// "Aumento del 60% per 3 parti assistite (art. 4, comma 2, D.m. 55/2014)"; empty where they add nothing.
+[[nodiscard]] QString FraseParti(const Parcella& Nota);
+
+// ---- how it is shown
+
 /// Label over the lines: "+50%", empty without a variation.
 [[nodiscard]] QString TestoAumRidOno(const Parcella& Nota);
 /// Its tooltip: "Applicato aumento per ..." / "Applicata riduzione per ...".
 [[nodiscard]] QString SuggerimentoAumRidOno(const Parcella& Nota);
 
-/// "Applicata riduzione del 50% per ..." / "Applicato aumento 20% per ..." as documents print it; empty
-/// without a variation, no "per ..." for the free one.
+/// "Applicata riduzione del 50% per ..." / "Applicato aumento 20% per ..." as documents print it, or the
+/// sentence of the option's own; empty without a variation, no "per ..." for the free one.
 [[nodiscard]] QString FraseVariazione(const Parcella& Nota);

@@ -10,6 +10,7 @@
 #include "platform/base/regionale.h"
 #include "platform/base/tabellarighe.h"
 #include "tariffs/modTariffe.h"
+#include "tariffs/variazioni.h"
 
 #include <QList>
 #include <QMap>
@@ -69,6 +70,7 @@ enum DatoStampa {
 /// What a document takes from the fee note associated with this one.
 struct NotaAssociata
 {
+    const Decreto* Tariffa = Decreti.front();
     QString Categ;
     QString Autor;
     QString Valore;  ///< value text, ready
@@ -116,7 +118,8 @@ struct Parcella
     bool ContropSvuotata = false, OggSvuotato = false;
 
     // ---- parameters of the proceeding
-    QString CodCateg;  ///< CIV, PEN or STR
+    const Decreto* Tariffa = Decreti.front();  ///< the decree that the note follows; never null
+    QString CodCateg;                          ///< CIV, PEN or STR
     int cmbCateg = NessunaVoce;
     int cmbAutor = NessunaVoce;
     int cmbValore = NessunaVoce;
@@ -137,12 +140,16 @@ struct Parcella
     int ScaglioneOld = 0;  ///< bracket of the older tariff
 
     // ---- percent variation
-    int AumRidIdx = 5;            ///< chosen element of optAumRid
-    int AumRidVarP = 0;           ///< signed percent in force, 0 none
-    QString AumRidLimiti;         ///< two limits in percent joined by ";", empty: any
-    int cmbAumRid = NessunaVoce;  ///< 0 "+", 1 "-"
+    QList<OpzioneAumRid> ListaVariazioni;  ///< of decree and category; empty: those that the program has
+    QList<FasciaParti> ListaParti;         ///< what further parties add; empty: nothing
+    int AumRidIdx = 5;                     ///< chosen element of optAumRid, by its number
+    int AumRidVarP = 0;                    ///< signed percent in force, 0 none
+    QString AumRidLimiti;                  ///< two limits in percent joined by ";", empty: any
+    int cmbAumRid = NessunaVoce;           ///< 0 "+", 1 "-"
     bool cmbAumRidAbilitata = true;
     Casella txtAumRid;
+    int PartiAssistite = 1;  ///< parties that the note's lawyer assists
+    Casella txtParti{QStringLiteral("1")};
 
     // ---- taxes and switches of the print
     Spunta chkSpeseGen, chkCP, chkIva, chkRA;

@@ -40,11 +40,12 @@ Autorita RigaAutorita(const Recordset& Righe)
 
 /// The rows of a query with one value; a failure leaves those before it.
 template <class Riga>
-Letti<Riga> LeggiElenco(const QString& Query, const QString& Valore, Riga (*Leggi)(const Recordset&))
+Letti<Riga> LeggiElenco(const Decreto& Legge, const QString& Query, const QString& Valore,
+                        Riga (*Leggi)(const Recordset&))
 {
     Letti<Riga> Elenco;
     try {
-        Recordset Righe = ApriTariffe().OpenRecordset(Query, {Valore});
+        Recordset Righe = ApriTariffe(Legge).OpenRecordset(Query, {Valore});
         for (; !Righe.Eof(); Righe.MoveNext())
             Elenco.Voci.append(Leggi(Righe));
     } catch (const Errore& Guasto) {
@@ -102,29 +103,66 @@ QVariant CellaScaglione(const Recordset& Voce, int Scaglione, const QString& Est
     return Voce.Value(QString::number(Scaglione) + Estremo);
 }
 
+/// The first version of a declared database that has all that is read of it.
+constexpr int VersioneTariffa = 1;
+
+/// A file that stands under a decree's name may be another one's, or one from before the program.
+/// @throws Errore 3343
+void VerificaTariffa(const Database& Tariffe, const Decreto& Legge)
+{
+    constexpr QStringView Tabella = u"Tariffa";
+    const auto Rifiuta = [](const QString& Motivo) { throw Errore(errori::FormatoDatabase, Motivo); };
+    if (!Tariffe.EsisteTabella(Tabella.toString()))
+        Rifiuta(u"non dice di quale tariffa è"_s);
+    const Recordset Riga = Tariffe.OpenRecordset(Tabella.toString());
+    if (Riga.Eof() || CStr(Riga.Value(u"Codice"_s)) != Legge.Sigla)
+        Rifiuta(u"è l'archivio di un'altra tariffa"_s);
+    if (NumeroDi(Riga.Value(u"Versione"_s)) < VersioneTariffa)
+        Rifiuta(u"è più vecchio del programma"_s);
+}
+
+/// Why the database of a decree cannot be used, and what becomes of the notes that follow it.
+QString FraseInservibile(const Decreto& Legge, const Errore& Guasto)
+{
+    const QString Motivo = Guasto.Numero == errori::DatabaseMancante
+                               ? u"manca dalla cartella del programma"_s
+                               : u"non si può usare (%1)"_s.arg(Guasto.Descrizione);
+    return u"L'archivio della tariffa %1, %2, %3: gli importi delle parcelle restano quelli che sono, e "
+           u"senza l'archivio non si possono ricalcolare né salvare"_s.arg(Legge.Nome, Legge.File, Motivo);
+}
+
 }  // namespace
 
-QString PercorsoTariffe()
+QString PercorsoTariffe(const Decreto& Legge)
 {
-    return TrovaFile(sessione::PercorsoProg + u"parcelle.mdb"_s);
+    return TrovaFile(sessione::PercorsoProg + Legge.File.toString());
 }
 
-Database ApriTariffe()
+Database ApriTariffe(const Decreto& Legge)
 {
-    return OpenDatabase(PercorsoTariffe(), true);
+    if (!Legge.Dichiarato)
+        return OpenDatabase(PercorsoTariffe(Legge), true);
+    try {
+        Database Tariffe = OpenDatabase(PercorsoTariffe(Legge), true);
+        VerificaTariffa(Tariffe, Legge);
+        return Tariffe;
+    } catch (const Errore& Guasto) {
+        throw Errore(Guasto.Numero, FraseInservibile(Legge, Guasto));
+    }
 }
 
-Letti<Autorita> LeggiAutorita(const QString& Categ)
+Letti<Autorita> LeggiAutorita(const Decreto& Legge, const QString& Categ)
 {
     return LeggiElenco<Autorita>(
+        Legge,
         u"SELECT IDAut, DesAut, TipoAut,PreLoad FROM Autorità WHERE TipoAut=? COLLATE SenzaMaiuscole "
         u"ORDER BY IDX"_s,
         Categ, RigaAutorita);
 }
 
-std::optional<QString> LeggiCompatib(int IDAut, const QString& Categ)
+std::optional<QString> LeggiCompatib(const Decreto& Legge, int IDAut, const QString& Categ)
 {
-    const Recordset Righe = ApriTariffe().OpenRecordset(
+    const Recordset Righe = ApriTariffe(Legge).OpenRecordset(
         u"SELECT IDAut, Compatib FROM Autorità WHERE IDAut=? AND TipoAut=? COLLATE SenzaMaiuscole"_s,
         {IDAut, Categ});
     if (Righe.Eof())
@@ -132,11 +170,12 @@ std::optional<QString> LeggiCompatib(int IDAut, const QString& Categ)
     return Righe.Value(u"Compatib"_s).toString();
 }
 
-Letti<ScaglioneValore> LeggiScaglioni(const QString& Categ)
+Letti<ScaglioneValore> LeggiScaglioni(const Decreto& Legge, const QString& Categ)
 {
     // No ordering: the list shows the brackets as the table holds them.
     Letti<ScaglioneValore> Elenco = LeggiElenco<ScaglioneValore>(
-        u"SELECT * FROM Scaglioni WHERE Materia=? COLLATE SenzaMaiuscole"_s, Materia(Categ), RigaScaglione);
+        Legge, u"SELECT * FROM Scaglioni WHERE Materia=? COLLATE SenzaMaiuscole"_s, Materia(Categ),
+        RigaScaglione);
     if (Elenco.Voci.size() > MassimoScaglioni) {
         Elenco.Voci.resize(MassimoScaglioni);
         Elenco.Guasto = std::make_shared<const Errore>(errori::Indice);
@@ -144,9 +183,9 @@ Letti<ScaglioneValore> LeggiScaglioni(const QString& Categ)
     return Elenco;
 }
 
-Catalogo ApriCatalogo(const QString& Categ, int IDAut)
+Catalogo ApriCatalogo(const Decreto& Legge, const QString& Categ, int IDAut)
 {
-    const Database Tariffe = ApriTariffe();
+    const Database Tariffe = ApriTariffe(Legge);
     Catalogo Aperto;
     Aperto.datOno = ApriOnorari(Tariffe, Categ, IDAut);
     Aperto.datDir = Tariffe.OpenRecordset(u"SELECT * FROM Diritti WHERE NVis>0 ORDER BY NVis"_s);
@@ -154,17 +193,17 @@ Catalogo ApriCatalogo(const QString& Categ, int IDAut)
     return Aperto;
 }
 
-Recordset ApriDirittiValori()
+Recordset ApriDirittiValori(const Decreto& Legge)
 {
-    Recordset Valori = ApriTariffe().OpenRecordset(u"DirittiValori"_s);
+    Recordset Valori = ApriTariffe(Legge).OpenRecordset(u"DirittiValori"_s);
     Valori.ImpostaIndex(u"CodDir"_s);
     return Valori;
 }
 
-ChiaviTradotte LeggiChiaviPrecedenti(const QString& Categ)
+ChiaviTradotte LeggiChiaviPrecedenti(const Decreto& Legge, const QString& Categ)
 {
     ChiaviTradotte Chiavi;
-    const Database Tariffe = ApriTariffe();
+    const Database Tariffe = ApriTariffe(Legge);
     if (!Tariffe.EsisteTabella(TabellaPrecedenti.toString()))
         return Chiavi;
     const QSet<QString> Presenti = ChiaviPresenti(Tariffe, Categ);
@@ -179,9 +218,9 @@ ChiaviTradotte LeggiChiaviPrecedenti(const QString& Categ)
     return Chiavi;
 }
 
-bool HaChiaviPrecedenti()
+bool HaChiaviPrecedenti(const Decreto& Legge)
 {
-    return ApriTariffe().EsisteTabella(TabellaPrecedenti.toString());
+    return ApriTariffe(Legge).EsisteTabella(TabellaPrecedenti.toString());
 }
 
 QString CriterioVoce(const QString& Categ, const QString& ChiaveOno, const QVariant& Codice, int IDAut)
@@ -204,4 +243,10 @@ double ImportoCatalogo(const Recordset& Voce, int Scaglione, const QString& Estr
 QString FormulaCatalogo(const Recordset& Voce, int Scaglione, const QString& Estremo)
 {
     return CellaScaglione(Voce, Scaglione, Estremo).toString();
+}
+
+bool SenzaImporto(const Recordset& Voce, int Scaglione)
+{
+    return !CellaScaglione(Voce, Scaglione, u"Min"_s).isValid() &&
+           !CellaScaglione(Voce, Scaglione, u"Max"_s).isValid();
 }

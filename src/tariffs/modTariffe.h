@@ -1,7 +1,8 @@
-// The reference database parcelle.mdb: authorities, brackets, catalogues (D.m. 20 luglio 2012, n. 140).
+// The reference database of a decree: authorities, brackets, catalogues, variations.
 #pragma once
 
 #include "platform/database/database.h"
+#include "tariffs/decreto.h"
 
 #include <QHash>
 #include <QList>
@@ -49,11 +50,13 @@ constexpr int PrimaVoceFuoriTariffa = 900;
 /// Item "Voce non prevista", in every catalogue.
 constexpr int VoceLibera = 999;
 
-/// Path of the reference database in the program folder.
-[[nodiscard]] QString PercorsoTariffe();
+/// Path of a decree's reference database in the program folder.
+[[nodiscard]] QString PercorsoTariffe(const Decreto& Legge);
 
-/// The reference database, read-only. @throws Errore as OpenDatabase
-[[nodiscard]] Database ApriTariffe();
+/// The reference database of a decree, read-only.
+/// @throws Errore as OpenDatabase; for a decree that its database names also 3343 when the file is another
+///         one's, or an older one. The description of such a decree says what becomes of its notes
+[[nodiscard]] Database ApriTariffe(const Decreto& Legge);
 
 /// The rows of a list as far as they could be read, and what stopped the reading, if anything did.
 template <class Riga>
@@ -64,13 +67,13 @@ struct Letti
 };
 
 /// Authorities of a category in display order.
-[[nodiscard]] Letti<Autorita> LeggiAutorita(const QString& Categ);
+[[nodiscard]] Letti<Autorita> LeggiAutorita(const Decreto& Legge, const QString& Categ);
 
 /// Compatib of an authority: "*", or IDAut values in commas, closed by commas. Empty optional: no such row.
-[[nodiscard]] std::optional<QString> LeggiCompatib(int IDAut, const QString& Categ);
+[[nodiscard]] std::optional<QString> LeggiCompatib(const Decreto& Legge, int IDAut, const QString& Categ);
 
 /// Brackets of a category in the table's order. Error 9 stops at the 22nd row.
-[[nodiscard]] Letti<ScaglioneValore> LeggiScaglioni(const QString& Categ);
+[[nodiscard]] Letti<ScaglioneValore> LeggiScaglioni(const Decreto& Legge, const QString& Categ);
 
 /// The two catalogues of a category, open, and the key column of the first.
 struct Catalogo
@@ -82,11 +85,11 @@ struct Catalogo
 
 /// @param IDAut authority whose rows a civil catalogue shows
 /// @throws Errore as Database::OpenRecordset
-[[nodiscard]] Catalogo ApriCatalogo(const QString& Categ, int IDAut);
+[[nodiscard]] Catalogo ApriCatalogo(const Decreto& Legge, const QString& Categ, int IDAut);
 
 /// The values of the rights of older tariffs, as a table with its index CodDir set. Nothing reads its rows.
 /// @throws Errore as Database::OpenRecordset, 3015 without the index
-[[nodiscard]] Recordset ApriDirittiValori();
+[[nodiscard]] Recordset ApriDirittiValori(const Decreto& Legge);
 
 /// Present keys of catalogue items by the keys that they had before.
 using ChiaviTradotte = QHash<QString, QString>;
@@ -95,10 +98,10 @@ using ChiaviTradotte = QHash<QString, QString>;
 /// its key. The table ChiaviPrecedenti gives the old keys of a category whose catalogue has them no more.
 /// @return empty for a reference database without that table
 /// @throws Errore as Database::OpenRecordset
-[[nodiscard]] ChiaviTradotte LeggiChiaviPrecedenti(const QString& Categ);
+[[nodiscard]] ChiaviTradotte LeggiChiaviPrecedenti(const Decreto& Legge, const QString& Categ);
 /// True when the reference database has that table, and keys of its own for each category.
 /// @throws Errore as OpenDatabase
-[[nodiscard]] bool HaChiaviPrecedenti();
+[[nodiscard]] bool HaChiaviPrecedenti(const Decreto& Legge);
 
 /// Find criterion of a saved line in its catalogue: key + "=" + code, for CIV also the authority.
 /// A code that is no whole number is quoted text.
@@ -110,3 +113,6 @@ using ChiaviTradotte = QHash<QString, QString>;
 [[nodiscard]] double ImportoCatalogo(const Recordset& Voce, int Scaglione, const QString& Estremo);
 /// The same as formula text; Null is empty.
 [[nodiscard]] QString FormulaCatalogo(const Recordset& Voce, int Scaglione, const QString& Estremo);
+/// True when the tariff has no amount for an item in a bracket: both ends are Null. The free item, which
+/// never has any, is for the caller to leave out. @throws Errore 3265 when the table has no such column
+[[nodiscard]] bool SenzaImporto(const Recordset& Voce, int Scaglione);

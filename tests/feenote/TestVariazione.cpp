@@ -79,7 +79,7 @@ void TestVariazione::opzioneImpostaTutto()
     QVERIFY(!Nota.RicalcoloNecessario);
     QVERIFY(CheckVarPerc(Nota, true));
     const QString Gruppo = Indice < 5 ? u" Aumenti "_s : Indice > 5 ? u" Riduzioni "_s : QString();
-    QCOMPARE(OpzioniAumRid()[size_t(Indice)].Gruppo.toString(), Gruppo);
+    QCOMPARE(OpzioniAumRid()[Indice].Gruppo, Gruppo);
 }
 
 void TestVariazione::opzioneInesistente()

@@ -71,12 +71,12 @@ QList<Riga> Intero(const Letti<Riga>& Elenco)
 
 QList<Autorita> Enti(const QString& Categ)
 {
-    return Intero(LeggiAutorita(Categ));
+    return Intero(LeggiAutorita(Dm140, Categ));
 }
 
 QList<ScaglioneValore> Scaglioni(const QString& Categ)
 {
-    return Intero(LeggiScaglioni(Categ));
+    return Intero(LeggiScaglioni(Dm140, Categ));
 }
 
 template <typename Funzione>
@@ -107,7 +107,7 @@ void TestTariffe::cleanup()
 Database TestTariffe::CopiaScrivibile()
 {
     const QString Cartella = NuovaCartella();
-    QFile::copy(PercorsoTariffe(), Cartella + u"parcelle.mdb"_s);
+    QFile::copy(PercorsoTariffe(Dm140), Cartella + u"parcelle.mdb"_s);
     sessione::PercorsoProg = Cartella;
     return OpenDatabase(Cartella + u"parcelle.mdb"_s);
 }
@@ -115,9 +115,9 @@ Database TestTariffe::CopiaScrivibile()
 void TestTariffe::trovaIlFileInOgniCaso()
 {
     const QString Cartella = NuovaCartella();
-    QVERIFY(QFile::copy(PercorsoTariffe(), Cartella + u"Parcelle.MDB"_s));
+    QVERIFY(QFile::copy(PercorsoTariffe(Dm140), Cartella + u"Parcelle.MDB"_s));
     sessione::PercorsoProg = Cartella;
-    QCOMPARE(PercorsoTariffe(), Cartella + u"Parcelle.MDB"_s);
+    QCOMPARE(PercorsoTariffe(Dm140), Cartella + u"Parcelle.MDB"_s);
     QCOMPARE(Enti(u"STR"_s).size(), 3);
 }
 
@@ -179,7 +179,7 @@ void TestTariffe::compatibili()
 {
     QFETCH(int, IDAut);
     QFETCH(QString, Categ);
-    const std::optional<QString> Letto = LeggiCompatib(IDAut, Categ);
+    const std::optional<QString> Letto = LeggiCompatib(Dm140, IDAut, Categ);
     QTEST(Letto.has_value(), "Trovata");
     QTEST(Letto.value_or(QString()), "Elenco");
 }
@@ -236,7 +236,7 @@ void TestTariffe::ilVentiduesimoScaglioneFallisce()
     const Database Base = CopiaScrivibile();
     for (int n = 8; n <= MassimoScaglioni + 1; ++n)
         Base.Execute(u"INSERT INTO Scaglioni (Materia, NumSca) VALUES ('S', ?)"_s, {n});
-    const Letti<ScaglioneValore> Elenco = LeggiScaglioni(u"STR"_s);
+    const Letti<ScaglioneValore> Elenco = LeggiScaglioni(Dm140, u"STR"_s);
     QCOMPARE(Elenco.Guasto->Numero, 9);
     QCOMPARE(Elenco.Voci.size(), 21);  // what was read stands
     QCOMPARE(Elenco.Voci.last().NumSca, 21);
@@ -246,7 +246,7 @@ void TestTariffe::dirittiValoriConIlLoroIndice()
 {
     CopiaScrivibile().Execute(
         u"INSERT INTO DirittiValori (CodDir, NumSca, Valore) VALUES (7, 1, 5), (3, 1, 4)"_s);
-    Recordset Valori = ApriDirittiValori();
+    Recordset Valori = ApriDirittiValori(Dm140);
     QCOMPARE(Valori.Value(u"CodDir"_s).toInt(), 3);
     Valori.Seek(u"="_s, 7);
     QVERIFY(!Valori.NoMatch());
@@ -260,9 +260,9 @@ void TestTariffe::leMaiuscoleNonContano()
     Base.Execute(u"UPDATE Scaglioni SET Materia='s' WHERE Materia='S'"_s);
     Base.Execute(u"UPDATE ChiaviPrecedenti SET Categoria='str' WHERE Categoria='STR'"_s);
     QCOMPARE(Enti(u"STR"_s).size(), 3);
-    QVERIFY(LeggiCompatib(41, u"STR"_s));
+    QVERIFY(LeggiCompatib(Dm140, 41, u"STR"_s));
     QCOMPARE(Scaglioni(u"STR"_s).size(), 7);
-    QCOMPARE(LeggiChiaviPrecedenti(u"STR"_s).size(), 19);
+    QCOMPARE(LeggiChiaviPrecedenti(Dm140, u"STR"_s).size(), 19);
 }
 
 // ---- Catalogues ----------------------------------------------------------------------------------
@@ -278,7 +278,7 @@ void TestTariffe::catalogoCivileHaSempreLaVoceLibera_data()
 void TestTariffe::catalogoCivileHaSempreLaVoceLibera()
 {
     QFETCH(int, IDAut);
-    const Recordset Voci = ApriCatalogo(u"CIV"_s, IDAut).datOno;
+    const Recordset Voci = ApriCatalogo(Dm140, u"CIV"_s, IDAut).datOno;
     const QStringList Numeri = Colonna(Voci, u"NVoce"_s);
     QCOMPARE(Numeri.count(u"999"_s), 1);
     QCOMPARE(Numeri.last(), u"999"_s);
@@ -308,7 +308,7 @@ void TestTariffe::catalogoInOrdineDiVisualizzazione()
 {
     QFETCH(QString, Categ);
     QFETCH(int, IDAut);
-    const Catalogo Aperto = ApriCatalogo(Categ, IDAut);
+    const Catalogo Aperto = ApriCatalogo(Dm140, Categ, IDAut);
     QTEST(Aperto.ChiaveOno, "Chiave");
     QTEST(Colonna(Aperto.datOno, Aperto.ChiaveOno).join(u' '), "Codici");
     QCOMPARE(Aperto.datDir.RecordCount(), 40);
@@ -320,7 +320,7 @@ void TestTariffe::penaleESpeseSecondoLaColonnaDellOrdine()
     const Database Base = CopiaScrivibile();
     Base.Execute(u"UPDATE OnorariPen SET NVis=1000-NVis"_s);
     Base.Execute(u"UPDATE Diritti SET NVis=1000-NVis"_s);
-    const Catalogo Aperto = ApriCatalogo(u"PEN"_s, 23);
+    const Catalogo Aperto = ApriCatalogo(Dm140, u"PEN"_s, 23);
     QCOMPARE(Colonna(Aperto.datOno, u"IDOno"_s).join(u' '), u"999 105 104 103 102 101"_s);
     QCOMPARE(Colonna(Aperto.datDir, u"IDDir"_s).first(), u"40"_s);
 }
@@ -351,7 +351,7 @@ void TestTariffe::ordineZeroNascondeDoveSiFiltra()
     QFETCH(QString, Codice);
     QFETCH(bool, SiVede);
     QCOMPARE(CopiaScrivibile().Execute(Modifica), 1);
-    const Catalogo Aperto = ApriCatalogo(Categ, 2);
+    const Catalogo Aperto = ApriCatalogo(Dm140, Categ, 2);
     const QStringList Codici =
         Spese ? Colonna(Aperto.datDir, u"IDDir"_s) : Colonna(Aperto.datOno, Aperto.ChiaveOno);
     QCOMPARE(Codici.contains(Codice), SiVede);
@@ -361,7 +361,7 @@ void TestTariffe::ordineZeroNascondeDoveSiFiltra()
 
 void TestTariffe::categoriaSconosciutaHaLeSoleSpese()
 {
-    const Catalogo Aperto = ApriCatalogo(QString(), 2);
+    const Catalogo Aperto = ApriCatalogo(Dm140, QString(), 2);
     QVERIFY(!Aperto.datOno.Aperto());
     QCOMPARE(Aperto.datDir.RecordCount(), 40);
 }
@@ -415,7 +415,7 @@ void TestTariffe::ritrovaLaVoce()
     QFETCH(int, IDAut);
     QFETCH(QVariant, Codice);
     QFETCH(QString, Descrizione);
-    Catalogo Aperto = ApriCatalogo(Categ, IDAut);
+    Catalogo Aperto = ApriCatalogo(Dm140, Categ, IDAut);
     Aperto.datOno.FindFirst(CriterioVoce(Categ, Aperto.ChiaveOno, Codice, IDAut));
     QCOMPARE(Aperto.datOno.NoMatch(), Descrizione.isEmpty());
     if (!Descrizione.isEmpty())
@@ -425,7 +425,7 @@ void TestTariffe::ritrovaLaVoce()
 void TestTariffe::importi()
 {
     CopiaScrivibile().Execute(u"UPDATE OnorariCiv SET \"4Max\"=NULL WHERE IDAutor=2 AND CodOno='1'"_s);
-    const Recordset Studio = ApriCatalogo(u"CIV"_s, 2).datOno;
+    const Recordset Studio = ApriCatalogo(Dm140, u"CIV"_s, 2).datOno;
     QCOMPARE(ImportoCatalogo(Studio, 3, u"Med"_s), 1200.0);
     QCOMPARE(ImportoCatalogo(Studio, 3, u"Min"_s), 600.0);
     QCOMPARE(ImportoCatalogo(Studio, 3, u"Max"_s), 1920.0);
@@ -435,7 +435,7 @@ void TestTariffe::importi()
 
 void TestTariffe::importiPenaliPerUfficio()
 {
-    const Recordset Studio = ApriCatalogo(u"PEN"_s, 23).datOno;
+    const Recordset Studio = ApriCatalogo(Dm140, u"PEN"_s, 23).datOno;
     QCOMPARE(ImportoCatalogo(Studio, 23, u"Med"_s), 300.0);
     QCOMPARE(ImportoCatalogo(Studio, 29, u"Max"_s), 3120.0);
     QCOMPARE(NumeroErrore([&] { (void)ImportoCatalogo(Studio, 3, u"Med"_s); }), 3265);
@@ -443,7 +443,7 @@ void TestTariffe::importiPenaliPerUfficio()
 
 void TestTariffe::formule()
 {
-    Recordset Voci = ApriCatalogo(u"STR"_s, 41).datOno;
+    Recordset Voci = ApriCatalogo(Dm140, u"STR"_s, 41).datOno;
     Voci.FindFirst(u"IDOno=206"_s);
     QCOMPARE(FormulaCatalogo(Voci, 2, u"Max"_s), u"550+(x-5000)*0.06"_s);
     Voci.MoveLast();
@@ -470,7 +470,7 @@ void TestTariffe::fileInservibile()
     QFETCH(QString, Che);
     QFETCH(int, Numero);
     sessione::PercorsoProg = NuovaCartella();
-    const QString Percorso = PercorsoTariffe();
+    const QString Percorso = PercorsoTariffe(Dm140);
     if (Che == u"base") {
         (void)CreateDatabase(Percorso);
     } else if (Che != u"mancante") {
@@ -479,9 +479,9 @@ void TestTariffe::fileInservibile()
         File.write(Che == u"vuoto" ? QByteArray() : QByteArray(5000, 'a'));
     }
     QCOMPARE(NumeroErrore([] { (void)Enti(u"CIV"_s); }), Numero);
-    QCOMPARE(NumeroErrore([] { (void)LeggiCompatib(1, u"CIV"_s); }), Numero);
+    QCOMPARE(NumeroErrore([] { (void)LeggiCompatib(Dm140, 1, u"CIV"_s); }), Numero);
     QCOMPARE(NumeroErrore([] { (void)Scaglioni(u"CIV"_s); }), Numero);
-    QCOMPARE(NumeroErrore([] { (void)ApriCatalogo(u"CIV"_s, 2); }), Numero);
+    QCOMPARE(NumeroErrore([] { (void)ApriCatalogo(Dm140, u"CIV"_s, 2); }), Numero);
 }
 
 #include "TestTariffe.moc"

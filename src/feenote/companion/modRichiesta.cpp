@@ -12,6 +12,7 @@
 #include <array>
 #include <limits>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -138,6 +139,8 @@ void ApplicaRichiesta(Parcella& Nota, const Richiesta& Dati)
 {
     Nota.Pronta = false;  // the messages on the way must not compose half a note
     ApplicaParti(Nota, Dati);
+    // The other program counts in the lists of the first decree, whatever the one of new notes is.
+    const Decreto& Voluta = *std::exchange(Nota.Tariffa, Decreti.front());
     SelezionaInSilenzio(Nota, Dati.Categoria, Dati.Autorita, NessunaVoce);
     if (Dati.Valore >= ValoreEsattoRichiesta) {
         // As if the value had been typed: where the category has brackets, it finds its own.
@@ -149,6 +152,8 @@ void ApplicaRichiesta(Parcella& Nota, const Richiesta& Dati)
     }
     if (ChiedeOltreGliElenchi(Nota, Dati))
         GestioneErrori(Errore(9));  // what is missing stays unselected, the rest of the request holds
+    if (&Voluta != Nota.Tariffa)
+        PortaSuTariffa(Nota, Voluta);
     Nota.NsRif = Dati.ID;
     Nota.Scelta = Dati.Scelta;
 

@@ -3,6 +3,8 @@
 #include "core/sessione.h"
 #include "feenote/modDatiStampa.h"
 #include "feenote/modInterruttori.h"
+#include "feenote/modVariazione.h"
+#include "platform/base/errore.h"
 #include "tariffs/modTariffe.h"
 
 #include <algorithm>
@@ -16,6 +18,9 @@ constexpr QStringView Si = u"1";
 constexpr QStringView No = u"0";
 constexpr QStringView VoceChiavi = u"ChiaviDisgiunte";
 constexpr QStringView VoceAccontiMostrati = u"chkAcconti.Fattura";
+constexpr QStringView VoceTariffa = u"Tariffa";
+constexpr QStringView VoceAutorita = u"Tariffa.Autorita";
+constexpr QStringView VoceScaglione = u"Tariffa.Scaglione";
 
 /// A value of the memory: empty is not kept, and comes back as what a new note has.
 struct VoceMemoria
@@ -94,7 +99,38 @@ constexpr VoceMemoria Stampato(QStringView Nome)
             [](Parcella& Nota, const QString& Valore) { (Nota.*Stampata).Testo = Valore; }};
 }
 
+/// What only a decree that names itself keeps; it is read before the rest, see TariffaDella.
+template <QString (*Testo)(const Parcella&)>
+constexpr VoceMemoria DellaTariffa(QStringView Nome)
+{
+    return {Nome, [](const Parcella& Nota) { return Nota.Tariffa->Dichiarato ? Testo(Nota) : QString(); },
+            [](Parcella&, const QString&) {}};
+}
+
+QString SiglaTariffa(const Parcella& Nota)
+{
+    return Nota.Tariffa->Sigla.toString();
+}
+
+QString NumeroAutorita(const Parcella& Nota)
+{
+    return NumeroSe(Nota.IDAutSelezionata());
+}
+
+QString NumeroScaglione(const Parcella& Nota)
+{
+    const ScaglioneValore* Scelto = Nota.ScaglioneSelezionato();
+    return Scelto ? NumeroSe(Scelto->NumSca) : QString();
+}
+
 constexpr std::array Voci{
+    DellaTariffa<SiglaTariffa>(VoceTariffa),
+    DellaTariffa<NumeroAutorita>(VoceAutorita),
+    DellaTariffa<NumeroScaglione>(VoceScaglione),
+    VoceMemoria{
+        u"PartiAssistite",
+        [](const Parcella& Nota) { return NumeroSe(Nota.PartiAssistite - 1 ? Nota.PartiAssistite : 0); },
+        [](Parcella& Nota, const QString& Valore) { CaricaParti(Nota, Valore.toInt()); }},
     Interruttore<&Parcella::chkIvaDiff>(u"chkIvaDiff"),
     Interruttore<&Parcella::chkFattAcc>(u"chkFattAcc"),
     VoceMemoria{u"chkIBAN", [](const Parcella& Nota) { return Segno(Nota.chkIBAN.Attiva); },
@@ -204,7 +240,7 @@ void ScriviMemoria(const Database& File, const Parcella& Nota)
     }
     ScriviBlocchi(Nota, Memoria);
     ScriviDelTipo(Nota, Memoria);
-    if (HaChiaviPrecedenti())
+    if (HaChiaviPrecedenti(*Nota.Tariffa))
         Memoria[VoceChiavi.toString()] = Si.toString();
     File.Annota(Memoria);
 }
@@ -248,6 +284,22 @@ void ApplicaMemoriaDelTipo(Parcella& Nota, const MemoriaFile& Memoria)
         (Nota.*Tassa.Tick).Attiva = true;
         (Nota.*Tassa.Box).Testo = *Testo;
     }
+}
+
+const Decreto& TariffaDella(const MemoriaFile& Memoria)
+{
+    const auto Sigla = Memoria.find(VoceTariffa.toString());
+    if (Sigla == Memoria.end())
+        return *Decreti.front();
+    if (const Decreto* Trovato = DecretoDi(*Sigla))
+        return *Trovato;
+    throw Errore(errori::Imprevisto, u"La parcella segue una tariffa che questa versione del programma non "
+                                     u"conosce (%1): per aprirla occorre aggiornarlo"_s.arg(Sigla->left(20)));
+}
+
+SelezioniTenute SelezioniDella(const MemoriaFile& Memoria)
+{
+    return {Memoria.value(VoceAutorita.toString()).toInt(), Memoria.value(VoceScaglione.toString()).toInt()};
 }
 
 bool ChiaviDisgiunte(const MemoriaFile& Memoria)

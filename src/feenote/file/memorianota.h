@@ -31,5 +31,17 @@ void ApplicaMemoria(Parcella& Nota, const MemoriaFile& Memoria);
 /// list them, the taxes ticked on a court costs note.
 void ApplicaMemoriaDelTipo(Parcella& Nota, const MemoriaFile& Memoria);
 
+/// The decree that a note follows: D.m. 140/2012 where the file names none.
+/// @throws Errore 1000 for one that this version does not know
+[[nodiscard]] const Decreto& TariffaDella(const MemoriaFile& Memoria);
+
+/// The office and the bracket of a note by their numbers, which outlast a list that is edited; 0: not kept.
+struct SelezioniTenute
+{
+    int IDAut = 0;
+    int NumSca = 0;
+};
+[[nodiscard]] SelezioniTenute SelezioniDella(const MemoriaFile& Memoria);
+
 /// True when the keys of the file's lines are those of catalogues that share none with each other.
 [[nodiscard]] bool ChiaviDisgiunte(const MemoriaFile& Memoria);

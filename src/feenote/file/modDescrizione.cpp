@@ -29,6 +29,32 @@ constexpr QStringView GruppoStampa = u"stampa";
 
 // ---- parameters ---------------------------------------------------------------------------------
 
+/// The field's value, a number or a text; anything else is refused.
+QJsonValue NumeroOTesto(OggettoJson& Dati, const QString& Campo)
+{
+    const QJsonValue Letto = Dati.Valore(Campo);
+    if (!Letto.isUndefined() && !Letto.isDouble() && !Letto.isString())
+        throw OggettoJson::Rifiuto(13, Dati.Nome(Campo), u"deve essere un numero o un testo"_s);
+    return Letto;
+}
+
+QString Mostra(const QJsonValue& Valore)
+{
+    return Valore.isDouble() ? CStr(Valore.toDouble()) : Valore.toString().left(60);
+}
+
+/// The decree of the note: a description from before there were two names none, and means the first.
+const Decreto& LeggiTariffa(OggettoJson& Dati)
+{
+    const QJsonValue Letta = NumeroOTesto(Dati, u"tariffa"_s);
+    if (Letta.isUndefined())
+        return *Decreti.front();
+    if (const Decreto* Trovato = DecretoDi(Mostra(Letta)))
+        return *Trovato;
+    throw OggettoJson::Rifiuto(5, Dati.Nome(u"tariffa"_s),
+                               u"«%1» non è una tariffa (140, 55)"_s.arg(Mostra(Letta)));
+}
+
 void LeggiCategoria(Parcella& Nota, OggettoJson& Dati)
 {
     const QString Testo = Dati.Testo(u"categoria"_s, 60);
@@ -54,20 +80,6 @@ int CercaVoce(const QJsonValue& Cercato, const Elenco& Voci, NumeroDiVoce Numero
             return i;
     }
     return NessunaVoce;
-}
-
-/// The field's value, a number or a text; anything else is refused.
-QJsonValue NumeroOTesto(OggettoJson& Dati, const QString& Campo)
-{
-    const QJsonValue Letto = Dati.Valore(Campo);
-    if (!Letto.isUndefined() && !Letto.isDouble() && !Letto.isString())
-        throw OggettoJson::Rifiuto(13, Dati.Nome(Campo), u"deve essere un numero o un testo"_s);
-    return Letto;
-}
-
-QString Mostra(const QJsonValue& Valore)
-{
-    return Valore.isDouble() ? CStr(Valore.toDouble()) : Valore.toString().left(60);
 }
 
 void LeggiAutorita(Parcella& Nota, OggettoJson& Dati)
@@ -114,14 +126,26 @@ void LeggiValore(Parcella& Nota, OggettoJson& Dati)
                                    u"Il valore della causa specificato non è compreso nello scaglione!"_s);
 }
 
+/// Which options a note takes, for a refusal.
+QString FraseOpzioni(const QList<OpzioneAumRid>& Offerte)
+{
+    if (Offerte == OpzioniAumRid())
+        return u"le opzioni vanno da 0 a 10"_s;
+    QStringList Numeri;
+    for (const OpzioneAumRid& Opzione : Offerte)
+        Numeri += QString::number(Opzione.Numero);
+    return u"le opzioni sono "_s + Numeri.join(u", "_s);
+}
+
 void LeggiVariazione(Parcella& Nota, OggettoJson& Dati)
 {
     std::optional<OggettoJson> Variazione = Dati.Oggetto(u"variazione"_s);
     if (!Variazione)
         return;
     const int Opzione = Variazione->Intero(u"opzione"_s).value_or(AumRidLibera);
-    if (Opzione < 0 || Opzione >= NumAumRid)
-        throw OggettoJson::Rifiuto(5, Variazione->Nome(u"opzione"_s), u"le opzioni vanno da 0 a 10"_s);
+    const QList<OpzioneAumRid> Offerte = OpzioniAumRid(Nota);
+    if (std::ranges::find(Offerte, Opzione, &OpzioneAumRid::Numero) == Offerte.end())
+        throw OggettoJson::Rifiuto(5, Variazione->Nome(u"opzione"_s), FraseOpzioni(Offerte));
     ScegliAumRid(Nota, Opzione);
 
     const std::optional<int> Percento = Variazione->Intero(u"percento"_s);
@@ -137,6 +161,14 @@ void LeggiVariazione(Parcella& Nota, OggettoJson& Dati)
         if (!CheckVarPerc(Nota, false))
             throw OggettoJson::Rifiuto(5, Campo, u"la variazione è fuori dai limiti dell'opzione"_s);
         LasciaAumRid(Nota);
+    }
+    if (const std::optional<int> Parti = Variazione->Intero(u"partiAssistite"_s)) {
+        const QString Campo = Variazione->Nome(u"partiAssistite"_s);
+        if (*Parti < 1 || *Parti > MassimoParti)
+            throw OggettoJson::Rifiuto(5, Campo, u"il numero va da 1 a %1"_s.arg(MassimoParti));
+        if (*Parti > 1 && !PartiContano(Nota))
+            throw OggettoJson::Rifiuto(5, Campo, u"per questa tariffa o categoria le parti non contano"_s);
+        CaricaParti(Nota, *Parti);
     }
     Variazione->Finisci();
 }
@@ -359,9 +391,10 @@ QJsonValue LeggiJson(const QByteArray& Json)
 Parcella CreaDaDescrizione(const QByteArray& Json)
 {
     OggettoJson Dati({}, LeggiJson(Json));
-    (void)ApriTariffe();  // a missing reference database is reported here, once
+    const Decreto& Legge = LeggiTariffa(Dati);
+    (void)ApriTariffe(Legge);  // a missing reference database is reported here, once
     Parcella Nota;
-    NuovaParcella(Nota);
+    NuovaParcella(Nota, Legge);
     LeggiCategoria(Nota, Dati);
     LeggiAutorita(Nota, Dati);
     LeggiScaglione(Nota, Dati);

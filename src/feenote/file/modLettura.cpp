@@ -3,6 +3,7 @@
 #include "addressbook/modClienti.h"
 #include "core/modErrori.h"
 #include "core/modTesti.h"
+#include "core/rapportiunici.h"
 #include "feenote/file/colonne.h"
 #include "feenote/file/memorianota.h"
 #include "feenote/file/modPassword.h"
@@ -73,9 +74,11 @@ void ApplicaParti(const NotaLetta& Letta)
     Nota.txtDatiStaOgg.Testo = Nota.txtOggetto.Testo;
 }
 
-void ApplicaParametri(const NotaLetta& Letta)
+void ApplicaParametri(const NotaLetta& Letta, const MemoriaFile& Memoria)
 {
+    const SelezioniTenute Tenute = SelezioniDella(Memoria);
     SelezionaInSilenzio(Letta.Nota, Letta.Categ, Letta.Autor, Letta.Valore);
+    VerificaSelezioni(Letta.Nota, Tenute.IDAut, Tenute.NumSca);
     ImpostaValoreInSilenzio(Letta.Nota, Letta.Importo);
     CaricaVariazione(Letta.Nota, Letta.AumRidIdx, Letta.AumRidVarP);
 }
@@ -140,7 +143,7 @@ void TraduciChiavi(Parcella& Nota)
 {
     if (Nota.xOnorari.Vuota())
         return;
-    const ChiaviTradotte Chiavi = LeggiChiaviPrecedenti(Nota.CodCateg);
+    const ChiaviTradotte Chiavi = LeggiChiaviPrecedenti(*Nota.Tariffa, Nota.CodCateg);
     for (int Riga = 0; Riga < Nota.xOnorari.Righe(); ++Riga) {
         QVariant& Chiave = Nota.xOnorari(Riga, OnoCodVoce);
         Chiave = Chiavi.value(CStr(Chiave), CStr(Chiave));
@@ -169,7 +172,7 @@ void CaricaTutto(Parcella& Nota, const QString& Percorso)
     AvvisaVersioneNuova(File, Memoria);
     Nota.Percorso = Percorso;
     ApplicaPsw(Letta);
-    ApplicaParametri(Letta);
+    ApplicaParametri(Letta, Memoria);
     ApplicaParti(Letta);
     CaricaRighe(Nota, File);
     CaricaAcconti(Nota, File);
@@ -202,15 +205,46 @@ void CaricaTutto(Parcella& Nota, const QString& Percorso)
     throw Guasto;
 }
 
+/// The decree of a note's file. A file that cannot be looked into follows the one of whatever names none:
+/// what is wrong with it is told by the reading that comes.
+const Decreto& TariffaDelFile(const QString& Percorso)
+{
+    MemoriaFile Memoria;
+    if (EDiAccess(Percorso))
+        return TariffaDella(Memoria);
+    try {
+        Memoria = LeggiMemoria(OpenDatabase(Percorso, true));
+    } catch (const Errore&) {
+        Memoria.clear();
+    }
+    return TariffaDella(Memoria);
+}
+
+/// A note that keeps the numbers of its office and bracket opens without the lists: its amounts are in its
+/// lines, and no save goes without the reference database. Of any other the selections would be lost, and the
+/// next save would lose them for good.
+void PretendiElenchi(const Decreto& Legge)
+{
+    if (!Legge.Dichiarato)
+        (void)ApriTariffe(Legge);
+}
+
 }  // namespace
 
 void CaricaDati(Parcella& Nota, const QString& Percorso)
 {
     const QString File = Percorso;  // which may be the path of this very record
-    // Without the lists the selections would be lost, and the next save would lose them for good.
+    const RapportiUnici UnaVolta;
     AzzeraNota(Nota);
-    (void)ApriTariffe();
-    NuovaParcella(Nota);
+    const Decreto* Legge = nullptr;
+    try {
+        Legge = &TariffaDelFile(File);
+    } catch (...) {
+        NuovaParcella(Nota);
+        throw;
+    }
+    PretendiElenchi(*Legge);
+    NuovaParcella(Nota, *Legge);
     const Parcella Vuota = Nota;
     Nota.Pronta = false;  // the messages of the load must not compose half a note
     try {
@@ -230,9 +264,11 @@ void CaricaDati(Parcella& Nota, const QString& Percorso)
 
 void LeggiInSilenzio(Parcella& Nota, const Database& File)
 {
+    const MemoriaFile Memoria = LeggiMemoria(File);
+    NuovaParcella(Nota, TariffaDella(Memoria));
     NotaLetta Letta{Nota};
     LeggiParametri(File, Letta);
-    ApplicaParametri(Letta);
+    ApplicaParametri(Letta, Memoria);
     CaricaRighe(Nota, File);
     CaricaAcconti(Nota, File);
 }

@@ -17,12 +17,14 @@ constexpr int MassimoRigheFile = 100'000;
 /// lacks are ignored, and the file gets those that every note must have; keys, parameters, password and lines
 /// must be there. Lines of catalogues with other keys get the present ones. The print type is applied last;
 /// the note is then unmodified. The read-only attribute of the file is as before on every way out.
-/// @throws Errore when the file or the reference database cannot be opened or read: the note is then a new
-/// one without a path
+/// A note whose file keeps the numbers of its office and bracket opens without its reference database too:
+/// that is told, and its amounts are those of its lines.
+/// @throws Errore when the file, or the reference database of any other note, cannot be opened or read: the
+/// note is then a new one without a path
 void CaricaDati(Parcella& Nota, const QString& Percorso);
 
-/// Reads parameters, lines and payments of a file into a new note, and nothing else: no message, no upgrade,
-/// no party looked up, no path, no password.
+/// Makes a new note and reads parameters, lines and payments of a file into it, and nothing else: no message
+/// but of what its tariff lacks, no upgrade, no party looked up, no path, no password.
 /// @throws Errore as CaricaDati
 void LeggiInSilenzio(Parcella& Nota, const Database& File);
 

@@ -3,7 +3,6 @@
 #include "core/modErrori.h"
 #include "feenote/file/modLettura.h"
 #include "feenote/file/nomenota.h"
-#include "feenote/modNuovaParcella.h"
 #include "feenote/modTotali.h"
 #include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
@@ -34,6 +33,7 @@ NotaAssociata DatiMulti(const Parcella& Altra)
 {
     const Somme Totali = CalcolaSomme(Altra);
     NotaAssociata Dati;
+    Dati.Tariffa = Altra.Tariffa;
     Dati.Categ = TestoCategoria(Altra);
     Dati.Autor = TestoAutorita(Altra);
     Dati.Valore = TestoValore(Altra);
@@ -51,7 +51,6 @@ NotaAssociata LeggiMulti(const QString& Percorso)
 {
     const QString File = PercorsoNativo(Percorso);
     Parcella Altra;
-    NuovaParcella(Altra);
     LeggiInSilenzio(Altra, ApriArchivio(File, true));
     TogliSolaLettura(File);
     return DatiMulti(Altra);

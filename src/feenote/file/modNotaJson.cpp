@@ -2,6 +2,7 @@
 #include "feenote/file/colonne.h"
 #include "feenote/file/modDescrizione.h"
 #include "feenote/modTotali.h"
+#include "feenote/modVariazione.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -68,6 +69,10 @@ QByteArray DescriviNota(const Parcella& Nota)
     for (const ColonnaParam& Colonna : ColonneParam())
         Metti(Tutto, Colonna.Json, Colonna.Descrivi(Nota));
     Metti(Tutto, u"stampa/esponiAcconti", Nota.chkAcconti.Attiva);
+    if (Nota.Tariffa->Dichiarato)
+        Tutto[u"tariffa"_s] = Nota.Tariffa->Sigla.toString();
+    if (PartiContano(Nota))
+        Metti(Tutto, u"variazione/partiAssistite", Nota.PartiAssistite);
     Tutto[u"numeroScaglione"_s] = Nota.Scaglione;
     Tutto[u"onorari"_s] = Linee(Nota.xOnorari, ColonneRighe(), &ColonnaLinea::Prima);
     Tutto[u"spese"_s] = Linee(Nota.xDiritti, ColonneRighe(), &ColonnaLinea::Seconda);

@@ -159,12 +159,14 @@ void ScriviNota(const QString& Percorso, const Parcella& Nota, bool ComeModello,
     const QString Destinazione = FileVero(Percorso);
     if (EsisteFile(Destinazione) && SolaLettura(Destinazione))
         throw Errore(70);
-    AggiornaColonne(PercorsoTariffe());
+    const Decreto& Legge = *Nota.Tariffa;
+    (void)ApriTariffe(Legge);  // what is wrong with it is said in its own words
+    AggiornaColonne(PercorsoTariffe(Legge));
 
     {
         const FileInCostruzione Nuovo(Destinazione);
         {
-            const Database Tariffe = ApriTariffe();
+            const Database Tariffe = ApriTariffe(Legge);
             const Database File = CreaDatabasePrivato(Nuovo.Percorso());
             CopiaTabelle(Tariffe, File);
             ScriviDati(File, Nota);

@@ -1,4 +1,5 @@
-// Saving a fee note: the file is built anew each time from the template tables of parcelle.mdb.
+// Saving a fee note: the file is built anew each time from the template tables of its decree's reference
+// database.
 #pragma once
 
 #include "feenote/parcella.h"

@@ -10,8 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
-PannelloModOno::PannelloModOno(TabellaRighe& Onorari, QWidget* Padre)
-    : QFrame(Padre), Righe(Onorari), ui(std::make_unique<Ui::PannelloModOno>())
+PannelloModOno::PannelloModOno(Parcella& Dati, QWidget* Padre)
+    : QFrame(Padre), Nota(Dati), Righe(Dati.xOnorari), ui(std::make_unique<Ui::PannelloModOno>())
 {
     ui->setupUi(this);
     hide();
@@ -58,6 +58,7 @@ void PannelloModOno::CreaFasce()
 
 void PannelloModOno::Apri(std::optional<int> Corrente)
 {
+    Stato.Decimali = Nota.Tariffa->Decimali;
     ApriModOno(Stato, Righe, Corrente);
     Mostra();
 }

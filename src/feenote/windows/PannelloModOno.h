@@ -2,6 +2,7 @@
 #pragma once
 
 #include "feenote/modGraduazione.h"
+#include "feenote/parcella.h"
 
 #include <QFrame>
 
@@ -19,8 +20,8 @@ class PannelloModOno : public QFrame
     Q_OBJECT
 
 public:
-    /// @param Onorari the lines, which live as long as the panel
-    PannelloModOno(TabellaRighe& Onorari, QWidget* Padre);
+    /// @param Dati the note whose lines are shown, which lives as long as the panel
+    PannelloModOno(Parcella& Dati, QWidget* Padre);
     ~PannelloModOno() override;
 
     [[nodiscard]] bool Aperto() const { return Stato.Aperto; }
@@ -56,6 +57,7 @@ private:
     void sldGraduaOno_Action(int Azione);
     void sldGraduaOno_Change(int Posizione);
 
+    const Parcella& Nota;
     TabellaRighe& Righe;
     Graduazione Stato;
     std::unique_ptr<Ui::PannelloModOno> ui;

@@ -107,7 +107,7 @@ SchedaOnorari::SchedaOnorari(Parcella& Dati, RigheInComune& Condivise, CorniceNo
       ui(std::make_unique<Ui::SchedaOnorari>())
 {
     ui->setupUi(this);
-    Pannello = new PannelloModOno(Nota.xOnorari, this);
+    Pannello = new PannelloModOno(Nota, this);
     ui->colonnaLista->addWidget(Pannello);
     CollegaCatalogo();
     CollegaRighe();
@@ -238,7 +238,7 @@ QString SchedaOnorari::PaginaNota(int Riga) const
     Recordset Voce = Voci.datOno.Clone();
     if (!VaiARiga(Voce, Riga))
         return {};
-    const QString Cartella = sessione::PercorsoProg + Barra(u"note"_s);
+    const QString Cartella = sessione::PercorsoProg + Barra(Nota.Tariffa->Schede.toString());
     const QString Pagina = TrovaFile(Cartella + FileScheda(Nota.CodCateg, Voce.Value(Voci.ChiaveOno)));
     if (!EsisteFile(Pagina))
         return Cartella + u"blank.htm"_s;

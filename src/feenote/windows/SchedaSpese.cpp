@@ -79,7 +79,7 @@ void SchedaSpese::Entra()
     // The catalogue of expenses comes with that of the honoraria; whoever skips that page gets it here.
     Recordset& Spese = Comune.Voci.datDir;
     if (!Spese.Aperto())
-        Protetta([&] { Spese = ApriCatalogo({}, 0).datDir; });
+        Protetta([&] { Spese = ApriCatalogo(*Nota.Tariffa, {}, 0).datDir; });
     ui->tdbListaDir->Lega(Spese);
 }
 

@@ -91,7 +91,7 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
 {
     ui->setupUi(this);
     try {
-        DirittiValori = ApriDirittiValori();
+        DirittiValori = ApriDirittiValori(*Nota.Tariffa);
     } catch (const Errore&) {
         // The lists of the same database report what is wrong with it.
     }

@@ -65,10 +65,10 @@ void SalvaDisposizione(const QObject* Di, const QString& Valore)
 }
 
 /// True when the reference database, with which a note is read, can be.
-bool TariffeLeggibili()
+bool TariffeLeggibili(const Decreto& Legge)
 {
     try {
-        return ApriTariffe().EsisteTabella(u"Autorità"_s);
+        return ApriTariffe(Legge).EsisteTabella(u"Autorità"_s);
     } catch (const Errore&) {
         return false;
     }
@@ -83,7 +83,8 @@ void LeggiParcella(Parcella& Nota, const QString& Percorso)
         constexpr std::array NessunaParcella{errori::FormatoDatabase, errori::TabellaMancante,
                                              errori::ElementoMancante};
         // A note is not to blame for what its tariff lacks.
-        if (std::ranges::find(NessunaParcella, Guasto.Numero) == NessunaParcella.end() || !TariffeLeggibili())
+        if (std::ranges::find(NessunaParcella, Guasto.Numero) == NessunaParcella.end() ||
+            !TariffeLeggibili(*Nota.Tariffa))
             throw;
         throw Errore(Guasto.Numero, NomeFile(Percorso) + u" non è una parcella di Calcanova"_s);
     }

@@ -33,7 +33,7 @@ PROVA(TestChiavi);
 void TestChiavi::disgiunte()
 {
     const Studio Ufficio;
-    const Database Tariffe = ApriTariffe();
+    const Database Tariffe = ApriTariffe(Dm140);
     QMap<QString, QSet<QString>> Categorie;
     for (const auto& [Tabella, Colonna] :
          {std::pair{u"OnorariCiv"_s, u"CodOno"_s}, std::pair{u"OnorariPen"_s, u"IDOno"_s},

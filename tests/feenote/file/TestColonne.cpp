@@ -23,7 +23,7 @@ PROVA(TestColonne);
 void TestColonne::ilModelloConsegnato()
 {
     const Studio Ufficio;
-    const Database Tariffe = ApriTariffe();
+    const Database Tariffe = ApriTariffe(Dm140);
     for (const TabellaNota& Tabella : TabelleNota()) {
         QCOMPARE(Tariffe.Campi(Tabella.Nome), Tabella.Colonne);
         QCOMPARE(Tariffe.OpenRecordset(Tabella.Nome).RecordCount(), 0);
@@ -66,7 +66,7 @@ void TestColonne::colonnaNuovaNelFileENelleTariffe()
     const QString File = Ufficio.File(u"nota.mdb"_s);
     ScriviNota(File, NotaPiena());
     (void)Ufficio.TariffeProprie();
-    for (const QString& Percorso : {File, PercorsoTariffe()}) {
+    for (const QString& Percorso : {File, PercorsoTariffe(Dm140)}) {
         EseguiSu(Percorso, u"ALTER TABLE ParcellaParam DROP COLUMN SpeseGen"_s);
         QVERIFY(DaAggiornare(Percorso));
         AggiornaColonne(Percorso);

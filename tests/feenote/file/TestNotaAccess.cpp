@@ -237,7 +237,7 @@ void TestNotaAccess::lArchivioDelleTariffeSiRifiuta()
     QVERIFY(EDiAccess(Cartella + u"parcelle.mdb"_s));
     const QScopedValueRollback Programma(sessione::PercorsoProg, Cartella);
     try {
-        (void)ApriTariffe();
+        (void)ApriTariffe(Dm140);
         QFAIL("opened");
     } catch (const Errore& Guasto) {
         QCOMPARE(Guasto.Numero, errori::FormatoDatabase);

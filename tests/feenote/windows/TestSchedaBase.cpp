@@ -473,7 +473,7 @@ void TestSchedaBase::leVariazioniComeNelDecreto()
         const auto* Gruppo = qobject_cast<QGroupBox*>(Una->parentWidget());
         QVERIFY(Gruppo);
         if (i != AumRidLibera)
-            QCOMPARE(Gruppo->title(), OpzioniAumRid()[size_t(i)].Gruppo.toString());
+            QCOMPARE(Gruppo->title(), OpzioniAumRid()[i].Gruppo);
         QVERIFY2(Gruppo->font().bold() && !Una->font().bold(), Nome.constData());
     }
     QCOMPARE(Controllo(F, "optAumRid_6")->toolTip(),

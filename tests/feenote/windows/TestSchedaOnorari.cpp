@@ -322,7 +322,7 @@ void TestSchedaOnorari::laColonnaDelleQuantitaSiRivede()
     QFETCH(int, NVoce);
     Scegli(Controllo<QComboBox>(F, "cmbCateg"), CategPenale);
     Scegli(Controllo<QComboBox>(F, "cmbAutor"), IndiceAutorita(F->Nota, IDMonocratico));
-    Catalogo Voci = ApriCatalogo(Penale.toString(), IDMonocratico);
+    Catalogo Voci = ApriCatalogo(Dm140, Penale.toString(), IDMonocratico);
     Voci.datOno.FindFirst(u"NVoce='%1'"_s.arg(NVoce));
     QVERIFY(!Voci.datOno.NoMatch());
     (void)InserisciOnorario(F->Nota, Voci, {}, Quantita);

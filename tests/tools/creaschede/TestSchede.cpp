@@ -103,7 +103,7 @@ void OgniScheda()
 template <class F>
 void PerOgniVoce(const QString& Categ, int IDAut, F&& Fai)
 {
-    Catalogo Voci = ApriCatalogo(Categ, IDAut);
+    Catalogo Voci = ApriCatalogo(Dm140, Categ, IDAut);
     for (Voci.datOno.MoveFirst(); !Voci.datOno.Eof(); Voci.datOno.MoveNext())
         Fai(FileScheda(Categ, Voci.datOno.Value(Voci.ChiaveOno)), Voci.datOno);
 }
@@ -115,7 +115,7 @@ bool Libera(const Recordset& Voce)
 
 QList<ScaglioneValore> Scaglioni(const QString& Categ)
 {
-    return LeggiScaglioni(Categ).Voci;
+    return LeggiScaglioni(Dm140, Categ).Voci;
 }
 
 QStringList TernaScritta(const Recordset& Voce, int Scaglione)
@@ -238,7 +238,7 @@ void TestSchede::ogniVoceHaLaSua()
                  qPrintable(Scheda.Paragrafi.first()));
         ++Viste;
     };
-    for (const Autorita& Una : LeggiAutorita(Civile.toString()).Voci)
+    for (const Autorita& Una : LeggiAutorita(Dm140, Civile.toString()).Voci)
         PerOgniVoce(Civile.toString(), Una.IDAut, Controlla);
     for (const QStringView Categ : {Penale, Stragiudiziale})
         PerOgniVoce(Categ.toString(), 0, Controlla);
@@ -249,7 +249,7 @@ void TestSchede::ogniSchedaHaLaSuaVoce()
 {
     QSet<QString> Attese;
     const auto Segna = [&](const QString& File, const Recordset&) { Attese.insert(File); };
-    for (const Autorita& Una : LeggiAutorita(Civile.toString()).Voci)
+    for (const Autorita& Una : LeggiAutorita(Dm140, Civile.toString()).Voci)
         PerOgniVoce(Civile.toString(), Una.IDAut, Segna);
     for (const QStringView Categ : {Penale, Stragiudiziale})
         PerOgniVoce(Categ.toString(), 0, Segna);
@@ -263,7 +263,7 @@ void TestSchede::ogniSchedaHaLaSuaVoce()
 void TestSchede::cifreCivili()
 {
     int Viste = 0;
-    for (const Autorita& Una : LeggiAutorita(Civile.toString()).Voci) {
+    for (const Autorita& Una : LeggiAutorita(Dm140, Civile.toString()).Voci) {
         PerOgniVoce(Civile.toString(), Una.IDAut, [&](const QString& File, const Recordset& Voce) {
             const SchedaLetta& Scheda = Leggi(File);
             if (Libera(Voce)) {
@@ -298,11 +298,12 @@ void TestSchede::cifrePenali()
             QVERIFY(Scheda.Tabelle.isEmpty());
             return;
         }
-        for (const Autorita& Una : LeggiAutorita(Penale.toString()).Voci) {
+        for (const Autorita& Una : LeggiAutorita(Dm140, Penale.toString()).Voci) {
             QCOMPARE(RigaDi(Scheda.Tabelle, Una.DesAut).mid(1, 3), TernaScritta(Voce, Una.IDAut));
             ++Viste;
         }
-        QCOMPARE(Scheda.Tabelle.first().Righe.size(), LeggiAutorita(Penale.toString()).Voci.size() + 1);
+        QCOMPARE(Scheda.Tabelle.first().Righe.size(),
+                 LeggiAutorita(Dm140, Penale.toString()).Voci.size() + 1);
     });
     QCOMPARE(Viste, 50);
 }
@@ -351,7 +352,7 @@ void TestSchede::esempiComeInParcella()
         for (const ScaglioneValore& Uno : Scaglioni(Stragiudiziale.toString()))
             if (Nota.ImportoPrec >= Uno.DaVal && Nota.ImportoPrec <= Uno.AVal)
                 Nota.Scaglione = Uno.NumSca;
-        Catalogo Voci = ApriCatalogo(Nota.CodCateg, 0);
+        Catalogo Voci = ApriCatalogo(Dm140, Nota.CodCateg, 0);
         Voci.datOno.FindFirst(CriterioVoce(Nota.CodCateg, Voci.ChiaveOno, Riga.Value(Voci.ChiaveOno), 0));
         const QString Risposta = Letti.captured(2);
         const double Quant = Risposta.isEmpty() ? 1.0 : ArrotondaQuantita(Risposta);
