@@ -46,6 +46,14 @@ QString Programma(const QString& Righe)
     return File;
 }
 
+/// The sanitizers need calls that the filter refuses, and its table is known for these processors.
+constexpr bool ConFiltro =
+#if !defined(__SANITIZE_ADDRESS__) && (defined(__x86_64__) || defined(__aarch64__))
+    true;
+#else
+    false;
+#endif
+
 /// What the system says of the processes that the programs started here have started.
 QByteArrayList StatiDeiNipoti()
 {
@@ -385,14 +393,11 @@ private Q_SLOTS:
     /// Whoever reads rows has the files that he needs open, and no way to any other.
     void chiLeggeHaLePorteChiuse()
     {
-#if !defined(__SANITIZE_ADDRESS__) && (defined(__x86_64__) || defined(__aarch64__))
-        TabellaScritta Tabella{.Nome = u"T"_s, .Colonne = {
-                                   {.Nome = u"N"_s, .Tipo = tipoaccess::Lungo},
-                                   {.Nome = u"A"_s }
-                               }};
+        TabellaScritta Tabella{.Nome = u"T"_s,
+                               .Colonne = {{.Nome = u"N"_s, .Tipo = tipoaccess::Lungo}, {.Nome = u"A"_s}}};
         for (int i = 0; i < 30000; ++i)
             Tabella.Righe.append(RigaScritta{i, u"una riga"_s});
-        ScriviAccess(Da, {.Tabelle = { Tabella }});
+        ScriviAccess(Da, {.Tabelle = {Tabella}});
         int Visti = 0;
         int Chiusi = 0;
         QVERIFY(ConvertiAccess(Da, A,
@@ -407,10 +412,7 @@ private Q_SLOTS:
                                     }})
                     .has_value());
         QVERIFY(Visti > 0);
-        QCOMPARE(Chiusi, Visti);
-#else
-        QSKIP("no filter on this machine, or under the sanitizers");
-#endif
+        QCOMPARE(Chiusi, ConFiltro ? Visti : 0);
     }
 
     /// Requests that are none are answered, and the next one is served.
