@@ -1,7 +1,6 @@
-#include "supporto/prova.h"
+#include "banco.h"
 #include "supporto/registratore.h"
 
-#include "creadati/creadati.h"
 #include "creadati/formule.h"
 #include "platform/database/database.h"
 
@@ -42,42 +41,6 @@ private:
 PROVA(TestTariffeDati);
 
 namespace {
-
-QString Dati()
-{
-    return SorgenteDiProva(u"dati/"_s);
-}
-
-QString CopiaTabelle()
-{
-    const QString Cartella = NuovaCartella();
-    for (const QString& Nome : QDir(Dati()).entryList({u"*.csv"_s}))
-        QFile::copy(Dati() + Nome, Cartella + Nome);
-    return Cartella;
-}
-
-QByteArray Contenuto(const QString& Percorso)
-{
-    QFile File(Percorso);
-    return File.open(QIODevice::ReadOnly) ? File.readAll() : QByteArray();
-}
-
-void Scrivi(const QString& Percorso, const QByteArray& Nuovo)
-{
-    QFile File(Percorso);
-    QVERIFY(File.open(QIODevice::WriteOnly));
-    QCOMPARE(File.write(Nuovo), Nuovo.size());
-}
-
-/// Runs the command and gives what it said.
-QString Esegui(const QStringList& Argomenti, int& Stato)
-{
-    QString Detto;
-    QTextStream Errori(&Detto);
-    Stato = CreaDati(Argomenti, Errori);
-    Errori.flush();
-    return Detto;
-}
 
 /// The three amounts of a bracket or an office, beside those of the row of data.
 void ImportiAttesi(const Recordset& Voce, const QString& Numero)
@@ -469,20 +432,7 @@ void TestTariffeDati::rifiuta()
     QFETCH(QString, Prima);
     QFETCH(QString, Dopo);
     QFETCH(QString, Frase);
-    const QString Cartella = CopiaTabelle();
-    QStringList Righe = QString::fromUtf8(Contenuto(Cartella + Tabella)).split(u'\n');
-    QCOMPARE(Righe[Numero - 1].count(Prima), 1);
-    Righe[Numero - 1].replace(Prima, Dopo);
-    Scrivi(Cartella + Tabella, Righe.join(u'\n').toUtf8());
-    const QString Altra = NuovaCartella();
-    Scrivi(Altra + u"parcelle.mdb"_s, "di prima");
-
-    int Stato = -1;
-    const QString Detto = Esegui({Cartella, Altra}, Stato);
-    QCOMPARE(Detto, Frase);
-    QCOMPARE(Stato, 1);
-    QCOMPARE(Contenuto(Altra + u"parcelle.mdb"_s), QByteArray("di prima"));
-    QCOMPARE(QDir(Altra).entryList(QDir::Files | QDir::Hidden), QStringList{u"parcelle.mdb"_s});
+    RifiutaRiga(Tabella, Numero, Prima, Dopo, Frase);
 }
 
 void TestTariffeDati::rifiutaFormulaCheTrabocca()
