@@ -15,16 +15,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QMap<QString, QByteArray> ComponiSchede(const QString& Tabelle)
+void Componi(const QString& Tabelle, const Tariffe& Dati, QMap<QString, QByteArray>& Schede)
 {
-    const Tariffe Dati = LeggiTariffe(Tabelle);
-    QMap<QString, QByteArray> Schede;
     for (const QStringView Categ : {Civile, Penale, Stragiudiziale}) {
         const QString Sua = Categ.toString();
         const TestiSchede Testi = LeggiTesti(Tabelle + u"schede"_s, Sua, Dati);
         for (const VoceTariffa& Voce : Dati.Voci[Sua])
             Schede.insert(FileScheda(Sua, Voce.Codice), PaginaScheda(Dati, Sua, Voce, Testi).toUtf8());
     }
+}
+
+/// The sheets of both tariffs lie in one folder: no key is in both.
+QMap<QString, QByteArray> ComponiSchede(const QString& Tabelle)
+{
+    const Tariffe Del2012 = LeggiTariffe(Tabelle);
+    const Tariffe Del2014 = LeggiTariffa55(Tabelle);
+    ConfrontaTariffe(Del2012, Del2014);
+    QMap<QString, QByteArray> Schede;
+    Componi(Tabelle, Del2012, Schede);
+    Componi(Tabelle, Del2014, Schede);
     return Schede;
 }
 

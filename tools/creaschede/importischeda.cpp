@@ -5,6 +5,8 @@
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 
+#include <QRegularExpression>
+
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -71,6 +73,18 @@ QString CelleTerna(const Terna& Importi, const VoceTariffa& Voce, bool Percentua
         Celle += Cifra(Esatta(Importi.Minimo, Importi.Medio, Voce) + u" "_s +
                        Esatta(Importi.Massimo, Importi.Medio, Voce));
     return Celle;
+}
+
+/// In place of the amounts of a row.
+QString CellaSenza(const QString& Motivo, bool Percentuali)
+{
+    return u"<td class=\"cifre\" align=\"right\" colspan=\"%1\">%2</td>"_s.arg(Percentuali ? 4 : 3)
+        .arg(Motivo);
+}
+
+QString Segno(const Tariffe& Dati, const ChiaveImporto& Chiave)
+{
+    return Dati.Dubbi.contains(Chiave) ? u" *"_s : QString();
 }
 
 QStringList TitoliTerna(const QString& Primo, bool Percentuali)
@@ -145,8 +159,9 @@ QString InParole(const FormulaDetta& Formula)
         Formula.OltreEuro == 0 ? u"del valore"_s : u"della parte oltre "_s + ConEuro(Formula.OltreEuro);
     if (Formula.BaseEuro == 0)
         return Perc + u' ' + Su;
-    // The article of a percentage follows its sound: "lo 0,5%", "l'8%", "il 2%".
-    const QString Articolo = Perc.startsWith(u'0') ? u"lo "_s : Perc.startsWith(u'8') ? u"l'"_s : u"il "_s;
+    // The article of a percentage follows its sound: "lo 0,5%", "l'1,5%", "l'8%", "il 2%".
+    static const QRegularExpression Uno(u"\\A(?:1|11)[,%]|\\A8"_s);
+    const QString Articolo = Perc.startsWith(u'0') ? u"lo "_s : Perc.contains(Uno) ? u"l'"_s : u"il "_s;
     return ConEuro(Formula.BaseEuro) + u" più "_s + Articolo + Perc + u' ' + Su;
 }
 
@@ -159,6 +174,12 @@ std::optional<QString> Percentuale(double Importo, double Rispetto)
     if (std::abs(Rispetto * (1 + Perc / 100) - Importo) > MezzoEuro)
         return std::nullopt;
     return (Perc > 0 ? u"+"_s : QString()) + CStr(Perc) + u'%';
+}
+
+bool InDubbio(const Tariffe& Dati, const VoceTariffa& Voce)
+{
+    return std::ranges::any_of(Dati.Dubbi,
+                               [&](const ChiaveImporto& Chiave) { return Chiave.Codice == Voce.Codice; });
 }
 
 bool HaImporti(const Tariffe& Dati, const QString& Categ, const VoceTariffa& Voce)
@@ -188,13 +209,14 @@ QString TabellaCivile(const Tariffe& Dati, const VoceTariffa& Voce, const QStrin
 {
     QString Html = Apertura + Testata(TitoliTerna(u"Valore della causa"_s, Modo.Percentuali));
     for (const ScaglioneValore& Uno : Dati.Scaglioni[u"C"_s]) {
-        const Terna& Importi = Dati.Civili.at({Gruppo, Voce.Codice, Uno.NumSca});
-        if (Importi.Massimo > 0)
-            Html += Riga(Cella(Uno.DesVal) + CelleTerna(Importi, Voce, Modo.Percentuali));
-        else
-            Html += Riga(Cella(Uno.DesVal) +
-                         u"<td class=\"cifre\" align=\"right\" colspan=\"%1\">non ammesso</td>"_s.arg(
-                             Modo.Percentuali ? 4 : 3));
+        const ChiaveImporto Chiave{Gruppo, Voce.Codice, Uno.NumSca};
+        const auto Trovata = Dati.Civili.find(Chiave);
+        const QString Senza = Trovata == Dati.Civili.end()   ? u"non previsto"_s
+                              : Trovata->second.Massimo <= 0 ? u"non ammesso"_s
+                                                             : QString();
+        Html += Riga(Cella(Uno.DesVal + Segno(Dati, Chiave)) +
+                     (Senza.isEmpty() ? CelleTerna(Trovata->second, Voce, Modo.Percentuali)
+                                      : CellaSenza(Senza, Modo.Percentuali)));
     }
     return Html + Chiusura;
 }
@@ -208,8 +230,15 @@ QString TabellaPenale(const Tariffe& Dati, const VoceTariffa& Voce, const ModoIm
     for (const AutoritaTariffa& Ente : Dati.Enti) {
         if (Ente.Categ != Penale)
             continue;
-        const Terna& Importi = Dati.Penali.at({Ente.Gruppo, Voce.Codice, 0});
-        QString Celle = Cella(Ente.Dati.DesAut) + CelleTerna(Importi, Voce, Modo.Percentuali);
+        const ChiaveImporto Chiave{Ente.Gruppo, Voce.Codice, 0};
+        const auto Trovata = Dati.Penali.find(Chiave);
+        if (Trovata == Dati.Penali.end()) {
+            Html += Riga(Cella(Ente.Dati.DesAut) + CellaSenza(u"non previsto"_s, Modo.Percentuali));
+            continue;
+        }
+        const Terna& Importi = Trovata->second;
+        QString Celle =
+            Cella(Ente.Dati.DesAut + Segno(Dati, Chiave)) + CelleTerna(Importi, Voce, Modo.Percentuali);
         if (Ente.Gruppo == Modo.Riferimento)
             Celle += Cifra(u"base"_s);
         else if (!Modo.Riferimento.isEmpty())
@@ -224,6 +253,8 @@ QString TabellaStragiudiziale(const Tariffe& Dati, const VoceTariffa& Voce)
 {
     const QList<ScaglioneValore> Scaglioni = Dati.Scaglioni[u"S"_s];
     const auto Celle = [&](const ScaglioneValore& Limiti) {
+        if (!Dati.Stragiudiziali.contains({QString(), Voce.Codice, Limiti.NumSca}))
+            return u"<td colspan=\"2\">non previsto</td>"_s;
         return Cella(InParole(Detta(Dati, Voce, Limiti, false))) +
                Cella(InParole(Detta(Dati, Voce, Limiti, true)));
     };
@@ -233,7 +264,7 @@ QString TabellaStragiudiziale(const Tariffe& Dati, const VoceTariffa& Voce)
     if (Ovunque)
         return Html + Riga(Cella(u"qualunque"_s) + Celle(Scaglioni.first())) + Chiusura;
     for (const ScaglioneValore& Uno : Scaglioni)
-        Html += Riga(Cella(Uno.DesVal) + Celle(Uno));
+        Html += Riga(Cella(Uno.DesVal + Segno(Dati, {QString(), Voce.Codice, Uno.NumSca})) + Celle(Uno));
     return Html + Chiusura;
 }
 
@@ -251,9 +282,11 @@ QString Esempio(const Tariffe& Dati, const VoceTariffa& Voce, double ValoreEuro,
     const double Med = Medio(Min, Max);
     const double Quant = Risposta.isEmpty() ? 1.0 : ArrotondaQuantita(Risposta);
     const QString Per = Risposta.isEmpty() ? QString() : u" × "_s + CStr(Quant);
+    // Lines of the tariff of 2012 are whole euro; those of the other have cents.
+    const int Decimali = Dati.Identita.Codice.isEmpty() ? 0 : 2;
     const auto Una = [&](const QString& Nome, const QString& Come, double Importo) {
         return Riga(Cella(Nome) + Cella(Come + Per) + Cifra(Euro(Importo * Quant)) +
-                    Cifra(Euro(Round(Importo * Quant))));
+                    Cifra(Euro(Round(Importo * Quant, Decimali))));
     };
     return u"<p>Valore dell'affare "_s + ConEuro(ValoreEuro) + Quantita(Risposta, Quant) + u".</p>\n"_s +
            Apertura +

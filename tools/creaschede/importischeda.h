@@ -33,13 +33,17 @@ struct ModoImporti
     QString Riferimento;       ///< criminal: group whose medium the others vary; empty: not told
 };
 
+/// True when an amount of the item is in doubt; such amounts are marked with * in the tables.
+[[nodiscard]] bool InDubbio(const Tariffe& Dati, const VoceTariffa& Voce);
+
 /// True when the tariff gives the item amounts.
 [[nodiscard]] bool HaImporti(const Tariffe& Dati, const QString& Categ, const VoceTariffa& Voce);
 
 /// A group of authorities in which a civil item has amounts, in the order of the list.
 [[nodiscard]] QStringList GruppiCivili(const Tariffe& Dati, const VoceTariffa& Voce);
 
-/// The tables, as HTML. A civil one is that of a group, of two or more brackets; the others are whole.
+/// The tables, as HTML. A civil one is that of a group, of two or more brackets; the others are whole. Where
+/// the tariff has no amount, the row says so.
 /// @throws Errore 5 an amount follows by no whole percentage, or a formula cannot be told
 [[nodiscard]] QString TabellaCivile(const Tariffe& Dati, const VoceTariffa& Voce, const QString& Gruppo,
                                     const ModoImporti& Modo);

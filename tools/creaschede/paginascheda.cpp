@@ -73,10 +73,17 @@ public:
         Scrivi(Testi.Fondo);
         return u"<html>\n<head><meta charset=\"utf-8\"/><title>%1</title></head>\n<body>\n<h1>%1</h1>\n"
                u"<p class=\"piede\">%2, voce %3</p>\n%4</body>\n</html>\n"_s.arg(
-                   Voce.Descrizione.toHtmlEscaped(), NomeCategoria(Categ), QString::number(Voce.NVoce), Html);
+                   Voce.Descrizione.toHtmlEscaped(), DiQuale(), QString::number(Voce.NVoce), Html);
     }
 
 private:
+    /// The category, and the tariff where it is not that of 2012.
+    [[nodiscard]] QString DiQuale() const
+    {
+        const QString& Nome = Dati.Identita.Nome;
+        return NomeCategoria(Categ) + (Nome.isEmpty() ? QString() : u", "_s + Nome.toHtmlEscaped());
+    }
+
     /// A directive stands once in the sheet of an item that wants it, and in no other.
     void Pretendi(const SezioneScheda& Sezione, const QString& Direttiva, bool Serve) const
     {
@@ -183,6 +190,8 @@ private:
         if (Modo.Percentuali)
             Html += Piccolo(ColonnaDalMedio.toString() +
                             (Modo.Riferimento.isEmpty() ? QString() : ColonnaUfficio.toString()));
+        if (InDubbio(Dati, Voce))
+            Html += Riquadro(Marcato(Testi.Dubbio.Testo.join(u' ').simplified()));
     }
 
     void ImportiCivili(const ModoImporti& Modo)

@@ -15,10 +15,22 @@ constexpr int ArgomentoNonValido = 5;
 
 constexpr QStringView SegnoGruppo = u"gruppo ";
 const auto OgniScheda = u"ogni scheda"_s;
+const auto Incerto = u"dubbio"_s;
 
-QString NomeTesti(const QString& Categ)
+QString NomeTesti(const QString& Categ, const Tariffe& Dati)
 {
-    return Categ == Civile ? u"civile.txt"_s : Categ == Penale ? u"penale.txt"_s : u"stragiudiziale.txt"_s;
+    return (Categ == Civile   ? u"civile"_s
+            : Categ == Penale ? u"penale"_s
+                              : u"stragiudiziale"_s) +
+           Dati.Identita.Codice + u".txt"_s;
+}
+
+bool HaDubbi(const QString& Categ, const Tariffe& Dati)
+{
+    return std::ranges::any_of(Dati.Dubbi, [&](const ChiaveImporto& Chiave) {
+        return std::ranges::any_of(Dati.Voci[Categ],
+                                   [&](const VoceTariffa& Voce) { return Voce.Codice == Chiave.Codice; });
+    });
 }
 
 /// The groups that give the items of a category their amounts, each with a table of its own.
@@ -52,13 +64,15 @@ class Ordinatore
 {
 public:
     Ordinatore(const QString& Categ, const Tariffe& Dati)
-        : VociTariffa(Dati.Voci[Categ]), Gruppi(GruppiDi(Categ, Dati))
+        : VociTariffa(Dati.Voci[Categ]), Gruppi(GruppiDi(Categ, Dati)), ConDubbi(HaDubbi(Categ, Dati))
     {}
 
     void Aggiungi(SezioneScheda Una)
     {
         if (Una.Titolo == OgniScheda)
-            AggiungiFondo(std::move(Una));
+            AggiungiUnico(Testi.Fondo, std::move(Una));
+        else if (Una.Titolo == Incerto)
+            AggiungiUnico(Testi.Dubbio, std::move(Una));
         else if (Una.Titolo.startsWith(SegnoGruppo))
             AggiungiGruppo(std::move(Una));
         else
@@ -77,15 +91,18 @@ public:
                 Ovunque.Rifiuta(-1, u"manca il gruppo «%1»"_s.arg(Uno));
         if (Testi.Fondo.Riga == 0)
             Ovunque.Rifiuta(-1, u"manca la sezione «%1»"_s.arg(OgniScheda));
+        if ((Testi.Dubbio.Riga != 0) != ConDubbi)
+            Ovunque.Rifiuta(-1, ConDubbi ? u"manca la sezione «%1»"_s.arg(Incerto)
+                                         : u"nessun importo è in dubbio"_s);
         return std::move(Testi);
     }
 
 private:
-    void AggiungiFondo(SezioneScheda Una)
+    static void AggiungiUnico(SezioneScheda& Posto, SezioneScheda Una)
     {
-        if (Testi.Fondo.Riga != 0)
-            Una.Rifiuta(-1, u"una seconda sezione «%1»"_s.arg(OgniScheda));
-        Testi.Fondo = std::move(Una);
+        if (Posto.Riga != 0)
+            Una.Rifiuta(-1, u"una seconda sezione «%1»"_s.arg(Una.Titolo));
+        Posto = std::move(Una);
     }
 
     void AggiungiGruppo(SezioneScheda Una)
@@ -122,6 +139,7 @@ private:
 
     const QList<VoceTariffa> VociTariffa;
     const QSet<QString> Gruppi;
+    const bool ConDubbi;
     TestiSchede Testi;
 };
 
@@ -134,7 +152,7 @@ void SezioneScheda::Rifiuta(qsizetype Linea, const QString& Motivo) const
 
 TestiSchede LeggiTesti(const QString& Cartella, const QString& Categ, const Tariffe& Dati)
 {
-    const QString File = NomeTesti(Categ);
+    const QString File = NomeTesti(Categ, Dati);
     Ordinatore Ordine(Categ, Dati);
     for (SezioneScheda& Una : Sezioni(File, QString::fromUtf8(LeggiFile(Barra(Cartella) + File))))
         Ordine.Aggiungi(std::move(Una));

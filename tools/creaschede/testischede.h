@@ -1,8 +1,9 @@
-// The texts of the information sheets: a file for each category, in it a section for each item.
+// The texts of the information sheets: a file for each category of a tariff, in it a section for each item.
 //
 //   = 1 Fase di studio          the sheet of an item: its key and its description, as the catalogue has them
 //   = gruppo superiori: Titolo  of a group of authorities: title and words of its table, in every sheet
 //   = ogni scheda               what closes every sheet of the category
+//   = dubbio                    what is said of amounts that stand for want of a better source, marked with *
 // and within a section:
 //   ## Sezione                  a heading
 //   testo                       a paragraph; its lines are joined, a blank line ends it
@@ -38,6 +39,7 @@ struct TestiSchede
     std::map<int, SezioneScheda> Voci;     ///< by key of the item
     QHash<QString, SezioneScheda> Gruppi;  ///< by name of the group
     SezioneScheda Fondo;                   ///< closes every sheet
+    SezioneScheda Dubbio;                  ///< empty where no amount of the category is in doubt
 };
 
 /// Reads the texts of a category from the folder of the texts.

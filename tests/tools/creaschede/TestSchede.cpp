@@ -1,5 +1,6 @@
 // The information sheets as built, held against the built tariff; and what their tool refuses.
 #include "feenote/nota_prova.h"
+#include "scheda.h"
 
 #include "creaschede/creaschede.h"
 #include "creaschede/importischeda.h"
@@ -13,78 +14,10 @@
 #include <QRegularExpression>
 #include <QSet>
 #include <QTextDocument>
-#include <QXmlStreamReader>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// A table of a sheet, with the paragraph that stands before it.
-struct TabellaLetta
-{
-    QString Prima;
-    QList<QStringList> Righe;
-};
-
-/// A sheet as a reader of XML sees it.
-struct SchedaLetta
-{
-    QString Titolo;
-    QStringList Sezioni;
-    QStringList Paragrafi;
-    QStringList Collegamenti;
-    QList<TabellaLetta> Tabelle;
-    QString Errore;
-};
-
-QString CartellaNote()
-{
-    return ProgrammaDiProva() + Barra(u"note"_s);
-}
-
-QString Html(const QString& File)
-{
-    return QString::fromUtf8(LeggiFile(CartellaNote() + File));
-}
-
-SchedaLetta LeggiPagina(const QString& File)
-{
-    SchedaLetta Letta;
-    QXmlStreamReader Xml(Html(File));
-    const auto Testo = [&] {
-        return Xml.readElementText(QXmlStreamReader::IncludeChildElements).replace(QChar::Nbsp, u' ');
-    };
-    while (!Xml.atEnd()) {
-        if (Xml.readNext() != QXmlStreamReader::StartElement)
-            continue;
-        const QString Marca = Xml.name().toString();
-        if (Marca == u"title")
-            Letta.Titolo = Testo();
-        else if (Marca == u"h2")
-            Letta.Sezioni += Testo();
-        else if (Marca == u"p")
-            Letta.Paragrafi += Testo();
-        else if (Marca == u"a")
-            Letta.Collegamenti += Xml.attributes().value("href"_L1).toString();
-        else if (Marca == u"table")
-            Letta.Tabelle += {Letta.Paragrafi.value(Letta.Paragrafi.size() - 1), {}};
-        else if (Marca == u"tr")
-            Letta.Tabelle.last().Righe += QStringList();
-        else if (Marca == u"td" || Marca == u"th")
-            Letta.Tabelle.last().Righe.last() += Testo();
-    }
-    Letta.Errore = Xml.hasError() ? Xml.errorString() : QString();
-    return Letta;
-}
-
-/// Each sheet is read once.
-const SchedaLetta& Leggi(const QString& File)
-{
-    static QHash<QString, SchedaLetta> Lette;
-    if (!Lette.contains(File))
-        Lette.insert(File, LeggiPagina(File));
-    return Lette[File];
-}
 
 QStringList Schede()
 {
@@ -126,28 +59,6 @@ QStringList TernaScritta(const Recordset& Voce, int Scaglione)
     return Importi;
 }
 
-/// The row of a table that begins with this text.
-QStringList RigaDi(const QList<TabellaLetta>& Tabelle, const QString& Inizio)
-{
-    for (const TabellaLetta& Una : Tabelle)
-        for (const QStringList& Riga : Una.Righe)
-            if (Riga.first() == Inizio)
-                return Riga;
-    return {};
-}
-
-/// What the words of a formula give at a value: "€ 200,00 più il 2% della parte oltre € 5.000,00".
-double ValoreDelleParole(const QString& Parole, double x)
-{
-    static const QRegularExpression Forma(u"\\A(?:€ ([0-9.,]+))?(?: più )?(?:(?:il |lo |l')?([0-9,]+)% "
-                                          u"(?:del valore|della parte oltre € ([0-9.,]+)))?\\z"_s);
-    const auto Letta = Forma.match(Parole);
-    if (!Letta.hasMatch() || Parole.isEmpty())
-        QTest::qFail(qPrintable(Parole), __FILE__, __LINE__);
-    return NumeroDi(Letta.captured(1)) +
-           NumeroDi(Letta.captured(2)) / 100 * (x - NumeroDi(Letta.captured(3)));
-}
-
 double ValoreFormulaDi(const Recordset& Voce, int Scaglione, const QString& Estremo, double x)
 {
     int Codice = -1;
@@ -178,6 +89,10 @@ QString CopiaDati()
                                 u"chiavi_precedenti.csv"_s, u"schede/civile.txt"_s, u"schede/penale.txt"_s,
                                 u"schede/stragiudiziale.txt"_s})
         QFile::copy(Origine + Nome, Copia + Nome);
+    for (const QString& Nome : QDir(Origine).entryList({u"*55.csv"_s}))
+        QFile::copy(Origine + Nome, Copia + Nome);
+    for (const QString& Nome : QDir(Origine + u"schede"_s).entryList({u"*55.txt"_s}))
+        QFile::copy(Origine + u"schede/"_s + Nome, Copia + u"schede/"_s + Nome);
     return Copia;
 }
 
@@ -253,9 +168,16 @@ void TestSchede::ogniSchedaHaLaSuaVoce()
         PerOgniVoce(Civile.toString(), Una.IDAut, Segna);
     for (const QStringView Categ : {Penale, Stragiudiziale})
         PerOgniVoce(Categ.toString(), 0, Segna);
+    // The items of the other tariff have keys of their own, and their sheets lie beside these.
+    const Database Altra = OpenDatabase(ProgrammaDiProva() + u"parcelle55.mdb"_s, true);
+    for (const auto& [Categ, Sql] : {std::pair{Civile, u"SELECT DISTINCT CodOno AS Chiave FROM OnorariCiv"_s},
+                                     std::pair{Penale, u"SELECT IDOno AS Chiave FROM OnorariPen"_s},
+                                     std::pair{Stragiudiziale, u"SELECT IDOno AS Chiave FROM OnorariStra"_s}})
+        for (Recordset Voci = Altra.OpenRecordset(Sql); !Voci.Eof(); Voci.MoveNext())
+            Attese.insert(FileScheda(Categ.toString(), Voci.Value(u"Chiave"_s)));
     const QStringList Trovate = Schede();
     QCOMPARE(QSet<QString>(Trovate.begin(), Trovate.end()), Attese);
-    QCOMPARE(Trovate.size(), 38);
+    QCOMPARE(Trovate.size(), 38 + 28);
 }
 
 // ---- Figures -------------------------------------------------------------------------------------
@@ -480,7 +402,7 @@ void TestSchede::testiDistinti()
         QVERIFY2(!Viste.contains(Prima), qPrintable(File + u' ' + Viste.value(Prima)));
         Viste.insert(Prima, File);
     }
-    QCOMPARE(Viste.size(), 35);
+    QCOMPARE(Viste.size(), 35 + 28);
 }
 
 // ---- Pieces --------------------------------------------------------------------------------------
@@ -498,6 +420,9 @@ void TestSchede::parole_data()
     QTest::newRow("share of 8") << u"150+x*0.08"_s << 0.01 << u"€ 150,00 più l'8% del valore"_s;
     QTest::newRow("share below 1") << u"9475+(x-1500000)*0.0025"_s << 1500000.01
                                    << u"€ 9.475,00 più lo 0,25% della parte oltre € 1.500.000,00"_s;
+    QTest::newRow("share of 1 and a half") << u"3082+(x-520000)*0.015"_s << 520000.01
+                                           << u"€ 3.082,00 più l'1,5% della parte oltre € 520.000,00"_s;
+    QTest::newRow("share of 10") << u"1+x*0.1"_s << 0.01 << u"€ 1,00 più il 10% del valore"_s;
     QTest::newRow("thousandths") << u"4737.5+(x-1500000)*0.00125"_s << 1500000.01
                                  << u"€ 4.737,50 più lo 0,125% della parte oltre € 1.500.000,00"_s;
     QTest::newRow("beyond") << u"200+(x-5000)*0.02"_s << 5000.01
@@ -577,6 +502,12 @@ void TestSchede::rifiuta_data()
     Caso("a group twice", Civ, u"= gruppo appello: Appello"_s, u"= gruppo tribunale: Appello"_s,
          u"il gruppo «tribunale» è già descritto"_s);
     Caso("closing words left out", Pen, u"= ogni scheda\n"_s, QString(), u"manca la sezione «ogni scheda»"_s);
+    Caso("doubt of nothing", Pen, u"= ogni scheda\n"_s, u"= dubbio\nforse\n= ogni scheda\n"_s,
+         u"nessun importo è in dubbio"_s);
+    Caso("doubt left out", u"schede/penale55.txt"_s, u"= dubbio\n"_s, QString(),
+         u"manca la sezione «dubbio»"_s);
+    Caso("doubt twice", u"schede/penale55.txt"_s, u"= dubbio\n"_s, u"= dubbio\n= dubbio\n"_s,
+         u"una seconda sezione «dubbio»"_s);
     Caso("closing words twice", Pen, u"= ogni scheda\n"_s, u"= ogni scheda\n= ogni scheda\n"_s,
          u"una seconda sezione «ogni scheda»"_s);
     Caso("amounts left out", Pen, u"%importi percentuali monocratico\n"_s, QString(),
@@ -649,7 +580,7 @@ void TestSchede::leSuperflueSeNeVanno()
     for (const QString& Nome : {u"blank.htm"_s, u"Cliente.htm"_s, u"c777.htm"_s, u"S0777.html"_s})
         QCOMPARE(LeggiFile(Uscita + u"note/"_s + Nome), QByteArray("prima"));
     QCOMPARE(LeggiFile(Uscita + u"note/C001.htm"_s), LeggiFile(CartellaNote() + u"C001.htm"_s));
-    QCOMPARE(Nomi.size(), 38 + 4);
+    QCOMPARE(Nomi.size(), 38 + 28 + 4);
 }
 
 void TestSchede::uscitaNonScrivibile()
