@@ -41,7 +41,9 @@ Parcella Riletta(const QString& File)
 QString FinestreGuaste()
 {
     const QWidget* Modale = QApplication::activeModalWidget();
-    if (Modale && Modale->windowModality() == Qt::ApplicationModal)
+    // The import holds the other windows back while it is open, and nobody waits for its answer.
+    const bool SenzaAttesa = Modale && Modale->inherits("frmImporta");
+    if (Modale && !SenzaAttesa && Modale->windowModality() == Qt::ApplicationModal)
         return u"finestra modale rimasta senza chi la aspetta: "_s + NomeDi(Modale);
     if (Modale && !Modale->isVisible())
         return u"finestra modale nascosta: "_s + NomeDi(Modale);
