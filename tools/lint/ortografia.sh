@@ -1,5 +1,6 @@
 # shellcheck shell=bash
-# The spelling of the Italian texts: guides, sheets, pages, forms, what the sources say to users. Sourced by lint.sh.
+# The spelling of the Italian texts: guides, sheets, pages, forms, what the sources say to users,
+# pages of the manual, entry of the menu and what else presents the program to a system. Sourced by lint.sh.
 #
 # A word that the dictionary lacks stands in parole.txt, where it is one, or in alla_lettera.txt, where it is misspelt
 # and stays. A word that stands there and is in no text any more is shown too.
@@ -10,6 +11,7 @@ FontiDeiTesti()
     git ls-files -z --cached --others --exclude-standard -- \
         'dati/guide/*.txt' 'dati/schede/*.txt' 'programma/*.htm' 'programma/*.txt' 'programma/*.rtf' \
         dati/voci.csv dati/spese.csv dati/autorita.csv dati/scaglioni.csv 'src/*.ui' 'src/*.cpp' 'src/*.h' \
+        'pacchetto/*.1' 'pacchetto/*.desktop' 'pacchetto/*.xml' 'pacchetto/*.completamento' \
         ':!src/demo' ':!src/print/writers' ':!src/platform/pages' ':!src/platform/document' \
         ':!src/addressbook/exchange/colonneimporta.cpp'
 }

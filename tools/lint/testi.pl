@@ -1,8 +1,8 @@
 #!/usr/bin/perl
 # The words of the Italian texts that the files named hold: "file:line", a tab, the word; one a line.
 #
-# Texts of the guides and sheets, pages of the program, forms, and of the sources the literals that somebody
-# reads. What is no word is left out: marks, references, names of the code, abbreviations, elisions.
+# Texts of the guides and sheets, pages of the program and of the manual, forms, what a desktop and a shell show, and of
+# the sources the literals that somebody reads. What is no word is left out: marks, references, names of the code, abbreviations, elisions.
 use strict;
 use warnings;
 use utf8;
@@ -94,6 +94,52 @@ sub rtf {
     righe($file, $testo, 1);
 }
 
+# A page of the manual: a line that begins with a point is a request of the formatter, and what it sets apart is typed
+# as it stands; headings alone have words there.
+sub manuale {
+    my ($file, $testo) = @_;
+    my $riga = 0;
+    for my $scritta (split /\n/, $testo) {
+        ++$riga;
+        next if $scritta =~ /^['.]\\"/ || $scritta =~ /^[.](?!S[HS]\b)/;
+        $scritta =~ s/^[.]S[HS]\s+//;
+        $scritta =~ s/\\f[BI].*?\\f[RP]/ /g;
+        $scritta =~ s/\\-/-/g;
+        $scritta =~ s/\\(?:\(..|.)/ /g;
+        parole("$file:$riga", $scritta);
+    }
+}
+
+# An entry of the menu: its lines in Italian.
+sub voce {
+    my ($file, $testo) = @_;
+    my $riga = 0;
+    for (split /\n/, $testo) {
+        ++$riga;
+        parole("$file:$riga", $1) if /^\w+\[it\]=(.*)/;
+    }
+}
+
+# The elements of a file in several languages that say they are Italian.
+sub italiani {
+    my ($file, $testo) = @_;
+    while ($testo =~ m{<(\w+)\b[^>]*\bxml:lang="it"[^>]*>(.*?)</\1>}gs) {
+        my ($prima, $scritta) = (substr($testo, 0, $-[2]), $2);
+        $scritta =~ s{<[^>]*>}{svuota($&)}ge;
+        righe($file, $scritta, 1 + ($prima =~ tr/\n//));
+    }
+}
+
+# What the shell offers in the place of a value; names of commands and options are none of these.
+sub completamento {
+    my ($file, $testo) = @_;
+    my $riga = 0;
+    for (split /\n/, $testo) {
+        ++$riga;
+        parole("$file:$riga", $1) while /compgen -W "([^"\$]+)"/g;
+    }
+}
+
 for my $file (@ARGV) {
     open(my $flusso, '<', $file) or die "$file: $!\n";
     my $testo = do { local $/; <$flusso> };
@@ -102,5 +148,9 @@ for my $file (@ARGV) {
     elsif ($file =~ /[.]rtf$/)      { rtf($file, $testo); }
     elsif ($file =~ /[.]ui$/)       { modulo($file, $testo); }
     elsif ($file =~ /[.](?:cpp|h)$/) { sorgente($file, $testo); }
+    elsif ($file =~ /[.]1$/)        { manuale($file, $testo); }
+    elsif ($file =~ /[.]desktop$/)  { voce($file, $testo); }
+    elsif ($file =~ /[.]xml$/)      { italiani($file, $testo); }
+    elsif ($file =~ /[.]completamento$/) { completamento($file, $testo); }
     else                            { guida($file, $testo); }
 }
