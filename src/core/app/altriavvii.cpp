@@ -17,6 +17,8 @@
 #include <QStringList>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString Impostazioni()
@@ -32,6 +34,13 @@ void ApriFile(const QString& Percorso)
         Aperture.ApriParcella(Percorso, 0, {});
 }
 
+/// Files that have come and are not open yet.
+int& InAttesa()
+{
+    static int Quanti = 0;
+    return Quanti;
+}
+
 /// The files that have come, until the user has his hands free.
 class FileGiunti : public QObject
 {
@@ -43,9 +52,13 @@ public:
         Collega(&Orologio, &QTimer::timeout, this, [this] { Passo(); });
     }
 
+    /// The session opens what it was begun for before anything else.
+    void Aspetta(bool Ancora) { InAvvio = Ancora; }
+
     void Aggiungi(const QString& Percorso)
     {
         Attesi << Percorso;
+        ++InAttesa();
         // Who waits for an answer comes into view, or nothing would seem to happen.
         if (QWidget* Davanti = QApplication::activeModalWidget()) {
             Davanti->raise();
@@ -57,7 +70,7 @@ public:
 private:
     void Passo()
     {
-        if (RespiroInCorso() || UtenteImpegnato())
+        if (InAvvio || RespiroInCorso() || UtenteImpegnato())
             return;
         if (Attesi.isEmpty()) {
             Orologio.stop();
@@ -66,27 +79,51 @@ private:
         // Opening may ask, and the next tick comes in the middle of it.
         const QString Primo = Attesi.takeFirst();
         Protetta([&Primo] { ApriFile(Primo); });
+        --InAttesa();
+        // The session's own file may have been none, and this one too.
+        if (InAttesa() == 0)
+            FineSenzaFinestre();
     }
 
     QStringList Attesi;
     QTimer Orologio;
+    bool InAvvio = false;
 };
+
+FileGiunti* AscoltaAltriAvvii()
+{
+    auto* Giunti = new FileGiunti(qApp);
+    Giunti->setObjectName(u"fileGiunti"_s);
+    auto* Ascolto = new Staffetta(
+        Impostazioni(), [Giunti](const QString& File) { Giunti->Aggiungi(File); }, Giunti);
+    // Who ends takes nothing any more, while its windows still close.
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, Ascolto, &QObject::deleteLater);
+    return Giunti;
+}
 
 }  // namespace
 
-bool PassaAdAltroAvvio(const QString& RigaDiComando)
+bool ComeUnaSessione(const QString& RigaDiComando, const std::function<void()>& Comincia)
 {
     const QString File = FileDellaRiga(RigaDiComando);
-    return !File.isEmpty() && PassaFile(Impostazioni(), File);
+    if (File.isEmpty()) {
+        Comincia();
+        if (!RigaDiAltri(RigaDiComando))
+            (void)AscoltaAltriAvvii();
+        return true;
+    }
+    // Others of the same moment wait for this one's turn to end, and ask it meanwhile.
+    TurnoStaffetta Turno(Impostazioni());
+    if (Turno.Passa(File))
+        return false;
+    FileGiunti* Giunti = AscoltaAltriAvvii();
+    Giunti->Aspetta(true);
+    Comincia();
+    Giunti->Aspetta(false);
+    return true;
 }
 
-void AscoltaAltriAvvii(const QString& RigaDiComando)
+bool FileInArrivo()
 {
-    if (RigaDiAltri(RigaDiComando))
-        return;
-    auto* Giunti = new FileGiunti(qApp);
-    auto* Ascolto = new Staffetta(
-        Impostazioni(), [Giunti](const QString& File) { Giunti->Aggiungi(File); }, qApp);
-    // Who ends takes nothing any more, while its windows still close.
-    QObject::connect(qApp, &QCoreApplication::aboutToQuit, Ascolto, &QObject::deleteLater);
+    return InAttesa() > 0;
 }

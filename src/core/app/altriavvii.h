@@ -3,11 +3,19 @@
 
 #include <QString>
 
-/// Hands the file of a command line to a running session of this user and these settings.
-/// @return true when that one opens it, and this start is over
-[[nodiscard]] bool PassaAdAltroAvvio(const QString& RigaDiComando);
+#include <functional>
 
-/// Takes the files of later starts from now on until the program ends, unless the session was started by
-/// "-low" or by the companion application, or another one of the user's takes them already. A file that is
-/// open comes to the front; one that comes while a question waits is opened behind the answer.
-void AscoltaAltriAvvii(const QString& RigaDiComando);
+/// Begins a session, unless the file of its command line goes to a running one of this user and these
+/// settings.
+///
+/// A session that begins with a file listens before it opens it, so that of several starts at one moment one
+/// is the session and gets the files of the others; one without a file listens once it is up. It takes files
+/// until it ends, unless it was started by "-low" or by the companion application, or another one of the
+/// user's takes them already. A file that is open comes to the front; one that comes while a question waits
+/// is opened behind the answer.
+/// @param Comincia opens what the command line asks for
+/// @return false when the file has gone to the other session, and this start is over
+bool ComeUnaSessione(const QString& RigaDiComando, const std::function<void()>& Comincia);
+
+/// True while a file has come that is not open yet: the session has a reason to live.
+[[nodiscard]] bool FileInArrivo();

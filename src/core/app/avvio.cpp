@@ -1,6 +1,7 @@
 #include "core/app/avvio.h"
 
 #include "core/aperture.h"
+#include "core/app/altriavvii.h"
 #include "core/app/paginaavviso.h"
 #include "core/app/primouso.h"
 #include "core/comandi.h"
@@ -175,7 +176,8 @@ bool AvvisoDaMostrare()
 void FineSenzaFinestre()
 {
     const QWidgetList Finestre = QApplication::topLevelWidgets();
-    if (std::ranges::none_of(Finestre, [](const QWidget* Finestra) { return Finestra->isVisible(); }))
+    if (!FileInArrivo() &&
+        std::ranges::none_of(Finestre, [](const QWidget* Finestra) { return Finestra->isVisible(); }))
         Termina();
 }
 

@@ -22,7 +22,7 @@ void Main(const QString& RigaDiComando);
 /// True until the notice page was silenced by its marker, beside the program or in the user folder.
 [[nodiscard]] bool AvvisoDaMostrare();
 
-/// Ends the process when no window is left to keep it alive.
+/// Ends the process when no window is left to keep it alive, and no file is on its way.
 void FineSenzaFinestre();
 
 /// The road of the last fee note: sizes of the frame saved, then the end of the process in low mode, else

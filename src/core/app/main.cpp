@@ -15,12 +15,8 @@ int main(int argc, char** argv)
     PreparaProgramma();
     QTimer::singleShot(0, &Programma, [] {
         const QString Riga = QCoreApplication::arguments().mid(1).join(u' ');
-        if (PassaAdAltroAvvio(Riga)) {
+        if (!ComeUnaSessione(Riga, [&Riga] { Main(Riga); }))
             Termina();
-            return;
-        }
-        Main(Riga);
-        AscoltaAltriAvvii(Riga);
     });
     return QApplication::exec();
 }

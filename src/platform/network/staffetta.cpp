@@ -1,14 +1,17 @@
 #include "platform/network/staffetta.h"
 
 #include "platform/network/segnale.h"
+#include "platform/system/blocco.h"
 
 #include <QCryptographicHash>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileSystemWatcher>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QTimer>
 
+#include <optional>
 #include <utility>
 
 #ifndef Q_OS_WIN
@@ -80,6 +83,43 @@ bool PassaFile(const QString& Impostazioni, const QString& Percorso)
     return Scrivi(Presa, QByteArray(1, Confermata));
 }
 
+// ---- the turn of a start ------------------------------------------------------------------------
+
+struct TurnoStaffetta::Interno
+{
+    explicit Interno(const QString& Quali) : Impostazioni(Quali)
+    {
+        if (const QString Nome = PresaStaffetta(Quali); !Nome.isEmpty())
+            Turno.emplace(Nome + u".turno"_s);
+    }
+    QString Impostazioni;
+    std::optional<FileBlocco> Turno;  ///< none where the user has no run-time folder: nobody listens there
+};
+
+TurnoStaffetta::TurnoStaffetta(const QString& Impostazioni) : Dati(std::make_unique<Interno>(Impostazioni))
+{}
+
+TurnoStaffetta::~TurnoStaffetta() = default;
+
+bool TurnoStaffetta::Passa(const QString& Percorso)
+{
+    constexpr int PassoMs = 100;
+    constexpr qint64 MassimoMs = 30'000;
+    if (!Dati->Turno)
+        return false;
+    QElapsedTimer Passati;
+    Passati.start();
+    for (;;) {
+        const FileBlocco::Esito Turno = Dati->Turno->Prendi(PassoMs);
+        if (PassaFile(Dati->Impostazioni, Percorso))
+            return true;
+        if (Turno != FileBlocco::Esito::Altrui || Passati.elapsed() > MassimoMs)
+            return false;
+    }
+}
+
+// ---- the listener -------------------------------------------------------------------------------
+
 Staffetta::Staffetta(const QString& Impostazioni, std::function<void(const QString&)> Azione, QObject* Padre)
     : QObject(Padre), Nome(PresaStaffetta(Impostazioni)), Apri(std::move(Azione))
 {
@@ -91,6 +131,9 @@ void Staffetta::Ascolta()
 {
     if (Servitore)
         return;
+    // Of several that would take a place that is free one does.
+    FileBlocco Turno(Nome + u".presa"_s);
+    (void)Turno.Prendi(AttesaPresaMs);
     QLocalSocket Altra;
     Altra.connectToServer(Nome);
     if (Altra.waitForConnected(AttesaPresaMs)) {

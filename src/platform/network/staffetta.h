@@ -11,6 +11,7 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
 
 class QFileSystemWatcher;
 class QLocalServer;
@@ -26,6 +27,27 @@ inline constexpr int MassimoPercorso = 4096;
 /// @param Percorso the whole path
 /// @return true when the other one opens it; false, within about two seconds, when nobody does
 [[nodiscard]] bool PassaFile(const QString& Impostazioni, const QString& Percorso);
+
+/// The turn of a start with a file: whoever has it is the one that begins to listen, or finds the listener.
+/// Several starts at one moment, as of a file manager that opens what is selected, make one session so.
+class TurnoStaffetta
+{
+public:
+    explicit TurnoStaffetta(const QString& Impostazioni);
+    ~TurnoStaffetta();
+    TurnoStaffetta(const TurnoStaffetta&) = delete;
+    TurnoStaffetta& operator=(const TurnoStaffetta&) = delete;
+
+    /// Offers the file to the one that listens; where nobody does takes the turn, which is then held until
+    /// the object goes: let it go once the session is up. While another start has the turn, it is asked again
+    /// and again, for half a minute at most.
+    /// @return true when the other one opens the file; false when this start has to, turn or not
+    [[nodiscard]] bool Passa(const QString& Percorso);
+
+private:
+    struct Interno;
+    std::unique_ptr<Interno> Dati;
+};
 
 /// Listens for files as long as it lives. Where another program of the user's listens already, that one goes
 /// on alone, and this one takes its place when it ends.

@@ -1,4 +1,5 @@
 // A start with a file while a session is running, seen from outside: the program itself, twice.
+#include "core/app/altriavvii.h"
 #include "core/app/processo.h"
 #include "core/app/scena.h"
 
@@ -6,7 +7,11 @@
 #include "platform/network/staffetta.h"
 #include "platform/system/file.h"
 
+#include <QThread>
+
+#include <algorithm>
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -51,6 +56,9 @@ private Q_SLOTS:
     void altreImpostazioni();
     void senzaFileNonCambiaNulla();
     void finitaNonAscolta();
+    void treInsieme_data();
+    void treInsieme();
+    void cioCheEArrivatoLaTiene();
 
 private:
     std::unique_ptr<Scena> S;
@@ -75,6 +83,7 @@ void TestAltriAvvii::init()
 
 void TestAltriAvvii::cleanup()
 {
+    delete qApp->findChild<QObject*>(u"fileGiunti"_s);
     S.reset();
     QFile::remove(PresaStaffetta(PercorsoImpostazioni(NomeApplicazione.toString())));  // of the killed ones
 }
@@ -153,6 +162,55 @@ void TestAltriAvvii::finitaNonAscolta()
     const ProgrammaVero Nulla({u"PV2|X"_s});
     QTRY_VERIFY_WITH_TIMEOUT(Nulla.FinitoBene(), AttesaMs);
     QVERIFY(!InAscolto());
+}
+
+void TestAltriAvvii::treInsieme_data()
+{
+    QTest::addColumn<int>("Giro");
+    for (int Giro = 1; Giro <= 3; ++Giro)
+        QTest::addRow("round %d", Giro) << Giro;
+}
+
+/// What is selected in a file manager is opened by as many starts at one moment: one of them is the session.
+void TestAltriAvvii::treInsieme()
+{
+    const QStringList Nomi{u"Però già € così.mdb"_s, u"seconda.mdb"_s, u"terza.mdb"_s};
+    ScriviVecchia(Note + Nomi[2]);
+    std::vector<std::unique_ptr<ProgrammaVero>> Avvii;
+    for (const QString& Nome : Nomi)
+        Avvii.push_back(std::make_unique<ProgrammaVero>(QStringList{Nome}, QMap<QString, QString>{}, Note));
+    const auto Finiti = [&] {
+        return std::ranges::count_if(
+            Avvii, [](const std::unique_ptr<ProgrammaVero>& Avvio) { return Avvio->FinitoBene(); });
+    };
+    QTRY_COMPARE_WITH_TIMEOUT(int(Finiti()), 2, 2 * AttesaMs);
+    for (const QString& Nome : Nomi)
+        QTRY_VERIFY2_WITH_TIMEOUT(Aperta(Note + Nome), qPrintable(Nome), AttesaMs);
+    QCOMPARE(int(Finiti()), 2);
+    QVERIFY(InAscolto());
+}
+
+/// The session's own file is none, and no window is up: what has come meanwhile keeps it, and is opened.
+void TestAltriAvvii::cioCheEArrivatoLaTiene()
+{
+    const QString Quali = PercorsoImpostazioni(NomeApplicazione.toString());
+    QStringList Aperti;
+    Aperture.ApriParcella = [&](const QString& File, auto&&...) { Aperti << File; };
+    bool Preso = false;
+    QVERIFY(ComeUnaSessione(Note + u"seconda.mdb"_s, [&] {
+        const std::unique_ptr<QThread> Altro(
+            QThread::create([&] { Preso = PassaFile(Quali, Note + u"Però già € così.mdb"_s); }));
+        Altro->start();
+        while (!Altro->isFinished())
+            QTest::qWait(1);
+        QTest::qWait(200);
+        QVERIFY2(Aperti.isEmpty(), "opened before the session's own file");
+        FineSenzaFinestre();
+        QVERIFY2(!S->Eventi.contains(u"fine"_s), "ended with a file that has come");
+    }));
+    QVERIFY(Preso);
+    QTRY_COMPARE(Aperti, QStringList{Note + u"Però già € così.mdb"_s});
+    QTRY_VERIFY2(S->Eventi.contains(u"fine"_s), "and no window came up");
 }
 
 #include "TestAltriAvvii.moc"

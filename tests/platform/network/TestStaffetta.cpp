@@ -74,6 +74,7 @@ private Q_SLOTS:
     void offertaSmisurata_data();
     void offertaSmisurata();
     void chiNonRispondeNonFaAspettare();
+    void unoSoloComincia();
 
 private:
     QByteArray Sessione;
@@ -244,6 +245,28 @@ void TestStaffetta::chiNonRispondeNonFaAspettare()
     // It comes back to its events: the offer is accepted, and nobody is there to confirm it.
     QTest::qWait(100);
     QCOMPARE(Aperti, QStringList());
+}
+
+/// The one that has the turn is to listen; who comes meanwhile hands his file over as soon as it does.
+void TestStaffetta::unoSoloComincia()
+{
+    Ascolto.reset();
+    auto Primo = std::make_unique<TurnoStaffetta>(Impostazioni);
+    QVERIFY(!Primo->Passa(u"/note/rossi.mdb"_s));
+    bool Preso = false;
+    const std::unique_ptr<QThread> Secondo(
+        QThread::create([&] { Preso = TurnoStaffetta(Impostazioni).Passa(u"/note/verdi.mdb"_s); }));
+    Secondo->start();
+    QTest::qWait(300);
+    QVERIFY2(!Secondo->isFinished(), "it waits while the first one begins");
+    Ascolto = std::make_unique<Staffetta>(Impostazioni, [this](const QString& File) { Aperti << File; });
+    QTRY_VERIFY(Secondo->isFinished());
+    QVERIFY(Preso);
+    QCOMPARE(Aperti, QStringList{u"/note/verdi.mdb"_s});
+    // The first one has ended without a listener: the turn is the next one's.
+    Ascolto.reset();
+    Primo.reset();
+    QVERIFY(!TurnoStaffetta(Impostazioni).Passa(u"/note/neri.mdb"_s));
 }
 
 #include "TestStaffetta.moc"
