@@ -407,9 +407,14 @@ bool DaAggiornare(const QString& Percorso)
 
 void AggiornaColonne(const QString& Percorso)
 {
+    if (Mancanti(Percorso).isEmpty())
+        return;
+    const Database File = OpenDatabase(Percorso);
+    Transazione Tutte(File);
+    // Another program may have given it some of them while this one waited for its turn.
     for (const ColonnaParam* Colonna : Mancanti(Percorso))
-        OpenDatabase(Percorso).Execute(
-            u"ALTER TABLE %1 ADD %2 %3"_s.arg(TabellaParam, Colonna->Nome, TipoAggiunto(*Colonna)));
+        File.Execute(u"ALTER TABLE %1 ADD %2 %3"_s.arg(TabellaParam, Colonna->Nome, TipoAggiunto(*Colonna)));
+    Tutte.Conferma();
 }
 
 void LeggiParametri(const Database& File, NotaLetta& Letta)

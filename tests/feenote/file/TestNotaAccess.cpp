@@ -7,6 +7,7 @@
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
+#include "supporto/altroprogramma.h"
 #include "supporto/scrittoreaccess.h"
 
 #include <QDir>
@@ -27,6 +28,8 @@ private Q_SLOTS:
     void siLegge_data();
     void siLegge();
     void senzaColonnaSiAggiornaLaCopia();
+    void dueProgrammiLaAggiornano();
+    void lAltro();
     void ilModelloRestaProtetto();
     void laPassword();
     void associata();
@@ -116,6 +119,34 @@ void TestNotaAccess::senzaColonnaSiAggiornaLaCopia()
     QVERIFY(!Letta.chkSpeseGen.Attiva);
     QCOMPARE(Byte(), Prima);
     QVERIFY(EsisteCampo(CopiaNativa(File), u"ParcellaParam"_s, u"SpeseGen"_s));
+}
+
+/// Not a test of its own: a program that has just given a note its column, and is about to say so.
+void TestNotaAccess::lAltro()
+{
+    if (AltroProgramma::Parte().isEmpty())
+        return;
+    const Database Db = OpenDatabase(AltroProgramma::Cartella() + u"vecchia.mdb"_s);
+    Transazione Tutto(Db);
+    Db.Execute(u"ALTER TABLE ParcellaParam ADD SpeseGen INTEGER"_s);
+    AltroProgramma::Segnala(AltroProgramma::Cartella() + u"aggiunge"_s);
+    QTest::qWait(500);
+    Tutto.Conferma();
+}
+
+/// Two programs open one old note: both read it, and it gets its column once.
+void TestNotaAccess::dueProgrammiLaAggiornano()
+{
+    const QString Insieme = NuovaCartella();
+    const QString Vecchia = Insieme + u"vecchia.mdb"_s;
+    ScriviNota(Vecchia, NotaPiena());
+    EseguiSu(Vecchia, u"ALTER TABLE ParcellaParam DROP COLUMN SpeseGen"_s);
+    AltroProgramma Altro(u"TestNotaAccess"_s, u"aggiunge"_s, Insieme);
+    QVERIFY(AltroProgramma::Aspetta(Insieme + u"aggiunge"_s));
+    Parcella Letta;
+    CaricaDati(Letta, Vecchia);
+    QCOMPARE(Letta.txtCliente.Testo, u"Rossi Mario"_s);
+    QVERIFY(Altro.Finito());
 }
 
 void TestNotaAccess::ilModelloRestaProtetto()
