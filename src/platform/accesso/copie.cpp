@@ -3,6 +3,7 @@
 #include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
 #include "platform/database/primariga.h"
+#include "platform/system/blocco.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
@@ -24,6 +25,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 MsPerGiorno = qint64(24) * 60 * 60 * 1000;
+
+/// A copy is made in ten seconds, or not at all.
+constexpr int AttesaFabbricaMs = 15'000;
 
 /// Raised when a copy would hold something else than one of before: older copies are then made anew.
 constexpr auto Edizione = "1";
@@ -84,6 +88,23 @@ bool EIntera(const QString& Copia)
     const qint64 Pagina = Scritta == 1 ? 65536 : Scritta;
     const qint64 Pagine = qFromBigEndian<quint32>(Inizio.constData() + 28);
     return Pagine > 0 && QFileInfo(Copia).size() == Pagina * Pagine;
+}
+
+/// The same for a copy that another program is writing to just now, as when an old note gets its missing
+/// columns there: for a moment such a file is not as long as its head says. The engine's turn waits for that.
+bool EInteraAlSuoTurno(const QString& Copia)
+{
+    if (EIntera(Copia))
+        return true;
+    if (!EsisteFile(Copia))
+        return false;
+    try {
+        const Database Db = OpenDatabase(Copia);
+        const Transazione Turno(Db);
+        return EIntera(Copia);
+    } catch (const Errore& Guasto) {
+        return Guasto.Numero == errori::DatiBloccati;  // somebody is at it still: it is a copy that serves
+    }
 }
 
 /// True for what is in the file: another try gives the same. A full disk or a missing program may pass.
@@ -150,7 +171,12 @@ QString CopiaNativa(const QString& Percorso)
     const QString Copia = CartellaDelleCopie() + Nome;
     if (const auto Noto = Rifiutati().constFind(Nome); Noto != Rifiutati().constEnd())
         throw Errore(*Noto);
-    if (EIntera(Copia)) {
+    // Of two programs that want it at once one makes it, and the other one takes it. Who waits for too long
+    // makes one of his own.
+    FileBlocco Fabbrica(Copia + u".blocco"_s);
+    if (!EIntera(Copia))
+        (void)Fabbrica.Prendi(AttesaFabbricaMs);
+    if (EInteraAlSuoTurno(Copia)) {
         SegnaUso(Copia);
         return Copia;
     }

@@ -2,6 +2,9 @@
 #include "platform/accesso/accesso.h"
 #include "platform/accesso/copie.h"
 #include "platform/base/errore.h"
+#include "platform/system/blocco.h"
+#include "platform/system/file.h"
+#include "supporto/altroprogramma.h"
 #include "supporto/prova.h"
 #include "supporto/scrittoreaccess.h"
 
@@ -10,6 +13,7 @@
 #include <QFile>
 #include <QScopedValueRollback>
 
+#include <memory>
 #include <thread>
 #include <vector>
 
@@ -215,6 +219,64 @@ private Q_SLOTS:
         QCOMPARE(Tenute().size(), 6);
         for (int i = 0; i < 6; ++i)
             QCOMPARE(Nominativo(File[i]), u"Nome %1"_s.arg(i));
+    }
+
+    /// Another program makes the copy: this one waits for it, and makes none of its own.
+    void unoSoloLaFa()
+    {
+        const QString Copia = CopiaNativa(Archivio);
+        const QByteArray Fatta = LeggiFile(Copia);
+        QVERIFY(QFile::remove(Copia));
+        const QScopedValueRollback Senza(accesso::Programma, u"/bin/false"_s);
+        auto Altrui = std::make_unique<FileBlocco>(Copia + u".blocco"_s);
+        QCOMPARE(Altrui->Prendi(0), FileBlocco::Esito::Preso);
+        QString Avuta;
+        std::thread Filo([&] {
+            try {
+                Avuta = CopiaNativa(Archivio);
+            } catch (const Errore& Guasto) {
+                Avuta = Guasto.Descrizione;
+            }
+        });
+        QTest::qWait(200);
+        ScriviFile(Copia, Fatta);
+        Altrui.reset();
+        Filo.join();
+        QCOMPARE(Avuta, Copia);
+        QCOMPARE(Tenute(), QStringList{QFileInfo(Copia).fileName()});
+    }
+
+    /// Not a test of its own: a program that writes to a copy, as when a note gets its missing columns.
+    void lAltro()
+    {
+        if (AltroProgramma::Parte().isEmpty())
+            return;
+        const QString Insieme = AltroProgramma::Cartella();
+        const QString Copia = QString::fromUtf8(LeggiFile(Insieme + u"copia"_s));
+        const Database Db = OpenDatabase(Copia);
+        Transazione Tutto(Db);
+        // More than the engine keeps in memory: the file grows, and its head does not say so yet.
+        for (int i = 0; i < 200; ++i)
+            Db.Execute(u"INSERT INTO clienti (Nominativo) VALUES (?)"_s, {u"x"_s.repeated(50'000)});
+        AltroProgramma::Segnala(Insieme + u"scrive"_s);
+        QVERIFY(AltroProgramma::Aspetta(Copia + u".blocco"_s));
+        QTest::qWait(200);
+        Tutto.Conferma();
+    }
+
+    /// A copy that another program is writing to is none that is damaged.
+    void unAltroViScrive()
+    {
+        const QString Copia = CopiaNativa(Archivio);
+        const QString Insieme = NuovaCartella();
+        ScriviFile(Insieme + u"copia"_s, Copia.toUtf8());
+        const qint64 Lunga = QFileInfo(Copia).size();
+        AltroProgramma Altro(u"TestCopie"_s, u"scrive"_s, Insieme);
+        QVERIFY(AltroProgramma::Aspetta(Insieme + u"scrive"_s));
+        QVERIFY2(QFileInfo(Copia).size() > Lunga, "the file has not grown");
+        QCOMPARE(CopiaNativa(Archivio), Copia);
+        QVERIFY(Altro.Finito());
+        QCOMPARE(ApriArchivio(Archivio).OpenRecordset(u"clienti"_s).RecordCount(), 201);
     }
 };
 
