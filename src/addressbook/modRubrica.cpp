@@ -149,6 +149,11 @@ bool HaColonna(const QList<Campo>& Campi, const QString& Nome)
     return std::ranges::any_of(Campi, [&](const Campo& Uno) { return Uguali(Uno.Name, Nome); });
 }
 
+bool EChiave(const Campo& Descritto)
+{
+    return Descritto.Contatore || Uguali(Descritto.Name, NomeChiave);
+}
+
 QVariantList ValoriScelti(const Recordset& Riga, const QList<ColonnaRubrica>& Colonne)
 {
     QVariantList Valori;

@@ -54,6 +54,10 @@ struct ColonnaRubrica
 /// True when the rows have a column of this name, whatever its case.
 [[nodiscard]] bool HaColonna(const QList<Campo>& Campi, const QString& Nome);
 
+/// True for the field by which rows are known to the notes: "ID", and any counter. An archive that comes from
+/// elsewhere may have it as a plain number.
+[[nodiscard]] bool EChiave(const Campo& Descritto);
+
 /// What a choice hands over of the current row: the values of the columns, in order. Where the first two of
 /// them are not `ID` and `Nominativo` these are put in front.
 /// @throws Errore 3265 in an archive without them, 3021, 3167

@@ -4,6 +4,7 @@
 #include "platform/base/testopiano.h"
 
 #include <QHash>
+#include <QMap>
 #include <QSet>
 
 #include <algorithm>
@@ -64,6 +65,9 @@ constexpr std::array Tabella{
              "codiceunivocoufficio codicedestinatariosdi"},
     Sinonimi{u"RapprLegale", u"rapprlegale rappresentantelegale legalerappresentante legalerappr "
                              "rappresentante amministratore"},
+    // No field of the delivered archive, but one of some offices' own.
+    Sinonimi{u"Titolo", u"titolo titoli titoloonorifico trattamento appellativo qualifica prefisso "
+                        "prefissonome honorific honorificprefix nameprefix"},
     Sinonimi{u"Note", u"note nota annotazioni annotazione osservazioni commenti commento notes comments"},
 };
 
@@ -100,8 +104,18 @@ QString Titolo(const Campo& Descritto)
 bool HaCampo(const QList<Campo>& Campi, QStringView Nome)
 {
     return std::ranges::any_of(Campi, [&](const Campo& Uno) {
-        return !Uno.Contatore && Uno.Name.compare(Nome, Qt::CaseInsensitive) == 0;
+        return !EChiave(Uno) && Uno.Name.compare(Nome, Qt::CaseInsensitive) == 0;
     });
+}
+
+/// The field of a key: the one of its name, else one that an office has called by another word for it.
+QList<Campo>::const_iterator CampoPer(const QString& Chiave, const QList<Campo>& Campi)
+{
+    const auto DelNome = std::ranges::find_if(
+        Campi, [&](const Campo& Uno) { return Uno.Name.compare(Chiave, Qt::CaseInsensitive) == 0; });
+    if (DelNome != Campi.end() || Chiave.isEmpty())
+        return DelNome;
+    return std::ranges::find_if(Campi, [&](const Campo& Uno) { return ChiaveDi(Nudo(Uno.Name)) == Chiave; });
 }
 
 }  // namespace
@@ -110,7 +124,7 @@ QList<MetaColonna> MeteDi(const QList<Campo>& Campi)
 {
     QList<MetaColonna> Mete{{QString(), u"(non importare)"_s}};
     for (const Campo& Uno : Campi) {
-        if (Uno.Contatore)
+        if (EChiave(Uno))
             continue;
         Mete.append({Uno.Name, Titolo(Uno)});
         const auto E = [&](QStringView Nome) { return Uno.Name.compare(Nome, Qt::CaseInsensitive) == 0; };
@@ -140,15 +154,14 @@ QStringList AbbinaColonne(const QStringList& Titoli, const QList<Campo>& Campi)
     // The archive's own words come before those that other programs use.
     for (const Campo& Uno : Campi)
         for (const QString& Parola : {Nudo(Uno.Name), Nudo(Titolo(Uno))})
-            if (const qsizetype Colonna = Nudi.indexOf(Parola); Colonna >= 0 && !Uno.Contatore)
+            if (const qsizetype Colonna = Nudi.indexOf(Parola); Colonna >= 0 && !EChiave(Uno))
                 Prendi(Colonna, Uno.Name);
     for (qsizetype i = 0; i < Nudi.size(); ++i) {
         const QString Chiave = ChiaveDi(Nudi[i]);
-        const auto Vero = std::ranges::find_if(
-            Campi, [&](const Campo& Uno) { return Uno.Name.compare(Chiave, Qt::CaseInsensitive) == 0; });
+        const auto Vero = CampoPer(Chiave, Campi);
         const bool DelNome =
             Chiave == parte::Cognome || Chiave == parte::Nome || Chiave == parte::Organizzazione;
-        if (Vero != Campi.end() && !Vero->Contatore)
+        if (Vero != Campi.end() && !EChiave(*Vero))
             Prendi(i, Vero->Name);
         else if ((DelNome && HaCampo(Campi, u"Nominativo")) ||
                  (Chiave == parte::Civico && HaCampo(Campi, u"Indirizzo")))
@@ -158,6 +171,41 @@ QStringList AbbinaColonne(const QStringList& Titoli, const QList<Campo>& Campi)
     const bool Intero = Prese.contains(u"Nominativo"_s) || Prese.contains(parte::Cognome.toString());
     if (!Intero && Prese.contains(parte::Nome.toString()))
         Chiavi[Chiavi.indexOf(parte::Nome)] = u"Nominativo"_s;
+    return Chiavi;
+}
+
+SceltaColonna SceltaDi(const QStringList& Titoli, int Posto, const QString& Chiave)
+{
+    const QString Titolo = Titoli.value(Posto);
+    return {.Titolo = Titolo,
+            .Volta = int(std::count(Titoli.begin(), Titoli.begin() + Posto, Titolo)),
+            .Posto = Posto,
+            .Colonne = int(Titoli.size()),
+            .Chiave = Chiave};
+}
+
+QStringList AbbinaConScelte(const QStringList& Titoli, const QList<Campo>& Campi,
+                            const QList<SceltaColonna>& Scelte, bool PerPosto)
+{
+    const auto Colonna = [&](const SceltaColonna& Scelta) -> qsizetype {
+        qsizetype Posto = -1;
+        for (int Volta = 0; Volta <= Scelta.Volta; ++Volta)
+            if (Posto = Titoli.indexOf(Scelta.Titolo, Posto + 1); Posto < 0)
+                break;
+        const bool StessoPosto = PerPosto && Scelta.Colonne == Titoli.size();
+        return Posto < 0 && StessoPosto ? Scelta.Posto : Posto;
+    };
+    QMap<qsizetype, QString> AMano;
+    for (const SceltaColonna& Scelta : Scelte)
+        if (const qsizetype Posto = Colonna(Scelta); Posto >= 0)
+            AMano[Posto] = Scelta.Chiave;
+    const QList<QString> Prese = AMano.values();
+    QStringList Chiavi = AbbinaColonne(Titoli, Campi);
+    for (qsizetype i = 0; i < Chiavi.size(); ++i)
+        if (AMano.contains(i))
+            Chiavi[i] = AMano[i];
+        else if (Prese.contains(Chiavi[i]))
+            Chiavi[i].clear();
     return Chiavi;
 }
 

@@ -61,6 +61,8 @@ public:
         return true;
     }
     [[nodiscard]] int LineaInizio() const { return Inizio; }
+    /// Characters behind this one.
+    [[nodiscard]] qsizetype Letti() const { return Posto; }
     /// The text has ended inside quotes.
     [[nodiscard]] bool Aperta() const { return FraVirgolette; }
 
@@ -181,7 +183,7 @@ QChar SeparatoreDetto(QStringView& Testo)
 
 }  // namespace
 
-RigheCsv LeggiCsv(const QByteArray& Byte, const OpzioniCsv& Come)
+RigheCsv LeggiCsv(const QByteArray& Byte, const OpzioniCsv& Come, const AvanzamentoLettura& Prosegui)
 {
     RigheCsv Lette;
     const QString Intero = LeggiTestoEstraneo(Byte, Come.Codifica, &Lette.Codifica);
@@ -195,7 +197,9 @@ RigheCsv LeggiCsv(const QByteArray& Byte, const OpzioniCsv& Come)
     if (!Detto.isNull())
         (void)Righe.Prossima(Celle);
     qsizetype Tutte = 0;
+    PassiDiLettura Passi(Prosegui, Testo.size());
     while (Righe.Prossima(Celle)) {
+        Passi.A(Righe.Letti());
         if (std::ranges::all_of(Celle, [](const QString& Cella) { return Cella.isEmpty(); }))
             continue;
         Tutte += Celle.size();

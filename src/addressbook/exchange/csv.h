@@ -1,6 +1,7 @@
 // Rows separated by commas, as Italian spreadsheets read and write them.
 #pragma once
 
+#include "addressbook/exchange/tabellaestranea.h"
 #include "addressbook/exchange/testoestraneo.h"
 
 #include <QByteArray>
@@ -31,8 +32,10 @@ struct RigheCsv
 /// Reads rows. A cell in quotes may hold separators, line breaks and doubled quotes; quotes inside a cell
 /// that does not begin with one stand for themselves. A first line "sep=;" names the separator. The
 /// apostrophe that CellaCsv puts before a formula is taken away.
-/// @throws Errore NumeroFileRifiutato for what is no text, ends inside quotes, or passes the limits
-[[nodiscard]] RigheCsv LeggiCsv(const QByteArray& Byte, const OpzioniCsv& Come = {});
+/// @throws Errore NumeroFileRifiutato for what is no text, ends inside quotes, or passes the limits; 0 when
+/// `Prosegui` stopped it
+[[nodiscard]] RigheCsv LeggiCsv(const QByteArray& Byte, const OpzioniCsv& Come = {},
+                                const AvanzamentoLettura& Prosegui = {});
 
 /// A cell as it is written: an apostrophe keeps a text from being a formula, quotes stand where they must.
 [[nodiscard]] QString CellaCsv(const QString& Testo);

@@ -2,6 +2,7 @@
 
 #include "addressbook/exchange/archivionativo.h"
 #include "addressbook/exchange/tabellaestranea.h"
+#include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
@@ -14,26 +15,56 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int MassimoFondo = 16;
-constexpr int MassimoFile = 50'000;
-
-/// Paths of the databases below a folder, from it on, in the order of a reader.
-void Raccogli(const QString& Radice, const QString& Sotto, int Fondo, QStringList& Trovati)
+/// What stands below a folder: paths of the databases, from it on, in the order of a reader, and folders that
+/// were not looked into.
+struct Trovate
 {
+    QStringList File;
+    QList<EsitoNota> Saltate;
+};
+
+[[noreturn]] void TroppiFile(const QString& Radice)
+{
+    RifiutaFile(u"Nella cartella \"%1\" ci sono più di %2 parcelle: copiare una alla volta le cartelle che "
+                "contiene."_s.arg(Radice, Format(notevecchie::MassimoFile, u"#,##0")));
+}
+
+void Raccogli(const QString& Radice, const QString& Sotto, int Fondo, const std::function<bool()>& Ancora,
+              Trovate& Tutte)
+{
+    if (!Ancora())
+        throw Errore(0);  // the user has stopped it, and knows
+    const auto Salta = [&](const QString& Cartella, const QString& Perche) {
+        Tutte.Saltate.append({.Nome = Cartella, .Detto = Perche, .Cartella = true});
+    };
     QStringList Dentro;
-    const qsizetype Prima = Trovati.size();
-    (void)ScorriCartella(Radice + Sotto, [&](VoceCartella&& Voce) {
-        if (Voce.Cartella && !Voce.Collegamento && Fondo < MassimoFondo)
-            Dentro.append(Barra(Sotto + Voce.Nome));
-        else if (!Voce.Cartella && (Voce.Nome.endsWith(u".mdb", Qt::CaseInsensitive) ||
-                                    Voce.Nome.endsWith(u".accdb", Qt::CaseInsensitive)))
-            Trovati.append(Sotto + Voce.Nome);
-        return Trovati.size() < MassimoFile;
-    });
-    std::sort(Trovati.begin() + Prima, Trovati.end());
+    const qsizetype Prima = Tutte.File.size();
+    try {
+        (void)ScorriCartella(Radice + Sotto, [&](VoceCartella&& Voce) {
+            if (Voce.Cartella && Voce.Collegamento)
+                Salta(Barra(Sotto + Voce.Nome), u"collegamento a un'altra cartella"_s);
+            else if (Voce.Cartella)
+                Dentro.append(Barra(Sotto + Voce.Nome));
+            else if (Voce.Nome.endsWith(u".mdb", Qt::CaseInsensitive) ||
+                     Voce.Nome.endsWith(u".accdb", Qt::CaseInsensitive))
+                Tutte.File.append(Sotto + Voce.Nome);
+            if (Tutte.File.size() > notevecchie::MassimoFile)
+                TroppiFile(Radice);
+            return true;
+        });
+    } catch (const Errore& Guasto) {
+        if (Sotto.isEmpty() || Guasto.Numero == NumeroFileRifiutato)
+            throw;
+        Salta(Sotto, Guasto.Descrizione);
+    }
+    std::sort(Tutte.File.begin() + Prima, Tutte.File.end());
     Dentro.sort();
-    for (const QString& Cartella : std::as_const(Dentro))
-        Raccogli(Radice, Cartella, Fondo + 1, Trovati);
+    for (const QString& Cartella : std::as_const(Dentro)) {
+        if (Fondo < notevecchie::MassimoFondo)
+            Raccogli(Radice, Cartella, Fondo + 1, Ancora, Tutte);
+        else
+            Salta(Cartella, u"oltre %1 cartelle una dentro l'altra"_s.arg(notevecchie::MassimoFondo));
+    }
 }
 
 /// A note of this program is called ".mdb".
@@ -51,9 +82,17 @@ std::optional<QList<EsitoNota>> CopiaNote(const QString& Da, const QString& A,
     const QString Arrivo = Barra(PercorsoIntero(A));
     if (PercorsoNativo(Origine) == PercorsoNativo(Arrivo))
         RifiutaFile(u"Le copie andrebbero nella cartella delle vecchie parcelle: sceglierne un'altra."_s);
-    QStringList File;
-    Raccogli(Origine, QString(), 0, File);
-    if (File.isEmpty())
+    Trovate Sotto;
+    try {
+        Raccogli(
+            Origine, QString(), 0, [&] { return !Prosegui || Prosegui(0, 0); }, Sotto);
+    } catch (const Errore& Guasto) {
+        if (Guasto.Numero != 0)
+            throw;
+        return std::nullopt;
+    }
+    const QStringList& File = Sotto.File;
+    if (File.isEmpty() && Sotto.Saltate.isEmpty())
         RifiutaFile(
             u"Nella cartella \"%1\" non ci sono parcelle (file .mdb): sceglierne un'altra."_s.arg(Da));
     QList<EsitoNota> Esiti;
@@ -75,7 +114,7 @@ std::optional<QList<EsitoNota>> CopiaNote(const QString& Da, const QString& A,
             ScartaCartella(Fatte.takeLast());
         return std::nullopt;
     };
-    for (const QString& Nome : std::as_const(File)) {
+    for (const QString& Nome : File) {
         const auto Ancora = [&] { return !Prosegui || Prosegui(int(Esiti.size()), int(File.size())); };
         if (!Ancora())
             return Ferma();
@@ -107,24 +146,50 @@ std::optional<QList<EsitoNota>> CopiaNote(const QString& Da, const QString& A,
         }
         Esiti.append(Esito);
     }
-    return Esiti;
+    return Esiti + Sotto.Saltate;
+}
+
+ContoNote Conta(const QList<EsitoNota>& Esiti)
+{
+    ContoNote Conto;
+    for (const EsitoNota& Esito : Esiti) {
+        ++(Esito.Cartella ? Conto.CartelleSaltate : Conto.File);
+        Conto.Copiate += Esito.Copiata;
+    }
+    return Conto;
+}
+
+QString FraseNote(const ContoNote& Conto)
+{
+    const QString Copiate =
+        u"Parcelle copiate: %1 su %2"_s.arg(Format(Conto.Copiate, u"#,##0"), Format(Conto.File, u"#,##0"));
+    if (Conto.CartelleSaltate == 0)
+        return Copiate + u'.';
+    return Copiate +
+           (Conto.CartelleSaltate == 1
+                ? u"; una cartella non è stata guardata."_s
+                : u"; %1 cartelle non sono state guardate."_s.arg(Format(Conto.CartelleSaltate, u"#,##0")));
 }
 
 QString ResocontoNote(const QString& Da, const QString& A, const QList<EsitoNota>& Esiti)
 {
-    const auto Copiate = std::ranges::count_if(Esiti, &EsitoNota::Copiata);
+    const ContoNote Conto = Conta(Esiti);
     QStringList Righe{u"Copia delle vecchie parcelle del "_s + Adesso().toString(u"dd/MM/yyyy HH:mm"),
                       u"Da: "_s + Da,
                       u"In: "_s + A,
                       QString(),
-                      u"Copiate: "_s + Format(double(Copiate), u"#,##0") + u" di "_s +
-                          Format(double(Esiti.size()), u"#,##0"),
+                      u"Copiate: "_s + Format(Conto.Copiate, u"#,##0") + u" di "_s +
+                          Format(Conto.File, u"#,##0"),
                       u"I file d'origine sono rimasti come erano."_s,
                       QString()};
-    for (const EsitoNota& Esito : Esiti)
-        Righe.append(Esito.Nome + (Esito.Copiata ? u": copiata"_s : u": non copiata"_s) +
+    for (const EsitoNota& Esito : Esiti) {
+        const QString Come = Esito.Cartella  ? u": cartella non guardata"_s
+                             : Esito.Copiata ? u": copiata"_s
+                                             : u": non copiata"_s;
+        Righe.append(Esito.Nome + Come +
                      (Esito.Detto.isEmpty()
                           ? QString()
                           : (Esito.Copiata ? u"; tralasciati: "_s : u", "_s) + Esito.Detto));
+    }
     return Righe.join(u'\n') + u'\n';
 }

@@ -8,20 +8,44 @@
 #include <functional>
 #include <optional>
 
-/// What became of a file.
+/// What became of a file, or of a folder that was not looked into.
 struct EsitoNota
 {
     QString Nome;  ///< path below the folder
     bool Copiata = false;
     QString Detto;  ///< why not, or what of it was left out; may be empty
+    bool Cartella = false;
 };
 
+/// How many, as one looks at them.
+struct ContoNote
+{
+    int File = 0;
+    int Copiate = 0;
+    int CartelleSaltate = 0;
+};
+
+[[nodiscard]] ContoNote Conta(const QList<EsitoNota>& Esiti);
+/// One sentence: how many were copied, and whether folders were left out.
+[[nodiscard]] QString FraseNote(const ContoNote& Conto);
+
+namespace notevecchie {
+
+/// Folders below the first one that are looked into; what lies deeper is told.
+inline constexpr int MassimoFondo = 16;
+/// Files that one copy takes; a folder with more of them is refused. The tests set it.
+inline int MassimoFile = 50'000;
+
+}  // namespace notevecchie
+
 /// Copies the databases of a folder and of those below it into another one, in the same tree. A file that is
-/// there already is never replaced; the old ones are only read.
+/// there already is never replaced; the old ones are only read. A folder that is not looked into, because it
+/// lies too deep, is a link, or cannot be read, is told behind the files.
 /// @param Prosegui asked between files and while one is copied; false stops it, and what was copied goes
 /// again
-/// @return what became of each; none when it was stopped
-/// @throws Errore NumeroFileRifiutato when the two folders are one or hold no databases, 76, 75
+/// @return what became of each file; none when it was stopped
+/// @throws Errore NumeroFileRifiutato when the two folders are one, or hold no databases or too
+/// many, 76, 75
 [[nodiscard]] std::optional<QList<EsitoNota>>
 CopiaNote(const QString& Da, const QString& A,
           const std::function<bool(int Fatte, int Tutte)>& Prosegui = {});

@@ -9,24 +9,35 @@
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QByteArray LeggiLimitato(const QString& File)
+QByteArray LeggiLimitato(const QString& File, const AvanzamentoLettura& Prosegui)
 {
-    try {
-        return LeggiFile(File, limiti::ByteFile);
-    } catch (const Errore& Guasto) {
-        if (Guasto.Numero != errori::Memoria)
-            throw;
-        constexpr int Mega = 20;
+    const qint64 Lungo = QFileInfo(File).size();
+    PassiDiLettura Passi(Prosegui, Lungo);
+    QByteArray Byte;
+    qint64 Letti = Lungo;  // a file that says how long it is need not be read for that
+    if (Lungo <= limiti::ByteFile) {
+        Byte.reserve(Lungo);
+        LeggiAPezzi(File, [&](QByteArrayView Pezzo) {
+            Byte += Pezzo;
+            Letti = Byte.size();
+            Passi.A(Letti);
+            return Letti <= limiti::ByteFile;
+        });
+    }
+    constexpr int Mega = 20;
+    if (Letti > limiti::ByteFile)
         RifiutaFile(u"Il file \"%1\" è più grande di %2 MB: dividerlo e importarne una parte alla volta."_s
                         .arg(NomeFile(File))
                         .arg(limiti::ByteFile >> Mega));
-    }
+    return Byte;
 }
 
 /// True for a text that begins as a card.
@@ -86,14 +97,15 @@ QStringList InOrdine(QStringList Nomi)
 
 struct SorgenteNominativi::Nativo
 {
-    Nativo(const QString& File, const std::function<bool(qint64)>& Prosegui)
-        : Copia(File, Prosegui), Db(OpenDatabase(Copia.File(), true))
+    Nativo(const QString& File, const AvanzamentoLettura& Prosegui)
+        : Copia(File, [&](qint64 Fatti) { return !Prosegui || Prosegui(Fatti, 0); }),
+          Db(OpenDatabase(Copia.File(), true))
     {}
     ArchivioNativo Copia;
     Database Db;
 };
 
-SorgenteNominativi::SorgenteNominativi(const QString& DiFile, const std::function<bool(qint64)>& Prosegui)
+SorgenteNominativi::SorgenteNominativi(const QString& DiFile, const AvanzamentoLettura& Prosegui)
     : Percorso(DiFile)
 {
     if (EArchivio(Percorso)) {
@@ -105,40 +117,42 @@ SorgenteNominativi::SorgenteNominativi(const QString& DiFile, const std::functio
                 u"L'archivio \"%1\" non contiene tabelle: sceglierne un altro."_s.arg(NomeFile(Percorso)));
         return;
     }
-    Byte = LeggiLimitato(Percorso);
+    Byte = LeggiLimitato(Percorso, Prosegui);
     Che = EVcard(Byte) ? GenereSorgente::Vcard : GenereSorgente::Csv;
 }
 
 SorgenteNominativi::~SorgenteNominativi() = default;
 
-TabellaEstranea SorgenteNominativi::Leggi(OpzioniSorgente& Come) const
+TabellaEstranea SorgenteNominativi::Leggi(OpzioniSorgente& Come, const AvanzamentoLettura& Prosegui) const
 {
     if (Che == GenereSorgente::Vcard)
-        return LeggiVcard(Byte);
+        return LeggiVcard(Byte, Prosegui);
     if (Che == GenereSorgente::Csv) {
-        RigheCsv Lette = LeggiCsv(Byte, Come.Csv);
+        RigheCsv Lette = LeggiCsv(Byte, Come.Csv, Prosegui);
         Come.Csv.Separatore = Lette.Separatore;
         Come.Csv.Codifica = Lette.Codifica;
         return DaRighe(std::move(Lette), Come.PrimaRigaTitoli);
     }
-    if (!NomiTabelle.contains(Come.Tabella, Qt::CaseInsensitive))
-        Come.Tabella = NomiTabelle.first();
-    const Recordset Righe = Archivio->Db.OpenRecordset(Come.Tabella);
+    const QString Quale =
+        NomiTabelle.contains(Come.Tabella, Qt::CaseInsensitive) ? Come.Tabella : NomiTabelle.first();
+    const Recordset Righe = Archivio->Db.OpenRecordset(Quale);
     TabellaEstranea Tabella;
     for (const Campo& Uno : Righe.Campi())
         Tabella.Titoli.append(Uno.Name);
     if (Tabella.Titoli.size() > limiti::Colonne || Righe.RecordCount() > limiti::Righe ||
         Tabella.Titoli.size() * qsizetype(Righe.RecordCount()) > limiti::Celle)
         RifiutaFile(u"La tabella \"%1\" ha troppe righe o colonne per una sola volta: usare \"Usa questo "
-                    "archivio\", che lo prende intero."_s.arg(Come.Tabella));
+                    "archivio\", che lo prende intero."_s.arg(Quale));
     // What other tables lack is no matter of this one.
     for (const QString& Detto : Archivio->Copia.Lasciati())
-        if (Detto.startsWith(Come.Tabella + u'.', Qt::CaseInsensitive))
+        if (Detto.startsWith(Quale + u'.', Qt::CaseInsensitive))
             Tabella.Avvisi.append(u"tralasciato, "_s + Detto);
-    constexpr int Porzione = 4000;
+    constexpr int Porzione = 1000;
     int Numero = 0;
     std::optional<qint64> Ultima;
-    do
+    do {
+        if (Prosegui && !Prosegui(Numero, Righe.RecordCount()))
+            throw Errore(0);  // the user has stopped it, and knows
         Ultima = Righe.Scorri(Tabella.Titoli, Ultima, Porzione, [&](const RigaScorsa& Riga) {
             QStringList Celle;
             for (int i = 0; i < Tabella.Titoli.size(); ++i)
@@ -146,6 +160,7 @@ TabellaEstranea SorgenteNominativi::Leggi(OpzioniSorgente& Come) const
             Tabella.Righe.push_back(Celle);
             Tabella.Numeri.push_back(++Numero);
         });
-    while (Ultima);
+    } while (Ultima);
+    Come.Tabella = Quale;
     return Tabella;
 }

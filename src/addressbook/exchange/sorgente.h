@@ -7,7 +7,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <functional>
 #include <memory>
 #include <optional>
 
@@ -25,11 +24,10 @@ struct OpzioniSorgente
 class SorgenteNominativi
 {
 public:
-    /// @param Prosegui asked now and then while an archive of Access is read; false stops it
+    /// @param Prosegui asked now and then while the file, or an archive of Access, is read; false stops it
     /// @throws Errore NumeroFileRifiutato when it is no source, or larger than a program may ask for; 53, 75;
     /// 0 when it was stopped
-    explicit SorgenteNominativi(const QString& DiFile,
-                                const std::function<bool(qint64 Fatti)>& Prosegui = {});
+    explicit SorgenteNominativi(const QString& DiFile, const AvanzamentoLettura& Prosegui = {});
     ~SorgenteNominativi();
     SorgenteNominativi(const SorgenteNominativi&) = delete;
     SorgenteNominativi& operator=(const SorgenteNominativi&) = delete;
@@ -39,8 +37,9 @@ public:
     /// The tables of an archive that hold names, as far as their names say so first; none of a text.
     [[nodiscard]] const QStringList& Tabelle() const { return NomiTabelle; }
     /// The rows. What a spreadsheet's file was read as is told in `Come`.
-    /// @throws Errore as LeggiCsv, LeggiVcard, Database::OpenRecordset
-    [[nodiscard]] TabellaEstranea Leggi(OpzioniSorgente& Come) const;
+    /// @param Prosegui asked now and then; false stops it, and `Come` is as it was
+    /// @throws Errore as LeggiCsv, LeggiVcard, Database::OpenRecordset; 0 when it was stopped
+    [[nodiscard]] TabellaEstranea Leggi(OpzioniSorgente& Come, const AvanzamentoLettura& Prosegui = {}) const;
 
 private:
     struct Nativo;

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <vector>
 
 /// What of a foreign file is taken at most; beyond it the file is refused with a sentence.
@@ -27,6 +28,32 @@ struct TabellaEstranea
     std::vector<int> Numeri;                 ///< of each row in its file: line, card or row, from 1
     QString Unita = QStringLiteral("riga");  ///< what the numbers count
     QStringList Avvisi = {};                 ///< what of the file could not be read
+};
+
+/// Long reading says how far it is, in units of its own. @return false when it is to stop
+using AvanzamentoLettura = std::function<bool(qint64 Fatti, qint64 Tutti)>;
+
+/// Asks now and then, however long the pieces are that a reader takes. Stopped, it throws the error 0, which
+/// nobody tells.
+class PassiDiLettura
+{
+public:
+    PassiDiLettura(const AvanzamentoLettura& DaChiedere, qint64 DiTutti) : Chiedi(DaChiedere), Tutti(DiTutti)
+    {}
+    void A(qint64 Fatti)
+    {
+        constexpr qint64 Passo = qint64(128) << 10;
+        if (!Chiedi || Fatti < Prossimo)
+            return;
+        Prossimo = Fatti + Passo;
+        if (!Chiedi(Fatti, Tutti))
+            throw Errore(0);
+    }
+
+private:
+    const AvanzamentoLettura& Chiedi;
+    qint64 Tutti;
+    qint64 Prossimo = 0;
 };
 
 /// The number of the error of a file that is not taken; its description says what is wrong with it and what

@@ -74,6 +74,9 @@ class Linee
 public:
     explicit Linee(const QByteArray& DiByte) : Byte(DiByte) {}
 
+    /// Bytes behind this line.
+    [[nodiscard]] qsizetype Letti() const { return Posto; }
+
     bool Prossima(QByteArray& Linea)
     {
         if (!Una(Linea))
@@ -296,7 +299,7 @@ public:
         if (Letta.Grezzo.size() > MassimoGrezzo * limiti::CaratteriCella)
             TroppoLungo(Numero);
         if (Nome == u"N")
-            Persona = Uniti(Componenti(Letta, u" "_s).mid(0, 3));
+            Persone(Componenti(Letta, u" "_s));
         else if (Nome == u"FN")
             Mostrato = Semplice(Letta);
         else if (Nome == u"ORG")
@@ -343,6 +346,15 @@ private:
             return;
         const int Volte = ++Quante[Colonna];
         Valori.append({Volte == 1 ? Colonna : Colonna + u' ' + QString::number(Volte), Testo});
+    }
+
+    /// Family name, given names, others; what stands before and behind a name is no part of it, because the
+    /// archive is in the order of family names.
+    void Persone(const QStringList& Parti)
+    {
+        constexpr int DelNome = 3;
+        Persona = Uniti(Parti.mid(0, DelNome));
+        Metti(u"Titolo"_s, Uniti(Parti.mid(DelNome, 2)));
     }
 
     void Indirizzo(const QStringList& Parti)
@@ -449,7 +461,7 @@ private:
 
 }  // namespace
 
-TabellaEstranea LeggiVcard(const QByteArray& Byte)
+TabellaEstranea LeggiVcard(const QByteArray& Byte, const AvanzamentoLettura& Prosegui)
 {
     // Texts of Windows-1252 stay as they are: each property says its own characters.
     CodificaTesto Codifica = CodificaTesto::Automatica;
@@ -461,7 +473,9 @@ TabellaEstranea LeggiVcard(const QByteArray& Byte)
     int Dentro = 0;  // cards within cards are somebody's agents
     int Numero = 0;
     Linee Righe(Testo);
+    PassiDiLettura Passi(Prosegui, Testo.size());
     for (QByteArray Linea; Righe.Prossima(Linea);) {
+        Passi.A(Righe.Letti());
         const std::optional<Proprieta> Letta = LeggiProprieta(Linea);
         if (!Letta)
             continue;

@@ -385,10 +385,7 @@ void frmImporta::CopiaParcelle()
         });
         if (!Esiti)
             return;
-        const auto Copiate = std::ranges::count_if(*Esiti, &EsitoNota::Copiata);
-        MostraResoconto(u"Parcelle copiate: %1 su %2."_s.arg(Format(double(Copiate), u"#,##0"),
-                                                             Format(double(Esiti->size()), u"#,##0")),
-                        ResocontoNote(File(), A, *Esiti), false);
+        MostraResoconto(FraseNote(Conta(*Esiti)), ResocontoNote(File(), A, *Esiti), false);
         if (Aperture.RinfrescaTrova)
             Aperture.RinfrescaTrova();
     });

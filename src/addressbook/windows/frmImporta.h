@@ -2,6 +2,7 @@
 #pragma once
 
 #include "addressbook/exchange/annullo.h"
+#include "addressbook/exchange/colonneimporta.h"
 #include "addressbook/exchange/importa.h"
 #include "addressbook/exchange/sorgente.h"
 #include "platform/base/tabellarighe.h"
@@ -86,8 +87,9 @@ private:
     std::unique_ptr<SorgenteNominativi> Sorgente;
     OpzioniSorgente Opzioni;
     TabellaEstranea Letta;
-    QList<Campo> Campi;  ///< of the table that takes the names
-    QStringList Chiavi;  ///< where each column goes
+    QList<Campo> Campi;           ///< of the table that takes the names
+    QStringList Chiavi;           ///< where each column goes
+    QList<SceltaColonna> Scelte;  ///< those that were set by hand
     std::unique_ptr<ImportaNominativi> Opera;
     TabellaRighe RigheColonne;
     TabellaRighe RigheAnteprima;

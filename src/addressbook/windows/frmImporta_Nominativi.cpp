@@ -4,6 +4,7 @@
 #include "addressbook/exchange/colonneimporta.h"
 #include "addressbook/windows/rubriche.h"
 #include "platform/accesso/accesso.h"
+#include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
@@ -135,12 +136,17 @@ void frmImporta::ApriSorgente()
             RifiutaFile(u"È l'archivio in uso: scegliere il file da cui importare."_s);
         Campi = Db.Campi(Tabella());
         AlLavoroPer([this] {
-            (void)Avanza(0, 0);
-            Sorgente = std::make_unique<SorgenteNominativi>(File(), [this](qint64) { return Avanza(0, 0); });
-            Opzioni = {};
-            Opzioni.Tabella = Tabella();
-            Letta = Sorgente->Leggi(Opzioni);
+            const auto Passo = [this](qint64 Fatti, qint64 Tutti) { return Avanza(Fatti, Tutti); };
+            if (!Passo(0, 0))
+                throw Errore(0);  // stopped before it has begun
+            auto Nuova = std::make_unique<SorgenteNominativi>(File(), Passo);
+            OpzioniSorgente Come;
+            Come.Tabella = Tabella();
+            Letta = Nuova->Leggi(Come, Passo);
+            Sorgente = std::move(Nuova);
+            Opzioni = Come;
         });
+        Scelte.clear();
         Chiavi = AbbinaColonne(Letta.Titoli, Campi);
         MostraLettura();
         MostraAnteprima();
@@ -180,11 +186,15 @@ void frmImporta::Rileggi(OpzioniSorgente Nuove)
     if (!Sorgente)
         return;
     (void)Tenta([&] {
-        const ClessidraAccesa Attesa;
-        TabellaEstranea Altra = Sorgente->Leggi(Nuove);
+        TabellaEstranea Altra;
+        AlLavoroPer([&] {
+            Altra =
+                Sorgente->Leggi(Nuove, [this](qint64 Fatti, qint64 Tutti) { return Avanza(Fatti, Tutti); });
+        });
         Opzioni = Nuove;
         Letta = std::move(Altra);
-        Chiavi = AbbinaColonne(Letta.Titoli, Campi);
+        // Another table's places are other fields'; a text read anew has its own where they were.
+        Chiavi = AbbinaConScelte(Letta.Titoli, Campi, Scelte, Sorgente->Genere() != GenereSorgente::Archivio);
     });
     MostraLettura();
     MostraAnteprima();
@@ -266,7 +276,12 @@ void frmImporta::cmbMeta_Click(int Voce)
     const auto Riga = ui->tdbColonne->RigaCorrente();
     if (!Riga || *Riga >= Chiavi.size())
         return;
-    Chiavi[*Riga] = ui->cmbMeta->itemData(Voce).toString();
+    const QString Chiave = ui->cmbMeta->itemData(Voce).toString();
+    // Whoever sends a second column into a field means the first one too.
+    for (int i = 0; i < Chiavi.size(); ++i)
+        if (i == *Riga || (!Chiave.isEmpty() && Chiavi[i] == Chiave))
+            Scelte.append(SceltaDi(Letta.Titoli, i, Chiave));
+    Chiavi[*Riga] = Chiave;
     ContaUsate();
 }
 

@@ -13,6 +13,10 @@ private Q_SLOTS:
     void unCampoUnaVolta();
     void leMete();
     void unArchivioSuo();
+    void unCampoDettoAltrimenti();
+    void laChiaveNonSiAbbina();
+    void leScelteRestano_data();
+    void leScelteRestano();
     void iTitoli();
     void laRiga_data();
     void laRiga();
@@ -83,6 +87,68 @@ void TestColonneImporta::unArchivioSuo()
                             {u"Pratica"_s, TipoCampo::Testo, 20, u"L=Numero pratica"_s, false}};
     QCOMPARE(AbbinaColonne({u"Cliente"_s, u"Città"_s, u"Numero pratica"_s, u"CAP"_s}, Suoi),
              (QStringList{u"Nominativo"_s, u"citta"_s, u"Pratica"_s, QString()}));
+}
+
+/// A field that an office has called by another word.
+void TestColonneImporta::unCampoDettoAltrimenti()
+{
+    const QList<Campo> Suoi{{u"ID"_s, TipoCampo::Lungo, 0, {}, true},
+                            {u"Nominativo"_s, TipoCampo::Testo, 60, {}, false},
+                            {u"Localita"_s, TipoCampo::Testo, 60, {}, false},
+                            {u"Trattamento"_s, TipoCampo::Testo, 20, {}, false}};
+    QCOMPARE(AbbinaColonne({u"Nominativo"_s, u"Città"_s, u"Titolo"_s}, Suoi),
+             (QStringList{u"Nominativo"_s, u"Localita"_s, u"Trattamento"_s}));
+}
+
+/// Another archive's keys are other people's, even where the archive has them as plain numbers.
+void TestColonneImporta::laChiaveNonSiAbbina()
+{
+    const QList<Campo> Suoi{{u"Id"_s, TipoCampo::Lungo, 0, u"L=N."_s, false},
+                            {u"Nominativo"_s, TipoCampo::Testo, 60, {}, false}};
+    QCOMPARE(AbbinaColonne({u"ID"_s, u"Nominativo"_s, u"N."_s}, Suoi),
+             (QStringList{QString(), u"Nominativo"_s, QString()}));
+    for (const MetaColonna& Meta : MeteDi(Suoi))
+        QVERIFY2(Meta.Chiave != u"Id", qPrintable(Meta.Titolo));
+}
+
+void TestColonneImporta::leScelteRestano_data()
+{
+    QTest::addColumn<QString>("Prima");
+    QTest::addColumn<QString>("Scelte");  // "place=key"
+    QTest::addColumn<QString>("Dopo");
+    QTest::addColumn<bool>("PerPosto");
+    QTest::addColumn<QString>("Chiavi");
+    const auto Riga = [](const char* Nome, QStringView Prima, QStringView Scelte, QStringView Dopo,
+                         bool PerPosto, QStringView Chiavi) {
+        QTest::newRow(Nome) << Prima.toString() << Scelte.toString() << Dopo.toString() << PerPosto
+                            << Chiavi.toString();
+    };
+    Riga("by title", u"Chi;Dove;Cosa", u"0=Nominativo,2=Note", u"Cosa;Altro;Chi", true, u"Note;;Nominativo");
+    Riga("a title that another code spells otherwise", u"Chi;CittÃ\u00a0 natale", u"0=Nominativo,1=Citta",
+         u"Chi;Città natale", true, u"Nominativo;Citta");
+    Riga("titles that are rows now", u"Chi;Dove", u"0=Nominativo,1=Citta", u"Colonna 1;Colonna 2", true,
+         u"Nominativo;Citta");
+    Riga("what fits no more goes", u"Chi;Dove", u"0=Nominativo,1=Citta", u"Chi;x;y", true, u"Nominativo;;");
+    Riga("one that was left stays so", u"Nominativo;Telefono", u"1=", u"Nominativo;Telefono", true,
+         u"Nominativo;");
+    Riga("the rest by itself", u"Chi;CAP", u"0=Nominativo", u"Chi;CAP;Prov", true, u"Nominativo;Cap;Prov");
+    Riga("but to no field that was chosen", u"Chi;x", u"0=Nominativo", u"Chi;Denominazione", true,
+         u"Nominativo;");
+    Riga("the second one of a title", u"Tel;Tel", u"1=Cellulare", u"x;Tel;Tel", true, u";Telefono;Cellulare");
+    Riga("another table has no places", u"Chi;Dove", u"0=Nominativo,1=Citta", u"Uno;Dove", false, u";Citta");
+    Riga("the later choice", u"Chi;Dove", u"0=Nominativo,0=Note", u"Chi;Dove", true, u"Note;");
+}
+
+void TestColonneImporta::leScelteRestano()
+{
+    QFETCH(QString, Prima);
+    QFETCH(QString, Scelte);
+    QFETCH(QString, Dopo);
+    QFETCH(bool, PerPosto);
+    QList<SceltaColonna> AMano;
+    for (const QString& Una : Scelte.split(u','))
+        AMano.append(SceltaDi(Prima.split(u';'), Una.section(u'=', 0, 0).toInt(), Una.section(u'=', 1)));
+    QTEST(AbbinaConScelte(Dopo.split(u';'), Campi(), AMano, PerPosto).join(u';'), "Chiavi");
 }
 
 void TestColonneImporta::iTitoli()

@@ -43,6 +43,9 @@ private Q_SLOTS:
     void leVecchieParcelleSiFermano();
     void leVecchieParcelleSulDiscoPieno();
     void leVecchieParcelleRifiutate();
+    void leCartelleNonGuardate();
+    void laLetturaSiFerma_data();
+    void laLetturaSiFerma();
     void leCopieDiLavoro();
     void chiLeLegge_data();
     void chiLeLegge();
@@ -403,6 +406,67 @@ void TestSorgente::leVecchieParcelleRifiutate()
     const QString Vuota = NuovaCartella();
     QCOMPARE(Frase([&] { (void)CopiaNote(Vuota, S.Cartella); }),
              u"Nella cartella \"%1\" non ci sono parcelle (file .mdb): sceglierne un'altra."_s.arg(Vuota));
+}
+
+/// What is not looked into is told: too deep, somebody else's by a link, closed; and too many files are none.
+void TestSorgente::leCartelleNonGuardate()
+{
+    const Studio S;
+    QString Fonda;
+    for (int i = 1; i <= notevecchie::MassimoFondo; ++i)
+        Fonda += u"c%1/"_s.arg(i);
+    QVERIFY(QDir(S.Cartella).mkpath(Fonda + u"oltre"_s));
+    QVERIFY(QFile::copy(S.File, S.Cartella + Fonda + u"ultima.mdb"_s));
+    QVERIFY(QFile::copy(S.File, S.Cartella + Fonda + u"oltre/persa.mdb"_s));
+    QVERIFY(QFile::link(NuovaCartella(), S.Cartella + u"altrove"_s));
+    const QString A = NuovaCartella();
+    const auto Esiti = CopiaNote(S.Cartella, A);
+    QVERIFY(Esiti);
+    QVERIFY(QFile::exists(A + Fonda + u"ultima.mdb"_s));
+    QVERIFY(!QFile::exists(A + Fonda + u"oltre/persa.mdb"_s));
+    QCOMPARE(FraseNote(Conta(*Esiti)), u"Parcelle copiate: 2 su 2; 2 cartelle non sono state guardate."_s);
+    const QString Detto = ResocontoNote(S.Cartella, A, *Esiti);
+    QVERIFY2(Detto.contains(u"\naltrove/: cartella non guardata, collegamento a un'altra cartella\n"),
+             qPrintable(Detto));
+    QVERIFY2(
+        Detto.contains(Fonda + u"oltre/: cartella non guardata, oltre 16 cartelle una dentro l'altra\n"_s),
+        qPrintable(Detto));
+    const QScopedValueRollback Pochi(notevecchie::MassimoFile, 1);
+    const QString Altrove = NuovaCartella();
+    QCOMPARE(Frase([&] { (void)CopiaNote(S.Cartella, Altrove); }),
+             u"Nella cartella \"%1\" ci sono più di 1 parcelle: copiare una alla volta le cartelle che "
+             "contiene."_s.arg(S.Cartella));
+    QCOMPARE(ContenutoDi(Altrove), QStringList());
+}
+
+void TestSorgente::laLetturaSiFerma_data()
+{
+    QTest::addColumn<QByteArray>("Byte");
+    QTest::newRow("rows") << "Nome;Via\n" + QByteArray("Rossi Mario;Via Roma 1\n").repeated(100'000);
+    QTest::newRow("cards") << QByteArray("BEGIN:VCARD\nFN:Rossi Mario\nTEL:1\nEND:VCARD\n").repeated(50'000);
+}
+
+/// Whoever stops a long reading stops it at once, at whatever it is.
+void TestSorgente::laLetturaSiFerma()
+{
+    QFETCH(QByteArray, Byte);
+    const Studio S;
+    const QString File = S.Scrivi(u"nomi.dat"_s, Byte);
+    qint64 Dove = 0;
+    int Volte = 0;
+    const auto Ferma = [&](qint64 Fatti, qint64 Tutti) {
+        Dove = Fatti * 100 / std::max<qint64>(Tutti, 1);
+        return Volte++ == 0;
+    };
+    QVERIFY(Frase([&] { const SorgenteNominativi Da(File, Ferma); }) != u"nessuna");
+    QVERIFY2(Dove < 50, "stopped in the middle of the file");
+    const SorgenteNominativi Da(File);
+    OpzioniSorgente Come;
+    Dove = 0;
+    Volte = 0;
+    QVERIFY(Frase([&] { (void)Da.Leggi(Come, Ferma); }) != u"nessuna");
+    QVERIFY2(Dove > 0 && Dove < 50, "stopped in the middle of the rows");
+    QVERIFY2(Come.Csv == OpzioniCsv() && !Come.PrimaRigaTitoli, "and nothing is known of it");
 }
 
 void TestSorgente::chiLeLegge_data()

@@ -71,9 +71,10 @@ void TestVcard::leVersioni_data()
                   {u"Cellulare"_s, u"333 1"_s},
                   {u"ABLABEL"_s, u"mio"_s}};
     QTest::newRow("4.0") << u"BEGIN:VCARD\nVERSION:4.0\nFN:Avv. "
-                            u"Rossi\nN:Rossi;Nicolò;;Avv.;\nTEL;VALUE=uri;TYPE=\"voice,cell\":tel:"
+                            u"Rossi\nN:Rossi;Nicolò;;Avv.;PhD\nTEL;VALUE=uri;TYPE=\"voice,cell\":tel:"
                             "+39-333\nNOTE:una\\; due\\ntrè\nUID:urn:uuid:1\nREV:2020\nEND:VCARD\n"_s.toUtf8()
                          << Valori{{u"Nominativo"_s, u"Rossi Nicolò"_s},
+                                   {u"Titolo"_s, u"Avv. PhD"_s},
                                    {u"Note"_s, u"una; due\ntrè"_s},
                                    {u"Cellulare"_s, u"+39-333"_s}};
     QTest::newRow("Windows-1252 without a word")

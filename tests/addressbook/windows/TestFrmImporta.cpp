@@ -2,6 +2,7 @@
 #include "archivio.h"
 
 #include "addressbook/windows/frmImporta.h"
+#include "platform/base/paginacodice.h"
 #include "platform/kit/singola.h"
 #include "platform/system/file.h"
 #include "supporto/guasti.h"
@@ -16,6 +17,25 @@
 #include <QStackedWidget>
 
 using namespace Qt::StringLiterals;
+
+/// Presses Esc on a button as soon as it comes into view, once.
+class EscAllaVista : public QObject
+{
+public:
+    explicit EscAllaVista(QWidget* Su) { Su->installEventFilter(this); }
+
+private:
+    bool eventFilter(QObject* Chi, QEvent* Evento) override
+    {
+        if (Evento->type() != QEvent::Show)
+            return false;
+        Chi->removeEventFilter(this);
+        QMetaObject::invokeMethod(
+            qApp, [Chi] { QTest::keyClick(static_cast<QWidget*>(Chi), Qt::Key_Escape); },
+            Qt::QueuedConnection);
+        return false;
+    }
+};
 
 class TestFrmImporta : public QObject
 {
@@ -34,7 +54,11 @@ private Q_SLOTS:
     void iDoppioniSiContano();
     void unaRubrica();
     void unArchivioAccess();
+    void leScelteRestano();
     void escFermaTutto();
+    void escFermaLaLettura_data();
+    void escFermaLaLettura();
+    void escFermaLaRilettura();
     void siAnnullaDalResoconto();
     void siAnnullaPiuTardi();
     void nonSiAnnullaDopoUnaModifica();
@@ -339,6 +363,85 @@ void TestFrmImporta::escFermaTutto()
     QVERIFY(!Barra->isVisible());
     Premuto(F, "cmdAvanti");
     QCOMPARE(InArchivio().size(), 3005);
+}
+
+/// What the user has matched stays, whatever he then tries with separator, code and titles.
+void TestFrmImporta::leScelteRestano()
+{
+    const frmImporta* F = Apri(frmImporta::Nominativi,
+                               Salva(u"nomi.csv"_s, Cp1252(u"Chi;Dov'è;CAP\nNeri, Ugo;Forlì;47121\n"_s)));
+    Premuto(F, "cmdAvanti");
+    auto* Mete = Controllo<QComboBox>(F, "cmbMeta");
+    Scegli(Mete, Mete->findText(u"Nominativo"_s));
+    ClicCella(Controllo<Griglia>(F, "tdbColonne"), 1, 0);
+    Scegli(Mete, Mete->findText(u"Città"_s));
+    const auto Abbinate = [F] { return QStringList{Colonna(F, 0, 1), Colonna(F, 1, 1), Colonna(F, 2, 1)}; };
+    const QStringList Mie{u"Nominativo"_s, u"Città"_s, u"CAP"_s};
+    QCOMPARE(Abbinate(), Mie);
+    Scegli(Controllo<QComboBox>(F, "cmbCodifica"), 0);
+    QVERIFY(Colonna(F, 1, 0) != u"Dov'è");
+    QCOMPARE(Abbinate(), Mie);
+    Clic(Controllo(F, "chkTitoli"));
+    QCOMPARE(Colonna(F, 0, 0), u"Colonna 1"_s);
+    QCOMPARE(Abbinate().first(2), Mie.first(2));
+    Clic(Controllo(F, "chkTitoli"));
+    Scegli(Controllo<QComboBox>(F, "cmbSeparatore"), 1);
+    QCOMPARE(Controllo<Griglia>(F, "tdbColonne")->Righe(), 2);
+    Scegli(Controllo<QComboBox>(F, "cmbSeparatore"), 0);
+    QCOMPARE(Abbinate(), Mie);
+}
+
+void TestFrmImporta::escFermaLaLettura_data()
+{
+    QTest::addColumn<QString>("Nome");
+    QTest::newRow("rows") << u"nomi.csv"_s;
+    QTest::newRow("cards") << u"nomi.vcf"_s;
+    QTest::newRow("Access") << u"nomi.mdb"_s;
+}
+
+/// Esc while a large file is read: the first step again, with nothing read.
+void TestFrmImporta::escFermaLaLettura()
+{
+    QFETCH(QString, Nome);
+    QString File = Cartella + Nome;
+    if (Nome.endsWith(u".csv"))
+        Salva(Nome, "Nome;Via\n" + QByteArray("Rossi Mario;Via Roma 1\n").repeated(60'000));
+    else if (Nome.endsWith(u".vcf"))
+        Salva(Nome, QByteArray("BEGIN:VCARD\nFN:Rossi Mario\nEND:VCARD\n").repeated(30'000));
+    else
+        ScriviAccess(File, {.Tabelle = {{.Nome = u"clienti"_s,
+                                         .Colonne = {{.Nome = u"Nominativo"_s}},
+                                         .Righe = QList<RigaScritta>(20'000, {u"Rossi Mario"_s})}}});
+    const QByteArray Prima = LeggiFile(A->File);
+    const frmImporta* F = Apri(frmImporta::Nominativi, File);
+    auto* Ferma = Controllo(F, "cmdInterrompi");
+    const EscAllaVista Esc(Ferma);
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(Pagina(F), int(frmImporta::PagScelta));
+    QVERIFY(F->isVisible() && !Ferma->isVisible());
+    QCOMPARE(NomeFuoco(), u"cmdAvanti"_s);
+    QCOMPARE(LeggiFile(A->File), Prima);
+    QCOMPARE(ContenutoDi(sessione::UserFolder), QStringList());
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(Pagina(F), int(frmImporta::PagColonne));
+}
+
+/// Stopped while it is read another way, the file is as it was read before.
+void TestFrmImporta::escFermaLaRilettura()
+{
+    const frmImporta* F =
+        Apri(frmImporta::Nominativi,
+             Salva(u"nomi.csv"_s, "Nome;Via\n" + QByteArray("Rossi Mario;Via Roma 1\n").repeated(60'000)));
+    Premuto(F, "cmdAvanti");
+    auto* Separatori = Controllo<QComboBox>(F, "cmbSeparatore");
+    auto* Ferma = Controllo(F, "cmdInterrompi");
+    const EscAllaVista Esc(Ferma);
+    Scegli(Separatori, 1);
+    QVERIFY(F->isVisible() && !Ferma->isVisible());
+    QCOMPARE(Separatori->currentText(), u"punto e virgola (;)"_s);
+    QCOMPARE(Colonna(F, 1, 0), u"Via"_s);
+    Scegli(Separatori, 1);
+    QCOMPARE(Colonna(F, 0, 0), u"Colonna 1"_s);  // no title is known of it
 }
 
 void TestFrmImporta::siAnnullaDalResoconto()
