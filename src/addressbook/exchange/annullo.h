@@ -1,9 +1,12 @@
 // The way back from an import: the archive as it was, beside the one that is.
 #pragma once
 
+#include "platform/database/database.h"
+
 #include <QDateTime>
 #include <QString>
 
+#include <memory>
 #include <optional>
 
 /// An import, as the file beside its archive tells it.
@@ -18,22 +21,31 @@ struct ImportazioneFatta
 
 /// A copy of an archive taken before it is written to, named as the archive with ".prima" behind it. There is
 /// one of an archive at a time, for this user alone; the copy of an import before goes when this one is kept.
-/// Dropped unless it is.
+///
+/// The way back is complete before the import is: the record is written while the import can still be undone
+/// by its transaction, and says by what it is known. Whatever ends the program in between, either the archive
+/// is as it was, or AnnullaImportazione finds what it needs. Dropped unless it is kept.
 class CopiaDiPrima
 {
 public:
-    /// @throws Errore as CopiaFile
+    /// @throws Errore as CopiaFile, NumeroFileRifiutato when another program imports into the archive
     explicit CopiaDiPrima(const QString& DiArchivio);
     ~CopiaDiPrima();
     CopiaDiPrima(const CopiaDiPrima&) = delete;
     CopiaDiPrima& operator=(const CopiaDiPrima&) = delete;
 
-    /// The archive is written: from now on AnnullaImportazione can put the copy back.
-    /// @return the copy's path @throws Errore as ScriviFile; the copy is kept in any case
-    QString Tieni(const ImportazioneFatta& Fatta);
+    /// Writes the record of what the open transaction has put into the archive, just before it is confirmed.
+    /// @throws Errore as ScriviFile: the import must not be confirmed then
+    void Annuncia(const Database& InScrittura, const ImportazioneFatta& Fatta);
+
+    /// The archive is written: from now on the copy is the last one.
+    /// @return its path
+    QString Tieni();
 
 private:
+    struct Turno;
     QString Archivio;
+    std::unique_ptr<Turno> Mio;
     bool Tenuta = false;
 };
 

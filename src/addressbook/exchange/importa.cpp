@@ -279,15 +279,30 @@ bool ImportaNominativi::Scrivi(const QString& Sorgente, const Avanzamento& Prose
                         "l'importazione."_s);
         if (!ScriviMosse(Prosegui))
             return false;
+        // Names that could not be taken back are not brought in.
+        Conservata.Annuncia(Archivio, {.Quando = Adesso(),
+                                       .Tabella = Tabella,
+                                       .Sorgente = Sorgente,
+                                       .Aggiunti = Contati.Aggiunti,
+                                       .Completati = Contati.Completati});
         Tutto.Conferma();
     }
     Versione = Archivio.Versione();
-    Copia = Conservata.Tieni({.Quando = Adesso(),
-                              .Tabella = Tabella,
-                              .Sorgente = Sorgente,
-                              .Aggiunti = Contati.Aggiunti,
-                              .Completati = Contati.Completati});
+    Copia = Conservata.Tieni();
     return true;
+}
+
+/// Above all keys, where the archive has them and the engine does not give them: a row without one could be
+/// linked to no note.
+std::optional<qint64> ImportaNominativi::PrimaChiaveLibera() const
+{
+    const QList<Campo> Campi = Archivio.Campi(Tabella);
+    const auto Chiave = std::ranges::find_if(Campi, EChiave);
+    if (Chiave == Campi.end() || std::ranges::any_of(Campi, &Campo::Contatore))
+        return std::nullopt;
+    const Recordset Ultima = Archivio.OpenRecordset(
+        u"SELECT max(CAST(%1 AS INTEGER)) AS Ultima FROM %2"_s.arg(FraNome(Chiave->Name), FraNome(Tabella)));
+    return std::max<qint64>(Ultima.Value(u"Ultima"_s).toLongLong(), 0) + 1;
 }
 
 bool ImportaNominativi::ScriviMosse(const Avanzamento& Prosegui)
@@ -296,15 +311,20 @@ bool ImportaNominativi::ScriviMosse(const Avanzamento& Prosegui)
     QStringList Nomi;
     for (const Campo& Uno : Campi)
         Nomi.append(FraNome(Uno.Name));
+    std::optional<qint64> Prossima = PrimaChiaveLibera();
+    const QStringList Tutti = Prossima ? Nomi + QStringList{u"\"ID\""_s} : Nomi;
     const QString Inserisci = u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(
-        FraNome(Tabella), Nomi.join(u','), QStringList(Campi.size(), u"?"_s).join(u','));
+        FraNome(Tabella), Tutti.join(u','), QStringList(Tutti.size(), u"?"_s).join(u','));
     const int Tutte = int(Mosse.size());
     int Fatte = 0;
     for (const Mossa& Una : Mosse) {
         if (Fatte++ % OgniTante == 0 && Prosegui && !Prosegui(Fatte, Tutte))
             return false;
         if (!Una.Chiave) {
-            Archivio.Execute(Inserisci, Una.Valori);
+            QVariantList Valori = Una.Valori;
+            if (Prossima)
+                Valori.append((*Prossima)++);
+            Archivio.Execute(Inserisci, Valori);
             continue;
         }
         QStringList Assegnati;

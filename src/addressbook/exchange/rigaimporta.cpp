@@ -111,7 +111,7 @@ ComposizioneRighe::ComposizioneRighe(const QStringList& Titoli, const QStringLis
                                      const QList<Campo>& DiArchivio)
 {
     const auto Serve = [&](const Campo& Uno) {
-        if (Uno.Contatore)
+        if (EChiave(Uno))
             return false;
         return Chiavi.contains(Uno.Name) || Uguali(Uno.Name, u"Nominativo") || Uguali(Uno.Name, u"Note") ||
                Uguali(Uno.Name, u"Controp") ||

@@ -2,9 +2,11 @@
 #include "studio.h"
 
 #include "addressbook/exchange/annullo.h"
+#include "addressbook/exchange/vcard.h"
 #include "platform/system/guasti.h"
 #include "supporto/guasti.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QScopedValueRollback>
 
@@ -40,6 +42,13 @@ private Q_SLOTS:
     void lAnnulloDiPrimaRestaDopoUnArresto();
     void nullaDaAnnullare();
     void nienteDaScrivere();
+    void senzaViaDelRitornoNonSiImporta();
+    void laViaDelRitornoCheNonSiSposta();
+    void cioCheUnProgrammaUccisoLascia();
+    void dueProgrammiInsieme();
+    void unaChiaveCheNonEUnContatore_data();
+    void unaChiaveCheNonEUnContatore();
+    void unTitolo();
 
 private:
     [[nodiscard]] ImportaNominativi Nuovo(const TabellaEstranea& Da, Doppioni Modo = Doppioni::Salta,
@@ -393,6 +402,145 @@ void TestImporta::nienteDaScrivere()
     Importa(Tabella({{u"Nominativo"_s}, {QString()}}));
     QCOMPARE(S->Byte(), Prima);
     QCOMPARE(ContenutoDi(S->Cartella), QStringList{u"DatiStudio.mdb"_s});
+}
+
+/// An import that could not be taken back is none.
+void TestImporta::senzaViaDelRitornoNonSiImporta()
+{
+    const QByteArray Prima = S->Byte();
+    ImportaNominativi Opera = Nuovo(Tre);
+    QVERIFY(Opera.Prepara());
+    // The record finds its place taken once the names are written.
+    const QString Posto = S->File + u".prima.nuova.json"_s;
+    const auto Occupa = [&](int, int) {
+        QDir().mkpath(Posto);
+        return true;
+    };
+    QCOMPARE(NumeroErrore([&] { (void)Opera.Scrivi(u"nomi.csv"_s, Occupa); }), errori::Accesso);
+    QCOMPARE(S->Byte(), Prima);
+    QVERIFY(QDir().rmdir(Posto));
+    QCOMPARE(ContenutoDi(S->Cartella), QStringList{u"DatiStudio.mdb"_s});
+}
+
+/// Behind the import the copy cannot become the last one: it leads back all the same, and the next import
+/// knows it.
+void TestImporta::laViaDelRitornoCheNonSiSposta()
+{
+    const QByteArray Prima = S->Byte();
+    const QString Posto = S->File + u".prima"_s;
+    QVERIFY(QDir().mkpath(Posto));
+    Importa(Tre);
+    const auto Fatta = UltimaImportazione(S->File);
+    QVERIFY(Fatta);
+    QCOMPARE(Fatta->Aggiunti, 3);
+    AnnullaImportazione(S->File);
+    QCOMPARE(S->Byte(), Prima);
+    Importa(Tre);
+    QVERIFY(QDir().rmdir(Posto));
+    // A second import takes the place of the first one, whose copy was left as a new one.
+    Importa(Tabella({{u"Nominativo"_s}, {u"Nuovo"_s}}));
+    QCOMPARE(UltimaImportazione(S->File)->Aggiunti, 1);
+    AnnullaImportazione(S->File);
+    QCOMPARE(S->Righe({u"Nominativo"_s}).size(), 3);
+}
+
+/// A record that was announced, and an import that was not confirmed: whatever is written later is no import.
+void TestImporta::cioCheUnProgrammaUccisoLascia()
+{
+    const QString Copia = S->File + u".prima.nuova"_s;
+    const QString Registro = Copia + u".json"_s;
+    const QByteArray Prima = S->Byte();
+    ImportaNominativi Opera = Nuovo(Tre);
+    QVERIFY(Opera.Prepara());
+    QVERIFY(QDir().mkpath(S->File + u".prima"_s));
+    QVERIFY(Opera.Scrivi(u"nomi.csv"_s));
+    const QByteArray Annunciato = LeggiFile(Registro);
+    QVERIFY(QDir().rmdir(S->File + u".prima"_s));
+    {
+        QFile Archivio(S->File);
+        QVERIFY(Archivio.open(QIODevice::WriteOnly));
+        QCOMPARE(Archivio.write(Prima), Prima.size());
+    }
+    QVERIFY2(!UltimaImportazione(S->File), "the archive is as it was");
+    // One write, as the import would have been one.
+    S->Esegui(u"INSERT INTO clienti (Nominativo) VALUES ('Altro')"_s);
+    QVERIFY(!UltimaImportazione(S->File));
+    QCOMPARE(Rifiuto([&] { AnnullaImportazione(S->File); }), u"Non c'è un'importazione da annullare."_s);
+    QCOMPARE(LeggiFile(Registro), Annunciato);
+    // It goes with the next one.
+    Importa(Tre);
+    AnnullaImportazione(S->File);
+    QCOMPARE(S->Righe({u"Nominativo"_s}), QStringList{u"Altro"_s});
+    QCOMPARE(ContenutoDi(S->Cartella), QStringList{u"DatiStudio.mdb"_s});
+}
+
+/// Two would take each other's copy.
+void TestImporta::dueProgrammiInsieme()
+{
+    const QByteArray Prima = S->Byte();
+    ImportaNominativi Opera = Nuovo(Tre);
+    QVERIFY(Opera.Prepara());
+    {
+        const CopiaDiPrima Altrui(S->File);
+        QCOMPARE(Rifiuto([&] { (void)Opera.Scrivi(u"nomi.csv"_s); }),
+                 u"Un altro programma sta importando nello stesso archivio: riprovare fra poco."_s);
+        QCOMPARE(S->Byte(), Prima);
+        QVERIFY(QFile::exists(S->File + u".prima.nuova"_s));
+    }
+    QVERIFY(Opera.Scrivi(u"nomi.csv"_s));
+}
+
+void TestImporta::unaChiaveCheNonEUnContatore_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::newRow("a number") << int(TipoCampo::Lungo);
+    QTest::newRow("a double") << int(TipoCampo::Doppio);
+    QTest::newRow("a text") << int(TipoCampo::Testo);
+}
+
+/// An old archive may have its keys as plain numbers: new names go on behind the highest, or no note could
+/// be linked to them.
+void TestImporta::unaChiaveCheNonEUnContatore()
+{
+    QFETCH(int, Tipo);
+    const QString File = S->Cartella + u"vecchio.mdb"_s;
+    {
+        const Database Db = CreateDatabase(File);
+        Db.CreaTabella(u"clienti"_s, {{u"Id"_s, TipoCampo(Tipo), 10, {}, false},
+                                      {u"Nominativo"_s, TipoCampo::Testo, 60, {}, false},
+                                      {u"Note"_s, TipoCampo::Memo, 0, {}, false}});
+        for (const int Numero : {7, 12, 9})
+            Db.Execute(u"INSERT INTO clienti (Id, Nominativo) VALUES (?, ?)"_s,
+                       {Tipo == int(TipoCampo::Testo) ? QVariant(QString::number(Numero)) : QVariant(Numero),
+                        u"N%1"_s.arg(Numero)});
+    }
+    const TabellaEstranea Da = Tabella({{u"ID"_s, u"Nominativo"_s, u"Note"_s},
+                                        {u"7"_s, u"Rossi"_s, {}},
+                                        {u"8"_s, u"Verdi"_s, {}},
+                                        {u"9"_s, u"N9"_s, u"completato"_s}});
+    const Database Db = OpenDatabase(File);
+    ImportaNominativi Opera(Db, u"clienti"_s, Da, AbbinaColonne(Da.Titoli, Db.Campi(u"clienti"_s)),
+                            Doppioni::Completa);
+    QVERIFY(Opera.Prepara() && Opera.Scrivi(u"nomi.csv"_s));
+    QStringList Righe;
+    for (Recordset Una = Db.OpenRecordset(u"clienti"_s); !Una.Eof(); Una.MoveNext())
+        Righe.append(Una.Value(u"Id"_s).toString() + u' ' + Una.Value(u"Nominativo"_s).toString() + u' ' +
+                     Una.Value(u"Note"_s).toString());
+    QCOMPARE(Righe,
+             (QStringList{u"7 N7 "_s, u"12 N12 "_s, u"9 N9 completato"_s, u"13 Rossi "_s, u"14 Verdi "_s}));
+}
+
+/// What stands before and behind a name goes into the office's own field, else the report names it.
+void TestImporta::unTitolo()
+{
+    const QByteArray Scheda = "BEGIN:VCARD\r\nVERSION:4.0\r\nN:Rossi;Mario;;Avv.;PhD\r\nEND:VCARD\r\n";
+    ImportaNominativi Senza = Nuovo(LeggiVcard(Scheda));
+    QVERIFY(Senza.Prepara());
+    const QString Detto = Senza.Resoconto(u"nomi.vcf"_s, false);
+    QVERIFY2(Detto.contains(u"\nColonne non importate: Titolo\n"), qPrintable(Detto));
+    S->Esegui(u"ALTER TABLE clienti ADD Titolo TEXT(20)"_s);
+    Importa(LeggiVcard(Scheda));
+    QCOMPARE(S->Righe({u"Nominativo"_s, u"Titolo"_s}), QStringList{u"Rossi Mario|Avv. PhD"_s});
 }
 
 #include "TestImporta.moc"
