@@ -24,7 +24,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+#if defined(__SANITIZE_ADDRESS__)
+constexpr rlim_t MassimaMemoria = RLIM_INFINITY;  // the shadow of the memory takes terabytes of addresses
+#else
 constexpr rlim_t MassimaMemoria = rlim_t(1) << 30;
+#endif
 constexpr rlim_t MassimiSecondi = 10;    ///< of the processor: the machine may have other work
 constexpr unsigned MassimaAttesa = 300;  ///< seconds, for one that waits for what never comes
 

@@ -87,6 +87,9 @@ public:
     Vittima(const QString& Cartella, const QString& Contate, int Alla)
     {
         Intorno.insert(QStringLiteral("LD_PRELOAD"), QStringLiteral(MODULO_MORTE));
+        // The sanitizers want to be loaded first.
+        Intorno.insert(QStringLiteral("ASAN_OPTIONS"), Intorno.value(QStringLiteral("ASAN_OPTIONS")) +
+                                                           QStringLiteral(":verify_asan_link_order=0"));
         Intorno.insert(QStringLiteral("MORTE_SOTTO"), Cartella);
         Intorno.insert(QStringLiteral("MORTE_ALLA"), QString::number(Alla));
         Intorno.insert(QStringLiteral("MORTE_CONTA"), Contate);
