@@ -11,6 +11,7 @@
 #include "platform/system/percorsi.h"
 #include "print/modLettere.h"
 #include "print/modRiepilogo.h"
+#include "tariffs/decreto.h"
 #include "tariffs/modEvaluate.h"
 
 #include <QJsonArray>
@@ -104,7 +105,7 @@ QString Aiuto()
 {
     QString Testo = u"Uso: calcanova-cli [--programma DIR] [--utente DIR] [--json] [--batch] [--righe] "
                     "[--multipla NOTA [--prima]] [--archivio FILE] [--in TABELLA [--prova]] "
-                    "[--csv FILE | --vcard FILE] COMANDO VALORI...\n\n"_s;
+                    "[--csv FILE | --vcard FILE] [--tariffa 140|55] COMANDO VALORI...\n\n"_s;
     for (const ComandoCli& Comando : ComandiCli())
         Testo += u"  "_s + Comando.Nome.toString().leftJustified(12) + Comando.Valori.toString() + u'\n';
     return Testo +
@@ -196,6 +197,8 @@ Risposta Esegui(const ComandoCli& Comando, const RigaComando& Chiamata, const QS
 {
     if (!Chiamata.In.isEmpty())
         return Comando.InArchivio(Valori, Chiamata.In, Chiamata.Prova);
+    if (!Chiamata.Tariffa.isEmpty())
+        return Comando.ConTariffa(Valori, *DecretoDi(Chiamata.Tariffa));
     if (!Chiamata.Esporta.isEmpty())
         return Comando.InFile(Valori, Chiamata.Esporta, Chiamata.InSchede);
     return Chiamata.Multipla.isEmpty() ? Comando.Esegui(Valori)
@@ -281,6 +284,13 @@ std::span<const ComandoCli> ComandiCli()
                    .DivideAllUltimo = false,
                    .Esegui = ComandoImporta,
                    .InArchivio = ComandoImportaIn},
+        ComandoCli{.Nome = u"voci",
+                   .Valori = u"CATEGORIA AUTORITA VALORE",
+                   .Minimo = 3,
+                   .Massimo = 3,
+                   .DivideAllUltimo = false,
+                   .Esegui = [](const QStringList& Valori) { return ComandoVoci(Valori, Dm140); },
+                   .ConTariffa = ComandoVoci},
         ComandoCli{u"termini", u"DECORRENZA NUMERO TIPO [SOSPENSIONE [LIBERO [SABATO [VERSO]]]]", 3, 7, false,
                    ComandoTermini},
         ComandoCli{u"sequenziali", u"UDIENZA ARTICOLO [SOSPENSIONE [SABATO]]", 2, 4, false,
@@ -340,6 +350,8 @@ int EseguiCli(const QStringList& Argomenti, const std::function<QByteArray()>& I
             throw ErroreUso{u"L'opzione --multipla non vale per il comando %1"_s.arg(Comando->Nome)};
         if (!Chiamata.In.isEmpty() && !Comando->InArchivio)
             throw ErroreUso{u"L'opzione --in non vale per il comando %1"_s.arg(Comando->Nome)};
+        if (!Chiamata.Tariffa.isEmpty() && !Comando->ConTariffa)
+            throw ErroreUso{u"L'opzione --tariffa non vale per il comando %1"_s.arg(Comando->Nome)};
         if (!Chiamata.Esporta.isEmpty() && (!Comando->InFile || Chiamata.Batch))
             throw ErroreUso{u"Le opzioni --csv e --vcard non valgono per il comando %1"_s.arg(Comando->Nome)};
         VoceCli Voce(Guasti);

@@ -10,6 +10,7 @@
 #include <span>
 
 struct Catena;
+struct Decreto;
 
 /// What a command answers: one line of text, and the same as a record for --json.
 struct Risposta
@@ -43,6 +44,8 @@ struct ComandoCli
     std::function<Risposta(const QStringList& Valori, const QString& Tabella, bool Prova)> InArchivio = {};
     /// The same command into a file; none where --csv and --vcard mean nothing to it.
     std::function<Risposta(const QStringList& Valori, const QString& File, bool InSchede)> InFile = {};
+    /// The same command by a tariff; none where --tariffa means nothing to it.
+    std::function<Risposta(const QStringList& Valori, const Decreto& Legge)> ConTariffa = {};
 };
 
 /// The table of commands, in the order of the help.
@@ -62,6 +65,10 @@ struct ComandoCli
 /// The names of a file, whatever has written it, into a table of the session's archive; those that it has
 /// stay as they are.
 [[nodiscard]] Risposta ComandoImportaIn(const QStringList& Valori, const QString& Tabella, bool Prova);
+
+/// The items of a tariff for a category, an authority and a value, with minimum, medium and maximum as a line
+/// of a note would take them; the free item, which has none, is left out.
+[[nodiscard]] Risposta ComandoVoci(const QStringList& Valori, const Decreto& Legge);
 
 /// A file of Access as a native one.
 [[nodiscard]] Risposta ComandoImporta(const QStringList& Valori);

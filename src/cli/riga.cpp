@@ -1,8 +1,21 @@
 #include "cli/riga.h"
 
 #include "platform/system/percorsi.h"
+#include "tariffs/decreto.h"
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+QString Sigle()
+{
+    QStringList Tutte;
+    for (const Decreto* Uno : Decreti)
+        Tutte += Uno->Sigla.toString();
+    return Tutte.join(u" e "_s);
+}
+
+}  // namespace
 
 RigaComando LeggiRiga(const QStringList& Argomenti)
 {
@@ -31,6 +44,8 @@ RigaComando LeggiRiga(const QStringList& Argomenti)
             Riga.Utente = Seguente(u"cartella"_s);
         else if (Opzioni && Parola == u"--archivio")
             Riga.Archivio = PercorsoNativo(Seguente(u"file"_s));
+        else if (Opzioni && Parola == u"--tariffa")
+            Riga.Tariffa = Seguente(u"sigla"_s);
         else if (Opzioni && Parola == u"--multipla")
             Riga.Multipla = Seguente(u"parcella"_s);
         else if (Opzioni && Parola == u"--in")
@@ -51,6 +66,8 @@ RigaComando LeggiRiga(const QStringList& Argomenti)
     }
     if (Riga.Prima && Riga.Multipla.isEmpty())
         throw ErroreUso{u"L'opzione --prima vale solo con --multipla."_s};
+    if (!Riga.Tariffa.isEmpty() && !DecretoDi(Riga.Tariffa))
+        throw ErroreUso{u"Tariffa sconosciuta: %1. Le tariffe sono %2."_s.arg(Riga.Tariffa, Sigle())};
     if (Riga.Prova && Riga.In.isEmpty())
         throw ErroreUso{u"L'opzione --prova vale solo con --in."_s};
     return Riga;

@@ -21,6 +21,7 @@ struct RigaComando
     bool Prova = false;     ///< --prova: only tells what would be done
     QString Esporta;        ///< --csv FILE, --vcard FILE: the rows go into this file
     bool InSchede = false;  ///< --vcard
+    QString Tariffa;        ///< --tariffa 140|55: the decree whose items are meant
     QString Archivio;       ///< --archivio FILE: clients and counterparties
 };
 

@@ -23,7 +23,8 @@ class Guasto
 public:
     Guasto() : Programma(NuovaCartella())
     {
-        for (const QString& Nome : {u"parcelle.mdb"_s, u"Comuni.mdb"_s, u"DatiStudio.mdb"_s, u"Tassi.dat"_s})
+        for (const QString& Nome :
+             {u"parcelle.mdb"_s, u"parcelle55.mdb"_s, u"Comuni.mdb"_s, u"DatiStudio.mdb"_s, u"Tassi.dat"_s})
             ScriviFile(Programma + Nome, LeggiFile(ProgrammaDiProva() + Nome));
         CreaCartella(Programma + u"doc"_s);
         for (const QString& Nome : {u"ContrattoPersonaFisica.rtf"_s, u"ResaInformazionePersonaFisica.rtf"_s})
@@ -87,6 +88,8 @@ void TestCliGuasti::unaFraseColNome_data()
     const QString Esempio = SorgenteDiProva(u"dati/esempi/civile.json"_s);
     const std::array Righe{
         std::pair{u"parcelle.mdb"_s, QStringList{u"crea"_s, Esempio, NuovaCartella() + u"nuova.mdb"_s}},
+        std::pair{u"parcelle55.mdb"_s, u"voci CIV 102 30000 --tariffa 55"_s.split(u' ')},
+        std::pair{u"parcelle.mdb"_s, u"voci PEN 23 0"_s.split(u' ')},
         std::pair{u"Comuni.mdb"_s, u"codfis Rossi Maria 01/02/1980 F Milano"_s.split(u' ')},
         std::pair{
             u"Tassi.dat"_s,

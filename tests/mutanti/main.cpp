@@ -119,7 +119,8 @@ public:
         qputenv("QT_QPA_PLATFORM", "offscreen");
         for (const QString& Nome : {u"programma/doc"_s, u"utente"_s, u"XDG_CONFIG_HOME/Calcanova"_s})
             QDir(Qui).mkpath(Nome);
-        for (const QString& Nome : {u"parcelle.mdb"_s, u"Comuni.mdb"_s, u"DatiStudio.mdb"_s})
+        for (const QString& Nome :
+             {u"parcelle.mdb"_s, u"parcelle55.mdb"_s, u"Comuni.mdb"_s, u"DatiStudio.mdb"_s})
             Scrivi(Qui + u"programma/"_s + Nome, Leggi(Programma + Nome));
         Scrivi(Qui + u"utente/Tassi.dat"_s, Leggi(Programma + u"Tassi.dat"_s));
         Scrivi(Qui + u"nota.json"_s, Descrizione());
@@ -233,6 +234,10 @@ private:
         const QList<QStringList> DelloStudio{{u"rubrica"_s, u"clienti"_s, u"ro"_s},
                                              {u"rubrica"_s, u"controparti"_s}};
         const QList<QStringList> DelleTariffe{{u"crea"_s, Qui + u"nota.json"_s, Qui + u"nuova.mdb"_s}};
+        const QList<QStringList> DelleTariffe55{
+            {u"--tariffa"_s, u"55"_s, u"voci"_s, u"CIV"_s, u"102"_s, u"30000"_s},
+            {u"--tariffa"_s, u"55"_s, u"voci"_s, u"PEN"_s, u"138"_s, u""_s},
+            {u"--tariffa"_s, u"55"_s, u"voci"_s, u"STR"_s, u""_s, u"3000000"_s}};
         const QList<QStringList> DeiComuni{
             {u"codfis"_s, u"Rossi"_s, u"Maria"_s, u"01/02/1980"_s, u"F"_s, u"Forli'"_s}};
         const QList<QStringList> DelleClausole{
@@ -242,6 +247,7 @@ private:
                                                    {u"stampa"_s, Qui + u"sana.mdb"_s, u"0"_s, Testo}};
         const QByteArray Tassi = Leggi(Programma + u"Tassi.dat"_s);
         const QByteArray Tariffe = Leggi(Programma + u"parcelle.mdb"_s);
+        const QByteArray Tariffe55 = Leggi(Programma + u"parcelle55.mdb"_s);
         const QByteArray Comuni = Leggi(Programma + u"Comuni.mdb"_s);
         const QByteArray Studio = Leggi(Programma + u"DatiStudio.mdb"_s);
         const QByteArray Clausole =
@@ -253,19 +259,22 @@ private:
             "[Parametri]\nStudioNome=Avv. Rossi\nIVA=22\nSpeseGen=\"12,5\"\nCP=4\n"
             "progfatt=7\nUserFolder=/tmp\nColoreEtichette=16777215\nIban=IT60\n";
         const QString FileImpostazioni = u"XDG_CONFIG_HOME/Calcanova/KR5.ini"_s;
-        return {{u"nota"_s, u"mutante.mdb"_s, Sana, Genere::Byte, DellaNota},
-                {u"nota-schema"_s, u"mutante.mdb"_s, Sana, Genere::Schema, DellaNota},
-                {u"json"_s, u"nota.json"_s, Descrizione(), Genere::Testo, DelleTariffe},
-                {u"clausole"_s, u"programma/doc/ContrattoPersonaFisica.rtf"_s, Clausole, Genere::Testo,
-                 DelleClausole},
-                {u"impostazioni"_s, FileImpostazioni, Impostazioni, Genere::Testo, DelleImpostazioni},
-                {u"tassi"_s, u"utente/Tassi.dat"_s, Tassi, Genere::Byte, DeiTassi},
-                {u"tassi-schema"_s, u"utente/Tassi.dat"_s, Tassi, Genere::Schema, DeiTassi},
-                {u"comuni"_s, u"programma/Comuni.mdb"_s, Comuni, Genere::Byte, DeiComuni},
-                {u"tariffe"_s, u"programma/parcelle.mdb"_s, Tariffe, Genere::Byte, DelleTariffe},
-                {u"tariffe-schema"_s, u"programma/parcelle.mdb"_s, Tariffe, Genere::Schema, DelleTariffe},
-                {u"archivio"_s, u"programma/DatiStudio.mdb"_s, Studio, Genere::Byte, DelloStudio},
-                {u"archivio-schema"_s, u"programma/DatiStudio.mdb"_s, Studio, Genere::Schema, DelloStudio}};
+        return {
+            {u"nota"_s, u"mutante.mdb"_s, Sana, Genere::Byte, DellaNota},
+            {u"nota-schema"_s, u"mutante.mdb"_s, Sana, Genere::Schema, DellaNota},
+            {u"json"_s, u"nota.json"_s, Descrizione(), Genere::Testo, DelleTariffe},
+            {u"clausole"_s, u"programma/doc/ContrattoPersonaFisica.rtf"_s, Clausole, Genere::Testo,
+             DelleClausole},
+            {u"impostazioni"_s, FileImpostazioni, Impostazioni, Genere::Testo, DelleImpostazioni},
+            {u"tassi"_s, u"utente/Tassi.dat"_s, Tassi, Genere::Byte, DeiTassi},
+            {u"tassi-schema"_s, u"utente/Tassi.dat"_s, Tassi, Genere::Schema, DeiTassi},
+            {u"comuni"_s, u"programma/Comuni.mdb"_s, Comuni, Genere::Byte, DeiComuni},
+            {u"tariffe"_s, u"programma/parcelle.mdb"_s, Tariffe, Genere::Byte, DelleTariffe},
+            {u"tariffe-schema"_s, u"programma/parcelle.mdb"_s, Tariffe, Genere::Schema, DelleTariffe},
+            {u"tariffe55"_s, u"programma/parcelle55.mdb"_s, Tariffe55, Genere::Byte, DelleTariffe55},
+            {u"tariffe55-schema"_s, u"programma/parcelle55.mdb"_s, Tariffe55, Genere::Schema, DelleTariffe55},
+            {u"archivio"_s, u"programma/DatiStudio.mdb"_s, Studio, Genere::Byte, DelloStudio},
+            {u"archivio-schema"_s, u"programma/DatiStudio.mdb"_s, Studio, Genere::Schema, DelloStudio}};
     }
 
     QTemporaryDir Cartella;
