@@ -1,4 +1,4 @@
-// The reference database of the tariff: lists, catalogues and the formulas in their cells.
+// The reference databases of the tariffs: lists, catalogues, the formulas in their cells, the variations.
 #include "basedati.h"
 #include "fonte.h"
 
@@ -8,6 +8,9 @@
 #include "feenote/parcella.h"
 #include "tariffs/modEvaluate.h"
 #include "tariffs/modTariffe.h"
+#include "tariffs/variazioni.h"
+
+#include <QFile>
 
 #include <cmath>
 
@@ -33,26 +36,31 @@ void Sfoglia(const Catalogo& Aperto)
         (void)Voci.Value(u"DescrDir"_s);
 }
 
-void Prova(const QByteArray& Dati)
+/// Everything that is asked of one decree's database, spoilt as the input says.
+void ProvaTariffa(const Decreto& Legge, const QByteArray& Sana, const QByteArray& Dati)
 {
-    PreparaSessione();
-    static const QByteArray Sana = Contenuto(CartellaCostruita() + u"parcelle.mdb"_s);
-    sessione::PercorsoProg = CartellaDiLavoro();
-    (void)PosaDatabase(u"parcelle.mdb"_s, Sana, Dati);
+    (void)PosaDatabase(Legge.File.toString(), Sana, Dati);
     for (const QStringView Categ : {Civile, Penale, Stragiudiziale}) {
         const QString Codice = Categ.toString();
-        (void)LeggiAutorita(Dm140, Codice);
-        Pretendi(LeggiScaglioni(Dm140, Codice).Voci.size() <= MassimoScaglioni);
-        Riesce([&] { (void)LeggiCompatib(Dm140, 1, Codice); });
-        Riesce([&] { Sfoglia(ApriCatalogo(Dm140, Codice, 1)); });
-        Riesce([&] { (void)LeggiChiaviPrecedenti(Dm140, Codice); });
+        (void)LeggiAutorita(Legge, Codice);
+        Pretendi(LeggiScaglioni(Legge, Codice).Voci.size() <= MassimoScaglioni);
+        const VariazioniLette Variazioni = LeggiVariazioni(Legge, Codice);
+        for (const OpzioneAumRid& Opzione : Variazioni.Opzioni.value_or(QList<OpzioneAumRid>()))
+            Pretendi(std::isfinite(Opzione.Esatto));
+        Riesce([&] { (void)LeggiCompatib(Legge, 1, Codice); });
+        Riesce([&] { Sfoglia(ApriCatalogo(Legge, Codice, 1)); });
+        Riesce([&] { Sfoglia(ApriCatalogo(Legge, Codice, 102)); });
+        Riesce([&] { (void)LeggiChiaviPrecedenti(Legge, Codice); });
+        for (const GenereComune Genere : {GenereComune::Ufficio, GenereComune::Voce})
+            Riesce([&] { (void)LeggiCorrispondenze(Dm140, Dm55, Codice, Genere); });
     }
-    Riesce([&] { (void)ApriDirittiValori(Dm140); });
-    Riesce([&] { (void)HaChiaviPrecedenti(Dm140); });
+    Riesce([&] { (void)ApriDirittiValori(Legge); });
+    Riesce([&] { (void)HaChiaviPrecedenti(Legge); });
     // A note on these lists, as its window fills it.
     Riesce([&] {
         Parcella Nota;
         NuovaParcella(Nota);
+        PortaSuTariffa(Nota, Legge);
         for (int Categoria = 0; Categoria < 3; ++Categoria) {
             CambiaCategoria(Nota, Categoria);
             if (!Nota.ListaAutorita.isEmpty())
@@ -63,6 +71,21 @@ void Prova(const QByteArray& Dati)
         (void)CheckAutorCompatib(Nota);
         (void)TestoDatiBase(Nota);
     });
+    QFile::remove(CartellaDiLavoro() + Legge.File.toString());
+}
+
+void Prova(const QByteArray& Dati)
+{
+    PreparaSessione();
+    static const QList<QByteArray> Sane = [] {
+        QList<QByteArray> Lette;
+        for (const Decreto* Uno : Decreti)
+            Lette += Contenuto(CartellaCostruita() + Uno->File.toString());
+        return Lette;
+    }();
+    sessione::PercorsoProg = CartellaDiLavoro();
+    for (size_t i = 0; i < Decreti.size(); ++i)
+        ProvaTariffa(*Decreti[i], Sane[qsizetype(i)], Dati);
     sessione::PercorsoProg = CartellaCostruita();
 }
 
