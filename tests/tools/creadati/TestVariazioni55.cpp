@@ -24,6 +24,7 @@ private Q_SLOTS:
     void variazioniAlPosto();
     void partiAssistite();
     void corrispondenze();
+    void compensoATempo();
 
 private:
     [[nodiscard]] Recordset Riga(const QString& Sql) const { return Base.OpenRecordset(Sql); }
@@ -192,6 +193,24 @@ void TestVariazioni55::corrispondenze()
     QCOMPARE(Andata.value(u"0 CIV 4"_s), u"304"_s);
     QCOMPARE(Andata.value(u"0 CIV 20"_s), u"311"_s);
     QCOMPARE(Andata.value(u"0 STR 999"_s), u"599"_s);
+}
+
+/// The hour that is agreed upon has the two amounts of its article, at any value.
+void TestVariazioni55::compensoATempo()
+{
+    const TabellaTesto Regole(FileDiProva(u"casi/regole55.csv"_s), {u"articolo"_s, u"regola"_s, u"valore"_s});
+    static const QRegularExpression Misura(u"\\Ada ([0-9]+) a ([0-9]+) euro\\z"_s);
+    QStringList Attesi;
+    for (int Riga = 0; Riga < Regole.Righe(); ++Riga)
+        if (Regole.Testo(Riga, u"articolo"_s) == u"22-bis c.1")
+            Attesi = Misura.match(Regole.Testo(Riga, u"valore"_s)).capturedTexts().mid(1);
+    QCOMPARE(Attesi.size(), 2);
+    const Recordset Ora = Riga(u"SELECT * FROM OnorariStra WHERE IDOno=505"_s);
+    for (int Scaglione = 1; Scaglione <= 18; ++Scaglione) {
+        QCOMPARE(Ora.Value(QString::number(Scaglione) + u"Min"_s).toString(), Attesi[0]);
+        QCOMPARE(Ora.Value(QString::number(Scaglione) + u"Max"_s).toString(), Attesi[1]);
+    }
+    QVERIFY(!Ora.Value(u"QtaOno"_s).toString().isEmpty());
 }
 
 #include "TestVariazioni55.moc"
