@@ -1,11 +1,10 @@
 #include "platform/system/impostazioni.h"
 
 #include "platform/base/errore.h"
-#include "platform/system/blocco.h"
 #include "platform/system/deposito.h"
 #include "platform/system/file.h"
-#include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/turno.h"
 
 #include <QStandardPaths>
 
@@ -27,26 +26,12 @@ void Scrivi(const QString& File, const QString& Sezione, const QList<std::pair<Q
 {
     CreaCartellaDiUtente(CartellaFile(File));
     // Two programs that store at one moment would each put back what the other has changed.
-    FileBlocco Turno(File + u".lock"_s);
-    FileBlocco::Esito Ora = Turno.Prendi(guasti::AttesaTurnoMs);
-    // Nobody writes settings for minutes.
-    if (Ora == FileBlocco::Esito::Abbandonato && TogliBlocco(Turno.Percorso()))
-        Ora = Turno.Prendi(guasti::AttesaTurnoMs);
-    switch (Ora) {
-    case FileBlocco::Esito::Preso:
-        break;
-    case FileBlocco::Esito::Altrui:
-    case FileBlocco::Esito::Abbandonato:
-        throw Errore(errori::FileInUso);
-    case FileBlocco::Esito::Rifiutato:
-        throw Errore(errori::Accesso);
-    case FileBlocco::Esito::Impedito:
-        throw Errore(errori::Periferica);
-    }
-    const QByteArray Prima = LeggiDeposito(File);
-    const QByteArray Dopo = ConValoriNelDeposito(Prima, Sezione, Valori);
-    if (Dopo != Prima || !EsisteFile(File))
-        ScriviFile(File, Dopo, Lettori::SoloUtente);
+    ATurno(File, NomeFile(File) + u".lock"_s, [&] {
+        const QByteArray Prima = LeggiDeposito(File);
+        const QByteArray Dopo = ConValoriNelDeposito(Prima, Sezione, Valori);
+        if (Dopo != Prima || !EsisteFile(File))
+            ScriviFile(File, Dopo, Lettori::SoloUtente);
+    });
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include "platform/base/errore.h"
 #include "platform/base/paginacodice.h"
 #include "platform/system/file.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/turno.h"
 
 #include <QByteArrayView>
 #include <QFile>
@@ -189,13 +191,18 @@ bool ChiaveScrivibile(const QString& Chiave)
 bool Riscrivi(const QString& File, const std::function<QByteArray(const QByteArray&)>& Cambia)
 {
     try {
+        bool Scritto = false;
         const QString Percorso = TrovaFile(File);
-        const QByteArray Contenuto = EsisteFile(Percorso) ? LeggiFile(Percorso, MassimoByte) : QByteArray();
-        const QByteArray Nuovo = Cambia(Contenuto);
-        if (Nuovo.size() > MassimoByte)
-            return false;
-        ScriviFile(Percorso, Nuovo);
-        return true;
+        ATurno(Percorso, u".~"_s + NomeFile(Percorso) + u".lock"_s, [&] {
+            const QByteArray Contenuto =
+                EsisteFile(Percorso) ? LeggiFile(Percorso, MassimoByte) : QByteArray();
+            const QByteArray Nuovo = Cambia(Contenuto);
+            if (Nuovo.size() > MassimoByte)
+                return;
+            ScriviFile(Percorso, Nuovo);
+            Scritto = true;
+        });
+        return Scritto;
     } catch (const Errore&) {
         return false;
     }

@@ -22,7 +22,8 @@
 [[nodiscard]] QString GetPrivateProfileString(const QString& Sezione, const QString& Chiave,
                                               const QString& Predefinito, int Massimo, const QString& File);
 
-/// Sets a key, adding file, section or key where missing; the file is replaced in one step.
+/// Sets a key, adding file, section or key where missing; the file is replaced in one step, and what another
+/// program changes at the same moment is kept.
 /// Line breaks in section, key or value would forge other lines: they become blanks.
 /// @return false when the file cannot be written or would pass 1 MiB, and for a name that could not be
 ///         read back (a key that is blank, holds "=" or begins with "[" or ";", a section with "]");

@@ -1,7 +1,9 @@
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 
 #include "platform/base/errore.h"
 #include "platform/base/paginacodice.h"
+#include "platform/system/blocco.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
@@ -9,6 +11,9 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QScopedValueRollback>
+
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -35,6 +40,9 @@ private Q_SLOTS:
     void rifiutoLasciaIlFile();
     void rifiutaUnFileTroppoGrande();
     void quelCheMancaAllaPaginaDiCodiciEUnPunto();
+
+    void dueProgrammiInsieme();
+    void chiScriveSiAspetta();
 
     void paginaDiCodici();
     void paginaDiCodiciNeiDueVersi();
@@ -238,6 +246,42 @@ void TestProfilo::quelCheMancaAllaPaginaDiCodiciEUnPunto()
     QVERIFY(WritePrivateProfileString(u"sezione Ω"_s, u"chiave Ω"_s, u"Ω"_s, File));
     QCOMPARE(LeggiFile(File), "[sezione ?]\r\nchiave ?=?\r\n"_ba);
     QCOMPARE(Leggi(File, u"CHIAVE Ω"_s, u"sezione Ω"_s), u"?"_s);
+}
+
+/// Neither puts back what the other has changed.
+void TestProfilo::dueProgrammiInsieme()
+{
+    const QString File = FileCon("[s]\r\n");
+    constexpr int Giri = 40;
+    const auto Scrive = [&](const QString& Chi) {
+        for (int i = 0; i < Giri; ++i)
+            (void)WritePrivateProfileString(u"s"_s, Chi + QString::number(i), u"si"_s, File);
+    };
+    std::thread Altro(Scrive, u"altro"_s);
+    Scrive(u"uno"_s);
+    Altro.join();
+    for (int i = 0; i < Giri; ++i)
+        for (const QString& Chi : {u"uno"_s, u"altro"_s})
+            QVERIFY2(Leggi(File, Chi + QString::number(i)) == u"si", qPrintable(Chi + QString::number(i)));
+    QCOMPARE(ContenutoDi(CartellaFile(File)), QStringList{u"prova.ini"_s});
+}
+
+/// Who is writing is waited for; who goes on and on loses nothing by it.
+void TestProfilo::chiScriveSiAspetta()
+{
+    const QScopedValueRollback Poco(guasti::AttesaTurnoMs, 50);
+    const QByteArray Prima = "[s]\r\na=1\r\n";
+    const QString File = FileCon(Prima);
+    {
+        FileBlocco Altrui(CartellaFile(File) + u".~prova.ini.lock"_s);
+        QCOMPARE(Altrui.Prendi(0), FileBlocco::Esito::Preso);
+        QVERIFY(!WritePrivateProfileString(u"s"_s, u"a"_s, u"2"_s, File));
+        QVERIFY(!SostituisciChiavi(
+            u"s"_s, [](const QString&) { return true; }, {}, File));
+        QCOMPARE(LeggiFile(File), Prima);
+    }
+    QVERIFY(WritePrivateProfileString(u"s"_s, u"a"_s, u"2"_s, File));
+    QCOMPARE(Leggi(File, u"a"_s), u"2"_s);
 }
 
 void TestProfilo::paginaDiCodici()

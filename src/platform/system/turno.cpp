@@ -1,0 +1,27 @@
+#include "platform/system/turno.h"
+
+#include "platform/base/errore.h"
+#include "platform/system/blocco.h"
+#include "platform/system/guasti.h"
+#include "platform/system/percorsi.h"
+
+void ATurno(const QString& File, const QString& Blocco, const std::function<void()>& Fai)
+{
+    FileBlocco Turno(CartellaFile(PercorsoNativo(File)) + Blocco);
+    FileBlocco::Esito Ora = Turno.Prendi(guasti::AttesaTurnoMs);
+    // Nobody writes such a file for minutes.
+    if (Ora == FileBlocco::Esito::Abbandonato && TogliBlocco(Turno.Percorso()))
+        Ora = Turno.Prendi(guasti::AttesaTurnoMs);
+    switch (Ora) {
+    case FileBlocco::Esito::Preso:
+        break;
+    case FileBlocco::Esito::Altrui:
+    case FileBlocco::Esito::Abbandonato:
+        throw Errore(errori::FileInUso);
+    case FileBlocco::Esito::Rifiutato:
+        throw Errore(errori::Accesso);
+    case FileBlocco::Esito::Impedito:
+        throw Errore(errori::Periferica);
+    }
+    Fai();
+}
