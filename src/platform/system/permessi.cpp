@@ -23,14 +23,17 @@ namespace {
 
 constexpr mode_t BitPermessi = 0777;
 
-/// Permissions of a new file. A folder that others may write into is shared with them; that of a user alone,
-/// and one where everybody keeps his own, is not.
+/// Permissions of a new file. A folder that others may write into is shared with them; that of a user alone
+/// is not, nor a sticky one, where everybody keeps his own and no colleague could save a file of another's
+/// again.
 mode_t ModoNuovo(const struct stat& Cartella)
 {
     mode_t Modo = 0600;
+    if (Cartella.st_mode & S_ISVTX)
+        return Modo;
     if (Cartella.st_mode & S_IWGRP)
         Modo |= 0060;
-    if ((Cartella.st_mode & S_IWOTH) && !(Cartella.st_mode & S_ISVTX))
+    if (Cartella.st_mode & S_IWOTH)
         Modo |= 0006;
     return Modo;
 }

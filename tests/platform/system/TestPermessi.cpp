@@ -68,7 +68,8 @@ void TestPermessi::unFileNuovo_data()
     Riga("one of a group", 0770, Lettori::Cartella, 0660);
     Riga("one of a group, others may look", 02775, Lettori::Cartella, 0660);
     Riga("one of everybody", 0777, Lettori::Cartella, 0666);
-    Riga("one where everybody keeps his own", 01777, Lettori::Cartella, 0660);
+    Riga("one where everybody keeps his own", 01777, Lettori::Cartella, 0600);
+    Riga("one of a group where each keeps his own", 03770, Lettori::Cartella, 0600);
     Riga("the user's alone in a group's folder", 0770, Lettori::SoloUtente, 0600);
     Riga("as the system likes", 0700, Lettori::Tutti, 0644);
 }
@@ -132,7 +133,7 @@ void TestPermessi::cartelle_data()
     QTest::newRow("under the user's") << 0755 << 0700;
     QTest::newRow("under a group's") << 0770 << 0770;
     QTest::newRow("under a group's that hands its group down") << 02770 << 02770;
-    QTest::newRow("under everybody's own") << 01777 << 0770;
+    QTest::newRow("under everybody's own") << 01777 << 0700;
 }
 
 void TestPermessi::cartelle()
