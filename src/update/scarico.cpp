@@ -72,9 +72,13 @@ void Porta(const Provenienza& Da, const QString& Nome, const QString& File, qint
             return !Fermato;
         };
         QString Dettaglio;
-        if (CopiaURL(Da.Indirizzo + u"/kr5/setup/"_s + Nome, File, {false, MassimoByte, Osserva},
-                     &Dettaglio) != 0)
-            throw Fallito{Dettaglio, Fermato};
+        const int Esito =
+            CopiaURL(Da.Indirizzo + u"/kr5/setup/"_s + Nome, File, {false, MassimoByte, Osserva}, &Dettaglio);
+        // Who stops at the very end of one file does not want the next one either.
+        if (Fermato)
+            throw Fallito{DescriviFine(FineRete::Annullata), true};
+        if (Esito != 0)
+            throw Fallito{Dettaglio};
         return;
     }
     const QString Origine = TrovaFile(Da.Cartella + Nome);

@@ -4,6 +4,8 @@
 #include <QFileInfo>
 #include <QProcess>
 
+#include <utility>
+
 class TestScarico : public QObject
 {
     Q_OBJECT
@@ -26,6 +28,7 @@ private Q_SLOTS:
     void mezzoArchivio();
     void discoPieno();
     void annullato();
+    void annullatoAllaFineDiUnFile();
     void archivioMancante();
     void archivioInUso();
     void dueAllaVolta();
@@ -313,6 +316,49 @@ void TestScarico::annullato()
     const EsitoScarico Cartella =
         ScaricaTassi(B->Controllato(B->Cartella()), [](qint64 Copiati, qint64) { return Copiati < 1000; });
     QVERIFY(Cartella.Annullato);
+    QVERIFY(B->ArchivioIntatto());
+    QCOMPARE(B->Avanzi(), QStringList());
+}
+
+namespace {
+
+/// A transfer that comes to its end while it is asked to stop.
+class FinitoNelFrattempo final : public Trasferimento
+{
+public:
+    explicit FinitoNelFrattempo(std::unique_ptr<Trasferimento> Quello) : Vero(std::move(Quello)) {}
+    bool Attendi(int) override { return std::exchange(Chiesto, true) && Vero->Attendi(AttesaMs); }
+    FineRete Fine() const override { return Vero->Fine(); }
+    qint64 Ricevuti() const override { return Vero->Ricevuti(); }
+    qint64 Totale() const override { return Vero->Totale(); }
+    void Annulla() override {}
+
+private:
+    static constexpr int AttesaMs = 10000;
+
+    std::unique_ptr<Trasferimento> Vero;
+    bool Chiesto = false;
+};
+
+}  // namespace
+
+/// The signature is brought first: who stops while its last byte comes wants nothing of the archive.
+void TestScarico::annullatoAllaFineDiUnFile()
+{
+    B->Posa(u"tassi.dat"_s, B->ArchivioNuovo());
+    B->Annunciate(SoloTassi);
+    const Annuncio Trovato = B->Controllato(DalServer());
+    Rete Tavola = InstallaRete({});
+    Tavola.Avvia = [Vera = Tavola.Avvia](const RichiestaRete& Chiesta) {
+        return std::make_unique<FinitoNelFrattempo>(Vera(Chiesta));
+    };
+    InstallaRete(std::move(Tavola));
+    int Volte = 0;
+    const EsitoScarico Esito = ScaricaTassi(Trovato, [&](qint64, qint64) { return ++Volte > 1; });
+    QVERIFY(!Esito.Riuscito());
+    QVERIFY(Esito.Annullato);
+    QCOMPARE(Esito.Dettaglio, u"operazione annullata"_s);
+    QVERIFY(!B->Server.Uditi().contains("/tassi.dat "));
     QVERIFY(B->ArchivioIntatto());
     QCOMPARE(B->Avanzi(), QStringList());
 }

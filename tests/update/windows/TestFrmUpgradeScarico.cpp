@@ -279,7 +279,9 @@ void TestFrmUpgradeScarico::avanzamentoEAnnulla()
     QStringList Spenti;
     const auto Osserva = [&] {
         const auto* Barra = Controllo<QProgressBar>(F.get(), "barAvanza");
-        if (!SiVede("fraAvanza") || Barra->format().isEmpty() || Barra->maximum() == 0 || !Formato.isEmpty())
+        // The signature comes before the program.
+        if (!SiVede("fraAvanza") || !Barra->format().endsWith(u" MB") || Barra->maximum() == 0 ||
+            !Formato.isEmpty())
             return;
         Formato = Barra->format();
         for (const char* Nome : {"cmdVerifica", "cmdFile", "cmdUpgrade", "cmdPreview", "cmdChiudi"})
@@ -291,14 +293,7 @@ void TestFrmUpgradeScarico::avanzamentoEAnnulla()
             Premi(Come == u"esc" ? Qt::Key_Escape : Qt::Key_Space);
     };
     // Calls that are queued run while the transfer breathes; timers do not.
-    std::function<void()> Ancora = [&] {
-        Osserva();
-        if (Formato.isEmpty())
-            QMetaObject::invokeMethod(
-                F.get(), [&] { Ancora(); }, Qt::QueuedConnection);
-    };
-    QMetaObject::invokeMethod(
-        F.get(), [&] { Ancora(); }, Qt::QueuedConnection);
+    const AdOgniPasso Passo(Controllo(F.get(), "barAvanza"), Osserva);
     B->Voce.Attendi(ProgrammaErrore(u"operazione annullata"_s), vbOK, u"Errore:"_s);
     Clicca("cmdUpgrade");
     QVERIFY2(Formato.endsWith(u" KB di 1,0 MB"), qPrintable(Formato));
@@ -317,22 +312,19 @@ void TestFrmUpgradeScarico::durantePremereNonFaAltro()
     sessione::ServerAggiornamenti = B->Server.Indirizzo(u"lento@.exe"_s);
     Apri(u"run"_s);
     int Fatto = 0;
-    std::function<void()> Ancora = [&] {
-        if (SiVede("fraAvanza") && Controllo<QProgressBar>(F.get(), "barAvanza")->maximum() > 0 &&
-            ++Fatto == 1) {
+    int Passi = 0;
+    const AdOgniPasso Passo(Controllo(F.get(), "barAvanza"), [&] {
+        const auto* Barra = Controllo<QProgressBar>(F.get(), "barAvanza");
+        if (SiVede("fraAvanza") && Barra->format().endsWith(u" MB") && Barra->maximum() > 0 && ++Fatto == 1) {
             Clic(Controllo<QPushButton>(F.get(), "cmdFile"));
             Premi(Qt::Key_F4, Qt::AltModifier);
             F->close();
             QVERIFY(F->isVisible());
         }
-        if (Fatto > 20)
+        // Some steps of the transfer later: nothing of it has stopped it.
+        if (Fatto > 0 && ++Passi > 5)
             Premi(Qt::Key_Escape);
-        else
-            QMetaObject::invokeMethod(
-                F.get(), [&] { Ancora(); }, Qt::QueuedConnection);
-    };
-    QMetaObject::invokeMethod(
-        F.get(), [&] { Ancora(); }, Qt::QueuedConnection);
+    });
     B->Voce.Attendi(ProgrammaErrore(u"operazione annullata"_s), vbOK, u"Errore:"_s);
     Clicca("cmdUpgrade");
     QVERIFY(F->isVisible());

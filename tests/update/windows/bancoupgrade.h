@@ -18,6 +18,29 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include <functional>
+
+/// Calls somebody behind each drawing of the bar of a transfer, from the queue, as the transfer breathes. A
+/// call that queued itself again would leave the transfer no breath.
+class AdOgniPasso : public QObject
+{
+public:
+    AdOgniPasso(QWidget* Barra, std::function<void()> Chiamata) : Chiama(std::move(Chiamata))
+    {
+        Barra->installEventFilter(this);
+    }
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
+    {
+        if (Evento->type() == QEvent::Paint)
+            QMetaObject::invokeMethod(
+                this, [this] { Chiama(); }, Qt::QueuedConnection);
+        return QObject::eventFilter(Oggetto, Evento);
+    }
+
+private:
+    std::function<void()> Chiama;
+};
+
 class BancoUpgrade
 {
 public:
