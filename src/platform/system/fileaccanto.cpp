@@ -8,10 +8,15 @@
 #include "platform/system/stessofile.h"
 
 #include <QCryptographicHash>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QThread>
+
+#include <cstdlib>
+#include <ctime>
+#include <mutex>
 
 #ifdef Q_OS_WIN
 #include <QSaveFile>
@@ -61,6 +66,10 @@ bool FileAccanto::PosaSeLibero()
     Posa();
     return true;
 }
+
+// The library's own files have names that nobody can tell from others.
+void TogliRestiAccanto(const QString&)
+{}
 
 #else
 
@@ -119,7 +128,48 @@ bool Libera(const QByteArray& Nome)
     }
 }
 
+/// Takes a file away that is nobody's any more.
+void TogliSeDiNessuno(const QByteArray& Nome)
+{
+    constexpr time_t Fermo = time_t(5) * 60;
+    struct stat Suo = {};
+    if (::lstat(Nome.constData(), &Suo) != 0 || !S_ISREG(Suo.st_mode) || Suo.st_uid != ::geteuid() ||
+        std::abs(::time(nullptr) - Suo.st_mtime) < Fermo)
+        return;
+    const int Aperto = ::open(Nome.constData(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    if (Aperto < 0)
+        return;
+    if (::flock(Aperto, LOCK_EX | LOCK_NB) == 0 && HaQuestoNome(Aperto, Nome))
+        ::unlink(Nome.constData());
+    ::close(Aperto);
+}
+
+/// Once for each folder and process.
+void TogliRestiUnaVolta(const QByteArray& Finale)
+{
+    static std::mutex Turno;
+    static QStringList Passate;
+    const QString Cartella = CartellaFile(QFile::decodeName(Finale));
+    {
+        const std::lock_guard Mio(Turno);
+        if (Passate.contains(Cartella))
+            return;
+        Passate.append(Cartella);
+    }
+    TogliRestiAccanto(Cartella);
+}
+
 }  // namespace
+
+void TogliRestiAccanto(const QString& Cartella)
+{
+    const QString Qui = Cartella.isEmpty() ? u"./"_s : Barra(Cartella);
+    // A note that is being built bears no such lock, but its turn does: its leftovers go with the next note.
+    const QStringList Nomi = QDir(Qui).entryList({u".~*.tmp"_s}, QDir::Files | QDir::Hidden);
+    for (const QString& Nome : Nomi)
+        if (!Nome.endsWith(u".mdb.tmp", Qt::CaseInsensitive))
+            TogliSeDiNessuno(QFile::encodeName(Qui + Nome));
+}
 
 struct FileAccanto::Interno
 {
@@ -244,6 +294,7 @@ void FileAccanto::Posa()
     Pretendi(::rename(Dati->Accanto.constData(), Dati->Finale.constData()));
     Dati->ConNome = false;
     SincronizzaCartellaDi(QFile::decodeName(Dati->Finale));
+    TogliRestiUnaVolta(Dati->Finale);
 }
 
 bool FileAccanto::PosaSeLibero()
@@ -263,6 +314,7 @@ bool FileAccanto::PosaSeLibero()
         Dati->ConNome = false;
     }
     SincronizzaCartellaDi(QFile::decodeName(Dati->Finale));
+    TogliRestiUnaVolta(Dati->Finale);
     return true;
 }
 

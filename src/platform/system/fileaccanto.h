@@ -13,7 +13,8 @@
 ///
 /// Where the disk knows files without a name it has none until it is whole, so that a program that is killed
 /// leaves nothing; elsewhere, and for the moment between two steps, it is `.~<name>.tmp`, which the next one
-/// takes away; of two programs that write it at once the second waits, or gives up.
+/// takes away; of two programs that write it at once the second waits, or gives up. Behind the first file
+/// that a process puts into a folder goes what killed programs have left there of others (TogliRestiAccanto).
 class FileAccanto
 {
 public:
@@ -39,3 +40,8 @@ private:
     struct Interno;
     std::unique_ptr<Interno> Dati;
 };
+
+/// Takes away what killed programs have left in a folder of files that they were writing. It must be a file
+/// of this user's with a name of that form, which no process holds and nobody has touched for five minutes: a
+/// disk of other machines shows nobody's locks. It cannot fail.
+void TogliRestiAccanto(const QString& Cartella);

@@ -6,6 +6,7 @@
 #include "platform/system/fileaccanto.h"
 #include "platform/system/guasti.h"
 
+#include <QDateTime>
 #include <QScopedValueRollback>
 
 #include <fcntl.h>
@@ -26,6 +27,8 @@ private Q_SLOTS:
     void siAspettaChiVive();
     void diUnMorto_data();
     void diUnMorto();
+    void iRestiDiAltriNomi();
+    void iRestiSenzaCheNessunoLiChieda();
 
 private:
     QString Cartella;
@@ -118,6 +121,55 @@ void TestFileAccanto::diUnMorto()
     Resto.close();
     ScriviFile(File, "x");
     QCOMPARE(LeggiFile(File), "x"_ba);
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"x.doc"_s});
+}
+
+/// A file that was last touched so many seconds ago.
+void Resto(const QString& Nome, int Secondi)
+{
+    ScriviFile(Nome, "a meta'");
+    ImpostaDataFile(Nome, QDateTime::currentDateTime().addSecs(-Secondi));
+}
+
+constexpr int Fa = 600;
+
+void TestFileAccanto::iRestiDiAltriNomi()
+{
+    Resto(Cartella + u".~morto.doc.tmp"_s, Fa);
+    Resto(Cartella + u".~domani.doc.tmp"_s, -Fa);
+    const QStringList Restano{u".~cartella.tmp"_s, u".~collegato.tmp"_s, u".~giovane.doc.tmp"_s,
+                              u".~lock.x.doc#"_s,  u".~nota.mdb.tmp"_s,  u".~vivo.doc.tmp"_s,
+                              u"vero.doc"_s,       u"~x.doc.tmp"_s};
+    for (const QString& Nome :
+         {u".~lock.x.doc#"_s, u".~nota.mdb.tmp"_s, u".~vivo.doc.tmp"_s, u"vero.doc"_s, u"~x.doc.tmp"_s})
+        Resto(Cartella + Nome, Fa);
+    Resto(Cartella + u".~giovane.doc.tmp"_s, 200);
+    CreaCartella(Cartella + u".~cartella.tmp"_s);
+    QVERIFY(QFile::link(Cartella + u"vero.doc"_s, Cartella + u".~collegato.tmp"_s));
+    const int Vivo =
+        ::open(QFile::encodeName(Cartella + u".~vivo.doc.tmp"_s).constData(), O_RDONLY | O_CLOEXEC);
+    QCOMPARE(::flock(Vivo, LOCK_EX), 0);
+    TogliRestiAccanto(Cartella);
+    QCOMPARE(ContenutoDi(Cartella), Restano);
+    ::close(Vivo);
+    TogliRestiAccanto(Cartella);
+    QVERIFY(!ContenutoDi(Cartella).contains(u".~vivo.doc.tmp"));
+    if (::geteuid() == 0) {
+        Resto(Cartella + u".~altrui.doc.tmp"_s, Fa);
+        QCOMPARE(::chown(QFile::encodeName(Cartella + u".~altrui.doc.tmp"_s).constData(), 54321, 54321), 0);
+        TogliRestiAccanto(Cartella);
+        QVERIFY2(ContenutoDi(Cartella).contains(u".~altrui.doc.tmp"), "another user's");
+    }
+    TogliRestiAccanto(Cartella + u"manca"_s);
+}
+
+/// They go with the first file of any name that comes into their folder.
+void TestFileAccanto::iRestiSenzaCheNessunoLiChieda()
+{
+    const QString Altrove = NuovaCartella();
+    Resto(Altrove + u"x"_s, Fa);
+    QVERIFY(QFile::rename(Altrove + u"x"_s, Cartella + u".~morto.doc.tmp"_s));
+    ScriviFile(File, "x");
     QCOMPARE(ContenutoDi(Cartella), QStringList{u"x.doc"_s});
 }
 
