@@ -2,12 +2,15 @@
 
 #include "platform/kit/servizi_qt.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QEvent>
 #include <QPointer>
 #include <QThread>
 #include <QTimer>
 #include <QWidget>
+
+#include <algorithm>
 
 namespace {
 
@@ -17,6 +20,11 @@ public:
     explicit Trattenuta(QWidget* Finestra) : QObject(Finestra), Livello(Giri())
     {
         Finestra->installEventFilter(this);
+        // A box that is up already is somebody else's. Once it has ended, the window's own come up at its
+        // level.
+        const auto* Giro = QThread::currentThread()->eventDispatcher();
+        for (const auto Segnale : {&QAbstractEventDispatcher::aboutToBlock, &QAbstractEventDispatcher::awake})
+            connect(Giro, Segnale, this, [this] { Livello = std::min(Livello, Giri()); });
     }
 
     bool eventFilter(QObject* Oggetto, QEvent* Evento) override
@@ -59,7 +67,7 @@ private:
             delete Finestra;
     }
 
-    const int Livello;
+    int Livello;  ///< loops that have been going on since before the window was there
     bool Condannata = false;
     bool Attende = false;
 };

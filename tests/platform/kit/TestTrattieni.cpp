@@ -41,6 +41,7 @@ private Q_SLOTS:
     void dietroUnBoxResta();
     void dietroDueBoxResta();
     void riapertaResta();
+    void nataDietroUnBoxResta();
 };
 PROVA(TestTrattieni);
 
@@ -84,6 +85,26 @@ void TestTrattieni::riapertaResta()
     QTest::qWait(OltreLAttesa);
     QVERIFY(Finestra && Finestra->isVisible());
     Finestra->close();
+    QTRY_VERIFY(!Finestra);
+}
+
+/// A window that has come up behind another one's box, a menu say, is held by its own box later, although no
+/// more of them are up then.
+void TestTrattieni::nataDietroUnBoxResta()
+{
+    QPointer<QDialog> Finestra;
+    QEventLoop Programma;
+    bool Trattenuta = false;
+    QTimer::singleShot(0, &Programma, [&] {
+        ConUnBox([&] { Finestra = Nuova(); });
+        QTimer::singleShot(0, &Programma, [&] {
+            ConUnBox([&] { Finestra->close(); });
+            Trattenuta = !Finestra.isNull();
+            Programma.quit();
+        });
+    });
+    Programma.exec();
+    QVERIFY(Trattenuta);
     QTRY_VERIFY(!Finestra);
 }
 
