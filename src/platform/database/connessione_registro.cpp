@@ -2,9 +2,12 @@
 #include "platform/database/connessione.h"
 
 #include "platform/base/errore.h"
+#include "platform/system/blocco.h"
+#include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/sincrono.h"
 
 #include <QDir>
 #include <QFile>
@@ -42,18 +45,52 @@ bool GiornaleAltrui(const QString& File)
            Giornale.read(Lunghezza) == QByteArray(reinterpret_cast<const char*>(Segno.data()), Lunghezza);
 }
 
-/// A write that was cut off in a file which is read-only by now: nobody could read it before it is undone.
-void RisanaSolaLettura(const QString& File)
+/// Whether a write that was cut off must be undone before the file can be read. Of one that goes on nothing
+/// is said: its journal is in use.
+bool DaRisanare(const QString& File)
 {
-    if (!HaGiornale(File) || !CartellaScrivibile(CartellaFile(File)))
-        return;
     try {
-        const AttributoSospeso Attributo(File, [](const Errore&) {});
-        const Connessione Aperta(File, Connessione::Modo::Scrittura);
+        const Connessione Aperta(File, Connessione::Modo::SolaLettura);
         Istruzione Lettura(Aperta, u"PRAGMA schema_version"_s);
         (void)Lettura.Avanza();
+        return false;
+    } catch (const Errore& Guasto) {
+        return Guasto.Numero == errori::DatabaseSolaLettura;
+    }
+}
+
+/// A write that was cut off in a file which is read-only by now: nobody could read it before it is undone.
+/// That is done in a copy, which then takes the place, so that no moment in between leaves the file writable;
+/// its names are those of a note that is being built, and go with what killed saves leave.
+void RisanaSolaLettura(const QString& File)
+{
+    constexpr qint64 Massimo = qint64(2) << 30;
+    if (!HaGiornale(File) || !CartellaScrivibile(CartellaFile(File)) || !DaRisanare(File))
+        return;
+    const QString Giornale = u"-journal"_s;
+    const QString Accanto = CartellaFile(File) + u".~"_s + NomeFile(File);
+    const QString Copia = Accanto + u".tmp"_s;
+    FileBlocco Turno(Accanto + u".turno"_s);
+    // Whoever has the turn mends it too.
+    if (Turno.Prendi(guasti::AttesaTurnoMs) != FileBlocco::Esito::Preso || !HaGiornale(File))
+        return;
+    try {
+        (void)CopiaFile(File, Copia, Massimo, {}, Lettori::SoloUtente);
+        (void)CopiaFile(File + Giornale, Copia + Giornale, Massimo, {}, Lettori::SoloUtente);
+        {
+            const Connessione Aperta(Copia, Connessione::Modo::Scrittura);
+            Istruzione Lettura(Aperta, u"PRAGMA schema_version"_s);
+            (void)Lettura.Avanza();
+        }
+        ScriviSulDisco(Copia);
+        DaiPermessi(Copia, File, Lettori::Tutti);
+        SostituisciFile(Copia, File);
+        // Until it is gone, a reader who finds it undoes once more what is undone.
+        ScartaFile(File + Giornale);
     } catch (const Errore&) {
         // The reader that comes next says what is wrong with the file.
+        ScartaFile(Copia);
+        ScartaFile(Copia + Giornale);
     }
 }
 

@@ -4,6 +4,7 @@
 #include "platform/base/errore.h"
 #include "platform/database/criterio.h"
 #include "platform/database/database.h"
+#include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "supporto/guasti.h"
 
@@ -35,6 +36,9 @@ private Q_SLOTS:
     void confermaFallitaNonScrive();
     void bloccoAltruiSiAttende();
     void scritturaInterrottaSiRipara();
+    void interrottaEDiSolaLettura_data();
+    void interrottaEDiSolaLettura();
+    void interrottaEDiSolaLetturaIntantoScritta();
     void vistaColNomeDellaTabella();
     void grillettoNonParte();
     void tabellaDeiCampiEstranea();
@@ -47,6 +51,8 @@ private:
     void Scrivi(const QString& File, const QByteArray& Contenuto) const;
     /// A file with a table T (a INTEGER, b TEXT) of some hundred rows.
     [[nodiscard]] QString FileBuono() const;
+    /// A copy of the good file in the middle of a write, and its journal.
+    void Interrompi(const QString& Copia) const;
 
     QString Cartella;
 };
@@ -279,21 +285,88 @@ void TestDatabaseGuasti::bloccoAltruiSiAttende()
 
 void TestDatabaseGuasti::scritturaInterrottaSiRipara()
 {
-    const QString File = FileBuono();
     const QString Copia = Cartella + u"interrotto.mdb"_s;
-    {
-        const Database Db = OpenDatabase(File);
-        const Transazione Aperta(Db);
-        // More than the engine's cache: the file is written before the transaction ends.
-        Db.Execute(u"PRAGMA cache_size=1"_s);
-        Db.Execute(u"UPDATE T SET b='interrotto'"_s);
-        QVERIFY(QFile::copy(File, Copia));
-        QVERIFY(QFile::copy(File + u"-journal"_s, Copia + u"-journal"_s));
-    }
+    Interrompi(Copia);
     QVERIFY(Leggi(Copia).contains("interrotto"));
     const Database Db = OpenDatabase(Copia);
     QCOMPARE(Db.OpenRecordset(u"T"_s).RecordCount(), 500);
     QCOMPARE(Db.OpenRecordset(u"SELECT * FROM T WHERE b='interrotto'"_s).RecordCount(), 0);
+}
+
+void TestDatabaseGuasti::Interrompi(const QString& Copia) const
+{
+    const QString File = FileBuono();
+    const Database Db = OpenDatabase(File);
+    const Transazione Aperta(Db);
+    // More than the engine's cache: the file is written before the transaction ends.
+    Db.Execute(u"PRAGMA cache_size=1"_s);
+    Db.Execute(u"UPDATE T SET b='interrotto'"_s);
+    QVERIFY(QFile::copy(File, Copia));
+    QVERIFY(QFile::copy(File + u"-journal"_s, Copia + u"-journal"_s));
+}
+
+void TestDatabaseGuasti::interrottaEDiSolaLettura_data()
+{
+    QTest::addColumn<bool>("IlDiscoRegge");
+    QTest::newRow("mended") << true;
+    QTest::newRow("the disk fails, and it is as before") << false;
+}
+
+/// It is mended without its attribute ever being taken away: whoever dies meanwhile leaves no writable
+/// template.
+void TestDatabaseGuasti::interrottaEDiSolaLettura()
+{
+    QFETCH(bool, IlDiscoRegge);
+    const QString Qui = NuovaCartella();
+    const QString Copia = Qui + u"interrotto.mdb"_s;
+    Interrompi(Copia);
+    ImpostaSolaLettura(Copia, true);
+    const QFile::Permissions Prima = QFile::permissions(Copia);
+    const QByteArray Byte = Leggi(Copia);
+    int Volte = 0;
+    guasti::PrimaDelDisco = [&](const QString& File) {
+        ++Volte;
+        return File != Copia && SolaLettura(Copia) && Leggi(Copia) == Byte && IlDiscoRegge;
+    };
+    const auto Sano = [&] {
+        const Database Db = OpenDatabase(Copia);
+        return Db.DiSolaLettura() && Db.OpenRecordset(u"T"_s).RecordCount() == 500 &&
+               Db.OpenRecordset(u"SELECT * FROM T WHERE b='interrotto'"_s).RecordCount() == 0;
+    };
+    if (IlDiscoRegge)
+        QVERIFY(Sano());
+    else
+        QVERIFY(NumeroErrore([&] { (void)OpenDatabase(Copia).OpenRecordset(u"T"_s); }) != 0);
+    QCOMPARE(Volte, 1);
+    guasti::PrimaDelDisco = {};
+    QCOMPARE(QFile::permissions(Copia), Prima);
+    if (!IlDiscoRegge) {
+        QCOMPARE(Leggi(Copia), Byte);
+        QCOMPARE(ContenutoDi(Qui), (QStringList{u"interrotto.mdb"_s, u"interrotto.mdb-journal"_s}));
+        QVERIFY(Sano());
+    }
+    QCOMPARE(ContenutoDi(Qui), QStringList{u"interrotto.mdb"_s});
+}
+
+/// A program that is still writing owns its journal, whatever has become of the attribute.
+void TestDatabaseGuasti::interrottaEDiSolaLetturaIntantoScritta()
+{
+    const QString File = FileBuono();
+    const QString Altro = Cartella + u"altro.mdb"_s;
+    std::filesystem::create_hard_link(File.toStdString(), Altro.toStdString());
+    guasti::AttesaBlocchiMs = 50;
+    {
+        const Database Suo = OpenDatabase(Altro);
+        const Transazione Aperta(Suo);
+        Suo.Execute(u"UPDATE T SET b='in corso' WHERE a=1"_s);
+        // Its journal has another name's letters; the look at it is the same.
+        QVERIFY(QFile::copy(Altro + u"-journal"_s, File + u"-journal"_s));
+        ImpostaSolaLettura(File, true);
+        const Database Db = OpenDatabase(File);
+        QCOMPARE(Db.OpenRecordset(u"T"_s).RecordCount(), 500);
+        QVERIFY2(EsisteFile(File + u"-journal"_s), "somebody's");
+    }
+    QVERIFY(QFileInfo(File).exists());
 }
 
 void TestDatabaseGuasti::vistaColNomeDellaTabella()
