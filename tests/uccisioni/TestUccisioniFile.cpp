@@ -97,6 +97,24 @@ QString DettoPrecaricata(const QString& File)
     }
 }
 
+/// Leaves a file as a write that was cut off leaves it: half of it changed, its journal beside it.
+void LasciaAMeta(const QString& File)
+{
+    const QString Giornale = u"-journal"_s;
+    const QString Copia = File + u".a-meta"_s;
+    {
+        const Database Nota = OpenDatabase(File);
+        const Transazione Aperta(Nota);
+        Nota.Execute(u"PRAGMA cache_size=1"_s);
+        Nota.Execute(u"UPDATE ParcellaRighe SET Descr=printf('%.4000c', 'x')"_s);
+        QFile::copy(File, Copia);
+        QFile::copy(File + Giornale, Copia + Giornale);
+    }
+    QFile::remove(File);
+    QFile::rename(Copia, File);
+    QFile::rename(Copia + Giornale, File + Giornale);
+}
+
 void PreparaArchivio(const QString& Cartella)
 {
     QFile::copy(ProgrammaDiProva() + u"DatiStudio.mdb"_s, Cartella + u"DatiStudio.mdb"_s);
@@ -170,6 +188,23 @@ const QList<Impresa>& Imprese()
          },
          [](const QString& In) {
              TogliRestiDiNote(In);  // a completed one is not written again, so that the start has to
+             Parcella Letta;
+             CaricaDati(Letta, In + u"n.mdb"_s);
+         },
+         [](const QString& In) {
+             if (!SolaLettura(In + u"n.mdb"_s))
+                 return u"senza il suo attributo"_s;
+             return NonUna(DettoDa(In + u"n.mdb"_s), {u"prima"_s});
+         },
+         {u"n.mdb"_s}},
+        {u"modello scritto a meta'"_s,
+         [](const QString& In) {
+             ScriviNota(In + u"n.mdb"_s, NotaDetta(u"prima"_s));
+             LasciaAMeta(In + u"n.mdb"_s);
+             ImpostaSolaLettura(In + u"n.mdb"_s, true);
+         },
+         [](const QString& In) {
+             TogliRestiDiNote(In);  // a mended one is not written again
              Parcella Letta;
              CaricaDati(Letta, In + u"n.mdb"_s);
          },
@@ -382,9 +417,12 @@ void TestUccisioniFile::dietroOgniChiamata()
     // Each of them where kills are asked for, otherwise a few spread over all.
     constexpr int Poche = 2;
     const int Passo = UccisioniChieste() > 0 ? 1 : (Tutte + Poche - 1) / Poche;
+    // The first call makes a lock that nobody has signed yet, for which the next program waits a second: one
+    // of them shows it.
+    const int Prima =
+        UccisioniChieste() > 0 || Quale == 0 ? 1 : 1 + (int(Seme() % uint(Passo)) + Passo / 2) % Passo;
     int Uccise = 0;
-    for (int Alla = UccisioniChieste() > 0 ? 1 : 1 + int(Seme() % uint(Passo)); Alla <= Tutte;
-         Alla += Passo) {
+    for (int Alla = Prima; Alla <= Tutte; Alla += Passo) {
         const QString Cartella = NuovaCartella();
         Prepara(Una, Cartella);
         Vittima Chi(Cartella.chopped(1), Conto, Alla);
