@@ -12,6 +12,8 @@
 #include <QElapsedTimer>
 #include <QSysInfo>
 
+#include <filesystem>
+
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -45,6 +47,7 @@ private Q_SLOTS:
     void restaDiChiEra_data();
     void restaDiChiEra();
     void ilCollegamentoResta();
+    void unSecondoNomeTieneQuelCheAveva();
     void ilModelloNasceProtetto();
     void protettaEVecchia();
     void protettaEVecchiaADiscoPieno();
@@ -139,6 +142,23 @@ void TestPosaFile::ilCollegamentoResta()
     QCOMPARE(Parametro(File, u"Cliente"_s).toString(), u"Cambiato"_s);
     QCOMPARE(ContenutoDi(Cartella), QStringList{u"nota.mdb"_s});
     QCOMPARE(ContenutoDi(Altrove), QStringList{u"link.mdb"_s});
+}
+
+/// The copies of a backup may be second names of the same file: a save changes the one that it was asked for.
+void TestPosaFile::unSecondoNomeTieneQuelCheAveva()
+{
+    const Studio Ufficio;
+    const Registratore Messaggi;
+    ScriviNota(File, NotaCivile());
+    const QString Copia = NuovaCartella() + u"copia.mdb"_s;
+    std::filesystem::create_hard_link(File.toStdString(), Copia.toStdString());
+    const QByteArray Tenuto = LeggiFile(Copia);
+    Parcella Cambiata = NotaCivile();
+    Cambiata.txtCliente.Testo = u"Cambiato"_s;
+    ScriviNota(File, Cambiata);
+    QCOMPARE(Parametro(File, u"Cliente"_s).toString(), u"Cambiato"_s);
+    QVERIFY(LeggiFile(Copia) == Tenuto);
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"nota.mdb"_s});
 }
 
 void TestPosaFile::ilModelloNasceProtetto()
