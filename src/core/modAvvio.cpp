@@ -3,6 +3,7 @@
 #include "core/impostazioni.h"
 #include "core/modErrori.h"
 #include "platform/base/nomidate.h"
+#include "platform/system/aparte.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
@@ -57,7 +58,8 @@ void LeggiParametri()
     Fase(u"avvio impostazione variabili1"_s);
     LeggiFino(Resto, chiavi::ParcellePath);
     const QString Modelli = Barra(ParcellePath + u"Modelli"_s);
-    ModelliPath = EsisteCartella(Modelli) ? Modelli : PercorsoProg;
+    // On a share that does not answer the start goes on; what is opened there says so.
+    ModelliPath = EsisteCartellaEntro(Modelli) ? Modelli : PercorsoProg;
     Fase(u"avvio impostazione variabili2"_s);
     LeggiFino(Resto, u"Iban");
     Fase(u"avvio impostazione variabili3"_s);

@@ -1,4 +1,5 @@
 #include "core/aperture.h"
+#include "supporto/cartellaferma.h"
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 
@@ -6,6 +7,7 @@
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
 #include "platform/base/errore.h"
+#include "platform/system/aparte.h"
 #include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/percorsi.h"
@@ -13,6 +15,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
@@ -36,6 +39,7 @@ private Q_SLOTS:
     void cartelleDelleParcelle_data();
     void cartelleDelleParcelle();
     void parcelleConservataPrendeLaBarra();
+    void iModelliSuUnaReteMuta();
     void cercaAgg_data();
     void cercaAgg();
     void aliquotaMalformataRestaComEra();
@@ -307,6 +311,27 @@ void TestSessione::parcelleConservataPrendeLaBarra()
     ImpostaVariabili();
     QCOMPARE(sessione::ParcellePath, Cartella);
     QCOMPARE(sessione::ModelliPath, Barra(Cartella + u"Modelli"_s));
+}
+
+/// A share that does not answer is not waited for long, and its folder of templates stays what it was.
+void TestSessione::iModelliSuUnaReteMuta()
+{
+    const Registratore Box;
+    const QString Note = NuovaCartella();
+    const QString Modelli = Barra(Note + u"Modelli"_s);
+    Salva(u"ParcellePath"_s, Note);
+    constexpr int AttesaMs = 10000;
+    QScopedValueRollback Poco(guasti::AttesaCartellaMs, 50);
+    {
+        const CartellaFerma Rete(Modelli);
+        ImpostaVariabili();
+        QVERIFY(Rete.Attesa());
+        QCOMPARE(sessione::ModelliPath, Modelli);
+    }
+    QVERIFY(AttendiLavoriAParte(AttesaMs));
+    guasti::AttesaCartellaMs = AttesaMs;
+    ImpostaVariabili();
+    QVERIFY2(sessione::ModelliPath == sessione::PercorsoProg, "it answers that there is none");
 }
 
 void TestSessione::cercaAgg_data()

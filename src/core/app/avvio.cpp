@@ -14,6 +14,7 @@
 #include "feenote/file/modPosaFile.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
+#include "platform/system/aparte.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
@@ -124,11 +125,13 @@ bool Avvia(const QString& Riga)
 }
 
 /// What killed programs left beside notes and templates; the folder of recovery copies is swept when they are
-/// offered.
+/// offered. Notes may lie on a share that does not answer.
 void TogliResti()
 {
-    for (const QString& Cartella : {sessione::ParcellePath, sessione::ModelliPath})
-        TogliRestiDiNote(Cartella);
+    FaiAParte([Cartelle = QStringList{sessione::ParcellePath, sessione::ModelliPath}] {
+        for (const QString& Cartella : Cartelle)
+            TogliRestiDiNote(Cartella);
+    });
 }
 
 }  // namespace

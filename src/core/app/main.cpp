@@ -3,6 +3,7 @@
 #include "core/app/avvio.h"
 #include "core/app/programma.h"
 #include "platform/kit/servizi_qt.h"
+#include "platform/system/aparte.h"
 #include "platform/system/diagnosi.h"
 #include "platform/system/shell.h"
 
@@ -18,5 +19,10 @@ int main(int argc, char** argv)
         if (!ComeUnaSessione(Riga, [&Riga] { Main(Riga); }))
             Termina();
     });
-    return QApplication::exec();
+    const int Esito = QApplication::exec();
+    // What the start has set going ends before the program is taken down; a disk that does not answer is
+    // left.
+    constexpr int PazienzaMs = 200;
+    (void)AttendiLavoriAParte(PazienzaMs);
+    return Esito;
 }

@@ -205,7 +205,7 @@ QString FraseTurno(const TurnoLasciato& Trovato)
 
 void TogliRestiDiNote(const QString& Cartella)
 {
-    static const QRegularExpression Forma(
+    const QRegularExpression Forma(
         u"^\\.~(?:\\.~)?(.+\\.mdb)\\.(turno(\\.rmlock)?|tmp-journal|tmp(-access)?(\\.tmp)?)\\z"_s);
     const QString Qui = Barra(Cartella);
     if (!CartellaScrivibile(Qui))

@@ -77,6 +77,8 @@ QStringList NomiDeiFile(const QString& Cartella, const QString& Fine)
 {
     if (Cartella.isEmpty())
         return {};
+    if (const auto Attesa = guasti::PrimaDiScorrere)
+        Attesa(Barra(Cartella));
     return QDir(Barra(Cartella))
         .entryList({u'*' + Fine}, QDir::Files | QDir::Hidden | QDir::System,
                    QDir::Name | QDir::IgnoreCase | QDir::LocaleAware);

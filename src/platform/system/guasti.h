@@ -18,9 +18,12 @@ inline QString SupportoBloccato;
 /// an empty path lifts it.
 inline QString FileTrattenuti;
 
-/// Runs before a folder is listed, in the thread that lists it, with its path: who waits here is a network
-/// that does not answer. It changes while nothing is listed.
+/// Runs before a folder is listed or looked for, in the thread that does it, with its path: who waits here is
+/// a network that does not answer. It changes while nothing is listed.
 inline std::function<void(const QString& Cartella)> PrimaDiScorrere;
+
+/// How long the start waits for the answer whether a folder is there, in milliseconds.
+inline int AttesaCartellaMs = 2000;
 
 /// Asked before the bytes of a finished file are waited for, with its path; false is a disk that fails.
 inline std::function<bool(const QString& File)> PrimaDelDisco;

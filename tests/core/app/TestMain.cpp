@@ -4,8 +4,10 @@
 #include "core/app/avvio.h"
 #include "core/app/paginaavviso.h"
 #include "platform/base/errore.h"
+#include "platform/system/aparte.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
+#include "supporto/cartellaferma.h"
 
 #include <QScopeGuard>
 
@@ -43,6 +45,7 @@ private Q_SLOTS:
     void avvisoTornaSenzaMarcatore();
     void impostazioniDanneggiate();
     void percorsoDelProgrammaPrecedente();
+    void leNoteSuUnaReteMuta();
 
 private:
     QString
@@ -53,6 +56,8 @@ private:
 PROVA(TestMain);
 
 namespace {
+
+constexpr int AttesaMs = 10000;
 
 bool ScrivaniaVisibile()
 {
@@ -405,6 +410,28 @@ void TestMain::impostazioniDanneggiate()
     QCOMPARE(sessione::IVA, 21.0F);
     QCOMPARE(Scena::Parametro(u"StudioNome"_s), u"Bianchi"_s);
     QVERIFY(EsisteCartella(Scena::Parametro(u"UserFolder"_s)));
+}
+
+/// A share whose server is gone holds whoever lists it: the start does not wait for it, and sweeps there when
+/// it answers.
+void TestMain::leNoteSuUnaReteMuta()
+{
+    const Registratore Box;
+    const QString Note = NuovaCartella();
+    const QString Resto = Note + u".~vecchia.mdb.tmp"_s;
+    ScriviFile(Resto, "a meta'");
+    Scena::Salva(u"ParcellePath"_s, Note);
+    QVERIFY(AttendiLavoriAParte(AttesaMs));
+    {
+        const CartellaFerma Rete(Note);
+        Main(u""_s);
+        QVERIFY(ScrivaniaVisibile());
+        QTRY_VERIFY(Rete.Attesa());
+        QVERIFY(!AttendiLavoriAParte(0));
+        QVERIFY(EsisteFile(Resto));
+    }
+    QVERIFY(AttendiLavoriAParte(AttesaMs));
+    QVERIFY(!EsisteFile(Resto));
 }
 
 void TestMain::percorsoDelProgrammaPrecedente()

@@ -1,0 +1,84 @@
+#include "platform/system/aparte.h"
+
+#include "platform/system/file.h"
+#include "platform/system/guasti.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+namespace {
+
+/// What is under way. It is never taken down: a thread may still hang in the system when the program ends.
+struct InCorso
+{
+    std::mutex Turno;
+    std::condition_variable Detto;
+    int Quanti = 0;
+
+    static InCorso& Tutti()
+    {
+        static auto* const Sempre = new InCorso;
+        return *Sempre;
+    }
+    void Conta(int Piu)
+    {
+        const std::lock_guard Mio(Turno);
+        Quanti += Piu;
+        Detto.notify_all();
+    }
+};
+
+}  // namespace
+
+void FaiAParte(std::function<void()> Lavoro)
+{
+    InCorso& Tutti = InCorso::Tutti();
+    Tutti.Conta(1);
+    try {
+        std::thread([&Tutti, Fai = std::move(Lavoro)] {
+            try {
+                Fai();
+            } catch (...) {
+            }
+            Tutti.Conta(-1);
+        }).detach();
+    } catch (const std::system_error&) {
+        Tutti.Conta(-1);  // a machine without room for a thread goes without
+    }
+}
+
+bool AttendiLavoriAParte(int Ms)
+{
+    InCorso& Tutti = InCorso::Tutti();
+    std::unique_lock Mio(Tutti.Turno);
+    return Tutti.Detto.wait_for(Mio, std::chrono::milliseconds(Ms), [&] { return Tutti.Quanti == 0; });
+}
+
+bool EsisteCartellaEntro(const QString& Percorso)
+{
+    struct Risposta
+    {
+        std::mutex Turno;
+        std::condition_variable Detto;
+        std::optional<bool> Esiste;
+    };
+    const auto Avuta = std::make_shared<Risposta>();
+    FaiAParte([Avuta, Percorso] {
+        if (const auto Attesa = guasti::PrimaDiScorrere)
+            Attesa(Percorso);
+        const bool Trovata = EsisteCartella(Percorso);
+        const std::lock_guard Mio(Avuta->Turno);
+        Avuta->Esiste = Trovata;
+        Avuta->Detto.notify_all();
+    });
+    std::unique_lock Mio(Avuta->Turno);
+    Avuta->Detto.wait_for(Mio, std::chrono::milliseconds(guasti::AttesaCartellaMs),
+                          [&] { return Avuta->Esiste.has_value(); });
+    return Avuta->Esiste.value_or(true);
+}

@@ -1,0 +1,17 @@
+// Work on disks that may not answer: a share whose server is gone holds whoever asks for it, for minutes.
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+/// Does it on a thread of its own, for which nobody waits. What it throws is nobody's; what it uses must be
+/// its own.
+void FaiAParte(std::function<void()> Lavoro);
+
+/// Waits for what was begun so, at most that long. @return false when something still goes on
+bool AttendiLavoriAParte(int Ms);
+
+/// EsisteCartella with an answer within two seconds: a folder of which the disk says nothing counts as there,
+/// since one that is missing is told at once.
+[[nodiscard]] bool EsisteCartellaEntro(const QString& Percorso);
