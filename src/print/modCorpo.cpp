@@ -160,10 +160,23 @@ void ChiudiVoci(Superficie& vp, const Colonne& Tutte)
     ChiudiTabella(vp);
 }
 
+/// A row of its own above the fees that it is about.
+void StampaTariffa(Superficie& vp, const Decreto& Legge, const TabellaRighe& Onorari)
+{
+    const QString Frase = FraseTariffa(Legge, Onorari);
+    if (Frase.isEmpty())
+        return;
+    vp.Text(Frase);
+    vp.SpaceAfter(SpazioVoce);
+    vp.KeepNext();
+    vp.Paragraph({});
+}
+
 /// Fees and expenses of the associated note under their title.
 void StampaAssociata(Superficie& vp, StatoStampa& Stato, const Parcella& Nota)
 {
     TitoloSezione(vp, Stato, Nota.Multi.Categ, Nota.Multi.Autor, Nota.Multi.Valore);
+    StampaTariffa(vp, *Nota.Multi.Tariffa, Nota.Multi.xOnorari);
     StampaOnorari(vp, Nota, Nota.Multi.xOnorari, true);
     StampaSpese(vp, Nota, Nota.Multi.xDiritti, true);
 }
@@ -269,6 +282,13 @@ void TitoloSezione(Superficie& vp, StatoStampa& Stato, const QString& Categ, con
     vp.Paragraph({});
 }
 
+QString FraseTariffa(const Decreto& Legge, const TabellaRighe& Onorari)
+{
+    return Legge.Dichiarato && !Onorari.Vuota()
+               ? u"Onorari secondo i parametri del "_s + Legge.NomeIntero.toString()
+               : QString();
+}
+
 void StampaOnorari(Superficie& vp, const Parcella& Nota, const TabellaRighe& Righe, bool SenzaTotale)
 {
     if (Righe.UpperBound(1) < 0)
@@ -315,6 +335,7 @@ void StampaCorpo(Superficie& vp, StatoStampa& Stato, const Parcella& Nota, int T
         StampaAssociata(vp, Stato, Nota);
     if (Nota.Multipla() && Nota.chkMultiParam)
         TitoloSezione(vp, Stato, TestoCategoria(Nota), TestoAutorita(Nota), TestoValore(Nota));
+    StampaTariffa(vp, *Nota.Tariffa, Nota.xOnorari);
     StampaOnorari(vp, Nota, Nota.xOnorari, false);
     StampaSpese(vp, Nota, Nota.xDiritti, false);
     if (Nota.Multipla() && Nota.optMultiAntPos != Anteponi)

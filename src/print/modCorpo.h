@@ -55,11 +55,14 @@ int AggiungiRigaTab(Superficie& vp);
 void TitoloSezione(Superficie& vp, StatoStampa& Stato, const QString& Categ, const QString& Autor,
                    const QString& Valore);
 
+/// The decree by which fees were reckoned, where it is one that documents name and there are fees.
+[[nodiscard]] QString FraseTariffa(const Decreto& Legge, const TabellaRighe& Onorari);
+
 /// Tables of fees and of expenses; nothing for a table without rows.
 /// @param SenzaTotale the lines are the associated note's: its totals stand below them, not this note's
 /// @throws Errore 9 for lines with fewer columns than their table has
 void StampaOnorari(Superficie& vp, const Parcella& Nota, const TabellaRighe& Righe, bool SenzaTotale);
 void StampaSpese(Superficie& vp, const Parcella& Nota, const TabellaRighe& Righe, bool SenzaTotale);
-/// Fees and expenses of this note and of the associated one, each with its title, then the payments of
-/// both, in euro, where the document shows them. Leaves the payments' totals in the state.
+/// Fees and expenses of this note and of the associated one, each with its title and decree, then the
+/// payments of both, in euro, where the document shows them. Leaves the payments' totals in the state.
 void StampaCorpo(Superficie& vp, StatoStampa& Stato, const Parcella& Nota, int Tipo);

@@ -2,6 +2,7 @@
 
 #include "feenote/modAcconti.h"
 #include "platform/system/orologio.h"
+#include "print/modCorpo.h"
 #include "print/modLettere.h"
 #include "print/modRiepilogo.h"
 #include "print/modTestata.h"
@@ -46,6 +47,19 @@ void PiedeFattura(Superficie& vp, const Parcella& Nota)
     }
     StampaIban(vp, Nota);
     StampaFirma(vp);
+}
+
+/// The decree of the fees, which no table of theirs names here. Of two notes with different ones it is said
+/// whose fees are meant.
+QString RigaTariffa(const Parcella& Nota)
+{
+    const bool Diverse = Nota.Multipla() && Nota.Multi.Tariffa != Nota.Tariffa;
+    if (const QString Propria = FraseTariffa(*Nota.Tariffa, Nota.xOnorari); !Propria.isEmpty())
+        return Propria + (Diverse ? u" (parcella principale)"_s : QString());
+    if (!Diverse)
+        return {};
+    const QString Altra = FraseTariffa(*Nota.Multi.Tariffa, Nota.Multi.xOnorari);
+    return Altra.isEmpty() ? QString() : Altra + u" (parcella associata)"_s;
 }
 
 // ---- the two tables of the short invoice
@@ -192,6 +206,8 @@ void ComponiFatturaSintetica(Superficie& vp, StatoStampa& /*Stato*/, const Parce
     // The sections have no titles here: the other note's subject stands in the head, the value nowhere.
     if (Nota.Multipla())
         VoceIntestazione(vp, Nota.Multi.Oggetto, u"   "_s + Nota.Multi.Oggetto);
+    const QString Tariffa = RigaTariffa(Nota);
+    VoceIntestazione(vp, Tariffa, Tariffa);
     RigaVuota(vp, 2);
     StampaSintetica(vp, Nota);
     PiedeFattura(vp, Nota);

@@ -160,10 +160,13 @@ QList<RigaRiepilogo> RigheRiepilogo(const Catena& Conti)
 void StampaRiepilogo(Superficie& vp, const Parcella& Nota, int Tipo)
 {
     vp.FontSize(11);
-    if (const QString Variazione = FraseVariazione(Nota); !Variazione.isEmpty()) {
-        vp.Paragraph(Variazione);
+    const QString Parti = FraseParti(Nota);
+    const QString Variazione = FraseVariazione(Nota);
+    for (const QString& Frase : {Parti, Variazione})
+        if (!Frase.isEmpty())
+            vp.Paragraph(Frase);
+    if (!Parti.isEmpty() || !Variazione.isEmpty())
         RigaVuota(vp);
-    }
     ScriviTabella(vp, RigheRiepilogo(CatenaFiscale(Nota, Tipo)));
     if (Nota.chkRegSempl.Attiva && TipoDi(Tipo).EFattura)
         StampaRegimeAgevolato(vp);
