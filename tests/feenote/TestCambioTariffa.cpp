@@ -1,0 +1,324 @@
+// A note that goes over to another decree.
+#include "supporto/prova.h"
+
+#include "feenote/modVariazione.h"
+#include "tariffa_prova.h"
+
+using namespace Qt::StringLiterals;
+
+class TestCambioTariffa : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void senzaRigheNonChiede();
+    void conLeRigheChiede_data();
+    void conLeRigheChiede();
+    void leFasiPassano_data();
+    void leFasiPassano();
+    void vocePropriaDiUnDecreto();
+    void uffici_data();
+    void uffici();
+    void senzaUfficioCorrispondente();
+    void scaglione_data();
+    void scaglione();
+    void variazioniEParti();
+    void speseGenerali_data();
+    void speseGenerali();
+    void archivioMancante();
+    void archivioSenzaCorrispondenze();
+};
+PROVA(TestCambioTariffa);
+
+namespace {
+
+const QString Domanda =
+    u"Sono state già inserite delle prestazioni e la modifica comporterà il ricalcolo con i nuovi "
+    u"parametri.\nConfermi la modifica?"_s;
+
+int UfficioDi(const Parcella& Nota)
+{
+    return Nota.IDAutSelezionata();
+}
+
+}  // namespace
+
+void TestCambioTariffa::senzaRigheNonChiede()
+{
+    const Studio Suo;
+    Registratore Voce;
+    Parcella Nota = NotaCivile();
+    Nota.Modificata = false;
+    QVERIFY(CambiaTariffa(Nota, Dm140));  // the one that stands already
+    QVERIFY(!Nota.Modificata);
+    QVERIFY(CambiaTariffa(Nota, Dm55));
+    QVERIFY(Nota.Modificata);
+    QCOMPARE(Nota.Tariffa, &Dm55);
+    QCOMPARE(Nota.CodCateg, u"CIV"_s);
+    QCOMPARE(UfficioDi(Nota), IDTribunale55);
+    QCOMPARE(Nota.Scaglione, 4);  // by the value: 30.000 was in the third of the other decree
+    QCOMPARE(Nota.txtImporto.Testo, u"30.000,00"_s);
+    Catalogo Voci;
+    EntraOnorari(Nota, Voci);
+    QCOMPARE(Colonna(Nota, OnoImporto), (QList<qint64>{170100, 120400, 180600, 290500}));
+}
+
+void TestCambioTariffa::conLeRigheChiede_data()
+{
+    QTest::addColumn<int>("Risposta");
+    QTest::newRow("yes") << int(vbYes);
+    QTest::newRow("no") << int(vbNo);
+}
+
+void TestCambioTariffa::conLeRigheChiede()
+{
+    QFETCH(int, Risposta);
+    const Studio Suo;
+    Registratore Voce;
+    Parcella Nota = NotaCivile();
+    Catalogo Voci;
+    EntraOnorari(Nota, Voci);
+    Nota.Modificata = false;
+    const Parcella Prima = Nota;
+    Voce.Attendi(Domanda, Risposta);
+    QCOMPARE(CambiaTariffa(Nota, Dm55), Risposta == vbYes);
+    if (Risposta == vbNo) {
+        QVERIFY(Nota == Prima);
+        return;
+    }
+    QVERIFY(Nota.RicalcoloNecessario);
+    QVERIFY(RicalcoloInSospeso(Nota));
+    QVERIFY(Nota.Modificata);
+    QCOMPARE(Colonna(Nota, OnoImporto), Colonna(Prima, OnoImporto));  // until the honoraria are entered
+}
+
+void TestCambioTariffa::leFasiPassano_data()
+{
+    QTest::addColumn<int>("Categoria");
+    QTest::addColumn<int>("Prima");
+    QTest::addColumn<int>("Dopo");
+    QTest::addColumn<QList<qint64>>("Importi");
+    QTest::newRow("court") << int(CategCivile) << IDTribunale << IDTribunale55
+                           << QList<qint64>{170100, 120400, 180600, 290500};
+    QTest::newRow("criminal") << int(CategPenale) << IDMonocratico << IDMonocratico55
+                              << QList<qint64>{47300, 56700, 113400, 141800};
+}
+
+void TestCambioTariffa::leFasiPassano()
+{
+    QFETCH(int, Categoria);
+    QFETCH(int, Prima);
+    QFETCH(int, Dopo);
+    QFETCH(QList<qint64>, Importi);
+    const Studio Suo;
+    Registratore Voce;
+    Parcella Nota = NotaNuova(Categoria, Prima);
+    if (Categoria == CategCivile)
+        ScriviValore(Nota, u"30000"_s);
+    Catalogo Voci;
+    EntraOnorari(Nota, Voci);
+    Nota.xOnorari(1, OnoData) = u"03/04/2026"_s;
+    Nota.xOnorari(2, OnoQta) = 2.0;
+    const QList<qint64> Vecchi = Colonna(Nota, OnoImporto);
+    Voce.Attendi(Domanda, vbYes);
+    QVERIFY(CambiaTariffa(Nota, Dm55));
+    QCOMPARE(UfficioDi(Nota), Dopo);
+    EntraOnorari(Nota, Voci);
+    QList<qint64> Attesi = Importi;
+    Attesi[2] *= 2;
+    QCOMPARE(Colonna(Nota, OnoImporto), Attesi);
+    QCOMPARE(CStr(Nota.xOnorari(1, OnoData)), u"03/04/2026"_s);
+    QVERIFY(!RicalcoloInSospeso(Nota));
+
+    // There and back again.
+    Voce.Attendi(Domanda, vbYes);
+    QVERIFY(CambiaTariffa(Nota, Dm140));
+    QCOMPARE(UfficioDi(Nota), Prima);
+    EntraOnorari(Nota, Voci);
+    Attesi = Vecchi;
+    Attesi[2] *= 2;
+    QCOMPARE(Colonna(Nota, OnoImporto), Attesi);
+}
+
+void TestCambioTariffa::vocePropriaDiUnDecreto()
+{
+    const Studio Suo;
+    Registratore Voce;
+    Parcella Nota = NotaPenale();
+    Catalogo Voci;
+    LoadOnoDir(Nota, Voci);
+    QVERIFY(VaiAVoce(Voci, 105));  // by the hour: the other decree has no such phase
+    QVERIFY(InserisciOnorario(Nota, Voci, {}, 3.0));
+    const QList<qint64> Prima = Colonna(Nota, OnoImporto);
+    Voce.Attendi(Domanda, vbYes);
+    QVERIFY(CambiaTariffa(Nota, Dm55));
+    Voce.Attendi(u"Attenzione, l'onorario Fase esecutiva, per ogni ora o frazione di ora non è previsto per "
+                 u"l'autorità "
+                 u"selezionata!"_s);
+    EntraOnorari(Nota, Voci);
+    QCOMPARE(Colonna(Nota, OnoImporto), Prima);
+}
+
+void TestCambioTariffa::uffici_data()
+{
+    QTest::addColumn<int>("Categoria");
+    QTest::addColumn<int>("Vecchio");
+    QTest::addColumn<int>("Nuovo");
+    QTest::newRow("justice of the peace") << int(CategCivile) << 1 << 101;
+    QTest::newRow("appeal") << int(CategCivile) << 4 << 112;
+    QTest::newRow("order for payment") << int(CategCivile) << 14 << 108;
+    QTest::newRow("assizes") << int(CategPenale) << 26 << 140;
+    QTest::newRow("out of court") << int(CategStragiudiziale) << 41 << 161;
+}
+
+void TestCambioTariffa::uffici()
+{
+    QFETCH(int, Categoria);
+    QFETCH(int, Vecchio);
+    QFETCH(int, Nuovo);
+    const Studio Suo;
+    Registratore Voce;
+    Parcella Nota = NotaNuova(Categoria, Vecchio);
+    QVERIFY(CambiaTariffa(Nota, Dm55));
+    QCOMPARE(UfficioDi(Nota), Nuovo);
+    QCOMPARE(Nota.IdxAutorPrec, Nota.cmbAutor);
+    if (Categoria == CategPenale)
+        QCOMPARE(Nota.Scaglione, Nuovo);  // there the court plays the role of the bracket
+    QVERIFY(CambiaTariffa(Nota, Dm140));
+    QCOMPARE(UfficioDi(Nota), Vecchio);
+}
+
+void TestCambioTariffa::senzaUfficioCorrispondente()
+{
+    const Studio Suo;
+    Registratore Voce;
+    Parcella Nota = Nota55(CategPenale, 133);  // defensive investigations
+    QVERIFY(CambiaTariffa(Nota, Dm140));
+    QCOMPARE(Nota.cmbAutor, NessunaVoce);
+    QCOMPARE(Nota.Scaglione, 0);
+    Voce.Attendi(u"Non è stato specificato il campo Autorità"_s);
+    QVERIFY(!CheckOK(Nota, true));
+}
+
+void TestCambioTariffa::scaglione_data()
+{
+    QTest::addColumn<int>("Scelto");
+    QTest::addColumn<QString>("Valore");
+    QTest::addColumn<int>("Dopo");  // number of the bracket, 0 none
+    QTest::newRow("by the value") << -1 << u"6000"_s << 3;
+    QTest::newRow("undetermined") << 7 << QString() << 8;
+    QTest::newRow("a bracket alone says no value") << 1 << QString() << 0;
+    QTest::newRow("none") << -1 << QString() << 0;
+}
+
+void TestCambioTariffa::scaglione()
+{
+    QFETCH(int, Scelto);
+    QFETCH(QString, Valore);
+    QFETCH(int, Dopo);
+    const Studio Suo;
+    Registratore Voce;
+    Parcella Nota = NotaNuova(CategCivile, IDTribunale);
+    if (Scelto >= 0)
+        QVERIFY(CambiaScaglione(Nota, Scelto));
+    if (!Valore.isEmpty())
+        ScriviValore(Nota, Valore);
+    QVERIFY(CambiaTariffa(Nota, Dm55));
+    const ScaglioneValore* Suo55 = Nota.ScaglioneSelezionato();
+    QCOMPARE(Suo55 ? Suo55->NumSca : 0, Dopo);
+    QCOMPARE(Nota.Scaglione, Dopo);
+    QCOMPARE(Nota.IdxValorePrec, Nota.cmbValore);
+}
+
+void TestCambioTariffa::variazioniEParti()
+{
+    const Studio Suo;
+    Registratore Voce;
+    Parcella Nota = NotaCivile();
+    ScegliAumRid(Nota, 1);
+    QVERIFY(CambiaTariffa(Nota, Dm55));
+    QCOMPARE(Nota.AumRidIdx, AumRidLibera);  // an option of the other decree's articles
+    QCOMPARE(Nota.AumRidVarP, 0);
+    CaricaVariazione(Nota, AumRidLibera, 12);
+    CaricaParti(Nota, 4);
+    QVERIFY(CambiaTariffa(Nota, Dm140));
+    QCOMPARE(Nota.AumRidVarP, 12);  // the free one is nobody's
+    QCOMPARE(Nota.PartiAssistite, 1);
+    QCOMPARE(OpzioniAumRid(Nota), OpzioniAumRid());
+}
+
+void TestCambioTariffa::speseGenerali_data()
+{
+    QTest::addColumn<bool>("Attive");
+    QTest::addColumn<QString>("Percento");
+    QTest::addColumn<bool>("DopoAttive");
+    QTest::addColumn<QString>("DopoPercento");
+    QTest::newRow("as a new note has them") << false << QString() << true << u"15"_s;
+    QTest::newRow("ticked by the user") << true << u"12,5"_s << true << u"12,5"_s;
+    QTest::newRow("the user's fifteen") << true << u"15"_s << true << u"15"_s;
+}
+
+void TestCambioTariffa::speseGenerali()
+{
+    QFETCH(bool, Attive);
+    QFETCH(QString, Percento);
+    QFETCH(bool, DopoAttive);
+    QFETCH(QString, DopoPercento);
+    const Studio Suo;
+    Registratore Voce;
+    Parcella Nota = NotaCivile();
+    Nota.chkSpeseGen.Attiva = Attive;
+    Nota.txtSpeGen.Testo = Percento;
+    RicordaStampa(Nota);
+    QVERIFY(CambiaTariffa(Nota, Dm55));
+    QCOMPARE(Nota.chkSpeseGen.Attiva, DopoAttive);
+    QCOMPARE(Nota.txtSpeGen.Testo, DopoPercento);
+    // What the print types give back is the same.
+    ScegliTipoStampa(Nota, StampaNotaGiudiziale);
+    ScegliTipoStampa(Nota, StampaPrenotula);
+    QCOMPARE(Nota.chkSpeseGen.Attiva, DopoAttive);
+    QCOMPARE(Nota.txtSpeGen.Testo, DopoPercento);
+    (void)ClicImposta(Nota, Imposta::SpeseGen, false);
+    QVERIFY(CambiaTariffa(Nota, Dm140));
+    QVERIFY(!Nota.chkSpeseGen.Attiva);  // the user has taken them out
+}
+
+void TestCambioTariffa::archivioMancante()
+{
+    const Studio Suo;
+    (void)Suo.TariffeProprie();  // a program folder that has the first decree alone
+    Registratore Voce;
+    Parcella Nota = NotaCivile();
+    Catalogo Voci;
+    EntraOnorari(Nota, Voci);
+    const Parcella Prima = Nota;
+    Voce.Attendi(
+        u"Errore: L'archivio della tariffa D.m. 55/2014, parcelle55.mdb, manca dalla cartella del programma: "
+        u"gli importi delle parcelle restano quelli che sono, e senza l'archivio non si possono ricalcolare "
+        u"né "
+        u"salvare (3024)"_s);
+    QVERIFY(!CambiaTariffa(Nota, Dm55));
+    QVERIFY(Nota == Prima);
+}
+
+void TestCambioTariffa::archivioSenzaCorrispondenze()
+{
+    const Studio Suo;
+    Tariffa55Propria(Suo).Execute(u"DROP TABLE Corrispondenze"_s);
+    Registratore Voce;
+    Parcella Nota = NotaCivile();
+    Catalogo Voci;
+    EntraOnorari(Nota, Voci);
+    const QList<qint64> Prima = Colonna(Nota, OnoImporto);
+    Voce.Attendi(Domanda, vbYes);
+    QVERIFY(CambiaTariffa(Nota, Dm55));
+    QCOMPARE(Nota.cmbAutor, NessunaVoce);  // to be chosen; each line is told when they are recalculated
+    CambiaAutorita(Nota, IndiceAutorita(Nota, IDTribunale55));
+    for (int Riga = 0; Riga < 4; ++Riga)
+        Voce.Attendi(u"Attenzione, l'onorario %1 non è previsto per l'autorità selezionata!"_s.arg(
+            CStr(Nota.xOnorari(Riga, OnoDescr))));
+    EntraOnorari(Nota, Voci);
+    QCOMPARE(Colonna(Nota, OnoImporto), Prima);
+}
+
+#include "TestCambioTariffa.moc"
