@@ -195,6 +195,7 @@ void RiempiApritori()
             Studio->SegnaRidisegno();
         if (const auto& Setup = SeCaricato<frmSetup>)
             Setup->SegueArchivio();
+        SegueTariffaScelta();
         ChiudiRubricheAltrui();
     };
     Aperture.IconaPersonale = [](int Riga, bool Elimina) {

@@ -6,10 +6,13 @@
 #include "platform/base/regionale.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/scelta.h"
 #include "platform/system/orologio.h"
+#include "tariffs/decreto.h"
 
 #include "core/settings/ui_SchedaContabili.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
 
@@ -79,6 +82,9 @@ void Stringi(QLineEdit* Campo)
 SchedaContabili::SchedaContabili(QWidget* Padre) : QWidget(Padre), ui(std::make_unique<Ui::SchedaContabili>())
 {
     ui->setupUi(this);
+    for (const Decreto* Legge : Decreti)
+        ui->cmbTariffa->addItem(Legge->Nome.toString(), Legge->Sigla.toString());
+    AlScegliere(ui->cmbTariffa, [this](int, ModoScelta) { TariffaScelta = true; });
     for (const Aliquota& Voce : Aliquote) {
         QLineEdit* Campo = ui.get()->*Voce.Campo;
         Stringi(Campo);
@@ -95,6 +101,9 @@ SchedaContabili::~SchedaContabili() = default;
 
 void SchedaContabili::Carica()
 {
+    const QString Tariffa = ValoreConservato(chiavi::Tariffa);
+    TariffaScelta = DecretoDi(Tariffa);
+    ui->cmbTariffa->setCurrentIndex(std::max(ui->cmbTariffa->findData(Tariffa), 0));
     for (const Aliquota& Voce : Aliquote)
         (ui.get()->*Voce.Campo)->setText(ValoreConservato(Voce.Chiave));
     NumeroLetto = ValoreConservato(chiavi::ProgFatt);
@@ -105,6 +114,8 @@ void SchedaContabili::Carica()
 ValoriScheda SchedaContabili::Valori() const
 {
     ValoriScheda Fatti;
+    if (TariffaScelta || isVisible())
+        Fatti.append({chiavi::Tariffa.toString(), ui->cmbTariffa->currentData().toString()});
     for (const Aliquota& Voce : Aliquote)
         Fatti.append({Voce.Chiave.toString(), SenzaBianchi(ui.get()->*Voce.Campo)});
     if (ui->txtNumFatt->text() != NumeroLetto)

@@ -1,4 +1,4 @@
-// The settings' page of rates and of the invoice counter.
+// The settings' page of the tariff, of rates and of the invoice counter.
 #pragma once
 
 #include "core/settings/valorischeda.h"
@@ -23,8 +23,10 @@ public:
 
     /// Fills the boxes from the settings store.
     void Carica();
-    /// What is to be stored. The counter is among it only when its box was edited, because a note may have
-    /// taken the next number meanwhile, or when an empty text is stored.
+    /// What is to be stored. The tariff is among it once there is a choice: one was stored, picked in the
+    /// list, or is saved with this page in view, which says what it is. The counter is among it only when its
+    /// box was edited, because a note may have taken the next number meanwhile, or when an empty text is
+    /// stored.
     [[nodiscard]] ValoriScheda Valori() const;
     /// The box that holds no number of an invoice; null when it does.
     [[nodiscard]] QLineEdit* NumeroSbagliato() const;
@@ -35,4 +37,5 @@ private:
 
     std::unique_ptr<Ui::SchedaContabili> ui;
     QString NumeroLetto;
+    bool TariffaScelta = false;
 };

@@ -73,7 +73,9 @@ constexpr std::array<QStringView, 4> Aiuti{
     u"Codice fiscale, partita IVA e IBAN compaiono nelle fatture; la firma sotto ogni documento. Un codice "
     u"che "
     u"non torna è segnalato accanto alla casella e si può conservare ugualmente.",
-    u"Le percentuali proposte nelle parcelle nuove; quelle già aperte tengono le proprie. Una casella vuota "
+    u"La tariffa e le percentuali proposte nelle parcelle nuove; quelle già aperte tengono le proprie, e la "
+    u"tariffa di ciascuna si cambia nei suoi dati base. Una "
+    u"casella vuota "
     u"lascia in vigore la percentuale precedente. Il numero dell'ultima fattura avanza da solo a ogni "
     u"fattura: "
     u"si corregge qui soltanto per ricominciare la numerazione.",

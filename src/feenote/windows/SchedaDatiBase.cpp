@@ -18,7 +18,9 @@
 #include <QRegularExpressionValidator>
 #include <QToolTip>
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -72,6 +74,26 @@ QStringList SegniAumRid()
     return {u"+"_s, u"-"_s};
 }
 
+QStringList NomiTariffe()
+{
+    QStringList Nomi;
+    for (const Decreto* Legge : Decreti)
+        Nomi.append(Legge->Nome.toString());
+    return Nomi;
+}
+
+/// Property of a button that was made for an option of a database.
+constexpr auto DiTabella = "diTabella";
+
+/// How much an option may be.
+QString MisuraDi(const OpzioneAumRid& Opzione)
+{
+    const QStringList Limiti = QString(Opzione.Limiti).remove(u'-').split(u';');
+    const QString Massimo = Opzione.Esatto != 0 ? CStr(Arrotonda2(Opzione.Esatto)) : Limiti.first();
+    return Limiti.first() == Limiti.last() ? u"%1%, in misura fissa"_s.arg(Massimo)
+                                           : u"fino al %1%"_s.arg(Massimo);
+}
+
 QStringList TestiAutorita(const Parcella& Nota)
 {
     QStringList Testi;
@@ -96,7 +118,9 @@ SchedaDatiBase::SchedaDatiBase(Parcella& Dati, CorniceNota& Finestra, QWidget* P
     ui->setupUi(this);
     CollegaParti();
     CollegaParametri();
+    CollegaTariffa();
     CollegaVariazione();
+    CollegaParte();
 }
 
 SchedaDatiBase::~SchedaDatiBase() = default;
@@ -184,16 +208,35 @@ void SchedaDatiBase::CollegaParametri()
     });
 }
 
+void SchedaDatiBase::CollegaTariffa()
+{
+    ui->cmbTariffa->addItems(NomiTariffe());
+    AlScegliere(
+        ui->cmbTariffa,
+        [this](int Scelta, ModoScelta) {
+            Cornice.Applica([&] { (void)CambiaTariffa(Nota, *Decreti[size_t(Scelta)]); });
+        },
+        [this] { return ConRighe(); });
+    ui->cmdTariffa->setText(u"Tariffa: %1 - cambia"_s.arg(Decreti.front()->Nome));
+    Collega(ui->cmdTariffa, &QToolButton::clicked, this, [this] { Cornice.ScegliTariffa(); });
+}
+
+QRadioButton* SchedaDatiBase::BottoneFisso(int Numero) const
+{
+    const std::array Fissi{ui->optAumRid_0, ui->optAumRid_1, ui->optAumRid_2, ui->optAumRid_3,
+                           ui->optAumRid_4, ui->optAumRid_5, ui->optAumRid_6, ui->optAumRid_7,
+                           ui->optAumRid_8, ui->optAumRid_9, ui->optAumRid_10};
+    static_assert(Fissi.size() == NumAumRid);
+    return Numero >= 0 && Numero < NumAumRid ? Fissi[size_t(Numero)] : nullptr;
+}
+
 void SchedaDatiBase::CollegaVariazione()
 {
-    const std::array Opzioni{ui->optAumRid_0, ui->optAumRid_1, ui->optAumRid_2, ui->optAumRid_3,
-                             ui->optAumRid_4, ui->optAumRid_5, ui->optAumRid_6, ui->optAumRid_7,
-                             ui->optAumRid_8, ui->optAumRid_9, ui->optAumRid_10};
-    static_assert(Opzioni.size() == NumAumRid);
+    OpzioniMostrate = OpzioniAumRid();
     optAumRid = new QButtonGroup(this);
     optAumRid->setObjectName(u"optAumRid"_s);
-    for (int i = 0; i < NumAumRid; ++i)
-        optAumRid->addButton(Opzioni[size_t(i)], i);
+    for (const OpzioneAumRid& Opzione : std::as_const(OpzioniMostrate))
+        optAumRid->addButton(BottoneFisso(Opzione.Numero), Opzione.Numero);
     Collega(optAumRid, &QButtonGroup::idClicked, this,
             [this](int Scelta) { Cornice.Applica([&] { ScegliAumRid(Nota, Scelta); }); });
 
@@ -210,6 +253,23 @@ void SchedaDatiBase::CollegaVariazione()
     Collega(ui->txtAumRid, &QLineEdit::textEdited, this,
             [this](const QString& Testo) { Cornice.Applica([&] { CambiaTestoAumRid(Nota, Testo); }); });
     AlLasciaSempre(ui->txtAumRid, [this] { return txtAumRid_LostFocus(); });
+}
+
+void SchedaDatiBase::CollegaParte()
+{
+    FiltraTasti(ui->txtParti, u"1234567890"_s);
+    ui->txtParti->setValidator(
+        new QRegularExpressionValidator(QRegularExpression(u"[0-9]*"_s), ui->txtParti));
+    Collega(ui->txtParti, &QLineEdit::textEdited, this, [this](const QString& Testo) {
+        Nota.txtParti.Testo = Testo;
+        SetModificata(Nota, true);
+        Cornice.Cambiata();
+    });
+    AlLasciaSempre(ui->txtParti, [this] {
+        if (ui->txtParti->text() != QString::number(Nota.PartiAssistite))
+            Cornice.Applica([&] { LasciaParti(Nota); });
+        return true;
+    });
 }
 
 /// A box that a rule has emptied, or whose bracket went with the category, is left like one typed in.
@@ -281,9 +341,77 @@ void SchedaDatiBase::Mostra()
     mostra::Elenco(ui->cmbValore, TestiScaglioni(Nota), Nota.cmbValore, Nota.cmbValoreAbilitata);
     mostra::Testo(ui->txtImporto, Nota.txtImporto);
 
+    MostraTariffa();
+    MostraOpzioni();
+    MostraParte();
     mostra::Opzioni(optAumRid, Nota.AumRidIdx);
     mostra::Elenco(ui->cmbAumRid, SegniAumRid(), Nota.cmbAumRid, Nota.cmbAumRidAbilitata);
     mostra::Testo(ui->txtAumRid, Nota.txtAumRid);
+}
+
+void SchedaDatiBase::MostraTariffa()
+{
+    const auto* const Suo = std::ranges::find(Decreti, Nota.Tariffa);
+    mostra::Elenco(ui->cmbTariffa, NomiTariffe(), int(Suo - Decreti.begin()), true);
+    // Until the office has chosen, a new note leads to the choice; whatever stands in a file has its own.
+    const bool DaScegliere = !DecretoScelto() && Nota.Percorso.isEmpty() && Nota.Tariffa == &DecretoNuove();
+    ui->cmdTariffa->setVisible(DaScegliere);
+    ui->lblTariffa->setVisible(!DaScegliere);
+    ui->cmbTariffa->setVisible(!DaScegliere);
+}
+
+void SchedaDatiBase::MostraOpzioni()
+{
+    const QList<OpzioneAumRid> Offerte = OpzioniAumRid(Nota);
+    if (Offerte == OpzioniMostrate)
+        return;
+    OpzioniMostrate = Offerte;
+    // What comes and goes under the pointer may be in the middle of a click.
+    for (QAbstractButton* Bottone : optAumRid->buttons()) {
+        optAumRid->removeButton(Bottone);
+        Bottone->hide();
+        if (Bottone->property(DiTabella).toBool())
+            Bottone->deleteLater();
+    }
+    QWidget* Prima = ui->txtImporto;
+    for (const OpzioneAumRid& Opzione : Offerte) {
+        QRadioButton* Bottone = BottoneFisso(Opzione.Numero);
+        if (!Bottone)
+            Bottone = NuovoBottone(Opzione);
+        optAumRid->addButton(Bottone, Opzione.Numero);
+        Bottone->show();
+        setTabOrder(Prima, Bottone);
+        Prima = Bottone;
+    }
+    setTabOrder(Prima, ui->cmbAumRid);
+    for (QGroupBox* Gruppo : {ui->fraAumenti, ui->fraRiduzioni})
+        Gruppo->setVisible(std::ranges::any_of(
+            Offerte, [&](const OpzioneAumRid& Una) { return Una.Gruppo == Gruppo->title(); }));
+}
+
+/// A button for an option of the decree's own, in the frame of its sign, above what fills the room below.
+QRadioButton* SchedaDatiBase::NuovoBottone(const OpzioneAumRid& Opzione)
+{
+    const bool Aumento = Opzione.Gruppo == ui->fraAumenti->title();
+    auto* Bottone = new QRadioButton(QString(Opzione.Didascalia).replace(u'&', u"&&"_s),
+                                     Aumento ? ui->fraAumenti : ui->fraRiduzioni);
+    Bottone->setObjectName(u"optAumRid_%1"_s.arg(Opzione.Numero));
+    Bottone->setProperty(DiTabella, true);
+    Bottone->setToolTip(MisuraDi(Opzione));
+    QVBoxLayout* Colonna = Aumento ? ui->colAumenti : ui->colRiduzioni;
+    Colonna->insertWidget(Colonna->count() - 1, Bottone);
+    return Bottone;
+}
+
+void SchedaDatiBase::MostraParte()
+{
+    const bool Contano = PartiContano(Nota);
+    for (QWidget* Suo : std::initializer_list<QWidget*>{ui->lblParti, ui->txtParti, ui->lblAumentoParti})
+        Suo->setVisible(Contano);
+    mostra::Testo(ui->txtParti, Nota.txtParti);
+    const int Aumento = AumentoParti(Nota);
+    ui->lblAumentoParti->setText(Aumento == 0 ? QString() : u"+%1%"_s.arg(Aumento));
+    ui->lblAumentoParti->setToolTip(FraseParti(Nota));
 }
 
 void SchedaDatiBase::MostraParti()

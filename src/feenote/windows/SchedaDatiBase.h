@@ -11,6 +11,7 @@
 class CampoRubrica;
 class CorniceNota;
 class QButtonGroup;
+class QRadioButton;
 
 namespace Ui {
 class SchedaDatiBase;
@@ -38,7 +39,15 @@ private:
     void CollegaParti();
     void CollegaRubrica();
     void CollegaParametri();
+    void CollegaTariffa();     ///< the note's decree, and the way to the choice of the office
     void CollegaVariazione();  ///< option, sign and percent
+    void CollegaParte();       ///< the number of parties assisted
+    void MostraTariffa();
+    void MostraOpzioni();  ///< as many buttons as the note has options
+    void MostraParte();
+    /// The button that the page itself has for an option; null for one of a database.
+    [[nodiscard]] QRadioButton* BottoneFisso(int Numero) const;
+    [[nodiscard]] QRadioButton* NuovoBottone(const OpzioneAumRid& Opzione);
     void MostraParti();
     void txtImporto_LostFocus();
     [[nodiscard]] bool ConRighe() const;
@@ -49,5 +58,6 @@ private:
     CorniceNota& Cornice;
     std::unique_ptr<Ui::SchedaDatiBase> ui;
     QButtonGroup* optAumRid = nullptr;
+    QList<OpzioneAumRid> OpzioniMostrate;     ///< that the group has buttons for
     std::array<CampoRubrica*, 2> Rubriche{};  ///< client and counterparty
 };

@@ -40,6 +40,10 @@ public:
     /// Takes the association away; the other note's window, if there is one, stays as an ordinary one.
     virtual void EliminaMulti() = 0;
 
+    /// Opens the settings where the tariff of new notes is chosen; this note follows the choice while it has
+    /// no lines.
+    virtual void ScegliTariffa() = 0;
+
     /// Opens the address book.
     /// @param Elemento 0 the client, 1 the counterparty
     /// @param DaStampa for the print data, else for the base data

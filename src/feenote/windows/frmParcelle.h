@@ -70,6 +70,10 @@ public:
     /// The answer of the address book: the word that it was asked with, and the row's values, the key first
     /// and the name second. The box of the first tab gets the focus while it is the one in use.
     void oRubrica_SelDone(const QString& Parent, const QVariantList& Valori);
+    /// The settings were saved: a note without lines that has led there follows the tariff chosen, and what
+    /// says that none was chosen goes.
+    void SegueTariffa();
+    void ScegliTariffa() override;
     /// A row of the address book was written to; see SegueArchivio.
     void NominativoCambiato(const QString& RecordSource, int ID);
     /// Opens the address book, once the field in edit was left; nothing while there is none. See CorniceNota.
@@ -191,6 +195,7 @@ private:
     bool CambioScheda = false;
     bool DialogoAperto = false;   ///< a question of this window waits for its answer
     bool RubricaInVista = false;  ///< the buttons of the address book are shown
+    int TariffaChiestaDa = 0;  ///< serial number of the note that has led to the choice of a tariff, 0 none
 
     SchedaDatiBase* Base = nullptr;
     SchedaOnorari* Onorari = nullptr;

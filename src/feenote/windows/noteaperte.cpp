@@ -81,6 +81,11 @@ void SegueNominativo(const QString& RecordSource, int ID)
     Ognuna([&](frmParcelle& Finestra) { Finestra.NominativoCambiato(RecordSource, ID); });
 }
 
+void SegueTariffaScelta()
+{
+    Ognuna([](frmParcelle& Finestra) { Finestra.SegueTariffa(); });
+}
+
 QSet<QString> NoteAperte()
 {
     QSet<QString> File;

@@ -27,6 +27,9 @@ void ConsegnaScelta(int Indice, int Numero, const QString& Parent, const QVarian
 /// A row of the address book was written to: the notes on screen that are linked to it follow its name.
 void SegueNominativo(const QString& RecordSource, int ID);
 
+/// The settings were saved: see frmParcelle::SegueTariffa.
+void SegueTariffaScelta();
+
 /// The files of the notes on screen.
 [[nodiscard]] QSet<QString> NoteAperte();
 

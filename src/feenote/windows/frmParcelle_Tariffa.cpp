@@ -1,0 +1,29 @@
+// The choice of the tariff of new notes, to which a note leads.
+#include "feenote/windows/frmParcelle.h"
+
+#include "core/aperture.h"
+#include "feenote/modParametri.h"
+#include "platform/kit/campo.h"
+
+#include <utility>
+
+void frmParcelle::ScegliTariffa()
+{
+    constexpr int SchedaContabili = 1;  // of the settings
+    if (!ConcludiCampo() || !Aperture.Impostazioni)
+        return;
+    TariffaChiestaDa = NumeroNota;
+    Aperture.Impostazioni(SchedaContabili, false);
+}
+
+void frmParcelle::SegueTariffa()
+{
+    const bool Chiesta = std::exchange(TariffaChiestaDa, 0) == NumeroNota && NumeroNota != 0;
+    if (Chiesta && Nota.Percorso.isEmpty() && Nota.xOnorari.Vuota()) {
+        // Nothing of the user's has changed.
+        const bool Prima = Nota.Modificata;
+        (void)CambiaTariffa(Nota, DecretoNuove());
+        SetModificata(Prima);
+    }
+    MostraTutto();
+}
