@@ -102,9 +102,11 @@ constexpr ColonnaParam Percento(QStringView Nome, TipoCampo Tipo, Presenza Dal, 
                 (Letta.Nota.*Box).Testo = Format(Perc, Perc == std::floor(Perc) ? u"##" : u"##.##");
             },
             Json,
-            // A rate that is off is null, as a description switches it off.
+            // A rate that is off is null, as a description switches it off; so is one of 0, which the file
+            // does not tell from it.
             [](const Parcella& Nota) {
-                return (Nota.*Tick).Attiva ? QJsonValue((Nota.*Box).Numero()) : QJsonValue();
+                const double Perc = (Nota.*Tick).Attiva ? (Nota.*Box).Numero() : 0.0;
+                return Perc > 0.0 ? QJsonValue(Perc) : QJsonValue();
             },
             nullptr};
 }

@@ -464,6 +464,11 @@ void TestDescrizione::narrata()
     QVERIFY(Dati[u"percentuali"_s][u"ritenuta"_s].isNull());
     QCOMPARE(Dati[u"totali"_s][u"onorari"_s].toDouble(), 4500.0);
     QCOMPARE(Dati[u"totali"_s][u"speseEsenti"_s].toDouble(), 27.0);
+
+    // A rate of 0 is none when the file is read again, and is described so.
+    Nota.chkRA.Attiva = true;
+    Nota.txtRA.Testo = u"0"_s;
+    QVERIFY(Oggetto(DescriviNota(Nota))[u"percentuali"_s][u"ritenuta"_s].isNull());
 }
 
 void TestDescrizione::narrataERiletta()
