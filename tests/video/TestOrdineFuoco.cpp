@@ -1,6 +1,7 @@
 // Where Tab and Enter lead in every window, written down in ordine/: a line a stop, from the first focus on.
 // To write the files anew, set CALCANOVA_SCRIVI_ORDINE, and read what has changed.
 #include "moduli.h"
+#include "vecchistudi.h"
 
 #include <QDir>
 #include <QFile>
@@ -25,6 +26,9 @@ private Q_SLOTS:
     void schedaInformativa();
     void stampaDiUnCalcolo();
     void aggiornamento();
+    void importa_data();
+    void importa();
+    void importaPassi();
 
 private:
     [[nodiscard]] QStringList Giro(const QString& Tasto);
@@ -166,6 +170,44 @@ void TestOrdineFuoco::aggiornamento()
     QVERIFY2(P->Aperta(QString::fromUtf8(Aggiornamento.Titolo)), qPrintable(P->Stato()));
     ATTENDI(u"fuoco"_s, "cmdFile");
     Percorri(QString::fromUtf8(Aggiornamento.Nome));
+}
+
+void TestOrdineFuoco::importa_data()
+{
+    QTest::addColumn<QString>("Nome");
+    QTest::addColumn<QString>("Scelta");
+    QTest::newRow("a whole archive") << u"intero"_s << u"optModo_0"_s;
+    QTest::newRow("names") << u"nominativi"_s << u"optModo_1"_s;
+    QTest::newRow("old notes") << u"parcelle"_s << u"optModo_2"_s;
+}
+
+/// The first step of each way.
+void TestOrdineFuoco::importa()
+{
+    QFETCH(QString, Nome);
+    QFETCH(QString, Scelta);
+    QVERIFY2(ApriImporta(*P), qPrintable(P->Stato()));
+    ScegliModo(*P, Scelta);
+    P->Clic(u"txtFile"_s);
+    ATTENDI(u"fuoco"_s, "txtFile");
+    Percorri(u"importa_"_s + Nome, false);  // Enter goes on, as from any box
+}
+
+void TestOrdineFuoco::importaPassi()
+{
+    const VecchioStudio Vecchio;
+    QVERIFY2(ApriImporta(*P), qPrintable(P->Stato()));
+    P->Digita(Vecchio.Csv());
+    P->Premi(u"Return"_s);
+    ATTENDI(u"fuoco"_s, "tdbColonne");
+    Percorri(u"importa_colonne"_s, false);
+    P->Clic(u"cmdAvanti"_s);
+    ATTENDI(u"fuoco"_s, "cmdAvanti");
+    ATTENDI_CHE(P->Testo(u"lblProva"_s).contains(u"aggiungere"_s));
+    Percorri(u"importa_doppioni"_s, false);
+    P->Clic(u"cmdAvanti"_s);
+    ATTENDI(u"fuoco"_s, "cmdChiudi");
+    Percorri(u"importa_resoconto"_s, false);
 }
 
 #include "TestOrdineFuoco.moc"

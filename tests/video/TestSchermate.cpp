@@ -1,6 +1,7 @@
 // A picture of every window and tab, left for whoever looks; what is asked here is that each opens within the
 // screen, with room for its words.
 #include "moduli.h"
+#include "vecchistudi.h"
 
 using namespace Qt::StringLiterals;
 
@@ -29,6 +30,13 @@ private Q_SLOTS:
     void stampaDiUnCalcolo();
     void rubrica();
     void aggiornamento();
+    void importa_data();
+    void importa();
+    void importaUnArchivio();
+    void importaLeParcelle();
+    void importaSiFerma();
+    void siOffreDiConvertire();
+    void esporta();
 
 private:
     void Guarda(const QString& Nome);
@@ -263,6 +271,140 @@ void TestSchermate::aggiornamento()
     P->Clic(QString::fromLatin1(IconaAggiornamento));
     QVERIFY2(P->Aperta(QString::fromUtf8(Aggiornamento.Titolo)), qPrintable(P->Stato()));
     Guarda(QString::fromUtf8(Aggiornamento.Nome));
+}
+
+// ---- old archives come in -----------------------------------------------------------------------
+
+void TestSchermate::importa_data()
+{
+    QTest::addColumn<QString>("Nome");
+    QTest::newRow("csv") << u"csv"_s;
+    QTest::newRow("vcard") << u"vcard"_s;
+    QTest::newRow("access") << u"access"_s;
+}
+
+/// Names of a file into the archive: each step.
+void TestSchermate::importa()
+{
+    QFETCH(QString, Nome);
+    const VecchioStudio Vecchio;
+    P = std::make_unique<Programma>();
+    QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
+    QVERIFY2(ApriImporta(*P), qPrintable(P->Stato()));
+    ATTENDI(u"fuoco"_s, "txtFile");
+    P->Digita(Nome == u"csv" ? Vecchio.Csv() : Nome == u"vcard" ? Vecchio.Vcard() : Vecchio.Access());
+    Guarda(u"importa_"_s + Nome);
+    P->Premi(u"Return"_s);
+    ATTENDI(u"fuoco"_s, "tdbColonne");
+    Guarda(u"importa_%1_colonne"_s.arg(Nome));
+    P->Clic(u"cmdAvanti"_s);
+    ATTENDI_CHE(P->Testo(u"lblProva"_s).contains(u"aggiungere"_s));
+    Guarda(u"importa_%1_doppioni"_s.arg(Nome));
+    P->Clic(u"cmdAvanti"_s);
+    ATTENDI_CHE(P->Testo(u"lblEsito"_s).contains(u"aggiunt"_s));
+    Guarda(u"importa_%1_resoconto"_s.arg(Nome));
+    // The next time the import is offered to be undone.
+    P->Premi(u"Escape"_s);
+    P->Premi(u"ctrl+i"_s);
+    QVERIFY2(P->Aperta(u"Importa archivio"_s), qPrintable(P->Stato()));
+    ATTENDI(u"visto cmdAnnullaUltima"_s, "1");
+    Guarda(u"importa_%1_dopo"_s.arg(Nome));
+}
+
+void TestSchermate::importaUnArchivio()
+{
+    const VecchioStudio Vecchio;
+    P = std::make_unique<Programma>();
+    QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
+    QVERIFY2(ApriImporta(*P), qPrintable(P->Stato()));
+    P->Digita(Vecchio.Access());
+    ScegliModo(*P, u"optModo_0"_s);
+    Guarda(u"importa_intero"_s);
+    P->Clic(u"cmdAvanti"_s);
+    ATTENDI_CHE(P->Messaggio().contains(u"diventa l'archivio clienti e controparti"_s));
+    P->Fotografa(u"importa_intero_domanda"_s);
+    P->Rispondi(u"alt+s"_s);
+    ATTENDI(u"testo lblEsito"_s, "L'archivio è pronto: 3 clienti e 0 controparti.");
+    Guarda(u"importa_intero_resoconto"_s);
+}
+
+void TestSchermate::importaLeParcelle()
+{
+    const VecchioStudio Vecchio;
+    P = std::make_unique<Programma>();
+    QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
+    QVERIFY2(ApriImporta(*P), qPrintable(P->Stato()));
+    ScegliModo(*P, u"optModo_2"_s);
+    P->Clic(u"txtFile"_s);
+    P->Digita(Vecchio.Parcelle());
+    P->Clic(u"txtArrivo"_s, 3);
+    P->Digita(Vecchio.Copie());
+    Guarda(u"importa_parcelle"_s);
+    P->Clic(u"cmdAvanti"_s);
+    ATTENDI(u"testo lblEsito"_s, "Parcelle copiate: 1 su 2.");
+    Guarda(u"importa_parcelle_resoconto"_s);
+}
+
+/// The bar while a large file comes in, and Esc.
+void TestSchermate::importaSiFerma()
+{
+    const VecchioStudio Vecchio;
+    P = std::make_unique<Programma>();
+    QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
+    QVERIFY2(ApriImporta(*P), qPrintable(P->Stato()));
+    P->Digita(Vecchio.Grande(150'000));
+    P->Premi(u"Return"_s);
+    ATTENDI_CHE(P->Fuoco() == u"cmdInterrompi" || P->Fuoco() == u"tdbColonne");
+    ATTENDI(u"fuoco"_s, "tdbColonne");
+    P->Clic(u"cmdAvanti"_s);
+    ATTENDI_CHE(P->Testo(u"lblProva"_s).contains(u"aggiungere"_s));
+    P->Clic(u"cmdAvanti"_s);
+    ATTENDI(u"fuoco"_s, "cmdInterrompi");
+    P->Fotografa(u"importa_avanza@"_s + qEnvironmentVariable("QT_SCALE_FACTOR", u"1"_s) +
+                 (qEnvironmentVariableIsSet("CALCANOVA_SCURO") ? u"_scuro"_s : QString()));
+    P->Premi(u"Escape"_s);
+    ATTENDI(u"testo lblProva"_s, "L'importazione è stata interrotta: l'archivio è com'era.");
+    Guarda(u"importa_fermata"_s);
+}
+
+/// The archive of the settings is one of Access: it is shown, and the conversion offered.
+void TestSchermate::siOffreDiConvertire()
+{
+    const VecchioStudio Vecchio;
+    P = std::make_unique<Programma>(QStringList{}, u"archivioclicon="_s + Vecchio.Access() + u'\n');
+    QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
+    P->Premi(u"ctrl+shift+r"_s);
+    ATTENDI_CHE(P->Messaggio().contains(u"Convertirlo in un archivio del programma?"_s));
+    Guarda(u"importa_offerta"_s);
+    P->Rispondi(u"alt+s"_s);
+    QVERIFY2(P->Aperta(u"Importa archivio"_s), qPrintable(P->Stato()));
+    ATTENDI_CHE(P->Testo(u"txtFile"_s) == Vecchio.Access());
+    Guarda(u"importa_offerta_modulo"_s);
+}
+
+void TestSchermate::esporta()
+{
+    P = std::make_unique<Programma>();
+    QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
+    P->Premi(u"ctrl+shift+r"_s);
+    QVERIFY2(P->Aperta(u"Archivio: clienti"_s), qPrintable(P->Stato()));
+    P->Premi(u"Insert"_s);
+    QVERIFY2(P->Aperta(u"Inserimento dati"_s), qPrintable(P->Stato()));
+    P->Digita(u"Rossi Mario"_s);
+    P->Premi(u"F10"_s);
+    ATTENDI(u"testo datNom"_s, "1 nominativo");
+    P->Premi(u"ctrl+e"_s);
+    ATTENDI_CHE(!P->Fuoco().isEmpty() && P->Chiedi(u"finestra"_s) != u"frmRubrica");
+    P->Fotografa(u"esporta_scelta"_s);
+    const QString File = P->Casa() + u"/nomi.csv"_s;
+    P->Premi(u"ctrl+a"_s);
+    P->Digita(File);
+    P->Premi(u"Return"_s);
+    ATTENDI_CHE(P->Messaggio().contains(u"1 nominativo esportato"_s));
+    Guarda(u"esporta_fatto"_s);
+    QFile Scritto(File);
+    QVERIFY(Scritto.open(QIODevice::ReadOnly));
+    QVERIFY(Scritto.readAll().contains("Rossi Mario"));
 }
 
 #include "TestSchermate.moc"

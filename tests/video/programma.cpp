@@ -49,14 +49,14 @@ ForegroundNormal=252,252,252
 
 }  // namespace
 
-Programma::Programma(const QStringList& Argomenti)
+Programma::Programma(const QStringList& Argomenti, const QString& Impostazioni)
 {
     const QString Radice = Cartella.path();
     const QString Utente = Radice + u"/Documenti/KR5/"_s;
     Scrivi(Utente + u"avvisokr5.ini"_s, "[avvisokr5]\nletto=S\n");
     Scrivi(Radice + u"/config/Calcanova/KR5.ini"_s,
            "[Parametri]\nstudionome=Studio Prova\nstudiocitta=Roma\ncercaagg=N\nuserfolder=" +
-               Utente.toUtf8() + '\n');
+               Utente.toUtf8() + '\n' + Impostazioni.toUtf8());
     QProcessEnvironment Intorno = QProcessEnvironment::systemEnvironment();
     for (const auto& [Nome, Valore] : {std::pair{u"HOME"_s, Radice},
                                        {u"XDG_CONFIG_HOME"_s, Radice + u"/config"_s},

@@ -22,7 +22,8 @@ class Programma
 {
 public:
     /// Starts it and waits for its first window. An office is named, and the notice to subscribers is read.
-    explicit Programma(const QStringList& Argomenti = {});
+    /// @param Impostazioni further lines "key=value" of the settings
+    explicit Programma(const QStringList& Argomenti = {}, const QString& Impostazioni = {});
     ~Programma();
     Programma(const Programma&) = delete;
     Programma& operator=(const Programma&) = delete;
