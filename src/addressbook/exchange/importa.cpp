@@ -366,7 +366,7 @@ QString ImportaNominativi::Resoconto(const QString& Sorgente, bool Fatto) const
         if (Chiave.isEmpty())
             Lasciate.append(Da.Titoli[i]);
         else
-            Usate.append(Da.Titoli[i] + u" -> "_s + (Meta != Possibili.end() ? Meta->Titolo : Chiave));
+            Usate.append(Da.Titoli[i] + u" → "_s + (Meta != Possibili.end() ? Meta->Titolo : Chiave));
     }
     Righe.append(QString());
     Righe.append(u"Colonne importate: "_s + Usate.join(u"; "_s));

@@ -305,9 +305,9 @@ void TestImporta::ilResoconto()
     for (const QString& Riga :
          {u"File: /casa/nomi.csv"_s, u"Righe lette: 4"_s, u"Nominativi aggiunti: 3"_s,
           u"Senza nome, tralasciati: 1"_s,
-          u"Colonne importate: Cognome -> Nominativo: cognome; Nome -> Nominativo: nome; CF -> Codice "
-          u"fiscale; P.IVA -> "
-          "Partita IVA; Nato il -> Data di nascita"_s,
+          u"Colonne importate: Cognome → Nominativo: cognome; Nome → Nominativo: nome; CF → Codice "
+          u"fiscale; P.IVA → "
+          "Partita IVA; Nato il → Data di nascita"_s,
           u"Colonne non importate: Colore"_s, u"riga 4: senza nome, tralasciata"_s,
           u"riga 5: nelle note, perché il campo non lo può contenere: Data di nascita: 31/02/1980"_s,
           u"Copia dell'archivio com'era prima: "_s + S->File + u".prima"_s})

@@ -338,6 +338,13 @@ void TestFrmImporta::unArchivioAccess()
     QVERIFY(Controllo<QPlainTextEdit>(F, "txtAvvisi")->toPlainText().contains(u"Anagrafe.Foto"));
     Premuto(F, "cmdAvanti");
     QCOMPARE(InArchivio().last(), u"Omega Srl"_s);
+    // The same archive once more doubles nothing.
+    F = Apri(frmImporta::Nominativi, File);
+    Premuto(F, "cmdAvanti");
+    Scegli(Tabelle, Tabelle->findText(u"Anagrafe"_s));
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(TestoDi(F, "lblProva"), u"0 nominativi da aggiungere, 1 già presente che resta com'è."_s);
+    QVERIFY(!Controllo(F, "cmdAvanti")->isEnabled());
     QCOMPARE(LeggiFile(File), Prima);
     SeCaricato<frmImporta>->close();
     QCOMPARE(ContenutoDi(sessione::UserFolder), QStringList());  // the working copy has gone
