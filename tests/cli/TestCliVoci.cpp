@@ -157,7 +157,8 @@ void TestCliVoci::rifiuta_data()
     QTest::newRow("valore zero") << ConTariffa(u"CIV~102~0"_s) << 1
                                  << u"Errore: valore: «0»: non è compreso in nessuno scaglione (5)"_s;
     QTest::newRow("valore che non lo è")
-        << ConTariffa(u"CIV~102~molto"_s) << 1 << u"Errore: valore: «molto»: Tipo di dato non corrispondente (13)"_s;
+        << ConTariffa(u"CIV~102~molto"_s) << 1
+        << u"Errore: valore: «molto»: Tipo di dato non corrispondente (13)"_s;
     QTest::newRow("tariffa sconosciuta")
         << QStringList{u"--tariffa"_s, u"37"_s, u"voci"_s, u"CIV"_s, u"102"_s, u"1"_s} << 2
         << u"Tariffa sconosciuta: 37. Le tariffe sono 140 e 55."_s;
