@@ -29,7 +29,7 @@ QString TestoGraduato(const Graduazione& Pannello, int Posizione)
 {
     const double Min = Pannello.Fasce[FasciaMin];
     const double Max = Pannello.Fasce[FasciaMax];
-    return TestoImporto(Round(Min + (Max - Min) / GraduaMax * Posizione, Pannello.Decimali));
+    return TestoImporto(ArrotondaRiga(Min + (Max - Min) / GraduaMax * Posizione, Pannello.Decimali));
 }
 
 /// The first of the three amounts that shows as this text.
@@ -92,7 +92,8 @@ double ImportoDi(const Graduazione& Pannello, const TabellaRighe& Righe, int Rig
 {
     const double Min = NumeroDi(Righe(Riga, OnoMin));
     const double Max = NumeroDi(Righe(Riga, OnoMax));
-    return Round(Min + (Max - Min) * Round(double(Pannello.Gradua) / GraduaMax, 2), Pannello.Decimali);
+    return ArrotondaRiga(Min + (Max - Min) * Round(double(Pannello.Gradua) / GraduaMax, 2),
+                         Pannello.Decimali);
 }
 
 void ScriviTutte(const Graduazione& Pannello, TabellaRighe& Righe)

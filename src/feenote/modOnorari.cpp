@@ -136,9 +136,9 @@ int AddModOnor(Parcella& Nota, const DatiOnorario& Dati, int Riga, std::optional
     TabellaRighe& Righe = Nota.xOnorari;
     const int Decimali = Nota.Tariffa->Decimali;
     if (ConBase) {
-        Righe(Destinazione, OnoBaseMedio) = Round(Dati.Medio, Decimali);
-        Righe(Destinazione, OnoBaseMin) = Round(Dati.Min, Decimali);
-        Righe(Destinazione, OnoBaseMax) = Round(Dati.Max, Decimali);
+        Righe(Destinazione, OnoBaseMedio) = ArrotondaRiga(Dati.Medio, Decimali);
+        Righe(Destinazione, OnoBaseMin) = ArrotondaRiga(Dati.Min, Decimali);
+        Righe(Destinazione, OnoBaseMax) = ArrotondaRiga(Dati.Max, Decimali);
         Righe(Destinazione, OnoVarPerc) = Dati.VarPerc;
     }
     // The variation works on the raw product, which is rounded once, after it.
@@ -147,7 +147,7 @@ int AddModOnor(Parcella& Nota, const DatiOnorario& Dati, int Riga, std::optional
             Valore *= 1 + Dati.AumParti / 100.0;
         if (Dati.VarPerc != 0)
             Valore *= 1 + PercentoEsatto(Nota, Dati.VarPerc) / 100.0;
-        return Round(Valore, Decimali);
+        return ArrotondaRiga(Valore, Decimali);
     };
     Righe(Destinazione, OnoData) = QString();
     Righe(Destinazione, OnoDescr) = Dati.Descr;

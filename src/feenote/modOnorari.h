@@ -1,8 +1,8 @@
 // Honoraria: from the tariff tables to the lines of a note.
 //
 // Amounts of civil and criminal items are read as they stand in the tables of the note's decree, those of
-// out-of-court items are formulas in the value of the case. A line has the decimals of the decree, ties to
-// even: whole euro by D.m. 140/2012.
+// out-of-court items are formulas in the value of the case. A line has the decimals of the decree: whole
+// euro, ties to even, by D.m. 140/2012.
 #pragma once
 
 #include "feenote/parcella.h"

@@ -12,6 +12,12 @@ int RowIns(const Parcella& Nota, TipoRiga Tipo, std::optional<int> Corrente)
     return std::clamp(*Corrente, 0, Dopo);
 }
 
+double ArrotondaRiga(double Euro, int Decimali)
+{
+    constexpr int ConCentesimi = 2;
+    return Decimali == ConCentesimi ? Arrotonda2(Euro) : Round(Euro, Decimali);
+}
+
 double SommaColonna(const TabellaRighe& Tabella, int Colonna)
 {
     double Somma = 0.0;

@@ -55,6 +55,10 @@ enum class TipoRiga { Onorari, Diritti };
 /// @param Corrente the grid's current row, empty when it has none
 [[nodiscard]] int RowIns(const Parcella& Nota, TipoRiga Tipo, std::optional<int> Corrente);
 
+/// An amount of a line with the decimals of its decree: whole euro go to the even neighbour from the middle,
+/// cents away from zero, as they do wherever there are cents.
+[[nodiscard]] double ArrotondaRiga(double Euro, int Decimali);
+
 /// Sum of a column; cells that hold no number count 0. The order is the rows'.
 [[nodiscard]] double SommaColonna(const TabellaRighe& Tabella, int Colonna);
 

@@ -16,7 +16,7 @@ struct Decreto
     QStringView NomeIntero;  ///< with its date, for a sentence
     QStringView File;        ///< its reference database, in the program folder
     QStringView Schede;      ///< folder of the information sheets of its items, in the program folder
-    int Decimali = 0;        ///< of the amounts of a line, ties to even
+    int Decimali = 0;        ///< of the amounts of a line; see ArrotondaRiga
     double SpeseGen = 0.0;   ///< general expenses of a new note, percent; 0: off, the office decides
     /// What lies beyond the last bracket is told as such.
     bool ScaglioniFiniti = false;
