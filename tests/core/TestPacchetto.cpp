@@ -20,6 +20,7 @@ private Q_SLOTS:
     void azioniDelMenu();
     void comandiDelManuale();
     void nomi();
+    void deposito();
 };
 PROVA(TestPacchetto);
 
@@ -102,6 +103,26 @@ void TestPacchetto::nomi()
     QCOMPARE(Trovati(Scheda, u"<launchable type=\"desktop-id\">(.*)</launchable>"_s),
              QStringList{u"calcanova.desktop"_s});
     QCOMPARE(Trovati(Voce, u"^Icon=(.*)$"_s), QStringList{u"calcanova"_s});
+}
+
+/// What an engineer who finds the repository reads first.
+void TestPacchetto::deposito()
+{
+    const auto Pagina = [](const QString& Nome) {
+        return QString::fromUtf8(LeggiFile(SorgenteDiProva(Nome)));
+    };
+    const QString Licenza = Pagina(u"LICENSE"_s);
+    QVERIFY(Licenza.contains(u"GNU GENERAL PUBLIC LICENSE") && Licenza.contains(u"Version 3, 29 June 2007"));
+    if (const QString Sistema = u"/usr/share/common-licenses/GPL-3"_s; EsisteFile(Sistema))
+        QCOMPARE(Licenza, QString::fromUtf8(LeggiFile(Sistema)));
+    const QStringList Versioni = Trovati(Pagina(u"CHANGELOG.md"_s), u"^## \\[?([0-9.]+)"_s);
+    QVERIFY(!Versioni.isEmpty());
+    QCOMPARE(Versioni.first(), VersioneProgramma());
+    const QString Modi = Pagina(u"CONTRIBUTING.md"_s);
+    for (const QString& Comando : {u"./run"_s, u"./test"_s})
+        QVERIFY2(Modi.contains(Comando), qPrintable(Comando));
+    QVERIFY(Pagina(u"README.md"_s).contains(u"tools/pacchetto"));
+    QVERIFY(Pagina(u"REUSE.toml"_s).contains(u"GPL-3.0-or-later"));
 }
 
 #include "TestPacchetto.moc"

@@ -6,7 +6,66 @@
 #include "feenote/windows/tavolo.h"
 #include "platform/system/file.h"
 
+#include <QDateTime>
+#include <QDirIterator>
+#include <QFileInfo>
+
 #include <memory>
+
+namespace {
+
+/// The program folder as a package lays it out: nobody writes there. It can be removed again with the object.
+class ProgrammaInstallato
+{
+public:
+    ProgrammaInstallato()
+    {
+        const QString Da = ProgrammaDiProva();
+        QDirIterator Giro(Da, QDir::AllEntries | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+        while (Giro.hasNext()) {
+            const QFileInfo Voce(Giro.next());
+            const QString A = Cartella + Voce.filePath().mid(Da.size());
+            QDir().mkpath(Voce.isDir() ? A : QFileInfo(A).path());
+            if (!Voce.isDir() && QFile::copy(Voce.filePath(), A))
+                QFile::setPermissions(A, QFile::ReadOwner | QFile::ReadOther |
+                                             (Voce.isExecutable() ? QFile::ExeOwner : QFile::Permissions()));
+        }
+        Chiudi(QFile::ReadOwner | QFile::ExeOwner);
+    }
+    ~ProgrammaInstallato() { Chiudi(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner); }
+    ProgrammaInstallato(const ProgrammaInstallato&) = delete;
+    ProgrammaInstallato& operator=(const ProgrammaInstallato&) = delete;
+
+    /// Every file with its length and its last change, hidden ones too.
+    [[nodiscard]] QStringList ComeStanno() const
+    {
+        QStringList Tutti;
+        QDirIterator Giro(Cartella, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        while (Giro.hasNext()) {
+            const QFileInfo Voce(Giro.next());
+            Tutti += u"%1 %2 %3"_s.arg(Voce.filePath())
+                         .arg(Voce.size())
+                         .arg(Voce.lastModified().toMSecsSinceEpoch());
+        }
+        Tutti.sort();
+        return Tutti;
+    }
+
+    const QString Cartella = NuovaCartella();
+
+private:
+    void Chiudi(QFile::Permissions Come) const
+    {
+        QStringList Tutte{Cartella};
+        QDirIterator Giro(Cartella, QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+        while (Giro.hasNext())
+            Tutte += Giro.next();
+        for (const QString& Una : Tutte)
+            QFile::setPermissions(Una, Come);
+    }
+};
+
+}  // namespace
 
 class TestMacchinaNuda : public QObject
 {
@@ -18,6 +77,8 @@ private Q_SLOTS:
     void apreLaParcella();
     void casaNonScrivibile_data();
     void casaNonScrivibile();
+    void cartellaDelProgrammaNonScrivibile_data();
+    void cartellaDelProgrammaNonScrivibile();
 
 private:
     std::unique_ptr<Scena> S;
@@ -92,6 +153,29 @@ void TestMacchinaNuda::casaNonScrivibile()
                                    {u"XDG_DOCUMENTS_DIR"_s, QString()},
                                    {u"XDG_RUNTIME_DIR"_s, Casa}});
     QVERIFY2(!Vero.Processo.waitForFinished(800), Vero.Processo.readAllStandardError().constData());
+}
+
+void TestMacchinaNuda::cartellaDelProgrammaNonScrivibile_data()
+{
+    QTest::addColumn<QStringList>("Argomenti");
+    QTest::newRow("a note") << QStringList{File};
+    QTest::newRow("low") << QStringList{u"-low"_s};
+    QTest::newRow("the desktop") << QStringList();
+}
+
+/// An installed program: it works, and leaves nothing where it stands, not even for the superuser, whom no
+/// permission stops.
+void TestMacchinaNuda::cartellaDelProgrammaNonScrivibile()
+{
+    QFETCH(QStringList, Argomenti);
+    const ProgrammaInstallato Installato;
+    const QStringList Prima = Installato.ComeStanno();
+    QVERIFY(Prima.size() > 100);
+    ProgrammaVero Vero(Argomenti, {}, {}, Installato.Cartella);
+    if (Argomenti.contains(File))
+        QTRY_VERIFY_WITH_TIMEOUT(EsisteCampo(File, u"ParcellaParam"_s, u"SpeseGen"_s), 20000);
+    QVERIFY2(!Vero.Processo.waitForFinished(800), Vero.Processo.readAllStandardError().constData());
+    QCOMPARE(Installato.ComeStanno(), Prima);
 }
 
 #include "TestMacchinaNuda.moc"

@@ -11,8 +11,9 @@ class ProgrammaVero
 {
 public:
     /// @param Ambiente changes of the environment; a null text takes a variable away
+    /// @param Programma its folder
     explicit ProgrammaVero(const QStringList& Argomenti, const QMap<QString, QString>& Ambiente = {},
-                           const QString& Cartella = {})
+                           const QString& Cartella = {}, const QString& Programma = ProgrammaDiProva())
     {
         QProcessEnvironment Suo = QProcessEnvironment::systemEnvironment();
         Suo.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
@@ -21,7 +22,7 @@ public:
         Processo.setProcessEnvironment(Suo);
         if (!Cartella.isEmpty())
             Processo.setWorkingDirectory(Cartella);
-        Processo.start(ProgrammaDiProva() + QStringLiteral("calcanova"), Argomenti);
+        Processo.start(Programma + QStringLiteral("calcanova"), Argomenti);
     }
     ~ProgrammaVero()
     {
