@@ -154,6 +154,23 @@ bool EChiave(const Campo& Descritto)
     return Descritto.Contatore || Uguali(Descritto.Name, NomeChiave);
 }
 
+std::optional<qint64> PrimaChiaveLibera(const Recordset& Righe)
+{
+    constexpr int Porzione = 4000;
+    const QList<Campo> Campi = Righe.Campi();
+    const auto Chiave = std::ranges::find_if(Campi, EChiave);
+    if (Chiave == Campi.end() || std::ranges::any_of(Campi, &Campo::Contatore))
+        return std::nullopt;
+    qint64 Massima = 0;
+    std::optional<qint64> Letta;
+    do
+        Letta = Righe.Scorri({Chiave->Name}, Letta, Porzione, [&](const RigaScorsa& Riga) {
+            Massima = std::max(Massima, Riga.Valore(0).toLongLong());
+        });
+    while (Letta);
+    return Massima + 1;
+}
+
 QVariantList ValoriScelti(const Recordset& Riga, const QList<ColonnaRubrica>& Colonne)
 {
     QVariantList Valori;

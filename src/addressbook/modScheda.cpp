@@ -1,5 +1,6 @@
 #include "addressbook/modScheda.h"
 
+#include "addressbook/modRubrica.h"
 #include "core/modControlli.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
@@ -191,6 +192,24 @@ QString DidascaliaScheda(const QString& Modalità)
     return Modalità == u"edit" ? u"Modifica dati"_s : u"Visualizzazione dati"_s;
 }
 
+namespace {
+
+/// A new row gets its key where the engine gives none, unless the user has typed one.
+void DaiChiave(Recordset& Righe)
+{
+    constexpr int Nuova = 2;
+    if (Righe.EditMode() != Nuova)
+        return;
+    const QList<Campo> Campi = Righe.Campi();
+    const auto Chiave = std::ranges::find_if(Campi, EChiave);
+    if (Chiave == Campi.end() || !Righe.Value(Chiave->Name).isNull())
+        return;
+    if (const auto Prossima = PrimaChiaveLibera(Righe))
+        Righe.ImpostaValue(Chiave->Name, *Prossima);
+}
+
+}  // namespace
+
 bool SalvaScheda(Recordset& Righe)
 {
     if (Righe.CambiatoDaAltri() &&
@@ -198,6 +217,7 @@ bool SalvaScheda(Recordset& Righe)
                "Salvare le proprie modifiche al posto delle sue?"_s,
                vbYesNo | vbQuestion | vbDefaultButton2, TitoloDomanda.toString()) != vbYes)
         return false;
+    DaiChiave(Righe);
     Righe.Update();
     return true;
 }

@@ -34,6 +34,7 @@ private Q_SLOTS:
     void avvisi();
     void didascalie();
     void siSalva();
+    void laChiaveCheNessunoDa();
     void cambiataDaAltri_data();
     void cambiataDaAltri();
     void eliminataDaAltri();
@@ -307,6 +308,37 @@ void TestModScheda::siSalva()
     ScriviScheda(Righe, Colonna(u"Nominativo"_s), u"Gallo"_s);
     QVERIFY(SalvaScheda(Righe));
     QCOMPARE(Db.OpenRecordset(u"clienti"_s).Value(u"Nominativo"_s).toString(), u"Gallo"_s);
+}
+
+/// In an old archive the keys may be plain numbers: a new row goes on behind the highest, or keeps what the
+/// user has typed.
+void TestModScheda::laChiaveCheNessunoDa()
+{
+    const Database Vecchio = CreateDatabase(NuovaCartella() + u"vecchio.mdb"_s);
+    Vecchio.CreaTabella(u"clienti"_s, {CampoScheda(u"Id"_s, TipoCampo::Lungo),
+                                       CampoScheda(u"Nominativo"_s, TipoCampo::Testo, 20)});
+    Vecchio.Execute(u"INSERT INTO clienti (Id, Nominativo) VALUES (12, 'Verdi'), (9, 'Neri')"_s);
+    Recordset Suoi = Vecchio.OpenRecordset(u"clienti"_s);
+    const auto Nuova = [&](const QVariant& Scritta) {
+        Suoi.AddNew();
+        Suoi.ImpostaValue(u"Nominativo"_s, u"Rossi"_s);
+        if (Scritta.isValid())
+            Suoi.ImpostaValue(u"Id"_s, Scritta);
+        (void)SalvaScheda(Suoi);
+        return Suoi.Value(u"Id"_s).toInt();
+    };
+    QCOMPARE(Nuova({}), 13);
+    QCOMPARE(Nuova(40), 40);
+    QCOMPARE(Nuova({}), 41);
+    Suoi.Edit();
+    Suoi.ImpostaValue(u"Nominativo"_s, u"Rossi Ada"_s);
+    QVERIFY(SalvaScheda(Suoi));
+    QCOMPARE(Suoi.Value(u"Id"_s).toInt(), 41);
+    // Where the engine gives them it goes on doing so.
+    Righe.AddNew();
+    Righe.ImpostaValue(u"Nominativo"_s, u"Rossi"_s);
+    QVERIFY(SalvaScheda(Righe));
+    QCOMPARE(Righe.Value(u"ID"_s).toInt(), 5);
 }
 
 void TestModScheda::cambiataDaAltri_data()

@@ -47,6 +47,19 @@ class TestTassiAccess : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+    /// The municipalities are the program's own.
+    void iComuniSiRifiutano()
+    {
+        const QString File = NuovaCartella() + u"Comuni.mdb"_s;
+        ScriviAccess(File, {.Tabelle = {{.Nome = u"Comuni"_s, .Colonne = {{.Nome = u"Comune"_s}}}}});
+        try {
+            const ArchivioComuni Aperto(File);
+            QFAIL("opened");
+        } catch (const Errore& Guasto) {
+            QCOMPARE(Guasto.Numero, errori::FormatoDatabase);
+        }
+    }
+
     void interessi()
     {
         const QString File = ScriviAccess(NuovaCartella() + u"Tassi.dat"_s, Tassi());

@@ -292,26 +292,13 @@ bool ImportaNominativi::Scrivi(const QString& Sorgente, const Avanzamento& Prose
     return true;
 }
 
-/// Above all keys, where the archive has them and the engine does not give them: a row without one could be
-/// linked to no note.
-std::optional<qint64> ImportaNominativi::PrimaChiaveLibera() const
-{
-    const QList<Campo> Campi = Archivio.Campi(Tabella);
-    const auto Chiave = std::ranges::find_if(Campi, EChiave);
-    if (Chiave == Campi.end() || std::ranges::any_of(Campi, &Campo::Contatore))
-        return std::nullopt;
-    const Recordset Ultima = Archivio.OpenRecordset(
-        u"SELECT max(CAST(%1 AS INTEGER)) AS Ultima FROM %2"_s.arg(FraNome(Chiave->Name), FraNome(Tabella)));
-    return std::max<qint64>(Ultima.Value(u"Ultima"_s).toLongLong(), 0) + 1;
-}
-
 bool ImportaNominativi::ScriviMosse(const Avanzamento& Prosegui)
 {
     const QList<Campo>& Campi = Composizione.Campi();
     QStringList Nomi;
     for (const Campo& Uno : Campi)
         Nomi.append(FraNome(Uno.Name));
-    std::optional<qint64> Prossima = PrimaChiaveLibera();
+    std::optional<qint64> Prossima = PrimaChiaveLibera(Archivio.OpenRecordset(Tabella));
     const QStringList Tutti = Prossima ? Nomi + QStringList{u"\"ID\""_s} : Nomi;
     const QString Inserisci = u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(
         FraNome(Tabella), Tutti.join(u','), QStringList(Tutti.size(), u"?"_s).join(u','));

@@ -96,7 +96,6 @@ private:
     [[nodiscard]] bool Completa(Presente& Vecchio, const RigaComposta& Riga);
     void Annota(int Numero, const QString& Frase);
     bool ScriviMosse(const Avanzamento& Prosegui);
-    [[nodiscard]] std::optional<qint64> PrimaChiaveLibera() const;
     [[nodiscard]] QString Codice(const RigaComposta& Riga, int Posto) const;
 
     Database Archivio;
