@@ -3,6 +3,7 @@
 #include "cli/letture.h"
 
 #include "feenote/modOnorari.h"
+#include "feenote/modRighe.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "tariffs/decreto.h"
@@ -120,7 +121,7 @@ std::optional<Terna> LeggiTerna(const Recordset& Voce, const Parametri& Suoi)
         Letta.Massimo = ImportoCatalogo(Voce, Suoi.Numero(), u"Max"_s);
     }
     for (double* Importo : {&Letta.Minimo, &Letta.Medio, &Letta.Massimo})
-        *Importo = Round(*Importo, Suoi.Legge.Decimali);
+        *Importo = ArrotondaRiga(*Importo, Suoi.Legge.Decimali);
     return Letta;
 }
 

@@ -22,6 +22,8 @@ private Q_SLOTS:
     void rifiuta_data();
     void rifiuta();
     void ogniUfficio();
+    void comeInParcella_data();
+    void comeInParcella();
     void tuttiInsieme();
     void perUnoScript();
     void tariffaGuasta_data();
@@ -200,6 +202,55 @@ void TestCliVoci::ogniUfficio()
         }
     }
     QVERIFY2(Viste > 200, qPrintable(QString::number(Viste)));
+}
+
+void TestCliVoci::comeInParcella_data()
+{
+    QTest::addColumn<QString>("Sigla");
+    QTest::addColumn<QString>("Categ");
+    QTest::addColumn<int>("Ufficio");
+    QTest::addColumn<double>("Valore");
+    QTest::addColumn<int>("Voce");
+
+    QTest::newRow("half a cent out of court") << u"55"_s << u"STR"_s << 161 << 520003.0 << 1;
+    QTest::newRow("half a cent of a step") << u"55"_s << u"CIV"_s << 102 << 3e6 << 1;
+    QTest::newRow("half a euro") << u"55"_s << u"CIV"_s << 103 << 4000.0 << 2;
+    QTest::newRow("criminal") << u"55"_s << u"PEN"_s << 140 << 0.0 << 3;
+    QTest::newRow("2012, a share of the value") << u"140"_s << u"STR"_s << 41 << 12345.67 << 6;
+    QTest::newRow("2012, out of a table") << u"140"_s << u"CIV"_s << 8 << 20000.0 << 4;
+}
+
+/// What is listed is what a note's line takes.
+void TestCliVoci::comeInParcella()
+{
+    QFETCH(QString, Sigla);
+    QFETCH(QString, Categ);
+    QFETCH(int, Ufficio);
+    QFETCH(double, Valore);
+    QFETCH(int, Voce);
+    QJsonObject Descrizione{{u"tariffa"_s, Sigla},
+                            {u"categoria"_s, Categ},
+                            {u"autorita"_s, Ufficio},
+                            {u"precarica"_s, false},
+                            {u"onorari"_s, QJsonArray{QJsonObject{{u"voce"_s, Voce}}}}};
+    if (Valore > 0)
+        Descrizione[u"valore"_s] = Valore;
+    const QString Cartella = NuovaCartella();
+    ScriviFile(Cartella + u"nota.json"_s, QJsonDocument(Descrizione).toJson());
+    const Esito Creata = Chiama({u"crea"_s, Cartella + u"nota.json"_s, Cartella + u"nota.mdb"_s});
+    QCOMPARE(Creata.Guasti, QString());
+    const QJsonObject Riga =
+        QJsonDocument::fromJson(
+            Chiama({u"nota"_s, Cartella + u"nota.mdb"_s}).Uscita.toUtf8())[u"onorari"_s][0]
+            .toObject();
+    const QJsonArray Voci = Record({u"--tariffa"_s, Sigla, u"voci"_s, Categ, QString::number(Ufficio),
+                                    QString::number(Valore, 'f', 2).replace(u'.', u',')})[u"voci"_s]
+                                .toArray();
+    const auto Listata = std::ranges::find_if(
+        Voci, [&](const QJsonValue& Una) { return Una[u"descrizione"_s] == Riga[u"descrizione"_s]; });
+    QVERIFY(Listata != Voci.end());
+    for (const QString& Importo : {u"minimo"_s, u"medio"_s, u"massimo"_s})
+        QCOMPARE((*Listata)[Importo].toDouble(), Riga[Importo].toDouble());
 }
 
 void TestCliVoci::tuttiInsieme()

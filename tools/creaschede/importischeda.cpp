@@ -2,6 +2,7 @@
 
 #include "creadati/formule.h"
 #include "feenote/modOnorari.h"
+#include "feenote/modRighe.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 
@@ -286,7 +287,7 @@ QString Esempio(const Tariffe& Dati, const VoceTariffa& Voce, double ValoreEuro,
     const int Decimali = Dati.Identita.Codice.isEmpty() ? 0 : 2;
     const auto Una = [&](const QString& Nome, const QString& Come, double Importo) {
         return Riga(Cella(Nome) + Cella(Come + Per) + Cifra(Euro(Importo * Quant)) +
-                    Cifra(Euro(Round(Importo * Quant, Decimali))));
+                    Cifra(Euro(ArrotondaRiga(Importo * Quant, Decimali))));
     };
     return u"<p>Valore dell'affare "_s + ConEuro(ValoreEuro) + Quantita(Risposta, Quant) + u".</p>\n"_s +
            Apertura +
