@@ -83,9 +83,10 @@ QString CellaSenza(const QString& Motivo, bool Percentuali)
         .arg(Motivo);
 }
 
+/// The mark of a doubt stays on the line of what it marks.
 QString Segno(const Tariffe& Dati, const ChiaveImporto& Chiave)
 {
-    return Dati.Dubbi.contains(Chiave) ? u" *"_s : QString();
+    return Dati.Dubbi.contains(Chiave) ? QChar::Nbsp + u"*"_s : QString();
 }
 
 QStringList TitoliTerna(const QString& Primo, bool Percentuali)
