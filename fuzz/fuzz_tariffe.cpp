@@ -79,8 +79,8 @@ void Prova(const QByteArray& Dati)
     PreparaSessione();
     static const QList<QByteArray> Sane = [] {
         QList<QByteArray> Lette;
-        for (const Decreto* Uno : Decreti)
-            Lette += Contenuto(CartellaCostruita() + Uno->File.toString());
+        for (const Decreto* Legge : Decreti)
+            Lette += Contenuto(CartellaCostruita() + Legge->File.toString());
         return Lette;
     }();
     sessione::PercorsoProg = CartellaDiLavoro();

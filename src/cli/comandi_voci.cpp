@@ -44,9 +44,10 @@ std::optional<Autorita> LeggiUfficio(const Decreto& Legge, const QString& Categ,
     const QString Cercata = Valore.trimmed();
     if (Cercata.isEmpty() && Categ == Stragiudiziale)
         return std::nullopt;
-    for (const Autorita& Una : Interi(LeggiAutorita(Legge, Categ)))
-        if (QString::number(Una.IDAut) == Cercata || Una.DesAut.compare(Cercata, Qt::CaseInsensitive) == 0)
-            return Una;
+    for (const Autorita& Ufficio : Interi(LeggiAutorita(Legge, Categ)))
+        if (QString::number(Ufficio.IDAut) == Cercata ||
+            Ufficio.DesAut.compare(Cercata, Qt::CaseInsensitive) == 0)
+            return Ufficio;
     Rifiuta(u"autorità"_s, Valore, u"la tariffa %1 non l'ha in questa categoria"_s.arg(Legge.Nome));
 }
 
@@ -64,25 +65,25 @@ struct Parametri
 };
 
 /// A bracket by a value in it, by its text, or by the word for a case of no certain value.
-void LeggiValore(const QString& Valore, Parametri& Suoi)
+void LeggiValore(const QString& Valore, Parametri& Caso)
 {
     const QString Cercato = Valore.trimmed();
-    const auto Nominato = [&](const ScaglioneValore& Uno) {
-        return Uno.DesVal.compare(Cercato, Qt::CaseInsensitive) == 0 ||
-               (Suoi.Categ == Civile && Uno.NumSca == ScaglioneIndeterminato &&
+    const auto Nominato = [&](const ScaglioneValore& Scaglione) {
+        return Scaglione.DesVal.compare(Cercato, Qt::CaseInsensitive) == 0 ||
+               (Caso.Categ == Civile && Scaglione.NumSca == ScaglioneIndeterminato &&
                 Cercato.compare(u"indeterminato"_s, Qt::CaseInsensitive) == 0);
     };
-    const QList<ScaglioneValore> Tutti = Interi(LeggiScaglioni(Suoi.Legge, Suoi.Categ));
+    const QList<ScaglioneValore> Tutti = Interi(LeggiScaglioni(Caso.Legge, Caso.Categ));
     auto Trovato = std::ranges::find_if(Tutti, Nominato);
-    if (Trovato == Tutti.end() || Suoi.Categ == Stragiudiziale) {
-        Suoi.Valore = Round(Numero(u"valore"_s, Valore), 2);
-        Trovato = std::ranges::find_if(Tutti, [&](const ScaglioneValore& Uno) {
-            return Uno.DaVal <= Suoi.Valore && Suoi.Valore <= Uno.AVal && Uno.AVal > 0;
+    if (Trovato == Tutti.end() || Caso.Categ == Stragiudiziale) {
+        Caso.Valore = Round(Numero(u"valore"_s, Valore), 2);
+        Trovato = std::ranges::find_if(Tutti, [&](const ScaglioneValore& Scaglione) {
+            return Scaglione.DaVal <= Caso.Valore && Caso.Valore <= Scaglione.AVal && Scaglione.AVal > 0;
         });
     }
     if (Trovato == Tutti.end())
         Rifiuta(u"valore"_s, Valore, u"non è compreso in nessuno scaglione"_s);
-    Suoi.Scaglione = *Trovato;
+    Caso.Scaglione = *Trovato;
 }
 
 /// The three amounts as a line would take them.
@@ -103,25 +104,25 @@ double Calcola(const QString& Formula, double Valore)
 }
 
 /// @return nothing where the tariff has no amount, or refuses the item
-std::optional<Terna> LeggiTerna(const Recordset& Voce, const Parametri& Suoi)
+std::optional<Terna> LeggiTerna(const Recordset& Voce, const Parametri& Caso)
 {
     const int NVoce = int(NumeroDi(CStr(Voce.Value(u"NVoce"_s))));
     const bool Rifiutata =
-        Suoi.Categ == Civile && (NVoce == 19 || NVoce == 20) && Suoi.Numero() == ScaglioneIndeterminato;
-    if (Rifiutata || SenzaImporto(Voce, Suoi.Numero()))
+        Caso.Categ == Civile && (NVoce == 19 || NVoce == 20) && Caso.Numero() == ScaglioneIndeterminato;
+    if (Rifiutata || SenzaImporto(Voce, Caso.Numero()))
         return std::nullopt;
     Terna Letta;
-    if (Suoi.Categ == Stragiudiziale) {
-        Letta.Minimo = Calcola(FormulaCatalogo(Voce, Suoi.Numero(), u"Min"_s), Suoi.Valore);
-        Letta.Massimo = Calcola(FormulaCatalogo(Voce, Suoi.Numero(), u"Max"_s), Suoi.Valore);
+    if (Caso.Categ == Stragiudiziale) {
+        Letta.Minimo = Calcola(FormulaCatalogo(Voce, Caso.Numero(), u"Min"_s), Caso.Valore);
+        Letta.Massimo = Calcola(FormulaCatalogo(Voce, Caso.Numero(), u"Max"_s), Caso.Valore);
         Letta.Medio = Medio(Letta.Minimo, Letta.Massimo);
     } else {
-        Letta.Minimo = ImportoCatalogo(Voce, Suoi.Numero(), u"Min"_s);
-        Letta.Medio = ImportoCatalogo(Voce, Suoi.Numero(), u"Med"_s);
-        Letta.Massimo = ImportoCatalogo(Voce, Suoi.Numero(), u"Max"_s);
+        Letta.Minimo = ImportoCatalogo(Voce, Caso.Numero(), u"Min"_s);
+        Letta.Medio = ImportoCatalogo(Voce, Caso.Numero(), u"Med"_s);
+        Letta.Massimo = ImportoCatalogo(Voce, Caso.Numero(), u"Max"_s);
     }
     for (double* Importo : {&Letta.Minimo, &Letta.Medio, &Letta.Massimo})
-        *Importo = ArrotondaRiga(*Importo, Suoi.Legge.Decimali);
+        *Importo = ArrotondaRiga(*Importo, Caso.Legge.Decimali);
     return Letta;
 }
 
@@ -137,11 +138,11 @@ QString InRiga(const QJsonObject& Voce)
     return Capo + Importo(u"minimo"_s) + Importo(u"medio"_s) + Importo(u"massimo"_s);
 }
 
-QJsonObject Descritta(const Recordset& Voce, const QString& Chiave, const Parametri& Suoi)
+QJsonObject Descritta(const Recordset& Voce, const QString& Chiave, const Parametri& Caso)
 {
-    const std::optional<Terna> Importi = LeggiTerna(Voce, Suoi);
-    const auto Cella = [&](double Terna::*Quale) {
-        return Importi ? QJsonValue(*Importi.*Quale) : QJsonValue();
+    const std::optional<Terna> Importi = LeggiTerna(Voce, Caso);
+    const auto Cella = [&](double Terna::*Estremo) {
+        return Importi ? QJsonValue(*Importi.*Estremo) : QJsonValue();
     };
     return {{u"codice"_s, Voce.Value(Chiave).toInt()},
             {u"descrizione"_s, Voce.Value(u"DescrOno"_s).toString()},
@@ -157,13 +158,13 @@ QJsonObject Numerata(int Numero, const QString& Nome)
 }
 
 /// What was asked for, as the lists of a note call it.
-QString Dove(const Parametri& Suoi)
+QString Dove(const Parametri& Caso)
 {
-    QStringList Parti{Suoi.Legge.Nome.toString()};
-    if (Suoi.Ufficio)
-        Parti += Suoi.Ufficio->DesAut;
-    if (Suoi.Scaglione)
-        Parti += Suoi.Scaglione->DesVal;
+    QStringList Parti{Caso.Legge.Nome.toString()};
+    if (Caso.Ufficio)
+        Parti += Caso.Ufficio->DesAut;
+    if (Caso.Scaglione)
+        Parti += Caso.Scaglione->DesVal;
     return Parti.join(u" - "_s);
 }
 
@@ -171,30 +172,30 @@ QString Dove(const Parametri& Suoi)
 
 Risposta ComandoVoci(const QStringList& Valori, const Decreto& Legge)
 {
-    Parametri Suoi{Legge, LeggiCategoria(Valori[0]), {}, {}, 0.0};
-    Suoi.Ufficio = LeggiUfficio(Legge, Suoi.Categ, Valori[1]);
-    if (Suoi.Categ != Penale)
-        LeggiValore(Valori[2], Suoi);
+    Parametri Caso{Legge, LeggiCategoria(Valori[0]), {}, {}, 0.0};
+    Caso.Ufficio = LeggiUfficio(Legge, Caso.Categ, Valori[1]);
+    if (Caso.Categ != Penale)
+        LeggiValore(Valori[2], Caso);
 
     QJsonArray Voci;
     QStringList Righe;
-    Catalogo Aperto = ApriCatalogo(Legge, Suoi.Categ, Suoi.Ufficio ? Suoi.Ufficio->IDAut : 0);
+    Catalogo Aperto = ApriCatalogo(Legge, Caso.Categ, Caso.Ufficio ? Caso.Ufficio->IDAut : 0);
     for (; !Aperto.datOno.Eof(); Aperto.datOno.MoveNext()) {
         if (CStr(Aperto.datOno.Value(u"NVoce"_s)) == QString::number(VoceLibera))
             continue;
-        const QJsonObject Voce = Descritta(Aperto.datOno, Aperto.ChiaveOno, Suoi);
+        const QJsonObject Voce = Descritta(Aperto.datOno, Aperto.ChiaveOno, Caso);
         Righe += InRiga(Voce);
         Voci.append(Voce);
     }
-    Righe += u"%1: %2"_s.arg(Dove(Suoi)).arg(Voci.size());
+    Righe += u"%1: %2"_s.arg(Dove(Caso)).arg(Voci.size());
 
     QJsonObject Record{
-        {u"tariffa"_s, Legge.Sigla.toString()}, {u"categoria"_s, Suoi.Categ}, {u"voci"_s, Voci}};
-    if (Suoi.Ufficio)
-        Record[u"autorita"_s] = Numerata(Suoi.Ufficio->IDAut, Suoi.Ufficio->DesAut);
-    if (Suoi.Scaglione)
-        Record[u"scaglione"_s] = Numerata(Suoi.Scaglione->NumSca, Suoi.Scaglione->DesVal);
-    if (Suoi.Valore > 0)
-        Record[u"valore"_s] = Suoi.Valore;
+        {u"tariffa"_s, Legge.Sigla.toString()}, {u"categoria"_s, Caso.Categ}, {u"voci"_s, Voci}};
+    if (Caso.Ufficio)
+        Record[u"autorita"_s] = Numerata(Caso.Ufficio->IDAut, Caso.Ufficio->DesAut);
+    if (Caso.Scaglione)
+        Record[u"scaglione"_s] = Numerata(Caso.Scaglione->NumSca, Caso.Scaglione->DesVal);
+    if (Caso.Valore > 0)
+        Record[u"valore"_s] = Caso.Valore;
     return {Righe.join(u'\n'), Record, false};
 }

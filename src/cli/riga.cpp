@@ -10,8 +10,8 @@ namespace {
 QString Sigle()
 {
     QStringList Tutte;
-    for (const Decreto* Uno : Decreti)
-        Tutte += Uno->Sigla.toString();
+    for (const Decreto* Legge : Decreti)
+        Tutte += Legge->Sigla.toString();
     return Tutte.join(u" e "_s);
 }
 

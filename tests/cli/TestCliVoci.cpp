@@ -246,8 +246,9 @@ void TestCliVoci::comeInParcella()
     const QJsonArray Voci = Record({u"--tariffa"_s, Sigla, u"voci"_s, Categ, QString::number(Ufficio),
                                     QString::number(Valore, 'f', 2).replace(u'.', u',')})[u"voci"_s]
                                 .toArray();
-    const auto Listata = std::ranges::find_if(
-        Voci, [&](const QJsonValue& Una) { return Una[u"descrizione"_s] == Riga[u"descrizione"_s]; });
+    const auto Listata = std::ranges::find_if(Voci, [&](const QJsonValue& Elencata) {
+        return Elencata[u"descrizione"_s] == Riga[u"descrizione"_s];
+    });
     QVERIFY(Listata != Voci.end());
     for (const QString& Importo : {u"minimo"_s, u"medio"_s, u"massimo"_s})
         QCOMPARE((*Listata)[Importo].toDouble(), Riga[Importo].toDouble());

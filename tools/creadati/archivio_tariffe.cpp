@@ -147,9 +147,10 @@ void ScriviPrecedenti(const Database& Db, const Tariffe& Dati, const TabellaNuov
 
 void ScriviIdentita(const Database& Db, const Tariffe& Dati, const TabellaNuova& Tabella)
 {
-    const IdentitaTariffa& Sua = Dati.Identita;
+    const IdentitaTariffa& Identita = Dati.Identita;
     AggiungiRiga(Db, Tabella,
-                 {Sua.Codice, Sua.Nome, Sua.Esteso, Sua.Dal.toString(u"dd/MM/yyyy"_s), Sua.Versione});
+                 {Identita.Codice, Identita.Nome, Identita.Esteso, Identita.Dal.toString(u"dd/MM/yyyy"_s),
+                  Identita.Versione});
 }
 
 /// The limits are written as the program reads those of its own options: the proposed one, ";", the other.

@@ -58,10 +58,10 @@ QString Decimali(qint64 Cifre, int Quanti)
     return Testo;
 }
 
-Terna TernaDi(const Compenso& Uno)
+Terna TernaDi(const Compenso& Figura)
 {
-    return {double(Cento(Uno.Centesimi, 100 - Uno.DiminuzionePerc)) / 100, double(Uno.Centesimi) / 100,
-            double(Cento(Uno.Centesimi, 100 + Uno.AumentoPerc)) / 100};
+    return {double(Cento(Figura.Centesimi, 100 - Figura.DiminuzionePerc)) / 100,
+            double(Figura.Centesimi) / 100, double(Cento(Figura.Centesimi, 100 + Figura.AumentoPerc)) / 100};
 }
 
 // ---- Rows of the decree's tables -----------------------------------------------------------------
@@ -72,10 +72,10 @@ struct Estremi
     double DaEuro = 0.0;
     double AEuro = 0.0;
 
-    [[nodiscard]] bool Comprende(const ScaglioneValore& Uno) const
+    [[nodiscard]] bool Comprende(const ScaglioneValore& Gradino) const
     {
-        return Uno.AVal > 0 && InCentesimi(Uno.DaVal) >= InCentesimi(DaEuro) &&
-               InCentesimi(Uno.AVal) <= InCentesimi(AEuro);
+        return Gradino.AVal > 0 && InCentesimi(Gradino.DaVal) >= InCentesimi(DaEuro) &&
+               InCentesimi(Gradino.AVal) <= InCentesimi(AEuro);
     }
 };
 
@@ -84,9 +84,9 @@ Estremi LeggiEstremi(const TabellaTesto& Tabella, int Riga, const QList<Scaglion
 {
     const bool Aperto = Tabella.Testo(Riga, A, 20, true).isEmpty();
     const Estremi Letti{Tabella.Importo(Riga, Da), Aperto ? SenzaLimite : Tabella.Importo(Riga, A)};
-    const auto Limite = [&](const QString& Colonna, double ScaglioneValore::*Quale, double Valore) {
-        if (std::ranges::none_of(Scaglioni, [&](const ScaglioneValore& Uno) {
-                return InCentesimi(Uno.*Quale) == InCentesimi(Valore);
+    const auto Limite = [&](const QString& Colonna, double ScaglioneValore::*Estremo, double Valore) {
+        if (std::ranges::none_of(Scaglioni, [&](const ScaglioneValore& Gradino) {
+                return InCentesimi(Gradino.*Estremo) == InCentesimi(Valore);
             }))
             Tabella.Rifiuta(Riga, Colonna, u"nessuno scaglione ha questo limite"_s);
     };
@@ -134,10 +134,10 @@ Formule FormuleQuota(const Raggiunto& Sotto, const Compenso& Quota)
     return {Formula(100 - Quota.DiminuzionePerc), Formula(100 + Quota.AumentoPerc)};
 }
 
-Formule FormuleFisse(const Compenso& Uno)
+Formule FormuleFisse(const Compenso& Figura)
 {
-    return {Decimali(Cento(Uno.Centesimi, 100 - Uno.DiminuzionePerc), 2),
-            Decimali(Cento(Uno.Centesimi, 100 + Uno.AumentoPerc), 2)};
+    return {Decimali(Cento(Figura.Centesimi, 100 - Figura.DiminuzionePerc), 2),
+            Decimali(Cento(Figura.Centesimi, 100 + Figura.AumentoPerc), 2)};
 }
 
 /// The decree's tables, row by row.
@@ -186,9 +186,9 @@ private:
         const Compenso Letto = LeggiCompenso(Tabella, Riga);
         const QList<ScaglioneValore> Scaglioni = Dati.Scaglioni[u"C"_s];
         const Estremi Limiti = LeggiEstremi(Tabella, Riga, Scaglioni);
-        for (const ScaglioneValore& Uno : Scaglioni)
-            if (Limiti.Comprende(Uno))
-                Aggiungi(Tabella, Riga, Civili, {Gruppo, Codice, Uno.NumSca}, Letto);
+        for (const ScaglioneValore& Gradino : Scaglioni)
+            if (Limiti.Comprende(Gradino))
+                Aggiungi(Tabella, Riga, Civili, {Gruppo, Codice, Gradino.NumSca}, Letto);
     }
 
     void Penale55(int Riga)
@@ -212,10 +212,10 @@ private:
         Raggiunto& Sotto = Cime[Codice];
         if (Quota && InCentesimi(Limiti.DaEuro) != InCentesimi(Sotto.LimiteEuro) + 1)
             Tabella.Rifiuta(Riga, Da, u"la quota non segue la riga che la precede"_s);
-        for (const ScaglioneValore& Uno : Scaglioni) {
-            if (!Limiti.Comprende(Uno))
+        for (const ScaglioneValore& Gradino : Scaglioni) {
+            if (!Limiti.Comprende(Gradino))
                 continue;
-            const ChiaveImporto Chiave{QString(), Codice, Uno.NumSca};
+            const ChiaveImporto Chiave{QString(), Codice, Gradino.NumSca};
             Aggiungi(Tabella, Riga, Dati.Stragiudiziali, Chiave,
                      Quota ? FormuleQuota(Sotto, Letto) : FormuleFisse(Letto));
             if (Letto.Dubbio)
@@ -237,7 +237,7 @@ int LeggiNumero(const TabellaTesto& Tabella, int Riga, const QString& Colonna, c
 {
     const int Numero = Tabella.Intero(Riga, Colonna, 1, MassimoScaglioni);
     if (std::ranges::none_of(Dati.Scaglioni[u"C"_s],
-                             [&](const ScaglioneValore& Uno) { return Uno.NumSca == Numero; }))
+                             [&](const ScaglioneValore& Gradino) { return Gradino.NumSca == Numero; }))
         Tabella.Rifiuta(Riga, Colonna, u"la materia C non ha lo scaglione %1"_s.arg(Numero));
     return Numero;
 }
@@ -249,13 +249,13 @@ void LeggiGradini(const QString& Cartella, const Tariffe& Dati, Compensi& Civili
         const int Nuovo = LeggiNumero(Tabella, Riga, Scaglione, Dati);
         const int Vecchio = LeggiNumero(Tabella, Riga, Da, Dati);
         const int Perc = Tabella.Intero(Riga, Aumento, 0, 100);
-        for (const auto& [Chiave, Uno] : Compensi(Civili)) {
+        for (const auto& [Chiave, Figura] : Compensi(Civili)) {
             if (Chiave.Scaglione == Nuovo)
                 Tabella.Rifiuta(Riga, Scaglione, u"lo scaglione %1 ha già importi"_s.arg(Nuovo));
             if (Chiave.Scaglione != Vecchio)
                 continue;
-            Compenso Derivato = Uno;
-            Derivato.Centesimi = Cento(Uno.Centesimi, 100 + Perc);
+            Compenso Derivato = Figura;
+            Derivato.Centesimi = Cento(Figura.Centesimi, 100 + Perc);
             Civili.emplace(ChiaveImporto{Chiave.Gruppo, Chiave.Codice, Nuovo}, Derivato);
         }
     }
@@ -267,9 +267,9 @@ void LeggiCompensi(const QString& Cartella, Tariffe& Dati)
 {
     Compensi Civili = LettoreCompensi(Cartella, Dati).Leggi();
     LeggiGradini(Cartella, Dati, Civili);
-    for (const auto& [Chiave, Uno] : Civili) {
-        Dati.Civili.emplace(Chiave, TernaDi(Uno));
-        if (Uno.Dubbio)
+    for (const auto& [Chiave, Figura] : Civili) {
+        Dati.Civili.emplace(Chiave, TernaDi(Figura));
+        if (Figura.Dubbio)
             Dati.Dubbi.insert(Chiave);
     }
 }

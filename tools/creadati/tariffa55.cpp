@@ -59,9 +59,9 @@ QString LeggiElenco(const TabellaTesto& Tabella, int Riga, const QString& Colonn
         return Letto;
     if (!Elenco.match(Letto).hasMatch())
         Tabella.Rifiuta(Riga, Colonna, u"serve * oppure un elenco di numeri chiuso fra virgole"_s);
-    for (const QString& Uno : Letto.split(u',', Qt::SkipEmptyParts))
-        if (!Noto(Uno.toInt()))
-            Tabella.Rifiuta(Riga, Colonna, u"il numero %1 non è della categoria"_s.arg(Uno));
+    for (const QString& Cifra : Letto.split(u',', Qt::SkipEmptyParts))
+        if (!Noto(Cifra.toInt()))
+            Tabella.Rifiuta(Riga, Colonna, u"il numero %1 non è della categoria"_s.arg(Cifra));
     return Letto;
 }
 

@@ -169,8 +169,8 @@ void ControllaIndeterminato(const TabellaTesto& Tabella, int Riga, const Scaglio
 {
     if (SenzaValore(Letto) && !Ammessi.contains(Letto.NumSca)) {
         QStringList Numeri;
-        for (const int Uno : Ammessi)
-            Numeri.append(QString::number(Uno));
+        for (const int Ammesso : Ammessi)
+            Numeri.append(QString::number(Ammesso));
         Tabella.Rifiuta(Riga, Numero,
                         u"il valore indeterminato sta al numero %1"_s.arg(Numeri.join(u" o "_s)));
     }
@@ -322,7 +322,8 @@ QList<VoceTariffa> LeggiSpese(const QString& Cartella)
 
 bool HaPenali(const Tariffe& Dati, const QString& Nome)
 {
-    return std::ranges::any_of(Dati.Penali, [&](const auto& Uno) { return Uno.first.Gruppo == Nome; });
+    return std::ranges::any_of(Dati.Penali,
+                               [&](const auto& Importo) { return Importo.first.Gruppo == Nome; });
 }
 
 /// An authority whose group lacks amounts would open with an empty or a broken catalogue.
@@ -364,8 +365,9 @@ void ControllaVoci(const TabellaTesto& Tabella, const Tariffe& Dati, bool ConVuo
             Tabella.Rifiuta(Riga, Codice, u"nessun gruppo civile ha la voce %1"_s.arg(Chiave));
         if (Categ != Stragiudiziale)
             continue;
-        if (ConVuoti && std::ranges::any_of(Dati.Stragiudiziali,
-                                            [&](const auto& Uno) { return Uno.first.Codice == Chiave; }))
+        if (ConVuoti && std::ranges::any_of(Dati.Stragiudiziali, [&](const auto& Formula) {
+                return Formula.first.Codice == Chiave;
+            }))
             continue;
         for (const ScaglioneValore& Uno : Dati.Scaglioni[u"S"_s]) {
             if (!Dati.Stragiudiziali.contains({QString(), Chiave, Uno.NumSca}))

@@ -162,8 +162,10 @@ QString InParole(const FormulaDetta& Formula)
     if (Formula.BaseEuro == 0)
         return Perc + u' ' + Su;
     // The article of a percentage follows its sound: "lo 0,5%", "l'1,5%", "l'8%", "il 2%".
-    static const QRegularExpression Uno(u"\\A(?:1|11)[,%]|\\A8"_s);
-    const QString Articolo = Perc.startsWith(u'0') ? u"lo "_s : Perc.contains(Uno) ? u"l'"_s : u"il "_s;
+    static const QRegularExpression ConApostrofo(u"\\A(?:1|11)[,%]|\\A8"_s);
+    const QString Articolo = Perc.startsWith(u'0')         ? u"lo "_s
+                             : Perc.contains(ConApostrofo) ? u"l'"_s
+                                                           : u"il "_s;
     return ConEuro(Formula.BaseEuro) + u" più "_s + Articolo + Perc + u' ' + Su;
 }
 

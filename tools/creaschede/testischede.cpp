@@ -98,11 +98,11 @@ public:
     }
 
 private:
-    static void AggiungiUnico(SezioneScheda& Posto, SezioneScheda Una)
+    static void AggiungiUnico(SezioneScheda& Posto, SezioneScheda Sezione)
     {
         if (Posto.Riga != 0)
-            Una.Rifiuta(-1, u"una seconda sezione «%1»"_s.arg(Una.Titolo));
-        Posto = std::move(Una);
+            Sezione.Rifiuta(-1, u"una seconda sezione «%1»"_s.arg(Sezione.Titolo));
+        Posto = std::move(Sezione);
     }
 
     void AggiungiGruppo(SezioneScheda Una)

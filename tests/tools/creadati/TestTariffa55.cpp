@@ -180,9 +180,9 @@ int CellePiene(const Database& Base, const QString& Tabella)
 {
     Recordset Righe = Base.OpenRecordset(u"SELECT * FROM %1 WHERE NVoce<>'999'"_s.arg(Tabella));
     QStringList Colonne;
-    for (const Campo& Uno : Base.Campi(Tabella))
-        if (Uno.Name[0].isDigit())
-            Colonne += Uno.Name;
+    for (const Campo& Cella : Base.Campi(Tabella))
+        if (Cella.Name[0].isDigit())
+            Colonne += Cella.Name;
     int Piene = 0;
     for (; !Righe.Eof(); Righe.MoveNext())
         for (const QString& Colonna : Colonne)
@@ -250,13 +250,14 @@ void TestTariffa55::ogniCifraCivile()
     QHash<QString, QHash<int, qint64>> Medi;  // by office and phase
     QHash<QString, Recordset> Righe;
     int Usati = 0;
-    for (const Fatto& Uno : Fatti()) {
-        const auto Tabella = std::ranges::find_if(
-            Civili(), [&](const TabellaCivile& Altra) { return Uno.Tabella == QLatin1String(Altra.Numero); });
+    for (const Fatto& Figura : Fatti()) {
+        const auto Tabella = std::ranges::find_if(Civili(), [&](const TabellaCivile& Candidata) {
+            return Figura.Tabella == QLatin1String(Candidata.Numero);
+        });
         if (Tabella == Civili().end())
             continue;
         ++Usati;
-        const QString Voce = Tabella->Voce.isEmpty() ? Uno.Fase : Tabella->Voce;
+        const QString Voce = Tabella->Voce.isEmpty() ? Figura.Fase : Tabella->Voce;
         for (const int Ufficio : Tabella->Uffici) {
             const QString Dove = u"%1 %2"_s.arg(Ufficio).arg(Voce);
             if (!Righe.contains(Dove)) {
@@ -266,18 +267,18 @@ void TestTariffa55::ogniCifraCivile()
                 QVERIFY2(Righe[Dove].RecordCount() == 1, qPrintable(Dove));
             }
             for (const Gradone& Gradino : DelleTabelle)
-                if (Gradino.Fino > Uno.Da && Gradino.Fino <= Uno.A)
-                    Medi[Dove][Gradino.Numero] = Uno.Centesimi;
+                if (Gradino.Fino > Figura.Da && Gradino.Fino <= Figura.A)
+                    Medi[Dove][Gradino.Numero] = Figura.Centesimi;
         }
     }
-    for (auto [Dove, Suoi] : Medi.asKeyValueRange()) {
+    for (auto [Dove, Importi] : Medi.asKeyValueRange()) {
         for (const auto& [Da, A] : Composti)
-            if (Suoi.contains(Da))
-                Suoi[A] = Suoi[Da] * 13 / 10 + (Suoi[Da] * 13 % 10 >= 5 ? 1 : 0);
+            if (Importi.contains(Da))
+                Importi[A] = Importi[Da] * 13 / 10 + (Importi[Da] * 13 % 10 >= 5 ? 1 : 0);
         for (const auto& [Da, A] : SenzaValore)
-            if (Suoi.contains(Da))
-                Suoi[A] = Suoi[Da];
-        for (const auto& [Numero, Medio] : Suoi.asKeyValueRange())
+            if (Importi.contains(Da))
+                Importi[A] = Importi[Da];
+        for (const auto& [Numero, Medio] : Importi.asKeyValueRange())
             Confronto.Confronta(Righe[Dove], Dove, Numero, Medio);
     }
     QCOMPARE(Confronto.Diverse, QStringList());
@@ -289,18 +290,19 @@ void TestTariffa55::ogniCifraPenale()
 {
     Celle Confronto;
     int Usati = 0;
-    for (const Fatto& Uno : Fatti()) {
-        if (Uno.Tabella != u"15")
+    for (const Fatto& Figura : Fatti()) {
+        if (Figura.Tabella != u"15")
             continue;
         ++Usati;
-        const QString Titolo = Uno.Titolo.section(u" - "_s, 1);
-        const auto Parte = std::ranges::find_if(
-            Penali(), [&](const PartePenale& Altra) { return Titolo == QString::fromUtf8(Altra.Titolo); });
+        const QString Titolo = Figura.Titolo.section(u" - "_s, 1);
+        const auto Parte = std::ranges::find_if(Penali(), [&](const PartePenale& Candidata) {
+            return Titolo == QString::fromUtf8(Candidata.Titolo);
+        });
         QVERIFY2(Parte != Penali().end(), qPrintable(Titolo));
-        const Recordset Voce = Riga(u"SELECT * FROM OnorariPen WHERE DescrOno=%1"_s.arg(Apice(Uno.Fase)));
-        QVERIFY2(Voce.RecordCount() == 1, qPrintable(Uno.Fase));
+        const Recordset Voce = Riga(u"SELECT * FROM OnorariPen WHERE DescrOno=%1"_s.arg(Apice(Figura.Fase)));
+        QVERIFY2(Voce.RecordCount() == 1, qPrintable(Figura.Fase));
         for (const int Ufficio : Parte->Uffici)
-            Confronto.Confronta(Voce, Uno.Fase, Ufficio, Uno.Centesimi);
+            Confronto.Confronta(Voce, Figura.Fase, Ufficio, Figura.Centesimi);
     }
     QCOMPARE(Confronto.Diverse, QStringList());
     QCOMPARE(Confronto.Viste.size(), CellePiene(Base, u"OnorariPen"_s));
@@ -317,15 +319,15 @@ void TestTariffa55::ogniCifraStragiudiziale()
     };
     int Confrontate = 0;
     QStringList Diverse;
-    for (const Fatto& Uno : Fatti()) {
-        const QString Voce = Voci.value(Uno.Tabella + u' ' + Uno.Fase);
-        if (Voce.isEmpty() || Uno.Unita != u"euro")
+    for (const Fatto& Figura : Fatti()) {
+        const QString Voce = Voci.value(Figura.Tabella + u' ' + Figura.Fase);
+        if (Voce.isEmpty() || Figura.Unita != u"euro")
             continue;
         const Recordset Riga = this->Riga(u"SELECT * FROM OnorariStra WHERE DescrOno=%1"_s.arg(Apice(Voce)));
         QCOMPARE(Riga.RecordCount(), 1);
-        const auto Gradino = std::ranges::find(DelleTabelle, Uno.A, &Gradone::Fino);
+        const auto Gradino = std::ranges::find(DelleTabelle, Figura.A, &Gradone::Fino);
         QVERIFY(Gradino != DelleTabelle.end());
-        const auto Attese = MedioMinimoMassimo(Uno.Centesimi);
+        const auto Attese = MedioMinimoMassimo(Figura.Centesimi);
         for (const auto& [Estremo, Attesa] :
              {std::pair{u"Min"_s, Attese[1]}, std::pair{u"Max"_s, Attese[2]}}) {
             const QString Testo = Riga.Value(QString::number(Gradino->Numero) + Estremo).toString();
@@ -348,11 +350,11 @@ void TestTariffa55::quoteStragiudiziali_data()
     QTest::addColumn<int>("Scaglione");
 
     int Scaglione = 7;
-    for (const Fatto& Uno : Fatti()) {
-        if (Uno.Unita != u"percento_del_valore")
+    for (const Fatto& Figura : Fatti()) {
+        if (Figura.Unita != u"percento_del_valore")
             continue;
-        const double Fino = Uno.Aperto ? 100'000'000.0 : Uno.A;
-        for (const double Valore : {Uno.Da, (Uno.Da + Fino) / 2, Fino})
+        const double Fino = Figura.Aperto ? 100'000'000.0 : Figura.A;
+        for (const double Valore : {Figura.Da, (Figura.Da + Fino) / 2, Fino})
             QTest::addRow("%.2f", Valore) << Valore << Scaglione;
         ++Scaglione;
     }
@@ -365,14 +367,15 @@ void TestTariffa55::quoteStragiudiziali()
     QFETCH(double, Valore);
     QFETCH(int, Scaglione);
     double Medio = 0;
-    for (const Fatto& Uno : Fatti()) {
-        if (Uno.Tabella != u"25")
+    for (const Fatto& Figura : Fatti()) {
+        if (Figura.Tabella != u"25")
             continue;
-        if (Uno.Unita == u"euro" && Uno.A == 520000.0)
-            Medio += double(Uno.Centesimi) / 100;
-        const double Sotto = std::floor(Uno.Da);
-        if (Uno.Unita != u"euro" && Valore > Sotto)
-            Medio += (std::min(Valore, Uno.Aperto ? Valore : Uno.A) - Sotto) * double(Uno.Centesimi) / 10000;
+        if (Figura.Unita == u"euro" && Figura.A == 520000.0)
+            Medio += double(Figura.Centesimi) / 100;
+        const double Sotto = std::floor(Figura.Da);
+        if (Figura.Unita != u"euro" && Valore > Sotto)
+            Medio += (std::min(Valore, Figura.Aperto ? Valore : Figura.A) - Sotto) *
+                     double(Figura.Centesimi) / 10000;
     }
     const Recordset Voce = Riga(u"SELECT * FROM OnorariStra WHERE IDOno=501"_s);
     const auto Formula = [&](const QString& Estremo) {
@@ -427,9 +430,9 @@ void TestTariffa55::senzaImporto()
     const Recordset Righe = Riga(u"SELECT * FROM %1 WHERE %2"_s.arg(Tabella, Voce));
     QCOMPARE(Righe.RecordCount(), 1);
     QStringList Vuote;
-    for (const Campo& Uno : Base.Campi(Tabella))
-        if (Uno.Name.endsWith(u"Min") && !Righe.Value(Uno.Name).isValid())
-            Vuote += Uno.Name.chopped(3);
+    for (const Campo& Cella : Base.Campi(Tabella))
+        if (Cella.Name.endsWith(u"Min") && !Righe.Value(Cella.Name).isValid())
+            Vuote += Cella.Name.chopped(3);
     std::ranges::sort(Vuote, [&](const QString& A, const QString& B) { return A.toInt() < B.toInt(); });
     QTEST(Vuote.join(u' '), "Colonne");
 }
@@ -473,11 +476,11 @@ void TestTariffa55::uffici()
     QCOMPARE(Quanti(u"STR"_s), 3);
     // Each table has its office, each office its table.
     QSet<int> Serviti;
-    for (const TabellaCivile& Una : Civili())
-        for (const int Ufficio : Una.Uffici)
+    for (const TabellaCivile& Tabella : Civili())
+        for (const int Ufficio : Tabella.Uffici)
             Serviti.insert(Ufficio);
-    for (const PartePenale& Una : Penali())
-        for (const int Ufficio : Una.Uffici)
+    for (const PartePenale& Parte : Penali())
+        for (const int Ufficio : Parte.Uffici)
             Serviti.insert(Ufficio);
     for (const QString& Numero : Colonna(u"SELECT IDAut FROM Autorità WHERE TipoAut<>'STR'"_s, u"IDAut"_s))
         QVERIFY2(Serviti.remove(Numero.toInt()), qPrintable(Numero));
@@ -495,9 +498,9 @@ void TestTariffa55::compatibili()
          Righe.MoveNext()) {
         const int Ufficio = Righe.Value(u"IDAut"_s).toInt();
         QString Attesi = u","_s;
-        for (const auto& [Altro, Sue] : Voci.asKeyValueRange())
-            if (Sue.contains(Voci[Ufficio]))
-                Attesi += QString::number(Altro) + u',';
+        for (const auto& [Vicino, Proprie] : Voci.asKeyValueRange())
+            if (Proprie.contains(Voci[Ufficio]))
+                Attesi += QString::number(Vicino) + u',';
         QCOMPARE(Righe.Value(u"Compatib"_s).toString(), Attesi);
     }
     QCOMPARE(Riga(u"SELECT * FROM Autorità WHERE TipoAut<>'CIV' AND Compatib<>'*'"_s).RecordCount(), 0);
@@ -567,29 +570,29 @@ void TestTariffa55::vociLibere()
 
 void TestTariffa55::identita()
 {
-    const Recordset Sua = Riga(u"Tariffa"_s);
-    QCOMPARE(Sua.RecordCount(), 1);
-    QCOMPARE(Sua.Value(u"Codice"_s).toString(), u"55"_s);
-    QCOMPARE(Sua.Value(u"Nome"_s).toString(), u"D.m. 55/2014"_s);
-    QCOMPARE(Sua.Value(u"Dal"_s).toString(), u"23/10/2022"_s);
-    QCOMPARE(Sua.Value(u"Versione"_s).toInt(), 1);
+    const Recordset Identita = Riga(u"Tariffa"_s);
+    QCOMPARE(Identita.RecordCount(), 1);
+    QCOMPARE(Identita.Value(u"Codice"_s).toString(), u"55"_s);
+    QCOMPARE(Identita.Value(u"Nome"_s).toString(), u"D.m. 55/2014"_s);
+    QCOMPARE(Identita.Value(u"Dal"_s).toString(), u"23/10/2022"_s);
+    QCOMPARE(Identita.Value(u"Versione"_s).toInt(), 1);
 }
 
 /// The tables of the other one, with the same columns but for the numbers of brackets and offices, and four
 /// more.
 void TestTariffa55::comeQuelloDel2012()
 {
-    const auto Schema = [](const Database& Quale, const QString& Tabella) {
+    const auto Schema = [](const Database& Archivio, const QString& Tabella) {
         QStringList Colonne;
-        for (const Campo& Uno : Quale.Campi(Tabella))
-            if (!Uno.Name[0].isDigit())
-                Colonne += u"%1 %2 %3"_s.arg(Uno.Name).arg(int(Uno.Type)).arg(Uno.Size);
+        for (const Campo& Cella : Archivio.Campi(Tabella))
+            if (!Cella.Name[0].isDigit())
+                Colonne += u"%1 %2 %3"_s.arg(Cella.Name).arg(int(Cella.Type)).arg(Cella.Size);
         return Colonne;
     };
     QStringList Tabelle = Base.Tabelle();
-    for (const QString& Una : Prima.Tabelle()) {
-        QVERIFY2(Tabelle.removeOne(Una), qPrintable(Una));
-        QCOMPARE(Schema(Base, Una), Schema(Prima, Una));
+    for (const QString& Tabella : Prima.Tabelle()) {
+        QVERIFY2(Tabelle.removeOne(Tabella), qPrintable(Tabella));
+        QCOMPARE(Schema(Base, Tabella), Schema(Prima, Tabella));
     }
     Tabelle.sort();
     QCOMPARE(Tabelle, (QStringList{u"Corrispondenze"_s, u"PartiAssistite"_s, u"Tariffa"_s, u"Variazioni"_s}));

@@ -76,13 +76,13 @@ void TestVariazioni55::ogniVariazione()
     const TabellaTesto Tabella(FileDiProva(u"casi/regole55.csv"_s),
                                {u"articolo"_s, u"regola"_s, u"valore"_s});
     QSet<int> Provate;
-    for (const Regola& Una : Regole) {
+    for (const Regola& Prevista : Regole) {
         QString Valore;
         for (int Riga = 0; Riga < Tabella.Righe(); ++Riga)
-            if (Tabella.Testo(Riga, u"articolo"_s) == QLatin1String(Una.Articolo) &&
-                Tabella.Testo(Riga, u"regola"_s).contains(QLatin1String(Una.Parole)))
+            if (Tabella.Testo(Riga, u"articolo"_s) == QLatin1String(Prevista.Articolo) &&
+                Tabella.Testo(Riga, u"regola"_s).contains(QLatin1String(Prevista.Parole)))
                 Valore = Tabella.Testo(Riga, u"valore"_s);
-        QVERIFY2(!Valore.isEmpty(), Una.Articolo);
+        QVERIFY2(!Valore.isEmpty(), Prevista.Articolo);
 
         // "fino a" leaves a choice from one in the hundred on; else the measure is one.
         const bool FinoA = Valore.startsWith(u"fino a "_s);
@@ -94,13 +94,13 @@ void TestVariazioni55::ogniVariazione()
             Percento = 200;
         else if (Misura.endsWith(u"x 1.25"))
             Percento = 25;
-        else if (QLatin1String(Una.Articolo) == "9 - 17 - 24"_L1)
+        else if (QLatin1String(Prevista.Articolo) == "9 - 17 - 24"_L1)
             Percento = Percento - 100;  // half of what is due
         QVERIFY2(Percento != 0, qPrintable(Valore));
         const int Proposto = int(Percento);
         const int Ultimo = FinoA ? (Proposto > 0 ? 1 : -1) : Proposto;
 
-        for (const int Opzione : Una.Opzioni) {
+        for (const int Opzione : Prevista.Opzioni) {
             const Recordset Voce = Riga(u"SELECT * FROM Variazioni WHERE IDVar=%1"_s.arg(Opzione));
             QVERIFY2(Voce.RecordCount() == 1, qPrintable(QString::number(Opzione)));
             QCOMPARE(Voce.Value(u"Limiti"_s).toString(), u"%1;%2"_s.arg(Proposto).arg(Ultimo));
@@ -151,8 +151,8 @@ void TestVariazioni55::partiAssistite()
         const QString Categ = Articolo == u"4 c.2" ? u"CIV"_s : Articolo == u"12 c.2" ? u"PEN"_s : QString();
         for (auto Trovata = Parti.globalMatch(Regole.Testo(Riga, u"valore"_s));
              !Categ.isEmpty() && Trovata.hasNext();) {
-            const QRegularExpressionMatch Una = Trovata.next();
-            Attese += u"%1 %2 %3 %4"_s.arg(Categ, Una.captured(2), Una.captured(3), Una.captured(1));
+            const QRegularExpressionMatch Fascia = Trovata.next();
+            Attese += u"%1 %2 %3 %4"_s.arg(Categ, Fascia.captured(2), Fascia.captured(3), Fascia.captured(1));
         }
     }
     QCOMPARE(Attese.size(), 4);
@@ -166,13 +166,13 @@ void TestVariazioni55::partiAssistite()
 /// Both ends of a row are there, and what one decree has once leads to one thing of the other.
 void TestVariazioni55::corrispondenze()
 {
-    const auto Esiste = [&](const Database& Quale, bool Ufficio, const QString& Categ, int Codice) {
+    const auto Esiste = [&](const Database& Archivio, bool Ufficio, const QString& Categ, int Codice) {
         const QString Sql =
             Ufficio ? u"SELECT * FROM Autorità WHERE TipoAut='%1' AND IDAut=%2"_s.arg(Categ).arg(Codice)
             : Categ == u"CIV" ? u"SELECT * FROM OnorariCiv WHERE CodOno='%1'"_s.arg(Codice)
             : Categ == u"PEN" ? u"SELECT * FROM OnorariPen WHERE IDOno=%1"_s.arg(Codice)
                               : u"SELECT * FROM OnorariStra WHERE IDOno=%1"_s.arg(Codice);
-        return Quale.OpenRecordset(Sql).RecordCount() > 0;
+        return Archivio.OpenRecordset(Sql).RecordCount() > 0;
     };
     QHash<QString, QString> Andata;
     for (Recordset Righe = Riga(u"Corrispondenze"_s); !Righe.Eof(); Righe.MoveNext()) {

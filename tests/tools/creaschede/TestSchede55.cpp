@@ -71,14 +71,14 @@ void TestSchede55::cifreCivili()
              u"SELECT DesAut, OnorariCiv.* FROM OnorariCiv INNER JOIN Autorità ON IDAut=IDAutor"_s);
          !Voci.Eof(); Voci.MoveNext()) {
         const QString File = FileScheda(u"CIV"_s, Voci.Value(u"CodOno"_s));
-        QList<TabellaLetta> Sue;
+        QList<TabellaLetta> Proprie;
         for (const TabellaLetta& Tabella : Leggi(File).Tabelle)
             if (Tabella.Prima.split(u"; "_s).contains(Voci.Value(u"DesAut"_s).toString()))
-                Sue += Tabella;
-        QCOMPARE(Sue.size(), 1);
+                Proprie += Tabella;
+        QCOMPARE(Proprie.size(), 1);
         for (Recordset Scaglioni = Tariffa.OpenRecordset(u"SELECT * FROM Scaglioni WHERE Materia='C'"_s);
              !Scaglioni.Eof(); Scaglioni.MoveNext()) {
-            QCOMPARE(RigaDi(Sue, Scaglioni.Value(u"DesVal"_s).toString()).mid(1),
+            QCOMPARE(RigaDi(Proprie, Scaglioni.Value(u"DesVal"_s).toString()).mid(1),
                      Terna(Voci, Scaglioni.Value(u"NumSca"_s).toInt()));
             ++Viste;
         }
