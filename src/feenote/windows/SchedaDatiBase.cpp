@@ -370,8 +370,10 @@ void SchedaDatiBase::MostraOpzioni()
     for (QAbstractButton* Bottone : optAumRid->buttons()) {
         optAumRid->removeButton(Bottone);
         Bottone->hide();
-        if (Bottone->property(DiTabella).toBool())
-            Bottone->deleteLater();
+        if (!Bottone->property(DiTabella).toBool())
+            continue;
+        Bottone->setObjectName({});
+        Bottone->deleteLater();
     }
     QWidget* Prima = ui->txtImporto;
     for (const OpzioneAumRid& Opzione : Offerte) {
