@@ -1,5 +1,6 @@
 // The program on machines that lack what a desktop has: it opens a note all the same, or says what is
 // missing.
+#include "core/app/apritori.h"
 #include "core/app/processo.h"
 #include "core/app/scena.h"
 
@@ -79,6 +80,7 @@ private Q_SLOTS:
     void casaNonScrivibile();
     void cartellaDelProgrammaNonScrivibile_data();
     void cartellaDelProgrammaNonScrivibile();
+    void doveNonSiScriveNullaSiDice();
 
 private:
     std::unique_ptr<Scena> S;
@@ -175,6 +177,23 @@ void TestMacchinaNuda::cartellaDelProgrammaNonScrivibile()
     if (Argomenti.contains(File))
         QTRY_VERIFY_WITH_TIMEOUT(EsisteCampo(File, u"ParcellaParam"_s, u"SpeseGen"_s), 20000);
     QVERIFY2(!Vero.Processo.waitForFinished(800), Vero.Processo.readAllStandardError().constData());
+    QCOMPARE(Installato.ComeStanno(), Prima);
+}
+
+/// The same seen from inside: nothing is tried there, so that nothing is told.
+void TestMacchinaNuda::doveNonSiScriveNullaSiDice()
+{
+    const ProgrammaInstallato Installato;
+    const QStringList Prima = Installato.ComeStanno();
+    const Registratore Box;
+    (void)Scena::AllestisciStudio();
+    Scena::Salva(u"PercorsoProcedura"_s, Installato.Cartella);
+    RiempiApritori();
+    Main({});
+    QCOMPARE(sessione::PercorsoProg, Installato.Cartella);
+    EseguiComando(u"new"_s, 0, {});
+    QVERIFY(SeCaricato<frmMain> && SeCaricato<frmMain>->isVisible());
+    ScriviNota(File, NotaCivile());
     QCOMPARE(Installato.ComeStanno(), Prima);
 }
 
