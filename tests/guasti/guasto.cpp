@@ -163,10 +163,15 @@ size_t Meta(size_t Byte)
     return Byte > 1 ? Byte / 2 : Byte;
 }
 
-void ContaRinomina(int Riuscita)
+/// What takes another name elsewhere, in a cache say, owes the folder no flush.
+void ContaRinomina(int Riuscita, int ACartella, const char* A)
 {
     const Piano& P = Preparato();
-    if (Riuscita == 0 && P.Attivo && P.Registro->Guasti == 0)
+    if (Riuscita != 0 || !P.Attivo || P.Registro->Guasti != 0)
+        return;
+    char Fatto[PATH_MAX];
+    Intero(ACartella, A, Fatto);
+    if (Sotto(Fatto))
         P.Registro->Rinomine = 1;
 }
 
@@ -389,7 +394,7 @@ int rename(const char* Da, const char* A) noexcept
 {
     static const auto Sistema = Vera<int (*)(const char*, const char*)>("rename");
     const int Riuscita = Fallisce(Rinomina, AT_FDCWD, Da) ? -1 : Sistema(Da, A);
-    ContaRinomina(Riuscita);
+    ContaRinomina(Riuscita, AT_FDCWD, A);
     return Riuscita;
 }
 
@@ -397,7 +402,7 @@ int renameat(int DaCartella, const char* Da, int ACartella, const char* A) noexc
 {
     static const auto Sistema = Vera<int (*)(int, const char*, int, const char*)>("renameat");
     const int Riuscita = Fallisce(Rinomina, DaCartella, Da) ? -1 : Sistema(DaCartella, Da, ACartella, A);
-    ContaRinomina(Riuscita);
+    ContaRinomina(Riuscita, ACartella, A);
     return Riuscita;
 }
 
@@ -406,7 +411,7 @@ int renameat2(int DaCartella, const char* Da, int ACartella, const char* A, unsi
     static const auto Sistema = Vera<int (*)(int, const char*, int, const char*, unsigned)>("renameat2");
     const int Riuscita =
         Fallisce(Rinomina, DaCartella, Da) ? -1 : Sistema(DaCartella, Da, ACartella, A, Bandiere);
-    ContaRinomina(Riuscita);
+    ContaRinomina(Riuscita, ACartella, A);
     return Riuscita;
 }
 

@@ -1,6 +1,7 @@
 #include "platform/system/cartelle.h"
 
 #include "platform/base/errore.h"
+#include "platform/system/codici.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
@@ -14,6 +15,12 @@
 #include <QStorageInfo>
 
 #include <algorithm>
+#include <cerrno>
+
+#ifdef Q_OS_LINUX
+#include <cstdio>
+#include <fcntl.h>
+#endif
 
 using namespace Qt::StringLiterals;
 
@@ -50,6 +57,29 @@ bool DelSistema(const QString& Percorso)
     return !Percorso.startsWith(u"/run/media/") && std::ranges::any_of(Proprie, [&](QStringView Propria) {
         return Percorso == Propria || Percorso.startsWith(Propria.toString() + u'/');
     });
+}
+
+/// Gives another name where there is none yet. (The toolkit copies the file where the system refuses: the
+/// copy has other permissions, and half of it may be all that there is.)
+/// @return the system's code, 0 when it is done
+int Rinomina(const QString& Da, const QString& A)
+{
+#ifdef Q_OS_LINUX
+    const QByteArray Vecchio = QFile::encodeName(Da);
+    const QByteArray Nuovo = QFile::encodeName(A);
+    if (::renameat2(AT_FDCWD, Vecchio.constData(), AT_FDCWD, Nuovo.constData(), RENAME_NOREPLACE) == 0)
+        return 0;
+    const int Codice = errno;
+    const bool StessoFile = Codice == EEXIST && QFileInfo(Da) == QFileInfo(A) &&
+                            NomeFile(Da).compare(NomeFile(A), Qt::CaseInsensitive) == 0;
+    // A disk that does not know the condition gets a look instead.
+    const bool SenzaCondizione = (Codice == EINVAL || Codice == ENOSYS) && !QFileInfo::exists(A);
+    if (!StessoFile && !SenzaCondizione)
+        return Codice;
+    return ::rename(Vecchio.constData(), Nuovo.constData()) == 0 ? 0 : errno;
+#else
+    return QFile::rename(Da, A) ? 0 : EACCES;
+#endif
 }
 
 }  // namespace
@@ -110,8 +140,10 @@ void RinominaFile(const QString& Vecchio, const QString& Nuovo)
     const QString Nativo = PercorsoNativo(Vecchio);
     if (!EsisteFile(Nativo))
         throw Errore(errori::FileMancante);
-    if (!CartellaScrivibile(CartellaFile(Nativo)) || !QFile::rename(Nativo, PercorsoNativo(Nuovo)))
+    if (!CartellaScrivibile(CartellaFile(Nativo)))
         throw Errore(errori::Accesso);
+    if (const int Codice = Rinomina(Nativo, PercorsoNativo(Nuovo)); Codice != 0)
+        throw ErroreDelSistema(Codice);
 }
 
 QString CartellaPersonale()

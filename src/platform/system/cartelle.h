@@ -38,8 +38,10 @@ void ScartaFile(const QString& Percorso);
 /// Removes a folder if it is there and nothing is in it, without a word where that cannot be.
 void ScartaCartella(const QString& Cartella);
 
-/// Gives a file another name on the same disk; a file that has that name already is never replaced.
-/// @throws Errore 53 there is no such file, 75 its folder or the system refuses, or the name is taken
+/// Gives a file another name on the same disk, in one step; a file that has that name already is never
+/// replaced, but for the same one under a name in other letters' case.
+/// @throws Errore 53 there is no such file, 75 its folder or the system refuses, or the name is taken, 61 no
+/// room, 57 the disk fails
 void RinominaFile(const QString& Vecchio, const QString& Nuovo);
 
 /// The user's home, with the separator at its end.
