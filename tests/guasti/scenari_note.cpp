@@ -13,6 +13,7 @@
 #include "platform/system/guasti.h"
 #include "platform/system/messaggi.h"
 #include "supporto/prova.h"
+#include "supporto/scrittoreaccess.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -159,6 +160,29 @@ Trovato ConfrontaRiservata(const QString& File)
     return QFile::permissions(File) == Riservato ? Stato : Trovato::Rotto;
 }
 
+/// A note of the former program.
+const QByteArray& DiAccess()
+{
+    static const QByteArray Byte = [] {
+        const QString File = NuovaCartella() + u"antica.mdb"_s;
+        Posa(File, Vecchia().Byte);
+        return ScriviAccess(AccessDa(File));
+    }();
+    return Byte;
+}
+
+/// The former program's file stands in its place, or whole beside the new one, and never twice.
+Trovato GuardaDiAccess(const Posto& Dove, const Uscita&)
+{
+    const QString File = Dove.Cartella + u"nota.mdb"_s;
+    const QString Tenuta = File + u".access"_s;
+    if (EsisteFile(Tenuta) && (Contenuto(Tenuta) != DiAccess() || QFile::permissions(Tenuta) != Riservato))
+        return Trovato::Rotto;
+    if (Contenuto(File) == DiAccess())
+        return QFile::permissions(File) == Riservato ? Trovato::Prima : Trovato::Rotto;
+    return EsisteFile(Tenuta) && ConfrontaRiservata(File) == Trovato::Nuovo ? Trovato::Nuovo : Trovato::Rotto;
+}
+
 QStringList Crea(const Posto& Dove)
 {
     const QString Json = Dove.Fuori + u"nota.json"_s;
@@ -275,6 +299,17 @@ QList<Scenario> ScenariNote()
                           return Resta ? Confronta(Dove.Cartella + u"vera.mdb"_s, false) : Trovato::Rotto;
                       },
                   .Ammessi = {u"(nota|vera)\\.mdb"_s}});
+    Tutti.append({.Nome = u"nota-access"_s,
+                  .Attese = DiUnaNota + QList{Permessi, Data},
+                  .Prepara =
+                      [](const Posto& Dove) {
+                          Posa(Dove.Cartella + u"nota.mdb"_s, DiAccess());
+                          QFile::setPermissions(Dove.Cartella + u"nota.mdb"_s, Riservato);
+                      },
+                  .Comando = Crea,
+                  .Guarda = GuardaDiAccess,
+                  .Ammessi = {u"nota\\.mdb(\\.access)?"_s},
+                  .InBreve = true});
     Tutti.append({.Nome = u"modello"_s,
                   .Attese = DiUnaNota + QList{Permessi},
                   .Prepara = [](const Posto&) {},

@@ -47,10 +47,8 @@ public:
 
     void MettiAlPosto(Lettori Chi, bool ComeModello = false) const
     {
-        if (EDiAccess(Finale))
-            TieniAccess(Chi);
-        else if (EsisteFile(Finale))
-            Sgombra();
+        if (EsisteFile(Finale))
+            EDiAccessDiSicuro(Finale) ? TieniAccess(Chi) : Sgombra();
         DaiPermessi(Provvisorio, Finale, Chi);
         if (ComeModello)
             ImpostaSolaLettura(Provvisorio, true);
@@ -107,8 +105,12 @@ private:
         const QString Copia = Accanto + u".tmp-access"_s;
         const QDateTime Quando = DataFile(Finale);
         QString Libero = Finale + u".access"_s;
-        for (int Numero = 2; EsisteFile(Libero); ++Numero)
+        for (int Numero = 2; EsisteFile(Libero); ++Numero) {
+            // A save that has failed behind this has kept the file already.
+            if (DataFile(Libero) == Quando && QFileInfo(Libero).size() == QFileInfo(Finale).size())
+                return;
             Libero = Finale + u".access.%1"_s.arg(Numero);
+        }
         try {
             (void)CopiaFile(Finale, Copia, Massimo);
             ScriviSulDisco(Copia);

@@ -26,6 +26,19 @@ namespace {
 
 constexpr qint64 MassimoFile = qint64(2) << 30;
 
+constexpr int PostoDelSegno = 4;
+constexpr int ByteDelSegno = PostoDelSegno + 16;
+
+/// Whether a file that begins so is one of Access.
+bool HaSegnoDiAccess(QByteArrayView Inizio)
+{
+    if (Inizio.size() < ByteDelSegno)
+        return false;
+    const QByteArrayView Nome = Inizio.sliced(PostoDelSegno);
+    return Nome == QByteArrayView("Standard Jet DB\0", Nome.size()) ||
+           Nome == QByteArrayView("Standard ACE DB\0", Nome.size());
+}
+
 QString ProgrammaLettore()
 {
     return accesso::Programma.isEmpty() ? CartellaEseguibile() + u"calcanova-accesso"_s : accesso::Programma;
@@ -235,14 +248,15 @@ std::optional<RapportoAccess> Leggi(const QString& Da, const QString& A, const M
 
 bool EDiAccess(const QString& Percorso)
 {
-    constexpr int Posto = 4;
-    constexpr int Lunghezza = 16;
-    const QByteArray Inizio = InizioDelFile(Percorso, Posto + Lunghezza);
-    if (Inizio.size() < Posto + Lunghezza)
-        return false;
-    const QByteArrayView Nome = QByteArrayView(Inizio).sliced(Posto);
-    return Nome == QByteArrayView("Standard Jet DB\0", Lunghezza) ||
-           Nome == QByteArrayView("Standard ACE DB\0", Lunghezza);
+    return HaSegnoDiAccess(InizioDelFile(Percorso, ByteDelSegno));
+}
+
+bool EDiAccessDiSicuro(const QString& Percorso)
+{
+    const QByteArray Inizio = InizioDelFile(Percorso, ByteDelSegno);
+    if (Inizio.isEmpty() && QFileInfo(PercorsoNativo(Percorso)).size() > 0)
+        throw Errore(errori::Accesso);
+    return HaSegnoDiAccess(Inizio);
 }
 
 std::optional<RapportoAccess> ConvertiAccess(const QString& Da, const QString& A, const ModoAccess& Come)

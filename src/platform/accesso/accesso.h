@@ -53,6 +53,9 @@ struct ModoAccess
 
 /// True for a file that begins as those of Access do, whatever its name. It need not be whole or readable.
 [[nodiscard]] bool EDiAccess(const QString& Percorso);
+/// The same for whoever is going to replace a file: one that cannot be read just now may be one.
+/// @throws Errore 75 it cannot be read
+[[nodiscard]] bool EDiAccessDiSicuro(const QString& Percorso);
 
 /// Writes the native copy of an Access file, which must not be there yet. It is read by the user, and by whom
 /// its folder lets write.
