@@ -318,7 +318,10 @@ bool CheckOK(Parcella& Nota, bool ShowMessage)
 
 QString TestoDatiBase(const Parcella& Nota)
 {
-    QString Testo = TestoCategoria(Nota);
+    // A decree that notes name stands in front: the end of a long row is cut.
+    QString Testo = Nota.Tariffa->Dichiarato ? Nota.Tariffa->Nome.toString() : QString();
+    if (const QString Categoria = TestoCategoria(Nota); !Categoria.isEmpty())
+        Testo += (Testo.isEmpty() ? QString() : u" - "_s) + Categoria;
     if (Nota.cmbAutor >= 0)
         Testo += u" - "_s + TestoAutorita(Nota);
     if (Nota.cmbValore >= 0)
@@ -326,8 +329,6 @@ QString TestoDatiBase(const Parcella& Nota)
     const double Valore = Nota.txtImporto.Numero();
     if (Valore > 0)
         Testo += u" - Valore: "_s + Format(Valore, u"#,##0.00") + u" €"_s;
-    if (Nota.Tariffa->Dichiarato)
-        Testo += (Testo.isEmpty() ? QString() : u" - "_s) + Nota.Tariffa->Nome.toString();
     if (Nota.Multipla())
         Testo += u" (Parcella multipla)"_s;
     return Testo;

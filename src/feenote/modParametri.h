@@ -64,7 +64,7 @@ void LasciaImporto(Parcella& Nota);
 [[nodiscard]] bool CheckOK(Parcella& Nota, bool ShowMessage);
 
 /// "Civile o Amministrativa - Tribunale ordinario - da € ... - Valore: 30.000,00 €"; a decree that notes name
-/// stands behind.
+/// stands in front.
 [[nodiscard]] QString TestoDatiBase(const Parcella& Nota);
 
 // ---- silent setting, for a new note and for loading ----------------------------------------------

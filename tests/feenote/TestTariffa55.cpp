@@ -326,9 +326,10 @@ void TestTariffa55::striscia()
 {
     const Studio Suo;
     Parcella Nota = Nota55(CategCivile, IDTribunale55, u"30000"_s);
-    QCOMPARE(TestoDatiBase(Nota), u"Civile o Amministrativa - Tribunale - cognizione ordinaria e sommaria - "
-                                  u"da € 26.000,01 a € 52.000,00 - "
-                                  u"Valore: 30.000,00 € - D.m. 55/2014"_s);
+    QCOMPARE(TestoDatiBase(Nota),
+             u"D.m. 55/2014 - Civile o Amministrativa - Tribunale - cognizione ordinaria e sommaria - "
+             u"da € 26.000,01 a € 52.000,00 - "
+             u"Valore: 30.000,00 €"_s);
     NuovaParcella(Nota, Dm55);
     QCOMPARE(TestoDatiBase(Nota), u"D.m. 55/2014"_s);
     NuovaParcella(Nota, Dm140);

@@ -23,6 +23,9 @@ private Q_SLOTS:
     void parcellaNuova();
     void parcellaPiena_data();
     void parcellaPiena();
+    void parcella55_data() { RigheSchede(); }
+    void parcella55();
+    void opzioniPiuNumerose();
     void pannelloDegliImporti();
     void documenti_data();
     void documenti();
@@ -177,6 +180,34 @@ void TestSchermate::parcellaPiena()
         return;
     QVERIFY2(P->AllaScheda(Titolo), qPrintable(P->Stato()));
     Guarda(u"parcella_"_s + Nome + u"_piena"_s);
+}
+
+/// A note under the tariff in force.
+void TestSchermate::parcella55()
+{
+    QFETCH(QString, Nome);
+    QFETCH(QString, Titolo);
+    ApriEsempio(u"tribunale55"_s);
+    if (QTest::currentTestFailed())
+        return;
+    QVERIFY2(P->AllaScheda(Titolo), qPrintable(P->Stato()));
+    Guarda(u"parcella55_"_s + Nome);
+}
+
+/// The court with the most options.
+void TestSchermate::opzioniPiuNumerose()
+{
+    P = std::make_unique<Programma>(QStringList{}, u"Tariffa=55"_s);
+    QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
+    constexpr int PostoDelTar = 20;
+    for (const auto& [Lista, Passi] : {std::pair{u"cmbCateg"_s, 0}, std::pair{u"cmbAutor"_s, PostoDelTar}}) {
+        P->Clic(Lista);
+        ATTENDI_CHE(!P->Chiedi(u"popup"_s).isEmpty());
+        P->Premi(QStringList{u"Home"_s} + QStringList(Passi, u"Down"_s) + QStringList{u"Return"_s});
+        ATTENDI_CHE(P->Chiedi(u"popup"_s).isEmpty());
+    }
+    ATTENDI(u"testo cmbAutor"_s, "Tribunale amministrativo regionale");
+    Guarda(u"parcella55_opzioni"_s);
 }
 
 void TestSchermate::pannelloDegliImporti()

@@ -8,6 +8,7 @@
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/mostra.h"
 #include "feenote/windows/ui_SchedaDatiBase.h"
+#include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/scelta.h"
@@ -355,6 +356,9 @@ void SchedaDatiBase::MostraTariffa()
     mostra::Elenco(ui->cmbTariffa, NomiTariffe(), int(Suo - Decreti.begin()), true);
     // Until the office has chosen, a new note leads to the choice; whatever stands in a file has its own.
     const bool DaScegliere = !DecretoScelto() && Nota.Percorso.isEmpty() && Nota.Tariffa == &DecretoNuove();
+    QPalette Colori = palette();
+    Colori.setColor(QPalette::ButtonText, aspetto::Accento());  // what leads elsewhere
+    ui->cmdTariffa->setPalette(Colori);
     ui->cmdTariffa->setVisible(DaScegliere);
     ui->lblTariffa->setVisible(!DaScegliere);
     ui->cmbTariffa->setVisible(!DaScegliere);
@@ -399,6 +403,9 @@ QRadioButton* SchedaDatiBase::NuovoBottone(const OpzioneAumRid& Opzione)
                                      Aumento ? ui->fraAumenti : ui->fraRiduzioni);
     Bottone->setObjectName(u"optAumRid_%1"_s.arg(Opzione.Numero));
     Bottone->setProperty(DiTabella, true);
+    QFont Solita = font();
+    Solita.setBold(false);  // the frame's is that of its title
+    Bottone->setFont(Solita);
     Bottone->setToolTip(MisuraDi(Opzione));
     QVBoxLayout* Colonna = Aumento ? ui->colAumenti : ui->colRiduzioni;
     Colonna->insertWidget(Colonna->count() - 1, Bottone);

@@ -486,7 +486,7 @@ void TestDescrizione::gliEsempiSiLeggono()
 {
     const Studio Ufficio;
     Registratore Messaggi;
-    for (const QString& Nome : {u"civile"_s, u"penale"_s, u"stragiudiziale"_s}) {
+    for (const QString& Nome : {u"civile"_s, u"penale"_s, u"stragiudiziale"_s, u"tribunale55"_s}) {
         QFile Esempio(SorgenteDiProva(u"dati/esempi/"_s) + Nome + u".json"_s);
         QVERIFY2(Esempio.open(QIODevice::ReadOnly), qPrintable(Nome));
         const Esito Letto = Prova(Esempio.readAll());

@@ -320,6 +320,7 @@ void TestNote55::leOpzioniSeguonoIlDecreto()
 {
     Compila(CategCivile, IDTribunale55, u"30000"_s);
     QVERIFY(Bottone(101)->isVisible());
+    QVERIFY(!Bottone(101)->font().bold());  // as its frame's title is
     QVERIFY(!Bottone(0)->isVisible());
     QVERIFY(!Bottone(106));  // of the administrative courts
     QVERIFY(Bottone(5)->isChecked());
