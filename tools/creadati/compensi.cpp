@@ -173,7 +173,7 @@ public:
 private:
     [[nodiscard]] QString LeggiUnita(int Riga) const
     {
-        const QString Letta = Tabella.Testo(Riga, Unita, 10);
+        QString Letta = Tabella.Testo(Riga, Unita, 10);
         if (Letta != u"euro" && Letta != u"percento")
             Tabella.Rifiuta(Riga, Unita, u"«%1» non è né euro né percento"_s.arg(Letta));
         return Letta;

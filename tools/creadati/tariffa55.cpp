@@ -28,7 +28,7 @@ constexpr int MassimoAssistiti = 999;
 
 QString LeggiCategoria(const TabellaTesto& Tabella, int Riga)
 {
-    const QString Letta = Tabella.Testo(Riga, Categoria);
+    QString Letta = Tabella.Testo(Riga, Categoria);
     if (Letta != Civile && Letta != Penale && Letta != Stragiudiziale)
         Tabella.Rifiuta(Riga, Categoria, u"«%1» non è fra CIV, PEN, STR"_s.arg(Letta));
     return Letta;
@@ -54,7 +54,7 @@ template <typename Conosciuto>
 QString LeggiElenco(const TabellaTesto& Tabella, int Riga, const QString& Colonna, Conosciuto&& Noto)
 {
     static const QRegularExpression Elenco(u"\\A,(?:[1-9][0-9]{0,4},)+\\z"_s);
-    const QString Letto = Tabella.Testo(Riga, Colonna, 60);
+    QString Letto = Tabella.Testo(Riga, Colonna, 60);
     if (Letto == u"*")
         return Letto;
     if (!Elenco.match(Letto).hasMatch())
