@@ -81,9 +81,10 @@ void LeggiValore(const QString& Valore, Parametri& Caso)
             return Scaglione.DaVal <= Caso.Valore && Caso.Valore <= Scaglione.AVal && Scaglione.AVal > 0;
         });
     }
-    if (Trovato == Tutti.end())
+    if (Trovato != Tutti.end())
+        Caso.Scaglione = *Trovato;
+    else
         Rifiuta(u"valore"_s, Valore, u"non è compreso in nessuno scaglione"_s);
-    Caso.Scaglione = *Trovato;
 }
 
 /// The three amounts as a line would take them.
