@@ -9,6 +9,7 @@
 #include "platform/base/regionale.h"
 #include "platform/database/database.h"
 #include "platform/system/file.h"
+#include "tariffs/decreto.h"
 
 #include <QFileInfo>
 #include <QSysInfo>
@@ -103,15 +104,19 @@ GruppoInformazioni Cartelle()
              {u"Utente"_s, Cartella(sessione::UserFolder)}}};
 }
 
+QString ArchivioTariffa(const Decreto& Legge)
+{
+    return Archivio(sessione::PercorsoProg + Legge.File.toString(), [&Legge](const Database& Db) {
+        return u"%1, %2 autorità"_s.arg(Legge.NomeIntero.toString(), Quanti(Db, u"Autorità"_s));
+    });
+}
+
 GruppoInformazioni Archivi()
 {
     const QString& Prog = sessione::PercorsoProg;
     return {u"Archivi"_s,
-            {{u"Tariffa"_s, Archivio(Prog + u"parcelle.mdb"_s,
-                                     [](const Database& Db) {
-                                         return u"D.m. 20 luglio 2012, n. 140, %1 autorità"_s.arg(
-                                             Quanti(Db, u"Autorità"_s));
-                                     })},
+            {{u"Tariffa"_s, ArchivioTariffa(Dm140)},
+             {u"Tariffa in vigore"_s, ArchivioTariffa(Dm55)},
              {u"Tassi"_s, Archivio(ArchivioTassi(), ContenutoTassi)},
              {u"Comuni"_s, Archivio(Prog + u"Comuni.mdb"_s, ContenutoComuni)},
              {u"Clienti"_s, sessione::ArchivioCliCon.isEmpty()

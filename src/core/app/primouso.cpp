@@ -15,6 +15,7 @@
 #include "platform/system/percorsi.h"
 #include "platform/system/permessi.h"
 #include "platform/system/shell.h"
+#include "tariffs/decreto.h"
 
 #include <algorithm>
 #include <array>
@@ -59,7 +60,9 @@ void PreparaCartellaUtente()
 /// True when a folder holds databases that the program has not come with: notes, or templates.
 bool HaParcelle(const QString& Cartella)
 {
-    const QStringList Fornite{u"parcelle.mdb"_s, u"datistudio.mdb"_s, u"comuni.mdb"_s};
+    QStringList Fornite{u"datistudio.mdb"_s, u"comuni.mdb"_s};
+    for (const Decreto* Legge : Decreti)
+        Fornite.append(Legge->File.toString().toLower());
     const QStringList Trovate = NomiDeiFile(Cartella, u".mdb"_s);
     return std::ranges::any_of(Trovate,
                                [&](const QString& Nome) { return !Fornite.contains(Nome.toLower()); });

@@ -62,7 +62,11 @@ void TestPrimoUso::init()
     QDir(Documenti).removeRecursively();
     Programma = NuovaCartella();
     Scena::Salva(u"PercorsoProcedura"_s, Programma);
-    QVERIFY(QFile::copy(ProgrammaDiProva() + u"DatiStudio.mdb"_s, Programma + u"DatiStudio.mdb"_s));
+    // Whatever databases the program comes with: none of them is a note.
+    const QStringList Fornite = QDir(ProgrammaDiProva()).entryList({u"*.mdb"_s}, QDir::Files);
+    QVERIFY(Fornite.size() >= 4);
+    for (const QString& Nome : Fornite)
+        QVERIFY(QFile::copy(ProgrammaDiProva() + Nome, Programma + Nome));
 }
 
 void TestPrimoUso::cleanup()

@@ -38,6 +38,8 @@ private Q_SLOTS:
     void mentreSiDiceNonSiCompone();
     void senzaArchivio();
     void ilRiferimentoFaLaSessione();
+    void conLaTariffaDelloStudio_data();
+    void conLaTariffaDelloStudio();
 
 private:
     /// A new note with the session's request applied.
@@ -69,6 +71,42 @@ void TestRichiestaApplicata::richiestaApplicata()
     QVERIFY(!Nota.RicalcoloNecessario);
     QVERIFY(!Nota.Modificata);
     QCOMPARE(Nota.Fuoco, CampoNota::Nessuno);
+}
+
+void TestRichiestaApplicata::conLaTariffaDelloStudio_data()
+{
+    QTest::addColumn<int>("Categoria");
+    QTest::addColumn<int>("Autorita");  // places and brackets as the other program counts them
+    QTest::addColumn<double>("Valore");
+    QTest::addColumn<int>("Ufficio");
+    QTest::addColumn<int>("Scaglione");
+    QTest::newRow("court, by the value") << int(CategCivile) << 2 << 30000.0 << 102 << 4;
+    QTest::newRow("court, undetermined") << int(CategCivile) << 2 << 7.0 << 102 << 8;
+    QTest::newRow("court, a bracket that is another one here") << int(CategCivile) << 2 << 1.0 << 102 << 0;
+    QTest::newRow("order for payment") << int(CategCivile) << 3 << 1000.0 << 108 << 1;
+    QTest::newRow("single judge of the criminal court") << int(CategPenale) << 2 << 0.0 << 138 << 138;
+}
+
+void TestRichiestaApplicata::conLaTariffaDelloStudio()
+{
+    QFETCH(int, Categoria);
+    QFETCH(int, Autorita);
+    QFETCH(double, Valore);
+    QFETCH(int, Ufficio);
+    QFETCH(int, Scaglione);
+    const Studio Suo;
+    Registratore Messaggi;
+    sessione::Tariffa = u"55"_s;
+    sessione::RichiestaPV2 = Chiedi(Categoria, Autorita, Valore);
+    Parcella Nota;
+    Apri(Nota);
+    QCOMPARE(Nota.Tariffa, &Dm55);
+    QCOMPARE(Nota.IDAutSelezionata(), Ufficio);
+    QCOMPARE(Nota.Scaglione, Scaglione);
+    QVERIFY(Nota.chkSpeseGen.Attiva);
+    QCOMPARE(Nota.txtSpeGen.Testo, u"15"_s);
+    QVERIFY(!Nota.Modificata);
+    QVERIFY(!Nota.RicalcoloNecessario);
 }
 
 void TestRichiestaApplicata::valoreDellaRichiesta_data()
