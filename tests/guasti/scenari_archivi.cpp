@@ -135,8 +135,9 @@ void Importa(const Posto& Dove)
         throw Errore(errori::Imprevisto);
 }
 
-/// An import that is said to be done has its way back, and the copy is the archive of before.
-Trovato GuardaImportato(const Posto& Dove, const Uscita& Vista)
+/// An import that is in the archive has its way back, whatever was said of it, and the copy is the archive of
+/// before.
+Trovato GuardaImportato(const Posto& Dove, const Uscita&)
 {
     const QByteArray Copia = Contenuto(FileArchivio(Dove) + u".prima"_s);
     if (!Copia.isEmpty() && Copia != Archivio())
@@ -149,8 +150,7 @@ Trovato GuardaImportato(const Posto& Dove, const Uscita& Vista)
             return Trovato::Rotto;
         if (Nuovi == 0)
             return Trovato::Prima;
-        const bool Indietro = UltimaImportazione(FileArchivio(Dove)).has_value();
-        return Indietro || Vista.Esito != 0 || Vista.Conti.Guasti == 0 ? Trovato::Nuovo : Trovato::Rotto;
+        return UltimaImportazione(FileArchivio(Dove)) ? Trovato::Nuovo : Trovato::Rotto;
     });
 }
 
@@ -251,7 +251,7 @@ QList<Scenario> ScenariArchivi()
                           return Svolgi([&] { Importa(Dove); });
                       },
                   .Guarda = GuardaImportato,
-                  .Ammessi = {u"DatiStudio\\.mdb(\\.prima(\\.json)?)?"_s}});
+                  .Ammessi = {u"DatiStudio\\.mdb(\\.prima(\\.2)?(\\.json)?)?"_s}});
     Tutti.append({.Nome = u"annulla-importa"_s,
                   .Attese = {Apri, Sincronizza, Rinomina, Togli, Chiudi, Leggi},
                   .Prepara =
@@ -277,7 +277,7 @@ QList<Scenario> ScenariArchivi()
                                               Contenuto(FileArchivio(Dove) + u".prima"_s) == Archivio();
                           return Intero ? Trovato::Prima : Trovato::Rotto;
                       },
-                  .Ammessi = {u"DatiStudio\\.mdb(\\.prima(\\.json)?)?"_s}});
+                  .Ammessi = {u"DatiStudio\\.mdb(\\.prima(\\.2)?(\\.json)?)?"_s}});
     Tutti.append(
         {.Nome = u"fattura"_s,
          .Attese = DelMotore,

@@ -13,6 +13,8 @@
 #include <QJsonObject>
 #include <QtEndian>
 
+#include <algorithm>
+#include <array>
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -28,18 +30,14 @@ struct Coppia
     QString Registro;
 };
 
-/// Of the last import that was kept; beside the file itself, whatever link it was opened by.
-Coppia Ultima(const QString& Archivio)
+/// Where a copy may lie, beside the file itself, whatever link it was opened by. There are two places,
+/// because the copy of the import before stays until the next import is confirmed; and none is moved behind
+/// that, so that nothing can fail there.
+std::array<Coppia, 2> Posti(const QString& Archivio)
 {
     const QString File = FileVero(Archivio);
-    return {File + u".prima"_s, File + u".prima.json"_s};
-}
-
-/// Of one that is not kept yet: that of the import before stays meanwhile.
-Coppia Nuova(const QString& Archivio)
-{
-    const QString File = FileVero(Archivio);
-    return {File + u".prima.nuova"_s, File + u".prima.nuova.json"_s};
+    return {Coppia{File + u".prima"_s, File + u".prima.json"_s},
+            Coppia{File + u".prima.2"_s, File + u".prima.2.json"_s}};
 }
 
 void Scarta(const Coppia& Quale)
@@ -48,14 +46,35 @@ void Scarta(const Coppia& Quale)
     ScartaFile(Quale.Copia);
 }
 
-QString ImprontaDi(const QString& File)
+/// What the head of a database says of how often the engine has written to it; nothing for one without a
+/// head.
+std::optional<qint64> Scritture(QByteArrayView Testata)
 {
+    constexpr qsizetype Posto = 24;
+    if (Testata.size() < Posto + qsizetype(sizeof(quint32)))
+        return std::nullopt;
+    return qFromBigEndian<quint32>(Testata.data() + Posto);
+}
+
+/// What a file holds, in short.
+struct Somma
+{
+    QString Impronta;
+    std::optional<qint64> Scritture;
+};
+
+Somma SommaDi(const QString& File)
+{
+    constexpr qsizetype Testata = 100;
     QCryptographicHash Conto(QCryptographicHash::Sha256);
+    QByteArray Inizio;
     LeggiAPezzi(File, [&](QByteArrayView Pezzo) {
+        if (Inizio.size() < Testata)
+            Inizio += Pezzo.first(std::min(Pezzo.size(), Testata));
         Conto.addData(Pezzo);
         return true;
     });
-    return QString::fromLatin1(Conto.result().toHex());
+    return {QString::fromLatin1(Conto.result().toHex()), Scritture(Inizio)};
 }
 
 /// What the rows of a table hold, whoever asks: the program that is writing them, or another one behind it.
@@ -80,15 +99,6 @@ QString ImprontaRighe(const Database& Db, const QString& Tabella)
     return QString::fromLatin1(Conto.result().toHex());
 }
 
-/// How often the engine has written to a file, as its head says.
-qint64 Scritture(const QString& File)
-{
-    constexpr int Posto = 24;
-    const QByteArray Inizio = InizioDelFile(File, Posto + int(sizeof(quint32)));
-    return Inizio.size() < Posto + int(sizeof(quint32)) ? 0
-                                                        : qFromBigEndian<quint32>(Inizio.constData() + Posto);
-}
-
 QJsonObject Registro(const Coppia& Quale)
 {
     if (!EsisteFile(Quale.Registro) || !EsisteFile(Quale.Copia))
@@ -100,13 +110,12 @@ QJsonObject Registro(const Coppia& Quale)
     }
 }
 
-/// The archive is as the import of this record has left it.
+/// The archive is as the import of this record has left it: nobody has written to it since, and the rows are
+/// those. The record of an import that was not confirmed speaks of rows that are not there.
 bool ComeAllora(const QString& Archivio, const QJsonObject& Detto)
 {
-    if (const QString Dopo = Detto[u"dopo"_s].toString(); !Dopo.isEmpty())
-        return ImprontaDi(Archivio) == Dopo;
-    // The record was written before the import was confirmed, and the program ended there.
-    if (Scritture(Archivio) != Detto[u"scritture"_s].toInteger())
+    constexpr int Testata = 100;
+    if (Detto.isEmpty() || Scritture(InizioDelFile(Archivio, Testata)) != Detto[u"scritture"_s].toInteger(-1))
         return false;
     try {
         return ImprontaRighe(OpenDatabase(Archivio, true), Detto[u"tabella"_s].toString()) ==
@@ -116,89 +125,95 @@ bool ComeAllora(const QString& Archivio, const QJsonObject& Detto)
     }
 }
 
-/// A copy whose import is in the archive becomes the last one; the last one stays where it cannot.
-void Assesta(const QString& Archivio)
+/// The place of the last import: that which has left the archive as it is; where somebody has written since,
+/// the older one, because the younger one may never have been confirmed. The first place where there is none.
+size_t PostoUltimo(const QString& Archivio)
 {
-    const Coppia Fatta = Nuova(Archivio);
-    const Coppia Scorsa = Ultima(Archivio);
-    ScartaFile(Scorsa.Registro);
-    SostituisciFile(Fatta.Copia, Scorsa.Copia);
-    SostituisciFile(Fatta.Registro, Scorsa.Registro);
-}
-
-/// The copy that leads back from the archive as it is: a new one, where nobody could make it the last one.
-Coppia InVigore(const QString& Archivio)
-{
-    const Coppia Fatta = Nuova(Archivio);
-    const QJsonObject Detto = Registro(Fatta);
-    return !Detto.isEmpty() && ComeAllora(Archivio, Detto) ? Fatta : Ultima(Archivio);
+    const std::array<Coppia, 2> Tutti = Posti(Archivio);
+    const std::array Detti{Registro(Tutti[0]), Registro(Tutti[1])};
+    for (size_t i = 0; i < Tutti.size(); ++i)
+        if (ComeAllora(Archivio, Detti[i]))
+            return i;
+    if (Detti[0].isEmpty() || Detti[1].isEmpty())
+        return Detti[0].isEmpty() && !Detti[1].isEmpty() ? 1 : 0;
+    return Detti[1][u"quando"_s].toString() < Detti[0][u"quando"_s].toString() ? 1 : 0;
 }
 
 }  // namespace
 
-/// One program at a time imports into an archive: two would take each other's copy.
-struct CopiaDiPrima::Turno
+struct CopiaDiPrima::Stato
 {
-    explicit Turno(const QString& Archivio) : Blocco(FileVero(Archivio) + u".prima.blocco"_s) {}
-    FileBlocco Blocco;
+    explicit Stato(const QString& DiArchivio)
+        : Archivio(DiArchivio), Turno(FileVero(DiArchivio) + u".prima.blocco"_s)
+    {}
+    [[nodiscard]] Coppia Mia() const { return Posti(Archivio)[Posto]; }
+
+    QString Archivio;
+    FileBlocco Turno;
+    size_t Posto = 0;
+    bool Presa = false;
+    bool Annunciata = false;
+    bool Tenuta = false;
 };
 
-CopiaDiPrima::CopiaDiPrima(const QString& DiArchivio)
-    : Archivio(DiArchivio), Mio(std::make_unique<Turno>(DiArchivio))
+CopiaDiPrima::CopiaDiPrima(const QString& DiArchivio) : Dati(std::make_unique<Stato>(DiArchivio))
 {
     constexpr int AttesaMs = 500;
-    if (Mio->Blocco.Prendi(AttesaMs) == FileBlocco::Esito::Altrui)
+    if (Dati->Turno.Prendi(AttesaMs) == FileBlocco::Esito::Altrui)
         RifiutaFile(u"Un altro programma sta importando nello stesso archivio: riprovare fra poco."_s);
-    const Coppia Mia = Nuova(Archivio);
-    if (InVigore(Archivio).Copia == Mia.Copia)
-        Assesta(Archivio);
-    Scarta(Mia);
-    try {
-        CopiaFile(Archivio, Mia.Copia, std::numeric_limits<qint64>::max(), {}, Lettori::SoloUtente);
-    } catch (const Errore&) {
-        Scarta(Mia);
-        throw;
+    // What an interrupted import has left goes; the last one stays.
+    Dati->Posto = 1 - PostoUltimo(DiArchivio);
+    Scarta(Dati->Mia());
+    if (const Coppia Scorsa = Posti(DiArchivio)[1 - Dati->Posto]; Registro(Scorsa).isEmpty()) {
+        Scarta(Scorsa);
+        Dati->Posto = 0;
     }
+}
+
+void CopiaDiPrima::Prendi()
+{
+    const Coppia Mia = Dati->Mia();
+    Dati->Presa = true;
+    CopiaFile(Dati->Archivio, Mia.Copia, std::numeric_limits<qint64>::max(), {}, Lettori::SoloUtente);
 }
 
 CopiaDiPrima::~CopiaDiPrima()
 {
-    if (!Tenuta)
-        Scarta(Nuova(Archivio));
+    if (!Dati->Presa || Dati->Tenuta)
+        return;
+    // Something has failed behind the confirmation: the way back is needed all the same.
+    if (!Dati->Annunciata || !ComeAllora(Dati->Archivio, Registro(Dati->Mia())))
+        Scarta(Dati->Mia());
 }
 
 void CopiaDiPrima::Annuncia(const Database& InScrittura, const ImportazioneFatta& Fatta)
 {
-    const Coppia Mia = Nuova(Archivio);
-    const QJsonObject Detto{{u"quando"_s, Fatta.Quando.toString(Qt::ISODate)},
+    const Coppia Mia = Dati->Mia();
+    const Somma Prima = SommaDi(Mia.Copia);
+    if (!Prima.Scritture)
+        throw Errore(errori::FormatoDatabase);
+    Dati->Annunciata = true;
+    const QJsonObject Detto{{u"quando"_s, Fatta.Quando.toString(Qt::ISODateWithMs)},
                             {u"tabella"_s, Fatta.Tabella},
                             {u"sorgente"_s, Fatta.Sorgente},
                             {u"aggiunti"_s, Fatta.Aggiunti},
                             {u"completati"_s, Fatta.Completati},
-                            {u"scritture"_s, Scritture(Mia.Copia) + 1},
+                            {u"scritture"_s, *Prima.Scritture + 1},
                             {u"righe"_s, ImprontaRighe(InScrittura, Fatta.Tabella)},
-                            {u"prima"_s, ImprontaDi(Mia.Copia)}};
+                            {u"prima"_s, Prima.Impronta}};
     ScriviFile(Mia.Registro, QJsonDocument(Detto).toJson(), Lettori::SoloUtente);
 }
 
 QString CopiaDiPrima::Tieni()
 {
-    Tenuta = true;
-    try {
-        Assesta(Archivio);
-        const Coppia Mia = Ultima(Archivio);
-        QJsonObject Detto = Registro(Mia);
-        Detto[u"dopo"_s] = ImprontaDi(Archivio);
-        ScriviFile(Mia.Registro, QJsonDocument(Detto).toJson(), Lettori::SoloUtente);
-    } catch (const Errore&) {
-        // The record that was announced serves as it is, where it is.
-    }
-    return InVigore(Archivio).Copia;
+    Dati->Tenuta = true;
+    Scarta(Posti(Dati->Archivio)[1 - Dati->Posto]);
+    return Dati->Mia().Copia;
 }
 
 std::optional<ImportazioneFatta> UltimaImportazione(const QString& Archivio)
 {
-    const QJsonObject Detto = Registro(InVigore(Archivio));
+    const QJsonObject Detto = Registro(Posti(Archivio)[PostoUltimo(Archivio)]);
     const QDateTime Quando = QDateTime::fromString(Detto[u"quando"_s].toString(), Qt::ISODate);
     if (!Quando.isValid())
         return std::nullopt;
@@ -211,7 +226,7 @@ std::optional<ImportazioneFatta> UltimaImportazione(const QString& Archivio)
 
 void AnnullaImportazione(const QString& Archivio)
 {
-    const Coppia Quale = InVigore(Archivio);
+    const Coppia Quale = Posti(Archivio)[PostoUltimo(Archivio)];
     const QJsonObject Detto = Registro(Quale);
     const QString Copia = Quale.Copia;
     if (Detto.isEmpty())
@@ -219,7 +234,7 @@ void AnnullaImportazione(const QString& Archivio)
     if (!ComeAllora(Archivio, Detto))
         RifiutaFile(u"Dopo l'importazione l'archivio è stato modificato: annullandola si perderebbero le "
                     "modifiche, perciò resta com'è. La copia di prima è il file \"%1\"."_s.arg(Copia));
-    if (ImprontaDi(Copia) != Detto[u"prima"_s].toString())
+    if (SommaDi(Copia).Impronta != Detto[u"prima"_s].toString())
         RifiutaFile(u"La copia dell'archivio \"%1\" è cambiata o rovinata: l'importazione non si può "
                     "annullare e l'archivio resta com'è."_s.arg(Copia));
     DaiPermessi(Copia, Archivio, Lettori::Tutti);

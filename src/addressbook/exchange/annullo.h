@@ -19,8 +19,9 @@ struct ImportazioneFatta
     int Completati = 0;
 };
 
-/// A copy of an archive taken before it is written to, named as the archive with ".prima" behind it. There is
-/// one of an archive at a time, for this user alone; the copy of an import before goes when this one is kept.
+/// A copy of an archive taken before it is written to, named as the archive with ".prima" behind it, or
+/// ".prima.2" while that one is of the import before. There is one of an archive at a time, for this user
+/// alone.
 ///
 /// The way back is complete before the import is: the record is written while the import can still be undone
 /// by its transaction, and says by what it is known. Whatever ends the program in between, either the archive
@@ -28,25 +29,26 @@ struct ImportazioneFatta
 class CopiaDiPrima
 {
 public:
-    /// @throws Errore as CopiaFile, NumeroFileRifiutato when another program imports into the archive
+    /// Takes the turn, which one program at a time has for an archive, and sweeps what interrupted imports
+    /// have left; nothing is copied yet.
+    /// @throws Errore NumeroFileRifiutato when another program imports into the archive
     explicit CopiaDiPrima(const QString& DiArchivio);
     ~CopiaDiPrima();
     CopiaDiPrima(const CopiaDiPrima&) = delete;
     CopiaDiPrima& operator=(const CopiaDiPrima&) = delete;
 
+    /// Copies the archive. @throws Errore as CopiaFile
+    void Prendi();
     /// Writes the record of what the open transaction has put into the archive, just before it is confirmed.
-    /// @throws Errore as ScriviFile: the import must not be confirmed then
+    /// @throws Errore as reading the copy and ScriviFile: the import must not be confirmed then
     void Annuncia(const Database& InScrittura, const ImportazioneFatta& Fatta);
-
-    /// The archive is written: from now on the copy is the last one.
+    /// The archive is written: from now on the copy is the last one, and the one before goes.
     /// @return its path
     QString Tieni();
 
 private:
-    struct Turno;
-    QString Archivio;
-    std::unique_ptr<Turno> Mio;
-    bool Tenuta = false;
+    struct Stato;
+    std::unique_ptr<Stato> Dati;
 };
 
 /// The last import into an archive that can be undone, or could have been; none where no copy is kept.

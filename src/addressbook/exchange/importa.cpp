@@ -266,11 +266,12 @@ bool ImportaNominativi::Completa(Presente& Vecchio, const RigaComposta& Riga)
 
 bool ImportaNominativi::Scrivi(const QString& Sorgente, const Avanzamento& Prosegui)
 {
+    CopiaDiPrima Conservata(Archivio.Percorso());
     if (Archivio.Versione() != Versione && !Prepara(Prosegui))
         return false;
     if (Mosse.empty())
         return true;
-    CopiaDiPrima Conservata(Archivio.Percorso());
+    Conservata.Prendi();
     {
         Transazione Tutto(Archivio);
         // The transaction's own beginning may count; what others have written in between does in any case.
@@ -287,8 +288,8 @@ bool ImportaNominativi::Scrivi(const QString& Sorgente, const Avanzamento& Prose
                                        .Completati = Contati.Completati});
         Tutto.Conferma();
     }
-    Versione = Archivio.Versione();
     Copia = Conservata.Tieni();
+    Versione = Archivio.Versione();
     return true;
 }
 

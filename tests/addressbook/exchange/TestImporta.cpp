@@ -4,6 +4,7 @@
 #include "addressbook/exchange/annullo.h"
 #include "addressbook/exchange/vcard.h"
 #include "platform/system/guasti.h"
+#include "platform/system/orologio.h"
 #include "supporto/guasti.h"
 
 #include <QDir>
@@ -43,8 +44,9 @@ private Q_SLOTS:
     void nullaDaAnnullare();
     void nienteDaScrivere();
     void senzaViaDelRitornoNonSiImporta();
-    void laViaDelRitornoCheNonSiSposta();
+    void leCopieSiDannoIlCambio();
     void cioCheUnProgrammaUccisoLascia();
+    void unGuastoDopoLaConferma();
     void dueProgrammiInsieme();
     void unaChiaveCheNonEUnContatore_data();
     void unaChiaveCheNonEUnContatore();
@@ -411,7 +413,7 @@ void TestImporta::senzaViaDelRitornoNonSiImporta()
     ImportaNominativi Opera = Nuovo(Tre);
     QVERIFY(Opera.Prepara());
     // The record finds its place taken once the names are written.
-    const QString Posto = S->File + u".prima.nuova.json"_s;
+    const QString Posto = S->File + u".prima.json"_s;
     const auto Occupa = [&](int, int) {
         QDir().mkpath(Posto);
         return true;
@@ -422,56 +424,83 @@ void TestImporta::senzaViaDelRitornoNonSiImporta()
     QCOMPARE(ContenutoDi(S->Cartella), QStringList{u"DatiStudio.mdb"_s});
 }
 
-/// Behind the import the copy cannot become the last one: it leads back all the same, and the next import
-/// knows it.
-void TestImporta::laViaDelRitornoCheNonSiSposta()
+/// The copy of the import before stays until the next one is there, whose copy lies in another place.
+void TestImporta::leCopieSiDannoIlCambio()
 {
-    const QByteArray Prima = S->Byte();
-    const QString Posto = S->File + u".prima"_s;
-    QVERIFY(QDir().mkpath(Posto));
+    const TabellaEstranea Uno = Tabella({{u"Nominativo"_s}, {u"Nuovo"_s}});
+    const TabellaEstranea Due = Tabella({{u"Nominativo"_s}, {u"Nuovissimo"_s}});
     Importa(Tre);
-    const auto Fatta = UltimaImportazione(S->File);
-    QVERIFY(Fatta);
-    QCOMPARE(Fatta->Aggiunti, 3);
-    AnnullaImportazione(S->File);
-    QCOMPARE(S->Byte(), Prima);
-    Importa(Tre);
-    QVERIFY(QDir().rmdir(Posto));
-    // A second import takes the place of the first one, whose copy was left as a new one.
-    Importa(Tabella({{u"Nominativo"_s}, {u"Nuovo"_s}}));
-    QCOMPARE(UltimaImportazione(S->File)->Aggiunti, 1);
-    AnnullaImportazione(S->File);
-    QCOMPARE(S->Righe({u"Nominativo"_s}).size(), 3);
+    const QByteArray Dopo = S->Byte();
+    for (const TabellaEstranea& Da : {Uno, Due}) {
+        const QByteArray Qui = S->Byte();
+        Importa(Da);
+        QCOMPARE(UltimaImportazione(S->File)->Aggiunti, 1);
+        QCOMPARE(ContenutoDi(S->Cartella).size(), 3);
+        AnnullaImportazione(S->File);
+        QCOMPARE(S->Byte(), Qui);
+        QCOMPARE(ContenutoDi(S->Cartella), QStringList{u"DatiStudio.mdb"_s});
+        Importa(Da);
+    }
+    QVERIFY(S->Byte() != Dopo);
+    // Both places have a copy for a moment: that of the archive as it is counts.
+    for (const QString& Fine : {u""_s, u".json"_s})
+        QVERIFY(QFile::copy(S->File + u".prima"_s + Fine, S->File + u".prima.2"_s + Fine) ||
+                QFile::copy(S->File + u".prima.2"_s + Fine, S->File + u".prima"_s + Fine));
+    QVERIFY(UltimaImportazione(S->File));
 }
 
 /// A record that was announced, and an import that was not confirmed: whatever is written later is no import.
 void TestImporta::cioCheUnProgrammaUccisoLascia()
 {
-    const QString Copia = S->File + u".prima.nuova"_s;
-    const QString Registro = Copia + u".json"_s;
-    const QByteArray Prima = S->Byte();
-    ImportaNominativi Opera = Nuovo(Tre);
-    QVERIFY(Opera.Prepara());
-    QVERIFY(QDir().mkpath(S->File + u".prima"_s));
-    QVERIFY(Opera.Scrivi(u"nomi.csv"_s));
-    const QByteArray Annunciato = LeggiFile(Registro);
-    QVERIFY(QDir().rmdir(S->File + u".prima"_s));
-    {
-        QFile Archivio(S->File);
-        QVERIFY(Archivio.open(QIODevice::WriteOnly));
-        QCOMPARE(Archivio.write(Prima), Prima.size());
-    }
-    QVERIFY2(!UltimaImportazione(S->File), "the archive is as it was");
-    // One write, as the import would have been one.
+    // An import of before, and a change that makes it past.
+    Importa(Tabella({{u"Nominativo"_s}, {u"Antico"_s}}));
     S->Esegui(u"INSERT INTO clienti (Nominativo) VALUES ('Altro')"_s);
-    QVERIFY(!UltimaImportazione(S->File));
-    QCOMPARE(Rifiuto([&] { AnnullaImportazione(S->File); }), u"Non c'è un'importazione da annullare."_s);
-    QCOMPARE(LeggiFile(Registro), Annunciato);
-    // It goes with the next one.
-    Importa(Tre);
+    const QByteArray Prima = S->Byte();
+    {
+        // Killed behind its announcement.
+        const Database Db = OpenDatabase(S->File);
+        CopiaDiPrima Conservata(S->File);
+        Conservata.Prendi();
+        Transazione Tutto(Db);
+        Db.Execute(u"INSERT INTO clienti (Nominativo) VALUES ('Perso')"_s);
+        Conservata.Annuncia(
+            Db, {.Quando = Adesso(), .Tabella = u"clienti"_s, .Sorgente = u"perso.csv"_s, .Aggiunti = 1});
+        for (const QString& Fine : {u".prima.2"_s, u".prima.2.json"_s})
+            QVERIFY(QFile::copy(S->File + Fine, S->File + Fine + u".salvo"_s));
+    }
+    for (const QString& Fine : {u".prima.2"_s, u".prima.2.json"_s})
+        QVERIFY(QFile::rename(S->File + Fine + u".salvo"_s, S->File + Fine));
+    QCOMPARE(S->Byte(), Prima);
+    QCOMPARE(UltimaImportazione(S->File)->Sorgente, u"nomi.csv"_s);
+    // One write, as the import would have been one.
+    S->Esegui(u"INSERT INTO clienti (Nominativo) VALUES ('Ancora')"_s);
+    const QByteArray Ora = S->Byte();
+    QCOMPARE(UltimaImportazione(S->File)->Sorgente, u"nomi.csv"_s);
+    QVERIFY(Rifiuto([&] { AnnullaImportazione(S->File); }).startsWith(u"Dopo l'importazione"));
+    QCOMPARE(S->Byte(), Ora);
+    // It goes with the next one, even one that has nothing to write.
+    Importa(Tabella({{u"Nominativo"_s}, {u"Altro"_s}}));
+    QCOMPARE(ContenutoDi(S->Cartella),
+             (QStringList{u"DatiStudio.mdb"_s, u"DatiStudio.mdb.prima"_s, u"DatiStudio.mdb.prima.json"_s}));
+}
+
+/// What fails behind the confirmation takes no way back along.
+void TestImporta::unGuastoDopoLaConferma()
+{
+    const QByteArray Prima = S->Byte();
+    {
+        const Database Db = OpenDatabase(S->File);
+        CopiaDiPrima Conservata(S->File);
+        Conservata.Prendi();
+        Transazione Tutto(Db);
+        Db.Execute(u"INSERT INTO clienti (Nominativo) VALUES ('Nuovo')"_s);
+        Conservata.Annuncia(
+            Db, {.Quando = Adesso(), .Tabella = u"clienti"_s, .Sorgente = u"nomi.csv"_s, .Aggiunti = 1});
+        Tutto.Conferma();
+    }
+    QCOMPARE(S->Righe({u"Nominativo"_s}), QStringList{u"Nuovo"_s});
     AnnullaImportazione(S->File);
-    QCOMPARE(S->Righe({u"Nominativo"_s}), QStringList{u"Altro"_s});
-    QCOMPARE(ContenutoDi(S->Cartella), QStringList{u"DatiStudio.mdb"_s});
+    QCOMPARE(S->Byte(), Prima);
 }
 
 /// Two would take each other's copy.
@@ -481,11 +510,12 @@ void TestImporta::dueProgrammiInsieme()
     ImportaNominativi Opera = Nuovo(Tre);
     QVERIFY(Opera.Prepara());
     {
-        const CopiaDiPrima Altrui(S->File);
+        CopiaDiPrima Altrui(S->File);
+        Altrui.Prendi();
         QCOMPARE(Rifiuto([&] { (void)Opera.Scrivi(u"nomi.csv"_s); }),
                  u"Un altro programma sta importando nello stesso archivio: riprovare fra poco."_s);
         QCOMPARE(S->Byte(), Prima);
-        QVERIFY(QFile::exists(S->File + u".prima.nuova"_s));
+        QVERIFY(QFile::exists(S->File + u".prima"_s));
     }
     QVERIFY(Opera.Scrivi(u"nomi.csv"_s));
 }
