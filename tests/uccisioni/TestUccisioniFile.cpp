@@ -3,6 +3,9 @@
 #include "feenote/file/file_prova.h"
 #include "vittima.h"
 
+#include "addressbook/exchange/annullo.h"
+#include "addressbook/exchange/colonneimporta.h"
+#include "addressbook/exchange/importa.h"
 #include "feenote/file/modRecupero.h"
 #include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
@@ -163,6 +166,46 @@ QString DifettoCopia(const QString& Cartella)
     return {};
 }
 
+/// What names come into the archive.
+TabellaEstranea DaImportare()
+{
+    TabellaEstranea Tabella;
+    Tabella.Titoli = {u"Nominativo"_s, u"Indirizzo"_s};
+    for (int i = 0; i < Linee; ++i) {
+        Tabella.Righe.push_back({u"dopo %1"_s.arg(i), u"dopo"_s.repeated(50)});
+        Tabella.Numeri.push_back(i + 1);
+    }
+    return Tabella;
+}
+
+void ImportaNomi(const QString& Cartella)
+{
+    const Database Db = OpenDatabase(Cartella + u"DatiStudio.mdb"_s);
+    const TabellaEstranea Da = DaImportare();
+    ImportaNominativi Opera(Db, u"clienti"_s, Da, AbbinaColonne(Da.Titoli, Db.Campi(u"clienti"_s)),
+                            Doppioni::Salta);
+    if (!Opera.Prepara() || !Opera.Scrivi(u"nomi.csv"_s))
+        throw Errore(errori::Imprevisto);
+}
+
+/// All names or none, and where they are there the way back too.
+QString DifettoImportati(const QString& Cartella)
+{
+    const QString File = Cartella + u"DatiStudio.mdb"_s;
+    const int Quanti = OpenDatabase(File).OpenRecordset(u"clienti"_s).RecordCount();
+    if (Quanti != 1 && Quanti != 1 + Linee)
+        return u"%1 clienti"_s.arg(Quanti);
+    if (UltimaImportazione(File).has_value() != (Quanti > 1))
+        return Quanti > 1 ? u"senza ritorno"_s : u"un'importazione che non c'è stata"_s;
+    if (Quanti == 1)
+        return {};
+    const QString Prova = NuovaCartella();
+    for (const QString& Nome : ContenutoDi(Cartella))
+        QFile::copy(Cartella + Nome, Prova + Nome);
+    AnnullaImportazione(Prova + u"DatiStudio.mdb"_s);
+    return DifettoArchivio(Prova);
+}
+
 const QList<Impresa>& Imprese()
 {
     static const QList<Impresa> Tutte{
@@ -225,6 +268,11 @@ const QList<Impresa>& Imprese()
          },
          DifettoArchivio,
          {u"DatiStudio.mdb"_s}},
+        {u"importazione"_s,
+         PreparaArchivio,
+         ImportaNomi,
+         DifettoImportati,
+         {u"DatiStudio.mdb"_s, u"DatiStudio.mdb.prima"_s, u"DatiStudio.mdb.prima.json"_s}},
         {u"impostazioni"_s,
          [](const QString& In) {
              ConImpostazioniIn(In);

@@ -65,12 +65,11 @@ struct Somma
 
 Somma SommaDi(const QString& File)
 {
-    constexpr qsizetype Testata = 100;
     QCryptographicHash Conto(QCryptographicHash::Sha256);
     QByteArray Inizio;
     LeggiAPezzi(File, [&](QByteArrayView Pezzo) {
-        if (Inizio.size() < Testata)
-            Inizio += Pezzo.first(std::min(Pezzo.size(), Testata));
+        if (Inizio.isEmpty())
+            Inizio = Pezzo.toByteArray();
         Conto.addData(Pezzo);
         return true;
     });
@@ -99,12 +98,19 @@ QString ImprontaRighe(const Database& Db, const QString& Tabella)
     return QString::fromLatin1(Conto.result().toHex());
 }
 
-QJsonObject Registro(const Coppia& Quale)
+constexpr int ByteTestata = 100;
+
+/// The record of an import into the archive; empty where there is none, or one of an import that was never
+/// confirmed: nobody has written to the archive since it was announced.
+QJsonObject Registro(const QString& Archivio, const Coppia& Quale)
 {
     if (!EsisteFile(Quale.Registro) || !EsisteFile(Quale.Copia))
         return {};
     try {
-        return QJsonDocument::fromJson(LeggiFile(Quale.Registro, MassimoRegistro)).object();
+        const QJsonObject Detto =
+            QJsonDocument::fromJson(LeggiFile(Quale.Registro, MassimoRegistro)).object();
+        const std::optional<qint64> Ora = Scritture(InizioDelFile(Archivio, ByteTestata));
+        return Ora && *Ora < Detto[u"scritture"_s].toInteger() ? QJsonObject() : Detto;
     } catch (const Errore&) {
         return {};  // a record that cannot be read is none
     }
@@ -114,8 +120,8 @@ QJsonObject Registro(const Coppia& Quale)
 /// those. The record of an import that was not confirmed speaks of rows that are not there.
 bool ComeAllora(const QString& Archivio, const QJsonObject& Detto)
 {
-    constexpr int Testata = 100;
-    if (Detto.isEmpty() || Scritture(InizioDelFile(Archivio, Testata)) != Detto[u"scritture"_s].toInteger(-1))
+    if (Detto.isEmpty() ||
+        Scritture(InizioDelFile(Archivio, ByteTestata)) != Detto[u"scritture"_s].toInteger(-1))
         return false;
     try {
         return ImprontaRighe(OpenDatabase(Archivio, true), Detto[u"tabella"_s].toString()) ==
@@ -130,7 +136,7 @@ bool ComeAllora(const QString& Archivio, const QJsonObject& Detto)
 size_t PostoUltimo(const QString& Archivio)
 {
     const std::array<Coppia, 2> Tutti = Posti(Archivio);
-    const std::array Detti{Registro(Tutti[0]), Registro(Tutti[1])};
+    const std::array Detti{Registro(Archivio, Tutti[0]), Registro(Archivio, Tutti[1])};
     for (size_t i = 0; i < Tutti.size(); ++i)
         if (ComeAllora(Archivio, Detti[i]))
             return i;
@@ -158,13 +164,13 @@ struct CopiaDiPrima::Stato
 
 CopiaDiPrima::CopiaDiPrima(const QString& DiArchivio) : Dati(std::make_unique<Stato>(DiArchivio))
 {
-    constexpr int AttesaMs = 500;
+    constexpr int AttesaMs = 2000;  // longer than the lock counts that a killed program has left unsigned
     if (Dati->Turno.Prendi(AttesaMs) == FileBlocco::Esito::Altrui)
         RifiutaFile(u"Un altro programma sta importando nello stesso archivio: riprovare fra poco."_s);
     // What an interrupted import has left goes; the last one stays.
     Dati->Posto = 1 - PostoUltimo(DiArchivio);
     Scarta(Dati->Mia());
-    if (const Coppia Scorsa = Posti(DiArchivio)[1 - Dati->Posto]; Registro(Scorsa).isEmpty()) {
+    if (const Coppia Scorsa = Posti(DiArchivio)[1 - Dati->Posto]; Registro(DiArchivio, Scorsa).isEmpty()) {
         Scarta(Scorsa);
         Dati->Posto = 0;
     }
@@ -182,7 +188,7 @@ CopiaDiPrima::~CopiaDiPrima()
     if (!Dati->Presa || Dati->Tenuta)
         return;
     // Something has failed behind the confirmation: the way back is needed all the same.
-    if (!Dati->Annunciata || !ComeAllora(Dati->Archivio, Registro(Dati->Mia())))
+    if (!Dati->Annunciata || !ComeAllora(Dati->Archivio, Registro(Dati->Archivio, Dati->Mia())))
         Scarta(Dati->Mia());
 }
 
@@ -213,7 +219,7 @@ QString CopiaDiPrima::Tieni()
 
 std::optional<ImportazioneFatta> UltimaImportazione(const QString& Archivio)
 {
-    const QJsonObject Detto = Registro(Posti(Archivio)[PostoUltimo(Archivio)]);
+    const QJsonObject Detto = Registro(Archivio, Posti(Archivio)[PostoUltimo(Archivio)]);
     const QDateTime Quando = QDateTime::fromString(Detto[u"quando"_s].toString(), Qt::ISODate);
     if (!Quando.isValid())
         return std::nullopt;
@@ -227,7 +233,7 @@ std::optional<ImportazioneFatta> UltimaImportazione(const QString& Archivio)
 void AnnullaImportazione(const QString& Archivio)
 {
     const Coppia Quale = Posti(Archivio)[PostoUltimo(Archivio)];
-    const QJsonObject Detto = Registro(Quale);
+    const QJsonObject Detto = Registro(Archivio, Quale);
     const QString Copia = Quale.Copia;
     if (Detto.isEmpty())
         RifiutaFile(u"Non c'è un'importazione da annullare."_s);

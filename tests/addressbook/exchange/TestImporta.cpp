@@ -46,6 +46,7 @@ private Q_SLOTS:
     void senzaViaDelRitornoNonSiImporta();
     void leCopieSiDannoIlCambio();
     void cioCheUnProgrammaUccisoLascia();
+    void cioCheNonFuMaiConfermato();
     void unGuastoDopoLaConferma();
     void dueProgrammiInsieme();
     void unaChiaveCheNonEUnContatore_data();
@@ -480,6 +481,31 @@ void TestImporta::cioCheUnProgrammaUccisoLascia()
     QCOMPARE(S->Byte(), Ora);
     // It goes with the next one, even one that has nothing to write.
     Importa(Tabella({{u"Nominativo"_s}, {u"Altro"_s}}));
+    QCOMPARE(ContenutoDi(S->Cartella),
+             (QStringList{u"DatiStudio.mdb"_s, u"DatiStudio.mdb.prima"_s, u"DatiStudio.mdb.prima.json"_s}));
+}
+
+/// The first import ever, killed before it was confirmed, is none.
+void TestImporta::cioCheNonFuMaiConfermato()
+{
+    const QByteArray Prima = S->Byte();
+    const QString Copia = S->File + u".prima"_s;
+    {
+        const Database Db = OpenDatabase(S->File);
+        CopiaDiPrima Conservata(S->File);
+        Conservata.Prendi();
+        Transazione Tutto(Db);
+        Db.Execute(u"INSERT INTO clienti (Nominativo) VALUES ('Perso')"_s);
+        Conservata.Annuncia(
+            Db, {.Quando = Adesso(), .Tabella = u"clienti"_s, .Sorgente = u"perso.csv"_s, .Aggiunti = 1});
+        for (const QString& Fine : {u""_s, u".json"_s})
+            QVERIFY(QFile::copy(Copia + Fine, Copia + Fine + u".salvo"_s));
+    }
+    for (const QString& Fine : {u""_s, u".json"_s})
+        QVERIFY(QFile::rename(Copia + Fine + u".salvo"_s, Copia + Fine));
+    QCOMPARE(S->Byte(), Prima);
+    QVERIFY(!UltimaImportazione(S->File));
+    Importa(Tre);
     QCOMPARE(ContenutoDi(S->Cartella),
              (QStringList{u"DatiStudio.mdb"_s, u"DatiStudio.mdb.prima"_s, u"DatiStudio.mdb.prima.json"_s}));
 }
