@@ -23,6 +23,7 @@ private Q_SLOTS:
     void impostazioni();
     void scheda_data() { RigheSchede(); }
     void scheda();
+    void parcella55();
     void schedaInformativa();
     void stampaDiUnCalcolo();
     void aggiornamento();
@@ -136,6 +137,19 @@ void TestOrdineFuoco::scheda()
         QVERIFY2(P->AllaScheda(Titolo), qPrintable(P->Stato()));
     }
     Percorri(u"parcella_"_s + Nome);
+}
+
+/// The base data where the office has chosen the tariff in force: its list, its options, the parties.
+void TestOrdineFuoco::parcella55()
+{
+    P = std::make_unique<Programma>(QStringList{}, u"Tariffa=55"_s);
+    QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
+    P->Clic(u"cmbCateg"_s);
+    ATTENDI_CHE(!P->Chiedi(u"popup"_s).isEmpty());
+    P->Premi({u"Home"_s, u"Return"_s});
+    ATTENDI_CHE(P->Chiedi(u"popup"_s).isEmpty());
+    QVERIFY2(P->VaiA(u"txtCliente"_s), qPrintable(P->Stato()));
+    Percorri(u"parcella55_datibase"_s);
 }
 
 void TestOrdineFuoco::schedaInformativa()
