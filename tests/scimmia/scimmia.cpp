@@ -79,11 +79,12 @@ void Scimmia::Passo()
 }
 
 /// The platform without a screen gives a window the keyboard when it comes up, and nobody when it goes: the
-/// rest is a window manager's.
+/// rest is a window manager's, which leaves it to no window that a box holds back.
 void Scimmia::GestoreFinestre()
 {
     const QWindow* Davanti = QGuiApplication::focusWindow();
-    if (Davanti && Davanti->isVisible()) {
+    const QWidget* Sua = Davanti ? QWidget::find(Davanti->winId()) : nullptr;
+    if (Davanti && Davanti->isVisible() && (!Sua || Sua->windowType() == Qt::Popup || Libera(Sua))) {
         SenzaFuoco = 0;
         return;
     }
@@ -161,7 +162,11 @@ void Scimmia::Saluta()
     Come = Risposte::Subito;
     TempoPassa(Attimo);
     if (++Saluti > Pazienza)
-        Fermati(u"il programma non finisce; davanti sta "_s + NomeDi(QApplication::activeWindow()));
+        Fermati(u"il programma non finisce; davanti sta %1, in %2 giri%3, sopra %4"_s
+                    .arg(NomeDi(QApplication::activeWindow()))
+                    .arg(QThread::currentThread()->loopLevel())
+                    .arg(RespiroInCorso() ? u" e un respiro"_s : QString(),
+                         NomeDi(QApplication::activePopupWidget())));
     if (Tocco.Tiene()) {
         Tocco.Lascia({QGuiApplication::focusWindow(), QPoint(1, 1)});
         return;

@@ -25,6 +25,14 @@ bool HaCifre(const QString& Testo)
     return std::any_of(Testo.cbegin(), Testo.cend(), [](QChar C) { return C >= u'0' && C <= u'9'; });
 }
 
+/// Of a text that is no date, what one is made of: the box shows a blank for any other character.
+QString PartiDiData(QString Testo)
+{
+    Testo.replace(u'-', u'/').replace(u'.', u'/');
+    Testo.removeIf([](QChar C) { return C != u'/' && (C < u'0' || C > u'9'); });
+    return Testo;
+}
+
 }  // namespace
 
 MascheraData::MascheraData(QWidget* Padre) : QLineEdit(Padre)
@@ -119,7 +127,7 @@ void MascheraData::Incolla()
         selectAll();
         insert(Format(*Letta, u"dd/mm/yyyy"));
     } else if (HaCifre(Testo)) {
-        insert(Testo);
+        insert(PartiDiData(Testo));
     }
 }
 

@@ -9,7 +9,9 @@
 
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 #include <QTimer>
 
 #include <filesystem>
@@ -44,6 +46,7 @@ private Q_SLOTS:
     void ilCodiceConSegniVietati();
     void sovrascritturaChiede();
     void lePropriaNonChiede();
+    void cioCheCambiaDietroIlMessaggio();
     void dueFinestreSulloStessoFile();
     void nonSiScrive_data();
     void nonSiScrive();
@@ -231,6 +234,28 @@ void TestSalvataggi::lePropriaNonChiede()
     SalvaCome(*T, u"mia.mdb"_s);
     QCOMPARE(T->Voce.InizioDialogo(), File);
     QCOMPARE(Cliente(File), u"Verdi"_s);
+}
+
+/// The click of a mnemonic comes a tenth of a second behind its key: with the save's message open already.
+void TestSalvataggi::cioCheCambiaDietroIlMessaggio()
+{
+    Tocca(F);
+    auto* Opzione = Controllo<QRadioButton>(F, "optAumRid_7");
+    QVERIFY(Opzione);
+    T->Voce.AttendiSalva(T->Ufficio.File(u"rossi"_s));
+    T->Voce.Attendi(u"La parcella rossi.mdb è stata salvata correttamente!"_s);
+    {
+        const auto Tardi = [&] {
+            if (!F->Nota.Percorso.isEmpty())  // the message, not the dialog before it
+                Opzione->click();
+        };
+        const QScopedValueRollback Spia(Registratore::AlMostrare(), std::function<void()>(Tardi));
+        EseguiComando(u"save"_s, 1, {});
+    }
+    QCOMPARE(F->Nota.AumRidIdx, 7);
+    QVERIFY(F->Nota.Modificata);
+    QVERIFY(InfoParcelle[1].Modificata);
+    QVERIFY(Controllo(F, "pctSave")->isVisible());
 }
 
 void TestSalvataggi::dueFinestreSulloStessoFile()
