@@ -65,3 +65,11 @@ QByteArray Contenuto(const QString& File)
     Pretendi(Aperto.open(QIODevice::ReadOnly));
     return Aperto.readAll();
 }
+
+#ifdef CON_LIBFUZZER
+/// What the library of fonts keeps to its end is its own.
+extern "C" const char* __lsan_default_suppressions()
+{
+    return "leak:libfontconfig\n";
+}
+#endif
