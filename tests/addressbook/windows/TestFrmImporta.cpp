@@ -412,13 +412,13 @@ void TestFrmImporta::escFermaLaLettura()
     QFETCH(QString, Nome);
     QString File = Cartella + Nome;
     if (Nome.endsWith(u".csv"))
-        Salva(Nome, "Nome;Via\n" + QByteArray("Rossi Mario;Via Roma 1\n").repeated(60'000));
+        Salva(Nome, "Nome;Via\n" + QByteArray("Rossi Mario;Via Roma 1\n").repeated(20'000));
     else if (Nome.endsWith(u".vcf"))
-        Salva(Nome, QByteArray("BEGIN:VCARD\nFN:Rossi Mario\nEND:VCARD\n").repeated(30'000));
+        Salva(Nome, QByteArray("BEGIN:VCARD\nFN:Rossi Mario\nEND:VCARD\n").repeated(10'000));
     else
         ScriviAccess(File, {.Tabelle = {{.Nome = u"clienti"_s,
                                          .Colonne = {{.Nome = u"Nominativo"_s}},
-                                         .Righe = QList<RigaScritta>(20'000, {u"Rossi Mario"_s})}}});
+                                         .Righe = QList<RigaScritta>(5'000, {u"Rossi Mario"_s})}}});
     const QByteArray Prima = LeggiFile(A->File);
     const frmImporta* F = Apri(frmImporta::Nominativi, File);
     auto* Ferma = Controllo(F, "cmdInterrompi");
@@ -438,7 +438,7 @@ void TestFrmImporta::escFermaLaRilettura()
 {
     const frmImporta* F =
         Apri(frmImporta::Nominativi,
-             Salva(u"nomi.csv"_s, "Nome;Via\n" + QByteArray("Rossi Mario;Via Roma 1\n").repeated(60'000)));
+             Salva(u"nomi.csv"_s, "Nome;Via\n" + QByteArray("Rossi Mario;Via Roma 1\n").repeated(20'000)));
     Premuto(F, "cmdAvanti");
     auto* Separatori = Controllo<QComboBox>(F, "cmbSeparatore");
     auto* Ferma = Controllo(F, "cmdInterrompi");
