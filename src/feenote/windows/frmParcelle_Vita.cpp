@@ -187,7 +187,8 @@ bool frmParcelle::SalvaParcella(bool ComeModello)
             ImpostaTitolo(Nota.Nome);
             // There is nothing left to recover, though the mark stays until the user has read.
             TogliCopia(Posto);
-            // What comes late, behind the message, is not in the file: the click of a key with Alt takes its time.
+            // What comes late, behind the message, is not in the file: the click of a key with Alt takes its
+            // time.
             Nota.Modificata = false;
             DiSalvata(*Scritta);
             SetModificata(Nota.Modificata);

@@ -83,7 +83,9 @@ void TestMascheraData::siIncolla_data()
     QTest::newRow("trattini") << u"1-2-2013"_s << u"01/02/2013"_s;
     QTest::newRow("blanchi attorno") << u"  31/12/2012\n"_s << u"31/12/2012"_s;
     QTest::newRow("anno di due cifre") << u"01/02/13"_s << u"01/02/2013"_s;
-    QTest::newRow("cifre fra segni di controllo") << u"\u0001" "12Masche\u001b"_s << u"12/__/____"_s;
+    QTest::newRow("cifre fra segni di controllo") << u"\u0001"
+                                                     "12Masche\u001b"_s
+                                                  << u"12/__/____"_s;
     QTest::newRow("parole e giorno") << u"il 5 maggio"_s << u"5_/__/____"_s;
     QTest::newRow("parole") << u"domani"_s << u"__/__/____"_s;
 }
