@@ -89,6 +89,13 @@ bool CercaScaglione(const Parcella& Nota, double Valore)
     return Valore > 0 && (!Scelto || Fuori(*Scelto, Valore) || Indeterminato(*Scelto));
 }
 
+/// A note whose office and bracket stand in its file alone, because its reference database could not be read:
+/// there is nothing to choose from, and its amounts are looked at and printed all the same.
+bool SenzaElenchi(const Parcella& Nota)
+{
+    return Nota.Tariffa->Dichiarato && Nota.ListaAutorita.isEmpty() && Nota.ListaScaglioni.isEmpty();
+}
+
 /// What is said of a value that lies beyond the last bracket of a decree whose brackets end.
 QString OltreGliScaglioni(const Parcella& Nota)
 {
@@ -286,6 +293,8 @@ std::optional<Mancanza<CampoNota>> PrimaMancanza(const Parcella& Nota)
 {
     if (Nota.cmbCateg < 0)
         return Mancanza{u"Non è stata specificata la categoria della pratica!"_s, CampoNota::Categoria};
+    if (SenzaElenchi(Nota))
+        return std::nullopt;
     if (Nota.cmbAutor < 0 && Nota.CodCateg != Stragiudiziale)
         return Mancanza{u"Non è stato specificato il campo Autorità"_s, CampoNota::Autorita};
 

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void laCasellaDelleParti();
     void cambiareTariffaChiede();
     void larghezzeEBordi();
+    void senzaArchivioSiLeggeESiStampa();
 
 private:
     void Compila(int Categoria, int Ufficio, const QString& Valore);
@@ -400,6 +401,40 @@ void TestNote55::larghezzeEBordi()
     const auto* Cornice = qobject_cast<const QScrollArea*>(PaginaIn(F));
     QVERIFY(Cornice);
     QCOMPARE(Cornice->horizontalScrollBar()->maximum(), 0);
+}
+
+void TestNote55::senzaArchivioSiLeggeESiStampa()
+{
+    const QString File = T->Ufficio.File(u"nota.mdb"_s);
+    ScriviNota(File, Nota55ConFasi(CategCivile, IDTribunale55, u"30000"_s));
+    (void)T->Ufficio.TariffeProprie();  // a program folder with the first decree alone
+    const QString Frase =
+        u"L'archivio della tariffa D.m. 55/2014, parcelle55.mdb, manca dalla cartella del programma: gli "
+        u"importi delle "
+        u"parcelle restano quelli che sono, e senza l'archivio non si possono ricalcolare né salvare"_s;
+    const QString Rapporto = u"Errore: %1 (3024)"_s.arg(Frase);
+    F->SetModificata(false);
+    T->Voce.Attendi(Rapporto);  // one, whatever could not be read
+    ApriParcella(File, 0, {});
+    F = FinestraConFile(File);
+    QVERIFY(F);
+    QVERIFY(MostraAttiva(*F));
+    QCOMPARE(Controllo<QComboBox>(F, "cmbTariffa")->currentText(), u"D.m. 55/2014"_s);
+    QCOMPARE(Controllo<QLineEdit>(F, "txtImporto")->text(), u"30.000,00"_s);
+    T->Voce.Attendi(Rapporto);
+    ClicScheda(F, SchedaListaOnorari);
+    QCOMPARE(F->Scheda(), int(SchedaListaOnorari));
+    const QStringList Importi{u"1701"_s, u"1204"_s, u"1806"_s, u"2905"_s};
+    QCOMPARE(Testi(F->Nota.xOnorari, {OnoImporto}), Importi);
+    const QString Testo = Stampata(StampaPrenotula);
+    CONTIENE(Testo, u"Fase decisionale n. 1 2.905,00"_s);
+    CONTIENE(Testo, u"Onorari 7.616,00"_s);
+    const QByteArray Prima = LeggiFile(File);
+    T->Voce.AttendiSalva(File);
+    T->Voce.Attendi(u"Codice errore: 3024\n"_s + Frase);
+    QVERIFY(!F->SalvaParcella(false));
+    QCOMPARE(LeggiFile(File), Prima);
+    QCOMPARE(Testi(F->Nota.xOnorari, {OnoImporto}), Importi);
 }
 
 #include "TestNote55.moc"
