@@ -14,8 +14,11 @@
 #include "platform/system/impostazioni.h"
 
 #include <QApplication>
+#include <QPointer>
 #include <QStringList>
 #include <QTimer>
+
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -51,6 +54,17 @@ public:
         Orologio.setInterval(OgniMs);
         Collega(&Orologio, &QTimer::timeout, this, [this] { Passo(); });
     }
+
+    /// Takes the files of other starts from now on.
+    void Ascolta()
+    {
+        Ascolto = new Staffetta(
+            Impostazioni(), [this](const QString& File) { Aggiungi(File); }, this);
+        // Who ends takes nothing any more, while its windows still close.
+        connect(qApp, &QCoreApplication::aboutToQuit, Ascolto, &QObject::deleteLater);
+    }
+    /// False where another session does, or nobody can.
+    [[nodiscard]] bool InAscolto() const { return Ascolto && Ascolto->InAscolto(); }
 
     /// The session opens what it was begun for before anything else.
     void Aspetta(bool Ancora) { InAvvio = Ancora; }
@@ -88,16 +102,14 @@ private:
     QStringList Attesi;
     QTimer Orologio;
     bool InAvvio = false;
+    QPointer<Staffetta> Ascolto;
 };
 
 FileGiunti* AscoltaAltriAvvii()
 {
     auto* Giunti = new FileGiunti(qApp);
     Giunti->setObjectName(u"fileGiunti"_s);
-    auto* Ascolto = new Staffetta(
-        Impostazioni(), [Giunti](const QString& File) { Giunti->Aggiungi(File); }, Giunti);
-    // Who ends takes nothing any more, while its windows still close.
-    QObject::connect(qApp, &QCoreApplication::aboutToQuit, Ascolto, &QObject::deleteLater);
+    Giunti->Ascolta();
     return Giunti;
 }
 
@@ -113,10 +125,12 @@ bool ComeUnaSessione(const QString& RigaDiComando, const std::function<void()>& 
         return true;
     }
     // Others of the same moment wait for this one's turn to end, and ask it meanwhile.
-    TurnoStaffetta Turno(Impostazioni());
-    if (Turno.Passa(File))
+    auto Turno = std::make_unique<TurnoStaffetta>(Impostazioni());
+    if (Turno->Passa(File))
         return false;
     FileGiunti* Giunti = AscoltaAltriAvvii();
+    if (!Giunti->InAscolto())
+        Turno.reset();  // they would wait for an answer that nobody gives
     Giunti->Aspetta(true);
     Comincia();
     Giunti->Aspetta(false);

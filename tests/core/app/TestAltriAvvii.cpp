@@ -7,6 +7,7 @@
 #include "platform/network/staffetta.h"
 #include "platform/system/file.h"
 
+#include <QElapsedTimer>
 #include <QThread>
 
 #include <algorithm>
@@ -59,6 +60,7 @@ private Q_SLOTS:
     void treInsieme_data();
     void treInsieme();
     void cioCheEArrivatoLaTiene();
+    void doveNessunoPuoAscoltare();
 
 private:
     std::unique_ptr<Scena> S;
@@ -211,6 +213,25 @@ void TestAltriAvvii::cioCheEArrivatoLaTiene()
     QVERIFY(Preso);
     QTRY_COMPARE(Aperti, QStringList{Note + u"Però già € così.mdb"_s});
     QTRY_VERIFY2(S->Eventi.contains(u"fine"_s), "and no window came up");
+}
+
+/// Where no socket can be made each start opens its own file, and waits for none that stands before a
+/// message.
+void TestAltriAvvii::doveNessunoPuoAscoltare()
+{
+    ScriviFile(Note + u"rotta.mdb"_s, "no database");
+    // Longer than the name of a socket may be.
+    const QString Lunga = NuovaCartella() + u"x"_s.repeated(120);
+    CreaCartellaPrivata(Lunga);
+    const QMap<QString, QString> Ambiente{{u"XDG_RUNTIME_DIR"_s, Lunga}};
+    const ProgrammaVero Prima({u"rotta.mdb"_s}, Ambiente, Note);
+    QTest::qWait(500);
+    QElapsedTimer Tempo;
+    Tempo.start();
+    const ProgrammaVero Seconda({u"seconda.mdb"_s}, Ambiente, Note);
+    QTRY_VERIFY_WITH_TIMEOUT(Aperta(Note + u"seconda.mdb"_s), 2 * AttesaMs);
+    QVERIFY2(Tempo.elapsed() < 15000, "it has waited for its turn");
+    QVERIFY(!Prima.Finito() && !Seconda.Finito());
 }
 
 #include "TestAltriAvvii.moc"
