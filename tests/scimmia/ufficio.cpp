@@ -37,7 +37,7 @@ void Imposta(const QString& Chiave, const QString& Valore)
 void ArredaNote(const QString& Cartella)
 {
     CreaCartella(Cartella + u"Modelli"_s);
-    for (const QString& Nome : {u"civile"_s, u"penale"_s, u"stragiudiziale"_s}) {
+    for (const QString& Nome : {u"civile"_s, u"penale"_s, u"stragiudiziale"_s, u"tribunale55"_s}) {
         Parcella Nota = CreaDaDescrizione(LeggiFile(SorgenteDiProva(u"dati/esempi/"_s + Nome + u".json"_s)));
         ScriviNota(Cartella + Nome + u".mdb"_s, Nota);
         ScriviNota(Cartella + u"Modelli/"_s + Nome + u".mdb"_s, Nota, true);
@@ -177,6 +177,8 @@ void ArredaUfficio(const QString& Casa, quint32 Seme)
     Imposta(u"ArchivioCliCon"_s, Casa + u"Documenti/DatiStudio.mdb"_s);
     Imposta(u"CercaAgg"_s, Seme % 2 == 0 ? u"N"_s : u"S"_s);
     Imposta(u"ServerAggiornamenti"_s, u"http://127.0.0.1:9"_s);
+    // An office that has not chosen its tariff, and one of each kind that has.
+    Imposta(u"Tariffa"_s, QStringList{u""_s, u"55"_s, u"140"_s}.value(int(Seme % 3)));
 }
 
 QString RigaDiComandoDi(quint32 Seme, int Sessione)
