@@ -17,7 +17,7 @@ int Riga(Parcella& Nota, double Importo, double Min, double Medio, double Max, i
     return Nuova;
 }
 
-QList<double> Colonna(const Parcella& Nota, int Quale)
+QList<double> ImportiDi(const Parcella& Nota, int Quale)
 {
     QList<double> Valori;
     for (int i = 0; i < Nota.xOnorari.Righe(); ++i)
@@ -336,7 +336,7 @@ void TestGraduazione::confermaDiTutte()
     if (Posizione >= 0)
         SpostaGradua(Pannello, Posizione);
     QVERIFY(ConfermaModOno(Pannello, Nota.xOnorari));
-    QTEST(Colonna(Nota, OnoImporto), "Attesi");
+    QTEST(ImportiDi(Nota, OnoImporto), "Attesi");
     QVERIFY2(!Pannello.Tutti, "si torna a una riga sola");
 }
 
