@@ -1,5 +1,6 @@
 #include "guasti/banco.h"
 
+#include "platform/base/errore.h"
 #include "supporto/prova.h"
 
 #include <QDateTime>
@@ -335,6 +336,9 @@ Giudizio Banco::Giudica(const Guasto& Come, const Uscita& Vista, const QStringLi
         Questo.Taciuto = u"il disco ha rifiutato e non si dice"_s;
     if (!Detto && Questo.Rotto.isEmpty() && !InItaliano(Vista.Frasi))
         Questo.Muto = u"nessuna frase italiana"_s;
+    else if (!Detto && Cosa.DicePerche && std::strcmp(Come.Errore, "ENOSPC") == 0 &&
+             !Vista.Frasi.contains(DescrizioneErrore(errori::DiscoPieno)))
+        Questo.Muto = u"non dice che il disco è pieno"_s;
     if (Detto && Accanto.isEmpty())
         return Questo;
     // The next one finds its way free, and sweeps; it comes later.

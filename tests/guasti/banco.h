@@ -52,6 +52,8 @@ struct Scenario
     std::function<void(const Posto&)> Spazza = {};
     /// One of the selection that ctest runs.
     bool InBreve = false;
+    /// A disk without room is called so, whichever call has met it.
+    bool DicePerche = false;
     /// What is found is right although a flush has failed unnoticed: the file is no promise of the program.
     bool SenzaPromessa = false;
 };

@@ -66,7 +66,8 @@ Scenario Di(const QString& Fine, const QByteArray& Nota)
                     return Byte == *Giusto && Byte.size() > 1000 ? Trovato::Nuovo : Trovato::Rotto;
                 },
             .Ammessi = {u"documento\\."_s + Fine},
-            .InBreve = Fine == u"txt"};
+            .InBreve = Fine == u"txt",
+            .DicePerche = true};
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include <QFileInfo>
 #include <QTemporaryFile>
 
+#include <cerrno>
 #include <filesystem>
 
 #ifdef Q_OS_WIN
@@ -77,8 +78,9 @@ bool Bloccato(const QString& Nativo)
     return false;
 #else
     const int File = ::open(QFile::encodeName(Nativo).constData(), O_RDWR | O_CLOEXEC);
+    // A disk that fails keeps nobody's file; whoever writes next says what is wrong.
     if (File < 0)
-        return true;
+        return errno != ENOSPC && errno != EIO;
     // Programs lock in one of two ways that do not see each other, so both are asked.
     struct flock Blocco = {};
     Blocco.l_type = F_WRLCK;

@@ -49,8 +49,8 @@ private:
 /// True when a file can be created in the folder, judged by the permission bits (superuser too).
 [[nodiscard]] bool CartellaScrivibile(const QString& Cartella);
 
-/// Opens an existing file for exclusive writing; true when that fails, and when an office program has it
-/// open. A missing file is not in use.
+/// Opens an existing file for exclusive writing; true when that is refused, and when an office program has it
+/// open. A missing file is not in use, nor one whose disk fails.
 [[nodiscard]] bool FileInUso(const QString& Percorso);
 
 /// The whole file, at most `MassimoByte` bytes.
