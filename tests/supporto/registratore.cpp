@@ -66,8 +66,15 @@ Registratore::Registratore()
 Registratore::~Registratore()
 {
     InstallaMessaggi(std::move(Precedenti));
+    Sparecchia();
+}
+
+void Registratore::Sparecchia()
+{
     for (const Attesa& Rimasta : std::as_const(Attese))
         Fallisci(QStringLiteral("messaggio atteso e mai mostrato: ") + Rimasta.Testo + Rimasta.Digitato);
+    Attese.clear();
+    Visti.clear();
 }
 
 void Registratore::Attendi(const QString& Testo, int Risposta, const QString& Titolo)

@@ -45,6 +45,7 @@ class TestCelleGuaste : public QObject
 private Q_SLOTS:
     void init();
     void cleanup();
+    void cleanupTestCase() { T.reset(); }
     void rifiutata_data();
     void rifiutata();
     void accolta_data();
@@ -67,16 +68,26 @@ private:
     void IncollaInCella(const QString& Testo) const;
 
     std::unique_ptr<Tavolo> T;
+    QByteArray Funzione;
     frmParcelle* F = nullptr;
     Griglia* Righe = nullptr;
 };
 PROVA(TestCelleGuaste);
 
+/// The rows of one function share their window, with new lines in it.
 void TestCelleGuaste::init()
 {
-    T = std::make_unique<Tavolo>();
-    F = ApriSenzaRighe(*T);
-    QVERIFY(F);
+    if (T && Funzione != QTest::currentTestFunction())
+        T.reset();
+    Funzione = QTest::currentTestFunction();
+    if (!T) {
+        T = std::make_unique<Tavolo>();
+        F = ApriSenzaRighe(*T);
+        QVERIFY(F);
+    }
+    F->Nota.xOnorari.Azzera(OnoColonne);
+    F->Nota.xDiritti.Azzera(DirColonne);
+    F->Nota.xAcconti.Azzera(AccColonne);
     RigaOnorario(F->Nota, u"Studio"_s, 1200);
     RigaSpesa(F->Nota, 50.0, 27.0);
     F->Nota.xDiritti(0, DirQta) = u"1"_s;
@@ -86,7 +97,13 @@ void TestCelleGuaste::init()
 
 void TestCelleGuaste::cleanup()
 {
-    T.reset();
+    if (Righe && Righe->InModifica())
+        Premi(Qt::Key_Escape);
+    Righe = nullptr;
+    if (T)
+        T->Voce.Sparecchia();
+    if (QTest::currentTestFailed())
+        T.reset();
 }
 
 void TestCelleGuaste::Vai(const PostoCella& Dove)
