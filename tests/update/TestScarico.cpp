@@ -528,6 +528,7 @@ void TestScarico::uccisoDuranteIlTrasferimento()
     B->Annunciate(SoloTassi);
     QProcess Altro;
     QProcessEnvironment Ambiente = QProcessEnvironment::systemEnvironment();
+    Ambiente.insert(u"TMPDIR"_s, NuovaCartella());  // killed, it tidies nothing up
     Ambiente.insert(u"CALCANOVA_UCCISO"_s, sessione::UserFolder);
     Ambiente.insert(u"CALCANOVA_SERVER"_s, B->Server.Indirizzo(u"lento@tassi.dat"_s));
     Altro.setProcessEnvironment(Ambiente);
