@@ -193,8 +193,10 @@ void LoadOnoDir(Parcella& Nota, Catalogo& Voci)
         ApriCatalogo(*Nota.Tariffa, Nota.cmbCateg < 0 ? QString() : Nota.CodCateg, Nota.IDAutSelezionata());
     // A failed formula is told once: the note keeps what was recalculated before it, and is not asked again.
     if (Nota.RicalcoloNecessario && !Nota.xOnorari.Vuota() && Voci.datOno.Aperto() &&
-        Protetta([&] { RicalcolaOnorari(Nota, Voci); }))
+        Protetta([&] { RicalcolaOnorari(Nota, Voci); })) {
         Nota.RigheDaRicalcolare = false;
+        Nota.VariazioneTenuta = AumRidLibera;  // the lines are those of the option in force
+    }
     Nota.RicalcoloNecessario = false;
 }
 

@@ -61,9 +61,18 @@ void SelezionaAutoritaInSilenzio(Parcella& Nota, int Indice)
         return;
     Nota.cmbAutor = Indice;
     Nota.IdxAutorPrec = Indice;
+    Nota.AutoritaTenuta = {};
     // In criminal matters the court plays the role of the bracket.
     if (Nota.cmbCateg == IndicePenale)
         Nota.Scaglione = Nota.IDAutSelezionata();
+}
+
+/// What the file had chosen speaks of another category or decree.
+void LasciaTenute(Parcella& Nota)
+{
+    Nota.AutoritaTenuta = {};
+    Nota.ScaglioneTenuto = {};
+    Nota.VariazioneTenuta = AumRidLibera;
 }
 
 /// Index of the first bracket that holds the value, -1 for none.
@@ -175,6 +184,7 @@ void CambiaCategoria(Parcella& Nota, int Indice)
     const RapportiUnici UnaVolta;
     SegnaRicalcolo(Nota);
     Nota.CodCateg = Codice;
+    LasciaTenute(Nota);
     LoadAutorità(Nota, Codice);
     StatiPerCategoria(Nota);
     if (Codice == Stragiudiziale)
@@ -220,6 +230,7 @@ void CambiaAutorita(Parcella& Nota, int Indice)
         SegnaRicalcolo(Nota);
     }
     Nota.IdxAutorPrec = Indice;
+    Nota.AutoritaTenuta = {};
     // In criminal matters the court plays the role of the bracket.
     if (Nota.cmbCateg == IndicePenale)
         Nota.Scaglione = Nota.IDAutSelezionata();
@@ -253,6 +264,7 @@ bool CambiaScaglione(Parcella& Nota, int Indice)
     // box.
     Nota.ImportoPrec = Nuovo;
     Nota.Scaglione = Sca.NumSca;
+    Nota.ScaglioneTenuto = {};
     SegnaRicalcolo(Nota);
     Nota.IdxValorePrec = Indice;
     SetModificata(Nota, true);
@@ -286,6 +298,8 @@ void LasciaImporto(Parcella& Nota)
         ScriviImporto(Nota, ImpPrima);
         return;
     }
+    if (Nota.ImportoPrec != ImpPrima)
+        Nota.ScaglioneTenuto = {};  // it was that of the former value
     SetModificata(Nota, true);
 }
 
@@ -350,6 +364,7 @@ void SelezionaScaglioneInSilenzio(Parcella& Nota, int Indice)
     Nota.cmbValore = Indice;
     Nota.IdxValorePrec = Indice;
     Nota.Scaglione = Nota.ListaScaglioni[Indice].NumSca;
+    Nota.ScaglioneTenuto = {};
 }
 
 void ImpostaValoreInSilenzio(Parcella& Nota, double Valore)
@@ -371,6 +386,7 @@ void SelezionaInSilenzio(Parcella& Nota, int Categ, int Autor, int Valore)
     Nota.cmbCateg = Codice.isEmpty() ? NessunaVoce : Categ;
     Nota.CodCateg = Codice.isEmpty() ? Civile.toString() : Codice;
     Nota.Scaglione = 0;
+    LasciaTenute(Nota);
     const RapportiUnici UnaVolta;
     LoadAutorità(Nota, Nota.CodCateg);
     LoadScaglioni(Nota, Nota.CodCateg);
@@ -382,8 +398,23 @@ void SelezionaInSilenzio(Parcella& Nota, int Categ, int Autor, int Valore)
         SelezionaScaglioneInSilenzio(Nota, Valore);
 }
 
-void VerificaSelezioni(Parcella& Nota, int IDAut, int NumSca)
+namespace {
+
+/// Saved without it, a note opened while its lists were away would be without office and bracket for good.
+void TieniNonRisolte(Parcella& Nota, const SceltaTenuta& Ufficio, const SceltaTenuta& Fascia)
 {
+    if (Nota.cmbAutor == NessunaVoce)
+        Nota.AutoritaTenuta = Ufficio;
+    if (Nota.cmbValore == NessunaVoce && Nota.CodCateg != Penale)
+        Nota.ScaglioneTenuto = Fascia;
+}
+
+}  // namespace
+
+void VerificaSelezioni(Parcella& Nota, const SceltaTenuta& Ufficio, const SceltaTenuta& Fascia)
+{
+    const int IDAut = Ufficio.Numero;
+    const int NumSca = Fascia.Numero;
     const QString Coda = u"\nGli importi della parcella restano quelli salvati."_s;
     const auto Avvisa = [&](const QString& Che) {
         MsgBox(u"Attenzione, nell'archivio della tariffa %1 non c'è più %2 della parcella!"_s.arg(
@@ -405,6 +436,8 @@ void VerificaSelezioni(Parcella& Nota, int IDAut, int NumSca)
         if (Nota.cmbValore == NessunaVoce)
             Avvisa(u"lo scaglione"_s);
     }
+    if (Nota.Tariffa->Dichiarato)
+        TieniNonRisolte(Nota, Ufficio, Fascia);
 }
 
 // ---- another decree -----------------------------------------------------------------------------
@@ -455,6 +488,7 @@ void PortaSuTariffa(Parcella& Nota, const Decreto& Nuova)
 
     Nota.Tariffa = &Nuova;
     Nota.Scaglione = 0;
+    LasciaTenute(Nota);
     LoadAutorità(Nota, Nota.CodCateg);
     LoadScaglioni(Nota, Nota.CodCateg);
     LoadVariazioni(Nota);

@@ -79,8 +79,8 @@ void ImpostaValoreInSilenzio(Parcella& Nota, double Valore);
 void SelezionaScaglioneDelValore(Parcella& Nota);
 
 /// The office and the bracket that a file names by their numbers: a list that was edited since has them
-/// elsewhere. What it lacks is told and stays unselected. 0: the file names none.
-void VerificaSelezioni(Parcella& Nota, int IDAut, int NumSca);
+/// elsewhere. What it lacks is told, stays unselected and is kept for the next save.
+void VerificaSelezioni(Parcella& Nota, const SceltaTenuta& Ufficio, const SceltaTenuta& Fascia);
 
 /// What CambiaTariffa does, without a question and without marking the note: for one that is still being
 /// filled.

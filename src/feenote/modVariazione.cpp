@@ -91,6 +91,7 @@ Limiti LeggiLimiti(const QString& Testo)
 void ImpostaOpzione(Parcella& Nota, const OpzioneAumRid& Opzione)
 {
     const QString& Tag = Opzione.Limiti;
+    Nota.VariazioneTenuta = AumRidLibera;
     Nota.AumRidIdx = Opzione.Numero;
     Nota.AumRidLimiti = Tag.isEmpty() ? LimitiLiberi.toString() : Tag;
     Nota.cmbAumRidAbilitata = Tag.isEmpty();
@@ -99,8 +100,11 @@ void ImpostaOpzione(Parcella& Nota, const OpzioneAumRid& Opzione)
 
 void ImpostaVarP(Parcella& Nota, int VarP)
 {
-    if (VarP != Nota.AumRidVarP && !Nota.xOnorari.Vuota())
-        SegnaRicalcolo(Nota);
+    if (VarP != Nota.AumRidVarP) {
+        Nota.VariazioneTenuta = AumRidLibera;  // the percent was another option's
+        if (!Nota.xOnorari.Vuota())
+            SegnaRicalcolo(Nota);
+    }
     Nota.AumRidVarP = VarP;
 }
 
@@ -176,6 +180,8 @@ void CaricaVariazione(Parcella& Nota, int Indice, double VarP)
     const OpzioneAumRid* Opzione = OpzioneDi(Nota, Indice);
     const bool Offerta = Opzione && PerUfficio(*Opzione, Nota);
     ImpostaOpzione(Nota, Offerta ? *Opzione : Libera());
+    if (!Offerta && Nota.Tariffa->Dichiarato)
+        Nota.VariazioneTenuta = Indice;
     Nota.AumRidVarP = int(std::clamp(VarP, -999.0, 999.0));
     Nota.txtAumRid.Testo.clear();
     if (Nota.AumRidVarP != 0) {
@@ -189,6 +195,11 @@ void CaricaVariazione(Parcella& Nota, int Indice, double VarP)
                vbExclamation, TitoloAvvertenza.toString());
 }
 
+int VariazioneDelFile(const Parcella& Nota)
+{
+    return Nota.AumRidIdx == AumRidLibera ? Nota.VariazioneTenuta : Nota.AumRidIdx;
+}
+
 void LasciaVariazioneAltrui(Parcella& Nota)
 {
     const OpzioneAumRid* Opzione = OpzioneDi(Nota, Nota.AumRidIdx);
@@ -199,8 +210,14 @@ void LasciaVariazioneAltrui(Parcella& Nota)
 
 void ScegliAumRid(Parcella& Nota, int Indice)
 {
+    if (Indice == Nota.AumRidIdx) {
+        if (Nota.VariazioneTenuta != AumRidLibera)
+            SetModificata(Nota, true);
+        Nota.VariazioneTenuta = AumRidLibera;
+        return;
+    }
     const OpzioneAumRid* Opzione = OpzioneDi(Nota, Indice);
-    if (Indice != Nota.AumRidIdx && Opzione && PerUfficio(*Opzione, Nota))
+    if (Opzione && PerUfficio(*Opzione, Nota))
         ApplicaOpzione(Nota, *Opzione);
 }
 

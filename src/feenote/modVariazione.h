@@ -33,12 +33,17 @@ void AzzeraVariazione(Parcella& Nota);
 /// @param VarP signed percent, 0 none; cut to the whole and to 3 digits
 void CaricaVariazione(Parcella& Nota, int Indice, double VarP);
 
+/// The option that the note's file names: the one in force, or the one that the list lacks and the free one
+/// stands for.
+[[nodiscard]] int VariazioneDelFile(const Parcella& Nota);
+
 /// The note's authority or category is another one: an option that is not meant for it gives way to the free
 /// one, without a percent.
 void LasciaVariazioneAltrui(Parcella& Nota);
 
 /// An option was chosen: its range and first limit hold from now on. The one that stands already changes
-/// nothing: a click on it is no choice, and the percent typed for it is the user's.
+/// nothing: a click on it is no choice, and the percent typed for it is the user's. Only where the free one
+/// stands for an option that the list lacks does a click on it take its place in the file too.
 void ScegliAumRid(Parcella& Nota, int Indice);
 
 /// The text of the percent changed while typing. (Digits only.)

@@ -105,6 +105,16 @@ struct Rappresentante
     friend bool operator==(const Rappresentante&, const Rappresentante&) = default;
 };
 
+/// What a note's file has chosen from a list of the reference database.
+struct SceltaTenuta
+{
+    int Indice = NessunaVoce;  ///< its place in the list
+    int Numero = 0;            ///< its own number, which outlasts a list that is edited; 0: not kept
+
+    [[nodiscard]] bool Nominata() const { return Indice != NessunaVoce || Numero != 0; }
+    friend bool operator==(const SceltaTenuta&, const SceltaTenuta&) = default;
+};
+
 struct Parcella
 {
     // ---- parties and subject
@@ -125,6 +135,8 @@ struct Parcella
     int cmbValore = NessunaVoce;
     QList<Autorita> ListaAutorita;          ///< entries of cmbAutor
     QList<ScaglioneValore> ListaScaglioni;  ///< entries of cmbValore, at most 21
+    /// What the file names and the lists cannot give back: a save keeps it until something is chosen.
+    SceltaTenuta AutoritaTenuta, ScaglioneTenuto;
     bool cmbAutorAbilitata = false;
     bool cmbValoreAbilitata = false;
     Casella txtImporto;        ///< exact value of the case as shown, euro
@@ -143,9 +155,11 @@ struct Parcella
     QList<OpzioneAumRid> ListaVariazioni;  ///< of decree and category; empty: those that the program has
     QList<FasciaParti> ListaParti;         ///< what further parties add; empty: nothing
     int AumRidIdx = 5;                     ///< chosen element of optAumRid, by its number
-    int AumRidVarP = 0;                    ///< signed percent in force, 0 none
-    QString AumRidLimiti;                  ///< two limits in percent joined by ";", empty: any
-    int cmbAumRid = NessunaVoce;           ///< 0 "+", 1 "-"
+    /// The option that the file names and the list lacks, kept as AutoritaTenuta; the free one: none.
+    int VariazioneTenuta = 5;
+    int AumRidVarP = 0;           ///< signed percent in force, 0 none
+    QString AumRidLimiti;         ///< two limits in percent joined by ";", empty: any
+    int cmbAumRid = NessunaVoce;  ///< 0 "+", 1 "-"
     bool cmbAumRidAbilitata = true;
     Casella txtAumRid;
     int PartiAssistite = 1;  ///< parties that the note's lawyer assists

@@ -6,6 +6,7 @@
 #include "feenote/file/modPassword.h"
 #include "feenote/modDatiStampa.h"
 #include "feenote/modInterruttori.h"
+#include "feenote/modVariazione.h"
 #include "platform/base/errore.h"
 #include "platform/database/valori.h"
 
@@ -62,6 +63,12 @@ constexpr auto Doppio = TipoCampo::Doppio;
 constexpr auto Data = TipoCampo::Data;
 constexpr auto Testo = TipoCampo::Testo;
 constexpr auto Memo = TipoCampo::Memo;
+
+/// The place of what is chosen, or of what the file had chosen from a list that is not there.
+QVariant IndiceScelto(int Scelto, const SceltaTenuta& Tenuta)
+{
+    return Scelto == NessunaVoce ? Tenuta.Indice : Scelto;
+}
 
 /// A text of the print data, described in the group "stampa".
 template <DatoStampa Quale>
@@ -143,11 +150,11 @@ constexpr std::array Parametri{
                  [](NotaLetta& Letta, const QVariant& Valore) { Letta.Categ = Indice(Valore); }, u"categoria",
                  [](const Parcella& Nota) { return QJsonValue(Nota.CodCateg); }},
     ColonnaParam{u"Autor", Lungo, 0, Presenza::DaSempre,
-                 [](const Parcella& Nota) { return QVariant(Nota.cmbAutor); },
+                 [](const Parcella& Nota) { return IndiceScelto(Nota.cmbAutor, Nota.AutoritaTenuta); },
                  [](NotaLetta& Letta, const QVariant& Valore) { Letta.Autor = Indice(Valore); }, u"autorita",
                  [](const Parcella& Nota) { return QJsonValue(TestoAutorita(Nota)); }},
     ColonnaParam{u"Valore", Lungo, 0, Presenza::DaSempre,
-                 [](const Parcella& Nota) { return QVariant(Nota.cmbValore); },
+                 [](const Parcella& Nota) { return IndiceScelto(Nota.cmbValore, Nota.ScaglioneTenuto); },
                  [](NotaLetta& Letta, const QVariant& Valore) { Letta.Valore = Indice(Valore); },
                  u"scaglione", [](const Parcella& Nota) { return QJsonValue(TestoScaglione(Nota)); }},
     ColonnaParam{u"Importo", Doppio, 0, Presenza::DaSempre,
@@ -163,7 +170,7 @@ constexpr std::array Parametri{
                  [](NotaLetta& Letta, const QVariant& Valore) { Letta.AumRidVarP = NumeroDi(Valore); },
                  u"variazione/percento", [](const Parcella& Nota) { return QJsonValue(Nota.AumRidVarP); }},
     ColonnaParam{u"AumRidIdx", Lungo, 0, Presenza::DaSempre,
-                 [](const Parcella& Nota) { return QVariant(Nota.AumRidIdx); },
+                 [](const Parcella& Nota) { return QVariant(VariazioneDelFile(Nota)); },
                  [](NotaLetta& Letta, const QVariant& Valore) { Letta.AumRidIdx = Indice(Valore); },
                  u"variazione/opzione", [](const Parcella& Nota) { return QJsonValue(Nota.AumRidIdx); }},
     Dato<DatoTestoSuperiore>(u"Testo1", Memo, 0, u"stampa/testoSuperiore"),

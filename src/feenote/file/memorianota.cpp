@@ -114,13 +114,13 @@ QString SiglaTariffa(const Parcella& Nota)
 
 QString NumeroAutorita(const Parcella& Nota)
 {
-    return NumeroSe(Nota.IDAutSelezionata());
+    return NumeroSe(Nota.cmbAutor == NessunaVoce ? Nota.AutoritaTenuta.Numero : Nota.IDAutSelezionata());
 }
 
 QString NumeroScaglione(const Parcella& Nota)
 {
     const ScaglioneValore* Scelto = Nota.ScaglioneSelezionato();
-    return Scelto ? NumeroSe(Scelto->NumSca) : QString();
+    return NumeroSe(Scelto ? Scelto->NumSca : Nota.ScaglioneTenuto.Numero);
 }
 
 constexpr std::array Voci{

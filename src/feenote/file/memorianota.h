@@ -35,7 +35,7 @@ void ApplicaMemoriaDelTipo(Parcella& Nota, const MemoriaFile& Memoria);
 /// @throws Errore 1000 for one that this version does not know
 [[nodiscard]] const Decreto& TariffaDella(const MemoriaFile& Memoria);
 
-/// The office and the bracket of a note by their numbers, which outlast a list that is edited; 0: not kept.
+/// The office and the bracket of a note by their numbers; 0: not kept.
 struct SelezioniTenute
 {
     int IDAut = 0;

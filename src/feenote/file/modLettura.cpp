@@ -78,7 +78,7 @@ void ApplicaParametri(const NotaLetta& Letta, const MemoriaFile& Memoria)
 {
     const SelezioniTenute Tenute = SelezioniDella(Memoria);
     SelezionaInSilenzio(Letta.Nota, Letta.Categ, Letta.Autor, Letta.Valore);
-    VerificaSelezioni(Letta.Nota, Tenute.IDAut, Tenute.NumSca);
+    VerificaSelezioni(Letta.Nota, {Letta.Autor, Tenute.IDAut}, {Letta.Valore, Tenute.NumSca});
     ImpostaValoreInSilenzio(Letta.Nota, Letta.Importo);
     CaricaVariazione(Letta.Nota, Letta.AumRidIdx, Letta.AumRidVarP);
 }

@@ -34,6 +34,10 @@ private Q_SLOTS:
     void tariffaSconosciuta();
     void archivioInservibile_data();
     void archivioInservibile();
+    void senzaElenchiNullaSiPerde_data();
+    void senzaElenchiNullaSiPerde();
+    void laSceltaNuovaVale_data();
+    void laSceltaNuovaVale();
     void senzaLArchivioDelDodici();
     void elencoRitoccato();
     void autoritaTolta();
@@ -270,6 +274,134 @@ void TestTariffaNelFile::archivioInservibile()
     const QByteArray Prima = LeggiFile(File);
     QCOMPARE(DescrizioneErroreDi([&] { ScriviNota(File, Letta); }), Frase);
     QCOMPARE(LeggiFile(File), Prima);
+}
+
+void TestTariffaNelFile::senzaElenchiNullaSiPerde_data()
+{
+    QTest::addColumn<QString>("Sql");  // empty: the file goes
+    QTest::addColumn<bool>("DiRecupero");
+    QTest::newRow("missing") << QString() << false;
+    QTest::newRow("missing, recovery copy") << QString() << true;
+    QTest::newRow("older") << u"UPDATE Tariffa SET Versione=0"_s << false;
+    QTest::newRow("no offices") << u"DELETE FROM Autorità"_s << false;
+    QTest::newRow("no brackets") << u"DELETE FROM Scaglioni"_s << false;
+    QTest::newRow("without its office") << u"DELETE FROM Autorità WHERE IDAut=102"_s << false;
+    QTest::newRow("without its bracket")
+        << u"DELETE FROM Scaglioni WHERE Materia='C' AND NumSca=4"_s << false;
+    QTest::newRow("without its option") << u"DELETE FROM Variazioni WHERE IDVar=101"_s << false;
+    QTest::newRow("without options") << u"DROP TABLE Variazioni"_s << false;
+}
+
+void TestTariffaNelFile::senzaElenchiNullaSiPerde()
+{
+    QFETCH(QString, Sql);
+    QFETCH(bool, DiRecupero);
+    const Studio Suo;
+    const QString Archivio = Suo.File(u"parcelle55.mdb"_s);
+    const Database Tariffe = Tariffa55Propria(Suo);
+    QVERIFY(QFile::copy(Archivio, Archivio + u".buono"_s));
+    const QString File = Salvata(Suo, NotaScritta());
+    const MemoriaFile Prima = MemoriaDi(File);
+    if (!Sql.isEmpty())
+        Tariffe.Execute(Sql);
+    else
+        QVERIFY(QFile::remove(Archivio));
+    Registratore Voce;
+    Voce.Tollera();
+    Parcella Letta;
+    CaricaDati(Letta, File);
+
+    // The database is back, and the note is saved.
+    (void)QFile::remove(Archivio);
+    QVERIFY(QFile::copy(Archivio + u".buono"_s, Archivio));
+    QString Scritto = File;
+    if (DiRecupero) {
+        sessione::UserFolder = Suo.File(u"utente/"_s);
+        QVERIFY(QDir().mkpath(sessione::UserFolder));
+        AggiornaCopia(Letta, 1);
+        const QStringList Copie = QDir(sessione::UserFolder + u"recupero"_s).entryList({u"*.mdb"_s});
+        QCOMPARE(Copie.size(), 1);
+        Scritto = sessione::UserFolder + u"recupero/"_s + Copie.first();
+    } else {
+        ScriviNota(File, Letta);
+    }
+    const MemoriaFile Dopo = MemoriaDi(Scritto);
+    QCOMPARE(Dopo.value(u"Tariffa.Autorita"_s), u"102"_s);
+    QCOMPARE(Dopo.value(u"Tariffa.Scaglione"_s), u"4"_s);
+    QCOMPARE(Dopo.value(u"PartiAssistite"_s), u"3"_s);
+    QCOMPARE(Parametro(Scritto, u"AumRidIdx"_s).toInt(), Telematici);
+    Parcella Dinuovo;
+    CaricaDati(Dinuovo, Scritto);
+    QCOMPARE(Dinuovo.IDAutSelezionata(), IDTribunale55);
+    QCOMPARE(Dinuovo.Scaglione, 4);
+    QCOMPARE(Dinuovo.AumRidIdx, Telematici);
+    QCOMPARE(Dinuovo.AumRidVarP, 20);
+    if (DiRecupero) {
+        TogliCopia(1);
+        LasciaRecupero();
+    }
+}
+
+void TestTariffaNelFile::laSceltaNuovaVale_data()
+{
+    QTest::addColumn<QString>("Sql");
+    QTest::addColumn<QString>("Che");
+    QTest::newRow("another office") << u"DELETE FROM Autorità WHERE IDAut=102"_s << u"ufficio"_s;
+    QTest::newRow("another bracket") << u"DELETE FROM Scaglioni WHERE NumSca=4"_s << u"scaglione"_s;
+    QTest::newRow("another value") << u"DELETE FROM Scaglioni"_s << u"valore"_s;
+    QTest::newRow("another option") << u"DELETE FROM Variazioni WHERE IDVar=101"_s << u"opzione"_s;
+    QTest::newRow("the free option") << u"DELETE FROM Variazioni WHERE IDVar=101"_s << u"libera"_s;
+    QTest::newRow("another percent") << u"DELETE FROM Variazioni WHERE IDVar=101"_s << u"percento"_s;
+    QTest::newRow("recalculated") << u"DELETE FROM Variazioni WHERE IDVar=101"_s << u"ricalcolo"_s;
+    QTest::newRow("another category") << u"DELETE FROM Autorità"_s << u"categoria"_s;
+}
+
+void TestTariffaNelFile::laSceltaNuovaVale()
+{
+    QFETCH(QString, Sql);
+    QFETCH(QString, Che);
+    const Studio Suo;
+    const Database Tariffe = Tariffa55Propria(Suo);
+    const QString File = Salvata(Suo, NotaScritta());
+    Tariffe.Execute(Sql);
+    Registratore Voce;
+    Voce.Tollera();
+    Parcella Letta;
+    CaricaDati(Letta, File);
+    QVERIFY(!Letta.Modificata);
+    Letta.xOnorari = TabellaRighe{OnoColonne};
+    Catalogo Voci;
+    if (Che == u"ufficio")
+        CambiaAutorita(Letta, IndiceAutorita(Letta, IDGiudiceDiPace55));
+    else if (Che == u"scaglione")
+        QVERIFY(CambiaScaglione(Letta, 0));
+    else if (Che == u"valore")
+        ScriviValore(Letta, u"900"_s);
+    else if (Che == u"opzione")
+        ScegliAumRid(Letta, 103);
+    else if (Che == u"libera")
+        ScegliAumRid(Letta, AumRidLibera);
+    else if (Che == u"categoria")
+        CambiaCategoria(Letta, CategStragiudiziale);
+    else if (Che == u"percento") {
+        CambiaTestoAumRid(Letta, u"15"_s);
+        LasciaAumRid(Letta);
+    } else {
+        SegnaRicalcolo(Letta);
+        EntraOnorari(Letta, Voci);
+        SegnaRicalcolo(Letta);
+        EntraOnorari(Letta, Voci);
+    }
+    ScriviNota(File, Letta);
+    const MemoriaFile Dopo = MemoriaDi(File);
+    const auto Numero = [&Dopo](const QString& Nome) { return Dopo.value(u"Tariffa."_s + Nome).toInt(); };
+    QCOMPARE(Numero(u"Autorita"_s), Letta.IDAutSelezionata());
+    const ScaglioneValore* Scelto = Letta.ScaglioneSelezionato();
+    QCOMPARE(Numero(u"Scaglione"_s), Scelto ? Scelto->NumSca : 0);
+    QCOMPARE(Parametro(File, u"Autor"_s).toInt(), Letta.cmbAutor);
+    QCOMPARE(Parametro(File, u"Valore"_s).toInt(), Letta.cmbValore);
+    QCOMPARE(Parametro(File, u"AumRidIdx"_s).toInt(), Letta.AumRidIdx);
+    QVERIFY(Letta.Modificata || Che == u"ricalcolo");
 }
 
 void TestTariffaNelFile::senzaLArchivioDelDodici()
