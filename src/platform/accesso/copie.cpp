@@ -2,10 +2,12 @@
 
 #include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
+#include "platform/database/connessione.h"
 #include "platform/database/primariga.h"
 #include "platform/system/blocco.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
+#include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
@@ -92,6 +94,7 @@ bool EIntera(const QString& Copia)
 
 /// The same for a copy that another program is writing to just now, as when an old note gets its missing
 /// columns there: for a moment such a file is not as long as its head says. The engine's turn waits for that.
+/// The connection is one of its own, because the shared ones belong to the main thread.
 bool EInteraAlSuoTurno(const QString& Copia)
 {
     if (EIntera(Copia))
@@ -99,8 +102,9 @@ bool EInteraAlSuoTurno(const QString& Copia)
     if (!EsisteFile(Copia))
         return false;
     try {
-        const Database Db = OpenDatabase(Copia);
-        const Transazione Turno(Db);
+        Connessione Propria(Copia, Connessione::Modo::Scrittura);
+        Propria.Esegui(u"PRAGMA busy_timeout=%1"_s.arg(guasti::AttesaBlocchiMs));
+        const Blocco Turno(Propria);
         return EIntera(Copia);
     } catch (const Errore& Guasto) {
         return Guasto.Numero == errori::DatiBloccati;  // somebody is at it still: it is a copy that serves

@@ -4,6 +4,7 @@
 #include "platform/base/errore.h"
 #include "platform/system/blocco.h"
 #include "platform/system/file.h"
+#include "platform/system/guasti.h"
 #include "supporto/altroprogramma.h"
 #include "supporto/prova.h"
 #include "supporto/scrittoreaccess.h"
@@ -219,6 +220,33 @@ private Q_SLOTS:
         QCOMPARE(Tenute().size(), 6);
         for (int i = 0; i < 6; ++i)
             QCOMPARE(Nominativo(File[i]), u"Nome %1"_s.arg(i));
+    }
+
+    /// What the main thread is writing to a copy is neither touched by another thread nor taken for damage.
+    void unFiloViScrive()
+    {
+        const QScopedValueRollback Poco(guasti::AttesaBlocchiMs, 50);
+        const QString Copia = CopiaNativa(Archivio);
+        const qint64 Lunga = QFileInfo(Copia).size();
+        const Database Db = OpenDatabase(Copia);
+        Transazione Tutto(Db);
+        // More than the engine keeps in memory.
+        for (int i = 0; i < 200; ++i)
+            Db.Execute(u"INSERT INTO clienti (Nominativo) VALUES (?)"_s, {u"x"_s.repeated(50'000)});
+        QVERIFY2(QFileInfo(Copia).size() > Lunga, "the file has not grown");
+        QString Avuta;
+        std::thread Filo([&] {
+            try {
+                const QScopedValueRollback Senza(accesso::Programma, u"/bin/false"_s);
+                Avuta = CopiaNativa(Archivio);
+            } catch (const Errore& Guasto) {
+                Avuta = Guasto.Descrizione;
+            }
+        });
+        Filo.join();
+        QCOMPARE(Avuta, Copia);
+        Tutto.Conferma();
+        QCOMPARE(ApriArchivio(Archivio).OpenRecordset(u"clienti"_s).RecordCount(), 201);
     }
 
     /// Another program makes the copy: this one waits for it, and makes none of its own.
