@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -116,42 +117,90 @@ QJsonObject Registro(const QString& Archivio, const Coppia& Quale)
     }
 }
 
+/// A file that is no archive any more, or another one: nobody can have left it so by an import. One that is
+/// only locked, or that the disk does not give, may still be it.
+bool NonEQuello(const Errore& Guasto)
+{
+    constexpr std::array Numeri{errori::FormatoDatabase, errori::DatabaseMancante, errori::TabellaMancante,
+                                errori::CampoSconosciuto};
+    return std::ranges::find(Numeri, Guasto.Numero) != Numeri.end();
+}
+
 /// The archive is as the import of this record has left it: nobody has written to it since, and the rows are
 /// those. The record of an import that was not confirmed speaks of rows that are not there.
+/// @throws Errore of an archive that cannot be read now, as OpenDatabase and Recordset::Scorri
 bool ComeAllora(const QString& Archivio, const QJsonObject& Detto)
 {
-    if (Detto.isEmpty() ||
-        Scritture(InizioDelFile(Archivio, ByteTestata)) != Detto[u"scritture"_s].toInteger(-1))
+    if (Detto.isEmpty())
         return false;
     try {
-        return ImprontaRighe(OpenDatabase(Archivio, true), Detto[u"tabella"_s].toString()) ==
-               Detto[u"righe"_s].toString();
-    } catch (const Errore&) {
-        return false;  // an archive that cannot be read is none that was left so
+        const Database Db = OpenDatabase(Archivio, true);
+        return Scritture(InizioDelFile(Archivio, ByteTestata)) == Detto[u"scritture"_s].toInteger(-1) &&
+               ImprontaRighe(Db, Detto[u"tabella"_s].toString()) == Detto[u"righe"_s].toString();
+    } catch (const Errore& Guasto) {
+        if (!NonEQuello(Guasto))
+            throw;
+        return false;
     }
 }
 
 /// The place of the last import: that which has left the archive as it is; where somebody has written since,
 /// the older one, because the younger one may never have been confirmed. The first place where there is none.
+/// @throws Errore as ComeAllora, when only the archive could say which of two it is
 size_t PostoUltimo(const QString& Archivio)
 {
     const std::array<Coppia, 2> Tutti = Posti(Archivio);
     const std::array Detti{Registro(Archivio, Tutti[0]), Registro(Archivio, Tutti[1])};
+    if (Detti[0].isEmpty() || Detti[1].isEmpty())
+        return Detti[0].isEmpty() && !Detti[1].isEmpty() ? 1 : 0;
     for (size_t i = 0; i < Tutti.size(); ++i)
         if (ComeAllora(Archivio, Detti[i]))
             return i;
-    if (Detti[0].isEmpty() || Detti[1].isEmpty())
-        return Detti[0].isEmpty() && !Detti[1].isEmpty() ? 1 : 0;
     return Detti[1][u"quando"_s].toString() < Detti[0][u"quando"_s].toString() ? 1 : 0;
 }
+
+/// The turn, which one program at a time has for an archive.
+/// @throws Errore NumeroFileRifiutato when another program has it
+void PrendiTurno(FileBlocco& Turno)
+{
+    constexpr int AttesaMs = 2000;  // longer than the lock counts that a killed program has left unsigned
+    if (Turno.Prendi(AttesaMs) == FileBlocco::Esito::Altrui)
+        RifiutaFile(u"Un altro programma sta importando nello stesso archivio: riprovare fra poco."_s);
+}
+
+QString FileDelTurno(const QString& Archivio)
+{
+    return FileVero(Archivio) + u".prima.blocco"_s;
+}
+
+/// Keeps everybody from writing to an archive. Who waits for it meanwhile is refused if the file has been
+/// replaced when his turn comes: the engine writes to none that has lost its name.
+class ArchivioFermo
+{
+public:
+    /// @throws Errore 3260 when somebody is writing to it, and as OpenDatabase
+    explicit ArchivioFermo(const QString& Archivio)
+    {
+        try {
+            Db = OpenDatabase(Archivio);
+            Sola.emplace(Db);
+        } catch (const Errore& Guasto) {
+            // To a file that is no archive, or a read-only one, nobody writes.
+            if (!NonEQuello(Guasto) && Guasto.Numero != errori::DatabaseSolaLettura)
+                throw;
+        }
+    }
+
+private:
+    Database Db;
+    std::optional<Transazione> Sola;
+};
 
 }  // namespace
 
 struct CopiaDiPrima::Stato
 {
-    explicit Stato(const QString& DiArchivio)
-        : Archivio(DiArchivio), Turno(FileVero(DiArchivio) + u".prima.blocco"_s)
-    {}
+    explicit Stato(const QString& DiArchivio) : Archivio(DiArchivio), Turno(FileDelTurno(DiArchivio)) {}
     [[nodiscard]] Coppia Mia() const { return Posti(Archivio)[Posto]; }
 
     QString Archivio;
@@ -164,9 +213,7 @@ struct CopiaDiPrima::Stato
 
 CopiaDiPrima::CopiaDiPrima(const QString& DiArchivio) : Dati(std::make_unique<Stato>(DiArchivio))
 {
-    constexpr int AttesaMs = 2000;  // longer than the lock counts that a killed program has left unsigned
-    if (Dati->Turno.Prendi(AttesaMs) == FileBlocco::Esito::Altrui)
-        RifiutaFile(u"Un altro programma sta importando nello stesso archivio: riprovare fra poco."_s);
+    PrendiTurno(Dati->Turno);
     // What an interrupted import has left goes; the last one stays.
     Dati->Posto = 1 - PostoUltimo(DiArchivio);
     Scarta(Dati->Mia());
@@ -188,8 +235,12 @@ CopiaDiPrima::~CopiaDiPrima()
     if (!Dati->Presa || Dati->Tenuta)
         return;
     // Something has failed behind the confirmation: the way back is needed all the same.
-    if (!Dati->Annunciata || !ComeAllora(Dati->Archivio, Registro(Dati->Archivio, Dati->Mia())))
-        Scarta(Dati->Mia());
+    try {
+        if (!Dati->Annunciata || !ComeAllora(Dati->Archivio, Registro(Dati->Archivio, Dati->Mia())))
+            Scarta(Dati->Mia());
+    } catch (const Errore&) {
+        return;  // nobody can say now whether it is needed: the next import finds out
+    }
 }
 
 void CopiaDiPrima::Annuncia(const Database& InScrittura, const ImportazioneFatta& Fatta)
@@ -232,9 +283,12 @@ std::optional<ImportazioneFatta> UltimaImportazione(const QString& Archivio)
 
 void AnnullaImportazione(const QString& Archivio)
 {
-    const Coppia Quale = Posti(Archivio)[PostoUltimo(Archivio)];
-    const QJsonObject Detto = Registro(Archivio, Quale);
-    const QString Copia = Quale.Copia;
+    FileBlocco Turno(FileDelTurno(Archivio));
+    PrendiTurno(Turno);
+    const ArchivioFermo Fermo(Archivio);
+    const Coppia Ultima = Posti(Archivio)[PostoUltimo(Archivio)];
+    const QJsonObject Detto = Registro(Archivio, Ultima);
+    const QString Copia = Ultima.Copia;
     if (Detto.isEmpty())
         RifiutaFile(u"Non c'è un'importazione da annullare."_s);
     if (!ComeAllora(Archivio, Detto))
@@ -246,5 +300,5 @@ void AnnullaImportazione(const QString& Archivio)
     DaiPermessi(Copia, Archivio, Lettori::Tutti);
     ScriviSulDisco(Copia);
     SostituisciFile(Copia, FileVero(Archivio));
-    ScartaFile(Quale.Registro);
+    ScartaFile(Ultima.Registro);
 }

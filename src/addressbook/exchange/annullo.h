@@ -31,7 +31,8 @@ class CopiaDiPrima
 public:
     /// Takes the turn, which one program at a time has for an archive, and sweeps what interrupted imports
     /// have left; nothing is copied yet.
-    /// @throws Errore NumeroFileRifiutato when another program imports into the archive
+    /// @throws Errore NumeroFileRifiutato when another program imports into the archive, and as OpenDatabase
+    /// when the archive cannot be read and only it could say which copy is the last one
     explicit CopiaDiPrima(const QString& DiArchivio);
     ~CopiaDiPrima();
     CopiaDiPrima(const CopiaDiPrima&) = delete;
@@ -52,10 +53,12 @@ private:
 };
 
 /// The last import into an archive that can be undone, or could have been; none where no copy is kept.
+/// @throws Errore as OpenDatabase when the archive cannot be read and only it could say which copy that is
 [[nodiscard]] std::optional<ImportazioneFatta> UltimaImportazione(const QString& Archivio);
 
 /// Puts the archive back as it was, byte for byte; the copy is used up. Whoever has the archive open opens it
-/// anew.
+/// anew. Nobody imports into the archive or writes to it meanwhile.
 /// @throws Errore NumeroFileRifiutato when the archive is not as the import has left it, or the copy not as
-/// it was taken: both stay
+/// it was taken, or another program imports into it; 3260 when somebody writes to it, and as OpenDatabase
+/// when it cannot be read: all stays
 void AnnullaImportazione(const QString& Archivio);

@@ -201,7 +201,8 @@ void frmImporta::MostraModo()
 /// The last import into the archive in use, and its way back.
 void frmImporta::MostraUltima()
 {
-    const auto Ultima = UltimaImportazione(Archivio());
+    std::optional<ImportazioneFatta> Ultima;
+    (void)Tenta([&] { Ultima = UltimaImportazione(Archivio()); });
     ui->fraUltima->setVisible(Ultima.has_value());
     if (!Ultima)
         return;
