@@ -110,7 +110,7 @@ std::optional<Terna> LeggiTerna(const Recordset& Voce, const Parametri& Caso)
     const int NVoce = int(NumeroDi(CStr(Voce.Value(u"NVoce"_s))));
     const bool Rifiutata =
         Caso.Categ == Civile && (NVoce == 19 || NVoce == 20) && Caso.Numero() == ScaglioneIndeterminato;
-    if (Rifiutata || SenzaImporto(Voce, Caso.Numero()))
+    if (Rifiutata || NonPrevista(Caso.Legge, Caso.Categ, Voce, Caso.Numero()))
         return std::nullopt;
     Terna Letta;
     if (Caso.Categ == Stragiudiziale) {

@@ -12,6 +12,9 @@
 #include <QHash>
 #include <QSet>
 
+#include <algorithm>
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -102,9 +105,9 @@ void Varia(const Parcella& Nota, DatiOnorario& Dati)
 }
 
 /// True for an item of the tariff that has no amount for the bracket, or the court, of the note.
-bool NonPrevista(const Parcella& Nota, const Recordset& Voce, int NVoce)
+bool NonPrevista(const Parcella& Nota, const Recordset& Voce)
 {
-    return NVoce != VoceLibera && SenzaImporto(Voce, Nota.Scaglione);
+    return ::NonPrevista(*Nota.Tariffa, Nota.CodCateg, Voce, Nota.Scaglione);
 }
 
 /// Where an item has no amount: in criminal matters the court plays the role of the bracket.
@@ -162,6 +165,18 @@ int AddModOnor(Parcella& Nota, const DatiOnorario& Dati, int Riga, std::optional
     return Destinazione;
 }
 
+bool NonPrevista(const Decreto& Legge, QStringView Categ, const Recordset& Voce, int Scaglione)
+{
+    if (!Legge.Dichiarato || NumeroVoce(Voce) == VoceLibera)
+        return false;
+    if (Categ == Stragiudiziale)
+        return SenzaImporto(Voce, Scaglione);
+    constexpr std::array<QStringView, 3> Importi{u"Med", u"Min", u"Max"};
+    return std::ranges::any_of(Importi, [&](QStringView Nome) {
+        return !Voce.Value(QString::number(Scaglione) + Nome.toString()).isValid();
+    });
+}
+
 double Medio(double Min, double Max)
 {
     return Max > 0 ? Arrotonda2(Min + (Max - Min) / 2) : 0.0;
@@ -217,7 +232,7 @@ int PrecaricaOnorari(Parcella& Nota, Catalogo& Voci)
         // As text: "95" stands above "900" and is left to the user.
         if (Voci.datOno.Value(u"NVoce"_s, QString()).toString() >= u"900")
             continue;
-        if (SenzaImporto(Voci.datOno, Nota.Scaglione)) {
+        if (NonPrevista(Nota, Voci.datOno)) {
             ++Saltate;
             continue;
         }
@@ -249,7 +264,7 @@ bool InserzioneAmmessa(const Parcella& Nota, const Recordset& Voce, int NVoce, b
                   u"indeterminato!"_s);
         return false;
     }
-    if (NonPrevista(Nota, Voce, NVoce)) {
+    if (NonPrevista(Nota, Voce)) {
         MsgErrore(u"L'onorario "_s + Descrizione(Voce) + u" non è previsto "_s + DoveNonPrevista(Nota));
         return false;
     }
@@ -353,7 +368,7 @@ private:
         Voci.FindFirst(Criterio);
         if (Voci.NoMatch())
             return std::nullopt;
-        if (NonPrevista(Nota, Voci, NumeroVoce(Voci)))
+        if (NonPrevista(Nota, Voci))
             return VoceTrovata{NumeroVoce(Voci), std::nullopt};
         return VoceTrovata{NumeroVoce(Voci), TernaPerRicalcolo(Nota, Voci)};
     }

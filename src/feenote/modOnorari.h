@@ -37,6 +37,11 @@ constexpr int RigaConBase = 1000;
 /// @throws Errore 9 when the row does not exist
 int AddModOnor(Parcella& Nota, const DatiOnorario& Dati, int Riga, std::optional<int> Corrente = {});
 
+/// True for an item of a category that a declared decree has no amount for: one of the bracket's three is
+/// Null; out of court, where the medium is reckoned, both ends are. The other decree foresees every item:
+/// there a Null counts 0. Never true for the free item. @throws Errore 3265 when the table has no such column
+[[nodiscard]] bool NonPrevista(const Decreto& Legge, QStringView Categ, const Recordset& Voce, int Scaglione);
+
 /// The amount halfway between minimum and maximum, to 2 decimals away from zero; 0 unless Max is above 0.
 [[nodiscard]] double Medio(double Min, double Max);
 

@@ -26,6 +26,8 @@ private Q_SLOTS:
     void comeInParcella();
     void tuttiInsieme();
     void perUnoScript();
+    void importoNullo_data();
+    void importoNullo();
     void tariffaGuasta_data();
     void tariffaGuasta();
 };
@@ -283,6 +285,41 @@ void TestCliVoci::perUnoScript()
     QCOMPARE(Voci[0][u"quantita"_s].toBool(), false);
     QCOMPARE(Voci[4][u"quantita"_s].toBool(), true);
     QVERIFY(!Record(ConTariffa(u"PEN~138~"_s)).contains(u"scaglione"_s));
+}
+
+void TestCliVoci::importoNullo_data()
+{
+    QTest::addColumn<QString>("Sigla");
+    QTest::addColumn<QString>("File");
+    QTest::addColumn<QString>("Sql");
+    QTest::addColumn<QString>("Ufficio");
+    QTest::addColumn<QString>("Attesa");
+    QTest::newRow("2012: counts 0")
+        << u"140"_s << u"parcelle.mdb"_s
+        << u"UPDATE OnorariCiv SET \"3Med\"=NULL, \"3Min\"=NULL, \"3Max\"=NULL WHERE IDAutor=2 AND CodOno=3"_s
+        << u"2"_s << u"3|Fase istruttoria|0,00|0,00|0,00"_s;
+    QTest::newRow("in force: one that lacks is as good as none")
+        << u"55"_s << u"parcelle55.mdb"_s
+        << u"UPDATE OnorariCiv SET \"4Med\"=NULL WHERE IDAutor=102 AND CodOno=303"_s << u"102"_s
+        << u"303|Fase istruttoria e/o di trattazione|non prevista"_s;
+}
+
+/// A catalogue that was edited by hand is read as a note reads it.
+void TestCliVoci::importoNullo()
+{
+    QFETCH(QString, Sigla);
+    QFETCH(QString, File);
+    QFETCH(QString, Sql);
+    QFETCH(QString, Ufficio);
+    QFETCH(QString, Attesa);
+    const QString Programma = NuovaCartella();
+    QVERIFY(QFile::copy(ProgrammaDiProva() + File, Programma + File));
+    QVERIFY(QFile::setPermissions(Programma + File, QFile::ReadOwner | QFile::WriteOwner));
+    OpenDatabase(Programma + File).Execute(Sql);
+    const Esito Avuto = Chiama(
+        {u"--programma"_s, Programma, u"--tariffa"_s, Sigla, u"voci"_s, u"CIV"_s, Ufficio, u"30000"_s});
+    QCOMPARE(Avuto.Guasti, QString());
+    QVERIFY2(Avuto.Uscita.split(u'\n').contains(Attesa), qPrintable(Avuto.Uscita));
 }
 
 void TestCliVoci::tariffaGuasta_data()

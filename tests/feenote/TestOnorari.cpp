@@ -59,6 +59,7 @@ private Q_SLOTS:
     void ricalcoloStragiudiziale();
     void ricalcoloSaltaLeVociFuoriTariffa();
     void ricalcoloVoceNonPrevista();
+    void importiNulliValgonoZero();
     void righePiuVecchieDeiParametri();
     void righeNuoveNonSonoVecchie();
     void rifiutoNonLasciaRigheVecchie();
@@ -541,6 +542,28 @@ void TestOnorari::ricalcoloVoceNonPrevista()
     QCOMPARE(Importi(Nota, 1), Euro({1200, 1200, 600, 1920}));
     // The catalogue on screen keeps its place.
     QCOMPARE(Voci.datOno.Value(u"CodOno"_s).toInt(), 1);
+}
+
+/// D.m. 140/2012 foresees all its items: one whose amounts were emptied by hand goes in with 0.
+void TestOnorari::importiNulliValgonoZero()
+{
+    const Studio Ufficio;
+    Parcella Nota = NotaCivile();
+    const QString Numero = QString::number(Nota.Scaglione);
+    Ufficio.TariffeProprie().Execute(
+        u"UPDATE OnorariCiv SET \"%1Med\"=NULL, \"%1Min\"=NULL, \"%1Max\"=NULL WHERE IDAutor=2 AND CodOno=3"_s
+            .arg(Numero));
+    Registratore Messaggi;
+    Catalogo Voci;
+    QCOMPARE(EntraOnorari(Nota, Voci), 4);
+    QCOMPARE(Importi(Nota, 2), Euro({0, 0, 0, 0}));
+    Nota.xOnorari(2, OnoImporto) = 55;
+    Nota.RicalcoloNecessario = true;
+    LoadOnoDir(Nota, Voci);
+    QCOMPARE(Importi(Nota, 2), Euro({0, 0, 0, 0}));
+    Nota.xOnorari.Azzera(OnoColonne);
+    QCOMPARE(InserisciOnorario(Nota, CatalogoSu(Nota, 3)), std::optional(0));
+    QCOMPARE(Importi(Nota, 0), Euro({0, 0, 0, 0}));
 }
 
 void TestOnorari::righePiuVecchieDeiParametri()

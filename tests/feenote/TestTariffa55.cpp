@@ -26,6 +26,9 @@ private Q_SLOTS:
     void valoriIndeterminati();
     void voceSenzaImportoNelloScaglione();
     void ricalcoloSenzaImporto();
+    void importoCheManca_data();
+    void importoCheManca();
+    void stragiudizialeSenzaUnEstremo();
     void faseCheIlGiudiceNonHa();
     void graduaAiCentesimi_data();
     void graduaAiCentesimi();
@@ -265,6 +268,54 @@ void TestTariffa55::ricalcoloSenzaImporto()
     Catalogo Voci;
     EntraOnorari(Nota, Voci);
     QCOMPARE(Colonna(Nota, OnoImporto), Prima);
+}
+
+void TestTariffa55::importoCheManca_data()
+{
+    QTest::addColumn<int>("Categoria");
+    QTest::addColumn<QString>("Colonna");
+    for (const auto* Importo : {"Med", "Min", "Max"}) {
+        QTest::addRow("civil, %s", Importo) << int(CategCivile) << u"4"_s + QLatin1String(Importo);
+        QTest::addRow("criminal, %s", Importo) << int(CategPenale) << u"138"_s + QLatin1String(Importo);
+    }
+}
+
+/// A table that was edited by hand: one amount of the three that lacks is as good as none.
+void TestTariffa55::importoCheManca()
+{
+    QFETCH(int, Categoria);
+    QFETCH(QString, Colonna);
+    const bool DiCausa = Categoria == CategCivile;
+    const Studio Suo;
+    Tariffa55Propria(Suo).Execute(
+        (DiCausa ? u"UPDATE OnorariCiv SET \"%1\"=NULL WHERE CodOno=301 AND IDAutor=102"_s
+                 : u"UPDATE OnorariPen SET \"%1\"=NULL WHERE IDOno=401"_s)
+            .arg(Colonna));
+    Registratore Voce;
+    Parcella Nota =
+        Nota55(Categoria, DiCausa ? IDTribunale55 : IDMonocratico55, DiCausa ? u"30000"_s : QString());
+    Catalogo Voci;
+    QCOMPARE(EntraOnorari(Nota, Voci), 3);  // the other phases
+    QVERIFY(VaiAVoce(Voci, DiCausa ? 301 : 401));
+    Voce.Attendi(
+        u"L'onorario Fase di studio della controversia non è previsto per %1 nella tariffa D.m. 55/2014!"_s
+            .arg(DiCausa ? u"lo scaglione selezionato" : u"l'autorità selezionata"));
+    QVERIFY(!InserisciOnorario(Nota, Voci));
+    QCOMPARE(Nota.xOnorari.Righe(), 3);
+}
+
+void TestTariffa55::stragiudizialeSenzaUnEstremo()
+{
+    const Studio Suo;
+    Tariffa55Propria(Suo).Execute(u"UPDATE OnorariStra SET \"3Min\"=NULL WHERE IDOno=501"_s);
+    Registratore Voce;
+    Voce.Tollera();  // what the evaluator says of no formula
+    Parcella Nota = Nota55(CategStragiudiziale, IDStragiudiziale55, u"20000"_s);
+    Catalogo Voci;
+    EntraOnorari(Nota, Voci);
+    QVERIFY(VaiAVoce(Voci, 501));
+    QVERIFY(InserisciOnorario(Nota, Voci));
+    QCOMPARE(Centesimi(Nota.xOnorari(0, OnoMax)), qint64(297750));
 }
 
 void TestTariffa55::faseCheIlGiudiceNonHa()
