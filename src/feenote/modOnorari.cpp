@@ -259,7 +259,7 @@ namespace {
 bool InserzioneAmmessa(const Parcella& Nota, const Recordset& Voce, int NVoce, bool Chiedi)
 {
     if (Nota.CodCateg == Civile && (NVoce == VoceIngiunzione || NVoce == VocePrecetto) &&
-        ValoreIndeterminato(Nota)) {
+        Nota.Scaglione == ScaglioneIndeterminato) {
         MsgErrore(u"Per il procedimento di ingiunzione e per gli atti precetto il valore non può essere "
                   u"indeterminato!"_s);
         return false;

@@ -132,12 +132,6 @@ bool Indeterminato(const ScaglioneValore& Sca)
     return Sca.DesVal.left(20) == u"Valore Indeterminato";
 }
 
-bool ValoreIndeterminato(const Parcella& Nota)
-{
-    const ScaglioneValore* Scelto = Nota.ScaglioneSelezionato();
-    return Nota.Scaglione == ScaglioneIndeterminato || (Scelto && Indeterminato(*Scelto));
-}
-
 void LoadAutorità(Parcella& Nota, const QString& Cat)
 {
     Nota.cmbAutor = NessunaVoce;

@@ -88,5 +88,3 @@ void PortaSuTariffa(Parcella& Nota, const Decreto& Nuova);
 
 /// True for a bracket of undetermined value, told by the first 20 characters of its text.
 [[nodiscard]] bool Indeterminato(const ScaglioneValore& Sca);
-/// True while the value of a civil note is undetermined, by the number of its bracket or by its text.
-[[nodiscard]] bool ValoreIndeterminato(const Parcella& Nota);

@@ -29,6 +29,8 @@ private Q_SLOTS:
     void importoCheManca_data();
     void importoCheManca();
     void stragiudizialeSenzaUnEstremo();
+    void rifiutoPerNumeroDelloScaglione_data();
+    void rifiutoPerNumeroDelloScaglione();
     void faseCheIlGiudiceNonHa();
     void graduaAiCentesimi_data();
     void graduaAiCentesimi();
@@ -218,7 +220,6 @@ void TestTariffa55::valoriIndeterminati()
         QVERIFY(CambiaScaglione(Nota, int(Trovato - Nota.ListaScaglioni.begin())));
         QVERIFY(Nota.txtImporto.Testo.isEmpty());
         QCOMPARE(Nota.Scaglione, Numero);
-        QVERIFY(ValoreIndeterminato(Nota));
         QVERIFY(CheckOK(Nota, true));
         Parcella Copia = Nota;
         Catalogo Voci;
@@ -316,6 +317,36 @@ void TestTariffa55::stragiudizialeSenzaUnEstremo()
     QVERIFY(VaiAVoce(Voci, 501));
     QVERIFY(InserisciOnorario(Nota, Voci));
     QCOMPARE(Centesimi(Nota.xOnorari(0, OnoMax)), qint64(297750));
+}
+
+void TestTariffa55::rifiutoPerNumeroDelloScaglione_data()
+{
+    QTest::addColumn<int>("Scaglione");
+    QTest::addColumn<bool>("Rifiutata");
+    QTest::newRow("the bracket of the rule") << 8 << true;
+    QTest::newRow("undetermined by its text") << 13 << false;
+    QTest::newRow("of particular importance") << 14 << false;
+    QTest::newRow("of a value") << 4 << false;
+}
+
+/// Items 19 and 20 refuse one bracket, by its number.
+void TestTariffa55::rifiutoPerNumeroDelloScaglione()
+{
+    QFETCH(int, Scaglione);
+    QFETCH(bool, Rifiutata);
+    const Studio Suo;
+    Tariffa55Propria(Suo).Execute(u"UPDATE OnorariCiv SET NVoce='19' WHERE CodOno=301 AND IDAutor=102"_s);
+    Registratore Voce;
+    Parcella Nota = Nota55(CategCivile, IDTribunale55, u"30000"_s);
+    const auto Trovato = std::ranges::find(Nota.ListaScaglioni, Scaglione, &ScaglioneValore::NumSca);
+    QVERIFY(CambiaScaglione(Nota, int(Trovato - Nota.ListaScaglioni.begin())));
+    Catalogo Voci;
+    LoadOnoDir(Nota, Voci);
+    QVERIFY(VaiAVoce(Voci, 301));
+    if (Rifiutata)
+        Voce.Attendi(u"Per il procedimento di ingiunzione e per gli atti precetto il valore non può essere "
+                     u"indeterminato!"_s);
+    QCOMPARE(InserisciOnorario(Nota, Voci).has_value(), !Rifiutata);
 }
 
 void TestTariffa55::faseCheIlGiudiceNonHa()
