@@ -225,6 +225,9 @@ bool ConfermaModOno(Graduazione& Pannello, TabellaRighe& Righe)
     }
     if (Pannello.Tutti)
         ScriviTutte(Pannello, Righe);
+    else if (Pannello.Decimali > 0 && Pannello.Evidenziata != NessunaFascia)
+        // Two ends that are rounded to the cent each by itself have a mid-point a cent off the medium shown.
+        Righe(Pannello.Riga, OnoImporto) = Righe(Pannello.Riga, ColonneFasce[size_t(Pannello.Evidenziata)]);
     else
         Righe(Pannello.Riga, OnoImporto) = ImportoDi(Pannello, Righe, Pannello.Riga);
     ChiudiModOno(Pannello);

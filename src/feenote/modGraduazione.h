@@ -76,7 +76,8 @@ void SpostaGradua(Graduazione& Pannello, int Posizione);
 /// nothing, or lead back to where it came from.
 [[nodiscard]] int PassoGradua(const Graduazione& Pannello, int Da, int A);
 
-/// cmdModOno: writes the amounts and closes the panel. One line takes the slider's amount whatever row is
-/// highlighted, so that "MEDIO" is the mid-point; all lines take their own column of the highlighted row.
+/// cmdModOno: writes the amounts and closes the panel. All lines take their own column of the highlighted
+/// row. In whole euro one line takes the slider's amount whatever row is highlighted, so that "MEDIO" is the
+/// mid-point; under a decree with decimals it takes its column, as all lines do.
 /// @return false, after telling the user, when there is no amount
 bool ConfermaModOno(Graduazione& Pannello, TabellaRighe& Righe);

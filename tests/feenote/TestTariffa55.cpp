@@ -34,6 +34,8 @@ private Q_SLOTS:
     void faseCheIlGiudiceNonHa();
     void graduaAiCentesimi_data();
     void graduaAiCentesimi();
+    void fasciaDiUnaRiga_data();
+    void fasciaDiUnaRiga();
     void striscia();
     void speseGeneraliDelDecreto();
     void formuleStragiudiziali_data();
@@ -402,6 +404,45 @@ void TestTariffa55::graduaAiCentesimi()
         QVERIFY(ConfermaModOno(Pannello, Nota.xOnorari));
         QCOMPARE(Centesimi(Nota.xOnorari(0, OnoImporto)), Atteso);
     }
+}
+
+void TestTariffa55::fasciaDiUnaRiga_data()
+{
+    QTest::addColumn<int>("Decimali");
+    QTest::addColumn<int>("Fascia");
+    QTest::addColumn<int>("Posizione");
+    QTest::addColumn<qint64>("Atteso");
+    // 234,67 and 704,00 have 469,335 between them, a cent off the medium once it is rounded.
+    QTest::newRow("least") << 2 << int(FasciaMin) << -1 << qint64(23467);
+    QTest::newRow("medium") << 2 << int(FasciaMedio) << -1 << qint64(46933);
+    QTest::newRow("most") << 2 << int(FasciaMax) << -1 << qint64(70400);
+    QTest::newRow("between them") << 2 << int(FasciaMedio) << 49 << qint64(46464);  // 234,67 + 229,9717
+    QTest::newRow("medium, in whole euro") << 0 << int(FasciaMedio) << -1 << qint64(46900);
+}
+
+/// What is highlighted is what is written.
+void TestTariffa55::fasciaDiUnaRiga()
+{
+    QFETCH(int, Decimali);
+    QFETCH(int, Fascia);
+    QFETCH(int, Posizione);
+    QFETCH(qint64, Atteso);
+    Parcella Nota;
+    const int Riga = RigaOnorario(Nota, u"Fase"_s, 500, 1, 1);
+    Nota.xOnorari(Riga, OnoMin) = 234.67;
+    Nota.xOnorari(Riga, OnoMedio) = 469.33;
+    Nota.xOnorari(Riga, OnoMax) = 704.0;
+    Graduazione Pannello;
+    Pannello.Decimali = Decimali;
+    ApriModOno(Pannello, Nota.xOnorari, Riga);
+    ScegliFascia(Pannello, Fascia);
+    if (Posizione >= 0)
+        SpostaGradua(Pannello, Posizione);
+    const qint64 Mostrato = Centesimi(NumeroDi(Pannello.ImpOno));
+    QVERIFY(ConfermaModOno(Pannello, Nota.xOnorari));
+    QCOMPARE(Centesimi(Nota.xOnorari(Riga, OnoImporto)), Atteso);
+    if (Decimali > 0)
+        QCOMPARE(Mostrato, Atteso);
 }
 
 void TestTariffa55::striscia()
