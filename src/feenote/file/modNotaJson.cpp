@@ -48,16 +48,17 @@ QJsonArray Linee(const TabellaRighe& Righe, std::span<const ColonnaLinea> Colonn
     return Elenco;
 }
 
+/// Sums of cents, without what their binary form leaves over.
 QJsonObject Totali(const Parcella& Nota)
 {
     const Somme Proprie = CalcolaSomme(Nota);
     return {
-        {u"onorari"_s, Proprie.TotOnorari},
-        {u"medi"_s, Proprie.TotMed},
-        {u"minimi"_s, Proprie.TotMin},
-        {u"massimi"_s, Proprie.TotMax},
-        {u"speseImponibili"_s, Proprie.TotSpeseImp},
-        {u"speseEsenti"_s, Proprie.TotSpeseEsenti},
+        {u"onorari"_s, Arrotonda2(Proprie.TotOnorari)},
+        {u"medi"_s, Arrotonda2(Proprie.TotMed)},
+        {u"minimi"_s, Arrotonda2(Proprie.TotMin)},
+        {u"massimi"_s, Arrotonda2(Proprie.TotMax)},
+        {u"speseImponibili"_s, Arrotonda2(Proprie.TotSpeseImp)},
+        {u"speseEsenti"_s, Arrotonda2(Proprie.TotSpeseEsenti)},
     };
 }
 

@@ -49,6 +49,7 @@ private Q_SLOTS:
     void descrizioneRifiutata_data();
     void descrizioneRifiutata();
     void notaMostrata();
+    void sommeAlCentesimo();
 };
 PROVA(TestTariffaNelFile);
 
@@ -583,6 +584,27 @@ void TestTariffaNelFile::notaMostrata()
     const QJsonObject Vecchia = QJsonDocument::fromJson(DescriviNota(NotaPiena())).object();
     QVERIFY(!Vecchia.contains(u"tariffa"_s));
     QVERIFY(!Vecchia[u"variazione"_s].toObject().contains(u"partiAssistite"_s));
+}
+
+/// Sums of cents show no rest of their binary form.
+void TestTariffaNelFile::sommeAlCentesimo()
+{
+    const Studio Suo;
+    Registratore Voce;
+    Parcella Nota = NotaScritta();
+    for (int Riga = 0; Riga < 3; ++Riga)
+        for (const int Colonna : {OnoImporto, OnoMedio, OnoMin, OnoMax})
+            Nota.xOnorari(Riga, Colonna) = 0.1;
+    Nota.xOnorari.EliminaRiga(3);
+    for (int Riga = 0; Riga < 3; ++Riga) {
+        Nota.xDiritti.AggiungiRiga();
+        Nota.xDiritti(Riga, DirImponibile) = 0.1;
+        Nota.xDiritti(Riga, DirEsente) = 0.7;
+    }
+    const QJsonObject Totali = QJsonDocument::fromJson(DescriviNota(Nota)).object()[u"totali"_s].toObject();
+    for (const QString& Nome : {u"onorari"_s, u"medi"_s, u"minimi"_s, u"massimi"_s, u"speseImponibili"_s})
+        QVERIFY2(Totali[Nome].toDouble() == 0.3, qPrintable(Nome));
+    QVERIFY(Totali[u"speseEsenti"_s].toDouble() == 2.1);
 }
 
 #include "TestTariffaNelFile.moc"
