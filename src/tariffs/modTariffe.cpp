@@ -112,10 +112,11 @@ void VerificaTariffa(const Database& Tariffe, const Decreto& Legge)
 {
     constexpr QStringView Tabella = u"Tariffa";
     const auto Rifiuta = [](const QString& Motivo) { throw Errore(errori::FormatoDatabase, Motivo); };
-    if (!Tariffe.EsisteTabella(Tabella.toString()))
+    const Recordset Riga =
+        Tariffe.EsisteTabella(Tabella.toString()) ? Tariffe.OpenRecordset(Tabella.toString()) : Recordset();
+    if (!Riga.Aperto() || Riga.Eof())
         Rifiuta(u"non dice di quale tariffa è"_s);
-    const Recordset Riga = Tariffe.OpenRecordset(Tabella.toString());
-    if (Riga.Eof() || CStr(Riga.Value(u"Codice"_s)) != Legge.Sigla)
+    if (CStr(Riga.Value(u"Codice"_s)) != Legge.Sigla)
         Rifiuta(u"è l'archivio di un'altra tariffa"_s);
     if (NumeroDi(Riga.Value(u"Versione"_s)) < VersioneTariffa)
         Rifiuta(u"è più vecchio del programma"_s);

@@ -242,7 +242,7 @@ void TestTariffaNelFile::archivioInservibile_data()
     QTest::newRow("of none") << u"DROP TABLE Tariffa"_s << NonSiPuo.arg(u"non dice di quale tariffa è"_s)
                              << 3343;
     QTest::newRow("that says nothing")
-        << u"DELETE FROM Tariffa"_s << NonSiPuo.arg(u"è l'archivio di un'altra tariffa"_s) << 3343;
+        << u"DELETE FROM Tariffa"_s << NonSiPuo.arg(u"non dice di quale tariffa è"_s) << 3343;
     QTest::newRow("older") << u"UPDATE Tariffa SET Versione=0"_s
                            << NonSiPuo.arg(u"è più vecchio del programma"_s) << 3343;
 }
