@@ -361,6 +361,19 @@ QString FrasePropria(const Parcella& Nota)
     return QString(Opzione->Frase).replace(u"%1"_s, TestoPercento(Percento));
 }
 
+/// True when an option that is meant for certain items has varied none of the lines: a document that named it
+/// would claim what its amounts do not hold.
+bool NonToccaRighe(const Parcella& Nota)
+{
+    const OpzioneAumRid* Opzione = OpzioneDi(Nota, Nota.AumRidIdx);
+    if (!Nota.Tariffa->Dichiarato || !Opzione || Opzione->Voci == OgniNumero)
+        return false;
+    for (int Riga = 0; Riga < Nota.xOnorari.Righe(); ++Riga)
+        if (NumeroDi(Nota.xOnorari(Riga, OnoVarPerc)) != 0)
+            return false;
+    return true;
+}
+
 }  // namespace
 
 QString TestoAumRidOno(const Parcella& Nota)
@@ -389,7 +402,7 @@ QString SuggerimentoAumRidOno(const Parcella& Nota)
 
 QString FraseVariazione(const Parcella& Nota)
 {
-    if (Nota.AumRidVarP == 0)
+    if (Nota.AumRidVarP == 0 || NonToccaRighe(Nota))
         return {};
     if (const QString Propria = FrasePropria(Nota); !Propria.isEmpty())
         return Propria;

@@ -94,5 +94,6 @@ void CaricaParti(Parcella& Nota, int Quante);
 [[nodiscard]] QString SuggerimentoAumRidOno(const Parcella& Nota);
 
 /// "Applicata riduzione del 50% per ..." / "Applicato aumento 20% per ..." as documents print it, or the
-/// sentence of the option's own; empty without a variation, no "per ..." for the free one.
+/// sentence of the option's own; empty without a variation, or where a declared decree's option for certain
+/// items has varied no line; no "per ..." for the free one.
 [[nodiscard]] QString FraseVariazione(const Parcella& Nota);

@@ -27,6 +27,8 @@ private Q_SLOTS:
     void laCasellaDelleParti();
     void frasi_data();
     void frasi();
+    void fraseSoloDiCioCheVaria_data();
+    void fraseSoloDiCioCheVaria();
     void etichetta();
     void limiti_data();
     void limiti();
@@ -329,6 +331,43 @@ void TestVariazione55::frasi()
              Categoria == CategCivile
                  ? u"Aumento del 290% per 12 parti assistite (art. 4, comma 2, D.m. 55/2014)"_s
                  : u"Aumento del 290% per 12 parti assistite (art. 12, comma 2, D.m. 55/2014)"_s);
+}
+
+void TestVariazione55::fraseSoloDiCioCheVaria_data()
+{
+    QTest::addColumn<int>("Opzione");
+    QTest::addColumn<QList<int>>("Voci");
+    QTest::addColumn<bool>("Detta");
+    QTest::newRow("its phase is there") << Conciliazione << QList{301, 304} << true;
+    QTest::newRow("its phase is not there") << Conciliazione << QList{301, 302, 303} << false;
+    QTest::newRow("no line") << Conciliazione << QList<int>() << false;
+    QTest::newRow("the free item alone") << Conciliazione << QList{399} << false;
+    QTest::newRow("for every item") << Telematici << QList{301} << true;
+    QTest::newRow("for every item, no line") << Telematici << QList<int>() << true;
+    QTest::newRow("free percent, no line") << int(AumRidLibera) << QList<int>() << true;
+}
+
+/// A document claims no increase of a phase that was not charged.
+void TestVariazione55::fraseSoloDiCioCheVaria()
+{
+    QFETCH(int, Opzione);
+    QFETCH(QList<int>, Voci);
+    QFETCH(bool, Detta);
+    const Studio Suo;
+    Registratore Voce;
+    Parcella Nota = Nota55(CategCivile, IDTribunale55, u"30000"_s);
+    ScegliAumRid(Nota, Opzione);
+    if (Opzione == AumRidLibera) {
+        CambiaTestoAumRid(Nota, u"15"_s);
+        LasciaAumRid(Nota);
+    }
+    Catalogo Aperto;
+    LoadOnoDir(Nota, Aperto);
+    for (const int Chiave : Voci) {
+        QVERIFY(VaiAVoce(Aperto, Chiave));
+        QVERIFY(InserisciOnorario(Nota, Aperto));
+    }
+    QCOMPARE(!FraseVariazione(Nota).isEmpty(), Detta);
 }
 
 void TestVariazione55::etichetta()
