@@ -113,6 +113,6 @@ using ChiaviTradotte = QHash<QString, QString>;
 [[nodiscard]] double ImportoCatalogo(const Recordset& Voce, int Scaglione, const QString& Estremo);
 /// The same as formula text; Null is empty.
 [[nodiscard]] QString FormulaCatalogo(const Recordset& Voce, int Scaglione, const QString& Estremo);
-/// True when the tariff has no amount for an item in a bracket: both ends are Null. The free item, which
+/// True when an item has neither end of its amounts in a bracket: both are Null. The free item, which
 /// never has any, is for the caller to leave out. @throws Errore 3265 when the table has no such column
 [[nodiscard]] bool SenzaImporto(const Recordset& Voce, int Scaglione);
