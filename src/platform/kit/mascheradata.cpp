@@ -10,6 +10,7 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QRegularExpression>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -25,12 +26,18 @@ bool HaCifre(const QString& Testo)
     return std::any_of(Testo.cbegin(), Testo.cend(), [](QChar C) { return C >= u'0' && C <= u'9'; });
 }
 
-/// Of a text that is no date, what one is made of: the box shows a blank for any other character.
+/// Of a text that is no date, what one is made of: the digits, and a separator for whatever stands between
+/// them. What stands before the first one or behind the last one is nothing, unless it separates; a date that
+/// comes from such a box keeps its places.
 QString PartiDiData(QString Testo)
 {
-    Testo.replace(u'-', u'/').replace(u'.', u'/');
-    Testo.removeIf([](QChar C) { return C != u'/' && (C < u'0' || C > u'9'); });
-    return Testo;
+    static const QRegularExpression DaMaschera(u"^[0-9_]{2}/[0-9_]{2}/[0-9_]{4}$"_s);
+    static const QRegularExpression InTesta(u"^[^0-9]+"_s);
+    static const QRegularExpression InCoda(u"(?<=[0-9])[^0-9/.-][^0-9]*$"_s);
+    static const QRegularExpression InMezzo(u"[^0-9]+"_s);
+    if (DaMaschera.match(Testo).hasMatch())
+        return Testo.remove(u'_');
+    return Testo.remove(InTesta).remove(InCoda).replace(InMezzo, u"/"_s);
 }
 
 }  // namespace

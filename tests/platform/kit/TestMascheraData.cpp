@@ -86,6 +86,12 @@ void TestMascheraData::siIncolla_data()
     QTest::newRow("cifre fra segni di controllo") << u"\u0001"
                                                      "12Masche\u001b"_s
                                                   << u"12/__/____"_s;
+    QTest::newRow("blanchi fra le parti") << u"1 12 2012"_s << u"01/12/2012"_s;
+    QTest::newRow("segni di controllo in mezzo") << u"1\u0001\u001b12\t2012"_s << u"01/12/2012"_s;
+    QTest::newRow("parole in mezzo") << u"il 1, mese 2 (2012)"_s << u"01/02/2012"_s;
+    QTest::newRow("un punto in testa") << u"n. 5"_s << u"5_/__/____"_s;
+    QTest::newRow("un segno in coda") << u"1-2-"_s << u"01/02/____"_s;
+    QTest::newRow("incompleta, da una maschera") << u"__/05/2012"_s << u"__/05/2012"_s;
     QTest::newRow("parole e giorno") << u"il 5 maggio"_s << u"5_/__/____"_s;
     QTest::newRow("parole") << u"domani"_s << u"__/__/____"_s;
 }
