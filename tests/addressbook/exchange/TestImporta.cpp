@@ -9,6 +9,8 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
@@ -443,11 +445,25 @@ void TestImporta::leCopieSiDannoIlCambio()
         Importa(Da);
     }
     QVERIFY(S->Byte() != Dopo);
-    // Both places have a copy for a moment: that of the archive as it is counts.
-    for (const QString& Fine : {u""_s, u".json"_s})
-        QVERIFY(QFile::copy(S->File + u".prima"_s + Fine, S->File + u".prima.2"_s + Fine) ||
-                QFile::copy(S->File + u".prima.2"_s + Fine, S->File + u".prima"_s + Fine));
-    QVERIFY(UltimaImportazione(S->File));
+    // Both places have a copy for a moment: that of the archive as it is counts, older or younger, in either.
+    const QStringList Posti{S->File + u".prima"_s, S->File + u".prima.2"_s};
+    const qsizetype Dove = EsisteFile(Posti[0]) ? 0 : 1;
+    const QByteArray Copia = LeggiFile(Posti[Dove]);
+    const QJsonObject Vero = QJsonDocument::fromJson(LeggiFile(Posti[Dove] + u".json"_s)).object();
+    for (const int Giorni : {-1, 1}) {
+        QJsonObject Altro = Vero;
+        const QDateTime Quando = QDateTime::fromString(Vero[u"quando"_s].toString(), Qt::ISODate);
+        Altro[u"quando"_s] = Quando.addDays(Giorni).toString(Qt::ISODateWithMs);
+        Altro[u"righe"_s] = u"altre"_s;
+        Altro[u"sorgente"_s] = u"altro.csv"_s;
+        for (const qsizetype Suo : {0, 1}) {
+            for (const QString& Posto : Posti)
+                ScriviFile(Posto, Copia);
+            ScriviFile(Posti[Suo] + u".json"_s, QJsonDocument(Vero).toJson());
+            ScriviFile(Posti[1 - Suo] + u".json"_s, QJsonDocument(Altro).toJson());
+            QCOMPARE(UltimaImportazione(S->File)->Sorgente, u"nomi.csv"_s);
+        }
+    }
 }
 
 /// A record that was announced, and an import that was not confirmed: whatever is written later is no import.
