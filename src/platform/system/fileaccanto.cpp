@@ -136,7 +136,8 @@ void TogliSeDiNessuno(const QByteArray& Nome)
     if (::lstat(Nome.constData(), &Suo) != 0 || !S_ISREG(Suo.st_mode) || Suo.st_uid != ::geteuid() ||
         std::abs(::time(nullptr) - Suo.st_mtime) < Fermo)
         return;
-    const int Aperto = ::open(Nome.constData(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    // A share gives its lock to a file that is open for writing alone.
+    const int Aperto = ::open(Nome.constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
     if (Aperto < 0)
         return;
     if (::flock(Aperto, LOCK_EX | LOCK_NB) == 0 && HaQuestoNome(Aperto, Nome))

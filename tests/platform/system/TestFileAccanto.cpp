@@ -10,6 +10,10 @@
 #include <QScopedValueRollback>
 
 #include <fcntl.h>
+#ifdef Q_OS_LINUX
+#include <linux/capability.h>
+#include <sys/syscall.h>
+#endif
 #include <sys/file.h>
 #include <unistd.h>
 
@@ -28,6 +32,7 @@ private Q_SLOTS:
     void diUnMorto_data();
     void diUnMorto();
     void iRestiDiAltriNomi();
+    void iRestiCheNonSiPossonoScrivere();
     void iRestiSenzaCheNessunoLiChieda();
 
 private:
@@ -161,6 +166,46 @@ void TestFileAccanto::iRestiDiAltriNomi()
         QVERIFY2(ContenutoDi(Cartella).contains(u".~altrui.doc.tmp"), "another user's");
     }
     TogliRestiAccanto(Cartella + u"manca"_s);
+}
+
+#ifdef Q_OS_LINUX
+/// This thread of the superuser asks for leave as anybody does, while the object lives.
+class SenzaPrivilegi
+{
+public:
+    SenzaPrivilegi()
+    {
+        ::syscall(SYS_capget, &Testata, Prima);
+        __user_cap_data_struct Ora[2] = {Prima[0], Prima[1]};
+        Ora[0].effective &= ~((1U << CAP_DAC_OVERRIDE) | (1U << CAP_DAC_READ_SEARCH));
+        ::syscall(SYS_capset, &Testata, Ora);
+    }
+    ~SenzaPrivilegi() { ::syscall(SYS_capset, &Testata, Prima); }
+    SenzaPrivilegi(const SenzaPrivilegi&) = delete;
+    SenzaPrivilegi& operator=(const SenzaPrivilegi&) = delete;
+
+private:
+    __user_cap_header_struct Testata = {_LINUX_CAPABILITY_VERSION_3, 0};
+    __user_cap_data_struct Prima[2] = {};
+};
+#endif
+
+/// A share locks what is open for writing alone: a file that cannot be opened so is never locked, and stays.
+void TestFileAccanto::iRestiCheNonSiPossonoScrivere()
+{
+#ifdef Q_OS_LINUX
+    const SenzaPrivilegi Chiunque;
+    const QString Chiuso = Cartella + u".~chiuso.doc.tmp"_s;
+    Resto(Chiuso, Fa);
+    QVERIFY(QFile::setPermissions(Chiuso, QFile::ReadOwner));
+    TogliRestiAccanto(Cartella);
+    QVERIFY(EsisteFile(Chiuso));
+    QVERIFY(QFile::setPermissions(Chiuso, QFile::ReadOwner | QFile::WriteOwner));
+    TogliRestiAccanto(Cartella);
+    QVERIFY(!EsisteFile(Chiuso));
+#else
+    QSKIP("the permissions of this system");
+#endif
 }
 
 /// They go with the first file of any name that comes into their folder.
