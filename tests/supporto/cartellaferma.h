@@ -1,6 +1,7 @@
 // A folder that does not answer for a while, as on a share whose server is gone.
 #pragma once
 
+#include "platform/system/aparte.h"
 #include "platform/system/guasti.h"
 
 #include <QString>
@@ -31,6 +32,9 @@ public:
         Comune->Risponde = true;
         while (Attesa())
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        // Work that has yet to begin reads the hook too.
+        constexpr int AttesaMs = 10000;
+        (void)AttendiLavoriAParte(AttesaMs);
         guasti::PrimaDiScorrere = {};
     }
     CartellaFerma(const CartellaFerma&) = delete;

@@ -20,9 +20,9 @@ int main(int argc, char** argv)
             Termina();
     });
     const int Esito = QApplication::exec();
-    // What the start has set going ends before the program is taken down; a disk that does not answer is
-    // left.
+    // What the start has set going ends before the program is taken down; where a disk does not answer, the
+    // program ends with everything standing that the work is still using.
     constexpr int PazienzaMs = 200;
-    (void)AttendiLavoriAParte(PazienzaMs);
+    AttendiOFinisci(PazienzaMs, Esito);
     return Esito;
 }

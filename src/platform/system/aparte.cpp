@@ -5,6 +5,8 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -58,6 +60,14 @@ bool AttendiLavoriAParte(int Ms)
     InCorso& Tutti = InCorso::Tutti();
     std::unique_lock Mio(Tutti.Turno);
     return Tutti.Detto.wait_for(Mio, std::chrono::milliseconds(Ms), [&] { return Tutti.Quanti == 0; });
+}
+
+void AttendiOFinisci(int Ms, int Esito)
+{
+    if (AttendiLavoriAParte(Ms))
+        return;
+    (void)std::fflush(nullptr);
+    std::_Exit(Esito);
 }
 
 bool EsisteCartellaEntro(const QString& Percorso)

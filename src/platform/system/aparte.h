@@ -12,6 +12,10 @@ void FaiAParte(std::function<void()> Lavoro);
 /// Waits for what was begun so, at most that long. @return false when something still goes on
 bool AttendiLavoriAParte(int Ms);
 
+/// Waits as AttendiLavoriAParte. When something still goes on the process ends here with this exit status,
+/// its streams flushed and nothing taken down that the work may be using; otherwise it comes back.
+void AttendiOFinisci(int Ms, int Esito);
+
 /// EsisteCartella with an answer within two seconds: a folder of which the disk says nothing counts as there,
 /// since one that is missing is told at once.
 [[nodiscard]] bool EsisteCartellaEntro(const QString& Percorso);

@@ -18,6 +18,7 @@
 #include "core/settings/frmSetup.h"
 #include "platform/base/errore.h"
 #include "platform/kit/singola.h"
+#include "platform/system/aparte.h"
 #include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/percorsi.h"
@@ -50,7 +51,9 @@ public:
         Nuova.ApriIndirizzo = [this](const QString& Indirizzo) {
             return Annota(u"indirizzo "_s + Indirizzo);
         };
-        Nuova.Avvia = [this](const QString& Programma, const QStringList&, const QString& Cartella) {
+        Nuova.Avvia = [this](const QString& Programma, const QStringList& Argomenti,
+                             const QString& Cartella) {
+            Avviati << Argomenti;
             return Annota(u"avvia "_s + Programma + u" in "_s + Cartella);
         };
         Nuova.ApriPdf = [this](const QString& File, int) { return Annota(u"pdf "_s + NomeFile(File)); };
@@ -80,6 +83,9 @@ public:
 
     ~Scena()
     {
+        // The start sweeps in the folders of this test, not in those of the next one.
+        constexpr int AttesaMs = 10000;
+        (void)AttendiLavoriAParte(AttesaMs);
         delete SeCaricato<frmStudio>.data();
         delete SeCaricato<frmMain>.data();
         delete SeCaricato<frmSetup>.data();
@@ -165,6 +171,7 @@ public:
     }
 
     QStringList Eventi;
+    QList<QStringList> Avviati;  ///< the arguments of the programs that were started
     QString Clessidre;
     bool Connesso = false;
 

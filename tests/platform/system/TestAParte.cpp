@@ -1,0 +1,83 @@
+// Work on a thread of its own, and the end of the process before it.
+#include "supporto/prova.h"
+
+#include "platform/system/aparte.h"
+#include "platform/system/file.h"
+
+#include <QFile>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <thread>
+
+#ifdef Q_OS_UNIX
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
+
+using namespace Qt::StringLiterals;
+
+class TestAParte : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void siAspetta();
+    void siFinisceSenzaSmontare_data();
+    void siFinisceSenzaSmontare();
+};
+PROVA(TestAParte);
+
+void TestAParte::siAspetta()
+{
+    bool Fatto = false;
+    FaiAParte([&Fatto] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        Fatto = true;
+    });
+    AttendiOFinisci(10000, 1);
+    QVERIFY(Fatto);
+}
+
+void TestAParte::siFinisceSenzaSmontare_data()
+{
+    QTest::addColumn<int>("DuraMs");
+    QTest::addColumn<int>("Esito");
+    constexpr int Torna = 3;
+    constexpr int Finisce = 7;
+    QTest::newRow("work that ends") << 1 << Torna;
+    QTest::newRow("work that goes on") << 60000 << Finisce;
+}
+
+/// A process of its own: its exit status says who has ended it, and its stream has lost nothing.
+void TestAParte::siFinisceSenzaSmontare()
+{
+#ifdef Q_OS_UNIX
+    QFETCH(int, DuraMs);
+    QFETCH(int, Esito);
+    const QString File = NuovaCartella() + u"detto.txt"_s;
+    const QByteArray Nome = QFile::encodeName(File);
+    const pid_t Figlio = ::fork();
+    if (Figlio == 0) {
+        // Whatever is taken down at a plain end would show.
+        constexpr int Smontato = 9;
+        (void)std::atexit([] { std::_Exit(Smontato); });
+        FILE* Detto = std::fopen(Nome.constData(), "w");
+        (void)std::fputs("fine", Detto);
+        FaiAParte([DuraMs] { std::this_thread::sleep_for(std::chrono::milliseconds(DuraMs)); });
+        AttendiOFinisci(DuraMs > 1 ? 50 : 10000, 7);
+        (void)std::fflush(Detto);
+        std::_Exit(3);
+    }
+    QVERIFY(Figlio > 0);
+    int Stato = 0;
+    QCOMPARE(::waitpid(Figlio, &Stato, 0), Figlio);
+    QVERIFY(WIFEXITED(Stato));
+    QCOMPARE(WEXITSTATUS(Stato), Esito);
+    QCOMPARE(LeggiFile(File), "fine");
+#else
+    QSKIP("a process of its own by fork");
+#endif
+}
+
+#include "TestAParte.moc"
