@@ -12,6 +12,8 @@
 #include "platform/network/staffetta.h"
 #include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
 
 #include <QApplication>
 #include <QPointer>
@@ -19,6 +21,7 @@
 #include <QTimer>
 
 #include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -61,7 +64,7 @@ public:
         Ascolto = new Staffetta(
             Impostazioni(), [this](const QString& File) { Aggiungi(File); }, this);
         // Who ends takes nothing any more, while its windows still close.
-        connect(qApp, &QCoreApplication::aboutToQuit, Ascolto, &QObject::deleteLater);
+        connect(qApp, &QCoreApplication::aboutToQuit, this, [this] { Cedi(); });
     }
     /// False where another session does, or nobody can.
     [[nodiscard]] bool InAscolto() const { return Ascolto && Ascolto->InAscolto(); }
@@ -97,6 +100,19 @@ private:
         // The session's own file may have been none, and this one too.
         if (InAttesa() == 0)
             FineSenzaFinestre();
+    }
+
+    /// What has come and was not opened gets a start of its own: who handed it over has ended in good faith.
+    void Cedi()
+    {
+        Orologio.stop();
+        if (Ascolto) {
+            Ascolto->Concludi();
+            delete Ascolto.data();
+        }
+        InAttesa() -= int(Attesi.size());
+        for (const QString& File : std::exchange(Attesi, {}))
+            (void)AvviaProgramma(QCoreApplication::applicationFilePath(), {File}, CartellaFile(File));
     }
 
     QStringList Attesi;

@@ -12,7 +12,7 @@
 /// is the session and gets the files of the others; one without a file listens once it is up. It takes files
 /// until it ends, unless it was started by "-low" or by the companion application, or another one of the
 /// user's takes them already. A file that is open comes to the front; one that comes while a question waits
-/// is opened behind the answer.
+/// is opened behind the answer; where the answer ends the session, the program is started again for it.
 /// @param Comincia opens what the command line asks for
 /// @return false when the file has gone to the other session, and this start is over
 bool ComeUnaSessione(const QString& RigaDiComando, const std::function<void()>& Comincia);

@@ -29,6 +29,9 @@ constexpr int AttesaRispostaMs = 2000;
 /// A caller who neither offers nor confirms is let go.
 constexpr int AttesaOffertaMs = 5000;
 
+/// Property of a caller: the path, from its offer to its confirmation.
+constexpr auto Offerto = "Offerto";
+
 constexpr char FineOfferta = '\0';
 constexpr char Accettata = 'A';
 constexpr char Confermata = 'C';
@@ -169,6 +172,18 @@ bool Staffetta::InAscolto() const
     return Servitore != nullptr;
 }
 
+void Staffetta::Concludi()
+{
+    delete std::exchange(Sentinella, nullptr);
+    if (!Servitore)
+        return;
+    Servitore->close();
+    for (QLocalSocket* Presa : Servitore->findChildren<QLocalSocket*>())
+        if (Presa->property(Offerto).isValid() && Presa->state() == QLocalSocket::ConnectedState)
+            (void)Presa->waitForReadyRead(AttesaPresaMs);  // it is read as it comes
+    delete std::exchange(Servitore, nullptr);
+}
+
 void Staffetta::Accogli()
 {
     while (QLocalSocket* Presa = Servitore->nextPendingConnection()) {
@@ -186,7 +201,6 @@ void Staffetta::Accogli()
 
 void Staffetta::Leggi(QLocalSocket* Presa)
 {
-    static constexpr auto Offerto = "Offerto";  // the path, from its offer to its confirmation
     const QVariant Prima = Presa->property(Offerto);
     if (!Prima.isValid()) {
         const QByteArray Giunti = Presa->peek(MassimoPercorso);

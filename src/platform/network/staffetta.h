@@ -61,6 +61,10 @@ public:
 
     [[nodiscard]] bool InAscolto() const;
 
+    /// Listens no longer. What it has accepted it still waits for, for a moment: who confirms ends, and would
+    /// leave a file that nobody opens.
+    void Concludi();
+
 private:
     void Ascolta();
     void AttendiLaFine();

@@ -3,6 +3,7 @@
 #include "ufficio.h"
 
 #include "core/aperture.h"
+#include "core/app/altriavvii.h"
 #include "core/app/apritori.h"
 #include "core/app/avvio.h"
 #include "core/comandi.h"
@@ -11,11 +12,14 @@
 #include "feenote/file/modRecupero.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
+#include "platform/network/staffetta.h"
 #include "platform/system/file.h"
 
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QScopeGuard>
+#include <QThread>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -52,6 +56,7 @@ private Q_SLOTS:
     void laSchedaTieneIlProgramma();
     void laCorniceSenzaNote();
     void spegniChiedeAOgnuna();
+    void cioCheArrivaAllaDomandaFinale();
     void spegniSalva();
     void spegniDaUnaPraticaNonChiedeOltre();
     void ilTrovaparcelleRiguarda();
@@ -300,6 +305,36 @@ void TestFine::spegniChiedeAOgnuna()
     QCOMPARE(S->Eventi, QStringList{u"fine"_s});
     QVERIFY2(!InfoParcelle[1].Libera, "annullata: non si scarica, ma il programma finisce");
     QVERIFY(InfoParcelle[2].Libera);
+}
+
+/// A file that another start hands over while the last question stands: the start has ended, and so does the
+/// session; the file gets a start of its own.
+void TestFine::cioCheArrivaAllaDomandaFinale()
+{
+    const QString File = Note + u"Però già € così.mdb"_s;
+    QVERIFY(ComeUnaSessione({}, [] { Main({}); }));
+    const auto Giunti = qScopeGuard([] { delete qApp->findChild<QObject*>(u"fileGiunti"_s); });
+    EseguiComando(u"new"_s, 0, {});
+    Parcelle(1)->SetModificata(true);
+    bool Preso = false;
+    const auto AlMostrare = Registratore::AlMostrare();
+    const auto Torna = qScopeGuard([&] { Registratore::AlMostrare() = AlMostrare; });
+    Registratore::AlMostrare() = [&] {
+        const std::unique_ptr<QThread> Altro(QThread::create(
+            [&] { Preso = PassaFile(PercorsoImpostazioni(NomeApplicazione.toString()), File); }));
+        Altro->start();
+        (void)QTest::qWaitFor([&] { return Altro->isFinished() && FileInArrivo(); });
+        Altro->wait();
+    };
+    Box->Attendi(PrimaDiChiudere(Parcelle(1)), vbNo, u"Domanda:"_s);
+    EseguiComando(u"off"_s, 0, {});
+    QVERIFY(Preso);
+    QCOMPARE(S->Eventi, QStringList{u"fine"_s});
+    QVERIFY(S->Avviati.isEmpty());
+    QVERIFY(QMetaObject::invokeMethod(qApp, "aboutToQuit"));
+    QCOMPARE(S->Avviati, QList<QStringList>{{File}});
+    QCOMPARE(S->Eventi.last(), u"avvia "_s + QCoreApplication::applicationFilePath() + u" in "_s + Note);
+    QVERIFY(!FileInArrivo());
 }
 
 void TestFine::spegniSalva()

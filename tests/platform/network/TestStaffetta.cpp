@@ -71,6 +71,7 @@ private Q_SLOTS:
     void soloPerQuestoUtente();
     void senzaCartellaDiSessione();
     void offertaNonConfermata();
+    void chiFinisceTieneLeConferme();
     void offertaSmisurata_data();
     void offertaSmisurata();
     void chiNonRispondeNonFaAspettare();
@@ -213,6 +214,23 @@ void TestStaffetta::offertaNonConfermata()
     QCOMPARE(Aperti, QStringList());
     QVERIFY(Passa(u"/note/neri.mdb"_s));
     QTRY_COMPARE(Aperti, QStringList{u"/note/neri.mdb"_s});
+}
+
+/// A listener that ends has accepted one file that is confirmed and one that never is.
+void TestStaffetta::chiFinisceTieneLeConferme()
+{
+    Chiamante Confermato("/note/rossi.mdb" + QByteArray(1, '\0'));
+    Chiamante Muto("/note/verdi.mdb" + QByteArray(1, '\0'));
+    QCOMPARE(Confermato.Risposta(), "A");
+    QCOMPARE(Muto.Risposta(), "A");
+    Confermato.Presa.write("C");
+    QVERIFY(Confermato.Presa.flush());
+    QVERIFY(Aperti.isEmpty());
+    Ascolto->Concludi();
+    QCOMPARE(Aperti, QStringList{u"/note/rossi.mdb"_s});
+    QVERIFY(!Ascolto->InAscolto());
+    QVERIFY(!Passa(u"/note/neri.mdb"_s));
+    QCOMPARE(Aperti.size(), 1);
 }
 
 void TestStaffetta::offertaSmisurata_data()
