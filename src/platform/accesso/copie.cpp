@@ -55,6 +55,13 @@ QString NomeCopia(const QFileInfo& Info)
     return QString::fromLatin1(Somma.result().toHex()) + u".mdb"_s;
 }
 
+/// Guards what the threads share; nobody is waited for while it is held.
+std::mutex& TurnoElenco()
+{
+    static std::mutex Turno;
+    return Turno;
+}
+
 /// Files refused in this run, by the name that their copies would have.
 QHash<QString, Errore>& Rifiutati()
 {
@@ -62,10 +69,19 @@ QHash<QString, Errore>& Rifiutati()
     return Elenco;
 }
 
+/// One copy at a time is made.
 std::mutex& TurnoCopie()
 {
     static std::mutex Turno;
     return Turno;
+}
+
+/// @throws Errore of a file that was refused before
+void ControllaRifiuto(const QString& Nome)
+{
+    const std::lock_guard Mio(TurnoElenco());
+    if (const auto Noto = Rifiutati().constFind(Nome); Noto != Rifiutati().constEnd())
+        throw Errore(*Noto);
 }
 
 void SegnaUso(const QString& Copia)
@@ -154,6 +170,7 @@ void SpazzaCopie()
 QString CartellaDelleCopie()
 {
     static QString Pronta;
+    const std::lock_guard Mio(TurnoElenco());
     const QString Cartella = Radice();
     if (Cartella.isEmpty())
         throw Errore(errori::Accesso);
@@ -170,13 +187,11 @@ QString CopiaNativa(const QString& Percorso)
     const QString File = PercorsoNativo(Percorso);
     if (!EDiAccess(File))
         return Percorso;
-    const std::lock_guard Mio(TurnoCopie());
     const QString Nome = NomeCopia(QFileInfo(File));
     const QString Copia = CartellaDelleCopie() + Nome;
-    if (const auto Noto = Rifiutati().constFind(Nome); Noto != Rifiutati().constEnd())
-        throw Errore(*Noto);
-    // Of two programs that want it at once one makes it, and the other one takes it. Who waits for too long
-    // makes one of his own.
+    ControllaRifiuto(Nome);
+    // Of two programs or threads that want it at once one makes it, and the other one takes it. Who waits for
+    // too long makes one of his own. Other files do not wait for that.
     FileBlocco Fabbrica(Copia + u".blocco"_s);
     if (!EIntera(Copia))
         (void)Fabbrica.Prendi(AttesaFabbricaMs);
@@ -184,6 +199,11 @@ QString CopiaNativa(const QString& Percorso)
         SegnaUso(Copia);
         return Copia;
     }
+    const std::lock_guard Mio(TurnoCopie());
+    ControllaRifiuto(Nome);
+    // Who had the turn before may have made it, where the system knows no locks.
+    if (EIntera(Copia))
+        return Copia;
     ScartaFile(Copia);
     ScartaFile(Copia + u"-journal"_s);  // of the old copy: it would be taken for the new one's
     try {
@@ -192,6 +212,7 @@ QString CopiaNativa(const QString& Percorso)
         // Two programs may have made it at once: either copy will do.
         if (EsisteFile(Copia))
             return Copia;
+        const std::lock_guard Elenco(TurnoElenco());
         if (PerSempre(Guasto))
             Rifiutati().insert(Nome, Guasto);
         throw;

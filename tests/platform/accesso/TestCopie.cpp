@@ -14,6 +14,7 @@
 #include <QFile>
 #include <QScopedValueRollback>
 
+#include <atomic>
 #include <memory>
 #include <thread>
 #include <vector>
@@ -272,6 +273,37 @@ private Q_SLOTS:
         Filo.join();
         QCOMPARE(Avuta, Copia);
         QCOMPARE(Tenute(), QStringList{QFileInfo(Copia).fileName()});
+    }
+
+    /// Who waits for another program's copy keeps nobody from another file.
+    void nessunoAspettaPerUnAltroFile()
+    {
+        const QString Copia = CopiaNativa(Archivio);
+        QVERIFY(QFile::remove(Copia));
+        const QString Pronto = ScriviAccess(NuovaCartella() + u"n.mdb"_s, Con(u"Verdi"_s));
+        (void)CopiaNativa(Pronto);
+        const QString Nuovo = ScriviAccess(NuovaCartella() + u"n.mdb"_s, Con(u"Neri"_s));
+        auto Altrui = std::make_unique<FileBlocco>(Copia + u".blocco"_s);
+        QCOMPARE(Altrui->Prendi(0), FileBlocco::Esito::Preso);
+        std::atomic<bool> Finito = false;
+        std::atomic<int> Guasti = 0;
+        std::thread Filo([&] {
+            try {
+                (void)CopiaNativa(Archivio);
+            } catch (const Errore&) {
+                Guasti = 1;
+            }
+            Finito = true;
+        });
+        QTest::qWait(200);
+        const QStringList Letti{Nominativo(Pronto), Nominativo(Nuovo)};
+        const bool Aspettava = !Finito;
+        Altrui.reset();
+        Filo.join();
+        QVERIFY(Aspettava);
+        QCOMPARE(int(Guasti), 0);
+        QCOMPARE(Letti, (QStringList{u"Verdi"_s, u"Neri"_s}));
+        QCOMPARE(Nominativo(Archivio), u"Rossi"_s);
     }
 
     /// Not a test of its own: a program that writes to a copy, as when a note gets its missing columns.
