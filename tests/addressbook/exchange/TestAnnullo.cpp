@@ -25,6 +25,7 @@ private Q_SLOTS:
     void mentreUnAltroImporta();
     void mentreUnAltroScrive();
     void nessunoScriveNelFrattempo();
+    void unArchivioDiSolaLettura();
     void unArchivioBloccatoNonEModificato();
     void unArchivioIlleggibileNonEModificato();
     void unArchivioBloccatoNonCostaLaCopia();
@@ -104,6 +105,15 @@ void TestAnnullo::nessunoScriveNelFrattempo()
     QCOMPARE(Durante, errori::DatiBloccati);
     QCOMPARE(NumeroErrore([&] { Scheda->Esegui(Salva); }), errori::DatabaseSolaLettura);
     QCOMPARE(S->Byte(), Iniziale);
+}
+
+/// Nobody writes to it, and it stays read-only.
+void TestAnnullo::unArchivioDiSolaLettura()
+{
+    QVERIFY(QFile::setPermissions(S->File, QFile::ReadOwner));
+    AnnullaImportazione(S->File);
+    QCOMPARE(S->Byte(), Iniziale);
+    QVERIFY(!(QFile::permissions(S->File) & QFile::WriteOwner));
 }
 
 /// One who reads it must wait; the user is not told that his work stands against it.
