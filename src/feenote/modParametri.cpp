@@ -403,6 +403,24 @@ void TieniNonRisolte(Parcella& Nota, const SceltaTenuta& Ufficio, const SceltaTe
         Nota.ScaglioneTenuto = Fascia;
 }
 
+/// A list that was read and has nothing in it; one that could not be read was told already.
+void AvvisaElenchiVuoti(const Parcella& Nota)
+{
+    const Decreto& Legge = *Nota.Tariffa;
+    QStringList Mancanti;
+    if (Nota.AutoritaTenuta.Nominata() && Nota.ListaAutorita.isEmpty() &&
+        !LeggiAutorita(Legge, Nota.CodCateg).Guasto)
+        Mancanti += u"alcuna autorità"_s;
+    if (Nota.ScaglioneTenuto.Nominata() && Nota.ListaScaglioni.isEmpty() &&
+        !LeggiScaglioni(Legge, Nota.CodCateg).Guasto)
+        Mancanti += u"alcuno scaglione"_s;
+    if (!Mancanti.isEmpty())
+        MsgBox(u"Attenzione, l'archivio della tariffa %1, %2, non ha più %3 per la categoria della "
+               u"parcella!\nGli importi della parcella restano quelli salvati."_s.arg(
+                   Legge.Nome, Legge.File, Mancanti.join(u" né "_s)),
+               vbExclamation, TitoloAvvertenza.toString());
+}
+
 }  // namespace
 
 void VerificaSelezioni(Parcella& Nota, const SceltaTenuta& Ufficio, const SceltaTenuta& Fascia)
@@ -416,7 +434,6 @@ void VerificaSelezioni(Parcella& Nota, const SceltaTenuta& Ufficio, const Scelta
                    Coda,
                vbExclamation, TitoloAvvertenza.toString());
     };
-    // Lists that could not be read were told already.
     if (IDAut != 0 && IDAut != Nota.IDAutSelezionata() && !Nota.ListaAutorita.isEmpty()) {
         Nota.cmbAutor = Nota.IdxAutorPrec = NessunaVoce;
         SelezionaAutoritaInSilenzio(Nota, IndiceDi(Nota.ListaAutorita, IDAut, &Autorita::IDAut));
@@ -430,8 +447,10 @@ void VerificaSelezioni(Parcella& Nota, const SceltaTenuta& Ufficio, const Scelta
         if (Nota.cmbValore == NessunaVoce)
             Avvisa(u"lo scaglione"_s);
     }
-    if (Nota.Tariffa->Dichiarato)
-        TieniNonRisolte(Nota, Ufficio, Fascia);
+    if (!Nota.Tariffa->Dichiarato)
+        return;
+    TieniNonRisolte(Nota, Ufficio, Fascia);
+    AvvisaElenchiVuoti(Nota);
 }
 
 // ---- another decree -----------------------------------------------------------------------------

@@ -48,10 +48,19 @@ QList<OpzioneAumRid> CreaFisse()
     return Elenco;
 }
 
-/// The note's whole list; a record that nobody has loaded has the eleven.
+const OpzioneAumRid& Libera()
+{
+    return OpzioniAumRid()[AumRidLibera];
+}
+
+/// The note's whole list. Without one in the database there are the eleven, but for a decree that names
+/// itself: they are articles of the other one.
 const QList<OpzioneAumRid>& ListaDi(const Parcella& Nota)
 {
-    return Nota.ListaVariazioni.isEmpty() ? OpzioniAumRid() : Nota.ListaVariazioni;
+    static const QList<OpzioneAumRid> SolaLibera{Libera()};
+    if (!Nota.ListaVariazioni.isEmpty())
+        return Nota.ListaVariazioni;
+    return Nota.Tariffa->Dichiarato ? SolaLibera : OpzioniAumRid();
 }
 
 bool PerUfficio(const OpzioneAumRid& Opzione, const Parcella& Nota)
@@ -106,11 +115,6 @@ void ImpostaVarP(Parcella& Nota, int VarP)
             SegnaRicalcolo(Nota);
     }
     Nota.AumRidVarP = VarP;
-}
-
-const OpzioneAumRid& Libera()
-{
-    return OpzioniAumRid()[AumRidLibera];
 }
 
 /// Range, sign and first limit of an option; the free one empties the percent.
@@ -175,6 +179,23 @@ void AzzeraVariazione(Parcella& Nota)
     Nota.AumRidVarP = 0;
 }
 
+namespace {
+
+/// The option that the file names is not offered: of a list that stands, or because there is none.
+void AvvisaVariazione(const Parcella& Nota, int Indice)
+{
+    const QString Causa = Nota.ListaVariazioni.isEmpty()
+                              ? u"Attenzione, l'archivio della tariffa %2 non dice quale sia la variazione "
+                                u"n. %1 della parcella!"_s
+                              : u"Attenzione, la variazione n. %1 della parcella non è fra quelle della "
+                                u"tariffa %2!"_s;
+    MsgBox(Causa.arg(Indice).arg(Nota.Tariffa->Nome) +
+               u"\nLa percentuale resta come variazione libera e gli importi sono quelli salvati."_s,
+           vbExclamation, TitoloAvvertenza.toString());
+}
+
+}  // namespace
+
 void CaricaVariazione(Parcella& Nota, int Indice, double VarP)
 {
     const OpzioneAumRid* Opzione = OpzioneDi(Nota, Indice);
@@ -188,11 +209,8 @@ void CaricaVariazione(Parcella& Nota, int Indice, double VarP)
         Nota.cmbAumRid = Nota.AumRidVarP > 0 ? SegnoPiu : SegnoMeno;
         Nota.txtAumRid.Testo = QString::number(std::abs(Nota.AumRidVarP));
     }
-    if (!Offerta && !Nota.ListaVariazioni.isEmpty())
-        MsgBox(u"Attenzione, la variazione n. %1 della parcella non è fra quelle della tariffa %2!\n"
-               u"La percentuale resta come variazione libera e gli importi sono quelli salvati."_s.arg(Indice)
-                   .arg(Nota.Tariffa->Nome),
-               vbExclamation, TitoloAvvertenza.toString());
+    if (!Offerta && (Nota.Tariffa->Dichiarato || !Nota.ListaVariazioni.isEmpty()))
+        AvvisaVariazione(Nota, Indice);
 }
 
 int VariazioneDelFile(const Parcella& Nota)
@@ -306,6 +324,22 @@ void CaricaParti(Parcella& Nota, int Quante)
 {
     Nota.PartiAssistite = std::clamp(Quante, 1, MassimoParti);
     Nota.txtParti.Testo = QString::number(Nota.PartiAssistite);
+}
+
+void VerificaParti(const Parcella& Nota)
+{
+    const bool Previste = Nota.CodCateg == Civile || Nota.CodCateg == Penale;
+    if (!Nota.Tariffa->Dichiarato || !Previste || Nota.PartiAssistite <= 1 || PartiContano(Nota))
+        return;
+    try {
+        (void)ApriTariffe(*Nota.Tariffa);
+    } catch (const Errore&) {
+        return;  // a database that cannot be used was told already
+    }
+    MsgBox(u"Attenzione, l'archivio della tariffa %1, %2, non dice più l'aumento per le %3 parti assistite "
+           u"della parcella!\nGli importi della parcella restano quelli salvati."_s.arg(
+               Nota.Tariffa->Nome, Nota.Tariffa->File, QString::number(Nota.PartiAssistite)),
+           vbExclamation, TitoloAvvertenza.toString());
 }
 
 void LasciaParti(Parcella& Nota)

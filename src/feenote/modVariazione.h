@@ -2,8 +2,8 @@
 // the parties that one lawyer assists.
 //
 // The options of a note are those of its decree's reference database, for its category and authority, or else
-// the eleven of D.m. 140/2012 (articles 1, 3, 4, 6, 9, 10, 12). An option is known by its number, which is
-// its index among the eleven.
+// the eleven of D.m. 140/2012 (articles 1, 3, 4, 6, 9, 10, 12), or the free one alone under another decree.
+// An option is known by its number, which is its index among the eleven.
 #pragma once
 
 #include "feenote/parcella.h"
@@ -29,7 +29,7 @@ void LoadVariazioni(Parcella& Nota);
 void AzzeraVariazione(Parcella& Nota);
 
 /// Sets option, range, sign list and percent as a file holds them, without reactions. An option that the list
-/// lacks becomes the free one, with its percent; of a list that a database gives this is told.
+/// lacks becomes the free one, with its percent; of a list that a database gives or should give this is told.
 /// @param VarP signed percent, 0 none; cut to the whole and to 3 digits
 void CaricaVariazione(Parcella& Nota, int Indice, double VarP);
 
@@ -83,6 +83,8 @@ constexpr int MassimoParti = 999;
 void LasciaParti(Parcella& Nota);
 /// The number of the parties as a file or a description holds it, without reactions.
 void CaricaParti(Parcella& Nota, int Quante);
+/// Tells of a note just loaded whose further parties add nothing any more because the database lacks them.
+void VerificaParti(const Parcella& Nota);
 /// "Aumento del 60% per 3 parti assistite (art. 4, comma 2, D.m. 55/2014)"; empty where they add nothing.
 [[nodiscard]] QString FraseParti(const Parcella& Nota);
 

@@ -180,6 +180,7 @@ void CaricaTutto(Parcella& Nota, const QString& Percorso)
         TraduciChiavi(Nota);
     ApplicaRiferimento(Letta);
     ApplicaMemoria(Nota, Memoria);
+    VerificaParti(Nota);
 
     // The memory takes the loaded switches before a print type forces its own on them.
     RicordaStampa(Nota);

@@ -43,6 +43,12 @@ private Q_SLOTS:
     void autoritaTolta();
     void scaglioneTolto();
     void variazioneTolta();
+    void senzaVariazioni();
+    void opzioneDellAltroDecreto();
+    void elencoVuoto_data();
+    void elencoVuoto();
+    void partiNonPreviste_data();
+    void partiNonPreviste();
     void associata();
     void descrizione();
     void descrizioneSenzaTariffa();
@@ -60,6 +66,10 @@ constexpr int Telematici = 101;
 const QString Coda =
     u": gli importi delle parcelle restano quelli che sono, e senza l'archivio non si possono "
     u"ricalcolare né salvare"_s;
+
+const QString SenzaOpzione =
+    u"Attenzione, l'archivio della tariffa D.m. 55/2014 non dice quale sia la variazione n. 101 della "
+    u"parcella!\nLa percentuale resta come variazione libera e gli importi sono quelli salvati."_s;
 
 /// A court at 30.000 euro, an increase, three parties, an amount of the user's own.
 Parcella NotaScritta()
@@ -263,6 +273,7 @@ void TestTariffaNelFile::archivioInservibile()
     const QString Frase = u"L'archivio della tariffa D.m. 55/2014, parcelle55.mdb, "_s + Motivo + Coda;
     Registratore Voce;
     Voce.Attendi(u"Errore: %1 (%2)"_s.arg(Frase).arg(Numero));  // once, however many lists it lacks
+    Voce.Attendi(SenzaOpzione);  // documents print the percent without its sentence
     Parcella Letta;
     CaricaDati(Letta, File);
     QCOMPARE(Letta.Tariffa, &Dm55);
@@ -491,6 +502,105 @@ void TestTariffaNelFile::variazioneTolta()
     Catalogo Voci;
     EntraOnorari(Letta, Voci);
     QCOMPARE(Colonna(Letta, OnoImporto), Importi);  // nothing is recalculated in silence
+}
+
+void TestTariffaNelFile::senzaVariazioni()
+{
+    const Studio Suo;
+    const Database Tariffe = Tariffa55Propria(Suo);
+    const QString File = Salvata(Suo, NotaScritta());
+    Tariffe.Execute(u"DROP TABLE Variazioni"_s);
+    Registratore Voce;
+    Voce.Attendi(SenzaOpzione, vbOK, u"Avvertenza:"_s);
+    Parcella Letta;
+    CaricaDati(Letta, File);
+    QCOMPARE(OpzioniAumRid(Letta).size(), 1);
+    QCOMPARE(FraseVariazione(Letta), u"Applicato aumento 20% "_s);
+    QCOMPARE(Colonna(Letta, OnoImporto)[1], qint64(123456));
+}
+
+void TestTariffaNelFile::opzioneDellAltroDecreto()
+{
+    const Studio Suo;
+    const Database Tariffe = Tariffa55Propria(Suo);
+    const QString File = Salvata(Suo, NotaScritta());
+    EseguiSu(File, u"UPDATE ParcellaParam SET AumRidIdx=3"_s);
+    Tariffe.Execute(u"DROP TABLE Variazioni"_s);
+    Registratore Voce;
+    Voce.Attendi(QString(SenzaOpzione).replace(u"n. 101"_s, u"n. 3"_s));
+    Parcella Letta;
+    CaricaDati(Letta, File);
+    QCOMPARE(Letta.AumRidIdx, AumRidLibera);
+    QVERIFY(!FraseVariazione(Letta).contains(u"Conciliazioni"_s));
+}
+
+void TestTariffaNelFile::elencoVuoto_data()
+{
+    QTest::addColumn<QStringList>("Sql");
+    QTest::addColumn<QString>("Che");
+    const QString Uffici = u"DELETE FROM Autorità"_s;
+    const QString Fasce = u"DELETE FROM Scaglioni"_s;
+    QTest::newRow("offices") << QStringList{Uffici} << u"alcuna autorità"_s;
+    QTest::newRow("brackets") << QStringList{Fasce} << u"alcuno scaglione"_s;
+    QTest::newRow("both") << QStringList{Uffici, Fasce} << u"alcuna autorità né alcuno scaglione"_s;
+}
+
+void TestTariffaNelFile::elencoVuoto()
+{
+    QFETCH(QStringList, Sql);
+    QFETCH(QString, Che);
+    const Studio Suo;
+    const Database Tariffe = Tariffa55Propria(Suo);
+    Parcella Nota = NotaScritta();
+    ScegliAumRid(Nota, AumRidLibera);
+    const QString File = Salvata(Suo, Nota);
+    for (const QString& Istruzione : Sql)
+        Tariffe.Execute(Istruzione);
+    Registratore Voce;
+    Voce.Attendi(u"Attenzione, l'archivio della tariffa D.m. 55/2014, parcelle55.mdb, non ha più %1 per la "
+                 u"categoria della parcella!\nGli importi della parcella restano quelli salvati."_s.arg(Che),
+                 vbOK, u"Avvertenza:"_s);
+    Parcella Letta;
+    CaricaDati(Letta, File);
+    QCOMPARE(Colonna(Letta, OnoImporto)[1], qint64(123456));
+    QVERIFY(!Letta.RicalcoloNecessario);
+}
+
+void TestTariffaNelFile::partiNonPreviste_data()
+{
+    QTest::addColumn<int>("Categoria");
+    QTest::addColumn<int>("Ufficio");
+    QTest::addColumn<int>("Parti");
+    QTest::addColumn<bool>("Detto");
+    QTest::newRow("civil") << int(CategCivile) << IDTribunale55 << 3 << true;
+    QTest::newRow("criminal") << int(CategPenale) << IDMonocratico55 << 2 << true;
+    QTest::newRow("one party") << int(CategCivile) << IDTribunale55 << 1 << false;
+}
+
+void TestTariffaNelFile::partiNonPreviste()
+{
+    QFETCH(int, Categoria);
+    QFETCH(int, Ufficio);
+    QFETCH(int, Parti);
+    QFETCH(bool, Detto);
+    const Studio Suo;
+    const Database Tariffe = Tariffa55Propria(Suo);
+    Parcella Nota = Nota55(Categoria, Ufficio, Categoria == CategPenale ? QString() : u"30000"_s);
+    CaricaParti(Nota, Parti);
+    Catalogo Voci;
+    EntraOnorari(Nota, Voci);
+    const QString File = Salvata(Suo, Nota);
+    Tariffe.Execute(u"DROP TABLE PartiAssistite"_s);
+    Registratore Voce;
+    if (Detto)
+        Voce.Attendi(u"Attenzione, l'archivio della tariffa D.m. 55/2014, parcelle55.mdb, non dice più "
+                     u"l'aumento per le %1 parti assistite della parcella!\nGli importi della parcella "
+                     u"restano quelli salvati."_s.arg(Parti),
+                     vbOK, u"Avvertenza:"_s);
+    Parcella Letta;
+    CaricaDati(Letta, File);
+    QCOMPARE(Letta.PartiAssistite, Parti);
+    QCOMPARE(Colonna(Letta, OnoImporto), Colonna(Nota, OnoImporto));
 }
 
 void TestTariffaNelFile::associata()
