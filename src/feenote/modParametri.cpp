@@ -99,10 +99,12 @@ bool CercaScaglione(const Parcella& Nota, double Valore)
 }
 
 /// A note whose office and bracket stand in its file alone, because its reference database could not be read:
-/// there is nothing to choose from, and its amounts are looked at and printed all the same.
+/// there is nothing to choose from, and its amounts are looked at and printed all the same. A new note has no
+/// such file.
 bool SenzaElenchi(const Parcella& Nota)
 {
-    return Nota.Tariffa->Dichiarato && Nota.ListaAutorita.isEmpty() && Nota.ListaScaglioni.isEmpty();
+    return (Nota.AutoritaTenuta.Nominata() || Nota.ScaglioneTenuto.Nominata()) &&
+           Nota.ListaAutorita.isEmpty() && Nota.ListaScaglioni.isEmpty();
 }
 
 /// What is said of a value that lies beyond the last bracket of a decree whose brackets end.
@@ -482,21 +484,37 @@ void PortaRighe(Parcella& Nota, const QHash<QString, QString>& Voci)
     }
 }
 
-}  // namespace
+/// Numbers of the decree that comes by those of the one that goes.
+struct Corrispondenze
+{
+    QHash<QString, QString> Uffici;
+    QHash<QString, QString> Voci;
+};
 
-void PortaSuTariffa(Parcella& Nota, const Decreto& Nuova)
+/// @throws Errore when either database cannot be used
+Corrispondenze LeggiComuni(const Parcella& Nota, const Decreto& Nuova)
+{
+    const Decreto& Prima = *Nota.Tariffa;
+    (void)ApriTariffe(Prima);
+    (void)ApriTariffe(Nuova);
+    return {LeggiCorrispondenze(Prima, Nuova, Nota.CodCateg, GenereComune::Ufficio),
+            LeggiCorrispondenze(Prima, Nuova, Nota.CodCateg, GenereComune::Voce)};
+}
+
+/// True when the note has something that only the correspondences bring over.
+bool DaPortare(const Parcella& Nota)
+{
+    return HaRighe(Nota) || Nota.cmbAutor != NessunaVoce || Nota.AutoritaTenuta.Nominata() ||
+           Nota.ScaglioneTenuto.Nominata();
+}
+
+void Porta(Parcella& Nota, const Decreto& Nuova, const Corrispondenze& Comuni)
 {
     const RapportiUnici UnaVolta;
     const Decreto& Prima = *Nota.Tariffa;
     const QString Ufficio = QString::number(Nota.IDAutSelezionata());
     const bool EraIndeterminato = Nota.ScaglioneSelezionato() && Indeterminato(*Nota.ScaglioneSelezionato());
-    QHash<QString, QString> Uffici;
-    QHash<QString, QString> Voci;
-    Protetta([&] {
-        Uffici = LeggiCorrispondenze(Prima, Nuova, Nota.CodCateg, GenereComune::Ufficio);
-        Voci = LeggiCorrispondenze(Prima, Nuova, Nota.CodCateg, GenereComune::Voce);
-    });
-    PortaRighe(Nota, Voci);
+    PortaRighe(Nota, Comuni.Voci);
     PortaSpeseGenerali(Nota, Prima, Nuova);
 
     Nota.Tariffa = &Nuova;
@@ -506,23 +524,40 @@ void PortaSuTariffa(Parcella& Nota, const Decreto& Nuova)
     LoadScaglioni(Nota, Nota.CodCateg);
     LoadVariazioni(Nota);
     SelezionaAutoritaInSilenzio(
-        Nota, IndiceDi(Nota.ListaAutorita, Uffici.value(Ufficio, Ufficio).toInt(), &Autorita::IDAut));
+        Nota, IndiceDi(Nota.ListaAutorita, Comuni.Uffici.value(Ufficio, Ufficio).toInt(), &Autorita::IDAut));
     RitrovaScaglione(Nota, EraIndeterminato);
     LasciaVariazioneAltrui(Nota);
     if (!PartiContano(Nota))
         CaricaParti(Nota, 1);
 }
 
+}  // namespace
+
+void PortaSuTariffa(Parcella& Nota, const Decreto& Nuova)
+{
+    const RapportiUnici UnaVolta;
+    Corrispondenze Comuni;
+    Protetta([&] { Comuni = LeggiComuni(Nota, Nuova); });
+    Porta(Nota, Nuova, Comuni);
+}
+
 bool CambiaTariffa(Parcella& Nota, const Decreto& Nuova)
 {
     if (&Nuova == Nota.Tariffa)
         return true;
-    // An office that could not read it any more would be left with empty lists.
-    if (!Protetta([&] { (void)ApriTariffe(Nuova); }))
+    // Without its own database the note would lose its office and the keys of its lines, without the other
+    // one it would be left with empty lists.
+    Corrispondenze Comuni;
+    const bool Lette = Protetta([&] {
+        (void)ApriTariffe(Nuova);
+        if (DaPortare(Nota))
+            Comuni = LeggiComuni(Nota, Nuova);
+    });
+    if (!Lette)
         return false;
     if (!Nota.xOnorari.Vuota() && !ConfermaRicalcolo())
         return false;
-    PortaSuTariffa(Nota, Nuova);
+    Porta(Nota, Nuova, Comuni);
     SegnaRicalcolo(Nota);
     SetModificata(Nota, true);
     return true;

@@ -27,8 +27,9 @@ bool SelSca(Parcella& Nota, double Valore);
 /// The note follows another decree from now on. Lines in place are asked about as for another authority; they
 /// keep what they are under the items that both decrees have, and wait for a recalculation. Category, value
 /// and free variation stay, the office where the other decree has it; what a new note would have in the
-/// general expenses follows if it was as a new note has it. A decree whose database cannot be used is told
-/// and not taken.
+/// general expenses follows if it was as a new note has it. A database that cannot be used, of
+/// either decree, is told and nothing moves; that of the former one matters only to a note that has an office
+/// or lines.
 /// @return false when it was refused
 bool CambiaTariffa(Parcella& Nota, const Decreto& Nuova);
 

@@ -26,6 +26,10 @@ private Q_SLOTS:
     void speseGenerali_data();
     void speseGenerali();
     void archivioMancante();
+    void archivioPerduto_data();
+    void archivioPerduto();
+    void notaNuovaSenzaArchivio_data();
+    void notaNuovaSenzaArchivio();
     void archivioSenzaCorrispondenze();
 };
 PROVA(TestCambioTariffa);
@@ -299,6 +303,62 @@ void TestCambioTariffa::archivioMancante()
         u"salvare (3024)"_s);
     QVERIFY(!CambiaTariffa(Nota, Dm55));
     QVERIFY(Nota == Prima);
+}
+
+void TestCambioTariffa::archivioPerduto_data()
+{
+    QTest::addColumn<bool>("Via");  // away from the decree whose database is missing
+    QTest::newRow("the note's own") << true;
+    QTest::newRow("the one wanted") << false;
+}
+
+void TestCambioTariffa::archivioPerduto()
+{
+    QFETCH(bool, Via);
+    const Studio Suo;
+    (void)Tariffa55Propria(Suo);
+    Registratore Voce;
+    Parcella Nota = Via ? Nota55(CategCivile, IDTribunale55, u"30000"_s) : NotaCivile();
+    Catalogo Voci;
+    EntraOnorari(Nota, Voci);
+    Voci = {};
+    QVERIFY(QFile::remove(Suo.File(u"parcelle55.mdb"_s)));
+    const Parcella Prima = Nota;
+    Voce.Attendi(
+        u"Errore: L'archivio della tariffa D.m. 55/2014, parcelle55.mdb, manca dalla cartella del programma: "
+        u"gli importi delle parcelle restano quelli che sono, e senza l'archivio non si possono ricalcolare "
+        u"né salvare (3024)"_s);
+    QVERIFY(!CambiaTariffa(Nota, Via ? Dm140 : Dm55));
+    QVERIFY(Nota == Prima);
+}
+
+void TestCambioTariffa::notaNuovaSenzaArchivio_data()
+{
+    QTest::addColumn<int>("Categoria");
+    QTest::addColumn<QString>("Mancante");
+    QTest::newRow("civil") << int(CategCivile) << u"Non è stato specificato il campo Autorità"_s;
+    QTest::newRow("criminal") << int(CategPenale) << u"Non è stato specificato il campo Autorità"_s;
+    QTest::newRow("out of court") << int(CategStragiudiziale)
+                                  << u"Non è stato specificato lo scaglione di valore della causa!"_s;
+}
+
+void TestCambioTariffa::notaNuovaSenzaArchivio()
+{
+    QFETCH(int, Categoria);
+    QFETCH(QString, Mancante);
+    const Studio Suo;
+    (void)Suo.TariffeProprie();
+    Registratore Voce;
+    Voce.Tollera();
+    Parcella Nota;
+    NuovaParcella(Nota, Dm55);
+    CambiaCategoria(Nota, Categoria);
+    const std::optional<Mancanza<CampoNota>> Detta = PrimaMancanza(Nota);
+    QVERIFY(Detta);  // there is no file that names what cannot be chosen
+    QCOMPARE(Detta->Messaggio, Mancante);
+    // Nothing stands that a change could spoil: the way back to the other decree is open.
+    QVERIFY(CambiaTariffa(Nota, Dm140));
+    QVERIFY(!Nota.ListaAutorita.isEmpty());
 }
 
 void TestCambioTariffa::archivioSenzaCorrispondenze()
