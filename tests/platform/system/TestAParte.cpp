@@ -11,10 +11,8 @@
 #include <cstdlib>
 #include <thread>
 
-#ifdef Q_OS_UNIX
 #include <sys/wait.h>
 #include <unistd.h>
-#endif
 
 using namespace Qt::StringLiterals;
 
@@ -52,7 +50,6 @@ void TestAParte::siFinisceSenzaSmontare_data()
 /// A process of its own: its exit status says who has ended it, and its stream has lost nothing.
 void TestAParte::siFinisceSenzaSmontare()
 {
-#ifdef Q_OS_UNIX
     QFETCH(int, DuraMs);
     QFETCH(int, Esito);
     const QString File = NuovaCartella() + u"detto.txt"_s;
@@ -75,9 +72,6 @@ void TestAParte::siFinisceSenzaSmontare()
     QVERIFY(WIFEXITED(Stato));
     QCOMPARE(WEXITSTATUS(Stato), Esito);
     QCOMPARE(LeggiFile(File), "fine");
-#else
-    QSKIP("a process of its own by fork");
-#endif
 }
 
 #include "TestAParte.moc"

@@ -10,11 +10,9 @@
 #include <QScopedValueRollback>
 
 #include <fcntl.h>
-#ifdef Q_OS_LINUX
 #include <linux/capability.h>
-#include <sys/syscall.h>
-#endif
 #include <sys/file.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -168,7 +166,6 @@ void TestFileAccanto::iRestiDiAltriNomi()
     TogliRestiAccanto(Cartella + u"manca"_s);
 }
 
-#ifdef Q_OS_LINUX
 /// This thread of the superuser asks for leave as anybody does, while the object lives.
 class SenzaPrivilegi
 {
@@ -188,12 +185,10 @@ private:
     __user_cap_header_struct Testata = {_LINUX_CAPABILITY_VERSION_3, 0};
     __user_cap_data_struct Prima[2] = {};
 };
-#endif
 
 /// A share locks what is open for writing alone: a file that cannot be opened so is never locked, and stays.
 void TestFileAccanto::iRestiCheNonSiPossonoScrivere()
 {
-#ifdef Q_OS_LINUX
     const SenzaPrivilegi Chiunque;
     const QString Chiuso = Cartella + u".~chiuso.doc.tmp"_s;
     Resto(Chiuso, Fa);
@@ -203,9 +198,6 @@ void TestFileAccanto::iRestiCheNonSiPossonoScrivere()
     QVERIFY(QFile::setPermissions(Chiuso, QFile::ReadOwner | QFile::WriteOwner));
     TogliRestiAccanto(Cartella);
     QVERIFY(!EsisteFile(Chiuso));
-#else
-    QSKIP("the permissions of this system");
-#endif
 }
 
 /// They go with the first file of any name that comes into their folder.
