@@ -1,0 +1,85 @@
+// The court filing fee (contributo unificato) in force on the day of filing, with what says so.
+#pragma once
+
+#include "calculators/norme/norme.h"
+
+/// What a row of the fees is.
+enum class GenereContributo {
+    Scaglione,   ///< an amount for the values between two limits
+    Fisso,       ///< an amount for a kind of proceeding
+    Moltiplica,  ///< a rule: times a factor
+    Aggiunge,    ///< an amount that is owed besides
+    Minimo,      ///< what is to be paid for the filing to be taken
+};
+
+struct VoceContributo
+{
+    QString Codice;     ///< of the kind of proceeding or of the rule
+    QString Categoria;  ///< for the user
+    GenereContributo Genere = GenereContributo::Fisso;
+    std::optional<double> DaEuro;  ///< limits of a bracket, both included; none: no limit
+    std::optional<double> AEuro;
+    double Valore = 0.0;  ///< euro, or a factor
+    Vigenza Quando;
+    bool ConGradi = false;  ///< appeals multiply it
+    QString Norma;
+    QString Nota;
+};
+
+/// The degree of the proceeding.
+enum class GradoGiudizio { Primo, Impugnazione, Cassazione };
+inline constexpr std::array<QStringView, 3> VociGrado{u"Primo grado", u"Impugnazione", u"Cassazione"};
+
+/// A kind of proceeding to choose from.
+struct ProcedimentoContributo
+{
+    QString Codice;
+    QString Categoria;
+    bool AValore = false;   ///< the fee depends on the value
+    bool ConGradi = false;  ///< the degree may be chosen
+};
+
+/// The kinds of proceedings that the norms know, in their order.
+[[nodiscard]] QList<ProcedimentoContributo> ProcedimentiContributo(const Norme& Insieme);
+
+struct RichiestaContributo
+{
+    QString Procedimento;  ///< code
+    QDate Deposito;
+    std::optional<double> ValoreEuro;  ///< of the case; for a bracketed fee
+    GradoGiudizio Grado = GradoGiudizio::Primo;
+    bool Dimezzato = false;   ///< special proceedings, opposition to an order for payment, labour
+    bool Imprese = false;     ///< specialised sections for enterprises
+    bool OmessiDati = false;  ///< certified mail or fiscal code not stated
+    bool Notifiche = true;    ///< with the lump sum for notifications
+    int Ricorrenti = 1;       ///< for what is owed for each of them
+};
+
+/// How the amount came about, a row for each norm.
+struct PassoContributo
+{
+    QString Testo;      ///< "Scaglione da 5.200,01 a 26.000,00"
+    double Euro = 0.0;  ///< the amount behind this row
+    QString Norma;
+    bool NonRiscontrato = false;
+    QString Nota{};
+
+    friend bool operator==(const PassoContributo&, const PassoContributo&) = default;
+};
+
+struct EsitoContributo
+{
+    double ContributoEuro = 0.0;
+    double AggiunteEuro = 0.0;         ///< what is owed besides: notifications, registration
+    std::optional<double> MinimoEuro;  ///< to be paid for the filing to be taken; none: no such norm yet
+    QList<PassoContributo> Passi;
+    QStringList Note;
+
+    [[nodiscard]] double TotaleEuro() const { return ContributoEuro + AggiunteEuro; }
+    friend bool operator==(const EsitoContributo&, const EsitoContributo&) = default;
+};
+
+/// Rounded to 2 decimals, ties away from zero.
+/// @throws Errore 5 with a sentence: no such proceeding, before the oldest amount, a value that lacks or is
+///         negative, a degree or a rule that no norm provides for
+[[nodiscard]] EsitoContributo ContributoVigente(const Norme& Insieme, const RichiestaContributo& Richiesta);
