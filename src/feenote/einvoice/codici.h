@@ -1,0 +1,29 @@
+// The code lists of the electronic invoice that the program offers or shows.
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+#include <span>
+
+/// A code and what it means, in a few words.
+struct VoceCodice
+{
+    QStringView Codice;
+    QStringView Nome;
+};
+
+/// Kinds of document that the program writes.
+[[nodiscard]] std::span<const VoceCodice> TipiFattura();
+/// Tax regimes an office can be in.
+[[nodiscard]] std::span<const VoceCodice> RegimiFiscali();
+/// How an invoice is paid.
+[[nodiscard]] std::span<const VoceCodice> ModalitaPagamento();
+/// Reasons for fees without VAT that a user may choose.
+[[nodiscard]] std::span<const VoceCodice> NatureSenzaIva();
+
+/// A regime in which an office shows neither VAT nor withholding.
+[[nodiscard]] bool RegimeSenzaIva(QStringView Regime);
+
+/// "TD01 Fattura"; the code alone where the program knows no more of it.
+[[nodiscard]] QString ConNome(std::span<const VoceCodice> Voci, QStringView Codice);

@@ -1,0 +1,32 @@
+// The lines of an electronic invoice: the rows of the note, their taxes, what was paid on account.
+#pragma once
+
+#include "feenote/einvoice/fattura.h"
+#include "feenote/modTotali.h"
+
+/// What the taxable amounts of a note bear.
+struct TrattamentoFiscale
+{
+    double AliquotaIva = 0.0;  ///< percent
+    QString Natura;            ///< while the VAT is 0
+    bool Ritenuta = false;
+    /// What a charge of the stamp duty bears instead of a VAT: the subsidised regime counts it as income.
+    QString NaturaBollo;
+};
+
+/// What stands for expenses laid out in the client's name, D.P.R. 633/1972 art. 15.
+inline constexpr QStringView NaturaEsenti = u"N1";
+
+/// An expense of the note that may be the stamp duty charged to the client: two euro exempt, "bollo" in its
+/// description.
+[[nodiscard]] bool EAddebitoBollo(const TabellaRighe& Spese, int Riga);
+/// True when the note, or the one associated with it, has such an expense.
+[[nodiscard]] bool HaAddebitoBollo(const Parcella& Nota);
+
+/// The lines in the order of the document, amounts of 0 left out. Each payment on account is one negative
+/// line for each base that it reduces. Their sum is the chain's base with the exempt amounts.
+///
+/// @param Conti the chain of the note for the print type whose rows become lines
+/// @param ConBollo the first expense of EAddebitoBollo is the duty
+[[nodiscard]] QList<LineaFattura> LineeFattura(const Parcella& Nota, const Catena& Conti,
+                                               const TrattamentoFiscale& Fisco, bool ConBollo);
