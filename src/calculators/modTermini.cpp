@@ -33,6 +33,7 @@ constexpr GiornoMese FineSospensione{15, 9};
 constexpr GiornoMese RipresaDiLegge{1, 9};
 constexpr int AnnoRipresa = 2015;
 
+constexpr qsizetype LungoData = 10;
 constexpr GiornoMese SenzaPasquetta{31, 12};
 constexpr int AnnoSenzaPasquetta = 1999;
 constexpr int PrimoAnno = 100;
@@ -128,11 +129,22 @@ private:
     QDate Ultimo;
 };
 
+/// Writes a step down where somebody reads it; a stretch without days is none.
+void Registra(const ContoTermine& Conto, const QDate& Da, const QDate& A, GenerePasso Genere)
+{
+    const int Passo = Conto.Opzioni.Antecedente ? -1 : 1;
+    const int Giorni = int(Passo * Da.daysTo(A)) + 1;
+    if (Conto.Passi && Giorni > 0)
+        Conto.Passi->append({Da, A, Giorni, Genere, CriterioDelProgramma.toString(), false, {}});
+}
+
 /// Days one by one would do the same: until the suspension is reached nothing can happen.
-QDate ContaGiorni(ContoTermine& Conto, Finestra& Sospensione, QDate d, int Numero)
+/// @param Genere what the days are called in the road
+QDate ContaGiorni(ContoTermine& Conto, Finestra& Sospensione, QDate d, int Numero, GenerePasso Genere)
 {
     const int Passo = Sospensione.Verso();
     qint64 Restano = std::max(Numero, 0);
+    QDate PrimoContato = d.addDays(Passo);
     while (Conto.Opzioni.Sospensione && Restano > 0) {
         const qint64 FinoAlla = std::abs(d.daysTo(Sospensione.Inizio()));
         if (FinoAlla > Restano)
@@ -140,15 +152,59 @@ QDate ContaGiorni(ContoTermine& Conto, Finestra& Sospensione, QDate d, int Numer
         Conto.Prorogato = true;
         Conto.SettembreSospeso |= Sospensione.HaSettembre(Sospensione.Inizio(), Sospensione.Fine());
         Restano -= FinoAlla;
-        d = Avanti(Sospensione.Fine(), Passo);
+        Registra(Conto, PrimoContato, Sospensione.Inizio().addDays(-Passo), Genere);
+        Registra(Conto, Sospensione.Inizio(), Sospensione.Fine(), GenerePasso::Sospensione);
+        d = PrimoContato = Avanti(Sospensione.Fine(), Passo);
         Sospensione.PassaAllAltra();
     }
-    return Avanti(d, Passo * Restano);
+    d = Avanti(d, Passo * Restano);
+    Registra(Conto, PrimoContato, d, Genere);
+    return d;
 }
+
+/// The calendar's months or years, and the suspended days on the way, stretches that touch joined.
+class RegistroMesi
+{
+public:
+    RegistroMesi(const ContoTermine& DelConto, const QDate& Primo) : Conto(DelConto), Inizio(Primo) {}
+
+    void Sospesi(const Finestra& Sospensione, const QDate& Da, const QDate& A)
+    {
+        if (!Conto.Passi)
+            return;
+        const int Passo = Sospensione.Verso();
+        const auto Dopo = [&](const QDate& Uno, const QDate& Altro) {
+            return Passo > 0 ? Uno > Altro : Uno < Altro;
+        };
+        const QDate Primo = Da.addDays(Passo);
+        const QDate Dal = Dopo(Primo, Sospensione.Inizio()) ? Primo : Sospensione.Inizio();
+        const QDate Al = Dopo(A, Sospensione.Fine()) ? Sospensione.Fine() : A;
+        if (!Tratti.isEmpty() && Tratti.last().second.addDays(Passo) == Dal)
+            Tratti.last().second = Al;
+        else
+            Tratti.append({Dal, Al});
+    }
+    void Scrivi(const QDate& Fine, int Numero, int Tipo) const
+    {
+        if (!Conto.Passi)
+            return;
+        const QString Unita = VociIncremento[Tipo == TipoMesi ? 1 : 2].toString().toLower();
+        Conto.Passi->append({Inizio, Fine, 0, GenerePasso::Calendario, CriterioDelProgramma.toString(), false,
+                             u"%1 %2"_s.arg(Numero).arg(Unita)});
+        for (const auto& [Dal, Al] : Tratti)
+            Registra(Conto, Dal, Al, GenerePasso::Sospensione);
+    }
+
+private:
+    const ContoTermine& Conto;
+    QDate Inizio;
+    QList<std::pair<QDate, QDate>> Tratti;
+};
 
 QDate ContaMesiOAnni(ContoTermine& Conto, Finestra& Sospensione, QDate d, int Numero, int Tipo)
 {
     const int Passo = Sospensione.Verso();
+    RegistroMesi Registro(Conto, d);
     for (int i = 0; i < Numero; ++i) {
         const QDate Precedente = d;
         d = NelCalendario(Tipo == TipoMesi ? d.addMonths(Passo) : d.addYears(Passo));
@@ -157,16 +213,23 @@ QDate ContaMesiOAnni(ContoTermine& Conto, Finestra& Sospensione, QDate d, int Nu
         Conto.Prorogato = true;
         Conto.GiorniSospesi += Sospensione.Sovrapposti(Precedente, d);
         Conto.SettembreSospeso |= Sospensione.HaSettembre(Precedente, d);
+        Registro.Sospesi(Sospensione, Precedente, d);
         if (Sospensione.Superata(d))
             Sospensione.PassaAllAltra();
     }
+    Registro.Scrivi(d, Numero, Tipo);
     return d;
 }
 
-bool DaSpostare(const QDate& d, const OpzioniTermine& Opzioni)
+/// Why a term may not end on a day; none: it may.
+std::optional<GenerePasso> DaSpostare(const QDate& d, const OpzioniTermine& Opzioni)
 {
     const int Settimana = d.dayOfWeek();
-    return Settimana == Qt::Sunday || (Opzioni.Sabato && Settimana == Qt::Saturday) || IsFestivo(d);
+    if (IsFestivo(d))
+        return GenerePasso::Festivo;
+    if (Settimana == Qt::Sunday)
+        return GenerePasso::Domenica;
+    return Opzioni.Sabato && Settimana == Qt::Saturday ? std::optional(GenerePasso::Sabato) : std::nullopt;
 }
 
 /// Off holidays and out of the suspension, until the date stands still.
@@ -174,13 +237,15 @@ QDate Assesta(ContoTermine& Conto, const Finestra& Sospensione, QDate d)
 {
     for (;;) {
         const QDate Prima = d;
-        if (DaSpostare(d, Conto.Opzioni)) {
+        if (const auto Perche = DaSpostare(d, Conto.Opzioni)) {
             Conto.Prorogato = true;
+            Registra(Conto, d, d, *Perche);
             d = Avanti(d, Sospensione.Verso());
         }
         // This alone sets no flag: the term itself did not meet the suspension.
         if (Conto.Opzioni.Sospensione && Sospensione.Contiene(d)) {
             Conto.SettembreSospeso |= Sospensione.HaSettembre(d, Sospensione.Fine());
+            Registra(Conto, d, Sospensione.Fine(), GenerePasso::Sospensione);
             d = Avanti(Sospensione.Fine(), Sospensione.Verso());
         }
         if (d == Prima)
@@ -188,11 +253,9 @@ QDate Assesta(ContoTermine& Conto, const Finestra& Sospensione, QDate d)
     }
 }
 
-constexpr qsizetype LungoData = 10;
-
-}  // namespace
-
-QDate Conteggio(ContoTermine& Conto, int Numero, int Tipo)
+/// @param Genere what days counted are called in the road
+/// @param PerLaSospensione how the road calls the end of the period that a start inside it waits for
+QDate Conta(ContoTermine& Conto, int Numero, int Tipo, GenerePasso Genere, GenerePasso PerLaSospensione)
 {
     QDate d = NelCalendario(Conto.DataCorrente);
     Conto.GiorniSospesi = 0;
@@ -201,24 +264,35 @@ QDate Conteggio(ContoTermine& Conto, int Numero, int Tipo)
         // A start inside the period counts from its end; the move sets no flag.
         if (Sospensione.Contiene(d)) {
             Conto.SettembreSospeso |= Sospensione.HaSettembre(d, Sospensione.Fine());
+            Registra(Conto, d.addDays(Sospensione.Verso()), Sospensione.Fine(), PerLaSospensione);
             d = Sospensione.Fine();
         }
         Sospensione.PassaAllAltra();
     }
-    d = Tipo == TipoGiorni ? ContaGiorni(Conto, Sospensione, d, Numero)
+    d = Tipo == TipoGiorni ? ContaGiorni(Conto, Sospensione, d, Numero, Genere)
                            : ContaMesiOAnni(Conto, Sospensione, d, Numero, Tipo);
     if (Conto.GiorniSospesi != 0)
         return d;
-    if (Conto.Opzioni.Libero)
+    if (Conto.Opzioni.Libero) {
         d = Avanti(d, Sospensione.Verso());
+        Registra(Conto, d, d, GenerePasso::GiornoLibero);
+    }
     return Assesta(Conto, Sospensione, d);
+}
+
+}  // namespace
+
+QDate Conteggio(ContoTermine& Conto, int Numero, int Tipo)
+{
+    return Conta(Conto, Numero, Tipo, GenerePasso::GiorniContati, GenerePasso::InizioDifferito);
 }
 
 void ContaTermine(ContoTermine& Conto, int Numero, int Tipo)
 {
     Conto.DataCorrente = Conteggio(Conto, Numero, Tipo);
     if (Conto.GiorniSospesi > 0)
-        Conto.DataCorrente = Conteggio(Conto, Conto.GiorniSospesi, TipoGiorni);
+        Conto.DataCorrente = Conta(Conto, Conto.GiorniSospesi, TipoGiorni, GenerePasso::GiorniRecuperati,
+                                   GenerePasso::Sospensione);
 }
 
 bool IsFestivo(const QDate& Data)

@@ -5,6 +5,7 @@
 // 02/03/2006 a Saturday may move too (art. 155, 5° comma). Dates go from 01/01/0100 to 31/12/9999.
 #pragma once
 
+#include "calculators/strada.h"
 #include "core/mancanza.h"
 
 #include <QDate>
@@ -38,6 +39,7 @@ struct ContoTermine
     int GiorniSospesi = 0;   ///< days of suspension that a count in months or years met, still to be added
     bool Prorogato = false;  ///< the suspension was met, or the date moved off a holiday, Sunday or Saturday
     bool SettembreSospeso = false;  ///< days from 1 to 15 September of 2015 or later were left out
+    Strada* Passi = nullptr;        ///< where the counts write down what they do; none: nowhere
 };
 
 /// The line under a result that has left out days from 1 to 15 September although the law, from 2015 on, ends

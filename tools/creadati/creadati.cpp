@@ -4,6 +4,7 @@
 #include "creadati/archivio_tariffe.h"
 #include "creadati/archivio_tassi.h"
 #include "creadati/comuni.h"
+#include "creadati/norme.h"
 #include "platform/base/errore.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
@@ -22,6 +23,7 @@ void CreaBasi(const QString& Tabelle, const QString& Uscita)
     const Tassi Archivio = LeggiTassi(Tabelle);
     const QList<ComuneTabella> Comuni = LeggiComuni(Tabelle);
     const QDate ComuniAl = LeggiStatoComuni(Tabelle);
+    const TabelleNorme Vigenti = LeggiNorme(Tabelle);
     const QTemporaryDir Cartella;
     if (!Cartella.isValid())
         throw Errore(errori::Accesso);
@@ -31,10 +33,12 @@ void CreaBasi(const QString& Tabelle, const QString& Uscita)
     ScriviArchivioStudio(Provvisoria + u"DatiStudio.mdb"_s);
     ScriviTassi(Archivio, Provvisoria + u"Tassi.dat"_s);
     ScriviComuni(Comuni, ComuniAl, Provvisoria + u"Comuni.mdb"_s);
+    ScriviNorme(Vigenti, Provvisoria + u"Norme.mdb"_s);
 
     CreaCartella(Uscita);
     for (const auto& Nome :
-         {u"parcelle.mdb"_s, u"parcelle55.mdb"_s, u"DatiStudio.mdb"_s, u"Tassi.dat"_s, u"Comuni.mdb"_s})
+         {u"parcelle.mdb"_s, u"parcelle55.mdb"_s, u"DatiStudio.mdb"_s, u"Tassi.dat"_s, u"Comuni.mdb"_s,
+          u"Norme.mdb"_s})
         ScriviFile(Uscita + Nome, LeggiFile(Provvisoria + Nome));
     // The program tells the age of the rates by the date of their file.
     ImpostaDataFile(Uscita + u"Tassi.dat"_s, QDateTime(DataDeiTassi(Archivio), QTime(12, 0)));

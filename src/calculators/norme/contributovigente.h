@@ -21,7 +21,8 @@ struct VoceContributo
     std::optional<double> AEuro;
     double Valore = 0.0;  ///< euro, or a factor
     Vigenza Quando;
-    bool ConGradi = false;  ///< appeals multiply it
+    bool PerCiascuno = false;  ///< owed for each applicant, lot or the like
+    QString Gradi;  ///< "civile" or "amministrativo": whose rules on degrees multiply it; empty: none
     QString Norma;
     QString Nota;
 };
@@ -35,8 +36,9 @@ struct ProcedimentoContributo
 {
     QString Codice;
     QString Categoria;
-    bool AValore = false;   ///< the fee depends on the value
-    bool ConGradi = false;  ///< the degree may be chosen
+    bool AValore = false;      ///< the fee depends on the value
+    bool ConGradi = false;     ///< the degree may be chosen
+    bool PerCiascuno = false;  ///< the number of applicants counts
 };
 
 /// The kinds of proceedings that the norms know, in their order.
@@ -51,6 +53,7 @@ struct RichiestaContributo
     bool Dimezzato = false;   ///< special proceedings, opposition to an order for payment, labour
     bool Imprese = false;     ///< specialised sections for enterprises
     bool OmessiDati = false;  ///< certified mail or fiscal code not stated
+    bool Respinta = false;    ///< appeal refused: as much again
     bool Notifiche = true;    ///< with the lump sum for notifications
     int Ricorrenti = 1;       ///< for what is owed for each of them
 };

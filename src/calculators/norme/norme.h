@@ -87,6 +87,16 @@ struct NormaRegola
     bool Riscontrata = true;
 };
 
+/// What is not known of a time, said under a result that falls into it.
+struct NormaAvviso
+{
+    QString Ambito;  ///< AmbitoTermini or AmbitoContributo
+    Vigenza Quando;
+    QString Testo;
+};
+inline constexpr QStringView AmbitoTermini = u"termini";
+inline constexpr QStringView AmbitoContributo = u"contributo";
+
 /// The summer suspension of one year.
 struct Sospensione
 {
@@ -117,6 +127,9 @@ public:
     /// "norme note fino al gg/mm/aaaa" for a later day, empty otherwise.
     [[nodiscard]] QString AvvisoOltre(const QDate& Giorno) const;
 
+    /// What is not known on a day.
+    [[nodiscard]] QStringList Avvisi(QStringView Ambito, const QDate& Giorno) const;
+
     /// The summer suspension of a year; none before the law that brought it.
     [[nodiscard]] std::optional<Sospensione> SospensioneDel(int Anno) const;
     /// True for a day of it; serves the colours of the calendars.
@@ -136,7 +149,6 @@ public:
 
 private:
     void Leggi(const Database& Db);
-    void Controlla() const;
 
     QString File;
     QDate Al;
@@ -144,6 +156,7 @@ private:
     QList<NormaFesta> TutteFeste;
     QList<NormaMateria> TutteMaterie;
     QList<NormaRegola> TutteRegole;
+    QList<NormaAvviso> TuttiAvvisi;
     QList<TermineRicorrente> TuttiTermini;
     QList<CatenaTermini> TutteCatene;
     QList<VoceContributo> TuttiContributi;

@@ -26,7 +26,8 @@ struct TermineRicorrente
     bool Antecedente = false;
     bool Libero = false;
     std::optional<bool> Sospeso;  ///< by the summer suspension; none: no source says so
-    bool Sabato = false;          ///< a Saturday moves it (civil rites, acts outside hearings)
+    std::optional<bool> Sabato;   ///< a Saturday moves it (civil rites, acts outside hearings); none: no
+                                  ///< source says so for its rite
     MisuraVigenza Misura = MisuraVigenza::Evento;
     Vigenza Quando;
     QString Nota;
