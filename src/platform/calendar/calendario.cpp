@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -23,6 +24,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int MesiAnno = 12;
+constexpr int VociFisse = 6;  // of the legend
 
 /// A sample of a day, as the legend shows it.
 class Campione : public QWidget
@@ -42,7 +44,7 @@ protected:
         QFont Piccolo = font();
         Piccolo.setPointSizeF(Piccolo.pointSizeF() * 0.85);
         Pennello.setFont(Piccolo);
-        DipingiCasella(Pennello, rect(), u"1"_s, Aspetto);
+        DipingiCasella(Pennello, rect(), Aspetto.Segno ? QString() : u"1"_s, Aspetto);
     }
 
 private:
@@ -135,25 +137,49 @@ void CalendarioMensile::CreaLegenda()
         Voce{u"Sospensione feriale"_s, {.Sospeso = true}},
         Voce{u"Oggi"_s, {.Oggi = true}},
     };
-    constexpr int Righe = 3;
     Legenda = new QWidget(this);
     auto* Tabella = new QGridLayout(Legenda);
     Tabella->setContentsMargins(0, 0, 0, 0);
     Tabella->setHorizontalSpacing(aspetto::TraCampi / 2);
     Tabella->setVerticalSpacing(2);
-    for (size_t i = 0; i < Voci.size(); ++i) {
-        auto* Testo = new QLabel(Voci[i].Testo, Legenda);
-        if (Voci[i].Aspetto.Inizio)
+    for (const Voce& Una : Voci) {
+        QLabel* Testo = AggiungiVoce(Una.Testo, Una.Aspetto);
+        if (Una.Aspetto.Inizio)
             lblInizio = Testo;
-        const int Riga = int(i / 2);
-        const int Colonna = int(i % 2) * 3;
-        Tabella->addWidget(new Campione(Voci[i].Aspetto, Legenda), Riga, Colonna);
-        Tabella->addWidget(Testo, Riga, Colonna + 1);
     }
-    static_assert(std::tuple_size_v<decltype(Voci)> == 2 * Righe);
+    static_assert(std::tuple_size_v<decltype(Voci)> == VociFisse);
     Tabella->setColumnStretch(2, 1);
     Tabella->setColumnStretch(5, 1);
     layout()->addWidget(Legenda);
+}
+
+/// A sample and its name behind those that the legend has, two side by side.
+QLabel* CalendarioMensile::AggiungiVoce(const QString& Nome, const AspettoGiorno& Aspetto)
+{
+    auto* Tabella = static_cast<QGridLayout*>(Legenda->layout());
+    const int Posto = Tabella->count() / 2;
+    const int Colonna = Posto % 2 * 3;
+    auto* Testo = new QLabel(Nome, Legenda);
+    auto* Esempio = new Campione(Aspetto, Legenda);
+    Tabella->addWidget(Esempio, Posto / 2, Colonna);
+    Tabella->addWidget(Testo, Posto / 2, Colonna + 1);
+    // At once: a legend on view would show them, and count their room, behind the next event.
+    Esempio->show();
+    Testo->show();
+    return Testo;
+}
+
+void CalendarioMensile::ImpostaSegni(QList<SegnoCalendario> Nuovi, std::function<int(const QDate&)> Quale)
+{
+    while (Legenda->layout()->count() > 2 * VociFisse) {
+        const std::unique_ptr<QLayoutItem> Ultima(Legenda->layout()->takeAt(2 * VociFisse));
+        delete Ultima->widget();
+    }
+    Segni = std::move(Nuovi);
+    SegnoDi = std::move(Quale);
+    for (const SegnoCalendario& Segno : std::as_const(Segni))
+        AggiungiVoce(Segno.Nome, {.Segno = Segno});
+    Ridisegna();
 }
 
 void CalendarioMensile::MostraLegenda(bool Si)
@@ -198,12 +224,14 @@ void CalendarioMensile::ImpostaNomeInizio(const QString& Nome)
 
 AspettoGiorno CalendarioMensile::Aspetto(const QDate& Giorno) const
 {
+    const int Quale = SegnoDi ? SegnoDi(Giorno) : -1;
     return {.Domenica = Giorno.dayOfWeek() == Qt::Sunday,
             .Festivo = Risponde(Regole.Festivo, Giorno),
             .Sospeso = Risponde(Regole.Sospeso, Giorno),
             .Inizio = Decorrenza == Giorno,
             .Scadenza = Fini.contains(Giorno),
-            .Oggi = Giorno == Oggi()};
+            .Oggi = Giorno == Oggi(),
+            .Segno = Quale >= 0 && Quale < Segni.size() ? std::optional(Segni[Quale]) : std::nullopt};
 }
 
 QString CalendarioMensile::Descrizione(const QDate& Giorno) const
@@ -217,6 +245,8 @@ QString CalendarioMensile::Descrizione(const QDate& Giorno) const
         Parti << u"festivo"_s;
     if (Come.Sospeso)
         Parti << u"sospensione feriale"_s;
+    if (Come.Segno)
+        Parti << Come.Segno->Nome.toLower();
     if (Come.Inizio)
         Parti << NomeInizio.toLower();
     if (Come.Scadenza)

@@ -1,6 +1,7 @@
 // The month calendar of the forms that count days.
 #pragma once
 
+#include <QColor>
 #include <QDate>
 #include <QList>
 #include <QString>
@@ -19,6 +20,16 @@ struct RegoleCalendario
     std::function<bool(const QDate& Giorno)> Sospeso;
 };
 
+/// A kind of days of the caller's own: a tint with a letter in its corner, since no colour speaks alone.
+struct SegnoCalendario
+{
+    QString Nome;  ///< in the legend, and for the screen reader
+    QChar Lettera;
+    QColor Tinta;  ///< mixed with the ground, so that it serves light and dark alike
+
+    friend bool operator==(const SegnoCalendario&, const SegnoCalendario&) = default;
+};
+
 /// How a day is shown.
 struct AspettoGiorno
 {
@@ -28,6 +39,7 @@ struct AspettoGiorno
     bool Inizio = false;
     bool Scadenza = false;
     bool Oggi = false;
+    std::optional<SegnoCalendario> Segno = {};
 
     friend bool operator==(const AspettoGiorno&, const AspettoGiorno&) = default;
 };
@@ -46,6 +58,9 @@ public:
     explicit CalendarioMensile(QWidget* Padre = nullptr);
 
     void ImpostaRegole(RegoleCalendario Nuove);
+    /// The caller's own kinds of days. `Quale` gives the place of a day's kind in the list, -1 for none; an
+    /// empty list takes them away. The legend names them.
+    void ImpostaSegni(QList<SegnoCalendario> Nuovi, std::function<int(const QDate& Giorno)> Quale);
     /// The legend, shown unless the calendar only picks dates.
     void MostraLegenda(bool Si);
     /// The rules answer differently from now on.
@@ -76,9 +91,12 @@ protected:
 private:
     void CreaTestata();
     void CreaLegenda();
+    QLabel* AggiungiVoce(const QString& Nome, const AspettoGiorno& Aspetto);
     void Mostra();
 
     RegoleCalendario Regole;
+    QList<SegnoCalendario> Segni;
+    std::function<int(const QDate&)> SegnoDi;
     std::optional<QDate> Decorrenza;
     QList<QDate> Fini;
     QString NomeInizio;

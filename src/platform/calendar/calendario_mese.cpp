@@ -43,6 +43,26 @@ void DipingiSospensione(QPainter& Pennello, const QRect& Riquadro)
     Pennello.fillRect(Riquadro, QBrush(aspetto::Mischia(Ambra, Base, Tratto), Qt::BDiagPattern));
 }
 
+/// A kind of the caller's own: its tint over the day, its letter in the corner, alone in the middle of a
+/// sample.
+void DipingiSegno(QPainter& Pennello, const QRect& Riquadro, const SegnoCalendario& Segno, bool DaSolo)
+{
+    constexpr double Tinta = 0.25;
+    constexpr double Piccolo = 0.65;
+    const QPalette Colori = QApplication::palette();
+    Pennello.fillRect(Riquadro.adjusted(0, 1, 0, -1),
+                      aspetto::Mischia(Segno.Tinta, Colori.color(QPalette::Base), Tinta));
+    Pennello.save();
+    QFont Carattere = Pennello.font();
+    if (!DaSolo)
+        Carattere.setPointSizeF(Carattere.pointSizeF() * Piccolo);
+    Pennello.setFont(Carattere);
+    Pennello.setPen(Colori.color(QPalette::Text));
+    Pennello.drawText(Riquadro.adjusted(0, 0, -2, 0),
+                      DaSolo ? Qt::AlignCenter : Qt::AlignRight | Qt::AlignTop, Segno.Lettera);
+    Pennello.restore();
+}
+
 QColor ColoreNumero(const AspettoGiorno& Aspetto)
 {
     if (Aspetto.Scadenza)
@@ -79,6 +99,8 @@ void DipingiCasella(QPainter& Pennello, const QRect& Riquadro, const QString& Nu
     Pennello.save();
     if (Aspetto.Sospeso)
         DipingiSospensione(Pennello, Riquadro);
+    if (Aspetto.Segno)
+        DipingiSegno(Pennello, Riquadro, *Aspetto.Segno, Numero.isEmpty());
     Pennello.setRenderHint(QPainter::Antialiasing);
     DipingiPiastra(Pennello, QRectF(Riquadro).adjusted(3, 2, -3, -2), Aspetto);
     QFont Carattere = Pennello.font();

@@ -98,6 +98,9 @@ private Q_SLOTS:
     void nomeParlato();
     void ogniControlloHaUnNome();
     void laLegendaDiceTutto();
+    void segniPropri();
+    void segniConScadenzaESospensione();
+    void segniToltiDallaLegenda();
     void scuro();
 
 private:
@@ -384,6 +387,77 @@ void TestCalendario::laLegendaDiceTutto()
     for (const QLabel* Una : C->findChildren<QLabel*>())
         QCOMPARE(Una->isVisibleTo(C.get()), Una->objectName() == u"lblMese");
     QVERIFY(C->sizeHint().height() < Alto);
+}
+
+namespace {
+
+const SegnoCalendario Contati{u"Giorni contati"_s, u'c', QColor(0x1F, 0x4E, 0x79)};
+const SegnoCalendario Recuperati{u"Giorni recuperati"_s, u'r', QColor(0x6A, 0x3D, 0x9A)};
+
+/// The first two weeks of July are counted, the third is made up.
+int Quale(const QDate& Giorno)
+{
+    return Giorno.day() <= 14 ? 0 : Giorno.day() <= 21 ? 1 : Giorno.day() == 31 ? 9 : -1;
+}
+
+QStringList VociLegenda(const CalendarioMensile& C)
+{
+    QStringList Voci;
+    for (const QLabel* Una : C.findChildren<QLabel*>())
+        if (Una->objectName() != u"lblMese")
+            Voci << Una->text();
+    return Voci;
+}
+
+}  // namespace
+
+void TestCalendario::segniPropri()
+{
+    const QDate Semplice(2012, 7, 24);
+    const QColor Prima = Fondo(*C, Semplice);
+    C->ImpostaSegni({Contati, Recuperati}, Quale);
+    QCOMPARE(C->Aspetto(QDate(2012, 7, 14)).Segno, std::optional(Contati));
+    QCOMPARE(C->Aspetto(QDate(2012, 7, 16)).Segno, std::optional(Recuperati));
+    QCOMPARE(C->Aspetto(Semplice).Segno, std::nullopt);
+    // A number that the list does not have is no kind.
+    QCOMPARE(C->Aspetto(QDate(2012, 7, 31)).Segno, std::nullopt);
+    QCOMPARE(C->Descrizione(QDate(2012, 7, 16)), u"lunedì 16 luglio 2012, giorni recuperati"_s);
+    const QColor Uno = Fondo(*C, QDate(2012, 7, 11));
+    const QColor Due = Fondo(*C, QDate(2012, 7, 19));
+    QVERIFY(Uno != Prima && Due != Prima && Uno != Due);
+    QCOMPARE(Fondo(*C, Semplice), Prima);
+    QVERIFY(VociLegenda(*C).contains(Contati.Nome) && VociLegenda(*C).contains(Recuperati.Nome));
+}
+
+// The colour is not the only sign: the letter is painted too.
+void TestCalendario::segniConScadenzaESospensione()
+{
+    const QDate Giorno(2012, 7, 11);
+    SegnoCalendario Muto = Contati;
+    Muto.Lettera = u' ';
+    C->ImpostaSegni({Muto}, Quale);
+    const QImage Senza = C->grab(C->Riquadro(Giorno)).toImage();
+    C->ImpostaSegni({Contati}, Quale);
+    QVERIFY(C->grab(C->Riquadro(Giorno)).toImage() != Senza);
+    C->ImpostaRegole({{}, [](const QDate&) { return true; }});
+    C->Segna(QDate(2012, 7, 10), {Giorno});
+    QCOMPARE(C->Aspetto(Giorno),
+             (AspettoGiorno{.Sospeso = true, .Scadenza = true, .Segno = std::optional(Contati)}));
+    QCOMPARE(Fondo(*C, Giorno), aspetto::Accento());
+}
+
+void TestCalendario::segniToltiDallaLegenda()
+{
+    const QStringList Prima = VociLegenda(*C);
+    const int Alto = C->sizeHint().height();
+    C->ImpostaSegni({Contati, Recuperati}, Quale);
+    QCOMPARE(VociLegenda(*C).size(), Prima.size() + 2);
+    QVERIFY(C->sizeHint().height() > Alto);
+    C->ImpostaSegni({Recuperati}, Quale);
+    QCOMPARE(VociLegenda(*C), Prima + QStringList{Recuperati.Nome});
+    C->ImpostaSegni({}, {});
+    QCOMPARE(VociLegenda(*C), Prima);
+    QCOMPARE(C->Aspetto(QDate(2012, 7, 14)).Segno, std::nullopt);
 }
 
 void TestCalendario::scuro()
