@@ -50,6 +50,7 @@ constexpr std::array Voci{
     VoceImpostazione{u"SpeseGen", u"12,5", Percentuale, &sessione::SpeseGen},
     VoceImpostazione{u"CP", u"4", Percentuale, &sessione::CP},
     VoceImpostazione{chiavi::Tariffa, u"", Testo, &sessione::Tariffa},
+    VoceImpostazione{chiavi::Norme, NormeDelProgramma, Testo, &sessione::Norme},
     VoceImpostazione{u"Iban", u"", Testo, &sessione::Iban},
     VoceImpostazione{chiavi::CercaAgg, u"S", SiNo, &sessione::CercaAgg},
     VoceImpostazione{chiavi::WP, u"-1", Testo, &sessione::WP},

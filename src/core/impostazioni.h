@@ -38,11 +38,17 @@ inline constexpr QStringView ParcellePath = u"ParcellePath";
 inline constexpr QStringView UserFolder = u"UserFolder";
 inline constexpr QStringView ProgFatt = u"ProgFatt";
 inline constexpr QStringView Tariffa = u"Tariffa";
+inline constexpr QStringView Norme = u"Norme";
 inline constexpr QStringView CercaAgg = u"CercaAgg";
 inline constexpr QStringView WP = u"WP";
 inline constexpr QStringView SfondoDesktop = u"SfondoDesktop";
 
 }  // namespace chiavi
+
+/// The text of the key Norme with which the calculators begin by the law in force; any other, and none, is
+/// the program's own rules.
+inline constexpr QStringView NormeInVigore = u"vigenti";
+inline constexpr QStringView NormeDelProgramma = u"programma";
 
 /// Every setting, in the order in which the start reads them.
 [[nodiscard]] std::span<const VoceImpostazione> VociImpostazioni();

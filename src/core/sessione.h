@@ -42,6 +42,7 @@ inline float RA = 20.0F;        ///< withholding tax, percent
 inline float SpeseGen = 12.5F;  ///< general expenses, percent
 inline float CP = 4.0F;         ///< pension fund, percent
 inline QString Tariffa;         ///< short name of the decree of new notes; empty: the office has not chosen
+inline QString Norme;           ///< the rules that the calculators begin with, see NormeInVigore
 inline QString Iban;
 inline bool CercaAgg = true;               ///< look for updates at the start
 inline QString WP = QStringLiteral("-1");  ///< path of an alternative editor

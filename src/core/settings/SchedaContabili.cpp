@@ -85,6 +85,8 @@ SchedaContabili::SchedaContabili(QWidget* Padre) : QWidget(Padre), ui(std::make_
     for (const Decreto* Legge : Decreti)
         ui->cmbTariffa->addItem(Legge->Nome.toString(), Legge->Sigla.toString());
     AlScegliere(ui->cmbTariffa, [this](int, ModoScelta) { TariffaScelta = true; });
+    ui->cmbNorme->setItemData(0, NormeDelProgramma.toString());
+    ui->cmbNorme->setItemData(1, NormeInVigore.toString());
     for (const Aliquota& Voce : Aliquote) {
         QLineEdit* Campo = ui.get()->*Voce.Campo;
         Stringi(Campo);
@@ -104,6 +106,7 @@ void SchedaContabili::Carica()
     const QString Tariffa = ValoreConservato(chiavi::Tariffa);
     TariffaScelta = DecretoDi(Tariffa);
     ui->cmbTariffa->setCurrentIndex(std::max(ui->cmbTariffa->findData(Tariffa), 0));
+    ui->cmbNorme->setCurrentIndex(std::max(ui->cmbNorme->findData(ValoreConservato(chiavi::Norme)), 0));
     for (const Aliquota& Voce : Aliquote)
         (ui.get()->*Voce.Campo)->setText(ValoreConservato(Voce.Chiave));
     NumeroLetto = ValoreConservato(chiavi::ProgFatt);
@@ -116,6 +119,7 @@ ValoriScheda SchedaContabili::Valori() const
     ValoriScheda Fatti;
     if (TariffaScelta || isVisible())
         Fatti.append({chiavi::Tariffa.toString(), ui->cmbTariffa->currentData().toString()});
+    Fatti.append({chiavi::Norme.toString(), ui->cmbNorme->currentData().toString()});
     for (const Aliquota& Voce : Aliquote)
         Fatti.append({Voce.Chiave.toString(), SenzaBianchi(ui.get()->*Voce.Campo)});
     if (ui->txtNumFatt->text() != NumeroLetto)

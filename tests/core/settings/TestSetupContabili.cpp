@@ -18,6 +18,9 @@ private Q_SLOTS:
 
     void predefiniti();
     void memorizza();
+    void normeDeiCalcoli_data();
+    void normeDeiCalcoli();
+    void normeScritteAMano();
     void aliquotaVuota();
     void rifiutaLasciando_data();
     void rifiutaLasciando();
@@ -79,6 +82,44 @@ void TestSetupContabili::memorizza()
     QCOMPARE(sessione::SpeseGen, 15.0F);
     QCOMPARE(sessione::CP, 4.25F);
     QCOMPARE(sessione::ProgFatt, 17);
+}
+
+void TestSetupContabili::normeDeiCalcoli_data()
+{
+    QTest::addColumn<int>("Voce");
+    QTest::addColumn<QString>("Testo");
+    QTest::addColumn<QString>("Conservato");
+    QTest::newRow("in vigore") << 1 << u"in vigore"_s << u"vigenti"_s;
+    QTest::newRow("del programma") << 0 << u"del programma"_s << u"programma"_s;
+}
+
+// The program's own rules are those of a new office; a choice is stored and comes back.
+void TestSetupContabili::normeDeiCalcoli()
+{
+    QFETCH(int, Voce);
+    QFETCH(QString, Testo);
+    QFETCH(QString, Conservato);
+    Registratore Box;
+    QCOMPARE(sessione::Norme, u"programma"_s);
+    T->Apri(1);
+    auto* Lista = T->Trova<QComboBox>(u"cmbNorme"_s);
+    QCOMPARE(Lista->currentText(), u"del programma"_s);
+    ScegliConFrecce(Lista, Voce);
+    QCOMPARE(Lista->currentText(), Testo);
+    T->Memorizza(Box);
+    QCOMPARE(T->Parametro(u"Norme"_s), Conservato);
+    QCOMPARE(sessione::Norme, Conservato);
+    T->Modulo->close();
+    T->Apri(1);
+    QCOMPARE(Lista->currentText(), Testo);
+}
+
+void TestSetupContabili::normeScritteAMano()
+{
+    TavoloSetup::Salva(u"Norme"_s, u"domani"_s);
+    ImpostaVariabili();
+    T->Apri(1);
+    QCOMPARE(T->Trova<QComboBox>(u"cmbNorme"_s)->currentText(), u"del programma"_s);
 }
 
 void TestSetupContabili::aliquotaVuota()
