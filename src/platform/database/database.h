@@ -89,6 +89,10 @@ public:
 
     /// Creates a table and notes its columns in the side table. @throws Errore 3010 when it exists
     void CreaTabella(const QString& Tabella, const QList<Campo>& Colonne) const;
+    /// Adds columns behind those that a table has, empty in every row, and notes them in the side table; one
+    /// that it has already stays as it is. Values that the engine fills cannot be added.
+    /// @throws Errore 3078 no such table, as Execute; all of them or none
+    void AggiungiColonne(const QString& Tabella, const QList<Campo>& Colonne) const;
     /// An index by its name, used by Recordset::Seek; two tables may each have one of the same name. @throws
     /// Errore as Execute
     void CreaIndice(const QString& Tabella, const QString& Nome, const QStringList& Colonne,

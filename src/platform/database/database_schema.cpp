@@ -72,22 +72,29 @@ QHash<QString, NotaCampo> NoteDi(Connessione& Conn, const QString& Tabella)
     return Note;
 }
 
-void AnnotaCampi(Connessione& Conn, const QString& Tabella, const QList<Campo>& Colonne)
+/// Notes columns, the first of which stands at a place of its table.
+void AggiungiNote(Connessione& Conn, const QString& Tabella, const QList<Campo>& Colonne, int Posto)
 {
-    // Files of another origin get the side table with the first table that we make in them.
+    // Files of another origin get the side table with the first table, or column, that we make in them.
     Conn.Esegui(SqlTabellaCampi());
-    Conn.Esegui(u"DELETE FROM \"_Campi\" WHERE Tabella=?"_s, {Tabella});
-    Istruzione Nota(Conn, u"INSERT INTO \"_Campi\" VALUES (?,?,?,?,?,?)"_s,
+    Istruzione Nota(Conn, u"INSERT OR REPLACE INTO \"_Campi\" VALUES (?,?,?,?,?,?)"_s,
                     {Tabella, QVariant(), QVariant(), QVariant(), QVariant(), QVariant()});
     for (int i = 0; i < Colonne.size(); ++i) {
         Nota.Lega(2, Colonne[i].Name);
         Nota.Lega(3, int(Colonne[i].Type));
         Nota.Lega(4, Colonne[i].Size);
         Nota.Lega(5, Colonne[i].Description);
-        Nota.Lega(6, i);
+        Nota.Lega(6, Posto + i);
         Nota.Avanza();
         Nota.Azzera();
     }
+}
+
+void AnnotaCampi(Connessione& Conn, const QString& Tabella, const QList<Campo>& Colonne)
+{
+    Conn.Esegui(SqlTabellaCampi());
+    Conn.Esegui(u"DELETE FROM \"_Campi\" WHERE Tabella=?"_s, {Tabella});
+    AggiungiNote(Conn, Tabella, Colonne, 0);
 }
 
 void Crea(Connessione& Conn, const QString& Tabella, const QList<Campo>& Colonne)
@@ -214,6 +221,25 @@ void Database::CreaTabella(const QString& Tabella, const QList<Campo>& Colonne) 
 {
     Blocco Tutto(PerScrivere());
     Crea(*Conn, Tabella, Colonne);
+    Tutto.Conferma();
+}
+
+void Database::AggiungiColonne(const QString& Tabella, const QList<Campo>& Colonne) const
+{
+    Blocco Tutto(PerScrivere());
+    const QString Vero = NomeVero(*Conn, Tabella);
+    if (Vero.isEmpty())
+        throw ErroreSenzaTabella(Conn->Percorso());
+    const QList<Campo> Presenti = LeggiCampi(*Conn, Vero);
+    QList<Campo> Nuove = Colonne;
+    Nuove.removeIf([&](const Campo& Nuova) {
+        return std::ranges::any_of(Presenti, [&](const Campo& C) { return Uguali(C.Name, Nuova.Name); });
+    });
+    for (const Campo& C : std::as_const(Nuove))
+        Conn->Esegui(u"ALTER TABLE %1 ADD COLUMN %2 %3"_s.arg(Identificatore(Vero), Identificatore(C.Name),
+                                                              Dichiarazione(C)));
+    if (!Nuove.isEmpty())
+        AggiungiNote(*Conn, Vero, Nuove, int(Presenti.size()));
     Tutto.Conferma();
 }
 

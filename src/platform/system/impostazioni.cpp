@@ -8,6 +8,8 @@
 
 #include <QStandardPaths>
 
+#include <functional>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -21,17 +23,36 @@ QByteArray LeggiDeposito(const QString& File)
     return EsisteFile(File) ? LeggiFile(File, MassimoByte) : QByteArray();
 }
 
+/// Puts another text in the store's place, in turn with other programs: two that store at one moment would
+/// each put back what the other has changed.
 /// @throws Errore why not
-void Scrivi(const QString& File, const QString& Sezione, const QList<std::pair<QString, QString>>& Valori)
+void Cambia(const QString& File, const std::function<QByteArray(const QByteArray& Prima)>& Dopo)
 {
     CreaCartellaDiUtente(CartellaFile(File));
-    // Two programs that store at one moment would each put back what the other has changed.
     ATurno(File, NomeFile(File) + u".lock"_s, [&] {
         const QByteArray Prima = LeggiDeposito(File);
-        const QByteArray Dopo = ConValoriNelDeposito(Prima, Sezione, Valori);
-        if (Dopo != Prima || !EsisteFile(File))
-            ScriviFile(File, Dopo, Lettori::SoloUtente);
+        const QByteArray Nuovo = Dopo(Prima);
+        if (Nuovo != Prima || !EsisteFile(File))
+            ScriviFile(File, Nuovo, Lettori::SoloUtente);
     });
+}
+
+[[noreturn]] void NonScritte(const QString& File, const Errore& Guasto)
+{
+    throw Errore(errori::Accesso,
+                 u"Impossibile scrivere le impostazioni nel file %1: %2"_s.arg(File, Guasto.Descrizione));
+}
+
+/// @throws Errore 6, 13
+int NumeroDopo(const QString& Testo, int Massimo)
+{
+    bool Intero = false;
+    const int Ultimo = Testo.trimmed().isEmpty() ? 0 : Testo.toInt(&Intero);
+    if ((!Intero && !Testo.trimmed().isEmpty()) || Ultimo < 0)
+        throw Errore(errori::Tipo);
+    if (Ultimo >= Massimo)
+        throw Errore(errori::Eccedenza);
+    return Ultimo + 1;
 }
 
 }  // namespace
@@ -68,9 +89,25 @@ void SaveSettings(const QString& Applicazione, const QString& Sezione,
 {
     const QString File = PercorsoImpostazioni(Applicazione);
     try {
-        Scrivi(File, Sezione, Valori);
+        Cambia(File, [&](const QByteArray& Prima) { return ConValoriNelDeposito(Prima, Sezione, Valori); });
     } catch (const Errore& Guasto) {
-        throw Errore(errori::Accesso,
-                     u"Impossibile scrivere le impostazioni nel file %1: %2"_s.arg(File, Guasto.Descrizione));
+        NonScritte(File, Guasto);
     }
+}
+
+int PrendiNumero(const QString& Applicazione, const QString& Sezione, const QString& Chiave, int Massimo)
+{
+    const QString File = PercorsoImpostazioni(Applicazione);
+    int Preso = 0;
+    try {
+        Cambia(File, [&](const QByteArray& Prima) {
+            Preso = NumeroDopo(ValoreDelDeposito(Prima, Sezione, Chiave).value_or(QString()), Massimo);
+            return ConValoriNelDeposito(Prima, Sezione, {{Chiave, QString::number(Preso)}});
+        });
+    } catch (const Errore& Guasto) {
+        if (Guasto.Numero == errori::Eccedenza || Guasto.Numero == errori::Tipo)
+            throw;
+        NonScritte(File, Guasto);
+    }
+    return Preso;
 }

@@ -26,3 +26,11 @@ void SaveSetting(const QString& Applicazione, const QString& Sezione, const QStr
 /// @throws Errore 75 when the store cannot be written; every key is as before then
 void SaveSettings(const QString& Applicazione, const QString& Sezione,
                   const QList<std::pair<QString, QString>>& Valori);
+
+/// Takes the next number of a counter that the store holds under a key: it stands on the disk when this
+/// returns, and no two programs take the same one. A counter that is missing begins behind 0.
+/// @param Massimo the last number that it can give
+/// @throws Errore 6 past the last number, 13 a stored text that is no number of it, 75 a store that cannot be
+/// read or written; the counter is then as before
+[[nodiscard]] int PrendiNumero(const QString& Applicazione, const QString& Sezione, const QString& Chiave,
+                               int Massimo);
