@@ -2,6 +2,7 @@
 
 #include "core/indirizzi.h"
 #include "core/modAvvio.h"
+#include "core/modRegimi.h"
 #include "core/parametri.h"
 #include "core/sessione.h"
 #include "core/versione.h"
@@ -52,6 +53,18 @@ constexpr std::array Voci{
     VoceImpostazione{chiavi::Tariffa, u"", Testo, &sessione::Tariffa},
     VoceImpostazione{chiavi::Norme, NormeDelProgramma, Testo, &sessione::Norme},
     VoceImpostazione{u"Iban", u"", Testo, &sessione::Iban},
+    VoceImpostazione{u"TipoStudio", u"P", Testo, &sessione::TipoStudio, {}, tipostudio::Noto},
+    VoceImpostazione{u"StudioTitolareNome", u"", Testo, &sessione::StudioTitolareNome},
+    VoceImpostazione{u"StudioTitolareCognome", u"", Testo, &sessione::StudioTitolareCognome},
+    VoceImpostazione{u"RegimeFiscale", u"RF01", Testo, &sessione::RegimeFiscale, {}, regimi::Noto},
+    VoceImpostazione{u"StudioVia", u"", Testo, &sessione::StudioVia},
+    VoceImpostazione{u"StudioCivico", u"", Testo, &sessione::StudioCivico},
+    VoceImpostazione{u"StudioCap", u"", Testo, &sessione::StudioCap},
+    VoceImpostazione{u"StudioComune", u"", Testo, &sessione::StudioComune},
+    VoceImpostazione{u"StudioProv", u"", Testo, &sessione::StudioProv},
+    VoceImpostazione{u"StudioPec", u"", Testo, &sessione::StudioPec},
+    // Read where it steps, in turn with other programs: what a session remembers of it may be old.
+    VoceImpostazione{chiavi::ProgTrasm, u"0", Testo, {}},
     VoceImpostazione{chiavi::CercaAgg, u"S", SiNo, &sessione::CercaAgg},
     VoceImpostazione{chiavi::WP, u"-1", Testo, &sessione::WP},
     VoceImpostazione{chiavi::ProgFatt, u"0", Intero16, &sessione::ProgFatt},

@@ -37,6 +37,7 @@ inline constexpr QStringView ArchivioCliCon = u"ArchivioCliCon";
 inline constexpr QStringView ParcellePath = u"ParcellePath";
 inline constexpr QStringView UserFolder = u"UserFolder";
 inline constexpr QStringView ProgFatt = u"ProgFatt";
+inline constexpr QStringView ProgTrasm = u"ProgTrasm";
 inline constexpr QStringView Tariffa = u"Tariffa";
 inline constexpr QStringView Norme = u"Norme";
 inline constexpr QStringView CercaAgg = u"CercaAgg";

@@ -44,6 +44,16 @@ inline float CP = 4.0F;         ///< pension fund, percent
 inline QString Tariffa;         ///< short name of the decree of new notes; empty: the office has not chosen
 inline QString Norme;           ///< the rules that the calculators begin with, see NormeInVigore
 inline QString Iban;
+inline QString TipoStudio = QStringLiteral("P");  ///< P a person, A an association, S a company
+inline QString StudioTitolareNome;                ///< first and family name of an office that is a person
+inline QString StudioTitolareCognome;
+inline QString RegimeFiscale = QStringLiteral("RF01");  ///< code of the electronic invoice's list
+inline QString StudioVia;                               ///< the seat, as the electronic invoice parts it
+inline QString StudioCivico;
+inline QString StudioCap;
+inline QString StudioComune;
+inline QString StudioProv;
+inline QString StudioPec;
 inline bool CercaAgg = true;               ///< look for updates at the start
 inline QString WP = QStringLiteral("-1");  ///< path of an alternative editor
 inline int ProgFatt = 0;                   ///< last invoice number used

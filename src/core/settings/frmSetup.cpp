@@ -10,6 +10,7 @@
 #include "core/settings/SchedaCartelle.h"
 #include "core/settings/SchedaContabili.h"
 #include "core/settings/SchedaDesktop.h"
+#include "core/settings/SchedaFattura.h"
 #include "core/settings/paginascorrevole.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
@@ -67,7 +68,7 @@ constexpr std::array Obblighi{
 };
 
 /// What each tab is for.
-constexpr std::array<QStringView, 4> Aiuti{
+constexpr std::array<QStringView, 5> Aiuti{
     u"Nome, indirizzo, città e posta elettronica sono obbligatori: compaiono nell'intestazione dei "
     u"documenti. "
     u"Codice fiscale, partita IVA e IBAN compaiono nelle fatture; la firma sotto ogni documento. Un codice "
@@ -88,17 +89,25 @@ constexpr std::array<QStringView, 4> Aiuti{
     u"personali aprono programmi, documenti, cartelle o pagine internet: doppio clic o Invio le modifica, "
     u"Canc le elimina; si riordinano trascinandole per la colonna a sinistra del titolo, o con Alt+Su e "
     u"Alt+Giù. Nulla cambia fino a \"Memorizza le impostazioni\".",
+    u"Quel che la fattura elettronica dice dello studio, oltre ai codici fiscali e all'IBAN dei dati studio. "
+    u"L'indirizzo va diviso nelle sue parti: quello dei documenti di carta resta com'è scritto. Di una "
+    u"persona "
+    u"fisica si possono indicare nome e cognome; vuoti, vale il nome dello studio. Il numero dell'ultimo "
+    u"file "
+    u"avanza da solo a ogni fattura scritta: si corregge qui soltanto per continuare una numerazione.",
 };
 
 }  // namespace
 
 frmSetup::frmSetup()
     : ui(std::make_unique<Ui::frmSetup>()), Contabili(new SchedaContabili(this)),
-      Cartelle(new SchedaCartelle(this)), Desktop(new SchedaDesktop(this))
+      Cartelle(new SchedaCartelle(this)), Desktop(new SchedaDesktop(this)), Fattura(new SchedaFattura(this))
 {
     ui->setupUi(this);
-    const std::array<std::pair<QWidget*, QStringView>, 3> Pagine{
-        {{Contabili, u"Dati contabili"}, {Cartelle, u"Setup"}, {Desktop, u"Personalizza desktop"}}};
+    const std::array<std::pair<QWidget*, QStringView>, 4> Pagine{{{Contabili, u"Dati contabili"},
+                                                                  {Cartelle, u"Setup"},
+                                                                  {Desktop, u"Personalizza desktop"},
+                                                                  {Fattura, u"Fattura elettronica"}}};
     const QString PrimoTitolo = ui->tabSetup->tabText(0);
     QWidget* Prima = ui->tabSetup->widget(0);
     ui->tabSetup->removeTab(0);
@@ -112,6 +121,9 @@ frmSetup::frmSetup()
     setTabOrder(ui->cmdHelp, ui->cmdSaveImpost);
     setTabOrder(ui->cmdSaveImpost, ui->cmdChiudi);
     ui->pctHelp->hide();
+    Fattura->IndirizzoScritto = [this] {
+        return std::pair(ui->txtIndStudio->text(), ui->txtCittaStudio->text());
+    };
     aspetto::TitoliInGrassetto(this);
     aspetto::AssegnaMnemonici(this);
     aspetto::AssegnaNomiAccessibili(this);
@@ -221,6 +233,7 @@ void frmSetup::LoadValori()
     Contabili->Carica();
     Cartelle->Carica();
     Desktop->Carica();
+    Fattura->Carica();
 }
 
 void frmSetup::SegnaControlli()
@@ -265,8 +278,11 @@ bool frmSetup::CheckValori()
 
 bool frmSetup::CheckNumero()
 {
-    QLineEdit* Campo = Contabili->NumeroSbagliato();
-    return !Campo || Rifiuta(u"Immettere un valore numerico!"_s, SchedaDatiContabili, Campo);
+    const QString Messaggio = u"Immettere un valore numerico!"_s;
+    if (QLineEdit* Campo = Contabili->NumeroSbagliato())
+        return Rifiuta(Messaggio, SchedaDatiContabili, Campo);
+    QLineEdit* Campo = Fattura->NumeroSbagliato();
+    return !Campo || Rifiuta(Messaggio, SchedaFatturaElettronica, Campo);
 }
 
 void frmSetup::SalvaValori() const
@@ -275,7 +291,8 @@ void frmSetup::SalvaValori() const
     for (const CampoImpostazione& Voce : Campi)
         Tutti.append({Voce.Chiave.toString(), (ui.get()->*Voce.Campo)->text()});
     // In one write: a failure in the middle would leave half of them.
-    SalvaImpostazioni(Tutti + Contabili->Valori() + Cartelle->Valori() + Desktop->Valori());
+    SalvaImpostazioni(Tutti + Contabili->Valori() + Cartelle->Valori() + Desktop->Valori() +
+                      Fattura->Valori());
 }
 
 void frmSetup::SegueArchivio()
@@ -304,6 +321,7 @@ void frmSetup::cmdSaveImpost_Click()
         Aperture.ImpostazioniCambiate();
     Contabili->Carica();
     Cartelle->Carica();
+    Fattura->Carica();
     // Another folder may hold other icons; those that could not be written stay in the form.
     if (IconeScritte)
         Desktop->Carica();

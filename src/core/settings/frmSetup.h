@@ -8,6 +8,7 @@
 class SchedaCartelle;
 class SchedaContabili;
 class SchedaDesktop;
+class SchedaFattura;
 
 namespace Ui {
 class frmSetup;
@@ -19,7 +20,13 @@ class frmSetup : public QDialog
 
 public:
     /// Tabs of tabSetup.
-    enum Scheda { SchedaDatiStudio = 0, SchedaDatiContabili = 1, SchedaSetup = 2, SchedaPersonalizza = 3 };
+    enum Scheda {
+        SchedaDatiStudio = 0,
+        SchedaDatiContabili = 1,
+        SchedaSetup = 2,
+        SchedaPersonalizza = 3,
+        SchedaFatturaElettronica = 4,
+    };
 
     frmSetup();
     ~frmSetup() override;
@@ -70,4 +77,5 @@ private:
     SchedaContabili* Contabili;  // pages of tabSetup
     SchedaCartelle* Cartelle;
     SchedaDesktop* Desktop;
+    SchedaFattura* Fattura;
 };

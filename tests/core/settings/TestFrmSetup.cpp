@@ -93,8 +93,8 @@ void TestFrmSetup::leSchede()
         Titoli << Schede->tabText(i).remove(u'&');
         QCOMPARE(Schede->widget(i)->objectName(), u"fraSetup_%1"_s.arg(i));
     }
-    QCOMPARE(Titoli,
-             (QStringList{u"Dati studio"_s, u"Dati contabili"_s, u"Setup"_s, u"Personalizza desktop"_s}));
+    QCOMPARE(Titoli, (QStringList{u"Dati studio"_s, u"Dati contabili"_s, u"Setup"_s,
+                                  u"Personalizza desktop"_s, u"Fattura elettronica"_s}));
     QCOMPARE(Schede->tabText(0), u"&Dati studio"_s);
     QCOMPARE(Modulo->windowTitle(), u"Calcanova - Personalizzazione programma"_s);
 }
@@ -352,7 +352,7 @@ void TestFrmSetup::ordineDelTabulatore()
 void TestFrmSetup::changeTabFuoriDaiLimiti()
 {
     const auto* Schede = Modulo->findChild<QTabWidget*>(u"tabSetup"_s);
-    for (const int Quale : {-1, 4, 99}) {
+    for (const int Quale : {-1, 5, 99}) {
         Modulo->ChangeTab(Quale);
         QCOMPARE(Schede->currentIndex(), 0);
     }

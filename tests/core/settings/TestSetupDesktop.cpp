@@ -545,12 +545,12 @@ void TestSetupDesktop::tuttoCiSta()
 void TestSetupDesktop::tasti()
 {
     Registratore Box;
-    T->Apri(3);
+    T->Apri(4);
     const auto* Schede = T->Trova<QTabWidget>(u"tabSetup"_s);
     QTest::keyClick(T->Modulo, Qt::Key_PageDown, Qt::ControlModifier);
     QCOMPARE(Schede->currentIndex(), 0);
     QTest::keyClick(T->Modulo, Qt::Key_PageUp, Qt::ControlModifier);
-    QCOMPARE(Schede->currentIndex(), 3);
+    QCOMPARE(Schede->currentIndex(), 4);
     Box.Attendi(u"Le impostazioni sono state memorizzate!"_s);
     QTest::keyClick(T->Modulo, Qt::Key_S, Qt::ControlModifier);
 }

@@ -1,0 +1,40 @@
+// What an electronic invoice says of the office: its kind and its tax regime.
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+#include <span>
+
+/// A code and how the settings show it.
+struct VoceCodificata
+{
+    QStringView Codice;
+    QStringView Nome;
+};
+
+namespace regimi {
+
+inline constexpr QStringView Ordinario = u"RF01";
+inline constexpr QStringView Forfettario = u"RF19";
+
+/// Every tax regime of the invoice's schema, 1.2.3; the two of nearly all law offices come first.
+[[nodiscard]] std::span<const VoceCodificata> Voci();
+/// The code, without regard to case and blanks; the ordinary one for a text that is none.
+[[nodiscard]] QString Noto(const QString& Codice);
+
+}  // namespace regimi
+
+namespace tipostudio {
+
+inline constexpr QStringView Persona = u"P";
+inline constexpr QStringView Associazione = u"A";
+inline constexpr QStringView Societa = u"S";
+
+[[nodiscard]] std::span<const VoceCodificata> Voci();
+/// The kind, without regard to case and blanks; a person for a text that is none.
+[[nodiscard]] QString Noto(const QString& Codice);
+/// The kind of withholding tax that clients keep back: RT01 from a person, RT02 from anybody else.
+[[nodiscard]] QString Ritenuta(const QString& Codice);
+
+}  // namespace tipostudio

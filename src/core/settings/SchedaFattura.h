@@ -1,0 +1,46 @@
+// The settings' page of the electronic invoice: the office's kind, regime and seat, the counter of files.
+#pragma once
+
+#include "core/settings/valorischeda.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+#include <utility>
+
+class QLineEdit;
+
+namespace Ui {
+class SchedaFattura;
+}
+
+class SchedaFattura : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit SchedaFattura(QWidget* Padre);
+    ~SchedaFattura() override;
+
+    /// Fills the page from the settings store.
+    void Carica();
+    /// What is to be stored. The counter is among it only when its box was edited, because a file may have
+    /// taken the next number meanwhile.
+    [[nodiscard]] ValoriScheda Valori() const;
+    /// The box that holds no number of a file; null when it does.
+    [[nodiscard]] QLineEdit* NumeroSbagliato() const;
+
+    /// Address and town of the office as its own page shows them: what a proposal is made of.
+    std::function<std::pair<QString, QString>()> IndirizzoScritto;
+
+private:
+    void cmdRicava_Click();
+    void MostraTipo();
+    void MostraNome();
+    void SegnaControlli();
+    bool LasciaNumero();
+
+    std::unique_ptr<Ui::SchedaFattura> ui;
+    QString NumeroLetto;
+};
