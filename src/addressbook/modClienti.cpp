@@ -10,6 +10,7 @@
 #include <QDate>
 
 #include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -63,6 +64,10 @@ DatiCliente LeggiRiga(const Recordset& Riga)
     Cliente.DataNascita = TestoColonna(Riga, u"DataNascita"_s);
     Cliente.ComuneNascita = TestoColonna(Riga, u"ComuneNascita"_s);
     Cliente.RapprLegale = TestoColonna(Riga, u"RapprLegale"_s);
+    Cliente.Nazione = TestoColonna(Riga, u"Nazione"_s).toUpper();
+    Cliente.Pec = TestoColonna(Riga, u"Pec"_s);
+    Cliente.CodDestinatario = TestoColonna(Riga, u"CodDestinatario"_s).toUpper();
+    Cliente.TipoSoggetto = TestoColonna(Riga, u"TipoSoggetto"_s);
     return Cliente;
 }
 
@@ -83,10 +88,56 @@ std::optional<DatiCliente> LeggiCliente(int IDCli)
     return CercaRiga(u"clienti"_s, IDCli, LeggiRiga);
 }
 
+std::optional<TipoSoggetto> SoggettoScritto(const QString& Testo)
+{
+    struct Parola
+    {
+        QStringView Inizio;
+        TipoSoggetto Tipo;
+    };
+    // The longer beginnings first: "P.A." is no person.
+    constexpr std::array Parole{
+        Parola{u"pa", TipoSoggetto::Amministrazione},
+        Parola{u"pubblica", TipoSoggetto::Amministrazione},
+        Parola{u"amministraz", TipoSoggetto::Amministrazione},
+        Parola{u"persona giu", TipoSoggetto::Societa},
+        Parola{u"pers", TipoSoggetto::Persona},
+        Parola{u"pf", TipoSoggetto::Persona},
+        Parola{u"soc", TipoSoggetto::Societa},
+        Parola{u"ditta", TipoSoggetto::Societa},
+        Parola{u"ente", TipoSoggetto::Societa},
+        Parola{u"ester", TipoSoggetto::Estero},
+        Parola{u"stranier", TipoSoggetto::Estero},
+    };
+    QString Nudo = Testo.simplified();
+    Nudo.remove(u'.');
+    const auto Trovata = std::ranges::find_if(Parole, [&](const Parola& Una) {
+        const bool Sigla = Una.Inizio.size() == 2;
+        return Sigla ? Nudo.compare(Una.Inizio, Qt::CaseInsensitive) == 0
+                     : Nudo.startsWith(Una.Inizio, Qt::CaseInsensitive);
+    });
+    return Trovata != Parole.end() ? std::optional(Trovata->Tipo) : std::nullopt;
+}
+
+TipoSoggetto SoggettoDi(const DatiCliente& Cliente)
+{
+    constexpr qsizetype CodiceUfficio = 6;
+    if (const auto Scritto = SoggettoScritto(Cliente.TipoSoggetto))
+        return *Scritto;
+    if (!Cliente.Nazione.isEmpty() && Cliente.Nazione != u"IT")
+        return TipoSoggetto::Estero;
+    if (Cliente.CodDestinatario.size() == CodiceUfficio)
+        return TipoSoggetto::Amministrazione;
+    return ESocieta(Cliente) ? TipoSoggetto::Societa : TipoSoggetto::Persona;
+}
+
 bool ESocieta(const DatiCliente& Cliente)
 {
     constexpr qsizetype CifreSocieta = 11;
     const auto Cifra = [](QChar C) { return C >= u'0' && C <= u'9'; };
+    if (const auto Scritto = SoggettoScritto(Cliente.TipoSoggetto);
+        Scritto && Scritto != TipoSoggetto::Estero)
+        return Scritto != TipoSoggetto::Persona;
     return !Cliente.RapprLegale.isEmpty() ||
            (Cliente.CodFis.size() == CifreSocieta && std::ranges::all_of(Cliente.CodFis, Cifra));
 }

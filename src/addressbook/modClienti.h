@@ -21,11 +21,24 @@ struct DatiCliente
     QString DataNascita;  ///< dd/mm/yyyy
     QString ComuneNascita;
     QString RapprLegale;  ///< name of who signs for a company
+    QString Nazione;      ///< ISO 3166-1, two letters; empty: Italy
+    QString Pec;
+    QString CodDestinatario;  ///< where its electronic invoices go: 7 characters, 6 of a public office
+    QString TipoSoggetto;     ///< as its card says it; see SoggettoDi
 
     friend bool operator==(const DatiCliente&, const DatiCliente&) = default;
 };
 /// The row of a client by its key; empty optional as for CercaCliente. A column that the archive does not
 /// have is empty.
 [[nodiscard]] std::optional<DatiCliente> LeggiCliente(int IDCli);
-/// A legal representative, or a tax code of the eleven digits that no person's has, makes it a company.
+
+/// Who a client is to the electronic invoice.
+enum class TipoSoggetto { Persona, Societa, Amministrazione, Estero };
+/// What a card's text means: "Persona", "Società", "PA", "Estero", and the words that begin so; none else.
+[[nodiscard]] std::optional<TipoSoggetto> SoggettoScritto(const QString& Testo);
+/// The kind that its card says, else what its country and codes tell.
+[[nodiscard]] TipoSoggetto SoggettoDi(const DatiCliente& Cliente);
+
+/// What the card says of it; where that is nothing, a legal representative, or a tax code of the eleven
+/// digits that no person's has, makes it a company.
 [[nodiscard]] bool ESocieta(const DatiCliente& Cliente);

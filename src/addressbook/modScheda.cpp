@@ -1,5 +1,6 @@
 #include "addressbook/modScheda.h"
 
+#include "addressbook/modClienti.h"
 #include "addressbook/modRubrica.h"
 #include "core/modControlli.h"
 #include "platform/base/errore.h"
@@ -116,6 +117,25 @@ bool Straniera(const QString& Testo)
            !Testo.startsWith(u"IT", Qt::CaseInsensitive);
 }
 
+bool LettereOCifre(const QString& Testo)
+{
+    return std::ranges::all_of(Testo, [](QChar C) {
+        return C.unicode() < 0x80 && C.isLetterOrNumber();  // of the alphabet alone
+    });
+}
+
+bool CodiceDestinatario(const QString& Testo)
+{
+    constexpr qsizetype DiUfficio = 6;
+    constexpr qsizetype DiPrivato = 7;
+    return (Testo.size() == DiUfficio || Testo.size() == DiPrivato) && LettereOCifre(Testo);
+}
+
+bool DueLettere(const QString& Testo)
+{
+    return Testo.size() == 2 && LettereOCifre(Testo) && Testo[0].isLetter() && Testo[1].isLetter();
+}
+
 }  // namespace
 
 int GetFieldType(const QString& Nome)
@@ -182,6 +202,12 @@ QString AvvisoScheda(const QString& Campo, const QString& Testo)
         return u"Il codice fiscale non torna: controllare le cifre"_s;
     if (E(u"PIva") && !Straniera(Testo.trimmed()) && !PartitaIvaTorna(Testo))
         return u"La partita IVA non torna: controllare le cifre"_s;
+    if (E(u"CodDestinatario") && !CodiceDestinatario(Testo.trimmed()))
+        return u"Il codice destinatario ha 7 lettere o cifre, 6 quello di una pubblica amministrazione"_s;
+    if (E(u"Nazione") && !DueLettere(Testo.trimmed()))
+        return u"La nazione è una sigla di due lettere: IT, DE, FR..."_s;
+    if (E(u"TipoSoggetto") && !SoggettoScritto(Testo))
+        return u"Scrivere Persona, Società, PA oppure Estero; vuoto, lo dicono i codici"_s;
     return {};
 }
 

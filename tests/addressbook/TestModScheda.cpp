@@ -286,6 +286,19 @@ void TestModScheda::avvisi_data()
     Riga("nome vuoto", u"Nominativo"_s, u"  "_s, Nome);
     Riga("nome", u"Nominativo"_s, u"x"_s, {});
     Riga("altro campo", u"Citta"_s, {}, {});
+    const QString Destinatario =
+        u"Il codice destinatario ha 7 lettere o cifre, 6 quello di una pubblica amministrazione"_s;
+    Riga("destinatario buono", u"CodDestinatario"_s, u"abc1234"_s, {});
+    Riga("destinatario di un ufficio", u"CodDestinatario"_s, u"UFAB12"_s, {});
+    Riga("destinatario corto", u"CodDestinatario"_s, u"ABC12"_s, Destinatario);
+    Riga("destinatario con un segno", u"CodDestinatario"_s, u"ABC-123"_s, Destinatario);
+    Riga("destinatario con un accento", u"CodDestinatario"_s, u"ABCÈ123"_s, Destinatario);
+    Riga("nazione buona", u"Nazione"_s, u"de"_s, {});
+    Riga("nazione sbagliata", u"Nazione"_s, u"D"_s,
+         u"La nazione è una sigla di due lettere: IT, DE, FR..."_s);
+    Riga("tipo buono", u"TipoSoggetto"_s, u"Società"_s, {});
+    Riga("tipo sbagliato", u"TipoSoggetto"_s, u"altro"_s,
+         u"Scrivere Persona, Società, PA oppure Estero; vuoto, lo dicono i codici"_s);
 }
 
 void TestModScheda::avvisi()

@@ -1,6 +1,9 @@
 #include "creadati/archivio_studio.h"
 
+#include "addressbook/modColonneFattura.h"
 #include "creadati/scrittura.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -17,21 +20,24 @@ Campo Chiave()
 /// equals sign, at which the description is cut.
 QList<Campo> ColonneRecapiti()
 {
+    const QList<Campo> Fattura = ColonneFattura();
+    const auto Della = [&](const QString& Nome) { return *std::ranges::find(Fattura, Nome, &Campo::Name); };
     return {
-        CampoTesto(u"Indirizzo"_s, 100, u"L=Indirizzo,S=30"_s),
-        CampoTesto(u"Cap"_s, 5, u"L=CAP,S=5"_s),
-        CampoTesto(u"Citta"_s, 60, u"L=Città,S=20"_s),
-        CampoTesto(u"Prov"_s, 2, u"L=Prov.,S=2"_s),
-        CampoTesto(u"CodFis"_s, 16, u"L=Codice fiscale,S=16"_s),
-        // A foreign VAT number carries its country and is longer than the 11 Italian digits.
-        CampoTesto(u"PIva"_s, 28, u"L=Partita IVA,S=13"_s),
+        Della(u"Indirizzo"_s),
+        Della(u"Cap"_s),
+        Della(u"Citta"_s),
+        Della(u"Prov"_s),
+        Della(u"Nazione"_s),
+        Della(u"CodFis"_s),
+        Della(u"PIva"_s),
         CampoDi(TipoCampo::Data, u"DataNascita"_s, u"L=Data di nascita,S=10"_s),
         CampoTesto(u"ComuneNascita"_s, 60, u"L=Comune di nascita,S=20"_s),
         CampoTesto(u"Telefono"_s, 30, u"L=Telefono,S=13"_s),
         CampoTesto(u"Cellulare"_s, 30, u"L=Cellulare,S=13"_s),
         CampoTesto(u"Email"_s, 254, u"L=E-mail,S=30"_s),
-        CampoTesto(u"Pec"_s, 254, u"L=PEC,S=30"_s),
-        CampoTesto(u"CodDestinatario"_s, 7, u"L=Codice destinatario,S=7"_s),
+        Della(u"Pec"_s),
+        Della(u"CodDestinatario"_s),
+        Della(u"TipoSoggetto"_s),
         CampoTesto(u"RapprLegale"_s, 100, u"L=Legale rappresentante,S=30"_s),
         CampoDi(TipoCampo::Memo, u"Note"_s, u"L=Note,S=30"_s),
     };

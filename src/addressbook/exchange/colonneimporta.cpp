@@ -44,6 +44,10 @@ constexpr std::array Tabella{
                        "comunediresidenza paese city town homecity businesscity address1city"},
     Sinonimi{u"Prov", u"prov provincia pr pv siglaprovincia provresidenza provinciaresidenza "
                       "provinciadiresidenza"},
+    Sinonimi{u"Nazione",
+             u"nazione stato nazioneresidenza statoresidenza paeseresidenza country countryregion "
+             "homecountry businesscountry address1country"},
+    Sinonimi{u"TipoSoggetto", u"tiposoggetto tipocliente tipoanagrafica naturagiuridica"},
     Sinonimi{u"CodFis", u"codfis codfisc codicefiscale cf codfiscale cfiscale codicefisc taxcode fiscalcode"},
     Sinonimi{u"PIva", u"piva partitaiva partiva pariva iva numeropartitaiva vat vatnumber vatid"},
     Sinonimi{u"DataNascita", u"datanascita datadinascita dtnascita natoil natoail nascita compleanno "

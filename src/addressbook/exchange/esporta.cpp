@@ -33,6 +33,7 @@ bool DiSocieta(const QStringList& Celle, const QList<ColonnaRubrica>& Colonne)
     DatiCliente Cliente;
     Cliente.CodFis = Cella(u"CodFis");
     Cliente.RapprLegale = Cella(u"RapprLegale");
+    Cliente.TipoSoggetto = Cella(u"TipoSoggetto");
     return ESocieta(Cliente);
 }
 

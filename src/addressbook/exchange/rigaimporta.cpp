@@ -1,6 +1,7 @@
 #include "addressbook/exchange/rigaimporta.h"
 
 #include "addressbook/exchange/colonneimporta.h"
+#include "addressbook/exchange/nazioni.h"
 #include "addressbook/modRubrica.h"
 #include "addressbook/modScheda.h"
 #include "core/modControlli.h"
@@ -75,6 +76,8 @@ QString PerIlCampo(const Campo& In, const QString& Testo)
         return ConGliZeri(SenzaSpazi(Testo).toUpper());
     if (E(u"Cap"))
         return SenzaSpazi(Testo);
+    if (E(u"Nazione"))
+        return SiglaNazione(Testo);
     if (E(u"Prov")) {
         QString Sigla = Testo;
         Sigla.removeIf([](QChar C) { return C == u'(' || C == u')' || C == u'.' || C.isSpace(); });

@@ -58,6 +58,7 @@ constexpr std::array Sinonimi{
     Sinonimo{u"CODICEDESTINATARIO", u"CodDestinatario"},
     Sinonimo{u"CODDESTINATARIO", u"CodDestinatario"},
     Sinonimo{u"SDI", u"CodDestinatario"},
+    Sinonimo{u"TIPOSOGGETTO", u"TipoSoggetto"},
     Sinonimo{u"COMUNENASCITA", u"ComuneNascita"},
     Sinonimo{u"BIRTHPLACE", u"ComuneNascita"},
     Sinonimo{u"RAPPRLEGALE", u"RapprLegale"},

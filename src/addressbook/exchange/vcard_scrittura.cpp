@@ -31,7 +31,7 @@ constexpr std::array UnaPerUna{
     ConProprieta{u"RapprLegale", u"X-RAPPRESENTANTELEGALE"},
 };
 
-constexpr std::array<QStringView, 4> NellIndirizzo{u"Indirizzo", u"Citta", u"Prov", u"Cap"};
+constexpr std::array<QStringView, 5> NellIndirizzo{u"Indirizzo", u"Citta", u"Prov", u"Cap", u"Nazione"};
 
 bool Uguali(QStringView A, QStringView B)
 {
@@ -100,7 +100,7 @@ QByteArray SchedaVcard(const ValoriNominativo& Valori, bool Societa)
     for (const QStringView Campo : NellIndirizzo)
         Luogo.append(Protetto(Valore(Campo)));
     if (std::ranges::any_of(Luogo, [](const QString& Parte) { return !Parte.isEmpty(); }))
-        Metti(u"ADR"_s, u";;"_s + Luogo.join(u';') + u';');
+        Metti(u"ADR"_s, u";;"_s + Luogo.join(u';'));
     for (const auto& [Campo, Testo] : Valori) {
         const auto E = [&Campo = Campo](QStringView Nota) { return Uguali(Campo, Nota); };
         if (Testo.isEmpty() || E(u"Nominativo") || std::ranges::any_of(NellIndirizzo, E))

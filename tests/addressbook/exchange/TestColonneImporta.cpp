@@ -43,6 +43,7 @@ void TestColonneImporta::siAbbinano_data()
                                << u"Nominativo;PIva;CodDestinatario;Pec"_s;
     QTest::newRow("codes") << u"C.F.;Partita I.V.A."_s << u"CodFis;PIva"_s;
     QTest::newRow("addresses") << u"Via;N. civico;CAP;Città;Prov."_s << u"Indirizzo;+Civico;Cap;Citta;Prov"_s;
+    QTest::newRow("country and kind") << u"Stato;Tipo soggetto"_s << u"Nazione;TipoSoggetto"_s;
     QTest::newRow("telephones") << u"Tel.;Cell.;E-mail;Fax"_s << u"Telefono;Cellulare;Email;"_s;
     QTest::newRow("birth") << u"Data di nascita;Luogo di nascita"_s << u"DataNascita;ComuneNascita"_s;
     QTest::newRow("of another language")
@@ -175,6 +176,9 @@ void TestColonneImporta::laRiga_data()
     Riga("a person before the organisation", u"Cognome;Azienda", u"Rossi;Alfa Srl", u"Nominativo", u"Rossi");
     Riga("which is noted", u"Cognome;Azienda", u"Rossi;Alfa Srl", u"Note", u"Organizzazione: Alfa Srl");
     Riga("an organisation alone", u"Cognome;Azienda", u";Alfa Srl", u"Nominativo", u"Alfa Srl");
+    Riga("country by its name", u"Nome;Nazione", u"x;Deutschland", u"Nazione", u"DE");
+    Riga("country in small letters", u"Nome;Nazione", u"x;fr", u"Nazione", u"FR");
+    Riga("country of two words", u"Nome;Stato", u"x;Paesi Bassi", u"Nazione", u"NL");
     Riga("street and number", u"Nome;Via;Civico", u"x;Via Roma;12/A", u"Indirizzo", u"Via Roma 12/A");
     Riga("a code with blanks in small letters", u"Nome;CF", u"x;rss mra 80a01 h501u", u"CodFis",
          u"RSSMRA80A01H501U");

@@ -65,9 +65,9 @@ QString Frase(const std::function<void()>& Fai)
 }
 
 /// The columns of a row that the test fills, and what stands in them.
-const QStringList Colonne{u"Nominativo"_s, u"Indirizzo"_s,   u"Cap"_s,        u"CodFis"_s,
-                          u"PIva"_s,       u"Telefono"_s,    u"Email"_s,      u"Pec"_s,
-                          u"Note"_s,       u"RapprLegale"_s, u"DataNascita"_s};
+const QStringList Colonne{u"Nominativo"_s,  u"Indirizzo"_s, u"Cap"_s,         u"CodFis"_s, u"PIva"_s,
+                          u"Telefono"_s,    u"Email"_s,     u"Pec"_s,         u"Note"_s,   u"RapprLegale"_s,
+                          u"DataNascita"_s, u"Nazione"_s,   u"TipoSoggetto"_s};
 
 void Riempi(const Studio& S)
 {
@@ -77,7 +77,8 @@ void Riempi(const Studio& S)
         {u"=Rossi; \"Nicolò\""_s, u"Via Roma, 1"_s, u"00184"_s, u"RSSNCL80A31D704Z"_s, u"+39 0583"_s, u"@a"_s,
          u"n@pec.it"_s, u"una\ndue"_s, QDate(1980, 1, 31)});
     S.Esegui(
-        u"INSERT INTO clienti (Nominativo, PIva, RapprLegale) VALUES ('Alfa Srl', '00159560366', 'Rossi')"_s);
+        u"INSERT INTO clienti (Nominativo, PIva, RapprLegale, Nazione, TipoSoggetto) VALUES ('Alfa Srl', "
+        "'00159560366', 'Rossi', 'SM', 'Società')"_s);
 }
 
 }  // namespace
@@ -169,11 +170,13 @@ void TestSorgente::siEsporta()
         EsportaNominativi(OpenDatabase(S.File, true).OpenRecordset(u"clienti"_s), FormatoEsporta::Csv);
     const QStringList Linee = QString::fromUtf8(Righe).split(u"\r\n"_s);
     QVERIFY(Righe.startsWith("\xEF\xBB\xBF"));  // or a spreadsheet reads it in another code
-    QCOMPARE(Linee[0],
-             u"Nominativo;Indirizzo;CAP;Città;Prov.;Codice fiscale;Partita IVA;Data di nascita;Comune di "
-             "nascita;Telefono;Cellulare;E-mail;PEC;Codice destinatario;Legale rappresentante;Note"_s);
+    QCOMPARE(
+        Linee[0],
+        u"Nominativo;Indirizzo;CAP;Città;Prov.;Nazione;Codice fiscale;Partita IVA;Data di nascita;Comune "
+        "di nascita;Telefono;Cellulare;E-mail;PEC;Codice destinatario;Tipo soggetto;Legale "
+        "rappresentante;Note"_s);
     QVERIFY2(Linee[1].startsWith(
-                 u"\"'=Rossi; \"\"Nicolò\"\"\";\"Via Roma, 1\";00184;;;RSSNCL80A31D704Z;;31/01/1980;;'+39 "
+                 u"\"'=Rossi; \"\"Nicolò\"\"\";\"Via Roma, 1\";00184;;;;RSSNCL80A31D704Z;;31/01/1980;;'+39 "
                  "0583;;'@a;"),
              qPrintable(Linee[1]));
     const QByteArray Schede =

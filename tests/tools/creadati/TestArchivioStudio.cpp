@@ -64,10 +64,15 @@ void TestArchivioStudio::colonne_data()
     QTest::addColumn<QString>("Tabella");
     QTest::addColumn<QStringList>("Nomi");
 
-    const QStringList Recapiti{u"Indirizzo"_s,       u"Cap"_s,         u"Citta"_s,       u"Prov"_s,
-                               u"CodFis"_s,          u"PIva"_s,        u"DataNascita"_s, u"ComuneNascita"_s,
-                               u"Telefono"_s,        u"Cellulare"_s,   u"Email"_s,       u"Pec"_s,
-                               u"CodDestinatario"_s, u"RapprLegale"_s, u"Note"_s};
+    const QStringList Recapiti{u"Indirizzo"_s,     u"Cap"_s,
+                               u"Citta"_s,         u"Prov"_s,
+                               u"Nazione"_s,       u"CodFis"_s,
+                               u"PIva"_s,          u"DataNascita"_s,
+                               u"ComuneNascita"_s, u"Telefono"_s,
+                               u"Cellulare"_s,     u"Email"_s,
+                               u"Pec"_s,           u"CodDestinatario"_s,
+                               u"TipoSoggetto"_s,  u"RapprLegale"_s,
+                               u"Note"_s};
     QTest::newRow("clienti") << u"clienti"_s << QStringList{u"ID"_s, u"Nominativo"_s} + Recapiti;
     QTest::newRow("controparti: il nome in parcella in più")
         << u"controparti"_s << QStringList{u"ID"_s, u"Nominativo"_s, u"Controp"_s} + Recapiti;
