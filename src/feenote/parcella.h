@@ -105,6 +105,27 @@ struct Rappresentante
     friend bool operator==(const Rappresentante&, const Rappresentante&) = default;
 };
 
+/// What the electronic invoice of a note takes from nowhere else, and the file that was written of it.
+struct DatiFatturaXml
+{
+    QString Tipo;          ///< TD06, TD04; empty: TD01
+    QString Destinatario;  ///< "PA" or "PR" where the user says so; empty: as the client's card tells
+    bool Scissione = false;
+    bool BolloAddebitato = false;
+    QString Natura;                    ///< of fees without VAT; empty: as regime and client say
+    QString Modalita;                  ///< MP01 and so on; empty: MP05, "-": no payment data
+    QString Scadenza;                  ///< as typed, dd/mm/yyyy
+    QString CitataNumero, CitataData;  ///< an earlier invoice
+    QString ContrattoNumero, Cup, Cig;
+
+    QString File;         ///< name of the file written last; empty: none
+    QString Quando;       ///< its day, dd/mm/yyyy
+    QString Progressivo;  ///< of its name
+    QString DiFattura;    ///< number and date of the invoice that it holds, see FirmaFattura
+
+    friend bool operator==(const DatiFatturaXml&, const DatiFatturaXml&) = default;
+};
+
 /// What a note's file has chosen from a list of the reference database.
 struct SceltaTenuta
 {
@@ -183,6 +204,8 @@ struct Parcella
     QString RapprLegato;  ///< the name that this row gave
     QMap<FormaBlocco, QString> BlocchiScritti;  ///< client blocks of the user's own, by form; see
                                                 ///< RicomponiBlocco
+
+    DatiFatturaXml FatturaXml;
 
     // ---- lines
     TabellaRighe xOnorari{OnoColonne};

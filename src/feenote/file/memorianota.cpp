@@ -70,6 +70,20 @@ constexpr VoceMemoria DelRappresentante(QStringView Nome)
             [](Parcella& Nota, const QString& Valore) { Nota.Rappr.*Membro = Valore; }};
 }
 
+template <QString DatiFatturaXml::*Membro>
+constexpr VoceMemoria DellaFattura(QStringView Nome)
+{
+    return {Nome, [](const Parcella& Nota) { return Nota.FatturaXml.*Membro; },
+            [](Parcella& Nota, const QString& Valore) { Nota.FatturaXml.*Membro = Valore; }};
+}
+
+template <bool DatiFatturaXml::*Membro>
+constexpr VoceMemoria SegnoFattura(QStringView Nome)
+{
+    return {Nome, [](const Parcella& Nota) { return Segno(Nota.FatturaXml.*Membro); },
+            [](Parcella& Nota, const QString& Valore) { Nota.FatturaXml.*Membro = Valore == Si; }};
+}
+
 /// A party, or the subject, that its user has taken out of the print.
 template <bool Parcella::*Svuotata, Casella Parcella::*Stampata, Casella Parcella::*Scritta>
 constexpr VoceMemoria StampatoVuoto(QStringView Nome)
@@ -165,6 +179,22 @@ constexpr std::array Voci{
         u"txtDatiStaOgg.Svuotato"),
     VoceMemoria{u"txtPathParcMult", [](const Parcella& Nota) { return Nota.txtPathParcMult; },
                 [](Parcella& Nota, const QString& Valore) { Nota.txtPathParcMult = Valore; }},
+    DellaFattura<&DatiFatturaXml::Tipo>(u"FatturaXml.Tipo"),
+    DellaFattura<&DatiFatturaXml::Destinatario>(u"FatturaXml.Destinatario"),
+    SegnoFattura<&DatiFatturaXml::Scissione>(u"FatturaXml.Scissione"),
+    SegnoFattura<&DatiFatturaXml::BolloAddebitato>(u"FatturaXml.BolloAddebitato"),
+    DellaFattura<&DatiFatturaXml::Natura>(u"FatturaXml.Natura"),
+    DellaFattura<&DatiFatturaXml::Modalita>(u"FatturaXml.Modalita"),
+    DellaFattura<&DatiFatturaXml::Scadenza>(u"FatturaXml.Scadenza"),
+    DellaFattura<&DatiFatturaXml::CitataNumero>(u"FatturaXml.CitataNumero"),
+    DellaFattura<&DatiFatturaXml::CitataData>(u"FatturaXml.CitataData"),
+    DellaFattura<&DatiFatturaXml::ContrattoNumero>(u"FatturaXml.ContrattoNumero"),
+    DellaFattura<&DatiFatturaXml::Cup>(u"FatturaXml.Cup"),
+    DellaFattura<&DatiFatturaXml::Cig>(u"FatturaXml.Cig"),
+    DellaFattura<&DatiFatturaXml::File>(u"FatturaXml.File"),
+    DellaFattura<&DatiFatturaXml::Quando>(u"FatturaXml.Quando"),
+    DellaFattura<&DatiFatturaXml::Progressivo>(u"FatturaXml.Progressivo"),
+    DellaFattura<&DatiFatturaXml::DiFattura>(u"FatturaXml.DiFattura"),
     VoceMemoria{u"RigheDaRicalcolare", [](const Parcella& Nota) { return Segno(RicalcoloInSospeso(Nota)); },
                 [](Parcella& Nota, const QString& Valore) { Nota.RigheDaRicalcolare = Valore == Si; }},
 };

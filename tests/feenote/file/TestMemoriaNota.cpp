@@ -3,6 +3,7 @@
 
 #include "feenote/file/memorianota.h"
 #include "feenote/modDatiStampa.h"
+#include "feenote/modFatturaXml.h"
 #include "feenote/modParti.h"
 
 #include <functional>
@@ -72,6 +73,26 @@ void TestMemoriaNota::torna_data()
         ScegliTipoStampa(Nota, StampaNotaGiudiziale);
         CambiaRegime(Nota, true);
         RicordaStampa(Nota);
+    });
+    Caso("scelte e file della fattura elettronica", [](Parcella& Nota) {
+        CambiaDatiPar(Nota, DatoNumFatt, u"12"_s);
+        (void)CambiaFatturaXml(Nota, {.Tipo = u"TD04"_s,
+                                      .Destinatario = u"PA"_s,
+                                      .Scissione = true,
+                                      .BolloAddebitato = true,
+                                      .Natura = u"N2.1"_s,
+                                      .Modalita = u"-"_s,
+                                      .Scadenza = u"31/12/2026"_s,
+                                      .CitataNumero = u"7/2026"_s,
+                                      .CitataData = u"01/02/2026"_s,
+                                      .ContrattoNumero = u"C1"_s,
+                                      .Cup = u"CUP"_s,
+                                      .Cig = u"CIG"_s,
+                                      .File = {},
+                                      .Quando = {},
+                                      .Progressivo = {},
+                                      .DiFattura = {}});
+        SegnaFatturaScritta(Nota, u"IT01234567897_0000A.xml"_s, u"0000A"_s);
     });
     Caso("IVA differita", [](Parcella& Nota) { CambiaIvaDifferita(Nota, true); });
     Caso("IBAN", [](Parcella& Nota) { CambiaIban(Nota, true); });

@@ -1,0 +1,34 @@
+#include "feenote/modFatturaXml.h"
+
+#include "platform/base/regionale.h"
+#include "platform/system/orologio.h"
+
+using namespace Qt::StringLiterals;
+
+QString FirmaFattura(const Parcella& Nota)
+{
+    return Nota.DatiPar(DatoNumFatt).trimmed() + u'|' + Nota.DatiPar(DatoDataFatt).trimmed();
+}
+
+bool FatturaGiaScritta(const Parcella& Nota)
+{
+    return !Nota.FatturaXml.File.isEmpty() && Nota.FatturaXml.DiFattura == FirmaFattura(Nota);
+}
+
+void SegnaFatturaScritta(Parcella& Nota, const QString& File, const QString& Progressivo)
+{
+    Nota.FatturaXml.File = File;
+    Nota.FatturaXml.Quando = Format(Oggi(), u"dd/mm/yyyy");
+    Nota.FatturaXml.Progressivo = Progressivo;
+    Nota.FatturaXml.DiFattura = FirmaFattura(Nota);
+    SetModificata(Nota, true);
+}
+
+bool CambiaFatturaXml(Parcella& Nota, const DatiFatturaXml& Scelte)
+{
+    if (Nota.FatturaXml == Scelte)
+        return false;
+    Nota.FatturaXml = Scelte;
+    SetModificata(Nota, true);
+    return true;
+}

@@ -1,0 +1,18 @@
+// What a note keeps of its electronic invoice.
+#pragma once
+
+#include "feenote/parcella.h"
+
+/// Number and date of the note's invoice in one text: what tells one invoice from another that came of the
+/// same note, or of a copy of it.
+[[nodiscard]] QString FirmaFattura(const Parcella& Nota);
+
+/// The invoice that the note has now was written as a file already.
+[[nodiscard]] bool FatturaGiaScritta(const Parcella& Nota);
+
+/// Keeps the file that was written of the invoice; the note is then modified.
+void SegnaFatturaScritta(Parcella& Nota, const QString& File, const QString& Progressivo);
+
+/// Takes over other choices; the note is then modified, unless they are those that it has.
+/// @return true when it was
+bool CambiaFatturaXml(Parcella& Nota, const DatiFatturaXml& Scelte);
