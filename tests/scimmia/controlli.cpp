@@ -4,6 +4,7 @@
 #include "core/sessione.h"
 #include "feenote/file/modDescrizione.h"
 #include "feenote/file/modLettura.h"
+#include "feenote/modParti.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
 #include "platform/base/errore.h"
@@ -98,6 +99,11 @@ QString NoteSalvate::Confronta()
         Parcella Vista = Nota;
         Vista.NsRif =
             sessione::RichiestaPV2.ID;  // a session of the companion saves every note for its matter
+        // What is typed over a linked name lasts until the note is opened again.
+        if (LegameParte(Vista, ParteNota::Cliente) > 0)
+            Vista.txtCliente.Testo = NomeLegato(Vista, ParteNota::Cliente);
+        if (LegameParte(Vista, ParteNota::Controparte) > 0)
+            Vista.txtControp.Testo = NomeLegato(Vista, ParteNota::Controparte);
         const QString Diversa = Differenza(DescriviNota(Vista), DescriviNota(Riletta(Nota.Percorso)));
         if (!Diversa.isEmpty())
             return u"la nota salvata non è quella della finestra, "_s + Nota.Percorso + u":\n"_s + Diversa;
