@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 MassimoRegistro = 64 * 1024;
+constexpr qint64 MassimoRegistro = qint64{64} * 1024;
 
 /// A copy of an archive, and what is known of the import behind it.
 struct Coppia

@@ -9,7 +9,7 @@
 #include <QByteArray>
 
 /// Bytes of a description; more is refused.
-constexpr qsizetype MassimoDescrizione = 4 * 1024 * 1024;
+constexpr qsizetype MassimoDescrizione = qsizetype{4} * 1024 * 1024;
 
 /// Makes a note from a description.
 /// @throws Errore 321 when it is no JSON, 13 a wrong type, 5 an unknown name or a value that the rules

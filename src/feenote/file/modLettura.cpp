@@ -234,7 +234,8 @@ void PretendiElenchi(const Decreto& Legge)
 
 void CaricaDati(Parcella& Nota, const QString& Percorso)
 {
-    const QString File = Percorso;  // which may be the path of this very record
+    // The path may be that of this very record, which is emptied.
+    const QString File = Percorso;  // NOLINT(performance-unnecessary-copy-initialization)
     const RapportiUnici UnaVolta;
     AzzeraNota(Nota);
     const Decreto* Legge = nullptr;
