@@ -1,0 +1,250 @@
+// An import that is stopped, killed, or not alone at the archive.
+#include "bancoimporta.h"
+
+#include "addressbook/exchange/annullo.h"
+#include "platform/system/guasti.h"
+#include "platform/system/orologio.h"
+#include "supporto/guasti.h"
+
+#include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QScopedValueRollback>
+
+using namespace Qt::StringLiterals;
+
+class TestImportaInterrotta : public QObject, private BancoImporta
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { S = std::make_unique<Studio>(); }
+    void lArresto_data();
+    void lArresto();
+    void unAltroScriveNelFrattempo();
+    void ilDiscoPieno();
+    void lAnnulloDiPrimaRestaDopoUnArresto();
+    void senzaViaDelRitornoNonSiImporta();
+    void leCopieSiDannoIlCambio();
+    void cioCheUnProgrammaUccisoLascia();
+    void cioCheNonFuMaiConfermato();
+    void unGuastoDopoLaConferma();
+    void dueProgrammiInsieme();
+};
+PROVA(TestImportaInterrotta);
+
+void TestImportaInterrotta::lArresto_data()
+{
+    QTest::addColumn<int>("Dopo");
+    QTest::newRow("at once") << 0;
+    QTest::newRow("half way") << 1;
+}
+
+/// Stopped while it writes, it leaves the archive byte for byte, and nothing beside it.
+void TestImportaInterrotta::lArresto()
+{
+    QFETCH(int, Dopo);
+    std::vector<QStringList> Molte{{u"Nominativo"_s}};
+    for (int i = 0; i < 1200; ++i)
+        Molte.push_back({u"Nome %1"_s.arg(i)});
+    const TabellaEstranea Da = Tabella(Molte);
+    const QByteArray Prima = S->Byte();
+    ImportaNominativi Opera = Nuovo(Da);
+    QVERIFY(Opera.Prepara());
+    int Volte = 0;
+    QVERIFY(!Opera.Scrivi(u"nomi.csv"_s, [&](int, int) { return Volte++ < Dopo; }));
+    QCOMPARE(Volte, Dopo + 1);
+    QCOMPARE(S->Byte(), Prima);
+    QCOMPARE(ContenutoDi(S->Cartella), QStringList{u"DatiStudio.mdb"_s});
+    QVERIFY(!Opera.Prepara([](int, int) { return false; }));
+}
+
+/// What was written meanwhile is counted anew.
+void TestImportaInterrotta::unAltroScriveNelFrattempo()
+{
+    ImportaNominativi Opera = Nuovo(Tre);
+    QVERIFY(Opera.Prepara());
+    S->Esegui(u"INSERT INTO clienti (Nominativo) VALUES ('verdi anna')"_s);
+    QVERIFY(Opera.Scrivi(u"nomi.csv"_s));
+    QCOMPARE(Opera.Conto(), (ContoImporta{.Righe = 4, .Aggiunti = 2, .GiaPresenti = 1, .SenzaNome = 1}));
+    QCOMPARE(S->Righe({u"Nominativo"_s}), (QStringList{u"verdi anna"_s, u"Rossi Mario"_s, u"Alfa Srl"_s}));
+}
+
+void TestImportaInterrotta::ilDiscoPieno()
+{
+    const QByteArray Prima = S->Byte();
+    ImportaNominativi Opera = Nuovo(Tre);
+    QVERIFY(Opera.Prepara());
+    const QScopedValueRollback Pieno(guasti::LimiteFile, qint64(100));
+    QCOMPARE(NumeroErrore([&] { (void)Opera.Scrivi(u"nomi.csv"_s); }), errori::DiscoPieno);
+    QCOMPARE(S->Byte(), Prima);
+    QCOMPARE(ContenutoDi(S->Cartella), QStringList{u"DatiStudio.mdb"_s});
+}
+
+/// An import that is stopped takes nothing of the one before.
+void TestImportaInterrotta::lAnnulloDiPrimaRestaDopoUnArresto()
+{
+    const QByteArray Prima = S->Byte();
+    Importa(Tre);
+    const TabellaEstranea Da = Tabella({{u"Nominativo"_s}, {u"Nuovo"_s}});
+    ImportaNominativi Opera = Nuovo(Da);
+    QVERIFY(Opera.Prepara());
+    QVERIFY(!Opera.Scrivi(u"altri.csv"_s, [](int, int) { return false; }));
+    AnnullaImportazione(S->File);
+    QCOMPARE(S->Byte(), Prima);
+}
+
+/// An import that could not be taken back is none.
+void TestImportaInterrotta::senzaViaDelRitornoNonSiImporta()
+{
+    const QByteArray Prima = S->Byte();
+    ImportaNominativi Opera = Nuovo(Tre);
+    QVERIFY(Opera.Prepara());
+    // The record finds its place taken once the names are written.
+    const QString Posto = S->File + u".prima.json"_s;
+    const auto Occupa = [&](int, int) {
+        QDir().mkpath(Posto);
+        return true;
+    };
+    QCOMPARE(NumeroErrore([&] { (void)Opera.Scrivi(u"nomi.csv"_s, Occupa); }), errori::Accesso);
+    QCOMPARE(S->Byte(), Prima);
+    QVERIFY(QDir().rmdir(Posto));
+    QCOMPARE(ContenutoDi(S->Cartella), QStringList{u"DatiStudio.mdb"_s});
+}
+
+/// The copy of the import before stays until the next one is there, whose copy lies in another place.
+void TestImportaInterrotta::leCopieSiDannoIlCambio()
+{
+    const TabellaEstranea Uno = Tabella({{u"Nominativo"_s}, {u"Nuovo"_s}});
+    const TabellaEstranea Due = Tabella({{u"Nominativo"_s}, {u"Nuovissimo"_s}});
+    Importa(Tre);
+    const QByteArray Dopo = S->Byte();
+    for (const TabellaEstranea& Da : {Uno, Due}) {
+        const QByteArray Qui = S->Byte();
+        Importa(Da);
+        QCOMPARE(UltimaImportazione(S->File)->Aggiunti, 1);
+        QCOMPARE(ContenutoDi(S->Cartella).size(), 3);
+        AnnullaImportazione(S->File);
+        QCOMPARE(S->Byte(), Qui);
+        QCOMPARE(ContenutoDi(S->Cartella), QStringList{u"DatiStudio.mdb"_s});
+        Importa(Da);
+    }
+    QVERIFY(S->Byte() != Dopo);
+    // Both places have a copy for a moment: that of the archive as it is counts, older or younger, in either.
+    const QStringList Posti{S->File + u".prima"_s, S->File + u".prima.2"_s};
+    const qsizetype Dove = EsisteFile(Posti[0]) ? 0 : 1;
+    const QByteArray Copia = LeggiFile(Posti[Dove]);
+    const QJsonObject Vero = QJsonDocument::fromJson(LeggiFile(Posti[Dove] + u".json"_s)).object();
+    for (const int Giorni : {-1, 1}) {
+        QJsonObject Altro = Vero;
+        const QDateTime Quando = QDateTime::fromString(Vero[u"quando"_s].toString(), Qt::ISODate);
+        Altro[u"quando"_s] = Quando.addDays(Giorni).toString(Qt::ISODateWithMs);
+        Altro[u"righe"_s] = u"altre"_s;
+        Altro[u"sorgente"_s] = u"altro.csv"_s;
+        for (const qsizetype Suo : {0, 1}) {
+            for (const QString& Posto : Posti)
+                ScriviFile(Posto, Copia);
+            ScriviFile(Posti[Suo] + u".json"_s, QJsonDocument(Vero).toJson());
+            ScriviFile(Posti[1 - Suo] + u".json"_s, QJsonDocument(Altro).toJson());
+            QCOMPARE(UltimaImportazione(S->File)->Sorgente, u"nomi.csv"_s);
+        }
+    }
+}
+
+/// A record that was announced, and an import that was not confirmed: whatever is written later is no import.
+void TestImportaInterrotta::cioCheUnProgrammaUccisoLascia()
+{
+    // An import of before, and a change that makes it past.
+    Importa(Tabella({{u"Nominativo"_s}, {u"Antico"_s}}));
+    S->Esegui(u"INSERT INTO clienti (Nominativo) VALUES ('Altro')"_s);
+    const QByteArray Prima = S->Byte();
+    {
+        // Killed behind its announcement.
+        const Database Db = OpenDatabase(S->File);
+        CopiaDiPrima Conservata(S->File);
+        Conservata.Prendi();
+        Transazione Tutto(Db);
+        Db.Execute(u"INSERT INTO clienti (Nominativo) VALUES ('Perso')"_s);
+        Conservata.Annuncia(
+            Db, {.Quando = Adesso(), .Tabella = u"clienti"_s, .Sorgente = u"perso.csv"_s, .Aggiunti = 1});
+        for (const QString& Fine : {u".prima.2"_s, u".prima.2.json"_s})
+            QVERIFY(QFile::copy(S->File + Fine, S->File + Fine + u".salvo"_s));
+    }
+    for (const QString& Fine : {u".prima.2"_s, u".prima.2.json"_s})
+        QVERIFY(QFile::rename(S->File + Fine + u".salvo"_s, S->File + Fine));
+    QCOMPARE(S->Byte(), Prima);
+    QCOMPARE(UltimaImportazione(S->File)->Sorgente, u"nomi.csv"_s);
+    // One write, as the import would have been one.
+    S->Esegui(u"INSERT INTO clienti (Nominativo) VALUES ('Ancora')"_s);
+    const QByteArray Ora = S->Byte();
+    QCOMPARE(UltimaImportazione(S->File)->Sorgente, u"nomi.csv"_s);
+    QVERIFY(Rifiuto([&] { AnnullaImportazione(S->File); }).startsWith(u"Dopo l'importazione"));
+    QCOMPARE(S->Byte(), Ora);
+    // It goes with the next one, even one that has nothing to write.
+    Importa(Tabella({{u"Nominativo"_s}, {u"Altro"_s}}));
+    QCOMPARE(ContenutoDi(S->Cartella),
+             (QStringList{u"DatiStudio.mdb"_s, u"DatiStudio.mdb.prima"_s, u"DatiStudio.mdb.prima.json"_s}));
+}
+
+/// The first import ever, killed before it was confirmed, is none.
+void TestImportaInterrotta::cioCheNonFuMaiConfermato()
+{
+    const QByteArray Prima = S->Byte();
+    const QString Copia = S->File + u".prima"_s;
+    {
+        const Database Db = OpenDatabase(S->File);
+        CopiaDiPrima Conservata(S->File);
+        Conservata.Prendi();
+        Transazione Tutto(Db);
+        Db.Execute(u"INSERT INTO clienti (Nominativo) VALUES ('Perso')"_s);
+        Conservata.Annuncia(
+            Db, {.Quando = Adesso(), .Tabella = u"clienti"_s, .Sorgente = u"perso.csv"_s, .Aggiunti = 1});
+        for (const QString& Fine : {u""_s, u".json"_s})
+            QVERIFY(QFile::copy(Copia + Fine, Copia + Fine + u".salvo"_s));
+    }
+    for (const QString& Fine : {u""_s, u".json"_s})
+        QVERIFY(QFile::rename(Copia + Fine + u".salvo"_s, Copia + Fine));
+    QCOMPARE(S->Byte(), Prima);
+    QVERIFY(!UltimaImportazione(S->File));
+    Importa(Tre);
+    QCOMPARE(ContenutoDi(S->Cartella),
+             (QStringList{u"DatiStudio.mdb"_s, u"DatiStudio.mdb.prima"_s, u"DatiStudio.mdb.prima.json"_s}));
+}
+
+/// What fails behind the confirmation takes no way back along.
+void TestImportaInterrotta::unGuastoDopoLaConferma()
+{
+    const QByteArray Prima = S->Byte();
+    {
+        const Database Db = OpenDatabase(S->File);
+        CopiaDiPrima Conservata(S->File);
+        Conservata.Prendi();
+        Transazione Tutto(Db);
+        Db.Execute(u"INSERT INTO clienti (Nominativo) VALUES ('Nuovo')"_s);
+        Conservata.Annuncia(
+            Db, {.Quando = Adesso(), .Tabella = u"clienti"_s, .Sorgente = u"nomi.csv"_s, .Aggiunti = 1});
+        Tutto.Conferma();
+    }
+    QCOMPARE(S->Righe({u"Nominativo"_s}), QStringList{u"Nuovo"_s});
+    AnnullaImportazione(S->File);
+    QCOMPARE(S->Byte(), Prima);
+}
+
+/// Two would take each other's copy.
+void TestImportaInterrotta::dueProgrammiInsieme()
+{
+    const QByteArray Prima = S->Byte();
+    ImportaNominativi Opera = Nuovo(Tre);
+    QVERIFY(Opera.Prepara());
+    {
+        CopiaDiPrima Altrui(S->File);
+        Altrui.Prendi();
+        QCOMPARE(Rifiuto([&] { (void)Opera.Scrivi(u"nomi.csv"_s); }),
+                 u"Un altro programma sta importando nello stesso archivio: riprovare fra poco."_s);
+        QCOMPARE(S->Byte(), Prima);
+        QVERIFY(QFile::exists(S->File + u".prima"_s));
+    }
+    QVERIFY(Opera.Scrivi(u"nomi.csv"_s));
+}
+
+#include "TestImportaInterrotta.moc"
