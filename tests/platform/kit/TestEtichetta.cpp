@@ -1,0 +1,60 @@
+// A label whose text is longer than its room.
+#include "supporto/prova.h"
+
+#include "platform/kit/etichetta.h"
+
+using namespace Qt::StringLiterals;
+
+class TestEtichetta : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void diceDiEssereTagliata();
+    void disegnaCioCheMostra();
+};
+PROVA(TestEtichetta);
+
+namespace {
+
+const QString Lungo =
+    u"Civile o Amministrativa - Tribunale - Valore Indeterminato di particolare importanza"_s;
+
+QImage Disegno(QWidget& Cosa, int Larghezza)
+{
+    Cosa.resize(Larghezza, Cosa.sizeHint().height());
+    return Cosa.grab().toImage();
+}
+
+}  // namespace
+
+void TestEtichetta::diceDiEssereTagliata()
+{
+    Etichetta Riga;
+    Riga.setTextFormat(Qt::PlainText);
+    Riga.setText(Lungo);
+    Riga.resize(Riga.sizeHint());
+    QCOMPARE(Riga.Mostrato(), Lungo);
+    Riga.resize(Riga.sizeHint().width() / 2, Riga.sizeHint().height());
+    QVERIFY(Riga.Mostrato().endsWith(u'…'));
+    QVERIFY(Lungo.startsWith(Riga.Mostrato().chopped(1)));
+    QCOMPARE(Riga.text(), Lungo);
+}
+
+/// Whole as any label; cut as a label would be that had the shorter text.
+void TestEtichetta::disegnaCioCheMostra()
+{
+    for (const bool Intera : {true, false}) {
+        Etichetta Riga;
+        QLabel Comune;
+        Riga.setTextFormat(Qt::PlainText);
+        Comune.setTextFormat(Qt::PlainText);
+        Riga.setText(Lungo);
+        const int Larghezza = Riga.sizeHint().width() / (Intera ? 1 : 2);
+        Riga.resize(Larghezza, Riga.sizeHint().height());
+        Comune.setText(Riga.Mostrato());
+        QCOMPARE(Disegno(Riga, Larghezza), Disegno(Comune, Larghezza));
+    }
+}
+
+#include "TestEtichetta.moc"
