@@ -188,6 +188,7 @@ void RiempiApritori()
         auto& Modulo = Singola<frmSetup>();
         Modale ? Modulo.MostraModale(Scheda) : Modulo.Mostra(Scheda);
     };
+    Aperture.ImpostazioniChiuse = LasciaSceltaTariffa;
     Aperture.ImpostazioniCambiate = [] {
         // A user folder that has just been chosen gets its rates by the rule of the first use.
         Protetta(PreparaTassi);

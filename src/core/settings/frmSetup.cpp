@@ -132,6 +132,10 @@ frmSetup::frmSetup()
                              [this] { cmdSaveImpost_Click(); });
     Collega<QAbstractButton>(ui->cmdChiudi, &QAbstractButton::clicked, this, [this] { close(); });
     Collega<QAbstractButton>(ui->cmdHelp, &QAbstractButton::toggled, this, [this](bool Si) { ShowHelp(Si); });
+    Collega(this, &QDialog::finished, this, [] {
+        if (Aperture.ImpostazioniChiuse)
+            Aperture.ImpostazioniChiuse();
+    });
     Collega(ui->tabSetup, &QTabWidget::currentChanged, this, [this] { ShowHelp(ui->cmdHelp->isChecked()); });
     for (const QLineEdit* Campo : {ui->txtCodFisStudio, ui->txtPivaStudio, ui->txtIBAN})
         Collega(Campo, &QLineEdit::textChanged, this, [this] { SegnaControlli(); });

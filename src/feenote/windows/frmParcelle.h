@@ -73,6 +73,8 @@ public:
     /// The settings were saved: a note without lines that has led there follows the tariff chosen, and what
     /// says that none was chosen goes.
     void SegueTariffa();
+    /// The settings were closed: what is saved there from now on was not asked for here.
+    void LasciaScelta() { TariffaChiestaDa = 0; }
     void ScegliTariffa() override;
     /// A row of the address book was written to; see SegueArchivio.
     void NominativoCambiato(const QString& RecordSource, int ID);

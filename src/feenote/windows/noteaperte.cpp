@@ -86,6 +86,11 @@ void SegueTariffaScelta()
     Ognuna([](frmParcelle& Finestra) { Finestra.SegueTariffa(); });
 }
 
+void LasciaSceltaTariffa()
+{
+    Ognuna([](frmParcelle& Finestra) { Finestra.LasciaScelta(); });
+}
+
 QSet<QString> NoteAperte()
 {
     QSet<QString> File;

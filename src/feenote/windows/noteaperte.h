@@ -29,6 +29,8 @@ void SegueNominativo(const QString& RecordSource, int ID);
 
 /// The settings were saved: see frmParcelle::SegueTariffa.
 void SegueTariffaScelta();
+/// The settings were closed: a note that has led there follows nothing that is saved later.
+void LasciaSceltaTariffa();
 
 /// The files of the notes on screen.
 [[nodiscard]] QSet<QString> NoteAperte();

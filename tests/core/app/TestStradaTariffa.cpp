@@ -151,6 +151,13 @@ void TestStradaTariffa::sceltaRipensata()
     QCOMPARE(F->Nota.Tariffa, &Dm140);
     EseguiComando(u"setup"_s, 0, {});  // anew from what is stored
     QCOMPARE(ListaDelleNuove()->currentText(), u"D.m. 140/2012"_s);
+    // Opened otherwise, what is stored is for the notes to come: this one has not asked.
+    Modulo().ChangeTab(frmSetup::SchedaDatiContabili);
+    ListaDelleNuove()->setFocus();
+    Premi(Qt::Key_Down);
+    Memorizza();
+    QCOMPARE(Scena::Parametro(u"Tariffa"_s), u"55"_s);
+    QCOMPARE(F->Nota.Tariffa, &Dm140);
 }
 
 void TestStradaTariffa::laNotaConRigheTieneLaSua()
