@@ -31,6 +31,15 @@ void Ricorda(const Parcella& Nota, Imposta Tassa, MemoriaStampa& Dove)
     Dove.*Voce.TestoRicordato = (Nota.*Voce.Box).Testo;
 }
 
+/// What the user has ticked or typed. Taking the general expenses away is told by the state itself, and going
+/// back to what a new note has is no will of its own.
+void RicordaDellUtente(Parcella& Nota, Imposta Tassa, bool Voluta)
+{
+    Ricorda(Nota, Tassa, Nota.Memoria);
+    if (Tassa == Imposta::SpeseGen)
+        Nota.SpeseGenProprie = Voluta;
+}
+
 void Togli(Parcella& Nota, Imposta Tassa)
 {
     const VoceImposta& Voce = DatiImposta(Tassa);
@@ -73,7 +82,7 @@ bool ClicImposta(Parcella& Nota, Imposta Tassa, bool Attiva)
         Nota.AvvisoNotaGiudiziale = true;
     SetModificata(Nota, true);
     if (!SenzaImposte)
-        Ricorda(Nota, Tassa, Nota.Memoria);
+        RicordaDellUtente(Nota, Tassa, Attiva);
     return Avviso;
 }
 
@@ -82,7 +91,7 @@ void CambiaPercento(Parcella& Nota, Imposta Tassa, const QString& Testo)
     (Nota.*DatiImposta(Tassa).Box).Testo = Testo;
     SetModificata(Nota, true);
     if (!TipoDi(Nota.cmbTipoStampa).ForzaSenzaImposte)
-        Ricorda(Nota, Tassa, Nota.Memoria);
+        RicordaDellUtente(Nota, Tassa, true);
 }
 
 void CambiaRegime(Parcella& Nota, bool Attivo)

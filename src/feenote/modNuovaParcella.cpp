@@ -34,12 +34,16 @@ void PortaSpeseGenerali(Parcella& Nota, const Decreto& Prima, const Decreto& Nuo
 {
     Parcella Nata;
     ImpostaSpeseGenerali(Nata, Prima);
-    const bool SenzaImposte = TipoDi(Nota.cmbTipoStampa).ForzaSenzaImposte;
-    if (SenzaImposte || Nota.chkSpeseGen != Nata.chkSpeseGen || Nota.txtSpeGen != Nata.txtSpeGen)
+    const MemoriaStampa Sue = StampaPropria(Nota);
+    if (Sue.SpeseGen != Nata.chkSpeseGen.Attiva || Sue.TestoSpeseGen != Nata.txtSpeGen.Testo)
+        Nota.SpeseGenProprie = true;
+    if (Nota.SpeseGenProprie)
         return;
-    ImpostaSpeseGenerali(Nota, Nuova);
-    Nota.Memoria.SpeseGen = Nota.chkSpeseGen.Attiva;
-    Nota.Memoria.TestoSpeseGen = Nota.txtSpeGen.Testo;
+    ImpostaSpeseGenerali(Nata, Nuova);
+    Nota.Memoria.SpeseGen = Nata.chkSpeseGen.Attiva;
+    Nota.Memoria.TestoSpeseGen = Nata.txtSpeGen.Testo;
+    if (!TipoDi(Nota.cmbTipoStampa).ForzaSenzaImposte)
+        ImpostaSpeseGenerali(Nota, Nuova);
 }
 
 void NuovaParcella(Parcella& Nota, const Decreto& Legge)

@@ -15,5 +15,5 @@ void NuovaParcella(Parcella& Nota, const Decreto& Legge);
 void NuovaParcella(Parcella& Nota);
 
 /// The note goes from one decree to another: general expenses that are as a new note has them by the former
-/// become what it has by the other.
+/// become what it has by the other; the user's own stay, on the way back too.
 void PortaSpeseGenerali(Parcella& Nota, const Decreto& Prima, const Decreto& Nuova);

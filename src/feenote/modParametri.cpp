@@ -34,12 +34,30 @@ bool HaRighe(const Parcella& Nota)
     return !Nota.xOnorari.Vuota() || !Nota.xDiritti.Vuota();
 }
 
-bool ConfermaRicalcolo()
+bool Conferma(QStringList Righe)
 {
-    return MsgBox(
-               u"Sono state già inserite delle prestazioni e la modifica comporterà il ricalcolo con i nuovi "
-               u"parametri.\nConfermi la modifica?"_s,
-               vbYesNo + vbQuestion, TitoloDomanda.toString()) == vbYes;
+    Righe += u"Confermi la modifica?"_s;
+    return MsgBox(Righe.join(u'\n'), vbYesNo + vbQuestion, TitoloDomanda.toString()) == vbYes;
+}
+
+/// @param Perdite what the change takes away besides, a sentence each
+bool ConfermaRicalcolo(const QStringList& Perdite = {})
+{
+    return Conferma(QStringList{u"Sono state già inserite delle prestazioni e la modifica comporterà il "
+                                u"ricalcolo con i nuovi parametri."_s} +
+                    Perdite);
+}
+
+/// What the office or the category that has just been chosen does not know, as sentences.
+QStringList VariazioneCheSiPerde(const Parcella& Nota, const QString& Dove)
+{
+    return VariazioneAltrui(Nota) ? QStringList{FraseVariazioneTolta(Nota, Dove)} : QStringList{};
+}
+
+void Avvisa(const QStringList& Perdite)
+{
+    if (!Perdite.isEmpty())
+        MsgBox(Perdite.join(u'\n'), vbInformation, TitoloMessaggio.toString());
 }
 
 bool Fuori(const ScaglioneValore& Sca, double Valore)
@@ -73,6 +91,8 @@ void LasciaTenute(Parcella& Nota)
     Nota.AutoritaTenuta = {};
     Nota.ScaglioneTenuto = {};
     Nota.VariazioneTenuta = AumRidLibera;
+    Nota.OpzioneSalvata.reset();
+    Nota.PartiSalvate.reset();
 }
 
 /// Index of the first bracket that holds the value, -1 for none.
@@ -186,7 +206,10 @@ void CambiaCategoria(Parcella& Nota, int Indice)
     if (Codice == Stragiudiziale)
         Nota.Fuoco = CampoNota::Valore;
     LoadScaglioni(Nota, Codice);
+    const QString Tolta = FraseVariazioneTolta(Nota, u"per la categoria selezionata"_s);
     LoadVariazioni(Nota);
+    if (VariazioneAltrui(Nota))
+        Avvisa({Tolta});
     LasciaVariazioneAltrui(Nota);
 }
 
@@ -211,6 +234,8 @@ void CambiaAutorita(Parcella& Nota, int Indice)
     const int Precedente = Nota.IdxAutorPrec;
     Nota.cmbAutor = Indice;
     SetModificata(Nota, true);
+    const QStringList Perdite = VariazioneCheSiPerde(Nota, u"per l'autorità selezionata"_s);
+    bool Detto = false;
 
     if (Precedente >= 0 && Precedente != Indice &&
         Nota.ListaAutorita[Precedente].IDAut != Nota.ListaAutorita[Indice].IDAut) {
@@ -219,12 +244,15 @@ void CambiaAutorita(Parcella& Nota, int Indice)
             Nota.cmbAutor = Precedente;
             return;
         }
-        if (!Nota.xOnorari.Vuota() && !ConfermaRicalcolo()) {
+        if (!Nota.xOnorari.Vuota() && !ConfermaRicalcolo(Perdite)) {
             Nota.cmbAutor = Precedente;
             return;
         }
+        Detto = !Nota.xOnorari.Vuota();
         SegnaRicalcolo(Nota);
     }
+    if (!Detto)
+        Avvisa(Perdite);
     Nota.IdxAutorPrec = Indice;
     Nota.AutoritaTenuta = {};
     // In criminal matters the court plays the role of the bracket.
@@ -438,6 +466,8 @@ void VerificaSelezioni(Parcella& Nota, const SceltaTenuta& Ufficio, const Scelta
     };
     if (IDAut != 0 && IDAut != Nota.IDAutSelezionata() && !Nota.ListaAutorita.isEmpty()) {
         Nota.cmbAutor = Nota.IdxAutorPrec = NessunaVoce;
+        if (Nota.CodCateg == Penale)
+            Nota.Scaglione = 0;  // the column of the office that stands in the other's place by now
         SelezionaAutoritaInSilenzio(Nota, IndiceDi(Nota.ListaAutorita, IDAut, &Autorita::IDAut));
         if (Nota.cmbAutor == NessunaVoce)
             Avvisa(u"l'autorità"_s);
@@ -445,6 +475,8 @@ void VerificaSelezioni(Parcella& Nota, const SceltaTenuta& Ufficio, const Scelta
     const ScaglioneValore* Scelto = Nota.ScaglioneSelezionato();
     if (NumSca != 0 && (!Scelto || Scelto->NumSca != NumSca) && !Nota.ListaScaglioni.isEmpty()) {
         Nota.cmbValore = Nota.IdxValorePrec = NessunaVoce;
+        if (Nota.CodCateg != Penale)
+            Nota.Scaglione = 0;
         SelezionaScaglioneInSilenzio(Nota, IndiceDi(Nota.ListaScaglioni, NumSca, &ScaglioneValore::NumSca));
         if (Nota.cmbValore == NessunaVoce)
             Avvisa(u"lo scaglione"_s);
@@ -508,6 +540,20 @@ bool DaPortare(const Parcella& Nota)
            Nota.ScaglioneTenuto.Nominata();
 }
 
+/// What the other decree does not know, as sentences. An option's number means an option of its own decree
+/// alone; the free one is nobody's.
+QStringList CosaSiPerde(const Parcella& Nota, const Decreto& Nuova)
+{
+    QStringList Frasi;
+    const QString Dove = u"dalla tariffa "_s + Nuova.Nome.toString();
+    if (Nota.AumRidIdx != AumRidLibera)
+        Frasi += FraseVariazioneTolta(Nota, Dove);
+    if (Nota.PartiAssistite > 1 && LeggiVariazioni(Nuova, Nota.CodCateg).Parti.isEmpty())
+        Frasi += u"L'aumento per le %1 parti assistite non è previsto %2 e viene tolto."_s.arg(
+            QString::number(Nota.PartiAssistite), Dove);
+    return Frasi;
+}
+
 void Porta(Parcella& Nota, const Decreto& Nuova, const Corrispondenze& Comuni)
 {
     const RapportiUnici UnaVolta;
@@ -537,7 +583,9 @@ void PortaSuTariffa(Parcella& Nota, const Decreto& Nuova)
 {
     const RapportiUnici UnaVolta;
     Corrispondenze Comuni;
-    Protetta([&] { Comuni = LeggiComuni(Nota, Nuova); });
+    if (!Protetta([&] { Comuni = LeggiComuni(Nota, Nuova); }))
+        return;
+    Avvisa(CosaSiPerde(Nota, Nuova));
     Porta(Nota, Nuova, Comuni);
 }
 
@@ -555,7 +603,8 @@ bool CambiaTariffa(Parcella& Nota, const Decreto& Nuova)
     });
     if (!Lette)
         return false;
-    if (!Nota.xOnorari.Vuota() && !ConfermaRicalcolo())
+    const QStringList Tolte = CosaSiPerde(Nota, Nuova);
+    if (!Nota.xOnorari.Vuota() ? !ConfermaRicalcolo(Tolte) : !Tolte.isEmpty() && !Conferma(Tolte))
         return false;
     Porta(Nota, Nuova, Comuni);
     SegnaRicalcolo(Nota);

@@ -30,13 +30,17 @@ bool SelSca(Parcella& Nota, double Valore);
 /// general expenses follows if it was as a new note has it. A database that cannot be used, of
 /// either decree, is told and nothing moves; that of the former one matters only to a note that has an office
 /// or lines.
+/// An option of the variation and parties that count for nothing there are named in the question, and bring
+/// one where there are no lines.
 /// @return false when it was refused
 bool CambiaTariffa(Parcella& Nota, const Decreto& Nuova);
 
+/// An option of the variation that the category lacks is told, and gives way to the free one.
 void CambiaCategoria(Parcella& Nota, int Indice);
 
 /// May be refused: an authority not compatible with the lines is told, a recalculation is asked for; the
-/// former authority is then selected again. The one that stands already changes nothing.
+/// former authority is then selected again. An option of the variation that is not meant for it is named in
+/// the question, or told where none is asked. The one that stands already changes nothing.
 void CambiaAutorita(Parcella& Nota, int Indice);
 
 /// May be refused when lines exist: the former bracket and value then stand again. A value outside the new
@@ -83,8 +87,8 @@ void SelezionaScaglioneDelValore(Parcella& Nota);
 /// elsewhere. What it lacks is told, stays unselected and is kept for the next save.
 void VerificaSelezioni(Parcella& Nota, const SceltaTenuta& Ufficio, const SceltaTenuta& Fascia);
 
-/// What CambiaTariffa does, without a question and without marking the note: for one that is still being
-/// filled.
+/// What CambiaTariffa does, telling where that asks, and without marking the note: for one that is still
+/// being filled. A database that cannot be used is told, and the note stays as it was.
 void PortaSuTariffa(Parcella& Nota, const Decreto& Nuova);
 
 /// True for a bracket of undetermined value, told by the first 20 characters of its text.

@@ -101,6 +101,7 @@ void ImpostaOpzione(Parcella& Nota, const OpzioneAumRid& Opzione)
 {
     const QString& Tag = Opzione.Limiti;
     Nota.VariazioneTenuta = AumRidLibera;
+    Nota.OpzioneSalvata.reset();
     Nota.AumRidIdx = Opzione.Numero;
     Nota.AumRidLimiti = Tag.isEmpty() ? LimitiLiberi.toString() : Tag;
     Nota.cmbAumRidAbilitata = Tag.isEmpty();
@@ -111,6 +112,7 @@ void ImpostaVarP(Parcella& Nota, int VarP)
 {
     if (VarP != Nota.AumRidVarP) {
         Nota.VariazioneTenuta = AumRidLibera;  // the percent was another option's
+        Nota.OpzioneSalvata.reset();
         if (!Nota.xOnorari.Vuota())
             SegnaRicalcolo(Nota);
     }
@@ -218,12 +220,23 @@ int VariazioneDelFile(const Parcella& Nota)
     return Nota.AumRidIdx == AumRidLibera ? Nota.VariazioneTenuta : Nota.AumRidIdx;
 }
 
-void LasciaVariazioneAltrui(Parcella& Nota)
+bool VariazioneAltrui(const Parcella& Nota)
 {
     const OpzioneAumRid* Opzione = OpzioneDi(Nota, Nota.AumRidIdx);
-    if (Opzione && PerUfficio(*Opzione, Nota))
-        return;
-    ApplicaOpzione(Nota, Libera());
+    return !Opzione || !PerUfficio(*Opzione, Nota);
+}
+
+void LasciaVariazioneAltrui(Parcella& Nota)
+{
+    if (VariazioneAltrui(Nota))
+        ApplicaOpzione(Nota, Libera());
+}
+
+QString FraseVariazioneTolta(const Parcella& Nota, const QString& Dove)
+{
+    const OpzioneAumRid* Opzione = OpzioneDi(Nota, Nota.AumRidIdx);
+    const QString Nome = Opzione ? Opzione->Didascalia : QString::number(Nota.AumRidIdx);
+    return u"La variazione «%1» non è prevista %2 e viene tolta."_s.arg(Nome, Dove);
 }
 
 void ScegliAumRid(Parcella& Nota, int Indice)
@@ -291,16 +304,31 @@ bool CheckVarPerc(Parcella& Nota, bool ShowMessage)
     return false;
 }
 
+const OpzioneAumRid* OpzioneInForza(const Parcella& Nota)
+{
+    return Nota.OpzioneSalvata ? &*Nota.OpzioneSalvata : OpzioneDi(Nota, Nota.AumRidIdx);
+}
+
+void LasciaVariazioneSalvata(Parcella& Nota)
+{
+    Nota.OpzioneSalvata.reset();
+    if (PartiContano(Nota))
+        Nota.PartiSalvate.reset();
+}
+
 int VariazioneDi(const Parcella& Nota, const QVariant& CodVoce)
 {
-    const OpzioneAumRid* Opzione = OpzioneDi(Nota, Nota.AumRidIdx);
+    const OpzioneAumRid* Opzione = OpzioneInForza(Nota);
     return Opzione && !Comprende(Opzione->Voci, CStr(CodVoce)) ? 0 : Nota.AumRidVarP;
 }
 
 double PercentoEsatto(const Parcella& Nota, int VarPerc)
 {
-    const OpzioneAumRid* Opzione = OpzioneDi(Nota, Nota.AumRidIdx);
+    const OpzioneAumRid* Opzione = OpzioneInForza(Nota);
     if (!Opzione || Opzione->Esatto == 0 || VarPerc != LeggiLimiti(Opzione->Limiti).Lo)
+        return VarPerc;
+    // A list or a file that somebody has edited: 33 may be a third, and nothing beside it.
+    if (!(std::abs(Opzione->Esatto - std::abs(VarPerc)) < 1))
         return VarPerc;
     return VarPerc < 0 ? -Opzione->Esatto : Opzione->Esatto;
 }
@@ -314,6 +342,8 @@ bool PartiContano(const Parcella& Nota)
 
 int AumentoParti(const Parcella& Nota)
 {
+    if (Nota.PartiSalvate)
+        return Nota.PartiSalvate->Percento;
     int Aumento = 0;
     for (const FasciaParti& Fascia : Nota.ListaParti)
         Aumento += std::max(0, std::min(Nota.PartiAssistite, Fascia.A) - Fascia.Da + 1) * Fascia.Percento;
@@ -322,6 +352,7 @@ int AumentoParti(const Parcella& Nota)
 
 void CaricaParti(Parcella& Nota, int Quante)
 {
+    Nota.PartiSalvate.reset();
     Nota.PartiAssistite = std::clamp(Quante, 1, MassimoParti);
     Nota.txtParti.Testo = QString::number(Nota.PartiAssistite);
 }
@@ -344,10 +375,12 @@ void VerificaParti(const Parcella& Nota)
 
 void LasciaParti(Parcella& Nota)
 {
-    const int Prima = Nota.PartiAssistite;
-    CaricaParti(Nota, int(std::clamp(Nota.txtParti.Numero(), 1.0, double(MassimoParti))));
-    if (Nota.PartiAssistite == Prima)
+    const int Scritte = int(std::clamp(Nota.txtParti.Numero(), 1.0, double(MassimoParti)));
+    if (Scritte == Nota.PartiAssistite) {
+        Nota.txtParti.Testo = QString::number(Scritte);
         return;
+    }
+    CaricaParti(Nota, Scritte);
     SetModificata(Nota, true);
     if (!Nota.xOnorari.Vuota())
         SegnaRicalcolo(Nota);
@@ -358,9 +391,10 @@ QString FraseParti(const Parcella& Nota)
     const int Aumento = AumentoParti(Nota);
     if (Aumento == 0)
         return {};
+    const QString& Articolo =
+        Nota.PartiSalvate ? Nota.PartiSalvate->Articolo : Nota.ListaParti.first().Articolo;
     return u"Aumento del %1% per %2 parti assistite (%3, %4)"_s.arg(
-        QString::number(Aumento), QString::number(Nota.PartiAssistite), Nota.ListaParti.first().Articolo,
-        Nota.Tariffa->Nome);
+        QString::number(Aumento), QString::number(Nota.PartiAssistite), Articolo, Nota.Tariffa->Nome);
 }
 
 // ---- how it is shown
@@ -381,14 +415,14 @@ QString ConSegnoScritto(double Percento)
 /// Caption of the note's option.
 QString Didascalia(const Parcella& Nota)
 {
-    const OpzioneAumRid* Opzione = OpzioneDi(Nota, Nota.AumRidIdx);
+    const OpzioneAumRid* Opzione = OpzioneInForza(Nota);
     return Opzione ? Opzione->Didascalia : QString();
 }
 
 /// The sentence that an option brings along; empty for one that is worded from its caption.
 QString FrasePropria(const Parcella& Nota)
 {
-    const OpzioneAumRid* Opzione = OpzioneDi(Nota, Nota.AumRidIdx);
+    const OpzioneAumRid* Opzione = OpzioneInForza(Nota);
     if (!Opzione || Opzione->Frase.isEmpty())
         return {};
     const double Percento = std::abs(PercentoEsatto(Nota, Nota.AumRidVarP));
@@ -399,13 +433,18 @@ QString FrasePropria(const Parcella& Nota)
 /// would claim what its amounts do not hold.
 bool NonToccaRighe(const Parcella& Nota)
 {
-    const OpzioneAumRid* Opzione = OpzioneDi(Nota, Nota.AumRidIdx);
+    const OpzioneAumRid* Opzione = OpzioneInForza(Nota);
     if (!Nota.Tariffa->Dichiarato || !Opzione || Opzione->Voci == OgniNumero)
         return false;
     for (int Riga = 0; Riga < Nota.xOnorari.Righe(); ++Riga)
         if (NumeroDi(Nota.xOnorari(Riga, OnoVarPerc)) != 0)
             return false;
     return true;
+}
+
+bool Varia(const Parcella& Nota)
+{
+    return Nota.AumRidVarP != 0 && !NonToccaRighe(Nota);
 }
 
 }  // namespace
@@ -415,7 +454,7 @@ QString TestoAumRidOno(const Parcella& Nota)
     QStringList Testi;
     if (const int Aumento = AumentoParti(Nota); Aumento != 0)
         Testi += u"%1 parti: +%2%"_s.arg(Nota.PartiAssistite).arg(Aumento);
-    if (Nota.AumRidVarP != 0)
+    if (Varia(Nota))
         Testi += ConSegnoScritto(PercentoEsatto(Nota, Nota.AumRidVarP));
     return Testi.join(u"  "_s);
 }
@@ -426,9 +465,9 @@ QString SuggerimentoAumRidOno(const Parcella& Nota)
     if (const QString Parti = FraseParti(Nota); !Parti.isEmpty())
         Righe += Parti;
     const QString Propria = FrasePropria(Nota);
-    if (Nota.AumRidVarP != 0 && !Propria.isEmpty())
+    if (Varia(Nota) && !Propria.isEmpty())
         Righe += Propria;
-    else if (Nota.AumRidVarP != 0)
+    else if (Varia(Nota))
         Righe += u"Applicat"_s + (Nota.AumRidVarP < 0 ? u"a riduzione "_s : u"o aumento "_s) + u"per "_s +
                  Didascalia(Nota);
     return Righe.join(u'\n');
@@ -436,13 +475,14 @@ QString SuggerimentoAumRidOno(const Parcella& Nota)
 
 QString FraseVariazione(const Parcella& Nota)
 {
-    if (Nota.AumRidVarP == 0 || NonToccaRighe(Nota))
+    if (!Varia(Nota))
         return {};
     if (const QString Propria = FrasePropria(Nota); !Propria.isEmpty())
         return Propria;
     QString Frase = u"Applicat"_s + (Nota.AumRidVarP >= 1 ? u"o aumento "_s : u"a riduzione del "_s) +
                     QString::number(std::abs(Nota.AumRidVarP)) + u"% "_s;
-    if (Nota.AumRidIdx != AumRidLibera && !Didascalia(Nota).isEmpty())
+    const OpzioneAumRid* Opzione = OpzioneInForza(Nota);
+    if (Opzione && Opzione->Numero != AumRidLibera && !Opzione->Didascalia.isEmpty())
         Frase += u"per "_s + Didascalia(Nota);
     return Frase;
 }

@@ -37,9 +37,14 @@ void CaricaVariazione(Parcella& Nota, int Indice, double VarP);
 /// stands for.
 [[nodiscard]] int VariazioneDelFile(const Parcella& Nota);
 
-/// The note's authority or category is another one: an option that is not meant for it gives way to the free
-/// one, without a percent.
+/// The option in force is not meant for the note's category or authority, or is another decree's.
+[[nodiscard]] bool VariazioneAltrui(const Parcella& Nota);
+/// The note's authority, category or decree is another one: an option that is not meant for it gives way to
+/// the free one, without a percent. Without a word: see FraseVariazioneTolta.
 void LasciaVariazioneAltrui(Parcella& Nota);
+/// "La variazione «...» non è prevista per l'autorità selezionata e viene tolta."
+/// @param Dove "per l'autorità selezionata", "dalla tariffa D.m. 140/2012"
+[[nodiscard]] QString FraseVariazioneTolta(const Parcella& Nota, const QString& Dove);
 
 /// An option was chosen: its range and first limit hold from now on. The one that stands already changes
 /// nothing: a click on it is no choice, and the percent typed for it is the user's. Only where the free one
@@ -68,16 +73,22 @@ void LasciaAumRid(Parcella& Nota);
 [[nodiscard]] int VariazioneDi(const Parcella& Nota, const QVariant& CodVoce);
 /// The percent that stands behind a whole one: a third behind 33, where the option says so.
 [[nodiscard]] double PercentoEsatto(const Parcella& Nota, int VarPerc);
+/// The option by which the lines are varied: the list's, or the one that the file has kept with them. Null
+/// for one that neither has.
+[[nodiscard]] const OpzioneAumRid* OpzioneInForza(const Parcella& Nota);
+/// The lines are about to be recalculated: what the file has kept of their variation holds no more, but for
+/// the parties where the database does not say what they add.
+void LasciaVariazioneSalvata(Parcella& Nota);
 
 // ---- parties assisted
 
 /// The largest number of parties that a note takes.
 constexpr int MassimoParti = 999;
 
-/// True where the number of the parties counts: the box is shown for the decrees that have it, and enabled
-/// for the categories.
+/// True where the database says what further parties add: the box is shown for the decrees that have it, and
+/// enabled for the categories.
 [[nodiscard]] bool PartiContano(const Parcella& Nota);
-/// What the parties beyond the first add to the fees, percent.
+/// What the parties beyond the first add to the fees, percent: by the list, or as the file has kept it.
 [[nodiscard]] int AumentoParti(const Parcella& Nota);
 /// The box of the parties was left: below 1 counts as one.
 void LasciaParti(Parcella& Nota);
@@ -97,5 +108,5 @@ void VerificaParti(const Parcella& Nota);
 
 /// "Applicata riduzione del 50% per ..." / "Applicato aumento 20% per ..." as documents print it, or the
 /// sentence of the option's own; empty without a variation, or where a declared decree's option for certain
-/// items has varied no line; no "per ..." for the free one.
+/// items has varied no line; no "per ..." for the free one. Label and tooltip are empty there too.
 [[nodiscard]] QString FraseVariazione(const Parcella& Nota);

@@ -136,6 +136,15 @@ struct SceltaTenuta
     friend bool operator==(const SceltaTenuta&, const SceltaTenuta&) = default;
 };
 
+/// What the parties beyond the first added to the lines of a note's file.
+struct AumentoSalvato
+{
+    int Percento = 0;
+    QString Articolo;
+
+    friend bool operator==(const AumentoSalvato&, const AumentoSalvato&) = default;
+};
+
 struct Parcella
 {
     // ---- parties and subject
@@ -178,7 +187,11 @@ struct Parcella
     int AumRidIdx = 5;                     ///< chosen element of optAumRid, by its number
     /// The option that the file names and the list lacks, kept as AutoritaTenuta; the free one: none.
     int VariazioneTenuta = 5;
-    int AumRidVarP = 0;           ///< signed percent in force, 0 none
+    int AumRidVarP = 0;  ///< signed percent in force, 0 none
+    /// How the file says that the lines were varied: it holds against the lists, which may have been edited
+    /// since, until option or parties change or the lines are recalculated.
+    std::optional<OpzioneAumRid> OpzioneSalvata;
+    std::optional<AumentoSalvato> PartiSalvate;
     QString AumRidLimiti;         ///< two limits in percent joined by ";", empty: any
     int cmbAumRid = NessunaVoce;  ///< 0 "+", 1 "-"
     bool cmbAumRidAbilitata = true;
@@ -192,6 +205,8 @@ struct Parcella
     Spunta chkAcconti, chkMinMax;
     Spunta chkRegSempl, chkIvaDiff, chkIBAN, chkFattAcc;
     MemoriaStampa Memoria;
+    /// The general expenses are the user's own, and no change of the tariff takes them away.
+    bool SpeseGenProprie = false;
     bool AvvisoNotaGiudiziale = false;  ///< the once-per-window warning was shown
 
     // ---- print data

@@ -25,6 +25,10 @@ private Q_SLOTS:
     void variazioniEParti();
     void speseGenerali_data();
     void speseGenerali();
+    void speseGeneraliAndataERitorno_data();
+    void speseGeneraliAndataERitorno();
+    void speseGeneraliSullaNotaGiudiziale();
+    void portataSenzaDomande();
     void archivioMancante();
     void archivioPerduto_data();
     void archivioPerduto();
@@ -240,11 +244,26 @@ void TestCambioTariffa::variazioniEParti()
     Registratore Voce;
     Parcella Nota = NotaCivile();
     ScegliAumRid(Nota, 1);
+    const QString Tolta =
+        u"La variazione «Difese plurime (art. 4, co. 4, e art. 12, co. 4)» non è prevista dalla "
+        u"tariffa D.m. 55/2014 e viene tolta."_s;
+    const QString Chiede = u"\nConfermi la modifica?"_s;
+    Voce.Attendi(Tolta + Chiede, vbNo, u"Domanda:"_s);
+    const Parcella Prima = Nota;
+    QVERIFY(!CambiaTariffa(Nota, Dm55));
+    QVERIFY(Nota == Prima);
+    Voce.Attendi(Tolta + Chiede, vbYes);
     QVERIFY(CambiaTariffa(Nota, Dm55));
     QCOMPARE(Nota.AumRidIdx, AumRidLibera);  // an option of the other decree's articles
     QCOMPARE(Nota.AumRidVarP, 0);
     CaricaVariazione(Nota, AumRidLibera, 12);
     CaricaParti(Nota, 4);
+    const QString Parti =
+        u"L'aumento per le 4 parti assistite non è previsto dalla tariffa D.m. 140/2012 e viene "
+        u"tolto."_s;
+    Catalogo Voci;
+    EntraOnorari(Nota, Voci);
+    Voce.Attendi(QString(Domanda).replace(u"\n"_s, u'\n' + Parti + u'\n'), vbYes);
     QVERIFY(CambiaTariffa(Nota, Dm140));
     QCOMPARE(Nota.AumRidVarP, 12);  // the free one is nobody's
     QCOMPARE(Nota.PartiAssistite, 1);
@@ -285,6 +304,84 @@ void TestCambioTariffa::speseGenerali()
     (void)ClicImposta(Nota, Imposta::SpeseGen, false);
     QVERIFY(CambiaTariffa(Nota, Dm140));
     QVERIFY(!Nota.chkSpeseGen.Attiva);  // the user has taken them out
+}
+
+void TestCambioTariffa::speseGeneraliAndataERitorno_data()
+{
+    QTest::addColumn<const Decreto*>("Nata");
+    QTest::addColumn<QString>("Scritto");  // "-": nothing done, empty: not ticked
+    QTest::addColumn<QString>("DiLa");     // what it has by the other decree; empty: not ticked
+    QTest::addColumn<QString>("DiNuovo");
+    QTest::newRow("2012, as a new note has them") << &Dm140 << u"-"_s << u"15"_s << QString();
+    QTest::newRow("2012, ticked with the percent of the other") << &Dm140 << u"15"_s << u"15"_s << u"15"_s;
+    QTest::newRow("2012, ticked with another percent") << &Dm140 << u"12,5"_s << u"12,5"_s << u"12,5"_s;
+    QTest::newRow("2014, as a new note has them") << &Dm55 << u"-"_s << QString() << u"15"_s;
+    QTest::newRow("2014, ticked anew") << &Dm55 << u"15"_s << u"15"_s << u"15"_s;
+    QTest::newRow("2014, taken out") << &Dm55 << QString() << QString() << QString();
+}
+
+void TestCambioTariffa::speseGeneraliAndataERitorno()
+{
+    QFETCH(const Decreto*, Nata);
+    QFETCH(QString, Scritto);
+    const Studio Suo;
+    Registratore Voce;
+    Parcella Nota;
+    NuovaParcella(Nota, *Nata);
+    if (Scritto != u"-") {
+        (void)ClicImposta(Nota, Imposta::SpeseGen, false);
+        (void)ClicImposta(Nota, Imposta::SpeseGen, !Scritto.isEmpty());
+        if (!Scritto.isEmpty())
+            CambiaPercento(Nota, Imposta::SpeseGen, Scritto);
+    }
+    const auto Ticcate = [&Nota] { return Nota.chkSpeseGen.Attiva ? Nota.txtSpeGen.Testo : QString(); };
+    QVERIFY(CambiaTariffa(Nota, Nata == &Dm55 ? Dm140 : Dm55));
+    QTEST(Ticcate(), "DiLa");
+    QVERIFY(CambiaTariffa(Nota, *Nata));
+    QTEST(Ticcate(), "DiNuovo");
+}
+
+/// The court costs note shows none of them; the note behind it follows all the same.
+void TestCambioTariffa::speseGeneraliSullaNotaGiudiziale()
+{
+    const Studio Suo;
+    Registratore Voce;
+    Parcella Nota = NotaCivile();
+    ScegliTipoStampa(Nota, StampaNotaGiudiziale);
+    QVERIFY(CambiaTariffa(Nota, Dm55));
+    QVERIFY(!Nota.chkSpeseGen.Attiva);
+    ScegliTipoStampa(Nota, StampaPrenotula);
+    QVERIFY(Nota.chkSpeseGen.Attiva);
+    QCOMPARE(Nota.txtSpeGen.Testo, u"15"_s);
+}
+
+/// For a note that is being filled: told, never asked, and nothing moves without the database.
+void TestCambioTariffa::portataSenzaDomande()
+{
+    const Studio Suo;
+    (void)Tariffa55Propria(Suo);
+    Registratore Voce;
+    Parcella Nota = NotaCivile();
+    Catalogo Voci;
+    EntraOnorari(Nota, Voci);
+    ScegliAumRid(Nota, 3);
+    Nota.Modificata = false;
+    Parcella Portata = Nota;
+    Voce.Attendi(
+        u"La variazione «Conciliazioni giudiziali (art. 4, co. 5)» non è prevista dalla tariffa D.m. "
+        u"55/2014 e viene tolta."_s);
+    PortaSuTariffa(Portata, Dm55);
+    QCOMPARE(Portata.Tariffa, &Dm55);
+    QCOMPARE(UfficioDi(Portata), IDTribunale55);
+
+    QVERIFY(QFile::remove(Suo.File(u"parcelle55.mdb"_s)));
+    const Parcella Prima = Nota;
+    Voce.Attendi(
+        u"Errore: L'archivio della tariffa D.m. 55/2014, parcelle55.mdb, manca dalla cartella del programma: "
+        u"gli importi delle parcelle restano quelli che sono, e senza l'archivio non si possono ricalcolare "
+        u"né salvare (3024)"_s);
+    PortaSuTariffa(Nota, Dm55);
+    QVERIFY(Nota == Prima);
 }
 
 void TestCambioTariffa::archivioMancante()

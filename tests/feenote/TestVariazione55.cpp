@@ -177,6 +177,10 @@ void TestVariazione55::soloGliUfficiSuoi()
     CambiaAutorita(Nota, IndiceAutorita(Nota, IDConsiglioDiStato55));
     QCOMPARE(Nota.AumRidIdx, MotiviAggiunti);
     QCOMPARE(Nota.AumRidVarP, 50);
+    const QString Tolta =
+        u"La variazione «Motivi aggiunti (art. 4, co. 10-bis)» non è prevista per l'autorità "
+        u"selezionata e viene tolta."_s;
+    Voce.Attendi(Tolta, vbOK, u"Messaggio:"_s);
     CambiaAutorita(Nota, IndiceAutorita(Nota, IDTribunale55));
     QCOMPARE(Nota.AumRidIdx, AumRidLibera);
     QCOMPARE(Nota.AumRidVarP, 0);
@@ -185,6 +189,20 @@ void TestVariazione55::soloGliUfficiSuoi()
     CaricaVariazione(Nota, AumRidLibera, 12);
     CambiaAutorita(Nota, IndiceAutorita(Nota, IDLavoro55));
     QCOMPARE(Nota.AumRidVarP, 12);  // the free one is for all
+
+    // With lines it stands in the question that is asked anyhow.
+    constexpr int Indagini = 133;
+    constexpr int IndaginiComplesse = 121;
+    Nota = Nota55ConFasi(CategPenale, Indagini);
+    ScegliAumRid(Nota, IndaginiComplesse);
+    Voce.Attendi(
+        u"Sono state già inserite delle prestazioni e la modifica comporterà il ricalcolo con i nuovi "
+        u"parametri.\nLa variazione «Indagini complesse o urgenti (art. 12, co. 3-bis)» non è prevista per "
+        u"l'autorità selezionata e viene tolta.\nConfermi la modifica?"_s,
+        vbNo);
+    CambiaAutorita(Nota, IndiceAutorita(Nota, IDMonocratico55));
+    QCOMPARE(Nota.IDAutSelezionata(), Indagini);
+    QCOMPARE(Nota.AumRidVarP, 20);
 }
 
 void TestVariazione55::cambiandoCategoriaLasciaLaSua()
@@ -193,6 +211,9 @@ void TestVariazione55::cambiandoCategoriaLasciaLaSua()
     Registratore Voce;
     Parcella Nota = Nota55(CategCivile, IDTribunale55);
     ScegliAumRid(Nota, Telematici);
+    Voce.Attendi(u"La variazione «Atti telematici navigabili (art. 4, co. 1-bis)» non è prevista per la "
+                 u"categoria selezionata e viene tolta."_s,
+                 vbOK, u"Messaggio:"_s);
     CambiaCategoria(Nota, CategPenale);
     QCOMPARE(Nota.AumRidIdx, AumRidLibera);
     QCOMPARE(Nota.AumRidVarP, 0);
@@ -368,6 +389,9 @@ void TestVariazione55::fraseSoloDiCioCheVaria()
         QVERIFY(InserisciOnorario(Nota, Aperto));
     }
     QCOMPARE(!FraseVariazione(Nota).isEmpty(), Detta);
+    // Over the lines neither: the percent is in none of them.
+    QCOMPARE(!TestoAumRidOno(Nota).isEmpty(), Detta);
+    QCOMPARE(!SuggerimentoAumRidOno(Nota).isEmpty(), Detta);
 }
 
 void TestVariazione55::etichetta()

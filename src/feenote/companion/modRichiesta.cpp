@@ -2,6 +2,7 @@
 
 #include "addressbook/modClienti.h"
 #include "core/modErrori.h"
+#include "feenote/modNuovaParcella.h"
 #include "feenote/modParametri.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
@@ -141,6 +142,7 @@ void ApplicaRichiesta(Parcella& Nota, const Richiesta& Dati)
     ApplicaParti(Nota, Dati);
     // The other program counts in the lists of the first decree, whatever the one of new notes is.
     const Decreto& Voluta = *std::exchange(Nota.Tariffa, Decreti.front());
+    PortaSpeseGenerali(Nota, Voluta, *Nota.Tariffa);
     SelezionaInSilenzio(Nota, Dati.Categoria, Dati.Autorita, NessunaVoce);
     if (Dati.Valore >= ValoreEsattoRichiesta) {
         // As if the value had been typed: where the category has brackets, it finds its own.

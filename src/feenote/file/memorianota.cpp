@@ -137,6 +137,86 @@ QString NumeroScaglione(const Parcella& Nota)
     return NumeroSe(Scelto ? Scelto->NumSca : Nota.ScaglioneTenuto.Numero);
 }
 
+// ---- how the lines were varied ------------------------------------------------------------------
+
+/// The option of the file, to be filled; null where it names none.
+OpzioneAumRid* OpzioneSalvata(Parcella& Nota)
+{
+    const int Numero = VariazioneDelFile(Nota);
+    if (!Nota.Tariffa->Dichiarato || Numero == AumRidLibera || Nota.AumRidVarP == 0)
+        return nullptr;
+    if (!Nota.OpzioneSalvata)
+        Nota.OpzioneSalvata.emplace().Numero = Numero;
+    return &*Nota.OpzioneSalvata;
+}
+
+/// The option that the note's lines are varied by; null where none varies them, and for a decree whose
+/// options are the program's own.
+const OpzioneAumRid* OpzioneDaTenere(const Parcella& Nota)
+{
+    const OpzioneAumRid* Opzione = OpzioneInForza(Nota);
+    const bool Propria = Nota.Tariffa->Dichiarato && Opzione && Opzione->Numero != AumRidLibera;
+    return Propria && Nota.AumRidVarP != 0 ? Opzione : nullptr;
+}
+
+/// A text of that option. Read, it is the one that the file's column names.
+template <QString OpzioneAumRid::*Testo>
+constexpr VoceMemoria DellOpzione(QStringView Nome)
+{
+    return {Nome,
+            [](const Parcella& Nota) {
+                const OpzioneAumRid* Opzione = OpzioneDaTenere(Nota);
+                return Opzione ? Opzione->*Testo : QString();
+            },
+            [](Parcella& Nota, const QString& Valore) {
+                constexpr qsizetype MassimoTesto = 255;
+                if (OpzioneAumRid* Salvata = OpzioneSalvata(Nota))
+                    Salvata->*Testo = Valore.left(MassimoTesto);
+            }};
+}
+
+QString EsattoOpzione(const Parcella& Nota)
+{
+    constexpr int Cifre = 17;
+    const OpzioneAumRid* Opzione = OpzioneDaTenere(Nota);
+    return Opzione && Opzione->Esatto != 0 ? QString::number(Opzione->Esatto, 'g', Cifre) : QString();
+}
+
+void LeggiEsatto(Parcella& Nota, const QString& Valore)
+{
+    if (OpzioneAumRid* Salvata = OpzioneSalvata(Nota))
+        Salvata->Esatto = Valore.toDouble();
+}
+
+QString PercentoParti(const Parcella& Nota)
+{
+    return Nota.Tariffa->Dichiarato ? NumeroSe(AumentoParti(Nota)) : QString();
+}
+
+/// The largest that a list of parties could come to.
+constexpr int MassimoAumento = 999 * 999;
+
+void LeggiPercentoParti(Parcella& Nota, const QString& Valore)
+{
+    const int Percento = Valore.toInt();
+    if (Nota.Tariffa->Dichiarato && Nota.PartiAssistite > 1 && Percento > 0 && Percento <= MassimoAumento)
+        Nota.PartiSalvate = {Percento, {}};
+}
+
+QString ArticoloParti(const Parcella& Nota)
+{
+    if (PercentoParti(Nota).isEmpty())
+        return {};
+    return Nota.PartiSalvate ? Nota.PartiSalvate->Articolo : Nota.ListaParti.first().Articolo;
+}
+
+void LeggiArticoloParti(Parcella& Nota, const QString& Valore)
+{
+    constexpr qsizetype MassimoArticolo = 40;
+    if (Nota.PartiSalvate)
+        Nota.PartiSalvate->Articolo = Valore.left(MassimoArticolo);
+}
+
 constexpr std::array Voci{
     DellaTariffa<SiglaTariffa>(VoceTariffa),
     DellaTariffa<NumeroAutorita>(VoceAutorita),
@@ -145,6 +225,17 @@ constexpr std::array Voci{
         u"PartiAssistite",
         [](const Parcella& Nota) { return NumeroSe(Nota.PartiAssistite - 1 ? Nota.PartiAssistite : 0); },
         [](Parcella& Nota, const QString& Valore) { CaricaParti(Nota, Valore.toInt()); }},
+    // After the number of the parties, which takes them away.
+    VoceMemoria{u"PartiAssistite.Aumento", PercentoParti, LeggiPercentoParti},
+    VoceMemoria{u"PartiAssistite.Articolo", ArticoloParti, LeggiArticoloParti},
+    DellOpzione<&OpzioneAumRid::Frase>(u"Variazione.Frase"),
+    DellOpzione<&OpzioneAumRid::Didascalia>(u"Variazione.Didascalia"),
+    DellOpzione<&OpzioneAumRid::Limiti>(u"Variazione.Limiti"),
+    DellOpzione<&OpzioneAumRid::Voci>(u"Variazione.Voci"),
+    VoceMemoria{u"Variazione.Esatto", EsattoOpzione, LeggiEsatto},
+    VoceMemoria{u"chkSpeseGen.Propria",
+                [](const Parcella& Nota) { return Segno(Nota.Tariffa->Dichiarato && Nota.SpeseGenProprie); },
+                [](Parcella& Nota, const QString& Valore) { Nota.SpeseGenProprie = Valore == Si; }},
     Interruttore<&Parcella::chkIvaDiff>(u"chkIvaDiff"),
     Interruttore<&Parcella::chkFattAcc>(u"chkFattAcc"),
     VoceMemoria{u"chkIBAN", [](const Parcella& Nota) { return Segno(Nota.chkIBAN.Attiva); },

@@ -206,19 +206,11 @@ void CaricaTutto(Parcella& Nota, const QString& Percorso)
     throw Guasto;
 }
 
-/// The decree of a note's file. A file that cannot be looked into follows the one of whatever names none:
-/// what is wrong with it is told by the reading that comes.
+/// The decree of a note's file. One that cannot be looked into is no note of the first decree: it may be
+/// readable again a moment later, and would then have the other one's lists.
 const Decreto& TariffaDelFile(const QString& Percorso)
 {
-    MemoriaFile Memoria;
-    if (EDiAccess(Percorso))
-        return TariffaDella(Memoria);
-    try {
-        Memoria = LeggiMemoria(OpenDatabase(Percorso, true));
-    } catch (const Errore&) {
-        Memoria.clear();
-    }
-    return TariffaDella(Memoria);
+    return TariffaDella(EDiAccess(Percorso) ? MemoriaFile() : LeggiMemoria(OpenDatabase(Percorso, true)));
 }
 
 /// A note that keeps the numbers of its office and bracket opens without the lists: its amounts are in its
@@ -241,9 +233,9 @@ void CaricaDati(Parcella& Nota, const QString& Percorso)
     const Decreto* Legge = nullptr;
     try {
         Legge = &TariffaDelFile(File);
-    } catch (...) {
+    } catch (const Errore& Guasto) {
         NuovaParcella(Nota);
-        throw;
+        RiportaMancanza(Guasto, File);
     }
     PretendiElenchi(*Legge);
     NuovaParcella(Nota, *Legge);

@@ -414,11 +414,11 @@ QRadioButton* SchedaDatiBase::NuovoBottone(const OpzioneAumRid& Opzione)
 
 void SchedaDatiBase::MostraParte()
 {
-    const bool Contano = PartiContano(Nota);
-    for (QWidget* Suo : std::initializer_list<QWidget*>{ui->lblParti, ui->txtParti, ui->lblAumentoParti})
-        Suo->setVisible(Contano);
-    mostra::Testo(ui->txtParti, Nota.txtParti);
+    // What the file has kept is seen too, where the database does not say it any more.
     const int Aumento = AumentoParti(Nota);
+    for (QWidget* Casella : std::initializer_list<QWidget*>{ui->lblParti, ui->txtParti, ui->lblAumentoParti})
+        Casella->setVisible(PartiContano(Nota) || Aumento != 0);
+    mostra::Testo(ui->txtParti, Nota.txtParti);
     ui->lblAumentoParti->setText(Aumento == 0 ? QString() : u"+%1%"_s.arg(Aumento));
     ui->lblAumentoParti->setToolTip(FraseParti(Nota));
 }

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void ilRiferimentoFaLaSessione();
     void conLaTariffaDelloStudio_data();
     void conLaTariffaDelloStudio();
+    void senzaLaTariffaDelloStudio();
 
 private:
     /// A new note with the session's request applied.
@@ -107,6 +108,27 @@ void TestRichiestaApplicata::conLaTariffaDelloStudio()
     QCOMPARE(Nota.txtSpeGen.Testo, u"15"_s);
     QVERIFY(!Nota.Modificata);
     QVERIFY(!Nota.RicalcoloNecessario);
+    // The percent is the decree's, not the user's: it goes with it.
+    QVERIFY(CambiaTariffa(Nota, Dm140));
+    QVERIFY(!Nota.chkSpeseGen.Attiva);
+}
+
+/// Without its own database the note stays where the request was read, with everything that it asks.
+void TestRichiestaApplicata::senzaLaTariffaDelloStudio()
+{
+    const Studio Suo;
+    (void)Suo.TariffeProprie();  // a program folder that has the first decree alone
+    Registratore Messaggi;
+    sessione::Tariffa = u"55"_s;
+    sessione::RichiestaPV2 = Chiedi(CategCivile, 2, 30000);
+    Messaggi.Tollera();
+    Parcella Nota;
+    Apri(Nota);
+    QCOMPARE(Nota.Tariffa, &Dm140);
+    QCOMPARE(Nota.IDAutSelezionata(), IDTribunale);
+    QCOMPARE(Nota.Scaglione, 3);
+    QVERIFY(!Nota.chkSpeseGen.Attiva);
+    QVERIFY(!Nota.ListaAutorita.isEmpty());
 }
 
 void TestRichiestaApplicata::valoreDellaRichiesta_data()

@@ -1,8 +1,10 @@
 // Six notes under the tariff in force, each filled by mouse and keyboard and printed in the document that
 // suits it. The figures were reckoned by hand from the tables of D.m. 55/2014: fees to the cent, 15 % of
 // general expenses, 4 % of pension fund, 22 % of VAT, 20 % of withholding, each of them rounded as it arises.
+#include "feenote/modVariazione.h"
 #include "feenote/tariffa_prova.h"
 #include "feenote/windows/noteaperte.h"
+#include "platform/kit/etichetta.h"
 #include "stampa.h"
 
 #include <QScrollArea>
@@ -32,6 +34,7 @@ private Q_SLOTS:
     void laCasellaDelleParti();
     void cambiareTariffaChiede();
     void larghezzeEBordi();
+    void ilFileDiceCioCheLArchivioNonDicePiu();
     void senzaArchivioSiLeggeESiStampa();
 
 private:
@@ -331,6 +334,8 @@ void TestNote55::leOpzioniSeguonoIlDecreto()
     QVERIFY(Bottone(106)->isChecked());
     QCOMPARE(Controllo<QLineEdit>(F, "txtAumRid")->text(), u"50"_s);
     QVERIFY(!Controllo(F, "cmbAumRid")->isEnabled());
+    T->Voce.Attendi(u"La variazione «Motivi aggiunti (art. 4, co. 10-bis)» non è prevista per l'autorità "
+                    u"selezionata e viene tolta."_s);
     Scegli(Controllo<QComboBox>(F, "cmbAutor"), IndiceAutorita(F->Nota, IDTribunale55));
     Respiro();
     QVERIFY(!Bottone(106));
@@ -401,6 +406,43 @@ void TestNote55::larghezzeEBordi()
     const auto* Cornice = qobject_cast<const QScrollArea*>(PaginaIn(F));
     QVERIFY(Cornice);
     QCOMPARE(Cornice->horizontalScrollBar()->maximum(), 0);
+    // A banner that is longer than its row says so, and is read whole in its tooltip.
+    const auto* Striscia = Controllo<Etichetta>(F, "lblDatiBase");
+    Scegli(Controllo<QComboBox>(F, "cmbValore"), 13);  // of particular importance
+    QVERIFY(Striscia->text().endsWith(u"di particolare importanza (fino a 520.000)"_s));
+    QVERIFY(Striscia->Mostrato().endsWith(u'…'));
+    QVERIFY(Striscia->text().startsWith(Striscia->Mostrato().chopped(1)));
+    QCOMPARE(Striscia->toolTip(), Striscia->text());
+}
+
+/// What the database does not say any more is on view none the less: it stands in the amounts and is printed.
+void TestNote55::ilFileDiceCioCheLArchivioNonDicePiu()
+{
+    const QString File = T->Ufficio.File(u"nota.mdb"_s);
+    {
+        Parcella Nota = Nota55(CategCivile, IDTribunale55, u"30000"_s);
+        ScegliAumRid(Nota, 102);
+        CaricaParti(Nota, 3);
+        Catalogo Voci;
+        EntraOnorari(Nota, Voci);
+        ScriviNota(File, Nota);
+    }
+    const Database Tariffe = Tariffa55Propria(T->Ufficio);
+    Tariffe.Execute(u"DROP TABLE Variazioni"_s);
+    Tariffe.Execute(u"DROP TABLE PartiAssistite"_s);
+    F->SetModificata(false);
+    T->Voce.Tollera();
+    ApriParcella(File, 0, {});
+    F = FinestraConFile(File);
+    QVERIFY(F);
+    QVERIFY(MostraAttiva(*F));
+    QVERIFY(Controllo(F, "txtParti")->isVisible());
+    QCOMPARE(Controllo<QLabel>(F, "lblAumentoParti")->text(), u"+60%"_s);
+    ClicScheda(F, SchedaListaOnorari);
+    QCOMPARE(Controllo<QLabel>(F, "lblAumRidOno")->text(), u"3 parti: +60%  +25%"_s);
+    const QString Testo = Stampata(StampaPrenotula);
+    CONTIENE(Testo, u"Aumento del 60% per 3 parti assistite (art. 4, comma 2, D.m. 55/2014)"_s);
+    CONTIENE(Testo, u"Aumento del 25% della fase decisionale per conciliazione o transazione"_s);
 }
 
 void TestNote55::senzaArchivioSiLeggeESiStampa()
