@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -182,10 +183,40 @@ double Medio(double Min, double Max)
     return Max > 0 ? Arrotonda2(Min + (Max - Min) / 2) : 0.0;
 }
 
+namespace {
+
+double QuantitaDigitata(const QString& Risposta)
+{
+    return NumeroDi(Sostituisci(Risposta, u"."_s, u","_s));
+}
+
+/// Minutes that a fraction of an hour must exceed to count as one; nothing for an item charged otherwise.
+std::optional<int> MinutiDiFrazione(const QString& QtaOno)
+{
+    if (!QtaOno.startsWith(CodiceOreEFrazioni))
+        return std::nullopt;
+    constexpr int MinutiOra = 60;
+    return std::clamp(int(NumeroDi(QtaOno.mid(1))), 0, MinutiOra);
+}
+
+}  // namespace
+
 double ArrotondaQuantita(const QString& Risposta)
 {
-    const double Valore = NumeroDi(Sostituisci(Risposta, u"."_s, u","_s));
+    const double Valore = QuantitaDigitata(Risposta);
     return Valore > 0 ? Round(Valore + 0.49) : 0.0;
+}
+
+double QuantitaContata(const QString& QtaOno, const QString& Risposta)
+{
+    const std::optional<int> Minuti = MinutiDiFrazione(QtaOno);
+    if (!Minuti)
+        return ArrotondaQuantita(Risposta);
+    constexpr double MinutiOra = 60.0;
+    constexpr int Decimali = 6;  // a third of an hour typed with a few digits stays what it is
+    const double Ore = QuantitaDigitata(Risposta);
+    const double Intere = std::floor(std::max(0.0, Ore));
+    return Intere + (Round((Ore - Intere) * MinutiOra, Decimali) > *Minuti ? 1 : 0);
 }
 
 double GetQuant(const QString& Descr, const QString& QtaOno)
@@ -194,8 +225,17 @@ double GetQuant(const QString& Descr, const QString& QtaOno)
                       u" occorre specificare il numero"_s;
     if (QtaOno.startsWith(u'H'))
         Domanda += u" delle ore impiegate (per ogni ora e frazione d'ora)."_s;
+    const std::optional<int> Minuti = MinutiDiFrazione(QtaOno);
+    if (Minuti)
+        Domanda += u" delle ore impiegate (per ogni ora e frazione d'ora oltre i %1 minuti: 1,5 è un'ora e "
+                   u"mezza)."_s.arg(*Minuti);
     Domanda += u"\n\nImmettere la quantità:"_s;
-    const double Quantita = ArrotondaQuantita(InputBox(Domanda, u"Immissione quantità"_s));
+    const QString Risposta = InputBox(Domanda, u"Immissione quantità"_s);
+    const double Quantita = QuantitaContata(QtaOno, Risposta);
+    if (Minuti && Quantita == 0 && QuantitaDigitata(Risposta) > 0) {
+        MsgErrore(u"Una frazione d'ora fino a %1 minuti non si conta!"_s.arg(*Minuti));
+        return 0.0;
+    }
     if (Quantita <= MassimaQuantita)
         return Quantita;
     MsgErrore(u"La quantità è troppo grande: al massimo 999.999.999!"_s);
@@ -207,10 +247,17 @@ void LoadOnoDir(Parcella& Nota, Catalogo& Voci)
     Voci =
         ApriCatalogo(*Nota.Tariffa, Nota.cmbCateg < 0 ? QString() : Nota.CodCateg, Nota.IDAutSelezionata());
     // A failed formula is told once: the note keeps what was recalculated before it, and is not asked again.
-    if (Nota.RicalcoloNecessario && !Nota.xOnorari.Vuota() && Voci.datOno.Aperto() &&
-        Protetta([&] { RicalcolaOnorari(Nota, Voci); })) {
-        Nota.RigheDaRicalcolare = false;
-        Nota.VariazioneTenuta = AumRidLibera;  // the lines are those of the option in force
+    if (Nota.RicalcoloNecessario && !Nota.xOnorari.Vuota() && Voci.datOno.Aperto()) {
+        const std::optional<OpzioneAumRid> Opzione = Nota.OpzioneSalvata;
+        const std::optional<AumentoSalvato> Parti = Nota.PartiSalvate;
+        LasciaVariazioneSalvata(Nota);
+        if (Protetta([&] { RicalcolaOnorari(Nota, Voci); })) {
+            Nota.RigheDaRicalcolare = false;
+            Nota.VariazioneTenuta = AumRidLibera;  // the lines are those of the option in force
+        } else {
+            Nota.OpzioneSalvata = Opzione;
+            Nota.PartiSalvate = Parti;
+        }
     }
     Nota.RicalcoloNecessario = false;
 }

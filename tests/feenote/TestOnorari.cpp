@@ -234,6 +234,10 @@ void TestOnorari::domandaDellaQuantita_data()
     QTest::newRow("numero") << u"Consultazione orale"_s << u"N"_s
                             << u"Per la voce Consultazione orale occorre specificare il numero\n\n"
                                "Immettere la quantità:"_s;
+    QTest::newRow("ore, la frazione oltre la mezz'ora")
+        << u"Compenso a tempo"_s << u"T30"_s
+        << u"Per la voce Compenso a tempo occorre specificare il numero delle ore impiegate (per ogni ora e "
+           "frazione d'ora oltre i 30 minuti: 1,5 è un'ora e mezza).\n\nImmettere la quantità:"_s;
     QTest::newRow("senza descrizione") << QString() << u">50"_s
                                        << u"Per la voce selezionata occorre specificare il numero\n\n"
                                           "Immettere la quantità:"_s;
@@ -244,7 +248,7 @@ void TestOnorari::domandaDellaQuantita()
     QFETCH(QString, Descr);
     QFETCH(QString, QtaOno);
     Registratore Messaggi;
-    Messaggi.AttendiImmissione({}, u"1,2"_s);
+    Messaggi.AttendiImmissione({}, u"1,7"_s);
     QCOMPARE(GetQuant(Descr, QtaOno), 2.0);
     QTEST(Messaggi.UltimoTesto(), "Domanda");
     QCOMPARE(Messaggi.Ultimo().Titolo, u"Immissione quantità"_s);

@@ -40,6 +40,8 @@ private Q_SLOTS:
     void speseGeneraliDelDecreto();
     void formuleStragiudiziali_data();
     void formuleStragiudiziali();
+    void lOraPattuita_data();
+    void lOraPattuita();
 };
 PROVA(TestTariffa55);
 
@@ -498,6 +500,46 @@ void TestTariffa55::formuleStragiudiziali()
     QCOMPARE((QList<qint64>{Centesimi(Nota.xOnorari(0, OnoMedio)), Centesimi(Nota.xOnorari(0, OnoMin)),
                             Centesimi(Nota.xOnorari(0, OnoMax))}),
              Attesi);
+}
+
+/// "Per ciascuna ora o frazione di ora superiore a trenta minuti."
+void TestTariffa55::lOraPattuita_data()
+{
+    QTest::addColumn<QString>("Risposta");
+    QTest::addColumn<int>("Ore");  // 0: no line
+    QTest::newRow("one") << u"1"_s << 1;
+    QTest::newRow("a quarter more") << u"1,25"_s << 1;
+    QTest::newRow("thirty minutes more") << u"2,5"_s << 2;
+    QTest::newRow("a little above") << u"2,51"_s << 3;
+    QTest::newRow("forty minutes with few digits") << u"1,67"_s << 2;
+    QTest::newRow("with a point") << u"1.75"_s << 2;
+    QTest::newRow("forty minutes alone") << u"0,67"_s << 1;
+    QTest::newRow("thirty minutes alone") << u"0,5"_s << 0;
+    QTest::newRow("a hundredth") << u"0,01"_s << 0;
+    QTest::newRow("many, and half a one") << u"120,5"_s << 120;
+    QTest::newRow("given up") << QString() << 0;
+    QTest::newRow("below nought") << u"-2,7"_s << 0;
+}
+
+void TestTariffa55::lOraPattuita()
+{
+    QFETCH(QString, Risposta);
+    QFETCH(int, Ore);
+    const Studio Suo;
+    Registratore Voce;
+    Parcella Nota = Nota55(CategStragiudiziale, IDStragiudiziale55, u"10000"_s);
+    Catalogo Voci;
+    EntraOnorari(Nota, Voci);
+    QVERIFY(VaiAVoce(Voci, 505));
+    Voce.AttendiImmissione(u"frazione d'ora oltre i 30 minuti"_s, Risposta);
+    if (Ore == 0 && NumeroDi(Risposta) > 0)
+        Voce.Attendi(u"Una frazione d'ora fino a 30 minuti non si conta!"_s);
+    QCOMPARE(InserisciOnorario(Nota, Voci).has_value(), Ore > 0);
+    if (Ore == 0)
+        return;
+    QCOMPARE(NumeroDi(Nota.xOnorari(0, OnoQta)), double(Ore));
+    QCOMPARE(Colonna(Nota, OnoMin), QList<qint64>{Ore * 20000});
+    QCOMPARE(Colonna(Nota, OnoMax), QList<qint64>{Ore * 50000});
 }
 
 #include "TestTariffa55.moc"

@@ -284,7 +284,7 @@ QString Esempio(const Tariffe& Dati, const VoceTariffa& Voce, double ValoreEuro,
     const double Min = Valuta(Lette.Minimo, ValoreEuro);
     const double Max = Valuta(Lette.Massimo, ValoreEuro);
     const double Med = Medio(Min, Max);
-    const double Quant = Risposta.isEmpty() ? 1.0 : ArrotondaQuantita(Risposta);
+    const double Quant = Risposta.isEmpty() ? 1.0 : QuantitaContata(Voce.Quantita, Risposta);
     const QString Per = Risposta.isEmpty() ? QString() : u" × "_s + CStr(Quant);
     // Lines of the tariff of 2012 are whole euro; those of the other have cents.
     const int Decimali = Dati.Identita.Codice.isEmpty() ? 0 : 2;

@@ -17,6 +17,11 @@ constexpr QStringView ColonnaUfficio =
 constexpr QStringView QuantitaOre =
     u"L'importo è quello di un'ora. All'inserimento il programma chiede le ore impiegate: anche una frazione "
     u"d'ora conta, e il numero è portato all'intero superiore.";
+constexpr QStringView QuantitaOltre =
+    u"L'importo è quello di un'ora. All'inserimento il programma chiede le ore impiegate, e le porta a ore "
+    u"intere: una frazione vale un'ora soltanto oltre i trenta minuti.";
+constexpr QStringView QuantitaVuota =
+    u"Con una risposta che non arriva a un'ora, vuota o pari a zero la voce non è inserita.";
 constexpr QStringView QuantitaNumero =
     u"L'importo è quello di una sola prestazione. All'inserimento il programma chiede quante sono: un numero "
     u"con decimali è portato all'intero superiore.";
@@ -247,12 +252,15 @@ private:
     void Quantita()
     {
         Html += Titolo2(u"Quantità"_s);
-        Html += Paragrafo((Voce.Quantita.startsWith(u'H') ? QuantitaOre : QuantitaNumero).toString());
+        const bool Oltre = Voce.Quantita.startsWith(CodiceOreEFrazioni);
+        Html += Paragrafo(Oltre ? QuantitaOltre.toString()
+                                : (Voce.Quantita.startsWith(u'H') ? QuantitaOre : QuantitaNumero).toString());
         QString Conti;
-        for (const QString& Risposta : {u"1"_s, u"2,5"_s, u"2,02"_s, u"2,01"_s})
-            Conti += u"<li>%1 conta %2</li>\n"_s.arg(Risposta, CStr(ArrotondaQuantita(Risposta)));
+        for (const QString& Risposta : {u"1"_s, u"2,5"_s, Oltre ? u"2,51"_s : u"2,02"_s, u"2,01"_s})
+            Conti +=
+                u"<li>%1 conta %2</li>\n"_s.arg(Risposta, CStr(QuantitaContata(Voce.Quantita, Risposta)));
         Html += u"<ul>\n"_s + Conti + u"</ul>\n"_s;
-        Html += Paragrafo(QuantitaInFondo.toString());
+        Html += Paragrafo((Oltre ? QuantitaVuota : QuantitaInFondo).toString());
     }
 
     void Collegamenti(const QStringList& Quali)

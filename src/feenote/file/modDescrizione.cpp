@@ -212,16 +212,16 @@ void VaiAllaVoce(Recordset& Voci, OggettoJson& Riga, const QString& ColonnaDescr
     throw OggettoJson::Rifiuto(5, Riga.Nome(u"voce"_s), u"«%1» non è nel catalogo"_s.arg(Mostra(Cercata)));
 }
 
-/// Quantity of an honorarium as the prompt would take it: above 0, carried up to the whole unit.
-std::optional<double> LeggiQuantita(OggettoJson& Riga, bool SiChiede)
+/// Quantity of an honorarium as the prompt would take it: above 0, whole by the item's own rule.
+std::optional<double> LeggiQuantita(OggettoJson& Riga, const QString& QtaOno)
 {
     const std::optional<double> Letta = Riga.Positivo(u"quantita"_s);
     const QString Campo = Riga.Nome(u"quantita"_s);
-    if (!Letta && SiChiede)
+    if (!Letta && !QtaOno.isEmpty())
         throw OggettoJson::Rifiuto(5, Campo, u"la voce chiede una quantità"_s);
     if (!Letta)
         return 1.0;
-    const double Quantita = ArrotondaQuantita(CStr(*Letta));
+    const double Quantita = QuantitaContata(QtaOno, CStr(*Letta));
     if (Quantita <= 0)
         throw OggettoJson::Rifiuto(5, Campo, u"la quantità deve essere maggiore di zero"_s);
     return Quantita;
@@ -230,9 +230,9 @@ std::optional<double> LeggiQuantita(OggettoJson& Riga, bool SiChiede)
 void LeggiOnorario(Parcella& Nota, Catalogo& Voci, OggettoJson& Riga)
 {
     VaiAllaVoce(Voci.datOno, Riga, u"DescrOno"_s);
-    const bool SiChiede = !Voci.datOno.Value(u"QtaOno"_s, QString()).toString().isEmpty();
+    const QString QtaOno = Voci.datOno.Value(u"QtaOno"_s, QString()).toString();
     const std::optional<int> Scritta =
-        InserisciOnorario(Nota, Voci, std::nullopt, LeggiQuantita(Riga, SiChiede));
+        InserisciOnorario(Nota, Voci, std::nullopt, LeggiQuantita(Riga, QtaOno));
     if (!Scritta)
         throw OggettoJson::Rifiuto(5, Riga.Nome(u"voce"_s), u"la voce non può essere inserita"_s);
 

@@ -143,7 +143,13 @@ void TestSchede55::esempi()
     QCOMPARE(RigaDi({Conto}, u"Medio"_s).last(), Format(6164 + 230'000 * 0.03, u"#,##0.00"));
     const TabellaLetta Mediazione = Leggi(u"S502.htm"_s).Tabelle.last();
     QCOMPARE(RigaDi({Mediazione}, u"Minimo"_s).last(), u"220,50"_s);
-    QCOMPARE(RigaDi({Leggi(u"S505.htm"_s).Tabelle.last()}, u"Massimo"_s).last(), u"1.500,00"_s);
+    // Two hours and three quarters are three; half an hour above is none.
+    const SchedaLetta Ora = Leggi(u"S505.htm"_s);
+    QCOMPARE(RigaDi({Ora.Tabelle.last()}, u"Massimo"_s).last(), u"1.500,00"_s);
+    QCOMPARE(Ora.Tabelle.last().Prima, u"Valore dell'affare € 10.000,00, quantità 2,75 (conta 3)."_s);
+    const QByteArray Pagina = LeggiFile(CartellaNote() + u"S505.htm"_s);
+    QVERIFY(Pagina.contains("<li>2,5 conta 2</li>"));
+    QVERIFY(Pagina.contains("<li>2,51 conta 3</li>"));
 }
 
 /// The mark stands where the official text was not read, and nowhere else.
