@@ -1,0 +1,57 @@
+// The delivered norms, and copies of them that somebody has edited.
+#pragma once
+
+#include "supporto/prova.h"
+
+#include "calculators/norme/norme.h"
+#include "core/sessione.h"
+#include "platform/base/errore.h"
+#include "platform/database/database.h"
+
+/// The norms as just built.
+inline const Norme& NormeConsegnate()
+{
+    static const Norme Lette(ProgrammaDiProva() + QStringLiteral("Norme.mdb"));
+    return Lette;
+}
+
+inline QString CopiaNorme()
+{
+    const QString File = NuovaCartella() + QStringLiteral("Norme.mdb");
+    QFile::copy(ProgrammaDiProva() + QStringLiteral("Norme.mdb"), File);
+    QFile::setPermissions(File, QFile::ReadOwner | QFile::WriteOwner);
+    return File;
+}
+
+/// A copy on which a statement has been run; `ConSigillo`: sealed again, as whoever knows the seal would.
+inline QString NormeRitoccate(const QString& Sql, bool ConSigillo)
+{
+    const QString File = CopiaNorme();
+    const Database Db = OpenDatabase(File);
+    Db.Execute(Sql);
+    if (ConSigillo) {
+        QMap<QString, QString> Note = Db.Annotazioni();
+        Note[NomeSigillo.toString()] = SigilloNorme(Db);
+        Db.Annota(Note);
+    }
+    return File;
+}
+
+/// What is said instead of a result; empty when nothing is refused.
+template <class Opera>
+QString Frase(Opera Cosa)
+{
+    try {
+        Cosa();
+        return {};
+    } catch (const Errore& Guasto) {
+        return Guasto.Descrizione;
+    }
+}
+
+/// How many random cases: a selection, or what CALCANOVA_CASI asks for.
+inline int CasiAlCaso(int Normali)
+{
+    const int Chiesti = qEnvironmentVariableIntValue("CALCANOVA_CASI");
+    return Chiesti > 0 ? Chiesti : Normali;
+}
