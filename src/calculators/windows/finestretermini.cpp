@@ -1,7 +1,10 @@
 #include "calculators/windows/finestretermini.h"
 
 #include "calculators/modTermini.h"
+#include "calculators/norme/etadati.h"
+#include "calculators/windows/etamostrata.h"
 #include "calculators/windows/finestracalcolo.h"
+#include "calculators/windows/sceltanorme.h"
 #include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
@@ -11,10 +14,16 @@
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/mascheradata.h"
+#include "platform/system/orologio.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
 #include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;
 
@@ -23,8 +32,7 @@ namespace {
 /// Enabling and calendar by a text of the date box.
 void Segui(const CampiTermini& Campi, const QString& Testo)
 {
-    if (const auto Ammesso = SabatoAmmesso(Testo))
-        Campi.chkSabato->setEnabled(*Ammesso);
+    AbilitaSabato(Campi, Testo);
     if (const auto Decorrenza = LeggiData(Testo))
         Campi.Calendario->ImpostaData(*Decorrenza);
 }
@@ -42,7 +50,7 @@ void PreparaPannello(const CampiTermini& Campi, double Ingrandimento, int Righe)
     Risultato->setMinimumHeight(Risultato->sizeHint().height());
     Risultato->clear();
     Risultato->parentWidget()->setBackgroundRole(QPalette::Base);
-    Campi.lblSettembre->setText(AvvisoSettembre.toString());
+    Campi.lblSettembre->setText(AvvisoSettembre.toString());  // for its room
     NonSpostare(Campi.lblSettembre);
     Campi.lblSettembre->hide();
     Campi.cmdCopia->setIcon(aspetto::Icona(u"copia"_s));
@@ -58,10 +66,11 @@ void CollegaDecorrenza(const CampiTermini& Campi, const std::function<void()>& P
         Segui(Campi, SenzaSecolo(Campi.mskDecorr->Testo()));
         return true;
     });
-    Campi.Calendario->ImpostaRegole({[](const QDate& Giorno) { return IsFestivo(Giorno); },
-                                     [Spunta = Campi.chkSosp](const QDate& Giorno) {
-                                         return Spunta->isChecked() && GiornoSospeso(Giorno);
-                                     }});
+    Campi.Calendario->ImpostaRegole(
+        {[Norme = Campi.Norme](const QDate& Giorno) { return Norme->Festivo(Giorno); },
+         [Norme = Campi.Norme, Spunta = Campi.chkSosp](const QDate& Giorno) {
+             return Spunta->isChecked() && Norme->Sospeso(Giorno);
+         }});
 }
 
 void PrendiData(const CampiTermini& Campi, const QDate& Data, const std::function<void()>& Pulisci)
@@ -83,12 +92,24 @@ void SegnaGiorni(const CampiTermini& Campi, const QList<QDate>& Scadenze)
     Campi.Calendario->Segna(LeggiData(SenzaSecolo(Campi.mskDecorr->Testo())), Scadenze);
 }
 
-void ScriviRisultato(const CampiTermini& Campi, const QString& Testo, bool Settembre)
+void AbilitaSabato(const CampiTermini& Campi, const QString& Testo)
+{
+    // Both options rest where the links of a chain say it themselves.
+    const bool Conta = Campi.chkSosp->isEnabled();
+    if (Campi.Norme->InVigore())
+        Campi.chkSabato->setEnabled(Conta);
+    else if (const auto Ammesso = SabatoAmmesso(Testo))
+        Campi.chkSabato->setEnabled(*Ammesso && Conta);
+}
+
+void ScriviRisultato(const CampiTermini& Campi, const QString& Testo, const QString& Avviso)
 {
     QPalette Colori;
     Colori.setColor(Campi.lblSettembre->foregroundRole(), aspetto::Sbagliato());
     Campi.lblSettembre->setPalette(Colori);
-    Campi.lblSettembre->setVisible(Settembre);
+    if (!Avviso.isEmpty())
+        Campi.lblSettembre->setText(Avviso);
+    Campi.lblSettembre->setVisible(!Avviso.isEmpty());
     Campi.lblRisult->setText(Testo);
     Campi.lblRisult->setAccessibleName(Testo.isEmpty() ? u"Risultato"_s
                                                        : (Testo + u' ' + AvvisoMostrato(Campi)).simplified());
@@ -135,4 +156,63 @@ void ApriAvvertenze(const QString& Titolo)
 {
     if (Aperture.PaginaWeb)
         Aperture.PaginaWeb(sessione::PercorsoProg + u"avvertenzetermini.htm"_s, Titolo);
+}
+
+void MostraNorme(const CampiNorme& Campi, SceltaNorme& Scelta)
+{
+    const bool InVigore = Scelta.InVigore();
+    if (InVigore && Campi.cmbMateria->count() == 0) {
+        const QSignalBlocker Zitta(Campi.cmbMateria);
+        Campi.cmbMateria->addItem(u"nessuna materia risparmiata"_s);
+        for (const NormaMateria& Materia : Scelta.Lette()->Materie())
+            Campi.cmbMateria->addItem(Materia.Testo, Materia.Codice);
+    }
+    constexpr int LettereMateria = 32;
+    LimitaLista(Campi.cmbMateria, LettereMateria);
+    Campi.cmbMateria->setVisible(InVigore);
+    Campi.lblEta->setVisible(InVigore);
+    if (InVigore)
+        MostraEta(Campi.lblEta, EtaNorme(*Scelta.Lette(), Oggi()));
+}
+
+QString MateriaScelta(const CampiNorme& Campi, const SceltaNorme& Scelta)
+{
+    return Scelta.InVigore() ? Campi.cmbMateria->currentData().toString() : QString();
+}
+
+QString NoteDi(const QList<TermineContato>& Termini)
+{
+    QStringList Avvisi;
+    for (const TermineContato& Termine : Termini)
+        for (const QString& Nota : Termine.Esito.Note)
+            if (!Avvisi.contains(Nota))
+                Avvisi << Nota;
+    return Avvisi.join(u'\n');
+}
+
+QString TestoCatena(const QList<TermineContato>& Termini)
+{
+    QStringList Righe;
+    for (const TermineContato& Termine : Termini)
+        Righe << NomeTermine(Termine) + u": "_s + TestoScadenza(Termine);
+    return Righe.join(u'\n');
+}
+
+QList<ParteStrada> PartiDi(const QList<TermineContato>& Termini)
+{
+    QList<ParteStrada> Tutte;
+    for (const TermineContato& Termine : Termini)
+        Tutte << ParteDi(Termine);
+    return Tutte;
+}
+
+void LimitaLista(QComboBox* Lista, int Lettere)
+{
+    Lista->setMaximumWidth(Lista->fontMetrics().averageCharWidth() * Lettere);
+}
+
+void TastoRapido(QDialog* Modulo, Qt::Key Lettera, const std::function<void()>& Procedura)
+{
+    auto* Scorciatoia = new QShortcut(QKeySequence(Qt::CTRL | Lettera), Modulo);
+    Collega(Scorciatoia, &QShortcut::activated, Modulo, Procedura);
 }

@@ -2,6 +2,8 @@
 // the notices.
 #pragma once
 
+#include "calculators/windows/terminecontato.h"
+
 #include <QDate>
 #include <QList>
 #include <QString>
@@ -12,7 +14,11 @@ class CalendarioMensile;
 class MascheraData;
 class QAbstractButton;
 class QCheckBox;
+class QComboBox;
+class QDialog;
 class QLabel;
+class QPushButton;
+class SceltaNorme;
 
 /// The controls that both windows have.
 struct CampiTermini
@@ -24,6 +30,7 @@ struct CampiTermini
     QLabel* lblRisult;
     QLabel* lblSettembre;  ///< the line under the result
     QAbstractButton* cmdCopia;
+    const SceltaNorme* Norme;  ///< the rules that count
 };
 
 /// The larger letters of a result, and the picture of its copy button. `Ingrandimento` is the factor on the
@@ -46,8 +53,12 @@ void AlternaCalendario(const CampiTermini& Campi);
 void SegnaGiorni(const CampiTermini& Campi, const QList<QDate>& Scadenze);
 
 /// Shows a result, or takes it away with an empty text, and lets it be copied as long as there is one; a
-/// screen reader speaks it. `Settembre` shows the line on the days of September under it.
-void ScriviRisultato(const CampiTermini& Campi, const QString& Testo, bool Settembre = false);
+/// screen reader speaks it. `Avviso` is the line under it; empty: none.
+void ScriviRisultato(const CampiTermini& Campi, const QString& Testo, const QString& Avviso = {});
+
+/// Enables the Saturday by a text of the date box: the program's own rules know no such term before
+/// 02/03/2006, those in force look at the day on which it ends.
+void AbilitaSabato(const CampiTermini& Campi, const QString& Testo);
 
 /// The line on view under the result, empty when there is none.
 [[nodiscard]] QString AvvisoMostrato(const CampiTermini& Campi);
@@ -65,3 +76,33 @@ void CalcolaDallaData(MascheraData* Data, const std::function<bool()>& Calcola);
 /// Whether there is a viewer for the notices on terms.
 [[nodiscard]] bool HaAvvertenze();
 void ApriAvvertenze(const QString& Titolo);
+
+/// What both windows have beside the choice of the norms.
+struct CampiNorme
+{
+    QComboBox* cmbMateria;
+    QLabel* lblEta;
+    QPushButton* cmdStrada;
+    QPushButton* cmdAgenda;
+};
+
+/// Shows what belongs to the norms that count: the matters that the suspension spares, and how far they are
+/// known.
+void MostraNorme(const CampiNorme& Campi, SceltaNorme& Scelta);
+
+/// The code of the chosen matter; empty for none, and by the program's own rules.
+[[nodiscard]] QString MateriaScelta(const CampiNorme& Campi, const SceltaNorme& Scelta);
+
+/// The notes of all terms, each once, one a line.
+[[nodiscard]] QString NoteDi(const QList<TermineContato>& Termini);
+
+/// "Appello (art. 325 c.p.c.): Lunedì, 5 Ottobre 2026 (Posticipata)", a line for each.
+[[nodiscard]] QString TestoCatena(const QList<TermineContato>& Termini);
+
+[[nodiscard]] QList<ParteStrada> PartiDi(const QList<TermineContato>& Termini);
+
+/// A list of long entries takes the room of so many letters and no more.
+void LimitaLista(QComboBox* Lista, int Lettere);
+
+/// Ctrl and a letter in the window.
+void TastoRapido(QDialog* Modulo, Qt::Key Lettera, const std::function<void()>& Procedura);

@@ -2,7 +2,12 @@
 
 #include "calculators/modStampaTermini.h"
 #include "calculators/windows/finestracalcolo.h"
+#include "calculators/windows/frmAgenda.h"
+#include "calculators/windows/frmRicorrenti.h"
+#include "calculators/windows/frmStrada.h"
 #include "core/modErrori.h"
+#include "core/modTesti.h"
+#include "platform/base/regionale.h"
 #include "platform/calendar/calendario.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
@@ -17,9 +22,23 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr double Ingrandimento = 1.4;
+
+/// The boxes count what the catalogue's row does.
+bool Uguali(const RichiestaTermine& Del, const RichiestaTermine& Delle)
+{
+    return Del.Numero == Delle.Numero && Del.Tipo == Delle.Tipo &&
+           Del.Opzioni.Libero == Delle.Opzioni.Libero && Del.Opzioni.Antecedente == Delle.Opzioni.Antecedente;
+}
+
+}  // namespace
+
 frmTermini::frmTermini() : ui(std::make_unique<Ui::frmTermini>())
 {
     ui->setupUi(this);
+    Scelta = std::make_unique<SceltaNorme>(ui->cmbNorme, [this] { CambiaNorme(); });
     ImpostaMenu(this, {{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New, [this] { mnuNew_Click(); }},
                        {u"mnuStampa"_s, u"Stampa"_s, QKeySequence::Print, [this] { mnuStampa_Click(); }}});
     {
@@ -28,11 +47,11 @@ frmTermini::frmTermini() : ui(std::make_unique<Ui::frmTermini>())
             ui->cmbIncrTipo->addItem(Voce.toString());
         ui->cmbIncrTipo->setCurrentIndex(-1);
     }
-    constexpr double Ingrandimento = 1.4;
     constexpr int RigheRisultato = 2;  // the date, and whether it was moved
     PreparaPannello(Campi(), Ingrandimento, RigheRisultato);
     for (QToolButton* Pulsante : {ui->cmdCalend_0, ui->cmdCalend_1})
         Pulsante->setIcon(aspetto::Icona(u"calendario"_s));
+    ui->cmdLascia->setIcon(aspetto::Icona(u"chiudi"_s));
     NonSpostare(ui->cmdCalend_1);
     NonSpostare(ui->Calendario);
     PreparaModulo(this, u"termini"_s);
@@ -51,7 +70,10 @@ void frmTermini::Collegamenti()
                 [this] { cmdEsegui_Click(); });
     CopiaRisultato(this, ui->cmdCopia, [this] { return DidascaliaPulita(ui->lblRisult->text()); });
 
-    const auto Cambiato = [this] { Pulisci(); };
+    const auto Cambiato = [this] {
+        Pulisci();
+        VerificaScelto();
+    };
     CollegaDecorrenza(Campi(), Cambiato);
     Collega(ui->txtIncrNum, &QLineEdit::textEdited, this, Cambiato);
     Collega(ui->cmbIncrTipo, &QComboBox::currentIndexChanged, this, Cambiato);
@@ -65,6 +87,19 @@ void frmTermini::Collegamenti()
     Collega(ui->cmdCalend_1, &QToolButton::clicked, this, [this] { cmdCalend_Click(1); });
     Collega(ui->Calendario, &CalendarioMensile::DataScelta, this,
             [this, Cambiato](const QDate& Data) { PrendiData(Campi(), Data, Cambiato); });
+    CollegaRicorrenti();
+}
+
+void frmTermini::CollegaRicorrenti()
+{
+    Collega(ui->cmbMateria, &QComboBox::currentIndexChanged, this, [this] { Pulisci(); });
+    Collega(ui->cmdRicorrenti, &QPushButton::clicked, this, [this] { cmdRicorrenti_Click(); });
+    Collega(ui->cmdLascia, &QToolButton::clicked, this, [this] { cmdLascia_Click(); });
+    Collega(ui->cmdStrada, &QPushButton::clicked, this, [this] { cmdStrada_Click(); });
+    Collega(ui->cmdAgenda, &QPushButton::clicked, this, [this] { cmdAgenda_Click(); });
+    TastoRapido(this, Qt::Key_T, [this] { cmdRicorrenti_Click(); });
+    TastoRapido(this, Qt::Key_D, [this] { cmdStrada_Click(); });
+    TastoRapido(this, Qt::Key_G, [this] { cmdAgenda_Click(); });
 }
 
 void frmTermini::Mostra()
@@ -82,12 +117,13 @@ void frmTermini::Form_Activate()
     ui->cmbIncrTipo->setCurrentIndex(TipoGiorni);
     ui->chkSosp->setChecked(true);
     ui->optTipoScad_0->setChecked(true);
+    Scelta->Comincia();
 }
 
 CampiTermini frmTermini::Campi() const
 {
     return {ui->mskDecorr, ui->chkSosp,      ui->chkSabato, ui->Calendario,
-            ui->lblRisult, ui->lblSettembre, ui->cmdCopia};
+            ui->lblRisult, ui->lblSettembre, ui->cmdCopia,  Scelta.get()};
 }
 
 DatiTermine frmTermini::Dati() const
@@ -103,6 +139,11 @@ DatiTermine frmTermini::Dati() const
 
 void frmTermini::Pulisci()
 {
+    Contati.clear();
+    Abilita();
+    // A road of a result that is no more would be taken for that of the next one.
+    if (Strade)
+        Strade->close();
     ui->cmdCalend_1->hide();
     ScriviRisultato(Campi(), {});
     Segna();
@@ -110,7 +151,10 @@ void frmTermini::Pulisci()
 
 void frmTermini::Segna()
 {
-    SegnaGiorni(Campi(), ui->lblRisult->text().isEmpty() ? QList<QDate>() : QList{DataCorrente});
+    QList<QDate> Giorni;
+    for (const TermineContato& Termine : std::as_const(Contati))
+        Giorni << Termine.Esito.Scadenza;
+    SegnaGiorni(Campi(), Giorni);
 }
 
 void frmTermini::cmdEsegui_Click()
@@ -121,7 +165,10 @@ void frmTermini::cmdEsegui_Click()
 bool frmTermini::Calcola()
 {
     DatiTermine Caselle = Dati();
-    if (TogliSabatoARitroso(Caselle.Opzioni)) {
+    if (Catena)
+        Caselle.Numero = u"1"_s;  // its links have numbers of their own
+    // By the norms in force a Saturday moves backward terms too (Cass. 14767/2014).
+    else if (!Scelta->InVigore() && TogliSabatoARitroso(Caselle.Opzioni)) {
         ui->chkSabato->setChecked(false);
         Pulisci();
     }
@@ -129,15 +176,42 @@ bool frmTermini::Calcola()
         MsgErrore(Trovato->Messaggio);
         return false;
     }
-    MostraScadenza(CalcolaTermine(Caselle));
+    if (Catena)
+        return CalcolaCatena(Caselle);
+    const RichiestaTermine Chiesto = Richiesta(Caselle);
+    const EsitoTermine Esito = Computa(Chiesto);
+    ContoTermine Conto;
+    Conto.Opzioni = Caselle.Opzioni;
+    Conto.DataCorrente = Esito.Scadenza;
+    Conto.Prorogato = Esito.Spostata;
+    Contati = {Contato(Chiesto, Esito)};
+    MostraScadenza(Conto, Esito.Note.join(u'\n'));
     return true;
 }
 
-void frmTermini::MostraScadenza(const ContoTermine& Conto)
+bool frmTermini::CalcolaCatena(const DatiTermine& Caselle)
+{
+    const auto Lette = Scelta->Lette();
+    if (!Lette)
+        return false;
+    Contati =
+        ContaCatena(Scelta->Insieme(), *Lette, *Catena, CDate(SenzaSecolo(Caselle.Decorrenza)), Materia());
+    DataCorrente = Contati.first().Esito.Scadenza;
+    MostraRisultato(TestoCatena(Contati), NoteDi(Contati));
+    return true;
+}
+
+void frmTermini::MostraScadenza(const ContoTermine& Conto, const QString& Avviso)
 {
     DataCorrente = Conto.DataCorrente;
+    MostraRisultato(TestoTermine(Conto), Avviso);
+}
+
+void frmTermini::MostraRisultato(const QString& Testo, const QString& Avviso)
+{
     Campanello();
-    ScriviRisultato(Campi(), TestoTermine(Conto), Conto.SettembreSospeso);
+    ScriviRisultato(Campi(), Testo, Avviso);
+    Abilita();
     ui->cmdCalend_1->show();
     ui->Calendario->ImpostaData(DataCorrente);
     Segna();
@@ -164,6 +238,10 @@ void frmTermini::mnuNew_Click()
     ui->chkLibero->setChecked(false);
     ui->chkSabato->setChecked(false);
     ui->optTipoScad_0->setChecked(true);
+    ui->cmbMateria->setCurrentIndex(0);
+    Scelto.reset();
+    Catena.reset();
+    MostraScelto();
     Pulisci();
     ui->mskDecorr->setFocus();
     Campanello();
@@ -171,7 +249,207 @@ void frmTermini::mnuNew_Click()
 
 void frmTermini::mnuStampa_Click()
 {
+    if (Scelta->InVigore() || Catena) {
+        MostraStampa(u": calcolo termini"_s,
+                     [this](Superficie& vp) { return StampaStrada(vp, RigheChieste(), PartiDi(Contati)); });
+        return;
+    }
     MostraStampa(u": calcolo termini"_s, [this](Superficie& vp) {
         return StampaTermine(vp, Dati(), ui->lblRisult->text(), AvvisoMostrato(Campi()));
     });
+}
+
+// ---- norms and catalogue --------------------------------------------------------------------------
+
+void frmTermini::CambiaNorme()
+{
+    MostraNorme(CampiDelleNorme(), *Scelta);
+    AbilitaSabato(Campi(), SenzaSecolo(ui->mskDecorr->Testo()));
+    MostraScelto();
+    Pulisci();
+    ui->Calendario->Ridisegna();
+}
+
+void frmTermini::Abilita()
+{
+    for (QPushButton* Pulsante : {ui->cmdStrada, ui->cmdAgenda})
+        Pulsante->setEnabled(!Contati.isEmpty());
+}
+
+CampiNorme frmTermini::CampiDelleNorme() const
+{
+    return {ui->cmbMateria, ui->lblEta, ui->cmdStrada, ui->cmdAgenda};
+}
+
+QString frmTermini::Materia() const
+{
+    return MateriaScelta(CampiDelleNorme(), *Scelta);
+}
+
+RichiestaTermine frmTermini::Richiesta(const DatiTermine& Caselle) const
+{
+    RichiestaTermine Chiesto;
+    Chiesto.Decorrenza = CDate(SenzaSecolo(Caselle.Decorrenza));
+    Chiesto.Numero = CInt(Caselle.Numero);
+    Chiesto.Tipo = Caselle.Tipo == TipoGiorni || Caselle.Tipo == TipoMesi ? Caselle.Tipo : TipoAnni;
+    Chiesto.Opzioni = Caselle.Opzioni;
+    Chiesto.Materia = Materia();
+    return Chiesto;
+}
+
+EsitoTermine frmTermini::Computa(const RichiestaTermine& Chiesto) const
+{
+    if (!Scelta->InVigore() || !Scelto)
+        return ComputaTermine(Scelta->Insieme(), Chiesto);
+    // The row as the boxes have it; what no source says stays unsaid until the user says otherwise.
+    TermineRicorrente Termine = *Scelto;
+    if (Chiesto.Opzioni.Sospensione != Termine.Sospeso.value_or(false))
+        Termine.Sospeso = Chiesto.Opzioni.Sospensione;
+    if (Chiesto.Opzioni.Sabato != Termine.Sabato.value_or(false))
+        Termine.Sabato = Chiesto.Opzioni.Sabato;
+    return ComputaRicorrente(*Scelta->Lette(), Termine, Chiesto.Decorrenza, Chiesto.Materia);
+}
+
+TermineContato frmTermini::Contato(const RichiestaTermine& Chiesto, const EsitoTermine& Esito) const
+{
+    TermineContato Termine = Scelto ? ContatoDi(*Scelto) : TermineContato{};
+    Termine.Misura = MisuraRichiesta(Chiesto);
+    Termine.Decorrenza = Chiesto.Decorrenza;
+    Termine.Antecedente = Chiesto.Opzioni.Antecedente;
+    Termine.Esito = Esito;
+    return Termine;
+}
+
+void frmTermini::cmdRicorrenti_Click()
+{
+    const auto Lette = Scelta->Lette();
+    if (!Lette)
+        return;
+    auto* Catalogo = new frmRicorrenti(this, Lette);
+    Catalogo->TermineScelto = [this](const TermineRicorrente& Termine) { UsaTermine(Termine); };
+    Catalogo->CatenaScelta = [this](const CatenaTermini& Presa) { UsaCatena(Presa); };
+    Catalogo->Mostra();
+}
+
+void frmTermini::UsaTermine(const TermineRicorrente& Termine)
+{
+    const RichiestaTermine Chiesto = RichiestaDi(Termine, {});
+    Catena.reset();
+    Scelto.reset();
+    ui->txtIncrNum->setText(QString::number(Chiesto.Numero));
+    ui->cmbIncrTipo->setCurrentIndex(Chiesto.Tipo);
+    ui->chkSosp->setChecked(Chiesto.Opzioni.Sospensione);
+    ui->chkLibero->setChecked(Chiesto.Opzioni.Libero);
+    // The program's own rules move no backward term off a Saturday.
+    ui->chkSabato->setChecked(Chiesto.Opzioni.Sabato && (Scelta->InVigore() || !Chiesto.Opzioni.Antecedente));
+    (Chiesto.Opzioni.Antecedente ? ui->optTipoScad_1 : ui->optTipoScad_0)->setChecked(true);
+    Scelto = Termine;
+    MostraScelto();
+    Pulisci();
+    CalcolaSeData();
+}
+
+void frmTermini::UsaCatena(const CatenaTermini& Presa)
+{
+    Scelto.reset();
+    Catena = Presa;
+    ui->txtIncrNum->clear();
+    MostraScelto();
+    Pulisci();
+    CalcolaSeData();
+}
+
+/// A term picked behind its start date is wanted at once.
+void frmTermini::CalcolaSeData()
+{
+    if (LeggiData(SenzaSecolo(ui->mskDecorr->Testo())))
+        cmdEsegui_Click();
+    else
+        VaiSullaData(ui->mskDecorr);
+}
+
+void frmTermini::cmdLascia_Click()
+{
+    Scelto.reset();
+    Catena.reset();
+    MostraScelto();
+    Pulisci();
+    ui->txtIncrNum->setFocus();
+}
+
+/// A count that is not the row's any more has no article.
+void frmTermini::VerificaScelto()
+{
+    if (!Scelto)
+        return;
+    DatiTermine Caselle = Dati();
+    RichiestaTermine Delle;
+    Delle.Numero = Caselle.Numero.toInt();
+    Delle.Tipo = Caselle.Tipo;
+    Delle.Opzioni = Caselle.Opzioni;
+    if (Uguali(RichiestaDi(*Scelto, {}), Delle))
+        return;
+    Scelto.reset();
+    MostraScelto();
+}
+
+/// What was picked, and the boxes that count beside it.
+void frmTermini::MostraScelto()
+{
+    QString Testo;
+    if (Catena)
+        Testo = Catena->Titolo + u", dalla data: "_s + Catena->Evento;
+    else if (Scelto)
+        Testo = NomeTermine(ContatoDi(*Scelto)) +
+                (Scelto->Evento.isEmpty() ? QString() : u", dalla data: "_s + Scelto->Evento);
+    ui->lblTermine->setText(Testo);
+    ui->lblTermine->setVisible(!Testo.isEmpty());
+    ui->cmdLascia->setVisible(!Testo.isEmpty());
+    const std::array<QWidget*, 6> Conto{ui->txtIncrNum, ui->cmbIncrTipo,   ui->chkSosp,
+                                        ui->chkLibero,  ui->optTipoScad_0, ui->optTipoScad_1};
+    for (QWidget* Casella : Conto)
+        Casella->setEnabled(!Catena);
+    if (Catena)
+        ui->chkSabato->setEnabled(false);
+    else
+        AbilitaSabato(Campi(), SenzaSecolo(ui->mskDecorr->Testo()));
+    QFont Lettere = font();
+    if (!Catena)
+        Lettere.setPointSizeF(Lettere.pointSizeF() * Ingrandimento);
+    ui->lblRisult->setFont(Lettere);
+}
+
+QStringList frmTermini::RigheChieste() const
+{
+    const DatiTermine Caselle = Dati();
+    const auto SiNo = [](bool Segno) { return Segno ? u"Sì"_s : u"No"_s; };
+    QStringList Righe{u"Data decorrenza: "_s +
+                      Format(Contati.isEmpty() ? QDate() : Contati.first().Decorrenza, u"dd/mm/yyyy")};
+    if (Catena)
+        Righe << u"Termini: "_s + Catena->Titolo;
+    else
+        Righe << u"Incremento: "_s + (Contati.isEmpty() ? QString() : Contati.first().Misura)
+              << u"Sospensione feriale: "_s + SiNo(Caselle.Opzioni.Sospensione)
+              << u"Termine libero: "_s + SiNo(Caselle.Opzioni.Libero)
+              << u"Proroga del sabato: "_s + SiNo(Caselle.Opzioni.Sabato);
+    if (!Materia().isEmpty())
+        Righe << u"Materia: "_s + ui->cmbMateria->currentText();
+    return Righe << RigaNorme(Scelta->Insieme());
+}
+
+void frmTermini::cmdStrada_Click()
+{
+    if (Contati.isEmpty())
+        return;
+    if (!Strade)
+        Strade = new frmStrada(this);
+    Strade->Mostra(PartiDi(Contati), RigheChieste(),
+                   [this](const QDate& Giorno) { return Scelta->Festivo(Giorno); });
+}
+
+void frmTermini::cmdAgenda_Click()
+{
+    if (Contati.isEmpty())
+        return;
+    (new frmAgenda(this, Contati, Scelta->Insieme()))->Mostra();
 }

@@ -3,10 +3,15 @@
 
 #include "calculators/modTermini.h"
 #include "calculators/windows/finestretermini.h"
+#include "calculators/windows/sceltanorme.h"
+#include "calculators/windows/terminecontato.h"
 
 #include <QDialog>
+#include <QPointer>
 
 #include <memory>
+
+class frmStrada;
 
 namespace Ui {
 class frmTermini;
@@ -36,15 +41,46 @@ public:
     /// Takes the result away.
     void Pulisci();
 
+    /// Opens the catalogue of recurring terms; the one that is picked fills the boxes.
+    void cmdRicorrenti_Click();
+    /// Fills the boxes with a term of the catalogue, and calculates where there is a start date.
+    void UsaTermine(const TermineRicorrente& Termine);
+    /// The same with a chain, which has its own counts: the boxes rest until it is left.
+    void UsaCatena(const CatenaTermini& Catena);
+    /// Leaves the term or the chain of the catalogue.
+    void cmdLascia_Click();
+    /// Opens the road of the result, and its calendar entries.
+    void cmdStrada_Click();
+    void cmdAgenda_Click();
+
 private:
     void Collegamenti();
     void Form_Activate();
+    void CollegaRicorrenti();
     [[nodiscard]] bool Calcola();
-    void MostraScadenza(const ContoTermine& Conto);
+    [[nodiscard]] bool CalcolaCatena(const DatiTermine& Caselle);
+    void MostraScadenza(const ContoTermine& Conto, const QString& Avviso);
+    void MostraRisultato(const QString& Testo, const QString& Avviso);
     void Segna();
+    void CambiaNorme();
+    void Abilita();
+    void CalcolaSeData();
+    void VerificaScelto();
+    void MostraScelto();
+    [[nodiscard]] TermineContato Contato(const RichiestaTermine& Richiesta, const EsitoTermine& Esito) const;
+    [[nodiscard]] RichiestaTermine Richiesta(const DatiTermine& Caselle) const;
+    [[nodiscard]] EsitoTermine Computa(const RichiestaTermine& Chiesto) const;
+    [[nodiscard]] QString Materia() const;
     [[nodiscard]] DatiTermine Dati() const;
     [[nodiscard]] CampiTermini Campi() const;
+    [[nodiscard]] QStringList RigheChieste() const;
+    [[nodiscard]] CampiNorme CampiDelleNorme() const;
 
     std::unique_ptr<Ui::frmTermini> ui;
-    QDate DataCorrente;  ///< the due date of the result
+    std::unique_ptr<SceltaNorme> Scelta;
+    QDate DataCorrente;                       ///< the due date of the result, the last one of a chain
+    QList<TermineContato> Contati;            ///< the result
+    std::optional<TermineRicorrente> Scelto;  ///< from the catalogue, as long as the boxes are its own
+    std::optional<CatenaTermini> Catena;      ///< from the catalogue
+    QPointer<frmStrada> Strade;
 };

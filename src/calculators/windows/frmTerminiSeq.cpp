@@ -2,7 +2,10 @@
 
 #include "calculators/modStampaTermini.h"
 #include "calculators/windows/finestracalcolo.h"
+#include "calculators/windows/frmAgenda.h"
+#include "calculators/windows/frmStrada.h"
 #include "core/modErrori.h"
+#include "platform/base/regionale.h"
 #include "platform/calendar/calendario.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
@@ -20,11 +23,10 @@ using namespace Qt::StringLiterals;
 frmTerminiSeq::frmTerminiSeq() : ui(std::make_unique<Ui::frmTerminiSeq>())
 {
     ui->setupUi(this);
+    Scelta = std::make_unique<SceltaNorme>(ui->cmbNorme, [this] { CambiaNorme(); });
     ImpostaMenu(this, {{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New, [this] { mnuNew_Click(); }},
                        {u"mnuPrint"_s, u"Stampa"_s, QKeySequence::Print, [this] { mnuPrint_Click(); }}});
-    for (const ArticoloTermini& Articolo : Articoli())
-        ui->cmbArticolo->addItem(Articolo.Voce.toString());
-    ui->cmbArticolo->setCurrentIndex(0);
+    ElencaArticoli();
     constexpr double Ingrandimento = 1.15;
     constexpr int RigheRisultato = 6;  // three links, a blank line before each
     PreparaPannello(Campi(), Ingrandimento, RigheRisultato);
@@ -47,7 +49,7 @@ void frmTerminiSeq::Collegamenti()
 
     const auto Cambiato = [this] { Pulisci(); };
     CollegaDecorrenza(Campi(), Cambiato);
-    Collega(ui->cmbArticolo, &QComboBox::currentIndexChanged, this, Cambiato);
+    Collega(ui->cmbArticolo, &QComboBox::currentIndexChanged, this, [this] { CambiaCatena(); });
     for (const QCheckBox* Casella : {ui->chkSosp, ui->chkSabato})
         Collega(Casella, &QCheckBox::clicked, this, Cambiato);
 
@@ -58,12 +60,23 @@ void frmTerminiSeq::Collegamenti()
         PrendiData(Campi(), Data, Cambiato);
         ui->Calendario->hide();
     });
+    CollegaNorme();
+}
+
+void frmTerminiSeq::CollegaNorme()
+{
+    Collega(ui->cmbMateria, &QComboBox::currentIndexChanged, this, [this] { Pulisci(); });
+    Collega(ui->cmdStrada, &QPushButton::clicked, this, [this] { cmdStrada_Click(); });
+    Collega(ui->cmdAgenda, &QPushButton::clicked, this, [this] { cmdAgenda_Click(); });
+    TastoRapido(this, Qt::Key_D, [this] { cmdStrada_Click(); });
+    TastoRapido(this, Qt::Key_G, [this] { cmdAgenda_Click(); });
 }
 
 void frmTerminiSeq::Mostra()
 {
     ui->cmdAvvertenze->setEnabled(HaAvvertenze());
-    MostraModulo(this);
+    if (MostraModulo(this))
+        Scelta->Comincia();
 }
 
 bool frmTerminiSeq::eventFilter(QObject* Oggetto, QEvent* Evento)
@@ -76,7 +89,7 @@ bool frmTerminiSeq::eventFilter(QObject* Oggetto, QEvent* Evento)
 CampiTermini frmTerminiSeq::Campi() const
 {
     return {ui->mskDecorr, ui->chkSosp,      ui->chkSabato, ui->Calendario,
-            ui->lblRisult, ui->lblSettembre, ui->cmdCopia};
+            ui->lblRisult, ui->lblSettembre, ui->cmdCopia,  Scelta.get()};
 }
 
 OpzioniTermine frmTerminiSeq::Opzioni() const
@@ -86,7 +99,10 @@ OpzioniTermine frmTerminiSeq::Opzioni() const
 
 void frmTerminiSeq::Pulisci()
 {
-    Scadenze.clear();
+    Contati.clear();
+    Abilita();
+    if (Strade)
+        Strade->close();
     Risultato.clear();
     ScriviRisultato(Campi(), {});
     Segna();
@@ -95,8 +111,8 @@ void frmTerminiSeq::Pulisci()
 void frmTerminiSeq::Segna()
 {
     QList<QDate> Giorni;
-    for (const ScadenzaAnello& Scadenza : Scadenze)
-        Giorni << Scadenza.Data;
+    for (const TermineContato& Termine : std::as_const(Contati))
+        Giorni << Termine.Esito.Scadenza;
     SegnaGiorni(Campi(), Giorni);
 }
 
@@ -112,17 +128,35 @@ bool frmTerminiSeq::Calcola()
         MsgErrore(Trovato->Messaggio);
         return false;
     }
+    if (Scelta->InVigore())
+        return CalcolaVigente();
     MostraScadenze(CalcolaSequenza(Udienza, ui->cmbArticolo->currentIndex(), Opzioni()));
+    return true;
+}
+
+bool frmTerminiSeq::CalcolaVigente()
+{
+    Contati =
+        ContaCatena(InsiemeNorme::Vigenti, *Scelta->Lette(), *Catena(),
+                    CDate(SenzaSecolo(ui->mskDecorr->Testo())), MateriaScelta(CampiDelleNorme(), *Scelta));
+    Risultato = TestoCatena(Contati);
+    MostraRisultato(NoteDi(Contati));
     return true;
 }
 
 void frmTerminiSeq::MostraScadenze(const QList<ScadenzaAnello>& Calcolate)
 {
-    Scadenze = Calcolate;
-    Risultato = TestoSequenza(ui->cmbArticolo->currentIndex(), Scadenze);
+    Contati = DelProgramma();
+    Risultato = TestoSequenza(ui->cmbArticolo->currentIndex(), Calcolate);
+    MostraRisultato(SettembreSospeso(Calcolate) ? AvvisoSettembre.toString() : QString());
+}
+
+void frmTerminiSeq::MostraRisultato(const QString& Avviso)
+{
     // One line end on screen: a label would show the carriage return as one more.
-    ScriviRisultato(Campi(), QString(Risultato).remove(u'\r'), SettembreSospeso(Scadenze));
-    ui->Calendario->ImpostaData(Scadenze.first().Data);
+    ScriviRisultato(Campi(), QString(Risultato).remove(u'\r'), Avviso);
+    Abilita();
+    ui->Calendario->ImpostaData(Contati.first().Esito.Scadenza);
     Segna();
     Campanello();
 }
@@ -144,6 +178,7 @@ void frmTerminiSeq::mnuNew_Click()
     ui->cmbArticolo->setCurrentIndex(0);
     ui->chkSosp->setChecked(true);
     ui->chkSabato->setChecked(false);
+    ui->cmbMateria->setCurrentIndex(0);
     Pulisci();
     ui->mskDecorr->setFocus();
     Campanello();
@@ -151,8 +186,120 @@ void frmTerminiSeq::mnuNew_Click()
 
 void frmTerminiSeq::mnuPrint_Click()
 {
+    if (Scelta->InVigore()) {
+        MostraStampa(u": calcolo termini sequenziali"_s,
+                     [this](Superficie& vp) { return StampaStrada(vp, RigheChieste(), PartiDi(Contati)); });
+        return;
+    }
     MostraStampa(u": calcolo termini sequenziali"_s, [this](Superficie& vp) {
         return StampaSequenza(vp, ui->mskDecorr->Testo(), ui->cmbArticolo->currentIndex(), Opzioni(),
                               Risultato, AvvisoMostrato(Campi()));
     });
+}
+
+// ---- norms ----------------------------------------------------------------------------------------
+
+void frmTerminiSeq::ElencaArticoli()
+{
+    const QSignalBlocker Zitta(ui->cmbArticolo);
+    ui->cmbArticolo->clear();
+    if (Scelta->InVigore())
+        for (const CatenaTermini& Una : Scelta->Lette()->Catene())
+            ui->cmbArticolo->addItem(Una.Titolo);
+    else
+        for (const ArticoloTermini& Articolo : Articoli())
+            ui->cmbArticolo->addItem(Articolo.Voce.toString());
+    ui->cmbArticolo->setCurrentIndex(0);
+    constexpr int LettereCatena = 56;
+    LimitaLista(ui->cmbArticolo, LettereCatena);
+}
+
+void frmTerminiSeq::CambiaNorme()
+{
+    const bool InVigore = Scelta->InVigore();
+    ElencaArticoli();
+    MostraNorme(CampiDelleNorme(), *Scelta);
+    // Each link of a chain in force says itself whether suspension and Saturday count for it.
+    for (QWidget* Campo : std::initializer_list<QWidget*>{ui->chkSosp, ui->lblSosp, ui->lblSabato})
+        Campo->setEnabled(!InVigore);
+    ui->chkSabato->setEnabled(!InVigore);
+    AbilitaSabato(Campi(), SenzaSecolo(ui->mskDecorr->Testo()));
+    CambiaCatena();
+    ui->Calendario->Ridisegna();
+}
+
+void frmTerminiSeq::CambiaCatena()
+{
+    const CatenaTermini* Una = Catena();
+    ui->lblEvento->setText(Una ? u"("_s + Una->Evento + u')' : QString());
+    ui->cmbArticolo->setToolTip(Una ? Una->Titolo : QString());
+    Pulisci();
+}
+
+/// The chain that is chosen; null by the program's own rules.
+const CatenaTermini* frmTerminiSeq::Catena() const
+{
+    const int Quale = ui->cmbArticolo->currentIndex();
+    if (!Scelta->InVigore() || Quale < 0)
+        return nullptr;
+    return &Scelta->Lette()->Catene()[Quale];
+}
+
+void frmTerminiSeq::Abilita()
+{
+    for (QPushButton* Pulsante : {ui->cmdStrada, ui->cmdAgenda})
+        Pulsante->setEnabled(!Contati.isEmpty());
+}
+
+/// The links with their steps, by the program's own rules.
+QList<TermineContato> frmTerminiSeq::DelProgramma() const
+{
+    const ArticoloTermini& Articolo = Articoli()[size_t(ui->cmbArticolo->currentIndex())];
+    QList<TermineContato> Tutti;
+    RichiestaTermine Chiesto;
+    Chiesto.Decorrenza = CDate(SenzaSecolo(ui->mskDecorr->Testo()));
+    Chiesto.Opzioni = Opzioni();
+    for (const Anello& Uno : Articolo.Catena) {
+        Chiesto.Numero = Uno.Giorni;
+        TermineContato Termine;
+        Termine.Atto = QString::number(Tutti.size() + 1) + u"° termine"_s;
+        Termine.Articolo = u"art. "_s + CStr(Articolo.Numero) + u" c.p.c."_s;
+        Termine.Evento = Tutti.isEmpty() ? u"udienza"_s : u"scadenza del termine precedente"_s;
+        Termine.Misura = MisuraRichiesta(Chiesto);
+        Termine.Decorrenza = Chiesto.Decorrenza;
+        Termine.Esito = ComputaTermine(InsiemeNorme::Programma, Chiesto);
+        Chiesto.Decorrenza = Termine.Esito.Scadenza;
+        Tutti << Termine;
+    }
+    return Tutti;
+}
+
+QStringList frmTerminiSeq::RigheChieste() const
+{
+    QStringList Righe{u"Termini: "_s + ui->cmbArticolo->currentText(),
+                      u"Data udienza: "_s + ui->mskDecorr->Testo()};
+    if (!MateriaScelta(CampiDelleNorme(), *Scelta).isEmpty())
+        Righe << u"Materia: "_s + ui->cmbMateria->currentText();
+    return Righe << RigaNorme(Scelta->Insieme());
+}
+
+CampiNorme frmTerminiSeq::CampiDelleNorme() const
+{
+    return {ui->cmbMateria, ui->lblEta, ui->cmdStrada, ui->cmdAgenda};
+}
+
+void frmTerminiSeq::cmdStrada_Click()
+{
+    if (Contati.isEmpty())
+        return;
+    if (!Strade)
+        Strade = new frmStrada(this);
+    Strade->Mostra(PartiDi(Contati), RigheChieste(),
+                   [this](const QDate& Giorno) { return Scelta->Festivo(Giorno); });
+}
+
+void frmTerminiSeq::cmdAgenda_Click()
+{
+    if (!Contati.isEmpty())
+        (new frmAgenda(this, Contati, Scelta->Insieme()))->Mostra();
 }

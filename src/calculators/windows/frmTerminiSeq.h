@@ -1,14 +1,19 @@
 // Sequential terms: the deadlines that run one after another from a hearing.
 //
-// Counted in days, forward, never free: the form has no controls for these.
+// By the program's own rules counted in days, forward, never free: the form has no controls for these. By the
+// norms in force the chains are those of the catalogue, each link with its own count.
 #pragma once
 
 #include "calculators/modTerminiSeq.h"
 #include "calculators/windows/finestretermini.h"
+#include "calculators/windows/sceltanorme.h"
 
 #include <QDialog>
+#include <QPointer>
 
 #include <memory>
+
+class frmStrada;
 
 namespace Ui {
 class frmTerminiSeq;
@@ -35,6 +40,9 @@ public:
     void cmdCalend_Click();
     /// Takes the result away.
     void Pulisci();
+    /// Opens the road of the result, and its calendar entries.
+    void cmdStrada_Click();
+    void cmdAgenda_Click();
 
 protected:
     bool eventFilter(QObject* Oggetto, QEvent* Evento) override;
@@ -42,12 +50,25 @@ protected:
 private:
     void Collegamenti();
     [[nodiscard]] bool Calcola();
+    void CollegaNorme();
+    void ElencaArticoli();
+    [[nodiscard]] bool CalcolaVigente();
     void MostraScadenze(const QList<ScadenzaAnello>& Calcolate);
+    void MostraRisultato(const QString& Avviso);
+    void CambiaNorme();
+    void CambiaCatena();
+    void Abilita();
     void Segna();
+    [[nodiscard]] const CatenaTermini* Catena() const;
+    [[nodiscard]] QList<TermineContato> DelProgramma() const;
+    [[nodiscard]] QStringList RigheChieste() const;
+    [[nodiscard]] CampiNorme CampiDelleNorme() const;
     [[nodiscard]] OpzioniTermine Opzioni() const;
     [[nodiscard]] CampiTermini Campi() const;
 
     std::unique_ptr<Ui::frmTerminiSeq> ui;
-    QList<ScadenzaAnello> Scadenze;  ///< of the result
-    QString Risultato;               ///< caption of the result with its CR LF, as it is printed
+    std::unique_ptr<SceltaNorme> Scelta;
+    QList<TermineContato> Contati;  ///< the result
+    QString Risultato;              ///< its caption, by the program's own rules with the CR LF of its sheet
+    QPointer<frmStrada> Strade;
 };

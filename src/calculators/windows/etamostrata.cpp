@@ -1,0 +1,34 @@
+#include "calculators/windows/etamostrata.h"
+
+#include "platform/kit/aspetto.h"
+
+#include <QApplication>
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QColor Colore(GradoEta Grado)
+{
+    switch (Grado) {
+    case GradoEta::Fresco:
+        break;
+    case GradoEta::Vecchio:
+        return aspetto::Scuro() ? QColor(0xE3, 0xB3, 0x5A) : QColor(0x8A, 0x5A, 0x00);
+    case GradoEta::Stantio:
+        return aspetto::Sbagliato();
+    }
+    return QApplication::palette().color(QPalette::WindowText);
+}
+
+}  // namespace
+
+void MostraEta(QLabel* Dove, const EtaDati& Eta)
+{
+    const QString Parola = Eta.Grado == GradoEta::Stantio ? u"Dati da aggiornare. "_s : QString();
+    Dove->setText((Parola + Eta.Frase + u' ' + Eta.Attesa).trimmed());
+    QPalette Colori;
+    Colori.setColor(Dove->foregroundRole(), Colore(Eta.Grado));
+    Dove->setPalette(Colori);
+}

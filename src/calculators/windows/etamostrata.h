@@ -1,0 +1,10 @@
+// How old the data behind a calculator are, as its window says it.
+#pragma once
+
+#include "calculators/norme/etadati.h"
+
+class QLabel;
+
+/// Writes the age of the data, in words and in the colour of its grade: that of all texts while they are
+/// fresh, a warm one where something may be out, that of what is wrong where it is out for long.
+void MostraEta(QLabel* Dove, const EtaDati& Eta);

@@ -1,0 +1,59 @@
+// The road of a result: what each date rests on, step by step, beside a calendar in the same colours.
+#pragma once
+
+#include "calculators/modStampaStrada.h"
+#include "platform/base/tabellarighe.h"
+
+#include <QDialog>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+struct SegnoCalendario;
+
+namespace Ui {
+class frmStrada;
+}
+
+class frmStrada : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit frmStrada(QWidget* Padre);
+    ~frmStrada() override;
+
+    /// Shows the road of a term, or of several that were reckoned together.
+    /// @param Dati lines on what was asked, for the sheet
+    /// @param Festivo the holidays that the calendar marks
+    void Mostra(const QList<ParteStrada>& Nuove, const QStringList& Dati,
+                const std::function<bool(const QDate& Giorno)>& Festivo);
+
+private:
+    /// Where a row of the table comes from.
+    struct RigaPasso
+    {
+        qsizetype Parte = 0;
+        qsizetype Passo = -1;  ///< -1: the title of the part
+    };
+
+    void Collegamenti();
+    void Colonne();
+    void Elenca();
+    void MostraRiga(int Riga);
+    void mnuStampa_Click();
+    [[nodiscard]] QString TestoCopia() const;
+
+    std::unique_ptr<Ui::frmStrada> ui;
+    QList<ParteStrada> Parti;
+    QStringList Chiesto;
+    QList<RigaPasso> Posti;
+    TabellaRighe Righe;
+    qsizetype ParteMostrata = -1;
+};
+
+/// The kind of days that a calendar shows for a step, as its place in SegniStrada; -1 none.
+[[nodiscard]] int SegnoPasso(GenerePasso Genere);
+/// The kinds of days of a road, as its calendar names and paints them.
+[[nodiscard]] QList<SegnoCalendario> SegniStrada();

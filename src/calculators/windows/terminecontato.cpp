@@ -1,0 +1,135 @@
+#include "calculators/windows/terminecontato.h"
+
+#include "core/modTesti.h"
+#include "platform/base/errore.h"
+
+#include <QHash>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString Spostamento(const TermineContato& Termine)
+{
+    if (!Termine.Esito.Spostata)
+        return {};
+    return Termine.Antecedente ? u"Anticipata"_s : u"Posticipata"_s;
+}
+
+QString RigaDecorrenza(const TermineContato& Termine)
+{
+    const QString Data = u"Decorrenza: "_s + Format(Termine.Decorrenza, u"dd/mm/yyyy");
+    return Termine.Evento.isEmpty() ? Data : Data + u" ("_s + Termine.Evento + u')';
+}
+
+TermineContato Contato(const TermineRicorrente& Termine, const QDate& Da, const EsitoTermine& Esito)
+{
+    TermineContato Nuovo = ContatoDi(Termine);
+    Nuovo.Decorrenza = Da;
+    Nuovo.Esito = Esito;
+    return Nuovo;
+}
+
+/// The links of a chain by the program's own rules, as ComputaCatena has them by those in force.
+QList<TermineContato> CatenaDelProgramma(const Norme& DiLegge, const CatenaTermini& Catena,
+                                         const QDate& Evento)
+{
+    QHash<QString, TermineContato> Fatti;
+    QHash<QString, int> Giorni;
+    QList<TermineContato> Tutti;
+    for (const AnelloCatena& Anello : Catena.Anelli) {
+        const TermineRicorrente* Termine = TrovaTermine(DiLegge, Anello.Termine);
+        if (!Termine)
+            throw Errore(errori::Indice);
+        const QDate Da =
+            Anello.Inizio == InizioAnello::Scadenza ? Fatti.value(Anello.Da).Esito.Scadenza : Evento;
+        RichiestaTermine Chiesto = RichiestaDi(*Termine, Da);
+        if (Anello.Inizio == InizioAnello::Aumento)
+            Chiesto.Numero += Giorni.value(Anello.Da);
+        // These rules move no backward term off a Saturday.
+        Chiesto.Opzioni.Sabato = Chiesto.Opzioni.Sabato && !Chiesto.Opzioni.Antecedente;
+        Giorni[Anello.Termine] = Chiesto.Numero;
+        Fatti[Anello.Termine] = Contato(*Termine, Da, ComputaTermine(InsiemeNorme::Programma, Chiesto));
+        Fatti[Anello.Termine].Misura = MisuraRichiesta(Chiesto);
+        Tutti << Fatti[Anello.Termine];
+    }
+    return Tutti;
+}
+
+}  // namespace
+
+QList<TermineContato> ContaCatena(InsiemeNorme Insieme, const Norme& DiLegge, const CatenaTermini& Catena,
+                                  const QDate& Evento, const QString& Materia)
+{
+    if (Insieme == InsiemeNorme::Programma)
+        return CatenaDelProgramma(DiLegge, Catena, Evento);
+    QList<TermineContato> Tutti;
+    for (const ScadenzaCatena& Una : ComputaCatena(DiLegge, Catena, Evento, Materia))
+        Tutti << Contato(*Una.Termine, Una.Esito.Passi.first().Da, Una.Esito);
+    return Tutti;
+}
+
+TermineContato ContatoDi(const TermineRicorrente& Termine)
+{
+    TermineContato Contato;
+    Contato.Atto = Termine.Atto;
+    Contato.Articolo = Termine.Articolo;
+    Contato.Evento = Termine.Evento;
+    Contato.Misura = MisuraTermine(Termine);
+    Contato.Codice = Termine.Codice;
+    Contato.Antecedente = Termine.Antecedente;
+    return Contato;
+}
+
+QString MisuraRichiesta(const RichiestaTermine& Richiesta)
+{
+    TermineRicorrente Termine;
+    Termine.Quantita = Richiesta.Numero;
+    Termine.Tipo = Richiesta.Tipo;
+    Termine.Libero = Richiesta.Opzioni.Libero;
+    Termine.Antecedente = Richiesta.Opzioni.Antecedente;
+    return MisuraTermine(Termine);
+}
+
+QString NomeTermine(const TermineContato& Termine)
+{
+    if (Termine.Atto.isEmpty())
+        return u"Termine di "_s + Termine.Misura;
+    QString Nome = Termine.Atto;
+    Nome.front() = Nome.front().toUpper();
+    return Termine.Articolo.isEmpty() ? Nome : Nome + u" ("_s + Termine.Articolo + u')';
+}
+
+VoceAgenda AgendaDi(const TermineContato& Termine, InsiemeNorme Insieme, const QString& Pratica)
+{
+    VoceAgenda Voce;
+    Voce.Giorno = Termine.Esito.Scadenza;
+    Voce.Atto = NomeTermine(Termine);
+    Voce.Pratica = Pratica;
+    Voce.Note = {RigaDecorrenza(Termine), u"Termine: "_s + Termine.Misura};
+    if (const QString Mosso = Spostamento(Termine); !Mosso.isEmpty())
+        Voce.Note << Mosso;
+    Voce.Note << RigaNorme(Insieme) << Termine.Esito.Note;
+    // By what it runs from and how long, not by the rules that it was reckoned with.
+    Voce.Chiave = (Termine.Codice.isEmpty() ? Termine.Misura : Termine.Codice) + u' ' +
+                  Termine.Decorrenza.toString(Qt::ISODate);
+    return Voce;
+}
+
+QString TestoScadenza(const TermineContato& Termine)
+{
+    const QString Mosso = Spostamento(Termine);
+    return DataLunga(Termine.Esito.Scadenza).simplified() +
+           (Mosso.isEmpty() ? QString() : u" ("_s + Mosso + u')');
+}
+
+ParteStrada ParteDi(const TermineContato& Termine)
+{
+    return {NomeTermine(Termine), u"Scadenza: "_s + TestoScadenza(Termine), Termine.Esito.Passi,
+            Termine.Esito.Note};
+}
+
+QString RigaNorme(InsiemeNorme Insieme)
+{
+    return u"Norme: "_s + VociNorme[size_t(Insieme)].toString();
+}

@@ -1,0 +1,1021 @@
+// The calculators of terms with the choice of the norms: the catalogue, the road, the calendar of the office.
+#include "banco.h"
+
+#include "calculators/agenda.h"
+#include "calculators/windows/frmAgenda.h"
+#include "calculators/windows/frmRicorrenti.h"
+#include "calculators/windows/frmStrada.h"
+#include "calculators/windows/frmTermini.h"
+#include "calculators/windows/frmTerminiSeq.h"
+#include "core/impostazioni.h"
+#include "platform/calendar/calendario.h"
+#include "platform/grid/griglia.h"
+#include "platform/preview/vistastampa.h"
+#include "platform/system/file.h"
+#include "print/windows/frmPrint.h"
+
+#include "platform/kit/singola.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QListWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int DelProgramma = 0;
+constexpr int InVigore = 1;
+
+/// The child window of a class that is on view, in front; null when none is.
+template <class Modulo>
+Modulo* Aperta(const QWidget* Padre)
+{
+    for (Modulo* Una : Padre->findChildren<Modulo*>())
+        if (Una->isVisible())
+            return MostraAttiva(*Una) ? Una : nullptr;
+    return nullptr;
+}
+
+QString Risultato(const QWidget* Finestra)
+{
+    return TestoDi(Finestra, "lblRisult");
+}
+
+/// The line under the result, empty while it is hidden.
+QString Avviso(const QWidget* Finestra)
+{
+    const auto* Riga = Controllo<QLabel>(Finestra, "lblSettembre");
+    return Riga->isHidden() ? QString() : Riga->text();
+}
+
+/// The rows of the sheet in the print window.
+QStringList Stampato()
+{
+    QStringList Righe;
+    if (const auto& Finestra = SeCaricato<frmPrint>; Finestra && Finestra->isVisible())
+        for (const BloccoDocumento& Blocco : Finestra->vpFree().Foglio().Contenuto().Blocchi)
+            if (const auto* Testo = std::get_if<Paragrafo>(&Blocco); Testo && !Testo->Testo().isEmpty())
+                Righe << Testo->Testo();
+    return Righe;
+}
+
+}  // namespace
+
+class TestNormeTermini : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void cominciaDalleImpostazioni_data();
+    void cominciaDalleImpostazioni();
+    void laSceltaEDellaFinestra();
+    void ilPeriodoSecondoLeNorme_data();
+    void ilPeriodoSecondoLeNorme();
+    void cambiareNormePulisce();
+    void senzaFileDelleNorme();
+    void ilCalendarioSegueLeNorme();
+    void ilSabatoARitroso();
+    void materieRisparmiate();
+    void avvisiDelleNorme_data();
+    void avvisiDelleNorme();
+    void etaDelleNorme_data();
+    void etaDelleNorme();
+
+    void catalogo_data();
+    void catalogo();
+    void unTermineRiempieLaFinestra();
+    void unTermineConLaDataSiCalcola();
+    void unTermineFuoriVigenza();
+    void cambiareIlContoLasciaIlTermine();
+    void unaCatenaMostraTutto();
+    void unaCatenaDelProgramma();
+    void lasciareLaCatena();
+    void nuovoCalcoloLasciaIlTermine();
+    void unaRegolaNonSiUsa();
+    void catalogoDaTastiera();
+    void letteresullElencoCercano();
+
+    void stradaDelRisultato();
+    void stradaDelProgramma();
+    void stradaDellaCatena();
+    void stradaSiCopiaESiStampa();
+    void stradaSenzaRisultato();
+    void stradaSiChiudeCambiando();
+    void calendarioDellaStrada();
+
+    void agendaAprire();
+    void agendaSenzaProgramma();
+    void agendaSalvare();
+    void agendaSalvareAnnullato();
+    void agendaCopiare();
+    void agendaSenzaNessuna();
+    void agendaDiUnaCatena();
+    void agendaSenzaRisultato();
+
+    void sequenzialiInVigore();
+    void sequenzialiDelProgramma();
+    void sequenzialiStampa();
+    void sequenzialiOpzioniARiposo();
+    void tastiRapidi();
+    void stampaInVigore();
+    void ordineDelTabulatore();
+    void ogniControlloHaUnNome_data();
+    void ogniControlloHaUnNome();
+
+private:
+    /// Types a start date and a number of days and calculates.
+    void Calcola(const QString& Data, const QString& Numero);
+    /// Opens the catalogue, types a search and takes its first row.
+    void Prendi(const QString& Cercato);
+    [[nodiscard]] frmStrada* Strada() const;
+    [[nodiscard]] frmAgenda* Agenda() const;
+
+    std::unique_ptr<Banco> B;
+    QPointer<frmTermini> F;
+};
+PROVA(TestNormeTermini);
+
+void TestNormeTermini::init()
+{
+    B = std::make_unique<Banco>();
+    F = Apri<frmTermini>();
+    QVERIFY(F);
+}
+
+void TestNormeTermini::cleanup()
+{
+    delete SeCaricato<frmPrint>.data();
+    B.reset();
+}
+
+void TestNormeTermini::Calcola(const QString& Data, const QString& Numero)
+{
+    Scrivi(F, "mskDecorr", Data);
+    Scrivi(F, "txtIncrNum", Numero);
+    Clic(Controllo(F, "cmdEsegui"));
+}
+
+void TestNormeTermini::Prendi(const QString& Cercato)
+{
+    Clic(Controllo(F, "cmdRicorrenti"));
+    auto* Catalogo = Aperta<frmRicorrenti>(F);
+    QVERIFY(Catalogo);
+    Scrivi(Catalogo, "txtCerca", Cercato);
+    Clic(Controllo(Catalogo, "cmdScegli"));
+    Respiro();
+    F->activateWindow();
+    QVERIFY(MostraAttiva(*F));
+}
+
+frmStrada* TestNormeTermini::Strada() const
+{
+    Clic(Controllo(F, "cmdStrada"));
+    return Aperta<frmStrada>(F);
+}
+
+frmAgenda* TestNormeTermini::Agenda() const
+{
+    Clic(Controllo(F, "cmdAgenda"));
+    return Aperta<frmAgenda>(F);
+}
+
+// ---- the choice -----------------------------------------------------------------------------------
+
+void TestNormeTermini::cominciaDalleImpostazioni_data()
+{
+    QTest::addColumn<QString>("Impostazione");
+    QTest::addColumn<QString>("Voce");
+    QTest::newRow("in vigore") << NormeInVigore.toString() << u"in vigore"_s;
+    QTest::newRow("del programma") << NormeDelProgramma.toString() << u"del programma"_s;
+    QTest::newRow("nessuna") << QString() << u"del programma"_s;
+    QTest::newRow("scritta a mano") << u"domani"_s << u"del programma"_s;
+}
+
+void TestNormeTermini::cominciaDalleImpostazioni()
+{
+    QFETCH(QString, Impostazione);
+    QFETCH(QString, Voce);
+    Chiudi(F);
+    sessione::Norme = Impostazione;
+    F = Apri<frmTermini>();
+    QCOMPARE(Controllo<QComboBox>(F, "cmbNorme")->currentText(), Voce);
+    QPointer<frmTerminiSeq> Seq = Apri<frmTerminiSeq>();
+    QCOMPARE(Controllo<QComboBox>(Seq, "cmbNorme")->currentText(), Voce);
+}
+
+// Until the window is closed: the next one begins with the settings again, and they stay as they were.
+void TestNormeTermini::laSceltaEDellaFinestra()
+{
+    Scegli(F, "cmbNorme", InVigore);
+    QCOMPARE(Controllo<QComboBox>(F, "cmbNorme")->currentText(), u"in vigore"_s);
+    QCOMPARE(sessione::Norme, NormeDelProgramma.toString());
+    DalMenu(F, "mnuNew");
+    QCOMPARE(Controllo<QComboBox>(F, "cmbNorme")->currentText(), u"in vigore"_s);
+    Chiudi(F);
+    F = Apri<frmTermini>();
+    QCOMPARE(Controllo<QComboBox>(F, "cmbNorme")->currentText(), u"del programma"_s);
+}
+
+void TestNormeTermini::ilPeriodoSecondoLeNorme_data()
+{
+    QTest::addColumn<int>("Quali");
+    QTest::addColumn<QString>("Data");
+    QTest::addColumn<QString>("Numero");
+    QTest::addColumn<QString>("Testo");
+    QTest::addColumn<QString>("Riga");
+    // Eleven days in July, then 16 September, or 1 September.
+    QTest::newRow("programma, 2026") << DelProgramma << u"20072026"_s << u"30"_s
+                                     << u"La scadenza è Lunedì,  5 Ottobre  2026\n(Posticipata)"_s
+                                     << AvvisoSettembre.toString();
+    QTest::newRow("in vigore, 2026") << InVigore << u"20072026"_s << u"30"_s
+                                     << u"La scadenza è Sabato,  19 Settembre  2026\n(Posticipata)"_s
+                                     << QString();
+    QTest::newRow("in vigore, 2014") << InVigore << u"20072014"_s << u"30"_s
+                                     << u"La scadenza è Sabato,  4 Ottobre  2014\n(Posticipata)"_s
+                                     << QString();
+    QTest::newRow("in vigore, primo giorno di settembre")
+        << InVigore << u"31072026"_s << u"1"_s
+        << u"La scadenza è Martedì,  1 Settembre  2026\n(Posticipata)"_s << QString();
+    // 4 October is a holiday since 2026; in 2027 it is a Monday.
+    QTest::newRow("San Francesco del 2027")
+        << InVigore << u"01102027"_s << u"3"_s << u"La scadenza è Martedì,  5 Ottobre  2027\n(Posticipata)"_s
+        << u"norme note fino al 21/11/2026"_s;
+}
+
+void TestNormeTermini::ilPeriodoSecondoLeNorme()
+{
+    QFETCH(int, Quali);
+    QFETCH(QString, Data);
+    QFETCH(QString, Numero);
+    QFETCH(QString, Testo);
+    QFETCH(QString, Riga);
+    Scegli(F, "cmbNorme", Quali);
+    Calcola(Data, Numero);
+    QCOMPARE(Risultato(F), Testo);
+    QCOMPARE(Avviso(F), Riga);
+}
+
+void TestNormeTermini::cambiareNormePulisce()
+{
+    Calcola(u"20072026"_s, u"30"_s);
+    QVERIFY(!Risultato(F).isEmpty());
+    Scegli(F, "cmbNorme", InVigore);
+    QCOMPARE(Risultato(F), QString());
+    QVERIFY(!Controllo(F, "cmdStrada")->isEnabled());
+    Clic(Controllo(F, "cmdEsegui"));
+    QVERIFY(Risultato(F).contains(u"19 Settembre"));
+    Scegli(F, "cmbNorme", DelProgramma);
+    Clic(Controllo(F, "cmdEsegui"));
+    QVERIFY(Risultato(F).contains(u"5 Ottobre"));
+}
+
+// Norms that cannot be read are no reason to guess: the program's own stay, and a sentence says why.
+void TestNormeTermini::senzaFileDelleNorme()
+{
+    sessione::PercorsoProg = NuovaCartella();
+    B->Voce.Tollera();
+    Controllo(F, "cmbNorme")->setFocus();
+    Premi(Qt::Key_Down);
+    QCOMPARE(B->Voce.Mostrati().size(), 1);
+    QVERIFY2(B->Voce.UltimoTesto().contains(u"Norme.mdb"), qPrintable(B->Voce.UltimoTesto()));
+    QCOMPARE(Controllo<QComboBox>(F, "cmbNorme")->currentText(), u"del programma"_s);
+    Clic(Controllo(F, "cmdRicorrenti"));
+    QCOMPARE(B->Voce.Mostrati().size(), 2);
+    QVERIFY(!Aperta<frmRicorrenti>(F));
+    Calcola(u"20072026"_s, u"30"_s);
+    QVERIFY(Risultato(F).contains(u"5 Ottobre"));
+}
+
+void TestNormeTermini::ilCalendarioSegueLeNorme()
+{
+    const auto* Calendario = Controllo<CalendarioMensile>(F, "Calendario");
+    const QDate Settembre(2026, 9, 10);
+    const QDate Francesco(2027, 10, 4);
+    QVERIFY(Calendario->Aspetto(Settembre).Sospeso);
+    QVERIFY(!Calendario->Aspetto(Francesco).Festivo);
+    Scegli(F, "cmbNorme", InVigore);
+    QVERIFY(!Calendario->Aspetto(Settembre).Sospeso);
+    QVERIFY(Calendario->Aspetto(QDate(2026, 8, 31)).Sospeso);
+    QVERIFY(Calendario->Aspetto(QDate(2014, 9, 10)).Sospeso);
+    QVERIFY(Calendario->Aspetto(Francesco).Festivo);
+    QVERIFY(!Calendario->Aspetto(QDate(2025, 10, 4)).Festivo);
+}
+
+// The program's own rules refuse a Saturday backward; the law moves it to the day before.
+void TestNormeTermini::ilSabatoARitroso()
+{
+    Scegli(F, "cmbNorme", InVigore);
+    Controllo<QRadioButton>(F, "optTipoScad_1")->click();
+    Controllo<QCheckBox>(F, "chkSabato")->click();
+    Calcola(u"23112026"_s, u"2"_s);
+    QCOMPARE(Risultato(F), u"La scadenza è Venerdì,  20 Novembre  2026\n(Anticipata)"_s);
+    QVERIFY(Controllo<QCheckBox>(F, "chkSabato")->isChecked());
+}
+
+void TestNormeTermini::materieRisparmiate()
+{
+    QVERIFY(Controllo(F, "cmbMateria")->isHidden());
+    Scegli(F, "cmbNorme", InVigore);
+    auto* Materie = Controllo<QComboBox>(F, "cmbMateria");
+    QVERIFY(Materie->isVisible());
+    QVERIFY(Materie->count() > 5);
+    Calcola(u"20072026"_s, u"30"_s);
+    QVERIFY(Risultato(F).contains(u"19 Settembre"));
+    const int Lavoro = Materie->findText(u"lavoro"_s, Qt::MatchContains);
+    QVERIFY(Lavoro > 0);
+    ScegliConFrecce(Materie, Lavoro);
+    QCOMPARE(Risultato(F), QString());
+    Clic(Controllo(F, "cmdEsegui"));
+    QCOMPARE(Risultato(F), u"La scadenza è Mercoledì,  19 Agosto  2026"_s);
+    // The matter is the law's: the program's own rules do not know it.
+    Scegli(F, "cmbNorme", DelProgramma);
+    QVERIFY(Materie->isHidden());
+    Clic(Controllo(F, "cmdEsegui"));
+    QVERIFY(Risultato(F).contains(u"5 Ottobre"));
+}
+
+void TestNormeTermini::avvisiDelleNorme_data()
+{
+    QTest::addColumn<QString>("Data");
+    QTest::addColumn<QString>("Numero");
+    QTest::addColumn<QString>("Errore");
+    QTest::newRow("prima della norma più vecchia")
+        << u"01011960"_s << u"10"_s << u"Le norme note cominciano dal 06/11/1969"_s;
+    QTest::newRow("anno 100") << u"01010100"_s << u"10"_s << u"Le norme note cominciano"_s;
+    QTest::newRow("oltre l'ultimo giorno") << u"30129999"_s << u"10"_s << u"31/12/9999"_s;
+}
+
+void TestNormeTermini::avvisiDelleNorme()
+{
+    QFETCH(QString, Data);
+    QFETCH(QString, Numero);
+    QFETCH(QString, Errore);
+    Scegli(F, "cmbNorme", InVigore);
+    B->Voce.Tollera();
+    Calcola(Data, Numero);
+    QCOMPARE(B->Voce.Mostrati().size(), 1);
+    QVERIFY2(B->Voce.UltimoTesto().contains(Errore), qPrintable(B->Voce.UltimoTesto()));
+    QCOMPARE(Risultato(F), QString());
+}
+
+void TestNormeTermini::etaDelleNorme_data()
+{
+    QTest::addColumn<QDate>("Oggi");
+    QTest::addColumn<QString>("Testo");
+    QTest::newRow("fresche") << QDate(2026, 11, 22) << u"Norme note fino al 21/11/2026."_s;
+    QTest::newRow("vecchie")
+        << QDate(2027, 6, 1)
+        << u"Norme note fino al 21/11/2026. Leggi più recenti possono averle cambiate."_s;
+    QTest::newRow("stantie") << QDate(2028, 6, 1)
+                             << u"Dati da aggiornare. Norme note fino al 21/11/2026. Leggi più recenti "
+                                "possono averle cambiate."_s;
+}
+
+void TestNormeTermini::etaDelleNorme()
+{
+    QFETCH(QDate, Oggi);
+    QFETCH(QString, Testo);
+    const auto* Eta = Controllo<QLabel>(F, "lblEta");
+    QVERIFY(Eta->isHidden());
+    InstallaOrologio([Oggi] { return QDateTime(Oggi, QTime(10, 0)); });
+    Scegli(F, "cmbNorme", InVigore);
+    QVERIFY(Eta->isVisible());
+    QCOMPARE(Eta->text(), Testo);
+    const QColor Colore = Eta->palette().color(Eta->foregroundRole());
+    QCOMPARE(Colore == QApplication::palette().color(QPalette::WindowText), !Testo.contains(u"possono"));
+}
+
+// ---- the catalogue --------------------------------------------------------------------------------
+
+void TestNormeTermini::catalogo_data()
+{
+    QTest::addColumn<QString>("Cercato");
+    QTest::addColumn<QString>("Primo");
+    QTest::addColumn<bool>("Usabile");
+    QTest::newRow("un articolo") << u"641"_s << u"Opposizione a decreto ingiuntivo"_s << true;
+    QTest::newRow("parole in ogni ordine")
+        << u"ingiuntivo opposizione"_s << u"Opposizione a decreto ingiuntivo"_s << true;
+    QTest::newRow("lettere grandi e accenti")
+        << u"INGIUNTIVO"_s << u"Opposizione a decreto ingiuntivo"_s << true;
+    QTest::newRow("una catena per un suo articolo")
+        << u"171-ter"_s
+        << u"Prima udienza: costituzione del convenuto, verifiche, memorie dell'art. "
+           "171-ter c.p.c."_s
+        << true;
+    QTest::newRow("niente") << u"zzz"_s << QString() << false;
+}
+
+void TestNormeTermini::catalogo()
+{
+    QFETCH(QString, Cercato);
+    QFETCH(QString, Primo);
+    QFETCH(bool, Usabile);
+    Clic(Controllo(F, "cmdRicorrenti"));
+    auto* Catalogo = Aperta<frmRicorrenti>(F);
+    QVERIFY(Catalogo);
+    auto* Elenco = Controllo<Griglia>(Catalogo, "tdbRicorrenti");
+    const int Tutti = Elenco->Righe();
+    QVERIFY(Tutti > 80);
+    Scrivi(Catalogo, "txtCerca", Cercato);
+    QVERIFY(Elenco->Righe() < Tutti);
+    const auto* Modello = Elenco->Vista()->model();
+    QCOMPARE(Elenco->Righe() > 0 ? Modello->index(0, 0).data().toString() : QString(), Primo);
+    QCOMPARE(Controllo(Catalogo, "cmdScegli")->isEnabled(), Usabile);
+    QCOMPARE(TestoDi(Catalogo, "lblDettaglio").isEmpty(), Primo.isEmpty());
+    Scrivi(Catalogo, "txtCerca", {});
+    QCOMPARE(Elenco->Righe(), Tutti);
+}
+
+void TestNormeTermini::unTermineRiempieLaFinestra()
+{
+    Prendi(u"171-ter n. 1"_s);
+    Clic(Controllo(F, "cmdLascia"));
+    Prendi(u"CPC-163BIS-IT"_s);
+    Clic(Controllo(F, "cmdLascia"));
+    Prendi(u"CPC-378-PM"_s);
+    QCOMPARE(TestoDi(F, "txtIncrNum"), u"20"_s);
+    QCOMPARE(Controllo<QComboBox>(F, "cmbIncrTipo")->currentText(), u"Giorni"_s);
+    QVERIFY(Controllo<QRadioButton>(F, "optTipoScad_1")->isChecked());
+    QVERIFY(Controllo<QCheckBox>(F, "chkSosp")->isChecked());
+    QVERIFY(!Controllo<QCheckBox>(F, "chkLibero")->isChecked());
+    QVERIFY(TestoDi(F, "lblTermine").contains(u"art. 378 c.p.c."));
+    QCOMPARE(QApplication::focusWidget(), Controllo(F, "mskDecorr"));
+    QCOMPARE(Risultato(F), QString());
+    // Months, and no suspension.
+    Prendi(u"CPC-327 lungo"_s);
+    QCOMPARE(TestoDi(F, "txtIncrNum"), u"6"_s);
+    QCOMPARE(Controllo<QComboBox>(F, "cmbIncrTipo")->currentText(), u"Mesi"_s);
+    QVERIFY(Controllo<QRadioButton>(F, "optTipoScad_0")->isChecked());
+    Prendi(u"CPC-617"_s);
+    QVERIFY(!Controllo<QCheckBox>(F, "chkSosp")->isChecked());
+    Prendi(u"CPA-73-R"_s);
+    QVERIFY(Controllo<QCheckBox>(F, "chkLibero")->isChecked());
+}
+
+void TestNormeTermini::unTermineConLaDataSiCalcola()
+{
+    Scrivi(F, "mskDecorr", u"20072026"_s);
+    Scegli(F, "cmbNorme", InVigore);
+    Prendi(u"CPC-325-A"_s);
+    // 19 September 2026 is a Saturday, which moves acts outside hearings.
+    QCOMPARE(Risultato(F), u"La scadenza è Lunedì,  21 Settembre  2026\n(Posticipata)"_s);
+    QVERIFY(Controllo<QCheckBox>(F, "chkSabato")->isChecked());
+    auto* Passi = Strada();
+    QVERIFY(Passi);
+    QVERIFY(TestoDi(Passi, "lblTermine").contains(u"Appello (art. 325 c.p.c.)"));
+}
+
+void TestNormeTermini::unTermineFuoriVigenza()
+{
+    Scegli(F, "cmbNorme", InVigore);
+    Scrivi(F, "mskDecorr", u"20012020"_s);
+    B->Voce.Tollera();
+    Prendi(u"CPC-370"_s);
+    QCOMPARE(B->Voce.Mostrati().size(), 1);
+    QVERIFY2(B->Voce.UltimoTesto().contains(u"01/01/2023"), qPrintable(B->Voce.UltimoTesto()));
+    QCOMPARE(Risultato(F), QString());
+}
+
+void TestNormeTermini::cambiareIlContoLasciaIlTermine()
+{
+    Prendi(u"CPC-325-A"_s);
+    QVERIFY(Controllo(F, "lblTermine")->isVisible());
+    Scrivi(F, "mskDecorr", u"10022026"_s);
+    QVERIFY(Controllo(F, "lblTermine")->isVisible());
+    Controllo<QCheckBox>(F, "chkSosp")->click();
+    QVERIFY(Controllo(F, "lblTermine")->isVisible());
+    Scrivi(F, "txtIncrNum", u"31"_s);
+    QVERIFY(!Controllo(F, "lblTermine")->isVisible());
+    QVERIFY(!Controllo(F, "cmdLascia")->isVisible());
+}
+
+void TestNormeTermini::unaCatenaMostraTutto()
+{
+    Scegli(F, "cmbNorme", InVigore);
+    Scrivi(F, "mskDecorr", u"15012027"_s);
+    Prendi(u"CPC-171TER memorie prima udienza"_s);
+    const QStringList Righe = Risultato(F).split(u'\n');
+    QCOMPARE(Righe.size(), 5);
+    // 70 days back from 15 January 2027; the judge's check runs from there.
+    QVERIFY2(Righe[0].contains(u"art. 166") && Righe[0].contains(u"6 Novembre 2026"), qPrintable(Righe[0]));
+    QVERIFY2(Righe[1].contains(u"art. 171-bis") && Righe[1].contains(u"23 Novembre 2026"),
+             qPrintable(Righe[1]));
+    QVERIFY2(Righe[2].contains(u"4 Dicembre 2026") || Righe[2].contains(u"6 Dicembre 2026"),
+             qPrintable(Righe[2]));
+    QVERIFY2(Righe[4].contains(u"5 Gennaio 2027"), qPrintable(Righe[4]));
+    for (const char* Nome :
+         {"txtIncrNum", "cmbIncrTipo", "chkSosp", "chkLibero", "chkSabato", "optTipoScad_0"})
+        QVERIFY2(!Controllo(F, Nome)->isEnabled(), Nome);
+    const auto* Calendario = Controllo<CalendarioMensile>(F, "Calendario");
+    QVERIFY(Calendario->Aspetto(QDate(2026, 11, 6)).Scadenza);
+    QVERIFY(Calendario->Aspetto(QDate(2027, 1, 5)).Scadenza);
+    QVERIFY(Calendario->Aspetto(QDate(2027, 1, 15)).Inizio);
+    Clic(Controllo(F, "cmdCopia"));
+    QCOMPARE(Appunti().split(u'\n').size(), 5);
+}
+
+void TestNormeTermini::unaCatenaDelProgramma()
+{
+    Scrivi(F, "mskDecorr", u"20072026"_s);
+    Prendi(u"CPC-183"_s);
+    // The same links as the window of sequential terms, whose rules are the program's own.
+    const QStringList Righe = Risultato(F).split(u'\n');
+    QCOMPARE(Righe.size(), 3);
+    QPointer<frmTerminiSeq> Seq = Apri<frmTerminiSeq>();
+    Scrivi(Seq, "mskDecorr", u"20072026"_s);
+    for (const char* Nome : {"chkSosp", "chkSabato"})
+        Controllo<QCheckBox>(Seq, Nome)->setChecked(true);
+    Clic(Controllo(Seq, "cmdEsegui"));
+    const QStringList Sue = Risultato(Seq).split(u"\n\n"_s);
+    QCOMPARE(Sue.size(), 3);
+    for (int i = 0; i < 3; ++i) {
+        const QString Data = Sue[i].section(u"):"_s, 1).section(u'(', 0, 0).simplified();
+        QVERIFY2(!Data.isEmpty() && Righe[i].contains(Data), qPrintable(Righe[i] + u" | "_s + Data));
+    }
+    QVERIFY(!Avviso(F).isEmpty());
+}
+
+void TestNormeTermini::lasciareLaCatena()
+{
+    Prendi(u"CPC-183"_s);
+    QVERIFY(!Controllo(F, "txtIncrNum")->isEnabled());
+    Clic(Controllo(F, "cmdLascia"));
+    for (const char* Nome : {"txtIncrNum", "cmbIncrTipo", "chkSosp", "chkLibero", "optTipoScad_0"})
+        QVERIFY2(Controllo(F, Nome)->isEnabled(), Nome);
+    QVERIFY(!Controllo(F, "lblTermine")->isVisible());
+    Calcola(u"20072026"_s, u"30"_s);
+    QVERIFY(Risultato(F).contains(u"5 Ottobre"));
+}
+
+void TestNormeTermini::nuovoCalcoloLasciaIlTermine()
+{
+    Prendi(u"CPC-183"_s);
+    DalMenu(F, "mnuNew");
+    QVERIFY(Controllo(F, "txtIncrNum")->isEnabled());
+    QVERIFY(!Controllo(F, "lblTermine")->isVisible());
+    QVERIFY(!Controllo(F, "chkSabato")->isEnabled());
+}
+
+void TestNormeTermini::unaRegolaNonSiUsa()
+{
+    Clic(Controllo(F, "cmdRicorrenti"));
+    auto* Catalogo = Aperta<frmRicorrenti>(F);
+    QVERIFY(Catalogo);
+    Scrivi(Catalogo, "txtCerca", u"GEN-04"_s);
+    QVERIFY(!Controllo(Catalogo, "cmdScegli")->isEnabled());
+    QVERIFY(!TestoDi(Catalogo, "lblDettaglio").isEmpty());
+    Premi(Qt::Key_Return);
+    QVERIFY(Catalogo->isVisible());
+    QCOMPARE(TestoDi(F, "txtIncrNum"), QString());
+}
+
+void TestNormeTermini::catalogoDaTastiera()
+{
+    Controllo(F, "mskDecorr")->setFocus();
+    Premi(Qt::Key_T, Qt::ControlModifier);
+    QPointer<frmRicorrenti> Catalogo = Aperta<frmRicorrenti>(F);
+    QVERIFY(Catalogo);
+    QVERIFY(MostraAttiva(*Catalogo));
+    QCOMPARE(QApplication::focusWidget(), Controllo(Catalogo, "txtCerca"));
+    Digita(u"325 appello"_s);
+    Premi(Qt::Key_Down);
+    QVERIFY(Controllo(Catalogo, "tdbRicorrenti")->isAncestorOf(QApplication::focusWidget()));
+    Premi(Qt::Key_Return);
+    Respiro();
+    QVERIFY(!Catalogo || !Catalogo->isVisible());
+    QCOMPARE(TestoDi(F, "txtIncrNum"), u"30"_s);
+    Clic(Controllo(F, "cmdRicorrenti"));
+    Catalogo = Aperta<frmRicorrenti>(F);
+    QVERIFY(MostraAttiva(*Catalogo));
+    Premi(Qt::Key_Escape);
+    Respiro();
+    QVERIFY(!Catalogo || !Catalogo->isVisible());
+    QCOMPARE(TestoDi(F, "txtIncrNum"), u"30"_s);
+}
+
+void TestNormeTermini::letteresullElencoCercano()
+{
+    Clic(Controllo(F, "cmdRicorrenti"));
+    auto* Catalogo = Aperta<frmRicorrenti>(F);
+    QVERIFY(Catalogo && MostraAttiva(*Catalogo));
+    Controllo<Griglia>(Catalogo, "tdbRicorrenti")->setFocus();
+    Digita(u"cass"_s);
+    QTRY_COMPARE(TestoDi(Catalogo, "txtCerca"), u"cass"_s);
+}
+
+// ---- the road -------------------------------------------------------------------------------------
+
+void TestNormeTermini::stradaDelRisultato()
+{
+    Scegli(F, "cmbNorme", InVigore);
+    Calcola(u"20072026"_s, u"30"_s);
+    auto* Passi = Strada();
+    QVERIFY(Passi);
+    QVERIFY(TestoDi(Passi, "lblScadenza").contains(u"19 Settembre 2026 (Posticipata)"));
+    auto* Tabella = Controllo<Griglia>(Passi, "tdbStrada");
+    const auto* Modello = Tabella->Vista()->model();
+    QStringList Righe;
+    for (int Riga = 0; Riga < Tabella->Righe(); ++Riga) {
+        QStringList Celle;
+        for (int Colonna = 0; Colonna < 3; ++Colonna)
+            Celle << Modello->index(Riga, Colonna).data().toString();
+        Righe << Celle.join(u'|');
+    }
+    QCOMPARE(Righe,
+             (QStringList{u"20/07/2026||Giorno iniziale, non contato"_s,
+                          u"21/07/2026 - 31/07/2026|11|Giorni del termine"_s,
+                          u"01/08/2026 - 31/08/2026|31|Sospensione feriale"_s,
+                          u"01/09/2026 - 19/09/2026|19|Giorni del termine"_s, u"19/09/2026||Scadenza"_s}));
+    QVERIFY(Modello->index(2, 3).data().toString().contains(u"742/1969"));
+}
+
+void TestNormeTermini::stradaDelProgramma()
+{
+    Calcola(u"20072026"_s, u"30"_s);
+    auto* Passi = Strada();
+    QVERIFY(Passi);
+    auto* Tabella = Controllo<Griglia>(Passi, "tdbStrada");
+    const auto* Modello = Tabella->Vista()->model();
+    for (int Riga = 0; Riga < Tabella->Righe(); ++Riga)
+        QCOMPARE(Modello->index(Riga, 3).data().toString(), CriterioDelProgramma.toString());
+    QVERIFY(TestoDi(Passi, "lblNote").contains(AvvisoSettembre));
+}
+
+void TestNormeTermini::stradaDellaCatena()
+{
+    Scegli(F, "cmbNorme", InVigore);
+    Scrivi(F, "mskDecorr", u"15012027"_s);
+    Prendi(u"CPC-189 precisazione"_s);
+    Clic(Controllo(F, "cmdLascia"));
+    Prendi(u"Difese conclusive dell'art. 189"_s);
+    auto* Passi = Strada();
+    QVERIFY(Passi);
+    auto* Tabella = Controllo<Griglia>(Passi, "tdbStrada");
+    const auto* Modello = Tabella->Vista()->model();
+    QList<int> Titoli;
+    for (int Riga = 0; Riga < Tabella->Righe(); ++Riga)
+        if (Modello->index(Riga, 0).data().toString().isEmpty())
+            Titoli << Riga;
+    QCOMPARE(Titoli.size(), 3);
+    // The calendar follows the row, in the colours of its term alone.
+    Tabella->ImpostaRigaCorrente(Titoli[2]);
+    QVERIFY(TestoDi(Passi, "lblTermine").contains(u"eplica"));
+    const auto* Calendario = Controllo<CalendarioMensile>(Passi, "Calendario");
+    QCOMPARE(Calendario->Data(), QDate(2026, 12, 31));
+    QVERIFY(Calendario->Aspetto(QDate(2026, 12, 31)).Scadenza);
+    QVERIFY(!Calendario->Aspetto(QDate(2026, 12, 20)).Segno);
+    Tabella->ImpostaRigaCorrente(Titoli[0]);
+    QVERIFY(Calendario->Aspetto(QDate(2026, 12, 20)).Segno);
+}
+
+void TestNormeTermini::stradaSiCopiaESiStampa()
+{
+    Scegli(F, "cmbNorme", InVigore);
+    Calcola(u"20072026"_s, u"30"_s);
+    auto* Passi = Strada();
+    QVERIFY(Passi);
+    Clic(Controllo(Passi, "cmdCopia"));
+    const QString Copiato = Appunti();
+    QVERIFY2(Copiato.contains(u"01/08/2026 - 31/08/2026\t31\tSospensione feriale\t"), qPrintable(Copiato));
+    QVERIFY(Copiato.startsWith(u"Termine di 30 giorni\nScadenza: Sabato, 19 Settembre 2026"));
+    Clic(Controllo(Passi, "cmdStampa"));
+    const QStringList Foglio = Stampato();
+    QVERIFY2(Foglio.contains(u"Norme: in vigore"_s), qPrintable(Foglio.join(u'|')));
+    QVERIFY(Foglio.contains(u"Scadenza: Sabato, 19 Settembre 2026 (Posticipata)"_s));
+    bool Tabella = false;
+    for (const BloccoDocumento& Blocco : SeCaricato<frmPrint>->vpFree().Foglio().Contenuto().Blocchi)
+        Tabella |= !std::holds_alternative<Paragrafo>(Blocco);
+    QVERIFY(Tabella);
+}
+
+void TestNormeTermini::stradaSenzaRisultato()
+{
+    QVERIFY(!Controllo(F, "cmdStrada")->isEnabled());
+    Controllo(F, "mskDecorr")->setFocus();
+    Premi(Qt::Key_D, Qt::ControlModifier);
+    QVERIFY(!Aperta<frmStrada>(F));
+}
+
+void TestNormeTermini::stradaSiChiudeCambiando()
+{
+    Calcola(u"20072026"_s, u"30"_s);
+    QVERIFY(Strada());
+    F->activateWindow();
+    QVERIFY(MostraAttiva(*F));
+    Scrivi(F, "txtIncrNum", u"31"_s);
+    Respiro();
+    QVERIFY(!Aperta<frmStrada>(F));
+    Clic(Controllo(F, "cmdEsegui"));
+    auto* Passi = Strada();
+    QVERIFY(Passi);
+    QVERIFY(TestoDi(Passi, "lblTermine").contains(u"31 giorni"));
+}
+
+void TestNormeTermini::calendarioDellaStrada()
+{
+    Scegli(F, "cmbNorme", InVigore);
+    Calcola(u"20072026"_s, u"34"_s);  // 23 September
+    Calcola(u"20072026"_s, u"31"_s);  // 20 September, a Sunday
+    QVERIFY(Risultato(F).contains(u"21 Settembre"));
+    auto* Passi = Strada();
+    QVERIFY(Passi);
+    const auto* Calendario = Controllo<CalendarioMensile>(Passi, "Calendario");
+    const auto Segno = [Calendario](const QDate& Giorno) {
+        const auto Quale = Calendario->Aspetto(Giorno).Segno;
+        return Quale ? QString(Quale->Lettera) : QString();
+    };
+    QVERIFY(Calendario->Aspetto(QDate(2026, 7, 20)).Inizio);
+    QCOMPARE(Segno(QDate(2026, 7, 20)), QString());
+    QCOMPARE(Segno(QDate(2026, 7, 21)), u"c"_s);
+    QCOMPARE(Segno(QDate(2026, 7, 31)), u"c"_s);
+    QCOMPARE(Segno(QDate(2026, 8, 1)), QString());
+    QVERIFY(Calendario->Aspetto(QDate(2026, 8, 31)).Sospeso);
+    QCOMPARE(Segno(QDate(2026, 9, 1)), u"c"_s);
+    QVERIFY(!Calendario->Aspetto(QDate(2026, 9, 1)).Sospeso);
+    QCOMPARE(Segno(QDate(2026, 9, 20)), u"s"_s);
+    QVERIFY(Calendario->Aspetto(QDate(2026, 9, 21)).Scadenza);
+    QCOMPARE(Segno(QDate(2026, 9, 22)), QString());
+    // Each kind has its letter and its name in the legend.
+    QStringList Legenda;
+    for (const QLabel* Una : Calendario->findChildren<QLabel*>())
+        Legenda << Una->text();
+    for (const SegnoCalendario& Uno : SegniStrada())
+        QVERIFY2(Legenda.contains(Uno.Nome), qPrintable(Uno.Nome));
+}
+
+// ---- the calendar of the office -------------------------------------------------------------------
+
+void TestNormeTermini::agendaAprire()
+{
+    Scegli(F, "cmbNorme", InVigore);
+    Scrivi(F, "mskDecorr", u"20072026"_s);
+    Prendi(u"CPC-325-A"_s);
+    auto* Voci = Agenda();
+    QVERIFY(Voci);
+    Scrivi(Voci, "txtPratica", u"Rossi c. Bianchi"_s);
+    Clic(Controllo(Voci, "cmdApri"));
+    QCOMPARE(B->Aperti, QStringList{u"file Rossi c. Bianchi - Appello (art. 325 c.p.c.).ics"_s});
+    const QString Cartella = sessione::UserFolder + u"agenda/"_s;
+    const QByteArray Ics = LeggiFile(Cartella + u"Rossi c. Bianchi - Appello (art. 325 c.p.c.).ics"_s);
+    QVERIFY(Ics.contains("DTSTART;VALUE=DATE:20260921\r\n"));
+    QVERIFY(Ics.contains("SUMMARY:Rossi c. Bianchi - Appello (art. 325 c.p.c.)\r\n"));
+    QVERIFY(QString::fromUtf8(Ics).remove(u"\r\n "_s).contains(u"Decorrenza: 20/07/2026"));
+    // Another one leaves no client's name behind.
+    Scrivi(Voci, "txtPratica", u"Verdi"_s);
+    Clic(Controllo(Voci, "cmdApri"));
+    QCOMPARE(QDir(Cartella).entryList(QDir::Files), QStringList{u"Verdi - Appello (art. 325 c.p.c.).ics"_s});
+}
+
+void TestNormeTermini::agendaSenzaProgramma()
+{
+    Calcola(u"20072026"_s, u"30"_s);
+    B->Lettore = false;
+    auto* Voci = Agenda();
+    QVERIFY(Voci);
+    B->Voce.Tollera();
+    Clic(Controllo(Voci, "cmdApri"));
+    QVERIFY(B->Aperti.isEmpty());
+    QVERIFY2(B->Voce.UltimoTesto().contains(u".ics"), qPrintable(B->Voce.UltimoTesto()));
+    // A system that fails to open it says so too.
+    B->Lettore = true;
+    B->Esito = 75;
+    Clic(Controllo(Voci, "cmdApri"));
+    QVERIFY(B->Voce.UltimoTesto().startsWith(u"Errore: "));
+}
+
+void TestNormeTermini::agendaSalvare()
+{
+    Calcola(u"20072026"_s, u"30"_s);
+    auto* Voci = Agenda();
+    QVERIFY(Voci);
+    const QString File = NuovaCartella() + u"scadenze"_s;
+    B->Voce.AttendiSalva(File);
+    B->Voce.Attendi(u"Le scadenze sono state salvate in "_s + File + u".ics"_s, vbOK, u"Messaggio:"_s);
+    Clic(Controllo(Voci, "cmdSalva"));
+    QVERIFY(B->Voce.InizioDialogo().endsWith(u"Termine di 30 giorni.ics"));
+    QVERIFY(LeggiFile(File + u".ics"_s).contains("DTSTART;VALUE=DATE:20261005\r\n"));
+}
+
+void TestNormeTermini::agendaSalvareAnnullato()
+{
+    Calcola(u"20072026"_s, u"30"_s);
+    auto* Voci = Agenda();
+    QVERIFY(Voci);
+    B->Voce.AttendiSalva({});
+    Clic(Controllo(Voci, "cmdSalva"));
+    QVERIFY(Voci->isVisible());
+    QVERIFY(B->Voce.Mostrati().isEmpty());
+}
+
+void TestNormeTermini::agendaCopiare()
+{
+    Calcola(u"20072026"_s, u"30"_s);
+    auto* Voci = Agenda();
+    QVERIFY(Voci);
+    Scrivi(Voci, "txtPratica", u"Rossi"_s);
+    Clic(Controllo(Voci, "cmdCopia"));
+    QCOMPARE(Appunti(), u"lunedì 05/10/2026: Rossi - Termine di 30 giorni"_s);
+}
+
+void TestNormeTermini::agendaSenzaNessuna()
+{
+    Calcola(u"20072026"_s, u"30"_s);
+    auto* Voci = Agenda();
+    QVERIFY(Voci);
+    auto* Elenco = Controllo<QListWidget>(Voci, "lstScadenze");
+    Elenco->setFocus();
+    Premi(Qt::Key_Space);
+    QCOMPARE(Elenco->item(0)->checkState(), Qt::Unchecked);
+    for (const char* Nome : {"cmdApri", "cmdSalva", "cmdCopia"})
+        QVERIFY2(!Controllo(Voci, Nome)->isEnabled(), Nome);
+    Premi(Qt::Key_Space);
+    QVERIFY(Controllo(Voci, "cmdApri")->isEnabled());
+}
+
+void TestNormeTermini::agendaDiUnaCatena()
+{
+    Scegli(F, "cmbNorme", InVigore);
+    Scrivi(F, "mskDecorr", u"15012027"_s);
+    Prendi(u"CPC-171TER prima udienza costituzione"_s);
+    auto* Voci = Agenda();
+    QVERIFY(Voci);
+    auto* Elenco = Controllo<QListWidget>(Voci, "lstScadenze");
+    QCOMPARE(Elenco->count(), 5);
+    Elenco->item(1)->setCheckState(Qt::Unchecked);
+    Clic(Controllo(Voci, "cmdCopia"));
+    QCOMPARE(Appunti().split(u'\n').size(), 4);
+    Clic(Controllo(Voci, "cmdApri"));
+    const QStringList Scritti = QDir(sessione::UserFolder + u"agenda"_s).entryList(QDir::Files);
+    QCOMPARE(Scritti.size(), 1);
+    QCOMPARE(LeggiFile(sessione::UserFolder + u"agenda/"_s + Scritti.first()).count("BEGIN:VEVENT"), 4);
+}
+
+void TestNormeTermini::agendaSenzaRisultato()
+{
+    QVERIFY(!Controllo(F, "cmdAgenda")->isEnabled());
+    Controllo(F, "mskDecorr")->setFocus();
+    Premi(Qt::Key_G, Qt::ControlModifier);
+    QVERIFY(!Aperta<frmAgenda>(F));
+}
+
+// ---- sequential terms -----------------------------------------------------------------------------
+
+void TestNormeTermini::sequenzialiInVigore()
+{
+    QPointer<frmTerminiSeq> Seq = Apri<frmTerminiSeq>();
+    auto* Catene = Controllo<QComboBox>(Seq, "cmbArticolo");
+    QCOMPARE(Catene->count(), 2);
+    Scegli(Seq, "cmbNorme", InVigore);
+    QVERIFY(Catene->count() > 10);
+    ScegliConFrecce(Catene, Catene->findText(u"189"_s, Qt::MatchContains));
+    QCOMPARE(TestoDi(Seq, "lblEvento"), u"(udienza di rimessione)"_s);
+    Scrivi(Seq, "mskDecorr", u"15012027"_s);
+    Clic(Controllo(Seq, "cmdEsegui"));
+    const QStringList Righe = Risultato(Seq).split(u'\n');
+    QCOMPARE(Righe.size(), 3);
+    QVERIFY2(Righe[0].contains(u"16 Novembre 2026"), qPrintable(Righe[0]));
+    QVERIFY2(Righe[1].contains(u"16 Dicembre 2026"), qPrintable(Righe[1]));
+    QVERIFY2(Righe[2].contains(u"31 Dicembre 2026"), qPrintable(Righe[2]));
+    Clic(Controllo(Seq, "cmdStrada"));
+    QVERIFY(Aperta<frmStrada>(Seq));
+    Seq->activateWindow();
+    QVERIFY(MostraAttiva(*Seq));
+    Scegli(Seq, "cmbNorme", DelProgramma);
+    QCOMPARE(Catene->count(), 2);
+    QCOMPARE(TestoDi(Seq, "lblEvento"), QString());
+    QCOMPARE(Risultato(Seq), QString());
+    Respiro();
+    QVERIFY(!Aperta<frmStrada>(Seq));
+}
+
+void TestNormeTermini::sequenzialiDelProgramma()
+{
+    QPointer<frmTerminiSeq> Seq = Apri<frmTerminiSeq>();
+    Scrivi(Seq, "mskDecorr", u"14032012"_s);
+    Clic(Controllo(Seq, "cmdEsegui"));
+    QCOMPARE(Risultato(Seq), u"\n"
+                             "  1° termine (30 giorni):  Venerdì,  13 Aprile  2012\n\n"
+                             "  2° termine (30 giorni):  Lunedì,  14 Maggio  2012 (Posticipato)\n\n"
+                             "  3° termine (20 giorni):  Lunedì,  4 Giugno  2012 (Posticipato)"_s);
+    Clic(Controllo(Seq, "cmdAgenda"));
+    auto* Voci = Aperta<frmAgenda>(Seq);
+    QVERIFY(Voci);
+    Clic(Controllo(Voci, "cmdCopia"));
+    QCOMPARE(Appunti(), u"venerdì 13/04/2012: 1° termine (art. 183 c.p.c.)\n"
+                        "lunedì 14/05/2012: 2° termine (art. 183 c.p.c.)\n"
+                        "lunedì 04/06/2012: 3° termine (art. 183 c.p.c.)"_s);
+}
+
+void TestNormeTermini::sequenzialiStampa()
+{
+    QPointer<frmTerminiSeq> Seq = Apri<frmTerminiSeq>();
+    Scegli(Seq, "cmbNorme", InVigore);
+    B->Voce.Attendi(u"Non è stato effettuato alcun calcolo!"_s, vbOK, u"Errore:"_s);
+    DalMenu(Seq, "mnuPrint");
+    Scrivi(Seq, "mskDecorr", u"15012027"_s);
+    Clic(Controllo(Seq, "cmdEsegui"));
+    DalMenu(Seq, "mnuPrint");
+    QVERIFY2(Stampato().contains(u"Norme: in vigore"_s), qPrintable(Stampato().join(u'|')));
+    QVERIFY(Stampato().contains(u"Data udienza: 15/01/2027"_s));
+}
+
+// Each link of a chain in force says itself what counts for it.
+void TestNormeTermini::sequenzialiOpzioniARiposo()
+{
+    QPointer<frmTerminiSeq> Seq = Apri<frmTerminiSeq>();
+    Scegli(Seq, "cmbNorme", InVigore);
+    Scrivi(Seq, "mskDecorr", u"15012027"_s);
+    QVERIFY(!Controllo(Seq, "chkSosp")->isEnabled());
+    QVERIFY(!Controllo(Seq, "chkSabato")->isEnabled());
+    QVERIFY(Controllo(Seq, "cmbMateria")->isVisible());
+    Scegli(Seq, "cmbNorme", DelProgramma);
+    QVERIFY(Controllo(Seq, "chkSosp")->isEnabled());
+    QVERIFY(Controllo(Seq, "chkSabato")->isEnabled());
+    QVERIFY(!Controllo(Seq, "cmbMateria")->isVisible());
+}
+
+// ---- keys, sheet, names ---------------------------------------------------------------------------
+
+void TestNormeTermini::tastiRapidi()
+{
+    Calcola(u"20072026"_s, u"30"_s);
+    F->activateWindow();
+    Controllo(F, "mskDecorr")->setFocus();
+    Premi(Qt::Key_D, Qt::ControlModifier);
+    QVERIFY(Aperta<frmStrada>(F));
+    Chiudi(Aperta<frmStrada>(F));
+    F->activateWindow();
+    QVERIFY(MostraAttiva(*F));
+    Controllo(F, "mskDecorr")->setFocus();
+    Premi(Qt::Key_G, Qt::ControlModifier);
+    QVERIFY(Aperta<frmAgenda>(F));
+}
+
+void TestNormeTermini::stampaInVigore()
+{
+    Scegli(F, "cmbNorme", InVigore);
+    B->Voce.Attendi(u"Non è stato effettuato alcun calcolo!"_s, vbOK, u"Errore:"_s);
+    DalMenu(F, "mnuStampa");
+    Controllo<QCheckBox>(F, "chkSabato")->click();
+    Calcola(u"20072026"_s, u"30"_s);
+    DalMenu(F, "mnuStampa");
+    const QStringList Foglio = Stampato();
+    for (const QString& Riga :
+         {u"Data decorrenza: 20/07/2026"_s, u"Incremento: 30 giorni"_s, u"Sospensione feriale: Sì"_s,
+          u"Termine libero: No"_s, u"Proroga del sabato: Sì"_s, u"Norme: in vigore"_s,
+          u"Scadenza: Lunedì, 21 Settembre 2026 (Posticipata)"_s})
+        QVERIFY2(Foglio.contains(Riga), qPrintable(Riga + u" in "_s + Foglio.join(u'|')));
+}
+
+void TestNormeTermini::ordineDelTabulatore()
+{
+    Scegli(F, "cmbNorme", InVigore);
+    Calcola(u"20072026"_s, u"30"_s);
+    QCOMPARE(OrdineTab(Controllo(F, "mskDecorr"), 18),
+             (QStringList{u"mskDecorr"_s, u"txtIncrNum"_s, u"cmbIncrTipo"_s, u"chkSosp"_s, u"cmbMateria"_s,
+                          u"chkLibero"_s, u"chkSabato"_s, u"optTipoScad_0"_s, u"cmdEsegui"_s,
+                          u"cmdRicorrenti"_s, u"cmdCalend_0"_s, u"cmdCalend_1"_s, u"cmdCopia"_s,
+                          u"cmdStrada"_s, u"cmdAgenda"_s, u"mese"_s, u"cmdAvvertenze"_s, u"cmbNorme"_s}));
+    Clic(Controllo(F, "cmdRicorrenti"));
+    auto* Catalogo = Aperta<frmRicorrenti>(F);
+    QVERIFY(Catalogo && MostraAttiva(*Catalogo));
+    QCOMPARE(OrdineTab(Controllo(Catalogo, "txtCerca"), 4).last(), u"cmdChiudi"_s);
+}
+
+void TestNormeTermini::ogniControlloHaUnNome_data()
+{
+    QTest::addColumn<int>("Quale");
+    QTest::newRow("termini") << 0;
+    QTest::newRow("catalogo") << 1;
+    QTest::newRow("strada") << 2;
+    QTest::newRow("agenda") << 3;
+    QTest::newRow("sequenziali") << 4;
+}
+
+void TestNormeTermini::ogniControlloHaUnNome()
+{
+    QFETCH(int, Quale);
+    Scegli(F, "cmbNorme", InVigore);
+    Calcola(u"20072026"_s, u"30"_s);
+    const QWidget* Finestra = F;
+    if (Quale == 1) {
+        Clic(Controllo(F, "cmdRicorrenti"));
+        Finestra = Aperta<frmRicorrenti>(F);
+    } else if (Quale == 2)
+        Finestra = Strada();
+    else if (Quale == 3)
+        Finestra = Agenda();
+    else if (Quale == 4) {
+        QPointer<frmTerminiSeq> Seq = Apri<frmTerminiSeq>();
+        Scegli(Seq, "cmbNorme", InVigore);
+        Finestra = Seq;
+    }
+    QVERIFY(Finestra);
+    QCOMPARE(SenzaNome(Finestra).join(u' '), QString());
+}
+
+#include "TestNormeTermini.moc"
