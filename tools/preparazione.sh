@@ -9,9 +9,10 @@ Radice=$(dirname -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")")
 
 Pacchetti=(build-essential cmake ninja-build ccache qt6-base-dev qt6-svg-dev libsqlite3-dev
            libsodium-dev mdbtools-dev openssl shared-mime-info qt6-translations-l10n fonts-dejavu-core fonts-liberation poppler-utils)
-# What the tests alone read with: calendars by a library that is not the program's.
+# What the tests alone read with: calendars by a library that is not the program's, electronic invoices by the
+# schema.
 # shellcheck disable=SC2034 # for those who source this file
-PacchettiProve=(python3-icalendar)
+PacchettiProve=(python3-icalendar libxml2-utils)
 
 Avvisa()
 {

@@ -21,7 +21,7 @@ struct Sede
     QString Cap;  ///< five digits; abroad it is left out
     QString Comune;
     QString Provincia;                    ///< two letters; abroad it is left out
-    QString Nazione = Italia.toString();  ///< two letters, ISO 3166
+    QString Nazione = Italia.toString();  ///< two letters, ISO 3166; empty: Italy
 
     friend bool operator==(const Sede&, const Sede&) = default;
 };
@@ -65,7 +65,11 @@ struct Cessionario
     QString CodiceDestinatario;  ///< seven characters, six for an office of the administration; empty: none
     QString Pec;
 
-    [[nodiscard]] bool Estero() const { return Indirizzo.Nazione.trimmed().toUpper() != Italia; }
+    [[nodiscard]] bool Estero() const
+    {
+        const QString Nazione = Indirizzo.Nazione.trimmed().toUpper();
+        return !Nazione.isEmpty() && Nazione != Italia;
+    }
     friend bool operator==(const Cessionario&, const Cessionario&) = default;
 };
 

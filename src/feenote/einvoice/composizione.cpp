@@ -1,0 +1,518 @@
+#include "feenote/einvoice/composizione.h"
+
+#include "core/modControlli.h"
+#include "feenote/einvoice/codici.h"
+#include "feenote/einvoice/parti.h"
+#include "feenote/einvoice/righe.h"
+#include "feenote/einvoice/schematipi.h"
+#include "feenote/modTotali.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double ImportoDelBollo = 2.0;
+constexpr double SogliaBollo = 77.47;
+
+/// An amount in cents, for sums that must agree.
+qint64 Centesimi(double Euro)
+{
+    return qint64(std::llround(Arrotonda2(Euro) * 100));
+}
+
+/// The rule by which an amount bears no VAT, as the file cites it.
+struct RiferimentoNatura
+{
+    QStringView Natura;
+    QStringView Regime;  ///< empty: any
+    QStringView Testo;
+};
+constexpr std::array Riferimenti{
+    RiferimentoNatura{u"N1", u"", u"Art. 15 DPR 633/1972"},
+    RiferimentoNatura{u"N2.1", u"", u"Artt. da 7 a 7-septies DPR 633/1972"},
+    RiferimentoNatura{u"N2.2", u"RF19", u"Art. 1 c. 54-89 L. 190/2014"},
+    RiferimentoNatura{u"N2.2", u"RF02", u"Art. 27 c. 1-2 DL 98/2011"},
+    RiferimentoNatura{u"N2.2", u"RF20", u"Direttiva UE 2020/285"},
+    RiferimentoNatura{u"N2.2", u"", u"Operazione non soggetta a IVA"},
+    RiferimentoNatura{u"N3.5", u"", u"Art. 8 c. 1 lett. c DPR 633/1972"},
+    RiferimentoNatura{u"N4", u"", u"Art. 10 DPR 633/1972"},
+};
+
+QString RiferimentoDi(const QString& Natura, const QString& Regime)
+{
+    for (const RiferimentoNatura& Riga : Riferimenti)
+        if (Riga.Natura == Natura && (Riga.Regime.isEmpty() || Riga.Regime == Regime))
+            return Riga.Testo.toString();
+    return {};
+}
+
+/// What an invoice of a regime without VAT says of itself.
+struct FraseRegime
+{
+    QStringView Regime;
+    QStringView Testo;
+};
+constexpr std::array FrasiRegime{
+    FraseRegime{u"RF19",
+                u"Operazione in regime forfettario, art. 1 commi da 54 a 89 L. 190/2014: senza IVA e senza "
+                "ritenuta d'acconto (comma 67)."},
+    FraseRegime{u"RF02",
+                u"Operazione effettuata ai sensi dell'art. 27, commi 1 e 2, DL 98/2011: non soggetta a "
+                "ritenuta d'acconto."},
+    FraseRegime{u"RF20", u"Operazione in regime transfrontaliero di franchigia, direttiva UE 2020/285."},
+};
+
+class Compositore
+{
+public:
+    Compositore(const Parcella& DiNota, const Cedente& DiStudio, const Cessionario& DiCliente,
+                const SceltaFattura& DiScelta, const QDate& Giorno)
+        : Nota(DiNota), Studio(DiStudio), Cliente(DiCliente), Scelta(DiScelta), Oggi(Giorno),
+          Conti(CatenaFiscale(DiNota, DiScelta.Documento))
+    {}
+
+    Composizione Componi()
+    {
+        if (!TipoDi(Scelta.Documento).EFattura) {
+            Note.Manca(CampoFattura::NotaTipoStampa,
+                       u"La fattura elettronica si fa dalla Fattura sintetica o dalla Fattura analitica."_s);
+            return Chiudi();
+        }
+        Fattura.Formato = Scelta.Formato;
+        Fattura.Progressivo = Scelta.Progressivo;
+        if (Scelta.Formato != FormatoPrivati && Scelta.Formato != FormatoPubblica)
+            Note.Manca(CampoFattura::SceltaFormato, u"Il formato è FPR12 o FPA12."_s);
+        ComponiProgressivo();
+        ComponiCedente(Fattura, Studio, Note);
+        ComponiCessionario(Fattura, Cliente, Note);
+        ComponiDocumento();
+        ComponiCitati();
+        if (ControllaCifre()) {
+            ComponiImporti();
+            ControllaTotali();
+            ComponiBollo();
+            ComponiPagamento();
+        }
+        ComponiCausali();
+        return Chiudi();
+    }
+
+private:
+    Composizione Chiudi()
+    {
+        Note.ChiudiTesti();
+        return {Fattura, Note.Mancanze, Note.Avvisi};
+    }
+
+    [[nodiscard]] bool NotaDiCredito() const { return Scelta.Tipo == u"TD04"; }
+
+    // ---- the document itself
+
+    void ComponiProgressivo()
+    {
+        constexpr qsizetype Massimo = 5;
+        const bool Giusto =
+            !Scelta.Progressivo.isEmpty() && Scelta.Progressivo.size() <= Massimo &&
+            std::ranges::all_of(Scelta.Progressivo, [](QChar C) {
+                return (C >= u'0' && C <= u'9') || (C >= u'A' && C <= u'Z') || (C >= u'a' && C <= u'z');
+            });
+        if (!Giusto)
+            Note.Manca(CampoFattura::SceltaProgressivo,
+                       u"Il progressivo del file ha da una a cinque lettere e cifre: «%1»"_s.arg(
+                           Scelta.Progressivo));
+    }
+
+    void ComponiDocumento()
+    {
+        constexpr qsizetype MassimoNumero = 20;
+        constexpr int GiorniPerTrasmettere = 12;
+        Fattura.Tipo = Scelta.Tipo;
+        if (std::ranges::none_of(TipiFattura(),
+                                 [&](const VoceCodice& Voce) { return Voce.Codice == Scelta.Tipo; }))
+            Note.Manca(CampoFattura::SceltaTipo,
+                       u"Il tipo di documento è TD01, TD06 o TD04: %1"_s.arg(Scelta.Tipo));
+        Fattura.Numero =
+            Note.Sigla(Scelta.Numero, {CampoFattura::NotaNumero, u"il numero della fattura", MassimoNumero});
+        if (Fattura.Numero.isEmpty())
+            Note.Manca(CampoFattura::NotaNumero, u"Manca il numero della fattura."_s);
+        else if (std::ranges::none_of(Fattura.Numero, [](QChar C) { return C >= u'0' && C <= u'9'; }))
+            Note.Manca(CampoFattura::NotaNumero,
+                       u"Il numero della fattura non ha cifre: %1"_s.arg(Fattura.Numero));
+        Fattura.Data = Scelta.Data;
+        const QDate Prima(1970, 1, 1);
+        if (!Scelta.Data.isValid())
+            Note.Manca(CampoFattura::NotaData, u"Manca la data della fattura."_s);
+        else if (Scelta.Data > Oggi)
+            Note.Manca(CampoFattura::NotaData, u"La data della fattura deve ancora venire."_s);
+        else if (Scelta.Data < Prima)
+            Note.Manca(CampoFattura::NotaData, u"La data della fattura è anteriore al 1970."_s);
+        else if (Scelta.Data.daysTo(Oggi) > GiorniPerTrasmettere)
+            Note.Avvisa(CampoFattura::NotaData,
+                        u"La fattura è di più di %1 giorni fa: il termine per trasmetterla è passato."_s.arg(
+                            GiorniPerTrasmettere));
+    }
+
+    void ComponiCitati()
+    {
+        for (const DocumentoCitato& Citata : Scelta.Collegate) {
+            if (Citata.Numero.trimmed().isEmpty() || !Citata.Data.isValid()) {
+                Note.Manca(CampoFattura::SceltaCollegata,
+                           u"Della fattura citata servono il numero e la data, oppure nessuno dei due."_s);
+                continue;
+            }
+            if (NotaDiCredito() && Citata.Data > Scelta.Data)
+                Note.Manca(CampoFattura::SceltaCollegata,
+                           u"La nota di credito è anteriore alla fattura che storna."_s);
+            Fattura.Collegate +=
+                Pulito(Citata, CampoFattura::SceltaCollegata, u"il numero della fattura citata");
+        }
+        if (NotaDiCredito() && Scelta.Collegate.isEmpty())
+            Note.Manca(CampoFattura::SceltaCollegata,
+                       u"Una nota di credito vuole il numero e la data della fattura che storna."_s);
+        if (!Scelta.Contratto)
+            return;
+        if (Scelta.Contratto->Numero.trimmed().isEmpty())
+            Note.Manca(CampoFattura::SceltaContratto,
+                       u"I codici CIG e CUP vogliono il numero del contratto o "
+                       "dell'incarico."_s);
+        Fattura.Contratto =
+            Pulito(*Scelta.Contratto, CampoFattura::SceltaContratto, u"il numero del contratto");
+    }
+
+    DocumentoCitato Pulito(const DocumentoCitato& Scritto, CampoFattura Dove, QStringView Nome)
+    {
+        constexpr qsizetype MassimoNumero = 20;
+        constexpr qsizetype MassimoCodice = 15;
+        return {Note.Sigla(Scritto.Numero, {Dove, Nome, MassimoNumero}), Scritto.Data,
+                Note.Sigla(Scritto.Cup, {Dove, u"il codice CUP", MassimoCodice}),
+                Note.Sigla(Scritto.Cig, {Dove, u"il codice CIG", MassimoCodice})};
+    }
+
+    void ComponiCausali()
+    {
+        constexpr qsizetype MassimoCausale = 200;
+        const QString Oggetto = Nota.txtDatiStaOgg.Testo.trimmed();
+        if (!Oggetto.isEmpty())
+            Fattura.Causali += DividiTesto(
+                Note.TestoIntero(u"Oggetto: "_s + Oggetto, {CampoFattura::NotaOggetto, u"l'oggetto", 0}),
+                MassimoCausale);
+        for (const FraseRegime& Frase : FrasiRegime)
+            if (Frase.Regime == Fattura.Regime)
+                Fattura.Causali += Frase.Testo.toString();
+        if (PerCassa())
+            Fattura.Causali += u"IVA per cassa ai sensi dell'art. 32-bis del DL 83/2012."_s;
+    }
+
+    // ---- what the note's figures must be for the file to hold them
+
+    [[nodiscard]] bool PerCassa() const { return Nota.chkIvaDiff.Attiva && Conti.Dati.IVA.Vale; }
+
+    /// Percentages in hundredths, as the file has them.
+    void ControllaPercento(const Aliquota& Tassa, CampoFattura Dove, QStringView Nome)
+    {
+        constexpr int DecimaliGuardati = 6;
+        constexpr double Massimo = 100.0;
+        if (Tassa.Vale &&
+            (Round(Tassa.Perc, DecimaliGuardati) != Arrotonda2(Tassa.Perc) || Tassa.Perc > Massimo))
+            Note.Manca(Dove, u"La percentuale ha più di due decimali, o è più di 100: %1 %2"_s.arg(
+                                 Nome, Tassa.Testo));
+    }
+
+    void ControllaRegime()
+    {
+        const bool SenzaIva = RegimeSenzaIva(Fattura.Regime);
+        if (Nota.chkRegSempl.Attiva && !SenzaIva && !Fattura.Regime.isEmpty())
+            Note.Manca(CampoFattura::StudioRegime,
+                       u"La parcella è in regime agevolato, le impostazioni dello studio dicono %1."_s.arg(
+                           ConNome(RegimiFiscali(), Fattura.Regime)));
+        if (SenzaIva && Conti.Dati.IVA.Vale)
+            Note.Manca(
+                CampoFattura::NotaRegime,
+                u"Nel regime dello studio (%1) la fattura è senza IVA: spuntare il regime agevolato."_s.arg(
+                    ConNome(RegimiFiscali(), Fattura.Regime)));
+        if (SenzaIva && Conti.Dati.RA.Vale)
+            Note.Manca(
+                CampoFattura::NotaRegime,
+                u"Nel regime dello studio (%1) la fattura è senza ritenuta: spuntare il regime agevolato."_s
+                    .arg(ConNome(RegimiFiscali(), Fattura.Regime)));
+    }
+
+    void ControllaScissione()
+    {
+        if (!Scelta.ScissionePagamenti)
+            return;
+        if (Conti.Dati.RA.Vale)
+            Note.Manca(CampoFattura::SceltaScissione,
+                       u"La scissione dei pagamenti non vale per i compensi con ritenuta d'acconto."_s);
+        if (!Conti.Dati.IVA.Vale)
+            Note.Manca(CampoFattura::SceltaScissione, u"Senza IVA non c'è scissione dei pagamenti."_s);
+        if (PerCassa())
+            Note.Manca(
+                CampoFattura::SceltaScissione,
+                u"L'IVA è differita o è versata dal cliente (scissione dei pagamenti), non tutte e due."_s);
+    }
+
+    /// @return false when no lines can be made of the figures
+    bool ControllaCifre()
+    {
+        constexpr double AliquotaMinima = 1.0;  // a lesser one would be taken for a fraction
+        ControllaPercento(Conti.Dati.SpeseGen, CampoFattura::NotaSpeseGen, u"spese generali");
+        ControllaPercento(Conti.Dati.CP, CampoFattura::NotaCP, u"cassa previdenza");
+        ControllaPercento(Conti.Dati.IVA, CampoFattura::NotaIva, u"IVA");
+        ControllaPercento(Conti.Dati.RA, CampoFattura::NotaRA, u"ritenuta d'acconto");
+        if (Conti.Dati.IVA.Vale && Conti.Dati.IVA.Perc < AliquotaMinima)
+            Note.Manca(CampoFattura::NotaIva,
+                       u"L'aliquota IVA è meno dell'1%: %1"_s.arg(Conti.Dati.IVA.Testo));
+        ControllaRegime();
+        ControllaScissione();
+        if (!std::isfinite(Conti.Totale) || std::abs(Conti.Totale) >= MassimoImporto ||
+            std::abs(Conti.Imponibile) >= MassimoImporto) {
+            Note.Manca(CampoFattura::NotaOnorari,
+                       u"Gli importi sono troppo grandi per una fattura elettronica."_s);
+            return false;
+        }
+        if (Centesimi(Conti.Imponibile) < 0) {
+            Note.Manca(CampoFattura::NotaAcconti,
+                       u"Gli acconti superano compensi e spese imponibili: l'imponibile è %1 euro."_s.arg(
+                           FormatNum(Conti.Imponibile)));
+            return false;
+        }
+        if (Centesimi(Conti.Totale) <= 0) {
+            Note.Manca(CampoFattura::NotaOnorari,
+                       Centesimi(Conti.Totale) == 0
+                           ? u"Il totale della fattura è zero."_s
+                           : u"Il totale della fattura è negativo: %1 euro."_s.arg(FormatNum(Conti.Totale)));
+            return false;
+        }
+        return true;
+    }
+
+    // ---- lines and sums
+
+    /// The reason why fees bear no VAT.
+    QString NaturaCompensi()
+    {
+        if (RegimeSenzaIva(Fattura.Regime))
+            return u"N2.2"_s;
+        if (std::ranges::any_of(NatureSenzaIva(),
+                                [&](const VoceCodice& Voce) { return Voce.Codice == Scelta.Natura; }))
+            return Scelta.Natura;
+        if (Scelta.Natura.isEmpty() && Cliente.Estero())
+            return u"N2.1"_s;
+        Note.Manca(Scelta.Natura.isEmpty() ? CampoFattura::NotaIva : CampoFattura::SceltaNatura,
+                   u"La fattura è senza IVA: spuntare l'IVA, o scegliere per quale motivo non c'è."_s);
+        return {};
+    }
+
+    void ComponiImporti()
+    {
+        const DatiCatena& Dati = Conti.Dati;
+        Fisco.AliquotaIva = Dati.IVA.Vale ? Arrotonda2(Dati.IVA.Perc) : 0.0;
+        Fisco.Natura = Dati.IVA.Vale || Centesimi(Conti.Imponibile) == 0 ? QString() : NaturaCompensi();
+        Fisco.Ritenuta = Dati.RA.Vale;
+        // The duty that such an office charges is income of its own, not an expense in the client's name.
+        Fisco.NaturaBollo = RegimeSenzaIva(Fattura.Regime) ? u"N2.2"_s : NaturaEsenti.toString();
+        if (!Dati.IVA.Vale && Fisco.Natura.isEmpty())
+            Fisco.Natura = Fisco.NaturaBollo;  // nothing taxable remains: lines that cancel each other
+        const bool Addebito = Scelta.BolloAddebitato && HaAddebitoBollo(Nota);
+        if (Scelta.BolloAddebitato && !Addebito)
+            Note.Manca(CampoFattura::NotaSpese,
+                       u"Per addebitare il bollo mettere fra le spese una riga «Imposta di "
+                       "bollo» con 2,00 euro esenti."_s);
+        Fattura.Linee = LineeFattura(Nota, Conti, Fisco, Addebito);
+        PulisciLinee();
+        const bool Tassate = std::ranges::any_of(Fattura.Linee, &LineaFattura::Ritenuta);
+        if (Dati.CP.Vale && Centesimi(Conti.Imponibile) != 0)
+            Fattura.Cassa = CassaFattura{u"TC01"_s,         Arrotonda2(Dati.CP.Perc),
+                                         Conti.CP,          Arrotonda2(Conti.Imponibile),
+                                         Fisco.AliquotaIva, false,
+                                         Fisco.Natura};
+        if (Dati.RA.Vale && Tassate)
+            Fattura.Ritenuta =
+                RitenutaFattura{Studio.Genere == GenereStudio::PersonaFisica ? u"RT01"_s : u"RT02"_s,
+                                Conti.RA, Arrotonda2(Dati.RA.Perc), u"A"_s};
+        Fattura.Totale = Conti.Totale;
+        ComponiRiepiloghi();
+        AvvisaRitenuta();
+    }
+
+    void PulisciLinee()
+    {
+        constexpr qsizetype MassimoDescrizione = 1000;
+        constexpr qsizetype MassimoLinee = 9999;
+        if (Fattura.Linee.size() > MassimoLinee)
+            Note.Manca(CampoFattura::NotaOnorari,
+                       u"Le righe sono più di %1: usare la Fattura sintetica."_s.arg(MassimoLinee));
+        for (LineaFattura& Linea : Fattura.Linee) {
+            const CampoFattura Dove = Linea.Importo < 0              ? CampoFattura::NotaAcconti
+                                      : Linea.Natura == NaturaEsenti ? CampoFattura::NotaSpese
+                                                                     : CampoFattura::NotaOnorari;
+            Linea.Descrizione =
+                Note.Testo(Linea.Descrizione, {Dove, u"la descrizione di una riga", MassimoDescrizione});
+        }
+    }
+
+    void ComponiRiepiloghi()
+    {
+        const auto Di = [this](double Aliquota, const QString& Natura) -> RiepilogoFattura& {
+            const auto Suo = std::ranges::find_if(Fattura.Riepiloghi, [&](const RiepilogoFattura& Voce) {
+                return Voce.AliquotaIva == Aliquota && Voce.Natura == Natura;
+            });
+            if (Suo != Fattura.Riepiloghi.end())
+                return *Suo;
+            Fattura.Riepiloghi.append(
+                {Aliquota, Natura, 0.0, 0.0, {}, RiferimentoDi(Natura, Fattura.Regime)});
+            return Fattura.Riepiloghi.last();
+        };
+        for (const LineaFattura& Linea : Fattura.Linee) {
+            RiepilogoFattura& Suo = Di(Linea.AliquotaIva, Linea.Natura);
+            Suo.Imponibile = Arrotonda2(Suo.Imponibile + Linea.Importo);
+        }
+        if (Fattura.Cassa) {
+            RiepilogoFattura& Suo = Di(Fattura.Cassa->AliquotaIva, Fattura.Cassa->Natura);
+            Suo.Imponibile = Arrotonda2(Suo.Imponibile + Fattura.Cassa->Contributo);
+        }
+        for (RiepilogoFattura& Voce : Fattura.Riepiloghi) {
+            if (Voce.AliquotaIva == 0)
+                continue;
+            Voce.Imposta = Conti.IVA;
+            Voce.Esigibilita = Scelta.ScissionePagamenti ? u"S"_s : PerCassa() ? u"D"_s : u"I"_s;
+            Voce.RiferimentoNormativo = Scelta.ScissionePagamenti
+                                            ? u"Scissione dei pagamenti, art. 17-ter DPR 633/1972"_s
+                                        : PerCassa() ? u"IVA per cassa, art. 32-bis DL 83/2012"_s
+                                                     : QString();
+        }
+    }
+
+    /// The file says what the paper says, to the cent, or it is not written: amounts with parts of a cent,
+    /// which the paper rounds in its total alone, have no place in it.
+    void ControllaTotali()
+    {
+        qint64 Somma = 0;
+        qint64 Base = 0;
+        for (const RiepilogoFattura& Voce : Fattura.Riepiloghi)
+            Somma += Centesimi(Voce.Imponibile) + Centesimi(Voce.Imposta);
+        for (const LineaFattura& Linea : Fattura.Linee)
+            Base += Centesimi(Linea.Importo);
+        const qint64 Attesa = Centesimi(Conti.Totale) - Centesimi(Conti.CP) - Centesimi(Conti.IVA);
+        constexpr int DecimaliGuardati = 6;
+        const bool Intero = Round(Conti.Imponibile, DecimaliGuardati) == Arrotonda2(Conti.Imponibile);
+        if (Somma != Centesimi(Conti.Totale) || Base != Attesa || !Intero)
+            Note.Manca(CampoFattura::NotaOnorari,
+                       u"Un importo della parcella ha frazioni di centesimo, che la fattura "
+                       "elettronica non ammette: correggere le righe."_s);
+    }
+
+    void AvvisaRitenuta()
+    {
+        const bool Privato =
+            Cliente.Genere == GenereCliente::Persona && Cliente.PartitaIva.trimmed().isEmpty();
+        if (Conti.Dati.RA.Vale && (Privato || Cliente.Estero()))
+            Note.Avvisa(CampoFattura::NotaRA,
+                        u"Di regola non opera la ritenuta un cliente estero, o una persona senza "
+                        "partita IVA."_s);
+    }
+
+    // ---- stamp duty
+
+    [[nodiscard]] double SommeSenzaIva() const
+    {
+        double Somma = 0.0;
+        for (const LineaFattura& Linea : Fattura.Linee)
+            if (Linea.AliquotaIva == 0)
+                Somma += Linea.Importo;
+        if (Fattura.Cassa && Fattura.Cassa->AliquotaIva == 0)
+            Somma += Fattura.Cassa->Contributo;
+        // The duty itself is none of the sums that it is due on.
+        return Scelta.BolloAddebitato && HaAddebitoBollo(Nota) ? Somma - ImportoDelBollo : Somma;
+    }
+
+    void ComponiBollo()
+    {
+        const bool Oltre = Centesimi(SommeSenzaIva()) > Centesimi(SogliaBollo);
+        const bool Dovuto =
+            Scelta.Bollo == BolloFattura::Dovuto || (Scelta.Bollo == BolloFattura::SeDovuto && Oltre);
+        Fattura.Bollo = Dovuto ? ImportoDelBollo : 0.0;
+        if (Scelta.BolloAddebitato && !Dovuto)
+            Note.Avvisa(
+                CampoFattura::SceltaBollo,
+                u"Il bollo è addebitato ma non è dovuto: le somme senza IVA non superano %1 euro."_s.arg(
+                    FormatNum(SogliaBollo)));
+    }
+
+    // ---- payment
+
+    void ComponiPagamento()
+    {
+        const double Scissa = Scelta.ScissionePagamenti ? Conti.IVA : 0.0;
+        const double DaPagare = Arrotonda2(Conti.Netto - Scissa);
+        if (Scissa != 0)
+            Note.Avvisa(
+                CampoFattura::SceltaScissione,
+                u"Con la scissione dei pagamenti il cliente paga %1 euro: la stampa espone anche l'IVA."_s
+                    .arg(FormatNum(DaPagare)));
+        if (NotaDiCredito() || Scelta.Modalita.isEmpty() || Centesimi(DaPagare) == 0)
+            return;
+        if (Centesimi(DaPagare) < 0) {
+            Note.Manca(CampoFattura::NotaRA,
+                       u"L'importo da pagare è negativo: %1 euro."_s.arg(FormatNum(DaPagare)));
+            return;
+        }
+        if (!ValoreValido(u"ModalitaPagamentoType", Scelta.Modalita))
+            Note.Manca(CampoFattura::SceltaModalita,
+                       u"Il modo di pagamento non è fra quelli previsti: %1"_s.arg(Scelta.Modalita));
+        PagamentoFattura Pagamento{Scelta.Modalita, Scelta.Scadenza, DaPagare, {}};
+        if (Scelta.Scadenza.isValid() && Scelta.Scadenza < Scelta.Data)
+            Note.Avvisa(CampoFattura::SceltaScadenza,
+                        u"La scadenza del pagamento è anteriore alla fattura."_s);
+        if (Scelta.Modalita == u"MP05")
+            Pagamento.Iban = Iban();
+        Fattura.Pagamento = Pagamento;
+    }
+
+    QString Iban()
+    {
+        QString Codice = Studio.Iban.toUpper();
+        Codice.removeIf([](QChar C) { return C.isSpace(); });
+        if (!Codice.isEmpty() && (!IbanTorna(Codice) || !ValoreValido(u"IBANType", Codice)))
+            Note.Manca(CampoFattura::StudioIban, u"Non è valido l'IBAN dello studio: %1"_s.arg(Codice));
+        return Codice;
+    }
+
+    static constexpr double MassimoImporto = 1e10;  // eleven digits, with room for the taxes
+
+    const Parcella& Nota;
+    const Cedente& Studio;
+    const Cessionario& Cliente;
+    const SceltaFattura& Scelta;
+    QDate Oggi;
+    Catena Conti;
+    TrattamentoFiscale Fisco;
+    FatturaElettronica Fattura;
+    Raccolta Note;
+};
+
+}  // namespace
+
+SceltaFattura SceltaDaNota(const Parcella& Nota)
+{
+    SceltaFattura Scelta;
+    Scelta.Documento = Nota.cmbTipoStampa;
+    Scelta.Data = LeggiData(Nota.DatiPar(DatoDataFatt)).value_or(QDate());
+    Scelta.Numero = Nota.DatiPar(DatoNumFatt).trimmed();
+    const QString Anno = u'/' + QString::number(Scelta.Data.year());
+    if (!Scelta.Numero.isEmpty() && Scelta.Data.isValid() && !Scelta.Numero.endsWith(Anno))
+        Scelta.Numero += Anno;
+    return Scelta;
+}
+
+Composizione ComponiFatturaElettronica(const Parcella& Nota, const Cedente& Studio,
+                                       const Cessionario& Cliente, const SceltaFattura& Scelta,
+                                       const QDate& Oggi)
+{
+    return Compositore(Nota, Studio, Cliente, Scelta, Oggi).Componi();
+}
