@@ -81,6 +81,13 @@ QString NomeDelMese(const QDate& Mese)
     return NomeMese(Mese.month()).toLower() + u' ' + CStr(Mese.year());
 }
 
+/// "ad agosto 2026", "a settembre 2026".
+QString FinoAlMese(const QDate& Mese)
+{
+    const QString Nome = NomeDelMese(Mese);
+    return (Nome.startsWith(u'a') ? u"ad "_s : u"a "_s) + Nome;
+}
+
 }  // namespace
 
 CoperturaTassi LeggiCopertura(const QString& Archivio)
@@ -123,7 +130,7 @@ EtaDati EtaIndici(const CoperturaTassi& Tassi, const QDate& Oggi)
     if (!Tassi.Indici.isValid())
         return Mancanti(u"Indici FOI"_s);
     const QDate Ultimo(Tassi.Indici.year(), Tassi.Indici.month(), 1);
-    EtaDati Eta{GradoEta::Fresco, Tassi.Indici, u"Indici FOI fino a "_s + NomeDelMese(Ultimo) + u'.', {}};
+    EtaDati Eta{GradoEta::Fresco, Tassi.Indici, u"Indici FOI fino "_s + FinoAlMese(Ultimo) + u'.', {}};
     const auto Uscita = [](const QDate& Mese) {
         const QDate Dopo = Mese.addMonths(1);
         return QDate(Dopo.year(), Dopo.month(), GiornoIndice);
@@ -139,7 +146,7 @@ EtaDati EtaIndici(const CoperturaTassi& Tassi, const QDate& Oggi)
     while (Uscita(Fino.addMonths(1)) <= Oggi)
         Fino = Fino.addMonths(1);
     Eta.Attesa = Fino == Prossimo ? u"Indice di "_s + NomeDelMese(Prossimo) + u" non nell'archivio."_s
-                                  : u"Indici da "_s + NomeDelMese(Prossimo) + u" a "_s + NomeDelMese(Fino) +
+                                  : u"Indici da "_s + NomeDelMese(Prossimo) + u' ' + FinoAlMese(Fino) +
                                         u" non nell'archivio."_s;
     return Eta;
 }
