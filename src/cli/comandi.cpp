@@ -105,7 +105,8 @@ QString Aiuto()
 {
     QString Testo = u"Uso: calcanova-cli [--programma DIR] [--utente DIR] [--json] [--batch] [--righe] "
                     "[--multipla NOTA [--prima]] [--archivio FILE] [--in TABELLA [--prova]] "
-                    "[--csv FILE | --vcard FILE] [--tariffa 140|55] COMANDO VALORI...\n\n"_s;
+                    "[--csv FILE | --vcard FILE] [--tariffa 140|55] [--norme programma|vigenti] [--spiega] "
+                    "[--ics FILE] COMANDO VALORI...\n\n"_s;
     for (const ComandoCli& Comando : ComandiCli())
         Testo += u"  "_s + Comando.Nome.toString().leftJustified(12) + Comando.Valori.toString() + u'\n';
     return Testo +
@@ -193,8 +194,56 @@ Risposta DaSolo(const QStringList& Valori)
     return Comando(Valori, {});
 }
 
+/// A command that follows norms.
+ComandoCli PerNorme(QStringView Nome, QStringView Valori, int Minimo, int Massimo,
+                    Risposta (*Comando)(const QStringList&, const SceltaNorme&))
+{
+    ComandoCli Riga{Nome, Valori, Minimo, Massimo, false, {}};
+    Riga.Esegui = [Comando](const QStringList& Dati) { return Comando(Dati, {}); };
+    Riga.ConNorme = Comando;
+    return Riga;
+}
+
+ComandoCli ConStrada(ComandoCli Comando)
+{
+    Comando.SpiegaNorme = Comando.InAgenda = true;
+    return Comando;
+}
+
+ComandoCli ConSpiegazione(ComandoCli Comando)
+{
+    Comando.SpiegaNorme = true;
+    return Comando;
+}
+
+ComandoCli ConRighe(ComandoCli Comando)
+{
+    Comando.HaRighe = true;
+    return Comando;
+}
+
+/// What of a call means nothing to its command. @throws ErroreUso
+void ControllaNorme(const ComandoCli& Comando, const RigaComando& Chiamata)
+{
+    const auto Vuole = [&](bool Chiesta, bool Vale, const QString& Opzione) {
+        if (Chiesta && !Vale)
+            throw ErroreUso{u"L'opzione %1 non vale per il comando %2"_s.arg(Opzione, Comando.Nome)};
+    };
+    Vuole(!Chiamata.Norme.isEmpty(), bool(Comando.ConNorme), u"--norme"_s);
+    Vuole(Chiamata.Spiega, Comando.SpiegaNorme, u"--spiega"_s);
+    Vuole(!Chiamata.Ics.isEmpty(), Comando.InAgenda, u"--ics"_s);
+}
+
+SceltaNorme NormeDi(const RigaComando& Chiamata)
+{
+    return {Chiamata.Norme == u"vigenti" ? InsiemeNorme::Vigenti : InsiemeNorme::Programma, Chiamata.Spiega,
+            Chiamata.Ics, !Chiamata.Json && !Chiamata.Spiega};
+}
+
 Risposta Esegui(const ComandoCli& Comando, const RigaComando& Chiamata, const QStringList& Valori)
 {
+    if (Comando.ConNorme)
+        return Comando.ConNorme(Valori, NormeDi(Chiamata));
     if (!Chiamata.In.isEmpty())
         return Comando.InArchivio(Valori, Chiamata.In, Chiamata.Prova);
     if (!Chiamata.Tariffa.isEmpty())
@@ -291,14 +340,18 @@ std::span<const ComandoCli> ComandiCli()
                    .DivideAllUltimo = false,
                    .Esegui = [](const QStringList& Valori) { return ComandoVoci(Valori, Dm140); },
                    .ConTariffa = ComandoVoci},
-        ComandoCli{u"termini", u"DECORRENZA NUMERO TIPO [SOSPENSIONE [LIBERO [SABATO [VERSO]]]]", 3, 7, false,
-                   ComandoTermini},
-        ComandoCli{u"sequenziali", u"UDIENZA ARTICOLO [SOSPENSIONE [SABATO]]", 2, 4, false,
-                   ComandoSequenziali},
+        ConStrada(PerNorme(u"termini",
+                           u"DECORRENZA NUMERO TIPO [SOSPENSIONE [LIBERO [SABATO [VERSO [MATERIA]]]]]", 3, 8,
+                           ComandoTermini)),
+        ConStrada(
+            PerNorme(u"sequenziali", u"UDIENZA ARTICOLO [SOSPENSIONE [SABATO]]", 2, 4, ComandoSequenziali)),
+        ComandoCli{u"ricorrenti", u"[TESTO]", 0, 1, false, ComandoRicorrenti},
+        ConStrada(PerNorme(u"scadenza", u"CODICE EVENTO [MATERIA [INIZIO]]", 2, 4, ComandoScadenza)),
         ComandoCli{u"codfis", u"COGNOME NOME NASCITA SESSO COMUNE", 5, 5, false, ComandoCodFis},
-        ComandoCli{u"contributo", u"VALORE [TABELLA]", 1, 2, false, ComandoContributo},
-        ComandoCli{u"interessi", u"TIPO CAPITALE VALUTA AUMENTO DAL AL [DOPO2012]", 6, 7, false,
-                   ComandoInteressi, true},
+        ConSpiegazione(PerNorme(u"contributo", u"VALORE [TABELLA [DEPOSITO [GRADO [VARIANTI [RICORRENTI]]]]]",
+                                1, 6, ComandoContributo)),
+        ConRighe(PerNorme(u"interessi", u"TIPO CAPITALE VALUTA AUMENTO DAL AL [DOPO2012]", 6, 7,
+                          ComandoInteressi)),
         ComandoCli{u"istat", u"IMPORTO VALUTA DAL AL", 4, 4, false, ComandoIstat},
     };
     return Tabella;
@@ -352,6 +405,7 @@ int EseguiCli(const QStringList& Argomenti, const std::function<QByteArray()>& I
             throw ErroreUso{u"L'opzione --in non vale per il comando %1"_s.arg(Comando->Nome)};
         if (!Chiamata.Tariffa.isEmpty() && !Comando->ConTariffa)
             throw ErroreUso{u"L'opzione --tariffa non vale per il comando %1"_s.arg(Comando->Nome)};
+        ControllaNorme(*Comando, Chiamata);
         if (!Chiamata.Esporta.isEmpty() && (!Comando->InFile || Chiamata.Batch))
             throw ErroreUso{u"Le opzioni --csv e --vcard non valgono per il comando %1"_s.arg(Comando->Nome)};
         VoceCli Voce(Guasti);

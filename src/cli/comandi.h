@@ -1,6 +1,8 @@
 // The commands of calcanova-cli.
 #pragma once
 
+#include "calculators/norme/norme.h"
+
 #include <QByteArray>
 #include <QJsonObject>
 #include <QString>
@@ -28,6 +30,15 @@ struct NotaMultipla
     bool Prima = false;  ///< it stands before the command's own
 };
 
+/// The rules that a calculator follows, and what is wanted beside its answer.
+struct SceltaNorme
+{
+    InsiemeNorme Insieme = InsiemeNorme::Programma;
+    bool Spiega = false;      ///< the reasons: rows of text, or a part of the record
+    QString Ics{};            ///< file for a calendar; empty: none
+    bool NoteAParte = false;  ///< the answer has no room for notes: they are told beside it
+};
+
 /// A command and the shape of its call.
 struct ComandoCli
 {
@@ -46,6 +57,10 @@ struct ComandoCli
     std::function<Risposta(const QStringList& Valori, const QString& File, bool InSchede)> InFile = {};
     /// The same command by a tariff; none where --tariffa means nothing to it.
     std::function<Risposta(const QStringList& Valori, const Decreto& Legge)> ConTariffa = {};
+    /// The same command by the norms that --norme chooses; none where it means nothing to it.
+    std::function<Risposta(const QStringList& Valori, const SceltaNorme& Scelta)> ConNorme = {};
+    bool SpiegaNorme = false;  ///< --spiega means something to it
+    bool InAgenda = false;     ///< --ics means something to it
 };
 
 /// The table of commands, in the order of the help.
@@ -74,12 +89,17 @@ struct ComandoCli
 [[nodiscard]] Risposta ComandoImporta(const QStringList& Valori);
 
 /// The calculators.
-[[nodiscard]] Risposta ComandoTermini(const QStringList& Valori);
-[[nodiscard]] Risposta ComandoSequenziali(const QStringList& Valori);
+[[nodiscard]] Risposta ComandoTermini(const QStringList& Valori, const SceltaNorme& Scelta = {});
+[[nodiscard]] Risposta ComandoSequenziali(const QStringList& Valori, const SceltaNorme& Scelta = {});
 [[nodiscard]] Risposta ComandoCodFis(const QStringList& Valori);
-[[nodiscard]] Risposta ComandoContributo(const QStringList& Valori);
-[[nodiscard]] Risposta ComandoInteressi(const QStringList& Valori);
+[[nodiscard]] Risposta ComandoContributo(const QStringList& Valori, const SceltaNorme& Scelta = {});
+[[nodiscard]] Risposta ComandoInteressi(const QStringList& Valori, const SceltaNorme& Scelta = {});
 [[nodiscard]] Risposta ComandoIstat(const QStringList& Valori);
+
+/// The catalogue of recurring terms and of their chains: all rows, or those with the words of a text.
+[[nodiscard]] Risposta ComandoRicorrenti(const QStringList& Valori);
+/// A term of the catalogue or a chain of them, from the day of its event; always by the law in force.
+[[nodiscard]] Risposta ComandoScadenza(const QStringList& Valori, const SceltaNorme& Scelta);
 
 /// The rows of a summary as text and record.
 [[nodiscard]] Risposta RispostaRiepilogo(const Catena& Conti);

@@ -1,14 +1,14 @@
-// The commands of calcanova-cli that stand for the calculators.
+// The commands of calcanova-cli that stand for the calculators without norms by date; the others are in
+// comandi_norme.cpp.
 #include "cli/comandi.h"
 #include "cli/letture.h"
 
 #include "calculators/modCodFis.h"
 #include "calculators/modComuni.h"
-#include "calculators/modContributo.h"
 #include "calculators/modInteressi.h"
 #include "calculators/modIstat.h"
 #include "calculators/modTassi.h"
-#include "calculators/modTerminiSeq.h"
+#include "calculators/norme/etadati.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
@@ -22,8 +22,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int MassimoIncremento = 9999;  // what the field of the form can hold
 
 QString Giorno(const QDate& Data)
 {
@@ -41,16 +39,6 @@ void Rifiuta(const std::optional<Mancanza<Campo>>& Trovato)
 {
     if (Trovato)
         throw Errore(errori::Argomento, Trovato->Messaggio);
-}
-
-/// The number of units as the form's field would hold it.
-QString LeggiIncremento(const QString& Valore)
-{
-    const double Quanti = NumeroOZero(u"numero"_s, Valore);
-    if (Quanti != std::floor(Quanti) || Quanti < 0 || Quanti > MassimoIncremento)
-        throw Errore(errori::Argomento,
-                     u"numero: «%1»: va da 1 a %2"_s.arg(Valore.left(40)).arg(MassimoIncremento));
-    return CStr(Quanti);
 }
 
 /// A script is asked nothing about updates: the calculation goes on as after "No", and where it cannot, the
@@ -92,13 +80,6 @@ QString ArchivioDiChiunque()
     return EsisteFile(Utente) || !EsisteFile(Programma) ? Utente : Programma;
 }
 
-// ---- terms ----------------------------------------------------------------------------------------
-
-QString ConNota(const QDate& Data, bool Spostata, const QString& Nota)
-{
-    return Giorno(Data) + (Spostata ? u" (%1)"_s.arg(Nota) : QString());
-}
-
 /// "Euro" and "Lire", or their first letters and signs.
 int LeggiValuta(const QString& Valore)
 {
@@ -132,7 +113,8 @@ QString RigheTesto(const TabellaRighe& Righe)
     return Tutte.join(u'|');
 }
 
-DatiInteressi LeggiDatiInteressi(const QStringList& Valori)
+/// @param Insieme whether an empty last value is filled by the rule of the first day
+DatiInteressi LeggiDatiInteressi(const QStringList& Valori, InsiemeNorme Insieme)
 {
     DatiInteressi Dati;
     Dati.Tipo = LeggiParola(u"tipo"_s, Valori[0], {u"legali"_s, u"mora"_s});
@@ -141,7 +123,9 @@ DatiInteressi LeggiDatiInteressi(const QStringList& Valori)
     Dati.Aumento = Valori[3].trimmed();
     Dati.DataIni = Valori[4];
     Dati.DataFin = Valori[5];
-    Dati.Dopo2012 = LeggiBit(u"dopo il 2012"_s, Valori.value(6));
+    const bool Proposta = Dati.Tipo == InteressiMora &&
+                          ProponiMora(Insieme, LeggiData(Dati.DataIni).value_or(QDate())).Dopo2012;
+    Dati.Dopo2012 = LeggiBit(u"dopo il 2012"_s, Valori.value(6), Proposta);
     Rifiuta(CheckInteressi(Dati));
     (void)Numero(u"capitale"_s, Dati.Capitale);
     (void)NumeroOZero(u"aumento"_s, Dati.Aumento);
@@ -178,44 +162,6 @@ QString LeggiComune(const QString& Valore)
 
 }  // namespace
 
-Risposta ComandoTermini(const QStringList& Valori)
-{
-    DatiTermine Dati;
-    Dati.Decorrenza = Valori[0];
-    Dati.Numero = LeggiIncremento(Valori[1]);
-    Dati.Tipo = LeggiParola(u"tipo"_s, Valori[2], {u"giorni"_s, u"mesi"_s, u"anni"_s});
-    Dati.Opzioni.Sospensione = LeggiBit(u"sospensione"_s, Valori.value(3), true);
-    Dati.Opzioni.Libero = LeggiBit(u"libero"_s, Valori.value(4));
-    Dati.Opzioni.Sabato = LeggiBit(u"sabato"_s, Valori.value(5));
-    Dati.Opzioni.Antecedente =
-        Valori.size() > 6 && LeggiParola(u"verso"_s, Valori[6], {u"successiva"_s, u"antecedente"_s}) == 1;
-    (void)TogliSabatoARitroso(Dati.Opzioni);
-    Rifiuta(DifettoTermine(Dati));
-
-    const ContoTermine Conto = CalcolaTermine(Dati);
-    const QString Nota = Dati.Opzioni.Antecedente ? u"Anticipata"_s : u"Posticipata"_s;
-    return {ConNota(Conto.DataCorrente, Conto.Prorogato, Nota),
-            {{u"scadenza"_s, Giorno(Conto.DataCorrente)}, {u"spostata"_s, Conto.Prorogato}},
-            false};
-}
-
-Risposta ComandoSequenziali(const QStringList& Valori)
-{
-    OpzioniTermine Opzioni;
-    const int Articolo = LeggiParola(u"articolo"_s, Valori[1], {u"183"_s, u"190"_s});
-    Opzioni.Sospensione = LeggiBit(u"sospensione"_s, Valori.value(2), true);
-    Opzioni.Sabato = LeggiBit(u"sabato"_s, Valori.value(3));
-    Rifiuta(DifettoUdienza(Valori[0]));
-
-    QStringList Testi;
-    QJsonArray Termini;
-    for (const ScadenzaAnello& Una : CalcolaSequenza(Valori[0], Articolo, Opzioni)) {
-        Testi << ConNota(Una.Data, Una.Prorogata, u"Posticipato"_s);
-        Termini.append(QJsonObject{{u"scadenza"_s, Giorno(Una.Data)}, {u"spostata"_s, Una.Prorogata}});
-    }
-    return {Testi.join(u"; "_s), {{u"termini"_s, Termini}}, false};
-}
-
 Risposta ComandoCodFis(const QStringList& Valori)
 {
     const auto Nascita = LeggiData(Valori[2]);
@@ -227,20 +173,9 @@ Risposta ComandoCodFis(const QStringList& Valori)
     return {Codice, {{u"codice"_s, Codice}}, false};
 }
 
-Risposta ComandoContributo(const QStringList& Valori)
+Risposta ComandoInteressi(const QStringList& Valori, const SceltaNorme& Scelta)
 {
-    constexpr std::array Tabelle{TabellaContributo::Ordinaria, TabellaContributo::Dimezzata,
-                                 TabellaContributo::Tributaria};
-    const double Valore = Numero(u"valore"_s, Valori[0]);
-    const int Tabella = LeggiParola(u"tabella"_s, Valori.value(1, u"ordinario"_s),
-                                    {u"ordinario"_s, u"ridotto"_s, u"tributario"_s});
-    const double Dovuto = Contributo(Valore, Tabelle[size_t(Tabella)]);
-    return {Format(Dovuto, u"#,##0.00"), {{u"contributo"_s, Dovuto}}, false};
-}
-
-Risposta ComandoInteressi(const QStringList& Valori)
-{
-    const DatiInteressi Dati = LeggiDatiInteressi(Valori);
+    const DatiInteressi Dati = LeggiDatiInteressi(Valori, Scelta.Insieme);
     QString UltimoAumento = Dati.Aumento;  // whoever wrote the increase needs no warning of it
     const SenzaAggiornare Script;
     const EsitoInteressi Esito = CalcolaInteressi(ArchivioDiChiunque(), Dati, UltimoAumento);

@@ -46,6 +46,12 @@ RigaComando LeggiRiga(const QStringList& Argomenti)
             Riga.Archivio = PercorsoNativo(Seguente(u"file"_s));
         else if (Opzioni && Parola == u"--tariffa")
             Riga.Tariffa = Seguente(u"sigla"_s);
+        else if (Opzioni && Parola == u"--norme")
+            Riga.Norme = Seguente(u"scelta"_s);
+        else if (Opzioni && Parola == u"--spiega")
+            Riga.Spiega = true;
+        else if (Opzioni && Parola == u"--ics")
+            Riga.Ics = PercorsoNativo(Seguente(u"destinazione"_s));
         else if (Opzioni && Parola == u"--multipla")
             Riga.Multipla = Seguente(u"parcella"_s);
         else if (Opzioni && Parola == u"--in")
@@ -68,6 +74,12 @@ RigaComando LeggiRiga(const QStringList& Argomenti)
         throw ErroreUso{u"L'opzione --prima vale solo con --multipla."_s};
     if (!Riga.Tariffa.isEmpty() && !DecretoDi(Riga.Tariffa))
         throw ErroreUso{u"Tariffa sconosciuta: %1. Le tariffe sono %2."_s.arg(Riga.Tariffa, Sigle())};
+    if (!Riga.Norme.isEmpty() && Riga.Norme != u"programma" && Riga.Norme != u"vigenti")
+        throw ErroreUso{u"Norme sconosciute: %1. Le norme sono programma e vigenti."_s.arg(Riga.Norme)};
+    if (Riga.Batch && !Riga.Ics.isEmpty())
+        throw ErroreUso{u"L'opzione --ics non vale con --batch."_s};
+    if (Riga.Batch && Riga.Spiega && !Riga.Json)
+        throw ErroreUso{u"Con --batch l'opzione --spiega vale solo insieme a --json."_s};
     if (Riga.Prova && Riga.In.isEmpty())
         throw ErroreUso{u"L'opzione --prova vale solo con --in."_s};
     return Riga;

@@ -22,6 +22,9 @@ struct RigaComando
     QString Esporta;        ///< --csv FILE, --vcard FILE: the rows go into this file
     bool InSchede = false;  ///< --vcard
     QString Tariffa;        ///< --tariffa 140|55: the decree whose items are meant
+    QString Norme;          ///< --norme programma|vigenti: the rules that a calculator follows
+    bool Spiega = false;    ///< --spiega: the reasons behind the answer
+    QString Ics;            ///< --ics FILE: the dates go into this file too, for a calendar
     QString Archivio;       ///< --archivio FILE: clients and counterparties
 };
 

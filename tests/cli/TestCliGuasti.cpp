@@ -23,8 +23,8 @@ class Guasto
 public:
     Guasto() : Programma(NuovaCartella())
     {
-        for (const QString& Nome :
-             {u"parcelle.mdb"_s, u"parcelle55.mdb"_s, u"Comuni.mdb"_s, u"DatiStudio.mdb"_s, u"Tassi.dat"_s})
+        for (const QString& Nome : {u"parcelle.mdb"_s, u"parcelle55.mdb"_s, u"Comuni.mdb"_s,
+                                    u"DatiStudio.mdb"_s, u"Tassi.dat"_s, u"Norme.mdb"_s})
             ScriviFile(Programma + Nome, LeggiFile(ProgrammaDiProva() + Nome));
         CreaCartella(Programma + u"doc"_s);
         for (const QString& Nome : {u"ContrattoPersonaFisica.rtf"_s, u"ResaInformazionePersonaFisica.rtf"_s})
@@ -96,6 +96,9 @@ void TestCliGuasti::unaFraseColNome_data()
             QStringList{
                 u"interessi"_s, u"legali"_s, u"1000"_s, u"Euro"_s, {}, u"01/02/2009"_s, u"31/01/2012"_s}},
         std::pair{u"Tassi.dat"_s, u"istat 100 € 01/03/1998 01/11/2011"_s.split(u' ')},
+        std::pair{u"Norme.mdb"_s, u"--norme vigenti termini 10/03/2026 10 giorni"_s.split(u' ')},
+        std::pair{u"Norme.mdb"_s, u"--norme vigenti contributo 6000 ordinario 10/06/2025"_s.split(u' ')},
+        std::pair{u"Norme.mdb"_s, u"ricorrenti"_s.split(u' ')},
         std::pair{u"DatiStudio.mdb"_s, QStringList{u"rubrica"_s, u"clienti"_s}},
     };
     for (const auto& [File, Comando] : Righe)

@@ -68,8 +68,9 @@ void ControllaRegole(const Norme& Insieme)
 
 void ControllaCatene(const Norme& Insieme)
 {
-    (void)CodiciUnici(Insieme.Termini(), u"Termini"_s);
-    (void)CodiciUnici(Insieme.Catene(), u"Catene"_s);
+    // A code names a term or a chain, never both.
+    if (CodiciUnici(Insieme.Termini(), u"Termini"_s).intersects(CodiciUnici(Insieme.Catene(), u"Catene"_s)))
+        Rifiuta(u"Catene: un codice è già di un termine"_s);
     for (const CatenaTermini& Catena : Insieme.Catene())
         for (const AnelloCatena& Anello : Catena.Anelli) {
             const TermineRicorrente* Termine = TrovaTermine(Insieme, Anello.Termine);

@@ -293,6 +293,8 @@ void TestNorme::ritocchiRisigillati_data()
          u"colonna Verso: non è fra avanti, a ritroso");
     Riga("catena con un termine che non c'è", u"UPDATE Catene SET Termine='CPC-000' WHERE Termine='CPC-166'",
          u"Catene");
+    Riga("catena con il codice di un termine", u"UPDATE Catene SET Catena='CPC-166' WHERE Catena='CPC-189'",
+         u"Catene: un codice è già di un termine");
     Riga("catena che comincia da dopo",
          u"UPDATE Catene SET Inizio='scadenza', Da='CPC-183-3-V' WHERE Termine='CPC-183-1-V'",
          u"colonna Da: nessun termine prima di questo ha quel codice");
