@@ -390,9 +390,17 @@ void SchedaDatiBase::MostraOpzioni()
         Prima = Bottone;
     }
     setTabOrder(Prima, ui->cmbAumRid);
-    for (QGroupBox* Gruppo : {ui->fraAumenti, ui->fraRiduzioni})
-        Gruppo->setVisible(std::ranges::any_of(
-            Offerte, [&](const OpzioneAumRid& Una) { return Una.Gruppo == Gruppo->title(); }));
+    // A list that is longer than the usual ones moves together rather than out of the page.
+    constexpr qsizetype RigheComode = 6;
+    constexpr int SpazioComodo = 4;
+    qsizetype PiuLunga = 0;
+    for (QGroupBox* Gruppo : {ui->fraAumenti, ui->fraRiduzioni}) {
+        const auto Quante = std::ranges::count(Offerte, Gruppo->title(), &OpzioneAumRid::Gruppo);
+        Gruppo->setVisible(Quante > 0);
+        PiuLunga = std::max(PiuLunga, Quante);
+    }
+    for (QVBoxLayout* Colonna : {ui->colAumenti, ui->colRiduzioni})
+        Colonna->setSpacing(PiuLunga > RigheComode ? 0 : SpazioComodo);
 }
 
 /// A button for an option of the decree's own, in the frame of its sign, above what fills the room below.

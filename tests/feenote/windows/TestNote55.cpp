@@ -406,6 +406,7 @@ void TestNote55::larghezzeEBordi()
     const auto* Cornice = qobject_cast<const QScrollArea*>(PaginaIn(F));
     QVERIFY(Cornice);
     QCOMPARE(Cornice->horizontalScrollBar()->maximum(), 0);
+    QCOMPARE(Cornice->verticalScrollBar()->maximum(), 0);  // nor down, at the size that it opens with
     // A banner that is longer than its row says so, and is read whole in its tooltip.
     const auto* Striscia = Controllo<Etichetta>(F, "lblDatiBase");
     Scegli(Controllo<QComboBox>(F, "cmbValore"), 13);  // of particular importance
