@@ -147,7 +147,7 @@ frmSetup::~frmSetup() = default;
 
 void frmSetup::CreaTasti()
 {
-    const auto Tasto = [this](const QKeySequence& Sequenza, auto Azione) {
+    const auto Tasto = [this](const auto& Sequenza, auto Azione) {
         Collega(new QShortcut(Sequenza, this), &QShortcut::activated, this, std::move(Azione));
     };
     const auto Gira = [this](int Passo) {
@@ -156,6 +156,9 @@ void frmSetup::CreaTasti()
             ui->tabSetup->setCurrentIndex((ui->tabSetup->currentIndex() + Passo + Quante) % Quante);
     };
     Tasto(QKeySequence(Qt::CTRL | Qt::Key_S), [this] { cmdSaveImpost_Click(); });
+    // On a display a list in the page keeps Ctrl+Tab for itself.
+    Tasto(QKeySequence::NextChild, [Gira] { Gira(1); });
+    Tasto(QKeySequence::PreviousChild, [Gira] { Gira(-1); });
     Tasto(QKeySequence(Qt::CTRL | Qt::Key_PageDown), [Gira] { Gira(1); });
     Tasto(QKeySequence(Qt::CTRL | Qt::Key_PageUp), [Gira] { Gira(-1); });
     Tasto(QKeySequence(Qt::SHIFT | Qt::Key_F1), [this] { ui->cmdHelp->toggle(); });

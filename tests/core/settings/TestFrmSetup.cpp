@@ -34,6 +34,7 @@ private Q_SLOTS:
     void aprirlaDueVolteNonPerdeIlTesto();
     void ricordaIlPosto();
     void ordineDelTabulatore();
+    void ctrlTabGiraLeSchede();
     void changeTabFuoriDaiLimiti();
     void ogniControlloHaUnNome();
 
@@ -347,6 +348,22 @@ void TestFrmSetup::ordineDelTabulatore()
         Attesi << Nome;
     Attesi << u"cmdHelp"_s << u"cmdSaveImpost"_s << u"cmdChiudi"_s;
     QCOMPARE(Passati.first(Attesi.size()), Attesi);
+}
+
+/// From whatever field a page begins with, a list too.
+void TestFrmSetup::ctrlTabGiraLeSchede()
+{
+    QVERIFY(MostraAttiva(*Modulo));
+    Modulo->Mostra(0);
+    const auto* Schede = Modulo->findChild<QTabWidget*>(u"tabSetup"_s);
+    for (int Passo = 1; Passo <= Schede->count(); ++Passo) {
+        QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_Tab, u"\t"_s,
+                            Qt::ControlModifier);
+        QCOMPARE(Schede->currentIndex(), Passo % Schede->count());
+    }
+    QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_Backtab, u"\t"_s,
+                        Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(Schede->currentIndex(), Schede->count() - 1);
 }
 
 void TestFrmSetup::changeTabFuoriDaiLimiti()
