@@ -60,7 +60,7 @@ void PreparaCartellaUtente()
 /// True when a folder holds databases that the program has not come with: notes, or templates.
 bool HaParcelle(const QString& Cartella)
 {
-    QStringList Fornite{u"datistudio.mdb"_s, u"comuni.mdb"_s};
+    QStringList Fornite{u"datistudio.mdb"_s, u"comuni.mdb"_s, u"norme.mdb"_s};
     for (const Decreto* Legge : Decreti)
         Fornite.append(Legge->File.toString().toLower());
     const QStringList Trovate = NomiDeiFile(Cartella, u".mdb"_s);
