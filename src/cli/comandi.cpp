@@ -196,7 +196,7 @@ Risposta DaSolo(const QStringList& Valori)
 
 /// A command that follows norms.
 ComandoCli PerNorme(QStringView Nome, QStringView Valori, int Minimo, int Massimo,
-                    Risposta (*Comando)(const QStringList&, const SceltaNorme&))
+                    Risposta (*Comando)(const QStringList&, const NormeChieste&))
 {
     ComandoCli Riga{Nome, Valori, Minimo, Massimo, false, {}};
     Riga.Esegui = [Comando](const QStringList& Dati) { return Comando(Dati, {}); };
@@ -234,7 +234,7 @@ void ControllaNorme(const ComandoCli& Comando, const RigaComando& Chiamata)
     Vuole(!Chiamata.Ics.isEmpty(), Comando.InAgenda, u"--ics"_s);
 }
 
-SceltaNorme NormeDi(const RigaComando& Chiamata)
+NormeChieste NormeDi(const RigaComando& Chiamata)
 {
     return {Chiamata.Norme == u"vigenti" ? InsiemeNorme::Vigenti : InsiemeNorme::Programma, Chiamata.Spiega,
             Chiamata.Ics, !Chiamata.Json && !Chiamata.Spiega};

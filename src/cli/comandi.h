@@ -31,7 +31,7 @@ struct NotaMultipla
 };
 
 /// The rules that a calculator follows, and what is wanted beside its answer.
-struct SceltaNorme
+struct NormeChieste
 {
     InsiemeNorme Insieme = InsiemeNorme::Programma;
     bool Spiega = false;      ///< the reasons: rows of text, or a part of the record
@@ -58,7 +58,7 @@ struct ComandoCli
     /// The same command by a tariff; none where --tariffa means nothing to it.
     std::function<Risposta(const QStringList& Valori, const Decreto& Legge)> ConTariffa = {};
     /// The same command by the norms that --norme chooses; none where it means nothing to it.
-    std::function<Risposta(const QStringList& Valori, const SceltaNorme& Scelta)> ConNorme = {};
+    std::function<Risposta(const QStringList& Valori, const NormeChieste& Scelta)> ConNorme = {};
     bool SpiegaNorme = false;  ///< --spiega means something to it
     bool InAgenda = false;     ///< --ics means something to it
 };
@@ -89,17 +89,17 @@ struct ComandoCli
 [[nodiscard]] Risposta ComandoImporta(const QStringList& Valori);
 
 /// The calculators.
-[[nodiscard]] Risposta ComandoTermini(const QStringList& Valori, const SceltaNorme& Scelta = {});
-[[nodiscard]] Risposta ComandoSequenziali(const QStringList& Valori, const SceltaNorme& Scelta = {});
+[[nodiscard]] Risposta ComandoTermini(const QStringList& Valori, const NormeChieste& Scelta = {});
+[[nodiscard]] Risposta ComandoSequenziali(const QStringList& Valori, const NormeChieste& Scelta = {});
 [[nodiscard]] Risposta ComandoCodFis(const QStringList& Valori);
-[[nodiscard]] Risposta ComandoContributo(const QStringList& Valori, const SceltaNorme& Scelta = {});
-[[nodiscard]] Risposta ComandoInteressi(const QStringList& Valori, const SceltaNorme& Scelta = {});
+[[nodiscard]] Risposta ComandoContributo(const QStringList& Valori, const NormeChieste& Scelta = {});
+[[nodiscard]] Risposta ComandoInteressi(const QStringList& Valori, const NormeChieste& Scelta = {});
 [[nodiscard]] Risposta ComandoIstat(const QStringList& Valori);
 
 /// The catalogue of recurring terms and of their chains: all rows, or those with the words of a text.
 [[nodiscard]] Risposta ComandoRicorrenti(const QStringList& Valori);
 /// A term of the catalogue or a chain of them, from the day of its event; always by the law in force.
-[[nodiscard]] Risposta ComandoScadenza(const QStringList& Valori, const SceltaNorme& Scelta);
+[[nodiscard]] Risposta ComandoScadenza(const QStringList& Valori, const NormeChieste& Scelta);
 
 /// The rows of a summary as text and record.
 [[nodiscard]] Risposta RispostaRiepilogo(const Catena& Conti);

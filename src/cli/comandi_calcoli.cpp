@@ -173,7 +173,7 @@ Risposta ComandoCodFis(const QStringList& Valori)
     return {Codice, {{u"codice"_s, Codice}}, false};
 }
 
-Risposta ComandoInteressi(const QStringList& Valori, const SceltaNorme& Scelta)
+Risposta ComandoInteressi(const QStringList& Valori, const NormeChieste& Scelta)
 {
     const DatiInteressi Dati = LeggiDatiInteressi(Valori, Scelta.Insieme);
     QString UltimoAumento = Dati.Aumento;  // whoever wrote the increase needs no warning of it

@@ -71,7 +71,7 @@ QJsonArray StradaJson(const Strada& Passi)
 }
 
 /// What --spiega adds to a record, and the notes of the law in force, which always stand there.
-void Spiega(QJsonObject& Record, const EsitoTermine& Esito, const SceltaNorme& Scelta)
+void Spiega(QJsonObject& Record, const EsitoTermine& Esito, const NormeChieste& Scelta)
 {
     if (Scelta.Spiega)
         Record[u"strada"_s] = StradaJson(Esito.Passi);
@@ -80,14 +80,14 @@ void Spiega(QJsonObject& Record, const EsitoTermine& Esito, const SceltaNorme& S
 }
 
 /// Notes on a result by the law in force are told beside an answer of one line.
-void Avverti(const QStringList& Note, const SceltaNorme& Scelta)
+void Avverti(const QStringList& Note, const NormeChieste& Scelta)
 {
     if (Scelta.Insieme == InsiemeNorme::Vigenti && Scelta.NoteAParte && !Note.isEmpty())
         MsgBox(Note.join(u'\n'), vbInformation);
 }
 
 /// The answer with its reasons below it: road, then notes.
-QString Spiegato(const QString& Testo, const EsitoTermine& Esito, const SceltaNorme& Scelta)
+QString Spiegato(const QString& Testo, const EsitoTermine& Esito, const NormeChieste& Scelta)
 {
     return Scelta.Spiega ? (QStringList{Testo, TestoStrada(Esito.Passi)} + Esito.Note).join(u'\n') : Testo;
 }
@@ -97,7 +97,7 @@ QString NotaDi(const OpzioniTermine& Opzioni)
     return Opzioni.Antecedente ? u"Anticipata"_s : u"Posticipata"_s;
 }
 
-void Segna(const SceltaNorme& Scelta, const QList<VoceAgenda>& Voci)
+void Segna(const NormeChieste& Scelta, const QList<VoceAgenda>& Voci)
 {
     if (!Scelta.Ics.isEmpty())
         (void)SalvaIcs(Scelta.Ics, Voci);
@@ -136,7 +136,7 @@ struct DataTrovata
 };
 
 /// The answer of a chain: dates in one line, with --spiega a paragraph for each.
-Risposta RispostaDate(const QList<DataTrovata>& Date, const QString& Nota, const SceltaNorme& Scelta)
+Risposta RispostaDate(const QList<DataTrovata>& Date, const QString& Nota, const NormeChieste& Scelta)
 {
     QStringList Testi;
     QStringList Paragrafi;
@@ -254,7 +254,7 @@ RichiestaContributo LeggiContributo(const Norme& Insieme, const QStringList& Val
     return Chiesto;
 }
 
-Risposta ContributoDiLegge(const QStringList& Valori, const SceltaNorme& Scelta)
+Risposta ContributoDiLegge(const QStringList& Valori, const NormeChieste& Scelta)
 {
     const auto Insieme = NormeVigenti();
     const EsitoContributo Esito = ContributoVigente(*Insieme, LeggiContributo(*Insieme, Valori));
@@ -284,7 +284,7 @@ Risposta ContributoDiLegge(const QStringList& Valori, const SceltaNorme& Scelta)
 
 }  // namespace
 
-Risposta ComandoTermini(const QStringList& Valori, const SceltaNorme& Scelta)
+Risposta ComandoTermini(const QStringList& Valori, const NormeChieste& Scelta)
 {
     DatiTermine Dati = LeggiDatiTermine(Valori);
     // The law moves a backward term off a Saturday too; the program's rule does not.
@@ -314,7 +314,7 @@ Risposta ComandoTermini(const QStringList& Valori, const SceltaNorme& Scelta)
             false};
 }
 
-Risposta ComandoSequenziali(const QStringList& Valori, const SceltaNorme& Scelta)
+Risposta ComandoSequenziali(const QStringList& Valori, const NormeChieste& Scelta)
 {
     OpzioniTermine Opzioni;
     const int Articolo = LeggiParola(u"articolo"_s, Valori[1], {u"183"_s, u"190"_s});
@@ -371,10 +371,10 @@ Risposta ComandoRicorrenti(const QStringList& Valori)
     return {Righe.join(u'\n'), {{u"termini"_s, Termini}, {u"catene"_s, Catene}}, false};
 }
 
-Risposta ComandoScadenza(const QStringList& Valori, const SceltaNorme& Scelta)
+Risposta ComandoScadenza(const QStringList& Valori, const NormeChieste& Scelta)
 {
     const auto Insieme = NormeVigenti();
-    const SceltaNorme DiLegge{InsiemeNorme::Vigenti, Scelta.Spiega, Scelta.Ics, Scelta.NoteAParte};
+    const NormeChieste DiLegge{InsiemeNorme::Vigenti, Scelta.Spiega, Scelta.Ics, Scelta.NoteAParte};
     const QDate Evento = LeggiGiorno(u"evento"_s, Valori[1]);
     const QString Materia = Valori.value(2).trimmed();
     const QString Inizio = Valori.value(3).trimmed();
@@ -398,7 +398,7 @@ Risposta ComandoScadenza(const QStringList& Valori, const SceltaNorme& Scelta)
                         u"Spostata"_s, DiLegge);
 }
 
-Risposta ComandoContributo(const QStringList& Valori, const SceltaNorme& Scelta)
+Risposta ComandoContributo(const QStringList& Valori, const NormeChieste& Scelta)
 {
     if (Scelta.Insieme == InsiemeNorme::Vigenti)
         return ContributoDiLegge(Valori, Scelta);

@@ -85,6 +85,13 @@ QString ContenutoComuni(const Database& Db)
     return Quanti(Db, u"Comuni"_s) + u" comuni e Stati esteri"_s + (Al.isEmpty() ? Al : u", al "_s + Al);
 }
 
+QString ContenutoNorme(const Database& Db)
+{
+    const QString Al = Db.Annotazioni().value(u"Al"_s);
+    return Quanti(Db, u"Termini"_s) + u" termini ricorrenti"_s +
+           (Al.isEmpty() ? Al : u", norme note fino al "_s + Al);
+}
+
 GruppoInformazioni Programma()
 {
     const QString Server = indirizzi::Server();
@@ -119,6 +126,7 @@ GruppoInformazioni Archivi()
              {u"Tariffa in vigore"_s, ArchivioTariffa(Dm55)},
              {u"Tassi"_s, Archivio(ArchivioTassi(), ContenutoTassi)},
              {u"Comuni"_s, Archivio(Prog + u"Comuni.mdb"_s, ContenutoComuni)},
+             {u"Norme in vigore"_s, Archivio(Prog + u"Norme.mdb"_s, ContenutoNorme)},
              {u"Clienti"_s, sessione::ArchivioCliCon.isEmpty()
                                 ? u"non impostato"_s
                                 : Archivio(sessione::ArchivioCliCon, [](const Database& Db) {

@@ -120,7 +120,7 @@ public:
         for (const QString& Nome : {u"programma/doc"_s, u"utente"_s, u"XDG_CONFIG_HOME/Calcanova"_s})
             QDir(Qui).mkpath(Nome);
         for (const QString& Nome :
-             {u"parcelle.mdb"_s, u"parcelle55.mdb"_s, u"Comuni.mdb"_s, u"DatiStudio.mdb"_s})
+             {u"parcelle.mdb"_s, u"parcelle55.mdb"_s, u"Comuni.mdb"_s, u"DatiStudio.mdb"_s, u"Norme.mdb"_s})
             Scrivi(Qui + u"programma/"_s + Nome, Leggi(Programma + Nome));
         Scrivi(Qui + u"utente/Tassi.dat"_s, Leggi(Programma + u"Tassi.dat"_s));
         Scrivi(Qui + u"nota.json"_s, Descrizione());
@@ -240,6 +240,11 @@ private:
             {u"--tariffa"_s, u"55"_s, u"voci"_s, u"STR"_s, u""_s, u"3000000"_s}};
         const QList<QStringList> DeiComuni{
             {u"codfis"_s, u"Rossi"_s, u"Maria"_s, u"01/02/1980"_s, u"F"_s, u"Forli'"_s}};
+        const QList<QStringList> DelleNorme{
+            {u"--norme"_s, u"vigenti"_s, u"--spiega"_s, u"termini"_s, u"10/03/2026"_s, u"200"_s, u"giorni"_s},
+            {u"--norme"_s, u"vigenti"_s, u"contributo"_s, u"6000"_s, u"ordinario"_s, u"10/06/2025"_s},
+            {u"ricorrenti"_s},
+            {u"scadenza"_s, u"CPC-171TER"_s, u"15/06/2026"_s}};
         const QList<QStringList> DelleClausole{
             {u"stampa"_s, Qui + u"sana.mdb"_s, u"5"_s, Testo},
             {u"stampa"_s, Qui + u"sana.mdb"_s, u"5"_s, Qui + u"uscita.htm"_s}};
@@ -249,6 +254,7 @@ private:
         const QByteArray Tariffe = Leggi(Programma + u"parcelle.mdb"_s);
         const QByteArray Tariffe55 = Leggi(Programma + u"parcelle55.mdb"_s);
         const QByteArray Comuni = Leggi(Programma + u"Comuni.mdb"_s);
+        const QByteArray Norme = Leggi(Programma + u"Norme.mdb"_s);
         const QByteArray Studio = Leggi(Programma + u"DatiStudio.mdb"_s);
         const QByteArray Clausole =
             "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Times New Roman;}}\\pard\\qj\\b Art. 3 - Incarico\\b0\\par "
@@ -273,6 +279,8 @@ private:
             {u"tariffe-schema"_s, u"programma/parcelle.mdb"_s, Tariffe, Genere::Schema, DelleTariffe},
             {u"tariffe55"_s, u"programma/parcelle55.mdb"_s, Tariffe55, Genere::Byte, DelleTariffe55},
             {u"tariffe55-schema"_s, u"programma/parcelle55.mdb"_s, Tariffe55, Genere::Schema, DelleTariffe55},
+            {u"norme"_s, u"programma/Norme.mdb"_s, Norme, Genere::Byte, DelleNorme},
+            {u"norme-schema"_s, u"programma/Norme.mdb"_s, Norme, Genere::Schema, DelleNorme},
             {u"archivio"_s, u"programma/DatiStudio.mdb"_s, Studio, Genere::Byte, DelloStudio},
             {u"archivio-schema"_s, u"programma/DatiStudio.mdb"_s, Studio, Genere::Schema, DelloStudio}};
     }

@@ -116,6 +116,9 @@ void TestInformazioni::archiviForniti()
              qPrintable(Riga(u"Archivi"_s, u"Tariffa in vigore"_s)));
     QVERIFY2(Riga(u"Archivi"_s, u"Comuni"_s).endsWith(u"; 10.930 comuni e Stati esteri, al 31/05/2024"),
              qPrintable(Riga(u"Archivi"_s, u"Comuni"_s)));
+    QVERIFY2(Riga(u"Archivi"_s, u"Norme in vigore"_s)
+                 .endsWith(u"; 115 termini ricorrenti, norme note fino al 21/11/2026"),
+             qPrintable(Riga(u"Archivi"_s, u"Norme in vigore"_s)));
     sessione::ArchivioCliCon = ProgrammaDiProva() + u"DatiStudio.mdb"_s;
     QVERIFY2(Riga(u"Archivi"_s, u"Clienti"_s)
                  .endsWith(u" 0 clienti, 0 controparti, in "_s + sessione::ArchivioCliCon),

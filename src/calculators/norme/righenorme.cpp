@@ -13,13 +13,17 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int UnAnnoBisestile = 2000;
+constexpr int MassimoRighe = 2000;  // of a table: many times what any of ours holds
 constexpr double MassimoImporto = 1e12;
 
 }  // namespace
 
 RigheNorme::RigheNorme(const Database& Db, const QString& Nome)
     : Tabella(Nome), Righe(Db.OpenRecordset(u"SELECT * FROM %1 ORDER BY rowid"_s.arg(Identificatore(Nome))))
-{}
+{
+    if (Righe.RecordCount() > MassimoRighe)
+        throw Errore(errori::Argomento, u"%1: le righe sono troppe"_s.arg(Tabella));
+}
 
 void RigheNorme::Avanti()
 {

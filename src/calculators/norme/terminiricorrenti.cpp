@@ -124,7 +124,7 @@ QList<const TermineRicorrente*> CercaTermini(const Norme& Insieme, const QString
     return Trovati;
 }
 
-RichiestaTermine RichiestaDi(const TermineRicorrente& Termine, const QDate& Decorrenza)
+RichiestaTermine RichiestaTermineDi(const TermineRicorrente& Termine, const QDate& Decorrenza)
 {
     if (Termine.Regola)
         Rifiuta(u"%1 è una regola, non un termine da contare"_s.arg(Termine.Codice));
@@ -144,7 +144,7 @@ RichiestaTermine RichiestaDi(const TermineRicorrente& Termine, const QDate& Deco
 EsitoTermine ComputaRicorrente(const Norme& Insieme, const TermineRicorrente& Termine, const QDate& Evento,
                                const QString& Materia, const std::optional<QDate>& Inizio)
 {
-    RichiestaTermine Chiesto = RichiestaDi(Termine, Evento);
+    RichiestaTermine Chiesto = RichiestaTermineDi(Termine, Evento);
     ControllaVigenza(Termine, Evento, Inizio);
     Chiesto.Materia = Materia;
     EsitoTermine Esito = ComputaTermine(Insieme, Chiesto);

@@ -105,7 +105,7 @@ struct EsitoTermine
 [[nodiscard]] EsitoTermine ComputaTermine(InsiemeNorme Insieme, const RichiestaTermine& Richiesta);
 
 /// What a row of the catalogue asks: fills the boxes of a window. @throws Errore 5 it is a rule
-[[nodiscard]] RichiestaTermine RichiestaDi(const TermineRicorrente& Termine, const QDate& Decorrenza);
+[[nodiscard]] RichiestaTermine RichiestaTermineDi(const TermineRicorrente& Termine, const QDate& Decorrenza);
 
 /// One date of a chain.
 struct ScadenzaCatena

@@ -333,7 +333,7 @@ void frmTermini::cmdRicorrenti_Click()
 
 void frmTermini::UsaTermine(const TermineRicorrente& Termine)
 {
-    const RichiestaTermine Chiesto = RichiestaDi(Termine, {});
+    const RichiestaTermine Chiesto = RichiestaTermineDi(Termine, {});
     Catena.reset();
     Scelto.reset();
     ui->txtIncrNum->setText(QString::number(Chiesto.Numero));
@@ -387,7 +387,7 @@ void frmTermini::VerificaScelto()
     Delle.Numero = Caselle.Numero.toInt();
     Delle.Tipo = Caselle.Tipo;
     Delle.Opzioni = Caselle.Opzioni;
-    if (Uguali(RichiestaDi(*Scelto, {}), Delle))
+    if (Uguali(RichiestaTermineDi(*Scelto, {}), Delle))
         return;
     Scelto.reset();
     MostraScelto();

@@ -43,7 +43,7 @@ QList<TermineContato> CatenaDelProgramma(const Norme& DiLegge, const CatenaTermi
             throw Errore(errori::Indice);
         const QDate Da =
             Anello.Inizio == InizioAnello::Scadenza ? Fatti.value(Anello.Da).Esito.Scadenza : Evento;
-        RichiestaTermine Chiesto = RichiestaDi(*Termine, Da);
+        RichiestaTermine Chiesto = RichiestaTermineDi(*Termine, Da);
         if (Anello.Inizio == InizioAnello::Aumento)
             Chiesto.Numero += Giorni.value(Anello.Da);
         // These rules move no backward term off a Saturday.

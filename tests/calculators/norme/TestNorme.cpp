@@ -264,6 +264,10 @@ void TestNorme::ritocchiRisigillati_data()
         QTest::newRow(Nome) << QString::fromUtf16(Sql) << QString::fromUtf16(Motivo);
     };
     Riga("tabella sparita", u"DROP TABLE Feste", u"Tabella o query non trovata");
+    Riga("troppe righe",
+         u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<2001) "
+         u"INSERT INTO Avvisi SELECT 'termini', NULL, NULL, 'x' FROM n",
+         u"Avvisi: le righe sono troppe");
     Riga("sospensione senza presente", u"DELETE FROM Sospensioni WHERE Al IS NULL",
          u"Sospensioni: manca il periodo in vigore");
     Riga("sospensioni con un buco", u"UPDATE Sospensioni SET Dal='2016-01-01' WHERE Al IS NULL",

@@ -106,7 +106,7 @@ QStringList SchedeAttese(const CatalogoVoci& Catalogo)
 
 void TestConsegnati::archivi_data()
 {
-    Righe({"parcelle.mdb", "parcelle55.mdb", "DatiStudio.mdb", "Tassi.dat", "Comuni.mdb"});
+    Righe({"parcelle.mdb", "parcelle55.mdb", "DatiStudio.mdb", "Tassi.dat", "Comuni.mdb", "Norme.mdb"});
 }
 
 void TestConsegnati::archivi()

@@ -264,12 +264,12 @@ void TestTariffeDati::stessiByteAdOgniGiro()
     int Stato = -1;
     Esegui({Dati(), Altra}, Stato);
     QCOMPARE(Stato, 0);
-    for (const auto& Nome :
-         {u"parcelle.mdb"_s, u"parcelle55.mdb"_s, u"DatiStudio.mdb"_s, u"Tassi.dat"_s, u"Comuni.mdb"_s}) {
+    for (const auto& Nome : {u"parcelle.mdb"_s, u"parcelle55.mdb"_s, u"DatiStudio.mdb"_s, u"Tassi.dat"_s,
+                             u"Comuni.mdb"_s, u"Norme.mdb"_s}) {
         QVERIFY(!Contenuto(Uscita + Nome).isEmpty());
         QCOMPARE(Contenuto(Altra + Nome), Contenuto(Uscita + Nome));
     }
-    QCOMPARE(QDir(Altra).entryList(QDir::Files | QDir::Hidden).size(), 5);
+    QCOMPARE(QDir(Altra).entryList(QDir::Files | QDir::Hidden).size(), 6);
 }
 
 // ---- Refusals ------------------------------------------------------------------------------------
