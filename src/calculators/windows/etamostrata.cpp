@@ -1,6 +1,8 @@
 #include "calculators/windows/etamostrata.h"
 
+#include "platform/base/errore.h"
 #include "platform/kit/aspetto.h"
+#include "platform/system/file.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -31,4 +33,15 @@ void MostraEta(QLabel* Dove, const EtaDati& Eta)
     QPalette Colori;
     Colori.setColor(Dove->foregroundRole(), Colore(Eta.Grado));
     Dove->setPalette(Colori);
+}
+
+std::optional<CoperturaTassi> CoperturaLetta(const QString& Archivio)
+{
+    if (!EsisteFile(Archivio))
+        return std::nullopt;
+    try {
+        return LeggiCopertura(Archivio);
+    } catch (const Errore&) {
+        return std::nullopt;
+    }
 }

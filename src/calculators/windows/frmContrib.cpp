@@ -65,6 +65,7 @@ void ApriScheda()
 frmContrib::frmContrib() : ui(std::make_unique<Ui::frmContrib>())
 {
     ui->setupUi(this);
+    Scelta = std::make_unique<SceltaNorme>(ui->cmbNorme, [this] { CambiaNorme(); });
     fraContrib = new PannelloContributo(ui->Picture1);
     ui->VScroll1->setRange(0, PassiBarra);
     ui->VScroll1->setPageStep(PassiBarra);
@@ -129,7 +130,16 @@ void frmContrib::Collegamenti()
 
 void frmContrib::Mostra()
 {
-    MostraModulo(this);
+    if (MostraModulo(this))
+        Scelta->Comincia();
+}
+
+/// The fees in force come beside the page, which stays as it is.
+void frmContrib::CambiaNorme()
+{
+    if (Scelta->InVigore())
+        ui->fraVigente->Imposta(Scelta->Lette());
+    ui->fraVigente->setVisible(Scelta->InVigore());
 }
 
 bool frmContrib::event(QEvent* Evento)
@@ -192,14 +202,17 @@ void frmContrib::mnuNew_Click()
         Contributi[size_t(i)].clear();
     }
     MostraContributi();
+    ui->fraVigente->Svuota();
     Campanello();
     fraContrib->txtValore(0)->setFocus();
 }
 
-/// The fee of the row that has the focus, that of the first row elsewhere.
+/// The fee of the row or panel that has the focus, that of the first row elsewhere.
 QString frmContrib::TestoCopia() const
 {
     const QWidget* Fuoco = QApplication::focusWidget();
+    if (ui->fraVigente->isAncestorOf(Fuoco))
+        return ui->fraVigente->Importo();
     for (int i = 0; i < CampiContributo; ++i)
         if (Fuoco == fraContrib->txtValore(i) || Fuoco == fraContrib->cmdCopia(i))
             return Contributi[size_t(i)];

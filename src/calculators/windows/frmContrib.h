@@ -2,6 +2,7 @@
 #pragma once
 
 #include "calculators/modContributo.h"
+#include "calculators/windows/sceltanorme.h"
 
 #include <QDialog>
 
@@ -36,6 +37,7 @@ protected:
 
 private:
     void Collegamenti();
+    void CambiaNorme();
     void ImpostaMisura();
     void ScorriA(int Alto);
     void Scorri(int Passo);
@@ -48,6 +50,7 @@ private:
     [[nodiscard]] QString TestoCopia() const;
 
     std::unique_ptr<Ui::frmContrib> ui;
+    std::unique_ptr<SceltaNorme> Scelta;
     PannelloContributo* fraContrib;
     TestiContributo Contributi;
     int UltimoScorrimento = 0;  ///< the bar at its last change, or where the page moved it to

@@ -1,6 +1,7 @@
 #include "calculators/windows/frmInteressi.h"
 
 #include "calculators/modTassi.h"
+#include "calculators/windows/etamostrata.h"
 #include "calculators/windows/finestracalcolo.h"
 #include "core/modErrori.h"
 #include "core/modLancio.h"
@@ -55,6 +56,11 @@ frmInteressi::frmInteressi() : ui(std::make_unique<Ui::frmInteressi>())
     panArchivio = new QLabel;
     panArchivio->setObjectName(u"barInter_1"_s);
     ui->barInter->addWidget(panArchivio);
+    Scelta = std::make_unique<SceltaNorme>(ui->cmbNorme, [this] {
+        OpzioneScelta = false;
+        PulisciCalcoli();
+        ProponiRegola();
+    });
     ui->cmdCalcola->setIcon(aspetto::Icona(u"inter"_s));
     ui->cmdCopia->setIcon(aspetto::Icona(u"copia"_s));
     PreparaCifra(ui->lblTotale);
@@ -135,7 +141,12 @@ void frmInteressi::Collegamenti()
     Collega(ui->cmbInteressi, &QComboBox::currentIndexChanged, this, [this](int Tipo) {
         PulisciCalcoli();
         VisDati(Tipo);
+        MostraDataArchivio();
+        ProponiRegola();
     });
+    Collega(ui->mskDataIni, &QLineEdit::textChanged, this, [this] { ProponiRegola(); });
+    for (const QRadioButton* Opzione : {ui->optDataFine_0, ui->optDataFine_1})
+        Collega(Opzione, &QRadioButton::clicked, this, [this] { OpzioneScelta = true; });
     Collega(ui->optDataFine_1, &QRadioButton::toggled, this, Pulisci);
 
     Collega(ui->cmdCalcola, &QPushButton::clicked, this, &frmInteressi::cmdCalcola_Click);
@@ -171,12 +182,50 @@ void frmInteressi::MostraDataArchivio()
 {
     if (const auto Aggiornato = DataArchivio(ArchivioTassi()))
         panArchivio->setText(u" Archivio interessi aggiornato al "_s + Format(*Aggiornato, u"dd/mm/yyyy"));
+    Copertura = CoperturaLetta(ArchivioTassi());
+    if (const auto Quale = Eta())
+        MostraEta(ui->lblEta, *Quale);
+    else
+        ui->lblEta->clear();
+}
+
+/// The age of the rates of the chosen kind.
+std::optional<EtaDati> frmInteressi::Eta() const
+{
+    if (!Copertura)
+        return std::nullopt;
+    return ui->cmbInteressi->currentIndex() == InteressiLegali ? EtaLegali(*Copertura, Oggi())
+                                                               : EtaMora(*Copertura, Oggi());
+}
+
+/// Says under the total that it reaches beyond the rates; nothing while it does not.
+void frmInteressi::MostraOltre()
+{
+    const auto Quale = Eta();
+    const auto Fine = ui->mskDataFin->Data();
+    const bool Calcolato = !ui->lblTotale->text().isEmpty();
+    ui->lblOltre->setText(Calcolato && Quale && Fine ? NotaOltre(*Quale, *Fine) : QString());
+    ui->lblOltre->setVisible(!ui->lblOltre->text().isEmpty());
+}
+
+/// By the norms in force default interest proposes the rule of its first day; a choice of the user's stays.
+void frmInteressi::ProponiRegola()
+{
+    const bool Mora = ui->cmbInteressi->currentIndex() == InteressiMora;
+    const auto Inizio = ui->mskDataIni->Data();
+    const PropostaMora Proposta = Mora && Inizio ? ProponiMora(Scelta->Insieme(), *Inizio) : PropostaMora{};
+    ui->lblProposta->setText(Proposta.Nota);
+    ui->lblProposta->setVisible(!Proposta.Nota.isEmpty());
+    if (Mora && Inizio && Scelta->InVigore() && !OpzioneScelta)
+        (Proposta.Dopo2012 ? ui->optDataFine_1 : ui->optDataFine_0)->setChecked(true);
 }
 
 void frmInteressi::Mostra()
 {
-    if (MostraModulo(this))
-        ui->cmbInteressi->setFocus();
+    if (!MostraModulo(this))
+        return;
+    Scelta->Comincia();
+    ui->cmbInteressi->setFocus();
 }
 
 void frmInteressi::keyPressEvent(QKeyEvent* Evento)
@@ -231,6 +280,7 @@ void frmInteressi::MostraEsito(const EsitoInteressi& Esito)
     ui->tdbInter->Rilega();
     ui->tdbInter->Pie(IntImporto, Totale);
     MostraCifra(ui->lblTotale, ui->lblDidTotale, Totale);
+    MostraOltre();
     AbilitaCopie();
     Annuncia(ui->lblTotale);
     LasciaSelezione();
@@ -242,6 +292,7 @@ void frmInteressi::PulisciCalcoli()
     ui->tdbInter->Rilega();
     ui->tdbInter->Pie(IntImporto, {});
     MostraCifra(ui->lblTotale, ui->lblDidTotale, {});
+    MostraOltre();
     AbilitaCopie();
 }
 
@@ -259,6 +310,7 @@ void frmInteressi::mnuNew_Click()
     ui->cmbValuta->setCurrentIndex(ValutaEuro);
     ui->txtCapitale->clear();
     ui->txtAumento->clear();
+    OpzioneScelta = false;
     PulisciCalcoli();
     ui->cmbInteressi->setFocus();
 }

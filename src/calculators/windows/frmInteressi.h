@@ -2,6 +2,8 @@
 #pragma once
 
 #include "calculators/modInteressi.h"
+#include "calculators/norme/etadati.h"
+#include "calculators/windows/sceltanorme.h"
 
 #include <QDialog>
 
@@ -48,6 +50,9 @@ private:
     void CreaCalendario();
     void ColonneRiepilogo();
     void Load();
+    void ProponiRegola();
+    void MostraOltre();
+    [[nodiscard]] std::optional<EtaDati> Eta() const;
     void MostraEsito(const EsitoInteressi& Esito);
     void Calendario_Scelta(const QDate& Data);
     [[nodiscard]] DatiInteressi Dati() const;
@@ -60,6 +65,9 @@ private:
     QFrame* fraCalendario;  ///< what shows and hides the calendar
     CalendarioMensile* Calendario;
     QLabel* panArchivio;  ///< first panel of the status bar
+    std::unique_ptr<SceltaNorme> Scelta;
+    std::optional<CoperturaTassi> Copertura;  ///< none: no archive that can be read
+    bool OpzioneScelta = false;               ///< the user has said when the transaction was concluded
     int IndiceCalendario = 0;
     TabellaRighe Righe{ColonneInteressi};
     int DecimaliTasso = 0;  ///< as many as the longest rate of the lines needs

@@ -1,12 +1,14 @@
 #include "calculators/windows/frmIstat.h"
 
 #include "calculators/modTassi.h"
+#include "calculators/windows/etamostrata.h"
 #include "calculators/windows/finestracalcolo.h"
 #include "core/modErrori.h"
 #include "platform/base/regionale.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/system/orologio.h"
 #include "platform/system/shell.h"
 
 #include "calculators/windows/ui_frmIstat.h"
@@ -125,6 +127,18 @@ void frmIstat::MostraDataArchivio()
 {
     if (const auto Aggiornato = DataArchivio(ArchivioTassi()))
         panArchivio->setText(u" Archivio Istat aggiornato al "_s + Format(*Aggiornato, u"dd/mm/yyyy"));
+    Copertura = CoperturaLetta(ArchivioTassi());
+    if (Copertura)
+        MostraEta(ui->lblEta, EtaIndici(*Copertura, Oggi()));
+}
+
+void frmIstat::MostraOltre()
+{
+    const auto Fine = ui->mskDataFin->Data();
+    const bool Calcolato = !Risultati.lblImpRival.isEmpty();
+    ui->lblOltre->setText(Calcolato && Copertura && Fine ? NotaOltre(EtaIndici(*Copertura, Oggi()), *Fine)
+                                                         : QString());
+    ui->lblOltre->setVisible(!ui->lblOltre->text().isEmpty());
 }
 
 void frmIstat::Mostra()
@@ -176,6 +190,7 @@ void frmIstat::MostraRisultati()
 {
     for (const Etichetta& Voce : Etichette)
         MostraCifra(ui.get()->*Voce.Cifra, ui.get()->*Voce.Didascalia, Risultati.*Voce.Testo);
+    MostraOltre();
     ui->cmdCopia->setEnabled(!Risultati.lblImpRival.isEmpty());
     ui->cmdCopiaTutto->setEnabled(Risultati != RisultatiIstat{});
 }

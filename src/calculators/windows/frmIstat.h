@@ -2,6 +2,7 @@
 #pragma once
 
 #include "calculators/modIstat.h"
+#include "calculators/norme/etadati.h"
 
 #include <QDialog>
 
@@ -26,6 +27,8 @@ public:
 
     /// Says in the status bar how old the rate archive is; nothing where there is none.
     void MostraDataArchivio();
+    /// Says under the results that they reach beyond the indices; nothing while they do not.
+    void MostraOltre();
 
     /// Says which box is wrong, the first one, and gives it the focus. @return true when none is
     [[nodiscard]] bool Check();
@@ -54,4 +57,5 @@ private:
     int IndiceCalendario = 0;           ///< the date that the calendar serves
     bool AggiornamentoChiesto = false;  ///< the user has said yes to the question on the last index
     RisultatiIstat Risultati;
+    std::optional<CoperturaTassi> Copertura;  ///< none: no archive that can be read
 };
