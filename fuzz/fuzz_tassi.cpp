@@ -6,6 +6,7 @@
 #include "calculators/modInteressi.h"
 #include "calculators/modIstat.h"
 #include "calculators/modTassi.h"
+#include "calculators/norme/etadati.h"
 #include "update/controllotassi.h"
 
 #include <cmath>
@@ -40,6 +41,13 @@ void Prova(const QByteArray& Dati)
             Pretendi(std::isfinite(Punto.Valore));
     });
     Riesce([&] { (void)DifettoTassi(File, CartellaCostruita() + u"Tassi.dat"_s); });
+    Riesce([&] {
+        const CoperturaTassi Copertura = LeggiCopertura(File);
+        const QDate Oggi(2026, 11, 22);
+        for (const EtaDati& Eta :
+             {EtaLegali(Copertura, Oggi), EtaMora(Copertura, Oggi), EtaIndici(Copertura, Oggi)})
+            Pretendi(!Eta.Frase.isEmpty() && NotaOltre(Eta, Eta.FinoAl.addDays(1)).contains(u"oltre"));
+    });
     Pretendi(DataArchivio(File).has_value());
 }
 

@@ -21,6 +21,7 @@ constexpr int AttesaMora = 31;
 constexpr int AttesaLegali = 31;
 // The index of a month comes around the middle of the next one.
 constexpr int GiornoIndice = 20;
+constexpr int PrimoAnno = 1900;  // what an archive says of an earlier one is no index
 constexpr int MesiIndiceVecchio = 3;
 // Norms are read again now and then: budget laws change some at every turn of the year.
 constexpr int GiorniNormeFresche = 120;
@@ -54,8 +55,11 @@ QDate UltimoIndice(const Database& Db)
     Righe.MoveLast();
     if (Righe.Eof())
         return {};
-    const QDate Primo(Righe.Value(u"Anno"_s).toInt(), Righe.Value(u"Mese"_s).toInt(), 1);
-    return Primo.addMonths(1).addDays(-1);
+    const int Anno = Righe.Value(u"Anno"_s).toInt();
+    const QDate Primo(Anno, Righe.Value(u"Mese"_s).toInt(), 1);
+    return Anno >= PrimoAnno && Anno <= SempreInVigore.year() && Primo.isValid()
+               ? Primo.addMonths(1).addDays(-1)
+               : QDate();
 }
 
 GradoEta GradoFra(const QDate& Oggi, const QDate& FrescoFino, const QDate& VecchioFino)

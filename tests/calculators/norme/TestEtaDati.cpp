@@ -63,6 +63,14 @@ void TestEtaDati::senzaRighe()
     QCOMPARE(Detto(EtaLegali(Letta, Oggi)), u"stantio: Tassi legali mancanti. "_s);
     QCOMPARE(Detto(EtaIndici(Letta, Oggi)), u"stantio: Indici FOI mancanti. "_s);
     QCOMPARE(Detto(EtaMora(Letta, Oggi)), u"fresco: Tassi di mora fino al 31/12/9999. "_s);
+    {
+        const Database Db = OpenDatabase(File);
+        for (const int Anno : {-4000000, 0, 1899, 10000}) {
+            Db.Execute(u"DELETE FROM IndiciIstat"_s);
+            Db.Execute(u"INSERT INTO IndiciIstat (Anno, Mese) VALUES (?, 1)"_s, {Anno});
+            QCOMPARE(LeggiCopertura(File).Indici, QDate());
+        }
+    }
     QCOMPARE(NotaOltre(EtaLegali(Letta, Oggi), Oggi),
              u"Il risultato va oltre i dati: tassi legali mancanti."_s);
 }
