@@ -148,11 +148,9 @@ QString TagliaTesto(const QString& Testo, qsizetype Massimo)
         return Testo;
     // A word of more than half of the room is divided.
     const qsizetype Fine = Testo.lastIndexOf(u' ', Massimo);
-    return Testo
-        .first(Fine > Massimo / 2                     ? Fine
-               : Testo[Massimo - 1].isHighSurrogate() ? Massimo - 1
-                                                      : Massimo)
-        .trimmed();
+    if (Fine >= Massimo / 2)
+        return Testo.first(Fine).trimmed();
+    return Testo.first(Testo[Massimo - 1].isHighSurrogate() ? Massimo - 1 : Massimo);
 }
 
 QStringList DividiTesto(const QString& Testo, qsizetype Massimo)

@@ -261,6 +261,8 @@ bool CreaFile(const QString& Percorso, const QByteArray& Contenuto)
     const QString Nativo = PercorsoNativo(Percorso);
     if (QFileInfo::exists(Nativo))
         return false;
+    if (guasti::LimiteFile > 0 && Contenuto.size() > guasti::LimiteFile)
+        throw Errore(errori::DiscoPieno);
     FileAccanto Nuovo(Nativo, Lettori::Tutti);
     Nuovo.Scrivi(Contenuto);
     return Nuovo.PosaSeLibero();

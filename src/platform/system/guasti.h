@@ -7,7 +7,7 @@
 
 namespace guasti {
 
-/// No file of more bytes than this is completed by ScriviFile, as on a full disk; 0 lifts the limit.
+/// No file of more bytes than this is completed by ScriviFile and CreaFile, as on a full disk; 0 lifts the limit.
 inline qint64 LimiteFile = 0;
 
 /// Files under this folder refuse any change of their attributes, as on a read-only medium, to the superuser

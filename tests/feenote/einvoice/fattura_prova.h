@@ -357,9 +357,9 @@ inline QString CartellaSchema()
     return FileDiProva(u"feenote/einvoice/schema/"_s);
 }
 
-/// What xmllint says of the files, one after the other: true for one that the schema has. It asks no network:
-/// the other schema is found by a catalogue. An empty list where the program is missing.
-inline QList<bool> Validi(const QStringList& File)
+/// What xmllint writes of the files. It asks no network: the other schema is found by a catalogue. Empty
+/// where the program is missing.
+inline QStringList UscitaXmllint(const QStringList& File)
 {
     QProcess Programma;
     QProcessEnvironment Ambiente = QProcessEnvironment::systemEnvironment();
@@ -367,12 +367,19 @@ inline QList<bool> Validi(const QStringList& File)
     Ambiente.insert(u"LC_ALL"_s, u"C"_s);
     Programma.setProcessEnvironment(Ambiente);
     Programma.setProcessChannelMode(QProcess::MergedChannels);
-    QStringList Argomenti{u"--noout"_s, u"--nonet"_s, u"--schema"_s,
-                          CartellaSchema() + u"Schema_VFPR12_v1.2.3.xsd"_s};
+    const QStringList Argomenti{u"--noout"_s, u"--nonet"_s, u"--schema"_s,
+                                CartellaSchema() + u"Schema_VFPR12_v1.2.3.xsd"_s};
     Programma.start(u"xmllint"_s, Argomenti + File);
     if (!Programma.waitForFinished(60000))
         return {};
-    const QStringList Uscita = QString::fromUtf8(Programma.readAll()).split(u'\n');
+    return QString::fromUtf8(Programma.readAll()).split(u'\n');
+}
+
+/// Its judgement of each file: true for one that the schema has. An empty list where the program is missing,
+/// or could not judge.
+inline QList<bool> Validi(const QStringList& File)
+{
+    const QStringList Uscita = UscitaXmllint(File);
     const QSet<QString> Righe(Uscita.cbegin(), Uscita.cend());
     QList<bool> Esiti;
     for (const QString& Nome : File) {
