@@ -21,6 +21,7 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QRadioButton>
+#include <QScreen>
 #include <QStringList>
 #include <QToolButton>
 #include <QToolTip>
@@ -203,6 +204,27 @@ bool MostraModulo(QDialog* Modulo)
     Modulo->raise();
     Modulo->activateWindow();
     return Nuovo;
+}
+
+void FaiPosto(QDialog* Modulo)
+{
+    if (!Modulo->isVisible() || Modulo->isMaximized())
+        return;
+    for (const QWidget* Parte : Modulo->findChildren<QWidget*>())
+        if (Parte->layout())
+            Parte->layout()->activate();
+    const QRect Schermo = Modulo->screen()->availableGeometry();
+    const QSize Cornice = Modulo->frameGeometry().size() - Modulo->size();
+    const QSize Massima = (Schermo.size() - Cornice).expandedTo(Modulo->size());
+    const QSize Nuova = Modulo->size().expandedTo(Modulo->sizeHint()).boundedTo(Massima);
+    if (Nuova == Modulo->size())
+        return;
+    Modulo->resize(Nuova);
+    // Grown, it stays whole on the screen.
+    const int Sotto = Modulo->frameGeometry().bottom() - Schermo.bottom();
+    const int Destra = Modulo->frameGeometry().right() - Schermo.right();
+    if (Sotto > 0 || Destra > 0)
+        Modulo->move(Modulo->pos() - QPoint(std::max(Destra, 0), std::max(Sotto, 0)));
 }
 
 void CatenaInvio(const QList<QWidget*>& Campi, const std::function<void()>& Calcola)

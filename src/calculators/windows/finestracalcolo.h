@@ -38,6 +38,9 @@ void ImpostaMenu(QDialog* Modulo, const QList<VoceMenu>& Voci);
 /// @return true when it was not on screen
 bool MostraModulo(QDialog* Modulo);
 
+/// Makes a window on view as large as its content has become, where the screen has room; it never shrinks.
+void FaiPosto(QDialog* Modulo);
+
 /// Enter in one of the fields goes on to the next that is enabled and on view, and calculates from the last
 /// one; it never presses the default button. Of several options only the selected one is stopped at.
 void CatenaInvio(const QList<QWidget*>& Campi, const std::function<void()>& Calcola);

@@ -163,7 +163,7 @@ void MostraNorme(const CampiNorme& Campi, SceltaNorme& Scelta)
     const bool InVigore = Scelta.InVigore();
     if (InVigore && Campi.cmbMateria->count() == 0) {
         const QSignalBlocker Zitta(Campi.cmbMateria);
-        Campi.cmbMateria->addItem(u"nessuna materia risparmiata"_s);
+        Campi.cmbMateria->addItem(u"materia ordinaria"_s);
         for (const NormaMateria& Materia : Scelta.Lette()->Materie())
             Campi.cmbMateria->addItem(Materia.Testo, Materia.Codice);
     }
@@ -184,17 +184,19 @@ QString NoteDi(const QList<TermineContato>& Termini)
 {
     QStringList Avvisi;
     for (const TermineContato& Termine : Termini)
-        for (const QString& Nota : Termine.Esito.Note)
+        for (QString Nota : Termine.Esito.Note) {
+            Nota.front() = Nota.front().toUpper();
             if (!Avvisi.contains(Nota))
                 Avvisi << Nota;
+        }
     return Avvisi.join(u'\n');
 }
 
-QString TestoCatena(const QList<TermineContato>& Termini)
+QString TestoCatena(const QList<TermineContato>& Termini, bool Breve)
 {
     QStringList Righe;
     for (const TermineContato& Termine : Termini)
-        Righe << NomeTermine(Termine) + u": "_s + TestoScadenza(Termine);
+        Righe << NomeTermine(Termine) + u": "_s + (Breve ? ScadenzaBreve(Termine) : TestoScadenza(Termine));
     return Righe.join(u'\n');
 }
 

@@ -96,8 +96,9 @@ void MostraNorme(const CampiNorme& Campi, SceltaNorme& Scelta);
 /// The notes of all terms, each once, one a line.
 [[nodiscard]] QString NoteDi(const QList<TermineContato>& Termini);
 
-/// "Appello (art. 325 c.p.c.): Lunedì, 5 Ottobre 2026 (Posticipata)", a line for each.
-[[nodiscard]] QString TestoCatena(const QList<TermineContato>& Termini);
+/// A line for each term: "Appello (art. 325 c.p.c.): Lunedì, 5 Ottobre 2026 (Posticipata)", or where there is
+/// little room "Appello (art. 325 c.p.c.): lun 05/10/2026 (Posticipata)".
+[[nodiscard]] QString TestoCatena(const QList<TermineContato>& Termini, bool Breve = false);
 
 [[nodiscard]] QList<ParteStrada> PartiDi(const QList<TermineContato>& Termini);
 

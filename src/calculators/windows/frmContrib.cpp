@@ -130,8 +130,9 @@ void frmContrib::Collegamenti()
 
 void frmContrib::Mostra()
 {
-    if (MostraModulo(this))
+    if (!isVisible())
         Scelta->Comincia();
+    MostraModulo(this);
 }
 
 /// The fees in force come beside the page, which stays as it is.

@@ -222,10 +222,10 @@ void frmInteressi::ProponiRegola()
 
 void frmInteressi::Mostra()
 {
-    if (!MostraModulo(this))
-        return;
-    Scelta->Comincia();
-    ui->cmbInteressi->setFocus();
+    if (!isVisible())
+        Scelta->Comincia();
+    if (MostraModulo(this))
+        ui->cmbInteressi->setFocus();
 }
 
 void frmInteressi::keyPressEvent(QKeyEvent* Evento)

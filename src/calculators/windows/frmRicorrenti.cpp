@@ -57,10 +57,10 @@ void frmRicorrenti::Colonne()
         return Nuova;
     };
     Righe.Azzera(NumColonne);
-    ui->tdbRicorrenti->ImpostaColonne({Colonna(u"Atto"_s, ColAtto, 30), Colonna(u"Termine"_s, ColMisura, 17),
-                                       Colonna(u"Da"_s, ColEvento, 26),
-                                       Colonna(u"Articolo"_s, ColArticolo, 20),
-                                       Colonna(u"Rito"_s, ColRito, 14)});
+    ui->tdbRicorrenti->ImpostaColonne({Colonna(u"Atto"_s, ColAtto, 26), Colonna(u"Termine"_s, ColMisura, 15),
+                                       Colonna(u"Da"_s, ColEvento, 24),
+                                       Colonna(u"Articolo"_s, ColArticolo, 19),
+                                       Colonna(u"Rito"_s, ColRito, 12)});
     ui->tdbRicorrenti->FraseVuota(u"Nessun termine ha le parole o l'articolo cercati."_s);
     ui->tdbRicorrenti->Lega(&Righe);
     ui->tdbRicorrenti->Suggerimento = [this](int Riga) {

@@ -115,9 +115,9 @@ void frmStrada::Colonne()
         return Nuova;
     };
     Righe.Azzera(NumColonne);
-    ui->tdbStrada->ImpostaColonne({Colonna(u"Date"_s, ColDate, 22),
+    ui->tdbStrada->ImpostaColonne({Colonna(u"Date"_s, ColDate, 20),
                                    Colonna(u"Giorni"_s, ColGiorni, 6, Qt::AlignRight),
-                                   Colonna(u"Che cosa"_s, ColPasso, 28), Colonna(u"Norma"_s, ColNorma, 24)});
+                                   Colonna(u"Che cosa"_s, ColPasso, 24), Colonna(u"Norma"_s, ColNorma, 18)});
     ui->tdbStrada->Lega(&Righe);
     ui->tdbStrada->Suggerimento = [this](int Riga) {
         return Riga >= 0 && Riga < Righe.Righe()

@@ -107,6 +107,8 @@ void frmTermini::Mostra()
     ui->cmdAvvertenze->setEnabled(HaAvvertenze());
     // Messages, other programs and the print window activate the form too: they must not reset what was
     // chosen.
+    if (!isVisible())
+        Scelta->Comincia();
     if (MostraModulo(this))
         Form_Activate();
 }
@@ -117,7 +119,6 @@ void frmTermini::Form_Activate()
     ui->cmbIncrTipo->setCurrentIndex(TipoGiorni);
     ui->chkSosp->setChecked(true);
     ui->optTipoScad_0->setChecked(true);
-    Scelta->Comincia();
 }
 
 CampiTermini frmTermini::Campi() const
@@ -185,7 +186,7 @@ bool frmTermini::Calcola()
     Conto.DataCorrente = Esito.Scadenza;
     Conto.Prorogato = Esito.Spostata;
     Contati = {Contato(Chiesto, Esito)};
-    MostraScadenza(Conto, Esito.Note.join(u'\n'));
+    MostraScadenza(Conto, NoteDi(Contati));
     return true;
 }
 
@@ -197,7 +198,7 @@ bool frmTermini::CalcolaCatena(const DatiTermine& Caselle)
     Contati =
         ContaCatena(Scelta->Insieme(), *Lette, *Catena, CDate(SenzaSecolo(Caselle.Decorrenza)), Materia());
     DataCorrente = Contati.first().Esito.Scadenza;
-    MostraRisultato(TestoCatena(Contati), NoteDi(Contati));
+    MostraRisultato(TestoCatena(Contati, true), NoteDi(Contati));
     return true;
 }
 
@@ -215,6 +216,7 @@ void frmTermini::MostraRisultato(const QString& Testo, const QString& Avviso)
     ui->cmdCalend_1->show();
     ui->Calendario->ImpostaData(DataCorrente);
     Segna();
+    FaiPosto(this);
 }
 
 void frmTermini::cmdCalend_Click(int Indice)
@@ -268,6 +270,7 @@ void frmTermini::CambiaNorme()
     MostraScelto();
     Pulisci();
     ui->Calendario->Ridisegna();
+    FaiPosto(this);
 }
 
 void frmTermini::Abilita()
@@ -397,11 +400,16 @@ void frmTermini::VerificaScelto()
 void frmTermini::MostraScelto()
 {
     QString Testo;
-    if (Catena)
-        Testo = Catena->Titolo + u", dalla data: "_s + Catena->Evento;
-    else if (Scelto)
-        Testo = NomeTermine(ContatoDi(*Scelto)) +
-                (Scelto->Evento.isEmpty() ? QString() : u", dalla data: "_s + Scelto->Evento);
+    QString Evento;
+    if (Catena) {
+        Testo = Catena->Titolo;
+        Evento = Catena->Evento;
+    } else if (Scelto) {
+        Testo = NomeTermine(ContatoDi(*Scelto));
+        Evento = Scelto->Evento;
+    }
+    ui->lblEvento->setToolTip(Evento);
+    ui->lblEvento->setText(Evento.isEmpty() ? QString() : u"("_s + Evento + u')');
     ui->lblTermine->setText(Testo);
     ui->lblTermine->setVisible(!Testo.isEmpty());
     ui->cmdLascia->setVisible(!Testo.isEmpty());

@@ -75,8 +75,9 @@ void frmTerminiSeq::CollegaNorme()
 void frmTerminiSeq::Mostra()
 {
     ui->cmdAvvertenze->setEnabled(HaAvvertenze());
-    if (MostraModulo(this))
+    if (!isVisible())
         Scelta->Comincia();
+    MostraModulo(this);
 }
 
 bool frmTerminiSeq::eventFilter(QObject* Oggetto, QEvent* Evento)
@@ -159,6 +160,7 @@ void frmTerminiSeq::MostraRisultato(const QString& Avviso)
     ui->Calendario->ImpostaData(Contati.first().Esito.Scadenza);
     Segna();
     Campanello();
+    FaiPosto(this);
 }
 
 void frmTerminiSeq::cmdCalend_Click()
@@ -210,7 +212,7 @@ void frmTerminiSeq::ElencaArticoli()
         for (const ArticoloTermini& Articolo : Articoli())
             ui->cmbArticolo->addItem(Articolo.Voce.toString());
     ui->cmbArticolo->setCurrentIndex(0);
-    constexpr int LettereCatena = 56;
+    constexpr int LettereCatena = 84;
     LimitaLista(ui->cmbArticolo, LettereCatena);
 }
 
@@ -226,11 +228,14 @@ void frmTerminiSeq::CambiaNorme()
     AbilitaSabato(Campi(), SenzaSecolo(ui->mskDecorr->Testo()));
     CambiaCatena();
     ui->Calendario->Ridisegna();
+    FaiPosto(this);
 }
 
 void frmTerminiSeq::CambiaCatena()
 {
     const CatenaTermini* Una = Catena();
+    // A chain in force may run from a notification.
+    ui->lblDecorr->setText(Una ? u"Data:"_s : u"Data udienza:"_s);
     ui->lblEvento->setText(Una ? u"("_s + Una->Evento + u')' : QString());
     ui->cmbArticolo->setToolTip(Una ? Una->Titolo : QString());
     Pulisci();

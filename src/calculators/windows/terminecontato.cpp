@@ -2,6 +2,7 @@
 
 #include "core/modTesti.h"
 #include "platform/base/errore.h"
+#include "platform/base/nomidate.h"
 
 #include <QHash>
 
@@ -16,10 +17,14 @@ QString Spostamento(const TermineContato& Termine)
     return Termine.Antecedente ? u"Anticipata"_s : u"Posticipata"_s;
 }
 
+QString TraParentesi(const QString& Testo)
+{
+    return Testo.isEmpty() ? QString() : u" ("_s + Testo + u')';
+}
+
 QString RigaDecorrenza(const TermineContato& Termine)
 {
-    const QString Data = u"Decorrenza: "_s + Format(Termine.Decorrenza, u"dd/mm/yyyy");
-    return Termine.Evento.isEmpty() ? Data : Data + u" ("_s + Termine.Evento + u')';
+    return u"Decorrenza: "_s + Format(Termine.Decorrenza, u"dd/mm/yyyy") + TraParentesi(Termine.Evento);
 }
 
 TermineContato Contato(const TermineRicorrente& Termine, const QDate& Da, const EsitoTermine& Esito)
@@ -97,7 +102,7 @@ QString NomeTermine(const TermineContato& Termine)
         return u"Termine di "_s + Termine.Misura;
     QString Nome = Termine.Atto;
     Nome.front() = Nome.front().toUpper();
-    return Termine.Articolo.isEmpty() ? Nome : Nome + u" ("_s + Termine.Articolo + u')';
+    return Nome + TraParentesi(Termine.Articolo);
 }
 
 VoceAgenda AgendaDi(const TermineContato& Termine, InsiemeNorme Insieme, const QString& Pratica)
@@ -118,9 +123,15 @@ VoceAgenda AgendaDi(const TermineContato& Termine, InsiemeNorme Insieme, const Q
 
 QString TestoScadenza(const TermineContato& Termine)
 {
-    const QString Mosso = Spostamento(Termine);
-    return DataLunga(Termine.Esito.Scadenza).simplified() +
-           (Mosso.isEmpty() ? QString() : u" ("_s + Mosso + u')');
+    return DataLunga(Termine.Esito.Scadenza).simplified() + TraParentesi(Spostamento(Termine));
+}
+
+QString ScadenzaBreve(const TermineContato& Termine)
+{
+    const QDate& Giorno = Termine.Esito.Scadenza;
+    constexpr qsizetype Lettere = 3;
+    return NomeGiorno(Giorno.dayOfWeek()).left(Lettere).toLower() + u' ' + Format(Giorno, u"dd/mm/yyyy") +
+           TraParentesi(Spostamento(Termine));
 }
 
 ParteStrada ParteDi(const TermineContato& Termine)

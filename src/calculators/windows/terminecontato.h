@@ -36,6 +36,9 @@ struct TermineContato
 /// "Lunedì, 5 Ottobre 2026 (Posticipata)".
 [[nodiscard]] QString TestoScadenza(const TermineContato& Termine);
 
+/// "lun 05/10/2026 (Posticipata)".
+[[nodiscard]] QString ScadenzaBreve(const TermineContato& Termine);
+
 /// The entry for the calendar of the office. @param Pratica whose matter it is; empty: none
 [[nodiscard]] VoceAgenda AgendaDi(const TermineContato& Termine, InsiemeNorme Insieme,
                                   const QString& Pratica = {});

@@ -364,7 +364,7 @@ void TestNormeImporti::etaDegliIndici()
     B->ConTassi();
     InstallaOrologio([Oggi] { return QDateTime(Oggi, QTime(10, 0)); });
     QPointer<frmIstat> F = Apri<frmIstat>();
-    QVERIFY2(Visto(F, "lblEta").contains(u"Indici FOI fino a agosto 2026."), qPrintable(Visto(F, "lblEta")));
+    QVERIFY2(Visto(F, "lblEta").contains(u"Indici FOI fino ad agosto 2026."), qPrintable(Visto(F, "lblEta")));
     QCOMPARE(Visto(F, "lblEta").startsWith(u"Dati da aggiornare."), !Fresco);
     QCOMPARE(Colore(F, "lblEta") == ColoreTesti(), Fresco);
 }
@@ -403,7 +403,7 @@ void TestNormeImporti::rivalutazioneOltreIDati()
     Scrivi(F, "mskDataFin", u"01112026"_s);
     Clic(Controllo(F, "cmdCalcola"));
     QVERIFY(!TestoDi(F, "lblImpRival").isEmpty());
-    QCOMPARE(Visto(F, "lblOltre"), u"Il risultato va oltre i dati: indici FOI fino a agosto 2026."_s);
+    QCOMPARE(Visto(F, "lblOltre"), u"Il risultato va oltre i dati: indici FOI fino ad agosto 2026."_s);
     DalMenu(F, "mnuNew");
     QCOMPARE(Visto(F, "lblOltre"), QString());
 }
