@@ -15,7 +15,9 @@ struct RichiestaRubrica
     QString Parent;          ///< comes back with the choice
     QString MenuStart;       ///< command to run at once; empty none
     QString KeyStart;        ///< criterion of the row on which MenuStart runs; empty none
-    int ID = 0;              ///< key of the row to begin on, the one that the note is linked to; 0 none
+    QString CampoStart =
+        {};      ///< column whose box has the focus in the card that MenuStart opens; empty: the first
+    int ID = 0;  ///< key of the row to begin on, the one that the note is linked to; 0 none
 
     friend bool operator==(const RichiestaRubrica&, const RichiestaRubrica&) = default;
 };

@@ -285,6 +285,7 @@ void frmRubrica::CambiaArchivio(const QString& Tabella)
     Altra.RecordSource = Tabella;
     Altra.MenuStart.clear();
     Altra.KeyStart.clear();
+    Altra.CampoStart.clear();
     Altra.ID = 0;
     if (Tabella.compare(Richiesta.RecordSource, Qt::CaseInsensitive) != 0 && !Apri(Altra))
         MostraRichiesta();
@@ -304,6 +305,7 @@ void frmRubrica::AvviaMenu()
 {
     const QString Parola = std::exchange(Richiesta.MenuStart, {});
     const QString Criterio = std::exchange(Richiesta.KeyStart, {});
+    const QString Campo = std::exchange(Richiesta.CampoStart, {});
     if (Parola.isEmpty())
         return;
     Esegui([&] {
@@ -313,6 +315,7 @@ void frmRubrica::AvviaMenu()
         }
         if (Criterio.isEmpty() || !Righe.NoMatch())
             Comando(Parola);
+        FuocoSulCampo(Campo);
     });
 }
 

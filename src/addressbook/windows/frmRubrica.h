@@ -131,6 +131,7 @@ private:
 
     // ---- frmRubrica_Comandi.cpp: what is done with a row
     void ApriScheda(const QString& Modo);
+    void FuocoSulCampo(const QString& Campo);
     void SchedaChiusa(bool Salvata);
     void Salvata();
     void Elimina();

@@ -88,6 +88,12 @@ void frmRubrica::ApriScheda(const QString& Modo)
         Rileggi();  // it has been told why: the row may have gone
 }
 
+void frmRubrica::FuocoSulCampo(const QString& Campo)
+{
+    if (Scheda && !Campo.isEmpty())
+        Scheda->FuocoSul(Campo);
+}
+
 /// Behind a card, and behind the line of what it has left unsaved.
 void frmRubrica::SchedaChiusa(bool Scritta)
 {

@@ -291,6 +291,16 @@ void frmScheda::OrdinaFuoco()
         Primo->Box()->setFocus(Qt::OtherFocusReason);
 }
 
+void frmScheda::FuocoSul(const QString& Campo)
+{
+    const auto Voce = std::ranges::find_if(
+        Coppie, [&](const Coppia& Di) { return Di.Colonna.Name.compare(Campo, Qt::CaseInsensitive) == 0; });
+    if (Voce == Coppie.end())
+        return;
+    ui->areaScheda->ensureWidgetVisible(Voce->Box());
+    RidaiFuoco(Voce->Box());
+}
+
 /// The first size: as high as its columns, more where memo boxes or a large font ask for it; the screen's
 /// bounds are seen to when it comes up.
 void frmScheda::Dimensiona()

@@ -52,6 +52,9 @@ public:
     /// Number of the box that was changed and is not yet written to the row, counted from 1; 0 none.
     [[nodiscard]] int IndiceModificato() const { return Indice; }
 
+    /// Gives the focus to the box of a column; nothing where the card has none.
+    void FuocoSul(const QString& Campo);
+
     void barScheda_ButtonClick(const QString& Chiave);
 
     /// For a browser that is about to close, or to take other rows: asks about changes, once, and closes the

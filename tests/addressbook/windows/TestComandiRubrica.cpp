@@ -32,6 +32,7 @@ private Q_SLOTS:
     void iTastiDeiComandi();
     void nuovoDaUnaParcella();
     void nuovoColFiltro();
+    void laSchedaCominciaDalCampo();
     void modificaEAvvisa();
     void menuStartConLaChiave_data();
     void menuStartConLaChiave();
@@ -220,6 +221,26 @@ void TestComandiRubrica::nuovoColFiltro()
     QTRY_COMPARE(Conto(F), u"6 nominativi"_s);
     QCOMPARE(Nomi(F).first(), u"Abate"_s);
     QCOMPARE(Corrente(F), u"Abate"_s);
+}
+
+/// The card begins where whoever asked for it wants the user to write.
+void TestComandiRubrica::laSchedaCominciaDalCampo()
+{
+    RichiestaRubrica Chiesta = A->DaNota();
+    Chiesta.MenuStart = u"edit"_s;
+    Chiesta.KeyStart = u"ID=2"_s;
+    Chiesta.CampoStart = u"citta"_s;
+    frmRubrica* F = A->Apri(Chiesta);
+    QVERIFY(F);
+    QTRY_COMPARE(Scheda(F)->focusWidget()->property("Tag").toString(), u"Citta"_s);
+    Premuto(F, u"undo"_s);
+    QVERIFY(F->Chiesta().CampoStart.isEmpty());
+    // A column that the archive does not have leaves the card at its first box.
+    Chiesta.CampoStart = u"CodDestinatario"_s;
+    F = A->Apri(Chiesta);
+    QVERIFY(F);
+    QTRY_COMPARE(Scheda(F)->focusWidget()->property("Tag").toString(), u"Nominativo"_s);
+    Premuto(F, u"undo"_s);
 }
 
 void TestComandiRubrica::modificaEAvvisa()
