@@ -49,6 +49,8 @@ struct Apritori
     std::function<bool()> ChiudiRubriche;
     std::function<void(int Scheda, bool Modale)> Impostazioni;  ///< modal: until they are closed
     std::function<void()> ImpostazioniChiuse;                   ///< who has led to them waits no longer
+    /// The settings on a tab, with the focus in the box of this name.
+    std::function<void(int Scheda, const QString& Casella)> CasellaImpostazioni;
     std::function<void()> ImpostazioniCambiate;  ///< they were saved: desktop and address books follow
     std::function<void()> LasciaCartellaUtente;  ///< the session is about to take another user folder
     /// Edits or, asking, deletes an icon of the user's, by its row on the desktop: the settings open for it.

@@ -194,6 +194,13 @@ void frmSetup::MostraModale(int Indice)
     activateWindow();
 }
 
+void frmSetup::MostraCasella(int Indice, const QString& Casella)
+{
+    Mostra(Indice);
+    if (auto* Campo = findChild<QWidget*>(Casella))
+        RidaiFuoco(Campo);
+}
+
 void frmSetup::ChangeTab(int Indice)
 {
     if (Indice >= 0 && Indice < ui->tabSetup->count())

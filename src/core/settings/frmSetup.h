@@ -37,6 +37,9 @@ public:
     /// front.
     void MostraModale(int Indice);
 
+    /// Shows it on a tab with the focus in the box of a name; without such a box on the tab alone.
+    void MostraCasella(int Indice, const QString& Casella);
+
     /// Selects a tab; an index outside the range changes nothing.
     void ChangeTab(int Indice);
 

@@ -536,7 +536,8 @@ void TestSetupDesktop::tuttoCiSta()
     const auto* Foglio = qobject_cast<QScrollArea*>(T->Trova<QTabWidget>(u"tabSetup"_s)->currentWidget());
     QCOMPARE(Foglio->sizeHint().width(),
              Foglio->widget()->sizeHint().width() + Foglio->verticalScrollBar()->sizeHint().width());
-    T->Modulo->resize(T->Modulo->sizeHint() - QSize(0, 100));
+    const int Avanza = Foglio->height() - Foglio->widget()->sizeHint().height();  // other pages are higher
+    T->Modulo->resize(T->Modulo->size() - QSize(0, Avanza + 100));
     QTRY_VERIFY(Foglio->verticalScrollBar()->isVisible());
     Respiro();
     QVERIFY(!Foglio->horizontalScrollBar()->isVisible());

@@ -27,6 +27,8 @@ private Q_SLOTS:
     void ilContatoreSbagliato();
     void ilNomeAccanto();
     void codiciSconosciuti();
+    void siApreSullaCasella_data();
+    void siApreSullaCasella();
 
 private:
     [[nodiscard]] QComboBox* Elenco(const QString& Nome) const { return T->Trova<QComboBox>(Nome); }
@@ -247,6 +249,26 @@ void TestSetupFattura::codiciSconosciuti()
     Apri();
     QCOMPARE(Elenco(u"cmbTipoStudio"_s)->currentIndex(), 0);
     QCOMPARE(Elenco(u"cmbRegime"_s)->currentIndex(), 0);
+}
+
+void TestSetupFattura::siApreSullaCasella_data()
+{
+    QTest::addColumn<int>("Scheda");
+    QTest::addColumn<QString>("Casella");
+    QTest::newRow("of its own tab") << int(frmSetup::SchedaFatturaElettronica) << u"txtCap"_s;
+    QTest::newRow("of the first one") << int(frmSetup::SchedaDatiStudio) << u"txtPivaStudio"_s;
+    QTest::newRow("a list") << int(frmSetup::SchedaFatturaElettronica) << u"cmbRegime"_s;
+}
+
+void TestSetupFattura::siApreSullaCasella()
+{
+    QFETCH(int, Scheda);
+    QFETCH(QString, Casella);
+    auto& Modulo = Singola<frmSetup>();
+    Modulo.MostraCasella(Scheda, Casella);
+    QVERIFY(QTest::qWaitForWindowActive(&Modulo));
+    QTRY_COMPARE(QApplication::focusWidget(), Modulo.findChild<QWidget*>(Casella));
+    QCOMPARE(Modulo.findChild<QTabWidget*>(u"tabSetup"_s)->currentIndex(), Scheda);
 }
 
 #include "TestSetupFattura.moc"
