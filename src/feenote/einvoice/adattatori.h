@@ -1,0 +1,28 @@
+// The parties and the choices of an electronic invoice as settings, archive and note hold them.
+#pragma once
+
+#include "feenote/einvoice/fattura.h"
+
+#include <utility>
+
+struct DatiCliente;
+struct Parcella;
+
+/// The office, by the settings in force. A part of the address that they lack is empty: nothing is guessed.
+[[nodiscard]] Cedente CedenteDaImpostazioni();
+
+/// The client, by its row. The house number is taken off the street where it is plain; a person whose code
+/// tells the two names apart has both, anybody else one; a country that the row does not say is the one in
+/// front of its VAT number.
+[[nodiscard]] Cessionario CessionarioDaRiga(const DatiCliente& Riga);
+
+/// The client of a note; without a link, or with one that leads nowhere, nothing is known of it.
+[[nodiscard]] Cessionario CessionarioDellaNota(const Parcella& Nota);
+
+/// What SceltaDaNota says, with the choices that the note keeps; the format follows the client where none is
+/// chosen. A date that is none is left out.
+[[nodiscard]] SceltaFattura SceltaDellaNota(const Parcella& Nota, const Cessionario& Cliente);
+
+/// Family and first name out of a whole one, in either order, as a person's fiscal code confirms them; both
+/// empty where it confirms none, or more than one.
+[[nodiscard]] std::pair<QString, QString> CognomeENome(const QString& Nominativo, const QString& CodFis);
