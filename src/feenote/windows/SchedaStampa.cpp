@@ -8,6 +8,7 @@
 #include "feenote/modInterruttori.h"
 #include "feenote/modNumeraFattura.h"
 #include "feenote/modParti.h"
+#include "feenote/windows/PannelloFattura.h"
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/mostra.h"
 #include "feenote/windows/ui_SchedaStampa.h"
@@ -134,6 +135,7 @@ SchedaStampa::SchedaStampa(Parcella& Dati, CorniceNota& Finestra, QWidget* Padre
     CollegaParti();
     CollegaSegni();
     CollegaAnteprima();
+    CollegaFattura();
 
     // The data stay as wide as they need; the page takes the room.
     ui->divisoreStampa->setSizes({1, 10000});
@@ -290,6 +292,40 @@ void SchedaStampa::cmdProgFatt_Click()
     Cornice.InDialogo(AggiornaProgFatt);
 }
 
+void SchedaStampa::CollegaFattura()
+{
+    Elettronica = new PannelloFattura(Nota, Cornice, ui->fraPagina);
+    Elettronica->setObjectName(u"PannelloFattura"_s);
+    Elettronica->hide();
+    ui->colonnaPagina->addWidget(Elettronica, 1);
+    QWidget::setTabOrder(ui->vp, Elettronica);
+    Collega<QAbstractButton>(ui->cmdFatturaXml, &QAbstractButton::clicked, this, [this](bool Si) {
+        if (ConcludiCampo())
+            MostraFattura(Si);
+        else
+            ui->cmdFatturaXml->setChecked(!Si);
+    });
+    Collega(Elettronica, &PannelloFattura::Chiuso, this, [this] {
+        MostraFattura(false);
+        ui->cmdFatturaXml->setFocus();
+    });
+}
+
+bool SchedaStampa::FatturaInVista() const
+{
+    return ui->cmdFatturaXml->isChecked() && TipoDi(Nota.cmbTipoStampa).EFattura;
+}
+
+void SchedaStampa::MostraFattura(bool Si)
+{
+    ui->cmdFatturaXml->setChecked(Si && TipoDi(Nota.cmbTipoStampa).EFattura);
+    MostraAnteprima();
+    if (FatturaInVista())
+        Elettronica->Entra();
+    else
+        Ricomponi();
+}
+
 void SchedaStampa::cmdClausole_Click()
 {
     if (Cornice.InDomanda() || !ConcludiCampo())
@@ -308,6 +344,7 @@ void SchedaStampa::Mostra()
     mostra::Segno(ui->chkIvaDiff, Nota.chkIvaDiff);
     ui->cmdSkIvaDiff->setEnabled(bool(Aperture.PaginaWeb));
     MostraAnteprima();
+    Elettronica->Mostra();
 }
 
 void SchedaStampa::MostraDati()

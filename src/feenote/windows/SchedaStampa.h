@@ -10,6 +10,7 @@
 
 struct Errore;
 class CorniceNota;
+class PannelloFattura;
 class QAction;
 class QButtonGroup;
 
@@ -37,6 +38,11 @@ public:
     void Ricomponi();
     /// What follows a save: the document, seen or not, and the companion application.
     void DopoSalvataggio();
+    /// The panel of the electronic invoice in the place of the page, or the page again. Nothing for a
+    /// document that is no invoice.
+    void MostraFattura(bool Si);
+    /// The panel, for whoever leads to one of its boxes.
+    [[nodiscard]] PannelloFattura& Fattura() const { return *Elettronica; }
     /// The button "print": asks for printer and pages, then prints.
     void StampaParcella();
 
@@ -58,6 +64,8 @@ private:
     void cmbTipoStampa_Click(int Tipo);
     void cmdProgFatt_Click();
     void cmdClausole_Click();
+    void CollegaFattura();
+    [[nodiscard]] bool FatturaInVista() const;
 
     // ---- SchedaStampa_Anteprima.cpp: composition, preview and its toolbar
     void CollegaAnteprima();
@@ -74,6 +82,7 @@ private:
     Parcella& Nota;
     CorniceNota& Cornice;
     std::unique_ptr<Ui::SchedaStampa> ui;
+    PannelloFattura* Elettronica = nullptr;
     QButtonGroup* optContrTipo = nullptr;
     QAction* cmdEditor = nullptr;  ///< in barPrint, like the next
     QAction* cmdGuida = nullptr;

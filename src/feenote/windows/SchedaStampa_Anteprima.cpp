@@ -8,6 +8,7 @@
 #include "core/sessione.h"
 #include "feenote/companion/modPV2.h"
 #include "feenote/modDatiStampa.h"
+#include "feenote/windows/PannelloFattura.h"
 #include "feenote/windows/bottoniesporta.h"
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/guidacontestuale.h"
@@ -88,6 +89,8 @@ QString SchedaStampa::StatoClausole() const
 
 bool SchedaStampa::event(QEvent* Evento)
 {
+    if (Evento->type() == QEvent::WindowActivate && isVisible() && FatturaInVista() && !Cornice.InDomanda())
+        Elettronica->Mostra();  // card and settings may have been completed meanwhile
     // Who comes back from the word processor sees what he has saved there.
     if (Evento->type() == QEvent::WindowActivate && isVisible() && !Cornice.InDomanda() &&
         StatoClausole() != ClausoleComposte)
@@ -158,7 +161,11 @@ void SchedaStampa::ImpostaAvviso(const QString& Testo)
 void SchedaStampa::MostraAnteprima()
 {
     const bool Scelto = Nota.cmbTipoStampa != NessunaVoce;
-    ui->vp->setVisible(Scelto);
+    if (!TipoDi(Nota.cmbTipoStampa).EFattura)
+        ui->cmdFatturaXml->setChecked(false);
+    Elettronica->setVisible(FatturaInVista());
+    ui->barPrint->setVisible(!FatturaInVista());
+    ui->vp->setVisible(Scelto && !FatturaInVista());
     ui->lblSenzaDocumento->setVisible(!Scelto);
     AbilitaBarra();
     if (!Scelto)

@@ -8,6 +8,8 @@
 
 #include <utility>
 
+enum class CampoFattura;
+
 class CorniceNota
 {
 public:
@@ -52,6 +54,9 @@ public:
     /// Links a party to a row of the archive, as a choice in the address book does. A row that has gone
     /// meanwhile, or that has no name, is told.
     virtual void ScegliNome(int Elemento, int Chiave) = 0;
+    /// Leads to a field that the electronic invoice needs: a box of the note, the client's card, the
+    /// settings.
+    virtual void VaiAlCampo(CampoFattura Dove) = 0;
     /// True while a question of this window waits for its answer.
     [[nodiscard]] virtual bool InDomanda() const = 0;
 

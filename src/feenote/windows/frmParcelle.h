@@ -19,6 +19,7 @@
 #include <optional>
 
 struct CopiaRecupero;
+struct RichiestaRubrica;
 class SchedaAcconti;
 class SchedaDatiBase;
 class SchedaOnorari;
@@ -76,6 +77,7 @@ public:
     /// The settings were closed: what is saved there from now on was not asked for here.
     void LasciaScelta() { TariffaChiestaDa = 0; }
     void ScegliTariffa() override;
+    void VaiAlCampo(CampoFattura Dove) override;
     /// A row of the address book was written to; see SegueArchivio.
     void NominativoCambiato(const QString& RecordSource, int ID);
     /// Opens the address book, once the field in edit was left; nothing while there is none. See CorniceNota.
@@ -142,7 +144,13 @@ private:
     bool PrendiDallaFinestra();  ///< the figures of the window that holds it; true when they are others
     void MultiCambiata();        ///< shows whatever depends on the associated note
 
+    // ---- frmParcelle_Fattura.cpp
+    /// The client's card with the focus in a column's box; without a link the address book, to choose one.
+    void ApriCliente(const QString& Colonna);
+
     // ---- frmParcelle_CliCon.cpp
+    /// What the address book is asked for a party of the first tab: to choose one.
+    [[nodiscard]] RichiestaRubrica RichiestaCliente() const;
     void CollegaRubrica();
     void MostraRubrica();                     ///< the buttons and the links, on both pages
     [[nodiscard]] bool InPrimoPiano() const;  ///< no other note is in front of this one

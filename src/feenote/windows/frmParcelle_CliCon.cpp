@@ -54,7 +54,23 @@ void frmParcelle::CliCon(int Elemento, bool DaStampa, const QString& MenuStart)
                               .Parent = Parola.toString(),
                               .MenuStart = MenuStart,
                               .KeyStart = KeyStart,
+                              .CampoStart = {},
                               .ID = Legame});
+}
+
+RichiestaRubrica frmParcelle::RichiestaCliente() const
+{
+    const VoceCliCon& Voce = VociCliCon.front();
+    return {.Indice = Posto,
+            .Numero = NumeroNota,
+            .DataSource = sessione::ArchivioCliCon,
+            .RecordSource = Voce.Tabella.toString(),
+            .Selezione = true,
+            .Parent = Voce.Parola.toString(),
+            .MenuStart = {},
+            .KeyStart = {},
+            .CampoStart = {},
+            .ID = Nota.IDCli};
 }
 
 void frmParcelle::oRubrica_SelDone(const QString& Parent, const QVariantList& Valori)

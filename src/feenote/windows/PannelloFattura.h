@@ -1,0 +1,66 @@
+// The electronic invoice beside the print data: what is missing, what is chosen, what the recipient will
+// read, the file.
+#pragma once
+
+#include "feenote/einvoice/composizione.h"
+#include "feenote/parcella.h"
+
+#include <QWidget>
+
+#include <memory>
+
+class CorniceNota;
+
+namespace Ui {
+class PannelloFattura;
+}
+
+/// It stands in the place of the printed page. Nothing is composed while it is hidden.
+class PannelloFattura : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// @param Dati the note shown, which lives as long as the panel
+    PannelloFattura(Parcella& Dati, CorniceNota& Finestra, QWidget* Padre);
+    ~PannelloFattura() override;
+
+    /// It comes up: an archive that lacks columns is told, once a session.
+    void Entra();
+    /// Writes the controls from the record, and composes the invoice anew.
+    void Mostra();
+    /// The box of a choice; null for a field that stands elsewhere.
+    [[nodiscard]] QWidget* CasellaDi(CampoFattura Dove) const;
+
+Q_SIGNALS:
+    /// The user goes back to the printed page.
+    void Chiuso();
+
+private:
+    // ---- PannelloFattura.cpp: controls, what is missing
+    void CreaElenchi();
+    void CollegaScelte();
+    void CollegaComandi();
+    void MostraScelte();
+    void MostraMancanze();
+    void MostraStato();
+    void Raccogli();  ///< the choices on view go into the record
+    void Scegli();    ///< the same, and what comes of it is shown
+    void VaiAllaRiga(int Riga);
+    [[nodiscard]] Composizione Componi(const QString& Progressivo = {}) const;
+
+    // ---- PannelloFattura_File.cpp: columns, file, check
+    void ChiediColonne();
+    void cmdSalvaXml_Click();
+    void cmdControllaXml_Click();
+    void Scrivi(const QString& Cartella, int Atteso);
+
+    Parcella& Nota;
+    CorniceNota& Cornice;
+    std::unique_ptr<Ui::PannelloFattura> ui;
+    Composizione Composta;
+    QStringList ColonneBloccate;  ///< headings that an archive lacks and cannot get
+};
+
+/// Archives are asked about anew, as in a new session; serves tests.
+void DimenticaArchiviChiesti();

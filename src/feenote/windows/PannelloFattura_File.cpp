@@ -1,0 +1,157 @@
+// The electronic invoice: the archive's columns, the file, the check of any file.
+#include "feenote/windows/PannelloFattura.h"
+
+#include "addressbook/modColonneFattura.h"
+#include "addressbook/windows/rubriche.h"
+#include "core/modErrori.h"
+#include "core/modTrasmissioni.h"
+#include "core/parametri.h"
+#include "core/sessione.h"
+#include "feenote/einvoice/controlli.h"
+#include "feenote/einvoice/scrittura.h"
+#include "feenote/modFatturaXml.h"
+#include "feenote/windows/cornicenota.h"
+#include "feenote/windows/frmControlloFattura.h"
+#include "feenote/windows/ui_PannelloFattura.h"
+#include "platform/base/errore.h"
+#include "platform/kit/campo.h"
+#include "platform/system/file.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/orologio.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
+
+#include <QSet>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString FiltroXml = u"Fattura elettronica (*.xml)|*.xml"_s;
+const QString ChiaveCartella = u"CartellaFattureXml"_s;
+
+/// The archives that were asked about in this session.
+QSet<QString>& ArchiviChiesti()
+{
+    static QSet<QString> Chiesti;
+    return Chiesti;
+}
+
+QString CartellaFatture()
+{
+    const QString Ultima = Impostazione(ChiaveCartella);
+    return Barra(!Ultima.isEmpty() && EsisteCartella(Ultima) ? Ultima : sessione::ParcellePath);
+}
+
+}  // namespace
+
+void DimenticaArchiviChiesti()
+{
+    ArchiviChiesti().clear();
+}
+
+void PannelloFattura::ChiediColonne()
+{
+    QStringList Mancano;
+    const StatoColonne Stato = StatoColonneFattura(&Mancano);
+    ColonneBloccate = Stato == StatoColonne::Bloccate ? Mancano : QStringList();
+    if (Stato != StatoColonne::Mancanti || ArchiviChiesti().contains(sessione::ArchivioCliCon))
+        return;
+    ArchiviChiesti().insert(sessione::ArchivioCliCon);
+    const auto Chiedi = [&] {
+        return MsgBox(
+            u"L'archivio dei clienti non ha le colonne %1, dalle quali la fattura elettronica prende i "
+            "dati del cliente.\nAggiungerle? I nominativi restano come sono."_s.arg(Mancano.join(u", "_s)),
+            vbYesNo + vbQuestion, TitoloDomanda.toString());
+    };
+    if (Cornice.InDialogo(Chiedi) != vbYes || !CongedaRubriche())
+        return;
+    Protetta(AggiungiColonneFattura);
+    RileggiRubriche();
+}
+
+void PannelloFattura::cmdSalvaXml_Click()
+{
+    if (Cornice.InDomanda() || !ConcludiCampo())
+        return;
+    Mostra();
+    if (!Composta.Completa())
+        return;
+    int Atteso = 0;
+    if (!Protetta([&] { Atteso = ProssimaTrasmissione(); }))
+        return;
+    const auto Chiedi = [&]() -> QString {
+        if (FatturaGiaScritta(Nota) &&
+            MsgBox(u"La fattura è già stata scritta il %1 come %2.\nScriverla di nuovo, con un altro nome?"_s
+                       .arg(Nota.FatturaXml.Quando, Nota.FatturaXml.File),
+                   vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString()) != vbYes)
+            return {};
+        return DialogoSalva(u"Salva la fattura elettronica"_s,
+                            CartellaFatture() + NomeFileFattura(Componi(ProgressivoFile(Atteso)).Fattura),
+                            FiltroXml);
+    };
+    const QString Scelto = Cornice.InDialogo(Chiedi);
+    if (Scelto.isEmpty())
+        return;
+    const QString Nome = NomeFileFattura(Componi(ProgressivoFile(Atteso)).Fattura);
+    if (NomeFile(Scelto).compare(Nome, Qt::CaseInsensitive) != 0) {
+        MsgErrore(
+            u"Il nome del file è imposto dalle regole della fattura elettronica, %1: si sceglie soltanto la "
+            "cartella!"_s.arg(Nome));
+        return;
+    }
+    if (EsisteFile(Scelto)) {
+        MsgErrore(u"Il file %1 esiste già e non viene sostituito: scegliere un'altra cartella!"_s.arg(Nome));
+        return;
+    }
+    Scrivi(CartellaFile(Scelto), Atteso);
+}
+
+/// The number is taken before the file is written, and stays taken whatever becomes of the file.
+void PannelloFattura::Scrivi(const QString& Cartella, int Atteso)
+{
+    QString Nome;
+    QString Progressivo;
+    int Preso = 0;
+    try {
+        const ClessidraAccesa Attesa;
+        Preso = PrendiTrasmissione();
+        Progressivo = ProgressivoFile(Preso);
+        const Composizione Fatta = Componi(Progressivo);
+        Nome = NomeFileFattura(Fatta.Fattura);
+        SalvaFattura(Barra(Cartella) + Nome, Fatta.Fattura, Oggi());
+    } catch (...) {
+        const Errore Guasto = ErroreCorrente();
+        MsgErrore(u"La fattura elettronica non è stata scritta: %1"_s.arg(Guasto.Descrizione));
+        return;
+    }
+    Protetta([&] { RicordaImpostazioni({{ChiaveCartella, Cartella}}); });
+    SegnaFatturaScritta(Nota, Nome, Progressivo);
+    Cornice.Cambiata();
+    Cornice.MostraTutto();
+    QString Detto = u"La fattura elettronica è stata scritta nel file %1."_s.arg(Nome);
+    if (Preso != Atteso)
+        Detto += u"\nIl numero proposto era già stato preso da un altro programma."_s;
+    MsgBox(Detto, vbInformation, TitoloMessaggio.toString());
+}
+
+void PannelloFattura::cmdControllaXml_Click()
+{
+    if (Cornice.InDomanda() || !ConcludiCampo())
+        return;
+    Cornice.InDialogo([this] {
+        const QString File =
+            DialogoApri(u"Controlla una fattura elettronica"_s, CartellaFatture(), FiltroXml);
+        if (File.isEmpty())
+            return;
+        Protetta([&] {
+            QByteArray Byte;
+            {
+                const ClessidraAccesa Attesa;
+                Byte = LeggiFile(File, MassimoByteFattura + 1);
+            }
+            frmControlloFattura(NomeFile(File), ControllaFattura(Byte, NomeFile(File), Oggi()), window())
+                .exec();
+        });
+    });
+}
