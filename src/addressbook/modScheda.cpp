@@ -220,18 +220,15 @@ QString DidascaliaScheda(const QString& Modalità)
 
 namespace {
 
-/// A new row gets its key where the engine gives none, unless the user has typed one.
-void DaiChiave(Recordset& Righe)
+/// The column of the key that a new row still lacks; empty where the user has typed one.
+QString ChiaveCheManca(const Recordset& Righe)
 {
     constexpr int Nuova = 2;
     if (Righe.EditMode() != Nuova)
-        return;
+        return {};
     const QList<Campo> Campi = Righe.Campi();
     const auto Chiave = std::ranges::find_if(Campi, EChiave);
-    if (Chiave == Campi.end() || !Righe.Value(Chiave->Name).isNull())
-        return;
-    if (const auto Prossima = PrimaChiaveLibera(Righe))
-        Righe.ImpostaValue(Chiave->Name, *Prossima);
+    return Chiave == Campi.end() || !Righe.Value(Chiave->Name).isNull() ? QString() : Chiave->Name;
 }
 
 }  // namespace
@@ -243,8 +240,23 @@ bool SalvaScheda(Recordset& Righe)
                "Salvare le proprie modifiche al posto delle sue?"_s,
                vbYesNo | vbQuestion | vbDefaultButton2, TitoloDomanda.toString()) != vbYes)
         return false;
-    DaiChiave(Righe);
-    Righe.Update();
+    const QString Chiave = ChiaveCheManca(Righe);
+    if (Chiave.isEmpty()) {
+        Righe.Update();
+        return true;
+    }
+    // Where the engine gives no key, nobody takes the same one meanwhile.
+    try {
+        Righe.Update([&] {
+            if (const auto Prossima = PrimaChiaveLibera(Righe))
+                Righe.ImpostaValue(Chiave, *Prossima);
+        });
+    } catch (const Errore&) {
+        if (!ChiaveCheManca(Righe).isEmpty())
+            throw;
+        Righe.ImpostaValue(Chiave, QVariant());  // the next attempt finds the one that is free then
+        throw;
+    }
     return true;
 }
 

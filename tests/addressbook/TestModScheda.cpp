@@ -2,9 +2,15 @@
 
 #include "addressbook/archivio_schede.h"
 #include "addressbook/modScheda.h"
+#include "platform/database/connessione.h"
+#include "platform/system/guasti.h"
 #include "supporto/guasti.h"
 #include "supporto/registratore.h"
 
+#include <QScopedValueRollback>
+#include <QThread>
+
+#include <thread>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -35,6 +41,8 @@ private Q_SLOTS:
     void didascalie();
     void siSalva();
     void laChiaveCheNessunoDa();
+    void dueProgrammiDueChiavi();
+    void laChiaveDiUnSalvataggioFallito();
     void cambiataDaAltri_data();
     void cambiataDaAltri();
     void eliminataDaAltri();
@@ -352,6 +360,59 @@ void TestModScheda::laChiaveCheNessunoDa()
     Righe.ImpostaValue(u"Nominativo"_s, u"Rossi"_s);
     QVERIFY(SalvaScheda(Righe));
     QCOMPARE(Righe.Value(u"ID"_s).toInt(), 5);
+}
+
+/// Another program is adding a row just now: whoever comes second gets the next key.
+void TestModScheda::dueProgrammiDueChiavi()
+{
+    const QString File = NuovaCartella() + u"vecchio.mdb"_s;
+    const Database Vecchio = CreateDatabase(File);
+    Vecchio.CreaTabella(u"clienti"_s, {CampoScheda(u"Id"_s, TipoCampo::Lungo),
+                                       CampoScheda(u"Nominativo"_s, TipoCampo::Testo, 20)});
+    Recordset Suoi = Vecchio.OpenRecordset(u"clienti"_s);
+    for (int i = 0; i < 3; ++i) {
+        Connessione Sua(File, Connessione::Modo::Scrittura);
+        Sua.Esegui(u"BEGIN IMMEDIATE"_s);
+        Sua.Esegui(
+            u"INSERT INTO clienti (Id, Nominativo) SELECT coalesce(max(Id),0)+1, 'Neri' FROM clienti"_s);
+        std::jthread AltroProgramma([&Sua] {
+            QThread::msleep(100);
+            Sua.Esegui(u"COMMIT"_s);
+        });
+        Suoi.AddNew();
+        Suoi.ImpostaValue(u"Nominativo"_s, u"Rossi"_s);
+        QVERIFY(SalvaScheda(Suoi));
+        QCOMPARE(Suoi.Value(u"Id"_s).toInt(), 2 * i + 2);
+    }
+    QCOMPARE(Vecchio.OpenRecordset(u"clienti"_s).RecordCount(), 6);
+}
+
+/// A key that was found for a save which failed is somebody else's by the next attempt.
+void TestModScheda::laChiaveDiUnSalvataggioFallito()
+{
+    const QString File = NuovaCartella() + u"vecchio.mdb"_s;
+    const QScopedValueRollback Poco(guasti::AttesaBlocchiMs, 50);
+    const Database Vecchio = CreateDatabase(File);
+    Vecchio.CreaTabella(u"clienti"_s, {CampoScheda(u"Id"_s, TipoCampo::Lungo),
+                                       CampoScheda(u"Nominativo"_s, TipoCampo::Testo, 20)});
+    Recordset Suoi = Vecchio.OpenRecordset(u"clienti"_s);
+    Suoi.AddNew();
+    Suoi.ImpostaValue(u"Nominativo"_s, u"Rossi"_s);
+    Connessione AltroProgramma(File, Connessione::Modo::Scrittura);
+    // A reader lets it write, and not confirm.
+    AltroProgramma.Esegui(u"BEGIN"_s);
+    {
+        Istruzione Legge(AltroProgramma, u"SELECT count(*) FROM clienti"_s);
+        QVERIFY(Legge.Avanza());
+        QCOMPARE(NumeroErrore([&] { (void)SalvaScheda(Suoi); }), 3260);
+    }
+    AltroProgramma.Esegui(u"ROLLBACK"_s);
+    QCOMPARE(Suoi.EditMode(), 2);
+    QCOMPARE(Suoi.Value(u"Nominativo"_s).toString(), u"Rossi"_s);
+    AltroProgramma.Esegui(u"INSERT INTO clienti (Id, Nominativo) VALUES (1, 'Neri')"_s);
+    QVERIFY(SalvaScheda(Suoi));
+    QCOMPARE(Suoi.Value(u"Id"_s).toInt(), 2);
+    QCOMPARE(Vecchio.OpenRecordset(u"clienti"_s).RecordCount(), 2);
 }
 
 void TestModScheda::cambiataDaAltri_data()

@@ -122,15 +122,23 @@ QString Elenco(const Sorgente& Da, const QList<int>& Posti, const QString& Dopo 
 
 }  // namespace
 
-void Insieme::Inserisci()
+void Insieme::Inserisci(const std::function<void()>& Prima)
 {
+    std::optional<Blocco> Tutto;
+    if (Prima) {
+        Tutto.emplace(*Da.Conn);
+        Prima();
+    }
     const QString Valori = QStringList(Cambiati.size(), u"?"_s).join(u',');
     const QString Sql =
         Cambiati.isEmpty()
             ? u"INSERT INTO %1 DEFAULT VALUES"_s.arg(Da.Tabella)
             : u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(Da.Tabella, Elenco(Da, Cambiati.keys()), Valori);
     Da.Conn->Esegui(Sql, Cambiati.values());
-    Aggiungi(Da.Conn->UltimaChiave());
+    const qint64 Chiave = Da.Conn->UltimaChiave();
+    if (Tutto)
+        Tutto->Conferma();
+    Aggiungi(Chiave);
     Vai(Chiavi.size() - 1);
 }
 

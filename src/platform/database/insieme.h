@@ -76,7 +76,7 @@ struct Insieme
     /// count.
     void LeggiChiaviOrdinate(const QString& Colonna, bool Discendente);
     // The changes of one row; each writes at once. @throws Errore as Recordset::Update
-    void Inserisci();
+    void Inserisci(const std::function<void()>& Prima = {});
     void Aggiorna();
     void Elimina();
     /// Moves to the row that the chosen index finds; behind the last when there is none.

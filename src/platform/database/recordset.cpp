@@ -129,14 +129,14 @@ void Recordset::CancelUpdate()
     Stato->Aperto = Dati::Lavoro::Nessuno;
 }
 
-void Recordset::Update()
+void Recordset::Update(const std::function<void()>& Prima)
 {
     Dati& Insieme = Corrente();
     switch (Insieme.Aperto) {
     case Dati::Lavoro::Nessuno:
         throw Errore(errori::NonInModifica);
     case Dati::Lavoro::Nuovo:
-        Insieme.Inserisci();
+        Insieme.Inserisci(Prima);
         break;
     case Dati::Lavoro::Modifica:
         Insieme.Aggiorna();

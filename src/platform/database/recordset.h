@@ -132,7 +132,9 @@ public:
     /// True when somebody has written to the row since Edit, which read it. A new row is nobody else's.
     /// @throws Errore 3020 nothing is being written, 3167 the row is gone
     [[nodiscard]] bool CambiatoDaAltri() const;
-    void Update();
+    /// @param Prima runs in one step with the writing of a new row, in which nobody else writes: what it
+    /// reads of the file still holds when the row stands there. Of a failure the row stays in writing
+    void Update(const std::function<void()>& Prima = {});
     void CancelUpdate();
     void Delete();
 
