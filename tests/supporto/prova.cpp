@@ -1,14 +1,21 @@
 #include "supporto/prova.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #ifdef Q_OS_LINUX
+#include <cerrno>
+#include <csignal>
 #include <sys/statvfs.h>
 #include <unistd.h>
 #endif
 
 namespace {
+
+/// The number of the process stands behind it.
+const QString NomeDiProva = QStringLiteral("calcanova-prova-");
 
 /// Where the folders of tests stand: in memory where the machine has such a disk with room, since the program
 /// waits for the disk at every save, and thousands of saves are most of what a test does. Whoever names a
@@ -40,9 +47,31 @@ RegistraProva::RegistraProva(const char* Nome, std::function<QObject*()> Crea)
     ClassiDiProva()[QString::fromLatin1(Nome)] = std::move(Crea);
 }
 
+void TogliCartelleDeiMorti(const QString& Dove)
+{
+#ifdef Q_OS_LINUX
+    const QFileInfoList Tutte =
+        QDir(Dove).entryInfoList({NomeDiProva + QStringLiteral("*")}, QDir::Dirs | QDir::NoSymLinks);
+    for (const QFileInfo& Voce : Tutte) {
+        bool Numero = false;
+        const int Processo = Voce.fileName().mid(NomeDiProva.size()).section(u'-', 0, 0).toInt(&Numero);
+        if (Numero && Processo > 0 && Voce.ownerId() == ::geteuid() && ::kill(Processo, 0) != 0 &&
+            errno == ESRCH)
+            QDir(Voce.filePath()).removeRecursively();
+    }
+#else
+    Q_UNUSED(Dove)
+#endif
+}
+
 QString CartellaDiProva()
 {
-    static const QTemporaryDir Radice(CartellaTemporanea() + QStringLiteral("/calcanova-prova-XXXXXX"));
+    static const QTemporaryDir Radice([] {
+        const QString Dove = CartellaTemporanea();
+        TogliCartelleDeiMorti(Dove);
+        return Dove + u'/' + NomeDiProva + QString::number(QCoreApplication::applicationPid()) +
+               QStringLiteral("-XXXXXX");
+    }());
     return Radice.path() + QDir::separator();
 }
 

@@ -22,6 +22,8 @@ struct RegistraProva
 
 /// A fresh folder of this process, with the separator at its end; gone when the process ends.
 QString CartellaDiProva();
+/// Removes from a folder the folders of test programs that are no more: one that is killed leaves its own.
+void TogliCartelleDeiMorti(const QString& Dove);
 /// A new empty folder inside it, with the separator at its end.
 QString NuovaCartella();
 /// A file of tests/, by its path inside it.
