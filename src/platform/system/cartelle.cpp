@@ -142,7 +142,9 @@ void RinominaFile(const QString& Vecchio, const QString& Nuovo)
         throw Errore(errori::FileMancante);
     if (!CartellaScrivibile(CartellaFile(Nativo)))
         throw Errore(errori::Accesso);
-    if (const int Codice = Rinomina(Nativo, PercorsoNativo(Nuovo)); Codice != 0)
+    const int Codice =
+        guasti::RinominaRifiutata ? guasti::RinominaRifiutata : Rinomina(Nativo, PercorsoNativo(Nuovo));
+    if (Codice != 0)
         throw ErroreDelSistema(Codice);
 }
 

@@ -39,7 +39,8 @@ void ScartaFile(const QString& Percorso);
 void ScartaCartella(const QString& Cartella);
 
 /// Gives a file another name on the same disk, in one step; a file that has that name already is never
-/// replaced, but for the same one under a name in other letters' case.
+/// replaced. Other letters' case is another name; on a disk for which it is none the file takes it all the
+/// same.
 /// @throws Errore 53 there is no such file, 75 its folder or the system refuses, or the name is taken, 61 no
 /// room, 57 the disk fails
 void RinominaFile(const QString& Vecchio, const QString& Nuovo);

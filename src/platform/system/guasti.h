@@ -7,7 +7,8 @@
 
 namespace guasti {
 
-/// No file of more bytes than this is completed by ScriviFile and CreaFile, as on a full disk; 0 lifts the limit.
+/// No file of more bytes than this is completed by ScriviFile and CreaFile, as on a full disk; 0 lifts the
+/// limit.
 inline qint64 LimiteFile = 0;
 
 /// Files under this folder refuse any change of their attributes, as on a read-only medium, to the superuser
@@ -24,6 +25,10 @@ inline std::function<void(const QString& Cartella)> PrimaDiScorrere;
 
 /// How long the start waits for the answer whether a folder is there, in milliseconds.
 inline int AttesaCartellaMs = 2000;
+
+/// The system's code with which it refuses to give a file another name, as a disk that is full or fails; 0
+/// lifts it.
+inline int RinominaRifiutata = 0;
 
 /// Asked before the bytes of a finished file are waited for, with its path; false is a disk that fails.
 inline std::function<bool(const QString& File)> PrimaDelDisco;

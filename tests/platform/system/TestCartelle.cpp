@@ -5,6 +5,7 @@
 #include "supporto/guasti.h"
 #include "supporto/prova.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 
@@ -27,7 +28,11 @@ private Q_SLOTS:
     void iVolumi();
     void iNomiDeiFile();
     void rinomina();
+    void rinominaImpedita_data();
+    void rinominaImpedita();
+    void rinominaNelleMaiuscole();
     void scarta();
+    void leCartelleDelleProve();
 };
 PROVA(TestCartelle);
 
@@ -156,6 +161,42 @@ void TestCartelle::rinomina()
     QCOMPARE(LeggiFile(Qui + u"dopo"_s), QByteArray("1"));
 }
 
+void TestCartelle::rinominaImpedita_data()
+{
+    QTest::addColumn<int>("Codice");
+    QTest::addColumn<int>("Numero");
+    QTest::newRow("a disk that is full") << ENOSPC << 61;
+    QTest::newRow("a share of which all is used up") << EDQUOT << 61;
+    QTest::newRow("a disk that fails") << EIO << 57;
+    QTest::newRow("a medium that is read-only") << EROFS << 75;
+}
+
+void TestCartelle::rinominaImpedita()
+{
+    QFETCH(int, Codice);
+    QFETCH(int, Numero);
+    const QString Qui = NuovaCartella();
+    ScriviFile(Qui + u"prima"_s, "1");
+    {
+        const QScopedValueRollback Rifiuto(guasti::RinominaRifiutata, Codice);
+        QCOMPARE(NumeroErrore([&] { RinominaFile(Qui + u"prima"_s, Qui + u"dopo"_s); }), Numero);
+    }
+    QCOMPARE(ContenutoDi(Qui), QStringList{u"prima"_s});
+}
+
+/// Here other letters' case is another name, and what bears it stays.
+void TestCartelle::rinominaNelleMaiuscole()
+{
+    const QString Qui = NuovaCartella();
+    ScriviFile(Qui + u"nota.mdb"_s, "1");
+    RinominaFile(Qui + u"nota.mdb"_s, Qui + u"Nota.mdb"_s);
+    QCOMPARE(ContenutoDi(Qui), QStringList{u"Nota.mdb"_s});
+    ScriviFile(Qui + u"nota.mdb"_s, "2");
+    QCOMPARE(NumeroErrore([&] { RinominaFile(Qui + u"nota.mdb"_s, Qui + u"Nota.mdb"_s); }), 75);
+    QCOMPARE(LeggiFile(Qui + u"Nota.mdb"_s), QByteArray("1"));
+    QCOMPARE(LeggiFile(Qui + u"nota.mdb"_s), QByteArray("2"));
+}
+
 void TestCartelle::scarta()
 {
     const QString Qui = NuovaCartella();
@@ -163,6 +204,23 @@ void TestCartelle::scarta()
     ScartaFile(Qui + u"manca"_s);
     ScartaFile(Qui + u"resto"_s);
     QCOMPARE(ContenutoDi(Qui), QStringList());
+}
+
+/// What the tests themselves leave when they are killed.
+void TestCartelle::leCartelleDelleProve()
+{
+    const QString Qui = NuovaCartella();
+    const QString Propria = u"calcanova-prova-%1-abc"_s.arg(QCoreApplication::applicationPid());
+    const QStringList Vive{u"altro-99999999-abc"_s, u"calcanova-prova-1-abc"_s, Propria,
+                           u"calcanova-prova-x-abc"_s};
+    for (const QString& Nome : Vive + QStringList{u"calcanova-prova-99999999-abc"_s}) {
+        QVERIFY(QDir(Qui).mkpath(Nome + u"/1"_s));
+        ScriviFile(Qui + Nome + u"/1/nota.mdb"_s, "x");
+    }
+    TogliCartelleDeiMorti(Qui);
+    QStringList Rimaste = Vive;
+    Rimaste.sort();
+    QCOMPARE(ContenutoDi(Qui), Rimaste);
 }
 
 #include "TestCartelle.moc"
