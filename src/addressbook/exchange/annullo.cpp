@@ -268,6 +268,47 @@ QString CopiaDiPrima::Tieni()
     return Dati->Mia().Copia;
 }
 
+namespace {
+
+/// What an import has left that came to no end: a copy without its record, or the other way round, or a
+/// record behind which nobody has written to the archive. What cannot be read now is left alone.
+bool MaiFinita(const QString& Archivio, const Coppia& Quale)
+{
+    if (EsisteFile(Quale.Registro) != EsisteFile(Quale.Copia))
+        return true;
+    if (!EsisteFile(Quale.Copia))
+        return false;
+    try {
+        const QJsonObject Detto =
+            QJsonDocument::fromJson(LeggiFile(Quale.Registro, MassimoRegistro)).object();
+        const std::optional<qint64> Ora = Scritture(InizioDelFile(Archivio, ByteTestata));
+        return Ora && *Ora < Detto[u"scritture"_s].toInteger();
+    } catch (const Errore&) {
+        return false;
+    }
+}
+
+}  // namespace
+
+void TogliRestiDiImportazioni(const QString& Archivio)
+{
+    try {
+        const std::array<Coppia, 2> Tutti = Posti(Archivio);
+        const bool Turno = EsisteFile(FileDelTurno(Archivio));
+        const auto Resto = [&](const Coppia& Quale) { return MaiFinita(Archivio, Quale); };
+        if (!EsisteFile(Archivio) || (!Turno && std::ranges::none_of(Tutti, Resto)))
+            return;
+        FileBlocco Mio(FileDelTurno(Archivio));
+        if (Mio.Prendi(0) != FileBlocco::Esito::Preso)
+            return;
+        for (const Coppia& Quale : Tutti)
+            if (Resto(Quale))
+                Scarta(Quale);
+    } catch (const Errore&) {
+        return;  // the next import finds it
+    }
+}
+
 std::optional<ImportazioneFatta> UltimaImportazione(const QString& Archivio)
 {
     const QJsonObject Detto = Registro(Archivio, Posti(Archivio)[PostoUltimo(Archivio)]);

@@ -52,6 +52,11 @@ private:
     std::unique_ptr<Stato> Dati;
 };
 
+/// Takes away what killed imports have left beside an archive: the turn, and a copy that was never announced
+/// or whose import was never confirmed. The copy of the last import stays. It cannot fail, and opens no
+/// database.
+void TogliRestiDiImportazioni(const QString& Archivio);
+
 /// The last import into an archive that can be undone, or could have been; none where no copy is kept.
 /// @throws Errore as OpenDatabase when the archive cannot be read and only it could say which copy that is
 [[nodiscard]] std::optional<ImportazioneFatta> UltimaImportazione(const QString& Archivio);

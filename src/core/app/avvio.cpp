@@ -1,5 +1,6 @@
 #include "core/app/avvio.h"
 
+#include "addressbook/exchange/annullo.h"
 #include "core/aperture.h"
 #include "core/app/altriavvii.h"
 #include "core/app/paginaavviso.h"
@@ -15,6 +16,7 @@
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
 #include "platform/system/aparte.h"
+#include "platform/system/blocco.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
@@ -124,13 +126,20 @@ bool Avvia(const QString& Riga)
     return true;
 }
 
-/// What killed programs left beside notes and templates; the folder of recovery copies is swept when they are
-/// offered. Notes may lie on a share that does not answer.
+/// What killed programs left beside notes, templates, archive, rates and icons; the folder of recovery copies
+/// is swept when they are offered. Notes may lie on a share that does not answer: what comes behind them
+/// waits with them, so they come last.
 void TogliResti()
 {
-    FaiAParte([Cartelle = QStringList{sessione::ParcellePath, sessione::ModelliPath}] {
+    const QString Utente = Barra(sessione::UserFolder);
+    const QString Archivio = sessione::ArchivioCliCon;
+    FaiAParte([=, Cartelle = QStringList{Utente, CartellaFile(PercorsoNativo(Archivio)),
+                                         sessione::ModelliPath, sessione::ParcellePath}] {
+        ScartaBlocco(Utente + u".~kr5.ini.lock"_s);
+        TogliRestiDiImportazioni(Archivio);
         for (const QString& Cartella : Cartelle)
-            TogliRestiDiNote(Cartella);
+            if (!Cartella.isEmpty())
+                TogliRestiDiNote(Cartella);
     });
 }
 

@@ -144,6 +144,11 @@ void CopiaTabelle(const Database& Tariffe, const Database& File)
     Insieme.Conferma();
 }
 
+bool ENota(const QString& Nome)
+{
+    return Nome.endsWith(u".mdb");
+}
+
 /// Once for each folder and process, behind its first save there.
 void TogliRestiUnaVolta(const QString& Cartella)
 {
@@ -208,19 +213,30 @@ QString FraseTurno(const TurnoLasciato& Trovato)
 void TogliRestiDiNote(const QString& Cartella)
 {
     const QRegularExpression Forma(
-        u"^\\.~(?:\\.~)?(.+\\.mdb)\\.(turno(\\.rmlock)?|tmp-journal|tmp(-access)?(\\.tmp)?)\\z"_s);
+        u"^\\.~(?:\\.~)?(.+?)\\.(turno(\\.rmlock)?|tmp-journal|tmp(-access)?(\\.tmp)?)\\z"_s);
+    constexpr int Fine = 2;
     const QString Qui = Barra(Cartella);
     if (!CartellaScrivibile(Qui))
         return;
     QStringList Note;
-    for (const QString& Nome : NomiDeiFile(Qui, u".mdb.t*"_s))
-        if (const auto Parti = Forma.match(Nome); Parti.hasMatch() && !Note.contains(Parti.captured(1)))
+    for (const QString& Nome : NomiDeiFile(Qui, u".t*"_s)) {
+        const auto Parti = Forma.match(Nome);
+        // A file of another kind that is being written has no turn: what it leaves goes otherwise.
+        const bool SoloMentreSiRisana = !ENota(Parti.captured(1)) &&
+                                        Parti.captured(Fine).startsWith(u"tmp") &&
+                                        Parti.captured(Fine) != u"tmp-journal";
+        if (Parti.hasMatch() && !SoloMentreSiRisana && !Note.contains(Parti.captured(1)))
             Note.append(Parti.captured(1));
+    }
     for (const QString& Nota : std::as_const(Note)) {
         FileBlocco Turno(FileTurno(Qui + Nota));
         if (Turno.Prendi(0) != FileBlocco::Esito::Preso)
             continue;
-        for (const QString& Resto : {u".tmp"_s, u".tmp-journal"_s, u".tmp-access"_s, u".turno.rmlock"_s})
+        ScartaFile(Qui + u".~"_s + Nota + u".tmp-journal"_s);
+        ScartaFile(Qui + u".~"_s + Nota + u".turno.rmlock"_s);
+        if (!ENota(Nota))
+            continue;
+        for (const QString& Resto : {u".tmp"_s, u".tmp-access"_s})
             ScartaFile(Qui + u".~"_s + Nota + Resto);
         // A copy has a name beside its own while it is made.
         for (const QString& Resto : {u".tmp.tmp"_s, u".tmp-access.tmp"_s})

@@ -21,6 +21,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Of the main thread alone, like the connections in it: it has no lock, because a connection that two
+/// threads enter would interleave their transactions, whatever this list does. Work beside the windows (the
+/// finder's walk, the sweep at the start, the network) opens a connection of its own, or none.
 QHash<QString, std::weak_ptr<Connessione>>& Registro()
 {
     static QHash<QString, std::weak_ptr<Connessione>> Aperte;

@@ -318,3 +318,11 @@ FirmaBlocco FileBlocco::Titolare() const
 {
     return Dentro->DiChi;
 }
+
+void ScartaBlocco(const QString& Percorso)
+{
+    if (!QFileInfo::exists(Percorso))
+        return;
+    FileBlocco Turno(Percorso);
+    (void)Turno.Prendi(0);  // taken, it goes with the object
+}

@@ -50,6 +50,9 @@ private:
     std::unique_ptr<Presa> Dentro;
 };
 
+/// Takes away a lock file that a killed program of this machine has left, if one is there. It cannot fail.
+void ScartaBlocco(const QString& Percorso);
+
 /// Removes a lock file, whose ever it is, but for one whose process lives on this machine.
 /// @return true when no such file is there any more
 bool TogliBlocco(const QString& Percorso);

@@ -2,6 +2,7 @@
 #include "bancoimporta.h"
 
 #include "addressbook/exchange/annullo.h"
+#include "platform/system/blocco.h"
 #include "platform/system/guasti.h"
 #include "platform/system/orologio.h"
 #include "supporto/guasti.h"
@@ -10,6 +11,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QScopedValueRollback>
+#include <QSysInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -28,6 +30,8 @@ private Q_SLOTS:
     void leCopieSiDannoIlCambio();
     void cioCheUnProgrammaUccisoLascia();
     void cioCheNonFuMaiConfermato();
+    void iRestiSiTolgono_data();
+    void iRestiSiTolgono();
     void unGuastoDopoLaConferma();
     void dueProgrammiInsieme();
 };
@@ -209,6 +213,59 @@ void TestImportaInterrotta::cioCheNonFuMaiConfermato()
     Importa(Tre);
     QCOMPARE(ContenutoDi(S->Cartella),
              (QStringList{u"DatiStudio.mdb"_s, u"DatiStudio.mdb.prima"_s, u"DatiStudio.mdb.prima.json"_s}));
+}
+
+void TestImportaInterrotta::iRestiSiTolgono_data()
+{
+    QTest::addColumn<bool>("ConUnaPrima");   // an import of before, which can still be undone
+    QTest::addColumn<QStringList>("Tolti");  // of what the killed one has left, before it was killed
+    QTest::addColumn<bool>("MentreImporta");
+    QTest::newRow("killed while it copied") << false << QStringList{u".json"_s} << false;
+    QTest::newRow("killed behind its announcement") << false << QStringList() << false;
+    QTest::newRow("killed while it dropped its copy") << false << QStringList{QString()} << false;
+    QTest::newRow("killed while it copied, behind another") << true << QStringList{u".json"_s} << false;
+    QTest::newRow("killed behind its announcement, behind another") << true << QStringList() << false;
+    QTest::newRow("alive") << true << QStringList{u".json"_s} << true;
+}
+
+/// At the next start, without an import: an archive's copy is the names of all clients.
+void TestImportaInterrotta::iRestiSiTolgono()
+{
+    QFETCH(bool, ConUnaPrima);
+    QFETCH(QStringList, Tolti);
+    QFETCH(bool, MentreImporta);
+    TogliRestiDiImportazioni(S->File);
+    QCOMPARE(ContenutoDi(S->Cartella), QStringList{u"DatiStudio.mdb"_s});
+    if (ConUnaPrima)
+        Importa(Tabella({{u"Nominativo"_s}, {u"Antico"_s}}));
+    const QStringList Prima = ContenutoDi(S->Cartella);
+    const QString Copia = S->File + (ConUnaPrima ? u".prima.2"_s : u".prima"_s);
+    {
+        const Database Db = OpenDatabase(S->File);
+        CopiaDiPrima Conservata(S->File);
+        Conservata.Prendi();
+        Transazione Tutto(Db);
+        Db.Execute(u"INSERT INTO clienti (Nominativo) VALUES ('Perso')"_s);
+        Conservata.Annuncia(
+            Db, {.Quando = Adesso(), .Tabella = u"clienti"_s, .Sorgente = u"perso.csv"_s, .Aggiunti = 1});
+        for (const QString& Fine : {u""_s, u".json"_s})
+            QVERIFY(QFile::copy(Copia + Fine, Copia + Fine + u".salvo"_s));
+    }
+    for (const QString& Fine : {u""_s, u".json"_s})
+        QVERIFY(QFile::rename(Copia + Fine + u".salvo"_s, Copia + Fine));
+    for (const QString& Fine : std::as_const(Tolti))
+        QVERIFY(QFile::remove(Copia + Fine));
+    const QString Turno = S->File + u".prima.blocco"_s;
+    FileBlocco Vivo(Turno);
+    if (MentreImporta)
+        QCOMPARE(Vivo.Prendi(0), FileBlocco::Esito::Preso);
+    else
+        ScriviFile(Turno, "4194305\ncalcanova\n" + QSysInfo::machineHostName().toUtf8() + "\n");
+    const QStringList Conservati = ContenutoDi(S->Cartella);
+    TogliRestiDiImportazioni(S->File);
+    QCOMPARE(ContenutoDi(S->Cartella), MentreImporta ? Conservati : Prima);
+    if (ConUnaPrima)
+        QCOMPARE(UltimaImportazione(S->File)->Sorgente, u"nomi.csv"_s);
 }
 
 /// What fails behind the confirmation takes no way back along.

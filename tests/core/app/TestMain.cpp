@@ -10,6 +10,7 @@
 #include "supporto/cartellaferma.h"
 
 #include <QScopeGuard>
+#include <QSysInfo>
 
 #include <memory>
 
@@ -46,6 +47,7 @@ private Q_SLOTS:
     void impostazioniDanneggiate();
     void percorsoDelProgrammaPrecedente();
     void leNoteSuUnaReteMuta();
+    void iRestiDegliUccisi();
 
 private:
     QString
@@ -432,6 +434,34 @@ void TestMain::leNoteSuUnaReteMuta()
     }
     QVERIFY(AttendiLavoriAParte(AttesaMs));
     QVERIFY(!EsisteFile(Resto));
+}
+
+/// Beside notes, archive, rates and icons: whatever the next start would find again and again.
+void TestMain::iRestiDegliUccisi()
+{
+    const Registratore Box;
+    const QString Archivio = Scena::AllestisciStudio();
+    Scena::Salva(u"PercorsoProcedura"_s, Programma);
+    const QString Note = NuovaCartella();
+    Scena::Salva(u"ParcellePath"_s, Note);
+    const QString Utente = Scena::Parametro(u"UserFolder"_s);
+    const QByteArray DiUnMorto = "99999999\ncalcanova\n" + QSysInfo::machineHostName().toUtf8() + "\n";
+    const QStringList Resti{Utente + u".~kr5.ini.lock"_s,
+                            Utente + u".~Tassi.dat.turno"_s,
+                            Utente + u".~Tassi.dat.tmp-journal"_s,
+                            Archivio + u".prima.blocco"_s,
+                            Archivio + u".prima.2"_s,
+                            CartellaFile(Archivio) + u".~DatiStudio.mdb.turno"_s,
+                            CartellaFile(Archivio) + u".~DatiStudio.mdb.tmp"_s,
+                            Note + u".~nota.mdb.tmp"_s};
+    for (const QString& Resto : Resti)
+        ScriviFile(Resto, DiUnMorto);
+    const QByteArray Prima = LeggiFile(Archivio);
+    Main(u""_s);
+    QVERIFY(AttendiLavoriAParte(AttesaMs));
+    for (const QString& Resto : Resti)
+        QVERIFY2(!EsisteFile(Resto), qPrintable(Resto));
+    QCOMPARE(LeggiFile(Archivio), Prima);
 }
 
 void TestMain::percorsoDelProgrammaPrecedente()

@@ -213,11 +213,14 @@ void TestPosaFile::restiDiAltreNote()
                             u".~altra.mdb.turno.rmlock"_s,
                             u".~terza.mdb.tmp"_s,
                             u".~.~quarta.mdb.tmp.tmp"_s,
-                            u".~.~quinta.mdb.tmp-access.tmp"_s};
+                            u".~.~quinta.mdb.tmp-access.tmp"_s,
+                            u".~Tassi.dat.turno"_s,
+                            u".~Tassi.dat.tmp-journal"_s,
+                            u".~Altri.dat.tmp-journal"_s};
     for (const QString& Resto : Resti)
         ScriviFile(Cartella + Resto, DiUnMorto);
-    const QStringList DiAltri{u".~appunti.tmp"_s, u"altra.mdb.tmp"_s, u".~viva.mdb.tmp"_s,
-                              u".~.~viva.mdb.tmp.tmp"_s, u".~viva.mdb.turno"_s};
+    const QStringList DiAltri{u".~appunti.tmp"_s,  u".~Tassi.dat.tmp"_s,      u"altra.mdb.tmp"_s,
+                              u".~viva.mdb.tmp"_s, u".~.~viva.mdb.tmp.tmp"_s, u".~viva.mdb.turno"_s};
     for (const QString& Altrui : DiAltri)
         if (!Altrui.endsWith(u"turno"))
             ScriviFile(Cartella + Altrui, "x");
@@ -228,7 +231,7 @@ void TestPosaFile::restiDiAltreNote()
     Rimasti.sort();
     QStringList Trovati = ContenutoDi(Cartella);
     Trovati.sort();
-    QCOMPARE(Trovati, Rimasti);
+    QVERIFY2(Trovati == Rimasti, qPrintable(Trovati.join(u' ')));
 }
 
 void TestPosaFile::unMortoNonSiAspetta()

@@ -57,6 +57,7 @@ private Q_SLOTS:
     void siTogliePerOrdine();
     void traVersioniDiverse();
     void cartellaCheRifiuta();
+    void siScartaQuelloDiUnMorto();
 
 private:
     void Scrivi(const QByteArray& Contenuto, int Secondi) const;
@@ -180,6 +181,24 @@ void TestBlocco::nonSiAspettaUnMorto()
     FileBlocco Mio(File);
     QCOMPARE(Mio.Prendi(AttesaLunga), Esito::Preso);
     QVERIFY2(Orologio.elapsed() < SubitoMs, qPrintable(QString::number(Orologio.elapsed())));
+}
+
+/// Of the dead of this machine alone, and where there is none nothing comes up.
+void TestBlocco::siScartaQuelloDiUnMorto()
+{
+    ScartaBlocco(File);
+    QCOMPARE(ContenutoDi(Cartella), QStringList());
+    Scrivi(Firma(Nessuno, QSysInfo::machineHostName()), 0);
+    ScartaBlocco(File);
+    QCOMPARE(ContenutoDi(Cartella), QStringList());
+    Scrivi(Firma(4321, u"segreteria"_s), 3600);
+    ScartaBlocco(File);
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"n.turno"_s});
+    QVERIFY(TogliBlocco(File));
+    FileBlocco Vivo(File);
+    QCOMPARE(Vivo.Prendi(0), Esito::Preso);
+    ScartaBlocco(File);
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"n.turno"_s});
 }
 
 void TestBlocco::ilVuotoSiPrendeDopoUnSecondo()
