@@ -106,18 +106,18 @@ QString Aiuto()
     QString Testo = u"Uso: calcanova-cli [--programma DIR] [--utente DIR] [--json] [--batch] [--righe] "
                     "[--multipla NOTA [--prima]] [--archivio FILE] [--in TABELLA [--prova]] "
                     "[--csv FILE | --vcard FILE] [--tariffa 140|55] [--norme programma|vigenti] [--spiega] "
-                    "[--ics FILE] COMANDO VALORI...\n\n"_s;
+                    "[--ics FILE] [--controlla] COMANDO VALORI...\n\n"_s;
     for (const ComandoCli& Comando : ComandiCli())
         Testo += u"  "_s + Comando.Nome.toString().leftJustified(12) + Comando.Valori.toString() + u'\n';
     return Testo +
            u"\nCon --batch i casi arrivano dallo standard input, uno per riga, i valori separati da \";\".\n"_s;
 }
 
-/// @param NellArchivio the names of a file go into the archive, and no further file is named
-void ControllaNumero(const ComandoCli& Comando, const QStringList& Valori, bool NellArchivio)
+/// Where the names of a file go into the archive, or a file is looked at, no further file is named.
+void ControllaNumero(const ComandoCli& Comando, const QStringList& Valori, const RigaComando& Chiamata)
 {
-    if (Valori.size() < (NellArchivio ? 1 : Comando.Minimo) ||
-        Valori.size() > (NellArchivio ? 1 : Comando.Massimo))
+    const bool UnFile = !Chiamata.In.isEmpty() || Chiamata.Controlla;
+    if (Valori.size() < (UnFile ? 1 : Comando.Minimo) || Valori.size() > (UnFile ? 1 : Comando.Massimo))
         throw ErroreUso{u"Uso: calcanova-cli %1 %2"_s.arg(Comando.Nome, Comando.Valori)};
 }
 
@@ -244,6 +244,8 @@ Risposta Esegui(const ComandoCli& Comando, const RigaComando& Chiamata, const QS
 {
     if (Comando.ConNorme)
         return Comando.ConNorme(Valori, NormeDi(Chiamata));
+    if (Chiamata.Controlla)
+        return Comando.Controllo(Valori);
     if (!Chiamata.In.isEmpty())
         return Comando.InArchivio(Valori, Chiamata.In, Chiamata.Prova);
     if (!Chiamata.Tariffa.isEmpty())
@@ -258,7 +260,7 @@ int EseguiUno(const ComandoCli& Comando, const RigaComando& Chiamata, VoceCli& V
               const std::function<void(const QByteArray&)>& Uscita,
               const std::function<void(const QByteArray&)>& Guasti)
 {
-    ControllaNumero(Comando, Chiamata.Valori, !Chiamata.In.isEmpty());
+    ControllaNumero(Comando, Chiamata.Valori, Chiamata);
     try {
         const Risposta Esito = Esegui(Comando, Chiamata, Chiamata.Valori);
         Uscita(Riga(Esito, Chiamata));
@@ -274,7 +276,7 @@ Risposta RispostaCaso(const ComandoCli& Comando, const RigaComando& Chiamata, co
 {
     try {
         const QStringList Valori = DividiCaso(Caso, Comando.DivideAllUltimo);
-        ControllaNumero(Comando, Valori, !Chiamata.In.isEmpty());
+        ControllaNumero(Comando, Valori, Chiamata);
         return Esegui(Comando, Chiamata, Valori);
     } catch (const ErroreUso& Uso) {
         return {u"errore: "_s + Uso.Testo, {{u"errore"_s, Uso.Testo}}, true};
@@ -318,6 +320,13 @@ std::span<const ComandoCli> ComandiCli()
         ComandoCli{u"nota", u"NOTA.mdb", 1, 1, false, ComandoNota},
         ComandoCli{u"stampa", u"NOTA.mdb TIPO USCITA.txt|.pdf|.doc|.htm", 3, 3, false, DaSolo<ComandoStampa>,
                    false, ComandoStampa},
+        ComandoCli{.Nome = u"fattura",
+                   .Valori = u"NOTA.mdb USCITA.xml | --controlla FILE.xml",
+                   .Minimo = 2,
+                   .Massimo = 2,
+                   .DivideAllUltimo = false,
+                   .Esegui = ComandoFattura,
+                   .Controllo = ComandoControllaFattura},
         ComandoCli{u"trova", u"CARTELLA [TESTO [SOTTOCARTELLE]]", 1, 3, false, ComandoTrova},
         ComandoCli{.Nome = u"rubrica",
                    .Valori = u"TABELLA [TESTO]",
@@ -403,6 +412,8 @@ int EseguiCli(const QStringList& Argomenti, const std::function<QByteArray()>& I
             throw ErroreUso{u"L'opzione --multipla non vale per il comando %1"_s.arg(Comando->Nome)};
         if (!Chiamata.In.isEmpty() && !Comando->InArchivio)
             throw ErroreUso{u"L'opzione --in non vale per il comando %1"_s.arg(Comando->Nome)};
+        if (Chiamata.Controlla && !Comando->Controllo)
+            throw ErroreUso{u"L'opzione --controlla non vale per il comando %1"_s.arg(Comando->Nome)};
         if (!Chiamata.Tariffa.isEmpty() && !Comando->ConTariffa)
             throw ErroreUso{u"L'opzione --tariffa non vale per il comando %1"_s.arg(Comando->Nome)};
         ControllaNorme(*Comando, Chiamata);

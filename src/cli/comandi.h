@@ -59,6 +59,8 @@ struct ComandoCli
     std::function<Risposta(const QStringList& Valori, const Decreto& Legge)> ConTariffa = {};
     /// The same command by the norms that --norme chooses; none where it means nothing to it.
     std::function<Risposta(const QStringList& Valori, const NormeChieste& Scelta)> ConNorme = {};
+    /// A look at the file that the command would make; none where --controlla means nothing to it.
+    std::function<Risposta(const QStringList& Valori)> Controllo = {};
     bool SpiegaNorme = false;  ///< --spiega means something to it
     bool InAgenda = false;     ///< --ics means something to it
 };
@@ -84,6 +86,12 @@ struct ComandoCli
 /// The items of a tariff for a category, an authority and a value, with minimum, medium and maximum as a line
 /// of a note would take them; the free item, which has none, is left out.
 [[nodiscard]] Risposta ComandoVoci(const QStringList& Valori, const Decreto& Legge);
+
+/// The electronic invoice of a note into a file, whole or not at all; the counter of such files steps first.
+[[nodiscard]] Risposta ComandoFattura(const QStringList& Valori);
+/// What is wrong with the file of an electronic invoice, whoever has written it. It fails where the exchange
+/// system would send the file back.
+[[nodiscard]] Risposta ComandoControllaFattura(const QStringList& Valori);
 
 /// A file of Access as a native one.
 [[nodiscard]] Risposta ComandoImporta(const QStringList& Valori);

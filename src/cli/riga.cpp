@@ -58,6 +58,8 @@ RigaComando LeggiRiga(const QStringList& Argomenti)
             Riga.In = Seguente(u"tabella"_s);
         else if (Opzioni && Parola == u"--prova")
             Riga.Prova = true;
+        else if (Opzioni && Parola == u"--controlla")
+            Riga.Controlla = true;
         else if (Opzioni && (Parola == u"--csv" || Parola == u"--vcard")) {
             Riga.Esporta = PercorsoNativo(Seguente(u"destinazione"_s));
             Riga.InSchede = Parola == u"--vcard";

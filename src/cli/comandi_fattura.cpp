@@ -1,0 +1,108 @@
+// The commands of calcanova-cli on electronic invoices.
+#include "cli/comandi.h"
+
+#include "core/modTrasmissioni.h"
+#include "feenote/einvoice/adattatori.h"
+#include "feenote/einvoice/composizione.h"
+#include "feenote/einvoice/controlli.h"
+#include "feenote/einvoice/scrittura.h"
+#include "feenote/file/modLettura.h"
+#include "feenote/modParti.h"
+#include "platform/base/errore.h"
+#include "platform/system/file.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/orologio.h"
+#include "platform/system/percorsi.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QStringList Frasi(const QList<MancanzaFattura>& Tutte)
+{
+    QStringList Testi;
+    for (const MancanzaFattura& Voce : Tutte)
+        Testi += Voce.Messaggio;
+    return Testi;
+}
+
+QJsonObject Descritto(const EsitoControllo& Esito)
+{
+    return {{u"codice"_s, Esito.Codice},
+            {u"rifiuto"_s, Esito.Gravita == GravitaControllo::Rifiuto},
+            {u"frase"_s, Esito.Frase},
+            {u"elemento"_s, Esito.Elemento},
+            {u"linea"_s, Esito.Linea}};
+}
+
+/// "2 rifiuti, 1 avviso", the last row of an answer.
+QString Conto(const QList<EsitoControllo>& Esiti)
+{
+    const auto Rifiuti = std::ranges::count(Esiti, GravitaControllo::Rifiuto, &EsitoControllo::Gravita);
+    const auto Avvisi = std::ssize(Esiti) - Rifiuti;
+    return u"%1 %2, %3 %4"_s.arg(QString::number(Rifiuti), Rifiuti == 1 ? u"rifiuto"_s : u"rifiuti"_s,
+                                 QString::number(Avvisi), Avvisi == 1 ? u"avviso"_s : u"avvisi"_s);
+}
+
+/// The note as its invoice takes it: client's block and subject as the print has them.
+Parcella LeggiNota(const QString& Percorso)
+{
+    Parcella Nota;
+    CaricaDati(Nota, PercorsoNativo(Percorso));
+    RicomponiBlocco(Nota);
+    return Nota;
+}
+
+}  // namespace
+
+Risposta ComandoFattura(const QStringList& Valori)
+{
+    const Parcella Nota = LeggiNota(Valori[0]);
+    const QString Uscita = PercorsoNativo(Valori[1]);
+    const Cedente Studio = CedenteDaImpostazioni();
+    const Cessionario Cliente = CessionarioDellaNota(Nota);
+    const auto Componi = [&](int Numero) {
+        SceltaFattura Scelta = SceltaDellaNota(Nota, Cliente);
+        Scelta.Progressivo = ProgressivoFile(Numero);
+        return ComponiFatturaElettronica(Nota, Studio, Cliente, Scelta, Oggi());
+    };
+    // Whatever can be known before is, so that no number is taken in vain.
+    const Composizione Prova = Componi(ProssimaTrasmissione());
+    if (!Prova.Completa())
+        throw Errore(NumeroFatturaRifiutata, Frasi(Prova.Mancanze).join(u' '));
+    if (EsisteFile(Uscita))
+        throw Errore(58, u"Il file %1 esiste già"_s.arg(NomeFile(Uscita)));
+    const Composizione Fatta = Componi(PrendiTrasmissione());
+    SalvaFattura(Uscita, Fatta.Fattura, Oggi());
+    QStringList Avvisi = Frasi(Fatta.Avvisi);
+    if (const QString Nome = NomeFileFattura(Fatta.Fattura); NomeFile(Uscita) != Nome)
+        Avvisi += u"Per trasmetterlo il file va chiamato %1."_s.arg(Nome);
+    for (const QString& Avviso : Avvisi)
+        MsgBox(Avviso, vbInformation);
+    return {Uscita,
+            {{u"file"_s, Uscita},
+             {u"nome"_s, NomeFileFattura(Fatta.Fattura)},
+             {u"totale"_s, Fatta.Fattura.Totale},
+             {u"daPagare"_s, Fatta.Fattura.Pagamento ? Fatta.Fattura.Pagamento->Importo : 0.0},
+             {u"avvisi"_s, QJsonArray::fromStringList(Avvisi)}},
+            false};
+}
+
+Risposta ComandoControllaFattura(const QStringList& Valori)
+{
+    // Twice what a channel takes is read, so that a file that is too large is told as such.
+    const QString File = PercorsoNativo(Valori[0]);
+    const QList<EsitoControllo> Esiti =
+        ControllaFattura(LeggiFile(File, 2 * MassimoByteFattura), NomeFile(File), Oggi());
+    QStringList Righe;
+    QJsonArray Descritti;
+    for (const EsitoControllo& Esito : Esiti) {
+        Righe += TestoEsito(Esito);
+        Descritti.append(Descritto(Esito));
+    }
+    Righe += Conto(Esiti);
+    return {Righe.join(u'\n'), {{u"esiti"_s, Descritti}, {u"conto"_s, Conto(Esiti)}}, !Accettabile(Esiti)};
+}

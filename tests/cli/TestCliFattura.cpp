@@ -1,0 +1,311 @@
+// The electronic invoice from the command line: a note becomes a file, a file is looked at.
+#include "chiamata.h"
+
+#include "core/modTrasmissioni.h"
+#include "core/sessione.h"
+#include "feenote/file/modPosaFile.h"
+#include "feenote/modInterruttori.h"
+#include "feenote/modNuovaParcella.h"
+#include "platform/database/database.h"
+#include "platform/system/file.h"
+#include "platform/system/impostazioni.h"
+#include "platform/system/orologio.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString Campione(const QString& Nome)
+{
+    return FileDiProva(u"feenote/einvoice/esempi/"_s + Nome);
+}
+
+/// An office with its settings, an archive with one client, and a saved note that is linked to it.
+class Ufficio
+{
+public:
+    Ufficio()
+    {
+        Orologio = InstallaOrologio([] { return QDateTime(QDate(2026, 1, 20), QTime(10, 0)); });
+        const std::pair<QString, QString> Voci[] = {
+            {u"StudioNome"_s, u"Avv. Mario Rossi"_s},
+            {u"StudioPIva"_s, u"01234567897"_s},
+            {u"StudioCodFisc"_s, u"RSSMRA80A01H501U"_s},
+            {u"StudioTitolareNome"_s, u"Mario"_s},
+            {u"StudioTitolareCognome"_s, u"Rossi"_s},
+            {u"StudioVia"_s, u"Via della Prova"_s},
+            {u"StudioCivico"_s, u"1"_s},
+            {u"StudioCap"_s, u"00100"_s},
+            {u"StudioComune"_s, u"Roma"_s},
+            {u"StudioProv"_s, u"RM"_s},
+            {u"ProgTrasm"_s, u"0"_s},
+        };
+        for (const auto& [Chiave, Valore] : Voci)
+            SaveSetting(u"KR5"_s, u"Parametri"_s, Chiave, Valore);
+        sessione::PercorsoProg = ProgrammaDiProva();
+        QFile::copy(ProgrammaDiProva() + u"DatiStudio.mdb"_s, Archivio);
+        QFile::setPermissions(Archivio, QFile::ReadOwner | QFile::WriteOwner);
+        Recordset Righe = OpenDatabase(Archivio).OpenRecordset(u"clienti"_s);
+        Righe.AddNew();
+        for (const auto& [Colonna, Valore] : {std::pair{u"Nominativo"_s, u"Alfa S.r.l."_s},
+                                              {u"Indirizzo"_s, u"Via dell'Esempio 2"_s},
+                                              {u"Cap"_s, u"20100"_s},
+                                              {u"Citta"_s, u"Milano"_s},
+                                              {u"Prov"_s, u"MI"_s},
+                                              {u"PIva"_s, u"09876543217"_s},
+                                              {u"CodDestinatario"_s, u"ABC1234"_s}})
+            Righe.ImpostaValue(Colonna, Valore);
+        Righe.Update();
+        Righe.MoveLast();
+        Cliente = Righe.Value(u"ID"_s).toInt();
+    }
+    ~Ufficio() { InstallaOrologio(Orologio); }
+    Ufficio(const Ufficio&) = delete;
+    Ufficio& operator=(const Ufficio&) = delete;
+
+    /// A saved note: 1000,00 of fees, 15 % general expenses, 4 %, 22 %, 20 %.
+    [[nodiscard]] QString Nota(const std::function<void(Parcella&)>& Cambia = {}) const
+    {
+        Parcella Nuova;
+        NuovaParcella(Nuova);
+        Nuova.IDCli = Cliente;
+        Nuova.txtCliente.Testo = u"Alfa S.r.l."_s;
+        Nuova.txtOggetto.Testo = u"Rossi contro Bianchi"_s;
+        Nuova.cmbTipoStampa = StampaFatturaAnalitica;
+        Nuova.txtDatiPar[DatoNumFatt] = u"7"_s;
+        Nuova.txtDatiPar[DatoDataFatt] = u"15/01/2026"_s;
+        for (const auto& [Tick, Box, Percento] :
+             {std::tuple{&Parcella::chkSpeseGen, &Parcella::txtSpeGen, u"15"_s},
+              {&Parcella::chkCP, &Parcella::txtCP, u"4"_s},
+              {&Parcella::chkIva, &Parcella::txtIVA, u"22"_s},
+              {&Parcella::chkRA, &Parcella::txtRA, u"20"_s}}) {
+            (Nuova.*Tick).Attiva = true;
+            (Nuova.*Box).Testo = Percento;
+        }
+        const int Riga = Nuova.xOnorari.AggiungiRiga();
+        Nuova.xOnorari(Riga, OnoDescr) = u"Fase di studio"_s;
+        Nuova.xOnorari(Riga, OnoImporto) = 1000.0;
+        if (Cambia)
+            Cambia(Nuova);
+        RicordaStampa(Nuova);
+        const QString File = Cartella + u"nota.mdb"_s;
+        ScriviNota(File, Nuova);
+        return File;
+    }
+    [[nodiscard]] Esito Fattura(const QString& Nota, const QString& Uscita,
+                                const QStringList& Prima = {}) const
+    {
+        return Chiama(QStringList{u"--archivio"_s, Archivio} + Prima +
+                      QStringList{u"fattura"_s, Nota, Uscita});
+    }
+
+    QString Cartella = NuovaCartella();
+    QString Archivio = Cartella + u"DatiStudio.mdb"_s;
+    int Cliente = 0;
+
+private:
+    std::function<QDateTime()> Orologio;
+};
+
+}  // namespace
+
+class TestCliFattura : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void gliEsempi_data();
+    void gliEsempi();
+    void ilFileCattivo();
+    void ilFileCattivoInJson();
+    void iFileInFila();
+    void chiamataSbagliata_data();
+    void chiamataSbagliata();
+    void laNotaDiventaFile();
+    void ilContatoreVaAvanti();
+    void cioCheManca();
+    void unFileCheCE();
+    void unaNotaCheNonEUnaFattura();
+    void ilContatoreAllaFine();
+};
+PROVA(TestCliFattura);
+
+void TestCliFattura::init()
+{
+    AzzeraSessione();
+}
+
+void TestCliFattura::gliEsempi_data()
+{
+    QTest::addColumn<QString>("Nome");
+    QTest::addColumn<QString>("Ultima");
+    QTest::newRow("ufficiale") << u"IT01234567890_FPR01.xml"_s << u"0 rifiuti, 3 avvisi"_s;
+    QTest::newRow("altro ufficiale") << u"IT01234567890_FPR02.xml"_s << u"0 rifiuti, 3 avvisi"_s;
+    QTest::newRow("con un altro nome") << u"ordinario.xml"_s << u"0 rifiuti, 1 avviso"_s;
+}
+
+void TestCliFattura::gliEsempi()
+{
+    QFETCH(QString, Nome);
+    const Esito Risposta = Chiama({u"fattura"_s, u"--controlla"_s, Campione(Nome)});
+    QCOMPARE(Risposta.Stato, 0);
+    QTEST(Risposta.Uscita.trimmed().section(u'\n', -1), "Ultima");
+    QCOMPARE(Risposta.Guasti, QString());
+}
+
+void TestCliFattura::ilFileCattivo()
+{
+    const QString File = NuovaCartella() + u"a.xml"_s;
+    ScriviFile(
+        File,
+        LeggiFile(Campione(u"ordinario.xml"_s)).replace("<PrezzoUnitario>150.00", "<PrezzoUnitario>151.00"));
+    const Esito Risposta = Chiama({u"fattura"_s, u"--controlla"_s, File});
+    QCOMPARE(Risposta.Stato, 1);
+    QVERIFY2(Risposta.Uscita.contains(u"Rifiuto, linea "_s) && Risposta.Uscita.contains(u"(00423)"_s),
+             qPrintable(Risposta.Uscita));
+    QVERIFY(Risposta.Uscita.endsWith(u"1 rifiuto, 1 avviso\n"_s));
+    const Esito Manca = Chiama({u"fattura"_s, u"--controlla"_s, NuovaCartella() + u"b.xml"_s});
+    QCOMPARE(Manca.Stato, 1);
+    QVERIFY(Manca.Guasti.contains(u"(53)"_s));
+}
+
+void TestCliFattura::ilFileCattivoInJson()
+{
+    const QString File = NuovaCartella() + u"IT01234567897_00001.xml"_s;
+    ScriviFile(File, LeggiFile(Campione(u"ordinario.xml"_s)).replace("<Imposta>263.12", "<Imposta>263.20"));
+    const Esito Risposta = Chiama({u"--json"_s, u"fattura"_s, u"--controlla"_s, File});
+    QCOMPARE(Risposta.Stato, 0);
+    const QJsonArray Esiti = QJsonDocument::fromJson(Risposta.Uscita.toUtf8()).object()[u"esiti"_s].toArray();
+    QCOMPARE(Esiti.size(), 2);  // the tax, and the total that no longer is the sum
+    QStringList Codici;
+    for (const QJsonValue& Uno : Esiti) {
+        Codici += Uno[u"codice"_s].toString();
+        QVERIFY(!Uno[u"rifiuto"_s].toBool() && Uno[u"linea"_s].toInt() > 0);
+    }
+    QVERIFY(Codici.contains(u"00421"_s));
+}
+
+void TestCliFattura::iFileInFila()
+{
+    const Esito Risposta = Chiama(
+        {u"fattura"_s, u"--controlla"_s, u"--batch"_s, u"--json"_s},
+        {Campione(u"ordinario.xml"_s).toUtf8(), "niente.xml", Campione(u"forfettario.xml"_s).toUtf8()});
+    QCOMPARE(Risposta.Stato, 0);
+    const QStringList Righe = Risposta.Uscita.trimmed().split(u'\n');
+    QCOMPARE(Righe.size(), 3);
+    QVERIFY(Righe[1].contains(u"errore"_s));
+    QVERIFY(Righe[2].contains(u"0 rifiuti, 1 avviso"_s));
+}
+
+void TestCliFattura::chiamataSbagliata_data()
+{
+    QTest::addColumn<QStringList>("Argomenti");
+    QTest::newRow("senza uscita") << QStringList{u"fattura"_s, u"a.mdb"_s};
+    QTest::newRow("controllo di due") << QStringList{u"fattura"_s, u"--controlla"_s, u"a.xml"_s, u"b.xml"_s};
+    QTest::newRow("controllo d'altro") << QStringList{u"nota"_s, u"--controlla"_s, u"a.mdb"_s};
+}
+
+void TestCliFattura::chiamataSbagliata()
+{
+    QFETCH(QStringList, Argomenti);
+    QCOMPARE(Chiama(Argomenti).Stato, 2);
+}
+
+void TestCliFattura::laNotaDiventaFile()
+{
+    const Ufficio Studio;
+    const QString File = Studio.Cartella + u"ITRSSMRA80A01H501U_00001.xml"_s;
+    const Esito Risposta = Studio.Fattura(Studio.Nota(), File);
+    QCOMPARE(Risposta.Guasti, QString());
+    QCOMPARE(Risposta.Stato, 0);
+    QCOMPARE(Risposta.Uscita, File + u'\n');
+    const QByteArray Byte = LeggiFile(File);
+    for (const QByteArray& Parola :
+         {"<ProgressivoInvio>00001<"_ba, "<ImportoTotaleDocumento>1459.12<"_ba, "<ImportoRitenuta>230.00<"_ba,
+          "<ImportoPagamento>1229.12<"_ba, "<Denominazione>Alfa S.r.l.<"_ba, "<NumeroCivico>2<"_ba,
+          "<Cognome>Rossi<"_ba, "<Numero>7/2026<"_ba, "<Descrizione>Fase di studio<"_ba,
+          "<Causale>Oggetto: Rossi contro Bianchi<"_ba})
+        QVERIFY2(Byte.contains(Parola), Parola);
+    const Esito Controllo = Chiama({u"fattura"_s, u"--controlla"_s, File});
+    QCOMPARE(Controllo.Uscita, u"0 rifiuti, 0 avvisi\n"_s);
+    QCOMPARE(Controllo.Stato, 0);
+}
+
+void TestCliFattura::ilContatoreVaAvanti()
+{
+    const Ufficio Studio;
+    const QString Nota = Studio.Nota();
+    const QString Primo = Studio.Cartella + u"a.xml"_s;
+    const Esito Risposta = Studio.Fattura(Nota, Primo, {u"--json"_s});
+    QCOMPARE(Risposta.Stato, 0);
+    QVERIFY2(Risposta.Guasti.contains(u"va chiamato ITRSSMRA80A01H501U_00001.xml"_s),
+             qPrintable(Risposta.Guasti));
+    const QJsonObject Detto = QJsonDocument::fromJson(Risposta.Uscita.toUtf8()).object();
+    QCOMPARE(Detto[u"nome"_s].toString(), u"ITRSSMRA80A01H501U_00001.xml"_s);
+    QCOMPARE(Detto[u"totale"_s].toDouble(), 1459.12);
+    QCOMPARE(Detto[u"daPagare"_s].toDouble(), 1229.12);
+    const QString Secondo = Studio.Cartella + u"ITRSSMRA80A01H501U_00002.xml"_s;
+    QCOMPARE(Studio.Fattura(Nota, Secondo).Stato, 0);
+    QVERIFY(LeggiFile(Secondo).contains("<ProgressivoInvio>00002<"));
+    QCOMPARE(ProssimaTrasmissione(), 3);
+}
+
+/// One line with all that is missing; no file, and no number taken.
+void TestCliFattura::cioCheManca()
+{
+    const Ufficio Studio;
+    const QString File = Studio.Cartella + u"a.xml"_s;
+    const Esito Risposta = Studio.Fattura(Studio.Nota([](Parcella& Nota) {
+        Nota.txtDatiPar[DatoNumFatt].clear();
+        Nota.IDCli = 0;
+    }),
+                                          File);
+    QCOMPARE(Risposta.Stato, 1);
+    QVERIFY2(Risposta.Guasti.contains(u"Manca il numero della fattura."_s) &&
+                 Risposta.Guasti.contains(u"Collegare la parcella a un cliente"_s),
+             qPrintable(Risposta.Guasti));
+    QCOMPARE(Risposta.Guasti.count(u'\n'), 1);
+    QVERIFY(!EsisteFile(File));
+    QCOMPARE(ProssimaTrasmissione(), 1);
+}
+
+void TestCliFattura::unFileCheCE()
+{
+    const Ufficio Studio;
+    const QString File = Studio.Cartella + u"a.xml"_s;
+    ScriviFile(File, "mio");
+    const Esito Risposta = Studio.Fattura(Studio.Nota(), File);
+    QCOMPARE(Risposta.Stato, 1);
+    QCOMPARE(Risposta.Guasti, u"Errore: Il file a.xml esiste già (58)\n"_s);
+    QCOMPARE(LeggiFile(File), "mio"_ba);
+    QCOMPARE(ProssimaTrasmissione(), 1);
+}
+
+void TestCliFattura::unaNotaCheNonEUnaFattura()
+{
+    const Ufficio Studio;
+    const Esito Risposta =
+        Studio.Fattura(Studio.Nota([](Parcella& Nota) { Nota.cmbTipoStampa = StampaPrenotula; }),
+                       Studio.Cartella + u"a.xml"_s);
+    QCOMPARE(Risposta.Stato, 1);
+    QVERIFY(Risposta.Guasti.contains(u"Fattura sintetica o dalla Fattura analitica"_s));
+}
+
+void TestCliFattura::ilContatoreAllaFine()
+{
+    const Ufficio Studio;
+    SaveSetting(u"KR5"_s, u"Parametri"_s, u"ProgTrasm"_s, QString::number(UltimoProgTrasm));
+    const QString File = Studio.Cartella + u"a.xml"_s;
+    const Esito Risposta = Studio.Fattura(Studio.Nota(), File);
+    QCOMPARE(Risposta.Stato, 1);
+    QVERIFY(!Risposta.Guasti.isEmpty());
+    QVERIFY(!EsisteFile(File));
+}
+
+#include "TestCliFattura.moc"
