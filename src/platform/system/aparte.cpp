@@ -2,6 +2,7 @@
 
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
+#include "platform/system/percorsi.h"
 
 #include <chrono>
 #include <condition_variable>
@@ -35,6 +36,31 @@ struct InCorso
         Detto.notify_all();
     }
 };
+
+/// The answer of a disk, if it comes in time.
+/// @param Cartella that is asked
+std::optional<bool> EntroIlTempo(const QString& Cartella, const std::function<bool()>& Chiedi)
+{
+    struct Risposta
+    {
+        std::mutex Turno;
+        std::condition_variable Detto;
+        std::optional<bool> Esiste;
+    };
+    const auto Avuta = std::make_shared<Risposta>();
+    FaiAParte([Avuta, Cartella, Chiedi] {
+        if (const auto Attesa = guasti::PrimaDiScorrere)
+            Attesa(Cartella);
+        const bool Trovata = Chiedi();
+        const std::lock_guard Mio(Avuta->Turno);
+        Avuta->Esiste = Trovata;
+        Avuta->Detto.notify_all();
+    });
+    std::unique_lock Mio(Avuta->Turno);
+    Avuta->Detto.wait_for(Mio, std::chrono::milliseconds(guasti::AttesaCartellaMs),
+                          [&] { return Avuta->Esiste.has_value(); });
+    return Avuta->Esiste;
+}
 
 }  // namespace
 
@@ -70,25 +96,12 @@ void AttendiOFinisci(int Ms, int Esito)
     std::_Exit(Esito);
 }
 
+std::optional<bool> EsisteFileEntro(const QString& Percorso)
+{
+    return EntroIlTempo(CartellaFile(Percorso), [Percorso] { return EsisteFile(Percorso); });
+}
+
 bool EsisteCartellaEntro(const QString& Percorso)
 {
-    struct Risposta
-    {
-        std::mutex Turno;
-        std::condition_variable Detto;
-        std::optional<bool> Esiste;
-    };
-    const auto Avuta = std::make_shared<Risposta>();
-    FaiAParte([Avuta, Percorso] {
-        if (const auto Attesa = guasti::PrimaDiScorrere)
-            Attesa(Percorso);
-        const bool Trovata = EsisteCartella(Percorso);
-        const std::lock_guard Mio(Avuta->Turno);
-        Avuta->Esiste = Trovata;
-        Avuta->Detto.notify_all();
-    });
-    std::unique_lock Mio(Avuta->Turno);
-    Avuta->Detto.wait_for(Mio, std::chrono::milliseconds(guasti::AttesaCartellaMs),
-                          [&] { return Avuta->Esiste.has_value(); });
-    return Avuta->Esiste.value_or(true);
+    return EntroIlTempo(Percorso, [Percorso] { return EsisteCartella(Percorso); }).value_or(true);
 }

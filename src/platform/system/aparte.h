@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 
 /// Does it on a thread of its own, for which nobody waits. What it throws is nobody's; what it uses must be
 /// its own.
@@ -19,3 +20,6 @@ void AttendiOFinisci(int Ms, int Esito);
 /// EsisteCartella with an answer within two seconds: a folder of which the disk says nothing counts as there,
 /// since one that is missing is told at once.
 [[nodiscard]] bool EsisteCartellaEntro(const QString& Percorso);
+
+/// EsisteFile with an answer within the same time; nothing where the disk says nothing.
+[[nodiscard]] std::optional<bool> EsisteFileEntro(const QString& Percorso);
