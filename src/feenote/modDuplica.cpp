@@ -1,0 +1,35 @@
+#include "feenote/modDuplica.h"
+
+namespace {
+
+void TogliCliente(Parcella& Nota)
+{
+    const Parcella Nessuno;
+    Nota.IDCli = Nessuno.IDCli;
+    Nota.NomeCli = Nessuno.NomeCli;
+    Nota.txtCliente.Testo.clear();
+    Nota.txtDatiStaCli.Testo.clear();
+    Nota.optContrTipo = Nessuno.optContrTipo;
+    Nota.ContrTipoDi = Nessuno.ContrTipoDi;
+    Nota.Rappr = Nessuno.Rappr;
+    Nota.RapprDi = Nessuno.RapprDi;
+    Nota.RapprLegato = Nessuno.RapprLegato;
+    Nota.BlocchiScritti = Nessuno.BlocchiScritti;
+}
+
+}  // namespace
+
+Parcella Duplicata(const Parcella& Nota, bool ConCliente)
+{
+    Parcella Copia = Nota;
+    for (const DatoStampa Dato : {DatoNumero, DatoData, DatoNumFatt, DatoDataFatt})
+        Copia.txtDatiPar.remove(Dato);
+    Copia.Percorso.clear();
+    Copia.Psw.clear();
+    Copia.IDMultipla = 0;
+    Copia.AvvisoNotaGiudiziale = false;
+    Copia.Fuoco = CampoNota::Nessuno;
+    if (!ConCliente)
+        TogliCliente(Copia);
+    return Copia;
+}

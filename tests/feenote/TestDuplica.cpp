@@ -1,0 +1,101 @@
+// A note made of another one: what goes along, what stays behind.
+#include "nota_prova.h"
+
+#include "feenote/modDuplica.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A note with something in all that a copy leaves behind, and in all that it takes.
+Parcella Piena()
+{
+    Parcella Nota;
+    Nota.Percorso = u"/studio/rossi.mdb"_s;
+    Nota.Psw = u"->>abc"_s;
+    Nota.IDCli = 7;
+    Nota.NomeCli = u"Rossi"_s;
+    Nota.txtCliente.Testo = u"Rossi"_s;
+    Nota.txtDatiStaCli.Testo = u"Rossi\nRoma"_s;
+    Nota.optContrTipo = 1;
+    Nota.ContrTipoDi = 7;
+    Nota.Rappr.Nome = u"Verdi"_s;
+    Nota.RapprDi = 7;
+    Nota.RapprLegato = u"Verdi"_s;
+    Nota.BlocchiScritti[FormaBlocco::Testata] = u"mio"_s;
+    Nota.IDCon = 8;
+    Nota.txtControp.Testo = u"Bianchi"_s;
+    Nota.txtOggetto.Testo = u"appalto"_s;
+    Nota.cmbTipoStampa = StampaFatturaAnalitica;
+    Nota.txtDatiPar[DatoNumero] = u"1"_s;
+    Nota.txtDatiPar[DatoData] = u"01/02/2026"_s;
+    Nota.txtDatiPar[DatoNumFatt] = u"2"_s;
+    Nota.txtDatiPar[DatoDataFatt] = u"02/02/2026"_s;
+    Nota.txtDatiPar[DatoTestoSuperiore] = u"sopra"_s;
+    Nota.txtDatiPar[DatoDepRuolo] = u"77/2026"_s;
+    Nota.txtParcMultipla = u"altra"_s;
+    Nota.txtPathParcMult = u"/studio/altra.mdb"_s;
+    Nota.IDMultipla = 3;
+    Nota.chkRA.Attiva = true;
+    Nota.txtRA.Testo = u"20"_s;
+    RigaAcconto(Nota, u"E"_s, 100, 0, 0);
+    return Nota;
+}
+
+}  // namespace
+
+class TestDuplica : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void colCliente();
+    void senzaCliente();
+    void lOriginaleResta();
+};
+PROVA(TestDuplica);
+
+void TestDuplica::colCliente()
+{
+    Parcella Attesa = Piena();
+    Attesa.Percorso.clear();
+    Attesa.Psw.clear();
+    Attesa.IDMultipla = 0;
+    for (const int Dato : {DatoNumero, DatoData, DatoNumFatt, DatoDataFatt})
+        Attesa.txtDatiPar.remove(Dato);
+    const Parcella Copia = Duplicata(Piena(), true);
+    QVERIFY(Copia == Attesa);
+    QCOMPARE(Copia.DatiPar(DatoTestoSuperiore), u"sopra"_s);
+    QCOMPARE(Copia.DatiPar(DatoNumFatt), QString());
+    QCOMPARE(Copia.IDCli, 7);
+    QCOMPARE(Copia.txtParcMultipla, u"altra"_s);
+    QCOMPARE(Copia.xAcconti.Righe(), 1);
+}
+
+void TestDuplica::senzaCliente()
+{
+    const Parcella Copia = Duplicata(Piena(), false);
+    Parcella Attesa = Duplicata(Piena(), true);
+    Attesa.IDCli = 0;
+    Attesa.NomeCli.clear();
+    Attesa.txtCliente.Testo.clear();
+    Attesa.txtDatiStaCli.Testo.clear();
+    Attesa.optContrTipo = 0;
+    Attesa.ContrTipoDi = 0;
+    Attesa.Rappr = {};
+    Attesa.RapprDi = 0;
+    Attesa.RapprLegato.clear();
+    Attesa.BlocchiScritti.clear();
+    QVERIFY(Copia == Attesa);
+    QCOMPARE(Copia.IDCon, 8);
+    QCOMPARE(Copia.txtControp.Testo, u"Bianchi"_s);
+}
+
+void TestDuplica::lOriginaleResta()
+{
+    const Parcella Nota = Piena();
+    (void)Duplicata(Nota, false);
+    QVERIFY(Nota == Piena());
+}
+
+#include "TestDuplica.moc"
