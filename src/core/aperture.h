@@ -21,6 +21,8 @@ struct Apritori
     void Apri(QStringView Parola) const;
 
     std::function<void(const QString& Percorso, int Socio, const QString& ID)> ApriParcella;
+    /// The note of a file: the window that holds it comes to the front, else one opens.
+    std::function<void(const QString& Percorso)> MostraParcella;
     /// The finder: on the folder of notes (0), of templates (1) or on the given one (2), for the window of a
     /// place, 0 none. `Parent` "multiple" asks for a note to go with that window's: the call comes back with
     /// its path when it is chosen, empty when none is. Else the finder opens what is chosen by itself.
@@ -30,6 +32,10 @@ struct Apritori
     /// Asks for a folder, beginning at another; empty when cancelled.
     std::function<QString(const QString& Titolo, const QString& Inizio)> ScegliCartella;
     std::function<void(int Indice, bool ComeModello)> SalvaParcella;
+    /// Saves a note over its own file, without a dialog; see frmParcelle::SalvaSulPosto.
+    std::function<void(int Indice)> SalvaSulPosto;
+    std::function<void(int Indice)> SalvaConNome;     ///< asks for a file, and proposes a name
+    std::function<void(int Indice)> DuplicaParcella;  ///< a new note made of the one of a place, asking
     std::function<void(int Indice, bool Si)> SegnaModificata;  ///< sets or clears the mark of a note
     std::function<void(int Indice, int Scheda)> VaiAllaScheda;
     std::function<int(int Indice)> SchedaCorrente;  ///< current tab of a window, -1 none

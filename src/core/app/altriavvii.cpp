@@ -32,14 +32,6 @@ QString Impostazioni()
     return PercorsoImpostazioni(NomeApplicazione.toString());
 }
 
-void ApriFile(const QString& Percorso)
-{
-    if (const frmParcelle* Aperta = FinestraConFile(Percorso))
-        PortaDavanti(Aperta->Indice());
-    else if (Aperture.ApriParcella)
-        Aperture.ApriParcella(Percorso, 0, {});
-}
-
 /// Files that have come and are not open yet.
 int& InAttesa()
 {
@@ -95,7 +87,7 @@ private:
         }
         // Opening may ask, and the next tick comes in the middle of it.
         const QString Primo = Attesi.takeFirst();
-        Protetta([&Primo] { ApriFile(Primo); });
+        Protetta([&Primo] { MostraParcella(Primo); });
         --InAttesa();
         // The session's own file may have been none, and this one too.
         if (InAttesa() == 0)
@@ -130,6 +122,14 @@ FileGiunti* AscoltaAltriAvvii()
 }
 
 }  // namespace
+
+void MostraParcella(const QString& Percorso)
+{
+    if (const frmParcelle* Aperta = FinestraConFile(Percorso))
+        PortaDavanti(Aperta->Indice());
+    else if (Aperture.ApriParcella)
+        Aperture.ApriParcella(Percorso, 0, {});
+}
 
 bool ComeUnaSessione(const QString& RigaDiComando, const std::function<void()>& Comincia)
 {

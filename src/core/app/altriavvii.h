@@ -19,3 +19,6 @@ bool ComeUnaSessione(const QString& RigaDiComando, const std::function<void()>& 
 
 /// True while a file has come that is not open yet: the session has a reason to live.
 [[nodiscard]] bool FileInArrivo();
+
+/// The note of a file: the window that holds it comes to the front, else one opens.
+void MostraParcella(const QString& Percorso);

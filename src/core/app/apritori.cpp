@@ -10,6 +10,7 @@
 #include "calculators/windows/frmTermini.h"
 #include "calculators/windows/frmTerminiSeq.h"
 #include "core/aperture.h"
+#include "core/app/altriavvii.h"
 #include "core/app/avvio.h"
 #include "core/app/paginaavviso.h"
 #include "core/app/primouso.h"
@@ -58,6 +59,7 @@ void ApriNellaCornice(const QString& Percorso, int Socio, const QString& ID)
 void RiempiParcelle()
 {
     Aperture.ApriParcella = ApriNellaCornice;
+    Aperture.MostraParcella = MostraParcella;
     Aperture.TrovaParcella = [](int Selettore, const QString& Cartella, int Indice, const QString& Parent) {
         return Singola<frmTrovaParcella>().OpenParcMod(Selettore, Cartella, Indice, Parent);
     };
@@ -72,6 +74,13 @@ void RiempiParcelle()
     Aperture.SalvaParcella = [](int Indice, bool ComeModello) {
         Su(Indice, [=](frmParcelle& Finestra) { (void)Finestra.SalvaParcella(ComeModello); });
     };
+    Aperture.SalvaSulPosto = [](int Indice) {
+        Su(Indice, [](frmParcelle& Finestra) { (void)Finestra.SalvaSulPosto(); });
+    };
+    Aperture.SalvaConNome = [](int Indice) {
+        Su(Indice, [](frmParcelle& Finestra) { (void)Finestra.SalvaConNome(); });
+    };
+    Aperture.DuplicaParcella = DuplicaParcella;
     Aperture.VaiAllaScheda = [](int Indice, int Scheda) {
         Su(Indice, [=](frmParcelle& Finestra) { Finestra.VaiAllaScheda(Scheda); });
     };

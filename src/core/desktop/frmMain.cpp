@@ -3,6 +3,7 @@
 #include "core/aperture.h"
 #include "core/comandi.h"
 #include "core/desktop/frmStudio.h"
+#include "core/desktop/recenti.h"
 #include "core/modAspetto.h"
 #include "core/modErrori.h"
 #include "core/parametri.h"
@@ -13,6 +14,7 @@
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
+#include "platform/kit/tastimostrati.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
@@ -42,14 +44,17 @@ struct VoceMenu
     QStringView Pulsante;
     QStringView Chiave;
     QStringView Testo;
+    QStringView Tasti = u"";  ///< that send the same; shown beside it
 };
 
 constexpr std::array Menu{
-    VoceMenu{u"save", u"save", u"Salva parcella"},
-    VoceMenu{u"save", u"savemod", u"Salva come modello"},
-    VoceMenu{u"open", u"openpar", u"Apri da parcelle salvate"},
-    VoceMenu{u"open", u"openmod", u"Apri da modelli"},
-    VoceMenu{u"help", u"help", u"Guida all'uso"},
+    VoceMenu{u"save", u"salva", u"Salva", u"Ctrl+S"},
+    VoceMenu{u"save", u"salvacome", u"Salva con nome..."},
+    VoceMenu{u"save", u"savemod", u"Salva come modello", u"Ctrl+Shift+M"},
+    VoceMenu{u"save", u"duplica", u"Duplica...", u"Ctrl+D"},
+    VoceMenu{u"open", u"openpar", u"Apri da parcelle salvate", u"Ctrl+O"},
+    VoceMenu{u"open", u"openmod", u"Apri da modelli", u"Ctrl+Shift+O"},
+    VoceMenu{u"help", u"help", u"Guida all'uso", u"Ctrl+F1"},
     VoceMenu{u"help", u"assistenza", u"Assistenza tecnica"},
     VoceMenu{u"help", u"about", u"Informazioni su.."},
 };
@@ -62,7 +67,7 @@ struct TastiParcella
 };
 
 constexpr std::array SempreInParcella{
-    TastiParcella{u"save", u"Ctrl+S"},
+    TastiParcella{u"salva", u"Ctrl+S"},
     TastiParcella{u"savemod", u"Ctrl+Shift+M"},
 };
 
@@ -115,9 +120,11 @@ void frmMain::CreaBarra()
         QAction* Azione = AggiungiTasto(ui->barParcelle, Chiave, Riga->Pulsante.Suggerimento.toString(),
                                         Riga->Pulsante.Scritta.toString());
         // Each command has keys of its own: Tab stays among the fields of the note.
-        ui->barParcelle->widgetForAction(Azione)->setFocusPolicy(Qt::NoFocus);
+        QWidget* Tasto = ui->barParcelle->widgetForAction(Azione);
+        Tasto->setFocusPolicy(Qt::NoFocus);
         if (!Riga->Procedura)
             Azione->setShortcut(Sequenza(Riga->Tasti));
+        MostraTasti(Tasto, Sequenza(Chiave == u"open" ? u"Ctrl+O" : Riga->Tasti));
         CreaMenu(Azione, Chiave);
         Collega(Azione, &QAction::triggered, this, [this, Chiave] { barParcelle_ButtonClick(Chiave); });
     }
@@ -154,10 +161,13 @@ void frmMain::CreaMenu(QAction* Pulsante, const QString& Chiave)
         const QString Comando = Voce.Chiave.toString();
         QAction* Azione = Tendina->addAction(Voce.Testo.toString());
         Azione->setObjectName(u"menu_"_s + Comando);
+        MostraTasti(Azione, Sequenza(Voce.Tasti));
         Collega(Azione, &QAction::triggered, this, [this, Comando] { barParcelle_ButtonMenuClick(Comando); });
     }
     if (!Tendina)
         return;
+    if (Chiave == u"open")
+        MettiRecenti(Tendina, [] { return ConcludiCampo(); });
     Pulsante->setMenu(Tendina);
     auto* Tasto = qobject_cast<QToolButton*>(ui->barParcelle->widgetForAction(Pulsante));
     Tasto->setPopupMode(QToolButton::MenuButtonPopup);
@@ -170,11 +180,16 @@ void frmMain::CreaProcedure()
             CreaProcedura(Riga.Parola.toString(), Riga.Tasti);
     CreaProcedura(u"tassi"_s, u"");  // a word of old, which no row of the table knows
 
-    auto* Uscita = new QAction(this);
-    Uscita->setObjectName(u"tastiUscita"_s);
-    Uscita->setShortcut(Sequenza(u"Ctrl+Q"));
-    addAction(Uscita);
-    Collega(Uscita, &QAction::triggered, this, &frmMain::Esci);
+    const auto Tasto = [this](const QString& Nome, QStringView Tasti, void (frmMain::*Fai)()) {
+        auto* Azione = new QAction(this);
+        Azione->setObjectName(Nome);
+        Azione->setShortcut(Sequenza(Tasti));
+        addAction(Azione);
+        Collega(Azione, &QAction::triggered, this, Fai);
+    };
+    Tasto(u"tastiUscita"_s, u"Ctrl+Q", &frmMain::Esci);
+    Tasto(u"tastiDuplica"_s, u"Ctrl+D", &frmMain::Duplica);
+    Tasto(u"tastiRecenti"_s, TastiRecenti, &frmMain::MostraRecenti);
 
     for (const TastiParcella& Voce : SempreInParcella) {
         const QString Chiave = Voce.Comando.toString();
@@ -335,28 +350,73 @@ void frmMain::barParcelle_ButtonClick(const QString& Chiave)
 
 void frmMain::barParcelle_ButtonMenuClick(const QString& Chiave)
 {
-    if (Chiave == u"savemod")
+    if (Chiave == u"salva")
+        SalvaSulPosto();
+    else if (Chiave == u"salvacome")
+        SalvaConNome();
+    else if (Chiave == u"savemod")
         SalvaModello();
+    else if (Chiave == u"duplica")
+        Duplica();
     else
         barParcelle_ButtonClick(Chiave);
 }
 
+/// Does something on the note in front, after its open field was left.
+template <class Azione>
+void frmMain::SuParcella(Azione Fai)
+{
+    const int Indice = Bersaglio.toInt();
+    const bool Aperta = Indice >= 1 && Indice <= UltimaParcella() && !InfoParcelle[size_t(Indice)].Libera;
+    if (ConcludiCampo() && Aperta)
+        Fai(Indice);
+}
+
+void frmMain::SalvaSulPosto()
+{
+    SuParcella([](int Indice) {
+        if (InfoParcelle[size_t(Indice)].Modificata && Aperture.SalvaSulPosto)
+            Aperture.SalvaSulPosto(Indice);
+    });
+}
+
+void frmMain::SalvaConNome()
+{
+    SuParcella([](int Indice) {
+        if (Aperture.SalvaConNome)
+            Aperture.SalvaConNome(Indice);
+    });
+}
+
+void frmMain::Duplica()
+{
+    SuParcella([](int Indice) {
+        if (Aperture.DuplicaParcella)
+            Aperture.DuplicaParcella(Indice);
+    });
+}
+
+void frmMain::MostraRecenti()
+{
+    if (ConcludiCampo())
+        MostraMenuRecenti(findChild<QToolButton*>(u"barParcelle_open"_s), [] { return ConcludiCampo(); });
+}
+
 void frmMain::SalvaModello()
 {
-    if (!ConcludiCampo())
-        return;
-    const int Indice = Bersaglio.toInt();
-    const auto InStato = [Indice](bool Modificata) {
-        return Indice >= 1 && Indice <= UltimaParcella() && !InfoParcelle[size_t(Indice)].Libera &&
-               InfoParcelle[size_t(Indice)].Modificata == Modificata;
-    };
-    // The command saves changes alone; a template is made of what is there, changed or not.
-    const bool DaSegnare = InStato(false) && Aperture.SegnaModificata;
-    if (DaSegnare)
-        Aperture.SegnaModificata(Indice, true);
-    EseguiComando(u"savemod"_s, Indice, {});
-    if (DaSegnare && InStato(true))
-        Aperture.SegnaModificata(Indice, false);  // not saved: the note is what it was
+    SuParcella([](int Indice) {
+        const auto InStato = [Indice](bool Modificata) {
+            return !InfoParcelle[size_t(Indice)].Libera &&
+                   InfoParcelle[size_t(Indice)].Modificata == Modificata;
+        };
+        // The command saves changes alone; a template is made of what is there, changed or not.
+        const bool DaSegnare = InStato(false) && Aperture.SegnaModificata;
+        if (DaSegnare)
+            Aperture.SegnaModificata(Indice, true);
+        EseguiComando(u"savemod"_s, Indice, {});
+        if (DaSegnare && InStato(true))
+            Aperture.SegnaModificata(Indice, false);  // not saved: the note is what it was
+    });
 }
 
 bool frmMain::ChiudiParcelle()

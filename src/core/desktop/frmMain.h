@@ -45,6 +45,10 @@ public:
     /// Hides the frame by a queued call, unless a note is open again by then; its next use loads it anew.
     void ScaricaInCoda();
 
+    /// Closes the notes by the road of the frame's own close, and the program behind them; a note that stays
+    /// keeps both.
+    void Esci();
+
     /// A click on a button of the toolbar, by its key: runs the command on the target window, after the open
     /// field was left.
     void barParcelle_ButtonClick(const QString& Chiave);
@@ -64,7 +68,12 @@ private:
     void AbilitaComandi();
     void SalvaModello();
     bool ChiudiParcelle();  ///< false when a note refuses, or has ended the process
-    void Esci();
+    void SalvaSulPosto();
+    void SalvaConNome();
+    void Duplica();
+    void MostraRecenti();
+    template <class Azione>
+    void SuParcella(Azione Fai);  ///< on the note in front, after its open field was left
     void Form_Load();
     void Riscala();
     void AllaScelta(QMdiSubWindow* Finestra);

@@ -4,6 +4,8 @@
 #include "core/comandi.h"
 #include "core/desktop/frmMain.h"
 #include "core/desktop/iconastudio.h"
+#include "core/desktop/pannellorecenti.h"
+#include "core/desktop/recenti.h"
 #include "core/indirizzi.h"
 #include "core/modAspetto.h"
 #include "core/modErrori.h"
@@ -16,6 +18,7 @@
 #include "platform/kit/collega.h"
 #include "platform/kit/servizi_qt.h"
 #include "platform/kit/singola.h"
+#include "platform/kit/tastimostrati.h"
 #include "platform/kit/testobordo.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
@@ -170,6 +173,12 @@ frmStudio::frmStudio() : ui(std::make_unique<Ui::frmStudio>())
     ui->imgClose->setIcon(aspetto::Icona(u"exit"_s));
     new Insegna(ui->quadro);
     CreaIconeFisse();
+    Recenti = new PannelloRecenti(this);
+    ui->rigaQuadro->addWidget(Recenti);
+    ui->cmdApriPiede->setIcon(aspetto::Icona(u"open"_s));
+    for (QToolButton* Bottone : {Recenti->cmdApri(), ui->cmdApriPiede})
+        CreaApri(Bottone);
+    CreaTasti();
     const auto Premuto = &QAbstractButton::clicked;
     Collega<QAbstractButton>(ui->imgClose, Premuto, this, [this] { close(); });
     Collega<QAbstractButton>(ui->imgMarvenna, Premuto, this,
@@ -186,7 +195,9 @@ frmStudio::frmStudio() : ui(std::make_unique<Ui::frmStudio>())
     };
     LoadGraph();
     Icone.front()->setFocus(Qt::OtherFocusReason);
-    resize(ui->quadro->minimumWidth(), ui->quadro->minimumHeight() + ui->piede->sizeHint().height());
+    resize(ui->quadro->minimumWidth() + aspetto::Bordo + PannelloRecenti::LarghezzaMinima,
+           ui->quadro->minimumHeight() + ui->piede->sizeHint().height());
+    DisponiRecenti();
 }
 
 frmStudio::~frmStudio()
@@ -212,7 +223,98 @@ void frmStudio::CreaIconeFisse()
         const QString Parola = Riga->Parola.toString();
         IconaStudio* Icona = NuovaIcona(Riga->Icona.Etichetta.toString(), Parola, PostoFisso(NumeroIcone()));
         Icona->ImpostaIcona(aspetto::Icona(Parola));
+        MostraTasti(Icona, QKeySequence(Riga->Tasti.toString(), QKeySequence::PortableText));
     }
+}
+
+/// The keys of the frame, for what needs no note.
+void frmStudio::CreaTasti()
+{
+    const auto Tasto = [this](const QString& Nome, const QString& Tasti, auto Fai) {
+        auto* Azione = new QAction(this);
+        Azione->setObjectName(Nome);
+        Azione->setShortcut(QKeySequence(Tasti, QKeySequence::PortableText));
+        addAction(Azione);
+        Collega(Azione, &QAction::triggered, this, std::move(Fai));
+    };
+    for (const Comando& Riga : Comandi()) {
+        if (Riga.Tasti.isEmpty() || (!Riga.Procedura && Riga.Icona.Posto == 0))
+            continue;
+        const QString Parola = Riga.Parola.toString();
+        Tasto(u"tasti_"_s + Parola, Riga.Tasti.toString(), [this, Parola] {
+            if (Impedimento(Parola).isEmpty())
+                imgMenu_Click(Parola);
+        });
+    }
+    Tasto(u"tastiRecenti"_s, TastiRecenti.toString(), [this] { MostraRecenti(); });
+    // As in the frame: notes that are open are asked about, which the close of the window does not do.
+    Tasto(u"tastiUscita"_s, u"Ctrl+Q"_s, [this] {
+        if (frmMain* Cornice = SeCaricato<frmMain>)
+            Cornice->Esci();
+        else
+            close();
+    });
+}
+
+/// The button that opens saved notes, with the ways there are in its menu.
+void frmStudio::CreaApri(QToolButton* Bottone)
+{
+    struct Via
+    {
+        QStringView Parola;
+        QStringView Testo;
+    };
+    constexpr std::array Vie{Via{u"openpar", u"Apri da parcelle salvate"},
+                             Via{u"openmod", u"Apri da modelli"}};
+    auto* Tendina = new QMenu(Bottone);
+    for (const Via& Una : Vie) {
+        const QString Parola = Una.Parola.toString();
+        QAction* Voce = Tendina->addAction(Una.Testo.toString());
+        for (const Comando& Riga : Comandi())
+            if (Riga.Parola == Parola)
+                MostraTasti(Voce, QKeySequence(Riga.Tasti.toString(), QKeySequence::PortableText));
+        Collega(Voce, &QAction::triggered, this, [this, Parola] { imgMenu_Click(Parola); });
+    }
+    MettiRecenti(Tendina, nullptr);
+    Bottone->setMenu(Tendina);
+    MostraTasti(Bottone, QKeySequence(u"Ctrl+O"_s, QKeySequence::PortableText));
+    Collega<QAbstractButton>(Bottone, &QAbstractButton::clicked, this, [this] { imgMenu_Click(u"open"_s); });
+}
+
+/// The strip stands beside the icons, below them in a window that is too narrow, and nowhere where there is
+/// room for neither; the foot then has its button.
+void frmStudio::DisponiRecenti()
+{
+    const QSize Quadro = ui->quadro->minimumSize();
+    const int Alta = height() - ui->piede->sizeHint().height();
+    const bool Accanto = width() >= Quadro.width() + PannelloRecenti::LarghezzaMinima + aspetto::Bordo;
+    const bool Sotto = !Accanto && Alta >= Quadro.height() + PannelloRecenti::AltezzaMinima + aspetto::Bordo;
+    ui->rigaQuadro->setDirection(Accanto ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    constexpr int PerIcone = 3;
+    constexpr int LarghezzaMassima = 420;
+    ui->rigaQuadro->setStretch(0, Accanto ? PerIcone : Quadro.height());
+    ui->rigaQuadro->setStretch(1, Accanto ? 1 : std::max(Alta - Quadro.height(), 1));
+    Recenti->setMaximumWidth(Accanto ? LarghezzaMassima : QWIDGETSIZE_MAX);
+    // The room around it is its own, so that the icons keep theirs.
+    Recenti->setContentsMargins(Sotto ? aspetto::Bordo : 0, Accanto ? aspetto::Bordo : 0, aspetto::Bordo,
+                                aspetto::Bordo);
+    Recenti->setVisible(Accanto || Sotto);
+    ui->cmdApriPiede->setVisible(!Accanto && !Sotto);
+}
+
+void frmStudio::resizeEvent(QResizeEvent* Evento)
+{
+    QWidget::resizeEvent(Evento);
+    DisponiRecenti();
+}
+
+/// The keys of the last notes: the strip where it shows some, else the list as a menu.
+void frmStudio::MostraRecenti()
+{
+    Recenti->Aggiorna();
+    if (Recenti->isVisible() && Recenti->PrendiFuoco())
+        return;
+    MostraMenuRecenti(Recenti->isVisible() ? Recenti->cmdApri() : ui->cmdApriPiede, nullptr);
 }
 
 void frmStudio::UnSoloCarattere()
@@ -371,6 +473,8 @@ void frmStudio::LoadGraph()
     Icone.erase(Utente, Icone.end());
     LoadIconsFromIniFile();
     AdattaQuadro();
+    Recenti->Aggiorna();
+    DisponiRecenti();
 
     AbilitaIcone();
     UnSoloCarattere();
@@ -508,6 +612,7 @@ void frmStudio::Form_Activate()
     if (DaRidisegnare)
         LoadGraph();
     Menu(NessunaIcona);
+    Recenti->Aggiorna();  // a note may have been saved meanwhile
     VerificaPreparazione();
     if (const auto& Cornice = SeCaricato<frmMain>; Cornice && Cornice->isVisible() && !ParcellaAperta())
         Cornice->ScaricaInCoda();

@@ -9,6 +9,8 @@
 #include <vector>
 
 class IconaStudio;
+class PannelloRecenti;
+class QToolButton;
 
 namespace Ui {
 class frmStudio;
@@ -62,10 +64,15 @@ protected:
     void closeEvent(QCloseEvent* Evento) override;
     void keyPressEvent(QKeyEvent* Evento) override;
     void paintEvent(QPaintEvent* Evento) override;
+    void resizeEvent(QResizeEvent* Evento) override;
 
 private:
     IconaStudio* NuovaIcona(const QString& Etichetta, const QString& Tag, const QPoint& Dove);
     void CreaIconeFisse();
+    void CreaTasti();
+    void CreaApri(QToolButton* Bottone);
+    void DisponiRecenti();
+    void MostraRecenti();
     void imgMenu_Click(const QString& Tag);
     void Sposta(int Da, int Tasto);
     void AdattaQuadro();
@@ -80,6 +87,7 @@ private:
     void UnSoloCarattere();
 
     std::unique_ptr<Ui::frmStudio> ui;
+    PannelloRecenti* Recenti = nullptr;
     std::vector<IconaStudio*> Icone;  // children of the board
     QString Sfondo;                   ///< picture, full path; empty: the plain colour
     QString SfondoGuasto;             ///< the picture that could not be read, once the user was told

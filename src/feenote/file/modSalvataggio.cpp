@@ -31,13 +31,33 @@ QString Prefisso()
     return Nome + u'-';
 }
 
-/// A note that has a template as its file starts in the folder of notes, so that the template is safe.
-QString PuntoDiPartenza(const Parcella& Nota, bool ComeModello)
+/// A note that has a template as its file is saved elsewhere, so that the template is safe.
+bool DaModello(const Parcella& Nota)
 {
-    if (!Nota.Percorso.isEmpty() && !ComeModello &&
-        !FinisceInCartella(CartellaFile(Nota.Percorso), u"Modelli"_s))
+    return FinisceInCartella(CartellaFile(Nota.Percorso), u"Modelli"_s);
+}
+
+/// The proposed name, with a number where a note of that name is there already: a copy would take its place.
+QString NomeLibero(const QString& Inizio, const QString& Proposto)
+{
+    constexpr int MassimoNumero = 99;
+    const auto Preso = [&](const QString& Nome) {
+        return EsisteFile(Inizio + Nome + EstensioneNota.toString());
+    };
+    if (Proposto.isEmpty() || !Preso(Proposto))
+        return Proposto;
+    for (int Numero = 2; Numero <= MassimoNumero; ++Numero)
+        if (const QString Nome = Proposto + u' ' + QString::number(Numero); !Preso(Nome))
+            return Nome;
+    return Proposto;
+}
+
+QString PuntoDiPartenza(const Parcella& Nota, bool ComeModello, const QString& Proposto)
+{
+    if (!Nota.Percorso.isEmpty() && !ComeModello && !DaModello(Nota))
         return Nota.Percorso;
-    return Barra(ComeModello ? sessione::ModelliPath : sessione::ParcellePath) + Prefisso();
+    const QString Inizio = Barra(ComeModello ? sessione::ModelliPath : sessione::ParcellePath) + Prefisso();
+    return Inizio + NomeLibero(Inizio, Proposto);
 }
 
 /// A name without a folder belongs where the dialog began, not in the folder where the process happens to be.
@@ -62,12 +82,18 @@ bool NomeAmmesso(const QString& Percorso)
 }
 
 /// A note tied to a matter bears its code.
-QString ConRiferimento(const QString& Percorso)
+bool HaCodice(const QString& Percorso)
 {
     const QString Codice = Prefisso();
-    const QString Nome = NomeFile(Percorso);
-    if (Codice.isEmpty() || Nome.startsWith(Codice, Qt::CaseInsensitive))
+    return Codice.isEmpty() || NomeFile(Percorso).startsWith(Codice, Qt::CaseInsensitive);
+}
+
+QString ConRiferimento(const QString& Percorso)
+{
+    if (HaCodice(Percorso))
         return Percorso;
+    const QString Codice = Prefisso();
+    const QString Nome = NomeFile(Percorso);
     const QString Nuovo = Codice + Nome;
     MsgBox(u"La parcella, essendo associato ad una pratica, deve iniziare col codice seguito dal trattino!\n"
            u"Il nome della parcella è stato modificato in: "_s +
@@ -131,26 +157,45 @@ bool ControllaPsw(const QString& Percorso)
     return false;
 }
 
-std::optional<QString> SalvaConDialogo(Parcella& Nota, bool ComeModello)
+namespace {
+
+/// Writes the note; from then on it is that of the file.
+std::optional<QString> ScriviQui(const QString& Percorso, Parcella& Nota, bool ComeModello)
 {
-    const QString Titolo = ComeModello ? u"Salva parcella come modello"_s : u"Salva parcella"_s;
-    const QString Inizio = PuntoDiPartenza(Nota, ComeModello);
-    const QString Scelto = DialogoSalva(Titolo, Inizio, FiltroNote.toString());
-    if (Scelto.isEmpty())
-        return std::nullopt;
-    QString Percorso = ConEstensione(PercorsoNativo(ConCartella(Scelto, Inizio)));
-    if (!NomeAmmesso(Percorso))
-        return std::nullopt;
-    Percorso = ConRiferimento(Percorso);
     if (!SovrascritturaAmmessa(Nota, Percorso) || !TurnoLiberato(Percorso))
         return std::nullopt;
-
     ScriviNota(Percorso, Nota, ComeModello);
     Nota.Percorso = Percorso;
     Nota.Nome = NomeFile(Percorso).chopped(EstensioneNota.size()).toLower();
     if (Nota.Psw.startsWith(PswDaSalvare))
         Nota.Psw = PswNelCampo(Nota.Psw.mid(PswDaSalvare.size()));
     return Percorso;
+}
+
+}  // namespace
+
+std::optional<QString> SalvaConDialogo(Parcella& Nota, bool ComeModello, const QString& Proposto)
+{
+    const QString Titolo = ComeModello ? u"Salva parcella come modello"_s : u"Salva parcella"_s;
+    const QString Inizio = PuntoDiPartenza(Nota, ComeModello, Proposto);
+    const QString Scelto = DialogoSalva(Titolo, Inizio, FiltroNote.toString());
+    if (Scelto.isEmpty())
+        return std::nullopt;
+    const QString Percorso = ConEstensione(PercorsoNativo(ConCartella(Scelto, Inizio)));
+    if (!NomeAmmesso(Percorso))
+        return std::nullopt;
+    return ScriviQui(ConRiferimento(Percorso), Nota, ComeModello);
+}
+
+bool HaFileSuo(const Parcella& Nota)
+{
+    return !Nota.Percorso.isEmpty() && !DaModello(Nota) && HaCodice(Nota.Percorso) &&
+           EsisteFile(Nota.Percorso);
+}
+
+std::optional<QString> SalvaSulFile(Parcella& Nota)
+{
+    return ScriviQui(PercorsoNativo(Nota.Percorso), Nota, false);
 }
 
 void DiSalvata(const QString& Percorso)

@@ -18,9 +18,22 @@ inline constexpr QStringView NomeNonValido =
 ///
 /// On success the note has its path and name (lower case, without ".mdb") and its password is saved; the
 /// caller says so with DiSalvata and takes the mark away. Otherwise it is as before.
+/// @param Proposto name, without ending, that the dialog begins with where the note has none; one that is
+///     taken gets a number
 /// @return the path written, empty when the user cancelled or a check refused, which it has shown
 /// @throws Errore when the file could not be written; a former file is then as it was
-[[nodiscard]] std::optional<QString> SalvaConDialogo(Parcella& Nota, bool ComeModello);
+[[nodiscard]] std::optional<QString> SalvaConDialogo(Parcella& Nota, bool ComeModello,
+                                                     const QString& Proposto = {});
+
+/// True for a note that a save without a dialog may write where it stands: its file is there, is no template,
+/// and bears the code of the session's matter.
+[[nodiscard]] bool HaFileSuo(const Parcella& Nota);
+
+/// Writes a note over its own file. It asks as SalvaConDialogo does, but for the name: the password of a
+/// protected note, and a lock that nobody frees.
+/// @return the path, empty when a check refused, which it has shown
+/// @throws Errore as SalvaConDialogo
+[[nodiscard]] std::optional<QString> SalvaSulFile(Parcella& Nota);
 
 /// Tells the user that the file was written.
 void DiSalvata(const QString& Percorso);

@@ -3,11 +3,11 @@
 
 #include "core/comandi.h"
 #include "core/modErrori.h"
-#include "core/modTesti.h"
 #include "core/posti.h"
 #include "core/sessione.h"
 #include "feenote/companion/modPV2.h"
 #include "feenote/modDatiStampa.h"
+#include "feenote/modNomiProposti.h"
 #include "feenote/windows/PannelloFattura.h"
 #include "feenote/windows/bottoniesporta.h"
 #include "feenote/windows/cornicenota.h"
@@ -146,8 +146,9 @@ void SchedaStampa::SalvaPdf()
 {
     if (Cornice.InDomanda())
         return;
-    const QString File = Cornice.InDialogo(
-        [this] { return EsportaPdf(*ui->vp, sessione::ParcellePath, NomePerFile(Nota.Nome)); });
+    const QString File = Cornice.InDialogo([this] {
+        return EsportaPdf(*ui->vp, sessione::ParcellePath, NomeDocumentoProposto(Nota, Nota.cmbTipoStampa));
+    });
     if (!File.isEmpty())
         MsgBox(u"Il documento "_s + NomeFile(File) + u" è stato salvato correttamente!"_s, vbInformation,
                TitoloMessaggio.toString());

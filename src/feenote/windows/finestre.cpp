@@ -6,7 +6,9 @@
 #include "core/posti.h"
 #include "core/sessione.h"
 #include "feenote/file/modRecupero.h"
+#include "feenote/modDuplica.h"
 #include "feenote/windows/frmParcelle.h"
+#include "feenote/windows/notarecente.h"
 #include "feenote/windows/noteaperte.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/servizi_qt.h"
@@ -362,6 +364,33 @@ void ApriParcella(const QString& Percorso, int Socio, const QString& ID)
         Finestra->ImpostaTitolo(TitoloNuova(Indice, {}));  // its place keeps the file's name
     if (Altra)
         Unisci(*Altra, *Finestra);
+    MostraFinestra(Finestra);
+    if (DaFile && Letta)
+        InCodaDopoIlRespiro(Finestra, [Finestra, Numero = Finestra->Numero()] {
+            if (Finestra->Numero() == Numero)
+                Protetta([Finestra] { RicordaNota(Finestra->Nota); });
+        });
+}
+
+void DuplicaParcella(int Indice)
+{
+    frmParcelle* Origine = InUso(Indice);
+    if (!Origine)
+        return;
+    bool ConCliente = true;
+    if (!Origine->Nota.txtCliente.Testo.isEmpty()) {
+        const std::optional<bool> Risposta = Origine->ChiediCliente();
+        if (!Risposta)
+            return;
+        ConCliente = *Risposta;
+    }
+    const Parcella Copia = Duplicata(Origine->Nota, ConCliente);
+    const int Posto = PrendiPosto(0);
+    const QString Titolo = TitoloNuova(Posto, Copia.NsRif);
+    frmParcelle* Finestra = PreparaFinestra(Posto, Titolo);
+    if (!Copia.NsRif.isEmpty())
+        Finestra->ImpostaNome(Nuova.toString());
+    Protetta([&] { Finestra->Prendi(Copia); });
     MostraFinestra(Finestra);
 }
 

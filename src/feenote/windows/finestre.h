@@ -16,6 +16,10 @@ class frmParcelle;
 /// @param ID reference of the matter, empty for an ordinary note
 void ApriParcella(const QString& Percorso, int Socio, const QString& ID);
 
+/// Opens a new note made of the one in a place: everything but number, date and password, and its client
+/// where the user wants him.
+void DuplicaParcella(int Indice);
+
 /// Offers the notes that a killed program left unsaved: one question for each copy, whose answer opens it,
 /// drops it, or keeps it for another time. The start calls it once the desktop is there.
 void OffriRecupero();

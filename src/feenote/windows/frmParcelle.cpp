@@ -6,6 +6,7 @@
 #include "feenote/modOnorari.h"
 #include "feenote/modParametri.h"
 #include "feenote/modTotali.h"
+#include "feenote/windows/PannelloCatena.h"
 #include "feenote/windows/SchedaAcconti.h"
 #include "feenote/windows/SchedaDatiBase.h"
 #include "feenote/windows/SchedaOnorari.h"
@@ -97,6 +98,7 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     }
     CostruisciSchede();
     CollegaCornice();
+    CollegaCatena();
     CollegaRicalcolo();
     CollegaCopia();
     CollegaMulti();
@@ -183,6 +185,35 @@ void frmParcelle::CollegaCornice()
         if (ConcludiCampo())
             EseguiComando(u"savepar"_s, Posto, {});
     });
+}
+
+void frmParcelle::CollegaCatena()
+{
+    ui->pieCatena->Segui([this] {
+        return CatenaFiscale(Nota,
+                             ETipoStampa(Nota.cmbTipoStampa) ? Nota.cmbTipoStampa : int(StampaPrenotula));
+    });
+    Collega<QAbstractButton>(ui->pieCatena, &QAbstractButton::clicked, this, [this] { MostraCatena(); });
+    Collega(ui->pieCatena, &PiedeCatena::Ricalcolata, this, [this] {
+        if (Importi && Importi->isVisible())
+            Importi->Mostra(ui->pieCatena->Conti());
+    });
+    auto* Tasti = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_T), this);
+    Tasti->setContext(Qt::WidgetWithChildrenShortcut);
+    Collega(Tasti, &QShortcut::activated, this, [this] { MostraCatena(); });
+}
+
+void frmParcelle::MostraCatena()
+{
+    if (!ConcludiCampo())
+        return;
+    if (!Importi) {
+        Importi = new PannelloCatena(this);
+        auto* Tasti = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_T), Importi);
+        Collega(Tasti, &QShortcut::activated, this, [this] { Importi->reject(); });
+    }
+    Importi->Mostra(ui->pieCatena->Conti());
+    Importi->Alterna(ui->pieCatena);
 }
 
 bool frmParcelle::eventFilter(QObject* Oggetto, QEvent* Evento)
@@ -336,6 +367,7 @@ void frmParcelle::RefreshGrid()
     ui->lblSpImp->setText(Testi.SpImp);
     ui->lblSpese->setText(Testi.Spese);
     ui->lblTotal->setText(Testi.Total);
+    ui->pieCatena->Cambiata();
 
     const Somme Sommate = CalcolaSomme(Nota);
     if (Scheda() == SchedaListaOnorari) {

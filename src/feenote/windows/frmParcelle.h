@@ -15,11 +15,13 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
 struct CopiaRecupero;
 struct RichiestaRubrica;
+class PannelloCatena;
 class SchedaAcconti;
 class SchedaDatiBase;
 class SchedaOnorari;
@@ -57,6 +59,16 @@ public:
     void SpostaCopia();
     /// The whole save, with its dialog and messages. @return true when the file was written
     bool SalvaParcella(bool ComeModello);
+    /// The same, unmodified notes too; the dialog proposes a name for one that has none.
+    bool SalvaConNome();
+    /// Writes a note over its own file, with a line that says when in the place of the message; one without a
+    /// file goes the way of SalvaConNome. @return true when the file was written
+    bool SalvaSulPosto();
+    /// Asks whether a copy of the note keeps its client; nothing when the user gives up, and while another
+    /// question waits.
+    [[nodiscard]] std::optional<bool> ChiediCliente();
+    /// Takes over a note as one that was never saved.
+    void Prendi(const Parcella& Copia);
     void Proteggi();
     /// Asks about unsaved changes and saves. @return false when the close is refused: by the user, or because
     /// a question is still open
@@ -133,6 +145,8 @@ private:
     void TornaAllaBase();  ///< by code: nothing is tested
     void imgPrev_Click();
     void imgNext_Click();
+    void CollegaCatena();
+    void MostraCatena();                ///< the whole chain in its panel, or without it again
     void MostraSegni();                 ///< padlock and diskette
     void MostraTitolo();                ///< the caption
     void MettiInVista(QWidget* Campo);  ///< scrolls a page that has no room for all its fields
@@ -170,6 +184,10 @@ private:
     [[nodiscard]] bool Impedita() const;
     void CollegaCopia();
     void TimerCopia_Timer();
+    /// @param Scrivi asks, writes, and gives the path written
+    /// @param Dillo tells the user that the file was written
+    bool Salva(const std::function<std::optional<QString>()>& Scrivi,
+               const std::function<void(const QString& Percorso)>& Dillo);
     bool ScriviCopia();    ///< the recovery copy; false when it could not be written
     void CopiaInAttesa();  ///< the copy that is due, at once
 
@@ -212,6 +230,8 @@ private:
     SchedaSpese* Spese = nullptr;
     SchedaAcconti* Acconti = nullptr;
     SchedaStampa* Stampa = nullptr;
+
+    PannelloCatena* Importi = nullptr;  ///< made at its first use
 
     std::unique_ptr<Ui::frmParcelle> ui;
 };

@@ -1,5 +1,6 @@
 // Life of the window: new, load, save, protect, close.
 #include "core/posti.h"
+#include "feenote/modNomiProposti.h"
 #include "feenote/modNuovaParcella.h"
 #include "feenote/windows/frmParcelle.h"
 
@@ -13,19 +14,23 @@
 #include "feenote/file/modPosaFile.h"
 #include "feenote/file/modRecupero.h"
 #include "feenote/file/modSalvataggio.h"
+#include "feenote/windows/PannelloCatena.h"
 #include "feenote/windows/SchedaAcconti.h"
 #include "feenote/windows/SchedaDatiBase.h"
 #include "feenote/windows/SchedaOnorari.h"
 #include "feenote/windows/SchedaSpese.h"
 #include "feenote/windows/SchedaStampa.h"
 #include "feenote/windows/finestre.h"
+#include "feenote/windows/notarecente.h"
 #include "feenote/windows/noteaperte.h"
+#include "feenote/windows/ui_frmParcelle.h"
 #include "platform/base/errore.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/system/guasti.h"
 #include "platform/system/messaggi.h"
+#include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 #include "tariffs/modTariffe.h"
 
@@ -174,13 +179,14 @@ void frmParcelle::Recupera(const CopiaRecupero& Trovata)
         EliminaCopia(Trovata);
 }
 
-bool frmParcelle::SalvaParcella(bool ComeModello)
+bool frmParcelle::Salva(const std::function<std::optional<QString>()>& Scrivi,
+                        const std::function<void(const QString& Percorso)>& Dillo)
 {
     if (DialogoAperto || !ConcludiCampo())
         return false;
     return InDialogo([&] {
         try {
-            const std::optional<QString> Scritta = SalvaConDialogo(Nota, ComeModello);
+            const std::optional<QString> Scritta = Scrivi();
             if (!Scritta)
                 return false;
             ImpostaNome(Nota.Nome);
@@ -190,7 +196,8 @@ bool frmParcelle::SalvaParcella(bool ComeModello)
             // What comes late, behind the message, is not in the file: the click of a key with Alt takes its
             // time.
             Nota.Modificata = false;
-            DiSalvata(*Scritta);
+            Protetta([this] { RicordaNota(Nota); });
+            Dillo(*Scritta);
             SetModificata(Nota.Modificata);
             SegueSalvataggio(*this);
             ControllaMulti();
@@ -204,6 +211,54 @@ bool frmParcelle::SalvaParcella(bool ComeModello)
             return false;
         }
     });
+}
+
+bool frmParcelle::SalvaParcella(bool ComeModello)
+{
+    return Salva([&] { return SalvaConDialogo(Nota, ComeModello); }, DiSalvata);
+}
+
+bool frmParcelle::SalvaConNome()
+{
+    return Salva([this] { return SalvaConDialogo(Nota, false, NomeProposto(Nota)); }, DiSalvata);
+}
+
+bool frmParcelle::SalvaSulPosto()
+{
+    if (!HaFileSuo(Nota))
+        return SalvaConNome();
+    return Salva([this] { return SalvaSulFile(Nota); },
+                 [this](const QString&) {
+                     ui->lblSalvata->Mostra(u"Salvata alle "_s + Adesso().toString(u"HH:mm"_s));
+                 });
+}
+
+std::optional<bool> frmParcelle::ChiediCliente()
+{
+    if (DialogoAperto || !ConcludiCampo())
+        return std::nullopt;
+    const int Risposta = InDialogo([this] {
+        return MsgBoxPulsanti(
+            u"La copia avrà righe, parametri e testi di questa parcella,\n"
+            u"senza numero, data e password.\nMantenere anche il cliente %1?"_s.arg(Nota.txtCliente.Testo),
+            vbYesNoCancel + vbQuestion, TitoloDomanda.toString(),
+            {u"Mantieni"_s, u"Senza cliente"_s, u"Annulla"_s});
+    });
+    if (Risposta != vbYes && Risposta != vbNo)
+        return std::nullopt;
+    return Risposta == vbYes;
+}
+
+void frmParcelle::Prendi(const Parcella& Copia)
+{
+    TornaAllaBase();
+    CambiaNota(true);
+    const QString Nome = Nota.Nome;
+    Nota = Copia;
+    Nota.Nome = Nome;
+    RilegaRighe();
+    SetModificata(true);
+    MostraTutto();
 }
 
 void frmParcelle::ImpostaNome(const QString& Nome)
@@ -256,6 +311,8 @@ void frmParcelle::Scarica()
 {
     Protetta([this] { RicordaDisposizione(); });
     SetModificata(false);
+    if (Importi)
+        Importi->hide();
     RilegaRighe();
     InfoParcelle[size_t(Posto)].Libera = true;
     CambiaNota(false);
@@ -286,6 +343,7 @@ void frmParcelle::SetModificata(bool Valore)
 void frmParcelle::Cambiata()
 {
     SetModificata(Nota.Modificata);
+    ui->pieCatena->Cambiata();
 }
 
 QScopedValueRollback<bool> frmParcelle::ApriDomanda()

@@ -1,5 +1,7 @@
 #include "feenote/windows/noteaperte.h"
 
+#include "core/modErrori.h"
+#include "core/modRecenti.h"
 #include "core/posti.h"
 #include "feenote/file/nomenota.h"
 #include "feenote/windows/finestre.h"
@@ -103,6 +105,7 @@ QSet<QString> NoteAperte()
 
 void NotaRinominata(const QString& Vecchio, const QString& Nuovo)
 {
+    Protetta([&] { SpostaRecente(Vecchio, Nuovo); });
     const QString Nome = NomeMostrato(Nuovo);
     Ognuna([&](frmParcelle& Finestra) {
         Parcella& Nota = Finestra.Nota;
@@ -122,6 +125,7 @@ void NotaRinominata(const QString& Vecchio, const QString& Nuovo)
 
 void NotaCancellata(const QString& Percorso)
 {
+    Protetta([&] { DimenticaRecente(Percorso); });
     Ognuna([&](frmParcelle& Finestra) {
         if (!StessoPercorso(Finestra.Nota.Percorso, Percorso))
             return;

@@ -156,7 +156,7 @@ void TestStrade::chiusaUnaSiSalvaLAltra()
     QVERIFY(ConcludiCampo());
     QCOMPARE(Parcelle(Rimasta)->Nota.txtCliente.Testo, u"Rossi"_s);
     QVERIFY(!InfoParcelle[size_t(Chiusa)].Modificata);
-    Aperture.SalvaParcella = [this](int Indice, bool) { S->Annota(u"salva %1"_s.arg(Indice)); };
+    Aperture.SalvaSulPosto = [this](int Indice) { S->Annota(u"salva %1"_s.arg(Indice)); };
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(S->Eventi, QStringList{u"salva %1"_s.arg(Rimasta)});
     Parcelle(Rimasta)->SetModificata(false);

@@ -103,7 +103,7 @@ void TestStampaPagine::pdf()
     T->Voce.AttendiSalva(T->Ufficio.File(u"uscita"_s));
     T->Voce.Attendi(u"Il documento uscita.pdf è stato salvato correttamente!"_s);
     Premuto("barPrint_pdf");
-    QCOMPARE(T->Voce.InizioDialogo(), sessione::ParcellePath + u"Nuova parcella.pdf"_s);
+    QCOMPARE(T->Voce.InizioDialogo(), sessione::ParcellePath + u"Rossi Mario - Sfratto - Prenotula.pdf"_s);
     QFile Scritto(File);
     QVERIFY(Scritto.open(QIODevice::ReadOnly));
     QVERIFY(Scritto.readAll().startsWith("%PDF-"));
