@@ -154,6 +154,15 @@ QLineEdit* SchedaFattura::NumeroSbagliato() const
     return ENumero(ui->txtProgTrasm->text().trimmed()) ? nullptr : ui->txtProgTrasm;
 }
 
+std::optional<int> SchedaFattura::NumeroIndietro() const
+{
+    const QString Scritto = ui->txtProgTrasm->text().trimmed();
+    const int Conservato = ValoreConservato(chiavi::ProgTrasm).toInt();
+    if (Scritto == NumeroLetto.trimmed() || Scritto.toInt() >= Conservato)
+        return std::nullopt;
+    return Conservato;
+}
+
 bool SchedaFattura::LasciaNumero()
 {
     if (!NumeroSbagliato())

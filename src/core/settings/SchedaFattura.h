@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <utility>
 
 class QLineEdit;
@@ -30,6 +31,9 @@ public:
     [[nodiscard]] ValoriScheda Valori() const;
     /// The box that holds no number of a file; null when it does.
     [[nodiscard]] QLineEdit* NumeroSbagliato() const;
+
+    /// The stored number, when the box was edited and holds a lower one: names would be given twice.
+    [[nodiscard]] std::optional<int> NumeroIndietro() const;
 
     /// Address and town of the office as its own page shows them: what a proposal is made of.
     std::function<std::pair<QString, QString>()> IndirizzoScritto;

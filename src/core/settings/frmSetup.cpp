@@ -295,8 +295,17 @@ bool frmSetup::CheckNumero()
     const QString Messaggio = u"Immettere un valore numerico!"_s;
     if (QLineEdit* Campo = Contabili->NumeroSbagliato())
         return Rifiuta(Messaggio, SchedaDatiContabili, Campo);
-    QLineEdit* Campo = Fattura->NumeroSbagliato();
-    return !Campo || Rifiuta(Messaggio, SchedaFatturaElettronica, Campo);
+    if (QLineEdit* Campo = Fattura->NumeroSbagliato())
+        return Rifiuta(Messaggio, SchedaFatturaElettronica, Campo);
+    const std::optional<int> Prima = Fattura->NumeroIndietro();
+    if (!Prima ||
+        MsgBox(u"Il numero dell'ultimo file XML torna indietro, era %1: si ripeterebbero nomi già usati.\n"
+               "Memorizzarlo ugualmente?"_s.arg(*Prima),
+               vbYesNo | vbQuestion | vbDefaultButton2, TitoloDomanda.toString()) == vbYes)
+        return true;
+    ChangeTab(SchedaFatturaElettronica);
+    RidaiFuoco(findChild<QLineEdit*>(u"txtProgTrasm"_s));
+    return false;
 }
 
 void frmSetup::SalvaValori() const

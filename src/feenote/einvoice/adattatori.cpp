@@ -12,6 +12,8 @@
 #include <QList>
 #include <QStringList>
 
+#include <algorithm>
+#include <array>
 #include <tuple>
 
 using namespace Qt::StringLiterals;
@@ -40,15 +42,73 @@ QString TreLettere(const QString& Nome, bool Proprio)
     return (Consonanti + Lettere(Nome, true) + u"XXX"_s).left(LettereNome);
 }
 
-/// The two letters in front of a VAT number of another country; Greece writes its own.
+/// A country's VAT numbers behind its two letters: "#" a digit, "?" a digit or a letter, anything else
+/// itself.
+struct FormaPartita
+{
+    QStringView Lettere;
+    QStringView Nazione;
+    QStringView Forme;  ///< between blanks
+};
+
+// Those of the Union, and of the neighbours whose numbers begin so too.
+constexpr std::array FormePartite{
+    FormaPartita{u"AT", u"AT", u"U########"},
+    FormaPartita{u"BE", u"BE", u"##########"},
+    FormaPartita{u"BG", u"BG", u"######### ##########"},
+    FormaPartita{u"CH", u"CH", u"E######### E#########MWST E#########TVA E#########IVA"},
+    FormaPartita{u"CY", u"CY", u"########?"},
+    FormaPartita{u"CZ", u"CZ", u"######## ######### ##########"},
+    FormaPartita{u"DE", u"DE", u"#########"},
+    FormaPartita{u"DK", u"DK", u"########"},
+    FormaPartita{u"EE", u"EE", u"#########"},
+    FormaPartita{u"EL", u"GR", u"#########"},
+    FormaPartita{u"GR", u"GR", u"#########"},
+    FormaPartita{u"ES", u"ES", u"?#######?"},
+    FormaPartita{u"FI", u"FI", u"########"},
+    FormaPartita{u"FR", u"FR", u"??#########"},
+    FormaPartita{u"GB", u"GB", u"######### ############"},
+    FormaPartita{u"HR", u"HR", u"###########"},
+    FormaPartita{u"HU", u"HU", u"########"},
+    FormaPartita{u"IE", u"IE", u"#######? #?#####? #######??"},
+    FormaPartita{u"LT", u"LT", u"######### ############"},
+    FormaPartita{u"LU", u"LU", u"########"},
+    FormaPartita{u"LV", u"LV", u"###########"},
+    FormaPartita{u"MT", u"MT", u"########"},
+    FormaPartita{u"NL", u"NL", u"#########B##"},
+    FormaPartita{u"NO", u"NO", u"######### #########MVA"},
+    FormaPartita{u"PL", u"PL", u"##########"},
+    FormaPartita{u"PT", u"PT", u"#########"},
+    FormaPartita{u"RO", u"RO", u"###### ####### ######## ######### ##########"},
+    FormaPartita{u"SE", u"SE", u"############"},
+    FormaPartita{u"SI", u"SI", u"########"},
+    FormaPartita{u"SK", u"SK", u"##########"},
+    FormaPartita{u"SM", u"SM", u"#####"},
+    FormaPartita{u"XI", u"GB", u"######### ############"},
+};
+
+bool HaForma(QStringView Numero, QStringView Forma)
+{
+    const auto Cifra = [](QChar C) { return C >= u'0' && C <= u'9'; };
+    const auto Lettera = [](QChar C) { return C >= u'A' && C <= u'Z'; };
+    return std::ranges::equal(Numero, Forma, [&](QChar C, QChar Segno) {
+        return Segno == u'#' ? Cifra(C) : Segno == u'?' ? Cifra(C) || Lettera(C) : C == Segno;
+    });
+}
+
+/// The country of a VAT number that begins with its letters and has its form. Anything else that stands in
+/// the box, a fiscal code in the wrong one above all, tells of no country.
 QString PaeseDellaPartita(const QString& PIva)
 {
-    const QString Testo = PIva.trimmed().toUpper();
-    const auto Lettera = [&](qsizetype i) { return Testo[i] >= u'A' && Testo[i] <= u'Z'; };
-    if (Testo.size() <= 2 || !Lettera(0) || !Lettera(1))
-        return {};
-    const QString Paese = Testo.first(2);
-    return Paese == u"EL" ? u"GR"_s : Paese;
+    QString Testo = PIva.toUpper();
+    Testo.removeIf([](QChar C) { return C.isSpace() || C == u'.' || C == u'-'; });
+    const QStringView Numero = QStringView(Testo).mid(2);
+    const auto Trovata = std::ranges::find_if(FormePartite, [&](const FormaPartita& Una) {
+        return Testo.startsWith(Una.Lettere) &&
+               std::ranges::any_of(Una.Forme.split(u' '),
+                                   [&](QStringView Forma) { return HaForma(Numero, Forma); });
+    });
+    return Trovata != FormePartite.end() ? Trovata->Nazione.toString() : QString();
 }
 
 QString NazioneDi(const DatiCliente& Riga)
@@ -191,4 +251,35 @@ SceltaFattura SceltaDellaNota(const Parcella& Nota, const Cessionario& Cliente)
                                            .Cup = Tenuti.Cup.trimmed(),
                                            .Cig = Tenuti.Cig.trimmed()};
     return Scelta;
+}
+
+QList<MancanzaFattura> MancanzeDelleScelte(const Parcella& Nota)
+{
+    const DatiFatturaXml& Tenuti = Nota.FatturaXml;
+    // An empty box is no date on purpose.
+    const auto NonData = [](const QString& Testo) { return !Testo.trimmed().isEmpty() && !LeggiData(Testo); };
+    QList<MancanzaFattura> Dette;
+    if (NonData(Tenuti.Scadenza))
+        Dette.append({u"La scadenza non è una data: %1"_s.arg(Tenuti.Scadenza.trimmed()),
+                      CampoFattura::SceltaScadenza});
+    const bool Numero = !Tenuti.CitataNumero.trimmed().isEmpty();
+    const bool Data = !Tenuti.CitataData.trimmed().isEmpty();
+    if (NonData(Tenuti.CitataData))
+        Dette.append({u"La data della fattura citata non è una data: %1"_s.arg(Tenuti.CitataData.trimmed()),
+                      CampoFattura::SceltaCollegata});
+    else if (Numero != Data)
+        Dette.append(
+            {Numero ? u"Manca la data della fattura citata"_s : u"Manca il numero della fattura citata"_s,
+             CampoFattura::SceltaCollegata});
+    return Dette;
+}
+
+Composizione ComponiDellaNota(const Parcella& Nota, const QString& Progressivo, const QDate& Oggi)
+{
+    const Cessionario Cliente = CessionarioDellaNota(Nota);
+    SceltaFattura Scelta = SceltaDellaNota(Nota, Cliente);
+    Scelta.Progressivo = Progressivo;
+    Composizione Fatta = ComponiFatturaElettronica(Nota, CedenteDaImpostazioni(), Cliente, Scelta, Oggi);
+    Fatta.Mancanze += MancanzeDelleScelte(Nota);
+    return Fatta;
 }

@@ -1,12 +1,11 @@
 // The parties and the choices of an electronic invoice as settings, archive and note hold them.
 #pragma once
 
-#include "feenote/einvoice/fattura.h"
+#include "feenote/einvoice/composizione.h"
 
 #include <utility>
 
 struct DatiCliente;
-struct Parcella;
 
 /// The office, by the settings in force. A part of the address that they lack is empty: nothing is guessed.
 [[nodiscard]] Cedente CedenteDaImpostazioni();
@@ -20,8 +19,16 @@ struct Parcella;
 [[nodiscard]] Cessionario CessionarioDellaNota(const Parcella& Nota);
 
 /// What SceltaDaNota says, with the choices that the note keeps; the format follows the client where none is
-/// chosen. A date that is none is left out.
+/// chosen. A date that is none is left out: MancanzeDelleScelte tells of it.
 [[nodiscard]] SceltaFattura SceltaDellaNota(const Parcella& Nota, const Cessionario& Cliente);
+
+/// What is wrong with the texts that the note keeps of its choices: a date that is none, half of a cited
+/// invoice.
+[[nodiscard]] QList<MancanzaFattura> MancanzeDelleScelte(const Parcella& Nota);
+
+/// The electronic invoice of a note by settings, archive and its own choices, with all that is missing.
+[[nodiscard]] Composizione ComponiDellaNota(const Parcella& Nota, const QString& Progressivo,
+                                            const QDate& Oggi);
 
 /// Family and first name out of a whole one, in either order, as a person's fiscal code confirms them; both
 /// empty where it confirms none, or more than one.

@@ -8,7 +8,6 @@
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/mostra.h"
 #include "feenote/windows/ui_PannelloFattura.h"
-#include "platform/base/regionale.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
@@ -73,12 +72,6 @@ constexpr std::array Segni{
     SegnoScelta{&Ui::PannelloFattura::chkBolloXml, &DatiFatturaXml::BolloAddebitato,
                 CampoFattura::SceltaBollo},
 };
-
-/// A date that was typed and is none; an empty box is none on purpose.
-bool NonData(const QString& Testo)
-{
-    return !Testo.trimmed().isEmpty() && !LeggiData(Testo);
-}
 
 }  // namespace
 
@@ -179,25 +172,8 @@ void PannelloFattura::Mostra()
 
 Composizione PannelloFattura::Componi(const QString& Progressivo) const
 {
-    const Cessionario Cliente = CessionarioDellaNota(Nota);
-    SceltaFattura Scelta = SceltaDellaNota(Nota, Cliente);
     // The counter steps when the file is written; until then any number shows what the file will be.
-    Scelta.Progressivo = Progressivo.isEmpty() ? u"00000"_s : Progressivo;
-    Composizione Fatta = ComponiFatturaElettronica(Nota, CedenteDaImpostazioni(), Cliente, Scelta, Oggi());
-    const DatiFatturaXml& Tenuti = Nota.FatturaXml;
-    if (NonData(Tenuti.Scadenza))
-        Fatta.Mancanze.append({u"La scadenza non è una data: %1"_s.arg(Tenuti.Scadenza.trimmed()),
-                               CampoFattura::SceltaScadenza});
-    const bool Numero = !Tenuti.CitataNumero.trimmed().isEmpty();
-    const bool Data = !Tenuti.CitataData.trimmed().isEmpty();
-    if (NonData(Tenuti.CitataData))
-        Fatta.Mancanze.append(
-            {u"La data della fattura citata non è una data: %1"_s.arg(Tenuti.CitataData.trimmed()),
-             CampoFattura::SceltaCollegata});
-    else if (Numero != Data)
-        Fatta.Mancanze.append(
-            {Numero ? u"Manca la data della fattura citata"_s : u"Manca il numero della fattura citata"_s,
-             CampoFattura::SceltaCollegata});
+    Composizione Fatta = ComponiDellaNota(Nota, Progressivo.isEmpty() ? u"00000"_s : Progressivo, Oggi());
     if (!ColonneBloccate.isEmpty())
         Fatta.Avvisi.append({u"L'archivio dei clienti non si può modificare e non ha: %1."_s.arg(
                                  ColonneBloccate.join(u", "_s)),

@@ -23,6 +23,8 @@
 
 #include <QSet>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -41,6 +43,17 @@ QString CartellaFatture()
 {
     const QString Ultima = Impostazione(ChiaveCartella);
     return Barra(!Ultima.isEmpty() && EsisteCartella(Ultima) ? Ultima : sessione::ParcellePath);
+}
+
+/// What the checks have to see of a file: one that is too large is told by a byte more than any may have.
+QByteArray InizioDi(const QString& File)
+{
+    QByteArray Byte;
+    LeggiAPezzi(File, [&](QByteArrayView Pezzo) {
+        Byte += Pezzo.first(std::min(Pezzo.size(), qsizetype(MassimoByteFattura + 1 - Byte.size())));
+        return Byte.size() <= MassimoByteFattura;
+    });
+    return Byte;
 }
 
 }  // namespace
@@ -148,7 +161,7 @@ void PannelloFattura::cmdControllaXml_Click()
             QByteArray Byte;
             {
                 const ClessidraAccesa Attesa;
-                Byte = LeggiFile(File, MassimoByteFattura + 1);
+                Byte = InizioDi(File);
             }
             frmControlloFattura(NomeFile(File), ControllaFattura(Byte, NomeFile(File), Oggi()), window())
                 .exec();

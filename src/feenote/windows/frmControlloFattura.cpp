@@ -18,11 +18,6 @@ QString Quanti(qsizetype Numero, const QString& Uno, const QString& Molti)
     return Numero == 1 ? u"1 "_s + Uno : QString::number(Numero) + u' ' + Molti;
 }
 
-QString Riga(const EsitoControllo& Esito)
-{
-    return (Esito.Gravita == GravitaControllo::Rifiuto ? u"Rifiuto: "_s : u"Avviso: "_s) + TestoEsito(Esito);
-}
-
 }  // namespace
 
 QString FraseEsiti(const QString& File, const QList<EsitoControllo>& Esiti)
@@ -46,7 +41,7 @@ frmControlloFattura::frmControlloFattura(const QString& File, const QList<EsitoC
     QStringList Righe;
     for (const EsitoControllo& Esito : Esiti) {
         const bool Rifiuto = Esito.Gravita == GravitaControllo::Rifiuto;
-        Righe.append(Riga(Esito));
+        Righe.append(TestoEsito(Esito));
         auto* Voce = new QListWidgetItem(aspetto::Icona(Rifiuto ? u"delete"_s : u"info"_s), Righe.last(),
                                          ui->lstEsiti);
         Voce->setToolTip(Esito.Elemento);

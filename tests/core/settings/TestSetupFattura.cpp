@@ -24,6 +24,7 @@ private Q_SLOTS:
     void avvisa();
     void ilContatoreNonTornaIndietro();
     void ilContatoreCorretto();
+    void indietroSoloSeSiVuole();
     void ilContatoreSbagliato();
     void ilNomeAccanto();
     void codiciSconosciuti();
@@ -213,7 +214,28 @@ void TestSetupFattura::ilContatoreCorretto()
     T->Scrivi(u"txtProgTrasm"_s, u"120"_s);
     T->Memorizza(Box);
     QCOMPARE(T->Parametro(u"ProgTrasm"_s), u"120"_s);
+    T->Scrivi(u"txtProgTrasm"_s, u"121"_s);
+    T->Memorizza(Box);
+    QCOMPARE(T->Parametro(u"ProgTrasm"_s), u"121"_s);
+}
+
+/// Another program may have gone on since the form was opened: what stands in the store counts.
+void TestSetupFattura::indietroSoloSeSiVuole()
+{
+    Registratore Box;
+    TavoloSetup::Salva(u"ProgTrasm"_s, u"5"_s);
+    Apri();
+    T->Scrivi(u"txtProgTrasm"_s, u"10"_s);
+    TavoloSetup::Salva(u"ProgTrasm"_s, u"12"_s);
+    const QString Domanda =
+        u"Il numero dell'ultimo file XML torna indietro, era 12: si ripeterebbero nomi già "
+        "usati.\nMemorizzarlo ugualmente?"_s;
+    Box.Attendi(Domanda, vbNo, u"Domanda:"_s);
+    T->Premi(u"cmdSaveImpost"_s);
+    QCOMPARE(T->Parametro(u"ProgTrasm"_s), u"12"_s);
+    QCOMPARE(Box.Ultimo().Bandiere, vbYesNo | vbQuestion | vbDefaultButton2);
     T->Scrivi(u"txtProgTrasm"_s, {});
+    Box.Attendi(Domanda, vbYes);
     T->Memorizza(Box);
     QCOMPARE(T->Parametro(u"ProgTrasm"_s), u"0"_s);
 }

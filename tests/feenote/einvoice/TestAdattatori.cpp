@@ -26,6 +26,8 @@ private Q_SLOTS:
     void indirizzoEstero();
     void senzaLegame();
     void scelte();
+    void scelteSbagliate_data();
+    void scelteSbagliate();
     void formato_data();
     void formato();
 };
@@ -153,6 +155,14 @@ void TestAdattatori::nazioni_data()
     QTest::newRow("by the VAT number") << QString() << u"FR12345678901"_s << QString() << u"FR"_s;
     QTest::newRow("Greece") << QString() << u"EL123456789"_s << QString() << u"GR"_s;
     QTest::newRow("Italian VAT number") << QString() << u"IT01234567897"_s << QString() << u"IT"_s;
+    QTest::newRow("Germany") << QString() << u"DE 123456789"_s << QString() << u"DE"_s;
+    QTest::newRow("Switzerland") << QString() << u"CHE-123.456.789 MWST"_s << QString() << u"CH"_s;
+    QTest::newRow("Netherlands") << QString() << u"NL123456789B01"_s << QString() << u"NL"_s;
+    // What else stands in the box tells of no country.
+    for (const QString& Altro :
+         {u"RSSMRA80A01H501U"_s, u"DLSMRA80A01H501M"_s, u"PI01234567897"_s, u"CF01234567897"_s,
+          u"VAT01234567897"_s, u"nessuna"_s, u"no"_s, u"NE"_s, u"DE12345678"_s, u"FR1234567890"_s, u"RO12"_s})
+        QTest::newRow(qPrintable(u"no country in "_s + Altro)) << QString() << Altro << QString() << u"IT"_s;
     QTest::newRow("the column counts") << u"AT"_s << u"DE123456789"_s << QString() << u"AT"_s;
     QTest::newRow("abroad, nobody says where") << QString() << QString() << u"Estero"_s << u"??"_s;
 }
@@ -263,6 +273,44 @@ void TestAdattatori::scelte()
     QCOMPARE(Scelta.Contratto->Cig, u"Z12"_s);
     Nota.FatturaXml.Scadenza = u"domani"_s;
     QVERIFY(SceltaDellaNota(Nota, {}).Scadenza.isNull());
+}
+
+void TestAdattatori::scelteSbagliate_data()
+{
+    QTest::addColumn<QString>("Scadenza");
+    QTest::addColumn<QString>("Numero");
+    QTest::addColumn<QString>("Data");
+    QTest::addColumn<QString>("Frase");
+    QTest::newRow("nothing") << QString() << QString() << QString() << QString();
+    QTest::newRow("all right") << u"31/12/2026"_s << u"7"_s << u"1/2/2026"_s << QString();
+    QTest::newRow("no such day") << u"31/02/2027"_s << QString() << QString()
+                                 << u"La scadenza non è una data: 31/02/2027"_s;
+    QTest::newRow("number alone") << QString() << u"7"_s << QString()
+                                  << u"Manca la data della fattura citata"_s;
+    QTest::newRow("date alone") << QString() << QString() << u"1/2/2026"_s
+                                << u"Manca il numero della fattura citata"_s;
+    QTest::newRow("cited date") << QString() << u"7"_s << u"ieri"_s
+                                << u"La data della fattura citata non è una data: ieri"_s;
+}
+
+void TestAdattatori::scelteSbagliate()
+{
+    QFETCH(QString, Scadenza);
+    QFETCH(QString, Numero);
+    QFETCH(QString, Data);
+    QFETCH(QString, Frase);
+    const Studio Ufficio;
+    Parcella Nota;
+    Nota.FatturaXml.Scadenza = Scadenza;
+    Nota.FatturaXml.CitataNumero = Numero;
+    Nota.FatturaXml.CitataData = Data;
+    const QList<MancanzaFattura> Dette = MancanzeDelleScelte(Nota);
+    QCOMPARE(Dette.size(), Frase.isEmpty() ? 0 : 1);
+    if (Frase.isEmpty())
+        return;
+    QCOMPARE(Dette.first().Messaggio, Frase);
+    // Whoever composes from the note hears of it.
+    QVERIFY(ComponiDellaNota(Nota, u"00001"_s, QDate(2026, 11, 22)).Mancanze.contains(Dette.first()));
 }
 
 void TestAdattatori::formato_data()

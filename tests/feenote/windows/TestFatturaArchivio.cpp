@@ -28,6 +28,7 @@ private Q_SLOTS:
     void controllaUnFileBuono();
     void controllaUnFileSbagliato();
     void controllaUnAltroFile();
+    void controllaUnFileTroppoGrande();
     void controllaUnFileCheManca();
     void controlloAnnullato();
     void frasi_data();
@@ -170,7 +171,8 @@ void TestFatturaArchivio::controllaUnFileSbagliato()
     ScriviFile(Guasto, Byte);
     const Vista Letta = Controlla(Guasto);
     QVERIFY2(Letta.Frase.startsWith(Nome + u" sarebbe scartato: "_s), qPrintable(Letta.Frase));
-    QVERIFY(!Letta.Righe.isEmpty() && Letta.Righe.first().startsWith(u"Rifiuto: "_s));
+    QVERIFY(!Letta.Righe.isEmpty() && Letta.Righe.first().startsWith(u"Rifiuto"_s));
+    QCOMPARE(Letta.Righe.first().count(u"Rifiuto"_s), 1);
     QVERIFY2(Letta.Righe.first().contains(u"TipoDocumento"_s), qPrintable(Letta.Righe.first()));
     QCOMPARE(Letta.Copiato, Letta.Frase + u'\n' + Letta.Righe.join(u'\n'));
     QCOMPARE(LeggiFile(Guasto), Byte);
@@ -183,6 +185,16 @@ void TestFatturaArchivio::controllaUnAltroFile()
     ScriviFile(T->Ufficio.File(u"lettera.xml"_s), "non è una fattura");
     const Vista Letta = Controlla(T->Ufficio.File(u"lettera.xml"_s));
     QVERIFY2(Letta.Frase.startsWith(u"lettera.xml sarebbe scartato: "_s), qPrintable(Letta.Frase));
+}
+
+void TestFatturaArchivio::controllaUnFileTroppoGrande()
+{
+    ApriPannello();
+    for (const qint64 Byte : {MassimoByteFattura + 1, 3 * MassimoByteFattura}) {
+        ScriviFile(T->Ufficio.File(u"grande.xml"_s), QByteArray(qsizetype(Byte), ' '));
+        const Vista Letta = Controlla(T->Ufficio.File(u"grande.xml"_s));
+        QVERIFY2(Letta.Righe.join(u'|').contains(u"5 MB"_s), qPrintable(Letta.Righe.join(u'|')));
+    }
 }
 
 void TestFatturaArchivio::controllaUnFileCheManca()
