@@ -22,6 +22,7 @@
 #include <QMouseEvent>
 #include <QRadioButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QStringList>
 #include <QToolButton>
 #include <QToolTip>
@@ -216,7 +217,15 @@ void FaiPosto(QDialog* Modulo)
     const QRect Schermo = Modulo->screen()->availableGeometry();
     const QSize Cornice = Modulo->frameGeometry().size() - Modulo->size();
     const QSize Massima = (Schermo.size() - Cornice).expandedTo(Modulo->size());
-    const QSize Nuova = Modulo->size().expandedTo(Modulo->sizeHint()).boundedTo(Massima);
+    QSize Nuova = Modulo->size();
+    // Wrapped texts take the height that they need at the width that they have.
+    if (const auto* Area = Modulo->findChild<QScrollArea*>(u"areaScorrevole"_s)) {
+        const QSize Minima = Area->widget()->minimumSizeHint();
+        const int Largo = std::max(Area->maximumViewportSize().width(), Minima.width());
+        const int Alto = std::max(Area->widget()->heightForWidth(Largo), Minima.height());
+        Nuova += QSize(Largo, Alto) - Area->maximumViewportSize();
+    }
+    Nuova = Nuova.expandedTo(Modulo->size()).boundedTo(Massima);
     if (Nuova == Modulo->size())
         return;
     Modulo->resize(Nuova);

@@ -196,7 +196,7 @@ QString TestoCatena(const QList<TermineContato>& Termini, bool Breve)
 {
     QStringList Righe;
     for (const TermineContato& Termine : Termini)
-        Righe << NomeTermine(Termine) + u": "_s + (Breve ? ScadenzaBreve(Termine) : TestoScadenza(Termine));
+        Righe << (Breve ? RigaScadenza(Termine) : NomeTermine(Termine) + u": "_s + TestoScadenza(Termine));
     return Righe.join(u'\n');
 }
 

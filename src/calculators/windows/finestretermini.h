@@ -97,7 +97,7 @@ void MostraNorme(const CampiNorme& Campi, SceltaNorme& Scelta);
 [[nodiscard]] QString NoteDi(const QList<TermineContato>& Termini);
 
 /// A line for each term: "Appello (art. 325 c.p.c.): Lunedì, 5 Ottobre 2026 (Posticipata)", or where there is
-/// little room "Appello (art. 325 c.p.c.): lun 05/10/2026 (Posticipata)".
+/// little room "lun 05/10/2026: Appello (art. 325 c.p.c.) (Posticipata)".
 [[nodiscard]] QString TestoCatena(const QList<TermineContato>& Termini, bool Breve = false);
 
 [[nodiscard]] QList<ParteStrada> PartiDi(const QList<TermineContato>& Termini);

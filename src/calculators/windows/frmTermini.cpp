@@ -408,8 +408,9 @@ void frmTermini::MostraScelto()
         Testo = NomeTermine(ContatoDi(*Scelto));
         Evento = Scelto->Evento;
     }
-    ui->lblEvento->setToolTip(Evento);
-    ui->lblEvento->setText(Evento.isEmpty() ? QString() : u"("_s + Evento + u')');
+    // The date of the window is that of its event.
+    if (!Evento.isEmpty())
+        Testo += u"\nDecorre da: "_s + Evento;
     ui->lblTermine->setText(Testo);
     ui->lblTermine->setVisible(!Testo.isEmpty());
     ui->cmdLascia->setVisible(!Testo.isEmpty());

@@ -10,7 +10,7 @@
 #include "platform/kit/collega.h"
 #include "platform/system/orologio.h"
 
-#include "calculators/windows/ui_pannellovigente.h"
+#include "calculators/windows/ui_PannelloVigente.h"
 
 #include <QSignalBlocker>
 

@@ -126,12 +126,12 @@ QString TestoScadenza(const TermineContato& Termine)
     return DataLunga(Termine.Esito.Scadenza).simplified() + TraParentesi(Spostamento(Termine));
 }
 
-QString ScadenzaBreve(const TermineContato& Termine)
+QString RigaScadenza(const TermineContato& Termine)
 {
     const QDate& Giorno = Termine.Esito.Scadenza;
     constexpr qsizetype Lettere = 3;
     return NomeGiorno(Giorno.dayOfWeek()).left(Lettere).toLower() + u' ' + Format(Giorno, u"dd/mm/yyyy") +
-           TraParentesi(Spostamento(Termine));
+           u": "_s + NomeTermine(Termine) + TraParentesi(Spostamento(Termine));
 }
 
 ParteStrada ParteDi(const TermineContato& Termine)

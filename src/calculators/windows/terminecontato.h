@@ -36,8 +36,8 @@ struct TermineContato
 /// "Lunedì, 5 Ottobre 2026 (Posticipata)".
 [[nodiscard]] QString TestoScadenza(const TermineContato& Termine);
 
-/// "lun 05/10/2026 (Posticipata)".
-[[nodiscard]] QString ScadenzaBreve(const TermineContato& Termine);
+/// "lun 05/10/2026: Appello (art. 325 c.p.c.) (Posticipata)".
+[[nodiscard]] QString RigaScadenza(const TermineContato& Termine);
 
 /// The entry for the calendar of the office. @param Pratica whose matter it is; empty: none
 [[nodiscard]] VoceAgenda AgendaDi(const TermineContato& Termine, InsiemeNorme Insieme,
