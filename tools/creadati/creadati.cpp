@@ -36,9 +36,8 @@ void CreaBasi(const QString& Tabelle, const QString& Uscita)
     ScriviNorme(Vigenti, Provvisoria + u"Norme.mdb"_s);
 
     CreaCartella(Uscita);
-    for (const auto& Nome :
-         {u"parcelle.mdb"_s, u"parcelle55.mdb"_s, u"DatiStudio.mdb"_s, u"Tassi.dat"_s, u"Comuni.mdb"_s,
-          u"Norme.mdb"_s})
+    for (const auto& Nome : {u"parcelle.mdb"_s, u"parcelle55.mdb"_s, u"DatiStudio.mdb"_s, u"Tassi.dat"_s,
+                             u"Comuni.mdb"_s, u"Norme.mdb"_s})
         ScriviFile(Uscita + Nome, LeggiFile(Provvisoria + Nome));
     // The program tells the age of the rates by the date of their file.
     ImpostaDataFile(Uscita + u"Tassi.dat"_s, QDateTime(DataDeiTassi(Archivio), QTime(12, 0)));

@@ -12,6 +12,7 @@ FontiDeiTesti()
         'dati/guide/*.txt' 'dati/schede/*.txt' 'programma/*.htm' 'programma/*.txt' 'programma/*.rtf' \
         dati/voci.csv dati/spese.csv dati/autorita.csv dati/scaglioni.csv \
         dati/voci55.csv dati/autorita55.csv dati/scaglioni55.csv dati/variazioni55.csv \
+        'dati/norme_*.csv' \
         'src/*.ui' 'src/*.cpp' 'src/*.h' \
         'pacchetto/*.1' 'pacchetto/*.desktop' 'pacchetto/*.xml' 'pacchetto/*.completamento' \
         ':!src/demo' ':!src/print/writers' ':!src/platform/pages' ':!src/platform/document' \

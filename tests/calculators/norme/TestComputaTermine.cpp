@@ -359,7 +359,8 @@ void TestComputaTermine::catene_data()
     QTest::newRow("190") << u"cpc-190"_s << QDate(2020, 3, 2) << u"04/05/2020 +; 25/05/2020 +"_s;
     QTest::newRow("189") << u"CPC-189"_s << QDate(2026, 6, 15) << u"16/04/2026; 15/05/2026 +; 29/05/2026 +"_s;
     // 15 days and 15 more are 30, wherever the first 15 end.
-    QTest::newRow("aumento") << u"CPP-585-15-ASSENTE"_s << QDate(2026, 3, 7) << u"23/03/2026 +; 07/04/2026 +"_s;
+    QTest::newRow("aumento") << u"CPP-585-15-ASSENTE"_s << QDate(2026, 3, 7)
+                             << u"23/03/2026 +; 07/04/2026 +"_s;
     QTest::newRow("due aumenti") << u"CPA-29-ESTERO"_s << QDate(2026, 1, 7)
                                  << u"09/03/2026 +; 07/04/2026; 06/06/2026"_s;
 }
