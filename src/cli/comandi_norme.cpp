@@ -163,41 +163,59 @@ Risposta RispostaDate(const QList<DataTrovata>& Date, const QString& Nota, const
         Scelta.Spiega ? Paragrafi.join(u"\n\n"_s) : Testi.join(u"; "_s), {{u"termini"_s, Termini}}, false};
 }
 
+/// A term as the windows put it into the calendar too: the same identity, however it was asked for.
+VoceAgenda AgendaDi(const QDate& Scadenza, const QString& Nome, const QString& Nota, const QString& Chi,
+                    const QDate& Evento)
+{
+    VoceAgenda Voce;
+    Voce.Giorno = Scadenza;
+    Voce.Atto = Nome;
+    Voce.Note = {Nota};
+    Voce.Chiave = Chi + u' ' + Evento.toString(Qt::ISODate);
+    return Voce;
+}
+
+VoceAgenda AgendaDi(const TermineRicorrente& Termine, const QString& DaChe, const QDate& Evento,
+                    const EsitoTermine& Esito)
+{
+    return AgendaDi(Esito.Scadenza, Termine.Atto + u" ("_s + Termine.Articolo + u')',
+                    DaChe + u" del "_s + Giorno(Evento), Termine.Codice, Evento);
+}
+
+QString MisuraDi(const RichiestaTermine& Richiesta)
+{
+    TermineRicorrente Termine;
+    Termine.Quantita = Richiesta.Numero;
+    Termine.Tipo = Richiesta.Tipo;
+    Termine.Libero = Richiesta.Opzioni.Libero;
+    Termine.Antecedente = Richiesta.Opzioni.Antecedente;
+    return MisuraTermine(Termine);
+}
+
 QList<DataTrovata> DateDiCatena(const Norme& Insieme, const CatenaTermini& Catena, const QDate& Evento,
                                 const QString& Materia = {}, const std::optional<QDate>& Inizio = {})
 {
     QList<DataTrovata> Date;
     for (const ScadenzaCatena& Una : ComputaCatena(Insieme, Catena, Evento, Materia, Inizio))
-        Date.append({Una.Termine->Codice,
-                     Una.Esito,
-                     {Una.Esito.Scadenza,
-                      Una.Termine->Atto,
-                      Una.Termine->Articolo,
-                      {},
-                      {Catena.Evento + u" del "_s + Giorno(Evento)},
-                      Catena.Codice + u' ' + Una.Termine->Codice + u' ' + Giorno(Evento)}});
+        Date.append(
+            {Una.Termine->Codice, Una.Esito, AgendaDi(*Una.Termine, Catena.Evento, Evento, Una.Esito)});
     return Date;
 }
 
 /// Links of the program's own chain, each with its road.
-QList<DataTrovata> DateDelProgramma(const QStringList& Valori, int Articolo, const OpzioniTermine& Opzioni)
+QList<DataTrovata> DateDelProgramma(const QDate& Udienza, int Articolo, const OpzioniTermine& Opzioni)
 {
     QList<DataTrovata> Date;
     RichiestaTermine Chiesto;
-    Chiesto.Decorrenza = CDate(SenzaSecolo(Valori[0]));
+    Chiesto.Decorrenza = Udienza;
     Chiesto.Opzioni = Opzioni;
     for (const Anello& Termine : Articoli()[size_t(Articolo)].Catena) {
         Chiesto.Numero = Termine.Giorni;
         const EsitoTermine Esito = ComputaTermine(InsiemeNorme::Programma, Chiesto);
         const QString Voce = Termine.Didascalia.trimmed().chopped(1).toString();
-        Date.append({Voce,
-                     Esito,
-                     {Esito.Scadenza,
-                      Voce,
-                      u"art. %1 c.p.c."_s.arg(Articoli()[size_t(Articolo)].Numero),
-                      {},
-                      {u"udienza del "_s + Valori[0]},
-                      Voce + u' ' + Valori[0]}});
+        const QString Nome = u"%1 (art. %2 c.p.c.)"_s.arg(Voce).arg(Articoli()[size_t(Articolo)].Numero);
+        Date.append({Voce, Esito,
+                     AgendaDi(Esito.Scadenza, Nome, u"udienza del "_s + Giorno(Udienza), Voce, Udienza)});
         Chiesto.Decorrenza = Esito.Scadenza;
     }
     return Date;
@@ -237,12 +255,19 @@ RichiestaContributo LeggiContributo(const Norme& Insieme, const QStringList& Val
         Chiesto.Grado = GradoGiudizio(
             LeggiParola(u"grado"_s, Valori[3], {u"primo"_s, u"impugnazione"_s, u"cassazione"_s}));
     for (const QString& Parola : Valori.value(4).split(u',', Qt::SkipEmptyParts)) {
-        const int Quale =
-            LeggiParola(u"varianti"_s, Parola, {u"ridotto"_s, u"imprese"_s, u"dati"_s, u"respinta"_s});
+        const int Quale = LeggiParola(
+            u"varianti"_s, Parola,
+            {u"ridotto"_s, u"imprese"_s, u"dati"_s, u"respinta"_s, u"lavoro"_s, u"senza-notifiche"_s});
         bool RichiestaContributo::*const Varianti[]{
             &RichiestaContributo::Dimezzato, &RichiestaContributo::Imprese, &RichiestaContributo::OmessiDati,
             &RichiestaContributo::Respinta};
-        Chiesto.*Varianti[Quale] = true;
+        if (size_t(Quale) < std::size(Varianti))
+            Chiesto.*Varianti[Quale] = true;
+        else
+            Chiesto.Notifiche = false;
+        // Labour cases pay half, but in cassation.
+        if (Parola.trimmed().compare(u"lavoro", Qt::CaseInsensitive) == 0)
+            Chiesto.Dimezzato = Chiesto.Grado != GradoGiudizio::Cassazione;
     }
     if (const QString Quanti = Valori.value(5).trimmed(); !Quanti.isEmpty()) {
         const double Letti = Numero(u"ricorrenti"_s, Quanti);
@@ -279,6 +304,14 @@ Risposta ContributoDiLegge(const QStringList& Valori, const NormeChieste& Scelta
     if (!Scelta.Spiega)
         return {Righe.first(), Record, false};
     Record[u"passi"_s] = Passi;
+    if (Esito.AggiunteEuro > 0)
+        Righe << QStringList{u"In tutto"_s, Format(Esito.TotaleEuro(), u"#,##0.00"), {}, {}}.join(u'\t');
+    if (Esito.MinimoEuro)
+        Righe << QStringList{
+            u"Almeno, per l'iscrizione a ruolo"_s,
+            Format(*Esito.MinimoEuro, u"#,##0.00"),
+            Esito.NormaMinimo,
+            {}}.join(u'\t');
     return {(Righe + Esito.Note).join(u'\n'), Record, false};
 }
 
@@ -299,14 +332,10 @@ Risposta ComandoTermini(const QStringList& Valori, const NormeChieste& Scelta)
     Chiesto.Materia = LeggiMateria(Valori, 7, Scelta.Insieme);
 
     const EsitoTermine Esito = ComputaTermine(Scelta.Insieme, Chiesto);
-    const QString Misura = Dati.Numero + u' ' + VociIncremento[size_t(Dati.Tipo)].toString().toLower() +
-                           (Dati.Opzioni.Antecedente ? u" prima"_s : QString());
-    Segna(Scelta, {{Esito.Scadenza,
-                    u"Scadenza di un termine"_s,
-                    {},
-                    {},
-                    {u"%1 dal %2"_s.arg(Misura, Giorno(Chiesto.Decorrenza))},
-                    Valori.join(u' ')}});
+    const QString Misura = MisuraDi(Chiesto);
+    Segna(Scelta,
+          {AgendaDi(Esito.Scadenza, u"Termine di "_s + Misura,
+                    u"%1 dal %2"_s.arg(Misura, Giorno(Chiesto.Decorrenza)), Misura, Chiesto.Decorrenza)});
     QJsonObject Record{{u"scadenza"_s, Giorno(Esito.Scadenza)}, {u"spostata"_s, Esito.Spostata}};
     Spiega(Record, Esito, Scelta);
     Avverti(Esito.Note, Scelta);
@@ -322,7 +351,8 @@ Risposta ComandoSequenziali(const QStringList& Valori, const NormeChieste& Scelt
     Opzioni.Sabato = LeggiBit(u"sabato"_s, Valori.value(3));
     Rifiuta(DifettoUdienza(Valori[0]));
     if (Scelta.Insieme == InsiemeNorme::Programma)
-        return RispostaDate(DateDelProgramma(Valori, Articolo, Opzioni), u"Posticipato"_s, Scelta);
+        return RispostaDate(DateDelProgramma(CDate(SenzaSecolo(Valori[0])), Articolo, Opzioni),
+                            u"Posticipato"_s, Scelta);
     if (Valori.size() > 2)
         throw Errore(errori::Argomento, u"sospensione e sabato: con --norme vigenti li dice la legge"_s);
     const auto Insieme = NormeVigenti();
@@ -387,14 +417,7 @@ Risposta ComandoScadenza(const QStringList& Valori, const NormeChieste& Scelta)
     if (!Termine)
         throw Errore(errori::Argomento, u"codice: «%1» non è nel catalogo"_s.arg(Codice.left(40)));
     const EsitoTermine Esito = ComputaRicorrente(*Insieme, *Termine, Evento, Materia, Cominciato);
-    return RispostaDate({{Termine->Codice,
-                          Esito,
-                          {Esito.Scadenza,
-                           Termine->Atto,
-                           Termine->Articolo,
-                           {},
-                           {Termine->Evento + u" del "_s + Giorno(Evento)},
-                           Termine->Codice + u' ' + Giorno(Evento)}}},
+    return RispostaDate({{Termine->Codice, Esito, AgendaDi(*Termine, Termine->Evento, Evento, Esito)}},
                         u"Spostata"_s, DiLegge);
 }
 

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void catalogo();
     void agenda_data();
     void agenda();
+    void stessaIdentita();
     void tanteCartelle();
 };
 PROVA(TestCliNorme);
@@ -77,6 +78,9 @@ void TestCliNorme::risposte_data()
     Riga("contributo, cassazione", Vigenti + u"contributo 6000 - 10/06/2025 cassazione"_s, u"474,00"_s);
     Riga("contributo, varianti",
          Vigenti + u"contributo 6000 ridotto 10/06/2025 impugnazione imprese,respinta"_s, u"711,00"_s);
+    Riga("contributo, lavoro", Vigenti + u"contributo 6000 - 10/06/2025 primo lavoro"_s, u"118,50"_s);
+    Riga("contributo, lavoro in cassazione", Vigenti + u"contributo 6000 - 10/06/2025 cassazione lavoro"_s,
+         u"474,00"_s);
     Riga("contributo, per ricorrente", Vigenti + u"contributo - cittadinanza 10/06/2025 - - 3"_s,
          u"1.800,00"_s);
     Riga("mora, del programma", u"interessi mora 1000 Euro - 01/01/2020 31/12/2020"_s, u"70,19"_s);
@@ -242,13 +246,26 @@ void TestCliNorme::contributoSpiegato()
     QCOMPARE(Record[u"aggiunte"].toDouble(), 227.0);
     QCOMPARE(Record[u"totale"].toDouble(), 701.0);
     QCOMPARE(Record[u"minimo"].toDouble(), 43.0);
-    QCOMPARE(Record[u"passi"].toArray().size(), 5);
+    QCOMPARE(Record[u"passi"].toArray().size(), 4);
+    const auto Aggiunte = [](const QString& Variante) {
+        return Json((u"--norme vigenti contributo 6000 ordinario 10/06/2025 primo "_s + Variante)
+                        .split(u' '))[u"aggiunte"]
+            .toDouble();
+    };
+    QCOMPARE(Aggiunte(u"imprese"_s), 27.0);
+    QCOMPARE(Aggiunte(u"lavoro"_s), 0.0);
+    QCOMPARE(Aggiunte(u"senza-notifiche"_s), 0.0);
     QCOMPARE(Record[u"passi"].toArray()[1].toObject()[u"norma"].toString(),
              u"D.P.R. 115/2002, art. 13, comma 1-bis"_s);
     const QString Testo =
         Chiama(u"--norme vigenti --spiega contributo 6000 ordinario 10/06/2024"_s.split(u' ')).Uscita;
     QCOMPARE(Testo.section(u'\n', 0, 0), u"237,00"_s);
     QVERIFY(Testo.contains(u"Scaglione da 5.200,01 a 26.000,00 euro\t237,00\t"));
+    QVERIFY2(Testo.contains(u"\nIn tutto\t264,00\t\t\n"), qPrintable(Testo));
+    QVERIFY(!Testo.contains(u"Almeno"));
+    QVERIFY(
+        Chiama(u"--norme vigenti --spiega contributo 6000 ordinario 10/06/2025"_s.split(u' '))
+            .Uscita.contains(u"\nIn tutto\t264,00\t\t\nAlmeno, per l'iscrizione a ruolo\t43,00\tD.P.R. "));
 }
 
 void TestCliNorme::catalogo()
@@ -301,6 +318,24 @@ void TestCliNorme::agenda()
         Chiama(QStringList{u"--ics"_s, NuovaCartella() + u"manca/termini.ics"_s} + Argomenti.split(u' '));
     QCOMPARE(Nessuno.Stato, 1);
     QCOMPARE(Nessuno.Uscita, QString());
+}
+
+// A term has one identity, however it is written down and by whatever norms it is counted.
+void TestCliNorme::stessaIdentita()
+{
+    const auto Identita = [](const QString& Argomenti) {
+        const QString File = NuovaCartella() + u"t.ics"_s;
+        (void)Chiama(QStringList{u"--ics"_s, File} + Argomenti.split(u' '));
+        const QString Scritto = QString::fromUtf8(LeggiFile(File));
+        return Scritto.section(u"UID:"_s, 1, 1).section(u"\r\n"_s, 0, 0);
+    };
+    const QString Una = Identita(u"termini 01/02/2026 30 giorni"_s);
+    QVERIFY(Una.endsWith(u"@calcanova"));
+    QCOMPARE(Identita(u"termini 1/2/2026 30 Giorni 1"_s), Una);
+    QCOMPARE(Identita(u"--norme vigenti termini 01/02/26 30 giorni"_s), Una);
+    QVERIFY(Identita(u"termini 01/02/2026 31 giorni"_s) != Una);
+    QVERIFY(Identita(u"termini 01/02/2026 30 giorni 1 1"_s) != Una);
+    QCOMPARE(Identita(u"scadenza cpc-189-1 15/06/2026"_s), Identita(u"scadenza CPC-189 15/06/2026"_s));
 }
 
 // The program's own rules ask no file for anything, those in force one whose name is told.

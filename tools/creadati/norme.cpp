@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int MassimoTesto = 200;
+constexpr int MassimoTesto = 255;
 
 /// What a cell holds.
 enum class Genere { Testo, Data, Numero, Importo };
@@ -77,7 +77,7 @@ QList<FormaTabella> Forme()
                Parola(u"unità"_s, u"Unita"_s, {u"giorni"_s, u"mesi"_s, u"anni"_s, u"regola"_s}),
                Parola(u"verso"_s, u"Verso"_s, {u"avanti"_s, u"a ritroso"_s}, true),
                Parola(u"libero"_s, u"Libero"_s, SiNo), Parola(u"sospeso"_s, u"Sospeso"_s, SiNo, true),
-               Parola(u"sabato"_s, u"Sabato"_s, SiNo, true),
+               Testo(u"materia"_s, u"Materia"_s, true), Parola(u"sabato"_s, u"Sabato"_s, SiNo, true),
                Parola(u"misura"_s, u"Misura"_s, {u"evento"_s, u"procedimento"_s})} +
              Periodo() + QList{Riscontro(), Testo(u"nota"_s, u"Nota"_s, true)}},
         {u"norme_catene.csv"_s, u"Catene"_s,
@@ -94,7 +94,9 @@ QList<FormaTabella> Forme()
                ColonnaDiNorme{u"a"_s, u"A"_s, Genere::Importo, true},
                ColonnaDiNorme{u"valore"_s, u"Valore"_s, Genere::Importo}} +
              Periodo() +
-             QList{Parola(u"gradi"_s, u"Gradi"_s, {u"no"_s, u"civile"_s, u"amministrativo"_s}),
+             QList{Parola(u"processo"_s, u"Processo"_s,
+                          {u"civile"_s, u"amministrativo"_s, u"tributario"_s, u"altro"_s}),
+                   Parola(u"gradi"_s, u"Gradi"_s, SiNo), Parola(u"notifiche"_s, u"Notifiche"_s, SiNo),
                    Parola(u"ciascuno"_s, u"Ciascuno"_s, SiNo), Norma, Riscontro(),
                    Testo(u"nota"_s, u"Nota"_s, true)}},
         {u"norme_avvisi.csv"_s, u"Avvisi"_s,

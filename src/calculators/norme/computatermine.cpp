@@ -45,7 +45,8 @@ public:
                   ? Conta(Qui, std::max(Richiesta.Numero, 0), GenerePasso::GiorniContati, NormaTermine())
                   : ContaCalendario(Qui);
         if (Richiesta.Opzioni.Libero)
-            Qui = Conta(Qui, 1, GenerePasso::GiornoLibero, DiRegola(regole::Libero, Qui));
+            Qui = Conta(Qui, 1, GenerePasso::GiornoLibero,
+                        Richiesta.Norma.isEmpty() ? DiRegola(regole::Libero, Qui) : NormaTermine());
         Qui = Assesta(Qui);
         Aggiungi(Qui, Qui, 0, GenerePasso::GiornoFinale, NormaTermine());
         Esito.Scadenza = Qui;
@@ -259,7 +260,8 @@ private:
         if (Qui.dayOfWeek() != Qt::Saturday || !Richiesta.Opzioni.Sabato ||
             !Insieme.Regola(regole::Sabato).Quando.Contiene(Qui))
             return false;
-        Aggiungi(Qui, Qui, 1, GenerePasso::Sabato, DiSpostamento({}, regole::Sabato, Qui));
+        Aggiungi(Qui, Qui, 1, GenerePasso::Sabato,
+                 DiSpostamento({{}, Richiesta.SabatoIgnoto}, regole::Sabato, Qui));
         return true;
     }
 
@@ -284,32 +286,49 @@ private:
     void SpiegaSabato(const QDate& Qui)
     {
         const NormaRegola& Regola = Insieme.Regola(regole::Sabato);
-        if (Richiesta.SabatoIgnoto)
+        if (Richiesta.SabatoIgnoto && !Richiesta.Opzioni.Sabato)
             Aggiungi(Qui, Qui, 0, GenerePasso::SabatoFermo, {QString(), true});
         else if (Richiesta.Opzioni.Sabato)
-            Aggiungi(Qui, Qui, 0, GenerePasso::SabatoFermo, {Regola.Norma}, TestoVigenza(Regola.Quando));
+            Aggiungi(Qui, Qui, 0, GenerePasso::SabatoFermo, {Regola.Norma},
+                     u"la norma vale "_s + TestoVigenza(Regola.Quando));
     }
 
-    /// A suspension that lies on the way and does not count is told behind the first day.
+    /// Suspensions that lie on the way and do not count are told behind the first day, in the order of the
+    /// count.
     void SpiegaSospensione()
     {
         if (Sospende)
             return;
         const auto [Dal, Al] = std::minmax(Richiesta.Decorrenza, Esito.Scadenza);
+        Strada Saltate;
         for (int Anno = Dal.year(); Anno <= Al.year(); ++Anno) {
             const auto Periodo = Insieme.SospensioneDel(Anno);
             if (!Periodo || Periodo->Al < Dal || Periodo->Dal > Al)
                 continue;
-            PassoStrada Detta{Periodo->Dal, Periodo->Al, 0, GenerePasso::SenzaSospensione, {}, false, {}};
-            if (Materia) {
-                Detta.Norma = Materia->Norma;
-                Detta.Nota = Materia->Testo;
-            } else {
-                Detta.NonRiscontrato = Richiesta.SospensioneIgnota;
-            }
-            Esito.Passi.insert(1, Detta);
-            return;
+            PassoStrada Detta = PercheNonConta();
+            Detta.Da = PrimoIncontrato(*Periodo);
+            Detta.A = UltimoIncontrato(*Periodo);
+            Saltate.insert(Passo > 0 ? Saltate.size() : 0, Detta);
         }
+        for (qsizetype i = 0; i < Saltate.size(); ++i)
+            Esito.Passi.insert(1 + i, Saltate[i]);
+    }
+
+    /// Why the suspension does not count: the matter, the term's own norm, nobody says, or a choice.
+    PassoStrada PercheNonConta() const
+    {
+        PassoStrada Detta{{}, {}, 0, GenerePasso::SenzaSospensione, {}, false, {}};
+        if (Materia) {
+            Detta.Norma = Materia->Norma;
+            Detta.Nota = Materia->Testo;
+        } else if (Richiesta.SospensioneIgnota) {
+            Detta.NonRiscontrato = true;
+        } else if (Richiesta.MaiSospeso) {
+            Detta.Norma = Richiesta.Norma;
+        } else {
+            Detta.Nota = u"per scelta"_s;
+        }
+        return Detta;
     }
 
     void Annota()

@@ -12,7 +12,6 @@ namespace {
 
 constexpr QStringView ModelloImporto = u"#,##0.00";
 constexpr QStringView ModelloData = u"dd/mm/yyyy";
-constexpr QStringView GradiCivili = u"civile";
 constexpr int MassimoRicorrenti = 9999;
 
 [[noreturn]] void Rifiuta(const QString& Frase)
@@ -66,12 +65,24 @@ private:
             if (!EProcedimento(Una) || Una.Codice.compare(Richiesta.Procedimento, Qt::CaseInsensitive) != 0)
                 continue;
             Ultima = &Una;
-            if (Una.Quando.Contiene(Richiesta.Deposito) && Comprende(Una))
+            if (Una.Quando.Contiene(Richiesta.Deposito) && Richiesta.Deposito >= PrimoNoto() &&
+                Comprende(Una))
                 return Una;
         }
         if (!Ultima)
             Rifiuta(u"Nessun procedimento si chiama «%1»"_s.arg(Richiesta.Procedimento.left(40)));
         Rifiuta(u"%1: importi noti dal %2"_s.arg(Ultima->Categoria, Format(PrimoGiorno(), ModelloData)));
+    }
+
+    /// The first day on which an amount of any proceeding is known: no undated one holds before.
+    QDate PrimoNoto() const
+    {
+        QDate Primo;
+        for (const VoceContributo& Una : Insieme.Contributi())
+            if (EProcedimento(Una) && Una.Quando.Dal.isValid() &&
+                (!Primo.isValid() || Una.Quando.Dal < Primo))
+                Primo = Una.Quando.Dal;
+        return Primo;
     }
 
     /// The first day on which an amount of the proceeding holds.
@@ -82,7 +93,7 @@ private:
             if (EProcedimento(Una) && Una.Codice.compare(Richiesta.Procedimento, Qt::CaseInsensitive) == 0 &&
                 (!Primo.isValid() || Una.Quando.Dal < Primo))
                 Primo = Una.Quando.Dal;
-        return Primo;
+        return Primo.isValid() ? Primo : PrimoNoto();
     }
 
     bool Comprende(const VoceContributo& Una) const
@@ -158,7 +169,7 @@ private:
 
     void Varianti()
     {
-        if ((Richiesta.Dimezzato || Richiesta.Imprese) && Voce->Gradi != GradiCivili)
+        if ((Richiesta.Dimezzato || Richiesta.Imprese) && !(Civile() && Voce->ConGradi))
             Rifiuta(u"%1: nessuna norma nota lo dimezza o lo raddoppia"_s.arg(Voce->Categoria));
         if (Richiesta.Dimezzato)
             Moltiplica(u"dimezzato");
@@ -178,9 +189,9 @@ private:
     QString CodiceGrado() const
     {
         const bool Cassazione = Richiesta.Grado == GradoGiudizio::Cassazione;
-        if (Voce->Gradi == GradiCivili)
+        if (Civile() && Voce->ConGradi)
             return Cassazione ? u"cassazione"_s : u"impugnazione"_s;
-        if (Voce->Gradi.isEmpty() || Cassazione)
+        if (!Voce->ConGradi || Cassazione)
             Rifiuta(u"%1: nessuna norma nota dà il contributo per quel grado"_s.arg(Voce->Categoria));
         return u"impugnazione amministrativa"_s;
     }
@@ -193,17 +204,19 @@ private:
         }
     }
 
+    bool Civile() const { return Voce->Processo == ProcessoContributo::Civile; }
+
     void Aggiunte()
     {
-        if (Richiesta.Notifiche)
+        if (Richiesta.Notifiche && Voce->ConNotifiche)
             Aggiunta(u"notifiche");
         if (Richiesta.Grado == GradoGiudizio::Cassazione)
             Aggiunta(u"registro cassazione");
         const VoceContributo* Minimo = InVigore(u"minimo");
-        if (!Minimo || Esito.ContributoEuro <= 0)
+        if (!Minimo || !Civile() || Esito.ContributoEuro <= 0)
             return;
         Esito.MinimoEuro = std::min(Minimo->Valore, Esito.ContributoEuro);
-        Aggiungi(Minimo->Categoria, *Minimo, *Esito.MinimoEuro);
+        Esito.NormaMinimo = Minimo->Norma;
     }
 
     void Annota()
@@ -231,7 +244,7 @@ QList<ProcedimentoContributo> ProcedimentiContributo(const Norme& Insieme)
         if (EProcedimento(Voce) &&
             std::ranges::find(Tutti, Voce.Codice, &ProcedimentoContributo::Codice) == Tutti.end())
             Tutti.append({Voce.Codice, Voce.Categoria, Voce.Genere == GenereContributo::Scaglione,
-                          !Voce.Gradi.isEmpty(), Voce.PerCiascuno});
+                          Voce.ConGradi, Voce.PerCiascuno, Voce.ConNotifiche});
     return Tutti;
 }
 

@@ -12,6 +12,9 @@ enum class GenereContributo {
     Minimo,      ///< what is to be paid for the filing to be taken
 };
 
+/// Before whom: rules on degrees, halves and minimum are each of one kind.
+enum class ProcessoContributo { Civile, Amministrativo, Tributario, Altro };
+
 struct VoceContributo
 {
     QString Codice;     ///< of the kind of proceeding or of the rule
@@ -21,8 +24,10 @@ struct VoceContributo
     std::optional<double> AEuro;
     double Valore = 0.0;  ///< euro, or a factor
     Vigenza Quando;
-    bool PerCiascuno = false;  ///< owed for each applicant, lot or the like
-    QString Gradi;  ///< "civile" or "amministrativo": whose rules on degrees multiply it; empty: none
+    ProcessoContributo Processo = ProcessoContributo::Civile;
+    bool ConGradi = false;      ///< appeals multiply it
+    bool ConNotifiche = false;  ///< the lump sum for notifications is owed besides
+    bool PerCiascuno = false;   ///< owed for each applicant, lot or the like
     QString Norma;
     QString Nota;
 };
@@ -36,9 +41,10 @@ struct ProcedimentoContributo
 {
     QString Codice;
     QString Categoria;
-    bool AValore = false;      ///< the fee depends on the value
-    bool ConGradi = false;     ///< the degree may be chosen
-    bool PerCiascuno = false;  ///< the number of applicants counts
+    bool AValore = false;       ///< the fee depends on the value
+    bool ConGradi = false;      ///< the degree may be chosen
+    bool PerCiascuno = false;   ///< the number of applicants counts
+    bool ConNotifiche = false;  ///< the lump sum for notifications may be owed
 };
 
 /// The kinds of proceedings that the norms know, in their order.
@@ -54,8 +60,9 @@ struct RichiestaContributo
     bool Imprese = false;     ///< specialised sections for enterprises
     bool OmessiDati = false;  ///< certified mail or fiscal code not stated
     bool Respinta = false;    ///< appeal refused: as much again
-    bool Notifiche = true;    ///< with the lump sum for notifications
-    int Ricorrenti = 1;       ///< for what is owed for each of them
+    bool Notifiche =
+        true;  ///< with the lump sum for notifications, where it is owed at all; not in labour cases
+    int Ricorrenti = 1;  ///< for what is owed for each of them
 };
 
 /// How the amount came about, a row for each norm.
@@ -75,6 +82,7 @@ struct EsitoContributo
     double ContributoEuro = 0.0;
     double AggiunteEuro = 0.0;         ///< what is owed besides: notifications, registration
     std::optional<double> MinimoEuro;  ///< to be paid for the filing to be taken; none: no such norm yet
+    QString NormaMinimo;               ///< that says so
     QList<PassoContributo> Passi;
     QStringList Note;
 

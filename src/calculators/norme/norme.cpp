@@ -106,6 +106,9 @@ TermineRicorrente LeggiTermine(const RigheNorme& Riga)
     }
     Letto.Libero = Riga.SiNo(u"Libero"_s);
     Letto.Sospeso = Riga.SiNoOVuoto(u"Sospeso"_s);
+    Letto.Materia = Riga.Testo(u"Materia"_s, true);
+    if (!Letto.Materia.isEmpty() && Letto.Sospeso.value_or(true))
+        Riga.Rifiuta(u"Materia"_s, u"non va con un termine sospeso"_s);
     Letto.Sabato = Riga.SiNoOVuoto(u"Sabato"_s);
     Letto.Misura = Riga.Parola(u"Misura"_s, {u"evento"_s, u"procedimento"_s}) == 0
                        ? MisuraVigenza::Evento
@@ -156,8 +159,10 @@ VoceContributo LeggiContributo(const RigheNorme& Riga)
     if (Letta.Genere == GenereContributo::Moltiplica && !(Letta.Valore > 0 && Letta.Valore <= MassimoFattore))
         Riga.Rifiuta(u"Valore"_s, u"non è un fattore"_s);
     Letta.Quando = Riga.Periodo();
-    const QStringList Gradi{QString(), u"civile"_s, u"amministrativo"_s};
-    Letta.Gradi = Gradi[Riga.Parola(u"Gradi"_s, {u"no"_s, Gradi[1], Gradi[2]})];
+    Letta.Processo = ProcessoContributo(
+        Riga.Parola(u"Processo"_s, {u"civile"_s, u"amministrativo"_s, u"tributario"_s, u"altro"_s}));
+    Letta.ConGradi = Riga.SiNo(u"Gradi"_s);
+    Letta.ConNotifiche = Riga.SiNo(u"Notifiche"_s);
     Letta.PerCiascuno = Riga.SiNo(u"Ciascuno"_s);
     Letta.Norma = Riga.Testo(u"Norma"_s);
     Letta.Nota = Riga.Testo(u"Nota"_s, true);

@@ -66,6 +66,14 @@ void ControllaRegole(const Norme& Insieme)
             Rifiuta(u"Regole: manca «%1»"_s.arg(Codice));
 }
 
+void ControllaMaterie(const Norme& Insieme)
+{
+    const QSet<QString> Codici = CodiciUnici(Insieme.Materie(), u"Materie"_s);
+    for (const TermineRicorrente& Termine : Insieme.Termini())
+        if (!Termine.Materia.isEmpty() && !Codici.contains(Termine.Materia.toUpper()))
+            Rifiuta(u"Termini: %1 è di una materia che non c'è"_s.arg(Termine.Codice));
+}
+
 void ControllaCatene(const Norme& Insieme)
 {
     // A code names a term or a chain, never both.
@@ -129,7 +137,7 @@ void ControllaNorme(const Norme& Insieme)
 {
     ControllaSospensioni(Insieme.Sospensioni());
     ControllaFeste(Insieme.Feste());
-    (void)CodiciUnici(Insieme.Materie(), u"Materie"_s);
+    ControllaMaterie(Insieme);
     ControllaRegole(Insieme);
     ControllaCatene(Insieme);
     ControllaContributi(Insieme.Contributi());

@@ -49,6 +49,8 @@ void ControllaVigenza(const TermineRicorrente& Termine, const QDate& Evento,
 {
     const QString Vale = u"%1 vale %2"_s.arg(Termine.Codice, TestoVigenza(Termine.Quando));
     const bool DalProcedimento = Termine.Misura == MisuraVigenza::Procedimento;
+    if (!DalProcedimento && Inizio)
+        Rifiuta(u"%1 non dipende dal giorno in cui il procedimento è cominciato"_s.arg(Termine.Codice));
     if (DalProcedimento && Inizio && !Termine.Quando.Contiene(*Inizio))
         Rifiuta(Vale + u": il procedimento è cominciato il "_s + Format(*Inizio, ModelloData));
     const Vigenza DaGuardare = DalProcedimento ? Vigenza{Termine.Quando.Dal, {}} : Termine.Quando;
@@ -56,14 +58,21 @@ void ControllaVigenza(const TermineRicorrente& Termine, const QDate& Evento,
         Rifiuta(Vale + u": il termine corre dal "_s + Format(Evento, ModelloData));
 }
 
-/// A proceeding that began before the reform keeps its rules: whoever counts must know.
+/// Cases seldom last longer: a term of today says nothing of a reform that lies so far back.
+constexpr int AnniDiUnaCausa = 10;
+
+/// A proceeding that began before a reform keeps its rules: whoever counts without that day must know.
 QStringList NoteVigenza(const TermineRicorrente& Termine, const QDate& Evento,
                         const std::optional<QDate>& Inizio)
 {
-    if (Termine.Misura != MisuraVigenza::Procedimento || Inizio || !Termine.Quando.Al.isValid() ||
-        Evento <= Termine.Quando.Al)
+    if (Termine.Misura != MisuraVigenza::Procedimento || Inizio)
         return {};
-    return {u"Vale per i procedimenti cominciati fino al "_s + Format(Termine.Quando.Al, ModelloData)};
+    const Vigenza& Quando = Termine.Quando;
+    if (Quando.Al.isValid() && Evento > Quando.Al)
+        return {u"Vale per i procedimenti cominciati fino al "_s + Format(Quando.Al, ModelloData)};
+    if (!Quando.Al.isValid() && Quando.Dal.isValid() && Evento < Quando.Dal.addYears(AnniDiUnaCausa))
+        return {u"Vale per i procedimenti cominciati dal "_s + Format(Quando.Dal, ModelloData)};
+    return {};
 }
 
 }  // namespace
@@ -132,9 +141,12 @@ RichiestaTermine RichiestaTermineDi(const TermineRicorrente& Termine, const QDat
     Chiesto.Decorrenza = Decorrenza;
     Chiesto.Numero = Termine.Quantita;
     Chiesto.Tipo = Termine.Tipo;
-    // Not suspended where no source says so: the earlier date harms nobody, and the road tells.
-    Chiesto.Opzioni = {Termine.Sospeso.value_or(false), Termine.Libero, Termine.Sabato.value_or(false),
-                       Termine.Antecedente};
+    // Where no source says so the earlier date is taken, which harms nobody, and the road tells: no
+    // suspension, a Saturday that stands forward and moves backward.
+    Chiesto.Opzioni = {Termine.Sospeso.value_or(Termine.Antecedente), Termine.Libero,
+                       Termine.Sabato.value_or(Termine.Antecedente), Termine.Antecedente};
+    Chiesto.Materia = Termine.Materia;
+    Chiesto.MaiSospeso = Termine.Sospeso && !*Termine.Sospeso;
     Chiesto.Norma = Termine.Articolo;
     Chiesto.SospensioneIgnota = !Termine.Sospeso;
     Chiesto.SabatoIgnoto = !Termine.Sabato;
@@ -146,7 +158,8 @@ EsitoTermine ComputaRicorrente(const Norme& Insieme, const TermineRicorrente& Te
 {
     RichiestaTermine Chiesto = RichiestaTermineDi(Termine, Evento);
     ControllaVigenza(Termine, Evento, Inizio);
-    Chiesto.Materia = Materia;
+    if (!Materia.isEmpty())
+        Chiesto.Materia = Materia;
     EsitoTermine Esito = ComputaTermine(Insieme, Chiesto);
     Esito.Note = NoteVigenza(Termine, Evento, Inizio) + Esito.Note;
     return Esito;
@@ -166,7 +179,9 @@ QList<ScadenzaCatena> ComputaCatena(const Norme& Insieme, const CatenaTermini& C
         if (Anello.Inizio == InizioAnello::Aumento)
             DaContare.Quantita += Giorni.value(Anello.Da);
         const QDate Da = Anello.Inizio == InizioAnello::Scadenza ? Date.value(Anello.Da) : Evento;
-        ScadenzaCatena Nuova{Termine, ComputaRicorrente(Insieme, DaContare, Da, Materia, Inizio)};
+        ScadenzaCatena Nuova{Termine, RichiestaTermineDi(DaContare, Da),
+                             Anello.Inizio == InizioAnello::Scadenza ? Termine->Evento : Catena.Evento,
+                             ComputaRicorrente(Insieme, DaContare, Da, Materia, Inizio)};
         Giorni[Anello.Termine] = DaContare.Quantita;
         Date[Anello.Termine] = Nuova.Esito.Scadenza;
         Scadenze.append(Nuova);

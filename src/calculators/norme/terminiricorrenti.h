@@ -26,6 +26,7 @@ struct TermineRicorrente
     bool Antecedente = false;
     bool Libero = false;
     std::optional<bool> Sospeso;  ///< by the summer suspension; none: no source says so
+    QString Materia;              ///< code of the matter that spares it; empty: none
     std::optional<bool> Sabato;   ///< a Saturday moves it (civil rites, acts outside hearings); none: no
                                   ///< source says so for its rite
     MisuraVigenza Misura = MisuraVigenza::Evento;
@@ -82,8 +83,10 @@ struct RichiestaTermine
     QString Norma{};
     /// No source says whether the suspension holds: the road says so.
     bool SospensioneIgnota = false;
-    /// A Saturday stands still because no verified rule moves it: the road says so.
+    /// No verified rule says whether a Saturday moves it: the road says so, whether it does or not.
     bool SabatoIgnoto = false;
+    /// The suspension does not count by the term's own norm, not by choice.
+    bool MaiSospeso = false;
 };
 
 /// A due date with its reasons.
@@ -111,6 +114,8 @@ struct EsitoTermine
 struct ScadenzaCatena
 {
     const TermineRicorrente* Termine = nullptr;  ///< of the set that computed it, which must live on
+    RichiestaTermine Richiesta;                  ///< what was counted: with an increase, the days of both
+    QString Evento;  ///< from what: the chain's event, or the due date that comes before
     EsitoTermine Esito;
 };
 

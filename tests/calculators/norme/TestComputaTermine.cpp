@@ -42,6 +42,9 @@ private Q_SLOTS:
     void scadenze();
     void strade_data();
     void strade();
+    void sospensioniCheNonContano();
+    void normaDelGiornoLibero();
+    void anelli();
     void rifiuti_data();
     void rifiuti();
     void note();
@@ -184,6 +187,31 @@ void TestComputaTermine::strade_data()
         << u"Giorno iniziale, non contato > Giorni del termine > Sabato, non spostato > Scadenza"_s;
 }
 
+// Every summer that a term crosses is told, in the order of the count, with what says that it does not count.
+void TestComputaTermine::sospensioniCheNonContano()
+{
+    const auto Saltate = [](const EsitoTermine& Avuto) {
+        QStringList Tutte;
+        for (const PassoStrada& Passo : Avuto.Passi)
+            if (Passo.Genere == GenerePasso::SenzaSospensione)
+                Tutte << DatePasso(Passo) + u", "_s + Passo.Nota + u", "_s + NormaPasso(Passo);
+        return Tutte.join(u"; "_s);
+    };
+    QCOMPARE(Saltate(ComputaTermine(NormeConsegnate(), Chiedi({2023, 7, 10}, 2, TipoAnni, u""_s))),
+             u"01/08/2023 - 31/08/2023, per scelta, ; 01/08/2024 - 31/08/2024, per scelta, "_s);
+    QCOMPARE(Saltate(ComputaTermine(NormeConsegnate(), Chiedi({2026, 9, 20}, 40, TipoGiorni, u"r"_s))),
+             u"31/08/2026 - 01/08/2026, per scelta, "_s);
+    const auto DelCatalogo = [&](const QString& Codice, const QDate& Evento) {
+        return Saltate(
+            ComputaRicorrente(NormeConsegnate(), *TrovaTermine(NormeConsegnate(), Codice), Evento));
+    };
+    QCOMPARE(DelCatalogo(u"CPC-434-IT"_s, {2026, 7, 20}),
+             u"01/08/2026 - 31/08/2026, Lavoro e previdenza, L. 742/1969, art. 3"_s);
+    QCOMPARE(DelCatalogo(u"CPC-481"_s, {2026, 7, 20}), u"01/08/2026 - 31/08/2026, , art. 481 c.p.c."_s);
+    QCOMPARE(DelCatalogo(u"CPP-324"_s, {2026, 7, 30}),
+             u"01/08/2026 - 31/08/2026, , criterio non riscontrato"_s);
+}
+
 void TestComputaTermine::strade()
 {
     QFETCH(QDate, Da);
@@ -191,6 +219,35 @@ void TestComputaTermine::strade()
     QFETCH(int, Tipo);
     QFETCH(QString, Scelte);
     QTEST(GeneriDi(ComputaTermine(NormeConsegnate(), Chiedi(Da, Numero, Tipo, Scelte))), "Attesa");
+}
+
+void TestComputaTermine::normaDelGiornoLibero()
+{
+    const auto Norma = [](const EsitoTermine& Avuto) {
+        return std::ranges::find(Avuto.Passi, GenerePasso::GiornoLibero, &PassoStrada::Genere)->Norma;
+    };
+    QCOMPARE(Norma(ComputaTermine(NormeConsegnate(), Chiedi({2026, 3, 2}, 10, TipoGiorni, u"l"_s))),
+             u"art. 163-bis c.p.c."_s);
+    QCOMPARE(Norma(ComputaRicorrente(NormeConsegnate(), *TrovaTermine(NormeConsegnate(), u"CPA-73-D"),
+                                     {2026, 6, 15})),
+             u"art. 73 c.p.a."_s);
+}
+
+// A link tells what was counted, and from what.
+void TestComputaTermine::anelli()
+{
+    const auto Anelli = [](QStringView Codice, const QDate& Evento) {
+        QStringList Tutti;
+        for (const ScadenzaCatena& Una :
+             ComputaCatena(NormeConsegnate(), *TrovaCatena(NormeConsegnate(), Codice), Evento))
+            Tutti << u"%1 %2 %3"_s.arg(Una.Richiesta.Numero)
+                         .arg(Una.Richiesta.Decorrenza.toString(u"dd/MM"_s), Una.Evento);
+        return Tutti.join(u"; "_s);
+    };
+    QCOMPARE(Anelli(u"CPP-585-45-ASSENTE", {2025, 10, 20}),
+             u"45 20/10 scadenza del deposito o suo avviso; 60 20/10 scadenza del deposito o suo avviso"_s);
+    QCOMPARE(Anelli(u"CPC-190", {2020, 3, 2}),
+             u"60 02/03 rimessione in decisione; 20 04/05 scadenza della comparsa conclusionale"_s);
 }
 
 void TestComputaTermine::rifiuti_data()
@@ -275,6 +332,12 @@ void TestComputaTermine::catalogo_data()
     QTest::newRow("sospensione che nessuno conferma")
         << u"CPP-324"_s << QDate(2026, 7, 30) << u"10/08/2026 +"_s
         << Inizio + u"Senza sospensione feriale? > Giorni del termine > Domenica > Scadenza"_s;
+    QTest::newRow("a ritroso, sabato senza riscontro: si anticipa")
+        << u"CPA-73-R"_s << QDate(2026, 3, 28) << u"06/03/2026 +"_s
+        << Inizio + u"Giorni del termine > Giorno libero > Sabato? > Scadenza"_s;
+    QTest::newRow("a ritroso, venerdì senza riscontro")
+        << u"CPA-73-R"_s << QDate(2026, 3, 27) << u"06/03/2026"_s
+        << Inizio + u"Giorni del termine > Giorno libero > Scadenza"_s;
     QTest::newRow("lavoro, senza sospensione")
         << u"CPC-434-IT"_s << QDate(2026, 7, 20) << u"19/08/2026"_s
         << Inizio + u"Senza sospensione feriale > Giorni del termine > Scadenza"_s;
@@ -387,7 +450,25 @@ void TestComputaTermine::vigenze_data()
     QTest::newRow("vigilia della riforma")
         << u"CPC-166"_s << QDate(2023, 2, 27) << QDate()
         << u"CPC-166 vale dal 28/02/2023: il termine corre dal 27/02/2023"_s;
-    QTest::newRow("giorno della riforma") << u"CPC-166"_s << QDate(2023, 2, 28) << QDate() << QString();
+    const QString DalGiorno = u"nota: Vale per i procedimenti cominciati dal "_s;
+    QTest::newRow("giorno della riforma")
+        << u"CPC-166"_s << QDate(2023, 2, 28) << QDate() << DalGiorno + u"28/02/2023"_s;
+    QTest::newRow("riforma recente") << u"CPC-166"_s << QDate(2026, 6, 15) << QDate()
+                                     << DalGiorno + u"28/02/2023"_s;
+    QTest::newRow("riforma recente, procedimento detto")
+        << u"CPC-166"_s << QDate(2026, 6, 15) << QDate(2025, 1, 10) << QString();
+    QTest::newRow("termine lungo, causa forse più vecchia")
+        << u"CPC-327"_s << QDate(2011, 5, 10) << QDate() << DalGiorno + u"04/07/2009"_s;
+    QTest::newRow("termine lungo, causa più vecchia")
+        << u"CPC-327"_s << QDate(2011, 5, 10) << QDate(2007, 2, 1)
+        << u"CPC-327 vale dal 04/07/2009: il procedimento è cominciato il 01/02/2007"_s;
+    QTest::newRow("termine lungo, di oggi") << u"CPC-327"_s << QDate(2025, 11, 10) << QDate() << QString();
+    QTest::newRow("rito semplificato, causa più vecchia")
+        << u"CPC-281UNDEC-IT"_s << QDate(2023, 3, 5) << QDate(2023, 2, 20)
+        << u"CPC-281UNDEC-IT vale dal 28/02/2023: il procedimento è cominciato il 20/02/2023"_s;
+    QTest::newRow("inizio che non conta")
+        << u"CPC-641"_s << QDate(2026, 6, 15) << QDate(2026, 1, 10)
+        << u"CPC-641 non dipende dal giorno in cui il procedimento è cominciato"_s;
     QTest::newRow("procedimento di prima")
         << u"CPC-166"_s << QDate(2023, 6, 1) << QDate(2023, 2, 27)
         << u"CPC-166 vale dal 28/02/2023: il procedimento è cominciato il 27/02/2023"_s;

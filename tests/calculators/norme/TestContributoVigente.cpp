@@ -118,6 +118,16 @@ void TestContributoVigente::importi_data()
     Riga("amministrativo", u"amministrativo", {2013, 1, 1}, 0, u"", u"650.00");
     Riga("amministrativo in appello", u"amministrativo", {2024, 1, 2}, 0, u"i", u"975.00");
     Riga("appalti oltre il milione", u"appalti oltre", {2024, 1, 2}, 0, u"", u"6000.00");
+    Riga("previdenza, senza notifiche", u"previdenza", {2026, 1, 1}, 0, u"n", u"43.00, minimo 43.00");
+    Riga("previdenza, vigilia del minimo", u"previdenza", {2024, 12, 31}, 0, u"n", u"43.00");
+    Riga("amministrativo, né notifiche né minimo", u"amministrativo", {2026, 1, 1}, 0, u"n", u"650.00");
+    Riga("tributario, né notifiche né minimo", u"tributario", {2026, 1, 1}, 1000, u"n", u"30.00");
+    Riga("esente senza aggiunte", u"accesso ambientale", {2026, 1, 1}, 0, u"n", u"0.00");
+    Riga("ricerca dei beni, senza notifiche", u"ricerca beni", {2026, 1, 1}, 0, u"n", u"43.00");
+    Riga("portale, senza notifiche", u"vendite", {2026, 1, 1}, 0, u"n", u"100.00");
+    Riga("fallimento, con notifiche", u"fallimento", {2026, 1, 1}, 0, u"n", u"851.00 + 27.00, minimo 43.00");
+    Riga("fallimento, primo giorno degli importi noti", u"fallimento", {2010, 7, 31}, 0, u"", u"851.00");
+    Riga("valore mancante, primo giorno", u"valore mancante", {2014, 6, 25}, 0, u"", u"1686.00");
     Riga("esente", u"accesso ambientale", {2025, 6, 2}, 0, u"", u"0.00");
     Riga("tributario, primo giorno", u"tributario", {2011, 7, 7}, 2582.28, u"", u"30.00");
     Riga("tributario, un centesimo dopo", u"Tributario", {2024, 1, 2}, 2582.29, u"", u"60.00");
@@ -150,6 +160,15 @@ void TestContributoVigente::rifiuti_data()
                                   << u"Valore indeterminabile: importi noti dal 25/06/2014"_s;
     QTest::newRow("tributario, prima") << u"tributario"_s << QDate(2011, 7, 6) << u""_s << 100.0
                                        << u"Processo tributario, a valore: importi noti dal 07/07/2011"_s;
+    QTest::newRow("fallimento, prima di ogni importo")
+        << u"fallimento"_s << QDate(2010, 7, 30) << u""_s << Manca
+        << u"Procedura fallimentare: importi noti dal 31/07/2010"_s;
+    QTest::newRow("portale, 1990")
+        << u"vendite"_s << QDate(1990, 1, 1) << u""_s << Manca
+        << u"Pubblicazione sul portale delle vendite, per lotto: importi noti dal 31/07/2010"_s;
+    QTest::newRow("valore mancante, prima")
+        << u"valore mancante"_s << QDate(2014, 6, 24) << u""_s << Manca
+        << u"Dichiarazione di valore mancante: importi noti dal 25/06/2014"_s;
     QTest::newRow("cittadinanza, prima")
         << u"cittadinanza"_s << QDate(2024, 12, 31) << u""_s << Manca
         << u"Cittadinanza italiana, per ricorrente: importi noti dal 01/01/2025"_s;
@@ -202,8 +221,8 @@ void TestContributoVigente::passi()
                      "come modificato dal D.L. 90/2014, art. 53)"_s,
                      u"Cassazione (x 2): 474.00 (D.P.R. 115/2002, art. 13, comma 1-bis)"_s,
                      u"Anticipazione forfettaria per le notifiche: 27.00 (D.P.R. 115/2002, art. 30)"_s,
-                     u"Imposta fissa di registro: 200.00 (D.P.R. 115/2002, art. 13, comma 2-bis)"_s,
-                     u"Minimo per l'iscrizione a ruolo: 43.00 (D.P.R. 115/2002, art. 14, comma 3.1)"_s}));
+                     u"Imposta fissa di registro: 200.00 (D.P.R. 115/2002, art. 13, comma 2-bis)"_s}));
+    QCOMPARE(Avuto.NormaMinimo, u"D.P.R. 115/2002, art. 14, comma 3.1"_s);
     QCOMPARE(Avuto.TotaleEuro(), 701.0);
     QCOMPARE(Avuto.Note,
              (QStringList{
@@ -245,6 +264,9 @@ void TestContributoVigente::procedimenti()
             (void)ContributoVigente(NormeConsegnate(), Chiedi(Uno.Codice, {2026, 11, 21}, {}, 100.0));
         });
         QVERIFY2(Detto.isEmpty(), qPrintable(Detto));
+        RichiestaContributo ConNotifiche = Chiedi(Uno.Codice, {2026, 11, 21}, u"n"_s, 100.0);
+        QCOMPARE(ContributoVigente(NormeConsegnate(), ConNotifiche).AggiunteEuro,
+                 Uno.ConNotifiche ? 27.0 : 0.0);
         const bool Rifiutato = !Frase([&] {
                                     (void)ContributoVigente(
                                         NormeConsegnate(), Chiedi(Uno.Codice, {2026, 11, 21}, u"i"_s, 100.0));

@@ -297,6 +297,10 @@ void TestNorme::ritocchiRisigillati_data()
          u"colonna Verso: non è fra avanti, a ritroso");
     Riga("catena con un termine che non c'è", u"UPDATE Catene SET Termine='CPC-000' WHERE Termine='CPC-166'",
          u"Catene");
+    Riga("materia che non c'è", u"UPDATE Termini SET Materia='pesca' WHERE Codice='CPC-416'",
+         u"Termini: CPC-416 è di una materia che non c'è");
+    Riga("materia di un termine sospeso", u"UPDATE Termini SET Materia='lavoro' WHERE Codice='CPC-166'",
+         u"colonna Materia: non va con un termine sospeso");
     Riga("catena con il codice di un termine", u"UPDATE Catene SET Catena='CPC-166' WHERE Catena='CPC-189'",
          u"Catene: un codice è già di un termine");
     Riga("catena che comincia da dopo",
