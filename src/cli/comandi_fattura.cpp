@@ -7,6 +7,8 @@
 #include "feenote/einvoice/controlli.h"
 #include "feenote/einvoice/scrittura.h"
 #include "feenote/file/modLettura.h"
+#include "feenote/file/modPosaFile.h"
+#include "feenote/modFatturaXml.h"
 #include "feenote/modParti.h"
 #include "platform/base/errore.h"
 #include "platform/system/file.h"
@@ -47,6 +49,21 @@ QString Conto(const QList<EsitoControllo>& Esiti)
                                  QString::number(Avvisi), Avvisi == 1 ? u"avviso"_s : u"avvisi"_s);
 }
 
+/// The note keeps which file was written of it, as the window has it do; it is read anew, for nothing else of
+/// it to change. @return why it could not be kept; empty: it is
+QString Ricorda(const QString& Percorso, const QString& Nome, const QString& Progressivo)
+{
+    try {
+        Parcella Nota;
+        CaricaDati(Nota, Percorso);
+        SegnaFatturaScritta(Nota, Nome, Progressivo);
+        ScriviNota(Percorso, Nota, SolaLettura(Percorso));
+    } catch (...) {
+        return u"La parcella non ha potuto ricordare il file: %1."_s.arg(ErroreCorrente().Descrizione);
+    }
+    return {};
+}
+
 /// The note as its invoice takes it: client's block and subject as the print has them.
 Parcella LeggiNota(const QString& Percorso)
 {
@@ -69,6 +86,9 @@ Risposta ComandoFattura(const QStringList& Valori)
         Scelta.Progressivo = ProgressivoFile(Numero);
         return ComponiFatturaElettronica(Nota, Studio, Cliente, Scelta, Oggi());
     };
+    if (FatturaGiaScritta(Nota))
+        throw Errore(NumeroFatturaRifiutata, u"La fattura è già stata scritta il %1 come %2"_s.arg(
+                                                 Nota.FatturaXml.Quando, Nota.FatturaXml.File));
     // Whatever can be known before is, so that no number is taken in vain.
     const Composizione Prova = Componi(ProssimaTrasmissione());
     if (!Prova.Completa())
@@ -80,6 +100,10 @@ Risposta ComandoFattura(const QStringList& Valori)
     QStringList Avvisi = Frasi(Fatta.Avvisi);
     if (const QString Nome = NomeFileFattura(Fatta.Fattura); NomeFile(Uscita) != Nome)
         Avvisi += u"Per trasmetterlo il file va chiamato %1."_s.arg(Nome);
+    if (const QString Guasto =
+            Ricorda(PercorsoNativo(Valori[0]), NomeFileFattura(Fatta.Fattura), Fatta.Fattura.Progressivo);
+        !Guasto.isEmpty())
+        Avvisi += Guasto;
     for (const QString& Avviso : Avvisi)
         MsgBox(Avviso, vbInformation);
     return {Uscita,
@@ -93,10 +117,9 @@ Risposta ComandoFattura(const QStringList& Valori)
 
 Risposta ComandoControllaFattura(const QStringList& Valori)
 {
-    // Twice what a channel takes is read, so that a file that is too large is told as such.
+
     const QString File = PercorsoNativo(Valori[0]);
-    const QList<EsitoControllo> Esiti =
-        ControllaFattura(LeggiFile(File, 2 * MassimoByteFattura), NomeFile(File), Oggi());
+    const QList<EsitoControllo> Esiti = ControllaFattura(LeggiFile(File), NomeFile(File), Oggi());
     QStringList Righe;
     QJsonArray Descritti;
     for (const EsitoControllo& Esito : Esiti) {

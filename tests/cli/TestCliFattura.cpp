@@ -3,7 +3,9 @@
 
 #include "core/modTrasmissioni.h"
 #include "core/sessione.h"
+#include "feenote/file/modLettura.h"
 #include "feenote/file/modPosaFile.h"
+#include "feenote/modFatturaXml.h"
 #include "feenote/modInterruttori.h"
 #include "feenote/modNuovaParcella.h"
 #include "platform/database/database.h"
@@ -133,6 +135,7 @@ private Q_SLOTS:
     void unFileCheCE();
     void unaNotaCheNonEUnaFattura();
     void ilContatoreAllaFine();
+    void laParcellaRicordaIlFile();
 };
 PROVA(TestCliFattura);
 
@@ -251,7 +254,7 @@ void TestCliFattura::ilContatoreVaAvanti()
     QCOMPARE(Detto[u"totale"_s].toDouble(), 1459.12);
     QCOMPARE(Detto[u"daPagare"_s].toDouble(), 1229.12);
     const QString Secondo = Studio.Cartella + u"ITRSSMRA80A01H501U_00002.xml"_s;
-    QCOMPARE(Studio.Fattura(Nota, Secondo).Stato, 0);
+    QCOMPARE(Studio.Fattura(Studio.Nota(), Secondo).Stato, 0);
     QVERIFY(LeggiFile(Secondo).contains("<ProgressivoInvio>00002<"));
     QCOMPARE(ProssimaTrasmissione(), 3);
 }
@@ -306,6 +309,30 @@ void TestCliFattura::ilContatoreAllaFine()
     QCOMPARE(Risposta.Stato, 1);
     QVERIFY(!Risposta.Guasti.isEmpty());
     QVERIFY(!EsisteFile(File));
+}
+
+/// The window then knows of it, and the command writes no second one; another number of the invoice is
+/// another one.
+void TestCliFattura::laParcellaRicordaIlFile()
+{
+    const Ufficio Studio;
+    const QString File = Studio.Nota();
+    QCOMPARE(Studio.Fattura(File, Studio.Cartella + u"a.xml"_s).Stato, 0);
+    Parcella Letta;
+    CaricaDati(Letta, File);
+    QCOMPARE(Letta.FatturaXml.File, u"ITRSSMRA80A01H501U_00001.xml"_s);
+    QCOMPARE(Letta.FatturaXml.Progressivo, u"00001"_s);
+    QVERIFY(FatturaGiaScritta(Letta));
+    QCOMPARE(Letta.xOnorari.Righe(), 1);
+    const Esito Ancora = Studio.Fattura(File, Studio.Cartella + u"b.xml"_s);
+    QCOMPARE(Ancora.Stato, 1);
+    QVERIFY2(Ancora.Guasti.contains(u"già stata scritta il 20/01/2026 come ITRSSMRA80A01H501U_00001.xml"_s),
+             qPrintable(Ancora.Guasti));
+    QVERIFY(!EsisteFile(Studio.Cartella + u"b.xml"_s));
+    QCOMPARE(ProssimaTrasmissione(), 2);
+    Letta.txtDatiPar[DatoNumFatt] = u"8"_s;
+    ScriviNota(File, Letta);
+    QCOMPARE(Studio.Fattura(File, Studio.Cartella + u"b.xml"_s).Stato, 0);
 }
 
 #include "TestCliFattura.moc"

@@ -25,5 +25,10 @@ struct VoceCodice
 /// A regime in which an office shows neither VAT nor withholding.
 [[nodiscard]] bool RegimeSenzaIva(QStringView Regime);
 
+/// The two letters of a country, ISO 3166-1.
+[[nodiscard]] bool NazioneEsistente(QStringView Sigla);
+/// One of the European Union.
+[[nodiscard]] bool NazioneDellUnione(QStringView Sigla);
+
 /// "TD01 Fattura"; the code alone where the program knows no more of it.
 [[nodiscard]] QString ConNome(std::span<const VoceCodice> Voci, QStringView Codice);

@@ -142,6 +142,13 @@ private:
         else if (std::ranges::none_of(Fattura.Numero, [](QChar C) { return C >= u'0' && C <= u'9'; }))
             Note.Manca(CampoFattura::NotaNumero,
                        u"Il numero della fattura non ha cifre: %1"_s.arg(Fattura.Numero));
+        // The paper has the year of the day on which it is printed, and the file that of the invoice.
+        const QString Carta = Nota.DatiPar(DatoNumFatt).trimmed() + u'/' + QString::number(Oggi.year());
+        if (!Nota.DatiPar(DatoNumFatt).trimmed().isEmpty() && !Fattura.Numero.isEmpty() &&
+            Carta != Fattura.Numero)
+            Note.Avvisa(CampoFattura::NotaNumero,
+                        u"Nel file la fattura è la n. %1, sulla carta stampata oggi la n. %2."_s.arg(
+                            Fattura.Numero, Carta));
         Fattura.Data = Scelta.Data;
         const QDate Prima(1970, 1, 1);
         if (!Scelta.Data.isValid())
@@ -164,6 +171,11 @@ private:
                            u"Della fattura citata servono il numero e la data, oppure nessuno dei due."_s);
                 continue;
             }
+            if (NotaDiCredito() && Citata.Data == Scelta.Data &&
+                Citata.Numero.trimmed() == Scelta.Numero.trimmed())
+                Note.Manca(
+                    CampoFattura::NotaNumero,
+                    u"La nota di credito ha il numero e la data della fattura che storna: darle i suoi."_s);
             if (NotaDiCredito() && Citata.Data > Scelta.Data)
                 Note.Manca(CampoFattura::SceltaCollegata,
                            u"La nota di credito è anteriore alla fattura che storna."_s);
@@ -241,6 +253,20 @@ private:
                     .arg(ConNome(RegimiFiscali(), Fattura.Regime)));
     }
 
+    /// The regimes of VAT on a cash basis and the invoice's own tick.
+    void AvvisaPerCassa()
+    {
+        const bool DiCassa = Fattura.Regime == u"RF17" || Fattura.Regime == u"RF16";
+        if (PerCassa() && !DiCassa)
+            Note.Avvisa(CampoFattura::StudioRegime,
+                        u"L'IVA della fattura è per cassa, il regime dello studio è %1."_s.arg(
+                            ConNome(RegimiFiscali(), Fattura.Regime)));
+        if (DiCassa && Conti.Dati.IVA.Vale && !PerCassa() && !Scelta.ScissionePagamenti)
+            Note.Avvisa(CampoFattura::NotaIvaDifferita,
+                        u"Il regime dello studio è %1, l'IVA della fattura è immediata."_s.arg(
+                            ConNome(RegimiFiscali(), Fattura.Regime)));
+    }
+
     void ControllaScissione()
     {
         if (!Scelta.ScissionePagamenti)
@@ -269,6 +295,10 @@ private:
                        u"L'aliquota IVA è meno dell'1%: %1"_s.arg(Conti.Dati.IVA.Testo));
         ControllaRegime();
         ControllaScissione();
+        AvvisaPerCassa();
+        if (Conti.Dati.IVA.Vale && !Scelta.Natura.isEmpty())
+            Note.Avvisa(CampoFattura::SceltaNatura,
+                        u"La fattura ha l'IVA: la natura scelta (%1) non conta."_s.arg(Scelta.Natura));
         if (!std::isfinite(Conti.Totale) || std::abs(Conti.Totale) >= MassimoImporto ||
             std::abs(Conti.Imponibile) >= MassimoImporto) {
             Note.Manca(CampoFattura::NotaOnorari,
@@ -293,14 +323,34 @@ private:
 
     // ---- lines and sums
 
+    [[nodiscard]] bool Imprenditore() const
+    {
+        return Cliente.Genere != GenereCliente::Persona || !Cliente.PartitaIva.trimmed().isEmpty();
+    }
+
+    /// The rule behind a reason. Towards a business of the Union the client owes the VAT, which the invoice
+    /// says: D.P.R. 633/1972, art. 21 c. 6-bis.
+    [[nodiscard]] QString Riferimento(const QString& Natura) const
+    {
+        if (Natura == u"N2.1" && Cliente.Estero() && Imprenditore() &&
+            NazioneDellUnione(Fattura.Cessionario.Indirizzo.Nazione))
+            return u"Inversione contabile, art. 7-ter DPR 633/1972"_s;
+        return RiferimentoDi(Natura, Fattura.Regime);
+    }
+
     /// The reason why fees bear no VAT.
     QString NaturaCompensi()
     {
-        if (RegimeSenzaIva(Fattura.Regime))
-            return u"N2.2"_s;
+        const bool Agevolato = RegimeSenzaIva(Fattura.Regime);
         if (std::ranges::any_of(NatureSenzaIva(),
                                 [&](const VoceCodice& Voce) { return Voce.Codice == Scelta.Natura; }))
             return Scelta.Natura;
+        if (Scelta.Natura.isEmpty() && Agevolato) {
+            if (Cliente.Estero() && Imprenditore())
+                Note.Avvisa(CampoFattura::SceltaNatura,
+                            u"Verso un'impresa estera di regola la natura è N2.1: nel file è N2.2."_s);
+            return u"N2.2"_s;
+        }
         if (Scelta.Natura.isEmpty() && Cliente.Estero())
             return u"N2.1"_s;
         Note.Manca(Scelta.Natura.isEmpty() ? CampoFattura::NotaIva : CampoFattura::SceltaNatura,
@@ -318,11 +368,20 @@ private:
         Fisco.NaturaBollo = RegimeSenzaIva(Fattura.Regime) ? u"N2.2"_s : NaturaEsenti.toString();
         if (!Dati.IVA.Vale && Fisco.Natura.isEmpty())
             Fisco.Natura = Fisco.NaturaBollo;  // nothing taxable remains: lines that cancel each other
-        const bool Addebito = Scelta.BolloAddebitato && HaAddebitoBollo(Nota);
+        const AddebitoBollo Trovato = TrovaAddebitoBollo(Nota);
+        Addebito = Scelta.BolloAddebitato && Trovato;
         if (Scelta.BolloAddebitato && !Addebito)
             Note.Manca(CampoFattura::NotaSpese,
                        u"Per addebitare il bollo mettere fra le spese una riga «Imposta di "
                        "bollo» con 2,00 euro esenti."_s);
+        if (Addebito && !Trovato.Descrizione().contains(u"imposta di bollo"_s, Qt::CaseInsensitive))
+            Note.Avvisa(CampoFattura::SceltaBollo,
+                        u"Per il bollo della fattura vale la spesa «%1»."_s.arg(Trovato.Descrizione()));
+        if (!Scelta.BolloAddebitato && Trovato && RegimeSenzaIva(Fattura.Regime))
+            Note.Avvisa(
+                CampoFattura::SceltaBollo,
+                u"La spesa «%1» è scritta come anticipazione (N1): se è il bollo della fattura, indicare "
+                "che è addebitato."_s.arg(Trovato.Descrizione()));
         Fattura.Linee = LineeFattura(Nota, Conti, Fisco, Addebito);
         PulisciLinee();
         const bool Tassate = std::ranges::any_of(Fattura.Linee, &LineaFattura::Ritenuta);
@@ -364,8 +423,7 @@ private:
             });
             if (Suo != Fattura.Riepiloghi.end())
                 return *Suo;
-            Fattura.Riepiloghi.append(
-                {Aliquota, Natura, 0.0, 0.0, {}, RiferimentoDi(Natura, Fattura.Regime)});
+            Fattura.Riepiloghi.append({Aliquota, Natura, 0.0, 0.0, {}, Riferimento(Natura)});
             return Fattura.Riepiloghi.last();
         };
         for (const LineaFattura& Linea : Fattura.Linee) {
@@ -428,7 +486,7 @@ private:
         if (Fattura.Cassa && Fattura.Cassa->AliquotaIva == 0)
             Somma += Fattura.Cassa->Contributo;
         // The duty itself is none of the sums that it is due on.
-        return Scelta.BolloAddebitato && HaAddebitoBollo(Nota) ? Somma - ImportoDelBollo : Somma;
+        return Addebito ? Somma - ImportoDelBollo : Somma;
     }
 
     void ComponiBollo()
@@ -492,6 +550,7 @@ private:
     QDate Oggi;
     Catena Conti;
     TrattamentoFiscale Fisco;
+    bool Addebito = false;  ///< one of the note's expenses is the stamp duty
     FatturaElettronica Fattura;
     Raccolta Note;
 };

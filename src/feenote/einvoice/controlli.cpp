@@ -75,7 +75,7 @@ bool Accettabile(const QList<EsitoControllo>& Esiti)
 
 QString TestoEsito(const EsitoControllo& Esito)
 {
-    const QString Dove = Esito.Linea > 0 ? u"linea %1: "_s.arg(Esito.Linea) : QString();
+    const QString Dove = Esito.Linea > 0 ? u", linea %1"_s.arg(Esito.Linea) : QString();
     const QString Codice = Esito.Codice.isEmpty() ? QString() : u" ("_s + Esito.Codice + u')';
-    return (Esito.Gravita == Rifiuto ? u"Rifiuto, "_s : u"Avviso, "_s) + Dove + Esito.Frase + Codice;
+    return (Esito.Gravita == Rifiuto ? u"Rifiuto"_s : u"Avviso"_s) + Dove + u": "_s + Esito.Frase + Codice;
 }

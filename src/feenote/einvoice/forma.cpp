@@ -40,10 +40,10 @@ public:
         }
         Tipi[0] = TipoRadice;
         // An element stands behind the one that it is in, which has given it its kind.
-        for (int Nodo = 0; Nodo < Albero.Quanti() && !Pieno(); ++Nodo)
+        for (int Nodo = 0; Nodo < Albero.Quanti() && !Troppi; ++Nodo)
             if (!Tipi[size_t(Nodo)].isEmpty() && Tipi[size_t(Nodo)] != TipoFirma)
                 EsaminaNodo(Nodo, Tipi[size_t(Nodo)]);
-        if (Pieno())
+        if (Troppi)
             Esiti.append({u"00201"_s,
                           GravitaControllo::Rifiuto,
                           u"Gli errori di formato sono più di %1: gli altri non si guardano."_s.arg(
@@ -54,11 +54,10 @@ public:
     }
 
 private:
-    [[nodiscard]] bool Pieno() const { return Esiti.size() >= MassimoErroriForma; }
-
     void Segnala(int Nodo, const QString& Frase)
     {
-        if (!Pieno())
+        Troppi = Esiti.size() >= MassimoErroriForma;
+        if (!Troppi)
             Esiti.append(
                 {u"00200"_s, GravitaControllo::Rifiuto, Frase, Albero.PercorsoDi(Nodo), Albero[Nodo].Linea});
     }
@@ -172,6 +171,7 @@ private:
     const AlberoXml& Albero;
     std::vector<QStringView> Tipi;  ///< of each element; empty: unknown, or within one that is
     QList<EsitoControllo> Esiti;
+    bool Troppi = false;
 };
 
 }  // namespace

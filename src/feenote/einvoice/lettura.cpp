@@ -6,6 +6,24 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// More attributes than a file has in one element. The parser compares each with all before it, and would be
+/// at work for minutes. An equals sign and a quote are counted from one "<" to the next, which no value
+/// holds; noughts are halves of wider characters.
+bool TroppiAttributi(const QByteArray& Byte)
+{
+    int Quanti = 0;
+    bool Uguale = false;
+    for (const char Segno : Byte) {
+        if (Segno == '<')
+            Quanti = 0;
+        if ((Segno == '"' || Segno == '\'') && Uguale && ++Quanti > limiti_fattura::Attributi)
+            return true;
+        const bool Vuoto = Segno == ' ' || Segno == '\t' || Segno == '\n' || Segno == '\r' || Segno == '\0';
+        Uguale = Segno == '=' || (Uguale && Vuoto);
+    }
+    return false;
+}
+
 /// Builds the tree while the reader goes through the file; nothing calls itself.
 class Costruttore
 {
@@ -134,5 +152,7 @@ QString AlberoXml::PercorsoDi(int Nodo) const
 
 LetturaXml LeggiXml(const QByteArray& Byte)
 {
+    if (TroppiAttributi(Byte))
+        return {{}, u"Il file ha un elemento con troppi attributi per una fattura."_s, 0};
     return Costruttore(Byte).Leggi();
 }

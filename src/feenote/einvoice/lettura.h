@@ -58,5 +58,7 @@ namespace limiti_fattura {
 
 inline constexpr int Profondita = 24;
 inline constexpr int Elementi = 300'000;
+/// Of one element; the names that the whole file declares among them.
+inline constexpr int Attributi = 64;
 
 }  // namespace limiti_fattura

@@ -1,6 +1,7 @@
 #include "feenote/einvoice/parti.h"
 
 #include "core/modControlli.h"
+#include "feenote/einvoice/codici.h"
 #include "feenote/einvoice/schematipi.h"
 
 #include <algorithm>
@@ -107,7 +108,11 @@ public:
         Sede Pulita;
         if (!Scritta.Nazione.trimmed().isEmpty())
             Pulita.Nazione = Compatto(Scritta.Nazione);
-        if (!ValoreValido(u"NazioneType", Pulita.Nazione))
+        const bool ConLettere =
+            std::ranges::any_of(Pulita.Nazione, [](QChar C) { return C >= u'A' && C <= u'Z'; });
+        if (!ConLettere)
+            Manca(Chi.Nazione, u"la nazione"_s);
+        else if (!NazioneEsistente(Pulita.Nazione))
             NonValido(Chi.Nazione, u"la sigla della nazione"_s, Pulita.Nazione);
         const bool Estera = Pulita.Nazione != Italia;
         Pulita.Indirizzo = Testo(Scritta.Indirizzo, Chi.Indirizzo, u"l'indirizzo", MassimoIndirizzo);
@@ -182,6 +187,15 @@ IdFiscale CodiceEstero(const Cessionario& Scritto, const QString& Paese, const P
     return {Paese, Codice};
 }
 
+/// Who lives abroad with an Italian tax code is known by it, and finds the invoice in his own area.
+bool ResidenteAllEstero(const Cessionario& Scritto)
+{
+    constexpr qsizetype CaratteriPersona = 16;
+    return Scritto.Estero() && Scritto.PartitaIva.trimmed().isEmpty() &&
+           Compatto(Scritto.CodiceFiscale).size() == CaratteriPersona &&
+           CodiceFiscaleTorna(Compatto(Scritto.CodiceFiscale));
+}
+
 bool Sconosciuto(const Cessionario& Scritto)
 {
     for (const QString& Testo :
@@ -221,7 +235,8 @@ void ComponiDestinatario(FatturaElettronica& Fattura, const QString& Codice, con
     if (!Scritto.Estero() && Codice == DestinatarioEstero)
         Note.Manca(CampoFattura::ClienteDestinatario,
                    u"Il codice destinatario %1 è per i clienti esteri: il cliente è italiano."_s.arg(Codice));
-    const QStringView Proprio = Scritto.Estero() ? DestinatarioEstero : DestinatarioIgnoto;
+    const QStringView Proprio =
+        Scritto.Estero() && !ResidenteAllEstero(Scritto) ? DestinatarioEstero : DestinatarioIgnoto;
     Fattura.CodiceDestinatario = Codice.isEmpty() ? Proprio.toString() : Codice;
     if (Fattura.CodiceDestinatario != DestinatarioIgnoto)
         return;
@@ -290,7 +305,9 @@ void ComponiCessionario(FatturaElettronica& Fattura, const Cessionario& Scritto,
     ParteFattura& Parti = Fattura.Cessionario;
     Chi.Nomi(Parti, Scritto.Denominazione, Scritto.Nome, Scritto.Cognome);
     Parti.Indirizzo = Chi.Indirizzo(Scritto.Indirizzo);
-    if (Scritto.Estero()) {
+    if (ResidenteAllEstero(Scritto)) {
+        Parti.CodiceFiscale = Chi.CodiceFiscale(Scritto.CodiceFiscale);
+    } else if (Scritto.Estero()) {
         Parti.IdFiscaleIva = CodiceEstero(Scritto, Parti.Indirizzo.Nazione, Chi, Note);
     } else {
         Parti.IdFiscaleIva = Chi.PartitaIva(Scritto.PartitaIva);

@@ -74,17 +74,14 @@ void RigheSpese(Elenco& Tutte, const TabellaRighe& Righe)
                          NumeroDi(Righe(Riga, DirImponibile)));
 }
 
-/// @param Bollo the duty is still to come: false once its line was written
-void RigheEsenti(Elenco& Tutte, const TabellaRighe& Righe, bool& Bollo)
+void RigheEsenti(Elenco& Tutte, const TabellaRighe& Righe, const AddebitoBollo& Bollo)
 {
     for (int Riga = 0; Riga < Righe.Righe(); ++Riga) {
         const QString Testo = Descrizione(Righe(Riga, DirDescr), Righe(Riga, DirQta), u"Spese esenti"_s);
-        if (Bollo && EAddebitoBollo(Righe, Riga)) {
+        if (Bollo.Spese == &Righe && Bollo.Riga == Riga)
             Tutte.Bollo(Testo);
-            Bollo = false;
-        } else {
+        else
             Tutte.Esente(Testo, NumeroDi(Righe(Riga, DirEsente)));
-        }
     }
 }
 
@@ -101,7 +98,7 @@ void RigheAnalitica(Elenco& Tutte, const Parcella& Nota, const Catena& Conti, bo
     for (const TabellaRighe* Righe : InOrdine(Nota, Nota.xDiritti, Nota.Multi.xDiritti))
         RigheSpese(Tutte, *Righe);
     for (const TabellaRighe* Righe : InOrdine(Nota, Nota.xDiritti, Nota.Multi.xDiritti))
-        RigheEsenti(Tutte, *Righe, ConBollo);
+        RigheEsenti(Tutte, *Righe, ConBollo ? TrovaAddebitoBollo(Nota) : AddebitoBollo());
 }
 
 // ---- the short one: a line for each sum
@@ -138,19 +135,20 @@ bool ContanoGliAcconti(const Parcella& Nota, int Tipo)
 
 }  // namespace
 
-bool EAddebitoBollo(const TabellaRighe& Spese, int Riga)
+QString AddebitoBollo::Descrizione() const
 {
-    return Arrotonda2(NumeroDi(Spese(Riga, DirEsente))) == ImportoBollo &&
-           CStr(Spese(Riga, DirDescr)).contains(u"bollo"_s, Qt::CaseInsensitive);
+    return Spese ? CStr((*Spese)(Riga, DirDescr)).trimmed() : QString();
 }
 
-bool HaAddebitoBollo(const Parcella& Nota)
+AddebitoBollo TrovaAddebitoBollo(const Parcella& Nota)
 {
-    for (const TabellaRighe* Righe : InOrdine(Nota, Nota.xDiritti, Nota.Multi.xDiritti))
-        for (int Riga = 0; Riga < Righe->Righe(); ++Riga)
-            if (EAddebitoBollo(*Righe, Riga))
-                return true;
-    return false;
+    for (const QString& Parole : {u"imposta di bollo"_s, u"bollo"_s})
+        for (const TabellaRighe* Righe : InOrdine(Nota, Nota.xDiritti, Nota.Multi.xDiritti))
+            for (int Riga = 0; Riga < Righe->Righe(); ++Riga)
+                if (Arrotonda2(NumeroDi((*Righe)(Riga, DirEsente))) == ImportoBollo &&
+                    CStr((*Righe)(Riga, DirDescr)).contains(Parole, Qt::CaseInsensitive))
+                    return {Righe, Riga};
+    return {};
 }
 
 QList<LineaFattura> LineeFattura(const Parcella& Nota, const Catena& Conti, const TrattamentoFiscale& Fisco,

@@ -17,16 +17,22 @@ struct TrattamentoFiscale
 /// What stands for expenses laid out in the client's name, D.P.R. 633/1972 art. 15.
 inline constexpr QStringView NaturaEsenti = u"N1";
 
-/// An expense of the note that may be the stamp duty charged to the client: two euro exempt, "bollo" in its
-/// description.
-[[nodiscard]] bool EAddebitoBollo(const TabellaRighe& Spese, int Riga);
-/// True when the note, or the one associated with it, has such an expense.
-[[nodiscard]] bool HaAddebitoBollo(const Parcella& Nota);
+/// The expense of the note, or of the one associated with it, that is the stamp duty charged to the client:
+/// two euro exempt, "bollo" in its description; "imposta di bollo" wins over what may be stamps of an act.
+struct AddebitoBollo
+{
+    const TabellaRighe* Spese = nullptr;  ///< null: there is none
+    int Riga = 0;
+
+    [[nodiscard]] explicit operator bool() const { return Spese; }
+    [[nodiscard]] QString Descrizione() const;
+};
+[[nodiscard]] AddebitoBollo TrovaAddebitoBollo(const Parcella& Nota);
 
 /// The lines in the order of the document, amounts of 0 left out. Each payment on account is one negative
 /// line for each base that it reduces. Their sum is the chain's base with the exempt amounts.
 ///
 /// @param Conti the chain of the note for the print type whose rows become lines
-/// @param ConBollo the first expense of EAddebitoBollo is the duty
+/// @param ConBollo the expense of TrovaAddebitoBollo is the duty
 [[nodiscard]] QList<LineaFattura> LineeFattura(const Parcella& Nota, const Catena& Conti,
                                                const TrattamentoFiscale& Fisco, bool ConBollo);

@@ -370,6 +370,38 @@ QList<Caso> Casi()
               Nulla,
               {{u"CessionarioCommittente/DatiAnagrafici/IdFiscaleIVA/IdCodice"_s, {u"0000000"_s}},
                {u"DatiRiepilogo/AliquotaIVA"_s, {u"22.00"_s}}}};
+    Tutti += {"italiano residente all'estero",
+              Con(Ordinaria(), [](Cifre& C) { C.RA = 0; }),
+              Avvocato(),
+              [] {
+                  Cessionario Cliente = Persona();
+                  Cliente.Indirizzo = {u"Bahnhofstrasse"_s, u"3"_s, u"8001"_s, u"Zürich"_s, {}, u"CH"_s};
+                  return Cliente;
+              }(),
+              Nulla,
+              {{u"CodiceDestinatario"_s, {u"0000000"_s}},
+               {u"PECDestinatario"_s, {u"laura.bianchi@pec.example.com"_s}},
+               {u"CessionarioCommittente/DatiAnagrafici/IdFiscaleIVA"_s, {}},
+               {u"CessionarioCommittente/DatiAnagrafici/CodiceFiscale"_s, {u"BNCLRA75C41F205N"_s}},
+               {u"CessionarioCommittente/Sede/Nazione"_s, {u"CH"_s}}}};
+    Tutti += {"impresa fuori dall'Unione",
+              Con(Ordinaria(), [](Cifre& C) { C.IVA = C.RA = 0; }),
+              Avvocato(),
+              [] {
+                  Cessionario Cliente = Estera();
+                  Cliente.PartitaIva = u"CHE123456789"_s;
+                  Cliente.Indirizzo.Nazione = u"CH"_s;
+                  return Cliente;
+              }(),
+              Nulla,
+              {{u"CessionarioCommittente/DatiAnagrafici/IdFiscaleIVA/IdCodice"_s, {u"E123456789"_s}},
+               {u"RiferimentoNormativo"_s, {u"Artt. da 7 a 7-septies DPR 633/1972"_s}}}};
+    Tutti += {"forfettaria verso l'estero, natura scelta",
+              Forfettaria(),
+              Avvocato(u"RF19"_s),
+              Estera(),
+              [](SceltaFattura& S) { S.Natura = u"N2.1"_s; },
+              {{u"DatiRiepilogo/Natura"_s, {u"N2.1"_s}}, {u"DatiCassaPrevidenziale/Natura"_s, {u"N2.1"_s}}}};
     Tutti += {"natura scelta",
               Con(Ordinaria(), [](Cifre& C) { C.IVA = C.RA = 0; }),
               Avvocato(),
@@ -464,14 +496,6 @@ private Q_SLOTS:
     void ogniFattura();
     void laCartaDiceLoStesso_data() { ogniFattura_data(); }
     void laCartaDiceLoStesso();
-    void ilBolloAddebitato();
-    void ilBolloAddebitatoSenzaRiga();
-    void laNotaAssociata_data();
-    void laNotaAssociata();
-    void laQuantitaStaNellaDescrizione();
-    void ilNumeroDellaNota_data();
-    void ilNumeroDellaNota();
-    void lireInEuro();
 };
 PROVA(TestComposizione);
 
@@ -520,119 +544,6 @@ void TestComposizione::laCartaDiceLoStesso()
         Stampato(Carta, Sintetica ? u"Totale dovuto al netto"_s : u"Importo dovuto al netto"_s);
     if (Uno.Paga)
         QCOMPARE(Centesimi(Testo(Byte, u"ImportoPagamento"_s)), Netto);
-}
-
-void TestComposizione::ilBolloAddebitato()
-{
-    Cifre Base = Forfettaria();
-    Base.Spese = {{0, 200}, {0, 200}, {0, 1000}};
-    for (const int Tipo : {StampaFatturaAnalitica, StampaFatturaSintetica}) {
-        Base.Tipo = Tipo;
-        Parcella DaNota = Nota(Base);
-        DaNota.xDiritti(1, DirDescr) = u"Imposta di Bollo"_s;
-        SceltaFattura Sua = Scelta(DaNota);
-        Sua.BolloAddebitato = true;
-        const Composizione Fatta =
-            ComponiFatturaElettronica(DaNota, Avvocato(u"RF19"_s), Societa(), Sua, Giorno);
-        const QString File = NuovaCartella() + u"a.xml"_s;
-        ScriviEControlla(Fatta, File);
-        const QByteArray Byte = Contenuto(File);
-        // 1196,00 of fees with the fund and the duty bear N2.2; what was laid out stays N1
-        QCOMPARE(Testi(Byte, u"DatiRiepilogo/Natura"_s).join(u' '),
-                 Tipo == StampaFatturaAnalitica ? u"N2.2 N1"_s : u"N2.2 N1"_s);
-        QCOMPARE(Testi(Byte, u"ImponibileImporto"_s), (QStringList{u"1198.00"_s, u"12.00"_s}));
-        QCOMPARE(Testi(Byte, u"ImportoBollo"_s), QStringList{u"2.00"_s});
-        QCOMPARE(Testo(Byte, u"ImportoTotaleDocumento"_s), u"1210.00"_s);
-    }
-}
-
-void TestComposizione::ilBolloAddebitatoSenzaRiga()
-{
-    const Composizione Fatta = Componi(Forfettaria(), Avvocato(u"RF19"_s), Societa(),
-                                       [](SceltaFattura& S) { S.BolloAddebitato = true; });
-    QCOMPARE(Fatta.Mancanze.size(), 1);
-    QCOMPARE(Fatta.Mancanze[0].Dove, CampoFattura::NotaSpese);
-    QVERIFY(Fatta.Mancanze[0].Messaggio.contains(u"2,00 euro esenti"));
-    // The two euro themselves are none of the sums that the duty is due on.
-    Cifre Poche{.Onorari = {7700}, .Spese = {{0, 200}}, .Agevolato = true};
-    Parcella DaNota = Nota(Poche);
-    DaNota.xDiritti(0, DirDescr) = u"bollo"_s;
-    SceltaFattura Sua = Scelta(DaNota);
-    Sua.BolloAddebitato = true;
-    const Composizione Sotto = ComponiFatturaElettronica(DaNota, Avvocato(u"RF19"_s), Societa(), Sua, Giorno);
-    QCOMPARE(Sotto.Fattura.Bollo, 0.0);
-    QVERIFY(Frasi(Sotto.Avvisi).join(u' ').contains(u"non è dovuto"));
-}
-
-void TestComposizione::laNotaAssociata_data()
-{
-    QTest::addColumn<int>("Prima");
-    QTest::addColumn<QStringList>("Righe");
-    QTest::newRow("accodata") << 0 << QStringList{u"propria"_s, u"altra"_s, u"Spese generali 15%"_s};
-    QTest::newRow("anteposta") << 1 << QStringList{u"altra"_s, u"propria"_s, u"Spese generali 15%"_s};
-}
-
-void TestComposizione::laNotaAssociata()
-{
-    QFETCH(int, Prima);
-    QFETCH(QStringList, Righe);
-    Parcella DaNota = Nota(Ordinaria());
-    DaNota.xOnorari(0, OnoDescr) = u"propria"_s;
-    DaNota.txtParcMultipla = u"seconda"_s;
-    DaNota.optMultiAntPos = Prima;
-    const int Riga = DaNota.Multi.xOnorari.AggiungiRiga();
-    DaNota.Multi.xOnorari(Riga, OnoDescr) = u"altra"_s;
-    DaNota.Multi.xOnorari(Riga, OnoImporto) = 500.0;
-    DaNota.Multi.TotOnorari = 500.0;
-    const Composizione Fatta =
-        ComponiFatturaElettronica(DaNota, Avvocato(), Societa(), Scelta(DaNota), Giorno);
-    const QString File = NuovaCartella() + u"a.xml"_s;
-    ScriviEControlla(Fatta, File);
-    QCOMPARE(Testi(Contenuto(File), u"DettaglioLinee/Descrizione"_s), Righe);
-    // 1500 + 225 = 1725
-    QCOMPARE(Testo(Contenuto(File), u"ImponibileCassa"_s), u"1725.00"_s);
-}
-
-void TestComposizione::laQuantitaStaNellaDescrizione()
-{
-    Parcella DaNota = Nota(Ordinaria());
-    DaNota.xOnorari(0, OnoQta) = u"3"_s;
-    const Composizione Fatta =
-        ComponiFatturaElettronica(DaNota, Avvocato(), Societa(), Scelta(DaNota), Giorno);
-    QCOMPARE(Fatta.Fattura.Linee[0].Descrizione, u"Fase 1 (n. 3)"_s);
-}
-
-void TestComposizione::ilNumeroDellaNota_data()
-{
-    QTest::addColumn<QString>("Numero");
-    QTest::addColumn<QString>("Data");
-    QTest::addColumn<QString>("Atteso");
-    QTest::newRow("l'anno della data") << u" 12 "_s << u"31/12/2025"_s << u"12/2025"_s;
-    QTest::newRow("l'anno c'è già") << u"12/2025"_s << u"31/12/2025"_s << u"12/2025"_s;
-    QTest::newRow("senza data") << u"12"_s << QString() << u"12"_s;
-    QTest::newRow("senza numero") << QString() << u"31/12/2025"_s << QString();
-}
-
-void TestComposizione::ilNumeroDellaNota()
-{
-    QFETCH(QString, Numero);
-    QFETCH(QString, Data);
-    Parcella DaNota = Nota(Ordinaria());
-    DaNota.txtDatiPar[DatoNumFatt] = Numero;
-    DaNota.txtDatiPar[DatoDataFatt] = Data;
-    QTEST(SceltaDaNota(DaNota).Numero, "Atteso");
-}
-
-void TestComposizione::lireInEuro()
-{
-    Parcella DaNota = Nota(Con(Ordinaria(), [](Cifre& C) { C.Acconti = {{193627000, 0, 0}}; }));
-    DaNota.xAcconti(0, AccValuta) = u"L"_s;
-    DaNota.xAcconti(0, AccCorrispettivi) = 1000000.0;  // 516,4569 euro
-    const Composizione Fatta =
-        ComponiFatturaElettronica(DaNota, Avvocato(), Societa(), Scelta(DaNota), Giorno);
-    const QString File = NuovaCartella() + u"a.xml"_s;
-    ScriviEControlla(Fatta, File);
-    QCOMPARE(Testi(Contenuto(File), u"PrezzoTotale"_s).last(), u"-516.46"_s);
 }
 
 #include "TestComposizione.moc"

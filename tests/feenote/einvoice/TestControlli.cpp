@@ -33,6 +33,21 @@ struct Rottura
     bool Rifiuta;
 };
 
+/// An element with so many attributes.
+QByteArray Attributi(int Quanti)
+{
+    QByteArray Byte = "<a";
+    for (int i = 0; i < Quanti; ++i)
+        Byte += " a" + QByteArray::number(i) + (i % 2 == 0 ? "=\">\"" : " = '>'");
+    return Byte + "/>";
+}
+
+QByteArray DueByte(const QByteArray& Byte)
+{
+    const QString Testo = QChar(0xFEFF) + QString::fromLatin1(Byte);
+    return QByteArray(reinterpret_cast<const char*>(Testo.utf16()), Testo.size() * 2);
+}
+
 const QList<Rottura>& Rotture()
 {
     static const QByteArray LineaN1 = "<AliquotaIVA>0.00</AliquotaIVA><Natura>N1</Natura></DettaglioLinee>";
@@ -357,6 +372,11 @@ void TestControlli::fileCheNonSono_data()
     QTest::newRow("risate")
         << "<!DOCTYPE a [<!ENTITY b \"bbbbbbbbbb\"><!ENTITY c \"&b;&b;&b;&b;&b;&b;&b;&b;\"><!ENTITY d \"&c;&c;&c;&c;&c;&c;\">]><a>&d;</a>"_ba
         << u"00200"_s << u"tipo di documento"_s;
+    QTest::newRow("un attributo di troppo") << Attributi(65) << u"00200"_s << u"troppi attributi"_s;
+    QTest::newRow("moltissimi attributi") << Attributi(100'000) << u"00200"_s << u"troppi attributi"_s;
+    QTest::newRow("moltissimi, a due byte")
+        << DueByte(Attributi(100'000)) << u"00200"_s << u"troppi attributi"_s;
+    QTest::newRow("quanti ne stanno") << Attributi(64) << u"00200"_s << u"non è una fattura"_s;
     QTest::newRow("profondo") << QByteArray("<a>").repeated(1'000'000) << u"00200"_s << u"troppo annidati"_s;
     QTest::newRow("numeroso") << "<a>" + QByteArray("<b/>").repeated(400'000) + "</a>" << u"00200"_s
                               << u"troppi elementi"_s;
@@ -382,6 +402,11 @@ void TestControlli::moltiErrori()
     QCOMPARE(Esiti.size(), 51);
     QCOMPARE(Esiti.last().Codice, u"00201"_s);
     QCOMPARE(Codici(Esiti), (QStringList{u"00200"_s, u"00201"_s}));
+    // As many as are shown are not more than those.
+    QByteArray Cinquanta = Esempio(u"ordinario.xml"_s);
+    Cinquanta.replace("<PrezzoTotale>125.00", QByteArray("<Niente/>").repeated(50) + "<PrezzoTotale>125.00");
+    QCOMPARE(ControllaFattura(Cinquanta, {}, Giorno).size(), 50);
+    QCOMPARE(Codici(ControllaFattura(Cinquanta, {}, Giorno)), QStringList{u"00200"_s});
 }
 
 void TestControlli::ilPostoDellErrore()
@@ -393,7 +418,9 @@ void TestControlli::ilPostoDellErrore()
     QCOMPARE(Esiti[0].Elemento, u"FatturaElettronicaBody/DatiBeniServizi/DettaglioLinee[2]/PrezzoTotale"_s);
     QCOMPARE(Esiti[0].Linea, qint64(Byte.first(Byte.indexOf("150,00")).count('\n') + 1));
     QVERIFY(Esiti[0].Frase.contains(u"«150,00»"));
-    QCOMPARE(TestoEsito(Esiti[0]).left(16), u"Rifiuto, linea "_s + QString::number(Esiti[0].Linea).left(1));
+    QCOMPARE(TestoEsito(Esiti[0]),
+             u"Rifiuto, linea %1: %2 (00200)"_s.arg(QString::number(Esiti[0].Linea), Esiti[0].Frase));
+    QCOMPARE(TestoEsito(ControllaFattura({}, {}, Giorno)[0]), u"Rifiuto: Il file è vuoto. (00106)"_s);
 }
 
 #include "TestControlli.moc"

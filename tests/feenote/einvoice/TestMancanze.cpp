@@ -107,6 +107,24 @@ QList<Guasto> Guasti()
          u"Manca il comune del cliente"_s},
         {"nazione per intero", [](Pezzi& P) { P.Cliente.Indirizzo.Nazione = u"Germania"_s; }, ClienteNazione,
          u"la sigla della nazione"_s},
+        {"nazione che nessuno ha",
+         [](Pezzi& P) {
+             P.Cliente = Estera();
+             P.Cliente.Indirizzo.Nazione = u"XX"_s;
+         },
+         ClienteNazione, u"Non è valida la sigla della nazione del cliente: XX"_s},
+        {"nazione che si scrive altrimenti",
+         [](Pezzi& P) {
+             P.Cliente = Estera();
+             P.Cliente.Indirizzo.Nazione = u"UK"_s;
+         },
+         ClienteNazione, u"UK"_s},
+        {"estero e nessuno dice dove",
+         [](Pezzi& P) {
+             P.Cliente = Estera();
+             P.Cliente.Indirizzo.Nazione = u"??"_s;
+         },
+         ClienteNazione, u"Manca la nazione del cliente"_s},
         {"codice destinatario corto", [](Pezzi& P) { P.Cliente.CodiceDestinatario = u"ABC123"_s; },
          ClienteDestinatario, u"sette lettere e cifre: ABC123"_s},
         {"codice degli esteri per un italiano", [](Pezzi& P) { P.Cliente.CodiceDestinatario = u"XXXXXXX"_s; },
@@ -196,6 +214,12 @@ QList<Guasto> Guasti()
              P.Sua.Collegate = {{u"3"_s, QDate(2026, 1, 16), {}, {}}};
          },
          SceltaCollegata, u"anteriore"_s},
+        {"nota di credito con il numero della fattura",
+         [](Pezzi& P) {
+             P.Sua.Tipo = u"TD04"_s;
+             P.Sua.Collegate = {{u"7/2026"_s, P.Sua.Data, {}, {}}};
+         },
+         NotaNumero, u"darle i suoi"_s},
         {"fattura citata senza data",
          [](Pezzi& P) {
              P.Sua.Collegate = {{u"3"_s, {}, {}, {}}};
@@ -373,9 +397,9 @@ void TestMancanze::iCaratteriSiScrivonoAltrimenti()
              u"Società \"Lódz\" & <Figli>"_s);
     QCOMPARE(Testi(Byte, u"DettaglioLinee/Descrizione"_s)[0], u"Attività d'udienza - EUR 10"_s);
     QCOMPARE(Testo(Byte, u"DatiGeneraliDocumento/Numero"_s), u"7-bis/2026"_s);
-    QCOMPARE(Frasi(Fatta.Avvisi).size(), 1);
+    QCOMPARE(Frasi(Fatta.Avvisi).size(), 2);  // the paper has the number as it was typed
     for (const QChar Carattere : u"“Łź”’–€"_s)
-        QVERIFY(Frasi(Fatta.Avvisi)[0].contains(Carattere));
+        QVERIFY(Frasi(Fatta.Avvisi)[1].contains(Carattere));
 }
 
 void TestMancanze::iTestiPuliti_data()
@@ -440,6 +464,12 @@ void TestMancanze::gliAvvisi_data()
     QTest::newRow("e-mail dello studio storta") << 4 << u"e-mail dello studio non è valido"_s;
     QTest::newRow("scadenza prima della fattura") << 5 << u"scadenza del pagamento"_s;
     QTest::newRow("scissione") << 6 << u"paga 1196,00 euro"_s;
+    QTest::newRow("IVA e natura scelta") << 7 << u"la natura scelta (N4) non conta"_s;
+    QTest::newRow("un altro numero sulla carta")
+        << 8 << u"n. 7/2025, sulla carta stampata oggi la n. 7/2026"_s;
+    QTest::newRow("per cassa in regime ordinario") << 9 << u"è per cassa, il regime dello studio è RF01"_s;
+    QTest::newRow("immediata in regime per cassa") << 10 << u"RF17"_s;
+    QTest::newRow("forfettario verso un'impresa estera") << 11 << u"di regola la natura è N2.1"_s;
 }
 
 void TestMancanze::gliAvvisi()
@@ -456,6 +486,15 @@ void TestMancanze::gliAvvisi()
         [](Pezzi& P) {
             P.DaNota.chkRA.Attiva = false;
             P.Sua.ScissionePagamenti = true;
+        },
+        [](Pezzi& P) { P.Sua.Natura = u"N4"_s; },
+        [](Pezzi& P) { P.Sua.Numero = u"7/2025"_s; },
+        [](Pezzi& P) { P.DaNota.chkIvaDiff.Attiva = true; },
+        [](Pezzi& P) { P.Studio.Regime = u"RF17"_s; },
+        [](Pezzi& P) {
+            P.Studio.Regime = u"RF19"_s;
+            P.DaNota.chkIva = P.DaNota.chkRA = {false, false};
+            P.Cliente = Estera();
         },
     };
     Pezzi Tutti = Interi();

@@ -530,7 +530,7 @@ void TestSchema::gliAllegati_data()
 {
     QTest::addColumn<QString>("Valore");
     QTest::addColumn<bool>("Valido");
-    for (const char* Buono : {"", "QUJD", "QU JD", "QUJD\nQUJD", "QUI=", "QQ==", " QQ== "})
+    for (const char* Buono : {"", "QUJD", "QU JD", "QUJD\tQUJD", "QUI=", "QQ==", " QQ== "})
         QTest::addRow("buono «%s»", Buono) << QString::fromLatin1(Buono) << true;
     for (const char* Cattivo :
          {"Q", "QU", "QUJ", "QUJDQ", "QUJ=", "QR==", "Q===", "=", "QUJ*", "\xE8", "QQ==QQ==", "Q=Q="})
