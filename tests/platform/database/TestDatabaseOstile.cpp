@@ -10,6 +10,7 @@
 
 #include <QtEndian>
 
+#include <sqlite3.h>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -26,6 +27,7 @@ private Q_SLOTS:
     void inLetturaNonSiLasciaNulla();
     void interrottoInSolaLettura();
     void privatoDalPrimoByte();
+    void unaCellaHaUnLimite();
 
 private:
     /// Its one row.
@@ -186,6 +188,28 @@ void TestDatabaseOstile::privatoDalPrimoByte()
     QCOMPARE(DelFile, 0600);
     QCOMPARE(DelGiornale, 0600);
     QCOMPARE(NumeroErrore([&] { (void)CreaDatabasePrivato(Nuovo); }), 3204);
+}
+
+/// A cell that would fill the memory is refused.
+void TestDatabaseOstile::unaCellaHaUnLimite()
+{
+    const QString Grande = Cartella + u"cella.mdb"_s;
+    {
+        // As another program makes it, which has another limit.
+        sqlite3* Altro = nullptr;
+        QCOMPARE(sqlite3_open(QFile::encodeName(Grande).constData(), &Altro), SQLITE_OK);
+        QCOMPARE(sqlite3_exec(Altro,
+                              "CREATE TABLE T (b TEXT);"
+                              "INSERT INTO T VALUES (hex(zeroblob(1000000))), (hex(zeroblob(9000000)))",
+                              nullptr, nullptr, nullptr),
+                 SQLITE_OK);
+        sqlite3_close(Altro);
+    }
+    Recordset Righe = OpenDatabase(Grande, true).OpenRecordset(u"T"_s);
+    QCOMPARE(Righe.RecordCount(), 2);
+    QCOMPARE(Righe.Value(u"b"_s).toString().size(), 2000000);
+    Righe.MoveNext();
+    QCOMPARE(NumeroErrore([&] { (void)Righe.Value(u"b"_s); }), 3047);
 }
 
 #include "TestDatabaseOstile.moc"

@@ -8,7 +8,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QScopeGuard>
 
+#include <sys/stat.h>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -24,6 +26,7 @@ private Q_SLOTS:
     void maiuscoleNonContano();
     void applicazioniESezioniSonoDistinte();
     void scriveSubitoSulDisco();
+    void soloDellUtente();
     void leggeUnFileToccatoAMano();
     void fileDanneggiato_data();
     void fileDanneggiato();
@@ -102,6 +105,25 @@ void TestImpostazioni::scriveSubitoSulDisco()
     QVERIFY(!QFile::exists(FileDi(u"Disco"_s)));
     SaveSetting(u"Disco"_s, u"Parametri"_s, u"ProgFatt"_s, u"7"_s);
     QCOMPARE(LeggiFile(FileDi(u"Disco"_s)).simplified(), "[Parametri] progfatt=7"_ba);
+}
+
+/// Whatever the system gives new files: IBAN and paths of the office are nobody else's business.
+void TestImpostazioni::soloDellUtente()
+{
+    const mode_t Prima = ::umask(0);
+    const auto Rimetti = qScopeGuard([Prima] { ::umask(Prima); });
+    SaveSetting(u"Riservata"_s, u"Parametri"_s, u"Iban"_s, u"IT60X0542811101000000123456"_s);
+    const auto Modo = [] {
+        struct stat Suo = {};
+        return ::stat(QFile::encodeName(FileDi(u"Riservata"_s)).constData(), &Suo) == 0
+                   ? int(Suo.st_mode & 0777)
+                   : 0;
+    };
+    QCOMPARE(Modo(), 0600);
+    // One that was open to others is closed by the next write.
+    QCOMPARE(::chmod(QFile::encodeName(FileDi(u"Riservata"_s)).constData(), 0644), 0);
+    SaveSetting(u"Riservata"_s, u"Parametri"_s, u"Iban"_s, u""_s);
+    QCOMPARE(Modo(), 0600);
 }
 
 void TestImpostazioni::leggeUnFileToccatoAMano()
