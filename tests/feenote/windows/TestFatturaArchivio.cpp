@@ -191,7 +191,7 @@ void TestFatturaArchivio::controllaUnFileTroppoGrande()
 {
     ApriPannello();
     for (const qint64 Byte : {MassimoByteFattura + 1, 3 * MassimoByteFattura}) {
-        ScriviFile(T->Ufficio.File(u"grande.xml"_s), QByteArray(qsizetype(Byte), ' '));
+        ScriviFile(T->Ufficio.File(u"grande.xml"_s), QByteArray(qsizetype(Byte), 'x'));
         const Vista Letta = Controlla(T->Ufficio.File(u"grande.xml"_s));
         QVERIFY2(Letta.Righe.join(u'|').contains(u"5 MB"_s), qPrintable(Letta.Righe.join(u'|')));
     }
