@@ -41,6 +41,8 @@ using Strada = QList<PassoStrada>;
 
 /// What a step whose criterion is not verified says.
 inline constexpr QStringView CriterioNonRiscontrato = u"criterio non riscontrato";
+/// The same as a note under a result.
+inline constexpr QStringView NotaNonRiscontrato = u"Criterio non riscontrato";
 /// The norm of the steps of the program's own rules.
 inline constexpr QStringView CriterioDelProgramma = u"criterio del programma";
 

@@ -210,6 +210,12 @@ ComandoCli ConStrada(ComandoCli Comando)
     return Comando;
 }
 
+ComandoCli DiLegge(ComandoCli Comando)
+{
+    Comando.SoloVigenti = true;
+    return Comando;
+}
+
 ComandoCli ConSpiegazione(ComandoCli Comando)
 {
     Comando.SpiegaNorme = true;
@@ -230,6 +236,8 @@ void ControllaNorme(const ComandoCli& Comando, const RigaComando& Chiamata)
             throw ErroreUso{u"L'opzione %1 non vale per il comando %2"_s.arg(Opzione, Comando.Nome)};
     };
     Vuole(!Chiamata.Norme.isEmpty(), bool(Comando.ConNorme), u"--norme"_s);
+    if (Comando.SoloVigenti && Chiamata.Norme == u"programma")
+        throw ErroreUso{u"Il comando %1 segue soltanto le norme vigenti"_s.arg(Comando.Nome)};
     Vuole(Chiamata.Spiega, Comando.SpiegaNorme, u"--spiega"_s);
     Vuole(!Chiamata.Ics.isEmpty(), Comando.InAgenda, u"--ics"_s);
 }
@@ -355,7 +363,7 @@ std::span<const ComandoCli> ComandiCli()
         ConStrada(
             PerNorme(u"sequenziali", u"UDIENZA ARTICOLO [SOSPENSIONE [SABATO]]", 2, 4, ComandoSequenziali)),
         ComandoCli{u"ricorrenti", u"[TESTO]", 0, 1, false, ComandoRicorrenti},
-        ConStrada(PerNorme(u"scadenza", u"CODICE EVENTO [MATERIA [INIZIO]]", 2, 4, ComandoScadenza)),
+        DiLegge(ConStrada(PerNorme(u"scadenza", u"CODICE EVENTO [MATERIA [INIZIO]]", 2, 4, ComandoScadenza))),
         ComandoCli{u"codfis", u"COGNOME NOME NASCITA SESSO COMUNE", 5, 5, false, ComandoCodFis},
         ConSpiegazione(PerNorme(u"contributo", u"VALORE [TABELLA [DEPOSITO [GRADO [VARIANTI [RICORRENTI]]]]]",
                                 1, 6, ComandoContributo)),

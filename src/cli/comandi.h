@@ -61,6 +61,7 @@ struct ComandoCli
     std::function<Risposta(const QStringList& Valori, const NormeChieste& Scelta)> ConNorme = {};
     /// A look at the file that the command would make; none where --controlla means nothing to it.
     std::function<Risposta(const QStringList& Valori)> Controllo = {};
+    bool SoloVigenti = false;  ///< it knows the law in force alone
     bool SpiegaNorme = false;  ///< --spiega means something to it
     bool InAgenda = false;     ///< --ics means something to it
 };

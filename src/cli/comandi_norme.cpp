@@ -2,11 +2,10 @@
 #include "cli/comandi.h"
 #include "cli/letture.h"
 
-#include "calculators/agenda.h"
 #include "calculators/modContributo.h"
 #include "calculators/modTerminiSeq.h"
 #include "calculators/norme/contributovigente.h"
-#include "calculators/norme/terminiricorrenti.h"
+#include "calculators/norme/terminecontato.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/system/messaggi.h"
@@ -131,8 +130,7 @@ QString LeggiMateria(const QStringList& Valori, int Posto, InsiemeNorme Insieme)
 struct DataTrovata
 {
     QString Voce;  ///< the term it belongs to
-    EsitoTermine Esito;
-    VoceAgenda Agenda;
+    TermineContato Contato;
 };
 
 /// The answer of a chain: dates in one line, with --spiega a paragraph for each.
@@ -144,7 +142,7 @@ Risposta RispostaDate(const QList<DataTrovata>& Date, const QString& Nota, const
     QList<VoceAgenda> Voci;
     QStringList Note;
     for (const DataTrovata& Trovata : Date) {
-        const EsitoTermine& Esito = Trovata.Esito;
+        const EsitoTermine& Esito = Trovata.Contato.Esito;
         const QString Testo = ConNota(Esito.Scadenza, Esito.Spostata, Nota);
         Testi << Testo;
         Paragrafi << Spiegato(Trovata.Voce + u": "_s + Testo, Esito, Scelta);
@@ -153,7 +151,7 @@ Risposta RispostaDate(const QList<DataTrovata>& Date, const QString& Nota, const
             Record[u"voce"_s] = Trovata.Voce;
         Spiega(Record, Esito, Scelta);
         Termini.append(Record);
-        Voci << Trovata.Agenda;
+        Voci << AgendaDi(Trovata.Contato, Scelta.Insieme);
         Note << Esito.Note;
     }
     Note.removeDuplicates();
@@ -163,46 +161,27 @@ Risposta RispostaDate(const QList<DataTrovata>& Date, const QString& Nota, const
         Scelta.Spiega ? Paragrafi.join(u"\n\n"_s) : Testi.join(u"; "_s), {{u"termini"_s, Termini}}, false};
 }
 
-/// A term as the windows put it into the calendar too: the same identity, however it was asked for.
-VoceAgenda AgendaDi(const QDate& Scadenza, const QString& Nome, const QString& Nota, const QString& Chi,
-                    const QDate& Evento)
-{
-    VoceAgenda Voce;
-    Voce.Giorno = Scadenza;
-    Voce.Atto = Nome;
-    Voce.Note = {Nota};
-    Voce.Chiave = Chi + u' ' + Evento.toString(Qt::ISODate);
-    return Voce;
-}
-
-VoceAgenda AgendaDi(const TermineRicorrente& Termine, const QString& DaChe, const QDate& Evento,
-                    const EsitoTermine& Esito)
-{
-    return AgendaDi(Esito.Scadenza, Termine.Atto + u" ("_s + Termine.Articolo + u')',
-                    DaChe + u" del "_s + Giorno(Evento), Termine.Codice, Evento);
-}
-
-QString MisuraDi(const RichiestaTermine& Richiesta)
-{
-    TermineRicorrente Termine;
-    Termine.Quantita = Richiesta.Numero;
-    Termine.Tipo = Richiesta.Tipo;
-    Termine.Libero = Richiesta.Opzioni.Libero;
-    Termine.Antecedente = Richiesta.Opzioni.Antecedente;
-    return MisuraTermine(Termine);
-}
-
 QList<DataTrovata> DateDiCatena(const Norme& Insieme, const CatenaTermini& Catena, const QDate& Evento,
                                 const QString& Materia = {}, const std::optional<QDate>& Inizio = {})
 {
     QList<DataTrovata> Date;
-    for (const ScadenzaCatena& Una : ComputaCatena(Insieme, Catena, Evento, Materia, Inizio))
-        Date.append(
-            {Una.Termine->Codice, Una.Esito, AgendaDi(*Una.Termine, Catena.Evento, Evento, Una.Esito)});
+    for (const TermineContato& Contato :
+         ContaCatena(InsiemeNorme::Vigenti, Insieme, Catena, Evento, Materia, Inizio))
+        Date.append({Contato.Codice, Contato});
     return Date;
 }
 
-/// Links of the program's own chain, each with its road.
+TermineContato Contato(const RichiestaTermine& Richiesta, const EsitoTermine& Esito)
+{
+    TermineContato Nuovo;
+    Nuovo.Misura = MisuraRichiesta(Richiesta);
+    Nuovo.Decorrenza = Richiesta.Decorrenza;
+    Nuovo.Antecedente = Richiesta.Opzioni.Antecedente;
+    Nuovo.Esito = Esito;
+    return Nuovo;
+}
+
+/// Nuovos of the program's own chain, each with its road.
 QList<DataTrovata> DateDelProgramma(const QDate& Udienza, int Articolo, const OpzioniTermine& Opzioni)
 {
     QList<DataTrovata> Date;
@@ -211,12 +190,14 @@ QList<DataTrovata> DateDelProgramma(const QDate& Udienza, int Articolo, const Op
     Chiesto.Opzioni = Opzioni;
     for (const Anello& Termine : Articoli()[size_t(Articolo)].Catena) {
         Chiesto.Numero = Termine.Giorni;
-        const EsitoTermine Esito = ComputaTermine(InsiemeNorme::Programma, Chiesto);
+        TermineContato Nuovo = Contato(Chiesto, ComputaTermine(InsiemeNorme::Programma, Chiesto));
         const QString Voce = Termine.Didascalia.trimmed().chopped(1).toString();
-        const QString Nome = u"%1 (art. %2 c.p.c.)"_s.arg(Voce).arg(Articoli()[size_t(Articolo)].Numero);
-        Date.append({Voce, Esito,
-                     AgendaDi(Esito.Scadenza, Nome, u"udienza del "_s + Giorno(Udienza), Voce, Udienza)});
-        Chiesto.Decorrenza = Esito.Scadenza;
+        Nuovo.Atto = Voce;
+        Nuovo.Articolo = u"art. %1 c.p.c."_s.arg(Articoli()[size_t(Articolo)].Numero);
+        Nuovo.Codice = Nuovo.Articolo + u' ' + Voce;
+        Nuovo.Origine = Udienza;
+        Chiesto.Decorrenza = Nuovo.Esito.Scadenza;
+        Date.append({Voce, Nuovo});
     }
     return Date;
 }
@@ -332,10 +313,7 @@ Risposta ComandoTermini(const QStringList& Valori, const NormeChieste& Scelta)
     Chiesto.Materia = LeggiMateria(Valori, 7, Scelta.Insieme);
 
     const EsitoTermine Esito = ComputaTermine(Scelta.Insieme, Chiesto);
-    const QString Misura = MisuraDi(Chiesto);
-    Segna(Scelta,
-          {AgendaDi(Esito.Scadenza, u"Termine di "_s + Misura,
-                    u"%1 dal %2"_s.arg(Misura, Giorno(Chiesto.Decorrenza)), Misura, Chiesto.Decorrenza)});
+    Segna(Scelta, {AgendaDi(Contato(Chiesto, Esito), Scelta.Insieme)});
     QJsonObject Record{{u"scadenza"_s, Giorno(Esito.Scadenza)}, {u"spostata"_s, Esito.Spostata}};
     Spiega(Record, Esito, Scelta);
     Avverti(Esito.Note, Scelta);
@@ -416,9 +394,10 @@ Risposta ComandoScadenza(const QStringList& Valori, const NormeChieste& Scelta)
     const TermineRicorrente* Termine = TrovaTermine(*Insieme, Codice);
     if (!Termine)
         throw Errore(errori::Argomento, u"codice: «%1» non è nel catalogo"_s.arg(Codice.left(40)));
-    const EsitoTermine Esito = ComputaRicorrente(*Insieme, *Termine, Evento, Materia, Cominciato);
-    return RispostaDate({{Termine->Codice, Esito, AgendaDi(*Termine, Termine->Evento, Evento, Esito)}},
-                        u"Spostata"_s, DiLegge);
+    TermineContato Trovato = ContatoDi(*Termine);
+    Trovato.Decorrenza = Evento;
+    Trovato.Esito = ComputaRicorrente(*Insieme, *Termine, Evento, Materia, Cominciato);
+    return RispostaDate({{Termine->Codice, Trovato}}, u"Spostata"_s, DiLegge);
 }
 
 Risposta ComandoContributo(const QStringList& Valori, const NormeChieste& Scelta)

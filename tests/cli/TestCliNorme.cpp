@@ -119,6 +119,11 @@ void TestCliNorme::rifiuti_data()
     Riga("norme senza valore", u"termini --norme"_s, 2, u"L'opzione --norme vuole una scelta."_s);
     Riga("un comando senza norme", u"--norme vigenti istat 1 € 1/1/2020 1/1/2021"_s, 2,
          u"L'opzione --norme non vale per il comando istat"_s);
+    Riga("scadenza del programma", u"--norme programma scadenza CPC-166 15/06/2026"_s, 2,
+         u"Il comando scadenza segue soltanto le norme vigenti"_s);
+    Riga("ricorrenti dove non si contano",
+         u"--norme vigenti contributo 1000 civile 01/06/2025 primo ridotto 3"_s, 1,
+         u"Errore: Processo civile, a valore: l'importo non è dovuto per ciascun ricorrente (5)"_s);
     Riga("spiega dove non c'è strada", u"--spiega interessi legali 1 Euro 0 1/1/2020 1/1/2021"_s, 2,
          u"L'opzione --spiega non vale per il comando interessi"_s);
     Riga("agenda senza date", u"--ics x.ics contributo 1"_s, 2,
@@ -168,13 +173,13 @@ void TestCliNorme::noteAParte()
         u"--norme vigenti termini 10/09/2026 10 giorni 1 0 0 antecedente"_s.split(u' ');
     const Esito Avuto = Chiama(Termine);
     QCOMPARE(Avuto.Uscita, u"31/07/2026 (Anticipata)\n"_s);
-    QCOMPARE(Avuto.Guasti, u"criterio non riscontrato\n"_s);
+    QCOMPARE(Avuto.Guasti, u"Criterio non riscontrato\n"_s);
     QCOMPARE(Avuto.Stato, 0);
     const Esito ConJson = Chiama(QStringList{u"--json"_s} + Termine);
     QCOMPARE(ConJson.Guasti, QString());
-    QVERIFY(ConJson.Uscita.contains(u"\"note\":[\"criterio non riscontrato\"]"));
+    QVERIFY(ConJson.Uscita.contains(u"\"note\":[\"Criterio non riscontrato\"]"));
     QCOMPARE(Chiama(u"--norme vigenti termini 10/11/2026 20 giorni"_s.split(u' ')).Guasti,
-             u"norme note fino al 21/11/2026\n"_s);
+             u"Norme note fino al 21/11/2026\n"_s);
     QVERIFY(Chiama(u"--norme vigenti contributo 1"_s.split(u' ')).Guasti.contains(u"L. 199/2025"));
     QCOMPARE(Chiama(u"termini 10/11/2026 20 giorni"_s.split(u' ')).Guasti, QString());
 }
@@ -313,6 +318,10 @@ void TestCliNorme::agenda()
         QVERIFY2(Scritto.contains((u"DTSTART;VALUE=DATE:"_s + Parti[2] + Parti[1] + Parti[0]).toUtf8()),
                  qPrintable(Data));
     }
+    // What is not verified stands in the calendar too.
+    const QString Altro = NuovaCartella() + u"nota.ics"_s;
+    (void)Chiama(QStringList{u"--ics"_s, Altro} + u"scadenza CPA-73-R 28/03/2026"_s.split(u' '));
+    QVERIFY(LeggiFile(Altro).contains("Criterio non riscontrato"));
     // A file that cannot be written is no answer.
     const Esito Nessuno =
         Chiama(QStringList{u"--ics"_s, NuovaCartella() + u"manca/termini.ics"_s} + Argomenti.split(u' '));
@@ -335,6 +344,8 @@ void TestCliNorme::stessaIdentita()
     QCOMPARE(Identita(u"--norme vigenti termini 01/02/26 30 giorni"_s), Una);
     QVERIFY(Identita(u"termini 01/02/2026 31 giorni"_s) != Una);
     QVERIFY(Identita(u"termini 01/02/2026 30 giorni 1 1"_s) != Una);
+    QCOMPARE(Identita(u"--norme vigenti sequenziali 10/07/2022 183"_s),
+             Identita(u"scadenza CPC-183 10/07/2022"_s));
     QCOMPARE(Identita(u"scadenza cpc-189-1 15/06/2026"_s), Identita(u"scadenza CPC-189 15/06/2026"_s));
 }
 

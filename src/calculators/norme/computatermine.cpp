@@ -339,7 +339,7 @@ private:
             Esito.Note << Oltre;
         Esito.Note << Insieme.Avvisi(AmbitoTermini, std::min(Richiesta.Decorrenza, Esito.Scadenza));
         if (NonRiscontrata(Esito.Passi))
-            Esito.Note << CriterioNonRiscontrato.toString();
+            Esito.Note << NotaNonRiscontrato.toString();
     }
 
     const Norme& Insieme;

@@ -50,6 +50,8 @@ public:
         Aggiungi(TestoVoce(*Voce), *Voce, Esito.ContributoEuro);
         if (Voce->PerCiascuno)
             PerCiascuno();
+        else if (Richiesta.Ricorrenti != 1)
+            Rifiuta(u"%1: l'importo non è dovuto per ciascun ricorrente"_s.arg(Voce->Categoria));
         Varianti();
         Aggiunte();
         Annota();
@@ -226,7 +228,7 @@ private:
             Esito.Note << Oltre;
         Esito.Note << Insieme.Avvisi(AmbitoContributo, Richiesta.Deposito);
         if (std::ranges::any_of(Esito.Passi, &PassoContributo::NonRiscontrato))
-            Esito.Note << CriterioNonRiscontrato.toString();
+            Esito.Note << NotaNonRiscontrato.toString();
     }
 
     const Norme& Insieme;

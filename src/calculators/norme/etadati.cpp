@@ -179,7 +179,8 @@ PropostaMora ProponiMora(InsiemeNorme Insieme, const QDate& DataIni)
     PropostaMora Proposta{true, u"Transazioni concluse dal "_s + Giorno(PrimaMoraPiuUno) +
                                     u": un punto in più sul saggio della tabella."_s};
     if (DataIni >= MoraInGiudizio)
-        Proposta.Nota += u" Dalla domanda giudiziale, se non è pattuito altro, questo saggio vale per ogni "
-                         "credito (art. 1284, 4° comma, c.c.)."_s;
+        Proposta.Nota +=
+            u" Dalla domanda giudiziale, se le parti non hanno pattuito altro, il saggio legale è questo "
+            "(art. 1284, 4° comma, c.c.)."_s;
     return Proposta;
 }

@@ -245,7 +245,7 @@ QDate Norme::NoteDal(bool ConSospensione) const
 
 QString Norme::AvvisoOltre(const QDate& Giorno) const
 {
-    return Giorno > Al ? u"norme note fino al "_s + Format(Al, ModelloData) : QString();
+    return Giorno > Al ? u"Norme note fino al "_s + Format(Al, ModelloData) : QString();
 }
 
 QStringList Norme::Avvisi(QStringView Ambito, const QDate& Giorno) const

@@ -124,7 +124,7 @@ public:
     /// The first day of the oldest norm that a term needs.
     /// @param ConSospensione the suspension counts for it
     [[nodiscard]] QDate NoteDal(bool ConSospensione) const;
-    /// "norme note fino al gg/mm/aaaa" for a later day, empty otherwise.
+    /// "Norme note fino al gg/mm/aaaa" for a later day, empty otherwise.
     [[nodiscard]] QString AvvisoOltre(const QDate& Giorno) const;
 
     /// What is not known on a day.

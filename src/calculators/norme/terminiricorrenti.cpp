@@ -85,7 +85,10 @@ QString MisuraTermine(const TermineRicorrente& Termine)
     const QString Unita = Termine.Tipo == TipoGiorni ? (Uno ? u"giorno"_s : u"giorni"_s)
                           : Termine.Tipo == TipoMesi ? (Uno ? u"mese"_s : u"mesi"_s)
                                                      : (Uno ? u"anno"_s : u"anni"_s);
-    return CStr(Termine.Quantita) + u' ' + Unita + (Termine.Libero ? u" liberi"_s : QString()) +
+    return CStr(Termine.Quantita) + u' ' + Unita +
+           (!Termine.Libero ? QString()
+            : Uno           ? u" libero"_s
+                            : u" liberi"_s) +
            (Termine.Antecedente ? u" prima"_s : QString());
 }
 

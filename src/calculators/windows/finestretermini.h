@@ -2,7 +2,7 @@
 // the notices.
 #pragma once
 
-#include "calculators/windows/terminecontato.h"
+#include "calculators/norme/terminecontato.h"
 
 #include <QDate>
 #include <QList>

@@ -1,7 +1,7 @@
 // Due dates for the calendar of the office: which of them, for which matter, by what way.
 #pragma once
 
-#include "calculators/windows/terminecontato.h"
+#include "calculators/norme/terminecontato.h"
 
 #include <QDialog>
 

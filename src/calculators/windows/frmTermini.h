@@ -4,7 +4,7 @@
 #include "calculators/modTermini.h"
 #include "calculators/windows/finestretermini.h"
 #include "calculators/windows/sceltanorme.h"
-#include "calculators/windows/terminecontato.h"
+#include "calculators/norme/terminecontato.h"
 
 #include <QDialog>
 #include <QPointer>

@@ -290,8 +290,8 @@ void TestComputaTermine::note()
         return ComputaTermine(NormeConsegnate(), Chiedi(Da, Numero, TipoGiorni, Scelte)).Note;
     };
     QCOMPARE(Note({2026, 11, 10}, 10, u"fs"_s), QStringList());
-    QCOMPARE(Note({2026, 11, 10}, 13, u"fs"_s), QStringList{u"norme note fino al 21/11/2026"_s});
-    QCOMPARE(Note({2026, 9, 10}, 10, u"rf"_s), QStringList{u"criterio non riscontrato"_s});
+    QCOMPARE(Note({2026, 11, 10}, 13, u"fs"_s), QStringList{u"Norme note fino al 21/11/2026"_s});
+    QCOMPARE(Note({2026, 9, 10}, 10, u"rf"_s), QStringList{u"Criterio non riscontrato"_s});
     QCOMPARE(Note({1975, 9, 20}, 10, u"f"_s),
              QStringList{u"Le feste soppresse nel 1977 non sono riscontrate e non contano."_s});
 }
@@ -487,12 +487,12 @@ void TestComputaTermine::vigenze_data()
         << u"CPC-163BIS-IT-V"_s << QDate(2023, 2, 28) << QDate()
         << u"CPC-163BIS-IT-V vale dal 01/03/2006 al 27/02/2023: il termine corre dal 28/02/2023"_s;
     QTest::newRow("tributario, ultimo giorno")
-        << u"TRI-21"_s << QDate(2026, 12, 31) << QDate() << u"nota: norme note fino al 21/11/2026"_s;
+        << u"TRI-21"_s << QDate(2026, 12, 31) << QDate() << u"nota: Norme note fino al 21/11/2026"_s;
     QTest::newRow("tributario, testo unico")
         << u"TRI-21"_s << QDate(2027, 1, 1) << QDate()
         << u"TRI-21 vale fino al 31/12/2026: il termine corre dal 01/01/2027"_s;
     QTest::newRow("testo unico, primo giorno")
-        << u"TRI-TU-67"_s << QDate(2027, 1, 1) << QDate() << u"nota: norme note fino al 21/11/2026"_s;
+        << u"TRI-TU-67"_s << QDate(2027, 1, 1) << QDate() << u"nota: Norme note fino al 21/11/2026"_s;
     QTest::newRow("testo unico, vigilia")
         << u"TRI-TU-67"_s << QDate(2026, 12, 31) << QDate()
         << u"TRI-TU-67 vale dal 01/01/2027: il termine corre dal 31/12/2026"_s;

@@ -226,7 +226,7 @@ void TestContributoVigente::passi()
     QCOMPARE(Avuto.TotaleEuro(), 701.0);
     QCOMPARE(Avuto.Note,
              (QStringList{
-                 u"norme note fino al 21/11/2026"_s,
+                 u"Norme note fino al 21/11/2026"_s,
                  u"Effetti della legge di bilancio 2026 (L. 199/2025) sul contributo non riscontrati."_s}));
     // A rule whose first day is not known is certain from the day on which it was read.
     const auto Fallimento = [](const QDate& Quando) {

@@ -165,7 +165,7 @@ void TestNorme::limiti()
     QCOMPARE(Insieme.NoteDal(true), QDate(1969, 11, 6));
     QCOMPARE(Insieme.NoteDal(false), QDate(1949, 5, 31));
     QCOMPARE(Insieme.AvvisoOltre(QDate(2026, 11, 21)), QString());
-    QCOMPARE(Insieme.AvvisoOltre(QDate(2026, 11, 22)), u"norme note fino al 21/11/2026"_s);
+    QCOMPARE(Insieme.AvvisoOltre(QDate(2026, 11, 22)), u"Norme note fino al 21/11/2026"_s);
 }
 
 void TestNorme::avvisi()

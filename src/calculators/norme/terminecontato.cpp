@@ -1,4 +1,4 @@
-#include "calculators/windows/terminecontato.h"
+#include "calculators/norme/terminecontato.h"
 
 #include "core/modTesti.h"
 #include "platform/base/errore.h"
@@ -56,6 +56,9 @@ QList<TermineContato> CatenaDelProgramma(const Norme& DiLegge, const CatenaTermi
         Giorni[Anello.Termine] = Chiesto.Numero;
         Fatti[Anello.Termine] = Contato(*Termine, Da, ComputaTermine(InsiemeNorme::Programma, Chiesto));
         Fatti[Anello.Termine].Misura = MisuraRichiesta(Chiesto);
+        Fatti[Anello.Termine].Origine = Evento;
+        if (Anello.Inizio != InizioAnello::Scadenza)
+            Fatti[Anello.Termine].Evento = Catena.Evento;
         Tutti << Fatti[Anello.Termine];
     }
     return Tutti;
@@ -64,13 +67,19 @@ QList<TermineContato> CatenaDelProgramma(const Norme& DiLegge, const CatenaTermi
 }  // namespace
 
 QList<TermineContato> ContaCatena(InsiemeNorme Insieme, const Norme& DiLegge, const CatenaTermini& Catena,
-                                  const QDate& Evento, const QString& Materia)
+                                  const QDate& Evento, const QString& Materia,
+                                  const std::optional<QDate>& Inizio)
 {
     if (Insieme == InsiemeNorme::Programma)
         return CatenaDelProgramma(DiLegge, Catena, Evento);
     QList<TermineContato> Tutti;
-    for (const ScadenzaCatena& Una : ComputaCatena(DiLegge, Catena, Evento, Materia))
-        Tutti << Contato(*Una.Termine, Una.Esito.Passi.first().Da, Una.Esito);
+    for (const ScadenzaCatena& Una : ComputaCatena(DiLegge, Catena, Evento, Materia, Inizio)) {
+        TermineContato Nuovo = Contato(*Una.Termine, Una.Richiesta.Decorrenza, Una.Esito);
+        Nuovo.Misura = MisuraRichiesta(Una.Richiesta);
+        Nuovo.Evento = Una.Evento;
+        Nuovo.Origine = Evento;
+        Tutti << Nuovo;
+    }
     return Tutti;
 }
 
@@ -117,7 +126,7 @@ VoceAgenda AgendaDi(const TermineContato& Termine, InsiemeNorme Insieme, const Q
     Voce.Note << RigaNorme(Insieme) << Termine.Esito.Note;
     // By what it runs from and how long, not by the rules that it was reckoned with.
     Voce.Chiave = (Termine.Codice.isEmpty() ? Termine.Misura : Termine.Codice) + u' ' +
-                  Termine.Decorrenza.toString(Qt::ISODate);
+                  (Termine.Origine.isValid() ? Termine.Origine : Termine.Decorrenza).toString(Qt::ISODate);
     return Voce;
 }
 

@@ -1,4 +1,4 @@
-// Due dates that a window shows: what they are called, for the calendar, the sheet and the road.
+// Due dates that somebody has asked for: what they are called, for the calendar, the sheet and the road.
 #pragma once
 
 #include "calculators/agenda.h"
@@ -14,6 +14,8 @@ struct TermineContato
     QString Misura;    ///< "30 giorni", "20 giorni prima"
     QString Codice;    ///< in the catalogue; empty: none
     QDate Decorrenza;
+    QDate
+        Origine;  ///< the event of its chain, which a link keeps whatever date it runs from; none: Decorrenza
     bool Antecedente = false;
     EsitoTermine Esito;
 };
@@ -27,11 +29,13 @@ struct TermineContato
 /// "Appello (art. 325 c.p.c.)", or "Termine di 30 giorni".
 [[nodiscard]] QString NomeTermine(const TermineContato& Termine);
 
-/// All dates of a chain from the day of its event. The program's own rules know no matter.
+/// All dates of a chain from the day of its event. The program's own rules know neither matter
+/// nor the day on which the proceeding began.
 /// @throws Errore those of ComputaCatena
 [[nodiscard]] QList<TermineContato> ContaCatena(InsiemeNorme Insieme, const Norme& DiLegge,
                                                 const CatenaTermini& Catena, const QDate& Evento,
-                                                const QString& Materia = {});
+                                                const QString& Materia = {},
+                                                const std::optional<QDate>& Inizio = {});
 
 /// "Lunedì, 5 Ottobre 2026 (Posticipata)".
 [[nodiscard]] QString TestoScadenza(const TermineContato& Termine);
