@@ -193,6 +193,12 @@ void SchedaOnorari::Entra()
     ui->lblAumRidOno->setToolTip(SuggerimentoAumRidOno(Nota));
 }
 
+void SchedaOnorari::RigheRimesse()
+{
+    ui->tdbOnor->AzzeraSelezione();
+    Pannello->Chiudi();
+}
+
 void SchedaOnorari::NuovaNota()
 {
     ui->txtCercaOno->clear();

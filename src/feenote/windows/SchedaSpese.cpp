@@ -117,6 +117,11 @@ void SchedaSpese::MostraTotali(const Somme& Sommate)
     ui->tdbDir->Pie(DirEsente, TestoImporto(Sommate.TotSpeseEsenti));
 }
 
+void SchedaSpese::RigheRimesse()
+{
+    ui->tdbDir->AzzeraSelezione();
+}
+
 void SchedaSpese::NuovaNota()
 {
     ui->txtCercaDir->clear();

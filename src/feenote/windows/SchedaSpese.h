@@ -34,6 +34,8 @@ public:
     void MostraTotali(const Somme& Sommate);
     /// Another note has come into the record: the grids forget the former one's lines and catalogue.
     void NuovaNota();
+    /// The lines are those of another step: none of them is selected, none is being varied.
+    void RigheRimesse();
 
 private:
     void CollegaCatalogo();

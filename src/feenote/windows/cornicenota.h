@@ -31,6 +31,9 @@ public:
     /// Composes the chosen document anew while its page is in view: something that it shows has changed.
     virtual void Ricomponi() = 0;
 
+    /// Takes the user's last step back, and shows what came of it. @return false when there is none
+    virtual bool AnnullaPasso() = 0;
+
     /// False while the note is open as another's partner, which is printed with that one.
     [[nodiscard]] virtual bool HaStampa() const = 0;
     /// Asks the finder for the note to be printed with this one.

@@ -100,6 +100,7 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     CollegaCornice();
     CollegaCatena();
     CollegaRicalcolo();
+    CollegaAnnulla();
     CollegaCopia();
     CollegaMulti();
     CollegaRubrica();
@@ -226,6 +227,15 @@ bool frmParcelle::eventFilter(QObject* Oggetto, QEvent* Evento)
         if (Oggetto == ui->tabParcelle->tabBar() && !ConcludiCampo())
             return true;
         break;
+    case QEvent::ShortcutOverride:
+        // A box whose own letters are all taken back leaves the key to the steps of the note.
+        for (const auto& [Tasti, Avanti] :
+             {std::pair(QKeySequence::Undo, false), std::pair(QKeySequence::Redo, true)})
+            if (static_cast<QKeyEvent*>(Evento)->matches(Tasti) && !TestoHaAnnulla(Oggetto, Avanti)) {
+                Evento->ignore();
+                return true;
+            }
+        break;
     case QEvent::KeyPress:
         if (VoltaPagina(*static_cast<QKeyEvent*>(Evento)) && !ConcludiCampo())
             return true;
@@ -340,6 +350,7 @@ void frmParcelle::MostraTutto()
     RefreshDatiBase();
     RefreshGrid();
     MostraSegni();
+    MostraAnnulla();
     MostraRicalcolo();
     InMostra = false;
 

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/posti.h"
+#include "feenote/modCronologia.h"
 #include "feenote/parcella.h"
 #include "feenote/windows/comandirighe.h"
 #include "feenote/windows/cornicenota.h"
@@ -174,6 +175,12 @@ private:
     void MostraRicalcolo();
     void cmdRicalcola_Click();
 
+    // ---- frmParcelle_Annulla.cpp
+    void CollegaAnnulla();
+    void MostraAnnulla();     ///< what the two buttons would do
+    void Passo(bool Avanti);  ///< a step back, or again
+    [[nodiscard]] bool TestoHaAnnulla(const QObject* Campo, bool Avanti) const;
+
     // ---- frmParcelle_Vita.cpp
     void RimettiDisposizione();  ///< splitters and columns as the last window left them
     void RicordaDisposizione() const;
@@ -195,6 +202,7 @@ private:
     void Cambiata() override;
     void Ricomponi() override;
     [[nodiscard]] bool BaseValida() const override { return BaseVista; }
+    bool AnnullaPasso() override;
     [[nodiscard]] bool InDomanda() const override { return DialogoAperto; }
     [[nodiscard]] QScopedValueRollback<bool> ApriDomanda() override;
 
@@ -217,6 +225,7 @@ private:
     qint64 DurataCopiaMs = 0;
     Recordset DirittiValori;  ///< open while the window lives, as it always was; no rule reads it
     RigheInComune Comune;
+    Cronologia Storia;
     int SchedaInVista = 0;  ///< the tab before a change
     bool BaseVista = true;  ///< answer of the last CheckOK on leaving the base tab
     bool InMostra = false;  ///< controls are being written by code

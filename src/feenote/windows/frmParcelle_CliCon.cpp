@@ -106,7 +106,9 @@ void frmParcelle::NominativoCambiato(const QString& RecordSource, int ID)
         if (Voce.Tabella.compare(RecordSource, Qt::CaseInsensitive) != 0)
             continue;
         // What shows nothing new is not written again: a cell of the note may be in edit meanwhile.
-        if (SegueArchivio(Nota, Voce.Parte, ID))
+        const bool AltroNome = SegueArchivio(Nota, Voce.Parte, ID);
+        Storia.Allinea(Nota);
+        if (AltroNome)
             ApplicaStampa([] {});
         else
             MostraRubrica();

@@ -111,6 +111,7 @@ void frmParcelle::Nuova(const QString& ID)
         ApplicaRichiesta(Nota, sessione::RichiestaPV2);
     RilegaRighe();
     SetModificata(false);
+    Storia.Comincia(Nota, true);
     MostraTutto();
 }
 
@@ -123,6 +124,7 @@ bool frmParcelle::Carica(const QString& Percorso)
     AdottaRiferimento(Nota);
     RilegaRighe();
     SetModificata(false);
+    Storia.Comincia(Nota, true);
     MostraTutto();
     return Letta;
 }
@@ -174,6 +176,7 @@ void frmParcelle::Recupera(const CopiaRecupero& Trovata)
     AdottaRiferimento(Nota);
     RilegaRighe();
     SetModificata(Letta);
+    Storia.Comincia(Nota, !Letta);
     MostraTutto();
     if (Letta && ScriviCopia())
         EliminaCopia(Trovata);
@@ -196,6 +199,7 @@ bool frmParcelle::Salva(const std::function<std::optional<QString>()>& Scrivi,
             // What comes late, behind the message, is not in the file: the click of a key with Alt takes its
             // time.
             Nota.Modificata = false;
+            Storia.SegnaSalvata(Nota);
             Protetta([this] { RicordaNota(Nota); });
             Dillo(*Scritta);
             SetModificata(Nota.Modificata);
@@ -344,6 +348,8 @@ void frmParcelle::Cambiata()
 {
     SetModificata(Nota.Modificata);
     ui->pieCatena->Cambiata();
+    Storia.Segna(Nota);
+    MostraAnnulla();
 }
 
 QScopedValueRollback<bool> frmParcelle::ApriDomanda()

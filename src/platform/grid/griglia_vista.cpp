@@ -280,6 +280,12 @@ void VistaGriglia::keyboardSearch(const QString&)
 
 bool VistaGriglia::event(QEvent* Evento)
 {
+    // The form's own step back comes behind what the lines do with the key.
+    if (Evento->type() == QEvent::ShortcutOverride && ConComandi &&
+        static_cast<QKeyEvent*>(Evento)->matches(QKeySequence::Undo)) {
+        Evento->accept();
+        return true;
+    }
     if (Evento->type() == QEvent::KeyPress) {
         const auto& Tasto = *static_cast<QKeyEvent*>(Evento);
         const bool Indietro = Tasto.key() == Qt::Key_Backtab;

@@ -411,8 +411,14 @@ void TestRigheScelte::annullaNelPostoDiPrima()
     QCOMPARE(Righe->RigaCorrente(), std::optional(Scelte.first()));
 }
 
+/// A note as its file has it: there is neither a cut nor any other step to take back.
 void TestRigheScelte::annullaSenzaTaglio()
 {
+    const QString File = T->Ufficio.File(u"riaperta.mdb"_s);
+    ScriviNota(File, F->Nota);
+    QVERIFY(F->Carica(File));
+    ClicScheda(F, SchedaListaOnorari);
+    QCOMPARE(Nomi(), u"abcde"_s);
     Righe->setFocus();
     T->Voce.Attendi(u"Impossibile annullare!"_s, vbOK, u"Errore:"_s);
     Premi(Qt::Key_Z, Qt::ControlModifier);

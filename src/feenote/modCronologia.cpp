@@ -1,0 +1,260 @@
+#include "feenote/modCronologia.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What belongs to the file and to the window, and stays as it is whatever step is taken.
+void Riporta(Parcella& Nota, const Parcella& Da)
+{
+    Nota.Percorso = Da.Percorso;
+    Nota.Psw = Da.Psw;
+    Nota.Nome = Da.Nome;
+    Nota.NsRif = Da.NsRif;
+    Nota.Scelta = Da.Scelta;
+    Nota.Modificata = Da.Modificata;
+    Nota.Pronta = Da.Pronta;
+    Nota.Fuoco = Da.Fuoco;
+    Nota.AvvisoNotaGiudiziale = Da.AvvisoNotaGiudiziale;
+    Nota.InsUltimaOno = Da.InsUltimaOno;
+    Nota.InsUltimaDir = Da.InsUltimaDir;
+
+    Nota.IDMultipla = Da.IDMultipla;
+    Nota.txtParcMultipla = Da.txtParcMultipla;
+    Nota.txtPathParcMult = Da.txtPathParcMult;
+    Nota.Multi = Da.Multi;
+
+    // The file of an electronic invoice is written, whatever the note says afterwards.
+    Nota.FatturaXml.File = Da.FatturaXml.File;
+    Nota.FatturaXml.Quando = Da.FatturaXml.Quando;
+    Nota.FatturaXml.Progressivo = Da.FatturaXml.Progressivo;
+    Nota.FatturaXml.DiFattura = Da.FatturaXml.DiFattura;
+}
+
+/// The document in view is a choice of what to look at; the record changes by its boxes.
+bool AltroDocumento(const Parcella& Prima, const Parcella& Dopo)
+{
+    return Prima.cmbTipoStampa != Dopo.cmbTipoStampa;
+}
+
+template <auto... Membri>
+bool Diversi(const Parcella& Prima, const Parcella& Dopo)
+{
+    return (... || !(Prima.*Membri == Dopo.*Membri));
+}
+
+/// An exact value that brings its bracket along; a bracket that is chosen takes the value away.
+bool ValoreScritto(const Parcella& Prima, const Parcella& Dopo)
+{
+    return Prima.ImportoPrec != Dopo.ImportoPrec && Dopo.ImportoPrec != 0;
+}
+
+QList<quint64> ChiaviDi(const TabellaRighe& Tabella)
+{
+    QList<quint64> Chiavi;
+    Chiavi.reserve(Tabella.Righe());
+    for (int i = 0; i < Tabella.Righe(); ++i)
+        Chiavi.append(Tabella.Chiave(i));
+    return Chiavi;
+}
+
+QList<quint64> Ordinate(QList<quint64> Chiavi)
+{
+    std::ranges::sort(Chiavi);
+    return Chiavi;
+}
+
+/// Cells that differ between two tables of the same rows, counted up to two.
+int CelleDiverse(const TabellaRighe& Prima, const TabellaRighe& Dopo)
+{
+    int Quante = 0;
+    for (int i = 0; i < Prima.Righe(); ++i)
+        for (int j = 0; j < Prima.Colonne() && Quante < 2; ++j)
+            Quante += Prima(i, j) == Dopo(i, j) ? 0 : 1;
+    return Quante;
+}
+
+/// What happened to the lines of a list; empty when nothing did.
+QString NomeRighe(const TabellaRighe& Prima, const TabellaRighe& Dopo, const QString& Elenco)
+{
+    if (Prima == Dopo)
+        return {};
+    const auto Con = [&](QStringView Atto) { return Atto.toString() + u' ' + Elenco; };
+    const QList<quint64> Erano = ChiaviDi(Prima);
+    const QList<quint64> Sono = ChiaviDi(Dopo);
+    if (Sono.size() > Erano.size())
+        return Con(Sono.size() - Erano.size() == 1 ? u"nuova riga" : u"nuove righe");
+    if (Sono.size() < Erano.size())
+        return Con(Erano.size() - Sono.size() == 1 ? u"riga tolta" : u"righe tolte");
+    if (Erano != Sono)
+        return Con(Ordinate(Erano) == Ordinate(Sono) ? u"righe spostate" : u"altre righe");
+    return Con(CelleDiverse(Prima, Dopo) == 1 ? u"cella" : u"importi");
+}
+
+/// A name, and whether the step consists of letters typed into one box.
+struct VocePasso
+{
+    QStringView Nome;
+    bool (*Cambia)(const Parcella&, const Parcella&);
+    bool Testo = false;
+};
+
+/// The first that applies names the step: a parameter before what follows from it.
+constexpr std::array Voci{
+    VocePasso{u"tariffa", Diversi<&Parcella::Tariffa>},
+    VocePasso{u"categoria", Diversi<&Parcella::CodCateg>},
+    VocePasso{u"autorità", Diversi<&Parcella::cmbAutor>},
+    VocePasso{u"valore esatto", ValoreScritto, true},
+    VocePasso{u"scaglione", Diversi<&Parcella::cmbValore>},
+    VocePasso{u"valore esatto", Diversi<&Parcella::ImportoPrec, &Parcella::txtImporto>, true},
+    VocePasso{u"parti assistite", Diversi<&Parcella::PartiAssistite, &Parcella::txtParti>, true},
+    VocePasso{
+        u"variazione",
+        Diversi<&Parcella::AumRidIdx, &Parcella::AumRidVarP, &Parcella::cmbAumRid, &Parcella::txtAumRid>,
+        true},
+    VocePasso{u"cliente", Diversi<&Parcella::IDCli, &Parcella::txtCliente>, true},
+    VocePasso{u"controparte", Diversi<&Parcella::IDCon, &Parcella::txtControp>, true},
+    VocePasso{u"oggetto", Diversi<&Parcella::txtOggetto>, true},
+};
+
+constexpr std::array VociDopoLeRighe{
+    VocePasso{u"spese e imposte",
+              Diversi<&Parcella::chkSpeseGen, &Parcella::chkCP, &Parcella::chkIva, &Parcella::chkRA>},
+    VocePasso{u"percentuale",
+              Diversi<&Parcella::txtSpeGen, &Parcella::txtCP, &Parcella::txtIVA, &Parcella::txtRA>, true},
+    VocePasso{
+        u"opzioni di stampa",
+        Diversi<&Parcella::chkAcconti, &Parcella::chkMinMax, &Parcella::chkRegSempl, &Parcella::chkIvaDiff,
+                &Parcella::chkIBAN, &Parcella::chkFattAcc, &Parcella::optContrTipo>},
+    VocePasso{u"parcella associata", Diversi<&Parcella::optMultiAntPos, &Parcella::chkMultiParam>},
+    VocePasso{u"fattura elettronica", Diversi<&Parcella::FatturaXml>},
+    VocePasso{u"dati di stampa",
+              Diversi<&Parcella::txtDatiPar, &Parcella::txtDatiStaCli, &Parcella::txtDatiStaControp,
+                      &Parcella::txtDatiStaOgg, &Parcella::Rappr, &Parcella::BlocchiScritti>,
+              true},
+};
+
+struct Chiamato
+{
+    QString Nome;
+    bool Testo = false;
+};
+
+template <class Elenco>
+std::optional<Chiamato> Trova(const Elenco& Dove, const Parcella& Prima, const Parcella& Dopo)
+{
+    const auto Voce = std::ranges::find_if(Dove, [&](const VocePasso& V) { return V.Cambia(Prima, Dopo); });
+    if (Voce == std::end(Dove))
+        return std::nullopt;
+    return Chiamato{Voce->Nome.toString(), Voce->Testo};
+}
+
+/// The name of a change; nothing when what differs is none of the user's.
+std::optional<Chiamato> Chiama(const Parcella& Prima, const Parcella& Dopo)
+{
+    if (const auto Parametro = Trova(Voci, Prima, Dopo))
+        return Parametro;
+    for (const QString& Righe : {NomeRighe(Prima.xOnorari, Dopo.xOnorari, u"degli onorari"_s),
+                                 NomeRighe(Prima.xDiritti, Dopo.xDiritti, u"delle spese"_s),
+                                 NomeRighe(Prima.xAcconti, Dopo.xAcconti, u"degli acconti"_s)})
+        if (!Righe.isEmpty())
+            return Chiamato{Righe, false};
+    return Trova(VociDopoLeRighe, Prima, Dopo);
+}
+
+}  // namespace
+
+QString NomeModifica(const Parcella& Prima, const Parcella& Dopo)
+{
+    Parcella Senza = Prima;
+    Riporta(Senza, Dopo);
+    return Chiama(Senza, Dopo).value_or(Chiamato()).Nome;
+}
+
+bool ParametriDiversi(const Parcella& Prima, const Parcella& Dopo)
+{
+    return Diversi<&Parcella::Tariffa, &Parcella::CodCateg, &Parcella::cmbAutor, &Parcella::cmbValore>(Prima,
+                                                                                                       Dopo);
+}
+
+void Cronologia::Comincia(const Parcella& Nota, bool Salvata)
+{
+    Indietro.clear();
+    Avanti.clear();
+    Attuale = Nota;
+    InFile = Salvata ? std::optional(Nota) : std::nullopt;
+    TestoAperto = false;
+}
+
+void Cronologia::Segna(const Parcella& Nota)
+{
+    Riporta(Attuale, Nota);
+    const std::optional<Chiamato> Detto = Chiama(Attuale, Nota);
+    if (!Detto || AltroDocumento(Attuale, Nota)) {
+        Attuale = Nota;
+        return;
+    }
+    Avanti.clear();
+    // Leaving one box may write another: the client of the print is that of the note.
+    const bool Segue = TestoAperto && Detto->Testo && !Indietro.isEmpty();
+    if (!Segue) {
+        if (Indietro.size() == Massimo)
+            Indietro.removeFirst();
+        Indietro.append({Detto->Nome, Attuale});
+    }
+    // Letters that were taken back one by one leave no step.
+    const bool Resta = NomeModifica(Indietro.last().Nota, Nota).size() > 0;
+    if (!Resta)
+        Indietro.removeLast();
+    TestoAperto = Detto->Testo && Resta;
+    Attuale = Nota;
+}
+
+void Cronologia::Allinea(const Parcella& Nota)
+{
+    TestoAperto = false;
+    Attuale = Nota;
+}
+
+void Cronologia::SegnaSalvata(const Parcella& Nota)
+{
+    TestoAperto = false;
+    InFile = Nota;
+}
+
+QString Cronologia::NomeAnnulla() const
+{
+    return Indietro.isEmpty() ? QString() : Indietro.last().Nome;
+}
+
+QString Cronologia::NomeRipeti() const
+{
+    return Avanti.isEmpty() ? QString() : Avanti.last().Nome;
+}
+
+bool Cronologia::Annulla(Parcella& Nota)
+{
+    return Passa(Nota, Indietro, Avanti);
+}
+
+bool Cronologia::Ripeti(Parcella& Nota)
+{
+    return Passa(Nota, Avanti, Indietro);
+}
+
+bool Cronologia::Passa(Parcella& Nota, QList<Passo>& Da, QList<Passo>& A)
+{
+    if (Da.isEmpty())
+        return false;
+    Passo Preso = Da.takeLast();
+    A.append({Preso.Nome, Nota});
+    Riporta(Preso.Nota, Nota);
+    Nota = std::move(Preso.Nota);
+    ::SetModificata(Nota, !InFile || !NomeModifica(*InFile, Nota).isEmpty());
+    Allinea(Nota);
+    return true;
+}
