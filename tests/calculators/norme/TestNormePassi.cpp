@@ -208,6 +208,9 @@ private:
         case GenerePasso::Sospensione:
         case GenerePasso::InizioDifferito:
             return TuttiSospesi(P) ? QString() : u"sospesi che non lo sono"_s;
+        case GenerePasso::Festivo:
+            // The program's own rules know the holidays of today for every year, and another Easter in some.
+            return Legge::Festa(P.Da) || P.Norma == CriterioDelProgramma ? QString() : u"non è festivo"_s;
         case GenerePasso::Domenica:
             return P.Da.dayOfWeek() == 7 ? QString() : u"non è domenica"_s;
         case GenerePasso::Sabato:
@@ -235,6 +238,41 @@ private:
     bool Mosso = false;
     int Contati = 0, Recuperati = 0, Sospesi = 0, Liberi = 0;
 };
+
+/// What a row of the catalogue asks for, by its columns: where nobody says, the earlier date.
+OpzioniTermine OpzioniDi(const TermineRicorrente& Termine)
+{
+    return {Termine.Sospeso ? *Termine.Sospeso : Termine.Antecedente, Termine.Libero,
+            Termine.Sabato ? *Termine.Sabato : Termine.Antecedente, Termine.Antecedente};
+}
+
+/// The due date of a row from its event, or a null one where the row is not in force.
+QDate ScadenzaDi(const TermineRicorrente& Termine, int Quantita, const QDate& Evento,
+                 const std::optional<QDate>& Inizio)
+{
+    const auto Prima = [&](const QDate& G) { return !Termine.Quando.Dal.isNull() && G < Termine.Quando.Dal; };
+    const auto Dopo = [&](const QDate& G) { return !Termine.Quando.Al.isNull() && G > Termine.Quando.Al; };
+    if (Termine.Misura == MisuraVigenza::Evento) {
+        if (Inizio || Prima(Evento) || Dopo(Evento))
+            return {};
+    } else if (Prima(Evento) || (Inizio && (Prima(*Inizio) || Dopo(*Inizio)))) {
+        return {};
+    }
+    Cammino Passi(Evento, OpzioniDi(Termine));
+    Passi.Conta(Quantita, Termine.Tipo);
+    return Passi.Arrivo();
+}
+
+/// A day on which reforms are near, and sometimes the day on which the proceeding began.
+QDate Evento(QRandomGenerator& Sorte)
+{
+    return QDate(1990, 1, 1).addDays(Sorte.bounded(int(QDate(1990, 1, 1).daysTo({2035, 1, 1}))));
+}
+
+std::optional<QDate> Inizio(QRandomGenerator& Sorte, const QDate& Evento)
+{
+    return Sorte.bounded(3) == 0 ? std::optional(Evento.addDays(-Sorte.bounded(4000))) : std::nullopt;
+}
 
 RichiestaTermine ACaso(QRandomGenerator& Sorte)
 {
@@ -274,6 +312,8 @@ private Q_SLOTS:
     void giorniDiLegge();
     void vigenti();
     void programma();
+    void ricorrenti();
+    void catene();
 };
 PROVA(TestNormePassi);
 
@@ -305,7 +345,8 @@ void TestNormePassi::vigenti()
     }
 }
 
-// The road changes nothing in the program's own result, and is a whole one too.
+// The road changes nothing in the program's own result, whose second formulation is TestTerminiPassi, and is
+// a whole one too.
 void TestNormePassi::programma()
 {
     QRandomGenerator Sorte(20261123);
@@ -322,6 +363,66 @@ void TestNormePassi::programma()
         if (!Difetto.isEmpty())
             QFAIL(qPrintable(Difetto + u": "_s + Descrizione(Chiesto, Avuto)));
     }
+}
+
+void TestNormePassi::ricorrenti()
+{
+    const QList<TermineRicorrente>& Tutti = NormeConsegnate().Termini();
+    QRandomGenerator Sorte(20261124);
+    int Contati = 0;
+    for (int i = CasiAlCaso(4000); i > 0; --i) {
+        const TermineRicorrente& Termine = Tutti[Sorte.bounded(int(Tutti.size()))];
+        const QDate Quando = Evento(Sorte);
+        const auto Cominciato = Inizio(Sorte, Quando);
+        const QDate Attesa =
+            Termine.Regola ? QDate() : ScadenzaDi(Termine, Termine.Quantita, Quando, Cominciato);
+        QDate Avuta;
+        (void)Frase(
+            [&] { Avuta = ComputaRicorrente(NormeConsegnate(), Termine, Quando, {}, Cominciato).Scadenza; });
+        if (Avuta != Attesa)
+            QFAIL(qPrintable(u"%1 dal %2, inizio %3: %4, non %5"_s.arg(
+                Termine.Codice, Quando.toString(Qt::ISODate),
+                Cominciato.value_or(QDate()).toString(Qt::ISODate), Avuta.toString(Qt::ISODate),
+                Attesa.toString(Qt::ISODate))));
+        Contati += Attesa.isValid();
+    }
+    QVERIFY2(Contati > CasiAlCaso(4000) / 3, qPrintable(QString::number(Contati)));
+}
+
+void TestNormePassi::catene()
+{
+    const QList<CatenaTermini>& Tutte = NormeConsegnate().Catene();
+    QRandomGenerator Sorte(20261125);
+    int Contate = 0;
+    for (int i = CasiAlCaso(4000) / 4; i > 0; --i) {
+        const CatenaTermini& Catena = Tutte[Sorte.bounded(int(Tutte.size()))];
+        const QDate Quando = Evento(Sorte);
+        const auto Cominciato = Inizio(Sorte, Quando);
+        QMap<QString, QDate> Date;
+        QMap<QString, int> Giorni;
+        QList<QDate> Attese;
+        for (const AnelloCatena& Anello : Catena.Anelli) {
+            const TermineRicorrente& Termine = *TrovaTermine(NormeConsegnate(), Anello.Termine);
+            const QDate Da = Anello.Inizio == InizioAnello::Scadenza ? Date[Anello.Da] : Quando;
+            Giorni[Anello.Termine] =
+                Termine.Quantita + (Anello.Inizio == InizioAnello::Aumento ? Giorni[Anello.Da] : 0);
+            Date[Anello.Termine] = ScadenzaDi(Termine, Giorni[Anello.Termine], Da, Cominciato);
+            Attese << Date[Anello.Termine];
+            if (!Attese.last().isValid())
+                break;
+        }
+        if (!Attese.last().isValid())
+            Attese.clear();
+        QList<QDate> Avute;
+        (void)Frase([&] {
+            for (const ScadenzaCatena& Una : ComputaCatena(NormeConsegnate(), Catena, Quando, {}, Cominciato))
+                Avute << Una.Esito.Scadenza;
+        });
+        if (Avute != Attese)
+            QFAIL(qPrintable(Catena.Codice + u" dal "_s + Quando.toString(Qt::ISODate)));
+        Contate += !Attese.isEmpty();
+    }
+    QVERIFY(Contate > 200);
 }
 
 #include "TestNormePassi.moc"
