@@ -39,6 +39,13 @@ bool HaSospeso(const Strada& Passi, const QDate& Giorno)
     });
 }
 
+/// A step as a sentence: the columns of the table may be too narrow for its norm.
+QString TestoPasso(const PassoStrada& Passo)
+{
+    const QString Norma = NormaPasso(Passo);
+    return DescrizionePasso(Passo) + (Norma.isEmpty() ? QString() : u": "_s + Norma);
+}
+
 /// The kind of a day by the steps of a road: the last step that touches it, since a due date that moves is
 /// the last thing that happens to a day.
 int SegnoDi(const Strada& Passi, const QDate& Giorno)
@@ -115,9 +122,9 @@ void frmStrada::Colonne()
         return Nuova;
     };
     Righe.Azzera(NumColonne);
-    ui->tdbStrada->ImpostaColonne({Colonna(u"Date"_s, ColDate, 20),
+    ui->tdbStrada->ImpostaColonne({Colonna(u"Date"_s, ColDate, 19),
                                    Colonna(u"Giorni"_s, ColGiorni, 6, Qt::AlignRight),
-                                   Colonna(u"Che cosa"_s, ColPasso, 24), Colonna(u"Norma"_s, ColNorma, 18)});
+                                   Colonna(u"Che cosa"_s, ColPasso, 23), Colonna(u"Norma"_s, ColNorma, 12)});
     ui->tdbStrada->Lega(&Righe);
     ui->tdbStrada->Suggerimento = [this](int Riga) {
         return Riga >= 0 && Riga < Righe.Righe()
@@ -192,6 +199,7 @@ void frmStrada::MostraRiga(int Riga)
     ParteMostrata = Posto.Parte;
     ui->lblTermine->setText(Una.Titolo);
     ui->lblScadenza->setText(Una.Risultato);
+    ui->lblPasso->setText(Posto.Passo < 0 ? QString() : TestoPasso(Una.Passi[Posto.Passo]));
     const PassoStrada& Fine = Una.Passi.last();
     ui->Calendario->Segna(Una.Passi.first().Da, {Fine.A});
     ui->Calendario->ImpostaData(Posto.Passo < 0 ? Fine.A : Una.Passi[Posto.Passo].Da);

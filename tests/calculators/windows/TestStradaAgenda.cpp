@@ -59,6 +59,9 @@ void TestStradaAgenda::stradaDelRisultato()
                           u"01/08/2026 - 31/08/2026|31|Sospensione feriale"_s,
                           u"01/09/2026 - 19/09/2026|19|Giorni del termine"_s, u"19/09/2026||Scadenza"_s}));
     QVERIFY(Modello->index(2, 3).data().toString().contains(u"742/1969"));
+    // The norm of the row in full, however narrow its column.
+    Tabella->ImpostaRigaCorrente(2);
+    QCOMPARE(TestoDi(Passi, "lblPasso"), u"Sospensione feriale: "_s + Modello->index(2, 3).data().toString());
 }
 
 void TestStradaAgenda::stradaDelProgramma()
