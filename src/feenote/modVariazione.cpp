@@ -477,7 +477,7 @@ QString FraseVariazione(const Parcella& Nota)
 {
     if (!Varia(Nota))
         return {};
-    if (const QString Propria = FrasePropria(Nota); !Propria.isEmpty())
+    if (QString Propria = FrasePropria(Nota); !Propria.isEmpty())
         return Propria;
     QString Frase = u"Applicat"_s + (Nota.AumRidVarP >= 1 ? u"o aumento "_s : u"a riduzione del "_s) +
                     QString::number(std::abs(Nota.AumRidVarP)) + u"% "_s;

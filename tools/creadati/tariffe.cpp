@@ -39,7 +39,7 @@ QString FileTabella(const QString& Cartella, const QString& Nome, const FormaTar
 
 QString LeggiScelta(const TabellaTesto& Tabella, int Riga, const QString& Colonna, const QStringList& Ammesse)
 {
-    const QString Cella = Tabella.Testo(Riga, Colonna);
+    QString Cella = Tabella.Testo(Riga, Colonna);
     if (!Ammesse.contains(Cella))
         Tabella.Rifiuta(Riga, Colonna, u"«%1» non è fra %2"_s.arg(Cella, Ammesse.join(u", "_s)));
     return Cella;
@@ -229,7 +229,7 @@ VoceTariffa LeggiVoce(const TabellaTesto& Tabella, int Riga)
 QString LeggiQuantita(const TabellaTesto& Tabella, int Riga)
 {
     static const QRegularExpression Minimo(u"\\A>[0-9]{1,9}([.][0-9]{1,2})?\\z"_s);
-    const QString Regola = Tabella.Testo(Riga, Quantita, 20, true);
+    QString Regola = Tabella.Testo(Riga, Quantita, 20, true);
     if (Regola.startsWith(u'>') && !Minimo.match(Regola).hasMatch())
         Tabella.Rifiuta(Riga, Quantita, u"dopo > serve un importo"_s);
     return Regola;

@@ -116,7 +116,7 @@ private:
         if (Testi.Gruppi.contains(Nome))
             Una.Rifiuta(-1, u"il gruppo «%1» è già descritto"_s.arg(Nome));
         Una.Titolo = Una.Titolo.mid(Segno + 1).trimmed();
-        Testi.Gruppi.insert(Nome, std::move(Una));
+        Testi.Gruppi.insert(Nome, Una);
     }
 
     void AggiungiVoce(SezioneScheda Una)

@@ -109,9 +109,9 @@ QString TestoDi(const QJsonValue& Valore)
 RapportoAccess LeggiRapporto(const QJsonObject& Risposta)
 {
     RapportoAccess Rapporto;
-    for (const QJsonValue& Voce : Risposta[u"tabelle"_s].toArray())
+    for (const auto& Voce : Risposta[u"tabelle"_s].toArray())
         Rapporto.Tabelle.append({TestoDi(Voce[u"nome"]), Voce[u"righe"].toInteger()});
-    for (const QJsonValue& Voce : Risposta[u"tralasciati"_s].toArray())
+    for (const auto& Voce : Risposta[u"tralasciati"_s].toArray())
         Rapporto.Tralasciati.append({TestoDi(Voce[u"cosa"]), TestoDi(Voce[u"perche"])});
     return Rapporto;
 }
@@ -277,7 +277,7 @@ std::optional<RapportoAccess> Converti(const QString& Da, const QString& A, cons
     for (int Volta = 0; Volta < 2; ++Volta) {
         const Provvisorio Costruito(Accanto);
         const Impronta Prima = ImprontaDi(Origine);
-        const std::optional<RapportoAccess> Rapporto = Leggi(Origine, Accanto, Come);
+        std::optional<RapportoAccess> Rapporto = Leggi(Origine, Accanto, Come);
         if (!Rapporto)
             return std::nullopt;
         if (ImprontaDi(Origine) != Prima)

@@ -171,7 +171,7 @@ QString CartellaDelleCopie()
 {
     static QString Pronta;
     const std::lock_guard Mio(TurnoElenco());
-    const QString Cartella = Radice();
+    QString Cartella = Radice();
     if (Cartella.isEmpty())
         throw Errore(errori::Accesso);
     if (Pronta != Cartella || !EsisteCartella(Cartella)) {
@@ -188,7 +188,7 @@ QString CopiaNativa(const QString& Percorso)
     if (!EDiAccess(File))
         return Percorso;
     const QString Nome = NomeCopia(QFileInfo(File));
-    const QString Copia = CartellaDelleCopie() + Nome;
+    QString Copia = CartellaDelleCopie() + Nome;
     ControllaRifiuto(Nome);
     // Of two programs or threads that want it at once one makes it, and the other one takes it. Who waits for
     // too long makes one of his own. Other files do not wait for that.
