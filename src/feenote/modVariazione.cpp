@@ -242,9 +242,11 @@ QString FraseVariazioneTolta(const Parcella& Nota, const QString& Dove)
 void ScegliAumRid(Parcella& Nota, int Indice)
 {
     if (Indice == Nota.AumRidIdx) {
-        if (Nota.VariazioneTenuta != AumRidLibera)
+        if (Nota.VariazioneTenuta != AumRidLibera) {
+            Nota.VariazioneTenuta = AumRidLibera;
+            Nota.OpzioneSalvata.reset();
             SetModificata(Nota, true);
-        Nota.VariazioneTenuta = AumRidLibera;
+        }
         return;
     }
     const OpzioneAumRid* Opzione = OpzioneDi(Nota, Indice);

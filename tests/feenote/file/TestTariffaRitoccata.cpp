@@ -216,8 +216,13 @@ void TestTariffaRitoccata::laSceltaNuovaVale()
         SegnaRicalcolo(Letta);
         EntraOnorari(Letta, Voci);
     }
+    if (Che == u"libera")
+        QCOMPARE(FraseVariazione(Letta),
+                 u"Applicato aumento 20% "_s);  // that of the file was another option's
     ScriviNota(File, Letta);
     const MemoriaFile Dopo = MemoriaDi(File);
+    QCOMPARE(Dopo.contains(u"Variazione.Frase"_s),
+             OpzioneInForza(Letta)->Numero != AumRidLibera && Letta.AumRidVarP != 0);
     const auto Numero = [&Dopo](const QString& Nome) { return Dopo.value(u"Tariffa."_s + Nome).toInt(); };
     QCOMPARE(Numero(u"Autorita"_s), Letta.IDAutSelezionata());
     const ScaglioneValore* Scelto = Letta.ScaglioneSelezionato();
