@@ -12,6 +12,7 @@
 #include <span>
 
 struct Catena;
+struct Parcella;
 struct Decreto;
 
 /// What a command answers: one line of text, and the same as a record for --json.
@@ -69,6 +70,9 @@ struct ComandoCli
 /// The table of commands, in the order of the help.
 [[nodiscard]] std::span<const ComandoCli> ComandiCli();
 
+/// A saved note, with another one joined to it as the window's panel does.
+[[nodiscard]] Parcella LeggiNota(const QString& Percorso, const NotaMultipla& Altra = {});
+
 /// The commands that work on fee-note files.
 [[nodiscard]] Risposta ComandoCrea(const QStringList& Valori);
 [[nodiscard]] Risposta ComandoNota(const QStringList& Valori);
@@ -89,7 +93,7 @@ struct ComandoCli
 [[nodiscard]] Risposta ComandoVoci(const QStringList& Valori, const Decreto& Legge);
 
 /// The electronic invoice of a note into a file, whole or not at all; the counter of such files steps first.
-[[nodiscard]] Risposta ComandoFattura(const QStringList& Valori);
+[[nodiscard]] Risposta ComandoFattura(const QStringList& Valori, const NotaMultipla& Altra = {});
 /// What is wrong with the file of an electronic invoice, whoever has written it. It fails where the exchange
 /// system would send the file back.
 [[nodiscard]] Risposta ComandoControllaFattura(const QStringList& Valori);

@@ -64,20 +64,34 @@ QString Ricorda(const QString& Percorso, const QString& Nome, const QString& Pro
     return {};
 }
 
-/// The note as its invoice takes it: client's block and subject as the print has them.
-Parcella LeggiNota(const QString& Percorso)
+/// The note as its invoice takes it: the client's block as the print has it. A note that was printed together
+/// with another one is no invoice by itself.
+Parcella LeggiFattura(const QString& Percorso, const NotaMultipla& Altra)
 {
-    Parcella Nota;
-    CaricaDati(Nota, PercorsoNativo(Percorso));
+    Parcella Nota = LeggiNota(Percorso, Altra);
+    if (!Nota.Multipla() && !Nota.txtPathParcMult.isEmpty())
+        throw Errore(
+            NumeroFatturaRifiutata,
+            u"La parcella è associata a %1: indicarla con --multipla, o togliere l'associazione"_s.arg(
+                Nota.txtPathParcMult));
     RicomponiBlocco(Nota);
     return Nota;
 }
 
+/// Sentences one after the other, on one line.
+QString InRiga(QStringList Testi)
+{
+    for (QString& Testo : Testi)
+        if (Testo.endsWith(u'.'))
+            Testo.chop(1);
+    return Testi.join(u"; "_s);
+}
+
 }  // namespace
 
-Risposta ComandoFattura(const QStringList& Valori)
+Risposta ComandoFattura(const QStringList& Valori, const NotaMultipla& Altra)
 {
-    const Parcella Nota = LeggiNota(Valori[0]);
+    const Parcella Nota = LeggiFattura(Valori[0], Altra);
     const QString Uscita = PercorsoNativo(Valori[1]);
     const Cedente Studio = CedenteDaImpostazioni();
     const Cessionario Cliente = CessionarioDellaNota(Nota);
@@ -92,7 +106,7 @@ Risposta ComandoFattura(const QStringList& Valori)
     // Whatever can be known before is, so that no number is taken in vain.
     const Composizione Prova = Componi(ProssimaTrasmissione());
     if (!Prova.Completa())
-        throw Errore(NumeroFatturaRifiutata, Frasi(Prova.Mancanze).join(u' '));
+        throw Errore(NumeroFatturaRifiutata, InRiga(Frasi(Prova.Mancanze)));
     if (EsisteFile(Uscita))
         throw Errore(58, u"Il file %1 esiste già"_s.arg(NomeFile(Uscita)));
     const Composizione Fatta = Componi(PrendiTrasmissione());

@@ -30,25 +30,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Parcella LeggiNota(const QString& Percorso)
-{
-    Parcella Nota;
-    CaricaDati(Nota, PercorsoNativo(Percorso));
-    return Nota;
-}
-
-/// A note with another one joined to it, as the window's panel does.
-Parcella LeggiNota(const QString& Percorso, const NotaMultipla& Altra)
-{
-    Parcella Nota = LeggiNota(Percorso);
-    if (Altra.Percorso.isEmpty())
-        return Nota;
-    if (!AssociaMulti(Nota, Altra.Percorso))
-        throw Errore(5, StessaParcella.toString());
-    Nota.optMultiAntPos = Altra.Prima ? 1 : 0;
-    return Nota;
-}
-
 /// The name under which a note is saved: the extension is added, the characters that names may not hold
 /// are refused.
 QString NomePerSalvare(const QString& Chiesto)
@@ -116,6 +97,18 @@ QString TitoloDi(const QString& Documento, const QString& File)
 }
 
 }  // namespace
+
+Parcella LeggiNota(const QString& Percorso, const NotaMultipla& Altra)
+{
+    Parcella Nota;
+    CaricaDati(Nota, PercorsoNativo(Percorso));
+    if (Altra.Percorso.isEmpty())
+        return Nota;
+    if (!AssociaMulti(Nota, Altra.Percorso))
+        throw Errore(5, StessaParcella.toString());
+    Nota.optMultiAntPos = Altra.Prima ? 1 : 0;
+    return Nota;
+}
 
 Risposta ComandoCrea(const QStringList& Valori)
 {

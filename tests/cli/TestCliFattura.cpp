@@ -136,6 +136,7 @@ private Q_SLOTS:
     void unaNotaCheNonEUnaFattura();
     void ilContatoreAllaFine();
     void laParcellaRicordaIlFile();
+    void conUnAltraParcella();
 };
 PROVA(TestCliFattura);
 
@@ -270,8 +271,8 @@ void TestCliFattura::cioCheManca()
     }),
                                           File);
     QCOMPARE(Risposta.Stato, 1);
-    QVERIFY2(Risposta.Guasti.contains(u"Manca il numero della fattura."_s) &&
-                 Risposta.Guasti.contains(u"Collegare la parcella a un cliente"_s),
+    QVERIFY2(Risposta.Guasti.startsWith(u"Errore: Collegare la parcella a un cliente"_s) &&
+                 Risposta.Guasti.contains(u"indirizzo; Manca il numero della fattura (322)"_s),
              qPrintable(Risposta.Guasti));
     QCOMPARE(Risposta.Guasti.count(u'\n'), 1);
     QVERIFY(!EsisteFile(File));
@@ -333,6 +334,29 @@ void TestCliFattura::laParcellaRicordaIlFile()
     Letta.txtDatiPar[DatoNumFatt] = u"8"_s;
     ScriviNota(File, Letta);
     QCOMPARE(Studio.Fattura(File, Studio.Cartella + u"b.xml"_s).Stato, 0);
+}
+
+void TestCliFattura::conUnAltraParcella()
+{
+    const Ufficio Studio;
+    const QString Altra = Studio.Nota([](Parcella& Nota) { Nota.xOnorari(0, OnoImporto) = 500.0; });
+    const QString Seconda = Studio.Cartella + u"seconda.mdb"_s;
+    QVERIFY(QFile::rename(Altra, Seconda));
+    // A note that remembers another one is no invoice by itself.
+    const QString File = Studio.Nota([&](Parcella& Nota) {
+        Nota.txtParcMultipla = u"seconda"_s;
+        Nota.txtPathParcMult = Seconda;
+    });
+    const Esito Sola = Studio.Fattura(File, Studio.Cartella + u"a.xml"_s);
+    QCOMPARE(Sola.Stato, 1);
+    QVERIFY2(Sola.Guasti.contains(u"indicarla con --multipla"_s), qPrintable(Sola.Guasti));
+    const Esito Insieme =
+        Studio.Fattura(File, Studio.Cartella + u"a.xml"_s, {u"--multipla"_s, Seconda, u"--prima"_s});
+    QCOMPARE(Insieme.Stato, 0);
+    const QByteArray Byte = LeggiFile(Studio.Cartella + u"a.xml"_s);
+    // 1500 + 225 = 1725; fund 69; 22 % of 1794 = 394,68
+    QVERIFY(Byte.contains("<ImportoTotaleDocumento>2188.68<"));
+    QVERIFY(Byte.indexOf("<PrezzoTotale>500.00<") < Byte.indexOf("<PrezzoTotale>1000.00<"));
 }
 
 #include "TestCliFattura.moc"

@@ -215,7 +215,9 @@ private:
         for (const FraseRegime& Frase : FrasiRegime)
             if (Frase.Regime == Fattura.Regime)
                 Fattura.Causali += Frase.Testo.toString();
-        if (PerCassa())
+        if (PerCassa() && Fattura.Regime == u"RF16")
+            Fattura.Causali += u"IVA a esigibilità differita, art. 6 c. 5 DPR 633/1972."_s;
+        else if (PerCassa())
             Fattura.Causali += u"IVA per cassa ai sensi dell'art. 32-bis del DL 83/2012."_s;
     }
 
@@ -410,6 +412,10 @@ private:
             const CampoFattura Dove = Linea.Importo < 0              ? CampoFattura::NotaAcconti
                                       : Linea.Natura == NaturaEsenti ? CampoFattura::NotaSpese
                                                                      : CampoFattura::NotaOnorari;
+            // A text of signs that nobody sees says nothing.
+            if (const TestoPulito Pulito = PulisciTesto(Linea.Descrizione, AlfabetoFattura::Latino);
+                Pulito.Testo.isEmpty() && Pulito.Rifiutati.isEmpty())
+                Linea.Descrizione = u"Prestazione professionale"_s;
             Linea.Descrizione =
                 Note.Testo(Linea.Descrizione, {Dove, u"la descrizione di una riga", MassimoDescrizione});
         }
@@ -441,6 +447,8 @@ private:
             Voce.Esigibilita = Scelta.ScissionePagamenti ? u"S"_s : PerCassa() ? u"D"_s : u"I"_s;
             Voce.RiferimentoNormativo = Scelta.ScissionePagamenti
                                             ? u"Scissione dei pagamenti, art. 17-ter DPR 633/1972"_s
+                                        : PerCassa() && Fattura.Regime == u"RF16"
+                                            ? u"IVA a esigibilità differita, art. 6 c. 5 DPR 633/1972"_s
                                         : PerCassa() ? u"IVA per cassa, art. 32-bis DL 83/2012"_s
                                                      : QString();
         }
@@ -457,9 +465,7 @@ private:
         for (const LineaFattura& Linea : Fattura.Linee)
             Base += Centesimi(Linea.Importo);
         const qint64 Attesa = Centesimi(Conti.Totale) - Centesimi(Conti.CP) - Centesimi(Conti.IVA);
-        constexpr int DecimaliGuardati = 6;
-        const bool Intero = Round(Conti.Imponibile, DecimaliGuardati) == Arrotonda2(Conti.Imponibile);
-        if (Somma != Centesimi(Conti.Totale) || Base != Attesa || !Intero)
+        if (Somma != Centesimi(Conti.Totale) || Base != Attesa || HaFrazioni(Nota, Scelta.Documento))
             Note.Manca(CampoFattura::NotaOnorari,
                        u"Un importo della parcella ha frazioni di centesimo, che la fattura "
                        "elettronica non ammette: correggere le righe."_s);
@@ -564,7 +570,9 @@ SceltaFattura SceltaDaNota(const Parcella& Nota)
     Scelta.Data = LeggiData(Nota.DatiPar(DatoDataFatt)).value_or(QDate());
     Scelta.Numero = Nota.DatiPar(DatoNumFatt).trimmed();
     const QString Anno = u'/' + QString::number(Scelta.Data.year());
-    if (!Scelta.Numero.isEmpty() && Scelta.Data.isValid() && !Scelta.Numero.endsWith(Anno))
+    // The year alone makes no number of a text.
+    const bool ConCifre = std::ranges::any_of(Scelta.Numero, [](QChar C) { return C >= u'0' && C <= u'9'; });
+    if (ConCifre && Scelta.Data.isValid() && !Scelta.Numero.endsWith(Anno))
         Scelta.Numero += Anno;
     return Scelta;
 }

@@ -1,5 +1,7 @@
 #include "feenote/einvoice/lettura.h"
 
+#include <QRegularExpression>
+#include <QStringDecoder>
 #include <QXmlStreamReader>
 
 using namespace Qt::StringLiterals;
@@ -22,6 +24,18 @@ bool TroppiAttributi(const QByteArray& Byte)
         Uguale = Segno == '=' || (Uguale && Vuoto);
     }
     return false;
+}
+
+/// The name of an encoding that the file declares and that is not known here; empty: none.
+QString CodificaIgnota(const QByteArray& Byte)
+{
+    constexpr qsizetype Dichiarazione = 200;
+    static const QRegularExpression Forma(
+        u"^\\s*<\\?xml[^>]*encoding\\s*=\\s*[\"']([A-Za-z0-9._-]{1,40})[\"']"_s);
+    const QRegularExpressionMatch Trovata =
+        Forma.match(QString::fromLatin1(Byte.first(qMin(Byte.size(), Dichiarazione))));
+    const QString Nome = Trovata.captured(1);
+    return Nome.isEmpty() || QStringDecoder(Nome.toLatin1().constData()).isValid() ? QString() : Nome;
 }
 
 /// Builds the tree while the reader goes through the file; nothing calls itself.
@@ -154,5 +168,7 @@ LetturaXml LeggiXml(const QByteArray& Byte)
 {
     if (TroppiAttributi(Byte))
         return {{}, u"Il file ha un elemento con troppi attributi per una fattura."_s, 0};
+    if (const QString Codifica = CodificaIgnota(Byte); !Codifica.isEmpty())
+        return {{}, u"La codifica dichiarata dal file non si legge qui: %1"_s.arg(Codifica), 1};
     return Costruttore(Byte).Leggi();
 }

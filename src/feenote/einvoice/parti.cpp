@@ -23,9 +23,17 @@ QString SenzaPaese(const QString& Codice, const QString& Paese)
 {
     const QString Testo = Compatto(Codice);
     for (const QString& Davanti : {Paese, Paese == u"GR" ? u"EL"_s : Paese})
-        if (!Davanti.isEmpty() && Testo.startsWith(Davanti))
+        // A Swiss number begins with CHE, of which CH is no country put in front.
+        if (!Davanti.isEmpty() && Testo.startsWith(Davanti) && !Testo.startsWith(u"CHE"))
             return Testo.sliced(Davanti.size());
     return Testo;
+}
+
+/// A text that says nothing once signs that nobody sees are gone.
+bool Vuoto(const QString& Testo)
+{
+    const TestoPulito Pulito = PulisciTesto(Testo, AlfabetoFattura::Latino);
+    return Pulito.Testo.isEmpty() && Pulito.Rifiutati.isEmpty();
 }
 
 /// How a party is called in a sentence, and the fields that its sentences lead to.
@@ -90,14 +98,14 @@ public:
     {
         constexpr qsizetype MassimoNome = 60;
         constexpr qsizetype MassimoDenominazione = 80;
-        if (!Nome.trimmed().isEmpty() && !Cognome.trimmed().isEmpty()) {
+        if (!Vuoto(Nome) && !Vuoto(Cognome)) {
             Scritta.Nome = Testo(Nome, Chi.Nome, u"il nome", MassimoNome);
             Scritta.Cognome = Testo(Cognome, Chi.Nome, u"il cognome", MassimoNome);
             return;
         }
-        const QString Intero = Denominazione.trimmed().isEmpty() ? Nome + u' ' + Cognome : Denominazione;
+        const QString Intero = Vuoto(Denominazione) ? Nome + u' ' + Cognome : Denominazione;
         Scritta.Denominazione = Testo(Intero, Chi.Nome, u"la denominazione", MassimoDenominazione);
-        if (Intero.trimmed().isEmpty())
+        if (Vuoto(Intero))
             Manca(Chi.Nome, u"il nome"_s);
     }
 
@@ -116,12 +124,12 @@ public:
             NonValido(Chi.Nazione, u"la sigla della nazione"_s, Pulita.Nazione);
         const bool Estera = Pulita.Nazione != Italia;
         Pulita.Indirizzo = Testo(Scritta.Indirizzo, Chi.Indirizzo, u"l'indirizzo", MassimoIndirizzo);
-        if (Scritta.Indirizzo.trimmed().isEmpty())
+        if (Vuoto(Scritta.Indirizzo))
             Manca(Chi.Indirizzo, u"l'indirizzo"_s);
         const QString Civico = u"il numero civico "_s + Chi.Di.toString();
         Pulita.NumeroCivico = Note.Sigla(Scritta.NumeroCivico, {Chi.Civico, Civico, MassimoCivico});
         Pulita.Comune = Testo(Scritta.Comune, Chi.Comune, u"il comune", MassimoIndirizzo);
-        if (Scritta.Comune.trimmed().isEmpty())
+        if (Vuoto(Scritta.Comune))
             Manca(Chi.Comune, u"il comune"_s);
         // Foreign codes of places have no form of their own: the exchange system takes five zeros.
         Pulita.Cap = Estera ? u"00000"_s : Compatto(Scritta.Cap);
@@ -187,8 +195,15 @@ IdFiscale CodiceEstero(const Cessionario& Scritto, const QString& Paese, const P
     return {Paese, Codice};
 }
 
+/// An Italian VAT number, of somebody whose seat is abroad.
+bool HaPartitaItaliana(const Cessionario& Scritto)
+{
+    const QString Codice = Compatto(Scritto.PartitaIva);
+    return Scritto.Estero() && Codice.startsWith(Italia) && PartitaIvaTorna(Codice);
+}
+
 /// Who lives abroad with an Italian tax code is known by it, and finds the invoice in his own area.
-bool ResidenteAllEstero(const Cessionario& Scritto)
+bool HaCodiceItaliano(const Cessionario& Scritto)
 {
     constexpr qsizetype CaratteriPersona = 16;
     return Scritto.Estero() && Scritto.PartitaIva.trimmed().isEmpty() &&
@@ -235,8 +250,9 @@ void ComponiDestinatario(FatturaElettronica& Fattura, const QString& Codice, con
     if (!Scritto.Estero() && Codice == DestinatarioEstero)
         Note.Manca(CampoFattura::ClienteDestinatario,
                    u"Il codice destinatario %1 è per i clienti esteri: il cliente è italiano."_s.arg(Codice));
-    const QStringView Proprio =
-        Scritto.Estero() && !ResidenteAllEstero(Scritto) ? DestinatarioEstero : DestinatarioIgnoto;
+    const QStringView Proprio = Scritto.Estero() && !HaCodiceItaliano(Scritto) && !HaPartitaItaliana(Scritto)
+                                    ? DestinatarioEstero
+                                    : DestinatarioIgnoto;
     Fattura.CodiceDestinatario = Codice.isEmpty() ? Proprio.toString() : Codice;
     if (Fattura.CodiceDestinatario != DestinatarioIgnoto)
         return;
@@ -305,9 +321,9 @@ void ComponiCessionario(FatturaElettronica& Fattura, const Cessionario& Scritto,
     ParteFattura& Parti = Fattura.Cessionario;
     Chi.Nomi(Parti, Scritto.Denominazione, Scritto.Nome, Scritto.Cognome);
     Parti.Indirizzo = Chi.Indirizzo(Scritto.Indirizzo);
-    if (ResidenteAllEstero(Scritto)) {
+    if (HaCodiceItaliano(Scritto)) {
         Parti.CodiceFiscale = Chi.CodiceFiscale(Scritto.CodiceFiscale);
-    } else if (Scritto.Estero()) {
+    } else if (Scritto.Estero() && !HaPartitaItaliana(Scritto)) {
         Parti.IdFiscaleIva = CodiceEstero(Scritto, Parti.Indirizzo.Nazione, Chi, Note);
     } else {
         Parti.IdFiscaleIva = Chi.PartitaIva(Scritto.PartitaIva);

@@ -151,6 +151,28 @@ AddebitoBollo TrovaAddebitoBollo(const Parcella& Nota)
     return {};
 }
 
+bool HaFrazioni(const Parcella& Nota, int Tipo)
+{
+    constexpr int DecimaliGuardati = 6;
+    const auto Spezzato = [](const QList<const TabellaRighe*>& Tabelle, const QList<int>& Colonne,
+                             bool InValuta) {
+        for (const TabellaRighe* Righe : Tabelle)
+            for (int Riga = 0; Riga < Righe->Righe(); ++Riga)
+                for (const int Colonna : Colonne) {
+                    const double Importo =
+                        InValuta ? AccontoInEuro((*Righe)(Riga, Colonna), (*Righe)(Riga, AccValuta))
+                                 : NumeroDi((*Righe)(Riga, Colonna));
+                    if (Round(Importo, DecimaliGuardati) != Arrotonda2(Importo))
+                        return true;
+                }
+        return false;
+    };
+    return Spezzato(InOrdine(Nota, Nota.xOnorari, Nota.Multi.xOnorari), {OnoImporto}, false) ||
+           Spezzato(InOrdine(Nota, Nota.xDiritti, Nota.Multi.xDiritti), {DirImponibile, DirEsente}, false) ||
+           (ContanoGliAcconti(Nota, Tipo) && Spezzato(InOrdine(Nota, Nota.xAcconti, Nota.Multi.xAcconti),
+                                                      {AccCorrispettivi, AccSpeseImp, AccSpeseEsenti}, true));
+}
+
 QList<LineaFattura> LineeFattura(const Parcella& Nota, const Catena& Conti, const TrattamentoFiscale& Fisco,
                                  bool ConBollo)
 {

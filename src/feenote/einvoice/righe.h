@@ -29,6 +29,9 @@ struct AddebitoBollo
 };
 [[nodiscard]] AddebitoBollo TrovaAddebitoBollo(const Parcella& Nota);
 
+/// True when an amount that becomes a line has parts of a cent.
+[[nodiscard]] bool HaFrazioni(const Parcella& Nota, int Tipo);
+
 /// The lines in the order of the document, amounts of 0 left out. Each payment on account is one negative
 /// line for each base that it reduces. Their sum is the chain's base with the exempt amounts.
 ///

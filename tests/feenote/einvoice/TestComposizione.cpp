@@ -389,12 +389,12 @@ QList<Caso> Casi()
               Avvocato(),
               [] {
                   Cessionario Cliente = Estera();
-                  Cliente.PartitaIva = u"CHE123456789"_s;
+                  Cliente.PartitaIva = u"CHE-123.456.789 IVA"_s;
                   Cliente.Indirizzo.Nazione = u"CH"_s;
                   return Cliente;
               }(),
               Nulla,
-              {{u"CessionarioCommittente/DatiAnagrafici/IdFiscaleIVA/IdCodice"_s, {u"E123456789"_s}},
+              {{u"CessionarioCommittente/DatiAnagrafici/IdFiscaleIVA/IdCodice"_s, {u"CHE123456789IVA"_s}},
                {u"RiferimentoNormativo"_s, {u"Artt. da 7 a 7-septies DPR 633/1972"_s}}}};
     Tutti += {"forfettaria verso l'estero, natura scelta",
               Forfettaria(),
@@ -402,6 +402,39 @@ QList<Caso> Casi()
               Estera(),
               [](SceltaFattura& S) { S.Natura = u"N2.1"_s; },
               {{u"DatiRiepilogo/Natura"_s, {u"N2.1"_s}}, {u"DatiCassaPrevidenziale/Natura"_s, {u"N2.1"_s}}}};
+    Tutti += {"estera con la partita IVA italiana",
+              Con(Ordinaria(), [](Cifre& C) { C.RA = 0; }),
+              Avvocato(),
+              [] {
+                  Cessionario Cliente = Estera();
+                  Cliente.PartitaIva = u"IT 09876543217"_s;
+                  return Cliente;
+              }(),
+              Nulla,
+              {{u"CessionarioCommittente/DatiAnagrafici/IdFiscaleIVA/IdPaese"_s, {u"IT"_s}},
+               {u"CessionarioCommittente/DatiAnagrafici/IdFiscaleIVA/IdCodice"_s, {u"09876543217"_s}},
+               {u"CessionarioCommittente/Sede/Nazione"_s, {u"DE"_s}},
+               {u"CodiceDestinatario"_s, {u"0000000"_s}}}};
+    Tutti += {"IVA differita verso le amministrazioni",
+              Con(Ordinaria(), [](Cifre& C) { C.PerCassa = true; }),
+              Avvocato(u"RF16"_s),
+              Societa(),
+              Nulla,
+              {{u"EsigibilitaIVA"_s, {u"D"_s}},
+               {u"RiferimentoNormativo"_s, {u"IVA a esigibilità differita, art. 6 c. 5 DPR 633/1972"_s}},
+               {u"Causale"_s,
+                {u"Oggetto: Rossi contro Bianchi"_s,
+                 u"IVA a esigibilità differita, art. 6 c. 5 DPR 633/1972."_s}}}};
+    Tutti += {"trenta righe grandi",
+              Con(Ordinaria(),
+                  [](Cifre& C) {
+                      C.Onorari = QList<qint64>(30, 999999999);
+                      C.Spese = {{1, 999999999}};
+                  }),
+              Avvocato(),
+              Societa(),
+              Nulla,
+              {}};
     Tutti += {"natura scelta",
               Con(Ordinaria(), [](Cifre& C) { C.IVA = C.RA = 0; }),
               Avvocato(),

@@ -372,6 +372,8 @@ void TestControlli::fileCheNonSono_data()
     QTest::newRow("risate")
         << "<!DOCTYPE a [<!ENTITY b \"bbbbbbbbbb\"><!ENTITY c \"&b;&b;&b;&b;&b;&b;&b;&b;\"><!ENTITY d \"&c;&c;&c;&c;&c;&c;\">]><a>&d;</a>"_ba
         << u"00200"_s << u"tipo di documento"_s;
+    QTest::newRow("codifica ignota") << "<?xml version=\"1.0\" encoding=\"EBCDIC-IT\"?><a/>"_ba << u"00200"_s
+                                     << u"non si legge qui: EBCDIC-IT"_s;
     QTest::newRow("un attributo di troppo") << Attributi(65) << u"00200"_s << u"troppi attributi"_s;
     QTest::newRow("moltissimi attributi") << Attributi(100'000) << u"00200"_s << u"troppi attributi"_s;
     QTest::newRow("moltissimi, a due byte")

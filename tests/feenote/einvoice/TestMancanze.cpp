@@ -151,6 +151,10 @@ QList<Guasto> Guasti()
          ClientePartitaIva, u"lo stesso codice"_s},
         {"nome in un altro alfabeto", [](Pezzi& P) { P.Cliente.Denominazione = u"ООО Ромашка"_s; },
          ClienteNome, u"non ammette"_s},
+        {"nome di segni invisibili", [](Pezzi& P) { P.Cliente.Denominazione = QString(3, QChar(0xAD)); },
+         ClienteNome, u"Manca il nome del cliente"_s},
+        {"comune di segni invisibili", [](Pezzi& P) { P.Cliente.Indirizzo.Comune = QString(QChar(0x200B)); },
+         ClienteComune, u"Manca il comune del cliente"_s},
         {"figura nel comune", [](Pezzi& P) { P.Cliente.Indirizzo.Comune = u"Milano 🏛"_s; }, ClienteComune,
          u"🏛"_s},
         // ---- public administration
@@ -325,6 +329,7 @@ private Q_SLOTS:
     void ognunaHaLaSuaFrase_data();
     void ognunaHaLaSuaFrase();
     void iTestiLunghiSiTagliano();
+    void laDescrizioneInvisibile();
     void iCaratteriSiScrivonoAltrimenti();
     void iTestiPuliti_data();
     void iTestiPuliti();
@@ -380,6 +385,15 @@ void TestMancanze::iTestiLunghiSiTagliano()
     QCOMPARE(Fatta.Fattura.Causali.join(u' '), (u"Oggetto: "_s + u"causa "_s.repeated(60)).trimmed());
     for (const QString& Causale : Fatta.Fattura.Causali)
         QVERIFY(Causale.size() <= 200);
+    ScriviEControlla(Fatta, NuovaCartella() + u"a.xml"_s);
+}
+
+void TestMancanze::laDescrizioneInvisibile()
+{
+    Pezzi Tutti = Interi();
+    Tutti.DaNota.xOnorari(0, OnoDescr) = QString(QChar(0xAD));
+    const Composizione Fatta = Componi(Tutti);
+    QCOMPARE(Fatta.Fattura.Linee[0].Descrizione, u"Prestazione professionale"_s);
     ScriviEControlla(Fatta, NuovaCartella() + u"a.xml"_s);
 }
 

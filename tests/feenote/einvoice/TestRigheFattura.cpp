@@ -122,6 +122,7 @@ void TestRigheFattura::ilNumeroDellaNota_data()
     QTest::addColumn<QString>("Atteso");
     QTest::newRow("l'anno della data") << u" 12 "_s << u"31/12/2025"_s << u"12/2025"_s;
     QTest::newRow("l'anno c'è già") << u"12/2025"_s << u"31/12/2025"_s << u"12/2025"_s;
+    QTest::newRow("senza cifre") << u"bis"_s << u"31/12/2025"_s << u"bis"_s;
     QTest::newRow("senza data") << u"12"_s << QString() << u"12"_s;
     QTest::newRow("senza numero") << QString() << u"31/12/2025"_s << QString();
 }
