@@ -4,6 +4,8 @@
 
 #include "calculators/norme/contributovigente.h"
 #include "calculators/norme/terminiricorrenti.h"
+#include "creadati/norme.h"
+#include "platform/base/errore.h"
 #include "platform/database/database.h"
 
 using namespace Qt::StringLiterals;
@@ -127,6 +129,25 @@ double Figura(const QString& Testo)
     return (Testo.startsWith(u"x ") ? Testo.mid(2) : Testo).toDouble();
 }
 
+/// What is said of the tables when a cell of one has been replaced; empty when nothing is.
+QString Rifiuto(const QString& Tabella, int Numero, const QString& Prima, const QString& Dopo)
+{
+    const QString Cartella = NuovaCartella();
+    for (const QString& Nome : QDir(Dati()).entryList({u"norme_*.csv"_s}))
+        QFile::copy(Dati() + Nome, Cartella + Nome);
+    QStringList Testi = QString::fromUtf8(Contenuto(Cartella + Tabella)).split(u'\n');
+    if (Testi[Numero - 1].count(Prima) != 1)
+        return u"la riga di prova è un'altra: "_s + Testi[Numero - 1];
+    Testi[Numero - 1].replace(Prima, Dopo);
+    Scrivi(Cartella + Tabella, Testi.join(u'\n').toUtf8());
+    try {
+        ScriviNorme(LeggiNorme(Cartella), Cartella + u"Norme.mdb"_s);
+        return {};
+    } catch (const Errore& Guasto) {
+        return Guasto.Descrizione;
+    }
+}
+
 }  // namespace
 
 class TestNormeDati : public QObject
@@ -144,6 +165,7 @@ private Q_SLOTS:
     void rifiuta();
     void rifiutaInsieme_data();
     void rifiutaInsieme();
+    void ilComandoRifiuta();
 };
 PROVA(TestNormeDati);
 
@@ -311,8 +333,7 @@ void TestNormeDati::rifiuta_data()
                          const char16_t* Dopo, const QString& Frase) {
         const QString File = QString::fromUtf16(Tabella) + u".csv"_s;
         QTest::newRow(Nome) << File << Numero << QString::fromUtf16(Prima) << QString::fromUtf16(Dopo)
-                            << File + u", riga "_s + QString::number(Numero) + u", colonna "_s + Frase +
-                                   u'\n';
+                            << File + u", riga "_s + QString::number(Numero) + u", colonna "_s + Frase;
     };
     Caso("data", u"norme_sospensioni", 3, u"2015-01-01", u"2015-02-30",
          u"dal: «2015-02-30» non è una data aaaa-mm-gg"_s);
@@ -333,8 +354,7 @@ void TestNormeDati::rifiuta()
     QFETCH(int, Numero);
     QFETCH(QString, Prima);
     QFETCH(QString, Dopo);
-    QFETCH(QString, Frase);
-    RifiutaRiga(Tabella, Numero, Prima, Dopo, Frase);
+    QTEST(Rifiuto(Tabella, Numero, Prima, Dopo), "Frase");
 }
 
 // What no single row shows is found when the file is read back.
@@ -363,10 +383,19 @@ void TestNormeDati::rifiutaInsieme()
     QFETCH(QString, Prima);
     QFETCH(QString, Dopo);
     QFETCH(QString, Motivo);
+    QCOMPARE(
+        Rifiuto(Tabella, Numero, Prima, Dopo),
+        u"Norme.mdb: il file è danneggiato o modificato (%1); le norme in vigore non si possono usare"_s.arg(
+            Motivo));
+}
+
+// The command touches nothing then.
+void TestNormeDati::ilComandoRifiuta()
+{
     RifiutaRiga(
-        Tabella, Numero, Prima, Dopo,
-        u"Norme.mdb: il file è danneggiato o modificato (%1); le norme in vigore non si possono usare\n"_s
-            .arg(Motivo));
+        u"norme_feste.csv"_s, 2, u"01-01"_s, u"13-01"_s,
+        u"Norme.mdb: il file è danneggiato o modificato (Feste, riga 1, colonna Giorno: non è un giorno "
+        "mm-gg); le norme in vigore non si possono usare\n"_s);
 }
 
 #include "TestNormeDati.moc"
