@@ -156,6 +156,20 @@ QString NomeRecente(const NotaRecente& Nota)
     return NomeFile(Nota.Percorso).chopped(Estensione.size());
 }
 
+QString TitoloRecente(const NotaRecente& Nota)
+{
+    // A name that was made of the client lacks what no file's name may hold.
+    const auto Lettere = [](const QString& Testo) {
+        QString Sole;
+        for (const QChar Segno : Testo)
+            if (Segno.isLetterOrNumber())
+                Sole += Segno.toCaseFolded();
+        return Sole;
+    };
+    const QString Nome = NomeRecente(Nota);
+    return Lettere(Nome).contains(Lettere(Nota.Cliente)) ? Nome : Nota.Cliente + u" - "_s + Nome;
+}
+
 QString CartellaRecente(const NotaRecente& Nota)
 {
     const QString Cartella = CartellaFile(Nota.Percorso);

@@ -43,6 +43,8 @@ void SpostaRecente(const QString& Vecchio, const QString& Nuovo);
 
 /// The name of a note, that of its file without its ending.
 [[nodiscard]] QString NomeRecente(const NotaRecente& Nota);
+/// The name, behind the client where it does not say him already.
+[[nodiscard]] QString TitoloRecente(const NotaRecente& Nota);
 /// The folder of its file, without what stands above it.
 [[nodiscard]] QString CartellaRecente(const NotaRecente& Nota);
 /// What is known of a note in one line, for lists that have no columns and for those who hear them.

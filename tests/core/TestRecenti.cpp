@@ -54,6 +54,8 @@ private Q_SLOTS:
     void cioCheNonENotaNonEntra_data();
     void cioCheNonENotaNonEntra();
     void laFrase();
+    void ilTitolo_data();
+    void ilTitolo();
 };
 PROVA(TestRecenti);
 
@@ -211,6 +213,27 @@ void TestRecenti::laFrase()
     Nuda.Cliente.clear();
     Nuda.Documento.clear();
     QCOMPARE(FraseRecente(Nuda), u"x, netto 0,00 €, 21/11/2026, cartella Parcelle"_s);
+}
+
+void TestRecenti::ilTitolo_data()
+{
+    QTest::addColumn<QString>("Nome");
+    QTest::addColumn<QString>("Cliente");
+    QTest::addColumn<QString>("Titolo");
+    QTest::newRow("nobody") << u"appalto"_s << QString() << u"appalto"_s;
+    QTest::newRow("not in the name") << u"appalto"_s << u"Rossi & C."_s << u"Rossi & C. - appalto"_s;
+    QTest::newRow("in it") << u"rossi - appalto"_s << u"Rossi"_s << u"rossi - appalto"_s;
+    QTest::newRow("as a name can hold him")
+        << u"Rossi-Bianchi Srl - appalto"_s << u"Rossi/Bianchi S.r.l."_s << u"Rossi-Bianchi Srl - appalto"_s;
+}
+
+void TestRecenti::ilTitolo()
+{
+    QFETCH(QString, Nome);
+    QFETCH(QString, Cliente);
+    NotaRecente Una = Nota(Nome);
+    Una.Cliente = Cliente;
+    QTEST(TitoloRecente(Una), "Titolo");
 }
 
 #include "TestRecenti.moc"

@@ -97,19 +97,10 @@ private:
     }
 };
 
-/// The note by its client, and by its name where that says more.
-QString PrimaRiga(const NotaRecente& Nota)
-{
-    const QString Nome = NomeRecente(Nota);
-    if (Nota.Cliente.isEmpty() || Nome.contains(Nota.Cliente, Qt::CaseInsensitive))
-        return Nome;
-    return Nota.Cliente + u" - "_s + Nome;
-}
-
 QString SecondaRiga(const NotaRecente& Nota)
 {
-    const QString Documento = Nota.Documento.isEmpty() ? u"Parcella"_s : Nota.Documento;
-    return Documento + u" in "_s + CartellaRecente(Nota);
+    const QString Cartella = CartellaRecente(Nota);
+    return Nota.Documento.isEmpty() ? u"Cartella "_s + Cartella : Nota.Documento + u" · "_s + Cartella;
 }
 
 }  // namespace
@@ -188,7 +179,7 @@ void PannelloRecenti::Aggiorna()
     Righe->clear();
     for (const NotaRecente& Nota : Note) {
         auto* Voce = new QStandardItem;
-        Voce->setData(PrimaRiga(Nota), RuoloNome);
+        Voce->setData(TitoloRecente(Nota), RuoloNome);
         Voce->setData(QString(Format(Nota.Netto, u"#,##0.00") + u" €"_s), RuoloNetto);
         Voce->setData(SecondaRiga(Nota), RuoloSpecie);
         Voce->setData(Nota.Data.toString(u"dd/MM/yyyy"_s), RuoloData);

@@ -9,7 +9,10 @@
 
 #include <QFontMetrics>
 #include <QMenu>
+#include <QScreen>
 #include <QWidget>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -18,35 +21,40 @@ namespace {
 /// Property of the entries that MettiRecenti has put into a menu.
 constexpr auto Recente = "recente";
 
-/// A text as a menu shows it, of bounded width.
-QString PerMenu(const QMenu* Tendina, const QString& Testo)
+/// A text as a menu shows it.
+QString PerMenu(const QFontMetrics& Misure, const QString& Testo, int Larghezza)
 {
-    constexpr int MassimoCaratteri = 48;
-    const QFontMetrics Misure(Tendina->font());
-    QString Corto = Misure.elidedText(Testo, Qt::ElideRight, Misure.averageCharWidth() * MassimoCaratteri);
+    QString Corto = Misure.elidedText(Testo, Qt::ElideRight, Larghezza);
     Corto.replace(u'\t', u' ');
     return Corto.replace(u'&', u"&&"_s);
 }
 
-/// Who it is for and what it is; the client where the name of the note does not say him.
-QString ChiECosa(const NotaRecente& Nota)
+/// Who it is for, what it is and where it lies; a long name is cut first, so that a menu has room on any
+/// screen.
+QString ChiECosa(const QMenu* Tendina, const NotaRecente& Nota)
 {
-    const QString Nome = NomeRecente(Nota);
-    QStringList Parti{Nome};
-    if (!Nota.Cliente.isEmpty() && !Nome.contains(Nota.Cliente, Qt::CaseInsensitive))
-        Parti += Nota.Cliente;
+    constexpr int MassimoCaratteri = 70;
+    constexpr int MinimoCaratteri = 12;
+    constexpr double Parte = 0.4;  // of the screen; the amounts and the menu's own margins take the rest
+    const QFontMetrics Misure(Tendina->font());
+    const int Largo = Misure.averageCharWidth();
+    const int Intera =
+        std::min(Largo * MassimoCaratteri, int(Tendina->screen()->availableSize().width() * Parte));
+    QStringList Resto;
     if (!Nota.Documento.isEmpty())
-        Parti += Nota.Documento;
-    return Parti.join(u", "_s);
+        Resto << PerMenu(Misure, Nota.Documento, Largo * MassimoCaratteri);
+    Resto << PerMenu(Misure, CartellaRecente(Nota), Largo * 2 * MinimoCaratteri);
+    const QString Coda = u", "_s + Resto.join(u", "_s);
+    const int PerTitolo = std::max(Intera - Misure.horizontalAdvance(Coda), Largo * MinimoCaratteri);
+    return PerMenu(Misure, TitoloRecente(Nota), PerTitolo) + Coda;
 }
 
 void AggiungiVoce(QMenu* Tendina, const NotaRecente& Nota, int Numero, bool (*Prima)())
 {
     const QString Cifra = QString::number(Numero % MassimoRecenti);
     const QString Destra =
-        u"%1 €   %2   %3"_s.arg(Format(Nota.Netto, u"#,##0.00"), Nota.Data.toString(u"dd/MM/yyyy"_s),
-                                PerMenu(Tendina, CartellaRecente(Nota)));
-    QAction* Voce = Tendina->addAction(u"&%1  %2\t%3"_s.arg(Cifra, PerMenu(Tendina, ChiECosa(Nota)), Destra));
+        u"%1 €   %2"_s.arg(Format(Nota.Netto, u"#,##0.00"), Nota.Data.toString(u"dd/MM/yyyy"_s));
+    QAction* Voce = Tendina->addAction(u"&%1  %2\t%3"_s.arg(Cifra, ChiECosa(Tendina, Nota), Destra));
     Voce->setObjectName(u"recente_"_s + QString::number(Numero));
     Voce->setToolTip(Nota.Percorso);
     Voce->setProperty(Recente, true);

@@ -39,6 +39,7 @@ private Q_SLOTS:
     void ogniTastoVaAncheQui();
     void ctrlQChiede();
     void ilMenuDellaCornice();
+    void ilNomeLungoSiAccorcia();
     void ctrlRNellaCornice();
     void iTastiSiVedono();
 
@@ -115,7 +116,7 @@ void TestUltimeParcelle::ogniRigaDiceTutto()
     QStringList Disegnate;
     for (int Ruolo = Qt::UserRole; Ruolo < Qt::UserRole + 4; ++Ruolo)
         Disegnate << Elenco()->model()->index(1, 0).data(Ruolo).toString();
-    QCOMPARE(Disegnate, (QStringList{u"Rossi & figli - appalto"_s, u"1.190,70 €"_s, u"Prenotula in "_s + Dove,
+    QCOMPARE(Disegnate, (QStringList{u"Rossi & figli - appalto"_s, u"1.190,70 €"_s, u"Prenotula · "_s + Dove,
                                      u"21/11/2026"_s}));
 }
 
@@ -330,7 +331,7 @@ void TestUltimeParcelle::apriEISuoiModi()
     Q_EMIT Apri->menu()->aboutToShow();
     QCOMPARE(Voci(Apri->menu()),
              (QStringList{u"Apri da parcelle salvate"_s, u"Apri da modelli"_s, u"-"_s,
-                          u"&1  sfratto, Rossi, Prenotula\t1.190,70 €   21/11/2026   %1"_s.arg(
+                          u"&1  Rossi - sfratto, Prenotula, %1\t1.190,70 €   21/11/2026"_s.arg(
                               QDir(Cartella).dirName())}));
     Apri->menu()->actions().at(1)->trigger();
     Apri->menu()->actions().at(3)->trigger();
@@ -404,11 +405,24 @@ void TestUltimeParcelle::ilMenuDellaCornice()
         Q_EMIT Tendina->aboutToShow();
         QCOMPARE(Voci(Tendina),
                  (QStringList{u"Apri da parcelle salvate"_s, u"Apri da modelli"_s, u"-"_s,
-                              u"&1  Rossi - a&&b, Prenotula\t1.190,70 €   21/11/2026   %1"_s.arg(
+                              u"&1  Rossi - a&&b, Prenotula, %1\t1.190,70 €   21/11/2026"_s.arg(
                                   QDir(Cartella).dirName())}));
     }
     Tendina->actions().constLast()->trigger();
     QCOMPARE(S->Eventi, QStringList{u"apri Rossi - a&b.mdb"_s});
+}
+
+void TestUltimeParcelle::ilNomeLungoSiAccorcia()
+{
+    const Registratore Box;
+    Scritta(u"sfratto"_s, QString(100, u'm'));
+    frmMain& Cornice = Singola<frmMain>();
+    QVERIFY(Cornice.Area());
+    QMenu* Tendina = Cornice.findChild<QToolButton*>(u"barParcelle_open"_s)->defaultAction()->menu();
+    Q_EMIT Tendina->aboutToShow();
+    const QString Voce = Voci(Tendina).constLast();
+    QVERIFY2(Voce.startsWith(u"&1  mmmm") && Voce.contains(u"…, Prenotula, "), qPrintable(Voce));
+    QVERIFY(Tendina->sizeHint().width() < Cornice.screen()->availableSize().width());
 }
 
 void TestUltimeParcelle::ctrlRNellaCornice()

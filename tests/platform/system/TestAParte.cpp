@@ -3,8 +3,10 @@
 
 #include "platform/system/aparte.h"
 #include "platform/system/file.h"
+#include "supporto/cartellaferma.h"
 
 #include <QFile>
+#include <QScopedValueRollback>
 
 #include <chrono>
 #include <cstdio>
@@ -23,6 +25,7 @@ private Q_SLOTS:
     void siAspetta();
     void siFinisceSenzaSmontare_data();
     void siFinisceSenzaSmontare();
+    void unFileEntroIlTempo();
 };
 PROVA(TestAParte);
 
@@ -72,6 +75,20 @@ void TestAParte::siFinisceSenzaSmontare()
     QVERIFY(WIFEXITED(Stato));
     QCOMPARE(WEXITSTATUS(Stato), Esito);
     QCOMPARE(LeggiFile(File), "fine");
+}
+
+void TestAParte::unFileEntroIlTempo()
+{
+    const QString Cartella = NuovaCartella();
+    const QString File = Cartella + u"nota.mdb"_s;
+    QCOMPARE(EsisteFileEntro(File), std::optional(false));
+    ScriviFile(File, "x");
+    QCOMPARE(EsisteFileEntro(File), std::optional(true));
+    QCOMPARE(EsisteFileEntro(Cartella), std::optional(false));
+    const QScopedValueRollback Attesa(guasti::AttesaCartellaMs, 20);
+    const CartellaFerma Muta(Cartella);
+    QCOMPARE(EsisteFileEntro(File), std::optional<bool>());
+    QVERIFY2(EsisteCartellaEntro(Cartella), "a folder that says nothing counts as there");
 }
 
 #include "TestAParte.moc"
