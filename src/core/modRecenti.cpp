@@ -53,8 +53,7 @@ bool PercorsoDiNota(const QString& Percorso)
 
 bool Intera(const NotaRecente& Nota)
 {
-    return PercorsoDiNota(Nota.Percorso) && Nota.Data.isValid() &&
-           std::abs(Nota.Netto) < MassimoEuro;
+    return PercorsoDiNota(Nota.Percorso) && Nota.Data.isValid() && std::abs(Nota.Netto) < MassimoEuro;
 }
 
 NotaRecente Letta(const QJsonObject& Voce)
