@@ -5,6 +5,7 @@
 #include "core/sessione.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
@@ -12,7 +13,6 @@
 
 #include "calculators/windows/ui_frmAgenda.h"
 
-#include <QDir>
 #include <QListWidget>
 
 using namespace Qt::StringLiterals;
@@ -27,8 +27,8 @@ QString CartellaConsegna()
 {
     const QString Cartella = Barra(sessione::UserFolder + u"agenda"_s);
     CreaCartellaPrivata(Cartella);
-    for (const QFileInfo& Vecchio : QDir(Cartella).entryInfoList({u"*.ics"_s}, QDir::Files))
-        QFile::remove(Vecchio.filePath());
+    for (const QString& Vecchio : NomiDeiFile(Cartella, u".ics"_s))
+        ScartaFile(Cartella + Vecchio);
     return Cartella;
 }
 

@@ -181,12 +181,19 @@ QString frmRicorrenti::Descrizione(const Voce& Quale) const
     if (!Quale.Termine)
         return {};
     const TermineRicorrente& Termine = *Quale.Termine;
-    QStringList Parti{Maiuscola(Termine.Atto) + u", "_s + Termine.Articolo, SospensioneIn(Termine)};
+    QStringList Parti{Maiuscola(Termine.Atto) + u", "_s + Termine.Articolo};
+    if (!Termine.Regola)
+        Parti << SospensioneIn(Termine);
     if (const QString Vale = TestoVigenza(Termine.Quando); !Vale.isEmpty())
-        Parti << u"Vale "_s + Vale;
+        Parti << (Termine.Misura == MisuraVigenza::Procedimento ? u"Vale per i procedimenti cominciati "_s
+                                                                : u"Vale "_s) +
+                     Vale;
     if (!Termine.Nota.isEmpty())
         Parti << Maiuscola(Termine.Nota);
-    return Parti.join(u". "_s) + u'.';
+    QString Testo;
+    for (const QString& Parte : Parti)
+        Testo += (Testo.isEmpty() ? u""_s : u" "_s) + Parte + (Parte.endsWith(u'.') ? u""_s : u"."_s);
+    return Testo;
 }
 
 void frmRicorrenti::MostraVoce()

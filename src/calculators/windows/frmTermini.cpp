@@ -266,6 +266,9 @@ void frmTermini::mnuStampa_Click()
 void frmTermini::CambiaNorme()
 {
     MostraNorme(CampiDelleNorme(), *Scelta);
+    // What one set of rules has put aside the other one may ask for.
+    if (Scelto)
+        SpuntaSabato(RichiestaTermineDi(*Scelto, {}).Opzioni);
     AbilitaSabato(Campi(), SenzaSecolo(ui->mskDecorr->Testo()));
     MostraScelto();
     Pulisci();
@@ -343,13 +346,18 @@ void frmTermini::UsaTermine(const TermineRicorrente& Termine)
     ui->cmbIncrTipo->setCurrentIndex(Chiesto.Tipo);
     ui->chkSosp->setChecked(Chiesto.Opzioni.Sospensione);
     ui->chkLibero->setChecked(Chiesto.Opzioni.Libero);
-    // The program's own rules move no backward term off a Saturday.
-    ui->chkSabato->setChecked(Chiesto.Opzioni.Sabato && (Scelta->InVigore() || !Chiesto.Opzioni.Antecedente));
+    SpuntaSabato(Chiesto.Opzioni);
     (Chiesto.Opzioni.Antecedente ? ui->optTipoScad_1 : ui->optTipoScad_0)->setChecked(true);
     Scelto = Termine;
     MostraScelto();
     Pulisci();
     CalcolaSeData();
+}
+
+/// The Saturday of a row of the catalogue, which the program's own rules have for no backward term.
+void frmTermini::SpuntaSabato(const OpzioniTermine& DelTermine)
+{
+    ui->chkSabato->setChecked(DelTermine.Sabato && (Scelta->InVigore() || !DelTermine.Antecedente));
 }
 
 void frmTermini::UsaCatena(const CatenaTermini& Presa)
@@ -438,7 +446,7 @@ QStringList frmTermini::RigheChieste() const
         Righe << u"Termini: "_s + Catena->Titolo;
     else
         Righe << u"Incremento: "_s + (Contati.isEmpty() ? QString() : Contati.first().Misura)
-              << u"Sospensione feriale: "_s + SiNo(Caselle.Opzioni.Sospensione)
+              << u"Sospensione feriale: "_s + SiNo(Caselle.Opzioni.Sospensione && Materia().isEmpty())
               << u"Termine libero: "_s + SiNo(Caselle.Opzioni.Libero)
               << u"Proroga del sabato: "_s + SiNo(Caselle.Opzioni.Sabato);
     if (!Materia().isEmpty())

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "calculators/modTermini.h"
+#include "calculators/norme/terminecontato.h"
 #include "calculators/windows/finestretermini.h"
 #include "calculators/windows/sceltanorme.h"
-#include "calculators/norme/terminecontato.h"
 
 #include <QDialog>
 #include <QPointer>
@@ -65,6 +65,7 @@ private:
     void CambiaNorme();
     void Abilita();
     void CalcolaSeData();
+    void SpuntaSabato(const OpzioniTermine& DelTermine);
     void VerificaScelto();
     void MostraScelto();
     [[nodiscard]] TermineContato Contato(const RichiestaTermine& Richiesta, const EsitoTermine& Esito) const;

@@ -237,8 +237,18 @@ void frmTerminiSeq::CambiaCatena()
     // A chain in force may run from a notification.
     ui->lblDecorr->setText(Una ? u"Data:"_s : u"Data udienza:"_s);
     ui->lblEvento->setText(Una ? u"("_s + Una->Evento + u')' : QString());
+    ui->Calendario->ImpostaNomeInizio(EventoMostrato());
     ui->cmbArticolo->setToolTip(Una ? Una->Titolo : QString());
     Pulisci();
+}
+
+/// What the date of the window is the day of.
+QString frmTerminiSeq::EventoMostrato() const
+{
+    const CatenaTermini* Una = Catena();
+    if (!Una || Una->Evento.isEmpty())
+        return u"Udienza"_s;
+    return Una->Evento.left(1).toUpper() + Una->Evento.mid(1);
 }
 
 /// The chain that is chosen; null by the program's own rules.
@@ -282,7 +292,7 @@ QList<TermineContato> frmTerminiSeq::DelProgramma() const
 QStringList frmTerminiSeq::RigheChieste() const
 {
     QStringList Righe{u"Termini: "_s + ui->cmbArticolo->currentText(),
-                      u"Data udienza: "_s + ui->mskDecorr->Testo()};
+                      EventoMostrato() + u": "_s + ui->mskDecorr->Testo()};
     if (!MateriaScelta(CampiDelleNorme(), *Scelta).isEmpty())
         Righe << u"Materia: "_s + ui->cmbMateria->currentText();
     return Righe << RigaNorme(Scelta->Insieme());

@@ -60,6 +60,7 @@ private:
     void Abilita();
     void Segna();
     [[nodiscard]] const CatenaTermini* Catena() const;
+    [[nodiscard]] QString EventoMostrato() const;
     [[nodiscard]] QList<TermineContato> DelProgramma() const;
     [[nodiscard]] QStringList RigheChieste() const;
     [[nodiscard]] CampiNorme CampiDelleNorme() const;

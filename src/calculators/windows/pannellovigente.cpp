@@ -12,6 +12,7 @@
 
 #include "calculators/windows/ui_PannelloVigente.h"
 
+#include <QLabel>
 #include <QSignalBlocker>
 
 #include <array>
@@ -27,6 +28,12 @@ constexpr QStringView Importi = u"#,##0.00";
 QString Euro(double Importo)
 {
     return Format(Importo, Importi);
+}
+
+/// A rule that is not in force on that day says so in its row.
+QString TestoDi(const PassoContributo& Passo)
+{
+    return Passo.Nota.isEmpty() ? Passo.Testo : Passo.Testo + u" ("_s + Passo.Nota + u')';
 }
 
 QString NormaDi(const PassoContributo& Passo)
@@ -77,7 +84,7 @@ void PannelloVigente::Colonne()
         if (Riga < 0 || Riga >= Passi.size())
             return QString();
         const PassoContributo& Passo = Passi[Riga];
-        return QStringList{Passo.Testo, NormaDi(Passo), Passo.Nota}.join(u'\n').trimmed();
+        return TestoDi(Passo) + u'\n' + NormaDi(Passo);
     };
 }
 
@@ -213,7 +220,7 @@ void PannelloVigente::Mostra(const EsitoContributo& Esito)
     Righe.Azzera(NumColonne);
     for (const PassoContributo& Passo : std::as_const(Passi)) {
         const int Riga = Righe.AggiungiRiga();
-        Righe(Riga, ColTesto) = Passo.Testo;
+        Righe(Riga, ColTesto) = TestoDi(Passo);
         Righe(Riga, ColEuro) = Euro(Passo.Euro);
         Righe(Riga, ColNorma) = NormaDi(Passo);
     }
@@ -252,6 +259,9 @@ QString PannelloVigente::TestoCopia() const
     QStringList Testo{u"Contributo unificato al "_s + Format(*ui->mskDeposito->Data(), u"dd/mm/yyyy") +
                       u": "_s + Importo()};
     for (const PassoContributo& Passo : Passi)
-        Testo << QStringList{Passo.Testo, Euro(Passo.Euro), NormaDi(Passo)}.join(u'\t');
+        Testo << QStringList{TestoDi(Passo), Euro(Passo.Euro), NormaDi(Passo)}.join(u'\t');
+    for (const QLabel* Sotto : {ui->lblTotaleVigente, ui->lblNoteVigente})
+        if (!Sotto->text().isEmpty())
+            Testo << Sotto->text();
     return Testo.join(u'\n');
 }

@@ -245,6 +245,8 @@ void TestNormeImporti::copieDelPannello()
     const QStringList Righe = Appunti().split(u'\n');
     QCOMPARE(Righe.first(), u"Contributo unificato al 21/11/2026: 518,00"_s);
     QVERIFY(Righe.size() > 1 && Righe[1].contains(u"\t518,00\t"));
+    for (const QString& Parte : {u"In tutto 545,00"_s, u"199/2025"_s, u"Minimo"_s})
+        QVERIFY2(Appunti().contains(Parte), qPrintable(Appunti()));
     // Ctrl+C takes the amount of the panel that has the focus.
     Controllo(F, "cmbGrado")->setFocus();
     CopiaConTasti();

@@ -40,6 +40,8 @@ private Q_SLOTS:
     void catalogo();
     void unTermineRiempieLaFinestra();
     void unTermineConLaDataSiCalcola();
+    void leNormeCambiateDietroAUnTermine();
+    void descrizioniDelCatalogo();
     void unTermineFuoriVigenza();
     void cambiareIlContoLasciaIlTermine();
     void unaCatenaMostraTutto();
@@ -209,6 +211,11 @@ void TestNormeTermini::materieRisparmiate()
     QCOMPARE(Risultato(F), QString());
     Clic(Controllo(F, "cmdEsegui"));
     QCOMPARE(Risultato(F), u"La scadenza è Mercoledì,  19 Agosto  2026"_s);
+    DalMenu(F, "mnuStampa");
+    QVERIFY(Stampato().contains(u"Sospensione feriale: No"_s));
+    delete SeCaricato<frmPrint>.data();
+    F->activateWindow();
+    QVERIFY(MostraAttiva(*F));
     // The matter is the law's: the program's own rules do not know it.
     Scegli(F, "cmbNorme", DelProgramma);
     QVERIFY(Materie->isHidden());
@@ -345,6 +352,39 @@ void TestNormeTermini::unTermineConLaDataSiCalcola()
     auto* Passi = Strada();
     QVERIFY(Passi);
     QVERIFY(TestoDi(Passi, "lblTermine").contains(u"Appello (art. 325 c.p.c.)"));
+}
+
+// The Saturday that the program's own rules have put aside comes back with those in force, and goes again.
+void TestNormeTermini::leNormeCambiateDietroAUnTermine()
+{
+    Prendi(u"CPC-166"_s);
+    Scrivi(F, "mskDecorr", u"15092026"_s);
+    QVERIFY(!Controllo<QCheckBox>(F, "chkSabato")->isChecked());
+    Scegli(F, "cmbNorme", InVigore);
+    QVERIFY(Controllo<QCheckBox>(F, "chkSabato")->isChecked());
+    Clic(Controllo(F, "cmdEsegui"));
+    QCOMPARE(Risultato(F), u"La scadenza è Venerdì,  5 Giugno  2026\n(Anticipata)"_s);
+    Scegli(F, "cmbNorme", DelProgramma);
+    QVERIFY(!Controllo<QCheckBox>(F, "chkSabato")->isChecked());
+    Clic(Controllo(F, "cmdEsegui"));
+    QVERIFY(!Risultato(F).isEmpty());
+}
+
+void TestNormeTermini::descrizioniDelCatalogo()
+{
+    Clic(Controllo(F, "cmdRicorrenti"));
+    auto* Catalogo = Aperta<frmRicorrenti>(F);
+    QVERIFY(Catalogo);
+    auto* Elenco = Controllo<Griglia>(Catalogo, "tdbRicorrenti");
+    for (int Riga = 0; Riga < Elenco->Righe(); ++Riga) {
+        Elenco->ImpostaRigaCorrente(Riga);
+        const QString Testo = TestoDi(Catalogo, "lblDettaglio");
+        QVERIFY2(!Testo.isEmpty() && !Testo.contains(u".."), qPrintable(Testo));
+        if (!Controllo(Catalogo, "cmdScegli")->isEnabled())
+            QVERIFY2(!Testo.contains(u"criterio non riscontrato"), qPrintable(Testo));
+    }
+    Scrivi(Catalogo, "txtCerca", u"CPC-378-PM"_s);
+    QVERIFY(TestoDi(Catalogo, "lblDettaglio").endsWith(u'.'));
 }
 
 void TestNormeTermini::unTermineFuoriVigenza()
@@ -549,7 +589,12 @@ void TestNormeTermini::sequenzialiStampa()
     Clic(Controllo(Seq, "cmdEsegui"));
     DalMenu(Seq, "mnuPrint");
     QVERIFY2(Stampato().contains(u"Norme: in vigore"_s), qPrintable(Stampato().join(u'|')));
-    QVERIFY(Stampato().contains(u"Data udienza: 15/01/2027"_s));
+    // The first chain runs from a notification: no hearing is spoken of.
+    QVERIFY2(Stampato().contains(u"Notificazione della citazione: 15/01/2027"_s),
+             qPrintable(Stampato().join(u'|')));
+    QVERIFY(Controllo<CalendarioMensile>(Seq, "Calendario")
+                ->Descrizione(QDate(2027, 1, 15))
+                .contains(u"notificazione della citazione"));
 }
 
 // Each link of a chain in force says itself what counts for it.
