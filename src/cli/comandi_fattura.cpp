@@ -6,11 +6,12 @@
 #include "feenote/einvoice/composizione.h"
 #include "feenote/einvoice/controlli.h"
 #include "feenote/einvoice/scrittura.h"
-#include "feenote/file/modLettura.h"
-#include "feenote/file/modPosaFile.h"
+#include "feenote/file/memorianota.h"
 #include "feenote/modFatturaXml.h"
 #include "feenote/modParti.h"
+#include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
+#include "platform/database/database.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/orologio.h"
@@ -18,6 +19,8 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -49,20 +52,66 @@ QString Conto(const QList<EsitoControllo>& Esiti)
                                  QString::number(Avvisi), Avvisi == 1 ? u"avviso"_s : u"avvisi"_s);
 }
 
-/// The note keeps which file was written of it, as the window has it do; it is read anew, for nothing else of
-/// it to change. @return why it could not be kept; empty: it is
-QString Ricorda(const QString& Percorso, const QString& Nome, const QString& Progressivo)
+/// The note's file while an invoice is written of it: nobody else writes one meanwhile, and it keeps which
+/// file that was, as the window has it do. Nothing else of it changes.
+class NotaInTurno
 {
-    try {
-        Parcella Nota;
-        CaricaDati(Nota, Percorso);
-        SegnaFatturaScritta(Nota, Nome, Progressivo);
-        ScriviNota(Percorso, Nota, SolaLettura(Percorso));
-    } catch (...) {
-        return u"La parcella non ha potuto ricordare il file: %1."_s.arg(ErroreCorrente().Descrizione);
+public:
+    /// @throws Errore 3260 another program is writing to it
+    NotaInTurno(const QString& Percorso, const Parcella& Letta)
+    {
+        if (EDiAccess(Percorso))
+            Perche = u"è un file di Access"_s;
+        else if (SolaLettura(Percorso))
+            Perche = u"è di sola lettura"_s;
+        else if (!Letta.Psw.isEmpty())
+            Perche = u"è protetta da password"_s;
+        else
+            Apri(Percorso);
     }
-    return {};
-}
+
+    /// The note says that its invoice was written by now.
+    [[nodiscard]] Parcella Adesso(const Parcella& Letta) const
+    {
+        Parcella Ora = Letta;
+        if (Turno)
+            ApplicaMemoria(Ora, LeggiMemoria(File));
+        return Ora;
+    }
+    void Annota(const Parcella& Scritta) const
+    {
+        if (Turno)
+            AnnotaFattura(File, Scritta);
+    }
+    /// @return what to say of a note that could not keep it; empty: it has
+    [[nodiscard]] QString Conferma()
+    {
+        try {
+            if (Turno)
+                Turno->Conferma();
+        } catch (...) {
+            Perche = ErroreCorrente().Descrizione;
+        }
+        return Perche.isEmpty() ? QString() : u"La parcella non ricorda il file scritto: %1."_s.arg(Perche);
+    }
+
+private:
+    void Apri(const QString& Percorso)
+    {
+        try {
+            File = OpenDatabase(Percorso);
+            Turno.emplace(File);
+        } catch (const Errore& Guasto) {
+            if (Guasto.Numero == errori::DatiBloccati)
+                throw;
+            Perche = Guasto.Descrizione;
+        }
+    }
+
+    Database File;
+    std::optional<Transazione> Turno;
+    QString Perche;
+};
 
 /// The note as its invoice takes it: the client's block as the print has it. A note that was printed together
 /// with another one is no invoice by itself.
@@ -100,29 +149,32 @@ Risposta ComandoFattura(const QStringList& Valori, const NotaMultipla& Altra)
         Scelta.Progressivo = ProgressivoFile(Numero);
         return ComponiFatturaElettronica(Nota, Studio, Cliente, Scelta, Oggi());
     };
-    if (FatturaGiaScritta(Nota))
-        throw Errore(NumeroFatturaRifiutata, u"La fattura è già stata scritta il %1 come %2"_s.arg(
-                                                 Nota.FatturaXml.Quando, Nota.FatturaXml.File));
     // Whatever can be known before is, so that no number is taken in vain.
     const Composizione Prova = Componi(ProssimaTrasmissione());
     if (!Prova.Completa())
         throw Errore(NumeroFatturaRifiutata, InRiga(Frasi(Prova.Mancanze)));
     if (EsisteFile(Uscita))
         throw Errore(58, u"Il file %1 esiste già"_s.arg(NomeFile(Uscita)));
+    NotaInTurno Turno(PercorsoNativo(Valori[0]), Nota);
+    Parcella Scritta = Turno.Adesso(Nota);
+    if (FatturaGiaScritta(Scritta))
+        throw Errore(NumeroFatturaRifiutata, u"La fattura è già stata scritta il %1 come %2"_s.arg(
+                                                 Scritta.FatturaXml.Quando, Scritta.FatturaXml.File));
     const Composizione Fatta = Componi(PrendiTrasmissione());
+    const QString Nome = NomeFileFattura(Fatta.Fattura);
+    SegnaFatturaScritta(Scritta, Nome, Fatta.Fattura.Progressivo);
+    Turno.Annota(Scritta);
     SalvaFattura(Uscita, Fatta.Fattura, Oggi());
     QStringList Avvisi = Frasi(Fatta.Avvisi);
-    if (const QString Nome = NomeFileFattura(Fatta.Fattura); NomeFile(Uscita) != Nome)
-        Avvisi += u"Per trasmetterlo il file va chiamato %1."_s.arg(Nome);
-    if (const QString Guasto =
-            Ricorda(PercorsoNativo(Valori[0]), NomeFileFattura(Fatta.Fattura), Fatta.Fattura.Progressivo);
-        !Guasto.isEmpty())
+    if (const QString Guasto = Turno.Conferma(); !Guasto.isEmpty())
         Avvisi += Guasto;
+    if (NomeFile(Uscita) != Nome)
+        Avvisi += u"Per trasmetterlo il file va chiamato %1."_s.arg(Nome);
     for (const QString& Avviso : Avvisi)
         MsgBox(Avviso, vbInformation);
     return {Uscita,
             {{u"file"_s, Uscita},
-             {u"nome"_s, NomeFileFattura(Fatta.Fattura)},
+             {u"nome"_s, Nome},
              {u"totale"_s, Fatta.Fattura.Totale},
              {u"daPagare"_s, Fatta.Fattura.Pagamento ? Fatta.Fattura.Pagamento->Importo : 0.0},
              {u"avvisi"_s, QJsonArray::fromStringList(Avvisi)}},

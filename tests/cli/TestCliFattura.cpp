@@ -137,6 +137,9 @@ private Q_SLOTS:
     void ilContatoreAllaFine();
     void laParcellaRicordaIlFile();
     void conUnAltraParcella();
+    void nientAltroDellaParcellaCambia();
+    void chiNonPuoRicordare_data();
+    void chiNonPuoRicordare();
 };
 PROVA(TestCliFattura);
 
@@ -357,6 +360,70 @@ void TestCliFattura::conUnAltraParcella()
     // 1500 + 225 = 1725; fund 69; 22 % of 1794 = 394,68
     QVERIFY(Byte.contains("<ImportoTotaleDocumento>2188.68<"));
     QVERIFY(Byte.indexOf("<PrezzoTotale>500.00<") < Byte.indexOf("<PrezzoTotale>1000.00<"));
+}
+
+/// Of a note that a newer version has written stays what this one does not know; only the invoice's rows are
+/// new.
+void TestCliFattura::nientAltroDellaParcellaCambia()
+{
+    const Ufficio Studio;
+    const QString File = Studio.Nota();
+    const auto Tutto = [&] {
+        const Database Db = OpenDatabase(File, true);
+        QMap<QString, QString> Righe = Db.Annotazioni();
+        for (const QString& Tabella : Db.Tabelle()) {
+            Recordset Lette = Db.OpenRecordset(Tabella);
+            for (int Numero = 0; !Lette.Eof(); Lette.MoveNext(), ++Numero)
+                for (const Campo& Colonna : Db.Campi(Tabella))
+                    Righe[Tabella + QString::number(Numero) + Colonna.Name] =
+                        Lette.Value(Colonna.Name).toString();
+        }
+        return Righe;
+    };
+    {
+        const Database Db = OpenDatabase(File);
+        QMap<QString, QString> Memoria = Db.Annotazioni();
+        Memoria[u"Ignota.Voce"_s] = u"domani"_s;
+        Db.Annota(Memoria);
+        Db.Execute(u"CREATE TABLE Mia (Testo TEXT(10))"_s);
+        Db.Execute(u"INSERT INTO Mia (Testo) VALUES ('mio')"_s);
+        Db.Execute(u"UPDATE ParcellaParam SET Cliente='x'"_s);
+    }
+    QMap<QString, QString> Prima = Tutto();
+    QVERIFY(Prima.values().contains(u"mio"_s) && Prima.values().contains(u"x"_s));
+    Prima[u"FatturaXml.File"_s] = u"ITRSSMRA80A01H501U_00001.xml"_s;
+    Prima[u"FatturaXml.Quando"_s] = u"20/01/2026"_s;
+    Prima[u"FatturaXml.Progressivo"_s] = u"00001"_s;
+    Prima[u"FatturaXml.DiFattura"_s] = u"7|15/01/2026"_s;
+    QCOMPARE(Studio.Fattura(File, Studio.Cartella + u"a.xml"_s).Stato, 0);
+    QCOMPARE(Tutto(), Prima);
+}
+
+void TestCliFattura::chiNonPuoRicordare_data()
+{
+    QTest::addColumn<bool>("Protetta");
+    QTest::addColumn<QString>("Dice");
+    QTest::newRow("con la password") << true
+                                     << u"La parcella non ricorda il file scritto: è protetta da password."_s;
+    QTest::newRow("di sola lettura") << false
+                                     << u"La parcella non ricorda il file scritto: è di sola lettura."_s;
+}
+
+void TestCliFattura::chiNonPuoRicordare()
+{
+    QFETCH(bool, Protetta);
+    QFETCH(QString, Dice);
+    const Ufficio Studio;
+    const QString File = Studio.Nota([&](Parcella& Nota) { Nota.Psw = Protetta ? u"segre"_s : QString(); });
+    if (!Protetta)
+        ImpostaSolaLettura(File, true);
+    const QByteArray Prima = LeggiFile(File);
+    const Esito Risposta = Studio.Fattura(File, Studio.Cartella + u"a.xml"_s);
+    QCOMPARE(Risposta.Stato, 0);
+    QVERIFY2(Risposta.Guasti.contains(Dice), qPrintable(Risposta.Guasti));
+    QVERIFY(EsisteFile(Studio.Cartella + u"a.xml"_s));
+    QCOMPARE(LeggiFile(File), Prima);
+    ImpostaSolaLettura(File, false);
 }
 
 #include "TestCliFattura.moc"

@@ -4,45 +4,61 @@
 #include <QStringDecoder>
 #include <QXmlStreamReader>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
+/// The name of the encoding that a file is in: its mark, else its first sign, else what it declares, else
+/// UTF-8.
+QByteArray NomeCodifica(const QByteArray& Byte)
+{
+    if (Byte.startsWith("\xFF\xFE") || Byte.startsWith(QByteArrayView("<\0", 2)))
+        return "UTF-16LE"_ba;
+    if (Byte.startsWith("\xFE\xFF") || Byte.startsWith(QByteArrayView("\0<", 2)))
+        return "UTF-16BE"_ba;
+    if (Byte.startsWith("\xEF\xBB\xBF"))
+        return "UTF-8"_ba;
+    constexpr qsizetype Dichiarazione = 200;
+    static const QRegularExpression Forma(
+        u"^\\s*<\\?xml[^>]*encoding\\s*=\\s*[\"']([A-Za-z0-9._:+-]{1,40})[\"']"_s);
+    const QString Testa = QString::fromLatin1(Byte.first(std::min(Byte.size(), Dichiarazione)));
+    const QString Nome = Forma.match(Testa).captured(1);
+    return Nome.isEmpty() ? "UTF-8"_ba : Nome.toLatin1();
+}
+
+/// Encodings that are taken: those in which a sign of XML is itself, so that nothing hides in another.
+bool CodificaNota(const QByteArray& Nome)
+{
+    static const QRegularExpression Forma(
+        u"^(utf-?8|utf-?16(le|be)?|us-ascii|ascii|latin-?1|iso[-_]?8859[-_]\\d+|windows-125\\d|cp-?125\\d)$"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    return Forma.match(QString::fromLatin1(Nome)).hasMatch();
+}
+
 /// More attributes than a file has in one element. The parser compares each with all before it, and would be
 /// at work for minutes. An equals sign and a quote are counted from one "<" to the next, which no value
-/// holds; noughts are halves of wider characters.
-bool TroppiAttributi(const QByteArray& Byte)
+/// holds.
+bool TroppiAttributi(const QString& Testo)
 {
     int Quanti = 0;
     bool Uguale = false;
-    for (const char Segno : Byte) {
-        if (Segno == '<')
+    for (const QChar Segno : Testo) {
+        if (Segno == u'<')
             Quanti = 0;
-        if ((Segno == '"' || Segno == '\'') && Uguale && ++Quanti > limiti_fattura::Attributi)
+        if ((Segno == u'"' || Segno == u'\'') && Uguale && ++Quanti > limiti_fattura::Attributi)
             return true;
-        const bool Vuoto = Segno == ' ' || Segno == '\t' || Segno == '\n' || Segno == '\r' || Segno == '\0';
-        Uguale = Segno == '=' || (Uguale && Vuoto);
+        Uguale = Segno == u'=' || (Uguale && Segno.isSpace());
     }
     return false;
-}
-
-/// The name of an encoding that the file declares and that is not known here; empty: none.
-QString CodificaIgnota(const QByteArray& Byte)
-{
-    constexpr qsizetype Dichiarazione = 200;
-    static const QRegularExpression Forma(
-        u"^\\s*<\\?xml[^>]*encoding\\s*=\\s*[\"']([A-Za-z0-9._-]{1,40})[\"']"_s);
-    const QRegularExpressionMatch Trovata =
-        Forma.match(QString::fromLatin1(Byte.first(qMin(Byte.size(), Dichiarazione))));
-    const QString Nome = Trovata.captured(1);
-    return Nome.isEmpty() || QStringDecoder(Nome.toLatin1().constData()).isValid() ? QString() : Nome;
 }
 
 /// Builds the tree while the reader goes through the file; nothing calls itself.
 class Costruttore
 {
 public:
-    explicit Costruttore(const QByteArray& Byte) : Lettore(Byte) {}
+    explicit Costruttore(const QString& Testo) : Lettore(Testo) {}
 
     LetturaXml Leggi()
     {
@@ -166,9 +182,16 @@ QString AlberoXml::PercorsoDi(int Nodo) const
 
 LetturaXml LeggiXml(const QByteArray& Byte)
 {
-    if (TroppiAttributi(Byte))
+    const QByteArray Codifica = NomeCodifica(Byte);
+    QStringDecoder Decodifica =
+        CodificaNota(Codifica) ? QStringDecoder(Codifica.constData()) : QStringDecoder();
+    if (!Decodifica.isValid())
+        return {
+            {}, u"La codifica dichiarata dal file non si legge qui: %1"_s.arg(QLatin1String(Codifica)), 1};
+    const QString Testo = Decodifica(Byte);
+    if (Decodifica.hasError())
+        return {{}, u"Il testo del file non è nella sua codifica: %1"_s.arg(QLatin1String(Codifica)), 1};
+    if (TroppiAttributi(Testo))
         return {{}, u"Il file ha un elemento con troppi attributi per una fattura."_s, 0};
-    if (const QString Codifica = CodificaIgnota(Byte); !Codifica.isEmpty())
-        return {{}, u"La codifica dichiarata dal file non si legge qui: %1"_s.arg(Codifica), 1};
-    return Costruttore(Byte).Leggi();
+    return Costruttore(Testo).Leggi();
 }

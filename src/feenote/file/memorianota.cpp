@@ -366,6 +366,20 @@ void ScriviMemoria(const Database& File, const Parcella& Nota)
     File.Annota(Memoria);
 }
 
+void AnnotaFattura(const Database& File, const Parcella& Nota)
+{
+    MemoriaFile Memoria = File.Annotazioni();
+    for (const VoceMemoria& Voce : Voci) {
+        if (!Voce.Nome.startsWith(u"FatturaXml."))
+            continue;
+        const QString Nome = Voce.Nome.toString();
+        Memoria.remove(Nome);
+        if (const QString Valore = Voce.Scrivi(Nota); !Valore.isEmpty())
+            Memoria[Nome] = Valore;
+    }
+    File.Annota(Memoria);
+}
+
 MemoriaFile LeggiMemoria(const Database& File)
 {
     return File.Annotazioni();

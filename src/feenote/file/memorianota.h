@@ -18,6 +18,11 @@ using MemoriaFile = QMap<QString, QString>;
 /// @throws Errore as Database::Execute
 void ScriviMemoria(const Database& File, const Parcella& Nota);
 
+/// Puts the note's choices for its electronic invoice, and which file was written of it, into the file's
+/// memory, and leaves all else that it keeps, what a newer version keeps there included.
+/// @throws Errore as Database::Annota
+void AnnotaFattura(const Database& File, const Parcella& Nota);
+
 /// What a file keeps; empty for one from before this table, or of another origin.
 [[nodiscard]] MemoriaFile LeggiMemoria(const Database& File);
 

@@ -1,6 +1,8 @@
 // Files that each check refuses or warns of, and those that all of them let through.
 #include "fattura_prova.h"
 
+#include <QStringEncoder>
+
 using namespace Qt::StringLiterals;
 using namespace fattura_prova;
 
@@ -42,9 +44,11 @@ QByteArray Attributi(int Quanti)
     return Byte + "/>";
 }
 
-QByteArray DueByte(const QByteArray& Byte)
+/// The same in UTF-16, the values with a text of their own.
+QByteArray DueByte(const QByteArray& Byte, const QString& Valore = {})
 {
-    const QString Testo = QChar(0xFEFF) + QString::fromLatin1(Byte);
+    const QString Testo =
+        QChar(0xFEFF) + QString::fromLatin1(Byte).replace(u'>', Valore.isEmpty() ? u">"_s : Valore);
     return QByteArray(reinterpret_cast<const char*>(Testo.utf16()), Testo.size() * 2);
 }
 
@@ -170,6 +174,8 @@ private Q_SLOTS:
     void ilNomeDelFile();
     void fileCheNonSono_data();
     void fileCheNonSono();
+    void altreCodifiche_data();
+    void altreCodifiche();
     void moltiErrori();
     void ilPostoDellErrore();
 };
@@ -378,6 +384,14 @@ void TestControlli::fileCheNonSono_data()
     QTest::newRow("moltissimi attributi") << Attributi(100'000) << u"00200"_s << u"troppi attributi"_s;
     QTest::newRow("moltissimi, a due byte")
         << DueByte(Attributi(100'000)) << u"00200"_s << u"troppi attributi"_s;
+    QTest::newRow("moltissimi, fra segni che a byte paiono altro")
+        << DueByte(Attributi(40'000), u"\u013C"_s) << u"00200"_s << u"troppi attributi"_s;
+    QTest::newRow("una codifica che nasconde i segni")
+        << "<?xml version='1.0' encoding='UTF-7'?><a/>"_ba << u"00200"_s << u"non si legge qui: UTF-7"_s;
+    QTest::newRow("di un elaboratore grande")
+        << "<?xml version='1.0' encoding='IBM037'?><a/>"_ba << u"00200"_s << u"non si legge qui: IBM037"_s;
+    QTest::newRow("byte che non sono UTF-8")
+        << "<a>\xE8</a>"_ba << u"00200"_s << u"non è nella sua codifica: UTF-8"_s;
     QTest::newRow("quanti ne stanno") << Attributi(64) << u"00200"_s << u"non è una fattura"_s;
     QTest::newRow("profondo") << QByteArray("<a>").repeated(1'000'000) << u"00200"_s << u"troppo annidati"_s;
     QTest::newRow("numeroso") << "<a>" + QByteArray("<b/>").repeated(400'000) + "</a>" << u"00200"_s
@@ -394,6 +408,36 @@ void TestControlli::fileCheNonSono()
     QCOMPARE(Esiti[0].Codice, Codice);
     QVERIFY2(Esiti[0].Frase.contains(Dice), qPrintable(Esiti[0].Frase));
     QVERIFY(!Accettabile(Esiti));
+}
+
+/// The two samples in other encodings, each declared or marked.
+void TestControlli::altreCodifiche_data()
+{
+    QTest::addColumn<QByteArray>("Codifica");
+    QTest::addColumn<bool>("Segnata");
+    QTest::newRow("UTF-8 con il segno") << "UTF-8"_ba << true;
+    QTest::newRow("UTF-16 con il segno") << "UTF-16LE"_ba << true;
+    QTest::newRow("UTF-16 al contrario") << "UTF-16BE"_ba << true;
+    QTest::newRow("UTF-16 senza segno") << "UTF-16LE"_ba << false;
+    QTest::newRow("latina") << "ISO-8859-1"_ba << false;
+    QTest::newRow("latina con l'euro") << "ISO-8859-15"_ba << false;
+    QTest::newRow("di Windows") << "windows-1252"_ba << false;
+}
+
+void TestControlli::altreCodifiche()
+{
+    QFETCH(QByteArray, Codifica);
+    QFETCH(bool, Segnata);
+    QString Testo =
+        QString::fromUtf8(Esempio(u"ordinario.xml"_s)).replace(u"CLIENTE DI PROVA"_s, u"SOCIETÀ"_s);
+    if (!Codifica.startsWith("UTF"))
+        Testo.replace(u"encoding=\"UTF-8\""_s, u"encoding=\"%1\""_s.arg(QString::fromLatin1(Codifica)));
+    QStringEncoder Scrivano(Codifica.constData(),
+                            Segnata ? QStringConverter::Flag::WriteBom : QStringConverter::Flag::Default);
+    if (!Scrivano.isValid())
+        QSKIP("this build of the toolkit does not know the encoding");
+    const QByteArray Byte = Scrivano(Testo);
+    QCOMPARE(Detti(ControllaFattura(Byte, {}, Giorno)), QStringList());
 }
 
 void TestControlli::moltiErrori()
