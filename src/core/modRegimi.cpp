@@ -53,7 +53,8 @@ std::span<const VoceCodificata> regimi::Voci()
 
 QString regimi::Noto(const QString& Codice)
 {
-    return FraLeVoci(Regimi, Codice);
+    const QString Nudo = Codice.trimmed().toUpper();
+    return Nudo.isEmpty() ? Ordinario.toString() : Nudo;
 }
 
 std::span<const VoceCodificata> tipostudio::Voci()

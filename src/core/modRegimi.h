@@ -20,7 +20,8 @@ inline constexpr QStringView Forfettario = u"RF19";
 
 /// Every tax regime of the invoice's schema, 1.2.3; the two of nearly all law offices come first.
 [[nodiscard]] std::span<const VoceCodificata> Voci();
-/// The code, without regard to case and blanks; the ordinary one for a text that is none.
+/// The code in capitals without blanks; the ordinary one for an empty text. One that is none stays: who
+/// writes an invoice of it is told, and nobody gets a regime that was not chosen.
 [[nodiscard]] QString Noto(const QString& Codice);
 
 }  // namespace regimi

@@ -1,6 +1,9 @@
 #include "core/modSede.h"
 
 #include <QRegularExpression>
+#include <QStringList>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -11,6 +14,21 @@ QString Rifilato(QString Testo)
 {
     static const QRegularExpression Bordi(u"^[\\s,;-]+|[\\s,;-]+$"_s);
     return Testo.simplified().remove(Bordi);
+}
+
+/// A street that says nothing without the number behind it: "Strada Provinciale 12", "km 5".
+bool VuoleIlNumero(const QString& Via)
+{
+    static const QStringList Parole{
+        u"provinciale"_s, u"statale"_s,   u"regionale"_s, u"comunale"_s, u"vicinale"_s, u"sp"_s,
+        u"ss"_s,          u"sr"_s,        u"sc"_s,        u"km"_s,       u"via"_s,      u"viale"_s,
+        u"piazza"_s,      u"corso"_s,     u"strada"_s,    u"vicolo"_s,   u"contrada"_s, u"località"_s,
+        u"frazione"_s,    u"borgata"_s,   u"lotto"_s,     u"scala"_s,    u"interno"_s,  u"int"_s,
+        u"piano"_s,       u"palazzina"_s, u"casella"_s,   u"postale"_s,  u"cp"_s,       u"settore"_s,
+        u"traversa"_s,    u"calle"_s,     u"autostrada"_s};
+    QString Ultima = Via.simplified().section(u' ', -1).toLower();
+    Ultima.remove(u'.');
+    return Parole.contains(Ultima);
 }
 
 }  // namespace
@@ -25,7 +43,11 @@ PartiIndirizzo SpezzaVia(const QString& Indirizzo)
         QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
     const QString Intero = Rifilato(Indirizzo);
     const QRegularExpressionMatch Trovato = Civico.match(Intero);
-    if (!Trovato.hasMatch())
+    // A comma or "n." says that it is the house's number; a blank alone does not.
+    const qsizetype FineVia = Trovato.capturedEnd(u"via");
+    const QString Fra =
+        Intero.sliced(std::max<qsizetype>(FineVia, 0)).left(Trovato.capturedStart(u"civico") - FineVia);
+    if (!Trovato.hasMatch() || (Fra.trimmed().isEmpty() && VuoleIlNumero(Trovato.captured(u"via"))))
         return {.Via = Intero, .Civico = {}, .Cap = {}, .Comune = {}, .Prov = {}};
     QString Numero = Trovato.captured(u"civico").toUpper();
     Numero.removeIf([](QChar C) { return C.isSpace() || C == u'.'; });

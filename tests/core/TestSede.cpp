@@ -39,6 +39,11 @@ void TestSede::vie_data()
     Riga("double number", u"Viale Milano 12/14"_s, u"Viale Milano"_s, u"12/14"_s);
     Riga("blanks", u"  Via   Roma ,12 "_s, u"Via Roma"_s, u"12"_s);
     Riga("what follows the number stays with it", u"Via Roma 12 scala B"_s, u"Via Roma 12 scala B"_s, {});
+    Riga("provincial road", u"Strada Provinciale 12"_s, u"Strada Provinciale 12"_s, {});
+    Riga("its initials", u"S.P. 12"_s, u"S.P. 12"_s, {});
+    Riga("kilometre", u"SS 16, km 5"_s, u"SS 16, km 5"_s, {});
+    Riga("house on such a road", u"Strada Provinciale 12, 5"_s, u"Strada Provinciale 12"_s, u"5"_s);
+    Riga("a street called by a number", u"Via 12"_s, u"Via 12"_s, {});
     Riga("nothing", {}, {}, {});
 }
 

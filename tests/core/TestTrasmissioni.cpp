@@ -185,7 +185,7 @@ void TestTrasmissioni::regimiETipi()
 {
     QCOMPARE(regimi::Voci().size(), size_t(19));
     QCOMPARE(regimi::Noto(u" rf19 "_s), u"RF19"_s);
-    QCOMPARE(regimi::Noto(u"RF03"_s), u"RF01"_s);
+    QCOMPARE(regimi::Noto(u"rf03"_s), u"RF03"_s);  // told by the invoice, not replaced
     QCOMPARE(regimi::Noto({}), u"RF01"_s);
     QCOMPARE(tipostudio::Noto(u"s"_s), u"S"_s);
     QCOMPARE(tipostudio::Noto(u"?"_s), u"P"_s);

@@ -72,4 +72,5 @@ inline void RigheImpostazioni()
     QTest::newRow("contabili") << QStringLiteral("contabili") << QStringLiteral("Dati contabili");
     QTest::newRow("setup") << QStringLiteral("setup") << QStringLiteral("Setup");
     QTest::newRow("desktop") << QStringLiteral("desktop") << QStringLiteral("Personalizza desktop");
+    QTest::newRow("fattura") << QStringLiteral("fattura") << QStringLiteral("Fattura elettronica");
 }

@@ -122,7 +122,10 @@ void SchedaFattura::Carica()
 {
     for (const ElencoFattura& Di : Elenchi) {
         QComboBox* Elenco = ui.get()->*Di.Elenco;
-        Elenco->setCurrentIndex(Elenco->findData(Di.Noto(ValoreConservato(Di.Chiave))));
+        const QString Codice = Di.Noto(ValoreConservato(Di.Chiave));
+        if (Elenco->findData(Codice) < 0)
+            Elenco->addItem(Codice + u" - sconosciuto"_s, Codice);
+        Elenco->setCurrentIndex(Elenco->findData(Codice));
     }
     for (const CampoFattura& Voce : Campi)
         (ui.get()->*Voce.Campo)->setText(ValoreConservato(Voce.Chiave));

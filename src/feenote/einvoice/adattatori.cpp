@@ -5,6 +5,8 @@
 #include "core/modSede.h"
 #include "core/sessione.h"
 #include "feenote/einvoice/composizione.h"
+#include "feenote/modDatiStampa.h"
+#include "feenote/modFatturaXml.h"
 #include "feenote/parcella.h"
 #include "platform/base/regionale.h"
 #include "platform/base/testopiano.h"
@@ -161,7 +163,7 @@ Cedente CedenteDaImpostazioni()
                         .Nazione = Italia.toString()};
     Studio.Regime = RegimeFiscale;
     Studio.Iban = Iban;
-    Studio.Email = StudioMail;
+    Studio.Email = StudioPec.isEmpty() ? StudioMail : StudioPec;
     return Studio;
 }
 
@@ -280,6 +282,39 @@ Composizione ComponiDellaNota(const Parcella& Nota, const QString& Progressivo, 
     SceltaFattura Scelta = SceltaDellaNota(Nota, Cliente);
     Scelta.Progressivo = Progressivo;
     Composizione Fatta = ComponiFatturaElettronica(Nota, CedenteDaImpostazioni(), Cliente, Scelta, Oggi);
-    Fatta.Mancanze += MancanzeDelleScelte(Nota);
+    // Of one fault one sentence: the one that knows what was typed.
+    const QList<MancanzaFattura> Scritte = MancanzeDelleScelte(Nota);
+    Fatta.Mancanze.removeIf([&](const MancanzaFattura& Detta) {
+        return std::ranges::any_of(Scritte,
+                                   [&](const MancanzaFattura& Altra) { return Altra.Dove == Detta.Dove; });
+    });
+    Fatta.Mancanze += Scritte;
     return Fatta;
+}
+
+bool CambiaTipoFattura(Parcella& Nota, const QString& Tipo)
+{
+    constexpr QStringView Credito = u"TD04";
+    DatiFatturaXml& Tenuti = Nota.FatturaXml;
+    const bool Prima = Tenuti.Tipo == Credito;
+    if (Tenuti.Tipo == Tipo)
+        return false;
+    const QString Numero = Nota.DatiPar(DatoNumFatt);
+    const QString Data = Nota.DatiPar(DatoDataFatt);
+    const auto Riscrivi = [&](const QString& NuovoNumero, const QString& NuovaData) {
+        CambiaDatiPar(Nota, DatoNumFatt, NuovoNumero);
+        CambiaDatiPar(Nota, DatoDataFatt, NuovaData);
+    };
+    if (Tipo == Credito && FatturaGiaScritta(Nota) && (Tenuti.CitataNumero + Tenuti.CitataData).isEmpty()) {
+        Tenuti.CitataNumero = SceltaDaNota(Nota).Numero;
+        Tenuti.CitataData = Data;
+        Riscrivi({}, {});
+    } else if (Prima && Numero.isEmpty() && Data.isEmpty() && !Tenuti.DiFattura.isEmpty()) {
+        Riscrivi(Tenuti.DiFattura.section(u'|', 0, 0), Tenuti.DiFattura.section(u'|', 1));
+        Tenuti.CitataNumero.clear();
+        Tenuti.CitataData.clear();
+    }
+    Tenuti.Tipo = Tipo;
+    SetModificata(Nota, true);
+    return true;
 }

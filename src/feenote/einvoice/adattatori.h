@@ -8,6 +8,7 @@
 struct DatiCliente;
 
 /// The office, by the settings in force. A part of the address that they lack is empty: nothing is guessed.
+/// Its certified mail, where there is one, stands in the place of the other.
 [[nodiscard]] Cedente CedenteDaImpostazioni();
 
 /// The client, by its row. The house number is taken off the street where it is plain; a person whose code
@@ -21,6 +22,12 @@ struct DatiCliente;
 /// What SceltaDaNota says, with the choices that the note keeps; the format follows the client where none is
 /// chosen. A date that is none is left out: MancanzeDelleScelte tells of it.
 [[nodiscard]] SceltaFattura SceltaDellaNota(const Parcella& Nota, const Cessionario& Cliente);
+
+/// The kind of document is another one. Of an invoice that was written as a file a credit note cites it: its
+/// number and date go there, and those of the note, which become the credit note's, are to be written. Back
+/// from there, as long as they are not, they are the invoice's again.
+/// @return true when the note was changed
+bool CambiaTipoFattura(Parcella& Nota, const QString& Tipo);
 
 /// What is wrong with the texts that the note keeps of its choices: a date that is none, half of a cited
 /// invoice.

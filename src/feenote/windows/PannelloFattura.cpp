@@ -124,7 +124,13 @@ void PannelloFattura::CollegaScelte()
         });
     }
     for (const ElencoScelta& Voce : Elenchi)
-        AlScegliere(ui.get()->*Voce.Elenco, [this](int, ModoScelta) { Scegli(); });
+        if (Voce.Campo != CampoFattura::SceltaTipo)
+            AlScegliere(ui.get()->*Voce.Elenco, [this](int, ModoScelta) { Scegli(); });
+    // A credit note has number and date of its own, which the other boxes of the tab show.
+    AlScegliere(ui->cmbTipoXml, [this](int, ModoScelta) {
+        const QString Tipo = ui->cmbTipoXml->currentData().toString();
+        Cornice.Applica([&] { (void)CambiaTipoFattura(Nota, Tipo); });
+    });
     for (const SegnoScelta& Voce : Segni)
         Collega<QAbstractButton>(ui.get()->*Voce.Segno, &QAbstractButton::clicked, this,
                                  [this] { Scegli(); });

@@ -42,7 +42,7 @@ frmControlloFattura::frmControlloFattura(const QString& File, const QList<EsitoC
     for (const EsitoControllo& Esito : Esiti) {
         const bool Rifiuto = Esito.Gravita == GravitaControllo::Rifiuto;
         Righe.append(TestoEsito(Esito));
-        auto* Voce = new QListWidgetItem(aspetto::Icona(Rifiuto ? u"delete"_s : u"info"_s), Righe.last(),
+        auto* Voce = new QListWidgetItem(aspetto::Icona(Rifiuto ? u"chiudi"_s : u"info"_s), Righe.last(),
                                          ui->lstEsiti);
         Voce->setToolTip(Esito.Elemento);
         if (Rifiuto)

@@ -73,7 +73,7 @@ struct VoceNota
 
 constexpr std::array VociNota{
     VoceNota{NotaTipoStampa, SchedaDiStampa, u"cmbTipoStampa"},
-    VoceNota{NotaOggetto, SchedaBase, u"txtOggetto"},
+    VoceNota{NotaOggetto, SchedaDiStampa, u"txtDatiStaOgg"},
     VoceNota{NotaOnorari, SchedaListaOnorari, u"tdbOnor"},
     VoceNota{NotaSpese, SchedaListaSpese, u"tdbDir"},
     VoceNota{NotaAcconti, SchedaImposte, u"tdbAcconti"},

@@ -267,10 +267,10 @@ void TestSetupFattura::codiciSconosciuti()
     TavoloSetup::Salva(u"RegimeFiscale"_s, u"RF99"_s);
     ImpostaVariabili();
     QCOMPARE(sessione::TipoStudio, u"P"_s);
-    QCOMPARE(sessione::RegimeFiscale, u"RF01"_s);
+    QCOMPARE(sessione::RegimeFiscale, u"RF99"_s);
     Apri();
     QCOMPARE(Elenco(u"cmbTipoStudio"_s)->currentIndex(), 0);
-    QCOMPARE(Elenco(u"cmbRegime"_s)->currentIndex(), 0);
+    QCOMPARE(Elenco(u"cmbRegime"_s)->currentText(), u"RF99 - sconosciuto"_s);
 }
 
 void TestSetupFattura::siApreSullaCasella_data()

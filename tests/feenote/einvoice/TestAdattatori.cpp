@@ -77,6 +77,8 @@ void TestAdattatori::cedente()
     Atteso.Iban = u"IT60X0542811101000000123456"_s;
     Atteso.Email = u"conti@studio.example"_s;
     QVERIFY(CedenteDaImpostazioni() == Atteso);
+    sessione::StudioPec = u"conti@pec.example"_s;
+    QCOMPARE(CedenteDaImpostazioni().Email, u"conti@pec.example"_s);
     // The address of paper is not taken in silence.
     sessione::StudioVia.clear();
     sessione::StudioIndir = u"Via Fillungo, 3"_s;

@@ -39,6 +39,7 @@ private Q_SLOTS:
     void leSceltePassanoNelFile();
     void scadenzaSbagliata();
     void fatturaCitataAMeta();
+    void laNotaDiCreditoCitaLaFattura();
     void siRicordanoNelFileDellaNota();
     void lAnteprimaHaITotaliDellaCarta();
 };
@@ -364,10 +365,41 @@ void TestFatturaElettronica::fatturaCitataAMeta()
     Scrivi(Controllo<QLineEdit>(F, "txtCitataNumero"), u"7"_s);
     Premi(Qt::Key_Tab);
     QVERIFY2(Righe().contains(u"Manca la data della fattura citata"_s), qPrintable(Righe().join(u'|')));
+    QCOMPARE(Mancanti(), 1);  // of one fault one row
     Scrivi(Controllo<QLineEdit>(F, "txtCitataNumero"), QString());
     Scrivi(Controllo<QLineEdit>(F, "txtCitataData"), u"01/02/2025"_s);
     Premi(Qt::Key_Tab);
     QVERIFY2(Righe().contains(u"Manca il numero della fattura citata"_s), qPrintable(Righe().join(u'|')));
+}
+
+void TestFatturaElettronica::laNotaDiCreditoCitaLaFattura()
+{
+    ApriPannello();
+    ScegliVoceDi("cmbTipoXml", u"TD04"_s);
+    QCOMPARE(TestoDi(F, "txtDatiPar_11"), u"12"_s);  // no file of it yet: nothing is taken back
+    QCOMPARE(TestoDi(F, "txtCitataNumero"), QString());
+    ScegliVoceDi("cmbTipoXml", QString());
+    SalvaIn(T->Ufficio.Cartella(), 1);
+    const QString Oggi = Format(::Oggi(), u"dd/mm/yyyy");
+    ScegliVoceDi("cmbTipoXml", u"TD04"_s);
+    QCOMPARE(TestoDi(F, "txtCitataNumero"), u"12/%1"_s.arg(::Oggi().year()));
+    QCOMPARE(TestoDi(F, "txtCitataData"), Oggi);
+    QCOMPARE(TestoDi(F, "txtDatiPar_11"), QString());
+    QCOMPARE(TestoDi(F, "txtDatiPar_12"), QString());
+    QVERIFY(Mancanti() > 0);
+    ScegliVoceDi("cmbTipoXml", QString());
+    QCOMPARE(TestoDi(F, "txtDatiPar_11"), u"12"_s);
+    QCOMPARE(TestoDi(F, "txtDatiPar_12"), Oggi);
+    QCOMPARE(TestoDi(F, "txtCitataNumero"), QString());
+    ScegliVoceDi("cmbTipoXml", u"TD04"_s);
+    Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_11"), u"13"_s);
+    Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_12"), Oggi);
+    ApriPannello();
+    QVERIFY2(Mancanti() == 0, qPrintable(Righe().join(u'|')));
+    SalvaIn(T->Ufficio.Cartella(), 2);
+    const QByteArray Byte = LeggiFile(T->Ufficio.File(u"IT%1_00002.xml"_s.arg(CodiceStudio)));
+    QVERIFY(Byte.contains("<TipoDocumento>TD04</TipoDocumento>"));
+    QVERIFY(Byte.contains(u"<IdDocumento>12/%1</IdDocumento>"_s.arg(::Oggi().year()).toLatin1()));
 }
 
 void TestFatturaElettronica::siRicordanoNelFileDellaNota()
