@@ -354,15 +354,6 @@ std::optional<Mancanza<CampoTermine>> DifettoTermine(const DatiTermine& Dati)
     return std::nullopt;
 }
 
-ContoTermine CalcolaTermine(const DatiTermine& Dati)
-{
-    ContoTermine Conto;
-    Conto.Opzioni = Dati.Opzioni;
-    Conto.DataCorrente = CDate(SenzaSecolo(Dati.Decorrenza));
-    ContaTermine(Conto, CInt(Dati.Numero), Dati.Tipo);
-    return Conto;
-}
-
 QString TestoTermine(const ContoTermine& Conto)
 {
     QString Testo = u"La scadenza è "_s + DataLunga(Conto.DataCorrente);

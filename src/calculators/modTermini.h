@@ -97,9 +97,6 @@ enum class CampoTermine { Decorrenza, Numero };
 /// The first box that lacks something: start date empty or none, number empty or 0.
 [[nodiscard]] std::optional<Mancanza<CampoTermine>> DifettoTermine(const DatiTermine& Dati);
 
-/// The calculation of checked boxes. @throws Errore 5 outside the calendar, 13 or 6 a number of no use
-[[nodiscard]] ContoTermine CalcolaTermine(const DatiTermine& Dati);
-
 /// Caption of the result: "La scadenza è " and the date in words; "\n(Posticipata)" or "\n(Anticipata)" when
 /// it was moved.
 [[nodiscard]] QString TestoTermine(const ContoTermine& Conto);

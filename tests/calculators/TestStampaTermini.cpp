@@ -1,4 +1,5 @@
 // The printed sheets of the calculators of terms.
+#include "calcolotermine.h"
 #include "supporto/guasti.h"
 #include "supporto/prova.h"
 #include "supporto/registratore.h"

@@ -1,4 +1,5 @@
 // Terms: worked examples, the messages of the form, the ends of the calendar.
+#include "calcolotermine.h"
 #include "casi.h"
 #include "supporto/guasti.h"
 #include "supporto/registratore.h"
