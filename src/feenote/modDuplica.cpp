@@ -15,6 +15,9 @@ void TogliCliente(Parcella& Nota)
     Nota.RapprDi = Nessuno.RapprDi;
     Nota.RapprLegato = Nessuno.RapprLegato;
     Nota.BlocchiScritti = Nessuno.BlocchiScritti;
+    DatiFatturaXml& Fattura = Nota.FatturaXml;
+    for (QString* Suo : {&Fattura.Destinatario, &Fattura.ContrattoNumero, &Fattura.Cup, &Fattura.Cig})
+        Suo->clear();
 }
 
 }  // namespace
@@ -24,6 +27,11 @@ Parcella Duplicata(const Parcella& Nota, bool ConCliente)
     Parcella Copia = Nota;
     for (const DatoStampa Dato : {DatoNumero, DatoData, DatoNumFatt, DatoDataFatt})
         Copia.txtDatiPar.remove(Dato);
+    // The file of an electronic invoice is that of the number which stays behind.
+    DatiFatturaXml& Fattura = Copia.FatturaXml;
+    for (QString* DellaPrima :
+         {&Fattura.Scadenza, &Fattura.File, &Fattura.Quando, &Fattura.Progressivo, &Fattura.DiFattura})
+        DellaPrima->clear();
     Copia.Percorso.clear();
     Copia.Psw.clear();
     Copia.IDMultipla = 0;

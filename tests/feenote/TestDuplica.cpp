@@ -39,6 +39,19 @@ Parcella Piena()
     Nota.chkRA.Attiva = true;
     Nota.txtRA.Testo = u"20"_s;
     RigaAcconto(Nota, u"E"_s, 100, 0, 0);
+    DatiFatturaXml& Fattura = Nota.FatturaXml;
+    Fattura.Tipo = u"TD06"_s;
+    Fattura.Destinatario = u"PA"_s;
+    Fattura.Modalita = u"MP08"_s;
+    Fattura.Scadenza = u"31/12/2026"_s;
+    Fattura.CitataNumero = u"1"_s;
+    Fattura.ContrattoNumero = u"5"_s;
+    Fattura.Cup = u"B"_s;
+    Fattura.Cig = u"C"_s;
+    Fattura.File = u"IT01_00001.xml"_s;
+    Fattura.Quando = u"03/02/2026"_s;
+    Fattura.Progressivo = u"00001"_s;
+    Fattura.DiFattura = u"2 del 02/02/2026"_s;
     return Nota;
 }
 
@@ -63,6 +76,10 @@ void TestDuplica::colCliente()
     Attesa.IDMultipla = 0;
     for (const int Dato : {DatoNumero, DatoData, DatoNumFatt, DatoDataFatt})
         Attesa.txtDatiPar.remove(Dato);
+    DatiFatturaXml& Fattura = Attesa.FatturaXml;
+    for (QString* Tolto :
+         {&Fattura.Scadenza, &Fattura.File, &Fattura.Quando, &Fattura.Progressivo, &Fattura.DiFattura})
+        Tolto->clear();
     const Parcella Copia = Duplicata(Piena(), true);
     QVERIFY(Copia == Attesa);
     QCOMPARE(Copia.DatiPar(DatoTestoSuperiore), u"sopra"_s);
@@ -86,6 +103,9 @@ void TestDuplica::senzaCliente()
     Attesa.RapprDi = 0;
     Attesa.RapprLegato.clear();
     Attesa.BlocchiScritti.clear();
+    DatiFatturaXml& Fattura = Attesa.FatturaXml;
+    for (QString* Suo : {&Fattura.Destinatario, &Fattura.ContrattoNumero, &Fattura.Cup, &Fattura.Cig})
+        Suo->clear();
     QVERIFY(Copia == Attesa);
     QCOMPARE(Copia.IDCon, 8);
     QCOMPARE(Copia.txtControp.Testo, u"Bianchi"_s);

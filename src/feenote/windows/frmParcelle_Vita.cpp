@@ -262,6 +262,7 @@ void frmParcelle::Prendi(const Parcella& Copia)
     Nota.Nome = Nome;
     RilegaRighe();
     SetModificata(true);
+    Storia.Comincia(Nota, false);
     MostraTutto();
 }
 

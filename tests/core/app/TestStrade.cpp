@@ -31,6 +31,7 @@ private Q_SLOTS:
     void dallIconaAllaCorniceERitorno();
     void dueParcelleEIlBersaglio();
     void chiusaUnaSiSalvaLAltra_data();
+    void ilLavoroDiIeri();
     void chiusaUnaSiSalvaLAltra();
     void ilModelloDaUnaParcellaSalvata();
     void primoUsoLAvvisoDopoLeDomande();
@@ -129,6 +130,42 @@ void TestStrade::chiusaUnaSiSalvaLAltra_data()
         QTest::addRow("%d by its cross", Chiusa) << Chiusa << true;
         QTest::addRow("%d by the command", Chiusa) << Chiusa << false;
     }
+}
+
+/// A note saved, closed and found again by keys alone; asked for once more, its window comes to the front.
+void TestStrade::ilLavoroDiIeri()
+{
+    Registratore Box;
+    Main(u""_s);
+    auto& Scrivania = Singola<frmStudio>();
+    (void)QTest::qWaitForWindowActive(&Scrivania);
+    QTest::keySequence(&Scrivania, QKeySequence(u"Ctrl+N"_s));
+    QTRY_VERIFY(Parcelle(1) && Cornice().isActiveWindow());
+    Digita(u"Rossi"_s);
+    Box.AttendiSalva(sessione::ParcellePath + u"Rossi"_s);
+    Box.Attendi(u"La parcella Rossi.mdb è stata salvata correttamente!"_s);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(Box.InizioDialogo(), sessione::ParcellePath + u"Rossi"_s);
+    QVERIFY(!InfoParcelle[1].Modificata);
+    QVERIFY(ChiudiParcella(1));
+    QTRY_VERIFY(Scrivania.isActiveWindow());
+    Scrivania.resize(920, 400);  // the strip has room beside the icons
+    Respiro();
+    QTest::keySequence(&Scrivania, QKeySequence(u"Ctrl+R"_s));
+    Premi(Qt::Key_Return);
+    QTRY_VERIFY(!InfoParcelle[1].Libera);
+    QCOMPARE(Parcelle(1)->Nota.Percorso, sessione::ParcellePath + u"Rossi.mdb"_s);
+    QCOMPARE(Parcelle(1)->Nota.txtCliente.Testo, u"Rossi"_s);
+    // Behind another note, by the keys of the frame.
+    Cornice().barParcelle_ButtonClick(u"new"_s);
+    QCOMPARE(Cornice().Tag(), u"2"_s);
+    QVERIFY(MostraAttiva(Cornice()));
+    QTest::keySequence(&Cornice(), QKeySequence(u"Ctrl+R"_s));
+    QWidget* Tendina = QApplication::activePopupWidget();
+    QVERIFY(Tendina);
+    QTest::keyClick(Tendina, Qt::Key_1);
+    QTRY_COMPARE(Cornice().Tag(), u"1"_s);
+    QCOMPARE(UltimaParcella(), 2);
 }
 
 void TestStrade::chiusaUnaSiSalvaLAltra()

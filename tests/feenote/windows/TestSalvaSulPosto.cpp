@@ -305,6 +305,7 @@ void TestSalvaSulPosto::duplica()
     QVERIFY(Copia->Nota.xOnorari == F->Nota.xOnorari);
     QCOMPARE(Controllo<QLineEdit>(Copia, "txtCliente")->text(), Cliente);
     QVERIFY(!Controllo(Copia, "pctLock")->isVisible());
+    QVERIFY2(!Controllo(Copia, "cmdAnnulla")->isEnabled(), "its steps begin here");
     // The other one is as it was.
     QCOMPARE(F->Nota.Percorso, File);
     QCOMPARE(F->Nota.DatiPar(DatoNumFatt), u"12"_s);
