@@ -65,26 +65,6 @@ bool Fuori(const ScaglioneValore& Sca, double Valore)
     return Valore < Sca.DaVal || Valore > Sca.AVal;
 }
 
-/// Index of the entry with a number, -1 for none.
-template <class Voce>
-int IndiceDi(const QList<Voce>& Elenco, int Numero, int Voce::*Membro)
-{
-    const auto Trovata = std::ranges::find(Elenco, Numero, Membro);
-    return Trovata == Elenco.end() ? NessunaVoce : int(Trovata - Elenco.begin());
-}
-
-void SelezionaAutoritaInSilenzio(Parcella& Nota, int Indice)
-{
-    if (Indice < 0 || Indice >= Nota.ListaAutorita.size())
-        return;
-    Nota.cmbAutor = Indice;
-    Nota.IdxAutorPrec = Indice;
-    Nota.AutoritaTenuta = {};
-    // In criminal matters the court plays the role of the bracket.
-    if (Nota.cmbCateg == IndicePenale)
-        Nota.Scaglione = Nota.IDAutSelezionata();
-}
-
 /// What the file had chosen speaks of another category or decree.
 void LasciaTenute(Parcella& Nota)
 {
@@ -381,6 +361,18 @@ QString TestoDatiBase(const Parcella& Nota)
     return Testo;
 }
 
+void SelezionaAutoritaInSilenzio(Parcella& Nota, int Indice)
+{
+    if (Indice < 0 || Indice >= Nota.ListaAutorita.size())
+        return;
+    Nota.cmbAutor = Indice;
+    Nota.IdxAutorPrec = Indice;
+    Nota.AutoritaTenuta = {};
+    // In criminal matters the court plays the role of the bracket.
+    if (Nota.cmbCateg == IndicePenale)
+        Nota.Scaglione = Nota.IDAutSelezionata();
+}
+
 void SelezionaScaglioneInSilenzio(Parcella& Nota, int Indice)
 {
     if (Indice < 0 || Indice >= Nota.ListaScaglioni.size())
@@ -420,71 +412,6 @@ void SelezionaInSilenzio(Parcella& Nota, int Categ, int Autor, int Valore)
     SelezionaAutoritaInSilenzio(Nota, Autor);
     if (Nota.CodCateg != Penale)
         SelezionaScaglioneInSilenzio(Nota, Valore);
-}
-
-namespace {
-
-/// Saved without it, a note opened while its lists were away would be without office and bracket for good.
-void TieniNonRisolte(Parcella& Nota, const SceltaTenuta& Ufficio, const SceltaTenuta& Fascia)
-{
-    if (Nota.cmbAutor == NessunaVoce)
-        Nota.AutoritaTenuta = Ufficio;
-    if (Nota.cmbValore == NessunaVoce && Nota.CodCateg != Penale)
-        Nota.ScaglioneTenuto = Fascia;
-}
-
-/// A list that was read and has nothing in it; one that could not be read was told already.
-void AvvisaElenchiVuoti(const Parcella& Nota)
-{
-    const Decreto& Legge = *Nota.Tariffa;
-    QStringList Mancanti;
-    if (Nota.AutoritaTenuta.Nominata() && Nota.ListaAutorita.isEmpty() &&
-        !LeggiAutorita(Legge, Nota.CodCateg).Guasto)
-        Mancanti += u"alcuna autorità"_s;
-    if (Nota.ScaglioneTenuto.Nominata() && Nota.ListaScaglioni.isEmpty() &&
-        !LeggiScaglioni(Legge, Nota.CodCateg).Guasto)
-        Mancanti += u"alcuno scaglione"_s;
-    if (!Mancanti.isEmpty())
-        MsgBox(u"Attenzione, l'archivio della tariffa %1, %2, non ha più %3 per la categoria della "
-               u"parcella!\nGli importi della parcella restano quelli salvati."_s.arg(
-                   Legge.Nome, Legge.File, Mancanti.join(u" né "_s)),
-               vbExclamation, TitoloAvvertenza.toString());
-}
-
-}  // namespace
-
-void VerificaSelezioni(Parcella& Nota, const SceltaTenuta& Ufficio, const SceltaTenuta& Fascia)
-{
-    const int IDAut = Ufficio.Numero;
-    const int NumSca = Fascia.Numero;
-    const QString Coda = u"\nGli importi della parcella restano quelli salvati."_s;
-    const auto Avvisa = [&](const QString& Che) {
-        MsgBox(u"Attenzione, nell'archivio della tariffa %1 non c'è più %2 della parcella!"_s.arg(
-                   Nota.Tariffa->Nome, Che) +
-                   Coda,
-               vbExclamation, TitoloAvvertenza.toString());
-    };
-    if (IDAut != 0 && IDAut != Nota.IDAutSelezionata() && !Nota.ListaAutorita.isEmpty()) {
-        Nota.cmbAutor = Nota.IdxAutorPrec = NessunaVoce;
-        if (Nota.CodCateg == Penale)
-            Nota.Scaglione = 0;  // the column of the office that stands in the other's place by now
-        SelezionaAutoritaInSilenzio(Nota, IndiceDi(Nota.ListaAutorita, IDAut, &Autorita::IDAut));
-        if (Nota.cmbAutor == NessunaVoce)
-            Avvisa(u"l'autorità"_s);
-    }
-    const ScaglioneValore* Scelto = Nota.ScaglioneSelezionato();
-    if (NumSca != 0 && (!Scelto || Scelto->NumSca != NumSca) && !Nota.ListaScaglioni.isEmpty()) {
-        Nota.cmbValore = Nota.IdxValorePrec = NessunaVoce;
-        if (Nota.CodCateg != Penale)
-            Nota.Scaglione = 0;
-        SelezionaScaglioneInSilenzio(Nota, IndiceDi(Nota.ListaScaglioni, NumSca, &ScaglioneValore::NumSca));
-        if (Nota.cmbValore == NessunaVoce)
-            Avvisa(u"lo scaglione"_s);
-    }
-    if (!Nota.Tariffa->Dichiarato)
-        return;
-    TieniNonRisolte(Nota, Ufficio, Fascia);
-    AvvisaElenchiVuoti(Nota);
 }
 
 // ---- another decree -----------------------------------------------------------------------------
@@ -569,8 +496,7 @@ void Porta(Parcella& Nota, const Decreto& Nuova, const Corrispondenze& Comuni)
     LoadAutorità(Nota, Nota.CodCateg);
     LoadScaglioni(Nota, Nota.CodCateg);
     LoadVariazioni(Nota);
-    SelezionaAutoritaInSilenzio(
-        Nota, IndiceDi(Nota.ListaAutorita, Comuni.Uffici.value(Ufficio, Ufficio).toInt(), &Autorita::IDAut));
+    SelezionaAutoritaInSilenzio(Nota, PostoAutorita(Nota, Comuni.Uffici.value(Ufficio, Ufficio).toInt()));
     RitrovaScaglione(Nota, EraIndeterminato);
     LasciaVariazioneAltrui(Nota);
     if (!PartiContano(Nota))

@@ -77,6 +77,7 @@ void LasciaImporto(Parcella& Nota);
 /// Selects category, authority and bracket by list index without any reaction: lists loaded, states set by
 /// category, last accepted values and Scaglione follow. An index outside its list stays unselected.
 void SelezionaInSilenzio(Parcella& Nota, int Categ, int Autor, int Valore);
+void SelezionaAutoritaInSilenzio(Parcella& Nota, int Indice);
 void SelezionaScaglioneInSilenzio(Parcella& Nota, int Indice);
 /// Value of the case, euro; not above 0: an empty box.
 void ImpostaValoreInSilenzio(Parcella& Nota, double Valore);

@@ -2,6 +2,8 @@
 
 #include "platform/base/regionale.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 int Parcella::IDAutSelezionata() const
@@ -12,6 +14,27 @@ int Parcella::IDAutSelezionata() const
 const ScaglioneValore* Parcella::ScaglioneSelezionato() const
 {
     return cmbValore >= 0 && cmbValore < ListaScaglioni.size() ? &ListaScaglioni[cmbValore] : nullptr;
+}
+
+namespace {
+
+template <class Voce>
+int PostoDi(const QList<Voce>& Elenco, int Numero, int Voce::*Membro)
+{
+    const auto Trovata = std::ranges::find(Elenco, Numero, Membro);
+    return Trovata == Elenco.end() ? NessunaVoce : int(Trovata - Elenco.begin());
+}
+
+}  // namespace
+
+int PostoAutorita(const Parcella& Nota, int IDAut)
+{
+    return PostoDi(Nota.ListaAutorita, IDAut, &Autorita::IDAut);
+}
+
+int PostoScaglione(const Parcella& Nota, int NumSca)
+{
+    return PostoDi(Nota.ListaScaglioni, NumSca, &ScaglioneValore::NumSca);
 }
 
 QStringList VociCategoria()

@@ -260,6 +260,10 @@ struct Parcella
     friend bool operator==(const Parcella&, const Parcella&) = default;
 };
 
+/// Index of the authority, of the bracket with a number; NessunaVoce when the list has none.
+[[nodiscard]] int PostoAutorita(const Parcella& Nota, int IDAut);
+[[nodiscard]] int PostoScaglione(const Parcella& Nota, int NumSca);
+
 /// Entries of cmbCateg, in order.
 [[nodiscard]] QStringList VociCategoria();
 /// Text of the selected category, authority, bracket; empty without a selection.
