@@ -1,5 +1,5 @@
-// Files of electronic invoices: any bytes give findings, each with a sentence and a place of the file; what the checks
-// let through is read a second time alike.
+// Files of electronic invoices: any bytes give findings, each with a sentence and a place of the file; what
+// the checks let through is read a second time alike.
 #include "bersaglio.h"
 
 #include "feenote/einvoice/controlli.h"

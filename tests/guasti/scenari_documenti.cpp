@@ -1,6 +1,7 @@
-// Exports and the PDF of a note.
+// Exports, the PDF and the electronic invoice of a note.
 #include "guasti/scenari.h"
 
+#include "feenote/einvoice/fattura_prova.h"
 #include "supporto/prova.h"
 
 #include <QFile>
@@ -70,6 +71,46 @@ Scenario Di(const QString& Fine, const QByteArray& Nota)
             .DicePerche = true};
 }
 
+/// An invoice that is complete, and where it goes.
+FatturaElettronica Fattura()
+{
+    using namespace fattura_prova;
+    return Componi({.Onorari = {100000}, .SpeseGen = 1500, .CP = 400, .IVA = 2200, .RA = 2000}, Avvocato(),
+                   Societa())
+        .Fattura;
+}
+
+QString FileFattura(const Posto& Dove)
+{
+    return Dove.Cartella + NomeFileFattura(Fattura());
+}
+
+/// A file that was not there: whole, or not there.
+Scenario DellaFattura()
+{
+    return {.Nome = u"fattura-elettronica"_s,
+            .Attese = {Apri, Scrivi, Sincronizza, Chiudi},
+            .Prepara = [](const Posto&) {},
+            .Atto =
+                [](const Posto& Dove, const std::function<void()>& Comincia) {
+                    const FatturaElettronica Intera = Fattura();
+                    Comincia();
+                    return Svolgi([&] {
+                        if (!QFile::exists(FileFattura(Dove)))
+                            SalvaFattura(FileFattura(Dove), Intera, fattura_prova::Giorno);
+                    });
+                },
+            .Guarda =
+                [](const Posto& Dove, const Uscita&) {
+                    if (!QFile::exists(FileFattura(Dove)))
+                        return Trovato::Prima;
+                    return Contenuto(FileFattura(Dove)) == XmlFattura(Fattura()) ? Trovato::Nuovo
+                                                                                 : Trovato::Rotto;
+                },
+            .Ammessi = {u"ITRSSMRA80A01H501U_0000A\\.xml"_s},
+            .DicePerche = true};
+}
+
 }  // namespace
 
 QList<Scenario> ScenariDocumenti()
@@ -85,5 +126,6 @@ QList<Scenario> ScenariDocumenti()
     QList<Scenario> Tutti;
     for (const QString& Fine : {u"txt"_s, u"doc"_s, u"htm"_s, u"pdf"_s})
         Tutti.append(Di(Fine, Nota));
+    Tutti.append(DellaFattura());
     return Tutti;
 }

@@ -108,8 +108,9 @@ void DestinatarioDiEsteri(Esame& File)
     const QString Nazione = File.Albero.Valore(File.Testa, u"CessionarioCommittente/Sede/Nazione");
     const bool Estero = (Cliente.Nodo != AlberoXml::Nessuno && Cliente.Paese != Italia) ||
                         (!Nazione.isEmpty() && Nazione != Italia);
-    if (File.Albero[Nodo].Testo == u"XXXXXXX" && !Estero)
-        File.Segnala(Nodo, u"Il codice destinatario XXXXXXX è per i clienti esteri."_s);
+    const QString Scritto = File.Albero[Nodo].Testo;
+    if (Scritto == u"XXXXXXX" && !Estero)
+        File.Segnala(Nodo, u"Il codice destinatario %1 è per i clienti esteri."_s.arg(Scritto));
 }
 
 void LungoDestinatario(Esame& File)

@@ -5,7 +5,6 @@
 #include "feenote/einvoice/composizione.h"
 #include "feenote/einvoice/controlli.h"
 #include "feenote/einvoice/scrittura.h"
-#include "feenote/modTotali.h"
 #include "platform/base/regionale.h"
 #include "supporto/prova.h"
 
