@@ -8,6 +8,7 @@
 #include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
+#include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/calendar/calendario.h"
 #include "platform/kit/aspetto.h"
@@ -20,10 +21,14 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
+#include <QFormLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QShortcut>
 #include <QSignalBlocker>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -178,6 +183,61 @@ void MostraNorme(const CampiNorme& Campi, SceltaNorme& Scelta)
 QString MateriaScelta(const CampiNorme& Campi, const SceltaNorme& Scelta)
 {
     return Scelta.InVigore() ? Campi.cmbMateria->currentData().toString() : QString();
+}
+
+RigaInizio::RigaInizio(QFormLayout* Modulo, int Riga, const std::function<void()>& Cambiato)
+    : lblInizio(new QLabel(u"Causa iniziata il:"_s)), mskInizio(new MascheraData)
+{
+    lblInizio->setObjectName(u"lblInizio"_s);
+    mskInizio->setObjectName(u"mskInizio"_s);
+    mskInizio->setToolTip(u"Facoltativa: dice quale rito vale, quello precedente o quello riformato"_s);
+    lblInizio->setBuddy(mskInizio);
+    constexpr int LargaData = 112;  // as the boxes of dates beside it
+    mskInizio->setMaximumWidth(LargaData);
+    Modulo->insertRow(Riga, lblInizio, mskInizio);
+    AlLasciaSempre(mskInizio, [Casella = mskInizio] {
+        Casella->CompletaAnno();
+        return true;
+    });
+    Collega(mskInizio, &QLineEdit::textEdited, mskInizio, Cambiato);
+    Mostra(false);
+}
+
+void RigaInizio::Mostra(bool Serve)
+{
+    lblInizio->setVisible(Serve);
+    mskInizio->setVisible(Serve);
+    if (!Serve)
+        Svuota();
+}
+
+void RigaInizio::Svuota()
+{
+    mskInizio->ImpostaTesto({});
+}
+
+std::optional<QDate> RigaInizio::Data() const
+{
+    const QString Testo = SenzaSecolo(mskInizio->Testo());
+    if (mskInizio->isHidden() || !Testo.contains(QRegularExpression(u"\\d"_s)))
+        return std::nullopt;
+    const auto Letta = LeggiData(Testo);
+    if (!Letta)
+        throw Errore(errori::Argomento, u"Il giorno in cui la causa è iniziata non è una data valida"_s);
+    return Letta;
+}
+
+bool ChiedeInizio(const TermineRicorrente& Termine)
+{
+    return Termine.Misura == MisuraVigenza::Procedimento;
+}
+
+bool ChiedeInizio(const Norme& Insieme, const CatenaTermini& Catena)
+{
+    return std::ranges::any_of(Catena.Anelli, [&](const AnelloCatena& Anello) {
+        const TermineRicorrente* Termine = TrovaTermine(Insieme, Anello.Termine);
+        return Termine && ChiedeInizio(*Termine);
+    });
 }
 
 QString NoteDi(const QList<TermineContato>& Termini)

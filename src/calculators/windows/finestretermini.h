@@ -16,6 +16,7 @@ class QAbstractButton;
 class QCheckBox;
 class QComboBox;
 class QDialog;
+class QFormLayout;
 class QLabel;
 class QPushButton;
 class SceltaNorme;
@@ -92,6 +93,29 @@ void MostraNorme(const CampiNorme& Campi, SceltaNorme& Scelta);
 
 /// The code of the chosen matter; empty for none, and by the program's own rules.
 [[nodiscard]] QString MateriaScelta(const CampiNorme& Campi, const SceltaNorme& Scelta);
+
+/// The day on which the proceeding began, in a row of its own that shows only where a term asks for it.
+class RigaInizio
+{
+public:
+    /// Puts the row into a form. `Cambiato` runs at each edit.
+    RigaInizio(QFormLayout* Modulo, int Riga, const std::function<void()>& Cambiato);
+
+    /// A hidden row keeps no day.
+    void Mostra(bool Serve);
+    void Svuota();
+    /// None while it is hidden or empty. @throws Errore 5 with a sentence for a text that is no date
+    [[nodiscard]] std::optional<QDate> Data() const;
+    [[nodiscard]] MascheraData* Casella() const { return mskInizio; }
+
+private:
+    QLabel* lblInizio;
+    MascheraData* mskInizio;
+};
+
+/// Whether a row of the catalogue, or one of a chain, is valid by the day on which the proceeding began.
+[[nodiscard]] bool ChiedeInizio(const TermineRicorrente& Termine);
+[[nodiscard]] bool ChiedeInizio(const Norme& Insieme, const CatenaTermini& Catena);
 
 /// The notes of all terms, each once, one a line.
 [[nodiscard]] QString NoteDi(const QList<TermineContato>& Termini);

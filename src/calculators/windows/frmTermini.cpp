@@ -39,6 +39,9 @@ frmTermini::frmTermini() : ui(std::make_unique<Ui::frmTermini>())
 {
     ui->setupUi(this);
     Scelta = std::make_unique<SceltaNorme>(ui->cmbNorme, [this] { CambiaNorme(); });
+    Inizio = std::make_unique<RigaInizio>(ui->modulo, 1, [this] { Pulisci(); });
+    setTabOrder(ui->mskDecorr, Inizio->Casella());
+    setTabOrder(Inizio->Casella(), ui->txtIncrNum);
     ImpostaMenu(this, {{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New, [this] { mnuNew_Click(); }},
                        {u"mnuStampa"_s, u"Stampa"_s, QKeySequence::Print, [this] { mnuStampa_Click(); }}});
     {
@@ -195,8 +198,8 @@ bool frmTermini::CalcolaCatena(const DatiTermine& Caselle)
     const auto Lette = Scelta->Lette();
     if (!Lette)
         return false;
-    Contati =
-        ContaCatena(Scelta->Insieme(), *Lette, *Catena, CDate(SenzaSecolo(Caselle.Decorrenza)), Materia());
+    Contati = ContaCatena(Scelta->Insieme(), *Lette, *Catena, CDate(SenzaSecolo(Caselle.Decorrenza)),
+                          Materia(), Inizio->Data());
     DataCorrente = Contati.first().Esito.Scadenza;
     MostraRisultato(TestoCatena(Contati, true), NoteDi(Contati));
     return true;
@@ -313,7 +316,7 @@ EsitoTermine frmTermini::Computa(const RichiestaTermine& Chiesto) const
         Termine.Sospeso = Chiesto.Opzioni.Sospensione;
     if (Chiesto.Opzioni.Sabato != Termine.Sabato.value_or(false))
         Termine.Sabato = Chiesto.Opzioni.Sabato;
-    return ComputaRicorrente(*Scelta->Lette(), Termine, Chiesto.Decorrenza, Chiesto.Materia);
+    return ComputaRicorrente(*Scelta->Lette(), Termine, Chiesto.Decorrenza, Chiesto.Materia, Inizio->Data());
 }
 
 TermineContato frmTermini::Contato(const RichiestaTermine& Chiesto, const EsitoTermine& Esito) const
@@ -419,6 +422,8 @@ void frmTermini::MostraScelto()
     // The date of the window is that of its event.
     if (!Evento.isEmpty())
         Testo += u"\nDecorre da: "_s + Evento;
+    Inizio->Mostra(Scelta->InVigore() && ((Scelto && ChiedeInizio(*Scelto)) ||
+                                          (Catena && ChiedeInizio(*Scelta->Lette(), *Catena))));
     ui->lblTermine->setText(Testo);
     ui->lblTermine->setVisible(!Testo.isEmpty());
     ui->cmdLascia->setVisible(!Testo.isEmpty());
@@ -449,6 +454,8 @@ QStringList frmTermini::RigheChieste() const
               << u"Sospensione feriale: "_s + SiNo(Caselle.Opzioni.Sospensione && Materia().isEmpty())
               << u"Termine libero: "_s + SiNo(Caselle.Opzioni.Libero)
               << u"Proroga del sabato: "_s + SiNo(Caselle.Opzioni.Sabato);
+    if (const auto Quando = Inizio->Data())
+        Righe << u"Causa iniziata il: "_s + Format(*Quando, u"dd/mm/yyyy");
     if (!Materia().isEmpty())
         Righe << u"Materia: "_s + ui->cmbMateria->currentText();
     return Righe << RigaNorme(Scelta->Insieme());

@@ -79,6 +79,7 @@ private:
 
     std::unique_ptr<Ui::frmTermini> ui;
     std::unique_ptr<SceltaNorme> Scelta;
+    std::unique_ptr<RigaInizio> Inizio;
     QDate DataCorrente;                       ///< the due date of the result, the last one of a chain
     QList<TermineContato> Contati;            ///< the result
     std::optional<TermineRicorrente> Scelto;  ///< from the catalogue, as long as the boxes are its own

@@ -24,6 +24,9 @@ frmTerminiSeq::frmTerminiSeq() : ui(std::make_unique<Ui::frmTerminiSeq>())
 {
     ui->setupUi(this);
     Scelta = std::make_unique<SceltaNorme>(ui->cmbNorme, [this] { CambiaNorme(); });
+    Inizio = std::make_unique<RigaInizio>(ui->modulo, 2, [this] { Pulisci(); });
+    setTabOrder(ui->mskDecorr, Inizio->Casella());
+    setTabOrder(Inizio->Casella(), ui->chkSosp);
     ImpostaMenu(this, {{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New, [this] { mnuNew_Click(); }},
                        {u"mnuPrint"_s, u"Stampa"_s, QKeySequence::Print, [this] { mnuPrint_Click(); }}});
     ElencaArticoli();
@@ -137,9 +140,9 @@ bool frmTerminiSeq::Calcola()
 
 bool frmTerminiSeq::CalcolaVigente()
 {
-    Contati =
-        ContaCatena(InsiemeNorme::Vigenti, *Scelta->Lette(), *Catena(),
-                    CDate(SenzaSecolo(ui->mskDecorr->Testo())), MateriaScelta(CampiDelleNorme(), *Scelta));
+    Contati = ContaCatena(InsiemeNorme::Vigenti, *Scelta->Lette(), *Catena(),
+                          CDate(SenzaSecolo(ui->mskDecorr->Testo())),
+                          MateriaScelta(CampiDelleNorme(), *Scelta), Inizio->Data());
     Risultato = TestoCatena(Contati);
     MostraRisultato(NoteDi(Contati));
     return true;
@@ -176,6 +179,7 @@ void frmTerminiSeq::cmdAvvertenze_Click()
 void frmTerminiSeq::mnuNew_Click()
 {
     ui->mskDecorr->ImpostaTesto({});
+    Inizio->Svuota();
     ui->Calendario->hide();
     ui->cmbArticolo->setCurrentIndex(0);
     ui->chkSosp->setChecked(true);
@@ -238,6 +242,7 @@ void frmTerminiSeq::CambiaCatena()
     ui->lblDecorr->setText(Una ? u"Data:"_s : u"Data udienza:"_s);
     ui->lblEvento->setText(Una ? u"("_s + Una->Evento + u')' : QString());
     ui->Calendario->ImpostaNomeInizio(EventoMostrato());
+    Inizio->Mostra(Una && ChiedeInizio(*Scelta->Lette(), *Una));
     ui->cmbArticolo->setToolTip(Una ? Una->Titolo : QString());
     Pulisci();
 }

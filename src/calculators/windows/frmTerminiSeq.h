@@ -69,6 +69,7 @@ private:
 
     std::unique_ptr<Ui::frmTerminiSeq> ui;
     std::unique_ptr<SceltaNorme> Scelta;
+    std::unique_ptr<RigaInizio> Inizio;
     QList<TermineContato> Contati;  ///< the result
     QString Risultato;              ///< its caption, by the program's own rules with the CR LF of its sheet
     QPointer<frmStrada> Strade;

@@ -41,6 +41,8 @@ private Q_SLOTS:
     void unTermineRiempieLaFinestra();
     void unTermineConLaDataSiCalcola();
     void leNormeCambiateDietroAUnTermine();
+    void causaIniziataPrima();
+    void causaIniziataNellaCatena();
     void descrizioniDelCatalogo();
     void unTermineFuoriVigenza();
     void cambiareIlContoLasciaIlTermine();
@@ -368,6 +370,57 @@ void TestNormeTermini::leNormeCambiateDietroAUnTermine()
     QVERIFY(!Controllo<QCheckBox>(F, "chkSabato")->isChecked());
     Clic(Controllo(F, "cmdEsegui"));
     QVERIFY(!Risultato(F).isEmpty());
+}
+
+// The rite goes by the day on which the case began: without it the result says so.
+void TestNormeTermini::causaIniziataPrima()
+{
+    QVERIFY(Controllo(F, "mskInizio")->isHidden());
+    Scegli(F, "cmbNorme", InVigore);
+    Scrivi(F, "mskDecorr", u"20062025"_s);
+    Prendi(u"CPC-166"_s);
+    QVERIFY(Controllo(F, "mskInizio")->isVisible());
+    QVERIFY2(Avviso(F).contains(u"procedimenti cominciati dal 28/02/2023"), qPrintable(Avviso(F)));
+    Scrivi(F, "mskInizio", u"01032023"_s);
+    QCOMPARE(Risultato(F), QString());
+    Clic(Controllo(F, "cmdEsegui"));
+    QVERIFY(!Risultato(F).isEmpty());
+    QVERIFY(!Avviso(F).contains(u"procedimenti cominciati"));
+    // A case of 2021 keeps the former rite.
+    B->Voce.Tollera();
+    Scrivi(F, "mskInizio", u"01022021"_s);
+    Clic(Controllo(F, "cmdEsegui"));
+    QCOMPARE(Risultato(F), QString());
+    QVERIFY2(B->Voce.UltimoTesto().contains(u"01/02/2021"), qPrintable(B->Voce.UltimoTesto()));
+    Scrivi(F, "mskInizio", u"31022021"_s);
+    Clic(Controllo(F, "cmdEsegui"));
+    QVERIFY2(B->Voce.UltimoTesto().contains(u"non è una data valida"), qPrintable(B->Voce.UltimoTesto()));
+    // The program's own rules, and terms of every case, do not ask.
+    Respiro();
+    Scegli(F, "cmbNorme", DelProgramma);
+    QVERIFY(Controllo(F, "mskInizio")->isHidden());
+    Scegli(F, "cmbNorme", InVigore);
+    Prendi(u"CPC-325-A"_s);
+    QVERIFY(Controllo(F, "mskInizio")->isHidden());
+    QVERIFY(!Risultato(F).isEmpty());
+}
+
+void TestNormeTermini::causaIniziataNellaCatena()
+{
+    QPointer<frmTerminiSeq> Seq = Apri<frmTerminiSeq>();
+    Scegli(Seq, "cmbNorme", InVigore);
+    auto* Catene = Controllo<QComboBox>(Seq, "cmbArticolo");
+    ScegliConFrecce(Catene, Catene->findText(u"189"_s, Qt::MatchContains));
+    QVERIFY(Controllo(Seq, "mskInizio")->isVisible());
+    Scrivi(Seq, "mskDecorr", u"15012026"_s);
+    Scrivi(Seq, "mskInizio", u"01032023"_s);
+    Clic(Controllo(Seq, "cmdEsegui"));
+    QCOMPARE(Risultato(Seq).split(u'\n').size(), 3);
+    B->Voce.Tollera();
+    Scrivi(Seq, "mskInizio", u"01022021"_s);
+    Clic(Controllo(Seq, "cmdEsegui"));
+    QCOMPARE(Risultato(Seq), QString());
+    QVERIFY(!B->Voce.Mostrati().isEmpty());
 }
 
 void TestNormeTermini::descrizioniDelCatalogo()
