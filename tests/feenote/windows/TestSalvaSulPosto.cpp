@@ -42,6 +42,7 @@ private Q_SLOTS:
     void duplica_data();
     void duplica();
     void duplicaSenzaClienteNonChiede();
+    void laCopiaComincia();
     void duplicaRinuncia();
     void laCopiaNonCopreLOriginale();
 
@@ -327,6 +328,31 @@ void TestSalvaSulPosto::duplicaSenzaClienteNonChiede()
     QVERIFY(T->Voce.Mostrati().isEmpty());
     DuplicaParcella(7);
     QCOMPARE(UltimaParcella(), 2);
+}
+
+/// In a window that held another note: nothing of that one comes back by a step.
+void TestSalvaSulPosto::laCopiaComincia()
+{
+    Tocca(F, u"Rossi"_s);
+    const frmParcelle* Altra = T->Apri({}, 2);
+    QVERIFY(Altra);
+    Tocca(Altra, u"Bianchi"_s);
+    QVERIFY(Controllo(Altra, "cmdAnnulla")->isEnabled());
+    T->Voce.Attendi(u"Nuova parcella:2\nVuoi salvare la parcella prima di chiudere?"_s, vbNo, u"Domanda:"_s);
+    QVERIFY(ChiudiParcella(2));
+    T->Voce.Attendi(DomandaCopia(u"Rossi"_s), vbYes);
+    DuplicaParcella(1);
+    frmParcelle* Copia = Parcelle(2);
+    QCOMPARE(Copia, Altra);
+    QCOMPARE(Copia->Nota.txtCliente.Testo, u"Rossi"_s);
+    QVERIFY(!Controllo(Copia, "cmdAnnulla")->isEnabled());
+    QVERIFY(MostraAttiva(*Copia));
+    Scrivi(Controllo<QLineEdit>(Copia, "txtOggetto"), u"x"_s);
+    QVERIFY(Controllo(Copia, "cmdAnnulla")->isEnabled());
+    Clic(Controllo(Copia, "cmdAnnulla"));
+    QCOMPARE(Copia->Nota.txtCliente.Testo, u"Rossi"_s);
+    QCOMPARE(Copia->Nota.txtOggetto.Testo, QString());
+    QVERIFY2(InfoParcelle[2].Modificata, "it was never saved");
 }
 
 void TestSalvaSulPosto::duplicaRinuncia()
