@@ -8,7 +8,6 @@
 #include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
-#include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/calendar/calendario.h"
 #include "platform/kit/aspetto.h"
@@ -216,15 +215,19 @@ void RigaInizio::Svuota()
     mskInizio->ImpostaTesto({});
 }
 
+bool RigaInizio::Valida() const
+{
+    const QString Testo = mskInizio->Testo();
+    if (mskInizio->isHidden() || Data() || !Testo.contains(QRegularExpression(u"\\d"_s)))
+        return true;
+    MsgErrore(u"Il giorno in cui la causa è iniziata non è una data valida!"_s);
+    RidaiFuoco(mskInizio);
+    return false;
+}
+
 std::optional<QDate> RigaInizio::Data() const
 {
-    const QString Testo = SenzaSecolo(mskInizio->Testo());
-    if (mskInizio->isHidden() || !Testo.contains(QRegularExpression(u"\\d"_s)))
-        return std::nullopt;
-    const auto Letta = LeggiData(Testo);
-    if (!Letta)
-        throw Errore(errori::Argomento, u"Il giorno in cui la causa è iniziata non è una data valida"_s);
-    return Letta;
+    return mskInizio->isHidden() ? std::nullopt : LeggiData(SenzaSecolo(mskInizio->Testo()));
 }
 
 bool ChiedeInizio(const TermineRicorrente& Termine)

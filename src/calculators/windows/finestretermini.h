@@ -104,7 +104,9 @@ public:
     /// A hidden row keeps no day.
     void Mostra(bool Serve);
     void Svuota();
-    /// None while it is hidden or empty. @throws Errore 5 with a sentence for a text that is no date
+    /// False for a text that is no date, which a message says before the box gets the focus.
+    [[nodiscard]] bool Valida() const;
+    /// None while it is hidden, empty or no date.
     [[nodiscard]] std::optional<QDate> Data() const;
     [[nodiscard]] MascheraData* Casella() const { return mskInizio; }
 

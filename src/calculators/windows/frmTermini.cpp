@@ -163,7 +163,8 @@ void frmTermini::Segna()
 
 void frmTermini::cmdEsegui_Click()
 {
-    CalcolaDallaData(ui->mskDecorr, [this] { return Calcola(); });
+    if (Inizio->Valida())
+        CalcolaDallaData(ui->mskDecorr, [this] { return Calcola(); });
 }
 
 bool frmTermini::Calcola()

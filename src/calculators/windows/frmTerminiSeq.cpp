@@ -122,7 +122,8 @@ void frmTerminiSeq::Segna()
 
 void frmTerminiSeq::cmdEsegui_Click()
 {
-    CalcolaDallaData(ui->mskDecorr, [this] { return Calcola(); });
+    if (Inizio->Valida())
+        CalcolaDallaData(ui->mskDecorr, [this] { return Calcola(); });
 }
 
 bool frmTerminiSeq::Calcola()

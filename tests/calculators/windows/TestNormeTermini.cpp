@@ -392,9 +392,12 @@ void TestNormeTermini::causaIniziataPrima()
     Clic(Controllo(F, "cmdEsegui"));
     QCOMPARE(Risultato(F), QString());
     QVERIFY2(B->Voce.UltimoTesto().contains(u"01/02/2021"), qPrintable(B->Voce.UltimoTesto()));
+    Respiro();
     Scrivi(F, "mskInizio", u"31022021"_s);
     Clic(Controllo(F, "cmdEsegui"));
     QVERIFY2(B->Voce.UltimoTesto().contains(u"non è una data valida"), qPrintable(B->Voce.UltimoTesto()));
+    Respiro();
+    QCOMPARE(QApplication::focusWidget(), Controllo(F, "mskInizio"));
     // The program's own rules, and terms of every case, do not ask.
     Respiro();
     Scegli(F, "cmbNorme", DelProgramma);
