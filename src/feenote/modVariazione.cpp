@@ -5,6 +5,7 @@
 #include "platform/system/messaggi.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -244,7 +245,11 @@ void ScegliAumRid(Parcella& Nota, int Indice)
     if (Indice == Nota.AumRidIdx) {
         if (Nota.VariazioneTenuta != AumRidLibera) {
             Nota.VariazioneTenuta = AumRidLibera;
-            Nota.OpzioneSalvata.reset();
+            const auto Salvata = std::exchange(Nota.OpzioneSalvata, std::nullopt);
+            // The free one takes the whole percent of every item, which that option did not.
+            const bool Altrimenti = Salvata && (Salvata->Esatto != 0 || Salvata->Voci != OgniNumero);
+            if (Altrimenti && !Nota.xOnorari.Vuota())
+                SegnaRicalcolo(Nota);
             SetModificata(Nota, true);
         }
         return;

@@ -34,6 +34,8 @@ private Q_SLOTS:
     void associata();
     void leSpeseGeneraliProprie();
     void illeggibilePerUnMomento();
+    void memoriaDisonesta_data();
+    void memoriaDisonesta();
 };
 PROVA(TestTariffaNelFile);
 
@@ -230,6 +232,42 @@ void TestTariffaNelFile::illeggibilePerUnMomento()
     CaricaDati(Letta, File);
     QCOMPARE(Letta.Tariffa, &Dm55);
     QCOMPARE(Letta.IDAutSelezionata(), IDTribunale55);
+}
+
+void TestTariffaNelFile::memoriaDisonesta_data()
+{
+    QTest::addColumn<QString>("Nome");
+    QTest::addColumn<QString>("Valore");
+    for (const QString& Valore :
+         {u"1e300"_s, u"nan"_s, u"-7"_s, u"0"_s, u"99999999999"_s, u"tre"_s, QString(3000, u'9')})
+        for (const QString& Nome : {u"PartiAssistite.Aumento"_s, u"Variazione.Esatto"_s})
+            QTest::addRow("%s %s", qPrintable(Nome), qPrintable(Valore.left(12))) << Nome << Valore;
+    QTest::newRow("limits") << u"Variazione.Limiti"_s << u"x;y"_s;
+    QTest::newRow("a sentence without end") << u"Variazione.Frase"_s << QString(100000, u'%');
+    QTest::newRow("an article without end") << u"PartiAssistite.Articolo"_s << QString(100000, u'a');
+}
+
+/// A file that somebody has written by hand names no amounts out of all bounds.
+void TestTariffaNelFile::memoriaDisonesta()
+{
+    QFETCH(QString, Nome);
+    QFETCH(QString, Valore);
+    const Studio Suo;
+    Parcella Nota = Nota55(CategCivile, IDTribunale55, u"30000"_s);
+    ScegliAumRid(Nota, 104);  // by a third
+    CaricaParti(Nota, 3);
+    Catalogo Voci;
+    EntraOnorari(Nota, Voci);
+    const QString File = Salvata(Suo, Nota);
+    EseguiSu(File, u"UPDATE _Calcanova SET Valore=? WHERE Nome=?"_s, {Valore, Nome});
+    Registratore Voce;
+    Parcella Letta;
+    CaricaDati(Letta, File);
+    QVERIFY(AumentoParti(Letta) > 0 && AumentoParti(Letta) < 1'000'000);
+    QVERIFY(std::abs(PercentoEsatto(Letta, Letta.AumRidVarP) - 33) < 1);
+    QVERIFY(FraseVariazione(Letta).size() < 2000);
+    QVERIFY(FraseParti(Letta).size() < 200);
+    QCOMPARE(Colonna(Letta, OnoImporto), Colonna(Nota, OnoImporto));
 }
 
 #include "TestTariffaNelFile.moc"
