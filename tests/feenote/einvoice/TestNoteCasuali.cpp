@@ -71,7 +71,7 @@ PROVA(TestNoteCasuali);
 
 void TestNoteCasuali::leSommeTornano()
 {
-    const int Quante = DallAmbiente("CALCANOVA_FATTURE", 300);
+    const int Quante = DallAmbiente("CALCANOVA_FATTURE", 250);
     const int Seme = DallAmbiente("CALCANOVA_SEME", 22);
     const QString Cartella = NuovaCartella();
     QStringList File;
