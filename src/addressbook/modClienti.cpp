@@ -135,9 +135,11 @@ bool ESocieta(const DatiCliente& Cliente)
 {
     constexpr qsizetype CifreSocieta = 11;
     const auto Cifra = [](QChar C) { return C >= u'0' && C <= u'9'; };
-    if (const auto Scritto = SoggettoScritto(Cliente.TipoSoggetto);
-        Scritto && Scritto != TipoSoggetto::Estero)
-        return Scritto != TipoSoggetto::Persona;
+    const std::optional<TipoSoggetto> Scritto = SoggettoScritto(Cliente.TipoSoggetto);
+    if (Scritto == TipoSoggetto::Persona)
+        return false;
+    if (Scritto == TipoSoggetto::Societa || Scritto == TipoSoggetto::Amministrazione)
+        return true;
     return !Cliente.RapprLegale.isEmpty() ||
            (Cliente.CodFis.size() == CifreSocieta && std::ranges::all_of(Cliente.CodFis, Cifra));
 }

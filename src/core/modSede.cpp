@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Commas, hyphens and blanks at the ends.
-QString Rifilato(QString Testo)
+QString Rifilato(const QString& Testo)
 {
     static const QRegularExpression Bordi(u"^[\\s,;-]+|[\\s,;-]+$"_s);
     return Testo.simplified().remove(Bordi);

@@ -16,7 +16,7 @@ FontiDeiTesti()
         'src/*.ui' 'src/*.cpp' 'src/*.h' \
         'pacchetto/*.1' 'pacchetto/*.desktop' 'pacchetto/*.xml' 'pacchetto/*.completamento' \
         ':!src/demo' ':!src/print/writers' ':!src/platform/pages' ':!src/platform/document' \
-        ':!src/addressbook/exchange/colonneimporta.cpp'
+        ':!src/addressbook/exchange/colonneimporta.cpp' ':!src/addressbook/exchange/nazioni.cpp'
 }
 
 # ParoleAmmesse FILE...: the words of the lists, without their reasons.

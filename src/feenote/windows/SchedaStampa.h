@@ -41,8 +41,6 @@ public:
     /// The panel of the electronic invoice in the place of the page, or the page again. Nothing for a
     /// document that is no invoice.
     void MostraFattura(bool Si);
-    /// The panel, for whoever leads to one of its boxes.
-    [[nodiscard]] PannelloFattura& Fattura() const { return *Elettronica; }
     /// The button "print": asks for printer and pages, then prints.
     void StampaParcella();
 
