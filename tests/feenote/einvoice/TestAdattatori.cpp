@@ -127,6 +127,7 @@ void TestAdattatori::nomi_data()
     Riga("apostrophe", u"D'Alò Ada"_s, u"DLADAA80A41H501X"_s, u"D'Alò"_s, u"Ada"_s);
     Riga("another person's code", u"Rossi Mario"_s, u"VRDNNA80A41H501X"_s, {}, {});
     Riga("both orders fit", u"Rossi Rossi"_s, u"RSSRSS80A01H501X"_s, u"Rossi"_s, u"Rossi"_s);
+    Riga("two orders, two persons", u"Fabio Fabia"_s, u"FBAFBA80A01H501X"_s, {}, {});
     Riga("a title in front", u"Dott. Rossi Mario"_s, u"RSSMRA80A01H501U"_s, {}, {});
     Riga("a company's code", u"Rossi Mario"_s, u"01234567897"_s, {}, {});
     Riga("one word", u"Rossi"_s, u"RSSMRA80A01H501U"_s, {}, {});
