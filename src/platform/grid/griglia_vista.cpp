@@ -280,8 +280,9 @@ void VistaGriglia::keyboardSearch(const QString&)
 
 bool VistaGriglia::event(QEvent* Evento)
 {
-    // The form's own step back comes behind what the lines do with the key.
-    if (Evento->type() == QEvent::ShortcutOverride && ConComandi &&
+    // The form's own step back comes behind what the lines do with the key. A form that puts no lines back
+    // has the key for itself.
+    if (Evento->type() == QEvent::ShortcutOverride && ConComandi && Padrona->ComandoPossibile &&
         static_cast<QKeyEvent*>(Evento)->matches(QKeySequence::Undo)) {
         Evento->accept();
         return true;
