@@ -158,6 +158,7 @@ void PannelloVigente::CambiaProcedimento()
             Campo->setEnabled(Scelto->ConGradi);
         for (QWidget* Campo : std::initializer_list<QWidget*>{ui->lblRicorrenti, ui->txtRicorrenti})
             Campo->setEnabled(Scelto->PerCiascuno);
+        ui->chkNotifiche->setEnabled(Scelto->ConNotifiche);
         ui->cmbProcedimento->setToolTip(Scelto->Categoria);
     }
     Calcola();

@@ -199,10 +199,16 @@ void TestNormeImporti::caselleARiposo()
     QVERIFY(Controllo(F, "txtValoreVigente")->isEnabled());
     QVERIFY(Controllo(F, "cmbGrado")->isEnabled());
     QVERIFY(!Controllo(F, "txtRicorrenti")->isEnabled());
+    QVERIFY(Controllo(F, "chkNotifiche")->isEnabled());
     auto* Lista = Controllo<QComboBox>(F, "cmbProcedimento");
     ScegliConFrecce(Lista, Lista->findText(u"Esecuzione immobiliare"_s));
     QVERIFY(!Controllo(F, "txtValoreVigente")->isEnabled());
     QVERIFY(!Controllo(F, "cmbGrado")->isEnabled());
+    // Social security pays no notifications, and nothing is added.
+    ScegliConFrecce(Lista, Lista->findText(u"Previdenza e assistenza, oltre la soglia di reddito"_s));
+    QVERIFY(!Controllo(F, "chkNotifiche")->isEnabled());
+    QCOMPARE(TestoDi(F, "lblVigente"), u"43,00"_s);
+    QVERIFY2(!TestoDi(F, "lblTotaleVigente").contains(u"70,00"), qPrintable(TestoDi(F, "lblTotaleVigente")));
 }
 
 void TestNormeImporti::rifiutiNelPannello_data()
