@@ -15,9 +15,7 @@ void TogliCliente(Parcella& Nota)
     Nota.RapprDi = Nessuno.RapprDi;
     Nota.RapprLegato = Nessuno.RapprLegato;
     Nota.BlocchiScritti = Nessuno.BlocchiScritti;
-    DatiFatturaXml& Fattura = Nota.FatturaXml;
-    for (QString* Suo : {&Fattura.Destinatario, &Fattura.ContrattoNumero, &Fattura.Cup, &Fattura.Cig})
-        Suo->clear();
+    Nota.FatturaXml = {};  // addressee, contract and the rest are agreed with him
 }
 
 }  // namespace
@@ -29,8 +27,8 @@ Parcella Duplicata(const Parcella& Nota, bool ConCliente)
         Copia.txtDatiPar.remove(Dato);
     // The file of an electronic invoice is that of the number which stays behind.
     DatiFatturaXml& Fattura = Copia.FatturaXml;
-    for (QString* DellaPrima :
-         {&Fattura.Scadenza, &Fattura.File, &Fattura.Quando, &Fattura.Progressivo, &Fattura.DiFattura})
+    for (QString* DellaPrima : {&Fattura.CitataNumero, &Fattura.CitataData, &Fattura.Scadenza, &Fattura.File,
+                                &Fattura.Quando, &Fattura.Progressivo, &Fattura.DiFattura})
         DellaPrima->clear();
     Copia.Percorso.clear();
     Copia.Psw.clear();

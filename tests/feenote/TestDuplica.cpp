@@ -77,8 +77,8 @@ void TestDuplica::colCliente()
     for (const int Dato : {DatoNumero, DatoData, DatoNumFatt, DatoDataFatt})
         Attesa.txtDatiPar.remove(Dato);
     DatiFatturaXml& Fattura = Attesa.FatturaXml;
-    for (QString* Tolto :
-         {&Fattura.Scadenza, &Fattura.File, &Fattura.Quando, &Fattura.Progressivo, &Fattura.DiFattura})
+    for (QString* Tolto : {&Fattura.CitataNumero, &Fattura.Scadenza, &Fattura.File, &Fattura.Quando,
+                           &Fattura.Progressivo, &Fattura.DiFattura})
         Tolto->clear();
     const Parcella Copia = Duplicata(Piena(), true);
     QVERIFY(Copia == Attesa);
@@ -103,9 +103,7 @@ void TestDuplica::senzaCliente()
     Attesa.RapprDi = 0;
     Attesa.RapprLegato.clear();
     Attesa.BlocchiScritti.clear();
-    DatiFatturaXml& Fattura = Attesa.FatturaXml;
-    for (QString* Suo : {&Fattura.Destinatario, &Fattura.ContrattoNumero, &Fattura.Cup, &Fattura.Cig})
-        Suo->clear();
+    Attesa.FatturaXml = {};
     QVERIFY(Copia == Attesa);
     QCOMPARE(Copia.IDCon, 8);
     QCOMPARE(Copia.txtControp.Testo, u"Bianchi"_s);

@@ -8,6 +8,7 @@
 #include "feenote/file/modPassword.h"
 #include "feenote/file/modPosaFile.h"
 #include "feenote/file/nomenota.h"
+#include "platform/system/aparte.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
@@ -42,7 +43,7 @@ QString NomeLibero(const QString& Inizio, const QString& Proposto)
 {
     constexpr int MassimoNumero = 99;
     const auto Preso = [&](const QString& Nome) {
-        return EsisteFile(Inizio + Nome + EstensioneNota.toString());
+        return EsisteFileEntro(Inizio + Nome + EstensioneNota.toString()).value_or(false);
     };
     if (Proposto.isEmpty() || !Preso(Proposto))
         return Proposto;

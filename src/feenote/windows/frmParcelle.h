@@ -219,6 +219,7 @@ private:
     int Posto;
     QString TitoloProprio;
     int NumeroNota = 0;
+    std::optional<Impronta> ImprontaMia;    ///< of the note's own file, as it was read or written last
     std::optional<Impronta> ImprontaMulti;  ///< of the associated note; nothing: it was read from a window
     QTimer TimerMulti;                      ///< runs while the partner is being changed
     QTimer TimerCopia;  ///< runs from the first change that the recovery copy does not hold

@@ -121,6 +121,8 @@ bool frmParcelle::Carica(const QString& Percorso)
     CambiaNota(true);
     const RapportiUnici UnaVolta;
     const bool Letta = Protetta([&] { LeggiParcella(Nota, Percorso); });
+    if (Letta)
+        ImprontaMia = ImprontaDi(Nota.Percorso);
     AdottaRiferimento(Nota);
     RilegaRighe();
     SetModificata(false);
@@ -194,6 +196,7 @@ bool frmParcelle::Salva(const std::function<std::optional<QString>()>& Scrivi,
                 return false;
             ImpostaNome(Nota.Nome);
             ImpostaTitolo(Nota.Nome);
+            ImprontaMia = ImprontaDi(Nota.Percorso);
             // There is nothing left to recover, though the mark stays until the user has read.
             TogliCopia(Posto);
             // What comes late, behind the message, is not in the file: the click of a key with Alt takes its
@@ -231,7 +234,14 @@ bool frmParcelle::SalvaSulPosto()
 {
     if (!HaFileSuo(Nota))
         return SalvaConNome();
-    return Salva([this] { return SalvaSulFile(Nota); },
+    // Keys pressed by habit replace nothing that somebody else has saved since.
+    const auto Consentita = [this] {
+        return !ImprontaMia || *ImprontaMia == ImprontaDi(Nota.Percorso) ||
+               MsgBox(u"La parcella %1 è stata cambiata da altri dopo che è stata aperta.\n"
+                      u"Sostituirla con questa?"_s.arg(NomeFile(Nota.Percorso)),
+                      vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString()) == vbYes;
+    };
+    return Salva([&] { return Consentita() ? SalvaSulFile(Nota) : std::nullopt; },
                  [this](const QString&) {
                      ui->lblSalvata->Mostra(u"Salvata alle "_s + Adesso().toString(u"HH:mm"_s));
                  });
@@ -325,6 +335,7 @@ void frmParcelle::Scarica()
 
 void frmParcelle::CambiaNota(bool Viene)
 {
+    ImprontaMia.reset();
     static int Ultimo = 0;
     const int Prima = std::exchange(NumeroNota, Viene ? ++Ultimo : 0);
     if (Prima > 0 && Aperture.ParcellaChiusa)

@@ -35,6 +35,7 @@ private Q_SLOTS:
     void ilFileNonCePiu();
     void laProtettaChiede();
     void diSolaLettura();
+    void cambiataDaAltriChiede();
     void nonSiScrive();
     void nomeCheIlDialogoRifiuta();
     void salvaConNomeAncheIntatta();
@@ -217,6 +218,25 @@ void TestSalvaSulPosto::diSolaLettura()
     QVERIFY(!F->SalvaSulPosto());
     QCOMPARE(Cliente(File), u"Rossi"_s);
     QVERIFY(F->Nota.Modificata);
+}
+
+void TestSalvaSulPosto::cambiataDaAltriChiede()
+{
+    const QString File = Salvata_(u"rossi.mdb"_s);
+    EseguiSu(File, u"UPDATE ParcellaParam SET Cliente='Bianchi'"_s);
+    ImpostaDataFile(File, DataFile(File).addSecs(60));
+    Tocca(F, u"Verdi"_s);
+    const QString Domanda =
+        u"La parcella rossi.mdb è stata cambiata da altri dopo che è stata aperta.\nSostituirla con questa?"_s;
+    T->Voce.Attendi(Domanda, vbNo, u"Domanda:"_s);
+    QVERIFY(!F->SalvaSulPosto());
+    QCOMPARE(Cliente(File), u"Bianchi"_s);
+    QVERIFY(F->Nota.Modificata);
+    T->Voce.Attendi(Domanda, vbYes, u"Domanda:"_s);
+    QVERIFY(F->SalvaSulPosto());
+    QCOMPARE(Cliente(File), u"Verdi"_s);
+    Tocca(F, u"Neri"_s);
+    QVERIFY(F->SalvaSulPosto());
 }
 
 void TestSalvaSulPosto::nonSiScrive()
