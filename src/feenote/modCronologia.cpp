@@ -8,13 +8,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What belongs to the file and to the window, and stays as it is whatever step is taken.
-void Riporta(Parcella& Nota, const Parcella& Da)
+/// What belongs to the window.
+void RiportaFinestra(Parcella& Nota, const Parcella& Da)
 {
-    Nota.Percorso = Da.Percorso;
-    Nota.Psw = Da.Psw;
     Nota.Nome = Da.Nome;
-    Nota.NsRif = Da.NsRif;
     Nota.Scelta = Da.Scelta;
     Nota.Modificata = Da.Modificata;
     Nota.Pronta = Da.Pronta;
@@ -22,17 +19,39 @@ void Riporta(Parcella& Nota, const Parcella& Da)
     Nota.AvvisoNotaGiudiziale = Da.AvvisoNotaGiudiziale;
     Nota.InsUltimaOno = Da.InsUltimaOno;
     Nota.InsUltimaDir = Da.InsUltimaDir;
-
     Nota.IDMultipla = Da.IDMultipla;
+    Nota.Multi = Da.Multi;
+}
+
+/// What belongs to the file and to the window, and stays as it is whatever step is taken.
+void Riporta(Parcella& Nota, const Parcella& Da)
+{
+    RiportaFinestra(Nota, Da);
+    Nota.Percorso = Da.Percorso;
+    Nota.Psw = Da.Psw;
+    Nota.NsRif = Da.NsRif;
+
     Nota.txtParcMultipla = Da.txtParcMultipla;
     Nota.txtPathParcMult = Da.txtPathParcMult;
-    Nota.Multi = Da.Multi;
+    Nota.optMultiAntPos = Da.optMultiAntPos;
+    Nota.chkMultiParam = Da.chkMultiParam;
 
     // The file of an electronic invoice is written, whatever the note says afterwards.
     Nota.FatturaXml.File = Da.FatturaXml.File;
     Nota.FatturaXml.Quando = Da.FatturaXml.Quando;
     Nota.FatturaXml.Progressivo = Da.FatturaXml.Progressivo;
     Nota.FatturaXml.DiFattura = Da.FatturaXml.DiFattura;
+}
+
+/// True when a note is what its file holds, in every respect: a mark that is taken off takes the recovery
+/// copy along.
+bool ComeInFile(const Parcella& Nota, const std::optional<Parcella>& InFile)
+{
+    if (!InFile)
+        return false;
+    Parcella Copia = *InFile;
+    RiportaFinestra(Copia, Nota);
+    return Copia == Nota;
 }
 
 /// The document in view is a choice of what to look at; the record changes by its boxes.
@@ -72,8 +91,8 @@ QList<quint64> Ordinate(QList<quint64> Chiavi)
 int CelleDiverse(const TabellaRighe& Prima, const TabellaRighe& Dopo)
 {
     int Quante = 0;
-    for (int i = 0; i < Prima.Righe(); ++i)
-        for (int j = 0; j < Prima.Colonne() && Quante < 2; ++j)
+    for (int i = 0; i < Prima.Righe() && Quante < 2; ++i)
+        for (int j = 0; !Prima.StessaRiga(Dopo, i) && j < Prima.Colonne() && Quante < 2; ++j)
             Quante += Prima(i, j) == Dopo(i, j) ? 0 : 1;
     return Quante;
 }
@@ -95,12 +114,14 @@ QString NomeRighe(const TabellaRighe& Prima, const TabellaRighe& Dopo, const QSt
     return Con(CelleDiverse(Prima, Dopo) == 1 ? u"cella" : u"importi");
 }
 
-/// A name, and whether the step consists of letters typed into one box.
+/// Letters of one box, and what leaving it writes besides, are of one kind, and one step.
+enum class Lettere { Nessuna, Parti, Valore, NumeroParti, Variazione, Percentuali, Fattura };
+
 struct VocePasso
 {
     QStringView Nome;
     bool (*Cambia)(const Parcella&, const Parcella&);
-    bool Testo = false;
+    Lettere Di = Lettere::Nessuna;
 };
 
 /// The first that applies names the step: a parameter before what follows from it.
@@ -108,40 +129,44 @@ constexpr std::array Voci{
     VocePasso{u"tariffa", Diversi<&Parcella::Tariffa>},
     VocePasso{u"categoria", Diversi<&Parcella::CodCateg>},
     VocePasso{u"autorità", Diversi<&Parcella::cmbAutor>},
-    VocePasso{u"valore esatto", ValoreScritto, true},
+    VocePasso{u"valore esatto", ValoreScritto, Lettere::Valore},
     VocePasso{u"scaglione", Diversi<&Parcella::cmbValore>},
-    VocePasso{u"valore esatto", Diversi<&Parcella::ImportoPrec, &Parcella::txtImporto>, true},
-    VocePasso{u"parti assistite", Diversi<&Parcella::PartiAssistite, &Parcella::txtParti>, true},
-    VocePasso{
-        u"variazione",
-        Diversi<&Parcella::AumRidIdx, &Parcella::AumRidVarP, &Parcella::cmbAumRid, &Parcella::txtAumRid>,
-        true},
-    VocePasso{u"cliente", Diversi<&Parcella::IDCli, &Parcella::txtCliente>, true},
-    VocePasso{u"controparte", Diversi<&Parcella::IDCon, &Parcella::txtControp>, true},
-    VocePasso{u"oggetto", Diversi<&Parcella::txtOggetto>, true},
+    VocePasso{u"valore esatto", Diversi<&Parcella::ImportoPrec, &Parcella::txtImporto>, Lettere::Valore},
+    VocePasso{u"parti assistite", Diversi<&Parcella::PartiAssistite, &Parcella::txtParti>,
+              Lettere::NumeroParti},
+    VocePasso{u"variazione",
+              Diversi<&Parcella::AumRidIdx, &Parcella::AumRidVarP, &Parcella::cmbAumRid, &Parcella::txtAumRid,
+                      &Parcella::VariazioneTenuta>,
+              Lettere::Variazione},
+};
+
+constexpr std::array VociParti{
+    VocePasso{u"cliente", Diversi<&Parcella::IDCli, &Parcella::txtCliente>, Lettere::Parti},
+    VocePasso{u"controparte", Diversi<&Parcella::IDCon, &Parcella::txtControp>, Lettere::Parti},
+    VocePasso{u"oggetto", Diversi<&Parcella::txtOggetto>, Lettere::Parti},
 };
 
 constexpr std::array VociDopoLeRighe{
     VocePasso{u"spese e imposte",
               Diversi<&Parcella::chkSpeseGen, &Parcella::chkCP, &Parcella::chkIva, &Parcella::chkRA>},
     VocePasso{u"percentuale",
-              Diversi<&Parcella::txtSpeGen, &Parcella::txtCP, &Parcella::txtIVA, &Parcella::txtRA>, true},
+              Diversi<&Parcella::txtSpeGen, &Parcella::txtCP, &Parcella::txtIVA, &Parcella::txtRA>,
+              Lettere::Percentuali},
     VocePasso{
         u"opzioni di stampa",
         Diversi<&Parcella::chkAcconti, &Parcella::chkMinMax, &Parcella::chkRegSempl, &Parcella::chkIvaDiff,
                 &Parcella::chkIBAN, &Parcella::chkFattAcc, &Parcella::optContrTipo>},
-    VocePasso{u"parcella associata", Diversi<&Parcella::optMultiAntPos, &Parcella::chkMultiParam>},
-    VocePasso{u"fattura elettronica", Diversi<&Parcella::FatturaXml>},
+    VocePasso{u"fattura elettronica", Diversi<&Parcella::FatturaXml>, Lettere::Fattura},
     VocePasso{u"dati di stampa",
               Diversi<&Parcella::txtDatiPar, &Parcella::txtDatiStaCli, &Parcella::txtDatiStaControp,
                       &Parcella::txtDatiStaOgg, &Parcella::Rappr, &Parcella::BlocchiScritti>,
-              true},
+              Lettere::Parti},
 };
 
 struct Chiamato
 {
     QString Nome;
-    bool Testo = false;
+    Lettere Di = Lettere::Nessuna;
 };
 
 template <class Elenco>
@@ -150,7 +175,7 @@ std::optional<Chiamato> Trova(const Elenco& Dove, const Parcella& Prima, const P
     const auto Voce = std::ranges::find_if(Dove, [&](const VocePasso& V) { return V.Cambia(Prima, Dopo); });
     if (Voce == std::end(Dove))
         return std::nullopt;
-    return Chiamato{Voce->Nome.toString(), Voce->Testo};
+    return Chiamato{Voce->Nome.toString(), Voce->Di};
 }
 
 /// The name of a change; nothing when what differs is none of the user's.
@@ -158,11 +183,13 @@ std::optional<Chiamato> Chiama(const Parcella& Prima, const Parcella& Dopo)
 {
     if (const auto Parametro = Trova(Voci, Prima, Dopo))
         return Parametro;
+    if (const auto Parte = Trova(VociParti, Prima, Dopo))
+        return Parte;
     for (const QString& Righe : {NomeRighe(Prima.xOnorari, Dopo.xOnorari, u"degli onorari"_s),
                                  NomeRighe(Prima.xDiritti, Dopo.xDiritti, u"delle spese"_s),
                                  NomeRighe(Prima.xAcconti, Dopo.xAcconti, u"degli acconti"_s)})
         if (!Righe.isEmpty())
-            return Chiamato{Righe, false};
+            return Chiamato{Righe};
     return Trova(VociDopoLeRighe, Prima, Dopo);
 }
 
@@ -177,17 +204,13 @@ QString NomeModifica(const Parcella& Prima, const Parcella& Dopo)
 
 bool ParametriDiversi(const Parcella& Prima, const Parcella& Dopo)
 {
-    return Diversi<&Parcella::Tariffa, &Parcella::CodCateg, &Parcella::cmbAutor, &Parcella::cmbValore>(Prima,
-                                                                                                       Dopo);
+    return Trova(Voci, Prima, Dopo).has_value();
 }
 
 void Cronologia::Comincia(const Parcella& Nota, bool Salvata)
 {
-    Indietro.clear();
-    Avanti.clear();
-    Attuale = Nota;
+    Dimentica(Nota);
     InFile = Salvata ? std::optional(Nota) : std::nullopt;
-    TestoAperto = false;
 }
 
 void Cronologia::Segna(const Parcella& Nota)
@@ -199,31 +222,48 @@ void Cronologia::Segna(const Parcella& Nota)
         return;
     }
     Avanti.clear();
-    // Leaving one box may write another: the client of the print is that of the note.
-    const bool Segue = TestoAperto && Detto->Testo && !Indietro.isEmpty();
+    const bool Segue = Detto->Di != Lettere::Nessuna && InEdit == int(Detto->Di) && !Indietro.isEmpty();
     if (!Segue) {
         if (Indietro.size() == Massimo)
             Indietro.removeFirst();
         Indietro.append({Detto->Nome, Attuale});
     }
     // Letters that were taken back one by one leave no step.
-    const bool Resta = NomeModifica(Indietro.last().Nota, Nota).size() > 0;
+    const bool Resta = !NomeModifica(Indietro.last().Nota, Nota).isEmpty();
     if (!Resta)
         Indietro.removeLast();
-    TestoAperto = Detto->Testo && Resta;
+    InEdit = int(Resta ? Detto->Di : Lettere::Nessuna);
     Attuale = Nota;
 }
 
 void Cronologia::Allinea(const Parcella& Nota)
 {
-    TestoAperto = false;
+    InEdit = 0;
     Attuale = Nota;
+}
+
+void Cronologia::Dimentica(const Parcella& Nota)
+{
+    Indietro.clear();
+    Avanti.clear();
+    Allinea(Nota);
 }
 
 void Cronologia::SegnaSalvata(const Parcella& Nota)
 {
-    TestoAperto = false;
+    InEdit = 0;
     InFile = Nota;
+}
+
+void Cronologia::SegnaRimessa()
+{
+    if (!Indietro.isEmpty())
+        Indietro.last().Rimessa = true;
+}
+
+bool Cronologia::UltimaRimessa() const
+{
+    return !Indietro.isEmpty() && Indietro.last().Rimessa;
 }
 
 QString Cronologia::NomeAnnulla() const
@@ -251,10 +291,10 @@ bool Cronologia::Passa(Parcella& Nota, QList<Passo>& Da, QList<Passo>& A)
     if (Da.isEmpty())
         return false;
     Passo Preso = Da.takeLast();
-    A.append({Preso.Nome, Nota});
+    A.append({Preso.Nome, Nota, Preso.Rimessa});
     Riporta(Preso.Nota, Nota);
     Nota = std::move(Preso.Nota);
-    ::SetModificata(Nota, !InFile || !NomeModifica(*InFile, Nota).isEmpty());
+    ::SetModificata(Nota, !ComeInFile(Nota, InFile));
     Allinea(Nota);
     return true;
 }

@@ -24,20 +24,27 @@ public:
     /// The record may have changed by the user's hand. One that has not makes no step; the letters of one
     /// text are a single one until ChiudiTesto.
     void Segna(const Parcella& Nota);
-    /// The record has changed by itself (its row of the address book, the tariff of new notes): that is no
-    /// step.
+    /// The record is shown otherwise (another document in view): that is no step.
     void Allinea(const Parcella& Nota);
+    /// The record has changed by itself (its row of the address book, the tariff of new notes). That is no
+    /// step, and no step leads back behind it.
+    void Dimentica(const Parcella& Nota);
     /// The text in edit was left: what is typed from now on is another step.
-    void ChiudiTesto() { TestoAperto = false; }
+    void ChiudiTesto() { InEdit = 0; }
     /// The record is what its file holds now.
     void SegnaSalvata(const Parcella& Nota);
+
+    /// The last step has put lines back that were cut: a key pressed once too often does not cut them again.
+    void SegnaRimessa();
+    [[nodiscard]] bool UltimaRimessa() const;
 
     /// What the next step back is called, in lower case ("importo"); empty without one.
     [[nodiscard]] QString NomeAnnulla() const;
     /// The same for the next step forward.
     [[nodiscard]] QString NomeRipeti() const;
 
-    /// Takes a step back, or does it again; the mark of unsaved changes follows.
+    /// Takes a step back, or does it again. The mark of unsaved changes goes only where the record is in
+    /// every respect what the file holds.
     /// @return false when there is none
     bool Annulla(Parcella& Nota);
     bool Ripeti(Parcella& Nota);
@@ -47,17 +54,18 @@ private:
     {
         QString Nome;
         Parcella Nota;
+        bool Rimessa = false;
     };
     bool Passa(Parcella& Nota, QList<Passo>& Da, QList<Passo>& A);
 
     Parcella Attuale;
     QList<Passo> Indietro, Avanti;
     std::optional<Parcella> InFile;
-    bool TestoAperto = false;
+    int InEdit = 0;  ///< which letters the last step consists of, while their box is in edit; 0 none
 };
 
 /// What a change is called, from the records before and behind it; empty when nothing of the user's differs.
 [[nodiscard]] QString NomeModifica(const Parcella& Prima, const Parcella& Dopo);
 
-/// True when category, authority, bracket or tariff differ: what the lists of items follow.
+/// True when the parameters differ: tariff, category, authority, bracket, value, parties, variation.
 [[nodiscard]] bool ParametriDiversi(const Parcella& Prima, const Parcella& Dopo);

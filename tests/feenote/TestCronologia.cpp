@@ -26,6 +26,8 @@ private Q_SLOTS:
     void ilFileNonSiTocca();
     void ilSegnoDiModifica();
     void cambiataDaSolaNonHaPassi();
+    void lettereDiverseSonoPassiDiversi();
+    void leRigheRimesse();
     void ilDocumentoInVistaNonHaPassi();
 
 private:
@@ -172,6 +174,7 @@ void TestCronologia::ilFileNonSiTocca()
     Nota.FatturaXml.File = u"IT01234567897_00001.xml"_s;
     Nota.FatturaXml.Progressivo = u"00001"_s;
     QVERIFY(Storia.Annulla(Nota));
+    QVERIFY2(Nota.Modificata, "the password and the written invoice are in no file yet");
     QCOMPARE(Nota.Percorso, u"/altrove/nota.mdb"_s);
     QCOMPARE(Nota.Nome, u"nota"_s);
     QCOMPARE(Nota.Psw, u"segreta"_s);
@@ -197,12 +200,43 @@ void TestCronologia::ilSegnoDiModifica()
 
 void TestCronologia::cambiataDaSolaNonHaPassi()
 {
+    Fai([](Parcella& N) { CambiaParte(N, ParteNota::Oggetto, u"Lite"_s); });
     Nota.txtCliente.Testo = u"Altro nome in archivio"_s;
-    Storia.Allinea(Nota);
+    Storia.Dimentica(Nota);
     QCOMPARE(Storia.NomeAnnulla(), QString());
+    QVERIFY2(!Storia.Annulla(Nota), "no step leads back behind what came from elsewhere");
     Fai([](Parcella& N) { N.chkCP.Attiva = !N.chkCP.Attiva; });
     QVERIFY(Storia.Annulla(Nota));
     QCOMPARE(Nota.txtCliente.Testo, u"Altro nome in archivio"_s);
+    QVERIFY(Nota.Modificata);
+}
+
+void TestCronologia::lettereDiverseSonoPassiDiversi()
+{
+    Fai([](Parcella& N) { N.FatturaXml.Cig = u"A"_s; });
+    Fai([](Parcella& N) { N.FatturaXml.Cig = u"AB"_s; });
+    Fai([](Parcella& N) { N.txtIVA.Testo = u"4"_s; });
+    Fai([](Parcella& N) { N.txtDatiStaCli.Testo = u"Rossi Ada"_s; });
+    Fai([](Parcella& N) { N.txtCliente.Testo = u"Rossi Ada"_s; });  // on leaving the print's box
+    QVERIFY(Storia.Annulla(Nota));
+    QCOMPARE(Nota.txtDatiStaCli.Testo, NotaCivile().txtDatiStaCli.Testo);
+    QVERIFY(Storia.Annulla(Nota));
+    QCOMPARE(Nota.FatturaXml.Cig, u"AB"_s);
+    QVERIFY(Storia.Annulla(Nota));
+    QCOMPARE(Nota.FatturaXml.Cig, QString());
+    QVERIFY(!Storia.Annulla(Nota));
+}
+
+void TestCronologia::leRigheRimesse()
+{
+    Fai([](Parcella& N) { RigaOnorario(N, u"a"_s, 10, 1, 1); });
+    QVERIFY(!Storia.UltimaRimessa());
+    Storia.SegnaRimessa();
+    QVERIFY(Storia.UltimaRimessa());
+    QVERIFY(Storia.Annulla(Nota) && Storia.Ripeti(Nota));
+    QVERIFY(Storia.UltimaRimessa());
+    Fai([](Parcella& N) { RigaOnorario(N, u"b"_s, 10, 1, 1); });
+    QVERIFY(!Storia.UltimaRimessa());
 }
 
 void TestCronologia::ilDocumentoInVistaNonHaPassi()

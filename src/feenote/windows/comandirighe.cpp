@@ -114,8 +114,10 @@ void ComandiRighe::AnnullaTaglio()
     // Lines that were cut come back first; without any the last step goes, and what is left is told.
     if (!Comune.Copiate.PuoAnnullare() && Cornice.AnnullaPasso())
         return;
-    if (const auto Rimessa = ::AnnullaTaglio(Comune.Copiate, Tabella))
+    if (const auto Rimessa = ::AnnullaTaglio(Comune.Copiate, Tabella)) {
         RigheMutate(*Rimessa);
+        Cornice.SegnaRimessa();
+    }
 }
 
 void ComandiRighe::SpostaVoci(int Destinazione)

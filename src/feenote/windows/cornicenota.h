@@ -31,8 +31,11 @@ public:
     /// Composes the chosen document anew while its page is in view: something that it shows has changed.
     virtual void Ricomponi() = 0;
 
-    /// Takes the user's last step back, and shows what came of it. @return false when there is none
+    /// Takes the user's last step back, and shows what came of it. @return false when there is none, or when
+    /// it has put back what was cut
     virtual bool AnnullaPasso() = 0;
+    /// The last step has put back lines that were cut.
+    virtual void SegnaRimessa() = 0;
 
     /// False while the note is open as another's partner, which is printed with that one.
     [[nodiscard]] virtual bool HaStampa() const = 0;

@@ -203,6 +203,7 @@ private:
     void Ricomponi() override;
     [[nodiscard]] bool BaseValida() const override { return BaseVista; }
     bool AnnullaPasso() override;
+    void SegnaRimessa() override { Storia.SegnaRimessa(); }
     [[nodiscard]] bool InDomanda() const override { return DialogoAperto; }
     [[nodiscard]] QScopedValueRollback<bool> ApriDomanda() override;
 

@@ -1,6 +1,7 @@
 // Steps back and again: two buttons beside the banner, and their keys.
 #include "feenote/windows/frmParcelle.h"
 
+#include "feenote/modDatiStampa.h"
 #include "feenote/windows/SchedaOnorari.h"
 #include "feenote/windows/SchedaSpese.h"
 #include "feenote/windows/ui_frmParcelle.h"
@@ -74,7 +75,8 @@ void frmParcelle::CollegaAnnulla()
         Campo->installEventFilter(this);
     // What is typed into one box is one step; in the next one another begins.
     Collega(qApp, &QApplication::focusChanged, this, [this](QWidget* Lasciato, QWidget* Preso) {
-        if (!Lasciato || !Preso || !isAncestorOf(Lasciato))
+        // A question that the leaving has raised, or another window, is no other box.
+        if (!Lasciato || !Preso || !isAncestorOf(Lasciato) || !isAncestorOf(Preso))
             return;
         Storia.ChiudiTesto();
         DimenticaLettere(Lasciato);
@@ -99,7 +101,7 @@ void frmParcelle::MostraAnnulla()
 
 bool frmParcelle::AnnullaPasso()
 {
-    if (Storia.NomeAnnulla().isEmpty())
+    if (Storia.NomeAnnulla().isEmpty() || Storia.UltimaRimessa())
         return false;
     Passo(false);
     return true;
@@ -107,15 +109,30 @@ bool frmParcelle::AnnullaPasso()
 
 void frmParcelle::Passo(bool Avanti)
 {
+    // Ctrl+Y is no key of the boxes everywhere; letters taken back come again before any step does.
+    auto* Campo = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    if (Avanti && Campo && isAncestorOf(Campo) && Campo->isRedoAvailable()) {
+        Campo->redo();
+        return;
+    }
     if (DialogoAperto || !ConcludiCampo())
         return;
     const Parcella Prima = Nota;
     if (!(Avanti ? Storia.Ripeti(Nota) : Storia.Annulla(Nota)))
         return;
     // The lines that were cut are where they were; to put them back once more would double them.
-    Comune.Copiate.DaTaglio = false;
-    if (ParametriDiversi(Prima, Nota) && (Scheda() == SchedaListaOnorari || Scheda() == SchedaListaSpese))
-        TornaAllaBase();  // the catalogue beside the lines is that of other parameters
+    const bool AltreRighe = Prima.xOnorari != Nota.xOnorari || Prima.xDiritti != Nota.xDiritti;
+    if (AltreRighe && Comune.Copiate.DaTaglio)
+        SvuotaAppunti(Comune.Copiate);
+    // The page in view stays, with its own ticks and wording.
+    if (Prima.cmbTipoStampa != Nota.cmbTipoStampa && Prima.cmbTipoStampa >= 0) {
+        const bool Modificata = Nota.Modificata;
+        ScegliDocumento(Nota, Prima.cmbTipoStampa);
+        ::SetModificata(Nota, Modificata);
+        Storia.Allinea(Nota);
+    }
+    if (ParametriDiversi(Prima, Nota))
+        TornaAllaBase();  // where they are tested on leaving; the catalogues are those of other ones
     if (Prima.xOnorari != Nota.xOnorari)
         Onorari->RigheRimesse();
     if (Prima.xDiritti != Nota.xDiritti)

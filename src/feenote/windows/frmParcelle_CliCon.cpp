@@ -107,11 +107,13 @@ void frmParcelle::NominativoCambiato(const QString& RecordSource, int ID)
             continue;
         // What shows nothing new is not written again: a cell of the note may be in edit meanwhile.
         const bool AltroNome = SegueArchivio(Nota, Voce.Parte, ID);
-        Storia.Allinea(Nota);
-        if (AltroNome)
+        if (AltroNome) {
+            Storia.Dimentica(Nota);
             ApplicaStampa([] {});
-        else
+        } else {
+            Storia.Allinea(Nota);
             MostraRubrica();
+        }
     }
 }
 

@@ -15,11 +15,12 @@ namespace {
 
 const QString DaRicalcolare = u"Onorari da ricalcolare con i nuovi parametri"_s;
 
-/// The tabs that show the amounts of the lines, or what they follow from. The honoraria themselves
-/// recalculate when they are entered, and the expenses depend on no parameter.
+/// The tabs that show the amounts of the lines, or what they follow from. The honoraria recalculate when they
+/// are entered, and wait again where that was taken back; the expenses depend on no parameter.
 bool Riguarda(int Scheda)
 {
-    return Scheda == SchedaBase || Scheda == SchedaImposte || Scheda == SchedaDiStampa;
+    return Scheda == SchedaBase || Scheda == SchedaListaOnorari || Scheda == SchedaImposte ||
+           Scheda == SchedaDiStampa;
 }
 
 }  // namespace

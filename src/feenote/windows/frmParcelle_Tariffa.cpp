@@ -24,7 +24,7 @@ void frmParcelle::SegueTariffa()
         const bool Prima = Nota.Modificata;
         (void)CambiaTariffa(Nota, DecretoNuove());
         SetModificata(Prima);
-        Storia.Allinea(Nota);
+        Storia.Dimentica(Nota);
     }
     MostraTutto();
 }

@@ -329,6 +329,7 @@ void frmParcelle::Scarica()
     if (Importi)
         Importi->hide();
     RilegaRighe();
+    Storia = {};  // a client's texts do not wait here for the next note
     InfoParcelle[size_t(Posto)].Libera = true;
     CambiaNota(false);
 }

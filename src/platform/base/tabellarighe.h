@@ -47,6 +47,13 @@ public:
     /// left out. It looks at every row once.
     [[nodiscard]] QList<int> RigheDi(const QList<quint64>& Chiavi) const;
 
+    /// True when a row has the same cells in both tables; at once where it is shared. The row must exist in
+    /// both.
+    [[nodiscard]] bool StessaRiga(const TabellaRighe& Altra, int Numero) const
+    {
+        return Dati.at(Numero) == Altra.Dati.at(Numero);
+    }
+
     friend bool operator==(const TabellaRighe& Prima, const TabellaRighe& Seconda)
     {
         return Prima.NumColonne == Seconda.NumColonne && Prima.Dati == Seconda.Dati;

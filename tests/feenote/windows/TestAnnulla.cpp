@@ -19,6 +19,10 @@ private Q_SLOTS:
     void ilTagliaTornaColTastoDiSempre();
     void dopoUnPassoIlTaglioNonSiRaddoppia();
     void unTestoSiRifaLetteraPerLettera();
+    void ilValoreColLaSuaDomanda();
+    void ilDocumentoInVistaResta();
+    void iParametriDaUnAltraScheda();
+    void laParolaChiaveNonSiPerde();
     void iParametriPortanoAllaBase();
     void ilSalvataggioNonPerdeIPassi();
     void unAltraNotaNonEreditaIPassi();
@@ -99,6 +103,70 @@ void TestAnnulla::ilTagliaTornaColTastoDiSempre()
     PremiConScorciatoie(Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(F->Nota.xOnorari.Righe(), Quante);
     QCOMPARE(F->Nota.xOnorari(1, OnoImporto).toDouble(), 55.0);
+    // Pressed once too often it cuts nothing.
+    T->Voce.Attendi(u"Impossibile annullare!"_s, vbOK, u"Errore:"_s);
+    PremiConScorciatoie(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(F->Nota.xOnorari.Righe(), Quante);
+}
+
+/// The value of a note with lines asks, and is one step with its bracket.
+void TestAnnulla::ilValoreColLaSuaDomanda()
+{
+    CompilaCivile(F);
+    ClicScheda(F, SchedaListaOnorari);
+    ClicScheda(F, SchedaBase);
+    const QString Scaglione = TestoScaglione(F->Nota);
+    Scrivi(Controllo<QLineEdit>(F, "txtImporto"), u"60000"_s);
+    T->Voce.Attendi(u"Sono state già inserite delle prestazioni e la modifica comporterà il ricalcolo con i "
+                    "nuovi parametri.\nConfermi la modifica?"_s,
+                    vbYes, u"Domanda:"_s);
+    Premi(Qt::Key_Tab);
+    Respiro();
+    QVERIFY(TestoScaglione(F->Nota) != Scaglione);
+    Clic(Annulla());
+    QCOMPARE(TestoScaglione(F->Nota), Scaglione);
+    QCOMPARE(F->Nota.ImportoPrec, 30000.0);
+    QCOMPARE(Controllo<QLineEdit>(F, "txtImporto")->text(), u"30.000,00"_s);
+}
+
+void TestAnnulla::ilDocumentoInVistaResta()
+{
+    CompilaCivile(F);
+    Scrivi(F, "txtOggetto", u"Sfratto"_s);
+    Premi(Qt::Key_Tab);
+    ClicScheda(F, SchedaDiStampa);
+    Scegli(Controllo<QComboBox>(F, "cmbTipoStampa"), StampaFatturaAnalitica);
+    Clic(Annulla());
+    QCOMPARE(F->Nota.txtOggetto.Testo, QString());
+    QCOMPARE(F->Nota.cmbTipoStampa, int(StampaFatturaAnalitica));
+    QCOMPARE(Controllo<QComboBox>(F, "cmbTipoStampa")->currentIndex(), int(StampaFatturaAnalitica));
+    QCOMPARE(F->Scheda(), int(SchedaDiStampa));
+}
+
+/// Parameters are tested when their tab is left, so that a step over them leads there from any other.
+void TestAnnulla::iParametriDaUnAltraScheda()
+{
+    CompilaCivile(F);
+    ClicScheda(F, SchedaImposte);
+    const int Autorita = F->Nota.cmbAutor;
+    while (F->Nota.cmbAutor == Autorita)
+        Clic(Annulla());
+    QCOMPARE(F->Scheda(), int(SchedaBase));
+    T->Voce.Tollera();
+    ClicScheda(F, SchedaListaOnorari);
+    QCOMPARE(F->Scheda(), int(SchedaBase));
+    QVERIFY(!T->Voce.Mostrati().isEmpty());
+}
+
+void TestAnnulla::laParolaChiaveNonSiPerde()
+{
+    Scrivi(F, "txtCliente", u"Rossi"_s);
+    Premi(Qt::Key_Tab);
+    F->Nota.Psw = u"->>segreta"_s;
+    Clic(Annulla());
+    QCOMPARE(F->Nota.Psw, u"->>segreta"_s);
+    QVERIFY(F->Nota.Modificata);
+    QVERIFY(InfoParcelle[size_t(F->Indice())].Modificata);
 }
 
 void TestAnnulla::dopoUnPassoIlTaglioNonSiRaddoppia()
