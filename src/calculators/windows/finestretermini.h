@@ -100,6 +100,8 @@ class RigaInizio
 public:
     /// Puts the row into a form. `Cambiato` runs at each edit.
     RigaInizio(QFormLayout* Modulo, int Riga, const std::function<void()>& Cambiato);
+    ~RigaInizio() = default;
+    Q_DISABLE_COPY_MOVE(RigaInizio)
 
     /// A hidden row keeps no day.
     void Mostra(bool Serve);
