@@ -115,7 +115,7 @@ private:
 
 /// The note as its invoice takes it: the client's block as the print has it. A note that was printed together
 /// with another one is no invoice by itself.
-Parcella LeggiFattura(const QString& Percorso, const NotaMultipla& Altra)
+Parcella NotaDaFatturare(const QString& Percorso, const NotaMultipla& Altra)
 {
     Parcella Nota = LeggiNota(Percorso, Altra);
     if (!Nota.Multipla() && !Nota.txtPathParcMult.isEmpty())
@@ -140,17 +140,10 @@ QString InRiga(QStringList Testi)
 
 Risposta ComandoFattura(const QStringList& Valori, const NotaMultipla& Altra)
 {
-    const Parcella Nota = LeggiFattura(Valori[0], Altra);
+    const Parcella Nota = NotaDaFatturare(Valori[0], Altra);
     const QString Uscita = PercorsoNativo(Valori[1]);
-    const Cedente Studio = CedenteDaImpostazioni();
-    const Cessionario Cliente = CessionarioDellaNota(Nota);
-    const auto Componi = [&](int Numero) {
-        SceltaFattura Scelta = SceltaDellaNota(Nota, Cliente);
-        Scelta.Progressivo = ProgressivoFile(Numero);
-        return ComponiFatturaElettronica(Nota, Studio, Cliente, Scelta, Oggi());
-    };
     // Whatever can be known before is, so that no number is taken in vain.
-    const Composizione Prova = Componi(ProssimaTrasmissione());
+    const Composizione Prova = ComponiDellaNota(Nota, ProgressivoFile(ProssimaTrasmissione()), Oggi());
     if (!Prova.Completa())
         throw Errore(NumeroFatturaRifiutata, InRiga(Frasi(Prova.Mancanze)));
     if (EsisteFile(Uscita))
@@ -160,12 +153,14 @@ Risposta ComandoFattura(const QStringList& Valori, const NotaMultipla& Altra)
     if (FatturaGiaScritta(Scritta))
         throw Errore(NumeroFatturaRifiutata, u"La fattura è già stata scritta il %1 come %2"_s.arg(
                                                  Scritta.FatturaXml.Quando, Scritta.FatturaXml.File));
-    const Composizione Fatta = Componi(PrendiTrasmissione());
-    const QString Nome = NomeFileFattura(Fatta.Fattura);
-    SegnaFatturaScritta(Scritta, Nome, Fatta.Fattura.Progressivo);
+    // Another program may have taken the number that was tried: nothing but the number differs then.
+    FatturaElettronica Fattura = Prova.Fattura;
+    Fattura.Progressivo = ProgressivoFile(PrendiTrasmissione());
+    const QString Nome = NomeFileFattura(Fattura);
+    SegnaFatturaScritta(Scritta, Nome, Fattura.Progressivo);
     Turno.Annota(Scritta);
-    SalvaFattura(Uscita, Fatta.Fattura, Oggi());
-    QStringList Avvisi = Frasi(Fatta.Avvisi);
+    SalvaFattura(Uscita, Fattura, Oggi());
+    QStringList Avvisi = Frasi(Prova.Avvisi);
     if (const QString Guasto = Turno.Conferma(); !Guasto.isEmpty())
         Avvisi += Guasto;
     if (NomeFile(Uscita) != Nome)
@@ -175,17 +170,16 @@ Risposta ComandoFattura(const QStringList& Valori, const NotaMultipla& Altra)
     return {Uscita,
             {{u"file"_s, Uscita},
              {u"nome"_s, Nome},
-             {u"totale"_s, Fatta.Fattura.Totale},
-             {u"daPagare"_s, Fatta.Fattura.Pagamento ? Fatta.Fattura.Pagamento->Importo : 0.0},
+             {u"totale"_s, Fattura.Totale},
+             {u"daPagare"_s, Fattura.Pagamento ? Fattura.Pagamento->Importo : 0.0},
              {u"avvisi"_s, QJsonArray::fromStringList(Avvisi)}},
             false};
 }
 
 Risposta ComandoControllaFattura(const QStringList& Valori)
 {
-
     const QString File = PercorsoNativo(Valori[0]);
-    const QList<EsitoControllo> Esiti = ControllaFattura(LeggiFile(File), NomeFile(File), Oggi());
+    const QList<EsitoControllo> Esiti = ControllaFattura(ByteFattura(File), NomeFile(File), Oggi());
     QStringList Righe;
     QJsonArray Descritti;
     for (const EsitoControllo& Esito : Esiti) {

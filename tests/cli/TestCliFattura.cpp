@@ -132,6 +132,9 @@ private Q_SLOTS:
     void laNotaDiventaFile();
     void ilContatoreVaAvanti();
     void cioCheManca();
+    void leScelteSbagliate_data();
+    void leScelteSbagliate();
+    void ilFileTroppoGrande();
     void unFileCheCE();
     void unaNotaCheNonEUnaFattura();
     void ilContatoreAllaFine();
@@ -280,6 +283,52 @@ void TestCliFattura::cioCheManca()
     QCOMPARE(Risposta.Guasti.count(u'\n'), 1);
     QVERIFY(!EsisteFile(File));
     QCOMPARE(ProssimaTrasmissione(), 1);
+}
+
+void TestCliFattura::leScelteSbagliate_data()
+{
+    QTest::addColumn<QString>("Scadenza");
+    QTest::addColumn<QString>("Numero");
+    QTest::addColumn<QString>("Data");
+    QTest::addColumn<QString>("Dice");
+    QTest::newRow("scadenza") << u"31/11/2026"_s << QString() << QString()
+                              << u"Errore: La scadenza non è una data: 31/11/2026 (322)\n"_s;
+    QTest::newRow("data sola") << QString() << QString() << u"01/02/2025"_s
+                               << u"Errore: Manca il numero della fattura citata (322)\n"_s;
+    QTest::newRow("data sbagliata") << QString() << u"7"_s << u"ieri"_s
+                                    << u"Errore: La data della fattura citata non è una data: ieri (322)\n"_s;
+}
+
+/// What the panel refuses the command refuses, in the same words.
+void TestCliFattura::leScelteSbagliate()
+{
+    QFETCH(QString, Scadenza);
+    QFETCH(QString, Numero);
+    QFETCH(QString, Data);
+    const Ufficio Studio;
+    const QString File = Studio.Cartella + u"a.xml"_s;
+    const Esito Risposta = Studio.Fattura(Studio.Nota([&](Parcella& Nota) {
+        Nota.FatturaXml.Scadenza = Scadenza;
+        Nota.FatturaXml.CitataNumero = Numero;
+        Nota.FatturaXml.CitataData = Data;
+    }),
+                                          File);
+    QCOMPARE(Risposta.Stato, 1);
+    QTEST(Risposta.Guasti, "Dice");
+    QVERIFY(!EsisteFile(File));
+    QCOMPARE(ProssimaTrasmissione(), 1);
+}
+
+/// Whatever its size, it is the check that says so.
+void TestCliFattura::ilFileTroppoGrande()
+{
+    QFile Grande(NuovaCartella() + u"a.xml"_s);
+    QVERIFY(Grande.open(QIODevice::WriteOnly) && Grande.write("<a>") == 3 && Grande.resize(70 << 20));
+    Grande.close();
+    const Esito Risposta = Chiama({u"fattura"_s, u"--controlla"_s, Grande.fileName()});
+    QCOMPARE(Risposta.Guasti, QString());
+    QCOMPARE(Risposta.Uscita, u"Rifiuto: Il file è più grande di 5 MB. (00003)\n1 rifiuto, 0 avvisi\n"_s);
+    QCOMPARE(Risposta.Stato, 1);
 }
 
 void TestCliFattura::unFileCheCE()

@@ -2,6 +2,7 @@
 
 #include "feenote/einvoice/esame.h"
 #include "feenote/einvoice/forma.h"
+#include "platform/system/file.h"
 
 #include <QRegularExpression>
 
@@ -66,6 +67,16 @@ QList<EsitoControllo> ControllaFattura(const QByteArray& Byte, const QString& No
     RegoleImporti(File);
     std::ranges::stable_sort(File.Esiti, {}, &EsitoControllo::Linea);
     return Esiti + File.Esiti;
+}
+
+QByteArray ByteFattura(const QString& File)
+{
+    QByteArray Byte;
+    LeggiAPezzi(File, [&](QByteArrayView Pezzo) {
+        Byte += Pezzo.first(std::min(Pezzo.size(), qsizetype(MassimoByteFattura + 1 - Byte.size())));
+        return Byte.size() <= MassimoByteFattura;
+    });
+    return Byte;
 }
 
 bool Accettabile(const QList<EsitoControllo>& Esiti)

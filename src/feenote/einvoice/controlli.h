@@ -31,6 +31,10 @@ struct EsitoControllo
 [[nodiscard]] QList<EsitoControllo> ControllaFattura(const QByteArray& Byte, const QString& Nome,
                                                      const QDate& Oggi);
 
+/// What the checks have to see of a file: of one that is too large a byte more than any may have.
+/// @throws Errore 53 missing, 75 unreadable or a folder
+[[nodiscard]] QByteArray ByteFattura(const QString& File);
+
 /// True when nothing refuses the file.
 [[nodiscard]] bool Accettabile(const QList<EsitoControllo>& Esiti);
 

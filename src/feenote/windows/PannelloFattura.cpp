@@ -8,6 +8,7 @@
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/mostra.h"
 #include "feenote/windows/ui_PannelloFattura.h"
+#include "platform/base/regionale.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
@@ -279,6 +280,10 @@ QWidget* PannelloFattura::CasellaDi(CampoFattura Dove) const
 {
     if (Dove == CampoFattura::Nessuno)
         return nullptr;
+    // Of a cited invoice whose number stands there the date is what is wrong.
+    if (Dove == CampoFattura::SceltaCollegata && !Nota.FatturaXml.CitataNumero.trimmed().isEmpty() &&
+        !LeggiData(Nota.FatturaXml.CitataData))
+        return ui->txtCitataData;
     for (const CasellaScelta& Voce : Caselle)
         if (Voce.Campo == Dove)
             return ui.get()->*Voce.Box;

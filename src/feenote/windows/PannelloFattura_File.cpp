@@ -23,8 +23,6 @@
 
 #include <QSet>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -43,17 +41,6 @@ QString CartellaFatture()
 {
     const QString Ultima = Impostazione(ChiaveCartella);
     return Barra(!Ultima.isEmpty() && EsisteCartella(Ultima) ? Ultima : sessione::ParcellePath);
-}
-
-/// What the checks have to see of a file: one that is too large is told by a byte more than any may have.
-QByteArray InizioDi(const QString& File)
-{
-    QByteArray Byte;
-    LeggiAPezzi(File, [&](QByteArrayView Pezzo) {
-        Byte += Pezzo.first(std::min(Pezzo.size(), qsizetype(MassimoByteFattura + 1 - Byte.size())));
-        return Byte.size() <= MassimoByteFattura;
-    });
-    return Byte;
 }
 
 }  // namespace
@@ -161,7 +148,7 @@ void PannelloFattura::cmdControllaXml_Click()
             QByteArray Byte;
             {
                 const ClessidraAccesa Attesa;
-                Byte = InizioDi(File);
+                Byte = ByteFattura(File);
             }
             frmControlloFattura(NomeFile(File), ControllaFattura(Byte, NomeFile(File), Oggi()), window())
                 .exec();

@@ -26,6 +26,8 @@ struct VoceStudio
 
 constexpr int DatiStudio = 0;
 constexpr int DatiFattura = 4;
+/// The certified mail, which is the office's in the file where there is one.
+constexpr VoceStudio PecStudio{StudioEmail, DatiFattura, u"txtPecStudio"};
 constexpr std::array VociStudio{
     VoceStudio{StudioGenere, DatiFattura, u"cmbTipoStudio"},
     VoceStudio{StudioNome, DatiStudio, u"txtNomeStudio"},
@@ -39,6 +41,7 @@ constexpr std::array VociStudio{
     VoceStudio{StudioRegime, DatiFattura, u"cmbRegime"},
     VoceStudio{StudioIban, DatiStudio, u"txtIBAN"},
     VoceStudio{StudioEmail, DatiStudio, u"txtEMail"},
+    VoceStudio{SceltaProgressivo, DatiFattura, u"txtProgTrasm"},
 };
 
 /// A column of the client's row.
@@ -100,7 +103,8 @@ void frmParcelle::VaiAlCampo(CampoFattura Dove)
 {
     if (!ConcludiCampo())
         return;
-    if (const auto* Voce = TrovaVoce(VociStudio, Dove)) {
+    const bool DiPec = Dove == StudioEmail && !sessione::StudioPec.isEmpty();
+    if (const auto* Voce = DiPec ? &PecStudio : TrovaVoce(VociStudio, Dove)) {
         if (Aperture.CasellaImpostazioni)
             Aperture.CasellaImpostazioni(Voce->Scheda, Voce->Casella.toString());
     } else if (const auto* DelCliente = TrovaVoce(VociCliente, Dove)) {

@@ -280,6 +280,12 @@ void TestSetupFattura::siApreSullaCasella_data()
     QTest::newRow("of its own tab") << int(frmSetup::SchedaFatturaElettronica) << u"txtCap"_s;
     QTest::newRow("of the first one") << int(frmSetup::SchedaDatiStudio) << u"txtPivaStudio"_s;
     QTest::newRow("a list") << int(frmSetup::SchedaFatturaElettronica) << u"cmbRegime"_s;
+    // Those that what is missing to an invoice leads to.
+    for (const QString& Casella : {u"txtNomeStudio"_s, u"txtCodFisStudio"_s, u"txtIBAN"_s, u"txtEMail"_s})
+        QTest::newRow(qPrintable(Casella)) << int(frmSetup::SchedaDatiStudio) << Casella;
+    for (const QString& Casella : {u"cmbTipoStudio"_s, u"txtVia"_s, u"txtCivico"_s, u"txtComune"_s,
+                                   u"txtProv"_s, u"txtPecStudio"_s, u"txtProgTrasm"_s})
+        QTest::newRow(qPrintable(Casella)) << int(frmSetup::SchedaFatturaElettronica) << Casella;
 }
 
 void TestSetupFattura::siApreSullaCasella()

@@ -1,6 +1,7 @@
 // The electronic invoice by mouse and keyboard: what is missing, where it leads, the file.
 #include "fattura.h"
 
+#include "addressbook/modColonneFattura.h"
 #include "core/modTrasmissioni.h"
 #include "feenote/einvoice/controlli.h"
 #include "feenote/einvoice/scrittura.h"
@@ -8,7 +9,9 @@
 #include "platform/base/regionale.h"
 #include "platform/system/messaggi.h"
 
+#include <QMap>
 #include <QScopeGuard>
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -24,6 +27,7 @@ private Q_SLOTS:
     void senzaImpostazioniDiceCheCosaManca();
     void ogniRigaPortaAlSuoCampo_data();
     void ogniRigaPortaAlSuoCampo();
+    void ogniCampoPortaDaQualcheParte();
     void senzaClienteSiApreLaRubrica();
     void alRitornoSiAggiorna();
     void siSalvaESiRilegge();
@@ -135,6 +139,62 @@ void TestFatturaElettronica::ogniRigaPortaAlSuoCampo()
         QTRY_COMPARE(NomeFuoco(), Casella);
     else
         QCOMPARE(Aperta, Casella);
+}
+
+/// Whatever field a sentence names: a box of the panel, of the settings, of the client's card or of the note.
+void TestFatturaElettronica::ogniCampoPortaDaQualcheParte()
+{
+    QString Aperta;
+    Aperture.CasellaImpostazioni = [&](int Scheda, const QString& Nome) {
+        Aperta = QString::number(Scheda) + u' ' + Nome;
+    };
+    Aperture.RubricaParcella = [&](const RichiestaRubrica& Chiesta) {
+        Aperta = u"cliente "_s + Chiesta.CampoStart;
+    };
+    ApriPannello();
+    const auto* Quadro = qobject_cast<PannelloFattura*>(Pannello());
+    QVERIFY(Quadro);
+    QSet<QString> Colonne{u"Nominativo"_s};
+    for (const Campo& Colonna : ColonneFattura())
+        Colonne.insert(Colonna.Name);
+    const QMap<CampoFattura, QString> DellaNota{{CampoFattura::NotaTipoStampa, u"cmbTipoStampa"_s},
+                                                {CampoFattura::NotaOggetto, u"txtDatiStaOgg"_s},
+                                                {CampoFattura::NotaOnorari, u"tdbOnor"_s},
+                                                {CampoFattura::NotaSpese, u"tdbDir"_s},
+                                                {CampoFattura::NotaAcconti, u"tdbAcconti"_s},
+                                                {CampoFattura::NotaSpeseGen, u"chkSpeseGen"_s},
+                                                {CampoFattura::NotaCP, u"chkCP"_s},
+                                                {CampoFattura::NotaIva, u"chkIva"_s},
+                                                {CampoFattura::NotaRA, u"chkRA"_s},
+                                                {CampoFattura::NotaRegime, u"chkRegSempl"_s},
+                                                {CampoFattura::NotaIvaDifferita, u"chkIvaDiff"_s},
+                                                {CampoFattura::NotaNumero, u"txtDatiPar_11"_s},
+                                                {CampoFattura::NotaData, u"txtDatiPar_12"_s}};
+    const auto HaFuoco = [](const QString& Nome) {
+        const QWidget* Dove = QApplication::focusWidget();
+        while (Dove && Dove->objectName() != Nome)
+            Dove = Dove->parentWidget();
+        return Dove && !Nome.isEmpty();
+    };
+    for (int i = 1; i <= int(CampoFattura::SceltaContratto); ++i) {
+        const auto Dove = CampoFattura(i);
+        if (Quadro->CasellaDi(Dove))
+            continue;
+        Aperta.clear();
+        F->VaiAlCampo(Dove);
+        if (Aperta.startsWith(u"cliente "))
+            QVERIFY2(Dove == CampoFattura::Cliente || Colonne.contains(Aperta.section(u' ', 1)),
+                     qPrintable(Aperta));
+        else if (Aperta.isEmpty())
+            QTRY_VERIFY2(HaFuoco(DellaNota.value(Dove)), qPrintable(QString::number(i)));
+        ClicScheda(F, SchedaDiStampa);
+        ApriPannello();
+    }
+    F->VaiAlCampo(CampoFattura::StudioEmail);
+    QCOMPARE(Aperta, u"0 txtEMail"_s);
+    sessione::StudioPec = u"conti@pec"_s;
+    F->VaiAlCampo(CampoFattura::StudioEmail);
+    QCOMPARE(Aperta, u"4 txtPecStudio"_s);
 }
 
 void TestFatturaElettronica::senzaClienteSiApreLaRubrica()
@@ -366,10 +426,14 @@ void TestFatturaElettronica::fatturaCitataAMeta()
     Premi(Qt::Key_Tab);
     QVERIFY2(Righe().contains(u"Manca la data della fattura citata"_s), qPrintable(Righe().join(u'|')));
     QCOMPARE(Mancanti(), 1);  // of one fault one row
+    AttivaRiga(int(Righe().indexOf(u"Manca la data della fattura citata"_s)));
+    QTRY_COMPARE(NomeFuoco(), u"txtCitataData"_s);
     Scrivi(Controllo<QLineEdit>(F, "txtCitataNumero"), QString());
     Scrivi(Controllo<QLineEdit>(F, "txtCitataData"), u"01/02/2025"_s);
     Premi(Qt::Key_Tab);
     QVERIFY2(Righe().contains(u"Manca il numero della fattura citata"_s), qPrintable(Righe().join(u'|')));
+    AttivaRiga(int(Righe().indexOf(u"Manca il numero della fattura citata"_s)));
+    QTRY_COMPARE(NomeFuoco(), u"txtCitataNumero"_s);
 }
 
 void TestFatturaElettronica::laNotaDiCreditoCitaLaFattura()
