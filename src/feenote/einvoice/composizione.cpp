@@ -308,9 +308,14 @@ private:
             return false;
         }
         if (Centesimi(Conti.Imponibile) < 0) {
-            Note.Manca(CampoFattura::NotaAcconti,
-                       u"Gli acconti superano compensi e spese imponibili: l'imponibile è %1 euro."_s.arg(
-                           FormatNum(Conti.Imponibile)));
+            const QString Base = FormatNum(Conti.Imponibile);
+            if (Conti.Dati.Acconti == SommeAcconti())
+                Note.Manca(CampoFattura::NotaOnorari,
+                           u"L'imponibile della fattura è negativo: %1 euro."_s.arg(Base));
+            else
+                Note.Manca(
+                    CampoFattura::NotaAcconti,
+                    u"Gli acconti superano compensi e spese imponibili: l'imponibile è %1 euro."_s.arg(Base));
             return false;
         }
         if (Centesimi(Conti.Totale) <= 0) {

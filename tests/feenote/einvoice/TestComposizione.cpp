@@ -357,6 +357,8 @@ QList<Caso> Casi()
           {u"CessionarioCommittente/Sede/Nazione"_s, {u"DE"_s}},
           {u"CessionarioCommittente/DatiAnagrafici/Anagrafica/Denominazione"_s, {u"Müller & Söhne GmbH"_s}},
           {u"DatiRiepilogo/Natura"_s, {u"N2.1"_s, u"N1"_s}},
+          {u"RiferimentoNormativo"_s,
+           {u"Inversione contabile, art. 7-ter DPR 633/1972"_s, u"Art. 15 DPR 633/1972"_s}},
           {u"ImportoBollo"_s, {u"2.00"_s}}}};
     Tutti += {"persona estera con IVA e senza codici",
               Con(Ordinaria(), [](Cifre& C) { C.RA = 0; }),

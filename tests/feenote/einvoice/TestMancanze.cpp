@@ -289,10 +289,10 @@ QList<Guasto> Guasti()
         // ---- amounts
         {"importo zero", [](Pezzi& P) { P.DaNota.xOnorari(0, OnoImporto) = 0.0; }, NotaOnorari,
          u"Il totale della fattura è zero"_s},
-        {"importo negativo", [](Pezzi& P) { P.DaNota.xOnorari(0, OnoImporto) = -10.0; }, NotaAcconti,
-         u"l'imponibile è -11,50 euro"_s},
+        {"importo negativo", [](Pezzi& P) { P.DaNota.xOnorari(0, OnoImporto) = -10.0; }, NotaOnorari,
+         u"L'imponibile della fattura è negativo: -11,50 euro"_s},
         {"acconti oltre i compensi", [](Pezzi& P) { Acconto(P.DaNota, 1150.01); }, NotaAcconti,
-         u"l'imponibile è -0,01 euro"_s},
+         u"Gli acconti superano compensi e spese imponibili: l'imponibile è -0,01 euro"_s},
         {"totale negativo",
          [](Pezzi& P) {
              Acconto(P.DaNota, 1150);
