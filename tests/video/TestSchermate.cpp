@@ -1,6 +1,7 @@
 // A picture of every window and tab, left for whoever looks; what is asked here is that each opens within the
 // screen, with room for its words.
 #include "moduli.h"
+#include "studiocompleto.h"
 #include "vecchistudi.h"
 
 using namespace Qt::StringLiterals;
@@ -40,6 +41,12 @@ private Q_SLOTS:
     void importaSiFerma();
     void siOffreDiConvertire();
     void esporta();
+    void normeVigenti_data();
+    void normeVigenti();
+    void termineESuaStrada();
+    void catenaDegliImporti();
+    void fatturaElettronica();
+    void ultimeParcelle();
 
 private:
     void Guarda(const QString& Nome);
@@ -436,6 +443,98 @@ void TestSchermate::esporta()
     QFile Scritto(File);
     QVERIFY(Scritto.open(QIODevice::ReadOnly));
     QVERIFY(Scritto.readAll().contains("Rossi Mario"));
+}
+
+void TestSchermate::normeVigenti_data()
+{
+    QTest::addColumn<int>("Quale");
+    for (const int Quale : {0, 1, 2, 5})
+        QTest::newRow(Calcolatrici[Quale].Nome) << Quale;
+}
+
+/// The calculators that have a choice, with the norms in force.
+void TestSchermate::normeVigenti()
+{
+    QFETCH(int, Quale);
+    P = std::make_unique<Programma>(QStringList{}, u"norme=vigenti\n"_s);
+    QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
+    P->Premi(QString::fromUtf8(Calcolatrici[Quale].Tasti));
+    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[Quale].Titolo)), qPrintable(P->Stato()));
+    Guarda(QString::fromUtf8(Calcolatrici[Quale].Nome) + u"_vigenti"_s);
+}
+
+/// The catalogue, a term of it and a chain, the road, the entry for a calendar.
+void TestSchermate::termineESuaStrada()
+{
+    P = std::make_unique<Programma>(QStringList{}, u"norme=vigenti\n"_s);
+    QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
+    P->Premi(QString::fromUtf8(Calcolatrici[0].Tasti));
+    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[0].Titolo)), qPrintable(P->Stato()));
+    P->Digita(u"20072026"_s);
+    const std::pair<QString, QString> Scelti[] = {{u"termine"_s, u"325 appello"_s}, {u"catena"_s, {}}};
+    for (const auto& [Nome, Cercato] : Scelti) {
+        P->Premi(u"ctrl+t"_s);
+        ATTENDI(u"finestra"_s, "frmRicorrenti");
+        if (!Cercato.isEmpty())
+            P->Digita(Cercato);
+        Guarda(u"ricorrenti_"_s + Nome);
+        P->Premi(u"Return"_s);
+        QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[0].Titolo)), qPrintable(P->Stato()));
+        ATTENDI_CHE(!P->Testo(u"lblRisult"_s).isEmpty());
+        Guarda(u"termini_"_s + Nome);
+        P->Premi(u"ctrl+d"_s);
+        ATTENDI(u"finestra"_s, "frmStrada");
+        ATTENDI(u"fuoco"_s, "tdbStrada");
+        Guarda(u"strada_"_s + Nome);
+        P->Premi(u"Escape"_s);
+        QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[0].Titolo)), qPrintable(P->Stato()));
+        P->Premi(u"ctrl+g"_s);
+        ATTENDI(u"finestra"_s, "frmAgenda");
+        Guarda(u"agenda_"_s + Nome);
+        P->Premi(u"Escape"_s);
+        QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[0].Titolo)), qPrintable(P->Stato()));
+    }
+}
+
+/// The whole chain over the note, by its key.
+void TestSchermate::catenaDegliImporti()
+{
+    ApriEsempio(u"civile"_s);
+    if (QTest::currentTestFailed())
+        return;
+    P->Premi(u"ctrl+t"_s);
+    ATTENDI(u"visto frmCatena"_s, "1");
+    Guarda(u"parcella_catena"_s);
+}
+
+/// The panel where all is missing and where nothing is, and what the recipient will read.
+void TestSchermate::fatturaElettronica()
+{
+    const StudioCompleto Studio;
+    const QString SoloArchivio = u"archivioclicon="_s + Studio.Archivio() + u'\n';
+    for (const bool Completa : {false, true}) {
+        P = std::make_unique<Programma>(QStringList{}, Completa ? Studio.Impostazioni() : SoloArchivio);
+        QVERIFY2(FinoAllaFattura(*P), qPrintable(P->Stato()));
+        Guarda(Completa ? u"fattura_completa"_s : u"fattura_mancante"_s);
+        if (QTest::currentTestFailed())
+            return;
+    }
+    P->Clic(u"cmdAnteprimaXml"_s);
+    ATTENDI(u"visto txtAnteprimaXml"_s, "1");
+    Guarda(u"fattura_anteprima"_s);
+}
+
+/// The desktop with a note of its own, the list in use.
+void TestSchermate::ultimeParcelle()
+{
+    ApriEsempio(u"civile"_s);
+    if (QTest::currentTestFailed())
+        return;
+    P->Premi(u"ctrl+w"_s);
+    QVERIFY2(P->Aperta(u"Calcanova 3"_s), qPrintable(P->Stato()));
+    P->Premi(u"ctrl+r"_s);
+    ATTENDI(u"fuoco"_s, "lstRecenti");
+    Guarda(u"scrivania_ultime"_s);
 }
 
 #include "TestSchermate.moc"
