@@ -52,9 +52,9 @@ struct PiedeCatena::Voce
 
 PiedeCatena::PiedeCatena(QWidget* Padre) : QAbstractButton(Padre)
 {
-    setText(u"Importi del documento"_s);
-    setShortcut({});
-    setAccessibleName(text());
+    // A name and no text: what is drawn are the figures, and a text would be given a letter for Alt that
+    // nobody sees.
+    setAccessibleName(u"Importi del documento"_s);
     setFocusPolicy(Qt::NoFocus);  // Tab stays among the fields; the keys of the chain are in its hint
     setCursor(Qt::PointingHandCursor);
     setAttribute(Qt::WA_Hover);

@@ -11,6 +11,7 @@
 
 #include <QMap>
 #include <QScopeGuard>
+#include <QScrollBar>
 #include <QSet>
 
 using namespace Qt::StringLiterals;
@@ -492,6 +493,7 @@ void TestFatturaElettronica::lAnteprimaHaITotaliDellaCarta()
     for (const QString& Atteso : {Format(Conti.Totale, u"#,##0.00"), Format(Conti.Netto, u"#,##0.00"),
                                   u"Rossi"_s, u"12/"_s + QString::number(Oggi().year())})
         QVERIFY2(Letta.contains(Atteso), qPrintable(Atteso + u" / "_s + Letta));
+    QCOMPARE(Controllo<QTextBrowser>(F, "txtAnteprimaXml")->horizontalScrollBar()->maximum(), 0);
     Clic(Controllo(F, "cmdAnteprimaXml"));
     QVERIFY(Lista()->isVisible());
 }

@@ -73,6 +73,8 @@ void TestPiedeCatena::iContiDellaNota()
     QCOMPARE(Piede()->accessibleDescription(),
              u"Imponibile 1.125,00, Cassa 45,00, I.V.A. 245,70, Totale documento 1.415,70, "
              u"Ritenuta 225,00, Netto 1.190,70"_s);
+    QVERIFY2(Piede()->shortcut().isEmpty() && !Piede()->text().contains(u'&'),
+             "una lettera che nessuno vede toglierebbe Alt alle caselle");
 }
 
 void TestPiedeCatena::seguonoOgniCambio()
