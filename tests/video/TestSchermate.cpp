@@ -47,6 +47,7 @@ private Q_SLOTS:
     void catenaDegliImporti();
     void fatturaElettronica();
     void ultimeParcelle();
+    void menuDiSalva();
 
 private:
     void Guarda(const QString& Nome);
@@ -535,6 +536,28 @@ void TestSchermate::ultimeParcelle()
     P->Premi(u"ctrl+r"_s);
     ATTENDI(u"fuoco"_s, "lstRecenti");
     Guarda(u"scrivania_ultime"_s);
+}
+
+/// The ways of saving below the arrow of the button, and the question of the copy.
+void TestSchermate::menuDiSalva()
+{
+    ApriEsempio(u"civile"_s);
+    if (QTest::currentTestFailed())
+        return;
+    constexpr int Freccia = 8;
+    QRect Posto = P->Posto(u"barParcelle_save"_s);
+    Posto.setLeft(Posto.right() - Freccia);
+    P->Clic(Posto);
+    ATTENDI_CHE(!P->Chiedi(u"popup"_s).isEmpty());
+    Guarda(u"menu_salva"_s);
+    P->Premi(u"Escape"_s);
+    ATTENDI(u"popup"_s, "");
+    P->Premi(u"ctrl+d"_s);
+    ATTENDI_CHE(P->Messaggio().contains(u"Mantenere anche il cliente Rossi Maria?"));
+    Guarda(u"duplica"_s);
+    P->Rispondi(u"Return"_s);
+    ATTENDI_CHE(P->Chiedi(u"attiva"_s).endsWith(u"|Nuova parcella:2"));
+    ATTENDI(u"testo txtCliente"_s, "Rossi Maria");
 }
 
 #include "TestSchermate.moc"
