@@ -101,7 +101,8 @@ public:
     /// Puts the row into a form. `Cambiato` runs at each edit.
     RigaInizio(QFormLayout* Modulo, int Riga, const std::function<void()>& Cambiato);
     ~RigaInizio() = default;
-    Q_DISABLE_COPY_MOVE(RigaInizio)
+    RigaInizio(const RigaInizio&) = delete;
+    RigaInizio& operator=(const RigaInizio&) = delete;
 
     /// A hidden row keeps no day.
     void Mostra(bool Serve);
