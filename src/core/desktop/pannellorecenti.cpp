@@ -6,6 +6,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/servizi_qt.h"
+#include "platform/kit/suggerimento.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -147,6 +148,7 @@ PannelloRecenti::PannelloRecenti(QWidget* Padre)
     Vuoto->setObjectName(u"lblNessunaRecente"_s);
     Vuoto->setText(u"Le parcelle aperte e salvate compaiono qui."_s);
     Vuoto->setWordWrap(true);
+    SuggerisciLeggibile(Vuoto);
     Vuoto->setForegroundRole(QPalette::PlaceholderText);
     Vuoto->setAlignment(Qt::AlignTop | Qt::AlignLeft);
 

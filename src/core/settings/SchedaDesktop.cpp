@@ -6,6 +6,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/scelta.h"
+#include "platform/kit/suggerimento.h"
 #include "platform/system/messaggi.h"
 
 #include "core/settings/ui_SchedaDesktop.h"
@@ -176,6 +177,7 @@ void SchedaDesktop::LoadImg()
     for (const QString& File : Sfondi)
         ui->cmbSfondi->addItem(SenzaEstensione(File));
     ui->cmbSfondi->setPlaceholderText(u"nessuna"_s);
+    SuggerisciLeggibile(ui->cmbSfondi);
 }
 
 void SchedaDesktop::LoadTemplates()

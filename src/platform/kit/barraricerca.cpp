@@ -2,6 +2,7 @@
 
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/suggerimento.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -23,6 +24,7 @@ BarraRicerca::BarraRicerca(QWidget* Padre) : QWidget(Padre), Campo(new QLineEdit
     setObjectName(u"barRicerca"_s);
     Campo->setObjectName(u"txtRicerca"_s);
     Campo->setPlaceholderText(u"Cerca nel documento"_s);
+    SuggerisciLeggibile(Campo);
     Campo->setAccessibleName(u"Cerca nel documento"_s);
     Campo->setClearButtonEnabled(true);
     Campo->setMaximumWidth(LarghezzaCampo);

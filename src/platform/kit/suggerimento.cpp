@@ -2,10 +2,10 @@
 
 #include "platform/kit/aspetto.h"
 
-#include <QLineEdit>
+#include <QWidget>
 #include <QPalette>
 
-void SuggerisciLeggibile(QLineEdit* Box)
+void SuggerisciLeggibile(QWidget* Box)
 {
     constexpr double Grigio = 0.6;
     QPalette Colori = Box->palette();

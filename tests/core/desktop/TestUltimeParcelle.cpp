@@ -9,6 +9,7 @@
 #include "platform/system/guasti.h"
 #include "supporto/cartellaferma.h"
 
+#include <QLabel>
 #include <QListView>
 #include <QMenu>
 #include <QScopeGuard>
@@ -22,6 +23,7 @@ private Q_SLOTS:
     void init();
     void cleanup() { Sgombra(); }
     void senzaNoteLoDice();
+    void alBuioSiLegge();
     void ogniRigaDiceTutto();
     void invioEClicAprono();
     void dueClicUnaNotaSola();
@@ -102,6 +104,23 @@ void TestUltimeParcelle::senzaNoteLoDice()
     Singola<frmStudio>().Form_Activate();
     QVERIFY(Elenco()->isVisible());
     QVERIFY(!Scrivania.findChild<QWidget*>(u"lblNessunaRecente"_s)->isVisible());
+}
+
+/// Desktops that give dark colours often leave that of hints black.
+void TestUltimeParcelle::alBuioSiLegge()
+{
+    const QPalette Solita = QApplication::palette();
+    const auto Rimetti = qScopeGuard([&] { QApplication::setPalette(Solita); });
+    QPalette Scura = Solita;
+    Scura.setColor(QPalette::Base, QColor(27, 30, 32));
+    Scura.setColor(QPalette::Text, QColor(252, 252, 252));
+    Scura.setColor(QPalette::PlaceholderText, Qt::black);
+    QApplication::setPalette(Scura);
+    const PannelloRecenti Pannello(nullptr);
+    const auto* Vuoto = Pannello.findChild<QLabel*>(u"lblNessunaRecente"_s);
+    const QPalette Sua = Vuoto->palette();
+    QCOMPARE(Vuoto->foregroundRole(), QPalette::PlaceholderText);
+    QVERIFY(Sua.color(QPalette::PlaceholderText).lightness() > Sua.color(QPalette::Base).lightness() + 80);
 }
 
 void TestUltimeParcelle::ogniRigaDiceTutto()
