@@ -1,5 +1,6 @@
 #include "feenote/einvoice/codici.h"
 
+#include <QList>
 #include <algorithm>
 #include <array>
 
