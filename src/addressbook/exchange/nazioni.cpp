@@ -2,6 +2,8 @@
 
 #include "platform/base/testopiano.h"
 
+#include <QList>
+
 #include <algorithm>
 #include <array>
 

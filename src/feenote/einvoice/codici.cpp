@@ -1,6 +1,7 @@
 #include "feenote/einvoice/codici.h"
 
 #include <QList>
+
 #include <algorithm>
 #include <array>
 
