@@ -4,6 +4,33 @@
 
 namespace {
 
+constexpr QStringView Vocali = u"AEIOU";
+constexpr QStringView Consonanti = u"BCDFGHJKLMNPQRSTVWXYZ";
+constexpr int LettereParte = 3;
+
+struct Lettere
+{
+    QString Vocali;
+    QString Consonanti;
+};
+
+/// Sorts the letters of a text; `Massimo` consonants end the walk.
+Lettere Dividi(const QString& Testo, qsizetype Massimo)
+{
+    Lettere Divise;
+    for (const QChar C : Testo) {
+        // Letters of the alphabet only: Unicode would turn a dotless or a long letter into a plain one.
+        const QChar Maiuscola = C >= u'a' && C <= u'z' ? C.toUpper() : C;
+        if (Vocali.contains(Maiuscola))
+            Divise.Vocali += Maiuscola;
+        else if (Consonanti.contains(Maiuscola))
+            Divise.Consonanti += Maiuscola;
+        if (Divise.Consonanti.size() == Massimo)
+            break;
+    }
+    return Divise;
+}
+
 QString Compatto(const QString& Testo)
 {
     QString Codice = Testo.toUpper();
@@ -80,4 +107,20 @@ bool IbanTorna(const QString& Testo)
         Resto = (Resto * (Numero < 10 ? 10 : 100) + Numero) % Modulo;
     }
     return Resto == 1;
+}
+
+QString SiglaCognome(const QString& Cognome)
+{
+    const Lettere Divise = Dividi(Cognome, LettereParte);
+    return (Divise.Consonanti + Divise.Vocali).left(LettereParte).leftJustified(LettereParte, u'X');
+}
+
+QString SiglaNome(const QString& Nome)
+{
+    const Lettere Divise = Dividi(Nome, Nome.size() + 1);
+    const QString& C = Divise.Consonanti;
+    // Four or more: the second one is passed over.
+    if (C.size() > LettereParte)
+        return QString(C[0]) + C[2] + C[3];
+    return (C + Divise.Vocali).left(LettereParte).leftJustified(LettereParte, u'X');
 }

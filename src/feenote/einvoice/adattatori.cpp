@@ -1,6 +1,7 @@
 #include "feenote/einvoice/adattatori.h"
 
 #include "addressbook/modClienti.h"
+#include "core/modControlli.h"
 #include "core/modRegimi.h"
 #include "core/modSede.h"
 #include "core/sessione.h"
@@ -23,26 +24,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype CaratteriPersona = 16;
-constexpr qsizetype LettereNome = 3;
-
-QString Lettere(const QString& Nome, bool Vocali)
-{
-    QString Scelte;
-    for (const QChar C : TestoPiano(Nome).toUpper())
-        if (C >= u'A' && C <= u'Z' && QStringView(u"AEIOU").contains(C) == Vocali)
-            Scelte += C;
-    return Scelte;
-}
-
-/// The three letters of a name in a fiscal code, D.M. 23 December 1976: of a first name of four consonants or
-/// more the second one is left out.
-QString TreLettere(const QString& Nome, bool Proprio)
-{
-    QString Consonanti = Lettere(Nome, false);
-    if (Proprio && Consonanti.size() > LettereNome)
-        Consonanti.remove(1, 1);
-    return (Consonanti + Lettere(Nome, true) + u"XXX"_s).left(LettereNome);
-}
+constexpr qsizetype LettereSigle = 6;  ///< of family name and first name
 
 /// A country's VAT numbers behind its two letters: "#" a digit, "?" a digit or a letter, anything else
 /// itself.
@@ -176,7 +158,7 @@ std::pair<QString, QString> CognomeENome(const QString& Nominativo, const QStrin
     QList<std::pair<QString, QString>> Trovati;
     const auto Prova = [&](const QString& Cognome, const QString& Nome) {
         const std::pair Coppia(Cognome, Nome);
-        if (TreLettere(Cognome, false) + TreLettere(Nome, true) == Codice.first(2 * LettereNome) &&
+        if (SiglaCognome(TestoPiano(Cognome)) + SiglaNome(TestoPiano(Nome)) == Codice.first(LettereSigle) &&
             !Trovati.contains(Coppia))
             Trovati.append(Coppia);
     };

@@ -1,5 +1,6 @@
 #include "feenote/einvoice/scrittura.h"
 
+#include "core/modTrasmissioni.h"
 #include "feenote/einvoice/codici.h"
 #include "feenote/einvoice/controlli.h"
 #include "feenote/einvoice/forma.h"
@@ -211,13 +212,11 @@ private:
 
 QString ProgressivoFile(int Numero)
 {
-    constexpr int Base = 36;
-    constexpr int Cifre = 5;
-    if (Numero < 1 || Numero > UltimoProgressivoFile)
-        throw Errore(errori::Eccedenza,
-                     u"Il progressivo dei file delle fatture va da 1 a %1: %2"_s.arg(UltimoProgressivoFile)
-                         .arg(Numero));
-    return QString::number(Numero, Base).toUpper().rightJustified(Cifre, u'0');
+    if (Numero < 1 || Numero > UltimoProgTrasm)
+        throw Errore(
+            errori::Eccedenza,
+            u"Il progressivo dei file delle fatture va da 1 a %1: %2"_s.arg(UltimoProgTrasm).arg(Numero));
+    return TestoProgTrasm(Numero);
 }
 
 QString NomeFileFattura(const FatturaElettronica& Fattura)

@@ -5,11 +5,8 @@
 
 #include <QByteArray>
 
-/// The last number that five characters of a file's name can hold.
-inline constexpr int UltimoProgressivoFile = 60466175;  // 36 to the fifth, less one
-
 /// A number of the office's counter as the name of the file bears it: base 36, five characters ("0000A").
-/// @throws Errore 6 for 0, a negative number, or one beyond UltimoProgressivoFile
+/// @throws Errore 6 for 0, a negative number, or one beyond UltimoProgTrasm
 [[nodiscard]] QString ProgressivoFile(int Numero);
 
 /// "IT<tax code>_<progressive>.xml", the name under which the exchange system takes the file.

@@ -1,6 +1,7 @@
 // The file of an electronic invoice: its name, its bytes, and that it appears whole or not at all.
 #include "fattura_prova.h"
 
+#include "core/modTrasmissioni.h"
 #include "feenote/einvoice/anteprima.h"
 #include "feenote/einvoice/codici.h"
 #include "feenote/einvoice/schematipi.h"
@@ -61,7 +62,7 @@ void TestScrittura::ilProgressivo_data()
     QTest::newRow("prima lettera") << 10 << u"0000A"_s;
     QTest::newRow("ultima lettera") << 35 << u"0000Z"_s;
     QTest::newRow("due cifre") << 36 << u"00010"_s;
-    QTest::newRow("ultimo") << UltimoProgressivoFile << u"ZZZZZ"_s;
+    QTest::newRow("ultimo") << UltimoProgTrasm << u"ZZZZZ"_s;
 }
 
 void TestScrittura::ilProgressivo()
@@ -72,7 +73,7 @@ void TestScrittura::ilProgressivo()
 
 void TestScrittura::progressiviOltreIlLimite()
 {
-    for (const int Numero : {0, -1, UltimoProgressivoFile + 1})
+    for (const int Numero : {0, -1, UltimoProgTrasm + 1})
         QVERIFY_THROWS_EXCEPTION(Errore, (void)ProgressivoFile(Numero));
 }
 
