@@ -125,6 +125,7 @@ void TestAdattatori::nomi_data()
     Riga("accent, four consonants", u"Bianchi Niccolò"_s, u"BNCNCL85T10E715S"_s, u"Bianchi"_s, u"Niccolò"_s);
     Riga("few letters", u"Fo Dario"_s, u"FOXDRA26C24H501X"_s, u"Fo"_s, u"Dario"_s);
     Riga("apostrophe", u"D'Alò Ada"_s, u"DLADAA80A41H501X"_s, u"D'Alò"_s, u"Ada"_s);
+    Riga("an accented vowel that counts", u"Rossi Noè"_s, u"RSSNOE80A01H501X"_s, u"Rossi"_s, u"Noè"_s);
     Riga("another person's code", u"Rossi Mario"_s, u"VRDNNA80A41H501X"_s, {}, {});
     Riga("both orders fit", u"Rossi Rossi"_s, u"RSSRSS80A01H501X"_s, u"Rossi"_s, u"Rossi"_s);
     Riga("two orders, two persons", u"Fabio Fabia"_s, u"FBAFBA80A01H501X"_s, {}, {});
