@@ -41,6 +41,10 @@ void Riporta(Parcella& Nota, const Parcella& Da)
     Nota.FatturaXml.Quando = Da.FatturaXml.Quando;
     Nota.FatturaXml.Progressivo = Da.FatturaXml.Progressivo;
     Nota.FatturaXml.DiFattura = Da.FatturaXml.DiFattura;
+
+    // Neither does a document that has gone out come back. What follows from the record (payments, the number
+    // of the invoice) is found again behind the step.
+    Nota.Stato = Da.Stato;
 }
 
 /// True when a note is what its file holds, in every respect: a mark that is taken off takes the recovery
@@ -264,6 +268,11 @@ void Cronologia::SegnaRimessa()
 bool Cronologia::UltimaRimessa() const
 {
     return !Indietro.isEmpty() && Indietro.last().Rimessa;
+}
+
+bool Cronologia::ESalvata(const Parcella& Nota) const
+{
+    return ComeInFile(Nota, InFile);
 }
 
 QString Cronologia::NomeAnnulla() const

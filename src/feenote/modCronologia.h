@@ -9,8 +9,8 @@
 #include <optional>
 
 /// Keeps the record as it was before each of the last changes. Whoever lets the user change the record says
-/// so by Segna; what is the file's or the window's own (path, password, partner, what was written of the
-/// electronic invoice) belongs to no step.
+/// so by Segna; what is the file's or the window's own (path, password, partner, state, what was written of
+/// the electronic invoice) belongs to no step.
 ///
 /// Records are kept as copies: their lines are shared with the note until one of both is written to.
 class Cronologia
@@ -33,6 +33,8 @@ public:
     void ChiudiTesto() { InEdit = 0; }
     /// The record is what its file holds now.
     void SegnaSalvata(const Parcella& Nota);
+    /// True when the record is in every respect what its file holds.
+    [[nodiscard]] bool ESalvata(const Parcella& Nota) const;
 
     /// The last step has put lines back that were cut: a key pressed once too often does not cut them again.
     void SegnaRimessa();

@@ -30,6 +30,7 @@ Parcella Duplicata(const Parcella& Nota, bool ConCliente)
     for (QString* DellaPrima : {&Fattura.CitataNumero, &Fattura.CitataData, &Fattura.Scadenza, &Fattura.File,
                                 &Fattura.Quando, &Fattura.Progressivo, &Fattura.DiFattura})
         DellaPrima->clear();
+    Copia.Stato = StatoDiNuova();
     Copia.Percorso.clear();
     Copia.Psw.clear();
     Copia.IDMultipla = 0;

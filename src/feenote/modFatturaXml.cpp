@@ -1,5 +1,6 @@
 #include "feenote/modFatturaXml.h"
 
+#include "feenote/modStato.h"
 #include "platform/base/regionale.h"
 #include "platform/system/orologio.h"
 
@@ -21,6 +22,7 @@ void SegnaFatturaScritta(Parcella& Nota, const QString& File, const QString& Pro
     Nota.FatturaXml.Quando = Format(Oggi(), u"dd/mm/yyyy");
     Nota.FatturaXml.Progressivo = Progressivo;
     Nota.FatturaXml.DiFattura = FirmaFattura(Nota);
+    (void)NotaFatturata(Nota);
     SetModificata(Nota, true);
 }
 

@@ -10,7 +10,7 @@
 /// The invoice that the note has now was written as a file already.
 [[nodiscard]] bool FatturaGiaScritta(const Parcella& Nota);
 
-/// Keeps the file that was written of the invoice; the note is then modified.
+/// Keeps the file that was written of the invoice; the note is then invoiced, and modified.
 void SegnaFatturaScritta(Parcella& Nota, const QString& File, const QString& Progressivo);
 
 /// Takes over other choices; the note is then modified, unless they are those that it has.

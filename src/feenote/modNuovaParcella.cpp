@@ -49,6 +49,7 @@ void PortaSpeseGenerali(Parcella& Nota, const Decreto& Prima, const Decreto& Nuo
 void NuovaParcella(Parcella& Nota, const Decreto& Legge)
 {
     AzzeraNota(Nota);
+    Nota.Stato = StatoDiNuova();
     Nota.Tariffa = &Legge;
     SelezionaInSilenzio(Nota, NessunaVoce, NessunaVoce, NessunaVoce);
 

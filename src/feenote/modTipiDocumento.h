@@ -58,6 +58,7 @@ struct TipoDocumento
     bool DisabilitaAcconti = false;
     bool EFattura = false;        ///< an invoice: it goes to the companion application
     bool Riepilogo = true;        ///< the chain of taxes stands on it
+    bool Credito = false;         ///< it asks the client for its net
     bool CartaIntestata = false;  ///< its upper margin leaves room for a printed letterhead
 };
 
@@ -71,6 +72,7 @@ inline constexpr std::array TipiDocumento{
         .Iban = true,
         .Persona = FormaBlocco::Testata,
         .Societa = FormaBlocco::Testata,
+        .Credito = true,
     },
     TipoDocumento{
         .Nome = u"Preventivo",
@@ -93,6 +95,7 @@ inline constexpr std::array TipiDocumento{
         .ImponeAcconti = true,
         .DisabilitaMinMax = true,
         .EFattura = true,
+        .Credito = true,
         .CartaIntestata = true,
     },
     TipoDocumento{
@@ -104,6 +107,7 @@ inline constexpr std::array TipiDocumento{
         .Persona = FormaBlocco::Testata,
         .Societa = FormaBlocco::Testata,
         .EFattura = true,
+        .Credito = true,
     },
     // The judge awards fees and expenses: taxes follow by law, and payments are no matter of his.
     TipoDocumento{
@@ -144,6 +148,7 @@ inline constexpr std::array TipiDocumento{
         .Nome = u"Solo parte contabile!",
         .Pannello = PannelloStampa::Testi,
         .Titolo = u" Dati stampa parte contabile: ",
+        .Credito = true,
     },
 };
 static_assert(TipiDocumento[StampaFatturaSintetica].CartaIntestata &&

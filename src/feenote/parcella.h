@@ -7,6 +7,7 @@
 
 #include "feenote/modRighe.h"
 #include "feenote/modTipiDocumento.h"
+#include "feenote/statonota.h"
 #include "platform/base/regionale.h"
 #include "platform/base/tabellarighe.h"
 #include "tariffs/modTariffe.h"
@@ -221,6 +222,8 @@ struct Parcella
                                                 ///< RicomponiBlocco
 
     DatiFatturaXml FatturaXml;
+
+    StatoTenuto Stato;  ///< how far the note has come; see modStato
 
     // ---- lines
     TabellaRighe xOnorari{OnoColonne};

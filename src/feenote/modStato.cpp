@@ -1,0 +1,241 @@
+#include "feenote/modStato.h"
+
+#include "feenote/modInterruttori.h"
+#include "feenote/modTotali.h"
+#include "platform/base/regionale.h"
+#include "platform/system/orologio.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct NomeDiStato
+{
+    StatoNota Stato;
+    QStringView Nome;
+};
+
+constexpr std::array Nomi{
+    NomeDiStato{StatoNota::Bozza, u"Bozza"},
+    NomeDiStato{StatoNota::Inviata, u"Inviata"},
+    NomeDiStato{StatoNota::Fatturata, u"Fatturata"},
+    NomeDiStato{StatoNota::Pagata, u"Pagata"},
+};
+
+QString Giorno()
+{
+    return Format(Oggi(), u"dd/mm/yyyy");
+}
+
+QString& GiornoDi(StatoTenuto& Tenuto, StatoNota Stato)
+{
+    return Tenuto.Giorni[size_t(Stato)];
+}
+
+bool HaNumero(const Parcella& Nota)
+{
+    return !Nota.DatiPar(DatoNumFatt).trimmed().isEmpty() && IsDate(Nota.DatiPar(DatoDataFatt).trimmed());
+}
+
+/// What a document weighs as the one that the note has gone out by: none, one that asks nobody for money, one
+/// that does, an invoice with number and date.
+int Peso(int Tipo, bool Numerata)
+{
+    if (!ETipoStampa(Tipo))
+        return 0;
+    return Numerata ? 3 : ChiedePagamento(Tipo) ? 2 : 1;
+}
+
+/// The chain of a document, whatever the one in view forces on the switches.
+DatiCatena CatenaDelDocumento(const Parcella& Nota, int Tipo)
+{
+    if (Tipo == Nota.cmbTipoStampa || !ETipoStampa(Tipo))
+        return RaccogliCatena(Nota, Tipo);
+    Parcella Altra = Nota;
+    ScegliTipoStampa(Altra, Tipo);
+    return RaccogliCatena(Altra, Tipo);
+}
+
+/// An amount as the file holds it, so that a note read back equals the one that was written.
+double InCentesimi(double Euro)
+{
+    const double Tondo = QString::number(Arrotonda2(Euro), 'f', 2).toDouble();
+    return Tondo == 0 ? 0.0 : Tondo;
+}
+
+ImportiDocumento Importi(const DatiCatena& Dati)
+{
+    const Catena Conti = CatenaFiscale(Dati);
+    return {InCentesimi(Conti.Imponibile), InCentesimi(Conti.CP), InCentesimi(Conti.IVA),
+            InCentesimi(Conti.Totale),     InCentesimi(Conti.RA), InCentesimi(Conti.Netto)};
+}
+
+/// The chain that payments are held against. The court costs note knows none, and would hide them.
+DatiCatena CatenaPagata(const Parcella& Nota)
+{
+    const int Tipo = DocumentoDelloStato(Nota);
+    DatiCatena Dati =
+        CatenaDelDocumento(Nota, TipoDi(Tipo).Acconti == UsoAcconti::Mai ? int(StampaPrenotula) : Tipo);
+    Dati.Acconti = CalcolaAcconti(Nota, StampaPrenotula);
+    return Dati;
+}
+
+bool Conferma(Parcella& Nota, const StatoTenuto& Era)
+{
+    if (Nota.Stato == Era)
+        return false;
+    SetModificata(Nota, true);
+    return true;
+}
+
+bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
+{
+    const StatoTenuto Era = Nota.Stato;
+    StatoTenuto& Tenuto = Nota.Stato;
+    const StatoNota Verso = Numerata ? StatoNota::Fatturata : StatoNota::Inviata;
+    const int Presente = Peso(Tenuto.Documento, Tenuto.Emessa);
+    const int Nuovo = Peso(Tipo, Numerata);
+    // A copy of what was paid already would ask for nothing.
+    const bool Copia = Tenuto.Stato == StatoNota::Pagata && Nuovo == Presente;
+    if (Nuovo >= Presente && !Copia) {
+        if (Nuovo > Presente && GiornoDi(Tenuto, Verso).isEmpty())
+            GiornoDi(Tenuto, Verso) = Giorno();
+        Tenuto.Documento = Tipo;
+        Tenuto.Emessa = Numerata;
+        Tenuto.Importi = Importi(CatenaDelDocumento(Nota, Tipo));
+    }
+    if (Verso > Tenuto.Stato) {
+        Tenuto.Stato = Verso;
+        GiornoDi(Tenuto, Verso) = Giorno();
+    }
+    return Conferma(Nota, Era);
+}
+
+/// What has gone out as an invoice is one while it has number and date.
+void SegueNumero(const Parcella& Nota, StatoNota& Stato)
+{
+    if (Stato == StatoNota::Inviata || Stato == StatoNota::Fatturata)
+        Stato = HaNumero(Nota) ? StatoNota::Fatturata : StatoNota::Inviata;
+}
+
+}  // namespace
+
+QString NomeStato(StatoNota Stato)
+{
+    const auto Suo = std::ranges::find(Nomi, Stato, &NomeDiStato::Stato);
+    return Suo == Nomi.end() ? QString() : Suo->Nome.toString();
+}
+
+std::optional<StatoNota> StatoDelNome(QStringView Nome)
+{
+    const auto Suo = std::ranges::find_if(
+        Nomi, [&](const NomeDiStato& Voce) { return Voce.Nome.compare(Nome, Qt::CaseInsensitive) == 0; });
+    return Suo == Nomi.end() ? std::nullopt : std::optional(Suo->Stato);
+}
+
+StatoTenuto StatoDiNuova()
+{
+    StatoTenuto Tenuto;
+    Tenuto.Stato = StatoNota::Bozza;
+    return Tenuto;
+}
+
+bool ChiedePagamento(int Tipo)
+{
+    return ETipoStampa(Tipo) && TipoDi(Tipo).Credito;
+}
+
+bool NotaInviata(Parcella& Nota, int Tipo)
+{
+    if (!ETipoStampa(Tipo) || !TipoDi(Tipo).Riepilogo)
+        return false;
+    return SegnaUscita(Nota, Tipo, TipoDi(Tipo).EFattura && HaNumero(Nota));
+}
+
+bool NotaFatturata(Parcella& Nota)
+{
+    const int InVista = Nota.cmbTipoStampa;
+    return SegnaUscita(Nota, TipoDi(InVista).EFattura ? InVista : int(StampaFatturaAnalitica), true);
+}
+
+bool ScegliStato(Parcella& Nota, StatoNota Scelto)
+{
+    StatoTenuto& Tenuto = Nota.Stato;
+    if (Scelto == StatoNota::Ignoto || Scelto == Tenuto.Stato)
+        return false;
+    const StatoTenuto Era = Tenuto;
+    if (Scelto == StatoNota::Bozza)
+        Tenuto = {};
+    Tenuto.Stato = Scelto;
+    Tenuto.Prima.reset();
+    // Else the number would make it an invoice again at once.
+    Tenuto.Emessa = Tenuto.Emessa && Scelto != StatoNota::Inviata;
+    GiornoDi(Tenuto, Scelto) = Giorno();
+    return Conferma(Nota, Era);
+}
+
+Copertura CoperturaDi(const Parcella& Nota)
+{
+    const bool Associati = Nota.Multipla() && !Nota.Multi.xAcconti.Vuota();
+    if (Nota.xAcconti.Vuota() && !Associati)
+        return {};
+    DatiCatena Dati = CatenaPagata(Nota);
+    const SommeAcconti& Acconti = Dati.Acconti;
+    Copertura Trovata;
+    Trovata.Pagati = Acconti.Corrispettivi + Acconti.SpeseImp + Acconti.SpeseEsenti;
+    if (Trovata.Pagati <= 0)
+        return Trovata;
+    const double Resto = CatenaFiscale(Dati).Netto;
+    Dati.Acconti = {};
+    Trovata.Coperta = CatenaFiscale(Dati).Netto > 0 && Resto <= 0;
+    return Trovata;
+}
+
+bool SegueStato(Parcella& Nota, Copertura& Vista)
+{
+    const StatoTenuto Era = Nota.Stato;
+    StatoTenuto& Tenuto = Nota.Stato;
+    if (Tenuto.Emessa) {
+        SegueNumero(Nota, Tenuto.Stato);
+        if (Tenuto.Prima)
+            SegueNumero(Nota, *Tenuto.Prima);
+    }
+    const Copertura Ora = CoperturaDi(Nota);
+    if (Ora.Coperta && Ora != Vista && Tenuto.Stato != StatoNota::Pagata) {
+        Tenuto.Prima = Tenuto.Stato;
+        Tenuto.Stato = StatoNota::Pagata;
+        GiornoDi(Tenuto, StatoNota::Pagata) = Giorno();
+    } else if (!Ora.Coperta && Vista.Coperta && Tenuto.Stato == StatoNota::Pagata && Tenuto.Prima) {
+        Tenuto.Stato = *Tenuto.Prima;
+        Tenuto.Prima.reset();
+        GiornoDi(Tenuto, StatoNota::Pagata).clear();
+    }
+    Vista = Ora;
+    return Conferma(Nota, Era);
+}
+
+int DocumentoDelloStato(const Parcella& Nota)
+{
+    if (ETipoStampa(Nota.Stato.Documento))
+        return Nota.Stato.Documento;
+    return TipoDi(Nota.cmbTipoStampa).Riepilogo ? Nota.cmbTipoStampa : int(StampaPrenotula);
+}
+
+ImportiDocumento ImportiDellaNota(const Parcella& Nota)
+{
+    if (Nota.Stato.Importi)
+        return *Nota.Stato.Importi;
+    DatiCatena Dati = CatenaDelDocumento(Nota, DocumentoDelloStato(Nota));
+    if (Nota.Stato.Stato == StatoNota::Pagata)
+        Dati.Acconti = {};
+    return Importi(Dati);
+}
+
+double RestoDellaNota(const Parcella& Nota)
+{
+    const double Chiesto = ImportiDellaNota(Nota).Netto;
+    const double Resto = InCentesimi(CatenaFiscale(CatenaPagata(Nota)).Netto);
+    return std::max(0.0, std::min(Chiesto, Resto));
+}

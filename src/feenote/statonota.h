@@ -1,0 +1,60 @@
+// How far a fee note has come: what the record keeps of it beside its columns.
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+#include <array>
+#include <optional>
+
+/// The states in their order: an event leads to a later one, never to an earlier.
+enum class StatoNota {
+    Ignoto,     ///< of a file from before the states, until something happens to the note
+    Bozza,      ///< nothing has gone out
+    Inviata,    ///< a document was printed, exported or sent
+    Fatturata,  ///< an invoice with number and date has gone out, or its electronic file
+    Pagata,     ///< the payments on account cover the net, or the user says so
+};
+
+/// Those that a user may choose.
+inline constexpr std::array StatiNota{StatoNota::Bozza, StatoNota::Inviata, StatoNota::Fatturata,
+                                      StatoNota::Pagata};
+
+/// "Bozza" and so on, as it is shown; empty for one that is not known.
+[[nodiscard]] QString NomeStato(StatoNota Stato);
+/// The state of a word, whatever its case; nothing for another word.
+[[nodiscard]] std::optional<StatoNota> StatoDelNome(QStringView Nome);
+
+/// The figures of a document, euro, each of two decimals.
+struct ImportiDocumento
+{
+    double Imponibile = 0.0;
+    double CP = 0.0;
+    double IVA = 0.0;
+    double Totale = 0.0;
+    double RA = 0.0;
+    double Netto = 0.0;
+
+    friend bool operator==(const ImportiDocumento&, const ImportiDocumento&) = default;
+};
+
+/// The state of a note and what it comes from.
+struct StatoTenuto
+{
+    StatoNota Stato = StatoNota::Ignoto;
+    /// The state before the payments covered the net, for when they no longer do; none where the user has
+    /// chosen Pagata.
+    std::optional<StatoNota> Prima;
+    int Documento = -1;   ///< TipoStampa of the document that has gone out, -1 none
+    bool Emessa = false;  ///< it was an invoice with number and date
+    /// The figures of that document: a note that is worked on afterwards is owed what was asked for.
+    std::optional<ImportiDocumento> Importi;
+    std::array<QString, 5> Giorni;  ///< since when, dd/mm/yyyy, by state; empty: not known
+
+    /// Since when the note is in its state.
+    [[nodiscard]] const QString& Dal() const { return Giorni[size_t(Stato)]; }
+    friend bool operator==(const StatoTenuto&, const StatoTenuto&) = default;
+};
+
+/// The state of a note that begins.
+[[nodiscard]] StatoTenuto StatoDiNuova();
