@@ -1,6 +1,7 @@
 #include "feenote/file/memorianota.h"
 
 #include "core/sessione.h"
+#include "feenote/file/memoriastato.h"
 #include "feenote/modDatiStampa.h"
 #include "feenote/modInterruttori.h"
 #include "feenote/modVariazione.h"
@@ -361,6 +362,7 @@ void ScriviMemoria(const Database& File, const Parcella& Nota)
     }
     ScriviBlocchi(Nota, Memoria);
     ScriviDelTipo(Nota, Memoria);
+    ScriviStato(Nota, Memoria);
     if (HaChiaviPrecedenti(*Nota.Tariffa))
         Memoria[VoceChiavi.toString()] = Si.toString();
     File.Annota(Memoria);
@@ -377,6 +379,7 @@ void AnnotaFattura(const Database& File, const Parcella& Nota)
         if (const QString Valore = Voce.Scrivi(Nota); !Valore.isEmpty())
             Memoria[Nome] = Valore;
     }
+    ScriviStato(Nota, Memoria);
     File.Annota(Memoria);
 }
 
@@ -393,7 +396,7 @@ bool HaVociIgnote(const MemoriaFile& Memoria)
     const QStringList Nomi = Memoria.keys();
     return std::ranges::any_of(Nomi, [&Fra](const QString& Nome) {
         return Nome != VoceChiavi && Nome != VoceAccontiMostrati && !Fra(Voci, Nome) &&
-               !Fra(NomiForme, Nome) && !Fra(TasseGiudiziali, Nome);
+               !Fra(NomiForme, Nome) && !Fra(TasseGiudiziali, Nome) && !EVoceDiStato(Nome);
     });
 }
 
@@ -404,6 +407,7 @@ void ApplicaMemoria(Parcella& Nota, const MemoriaFile& Memoria)
             Voce.Leggi(Nota, *Tenuta);
     }
     LeggiBlocchi(Nota, Memoria);
+    LeggiStato(Nota, Memoria);
 }
 
 void ApplicaMemoriaDelTipo(Parcella& Nota, const MemoriaFile& Memoria)

@@ -18,8 +18,8 @@ using MemoriaFile = QMap<QString, QString>;
 /// @throws Errore as Database::Execute
 void ScriviMemoria(const Database& File, const Parcella& Nota);
 
-/// Puts the note's choices for its electronic invoice, and which file was written of it, into the file's
-/// memory, and leaves all else that it keeps, what a newer version keeps there included.
+/// Puts the note's choices for its electronic invoice, which file was written of it and the note's state into
+/// the file's memory, and leaves all else that it keeps, what a newer version keeps there included.
 /// @throws Errore as Database::Annota
 void AnnotaFattura(const Database& File, const Parcella& Nota);
 

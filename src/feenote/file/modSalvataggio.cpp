@@ -165,7 +165,15 @@ std::optional<QString> ScriviQui(const QString& Percorso, Parcella& Nota, bool C
 {
     if (!SovrascritturaAmmessa(Nota, Percorso) || !TurnoLiberato(Percorso))
         return std::nullopt;
-    ScriviNota(Percorso, Nota, ComeModello);
+    const StatoTenuto Era = Nota.Stato;
+    if (ComeModello)
+        Nota.Stato = StatoDiNuova();  // what begins from it has not gone out
+    try {
+        ScriviNota(Percorso, Nota, ComeModello);
+    } catch (...) {
+        Nota.Stato = Era;
+        throw;
+    }
     Nota.Percorso = Percorso;
     Nota.Nome = NomeFile(Percorso).chopped(EstensioneNota.size()).toLower();
     if (Nota.Psw.startsWith(PswDaSalvare))

@@ -1,0 +1,154 @@
+#include "feenote/file/memoriastato.h"
+
+#include "feenote/modStato.h"
+#include "platform/base/regionale.h"
+
+#include <array>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString VoceStato = u"Stato"_s;
+const QString VocePrima = u"Stato.Prima"_s;
+const QString VoceDocumento = u"Stato.Documento"_s;
+const QString VoceEmessa = u"Stato.Emessa"_s;
+const QString VoceImporti = u"Stato.Importi"_s;
+const QString VoceNumero = u"txtDatiPar.Numero"_s;
+const QString VoceData = u"txtDatiPar.Data"_s;
+const QString VoceScadenza = u"FatturaXml.Scadenza"_s;
+
+/// Beyond it an amount is none of a note's.
+constexpr double MassimoImporto = 1e18;
+/// The figures of the document, and what is left of it.
+constexpr qsizetype QuantiImporti = 7;
+
+QString VoceGiorno(StatoNota Stato)
+{
+    return u"Stato.Dal."_s + NomeStato(Stato);
+}
+
+QString GiornoBuono(const QString& Testo)
+{
+    return IsDate(Testo) ? Format(CDate(Testo), u"dd/mm/yyyy") : QString();
+}
+
+StatoNota LeggiNome(const MemoriaFile& Memoria, const QString& Voce)
+{
+    return StatoDelNome(Memoria.value(Voce)).value_or(StatoNota::Ignoto);
+}
+
+int LeggiDocumento(const MemoriaFile& Memoria)
+{
+    bool Numero = false;
+    const int Tipo = Memoria.value(VoceDocumento).toInt(&Numero);
+    return Numero && ETipoStampa(Tipo) ? Tipo : -1;
+}
+
+struct ImportiLetti
+{
+    ImportiDocumento Importi;
+    double Resto = 0.0;
+};
+
+QString Scritti(const ImportiDocumento& Importi, double Resto)
+{
+    QStringList Testi;
+    for (const double Uno :
+         {Importi.Imponibile, Importi.CP, Importi.IVA, Importi.Totale, Importi.RA, Importi.Netto, Resto})
+        Testi += QString::number(Uno, 'f', 2);
+    return Testi.join(u';');
+}
+
+std::optional<ImportiLetti> LeggiImporti(const QString& Testo)
+{
+    const QStringList Parti = Testo.split(u';');
+    if (Parti.size() != QuantiImporti)
+        return std::nullopt;
+    std::array<double, size_t(QuantiImporti)> Valori{};
+    for (qsizetype i = 0; i < QuantiImporti; ++i) {
+        bool Numero = false;
+        const double Valore = Parti[i].toDouble(&Numero);
+        if (!Numero || !std::isfinite(Valore) || std::abs(Valore) > MassimoImporto)
+            return std::nullopt;
+        Valori[size_t(i)] = Valore;
+    }
+    const auto& [Imponibile, CP, IVA, Totale, RA, Netto, Resto] = Valori;
+    if (Resto < 0)
+        return std::nullopt;
+    return ImportiLetti{{Imponibile, CP, IVA, Totale, RA, Netto}, Resto};
+}
+
+}  // namespace
+
+const QStringList& VociStatoLetto()
+{
+    static const QStringList Voci = [] {
+        QStringList Tutte{VoceStato, VoceDocumento, VoceImporti, VoceNumero, VoceData, VoceScadenza};
+        for (const StatoNota Stato : StatiNota)
+            Tutte += VoceGiorno(Stato);
+        return Tutte;
+    }();
+    return Voci;
+}
+
+StatoLetto LeggiStatoLetto(const MemoriaFile& Memoria)
+{
+    StatoLetto Letto;
+    Letto.Stato = LeggiNome(Memoria, VoceStato);
+    Letto.Documento = LeggiDocumento(Memoria);
+    if (Letto.Stato != StatoNota::Ignoto)
+        Letto.Dal = GiornoBuono(Memoria.value(VoceGiorno(Letto.Stato)));
+    if (const auto Importi = LeggiImporti(Memoria.value(VoceImporti))) {
+        Letto.Importi = Importi->Importi;
+        Letto.Resto = Importi->Resto;
+    }
+    Letto.Numero = Memoria.value(VoceNumero).simplified();
+    Letto.Data = Memoria.value(VoceData).simplified();
+    Letto.Scadenza = Memoria.value(VoceScadenza).simplified();
+    return Letto;
+}
+
+void ScriviStato(const Parcella& Nota, MemoriaFile& Memoria)
+{
+    const StatoTenuto& Tenuto = Nota.Stato;
+    const auto Metti = [&](const QString& Voce, const QString& Valore) {
+        Memoria.remove(Voce);
+        if (!Valore.isEmpty())
+            Memoria[Voce] = Valore;
+    };
+    Metti(VoceStato, NomeStato(Tenuto.Stato));
+    if (Tenuto.Prima)
+        Metti(VocePrima, *Tenuto.Prima == StatoNota::Ignoto ? u"-"_s : NomeStato(*Tenuto.Prima));
+    else
+        Memoria.remove(VocePrima);
+    Metti(VoceDocumento, Tenuto.Documento >= 0 ? QString::number(Tenuto.Documento) : QString());
+    Metti(VoceEmessa, Tenuto.Emessa ? u"1"_s : QString());
+    for (const StatoNota Stato : StatiNota)
+        Metti(VoceGiorno(Stato), Tenuto.Giorni[size_t(Stato)]);
+    Metti(VoceImporti, Scritti(ImportiDellaNota(Nota), RestoDellaNota(Nota)));
+}
+
+void LeggiStato(Parcella& Nota, const MemoriaFile& Memoria)
+{
+    StatoTenuto Tenuto;
+    Tenuto.Stato = LeggiNome(Memoria, VoceStato);
+    Tenuto.Documento = LeggiDocumento(Memoria);
+    Tenuto.Emessa = Tenuto.Documento >= 0 && Memoria.value(VoceEmessa) == u"1";
+    for (const StatoNota Stato : StatiNota)
+        Tenuto.Giorni[size_t(Stato)] = GiornoBuono(Memoria.value(VoceGiorno(Stato)));
+    // Payments that covered the net of a note without a state leave it without one again.
+    if (Tenuto.Stato == StatoNota::Pagata && Memoria.contains(VocePrima))
+        Tenuto.Prima = LeggiNome(Memoria, VocePrima);
+    if (Tenuto.Documento >= 0)
+        if (const auto Importi = LeggiImporti(Memoria.value(VoceImporti)))
+            Tenuto.Importi = Importi->Importi;
+    Nota.Stato = Tenuto;
+}
+
+bool EVoceDiStato(const QString& Nome)
+{
+    return Nome == VocePrima || Nome == VoceEmessa ||
+           (Nome.startsWith(VoceStato) && VociStatoLetto().contains(Nome));
+}

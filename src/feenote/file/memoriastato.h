@@ -1,0 +1,39 @@
+// The state of a note in its file: entries of the hidden table, for the note itself and for lists of notes.
+//
+// The figures are kept for lists alone, which reckon nothing: the note takes none of them back but those of
+// the document that has gone out.
+#pragma once
+
+#include "feenote/file/memorianota.h"
+#include "feenote/statonota.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+/// What a list of notes takes from a file. Values that are none (an unknown word, an amount that is no number
+/// or has no limits, a day of no calendar) count as missing.
+struct StatoLetto
+{
+    StatoNota Stato = StatoNota::Ignoto;
+    int Documento = -1;  ///< that has gone out, a TipoStampa; -1 none
+    QString Dal;         ///< since when, dd/mm/yyyy
+    std::optional<ImportiDocumento> Importi;
+    double Resto = 0.0;    ///< of the net after all payments, euro; only with figures
+    QString Numero, Data;  ///< of pro-forma note and estimate
+    QString Scadenza;      ///< of the payment, as typed
+
+    friend bool operator==(const StatoLetto&, const StatoLetto&) = default;
+};
+
+/// The entries that LeggiStatoLetto looks at.
+[[nodiscard]] const QStringList& VociStatoLetto();
+[[nodiscard]] StatoLetto LeggiStatoLetto(const MemoriaFile& Memoria);
+
+/// The entries of a note.
+void ScriviStato(const Parcella& Nota, MemoriaFile& Memoria);
+/// Gives a note its state; without an entry, or with a word of no state, it is Ignoto.
+void LeggiStato(Parcella& Nota, const MemoriaFile& Memoria);
+/// True for the name of an entry of the state.
+[[nodiscard]] bool EVoceDiStato(const QString& Nome);

@@ -1,0 +1,272 @@
+// The state of a note in its file: round trips, files from before it, values that are none.
+#include "file_prova.h"
+
+#include "feenote/file/memoriastato.h"
+#include "feenote/file/modSalvataggio.h"
+#include "feenote/modAcconti.h"
+#include "feenote/modStato.h"
+#include "platform/system/orologio.h"
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
+using enum StatoNota;
+
+using Passo = std::function<void(Parcella&)>;
+Q_DECLARE_METATYPE(Passo)
+
+class TestMemoriaStato : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup() { InstallaOrologio({}); }
+    void torna_data();
+    void torna();
+    void leVoci();
+    void laNotaPagataTornaIndietro();
+    void fileDiPrima();
+    void valoriOstili_data();
+    void valoriOstili();
+    void soloDelFileElettronico();
+    void modello();
+    void modelloNonScritto();
+};
+PROVA(TestMemoriaStato);
+
+namespace {
+
+void Paga(Parcella& Nota)
+{
+    Copertura Vista;
+    const int Riga = NuovoAcconto(Nota);
+    Nota.xAcconti(Riga, AccCorrispettivi) = 1e6;
+    (void)SegueStato(Nota, Vista);
+}
+
+MemoriaFile MemoriaDi(const QString& File)
+{
+    return LeggiMemoria(OpenDatabase(File, true));
+}
+
+}  // namespace
+
+void TestMemoriaStato::init()
+{
+    InstallaOrologio([] { return QDateTime(QDate(2026, 11, 22), QTime(10, 0)); });
+}
+
+void TestMemoriaStato::torna_data()
+{
+    QTest::addColumn<Passo>("Che");
+    QTest::addColumn<StatoNota>("Stato");
+    const auto Caso = [](const char* Nome, StatoNota Stato, const Passo& Che) {
+        QTest::newRow(Nome) << Che << Stato;
+    };
+    Caso("bozza", Bozza, [](Parcella&) {});
+    Caso("senza stato", Ignoto, [](Parcella& Nota) { Nota.Stato = {}; });
+    Caso("inviata", Inviata, [](Parcella& Nota) { (void)NotaInviata(Nota, StampaPrenotula); });
+    Caso("fatturata", Fatturata, [](Parcella& Nota) { (void)NotaInviata(Nota, StampaFatturaAnalitica); });
+    Caso("fatturata col file", Fatturata, [](Parcella& Nota) { (void)NotaFatturata(Nota); });
+    Caso("pagata dopo la fattura", Pagata, [](Parcella& Nota) {
+        (void)NotaFatturata(Nota);
+        Paga(Nota);
+    });
+    Caso("pagata in bozza", Pagata, Paga);
+    Caso("pagata senza stato prima", Pagata, [](Parcella& Nota) {
+        Nota.Stato = {};
+        Paga(Nota);
+    });
+    Caso("scelta a mano", Pagata, [](Parcella& Nota) { (void)ScegliStato(Nota, Pagata); });
+    Caso("importi senza misura", Inviata, [](Parcella& Nota) {
+        Nota.xOnorari(0, OnoImporto) = 123456789012345.675;
+        (void)NotaInviata(Nota, StampaPrenotula);
+    });
+}
+
+void TestMemoriaStato::torna()
+{
+    QFETCH(Passo, Che);
+    QFETCH(StatoNota, Stato);
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota = Riletta(Ufficio, NotaPiena());
+    QCOMPARE(Nota.Stato, StatoDiNuova());
+    Che(Nota);
+    QCOMPARE(Nota.Stato.Stato, Stato);
+    const Parcella Letta = Riletta(Ufficio, Nota);
+    QVERIFY(Letta.Stato == Nota.Stato);
+    QVERIFY(!Letta.Modificata);
+}
+
+void TestMemoriaStato::leVoci()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota = Riletta(Ufficio, NotaPiena());
+    Nota.xAcconti.Azzera(AccColonne);
+    (void)NotaInviata(Nota, StampaFatturaAnalitica);
+    const Catena Conti = CatenaFiscale(Nota, StampaFatturaAnalitica);
+    const QString File = Ufficio.File(u"nota.mdb"_s);
+    ScriviNota(File, Nota);
+    const MemoriaFile Memoria = MemoriaDi(File);
+    QCOMPARE(Memoria.value(u"Stato"_s), u"Fatturata"_s);
+    QCOMPARE(Memoria.value(u"Stato.Documento"_s), u"3"_s);
+    QCOMPARE(Memoria.value(u"Stato.Dal.Fatturata"_s), u"22/11/2026"_s);
+    const auto Decimale = [](double Euro) { return QString::number(Arrotonda2(Euro), 'f', 2); };
+    QCOMPARE(Memoria.value(u"Stato.Importi"_s),
+             (QStringList{Decimale(Conti.Imponibile), Decimale(Conti.CP), Decimale(Conti.IVA),
+                          Decimale(Conti.Totale), Decimale(Conti.RA), Decimale(Conti.Netto),
+                          Decimale(Conti.Netto)})
+                 .join(u';'));
+    QVERIFY(Conti.RA > 0 && Conti.IVA > 0 && Conti.CP > 0);
+    QVERIFY(!HaVociIgnote(Memoria));
+    const StatoLetto Letto = LeggiStatoLetto(Memoria);
+    QCOMPARE(Letto.Stato, Fatturata);
+    QCOMPARE(Letto.Dal, u"22/11/2026"_s);
+    QCOMPARE(Letto.Documento, int(StampaFatturaAnalitica));
+    QCOMPARE(Letto.Importi, std::optional(ImportiDellaNota(Nota)));
+    QCOMPARE(Letto.Resto, Arrotonda2(Conti.Netto));
+}
+
+void TestMemoriaStato::laNotaPagataTornaIndietro()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    for (const StatoNota Prima : {Ignoto, Bozza, Inviata}) {
+        Parcella Nota = Riletta(Ufficio, NotaPiena());
+        Nota.Stato = {};
+        Nota.Stato.Stato = Prima;
+        Paga(Nota);
+        Nota = Riletta(Ufficio, Nota);
+        QCOMPARE(Nota.Stato.Stato, Pagata);
+        Copertura Vista = CoperturaDi(Nota);
+        QVERIFY(Vista.Coperta);
+        Nota.xAcconti.Azzera(AccColonne);
+        QVERIFY(SegueStato(Nota, Vista));
+        QCOMPARE(Nota.Stato.Stato, Prima);
+    }
+}
+
+void TestMemoriaStato::fileDiPrima()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota = Riletta(Ufficio, NotaPiena());
+    (void)NotaFatturata(Nota);
+    const QString File = Ufficio.File(u"nota.mdb"_s);
+    ScriviNota(File, Nota);
+    EseguiSu(File, u"DELETE FROM \"_Calcanova\" WHERE Nome LIKE 'Stato%'"_s);
+    Parcella Letta;
+    CaricaDati(Letta, File);
+    QCOMPARE(Letta.Stato, StatoTenuto());
+    QVERIFY(!Letta.Modificata);
+    // Saved again it still has none: nothing has happened to it.
+    ScriviNota(File, Letta);
+    QVERIFY(!MemoriaDi(File).contains(u"Stato"_s));
+    QVERIFY(MemoriaDi(File).contains(u"Stato.Importi"_s));
+    CaricaDati(Letta, File);
+    QCOMPARE(Letta.Stato, StatoTenuto());
+}
+
+void TestMemoriaStato::valoriOstili_data()
+{
+    QTest::addColumn<QString>("Voce");
+    QTest::addColumn<QString>("Valore");
+    QTest::addColumn<bool>("SenzaImporti");
+    const auto Riga = [](const char* Nome, const QString& Voce, const QString& Valore, bool Senza) {
+        QTest::newRow(Nome) << Voce << Valore << Senza;
+    };
+    const QString Importi = u"Stato.Importi"_s;
+    Riga("unknown state", u"Stato"_s, u"Sollecitata"_s, false);
+    Riga("a long one", u"Stato"_s, QString(100'000, u'x'), false);
+    Riga("a document that there is not", u"Stato.Documento"_s, u"8"_s, false);
+    Riga("a negative document", u"Stato.Documento"_s, u"-1"_s, false);
+    Riga("a document that is no number", u"Stato.Documento"_s, u"3 fatture"_s, false);
+    Riga("a day of no calendar", u"Stato.Dal.Fatturata"_s, u"31/02/2026"_s, false);
+    Riga("no figures", Importi, u""_s, true);
+    Riga("too few", Importi, u"1;2;3;4;5;6"_s, true);
+    Riga("too many", Importi, u"1;2;3;4;5;6;7;8"_s, true);
+    Riga("no number", Importi, u"1;2;3;4;5;sei;7"_s, true);
+    Riga("not finite", Importi, u"1;2;3;4;5;inf;7"_s, true);
+    Riga("no number by name", Importi, u"1;2;3;4;5;nan;7"_s, true);
+    Riga("beyond all limits", Importi, u"1;2;3;4;5;1e300;7"_s, true);
+    Riga("less than nothing is open", Importi, u"1;2;3;4;5;6;-0.01"_s, true);
+}
+
+void TestMemoriaStato::valoriOstili()
+{
+    QFETCH(QString, Voce);
+    QFETCH(QString, Valore);
+    QFETCH(bool, SenzaImporti);
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota = Riletta(Ufficio, NotaPiena());
+    (void)NotaFatturata(Nota);
+    const QString File = Ufficio.File(u"nota.mdb"_s);
+    ScriviNota(File, Nota);
+    EseguiSu(File, u"UPDATE \"_Calcanova\" SET Valore=? WHERE Nome=?"_s, {Valore, Voce});
+    const StatoLetto Letto = LeggiStatoLetto(MemoriaDi(File));
+    QCOMPARE(Letto.Stato, Voce == u"Stato" ? Ignoto : Fatturata);
+    QCOMPARE(Letto.Documento, Voce == u"Stato.Documento" ? -1 : int(StampaFatturaAnalitica));
+    QCOMPARE(Letto.Dal, Voce.startsWith(u"Stato.Dal") || Voce == u"Stato" ? QString() : u"22/11/2026"_s);
+    QCOMPARE(!Letto.Importi, SenzaImporti);
+    QCOMPARE(Letto.Resto, SenzaImporti ? 0.0 : Letto.Resto);
+    // The note opens, and a save puts things right.
+    Parcella Letta;
+    CaricaDati(Letta, File);
+    QCOMPARE(Letta.Stato.Stato, Letto.Stato);
+    QVERIFY(Letta.Stato.Documento == Letto.Documento);
+    QCOMPARE(Letta.Stato.Emessa, Letto.Documento >= 0);
+    ScriviNota(File, Letta);
+    QVERIFY(LeggiStatoLetto(MemoriaDi(File)).Importi);
+}
+
+void TestMemoriaStato::soloDelFileElettronico()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota = Riletta(Ufficio, NotaPiena());
+    const QString File = Ufficio.File(u"nota.mdb"_s);
+    ScriviNota(File, Nota);
+    EseguiSu(File, u"INSERT INTO \"_Calcanova\" VALUES ('DelFuturo','1')"_s);
+    (void)NotaFatturata(Nota);
+    AnnotaFattura(OpenDatabase(File), Nota);
+    const MemoriaFile Memoria = MemoriaDi(File);
+    QCOMPARE(LeggiStatoLetto(Memoria).Stato, Fatturata);
+    QCOMPARE(Memoria.value(u"DelFuturo"_s), u"1"_s);
+    // Taken back, its entries go.
+    (void)ScegliStato(Nota, Bozza);
+    AnnotaFattura(OpenDatabase(File), Nota);
+    QVERIFY(!MemoriaDi(File).contains(u"Stato.Documento"_s));
+    QVERIFY(!MemoriaDi(File).contains(u"Stato.Dal.Fatturata"_s));
+}
+
+void TestMemoriaStato::modello()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota = Riletta(Ufficio, NotaPiena());
+    (void)NotaFatturata(Nota);
+    const QString File = Ufficio.File(u"modello.mdb"_s);
+    Messaggi.AttendiSalva(File);
+    QVERIFY(SalvaConDialogo(Nota, true));
+    QCOMPARE(Nota.Stato, StatoDiNuova());
+    Parcella Letta;
+    CaricaDati(Letta, File);
+    QCOMPARE(Letta.Stato, StatoDiNuova());
+}
+
+void TestMemoriaStato::modelloNonScritto()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota = Riletta(Ufficio, NotaPiena());
+    (void)NotaFatturata(Nota);
+    const StatoTenuto Era = Nota.Stato;
+    Messaggi.AttendiSalva(Ufficio.File(u"non/c'è/modello.mdb"_s));
+    QVERIFY_THROWS_EXCEPTION(Errore, (void)SalvaConDialogo(Nota, true));
+    QCOMPARE(Nota.Stato, Era);
+}
+
+#include "TestMemoriaStato.moc"
