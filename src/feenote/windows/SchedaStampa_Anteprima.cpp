@@ -133,13 +133,22 @@ void SchedaStampa::StampaParcella()
     if (Cornice.InDomanda() || Cornice.InDialogo([vp] { return PrintDialog(*vp); }) == 0)
         return;
     PrintDoc(*vp, Nota.Nome);
+    Cornice.DocumentoUscito();
     ui->barPrint->MostraPagina();  // another paper may have given other pages
 }
 
 void SchedaStampa::EsportaDocumento()
 {
-    if (!Cornice.InDomanda())
-        EsportaInWord(Cornice.Indice(), [this] { return Componi(); });
+    if (Cornice.InDomanda())
+        return;
+    bool Scritto = false;
+    EsportaInWord(Cornice.Indice(), [&] {
+        auto Guasto = Componi();
+        Scritto = !Guasto;
+        return Guasto;
+    });
+    if (Scritto)
+        Cornice.DocumentoUscito();
 }
 
 void SchedaStampa::SalvaPdf()
@@ -149,9 +158,11 @@ void SchedaStampa::SalvaPdf()
     const QString File = Cornice.InDialogo([this] {
         return EsportaPdf(*ui->vp, sessione::ParcellePath, NomeDocumentoProposto(Nota, Nota.cmbTipoStampa));
     });
-    if (!File.isEmpty())
-        MsgBox(u"Il documento "_s + NomeFile(File) + u" è stato salvato correttamente!"_s, vbInformation,
-               TitoloMessaggio.toString());
+    if (File.isEmpty())
+        return;
+    Cornice.DocumentoUscito();
+    MsgBox(u"Il documento "_s + NomeFile(File) + u" è stato salvato correttamente!"_s, vbInformation,
+           TitoloMessaggio.toString());
 }
 
 void SchedaStampa::ImpostaAvviso(const QString& Testo)

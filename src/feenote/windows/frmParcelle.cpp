@@ -101,6 +101,7 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     CollegaCatena();
     CollegaRicalcolo();
     CollegaAnnulla();
+    CollegaStato();
     CollegaCopia();
     CollegaMulti();
     CollegaRubrica();
@@ -351,6 +352,7 @@ void frmParcelle::MostraTutto()
     RefreshGrid();
     MostraSegni();
     MostraAnnulla();
+    MostraStato();
     MostraRicalcolo();
     InMostra = false;
 

@@ -6,6 +6,7 @@
 
 #include "core/posti.h"
 #include "feenote/modCronologia.h"
+#include "feenote/modStato.h"
 #include "feenote/parcella.h"
 #include "feenote/windows/comandirighe.h"
 #include "feenote/windows/cornicenota.h"
@@ -181,6 +182,14 @@ private:
     void Passo(bool Avanti);  ///< a step back, or again
     [[nodiscard]] bool TestoHaAnnulla(const QObject* Campo, bool Avanti) const;
 
+    // ---- frmParcelle_Stato.cpp: how far the note has come
+    void CollegaStato();
+    void MostraStato();
+    /// Another note is here, with no steps yet. @param Salvata it is what its file holds
+    void CominciaNota(bool Salvata);
+    /// The state follows what has become of the record. @return true when it has changed
+    bool RivediStato();
+
     // ---- frmParcelle_Vita.cpp
     void RimettiDisposizione();  ///< splitters and columns as the last window left them
     void RicordaDisposizione() const;
@@ -203,6 +212,7 @@ private:
     void Ricomponi() override;
     [[nodiscard]] bool BaseValida() const override { return BaseVista; }
     bool AnnullaPasso() override;
+    void DocumentoUscito() override;
     void SegnaRimessa() override { Storia.SegnaRimessa(); }
     [[nodiscard]] bool InDomanda() const override { return DialogoAperto; }
     [[nodiscard]] QScopedValueRollback<bool> ApriDomanda() override;
@@ -228,9 +238,10 @@ private:
     Recordset DirittiValori;  ///< open while the window lives, as it always was; no rule reads it
     RigheInComune Comune;
     Cronologia Storia;
-    int SchedaInVista = 0;  ///< the tab before a change
-    bool BaseVista = true;  ///< answer of the last CheckOK on leaving the base tab
-    bool InMostra = false;  ///< controls are being written by code
+    Copertura AccontiVisti;  ///< as the state has followed them last
+    int SchedaInVista = 0;   ///< the tab before a change
+    bool BaseVista = true;   ///< answer of the last CheckOK on leaving the base tab
+    bool InMostra = false;   ///< controls are being written by code
     bool CambioScheda = false;
     bool DialogoAperto = false;   ///< a question of this window waits for its answer
     bool RubricaInVista = false;  ///< the buttons of the address book are shown

@@ -120,6 +120,10 @@ void frmParcelle::Passo(bool Avanti)
     const Parcella Prima = Nota;
     if (!(Avanti ? Storia.Ripeti(Nota) : Storia.Annulla(Nota)))
         return;
+    if (RivediStato()) {
+        ::SetModificata(Nota, !Storia.ESalvata(Nota));
+        Storia.Allinea(Nota);
+    }
     // The lines that were cut are where they were; to put them back once more would double them.
     const bool AltreRighe = Prima.xOnorari != Nota.xOnorari || Prima.xDiritti != Nota.xDiritti;
     if (AltreRighe && Comune.Copiate.DaTaglio)

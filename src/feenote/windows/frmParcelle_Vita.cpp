@@ -111,7 +111,7 @@ void frmParcelle::Nuova(const QString& ID)
         ApplicaRichiesta(Nota, sessione::RichiestaPV2);
     RilegaRighe();
     SetModificata(false);
-    Storia.Comincia(Nota, true);
+    CominciaNota(true);
     MostraTutto();
 }
 
@@ -126,7 +126,7 @@ bool frmParcelle::Carica(const QString& Percorso)
     AdottaRiferimento(Nota);
     RilegaRighe();
     SetModificata(false);
-    Storia.Comincia(Nota, true);
+    CominciaNota(true);
     MostraTutto();
     return Letta;
 }
@@ -178,7 +178,7 @@ void frmParcelle::Recupera(const CopiaRecupero& Trovata)
     AdottaRiferimento(Nota);
     RilegaRighe();
     SetModificata(Letta);
-    Storia.Comincia(Nota, !Letta);
+    CominciaNota(!Letta);
     MostraTutto();
     if (Letta && ScriviCopia())
         EliminaCopia(Trovata);
@@ -272,7 +272,7 @@ void frmParcelle::Prendi(const Parcella& Copia)
     Nota.Nome = Nome;
     RilegaRighe();
     SetModificata(true);
-    Storia.Comincia(Nota, false);
+    CominciaNota(false);
     MostraTutto();
 }
 
@@ -359,6 +359,7 @@ void frmParcelle::SetModificata(bool Valore)
 
 void frmParcelle::Cambiata()
 {
+    (void)RivediStato();
     SetModificata(Nota.Modificata);
     ui->pieCatena->Cambiata();
     Storia.Segna(Nota);

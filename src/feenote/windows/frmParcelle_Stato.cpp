@@ -1,0 +1,68 @@
+// How far the note has come: a button beside the banner, and what leads on.
+#include "feenote/windows/frmParcelle.h"
+
+#include "feenote/windows/ui_frmParcelle.h"
+#include "platform/kit/collega.h"
+
+#include <QActionGroup>
+#include <QMenu>
+
+using namespace Qt::StringLiterals;
+
+void frmParcelle::CollegaStato()
+{
+    auto* Tendina = new QMenu(ui->cmdStato);
+    auto* Scelte = new QActionGroup(Tendina);
+    for (const StatoNota Stato : StatiNota) {
+        QAction* Voce = Tendina->addAction(NomeStato(Stato));
+        Voce->setObjectName(u"stato_"_s + NomeStato(Stato));
+        Voce->setCheckable(true);
+        Voce->setData(int(Stato));
+        Scelte->addAction(Voce);
+    }
+    ui->cmdStato->setMenu(Tendina);
+    Collega(Scelte, &QActionGroup::triggered, this, [this](const QAction* Voce) {
+        if (!DialogoAperto && ScegliStato(Nota, StatoNota(Voce->data().toInt())))
+            Cambiata();
+        MostraStato();
+    });
+    MostraStato();
+}
+
+void frmParcelle::MostraStato()
+{
+    const StatoTenuto& Tenuto = Nota.Stato;
+    const bool Noto = Tenuto.Stato != StatoNota::Ignoto;
+    for (QAction* Voce : ui->cmdStato->menu()->actions())
+        Voce->setChecked(Voce->data().toInt() == int(Tenuto.Stato));
+    const QString Detto = u"Stato: "_s + (Noto ? NomeStato(Tenuto.Stato).toLower() : u"non noto"_s);
+    ui->cmdStato->setText(Detto);
+    ui->cmdStato->setAccessibleName(Detto);
+    QString Frase = Noto ? QString() : u"Salvata da una versione precedente, senza stato.\n"_s;
+    if (!Tenuto.Dal().isEmpty())
+        Frase += NomeStato(Tenuto.Stato) + u" dal "_s + Tenuto.Dal() + u".\n"_s;
+    ui->cmdStato->setToolTip(Frase + u"Segue la stampa o l'invio, il numero della fattura e gli acconti; "
+                                     u"qui si può cambiare."_s);
+}
+
+void frmParcelle::CominciaNota(bool Salvata)
+{
+    Storia.Comincia(Nota, Salvata);
+    AccontiVisti = CoperturaDi(Nota);
+}
+
+bool frmParcelle::RivediStato()
+{
+    const bool Cambiato = SegueStato(Nota, AccontiVisti);
+    if (Cambiato)
+        MostraStato();
+    return Cambiato;
+}
+
+void frmParcelle::DocumentoUscito()
+{
+    if (!NotaInviata(Nota, Nota.cmbTipoStampa))
+        return;
+    Cambiata();
+    MostraStato();
+}
