@@ -229,13 +229,25 @@ QString CellaCsv(const QString& Testo)
     return Virgolette ? u'"' + Cella.replace(u'"', u"\"\""_s) + u'"' : Cella;
 }
 
-QByteArray ScriviCsv(const std::vector<QStringList>& Righe)
+namespace {
+
+/// "-1459,12": nothing that a spreadsheet could run.
+bool ECifra(const QString& Testo)
+{
+    const QStringView Senza = QStringView(Testo).mid(Testo.startsWith(u'-') ? 1 : 0);
+    return !Senza.isEmpty() &&
+           std::ranges::all_of(Senza, [](QChar C) { return (C >= u'0' && C <= u'9') || C == u','; });
+}
+
+}  // namespace
+
+QByteArray ScriviCsv(const std::vector<QStringList>& Righe, const QList<int>& Cifre)
 {
     QByteArray Scritte("\xEF\xBB\xBF");
     for (const QStringList& Celle : Righe) {
         QStringList Fatte;
-        for (const QString& Cella : Celle)
-            Fatte.append(CellaCsv(Cella));
+        for (int i = 0; i < Celle.size(); ++i)
+            Fatte.append(Cifre.contains(i) && ECifra(Celle[i]) ? Celle[i] : CellaCsv(Celle[i]));
         Scritte += Fatte.join(u';').toUtf8() + "\r\n";
     }
     return Scritte;

@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 #include <QChar>
+#include <QList>
 #include <QStringList>
 
 #include <vector>
@@ -42,4 +43,5 @@ struct RigheCsv
 
 /// Rows as a spreadsheet opens them by a double click: UTF-8 with its mark, ";" between cells, CRLF behind
 /// rows.
-[[nodiscard]] QByteArray ScriviCsv(const std::vector<QStringList>& Righe);
+/// @param Cifre columns of amounts, whose figures stand as they are: a minus before them is no formula
+[[nodiscard]] QByteArray ScriviCsv(const std::vector<QStringList>& Righe, const QList<int>& Cifre = {});

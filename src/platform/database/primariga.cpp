@@ -59,21 +59,6 @@ TestataFile LeggiTestata(const Connessione& Conn, bool ConGiornale)
     return {Intera, Byte[18] == 2 || Byte[19] == 2};
 }
 
-std::optional<QStringList> Leggi(const Connessione& Conn, const QString& Sql, qsizetype Colonne)
-{
-    int Migliaia = 0;
-    sqlite3_progress_handler(
-        Conn.Motore(), 1000,
-        [](void* Contate) { return int(++*static_cast<int*>(Contate) > MassimoMigliaiaDiPassi); }, &Migliaia);
-    Istruzione Riga(Conn, Sql);
-    if (!Riga.Avanza())
-        return std::nullopt;
-    QStringList Celle;
-    for (int i = 0; i < Colonne; ++i)
-        Celle += Riga.Testo(i);
-    return Celle;
-}
-
 /// A file that somebody keeps to himself is in use, whatever way he does it.
 int NumeroInUso(int Numero)
 {
@@ -81,10 +66,66 @@ int NumeroInUso(int Numero)
     return Numero == errori::DatabaseSolaLettura ? errori::DatiBloccati : Numero;
 }
 
+/// A view of that name is code chosen by the file, and is not run.
+void LeggiAnnotazioni(const Connessione& Conn, AnnotazioniChieste& Chieste, int MassimoCaratteri)
+{
+    try {
+        Istruzione Tabella(
+            Conn, u"SELECT 1 FROM sqlite_schema WHERE type='table' AND rootpage>0 AND name='_Calcanova'"_s);
+        if (!Tabella.Avanza())
+            return;
+        Tabella.Azzera();
+        const QStringList Posti(Chieste.Nomi.size(), u"?"_s);
+        QVariantList Nomi;
+        for (const QString& Nome : Chieste.Nomi)
+            Nomi += Nome;
+        Istruzione Righe(Conn,
+                         u"SELECT Nome, substr(Valore,1,%1) FROM \"_Calcanova\" WHERE Nome IN (%2) LIMIT %3"_s
+                             .arg(MassimoCaratteri)
+                             .arg(Posti.join(u','))
+                             .arg(Chieste.Nomi.size()),
+                         Nomi);
+        while (Righe.Avanza())
+            Chieste.Trovate.insert(Righe.Testo(0), Righe.Testo(1));
+    } catch (const Errore& Guasto) {
+        if (NumeroInUso(Guasto.Numero) == errori::DatiBloccati)
+            throw;
+        Chieste.Trovate.clear();
+    }
+}
+
+/// What is read of one file.
+struct Lettura
+{
+    QString Sql;
+    qsizetype Colonne = 0;
+    int MassimoCaratteri = 0;
+    AnnotazioniChieste* Anche = nullptr;
+};
+
+std::optional<QStringList> Leggi(const Connessione& Conn, const Lettura& Che)
+{
+    int Migliaia = 0;
+    sqlite3_progress_handler(
+        Conn.Motore(), 1000,
+        [](void* Contate) { return int(++*static_cast<int*>(Contate) > MassimoMigliaiaDiPassi); }, &Migliaia);
+    // The row keeps the file's lock while the annotations are read: both are of one save.
+    Istruzione Riga(Conn, Che.Sql);
+    if (!Riga.Avanza())
+        return std::nullopt;
+    QStringList Celle;
+    for (int i = 0; i < Che.Colonne; ++i)
+        Celle += Riga.Testo(i);
+    if (Che.Anche)
+        LeggiAnnotazioni(Conn, *Che.Anche, Che.MassimoCaratteri);
+    return Celle;
+}
+
 }  // namespace
 
 std::optional<QStringList> LeggiPrimaRiga(const QString& Percorso, const QString& Tabella,
-                                          const QStringList& Colonne, int MassimoCaratteri)
+                                          const QStringList& Colonne, int MassimoCaratteri,
+                                          AnnotazioniChieste* Anche)
 {
     const QString File = PercorsoNativo(Percorso);
     const QFileInfo Info(File);
@@ -95,14 +136,17 @@ std::optional<QStringList> LeggiPrimaRiga(const QString& Percorso, const QString
     QStringList Tagliate;
     for (const QString& Colonna : Colonne)
         Tagliate += u"substr(%1,1,%2)"_s.arg(Identificatore(Colonna)).arg(MassimoCaratteri);
-    const QString Sql = u"SELECT %1 FROM %2 LIMIT 1"_s.arg(Tagliate.join(u','), Identificatore(Tabella));
+    const Lettura Che{u"SELECT %1 FROM %2 LIMIT 1"_s.arg(Tagliate.join(u','), Identificatore(Tabella)),
+                      Colonne.size(), MassimoCaratteri, Anche};
+    if (Anche)
+        Anche->Trovate.clear();
     try {
         const Connessione Conn(File, Connessione::Modo::Elenco);
         const TestataFile Testata = LeggiTestata(Conn, QFileInfo(File + u"-journal"_s).size() > 0);
         if (!Testata.Nota)
             throw Errore(3343);
         if (!Testata.AltroLog)
-            return Leggi(Conn, Sql, Colonne.size());
+            return Leggi(Conn, Che);
     } catch (const Errore& Guasto) {
         if (NumeroInUso(Guasto.Numero) != Guasto.Numero)
             throw Errore(NumeroInUso(Guasto.Numero));
@@ -112,7 +156,7 @@ std::optional<QStringList> LeggiPrimaRiga(const QString& Percorso, const QString
     if (QFileInfo(File + u"-wal"_s).size() > 0)
         throw Errore(3260);
     const Connessione Ferma(File, Connessione::Modo::Immutabile);
-    return Leggi(Ferma, Sql, Colonne.size());
+    return Leggi(Ferma, Che);
 }
 
 QByteArray InizioDelFile(const QString& Percorso, int Byte)
