@@ -4,6 +4,7 @@
 #include "cli/riga.h"
 #include "core/modAvvio.h"
 #include "core/sessione.h"
+#include "feenote/finder/scadenzario.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/system/impostazioni.h"
@@ -105,7 +106,8 @@ QString Aiuto()
 {
     QString Testo = u"Uso: calcanova-cli [--programma DIR] [--utente DIR] [--json] [--batch] [--righe] "
                     "[--multipla NOTA [--prima]] [--archivio FILE] [--in TABELLA [--prova]] "
-                    "[--csv FILE | --vcard FILE] [--tariffa 140|55] [--norme programma|vigenti] [--spiega] "
+                    "[--csv FILE | --vcard FILE] [--stato STATO] [--tariffa 140|55] [--norme "
+                    "programma|vigenti] [--spiega] "
                     "[--ics FILE] [--controlla] COMANDO VALORI...\n\n"_s;
     for (const ComandoCli& Comando : ComandiCli())
         Testo += u"  "_s + Comando.Nome.toString().leftJustified(12) + Comando.Valori.toString() + u'\n';
@@ -258,6 +260,8 @@ Risposta Esegui(const ComandoCli& Comando, const RigaComando& Chiamata, const QS
         return Comando.InArchivio(Valori, Chiamata.In, Chiamata.Prova);
     if (!Chiamata.Tariffa.isEmpty())
         return Comando.ConTariffa(Valori, *DecretoDi(Chiamata.Tariffa));
+    if (Comando.ConStato)
+        return Comando.ConStato(Valori, Chiamata.Stato, Chiamata.Esporta);
     if (!Chiamata.Esporta.isEmpty())
         return Comando.InFile(Valori, Chiamata.Esporta, Chiamata.InSchede);
     return Chiamata.Multipla.isEmpty() ? Comando.Esegui(Valori)
@@ -337,6 +341,13 @@ std::span<const ComandoCli> ComandiCli()
                    .ConMultipla = ComandoFattura,
                    .Controllo = ComandoControllaFattura},
         ComandoCli{u"trova", u"CARTELLA [TESTO [SOTTOCARTELLE]]", 1, 3, false, ComandoTrova},
+        ComandoCli{.Nome = u"scadenzario",
+                   .Valori = u"CARTELLA [SOTTOCARTELLE]",
+                   .Minimo = 1,
+                   .Massimo = 2,
+                   .DivideAllUltimo = false,
+                   .Esegui = {},
+                   .ConStato = ComandoScadenzario},
         ComandoCli{.Nome = u"rubrica",
                    .Valori = u"TABELLA [TESTO]",
                    .Minimo = 1,
@@ -426,7 +437,14 @@ int EseguiCli(const QStringList& Argomenti, const std::function<QByteArray()>& I
         if (!Chiamata.Tariffa.isEmpty() && !Comando->ConTariffa)
             throw ErroreUso{u"L'opzione --tariffa non vale per il comando %1"_s.arg(Comando->Nome)};
         ControllaNorme(*Comando, Chiamata);
-        if (!Chiamata.Esporta.isEmpty() && (!Comando->InFile || Chiamata.Batch))
+        if (!Chiamata.Stato.isEmpty() && !Comando->ConStato)
+            throw ErroreUso{u"L'opzione --stato non vale per il comando %1"_s.arg(Comando->Nome)};
+        if (!Chiamata.Stato.isEmpty() && !ParoleFiltroStato().contains(Chiamata.Stato))
+            throw ErroreUso{u"Stato sconosciuto: %1. Gli stati sono %2."_s.arg(
+                Chiamata.Stato, ParoleFiltroStato().join(u", "_s))};
+        if (Comando->ConStato && Chiamata.InSchede)
+            throw ErroreUso{u"L'opzione --vcard non vale per il comando %1"_s.arg(Comando->Nome)};
+        if (!Chiamata.Esporta.isEmpty() && ((!Comando->InFile && !Comando->ConStato) || Chiamata.Batch))
             throw ErroreUso{u"Le opzioni --csv e --vcard non valgono per il comando %1"_s.arg(Comando->Nome)};
         VoceCli Voce(Guasti);
         PreparaSessione(Chiamata);

@@ -62,6 +62,9 @@ struct ComandoCli
     std::function<Risposta(const QStringList& Valori, const NormeChieste& Scelta)> ConNorme = {};
     /// A look at the file that the command would make; none where --controlla means nothing to it.
     std::function<Risposta(const QStringList& Valori)> Controllo = {};
+    /// The same command for the notes of a state, into a file; none where --stato means nothing to it.
+    std::function<Risposta(const QStringList& Valori, const QString& Stato, const QString& File)> ConStato =
+        {};
     bool SoloVigenti = false;  ///< it knows the law in force alone
     bool SpiegaNorme = false;  ///< --spiega means something to it
     bool InAgenda = false;     ///< --ics means something to it
@@ -79,6 +82,13 @@ struct ComandoCli
 [[nodiscard]] Risposta ComandoRiepilogo(const QStringList& Valori, const NotaMultipla& Altra = {});
 [[nodiscard]] Risposta ComandoStampa(const QStringList& Valori, const NotaMultipla& Altra = {});
 [[nodiscard]] Risposta ComandoTrova(const QStringList& Valori);
+
+/// What is due of the notes of a folder, a row each as the accountant has it, the sums last; or the rows into
+/// a file that this user alone may read.
+/// @param Stato a word of ParoleFiltroStato; empty: all
+/// @param File empty: none
+[[nodiscard]] Risposta ComandoScadenzario(const QStringList& Valori, const QString& Stato,
+                                          const QString& File);
 
 /// The names of the office's archive, or of the one that --archivio names.
 [[nodiscard]] Risposta ComandoRubrica(const QStringList& Valori);

@@ -9,6 +9,7 @@
 #include "feenote/modDatiStampa.h"
 #include "feenote/modInterruttori.h"
 #include "feenote/modParti.h"
+#include "feenote/modStato.h"
 #include "platform/base/errore.h"
 #include "platform/pages/impaginazione.h"
 #include "platform/system/file.h"
@@ -113,8 +114,11 @@ Parcella LeggiNota(const QString& Percorso, const NotaMultipla& Altra)
 Risposta ComandoCrea(const QStringList& Valori)
 {
     const QString Percorso = NomePerSalvare(Valori[1]);
-    const Parcella Nota = CreaDaDescrizione(LeggiFile(PercorsoNativo(Valori[0]), MassimoDescrizione));
+    Parcella Nota = CreaDaDescrizione(LeggiFile(PercorsoNativo(Valori[0]), MassimoDescrizione));
     ControllaSostituzione(Percorso);
+    // A description may have its payments already.
+    Copertura Nessuno;
+    (void)SegueStato(Nota, Nessuno);
     ScriviNota(Percorso, Nota);
     return {Percorso,
             {{u"file"_s, Percorso},

@@ -24,16 +24,18 @@ QJsonValue Descritta(const VoceTrova& Voce)
                        {u"cliente"_s, Voce.Cliente},
                        {u"controparte"_s, Voce.Controparte},
                        {u"oggetto"_s, Voce.Dati.Oggetto},
+                       {u"stato"_s, NomeStato(StatoMostrato(Voce)).toLower()},
                        {u"byte"_s, Voce.Byte},
                        {u"modello"_s, Voce.Modello},
                        {u"inUso"_s, Voce.Illeggibile}};
 }
 
-/// The row as it stands in the finder, its cells joined by "|".
+/// The row as it stands in the finder, its cells joined by "|". The state is for `scadenzario`: scripts count
+/// the cells.
 QString InRiga(const VoceTrova& Voce)
 {
     QStringList Celle;
-    for (int Colonna = 0; Colonna < TrovaColonne; ++Colonna)
+    for (int Colonna = 0; Colonna <= TrovaCartella; ++Colonna)
         Celle += CellaTrova(Voce, Colonna);
     return Celle.join(u'|');
 }

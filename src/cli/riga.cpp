@@ -44,6 +44,8 @@ RigaComando LeggiRiga(const QStringList& Argomenti)
             Riga.Utente = Seguente(u"cartella"_s);
         else if (Opzioni && Parola == u"--archivio")
             Riga.Archivio = PercorsoNativo(Seguente(u"file"_s));
+        else if (Opzioni && Parola == u"--stato")
+            Riga.Stato = Seguente(u"parola"_s);
         else if (Opzioni && Parola == u"--tariffa")
             Riga.Tariffa = Seguente(u"sigla"_s);
         else if (Opzioni && Parola == u"--norme")

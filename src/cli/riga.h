@@ -22,6 +22,7 @@ struct RigaComando
     bool Controlla = false;  ///< --controlla: a file is looked at, none is made
     QString Esporta;         ///< --csv FILE, --vcard FILE: the rows go into this file
     bool InSchede = false;   ///< --vcard
+    QString Stato;           ///< --stato STATO: the notes that a list shows
     QString Tariffa;         ///< --tariffa 140|55: the decree whose items are meant
     QString Norme;           ///< --norme programma|vigenti: the rules that a calculator follows
     bool Spiega = false;     ///< --spiega: the reasons behind the answer

@@ -55,6 +55,8 @@ QString CellaTrova(const VoceTrova& Voce, int Colonna)
         return Nota ? KByte(Voce.Byte) + u" KB"_s : QString();
     case TrovaCartella:
         return Voce.Cartella;
+    case TrovaStato:
+        return NomeStato(StatoMostrato(Voce));
     default:
         return {};
     }
@@ -72,7 +74,9 @@ void ElencoTrova::Azzera(bool InFondo)
 bool ElencoTrova::Passa(const Elemento& Una) const
 {
     return Una.Voce.Genere != GenereVoce::Nota ||
-           std::ranges::all_of(Parole, [&](const QString& Parola) { return Una.Cercabile.contains(Parola); });
+           (PassaStato(Stati, Una.Voce) && std::ranges::all_of(Parole, [&](const QString& Parola) {
+                return Una.Cercabile.contains(Parola);
+            }));
 }
 
 void ElencoTrova::Aggiungi(VoceTrova&& Voce)
@@ -101,6 +105,21 @@ void ElencoTrova::Filtra(const QString& Testo)
     TestoFiltro = Testo;
     Parole = TestoPiano(Testo).simplified().split(u' ', Qt::SkipEmptyParts);
     Rimostra();
+}
+
+void ElencoTrova::FiltraStato(FiltroStato Quali)
+{
+    Stati = Quali;
+    Rimostra();
+}
+
+std::vector<const VoceTrova*> ElencoTrova::NoteMostrate() const
+{
+    std::vector<const VoceTrova*> Note;
+    for (const int Posto : Mostrate)
+        if (const VoceTrova& Una = Tutte[size_t(Posto)].Voce; Una.Genere == GenereVoce::Nota)
+            Note.push_back(&Una);
+    return Note;
 }
 
 void ElencoTrova::Ordina(int Colonna, bool Crescente)
@@ -133,6 +152,9 @@ void ElencoTrova::Ordina(int Colonna, bool Crescente)
         Metti([&](size_t A, size_t B) { return Tutte[A].Voce.Modificata < Tutte[B].Voce.Modificata; });
     } else if (Colonna == TrovaDimensione) {
         Metti([&](size_t A, size_t B) { return Tutte[A].Voce.Byte < Tutte[B].Voce.Byte; });
+    } else if (Colonna == TrovaStato) {
+        Metti(
+            [&](size_t A, size_t B) { return StatoMostrato(Tutte[A].Voce) < StatoMostrato(Tutte[B].Voce); });
     } else {
         const auto PerTesto = Chiavi([&](const VoceTrova& Voce) { return CellaTrova(Voce, Colonna); });
         Metti([&](size_t A, size_t B) { return PerTesto[A] < PerTesto[B]; });

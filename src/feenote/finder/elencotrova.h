@@ -2,6 +2,7 @@
 #pragma once
 
 #include "feenote/finder/modTrova.h"
+#include "feenote/finder/scadenzario.h"
 #include "platform/base/tabellarighe.h"
 
 #include <QString>
@@ -17,7 +18,8 @@ enum ColonnaTrova {
     TrovaControparte = 3,
     TrovaDimensione = 4,
     TrovaCartella = 5,
-    TrovaColonne = 6,
+    TrovaStato = 6,
+    TrovaColonne = 7,
 };
 
 /// The text of a cell.
@@ -49,6 +51,13 @@ public:
     /// and accents; an empty text leaves all. The way up and the folders stay.
     void Filtra(const QString& Testo);
     [[nodiscard]] const QString& Filtro() const { return TestoFiltro; }
+    /// Leaves the notes of some states besides.
+    void FiltraStato(FiltroStato Quali);
+    [[nodiscard]] FiltroStato StatoFiltrato() const { return Stati; }
+    /// True while the text or the states may leave notes out.
+    [[nodiscard]] bool Filtrato() const { return !Parole.isEmpty() || Stati != FiltroStato::Tutte; }
+    /// The notes shown, in their order; good until the rows change.
+    [[nodiscard]] std::vector<const VoceTrova*> NoteMostrate() const;
 
     [[nodiscard]] int Righe() const { return int(Mostrate.size()); }
     [[nodiscard]] int Note() const;  ///< notes shown
@@ -82,6 +91,7 @@ private:
     TabellaRighe Griglia{TrovaColonne};
     QString TestoFiltro;
     QStringList Parole;
+    FiltroStato Stati = FiltroStato::Tutte;
     int PerColonna = TrovaNome;
     bool InSu = true;
     bool CartelleInFondo = false;

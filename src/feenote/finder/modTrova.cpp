@@ -26,8 +26,20 @@ namespace {
 /// Characters of a name that a list shows.
 constexpr int MassimoNome = 255;
 
-enum ColonnaLetta { LettaIDCli, LettaIDCon, LettaCliente, LettaControp, LettaOggetto };
-const QStringList ColonneLette{u"IDCli"_s, u"IDCon"_s, u"Cliente"_s, u"Controp"_s, u"Oggetto"_s};
+enum ColonnaLetta {
+    LettaIDCli,
+    LettaIDCon,
+    LettaCliente,
+    LettaControp,
+    LettaOggetto,
+    LettaTipoStampa,
+    LettaNumFatt,
+    LettaDataFatt,
+};
+const QStringList ColonneLette{u"IDCli"_s,   u"IDCon"_s,      u"Cliente"_s, u"Controp"_s,
+                               u"Oggetto"_s, u"TipoStampa"_s, u"NumFatt"_s, u"DataFatt"_s};
+/// What a file must have: all; what was there before the invoices; before the subject.
+constexpr std::array Gruppi{LettaDataFatt + 1, LettaOggetto + 1, LettaControp + 1};
 
 /// One line: names are shown in cells.
 QString SuUnaRiga(const QString& Testo)
@@ -35,36 +47,41 @@ QString SuUnaRiga(const QString& Testo)
     return Testo.simplified();
 }
 
-std::optional<QStringList> PrimaRiga(const QString& File)
+std::optional<QStringList> PrimaRiga(const QString& File, AnnotazioniChieste& Annotate)
 {
-    try {
-        return LeggiPrimaRiga(File, TabellaParam.toString(), ColonneLette, MassimoNome);
-    } catch (const Errore& Guasto) {
-        // The first notes had no subject yet.
-        if (Guasto.Numero != errori::CampoSconosciuto)
-            throw;
+    std::optional<Errore> Manca;
+    for (const int Quante : Gruppi) {
+        try {
+            auto Celle = LeggiPrimaRiga(File, TabellaParam.toString(), ColonneLette.first(Quante),
+                                        MassimoNome, &Annotate);
+            if (Celle)
+                Celle->resize(ColonneLette.size());
+            return Celle;
+        } catch (const Errore& Guasto) {
+            if (Guasto.Numero != errori::CampoSconosciuto)
+                throw;
+            Manca = Guasto;
+        }
     }
-    auto Celle = LeggiPrimaRiga(File, TabellaParam.toString(), ColonneLette.first(LettaOggetto), MassimoNome);
-    if (Celle)
-        Celle->append(QString());
-    return Celle;
+    throw *Manca;
 }
 
 /// The same of a note that may be one of Access.
-std::optional<QStringList> PrimaRigaDiNota(const QString& File)
+std::optional<QStringList> PrimaRigaDiNota(const QString& File, AnnotazioniChieste& Annotate)
 {
     try {
-        return PrimaRiga(File);
+        return PrimaRiga(File, Annotate);
     } catch (const Errore& Guasto) {
         if (Guasto.Numero != errori::FormatoDatabase || !EDiAccess(File))
             throw;
     }
-    return PrimaRiga(CopiaNativa(File));
+    return PrimaRiga(CopiaNativa(File), Annotate);
 }
 
 std::optional<DatiNota> LeggiDati(const QString& File)
 {
-    const auto Celle = PrimaRigaDiNota(File);
+    AnnotazioniChieste Annotate{VociStatoLetto(), {}};
+    const auto Celle = PrimaRigaDiNota(File, Annotate);
     if (!Celle)
         return std::nullopt;
     DatiNota Dati;
@@ -73,6 +90,13 @@ std::optional<DatiNota> LeggiDati(const QString& File)
     Dati.Cliente = SuUnaRiga(Celle->at(LettaCliente));
     Dati.Controp = SuUnaRiga(Celle->at(LettaControp));
     Dati.Oggetto = SuUnaRiga(Celle->at(LettaOggetto));
+    bool Numero = false;
+    const int Tipo = Celle->at(LettaTipoStampa).toInt(&Numero);
+    Dati.TipoStampa = Numero && ETipoStampa(Tipo) ? Tipo : -1;
+    Dati.NumFatt = SuUnaRiga(Celle->at(LettaNumFatt));
+    const QDate Giorno = QDate::fromString(Celle->at(LettaDataFatt).left(10), Qt::ISODate);
+    Dati.DataFatt = Giorno.isValid() ? Format(Giorno, u"dd/mm/yyyy") : QString();
+    Dati.Stato = LeggiStatoLetto(Annotate.Trovate);
     return Dati;
 }
 

@@ -4,6 +4,8 @@
 // whoever takes the rows. Nothing on the disk changes by it, neither a file nor an attribute.
 #pragma once
 
+#include "feenote/file/memoriastato.h"
+
 #include <QList>
 #include <QString>
 
@@ -33,6 +35,10 @@ struct DatiNota
     QString Cliente;  ///< as the file spells them
     QString Controp;
     QString Oggetto;
+    int TipoStampa = -1;  ///< the document in view when it was saved; -1 none
+    QString NumFatt;
+    QString DataFatt;  ///< dd/mm/yyyy
+    StatoLetto Stato;
 
     friend bool operator==(const DatiNota&, const DatiNota&) = default;
 };

@@ -29,6 +29,17 @@ void Nominativi::SeguiArchivio()
     Modificata = Ora;
     for (Tabella& Una : Tabelle)
         Una.Trovati.clear();
+    CodiciTrovati.clear();
+}
+
+bool Nominativi::Vai(Tabella& Da, int Chiave)
+{
+    if (!Da.Aperta) {
+        Da.Righe = ApriArchivio(Archivio, true).OpenRecordset(Da.Nome);
+        Da.Aperta = true;
+    }
+    Da.Righe.FindFirst(u"ID=%1"_s.arg(Chiave));
+    return !Da.Righe.NoMatch();
 }
 
 QString Nominativi::Nome(Tabella& Da, int Chiave)
@@ -38,13 +49,8 @@ QString Nominativi::Nome(Tabella& Da, int Chiave)
     if (const auto Trovato = Da.Trovati.constFind(Chiave); Trovato != Da.Trovati.constEnd())
         return *Trovato;
     try {
-        if (!Da.Aperta) {
-            Da.Righe = ApriArchivio(Archivio, true).OpenRecordset(Da.Nome);
-            Da.Aperta = true;
-        }
-        Da.Righe.FindFirst(u"ID=%1"_s.arg(Chiave));
         const QString Letto =
-            Da.Righe.NoMatch() ? QString() : CStr(Da.Righe.Value(u"Nominativo"_s)).simplified();
+            Vai(Da, Chiave) ? CStr(Da.Righe.Value(u"Nominativo"_s)).simplified() : QString();
         return *Da.Trovati.insert(Chiave, Letto);
     } catch (const Errore&) {
         Assente = true;  // asked no more: an archive that somebody keeps locked is waited for at each key
@@ -61,6 +67,26 @@ void Nominativi::Completa(VoceTrova& Voce)
     const QString Controparte = Nome(Tabelle[1], Voce.Dati.IDCon);
     Voce.Cliente = Cliente.isEmpty() ? Voce.Dati.Cliente : Cliente;
     Voce.Controparte = Controparte.isEmpty() ? Voce.Dati.Controp : Controparte;
+}
+
+CodiciCliente Nominativi::Codici(int IDCli)
+{
+    SeguiArchivio();
+    if (IDCli <= 0 || Assente)
+        return {};
+    if (const auto Trovati = CodiciTrovati.constFind(IDCli); Trovati != CodiciTrovati.constEnd())
+        return *Trovati;
+    try {
+        Tabella& Clienti = Tabelle[0];
+        CodiciCliente Letti;
+        if (Vai(Clienti, IDCli))
+            Letti = {CStr(Clienti.Righe.Value(u"CodFis"_s)).simplified(),
+                     CStr(Clienti.Righe.Value(u"PIva"_s)).simplified()};
+        return *CodiciTrovati.insert(IDCli, Letti);
+    } catch (const Errore&) {
+        Assente = true;
+        return {};
+    }
 }
 
 void Nominativi::Chiudi()

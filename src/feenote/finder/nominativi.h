@@ -2,6 +2,7 @@
 #pragma once
 
 #include "feenote/finder/modTrova.h"
+#include "feenote/finder/scadenzario.h"
 #include "platform/database/recordset.h"
 
 #include <QHash>
@@ -17,6 +18,8 @@ public:
     /// Writes the two names of a note's row: those of the archive or, where the key leads nowhere, the name
     /// is empty, or there is no archive, as the file spells them. Nothing of it is told.
     void Completa(VoceTrova& Voce);
+    /// Fiscal code and VAT number of a client; empty ones where the key leads nowhere or there is no archive.
+    [[nodiscard]] CodiciCliente Codici(int IDCli);
     /// A list is complete: nothing is open any more.
     void Chiudi();
 
@@ -29,10 +32,13 @@ private:
         QHash<int, QString> Trovati;
     };
     [[nodiscard]] QString Nome(Tabella& Da, int Chiave);
+    /// Moves a table to a row. @return false where there is none
+    [[nodiscard]] bool Vai(Tabella& Da, int Chiave);
     void SeguiArchivio();
 
     std::array<Tabella, 2> Tabelle{Tabella{QStringLiteral("Clienti"), {}, false, {}},
                                    Tabella{QStringLiteral("Controparti"), {}, false, {}}};
+    QHash<int, CodiciCliente> CodiciTrovati;
     QString Archivio;
     qint64 Byte = -1;
     qint64 Modificata = 0;

@@ -81,11 +81,16 @@ void TestElencoTrova::leCelle()
             Tutte += CellaTrova(Una, Colonna);
         return Tutte.join(u'|');
     };
-    QCOMPARE(Celle(Nota), u"nota|09/03/2026|Rossi|Bianchi|1.501 KB|/note/"_s);
+    QCOMPARE(Celle(Nota), u"nota|09/03/2026|Rossi|Bianchi|1.501 KB|/note/|"_s);
+    Nota.Dati.Stato.Stato = StatoNota::Inviata;
+    QCOMPARE(Celle(Nota), u"nota|09/03/2026|Rossi|Bianchi|1.501 KB|/note/|Inviata"_s);
+    Nota.Modello = true;  // nothing of a template goes out
+    QCOMPARE(Celle(Nota), u"nota|09/03/2026|Rossi|Bianchi|1.501 KB|/note/|"_s);
+    Nota.Modello = false;
     Nota.Genere = GenereVoce::Cartella;
-    QCOMPARE(Celle(Nota), u"nota|09/03/2026|Rossi|Bianchi||/note/"_s);
+    QCOMPARE(Celle(Nota), u"nota|09/03/2026|Rossi|Bianchi||/note/|"_s);
     Nota.Genere = GenereVoce::Torna;
-    QCOMPARE(Celle(Nota), u"nota|||||"_s);
+    QCOMPARE(Celle(Nota), u"nota||||||"_s);
 }
 
 void TestElencoTrova::lOrdine_data()

@@ -8,6 +8,7 @@
 #include "feenote/finder/modGestione.h"
 #include "feenote/windows/noteaperte.h"
 #include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
@@ -54,6 +55,8 @@ constexpr std::array Tasti{
     TastoTrova{u"open", u"open", u"Apri", u"Apri la parcella (Invio)"},
     TastoTrova{u"rename", u"rename", u"Rinomina", u"Rinomina la parcella (F2)"},
     TastoTrova{u"delete", u"delete", u"Elimina", u"Elimina la parcella (Canc)"},
+    TastoTrova{u"csv", u"esporta", u"Esporta CSV...",
+               u"Scrive le parcelle mostrate in un foglio per il commercialista (Ctrl+E)"},
 };
 
 /// An entry of the drop-down: one of the two folders.
@@ -93,6 +96,7 @@ frmTrovaParcella::frmTrovaParcella() : ui(std::make_unique<Ui::frmTrovaParcella>
     aspetto::AssegnaMnemonici(this);
     aspetto::AssegnaNomiAccessibili(this);
     CollegaControlli();
+    CollegaStato();
     CollegaTasti();
     Raccolta.setInterval(20);
     ::Collega(&Raccolta, &QTimer::timeout, this, [this] { Raccogli(); });
@@ -146,9 +150,13 @@ void frmTrovaParcella::CostruisciGriglia()
         return Nuova;
     };
     QList<ColonnaGriglia> Colonne{
-        Colonna(u"Nome parcella"_s, TrovaNome, 26),    Colonna(u"Data"_s, TrovaData, 10),
-        Colonna(u"Cliente"_s, TrovaCliente, 18),       Colonna(u"Controparte"_s, TrovaControparte, 18),
-        Colonna(u"Dimensione"_s, TrovaDimensione, 10), Colonna(u"Nella cartella"_s, TrovaCartella, 12),
+        Colonna(u"Nome parcella"_s, TrovaNome, 26),
+        Colonna(u"Data"_s, TrovaData, 10),
+        Colonna(u"Cliente"_s, TrovaCliente, 18),
+        Colonna(u"Controparte"_s, TrovaControparte, 18),
+        Colonna(u"Dimensione"_s, TrovaDimensione, 10),
+        Colonna(u"Nella cartella"_s, TrovaCartella, 12),
+        Colonna(u"Stato"_s, TrovaStato, 9),
     };
     Colonne[TrovaDimensione].Allinea = Qt::AlignRight;
     Colonne[TrovaCartella].Stira = true;
@@ -202,6 +210,7 @@ void frmTrovaParcella::CollegaTasti()
         ui->txtDesPar->setFocus(Qt::ShortcutFocusReason);
         ui->txtDesPar->selectAll();
     });
+    Tasto(Qt::CTRL | Qt::Key_E, [this] { EsportaCsv(); });
     // Sorting by the keyboard asks nothing: nobody presses these by mistake.
     for (int Colonna = 0; Colonna < TrovaColonne; ++Colonna)
         Tasto(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + Colonna)), [this, Colonna] { OrdinaPer(Colonna); });
@@ -231,6 +240,7 @@ void frmTrovaParcella::AbilitaBarra()
     Apri->setVisible(Parent != Multipla);
     ui->barTrova->findChild<QAction*>(u"rename"_s)->setEnabled(Nota);
     ui->barTrova->findChild<QAction*>(u"delete"_s)->setEnabled(Nota);
+    ui->barTrova->findChild<QAction*>(u"csv"_s)->setEnabled(!InRicerca() && Righe.Note() > 0);
 }
 
 QIcon frmTrovaParcella::ImmagineDi(int Riga) const
@@ -260,6 +270,14 @@ QString frmTrovaParcella::SuggerimentoDi(int Riga) const
     QStringList Frasi{Voce.Percorso};
     if (!Voce.Dati.Oggetto.isEmpty())
         Frasi += u"Oggetto: "_s + Voce.Dati.Oggetto;
+    if (const StatoNota Stato = StatoMostrato(Voce); Stato != StatoNota::Ignoto) {
+        const QString& Dal = Voce.Dati.Stato.Dal;
+        Frasi += NomeStato(Stato) + (Dal.isEmpty() ? QString() : u" dal "_s + Dal);
+        if (const double Aperto = ApertoDi(Voce).value_or(0.0); Aperto > 0)
+            Frasi += u"Aperto: "_s + Format(Aperto, u"#,##0.00");
+    } else if (!Voce.Modello && !Voce.Illeggibile) {
+        Frasi += u"Salvata da una versione precedente, senza stato"_s;
+    }
     if (Voce.Modello)
         Frasi += u"È un modello (sola lettura)"_s;
     if (Voce.Illeggibile)
@@ -285,6 +303,7 @@ QString frmTrovaParcella::OpenParcMod(int Quale, const QString& Cartella, int De
         FileScelto.clear();
         Cercato.clear();
         ui->txtDesPar->clear();
+        ui->cmbStato->setCurrentIndex(int(FiltroStato::Tutte));
         VaiAllaRadice(Quale, Cartella);
         AbilitaBarra();
     }
@@ -338,6 +357,8 @@ void frmTrovaParcella::barTrova_ButtonClick(const QString& Chiave)
         Rename();
     else if (Chiave == u"delete")
         Cancella();
+    else if (Chiave == u"csv")
+        EsportaCsv();
     else if (const auto Riga = ui->tdbParcelle->RigaCorrente())
         tdbParcelle_DblClick(*Riga);
 }

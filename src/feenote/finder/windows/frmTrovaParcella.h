@@ -54,6 +54,10 @@ public:
     void tdbParcelle_DblClick(int Riga);
     void tdbParcelle_HeadClick(int Colonna);
     void txtDesPar_Change();
+    /// The states whose notes are left; an element of cmbStato.
+    void cmbStato_Click(int Quale);
+    /// The rows on view into a file for the accountant, which this user alone may read.
+    void EsportaCsv();
     /// Deletes, or renames, the note of the current row, asking what must be asked.
     void Cancella();
     void Rename();
@@ -119,6 +123,12 @@ private:
     void SegnaOrdine();  ///< the arrow in the titles
     void MostraConto(const QString& Frase);
     void VaiAllaPrimaNota();
+    // ---- frmTrovaParcella_Stato.cpp: states, what is open, the accountant's file
+    void CollegaStato();
+    /// Sums of the rows on view; none while they are still arriving.
+    void MostraAperto();
+    void RiempiPerCliente(const ApertoTutto& Somma);
+
     [[nodiscard]] QString PercorsoCorrente() const;
     [[nodiscard]] const VoceTrova* NotaCorrente() const;
 

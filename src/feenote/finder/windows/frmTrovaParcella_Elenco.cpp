@@ -83,11 +83,14 @@ void frmTrovaParcella::Avvia(Scopo Perche)
         RigaAttesa.clear();
         Righe.Azzera(Criterio.CartelleInFondo());
         Righe.Filtra(ui->txtDesPar->text() == Cercato ? QString() : ui->txtDesPar->text());
+        Righe.FiltraStato(FiltroStato(ui->cmbStato->currentIndex()));
         ui->txtSearchPath->setText(Presente);
         ui->tdbParcelle->AzzeraSelezione();
         ui->tdbParcelle->FraseVuota({});
         ui->tdbParcelle->Rilega();
         panMostrate->clear();
+        ui->lblAperto->clear();
+        ui->cmdPerCliente->setEnabled(false);
         panRicerca->setText(FraseRicerca.toString());
     }
     Ricerca = std::make_unique<RicercaNote>(Criterio);
@@ -159,6 +162,7 @@ void frmTrovaParcella::FineFallita(const Errore& Guasto)
         MostraConto({});  // the first of all: the folder stays, to be asked for again
     } else if (Era != Scopo::Rinfresca) {
         Righe = std::move(Prima.Righe);
+        Righe.FiltraStato(FiltroStato(ui->cmbStato->currentIndex()));
         Conto = Prima.Conto;
         Presente = Prima.Cartella;
         Radice = Prima.Radice;
@@ -185,13 +189,14 @@ void frmTrovaParcella::Fine()
     if (Era == Scopo::Rinfresca) {
         Arrivate.Ordina(Righe.Colonna(), Righe.Crescente());
         Arrivate.Filtra(Righe.Filtro());
+        Arrivate.FiltraStato(Righe.StatoFiltrato());
         Righe = std::exchange(Arrivate, {});
         Rimostra(Corrente, PrimaRiga);
     } else {
         Righe.Ordina();
         const QString Attesa = std::exchange(RigaAttesa, {});
         Rimostra(Mosso ? Corrente : Attesa, Mosso ? PrimaRiga : 0);
-        if (!Mosso && Attesa.isEmpty() && !(Cercato.isEmpty() && Righe.Filtro().isEmpty()))
+        if (!Mosso && Attesa.isEmpty() && (!Cercato.isEmpty() || Righe.Filtrato()))
             VaiAllaPrimaNota();
     }
     MostraConto(FraseEsito(Conto));
@@ -258,9 +263,11 @@ void frmTrovaParcella::Rimostra(const QString& Corrente, int PrimaRiga)
     const QScopedValueRollback Guardia(InMostra, true);
     Griglia* Lista = ui->tdbParcelle;
     Aperte = NoteAperte();
-    const bool Filtrate = !Righe.Filtro().trimmed().isEmpty();
-    Lista->FraseVuota(Filtrate ? u"Nessuna parcella contiene il testo scritto."_s
-                               : u"In questa cartella non ci sono parcelle."_s);
+    const bool Filtrate = Righe.Filtrato();
+    const bool PerTesto = !Righe.Filtro().trimmed().isEmpty();
+    Lista->FraseVuota(!Filtrate  ? u"In questa cartella non ci sono parcelle."_s
+                      : PerTesto ? u"Nessuna parcella contiene il testo scritto."_s
+                                 : u"Nessuna parcella è nello stato scelto."_s);
     Lista->Rilega();
     Lista->ImpostaPrimaRiga(PrimaRiga);
     if (const auto Riga = Righe.RigaDi(Corrente))
@@ -271,6 +278,7 @@ void frmTrovaParcella::Rimostra(const QString& Corrente, int PrimaRiga)
     panMostrate->setText(Filtrate ? u"Mostrate %1 di %2"_s.arg(Righe.Note()).arg(Righe.TutteLeNote())
                                   : QString());
     AbilitaBarra();
+    MostraAperto();
 }
 
 void frmTrovaParcella::SegnaOrdine()

@@ -1,0 +1,230 @@
+#include "feenote/finder/scadenzario.h"
+
+#include "addressbook/exchange/csv.h"
+#include "feenote/modStato.h"
+#include "platform/base/ordineitaliano.h"
+#include "platform/base/regionale.h"
+
+#include <QHash>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct VoceFiltro
+{
+    FiltroStato Filtro;
+    QStringView Voce;
+    QStringView Parola;
+};
+
+constexpr std::array Filtri{
+    VoceFiltro{FiltroStato::Tutte, u"Tutte", u"tutte"},
+    VoceFiltro{FiltroStato::DaIncassare, u"Da incassare", u"aperte"},
+    VoceFiltro{FiltroStato::Bozza, u"Bozza", u"bozza"},
+    VoceFiltro{FiltroStato::Inviata, u"Inviata", u"inviata"},
+    VoceFiltro{FiltroStato::Fatturata, u"Fatturata", u"fatturata"},
+    VoceFiltro{FiltroStato::Pagata, u"Pagata", u"pagata"},
+    VoceFiltro{FiltroStato::SenzaStato, u"Senza stato", u"ignoto"},
+};
+
+QString Euro(double Valore)
+{
+    return Format(Valore, u"#,##0.00");
+}
+
+/// A cell of the file: programs that read it want no points between the thousands.
+QString Cifra(double Valore)
+{
+    return Format(Valore, u"0.00");
+}
+
+bool Attende(StatoNota Stato)
+{
+    return Stato == StatoNota::Inviata || Stato == StatoNota::Fatturata;
+}
+
+/// The document that a row is about: the one that has gone out, else the one in view.
+int DocumentoDi(const DatiNota& Dati)
+{
+    return Dati.Stato.Documento >= 0 ? Dati.Stato.Documento : Dati.TipoStampa;
+}
+
+/// "1 nota", "2 note".
+QString Quante(int Note)
+{
+    return Format(Note, u"#,##0") + (Note == 1 ? u" nota"_s : u" note"_s);
+}
+
+QStringList Figure(const VoceTrova& Nota)
+{
+    const auto& Importi = Nota.Dati.Stato.Importi;
+    if (!Importi)
+        return QStringList(6, QString());
+    return {Cifra(Importi->Imponibile), Cifra(Importi->CP),     Cifra(Importi->IVA),
+            Cifra(Importi->RA),         Cifra(Importi->Totale), Cifra(Importi->Netto)};
+}
+
+/// What was paid of the document; nothing where it is not known. Of a draft nothing was asked for.
+std::optional<double> PagatoDi(const VoceTrova& Nota)
+{
+    const StatoLetto& Stato = Nota.Dati.Stato;
+    if (!Stato.Importi || Stato.Stato == StatoNota::Ignoto)
+        return std::nullopt;
+    if (Stato.Stato == StatoNota::Pagata)
+        return Stato.Importi->Netto;
+    return std::max(0.0, Stato.Importi->Netto - Stato.Resto);
+}
+
+QString CifraONulla(const std::optional<double>& Valore)
+{
+    return Valore ? Cifra(*Valore) : QString();
+}
+
+}  // namespace
+
+QStringList VociFiltroStato()
+{
+    QStringList Voci;
+    for (const VoceFiltro& Uno : Filtri)
+        Voci += Uno.Voce.toString();
+    return Voci;
+}
+
+QStringList ParoleFiltroStato()
+{
+    QStringList Parole;
+    for (const VoceFiltro& Uno : Filtri)
+        Parole += Uno.Parola.toString();
+    return Parole;
+}
+
+StatoNota StatoMostrato(const VoceTrova& Voce)
+{
+    return Voce.Genere != GenereVoce::Nota || Voce.Modello ? StatoNota::Ignoto : Voce.Dati.Stato.Stato;
+}
+
+bool PassaStato(FiltroStato Filtro, const VoceTrova& Nota)
+{
+    const StatoNota Stato = StatoMostrato(Nota);
+    switch (Filtro) {
+    case FiltroStato::Tutte:
+        return true;
+    case FiltroStato::DaIncassare:
+        return Attende(Stato) && ApertoDi(Nota) != 0.0;
+    case FiltroStato::Bozza:
+        return Stato == StatoNota::Bozza;
+    case FiltroStato::Inviata:
+        return Stato == StatoNota::Inviata;
+    case FiltroStato::Fatturata:
+        return Stato == StatoNota::Fatturata;
+    case FiltroStato::Pagata:
+        return Stato == StatoNota::Pagata;
+    case FiltroStato::SenzaStato:
+        return Stato == StatoNota::Ignoto;
+    }
+    return true;
+}
+
+std::optional<double> ApertoDi(const VoceTrova& Nota)
+{
+    const StatoLetto& Stato = Nota.Dati.Stato;
+    if (Nota.Illeggibile || Stato.Stato == StatoNota::Ignoto)
+        return std::nullopt;
+    // A state that was chosen by hand says nothing of a document.
+    const int Documento = DocumentoDi(Nota.Dati);
+    if (!Attende(Stato.Stato) || (Documento >= 0 && !ChiedePagamento(Documento)))
+        return 0.0;
+    return Stato.Importi ? std::optional(Stato.Resto) : std::nullopt;
+}
+
+ApertoTutto SommaAperto(const std::vector<const VoceTrova*>& Note)
+{
+    ApertoTutto Somma;
+    QHash<std::pair<int, QString>, qsizetype> Posti;
+    for (const VoceTrova* Nota : Note) {
+        if (Nota->Genere != GenereVoce::Nota || Nota->Modello)
+            continue;
+        const std::optional<double> Aperto = ApertoDi(*Nota);
+        if (!Aperto) {
+            ++Somma.Ignote;
+            continue;
+        }
+        if (*Aperto == 0)
+            continue;
+        Somma.Aperto += *Aperto;
+        ++Somma.Note;
+        const std::pair Chi(Nota->Dati.IDCli, Nota->Dati.IDCli > 0 ? QString() : Nota->Cliente);
+        auto Posto = Posti.constFind(Chi);
+        if (Posto == Posti.constEnd()) {
+            Posto = Posti.insert(Chi, Somma.Clienti.size());
+            Somma.Clienti.append({Nota->Cliente, 0.0, 0});
+        }
+        ApertoCliente& Suo = Somma.Clienti[*Posto];
+        Suo.Aperto += *Aperto;
+        ++Suo.Note;
+    }
+    Somma.Aperto = Arrotonda2(Somma.Aperto);
+    for (ApertoCliente& Uno : Somma.Clienti)
+        Uno.Aperto = Arrotonda2(Uno.Aperto);
+    OrdinaItaliano(Somma.Clienti, [](const ApertoCliente& Uno) -> const QString& { return Uno.Cliente; });
+    std::ranges::stable_sort(Somma.Clienti, std::ranges::greater(), &ApertoCliente::Aperto);
+    return Somma;
+}
+
+QString FraseAperto(const ApertoCliente& Somma)
+{
+    return Euro(Somma.Aperto) + u" in "_s + Quante(Somma.Note);
+}
+
+QString FraseAperto(const ApertoTutto& Somma)
+{
+    constexpr qsizetype MassimiClienti = 12;  // no line is longer
+    QStringList Parti{u"Aperto: "_s + Euro(Somma.Aperto) + u" in "_s + Quante(Somma.Note)};
+    if (Somma.Ignote > 0)
+        Parti += Quante(Somma.Ignote) + u" senza importo noto"_s;
+    for (const ApertoCliente& Uno : Somma.Clienti.first(std::min(MassimiClienti, Somma.Clienti.size())))
+        Parti += (Uno.Cliente.isEmpty() ? u"senza cliente"_s : Uno.Cliente) + u' ' + Euro(Uno.Aperto);
+    return Parti.join(u"; "_s);
+}
+
+QStringList TitoliScadenzario()
+{
+    return {u"Cliente"_s,  u"Codice fiscale"_s, u"Partita IVA"_s, u"Documento"_s,
+            u"Numero"_s,   u"Data"_s,           u"Stato"_s,       u"Dal"_s,
+            u"Scadenza"_s, u"Imponibile"_s,     u"Cassa"_s,       u"IVA"_s,
+            u"Ritenuta"_s, u"Totale"_s,         u"Netto"_s,       u"Pagato"_s,
+            u"Aperto"_s,   u"Parcella"_s};
+}
+
+QStringList RigaScadenzario(const VoceTrova& Nota, const CodiciCliente& Codici)
+{
+    const DatiNota& Dati = Nota.Dati;
+    const TipoDocumento& Documento = TipoDi(DocumentoDi(Dati));
+    QStringList Celle{Nota.Cliente, Codici.CodFis, Codici.PIva, Documento.Nome.toString()};
+    if (Documento.EFattura)
+        Celle << Dati.NumFatt << Dati.DataFatt;
+    else if (Documento.Pannello == PannelloStampa::Numero)
+        Celle << Dati.Stato.Numero << Dati.Stato.Data;
+    else
+        Celle << QString() << QString();
+    Celle << NomeStato(Dati.Stato.Stato) << Dati.Stato.Dal << Dati.Stato.Scadenza;
+    Celle += Figure(Nota);
+    Celle << CifraONulla(PagatoDi(Nota)) << CifraONulla(ApertoDi(Nota)) << Nota.Nome;
+    return Celle;
+}
+
+QByteArray CsvScadenzario(const std::vector<const VoceTrova*>& Note,
+                          const std::function<CodiciCliente(int IDCli)>& Codici)
+{
+    static const QList<int> Cifre{9, 10, 11, 12, 13, 14, 15, 16};  // from Imponibile to Aperto
+    std::vector<QStringList> Righe{TitoliScadenzario()};
+    for (const VoceTrova* Nota : Note)
+        if (Nota->Genere == GenereVoce::Nota && !Nota->Modello)
+            Righe.push_back(RigaScadenzario(*Nota, Codici(Nota->Dati.IDCli)));
+    return ScriviCsv(Righe, Cifre);
+}

@@ -1,0 +1,84 @@
+// What is due: saved notes by their state, what is open of them by client, the rows of the accountant's file.
+//
+// Nothing is reckoned here: each save leaves the figures of its document in the note's file. A note of an
+// older version has none, and what is open of it is not known; it is never taken for 0.
+#pragma once
+
+#include "feenote/finder/modTrova.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+/// Which notes a list shows.
+enum class FiltroStato {
+    Tutte,
+    DaIncassare,  ///< asked for and not paid: sent or invoiced
+    Bozza,
+    Inviata,
+    Fatturata,
+    Pagata,
+    SenzaStato,  ///< of older versions, in use at the moment, templates
+};
+
+/// Entries of a list of them, in order.
+[[nodiscard]] QStringList VociFiltroStato();
+/// The words of a command line, in the same order: "tutte", "aperte", "bozza" and so on.
+[[nodiscard]] QStringList ParoleFiltroStato();
+/// True for a note that the filter leaves.
+[[nodiscard]] bool PassaStato(FiltroStato Filtro, const VoceTrova& Nota);
+
+/// The state as a list shows it: that of a note; empty for a template and where it is not known.
+[[nodiscard]] StatoNota StatoMostrato(const VoceTrova& Voce);
+
+/// What is open of a note, euro: 0 for a draft, for a paid one, for a document that asks nobody for money.
+/// Nothing where it is not known. A template is no note.
+[[nodiscard]] std::optional<double> ApertoDi(const VoceTrova& Nota);
+
+/// What is open of a client.
+struct ApertoCliente
+{
+    QString Cliente;
+    double Aperto = 0.0;  ///< euro
+    int Note = 0;
+
+    friend bool operator==(const ApertoCliente&, const ApertoCliente&) = default;
+};
+
+/// What is open of a list of notes.
+struct ApertoTutto
+{
+    double Aperto = 0.0;           ///< euro
+    int Note = 0;                  ///< of which something is open
+    int Ignote = 0;                ///< of which it is not known
+    QList<ApertoCliente> Clienti;  ///< the largest first, equal ones by name
+
+    friend bool operator==(const ApertoTutto&, const ApertoTutto&) = default;
+};
+/// Clients with a key are told apart by it, others by their name.
+[[nodiscard]] ApertoTutto SommaAperto(const std::vector<const VoceTrova*>& Note);
+/// "Aperto: 12.480,00 in 7 note; Rossi 3.200,00; ...; 2 note senza importo".
+[[nodiscard]] QString FraseAperto(const ApertoTutto& Somma);
+/// "3.200,00 in 2 note".
+[[nodiscard]] QString FraseAperto(const ApertoCliente& Somma);
+
+/// Fiscal code and VAT number.
+struct CodiciCliente
+{
+    QString CodFis;
+    QString PIva;
+};
+
+/// The titles of the accountant's rows.
+[[nodiscard]] QStringList TitoliScadenzario();
+/// A row. Amounts and dates are Italian; a figure that is not known is empty.
+[[nodiscard]] QStringList RigaScadenzario(const VoceTrova& Nota, const CodiciCliente& Codici);
+/// The file: titles and rows, templates left out.
+/// @param Codici what the archive has for the key of a client
+[[nodiscard]] QByteArray CsvScadenzario(const std::vector<const VoceTrova*>& Note,
+                                        const std::function<CodiciCliente(int IDCli)>& Codici);

@@ -1,0 +1,116 @@
+// The finder: notes by their state, what is open of them, the accountant's file.
+#include "feenote/finder/windows/frmTrovaParcella.h"
+
+#include "core/modErrori.h"
+#include "feenote/finder/windows/ui_frmTrovaParcella.h"
+#include "platform/base/regionale.h"
+#include "platform/kit/campo.h"
+#include "platform/kit/collega.h"
+#include "platform/kit/scelta.h"
+#include "platform/system/cartelle.h"
+#include "platform/system/file.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/orologio.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
+
+#include <QMenu>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// More than these no menu shows without scrolling; the file has them all.
+constexpr qsizetype MassimiNelMenu = 30;
+
+QString ConCsv(const QString& File)
+{
+    return File.endsWith(u".csv", Qt::CaseInsensitive) ? File : File + u".csv"_s;
+}
+
+}  // namespace
+
+void frmTrovaParcella::CollegaStato()
+{
+    ui->cmbStato->addItems(VociFiltroStato());
+    AlScegliere(ui->cmbStato, [this](int Quale, ModoScelta) { cmbStato_Click(Quale); });
+    ui->cmdPerCliente->setMenu(new QMenu(ui->cmdPerCliente));
+    ui->cmdPerCliente->setEnabled(false);
+}
+
+void frmTrovaParcella::cmbStato_Click(int Quale)
+{
+    const QString Corrente = PercorsoCorrente();
+    Righe.FiltraStato(FiltroStato(Quale));
+    Rimostra({}, 0);
+    const auto Ancora = Righe.RigaDi(Corrente);
+    if (Ancora && Righe.Voce(*Ancora).Genere == GenereVoce::Nota)
+        ui->tdbParcelle->ImpostaRigaCorrente(*Ancora);
+    else
+        VaiAllaPrimaNota();
+}
+
+void frmTrovaParcella::MostraAperto()
+{
+    if (InRicerca() && Motivo != Scopo::Rinfresca) {
+        ui->lblAperto->clear();
+        ui->cmdPerCliente->setEnabled(false);
+        return;
+    }
+    const ApertoTutto Somma = SommaAperto(Righe.NoteMostrate());
+    const bool Niente = Somma.Note == 0 && Somma.Ignote == 0;
+    ui->lblAperto->setText(Niente ? u"Niente da incassare tra le parcelle mostrate."_s : FraseAperto(Somma));
+    ui->lblAperto->setToolTip(ui->lblAperto->text());
+    RiempiPerCliente(Somma);
+}
+
+void frmTrovaParcella::RiempiPerCliente(const ApertoTutto& Somma)
+{
+    QMenu* Tendina = ui->cmdPerCliente->menu();
+    Tendina->clear();
+    ui->cmdPerCliente->setEnabled(!Somma.Clienti.isEmpty());
+    for (const ApertoCliente& Uno : Somma.Clienti.first(std::min(MassimiNelMenu, Somma.Clienti.size()))) {
+        const QString Chi = Uno.Cliente.isEmpty() ? u"Senza cliente"_s : Uno.Cliente;
+        QAction* Voce = Tendina->addAction(QString(Chi).replace(u'&', u"&&"_s) + u'\t' + FraseAperto(Uno));
+        Voce->setEnabled(!Uno.Cliente.isEmpty());
+        ::Collega(Voce, &QAction::triggered, this, [this, Chi] {
+            ui->txtDesPar->setText(Chi);
+            ui->tdbParcelle->setFocus(Qt::OtherFocusReason);
+        });
+    }
+    if (const qsizetype Altri = Somma.Clienti.size() - MassimiNelMenu; Altri > 0)
+        Tendina->addAction(u"e altri %1"_s.arg(Altri))->setEnabled(false);
+}
+
+void frmTrovaParcella::EsportaCsv()
+{
+    if (InRicerca() || Righe.Note() == 0)
+        return;
+    const QString Detto = DialogoSalva(u"Esporta le parcelle"_s,
+                                       CartellaSpeciale(CartellaDocumenti) + u"Scadenzario "_s +
+                                           Format(Oggi(), u"dd-mm-yyyy") + u".csv"_s,
+                                       u"Foglio di calcolo CSV (*.csv)|*.csv"_s);
+    if (Detto.isEmpty())
+        return;
+    const QString File = ConCsv(PercorsoNativo(Detto));
+    if (EsisteFile(File) && MsgBox(u"Il file "_s + NomeFile(File) + u" esiste già: si vuole sostituirlo?"_s,
+                                   vbYesNo | vbQuestion, TitoloDomanda.toString()) != vbYes)
+        return;
+    // The rows may have been listed anew behind the questions: those of now are written.
+    const std::vector<const VoceTrova*> Note = Righe.NoteMostrate();
+    const auto SoloModelli = std::ranges::count_if(Note, [](const VoceTrova* Nota) { return Nota->Modello; });
+    const auto Quante = std::ssize(Note) - SoloModelli;
+    if (!Protetta([&] {
+            const ClessidraAccesa Attesa;
+            ScriviFile(File, CsvScadenzario(Note, [this](int Chi) { return Nomi.Codici(Chi); }),
+                       Lettori::SoloUtente);
+            Nomi.Chiudi();
+        }))
+        return;
+    MsgBox(
+        (Quante == 1 ? u"1 parcella esportata"_s : Format(int(Quante), u"#,##0") + u" parcelle esportate"_s) +
+            u" in \""_s + NomeFile(File) + u"\"."_s,
+        vbInformation, TitoloMessaggio.toString());
+}
