@@ -28,3 +28,9 @@ void RicercaAllAvvio()
     sessione::RicercaFatta = true;
     Aperture.CercaAggiornamenti();
 }
+
+void MostraPaginaTasti()
+{
+    if (Aperture.PaginaTasti)
+        Aperture.PaginaTasti();
+}

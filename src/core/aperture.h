@@ -69,6 +69,7 @@ struct Apritori
     std::function<void(const PaginaAvviso& Avviso)> Avviso;
     /// Offers to make an archive of another program's one of this program's, beginning with this file.
     std::function<void(const QString& File)> ImportaArchivio;
+    std::function<void()> PaginaTasti;         ///< the page of keys
     std::function<void()> CercaAggiornamenti;  ///< the search for updates at the start
     /// The form of updates; with the word "run" it begins its check by itself.
     std::function<void(const QString& Parola)> Aggiorna;
@@ -88,5 +89,8 @@ inline Apritori Aperture;
 
 /// True until the search for updates of this session has run, if the user wants it and a server is named.
 [[nodiscard]] bool RicercaDaFare();
+/// Shows the page of keys.
+void MostraPaginaTasti();
+
 /// Looks for updates once in a session, where RicercaDaFare says so.
 void RicercaAllAvvio();

@@ -38,6 +38,7 @@ struct Comando
     void (*Azione)(const Chiamata&) = nullptr;
     QString (*Manca)(QStringView Parola) = nullptr;  ///< see Impedimento; null: nothing can be missing
     QStringView Tasti = u"";                         ///< of the procedure, else of the button
+    QStringView Effetto = u"";                       ///< what the keys do, on the page of keys
     bool Procedura = false;                          ///< the frame sends it by itself too, with no window
     PulsanteComando Pulsante = {};
     IconaComando Icona = {};

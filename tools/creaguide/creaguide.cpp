@@ -1,10 +1,12 @@
 #include "creaguide/creaguide.h"
 
+#include "core/tasti.h"
 #include "creadati/tabellatesto.h"
 #include "creadati/tassi.h"
 #include "creaguide/aiuto.h"
 #include "creaguide/composizione.h"
 #include "platform/base/errore.h"
+#include "platform/base/nometasti.h"
 #include "platform/base/regionale.h"
 #include "platform/pages/impaginazione.h"
 #include "platform/system/file.h"
@@ -88,6 +90,27 @@ TabellaDati TabellaPenale(const QString& Cartella)
 }
 
 const QString CartellaAiuto = u"aiuto/"_s;
+const QString PrefissoTasti = u"tasti:"_s;
+/// The keys that work in every window, which have no window's name.
+constexpr QStringView TastiOvunque = u"ovunque";
+
+/// The keys of a window, from the program's own table.
+TabellaDati TabellaDeiTasti(const QString& Finestra)
+{
+    TabellaDati Fatta{{5.5, 11.0}, {false, false}, {{u"Tasti"_s, u"Effetto"_s}}};
+    for (const RigaTasti& Riga : TabellaTasti()) {
+        if (Riga.Finestra != (Finestra == TastiOvunque ? QString() : Finestra))
+            continue;
+        QStringList Uguali;
+        for (const QString& Tasti : Riga.Tasti.toString().split(u' '))
+            if (const QString Nome = NomeTasti(Tasti); !Uguali.contains(Nome))
+                Uguali << Nome;
+        Fatta.Righe += QStringList{Uguali.join(u", "_s), Riga.Effetto.toString()};
+    }
+    if (Fatta.Righe.size() == 1)
+        throw Errore(errori::Argomento, u"Nessun tasto di "_s + Finestra);
+    return Fatta;
+}
 
 /// The pages of the help, where the folder of the guides has any.
 std::optional<Aiuto> AiutoDi(const QString& Testi, const FonteTabelle& Tabelle)
@@ -141,6 +164,8 @@ FonteTabelle TabelleDi(const QString& Cartella)
             return TabellaTribunale(Cartella);
         if (Nome == u"medi_penali")
             return TabellaPenale(Cartella);
+        if (Nome.startsWith(PrefissoTasti))
+            return TabellaDeiTasti(Nome.mid(PrefissoTasti.size()));
         throw Errore(errori::Argomento, u"Tabella sconosciuta: "_s + Nome);
     };
 }

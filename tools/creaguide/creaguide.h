@@ -6,7 +6,8 @@
 #include <QTextStream>
 
 /// The tables that a guide may ask for, read from the text tables of a folder: "tassi_legali", "tassi_mora",
-/// "medi_tribunale" (mean fees by bracket and phase), "medi_penali" (by court and phase).
+/// "medi_tribunale" (mean fees by bracket and phase), "medi_penali" (by court and phase); and
+/// "tasti:<window>", its keys from the program's own table ("tasti:ovunque" those of all windows).
 [[nodiscard]] FonteTabelle TabelleDi(const QString& Cartella);
 
 /// Runs the command; `Argomenti` are the folder of the text tables, which holds the texts in its folder

@@ -85,7 +85,7 @@ private:
         if (Nome == u"pagina" && Resto.isEmpty())
             NuovaPagina = true;
         else if (Nome == u"tabella")
-            AccodaTabella(Tabelle(Resto), false);
+            AccodaTabella(Tabelle(Resto), Resto.startsWith(u"tasti:"));
         else if (Nome == u"solo")
             Riserva(Resto);
         else if (Nome == u"capitoli" && Resto.isEmpty())

@@ -14,6 +14,7 @@
 #include "core/app/avvio.h"
 #include "core/app/paginaavviso.h"
 #include "core/app/primouso.h"
+#include "core/app/tastoguida.h"
 #include "core/desktop/frmMain.h"
 #include "core/desktop/frmStudio.h"
 #include "core/modErrori.h"
@@ -185,6 +186,7 @@ void RiempiApritori()
     Aperture.PaginaWeb = ApriPagina;
     Aperture.PaginaSegue = SeguiPagina;
     Aperture.Avviso = ApriAvviso;
+    Aperture.PaginaTasti = [] { ApriGuida(PaginaDeiTasti.toString()); };
     Registra<frmTermini>(u"termini"_s);
     Registra<frmTerminiSeq>(u"sequenz"_s);
     Registra<frmInteressi>(u"inter"_s);

@@ -1,6 +1,7 @@
 #include "core/app/programma.h"
 
 #include "core/app/apritori.h"
+#include "core/app/suggerimenti.h"
 #include "core/app/tastoguida.h"
 #include "core/modErrori.h"
 #include "platform/base/errore.h"
@@ -22,4 +23,5 @@ void PreparaProgramma()
     InstallaUltimaRete([](const Errore& Guasto) { GestioneErrori(Guasto); });
     RiempiApritori();
     InstallaTastoGuida();
+    InstallaSuggerimenti();
 }

@@ -112,6 +112,13 @@ frmWeb& PreparaVisore(QWidget* Sopra)
     return *Visore;
 }
 
+/// Ctrl+?, which is Ctrl+Shift with another key on every keyboard.
+bool ChiedeITasti(const QKeyEvent& Premuto)
+{
+    const Qt::KeyboardModifiers Con = Premuto.modifiers() & ~Qt::ShiftModifier;
+    return Premuto.key() == Qt::Key_Question && Con == Qt::ControlModifier;
+}
+
 class TastoGuida : public QObject
 {
 public:
@@ -122,11 +129,13 @@ public:
         if (Evento->type() != QEvent::KeyPress || !Oggetto->isWidgetType() || RespiroInCorso())
             return false;
         const auto* Premuto = static_cast<QKeyEvent*>(Evento);
-        if (Premuto->key() != Qt::Key_F1 || Premuto->modifiers() != Qt::NoModifier)
+        const bool Tasti = ChiedeITasti(*Premuto);
+        if (!Tasti && (Premuto->key() != Qt::Key_F1 || Premuto->modifiers() != Qt::NoModifier))
             return false;
         if (!Premuto->isAutoRepeat())
             Protetta([&] {
-                const QString Pagina = PaginaDellaGuida(static_cast<QWidget*>(Oggetto));
+                const QString Pagina =
+                    Tasti ? PaginaDeiTasti.toString() : PaginaDellaGuida(static_cast<QWidget*>(Oggetto));
                 // An open list or menu keeps mouse and keys to itself.
                 while (QWidget* Aperto = QApplication::activePopupWidget())
                     if (!Aperto->close())

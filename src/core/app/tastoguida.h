@@ -1,4 +1,4 @@
-// F1: the page of the guide about the window in use.
+// F1: the page of the guide about the window in use. Ctrl+?: the page of keys.
 #pragma once
 
 #include <QString>
@@ -15,5 +15,8 @@ class QWidget;
 /// told.
 void ApriGuida(const QString& Pagina);
 
-/// From now on F1 opens the guide in every window.
+/// The page of all keys.
+inline constexpr QStringView PaginaDeiTasti = u"tastiera";
+
+/// From now on F1 opens the guide in every window, and Ctrl+? its page of keys.
 void InstallaTastoGuida();

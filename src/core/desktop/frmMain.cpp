@@ -9,6 +9,7 @@
 #include "core/parametri.h"
 #include "core/posti.h"
 #include "core/sessione.h"
+#include "core/tasti.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/barra.h"
 #include "platform/kit/campo.h"
@@ -44,36 +45,37 @@ struct VoceMenu
     QStringView Pulsante;
     QStringView Chiave;
     QStringView Testo;
-    QStringView Tasti = u"";  ///< that send the same; shown beside it
 };
 
 constexpr std::array Menu{
-    VoceMenu{u"save", u"salva", u"Salva", u"Ctrl+S"},
+    VoceMenu{u"save", u"salva", u"Salva"},
     VoceMenu{u"save", u"salvacome", u"Salva con nome..."},
-    VoceMenu{u"save", u"savemod", u"Salva come modello", u"Ctrl+Shift+M"},
-    VoceMenu{u"save", u"duplica", u"Duplica...", u"Ctrl+D"},
-    VoceMenu{u"open", u"openpar", u"Apri da parcelle salvate", u"Ctrl+O"},
-    VoceMenu{u"open", u"openmod", u"Apri da modelli", u"Ctrl+Shift+O"},
-    VoceMenu{u"help", u"help", u"Guida all'uso", u"Ctrl+F1"},
+    VoceMenu{u"save", u"savemod", u"Salva come modello"},
+    VoceMenu{u"save", u"duplica", u"Duplica..."},
+    VoceMenu{u"open", u"openpar", u"Apri da parcelle salvate"},
+    VoceMenu{u"open", u"openmod", u"Apri da modelli"},
+    VoceMenu{u"help", u"help", u"Guida all'uso"},
+    VoceMenu{u"help", u"tasti", u"Tasti del programma"},
     VoceMenu{u"help", u"assistenza", u"Assistenza tecnica"},
     VoceMenu{u"help", u"about", u"Informazioni su.."},
 };
 
 /// Keys that stay where the buttons are hidden: whoever can write in a note can save it.
-struct TastiParcella
-{
-    QStringView Comando;
-    QStringView Tasti;
-};
-
-constexpr std::array SempreInParcella{
-    TastiParcella{u"salva", u"Ctrl+S"},
-    TastiParcella{u"savemod", u"Ctrl+Shift+M"},
-};
+constexpr std::array<QStringView, 2> SempreInParcella{u"salva", u"savemod"};
 
 QKeySequence Sequenza(QStringView Tasti)
 {
     return QKeySequence(Tasti.toString(), QKeySequence::PortableText);
+}
+
+/// The keys that do the same as an entry of a menu, wherever they were given to it.
+QKeySequence TastiDellaVoce(QStringView Chiave)
+{
+    for (const QStringView Finestra : {QStringView(u"frmMain"), QStringView(u"cornice"), QStringView()})
+        for (const QString& Nome : {Chiave.toString(), u"menu_"_s + Chiave.toString()})
+            if (const QString Tasti = TastiDi(Finestra, Nome); !Tasti.isEmpty())
+                return Sequenza(Tasti);
+    return {};
 }
 
 /// What the control of a command does, or why it can do nothing yet.
@@ -124,7 +126,7 @@ void frmMain::CreaBarra()
         Tasto->setFocusPolicy(Qt::NoFocus);
         if (!Riga->Procedura)
             Azione->setShortcut(Sequenza(Riga->Tasti));
-        MostraTasti(Tasto, Sequenza(Chiave == u"open" ? u"Ctrl+O" : Riga->Tasti));
+        MostraTasti(Tasto, TastiDellaVoce(Chiave == u"open" ? u"openpar" : QStringView(Chiave)));
         CreaMenu(Azione, Chiave);
         Collega(Azione, &QAction::triggered, this, [this, Chiave] { barParcelle_ButtonClick(Chiave); });
     }
@@ -161,7 +163,7 @@ void frmMain::CreaMenu(QAction* Pulsante, const QString& Chiave)
         const QString Comando = Voce.Chiave.toString();
         QAction* Azione = Tendina->addAction(Voce.Testo.toString());
         Azione->setObjectName(u"menu_"_s + Comando);
-        MostraTasti(Azione, Sequenza(Voce.Tasti));
+        MostraTasti(Azione, TastiDellaVoce(Voce.Chiave));
         Collega(Azione, &QAction::triggered, this, [this, Comando] { barParcelle_ButtonMenuClick(Comando); });
     }
     if (!Tendina)
@@ -187,15 +189,15 @@ void frmMain::CreaProcedure()
         addAction(Azione);
         Collega(Azione, &QAction::triggered, this, Fai);
     };
-    Tasto(u"tastiUscita"_s, u"Ctrl+Q", &frmMain::Esci);
-    Tasto(u"tastiDuplica"_s, u"Ctrl+D", &frmMain::Duplica);
-    Tasto(u"tastiRecenti"_s, TastiRecenti, &frmMain::MostraRecenti);
+    Tasto(u"tastiUscita"_s, TastiDi(u"frmMain", u"tastiUscita"), &frmMain::Esci);
+    Tasto(u"tastiDuplica"_s, TastiDi(u"cornice", u"menu_duplica"), &frmMain::Duplica);
+    Tasto(u"tastiRecenti"_s, TastiDi(u"frmMain", u"tastiRecenti"), &frmMain::MostraRecenti);
 
-    for (const TastiParcella& Voce : SempreInParcella) {
-        const QString Chiave = Voce.Comando.toString();
+    for (const QStringView Voce : SempreInParcella) {
+        const QString Chiave = Voce.toString();
         auto* Azione = new QAction(this);
         Azione->setObjectName(u"comando_"_s + Chiave);
-        Azione->setShortcut(Sequenza(Voce.Tasti));
+        Azione->setShortcut(TastiDellaVoce(Voce));
         ui->areaParcelle->addAction(Azione);
         Collega(Azione, &QAction::triggered, this, [this, Chiave] { barParcelle_ButtonMenuClick(Chiave); });
     }
@@ -358,6 +360,8 @@ void frmMain::barParcelle_ButtonMenuClick(const QString& Chiave)
         SalvaModello();
     else if (Chiave == u"duplica")
         Duplica();
+    else if (Chiave == u"tasti")
+        MostraPaginaTasti();
     else
         barParcelle_ButtonClick(Chiave);
 }

@@ -13,6 +13,7 @@
 #include "core/modLancio.h"
 #include "core/posti.h"
 #include "core/sessione.h"
+#include "core/tasti.h"
 #include "core/versione.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
@@ -181,6 +182,8 @@ frmStudio::frmStudio() : ui(std::make_unique<Ui::frmStudio>())
     CreaTasti();
     const auto Premuto = &QAbstractButton::clicked;
     Collega<QAbstractButton>(ui->imgClose, Premuto, this, [this] { close(); });
+    MostraTasti(ui->cmdTasti, QKeySequence(TastiDi(u"", u"cmdTasti"), QKeySequence::PortableText));
+    Collega<QAbstractButton>(ui->cmdTasti, Premuto, this, [] { MostraPaginaTasti(); });
     Collega<QAbstractButton>(ui->imgMarvenna, Premuto, this,
                              [] { ApriMarchio(indirizzi::Editore(), u"editore"_s); });
     Collega<QAbstractButton>(ui->imgQB, Premuto, this,
@@ -246,9 +249,9 @@ void frmStudio::CreaTasti()
                 imgMenu_Click(Parola);
         });
     }
-    Tasto(u"tastiRecenti"_s, TastiRecenti.toString(), [this] { MostraRecenti(); });
+    Tasto(u"tastiRecenti"_s, TastiDi(u"frmMain", u"tastiRecenti"), [this] { MostraRecenti(); });
     // As in the frame: notes that are open are asked about, which the close of the window does not do.
-    Tasto(u"tastiUscita"_s, u"Ctrl+Q"_s, [this] {
+    Tasto(u"tastiUscita"_s, TastiDi(u"frmMain", u"tastiUscita"), [this] {
         if (frmMain* Cornice = SeCaricato<frmMain>)
             Cornice->Esci();
         else
@@ -270,14 +273,12 @@ void frmStudio::CreaApri(QToolButton* Bottone)
     for (const Via& Una : Vie) {
         const QString Parola = Una.Parola.toString();
         QAction* Voce = Tendina->addAction(Una.Testo.toString());
-        for (const Comando& Riga : Comandi())
-            if (Riga.Parola == Parola)
-                MostraTasti(Voce, QKeySequence(Riga.Tasti.toString(), QKeySequence::PortableText));
+        MostraTasti(Voce, QKeySequence(TastiDi(u"frmMain", Parola), QKeySequence::PortableText));
         Collega(Voce, &QAction::triggered, this, [this, Parola] { imgMenu_Click(Parola); });
     }
     MettiRecenti(Tendina, nullptr);
     Bottone->setMenu(Tendina);
-    MostraTasti(Bottone, QKeySequence(u"Ctrl+O"_s, QKeySequence::PortableText));
+    MostraTasti(Bottone, QKeySequence(TastiDi(u"frmMain", u"openpar"), QKeySequence::PortableText));
     Collega<QAbstractButton>(Bottone, &QAbstractButton::clicked, this, [this] { imgMenu_Click(u"open"_s); });
 }
 

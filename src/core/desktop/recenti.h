@@ -6,9 +6,6 @@
 class QMenu;
 class QWidget;
 
-/// The keys that show the list.
-inline constexpr QStringView TastiRecenti = u"Ctrl+R";
-
 /// Opens a note of the list, or brings its window to the front. One that is gone is told and leaves the list;
 /// where its whole folder is gone the user is asked, since a stick or a share may come back; one whose disk
 /// does not answer stays.

@@ -54,7 +54,7 @@ void Prepara();
 void AssegnaMnemonici(QWidget* Modulo);
 
 /// Gives every control without an accessible name the text of its label, caption, tooltip, placeholder or
-/// group, the first that it has.
+/// group, the first that it has and that can be read: a caption of a sign alone is none.
 void AssegnaNomiAccessibili(QWidget* Modulo);
 
 /// The titles of the form's groups in bold, what they hold as it was.

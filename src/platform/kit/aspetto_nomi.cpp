@@ -14,6 +14,7 @@
 #include <QTabWidget>
 #include <QToolButton>
 
+#include <algorithm>
 #include <functional>
 
 using namespace Qt::StringLiterals;
@@ -59,6 +60,9 @@ void AggiungiScritte(QWidget* Oggetto, QList<Scritta>& Scritte)
         if (Etichetta->buddy())
             Scritte.append({Etichetta->text(), [Etichetta](const QString& T) { Etichetta->setText(T); }});
     } else if (auto* Pulsante = qobject_cast<QAbstractButton*>(Oggetto)) {
+        // A letter in the caption would take the place of keys that the button was given.
+        if (Mnemonico(Pulsante->text()).isNull() && !Pulsante->shortcut().isEmpty())
+            return;
         Scritte.append({Pulsante->text(), [Pulsante](const QString& T) { Pulsante->setText(T); }});
     } else if (auto* Gruppo = qobject_cast<QGroupBox*>(Oggetto); Gruppo && Gruppo->isCheckable()) {
         Scritte.append({Gruppo->title(), [Gruppo](const QString& T) { Gruppo->setTitle(T); }});
@@ -112,6 +116,12 @@ QString Pronuncia(QString Testo)
     return Testo;
 }
 
+/// Signs that stand for a picture say nothing.
+bool SiLegge(const QString& Testo)
+{
+    return std::ranges::any_of(Testo, [](QChar Lettera) { return Lettera.isLetterOrNumber(); });
+}
+
 QString EtichettaDi(const QWidget* Modulo, QWidget* Oggetto)
 {
     for (const QLabel* Etichetta : Modulo->findChildren<QLabel*>())
@@ -143,7 +153,7 @@ QString NomePer(const QWidget* Modulo, QWidget* Oggetto)
     const bool Interno = Padre && Padre != Modulo && Padre->focusProxy() == Oggetto;
     for (const QString& Testo : {EtichettaDi(Modulo, Oggetto), Pulsante ? Pulsante->text() : QString(),
                                  Oggetto->toolTip(), Riga ? Riga->placeholderText() : QString()})
-        if (const QString Nome = Pronuncia(Testo); !Nome.isEmpty())
+        if (const QString Nome = Pronuncia(Testo); SiLegge(Nome))
             return Nome;
     // The part of a composed control that takes its focus is called as the whole is.
     if (Interno)
@@ -176,6 +186,9 @@ void AssegnaNomiAccessibili(QWidget* Modulo)
         if (const auto* Riga = qobject_cast<const QLineEdit*>(Oggetto))
             if (QToolButton* Svuota = TastoSvuota(Riga))
                 Svuota->setAccessibleName(u"Svuota la casella"_s);
+        // The toolkit's arrow of a bar that is too narrow.
+        if (Oggetto->objectName() == u"qt_toolbar_ext_button")
+            Oggetto->setAccessibleName(u"Altri comandi"_s);
         const bool Comando = Oggetto->focusPolicy() != Qt::NoFocus || qobject_cast<QAbstractButton*>(Oggetto);
         if (!Comando || !Oggetto->accessibleName().isEmpty() || Oggetto->objectName().startsWith(u"qt_"))
             continue;

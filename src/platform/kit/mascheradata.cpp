@@ -44,13 +44,14 @@ QString PartiDiData(QString Testo)
 
 MascheraData::MascheraData(QWidget* Padre) : QLineEdit(Padre)
 {
+    // The mask below is told to screen readers, which then keep whatever reads it.
+    RendiLeggibiliMaschere();
     setInputMask(u"99/99/9999;_"_s);
     const QMargins Margini = textMargins();
     constexpr int Cornice = 14;  // frame and the line edit's inner margins
     setMinimumWidth(fontMetrics().horizontalAdvance(u"99/99/9999"_s) + Margini.left() + Margini.right() +
                     Cornice);
     Collega(this, &QLineEdit::textEdited, this, &MascheraData::CompletaGruppi);
-    RendiLeggibiliMaschere();
 }
 
 QString MascheraData::Testo() const

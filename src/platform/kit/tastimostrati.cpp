@@ -1,5 +1,7 @@
 #include "platform/kit/tastimostrati.h"
 
+#include "platform/base/nometasti.h"
+
 #include <QAbstractButton>
 #include <QAction>
 #include <QHelpEvent>
@@ -23,12 +25,7 @@ public:
         auto* Bottone = qobject_cast<QWidget*>(Oggetto);
         if (Evento->type() != QEvent::ToolTip || !Bottone || Tasti.isEmpty())
             return QObject::eventFilter(Oggetto, Evento);
-        QString Testo = Bottone->toolTip();
-        if (Testo.isEmpty())
-            if (const auto* Premibile = qobject_cast<const QAbstractButton*>(Bottone))
-                Testo = Premibile->text();
-        const QString Scritti = Tasti.toString(QKeySequence::NativeText);
-        QToolTip::showText(static_cast<QHelpEvent*>(Evento)->globalPos(), u"%1 (%2)"_s.arg(Testo, Scritti),
+        QToolTip::showText(static_cast<QHelpEvent*>(Evento)->globalPos(), SuggerimentoMostrato(Bottone),
                            Bottone);
         return true;
     }
@@ -36,12 +33,31 @@ public:
 
 const QString NomeFiltro = u"tastiMostrati"_s;
 
+TastiNelSuggerimento* FiltroDi(const QWidget* Bottone)
+{
+    return static_cast<TastiNelSuggerimento*>(
+        Bottone->findChild<QObject*>(NomeFiltro, Qt::FindDirectChildrenOnly));
+}
+
 }  // namespace
+
+QString SuggerimentoMostrato(const QWidget* Bottone)
+{
+    QString Testo = Bottone->toolTip();
+    if (Testo.isEmpty())
+        if (const auto* Premibile = qobject_cast<const QAbstractButton*>(Bottone))
+            Testo = Premibile->text().remove(u'&');
+    const TastiNelSuggerimento* Filtro = FiltroDi(Bottone);
+    const QString Tasti = Filtro ? Filtro->Tasti.toString(QKeySequence::PortableText) : QString();
+    const QString Intero = SuggerimentoConTasti(Testo, Tasti);
+    // Hints that were written with their keys name them once.
+    const QString Coda = Intero.mid(Testo.size());
+    return !Coda.isEmpty() && Testo.endsWith(Coda) ? Testo : Intero;
+}
 
 void MostraTasti(QWidget* Bottone, const QKeySequence& Tasti)
 {
-    auto* Filtro = static_cast<TastiNelSuggerimento*>(
-        Bottone->findChild<QObject*>(NomeFiltro, Qt::FindDirectChildrenOnly));
+    TastiNelSuggerimento* Filtro = FiltroDi(Bottone);
     if (!Filtro) {
         Filtro = new TastiNelSuggerimento(Bottone);
         Filtro->setObjectName(NomeFiltro);

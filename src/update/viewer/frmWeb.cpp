@@ -8,12 +8,14 @@
 #include "platform/kit/collega.h"
 #include "platform/kit/suggerimento.h"
 #include "platform/system/file.h"
+#include "platform/system/messaggi.h"
 #include "platform/system/orologio.h"
 #include "platform/system/permessi.h"
 
 #include "update/viewer/ui_frmWeb.h"
 
 #include <QKeyEvent>
+#include <QPrinter>
 #include <QScrollBar>
 #include <QShortcut>
 
@@ -53,6 +55,7 @@ constexpr std::array Pulsanti{
     Aspetto{&Ui::frmWeb::cmdIndietro, u"prev", u"Pagina precedente"},
     Aspetto{&Ui::frmWeb::cmdAvanti, u"next", u"Pagina successiva"},
     Aspetto{&Ui::frmWeb::cmdCerca, u"zoom", u"Cerca nella pagina (Ctrl+F)"},
+    Aspetto{&Ui::frmWeb::cmdStampa, u"print", u"Stampa la pagina (Ctrl+P)"},
     Aspetto{&Ui::frmWeb::cmdPrecedente, u"up", u"Precedente (Maiusc+F3)"},
     Aspetto{&Ui::frmWeb::cmdSuccessivo, u"down", u"Successivo (F3)"},
 };
@@ -87,6 +90,7 @@ void frmWeb::CollegaComandi()
     Collega(ui->cmdIndietro, &QToolButton::clicked, this, &frmWeb::cmdIndietro_Click);
     Collega(ui->cmdAvanti, &QToolButton::clicked, this, &frmWeb::cmdAvanti_Click);
     Collega(ui->cmdCerca, &QToolButton::clicked, this, &frmWeb::cmdCerca_Click);
+    Collega(ui->cmdStampa, &QToolButton::clicked, this, &frmWeb::cmdStampa_Click);
     Collega(ui->cmdPrecedente, &QToolButton::clicked, this, [this] { Trova(true); });
     Collega(ui->cmdSuccessivo, &QToolButton::clicked, this, [this] { Trova(false); });
     Collega(ui->txtCerca, &QLineEdit::textEdited, this, &frmWeb::txtCerca_Change);
@@ -106,6 +110,7 @@ void frmWeb::CollegaComandi()
 void frmWeb::CollegaTasti()
 {
     Tasto(QKeySequence::Find, [this] { cmdCerca_Click(); });
+    Tasto(QKeySequence::Print, [this] { cmdStampa_Click(); });
     Tasto(QKeySequence::FindNext, [this] { Trova(false); });
     Tasto(QKeySequence::FindPrevious, [this] { Trova(true); });
     Tasto(QKeySequence::Back, [this] { cmdIndietro_Click(); });
@@ -241,6 +246,14 @@ void frmWeb::cmdCerca_Click()
     ui->fraCerca->show();
     ui->txtCerca->setFocus(Qt::ShortcutFocusReason);
     ui->txtCerca->selectAll();
+}
+
+void frmWeb::cmdStampa_Click()
+{
+    QPrinter Stampante(QPrinter::HighResolution);
+    Stampante.setDocName(windowTitle());
+    if (DialogoStampante(Stampante))
+        ui->Web1->Stampa(Stampante);
 }
 
 void frmWeb::txtCerca_Change()

@@ -40,6 +40,7 @@ public:
     void cmdIndietro_Click();
     void cmdAvanti_Click();
     void cmdCerca_Click();
+    void cmdStampa_Click();
     void txtCerca_Change();
     /// A page of the guide by its file, with "#" and an anchor; what was looked for is marked on it.
     void pnlGuida_Chiesta(const QString& Meta, const QString& Cercato);

@@ -15,7 +15,9 @@
 #include <QBuffer>
 #include <QFileInfo>
 #include <QImageReader>
+#include <QPagedPaintDevice>
 #include <QScrollBar>
+#include <QStringDecoder>
 #include <QTextDocument>
 #include <QWheelEvent>
 
@@ -214,6 +216,22 @@ void Pagina::Ingrandisci(int Passi)
 void Pagina::GrandezzaNormale()
 {
     Ingrandisci(-Passo);
+}
+
+void Pagina::Stampa(QPagedPaintDevice& Dove)
+{
+    // The document on view has the colours of the palette in it: the paper's is read anew.
+    QTextDocument Carta(this);
+    QFont Carattere = font();
+    constexpr int PuntiSuCarta = 10;
+    Carattere.setPointSize(PuntiSuCarta);
+    Carta.setDefaultFont(Carattere);
+    Carta.setDefaultStyleSheet(FoglioDiStileSuCarta());
+    Carta.setBaseUrl(source());
+    const QByteArray Letta = loadResource(QTextDocument::HtmlResource, source()).toByteArray();
+    Carta.setHtml(QStringDecoder::decoderForHtml(Letta)(Letta));
+    Carta.setMetaInformation(QTextDocument::DocumentTitle, documentTitle());
+    Carta.print(&Dove);
 }
 
 void Pagina::wheelEvent(QWheelEvent* Evento)

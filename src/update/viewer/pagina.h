@@ -3,6 +3,8 @@
 
 #include <QTextBrowser>
 
+class QPagedPaintDevice;
+
 /// Shows pages of the program folder, and of nowhere else.
 class Pagina : public QTextBrowser
 {
@@ -31,6 +33,9 @@ public:
 
     /// Marks every occurrence of some words until another page is on view.
     void Evidenzia(const QStringList& Parole);
+
+    /// Prints the page on view, black on white in a dark palette too.
+    void Stampa(QPagedPaintDevice& Dove);
 
     /// Steps of text size from the first one, kept within sensible ends.
     void Ingrandisci(int Passi);

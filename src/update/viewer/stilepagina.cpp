@@ -14,19 +14,27 @@ constexpr double TintaNota = 0.07;
 constexpr double TintaAttenzione = 0.12;
 constexpr double TintaPiede = 0.65;
 
-/// A colour laid thinly over the page.
-QString Tinta(const QColor& Colore, double Parte)
+/// The colours of a page: those of the palette, or of ink on paper.
+struct Colori
 {
-    return aspetto::Mischia(Colore, QGuiApplication::palette().color(QPalette::Base), Parte).name();
-}
+    QColor Fondo;
+    QColor Testo;
+    QColor Accento;
+    QColor Sbagliato;
+    QColor Filo;
 
-}  // namespace
+    /// One of them laid thinly over the page.
+    [[nodiscard]] QString Tinta(const QColor& Colore, double Parte) const
+    {
+        return aspetto::Mischia(Colore, Fondo, Parte).name();
+    }
+};
 
 // Sizes are words: they follow the zoom, which points and pixels do not.
-QString FoglioDiStile()
+QString Foglio(const Colori& Di)
 {
-    const QString Accento = aspetto::Accento().name();
-    const QString Piede = Tinta(QGuiApplication::palette().color(QPalette::Text), TintaPiede);
+    const QString Accento = Di.Accento.name();
+    const QString Piede = Di.Tinta(Di.Testo, TintaPiede);
     return u"h1 { font-size: x-large; font-weight: bold; color: %1; margin-top: 4px; margin-bottom: 8px; }"
            u"h2 { font-size: large; font-weight: bold; color: %1; margin-top: 16px; margin-bottom: 4px; }"
            u"h3 { font-size: medium; font-weight: bold; margin-top: 14px; margin-bottom: 2px; }"
@@ -40,6 +48,23 @@ QString FoglioDiStile()
            u"td.nota { background-color: %3; }"
            u"td.attenzione { background-color: %4; }"
            u".piede { color: %5; font-size: small; }"_s.arg(
-               Accento, Tinta(aspetto::Accento(), TintaTestata), Tinta(aspetto::Accento(), TintaNota),
-               Tinta(aspetto::Sbagliato(), TintaAttenzione), Piede, aspetto::Filo().name());
+               Accento, Di.Tinta(Di.Accento, TintaTestata), Di.Tinta(Di.Accento, TintaNota),
+               Di.Tinta(Di.Sbagliato, TintaAttenzione), Piede, Di.Filo.name());
+}
+
+}  // namespace
+
+QString FoglioDiStile()
+{
+    const QPalette Palette = QGuiApplication::palette();
+    return Foglio({Palette.color(QPalette::Base), Palette.color(QPalette::Text), aspetto::Accento(),
+                   aspetto::Sbagliato(), aspetto::Filo()});
+}
+
+QString FoglioDiStileSuCarta()
+{
+    constexpr QRgb Inchiostro = 0xFF1F4E79;
+    constexpr QRgb Rosso = 0xFF800000;
+    constexpr QRgb Grigio = 0xFFC0C0C0;
+    return Foglio({Qt::white, Qt::black, QColor(Inchiostro), QColor(Rosso), QColor(Grigio)});
 }

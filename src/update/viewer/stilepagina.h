@@ -6,3 +6,6 @@
 /// The style sheet of a page in the palette in use. Classes: "nota" for an aside, "attenzione" for what must
 /// not be missed (both on the one cell of a table), "cifre" for cells of amounts, "piede" for the last line.
 [[nodiscard]] QString FoglioDiStile();
+
+/// The same on white paper, whatever palette is in use.
+[[nodiscard]] QString FoglioDiStileSuCarta();

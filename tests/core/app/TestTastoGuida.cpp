@@ -11,6 +11,7 @@
 #include "update/viewer/pagina.h"
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QColorDialog>
 #include <QComboBox>
 #include <QFileDialog>
@@ -46,6 +47,9 @@ private Q_SLOTS:
     void unTastoUnaFinestra();
     void conModificatori_data();
     void conModificatori();
+    void laPaginaDeiTasti_data();
+    void laPaginaDeiTasti();
+    void laPaginaDeiTastiDaPulsanti();
     void sopraUnaFinestraModale();
     void conLaSuaFinestraModale();
     void listaAperta();
@@ -252,6 +256,44 @@ void TestTastoGuida::conModificatori()
     QWidget Altra;
     QTest::keyClick(&Altra, Qt::Key_F1, Qt::KeyboardModifiers(Modificatori));
     QVERIFY(!Visore());
+}
+
+void TestTastoGuida::laPaginaDeiTasti_data()
+{
+    QTest::addColumn<int>("Tasto");
+    QTest::addColumn<int>("Modificatori");
+    QTest::addColumn<bool>("Apre");
+    QTest::newRow("Ctrl+?") << int(Qt::Key_Question) << int(Qt::ControlModifier) << true;
+    QTest::newRow("Ctrl+Shift+?") << int(Qt::Key_Question) << int(Qt::ControlModifier | Qt::ShiftModifier)
+                                  << true;
+    QTest::newRow("?") << int(Qt::Key_Question) << int(Qt::ShiftModifier) << false;
+    QTest::newRow("Ctrl+Alt+?") << int(Qt::Key_Question) << int(Qt::ControlModifier | Qt::AltModifier)
+                                << false;
+    QTest::newRow("Ctrl+/") << int(Qt::Key_Slash) << int(Qt::ControlModifier) << false;
+}
+
+void TestTastoGuida::laPaginaDeiTasti()
+{
+    QFETCH(int, Tasto);
+    QFETCH(int, Modificatori);
+    QFETCH(bool, Apre);
+    // In a box of text, which has a use for many keys.
+    QLineEdit Altra;
+    QVERIFY(MostraAttiva(Altra));
+    QTest::keyClick(&Altra, Qt::Key(Tasto), Qt::KeyboardModifiers(Modificatori));
+    QCOMPARE(InVista(), Apre ? u"tastiera"_s : QString());
+}
+
+void TestTastoGuida::laPaginaDeiTastiDaPulsanti()
+{
+    const Registratore Box;
+    auto& Scrivania = Singola<frmStudio>();
+    Scrivania.Mostra();
+    QTest::mouseClick(Scrivania.findChild<QWidget*>(u"cmdTasti"_s), Qt::LeftButton);
+    QCOMPARE(InVista(), u"tastiera"_s);
+    Visore()->close();
+    Singola<frmMain>().findChild<QAction*>(u"menu_tasti"_s)->trigger();
+    QCOMPARE(InVista(), u"tastiera"_s);
 }
 
 void TestTastoGuida::sopraUnaFinestraModale()

@@ -151,8 +151,8 @@ void TestFrmMain::menuDeiPulsanti()
         return Testi;
     };
     QCOMPARE(Voci(u"open"_s), (QStringList{u"Apri da parcelle salvate"_s, u"Apri da modelli"_s}));
-    QCOMPARE(Voci(u"help"_s),
-             (QStringList{u"Guida all'uso"_s, u"Assistenza tecnica"_s, u"Informazioni su.."_s}));
+    QCOMPARE(Voci(u"help"_s), (QStringList{u"Guida all'uso"_s, u"Tasti del programma"_s,
+                                           u"Assistenza tecnica"_s, u"Informazioni su.."_s}));
     QCOMPARE(Voci(u"save"_s),
              (QStringList{u"Salva"_s, u"Salva con nome..."_s, u"Salva come modello"_s, u"Duplica..."_s}));
 }

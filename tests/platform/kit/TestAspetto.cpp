@@ -242,6 +242,14 @@ void TestAspetto::mnemonici()
     QVERIFY(Icona->text().isEmpty());
     aspetto::AssegnaMnemonici(&Modulo);
     QVERIFY2(Primo->text() == u"I&nserisci", "la seconda volta non cambia nulla");
+
+    // A button with keys of its own keeps them: a letter would be its shortcut in their place.
+    QWidget Altro;
+    auto* ConTasti = new QPushButton(u"Stampa"_s, &Altro);
+    ConTasti->setShortcut(QKeySequence(u"Ctrl+P"_s));
+    aspetto::AssegnaMnemonici(&Altro);
+    QCOMPARE(ConTasti->text(), u"Stampa"_s);
+    QCOMPARE(ConTasti->shortcut(), QKeySequence(u"Ctrl+P"_s));
 }
 
 void TestAspetto::mnemoniciGiaDati()

@@ -1,0 +1,227 @@
+#include "core/tasti.h"
+
+#include "core/comandi.h"
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr bool Interno = true;
+
+constexpr std::array Gruppi{
+    GruppoTasti{u"", u"Dappertutto"},
+    GruppoTasti{u"frmMain", u"Dalla scrivania e dalla finestra delle parcelle"},
+    GruppoTasti{u"frmStudio", u"La scrivania"},
+    GruppoTasti{u"cornice", u"La parcella davanti"},
+    GruppoTasti{u"frmParcelle", u"Nella parcella"},
+    GruppoTasti{u"SchedaDatiBase", u"Cliente e controparte"},
+    GruppoTasti{u"SchedaOnorari", u"Onorari"},
+    GruppoTasti{u"SchedaSpese", u"Spese"},
+    GruppoTasti{u"PannelloModOno", u"Modifica degli importi"},
+    GruppoTasti{u"PannelloCatena", u"I conti del documento"},
+    GruppoTasti{u"Griglia", u"Nelle righe e negli elenchi"},
+    GruppoTasti{u"VistaStampa", u"Nel documento"},
+    GruppoTasti{u"frmPrint", u"La stampa di un calcolo"},
+    GruppoTasti{u"frmTrovaParcella", u"Le parcelle salvate"},
+    GruppoTasti{u"frmRubrica", u"La rubrica"},
+    GruppoTasti{u"frmScheda", u"La scheda di un nominativo"},
+    GruppoTasti{u"frmRicerche", u"La ricerca per campo"},
+    GruppoTasti{u"frmTermini", u"Computo termini"},
+    GruppoTasti{u"frmTerminiSeq", u"Termini sequenziali"},
+    GruppoTasti{u"frmRicorrenti", u"Termini ricorrenti"},
+    GruppoTasti{u"frmStrada", u"Perché questa data"},
+    GruppoTasti{u"frmAgenda", u"Aggiungi al calendario"},
+    GruppoTasti{u"frmInteressi", u"Calcolo interessi"},
+    GruppoTasti{u"frmIstat", u"Rivalutazione Istat"},
+    GruppoTasti{u"frmCodFis", u"Codice fiscale"},
+    GruppoTasti{u"frmContrib", u"Contributo unificato"},
+    GruppoTasti{u"Calendario", u"Il calendario"},
+    GruppoTasti{u"frmDocumenti", u"Documentazione normativa"},
+    GruppoTasti{u"frmWeb", u"La guida e le schede informative"},
+    GruppoTasti{u"frmSetup", u"Impostazioni"},
+    GruppoTasti{u"SchedaDesktop", u"Le icone dell'utente"},
+};
+
+constexpr std::array Proprie{
+    RigaTasti{u"", u"", u"F1", u"la pagina della guida sulla finestra in uso", Interno},
+    RigaTasti{u"", u"cmdTasti menu_tasti", u"Ctrl+?", u"questa pagina, con tutti i tasti", Interno},
+
+    RigaTasti{u"frmMain", u"tastiRecenti", u"Ctrl+R", u"le ultime parcelle"},
+    RigaTasti{u"frmMain", u"tastiUscita", u"Ctrl+Q",
+              u"chiude il programma, chiedendo delle parcelle non salvate"},
+
+    RigaTasti{u"frmStudio", u"", u"Home", u"la prima icona", Interno},
+    RigaTasti{u"frmStudio", u"", u"End", u"l'ultima icona", Interno},
+    RigaTasti{u"frmStudio", u"", u"Del", u"toglie una parcella dalle ultime", Interno},
+
+    RigaTasti{u"cornice", u"menu_salva", u"Ctrl+S", u"salva al suo posto"},
+    RigaTasti{u"cornice", u"menu_savemod", u"Ctrl+Shift+M", u"salva come modello"},
+    RigaTasti{u"cornice", u"menu_duplica", u"Ctrl+D", u"duplica"},
+    RigaTasti{u"cornice", u"", u"Ctrl+W Ctrl+F4", u"chiude la parcella"},
+    RigaTasti{u"cornice", u"", u"Ctrl+Tab", u"passa alla parcella seguente", Interno},
+
+    RigaTasti{u"frmParcelle", u"imgNext", u"Ctrl+PgDown", u"scheda seguente"},
+    RigaTasti{u"frmParcelle", u"imgPrev", u"Ctrl+PgUp", u"scheda precedente"},
+    RigaTasti{u"frmParcelle", u"cmdAnnulla", u"Ctrl+Z", u"annulla l'ultima modifica"},
+    RigaTasti{u"frmParcelle", u"cmdRipeti", u"Ctrl+Y Ctrl+Shift+Z", u"la ripete"},
+    RigaTasti{u"frmParcelle", u"pieCatena", u"Ctrl+T", u"tutti i conti del documento"},
+    RigaTasti{u"frmParcelle", u"barStampa_print", u"Ctrl+P", u"va alla stampa, e da lì stampa"},
+
+    RigaTasti{u"SchedaDatiBase", u"", u"F4", u"apre la rubrica", Interno},
+    RigaTasti{u"SchedaDatiBase", u"", u"Alt+Down", u"apre la rubrica", Interno},
+    RigaTasti{u"SchedaDatiBase", u"", u"Ctrl+Return", u"la scheda del nominativo collegato", Interno},
+
+    RigaTasti{u"SchedaOnorari", u"", u"F6", u"dalla ricerca al catalogo, alle righe, al pannello"},
+    RigaTasti{u"SchedaOnorari", u"", u"Shift+F6", u"indietro per la stessa via"},
+    RigaTasti{u"SchedaSpese", u"", u"F6", u"dalla ricerca al catalogo, alle righe"},
+    RigaTasti{u"SchedaSpese", u"", u"Shift+F6", u"indietro per la stessa via"},
+
+    RigaTasti{u"PannelloModOno", u"cmdModOno", u"Return", u"CONFERMA"},
+    RigaTasti{u"PannelloModOno", u"cmdAnnModOno", u"Esc", u"chiude il pannello"},
+    RigaTasti{u"PannelloModOno", u"", u"Space", u"sceglie la riga segnata"},
+
+    RigaTasti{u"PannelloCatena", u"", u"Ctrl+T", u"chiude la finestrella"},
+    RigaTasti{u"PannelloCatena", u"cmdChiudiCatena", u"Esc", u"torna alla parcella", Interno},
+    RigaTasti{u"PannelloCatena", u"cmdCopiaCatena", u"Ctrl+C", u"copia la tabella", Interno},
+
+    RigaTasti{u"Griglia", u"", u"F2", u"apre la cella", Interno},
+    RigaTasti{u"Griglia", u"", u"Del", u"elimina le righe selezionate", Interno},
+    RigaTasti{u"Griglia", u"", u"Shift+Space", u"seleziona la riga, o la lascia", Interno},
+    RigaTasti{u"Griglia", u"", u"Shift+Down", u"seleziona una riga dopo l'altra", Interno},
+    RigaTasti{u"Griglia", u"", u"Shift+Up", u"seleziona una riga dopo l'altra, all'indietro", Interno},
+    RigaTasti{u"Griglia", u"", u"Ctrl+A", u"seleziona tutte le righe", Interno},
+    RigaTasti{u"Griglia", u"", u"Esc", u"lascia le righe selezionate", Interno},
+    RigaTasti{u"Griglia", u"barListaOnoDir_taglia", u"Ctrl+X", u"taglia le righe selezionate", Interno},
+    RigaTasti{u"Griglia", u"barListaOnoDir_copia", u"Ctrl+C",
+              u"copia le righe selezionate, o il testo della cella", Interno},
+    RigaTasti{u"Griglia", u"barListaOnoDir_incolla", u"Ctrl+V", u"incolla le righe", Interno},
+    RigaTasti{u"Griglia", u"barListaOnoDir_annulla", u"Ctrl+Z", u"rimette le righe tagliate", Interno},
+    RigaTasti{u"Griglia", u"", u"Menu", u"i comandi sulla riga", Interno},
+
+    RigaTasti{u"VistaStampa", u"", u"Ctrl+F", u"cerca nel documento", Interno},
+    RigaTasti{u"VistaStampa", u"cmdRicerca_down", u"F3", u"occorrenza seguente", Interno},
+    RigaTasti{u"VistaStampa", u"cmdRicerca_up", u"Shift+F3", u"occorrenza precedente", Interno},
+    RigaTasti{u"VistaStampa", u"cmdRicerca_chiudi", u"Esc", u"chiude la ricerca", Interno},
+    RigaTasti{u"VistaStampa", u"", u"Ctrl++", u"ingrandisce", Interno},
+    RigaTasti{u"VistaStampa", u"", u"Ctrl+-", u"riduce", Interno},
+    RigaTasti{u"VistaStampa", u"", u"Ctrl+0", u"torna alla grandezza normale", Interno},
+    RigaTasti{u"VistaStampa", u"", u"Ctrl+C", u"copia il testo selezionato", Interno},
+    RigaTasti{u"VistaStampa", u"", u"Ctrl+A", u"seleziona tutto il testo", Interno},
+    RigaTasti{u"frmPrint", u"barPrint_print", u"Ctrl+P", u"stampa"},
+
+    RigaTasti{u"frmTrovaParcella", u"", u"Ctrl+F", u"va al testo da cercare"},
+    RigaTasti{u"frmTrovaParcella", u"barTrova_open barTrova_selez", u"Return", u"apre la parcella", Interno},
+    RigaTasti{u"frmTrovaParcella", u"", u"Backspace", u"la cartella superiore", Interno},
+    RigaTasti{u"frmTrovaParcella", u"barTrova_rename", u"F2", u"rinomina", Interno},
+    RigaTasti{u"frmTrovaParcella", u"barTrova_delete", u"Del", u"elimina", Interno},
+    RigaTasti{u"frmTrovaParcella", u"", u"F5", u"rilegge la cartella"},
+    RigaTasti{u"frmTrovaParcella", u"", u"Ctrl+1", u"ordina per la prima colonna, e così fino a Ctrl+6"},
+    RigaTasti{u"frmTrovaParcella", u"", u"Esc", u"interrompe la ricerca, o chiude", Interno},
+
+    RigaTasti{u"frmRubrica", u"barRubr_selez", u"Return", u"sceglie il nominativo per la parcella", Interno},
+    RigaTasti{u"frmRubrica", u"barRubr_new", u"Ins", u"nuovo nominativo"},
+    RigaTasti{u"frmRubrica", u"barRubr_edit", u"F2", u"modifica"},
+    RigaTasti{u"frmRubrica", u"barRubr_delete", u"Del", u"elimina"},
+    RigaTasti{u"frmRubrica", u"barRubr_rimetti", u"Ctrl+Z", u"rimette il nominativo eliminato"},
+    RigaTasti{u"frmRubrica", u"barRubr_search", u"Ctrl+F", u"cerca per campo"},
+    RigaTasti{u"frmRubrica", u"", u"F3", u"ripete la ricerca"},
+    RigaTasti{u"frmRubrica", u"", u"Shift+F3", u"ripete la ricerca all'indietro"},
+    RigaTasti{u"frmRubrica", u"barRubr_importa", u"Ctrl+I", u"importa"},
+    RigaTasti{u"frmRubrica", u"barRubr_esporta", u"Ctrl+E", u"esporta"},
+    RigaTasti{u"frmRubrica", u"", u"F5", u"rilegge l'archivio"},
+
+    RigaTasti{u"frmScheda", u"barScheda_do", u"F10 Ctrl+Return Ctrl+Enter", u"salva e chiude"},
+    RigaTasti{u"frmScheda", u"", u"PgDown", u"scheda seguente, quando la si guarda soltanto"},
+    RigaTasti{u"frmScheda", u"", u"PgUp", u"scheda precedente, quando la si guarda soltanto"},
+    RigaTasti{u"frmScheda", u"barScheda_off", u"Esc", u"chiude", Interno},
+
+    RigaTasti{u"frmRicerche", u"cmdExit", u"Esc", u"chiude la ricerca", Interno},
+    RigaTasti{u"frmRicerche", u"cmdFind_1", u"F3", u"trova il successivo"},
+    RigaTasti{u"frmRicerche", u"", u"Shift+F3", u"trova il precedente"},
+
+    RigaTasti{u"frmTermini", u"cmdCopia", u"Ctrl+C", u"copia la scadenza"},
+    RigaTasti{u"frmTermini", u"cmdRicorrenti", u"Ctrl+T", u"termini ricorrenti"},
+    RigaTasti{u"frmTermini", u"cmdStrada", u"Ctrl+D", u"perché questa data"},
+    RigaTasti{u"frmTermini", u"cmdAgenda", u"Ctrl+G", u"aggiungi al calendario"},
+    RigaTasti{u"frmTermini", u"mnuNew", u"Ctrl+N", u"nuovo calcolo"},
+    RigaTasti{u"frmTermini", u"mnuStampa", u"Ctrl+P", u"stampa"},
+    RigaTasti{u"frmTerminiSeq", u"cmdCopia", u"Ctrl+C", u"copia le scadenze"},
+    RigaTasti{u"frmTerminiSeq", u"cmdStrada", u"Ctrl+D", u"perché queste date"},
+    RigaTasti{u"frmTerminiSeq", u"cmdAgenda", u"Ctrl+G", u"aggiungi al calendario"},
+    RigaTasti{u"frmTerminiSeq", u"mnuNew", u"Ctrl+N", u"nuovo calcolo"},
+    RigaTasti{u"frmTerminiSeq", u"mnuPrint", u"Ctrl+P", u"stampa"},
+    RigaTasti{u"frmRicorrenti", u"txtCerca", u"Ctrl+F", u"torna alla casella"},
+    RigaTasti{u"frmRicorrenti", u"cmdScegli", u"Return", u"usa il termine", Interno},
+    RigaTasti{u"frmStrada", u"cmdCopia", u"Ctrl+C", u"copia i passi"},
+    RigaTasti{u"frmStrada", u"cmdStampa", u"Ctrl+P", u"li stampa"},
+    RigaTasti{u"frmAgenda", u"cmdCopia", u"Ctrl+C", u"copia le scadenze come testo"},
+    RigaTasti{u"frmInteressi", u"cmdCopia", u"Ctrl+C", u"copia il totale, o le righe selezionate"},
+    RigaTasti{u"frmInteressi", u"mnuNew", u"Ctrl+N", u"nuovo calcolo"},
+    RigaTasti{u"frmIstat", u"cmdCopia", u"Ctrl+C", u"copia l'importo rivalutato"},
+    RigaTasti{u"frmIstat", u"mnuNew", u"Ctrl+N", u"nuovo calcolo"},
+    RigaTasti{u"frmCodFis", u"cmdCopia", u"Ctrl+C", u"copia il codice"},
+    RigaTasti{u"frmContrib", u"", u"Ctrl+C", u"copia il contributo"},
+    RigaTasti{u"frmContrib", u"mnuNew", u"Ctrl+N", u"nuovo calcolo"},
+    RigaTasti{u"Calendario", u"cmdMesePrima", u"PgUp", u"mese precedente", Interno},
+    RigaTasti{u"Calendario", u"cmdMeseDopo", u"PgDown", u"mese successivo", Interno},
+    RigaTasti{u"Calendario", u"cmdAnnoPrima", u"Ctrl+PgUp", u"anno precedente", Interno},
+    RigaTasti{u"Calendario", u"cmdAnnoDopo", u"Ctrl+PgDown", u"anno successivo", Interno},
+
+    RigaTasti{u"frmDocumenti", u"txtCerca", u"Ctrl+F", u"va alla casella"},
+    RigaTasti{u"frmDocumenti", u"", u"F5", u"rilegge l'elenco"},
+    RigaTasti{u"frmWeb", u"txtGuida", u"Ctrl+Shift+F", u"cerca in tutta la guida"},
+    RigaTasti{u"frmWeb", u"cmdCerca", u"Ctrl+F", u"cerca nella pagina"},
+    RigaTasti{u"frmWeb", u"cmdSuccessivo", u"F3", u"occorrenza seguente"},
+    RigaTasti{u"frmWeb", u"cmdPrecedente", u"Shift+F3", u"occorrenza precedente"},
+    RigaTasti{u"frmWeb", u"cmdIndietro", u"Alt+Left", u"la pagina vista prima"},
+    RigaTasti{u"frmWeb", u"cmdAvanti", u"Alt+Right", u"la pagina vista dopo"},
+    RigaTasti{u"frmWeb", u"", u"Ctrl++", u"ingrandisce"},
+    RigaTasti{u"frmWeb", u"", u"Ctrl+-", u"riduce"},
+    RigaTasti{u"frmWeb", u"", u"Ctrl+0", u"torna alla grandezza normale"},
+    RigaTasti{u"frmWeb", u"cmdStampa", u"Ctrl+P", u"stampa la pagina"},
+    RigaTasti{u"frmSetup", u"cmdSaveImpost", u"Ctrl+S", u"memorizza le impostazioni"},
+    RigaTasti{u"frmSetup", u"", u"Ctrl+PgDown Ctrl+Tab", u"scheda seguente"},
+    RigaTasti{u"frmSetup", u"", u"Ctrl+PgUp Ctrl+Shift+Tab", u"scheda precedente"},
+    RigaTasti{u"frmSetup", u"cmdHelp", u"Shift+F1", u"mostra o nasconde l'aiuto breve"},
+    RigaTasti{u"SchedaDesktop", u"cmdModIco", u"Return", u"modifica l'icona", Interno},
+    RigaTasti{u"SchedaDesktop", u"cmdDelIco", u"Del", u"elimina l'icona", Interno},
+    RigaTasti{u"SchedaDesktop", u"", u"Alt+Up", u"sposta l'icona in su"},
+    RigaTasti{u"SchedaDesktop", u"", u"Alt+Down", u"sposta l'icona in giù"},
+};
+
+std::vector<RigaTasti> Componi()
+{
+    std::vector<RigaTasti> Tutte;
+    for (const Comando& Riga : Comandi())
+        if (!Riga.Tasti.isEmpty())
+            Tutte.push_back({.Finestra = Riga.Parola == u"lock" ? QStringView(u"cornice") : u"frmMain",
+                             .Comando = Riga.Parola,
+                             .Tasti = Riga.Tasti,
+                             .Effetto = Riga.Effetto});
+    Tutte.insert(Tutte.end(), Proprie.begin(), Proprie.end());
+    return Tutte;
+}
+
+}  // namespace
+
+const std::vector<RigaTasti>& TabellaTasti()
+{
+    static const std::vector<RigaTasti> Tutte = Componi();
+    return Tutte;
+}
+
+std::span<const GruppoTasti> GruppiTasti()
+{
+    return Gruppi;
+}
+
+QString TastiDi(QStringView Finestra, QStringView Comando)
+{
+    for (const RigaTasti& Riga : TabellaTasti())
+        if (Riga.Finestra == Finestra && Riga.Comando.toString().split(u' ').contains(Comando))
+            return Riga.Tasti.toString().section(u' ', 0, 0);
+    return {};
+}

@@ -1,0 +1,278 @@
+#include "tuttelefinestre.h"
+
+#include "core/app/suggerimenti.h"
+#include "core/tasti.h"
+#include "platform/base/nometasti.h"
+#include "platform/kit/tastimostrati.h"
+
+#include <QAction>
+#include <QGroupBox>
+#include <QKeySequence>
+#include <QLabel>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QShortcut>
+#include <QTabBar>
+
+/// The keys of all windows, held against the one table of keys.
+class TestTastiDelleFinestre : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanupTestCase();
+
+    void ogniTastoStaNellaTabella();
+    void ogniRigaHaIlSuoTasto();
+    void suggerimenti();
+    void unTastoUnaSolaAzione();
+    void unaLetteraUnSoloControllo();
+
+private:
+    struct TastoTrovato
+    {
+        QString Finestra;
+        QString Gruppo;  ///< of the table, as the nearest owner is called
+        QString Tasti;
+        QString Chi;
+    };
+    QList<TastoTrovato> Trovati;
+    QStringList FuoriTabella;
+    QStringList SuggerimentiSbagliati;
+    QStringList Doppi;
+    QStringList LettereDoppie;
+    int BottoniConTasti = 0;
+    int Lettere = 0;
+};
+PROVA(TestTastiDelleFinestre);
+
+namespace {
+
+/// A key and where it counts.
+struct Scorciatoia
+{
+    QKeySequence Tasti;
+    const QWidget* Dove;
+    bool SoloDentro;  ///< where the focus is in there, else in the whole window
+    bool Attiva;
+    QString Chi;
+};
+
+bool DiFinestra(Qt::ShortcutContext Contesto)
+{
+    return Contesto == Qt::WindowShortcut || Contesto == Qt::ApplicationShortcut;
+}
+
+/// The widget is of the window, not of another one that it owns, and on a page on view.
+bool Appartiene(const QWidget* Parte, const QWidget* Finestra)
+{
+    return Parte && Parte->window() == Finestra && (Parte == Finestra || Parte->isVisibleTo(Finestra));
+}
+
+QList<Scorciatoia> ScorciatoieDi(QWidget* Finestra)
+{
+    QList<Scorciatoia> Tutte;
+    for (const QShortcut* Una : Finestra->findChildren<QShortcut*>()) {
+        const auto* Dove = qobject_cast<const QWidget*>(Una->parent());
+        if (!Appartiene(Dove, Finestra) || Una->context() == Qt::WidgetShortcut)
+            continue;
+        for (const QKeySequence& Tasti : Una->keys())
+            Tutte.append({Tasti, Dove, !DiFinestra(Una->context()), Una->isEnabled(),
+                          u"scorciatoia di "_s + Dove->objectName()});
+    }
+    QList<const QAction*> Azioni;
+    for (const QAction* Azione : Finestra->findChildren<QAction*>())
+        Azioni << Azione;
+    for (const QAction* Azione : Azioni) {
+        if (Azione->shortcutContext() == Qt::WidgetShortcut)
+            continue;
+        for (const QObject* Oggetto : Azione->associatedObjects()) {
+            const auto* Dove = qobject_cast<const QWidget*>(Oggetto);
+            if (!Dove || qobject_cast<const QMenu*>(Dove) || !Appartiene(Dove, Finestra))
+                continue;
+            for (const QKeySequence& Tasti : Azione->shortcuts())
+                Tutte.append({Tasti, Dove, !DiFinestra(Azione->shortcutContext()), Azione->isEnabled(),
+                              Azione->objectName()});
+            break;
+        }
+    }
+    // Buttons with keys of their own, beside the letters of their captions.
+    for (const QAbstractButton* Bottone : Finestra->findChildren<QAbstractButton*>())
+        if (Appartiene(Bottone, Finestra) && !Bottone->shortcut().isEmpty() &&
+            !Bottone->shortcut().toString().startsWith(u"Alt+"))
+            Tutte.append({Bottone->shortcut(), Bottone, false, Bottone->isEnabled(), Bottone->objectName()});
+    return Tutte;
+}
+
+/// Both would answer, so neither does.
+bool SiContendono(const Scorciatoia& A, const Scorciatoia& B)
+{
+    if (A.Tasti != B.Tasti || !A.Attiva || !B.Attiva)
+        return false;
+    if (A.SoloDentro && B.SoloDentro)
+        return A.Dove == B.Dove || A.Dove->isAncestorOf(B.Dove) || B.Dove->isAncestorOf(A.Dove);
+    return true;
+}
+
+/// What the key of the table is called by the nearest owner; the frame's notes have two parts of the page.
+QStringList GruppiDi(const QWidget* Dove)
+{
+    QStringList Nomi;
+    for (; Dove; Dove = Dove->parentWidget()) {
+        const QString Classe = QString::fromLatin1(Dove->metaObject()->className());
+        Nomi << Classe << Dove->objectName();
+        if (Classe == u"frmMain")
+            Nomi << u"cornice"_s;
+        if (Classe == u"frmStudio")
+            Nomi << u"frmMain"_s;
+    }
+    return Nomi << QString();
+}
+
+const RigaTasti* RigaPer(const QStringList& Gruppi, const QString& Tasti)
+{
+    for (const QString& Gruppo : Gruppi)
+        for (const RigaTasti& Riga : TabellaTasti())
+            if (Riga.Finestra == Gruppo && Riga.Tasti.toString().split(u' ').contains(Tasti))
+                return &Riga;
+    return nullptr;
+}
+
+/// Keys that every window of the toolkit has, or that one row stands for.
+bool SenzaRiga(const QString& Tasti)
+{
+    static const QRegularExpression Altri(u"\\A(Ctrl\\+[2-6]|Enter|Back|Forward|Ctrl\\+(Shift\\+)?F6)?\\z"_s);
+    return Altri.match(Tasti).hasMatch();
+}
+
+/// The keys that a hint names at its end.
+QString TastiDetti(const QString& Suggerimento)
+{
+    static const QRegularExpression Coda(
+        u"\\(((?:Ctrl|Maiusc|Alt)\\+[^()]+|F[0-9]+|Ins|Canc|Esc|Invio|Pag su|Pag giù|PagSu|PagGiù)\\)\\z"_s);
+    return Coda.match(Suggerimento).captured(1);
+}
+
+QList<std::pair<QChar, QString>> LettereDi(QWidget* Finestra)
+{
+    QList<std::pair<QChar, QString>> Tutte;
+    const auto Aggiungi = [&](const QString& Testo, const QWidget* Chi) {
+        const QString Tasti = QKeySequence::mnemonic(Testo).toString();
+        if (!Tasti.isEmpty() && Appartiene(Chi, Finestra) && Chi->isEnabled())
+            Tutte.append({Tasti.back(), Chi->objectName() + u" «"_s + Testo + u'»'});
+    };
+    for (const QWidget* Parte : Finestra->findChildren<QWidget*>()) {
+        if (const auto* Bottone = qobject_cast<const QAbstractButton*>(Parte))
+            Aggiungi(Bottone->text(), Parte);
+        else if (const auto* Etichetta = qobject_cast<const QLabel*>(Parte); Etichetta && Etichetta->buddy())
+            Aggiungi(Etichetta->text(), Parte);
+        else if (const auto* Gruppo = qobject_cast<const QGroupBox*>(Parte); Gruppo && Gruppo->isCheckable())
+            Aggiungi(Gruppo->title(), Parte);
+        else if (const auto* Linguette = qobject_cast<const QTabBar*>(Parte))
+            for (int i = 0; i < Linguette->count(); ++i)
+                Aggiungi(Linguette->tabText(i), Parte);
+    }
+    return Tutte;
+}
+
+}  // namespace
+
+/// One walk, looked at from several sides.
+void TestTastiDelleFinestre::initTestCase()
+{
+    Finestre F;
+    F.Tutte([this](const QString& Nome, QWidget* Finestra) {
+        QVERIFY2(Finestra, qPrintable(Nome));
+        const QList<Scorciatoia> Tutte = ScorciatoieDi(Finestra);
+        for (qsizetype i = 0; i < Tutte.size(); ++i) {
+            const QString Tasti =
+                Tutte[i].Tasti.toString(QKeySequence::PortableText).replace(u"Backtab"_s, u"Tab"_s);
+            const RigaTasti* Riga = RigaPer(GruppiDi(Tutte[i].Dove), Tasti);
+            if (!Riga && !SenzaRiga(Tasti))
+                FuoriTabella << u"%1: %2, %3"_s.arg(Nome, Tasti, Tutte[i].Chi);
+            Trovati.append({Nome, Riga ? Riga->Finestra.toString() : QString(), Tasti, Tutte[i].Chi});
+            for (qsizetype j = i + 1; j < Tutte.size(); ++j)
+                if (SiContendono(Tutte[i], Tutte[j]))
+                    Doppi << u"%1: %2, %3 e %4"_s.arg(Nome, Tasti, Tutte[i].Chi, Tutte[j].Chi);
+        }
+        for (QWidget* Parte : Finestra->findChildren<QWidget*>()) {
+            if (!Appartiene(Parte, Finestra))
+                continue;
+            PreparaSuggerimento(Parte);
+            const QString Detto = SuggerimentoMostrato(Parte);
+            const RigaTasti* Riga = TastiDelControllo(Parte);
+            if (Riga) {
+                ++BottoniConTasti;
+                const QString Atteso = NomeTasti(Riga->Tasti.toString().section(u' ', 0, 0));
+                if (!Detto.endsWith(u'(' + Atteso + u')'))
+                    SuggerimentiSbagliati << u"%1: «%2» non dice %3"_s.arg(Nome, Detto, Atteso);
+            }
+            // What a hint names is in the table, for this window.
+            const QString Nominati = TastiDetti(Detto);
+            bool Noti = Nominati.isEmpty();
+            for (const RigaTasti& Una : TabellaTasti())
+                for (const QString& Tasti : Una.Tasti.toString().split(u' '))
+                    Noti = Noti || (NomeTasti(Tasti) == Nominati &&
+                                    (GruppiDi(Parte).contains(Una.Finestra.toString()) || Riga == &Una));
+            if (!Noti)
+                SuggerimentiSbagliati
+                    << u"%1: «%2» di %3 non sta nella tabella"_s.arg(Nome, Detto, Parte->objectName());
+        }
+        const auto Sue = LettereDi(Finestra);
+        Lettere += int(Sue.size());
+        for (qsizetype i = 0; i < Sue.size(); ++i)
+            for (qsizetype j = i + 1; j < Sue.size(); ++j)
+                if (Sue[i].first == Sue[j].first)
+                    LettereDoppie << u"%1: Alt+%2, %3 e %4"_s.arg(Nome, Sue[i].first, Sue[i].second,
+                                                                  Sue[j].second);
+    });
+}
+
+void TestTastiDelleFinestre::cleanupTestCase()
+{
+    Trovati.clear();
+}
+
+void TestTastiDelleFinestre::ogniTastoStaNellaTabella()
+{
+    NienteDi(FuoriTabella);
+    QVERIFY(Trovati.size() > 60);
+}
+
+/// A key that the table promises and no window has would do nothing.
+void TestTastiDelleFinestre::ogniRigaHaIlSuoTasto()
+{
+    QStringList Mancano;
+    for (const RigaTasti& Riga : TabellaTasti()) {
+        if (Riga.Interno)
+            continue;
+        for (const QString& Tasti : Riga.Tasti.toString().split(u' ')) {
+            bool Trovato = false;
+            for (const TastoTrovato& Uno : std::as_const(Trovati))
+                Trovato = Trovato || (Uno.Tasti == Tasti && Uno.Gruppo == Riga.Finestra);
+            if (!Trovato)
+                Mancano << Riga.Finestra.toString() + u": "_s + Tasti;
+        }
+    }
+    NienteDi(Mancano);
+}
+
+void TestTastiDelleFinestre::suggerimenti()
+{
+    NienteDi(SuggerimentiSbagliati);
+    QVERIFY(BottoniConTasti > 30);
+}
+
+void TestTastiDelleFinestre::unTastoUnaSolaAzione()
+{
+    NienteDi(Doppi);
+}
+
+void TestTastiDelleFinestre::unaLetteraUnSoloControllo()
+{
+    NienteDi(LettereDoppie);
+    QVERIFY(Lettere > 60);
+}
+
+#include "TestTastiDelleFinestre.moc"
