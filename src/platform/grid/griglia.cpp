@@ -175,6 +175,15 @@ void Griglia::ImpostaRigaCorrente(int Riga, int Colonna)
         Pezzi->Vista->PortaA(Riga, Colonna);
 }
 
+void Griglia::ApriCella(int Riga, int Colonna)
+{
+    if (!Pezzi->Vista->Cella()->Concludi())
+        return;
+    Pezzi->Vista->PortaA(Riga, Colonna);
+    setFocus(Qt::OtherFocusReason);
+    Pezzi->Vista->Cella()->ApriOfferta(Pezzi->Vista->currentIndex());
+}
+
 int Griglia::PrimaRiga() const
 {
     return std::max(0, Pezzi->Vista->rowAt(0));

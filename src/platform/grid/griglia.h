@@ -29,6 +29,7 @@ enum class ComandoRighe {
 struct ColonnaGriglia
 {
     QString Titolo;
+    QString Spiegazione;                    ///< said over the title and of the open cell; empty: nothing
     int Campo = 0;                          ///< column of the table
     QString NomeCampo;                      ///< column of the recordset
     int Caratteri = 10;                     ///< width in average characters
@@ -103,6 +104,10 @@ public:
     /// Makes a row current and scrolls to it; the row count means the empty row. `Colonna` -1 keeps the
     /// column. An open cell is committed first: if it refuses, nothing moves. LasciaRiga is not asked.
     void ImpostaRigaCorrente(int Riga, int Colonna = -1);
+    /// Makes a cell current and opens it with its text selected, for the user to write there next; the focus
+    /// goes there. Until he has written, Ctrl+Z closes it and is the grid's. An open cell is committed first:
+    /// if it refuses, nothing moves.
+    void ApriCella(int Riga, int Colonna);
     [[nodiscard]] int PrimaRiga() const;
     void ImpostaPrimaRiga(int Riga);
     /// Numbers that the selected rows have now, in the order of the user's clicks. A row stays selected while

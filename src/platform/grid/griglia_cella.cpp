@@ -86,7 +86,10 @@ void CellaAperta::Crea(const QModelIndex& Dove, const QString& Testo)
         Campo->setMaxLength(Colonna.Massimo);
     if (Colonna.Maiuscole)
         Campo->setValidator(new SoloMaiuscole(Campo));
+    Campo->setToolTip(Colonna.Spiegazione);
+    Campo->setAccessibleDescription(Colonna.Spiegazione);
     Posto = Dove;
+    Offerta = false;
     // As the box can hold it: a longer text that is only passed over is no edit, and stays whole.
     Campo->setText(CStr(Vista->Modello()->Valore(Dove.row(), Dove.column())));
     Iniziale = Campo->text();
@@ -105,6 +108,12 @@ void CellaAperta::Apri(const QModelIndex& Dove)
         return;
     Crea(Dove, CStr(Vista->Modello()->Valore(Dove.row(), Dove.column())));
     Campo->selectAll();
+}
+
+void CellaAperta::ApriOfferta(const QModelIndex& Dove)
+{
+    Apri(Dove);
+    Offerta = Aperta();
 }
 
 void CellaAperta::ApriDigitando(const QModelIndex& Dove, const QKeyEvent& Tasto)
@@ -253,6 +262,14 @@ bool CellaAperta::eventFilter(QObject* Oggetto, QEvent* Evento)
 
 bool CellaAperta::Tasto(const QKeyEvent& Evento)
 {
+    if (Offerta && Evento.matches(QKeySequence::Undo) && !Campo->isUndoAvailable()) {
+        // The step to take back is the one that has led here.
+        if (Concludi()) {
+            QKeyEvent Copia(QEvent::KeyPress, Evento.key(), Evento.modifiers());
+            QCoreApplication::sendEvent(Vista, &Copia);
+        }
+        return true;
+    }
     switch (Evento.key()) {
     case Qt::Key_Escape:
         Annulla();

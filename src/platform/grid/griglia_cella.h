@@ -20,6 +20,8 @@ public:
     [[nodiscard]] QModelIndex Cella() const { return Posto; }
     /// Opens a cell with its text selected.
     void Apri(const QModelIndex& Dove);
+    /// The same for a cell that the program opens: what the user does next may be another thing.
+    void ApriOfferta(const QModelIndex& Dove);
     /// Opens it empty and types the key into it; a key that the cell's filter swallows opens nothing.
     void ApriDigitando(const QModelIndex& Dove, const QKeyEvent& Tasto);
     /// Commits. @return false when the text is refused; the cell stays open and gets the focus back
@@ -46,4 +48,5 @@ private:
     QPersistentModelIndex Posto;
     QString Iniziale;
     bool InCorso = false;
+    bool Offerta = false;  ///< the program has opened it
 };

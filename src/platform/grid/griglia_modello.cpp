@@ -184,6 +184,9 @@ QVariant ModelloGriglia::headerData(int Sezione, Qt::Orientation Verso, int Ruol
         return ListaColonne[Sezione].Titolo;
     case Qt::TextAlignmentRole:
         return int(ListaColonne[Sezione].Allinea | Qt::AlignVCenter);
+    case Qt::ToolTipRole:
+    case Qt::AccessibleDescriptionRole:
+        return ListaColonne[Sezione].Spiegazione;
     default:
         return {};
     }
