@@ -13,6 +13,7 @@ namespace {
 constexpr QStringView ModelloImporto = u"#,##0.00";
 constexpr QStringView ModelloData = u"dd/mm/yyyy";
 constexpr int MassimoRicorrenti = 9999;
+constexpr QStringView CodiceNotifiche = u"notifiche";
 
 [[noreturn]] void Rifiuta(const QString& Frase)
 {
@@ -198,12 +199,15 @@ private:
         return u"impugnazione amministrativa"_s;
     }
 
-    void Aggiunta(QStringView Codice)
+    /// @return the amount, 0 when none holds on that day
+    double Aggiunta(QStringView Codice)
     {
-        if (const VoceContributo* Una = InVigore(Codice)) {
-            Esito.AggiunteEuro += Una->Valore;
-            Aggiungi(Una->Categoria, *Una, Una->Valore);
-        }
+        const VoceContributo* Una = InVigore(Codice);
+        if (!Una)
+            return 0.0;
+        Esito.AggiunteEuro += Una->Valore;
+        Aggiungi(Una->Categoria, *Una, Una->Valore);
+        return Una->Valore;
     }
 
     bool Civile() const { return Voce->Processo == ProcessoContributo::Civile; }
@@ -211,9 +215,9 @@ private:
     void Aggiunte()
     {
         if (Richiesta.Notifiche && Voce->ConNotifiche)
-            Aggiunta(u"notifiche");
+            Esito.NotificheEuro = Aggiunta(CodiceNotifiche);
         if (Richiesta.Grado == GradoGiudizio::Cassazione)
-            Aggiunta(u"registro cassazione");
+            (void)Aggiunta(u"registro cassazione");
         const VoceContributo* Minimo = InVigore(u"minimo");
         if (!Minimo || !Civile() || Esito.ContributoEuro <= 0)
             return;
@@ -253,4 +257,22 @@ QList<ProcedimentoContributo> ProcedimentiContributo(const Norme& Insieme)
 EsitoContributo ContributoVigente(const Norme& Insieme, const RichiestaContributo& Richiesta)
 {
     return ContoContributo(Insieme, Richiesta).Esegui();
+}
+
+std::optional<ImportoDiLegge> AnticipazioneNotifiche(const Norme& Insieme, const QDate& Giorno)
+{
+    for (const VoceContributo& Voce : Insieme.Contributi())
+        if (Voce.Genere == GenereContributo::Aggiunge && Voce.Codice == CodiceNotifiche &&
+            Voce.Quando.Contiene(Giorno))
+            return ImportoDiLegge{Voce.Valore, Voce.Norma, Voce.Nota};
+    return std::nullopt;
+}
+
+std::optional<ImportoDiLegge> AnticipazioneInVigore(const QDate& Giorno)
+{
+    try {
+        return AnticipazioneNotifiche(*NormeVigenti(), Giorno);
+    } catch (const Errore&) {
+        return std::nullopt;
+    }
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "calculators/norme/norme.h"
+#include "core/spesedilegge.h"
 
 /// What a row of the fees is.
 enum class GenereContributo {
@@ -81,6 +82,7 @@ struct EsitoContributo
 {
     double ContributoEuro = 0.0;
     double AggiunteEuro = 0.0;         ///< what is owed besides: notifications, registration
+    double NotificheEuro = 0.0;        ///< of which the lump sum for notifications
     std::optional<double> MinimoEuro;  ///< to be paid for the filing to be taken; none: no such norm yet
     QString NormaMinimo;               ///< that says so
     QList<PassoContributo> Passi;
@@ -94,3 +96,8 @@ struct EsitoContributo
 /// @throws Errore 5 with a sentence: no such proceeding, before the oldest amount, a value that lacks or is
 ///         negative, a degree or a rule that no norm provides for
 [[nodiscard]] EsitoContributo ContributoVigente(const Norme& Insieme, const RichiestaContributo& Richiesta);
+
+/// The lump sum for notifications (art. 30) in force on a day; none before the oldest amount that is known.
+[[nodiscard]] std::optional<ImportoDiLegge> AnticipazioneNotifiche(const Norme& Insieme, const QDate& Giorno);
+/// The same by the norms of the program folder; none, without a word, where they cannot be read.
+[[nodiscard]] std::optional<ImportoDiLegge> AnticipazioneInVigore(const QDate& Giorno);
