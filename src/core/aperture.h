@@ -1,11 +1,15 @@
 // The one table of hooks from below up to the windows.
 #pragma once
 
+#include "core/spesedilegge.h"
+
+#include <QList>
 #include <QString>
 #include <QVariant>
 
 #include <functional>
 #include <map>
+#include <optional>
 
 class QMdiArea;
 struct PaginaAvviso;
@@ -49,6 +53,11 @@ struct Apritori
         SceltaDaRubrica;
     /// A card of a table ("clienti", "controparti") was saved: the notes linked to the row follow its name.
     std::function<void(const QString& RecordSource, int ID)> NominativoCambiato;
+    /// The lump sum for notifications in force on a day; nothing where the norms cannot be read, or say none.
+    std::function<std::optional<ImportoDiLegge>(const QDate& Giorno)> AnticipazioneNotifiche;
+    std::function<QList<NotaInVista>()> NoteInVista;  ///< the notes on screen, the one in front first
+    /// Writes exempt expenses into a note. @return why it could not be done, empty when it was
+    std::function<QString(const NotaInVista& Dove, const QList<SpesaDiLegge>& Spese)> PortaSpese;
     std::function<void(int Indice, int Numero)> ParcellaChiusa;  ///< a note has closed: its address book goes
     /// The program is about to end: every address book is closed, asking about what is not saved. False: the
     /// user stays with one.

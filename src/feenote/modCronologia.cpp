@@ -217,7 +217,7 @@ void Cronologia::Comincia(const Parcella& Nota, bool Salvata)
     InFile = Salvata ? std::optional(Nota) : std::nullopt;
 }
 
-void Cronologia::Segna(const Parcella& Nota)
+void Cronologia::Segna(const Parcella& Nota, const QString& Nome)
 {
     Riporta(Attuale, Nota);
     const std::optional<Chiamato> Detto = Chiama(Attuale, Nota);
@@ -230,7 +230,7 @@ void Cronologia::Segna(const Parcella& Nota)
     if (!Segue) {
         if (Indietro.size() == Massimo)
             Indietro.removeFirst();
-        Indietro.append({Detto->Nome, Attuale});
+        Indietro.append({Nome.isEmpty() ? Detto->Nome : Nome, Attuale});
     }
     // Letters that were taken back one by one leave no step.
     const bool Resta = !NomeModifica(Indietro.last().Nota, Nota).isEmpty();

@@ -23,7 +23,8 @@ public:
     void Comincia(const Parcella& Nota, bool Salvata);
     /// The record may have changed by the user's hand. One that has not makes no step; the letters of one
     /// text are a single one until ChiudiTesto.
-    void Segna(const Parcella& Nota);
+    /// @param Nome what the step is called; empty: what differs names it
+    void Segna(const Parcella& Nota, const QString& Nome = {});
     /// The record is shown otherwise (another document in view): that is no step.
     void Allinea(const Parcella& Nota);
     /// The record has changed by itself (its row of the address book, the tariff of new notes). That is no

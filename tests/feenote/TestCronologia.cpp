@@ -18,6 +18,7 @@ private Q_SLOTS:
     void cleanup() { Ufficio.reset(); }
     void nomi_data();
     void nomi();
+    void ilNomeDatoAlPasso();
     void avantiEIndietro();
     void unaModificaToglieIlRitorno();
     void leLettereSonoUnPasso();
@@ -93,6 +94,20 @@ void TestCronologia::nomi()
     QCOMPARE(NomeModifica(Prima, Nota), QString());
     if (!Nome.isEmpty())
         QVERIFY(Nota == Prima);
+}
+
+/// A command that knows what it does names its step; one that has done nothing makes none.
+void TestCronologia::ilNomeDatoAlPasso()
+{
+    Nota.xDiritti(Nota.xDiritti.AggiungiRiga(), DirEsente) = 27.0;
+    Storia.Segna(Nota, u"anticipazione esente"_s);
+    QCOMPARE(Storia.NomeAnnulla(), u"anticipazione esente"_s);
+    Storia.Segna(Nota, u"un'altra volta"_s);
+    QCOMPARE(Storia.NomeAnnulla(), u"anticipazione esente"_s);
+    QVERIFY(Storia.Annulla(Nota));
+    QVERIFY(Nota.xDiritti.Vuota());
+    QCOMPARE(Storia.NomeRipeti(), u"anticipazione esente"_s);
+    QVERIFY(!Storia.Annulla(Nota));
 }
 
 void TestCronologia::avantiEIndietro()

@@ -1,0 +1,108 @@
+#include "feenote/modOfferte.h"
+
+#include "core/aperture.h"
+#include "feenote/modSpese.h"
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Offices of the civil lists before which nobody advances the lump sum: art. 30 is of the civil process, and
+// leaves labour and social security out (L. 319/1958).
+constexpr std::array SenzaAnticipazione{
+    3,    // tax commission
+    5,    //
+    6,    // administrative court
+    7,    // court of auditors
+    9,    // council of state
+    10,   // European courts
+    11,   // constitutional court
+    16,   // arbitration
+    103,  // labour
+    104,  // social security
+    106,  // a writ, no proceeding
+    111,  // court of auditors
+    114,  // constitutional and European courts
+    118,  // mortgages, land registers
+    121,  // administrative court
+    122,  // council of state
+    123,  // tax courts
+    124,  //
+    125,  // arbitration
+    126,  //
+};
+static_assert(std::ranges::is_sorted(SenzaAnticipazione));
+
+bool EVoce(const Parcella& Nota, int Riga, VoceDiLegge Voce)
+{
+    return CStr(Nota.xDiritti(Riga, DirIDDir)) == QString::number(int(Voce));
+}
+
+/// An item of the catalogue.
+struct VoceSpesa
+{
+    QString Descr;
+    QVariant NVoce, IDDir;
+};
+
+VoceSpesa VoceDelCatalogo(const Recordset& Catalogo, VoceDiLegge Cercata)
+{
+    if (Catalogo.Aperto()) {
+        Recordset Righe = Catalogo.Clone();
+        for (Righe.MoveFirst(); !Righe.Eof(); Righe.MoveNext())
+            if (CStr(Righe.Value(u"IDDir"_s)) == QString::number(int(Cercata)))
+                return {Righe.Value(u"DescrDir"_s, QString()).toString(), Righe.Value(u"NVoce"_s),
+                        Righe.Value(u"IDDir"_s)};
+    }
+    return {Cercata == VoceDiLegge::Contributo ? u"Contributo unificato"_s
+                                               : u"Anticipazione forfettaria art. 30 D.P.R. 115/02"_s,
+            {},
+            {}};
+}
+
+}  // namespace
+
+bool AnticipazioneDovuta(const Parcella& Nota)
+{
+    return Nota.CodCateg == Civile &&
+           !std::ranges::binary_search(SenzaAnticipazione, Nota.IDAutSelezionata());
+}
+
+bool SenzaImporti(const Parcella& Nota, int Riga)
+{
+    return NumeroDi(Nota.xDiritti(Riga, DirImponibile)) == 0 && NumeroDi(Nota.xDiritti(Riga, DirEsente)) == 0;
+}
+
+std::optional<ImportoDiLegge> ImportoOfferto(const Parcella& Nota, int Riga, const QDate& Giorno)
+{
+    if (!EVoce(Nota, Riga, VoceDiLegge::Anticipazione) || !SenzaImporti(Nota, Riga) ||
+        !AnticipazioneDovuta(Nota) || !Aperture.AnticipazioneNotifiche)
+        return std::nullopt;
+    return Aperture.AnticipazioneNotifiche(Giorno);
+}
+
+void AccettaImporto(Parcella& Nota, int Riga, const ImportoDiLegge& Importo)
+{
+    Nota.xDiritti(Riga, DirImponibile) = 0.0;
+    Nota.xDiritti(Riga, DirEsente) = Arrotonda2(Importo.Euro);
+    SetModificata(Nota, true);
+}
+
+int PortaSpese(Parcella& Nota, const Recordset& Catalogo, const QList<SpesaDiLegge>& Nuove,
+               std::optional<int> Corrente)
+{
+    int Prima = -1;
+    for (const SpesaDiLegge& Spesa : Nuove) {
+        const VoceSpesa Voce = VoceDelCatalogo(Catalogo, Spesa.Voce);
+        const int Riga = AddDiritti(Nota, Spesa.Giorno, Voce.Descr, u"1"_s, Voce.NVoce, Voce.IDDir, Corrente);
+        Nota.xDiritti(Riga, DirData) = Format(Spesa.Giorno, u"dd/mm/yyyy");
+        Nota.xDiritti(Riga, DirEsente) = Arrotonda2(Spesa.Euro);
+        Prima = Prima < 0 ? Riga : Prima;
+        if (Corrente)
+            Corrente = Riga + 1;
+    }
+    return Prima;
+}
