@@ -282,6 +282,12 @@ bool ImportoInSospeso(const Parcella& Nota)
     return Imp != Nota.ImportoPrec || (CercaScaglione(Nota, Imp) && ScaglionePer(Nota, Imp) != NessunaVoce);
 }
 
+int ScaglioneProposto(const Parcella& Nota)
+{
+    const double Imp = ValoreCasella(Nota);
+    return Nota.txtImporto.Abilitata && CercaScaglione(Nota, Imp) ? ScaglionePer(Nota, Imp) : NessunaVoce;
+}
+
 void LasciaImporto(Parcella& Nota)
 {
     const double ImpPrima = Nota.ImportoPrec;

@@ -52,6 +52,10 @@ bool CambiaScaglione(Parcella& Nota, int Indice);
 /// selected.
 [[nodiscard]] bool ImportoInSospeso(const Parcella& Nota);
 
+/// Index of the bracket that leaving the box would choose for the value in it: another one than the selected
+/// bracket. NessunaVoce when there is none to be chosen.
+[[nodiscard]] int ScaglioneProposto(const Parcella& Nota);
+
 /// Leaving the box of the value: reformats it, accepts it (rounded to 2 decimals), picks its bracket. When
 /// the user refuses the new bracket, value, box and flag are as before it was typed.
 void LasciaImporto(Parcella& Nota);

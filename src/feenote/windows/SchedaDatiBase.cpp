@@ -7,6 +7,7 @@
 #include "feenote/modVariazione.h"
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/mostra.h"
+#include "feenote/windows/rigaofferta.h"
 #include "feenote/windows/ui_SchedaDatiBase.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
@@ -17,6 +18,7 @@
 #include <QFocusEvent>
 #include <QHelpEvent>
 #include <QRegularExpressionValidator>
+#include <QShortcut>
 #include <QToolTip>
 
 #include <algorithm>
@@ -119,6 +121,7 @@ SchedaDatiBase::SchedaDatiBase(Parcella& Dati, CorniceNota& Finestra, QWidget* P
     ui->setupUi(this);
     CollegaParti();
     CollegaParametri();
+    CollegaScaglione();
     CollegaTariffa();
     CollegaVariazione();
     CollegaParte();
@@ -201,12 +204,39 @@ void SchedaDatiBase::CollegaParametri()
         Nota.txtImporto.Testo = Testo;
         SetModificata(Nota, true);
         Cornice.Cambiata();
+        MostraScaglione();
     });
     mostra::LarghezzaImporto(ui->txtImporto);
     CampoNumericoSempre(ui->txtImporto, [this] {
         txtImporto_LostFocus();
         return true;
     });
+}
+
+/// Leaving the box chooses the bracket; until then it is named beside it, and can be taken at once.
+void SchedaDatiBase::CollegaScaglione()
+{
+    ui->cmdScaglione->setFocusPolicy(Qt::NoFocus);  // Tab out of the box does the same
+    const auto Scegli = [this] { txtImporto_LostFocus(); };
+    Collega(ui->cmdScaglione, &QToolButton::clicked, this, Scegli);
+    auto* Tasti = new QShortcut(ui->txtImporto);
+    Tasti->setKeys(BottoneOfferta::Tasti());
+    Tasti->setContext(Qt::WidgetShortcut);
+    Collega(Tasti, &QShortcut::activated, this, Scegli);
+    MostraScaglione();
+}
+
+void SchedaDatiBase::MostraScaglione()
+{
+    const int Proposto = ScaglioneProposto(Nota);
+    const QString Limiti = Proposto == NessunaVoce ? QString() : Nota.ListaScaglioni[Proposto].DesVal;
+    const QString Testo = Limiti.isEmpty() ? QString() : u"Scaglione: "_s + Limiti;
+    ui->cmdScaglione->setText(Testo);
+    ui->cmdScaglione->InBreve = QString(Limiti).remove(u"€ "_s);
+    ui->cmdScaglione->setToolTip(u"Sceglie lo scaglione di questo valore: "_s + Limiti);
+    ui->cmdScaglione->setAccessibleName(Testo.isEmpty() ? u"Scaglione del valore"_s : Testo);
+    ui->cmdScaglione->setVisible(!Testo.isEmpty());
+    ui->txtImporto->setAccessibleDescription(Testo);
 }
 
 void SchedaDatiBase::CollegaTariffa()
@@ -341,6 +371,7 @@ void SchedaDatiBase::Mostra()
     mostra::Elenco(ui->cmbAutor, TestiAutorita(Nota), Nota.cmbAutor, Nota.cmbAutorAbilitata);
     mostra::Elenco(ui->cmbValore, TestiScaglioni(Nota), Nota.cmbValore, Nota.cmbValoreAbilitata);
     mostra::Testo(ui->txtImporto, Nota.txtImporto);
+    MostraScaglione();
 
     MostraTariffa();
     MostraOpzioni();

@@ -50,6 +50,8 @@ private:
     [[nodiscard]] QRadioButton* NuovoBottone(const OpzioneAumRid& Opzione);
     void MostraParti();
     void txtImporto_LostFocus();
+    void CollegaScaglione();
+    void MostraScaglione();  ///< the bracket of the value in the box, where it is another one
     [[nodiscard]] bool ConRighe() const;
     void cmbAumRid_Click(int Segno);
     [[nodiscard]] bool txtAumRid_LostFocus();
