@@ -13,6 +13,7 @@
 #include "feenote/windows/righegriglia.h"
 #include "feenote/windows/ui_SchedaOnorari.h"
 #include "platform/grid/griglia.h"
+#include "platform/kit/annuncio.h"
 #include "platform/kit/collega.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
@@ -221,6 +222,9 @@ void SchedaOnorari::tdbListaOno_DblClick(int Riga)
     if (!Comune.Voci.datOno.Value(u"QtaOno"_s, QString()).toString().isEmpty())
         Righe->MostraColonna(OnoQta, true);
     Comandi->RigheMutate(*Inserita);  // the new line is current and in sight; the catalogue keeps its row
+    AnnunciaTesto(this,
+                  u"Inserito: %1, %2"_s.arg(CStr(Nota.xOnorari(*Inserita, OnoDescr)),
+                                            TestoImporto(NumeroDi(Nota.xOnorari(*Inserita, OnoImporto)))));
 }
 
 void SchedaOnorari::tdbOnor_CellaScritta(int Riga, int Colonna)

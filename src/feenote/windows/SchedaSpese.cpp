@@ -1,11 +1,13 @@
 #include "feenote/windows/SchedaSpese.h"
 
 #include "core/modErrori.h"
+#include "feenote/modOfferte.h"
 #include "feenote/modSpese.h"
 #include "feenote/modTotali.h"
 #include "feenote/windows/barrarighe.h"
 #include "feenote/windows/comandirighe.h"
 #include "feenote/windows/cornicenota.h"
+#include "feenote/windows/rigaofferta.h"
 #include "feenote/windows/righegriglia.h"
 #include "feenote/windows/ui_SchedaSpese.h"
 #include "platform/grid/griglia.h"
@@ -42,6 +44,7 @@ SchedaSpese::SchedaSpese(Parcella& Dati, RigheInComune& Condivise, CorniceNota& 
     ui->setupUi(this);
     CollegaCatalogo();
     CollegaRighe();
+    CollegaOfferta();
     CollegaZone(this, {ui->txtCercaDir, ui->tdbListaDir, ui->tdbDir});
     DividiLista(ui->divisoreDir);
 }
@@ -74,13 +77,19 @@ void SchedaSpese::CollegaRighe()
     SeguiBarra(ui->tdbListaDir, ui->barListaOnoDir, Righe);
 }
 
-void SchedaSpese::Entra()
+/// The catalogue of expenses comes with that of the honoraria; whoever skips that page gets it here.
+void SchedaSpese::ApriIlCatalogo()
 {
-    // The catalogue of expenses comes with that of the honoraria; whoever skips that page gets it here.
     Recordset& Spese = Comune.Voci.datDir;
     if (!Spese.Aperto())
         Protetta([&] { Spese = ApriCatalogo(*Nota.Tariffa, {}, 0).datDir; });
-    ui->tdbListaDir->Lega(Spese);
+}
+
+void SchedaSpese::Entra()
+{
+    ui->rigaOfferta->Togli();
+    ApriIlCatalogo();
+    ui->tdbListaDir->Lega(Comune.Voci.datDir);
 }
 
 void SchedaSpese::tdbListaDir_DblClick(int Riga)
@@ -93,8 +102,18 @@ void SchedaSpese::tdbListaDir_DblClick(int Riga)
     const int Inserita = InserisciSpesa(Nota, Comune.Voci, Righe->RigaCorrente());
     Comandi->RigheMutate(Inserita);
     // The amount is the user's to write: the new line waits for it.
-    Righe->ImpostaRigaCorrente(Inserita, DirImponibile);
-    Righe->setFocus();
+    Righe->ApriCella(Inserita, DirImponibile);
+    OffriImporto(Inserita);
+}
+
+void SchedaSpese::Porta(const QList<SpesaDiLegge>& Nuove)
+{
+    ApriIlCatalogo();
+    const int Prima = PortaSpese(Nota, Comune.Voci.datDir, Nuove, ui->tdbDir->RigaCorrente());
+    if (Prima < 0)
+        return;
+    Cornice.CambiataDa(u"contributo unificato"_s);
+    Comandi->RigheMutate(Prima + int(Nuove.size()) - 1);
 }
 
 void SchedaSpese::tdbDir_CellaScritta()
@@ -102,12 +121,14 @@ void SchedaSpese::tdbDir_CellaScritta()
     SetModificata(Nota, true);
     Cornice.Cambiata();
     Cornice.RefreshGrid();
+    SeguiRiga();
 }
 
 void SchedaSpese::Mostra()
 {
     ui->tdbDir->Rilega();
     Comandi->MostraAppunti();
+    SeguiRiga();
 }
 
 void SchedaSpese::MostraTotali(const Somme& Sommate)
@@ -124,6 +145,7 @@ void SchedaSpese::RigheRimesse()
 
 void SchedaSpese::NuovaNota()
 {
+    ui->rigaOfferta->Togli();
     ui->txtCercaDir->clear();
     ui->tdbListaDir->Lega(Comune.Voci.datDir);
     ui->tdbDir->Lega(&Nota.xDiritti);

@@ -1,6 +1,7 @@
 // The page of expenses: their catalogue, and the lines whose amounts the user types.
 #pragma once
 
+#include "core/spesedilegge.h"
 #include "feenote/parcella.h"
 
 #include <QWidget>
@@ -32,6 +33,8 @@ public:
     void Mostra();
     /// The footer.
     void MostraTotali(const Somme& Sommate);
+    /// Writes exempt expenses of another window where new lines go; call it with no cell open. One step.
+    void Porta(const QList<SpesaDiLegge>& Nuove);
     /// Another note has come into the record: the grids forget the former one's lines and catalogue.
     void NuovaNota();
     /// The lines are those of another step: none of them is selected, none is being varied.
@@ -42,10 +45,26 @@ private:
     void CollegaRighe();
     void tdbListaDir_DblClick(int Riga);
     void tdbDir_CellaScritta();
+    void ApriIlCatalogo();
+
+    // ---- SchedaSpese_Offerta.cpp: the amount in force of a line just inserted
+    void CollegaOfferta();
+    void OffriImporto(int Riga);
+    void SeguiRiga();  ///< an offer whose line is no longer the one in hand goes
+    void AccettaOfferta();
+    [[nodiscard]] std::optional<int> RigaInOfferta() const;
+
+    /// The line that an amount is offered for, by its key.
+    struct ImportoInOfferta
+    {
+        quint64 Chiave = 0;
+        ImportoDiLegge Importo;
+    };
 
     Parcella& Nota;
     RigheInComune& Comune;
     CorniceNota& Cornice;
     std::unique_ptr<Ui::SchedaSpese> ui;
     ComandiRighe* Comandi = nullptr;
+    std::optional<ImportoInOfferta> Offerto;
 };

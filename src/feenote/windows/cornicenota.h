@@ -23,6 +23,8 @@ public:
     /// The record was worked on: its mark is shown, with what follows it (the recovery copy, the partner's
     /// sums).
     virtual void Cambiata() = 0;
+    /// The same, and the step that can be taken back has this name.
+    virtual void CambiataDa(const QString& Passo) = 0;
     /// Writes the controls of every page, the banner and the sums from the record, signals held back, and
     /// gives the focus that a rule asked for.
     virtual void MostraTutto() = 0;

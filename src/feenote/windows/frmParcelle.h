@@ -23,6 +23,7 @@
 
 struct CopiaRecupero;
 struct RichiestaRubrica;
+struct SpesaDiLegge;
 class PannelloCatena;
 class SchedaAcconti;
 class SchedaDatiBase;
@@ -97,6 +98,9 @@ public:
     /// Opens the address book, once the field in edit was left; nothing while there is none. See CorniceNota.
     void CliCon(int Elemento, bool DaStampa, const QString& MenuStart) override;
     void ScegliNome(int Elemento, int Chiave) override;
+    /// Writes exempt expenses that come from another window, as one step.
+    /// @return why it could not be done, in lower case; empty when it was
+    [[nodiscard]] QString PortaSpese(const QList<SpesaDiLegge>& Nuove);
     /// The window of the associated note has changed: its figures are taken anew.
     void SocioCambiato();
     /// The note's name, in the record and in its place; the title is the window's own.
@@ -208,7 +212,8 @@ private:
     void CopiaInAttesa();  ///< the copy that is due, at once
 
     // ---- for the pages
-    void Cambiata() override;
+    void Cambiata() override { CambiataDa({}); }
+    void CambiataDa(const QString& Passo) override;
     void Ricomponi() override;
     [[nodiscard]] bool BaseValida() const override { return BaseVista; }
     bool AnnullaPasso() override;

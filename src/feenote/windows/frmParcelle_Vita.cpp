@@ -357,12 +357,12 @@ void frmParcelle::SetModificata(bool Valore)
     AvvisaAssociate(*this);
 }
 
-void frmParcelle::Cambiata()
+void frmParcelle::CambiataDa(const QString& Passo)
 {
     (void)RivediStato();
     SetModificata(Nota.Modificata);
     ui->pieCatena->Cambiata();
-    Storia.Segna(Nota);
+    Storia.Segna(Nota, Passo);
     MostraAnnulla();
 }
 

@@ -10,6 +10,11 @@
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 
+#include <QMdiArea>
+#include <QMdiSubWindow>
+
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -21,6 +26,24 @@ void Ognuna(Azione Fai)
     for (int i = 1; i <= UltimaParcella(); ++i)
         if (frmParcelle* Finestra = Parcelle(i); Finestra && !InfoParcelle[size_t(i)].Libera)
             Fai(*Finestra);
+}
+
+/// The windows of the frame as they were in front, the last one first.
+QList<QMdiSubWindow*> ComeDavanti(const frmParcelle& Una)
+{
+    const auto* Sotto = qobject_cast<const QMdiSubWindow*>(Una.parentWidget());
+    QList<QMdiSubWindow*> Tutte =
+        Sotto ? Sotto->mdiArea()->subWindowList(QMdiArea::ActivationHistoryOrder) : QList<QMdiSubWindow*>();
+    std::ranges::reverse(Tutte);
+    return Tutte;
+}
+
+/// A note as a list shows it: one without a file by its client too.
+QString TitoloInElenco(const frmParcelle& Finestra)
+{
+    const QString Cliente = Finestra.Nota.txtCliente.Testo.simplified();
+    return Finestra.Nota.Percorso.isEmpty() && !Cliente.isEmpty() ? Finestra.Titolo() + u" - "_s + Cliente
+                                                                  : Finestra.Titolo();
 }
 
 bool StessoPercorso(const QString& Uno, const QString& Altro)
@@ -101,6 +124,28 @@ QSet<QString> NoteAperte()
             File.insert(PercorsoNativo(Finestra.Nota.Percorso));
     });
     return File;
+}
+
+QList<NotaInVista> NoteInVista()
+{
+    QList<NotaInVista> Tutte;
+    QList<qsizetype> Posti;
+    Ognuna([&](const frmParcelle& Finestra) {
+        const qsizetype Davanti =
+            ComeDavanti(Finestra).indexOf(qobject_cast<QMdiSubWindow*>(Finestra.parentWidget()));
+        const auto Dopo = std::ranges::upper_bound(Posti, Davanti);
+        Tutte.insert(Dopo - Posti.begin(), {Finestra.Indice(), Finestra.Numero(), TitoloInElenco(Finestra)});
+        Posti.insert(Dopo, Davanti);
+    });
+    return Tutte;
+}
+
+QString PortaNellaNota(const NotaInVista& Dove, const QList<SpesaDiLegge>& Spese)
+{
+    frmParcelle* Finestra = Parcelle(Dove.Indice);
+    if (!Finestra || Dove.Numero <= 0 || Finestra->Numero() != Dove.Numero)
+        return u"la parcella non è più aperta"_s;
+    return Finestra->PortaSpese(Spese);
 }
 
 void NotaRinominata(const QString& Vecchio, const QString& Nuovo)

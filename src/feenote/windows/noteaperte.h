@@ -1,6 +1,9 @@
 // What happens to a file that is open in windows of notes.
 #pragma once
 
+#include "core/spesedilegge.h"
+
+#include <QList>
 #include <QSet>
 #include <QString>
 #include <QVariant>
@@ -34,6 +37,13 @@ void LasciaSceltaTariffa();
 
 /// The files of the notes on screen.
 [[nodiscard]] QSet<QString> NoteAperte();
+
+/// The notes on screen for whoever brings something into one: the one in front first, the others as they were
+/// in front before.
+[[nodiscard]] QList<NotaInVista> NoteInVista();
+
+/// Writes exempt expenses into a note. @return why it could not be done, in lower case; empty when it was
+[[nodiscard]] QString PortaNellaNota(const NotaInVista& Dove, const QList<SpesaDiLegge>& Spese);
 
 /// A file bears another name: the windows that hold it go on with it under that name, and so do those of
 /// notes with which it is associated.

@@ -88,7 +88,7 @@ void TestSchedaSpese::laSpesaInseritaAspettaLImporto()
     } else {
         DoppioClic(Lista, 1);
     }
-    QCOMPARE(QApplication::focusWidget(), Righe->Vista());
+    QCOMPARE(QApplication::focusWidget(), LaCella(Righe));
     Digita(u"98,50"_s);
     Premi(Qt::Key_Return);
     QCOMPARE(F->Nota.xDiritti(0, DirImponibile).toDouble(), 98.5);
