@@ -2,6 +2,7 @@
 
 #include "calculators/windows/finestracalcolo.h"
 #include "calculators/windows/pannellocontributo.h"
+#include "calculators/windows/portanota.h"
 #include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
@@ -72,6 +73,7 @@ frmContrib::frmContrib() : ui(std::make_unique<Ui::frmContrib>())
     ui->VScroll1->setTracking(false);
     ui->VScroll1->setFocusPolicy(Qt::StrongFocus);
     ImpostaMenu(this, {{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New, [this] { mnuNew_Click(); }}});
+    CollegaPorte();
     PreparaModulo(this, u"contrib"_s);
     Collegamenti();
 }
@@ -79,6 +81,7 @@ frmContrib::frmContrib() : ui(std::make_unique<Ui::frmContrib>())
 frmContrib::~frmContrib()
 {
     disconnect(qApp, nullptr, this, nullptr);
+    delete Porte;  // a dialog that goes moves the focus once more
 }
 
 void frmContrib::Collegamenti()
@@ -193,6 +196,7 @@ void frmContrib::AbilitaCopia(int Indice)
 {
     fraContrib->cmdCopia(Indice)->setEnabled(!Contributi[size_t(Indice)].isEmpty() ||
                                              !fraContrib->txtValore(Indice)->text().isEmpty());
+    Porte->Aggiorna();
 }
 
 // The tax appeal stays: this entry has always left it.

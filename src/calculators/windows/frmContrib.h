@@ -3,12 +3,15 @@
 
 #include "calculators/modContributo.h"
 #include "calculators/windows/sceltanorme.h"
+#include "core/spesedilegge.h"
 
 #include <QDialog>
 
 #include <memory>
 
 class PannelloContributo;
+class PortaNota;
+class QCheckBox;
 class QWindow;
 
 namespace Ui {
@@ -38,6 +41,9 @@ protected:
 private:
     void Collegamenti();
     void CambiaNorme();
+    // ---- frmContrib_Porta.cpp: the fees go into a note
+    void CollegaPorte();
+    [[nodiscard]] QList<SpesaDiLegge> SpeseDi(int Indice) const;
     void ImpostaMisura();
     void ScorriA(int Alto);
     void Scorri(int Passo);
@@ -52,6 +58,8 @@ private:
     std::unique_ptr<Ui::frmContrib> ui;
     std::unique_ptr<SceltaNorme> Scelta;
     PannelloContributo* fraContrib;
+    PortaNota* Porte = nullptr;
+    QCheckBox* chkAnticipazione = nullptr;
     TestiContributo Contributi;
     int UltimoScorrimento = 0;  ///< the bar at its last change, or where the page moved it to
     bool DaAltraFinestra =

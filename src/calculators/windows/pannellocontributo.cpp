@@ -150,6 +150,11 @@ QWidget* PannelloContributo::RigaValore(int Indice, const QString& Nome)
     Copia->setToolTip(u"Copia il contributo (Ctrl+C)"_s);
     Copia->setAccessibleName(u"Copia il contributo, "_s + Nome);
 
+    auto* Porta = new QToolButton;
+    Porta->setObjectName(u"cmdPorta"_s + Suffisso);
+    Porta->setFocusPolicy(Qt::StrongFocus);
+    Porta->setAccessibleName(u"Porta nella parcella, "_s + Nome);
+
     Fila->addStretch(1);
     Fila->addWidget(DidValore);
     Fila->addWidget(Valore);
@@ -157,10 +162,12 @@ QWidget* PannelloContributo::RigaValore(int Indice, const QString& Nome)
     Fila->addWidget(new QLabel(u"Contributo:"_s));
     Fila->addWidget(Contributo);
     Fila->addWidget(Copia);
+    Fila->addWidget(Porta);
 
     Valori[size_t(Indice)] = Valore;
     Contributi[size_t(Indice)] = Contributo;
     Copie[size_t(Indice)] = Copia;
+    Porte[size_t(Indice)] = Porta;
     return Riga;
 }
 

@@ -39,6 +39,7 @@ public:
 
     [[nodiscard]] QLineEdit* txtValore(int Indice) const { return Valori[size_t(Indice)]; }
     [[nodiscard]] QLabel* lblContr(int Indice) const { return Contributi[size_t(Indice)]; }
+    [[nodiscard]] QToolButton* cmdPorta(int Indice) const { return Porte[size_t(Indice)]; }
     [[nodiscard]] QToolButton* cmdCopia(int Indice) const { return Copie[size_t(Indice)]; }
     /// Takes this width and the height that its text needs there.
     void Allarga(int Larghezza);
@@ -51,4 +52,5 @@ private:
     std::array<QLineEdit*, CampiContributo> Valori{};
     std::array<QLabel*, CampiContributo> Contributi{};
     std::array<QToolButton*, CampiContributo> Copie{};
+    std::array<QToolButton*, CampiContributo> Porte{};
 };

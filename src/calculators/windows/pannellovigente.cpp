@@ -217,6 +217,7 @@ void PannelloVigente::Calcola()
 
 void PannelloVigente::Mostra(const EsitoContributo& Esito)
 {
+    Ultimo = Esito;
     Passi = Esito.Passi;
     Righe.Azzera(NumColonne);
     for (const PassoContributo& Passo : std::as_const(Passi)) {
@@ -237,6 +238,7 @@ void PannelloVigente::Mostra(const EsitoContributo& Esito)
     ui->lblNoteVigente->setPalette({});
     ui->lblNoteVigente->setText(Esito.Note.join(u'\n'));
     ui->cmdCopiaVigente->setEnabled(Trovato);
+    Q_EMIT Calcolato();
 }
 
 void PannelloVigente::MostraErrore(const QString& Frase)
@@ -265,4 +267,22 @@ QString PannelloVigente::TestoCopia() const
         if (!Sotto->text().isEmpty())
             Testo << Sotto->text();
     return Testo.join(u'\n');
+}
+
+QList<SpesaDiLegge> PannelloVigente::Spese() const
+{
+    const auto Giorno = ui->mskDeposito->Data();
+    QList<SpesaDiLegge> Tutte;
+    if (!Giorno)
+        return Tutte;
+    if (Ultimo.ContributoEuro > 0)
+        Tutte.append({VoceDiLegge::Contributo, Ultimo.ContributoEuro, *Giorno});
+    if (Ultimo.NotificheEuro > 0)
+        Tutte.append({VoceDiLegge::Anticipazione, Ultimo.NotificheEuro, *Giorno});
+    return Tutte;
+}
+
+void PannelloVigente::AggiungiAccanto(QWidget* Cosa)
+{
+    ui->rigaCifra->addWidget(Cosa);
 }

@@ -28,6 +28,14 @@ public:
     void Svuota();
     /// The amount as one pastes it, empty while there is none.
     [[nodiscard]] QString Importo() const;
+    /// The fee and the lump sum for notifications as expenses of the day of filing; none while there is no
+    /// fee.
+    [[nodiscard]] QList<SpesaDiLegge> Spese() const;
+    /// Behind the amount and its button.
+    void AggiungiAccanto(QWidget* Cosa);
+
+Q_SIGNALS:
+    void Calcolato();  ///< the amount may be another one
 
 private:
     void Colonne();
@@ -45,5 +53,6 @@ private:
     std::shared_ptr<const Norme> Insieme;
     QList<ProcedimentoContributo> Procedimenti;
     QList<PassoContributo> Passi;
+    EsitoContributo Ultimo;
     TabellaRighe Righe;
 };

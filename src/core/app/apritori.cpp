@@ -3,6 +3,7 @@
 #include "addressbook/richiesta.h"
 #include "addressbook/windows/frmImporta.h"
 #include "addressbook/windows/rubriche.h"
+#include "calculators/norme/contributovigente.h"
 #include "calculators/windows/frmCodFis.h"
 #include "calculators/windows/frmContrib.h"
 #include "calculators/windows/frmInteressi.h"
@@ -92,6 +93,9 @@ void RiempiParcelle()
     Aperture.SceltaDaRubrica = ConsegnaScelta;
     Aperture.NominativoCambiato = SegueNominativo;
     Aperture.OffriRecupero = OffriRecupero;
+    Aperture.NoteInVista = NoteInVista;
+    Aperture.PortaSpese = PortaNellaNota;
+    Aperture.AnticipazioneNotifiche = AnticipazioneInVigore;
     Aperture.SchedaCorrente = [](int Indice) {
         const frmParcelle* Finestra = Parcelle(Indice);
         return Finestra ? Finestra->Scheda() : -1;
