@@ -31,6 +31,7 @@ public:
             Avviati += Programma + u'|' + Argomenti.join(u'|') + u'|' + Cartella;
             return EsitoAvvio;
         };
+        Servizi.HaProgramma = [this](const QString&) { return ConProgramma; };
         Servizi.Clessidra = [this](bool Attiva) { Puntatore += Attiva ? u'+' : u'-'; };
         Precedente = InstallaShell(std::move(Servizi));
     }
@@ -56,6 +57,7 @@ public:
     QStringList Avviati;
     QString Puntatore;
     int EsitoAvvio = 0;
+    bool ConProgramma = true;  ///< the system knows one for documents
 
 private:
     Shell Precedente;

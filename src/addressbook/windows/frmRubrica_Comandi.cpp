@@ -11,6 +11,7 @@
 #include "platform/grid/griglia.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
+#include "platform/system/esportato.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
@@ -236,10 +237,10 @@ void frmRubrica::Esporta()
         ScriviFile(File, EsportaNominativi(Righe, FormatoDi(File), Scelte), Lettori::SoloUtente);
     }
     const int Quanti = Scelte.isEmpty() ? Righe.RecordCount() : int(Scelte.size());
-    MsgBox(
+    MostraEsportato(
         (Quanti == 1 ? u"1 nominativo esportato"_s : Format(Quanti, u"#,##0") + u" nominativi esportati"_s) +
             u" in \""_s + NomeFile(File) + u"\"."_s,
-        vbOKOnly | vbInformation, TitoloMessaggio.toString());
+        File);
 }
 
 void frmRubrica::RileggiTabella()

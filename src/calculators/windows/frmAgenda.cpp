@@ -6,6 +6,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/system/cartelle.h"
+#include "platform/system/esportato.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
@@ -108,5 +109,5 @@ void frmAgenda::cmdSalva_Click()
     if (Scelto.isEmpty())
         return;
     const QString File = SalvaIcs(Scelto, Voci);
-    MsgBox(u"Le scadenze sono state salvate in "_s + File, vbInformation, TitoloMessaggio.toString());
+    MostraEsportato(u"Le scadenze sono state salvate in "_s + File, File);
 }

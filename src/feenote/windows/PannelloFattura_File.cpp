@@ -15,6 +15,7 @@
 #include "feenote/windows/ui_PannelloFattura.h"
 #include "platform/base/errore.h"
 #include "platform/kit/campo.h"
+#include "platform/system/esportato.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/orologio.h"
@@ -132,7 +133,7 @@ void PannelloFattura::Scrivi(const QString& Cartella, int Atteso)
     QString Detto = u"La fattura elettronica è stata scritta nel file %1."_s.arg(Nome);
     if (Preso != Atteso)
         Detto += u"\nIl numero proposto era già stato preso da un altro programma."_s;
-    MsgBox(Detto, vbInformation, TitoloMessaggio.toString());
+    MostraEsportato(Detto, Barra(Cartella) + Nome);
 }
 
 void PannelloFattura::cmdControllaXml_Click()

@@ -5,6 +5,7 @@
 #include "core/posti.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
+#include "platform/system/esportato.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
@@ -22,6 +23,17 @@ std::optional<Errore> Aggiorna(const std::function<std::optional<Errore>()>& Ric
     } catch (...) {
         return ErroreCorrente();
     }
+}
+
+/// The desktop says nothing of a document that no program opens.
+void MostraInWord(int Indice)
+{
+    const QString File = FileDocumento(Indice);
+    EseguiComando(u"printword"_s, Indice, QString());
+    if (!HaProgramma(File))
+        MostraEsportato(u"Nessun programma di questo computer apre i documenti di testo.\nIl documento "_s +
+                            NomeFile(File) + u" è stato scritto nella cartella "_s + CartellaFile(File),
+                        File);
 }
 
 }  // namespace
@@ -47,7 +59,7 @@ void EsportaInWord(int Indice, const std::function<std::optional<Errore>()>& Ric
     else if (Esito)
         GestioneErrori(*Esito);
     else
-        EseguiComando(u"printword"_s, Indice, QString());
+        MostraInWord(Indice);
 }
 
 void AvviaEditor(int Indice)

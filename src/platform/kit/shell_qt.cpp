@@ -2,6 +2,7 @@
 
 #include "platform/base/errore.h"
 #include "platform/kit/campo.h"
+#include "platform/kit/collega.h"
 #include "platform/system/file.h"
 
 #include <QApplication>
@@ -113,6 +114,29 @@ int Avvia(const QString& Programma, const QStringList& Argomenti, const QString&
     return QProcess::startDetached(Programma, Argomenti, Cartella) ? 0 : errori::Argomento;
 }
 
+int Segui(const QString& Programma, const QStringList& Argomenti, std::function<void(int Esito)> AllaFine)
+{
+    // It belongs to nobody: the end of the object would be that of a program which goes on behind this one.
+    auto* Avviato = new QProcess;
+    Avviato->setProgram(Programma);
+    Avviato->setArguments(Argomenti);
+    Avviato->setStandardInputFile(QProcess::nullDevice());
+    Avviato->setStandardOutputFile(QProcess::nullDevice());
+    Avviato->setStandardErrorFile(QProcess::nullDevice());
+    const auto Finito = [Avviato, AllaFine = std::move(AllaFine)](int Esito, QProcess::ExitStatus Come) {
+        Avviato->deleteLater();
+        AllaFine(Come == QProcess::NormalExit ? Esito : -1);
+    };
+    Collega(Avviato, &QProcess::finished, qApp, Finito);
+    Avviato->start(QIODevice::NotOpen);
+    constexpr int AttesaMs = 3000;
+    if (!Avviato->waitForStarted(AttesaMs)) {
+        delete Avviato;
+        return errori::NessunProgramma;
+    }
+    return 0;
+}
+
 /// On and off do not add up: one "off" is enough, however many procedures have asked for it.
 void PuntatoreOccupato(bool Attiva)
 {
@@ -149,6 +173,7 @@ Shell ShellQt()
     Servizi.HaProgramma = ProgrammaPer;
     Servizi.ApriPdf = ApriPdf;
     Servizi.Avvia = Avvia;
+    Servizi.Segui = Segui;
     Servizi.Clessidra = PuntatoreOccupato;
     Servizi.Campanello = [] { QApplication::beep(); };
     Servizi.ProssimoCampo = FuocoAvanti;

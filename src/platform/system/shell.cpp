@@ -70,6 +70,13 @@ int AvviaProgramma(const QString& Programma, const QStringList& Argomenti, const
     return Avvia ? Avvia(Programma, Argomenti, Cartella) : errori::NessunProgramma;
 }
 
+int SeguiProgramma(const QString& Programma, const QStringList& Argomenti,
+                   std::function<void(int Esito)> AllaFine)
+{
+    const auto Segui = Installata().Segui;
+    return Segui ? Segui(Programma, Argomenti, std::move(AllaFine)) : errori::NessunProgramma;
+}
+
 void Clessidra(bool Attiva)
 {
     if (const auto& Mostra = Installata().Clessidra)

@@ -21,6 +21,12 @@ struct Shell
     std::function<int(const QString& File, int Pagina)> ApriPdf;
     /// Starts a program with arguments in a folder; 0, or an error number.
     std::function<int(const QString& Programma, const QStringList& Argomenti, const QString& Cartella)> Avvia;
+    /// Starts a program with arguments beside this one, which it may outlive. 0, or an error number where it
+    /// does not start. `AllaFine` gets its exit status when it ends, -1 where it broke down; nothing where it
+    /// has not started, or goes on when this program ends.
+    std::function<int(const QString& Programma, const QStringList& Argomenti,
+                      std::function<void(int Esito)> AllaFine)>
+        Segui;
     std::function<void(bool Attiva)> Clessidra;  ///< busy pointer on or off
     std::function<void()> Campanello;
     std::function<void()> ProssimoCampo;  ///< moves the focus on, as the Tab key does
@@ -38,6 +44,8 @@ int ApriIndirizzoConSistema(const QString& Indirizzo);
 bool HaProgramma(const QString& File);  ///< false without a table
 int ApriPdfConSistema(const QString& File, int Pagina);
 int AvviaProgramma(const QString& Programma, const QStringList& Argomenti, const QString& Cartella);
+int SeguiProgramma(const QString& Programma, const QStringList& Argomenti,
+                   std::function<void(int Esito)> AllaFine);
 void Clessidra(bool Attiva);  ///< this and the next two do nothing without a table
 void Campanello();
 void ProssimoCampo();

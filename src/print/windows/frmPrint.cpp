@@ -6,11 +6,13 @@
 #include "platform/preview/barraanteprima.h"
 #include "platform/preview/stampante.h"
 #include "platform/preview/vistastampa.h"
+#include "platform/system/esportato.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/shell.h"
 
 #include <QKeyEvent>
 #include <QStatusBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -48,6 +50,7 @@ frmPrint::frmPrint() : Vista(new VistaStampa), Barra(new BarraAnteprima(this))
     Vista->setObjectName(u"vpFree"_s);
     Posto->addWidget(Vista);
     setCentralWidget(Cornice);
+    CreaApriCartella();
     statusBar()->hide();  // it is there while it has something to say
     Collega(statusBar(), &QStatusBar::messageChanged, this,
             [this](const QString& Testo) { statusBar()->setVisible(!Testo.isEmpty()); });
@@ -55,6 +58,18 @@ frmPrint::frmPrint() : Vista(new VistaStampa), Barra(new BarraAnteprima(this))
 
     aspetto::RicordaPostoDi(this, objectName());
     Barra->MostraPagina();
+}
+
+void frmPrint::CreaApriCartella()
+{
+    auto* cmdApriCartella = new QToolButton;
+    cmdApriCartella->setObjectName(u"cmdApriCartella"_s);
+    cmdApriCartella->setText(u"Apri cartella"_s);
+    cmdApriCartella->setToolTip(u"Apre la cartella del documento salvato"_s);
+    cmdApriCartella->setAutoRaise(true);
+    statusBar()->addPermanentWidget(cmdApriCartella);
+    Collega<QAbstractButton>(cmdApriCartella, &QAbstractButton::clicked, this,
+                             [this] { ApriCartellaDi(Salvato); });
 }
 
 void frmPrint::CreaBarra()
@@ -86,8 +101,10 @@ void frmPrint::Esporta()
 {
     const QString Cartella = CartellaSpeciale(CartellaDocumenti);
     const QString Fatto = EsportaPdf(*Vista, Cartella, Documento);
-    if (!Fatto.isEmpty())
-        statusBar()->showMessage(u"Salvato in "_s + Fatto);
+    if (Fatto.isEmpty())
+        return;
+    Salvato = Fatto;
+    statusBar()->showMessage(u"Salvato in "_s + Fatto);
 }
 
 void frmPrint::Mostra(const QString& Suffisso)

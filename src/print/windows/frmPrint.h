@@ -29,12 +29,14 @@ protected:
 
 private:
     void CreaBarra();
+    void CreaApriCartella();
     void Stampa();
     void Esporta();
 
     VistaStampa* Vista;
     BarraAnteprima* Barra;
     QString Documento;  ///< what the window shows, as a file name
+    QString Salvato;    ///< the PDF written last
 };
 
 /// Composes a document on the one frmPrint and shows it.

@@ -31,6 +31,8 @@ class TestBottoniEsporta : public QObject
 
 private Q_SLOTS:
     void word();
+    void senzaWordDiceDove_data();
+    void senzaWordDiceDove();
     void wordInUso_data();
     void wordInUso();
     void wordMancante();
@@ -49,6 +51,29 @@ void TestBottoniEsporta::word()
     QCOMPARE(B.Aperti, QStringList{B.File()});
     QVERIFY(EsisteFile(B.File()));
     QCOMPARE(B.Puntatore, u"+-"_s);
+}
+
+void TestBottoniEsporta::senzaWordDiceDove_data()
+{
+    QTest::addColumn<int>("Risposta");
+    QTest::newRow("letto") << vbNo;
+    QTest::newRow("apre la cartella") << vbYes;
+}
+
+/// The command runs all the same, and the desktop keeps silent about it.
+void TestBottoniEsporta::senzaWordDiceDove()
+{
+    QFETCH(int, Risposta);
+    Banco B;
+    B.ConProgramma = false;
+    Registratore Voce;
+    Voce.Attendi(u"Nessun programma di questo computer apre i documenti di testo.\n"
+                 "Il documento rossi.doc è stato scritto nella cartella "_s +
+                     CartellaFile(B.File()),
+                 Risposta, u"Messaggio:"_s);
+    Word(B);
+    QCOMPARE(B.Aperti,
+             Risposta == vbYes ? QStringList({B.File(), CartellaFile(B.File())}) : QStringList{B.File()});
 }
 
 void TestBottoniEsporta::wordInUso_data()

@@ -316,6 +316,7 @@ void TestRicomposizione::laCasellaLasciataDalComando()
 {
     Shell Finta;
     Finta.ApriFile = [](const QString&) { return 0; };
+    Finta.HaProgramma = [](const QString&) { return true; };
     const Shell Vera = InstallaShell(Finta);
     const auto Rimetti = qScopeGuard([&] { InstallaShell(Vera); });
     Documento(StampaPrenotula);

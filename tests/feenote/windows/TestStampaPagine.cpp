@@ -165,6 +165,7 @@ void TestStampaPagine::word()
         Letto = LeggiFile(File);
         return 0;
     };
+    Finta.HaProgramma = [](const QString&) { return true; };
     const Shell Vera = InstallaShell(Finta);
     const auto Rimetti = qScopeGuard([&] { InstallaShell(Vera); });
     QVERIFY2(!Controllo(F, "barPrint_word")->isEnabled(), "senza documento non c'è nulla da esportare");

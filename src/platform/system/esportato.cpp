@@ -1,0 +1,23 @@
+#include "platform/system/esportato.h"
+
+#include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
+
+using namespace Qt::StringLiterals;
+
+void MostraEsportato(const QString& Testo, const QString& File)
+{
+    if (MsgBoxPulsanti(Testo, vbYesNo + vbInformation + vbDefaultButton2, TitoloMessaggio.toString(),
+                       {u"Apri cartella"_s, u"OK"_s}) == vbYes)
+        ApriCartellaDi(File);
+}
+
+void ApriCartellaDi(const QString& File)
+{
+    const QString Cartella = CartellaFile(PercorsoNativo(File));
+    if (ApriConSistema(Cartella) != 0)
+        MsgBox(
+            u"Non è stato possibile aprire la cartella %1: aprirla con il gestore dei file."_s.arg(Cartella),
+            vbExclamation, TitoloAvvertenza.toString());
+}

@@ -1,0 +1,12 @@
+// What the program says of a file that it has just written, and the way to it.
+#pragma once
+
+#include <QString>
+
+/// Says that a file was written, as a message box does, with a second button that opens its folder. Enter and
+/// Esc mean that it was read.
+/// @param Testo the whole sentence
+void MostraEsportato(const QString& Testo, const QString& File);
+
+/// Opens the folder of a file in the system's file manager; a message says so where the system opens none.
+void ApriCartellaDi(const QString& File);
