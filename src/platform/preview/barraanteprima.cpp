@@ -31,6 +31,21 @@ constexpr std::array VociZoom{
     VoceZoom{u"80%", 80},   VoceZoom{u"70%", 70},   VoceZoom{u"Adatta", AlFoglio},
 };
 
+/// A fit to the window that lasts: the window remembers it.
+struct VoceAdattamento
+{
+    QStringView Scritta;
+    QStringView Chiave;
+    int Modo;
+    QKeyCombination Tasto;
+};
+
+constexpr std::array VociAdattamento{
+    VoceAdattamento{u"Pagina intera", u"paginaintera", VistaStampa::ZoomIntera, Qt::CTRL | Qt::Key_1},
+    VoceAdattamento{u"Larghezza pagina", u"larghezzapagina", VistaStampa::ZoomLarghezza,
+                    Qt::CTRL | Qt::Key_2},
+};
+
 }  // namespace
 
 BarraAnteprima::BarraAnteprima(QWidget* Padre) : QToolBar(Padre)
@@ -68,6 +83,7 @@ void BarraAnteprima::AggiungiZoom()
         ImpostaScala(MisuraVera);
     });
     auto* Menu = new QMenu(this);
+    Menu->setObjectName(u"menuZoom"_s);
     for (const VoceZoom& Voce : VociZoom) {
         QAction* Scelta = Menu->addAction(Voce.Scritta.toString());
         Scelta->setObjectName(u'z' + QString::number(Voce.Numero));
@@ -75,6 +91,22 @@ void BarraAnteprima::AggiungiZoom()
             if (ConcludiCampo())
                 ImpostaScala(Voce.Numero);
         });
+    }
+    Menu->addSeparator();
+    for (const VoceAdattamento& Voce : VociAdattamento) {
+        QAction* Scelta = Menu->addAction(Voce.Scritta.toString());
+        Scelta->setObjectName(Voce.Chiave.toString());
+        // Shown alone: the keys are the preview's, which has them while the reader is there.
+        Scelta->setShortcut(QKeySequence(Voce.Tasto));
+        Scelta->setShortcutContext(Qt::WidgetShortcut);
+        Scelta->setShortcutVisibleInContextMenu(true);
+        Scelta->setCheckable(true);
+        Collega(Scelta, &QAction::triggered, this, [this, Voce] {
+            if (ConcludiCampo())
+                Vista->ImpostaZoomMode(Voce.Modo);
+        });
+        const auto Segna = [this, Scelta, Voce] { Scelta->setChecked(Vista->ZoomMode() == Voce.Modo); };
+        Collega(Menu, &QMenu::aboutToShow, Scelta, Segna);
     }
     Tasto->setMenu(Menu);
     qobject_cast<QToolButton*>(widgetForAction(Tasto))->setPopupMode(QToolButton::MenuButtonPopup);

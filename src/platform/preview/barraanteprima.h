@@ -25,7 +25,8 @@ public:
     /// The buttons "up" and "down": the page before and behind the one in view.
     void AggiungiPagine();
     /// The button "zoom": fitted first, then the true size; its menu, with the keys "z120" to "z70" in
-    /// percent, and "z999", which fits the page to the window.
+    /// percent, and "z999", which fits the page to the window; below them "paginaintera" and
+    /// "larghezzapagina", of which the one in force is marked.
     void AggiungiZoom();
     /// txtPage: the page in view and how many there are.
     void AggiungiNumero();

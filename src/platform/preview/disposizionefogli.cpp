@@ -26,9 +26,13 @@ double DisposizioneFogli::PixelPerMm(double Percento)
 
 double DisposizioneFogli::PercentoAdatto(QSizeF FoglioMm, QSize Finestra)
 {
-    const double Larghezza = std::max(1, Finestra.width() - 2 * Margine) / FoglioMm.width();
     const double Altezza = std::max(1, Finestra.height() - 2 * Margine) / FoglioMm.height();
-    return std::min(Larghezza, Altezza) / PixelPerMm(1.0);
+    return std::min(PercentoLarghezza(FoglioMm, Finestra), Altezza / PixelPerMm(1.0));
+}
+
+double DisposizioneFogli::PercentoLarghezza(QSizeF FoglioMm, QSize Finestra)
+{
+    return std::max(1, Finestra.width() - 2 * Margine) / FoglioMm.width() / PixelPerMm(1.0);
 }
 
 QSize DisposizioneFogli::Misura() const

@@ -29,6 +29,8 @@ public:
     [[nodiscard]] static double PixelPerMm(double Percento);
     /// Largest scale in percent at which a whole sheet fits the window.
     [[nodiscard]] static double PercentoAdatto(QSizeF FoglioMm, QSize Finestra);
+    /// Largest scale in percent at which a sheet is as wide as the window, its margins included.
+    [[nodiscard]] static double PercentoLarghezza(QSizeF FoglioMm, QSize Finestra);
 
     [[nodiscard]] QSize Misura() const;  ///< of the row with its margins
     [[nodiscard]] QRect Foglio(int Pagina) const;

@@ -61,9 +61,13 @@ VistaStampa::VistaStampa(QWidget* Padre) : QWidget(Padre)
     Surface.Zoom = ZoomIniziale;
     Surface.BackColor = -1;
     Surface.Impaginatore = [this](const Documento& Doc) { return Impaginazione(Doc, Sheet).NumeroPagine(); };
+    Surface.Stringitore = [this](const Documento& Doc) {
+        return StrettezzaDi(Impaginazione(Doc, Sheet).Grado());
+    };
 
     connect(Fogli, &FogliStampa::PaginaCambiata, this, &VistaStampa::PaginaCambiata);
     connect(Fogli, &FogliStampa::ZoomCambiato, this, &VistaStampa::ZoomCambiato);
+    Collega(Fogli, &FogliStampa::AdattamentoCambiato, this, [this] { Q_EMIT ModoCambiato(ZoomMode()); });
     Collega(Fogli, &FogliStampa::PaginaCambiata, this, &VistaStampa::Descrivi);
     Collega(Fogli, &FogliStampa::SceltaCambiata, this, &VistaStampa::AnnunciaScelta);
     Collega(Fogli, &FogliStampa::CopiaChiesta, this, &VistaStampa::Copia);
@@ -147,17 +151,31 @@ void VistaStampa::ImpostaZoom(int Percento)
 void VistaStampa::ImpostaZoomMode(int Modo)
 {
     if (Modo == ZoomAdatta)
-        Fogli->AdattaAllaFinestra();
+        Fogli->AdattaAllaFinestra(Adattamento::Adatta);
+    else if (Modo == ZoomIntera)
+        Fogli->AdattaAllaFinestra(Adattamento::Pagina);
+    else if (Modo == ZoomLarghezza)
+        Fogli->AdattaAllaFinestra(Adattamento::Larghezza);
+}
+
+int VistaStampa::ZoomMode() const
+{
+    switch (Fogli->Adattato()) {
+    case Adattamento::Adatta:
+        return ZoomAdatta;
+    case Adattamento::Pagina:
+        return ZoomIntera;
+    case Adattamento::Larghezza:
+        return ZoomLarghezza;
+    case Adattamento::Nessuno:
+        break;
+    }
+    return ZoomLibero;
 }
 
 int VistaStampa::Zoom() const
 {
     return Fogli->Zoom();
-}
-
-bool VistaStampa::Adattato() const
-{
-    return Fogli->Adattato();
 }
 
 // ---- text -----------------------------------------------------------------------------------------
@@ -278,8 +296,14 @@ std::function<void()> VistaStampa::ComandoDi(const QKeyEvent* Evento)
         return [this, Maiuscole] { VaiATrovata(!Maiuscole); };
     if (Evento->key() == Qt::Key_Escape && !Barra->isHidden())
         return [this] { ChiudiRicerca(); };
-    if (Evento->modifiers() == Qt::ControlModifier && Evento->key() == Qt::Key_0)
-        return [this] { ImpostaZoom(100); };
+    if (Evento->modifiers() == Qt::ControlModifier) {
+        if (Evento->key() == Qt::Key_0)
+            return [this] { ImpostaZoom(100); };
+        if (Evento->key() == Qt::Key_1)
+            return [this] { ImpostaZoomMode(ZoomIntera); };
+        if (Evento->key() == Qt::Key_2)
+            return [this] { ImpostaZoomMode(ZoomLarghezza); };
+    }
     const std::array<std::pair<QKeySequence::StandardKey, std::function<void()>>, 7> Comandi{{
         {QKeySequence::Find, [this] { ApriRicerca(); }},
         {QKeySequence::FindNext, [this] { CercaSuccessivo(); }},

@@ -19,9 +19,9 @@ class QLabel;
 /// edges, a double click takes the word, a third one the cell or paragraph, Shift+click extends.
 ///
 /// Keys: arrows, PgUp, PgDn, Home and End scroll, with Shift the arrows, Home and End extend the selection;
-/// Ctrl with plus, minus and 0 zooms. Ctrl+C copies, Ctrl+A selects all. Ctrl+F, F3 and Shift+F3 search; Esc
-/// closes the search. PaginaInVista is the page of which most is on view, or the one last asked for until
-/// the reader scrolls.
+/// Ctrl with plus, minus and 0 zooms, Ctrl+1 fits the whole page, Ctrl+2 its width. Ctrl+C copies, Ctrl+A
+/// selects all. Ctrl+F, F3 and Shift+F3 search; Esc closes the search. PaginaInVista is the page of which
+/// most is on view, or the one last asked for until the reader scrolls.
 class VistaStampa : public QWidget
 {
     Q_OBJECT
@@ -30,7 +30,11 @@ public:
     static constexpr int ZoomMinimo = 25;
     static constexpr int ZoomMassimo = 400;
     static constexpr int ZoomIniziale = 80;
-    static constexpr int ZoomAdatta = 5;  ///< the mode that fits the page to the window
+    // The modes that fit the pages to the window.
+    static constexpr int ZoomAdatta = 5;     ///< a whole page
+    static constexpr int ZoomLarghezza = 6;  ///< its width
+    static constexpr int ZoomIntera = 7;     ///< a whole page, as a choice that is remembered
+    static constexpr int ZoomLibero = 0;     ///< none: the scale is a percentage
 
     explicit VistaStampa(QWidget* Padre = nullptr);
     ~VistaStampa() override;
@@ -64,11 +68,12 @@ public:
     /// Percent of the true size, moved into ZoomMinimo..ZoomMassimo; ends the fitting to the window. What
     /// stood at the upper edge stays there.
     void ImpostaZoom(int Percento);
-    /// ZoomAdatta fits the whole page to the window and follows its size until a zoom is chosen; other modes
-    /// change nothing.
+    /// ZoomAdatta and ZoomIntera fit the whole page to the window, ZoomLarghezza its width; they follow the
+    /// window's size until a zoom is chosen. Other modes change nothing.
     void ImpostaZoomMode(int Modo);
+    [[nodiscard]] int ZoomMode() const;
+    [[nodiscard]] bool Adattato() const { return ZoomMode() != ZoomLibero; }
     [[nodiscard]] int Zoom() const;  ///< percent on view, the fitted one too
-    [[nodiscard]] bool Adattato() const;
 
     // ---- text
     [[nodiscard]] Selezione Scelta() const;
@@ -86,6 +91,7 @@ public:
 Q_SIGNALS:
     void PaginaCambiata(int Pagina);  ///< PaginaInVista has changed, whoever moved it
     void ZoomCambiato(int Percento);  ///< Zoom has changed, by hand or by the window's size
+    void ModoCambiato(int Modo);      ///< ZoomMode has changed
 
 protected:
     void keyPressEvent(QKeyEvent* Evento) override;

@@ -10,6 +10,7 @@
 #include <QStyle>
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -98,7 +99,7 @@ void FogliStampa::PagineCambiate()
     Trovate.clear();
     Attuale = -1;
     ImpostaScelta(0, 0);
-    if (Adatta)
+    if (Adatta != Adattamento::Nessuno)
         CambiaScala(ScalaAdatta(), {});
     InDisposizione = true;
     Disponi();
@@ -152,7 +153,7 @@ void FogliStampa::scrollContentsBy(int, int)
 void FogliStampa::resizeEvent(QResizeEvent*)
 {
     const PuntoFoglio Angolo = PuntoDi({});
-    if (Adatta)
+    if (Adatta != Adattamento::Nessuno)
         CambiaScala(ScalaAdatta(), {});
     InDisposizione = true;
     Disponi();
@@ -171,25 +172,43 @@ int FogliStampa::Zoom() const
 double FogliStampa::ScalaAdatta() const
 {
     QSize Finestra = maximumViewportSize();
+    const QSizeF Foglio = Pagine.DimensioneMm();
+    const int Barra = verticalScrollBar()->sizeHint().width();
+    if (Adatta == Adattamento::Larghezza) {
+        // A bar beside the sheets makes them narrower, so that it stays where it is needed for the wider
+        // ones.
+        const double Piena = DisposizioneFogli::PercentoLarghezza(Foglio, Finestra);
+        const DisposizioneFogli Larghi(Foglio, Pagine.NumeroPagine(), Piena, Finestra);
+        if (Larghi.Misura().height() > Finestra.height())
+            Finestra.rwidth() -= Barra;
+        return DisposizioneFogli::PercentoLarghezza(Foglio, Finestra);
+    }
     if (Pagine.NumeroPagine() > 1)
-        Finestra.rwidth() -= verticalScrollBar()->sizeHint().width();
-    return DisposizioneFogli::PercentoAdatto(Pagine.DimensioneMm(), Finestra);
+        Finestra.rwidth() -= Barra;
+    return DisposizioneFogli::PercentoAdatto(Foglio, Finestra);
+}
+
+void FogliStampa::ImpostaAdattamento(Adattamento Come)
+{
+    if (std::exchange(Adatta, Come) != Come)
+        Q_EMIT AdattamentoCambiato();
 }
 
 void FogliStampa::ImpostaZoom(double Nuovo)
 {
-    Adatta = false;
+    ImpostaAdattamento(Adattamento::Nessuno);
     // What is read first stays: enlarged around the middle, a page that was whole on view would lose its
     // head.
     CambiaScala(Nuovo, {viewport()->rect().center().x() * 1.0, 0.0});
 }
 
-void FogliStampa::AdattaAllaFinestra()
+void FogliStampa::AdattaAllaFinestra(Adattamento Come)
 {
-    Adatta = true;
+    ImpostaAdattamento(Come);
     const int Pagina = InVista;
     CambiaScala(ScalaAdatta(), {});
-    VaiAllaPagina(Pagina);  // it is to be seen whole
+    if (Come != Adattamento::Larghezza)
+        VaiAllaPagina(Pagina);  // it is to be seen whole
 }
 
 void FogliStampa::PassoZoom(int Passi)
@@ -220,7 +239,7 @@ void FogliStampa::wheelEvent(QWheelEvent* Evento)
     const double Scatti = Evento->angleDelta().y() / double(QWheelEvent::DefaultDeltasPerStep);
     if (Scatti == 0.0)
         return;
-    Adatta = false;
+    ImpostaAdattamento(Adattamento::Nessuno);
     CambiaScala(Percento * std::pow(PassoDiZoom, Scatti), Evento->position());
 }
 

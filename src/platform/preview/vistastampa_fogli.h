@@ -11,6 +11,14 @@
 #include <QElapsedTimer>
 #include <QImage>
 
+/// What of a sheet fits the window, whatever its size.
+enum class Adattamento {
+    Nessuno,
+    Adatta,  ///< a whole page, for now
+    Pagina,  ///< a whole page, as a lasting choice
+    Larghezza,
+};
+
 /// Shows pages that somebody else owns. VistaStampa tells what mouse and keys do.
 class FogliStampa : public QAbstractScrollArea
 {
@@ -27,10 +35,10 @@ public:
     void VaiAllaPagina(int Pagina);
 
     [[nodiscard]] int Zoom() const;
-    [[nodiscard]] bool Adattato() const { return Adatta; }
-    void ImpostaZoom(double Percento);  ///< the middle of the window stays where it is
-    void AdattaAllaFinestra();
-    void PassoZoom(int Passi);  ///< steps in or, below 0, out
+    [[nodiscard]] Adattamento Adattato() const { return Adatta; }
+    void ImpostaZoom(double Percento);          ///< the middle of the window stays where it is
+    void AdattaAllaFinestra(Adattamento Come);  ///< follows the window's size until a scale is asked for
+    void PassoZoom(int Passi);                  ///< steps in or, below 0, out
 
     [[nodiscard]] Selezione Scelta() const { return {Ancora, Capo}; }
     void Scegli(const Selezione& Nuova);
@@ -48,6 +56,7 @@ public:
 Q_SIGNALS:
     void PaginaCambiata(int Pagina);
     void ZoomCambiato(int Percento);
+    void AdattamentoCambiato();
     void SceltaCambiata();
     void CopiaChiesta();
     void RicercaChiesta();
@@ -78,6 +87,7 @@ private:
     void Riporta(const PuntoFoglio& Punto, QPointF InFinestra);
     void Disponi();  ///< sheets and scroll bars for pages, scale and window of now
     void CambiaScala(double Percento, QPointF Fermo);
+    void ImpostaAdattamento(Adattamento Come);
     [[nodiscard]] double ScalaAdatta() const;
     void SeguiPagina();
     void AnnunciaPagina(int Pagina);
@@ -102,7 +112,7 @@ private:
     DisposizioneFogli Posti;
     QColor Fondo;
     double Percento;
-    bool Adatta = false;
+    Adattamento Adatta = Adattamento::Nessuno;
     bool InDisposizione = false;
     int InVista = 1;
 
