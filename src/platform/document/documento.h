@@ -4,8 +4,12 @@
 // of it, the paginator and the writers read it.
 #pragma once
 
+#include "platform/document/strettezza.h"
+
+#include <QByteArray>
 #include <QString>
 
+#include <optional>
 #include <variant>
 #include <vector>
 
@@ -134,6 +138,22 @@ struct Proprieta
     QString Oggetto;
 };
 
+/// A picture at the head of the first page, between the side margins. Its upper edge is DalBordoCm from the
+/// sheet's, or at the top margin where that is narrower; the text begins below it, and not above its own
+/// margin.
+struct FiguraTesta
+{
+    static constexpr double DalBordoCm = 1.5;
+    static constexpr double SottoCm = 0.4;  ///< room between it and the text
+
+    QByteArray Png;
+    double LarghezzaCm = 0.0;
+    double AltezzaCm = 0.0;
+    Allineamento Allinea = Allineamento::Sinistra;
+
+    friend bool operator==(const FiguraTesta&, const FiguraTesta&) = default;
+};
+
 /// What was composed: blocks in order, page set-up, running line.
 struct Documento
 {
@@ -145,4 +165,16 @@ struct Documento
     Carattere FontPiePagina{QStringLiteral("Times New Roman"), 8.0};
     std::vector<BloccoDocumento> Blocchi;
     Proprieta DiSe;
+    std::optional<FiguraTesta> Testa;
+    bool UnaPagina = false;  ///< the pages tighten it as far as it takes to be one, where that helps
+    Strettezza Stretta{};    ///< what it gives up for those who know no pages
 };
+
+/// Where the picture stands on the first page, and where the text below it begins, in centimetres from the
+/// sheet's upper edge. Without one the text begins at its margin.
+struct PostoTesta
+{
+    double FiguraCm = 0.0;
+    double TestoCm = 0.0;
+};
+[[nodiscard]] PostoTesta PostoDellaTesta(const Documento& Doc);

@@ -178,6 +178,16 @@ void Superficie::Subject(const QString& Testo)
     Doc.DiSe.Oggetto = TestoRegistrato(Testo).simplified();
 }
 
+void Superficie::HeadPicture(std::optional<FiguraTesta> Figura)
+{
+    Doc.Testa = std::move(Figura);
+}
+
+void Superficie::OnePage(bool Si)
+{
+    Doc.UnaPagina = Si;
+}
+
 // ---- tables ---------------------------------------------------------------------------------------
 
 void Superficie::StartTable()

@@ -71,6 +71,10 @@ public:
     /// What the document says of itself where its format has room for that; they stay like the margins.
     void Author(const QString& Nome);
     void Subject(const QString& Testo);
+    /// A picture above the first page's text; it stays like the margins.
+    void HeadPicture(std::optional<FiguraTesta> Figura);
+    /// The document is to take one page where tightening it gets it there; stays like the margins.
+    void OnePage(bool Si);
 
     // ---- tables
     void StartTable();  ///< an open table is ended first; the new one has no rows and no columns
@@ -103,6 +107,8 @@ public:
     /// Pages of the finished document; 0 while no paginator is attached or the document is open.
     [[nodiscard]] int PageCount() const;
     std::function<int(const Documento&)> Impaginatore;
+    /// How far a document has to be tightened to take one page; without it exports leave it as it is.
+    std::function<Strettezza(const Documento&)> Stringitore;
     int BackColor = 0xFFFFFF;  ///< colour behind the preview pages, 0xBBGGRR; -1 the system's window colour
     int PreviewPage = 1;
     int Zoom = 80;  ///< percent

@@ -122,5 +122,11 @@ const FontMisurato& FontDocumento::operator()(const Carattere& Quale)
 {
     const auto Suo = std::find_if(Tutti.begin(), Tutti.end(),
                                   [&](const FontMisurato& Uno) { return Uno.Chiesto == Quale; });
-    return Suo == Tutti.end() ? Tutti.emplace_back(Quale) : *Suo;
+    if (Suo != Tutti.end())
+        return *Suo;
+    Carattere Stretto = Quale;
+    Stretto.Punti = PuntiStretti(Quale.Punti, Stretta);
+    FontMisurato& Nuovo = Tutti.emplace_back(Stretto);
+    Nuovo.Chiesto = Quale;
+    return Nuovo;
 }

@@ -49,8 +49,12 @@ private:
 class FontDocumento
 {
 public:
+    explicit FontDocumento(const Strettezza& Quanto = {}) : Stretta(Quanto) {}
+
     /// Valid for the life of this object.
     [[nodiscard]] const FontMisurato& operator()(const Carattere& Quale);
+
+    const Strettezza Stretta;  ///< of the document that is laid out in them
 
 private:
     std::deque<FontMisurato> Tutti;

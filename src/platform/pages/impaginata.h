@@ -3,6 +3,8 @@
 
 #include "platform/pages/stesura.h"
 
+#include <QImage>
+
 #include <vector>
 
 /// A line of a passage where it is painted.
@@ -53,6 +55,9 @@ struct Impaginazione::Impaginata
     QString PiePagina;
     ::Proprieta Proprieta;
     FontMisurato FontPiePagina;
+    QImage Testa;      ///< at the head of the first page; null: none
+    QRectF DoveTesta;  ///< on the sheet
+    int Grado = 0;     ///< how far the document was tightened, see StrettezzaDi
 
     [[nodiscard]] const PaginaPosata* Pagina(int Quale) const;
     /// The line that a place stands on; the end mark of a line is on it. Null when there are no lines.
@@ -66,8 +71,10 @@ struct Impaginazione::Impaginata
 
     void DisegnaRiga(QPainter& Pittore, const RigaPosata& Posata) const;
     void DisegnaPiePagina(QPainter& Pittore, int Pagina) const;
+    void DisegnaTesta(QPainter& Pittore) const;
 
 private:
+    void PosaTesta(const Documento& Doc);
     void Posa(const std::vector<PostoStriscia>& Posti);
     void PosaTitoli(PaginaPosata& Dove, int Titoli) const;
     void PosaPezzo(const Pezzo& Questo, const PostoStriscia& Posto);

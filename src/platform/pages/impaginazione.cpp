@@ -2,9 +2,12 @@
 
 #include "platform/pages/impaginata.h"
 
+#include <QBuffer>
 #include <QGuiApplication>
+#include <QImageReader>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -39,6 +42,66 @@ AreaStampa AreaDi(const Documento& Doc, const Carta& Foglio)
     return {Orizzontale.Prima, Verticale.Prima, Orizzontale.Spazio, Verticale.Spazio};
 }
 
+/// A document on strips, and where they stand.
+struct Distesa
+{
+    Stesura Steso;
+    std::vector<PostoStriscia> Posti;
+    int Grado = 0;
+
+    [[nodiscard]] int Pagine() const { return Posti.empty() ? 1 : Posti.back().Pagina; }
+};
+
+Distesa DistesaA(const Documento& Doc, const AreaStampa& Area, int Grado)
+{
+    FontDocumento Font(Grado > 0 ? StrettezzaDi(Grado) : Doc.Stretta);
+    Distesa Fatta;
+    Fatta.Steso = Stendi(Doc, Area, Font);
+    Fatta.Posti = SpezzaPagine(Fatta.Steso.Strisce(), Area.Altezza, Area.Scesa);
+    Fatta.Grado = Grado;
+    return Fatta;
+}
+
+/// Tightened by the least that takes it to one page; as it was where nothing does.
+Distesa InUnaPagina(const Documento& Doc, const AreaStampa& Area, Distesa Larga)
+{
+    if (Larga.Pagine() != 2)
+        return Larga;  // on one it stands already, and no three become one
+    Distesa Riuscita = DistesaA(Doc, Area, GradoMassimo);
+    if (Riuscita.Pagine() > 1)
+        return Larga;
+    for (int NonBasta = 0; Riuscita.Grado - NonBasta > 1;) {
+        Distesa Prova = DistesaA(Doc, Area, (NonBasta + Riuscita.Grado) / 2);
+        if (Prova.Pagine() == 1)
+            Riuscita = std::move(Prova);
+        else
+            NonBasta = Prova.Grado;
+    }
+    return Riuscita;
+}
+
+/// The picture of a document, read once: it is laid out anew at each change. It is bounded before its dots
+/// are read, whatever it says of itself.
+QImage LeggiTesta(const QByteArray& Png)
+{
+    constexpr int MassimoLato = 6000;
+    constexpr qint64 MassimoPunti = qint64(16) << 20;
+    static QByteArray Letta;
+    static QImage Figura;
+    if (Png == Letta)
+        return Figura;
+    QBuffer Byte;
+    Byte.setData(Png);
+    Byte.open(QIODevice::ReadOnly);
+    QImageReader Lettore(&Byte, "png");
+    const QSize Lati = Lettore.size();
+    const bool Ammessa = !Lati.isEmpty() && Lati.width() <= MassimoLato && Lati.height() <= MassimoLato &&
+                         qint64(Lati.width()) * Lati.height() <= MassimoPunti;
+    Figura = Ammessa ? Lettore.read() : QImage();
+    Letta = Png;
+    return Figura;
+}
+
 /// A sheet without size is none: the usual one is taken.
 Carta CartaValida(const Carta& Chiesta)
 {
@@ -53,10 +116,37 @@ Impaginazione::Impaginata::Impaginata(const Documento& Doc, const Carta& SuaCart
     : Foglio(CartaValida(SuaCarta)), Area(AreaDi(Doc, Foglio)), PiePagina(Doc.PiePagina), Proprieta(Doc.DiSe),
       FontPiePagina(Doc.FontPiePagina)
 {
-    FontDocumento Font;
-    Steso = Stendi(Doc, Area, Font);
-    Posa(SpezzaPagine(Steso.Strisce(), Area.Altezza));
+    PosaTesta(Doc);
+    Distesa Fatta = DistesaA(Doc, Area, 0);
+    if (Doc.UnaPagina)
+        Fatta = InUnaPagina(Doc, Area, std::move(Fatta));
+    Grado = Fatta.Grado;
+    Steso = std::move(Fatta.Steso);
+    Posa(Fatta.Posti);
     CreaIndice();
+}
+
+/// A picture that cannot be read leaves no room behind. On a sheet that is too small for it, it is smaller.
+void Impaginazione::Impaginata::PosaTesta(const Documento& Doc)
+{
+    if (!Doc.Testa)
+        return;
+    Testa = LeggiTesta(Doc.Testa->Png);
+    if (Testa.isNull() || Doc.Testa->LarghezzaCm <= 0.0 || Doc.Testa->AltezzaCm <= 0.0) {
+        Testa = {};
+        return;
+    }
+    constexpr double PuntiPerCm = 10.0 * PuntiPerMm;
+    constexpr double QuotaMassima = 0.5;
+    QSizeF Lati(Doc.Testa->LarghezzaCm * PuntiPerCm, Doc.Testa->AltezzaCm * PuntiPerCm);
+    Lati *= std::min({1.0, Area.Larghezza / Lati.width(), Area.Altezza * QuotaMassima / Lati.height()});
+    const double Alto = std::min(Area.Alto, FiguraTesta::DalBordoCm * PuntiPerCm);
+    const double Libera = Area.Larghezza - Lati.width();
+    const double Spostata = Doc.Testa->Allinea == Allineamento::Centro   ? Libera / 2.0
+                            : Doc.Testa->Allinea == Allineamento::Destra ? Libera
+                                                                         : 0.0;
+    DoveTesta = QRectF({Area.Sinistra + Spostata, Alto}, Lati);
+    Area.Scesa = std::max(0.0, DoveTesta.bottom() + FiguraTesta::SottoCm * PuntiPerCm - Area.Alto);
 }
 
 void Impaginazione::Impaginata::Posa(const std::vector<PostoStriscia>& Posti)
@@ -140,6 +230,11 @@ Impaginazione& Impaginazione::operator=(Impaginazione&&) noexcept = default;
 int Impaginazione::NumeroPagine() const
 {
     return static_cast<int>(Dati->Pagine.size());
+}
+
+int Impaginazione::Grado() const
+{
+    return Dati->Grado;
 }
 
 Carta Impaginazione::Foglio() const

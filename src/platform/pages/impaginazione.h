@@ -59,6 +59,10 @@ struct RigaImpaginata
 /// ("____") stands with the row above and the row below it, and the last line of the document does not
 /// stand alone on the last page. Blank rows that meet the end of a page take no room.
 ///
+/// A document that is to take one page and takes two is tightened by the least that does it; one that would
+/// still take two is left as it is. The picture of its head stands on the first page, whose text begins below
+/// it; one that cannot be read is none.
+///
 /// Runs of blanks keep their width. Those that lead a line shrink as far as its text would otherwise not
 /// fit. Indents give way where less than two centimetres would be left of a line; the first tab of a
 /// paragraph whose first line hangs leads to its left indent.
@@ -79,6 +83,8 @@ public:
 
     // ---- pages
     [[nodiscard]] int NumeroPagine() const;  ///< at least 1
+    /// How far a document that is to take one page was tightened, see StrettezzaDi; 0 not at all.
+    [[nodiscard]] int Grado() const;
     [[nodiscard]] Carta Foglio() const;
     [[nodiscard]] QSizeF DimensioneMm() const;
     [[nodiscard]] QRectF AreaTestoMm() const;  ///< within the margins, the same on each page

@@ -74,6 +74,16 @@ void Impaginazione::Impaginata::DisegnaPiePagina(QPainter& Pittore, int Pagina) 
     Riga->lineAt(0).draw(&Pittore, QPointF(Area.Sinistra, Y));
 }
 
+void Impaginazione::Impaginata::DisegnaTesta(QPainter& Pittore) const
+{
+    // On few dots many of the picture's are one: reckoned beforehand it has no torn edges.
+    const QSize Punti = Pittore.deviceTransform().mapRect(DoveTesta).size().toSize();
+    const bool Piccola = Punti.width() > 0 && Punti.height() > 0 && Punti.width() < Testa.width() / 2;
+    Pittore.setRenderHints(QPainter::SmoothPixmapTransform | QPainter::LosslessImageRendering);
+    Pittore.drawImage(DoveTesta,
+                      Piccola ? Testa.scaled(Punti, Qt::IgnoreAspectRatio, Qt::SmoothTransformation) : Testa);
+}
+
 void Impaginazione::DisegnaPagina(QPainter& Pittore, int Pagina) const
 {
     const PaginaPosata* Sua = Dati->Pagina(Pagina);
@@ -82,6 +92,8 @@ void Impaginazione::DisegnaPagina(QPainter& Pittore, int Pagina) const
     const StatoPittore Stato(Pittore);
     Pittore.scale(1.0 / PuntiPerMm, 1.0 / PuntiPerMm);
     Pittore.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    if (Pagina == 1 && !Dati->Testa.isNull())
+        Dati->DisegnaTesta(Pittore);
     Pittore.setPen(QPen(Qt::black, LineaMm * PuntiPerMm));
     for (const QLineF& Linea : Sua->Linee)
         Pittore.drawLine(Linea);

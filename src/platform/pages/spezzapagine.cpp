@@ -8,12 +8,13 @@ namespace {
 constexpr double Tolleranza = 1e-6;
 
 /// Places what fits on a page from the strip `Prima` on.
+/// @param Scesa where the page's strips begin, from its top
 /// @return the first strip that does not stand on it
 std::size_t RiempiPagina(std::span<const Striscia> Tutte, std::size_t Prima, int Pagina, double Altezza,
-                         std::vector<PostoStriscia>& Posti)
+                         double Scesa, std::vector<PostoStriscia>& Posti)
 {
     const bool ConTitoli = Pagina > 1 && Tutte[Prima].TitoliSopra > 0.0;
-    double Y = ConTitoli ? Tutte[Prima].TitoliSopra : 0.0;
+    double Y = ConTitoli ? Tutte[Prima].TitoliSopra : Scesa;
     std::size_t Questa = Prima;
     for (; Questa < Tutte.size(); ++Questa) {
         const bool Sta = Y + Tutte[Questa].Altezza <= Altezza + Tolleranza;
@@ -44,12 +45,13 @@ std::size_t InizioSeguente(std::span<const Striscia> Tutte, std::size_t Prima, s
 
 }  // namespace
 
-std::vector<PostoStriscia> SpezzaPagine(std::span<const Striscia> Tutte, double AltezzaPagina)
+std::vector<PostoStriscia> SpezzaPagine(std::span<const Striscia> Tutte, double AltezzaPagina, double Scesa)
 {
     std::vector<PostoStriscia> Posti(Tutte.size());
     std::size_t Prima = 0;
     for (int Pagina = 1; Prima < Tutte.size(); ++Pagina) {
-        const std::size_t Fuori = RiempiPagina(Tutte, Prima, Pagina, AltezzaPagina, Posti);
+        const std::size_t Fuori =
+            RiempiPagina(Tutte, Prima, Pagina, AltezzaPagina, Pagina == 1 ? Scesa : 0.0, Posti);
         Prima = Fuori < Tutte.size() ? InizioSeguente(Tutte, Prima, Fuori) : Fuori;
     }
     return Posti;

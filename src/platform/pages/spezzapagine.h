@@ -28,4 +28,6 @@ struct PostoStriscia
 /// Fills pages in order, each as far as it goes. A break moves back to the first strip that may begin a page;
 /// strips joined over more than a page are broken where the page ends. A strip higher than a page has one of
 /// its own and hangs over.
-[[nodiscard]] std::vector<PostoStriscia> SpezzaPagine(std::span<const Striscia> Tutte, double AltezzaPagina);
+/// @param Scesa room that the first page gives to something else above its strips
+[[nodiscard]] std::vector<PostoStriscia> SpezzaPagine(std::span<const Striscia> Tutte, double AltezzaPagina,
+                                                      double Scesa = 0.0);

@@ -20,6 +20,7 @@ struct AreaStampa
     double Alto = 0.0;
     double Larghezza = 0.0;
     double Altezza = 0.0;
+    double Scesa = 0.0;  ///< what the first page gives to the document's picture, from its top
 };
 
 /// A paragraph or a cell, broken into lines on its own; of one with an endless word a part, whose last lines
@@ -77,6 +78,9 @@ inline constexpr qsizetype MassimoParola = 2000;
 
 /// Lines of passages below each other from y 0; `Quale` is the number of the first.
 [[nodiscard]] std::vector<RigaStesa> RigheDi(std::span<const Brano> Questi, int Quale);
+
+/// Lines at a distance that is this part of their own: their letters stay, and move by half of what is gone.
+void StringiRighe(std::vector<RigaStesa>& Righe, double Interlinea);
 
 /// The passages of a text in one font, in a box with this left edge and width; leading blanks shrink when its
 /// first line would not fit.

@@ -51,7 +51,8 @@ struct Posizione
     double Sotto = 0.0;
 };
 
-Posizione PosizioneDi(const Rientri& Spazi, const AreaStampa& Area)
+/// @param Bianche part that is left of the room above and below
+Posizione PosizioneDi(const Rientri& Spazi, const AreaStampa& Area, double Bianche)
 {
     constexpr double MmPerCm = 10.0;
     constexpr double MinimoMm = 20.0;
@@ -63,8 +64,12 @@ Posizione PosizioneDi(const Rientri& Spazi, const AreaStampa& Area)
     const double Prima = Lungo(Spazi.SinistroCm + Spazi.PrimaRigaCm, Concesso);
     const double Bordo = std::min(Prima, Altre);
     const double Destro = Lungo(Spazi.DestroCm, Concesso - std::max(Prima, Altre));
-    return {Area.Sinistra + Bordo, Area.Larghezza - Bordo - Destro, Prima - Bordo,
-            Altre - Bordo,         Spazi.SopraPunti * DotPerPunto,  Spazi.SottoPunti * DotPerPunto};
+    return {Area.Sinistra + Bordo,
+            Area.Larghezza - Bordo - Destro,
+            Prima - Bordo,
+            Altre - Bordo,
+            Spazi.SopraPunti * DotPerPunto * Bianche,
+            Spazi.SottoPunti * DotPerPunto * Bianche};
 }
 
 /// @param DaCapo the first line of the text is the first one of its paragraph
@@ -362,13 +367,13 @@ PostoRiga PostoDi(const Interlinea& Righe, double Propria)
 }
 
 ParagrafoSteso StendiBianco(const Paragrafo& Questo, const QString& Testo, const AreaStampa& Area,
-                            const FontMisurato& Font, qsizetype Inizio)
+                            const FontMisurato& Font, double Bianche, qsizetype Inizio)
 {
-    const Posizione Dove = PosizioneDi(Questo.Spazi, Area);
-    const PostoRiga Posto = PostoDi(Questo.Righe, Font.Altezza);
+    const Posizione Dove = PosizioneDi(Questo.Spazi, Area, Bianche);
+    const PostoRiga Posto = PostoDi(Questo.Righe, Font.Altezza * Bianche);
     RigaInStriscia Bianca;
     Bianca.Altezza = Dove.Sopra + Posto.Altezza + Dove.Sotto;
-    Bianca.Riga.Dove = QRectF(Area.Sinistra, Dove.Sopra + Posto.Sopra, 0.0, Font.Altezza);
+    Bianca.Riga.Dove = QRectF(Area.Sinistra, Dove.Sopra + Posto.Sopra, 0.0, Font.Altezza * Bianche);
     Bianca.Riga.Ascesa = Font.Ascesa;
     Bianca.Riga.Inizio = Inizio;
     Bianca.Riga.Lunghezza = Testo.size();
@@ -389,12 +394,14 @@ ParagrafoSteso StendiParagrafo(const Paragrafo& Questo, const QString& Testo, co
 {
     const FontMisurato& Primo = Font(Questo.Tratti.empty() ? Questo.Font : Questo.Tratti.front().Font);
     if (Testo.trimmed().isEmpty())
-        return StendiBianco(Questo, Testo, Area, Primo, Inizio);
-    const Posizione Dove = PosizioneDi(Questo.Spazi, Area);
+        return StendiBianco(Questo, Testo, Area, Primo, Font.Stretta.Bianche, Inizio);
+    const Posizione Dove = PosizioneDi(Questo.Spazi, Area, Font.Stretta.Bianche);
     const std::vector<Fermo> Fermi = FermiEntro(Questo.Fermi, Dove, Area);
     ParagrafoSteso Fatto;
     Fatto.Brani = Dividi(Testo, {Primo, Questo.Allinea, Dove, Formati(Questo, Font), Fermi}, Inizio);
-    for (RigaStesa& Stesa : RigheDi(Fatto.Brani, Quale)) {
+    std::vector<RigaStesa> Righe = RigheDi(Fatto.Brani, Quale);
+    StringiRighe(Righe, Font.Stretta.Interlinea);
+    for (RigaStesa& Stesa : Righe) {
         const PostoRiga Posto = PostoDi(Questo.Righe, Stesa.Dove.height());
         const double Sopra = Fatto.Righe.empty() ? Dove.Sopra : 0.0;
         Stesa.Dove.moveTop(Sopra + Posto.Sopra);
@@ -441,4 +448,14 @@ std::vector<RigaStesa> RigheDi(std::span<const Brano> Questi, int Quale)
         ++Quale;
     }
     return Tutte;
+}
+
+void StringiRighe(std::vector<RigaStesa>& Righe, double Interlinea)
+{
+    for (RigaStesa& Stesa : Righe) {
+        const double Propria = Stesa.Dove.height();
+        Stesa.Dove.moveTop(Stesa.Dove.top() * Interlinea);
+        Stesa.Dove.setHeight(Propria * Interlinea);
+        Stesa.Scarto = (Stesa.Dove.height() - Propria) / 2.0;
+    }
 }

@@ -204,7 +204,7 @@ void StenditoreTabella::StendiRiga(std::size_t Quale)
         Nuovo.Misure.TitoliSopra = AltezzaTitoli();
     }
     Fatta.Testo += u'\n';
-    if (Nuovo.Misure.Altezza + AltezzaTitoli() > Area.Altezza && !Nuovo.Misure.Bianca)
+    if (Nuovo.Misure.Altezza + AltezzaTitoli() > Area.Altezza - Area.Scesa && !Nuovo.Misure.Bianca)
         AccodaStrisce(Nuovo);
     else
         Accoda(std::move(Nuovo), Riga);
@@ -282,7 +282,7 @@ double StenditoreTabella::AltezzaMinima(const RigaTabella& Riga) const
 
 Pezzo StenditoreTabella::RigaVuota(const RigaTabella& Riga) const
 {
-    const double Altezza = AltezzaMinima(Riga);
+    const double Altezza = AltezzaMinima(Riga) * Font.Stretta.Bianche;
     RigaStesa Bianca;
     Bianca.Dove = QRectF(Area.Sinistra, 0.0, 0.0, Altezza);
     Bianca.Ascesa = Riga.empty() ? 0.0 : Font(Riga.front().Font).Ascesa;
@@ -297,7 +297,7 @@ Pezzo StenditoreTabella::RigaVuota(const RigaTabella& Riga) const
 Pezzo StenditoreTabella::RigaPiena(const RigaTabella& Riga)
 {
     Pezzo Nuovo;
-    Nuovo.Misure.Altezza = Questa.Letterale ? 0.0 : AltezzaMinima(Riga);
+    Nuovo.Misure.Altezza = Questa.Letterale ? 0.0 : AltezzaMinima(Riga) * Font.Stretta.Interlinea;
     double Ascesa = 0.0;
     for (const Cella& Singola : Riga)
         if (!CellaBianca(Singola))
@@ -333,7 +333,9 @@ void StenditoreTabella::StendiCella(Pezzo& Nuovo, const RigaTabella& Riga, std::
         std::vector<Brano> Brani =
             BraniDi(Testo, Misurato, Singola.Allinea, Spazio.Sinistra, Spazio.Larghezza, Fatta.Testo.size());
         int Ordine = 0;
-        for (RigaStesa& Linea : RigheDi(Brani, static_cast<int>(Fatta.Brani.size()))) {
+        std::vector<RigaStesa> Linee = RigheDi(Brani, static_cast<int>(Fatta.Brani.size()));
+        StringiRighe(Linee, Font.Stretta.Interlinea);
+        for (RigaStesa& Linea : Linee) {
             Linea.Dove.translate(0.0, Ascesa - Misurato.Ascesa);
             Linea.NellaCella = Ordine++;
             Nuovo.Misure.Altezza = std::max(Nuovo.Misure.Altezza, Linea.Dove.bottom());
