@@ -1,9 +1,11 @@
 // Pictures that a user has put among the icons or chosen for the background: any bytes give a picture of the
-// size that was asked for, or none, within moments.
+// size that was asked for, or none, within moments. One that he has chosen for print gives a picture within its
+// bounds or a sentence.
 #include "finestre.h"
 #include "fonte.h"
 
 #include "platform/kit/aspetto.h"
+#include "platform/kit/figurascelta.h"
 
 #include <QPixmap>
 
@@ -24,6 +26,10 @@ void Prova(const QByteArray& Dati)
         const QPixmap Letta = aspetto::LeggiImmagine(Posa(Nome, Dati), Misura);
         Pretendi(Letta.isNull() || Letta.size() == Misura);
     }
+    constexpr QSize Massima(400, 200);
+    const FiguraScelta Scelta = LeggiFigura(Dati, Massima);
+    Pretendi(Scelta.Immagine.isNull() != Scelta.Difetto.isEmpty());
+    Pretendi(Scelta.Immagine.width() <= Massima.width() && Scelta.Immagine.height() <= Massima.height());
     Pretendi(std::clock() - Inizio < MassimiSecondi * CLOCKS_PER_SEC);
 }
 
