@@ -65,6 +65,7 @@ DatiCliente LeggiRiga(const Recordset& Riga)
     Cliente.ComuneNascita = TestoColonna(Riga, u"ComuneNascita"_s);
     Cliente.RapprLegale = TestoColonna(Riga, u"RapprLegale"_s);
     Cliente.Nazione = TestoColonna(Riga, u"Nazione"_s).toUpper();
+    Cliente.Email = TestoColonna(Riga, u"Email"_s);
     Cliente.Pec = TestoColonna(Riga, u"Pec"_s);
     Cliente.CodDestinatario = TestoColonna(Riga, u"CodDestinatario"_s).toUpper();
     Cliente.TipoSoggetto = TestoColonna(Riga, u"TipoSoggetto"_s);

@@ -22,6 +22,7 @@ struct DatiCliente
     QString ComuneNascita;
     QString RapprLegale;  ///< name of who signs for a company
     QString Nazione;      ///< ISO 3166-1, two letters; empty: Italy
+    QString Email;
     QString Pec;
     QString CodDestinatario;  ///< where its electronic invoices go: 7 characters, 6 of a public office
     QString TipoSoggetto;     ///< as its card says it; see SoggettoDi

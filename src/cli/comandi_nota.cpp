@@ -157,6 +157,9 @@ Risposta ComandoStampa(const QStringList& Valori, const NotaMultipla& Altra)
         RicomponiBlocco(Nota);
     Superficie vp;
     Anteprima(vp, Nota, Tipo);  // a note that was read is ready, and every entry of the list is a document
-    Formato.Scrivi(vp.Contenuto(), Uscita, TitoloDi(Documento, Valori[0]));
+    ::Documento Composto = vp.Contenuto();
+    if (Composto.UnaPagina)
+        Composto.Stretta = StrettezzaDi(Impaginazione(Composto).Grado());
+    Formato.Scrivi(Composto, Uscita, TitoloDi(Documento, Valori[0]));
     return {Uscita, {{u"file"_s, Uscita}, {u"documento"_s, Documento}}, false};
 }

@@ -2,6 +2,7 @@
 
 #include "core/indirizzi.h"
 #include "core/modAvvio.h"
+#include "core/modLogo.h"
 #include "core/modRegimi.h"
 #include "core/parametri.h"
 #include "core/sessione.h"
@@ -31,6 +32,17 @@ QString ParcelleOProgramma()
     const QString Cartella = CartellaParcelleProposta();
     return EsisteCartella(Cartella) ? Cartella : CartellaProgramma();
 }
+
+/// What a mail says of the document that it brings; a line whose place-holders are all empty goes.
+constexpr QStringView OggettoPosta = u"{documento} {numero} - {oggetto}";
+constexpr QStringView TestoPosta = u"Gentile {cliente},\n\n"
+                                   "si trasmette in allegato il seguente documento.\n\n"
+                                   "Documento: {documento} {numero}\n"
+                                   "Data: {data}\n"
+                                   "Oggetto: {oggetto}\n"
+                                   "Importo netto: euro {netto}\n\n"
+                                   "Cordiali saluti\n"
+                                   "{studio}";
 
 constexpr std::array Voci{
     VoceImpostazione{chiavi::PercorsoProcedura, u"", Testo, &sessione::PercorsoProg, CartellaEseguibile,
@@ -75,6 +87,12 @@ constexpr std::array Voci{
     // Written by the settings as ColoreEtichetteBordo: the store does not look at the case.
     VoceImpostazione{u"ColoreEtichettebordo", u"0", Intero32, &sessione::ColoreEtichetteBordo},
     VoceImpostazione{u"ColoreEtichettaSel", u"255", Intero32, &sessione::ColoreEtichettaSel},
+    VoceImpostazione{chiavi::PostaOggetto, OggettoPosta, Testo, &sessione::PostaOggetto},
+    VoceImpostazione{chiavi::PostaTesto, TestoPosta, Testo, &sessione::PostaTesto},
+    VoceImpostazione{chiavi::LogoImpronta, u"", Testo, &sessione::LogoImpronta, {}, logo::ImprontaValida},
+    VoceImpostazione{chiavi::LogoPosto, u"", Testo, &sessione::LogoPosto, {}, logo::PostoNoto},
+    VoceImpostazione{chiavi::LogoAltezza, u"2", Percentuale, &sessione::LogoAltezza},
+    VoceImpostazione{chiavi::LogoDocumenti, logo::DocumentiIniziali, Testo, &sessione::LogoDocumenti},
     VoceImpostazione{u"ServerAggiornamenti", u"", Testo, &sessione::ServerAggiornamenti, ServerCostruito,
                      indirizzi::Normalizzato},
 };

@@ -43,6 +43,12 @@ inline constexpr QStringView Norme = u"Norme";
 inline constexpr QStringView CercaAgg = u"CercaAgg";
 inline constexpr QStringView WP = u"WP";
 inline constexpr QStringView SfondoDesktop = u"SfondoDesktop";
+inline constexpr QStringView PostaOggetto = u"PostaOggetto";
+inline constexpr QStringView PostaTesto = u"PostaTesto";
+inline constexpr QStringView LogoImpronta = u"LogoImpronta";
+inline constexpr QStringView LogoPosto = u"LogoPosto";
+inline constexpr QStringView LogoAltezza = u"LogoAltezza";
+inline constexpr QStringView LogoDocumenti = u"LogoDocumenti";
 
 }  // namespace chiavi
 

@@ -63,6 +63,12 @@ inline int ColoreSfondoDesktop = 2508052;  ///< colours as 0xBBGGRR
 inline int ColoreEtichette = 16777215;
 inline int ColoreEtichetteBordo = 0;
 inline int ColoreEtichettaSel = 255;
+inline QString PostaOggetto;  ///< templates of the mail that brings a document, see feenote/modLettera.h
+inline QString PostaTesto;
+inline QString LogoImpronta;         ///< of the office's logo, see core/modLogo.h; empty: none
+inline QString LogoPosto;            ///< "S" left, "C" middle, "D" right; empty: the logo is not printed
+inline float LogoAltezza = 2.0F;     ///< centimetres
+inline QString LogoDocumenti;        ///< digits of the print types that bear it
 inline QString ServerAggiornamenti;  ///< where updates are looked for, as indirizzi::Server; empty: nowhere
 
 inline QString TitoloProdotto;             ///< "Calcanova 3"

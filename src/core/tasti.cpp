@@ -108,6 +108,8 @@ constexpr std::array Proprie{
     RigaTasti{u"VistaStampa", u"", u"Ctrl++", u"ingrandisce", Interno},
     RigaTasti{u"VistaStampa", u"", u"Ctrl+-", u"riduce", Interno},
     RigaTasti{u"VistaStampa", u"", u"Ctrl+0", u"torna alla grandezza normale", Interno},
+    RigaTasti{u"VistaStampa", u"", u"Ctrl+1", u"la pagina intera nella finestra", Interno},
+    RigaTasti{u"VistaStampa", u"", u"Ctrl+2", u"la pagina larga quanto la finestra", Interno},
     RigaTasti{u"VistaStampa", u"", u"Ctrl+C", u"copia il testo selezionato", Interno},
     RigaTasti{u"VistaStampa", u"", u"Ctrl+A", u"seleziona tutto il testo", Interno},
     RigaTasti{u"frmPrint", u"barPrint_print", u"Ctrl+P", u"stampa"},

@@ -205,6 +205,7 @@ struct Parcella
     Casella txtSpeGen, txtCP, txtIVA, txtRA;  ///< percent
     Spunta chkAcconti, chkMinMax;
     Spunta chkRegSempl, chkIvaDiff, chkIBAN, chkFattAcc;
+    bool UnaPagina = false;  ///< documents that pass their page by little are tightened to take one
     MemoriaStampa Memoria;
     /// The general expenses are the user's own, and no change of the tariff takes them away.
     bool SpeseGenProprie = false;

@@ -33,6 +33,15 @@ QString TitoloDi(int Tipo, const QString& Stelo)
     return TipoDi(Tipo).Nome.toString() + u" - "_s + Stelo;
 }
 
+/// As tight as on its page: a file has no pages of its own before it is opened.
+Documento DaEsportare(const Superficie& vp)
+{
+    Documento Doc = vp.Contenuto();
+    if (Doc.UnaPagina && vp.Stringitore)
+        Doc.Stretta = vp.Stringitore(Doc);
+    return Doc;
+}
+
 }  // namespace
 
 void PreparaEsportazione(Superficie& vp, const QString& Stelo, const std::optional<QString>& Invio)
@@ -62,7 +71,7 @@ std::optional<Errore> AnteprimaConEsportazione(Superficie& vp, const Parcella& N
     if (!Anteprima(vp, Nota, Tipo) || vp.ExportFile.isEmpty())
         return std::nullopt;
     auto Esito = Guasto([&] {
-        (void)EsportaDocumento(vp.Contenuto(), vp.ExportFile, FormatoEsportazione(vp.ExportFormat),
+        (void)EsportaDocumento(DaEsportare(vp), vp.ExportFile, FormatoEsportazione(vp.ExportFormat),
                                TitoloDi(Tipo, Stelo), Foglio);
     });
     if (Esito && SenzaCartella && !Invio)

@@ -3,6 +3,7 @@
 #include "core/sessione.h"
 #include "print/modContratto.h"
 #include "print/modFatture.h"
+#include "print/modLogoStampa.h"
 #include "print/modNotaSpese.h"
 #include "print/modPrenotula.h"
 #include "print/modPreventivo.h"
@@ -30,6 +31,8 @@ void PreparaPagina(Superficie& vp, const Parcella& Nota, int Tipo)
     vp.MarginBottom(CartaIntestata ? u"1.5cm"_s : u"3.2cm"_s);
     vp.HdrFontName(u"Times New Roman"_s);
     vp.HdrFontSize(8);
+    vp.HeadPicture(LogoDelDocumento(Tipo));
+    vp.OnePage(Nota.UnaPagina);
     vp.Author(sessione::StudioNome);
     vp.Subject(Nota.txtDatiStaOgg.Testo.isEmpty() ? VociTipoStampa().value(Tipo) : Nota.txtDatiStaOgg.Testo);
     // The surface keeps its text state from one document to the next; each begins from the same one.
@@ -95,6 +98,7 @@ bool Anteprima(Superficie& vp, const Parcella& Nota, int Tipo)
     vp.PreviewPage = 1;
     PreparaPagina(vp, Nota, Tipo);
     const bool Composto = ComponiDocumento(vp, Nota, Tipo);
+    AvvisaLogo();
     AvvisaClausole();  // a message may bring the next composition, and this one has ended
     return Composto;
 }

@@ -10,6 +10,7 @@
 #include "core/desktop/frmStudio.h"
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
+#include "core/modInvii.h"
 #include "core/posti.h"
 #include "feenote/companion/modRichiesta.h"
 #include "feenote/file/modPosaFile.h"
@@ -136,6 +137,7 @@ void TogliResti()
     FaiAParte([=, Cartelle = QStringList{Utente, CartellaFile(PercorsoNativo(Archivio)),
                                          sessione::ModelliPath, sessione::ParcellePath}] {
         ScartaBlocco(Utente + u".~kr5.ini.lock"_s);
+        SpazzaInvii();
         TogliRestiDiImportazioni(Archivio);
         for (const QString& Cartella : Cartelle)
             if (!Cartella.isEmpty())

@@ -2,6 +2,7 @@
 #include "core/app/altriavvii.h"
 #include "core/app/avvio.h"
 #include "core/app/programma.h"
+#include "core/modInvii.h"
 #include "platform/kit/servizi_qt.h"
 #include "platform/system/aparte.h"
 #include "platform/system/diagnosi.h"
@@ -20,6 +21,7 @@ int main(int argc, char** argv)
             Termina();
     });
     const int Esito = QApplication::exec();
+    SpazzaInvii();
     // What the start has set going ends before the program is taken down; where a disk does not answer, the
     // program ends with everything standing that the work is still using.
     constexpr int PazienzaMs = 200;

@@ -5,11 +5,14 @@
 #include "core/modAvvio.h"
 #include "core/modControlli.h"
 #include "core/modErrori.h"
+#include "core/modLogo.h"
 #include "core/parametri.h"
 #include "core/posti.h"
+#include "core/sessione.h"
 #include "core/settings/SchedaCartelle.h"
 #include "core/settings/SchedaContabili.h"
 #include "core/settings/SchedaDesktop.h"
+#include "core/settings/SchedaDocumenti.h"
 #include "core/settings/SchedaFattura.h"
 #include "core/settings/paginascorrevole.h"
 #include "platform/kit/aspetto.h"
@@ -68,7 +71,7 @@ constexpr std::array Obblighi{
 };
 
 /// What each tab is for.
-constexpr std::array<QStringView, 5> Aiuti{
+constexpr std::array<QStringView, 6> Aiuti{
     u"Nome, indirizzo, città e posta elettronica sono obbligatori: compaiono nell'intestazione dei "
     u"documenti. "
     u"Codice fiscale, partita IVA e IBAN compaiono nelle fatture; la firma sotto ogni documento. Un codice "
@@ -95,19 +98,27 @@ constexpr std::array<QStringView, 5> Aiuti{
     u"fisica si possono indicare nome e cognome; vuoti, vale il nome dello studio. Il numero dell'ultimo "
     u"file "
     u"avanza da solo a ogni fattura scritta: si corregge qui soltanto per continuare una numerazione.",
+    u"Il logo sta in testa alla prima pagina dei documenti spuntati, sopra l'intestazione dello studio: il "
+    u"programma ne tiene una copia propria. La fattura sintetica lascia il margine alla carta intestata, la "
+    u"nota "
+    u"spese e la sola parte contabile non hanno intestazione: lì il logo va chiesto. Oggetto e testo del "
+    u"messaggio "
+    u"servono al pulsante \"Invia per posta\" della stampa.",
 };
 
 }  // namespace
 
 frmSetup::frmSetup()
     : ui(std::make_unique<Ui::frmSetup>()), Contabili(new SchedaContabili(this)),
-      Cartelle(new SchedaCartelle(this)), Desktop(new SchedaDesktop(this)), Fattura(new SchedaFattura(this))
+      Cartelle(new SchedaCartelle(this)), Desktop(new SchedaDesktop(this)), Fattura(new SchedaFattura(this)),
+      Documenti(new SchedaDocumenti(this))
 {
     ui->setupUi(this);
-    const std::array<std::pair<QWidget*, QStringView>, 4> Pagine{{{Contabili, u"Dati contabili"},
+    const std::array<std::pair<QWidget*, QStringView>, 5> Pagine{{{Contabili, u"Dati contabili"},
                                                                   {Cartelle, u"Setup"},
                                                                   {Desktop, u"Personalizza desktop"},
-                                                                  {Fattura, u"Fattura elettronica"}}};
+                                                                  {Fattura, u"Fattura elettronica"},
+                                                                  {Documenti, u"Documenti"}}};
     const QString PrimoTitolo = ui->tabSetup->tabText(0);
     QWidget* Prima = ui->tabSetup->widget(0);
     ui->tabSetup->removeTab(0);
@@ -248,6 +259,7 @@ void frmSetup::LoadValori()
     Cartelle->Carica();
     Desktop->Carica();
     Fattura->Carica();
+    Documenti->Carica();
 }
 
 void frmSetup::SegnaControlli()
@@ -310,12 +322,13 @@ bool frmSetup::CheckNumero()
 
 void frmSetup::SalvaValori() const
 {
+    Documenti->ConservaLogo();
     ValoriScheda Tutti;
     for (const CampoImpostazione& Voce : Campi)
         Tutti.append({Voce.Chiave.toString(), (ui.get()->*Voce.Campo)->text()});
     // In one write: a failure in the middle would leave half of them.
     SalvaImpostazioni(Tutti + Contabili->Valori() + Cartelle->Valori() + Desktop->Valori() +
-                      Fattura->Valori());
+                      Fattura->Valori() + Documenti->Valori());
 }
 
 void frmSetup::SegueArchivio()
@@ -340,11 +353,13 @@ void frmSetup::cmdSaveImpost_Click()
     if (ValoreConservato(chiavi::UserFolder) != CartellaPrima && Aperture.LasciaCartellaUtente)
         Aperture.LasciaCartellaUtente();
     ImpostaVariabili();
+    logo::TogliAltri(sessione::LogoImpronta);
     if (Aperture.ImpostazioniCambiate)
         Aperture.ImpostazioniCambiate();
     Contabili->Carica();
     Cartelle->Carica();
     Fattura->Carica();
+    Documenti->Carica();
     // Another folder may hold other icons; those that could not be written stay in the form.
     if (IconeScritte)
         Desktop->Carica();

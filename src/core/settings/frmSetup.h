@@ -8,6 +8,7 @@
 class SchedaCartelle;
 class SchedaContabili;
 class SchedaDesktop;
+class SchedaDocumenti;
 class SchedaFattura;
 
 namespace Ui {
@@ -26,6 +27,7 @@ public:
         SchedaSetup = 2,
         SchedaPersonalizza = 3,
         SchedaFatturaElettronica = 4,
+        SchedaDeiDocumenti = 5,
     };
 
     frmSetup();
@@ -81,4 +83,5 @@ private:
     SchedaCartelle* Cartelle;
     SchedaDesktop* Desktop;
     SchedaFattura* Fattura;
+    SchedaDocumenti* Documenti;
 };

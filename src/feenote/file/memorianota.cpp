@@ -252,6 +252,8 @@ constexpr std::array Voci{
                     if (Valore == Si)
                         CambiaRegime(Nota, true);
                 }},
+    VoceMemoria{u"UnaPagina", [](const Parcella& Nota) { return Segno(Nota.UnaPagina); },
+                [](Parcella& Nota, const QString& Valore) { Nota.UnaPagina = Valore == Si; }},
     Dato<DatoNumero>(u"txtDatiPar.Numero"),
     Dato<DatoData>(u"txtDatiPar.Data"),
     Intero<&Parcella::optContrTipo>(u"optContrTipo"),

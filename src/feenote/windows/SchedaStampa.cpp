@@ -135,6 +135,7 @@ SchedaStampa::SchedaStampa(Parcella& Dati, CorniceNota& Finestra, QWidget* Padre
     CollegaParti();
     CollegaSegni();
     CollegaAnteprima();
+    CollegaPagina();
     CollegaFattura();
 
     // The data stay as wide as they need; the page takes the room.
@@ -342,6 +343,7 @@ void SchedaStampa::Mostra()
     mostra::Segno(ui->chkRegSempl, Nota.chkRegSempl);
     mostra::Segno(ui->chkFattAcc, Nota.chkFattAcc);
     mostra::Segno(ui->chkIvaDiff, Nota.chkIvaDiff);
+    mostra::Segno(ui->chkUnaPagina, {Nota.UnaPagina, true});
     ui->cmdSkIvaDiff->setEnabled(bool(Aperture.PaginaWeb));
     MostraAnteprima();
     Elettronica->Mostra();

@@ -73,6 +73,11 @@ private:
     void SalvaPdf();
     /// The file of the document's clauses, and when it was last written; empty for a document without any.
     [[nodiscard]] QString StatoClausole() const;
+    void CollegaPagina();
+    void MostraPagina();
+    void RicordaAdattamento(int Modo);
+    /// A new mail with the document in view.
+    void Invia();
     /// @param Invio for the companion application
     /// @return what kept the document's file from being written
     std::optional<Errore> Componi(bool Invio = false);

@@ -18,8 +18,8 @@
 #include "platform/preview/barraanteprima.h"
 #include "platform/preview/stampante.h"
 #include "platform/preview/vistastampa.h"
+#include "platform/system/esportato.h"
 #include "platform/system/file.h"
-#include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "print/modClausole.h"
 #include "print/modEsporta.h"
@@ -51,6 +51,7 @@ void SchedaStampa::CollegaAnteprima()
     Barra->addSeparator();
     Barra->Aggiungi(u"print"_s, u"Stampa parcella"_s, [this] { StampaParcella(); });
     Barra->Aggiungi(u"pdf"_s, u"Salva in PDF"_s, [this] { SalvaPdf(); });
+    Barra->Aggiungi(u"invia"_s, u"Invia per posta"_s, [this] { Invia(); });
     Barra->Aggiungi(u"word"_s, u"Esporta in Word"_s, [this] { EsportaDocumento(); });
     cmdEditor =
         Barra->Aggiungi(u"wp"_s, u"Avvia editor alternativo"_s, [this] { AvviaEditor(Cornice.Indice()); });
@@ -105,6 +106,7 @@ std::optional<Errore> SchedaStampa::Componi(bool Invio)
     // What was drawn before a failure is shown.
     const auto AllaFine = qScopeGuard([this, vp] {
         vp->Aggiorna();
+        MostraPagina();
         ui->barPrint->MostraPagina(1);  // until the reader, who stays where he was, moves
     });
     if (TogliIbanAssente(Nota))
@@ -161,8 +163,7 @@ void SchedaStampa::SalvaPdf()
     if (File.isEmpty())
         return;
     Cornice.DocumentoUscito();
-    MsgBox(u"Il documento "_s + NomeFile(File) + u" è stato salvato correttamente!"_s, vbInformation,
-           TitoloMessaggio.toString());
+    MostraEsportato(u"Il documento "_s + NomeFile(File) + u" è stato salvato correttamente!"_s, File);
 }
 
 void SchedaStampa::ImpostaAvviso(const QString& Testo)

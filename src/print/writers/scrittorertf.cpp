@@ -50,6 +50,7 @@ public:
     void operator()(const Tabella& Questa);
     void Concludi();  ///< a text ends with a paragraph
     [[nodiscard]] QByteArray PiePagina();
+    [[nodiscard]] QByteArray Testa();
     [[nodiscard]] const QByteArray& Corpo() const { return Uscita; }
     [[nodiscard]] QByteArray Font() const { return Famiglie.Scritta(); }
 
@@ -89,15 +90,32 @@ QByteArray SeC(const char* Nome, int Twip)
     return Twip == 0 ? QByteArray() : Parola(Nome, Twip);
 }
 
-QByteArray Distanza(const Interlinea& Righe)
+/// Lines nearer to each other than their own height.
+QByteArray Vicine(const Strettezza& Quanto)
+{
+    constexpr double UnaRiga = 240.0;
+    return Quanto.Interlinea < 1.0 ? Parola("\\sl", qRound(Quanto.Interlinea * UnaRiga)) + "\\slmult1"
+                                   : QByteArray();
+}
+
+/// A blank row of which a part is left.
+QByteArray BiancaStretta(double Punti, const Strettezza& Quanto)
+{
+    return Quanto.Bianche < 1.0
+               ? Parola("\\sl", -std::max(TwipDaPunti(Punti * AltezzaRiga * Quanto.Bianche), 1)) + "\\slmult0"
+               : QByteArray();
+}
+
+QByteArray Distanza(const Interlinea& Righe, const Strettezza& Quanto)
 {
     constexpr double UnaRiga = 240.0;
     if (Righe.EsattaPunti > 0.0)
         return Parola("\\sl", -TwipDaPunti(Righe.EsattaPunti)) + "\\slmult0";
     if (Righe.AlmenoPunti > 0.0)
         return Parola("\\sl", TwipDaPunti(Righe.AlmenoPunti)) + "\\slmult0";
-    return Righe.Multipla > 1.0 ? Parola("\\sl", qRound(Righe.Multipla * UnaRiga)) + "\\slmult1"
-                                : QByteArray();
+    return Righe.Multipla > 1.0
+               ? Parola("\\sl", qRound(Righe.Multipla * Quanto.Interlinea * UnaRiga)) + "\\slmult1"
+               : Vicine(Quanto);
 }
 
 QByteArray FermiDi(const std::vector<Fermo>& Tutti)
@@ -118,15 +136,18 @@ QByteArray FermiDi(const std::vector<Fermo>& Tutti)
 }
 
 /// @param Margini of the cell that it stands in; none on the page
-QByteArray Posto(const Paragrafo& Questo, const MarginiCella& Margini = {})
+QByteArray Posto(const Paragrafo& Questo, const Strettezza& Quanto, const MarginiCella& Margini = {})
 {
+    const bool Bianca = Questo.Testo().trimmed().isEmpty();
     const Rientri& Spazi = Questo.Spazi;
     return Allineato(Questo.Allinea) + (Questo.NuovaPagina ? "\\pagebb" : "") +
            (Questo.Intera ? "\\keep" : "") + (Questo.ConSeguente ? "\\keepn" : "") + FermiDi(Questo.Fermi) +
            SeC("\\li", TwipDaCm(Spazi.SinistroCm + Margini.PrimaCm)) +
            SeC("\\ri", TwipDaCm(Spazi.DestroCm + Margini.DopoCm)) + SeC("\\fi", TwipDaCm(Spazi.PrimaRigaCm)) +
-           SeC("\\sb", TwipDaPunti(Spazi.SopraPunti)) + SeC("\\sa", TwipDaPunti(Spazi.SottoPunti)) +
-           Distanza(Questo.Righe);
+           SeC("\\sb", TwipDaPunti(Spazi.SopraPunti * Quanto.Bianche)) +
+           SeC("\\sa", TwipDaPunti(Spazi.SottoPunti * Quanto.Bianche)) +
+           (Bianca && Quanto.Bianche < 1.0 ? BiancaStretta(Questo.Font.Punti, Quanto)
+                                           : Distanza(Questo.Righe, Quanto));
 }
 
 bool ConInterruzioni(const Paragrafo& Questo)
@@ -175,7 +196,7 @@ void Scrivano::operator()(const Paragrafo& Questo)
         return;
     }
     // Right behind a table a row of text would have to be told from the table's.
-    Uscita += "\\pard\\plain" + Posto(Questo);
+    Uscita += "\\pard\\plain" + Posto(Questo, Doc.Stretta);
     ScriviTratti(Questo);
     Uscita += "\\par\r\n";
     DopoTabella = false;
@@ -229,7 +250,7 @@ QByteArray Scrivano::PiePagina()
 
 QByteArray Scrivano::Formato(const Carattere& Quale)
 {
-    const int MezziPunti = std::max(qRound(Quale.Punti * 2.0), 1);
+    const int MezziPunti = std::max(qRound(PuntiStretti(Quale.Punti, Doc.Stretta) * 2.0), 1);
     return Parola("\\f", Famiglie(Quale.Nome)) + Parola("\\fs", MezziPunti) + (Quale.Grassetto ? "\\b" : "") +
            (Quale.Corsivo ? "\\i" : "") + (Quale.Sottolineato ? "\\ul" : "") +
            (Quale.Barrato ? "\\strike" : "") +
@@ -247,13 +268,15 @@ void Scrivano::Separa()
 // ---- tables
 
 /// A row of rules is as low as on the printed page.
-QByteArray DistanzaFiletti(const Tabella& Questa, std::size_t Riga)
+QByteArray DistanzaRighe(const Tabella& Questa, std::size_t Riga, const Strettezza& Quanto)
 {
-    if (!RigaDiFiletti(Questa, Riga))
-        return {};
     double Punti = 0.0;
     for (const Cella& Singola : Questa.Righe[Riga])
-        Punti = std::max(Punti, Singola.Font.Punti);
+        Punti = std::max(Punti, PuntiStretti(Singola.Font.Punti, Quanto));
+    if (RigaBianca(Questa.Righe[Riga]) && !Questa.Letterale)
+        return BiancaStretta(Punti, Quanto);
+    if (!RigaDiFiletti(Questa, Riga))
+        return Questa.Letterale ? QByteArray() : Vicine(Quanto);
     return Parola("\\sl", -TwipDaPunti(Punti * AltezzaRiga * QuotaRigaFiletti)) + "\\slmult0";
 }
 
@@ -288,8 +311,8 @@ void Scrivano::ScriviRiga(const Tabella& Questa, std::size_t Quale, const FormaT
     if (Riga.empty())
         return;
     Uscita += Intestazione(Questa, Quale) + Bordi(Questa, Riga, Forma.Larghezze) + "\r\n";
-    const QByteArray PerTutte =
-        (UnitaAllaSeguente(Questa, Quale, Forma.Intera) ? "\\keepn" : "") + DistanzaFiletti(Questa, Quale);
+    const QByteArray PerTutte = (UnitaAllaSeguente(Questa, Quale, Forma.Intera) ? "\\keepn" : "") +
+                                DistanzaRighe(Questa, Quale, Doc.Stretta);
     for (std::size_t Colonna = 0; Colonna < Riga.size(); Colonna += ColonneCoperte(Riga, Colonna))
         ScriviCella(Riga[Colonna], MarginiDi(Colonna, Forma.Lineata), PerTutte);
     Uscita += "\\row\r\n";
@@ -306,10 +329,28 @@ void Scrivano::ScriviCella(const Cella& Quale, const MarginiCella& Margini, cons
     for (const Paragrafo& Singolo : Quale.Paragrafi) {
         if (&Singolo != &Quale.Paragrafi.front())
             Uscita += "\\par\r\n";
-        Uscita += "\\pard\\plain\\intbl" + PerTutte + Posto(Singolo, Margini);
+        Uscita += "\\pard\\plain\\intbl" + PerTutte + Posto(Singolo, Doc.Stretta, Margini);
         ScriviTratti(Singolo);
     }
     Uscita += "\\cell";
+}
+
+/// The picture in the head of the first page, which pushes the text down as far as it takes; a page that has
+/// a head of its own has its own running line too.
+QByteArray Scrivano::Testa()
+{
+    if (!Doc.Testa)
+        return {};
+    const FiguraTesta& Figura = *Doc.Testa;
+    QByteArray Scritta = "{\\headerf\\pard\\plain" + Allineato(Figura.Allinea) +
+                         Parola("\\sa", TwipDaCm(FiguraTesta::SottoCm)) + "\\fs2{\\pict\\pngblip" +
+                         Parola("\\picwgoal", TwipDaCm(Figura.LarghezzaCm)) +
+                         Parola("\\pichgoal", TwipDaCm(Figura.AltezzaCm)) + "\r\n";
+    constexpr qsizetype CifreRiga = 128;
+    const QByteArray Cifre = Figura.Png.toHex();
+    for (qsizetype i = 0; i < Cifre.size(); i += CifreRiga)
+        Scritta += Cifre.mid(i, CifreRiga) + "\r\n";
+    return Scritta + "}\\par}\r\n" + PiePagina().replace("{\\footer\\", "{\\footerf\\");
 }
 
 /// The running line ends half an inch above the edge where the margin has room for that, else in its middle.
@@ -329,6 +370,8 @@ QByteArray Pagina(const Documento& Doc, const Carta& Foglio)
            Parola("\\paperh", TwipDaCm(Foglio.AltezzaMm * CmPerMm)) +
            Parola("\\margl", TwipDaCm(Doc.MargineSinistroCm)) +
            Parola("\\margr", TwipDaCm(Doc.MargineDestroCm)) + Parola("\\margt", TwipDaCm(Doc.MargineAltoCm)) +
+           (Doc.Testa ? "\\titlepg" + Parola("\\headery", TwipDaCm(PostoDellaTesta(Doc).FiguraCm))
+                      : QByteArray()) +
            Parola("\\margb", TwipDaCm(Doc.MargineBassoCm)) + Parola("\\footery", AltezzaPiePagina(Doc)) +
            Parola("\\deftab", Tabulazione);
 }
@@ -341,7 +384,7 @@ QByteArray ScriviRtf(const Documento& Doc, const QString& Titolo, const Carta& F
     for (const BloccoDocumento& Uno : Doc.Blocchi)
         std::visit([&](const auto& Questo) { Scrivi(Questo); }, Uno);
     Scrivi.Concludi();
-    const QByteArray PiePagina = Scrivi.PiePagina();
+    const QByteArray PiePagina = Scrivi.PiePagina() + Scrivi.Testa();
 
     QByteArray Info;
     if (!Titolo.isEmpty()) {

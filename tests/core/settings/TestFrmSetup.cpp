@@ -95,7 +95,7 @@ void TestFrmSetup::leSchede()
         QCOMPARE(Schede->widget(i)->objectName(), u"fraSetup_%1"_s.arg(i));
     }
     QCOMPARE(Titoli, (QStringList{u"Dati studio"_s, u"Dati contabili"_s, u"Setup"_s,
-                                  u"Personalizza desktop"_s, u"Fattura elettronica"_s}));
+                                  u"Personalizza desktop"_s, u"Fattura elettronica"_s, u"Documenti"_s}));
     QCOMPARE(Schede->tabText(0), u"&Dati studio"_s);
     QCOMPARE(Modulo->windowTitle(), u"Calcanova - Personalizzazione programma"_s);
 }
@@ -369,7 +369,7 @@ void TestFrmSetup::ctrlTabGiraLeSchede()
 void TestFrmSetup::changeTabFuoriDaiLimiti()
 {
     const auto* Schede = Modulo->findChild<QTabWidget*>(u"tabSetup"_s);
-    for (const int Quale : {-1, 5, 99}) {
+    for (const int Quale : {-1, 6, 99}) {
         Modulo->ChangeTab(Quale);
         QCOMPARE(Schede->currentIndex(), 0);
     }

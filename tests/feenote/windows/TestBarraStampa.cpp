@@ -69,10 +69,11 @@ void TestBarraStampa::init()
 
 void TestBarraStampa::tastiESuggerimenti()
 {
-    const QStringList Attesi{
-        u"up: Pagina precedente"_s,        u"down: Pagina successiva"_s, u"zoom: Dimensioni preview"_s,
-        u"print: Stampa parcella"_s,       u"pdf: Salva in PDF"_s,       u"word: Esporta in Word"_s,
-        u"wp: Avvia editor alternativo"_s, u"help: Guida contestuale"_s};
+    const QStringList Attesi{u"up: Pagina precedente"_s,    u"down: Pagina successiva"_s,
+                             u"zoom: Dimensioni preview"_s, u"print: Stampa parcella"_s,
+                             u"pdf: Salva in PDF"_s,        u"invia: Invia per posta"_s,
+                             u"word: Esporta in Word"_s,    u"wp: Avvia editor alternativo"_s,
+                             u"help: Guida contestuale"_s};
     QStringList Visti;
     for (const QAction* Tasto : Controllo<QToolBar>(F, "barPrint")->actions())
         if (!Tasto->objectName().isEmpty())
@@ -86,7 +87,8 @@ void TestBarraStampa::vociDelloZoom()
     for (const QAction* Voce : Controllo<QToolButton>(F, "barPrint_zoom")->defaultAction()->menu()->actions())
         Viste += Voce->objectName() + u": "_s + Voce->text();
     QCOMPARE(Viste, (QStringList{u"z120: 120%"_s, u"z100: 100%"_s, u"z90: 90%"_s, u"z80: 80%"_s,
-                                 u"z70: 70%"_s, u"z999: Adatta"_s}));
+                                 u"z70: 70%"_s, u"z999: Adatta"_s, u": "_s, u"paginaintera: Pagina intera"_s,
+                                 u"larghezzapagina: Larghezza pagina"_s}));
 }
 
 /// A printer with letter paper: the pages are laid out anew for it, and so is what is exported from then on.

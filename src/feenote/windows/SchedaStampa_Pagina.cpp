@@ -1,0 +1,80 @@
+// How the document stands on its page and in the preview, and the mail that it leaves with.
+#include "feenote/windows/SchedaStampa.h"
+
+#include "core/parametri.h"
+#include "feenote/windows/cornicenota.h"
+#include "feenote/windows/inviodocumento.h"
+#include "feenote/windows/ui_SchedaStampa.h"
+#include "platform/kit/collega.h"
+#include "platform/preview/vistastampa.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString ChiaveAdattamento = u"AdattaAnteprima"_s;
+
+/// A lasting fit of the preview, as the settings keep it.
+struct VoceAdattamento
+{
+    QStringView Valore;
+    int Modo;
+};
+
+constexpr std::array VociAdattamento{
+    VoceAdattamento{u"pagina", VistaStampa::ZoomIntera},
+    VoceAdattamento{u"larghezza", VistaStampa::ZoomLarghezza},
+};
+
+}  // namespace
+
+void SchedaStampa::CollegaPagina()
+{
+    const QString Tenuto = Impostazione(ChiaveAdattamento);
+    for (const VoceAdattamento& Voce : VociAdattamento)
+        if (Tenuto == Voce.Valore)
+            ui->vp->ImpostaZoomMode(Voce.Modo);
+    Collega(ui->vp, &VistaStampa::ModoCambiato, this, &SchedaStampa::RicordaAdattamento);
+    Collega(ui->chkUnaPagina, &QCheckBox::clicked, this, [this](bool Si) {
+        Cornice.ApplicaStampa([&] {
+            Nota.UnaPagina = Si;
+            SetModificata(Nota, true);
+        });
+    });
+}
+
+void SchedaStampa::RicordaAdattamento(int Modo)
+{
+    // A percentage is for this window: the next one begins with its own.
+    QString Valore;
+    for (const VoceAdattamento& Voce : VociAdattamento)
+        if (Voce.Modo == Modo)
+            Valore = Voce.Valore.toString();
+    if (Valore != Impostazione(ChiaveAdattamento))
+        RicordaImpostazioni({{ChiaveAdattamento, Valore}});
+}
+
+void SchedaStampa::MostraPagina()
+{
+    const Impaginazione& Pagine = ui->vp->Pagine();
+    const bool NonBasta = Nota.UnaPagina && Pagine.NumeroPagine() > 1;
+    ui->lblUnaPagina->setVisible(NonBasta);
+    if (NonBasta)
+        ui->lblUnaPagina->setText(
+            u"Non sta in una pagina: righe e spazi restano come sono, su %1 pagine."_s.arg(
+                Pagine.NumeroPagine()));
+}
+
+void SchedaStampa::Invia()
+{
+    if (Cornice.InDomanda())
+        return;
+    const bool Partito = Cornice.InDialogo([this] {
+        const auto Scrivi = [this](const QString& File, const QString& Titolo) {
+            ui->vp->Pagine().ScriviPdf(File, Titolo);
+        };
+        return InviaDocumento(Nota, Nota.cmbTipoStampa, Scrivi);
+    });
+    if (Partito)
+        Cornice.DocumentoUscito();
+}

@@ -1,0 +1,96 @@
+#include "feenote/windows/inviodocumento.h"
+
+#include "core/modInvii.h"
+#include "feenote/modLettera.h"
+#include "feenote/modNomiProposti.h"
+#include "platform/system/esportato.h"
+#include "platform/system/messaggi.h"
+#include "platform/system/orologio.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString Posta = u"xdg-email"_s;
+
+/// A text as an argument: the scripts behind mail programs read a backslash as a command, and no argument
+/// holds other controls than line breaks.
+QString Argomento(const QString& Testo)
+{
+    QString Pulito;
+    for (const QChar C : Testo)
+        if (C == u'\n' || C.category() != QChar::Other_Control)
+            Pulito += C == u'\\' ? QChar(u'/') : C;
+    return Pulito;
+}
+
+/// An option with its text; an empty one is an error to the mail program.
+QStringList Opzione(const QString& Nome, const QString& Testo)
+{
+    return Testo.isEmpty() ? QStringList() : QStringList{Nome, Argomento(Testo)};
+}
+
+QStringList ArgomentiDi(const Lettera& Scritta, const QString& File)
+{
+    return QStringList{u"--utf8"_s} + Opzione(u"--subject"_s, Scritta.Oggetto) +
+           Opzione(u"--body"_s, Scritta.Testo) + QStringList{u"--attach"_s, File} +
+           (Scritta.Indirizzo.isEmpty() ? QStringList() : QStringList{Scritta.Indirizzo});
+}
+
+void OffriCartella(const QString& Perche, const QString& File)
+{
+    if (MsgBoxPulsanti(Perche + u"\nIl documento "_s + NomeFile(File) +
+                           u" è pronto e si può allegare a mano: aprire la sua cartella?"_s,
+                       vbYesNo + vbExclamation, TitoloAvvertenza.toString(),
+                       {u"Apri cartella"_s, u"Chiudi"_s}) == vbYes)
+        ApriCartellaDi(File);
+}
+
+/// Some mail programs go on under the one that has started them, and end hours later: what they then say is
+/// no answer to this mail.
+bool AncoraAtteso(const QDateTime& Avviata)
+{
+    constexpr int SecondiAttesa = 60;
+    return Avviata.secsTo(Adesso()) <= SecondiAttesa;
+}
+
+}  // namespace
+
+QString NomeAllegato(const Parcella& Nota, int Tipo)
+{
+    QString Nome;
+    for (const QChar C : NomeDocumentoProposto(Nota, Tipo)) {
+        if (C == u'\'')
+            Nome += QChar(0x2019);
+        else
+            Nome += u",;&%#$`=+"_s.contains(C) ? QChar(u' ') : C;
+    }
+    Nome = Nome.simplified();
+    return Nome.isEmpty() ? u"Documento"_s : Nome;
+}
+
+bool InviaDocumento(const Parcella& Nota, int Tipo,
+                    const std::function<void(const QString& File, const QString& Titolo)>& ScriviPdf)
+{
+    const QString Nome = NomeAllegato(Nota, Tipo);
+    const QString File = NuovaCartellaInvio() + Nome + u".pdf"_s;
+    {
+        const ClessidraAccesa Attesa;
+        ScriviPdf(File, Nome);
+    }
+    const QString Programma = TrovaProgramma(Posta);
+    if (Programma.isEmpty()) {
+        OffriCartella(u"Su questo computer manca "_s + Posta + u", che apre il programma di posta."_s, File);
+        return false;
+    }
+    const auto AllaFine = [File, Avviata = Adesso()](int Esito) {
+        if (Esito != 0 && AncoraAtteso(Avviata))
+            OffriCartella(u"Il programma di posta non si è aperto (codice %1)."_s.arg(Esito), File);
+    };
+    if (SeguiProgramma(Programma, ArgomentiDi(LetteraDi(Nota, Tipo), File), AllaFine) == 0)
+        return true;
+    OffriCartella(u"Il programma di posta non si è aperto."_s, File);
+    return false;
+}

@@ -1,0 +1,93 @@
+#include "print/modLogoStampa.h"
+
+#include "core/modErrori.h"
+#include "core/modLogo.h"
+#include "core/sessione.h"
+#include "platform/system/file.h"
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Between the margins of a sheet: no logo is wider.
+constexpr double LarghezzaMassima = 17.6;
+
+/// The copy that was read last: a document is composed at each change.
+struct LogoLetto
+{
+    QString Impronta;
+    QDateTime Scritto;
+    QByteArray Png;
+};
+
+/// What the user is to know, and the logo that he was told of already.
+struct AvvisiLogo
+{
+    bool DaMostrare = false;
+    QString Mostrato;
+};
+
+AvvisiLogo& Avvisi()
+{
+    static AvvisiLogo Unici;
+    return Unici;
+}
+
+QByteArray Copia()
+{
+    static LogoLetto Letto;
+    const QString& Impronta = sessione::LogoImpronta;
+    const QDateTime Scritto = DataFile(logo::File(Impronta));
+    if (Impronta != Letto.Impronta || Scritto != Letto.Scritto)
+        Letto = {Impronta, Scritto, logo::Leggi(Impronta).value_or(QByteArray())};
+    return Letto.Png;
+}
+
+Allineamento Posto()
+{
+    if (sessione::LogoPosto == u"C")
+        return Allineamento::Centro;
+    return sessione::LogoPosto == u"D" ? Allineamento::Destra : Allineamento::Sinistra;
+}
+
+}  // namespace
+
+std::optional<FiguraTesta> LogoDelDocumento(int Tipo)
+{
+    if (sessione::LogoImpronta.isEmpty() || sessione::LogoPosto.isEmpty() ||
+        !sessione::LogoDocumenti.contains(QString::number(Tipo)))
+        return std::nullopt;
+    auto Figura = FiguraDi(Copia(), sessione::LogoAltezza, Posto());
+    if (Figura)
+        Avvisi().Mostrato.clear();
+    else
+        Avvisi().DaMostrare = Avvisi().Mostrato != sessione::LogoImpronta;
+    return Figura;
+}
+
+std::optional<FiguraTesta> FiguraDi(const QByteArray& Png, double AltezzaCm, Allineamento Dove)
+{
+    const auto Misure = logo::MisurePng(Png);
+    if (!Misure)
+        return std::nullopt;
+    FiguraTesta Figura{Png, 0.0, std::clamp(AltezzaCm, logo::AltezzaMinima, logo::AltezzaMassima), Dove};
+    Figura.LarghezzaCm = Figura.AltezzaCm * Misure->Larghezza / Misure->Altezza;
+    if (Figura.LarghezzaCm > LarghezzaMassima) {
+        Figura.AltezzaCm *= LarghezzaMassima / Figura.LarghezzaCm;
+        Figura.LarghezzaCm = LarghezzaMassima;
+    }
+    return Figura;
+}
+
+void AvvisaLogo()
+{
+    if (!std::exchange(Avvisi().DaMostrare, false))
+        return;
+    Avvisi().Mostrato = sessione::LogoImpronta;
+    MsgErrore(
+        u"Il logo dello studio manca o è danneggiato: i documenti si stampano senza. Sceglierlo di nuovo "
+        u"nelle impostazioni, scheda \"Documenti\"."_s);
+}

@@ -1,0 +1,101 @@
+// Files on their way to another program: nobody else reads them, and they do not stay.
+#include "core/modInvii.h"
+#include "platform/system/cartelle.h"
+#include "platform/system/file.h"
+#include "platform/system/orologio.h"
+#include "platform/system/percorsi.h"
+#include "supporto/prova.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+class TestInvii : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup() { InstallaOrologio({}); }
+    void soloDellUtente();
+    void ciascunoLaSua();
+    void restanoUnOra();
+    void poiSeNeVanno();
+    void senzaCartella();
+    void unCollegamentoResta();
+
+private:
+    /// Hours from now that the clock shows.
+    static void Passano(double Ore)
+    {
+        InstallaOrologio([Ore] { return QDateTime::currentDateTime().addSecs(qint64(Ore * 3600)); });
+    }
+    static QString Invii() { return CartellaDati() + u"invii/"_s; }
+};
+PROVA(TestInvii);
+
+void TestInvii::init()
+{
+    QDir(Invii()).removeRecursively();
+}
+
+void TestInvii::soloDellUtente()
+{
+    const QString Cartella = NuovaCartellaInvio();
+    const QFile::Permissions Altri = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
+                                     QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    QCOMPARE(QFileInfo(Cartella).permissions() & Altri, QFile::Permissions());
+    QCOMPARE(QFileInfo(Invii()).permissions() & Altri, QFile::Permissions());
+}
+
+void TestInvii::ciascunoLaSua()
+{
+    const QString Prima = NuovaCartellaInvio();
+    QVERIFY(EsisteCartella(Prima));
+    QVERIFY(NuovaCartellaInvio() != Prima);
+}
+
+void TestInvii::restanoUnOra()
+{
+    const QString File = NuovaCartellaInvio() + u"Fattura.pdf"_s;
+    ScriviFile(File, "%PDF");
+    Passano(0.9);
+    SpazzaInvii();
+    QVERIFY(EsisteFile(File));
+}
+
+void TestInvii::poiSeNeVanno()
+{
+    const QString File = NuovaCartellaInvio() + u"Fattura.pdf"_s;
+    ScriviFile(File, "%PDF");
+    Passano(1.1);
+    const QString Nuovo = NuovaCartellaInvio() + u"Altra.pdf"_s;
+    ScriviFile(Nuovo, "%PDF");
+    ImpostaDataFile(Nuovo, Adesso());
+    SpazzaInvii();
+    QVERIFY(!EsisteFile(File));
+    QVERIFY(!EsisteCartella(CartellaFile(File)));
+    Passano(3);
+    SpazzaInvii();
+    QVERIFY(!EsisteCartella(Invii()));
+}
+
+void TestInvii::senzaCartella()
+{
+    SpazzaInvii();
+    QVERIFY(!EsisteCartella(Invii()));
+}
+
+/// What somebody has put there that leads elsewhere is not swept.
+void TestInvii::unCollegamentoResta()
+{
+    const QString Altrove = NuovaCartella();
+    ScriviFile(Altrove + u"mio.txt"_s, "x");
+    CreaCartella(Invii());
+    QVERIFY(QFile::link(Altrove, Invii() + u"via"_s));
+    Passano(5);
+    SpazzaInvii();
+    QVERIFY(EsisteFile(Altrove + u"mio.txt"_s));
+}
+
+#include "TestInvii.moc"

@@ -1,0 +1,281 @@
+// The mail with the document: a program of the test's stands for the mail program, and tells what it was
+// given.
+#include "stampa.h"
+
+#include "feenote/windows/inviodocumento.h"
+#include "platform/kit/shell_qt.h"
+#include "platform/system/cartelle.h"
+#include "platform/system/orologio.h"
+#include "platform/system/percorsi.h"
+#include "platform/system/shell.h"
+
+using namespace Qt::StringLiterals;
+
+class TestInvio : public QObject, private BancoStampa
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void allegaIlDocumento();
+    void daTastiera();
+    void nomiDiOgniGenere();
+    void indirizzoDelCliente_data();
+    void indirizzoDelCliente();
+    void testiVuoti();
+    void senzaProgramma_data();
+    void senzaProgramma();
+    void ilProgrammaNonRiesce_data();
+    void ilProgrammaNonRiesce();
+    void chiFinisceTardiNonRisponde();
+    void laCartellaESoloMia();
+    void nomeAllegato_data();
+    void nomeAllegato();
+    void ilFileDellaFatturaNonParte();
+
+private:
+    /// A mail program that writes down its arguments, one behind the other with a zero between.
+    void Installa(const QByteArray& Poi = {}) const
+    {
+        const QString File = Programmi + u"xdg-email"_s;
+        ScriviFile(File,
+                   "#!/bin/sh\nprintf '%s\\0' \"$@\" > \"$0.parti\"\n/bin/mv \"$0.parti\" \"$0.visto\"\n" +
+                       Poi);
+        QVERIFY(QFile::setPermissions(File, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    }
+    [[nodiscard]] QStringList Argomenti() const
+    {
+        const QString Visto = Programmi + u"xdg-email.visto"_s;
+        for (int i = 0; i < 200 && !EsisteFile(Visto); ++i)
+            QTest::qWait(20);
+        if (!EsisteFile(Visto))
+            return {};
+        QStringList Tutti = QString::fromUtf8(LeggiFile(Visto)).split(QChar(u'\0'));
+        Tutti.removeLast();
+        return Tutti;
+    }
+    /// What follows an option.
+    [[nodiscard]] static QString Dietro(const QStringList& Tutti, const QString& Opzione)
+    {
+        return Tutti.value(Tutti.indexOf(Opzione) + 1);
+    }
+    void InviaSubito()
+    {
+        Premuto("barPrint_invia");
+        Respiro();
+    }
+
+    QString Programmi;
+    QByteArray PercorsoPrima;
+    Shell Prima;
+    QStringList Cartelle;
+};
+PROVA(TestInvio);
+
+void TestInvio::init()
+{
+    Programmi = NuovaCartella();
+    PercorsoPrima = qgetenv("PATH");
+    Prepara();
+    Documento(StampaFatturaAnalitica);
+    F->Nota.txtDatiPar[DatoNumFatt] = u"12/2026"_s;
+    F->Nota.txtDatiPar[DatoDataFatt] = u"03/05/2026"_s;
+    qputenv("PATH", QFile::encodeName(Programmi));
+    Shell Vera = ShellQt();
+    Cartelle.clear();
+    Vera.ApriFile = [this](const QString& File) { return Cartelle += File, 0; };
+    Prima = InstallaShell(std::move(Vera));
+}
+
+void TestInvio::cleanup()
+{
+    InstallaOrologio({});
+    InstallaShell(std::move(Prima));
+    qputenv("PATH", PercorsoPrima);
+    Sgombra();
+}
+
+void TestInvio::allegaIlDocumento()
+{
+    Installa();
+    InviaSubito();
+    const QStringList Dati = Argomenti();
+    QCOMPARE(Dati.value(0), u"--utf8"_s);
+    QCOMPARE(Dietro(Dati, u"--subject"_s), u"Fattura 12/2026 - Sfratto"_s);
+    QVERIFY(Dietro(Dati, u"--body"_s).startsWith(u"Gentile Rossi Mario,\n\nsi trasmette"_s));
+    const QString File = Dietro(Dati, u"--attach"_s);
+    QCOMPARE(NomeFile(File), u"Rossi Mario - Sfratto - Fattura 12-2026.pdf"_s);
+    QVERIFY(LeggiFile(File).startsWith("%PDF"));
+    QCOMPARE(Dati.size(), 7);  // a client of free text has no address
+    QVERIFY(T->Voce.Mostrati().isEmpty());
+}
+
+void TestInvio::daTastiera()
+{
+    Installa();
+    auto* Bottone = Controllo(F, "barPrint_invia");
+    QVERIFY(Bottone->focusPolicy() & Qt::TabFocus);
+    Bottone->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(Bottone, Qt::Key_Space);
+    QVERIFY(!Argomenti().isEmpty());
+}
+
+/// What a user has written goes as it is, in one argument each, and none becomes an option or a command.
+void TestInvio::nomiDiOgniGenere()
+{
+    Installa();
+    F->Nota.txtCliente.Testo = u"--attach \"d'Amico\" $(touch /tmp/x) & `Figli`"_s;
+    F->Nota.txtDatiStaOgg.Testo = u"-n riga una\nriga due \\c {numero} ; rm -rf"_s;
+    InviaSubito();
+    const QStringList Dati = Argomenti();
+    QCOMPARE(Dati.size(), 7);
+    QCOMPARE(Dietro(Dati, u"--subject"_s), u"Fattura 12/2026 - -n riga una riga due /c {numero} ; rm -rf"_s);
+    QVERIFY(
+        Dietro(Dati, u"--body"_s).startsWith(u"Gentile --attach \"d'Amico\" $(touch /tmp/x) & `Figli`,\n"_s));
+    const QString File = Dietro(Dati, u"--attach"_s);
+    QVERIFY(File.startsWith(u'/') && EsisteFile(File));
+    for (const QChar Segno : u"'\"`$&;\n"_s)
+        QVERIFY(!NomeFile(File).contains(Segno));
+}
+
+void TestInvio::indirizzoDelCliente_data()
+{
+    QTest::addColumn<QString>("Email");
+    QTest::addColumn<bool>("Passa");
+    QTest::newRow("buono") << u"rossi@posta.example"_s << true;
+    QTest::newRow("vuoto") << QString() << false;
+    QTest::newRow("un'opzione") << u"--attach=/etc/passwd@x.it"_s << false;
+    QTest::newRow("due righe") << u"a@b.it\nc@d.it"_s << false;
+}
+
+void TestInvio::indirizzoDelCliente()
+{
+    QFETCH(QString, Email);
+    QFETCH(bool, Passa);
+    Installa();
+    const int Chiave = T->Ufficio.AggiungiCliente({{u"Nominativo"_s, u"Rossi Mario"_s}, {u"Email"_s, Email}});
+    F->Nota.IDCli = Chiave;
+    InviaSubito();
+    const QStringList Dati = Argomenti();
+    QCOMPARE(Dati.size(), Passa ? 8 : 7);
+    if (Passa)
+        QCOMPARE(Dati.last(), Email);
+}
+
+/// An option without a text would be an error of the mail program.
+void TestInvio::testiVuoti()
+{
+    Installa();
+    sessione::PostaOggetto.clear();
+    sessione::PostaTesto.clear();
+    InviaSubito();
+    const QStringList Dati = Argomenti();
+    QCOMPARE(Dati.size(), 3);
+    QCOMPARE(Dati.value(1), u"--attach"_s);
+}
+
+void TestInvio::senzaProgramma_data()
+{
+    QTest::addColumn<int>("Risposta");
+    QTest::newRow("apre la cartella") << vbYes;
+    QTest::newRow("lascia stare") << vbNo;
+}
+
+void TestInvio::senzaProgramma()
+{
+    QFETCH(int, Risposta);
+    T->Voce.Attendi(
+        u"Su questo computer manca xdg-email, che apre il programma di posta.\n"
+        "Il documento Rossi Mario - Sfratto - Fattura 12-2026.pdf è pronto e si può allegare a mano: "
+        "aprire la sua cartella?"_s,
+        Risposta, u"Avvertenza:"_s);
+    InviaSubito();
+    QCOMPARE(Cartelle.size(), Risposta == vbYes ? 1 : 0);
+    if (Risposta == vbYes)
+        QVERIFY(EsisteFile(Cartelle.first() + u"Rossi Mario - Sfratto - Fattura 12-2026.pdf"_s));
+}
+
+void TestInvio::ilProgrammaNonRiesce_data()
+{
+    QTest::addColumn<QByteArray>("Poi");
+    QTest::addColumn<int>("Codice");
+    QTest::newRow("nessun programma di posta") << QByteArray("exit 3\n") << 3;
+    QTest::newRow("ucciso") << QByteArray("kill -9 $$\n") << -1;
+}
+
+void TestInvio::ilProgrammaNonRiesce()
+{
+    QFETCH(QByteArray, Poi);
+    QFETCH(int, Codice);
+    Installa(Poi);
+    T->Voce.Attendi(
+        u"Il programma di posta non si è aperto (codice %1).\n"
+        "Il documento Rossi Mario - Sfratto - Fattura 12-2026.pdf è pronto e si può allegare a mano: "
+        "aprire la sua cartella?"_s.arg(Codice),
+        vbYes, u"Avvertenza:"_s);
+    InviaSubito();
+    QTRY_COMPARE(Cartelle.size(), 1);
+}
+
+/// A mail program that stays open under the one that started it, and breaks down in the evening.
+void TestInvio::chiFinisceTardiNonRisponde()
+{
+    Installa("while [ ! -e \"$0.fine\" ]; do /bin/sleep 0.05; done\nexit 4\n");
+    InviaSubito();
+    QVERIFY(!Argomenti().isEmpty());
+    InstallaOrologio([] { return QDateTime::currentDateTime().addSecs(3600); });
+    ScriviFile(Programmi + u"xdg-email.fine"_s, "x");
+    QTest::qWait(500);
+    QVERIFY(T->Voce.Mostrati().isEmpty());
+}
+
+void TestInvio::laCartellaESoloMia()
+{
+    Installa();
+    InviaSubito();
+    const QString Cartella = CartellaFile(Dietro(Argomenti(), u"--attach"_s));
+    QVERIFY(Cartella.startsWith(CartellaDati()));
+    QCOMPARE(int(QFileInfo(Cartella).permissions() & QFile::Permissions(0x0077)), 0);
+}
+
+void TestInvio::nomeAllegato_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<QString>("Atteso");
+    QTest::newRow("0") << 0 << u"Prenotula 7-2026"_s;
+    QTest::newRow("1") << 1 << u"Preventivo 7-2026"_s;
+    QTest::newRow("2") << 2 << u"Fattura 12-2026"_s;
+    QTest::newRow("3") << 3 << u"Fattura 12-2026"_s;
+    QTest::newRow("4") << 4 << u"Nota spese giudiziale"_s;
+    QTest::newRow("5") << 5 << u"Contratto cliente"_s;
+    QTest::newRow("6") << 6 << u"Resa informativa"_s;
+    QTest::newRow("7") << 7 << u"Solo parte contabile"_s;
+}
+
+/// Each document has a name of its own, with an associated note too.
+void TestInvio::nomeAllegato()
+{
+    QFETCH(int, Tipo);
+    QFETCH(QString, Atteso);
+    Parcella& Nota = F->Nota;
+    Nota.txtDatiPar[DatoNumero] = u"7"_s;
+    Nota.txtDatiPar[DatoData] = u"03/05/2026"_s;
+    QCOMPARE(NomeAllegato(Nota, Tipo), u"Rossi Mario - Sfratto - "_s + Atteso);
+    Nota.txtParcMultipla = u"altra"_s;
+    QCOMPARE(NomeAllegato(Nota, Tipo), u"Rossi Mario - Sfratto - "_s + Atteso);
+    Nota.txtCliente.Testo = u"Condominio \"L'Ulivo, 3\" & C."_s;
+    QCOMPARE(NomeAllegato(Nota, Tipo), u"Condominio L’Ulivo 3 C - Sfratto - "_s + Atteso);
+}
+
+/// A written electronic invoice goes to the exchange system, not to the client by mail.
+void TestInvio::ilFileDellaFatturaNonParte()
+{
+    Installa();
+    F->Nota.FatturaXml.File = u"IT01234567890_00001.xml"_s;
+    InviaSubito();
+    const QStringList Dati = Argomenti();
+    QCOMPARE(Dati.count(u"--attach"_s), 1);
+    QVERIFY(!Dati.join(u' ').contains(u".xml"_s));
+}
+
+#include "TestInvio.moc"
