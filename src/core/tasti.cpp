@@ -72,10 +72,13 @@ constexpr std::array Proprie{
 
     RigaTasti{u"SchedaDatiBase", u"", u"F4", u"apre la rubrica", Interno},
     RigaTasti{u"SchedaDatiBase", u"", u"Alt+Down", u"apre la rubrica", Interno},
-    RigaTasti{u"SchedaDatiBase", u"", u"Ctrl+Return", u"la scheda del nominativo collegato", Interno},
+    RigaTasti{u"SchedaDatiBase", u"cmdScaglione", u"Ctrl+Return",
+              u"la scheda del nominativo collegato; nel valore esatto, lo scaglione offerto", Interno},
 
     RigaTasti{u"SchedaOnorari", u"", u"F6", u"dalla ricerca al catalogo, alle righe, al pannello"},
     RigaTasti{u"SchedaOnorari", u"", u"Shift+F6", u"indietro per la stessa via"},
+    RigaTasti{u"SchedaSpese", u"cmdOfferta", u"Ctrl+Return Ctrl+Enter",
+              u"scrive fra le esenti l'importo in vigore che è offerto"},
     RigaTasti{u"SchedaSpese", u"", u"F6", u"dalla ricerca al catalogo, alle righe"},
     RigaTasti{u"SchedaSpese", u"", u"Shift+F6", u"indietro per la stessa via"},
 

@@ -17,6 +17,10 @@ private Q_SLOTS:
     void salvaSulPosto();
     void passiNellaGriglia();
     void passiNelTesto();
+    void speseDaTastiera();
+    void anticipazioneOfferta();
+    void scaglioneOfferto();
+    void contributoNellaParcella();
     void ultimeParcelle();
     void termineRicorrente();
     void fatturaElettronica();
@@ -141,6 +145,122 @@ void TestStrade::passiNelTesto()
     ATTENDI(u"testo txtOggetto"_s, "");
     P->Clic(u"cmdRipeti"_s);
     ATTENDI(u"testo txtOggetto"_s, "appalto");
+}
+
+/// F6 goes from the search to the catalogue and the lines and round, from the toolbar too; an expense that
+/// was inserted has its amount open, by keys and by the mouse.
+void TestStrade::speseDaTastiera()
+{
+    P = std::make_unique<Programma>();
+    QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
+    QVERIFY2(P->CompilaDatiBase(), qPrintable(P->Stato()));
+    QVERIFY2(P->AllaScheda(u"Spese inserite"_s), qPrintable(P->Stato()));
+    QVERIFY2(P->VaiA(u"txtCercaDir"_s), qPrintable(P->Stato()));
+    P->Premi(u"F6"_s);
+    ATTENDI(u"fuoco"_s, "tdbListaDir");
+    P->Premi(u"F6"_s);
+    ATTENDI(u"fuoco"_s, "tdbDir");
+    P->Premi(u"F6"_s);
+    ATTENDI(u"fuoco"_s, "txtCercaDir");
+    P->Premi(u"shift+F6"_s);
+    ATTENDI(u"fuoco"_s, "tdbDir");
+    P->Premi(u"shift+F6"_s);
+    ATTENDI(u"fuoco"_s, "tdbListaDir");
+    P->Premi(u"Tab"_s);
+    ATTENDI_CHE(P->Fuoco().startsWith(u"barListaOnoDir_"));
+    P->Premi(u"F6"_s);
+    ATTENDI(u"fuoco"_s, "tdbDir");
+    P->Premi(u"shift+F6"_s);
+    ATTENDI(u"fuoco"_s, "tdbListaDir");
+
+    P->Premi(u"Return"_s);
+    ATTENDI(u"fuoco"_s, "cella");
+    P->Digita(u"43"_s);
+    P->Fotografa(u"spesa_importo_aperto"_s);
+    P->Premi(u"Return"_s);
+    ATTENDI_CHE(P->TestoCella(u"tdbDir"_s, 0, 3) == u"43,00");
+    ATTENDI(u"fuoco"_s, "tdbDir");
+    P->Clic(P->Cella(u"tdbListaDir"_s, 2, 0), 2);
+    ATTENDI(u"fuoco"_s, "cella");
+    P->Digita(u"16,5"_s);
+    P->Premi(u"F6"_s);  // written on the way to the search
+    ATTENDI(u"fuoco"_s, "txtCercaDir");
+    ATTENDI_CHE(P->TestoCella(u"tdbDir"_s, 1, 3) == u"16,50");
+    // Right behind an insertion Ctrl+Z takes it back.
+    P->Premi(u"F6"_s);
+    ATTENDI(u"fuoco"_s, "tdbListaDir");
+    P->Premi(u"Return"_s);
+    ATTENDI(u"fuoco"_s, "cella");
+    P->Premi(u"ctrl+z"_s);
+    ATTENDI_CHE(P->TestoCella(u"tdbDir"_s, 2, 1).isEmpty());
+    QCOMPARE(P->Messaggio(), QString());
+}
+
+/// The amount in force stands exempt by one key, and goes by one step.
+void TestStrade::anticipazioneOfferta()
+{
+    P = std::make_unique<Programma>();
+    QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
+    QVERIFY2(P->CompilaDatiBase(), qPrintable(P->Stato()));
+    QVERIFY2(P->AllaScheda(u"Spese inserite"_s), qPrintable(P->Stato()));
+    ATTENDI(u"visto cmdOfferta"_s, "");
+    P->Clic(P->Cella(u"tdbListaDir"_s, 1, 0), 2);
+    ATTENDI(u"fuoco"_s, "cella");
+    ATTENDI_CHE(P->Testo(u"cmdOfferta"_s).startsWith(u"27,00 esente: Ctrl+Invio"));
+    P->Fotografa(u"anticipazione_offerta"_s);
+    P->Premi(u"ctrl+Return"_s);
+    ATTENDI_CHE(P->TestoCella(u"tdbDir"_s, 0, 4) == u"27,00");
+    ATTENDI(u"visto cmdOfferta"_s, "");
+    ATTENDI(u"fuoco"_s, "tdbDir");
+    P->Premi(u"ctrl+z"_s);
+    ATTENDI_CHE(P->TestoCella(u"tdbDir"_s, 0, 4).isEmpty());
+    QVERIFY(!P->TestoCella(u"tdbDir"_s, 0, 1).isEmpty());
+    P->Clic(P->Cella(u"tdbListaDir"_s, 1, 0), 2);
+    ATTENDI_CHE(P->Testo(u"cmdOfferta"_s).startsWith(u"27,00 esente"));
+    P->Clic(u"cmdOfferta"_s);
+    ATTENDI_CHE(P->TestoCella(u"tdbDir"_s, 1, 4) == u"27,00");
+    QCOMPARE(P->Messaggio(), QString());
+}
+
+/// The bracket is named as the value is typed, and chosen without leaving it.
+void TestStrade::scaglioneOfferto()
+{
+    P = std::make_unique<Programma>();
+    QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
+    QVERIFY2(P->CompilaDatiBase(), qPrintable(P->Stato()));
+    P->Clic(u"txtImporto"_s);
+    P->Premi(u"ctrl+a"_s);
+    P->Digita(u"60000"_s);
+    ATTENDI_CHE(P->Testo(u"cmdScaglione"_s).startsWith(u"Scaglione: da "));
+    P->Fotografa(u"scaglione_offerto"_s);
+    P->Premi(u"ctrl+Return"_s);
+    ATTENDI(u"testo txtImporto"_s, "60.000,00");
+    ATTENDI(u"visto cmdScaglione"_s, "");
+    ATTENDI(u"fuoco"_s, "txtImporto");
+    QCOMPARE(P->Messaggio(), QString());
+}
+
+/// From the note to the calculator and back: the fee and the lump sum stand among the exempt expenses.
+void TestStrade::contributoNellaParcella()
+{
+    P = std::make_unique<Programma>();
+    QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
+    QVERIFY2(P->CompilaDatiBase(), qPrintable(P->Stato()));
+    P->Premi(u"ctrl+shift+c"_s);
+    QVERIFY2(P->Aperta(u"Calcolo contributo unificato"_s), qPrintable(P->Stato()));
+    ATTENDI(u"fuoco"_s, "txtValore_0");
+    P->Digita(u"30000"_s);
+    P->Premi({u"Tab"_s, u"Tab"_s});
+    ATTENDI(u"fuoco"_s, "cmdPorta_0");
+    P->Premi(u"Return"_s);
+    ATTENDI_CHE(P->Testo(u"lblPortata"_s).startsWith(u"Portato in «Nuova parcella"));
+    P->Fotografa(u"contributo_portato"_s);
+    P->Premi(u"Escape"_s);
+    QVERIFY2(P->AllaScheda(u"Spese inserite"_s), qPrintable(P->Stato()));
+    ATTENDI_CHE(P->TestoCella(u"tdbDir"_s, 0, 4) == u"518,00");
+    ATTENDI_CHE(P->TestoCella(u"tdbDir"_s, 1, 4) == u"27,00");
+    P->Fotografa(u"contributo_nella_parcella"_s);
+    QCOMPARE(P->Messaggio(), QString());
 }
 
 /// From the desktop the list takes the keys, from the frame it comes as a menu.

@@ -4,7 +4,6 @@
 #include "platform/kit/collega.h"
 #include "platform/kit/etichetta.h"
 #include "platform/kit/suggerimento.h"
-#include "platform/kit/tastimostrati.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -21,7 +20,6 @@ BottoneOfferta::BottoneOfferta(QWidget* Padre) : QToolButton(Padre)
     setCursor(Qt::PointingHandCursor);
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    MostraTasti(this, Tasti().constFirst());
     Tingi();
 }
 
