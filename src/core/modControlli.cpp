@@ -1,5 +1,6 @@
 #include "core/modControlli.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -51,7 +52,24 @@ int Valore(QChar C)
 constexpr std::array Dispari{1,  0,  5, 7, 9, 13, 15, 17, 19, 21, 2,  4,  18,
                              20, 11, 3, 6, 8, 12, 14, 16, 10, 22, 25, 24, 23};
 
+constexpr QChar Chiocciola = u'@';
+
 }  // namespace
+
+QString CodiceInUnPezzo(const QString& Testo)
+{
+    QString Codice = Compatto(Testo);
+    Codice.removeIf([](QChar C) { return C == u'.' || C == u'-'; });
+    return Codice;
+}
+
+bool PostaTorna(const QString& Testo)
+{
+    const QString Nudo = Testo.trimmed();
+    const qsizetype Segno = Nudo.indexOf(Chiocciola);
+    return Segno > 0 && Nudo.lastIndexOf(Chiocciola) == Segno && Segno + 1 < Nudo.size() &&
+           std::ranges::none_of(Nudo, [](QChar C) { return C.isSpace(); });
+}
 
 bool CodiceFiscaleTorna(const QString& Testo)
 {

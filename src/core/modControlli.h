@@ -1,4 +1,4 @@
-// Check characters of codes that an office writes down: whether they agree with the rest.
+// Codes and addresses that an office writes down: whether they agree with their check characters and form.
 #pragma once
 
 #include <QString>
@@ -12,6 +12,12 @@
 
 /// A bank account of any country, written in one piece or in groups.
 [[nodiscard]] bool IbanTorna(const QString& Testo);
+
+/// A code in capitals without the blanks, points and dashes that part it.
+[[nodiscard]] QString CodiceInUnPezzo(const QString& Testo);
+
+/// An address of electronic mail as far as its form says: something on either side of one "@", no blank.
+[[nodiscard]] bool PostaTorna(const QString& Testo);
 
 /// The three letters that a family name gives to a fiscal code: consonants, then vowels, then "X". What is no
 /// letter of the plain alphabet counts for nothing, accented ones too.

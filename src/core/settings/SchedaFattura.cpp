@@ -1,6 +1,7 @@
 #include "core/settings/SchedaFattura.h"
 
 #include "core/impostazioni.h"
+#include "core/modControlli.h"
 #include "core/modErrori.h"
 #include "core/modRegimi.h"
 #include "core/modSede.h"
@@ -72,14 +73,6 @@ bool SoloLettere(const QString& Testo, qsizetype Quante)
 {
     return Testo.size() == Quante &&
            std::ranges::all_of(Testo, [](QChar C) { return C >= u'A' && C <= u'Z'; });
-}
-
-/// Something on either side of one sign, without a blank.
-bool ParePosta(const QString& Testo)
-{
-    const qsizetype Chiocciola = Testo.indexOf(u'@');
-    return Chiocciola > 0 && Testo.lastIndexOf(u'@') == Chiocciola && Chiocciola + 1 < Testo.size() &&
-           !Testo.contains(u' ');
 }
 
 void Avvisa(QLabel* Accanto, bool Torna)
@@ -200,7 +193,7 @@ void SchedaFattura::SegnaControlli()
     const QString Pec = ui->txtPecStudio->text().trimmed();
     Avvisa(ui->lblAvvisoSede,
            (Cap.isEmpty() || SoloCifre(Cap, 5)) && (Prov.isEmpty() || SoloLettere(Prov, 2)));
-    Avvisa(ui->lblAvvisoPec, Pec.isEmpty() || ParePosta(Pec));
+    Avvisa(ui->lblAvvisoPec, Pec.isEmpty() || PostaTorna(Pec));
 }
 
 void SchedaFattura::cmdRicava_Click()

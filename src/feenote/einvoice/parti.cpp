@@ -10,18 +10,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Codes are written in one piece and in capitals.
-QString Compatto(const QString& Codice)
-{
-    QString Testo = Codice.toUpper();
-    Testo.removeIf([](QChar C) { return C.isSpace() || C == u'.' || C == u'-'; });
-    return Testo;
-}
-
 /// A VAT number without the country in front of it; Greece has one of its own for it.
 QString SenzaPaese(const QString& Codice, const QString& Paese)
 {
-    const QString Testo = Compatto(Codice);
+    const QString Testo = CodiceInUnPezzo(Codice);
     for (const QString& Davanti : {Paese, Paese == u"GR" ? u"EL"_s : Paese})
         // A Swiss number begins with CHE, of which CH is no country put in front.
         if (!Davanti.isEmpty() && Testo.startsWith(Davanti) && !Testo.startsWith(u"CHE"))
@@ -115,7 +107,7 @@ public:
         constexpr qsizetype MassimoCivico = 8;
         Sede Pulita;
         if (!Scritta.Nazione.trimmed().isEmpty())
-            Pulita.Nazione = Compatto(Scritta.Nazione);
+            Pulita.Nazione = CodiceInUnPezzo(Scritta.Nazione);
         const bool ConLettere =
             std::ranges::any_of(Pulita.Nazione, [](QChar C) { return C >= u'A' && C <= u'Z'; });
         if (!ConLettere)
@@ -132,12 +124,12 @@ public:
         if (Vuoto(Scritta.Comune))
             Manca(Chi.Comune, u"il comune"_s);
         // Foreign codes of places have no form of their own: the exchange system takes five zeros.
-        Pulita.Cap = Estera ? u"00000"_s : Compatto(Scritta.Cap);
+        Pulita.Cap = Estera ? u"00000"_s : CodiceInUnPezzo(Scritta.Cap);
         if (Pulita.Cap.isEmpty())
             Manca(Chi.Cap, u"il CAP"_s);
         else if (!ValoreValido(u"CAPType", Pulita.Cap))
             NonValido(Chi.Cap, u"il CAP"_s, Pulita.Cap);
-        Pulita.Provincia = Estera ? QString() : Compatto(Scritta.Provincia);
+        Pulita.Provincia = Estera ? QString() : CodiceInUnPezzo(Scritta.Provincia);
         if (!Pulita.Provincia.isEmpty() && !ValoreValido(u"ProvinciaType", Pulita.Provincia))
             NonValido(Chi.Provincia, u"la sigla della provincia"_s, Pulita.Provincia);
         return Pulita;
@@ -156,7 +148,7 @@ public:
 
     [[nodiscard]] QString CodiceFiscale(const QString& Scritto) const
     {
-        const QString Codice = Compatto(Scritto);
+        const QString Codice = CodiceInUnPezzo(Scritto);
         if (!Codice.isEmpty() && !CodiceFiscaleTorna(Codice))
             NonValido(Chi.CodiceFiscale, u"il codice fiscale"_s, Codice);
         return Codice;
@@ -180,7 +172,7 @@ IdFiscale CodiceEstero(const Cessionario& Scritto, const QString& Paese, const P
     const QString Nessuno = u"0000000"_s;
     QString Codice = SenzaPaese(Scritto.PartitaIva, Paese);
     if (Codice.isEmpty())
-        Codice = Compatto(Scritto.CodiceFiscale);
+        Codice = CodiceInUnPezzo(Scritto.CodiceFiscale);
     if (Codice.isEmpty() && Scritto.Genere == GenereCliente::Persona) {
         Note.Avvisa(CampoFattura::ClientePartitaIva,
                     u"Il cliente estero non ha codici: nel file il suo codice è %1."_s.arg(Nessuno));
@@ -198,7 +190,7 @@ IdFiscale CodiceEstero(const Cessionario& Scritto, const QString& Paese, const P
 /// An Italian VAT number, of somebody whose seat is abroad.
 bool HaPartitaItaliana(const Cessionario& Scritto)
 {
-    const QString Codice = Compatto(Scritto.PartitaIva);
+    const QString Codice = CodiceInUnPezzo(Scritto.PartitaIva);
     return Scritto.Estero() && Codice.startsWith(Italia) && PartitaIvaTorna(Codice);
 }
 
@@ -207,8 +199,8 @@ bool HaCodiceItaliano(const Cessionario& Scritto)
 {
     constexpr qsizetype CaratteriPersona = 16;
     return Scritto.Estero() && Scritto.PartitaIva.trimmed().isEmpty() &&
-           Compatto(Scritto.CodiceFiscale).size() == CaratteriPersona &&
-           CodiceFiscaleTorna(Compatto(Scritto.CodiceFiscale));
+           CodiceInUnPezzo(Scritto.CodiceFiscale).size() == CaratteriPersona &&
+           CodiceFiscaleTorna(CodiceInUnPezzo(Scritto.CodiceFiscale));
 }
 
 bool Sconosciuto(const Cessionario& Scritto)
@@ -295,7 +287,7 @@ void ComponiCedente(FatturaElettronica& Fattura, const Cedente& Scritto, Raccolt
     Parti.Indirizzo = Chi.Indirizzo(Indirizzo);
     Fattura.Trasmittente = {Italia.toString(),
                             Parti.CodiceFiscale.isEmpty() ? Parti.IdFiscaleIva->Codice : Parti.CodiceFiscale};
-    Fattura.Regime = Compatto(Scritto.Regime);
+    Fattura.Regime = CodiceInUnPezzo(Scritto.Regime);
     if (Fattura.Regime.isEmpty())
         Chi.Manca(CampoFattura::StudioRegime, u"il regime fiscale"_s);
     else if (!RegimeAmmesso(Fattura.Regime))
@@ -335,7 +327,7 @@ void ComponiCessionario(FatturaElettronica& Fattura, const Cessionario& Scritto,
     const bool Pubblico = Fattura.Formato == FormatoPubblica;
     if (!Pubblico && Scritto.Genere == GenereCliente::PubblicaAmministrazione)
         Note.Manca(CampoFattura::SceltaFormato, u"Verso una pubblica amministrazione il formato è FPA12."_s);
-    const QString Codice = Compatto(Scritto.CodiceDestinatario);
+    const QString Codice = CodiceInUnPezzo(Scritto.CodiceDestinatario);
     if (Pubblico)
         ComponiDestinatarioPubblico(Fattura, Codice, Scritto, Note);
     else
