@@ -43,6 +43,9 @@ struct ColonnaGriglia
     bool Maiuscole = false;  ///< letters are raised as they are typed or pasted
     /// Text of a cell; without it CStr shows the value.
     std::function<QString(const QVariant& Valore, int Riga)> Mostra;
+    /// What is amiss with a cell; empty: nothing. It is set off, with a sign beside the text, and says so in
+    /// its tool tip and to a screen reader.
+    std::function<QString(int Riga)> Segno;
     /// Picture before the text; the room of one is kept in each row of a column that has them.
     std::function<QIcon(int Riga)> Immagine;
     /// Checks a typed text before it is written. False refuses and keeps the cell open. A number from whose

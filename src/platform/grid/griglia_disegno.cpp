@@ -30,6 +30,26 @@ void DipingiImmagine(QPainter* Pennello, const QRect& Riquadro, const QModelInde
     Cella.data(Qt::DecorationRole).value<QIcon>().paint(Pennello, Posto);
 }
 
+/// Dark on the ground of a selected row, which is light in every palette.
+QColor ColoreTesto(const QPalette& Colori, QPalette::ColorGroup Gruppo, bool Scelta, bool Segnata)
+{
+    constexpr double Parte = 0.75;
+    if (Scelta)
+        return Segnata ? aspetto::Mischia(Qt::red, aspetto::TestoRigaSelezionata(), Parte)
+                       : aspetto::TestoRigaSelezionata();
+    return Segnata ? aspetto::Sbagliato() : Colori.color(Gruppo, QPalette::Text);
+}
+
+/// The sign of a cell at the end that its text leaves free; none where the text needs the room.
+void DipingiSegno(QPainter* Pennello, const QRect& Riquadro, Qt::Alignment Allinea, int LargoTesto)
+{
+    const QString Segno = u"!"_s;
+    const int Largo = Pennello->fontMetrics().horizontalAdvance(Segno);
+    if (LargoTesto + Largo + MargineCella <= Riquadro.width())
+        Pennello->drawText(
+            Riquadro, (Allinea & Qt::AlignRight ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter, Segno);
+}
+
 /// One line: the breaks of a long description would show as boxes.
 QString SuUnaRiga(const QModelIndex& Cella)
 {
@@ -76,12 +96,15 @@ void DisegnoCelle::paint(QPainter* Pennello, const QStyleOptionViewItem& Opzioni
     Pennello->fillRect(Riquadro.left(), Riquadro.bottom(), Riquadro.width(), 1, aspetto::Filo());
 
     Pennello->setFont(Opzioni.font);
-    Pennello->setPen(Scelta ? aspetto::TestoRigaSelezionata() : Colori.color(Gruppo, QPalette::Text));
+    const bool Segnata = !Vista->Modello()->Segno(Cella.row(), Cella.column()).isEmpty();
+    Pennello->setPen(ColoreTesto(Colori, Gruppo, Scelta, Segnata));
     DipingiImmagine(Pennello, Riquadro, Cella);
     const QRect Testo = RiquadroTesto(Riquadro, Cella);
     const auto Allinea = Qt::Alignment(Cella.data(Qt::TextAlignmentRole).toInt());
-    Pennello->drawText(Testo, int(Allinea) | Qt::TextSingleLine,
-                       Opzioni.fontMetrics.elidedText(SuUnaRiga(Cella), Qt::ElideRight, Testo.width()));
+    const QString Mostrato = Opzioni.fontMetrics.elidedText(SuUnaRiga(Cella), Qt::ElideRight, Testo.width());
+    Pennello->drawText(Testo, int(Allinea) | Qt::TextSingleLine, Mostrato);
+    if (Segnata)
+        DipingiSegno(Pennello, Testo, Allinea, Opzioni.fontMetrics.horizontalAdvance(Mostrato));
 
     if (Cella == Vista->currentIndex() && Vista->hasFocus() && Vista->Modello()->HaModificabili()) {
         Pennello->setPen(Scelta ? aspetto::TestoRigaSelezionata() : aspetto::Accento());
@@ -89,7 +112,7 @@ void DisegnoCelle::paint(QPainter* Pennello, const QStyleOptionViewItem& Opzioni
     }
 }
 
-/// What the form says of the row, else a text that does not fit, whole.
+/// What is amiss with the cell, else what the form says of the row, else a text that does not fit, whole.
 bool DisegnoCelle::helpEvent(QHelpEvent* Evento, QAbstractItemView*, const QStyleOptionViewItem& Opzioni,
                              const QModelIndex& Cella)
 {
@@ -97,7 +120,9 @@ bool DisegnoCelle::helpEvent(QHelpEvent* Evento, QAbstractItemView*, const QStyl
         QToolTip::hideText();
         return true;
     }
-    QString Testo = Vista->SuggerimentoDi(Cella.row());
+    QString Testo = Vista->Modello()->Segno(Cella.row(), Cella.column());
+    if (Testo.isEmpty())
+        Testo = Vista->SuggerimentoDi(Cella.row());
     if (Testo.isEmpty()) {
         Testo = Cella.data().toString();
         if (Opzioni.fontMetrics.horizontalAdvance(Testo) <= RiquadroTesto(Opzioni.rect, Cella).width())

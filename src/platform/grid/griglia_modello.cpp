@@ -135,6 +135,13 @@ QString ModelloGriglia::Testo(int Riga, int Colonna) const
     return Mostra ? Mostra(Cella, Riga) : CStr(Cella);
 }
 
+QString ModelloGriglia::Segno(int Riga, int Colonna) const
+{
+    const auto& Di = ListaColonne[Colonna].Segno;
+    // The source may have lost rows, and Rilega be still to come.
+    return Di && Riga >= 0 && Riga < std::min(Vere, RigheFonte()) ? Di(Riga) : QString();
+}
+
 int ModelloGriglia::AggiungiRiga()
 {
     return Tabella->AggiungiRiga();
@@ -162,6 +169,8 @@ QVariant ModelloGriglia::data(const QModelIndex& Cella, int Ruolo) const
     switch (Ruolo) {
     case Qt::DisplayRole:
         return Testo(Cella.row(), Cella.column());
+    case Qt::AccessibleDescriptionRole:
+        return Segno(Cella.row(), Cella.column());
     case Qt::TextAlignmentRole:
         return int(ListaColonne[Cella.column()].Allinea | Qt::AlignVCenter);
     case Qt::DecorationRole: {

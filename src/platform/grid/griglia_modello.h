@@ -29,6 +29,8 @@ public:
     [[nodiscard]] QVariant Valore(int Riga, int Colonna) const;
     /// As it is shown.
     [[nodiscard]] QString Testo(int Riga, int Colonna) const;
+    /// What is amiss with a cell; empty for nothing.
+    [[nodiscard]] QString Segno(int Riga, int Colonna) const;
 
     /// What stays with a row while others come and go: a key of the table, the place of a recordset's row.
     /// 0 for the empty row and for no row.

@@ -30,6 +30,9 @@ private Q_SLOTS:
     void loSpazioNonComincia();
     void lImmagineStaDavanti();
     void ilSuggerimentoDellaRiga();
+    void ilSegnoDellaCella();
+    void ilSegnoSiDipinge_data();
+    void ilSegnoSiDipinge();
     void invioSenzaChiLoAscolti();
     void invioPerConto();
     void laLarghezzaInPixel();
@@ -149,6 +152,76 @@ void TestGrigliaElenco::ilSuggerimentoDellaRiga()
     QTRY_VERIFY2(QToolTip::text().contains(u"xxxx"), "a text that does not fit");
     ChiediSuggerimento(0, 0);
     QTRY_VERIFY(!QToolTip::isVisible() || QToolTip::text().isEmpty());
+}
+
+/// It comes before what the row says, and is read out; where there is none nothing changes.
+void TestGrigliaElenco::ilSegnoDellaCella()
+{
+    QList<ColonnaGriglia> Colonne = G->Colonne();
+    Colonne[0].Segno = [](int Riga) { return Riga == 1 ? u"oltre <il massimo>"_s : QString(); };
+    G->ImpostaColonne(Colonne);
+    G->Suggerimento = [](int Riga) { return u"riga %1"_s.arg(Riga); };
+    ChiediSuggerimento(1, 0);
+    QTRY_VERIFY(QToolTip::text().contains(u"oltre &lt;il massimo&gt;"));
+    ChiediSuggerimento(1, 1);
+    QTRY_VERIFY(QToolTip::text().contains(u"riga 1"));
+    ChiediSuggerimento(0, 0);
+    QTRY_VERIFY(QToolTip::text().contains(u"riga 0"));
+    const QAbstractItemModel* Modello = G->Vista()->model();
+    const auto Letto = [&](int Riga, int Colonna) {
+        return Modello->index(Riga, Colonna).data(Qt::AccessibleDescriptionRole).toString();
+    };
+    QCOMPARE(Letto(1, 0), u"oltre <il massimo>"_s);
+    QCOMPARE(Letto(1, 1), QString());
+    QCOMPARE(Letto(0, 0), QString());
+    // A row that has gone from the table is asked nothing.
+    G->ConsentiNuove(true);
+    Righe.EliminaRiga(2);
+    Righe.EliminaRiga(1);
+    QCOMPARE(Letto(1, 0), QString());
+    G->Rilega();
+    QCOMPARE(Letto(1, 0), QString());
+}
+
+void TestGrigliaElenco::ilSegnoSiDipinge_data()
+{
+    QTest::addColumn<bool>("Scelta");
+    QTest::newRow("riga comune") << false;
+    QTest::newRow("riga scelta") << true;
+}
+
+/// Colour and sign: the cell is painted otherwise than its neighbour of the same text.
+void TestGrigliaElenco::ilSegnoSiDipinge()
+{
+    QFETCH(const bool, Scelta);
+    Righe(0, 0) = Righe(2, 0) = u"9"_s;
+    QList<ColonnaGriglia> Colonne = G->Colonne();
+    Colonne[0].Allinea = Qt::AlignRight;
+    Colonne[0].Segno = [](int Riga) { return Riga == 2 ? u"oltre"_s : QString(); };
+    G->ImpostaColonne(Colonne);
+    G->ImpostaRigaCorrente(1);
+    if (Scelta)
+        for (const int Riga : {0, 2})
+            G->Seleziona(Riga);
+    const auto Cella = [this](int Riga) {
+        const QTableView* Vista = G->Vista();
+        const QRect Dove = Vista->visualRect(Vista->model()->index(Riga, 0));
+        return Vista->viewport()->grab(Dove).toImage();
+    };
+    const QImage Comune = Cella(0);
+    const QImage Segnata = Cella(2);
+    QVERIFY(Comune.size() == Segnata.size() && Comune != Segnata);
+    // The sign stands at the free end of the cell: there the common one is empty.
+    const QRect Capo(0, 0, Comune.width() / 4, Comune.height() - 2);
+    const auto Colori = [](const QImage& Parte) {
+        QSet<QRgb> Tutti;
+        for (int Y = 0; Y < Parte.height(); ++Y)
+            for (int X = 0; X < Parte.width(); ++X)
+                Tutti.insert(Parte.pixel(X, Y));
+        return Tutti.size();
+    };
+    QCOMPARE(Colori(Comune.copy(Capo)), 1);
+    QVERIFY(Colori(Segnata.copy(Capo)) > 1);
 }
 
 void TestGrigliaElenco::invioSenzaChiLoAscolti()
