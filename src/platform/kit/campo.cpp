@@ -16,6 +16,7 @@
 #include <QScopedValueRollback>
 #include <QTextDocument>
 #include <QTextEdit>
+#include <QToolTip>
 
 #include <algorithm>
 #include <utility>
@@ -135,6 +136,31 @@ void SegnaRifiutato(QLineEdit* Campo, QChar Carattere)
         Campo->setProperty(ProprietaRifiutati, Prima + Carattere);
 }
 
+/// What a box of a kind of FiltroTasti takes, in the user's words; empty for a list of letters.
+QString CheCosaPrende(const QString& Tipo)
+{
+    if (Tipo == u"d")
+        return u"una data: cifre, / e -"_s;
+    if (Tipo == u",")
+        return u"un importo: cifre, virgola, punto e -"_s;
+    if (Tipo == u"n")
+        return u"un numero: cifre e -"_s;
+    const bool Cifre = std::all_of(Tipo.cbegin(), Tipo.cend(), [](QChar C) { return C.isDigit(); });
+    if (Cifre)
+        return u"solo cifre"_s;
+    return Tipo.contains(u'1') && Tipo.contains(u',') ? u"una percentuale: cifre e virgola"_s : QString();
+}
+
+/// A key that is kept out says so beside the box, or the rest would pass for what was typed.
+void DilloAccanto(QLineEdit* Campo, const QString& Tipo, QChar Carattere)
+{
+    const QString Prende = CheCosaPrende(Tipo);
+    if (Prende.isEmpty() || Carattere.isSpace() || !Campo->hasFocus())
+        return;
+    QToolTip::showText(Campo->mapToGlobal(QPoint(0, Campo->height())),
+                       u"«%1» non è stato scritto: qui va %2"_s.arg(QString(Carattere), Prende), Campo);
+}
+
 /// Stands between the keyboard and one box.
 class FiltroDigitazione : public QObject
 {
@@ -170,8 +196,11 @@ private:
         const int Dopo = FiltroTasti(Decimale(Tasto, Prima), Tipo);
         if (Dopo == Prima)
             return false;
-        if (Dopo == 0)
-            SegnaRifiutato(Box, QChar(char16_t(std::min(Prima, 0xFFFF))));
+        if (Dopo == 0) {
+            const QChar Rifiutato(char16_t(std::min(Prima, 0xFFFF)));
+            SegnaRifiutato(Box, Rifiutato);
+            DilloAccanto(Box, Tipo, Rifiutato);
+        }
         if (Dopo != 0) {
             const auto Carattere = char32_t(Dopo);
             Box->insert(QString::fromUcs4(&Carattere, 1));

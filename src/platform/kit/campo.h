@@ -39,7 +39,8 @@ public:
 
 /// Filters what is typed into a box by FiltroTasti's kinds ("d", "n", ",", a list of characters); the
 /// keypad's decimal key types a comma where commas are let in, and so does "." in percent boxes. Enter moves
-/// to the next field and never presses a default button. Clipboard shortcuts pass.
+/// to the next field and never presses a default button. Clipboard shortcuts pass. A character that is kept
+/// out is told in a tool tip below the box, with what the box takes.
 void FiltraTasti(QLineEdit* Campo, const QString& Tipo, bool PuntoInVirgola = false);
 
 /// The characters that the filter has kept out of a box since this was asked last, each of them once; blanks

@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include <memory>
@@ -82,6 +83,8 @@ private Q_SLOTS:
     void concludiSenzaFuoco();
     void invioPassaAvanti();
     void filtroDeiTasti();
+    void ilTastoTenutoFuoriSiDice_data();
+    void ilTastoTenutoFuoriSiDice();
     void filtroNonToccaIncolla();
     void virgola_data();
     void virgola();
@@ -357,6 +360,45 @@ void TestCampo::filtroDeiTasti()
     Premi(Qt::Key_Backspace);
     Premi(Qt::Key_Home);
     QVERIFY2(M->A->text() == u"le" && M->A->cursorPosition() == 0, "il filtro vede solo caratteri");
+}
+
+void TestCampo::ilTastoTenutoFuoriSiDice_data()
+{
+    QTest::addColumn<QString>("Tipo");
+    QTest::addColumn<QString>("Tasti");
+    QTest::addColumn<QString>("Resta");
+    QTest::addColumn<QString>("Detto");
+    QTest::newRow("i giorni di un termine")
+        << u"0123456789"_s << u"abc-5,5"_s << u"55"_s << u"«,» non è stato scritto: qui va solo cifre"_s;
+    QTest::newRow("una data fra gli importi")
+        << u","_s << u"1/3"_s << u"13"_s
+        << u"«/» non è stato scritto: qui va un importo: cifre, virgola, punto e -"_s;
+    QTest::newRow("una lettera in una data")
+        << u"d"_s << u"1/o"_s << u"1/"_s << u"«o» non è stato scritto: qui va una data: cifre, / e -"_s;
+    QTest::newRow("un numero intero")
+        << u"n"_s << u"1,"_s << u"1"_s << u"«,» non è stato scritto: qui va un numero: cifre e -"_s;
+    QTest::newRow("una percentuale") << u"1234567890,."_s << u"-2"_s << u"2"_s
+                                     << u"«-» non è stato scritto: qui va una percentuale: cifre e virgola"_s;
+    QTest::newRow("ciò che passa") << u","_s << u"1.234,5"_s << u"1.234,5"_s << QString();
+    QTest::newRow("uno spazio") << u","_s << u"1 2"_s << u"12"_s << QString();
+    QTest::newRow("lettere scelte") << u"LEle"_s << u"x"_s << QString() << QString();
+}
+
+void TestCampo::ilTastoTenutoFuoriSiDice()
+{
+    QFETCH(const QString, Tipo);
+    QFETCH(const QString, Tasti);
+    QFETCH(const QString, Resta);
+    QFETCH(const QString, Detto);
+    QToolTip::hideText();
+    QTRY_VERIFY(!QToolTip::isVisible());
+    FiltraTasti(M->A, Tipo);
+    M->A->setFocus();
+    Digita(Tasti);
+    QCOMPARE(M->A->text(), Resta);
+    QCOMPARE(QToolTip::isVisible() ? QToolTip::text() : QString(), Detto);
+    QVERIFY2(M->A->hasFocus(), "the hint takes no focus");
+    QToolTip::hideText();
 }
 
 void TestCampo::filtroNonToccaIncolla()
