@@ -18,6 +18,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/suggerimento.h"
 #include "platform/system/messaggi.h"
 
 #include "core/settings/ui_frmSetup.h"
@@ -74,9 +75,9 @@ constexpr std::array Obblighi{
 constexpr std::array<QStringView, 6> Aiuti{
     u"Nome, indirizzo, città e posta elettronica sono obbligatori: compaiono nell'intestazione dei "
     u"documenti. "
-    u"Codice fiscale, partita IVA e IBAN compaiono nelle fatture; la firma sotto ogni documento. Un codice "
-    u"che "
-    u"non torna è segnalato accanto alla casella e si può conservare ugualmente.",
+    u"Codice fiscale, partita IVA e IBAN compaiono nelle fatture; la firma sotto ogni documento. La firma "
+    u"digitale si conserva qui e non si stampa. Un codice o un indirizzo che non torna è segnalato accanto "
+    u"alla casella e si può conservare ugualmente.",
     u"La tariffa e le percentuali proposte nelle parcelle nuove; quelle già aperte tengono le proprie, e la "
     u"tariffa di ciascuna si cambia nei suoi dati base. Una "
     u"casella vuota "
@@ -148,7 +149,12 @@ frmSetup::frmSetup()
             Aperture.ImpostazioniChiuse();
     });
     Collega(ui->tabSetup, &QTabWidget::currentChanged, this, [this] { ShowHelp(ui->cmdHelp->isChecked()); });
-    for (const QLineEdit* Campo : {ui->txtCodFisStudio, ui->txtPivaStudio, ui->txtIBAN})
+    for (const Obbligo& Voce : Obblighi) {
+        auto* Campo = findChild<QLineEdit*>(Voce.Campo.toString());
+        Campo->setPlaceholderText(u"obbligatorio"_s);
+        SuggerisciLeggibile(Campo);
+    }
+    for (const QLineEdit* Campo : {ui->txtEMail, ui->txtCodFisStudio, ui->txtPivaStudio, ui->txtIBAN})
         Collega(Campo, &QLineEdit::textChanged, this, [this] { SegnaControlli(); });
     ui->tabSetup->tabBar()->installEventFilter(this);
     CreaTasti();
@@ -273,9 +279,12 @@ void frmSetup::SegnaControlli()
         Campo->setToolTip(Torna ? QString() : Avviso);
         Campo->setAccessibleDescription(Campo->toolTip());
     };
+    const QString Posta = ui->txtEMail->text();
     const QString CodFis = ui->txtCodFisStudio->text();
     const QString PIva = ui->txtPivaStudio->text();
     const QString Iban = ui->txtIBAN->text();
+    Segna(ui->txtEMail, ui->lblAvvisoEMail, Posta.trimmed().isEmpty() || PostaTorna(Posta),
+          u"Un indirizzo di posta elettronica ha la forma nome@dominio"_s);
     Segna(ui->txtCodFisStudio, ui->lblAvvisoCodFis, CodFis.trimmed().isEmpty() || CodiceFiscaleTorna(CodFis),
           u"Il codice fiscale non torna con il suo carattere di controllo"_s);
     Segna(ui->txtPivaStudio, ui->lblAvvisoPiva, PIva.trimmed().isEmpty() || PartitaIvaTorna(PIva),

@@ -39,6 +39,7 @@ private Q_SLOTS:
     void aliquoteNelTempo();
     void controlli_data();
     void controlli();
+    void cheCosaVuoleOgniCasella();
     void codiceSbagliatoSegnatoENonRifiutato();
     void avvisoNominaIlCodice_data();
     void avvisoNominaIlCodice();
@@ -371,16 +372,45 @@ void TestSetupContabili::controlli_data()
     QTest::newRow("IBAN of another country") << u"iban"_s << u"DE89370400440532013000"_s << true;
     QTest::newRow("IBAN, digits swapped") << u"iban"_s << u"IT60X0542811101000000123465"_s << false;
     QTest::newRow("IBAN too short") << u"iban"_s << u"IT60X"_s << false;
+    QTest::newRow("mail") << u"posta"_s << u"laura.conti@studio.it"_s << true;
+    QTest::newRow("mail with blanks around") << u"posta"_s << u" l@s "_s << true;
+    QTest::newRow("mail without its sign") << u"posta"_s << u"pippo"_s << false;
+    QTest::newRow("mail with two signs") << u"posta"_s << u"a@b@c"_s << false;
+    QTest::newRow("mail without a name") << u"posta"_s << u"@studio.it"_s << false;
+    QTest::newRow("mail without a domain") << u"posta"_s << u"laura@"_s << false;
+    QTest::newRow("mail with a blank") << u"posta"_s << u"laura conti@studio.it"_s << false;
 }
 
 void TestSetupContabili::controlli()
 {
     QFETCH(QString, Genere);
     QFETCH(QString, Testo);
-    const bool Torna = Genere == u"cf"    ? CodiceFiscaleTorna(Testo)
-                       : Genere == u"iva" ? PartitaIvaTorna(Testo)
-                                          : IbanTorna(Testo);
+    const bool Torna = Genere == u"cf"      ? CodiceFiscaleTorna(Testo)
+                       : Genere == u"iva"   ? PartitaIvaTorna(Testo)
+                       : Genere == u"posta" ? PostaTorna(Testo)
+                                            : IbanTorna(Testo);
     QTEST(Torna, "Torna");
+}
+
+/// What must not stay empty says so while it is; what the less plain boxes are for is in their hints.
+void TestSetupContabili::cheCosaVuoleOgniCasella()
+{
+    T->Apri(0);
+    for (const QString& Nome : {u"txtNomeStudio"_s, u"txtIndStudio"_s, u"txtCittaStudio"_s, u"txtEMail"_s})
+        QCOMPARE(T->Campo(Nome)->placeholderText(), u"obbligatorio"_s);
+    QCOMPARE(T->Campo(u"txtIBAN"_s)->placeholderText(), QString());
+    QVERIFY(T->Campo(u"txtFirma"_s)->toolTip().contains(u"in fondo ai documenti"));
+    QVERIFY(T->Campo(u"txtFirmaDigit"_s)->toolTip().contains(u"nessun documento la stampa"));
+    QVERIFY(T->Campo(u"txtNomeStudio"_s)->toolTip().contains(u"«avv.»"));
+    const auto* Accanto = T->Trova<QLabel>(u"lblAvvisoEMail"_s);
+    T->Scrivi(u"txtEMail"_s, u"pippo"_s);
+    QVERIFY(Accanto->isVisible());
+    QCOMPARE(T->Campo(u"txtEMail"_s)->accessibleDescription(),
+             u"Un indirizzo di posta elettronica ha la forma nome@dominio"_s);
+    T->Scrivi(u"txtEMail"_s, u"pippo@studio.it"_s);
+    QVERIFY(!Accanto->isVisible());
+    T->Scrivi(u"txtEMail"_s, {});
+    QVERIFY2(!Accanto->isVisible(), "an empty box is required, not wrong");
 }
 
 void TestSetupContabili::codiceSbagliatoSegnatoENonRifiutato()
