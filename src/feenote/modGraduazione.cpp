@@ -1,6 +1,7 @@
 #include "feenote/modGraduazione.h"
 
 #include "core/modErrori.h"
+#include "feenote/modControlliNota.h"
 #include "feenote/modRighe.h"
 #include "platform/base/regionale.h"
 #include "platform/system/messaggi.h"
@@ -204,6 +205,21 @@ void SpostaGradua(Graduazione& Pannello, int Posizione)
     Pannello.Confermabile = true;
     Pannello.ImpOno = TestoGraduato(Pannello, Pannello.Gradua);
     CheckFascia(Pannello, Pannello.ImpOno);
+}
+
+QString AvvisoGradua(const Graduazione& Pannello)
+{
+    const double Importo = NumeroDi(Pannello.ImpOno);
+    const double Min = Pannello.Fasce[FasciaMin];
+    const double Max = Pannello.Fasce[FasciaMax];
+    if (Pannello.Tutti || Pannello.ImpOno.isEmpty() || FasciaDi(Pannello, Pannello.ImpOno) != NessunaFascia ||
+        Max <= 0 || Min > Max)
+        return {};
+    if (Importo > Max || Importo < Min)
+        return u"L'importo è "_s + FraseLimite({Importo > Max, Importo > Max ? Max : Min});
+    return TestoGraduato(Pannello, Pannello.Gradua) == Pannello.ImpOno
+               ? QString()
+               : u"Il cursore non segna l'importo di ora"_s;
 }
 
 int PassoGradua(const Graduazione& Pannello, int Da, int A)

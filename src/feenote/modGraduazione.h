@@ -71,6 +71,10 @@ void ScegliFascia(Graduazione& Pannello, int Riga);
 /// The user moved the slider.
 void SpostaGradua(Graduazione& Pannello, int Posizione);
 
+/// What the slider does not show of the amount beside it: that it lies beyond the maximum or below the
+/// minimum, or that it stands elsewhere between them. Empty while the slider stands on it, and for all lines.
+[[nodiscard]] QString AvvisoGradua(const Graduazione& Pannello);
+
 /// Where a step of the slider by keys ends: the position asked for, or the first one beyond it that leads on.
 /// Amounts are rounded and each of the three has its own position, so that a plain step may change
 /// nothing, or lead back to where it came from.

@@ -42,6 +42,8 @@ class TestGraduazione : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void unaRiga();
+    void ilCursoreNonMente_data();
+    void ilCursoreNonMente();
     void tutteLeRighe();
     void ambitoGiaScelto();
     void checkFascia_data();
@@ -84,6 +86,36 @@ void TestGraduazione::unaRiga()
              (QStringList{u"MINIMO      (600,00)"_s, u"MEDIO       (1.200,00)"_s, u"MASSIMO  (1.920,00)"_s}));
     QCOMPARE(Pannello.Evidenziata, int(FasciaMedio));
     QCOMPARE(Pannello.Gradua, 50);
+}
+
+void TestGraduazione::ilCursoreNonMente_data()
+{
+    QTest::addColumn<double>("Importo");
+    QTest::addColumn<QString>("Avviso");
+    QTest::newRow("minimo") << 600.0 << QString();
+    QTest::newRow("medio") << 1200.0 << QString();
+    QTest::newRow("massimo") << 1920.0 << QString();
+    QTest::newRow("un centesimo oltre") << 1920.01 << u"L'importo è oltre il massimo di 1.920,00"_s;
+    QTest::newRow("un centesimo sotto") << 599.99 << u"L'importo è sotto il minimo di 600,00"_s;
+    QTest::newRow("fra i due, altrove dal cursore") << 1000.0 << u"Il cursore non segna l'importo di ora"_s;
+}
+
+void TestGraduazione::ilCursoreNonMente()
+{
+    QFETCH(const double, Importo);
+    QFETCH(const QString, Avviso);
+    Parcella Nota = NotaDaGraduare();
+    Nota.xOnorari(0, OnoImporto) = Importo;
+    Graduazione Pannello;
+    ApriModOno(Pannello, Nota.xOnorari, 0);
+    QCOMPARE(AvvisoGradua(Pannello), Avviso);
+    // Wherever the user puts it, it stands on what it shows.
+    for (int Posizione = GraduaMin; Posizione <= GraduaMax; ++Posizione) {
+        SpostaGradua(Pannello, Posizione);
+        QCOMPARE(AvvisoGradua(Pannello), QString());
+    }
+    ScegliModAll(Pannello, Nota.xOnorari, true);
+    QCOMPARE(AvvisoGradua(Pannello), QString());
 }
 
 void TestGraduazione::tutteLeRighe()

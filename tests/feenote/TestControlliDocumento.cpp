@@ -1,0 +1,340 @@
+// What is worth a look before printing in an invoice and its client: number, date, terms, codes.
+#include "controlli.h"
+
+#include "feenote/modFatturaXml.h"
+
+using namespace Qt::StringLiterals;
+using enum GenereRilievo;
+
+class TestControlliDocumento : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { Ufficio = std::make_unique<Studio>(); }
+    void cleanup() { Ufficio.reset(); }
+    void numero_data();
+    void numero();
+    void data_data();
+    void data();
+    void dataDellaPrenotula_data();
+    void dataDellaPrenotula();
+    void senzaCliente_data();
+    void senzaCliente();
+    void codiciDellaScheda_data();
+    void codiciDellaScheda();
+    void codiciDelBlocco_data();
+    void codiciDelBlocco();
+    void lAccontoFatturatoTardi_data();
+    void lAccontoFatturatoTardi();
+    void ilFileNonScritto_data();
+    void ilFileNonScritto();
+
+private:
+    std::unique_ptr<Studio> Ufficio;
+};
+PROVA(TestControlliDocumento);
+
+void TestControlliDocumento::numero_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<QString>("Numero");
+    QTest::addColumn<bool>("Manca");
+    QTest::newRow("analitica senza") << int(StampaFatturaAnalitica) << QString() << true;
+    QTest::newRow("sintetica senza") << int(StampaFatturaSintetica) << QString() << true;
+    QTest::newRow("soli spazi") << int(StampaFatturaAnalitica) << u"  "_s << true;
+    QTest::newRow("8/a") << int(StampaFatturaAnalitica) << u"8/a"_s << false;
+    QTest::newRow("la prenotula non ne ha") << int(StampaPrenotula) << QString() << false;
+    QTest::newRow("il preventivo non ne ha") << int(StampaPreventivo) << QString() << false;
+}
+
+void TestControlliDocumento::numero()
+{
+    QFETCH(const int, Tipo);
+    QFETCH(const QString, Numero);
+    QFETCH(const bool, Manca);
+    Parcella Nota = FatturaInRegola();
+    ScegliTipoStampa(Nota, Tipo);
+    Nota.txtDatiPar[DatoNumFatt] = Numero;
+    const Guardata Esito = Guarda(Nota);
+    QCOMPARE(Esito.Frasi, Manca ? QStringList{u"La fattura è senza numero"_s} : QStringList());
+    if (Manca) {
+        QCOMPARE(Esito.Tutti.first().Luogo, LuogoRilievo::NumeroFattura);
+        QCOMPARE(Esito.Tutti.first().Gravita, GravitaRilievo::Errore);
+    }
+}
+
+void TestControlliDocumento::data_data()
+{
+    QTest::addColumn<QString>("Data");
+    QTest::addColumn<QString>("Frase");
+    QTest::newRow("manca") << QString() << u"La fattura è senza data"_s;
+    QTest::newRow("spazi") << u"   "_s << u"La fattura è senza data"_s;
+    QTest::newRow("nessuna data") << u"32/13/26 pippo"_s
+                                  << u"La data della fattura non è una data: «32/13/26 pippo»"_s;
+    QTest::newRow("30 febbraio") << u"30/02/2026"_s
+                                 << u"La data della fattura non è una data: «30/02/2026»"_s;
+    QTest::newRow("anno di due cifre") << u"1/3/26"_s << QString();
+    QTest::newRow("coi punti") << u"20.11.2026"_s << QString();
+    QTest::newRow("oggi") << u"22/11/2026"_s << QString();
+    QTest::newRow("domani") << u"23/11/2026"_s << u"La data della fattura è di là da venire: 23/11/2026"_s;
+}
+
+void TestControlliDocumento::data()
+{
+    QFETCH(const QString, Data);
+    QFETCH(const QString, Frase);
+    Parcella Nota = FatturaInRegola();
+    Nota.txtDatiPar[DatoDataFatt] = Data;
+    const Guardata Esito = Guarda(Nota);
+    QCOMPARE(Esito.Frasi, Frase.isEmpty() ? QStringList() : QStringList{Frase});
+    if (!Frase.isEmpty())
+        QCOMPARE(Esito.Tutti.first().Luogo, LuogoRilievo::DataFattura);
+    // The same box belongs to no other document.
+    ScegliTipoStampa(Nota, StampaPrenotula);
+    QCOMPARE(Guarda(Nota).Frasi, QStringList());
+}
+
+void TestControlliDocumento::dataDellaPrenotula_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<QString>("Data");
+    QTest::addColumn<bool>("Detta");
+    QTest::newRow("senza") << int(StampaPrenotula) << QString() << false;
+    QTest::newRow("nessuna data") << int(StampaPrenotula) << u"pippo"_s << true;
+    QTest::newRow("del preventivo") << int(StampaPreventivo) << u"31/11/2026"_s << true;
+    QTest::newRow("buona") << int(StampaPreventivo) << u"30/11/2026"_s << false;
+    QTest::newRow("la nota spese non ne ha") << int(StampaNotaGiudiziale) << u"pippo"_s << false;
+}
+
+void TestControlliDocumento::dataDellaPrenotula()
+{
+    QFETCH(const int, Tipo);
+    QFETCH(const QString, Data);
+    QFETCH(const bool, Detta);
+    Parcella Nota = FatturaInRegola();
+    ScegliTipoStampa(Nota, Tipo);
+    Nota.txtDatiPar[DatoData] = Data;
+    const Guardata Esito = Guarda(Nota);
+    QCOMPARE(Esito.Frasi,
+             Detta ? QStringList{u"La data del documento non è una data: «%1»"_s.arg(Data)} : QStringList());
+    if (Detta) {
+        QCOMPARE(Esito.Tutti.first().Luogo, LuogoRilievo::DataDocumento);
+        QCOMPARE(Esito.Tutti.first().Gravita, GravitaRilievo::Avviso);
+    }
+}
+
+void TestControlliDocumento::senzaCliente_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<QString>("Cliente");
+    QTest::addColumn<QString>("Blocco");
+    QTest::addColumn<QString>("Frase");
+    QTest::addColumn<int>("Luogo");
+    const QString Rossi = u"Rossi Mario"_s;
+    QTest::newRow("fattura") << int(StampaFatturaAnalitica) << QString() << QString()
+                             << u"La fattura è senza cliente"_s << int(LuogoRilievo::Cliente);
+    QTest::newRow("prenotula") << int(StampaPrenotula) << u" "_s << QString() << u"Manca il cliente"_s
+                               << int(LuogoRilievo::Cliente);
+    QTest::newRow("tolto dalla stampa") << int(StampaPrenotula) << Rossi << QString() << u"Manca il cliente"_s
+                                        << int(LuogoRilievo::BloccoCliente);
+    QTest::newRow("c'è") << int(StampaPrenotula) << Rossi << Rossi << QString() << 0;
+    QTest::newRow("la parte contabile non nomina nessuno")
+        << int(StampaSoloContabile) << Rossi << QString() << QString() << 0;
+}
+
+void TestControlliDocumento::senzaCliente()
+{
+    QFETCH(const int, Tipo);
+    QFETCH(const QString, Cliente);
+    QFETCH(const QString, Blocco);
+    QFETCH(const QString, Frase);
+    QFETCH(const int, Luogo);
+    Parcella Nota = FatturaInRegola();
+    ScegliTipoStampa(Nota, Tipo);
+    Nota.IDCli = 0;
+    Nota.txtCliente.Testo = Cliente;
+    Nota.txtDatiStaCli.Testo = Blocco;
+    const Guardata Esito = Guarda(Nota, std::nullopt);
+    QCOMPARE(Esito.Frasi, Frase.isEmpty() ? QStringList() : QStringList{Frase});
+    if (!Frase.isEmpty())
+        QCOMPARE(int(Esito.Tutti.first().Luogo), Luogo);
+}
+
+void TestControlliDocumento::codiciDellaScheda_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<QString>("CodFis");
+    QTest::addColumn<QString>("PIva");
+    QTest::addColumn<QString>("Nazione");
+    QTest::addColumn<QList<int>>("Generi");
+    const auto Riga = [](const char* Nome, int Tipo, const QString& CodFis, const QString& PIva,
+                         const QString& Nazione, const QList<GenereRilievo>& Generi) {
+        QList<int> Numeri;
+        for (const GenereRilievo Uno : Generi)
+            Numeri += int(Uno);
+        QTest::newRow(Nome) << Tipo << CodFis << PIva << Nazione << Numeri;
+    };
+    const QString CodFis = u"RSSMRA80A01H501U"_s;
+    const QString PIva = u"01234567897"_s;
+    const int Fattura = StampaFatturaAnalitica;
+    Riga("solo il codice fiscale", Fattura, CodFis, {}, {}, {});
+    Riga("solo la partita IVA", Fattura, {}, PIva, {}, {});
+    Riga("scritti a gruppi", Fattura, u"RSS MRA 80a01 h501-u"_s, u"IT 012.345.678-97"_s, {}, {});
+    Riga("società", Fattura, PIva, PIva, {}, {});
+    Riga("nessuno dei due", Fattura, {}, {}, {}, {ClienteSenzaCodici});
+    Riga("nessuno dei due, prenotula", StampaPrenotula, {}, {}, {}, {ClienteSenzaCodici});
+    Riga("soli spazi", Fattura, u" "_s, u" "_s, {}, {ClienteSenzaCodici});
+    Riga("lettera di controllo", Fattura, u"RSSMRA80A01H501V"_s, {}, {}, {CodiceFiscaleErrato});
+    Riga("cifra di controllo", Fattura, CodFis, u"01234567898"_s, {}, {PartitaIvaErrata});
+    Riga("tutti e due", Fattura, u"RSSMRA80A01H501V"_s, u"123"_s, {},
+         {CodiceFiscaleErrato, PartitaIvaErrata});
+    Riga("la nota spese dice il nome solo", StampaNotaGiudiziale, u"abc"_s, {}, {}, {});
+    Riga("la parte contabile non nomina nessuno", StampaSoloContabile, u"abc"_s, {}, {}, {});
+    Riga("il contratto li scrive", StampaContratto, u"abc"_s, {}, {}, {CodiceFiscaleErrato});
+    Riga("altro paese, altre regole", Fattura, {}, u"DE123"_s, u"DE"_s, {});
+}
+
+void TestControlliDocumento::codiciDellaScheda()
+{
+    QFETCH(const int, Tipo);
+    QFETCH(const QString, CodFis);
+    QFETCH(const QString, PIva);
+    QFETCH(const QString, Nazione);
+    QFETCH(const QList<int>, Generi);
+    Parcella Nota = FatturaInRegola();
+    ScegliTipoStampa(Nota, Tipo);
+    DatiCliente Riga = ClienteInRegola();
+    Riga.CodFis = CodFis;
+    Riga.PIva = PIva;
+    Riga.Nazione = Nazione;
+    const Guardata Esito = Guarda(Nota, Riga);
+    QList<int> Trovati;
+    for (const Rilievo& Detto : Esito.Tutti) {
+        Trovati += int(Detto.Genere);
+        QCOMPARE(Detto.Luogo,
+                 Detto.Genere == PartitaIvaErrata ? LuogoRilievo::PartitaIva : LuogoRilievo::CodiceFiscale);
+    }
+    QCOMPARE(Trovati, Generi);
+    // A link that leads nowhere is told, where the document would say the codes.
+    const Guardata Assente = Guarda(Nota, std::nullopt);
+    const bool ConCodici = Tipo != StampaNotaGiudiziale && Tipo != StampaSoloContabile;
+    QCOMPARE(Assente.Generi, ConCodici ? QList{ClienteAssente} : QList<GenereRilievo>());
+}
+
+void TestControlliDocumento::codiciDelBlocco_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<QString>("Blocco");
+    QTest::addColumn<QString>("Frase");
+    const int Fattura = StampaFatturaSintetica;
+    const QString Senza = u"La fattura non dice codice fiscale né partita IVA del cliente"_s;
+    QTest::newRow("senza") << Fattura << u"Rossi Mario\nvia Roma 1"_s << Senza;
+    QTest::newRow("prenotula senza") << int(StampaPrenotula) << u"Rossi Mario"_s << QString();
+    QTest::newRow("codice fiscale") << Fattura << u"Rossi Mario\nC.F.: rssmra80a01h501u"_s << QString();
+    QTest::newRow("partita IVA") << Fattura << u"Alfa Srl\nP.IVA IT01234567897"_s << QString();
+    QTest::newRow("telefono di dieci cifre") << Fattura << u"Rossi Mario\ntel. 3331234567"_s << Senza;
+    QTest::newRow("lettera sbagliata") << Fattura << u"Rossi Mario RSSMRA80A01H501V"_s
+                                       << u"Il codice fiscale del cliente non torna: RSSMRA80A01H501V"_s;
+    QTest::newRow("cifra sbagliata") << Fattura << u"Alfa Srl 01234567898"_s
+                                     << u"La partita IVA del cliente non torna: 01234567898"_s;
+}
+
+void TestControlliDocumento::codiciDelBlocco()
+{
+    QFETCH(const int, Tipo);
+    QFETCH(const QString, Blocco);
+    QFETCH(const QString, Frase);
+    Parcella Nota = FatturaInRegola();
+    ScegliTipoStampa(Nota, Tipo);
+    Nota.IDCli = 0;
+    Nota.txtDatiStaCli.Testo = Blocco;
+    const Guardata Esito = Guarda(Nota, std::nullopt);
+    QCOMPARE(Esito.Frasi, Frase.isEmpty() ? QStringList() : QStringList{Frase});
+    if (!Frase.isEmpty())
+        QCOMPARE(Esito.Tutti.first().Luogo, LuogoRilievo::BloccoCliente);
+}
+
+void TestControlliDocumento::lAccontoFatturatoTardi_data()
+{
+    QTest::addColumn<bool>("InAcconto");
+    QTest::addColumn<QString>("Descrizione");
+    QTest::addColumn<QString>("DataFattura");
+    QTest::addColumn<QString>("Frase");
+    const auto Riga = [](const char* Nome, bool InAcconto, const QString& Descrizione, const QString& Data,
+                         const QString& Frase) {
+        QTest::newRow(Nome) << InAcconto << Descrizione << Data << Frase;
+    };
+    const QString Tardi =
+        u"L'acconto del 05/10/2026 andava fatturato entro il 17/10/2026: 12 giorni dal pagamento"_s;
+    Riga("al dodicesimo giorno", true, u"bonifico del 05/10/2026"_s, u"17/10/2026"_s, {});
+    Riga("al tredicesimo", true, u"bonifico del 05/10/2026"_s, u"18/10/2026"_s, Tardi);
+    Riga("anno di due cifre, coi punti", true, u"5.10.26 bonifico"_s, u"18/10/2026"_s, Tardi);
+    Riga("non datata: conta oggi", true, u"bonifico del 05/10/2026"_s, {}, Tardi);
+    Riga("l'ultimo pagamento conta", true, u"05/10/2026 e 10/11/2026"_s, u"20/11/2026"_s, {});
+    Riga("una fattura a saldo", false, u"bonifico del 05/10/2026"_s, u"18/10/2026"_s, {});
+    Riga("senza data", true, u"bonifico"_s, u"18/10/2026"_s, {});
+    Riga("numeri che non sono date", true, u"R.G. 12/2026, IBAN 99/99/2026"_s, u"18/10/2026"_s, {});
+    Riga("numero dentro un altro", true, u"n. 105/10/20261"_s, u"20/11/2026"_s, {});
+    Riga("data futura", true, u"entro il 05/12/2026"_s, u"20/11/2026"_s, {});
+}
+
+void TestControlliDocumento::lAccontoFatturatoTardi()
+{
+    QFETCH(const bool, InAcconto);
+    QFETCH(const QString, Descrizione);
+    QFETCH(const QString, DataFattura);
+    QFETCH(const QString, Frase);
+    Parcella Nota = FatturaInRegola();
+    Nota.chkFattAcc.Attiva = InAcconto;
+    Nota.txtDatiPar[DatoDataFatt] = DataFattura;
+    RigaAcconto(Nota, u"E"_s, 100.0, 0.0, 0.0);
+    const int Riga = RigaAcconto(Nota, u"E"_s, 100.0, 0.0, 0.0);
+    Nota.xAcconti(Riga, AccDescr) = Descrizione;
+    Guardata Esito = Guarda(Nota);
+    Esito.Frasi.removeAll(u"La fattura è senza data"_s);
+    QCOMPARE(Esito.Frasi, Frase.isEmpty() ? QStringList() : QStringList{Frase});
+    if (Frase.isEmpty())
+        return;
+    QCOMPARE(Esito.Tutti.last().Luogo, LuogoRilievo::Acconti);
+    QCOMPARE(Esito.Tutti.last().Riga, Riga);
+    ScegliTipoStampa(Nota, StampaPrenotula);
+    QCOMPARE(Guarda(Nota).Frasi, QStringList());
+}
+
+void TestControlliDocumento::ilFileNonScritto_data()
+{
+    QTest::addColumn<bool>("ScriveXml");
+    QTest::addColumn<QString>("Data");
+    QTest::addColumn<bool>("Scritta");
+    QTest::addColumn<bool>("Detto");
+    QTest::newRow("al dodicesimo giorno") << true << u"10/11/2026"_s << false << false;
+    QTest::newRow("al tredicesimo") << true << u"09/11/2026"_s << false << true;
+    QTest::newRow("scritta") << true << u"09/11/2026"_s << true << false;
+    QTest::newRow("studio che li scrive altrove") << false << u"09/11/2026"_s << false << false;
+    QTest::newRow("di un anno fa") << true << u"22/11/2025"_s << false << true;
+    QTest::newRow("di piu' di un anno fa") << true << u"21/11/2025"_s << false << false;
+}
+
+void TestControlliDocumento::ilFileNonScritto()
+{
+    QFETCH(const bool, ScriveXml);
+    QFETCH(const QString, Data);
+    QFETCH(const bool, Scritta);
+    QFETCH(const bool, Detto);
+    Parcella Nota = FatturaInRegola();
+    Nota.txtDatiPar[DatoDataFatt] = Data;
+    if (Scritta)
+        SegnaFatturaScritta(Nota, u"IT01234567897_00001.xml"_s, u"00001"_s);
+    const Guardata Esito = Guarda(Nota, ClienteInRegola(), ScriveXml);
+    QCOMPARE(Esito.Generi, Detto ? QList{TermineScaduto} : QList<GenereRilievo>());
+    if (!Detto)
+        return;
+    QCOMPARE(Esito.Tutti.first().Luogo, LuogoRilievo::FatturaXml);
+    QVERIFY(Esito.Frasi.first().startsWith(
+        u"Il file della fattura elettronica non è scritto: il termine era il "));
+    // What has no number is told of that alone.
+    Nota.txtDatiPar[DatoNumFatt].clear();
+    QCOMPARE(Guarda(Nota, ClienteInRegola(), ScriveXml).Generi, QList{NumeroMancante});
+}
+
+#include "TestControlliDocumento.moc"
