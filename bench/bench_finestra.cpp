@@ -7,6 +7,7 @@
 #include "core/app/programma.h"
 #include "core/modAvvio.h"
 #include "core/sessione.h"
+#include "feenote/modInterruttori.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
 #include "platform/grid/griglia.h"
@@ -17,6 +18,8 @@
 #include <QDir>
 #include <QFile>
 #include <QImage>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QPaintEvent>
 #include <QProcess>
 #include <QTableView>
@@ -317,6 +320,36 @@ double Ricalcola()
     return SommaColonna(Righe, OnoMedio) != Prima ? Ms : NonMisurabile;
 }
 
+/// A letter in the date of the document, with the list "Da controllare" in view: half of the lines are beyond
+/// their maximum.
+template <int Righe>
+double Controlla()
+{
+    frmParcelle* Finestra = ApriNota(Righe);
+    TabellaRighe& Onorari = Finestra->Nota.xOnorari;
+    for (int Riga = 0; Riga < Righe; ++Riga) {
+        Onorari(Riga, OnoNVoce) = 1;
+        if (Riga % 2 == 0)
+            Onorari(Riga, OnoMax) = 1.0;
+        Onorari(Riga, OnoMin) = 1.0;
+    }
+    ScegliTipoStampa(Finestra->Nota, StampaPrenotula);
+    Finestra->VaiAllaScheda(SchedaDiStampa);
+    LasciaDipingere();
+    auto* Data = Finestra->findChild<QLineEdit*>(u"txtDatiPar_1"_s);
+    const auto* Elenco = Finestra->findChild<QListWidget*>(u"lstControlli"_s);
+    Data->setFocus();
+    bool Viva = true;
+    const double Ms = MedianaMs(21, [&] {
+        const int Prima = Elenco->count();
+        // A letter makes it no date, without it nothing stands there.
+        QTest::keyClick(Data, Data->text().isEmpty() ? Qt::Key_X : Qt::Key_Backspace);
+        LasciaDipingere();
+        Viva = Viva && Elenco->isVisible() && Elenco->count() != Prima;
+    });
+    return Viva ? Ms : NonMisurabile;
+}
+
 double Memoria()
 {
     ApriNota(40);
@@ -339,6 +372,8 @@ int Finestra(int& argc, char** argv)
                                                           {u"annulla", SuMeta<Gesto::Annulla>},
                                                           {u"sposta", SuMeta<Gesto::Sposta>},
                                                           {u"ricalcola", Ricalcola},
+                                                          {u"controlla1000", Controlla<1000>},
+                                                          {u"controlla10000", Controlla<RigheLunghe>},
                                                           {u"memoria", Memoria}};
     for (const auto& [Nome, Misura] : Quali)
         if (Nome == Quale)
@@ -368,6 +403,10 @@ const RegistraMisura RegistrataSposta(u"10,000 lines: drag half of them"_s, 200.
                                       NellaFinestra(u"sposta"_s));
 const RegistraMisura RegistrataRicalcola(u"10,000 lines: recompute all"_s, 200.0,
                                          NellaFinestra(u"ricalcola"_s));
+const RegistraMisura RegistrataControlla(u"1,000 lines: a key with the list of checks in view"_s, 16.0,
+                                         NellaFinestra(u"controlla1000"_s));
+const RegistraMisura RegistrataControllaLunga(u"10,000 lines: a key with the list of checks in view"_s, 100.0,
+                                              NellaFinestra(u"controlla10000"_s));
 const RegistraMisura RegistrataSomma(u"10,000 lines: sums"_s, 100.0, NellaFinestra(u"somma"_s));
 
 }  // namespace

@@ -30,6 +30,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QMdiArea>
@@ -109,6 +110,12 @@ QString TestoDi(const QWidget* Oggetto)
         return Schede->tabText(Schede->currentIndex()).remove(u'&');
     if (const auto* Cursore = qobject_cast<const QAbstractSlider*>(Oggetto))
         return QString::number(Cursore->value());
+    if (const auto* Elenco = qobject_cast<const QListWidget*>(Oggetto)) {
+        QStringList Voci;
+        for (int i = 0; i < Elenco->count(); ++i)
+            Voci += Elenco->item(i)->text();
+        return Voci.join(QStringLiteral(" | "));
+    }
     if (const auto* Numero = qobject_cast<const QAbstractSpinBox*>(Oggetto))
         return Numero->text();
     if (const auto* Testo = qobject_cast<const QTextEdit*>(Oggetto))

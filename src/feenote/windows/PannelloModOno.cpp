@@ -1,6 +1,7 @@
 #include "feenote/windows/PannelloModOno.h"
 
 #include "feenote/windows/ui_PannelloModOno.h"
+#include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 
 #include <QShortcut>
@@ -148,6 +149,18 @@ void PannelloModOno::MostraFasce()
         Elenco->setCurrentRow(Stato.Evidenziata, QItemSelectionModel::ClearAndSelect);
 }
 
+/// The slider keeps its place where the amount is none of its own: words say what it cannot.
+void PannelloModOno::MostraAvviso()
+{
+    const QString Avviso = AvvisoGradua(Stato);
+    QPalette Colori = ui->lblAvvisoGradua->palette();
+    Colori.setColor(QPalette::WindowText, aspetto::Sbagliato());
+    ui->lblAvvisoGradua->setPalette(Colori);
+    ui->lblAvvisoGradua->setText(Avviso);
+    ui->lblAvvisoGradua->setVisible(!Avviso.isEmpty());
+    ui->sldGraduaOno->setAccessibleDescription(Avviso);
+}
+
 void PannelloModOno::Mostra()
 {
     setVisible(Stato.Aperto);
@@ -161,6 +174,7 @@ void PannelloModOno::Mostra()
         const QSignalBlocker Zitto(ui->sldGraduaOno);
         ui->sldGraduaOno->setValue(Stato.Gradua);
         ui->cmdModOno->setEnabled(Stato.Confermabile);
+        MostraAvviso();
     }
     Q_EMIT Mostrato(Stato.Aperto);
 }

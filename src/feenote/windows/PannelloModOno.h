@@ -50,6 +50,7 @@ Q_SIGNALS:
 private:
     void CreaFasce();
     void MostraFasce();
+    void MostraAvviso();
     [[nodiscard]] int LarghezzaChiesta() const;
     void CollegaTasti();
     void optModAll_Click(bool Tutti);

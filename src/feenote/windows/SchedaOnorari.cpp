@@ -3,6 +3,7 @@
 #include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
+#include "feenote/modControlliNota.h"
 #include "feenote/modOnorari.h"
 #include "feenote/modTotali.h"
 #include "feenote/modVariazione.h"
@@ -28,14 +29,16 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Columns of the grid by the columns of the lines; the hidden ones have no place in it.
-QList<ColonnaGriglia> ColonneOnorari()
+QList<ColonnaGriglia> ColonneOnorari(const TabellaRighe* Righe)
 {
     ColonnaGriglia Quantita = ColonnaQuantita(OnoQta);
     Quantita.Visibile = false;  // until an item asks for one
+    ColonnaGriglia Importo = ColonnaImporto(u"Importo"_s, OnoImporto, true);
+    Importo.Segno = [Righe](int Riga) { return FraseLimite(*Righe, Riga); };
     return {ColonnaData(OnoData),
             ColonnaDescrizione(OnoDescr),
             Quantita,
-            ColonnaImporto(u"Importo"_s, OnoImporto, true),
+            Importo,
             ColonnaImporto(u"Medio"_s, OnoMedio, false),
             ColonnaImporto(u"Min."_s, OnoMin, false),
             ColonnaImporto(u"Max"_s, OnoMax, false)};
@@ -137,7 +140,7 @@ void SchedaOnorari::CollegaCatalogo()
 void SchedaOnorari::CollegaRighe()
 {
     Griglia* Righe = ui->tdbOnor;
-    Righe->ImpostaColonne(ColonneOnorari());
+    Righe->ImpostaColonne(ColonneOnorari(&Nota.xOnorari));
     Righe->Lega(&Nota.xOnorari);
     Righe->ConsentiNuove(true);
     Righe->FraseVuota(u"Fare doppio clic su una voce del catalogo per inserirla."_s);

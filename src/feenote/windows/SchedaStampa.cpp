@@ -10,6 +10,7 @@
 #include "feenote/modParti.h"
 #include "feenote/windows/PannelloFattura.h"
 #include "feenote/windows/cornicenota.h"
+#include "feenote/windows/elencocontrolli.h"
 #include "feenote/windows/mostra.h"
 #include "feenote/windows/ui_SchedaStampa.h"
 #include "platform/kit/campo.h"
@@ -137,6 +138,7 @@ SchedaStampa::SchedaStampa(Parcella& Dati, CorniceNota& Finestra, QWidget* Padre
     CollegaAnteprima();
     CollegaPagina();
     CollegaFattura();
+    CollegaControlli();
 
     // The data stay as wide as they need; the page takes the room.
     ui->divisoreStampa->setSizes({1, 10000});
@@ -312,6 +314,28 @@ void SchedaStampa::CollegaFattura()
     });
 }
 
+void SchedaStampa::CollegaControlli()
+{
+    Controlli = new ElencoControlli(Nota, Cornice, ui->fraPagina);
+    Controlli->hide();
+    ui->colonnaPagina->insertWidget(ui->colonnaPagina->indexOf(ui->vp), Controlli);
+    auto* Testa = Controlli->findChild<QWidget*>(u"cmdControlli"_s);
+    auto* Elenco = Controlli->findChild<QWidget*>(u"lstControlli"_s);
+    QWidget::setTabOrder(ui->txtDatiStaControp, Testa);
+    QWidget::setTabOrder(Testa, Elenco);
+    QWidget::setTabOrder(Elenco, ui->vp);
+}
+
+void SchedaStampa::SeguonoControlli()
+{
+    Controlli->Segui();
+}
+
+void SchedaStampa::RileggiControlli()
+{
+    Controlli->Rileggi();
+}
+
 bool SchedaStampa::FatturaInVista() const
 {
     return ui->cmdFatturaXml->isChecked() && TipoDi(Nota.cmbTipoStampa).EFattura;
@@ -347,6 +371,7 @@ void SchedaStampa::Mostra()
     ui->cmdSkIvaDiff->setEnabled(bool(Aperture.PaginaWeb));
     MostraAnteprima();
     Elettronica->Mostra();
+    Controlli->Segui();
 }
 
 void SchedaStampa::MostraDati()

@@ -10,6 +10,7 @@
 
 struct Errore;
 class CorniceNota;
+class ElencoControlli;
 class PannelloFattura;
 class QAction;
 class QButtonGroup;
@@ -36,6 +37,9 @@ public:
     void ImpostaAvviso(const QString& Testo);
     /// Composes the chosen document; nothing while none is.
     void Ricomponi();
+    /// The note has changed, and its client's row or the settings with it: the list "Da controllare" follows.
+    void SeguonoControlli();
+    void RileggiControlli();
     /// What follows a save: the document, seen or not, and the companion application.
     void DopoSalvataggio();
     /// The panel of the electronic invoice in the place of the page, or the page again. Nothing for a
@@ -63,6 +67,7 @@ private:
     void cmdProgFatt_Click();
     void cmdClausole_Click();
     void CollegaFattura();
+    void CollegaControlli();
     [[nodiscard]] bool FatturaInVista() const;
 
     // ---- SchedaStampa_Anteprima.cpp: composition, preview and its toolbar
@@ -86,6 +91,7 @@ private:
     CorniceNota& Cornice;
     std::unique_ptr<Ui::SchedaStampa> ui;
     PannelloFattura* Elettronica = nullptr;
+    ElencoControlli* Controlli = nullptr;
     QButtonGroup* optContrTipo = nullptr;
     QAction* cmdEditor = nullptr;  ///< in barPrint, like the next
     QAction* cmdGuida = nullptr;

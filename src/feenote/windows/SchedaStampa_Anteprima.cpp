@@ -11,6 +11,7 @@
 #include "feenote/windows/PannelloFattura.h"
 #include "feenote/windows/bottoniesporta.h"
 #include "feenote/windows/cornicenota.h"
+#include "feenote/windows/elencocontrolli.h"
 #include "feenote/windows/guidacontestuale.h"
 #include "feenote/windows/mostra.h"
 #include "feenote/windows/ui_SchedaStampa.h"
@@ -68,6 +69,7 @@ void SchedaStampa::CollegaAnteprima()
 void SchedaStampa::Entra()
 {
     AbilitaBarra();  // the settings may have named another editor meanwhile
+    Controlli->Rileggi();
     Ricomponi();
     ui->vp->ImpostaPreviewPage(1);
 }
@@ -92,6 +94,8 @@ bool SchedaStampa::event(QEvent* Evento)
 {
     if (Evento->type() == QEvent::WindowActivate && isVisible() && FatturaInVista() && !Cornice.InDomanda())
         Elettronica->Mostra();  // card and settings may have been completed meanwhile
+    if (Evento->type() == QEvent::WindowActivate && isVisible())
+        Controlli->Rileggi();
     // Who comes back from the word processor sees what he has saved there.
     if (Evento->type() == QEvent::WindowActivate && isVisible() && !Cornice.InDomanda() &&
         StatoClausole() != ClausoleComposte)
@@ -179,6 +183,7 @@ void SchedaStampa::MostraAnteprima()
     Elettronica->setVisible(FatturaInVista());
     ui->barPrint->setVisible(!FatturaInVista());
     ui->vp->setVisible(Scelto && !FatturaInVista());
+    Controlli->setVisible(Scelto && !FatturaInVista());
     ui->lblSenzaDocumento->setVisible(!Scelto);
     AbilitaBarra();
     if (!Scelto)

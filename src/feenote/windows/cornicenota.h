@@ -9,6 +9,7 @@
 #include <utility>
 
 enum class CampoFattura;
+struct Rilievo;
 
 class CorniceNota
 {
@@ -68,6 +69,8 @@ public:
     /// Leads to a field that the electronic invoice needs: a box of the note, the client's card, the
     /// settings.
     virtual void VaiAlCampo(CampoFattura Dove) = 0;
+    /// Leads to the field that a remark speaks of: its tab, the box with the focus, the cell current.
+    virtual void VaiAlRilievo(const Rilievo& Detto) = 0;
     /// True while a question of this window waits for its answer.
     [[nodiscard]] virtual bool InDomanda() const = 0;
 

@@ -93,6 +93,7 @@ public:
     void LasciaScelta() { TariffaChiestaDa = 0; }
     void ScegliTariffa() override;
     void VaiAlCampo(CampoFattura Dove) override;
+    void VaiAlRilievo(const Rilievo& Detto) override;
     /// A row of the address book was written to; see SegueArchivio.
     void NominativoCambiato(const QString& RecordSource, int ID);
     /// Opens the address book, once the field in edit was left; nothing while there is none. See CorniceNota.
@@ -167,6 +168,10 @@ private:
     // ---- frmParcelle_Fattura.cpp
     /// The client's card with the focus in a column's box; without a link the address book, to choose one.
     void ApriCliente(const QString& Colonna);
+
+    // ---- frmParcelle_Controlli.cpp
+    void VaiAllaCella(int SchedaDi, const QString& Lista, int Riga, int Colonna);
+    void VaiAllaCasella(int SchedaDi, const QString& Casella);
 
     // ---- frmParcelle_CliCon.cpp
     /// What the address book is asked for a party of the first tab: to choose one.

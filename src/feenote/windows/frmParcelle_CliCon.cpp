@@ -114,6 +114,7 @@ void frmParcelle::NominativoCambiato(const QString& RecordSource, int ID)
             Storia.Allinea(Nota);
             MostraRubrica();
         }
+        Stampa->RileggiControlli();
     }
 }
 

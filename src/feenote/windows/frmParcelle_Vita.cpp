@@ -362,6 +362,7 @@ void frmParcelle::CambiataDa(const QString& Passo)
     (void)RivediStato();
     SetModificata(Nota.Modificata);
     ui->pieCatena->Cambiata();
+    Stampa->SeguonoControlli();
     Storia.Segna(Nota, Passo);
     MostraAnnulla();
 }
