@@ -20,7 +20,10 @@
 //   posto NAME       x y width height on the screen, in its own pixels
 //   cella NAME R C   the same of a cell of a grid, then its text; column -1 is the row selector
 //   barra NAME       "1" while a grid's own horizontal bar is on view, and the last place that it reaches
+//   nomi             what a screen reader would find wrong with the active window, one beside the other
 //   contati          key presses and wheel turns that have reached the program
+#include "supporto/accessibili.h"
+
 #include <QAbstractButton>
 #include <QAbstractSlider>
 #include <QAbstractSpinBox>
@@ -319,6 +322,11 @@ private:
             return Valori(Cosa == u"liste");
         if (Cosa == u"tagliati")
             return Tagliati();
+        if (Cosa == u"nomi") {
+            QWidget* Finestra = QApplication::activeWindow();
+            return Finestra ? accessibili::Difetti(Finestra).join(QStringLiteral(", "))
+                            : QStringLiteral("nessuna");
+        }
         if (Cosa == u"contati")
             return QStringLiteral("%1 %2").arg(Contati.Tasti).arg(Contati.Rotelle);
         QWidget* Oggetto = Trova(Parole.value(1));

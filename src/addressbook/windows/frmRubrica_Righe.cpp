@@ -6,6 +6,7 @@
 #include "core/parametri.h"
 #include "platform/base/errore.h"
 #include "platform/grid/griglia.h"
+#include "platform/kit/annuncio.h"
 #include "platform/kit/aspetto.h"
 #include "platform/system/shell.h"
 
@@ -196,6 +197,8 @@ void frmRubrica::ContaRighe()
 {
     const bool Filtrate = !Vaglio.Vuoto();
     datNom->setText(FraseConto(Righe.RecordCount(), Tutte.RecordCount(), Filtrate));
+    if (Filtrate)
+        AnnunciaTesto(this, datNom->text());
     const bool Scrivibile = Richiesta.Modifiche && !Archivio.DiSolaLettura();
     const QString Vuota = Scrivibile ? u"Nessun nominativo: Nuovo (Ins) o Importa"_s : u"Nessun nominativo"_s;
     ui->tdbRubrica->FraseVuota(Filtrate ? u"Nessun nominativo contiene queste parole (Esc svuota il filtro)"_s

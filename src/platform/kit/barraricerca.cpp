@@ -1,5 +1,6 @@
 #include "platform/kit/barraricerca.h"
 
+#include "platform/kit/annuncio.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/suggerimento.h"
@@ -90,6 +91,7 @@ void BarraRicerca::MostraConto(qsizetype Quale, qsizetype Quante)
     Conto->setText(Vuota         ? QString()
                    : Quante == 0 ? u"Nessun risultato"_s
                                  : u"%1 di %2"_s.arg(Quale).arg(Quante));
+    AnnunciaTesto(this, Conto->text());
     Indietro->setEnabled(Quante > 0);
     Avanti->setEnabled(Quante > 0);
 }

@@ -1,8 +1,8 @@
 #include "platform/kit/rigachesvanisce.h"
 
+#include "platform/kit/annuncio.h"
 #include "platform/kit/collega.h"
 
-#include <QAccessible>
 #include <QGraphicsOpacityEffect>
 #include <QPropertyAnimation>
 #include <QStyle>
@@ -37,8 +37,5 @@ void RigaCheSvanisce::Mostra(const QString& Testo)
     Svanire->setKeyValues(
         {{0.0, 1.0}, {double(FermaMs) / (FermaMs + SvanisceMs), 1.0}, {1.0, Ferme ? 1.0 : 0.0}});
     Svanire->start();
-    for (const QAccessible::Event Evento : {QAccessible::NameChanged, QAccessible::Alert}) {
-        QAccessibleEvent Detto(this, Evento);
-        QAccessible::updateAccessibility(&Detto);
-    }
+    AnnunciaTesto(this, Testo);
 }

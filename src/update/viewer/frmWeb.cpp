@@ -4,6 +4,7 @@
 #include "core/modErrori.h"
 #include "core/sessione.h"
 #include "platform/base/regionale.h"
+#include "platform/kit/annuncio.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/suggerimento.h"
@@ -270,6 +271,7 @@ void frmWeb::Trova(bool Indietro)
     const QString Cercato = ui->txtCerca->text();
     const bool Trovato = ui->Web1->Cerca(Cercato, Indietro);
     ui->lblCerca->setText(Trovato || Cercato.isEmpty() ? QString() : u"Nessun risultato"_s);
+    AnnunciaTesto(this, ui->lblCerca->text());
 }
 
 void frmWeb::ChiudiRicerca()

@@ -1,5 +1,6 @@
 #include "update/viewer/pannelloguida.h"
 
+#include "platform/kit/annuncio.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/suggerimento.h"
@@ -140,6 +141,8 @@ void PannelloGuida::txtGuida_Change()
     }
     lblTrovati->setText(Conto(lstTrovati->count()));
     lblTrovati->setVisible(Cercato);
+    if (Cercato)
+        AnnunciaTesto(this, lblTrovati->text());
     Fogli->setCurrentWidget(Cercato ? static_cast<QWidget*>(lstTrovati) : treIndice);
 }
 

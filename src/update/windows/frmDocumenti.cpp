@@ -4,6 +4,7 @@
 #include "core/parametri.h"
 #include "platform/base/errore.h"
 #include "platform/grid/griglia.h"
+#include "platform/kit/annuncio.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/system/percorsi.h"
@@ -132,6 +133,7 @@ void frmDocumenti::Elenca()
 void frmDocumenti::txtCerca_Change()
 {
     Elenca();
+    AnnunciaTesto(this, panConto->text());
     ui->tdbDocum->ImpostaRigaCorrente(0);
 }
 

@@ -45,7 +45,7 @@ public:
     Finestre()
     {
         S = std::make_unique<Scena>();
-        (void)SalvaUfficio();
+        sessione::ParcellePath = SalvaUfficio();
         S->Preparata();
         sessione::ArchivioCliCon = Scena::AllestisciStudio();
         OpenDatabase(sessione::ArchivioCliCon)

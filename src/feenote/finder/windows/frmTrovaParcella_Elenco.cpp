@@ -4,6 +4,7 @@
 #include "core/modErrori.h"
 #include "feenote/windows/noteaperte.h"
 #include "platform/grid/griglia.h"
+#include "platform/kit/annuncio.h"
 #include "platform/kit/campo.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
@@ -11,7 +12,6 @@
 #include "feenote/finder/windows/ui_frmTrovaParcella.h"
 #include "platform/base/errore.h"
 
-#include <QAccessible>
 #include <QHeaderView>
 #include <QLabel>
 #include <QScopedValueRollback>
@@ -291,8 +291,7 @@ void frmTrovaParcella::MostraConto(const QString& Frase)
 {
     panRicerca->setText(Frase);
     panRicerca->setAccessibleName(Frase);
-    QAccessibleEvent Annuncio(panRicerca, QAccessible::Alert);
-    QAccessible::updateAccessibility(&Annuncio);
+    AnnunciaTesto(panRicerca, Frase);
 }
 
 QString frmTrovaParcella::PercorsoCorrente() const
