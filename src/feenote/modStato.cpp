@@ -34,9 +34,9 @@ QString& GiornoDi(StatoTenuto& Tenuto, StatoNota Stato)
     return Tenuto.Giorni[size_t(Stato)];
 }
 
-bool HaNumero(const Parcella& Nota)
+bool ENotaDiCredito(const Parcella& Nota)
 {
-    return !Nota.DatiPar(DatoNumFatt).trimmed().isEmpty() && IsDate(Nota.DatiPar(DatoDataFatt).trimmed());
+    return Nota.FatturaXml.Tipo == u"TD04";
 }
 
 /// What a document weighs as the one that the note has gone out by: none, one that asks nobody for money, one
@@ -68,14 +68,29 @@ double InCentesimi(double Euro)
 ImportiDocumento Importi(const DatiCatena& Dati)
 {
     const Catena Conti = CatenaFiscale(Dati);
-    return {InCentesimi(Conti.Imponibile), InCentesimi(Conti.CP), InCentesimi(Conti.IVA),
-            InCentesimi(Conti.Totale),     InCentesimi(Conti.RA), InCentesimi(Conti.Netto)};
+    return {InCentesimi(Conti.Imponibile),
+            InCentesimi(Conti.CP),
+            InCentesimi(Conti.IVA),
+            InCentesimi(Conti.Totale),
+            InCentesimi(Conti.RA),
+            InCentesimi(Conti.Netto),
+            InCentesimi(Dati.Acconti.Corrispettivi),
+            InCentesimi(Dati.Acconti.SpeseImp),
+            InCentesimi(Dati.Acconti.SpeseEsenti)};
 }
 
-/// The chain that payments are held against. The court costs note knows none, and would hide them.
+/// The document whose figures are kept.
+int DocumentoDegliImporti(const Parcella& Nota)
+{
+    const int Tipo = DocumentoDelloStato(Nota.Stato.Documento, Nota.cmbTipoStampa, Nota.Stato.Stato);
+    return ETipoStampa(Tipo) && TipoDi(Tipo).Riepilogo ? Tipo : int(StampaPrenotula);
+}
+
+/// The chain that payments are held against, with all of them. The court costs note knows none, and would
+/// hide them.
 DatiCatena CatenaPagata(const Parcella& Nota)
 {
-    const int Tipo = DocumentoDelloStato(Nota);
+    const int Tipo = DocumentoDegliImporti(Nota);
     DatiCatena Dati =
         CatenaDelDocumento(Nota, TipoDi(Tipo).Acconti == UsoAcconti::Mai ? int(StampaPrenotula) : Tipo);
     Dati.Acconti = CalcolaAcconti(Nota, StampaPrenotula);
@@ -95,15 +110,17 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
     const StatoTenuto Era = Nota.Stato;
     StatoTenuto& Tenuto = Nota.Stato;
     const StatoNota Verso = Numerata ? StatoNota::Fatturata : StatoNota::Inviata;
-    const int Presente = Peso(Tenuto.Documento, Tenuto.Emessa);
+    // What a draft has been sent by before is of another time.
+    const int Presente = Tenuto.Stato == StatoNota::Bozza ? 0 : Peso(Tenuto.Documento, Tenuto.Emessa);
     const int Nuovo = Peso(Tipo, Numerata);
     // A copy of what was paid already would ask for nothing.
-    const bool Copia = Tenuto.Stato == StatoNota::Pagata && Nuovo == Presente;
+    const bool Copia = Tenuto.Stato == StatoNota::Pagata && Nuovo == Presente && !ENotaDiCredito(Nota);
     if (Nuovo >= Presente && !Copia) {
         if (Nuovo > Presente && GiornoDi(Tenuto, Verso).isEmpty())
             GiornoDi(Tenuto, Verso) = Giorno();
         Tenuto.Documento = Tipo;
         Tenuto.Emessa = Numerata;
+        Tenuto.Storno = Numerata && ENotaDiCredito(Nota);
         Tenuto.Importi = Importi(CatenaDelDocumento(Nota, Tipo));
     }
     if (Verso > Tenuto.Stato) {
@@ -113,11 +130,13 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
     return Conferma(Nota, Era);
 }
 
-/// What has gone out as an invoice is one while it has number and date.
+/// What has gone out as an invoice is one while it has number and date. Its credit note takes both over
+/// before it is written: the invoice stands until then.
 void SegueNumero(const Parcella& Nota, StatoNota& Stato)
 {
+    const bool Vale = FatturaNumerata(Nota) || (ENotaDiCredito(Nota) && !Nota.Stato.Storno);
     if (Stato == StatoNota::Inviata || Stato == StatoNota::Fatturata)
-        Stato = HaNumero(Nota) ? StatoNota::Fatturata : StatoNota::Inviata;
+        Stato = Vale ? StatoNota::Fatturata : StatoNota::Inviata;
 }
 
 }  // namespace
@@ -142,6 +161,11 @@ StatoTenuto StatoDiNuova()
     return Tenuto;
 }
 
+bool FatturaNumerata(const Parcella& Nota)
+{
+    return !Nota.DatiPar(DatoNumFatt).trimmed().isEmpty() && IsDate(Nota.DatiPar(DatoDataFatt).trimmed());
+}
+
 bool ChiedePagamento(int Tipo)
 {
     return ETipoStampa(Tipo) && TipoDi(Tipo).Credito;
@@ -151,7 +175,7 @@ bool NotaInviata(Parcella& Nota, int Tipo)
 {
     if (!ETipoStampa(Tipo) || !TipoDi(Tipo).Riepilogo)
         return false;
-    return SegnaUscita(Nota, Tipo, TipoDi(Tipo).EFattura && HaNumero(Nota));
+    return SegnaUscita(Nota, Tipo, TipoDi(Tipo).EFattura && FatturaNumerata(Nota));
 }
 
 bool NotaFatturata(Parcella& Nota)
@@ -166,14 +190,26 @@ bool ScegliStato(Parcella& Nota, StatoNota Scelto)
     if (Scelto == StatoNota::Ignoto || Scelto == Tenuto.Stato)
         return false;
     const StatoTenuto Era = Tenuto;
-    if (Scelto == StatoNota::Bozza)
-        Tenuto = {};
     Tenuto.Stato = Scelto;
     Tenuto.Prima.reset();
     // Else the number would make it an invoice again at once.
-    Tenuto.Emessa = Tenuto.Emessa && Scelto != StatoNota::Inviata;
-    GiornoDi(Tenuto, Scelto) = Giorno();
+    if (Scelto == StatoNota::Inviata)
+        Tenuto.Emessa = false;
+    else if (Scelto == StatoNota::Fatturata)
+        Tenuto.Emessa = TipoDi(Tenuto.Documento).EFattura && FatturaNumerata(Nota);
+    // A choice that puts a wrong one right brings the day back; what is paid is paid today.
+    if (GiornoDi(Tenuto, Scelto).isEmpty() || Scelto == StatoNota::Pagata)
+        GiornoDi(Tenuto, Scelto) = Giorno();
     return Conferma(Nota, Era);
+}
+
+StatoTenuto SoloBozza(const StatoTenuto& Tenuto)
+{
+    if (Tenuto.Stato != StatoNota::Bozza)
+        return Tenuto;
+    StatoTenuto Sola = StatoDiNuova();
+    GiornoDi(Sola, StatoNota::Bozza) = Tenuto.Dal();
+    return Sola;
 }
 
 Copertura CoperturaDi(const Parcella& Nota)
@@ -216,26 +252,32 @@ bool SegueStato(Parcella& Nota, Copertura& Vista)
     return Conferma(Nota, Era);
 }
 
-int DocumentoDelloStato(const Parcella& Nota)
+int DocumentoDelloStato(int Uscito, int InVista, StatoNota Stato)
 {
-    if (ETipoStampa(Nota.Stato.Documento))
-        return Nota.Stato.Documento;
-    return TipoDi(Nota.cmbTipoStampa).Riepilogo ? Nota.cmbTipoStampa : int(StampaPrenotula);
+    if (Stato == StatoNota::Bozza || Stato == StatoNota::Ignoto)
+        return InVista;
+    if (ETipoStampa(Uscito))
+        return Uscito;
+    return ChiedePagamento(InVista) ? InVista : -1;
 }
 
 ImportiDocumento ImportiDellaNota(const Parcella& Nota)
 {
-    if (Nota.Stato.Importi)
-        return *Nota.Stato.Importi;
-    DatiCatena Dati = CatenaDelDocumento(Nota, DocumentoDelloStato(Nota));
-    if (Nota.Stato.Stato == StatoNota::Pagata)
+    const StatoTenuto& Tenuto = Nota.Stato;
+    if (Tenuto.Importi && Tenuto.Stato != StatoNota::Bozza)
+        return *Tenuto.Importi;
+    DatiCatena Dati = CatenaDelDocumento(Nota, DocumentoDegliImporti(Nota));
+    if (Tenuto.Stato == StatoNota::Pagata)
         Dati.Acconti = {};
     return Importi(Dati);
 }
 
 double RestoDellaNota(const Parcella& Nota)
 {
-    const double Chiesto = ImportiDellaNota(Nota).Netto;
-    const double Resto = InCentesimi(CatenaFiscale(CatenaPagata(Nota)).Netto);
-    return std::max(0.0, std::min(Chiesto, Resto));
+    const ImportiDocumento Chiesti = ImportiDellaNota(Nota);
+    DatiCatena Dati = CatenaPagata(Nota);
+    const double ConTutti = CatenaFiscale(Dati).Netto;
+    Dati.Acconti = {Chiesti.AccCorrispettivi, Chiesti.AccSpeseImp, Chiesti.AccSpeseEsenti};
+    const double Pagato = CatenaFiscale(Dati).Netto - ConTutti;  // since, taxes included
+    return std::max(0.0, InCentesimi(Chiesti.Netto - Pagato));
 }

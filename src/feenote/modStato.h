@@ -16,8 +16,15 @@ bool NotaInviata(Parcella& Nota, int Tipo);
 /// The electronic file of the note's invoice was written. @return as NotaInviata
 bool NotaFatturata(Parcella& Nota);
 
-/// The user's own choice. A draft forgets what has gone out. @return as NotaInviata
+/// The user's own choice. What has gone out is kept for when another choice puts it right, and counts for
+/// nothing while the note is a draft. @return as NotaInviata
 bool ScegliStato(Parcella& Nota, StatoNota Scelto);
+
+/// A draft without what it had gone out by, as a save keeps it; any other state as it is.
+[[nodiscard]] StatoTenuto SoloBozza(const StatoTenuto& Tenuto);
+
+/// True while the note has the number and the date of an invoice.
+[[nodiscard]] bool FatturaNumerata(const Parcella& Nota);
 
 /// Whether the payments on account cover what the note asks for.
 struct Copertura
@@ -36,14 +43,16 @@ struct Copertura
 /// @return as NotaInviata
 bool SegueStato(Parcella& Nota, Copertura& Vista);
 
-/// The document whose figures a list of notes shows: the one that has gone out, else the one in view.
-[[nodiscard]] int DocumentoDelloStato(const Parcella& Nota);
+/// The document that a list of notes names: the one that has gone out, else the one in view. A state that was
+/// chosen by hand says nothing of a document in view that asks nobody for money: -1.
+[[nodiscard]] int DocumentoDelloStato(int Uscito, int InVista, StatoNota Stato);
 
 /// What a list of notes shows: the figures of the document that has gone out, else of the one in view. Those
 /// of a paid note without a document are without its payments, or there would be nothing to pay.
 [[nodiscard]] ImportiDocumento ImportiDellaNota(const Parcella& Nota);
 
-/// What is left of a document's net after all payments, never below 0; whatever the state.
+/// What is left of a document's net after the payments that it has not taken away itself, never below 0;
+/// whatever the state.
 [[nodiscard]] double RestoDellaNota(const Parcella& Nota);
 
 /// True for a document that asks the client for money: neither an estimate nor what goes to the judge is

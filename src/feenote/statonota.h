@@ -34,6 +34,10 @@ struct ImportiDocumento
     double Totale = 0.0;
     double RA = 0.0;
     double Netto = 0.0;
+    /// The payments that it has taken away, without taxes: what is paid later is counted from here.
+    double AccCorrispettivi = 0.0;
+    double AccSpeseImp = 0.0;
+    double AccSpeseEsenti = 0.0;
 
     friend bool operator==(const ImportiDocumento&, const ImportiDocumento&) = default;
 };
@@ -47,6 +51,7 @@ struct StatoTenuto
     std::optional<StatoNota> Prima;
     int Documento = -1;   ///< TipoStampa of the document that has gone out, -1 none
     bool Emessa = false;  ///< it was an invoice with number and date
+    bool Storno = false;  ///< it was a credit note, by which nobody owes anything
     /// The figures of that document: a note that is worked on afterwards is owed what was asked for.
     std::optional<ImportiDocumento> Importi;
     std::array<QString, 5> Giorni;  ///< since when, dd/mm/yyyy, by state; empty: not known

@@ -444,6 +444,12 @@ void TestCliFattura::nientAltroDellaParcellaCambia()
     Prima[u"FatturaXml.Quando"_s] = u"20/01/2026"_s;
     Prima[u"FatturaXml.Progressivo"_s] = u"00001"_s;
     Prima[u"FatturaXml.DiFattura"_s] = u"7|15/01/2026"_s;
+    // The note is invoiced by it; its figures are what they were.
+    Prima[u"Stato"_s] = u"Fatturata"_s;
+    Prima[u"Stato.Documento"_s] = u"3"_s;
+    Prima[u"Stato.Emessa"_s] = u"1"_s;
+    Prima[u"Stato.Dal.Fatturata"_s] = u"20/01/2026"_s;
+    QVERIFY(Prima.contains(u"Stato.Importi"_s));
     QCOMPARE(Studio.Fattura(File, Studio.Cartella + u"a.xml"_s).Stato, 0);
     QCOMPARE(Tutto(), Prima);
 }

@@ -92,6 +92,10 @@ private Q_SLOTS:
     void restoMaiSottoZero();
     void notaGiudizialeInVista();
     void ilFileElettronico();
+    void laNotaDiCredito();
+    void sceltaPerSbaglio();
+    void pagamentiPrimaEDopo();
+    void documentoSceltoAMano();
     void duplicata();
     void nomi();
 };
@@ -234,7 +238,6 @@ void TestStato::giorni()
     QCOMPARE(Prova.Stato.Giorni[size_t(Pagata)], QString());
     QVERIFY(ScegliStato(Prova, Bozza));
     QCOMPARE(Prova.Stato.Dal(), u"20/12/2026"_s);
-    QCOMPARE(Prova.Stato.Giorni[size_t(Inviata)], QString());
     QVERIFY(!ScegliStato(Prova, Bozza));
     QVERIFY(!ScegliStato(Prova, Ignoto));
 }
@@ -343,7 +346,7 @@ void TestStato::importiDelDocumentoUscito()
     Salda(Prova, 150);
     Prova.xOnorari(Prova.xOnorari.AggiungiRiga(), OnoImporto) = 5.0;
     QCOMPARE(ImportiDellaNota(Prova), (ImportiDocumento{1150, 46, 263.12, Netto, 0, Netto}));
-    QCOMPARE(RestoDellaNota(Prova), 1276.1);  // (1005 + 150,75 - 150) x 1,04 x 1,22 by steps
+    QCOMPARE(RestoDellaNota(Prova), 1268.8);  // what was asked for, less 150,00 x 1,04 x 1,22
     Stampa(Prova, StampaPrenotula);
     QCOMPARE(ImportiDellaNota(Prova).Imponibile, 1005.75);
 }
@@ -413,6 +416,104 @@ void TestStato::ilFileElettronico()
     ScegliTipoStampa(Prova, StampaFatturaSintetica);
     SegnaFatturaScritta(Prova, u"IT1_2.xml"_s, u"2"_s);
     QCOMPARE(Prova.Stato.Documento, int(StampaFatturaSintetica));
+}
+
+/// The file of a credit note: what it takes back is owed no more. Choosing one takes number and date away,
+/// and the invoice stands until the credit note is written.
+void TestStato::laNotaDiCredito()
+{
+    Parcella Prova = Nota();
+    Copertura Vista;
+    InStato(Prova, Vista, u"fatturata"_s);
+    QVERIFY(!Prova.Stato.Storno);
+    Prova.FatturaXml.Tipo = u"TD04"_s;
+    Prova.txtDatiPar.remove(DatoNumFatt);
+    Prova.txtDatiPar.remove(DatoDataFatt);
+    QVERIFY(!SegueStato(Prova, Vista));
+    QCOMPARE(Prova.Stato.Stato, Fatturata);
+    QVERIFY(!Prova.Stato.Storno);
+    Numera(Prova);
+    SegnaFatturaScritta(Prova, u"IT1_2.xml"_s, u"2"_s);
+    QVERIFY(Prova.Stato.Storno);
+    QCOMPARE(Prova.Stato.Stato, Fatturata);
+    Prova.txtDatiPar.remove(DatoNumFatt);
+    QVERIFY(SegueStato(Prova, Vista));
+    // One of a note that was paid.
+    Parcella Saldata = Nota();
+    Copertura Sua;
+    InStato(Saldata, Sua, u"pagata"_s);
+    Saldata.FatturaXml.Tipo = u"TD04"_s;
+    SegnaFatturaScritta(Saldata, u"IT1_3.xml"_s, u"3"_s);
+    QVERIFY(Saldata.Stato.Storno);
+}
+
+/// A slip of the mouse is put right by the former state: what had gone out is still known.
+void TestStato::sceltaPerSbaglio()
+{
+    Parcella Prova = Nota();
+    Copertura Vista;
+    InStato(Prova, Vista, u"fatturata"_s);
+    const StatoTenuto Era = Prova.Stato;
+    InstallaOrologio([] { return QDateTime(QDate(2026, 12, 1), QTime(10, 0)); });
+    Prova.xOnorari(Prova.xOnorari.AggiungiRiga(), OnoImporto) = 500.0;
+    for (const StatoNota Sbagliato : {Bozza, Inviata, Pagata}) {
+        QVERIFY(ScegliStato(Prova, Sbagliato));
+        (void)SegueStato(Prova, Vista);
+        QCOMPARE(Prova.Stato.Stato, Sbagliato);
+        QCOMPARE(ImportiDellaNota(Prova).Netto == Netto, Sbagliato != Bozza);
+        QVERIFY(ScegliStato(Prova, Fatturata));
+        QCOMPARE(Prova.Stato.Dal(), u"22/11/2026"_s);
+        QCOMPARE(Prova.Stato.Documento, Era.Documento);
+        QCOMPARE(Prova.Stato.Emessa, Era.Emessa);
+        QCOMPARE(ImportiDellaNota(Prova).Netto, Netto);
+    }
+    // A draft that goes out begins anew.
+    QVERIFY(ScegliStato(Prova, Bozza));
+    Stampa(Prova, StampaPrenotula);
+    QVERIFY(!SegueStato(Prova, Vista));
+    QCOMPARE(Prova.Stato.Stato, Inviata);
+    QCOMPARE(Prova.Stato.Documento, int(StampaPrenotula));
+    QVERIFY(ScegliStato(Prova, Bozza));
+    QCOMPARE(SoloBozza(Prova.Stato).Documento, -1);
+    QCOMPARE(SoloBozza(Era), Era);
+}
+
+/// Payments that the document takes away are none of it; those that come later are, whatever else changes.
+void TestStato::pagamentiPrimaEDopo()
+{
+    Parcella Prova = Nota();
+    Salda(Prova, 150);
+    Stampa(Prova, StampaPrenotula);
+    QCOMPARE(ImportiDellaNota(Prova).Netto, 1268.8);
+    QCOMPARE(RestoDellaNota(Prova), 1268.8);
+    Prova.xOnorari(Prova.xOnorari.AggiungiRiga(), OnoImporto) = 600.0;
+    QCOMPARE(RestoDellaNota(Prova), 1268.8);
+    Salda(Prova, 400);
+    QCOMPARE(RestoDellaNota(Prova), 761.28);  // less 400,00 x 1,04 x 1,22
+    // A short invoice that does not list its payments asks for all: they count as paid.
+    Parcella Corta = Nota();
+    Salda(Corta, 150);
+    ScegliTipoStampa(Corta, StampaFatturaSintetica);
+    Corta.chkAcconti.Attiva = false;
+    (void)NotaInviata(Corta, StampaFatturaSintetica);
+    QCOMPARE(ImportiDellaNota(Corta).Netto, Netto);
+    QCOMPARE(RestoDellaNota(Corta), 1268.8);
+}
+
+void TestStato::documentoSceltoAMano()
+{
+    for (const int InVista : {int(StampaContratto), int(StampaPreventivo), int(StampaNotaGiudiziale)}) {
+        Parcella Prova = Nota();
+        ScegliTipoStampa(Prova, InVista);
+        QVERIFY(ScegliStato(Prova, Inviata));
+        QCOMPARE(DocumentoDelloStato(Prova.Stato.Documento, InVista, Prova.Stato.Stato), -1);
+        QCOMPARE(RestoDellaNota(Prova), Netto);
+        QCOMPARE(DocumentoDelloStato(-1, InVista, Bozza), InVista);
+    }
+    QCOMPARE(DocumentoDelloStato(-1, StampaPrenotula, Fatturata), int(StampaPrenotula));
+    QCOMPARE(DocumentoDelloStato(StampaFatturaAnalitica, StampaContratto, Pagata),
+             int(StampaFatturaAnalitica));
+    QCOMPARE(DocumentoDelloStato(StampaFatturaAnalitica, StampaContratto, Bozza), int(StampaContratto));
 }
 
 void TestStato::duplicata()

@@ -14,6 +14,7 @@ const QString VoceStato = u"Stato"_s;
 const QString VocePrima = u"Stato.Prima"_s;
 const QString VoceDocumento = u"Stato.Documento"_s;
 const QString VoceEmessa = u"Stato.Emessa"_s;
+const QString VoceStorno = u"Stato.Storno"_s;
 const QString VoceImporti = u"Stato.Importi"_s;
 const QString VoceNumero = u"txtDatiPar.Numero"_s;
 const QString VoceData = u"txtDatiPar.Data"_s;
@@ -21,8 +22,8 @@ const QString VoceScadenza = u"FatturaXml.Scadenza"_s;
 
 /// Beyond it an amount is none of a note's.
 constexpr double MassimoImporto = 1e18;
-/// The figures of the document, and what is left of it.
-constexpr qsizetype QuantiImporti = 7;
+/// The figures of the document, the payments that it has taken away, what is left of it.
+constexpr qsizetype QuantiImporti = 10;
 
 QString VoceGiorno(StatoNota Stato)
 {
@@ -56,7 +57,8 @@ QString Scritti(const ImportiDocumento& Importi, double Resto)
 {
     QStringList Testi;
     for (const double Uno :
-         {Importi.Imponibile, Importi.CP, Importi.IVA, Importi.Totale, Importi.RA, Importi.Netto, Resto})
+         {Importi.Imponibile, Importi.CP, Importi.IVA, Importi.Totale, Importi.RA, Importi.Netto,
+          Importi.AccCorrispettivi, Importi.AccSpeseImp, Importi.AccSpeseEsenti, Resto})
         Testi += QString::number(Uno, 'f', 2);
     return Testi.join(u';');
 }
@@ -74,10 +76,12 @@ std::optional<ImportiLetti> LeggiImporti(const QString& Testo)
             return std::nullopt;
         Valori[size_t(i)] = Valore;
     }
-    const auto& [Imponibile, CP, IVA, Totale, RA, Netto, Resto] = Valori;
+    const auto& [Imponibile, CP, IVA, Totale, RA, Netto, Corrispettivi, SpeseImp, SpeseEsenti, Resto] =
+        Valori;
     if (Resto < 0)
         return std::nullopt;
-    return ImportiLetti{{Imponibile, CP, IVA, Totale, RA, Netto}, Resto};
+    return ImportiLetti{{Imponibile, CP, IVA, Totale, RA, Netto, Corrispettivi, SpeseImp, SpeseEsenti},
+                        Resto};
 }
 
 }  // namespace
@@ -85,7 +89,8 @@ std::optional<ImportiLetti> LeggiImporti(const QString& Testo)
 const QStringList& VociStatoLetto()
 {
     static const QStringList Voci = [] {
-        QStringList Tutte{VoceStato, VoceDocumento, VoceImporti, VoceNumero, VoceData, VoceScadenza};
+        QStringList Tutte{VoceStato,  VoceDocumento, VoceStorno,  VoceImporti,
+                          VoceNumero, VoceData,      VoceScadenza};
         for (const StatoNota Stato : StatiNota)
             Tutte += VoceGiorno(Stato);
         return Tutte;
@@ -98,6 +103,7 @@ StatoLetto LeggiStatoLetto(const MemoriaFile& Memoria)
     StatoLetto Letto;
     Letto.Stato = LeggiNome(Memoria, VoceStato);
     Letto.Documento = LeggiDocumento(Memoria);
+    Letto.Storno = Letto.Documento >= 0 && Memoria.value(VoceStorno) == u"1";
     if (Letto.Stato != StatoNota::Ignoto)
         Letto.Dal = GiornoBuono(Memoria.value(VoceGiorno(Letto.Stato)));
     if (const auto Importi = LeggiImporti(Memoria.value(VoceImporti))) {
@@ -112,7 +118,7 @@ StatoLetto LeggiStatoLetto(const MemoriaFile& Memoria)
 
 void ScriviStato(const Parcella& Nota, MemoriaFile& Memoria)
 {
-    const StatoTenuto& Tenuto = Nota.Stato;
+    const StatoTenuto Tenuto = SoloBozza(Nota.Stato);
     const auto Metti = [&](const QString& Voce, const QString& Valore) {
         Memoria.remove(Voce);
         if (!Valore.isEmpty())
@@ -125,6 +131,7 @@ void ScriviStato(const Parcella& Nota, MemoriaFile& Memoria)
         Memoria.remove(VocePrima);
     Metti(VoceDocumento, Tenuto.Documento >= 0 ? QString::number(Tenuto.Documento) : QString());
     Metti(VoceEmessa, Tenuto.Emessa ? u"1"_s : QString());
+    Metti(VoceStorno, Tenuto.Storno ? u"1"_s : QString());
     for (const StatoNota Stato : StatiNota)
         Metti(VoceGiorno(Stato), Tenuto.Giorni[size_t(Stato)]);
     Metti(VoceImporti, Scritti(ImportiDellaNota(Nota), RestoDellaNota(Nota)));
@@ -136,6 +143,7 @@ void LeggiStato(Parcella& Nota, const MemoriaFile& Memoria)
     Tenuto.Stato = LeggiNome(Memoria, VoceStato);
     Tenuto.Documento = LeggiDocumento(Memoria);
     Tenuto.Emessa = Tenuto.Documento >= 0 && Memoria.value(VoceEmessa) == u"1";
+    Tenuto.Storno = Tenuto.Documento >= 0 && Memoria.value(VoceStorno) == u"1";
     for (const StatoNota Stato : StatiNota)
         Tenuto.Giorni[size_t(Stato)] = GiornoBuono(Memoria.value(VoceGiorno(Stato)));
     // Payments that covered the net of a note without a state leave it without one again.
@@ -144,7 +152,7 @@ void LeggiStato(Parcella& Nota, const MemoriaFile& Memoria)
     if (Tenuto.Documento >= 0)
         if (const auto Importi = LeggiImporti(Memoria.value(VoceImporti)))
             Tenuto.Importi = Importi->Importi;
-    Nota.Stato = Tenuto;
+    Nota.Stato = SoloBozza(Tenuto);
 }
 
 bool EVoceDiStato(const QString& Nome)

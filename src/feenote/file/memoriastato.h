@@ -17,8 +17,9 @@
 struct StatoLetto
 {
     StatoNota Stato = StatoNota::Ignoto;
-    int Documento = -1;  ///< that has gone out, a TipoStampa; -1 none
-    QString Dal;         ///< since when, dd/mm/yyyy
+    int Documento = -1;   ///< that has gone out, a TipoStampa; -1 none
+    bool Storno = false;  ///< it was a credit note
+    QString Dal;          ///< since when, dd/mm/yyyy
     std::optional<ImportiDocumento> Importi;
     double Resto = 0.0;    ///< of the net after all payments, euro; only with figures
     QString Numero, Data;  ///< of pro-forma note and estimate

@@ -8,6 +8,7 @@
 #include "feenote/file/memorianota.h"
 #include "feenote/file/modPassword.h"
 #include "feenote/file/modPosaFile.h"
+#include "feenote/file/nomenota.h"
 #include "feenote/modBloccoCliente.h"
 #include "feenote/modInterruttori.h"
 #include "feenote/modNuovaParcella.h"
@@ -180,6 +181,8 @@ void CaricaTutto(Parcella& Nota, const QString& Percorso)
         TraduciChiavi(Nota);
     ApplicaRiferimento(Letta);
     ApplicaMemoria(Nota, Memoria);
+    if (Nota.Stato.Stato == StatoNota::Ignoto && NellaCartellaModelli(Percorso))
+        Nota.Stato = StatoDiNuova();  // what begins from a template of before is new
     VerificaParti(Nota);
 
     // The memory takes the loaded switches before a print type forces its own on them.

@@ -8,6 +8,7 @@
 #include "feenote/file/modPassword.h"
 #include "feenote/file/modPosaFile.h"
 #include "feenote/file/nomenota.h"
+#include "feenote/modStato.h"
 #include "platform/system/aparte.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
@@ -35,7 +36,7 @@ QString Prefisso()
 /// A note that has a template as its file is saved elsewhere, so that the template is safe.
 bool DaModello(const Parcella& Nota)
 {
-    return FinisceInCartella(CartellaFile(Nota.Percorso), u"Modelli"_s);
+    return NellaCartellaModelli(Nota.Percorso);
 }
 
 /// The proposed name, with a number where a note of that name is there already: a copy would take its place.
@@ -166,8 +167,7 @@ std::optional<QString> ScriviQui(const QString& Percorso, Parcella& Nota, bool C
     if (!SovrascritturaAmmessa(Nota, Percorso) || !TurnoLiberato(Percorso))
         return std::nullopt;
     const StatoTenuto Era = Nota.Stato;
-    if (ComeModello)
-        Nota.Stato = StatoDiNuova();  // what begins from it has not gone out
+    Nota.Stato = ComeModello ? StatoDiNuova() : SoloBozza(Era);  // what begins from a template is a draft
     try {
         ScriviNota(Percorso, Nota, ComeModello);
     } catch (...) {

@@ -2,6 +2,8 @@
 
 #include "platform/system/percorsi.h"
 
+using namespace Qt::StringLiterals;
+
 QString SenzaEstensione(const QString& Nome)
 {
     return Nome.endsWith(EstensioneNota, Qt::CaseInsensitive) ? Nome.chopped(EstensioneNota.size()) : Nome;
@@ -10,4 +12,9 @@ QString SenzaEstensione(const QString& Nome)
 QString NomeMostrato(const QString& File)
 {
     return SenzaEstensione(NomeFile(File));
+}
+
+bool NellaCartellaModelli(const QString& Percorso)
+{
+    return FinisceInCartella(CartellaFile(Percorso), u"Modelli"_s);
 }

@@ -11,3 +11,6 @@ inline constexpr QStringView EstensioneNota = u".mdb";
 
 /// The name of a note as it is shown: that of its file, as it is spelled on the disk, without the ending.
 [[nodiscard]] QString NomeMostrato(const QString& File);
+
+/// True for a path in the folder of templates.
+[[nodiscard]] bool NellaCartellaModelli(const QString& Percorso);

@@ -48,10 +48,15 @@ bool Attende(StatoNota Stato)
     return Stato == StatoNota::Inviata || Stato == StatoNota::Fatturata;
 }
 
-/// The document that a row is about: the one that has gone out, else the one in view.
 int DocumentoDi(const DatiNota& Dati)
 {
-    return Dati.Stato.Documento >= 0 ? Dati.Stato.Documento : Dati.TipoStampa;
+    return DocumentoDelloStato(Dati.Stato.Documento, Dati.TipoStampa, Dati.Stato.Stato);
+}
+
+/// The file of a credit note was written: what it takes back is owed no more.
+bool EStorno(const StatoLetto& Stato)
+{
+    return Stato.Storno && Stato.Stato != StatoNota::Bozza && Stato.Stato != StatoNota::Ignoto;
 }
 
 /// "1 nota", "2 note".
@@ -65,8 +70,12 @@ QStringList Figure(const VoceTrova& Nota)
     const auto& Importi = Nota.Dati.Stato.Importi;
     if (!Importi)
         return QStringList(6, QString());
-    return {Cifra(Importi->Imponibile), Cifra(Importi->CP),     Cifra(Importi->IVA),
-            Cifra(Importi->RA),         Cifra(Importi->Totale), Cifra(Importi->Netto)};
+    const double Segno = EStorno(Nota.Dati.Stato) ? -1.0 : 1.0;
+    QStringList Celle;
+    for (const double Uno :
+         {Importi->Imponibile, Importi->CP, Importi->IVA, Importi->RA, Importi->Totale, Importi->Netto})
+        Celle += Cifra(Segno * Uno);
+    return Celle;
 }
 
 /// What was paid of the document; nothing where it is not known. Of a draft nothing was asked for.
@@ -75,6 +84,8 @@ std::optional<double> PagatoDi(const VoceTrova& Nota)
     const StatoLetto& Stato = Nota.Dati.Stato;
     if (!Stato.Importi || Stato.Stato == StatoNota::Ignoto)
         return std::nullopt;
+    if (EStorno(Stato))
+        return 0.0;
     if (Stato.Stato == StatoNota::Pagata)
         return Stato.Importi->Netto;
     return std::max(0.0, Stato.Importi->Netto - Stato.Resto);
@@ -135,9 +146,8 @@ std::optional<double> ApertoDi(const VoceTrova& Nota)
     const StatoLetto& Stato = Nota.Dati.Stato;
     if (Nota.Illeggibile || Stato.Stato == StatoNota::Ignoto)
         return std::nullopt;
-    // A state that was chosen by hand says nothing of a document.
     const int Documento = DocumentoDi(Nota.Dati);
-    if (!Attende(Stato.Stato) || (Documento >= 0 && !ChiedePagamento(Documento)))
+    if (!Attende(Stato.Stato) || EStorno(Stato) || (Documento >= 0 && !ChiedePagamento(Documento)))
         return 0.0;
     return Stato.Importi ? std::optional(Stato.Resto) : std::nullopt;
 }
@@ -184,6 +194,8 @@ QString FraseAperto(const ApertoCliente& Somma)
 QString FraseAperto(const ApertoTutto& Somma)
 {
     constexpr qsizetype MassimiClienti = 12;  // no line is longer
+    if (Somma.Note == 0 && Somma.Ignote > 0)
+        return u"Aperto non noto: "_s + Quante(Somma.Ignote) + u" senza importo"_s;
     QStringList Parti{u"Aperto: "_s + Euro(Somma.Aperto) + u" in "_s + Quante(Somma.Note)};
     if (Somma.Ignote > 0)
         Parti += Quante(Somma.Ignote) + u" senza importo noto"_s;
@@ -205,8 +217,11 @@ QStringList RigaScadenzario(const VoceTrova& Nota, const CodiciCliente& Codici)
 {
     const DatiNota& Dati = Nota.Dati;
     const TipoDocumento& Documento = TipoDi(DocumentoDi(Dati));
-    QStringList Celle{Nota.Cliente, Codici.CodFis, Codici.PIva, Documento.Nome.toString()};
-    if (Documento.EFattura)
+    QStringList Celle{Nota.Cliente, Codici.CodFis, Codici.PIva,
+                      EStorno(Dati.Stato) ? u"Nota di credito"_s : Documento.Nome.toString()};
+    // What the user calls invoiced bears the invoice's number, whatever document is in view.
+    const bool SenzaDocumento = Documento.Nome.isEmpty() && Dati.Stato.Stato == StatoNota::Fatturata;
+    if (Documento.EFattura || SenzaDocumento)
         Celle << Dati.NumFatt << Dati.DataFatt;
     else if (Documento.Pannello == PannelloStampa::Numero)
         Celle << Dati.Stato.Numero << Dati.Stato.Data;

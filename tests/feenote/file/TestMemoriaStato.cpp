@@ -7,6 +7,8 @@
 #include "feenote/modStato.h"
 #include "platform/system/orologio.h"
 
+#include <QDir>
+
 #include <functional>
 
 using namespace Qt::StringLiterals;
@@ -31,6 +33,8 @@ private Q_SLOTS:
     void soloDelFileElettronico();
     void modello();
     void modelloNonScritto();
+    void modelloDiPrima();
+    void bozzaDopoLaFattura();
 };
 PROVA(TestMemoriaStato);
 
@@ -78,6 +82,11 @@ void TestMemoriaStato::torna_data()
         Paga(Nota);
     });
     Caso("scelta a mano", Pagata, [](Parcella& Nota) { (void)ScegliStato(Nota, Pagata); });
+    Caso("nota di credito", Fatturata, [](Parcella& Nota) {
+        Nota.FatturaXml.Tipo = u"TD04"_s;
+        (void)NotaFatturata(Nota);
+        QVERIFY(Nota.Stato.Storno);
+    });
     Caso("importi senza misura", Inviata, [](Parcella& Nota) {
         Nota.xOnorari(0, OnoImporto) = 123456789012345.675;
         (void)NotaInviata(Nota, StampaPrenotula);
@@ -116,8 +125,8 @@ void TestMemoriaStato::leVoci()
     const auto Decimale = [](double Euro) { return QString::number(Arrotonda2(Euro), 'f', 2); };
     QCOMPARE(Memoria.value(u"Stato.Importi"_s),
              (QStringList{Decimale(Conti.Imponibile), Decimale(Conti.CP), Decimale(Conti.IVA),
-                          Decimale(Conti.Totale), Decimale(Conti.RA), Decimale(Conti.Netto),
-                          Decimale(Conti.Netto)})
+                          Decimale(Conti.Totale), Decimale(Conti.RA), Decimale(Conti.Netto), u"0.00"_s,
+                          u"0.00"_s, u"0.00"_s, Decimale(Conti.Netto)})
                  .join(u';'));
     QVERIFY(Conti.RA > 0 && Conti.IVA > 0 && Conti.CP > 0);
     QVERIFY(!HaVociIgnote(Memoria));
@@ -185,13 +194,13 @@ void TestMemoriaStato::valoriOstili_data()
     Riga("a document that is no number", u"Stato.Documento"_s, u"3 fatture"_s, false);
     Riga("a day of no calendar", u"Stato.Dal.Fatturata"_s, u"31/02/2026"_s, false);
     Riga("no figures", Importi, u""_s, true);
-    Riga("too few", Importi, u"1;2;3;4;5;6"_s, true);
-    Riga("too many", Importi, u"1;2;3;4;5;6;7;8"_s, true);
-    Riga("no number", Importi, u"1;2;3;4;5;sei;7"_s, true);
-    Riga("not finite", Importi, u"1;2;3;4;5;inf;7"_s, true);
-    Riga("no number by name", Importi, u"1;2;3;4;5;nan;7"_s, true);
-    Riga("beyond all limits", Importi, u"1;2;3;4;5;1e300;7"_s, true);
-    Riga("less than nothing is open", Importi, u"1;2;3;4;5;6;-0.01"_s, true);
+    Riga("too few", Importi, u"1;2;3;4;5;6;7;8;9"_s, true);
+    Riga("too many", Importi, u"1;2;3;4;5;6;7;8;9;10;11"_s, true);
+    Riga("no number", Importi, u"1;2;3;4;5;sei;7;8;9;10"_s, true);
+    Riga("not finite", Importi, u"1;2;3;4;5;inf;7;8;9;10"_s, true);
+    Riga("no number by name", Importi, u"1;2;3;4;5;nan;7;8;9;10"_s, true);
+    Riga("beyond all limits", Importi, u"1;2;3;4;5;1e300;7;8;9;10"_s, true);
+    Riga("less than nothing is open", Importi, u"1;2;3;4;5;6;7;8;9;-0.01"_s, true);
 }
 
 void TestMemoriaStato::valoriOstili()
@@ -267,6 +276,40 @@ void TestMemoriaStato::modelloNonScritto()
     Messaggi.AttendiSalva(Ufficio.File(u"non/c'è/modello.mdb"_s));
     QVERIFY_THROWS_EXCEPTION(Errore, (void)SalvaConDialogo(Nota, true));
     QCOMPARE(Nota.Stato, Era);
+}
+
+/// What begins from a template of before the states is a draft; any other note of before has none.
+void TestMemoriaStato::modelloDiPrima()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    for (const QString& Cartella : {u"Modelli/"_s, u"altre/"_s}) {
+        QDir().mkpath(Ufficio.File(Cartella));
+        const QString File = Ufficio.File(Cartella + u"a.mdb"_s);
+        ScriviNota(File, NotaPiena());
+        EseguiSu(File, u"DROP TABLE \"_Calcanova\""_s);
+        Parcella Letta;
+        CaricaDati(Letta, File);
+        QCOMPARE(Letta.Stato.Stato, Cartella == u"Modelli/" ? Bozza : Ignoto);
+    }
+}
+
+/// A save keeps of a draft that it is one.
+void TestMemoriaStato::bozzaDopoLaFattura()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota = Riletta(Ufficio, NotaPiena());
+    (void)NotaFatturata(Nota);
+    (void)ScegliStato(Nota, Bozza);
+    const QString File = Ufficio.File(u"bozza.mdb"_s);
+    Messaggi.AttendiSalva(File);
+    QVERIFY(SalvaConDialogo(Nota, false));
+    Parcella Letta;
+    CaricaDati(Letta, File);
+    QCOMPARE(Letta.Stato, Nota.Stato);
+    QCOMPARE(Letta.Stato.Documento, -1);
+    QCOMPARE(Letta.Stato.Dal(), u"22/11/2026"_s);
 }
 
 #include "TestMemoriaStato.moc"

@@ -276,7 +276,7 @@ QString frmTrovaParcella::SuggerimentoDi(int Riga) const
         if (const double Aperto = ApertoDi(Voce).value_or(0.0); Aperto > 0)
             Frasi += u"Aperto: "_s + Format(Aperto, u"#,##0.00");
     } else if (!Voce.Modello && !Voce.Illeggibile) {
-        Frasi += u"Salvata da una versione precedente, senza stato"_s;
+        Frasi += u"Nata in una versione precedente, il suo stato non è noto"_s;
     }
     if (Voce.Modello)
         Frasi += u"È un modello (sola lettura)"_s;

@@ -91,7 +91,7 @@ void TestFrmTrovaParcella::leColonne()
     for (int i = 0; i < TrovaColonne; ++i)
         Titoli += Lista()->Vista()->model()->headerData(i, Qt::Horizontal).toString();
     QCOMPARE(Titoli, (QStringList{u"Nome parcella"_s, u"Data"_s, u"Cliente"_s, u"Controparte"_s,
-                                  u"Dimensione"_s, u"Nella cartella"_s}));
+                                  u"Dimensione"_s, u"Nella cartella"_s, u"Stato"_s}));
     const int Riga = RigaDi(u"rossi 10"_s);
     QCOMPARE(Cella(Riga, TrovaData), u"05/03/2026"_s);
     QCOMPARE(Cella(Riga, TrovaCliente), u"Rossi Mario"_s);

@@ -1,0 +1,228 @@
+// What is due, as a script gets it: rows, records, the accountant's file.
+#include "chiamata.h"
+
+#include "core/sessione.h"
+#include "feenote/file/modLettura.h"
+#include "feenote/file/modPosaFile.h"
+#include "feenote/modInterruttori.h"
+#include "feenote/modStato.h"
+#include "platform/system/file.h"
+#include "platform/system/orologio.h"
+#include "platform/system/percorsi.h"
+#include "supporto/registratore.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+using namespace Qt::StringLiterals;
+
+class TestCliScadenzario : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup() { InstallaOrologio({}); }
+    void leRighe();
+    void perStato_data();
+    void perStato();
+    void ilRecord();
+    void ilFile();
+    void ilFileNonSiScrive();
+    void gliAccontiDellaDescrizione();
+    void rifiuta_data();
+    void rifiuta();
+
+private:
+    /// A note of 1.459,12 of net, written by the program's own command, then led to a state.
+    void Crea(const QString& Nome, const QString& Cliente, void (*Porta)(Parcella&),
+              const QByteArray& Altro = {}) const
+    {
+        const QString File = Radice + Nome;
+        QDir().mkpath(CartellaFile(File));
+        const QString Json = NuovaCartella() + u"d.json"_s;
+        ScriviFile(
+            Json,
+            "{\"categoria\":\"CIV\",\"autorita\":2,\"valore\":30000,\"precarica\":false,\"cliente\":\"" +
+                Cliente.toUtf8() +
+                "\",\"spese\":[{\"descrizione\":\"Copie\",\"imponibili\":1150}],\"percentuali\":"
+                "{\"cassa\":4,\"iva\":22}" +
+                Altro + "}");
+        QCOMPARE(Chiama({u"crea"_s, Json, File}).Guasti, QString());
+        if (!Porta)
+            return;
+        Registratore Messaggi;
+        Parcella Nota;
+        CaricaDati(Nota, File);
+        Porta(Nota);
+        ScriviNota(File, Nota);
+    }
+
+    QString Radice;
+};
+PROVA(TestCliScadenzario);
+
+namespace {
+
+const QString InviataRiga =
+    u"Rossi; Mario|||Prenotula|||Inviata|22/11/2026||1150,00|46,00|263,12|0,00|1459,12|1459,12|0,00|1459,12|a\n"_s;
+const QString PagataRiga =
+    u"Verdi|||Fattura analitica|12|09/11/2026|Pagata|22/11/2026||1150,00|46,00|263,12|0,00|1459,12|1459,12|"
+    u"1459,12|0,00|b\n"_s;
+const QString BozzaRiga =
+    u"Neri|||Prenotula|||Bozza|||1150,00|46,00|263,12|0,00|1459,12|1459,12|0,00|0,00|c\n"_s;
+
+void Spedisci(Parcella& Nota)
+{
+    (void)NotaInviata(Nota, StampaPrenotula);
+}
+
+void FatturaEPaga(Parcella& Nota)
+{
+    Nota.txtDatiPar[DatoNumFatt] = u"12"_s;
+    Nota.txtDatiPar[DatoDataFatt] = u"09/11/2026"_s;
+    ScegliTipoStampa(Nota, StampaFatturaAnalitica);
+    (void)NotaInviata(Nota, StampaFatturaAnalitica);
+    (void)ScegliStato(Nota, StatoNota::Pagata);
+}
+
+}  // namespace
+
+void TestCliScadenzario::init()
+{
+    InstallaOrologio([] { return QDateTime(QDate(2026, 11, 22), QTime(10, 0)); });
+    Radice = NuovaCartella();
+    const QByteArray Prenotula = ",\"stampa\":{\"tipo\":0}";
+    Crea(u"a.mdb"_s, u"Rossi; Mario"_s, Spedisci, Prenotula);
+    Crea(u"b.mdb"_s, u"Verdi"_s, FatturaEPaga);
+    Crea(u"c.mdb"_s, u"Neri"_s, nullptr, Prenotula);
+    Crea(u"sotto/d.mdb"_s, u"Rossi; Mario"_s, Spedisci);
+    ScriviFile(Radice + u"estraneo.mdb"_s, "x");
+}
+
+void TestCliScadenzario::leRighe()
+{
+    Esito Fatto = Chiama({u"scadenzario"_s, Radice});
+    QCOMPARE(Fatto.Guasti, QString());
+    QCOMPARE(Fatto.Stato, 0);
+    QCOMPARE(Fatto.Uscita,
+             InviataRiga + PagataRiga + BozzaRiga + u"Aperto: 1.459,12 in 1 nota; Rossi; Mario 1.459,12\n"_s);
+    Fatto = Chiama({u"scadenzario"_s, Radice, u"1"_s});
+    QCOMPARE(Fatto.Uscita.count(u'\n'), 5);
+    QVERIFY(Fatto.Uscita.endsWith(u"Aperto: 2.918,24 in 2 note; Rossi; Mario 2.918,24\n"_s));
+}
+
+void TestCliScadenzario::perStato_data()
+{
+    QTest::addColumn<QString>("Stato");
+    QTest::addColumn<QString>("Righe");
+    QTest::newRow("all") << u"tutte"_s << InviataRiga + PagataRiga + BozzaRiga;
+    QTest::newRow("open") << u"aperte"_s << InviataRiga;
+    QTest::newRow("drafts") << u"bozza"_s << BozzaRiga;
+    QTest::newRow("sent") << u"inviata"_s << InviataRiga;
+    QTest::newRow("invoiced") << u"fatturata"_s << QString();
+    QTest::newRow("paid") << u"pagata"_s << PagataRiga;
+    QTest::newRow("unknown") << u"ignoto"_s << QString();
+}
+
+void TestCliScadenzario::perStato()
+{
+    QFETCH(QString, Stato);
+    QFETCH(QString, Righe);
+    const Esito Fatto = Chiama({u"scadenzario"_s, Radice, u"--stato"_s, Stato});
+    QCOMPARE(Fatto.Guasti, QString());
+    QCOMPARE(Fatto.Stato, 0);
+    QCOMPARE(Fatto.Uscita.section(u"Aperto:"_s, 0, 0), Righe);
+}
+
+void TestCliScadenzario::ilRecord()
+{
+    const Esito Fatto = Chiama({u"--json"_s, u"scadenzario"_s, Radice});
+    const QJsonObject Record = QJsonDocument::fromJson(Fatto.Uscita.toUtf8()).object();
+    QCOMPARE(Record[u"aperto"_s].toDouble(), 1459.12);
+    QCOMPARE(Record[u"aperte"_s].toInt(), 1);
+    QCOMPARE(Record[u"ignote"_s].toInt(-1), 0);
+    const QJsonObject Prima = Record[u"note"_s].toArray().at(0).toObject();
+    QCOMPARE(Prima[u"Cliente"_s].toString(), u"Rossi; Mario"_s);
+    QCOMPARE(Prima[u"Stato"_s].toString(), u"Inviata"_s);
+    QCOMPARE(Record[u"clienti"_s].toArray().at(0).toObject()[u"note"_s].toInt(), 1);
+    const QJsonObject Trovata =
+        QJsonDocument::fromJson(Chiama({u"--json"_s, u"trova"_s, Radice}).Uscita.toUtf8())
+            .object()[u"note"_s]
+            .toArray()
+            .at(1)
+            .toObject();
+    QCOMPARE(Trovata[u"stato"_s].toString(), u"pagata"_s);
+}
+
+void TestCliScadenzario::ilFile()
+{
+    const QString File = Radice + u"due.csv"_s;
+    const Esito Fatto = Chiama({u"scadenzario"_s, Radice, u"--stato"_s, u"aperte"_s, u"--csv"_s, File});
+    QCOMPARE(Fatto.Guasti, QString());
+    QCOMPARE(Fatto.Stato, 0);
+    QCOMPARE(Fatto.Uscita, u"1\n"_s);
+    QCOMPARE(LeggiFile(File),
+             QByteArray("\xEF\xBB\xBF"
+                        "Cliente;Codice fiscale;Partita IVA;Documento;Numero;Data;Stato;Dal;Scadenza;"
+                        "Imponibile;Cassa;IVA;Ritenuta;Totale;Netto;Pagato;Aperto;Parcella\r\n"
+                        "\"Rossi; Mario\";;;Prenotula;;;Inviata;22/11/2026;;"
+                        "1150,00;46,00;263,12;0,00;1459,12;1459,12;0,00;1459,12;a\r\n"));
+    constexpr auto Altri = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    QVERIFY(!(QFileInfo(File).permissions() & Altri));
+}
+
+void TestCliScadenzario::ilFileNonSiScrive()
+{
+    const Esito Fatto = Chiama({u"scadenzario"_s, Radice, u"--csv"_s, Radice + u"manca/due.csv"_s});
+    QCOMPARE(Fatto.Stato, 1);
+    QVERIFY(Fatto.Guasti.startsWith(u"Errore: "_s));
+    QCOMPARE(Fatto.Uscita, QString());
+}
+
+/// Payments that a description has cover the net.
+void TestCliScadenzario::gliAccontiDellaDescrizione()
+{
+    Crea(u"e.mdb"_s, u"Gialli"_s, nullptr,
+         ",\"acconti\":[{\"descrizione\":\"saldo\",\"valuta\":\"E\",\"speseImponibili\":1150}]");
+    const Esito Fatto = Chiama({u"scadenzario"_s, Radice, u"--stato"_s, u"pagata"_s});
+    QVERIFY2(Fatto.Uscita.contains(u"Gialli|||"_s), qPrintable(Fatto.Uscita));
+    QVERIFY(Fatto.Uscita.contains(u"|1459,12|1459,12|0,00|e\n"_s));
+}
+
+void TestCliScadenzario::rifiuta_data()
+{
+    QTest::addColumn<QStringList>("Argomenti");
+    QTest::addColumn<int>("Stato");
+    QTest::addColumn<QString>("Guasti");
+    QTest::newRow("no such folder") << QStringList{u"scadenzario"_s, u"/manca/qui"_s} << 1
+                                    << u"Errore: Percorso non trovato (76)\n"_s;
+    QTest::newRow("without a folder") << QStringList{u"scadenzario"_s} << 2
+                                      << u"Uso: calcanova-cli scadenzario CARTELLA [SOTTOCARTELLE]\n"_s;
+    QTest::newRow("unknown state")
+        << QStringList{u"scadenzario"_s, u"."_s, u"--stato"_s, u"smarrita"_s} << 2
+        << u"Stato sconosciuto: smarrita. Gli stati sono tutte, aperte, bozza, inviata, fatturata, pagata, ignoto.\n"_s;
+    QTest::newRow("without a state") << QStringList{u"scadenzario"_s, u"."_s, u"--stato"_s} << 2
+                                     << u"L'opzione --stato vuole una parola.\n"_s;
+    QTest::newRow("cards") << QStringList{u"scadenzario"_s, u"."_s, u"--vcard"_s, u"x.vcf"_s} << 2
+                           << u"L'opzione --vcard non vale per il comando scadenzario\n"_s;
+    QTest::newRow("a file in a batch")
+        << QStringList{u"--batch"_s, u"scadenzario"_s, u"--csv"_s, u"x.csv"_s} << 2
+        << u"Le opzioni --csv e --vcard non valgono per il comando scadenzario\n"_s;
+    QTest::newRow("another command") << QStringList{u"trova"_s, u"."_s, u"--stato"_s, u"bozza"_s} << 2
+                                     << u"L'opzione --stato non vale per il comando trova\n"_s;
+}
+
+void TestCliScadenzario::rifiuta()
+{
+    QFETCH(QStringList, Argomenti);
+    const Esito Fatto = Chiama(Argomenti);
+    QTEST(Fatto.Stato, "Stato");
+    QTEST(Fatto.Guasti, "Guasti");
+    QCOMPARE(Fatto.Uscita, QString());
+}
+
+#include "TestCliScadenzario.moc"

@@ -1,0 +1,260 @@
+// The finder by states: the list that filters, what is open of the rows on view, the accountant's file.
+#include "bancotrova.h"
+
+#include "feenote/finder/scadenzario.h"
+#include "feenote/modStato.h"
+
+#include <QMenu>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+class TestTrovaStato : public QObject, private BancoTrova
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup() { Sgombra(); }
+
+    void laColonna();
+    void siFiltraColMouse();
+    void siFiltraDaTastiera();
+    void nessunaInQuelloStato();
+    void ilFiltroResisteAlRinfresco();
+    void ilFiltroRicomincia();
+    void lAperto();
+    void lApertoSegueLeRighe();
+    void perCliente();
+    void perClienteDaTastiera();
+    void ilSuggerimento();
+    void esporta_data();
+    void esporta();
+    void esportaSopra();
+    void esportaSenzaRighe();
+    void ordinaDaTastiera();
+
+private:
+    void Salva(const QString& Nome, const QString& Cliente, StatoNota Stato, double Onorari)
+    {
+        Parcella Nota;
+        NuovaParcella(Nota);
+        Nota.txtCliente.Testo = Cliente;
+        Nota.chkIva.Attiva = Nota.chkCP.Attiva = false;
+        RicordaStampa(Nota);
+        Nota.xOnorari(Nota.xOnorari.AggiungiRiga(), OnoImporto) = Onorari;
+        if (Stato >= StatoNota::Inviata)
+            (void)NotaInviata(Nota, StampaPrenotula);
+        (void)ScegliStato(Nota, Stato);
+        ScriviNota(Note + Nome + u".mdb"_s, Nota);
+    }
+    [[nodiscard]] QComboBox* ListaStati() const { return Controllo<QComboBox>(F.get(), "cmbStato"); }
+    [[nodiscard]] QString Aperto() const { return Controllo<QLabel>(F.get(), "lblAperto")->text(); }
+    [[nodiscard]] QToolButton* PerCliente() const { return Controllo<QToolButton>(F.get(), "cmdPerCliente"); }
+    /// The three notes that the bench has saved, and the four of this class.
+    const QStringList Tutte{u"[vecchie]"_s, u"a"_s,       u"b"_s,        u"c"_s,
+                            u"d"_s,         u"rossi 9"_s, u"rossi 10"_s, u"verdi"_s};
+};
+PROVA(TestTrovaStato);
+
+void TestTrovaStato::init()
+{
+    Prepara();
+    Salva(u"a"_s, u"Alfa & figli"_s, StatoNota::Inviata, 1000);
+    Salva(u"b"_s, u"Beta"_s, StatoNota::Fatturata, 200.5);
+    Salva(u"c"_s, u"Beta"_s, StatoNota::Inviata, 100);
+    Salva(u"d"_s, u"Alfa & figli"_s, StatoNota::Pagata, 5000);
+    EseguiSu(Note + u"verdi.mdb"_s, u"DROP TABLE \"_Calcanova\""_s);
+    Apri();
+}
+
+void TestTrovaStato::laColonna()
+{
+    QCOMPARE(Nomi(), Tutte);
+    QStringList Stati;
+    for (int Riga = 0; Riga < Lista()->Righe(); ++Riga)
+        Stati += Cella(Riga, TrovaStato);
+    QCOMPARE(Stati, (QStringList{QString(), u"Inviata"_s, u"Fatturata"_s, u"Inviata"_s, u"Pagata"_s,
+                                 u"Bozza"_s, u"Bozza"_s, QString()}));
+}
+
+void TestTrovaStato::siFiltraColMouse()
+{
+    Scegli(ListaStati(), int(FiltroStato::DaIncassare));
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"a"_s, u"b"_s, u"c"_s}));
+    QCOMPARE(Mostrate(), u"Mostrate 3 di 7"_s);
+    QCOMPARE(Corrente(), u"a"_s);
+    Scrivi(Testo(), u"beta"_s);
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"b"_s, u"c"_s}));
+    Scegli(ListaStati(), int(FiltroStato::Tutte));
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"b"_s, u"c"_s}));
+    Scrivi(Testo(), QString());
+    QCOMPARE(Nomi(), Tutte);
+    QCOMPARE(Mostrate(), QString());
+}
+
+void TestTrovaStato::siFiltraDaTastiera()
+{
+    VaiSu(u"c"_s);
+    ListaStati()->setFocus(Qt::TabFocusReason);
+    ScegliConFrecce(ListaStati(), int(FiltroStato::Inviata));
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"a"_s, u"c"_s}));
+    QVERIFY(ListaStati()->hasFocus());
+    ScegliDaTastiera(ListaStati(), int(FiltroStato::SenzaStato));
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"verdi"_s}));
+}
+
+void TestTrovaStato::nessunaInQuelloStato()
+{
+    QDir(Note + u"vecchie"_s).removeRecursively();
+    F->RinfrescaTrova();
+    Finita();
+    for (const QString& Nome : {u"a"_s, u"c"_s})
+        QFile::remove(Note + Nome + u".mdb"_s);
+    F->RinfrescaTrova();
+    Finita();
+    Scegli(ListaStati(), int(FiltroStato::Inviata));
+    QCOMPARE(Lista()->Righe(), 0);
+    QCOMPARE(Aperto(), u"Niente da incassare tra le parcelle mostrate."_s);
+    QVERIFY(!PerCliente()->isEnabled());
+}
+
+void TestTrovaStato::ilFiltroResisteAlRinfresco()
+{
+    Scegli(ListaStati(), int(FiltroStato::Pagata));
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"d"_s}));
+    Salva(u"e"_s, u"Beta"_s, StatoNota::Pagata, 1);
+    F->RinfrescaTrova();
+    Finita();
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"d"_s, u"e"_s}));
+    Doppio(u"[vecchie]"_s);
+    QCOMPARE(Nomi(), QStringList{VoceTorna.toString()});
+}
+
+void TestTrovaStato::ilFiltroRicomincia()
+{
+    Scegli(ListaStati(), int(FiltroStato::Pagata));
+    Apri();
+    QCOMPARE(ListaStati()->currentIndex(), int(FiltroStato::Tutte));
+    QCOMPARE(Nomi(), Tutte);
+}
+
+void TestTrovaStato::lAperto()
+{
+    QCOMPARE(Aperto(),
+             u"Aperto: 1.300,50 in 3 note; 1 nota senza importo noto; Alfa & figli 1.000,00; Beta 300,50"_s);
+    QVERIFY(PerCliente()->isEnabled());
+}
+
+void TestTrovaStato::lApertoSegueLeRighe()
+{
+    Scrivi(Testo(), u"beta"_s);
+    QCOMPARE(Aperto(), u"Aperto: 300,50 in 2 note; Beta 300,50"_s);
+    VaiSu(u"b"_s);
+    T->Voce.Attendi(u"Confermi la cancellazione della parcella: 'b'?"_s, vbYes);
+    T->Voce.Attendi(u"La parcella è stata eliminata!"_s);
+    Premi(Qt::Key_Delete);
+    Respiro();
+    QCOMPARE(Aperto(), u"Aperto: 100,00 in 1 nota; Beta 100,00"_s);
+}
+
+void TestTrovaStato::perCliente()
+{
+    QStringList Voci;
+    QTimer::singleShot(0, this, [&] {
+        QMenu* Menu = PerCliente()->menu();
+        QVERIFY(Menu->isVisible());
+        for (const QAction* Voce : Menu->actions())
+            Voci += Voce->text();
+        QTest::mouseClick(Menu, Qt::LeftButton, Qt::NoModifier,
+                          Menu->actionGeometry(Menu->actions().at(0)).center());
+    });
+    Clic(PerCliente());
+    Respiro();
+    QCOMPARE(Voci, (QStringList{u"Alfa && figli\t1.000,00 in 1 nota"_s, u"Beta\t300,50 in 2 note"_s}));
+    QCOMPARE(Testo()->text(), u"Alfa & figli"_s);
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"a"_s, u"d"_s}));
+    QCOMPARE(F->focusWidget(), Lista()->Vista());
+}
+
+void TestTrovaStato::perClienteDaTastiera()
+{
+    PerCliente()->setFocus(Qt::TabFocusReason);
+    QTimer::singleShot(0, this, [this] {
+        QTest::keyClick(PerCliente()->menu(), Qt::Key_Down);
+        QTest::keyClick(PerCliente()->menu(), Qt::Key_Down);
+        QTest::keyClick(PerCliente()->menu(), Qt::Key_Return);
+    });
+    QTest::keyClick(PerCliente(), Qt::Key_Space);
+    Respiro();
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"b"_s, u"c"_s}));
+}
+
+void TestTrovaStato::ilSuggerimento()
+{
+    const QString Inviata = Lista()->Suggerimento(RigaDi(u"a"_s));
+    QVERIFY2(Inviata.contains(u"Inviata dal "_s) && Inviata.contains(u"Aperto: 1.000,00"_s),
+             qPrintable(Inviata));
+    QVERIFY(Lista()
+                ->Suggerimento(RigaDi(u"verdi"_s))
+                .contains(u"Nata in una versione precedente, il suo stato non è noto"_s));
+    QVERIFY(!Lista()->Suggerimento(RigaDi(u"d"_s)).contains(u"Aperto"_s));
+}
+
+void TestTrovaStato::esporta_data()
+{
+    QTest::addColumn<bool>("DaTastiera");
+    QTest::newRow("the button") << false;
+    QTest::newRow("Ctrl+E") << true;
+}
+
+void TestTrovaStato::esporta()
+{
+    QFETCH(bool, DaTastiera);
+    Scegli(ListaStati(), int(FiltroStato::DaIncassare));
+    const QString File = NuovaCartella() + u"due"_s;
+    T->Voce.AttendiSalva(File);
+    T->Voce.Attendi(u"3 parcelle esportate in \"due.csv\"."_s);
+    if (DaTastiera)
+        QTest::keyClick(Testo(), Qt::Key_E, Qt::ControlModifier);
+    else
+        Clic(Controllo(F.get(), "barTrova_csv"));
+    QVERIFY(T->Voce.InizioDialogo().contains(u"Scadenzario "_s));
+    const QList<QByteArray> Righe = LeggiFile(File + u".csv"_s).split('\n');
+    QCOMPARE(Righe.size(), 5);
+    QVERIFY(Righe[0].startsWith("\xEF\xBB\xBF"
+                                "Cliente;Codice fiscale;"));
+    QVERIFY2(Righe[1].startsWith("Alfa & figli;;;Prenotula;;;Inviata;"), Righe[1].constData());
+    QVERIFY(Righe[1].contains(";1000,00;0,00;0,00;0,00;1000,00;1000,00;0,00;1000,00;a\r"));
+    QVERIFY(Righe[2].contains(";200,50;b\r"));
+    constexpr auto Altri = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    QVERIFY(!(QFile::permissions(File + u".csv"_s) & Altri));
+}
+
+void TestTrovaStato::esportaSopra()
+{
+    const QString File = CartellaDiProva() + u"due.csv"_s;
+    ScriviFile(File, "mio", Lettori::SoloUtente);
+    T->Voce.AttendiSalva(File);
+    T->Voce.Attendi(u"Il file due.csv esiste già: si vuole sostituirlo?"_s, vbNo, u"Domanda:"_s);
+    F->EsportaCsv();
+    QCOMPARE(LeggiFile(File), QByteArray("mio"));
+    T->Voce.AttendiSalva({});
+    F->EsportaCsv();
+    QCOMPARE(LeggiFile(File), QByteArray("mio"));
+}
+
+void TestTrovaStato::esportaSenzaRighe()
+{
+    Scrivi(Testo(), u"nessuna così"_s);
+    QVERIFY(!Controllo(F.get(), "barTrova_csv")->isEnabled());
+    F->EsportaCsv();  // no dialog
+}
+
+void TestTrovaStato::ordinaDaTastiera()
+{
+    QTest::keyClick(Testo(), Qt::Key_7, Qt::ControlModifier);
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"verdi"_s, u"rossi 9"_s, u"rossi 10"_s, u"a"_s, u"c"_s,
+                                  u"b"_s, u"d"_s}));
+}
+
+#include "TestTrovaStato.moc"
