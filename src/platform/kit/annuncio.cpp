@@ -1,7 +1,10 @@
 #include "platform/kit/annuncio.h"
 
+#include "platform/kit/collega.h"
+
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QTimer>
 #include <QWidget>
 
 using namespace Qt::StringLiterals;
@@ -32,7 +35,12 @@ QWidget* AnnuncioDi(QWidget* Finestra)
     Nuovo->setObjectName(NomeAnnuncio);
     Nuovo->setAttribute(Qt::WA_TransparentForMouseEvents);
     Nuovo->setGeometry(0, 0, 1, 1);  // a hidden one would be passed over
-    Nuovo->show();
+    auto* Fine = new QTimer(Nuovo);
+    Fine->setSingleShot(true);
+    Collega(Fine, &QTimer::timeout, Nuovo, [Nuovo] {
+        Nuovo->hide();
+        Nuovo->setAccessibleName({});
+    });
     return Nuovo;
 }
 
@@ -44,6 +52,8 @@ void AnnunciaTesto(QWidget* Presso, const QString& Testo)
         return;
     QWidget* Annuncio = AnnuncioDi(Presso->window());
     Annuncio->setAccessibleName(Testo);
+    Annuncio->show();
+    Annuncio->findChild<QTimer*>()->start(DurataAnnuncioMs);
     // Bridges differ in which of these they hand on.
     for (const QAccessible::Event Evento : {QAccessible::ObjectShow, QAccessible::Alert}) {
         QAccessibleEvent Detto(Annuncio, Evento);

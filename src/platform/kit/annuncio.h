@@ -5,6 +5,10 @@
 
 class QWidget;
 
+/// How long an announcement can be read; tests have no time for it.
+inline int DurataAnnuncioMs = 5000;
+
 /// Has a screen reader say a text; the same one may be said again. Nothing is seen, and no focus moves.
+/// Some seconds later it is gone: who goes through the window then does not meet it.
 /// @param Presso any widget of the window that it happens in
 void AnnunciaTesto(QWidget* Presso, const QString& Testo);

@@ -5,6 +5,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QLineEdit>
+#include <QScopeGuard>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -28,6 +29,7 @@ class TestAnnuncio : public QObject
 private Q_SLOTS:
     void siDiceNellaSuaFinestra();
     void nonSiVedeENonPrendeIlFuoco();
+    void seNeVa();
 };
 PROVA(TestAnnuncio);
 
@@ -64,6 +66,23 @@ void TestAnnuncio::nonSiVedeENonPrendeIlFuoco()
     QCOMPARE(Annuncio->focusPolicy(), Qt::NoFocus);
     QCOMPARE(Annuncio->size(), QSize(1, 1));
     QCOMPARE(Finestra.grab().toImage(), Prima);
+}
+
+/// Who goes through the window later does not meet what was said long ago; the next one comes up again.
+void TestAnnuncio::seNeVa()
+{
+    const auto Rimetti = qScopeGuard([Durata = DurataAnnuncioMs] { DurataAnnuncioMs = Durata; });
+    DurataAnnuncioMs = 20;
+    QWidget Finestra;
+    Finestra.show();
+    AnnunciaTesto(&Finestra, u"Fatto"_s);
+    const auto* Annuncio = Finestra.findChild<QWidget*>(u"annuncio"_s);
+    QVERIFY(Annuncio && Annuncio->isVisible());
+    QTRY_VERIFY(!Annuncio->isVisible());
+    QCOMPARE(Annunciato(Finestra), QString());
+    AnnunciaTesto(&Finestra, u"Fatto"_s);
+    QVERIFY(Annuncio->isVisible());
+    QCOMPARE(Annunciato(Finestra), u"Fatto"_s);
 }
 
 #include "TestAnnuncio.moc"
