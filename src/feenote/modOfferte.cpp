@@ -36,6 +36,17 @@ constexpr std::array SenzaAnticipazione{
 };
 static_assert(std::ranges::is_sorted(SenzaAnticipazione));
 
+// L. 374/1991, art. 46: up to this value a case before a justice of the peace owes the filing fee alone.
+constexpr std::array GiudiciDiPace{1, 13, 101};
+constexpr double SoloContributoEuro = 1033.0;
+
+bool SoloContributo(const Parcella& Nota)
+{
+    const double Valore = Nota.txtImporto.Numero();
+    return Valore > 0 && Round(Valore, 2) <= SoloContributoEuro &&
+           std::ranges::find(GiudiciDiPace, Nota.IDAutSelezionata()) != GiudiciDiPace.end();
+}
+
 bool EVoce(const Parcella& Nota, int Riga, VoceDiLegge Voce)
 {
     return CStr(Nota.xDiritti(Riga, DirIDDir)) == QString::number(int(Voce));
@@ -68,7 +79,13 @@ VoceSpesa VoceDelCatalogo(const Recordset& Catalogo, VoceDiLegge Cercata)
 bool AnticipazioneDovuta(const Parcella& Nota)
 {
     return Nota.CodCateg == Civile &&
-           !std::ranges::binary_search(SenzaAnticipazione, Nota.IDAutSelezionata());
+           !std::ranges::binary_search(SenzaAnticipazione, Nota.IDAutSelezionata()) && !SoloContributo(Nota);
+}
+
+QString LimiteAnticipazione()
+{
+    return u"Non fino a € %1 davanti al giudice di pace (L. 374/1991, art. 46)."_s.arg(
+        Format(SoloContributoEuro, u"#,##0.00"));
 }
 
 bool SenzaImporti(const Parcella& Nota, int Riga)

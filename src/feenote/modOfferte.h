@@ -8,8 +8,11 @@
 #include <QDate>
 
 /// True where the lump sum for notifications (D.P.R. 115/2002, art. 30) is owed at all: in civil proceedings,
-/// labour and social security left out. An office of a mixed list counts as one where it is.
+/// labour and social security left out, and so are cases before a justice of the peace of a value known to
+/// be small. An office of a mixed list, and a value that is not known, count as ones where it is.
 [[nodiscard]] bool AnticipazioneDovuta(const Parcella& Nota);
+/// What the note alone cannot tell, for the user: "Non fino a ... davanti al giudice di pace".
+[[nodiscard]] QString LimiteAnticipazione();
 
 /// True while a line of expenses has neither a taxable nor an exempt amount.
 [[nodiscard]] bool SenzaImporti(const Parcella& Nota, int Riga);

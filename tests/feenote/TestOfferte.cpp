@@ -41,6 +41,8 @@ private Q_SLOTS:
     void cleanup();
     void dovutaNelProcessoCivile_data();
     void dovutaNelProcessoCivile();
+    void giudiceDiPaceDiPocoValore_data();
+    void giudiceDiPaceDiPocoValore();
     void offertaAllaSuaRiga_data();
     void offertaAllaSuaRiga();
     void conLaDataDiOggi();
@@ -125,6 +127,37 @@ void TestOfferte::dovutaNelProcessoCivile()
     CambiaAutorita(Nota, IndiceAutorita(Nota, IDAut));
     QCOMPARE(Nota.IDAutSelezionata(), IDAut);
     QTEST(AnticipazioneDovuta(Nota), "Dovuta");
+}
+
+void TestOfferte::giudiceDiPaceDiPocoValore_data()
+{
+    QTest::addColumn<QString>("Sigla");
+    QTest::addColumn<int>("IDAut");
+    QTest::addColumn<QString>("Valore");
+    QTest::addColumn<bool>("Dovuta");
+    QTest::newRow("giudice di pace, al limite") << u"140"_s << 1 << u"1.033,00"_s << false;
+    QTest::newRow("giudice di pace, un centesimo oltre") << u"140"_s << 1 << u"1.033,01"_s << true;
+    QTest::newRow("giudice di pace, valore ignoto") << u"140"_s << 1 << QString() << true;
+    QTest::newRow("ingiunzione del giudice di pace") << u"140"_s << 13 << u"800"_s << false;
+    QTest::newRow("tribunale") << u"140"_s << IDTribunale << u"800"_s << true;
+    QTest::newRow("giudice di pace, D.m. 55") << u"55"_s << IDGiudiceDiPace55 << u"1033"_s << false;
+    QTest::newRow("giudice di pace oltre, D.m. 55") << u"55"_s << IDGiudiceDiPace55 << u"1100"_s << true;
+}
+
+/// L. 374/1991, art. 46: up to 1.033,00 euro the filing fee alone.
+void TestOfferte::giudiceDiPaceDiPocoValore()
+{
+    QFETCH(QString, Sigla);
+    QFETCH(int, IDAut);
+    QFETCH(QString, Valore);
+    Parcella Nota;
+    NuovaParcella(Nota, *DecretoDi(Sigla));
+    CambiaCategoria(Nota, CategCivile);
+    CambiaAutorita(Nota, IndiceAutorita(Nota, IDAut));
+    Nota.txtImporto.Testo = Valore;
+    LasciaImporto(Nota);
+    QTEST(AnticipazioneDovuta(Nota), "Dovuta");
+    QTEST(ImportoOfferto(Nota, Inserisci(Nota, 2), Oggi_).has_value(), "Dovuta");
 }
 
 void TestOfferte::offertaAllaSuaRiga_data()

@@ -28,6 +28,8 @@ private Q_SLOTS:
 private:
     /// Saves the note on view for the first time, under a name. @return its file
     QString SalvaCome(const QString& Nome);
+    /// Base data of a civil note before the court, 30.000 euro.
+    void Civile();
     [[nodiscard]] QString FileDi(const QString& Nome) const;
 
     std::unique_ptr<Programma> P;
@@ -196,12 +198,27 @@ void TestStrade::speseDaTastiera()
     QCOMPARE(P->Messaggio(), QString());
 }
 
+void TestStrade::Civile()
+{
+    QVERIFY2(P->VaiA(u"cmbCateg"_s), qPrintable(P->Stato()));
+    P->Premi({u"alt+Down"_s, u"Home"_s, u"Return"_s});
+    ATTENDI(u"popup"_s, "");
+    P->Premi(u"Tab"_s);
+    ATTENDI(u"fuoco"_s, "cmbAutor");
+    P->Digita(u"tribunale"_s);
+    P->Premi(u"Tab"_s);
+    ATTENDI(u"testo cmbAutor"_s, "Tribunale ordinario");
+    QVERIFY2(P->VaiA(u"txtImporto"_s), qPrintable(P->Stato()));
+    P->Digita(u"30000"_s);
+    P->Premi(u"Return"_s);
+}
+
 /// The amount in force stands exempt by one key, and goes by one step.
 void TestStrade::anticipazioneOfferta()
 {
     P = std::make_unique<Programma>();
     QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
-    QVERIFY2(P->CompilaDatiBase(), qPrintable(P->Stato()));
+    Civile();
     QVERIFY2(P->AllaScheda(u"Spese inserite"_s), qPrintable(P->Stato()));
     ATTENDI(u"visto cmdOfferta"_s, "");
     P->Clic(P->Cella(u"tdbListaDir"_s, 1, 0), 2);
@@ -227,7 +244,7 @@ void TestStrade::scaglioneOfferto()
 {
     P = std::make_unique<Programma>();
     QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
-    QVERIFY2(P->CompilaDatiBase(), qPrintable(P->Stato()));
+    Civile();
     P->Clic(u"txtImporto"_s);
     P->Premi(u"ctrl+a"_s);
     P->Digita(u"60000"_s);
@@ -245,7 +262,7 @@ void TestStrade::contributoNellaParcella()
 {
     P = std::make_unique<Programma>();
     QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
-    QVERIFY2(P->CompilaDatiBase(), qPrintable(P->Stato()));
+    Civile();
     P->Premi(u"ctrl+shift+c"_s);
     QVERIFY2(P->Aperta(u"Calcolo contributo unificato"_s), qPrintable(P->Stato()));
     ATTENDI(u"fuoco"_s, "txtValore_0");

@@ -30,9 +30,11 @@ void frmContrib::CollegaPorte()
     chkAnticipazione->setObjectName(u"chkAnticipazione"_s);
     chkAnticipazione->setChecked(true);
     chkAnticipazione->setText(u"Con l'anticipazione (art. 30)"_s);
-    chkAnticipazione->setToolTip(
-        u"Con il contributo di una casella porta nella parcella anche l'anticipazione per "
-        "le notifiche: non è dovuta per lavoro e previdenza, né nei ricorsi tributari"_s);
+    chkAnticipazione->setToolTip(u"Con il contributo di una casella porta nella parcella anche "
+                                 u"l'anticipazione per le notifiche.\nNon è "
+                                 "dovuta per lavoro e previdenza, né davanti al giudice di pace fino a € "
+                                 "1.033,00 (L. 374/1991, art. 46); "
+                                 "nei ricorsi tributari non c'è mai"_s);
     ui->rigaNorme->insertWidget(0, chkAnticipazione);
 
     Porte = new PortaNota(this, Detto);

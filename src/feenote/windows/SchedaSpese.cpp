@@ -19,11 +19,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// The amount of an expense is the user's, whatever its quantity: that of an honorarium follows from it.
 QList<ColonnaGriglia> ColonneSpese()
 {
-    return {ColonnaData(DirData), ColonnaDescrizione(DirDescr), ColonnaQuantita(DirQta),
-            ColonnaImporto(u"Imponibili"_s, DirImponibile, true),
-            ColonnaImporto(u"Esenti"_s, DirEsente, true)};
+    QList<ColonnaGriglia> Colonne{ColonnaData(DirData), ColonnaDescrizione(DirDescr), ColonnaQuantita(DirQta),
+                                  ColonnaImporto(u"Imponibili"_s, DirImponibile, true),
+                                  ColonnaImporto(u"Esenti"_s, DirEsente, true)};
+    Colonne[DirQta].Spiegazione =
+        u"La quantità si stampa, ma non moltiplica l'importo: è il totale della riga"_s;
+    for (const int Importo : {DirImponibile, DirEsente})
+        Colonne[Importo].Spiegazione = u"Totale della riga: la quantità non lo moltiplica"_s;
+    return Colonne;
 }
 
 QList<ColonnaGriglia> ColonneCatalogo()

@@ -52,6 +52,7 @@ void SchedaSpese::OffriImporto(int Riga)
     QString Perche = u"Scrive l'importo in vigore fra le spese esenti ("_s + Importo->Norma + u')';
     if (!Importo->Nota.isEmpty())
         Perche += u'\n' + Importo->Nota;
+    Perche += u'\n' + LimiteAnticipazione();
     ui->rigaOfferta->Offri(Offerta + u" ("_s + Importo->Norma + u')', Perche);
     AnnunciaTesto(this, Inserita + u". "_s + Offerta);
 }

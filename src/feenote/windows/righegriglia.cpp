@@ -16,10 +16,6 @@ constexpr QStringView FiltroData = u"d";
 constexpr QStringView FiltroIntero = u"n";
 constexpr QStringView FiltroImporto = u",";
 
-constexpr QStringView TotaleDellaRiga = u"Totale della riga: la quantità non lo moltiplica";
-constexpr QStringView QuantitaDetta =
-    u"La quantità si stampa, ma non moltiplica l'importo: è il totale della riga";
-
 /// The largest amount of a cell: fourteen digits with its cents, which sums, file and prints tell exactly.
 constexpr double MassimoImporto = 999'999'999'999.99;
 
@@ -119,7 +115,6 @@ ColonnaGriglia ColonnaQuantita(int Campo)
 {
     ColonnaGriglia Colonna;
     Colonna.Titolo = u"Q.tà"_s;
-    Colonna.Spiegazione = QuantitaDetta.toString();
     Colonna.Campo = Campo;
     Colonna.Caratteri = 6;
     Colonna.Allinea = Qt::AlignRight;
@@ -138,8 +133,6 @@ ColonnaGriglia ColonnaImporto(const QString& Titolo, int Campo, bool Modificabil
     Colonna.Caratteri = 12;
     Colonna.Allinea = Qt::AlignRight;
     Colonna.Modificabile = Modificabile;
-    if (Modificabile)
-        Colonna.Spiegazione = TotaleDellaRiga.toString();
     Colonna.Filtro = FiltroImporto.toString();
     Colonna.Convalida = ConvalidaImporto;
     Colonna.Valore = ValoreImporto;
