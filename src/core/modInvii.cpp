@@ -6,6 +6,9 @@
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 
+#include <QFileInfo>
+#include <QRegularExpression>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -15,6 +18,23 @@ QString CartellaInvii()
     return CartellaDati() + Barra(u"invii"_s);
 }
 
+/// A folder that NuovaCartellaInvio has made.
+bool NomeNostro(const QString& Nome)
+{
+    static const QRegularExpression Forma(u"\\A\\d{8}-\\d{6}-\\d+\\z"_s);
+    return Forma.match(Nome).hasMatch();
+}
+
+/// Where the user has put something beside the document, everything stays: he was sent there to work.
+void Svuota(const QString& Cartella)
+{
+    QStringList Nomi = NomiDeiFile(Cartella);
+    Nomi.removeIf([](const QString& Nome) { return Nome.startsWith(u'.'); });  // of the file manager
+    if (Nomi.size() == 1 && Nomi.first().endsWith(".pdf"_L1, Qt::CaseInsensitive))
+        ScartaFile(Cartella + Nomi.first());
+    ScartaCartella(Cartella);
+}
+
 }  // namespace
 
 QString NuovaCartellaInvio()
@@ -22,29 +42,23 @@ QString NuovaCartellaInvio()
     CreaCartellaPrivata(CartellaInvii());
     const QString Quando = Adesso().toString(u"yyyyMMdd-HHmmss"_s);
     // Two sent in one second, or by two programs, stand apart.
-    for (int Numero = 1;; ++Numero) {
-        const QString Cartella = CartellaInvii() + Barra(Quando + u'-' + QString::number(Numero));
-        if (EsisteCartella(Cartella))
-            continue;
-        CreaCartellaPrivata(Cartella);
-        return Cartella;
-    }
+    for (int Numero = 1;; ++Numero)
+        if (const QString Cartella = CartellaInvii() + Quando + u'-' + QString::number(Numero);
+            CreaCartellaNuova(Cartella))
+            return Barra(Cartella);
 }
 
 void SpazzaInvii()
 {
-    if (!EsisteCartella(CartellaInvii()))
+    const QFileInfo Radice(CartellaInvii().chopped(1));
+    if (!Radice.isDir() || Radice.isSymLink())
         return;
     constexpr qint64 MsOra = 3600 * 1000;
     const qint64 Limite = Adesso().toMSecsSinceEpoch() - OreInvio * MsOra;
     try {
         ScorriCartella(CartellaInvii(), [Limite](VoceCartella&& Voce) {
-            if (!Voce.Cartella || Voce.Collegamento || Voce.Modificata > Limite)
-                return true;
-            const QString Vecchia = CartellaInvii() + Barra(Voce.Nome);
-            for (const QString& Nome : NomiDeiFile(Vecchia))
-                ScartaFile(Vecchia + Nome);
-            ScartaCartella(Vecchia);
+            if (Voce.Cartella && !Voce.Collegamento && Voce.Modificata <= Limite && NomeNostro(Voce.Nome))
+                Svuota(CartellaInvii() + Barra(Voce.Nome));
             return true;
         });
     } catch (const Errore&) {

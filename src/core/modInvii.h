@@ -10,6 +10,7 @@ inline constexpr int OreInvio = 1;
 /// @throws Errore 75 when it cannot be made
 [[nodiscard]] QString NuovaCartellaInvio();
 
-/// Removes what was sent longer than OreInvio ago. The start and the end of the program call it; what cannot
-/// be removed waits for the next time.
+/// Removes the documents that were sent longer than OreInvio ago, and their folders; one in which the user
+/// has put something else stays. The start and the end of the program call it; what cannot be removed waits
+/// for the next time.
 void SpazzaInvii();

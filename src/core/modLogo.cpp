@@ -3,6 +3,7 @@
 #include "platform/base/errore.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
+#include "platform/system/orologio.h"
 
 #include <QCryptographicHash>
 #include <QtEndian>
@@ -46,6 +47,8 @@ QString File(const QString& Impronta)
 QString Conserva(const QByteArray& Png)
 {
     const QString Fatta = Impronta(Png);
+    if (Leggi(Fatta))
+        return Fatta;  // a disk that is full refuses nothing that is there
     CreaCartella(CartellaDati());
     ScriviFile(File(Fatta), Png, Lettori::SoloUtente);
     return Fatta;
@@ -54,8 +57,10 @@ QString Conserva(const QByteArray& Png)
 void TogliAltri(const QString& Impronta)
 {
     const QString Tenuto = File(Impronta);
+    const QDateTime Ieri = Adesso().addDays(-1);
     for (const QString& Nome : NomiDeiFile(CartellaDati(), u".png"_s))
-        if (Nome.startsWith(Prefisso) && CartellaDati() + Nome != Tenuto)
+        if (Nome.startsWith(Prefisso) && CartellaDati() + Nome != Tenuto &&
+            DataFile(CartellaDati() + Nome) < Ieri)
             ScartaFile(CartellaDati() + Nome);
 }
 

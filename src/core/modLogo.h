@@ -15,9 +15,9 @@ namespace logo {
 inline constexpr double AltezzaMinima = 0.5;
 inline constexpr double AltezzaMassima = 5.0;
 
-/// Pixels of the copy's longer room: 600 dots an inch at the greatest height, and over the widest text.
-inline constexpr int PixelAltezza = 1181;
-inline constexpr int PixelLarghezza = 4205;
+/// Most pixels of the copy: 300 dots an inch at the greatest height, and over the widest text.
+inline constexpr int PixelAltezza = 591;
+inline constexpr int PixelLarghezza = 2079;
 
 /// Most bytes of the copy.
 inline constexpr qint64 MassimoByte = qint64(16) << 20;
@@ -38,7 +38,8 @@ inline constexpr QStringView DocumentiIniziali = u"01356";
 
 /// Stores a copy, and gives its fingerprint. @throws Errore 75, 61 as the disk refuses
 [[nodiscard]] QString Conserva(const QByteArray& Png);
-/// Removes every copy but this one.
+/// Removes every copy but this one, and but those of the last day: another program may still print with
+/// one.
 void TogliAltri(const QString& Impronta);
 
 /// The bytes of a copy; nothing when it is missing, or is no longer what was stored.

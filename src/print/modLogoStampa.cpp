@@ -71,7 +71,7 @@ std::optional<FiguraTesta> LogoDelDocumento(int Tipo)
 std::optional<FiguraTesta> FiguraDi(const QByteArray& Png, double AltezzaCm, Allineamento Dove)
 {
     const auto Misure = logo::MisurePng(Png);
-    if (!Misure)
+    if (!Misure || Misure->Larghezza > logo::PixelLarghezza || Misure->Altezza > logo::PixelAltezza)
         return std::nullopt;
     FiguraTesta Figura{Png, 0.0, std::clamp(AltezzaCm, logo::AltezzaMinima, logo::AltezzaMassima), Dove};
     Figura.LarghezzaCm = Figura.AltezzaCm * Misure->Larghezza / Misure->Altezza;

@@ -23,6 +23,8 @@ private Q_SLOTS:
     void poiSeNeVanno();
     void senzaCartella();
     void unCollegamentoResta();
+    void cioCheEDellUtenteResta();
+    void laCartellaCollegataResta();
 
 private:
     /// Hours from now that the clock shows.
@@ -52,7 +54,14 @@ void TestInvii::ciascunoLaSua()
 {
     const QString Prima = NuovaCartellaInvio();
     QVERIFY(EsisteCartella(Prima));
-    QVERIFY(NuovaCartellaInvio() != Prima);
+    const QString Seconda = NuovaCartellaInvio();
+    QVERIFY(Seconda != Prima);
+    // A file in the way is passed by.
+    const QDateTime Fermo = QDateTime::currentDateTime();
+    InstallaOrologio([Fermo] { return Fermo.addDays(1); });
+    const QString Terza = NuovaCartellaInvio();
+    ScriviFile(Terza.chopped(2) + u"2"_s, "x");
+    QVERIFY(NuovaCartellaInvio().endsWith(u"-3/"_s));
 }
 
 void TestInvii::restanoUnOra()
@@ -68,13 +77,14 @@ void TestInvii::poiSeNeVanno()
 {
     const QString File = NuovaCartellaInvio() + u"Fattura.pdf"_s;
     ScriviFile(File, "%PDF");
+    ScriviFile(CartellaFile(File) + u".directory"_s, "x");
     Passano(1.1);
     const QString Nuovo = NuovaCartellaInvio() + u"Altra.pdf"_s;
     ScriviFile(Nuovo, "%PDF");
     ImpostaDataFile(Nuovo, Adesso());
     SpazzaInvii();
     QVERIFY(!EsisteFile(File));
-    QVERIFY(!EsisteCartella(CartellaFile(File)));
+    EliminaFile(CartellaFile(File) + u".directory"_s);
     Passano(3);
     SpazzaInvii();
     QVERIFY(!EsisteCartella(Invii()));
@@ -96,6 +106,35 @@ void TestInvii::unCollegamentoResta()
     Passano(5);
     SpazzaInvii();
     QVERIFY(EsisteFile(Altrove + u"mio.txt"_s));
+}
+
+/// He may have been sent there to attach the document by hand.
+void TestInvii::cioCheEDellUtenteResta()
+{
+    const QString Cartella = NuovaCartellaInvio();
+    ScriviFile(Cartella + u"Fattura.pdf"_s, "%PDF");
+    ScriviFile(Cartella + u"Fattura firmata.pdf"_s, "%PDF");
+    const QString Altra = NuovaCartellaInvio();
+    ScriviFile(Altra + u"appunti.txt"_s, "x");
+    CreaCartella(Invii() + u"mia"_s);
+    ScriviFile(Invii() + u"mia/a.pdf"_s, "x");
+    Passano(5);
+    SpazzaInvii();
+    for (const QString& File : {Cartella + u"Fattura.pdf"_s, Cartella + u"Fattura firmata.pdf"_s,
+                                Altra + u"appunti.txt"_s, Invii() + u"mia/a.pdf"_s})
+        QVERIFY2(EsisteFile(File), qPrintable(File));
+}
+
+void TestInvii::laCartellaCollegataResta()
+{
+    const QString Altrove = NuovaCartella();
+    QVERIFY(QFile::link(Altrove.chopped(1), Invii().chopped(1)));
+    const QString File = NuovaCartellaInvio() + u"Fattura.pdf"_s;
+    ScriviFile(File, "%PDF");
+    Passano(5);
+    SpazzaInvii();
+    QVERIFY(EsisteFile(File));
+    QVERIFY(QFile::remove(Invii().chopped(1)));
 }
 
 #include "TestInvii.moc"

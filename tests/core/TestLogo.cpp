@@ -2,6 +2,7 @@
 #include "core/modLogo.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
+#include "platform/system/orologio.h"
 #include "supporto/prova.h"
 
 using namespace Qt::StringLiterals;
@@ -10,7 +11,12 @@ class TestLogo : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void cleanup() { logo::TogliAltri({}); }
+    void cleanup()
+    {
+        Domani(2);
+        logo::TogliAltri({});
+        InstallaOrologio({});
+    }
     void conservatoELetto();
     void danneggiato_data();
     void danneggiato();
@@ -20,6 +26,12 @@ private Q_SLOTS:
     void posto();
     void misure_data();
     void misure();
+
+private:
+    static void Domani(int Giorni)
+    {
+        InstallaOrologio([Giorni] { return QDateTime::currentDateTime().addDays(Giorni); });
+    }
 };
 PROVA(TestLogo);
 
@@ -57,6 +69,9 @@ void TestLogo::soloLUltimoResta()
     const QString Primo = logo::Conserva("uno");
     const QString Secondo = logo::Conserva("due");
     ScriviFile(CartellaDati() + u"altra.png"_s, "x");
+    logo::TogliAltri(Secondo);
+    QVERIFY(EsisteFile(logo::File(Primo)));  // another program may still print with it
+    Domani(2);
     logo::TogliAltri(Secondo);
     QVERIFY(!EsisteFile(logo::File(Primo)));
     QVERIFY(EsisteFile(logo::File(Secondo)));

@@ -39,11 +39,7 @@ class TestLogoStampa : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void init();
-    void cleanup()
-    {
-        logo::TogliAltri({});
-        AzzeraSessione();
-    }
+    void cleanup() { AzzeraSessione(); }
     void qualiDocumenti_data();
     void qualiDocumenti();
     void posti_data();

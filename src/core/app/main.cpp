@@ -21,7 +21,7 @@ int main(int argc, char** argv)
             Termina();
     });
     const int Esito = QApplication::exec();
-    SpazzaInvii();
+    FaiAParte(SpazzaInvii);
     // What the start has set going ends before the program is taken down; where a disk does not answer, the
     // program ends with everything standing that the work is still using.
     constexpr int PazienzaMs = 200;

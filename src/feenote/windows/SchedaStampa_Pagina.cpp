@@ -34,7 +34,7 @@ void SchedaStampa::CollegaPagina()
     for (const VoceAdattamento& Voce : VociAdattamento)
         if (Tenuto == Voce.Valore)
             ui->vp->ImpostaZoomMode(Voce.Modo);
-    Collega(ui->vp, &VistaStampa::ModoCambiato, this, &SchedaStampa::RicordaAdattamento);
+    Collega(ui->vp, &VistaStampa::AdattamentoScelto, this, &SchedaStampa::RicordaAdattamento);
     Collega(ui->chkUnaPagina, &QCheckBox::clicked, this, [this](bool Si) {
         Cornice.ApplicaStampa([&] {
             Nota.UnaPagina = Si;
@@ -45,7 +45,7 @@ void SchedaStampa::CollegaPagina()
 
 void SchedaStampa::RicordaAdattamento(int Modo)
 {
-    // A percentage is for this window: the next one begins with its own.
+    // A percentage is for this window: the next one begins with the lasting choice, or with its own scale.
     QString Valore;
     for (const VoceAdattamento& Voce : VociAdattamento)
         if (Voce.Modo == Modo)

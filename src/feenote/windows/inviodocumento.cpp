@@ -9,6 +9,9 @@
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
+#include <QApplication>
+#include <QTimer>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -46,6 +49,16 @@ void OffriCartella(const QString& Perche, const QString& File)
                        vbYesNo + vbExclamation, TitoloAvvertenza.toString(),
                        {u"Apri cartella"_s, u"Chiudi"_s}) == vbYes)
         ApriCartellaDi(File);
+}
+
+/// The same once no other question waits for its answer.
+void OffriQuandoSiPuo(const QString& Perche, const QString& File)
+{
+    constexpr int AttesaMs = 500;
+    if (QApplication::activeModalWidget())
+        QTimer::singleShot(AttesaMs, qApp, [Perche, File] { OffriQuandoSiPuo(Perche, File); });
+    else
+        OffriCartella(Perche, File);
 }
 
 /// Some mail programs go on under the one that has started them, and end hours later: what they then say is
@@ -87,7 +100,7 @@ bool InviaDocumento(const Parcella& Nota, int Tipo,
     }
     const auto AllaFine = [File, Avviata = Adesso()](int Esito) {
         if (Esito != 0 && AncoraAtteso(Avviata))
-            OffriCartella(u"Il programma di posta non si è aperto (codice %1)."_s.arg(Esito), File);
+            OffriQuandoSiPuo(u"Il programma di posta non si è aperto (codice %1)."_s.arg(Esito), File);
     };
     if (SeguiProgramma(Programma, ArgomentiDi(LetteraDi(Nota, Tipo), File), AllaFine) == 0)
         return true;

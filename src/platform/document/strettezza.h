@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 
 /// What a document gives up of its room; 1 is all of it.
 struct Strettezza
@@ -37,8 +38,11 @@ inline constexpr int GradoMassimo = 3 * PassiStrettezza;
             Parte(2 * PassiStrettezza, CorpoMinimo)};
 }
 
-/// The size of letters, in points.
-[[nodiscard]] constexpr double PuntiStretti(double Punti, const Strettezza& Quanto)
+/// The size of letters, in points: in half points, as word processors reckon, and rather the greater one.
+[[nodiscard]] inline double PuntiStretti(double Punti, const Strettezza& Quanto)
 {
-    return std::min(Punti, std::max(Punti * Quanto.Corpo, PuntiMinimi));
+    constexpr double Mezzi = 2.0;
+    constexpr double Tolleranza = 1e-9;
+    return std::min(Punti,
+                    std::max(std::ceil(Punti * Quanto.Corpo * Mezzi - Tolleranza) / Mezzi, PuntiMinimi));
 }

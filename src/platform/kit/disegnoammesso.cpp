@@ -13,21 +13,28 @@ namespace {
 
 constexpr int MassimaProfondita = 64;
 constexpr int MassimiRichiami = 64;
-constexpr double MassimiElementi = 50'000;
+/// What is drawn in all, each part as often as it comes: an element, and 32 bytes of what it says, count one.
+constexpr double MassimoPeso = 24'000;
+constexpr double BytePerPeso = 32;
+const QString Doppio = u"dà due volte lo stesso nome"_s;
 
 /// An element as it counts: how much is drawn by it.
 struct Elemento
 {
     QString Richiamo;  ///< of a <use>, the name of what it repeats
     std::vector<std::size_t> Figli;
-    double Peso = 0.0;  ///< 0 not reckoned yet, below 0 being reckoned
+    double Proprio = 1.0;  ///< of the element alone
+    double Peso = 0.0;     ///< 0 not reckoned yet, below 0 being reckoned
 };
 
 /// True for a text that names something outside the drawing, or has dashes.
-QString DifettoValore(QStringView Nome, const QString& Valore)
+QString DifettoValore(QStringView Nome, const QString& Scritto)
 {
     static const QRegularExpression Fuori(u"url\\(\\s*['\"]?\\s*[^#'\"\\s]|@import"_s,
                                           QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression Commento(u"/\\*.*?(\\*/|$)"_s,
+                                             QRegularExpression::DotMatchesEverythingOption);
+    const QString Valore = QString(Scritto).remove(Commento);
     static const QRegularExpression Tratteggio(u"stroke-dasharray\\s*:\\s*(?!none|\\s)"_s,
                                                QRegularExpression::CaseInsensitiveOption);
     if (Fuori.match(Valore).hasMatch())
@@ -36,6 +43,12 @@ QString DifettoValore(QStringView Nome, const QString& Valore)
                             ? Valore.trimmed().compare("none"_L1, Qt::CaseInsensitive) != 0
                             : Tratteggio.match(Valore).hasMatch();
     return Tratti ? u"contiene linee tratteggiate"_s : QString();
+}
+
+/// A style can write its words by codes too.
+QString DifettoStile(const QString& Scritto)
+{
+    return Scritto.contains(u'\\') ? u"contiene segni che nascondono altro"_s : DifettoValore({}, Scritto);
 }
 
 class Esame
@@ -53,7 +66,7 @@ public:
             return Trovato;
         if (Lettore.hasError() || Tutti.size() < 2)
             return u"non è un disegno SVG intero"_s;
-        return Peso(0) > MassimiElementi ? u"ripete le sue parti troppe volte"_s : QString();
+        return Peso(0) > MassimoPeso ? u"ripete le sue parti troppe volte"_s : QString();
     }
 
 private:
@@ -76,9 +89,12 @@ private:
             break;
         case QXmlStreamReader::EndElement:
             Aperti.pop_back();
+            InStile = false;
             break;
         case QXmlStreamReader::Characters:
-            Trovato = DifettoValore({}, Lettore.text().toString());
+            Tutti[Aperti.back()].Proprio += double(Lettore.text().size()) / BytePerPeso;
+            if (InStile)
+                Trovato = DifettoStile(Lettore.text().toString());
             break;
         default:
             break;
@@ -98,6 +114,7 @@ private:
             Trovato = u"contiene immagini, animazioni o programmi (\"%1\")"_s.arg(Nome);
         else if (Aperti.size() > MassimaProfondita)
             Trovato = u"ha parti dentro parti senza fine"_s;
+        InStile = Nome == u"style";
         Elemento Nuovo;
         QString Id;
         for (const QXmlStreamAttribute& Voce : Lettore.attributes()) {
@@ -107,16 +124,23 @@ private:
             if (Voce.name().compare("href"_L1, Qt::CaseInsensitive) == 0) {
                 if (!Valore.startsWith(u'#'))
                     Trovato = u"contiene rimandi ad altri file"_s;
+                else if (!Nuovo.Richiamo.isEmpty())
+                    Trovato = Doppio;
                 else if (Nome == u"use")
                     Nuovo.Richiamo = Valore.sliced(1);
             } else if (Voce.name() == "id"_L1) {
                 Id = Valore;
-            } else {
-                Trovato = DifettoValore(Voce.name(), Valore);
+            } else if (Voce.prefix().isEmpty()) {  // the others are notes of the program that drew it
+                Nuovo.Proprio += double(Valore.size()) / BytePerPeso;
+                Trovato =
+                    Voce.name() == "style"_L1 ? DifettoStile(Valore) : DifettoValore(Voce.name(), Valore);
             }
         }
         if (!Nuovo.Richiamo.isEmpty() && ++Richiami > MassimiRichiami)
             Trovato = u"ripete le sue parti troppe volte"_s;
+        // Of two of one name the drawing might take the other one.
+        if (PerNome.contains(Id))
+            Trovato = Doppio;
         if (!Id.isEmpty())
             PerNome.insert(Id, Tutti.size());
         Tutti[Aperti.back()].Figli.push_back(Tutti.size());
@@ -128,11 +152,11 @@ private:
     double Peso(std::size_t Quale)
     {
         if (Tutti[Quale].Peso < 0.0)
-            return MassimiElementi + 1.0;
+            return MassimoPeso + 1.0;
         if (Tutti[Quale].Peso > 0.0)
             return Tutti[Quale].Peso;
         Tutti[Quale].Peso = -1.0;
-        double Somma = 1.0;
+        double Somma = Tutti[Quale].Proprio;
         for (const std::size_t Figlio : Tutti[Quale].Figli)
             Somma += Peso(Figlio);
         if (const auto Voluto = PerNome.find(Tutti[Quale].Richiamo); Voluto != PerNome.end())
@@ -145,6 +169,7 @@ private:
     std::vector<std::size_t> Aperti;  ///< from the outermost to the one in hand
     QHash<QString, std::size_t> PerNome;
     int Richiami = 0;
+    bool InStile = false;  ///< in the text of a sheet of styles
     QString Trovato;
 };
 

@@ -14,8 +14,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int MassimoLato = 12000;
-constexpr qint64 MassimiPunti = 40'000'000;
-constexpr double MassimoRapporto = 100.0;  // of the longer side to the shorter one
+constexpr qint64 MassimiPunti = 30'000'000;  // the toolkit reads no more of sixteen bits a colour
+constexpr double MassimoRapporto = 100.0;    // of the longer side to the shorter one
 
 FiguraScelta Rifiutata(const QString& Perche)
 {
@@ -55,11 +55,11 @@ FiguraScelta LeggiDisegno(const QByteArray& Byte, const QSize& Massima)
     return {Carta, {}};
 }
 
-/// The last mark of a JPEG: what ends before it is filled with grey by its readers.
+/// The last mark of a JPEG: what ends before it is filled with grey by its readers. Cameras write more behind
+/// it; a small picture of the whole has one of its own, at the beginning.
 bool JpegIntero(const QByteArray& Byte)
 {
-    constexpr qsizetype Coda = 1024;
-    return Byte.last(std::min(Coda, Byte.size())).contains("\xFF\xD9");
+    return Byte.lastIndexOf("\xFF\xD9") > Byte.size() / 2;
 }
 
 FiguraScelta LeggiFotografia(const QByteArray& Byte, const QSize& Massima)

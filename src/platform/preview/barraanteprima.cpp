@@ -102,8 +102,12 @@ void BarraAnteprima::AggiungiZoom()
         Scelta->setShortcutVisibleInContextMenu(true);
         Scelta->setCheckable(true);
         Collega(Scelta, &QAction::triggered, this, [this, Voce] {
-            if (ConcludiCampo())
-                Vista->ImpostaZoomMode(Voce.Modo);
+            if (!ConcludiCampo())
+                return;
+            if (Vista->ZoomMode() == Voce.Modo)
+                Vista->LasciaAdattamento();
+            else
+                Vista->ScegliAdattamento(Voce.Modo);
         });
         const auto Segna = [this, Scelta, Voce] { Scelta->setChecked(Vista->ZoomMode() == Voce.Modo); };
         Collega(Menu, &QMenu::aboutToShow, Scelta, Segna);

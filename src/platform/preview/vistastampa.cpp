@@ -158,6 +158,18 @@ void VistaStampa::ImpostaZoomMode(int Modo)
         Fogli->AdattaAllaFinestra(Adattamento::Larghezza);
 }
 
+void VistaStampa::ScegliAdattamento(int Modo)
+{
+    ImpostaZoomMode(Modo);
+    Q_EMIT AdattamentoScelto(ZoomMode());
+}
+
+void VistaStampa::LasciaAdattamento()
+{
+    ImpostaZoom(ZoomIniziale);
+    Q_EMIT AdattamentoScelto(ZoomMode());
+}
+
 int VistaStampa::ZoomMode() const
 {
     switch (Fogli->Adattato()) {
@@ -300,9 +312,9 @@ std::function<void()> VistaStampa::ComandoDi(const QKeyEvent* Evento)
         if (Evento->key() == Qt::Key_0)
             return [this] { ImpostaZoom(100); };
         if (Evento->key() == Qt::Key_1)
-            return [this] { ImpostaZoomMode(ZoomIntera); };
+            return [this] { ScegliAdattamento(ZoomIntera); };
         if (Evento->key() == Qt::Key_2)
-            return [this] { ImpostaZoomMode(ZoomLarghezza); };
+            return [this] { ScegliAdattamento(ZoomLarghezza); };
     }
     const std::array<std::pair<QKeySequence::StandardKey, std::function<void()>>, 7> Comandi{{
         {QKeySequence::Find, [this] { ApriRicerca(); }},

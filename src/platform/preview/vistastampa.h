@@ -72,6 +72,9 @@ public:
     /// window's size until a zoom is chosen. Other modes change nothing.
     void ImpostaZoomMode(int Modo);
     [[nodiscard]] int ZoomMode() const;
+    /// The user's choice of ZoomIntera or ZoomLarghezza as a lasting one.
+    void ScegliAdattamento(int Modo);
+    void LasciaAdattamento();  ///< its end: the scale of the beginning again
     [[nodiscard]] bool Adattato() const { return ZoomMode() != ZoomLibero; }
     [[nodiscard]] int Zoom() const;  ///< percent on view, the fitted one too
 
@@ -89,9 +92,10 @@ public:
     void CercaPrecedente();
 
 Q_SIGNALS:
-    void PaginaCambiata(int Pagina);  ///< PaginaInVista has changed, whoever moved it
-    void ZoomCambiato(int Percento);  ///< Zoom has changed, by hand or by the window's size
-    void ModoCambiato(int Modo);      ///< ZoomMode has changed
+    void PaginaCambiata(int Pagina);   ///< PaginaInVista has changed, whoever moved it
+    void ZoomCambiato(int Percento);   ///< Zoom has changed, by hand or by the window's size
+    void ModoCambiato(int Modo);       ///< ZoomMode has changed
+    void AdattamentoScelto(int Modo);  ///< a lasting choice; ZoomLibero at its end
 
 protected:
     void keyPressEvent(QKeyEvent* Evento) override;

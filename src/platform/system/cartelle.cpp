@@ -130,6 +130,18 @@ void ScartaFile(const QString& Percorso)
     QFile::remove(PercorsoNativo(Percorso));
 }
 
+bool CreaCartellaNuova(const QString& Cartella)
+{
+    const QString Nativa = PercorsoNativo(Cartella);
+    constexpr QFile::Permissions Sue = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+    if (QDir().mkdir(Nativa, Sue))
+        return true;
+    const QFileInfo Trovata(Nativa);
+    if (!Trovata.exists() && !Trovata.isSymLink())
+        throw Errore(errori::Accesso);
+    return false;
+}
+
 void ScartaCartella(const QString& Cartella)
 {
     (void)QDir().rmdir(PercorsoNativo(Cartella));

@@ -35,6 +35,10 @@ void EliminaFile(const QString& Percorso);
 /// Deletes a file that nobody needs any more; one that is not there or stays is no error.
 void ScartaFile(const QString& Percorso);
 
+/// Makes a folder that nobody else may enter and that was not there.
+/// @return false when something of this name is there. @throws Errore 75 when it cannot be made
+[[nodiscard]] bool CreaCartellaNuova(const QString& Cartella);
+
 /// Removes a folder if it is there and nothing is in it, without a word where that cannot be.
 void ScartaCartella(const QString& Cartella);
 

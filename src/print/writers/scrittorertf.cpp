@@ -335,6 +335,22 @@ void Scrivano::ScriviCella(const Cella& Quale, const MarginiCella& Margini, cons
     Uscita += "\\cell";
 }
 
+/// A picture as lines of digits, made once: a document is written at each change.
+QByteArray Cifre(const QByteArray& Png)
+{
+    constexpr qsizetype CifreRiga = 128;
+    static QByteArray Scritta;
+    static QByteArray Righe;
+    if (Png == Scritta)
+        return Righe;
+    Scritta = Png;
+    Righe.clear();
+    const QByteArray Tutte = Png.toHex();
+    for (qsizetype i = 0; i < Tutte.size(); i += CifreRiga)
+        Righe += Tutte.mid(i, CifreRiga) + "\r\n";
+    return Righe;
+}
+
 /// The picture in the head of the first page, which pushes the text down as far as it takes; a page that has
 /// a head of its own has its own running line too.
 QByteArray Scrivano::Testa()
@@ -342,15 +358,16 @@ QByteArray Scrivano::Testa()
     if (!Doc.Testa)
         return {};
     const FiguraTesta& Figura = *Doc.Testa;
+    // As on the page, it is smaller on a sheet that has no room for it.
+    constexpr double QuotaMassima = 0.5;
+    const double AltezzaTesto = Foglio.AltezzaMm / 10.0 - Doc.MargineAltoCm - Doc.MargineBassoCm;
+    const double Parte = std::min({1.0, LarghezzaTestoCm(Doc, Foglio) / Figura.LarghezzaCm,
+                                   std::max(AltezzaTesto, 1.0) * QuotaMassima / Figura.AltezzaCm});
     QByteArray Scritta = "{\\headerf\\pard\\plain" + Allineato(Figura.Allinea) +
                          Parola("\\sa", TwipDaCm(FiguraTesta::SottoCm)) + "\\fs2{\\pict\\pngblip" +
-                         Parola("\\picwgoal", TwipDaCm(Figura.LarghezzaCm)) +
-                         Parola("\\pichgoal", TwipDaCm(Figura.AltezzaCm)) + "\r\n";
-    constexpr qsizetype CifreRiga = 128;
-    const QByteArray Cifre = Figura.Png.toHex();
-    for (qsizetype i = 0; i < Cifre.size(); i += CifreRiga)
-        Scritta += Cifre.mid(i, CifreRiga) + "\r\n";
-    return Scritta + "}\\par}\r\n" + PiePagina().replace("{\\footer\\", "{\\footerf\\");
+                         Parola("\\picwgoal", TwipDaCm(Figura.LarghezzaCm * Parte)) +
+                         Parola("\\pichgoal", TwipDaCm(Figura.AltezzaCm * Parte)) + "\r\n";
+    return Scritta + Cifre(Figura.Png) + "}\\par}\r\n" + PiePagina().replace("{\\footer\\", "{\\footerf\\");
 }
 
 /// The running line ends half an inch above the edge where the margin has room for that, else in its middle.

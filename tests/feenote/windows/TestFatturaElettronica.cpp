@@ -375,9 +375,9 @@ void TestFatturaElettronica::ilNumeroPresoDaAltri()
         (void)PrendiTrasmissione();
         return T->Ufficio.File(Atteso);
     };
-    Nuovi.Box = [&](const QString& Testo, int, const QString&) {
+    Nuovi.BoxPulsanti = [&](const QString& Testo, int, const QString&, const QStringList&) {
         Detto = Testo;
-        return vbOK;
+        return vbNo;
     };
     const Messaggi Prima = InstallaMessaggi(Nuovi);
     const auto Torna = qScopeGuard([&] { InstallaMessaggi(Prima); });

@@ -154,7 +154,15 @@ void TestPaginaStampa::lAdattamentoSiRicorda()
     Sgombra();
     Prepara();
     QCOMPARE(vp->ZoomMode(), Modo);
-    vp->ImpostaZoom(90);
+    // A look from nearer is no other choice.
+    vp->ImpostaZoom(150);
+    Sgombra();
+    Prepara();
+    QCOMPARE(vp->ZoomMode(), Modo);
+    // The entry in force, chosen again, takes it back.
+    Menu = F->findChild<QMenu*>(u"menuZoom"_s);
+    Menu->findChild<QAction*>(Voce)->trigger();
+    QCOMPARE(vp->Zoom(), 80);
     Sgombra();
     Prepara();
     QCOMPARE(vp->ZoomMode(), VistaStampa::ZoomLibero);

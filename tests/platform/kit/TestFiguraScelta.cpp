@@ -70,6 +70,30 @@ QByteArray Bomba()
     return Svg(Dentro);
 }
 
+/// A long path that is drawn eleven times eleven times.
+QByteArray Richiami()
+{
+    QByteArray Curve = "M0 0";
+    for (int i = 0; i < 10'000; ++i)
+        Curve += "c1 9 9 1 5 5";
+    QByteArray Dentro = "<path id=\"c\" stroke=\"#000\" d=\"" + Curve + "\"/><g id=\"b\">";
+    Dentro += QByteArray("<use href=\"#c\"/>").repeated(11) + "</g>";
+    return Dentro + QByteArray("<use href=\"#b\"/>").repeated(11);
+}
+
+/// Groups that draw the one before them twice, and empty ones of the same names at the end.
+QByteArray RaddoppioNascosto()
+{
+    QByteArray Dentro = "<g id=\"a0\"><path d=\"M0 0h1\"/></g>";
+    QByteArray Vuoti = "<g id=\"a0\"/>";
+    for (int i = 1; i <= 31; ++i) {
+        const QByteArray Prima = "<use xlink:href=\"#a" + QByteArray::number(i - 1) + "\"/>";
+        Dentro += "<g id=\"a" + QByteArray::number(i) + "\">" + Prima + Prima + "</g>";
+        Vuoti += "<g id=\"a" + QByteArray::number(i) + "\"/>";
+    }
+    return Svg(Dentro + Vuoti);
+}
+
 }  // namespace
 
 class TestFiguraScelta : public QObject
@@ -95,6 +119,7 @@ void TestFiguraScelta::buone_data()
     QTest::newRow("PNG piccolo, com'è") << Come("png", {100, 50}) << QSize(100, 50);
     QTest::newRow("PNG grande, ridotto") << Come("png", {1600, 400}) << QSize(800, 200);
     QTest::newRow("JPEG alto, ridotto") << Come("jpg", {200, 800}) << QSize(100, 400);
+    QTest::newRow("JPEG con altro in coda") << Come("jpg", {800, 400}) + QByteArray(1100, 'x') << Massima;
     QTest::newRow("SVG, quanto ci sta") << Svg("<rect width=\"200\" height=\"100\"/>") << Massima;
     QTest::newRow("SVG con il segno di Unicode")
         << QByteArray("\xEF\xBB\xBF" + Svg("<rect width=\"200\" height=\"100\"/>")) << Massima;
@@ -179,6 +204,17 @@ void TestFiguraScelta::rifiutate_data()
     QTest::newRow("troppo profondo") << Svg(QByteArray("<g>").repeated(100) +
                                             QByteArray("</g>").repeated(100))
                                      << u"senza fine"_s;
+    QTest::newRow("un nome due volte") << RaddoppioNascosto() << u"due volte lo stesso nome"_s;
+    QTest::newRow("due richiami in uno")
+        << Svg("<g id=\"a\"/><g id=\"b\"/><use xlink:href=\"#a\" href=\"#b\"/>")
+        << u"due volte lo stesso nome"_s;
+    QTest::newRow("una parte grave, richiamata spesso") << Svg(Richiami()) << u"troppe volte"_s;
+    QTest::newRow("tratteggio dietro un commento")
+        << Svg("<path d=\"M0 0H200\" style=\"stroke-dasharray/* */: 0.00001\"/>") << u"tratteggiate"_s;
+    QTest::newRow("tratteggio in un foglio di stile")
+        << Svg("<style>path{stroke-dasharray/**/:0.00001}</style>") << u"tratteggiate"_s;
+    QTest::newRow("tratteggio scritto con i codici")
+        << Svg("<path style=\"stroke-das\\68 array: 0.00001\"/>") << u"nascondono"_s;
     QTest::newRow("tratteggio") << Svg("<path d=\"M0 0H200\" stroke-dasharray=\"0.00001\"/>")
                                 << u"tratteggiate"_s;
     QTest::newRow("tratteggio nello stile")
@@ -208,6 +244,8 @@ void TestFiguraScelta::disegniAmmessi_data()
     QTest::newRow("senza tratti, detto") << QByteArray("<path style=\"stroke-dasharray:none\" d=\"M0 0\"/>"
                                                        "<path stroke-dasharray=\"none\"/>");
     QTest::newRow("richiamo di ciò che non c'è") << QByteArray("<use href=\"#manca\"/>");
+    QTest::newRow("note di chi l'ha disegnato")
+        << QByteArray("<g xmlns:i=\"urn:i\" i:export-filename=\"C:\\Users\\a\\logo.png\"/>");
     QTest::newRow("scritta") << QByteArray("<text>Studio &amp; Associati</text>");
 }
 

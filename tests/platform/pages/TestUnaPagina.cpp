@@ -118,7 +118,9 @@ void TestUnaPagina::iLimiti()
     QCOMPARE(Massima.Interlinea, InterlineaMinima);
     QCOMPARE(Massima.Corpo, CorpoMinimo);
     QCOMPARE(StrettezzaDi(GradoMassimo + 9), Massima);
-    QCOMPARE(PuntiStretti(12, Massima), 12 * CorpoMinimo);
+    QCOMPARE(PuntiStretti(12, Massima), 11.0);  // in half points, the greater one
+    QCOMPARE(PuntiStretti(10, Massima), 9.0);
+    QCOMPARE(PuntiStretti(11, Massima), 10.0);
     QCOMPARE(PuntiStretti(9.5, Massima), 9.0);
     QCOMPARE(PuntiStretti(9, Massima), 9.0);
     QCOMPARE(PuntiStretti(8, Massima), 8.0);

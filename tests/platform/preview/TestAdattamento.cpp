@@ -183,6 +183,9 @@ void TestAdattamento::dalMenu()
     Intera->trigger();
     QCOMPARE(S.vp.ZoomMode(), VistaStampa::ZoomIntera);
     QVERIFY(S.Fogli->viewport()->rect().contains(Pagina(S, 1)));
+    Intera->trigger();
+    QCOMPARE(S.vp.ZoomMode(), VistaStampa::ZoomLibero);
+    QCOMPARE(S.vp.Zoom(), 80);
 }
 
 #include "TestAdattamento.moc"
