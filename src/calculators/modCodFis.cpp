@@ -26,20 +26,20 @@ int ValoreCarattere(QChar Carattere, bool Dispari)
     return Posto < 0 ? ValoreIgnoto : int(Posto) / 2;
 }
 
-QChar CarattereControllo(const QString& Codice)
-{
-    int Somma = 0;
-    for (qsizetype i = 0; i < std::min<qsizetype>(Codice.size(), PostiControllati); ++i)
-        Somma += ValoreCarattere(Codice[i], i % 2 == 0);  // the first place is an odd one
-    return Controllo[Somma % Controllo.size()];
-}
-
 QString DueCifre(int Numero)
 {
     return u"%1"_s.arg(Numero, 2, 10, QChar(u'0'));
 }
 
 }  // namespace
+
+QChar ControlloCodFis(const QString& Codice)
+{
+    int Somma = 0;
+    for (qsizetype i = 0; i < std::min<qsizetype>(Codice.size(), PostiControllati); ++i)
+        Somma += ValoreCarattere(Codice[i], i % 2 == 0);  // the first place is an odd one
+    return Controllo[Somma % Controllo.size()];
+}
 
 QString CalcoloCodFis(const QString& Cognome, const QString& Nome, const QDate& DataNascita,
                       const QString& Sesso, const QString& CodiceComune)
@@ -48,5 +48,5 @@ QString CalcoloCodFis(const QString& Cognome, const QString& Nome, const QDate& 
     const QString Codice = SiglaCognome(Cognome) + SiglaNome(Nome) + DueCifre(DataNascita.year() % 100) +
                            Mesi[DataNascita.month() - 1] +
                            DueCifre(DataNascita.day() + (Donna ? GiornoDonne : 0)) + CodiceComune;
-    return Codice + CarattereControllo(Codice);
+    return Codice + ControlloCodFis(Codice);
 }

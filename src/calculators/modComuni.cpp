@@ -96,6 +96,23 @@ QStringList ArchivioComuni::Proponi(const QString& Testo, int Massimo)
     return Proposti;
 }
 
+QList<Comune> ArchivioComuni::DelCodice(const QString& Codice) const
+{
+    Recordset Righe =
+        Archivio.OpenRecordset(u"SELECT COMU_DESCR, COMU_PROV, COMU_COD FROM Comuni WHERE COMU_COD = ? "
+                               "ORDER BY COMU_DESCR"_s,
+                               {Codice});
+    QList<Comune> Trovati;
+    for (; !Righe.Eof(); Righe.MoveNext())
+        Trovati << RigaCorrente(Righe);
+    return Trovati;
+}
+
+QString ArchivioComuni::Al() const
+{
+    return Archivio.Annotazioni().value(u"Al"_s);
+}
+
 const QList<ArchivioComuni::NomePiano>& ArchivioComuni::Nomi()
 {
     if (!Elenco.isEmpty())
@@ -107,6 +124,22 @@ const QList<ArchivioComuni::NomePiano>& ArchivioComuni::Nomi()
         Elenco.append({Nome, SenzaAccenti(Nome)});
     std::ranges::sort(Elenco, {}, &NomePiano::Piano);
     return Elenco;
+}
+
+QString FraseComuni(const QList<Comune>& Comuni)
+{
+    const auto Luogo = [](const Comune& Uno) {
+        return Uno.Provincia == u"EE" ? u" (stato estero)"_s : u" ("_s + Uno.Provincia + u')';
+    };
+    QString Frase;
+    for (qsizetype i = 0; i < Comuni.size(); ++i) {
+        // The province once, behind the names that share it.
+        const bool Ultimo = i + 1 == Comuni.size() || Comuni[i + 1].Provincia != Comuni[i].Provincia;
+        Frase += Comuni[i].Nome + (Ultimo ? Luogo(Comuni[i]) : QString());
+        if (i + 1 < Comuni.size())
+            Frase += u" / "_s;
+    }
+    return Frase;
 }
 
 void FasMsg(const Errore& Guasto)

@@ -38,6 +38,11 @@ public:
     /// Names for a list beside the field: those that begin like the text without regard to case and accents,
     /// in alphabetical order, at most so many. The first call reads all names (some 10 ms).
     [[nodiscard]] QStringList Proponi(const QString& Testo, int Massimo);
+    /// The rows of a cadastral code in alphabetical order: a town keeps it under every name that it has had.
+    /// Empty for a code in no row.
+    [[nodiscard]] QList<Comune> DelCodice(const QString& Codice) const;
+    /// Until when the list goes, "gg/mm/aaaa"; empty for one that does not say it.
+    [[nodiscard]] QString Al() const;
 
 private:
     struct NomePiano
@@ -51,6 +56,9 @@ private:
     Recordset Comuni;
     QList<NomePiano> Elenco;  ///< in the order of the plain names, read when first asked for
 };
+
+/// "Abano / Abano Terme (PD)", "Francia (stato estero)"; empty for no rows.
+[[nodiscard]] QString FraseComuni(const QList<Comune>& Comuni);
 
 /// How this calculator tells a failure: "FasMsg: ", number, blank and description.
 void FasMsg(const Errore& Guasto);
