@@ -108,17 +108,17 @@ QString Aiuto()
                     "[--multipla NOTA [--prima]] [--archivio FILE] [--in TABELLA [--prova]] "
                     "[--csv FILE | --vcard FILE] [--stato STATO] [--tariffa 140|55] [--norme "
                     "programma|vigenti] [--spiega] "
-                    "[--ics FILE] [--controlla] COMANDO VALORI...\n\n"_s;
+                    "[--ics FILE] [--controlla] [--leggi] COMANDO VALORI...\n\n"_s;
     for (const ComandoCli& Comando : ComandiCli())
         Testo += u"  "_s + Comando.Nome.toString().leftJustified(12) + Comando.Valori.toString() + u'\n';
     return Testo +
            u"\nCon --batch i casi arrivano dallo standard input, uno per riga, i valori separati da \";\".\n"_s;
 }
 
-/// Where the names of a file go into the archive, or a file is looked at, no further file is named.
+/// Where the names of a file go into the archive, or a file or a code is looked at, nothing further is named.
 void ControllaNumero(const ComandoCli& Comando, const QStringList& Valori, const RigaComando& Chiamata)
 {
-    const bool UnFile = !Chiamata.In.isEmpty() || Chiamata.Controlla;
+    const bool UnFile = !Chiamata.In.isEmpty() || Chiamata.Controlla || Chiamata.Leggi;
     if (Valori.size() < (UnFile ? 1 : Comando.Minimo) || Valori.size() > (UnFile ? 1 : Comando.Massimo))
         throw ErroreUso{u"Uso: calcanova-cli %1 %2"_s.arg(Comando.Nome, Comando.Valori)};
 }
@@ -256,6 +256,8 @@ Risposta Esegui(const ComandoCli& Comando, const RigaComando& Chiamata, const QS
         return Comando.ConNorme(Valori, NormeDi(Chiamata));
     if (Chiamata.Controlla)
         return Comando.Controllo(Valori);
+    if (Chiamata.Leggi)
+        return Comando.Lettura(Valori);
     if (!Chiamata.In.isEmpty())
         return Comando.InArchivio(Valori, Chiamata.In, Chiamata.Prova);
     if (!Chiamata.Tariffa.isEmpty())
@@ -376,7 +378,13 @@ std::span<const ComandoCli> ComandiCli()
             PerNorme(u"sequenziali", u"UDIENZA ARTICOLO [SOSPENSIONE [SABATO]]", 2, 4, ComandoSequenziali)),
         ComandoCli{u"ricorrenti", u"[TESTO]", 0, 1, false, ComandoRicorrenti},
         DiLegge(ConStrada(PerNorme(u"scadenza", u"CODICE EVENTO [MATERIA [INIZIO]]", 2, 4, ComandoScadenza))),
-        ComandoCli{u"codfis", u"COGNOME NOME NASCITA SESSO COMUNE", 5, 5, false, ComandoCodFis},
+        ComandoCli{.Nome = u"codfis",
+                   .Valori = u"COGNOME NOME NASCITA SESSO COMUNE | --leggi CODICE",
+                   .Minimo = 5,
+                   .Massimo = 5,
+                   .DivideAllUltimo = false,
+                   .Esegui = ComandoCodFis,
+                   .Lettura = ComandoLeggiCodFis},
         ConSpiegazione(PerNorme(u"contributo", u"VALORE [TABELLA [DEPOSITO [GRADO [VARIANTI [RICORRENTI]]]]]",
                                 1, 6, ComandoContributo)),
         ConRighe(PerNorme(u"interessi", u"TIPO CAPITALE VALUTA AUMENTO DAL AL [DOPO2012]", 6, 7,
@@ -434,6 +442,8 @@ int EseguiCli(const QStringList& Argomenti, const std::function<QByteArray()>& I
             throw ErroreUso{u"L'opzione --in non vale per il comando %1"_s.arg(Comando->Nome)};
         if (Chiamata.Controlla && !Comando->Controllo)
             throw ErroreUso{u"L'opzione --controlla non vale per il comando %1"_s.arg(Comando->Nome)};
+        if (Chiamata.Leggi && !Comando->Lettura)
+            throw ErroreUso{u"L'opzione --leggi non vale per il comando %1"_s.arg(Comando->Nome)};
         if (!Chiamata.Tariffa.isEmpty() && !Comando->ConTariffa)
             throw ErroreUso{u"L'opzione --tariffa non vale per il comando %1"_s.arg(Comando->Nome)};
         ControllaNorme(*Comando, Chiamata);

@@ -65,6 +65,8 @@ struct ComandoCli
     /// The same command for the notes of a state, into a file; none where --stato means nothing to it.
     std::function<Risposta(const QStringList& Valori, const QString& Stato, const QString& File)> ConStato =
         {};
+    /// The way back from what the command makes; none where --leggi means nothing to it.
+    std::function<Risposta(const QStringList& Valori)> Lettura = {};
     bool SoloVigenti = false;  ///< it knows the law in force alone
     bool SpiegaNorme = false;  ///< --spiega means something to it
     bool InAgenda = false;     ///< --ics means something to it
@@ -115,6 +117,7 @@ struct ComandoCli
 [[nodiscard]] Risposta ComandoTermini(const QStringList& Valori, const NormeChieste& Scelta = {});
 [[nodiscard]] Risposta ComandoSequenziali(const QStringList& Valori, const NormeChieste& Scelta = {});
 [[nodiscard]] Risposta ComandoCodFis(const QStringList& Valori);
+[[nodiscard]] Risposta ComandoLeggiCodFis(const QStringList& Valori);
 [[nodiscard]] Risposta ComandoContributo(const QStringList& Valori, const NormeChieste& Scelta = {});
 [[nodiscard]] Risposta ComandoInteressi(const QStringList& Valori, const NormeChieste& Scelta = {});
 [[nodiscard]] Risposta ComandoIstat(const QStringList& Valori);

@@ -7,6 +7,7 @@
 #include "calculators/modComuni.h"
 #include "calculators/modInteressi.h"
 #include "calculators/modIstat.h"
+#include "calculators/modLeggiCodFis.h"
 #include "calculators/modTassi.h"
 #include "calculators/norme/etadati.h"
 #include "core/sessione.h"
@@ -14,6 +15,7 @@
 #include "platform/base/regionale.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
+#include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 
 #include <QJsonArray>
@@ -171,6 +173,34 @@ Risposta ComandoCodFis(const QStringList& Valori)
     const QString Codice =
         CalcoloCodFis(Valori[0], Valori[1], *Nascita, Sesso == 1 ? u"F"_s : u"M"_s, LeggiComune(Valori[4]));
     return {Codice, {{u"codice"_s, Codice}}, false};
+}
+
+Risposta ComandoLeggiCodFis(const QStringList& Valori)
+{
+    const LetturaCodFis Lettura = LeggiCodFis(Valori[0], Oggi());
+    if (!Lettura.Letto())
+        throw Errore(errori::Argomento,
+                     Lettura.Difetto.isEmpty() ? u"Manca il codice fiscale"_s : Lettura.Difetto);
+    const QList<Comune> Righe = Comuni().DelCodice(Lettura.CodiceComune);
+    const QString Luogo =
+        Righe.isEmpty() ? u"il codice %1 non è in elenco"_s.arg(Lettura.CodiceComune) : FraseComuni(Righe);
+    QJsonArray Nascite;
+    for (const QDate& Nascita : Lettura.Nascite)
+        Nascite.append(Giorno(Nascita));
+    QJsonArray Luoghi;
+    for (const Comune& Uno : Righe)
+        Luoghi.append(QJsonObject{{u"nome"_s, Uno.Nome}, {u"provincia"_s, Uno.Provincia}});
+    return {
+        (QStringList{FraseNascita(Lettura), FraseSesso(Lettura), Luogo} + NoteLettura(Lettura)).join(u"; "_s),
+        {{u"nascita"_s, Nascite},
+         {u"sesso"_s, Lettura.Donna ? u"F"_s : u"M"_s},
+         {u"codiceComune"_s, Lettura.CodiceComune},
+         {u"comuni"_s, Luoghi},
+         {u"torna"_s, Lettura.Torna},
+         {u"controllo"_s, QString(Lettura.Controllo)},
+         {u"omocodo"_s, Lettura.Omocodo},
+         {u"base"_s, Lettura.Base}},
+        !Lettura.Torna};
 }
 
 Risposta ComandoInteressi(const QStringList& Valori, const NormeChieste& Scelta)

@@ -62,6 +62,8 @@ RigaComando LeggiRiga(const QStringList& Argomenti)
             Riga.Prova = true;
         else if (Opzioni && Parola == u"--controlla")
             Riga.Controlla = true;
+        else if (Opzioni && Parola == u"--leggi")
+            Riga.Leggi = true;
         else if (Opzioni && (Parola == u"--csv" || Parola == u"--vcard")) {
             Riga.Esporta = PercorsoNativo(Seguente(u"destinazione"_s));
             Riga.InSchede = Parola == u"--vcard";

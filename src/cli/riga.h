@@ -20,6 +20,7 @@ struct RigaComando
     QString In;              ///< --in TABELLA: the table that takes the names of a file
     bool Prova = false;      ///< --prova: only tells what would be done
     bool Controlla = false;  ///< --controlla: a file is looked at, none is made
+    bool Leggi = false;      ///< --leggi: a code is read, none is made
     QString Esporta;         ///< --csv FILE, --vcard FILE: the rows go into this file
     bool InSchede = false;   ///< --vcard
     QString Stato;           ///< --stato STATO: the notes that a list shows

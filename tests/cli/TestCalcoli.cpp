@@ -47,6 +47,7 @@ private Q_SLOTS:
     void aumentoSenzaAvviso();
     void tassoAZero();
     void senzaComuni();
+    void letturaCheNonTorna();
 };
 PROVA(TestCalcoli);
 
@@ -82,6 +83,14 @@ void TestCalcoli::risponde_data()
         << u"codfis Rossi Mario 01/01/1980 M roma"_s << u"RSSMRA80A01H501U"_s;
     QTest::newRow("codice dal codice del comune")
         << u"codfis De_Luca Gianfranco 18/05/1975 m d704"_s << u"DLCGFR75E18D704J"_s;
+    QTest::newRow("codice letto") << u"codfis --leggi RSSMRA85M45F205K"_s
+                                  << u"05/08/1985; femmina; Milano (MI)"_s;
+    QTest::newRow("codice letto, nato all'estero")
+        << u"codfis --leggi RSSMRA80A01Z110B"_s << u"01/01/1980; maschio; Francia (stato estero)"_s;
+    QTest::newRow("codice letto, omocodo") << u"codfis --leggi RSSMRA80A01H50MM"_s
+                                           << u"01/01/1980; maschio; Roma (RM); Codice omocodo: ha lettere "
+                                              u"al posto di cifre. La forma di base è "
+                                              "RSSMRA80A01H501U."_s;
     QTest::newRow("comune senza accento") << u"codfis Fo Anna 1-1-1980 F forli'"_s << u"FOXNNA80A41D704I"_s;
     QTest::newRow("nessun comune") << u"codfis Fo Anna 1-1-1980 F ~"_s << u"FOXNNA80A41F"_s;
     QTest::newRow("contributo ordinario") << u"contributo 1100,005 ordinario"_s << u"43,00"_s;
@@ -142,6 +151,11 @@ void TestCalcoli::rifiuta_data()
                                    << u"La Data udienza indicata non è valida!"_s;
     QTest::newRow("nascita inesistente")
         << u"codfis Rossi Mario 30/02/1980 M H501"_s << 1 << u"La data di nascita non e' valida. (13)"_s;
+    QTest::newRow("codice letto corto") << u"codfis --leggi RSSMRA80A01"_s << 1
+                                        << u"Un codice fiscale ha 16 caratteri: questo ne ha 11. (5)"_s;
+    QTest::newRow("codice letto vuoto") << u"codfis --leggi ~"_s << 1 << u"Manca il codice fiscale (5)"_s;
+    QTest::newRow("lettura di altro") << u"istat --leggi 1 e 01/01/2012 01/01/2013"_s << 2
+                                      << u"L'opzione --leggi non vale per il comando istat"_s;
     QTest::newRow("sesso ignoto") << u"codfis Rossi Mario 01/01/1980 X H501"_s << 1 << u"m, f"_s;
     QTest::newRow("comune ignoto") << u"codfis Rossi Mario 01/01/1980 M Roncisvalle"_s << 1
                                    << u"Comune non in elenco: «Roncisvalle»"_s;
@@ -242,6 +256,10 @@ void TestCalcoli::recordPerUnoScript_data()
                R"({"termini":[{"scadenza":"11/01/2013","spostata":false},{"scadenza":"31/01/2013","spostata":false}]})");
     QTest::newRow("codice") << u"codfis Rossi Mario 01/01/1980 M H501"_s
                             << QByteArray(R"({"codice":"RSSMRA80A01H501U"})");
+    QTest::newRow("codice letto")
+        << u"codfis --leggi RSSMRA12M45A001X"_s
+        << QByteArray(
+               R"({"base":"RSSMRA12M45A001S","codiceComune":"A001","comuni":[{"nome":"Abano","provincia":"PD"},{"nome":"Abano Terme","provincia":"PD"}],"controllo":"S","nascita":["05/08/2012","05/08/1912"],"omocodo":false,"sesso":"F","torna":false})");
     QTest::newRow("contributo") << u"contributo 1000 ridotto"_s << QByteArray(R"({"contributo":21.5})");
     QTest::newRow("interessi")
         << u"interessi legali 1000 Euro ~ 01/01/2012 31/12/2012"_s
@@ -330,6 +348,17 @@ void TestCalcoli::senzaComuni()
                                Parole(u"codfis Rossi Mario 01/01/1980 M Roma"_s));
     QCOMPARE(Avuto.Stato, 1);
     QVERIFY2(Avuto.Guasti.contains(u"(3024)"), qPrintable(Avuto.Guasti));
+}
+
+// The code is told as far as it can be read, and the status says that it is wrong.
+void TestCalcoli::letturaCheNonTorna()
+{
+    const Esito Avuto = Chiama({u"codfis"_s, u"--leggi"_s, u"RSSMRA85M45F205X"_s});
+    QCOMPARE(Avuto.Stato, 1);
+    QCOMPARE(Avuto.Uscita,
+             u"05/08/1985; femmina; Milano (MI); L'ultima lettera non torna: dovrebbe essere K. Il "
+             "codice è scritto male.\n"_s);
+    QCOMPARE(Chiama({u"codfis"_s, u"--leggi"_s, u"RSSMRA85M45F205K"_s}).Stato, 0);
 }
 
 #include "TestCalcoli.moc"
