@@ -64,6 +64,7 @@ constexpr std::array Voci{
     VoceImpostazione{u"CP", u"4", Percentuale, &sessione::CP},
     VoceImpostazione{chiavi::Tariffa, u"", Testo, &sessione::Tariffa},
     VoceImpostazione{chiavi::Norme, NormeDelProgramma, Testo, &sessione::Norme},
+    VoceImpostazione{chiavi::RicordaCalcoli, u"S", SiNo, &sessione::RicordaCalcoli},
     VoceImpostazione{u"Iban", u"", Testo, &sessione::Iban},
     VoceImpostazione{u"TipoStudio", u"P", Testo, &sessione::TipoStudio, {}, tipostudio::Noto},
     VoceImpostazione{u"StudioTitolareNome", u"", Testo, &sessione::StudioTitolareNome},

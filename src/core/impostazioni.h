@@ -40,6 +40,7 @@ inline constexpr QStringView ProgFatt = u"ProgFatt";
 inline constexpr QStringView ProgTrasm = u"ProgTrasm";
 inline constexpr QStringView Tariffa = u"Tariffa";
 inline constexpr QStringView Norme = u"Norme";
+inline constexpr QStringView RicordaCalcoli = u"RicordaCalcoli";
 inline constexpr QStringView CercaAgg = u"CercaAgg";
 inline constexpr QStringView WP = u"WP";
 inline constexpr QStringView SfondoDesktop = u"SfondoDesktop";

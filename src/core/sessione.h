@@ -43,6 +43,7 @@ inline float SpeseGen = 12.5F;  ///< general expenses, percent
 inline float CP = 4.0F;         ///< pension fund, percent
 inline QString Tariffa;         ///< short name of the decree of new notes; empty: the office has not chosen
 inline QString Norme;           ///< the rules that the calculators begin with, see NormeInVigore
+inline bool RicordaCalcoli = true;  ///< the calculators keep a list of the last ones
 inline QString Iban;
 inline QString TipoStudio = QStringLiteral("P");  ///< P a person, A an association, S a company
 inline QString StudioTitolareNome;                ///< first and family name of an office that is a person

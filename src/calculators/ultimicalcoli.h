@@ -1,0 +1,75 @@
+// The last calculations of each calculator, so that yesterday's one is a key away.
+//
+// They stand in one small file among what the program keeps for this user alone, since they name clients:
+// JSON, 0600, at most ten of each calculator. What is damaged in it is left out.
+#pragma once
+
+#include <QDateTime>
+#include <QList>
+#include <QMap>
+#include <QString>
+#include <QStringView>
+
+#include <array>
+#include <optional>
+
+enum class Calcolatrice { Termini, Sequenziali, Interessi, Istat, CodiceFiscale, Contributo };
+
+/// How the file names them, in the order of the values.
+inline constexpr std::array<QStringView, 6> NomiCalcolatrici{u"termini", u"sequenziali",   u"interessi",
+                                                             u"istat",   u"codicefiscale", u"contributo"};
+
+/// A calculation as it is remembered.
+struct CalcoloRicordato
+{
+    QString Nome;      ///< one line, made of the inputs or given by the user
+    QString Esito;     ///< the result in a line
+    QDateTime Quando;  ///< local time, to the second
+    /// What the window had in its boxes, by their names.
+    QMap<QString, QString> Campi;
+
+    friend bool operator==(const CalcoloRicordato&, const CalcoloRicordato&) = default;
+};
+
+/// As many as are remembered of each calculator.
+inline constexpr int MassimoCalcoli = 10;
+
+/// All lists as they stand in a file, the last calculation first.
+using ElencoCalcoli = std::array<QList<CalcoloRicordato>, NomiCalcolatrici.size()>;
+
+/// Reads the bytes of the file: whatever is no calculation in them is left out, and so is what is too long
+/// and what comes beyond the tenth.
+/// @return none when they are no such file at all
+[[nodiscard]] std::optional<ElencoCalcoli> LeggiElenco(const QByteArray& Byte);
+/// The same lists as bytes.
+[[nodiscard]] QByteArray ScriviElenco(const ElencoCalcoli& Elenco);
+
+/// Full path of the file; it need not be there.
+[[nodiscard]] QString FileCalcoli();
+
+/// What the damaged file is told with; it is empty from then on.
+inline constexpr QStringView FraseElencoGuasto =
+    u"L'elenco degli ultimi calcoli era danneggiato e non si può leggere: ricomincia vuoto.";
+
+/// The list of a calculator. A damaged file is told once and emptied.
+/// @throws Errore as LeggiFile and ScriviFile
+[[nodiscard]] QList<CalcoloRicordato> UltimiCalcoli(Calcolatrice Quale);
+
+/// Puts a calculation at the head of its list, unless the user wants none remembered. One with the same boxes
+/// goes, and its name stays. Long texts are cut.
+/// @param Sostituisce the boxes of one whose place it takes: the same calculation, carried on; empty: none
+/// @throws Errore as above, 55 another program goes on writing the file
+void RicordaCalcolo(Calcolatrice Quale, const CalcoloRicordato& Calcolo,
+                    const QMap<QString, QString>& Sostituisce = {});
+
+/// Gives one another name; nothing for an empty one and for one that is no more. It is known by its boxes.
+/// @throws Errore as RicordaCalcolo
+void RinominaCalcolo(Calcolatrice Quale, const QMap<QString, QString>& Campi, const QString& Nome);
+/// Takes one out of its list. @throws Errore as RicordaCalcolo
+void DimenticaCalcolo(Calcolatrice Quale, const QMap<QString, QString>& Campi);
+/// Takes all of a calculator out. @throws Errore as RicordaCalcolo
+void SvuotaCalcoli(Calcolatrice Quale);
+
+/// Whether calculations are remembered, for all calculators; what is in the lists stays.
+/// @throws Errore 75 when the settings cannot be written
+void ImpostaRicordo(bool Ricorda);
