@@ -8,6 +8,7 @@
 #include "platform/database/database.h"
 #include "platform/system/messaggi.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -201,4 +202,34 @@ double Interessi(int Giorni, float Tasso, double Capitale)
 EsitoInteressi CalcolaInteressi(const QString& Archivio, const DatiInteressi& Dati, QString& UltimoAumento)
 {
     return Calcolo(Dati, UltimoAumento).Esegui(Archivio);
+}
+
+int DecimaliTassi(const TabellaRighe& Righe)
+{
+    int Decimali = 0;
+    for (int Riga = 0; Riga < Righe.Righe(); ++Riga) {
+        const QString Cifre = QString::number(Righe(Riga, IntTasso).toDouble(), 'f', DecimaliTasso);
+        int Servono = DecimaliTasso;
+        while (Servono > 0 && Cifre[Cifre.size() - 1 - (DecimaliTasso - Servono)] == u'0')
+            --Servono;
+        Decimali = std::max(Decimali, Servono);
+    }
+    return Decimali;
+}
+
+QString CellaInteressi(int Colonna, const QVariant& Valore, int Decimali)
+{
+    if (Colonna == IntImporto && Valore.isValid())
+        return Format(Valore.toDouble(), u"#,##0.00");
+    if (Colonna == IntTasso && Valore.isValid() && Decimali > 0)
+        return Format(Valore.toDouble(), u"0."_s + QString(Decimali, u'0'));
+    return CStr(Valore);
+}
+
+QStringList CelleInteressi(const TabellaRighe& Righe, int Riga, int Decimali)
+{
+    QStringList Celle;
+    for (int Colonna = 0; Colonna < ColonneInteressi; ++Colonna)
+        Celle << CellaInteressi(Colonna, Righe(Riga, Colonna), Decimali);
+    return Celle;
 }

@@ -7,6 +7,7 @@
 #include "platform/base/tabellarighe.h"
 
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
 #include <array>
@@ -67,6 +68,13 @@ struct EsitoInteressi
     TabellaRighe Righe{ColonneInteressi};
     double TotaleEuro = 0.0;
 };
+
+/// Decimals that the longest rate of the lines needs, 3 at most, so that their commas stand below each other.
+[[nodiscard]] int DecimaliTassi(const TabellaRighe& Righe);
+/// A cell of the lines as it is shown. @param Decimali of the rates
+[[nodiscard]] QString CellaInteressi(int Colonna, const QVariant& Valore, int Decimali);
+/// The cells of a line as they are shown.
+[[nodiscard]] QStringList CelleInteressi(const TabellaRighe& Righe, int Riga, int Decimali);
 
 /// The calculation of checked boxes. It asks and tells through the message seam; rows of the archive follow
 /// one another in the order of the index, gaps are not looked for.

@@ -1,8 +1,8 @@
 // The printed sheet of terms with their road: what each date rests on, step by step.
 #pragma once
 
+#include "calculators/modScheda.h"
 #include "calculators/strada.h"
-#include "platform/document/superficie.h"
 
 #include <QStringList>
 
@@ -17,10 +17,11 @@ struct ParteStrada
     friend bool operator==(const ParteStrada&, const ParteStrada&) = default;
 };
 
-/// Composes the sheet; what stood on the surface is discarded.
+/// The sheet of terms with their road.
 /// @param Dati lines on what was asked, above the first term
-/// @return false when there is no term, which a message says; nothing is composed then
-bool StampaStrada(Superficie& vp, const QStringList& Dati, const QList<ParteStrada>& Parti);
+/// @param EtaDati how far the norms are known; empty where the program's own count
+[[nodiscard]] SchedaCalcolo SchedaStrada(const QStringList& Dati, const QList<ParteStrada>& Parti,
+                                         const QStringList& EtaDati = {});
 
 /// The same as text, as one pastes it into a letter: titles, results, rows with tabs, notes.
 [[nodiscard]] QString TestoParti(const QList<ParteStrada>& Parti);

@@ -24,15 +24,25 @@ QColor Colore(GradoEta Grado)
     return QApplication::palette().color(QPalette::WindowText);
 }
 
+QString TestoEta(const EtaDati& Eta)
+{
+    const QString Parola = Eta.Grado == GradoEta::Stantio ? u"Dati da aggiornare. "_s : QString();
+    return (Parola + Eta.Frase + u' ' + Eta.Attesa).trimmed();
+}
+
 }  // namespace
 
 void MostraEta(QLabel* Dove, const EtaDati& Eta)
 {
-    const QString Parola = Eta.Grado == GradoEta::Stantio ? u"Dati da aggiornare. "_s : QString();
-    Dove->setText((Parola + Eta.Frase + u' ' + Eta.Attesa).trimmed());
+    Dove->setText(TestoEta(Eta));
     QPalette Colori;
     Colori.setColor(Dove->foregroundRole(), Colore(Eta.Grado));
     Dove->setPalette(Colori);
+}
+
+QStringList RigheEta(const std::optional<EtaDati>& Eta)
+{
+    return Eta ? QStringList{TestoEta(*Eta)} : QStringList();
 }
 
 std::optional<CoperturaTassi> CoperturaLetta(const QString& Archivio)

@@ -2,6 +2,7 @@
 
 #include "calculators/windows/areascorrevole.h"
 #include "core/aperture.h"
+#include "platform/kit/appunti.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
@@ -12,7 +13,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
-#include <QClipboard>
 #include <QDialog>
 #include <QKeyEvent>
 #include <QLabel>
@@ -148,11 +148,11 @@ public:
 };
 
 /// Puts a text into the clipboard and says so below the button; an empty one copies nothing.
-void Copia(QAbstractButton* Pulsante, const QString& Testo)
+void Copia(QAbstractButton* Pulsante, const QString& Testo, const RigheCopia& Righe)
 {
     if (Testo.isEmpty())
         return;
-    QApplication::clipboard()->setText(Testo);
+    CopiaTabella(Testo, Righe ? Righe() : QList<QStringList>());
     QToolTip::showText(Pulsante->mapToGlobal(Pulsante->rect().bottomLeft()), u"Copiato"_s, Pulsante);
 }
 
@@ -241,18 +241,21 @@ void CatenaInvio(const QList<QWidget*>& Campi, const std::function<void()>& Calc
     new Catena(Campi, Calcola);
 }
 
-void CopiaConClic(QAbstractButton* Pulsante, const std::function<QString()>& Testo)
+void CopiaConClic(QAbstractButton* Pulsante, const std::function<QString()>& Testo, const RigheCopia& Righe)
 {
-    Collega(Pulsante, &QAbstractButton::clicked, Pulsante, [Pulsante, Testo] { Copia(Pulsante, Testo()); });
+    Collega(Pulsante, &QAbstractButton::clicked, Pulsante,
+            [Pulsante, Testo, Righe] { Copia(Pulsante, Testo(), Righe); });
 }
 
-void CopiaRisultato(QDialog* Modulo, QAbstractButton* Pulsante, const std::function<QString()>& Testo)
+void CopiaRisultato(QDialog* Modulo, QAbstractButton* Pulsante, const std::function<QString()>& Testo,
+                    const RigheCopia& Righe)
 {
-    CopiaConClic(Pulsante, Testo);
+    CopiaConClic(Pulsante, Testo, Righe);
     auto* Azione = new QAction(Modulo);
     Azione->setShortcut(QKeySequence::Copy);
     Modulo->addAction(Azione);
-    Collega(Azione, &QAction::triggered, Modulo, [Pulsante, Testo] { Copia(Pulsante, Testo()); });
+    Collega(Azione, &QAction::triggered, Modulo,
+            [Pulsante, Testo, Righe] { Copia(Pulsante, Testo(), Righe); });
     for (QWidget* Testuale : Modulo->findChildren<QWidget*>())
         if (qobject_cast<QLineEdit*>(Testuale) || qobject_cast<QLabel*>(Testuale))
             new CediCopia(Testuale);

@@ -7,6 +7,7 @@
 #include <QKeySequence>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -45,11 +46,17 @@ void FaiPosto(QDialog* Modulo);
 /// one; it never presses the default button. Of several options only the selected one is stopped at.
 void CatenaInvio(const QList<QWidget*>& Campi, const std::function<void()>& Calcola);
 
-/// A click on the button puts the text into the clipboard and says so. An empty text copies nothing.
-void CopiaConClic(QAbstractButton* Pulsante, const std::function<QString()>& Testo);
+/// What is copied as a table, beside its text.
+using RigheCopia = std::function<QList<QStringList>()>;
+
+/// A click on the button puts the text into the clipboard and says so; where there are rows, as a table too.
+/// An empty text copies nothing.
+void CopiaConClic(QAbstractButton* Pulsante, const std::function<QString()>& Testo,
+                  const RigheCopia& Righe = {});
 
 /// The same for the result of the window, which Ctrl+C copies too where nothing is selected by hand.
-void CopiaRisultato(QDialog* Modulo, QAbstractButton* Pulsante, const std::function<QString()>& Testo);
+void CopiaRisultato(QDialog* Modulo, QAbstractButton* Pulsante, const std::function<QString()>& Testo,
+                    const RigheCopia& Righe = {});
 
 /// A caption of a result as one pastes it into a letter: no runs of blanks, no blank lines, "\n" between
 /// lines.

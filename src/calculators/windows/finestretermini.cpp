@@ -263,6 +263,36 @@ QString TestoCatena(const QList<TermineContato>& Termini, bool Breve)
     return Righe.join(u'\n');
 }
 
+QString EsitoInRiga(const QList<TermineContato>& Termini)
+{
+    if (Termini.isEmpty())
+        return {};
+    if (Termini.size() == 1)
+        return TestoScadenza(Termini.first());
+    QStringList Giorni;
+    for (const TermineContato& Termine : Termini)
+        Giorni << Format(Termine.Esito.Scadenza, u"dd/mm/yyyy");
+    return Giorni.join(u", "_s);
+}
+
+CampoRicordato CampoMateria(QComboBox* cmbMateria)
+{
+    CampoRicordato Campo = CampoDi(cmbMateria);
+    Campo.Leggi = [cmbMateria] { return cmbMateria->currentData().toString(); };
+    Campo.Scrivi = [cmbMateria, Scegli = Campo.Scrivi](const QString& Valore) {
+        if (!Valore.isEmpty())
+            return Scegli(Valore);
+        cmbMateria->setCurrentIndex(cmbMateria->count() > 0 ? 0 : -1);
+        return true;
+    };
+    return Campo;
+}
+
+QStringList RigheEta(SceltaNorme& Scelta)
+{
+    return Scelta.InVigore() ? RigheEta(std::optional(EtaNorme(*Scelta.Lette(), Oggi()))) : QStringList();
+}
+
 QList<ParteStrada> PartiDi(const QList<TermineContato>& Termini)
 {
     QList<ParteStrada> Tutte;

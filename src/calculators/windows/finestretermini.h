@@ -3,6 +3,7 @@
 #pragma once
 
 #include "calculators/norme/terminecontato.h"
+#include "calculators/windows/comandicalcolo.h"
 
 #include <QDate>
 #include <QList>
@@ -128,6 +129,15 @@ private:
 /// A line for each term: "Appello (art. 325 c.p.c.): Lunedì, 5 Ottobre 2026 (Posticipata)", or where there is
 /// little room "lun 05/10/2026: Appello (art. 325 c.p.c.) (Posticipata)".
 [[nodiscard]] QString TestoCatena(const QList<TermineContato>& Termini, bool Breve = false);
+
+/// The result in a line: the date in words, of a chain the days of all its terms. Empty for none.
+[[nodiscard]] QString EsitoInRiga(const QList<TermineContato>& Termini);
+
+/// The list of matters as it is remembered: none chosen is the ordinary one.
+[[nodiscard]] CampoRicordato CampoMateria(QComboBox* cmbMateria);
+
+/// How far the norms are known, for a sheet; empty by the program's own.
+[[nodiscard]] QStringList RigheEta(SceltaNorme& Scelta);
 
 [[nodiscard]] QList<ParteStrada> PartiDi(const QList<TermineContato>& Termini);
 

@@ -1,11 +1,14 @@
 #include "calculators/windows/frmCodFis.h"
 
 #include "calculators/modCodFis.h"
+#include "calculators/modSchede.h"
+#include "calculators/windows/comandicalcolo.h"
 #include "calculators/windows/finestracalcolo.h"
 #include "core/modErrori.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/system/orologio.h"
 
 #include "calculators/windows/ui_frmCodFis.h"
 #include "platform/base/errore.h"
@@ -30,6 +33,13 @@ void Tingi(QLineEdit* Casella, bool Sbagliato)
     Casella->setPalette(Colori);
 }
 
+/// A code is read letter by letter.
+QFont Spaziato(QFont Carattere)
+{
+    Carattere.setLetterSpacing(QFont::AbsoluteSpacing, 1);
+    return Carattere;
+}
+
 }  // namespace
 
 frmCodFis::frmCodFis() : ui(std::make_unique<Ui::frmCodFis>())
@@ -39,14 +49,19 @@ frmCodFis::frmCodFis() : ui(std::make_unique<Ui::frmCodFis>())
     ui->cmdElabora->setIcon(aspetto::Icona(u"codfis"_s));
     PreparaCifra(ui->txtCodiceFiscale);
     SfondoPannello(ui->fraRisultato);
-    // A code is read letter by letter.
-    QFont Carattere = ui->txtCodiceFiscale->font();
-    Carattere.setLetterSpacing(QFont::AbsoluteSpacing, 1);
-    ui->txtCodiceFiscale->setFont(Carattere);
+    ui->txtCodiceFiscale->setFont(Spaziato(ui->txtCodiceFiscale->font()));
+    ui->txtLetto->setFont(Spaziato(ui->txtLetto->font()));
+    ui->cmdCopiaLettura->setIcon(aspetto::Icona(u"copia"_s));
+    SfondoPannello(ui->fraLettura);
+    Comandi = new ComandiCalcolo(this, ParteComandi());
+    ImpostaMenu(this, QList<VoceMenu>{{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New,
+                                       [this] { mnuNew_Click(); }}} +
+                          Comandi->Voci());
     PreparaModulo(this, u"codfis"_s);
     CreaElenco();
     Load();
     Collegamenti();
+    txtLetto_Change();
 }
 
 frmCodFis::~frmCodFis() = default;
@@ -112,7 +127,21 @@ void frmCodFis::Collegamenti()
     // The last field has an Enter of its own: its list may be open.
     CatenaInvio({ui->txtCognome, ui->txtNome, ui->txtDataNascita, ui->cboSesso},
                 [this] { ui->txtComune->setFocus(Qt::TabFocusReason); });
-    CopiaRisultato(this, ui->cmdCopia, [this] { return ui->txtCodiceFiscale->text(); });
+    CopiaRisultato(this, ui->cmdCopia, [this] { return TestoCopia(); });
+    CopiaConClic(
+        ui->cmdCopiaLettura, [this] { return RigheLettura(Lettura, ComuneLetto()).join(u'\n'); },
+        [this] { return RigheScheda(SchedaLettura(Lettura, ComuneLetto(), {})); });
+    Collega(ui->txtLetto, &QLineEdit::textChanged, this, [this] { txtLetto_Change(); });
+    AlLasciaSempre(ui->txtLetto, [this] {
+        MostraLettura();
+        Comandi->Ricorda();
+        return true;
+    });
+    Collega(ui->txtLetto, &QLineEdit::returnPressed, this, [this] {
+        ui->txtLetto->selectAll();
+        MostraLettura();
+        Comandi->Ricorda();
+    });
     ScriviCodice({});
 }
 
@@ -125,7 +154,7 @@ void frmCodFis::Mostra()
 void frmCodFis::changeEvent(QEvent* Evento)
 {
     QDialog::changeEvent(Evento);
-    if (Evento->type() == QEvent::ApplicationPaletteChange)
+    if (Evento->type() == QEvent::PaletteChange && Comandi)
         Colora();
 }
 
@@ -151,6 +180,7 @@ void frmCodFis::ScriviCodice(const QString& Codice)
 {
     ui->txtCodiceFiscale->setText(Codice);
     ui->cmdCopia->setEnabled(!Codice.isEmpty());
+    Comandi->Aggiorna();
     if (!Codice.isEmpty())
         Annuncia(ui->txtCodiceFiscale);
 }
@@ -167,7 +197,21 @@ void frmCodFis::cmdElabora_Click()
     }
     ScriviCodice(CalcoloCodFis(ui->txtCognome->text(), ui->txtNome->text(), *Nascita,
                                ui->cboSesso->currentText(), Campo.CodComune.trimmed()));
+    Comandi->Ricorda();
     LasciaSelezione();
+}
+
+void frmCodFis::mnuNew_Click()
+{
+    for (QLineEdit* Casella : {ui->txtCognome, ui->txtNome, ui->txtComune, ui->txtLetto})
+        Casella->clear();
+    ui->txtDataNascita->ImpostaTesto({});
+    ui->cboSesso->setCurrentIndex(0);
+    Campo = {};
+    DataSbagliata = false;
+    MostraComune();
+    ScriviCodice({});
+    ui->txtCognome->setFocus();
 }
 
 // ---- municipality -------------------------------------------------------------------------------
@@ -201,6 +245,7 @@ void frmCodFis::Colora()
 {
     Tingi(ui->txtComune, Campo.Rosso);
     Tingi(ui->txtDataNascita, DataSbagliata);
+    MostraLettura();
 }
 
 /// The list for what has been typed. Behind a message the window gets the focus back later, and a list that
@@ -255,4 +300,118 @@ void frmCodFis::txtComune_Invio()
         return;
     Lista->hide();
     cmdElabora_Click();
+}
+
+// ---- a code that is read --------------------------------------------------------------------------
+
+void frmCodFis::txtLetto_Change()
+{
+    const bool Prima = Lettura.Letto();
+    Lettura = LeggiCodFis(ui->txtLetto->text(), Oggi());
+    MostraLettura();
+    Comandi->Aggiorna();
+    if (Lettura.Letto() && !Prima)
+        Annuncia(ui->lblLettura);
+}
+
+/// What the code says, in the room of three lines; a code that is still being typed is not blamed for being
+/// short.
+void frmCodFis::MostraLettura()
+{
+    const int Mancano = LettereCodFis - int(Lettura.Codice.size());
+    const bool InCorso = ui->txtLetto->hasFocus() && Mancano > 0 && CodFisInCorso(Lettura.Codice);
+    QStringList Righe = RigheLettura(Lettura, ComuneLetto());
+    if (Lettura.Codice.isEmpty())
+        Righe << u"Scrivere o incollare un codice: qui si leggono nascita, sesso e comune."_s;
+    else if (InCorso)
+        Righe << (Mancano == 1 ? u"Manca un carattere."_s : u"Mancano %1 caratteri."_s.arg(Mancano));
+    QStringList Note = NoteLettura(Lettura);
+    if (!InCorso && !Lettura.Difetto.isEmpty())
+        Note << Lettura.Difetto;
+    const bool Sbagliato = !Note.isEmpty() && !Lettura.Torna;
+    ui->lblLettura->setText(Righe.join(u'\n'));
+    ui->lblNoteLettura->setText(Note.join(u'\n'));
+    QPalette Colori;
+    if (Sbagliato)
+        Colori.setColor(ui->lblNoteLettura->foregroundRole(), aspetto::Sbagliato());
+    ui->lblNoteLettura->setPalette(Colori);
+    Tingi(ui->txtLetto, Sbagliato);
+    ui->txtLetto->setAccessibleDescription((Righe + Note).join(u' '));
+    ui->lblLettura->setAccessibleName((Righe + Note).join(u' '));
+    ui->cmdCopiaLettura->setEnabled(Lettura.Letto());
+}
+
+/// The town of the code that is typed; empty for one that is in no row.
+QString frmCodFis::ComuneLetto() const
+{
+    return Comuni && Lettura.Letto() ? FraseComuni(Comuni->DelCodice(Lettura.CodiceComune)) : QString();
+}
+
+/// What Ctrl+C takes: what a code says where the focus is in it or no other one is on view.
+QString frmCodFis::TestoCopia() const
+{
+    const bool DelLetto = ui->txtLetto->hasFocus() && Lettura.Letto();
+    return DelLetto ? RigheLettura(Lettura, ComuneLetto()).join(u'\n') : ui->txtCodiceFiscale->text();
+}
+
+// ---- sheet and list -------------------------------------------------------------------------------
+
+ParteDelCalcolo frmCodFis::ParteComandi()
+{
+    ParteDelCalcolo Parte;
+    Parte.Quale = Calcolatrice::CodiceFiscale;
+    for (QWidget* Casella : std::initializer_list<QWidget*>{ui->txtCognome, ui->txtNome, ui->txtDataNascita,
+                                                            ui->cboSesso, ui->txtComune})
+        Parte.Campi << CampoDi(Casella);
+    // The codes that the lookup has found, or not found.
+    const auto Codice = [this](const QString& Nome, QString CampoComune::*Quale) {
+        return CampoRicordato{Nome, [this, Quale] { return Campo.*Quale; },
+                              [this, Quale](const QString& Valore) {
+                                  Campo.Testo = Campo.Tag = ui->txtComune->text();
+                                  Campo.*Quale = Valore;
+                                  MostraComune();
+                                  return true;
+                              }};
+    };
+    Parte.Campi << Codice(u"codComune"_s, &CampoComune::CodComune)
+                << Codice(u"provincia"_s, &CampoComune::Provincia) << CampoDi(ui->txtLetto);
+    Parte.Nome = [this] {
+        const QString Persona = (ui->txtCognome->text() + u' ' + ui->txtNome->text()).simplified();
+        return ui->txtCodiceFiscale->text().isEmpty() ? u"Lettura di "_s + Lettura.Codice
+               : Persona.isEmpty()                    ? ui->txtCodiceFiscale->text()
+                                                      : Persona;
+    };
+    Parte.Esito = [this] {
+        const QString Calcolato = ui->txtCodiceFiscale->text();
+        if (!Calcolato.isEmpty() || !Lettura.Letto())
+            return Calcolato;
+        return QStringList{FraseNascita(Lettura), FraseSesso(Lettura), ComuneLetto()}.join(u", "_s);
+    };
+    Parte.Scheda = [this] { return Scheda(); };
+    Parte.Suffisso = u": codice fiscale"_s;
+    Parte.Prepara = [this] { mnuNew_Click(); };
+    Parte.Calcola = [this] {
+        if (ui->txtCognome->text().isEmpty() && Lettura.Letto())
+            ui->txtLetto->setFocus();
+        else
+            cmdElabora_Click();
+    };
+    return Parte;
+}
+
+SchedaCalcolo frmCodFis::Scheda() const
+{
+    if (ui->txtCodiceFiscale->text().isEmpty())
+        return SchedaLettura(Lettura, ComuneLetto(), EtaComuni());
+    return SchedaCodFis({ui->txtCognome->text(), ui->txtNome->text(), ui->txtDataNascita->Testo(),
+                         ui->cboSesso->currentText(),
+                         (ui->txtComune->text() + u"  "_s + ui->lblProvincia->text()).trimmed(),
+                         ui->txtCodiceFiscale->text()},
+                        ui->lblAvvertenza->text(), EtaComuni());
+}
+
+QStringList frmCodFis::EtaComuni() const
+{
+    const QString Al = Comuni ? Comuni->Al() : QString();
+    return Al.isEmpty() ? QStringList() : QStringList{u"Elenco dei comuni e degli stati esteri al "_s + Al};
 }

@@ -2,18 +2,23 @@
 #pragma once
 
 #include "calculators/modComuni.h"
+#include "calculators/modLeggiCodFis.h"
+#include "calculators/modScheda.h"
 
 #include <QDialog>
 
 #include <memory>
 #include <optional>
 
+class ComandiCalcolo;
 class QCompleter;
 class QStringListModel;
 
 namespace Ui {
 class frmCodFis;
 }
+
+struct ParteDelCalcolo;
 
 class frmCodFis : public QDialog
 {
@@ -26,6 +31,10 @@ public:
     void Mostra();
 
     void cmdElabora_Click();
+    /// Empties all boxes.
+    void mnuNew_Click();
+    /// Reads the code that is typed, and says what it holds or what is wrong with it.
+    void txtLetto_Change();
     /// The municipality after a key that changed its text.
     void txtComune_Change(const QString& Testo);
 
@@ -46,6 +55,12 @@ private:
     void txtComune_Invio();
     void MostraComune();
     void Colora();
+    void MostraLettura();
+    [[nodiscard]] QString ComuneLetto() const;
+    [[nodiscard]] QString TestoCopia() const;
+    [[nodiscard]] ParteDelCalcolo ParteComandi();
+    [[nodiscard]] SchedaCalcolo Scheda() const;
+    [[nodiscard]] QStringList EtaComuni() const;
 
     std::unique_ptr<Ui::frmCodFis> ui;
     std::optional<ArchivioComuni> Comuni;  ///< open as long as the form; none when it could not be opened
@@ -55,4 +70,6 @@ private:
     QString Segnato;            ///< the row that is marked in the list, or was when a click closed it
     bool ElencoAtteso = false;  ///< the list comes when the field has the focus again
     bool DataSbagliata = false;
+    ComandiCalcolo* Comandi = nullptr;
+    LetturaCodFis Lettura;  ///< of the code that is typed
 };

@@ -1,5 +1,7 @@
 #include "calculators/windows/frmContrib.h"
 
+#include "calculators/modSchede.h"
+#include "calculators/windows/comandicalcolo.h"
 #include "calculators/windows/finestracalcolo.h"
 #include "calculators/windows/pannellocontributo.h"
 #include "calculators/windows/portanota.h"
@@ -72,10 +74,14 @@ frmContrib::frmContrib() : ui(std::make_unique<Ui::frmContrib>())
     ui->VScroll1->setPageStep(PassiBarra);
     ui->VScroll1->setTracking(false);
     ui->VScroll1->setFocusPolicy(Qt::StrongFocus);
-    ImpostaMenu(this, {{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New, [this] { mnuNew_Click(); }}});
+    Comandi = new ComandiCalcolo(this, ParteComandi());
+    ImpostaMenu(this, QList<VoceMenu>{{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New,
+                                       [this] { mnuNew_Click(); }}} +
+                          Comandi->Voci());
     CollegaPorte();
     PreparaModulo(this, u"contrib"_s);
     Collegamenti();
+    Comandi->Aggiorna();
 }
 
 frmContrib::~frmContrib()
@@ -120,6 +126,8 @@ void frmContrib::Collegamenti()
                    u"KR6 - Contributo unificato - Decreto"_s);
     });
 
+    Collega(ui->fraVigente, &PannelloVigente::Calcolato, this, [this] { Comandi->Aggiorna(); });
+    ui->fraVigente->ValoreLasciato = [this] { Comandi->Ricorda(); };
     Collega(ui->VScroll1, &QScrollBar::valueChanged, this, &frmContrib::VScroll1_Change);
     Collega(ui->Picture1, &Finestrella::Misurata, this, &frmContrib::ImpostaMisura);
     Collega(ui->Picture1, &Finestrella::Rotella, this, [this](int Gradi) { Scorri(Gradi / 2); });
@@ -144,10 +152,14 @@ void frmContrib::CambiaNorme()
     if (Scelta->InVigore())
         ui->fraVigente->Imposta(Scelta->Lette());
     ui->fraVigente->setVisible(Scelta->InVigore());
+    Comandi->Aggiorna();
 }
 
 bool frmContrib::event(QEvent* Evento)
 {
+    // It computes as it is written in: what is on view at the end is a calculation too.
+    if (Evento->type() == QEvent::Close)
+        Comandi->Ricorda();
     const bool Trattato = QDialog::event(Evento);
     if (Evento->type() == QEvent::WindowActivate && std::exchange(DaAltraFinestra, false))
         fraContrib->txtValore(0)->setFocus();
@@ -172,22 +184,35 @@ void frmContrib::txtValore_LostFocus(int Indice)
 {
     QLineEdit* Casella = fraContrib->txtValore(Indice);
     Casella->setText(ValoreLasciato(Casella->text()));
-    TestiContributo Valori;
+    const TestiContributo Prima = Contributi;
+    {
+        // The fees above one that fails are written all the same.
+        const auto Mostra = qScopeGuard([this] { MostraContributi(); });
+        CalcolaContributi(Valori(), Contributi);
+    }
+    if (Contributi != Prima && !Contributi[size_t(Indice)].isEmpty())
+        Annuncia(fraContrib->lblContr(Indice));
+    Comandi->Ricorda();
+}
+
+TestiContributo frmContrib::Valori() const
+{
+    TestiContributo Scritti;
     for (int i = 0; i < CampiContributo; ++i)
-        Valori[size_t(i)] = fraContrib->txtValore(i)->text();
-    // The fees above one that fails are written all the same.
-    const auto Mostra = qScopeGuard([this] { MostraContributi(); });
-    CalcolaContributi(Valori, Contributi);
+        Scritti[size_t(i)] = fraContrib->txtValore(i)->text();
+    return Scritti;
 }
 
 void frmContrib::MostraContributi()
 {
     for (int i = 0; i < CampiContributo; ++i) {
         fraContrib->lblContr(i)->setText(Contributi[size_t(i)]);
+        fraContrib->lblContr(i)->setAccessibleName((u"Contributo "_s + Contributi[size_t(i)]).trimmed());
         fraContrib->txtValore(i)->setAccessibleDescription(
             Contributi[size_t(i)].isEmpty() ? QString() : u"Contributo: "_s + Contributi[size_t(i)]);
         AbilitaCopia(i);
     }
+    Comandi->Aggiorna();
 }
 
 /// A value that is being typed can be copied from too: the click on the button leaves it, which computes the
@@ -202,6 +227,7 @@ void frmContrib::AbilitaCopia(int Indice)
 // The tax appeal stays: this entry has always left it.
 void frmContrib::mnuNew_Click()
 {
+    Comandi->Ricorda();
     for (int i = 0; i < CampoTributario; ++i) {
         fraContrib->txtValore(i)->clear();
         Contributi[size_t(i)].clear();
@@ -291,4 +317,72 @@ void frmContrib::FaiVedere(const QWidget* Campo)
         ScorriA(fraContrib->y() - Alto + aspetto::Bordo);
     else if (Sotto > 0)
         ScorriA(fraContrib->y() - Sotto);
+}
+
+// ---- sheet and list -----------------------------------------------------------------------------
+
+ParteDelCalcolo frmContrib::ParteComandi()
+{
+    ParteDelCalcolo Parte;
+    Parte.Quale = Calcolatrice::Contributo;
+    Parte.Continua = true;
+    Parte.Campi << CampoDi(ui->cmbNorme);
+    for (int i = 0; i < CampiContributo; ++i)
+        Parte.Campi << CampoDi(fraContrib->txtValore(i));
+    for (QWidget* Campo : ui->fraVigente->Campi()) {
+        // The panel counts while it is there.
+        CampoRicordato DelPannello = CampoDi(Campo);
+        DelPannello.Leggi = [this, Leggi = DelPannello.Leggi] {
+            return Scelta->InVigore() && !ui->fraVigente->Importo().isEmpty() ? Leggi() : QString();
+        };
+        DelPannello.Scrivi = [this, Campo, Scrivi = DelPannello.Scrivi](const QString& Valore) {
+            // Ticks alone may be empty in a calculation that has the panel.
+            const bool Lascia = Valore.isEmpty() && !qobject_cast<QAbstractButton*>(Campo);
+            return !Scelta->InVigore() || Lascia || Scrivi(Valore);
+        };
+        Parte.Campi << DelPannello;
+    }
+    Parte.Nome = [this] {
+        if (Scelta->InVigore() && !ui->fraVigente->Importo().isEmpty())
+            return ui->fraVigente->Chiesto();
+        QStringList Nomi;
+        for (int i = 0; i < CampiContributo; ++i)
+            if (!Contributi[size_t(i)].isEmpty())
+                Nomi << TitoloCampo(i) + u", valore "_s + fraContrib->txtValore(i)->text();
+        return Nomi.join(u"; "_s);
+    };
+    Parte.Esito = [this] {
+        QStringList Importi;
+        if (Scelta->InVigore() && !ui->fraVigente->Importo().isEmpty())
+            Importi << ui->fraVigente->Importo();
+        for (const QString& Contributo : Contributi)
+            if (!Contributo.isEmpty())
+                Importi << Contributo;
+        return Importi.isEmpty() ? QString() : Importi.join(u"; "_s) + u" euro"_s;
+    };
+    Parte.Scheda = [this] { return Scheda(); };
+    Parte.Suffisso = u": contributo unificato"_s;
+    Parte.Prepara = [this] { Svuota(); };
+    Parte.Calcola = [this] { txtValore_LostFocus(0); };
+    return Parte;
+}
+
+/// All fields, the tax appeal too.
+void frmContrib::Svuota()
+{
+    for (int i = 0; i < CampiContributo; ++i)
+        fraContrib->txtValore(i)->clear();
+    Contributi = {};
+    MostraContributi();
+    ui->fraVigente->Svuota();
+}
+
+SchedaCalcolo frmContrib::Scheda() const
+{
+    SchedaCalcolo Tutta = SchedaContributo(Valori(), Contributi);
+    if (Scelta->InVigore() && !ui->fraVigente->Importo().isEmpty()) {
+        Tutta.Sezioni << ui->fraVigente->Sezione();
+        Tutta.EtaDati = ui->fraVigente->EtaNote();
+    }
+    return Tutta;
 }

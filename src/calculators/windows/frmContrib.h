@@ -2,6 +2,7 @@
 #pragma once
 
 #include "calculators/modContributo.h"
+#include "calculators/modScheda.h"
 #include "calculators/windows/sceltanorme.h"
 #include "core/spesedilegge.h"
 
@@ -9,6 +10,7 @@
 
 #include <memory>
 
+class ComandiCalcolo;
 class PannelloContributo;
 class PortaNota;
 class QCheckBox;
@@ -17,6 +19,8 @@ class QWindow;
 namespace Ui {
 class frmContrib;
 }
+
+struct ParteDelCalcolo;
 
 class frmContrib : public QDialog
 {
@@ -54,9 +58,14 @@ private:
     [[nodiscard]] int AltoInFondo() const;
     [[nodiscard]] static int AltoInCima();
     [[nodiscard]] QString TestoCopia() const;
+    [[nodiscard]] ParteDelCalcolo ParteComandi();
+    [[nodiscard]] SchedaCalcolo Scheda() const;
+    [[nodiscard]] TestiContributo Valori() const;
+    void Svuota();
 
     std::unique_ptr<Ui::frmContrib> ui;
     std::unique_ptr<SceltaNorme> Scelta;
+    ComandiCalcolo* Comandi = nullptr;
     PannelloContributo* fraContrib;
     PortaNota* Porte = nullptr;
     QCheckBox* chkAnticipazione = nullptr;

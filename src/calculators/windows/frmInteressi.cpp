@@ -1,6 +1,8 @@
 #include "calculators/windows/frmInteressi.h"
 
+#include "calculators/modSchede.h"
 #include "calculators/modTassi.h"
+#include "calculators/windows/comandicalcolo.h"
 #include "calculators/windows/etamostrata.h"
 #include "calculators/windows/finestracalcolo.h"
 #include "core/modErrori.h"
@@ -28,17 +30,6 @@ namespace {
 
 const QString TitoloTotale = u"Totale in euro "_s;
 
-/// Decimals that the rate of a line needs, 3 at most.
-int DecimaliDi(double Tasso)
-{
-    constexpr int Massimi = 3;
-    const QString Cifre = QString::number(Tasso, 'f', Massimi);
-    int Decimali = Massimi;
-    while (Decimali > 0 && Cifre[Cifre.size() - 1 - (Massimi - Decimali)] == u'0')
-        --Decimali;
-    return Decimali;
-}
-
 /// The box that a sentence of the check speaks of; the sentences name it in these words.
 QWidget* CampoDi(const QString& Messaggio, const Ui::frmInteressi& ui)
 {
@@ -49,7 +40,7 @@ QWidget* CampoDi(const QString& Messaggio, const Ui::frmInteressi& ui)
 
 }  // namespace
 
-frmInteressi::frmInteressi() : ui(std::make_unique<Ui::frmInteressi>())
+frmInteressi::frmInteressi() : ui(std::make_unique<Ui::frmInteressi>()), Comandi(nullptr)
 {
     ui->setupUi(this);
     CreaCalendario();
@@ -69,10 +60,14 @@ frmInteressi::frmInteressi() : ui(std::make_unique<Ui::frmInteressi>())
     for (QToolButton* Bottone : {ui->cmdCalend_0, ui->cmdCalend_1})
         Bottone->setIcon(aspetto::Icona(u"calendario"_s));
     ColonneRiepilogo();
-    ImpostaMenu(this, {{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New, [this] { mnuNew_Click(); }}});
+    Comandi = new ComandiCalcolo(this, ParteComandi());
+    ImpostaMenu(this, QList<VoceMenu>{{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New,
+                                       [this] { mnuNew_Click(); }}} +
+                          Comandi->Voci());
     PreparaModulo(this, u"inter"_s);
     Collegamenti();
     Load();
+    Comandi->Aggiorna();
 }
 
 frmInteressi::~frmInteressi()
@@ -106,7 +101,9 @@ void frmInteressi::ColonneRiepilogo()
         Nuova.Caratteri = Caratteri;
         Nuova.Allinea = Allinea;
         Nuova.Stira = Campo == IntImporto;
-        Nuova.Mostra = [this, Campo](const QVariant& Valore, int) { return Cella(Campo, Valore); };
+        Nuova.Mostra = [this, Campo](const QVariant& Valore, int) {
+            return CellaInteressi(Campo, Valore, DecimaliTasso);
+        };
         return Nuova;
     };
     constexpr Qt::Alignment Destra = Qt::AlignRight;
@@ -164,7 +161,8 @@ void frmInteressi::Collegamenti()
                  ui->txtAumento, ui->mskDataIni, ui->mskDataFin},
                 [this] { Protetta([this] { cmdCalcola_Click(); }); });
     CopiaRisultato(this, ui->cmdCopia, [this] { return TestoCopia(); });
-    CopiaConClic(ui->cmdCopiaTabella, [this] { return TestoTabella(); });
+    CopiaConClic(
+        ui->cmdCopiaTabella, [this] { return TestoTabella(); }, [this] { return RigheTabella(); });
 }
 
 void frmInteressi::Load()
@@ -274,15 +272,14 @@ void frmInteressi::MostraEsito(const EsitoInteressi& Esito)
 {
     const QString Totale = Format(Esito.TotaleEuro, u"#,##0.00");
     Righe = Esito.Righe;
-    DecimaliTasso = 0;
-    for (int Riga = 0; Riga < Righe.Righe(); ++Riga)
-        DecimaliTasso = std::max(DecimaliTasso, DecimaliDi(Righe(Riga, IntTasso).toDouble()));
+    DecimaliTasso = DecimaliTassi(Righe);
     ui->tdbInter->Rilega();
     ui->tdbInter->Pie(IntImporto, Totale);
     MostraCifra(ui->lblTotale, ui->lblDidTotale, Totale);
     MostraOltre();
     AbilitaCopie();
     Annuncia(ui->lblTotale);
+    Comandi->Ricorda();
     LasciaSelezione();
 }
 
@@ -350,16 +347,7 @@ void frmInteressi::AbilitaCopie()
 {
     ui->cmdCopia->setEnabled(!ui->lblTotale->text().isEmpty());
     ui->cmdCopiaTabella->setEnabled(!Righe.Vuota());
-}
-
-/// Text of a cell on screen and in the clipboard; the rates have their commas below each other.
-QString frmInteressi::Cella(int Colonna, const QVariant& Valore) const
-{
-    if (Colonna == IntImporto && Valore.isValid())
-        return Format(Valore.toDouble(), u"#,##0.00");
-    if (Colonna == IntTasso && Valore.isValid() && DecimaliTasso > 0)
-        return Format(Valore.toDouble(), u"0."_s + QString(DecimaliTasso, u'0'));
-    return CStr(Valore);
+    Comandi->Aggiorna();
 }
 
 /// What Ctrl+C takes: the table where the focus is in it, the total elsewhere.
@@ -368,22 +356,67 @@ QString frmInteressi::TestoCopia() const
     return ui->tdbInter->isAncestorOf(QApplication::focusWidget()) ? TestoTabella() : ui->lblTotale->text();
 }
 
-/// Headings, lines (the selected ones, if any are) and total, with tabs between the cells.
-QString frmInteressi::TestoTabella() const
+/// Headings, lines (the selected ones, if any are) and total.
+QList<QStringList> frmInteressi::RigheTabella() const
 {
     if (Righe.Vuota())
         return {};
     const QList<int> Scelte = ui->tdbInter->Selezione();
-    QStringList Testo{u"Dal giorno\tAl giorno\tTasso\tN° Giorni\tInteressi"_s};
-    for (int Riga = 0; Riga < Righe.Righe(); ++Riga) {
-        if (!Scelte.isEmpty() && !Scelte.contains(Riga))
-            continue;
-        QStringList Celle;
-        for (int Colonna = 0; Colonna < ColonneInteressi; ++Colonna)
-            Celle << Cella(Colonna, Righe(Riga, Colonna));
-        Testo << Celle.join(u'\t');
-    }
+    QList<QStringList> Tutte{{u"Dal giorno"_s, u"Al giorno"_s, u"Tasso"_s, u"N° Giorni"_s, u"Interessi"_s}};
+    for (int Riga = 0; Riga < Righe.Righe(); ++Riga)
+        if (Scelte.isEmpty() || Scelte.contains(Riga))
+            Tutte << CelleInteressi(Righe, Riga, DecimaliTasso);
     if (Scelte.isEmpty())
-        Testo << u"\t\t\t"_s + TitoloTotale.trimmed() + u'\t' + ui->lblTotale->text();
-    return Testo.join(u'\n');
+        Tutte << QStringList{{}, {}, {}, TitoloTotale.trimmed(), ui->lblTotale->text()};
+    return Tutte;
+}
+
+QString frmInteressi::TestoTabella() const
+{
+    return TestoRighe(RigheTabella());
+}
+
+// ---- sheet and list -----------------------------------------------------------------------------
+
+ParteDelCalcolo frmInteressi::ParteComandi()
+{
+    ParteDelCalcolo Parte;
+    Parte.Quale = Calcolatrice::Interessi;
+    for (QWidget* Campo :
+         std::initializer_list<QWidget*>{ui->cmbNorme, ui->cmbInteressi, ui->cmbValuta, ui->txtCapitale,
+                                         ui->txtAumento, ui->mskDataIni, ui->mskDataFin})
+        Parte.Campi << CampoDi(Campo);
+    // Behind the first day, whose rule is only proposed.
+    CampoRicordato Dopo = CampoDi(ui->optDataFine_1);
+    Dopo.Scrivi = [this](const QString& Valore) {
+        OpzioneScelta = true;
+        (Valore.isEmpty() ? ui->optDataFine_0 : ui->optDataFine_1)->setChecked(true);
+        return true;
+    };
+    Parte.Campi << Dopo;
+    Parte.Nome = [this] {
+        const DatiInteressi Scritti = Dati();
+        return (Scritti.Tipo == InteressiMora ? u"Mora, "_s : u"Legali, "_s) +
+               ImportoScritto(Scritti.Capitale) + (Scritti.Valuta == ValutaLire ? u" lire"_s : u" euro"_s) +
+               u" dal "_s + Scritti.DataIni + u" al "_s + Scritti.DataFin;
+    };
+    Parte.Esito = [this] {
+        const QString Totale = ui->lblTotale->text();
+        return Totale.isEmpty() || Righe.Vuota() ? QString() : Totale + u" euro"_s;
+    };
+    Parte.Scheda = [this] { return Scheda(); };
+    Parte.Suffisso = u": calcolo interessi"_s;
+    Parte.Prepara = [this] { PulisciCalcoli(); };
+    Parte.Calcola = [this] { cmdCalcola_Click(); };
+    return Parte;
+}
+
+SchedaCalcolo frmInteressi::Scheda() const
+{
+    QStringList Note;
+    if (!ui->lblOltre->text().isEmpty())
+        Note << ui->lblOltre->text();
+    DatiInteressi Scritti = Dati();
+    Scritti.Capitale = ImportoScritto(Scritti.Capitale);
+    return SchedaInteressi(Scritti, Righe, ui->lblTotale->text(), Note, RigheEta(Eta()));
 }

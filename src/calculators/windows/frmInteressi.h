@@ -2,6 +2,7 @@
 #pragma once
 
 #include "calculators/modInteressi.h"
+#include "calculators/modScheda.h"
 #include "calculators/norme/etadati.h"
 #include "calculators/windows/sceltanorme.h"
 
@@ -10,12 +11,15 @@
 #include <memory>
 
 class CalendarioMensile;
+class ComandiCalcolo;
 class QFrame;
 class QLabel;
 
 namespace Ui {
 class frmInteressi;
 }
+
+struct ParteDelCalcolo;
 
 class frmInteressi : public QDialog
 {
@@ -58,7 +62,9 @@ private:
     [[nodiscard]] DatiInteressi Dati() const;
     [[nodiscard]] QString TestoCopia() const;
     [[nodiscard]] QString TestoTabella() const;
-    [[nodiscard]] QString Cella(int Colonna, const QVariant& Valore) const;
+    [[nodiscard]] QList<QStringList> RigheTabella() const;
+    [[nodiscard]] ParteDelCalcolo ParteComandi();
+    [[nodiscard]] SchedaCalcolo Scheda() const;
     void AbilitaCopie();
 
     std::unique_ptr<Ui::frmInteressi> ui;
@@ -68,6 +74,7 @@ private:
     std::unique_ptr<SceltaNorme> Scelta;
     std::optional<CoperturaTassi> Copertura;  ///< none: no archive that can be read
     bool OpzioneScelta = false;               ///< the user has said when the transaction was concluded
+    ComandiCalcolo* Comandi;
     int IndiceCalendario = 0;
     TabellaRighe Righe{ColonneInteressi};
     int DecimaliTasso = 0;  ///< as many as the longest rate of the lines needs

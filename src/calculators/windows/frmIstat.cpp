@@ -1,6 +1,8 @@
 #include "calculators/windows/frmIstat.h"
 
+#include "calculators/modSchede.h"
 #include "calculators/modTassi.h"
+#include "calculators/windows/comandicalcolo.h"
 #include "calculators/windows/etamostrata.h"
 #include "calculators/windows/finestracalcolo.h"
 #include "core/modErrori.h"
@@ -63,7 +65,10 @@ frmIstat::frmIstat() : ui(std::make_unique<Ui::frmIstat>())
     ui->cmdCopiaTutto->setIcon(aspetto::Icona(u"copia"_s));
     for (QToolButton* Bottone : {ui->cmdCalend_0, ui->cmdCalend_1})
         Bottone->setIcon(aspetto::Icona(u"calendario"_s));
-    ImpostaMenu(this, {{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New, [this] { mnuNew_Click(); }}});
+    Comandi = new ComandiCalcolo(this, ParteComandi());
+    ImpostaMenu(this, QList<VoceMenu>{{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New,
+                                       [this] { mnuNew_Click(); }}} +
+                          Comandi->Voci());
     PreparaModulo(this, u"istat"_s);
     aspetto::TitoliInGrassetto(this);
     Collegamenti();
@@ -111,7 +116,8 @@ void frmIstat::Collegamenti()
     CatenaInvio({ui->mskDataIni, ui->mskDataFin, ui->txtImporto, ui->cmbValuta},
                 [this] { Protetta([this] { cmdCalcola_Click(); }); });
     CopiaRisultato(this, ui->cmdCopia, [this] { return DidascaliaPulita(ui->lblImpRival->text()); });
-    CopiaConClic(ui->cmdCopiaTutto, [this] { return TestoTutto(); });
+    CopiaConClic(
+        ui->cmdCopiaTutto, [this] { return TestoRighe(RigheTutto()); }, [this] { return RigheTutto(); });
 }
 
 void frmIstat::Load()
@@ -182,6 +188,7 @@ void frmIstat::cmdCalcola_Click()
         return;
     Campanello();
     Annuncia(ui->lblImpRival);
+    Comandi->Ricorda();
     LasciaSelezione();
     ui->grafico->Imposta(SerieIndici(ArchivioTassi(), CDate(Dati().DataIni), CDate(Dati().DataFin)));
 }
@@ -193,6 +200,7 @@ void frmIstat::MostraRisultati()
     MostraOltre();
     ui->cmdCopia->setEnabled(!Risultati.lblImpRival.isEmpty());
     ui->cmdCopiaTutto->setEnabled(Risultati != RisultatiIstat{});
+    Comandi->Aggiorna();
 }
 
 void frmIstat::PulisciCalcoli()
@@ -239,14 +247,50 @@ bool frmIstat::eventFilter(QObject* Oggetto, QEvent* Evento)
     return QDialog::eventFilter(Oggetto, Evento);
 }
 
-/// The calculation as lines of a letter: caption, tab, value.
-QString frmIstat::TestoTutto() const
+/// The calculation as rows: caption and value.
+QList<QStringList> frmIstat::RigheTutto() const
 {
+    QList<QStringList> Righe;
     if (Risultati == RisultatiIstat{})
-        return {};
-    QStringList Righe;
+        return Righe;
     for (const Etichetta& Voce : Etichette)
-        Righe << NomeCopia((ui.get()->*Voce.Didascalia)->text()) + u'\t' +
-                     (Risultati.*Voce.Testo).simplified();
-    return Righe.join(u'\n');
+        Righe << QStringList{NomeCopia((ui.get()->*Voce.Didascalia)->text()),
+                             (Risultati.*Voce.Testo).simplified()};
+    return Righe;
+}
+
+// ---- sheet and list -----------------------------------------------------------------------------
+
+ParteDelCalcolo frmIstat::ParteComandi()
+{
+    ParteDelCalcolo Parte;
+    Parte.Quale = Calcolatrice::Istat;
+    for (QWidget* Campo :
+         std::initializer_list<QWidget*>{ui->mskDataIni, ui->mskDataFin, ui->txtImporto, ui->cmbValuta})
+        Parte.Campi << CampoDi(Campo);
+    Parte.Nome = [this] {
+        const DatiIstat Scritti = Dati();
+        return ImportoScritto(Scritti.Importo) + (Scritti.Valuta == 1 ? u" lire dal "_s : u" euro dal "_s) +
+               Scritti.DataIni + u" al "_s + Scritti.DataFin;
+    };
+    // What a failure has left half written is no result.
+    Parte.Esito = [this] {
+        return Risultati.lblVarPerc.isEmpty() ? QString() : Risultati.lblImpRival.trimmed() + u" euro"_s;
+    };
+    Parte.Scheda = [this] { return Scheda(); };
+    Parte.Suffisso = u": rivalutazione Istat"_s;
+    Parte.Prepara = [this] { PulisciCalcoli(); };
+    Parte.Calcola = [this] { cmdCalcola_Click(); };
+    return Parte;
+}
+
+SchedaCalcolo frmIstat::Scheda() const
+{
+    QStringList Note;
+    if (!ui->lblOltre->text().isEmpty())
+        Note << ui->lblOltre->text();
+    DatiIstat Scritti = Dati();
+    Scritti.Importo = ImportoScritto(Scritti.Importo);
+    return SchedaIstat(Scritti, Risultati, Note,
+                       RigheEta(Copertura ? std::optional(EtaIndici(*Copertura, Oggi())) : std::nullopt));
 }

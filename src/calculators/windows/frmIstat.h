@@ -2,18 +2,22 @@
 #pragma once
 
 #include "calculators/modIstat.h"
+#include "calculators/modScheda.h"
 #include "calculators/norme/etadati.h"
 
 #include <QDialog>
 
 #include <memory>
 
+class ComandiCalcolo;
 class MascheraData;
 class QLabel;
 
 namespace Ui {
 class frmIstat;
 }
+
+struct ParteDelCalcolo;
 
 class frmIstat : public QDialog
 {
@@ -50,10 +54,13 @@ private:
     void SeguiData(const MascheraData* Casella);
     [[nodiscard]] MascheraData* Casella(int Indice) const;
     [[nodiscard]] DatiIstat Dati() const;
-    [[nodiscard]] QString TestoTutto() const;
+    [[nodiscard]] QList<QStringList> RigheTutto() const;
+    [[nodiscard]] ParteDelCalcolo ParteComandi();
+    [[nodiscard]] SchedaCalcolo Scheda() const;
 
     std::unique_ptr<Ui::frmIstat> ui;
-    QLabel* panArchivio;                ///< first panel of the status bar
+    QLabel* panArchivio;  ///< first panel of the status bar
+    ComandiCalcolo* Comandi = nullptr;
     int IndiceCalendario = 0;           ///< the date that the calendar serves
     bool AggiornamentoChiesto = false;  ///< the user has said yes to the question on the last index
     RisultatiIstat Risultati;

@@ -138,14 +138,17 @@ void frmStrada::Collegamenti()
     Collega(ui->tdbStrada, &Griglia::RigaCambiata, this, [this](int Riga) { MostraRiga(Riga); });
     Collega(ui->cmdStampa, &QPushButton::clicked, this, [this] { mnuStampa_Click(); });
     Collega(ui->cmdChiudi, &QPushButton::clicked, this, [this] { close(); });
-    CopiaRisultato(this, ui->cmdCopia, [this] { return TestoCopia(); });
+    CopiaRisultato(
+        this, ui->cmdCopia, [this] { return TestoCopia(); },
+        [this] { return RigheScheda(SchedaStrada(Chiesto, Parti)); });
 }
 
-void frmStrada::Mostra(const QList<ParteStrada>& Nuove, const QStringList& Dati,
+void frmStrada::Mostra(const QList<ParteStrada>& Nuove, const QStringList& Dati, const QStringList& EtaDati,
                        const std::function<bool(const QDate& Giorno)>& Festivo)
 {
     Parti = Nuove;
     Chiesto = Dati;
+    Eta = EtaDati;
     // Suspended are the days that this term has left out, and no others.
     ui->Calendario->ImpostaRegole({Festivo, [this](const QDate& Giorno) {
                                        return ParteMostrata >= 0 &&
@@ -207,7 +210,8 @@ void frmStrada::MostraRiga(int Riga)
 
 void frmStrada::mnuStampa_Click()
 {
-    MostraStampa(u": calcolo termini"_s, [this](Superficie& vp) { return StampaStrada(vp, Chiesto, Parti); });
+    MostraStampa(u": calcolo termini"_s,
+                 [this](Superficie& vp) { return StampaScheda(vp, SchedaStrada(Chiesto, Parti, Eta)); });
 }
 
 QString frmStrada::TestoCopia() const

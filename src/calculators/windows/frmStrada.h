@@ -26,8 +26,9 @@ public:
 
     /// Shows the road of a term, or of several that were reckoned together.
     /// @param Dati lines on what was asked, for the sheet
+    /// @param EtaDati how far the norms are known, for the sheet
     /// @param Festivo the holidays that the calendar marks
-    void Mostra(const QList<ParteStrada>& Nuove, const QStringList& Dati,
+    void Mostra(const QList<ParteStrada>& Nuove, const QStringList& Dati, const QStringList& EtaDati,
                 const std::function<bool(const QDate& Giorno)>& Festivo);
 
 private:
@@ -48,6 +49,7 @@ private:
     std::unique_ptr<Ui::frmStrada> ui;
     QList<ParteStrada> Parti;
     QStringList Chiesto;
+    QStringList Eta;
     QList<RigaPasso> Posti;
     TabellaRighe Righe;
     qsizetype ParteMostrata = -1;

@@ -42,8 +42,12 @@ frmTermini::frmTermini() : ui(std::make_unique<Ui::frmTermini>())
     Inizio = std::make_unique<RigaInizio>(ui->modulo, 1, [this] { Pulisci(); });
     setTabOrder(ui->mskDecorr, Inizio->Casella());
     setTabOrder(Inizio->Casella(), ui->txtIncrNum);
-    ImpostaMenu(this, {{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New, [this] { mnuNew_Click(); }},
-                       {u"mnuStampa"_s, u"Stampa"_s, QKeySequence::Print, [this] { mnuStampa_Click(); }}});
+    Comandi = new ComandiCalcolo(this, ParteComandi());
+    ImpostaMenu(
+        this,
+        QList<VoceMenu>{{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New, [this] { mnuNew_Click(); }},
+                        {u"mnuStampa"_s, u"Stampa"_s, QKeySequence::Print, [this] { mnuStampa_Click(); }}} +
+            Comandi->Voci(true));
     {
         const QSignalBlocker Zitta(ui->cmbIncrTipo);
         for (const QStringView Voce : VociIncremento)
@@ -61,6 +65,7 @@ frmTermini::frmTermini() : ui(std::make_unique<Ui::frmTermini>())
     Collegamenti();
     ui->mskDecorr->ImpostaTesto(u"  /  /    "_s);
     ui->Calendario->ImpostaData(Oggi());
+    Comandi->Aggiorna();
 }
 
 frmTermini::~frmTermini() = default;
@@ -221,6 +226,7 @@ void frmTermini::MostraRisultato(const QString& Testo, const QString& Avviso)
     ui->Calendario->ImpostaData(DataCorrente);
     Segna();
     FaiPosto(this);
+    Comandi->Ricorda();
 }
 
 void frmTermini::cmdCalend_Click(int Indice)
@@ -237,6 +243,13 @@ void frmTermini::cmdAvvertenze_Click()
 
 void frmTermini::mnuNew_Click()
 {
+    Svuota();
+    ui->mskDecorr->setFocus();
+    Campanello();
+}
+
+void frmTermini::Svuota()
+{
     ui->mskDecorr->ImpostaTesto({});
     ui->txtIncrNum->clear();
     ui->cmbIncrTipo->setCurrentIndex(-1);
@@ -249,15 +262,12 @@ void frmTermini::mnuNew_Click()
     Catena.reset();
     MostraScelto();
     Pulisci();
-    ui->mskDecorr->setFocus();
-    Campanello();
 }
 
 void frmTermini::mnuStampa_Click()
 {
     if (Scelta->InVigore() || Catena) {
-        MostraStampa(u": calcolo termini"_s,
-                     [this](Superficie& vp) { return StampaStrada(vp, RigheChieste(), PartiDi(Contati)); });
+        MostraStampa(u": calcolo termini"_s, [this](Superficie& vp) { return StampaScheda(vp, Scheda()); });
         return;
     }
     MostraStampa(u": calcolo termini"_s, [this](Superficie& vp) {
@@ -284,6 +294,7 @@ void frmTermini::Abilita()
 {
     for (QPushButton* Pulsante : {ui->cmdStrada, ui->cmdAgenda})
         Pulsante->setEnabled(!Contati.isEmpty());
+    Comandi->Aggiorna();
 }
 
 CampiNorme frmTermini::CampiDelleNorme() const
@@ -343,6 +354,13 @@ void frmTermini::cmdRicorrenti_Click()
 
 void frmTermini::UsaTermine(const TermineRicorrente& Termine)
 {
+    MettiTermine(Termine);
+    CalcolaSeData();
+}
+
+/// Fills the boxes with a row of the catalogue.
+void frmTermini::MettiTermine(const TermineRicorrente& Termine)
+{
     const RichiestaTermine Chiesto = RichiestaTermineDi(Termine, {});
     Catena.reset();
     Scelto.reset();
@@ -355,7 +373,6 @@ void frmTermini::UsaTermine(const TermineRicorrente& Termine)
     Scelto = Termine;
     MostraScelto();
     Pulisci();
-    CalcolaSeData();
 }
 
 /// The Saturday of a row of the catalogue, which the program's own rules have for no backward term.
@@ -366,12 +383,17 @@ void frmTermini::SpuntaSabato(const OpzioniTermine& DelTermine)
 
 void frmTermini::UsaCatena(const CatenaTermini& Presa)
 {
+    MettiCatena(Presa);
+    CalcolaSeData();
+}
+
+void frmTermini::MettiCatena(const CatenaTermini& Presa)
+{
     Scelto.reset();
     Catena = Presa;
     ui->txtIncrNum->clear();
     MostraScelto();
     Pulisci();
-    CalcolaSeData();
 }
 
 /// A term picked behind its start date is wanted at once.
@@ -468,7 +490,7 @@ void frmTermini::cmdStrada_Click()
         return;
     if (!Strade)
         Strade = new frmStrada(this);
-    Strade->Mostra(PartiDi(Contati), RigheChieste(),
+    Strade->Mostra(PartiDi(Contati), RigheChieste(), RigheEta(*Scelta),
                    [this](const QDate& Giorno) { return Scelta->Festivo(Giorno); });
 }
 
@@ -477,4 +499,57 @@ void frmTermini::cmdAgenda_Click()
     if (Contati.isEmpty())
         return;
     (new frmAgenda(this, Contati, Scelta->Insieme()))->Mostra();
+}
+
+// ---- sheet and list -------------------------------------------------------------------------------
+
+ParteDelCalcolo frmTermini::ParteComandi()
+{
+    ParteDelCalcolo Parte;
+    Parte.Quale = Calcolatrice::Termini;
+    Parte.Campi = {CampoDi(ui->cmbNorme), CampoCatalogo(), CampoDi(ui->mskDecorr),
+                   CampoDi(Inizio->Casella())};
+    for (QWidget* Campo : std::initializer_list<QWidget*>{ui->txtIncrNum, ui->cmbIncrTipo, ui->chkSosp,
+                                                          ui->chkLibero, ui->chkSabato, ui->optTipoScad_1})
+        Parte.Campi << CampoDi(Campo);
+    Parte.Campi << CampoMateria(ui->cmbMateria);
+    Parte.Nome = [this] {
+        const QString Che = Catena ? Catena->Titolo : NomeTermine(Contati.first());
+        return Che + u" dal "_s + Format(Contati.first().Decorrenza, u"dd/mm/yyyy");
+    };
+    Parte.Esito = [this] { return EsitoInRiga(Contati); };
+    Parte.Scheda = [this] { return Scheda(); };
+    Parte.Suffisso = u": calcolo termini"_s;
+    Parte.Prepara = [this] { Svuota(); };
+    Parte.Calcola = [this] { cmdEsegui_Click(); };
+    return Parte;
+}
+
+/// The term or the chain that was picked, by its code.
+CampoRicordato frmTermini::CampoCatalogo()
+{
+    return {u"catalogo"_s, [this] { return Catena   ? Catena->Codice
+                                           : Scelto ? Scelto->Codice
+                                                    : QString(); },
+            [this](const QString& Codice) {
+                if (Codice.isEmpty())
+                    return true;
+                const auto Lette = Scelta->Lette();
+                if (!Lette)
+                    return false;
+                if (const CatenaTermini* Presa = TrovaCatena(*Lette, Codice)) {
+                    MettiCatena(*Presa);
+                    return true;
+                }
+                const TermineRicorrente* Preso = TrovaTermine(*Lette, Codice);
+                if (!Preso || Preso->Regola)
+                    return false;
+                MettiTermine(*Preso);
+                return true;
+            }};
+}
+
+SchedaCalcolo frmTermini::Scheda() const
+{
+    return SchedaStrada(RigheChieste(), PartiDi(Contati), RigheEta(*Scelta));
 }

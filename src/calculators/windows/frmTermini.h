@@ -76,10 +76,17 @@ private:
     [[nodiscard]] CampiTermini Campi() const;
     [[nodiscard]] QStringList RigheChieste() const;
     [[nodiscard]] CampiNorme CampiDelleNorme() const;
+    void MettiTermine(const TermineRicorrente& Termine);
+    void MettiCatena(const CatenaTermini& Presa);
+    void Svuota();
+    [[nodiscard]] ParteDelCalcolo ParteComandi();
+    [[nodiscard]] CampoRicordato CampoCatalogo();
+    [[nodiscard]] SchedaCalcolo Scheda() const;
 
     std::unique_ptr<Ui::frmTermini> ui;
     std::unique_ptr<SceltaNorme> Scelta;
     std::unique_ptr<RigaInizio> Inizio;
+    ComandiCalcolo* Comandi = nullptr;
     QDate DataCorrente;                       ///< the due date of the result, the last one of a chain
     QList<TermineContato> Contati;            ///< the result
     std::optional<TermineRicorrente> Scelto;  ///< from the catalogue, as long as the boxes are its own

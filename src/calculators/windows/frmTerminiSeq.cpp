@@ -27,8 +27,12 @@ frmTerminiSeq::frmTerminiSeq() : ui(std::make_unique<Ui::frmTerminiSeq>())
     Inizio = std::make_unique<RigaInizio>(ui->modulo, 2, [this] { Pulisci(); });
     setTabOrder(ui->mskDecorr, Inizio->Casella());
     setTabOrder(Inizio->Casella(), ui->chkSosp);
-    ImpostaMenu(this, {{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New, [this] { mnuNew_Click(); }},
-                       {u"mnuPrint"_s, u"Stampa"_s, QKeySequence::Print, [this] { mnuPrint_Click(); }}});
+    Comandi = new ComandiCalcolo(this, ParteComandi());
+    ImpostaMenu(
+        this,
+        QList<VoceMenu>{{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New, [this] { mnuNew_Click(); }},
+                        {u"mnuPrint"_s, u"Stampa"_s, QKeySequence::Print, [this] { mnuPrint_Click(); }}} +
+            Comandi->Voci(true));
     ElencaArticoli();
     constexpr double Ingrandimento = 1.15;
     constexpr int RigheRisultato = 6;  // three links, a blank line before each
@@ -39,6 +43,7 @@ frmTerminiSeq::frmTerminiSeq() : ui(std::make_unique<Ui::frmTerminiSeq>())
     Collegamenti();
     ui->mskDecorr->ImpostaTesto(u"  /  /    "_s);
     ui->Calendario->ImpostaData(Oggi());
+    Comandi->Aggiorna();
 }
 
 frmTerminiSeq::~frmTerminiSeq() = default;
@@ -165,6 +170,7 @@ void frmTerminiSeq::MostraRisultato(const QString& Avviso)
     Segna();
     Campanello();
     FaiPosto(this);
+    Comandi->Ricorda();
 }
 
 void frmTerminiSeq::cmdCalend_Click()
@@ -179,23 +185,28 @@ void frmTerminiSeq::cmdAvvertenze_Click()
 
 void frmTerminiSeq::mnuNew_Click()
 {
+    Svuota(true);
+    ui->mskDecorr->setFocus();
+    Campanello();
+}
+
+void frmTerminiSeq::Svuota(bool Sospensione)
+{
     ui->mskDecorr->ImpostaTesto({});
     Inizio->Svuota();
     ui->Calendario->hide();
     ui->cmbArticolo->setCurrentIndex(0);
-    ui->chkSosp->setChecked(true);
+    ui->chkSosp->setChecked(Sospensione);
     ui->chkSabato->setChecked(false);
     ui->cmbMateria->setCurrentIndex(0);
     Pulisci();
-    ui->mskDecorr->setFocus();
-    Campanello();
 }
 
 void frmTerminiSeq::mnuPrint_Click()
 {
     if (Scelta->InVigore()) {
         MostraStampa(u": calcolo termini sequenziali"_s,
-                     [this](Superficie& vp) { return StampaStrada(vp, RigheChieste(), PartiDi(Contati)); });
+                     [this](Superficie& vp) { return StampaScheda(vp, Scheda()); });
         return;
     }
     MostraStampa(u": calcolo termini sequenziali"_s, [this](Superficie& vp) {
@@ -270,6 +281,7 @@ void frmTerminiSeq::Abilita()
 {
     for (QPushButton* Pulsante : {ui->cmdStrada, ui->cmdAgenda})
         Pulsante->setEnabled(!Contati.isEmpty());
+    Comandi->Aggiorna();
 }
 
 /// The links with their steps, by the program's own rules.
@@ -299,6 +311,10 @@ QStringList frmTerminiSeq::RigheChieste() const
 {
     QStringList Righe{u"Termini: "_s + ui->cmbArticolo->currentText(),
                       EventoMostrato() + u": "_s + ui->mskDecorr->Testo()};
+    const auto SiNo = [](bool Segno) { return Segno ? u"Sì"_s : u"No"_s; };
+    if (!Scelta->InVigore())
+        Righe << u"Sospensione feriale: "_s + SiNo(Opzioni().Sospensione)
+              << u"Proroga del sabato: "_s + SiNo(Opzioni().Sabato);
     if (!MateriaScelta(CampiDelleNorme(), *Scelta).isEmpty())
         Righe << u"Materia: "_s + ui->cmbMateria->currentText();
     return Righe << RigaNorme(Scelta->Insieme());
@@ -315,7 +331,7 @@ void frmTerminiSeq::cmdStrada_Click()
         return;
     if (!Strade)
         Strade = new frmStrada(this);
-    Strade->Mostra(PartiDi(Contati), RigheChieste(),
+    Strade->Mostra(PartiDi(Contati), RigheChieste(), RigheEta(*Scelta),
                    [this](const QDate& Giorno) { return Scelta->Festivo(Giorno); });
 }
 
@@ -323,4 +339,32 @@ void frmTerminiSeq::cmdAgenda_Click()
 {
     if (!Contati.isEmpty())
         (new frmAgenda(this, Contati, Scelta->Insieme()))->Mostra();
+}
+
+// ---- sheet and list -------------------------------------------------------------------------------
+
+ParteDelCalcolo frmTerminiSeq::ParteComandi()
+{
+    ParteDelCalcolo Parte;
+    Parte.Quale = Calcolatrice::Sequenziali;
+    Parte.Campi = {CampoDi(ui->cmbNorme),  CampoDi(ui->cmbArticolo),   CampoMateria(ui->cmbMateria),
+                   CampoDi(ui->mskDecorr), CampoDi(Inizio->Casella()), CampoDi(ui->chkSosp),
+                   CampoDi(ui->chkSabato)};
+    Parte.Nome = [this] {
+        return ui->cmbArticolo->currentText() + u", "_s + EventoMostrato().toLower() + u" del "_s +
+               Format(CDate(SenzaSecolo(ui->mskDecorr->Testo())), u"dd/mm/yyyy");
+    };
+    Parte.Esito = [this] { return EsitoInRiga(Contati); };
+    Parte.Scheda = [this] { return Scheda(); };
+    Parte.Suffisso = u": calcolo termini sequenziali"_s;
+    Parte.Prepara = [this] { Svuota(false); };
+    Parte.Calcola = [this] { cmdEsegui_Click(); };
+    return Parte;
+}
+
+SchedaCalcolo frmTerminiSeq::Scheda() const
+{
+    SchedaCalcolo Tutta = SchedaStrada(RigheChieste(), PartiDi(Contati), RigheEta(*Scelta));
+    Tutta.Titolo = u"CALCOLO TERMINI SEQUENZIALI"_s;
+    return Tutta;
 }

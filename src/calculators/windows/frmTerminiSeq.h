@@ -64,12 +64,16 @@ private:
     [[nodiscard]] QList<TermineContato> DelProgramma() const;
     [[nodiscard]] QStringList RigheChieste() const;
     [[nodiscard]] CampiNorme CampiDelleNorme() const;
+    void Svuota(bool Sospensione);
+    [[nodiscard]] ParteDelCalcolo ParteComandi();
+    [[nodiscard]] SchedaCalcolo Scheda() const;
     [[nodiscard]] OpzioniTermine Opzioni() const;
     [[nodiscard]] CampiTermini Campi() const;
 
     std::unique_ptr<Ui::frmTerminiSeq> ui;
     std::unique_ptr<SceltaNorme> Scelta;
     std::unique_ptr<RigaInizio> Inizio;
+    ComandiCalcolo* Comandi = nullptr;
     QList<TermineContato> Contati;  ///< the result
     QString Risultato;              ///< its caption, by the program's own rules with the CR LF of its sheet
     QPointer<frmStrada> Strade;

@@ -90,7 +90,7 @@ void PannelloVigente::Colonne()
 
 void PannelloVigente::Collegamenti()
 {
-    const auto Cambiato = [this] { Calcola(); };
+    const auto Ricalcola = [this] { Calcola(); };
     FiltraTasti(ui->txtValoreVigente, u","_s);
     FiltraTasti(ui->txtRicorrenti, u"0123456789"_s);
     AlLasciaSempre(ui->mskDeposito, [this] {
@@ -100,17 +100,20 @@ void PannelloVigente::Collegamenti()
     AlLasciaSempre(ui->txtValoreVigente, [this] {
         if (IsNumeric(ui->txtValoreVigente->text()))
             ui->txtValoreVigente->setText(Euro(CDbl(ui->txtValoreVigente->text())));
+        if (ValoreLasciato)
+            ValoreLasciato();
         return true;
     });
     Collega(ui->cmbProcedimento, &QComboBox::currentIndexChanged, this, [this] { CambiaProcedimento(); });
-    Collega(ui->cmbGrado, &QComboBox::currentIndexChanged, this, Cambiato);
+    Collega(ui->cmbGrado, &QComboBox::currentIndexChanged, this, Ricalcola);
     for (QLineEdit* Casella :
          std::initializer_list<QLineEdit*>{ui->mskDeposito, ui->txtValoreVigente, ui->txtRicorrenti})
-        Collega(Casella, &QLineEdit::textChanged, this, Cambiato);
+        Collega(Casella, &QLineEdit::textChanged, this, Ricalcola);
     for (const QCheckBox* Spunta :
          {ui->chkDimezzato, ui->chkImprese, ui->chkOmessi, ui->chkRespinta, ui->chkNotifiche})
-        Collega(Spunta, &QCheckBox::toggled, this, Cambiato);
-    CopiaConClic(ui->cmdCopiaVigente, [this] { return TestoCopia(); });
+        Collega(Spunta, &QCheckBox::toggled, this, Ricalcola);
+    CopiaConClic(
+        ui->cmdCopiaVigente, [this] { return TestoCopia(); }, [this] { return RigheCopia(); });
 }
 
 void PannelloVigente::Imposta(std::shared_ptr<const Norme> DiLegge)
@@ -239,6 +242,8 @@ void PannelloVigente::Mostra(const EsitoContributo& Esito)
     ui->lblNoteVigente->setText(Esito.Note.join(u'\n'));
     ui->cmdCopiaVigente->setEnabled(Trovato);
     Q_EMIT Calcolato();
+    if (Trovato && isVisible())
+        Annuncia(ui->lblVigente);
 }
 
 void PannelloVigente::MostraErrore(const QString& Frase)
@@ -285,4 +290,53 @@ QList<SpesaDiLegge> PannelloVigente::Spese() const
 void PannelloVigente::AggiungiAccanto(QWidget* Cosa)
 {
     ui->rigaCifra->addWidget(Cosa);
+}
+
+/// The same as rows of a table.
+QList<QStringList> PannelloVigente::RigheCopia() const
+{
+    SchedaCalcolo Scheda;
+    if (!Passi.isEmpty())
+        Scheda.Sezioni << Sezione();
+    return RigheScheda(Scheda);
+}
+
+QString PannelloVigente::Chiesto() const
+{
+    const ProcedimentoContributo* Scelto = Procedimento();
+    if (!Scelto)
+        return {};
+    const QString Valore = ui->txtValoreVigente->text();
+    return Scelto->AValore && !Valore.isEmpty() ? Scelto->Categoria + u", valore "_s + Valore
+                                                : Scelto->Categoria;
+}
+
+SezioneScheda PannelloVigente::Sezione() const
+{
+    SezioneScheda Parte;
+    if (Passi.isEmpty())
+        return Parte;
+    Parte.Titolo = u"Importi in vigore: "_s + Chiesto();
+    Parte.Risultato = u"Contributo unificato al "_s + Format(*ui->mskDeposito->Data(), u"dd/mm/yyyy") +
+                      u": "_s + Importo() + u" euro"_s;
+    Parte.Tabella.Colonne = {{u"Come si arriva all'importo"_s, u"8.4cm"_s},
+                             {u"Euro"_s, u"2.6cm"_s, Allineamento::Destra},
+                             {u"Norma"_s, u"6.4cm"_s}};
+    for (const PassoContributo& Passo : Passi)
+        Parte.Tabella.Righe << QStringList{TestoDi(Passo), Euro(Passo.Euro), NormaDi(Passo)};
+    for (const QLabel* Sotto : {ui->lblTotaleVigente, ui->lblNoteVigente})
+        if (!Sotto->text().isEmpty())
+            Parte.Note << Sotto->text().split(u'\n');
+    return Parte;
+}
+
+QStringList PannelloVigente::EtaNote() const
+{
+    return Insieme ? RigheEta(EtaNorme(*Insieme, Oggi())) : QStringList();
+}
+
+QList<QWidget*> PannelloVigente::Campi() const
+{
+    return {ui->cmbProcedimento, ui->mskDeposito, ui->txtValoreVigente, ui->cmbGrado,    ui->txtRicorrenti,
+            ui->chkDimezzato,    ui->chkImprese,  ui->chkOmessi,        ui->chkRespinta, ui->chkNotifiche};
 }

@@ -2,12 +2,14 @@
 // amount, and the norm of each step to it.
 #pragma once
 
+#include "calculators/modScheda.h"
 #include "calculators/norme/contributovigente.h"
 #include "calculators/norme/etadati.h"
 #include "platform/base/tabellarighe.h"
 
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -34,6 +36,18 @@ public:
     /// Behind the amount and its button.
     void AggiungiAccanto(QWidget* Cosa);
 
+    /// What was asked, in a few words: the proceeding and the value.
+    [[nodiscard]] QString Chiesto() const;
+    /// The calculation as a part of a sheet; without rows while there is none.
+    [[nodiscard]] SezioneScheda Sezione() const;
+    /// How far the norms are known.
+    [[nodiscard]] QStringList EtaNote() const;
+    /// The boxes in the order in which they are put back.
+    [[nodiscard]] QList<QWidget*> Campi() const;
+
+    /// The value was left, by whoever typed it.
+    std::function<void()> ValoreLasciato;
+
 Q_SIGNALS:
     void Calcolato();  ///< the amount may be another one
 
@@ -48,6 +62,7 @@ private:
     /// What is asked; none while the date or the value lacks, whose sentence is shown.
     [[nodiscard]] std::optional<RichiestaContributo> Richiesta();
     [[nodiscard]] QString TestoCopia() const;
+    [[nodiscard]] QList<QStringList> RigheCopia() const;
 
     std::unique_ptr<Ui::PannelloVigente> ui;
     std::shared_ptr<const Norme> Insieme;

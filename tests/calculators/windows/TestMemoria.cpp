@@ -7,6 +7,7 @@
 #include "calculators/windows/frmIstat.h"
 #include "calculators/windows/frmTermini.h"
 #include "calculators/windows/frmTerminiSeq.h"
+#include "calculators/windows/frmUltimiCalcoli.h"
 #include "supporto/memoria.h"
 
 using namespace Qt::StringLiterals;
@@ -19,6 +20,21 @@ void ApriEChiudi()
     auto* Finestra = new Modulo;
     Finestra->Mostra();
     Respiro();
+    Chiudi(Finestra);
+    Respiro();
+}
+
+/// A calculator with its list over it, another calculation remembered each time.
+void ConLElenco()
+{
+    static int Volta = 0;
+    auto* Finestra = new frmContrib;
+    Finestra->Mostra();
+    Respiro();
+    Scrivi(Finestra, "txtValore_0", QString::number(1000 + ++Volta));
+    DalMenu(Finestra, "mnuUltimi");
+    Respiro();
+    Chiudi(Finestra->findChild<frmUltimiCalcoli*>());
     Chiudi(Finestra);
     Respiro();
 }
@@ -47,6 +63,7 @@ void TestMemoria::molteComeUna_data()
     QTest::newRow("interessi") << Giro(ApriEChiudi<frmInteressi>);
     QTest::newRow("istat") << Giro(ApriEChiudi<frmIstat>);
     QTest::newRow("codice fiscale") << Giro(ApriEChiudi<frmCodFis>);
+    QTest::newRow("con l'elenco degli ultimi calcoli") << Giro(ConLElenco);
     QTest::newRow("contributo") << Giro(ApriEChiudi<frmContrib>);
 }
 

@@ -1,6 +1,7 @@
 // What the tests of the calculators' windows share: a fixed day, folders, everything opened written down.
 #pragma once
 
+#include "calculators/ultimicalcoli.h"
 #include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
@@ -8,6 +9,7 @@
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/mascheradata.h"
+#include "platform/system/cartelle.h"
 #include "platform/system/guasti.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
@@ -39,6 +41,7 @@ public:
         AzzeraSessione();
         sessione::PercorsoProg = ProgrammaDiProva();
         sessione::UserFolder = NuovaCartella();
+        ScartaFile(FileCalcoli());
         Aperture = {};
         Aperture.Aggiorna = [this](const QString& Parola) { Aperti << u"aggiorna [%1]"_s.arg(Parola); };
         Aperture.PaginaWeb = [this](const QString& Pagina, const QString& Titolo) {
