@@ -18,13 +18,13 @@ struct ElementoIstat
 
 // In the order in which one reads the calculation.
 constexpr std::array Elementi{
-    ElementoIstat{u"Importo da rivalutare", &RisultatiIstat::lblImporto},
+    ElementoIstat{u"Importo da rivalutare, euro", &RisultatiIstat::lblImporto},
     ElementoIstat{u"Indice finale", &RisultatiIstat::lblIndFin},
     ElementoIstat{u"Coefficiente di raccordo", &RisultatiIstat::lblCoeffRacc},
     ElementoIstat{u"Indice iniziale", &RisultatiIstat::lblIndIni},
     ElementoIstat{u"Coefficiente di rivalutazione", &RisultatiIstat::lblCoeffRiv},
-    ElementoIstat{u"Importo rivalutato", &RisultatiIstat::lblImpRival},
-    ElementoIstat{u"Rivalutazione", &RisultatiIstat::lblRivalutaz},
+    ElementoIstat{u"Importo rivalutato, euro", &RisultatiIstat::lblImpRival},
+    ElementoIstat{u"Rivalutazione, euro", &RisultatiIstat::lblRivalutaz},
     ElementoIstat{u"Variazione percentuale", &RisultatiIstat::lblVarPerc},
 };
 
@@ -110,7 +110,7 @@ SchedaCalcolo SchedaIstat(const DatiIstat& Dati, const RisultatiIstat& Risultati
         return Scheda;
     SezioneScheda Conto;
     Conto.Risultato = u"Importo rivalutato: "_s + Risultati.lblImpRival.trimmed() + u" euro"_s;
-    Conto.Tabella.Colonne = {{u"Elementi di calcolo, in euro"_s, u"8cm"_s},
+    Conto.Tabella.Colonne = {{u"Elementi di calcolo"_s, u"8cm"_s},
                              {u"Valore"_s, u"6cm"_s, Allineamento::Destra}};
     for (const ElementoIstat& Elemento : Elementi)
         Conto.Tabella.Righe << QStringList{Elemento.Nome.toString(),
@@ -128,10 +128,10 @@ SchedaCalcolo SchedaCodFis(const PersonaCodFis& Persona, const QString& Avverten
     Scheda.Dati = {u"Cognome: "_s + Persona.Cognome, u"Nome: "_s + Persona.Nome,
                    u"Data di nascita: "_s + Persona.Nascita, u"Sesso: "_s + Persona.Sesso,
                    u"Comune di nascita: "_s + Persona.Comune};
-    Scheda.Norme = {Avvertenza};
+    Scheda.Norme = {u"D.M. 12 marzo 1974"_s};
     Scheda.EtaDati = EtaDati;
     if (!Persona.Codice.isEmpty())
-        Scheda.Sezioni << SezioneScheda{{}, u"Codice fiscale: "_s + Persona.Codice, {}, {}};
+        Scheda.Sezioni << SezioneScheda{{}, u"Codice fiscale: "_s + Persona.Codice, {}, {Avvertenza}};
     return Scheda;
 }
 
@@ -178,9 +178,6 @@ SchedaCalcolo SchedaContributo(const TestiContributo& Valori, const TestiContrib
 {
     SchedaCalcolo Scheda;
     Scheda.Titolo = u"CONTRIBUTO UNIFICATO"_s;
-    Scheda.Norme = {
-        u"D.p.r. n. 115 del 30 maggio 2002 - importi aggiornati al D.L. n. 90 del 24/6/2014, in vigore "
-        "dal 24 giugno 2014"_s};
     SezioneScheda Pagina;
     Pagina.Tabella.Colonne = {{u"Procedimento"_s, u"10.4cm"_s},
                               {u"Valore"_s, u"3.5cm"_s, Allineamento::Destra},
@@ -189,6 +186,10 @@ SchedaCalcolo SchedaContributo(const TestiContributo& Valori, const TestiContrib
         if (!Contributi[size_t(Campo)].isEmpty())
             Pagina.Tabella.Righe << QStringList{NomeCampo(Campo), Valori[size_t(Campo)],
                                                 Contributi[size_t(Campo)]};
+    // The amounts of this table and of no other: those in force stand on the same sheet.
+    Pagina.Note = {
+        u"Tabella: D.p.r. n. 115 del 30 maggio 2002, importi aggiornati al D.L. n. 90 del 24/6/2014, in "
+        "vigore dal 24 giugno 2014."_s};
     if (!Pagina.Tabella.Righe.isEmpty())
         Scheda.Sezioni << Pagina;
     return Scheda;

@@ -17,6 +17,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -46,8 +47,8 @@ QString UnaRiga(const QString& Testo)
     Pulito = QString::fromUtf8(Pulito.toUtf8()).simplified();
     if (Pulito.size() <= MassimoRiga)
         return Pulito;
-    const bool InMezzo = Pulito[MassimoRiga - 1].isHighSurrogate();
-    return Pulito.first(MassimoRiga - (InMezzo ? 1 : 0)).trimmed();
+    const bool InMezzo = Pulito[MassimoRiga - 2].isHighSurrogate();
+    return Pulito.first(MassimoRiga - (InMezzo ? 2 : 1)).trimmed() + u'…';
 }
 
 /// A calculation of which nothing is missing and nothing too long.
@@ -78,6 +79,7 @@ CalcoloRicordato Letto(const QJsonObject& Voce)
     Calcolo.Nome = UnaRiga(Voce[u"nome"].toString());
     Calcolo.Esito = UnaRiga(Voce[u"esito"].toString());
     Calcolo.Quando = QDateTime::fromString(Voce[u"quando"].toString(), FormaTempo);
+    Calcolo.NomeDato = Voce[u"dato"].toBool();
     const QJsonObject Campi = Voce[u"campi"].toObject();
     for (auto Campo = Campi.begin(); Campo != Campi.end(); ++Campo)
         if (Campo.value().isString())
@@ -90,10 +92,13 @@ QJsonObject Scritto(const CalcoloRicordato& Calcolo)
     QJsonObject Campi;
     for (auto Campo = Calcolo.Campi.begin(); Campo != Calcolo.Campi.end(); ++Campo)
         Campi.insert(Campo.key(), Campo.value());
-    return {{u"nome"_s, Calcolo.Nome},
-            {u"esito"_s, Calcolo.Esito},
-            {u"quando"_s, Calcolo.Quando.toString(FormaTempo)},
-            {u"campi"_s, Campi}};
+    QJsonObject Voce{{u"nome"_s, Calcolo.Nome},
+                     {u"esito"_s, Calcolo.Esito},
+                     {u"quando"_s, Calcolo.Quando.toString(FormaTempo)},
+                     {u"campi"_s, Campi}};
+    if (Calcolo.NomeDato)
+        Voce.insert(u"dato"_s, true);
+    return Voce;
 }
 
 auto ConCampi(const QMap<QString, QString>& Campi)
@@ -131,13 +136,15 @@ void Cambia(const std::function<void(ElencoCalcoli&)>& Fai)
     CreaCartellaPrivata(CartellaDati());
     ATurno(FileCalcoli(), u".~"_s + NomeFile(FileCalcoli()) + u".lock"_s, [&] {
         ElencoCalcoli Elenco = Letti(Guasto);
+        if (Guasto)
+            SostituisciFile(FileCalcoli(), FileCalcoliGuasto());
         const ElencoCalcoli Prima = Elenco;
         Fai(Elenco);
-        if (Guasto || Elenco != Prima)
+        if (Elenco != Prima)
             Posa(Elenco);
     });
     if (Guasto)
-        MsgBox(FraseElencoGuasto.toString(), vbExclamation, TitoloMessaggio.toString());
+        MsgBox(FraseElencoGuasto(), vbExclamation, TitoloMessaggio.toString());
 }
 
 }  // namespace
@@ -177,6 +184,17 @@ QString FileCalcoli()
     return CartellaDati() + u"calcoli.json"_s;
 }
 
+QString FileCalcoliGuasto()
+{
+    return FileCalcoli() + u".guasto"_s;
+}
+
+QString FraseElencoGuasto()
+{
+    return u"L'elenco degli ultimi calcoli non si può leggere e ricomincia vuoto. Quello di prima resta in "_s +
+           FileCalcoliGuasto();
+}
+
 QList<CalcoloRicordato> UltimiCalcoli(Calcolatrice Quale)
 {
     bool Guasto = false;
@@ -196,8 +214,11 @@ void RicordaCalcolo(Calcolatrice Quale, const CalcoloRicordato& Calcolo,
         return;
     Cambia([&](ElencoCalcoli& Elenco) {
         QList<CalcoloRicordato>& Lista = Elenco[size_t(Quale)];
-        if (const auto Uguale = std::ranges::find_if(Lista, ConCampi(Nuovo.Campi)); Uguale != Lista.end())
-            Nuovo.Nome = Uguale->Nome;
+        for (const CalcoloRicordato& Vecchio : std::as_const(Lista))
+            if (Vecchio.NomeDato && (Vecchio.Campi == Nuovo.Campi || Vecchio.Campi == Sostituisce)) {
+                Nuovo.Nome = Vecchio.Nome;
+                Nuovo.NomeDato = true;
+            }
         Lista.removeIf(ConCampi(Nuovo.Campi));
         Lista.removeIf(ConCampi(Sostituisce));
         Lista.prepend(Nuovo);
@@ -212,8 +233,10 @@ void RinominaCalcolo(Calcolatrice Quale, const QMap<QString, QString>& Campi, co
         return;
     Cambia([&](ElencoCalcoli& Elenco) {
         for (CalcoloRicordato& Calcolo : Elenco[size_t(Quale)])
-            if (Calcolo.Campi == Campi)
+            if (Calcolo.Campi == Campi) {
                 Calcolo.Nome = Riga;
+                Calcolo.NomeDato = true;
+            }
     });
 }
 
@@ -225,6 +248,7 @@ void DimenticaCalcolo(Calcolatrice Quale, const QMap<QString, QString>& Campi)
 void SvuotaCalcoli(Calcolatrice Quale)
 {
     Cambia([&](ElencoCalcoli& Elenco) { Elenco[size_t(Quale)].clear(); });
+    ScartaFile(FileCalcoliGuasto());
 }
 
 void ImpostaRicordo(bool Ricorda)

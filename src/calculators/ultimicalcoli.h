@@ -27,6 +27,7 @@ struct CalcoloRicordato
     QDateTime Quando;  ///< local time, to the second
     /// What the window had in its boxes, by their names.
     QMap<QString, QString> Campi;
+    bool NomeDato = false;  ///< the name is the user's
 
     friend bool operator==(const CalcoloRicordato&, const CalcoloRicordato&) = default;
 };
@@ -47,16 +48,18 @@ using ElencoCalcoli = std::array<QList<CalcoloRicordato>, NomiCalcolatrici.size(
 /// Full path of the file; it need not be there.
 [[nodiscard]] QString FileCalcoli();
 
-/// What the damaged file is told with; it is empty from then on.
-inline constexpr QStringView FraseElencoGuasto =
-    u"L'elenco degli ultimi calcoli era danneggiato e non si può leggere: ricomincia vuoto.";
+/// Where a file that cannot be read is put aside, by its name beside the other one: somebody may have given
+/// names in it, or a newer program have written it.
+[[nodiscard]] QString FileCalcoliGuasto();
+/// The sentence behind it.
+[[nodiscard]] QString FraseElencoGuasto();
 
-/// The list of a calculator. A damaged file is told once and emptied.
+/// The list of a calculator. A damaged file is told once and put aside.
 /// @throws Errore as LeggiFile and ScriviFile
 [[nodiscard]] QList<CalcoloRicordato> UltimiCalcoli(Calcolatrice Quale);
 
 /// Puts a calculation at the head of its list, unless the user wants none remembered. One with the same boxes
-/// goes, and its name stays. Long texts are cut.
+/// goes; a name that the user has given stays. Long texts are cut.
 /// @param Sostituisce the boxes of one whose place it takes: the same calculation, carried on; empty: none
 /// @throws Errore as above, 55 another program goes on writing the file
 void RicordaCalcolo(Calcolatrice Quale, const CalcoloRicordato& Calcolo,
@@ -67,7 +70,7 @@ void RicordaCalcolo(Calcolatrice Quale, const CalcoloRicordato& Calcolo,
 void RinominaCalcolo(Calcolatrice Quale, const QMap<QString, QString>& Campi, const QString& Nome);
 /// Takes one out of its list. @throws Errore as RicordaCalcolo
 void DimenticaCalcolo(Calcolatrice Quale, const QMap<QString, QString>& Campi);
-/// Takes all of a calculator out. @throws Errore as RicordaCalcolo
+/// Takes all of a calculator out, and what was put aside with them. @throws Errore as RicordaCalcolo
 void SvuotaCalcoli(Calcolatrice Quale);
 
 /// Whether calculations are remembered, for all calculators; what is in the lists stays.

@@ -204,14 +204,14 @@ void TestSchede::istat()
                                                  u"Dalla data: 01/01/2012"_s,
                                                  u"Alla data: 31/12/2013"_s,
                                                  u"Importo rivalutato: 1.018,64 euro"_s,
-                                                 u"Elementi di calcolo, in euro|Valore"_s,
-                                                 u"Importo da rivalutare|1.000,00"_s,
+                                                 u"Elementi di calcolo|Valore"_s,
+                                                 u"Importo da rivalutare, euro|1.000,00"_s,
                                                  u"Indice finale|120,2 dic 2013"_s,
                                                  u"Coefficiente di raccordo|1"_s,
                                                  u"Indice iniziale|118 gen 2012"_s,
                                                  u"Coefficiente di rivalutazione|1,01864"_s,
-                                                 u"Importo rivalutato|1.018,64"_s,
-                                                 u"Rivalutazione|18,64"_s}));
+                                                 u"Importo rivalutato, euro|1.018,64"_s,
+                                                 u"Rivalutazione, euro|18,64"_s}));
     QVERIFY(Foglio(vp).contains(u"Indici fino a ottobre 2026."_s));
 }
 
@@ -229,8 +229,9 @@ void TestSchede::codiceFiscale()
                                              u"Sesso: M"_s,
                                              u"Comune di nascita: Roma  RM  H501"_s,
                                              u"Codice fiscale: RSSMRA80A01H501U"_s,
-                                             u"Norme"_s,
                                              u"AVVERTENZA: x"_s,
+                                             u"Norme"_s,
+                                             u"D.M. 12 marzo 1974"_s,
                                              u"Dati"_s,
                                              u"Elenco al 31/05/2024"_s}));
 }
@@ -279,6 +280,9 @@ void TestSchede::contributo()
     QCOMPARE(Righe[0].mid(1), (QStringList{u"1.000,00"_s, u"21,50"_s}));
     QCOMPARE(Righe[1],
              (QStringList{u"Ricorsi tributari (art. 13, comma 6-quater)"_s, u"2.582,29"_s, u"60,00"_s}));
+    // The amounts of 2014 are said of this table, not of the sheet, which may hold others.
+    QVERIFY(Scheda.Norme.isEmpty());
+    QVERIFY(Scheda.Sezioni[0].Note.first().contains(u"D.L. n. 90 del 24/6/2014"));
     QVERIFY(SchedaContributo(Valori, {}).Sezioni.isEmpty());
 }
 

@@ -75,6 +75,7 @@ void TestUltimiCalcoli::init()
 {
     AzzeraSessione();
     ScartaFile(FileCalcoli());
+    ScartaFile(FileCalcoliGuasto());
 }
 
 void TestUltimiCalcoli::giro()
@@ -131,6 +132,12 @@ void TestUltimiCalcoli::sostituisce()
     RicordaCalcolo(Contributo, Fatto(u"altro"_s));
     RicordaCalcolo(Contributo, Fatto(u"dopo"_s), Prima.Campi);
     QCOMPARE(Nomi(Contributo), (QStringList{u"dopo"_s, u"altro"_s}));
+    // A name that was given goes on with it, one that was made of the inputs does not.
+    RinominaCalcolo(Contributo, Fatto(u"dopo"_s).Campi, u"Rossi c. Bianchi"_s);
+    RicordaCalcolo(Contributo, Fatto(u"ancora"_s), Fatto(u"dopo"_s).Campi);
+    QCOMPARE(Nomi(Contributo), (QStringList{u"Rossi c. Bianchi"_s, u"altro"_s}));
+    RicordaCalcolo(Contributo, Fatto(u"infine"_s), Fatto(u"ancora"_s).Campi);
+    QCOMPARE(Nomi(Contributo).first(), u"Rossi c. Bianchi"_s);
 }
 
 void TestUltimiCalcoli::rinominaDimenticaSvuota()
@@ -168,6 +175,7 @@ void TestUltimiCalcoli::unaRigaSola()
     const CalcoloRicordato Letto = UltimiCalcoli(Termini).first();
     QVERIFY(Letto.Nome.startsWith(u"due righe rovesciate xxx"));
     QCOMPARE(Letto.Nome.size(), 120);
+    QVERIFY(Letto.Nome.endsWith(u"x…"));
     QCOMPARE(Letto.Esito.size(), 120);
     QCOMPARE(Letto.Campi.value(u"lungo"_s).size(), 300);
 }
@@ -219,17 +227,24 @@ void TestUltimiCalcoli::guasti()
     QFETCH(QByteArray, Byte);
     Registratore Voce;
     Posa(Byte);
-    Voce.Attendi(FraseElencoGuasto.toString(), vbOK, u"Messaggio:"_s);
+    Voce.Attendi(FraseElencoGuasto(), vbOK, u"Messaggio:"_s);
     QVERIFY(UltimiCalcoli(Termini).isEmpty());
+    // It is somebody's work, or a newer program's: put aside, not lost.
+    QCOMPARE(LeggiFile(FileCalcoliGuasto()), Byte);
+    QVERIFY(FraseElencoGuasto().contains(FileCalcoliGuasto()));
     RicordaCalcolo(Termini, Fatto(u"a"_s));
     QCOMPARE(Nomi(Termini), QStringList{u"a"_s});
+    QCOMPARE(LeggiFile(FileCalcoliGuasto()), Byte);
+    // Whoever empties the list wants nothing of it kept.
+    SvuotaCalcoli(Termini);
+    QVERIFY(!EsisteFile(FileCalcoliGuasto()));
 }
 
 void TestUltimiCalcoli::guastoDettoUnaVolta()
 {
     Registratore Voce;
     Posa("guasto");
-    Voce.Attendi(FraseElencoGuasto.toString());
+    Voce.Attendi(FraseElencoGuasto());
     for (int i = 0; i < 3; ++i)
         QVERIFY(UltimiCalcoli(Istat).isEmpty());
     QCOMPARE(Voce.Mostrati().size(), 1);
@@ -239,7 +254,7 @@ void TestUltimiCalcoli::guastoDettoRicordando()
 {
     Registratore Voce;
     Posa("guasto");
-    Voce.Attendi(FraseElencoGuasto.toString());
+    Voce.Attendi(FraseElencoGuasto());
     RicordaCalcolo(Istat, Fatto(u"a"_s));
     QCOMPARE(Nomi(Istat), QStringList{u"a"_s});
 }

@@ -35,11 +35,14 @@ QString VoceDi(const QComboBox* Lista)
 
 bool ScegliVoce(QComboBox* Lista, const QString& Voce)
 {
-    int Quale = Lista->findData(Voce);
-    if (Voce.isEmpty() || Quale < 0)
+    // An entry of a file that lacks the field: a list with nothing chosen is none that its window knows.
+    int Quale = Voce.isEmpty() ? 0 : Lista->findData(Voce);
+    if (Quale < 0)
         Quale = Lista->findText(Voce, Qt::MatchExactly | Qt::MatchCaseSensitive);
-    Lista->setCurrentIndex(Quale);
-    return Quale >= 0 || Voce.isEmpty();
+    if (Quale < 0)
+        return false;
+    Lista->setCurrentIndex(Lista->count() > 0 ? Quale : -1);
+    return true;
 }
 
 /// True when a calculation keeps all that another one has, and adds to it.
@@ -114,15 +117,15 @@ QMap<QString, QString> ComandiCalcolo::Scritti() const
     return Tutti;
 }
 
-void ComandiCalcolo::Ricorda()
+void ComandiCalcolo::Ricorda(bool Rifatto)
 {
     static bool Riferito = false;
     const QString Esito = Parte.Esito();
     const QMap<QString, QString> Campi = Scritti();
-    if (Esito.isEmpty() || Campi == Ricordati)
+    if (Esito.isEmpty() || (Campi == Ricordati && !Rifatto))
         return;
     try {
-        RicordaCalcolo(Parte.Quale, {Parte.Nome(), Esito, Adesso(), Campi},
+        RicordaCalcolo(Parte.Quale, {Parte.Nome(), Esito, Adesso(), Campi, false},
                        Parte.Continua && Prosegue(Campi, Ricordati) ? Ricordati : QMap<QString, QString>{});
         Ricordati = Campi;
         Riferito = false;
@@ -132,11 +135,19 @@ void ComandiCalcolo::Ricorda()
     }
 }
 
+void ComandiCalcolo::RicordaDopo()
+{
+    QMetaObject::invokeMethod(
+        this, [this] { Ricorda(); }, Qt::QueuedConnection);
+}
+
 void ComandiCalcolo::Riprendi(const CalcoloRicordato& Calcolo)
 {
     Parte.Prepara();
     for (const CampoRicordato& Campo : std::as_const(Parte.Campi))
         if (const QString Valore = Calcolo.Campi.value(Campo.Nome); !Campo.Scrivi(Valore)) {
+            // Half of a calculation would be taken for another one.
+            Parte.Prepara();
             MsgErrore(u"Il calcolo non si può riprendere: \"%1\" non è più in elenco."_s.arg(Valore));
             return;
         }
@@ -171,7 +182,5 @@ void ComandiCalcolo::mnuUltimi_Click()
     Ricorda();
     auto* Elenco = new frmUltimiCalcoli(Modulo, Parte.Quale);
     Elenco->Scelto = [this](const CalcoloRicordato& Calcolo) { Riprendi(Calcolo); };
-    // A list that was emptied takes the calculation on view again when it is made again.
-    Elenco->Cambiato = [this] { Ricordati.clear(); };
     Elenco->Mostra();
 }

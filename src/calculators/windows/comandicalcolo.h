@@ -46,9 +46,12 @@ public:
     [[nodiscard]] QList<VoceMenu> Voci(bool HaStampa = false);
     /// Enables what has a result to work on; call it when one comes or goes.
     void Aggiorna();
-    /// Puts the calculation on view at the head of the list; nothing while there is none. A list that cannot
-    /// be written is told once and hinders nothing.
-    void Ricorda();
+    /// Puts the calculation on view at the head of the list; nothing while there is none, nor for the one
+    /// that was put there last, unless it has been made again: what the user has taken out does not come back
+    /// by itself. A list that cannot be written is told once and hinders nothing.
+    void Ricorda(bool Rifatto = false);
+    /// The same behind the events at hand, so that no key waits for the disk.
+    void RicordaDopo();
     /// Puts the boxes of a calculation back and computes.
     void Riprendi(const CalcoloRicordato& Calcolo);
 

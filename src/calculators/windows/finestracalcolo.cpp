@@ -251,6 +251,12 @@ void CopiaRisultato(QDialog* Modulo, QAbstractButton* Pulsante, const std::funct
                     const RigheCopia& Righe)
 {
     CopiaConClic(Pulsante, Testo, Righe);
+    CopiaConTasto(Modulo, Pulsante, Testo, Righe);
+}
+
+void CopiaConTasto(QDialog* Modulo, QAbstractButton* Pulsante, const std::function<QString()>& Testo,
+                   const RigheCopia& Righe)
+{
     auto* Azione = new QAction(Modulo);
     Azione->setShortcut(QKeySequence::Copy);
     Modulo->addAction(Azione);

@@ -58,6 +58,10 @@ void CopiaConClic(QAbstractButton* Pulsante, const std::function<QString()>& Tes
 void CopiaRisultato(QDialog* Modulo, QAbstractButton* Pulsante, const std::function<QString()>& Testo,
                     const RigheCopia& Righe = {});
 
+/// Ctrl+C alone, for a window whose button copies something else. `Pulsante` is where it is said.
+void CopiaConTasto(QDialog* Modulo, QAbstractButton* Pulsante, const std::function<QString()>& Testo,
+                   const RigheCopia& Righe = {});
+
 /// A caption of a result as one pastes it into a letter: no runs of blanks, no blank lines, "\n" between
 /// lines.
 [[nodiscard]] QString DidascaliaPulita(const QString& Didascalia);

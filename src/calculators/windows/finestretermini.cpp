@@ -279,12 +279,6 @@ CampoRicordato CampoMateria(QComboBox* cmbMateria)
 {
     CampoRicordato Campo = CampoDi(cmbMateria);
     Campo.Leggi = [cmbMateria] { return cmbMateria->currentData().toString(); };
-    Campo.Scrivi = [cmbMateria, Scegli = Campo.Scrivi](const QString& Valore) {
-        if (!Valore.isEmpty())
-            return Scegli(Valore);
-        cmbMateria->setCurrentIndex(cmbMateria->count() > 0 ? 0 : -1);
-        return true;
-    };
     return Campo;
 }
 

@@ -127,20 +127,26 @@ void frmCodFis::Collegamenti()
     // The last field has an Enter of its own: its list may be open.
     CatenaInvio({ui->txtCognome, ui->txtNome, ui->txtDataNascita, ui->cboSesso},
                 [this] { ui->txtComune->setFocus(Qt::TabFocusReason); });
-    CopiaRisultato(this, ui->cmdCopia, [this] { return TestoCopia(); });
+    CopiaConClic(ui->cmdCopia, [this] { return ui->txtCodiceFiscale->text(); });
+    CopiaConTasto(this, ui->cmdCopia, [this] { return TestoCopia(); });
+    for (QWidget* Casella : std::initializer_list<QWidget*>{ui->txtCognome, ui->txtNome, ui->txtDataNascita,
+                                                            ui->cboSesso, ui->txtCodiceFiscale, ui->txtLetto})
+        Casella->installEventFilter(this);
     CopiaConClic(
         ui->cmdCopiaLettura, [this] { return RigheLettura(Lettura, ComuneLetto()).join(u'\n'); },
         [this] { return RigheScheda(SchedaLettura(Lettura, ComuneLetto(), {})); });
     Collega(ui->txtLetto, &QLineEdit::textChanged, this, [this] { txtLetto_Change(); });
     AlLasciaSempre(ui->txtLetto, [this] {
         MostraLettura();
-        Comandi->Ricorda();
+        if (Lettura.Letto())
+            Comandi->Ricorda();
         return true;
     });
     Collega(ui->txtLetto, &QLineEdit::returnPressed, this, [this] {
         ui->txtLetto->selectAll();
         MostraLettura();
-        Comandi->Ricorda();
+        if (Lettura.Letto())
+            Comandi->Ricorda(true);
     });
     ScriviCodice({});
 }
@@ -164,6 +170,10 @@ bool frmCodFis::eventFilter(QObject* Oggetto, QEvent* Evento)
     if (Oggetto == Elenco->popup() && Evento->type() == QEvent::KeyPress &&
         static_cast<QKeyEvent*>(Evento)->key() == Qt::Key_Escape)
         Segnato.clear();
+    if (Evento->type() == QEvent::FocusIn && Oggetto != Elenco->popup()) {
+        NelLetto = Oggetto == ui->txtLetto;
+        Comandi->Aggiorna();
+    }
     if (Oggetto == ui->txtComune && Evento->type() == QEvent::FocusIn && ElencoAtteso)
         QMetaObject::invokeMethod(this, &frmCodFis::ProponiComuni, Qt::QueuedConnection);
     return QDialog::eventFilter(Oggetto, Evento);
@@ -197,7 +207,8 @@ void frmCodFis::cmdElabora_Click()
     }
     ScriviCodice(CalcoloCodFis(ui->txtCognome->text(), ui->txtNome->text(), *Nascita,
                                ui->cboSesso->currentText(), Campo.CodComune.trimmed()));
-    Comandi->Ricorda();
+    NelLetto = false;
+    Comandi->Ricorda(true);
     LasciaSelezione();
 }
 
@@ -347,6 +358,13 @@ QString frmCodFis::ComuneLetto() const
     return Comuni && Lettura.Letto() ? FraseComuni(Comuni->DelCodice(Lettura.CodiceComune)) : QString();
 }
 
+/// Of the two halves of the window the code that is read counts: the focus is or was there, or there is no
+/// other.
+bool frmCodFis::ValeLettura() const
+{
+    return Lettura.Letto() && (NelLetto || ui->txtCodiceFiscale->text().isEmpty());
+}
+
 /// What Ctrl+C takes: what a code says where the focus is in it or no other one is on view.
 QString frmCodFis::TestoCopia() const
 {
@@ -360,9 +378,45 @@ ParteDelCalcolo frmCodFis::ParteComandi()
 {
     ParteDelCalcolo Parte;
     Parte.Quale = Calcolatrice::CodiceFiscale;
+    Parte.Campi = CampiRicordati();
+    Parte.Nome = [this] {
+        const QString Persona = (ui->txtCognome->text() + u' ' + ui->txtNome->text()).simplified();
+        return ValeLettura()       ? u"Lettura di "_s + Lettura.Codice
+               : Persona.isEmpty() ? ui->txtCodiceFiscale->text()
+                                   : Persona;
+    };
+    Parte.Esito = [this] {
+        if (!ValeLettura())
+            return ui->txtCodiceFiscale->text();
+        QStringList Detto{FraseNascita(Lettura), FraseSesso(Lettura), ComuneLetto()};
+        if (!Lettura.Torna)
+            Detto << u"ultima lettera errata"_s;
+        Detto.removeAll(QString());
+        return Detto.join(u", "_s);
+    };
+    Parte.Scheda = [this] { return Scheda(); };
+    Parte.Suffisso = u": codice fiscale"_s;
+    Parte.Prepara = [this] { mnuNew_Click(); };
+    Parte.Calcola = [this] {
+        if (!ValeLettura()) {
+            cmdElabora_Click();
+            return;
+        }
+        ui->txtLetto->setFocus();
+        NelLetto = true;
+        Comandi->Ricorda(true);
+    };
+    return Parte;
+}
+
+/// The person's boxes belong to a code that is computed, the other one to a code that is read: they are two
+/// calculations.
+QList<CampoRicordato> frmCodFis::CampiRicordati()
+{
+    QList<CampoRicordato> Campi;
     for (QWidget* Casella : std::initializer_list<QWidget*>{ui->txtCognome, ui->txtNome, ui->txtDataNascita,
                                                             ui->cboSesso, ui->txtComune})
-        Parte.Campi << CampoDi(Casella);
+        Campi << CampoDi(Casella);
     // The codes that the lookup has found, or not found.
     const auto Codice = [this](const QString& Nome, QString CampoComune::*Quale) {
         return CampoRicordato{Nome, [this, Quale] { return Campo.*Quale; },
@@ -373,35 +427,20 @@ ParteDelCalcolo frmCodFis::ParteComandi()
                                   return true;
                               }};
     };
-    Parte.Campi << Codice(u"codComune"_s, &CampoComune::CodComune)
-                << Codice(u"provincia"_s, &CampoComune::Provincia) << CampoDi(ui->txtLetto);
-    Parte.Nome = [this] {
-        const QString Persona = (ui->txtCognome->text() + u' ' + ui->txtNome->text()).simplified();
-        return ui->txtCodiceFiscale->text().isEmpty() ? u"Lettura di "_s + Lettura.Codice
-               : Persona.isEmpty()                    ? ui->txtCodiceFiscale->text()
-                                                      : Persona;
-    };
-    Parte.Esito = [this] {
-        const QString Calcolato = ui->txtCodiceFiscale->text();
-        if (!Calcolato.isEmpty() || !Lettura.Letto())
-            return Calcolato;
-        return QStringList{FraseNascita(Lettura), FraseSesso(Lettura), ComuneLetto()}.join(u", "_s);
-    };
-    Parte.Scheda = [this] { return Scheda(); };
-    Parte.Suffisso = u": codice fiscale"_s;
-    Parte.Prepara = [this] { mnuNew_Click(); };
-    Parte.Calcola = [this] {
-        if (ui->txtCognome->text().isEmpty() && Lettura.Letto())
-            ui->txtLetto->setFocus();
-        else
-            cmdElabora_Click();
-    };
-    return Parte;
+    Campi << Codice(u"codComune"_s, &CampoComune::CodComune)
+          << Codice(u"provincia"_s, &CampoComune::Provincia);
+    for (CampoRicordato& DellaPersona : Campi)
+        DellaPersona.Leggi = [this, Leggi = DellaPersona.Leggi] {
+            return ValeLettura() ? QString() : Leggi();
+        };
+    CampoRicordato Letto = CampoDi(ui->txtLetto);
+    Letto.Leggi = [this] { return ValeLettura() ? Lettura.Codice : QString(); };
+    return Campi << Letto;
 }
 
 SchedaCalcolo frmCodFis::Scheda() const
 {
-    if (ui->txtCodiceFiscale->text().isEmpty())
+    if (ValeLettura() || ui->txtCodiceFiscale->text().isEmpty())
         return SchedaLettura(Lettura, ComuneLetto(), EtaComuni());
     return SchedaCodFis({ui->txtCognome->text(), ui->txtNome->text(), ui->txtDataNascita->Testo(),
                          ui->cboSesso->currentText(),

@@ -18,6 +18,7 @@ namespace Ui {
 class frmCodFis;
 }
 
+struct CampoRicordato;
 struct ParteDelCalcolo;
 
 class frmCodFis : public QDialog
@@ -57,8 +58,10 @@ private:
     void Colora();
     void MostraLettura();
     [[nodiscard]] QString ComuneLetto() const;
+    [[nodiscard]] bool ValeLettura() const;
     [[nodiscard]] QString TestoCopia() const;
     [[nodiscard]] ParteDelCalcolo ParteComandi();
+    [[nodiscard]] QList<CampoRicordato> CampiRicordati();
     [[nodiscard]] SchedaCalcolo Scheda() const;
     [[nodiscard]] QStringList EtaComuni() const;
 
@@ -72,4 +75,5 @@ private:
     bool DataSbagliata = false;
     ComandiCalcolo* Comandi = nullptr;
     LetturaCodFis Lettura;  ///< of the code that is typed
+    bool NelLetto = false;  ///< the box of the code to be read has the focus, or had it last
 };

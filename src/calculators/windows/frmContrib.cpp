@@ -127,7 +127,7 @@ void frmContrib::Collegamenti()
     });
 
     Collega(ui->fraVigente, &PannelloVigente::Calcolato, this, [this] { Comandi->Aggiorna(); });
-    ui->fraVigente->ValoreLasciato = [this] { Comandi->Ricorda(); };
+    ui->fraVigente->ValoreLasciato = [this] { Comandi->RicordaDopo(); };
     Collega(ui->VScroll1, &QScrollBar::valueChanged, this, &frmContrib::VScroll1_Change);
     Collega(ui->Picture1, &Finestrella::Misurata, this, &frmContrib::ImpostaMisura);
     Collega(ui->Picture1, &Finestrella::Rotella, this, [this](int Gradi) { Scorri(Gradi / 2); });
@@ -192,7 +192,7 @@ void frmContrib::txtValore_LostFocus(int Indice)
     }
     if (Contributi != Prima && !Contributi[size_t(Indice)].isEmpty())
         Annuncia(fraContrib->lblContr(Indice));
-    Comandi->Ricorda();
+    Comandi->RicordaDopo();
 }
 
 TestiContributo frmContrib::Valori() const

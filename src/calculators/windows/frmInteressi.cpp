@@ -279,7 +279,7 @@ void frmInteressi::MostraEsito(const EsitoInteressi& Esito)
     MostraOltre();
     AbilitaCopie();
     Annuncia(ui->lblTotale);
-    Comandi->Ricorda();
+    Comandi->Ricorda(true);
     LasciaSelezione();
 }
 
@@ -389,8 +389,10 @@ ParteDelCalcolo frmInteressi::ParteComandi()
     // Behind the first day, whose rule is only proposed.
     CampoRicordato Dopo = CampoDi(ui->optDataFine_1);
     Dopo.Scrivi = [this](const QString& Valore) {
-        OpzioneScelta = true;
-        (Valore.isEmpty() ? ui->optDataFine_0 : ui->optDataFine_1)->setChecked(true);
+        // By now the rule of the first day is proposed: what differs from it was the user's choice.
+        const bool Dopo2012 = !Valore.isEmpty();
+        OpzioneScelta = Dati().Tipo == InteressiMora && Dati().Dopo2012 != Dopo2012;
+        (Dopo2012 ? ui->optDataFine_1 : ui->optDataFine_0)->setChecked(true);
         return true;
     };
     Parte.Campi << Dopo;
@@ -406,7 +408,12 @@ ParteDelCalcolo frmInteressi::ParteComandi()
     };
     Parte.Scheda = [this] { return Scheda(); };
     Parte.Suffisso = u": calcolo interessi"_s;
-    Parte.Prepara = [this] { PulisciCalcoli(); };
+    Parte.Prepara = [this] {
+        OpzioneScelta = false;
+        ui->optDataFine_0->setChecked(true);
+        ui->mskDataIni->ImpostaTesto({});
+        PulisciCalcoli();
+    };
     Parte.Calcola = [this] { cmdCalcola_Click(); };
     return Parte;
 }

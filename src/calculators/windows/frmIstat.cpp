@@ -188,7 +188,7 @@ void frmIstat::cmdCalcola_Click()
         return;
     Campanello();
     Annuncia(ui->lblImpRival);
-    Comandi->Ricorda();
+    Comandi->Ricorda(true);
     LasciaSelezione();
     ui->grafico->Imposta(SerieIndici(ArchivioTassi(), CDate(Dati().DataIni), CDate(Dati().DataFin)));
 }
@@ -279,7 +279,7 @@ ParteDelCalcolo frmIstat::ParteComandi()
     };
     Parte.Scheda = [this] { return Scheda(); };
     Parte.Suffisso = u": rivalutazione Istat"_s;
-    Parte.Prepara = [this] { PulisciCalcoli(); };
+    Parte.Prepara = [this] { mnuNew_Click(); };
     Parte.Calcola = [this] { cmdCalcola_Click(); };
     return Parte;
 }

@@ -226,7 +226,7 @@ void frmTermini::MostraRisultato(const QString& Testo, const QString& Avviso)
     ui->Calendario->ImpostaData(DataCorrente);
     Segna();
     FaiPosto(this);
-    Comandi->Ricorda();
+    Comandi->Ricorda(true);
 }
 
 void frmTermini::cmdCalend_Click(int Indice)
@@ -509,8 +509,17 @@ ParteDelCalcolo frmTermini::ParteComandi()
     Parte.Quale = Calcolatrice::Termini;
     Parte.Campi = {CampoDi(ui->cmbNorme), CampoCatalogo(), CampoDi(ui->mskDecorr),
                    CampoDi(Inizio->Casella())};
-    for (QWidget* Campo : std::initializer_list<QWidget*>{ui->txtIncrNum, ui->cmbIncrTipo, ui->chkSosp,
-                                                          ui->chkLibero, ui->chkSabato, ui->optTipoScad_1})
+    // No unit chosen counts in years.
+    CampoRicordato Unita = CampoDi(ui->cmbIncrTipo);
+    Unita.Scrivi = [this, Scegli = Unita.Scrivi](const QString& Valore) {
+        if (!Valore.isEmpty())
+            return Scegli(Valore);
+        ui->cmbIncrTipo->setCurrentIndex(-1);
+        return true;
+    };
+    Parte.Campi << CampoDi(ui->txtIncrNum) << Unita;
+    for (QWidget* Campo :
+         std::initializer_list<QWidget*>{ui->chkSosp, ui->chkLibero, ui->chkSabato, ui->optTipoScad_1})
         Parte.Campi << CampoDi(Campo);
     Parte.Campi << CampoMateria(ui->cmbMateria);
     Parte.Nome = [this] {

@@ -170,7 +170,7 @@ void frmTerminiSeq::MostraRisultato(const QString& Avviso)
     Segna();
     Campanello();
     FaiPosto(this);
-    Comandi->Ricorda();
+    Comandi->Ricorda(true);
 }
 
 void frmTerminiSeq::cmdCalend_Click()

@@ -142,8 +142,6 @@ void frmUltimiCalcoli::cmdElimina_Click()
     if (!Corrente())
         return;
     Protetta([this] { DimenticaCalcolo(Quale, Corrente()->Campi); });
-    if (Cambiato)
-        Cambiato();
     Elenca();
     if (Calcoli.isEmpty())
         ui->cmdChiudi->setFocus();
@@ -155,8 +153,6 @@ void frmUltimiCalcoli::cmdSvuota_Click()
                TitoloDomanda.toString()) != vbYes)
         return;
     Protetta([this] { SvuotaCalcoli(Quale); });
-    if (Cambiato)
-        Cambiato();
     Elenca();
     ui->cmdChiudi->setFocus();
 }

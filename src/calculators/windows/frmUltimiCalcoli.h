@@ -23,8 +23,6 @@ public:
 
     /// What a pick does; the window is closed before.
     std::function<void(const CalcoloRicordato& Calcolo)> Scelto;
-    /// Something was taken out of the list.
-    std::function<void()> Cambiato;
 
     void Mostra();
     void cmdRiprendi_Click();

@@ -13,6 +13,8 @@
 #include "platform/grid/griglia.h"
 #include "platform/system/file.h"
 
+#include "calculators/norme/norme.h"
+
 #include <QAction>
 #include <QCheckBox>
 #include <QMenuBar>
@@ -184,6 +186,10 @@ private Q_SLOTS:
     void senzaRisultatoRiposano();
     void rinominaETogli();
     void svuota();
+    void svuotatoNonTorna_data() { Righe(); }
+    void svuotatoNonTorna();
+    void campiMancanti_data() { Righe(); }
+    void campiMancanti();
     void tastiDellElenco();
     void elencoVuoto();
     void elencoDanneggiato();
@@ -195,7 +201,9 @@ private Q_SLOTS:
     void catenaDelCatalogo();
     void moraScelta_data();
     void moraScelta();
+    void legaliNonScelgonoLaMora();
     void comuneSenzaCodice();
+    void dueMeta();
     void letturaRicordata();
     void contributoCheProsegue();
     void contributoVigente();
@@ -407,6 +415,69 @@ void TestComandiCalcolo::svuota()
     QVERIFY(UltimiCalcoli(Calcolatrice::Istat).isEmpty());
 }
 
+// What was taken out of the list stays out, although it is on view still: nobody has made it again.
+void TestComandiCalcolo::svuotatoNonTorna()
+{
+    QFETCH(Apritore, Nuovo);
+    QFETCH(Conto, Calcola);
+    QDialog* F = Nuovo();
+    Calcola(F, 0);
+    auto* Elenco = ApriElenco(F);
+    QVERIFY(Elenco);
+    QCOMPARE(Colonna(Elenco, 0).size(), 1);
+    B->Voce.Attendi(u"Confermi la cancellazione di tutti i calcoli in elenco?"_s, vbYes);
+    Clic(Controllo(Elenco, "cmdSvuota"));
+    QVERIFY(ChiudiElenco(F, Elenco));
+    DalMenu(F, "mnuCopiaTabella");
+    Elenco = ApriElenco(F);
+    QVERIFY(Elenco);
+    QVERIFY(Colonna(Elenco, 0).isEmpty());
+    QVERIFY(ChiudiElenco(F, Elenco));
+    Chiudi(F);
+    Respiro();
+    QVERIFY2(!LeggiFile(FileCalcoli()).contains("nome"), LeggiFile(FileCalcoli()).constData());
+}
+
+// Entries of a damaged file, or of a program that knew fewer fields: whatever is missing, a window goes on
+// with something that it knows.
+void TestComandiCalcolo::campiMancanti()
+{
+    QFETCH(Apritore, Nuovo);
+    QFETCH(Conto, Calcola);
+    B->Voce.Tollera();
+    QDialog* F = Nuovo();
+    Calcola(F, 0);
+    Chiudi(F);
+    CalcoloRicordato Intero;
+    Calcolatrice Quale{};
+    for (size_t i = 0; i < NomiCalcolatrici.size(); ++i)
+        if (const auto Lista = UltimiCalcoli(Calcolatrice(i)); !Lista.isEmpty()) {
+            Intero = Lista.first();
+            Quale = Calcolatrice(i);
+        }
+    QVERIFY(Intero.Campi.size() > 1);
+    const QStringList Chiavi = Intero.Campi.keys();
+    for (const QString& Chiave : Chiavi)
+        for (const bool Sola : {true, false}) {
+            CalcoloRicordato Parte = Intero;
+            if (Sola)
+                Parte.Campi = {{Chiave, Intero.Campi.value(Chiave)}};
+            else
+                Parte.Campi.remove(Chiave);
+            Parte.Campi.insert(u"cmbNorme"_s, VociNorme[Sola ? 1 : 0].toString());
+            SvuotaCalcoli(Quale);
+            RicordaCalcolo(Quale, Parte);
+            F = Nuovo();
+            QVERIFY(ApriElenco(F));
+            (void)Riprendi(F);
+            for (const QComboBox* Lista : F->findChildren<QComboBox*>())
+                if (Lista->count() > 0 && Lista->objectName() != u"cmbIncrTipo")
+                    QVERIFY2(Lista->currentIndex() >= 0,
+                             qPrintable(Lista->objectName() + u" senza "_s + Chiave));
+            Chiudi(F);
+        }
+}
+
 void TestComandiCalcolo::tastiDellElenco()
 {
     QDialog* F = Apri<frmIstat>();
@@ -446,7 +517,7 @@ void TestComandiCalcolo::elencoDanneggiato()
     CreaCartellaPrivata(CartellaDati());
     ScriviFile(FileCalcoli(), "{\"ultimi");
     QDialog* F = Apri<frmIstat>();
-    B->Voce.Attendi(FraseElencoGuasto.toString());
+    B->Voce.Attendi(FraseElencoGuasto());
     auto* Elenco = ApriElenco(F);
     QVERIFY(Elenco);
     QVERIFY(Colonna(Elenco, 0).isEmpty());
@@ -579,6 +650,49 @@ void TestComandiCalcolo::moraScelta()
     QCOMPARE(TestoDi(F, "lblTotale"), Atteso);
 }
 
+// A legal calculation says nothing of the rule of default interest.
+void TestComandiCalcolo::legaliNonScelgonoLaMora()
+{
+    QDialog* F = Apri<frmInteressi>();
+    Scegli(F, "cmbNorme", 1);
+    CalcolaInteressi(F, 0);
+    Chiudi(F);
+    F = Apri<frmInteressi>();
+    QVERIFY(ApriElenco(F));
+    QVERIFY(Riprendi(F));
+    Scegli(F, "cmbInteressi", 1);
+    Scrivi(F, "mskDataIni", u"01012020"_s);
+    QVERIFY(Controllo<QRadioButton>(F, "optDataFine_1")->isChecked());
+}
+
+// A code that is computed and one that is read are two calculations, in the list as on the sheet.
+void TestComandiCalcolo::dueMeta()
+{
+    QDialog* F = Apri<frmCodFis>();
+    CalcolaCodice(F, 0);
+    for (const QString& Codice : {u"RSSMRA85M45F205K"_s, u"RSSMRA85M45F205X"_s, u"RSS"_s}) {
+        Scrivi(F, "txtLetto", Codice);
+        Premi(Qt::Key_Tab);
+    }
+    QStringList Voci;
+    for (const CalcoloRicordato& Calcolo : UltimiCalcoli(Calcolatrice::CodiceFiscale))
+        Voci << Calcolo.Nome + u": "_s + Calcolo.Esito;
+    QCOMPARE(Voci,
+             (QStringList{
+                 u"Lettura di RSSMRA85M45F205X: 05/08/1985, femmina, Milano (MI), ultima lettera errata"_s,
+                 u"Lettura di RSSMRA85M45F205K: 05/08/1985, femmina, Milano (MI)"_s,
+                 u"Rossi Mario: RSSMRA80A01H501U"_s}));
+    Scrivi(F, "txtLetto", u"RSSMRA85M45F205K"_s);
+    DalMenu(F, "mnuCopiaTabella");
+    QVERIFY2(Appunti().startsWith(u"Codice fiscale\tRSSMRA85M45F205K\n"), qPrintable(Appunti()));
+    // The button of the computed code copies that one, wherever the focus is.
+    Clic(Controllo(F, "cmdCopia"));
+    QCOMPARE(Appunti(), u"RSSMRA80A01H501U"_s);
+    Controllo(F, "txtNome")->setFocus();
+    DalMenu(F, "mnuCopiaTabella");
+    QVERIFY2(Appunti().startsWith(u"Cognome\tRossi\n"), qPrintable(Appunti()));
+}
+
 void TestComandiCalcolo::comuneSenzaCodice()
 {
     QDialog* F = Apri<frmCodFis>();
@@ -620,6 +734,7 @@ void TestComandiCalcolo::contributoCheProsegue()
     Scrivi(F, "txtValore_1", u"1000"_s);
     Premi(Qt::Key_Return);
     const auto Esiti = [] {
+        Respiro();
         QStringList Tutti;
         for (const CalcoloRicordato& Calcolo : UltimiCalcoli(Calcolatrice::Contributo))
             Tutti << Calcolo.Esito;

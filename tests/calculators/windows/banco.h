@@ -42,6 +42,7 @@ public:
         sessione::PercorsoProg = ProgrammaDiProva();
         sessione::UserFolder = NuovaCartella();
         ScartaFile(FileCalcoli());
+        ScartaFile(FileCalcoliGuasto());
         Aperture = {};
         Aperture.Aggiorna = [this](const QString& Parola) { Aperti << u"aggiorna [%1]"_s.arg(Parola); };
         Aperture.PaginaWeb = [this](const QString& Pagina, const QString& Titolo) {
