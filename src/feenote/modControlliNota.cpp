@@ -3,12 +3,13 @@
 #include "addressbook/modClienti.h"
 #include "core/modAliquote.h"
 #include "core/modControlli.h"
+#include "feenote/modCodiciScritti.h"
 #include "feenote/modFatturaXml.h"
 #include "feenote/modInterruttori.h"
+#include "feenote/modOfferte.h"
+#include "feenote/modStato.h"
 #include "feenote/modTotali.h"
 #include "platform/base/regionale.h"
-
-#include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -19,6 +20,9 @@ namespace {
 
 /// Less than this is no difference of amounts in cents.
 constexpr double MezzoCentesimo = 0.005;
+
+/// First day of the term of GiorniEmissione: D.L. 119/2018, article 11.
+const QDate TermineDal(2019, 7, 1);
 
 QString Giorno(const QDate& Data)
 {
@@ -68,6 +72,7 @@ private:
     }
     void CodiciDellaScheda();
     void CodiciDelBlocco();
+    void TermineDelPagamento();
     void TermineDellAcconto();
     void TermineDelFile();
     template <class Frase>
@@ -149,31 +154,24 @@ void RaccoltaRilievi::CodiciDellaScheda()
                 u"La partita IVA del cliente non torna: %1"_s.arg(PIva));
 }
 
-/// A client of free text has no card: what the invoice prints of him has to say his codes.
+/// A client of free text has no card: what the invoice prints of him has to say his codes. What was only
+/// guessed to be a code is not called an error.
 void RaccoltaRilievi::CodiciDelBlocco()
 {
-    // Digits of a person's code may have become letters, where two persons would have the same one.
-    static const QRegularExpression Codici(
-        u"\\b(?:[A-Z]{6}[0-9L-NP-V]{2}[A-Z][0-9L-NP-V]{2}[A-Z][0-9L-NP-V]{3}[A-Z]|(?:IT)?[0-9]{11})\\b"_s,
-        QRegularExpression::CaseInsensitiveOption);
-    bool Nessuno = true;
-    auto Giro = Codici.globalMatch(Nota.txtDatiStaCli.Testo);
-    while (Giro.hasNext()) {
-        const QString Codice = Giro.next().captured().toUpper();
-        Nessuno = false;
-        constexpr qsizetype CifrePartita = 13;
-        if (CodiceFiscaleTorna(Codice))
+    const CodiciScritti Letti = LeggiCodici(Nota.txtDatiStaCli.Testo);
+    for (const CodiceScritto& Uno : Letti.Codici) {
+        if (Uno.Torna)
             continue;
-        const bool Partita = Codice.size() <= CifrePartita;
-        Segnala(Partita ? GenereRilievo::PartitaIvaErrata : GenereRilievo::CodiceFiscaleErrato,
-                LuogoRilievo::BloccoCliente,
-                (Partita ? u"La partita IVA del cliente non torna: %1"_s
-                         : u"Il codice fiscale del cliente non torna: %1"_s)
-                    .arg(Codice));
+        const QString Frase = (Uno.Partita ? u"La partita IVA del cliente non torna: %1"_s
+                                           : u"Il codice fiscale del cliente non torna: %1"_s)
+                                  .arg(Uno.Codice);
+        Trovati.append({Uno.Partita ? GenereRilievo::PartitaIvaErrata : GenereRilievo::CodiceFiscaleErrato,
+                        Uno.Nominato ? GravitaRilievo::Errore : GravitaRilievo::Avviso, Frase,
+                        LuogoRilievo::BloccoCliente});
     }
-    if (Nessuno)
+    if (Letti.Codici.isEmpty() && !Letti.Esteri)
         Avvisa(GenereRilievo::ClienteSenzaCodici, LuogoRilievo::BloccoCliente,
-               u"La fattura non dice codice fiscale né partita IVA del cliente"_s);
+               u"Fra i dati del cliente non si trova codice fiscale né partita IVA"_s);
 }
 
 void RaccoltaRilievi::Numerazione()
@@ -202,33 +200,53 @@ void RaccoltaRilievi::Numerazione()
 
 void RaccoltaRilievi::Termini()
 {
+    TermineDelPagamento();
     if (!Documento.EFattura)
         return;
     TermineDellAcconto();
     TermineDelFile();
 }
 
+/// A note that is paid wants its invoice; what was paid a year ago is nobody's haste any more.
+void RaccoltaRilievi::TermineDelPagamento()
+{
+    if (Nota.Stato.Stato != StatoNota::Pagata || !ChiedePagamento(Tipo))
+        return;
+    const auto Dal = LeggiData(Nota.Stato.Dal());
+    if (!Dal || Dal->addYears(1) < Dati.Oggi)
+        return;
+    const QDate Termine = Dal->addDays(GiorniEmissione);
+    if (!FatturaNumerata(Nota)) {
+        if (Dati.Oggi > Termine)
+            Avvisa(GenereRilievo::TermineScaduto,
+                   Documento.EFattura ? LuogoRilievo::NumeroFattura : LuogoRilievo::Documento,
+                   u"La parcella è pagata dal %1 e senza fattura: il termine era il %2"_s.arg(
+                       Giorno(*Dal), Giorno(Termine)));
+    } else if (Documento.EFattura && *DataFattura > Termine) {
+        Avvisa(GenereRilievo::TermineScaduto, LuogoRilievo::DataFattura,
+               u"La parcella è pagata dal %1: la fattura andava emessa entro il %2"_s.arg(Giorno(*Dal),
+                                                                                          Giorno(Termine)));
+    }
+}
+
 /// The payments have no date of their own: their words may. They count for an invoice on account alone, since
 /// those that a final invoice takes away had invoices of theirs.
 void RaccoltaRilievi::TermineDellAcconto()
 {
-    static const QRegularExpression Data(
-        u"(?<![0-9])[0-9]{1,2}([/.-])[0-9]{1,2}\\1(?:[0-9]{4}|[0-9]{2})(?![0-9])"_s);
     if (!Nota.chkFattAcc.Attiva)
         return;
     QDate Ultimo;
     int Posto = 0;
     for (int Riga = 0; Riga < Nota.xAcconti.Righe(); ++Riga) {
-        auto Giro = Data.globalMatch(CStr(Nota.xAcconti(Riga, AccDescr)));
-        while (Giro.hasNext()) {
-            const auto Letta = LeggiData(Giro.next().captured());
-            if (Letta && *Letta <= Dati.Oggi && (!Ultimo.isValid() || *Letta > Ultimo)) {
-                Ultimo = *Letta;
-                Posto = Riga;
-            }
+        const auto Giorno = GiornoPagato(CStr(Nota.xAcconti(Riga, AccDescr)), Dati.Oggi);
+        if (Giorno && (!Ultimo.isValid() || *Giorno > Ultimo)) {
+            Ultimo = *Giorno;
+            Posto = Riga;
         }
     }
-    if (!Ultimo.isValid() || DataFattura.value_or(Dati.Oggi) <= Ultimo.addDays(GiorniEmissione))
+    // Before, an invoice was due on the day of the payment itself.
+    if (!Ultimo.isValid() || Ultimo < TermineDal ||
+        DataFattura.value_or(Dati.Oggi) <= Ultimo.addDays(GiorniEmissione))
         return;
     Avvisa(GenereRilievo::TermineScaduto, LuogoRilievo::Acconti,
            u"L'acconto del %1 andava fatturato entro il %2: %3 giorni dal pagamento"_s
@@ -241,8 +259,7 @@ void RaccoltaRilievi::TermineDellAcconto()
 /// program hears of it, and of an invoice of the last year.
 void RaccoltaRilievi::TermineDelFile()
 {
-    if (!Dati.ScriveXml || !DataFattura || Nota.DatiPar(DatoNumFatt).trimmed().isEmpty() ||
-        FatturaGiaScritta(Nota))
+    if (!Dati.ScriveXml || !FatturaNumerata(Nota) || FatturaGiaScritta(Nota))
         return;
     const QDate Termine = DataFattura->addDays(GiorniEmissione);
     if (Dati.Oggi <= Termine || DataFattura->addYears(1) < Dati.Oggi)
@@ -281,7 +298,7 @@ void RaccoltaRilievi::Spese()
     const TabellaRighe& Lette = Nota.xDiritti;
     Righe(Lette, GenereRilievo::SpesaAZero, LuogoRilievo::Spese, DirImponibile, u"Altre spese a 0: %1"_s,
           [&](int Riga, bool Taciuta) -> std::optional<QString> {
-              if (NumeroDi(Lette(Riga, DirImponibile)) != 0 || NumeroDi(Lette(Riga, DirEsente)) != 0)
+              if (!SenzaImporti(Nota, Riga))
                   return std::nullopt;
               return Taciuta ? QString()
                              : NomeRiga(u"Spesa", Riga, Lette(Riga, DirDescr)) + u": l'importo è 0"_s;

@@ -47,6 +47,7 @@ enum class LuogoRilievo {
     NumeroFattura,
     DataFattura,
     DataDocumento,  ///< of pro-forma note and estimate
+    Documento,      ///< the list of documents
     FatturaXml,     ///< the panel of the electronic invoice
     Ricalcolo,      ///< the button that recalculates
     Onorari,        ///< the amount of a line

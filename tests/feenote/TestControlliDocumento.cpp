@@ -26,6 +26,8 @@ private Q_SLOTS:
     void codiciDelBlocco();
     void lAccontoFatturatoTardi_data();
     void lAccontoFatturatoTardi();
+    void pagataSenzaFattura_data();
+    void pagataSenzaFattura();
     void ilFileNonScritto_data();
     void ilFileNonScritto();
 
@@ -226,17 +228,25 @@ void TestControlliDocumento::codiciDelBlocco_data()
     QTest::addColumn<int>("Tipo");
     QTest::addColumn<QString>("Blocco");
     QTest::addColumn<QString>("Frase");
+    QTest::addColumn<bool>("Errore");
     const int Fattura = StampaFatturaSintetica;
-    const QString Senza = u"La fattura non dice codice fiscale né partita IVA del cliente"_s;
-    QTest::newRow("senza") << Fattura << u"Rossi Mario\nvia Roma 1"_s << Senza;
-    QTest::newRow("prenotula senza") << int(StampaPrenotula) << u"Rossi Mario"_s << QString();
-    QTest::newRow("codice fiscale") << Fattura << u"Rossi Mario\nC.F.: rssmra80a01h501u"_s << QString();
-    QTest::newRow("partita IVA") << Fattura << u"Alfa Srl\nP.IVA IT01234567897"_s << QString();
-    QTest::newRow("telefono di dieci cifre") << Fattura << u"Rossi Mario\ntel. 3331234567"_s << Senza;
-    QTest::newRow("lettera sbagliata") << Fattura << u"Rossi Mario RSSMRA80A01H501V"_s
-                                       << u"Il codice fiscale del cliente non torna: RSSMRA80A01H501V"_s;
-    QTest::newRow("cifra sbagliata") << Fattura << u"Alfa Srl 01234567898"_s
-                                     << u"La partita IVA del cliente non torna: 01234567898"_s;
+    const QString Senza = u"Fra i dati del cliente non si trova codice fiscale né partita IVA"_s;
+    QTest::newRow("senza") << Fattura << u"Rossi Mario\nvia Roma 1"_s << Senza << false;
+    QTest::newRow("prenotula senza") << int(StampaPrenotula) << u"Rossi Mario"_s << QString() << false;
+    QTest::newRow("codice fiscale") << Fattura << u"Rossi Mario\nC.F.: rssmra80a01h501u"_s << QString()
+                                    << false;
+    QTest::newRow("telefono di undici cifre")
+        << Fattura << u"Rossi Mario\ntel. 05512345676\nC.F. RSSMRA80A01H501U"_s << QString() << false;
+    QTest::newRow("telefono e basta") << Fattura << u"Rossi Mario\ntel. 05512345676"_s << Senza << false;
+    QTest::newRow("altro paese") << Fattura << u"Muster GmbH\nVAT DE123456789"_s << QString() << false;
+    QTest::newRow("lettera sbagliata")
+        << Fattura << u"Rossi Mario C.F. RSSMRA80A01H501V"_s
+        << u"Il codice fiscale del cliente non torna: RSSMRA80A01H501V"_s << true;
+    QTest::newRow("lettera sbagliata, senza dire che è")
+        << Fattura << u"Rossi Mario RSSMRA80A01H501V"_s
+        << u"Il codice fiscale del cliente non torna: RSSMRA80A01H501V"_s << false;
+    QTest::newRow("cifra sbagliata") << Fattura << u"Alfa Srl P.IVA 01234567898"_s
+                                     << u"La partita IVA del cliente non torna: 01234567898"_s << true;
 }
 
 void TestControlliDocumento::codiciDelBlocco()
@@ -244,14 +254,17 @@ void TestControlliDocumento::codiciDelBlocco()
     QFETCH(const int, Tipo);
     QFETCH(const QString, Blocco);
     QFETCH(const QString, Frase);
+    QFETCH(const bool, Errore);
     Parcella Nota = FatturaInRegola();
     ScegliTipoStampa(Nota, Tipo);
     Nota.IDCli = 0;
     Nota.txtDatiStaCli.Testo = Blocco;
     const Guardata Esito = Guarda(Nota, std::nullopt);
     QCOMPARE(Esito.Frasi, Frase.isEmpty() ? QStringList() : QStringList{Frase});
-    if (!Frase.isEmpty())
-        QCOMPARE(Esito.Tutti.first().Luogo, LuogoRilievo::BloccoCliente);
+    if (Frase.isEmpty())
+        return;
+    QCOMPARE(Esito.Tutti.first().Luogo, LuogoRilievo::BloccoCliente);
+    QCOMPARE(Esito.Tutti.first().Gravita, Errore ? GravitaRilievo::Errore : GravitaRilievo::Avviso);
 }
 
 void TestControlliDocumento::lAccontoFatturatoTardi_data()
@@ -274,6 +287,9 @@ void TestControlliDocumento::lAccontoFatturatoTardi_data()
     Riga("una fattura a saldo", false, u"bonifico del 05/10/2026"_s, u"18/10/2026"_s, {});
     Riga("senza data", true, u"bonifico"_s, u"18/10/2026"_s, {});
     Riga("numeri che non sono date", true, u"R.G. 12/2026, IBAN 99/99/2026"_s, u"18/10/2026"_s, {});
+    Riga("quando il termine non c'era", true, u"acconto del 30/06/2019"_s, u"18/10/2026"_s, {});
+    Riga("il primo giorno del termine", true, u"acconto del 01/07/2019"_s, u"18/10/2026"_s,
+         u"L'acconto del 01/07/2019 andava fatturato entro il 13/07/2019: 12 giorni dal pagamento"_s);
     Riga("numero dentro un altro", true, u"n. 105/10/20261"_s, u"20/11/2026"_s, {});
     Riga("data futura", true, u"entro il 05/12/2026"_s, u"20/11/2026"_s, {});
 }
@@ -299,6 +315,56 @@ void TestControlliDocumento::lAccontoFatturatoTardi()
     QCOMPARE(Esito.Tutti.last().Riga, Riga);
     ScegliTipoStampa(Nota, StampaPrenotula);
     QCOMPARE(Guarda(Nota).Frasi, QStringList());
+}
+
+void TestControlliDocumento::pagataSenzaFattura_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<int>("Stato");
+    QTest::addColumn<QString>("Dal");
+    QTest::addColumn<QString>("DataFattura");
+    QTest::addColumn<QString>("Frase");
+    QTest::addColumn<int>("Luogo");
+    const auto Riga = [](const char* Nome, int Tipo, StatoNota Stato, const QString& Dal, const QString& Data,
+                         const QString& Frase, LuogoRilievo Luogo = LuogoRilievo::Documento) {
+        QTest::newRow(Nome) << Tipo << int(Stato) << Dal << Data << Frase << int(Luogo);
+    };
+    const QString Tardi =
+        u"La parcella è pagata dal 09/11/2026 e senza fattura: il termine era il 21/11/2026"_s;
+    Riga("al dodicesimo giorno", StampaPrenotula, StatoNota::Pagata, u"10/11/2026"_s, {}, {});
+    Riga("al tredicesimo", StampaPrenotula, StatoNota::Pagata, u"09/11/2026"_s, {}, Tardi);
+    Riga("inviata", StampaPrenotula, StatoNota::Inviata, u"09/11/2026"_s, {}, {});
+    Riga("il giorno non si sa", StampaPrenotula, StatoNota::Pagata, {}, {}, {});
+    Riga("di un anno fa", StampaPrenotula, StatoNota::Pagata, u"21/11/2025"_s, {}, {});
+    Riga("fatturata a prenotula in vista", StampaPrenotula, StatoNota::Pagata, u"09/11/2026"_s,
+         u"22/11/2026"_s, {});
+    Riga("il preventivo non chiede nulla", StampaPreventivo, StatoNota::Pagata, u"09/11/2026"_s, {}, {});
+    Riga("fattura in tempo", StampaFatturaAnalitica, StatoNota::Pagata, u"09/11/2026"_s, u"21/11/2026"_s, {});
+    Riga("fattura il giorno dopo", StampaFatturaAnalitica, StatoNota::Pagata, u"09/11/2026"_s,
+         u"22/11/2026"_s,
+         u"La parcella è pagata dal 09/11/2026: la fattura andava emessa entro il 21/11/2026"_s,
+         LuogoRilievo::DataFattura);
+    Riga("fattura prima del pagamento", StampaFatturaAnalitica, StatoNota::Pagata, u"09/11/2026"_s,
+         u"01/09/2026"_s, {});
+}
+
+void TestControlliDocumento::pagataSenzaFattura()
+{
+    QFETCH(const int, Tipo);
+    QFETCH(const int, Stato);
+    QFETCH(const QString, Dal);
+    QFETCH(const QString, DataFattura);
+    QFETCH(const QString, Frase);
+    QFETCH(const int, Luogo);
+    Parcella Nota = FatturaInRegola();
+    ScegliTipoStampa(Nota, Tipo);
+    Nota.txtDatiPar[DatoDataFatt] = DataFattura;
+    Nota.Stato.Stato = StatoNota(Stato);
+    Nota.Stato.Giorni[size_t(Stato)] = Dal;
+    const Guardata Esito = Guarda(Nota);
+    QCOMPARE(Esito.Frasi, Frase.isEmpty() ? QStringList() : QStringList{Frase});
+    if (!Frase.isEmpty())
+        QCOMPARE(int(Esito.Tutti.first().Luogo), Luogo);
 }
 
 void TestControlliDocumento::ilFileNonScritto_data()

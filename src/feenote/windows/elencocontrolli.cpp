@@ -195,7 +195,7 @@ void ElencoControlli::MostraVoci()
 /// As high as its rows, within a share of the pane.
 void ElencoControlli::MostraAltezza()
 {
-    constexpr int Parte = 5;
+    constexpr int Parte = 6;
     constexpr int MinimoRighe = 2;
     constexpr int MassimoRighe = 5;
     if (lstControlli->count() == 0)
@@ -216,6 +216,9 @@ void ElencoControlli::Apri(bool Si)
 void ElencoControlli::VaiAllaVoce(const QListWidgetItem* Voce)
 {
     const int Riga = lstControlli->row(Voce);
-    if (Riga >= 0 && Riga < Trovati.size() && !Cornice.InDomanda())
-        Cornice.VaiAlRilievo(Trovati[Riga]);
+    if (Riga < 0 || Riga >= Trovati.size() || Cornice.InDomanda())
+        return;
+    // A copy: on the way a question may wait, and the list be another one behind it.
+    const Rilievo Detto = Trovati[Riga];
+    Cornice.VaiAlRilievo(Detto);
 }

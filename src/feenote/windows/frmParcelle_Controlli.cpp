@@ -74,6 +74,8 @@ void frmParcelle::VaiAlRilievo(const Rilievo& Detto)
         return VaiAllaCasella(SchedaDiStampa, u"txtDatiPar_12"_s);
     case LuogoRilievo::DataDocumento:
         return VaiAllaCasella(SchedaDiStampa, u"txtDatiPar_1"_s);
+    case LuogoRilievo::Documento:
+        return VaiAllaCasella(SchedaDiStampa, u"cmbTipoStampa"_s);
     case LuogoRilievo::FatturaXml:
         return Stampa->MostraFattura(true);
     case LuogoRilievo::Ricalcolo:
