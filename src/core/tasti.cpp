@@ -124,7 +124,8 @@ constexpr std::array Proprie{
     RigaTasti{u"frmTrovaParcella", u"barTrova_rename", u"F2", u"rinomina", Interno},
     RigaTasti{u"frmTrovaParcella", u"barTrova_delete", u"Del", u"elimina", Interno},
     RigaTasti{u"frmTrovaParcella", u"", u"F5", u"rilegge la cartella"},
-    RigaTasti{u"frmTrovaParcella", u"", u"Ctrl+1", u"ordina per la prima colonna, e così fino a Ctrl+6"},
+    RigaTasti{u"frmTrovaParcella", u"", u"Ctrl+1", u"ordina per la prima colonna, e così fino a Ctrl+7"},
+    RigaTasti{u"frmTrovaParcella", u"barTrova_csv", u"Ctrl+E", u"scrive le parcelle mostrate in un foglio"},
     RigaTasti{u"frmTrovaParcella", u"", u"Esc", u"interrompe la ricerca, o chiude", Interno},
 
     RigaTasti{u"frmRubrica", u"barRubr_selez", u"Return", u"sceglie il nominativo per la parcella", Interno},

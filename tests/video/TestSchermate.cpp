@@ -76,7 +76,8 @@ void TestSchermate::Guarda(const QString& Nome)
 {
     const QString Scala = qEnvironmentVariable("QT_SCALE_FACTOR", u"1"_s);
     P->Fotografa(Nome + u'@' + Scala +
-                 (qEnvironmentVariableIsSet("CALCANOVA_SCURO") ? u"_scuro"_s : QString()));
+                 (qEnvironmentVariableIsSet("CALCANOVA_SCURO") ? u"_scuro"_s : QString()) +
+                 (qEnvironmentVariableIsSet("CALCANOVA_CORPO") ? u"_grande"_s : QString()));
     const QRect Finestra = P->Posto(P->Chiedi(u"finestra"_s));
     constexpr QRect Schermo(0, 0, 1366, 768);
     constexpr int Titolare = 12;  // of the title there must be something to take hold of

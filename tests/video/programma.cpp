@@ -23,8 +23,8 @@ void Scrivi(const QString& Percorso, const QByteArray& Contenuto)
         QTest::qFail(qPrintable(u"non si scrive "_s + Percorso), __FILE__, __LINE__);
 }
 
-/// Dark colours as a desktop gives them to every program: the toolkit reads them from that desktop's
-/// settings.
+/// Dark colours as a desktop gives them to every program, and large letters: the toolkit reads them from that
+/// desktop's settings.
 constexpr const char* ColoriScuri = R"([Colors:Window]
 BackgroundNormal=42,46,50
 ForegroundNormal=252,252,252
@@ -69,8 +69,12 @@ Programma::Programma(const QStringList& Argomenti, const QString& Impostazioni)
                                        {u"CALCANOVA_SPIA"_s, Radice + u"/spia"_s},
                                        {u"QT_LOGGING_RULES"_s, u"qt.qpa.*=false"_s}})
         Intorno.insert(Nome, Valore);
-    if (qEnvironmentVariableIsSet("CALCANOVA_SCURO")) {
-        Scrivi(Radice + u"/config/kdeglobals"_s, ColoriScuri);
+    const QByteArray Corpo = qgetenv("CALCANOVA_CORPO");
+    if (qEnvironmentVariableIsSet("CALCANOVA_SCURO") || !Corpo.isEmpty()) {
+        Scrivi(Radice + u"/config/kdeglobals"_s,
+               (qEnvironmentVariableIsSet("CALCANOVA_SCURO") ? QByteArray(ColoriScuri) : QByteArray()) +
+                   (Corpo.isEmpty() ? QByteArray()
+                                    : "[General]\nfont=DejaVu Sans," + Corpo + ",-1,5,50,0,0,0,0,0\n"));
         Intorno.insert(u"XDG_CURRENT_DESKTOP"_s, u"KDE"_s);
         Intorno.insert(u"KDE_SESSION_VERSION"_s, u"5"_s);
         Intorno.insert(u"QT_QPA_PLATFORMTHEME"_s, u"kde"_s);

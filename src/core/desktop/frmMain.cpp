@@ -284,6 +284,19 @@ void frmMain::changeEvent(QEvent* Evento)
     QMainWindow::changeEvent(Evento);
     if (Evento->type() == QEvent::PaletteChange)
         Riscala();
+    if (Evento->type() == QEvent::WindowStateChange &&
+        !static_cast<QWindowStateChangeEvent*>(Evento)->oldState().testFlag(Qt::WindowMaximized) && isMaximized())
+        RiempiLaCornice();
+}
+
+/// Who maximises the frame wants to see the note larger, not the grey around it.
+void frmMain::RiempiLaCornice()
+{
+    QMdiSubWindow* Davanti = ui->areaParcelle->currentSubWindow();
+    if (!Davanti || !Davanti->isVisible() || Davanti->isMaximized() || Davanti->isMinimized())
+        return;
+    Davanti->showMaximized();
+    ui->areaParcelle->setProperty(RiempionoLaCornice, true);
 }
 
 void frmMain::ShowGuida(const QString& Nome)

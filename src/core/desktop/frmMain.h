@@ -76,6 +76,7 @@ private:
     void SuParcella(Azione Fai);  ///< on the note in front, after its open field was left
     void Form_Load();
     void Riscala();
+    void RiempiLaCornice();
     void AllaScelta(QMdiSubWindow* Finestra);
     void NominaParcella();
 

@@ -85,6 +85,8 @@ private:
     {
         if (Sotto->isMaximized() || Sotto->isMinimized())
             return;
+        if (QMdiArea* Area = Sotto->mdiArea(); Area && Sotto->isVisible())
+            Area->setProperty(RiempionoLaCornice, false);
         const QSize Ora = Sotto->size();
         if (Ora.width() != Data.width())
             Voluta.setWidth(aspetto::Twip(Ora.width()));
@@ -141,6 +143,20 @@ QSize NellArea(const QMdiSubWindow* Sotto, QPoint Posto, QSize Voluta)
     return Voluta.boundedTo(Libera.expandedTo(Sotto->minimumSizeHint()));
 }
 
+/// Where a note is larger than the frame, its own bars would stand beside those of the frame, and no line would be
+/// seen between them.
+bool HaPosto(const QMdiSubWindow* Sotto)
+{
+    const QRect Area = Sotto->mdiArea()->viewport()->rect();
+    return Sotto->isMaximized() || Sotto->minimumSizeHint().boundedTo(Area.size()) == Sotto->minimumSizeHint();
+}
+
+void RiempiCornice(QMdiSubWindow* Sotto)
+{
+    Sotto->showMaximized();
+    Sotto->mdiArea()->setProperty(RiempionoLaCornice, true);
+}
+
 void MettiInCascata(frmParcelle* Finestra, int Indice)
 {
     QMdiSubWindow* Sotto = Cornice(Finestra);
@@ -182,8 +198,9 @@ void RicordaMisure(const frmParcelle* Finestra)
     const QMdiSubWindow* Sotto = Cornice(Finestra);
     if (!Sotto)
         return;
-    QList<std::pair<QString, QString>> Misure{
-        {u"FormState"_s, QString::number(Sotto->isMaximized() ? StatoMassimo : 0)}};
+    QList<std::pair<QString, QString>> Misure;
+    if (!Sotto->isMaximized() || !Sotto->mdiArea()->property(RiempionoLaCornice).toBool())
+        Misure += {u"FormState"_s, QString::number(Sotto->isMaximized() ? StatoMassimo : 0)};
     const QSize Scelta = Finestre[size_t(Finestra->Indice())].Misura->Scelta();
     if (Scelta.isValid())
         Misure += {{u"FormWidth"_s, QString::number(Scelta.width())},
@@ -314,6 +331,8 @@ void MostraFinestra(frmParcelle* Finestra)
             Finestre[size_t(Indice)].Misura->Assestata();
         if (MisuraTwip(u"FormState"_s, 0) == StatoMassimo)
             Sotto->showMaximized();
+        else if (!HaPosto(Sotto))
+            RiempiCornice(Sotto);
     } else {
         Finestra->show();
     }

@@ -89,6 +89,22 @@ void Raccogli(QWidget* Da, QList<Scritta>& Scritte, QList<QWidget*>& Pagine)
     }
 }
 
+/// The letters that captions have been given by hand, on all pages below.
+QSet<QChar> LettereDelle(const QList<QWidget*>& Pagine)
+{
+    QSet<QChar> Lettere;
+    for (QWidget* Pagina : Pagine) {
+        QList<Scritta> Scritte;
+        QList<QWidget*> Interne;
+        Raccogli(Pagina, Scritte, Interne);
+        for (const Scritta& Voce : std::as_const(Scritte))
+            if (const QChar Lettera = Mnemonico(Voce.Testo); !Lettera.isNull())
+                Lettere.insert(Lettera);
+        Lettere.unite(LettereDelle(Interne));
+    }
+    return Lettere;
+}
+
 void Assegna(QWidget* Da, QSet<QChar> Usati)
 {
     QList<Scritta> Scritte;
@@ -97,10 +113,15 @@ void Assegna(QWidget* Da, QSet<QChar> Usati)
     for (const Scritta& Voce : std::as_const(Scritte))
         if (const QChar Lettera = Mnemonico(Voce.Testo); !Lettera.isNull())
             Usati.insert(Lettera);
+    // What stands around the pages is on view with each of them.
+    QSet<QChar> Presi = LettereDelle(Pagine) + Usati;
     for (const Scritta& Voce : std::as_const(Scritte)) {
         if (!Mnemonico(Voce.Testo).isNull() || Voce.Testo.isEmpty() || Qt::mightBeRichText(Voce.Testo))
             continue;
-        Voce.Imposta(ConMnemonico(Voce.Testo, Usati));
+        const QString Nuova = ConMnemonico(Voce.Testo, Presi);
+        Voce.Imposta(Nuova);
+        if (const QChar Lettera = Mnemonico(Nuova); !Lettera.isNull())
+            Usati.insert(Lettera);
     }
     for (QWidget* Pagina : std::as_const(Pagine))
         Assegna(Pagina, Usati);

@@ -142,7 +142,7 @@ const RigaTasti* RigaPer(const QStringList& Gruppi, const QString& Tasti)
 /// Keys that every window of the toolkit has, or that one row stands for.
 bool SenzaRiga(const QString& Tasti)
 {
-    static const QRegularExpression Altri(u"\\A(Ctrl\\+[2-6]|Enter|Back|Forward|Ctrl\\+(Shift\\+)?F6)?\\z"_s);
+    static const QRegularExpression Altri(u"\\A(Ctrl\\+[2-7]|Enter|Back|Forward|Ctrl\\+(Shift\\+)?F6)?\\z"_s);
     return Altri.match(Tasti).hasMatch();
 }
 

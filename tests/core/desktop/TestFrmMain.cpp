@@ -28,6 +28,7 @@ private Q_SLOTS:
     void barra();
     void barraStaNellaLarghezzaSolita();
     void menuDeiPulsanti();
+    void massimaLaRiempieLaParcella();
     void ogniControlloHaUnNome();
     void ilPulsanteAgisceSullaParcellaAttiva_data();
     void ilPulsanteAgisceSullaParcellaAttiva();
@@ -155,6 +156,27 @@ void TestFrmMain::menuDeiPulsanti()
                                            u"Assistenza tecnica"_s, u"Informazioni su.."_s}));
     QCOMPARE(Voci(u"save"_s),
              (QStringList{u"Salva"_s, u"Salva con nome..."_s, u"Salva come modello"_s, u"Duplica..."_s}));
+}
+
+void TestFrmMain::massimaLaRiempieLaParcella()
+{
+    auto* Area = Cornice->findChild<QMdiArea*>(u"areaParcelle"_s);
+    QMdiSubWindow* Nota = Area->addSubWindow(new QWidget);
+    Cornice->show();
+    Nota->show();
+    Nota->resize(300, 200);
+    QVERIFY(!Nota->isMaximized());
+    Cornice->showMaximized();
+    Respiro();
+    QVERIFY(Nota->isMaximized());
+    QVERIFY2(Area->property(RiempionoLaCornice).toBool(), "it is nobody's choice of the note's own state");
+    // What the user makes small in a large frame stays so.
+    Nota->showNormal();
+    Cornice->showMinimized();
+    Cornice->showMaximized();
+    Respiro();
+    QVERIFY(!Nota->isMaximized());
+    delete Nota;
 }
 
 void TestFrmMain::ogniControlloHaUnNome()

@@ -71,6 +71,8 @@ private Q_SLOTS:
     void laCascataNonRimpicciolisce();
     void siRicordaSoloQuelCheHaSceltoLUtente();
     void massimizzataLaCorniceNonSiRicorda();
+    void senzaPostoRiempieLaCornice();
+    void cheRiempiaLaCorniceNonSiRicorda();
     void ilFuocoNelPrimoTestoVuoto_data();
     void ilFuocoNelPrimoTestoVuoto();
     void riusataCominciaDaCapo();
@@ -651,6 +653,40 @@ void TestFinestre::massimizzataLaCorniceNonSiRicorda()
     QCOMPARE(Misura(u"FormWidth"_s), u"12800"_s);
     QCOMPARE(Misura(u"FormHeight"_s), u"8800"_s);
     QCOMPARE(Misura(u"FormState"_s), u"2"_s);
+}
+
+/// A frame at 200 % on a small screen: one pair of bars, not two.
+void TestFinestre::senzaPostoRiempieLaCornice()
+{
+    Cornice->resize(560, 260);
+    Respiro();
+    ApriParcella({}, 0, {});
+    Respiro();
+    QVERIFY(Sotto(1)->isMaximized());
+    // The user's own change of it is kept.
+    Sotto(1)->showNormal();
+    Respiro();
+    QVERIFY(!Area->property(RiempionoLaCornice).toBool());
+    Sotto(1)->showMaximized();
+    Respiro();
+    QVERIFY(ChiudiParcella(1));
+    QCOMPARE(Misura(u"FormState"_s), u"2"_s);
+}
+
+void TestFinestre::cheRiempiaLaCorniceNonSiRicorda()
+{
+    Cornice->resize(560, 260);
+    Respiro();
+    ApriParcella({}, 0, {});
+    Respiro();
+    QVERIFY(Sotto(1)->isMaximized());
+    QVERIFY(ChiudiParcella(1));
+    QCOMPARE(Misura(u"FormState"_s), QString());
+    AzzeraFinestre();
+    Cornice->resize(1300, 740);
+    Respiro();
+    ApriParcella({}, 0, {});
+    QVERIFY(!Sotto(1)->isMaximized());
 }
 
 void TestFinestre::ilFuocoNelPrimoTestoVuoto_data()

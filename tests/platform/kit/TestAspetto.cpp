@@ -243,6 +243,15 @@ void TestAspetto::mnemonici()
     aspetto::AssegnaMnemonici(&Modulo);
     QVERIFY2(Primo->text() == u"I&nserisci", "la seconda volta non cambia nulla");
 
+    // Around pages no letter is taken that one of them has by hand.
+    QWidget Intorno;
+    auto* Schede = new QTabWidget(&Intorno);
+    auto* Prima = new QPushButton(u"Oggett&i"_s);
+    Schede->addTab(Prima, u"Io"_s);
+    aspetto::AssegnaMnemonici(&Intorno);
+    QCOMPARE(Schede->tabText(0), u"I&o"_s);
+    QCOMPARE(Prima->text(), u"Oggett&i"_s);
+
     // A button with keys of its own keeps them: a letter would be its shortcut in their place.
     QWidget Altro;
     auto* ConTasti = new QPushButton(u"Stampa"_s, &Altro);
