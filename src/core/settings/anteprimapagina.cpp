@@ -24,6 +24,7 @@ Parcella NotaDiEsempio()
     Parcella Nota;
     Nota.txtDatiStaCli.Testo = u"Cliente Rossi\nVia Roma 1\n00100 Roma\nC.F. RSSMRA80A01H501U"_s;
     Nota.txtDatiStaOgg.Testo = u"recupero del credito"_s;
+    Nota.txtImporto.Testo = u"20.000,00"_s;
     Nota.txtDatiPar[DatoNumero] = u"1"_s;
     Nota.txtDatiPar[DatoData] = Oggi().toString(u"dd/MM/yyyy"_s);
     constexpr std::array Fasi{u"Fase di studio della controversia", u"Fase introduttiva del giudizio",

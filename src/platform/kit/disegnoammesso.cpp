@@ -28,13 +28,10 @@ struct Elemento
 };
 
 /// True for a text that names something outside the drawing, or has dashes.
-QString DifettoValore(QStringView Nome, const QString& Scritto)
+QString DifettoValore(QStringView Nome, const QString& Valore)
 {
     static const QRegularExpression Fuori(u"url\\(\\s*['\"]?\\s*[^#'\"\\s]|@import"_s,
                                           QRegularExpression::CaseInsensitiveOption);
-    static const QRegularExpression Commento(u"/\\*.*?(\\*/|$)"_s,
-                                             QRegularExpression::DotMatchesEverythingOption);
-    const QString Valore = QString(Scritto).remove(Commento);
     static const QRegularExpression Tratteggio(u"stroke-dasharray\\s*:\\s*(?!none|\\s)"_s,
                                                QRegularExpression::CaseInsensitiveOption);
     if (Fuori.match(Valore).hasMatch())
@@ -45,10 +42,11 @@ QString DifettoValore(QStringView Nome, const QString& Scritto)
     return Tratti ? u"contiene linee tratteggiate"_s : QString();
 }
 
-/// A style can write its words by codes too.
+/// A style can write its words by codes too, and hide them between comments.
 QString DifettoStile(const QString& Scritto)
 {
-    return Scritto.contains(u'\\') ? u"contiene segni che nascondono altro"_s : DifettoValore({}, Scritto);
+    return Scritto.contains(u'\\') || Scritto.contains("/*"_L1) ? u"contiene segni che nascondono altro"_s
+                                                                : DifettoValore({}, Scritto);
 }
 
 class Esame
@@ -89,7 +87,8 @@ private:
             break;
         case QXmlStreamReader::EndElement:
             Aperti.pop_back();
-            InStile = false;
+            if (Lettore.name().compare("style"_L1, Qt::CaseInsensitive) == 0)
+                InStile = false;
             break;
         case QXmlStreamReader::Characters:
             Tutti[Aperti.back()].Proprio += double(Lettore.text().size()) / BytePerPeso;
@@ -114,6 +113,8 @@ private:
             Trovato = u"contiene immagini, animazioni o programmi (\"%1\")"_s.arg(Nome);
         else if (Aperti.size() > MassimaProfondita)
             Trovato = u"ha parti dentro parti senza fine"_s;
+        if (InStile)
+            Trovato = u"contiene segni che nascondono altro"_s;
         InStile = Nome == u"style";
         Elemento Nuovo;
         QString Id;

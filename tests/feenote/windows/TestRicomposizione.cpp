@@ -319,6 +319,7 @@ void TestRicomposizione::laCasellaLasciataDalComando()
     Finta.HaProgramma = [](const QString&) { return true; };
     const Shell Vera = InstallaShell(Finta);
     const auto Rimetti = qScopeGuard([&] { InstallaShell(Vera); });
+    F->resize(845, 555);  // wide enough for the whole toolbar
     Documento(StampaPrenotula);
     QCOMPARE(Composizioni([&] { Clic(Controllo(F, "barPrint_word")); }), 1);
     // A box in edit is left first, which composes for its part.

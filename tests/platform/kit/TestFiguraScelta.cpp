@@ -210,9 +210,14 @@ void TestFiguraScelta::rifiutate_data()
         << u"due volte lo stesso nome"_s;
     QTest::newRow("una parte grave, richiamata spesso") << Svg(Richiami()) << u"troppe volte"_s;
     QTest::newRow("tratteggio dietro un commento")
-        << Svg("<path d=\"M0 0H200\" style=\"stroke-dasharray/* */: 0.00001\"/>") << u"tratteggiate"_s;
+        << Svg("<path d=\"M0 0H200\" style=\"stroke-dasharray/* */: 0.00001\"/>") << u"nascondono"_s;
     QTest::newRow("tratteggio in un foglio di stile")
-        << Svg("<style>path{stroke-dasharray/**/:0.00001}</style>") << u"tratteggiate"_s;
+        << Svg("<style>path{stroke-dasharray:0.00001}</style>") << u"tratteggiate"_s;
+    QTest::newRow("tratteggio dietro una parte dello stile")
+        << Svg("<style><g/>.a{stroke-dasharray:0.001}</style>") << u"nascondono"_s;
+    QTest::newRow("tratteggio fra commenti fra virgolette")
+        << Svg("<style>.b{font-family:\"/*\"}.a{stroke-dasharray:1}.c{font-family:\"*/\"}</style>")
+        << u"nascondono"_s;
     QTest::newRow("tratteggio scritto con i codici")
         << Svg("<path style=\"stroke-das\\68 array: 0.00001\"/>") << u"nascondono"_s;
     QTest::newRow("tratteggio") << Svg("<path d=\"M0 0H200\" stroke-dasharray=\"0.00001\"/>")
