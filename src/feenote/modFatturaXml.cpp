@@ -11,6 +11,11 @@ QString FirmaFattura(const Parcella& Nota)
     return Nota.DatiPar(DatoNumFatt).trimmed() + u'|' + Nota.DatiPar(DatoDataFatt).trimmed();
 }
 
+bool FatturaNumerata(const Parcella& Nota)
+{
+    return !Nota.DatiPar(DatoNumFatt).trimmed().isEmpty() && IsDate(Nota.DatiPar(DatoDataFatt).trimmed());
+}
+
 bool FatturaGiaScritta(const Parcella& Nota)
 {
     return !Nota.FatturaXml.File.isEmpty() && Nota.FatturaXml.DiFattura == FirmaFattura(Nota);

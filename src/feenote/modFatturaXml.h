@@ -7,6 +7,9 @@
 /// same note, or of a copy of it.
 [[nodiscard]] QString FirmaFattura(const Parcella& Nota);
 
+/// The note's invoice has a number, and a date that is one.
+[[nodiscard]] bool FatturaNumerata(const Parcella& Nota);
+
 /// The invoice that the note has now was written as a file already.
 [[nodiscard]] bool FatturaGiaScritta(const Parcella& Nota);
 

@@ -1,5 +1,6 @@
 #include "feenote/modStato.h"
 
+#include "feenote/modFatturaXml.h"
 #include "feenote/modInterruttori.h"
 #include "feenote/modTotali.h"
 #include "platform/base/regionale.h"
@@ -161,11 +162,6 @@ StatoTenuto StatoDiNuova()
     return Tenuto;
 }
 
-bool FatturaNumerata(const Parcella& Nota)
-{
-    return !Nota.DatiPar(DatoNumFatt).trimmed().isEmpty() && IsDate(Nota.DatiPar(DatoDataFatt).trimmed());
-}
-
 bool ChiedePagamento(int Tipo)
 {
     return ETipoStampa(Tipo) && TipoDi(Tipo).Credito;
@@ -279,5 +275,6 @@ double RestoDellaNota(const Parcella& Nota)
     const double ConTutti = CatenaFiscale(Dati).Netto;
     Dati.Acconti = {Chiesti.AccCorrispettivi, Chiesti.AccSpeseImp, Chiesti.AccSpeseEsenti};
     const double Pagato = CatenaFiscale(Dati).Netto - ConTutti;  // since, taxes included
-    return std::max(0.0, InCentesimi(Chiesti.Netto - Pagato));
+    // A payment that the document had taken away and that is no longer there raises nothing that was asked.
+    return std::clamp(InCentesimi(Chiesti.Netto - Pagato), 0.0, std::max(0.0, Chiesti.Netto));
 }

@@ -23,9 +23,6 @@ bool ScegliStato(Parcella& Nota, StatoNota Scelto);
 /// A draft without what it had gone out by, as a save keeps it; any other state as it is.
 [[nodiscard]] StatoTenuto SoloBozza(const StatoTenuto& Tenuto);
 
-/// True while the note has the number and the date of an invoice.
-[[nodiscard]] bool FatturaNumerata(const Parcella& Nota);
-
 /// Whether the payments on account cover what the note asks for.
 struct Copertura
 {

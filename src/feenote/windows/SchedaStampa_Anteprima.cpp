@@ -138,8 +138,8 @@ void SchedaStampa::StampaParcella()
     VistaStampa* vp = ui->vp;
     if (Cornice.InDomanda() || Cornice.InDialogo([vp] { return PrintDialog(*vp); }) == 0)
         return;
-    PrintDoc(*vp, Nota.Nome);
-    Cornice.DocumentoUscito();
+    if (PrintDoc(*vp, Nota.Nome))
+        Cornice.DocumentoUscito();
     ui->barPrint->MostraPagina();  // another paper may have given other pages
 }
 

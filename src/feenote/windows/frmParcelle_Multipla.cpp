@@ -156,4 +156,5 @@ void frmParcelle::MultiCambiata()
     RefreshDatiBase();
     RefreshGrid();
     Ricomponi();
+    AccontiVisti = CoperturaDi(Nota);  // an association is no payment
 }

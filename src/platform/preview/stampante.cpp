@@ -166,10 +166,10 @@ int PrintDialog(VistaStampa& Vista)
     return DaStampare ? 1 : 0;
 }
 
-void PrintDoc(VistaStampa& Vista, const QString& Titolo)
+bool PrintDoc(VistaStampa& Vista, const QString& Titolo)
 {
     if (!std::exchange(DaStampare, false))
-        return;
+        return false;
     const ClessidraAccesa Attesa;
     QPrinter& Scelta = *Ricordata();
     if (!Installate().Risponde(Scelta)) {
@@ -181,10 +181,11 @@ void PrintDoc(VistaStampa& Vista, const QString& Titolo)
     const Impaginazione Fatta(Vista.Foglio().Contenuto(), Foglio);
     const QList<int> Sue = PagineInUscita(Scelta, Fatta.NumeroPagine(), Vista.PaginaInVista());
     if (Sue.isEmpty())
-        return;
+        return false;
     Scelta.setDocName(Titolo);
     Dipingi(Scelta, Fatta, Sue);
     Vista.ImpostaCarta(Foglio);
+    return true;
 }
 
 QString EsportaPdf(const VistaStampa& Vista, const QString& Cartella, const QString& Nome)

@@ -20,8 +20,9 @@ int PrintDialog(VistaStampa& Vista);
 /// preview follows to that paper. Does nothing without a choice; a choice serves once.
 ///
 /// @param Titolo name of the job in the printer's queue
+/// @return true when pages went to the printer
 /// @throws Errore 482 when the printer is gone or refuses; preview and paper are then as they were
-void PrintDoc(VistaStampa& Vista, const QString& Titolo);
+bool PrintDoc(VistaStampa& Vista, const QString& Titolo);
 
 /// Asks for a place and writes the document on view there as a PDF, which has Nome as its title. An existing
 /// file is replaced only after a question; a missing ".pdf" is added.

@@ -150,10 +150,10 @@ void frmTrovaParcella::CostruisciGriglia()
         return Nuova;
     };
     QList<ColonnaGriglia> Colonne{
-        Colonna(u"Nome parcella"_s, TrovaNome, 26),
+        Colonna(u"Nome parcella"_s, TrovaNome, 23),
         Colonna(u"Data"_s, TrovaData, 10),
         Colonna(u"Cliente"_s, TrovaCliente, 18),
-        Colonna(u"Controparte"_s, TrovaControparte, 18),
+        Colonna(u"Controparte"_s, TrovaControparte, 14),
         Colonna(u"Dimensione"_s, TrovaDimensione, 10),
         Colonna(u"Nella cartella"_s, TrovaCartella, 12),
         Colonna(u"Stato"_s, TrovaStato, 9),
