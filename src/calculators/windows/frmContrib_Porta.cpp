@@ -36,6 +36,8 @@ void frmContrib::CollegaPorte()
                                  "1.033,00 (L. 374/1991, art. 46); "
                                  "nei ricorsi tributari non c'è mai"_s);
     ui->rigaNorme->insertWidget(0, chkAnticipazione);
+    setTabOrder(ui->cmdVisual_1, chkAnticipazione);
+    setTabOrder(chkAnticipazione, ui->cmbNorme);
 
     Porte = new PortaNota(this, Detto);
     Porte->Accompagna(chkAnticipazione);
@@ -51,7 +53,7 @@ void frmContrib::CollegaPorte()
     ui->fraVigente->AggiungiAccanto(DelPannello);
     Porte->Aggiungi(
         DelPannello, [this] { return !ui->fraVigente->Spese().isEmpty(); },
-        [this] { return ui->fraVigente->Spese(); });
+        [this] { return ui->fraVigente->Spese(); }, [this] { return ui->fraVigente->FuoriDalleSpese(); });
     Collega(ui->fraVigente, &PannelloVigente::Calcolato, this, [this] { Porte->Aggiorna(); });
 }
 

@@ -14,6 +14,7 @@
 
 #include <QLabel>
 #include <QSignalBlocker>
+#include <QTableView>
 
 #include <array>
 
@@ -290,6 +291,14 @@ QList<SpesaDiLegge> PannelloVigente::Spese() const
 void PannelloVigente::AggiungiAccanto(QWidget* Cosa)
 {
     ui->rigaCifra->addWidget(Cosa);
+    setTabOrder(ui->cmdCopiaVigente, Cosa);
+    setTabOrder(Cosa, ui->tdbVigente->Vista());
+}
+
+QString PannelloVigente::FuoriDalleSpese() const
+{
+    const double Altro = Ultimo.AggiunteEuro - Ultimo.NotificheEuro;
+    return Altro > 0 ? u"; resta fuori l'imposta di registro, "_s + Euro(Altro) : QString();
 }
 
 /// The same as rows of a table.

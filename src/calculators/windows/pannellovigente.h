@@ -33,7 +33,9 @@ public:
     /// The fee and the lump sum for notifications as expenses of the day of filing; none while there is no
     /// fee.
     [[nodiscard]] QList<SpesaDiLegge> Spese() const;
-    /// Behind the amount and its button.
+    /// What "In tutto" counts beside them, behind a semicolon; empty: nothing.
+    [[nodiscard]] QString FuoriDalleSpese() const;
+    /// Behind the amount and its button, for Tab too.
     void AggiungiAccanto(QWidget* Cosa);
 
     /// What was asked, in a few words: the proceeding and the value.

@@ -46,10 +46,10 @@ PortaNota::PortaNota(QDialog* Modulo, RigaCheSvanisce* Detto) : QObject(Modulo),
 }
 
 void PortaNota::Aggiungi(QAbstractButton* Bottone, std::function<bool()> Pronto,
-                         std::function<QList<SpesaDiLegge>()> Spese)
+                         std::function<QList<SpesaDiLegge>()> Spese, std::function<QString()> Fuori)
 {
     Bottone->setIcon(aspetto::Icona(u"portanota"_s));
-    Porte.append({Bottone, std::move(Pronto), std::move(Spese)});
+    Porte.append({Bottone, std::move(Pronto), std::move(Spese), std::move(Fuori)});
     Collega(Bottone, &QAbstractButton::clicked, this,
             [this, Quale = Porte.size() - 1] { Chiedi(Porte[Quale]); });
     Aggiorna();
@@ -82,13 +82,14 @@ bool PortaNota::eventFilter(QObject* Oggetto, QEvent* Evento)
 void PortaNota::Chiedi(const Porta& Quale)
 {
     const QList<SpesaDiLegge> Spese = Quale.Spese();
+    const QString Fuori = Quale.Fuori ? Quale.Fuori() : QString();
     const QList<NotaInVista> Aperte = Note();
     if (Spese.isEmpty() || Aperte.isEmpty()) {
         Aggiorna();
         return;
     }
     if (Aperte.size() == 1) {
-        PortaIn(Aperte.constFirst(), Spese);
+        PortaIn(Aperte.constFirst(), Spese, Fuori);
         return;
     }
     auto* Menu = new QMenu(Finestra);
@@ -97,15 +98,15 @@ void PortaNota::Chiedi(const Porta& Quale)
     Menu->setAttribute(Qt::WA_DeleteOnClose);
     for (const NotaInVista& Nota : Aperte)
         Collega(Menu->addAction(QString(Nota.Titolo).replace(u'&', u"&&"_s)), &QAction::triggered, this,
-                [=, this] { PortaIn(Nota, Spese); });
+                [=, this] { PortaIn(Nota, Spese, Fuori); });
     Menu->setActiveAction(Menu->actions().constFirst());
     Menu->popup(Quale.Bottone->mapToGlobal(Quale.Bottone->rect().bottomLeft()));
 }
 
-void PortaNota::PortaIn(const NotaInVista& Nota, const QList<SpesaDiLegge>& Spese)
+void PortaNota::PortaIn(const NotaInVista& Nota, const QList<SpesaDiLegge>& Spese, const QString& Fuori)
 {
     const QString Perche = Aperture.PortaSpese(Nota, Spese);
-    Riga->Mostra(Perche.isEmpty() ? u"Portato in «%1»: %2"_s.arg(Nota.Titolo, TestoSpese(Spese))
+    Riga->Mostra(Perche.isEmpty() ? u"Portato in «%1»: %2"_s.arg(Nota.Titolo, TestoSpese(Spese) + Fuori)
                                   : u"Non portato in «%1»: %2"_s.arg(Nota.Titolo, Perche));
     Aggiorna();
 }

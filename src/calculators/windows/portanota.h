@@ -25,8 +25,9 @@ public:
     /// Makes a button one of them.
     /// @param Pronto whether there is something to bring, or may be once its box is left
     /// @param Spese what is brought, asked at the click
+    /// @param Fuori what the amount on view holds and is not brought, for the line that says where it went
     void Aggiungi(QAbstractButton* Bottone, std::function<bool()> Pronto,
-                  std::function<QList<SpesaDiLegge>()> Spese);
+                  std::function<QList<SpesaDiLegge>()> Spese, std::function<QString()> Fuori = {});
     /// A control that means something only while a note is open.
     void Accompagna(QWidget* Controllo);
     /// Enables what can be done now.
@@ -40,9 +41,10 @@ private:
         QAbstractButton* Bottone;
         std::function<bool()> Pronto;
         std::function<QList<SpesaDiLegge>()> Spese;
+        std::function<QString()> Fuori;
     };
     void Chiedi(const Porta& Quale);
-    void PortaIn(const NotaInVista& Nota, const QList<SpesaDiLegge>& Spese);
+    void PortaIn(const NotaInVista& Nota, const QList<SpesaDiLegge>& Spese, const QString& Fuori);
 
     QDialog* Finestra;
     RigaCheSvanisce* Riga;

@@ -50,7 +50,11 @@ private:
     // ---- SchedaSpese_Offerta.cpp: the amount in force of a line just inserted
     void CollegaOfferta();
     void OffriImporto(int Riga);
-    void SeguiRiga();  ///< an offer whose line is no longer the one in hand goes
+    void MostraOfferta(int Riga, const ImportoDiLegge& Importo);
+    /// The amount in force on the day of a line, which is today until it has one.
+    [[nodiscard]] std::optional<ImportoDiLegge> ImportoPer(int Riga) const;
+    void RigaInMano();  ///< another line is current: one that waits for its amount is offered it again
+    void SeguiRiga();   ///< an offer whose line is no longer the one in hand goes
     void AccettaOfferta();
     [[nodiscard]] std::optional<int> RigaInOfferta() const;
 

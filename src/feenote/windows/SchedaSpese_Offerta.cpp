@@ -35,26 +35,36 @@ void SchedaSpese::CollegaOfferta()
 {
     ui->rigaOfferta->Ascolta(this);
     Collega(ui->rigaOfferta, &RigaOfferta::Accettata, this, [this] { AccettaOfferta(); });
-    Collega(ui->tdbDir, &Griglia::RigaCambiata, this, [this] { SeguiRiga(); });
+    Collega(ui->tdbDir, &Griglia::RigaCambiata, this, [this] { RigaInMano(); });
+}
+
+std::optional<ImportoDiLegge> SchedaSpese::ImportoPer(int Riga) const
+{
+    const auto Giorno = LeggiData(CStr(Nota.xDiritti(Riga, DirData)));
+    return ImportoOfferto(Nota, Riga, Giorno.value_or(Oggi()));
 }
 
 void SchedaSpese::OffriImporto(int Riga)
 {
     const QString Inserita = u"Inserita: "_s + CStr(Nota.xDiritti(Riga, DirDescr));
-    const auto Importo = ImportoOfferto(Nota, Riga, Oggi());
+    const auto Importo = ImportoPer(Riga);
     if (!Importo) {
         ui->rigaOfferta->Togli();
         AnnunciaTesto(this, Inserita);
         return;
     }
-    Offerto = ImportoInOfferta{Nota.xDiritti.Chiave(Riga), *Importo};
-    const QString Offerta = TestoEsente(*Importo) + u": Ctrl+Invio"_s;
-    QString Perche = u"Scrive l'importo in vigore fra le spese esenti ("_s + Importo->Norma + u')';
-    if (!Importo->Nota.isEmpty())
-        Perche += u'\n' + Importo->Nota;
+    MostraOfferta(Riga, *Importo);
+    AnnunciaTesto(this, Inserita + u". "_s + TestoEsente(*Importo) + u": Ctrl+Invio"_s);
+}
+
+void SchedaSpese::MostraOfferta(int Riga, const ImportoDiLegge& Importo)
+{
+    Offerto = ImportoInOfferta{Nota.xDiritti.Chiave(Riga), Importo};
+    QString Perche = u"Scrive l'importo in vigore fra le spese esenti ("_s + Importo.Norma + u')';
+    if (!Importo.Nota.isEmpty())
+        Perche += u'\n' + Importo.Nota;
     Perche += u'\n' + LimiteAnticipazione();
-    ui->rigaOfferta->Offri(Offerta + u" ("_s + Importo->Norma + u')', Perche);
-    AnnunciaTesto(this, Inserita + u". "_s + Offerta);
+    ui->rigaOfferta->Offri(TestoEsente(Importo) + u": Ctrl+Invio ("_s + Importo.Norma + u')', Perche);
 }
 
 /// The line of the offer while it is in hand and has no amount yet.
@@ -68,10 +78,26 @@ std::optional<int> SchedaSpese::RigaInOfferta() const
     return Sua ? Corrente : std::nullopt;
 }
 
+void SchedaSpese::RigaInMano()
+{
+    SeguiRiga();
+    const auto Corrente = ui->tdbDir->RigaCorrente();
+    if (!isVisible() || !Corrente || *Corrente >= Nota.xDiritti.Righe())
+        return;
+    if (const auto Importo = ImportoPer(*Corrente))
+        MostraOfferta(*Corrente, *Importo);
+}
+
 void SchedaSpese::SeguiRiga()
 {
-    if (ui->rigaOfferta->InOfferta() && !RigaInOfferta())
-        ui->rigaOfferta->Togli();
+    if (ui->rigaOfferta->InOfferta()) {
+        const auto Riga = RigaInOfferta();
+        const auto Importo = Riga ? ImportoPer(*Riga) : std::nullopt;
+        if (!Importo)
+            ui->rigaOfferta->Togli();
+        else if (*Importo != Offerto->Importo)  // its day is another one now
+            MostraOfferta(*Riga, *Importo);
+    }
     const auto Corrente = ui->tdbDir->RigaCorrente();
     ui->rigaOfferta->Annota(
         NotaQuantita(Nota, Corrente && *Corrente < Nota.xDiritti.Righe() ? Corrente : std::nullopt));

@@ -42,6 +42,8 @@ private Q_SLOTS:
     void ilPannelloInVigore_data();
     void ilPannelloInVigore();
     void ilPannelloSenzaImporto();
+    void ilPannelloDiceCheCosaRestaFuori();
+    void ordineDelTabulatore();
     void senzaNorme();
     void laRigaDiceDove();
     void laRigaDicePercheNo();
@@ -253,6 +255,35 @@ void TestPortaNota::ilPannelloSenzaImporto()
     QVERIFY(Bottone->isEnabled());
     Scrivi(F, "txtValoreVigente", QString());
     QVERIFY(!Bottone->isEnabled());
+}
+
+/// In cassation the amount in all holds a tax that is none of the items brought.
+void TestPortaNota::ilPannelloDiceCheCosaRestaFuori()
+{
+    Scegli(F, "cmbNorme", 1);
+    Scrivi(F, "txtValoreVigente", u"30000"_s);
+    Scegli(F, "cmbGrado", 2);
+    QVERIFY(TestoDi(F, "lblTotaleVigente").startsWith(u"In tutto 1.263,00 "));
+    Clic(Controllo(F, "cmdPortaVigente"));
+    QCOMPARE(Portati, QStringList({u"1/11: 1 1036 21/11/2026; 2 27 21/11/2026"_s}));
+    QCOMPARE(Detto(), u"Portato in «rossi & c.»: contributo 1.036,00, anticipazione 27,00; resta fuori "
+                      "l'imposta di registro, 200,00"_s);
+}
+
+/// Tab meets the new controls where they stand.
+void TestPortaNota::ordineDelTabulatore()
+{
+    QCOMPARE(OrdineTab(Controllo(F, "cmdVisual_1"), 3),
+             QStringList({u"cmdVisual_1"_s, u"chkAnticipazione"_s, u"cmbNorme"_s}));
+    Scegli(F, "cmbNorme", 1);
+    Scrivi(F, "txtValoreVigente", u"30000"_s);
+    Controllo(F, "chkNotifiche")->setFocus();
+    QStringList Incontrati;
+    for (int i = 0; i < 3; ++i) {
+        Premi(Qt::Key_Tab);
+        Incontrati << NomeFuoco();
+    }
+    QCOMPARE(Incontrati, QStringList({u"cmdCopiaVigente"_s, u"cmdPortaVigente"_s, u"tdbVigente"_s}));
 }
 
 /// The fee of the page needs no norms; the sum that stands in them stays out.

@@ -49,6 +49,8 @@ private Q_SLOTS:
     void svanisce_data();
     void svanisce();
     void svanisceDaSola();
+    void tornandoAllaRigaTorna();
+    void colGiornoDellaRiga();
     void nonSiOffre_data();
     void nonSiOffre();
     void ilCorsoDelleNote();
@@ -340,6 +342,38 @@ void TestOffertaSpesa::svanisceDaSola()
     QVERIFY(Righe->InModifica());  // the user's cell is not touched
     ConScorciatoie(Qt::Key_Return, Qt::ControlModifier);
     QCOMPARE(Importi(0), u"0|"_s);
+}
+
+/// A line that was left at 0, by whomever, is offered its amount when it is in hand again.
+void TestOffertaSpesa::tornandoAllaRigaTorna()
+{
+    DoppioClic(Lista, VoceAnticipazione);
+    DoppioClic(Lista, VoceMarca);
+    QVERIFY(!Offerta()->isVisible());
+    Premi(Qt::Key_Escape);
+    Premi(Qt::Key_Up);
+    QVERIFY(Offerta()->isVisible());
+    QCOMPARE(Importi(0), u"0|"_s);
+    ConScorciatoie(Qt::Key_Return, Qt::ControlModifier);
+    QCOMPARE(Importi(0), u"0|27"_s);
+    Premi(Qt::Key_Down);
+    Premi(Qt::Key_Up);
+    QVERIFY(!Offerta()->isVisible());
+}
+
+/// A line with a day of its own is offered what was in force then.
+void TestOffertaSpesa::colGiornoDellaRiga()
+{
+    Aperture.AnticipazioneNotifiche = [](const QDate& Giorno) {
+        return std::optional(ImportoDiLegge{Giorno.year() < 2014 ? 8.0 : 27.0, u"art. 30"_s});
+    };
+    DoppioClic(Lista, VoceAnticipazione);
+    QVERIFY(Offerta()->text().startsWith(u"27,00 "));
+    ScriviCella(Righe, 0, DirData, u"05032013"_s);
+    QVERIFY(Offerta()->isVisible());
+    QVERIFY2(Offerta()->text().startsWith(u"8,00 "), qPrintable(Offerta()->text()));
+    Clic(Offerta());
+    QCOMPARE(Importi(0), u"0|8"_s);
 }
 
 void TestOffertaSpesa::nonSiOffre_data()
