@@ -97,6 +97,16 @@ QString MisuraDi(const OpzioneAumRid& Opzione)
                                            : u"fino al %1%"_s.arg(Massimo);
 }
 
+/// "da € 50.000,01 a € 100.000,00" without the signs, then as "50.000–100.000".
+QStringList FormeBrevi(const QString& Limiti)
+{
+    const QString SenzaSegni = QString(Limiti).remove(u"€ "_s);
+    QString Breve = QString(SenzaSegni).remove(u",00"_s).remove(u",01"_s);
+    if (Breve.startsWith(u"da "))
+        Breve = Breve.mid(3).replace(u" a "_s, u"–"_s);
+    return {SenzaSegni, Breve};
+}
+
 QStringList TestiAutorita(const Parcella& Nota)
 {
     QStringList Testi;
@@ -232,7 +242,7 @@ void SchedaDatiBase::MostraScaglione()
     const QString Limiti = Proposto == NessunaVoce ? QString() : Nota.ListaScaglioni[Proposto].DesVal;
     const QString Testo = Limiti.isEmpty() ? QString() : u"Scaglione: "_s + Limiti;
     ui->cmdScaglione->setText(Testo);
-    ui->cmdScaglione->InBreve = QString(Limiti).remove(u"€ "_s);
+    ui->cmdScaglione->InBreve = FormeBrevi(Limiti);
     ui->cmdScaglione->setToolTip(u"Sceglie lo scaglione di questo valore: "_s + Limiti);
     ui->cmdScaglione->setAccessibleName(Testo.isEmpty() ? u"Scaglione del valore"_s : Testo);
     ui->cmdScaglione->setVisible(!Testo.isEmpty());

@@ -55,10 +55,10 @@ QString BottoneOfferta::Mostrato() const
 {
     constexpr int Margini = 8;
     const int Posto = width() - Margini;
-    const QString Intero = text();
-    if (InBreve.isEmpty() || fontMetrics().horizontalAdvance(Intero) <= Posto)
-        return fontMetrics().elidedText(Intero, Qt::ElideRight, Posto);
-    return fontMetrics().elidedText(InBreve, Qt::ElideRight, Posto);
+    for (const QString& Forma : QStringList{text()} + InBreve)
+        if (fontMetrics().horizontalAdvance(Forma) <= Posto)
+            return Forma;
+    return fontMetrics().elidedText(InBreve.isEmpty() ? text() : InBreve.constLast(), Qt::ElideRight, Posto);
 }
 
 void BottoneOfferta::paintEvent(QPaintEvent*)

@@ -19,7 +19,7 @@ public:
 
     [[nodiscard]] QSize minimumSizeHint() const override;
 
-    QString InBreve;  ///< the shorter form; empty: none
+    QStringList InBreve;  ///< shorter forms, the longest first
 
     /// The caption as it is drawn.
     [[nodiscard]] QString Mostrato() const;

@@ -169,6 +169,9 @@ void TestScaglioneOfferto::nienteSiSposta()
     QCOMPARE(Offerta->Mostrato(), u"Scaglione: da € 50.000,01 a € 100.000,00"_s);
     Bottone->resize(Bottone->fontMetrics().horizontalAdvance(Bottone->text()), Bottone->height());
     QCOMPARE(Offerta->Mostrato(), u"da 50.000,01 a 100.000,00"_s);
+    Bottone->resize(Bottone->fontMetrics().horizontalAdvance(u"da 50.000,01 a 100.000,00"_s),
+                    Bottone->height());
+    QCOMPARE(Offerta->Mostrato(), u"50.000–100.000"_s);
     Bottone->resize(60, Bottone->height());
     QVERIFY(Offerta->Mostrato().endsWith(u"…"));
     QVERIFY(Bottone->toolTip().endsWith(u"da € 50.000,01 a € 100.000,00"));
