@@ -72,12 +72,21 @@ void Esporta(const Documento& Doc, const QString& File, const QString& Titolo)
     (void)EsportaDocumento(Doc, File, Quale, Titolo);
 }
 
+/// A word processor's file is as tight as the page would be.
+void EsportaWord(const Documento& Doc, const QString& File, const QString& Titolo)
+{
+    Documento Stretto = Doc;
+    if (Doc.UnaPagina)
+        Stretto.Stretta = StrettezzaDi(Impaginazione(Doc).Grado());
+    Esporta<FormatoEsportazione::Word>(Stretto, File, Titolo);
+}
+
 constexpr std::array Formati{
     Formato{u".txt", [](const Documento& Doc, const QString& File,
                         const QString&) { ScriviFile(File, ScriviTesto(Doc).toUtf8(), Lettori::Cartella); }},
     Formato{u".pdf", [](const Documento& Doc, const QString& File,
                         const QString& Titolo) { Impaginazione(Doc).ScriviPdf(File, Titolo); }},
-    Formato{u".doc", Esporta<FormatoEsportazione::Word>},
+    Formato{u".doc", EsportaWord},
     Formato{u".htm", Esporta<FormatoEsportazione::Html>},
 };
 
@@ -157,9 +166,6 @@ Risposta ComandoStampa(const QStringList& Valori, const NotaMultipla& Altra)
         RicomponiBlocco(Nota);
     Superficie vp;
     Anteprima(vp, Nota, Tipo);  // a note that was read is ready, and every entry of the list is a document
-    ::Documento Composto = vp.Contenuto();
-    if (Composto.UnaPagina)
-        Composto.Stretta = StrettezzaDi(Impaginazione(Composto).Grado());
-    Formato.Scrivi(Composto, Uscita, TitoloDi(Documento, Valori[0]));
+    Formato.Scrivi(vp.Contenuto(), Uscita, TitoloDi(Documento, Valori[0]));
     return {Uscita, {{u"file"_s, Uscita}, {u"documento"_s, Documento}}, false};
 }

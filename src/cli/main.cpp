@@ -22,7 +22,8 @@ bool VuolePagine(int argc, char** argv)
         Parole += QString::fromLocal8Bit(argv[i]);
     return Parole.contains(u"stampa") &&
            (Parole.contains(u"--batch") || std::ranges::any_of(Parole, [](const QString& Parola) {
-                return Parola.endsWith(u".pdf", Qt::CaseInsensitive);
+                return Parola.endsWith(u".pdf", Qt::CaseInsensitive) ||
+                       Parola.endsWith(u".doc", Qt::CaseInsensitive);
             }));
 }
 

@@ -131,7 +131,6 @@ Lettera LetteraDi(const Parcella& Nota, int Tipo)
 
 bool EIndirizzo(const QString& Testo)
 {
-    static const QRegularExpression Forma(
-        u"\\A[A-Za-z0-9_][A-Za-z0-9._%+'-]*@[A-Za-z0-9][A-Za-z0-9.-]*\\z"_s);
+    static const QRegularExpression Forma(u"\\A[A-Za-z0-9_][A-Za-z0-9._+-]*@[A-Za-z0-9][A-Za-z0-9.-]*\\z"_s);
     return Forma.match(Testo).hasMatch();
 }

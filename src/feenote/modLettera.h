@@ -32,5 +32,6 @@ struct Lettera
 /// archive has one that is an address.
 [[nodiscard]] Lettera LetteraDi(const Parcella& Nota, int Tipo);
 
-/// A text that can be an address and nothing else: no blank, no sign that ends an argument or begins another.
+/// A text that can be an address and nothing else: no blank, no sign that ends an argument or begins another,
+/// none by which mail programs part what they are handed.
 [[nodiscard]] bool EIndirizzo(const QString& Testo);

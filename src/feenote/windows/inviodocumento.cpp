@@ -98,6 +98,14 @@ bool InviaDocumento(const Parcella& Nota, int Tipo,
         OffriCartella(u"Su questo computer manca "_s + Posta + u", che apre il programma di posta."_s, File);
         return false;
     }
+    // Mail programs part what they are handed at these signs, and would attach nothing.
+    if (File.contains(u'\'') || File.contains(u',')) {
+        OffriCartella(
+            u"Il percorso dei dati dell'utente contiene un apostrofo o una virgola, che i programmi di "
+            u"posta non accettano."_s,
+            File);
+        return false;
+    }
     const auto AllaFine = [File, Avviata = Adesso()](int Esito) {
         if (Esito != 0 && AncoraAtteso(Avviata))
             OffriQuandoSiPuo(u"Il programma di posta non si è aperto (codice %1)."_s.arg(Esito), File);

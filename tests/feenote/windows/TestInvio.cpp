@@ -9,6 +9,8 @@
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
+#include <QScopeGuard>
+
 using namespace Qt::StringLiterals;
 
 class TestInvio : public QObject, private BancoStampa
@@ -25,6 +27,7 @@ private Q_SLOTS:
     void testiVuoti();
     void senzaProgramma_data();
     void senzaProgramma();
+    void unPercorsoCheLaPostaSpezza();
     void ilProgrammaNonRiesce_data();
     void ilProgrammaNonRiesce();
     void chiFinisceTardiNonRisponde();
@@ -193,6 +196,23 @@ void TestInvio::senzaProgramma()
     QCOMPARE(Cartelle.size(), Risposta == vbYes ? 1 : 0);
     if (Risposta == vbYes)
         QVERIFY(EsisteFile(Cartelle.first() + u"Rossi Mario - Sfratto - Fattura 12-2026.pdf"_s));
+}
+
+/// The folder of the data is the user's own, and may be called anyhow.
+void TestInvio::unPercorsoCheLaPostaSpezza()
+{
+    Installa();
+    const QByteArray Allora = qgetenv("XDG_DATA_HOME");
+    const auto Torna = qScopeGuard([&] { qputenv("XDG_DATA_HOME", Allora); });
+    qputenv("XDG_DATA_HOME", QFile::encodeName(NuovaCartella() + u"d'Angelo"_s));
+    T->Voce.Attendi(
+        u"Il percorso dei dati dell'utente contiene un apostrofo o una virgola, che i programmi di posta "
+        "non accettano.\nIl documento Rossi Mario - Sfratto - Fattura 12-2026.pdf è pronto e si può "
+        "allegare a mano: aprire la sua cartella?"_s,
+        vbYes, u"Avvertenza:"_s);
+    InviaSubito();
+    QCOMPARE(Cartelle.size(), 1);
+    QVERIFY(!EsisteFile(Programmi + u"xdg-email.visto"_s));
 }
 
 void TestInvio::ilProgrammaNonRiesce_data()
