@@ -84,8 +84,13 @@ void Sezione(Superficie& vp, const SezioneScheda& Parte)
     vp.SpaceBefore(SopraParte);
     if (!Parte.Titolo.isEmpty())
         Riga(vp, Parte.Titolo, true);
-    if (!Parte.Risultato.isEmpty())
-        Riga(vp, Parte.Risultato, Parte.Titolo.isEmpty());
+    if (!Parte.Risultato.isEmpty()) {
+        vp.FontBold(Parte.Titolo.isEmpty());
+        vp.Text(Parte.Risultato);
+        vp.SpaceAfter(SottoRiga);
+        vp.Paragraph({});
+        vp.FontBold(false);
+    }
     if (!Parte.Tabella.Righe.isEmpty()) {
         vp.KeepNext();
         ScriviTabella(vp, Parte.Tabella);
@@ -158,10 +163,10 @@ QList<QStringList> RigheScheda(const SchedaCalcolo& Scheda)
     for (const QString& Testo : Scheda.Dati)
         Righe << DueCelle(Testo);
     for (const SezioneScheda& Parte : Scheda.Sezioni) {
-        if (Parte.Titolo.isEmpty())
-            Righe << DueCelle(Parte.Risultato);
-        else
+        if (!Parte.Titolo.isEmpty())
             Righe << QStringList{Parte.Titolo, Parte.Risultato};
+        else if (!Parte.Risultato.isEmpty())
+            Righe << DueCelle(Parte.Risultato);
         if (!Parte.Tabella.Righe.isEmpty()) {
             QStringList Titoli;
             for (const ColonnaScheda& Colonna : Parte.Tabella.Colonne)

@@ -154,7 +154,8 @@ SchedaCalcolo SchedaLettura(const LetturaCodFis& Lettura, const QString& Comune,
     if (!Lettura.Letto())
         return Scheda;
     SezioneScheda Letto;
-    Letto.Tabella.Colonne = {{u"Che cosa dice"_s, u"5cm"_s}, {QString(), u"10cm"_s}};
+    Letto.Risultato = u"Che cosa dice il codice"_s;
+    Letto.Tabella.Colonne = {{u"Voce"_s, u"5cm"_s}, {u"Lettura"_s, u"10cm"_s}};
     for (const QString& Riga : RigheLettura(Lettura, Comune))
         Letto.Tabella.Righe << QStringList{Riga.section(u": "_s, 0, 0), Riga.section(u": "_s, 1)};
     Letto.Tabella.Righe << QStringList{u"Ultima lettera"_s,

@@ -52,6 +52,9 @@ frmCodFis::frmCodFis() : ui(std::make_unique<Ui::frmCodFis>())
     ui->txtCodiceFiscale->setFont(Spaziato(ui->txtCodiceFiscale->font()));
     ui->txtLetto->setFont(Spaziato(ui->txtLetto->font()));
     ui->cmdCopiaLettura->setIcon(aspetto::Icona(u"copia"_s));
+    constexpr int RigheLette = 3;
+    ui->lblLettura->setMinimumHeight(RigheLette * fontMetrics().lineSpacing());
+    ui->lblNoteLettura->setMinimumHeight(fontMetrics().lineSpacing());
     SfondoPannello(ui->fraLettura);
     Comandi = new ComandiCalcolo(this, ParteComandi());
     ImpostaMenu(this, QList<VoceMenu>{{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New,
@@ -321,6 +324,7 @@ void frmCodFis::txtLetto_Change()
     Lettura = LeggiCodFis(ui->txtLetto->text(), Oggi());
     MostraLettura();
     Comandi->Aggiorna();
+    FaiPosto(this);
     if (Lettura.Letto() && !Prima)
         Annuncia(ui->lblLettura);
 }

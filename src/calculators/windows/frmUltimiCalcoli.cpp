@@ -6,6 +6,7 @@
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 
 #include "calculators/windows/ui_frmUltimiCalcoli.h"
@@ -46,7 +47,7 @@ void frmUltimiCalcoli::Colonne()
         return Nuova;
     };
     Righe.Azzera(NumColonne);
-    ui->tdbCalcoli->ImpostaColonne({Colonna(u"Calcolo"_s, ColNome, 34), Colonna(u"Risultato"_s, ColEsito, 30),
+    ui->tdbCalcoli->ImpostaColonne({Colonna(u"Calcolo"_s, ColNome, 34), Colonna(u"Risultato"_s, ColEsito, 24),
                                     Colonna(u"Quando"_s, ColQuando, 17)});
     ui->tdbCalcoli->FraseVuota(u"Nessun calcolo in elenco: ne entra uno a ogni risultato."_s);
     ui->tdbCalcoli->Lega(&Righe);
@@ -149,7 +150,11 @@ void frmUltimiCalcoli::cmdElimina_Click()
 
 void frmUltimiCalcoli::cmdSvuota_Click()
 {
-    if (MsgBox(u"Confermi la cancellazione di tutti i calcoli in elenco?"_s, vbYesNo + vbQuestion,
+    // A list put aside holds those of all calculators: nobody loses them unasked.
+    const QString Anche = EsisteFile(FileCalcoliGuasto())
+                              ? u"\nSi cancella anche l'elenco danneggiato che era stato messo da parte."_s
+                              : QString();
+    if (MsgBox(u"Confermi la cancellazione di tutti i calcoli in elenco?"_s + Anche, vbYesNo + vbQuestion,
                TitoloDomanda.toString()) != vbYes)
         return;
     Protetta([this] { SvuotaCalcoli(Quale); });

@@ -524,6 +524,15 @@ void TestComandiCalcolo::elencoDanneggiato()
     QVERIFY(ChiudiElenco(F, Elenco));
     CalcolaIstat(F, 0);
     QCOMPARE(UltimiCalcoli(Calcolatrice::Istat).size(), 1);
+    // What was put aside holds the lists of all windows: emptying one says that it goes too.
+    Elenco = ApriElenco(F);
+    QVERIFY(Elenco);
+    B->Voce.Attendi(
+        u"Confermi la cancellazione di tutti i calcoli in elenco?\nSi cancella anche l'elenco danneggiato "
+        "che era stato messo da parte."_s,
+        vbNo);
+    Clic(Controllo(Elenco, "cmdSvuota"));
+    QVERIFY(EsisteFile(FileCalcoliGuasto()));
 }
 
 // A list that cannot be written is told once; the calculation is there all the same.

@@ -24,6 +24,8 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void vuota();
+    void ordineDelTabulatore();
+    void siVedeTutta();
     void mentreSiScrive();
     void incollato_data();
     void incollato();
@@ -74,6 +76,23 @@ void TestLetturaCodFis::vuota()
     QCOMPARE(Lettura(), FraseVuota);
     QCOMPARE(Note(), QString());
     QVERIFY(!Controllo(F, "cmdCopiaLettura")->isEnabled() && !Rosso());
+}
+
+void TestLetturaCodFis::ordineDelTabulatore()
+{
+    QCOMPARE(OrdineTab(Controllo(F, "txtComune"), 3),
+             (QStringList{u"txtComune"_s, u"txtCodiceFiscale"_s, u"txtLetto"_s}));
+}
+
+// The longest reading has its room, and the window grows for what is more than that.
+void TestLetturaCodFis::siVedeTutta()
+{
+    Incolla(Letto(), u"RSSMRA12M45A001X"_s);
+    Respiro();
+    for (const char* Nome : {"lblLettura", "lblNoteLettura"}) {
+        const auto* Riga = Controllo<QLabel>(F, Nome);
+        QVERIFY2(Riga->height() >= Riga->heightForWidth(Riga->width()), Nome);
+    }
 }
 
 void TestLetturaCodFis::mentreSiScrive()
