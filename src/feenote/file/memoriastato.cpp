@@ -1,7 +1,8 @@
 #include "feenote/file/memoriastato.h"
 
 #include "feenote/modStato.h"
-#include "platform/base/regionale.h"
+
+#include <QDate>
 
 #include <array>
 #include <cmath>
@@ -30,9 +31,18 @@ QString VoceGiorno(StatoNota Stato)
     return u"Stato.Dal."_s + NomeStato(Stato);
 }
 
+/// A day as ScriviStato has written it; empty for any other text. Ten thousand notes are listed at once: no
+/// pattern is looked at.
 QString GiornoBuono(const QString& Testo)
 {
-    return IsDate(Testo) ? Format(CDate(Testo), u"dd/mm/yyyy") : QString();
+    constexpr qsizetype Lungo = 10;  // dd/mm/yyyy
+    if (Testo.size() != Lungo || Testo[2] != u'/' || Testo[5] != u'/')
+        return {};
+    const QStringView Tutto(Testo);
+    std::array<bool, 3> Cifre{};
+    const bool Valido = QDate::isValid(Tutto.mid(6).toInt(&Cifre[2]), Tutto.mid(3, 2).toInt(&Cifre[1]),
+                                       Tutto.left(2).toInt(&Cifre[0]));
+    return Valido && Cifre[0] && Cifre[1] && Cifre[2] ? Testo : QString();
 }
 
 StatoNota LeggiNome(const MemoriaFile& Memoria, const QString& Voce)

@@ -94,8 +94,10 @@ std::optional<DatiNota> LeggiDati(const QString& File)
     const int Tipo = Celle->at(LettaTipoStampa).toInt(&Numero);
     Dati.TipoStampa = Numero && ETipoStampa(Tipo) ? Tipo : -1;
     Dati.NumFatt = SuUnaRiga(Celle->at(LettaNumFatt));
-    const QDate Giorno = QDate::fromString(Celle->at(LettaDataFatt).left(10), Qt::ISODate);
-    Dati.DataFatt = Giorno.isValid() ? Format(Giorno, u"dd/mm/yyyy") : QString();
+    if (const QString& Giorno = Celle->at(LettaDataFatt); !Giorno.isEmpty()) {
+        const QDate Data = QDate::fromString(Giorno.left(10), Qt::ISODate);
+        Dati.DataFatt = Data.isValid() ? Format(Data, u"dd/mm/yyyy") : QString();
+    }
     Dati.Stato = LeggiStatoLetto(Annotate.Trovate);
     return Dati;
 }

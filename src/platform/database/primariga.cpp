@@ -10,6 +10,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -26,6 +27,9 @@ sqlite3_file* FileDi(const Connessione& Conn)
     const int Esito = sqlite3_file_control(Conn.Motore(), "main", SQLITE_FCNTL_FILE_POINTER, &File);
     return Esito == SQLITE_OK && File && File->pMethods ? File : nullptr;
 }
+
+/// Annotations that are looked at: a note has a few dozens.
+constexpr int MassimeAnnotazioni = 200;
 
 /// What the first bytes of a file say of it.
 struct TestataFile
@@ -66,27 +70,23 @@ int NumeroInUso(int Numero)
     return Numero == errori::DatabaseSolaLettura ? errori::DatiBloccati : Numero;
 }
 
-/// A view of that name is code chosen by the file, and is not run.
+/// True in a file whose annotations are the program's own kind of table: a view of that name is code chosen
+/// by the file, and is not run.
+constexpr QStringView HaAnnotazioni =
+    u"(SELECT 1 FROM sqlite_schema WHERE type='table' AND rootpage>0 AND name='_Calcanova')";
+
 void LeggiAnnotazioni(const Connessione& Conn, AnnotazioniChieste& Chieste, int MassimoCaratteri)
 {
     try {
-        Istruzione Tabella(
-            Conn, u"SELECT 1 FROM sqlite_schema WHERE type='table' AND rootpage>0 AND name='_Calcanova'"_s);
-        if (!Tabella.Avanza())
-            return;
-        Tabella.Azzera();
-        const QStringList Posti(Chieste.Nomi.size(), u"?"_s);
-        QVariantList Nomi;
-        for (const QString& Nome : Chieste.Nomi)
-            Nomi += Nome;
+        // From the first of them on, in the order of the key: a list of names would cost more than the rows.
         Istruzione Righe(Conn,
-                         u"SELECT Nome, substr(Valore,1,%1) FROM \"_Calcanova\" WHERE Nome IN (%2) LIMIT %3"_s
-                             .arg(MassimoCaratteri)
-                             .arg(Posti.join(u','))
-                             .arg(Chieste.Nomi.size()),
-                         Nomi);
+                         u"SELECT Nome,substr(Valore,1,"_s + QString::number(MassimoCaratteri) +
+                             u") FROM \"_Calcanova\" WHERE Nome>=? ORDER BY Nome LIMIT "_s +
+                             QString::number(MassimeAnnotazioni),
+                         {*std::ranges::min_element(Chieste.Nomi)});
         while (Righe.Avanza())
-            Chieste.Trovate.insert(Righe.Testo(0), Righe.Testo(1));
+            if (const QString Nome = Righe.Testo(0); Chieste.Nomi.contains(Nome))
+                Chieste.Trovate.insert(Nome, Righe.Testo(1));
     } catch (const Errore& Guasto) {
         if (NumeroInUso(Guasto.Numero) == errori::DatiBloccati)
             throw;
@@ -116,7 +116,7 @@ std::optional<QStringList> Leggi(const Connessione& Conn, const Lettura& Che)
     QStringList Celle;
     for (int i = 0; i < Che.Colonne; ++i)
         Celle += Riga.Testo(i);
-    if (Che.Anche)
+    if (Che.Anche && !Che.Anche->Nomi.isEmpty() && Riga.Intero(int(Che.Colonne)) == 1)
         LeggiAnnotazioni(Conn, *Che.Anche, Che.MassimoCaratteri);
     return Celle;
 }
@@ -136,6 +136,8 @@ std::optional<QStringList> LeggiPrimaRiga(const QString& Percorso, const QString
     QStringList Tagliate;
     for (const QString& Colonna : Colonne)
         Tagliate += u"substr(%1,1,%2)"_s.arg(Identificatore(Colonna)).arg(MassimoCaratteri);
+    if (Anche && !Anche->Nomi.isEmpty())
+        Tagliate += HaAnnotazioni.toString();
     const Lettura Che{u"SELECT %1 FROM %2 LIMIT 1"_s.arg(Tagliate.join(u','), Identificatore(Tabella)),
                       Colonne.size(), MassimoCaratteri, Anche};
     if (Anche)
