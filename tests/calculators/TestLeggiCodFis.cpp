@@ -157,6 +157,9 @@ void TestLeggiCodFis::omocodia()
     QCOMPARE(
         NoteLettura(Lettura),
         QStringList{u"Codice omocodo: ha lettere al posto di cifre. La forma di base è RSSMRA80A01H501U."_s});
+    // The letter of each digit, as the ministry has them.
+    QVERIFY(Letta(u"RSSMRAUVALMHRSTX"_s).Base.startsWith(u"RSSMRA89A01H567"));
+    QVERIFY(Letta(u"RSSMRAUVALMHNPQX"_s).Base.startsWith(u"RSSMRA89A01H234"));
     // With the letters of digits in its day a woman is one still.
     const LetturaCodFis Donna = Letta(u"RSSMRA85MQRF205"_s + ControlloCodFis(u"RSSMRA85MQRF205"_s));
     QVERIFY(Donna.Letto() && Donna.Donna);
