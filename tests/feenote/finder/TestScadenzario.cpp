@@ -158,6 +158,8 @@ void TestScadenzario::tabellaOstile_data()
                u"CREATE VIEW \"_Calcanova\" AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n) "
                u"SELECT 'Stato' AS Nome, i AS Valore FROM n"_s
         << false;
+    QTest::newRow("a view, which is code of the file's own")
+        << Via + u"CREATE VIEW \"_Calcanova\" AS SELECT 'Stato' AS Nome, 'Inviata' AS Valore"_s << false;
     QTest::newRow("other columns") << Via + u"CREATE TABLE \"_Calcanova\" (Chi TEXT, Che TEXT)"_s << false;
     QTest::newRow("an unknown state")
         << u"UPDATE \"_Calcanova\" SET Valore='Smarrita' WHERE Nome='Stato'"_s << false;
