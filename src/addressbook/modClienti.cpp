@@ -89,6 +89,15 @@ std::optional<DatiCliente> LeggiCliente(int IDCli)
     return CercaRiga(u"clienti"_s, IDCli, LeggiRiga);
 }
 
+bool ArchivioClientiLeggibile()
+{
+    try {
+        return ApriArchivio(FileRubrica(sessione::ArchivioCliCon), true).EsisteTabella(u"clienti"_s);
+    } catch (const Errore&) {
+        return false;
+    }
+}
+
 std::optional<TipoSoggetto> SoggettoScritto(const QString& Testo)
 {
     struct Parola

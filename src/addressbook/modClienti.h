@@ -33,6 +33,9 @@ struct DatiCliente
 /// have is empty.
 [[nodiscard]] std::optional<DatiCliente> LeggiCliente(int IDCli);
 
+/// True when the office's archive can be read now.
+[[nodiscard]] bool ArchivioClientiLeggibile();
+
 /// Who a client is to the electronic invoice.
 enum class TipoSoggetto { Persona, Societa, Amministrazione, Estero };
 /// What a card's text means: "Persona", "Società", "PA", "Estero", and the words that begin so; none else.

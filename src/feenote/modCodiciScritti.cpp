@@ -24,20 +24,35 @@ bool Lettera(QChar C)
     return C >= u'A' && C <= u'Z';
 }
 
+/// The digits of a VAT number, which may stand in groups. What follows it is none of it: a postal code behind
+/// a dash, another group where there is nearly a number already.
+QString CifreDi(QStringView Testo)
+{
+    QString Cifre;
+    for (const QChar C : Testo) {
+        const bool Spazio = C.isSpace() || C == u'.';
+        if (Cifra(C))
+            Cifre += C;
+        else if (!Spazio || Cifre.size() >= CifrePartita - 1)
+            break;
+        if (Cifre.size() == CifrePartita)
+            break;
+    }
+    return Cifre;
+}
+
 /// What follows a name, in one piece, cut to the code that it begins with; empty where it begins with none.
 /// "C.F. e P.IVA 0123..." has the second name in between, and is found at that one.
 QString Dietro(const QString& Resto, bool& Esteri)
 {
+    static const QRegularExpression Numero(u"^[\\s:.°n]*(?:IT)?[\\s.]*(?=[0-9])"_s,
+                                           QRegularExpression::CaseInsensitiveOption);
+    if (const QRegularExpressionMatch Davanti = Numero.match(Resto); Davanti.hasMatch())
+        return CifreDi(QStringView(Resto).sliced(Davanti.capturedEnd()));
     QString Codice = CodiceInUnPezzo(Resto);
     Codice.removeIf([](QChar C) { return C == u':' || C == u'°'; });
-    if (Codice.startsWith(u"IT") && Codice.size() > 2 && Cifra(Codice[2]))
-        Codice.remove(0, 2);
     if (Codice.isEmpty())
         return {};
-    if (Cifra(Codice[0])) {
-        const auto Fine = std::ranges::find_if_not(Codice, Cifra);
-        return Codice.left(std::min(qsizetype(Fine - Codice.begin()), CifrePartita));
-    }
     // Two letters in front of a number are a country.
     if (Codice.size() > 2 && Lettera(Codice[0]) && Lettera(Codice[1]) && Cifra(Codice[2])) {
         Esteri = true;

@@ -133,6 +133,8 @@ void RaccoltaRilievi::Parti()
 
 void RaccoltaRilievi::CodiciDellaScheda()
 {
+    if (!Dati.ArchivioLetto)
+        return;
     if (!Dati.Cliente) {
         Avvisa(GenereRilievo::ClienteAssente, LuogoRilievo::Cliente,
                u"Il cliente collegato non si trova nell'archivio"_s);
@@ -188,7 +190,7 @@ void RaccoltaRilievi::Numerazione()
                     u"La data della fattura non è una data: «%1»"_s.arg(Scritta));
         else if (*DataFattura > Dati.Oggi)
             Avvisa(DataFutura, LuogoRilievo::DataFattura,
-                   u"La data della fattura è di là da venire: %1"_s.arg(Giorno(*DataFattura)));
+                   u"La data della fattura deve ancora venire: %1"_s.arg(Giorno(*DataFattura)));
         return;
     }
     // Pro-forma note and estimate may go without both.
@@ -207,26 +209,23 @@ void RaccoltaRilievi::Termini()
     TermineDelFile();
 }
 
-/// A note that is paid wants its invoice; what was paid a year ago is nobody's haste any more.
+/// A note that is paid wants its invoice. When the money came nobody knows but by the day on which that was
+/// said; an office that numbers its invoices elsewhere, and payments that had invoices of theirs, are left
+/// alone.
 void RaccoltaRilievi::TermineDelPagamento()
 {
-    if (Nota.Stato.Stato != StatoNota::Pagata || !ChiedePagamento(Tipo))
+    if (Nota.Stato.Stato != StatoNota::Pagata || !Dati.Numera || !ChiedePagamento(Tipo) ||
+        FatturaNumerata(Nota))
         return;
+    for (int Riga = 0; Riga < Nota.xAcconti.Righe(); ++Riga)
+        if (CStr(Nota.xAcconti(Riga, AccDescr)).contains(u"fatt", Qt::CaseInsensitive))
+            return;
     const auto Dal = LeggiData(Nota.Stato.Dal());
-    if (!Dal || Dal->addYears(1) < Dati.Oggi)
+    if (!Dal || Dal->addYears(1) < Dati.Oggi || Dati.Oggi <= Dal->addDays(GiorniEmissione))
         return;
-    const QDate Termine = Dal->addDays(GiorniEmissione);
-    if (!FatturaNumerata(Nota)) {
-        if (Dati.Oggi > Termine)
-            Avvisa(GenereRilievo::TermineScaduto,
-                   Documento.EFattura ? LuogoRilievo::NumeroFattura : LuogoRilievo::Documento,
-                   u"La parcella è pagata dal %1 e senza fattura: il termine era il %2"_s.arg(
-                       Giorno(*Dal), Giorno(Termine)));
-    } else if (Documento.EFattura && *DataFattura > Termine) {
-        Avvisa(GenereRilievo::TermineScaduto, LuogoRilievo::DataFattura,
-               u"La parcella è pagata dal %1: la fattura andava emessa entro il %2"_s.arg(Giorno(*Dal),
-                                                                                          Giorno(Termine)));
-    }
+    Avvisa(GenereRilievo::TermineScaduto,
+           Documento.EFattura ? LuogoRilievo::NumeroFattura : LuogoRilievo::Documento,
+           u"Qui manca la fattura di una parcella segnata pagata il %1"_s.arg(Giorno(*Dal)));
 }
 
 /// The payments have no date of their own: their words may. They count for an invoice on account alone, since
@@ -274,8 +273,11 @@ void RaccoltaRilievi::Onorari()
         Avvisa(GenereRilievo::DaRicalcolare, LuogoRilievo::Ricalcolo,
                u"Gli onorari sono da ricalcolare con i nuovi parametri"_s);
     const TabellaRighe& Lette = Nota.xOnorari;
+    // Entering them recalculates: the amount complained of would be gone before it is seen.
+    const LuogoRilievo Luogo = Nota.RicalcoloNecessario && RicalcoloInSospeso(Nota) ? LuogoRilievo::Ricalcolo
+                                                                                    : LuogoRilievo::Onorari;
     const auto Nome = [&](int Riga) { return NomeRiga(u"Onorario", Riga, Lette(Riga, OnoDescr)); };
-    Righe(Lette, GenereRilievo::FuoriLimiti, LuogoRilievo::Onorari, OnoImporto,
+    Righe(Lette, GenereRilievo::FuoriLimiti, Luogo, OnoImporto,
           u"Altri onorari oltre il massimo o sotto il minimo: %1"_s,
           [&](int Riga, bool Taciuta) -> std::optional<QString> {
               const auto Passato = LimiteDiRiga(Lette, Riga);
@@ -285,7 +287,7 @@ void RaccoltaRilievi::Onorari()
                              : Nome(Riga) + u": "_s + TestoImporto(NumeroDi(Lette(Riga, OnoImporto))) +
                                    u", "_s + FraseLimite(*Passato);
           });
-    Righe(Lette, GenereRilievo::OnorarioAZero, LuogoRilievo::Onorari, OnoImporto, u"Altri onorari a 0: %1"_s,
+    Righe(Lette, GenereRilievo::OnorarioAZero, Luogo, OnoImporto, u"Altri onorari a 0: %1"_s,
           [&](int Riga, bool Taciuta) -> std::optional<QString> {
               if (NumeroDi(Lette(Riga, OnoImporto)) != 0 || LimiteDiRiga(Lette, Riga))
                   return std::nullopt;
@@ -315,7 +317,7 @@ void RaccoltaRilievi::Acconti()
     const auto Confronta = [&](double Pagato, double Dovuto, int Colonna, const QString& Frase) {
         if (Pagato > Dovuto + MezzoCentesimo)
             Avvisa(GenereRilievo::AccontiEccedenti, LuogoRilievo::Acconti,
-                   Frase.arg(TestoImporto(Pagato), TestoImporto(Dovuto)), 0, Colonna);
+                   Frase.arg(Format(Pagato, u"#,##0.00"), Format(Dovuto, u"#,##0.00")), 0, Colonna);
     };
     Confronta(Pagati.Corrispettivi, Conti.Dati.Onorari + Conti.SpeseGen, AccCorrispettivi,
               Conti.SpeseGen != 0

@@ -74,6 +74,8 @@ struct DatiControllo
 {
     QDate Oggi;
     const DatiCliente* Cliente = nullptr;  ///< the row that the note is linked to; null: there is none
+    bool ArchivioLetto = true;             ///< false: whether there is such a row is not known
+    bool Numera = false;                   ///< the office numbers its invoices with this program
     bool ScriveXml = false;                ///< the office writes its electronic invoices with this program
 };
 

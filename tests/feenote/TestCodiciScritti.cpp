@@ -33,13 +33,17 @@ void TestCodiciScritti::codici_data()
     QTest::newRow("corto") << u"CF RSSMRA80A01H5"_s << u"cRSSMRA80A01H5"_s;
     QTest::newRow("P.IVA") << u"Alfa Srl P.IVA 01234567897"_s << Alfa;
     QTest::newRow("Partita IVA con IT, a gruppi") << u"Partita IVA IT 01234 567 897"_s << Alfa;
-    QTest::newRow("P. I.V.A.") << u"P. I.V.A. n. 01234567897"_s << u"p+?01234567897"_s;
+    QTest::newRow("P. I.V.A.") << u"P. I.V.A. n. 01234567897"_s << Alfa;
     QTest::newRow("tutti e due i nomi davanti") << u"C.F. e P.IVA 01234567897"_s << Alfa;
     QTest::newRow("i nomi per esteso") << u"Codice fiscale e partita IVA: 01234567897"_s << Alfa;
     QTest::newRow("l'uno dietro l'altro")
         << u"P.IVA 01234567897 C.F. RSSMRA80A01H501U"_s << Alfa + u' ' + Rossi;
     QTest::newRow("cifra sbagliata") << u"P.IVA 01234567898"_s << u"p01234567898"_s;
     QTest::newRow("tre cifre") << u"P.IVA 123"_s << u"p123"_s;
+    QTest::newRow("una cifra in meno e il CAP") << u"P.IVA 0123456789 - 20121 Milano"_s << u"p0123456789"_s;
+    QTest::newRow("una cifra in meno e altro") << u"P.IVA 0123456789 20121 Milano"_s << u"p0123456789"_s;
+    QTest::newRow("una cifra in più") << u"P.IVA 012345678970"_s << Alfa;
+    QTest::newRow("il numero e il CAP") << u"P.IVA 01234567897 - 20121 Milano"_s << Alfa;
     QTest::newRow("nome senza numero") << u"esente da partita IVA, via Roma 1"_s << QString();
     QTest::newRow("undici cifre che tornano") << u"Alfa Srl 01234567897"_s << u"p+?01234567897"_s;
     QTest::newRow("undici cifre che non tornano") << u"tel. 05512345676"_s << QString();

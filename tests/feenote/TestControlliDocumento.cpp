@@ -78,7 +78,7 @@ void TestControlliDocumento::data_data()
     QTest::newRow("anno di due cifre") << u"1/3/26"_s << QString();
     QTest::newRow("coi punti") << u"20.11.2026"_s << QString();
     QTest::newRow("oggi") << u"22/11/2026"_s << QString();
-    QTest::newRow("domani") << u"23/11/2026"_s << u"La data della fattura è di là da venire: 23/11/2026"_s;
+    QTest::newRow("domani") << u"23/11/2026"_s << u"La data della fattura deve ancora venire: 23/11/2026"_s;
 }
 
 void TestControlliDocumento::data()
@@ -217,6 +217,8 @@ void TestControlliDocumento::codiciDellaScheda()
                  Detto.Genere == PartitaIvaErrata ? LuogoRilievo::PartitaIva : LuogoRilievo::CodiceFiscale);
     }
     QCOMPARE(Trovati, Generi);
+    // Nobody knows of an archive that cannot be read.
+    QCOMPARE(ControllaNota(Nota, {.Oggi = GiornoControlli, .ArchivioLetto = false}), QList<Rilievo>());
     // A link that leads nowhere is told, where the document would say the codes.
     const Guardata Assente = Guarda(Nota, std::nullopt);
     const bool ConCodici = Tipo != StampaNotaGiudiziale && Tipo != StampaSoloContabile;
@@ -322,30 +324,24 @@ void TestControlliDocumento::pagataSenzaFattura_data()
     QTest::addColumn<int>("Tipo");
     QTest::addColumn<int>("Stato");
     QTest::addColumn<QString>("Dal");
-    QTest::addColumn<QString>("DataFattura");
-    QTest::addColumn<QString>("Frase");
-    QTest::addColumn<int>("Luogo");
-    const auto Riga = [](const char* Nome, int Tipo, StatoNota Stato, const QString& Dal, const QString& Data,
-                         const QString& Frase, LuogoRilievo Luogo = LuogoRilievo::Documento) {
-        QTest::newRow(Nome) << Tipo << int(Stato) << Dal << Data << Frase << int(Luogo);
+    QTest::addColumn<QString>("Acconto");
+    QTest::addColumn<bool>("Numera");
+    QTest::addColumn<bool>("Detta");
+    const auto Riga = [](const char* Nome, StatoNota Stato, const QString& Dal, bool Detta,
+                         int Tipo = StampaPrenotula, const QString& Acconto = {}, bool Numera = true) {
+        QTest::newRow(Nome) << Tipo << int(Stato) << Dal << Acconto << Numera << Detta;
     };
-    const QString Tardi =
-        u"La parcella è pagata dal 09/11/2026 e senza fattura: il termine era il 21/11/2026"_s;
-    Riga("al dodicesimo giorno", StampaPrenotula, StatoNota::Pagata, u"10/11/2026"_s, {}, {});
-    Riga("al tredicesimo", StampaPrenotula, StatoNota::Pagata, u"09/11/2026"_s, {}, Tardi);
-    Riga("inviata", StampaPrenotula, StatoNota::Inviata, u"09/11/2026"_s, {}, {});
-    Riga("il giorno non si sa", StampaPrenotula, StatoNota::Pagata, {}, {}, {});
-    Riga("di un anno fa", StampaPrenotula, StatoNota::Pagata, u"21/11/2025"_s, {}, {});
-    Riga("fatturata a prenotula in vista", StampaPrenotula, StatoNota::Pagata, u"09/11/2026"_s,
-         u"22/11/2026"_s, {});
-    Riga("il preventivo non chiede nulla", StampaPreventivo, StatoNota::Pagata, u"09/11/2026"_s, {}, {});
-    Riga("fattura in tempo", StampaFatturaAnalitica, StatoNota::Pagata, u"09/11/2026"_s, u"21/11/2026"_s, {});
-    Riga("fattura il giorno dopo", StampaFatturaAnalitica, StatoNota::Pagata, u"09/11/2026"_s,
-         u"22/11/2026"_s,
-         u"La parcella è pagata dal 09/11/2026: la fattura andava emessa entro il 21/11/2026"_s,
-         LuogoRilievo::DataFattura);
-    Riga("fattura prima del pagamento", StampaFatturaAnalitica, StatoNota::Pagata, u"09/11/2026"_s,
-         u"01/09/2026"_s, {});
+    using enum StatoNota;
+    Riga("al dodicesimo giorno", Pagata, u"10/11/2026"_s, false);
+    Riga("al tredicesimo", Pagata, u"09/11/2026"_s, true);
+    Riga("al tredicesimo, fattura in vista", Pagata, u"09/11/2026"_s, true, StampaFatturaAnalitica);
+    Riga("inviata", Inviata, u"09/11/2026"_s, false);
+    Riga("il giorno non si sa", Pagata, {}, false);
+    Riga("di un anno fa", Pagata, u"21/11/2025"_s, false);
+    Riga("il preventivo non chiede nulla", Pagata, u"09/11/2026"_s, false, StampaPreventivo);
+    Riga("acconto con la sua fattura", Pagata, u"09/11/2026"_s, false, StampaPrenotula, u"come da Fatt. 3"_s);
+    Riga("acconto e basta", Pagata, u"09/11/2026"_s, true, StampaPrenotula, u"bonifico"_s);
+    Riga("studio che numera altrove", Pagata, u"09/11/2026"_s, false, StampaPrenotula, {}, false);
 }
 
 void TestControlliDocumento::pagataSenzaFattura()
@@ -353,18 +349,35 @@ void TestControlliDocumento::pagataSenzaFattura()
     QFETCH(const int, Tipo);
     QFETCH(const int, Stato);
     QFETCH(const QString, Dal);
-    QFETCH(const QString, DataFattura);
-    QFETCH(const QString, Frase);
-    QFETCH(const int, Luogo);
+    QFETCH(const QString, Acconto);
+    QFETCH(const bool, Numera);
+    QFETCH(const bool, Detta);
     Parcella Nota = FatturaInRegola();
     ScegliTipoStampa(Nota, Tipo);
-    Nota.txtDatiPar[DatoDataFatt] = DataFattura;
     Nota.Stato.Stato = StatoNota(Stato);
     Nota.Stato.Giorni[size_t(Stato)] = Dal;
-    const Guardata Esito = Guarda(Nota);
-    QCOMPARE(Esito.Frasi, Frase.isEmpty() ? QStringList() : QStringList{Frase});
-    if (!Frase.isEmpty())
-        QCOMPARE(int(Esito.Tutti.first().Luogo), Luogo);
+    Nota.xAcconti(RigaAcconto(Nota, u"E"_s, 100.0, 0.0, 0.0), AccDescr) = Acconto;
+    const DatiCliente Cliente = ClienteInRegola();
+    const auto Frasi = [&] {
+        QStringList Lette;
+        for (const Rilievo& Detto :
+             ControllaNota(Nota, {.Oggi = GiornoControlli, .Cliente = &Cliente, .Numera = Numera})) {
+            Lette += Detto.Frase;
+            if (Detto.Genere == TermineScaduto)
+                Lette += CStr(int(Detto.Luogo));
+        }
+        return Lette;
+    };
+    QCOMPARE(Frasi(), QStringList());  // it has its invoice
+    Nota.txtDatiPar[DatoNumFatt].clear();
+    QStringList Lette = Frasi();
+    Lette.removeAll(u"La fattura è senza numero"_s);
+    const LuogoRilievo Luogo =
+        Tipo == StampaFatturaAnalitica ? LuogoRilievo::NumeroFattura : LuogoRilievo::Documento;
+    QCOMPARE(Lette, Detta
+                        ? QStringList({u"Qui manca la fattura di una parcella segnata pagata il 09/11/2026"_s,
+                                       CStr(int(Luogo))})
+                        : QStringList());
 }
 
 void TestControlliDocumento::ilFileNonScritto_data()

@@ -300,7 +300,7 @@ void TestControlliNota::acconti_data()
     Riga("oltre le spese imponibili", Fattura, {}, E, 0, 12.51, 0,
          {u"Gli acconti sulle spese imponibili, 12,51, superano le spese imponibili, 12,50"_s});
     Riga("oltre le spese esenti", Fattura, {}, E, 0, 0, 0.01,
-         {u"Gli acconti sulle spese esenti, 0,01, superano le spese esenti, 0"_s});
+         {u"Gli acconti sulle spese esenti, 0,01, superano le spese esenti, 0,00"_s});
     Riga("lire", Fattura, {}, u"L"_s, 1936270, 0, 0, {});
     Riga("la nota spese non ne conosce", StampaNotaGiudiziale, {}, E, 9000, 9000, 9000, {});
     Riga("il contratto non ha riepilogo", StampaContratto, {}, E, 9000, 9000, 9000, {});
@@ -348,6 +348,12 @@ void TestControlliNota::daRicalcolare()
     const Guardata Esito = Guarda(Nota);
     QCOMPARE(Esito.Generi, QList{DaRicalcolare});
     QCOMPARE(Esito.Tutti.first().Luogo, LuogoRilievo::Ricalcolo);
+    // The visit would change the very amount: the way leads by the recalculation.
+    Nota.xOnorari(0, OnoImporto) = 5000.0;
+    QCOMPARE(Guarda(Nota).Tutti.last().Genere, FuoriLimiti);
+    QCOMPARE(Guarda(Nota).Tutti.last().Luogo, LuogoRilievo::Ricalcolo);
+    Nota.RicalcoloNecessario = false;  // as a reopened note has it: entering leaves the lines
+    QCOMPARE(Guarda(Nota).Tutti.last().Luogo, LuogoRilievo::Onorari);
     Nota.xOnorari.Azzera(OnoColonne);
     QCOMPARE(Guarda(Nota).Generi, QList<GenereRilievo>());
 }

@@ -2,6 +2,7 @@
 
 #include "core/impostazioni.h"
 #include "core/parametri.h"
+#include "core/sessione.h"
 #include "feenote/windows/cornicenota.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
@@ -103,7 +104,7 @@ void ElencoControlli::Segui()
 
 void ElencoControlli::Rileggi()
 {
-    ClienteLetto = 0;
+    ClienteLetto.reset();
     Segui();
 }
 
@@ -137,17 +138,34 @@ bool ElencoControlli::eventFilter(QObject* Oggetto, QEvent* Evento)
 void ElencoControlli::Calcola()
 {
     Attesa.stop();
-    if (ClienteLetto == 0 || ClienteLetto != Nota.IDCli) {
-        ClienteLetto = Nota.IDCli;
-        Cliente = Nota.IDCli > 0 ? LeggiCliente(Nota.IDCli) : std::nullopt;
+    if (ClienteLetto != Nota.IDCli) {
+        LeggiArchivio();
         ScriveXml = ValoreConservato(chiavi::ProgTrasm).trimmed().toInt() > 0;
     }
-    QList<Rilievo> Nuovi = ControllaNota(
-        Nota, {.Oggi = Oggi(), .Cliente = Cliente ? &*Cliente : nullptr, .ScriveXml = ScriveXml});
+    QList<Rilievo> Nuovi = ControllaNota(Nota, {.Oggi = Oggi(),
+                                                .Cliente = Cliente ? &*Cliente : nullptr,
+                                                .ArchivioLetto = ArchivioLetto,
+                                                .Numera = sessione::ProgFatt > 0,
+                                                .ScriveXml = ScriveXml});
     if (Nuovi == Trovati)
         return;
     Trovati = std::move(Nuovi);
     Mostra();
+}
+
+/// An archive that cannot be read is not asked again at every turn: a locked one lets wait each time.
+void ElencoControlli::LeggiArchivio()
+{
+    constexpr int PausaMs = 30'000;
+    ClienteLetto = Nota.IDCli;
+    Cliente.reset();
+    ArchivioLetto = Nota.IDCli <= 0 || RitentaArchivio.hasExpired();
+    if (Nota.IDCli <= 0 || !ArchivioLetto)
+        return;
+    Cliente = LeggiCliente(Nota.IDCli);
+    ArchivioLetto = Cliente || ArchivioClientiLeggibile();
+    if (!ArchivioLetto)
+        RitentaArchivio.setRemainingTime(PausaMs);
 }
 
 void ElencoControlli::Mostra()
@@ -181,7 +199,10 @@ void ElencoControlli::MostraVoci()
         const bool Grave = Detto.Gravita == GravitaRilievo::Errore;
         auto* Voce =
             new QListWidgetItem(aspetto::Icona(Grave ? u"rename"_s : u"info"_s), Detto.Frase, lstControlli);
-        Voce->setToolTip(Detto.Frase + u"\nUn clic, Invio o Spazio portano al campo"_s);
+        // Words of the user's stand in it, which are no tags.
+        Voce->setToolTip(u"<p style='white-space:pre-wrap'>"_s +
+                         (Detto.Frase + u"\nUn clic, Invio o Spazio portano al campo"_s).toHtmlEscaped() +
+                         u"</p>"_s);
         if (Grave)
             Voce->setForeground(aspetto::Sbagliato());
         // Read out, the colour of an error is a word.

@@ -4,6 +4,7 @@
 #include "addressbook/modClienti.h"
 #include "feenote/modControlliNota.h"
 
+#include <QDeadlineTimer>
 #include <QFrame>
 #include <QTimer>
 
@@ -44,6 +45,7 @@ protected:
 private:
     void CollegaTasti();
     void Calcola();
+    void LeggiArchivio();
     void Mostra();
     void MostraTesta();
     void MostraVoci();
@@ -59,7 +61,9 @@ private:
     QTimer Attesa;
     QList<Rilievo> Trovati;
     std::optional<DatiCliente> Cliente;
-    bool Aperto = true;    ///< the rows are shown, where there are any
-    int ClienteLetto = 0;  ///< key of the row that was read last, 0 none
+    bool Aperto = true;  ///< the rows are shown, where there are any
+    bool ArchivioLetto = true;
+    QDeadlineTimer RitentaArchivio{0};
+    std::optional<int> ClienteLetto;  ///< key of the row that was read last; none: to be read again
     bool ScriveXml = false;
 };

@@ -32,6 +32,9 @@ private Q_SLOTS:
     void ilQuadroDellaFatturaPrendeIlSuoPosto();
     void seguePerOgniCambio();
     void segueLaSchedaDelCliente();
+    void archivioIlleggibile();
+    void clienteAssente();
+    void suggerimentoConSegni();
     void ogniVocePortaAlSuoCampo_data();
     void ogniVocePortaAlSuoCampo();
     void laVoceDelFilePortaAlQuadro();
@@ -181,6 +184,39 @@ void TestElencoControlli::segueLaSchedaDelCliente()
     QEvent Torna(QEvent::WindowActivate);  // another program has written the row
     QApplication::sendEvent(Controllo(F, "SchedaStampa"), &Torna);
     QCOMPARE(Voci(), QStringList());
+}
+
+/// Nothing is said of a client whose archive cannot be read, and it is left in peace for a while.
+void TestElencoControlli::archivioIlleggibile()
+{
+    const QString Archivio = sessione::ArchivioCliCon;
+    sessione::ArchivioCliCon = T->Ufficio.File(u"manca/DatiStudio.mdb"_s);
+    F->NominativoCambiato(u"clienti"_s, IDCliente);
+    QCOMPARE(Voci(), QStringList());
+    sessione::ArchivioCliCon = Archivio;
+    CambiaCliente(u"CodFis"_s, u"RSSMRA80A01H501V"_s);
+    F->NominativoCambiato(u"clienti"_s, IDCliente);
+    QCOMPARE(Voci(), QStringList());  // not asked again so soon
+}
+
+/// A row that is gone from an archive that can be read is told.
+void TestElencoControlli::clienteAssente()
+{
+    F->Nota.IDCli = IDCliente + 1000;
+    F->MostraTutto();
+    QCOMPARE(Voci(), QStringList{u"Il cliente collegato non si trova nell'archivio"_s});
+    Fai(Gesto::Invio, 0);
+    QCOMPARE(NomeFuoco(), u"txtCliente"_s);
+}
+
+/// A description is no page: its signs are shown as they are.
+void TestElencoControlli::suggerimentoConSegni()
+{
+    F->Nota.xOnorari(RigaConLimiti(5000, 750, 2400), OnoDescr) = u"Fase <b>decisoria</b>"_s;
+    F->MostraTutto();
+    QCOMPARE(Voci().size(), 1);
+    QVERIFY2(Elenco()->item(0)->toolTip().contains(u"Fase &lt;b&gt;decisoria&lt;/b&gt;"),
+             qPrintable(Elenco()->item(0)->toolTip()));
 }
 
 void TestElencoControlli::ogniVocePortaAlSuoCampo_data()
