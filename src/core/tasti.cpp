@@ -191,6 +191,7 @@ constexpr std::array Proprie{
     RigaTasti{u"frmContrib", u"mnuScheda", u"Ctrl+P", u"stampa il calcolo"},
     RigaTasti{u"frmContrib", u"mnuCopiaTabella", u"Ctrl+Shift+C", u"copia il calcolo come tabella"},
     RigaTasti{u"frmContrib", u"mnuUltimi", u"Ctrl+L", u"ultimi calcoli"},
+    RigaTasti{u"frmUltimiCalcoli", u"cmdRiprendi", u"Return", u"rimette i dati nella finestra", Interno},
     RigaTasti{u"frmUltimiCalcoli", u"cmdRinomina", u"F2", u"rinomina il calcolo"},
     RigaTasti{u"frmUltimiCalcoli", u"cmdElimina", u"Del", u"lo toglie dall'elenco", Interno},
     RigaTasti{u"Calendario", u"cmdMesePrima", u"PgUp", u"mese precedente", Interno},

@@ -45,10 +45,10 @@ struct Letto
 /// What is wrong with the controls of a window, as they come over the bus.
 QStringList DifettiDi(const QList<Letto>& Controlli)
 {
-    static const QStringList Comandi{u"push button"_s,   u"check box"_s,   u"radio button"_s, u"text"_s,
-                                     u"combo box"_s,     u"spin button"_s, u"slider"_s,       u"page tab"_s,
-                                     u"tool bar"_s,      u"table"_s,       u"tree table"_s,   u"list"_s,
-                                     u"toggle button"_s, u"menu item"_s};
+    static const QStringList Comandi{
+        u"push button"_s, u"button"_s,      u"check box"_s, u"radio button"_s,  u"text"_s,
+        u"combo box"_s,   u"spin button"_s, u"slider"_s,    u"page tab"_s,      u"tool bar"_s,
+        u"table"_s,       u"tree table"_s,  u"list"_s,      u"toggle button"_s, u"menu item"_s};
     static const QRegularExpression Lettera(u"[\\p{L}\\p{N}]"_s);
     QStringList Difetti;
     QStringList Visti;
@@ -96,6 +96,7 @@ private:
 };
 
 constexpr int SenzaLettore = 3;
+constexpr int LettoreMuto = 4;  ///< the program does not answer the bus
 
 /// What is told of the active window.
 /// @return the status of the reader
@@ -105,7 +106,7 @@ int Leggi(QList<Letto>& Controlli)
     Lettore.start(u"/usr/bin/python3"_s,
                   {SorgenteDiProva(u"tests/video/leggi_schermo.py"_s), u"calcanova"_s});
     if (!Lettore.waitForFinished(60000))
-        return SenzaLettore;
+        return LettoreMuto;
     Controlli.clear();
     for (const QString& Riga :
          QString::fromUtf8(Lettore.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts))

@@ -197,8 +197,6 @@ void frmRubrica::ContaRighe()
 {
     const bool Filtrate = !Vaglio.Vuoto();
     datNom->setText(FraseConto(Righe.RecordCount(), Tutte.RecordCount(), Filtrate));
-    if (Filtrate)
-        AnnunciaTesto(this, datNom->text());
     const bool Scrivibile = Richiesta.Modifiche && !Archivio.DiSolaLettura();
     const QString Vuota = Scrivibile ? u"Nessun nominativo: Nuovo (Ins) o Importa"_s : u"Nessun nominativo"_s;
     ui->tdbRubrica->FraseVuota(Filtrate ? u"Nessun nominativo contiene queste parole (Esc svuota il filtro)"_s
@@ -372,6 +370,8 @@ void frmRubrica::ApplicaFiltro(const Filtro& Nuovo)
         throw;
     }
     TestoVaglio = ui->txtFiltro->text();
+    if (!TestoVaglio.isEmpty())
+        AnnunciaTesto(this, datNom->text());
 }
 
 /// The words of the filter in force, in the place of those that were refused.

@@ -23,14 +23,14 @@ bool StaIn(const QWidget* Controllo, QStringView Finestra)
     return false;
 }
 
-/// Buttons of toolbars bear the name of their bar: there is one of them in the program.
+/// Of the grids' keys the bar beside them has the buttons.
 bool SiChiama(const QWidget* Controllo, const RigaTasti& Riga)
 {
     const QString Nome = Controllo->objectName();
     for (const QString& Suo : Riga.Comando.toString().split(u' ', Qt::SkipEmptyParts))
         if (Nome == u"barParcelle_"_s + Suo ||
             (Nome == Suo &&
-             (Nome.startsWith(u"bar") || Riga.Finestra.isEmpty() || StaIn(Controllo, Riga.Finestra))))
+             (Riga.Finestra == u"Griglia" || Riga.Finestra.isEmpty() || StaIn(Controllo, Riga.Finestra))))
             return true;
     return false;
 }

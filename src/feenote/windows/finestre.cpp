@@ -143,12 +143,13 @@ QSize NellArea(const QMdiSubWindow* Sotto, QPoint Posto, QSize Voluta)
     return Voluta.boundedTo(Libera.expandedTo(Sotto->minimumSizeHint()));
 }
 
-/// Where a note is larger than the frame, its own bars would stand beside those of the frame, and no line would be
-/// seen between them.
+/// Where a note is larger than the frame, its own bars would stand beside those of the frame, and no line
+/// would be seen between them.
 bool HaPosto(const QMdiSubWindow* Sotto)
 {
     const QRect Area = Sotto->mdiArea()->viewport()->rect();
-    return Sotto->isMaximized() || Sotto->minimumSizeHint().boundedTo(Area.size()) == Sotto->minimumSizeHint();
+    return Sotto->isMaximized() ||
+           Sotto->minimumSizeHint().boundedTo(Area.size()) == Sotto->minimumSizeHint();
 }
 
 void RiempiCornice(QMdiSubWindow* Sotto)
@@ -198,9 +199,8 @@ void RicordaMisure(const frmParcelle* Finestra)
     const QMdiSubWindow* Sotto = Cornice(Finestra);
     if (!Sotto)
         return;
-    QList<std::pair<QString, QString>> Misure;
-    if (!Sotto->isMaximized() || !Sotto->mdiArea()->property(RiempionoLaCornice).toBool())
-        Misure += {u"FormState"_s, QString::number(Sotto->isMaximized() ? StatoMassimo : 0)};
+    const bool Scelto = Sotto->isMaximized() && !Sotto->mdiArea()->property(RiempionoLaCornice).toBool();
+    QList<std::pair<QString, QString>> Misure{{u"FormState"_s, QString::number(Scelto ? StatoMassimo : 0)}};
     const QSize Scelta = Finestre[size_t(Finestra->Indice())].Misura->Scelta();
     if (Scelta.isValid())
         Misure += {{u"FormWidth"_s, QString::number(Scelta.width())},

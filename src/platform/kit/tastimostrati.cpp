@@ -67,8 +67,9 @@ void MostraTasti(QWidget* Bottone, const QKeySequence& Tasti)
 
 void MostraTasti(QAction* Voce, const QKeySequence& Tasti)
 {
-    // Keys of this context are shown, and answered by nobody: the menu has the focus for none of them.
-    Voce->setShortcut(Tasti);
-    Voce->setShortcutContext(Qt::WidgetShortcut);
-    Voce->setShortcutVisibleInContextMenu(true);
+    // Behind a tab they are words. A shortcut of the entry would be one of the button that has the menu, too,
+    // and in its window nobody would answer it while that button has the focus.
+    const QString Testo = Voce->text().section(u'\t', 0, 0);
+    Voce->setText(Tasti.isEmpty() ? Testo
+                                  : Testo + u'\t' + NomeTasti(Tasti.toString(QKeySequence::PortableText)));
 }

@@ -2,10 +2,7 @@
 
 #include "platform/kit/rigachesvanisce.h"
 
-#include <QCheckBox>
-#include <QLabel>
-
-/// What a screen reader is told of results away from the focus; captions that tick their box.
+/// What a screen reader is told of results away from the focus.
 class TestAnnunci : public QObject
 {
     Q_OBJECT
@@ -14,7 +11,6 @@ private Q_SLOTS:
     void ricerche_data();
     void ricerche();
     void rigaCheSvanisce();
-    void leDidascalieSpuntano();
 };
 PROVA(TestAnnunci);
 
@@ -81,35 +77,6 @@ void TestAnnunci::rigaCheSvanisce()
     Finestra.show();
     Riga->Mostra(u"Salvata alle 10:42"_s);
     QCOMPARE(Annunciato(&Finestra), u"Salvata alle 10:42"_s);
-}
-
-/// Ticks without a text of their own have a caption beside them.
-void TestAnnunci::leDidascalieSpuntano()
-{
-    int Provate = 0;
-    QStringList Mute;
-    Finestre F;
-    F.Tutte([&](const QString& Nome, QWidget* Finestra) {
-        for (auto* Casella : Finestra->findChildren<QCheckBox*>()) {
-            if (!Casella->isVisible() || !Casella->isEnabled() || !Casella->text().isEmpty() ||
-                Casella->window() != Finestra)
-                continue;
-            ++Provate;
-            QLabel* Didascalia = nullptr;
-            for (QLabel* Etichetta : Finestra->findChildren<QLabel*>())
-                if (Etichetta->buddy() == Casella)
-                    Didascalia = Etichetta;
-            const bool Prima = Casella->isChecked();
-            if (Didascalia)
-                QTest::mouseClick(Didascalia, Qt::LeftButton);
-            if (!Didascalia || Casella->isChecked() == Prima)
-                Mute << Nome + u": "_s + Casella->objectName();
-            else
-                Casella->setChecked(Prima);
-        }
-    });
-    NienteDi(Mute);
-    QVERIFY2(Provate >= 4, qPrintable(QString::number(Provate)));
 }
 
 #include "TestAnnunci.moc"

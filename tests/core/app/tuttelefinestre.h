@@ -5,6 +5,8 @@
 
 #include "core/app/apritori.h"
 #include "core/app/tastoguida.h"
+#include "core/settings/frmIcons.h"
+#include "core/settings/frmSfoglia.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
 #include "platform/database/database.h"
@@ -73,6 +75,16 @@ public:
         ApriGuida(PaginaDeiTasti.toString());
         Usa(u"guida"_s, InVistaDi(u"frmWeb"_s));
         InVistaDi(u"frmWeb"_s)->close();
+        frmSfoglia Sfoglia;
+        Sfoglia.show();
+        Usa(u"scelta della cartella"_s, &Sfoglia);
+        Sfoglia.close();
+        TabellaRighe Icone;
+        Icone.Azzera(ColonneIcona);
+        frmIcons Icona(Icone, -1, nullptr);
+        Icona.show();
+        Usa(u"icona"_s, &Icona);
+        Icona.close();
     }
 
     std::unique_ptr<Scena> S;
@@ -175,6 +187,13 @@ private:
             Respiro();
             Usa(u"stampa di un calcolo"_s, InVistaDi(u"frmPrint"_s));
             InVistaDi(u"frmPrint"_s)->close();
+        }
+        if (auto* Ultimi = Da->findChild<QAction*>(u"mnuUltimi"_s)) {
+            Ultimi->trigger();
+            Respiro();
+            Usa(Parola + u", ultimi calcoli"_s, InVistaDi(u"frmUltimiCalcoli"_s));
+            InVistaDi(u"frmUltimiCalcoli"_s)->close();
+            (void)MostraAttiva(*Da);
         }
         if (Parola == u"clienti") {
             Apre("barRubr_view", u"frmScheda"_s);

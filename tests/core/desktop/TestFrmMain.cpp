@@ -148,7 +148,7 @@ void TestFrmMain::menuDeiPulsanti()
         QStringList Testi;
         for (const QAction* Voce :
              Cornice->findChild<QToolButton*>(u"barParcelle_"_s + Chiave)->defaultAction()->menu()->actions())
-            Testi << Voce->text();
+            Testi << Voce->text().section(u'\t', 0, 0);
         return Testi;
     };
     QCOMPARE(Voci(u"open"_s), (QStringList{u"Apri da parcelle salvate"_s, u"Apri da modelli"_s}));
