@@ -124,6 +124,17 @@ void PannelloModOno::sldGraduaOno_Change(int Posizione)
     Mostra();
 }
 
+/// Where there is no room for all of it, what goes is the name of the line, which stands beside it in the
+/// grid: the amounts would lie over each other.
+void PannelloModOno::resizeEvent(QResizeEvent* Evento)
+{
+    QFrame::resizeEvent(Evento);
+    QLabel* Titolo = ui->lblOnoDesc;
+    const int Suo = Titolo->heightForWidth(contentsRect().width()) + layout()->spacing();
+    const int Serve = layout()->minimumSize().height() + (Titolo->isHidden() ? Suo : 0);
+    Titolo->setHidden(height() < Serve);
+}
+
 /// As wide as the longest of its rows with the amounts of a large note; wider for larger ones, since an
 /// amount that is cut would be another.
 int PannelloModOno::LarghezzaChiesta() const

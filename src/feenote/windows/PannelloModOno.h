@@ -47,6 +47,9 @@ Q_SIGNALS:
     void ConfermaChiesta();
     void Rinunciato();
 
+protected:
+    void resizeEvent(QResizeEvent* Evento) override;
+
 private:
     void CreaFasce();
     void MostraFasce();

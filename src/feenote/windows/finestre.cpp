@@ -147,9 +147,7 @@ QSize NellArea(const QMdiSubWindow* Sotto, QPoint Posto, QSize Voluta)
 /// would be seen between them.
 bool HaPosto(const QMdiSubWindow* Sotto)
 {
-    const QRect Area = Sotto->mdiArea()->viewport()->rect();
-    return Sotto->isMaximized() ||
-           Sotto->minimumSizeHint().boundedTo(Area.size()) == Sotto->minimumSizeHint();
+    return Sotto->isMaximized() || Sotto->mdiArea()->viewport()->rect().contains(Sotto->geometry());
 }
 
 void RiempiCornice(QMdiSubWindow* Sotto)
