@@ -276,6 +276,10 @@ void frmMain::Riscala()
 void frmMain::resizeEvent(QResizeEvent* Evento)
 {
     QMainWindow::resizeEvent(Evento);
+    // On a low screen the words under the pictures take the room of the lines; hints say them too.
+    constexpr int Bassa = 440;
+    ui->barParcelle->setToolButtonStyle(height() < Bassa ? Qt::ToolButtonIconOnly
+                                                         : Qt::ToolButtonTextUnderIcon);
     Riscala();
 }
 
@@ -285,7 +289,8 @@ void frmMain::changeEvent(QEvent* Evento)
     if (Evento->type() == QEvent::PaletteChange)
         Riscala();
     if (Evento->type() == QEvent::WindowStateChange &&
-        !static_cast<QWindowStateChangeEvent*>(Evento)->oldState().testFlag(Qt::WindowMaximized) && isMaximized())
+        !static_cast<QWindowStateChangeEvent*>(Evento)->oldState().testFlag(Qt::WindowMaximized) &&
+        isMaximized())
         RiempiLaCornice();
 }
 

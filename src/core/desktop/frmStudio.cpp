@@ -78,6 +78,13 @@ protected:
         windowIcon().paint(&Pennello, Figura);
         QFont Grassetto = font();
         Grassetto.setBold(true);
+        // The icons keep their places beside it, however large the letters of the desktop are.
+        constexpr int Bordi = 4;
+        constexpr int Minimo = 9;
+        for (int Alto = QFontInfo(Grassetto).pixelSize();
+             Alto > Minimo &&
+             QFontMetrics(Grassetto).horizontalAdvance(sessione::TitoloProdotto) > width() - Bordi;)
+            Grassetto.setPixelSize(--Alto);
         Pennello.setFont(Grassetto);
         const int RigaTitolo = QFontMetrics(Grassetto).height();
         const QRect Titolo(0, Figura.bottom() + Spazio, width(), RigaTitolo);

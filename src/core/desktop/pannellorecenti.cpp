@@ -118,6 +118,7 @@ PannelloRecenti::PannelloRecenti(QWidget* Padre)
     Marcato.setBold(true);
     Titolo->setFont(Marcato);
     Titolo->setBuddy(Elenco);
+    Titolo->setWordWrap(true);  // large letters have no room for it beside the button
     Apri->setObjectName(u"cmdApri"_s);
     Apri->setText(u"Apri"_s);
     Apri->setIcon(aspetto::Icona(u"open"_s));

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void barraStaNellaLarghezzaSolita();
     void menuDeiPulsanti();
     void massimaLaRiempieLaParcella();
+    void bassaNonHaParoleSottoLeIcone();
     void ogniControlloHaUnNome();
     void ilPulsanteAgisceSullaParcellaAttiva_data();
     void ilPulsanteAgisceSullaParcellaAttiva();
@@ -156,6 +157,17 @@ void TestFrmMain::menuDeiPulsanti()
                                            u"Assistenza tecnica"_s, u"Informazioni su.."_s}));
     QCOMPARE(Voci(u"save"_s),
              (QStringList{u"Salva"_s, u"Salva con nome..."_s, u"Salva come modello"_s, u"Duplica..."_s}));
+}
+
+void TestFrmMain::bassaNonHaParoleSottoLeIcone()
+{
+    Cornice->show();
+    Cornice->resize(680, 380);
+    Respiro();
+    const int Bassa = Barra_()->height();
+    Cornice->resize(893, 706);
+    Respiro();
+    QVERIFY2(Barra_()->height() > Bassa, qPrintable(QString::number(Bassa)));
 }
 
 void TestFrmMain::massimaLaRiempieLaParcella()
