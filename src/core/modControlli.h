@@ -17,6 +17,7 @@
 [[nodiscard]] QString CodiceInUnPezzo(const QString& Testo);
 
 /// An address of electronic mail as far as its form says: something on either side of one "@", no blank.
+/// What a mail program can be handed is narrower: EIndirizzo of feenote/modLettera.h.
 [[nodiscard]] bool PostaTorna(const QString& Testo);
 
 /// The three letters that a family name gives to a fiscal code: consonants, then vowels, then "X". What is no

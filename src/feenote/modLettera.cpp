@@ -1,6 +1,7 @@
 #include "feenote/modLettera.h"
 
 #include "addressbook/modClienti.h"
+#include "core/modControlli.h"
 #include "core/sessione.h"
 #include "feenote/modTotali.h"
 #include "platform/base/regionale.h"
@@ -79,6 +80,19 @@ QString InUnaRiga(const QString& Testo)
     return Linea;
 }
 
+/// Puts an address of the archive into a mail, or says why it stays out.
+void Indirizza(Lettera& Scritta, const QString& Email)
+{
+    if (Email.isEmpty() || EIndirizzo(Email)) {
+        Scritta.Indirizzo = Email;
+        return;
+    }
+    const QString Perche = PostaTorna(Email) ? u"contiene segni che i programmi di posta non accettano"_s
+                                             : u"non ha la forma nome@dominio"_s;
+    Scritta.Escluso = u"L'indirizzo di posta del cliente, «%1», %2: il destinatario va scritto a mano."_s.arg(
+        Email.simplified(), Perche);
+}
+
 }  // namespace
 
 QStringList SegnapostiLettera()
@@ -124,13 +138,13 @@ Lettera LetteraDi(const Parcella& Nota, int Tipo)
     Fatta.Oggetto = InUnaRiga(ScriviModello(sessione::PostaOggetto, Valori));
     Fatta.Testo = ScriviModello(sessione::PostaTesto, Valori);
     if (Nota.IDCli > 0)
-        if (const auto Cliente = LeggiCliente(Nota.IDCli); Cliente && EIndirizzo(Cliente->Email))
-            Fatta.Indirizzo = Cliente->Email;
+        if (const auto Cliente = LeggiCliente(Nota.IDCli))
+            Indirizza(Fatta, Cliente->Email.trimmed());
     return Fatta;
 }
 
 bool EIndirizzo(const QString& Testo)
 {
-    static const QRegularExpression Forma(u"\\A[A-Za-z0-9_][A-Za-z0-9._+-]*@[A-Za-z0-9][A-Za-z0-9.-]*\\z"_s);
-    return Forma.match(Testo).hasMatch();
+    static const QRegularExpression Segni(u"\\A[A-Za-z0-9_][A-Za-z0-9._+@-]*\\z"_s);
+    return PostaTorna(Testo) && Segni.match(Testo).hasMatch();
 }

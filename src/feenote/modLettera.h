@@ -26,12 +26,13 @@ struct Lettera
     QString Indirizzo;  ///< empty: the user writes it
     QString Oggetto;    ///< one line
     QString Testo;
+    QString Escluso;  ///< what the user is told where the client's address stays out; else empty
 };
 
 /// The mail of a document, by the templates of the session. The address is the linked client's, if the
-/// archive has one that is an address.
+/// archive has one that can be handed over.
 [[nodiscard]] Lettera LetteraDi(const Parcella& Nota, int Tipo);
 
-/// A text that can be an address and nothing else: no blank, no sign that ends an argument or begins another,
-/// none by which mail programs part what they are handed.
+/// An address by its form (PostaTorna) that can be handed to a mail program too: no sign that ends an
+/// argument or begins another, none by which mail programs part what they are handed.
 [[nodiscard]] bool EIndirizzo(const QString& Testo);

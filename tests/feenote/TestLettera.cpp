@@ -136,6 +136,9 @@ void TestLettera::indirizzi_data()
     QTest::newRow("riga in fondo") << u"a@b.it\n"_s << false;
     QTest::newRow("un modo") << u"mailto:a@b.it"_s << false;
     QTest::newRow("parametri") << u"a@b.it?attach=/etc/passwd"_s << false;
+    QTest::newRow("senza dominio") << u"rossi"_s << false;
+    QTest::newRow("due chiocciole") << u"a@b@c.it"_s << false;
+    QTest::newRow("senza nome") << u"@b.it"_s << false;
     QTest::newRow("apostrofo") << u"o'brien@rossi.it"_s << false;
     QTest::newRow("codici") << u"a%0ab@c.it"_s << false;
     QTest::newRow("comando") << u"a@b.it;rm"_s << false;

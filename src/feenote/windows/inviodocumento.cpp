@@ -110,7 +110,10 @@ bool InviaDocumento(const Parcella& Nota, int Tipo,
         if (Esito != 0 && AncoraAtteso(Avviata))
             OffriQuandoSiPuo(u"Il programma di posta non si è aperto (codice %1)."_s.arg(Esito), File);
     };
-    if (SeguiProgramma(Programma, ArgomentiDi(LetteraDi(Nota, Tipo), File), AllaFine) == 0)
+    const Lettera Scritta = LetteraDi(Nota, Tipo);
+    if (!Scritta.Escluso.isEmpty())
+        MsgBox(Scritta.Escluso, vbOKOnly + vbInformation, TitoloAvvertenza.toString());
+    if (SeguiProgramma(Programma, ArgomentiDi(Scritta, File), AllaFine) == 0)
         return true;
     OffriCartella(u"Il programma di posta non si è aperto."_s, File);
     return false;

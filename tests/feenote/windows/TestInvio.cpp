@@ -21,6 +21,8 @@ private Q_SLOTS:
     void cleanup();
     void allegaIlDocumento();
     void daTastiera();
+    void laNotaRisultaInviata_data();
+    void laNotaRisultaInviata();
     void nomiDiOgniGenere();
     void indirizzoDelCliente_data();
     void indirizzoDelCliente();
@@ -123,6 +125,37 @@ void TestInvio::daTastiera()
     QVERIFY(!Argomenti().isEmpty());
 }
 
+void TestInvio::laNotaRisultaInviata_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<bool>("ConProgramma");
+    QTest::addColumn<QString>("Stato");
+    QTest::newRow("un preventivo") << int(StampaPreventivo) << true << u"Stato: inviata"_s;
+    QTest::newRow("una fattura") << int(StampaFatturaAnalitica) << true << u"Stato: fatturata"_s;
+    QTest::newRow("un contratto") << int(StampaContratto) << true << u"Stato: bozza"_s;
+    QTest::newRow("senza programma di posta") << int(StampaPreventivo) << false << u"Stato: bozza"_s;
+}
+
+/// As after print: what has left leads the state on; where no mail opened, nothing has left.
+void TestInvio::laNotaRisultaInviata()
+{
+    QFETCH(int, Tipo);
+    QFETCH(bool, ConProgramma);
+    Riempi(2);
+    Documento(Tipo);
+    F->SetModificata(false);
+    const auto* Bottone = Controllo<QToolButton>(F, "cmdStato");
+    QCOMPARE(Bottone->text(), u"Stato: bozza"_s);
+    if (ConProgramma) {
+        Installa();
+    } else {
+        T->Voce.Tollera();
+    }
+    InviaSubito();
+    QTEST(Bottone->text(), "Stato");
+    QCOMPARE(F->Nota.Modificata, Bottone->text() != u"Stato: bozza");
+}
+
 /// What a user has written goes as it is, in one argument each, and none becomes an option or a command.
 void TestInvio::nomiDiOgniGenere()
 {
@@ -144,25 +177,36 @@ void TestInvio::nomiDiOgniGenere()
 void TestInvio::indirizzoDelCliente_data()
 {
     QTest::addColumn<QString>("Email");
-    QTest::addColumn<bool>("Passa");
-    QTest::newRow("buono") << u"rossi@posta.example"_s << true;
-    QTest::newRow("vuoto") << QString() << false;
-    QTest::newRow("un'opzione") << u"--attach=/etc/passwd@x.it"_s << false;
-    QTest::newRow("due righe") << u"a@b.it\nc@d.it"_s << false;
+    QTest::addColumn<QString>("Escluso");  // why it stays out, and that the user is told
+    const QString Segni = u"contiene segni che i programmi di posta non accettano"_s;
+    const QString Forma = u"non ha la forma nome@dominio"_s;
+    QTest::newRow("buono") << u"rossi@posta.example"_s << QString();
+    QTest::newRow("con spazi intorno") << u" rossi@posta.example "_s << QString();
+    QTest::newRow("vuoto") << QString() << QString();
+    QTest::newRow("solo spazi") << u"  "_s << QString();
+    QTest::newRow("un'opzione") << u"--attach=/etc/passwd@x.it"_s << Segni;
+    QTest::newRow("apostrofo") << u"d'angelo@rossi.it"_s << Segni;
+    QTest::newRow("due righe") << u"a@b.it\nc@d.it"_s << Forma;
+    QTest::newRow("un telefono") << u"0583 123456"_s << Forma;
 }
 
 void TestInvio::indirizzoDelCliente()
 {
     QFETCH(QString, Email);
-    QFETCH(bool, Passa);
+    QFETCH(QString, Escluso);
     Installa();
+    if (!Escluso.isEmpty())
+        T->Voce.Attendi(u"L'indirizzo di posta del cliente, «"_s + Email.simplified() + u"», "_s + Escluso +
+                            u": il destinatario va scritto a mano."_s,
+                        vbOK, u"Avvertenza:"_s);
     const int Chiave = T->Ufficio.AggiungiCliente({{u"Nominativo"_s, u"Rossi Mario"_s}, {u"Email"_s, Email}});
     F->Nota.IDCli = Chiave;
     InviaSubito();
     const QStringList Dati = Argomenti();
+    const bool Passa = Escluso.isEmpty() && !Email.trimmed().isEmpty();
     QCOMPARE(Dati.size(), Passa ? 8 : 7);
     if (Passa)
-        QCOMPARE(Dati.last(), Email);
+        QCOMPARE(Dati.last(), Email.trimmed());
 }
 
 /// An option without a text would be an error of the mail program.
