@@ -20,6 +20,7 @@
 //   posto NAME       x y width height on the screen, in its own pixels
 //   cella NAME R C   the same of a cell of a grid, then its text; column -1 is the row selector
 //   barra NAME       "1" while a grid's own horizontal bar is on view, and the last place that it reaches
+//   corse NAME       how far a scrolled area goes, across and down: "0 0" when all of it is on view
 //   nomi             what a screen reader would find wrong with the active window, one beside the other
 //   contati          key presses and wheel turns that have reached the program
 #include "supporto/accessibili.h"
@@ -267,6 +268,16 @@ public:
     }
 };
 
+/// What a page shows of itself can be told from how far it scrolls.
+QString Corse(const QWidget* Oggetto)
+{
+    const auto* Area = qobject_cast<const QAbstractScrollArea*>(Oggetto);
+    return Area ? QStringLiteral("%1 %2")
+                      .arg(Area->horizontalScrollBar()->maximum())
+                      .arg(Area->verticalScrollBar()->maximum())
+                : QString();
+}
+
 class Spia : public QObject
 {
 public:
@@ -340,6 +351,8 @@ private:
             return Riquadro(Oggetto, Oggetto->rect());
         if (Cosa == u"barra")
             return BarraDi(Oggetto);
+        if (Cosa == u"corse")
+            return Corse(Oggetto);
         if (Cosa == u"cella")
             return Cella(Oggetto, Parole.value(2).toInt(), Parole.value(3).toInt());
         return {};
