@@ -385,6 +385,13 @@ void AnnotaFattura(const Database& File, const Parcella& Nota)
     File.Annota(Memoria);
 }
 
+void AnnotaStato(const Database& File, const Parcella& Nota)
+{
+    MemoriaFile Memoria = File.Annotazioni();
+    ScriviStato(Nota, Memoria);
+    File.Annota(Memoria);
+}
+
 MemoriaFile LeggiMemoria(const Database& File)
 {
     return File.Annotazioni();

@@ -23,6 +23,10 @@ void ScriviMemoria(const Database& File, const Parcella& Nota);
 /// @throws Errore as Database::Annota
 void AnnotaFattura(const Database& File, const Parcella& Nota);
 
+/// Puts the note's state alone into the file's memory, and leaves all else that it keeps.
+/// @throws Errore as Database::Annota
+void AnnotaStato(const Database& File, const Parcella& Nota);
+
 /// What a file keeps; empty for one from before this table, or of another origin.
 [[nodiscard]] MemoriaFile LeggiMemoria(const Database& File);
 

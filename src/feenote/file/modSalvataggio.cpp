@@ -4,11 +4,15 @@
 #include "core/modTesti.h"
 #include "core/sessione.h"
 #include "feenote/file/colonne.h"
+#include "feenote/file/memorianota.h"
 #include "feenote/file/modLettura.h"
 #include "feenote/file/modPassword.h"
 #include "feenote/file/modPosaFile.h"
 #include "feenote/file/nomenota.h"
 #include "feenote/modStato.h"
+#include "platform/accesso/accesso.h"
+#include "platform/base/errore.h"
+#include "platform/database/database.h"
 #include "platform/system/aparte.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
@@ -205,6 +209,25 @@ bool HaFileSuo(const Parcella& Nota)
 std::optional<QString> SalvaSulFile(Parcella& Nota)
 {
     return ScriviQui(PercorsoNativo(Nota.Percorso), Nota, false);
+}
+
+EsitoStato ScriviSoloStato(const Parcella& Nota, const std::function<bool()>& Immutata)
+{
+    if (Nota.Percorso.isEmpty() || !EsisteFile(Nota.Percorso))
+        return EsitoStato::Fallito;
+    if (DaModello(Nota) || SolaLettura(Nota.Percorso) || EDiAccess(Nota.Percorso))
+        return EsitoStato::NonSiTiene;
+    try {
+        const Database File = OpenDatabase(Nota.Percorso);
+        Transazione Turno(File);
+        if (!Immutata())
+            return EsitoStato::Fallito;
+        AnnotaStato(File, Nota);
+        Turno.Conferma();
+        return EsitoStato::Scritto;
+    } catch (const Errore& Guasto) {
+        return Guasto.Numero == errori::DatabaseSolaLettura ? EsitoStato::NonSiTiene : EsitoStato::Fallito;
+    }
 }
 
 void DiSalvata(const QString& Percorso)

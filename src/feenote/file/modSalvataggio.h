@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 /// Characters that the name of a note may not hold, and what is said of one that does.
@@ -34,6 +35,17 @@ inline constexpr QStringView NomeNonValido =
 /// @return the path, empty when a check refused, which it has shown
 /// @throws Errore as SalvaConDialogo
 [[nodiscard]] std::optional<QString> SalvaSulFile(Parcella& Nota);
+
+/// What became of a state that was to be written by itself.
+enum class EsitoStato {
+    Scritto,
+    NonSiTiene,  ///< the file takes nothing unasked: a template, a read-only one, one of Access
+    Fallito,
+};
+/// Writes the state of a note without other changes into its own file, without a word and without its
+/// password: all else in the file stays as it is.
+/// @param Immutata asked while nobody else can write: whether the file is still the one that was read
+[[nodiscard]] EsitoStato ScriviSoloStato(const Parcella& Nota, const std::function<bool()>& Immutata);
 
 /// Tells the user that the file was written.
 void DiSalvata(const QString& Percorso);

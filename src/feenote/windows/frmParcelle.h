@@ -198,6 +198,9 @@ private:
     void CominciaNota(bool Salvata);
     /// The state follows what has become of the record. @return true when it has changed
     bool RivediStato();
+    /// A document of a note without changes has gone out: its file takes the state at once, so that a print
+    /// leaves nothing to be saved. @return false when it could not, and the note is to be marked
+    bool TieniStato();
 
     // ---- frmParcelle_Vita.cpp
     void RimettiDisposizione();  ///< splitters and columns as the last window left them

@@ -1,6 +1,8 @@
 // How far the note has come: a button beside the banner, and what leads on.
 #include "feenote/windows/frmParcelle.h"
 
+#include "core/aperture.h"
+#include "feenote/file/modSalvataggio.h"
 #include "feenote/windows/ui_frmParcelle.h"
 #include "platform/kit/collega.h"
 
@@ -61,8 +63,26 @@ bool frmParcelle::RivediStato()
 
 void frmParcelle::DocumentoUscito()
 {
+    const bool Altro = Nota.Modificata;
     if (!NotaInviata(Nota, Nota.cmbTipoStampa))
         return;
-    Cambiata();
+    if (Altro || !TieniStato())
+        Cambiata();
     MostraStato();
+}
+
+bool frmParcelle::TieniStato()
+{
+    const auto Immutata = [this] { return !ImprontaMia || *ImprontaMia == ImprontaDi(Nota.Percorso); };
+    const EsitoStato Esito = ScriviSoloStato(Nota, Immutata);
+    if (Esito == EsitoStato::Fallito)
+        return false;
+    if (Esito == EsitoStato::Scritto)
+        ImprontaMia = ImprontaDi(Nota.Percorso);
+    Storia.Segna(Nota);
+    Storia.SegnaSalvata(Nota);
+    SetModificata(false);
+    if (Aperture.RinfrescaTrova)
+        Aperture.RinfrescaTrova();
+    return true;
 }

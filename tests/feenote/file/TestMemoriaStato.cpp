@@ -239,6 +239,14 @@ void TestMemoriaStato::soloDelFileElettronico()
     const QString File = Ufficio.File(u"nota.mdb"_s);
     ScriviNota(File, Nota);
     EseguiSu(File, u"INSERT INTO \"_Calcanova\" VALUES ('DelFuturo','1')"_s);
+    const QString Era = Nota.FatturaXml.CitataNumero;
+    Nota.FatturaXml.CitataNumero = u"7"_s;
+    (void)NotaInviata(Nota, StampaPrenotula);
+    AnnotaStato(OpenDatabase(File), Nota);
+    QCOMPARE(LeggiStatoLetto(MemoriaDi(File)).Stato, Inviata);
+    QCOMPARE(MemoriaDi(File).value(u"DelFuturo"_s), u"1"_s);
+    QVERIFY(!MemoriaDi(File).contains(u"FatturaXml.CitataNumero"_s));  // the state alone
+    Nota.FatturaXml.CitataNumero = Era;
     (void)NotaFatturata(Nota);
     AnnotaFattura(OpenDatabase(File), Nota);
     const MemoriaFile Memoria = MemoriaDi(File);

@@ -1,6 +1,7 @@
 // The state at the head of a note's window: what goes out, payments and number lead on, the user chooses.
 #include "stampa.h"
 
+#include "feenote/file/memoriastato.h"
 #include "feenote/modAcconti.h"
 #include "feenote/modStato.h"
 #include "platform/preview/stampante.h"
@@ -38,7 +39,29 @@ private Q_SLOTS:
     void siSalvaESiRilegge();
     void laNotaDiPrima();
 
+    void unaIntattaLoTieneSubito();
+    void laProtettaNonChiede();
+    void unaToccataAspetta();
+    void chiNonSiScrive_data();
+    void chiNonSiScrive();
+    void cambiataDaAltri();
+    void ilPassoTornaAlFile();
+
 private:
+    /// The note on screen saved, and read back as it stands in its file.
+    QString Salvata(const QString& Nome = u"salvata.mdb"_s)
+    {
+        const QString File = sessione::ParcellePath + Nome;
+        ScriviNota(File, F->Nota);
+        if (!F->Carica(File))
+            return {};
+        ClicScheda(F, SchedaDiStampa);
+        return File;
+    }
+    [[nodiscard]] static StatoNota NelFile(const QString& File)
+    {
+        return LeggiStatoLetto(LeggiMemoria(OpenDatabase(File, true))).Stato;
+    }
     [[nodiscard]] QToolButton* Bottone() const { return Controllo<QToolButton>(F, "cmdStato"); }
     [[nodiscard]] QString Detto() const { return Bottone()->text(); }
     void Stampa()
@@ -221,6 +244,115 @@ void TestStatoNota::laNotaDiPrima()
     QCOMPARE(Detto(), u"Stato: non noto"_s);
     QVERIFY(Bottone()->toolTip().startsWith(u"Nata in una versione precedente"_s));
     QVERIFY(!F->Nota.Modificata);
+}
+
+/// A print leaves nothing to be saved: the end of the window asks about nothing, the next save neither.
+void TestStatoNota::unaIntattaLoTieneSubito()
+{
+    Documento(StampaPrenotula);
+    const QString File = Salvata();
+    Stampa();
+    QCOMPARE(Detto(), u"Stato: inviata"_s);
+    QVERIFY(!F->Nota.Modificata && !InfoParcelle[1].Modificata);
+    QCOMPARE(NelFile(File), Inviata);
+    Parcella Letta;
+    CaricaDati(Letta, File);
+    QCOMPARE(Letta.Stato, F->Nota.Stato);
+    QVERIFY(NoteDaRecuperare().isEmpty());
+    // Our own writing is nobody else's.
+    ClicScheda(F, SchedaBase);
+    Scrivi(F, "txtCliente", u"Verdi"_s);
+    QVERIFY(F->SalvaSulPosto());
+    QCOMPARE(Cliente(File), u"Verdi"_s);
+    QCOMPARE(NelFile(File), Inviata);
+    QVERIFY(F->ChiediChiusura());
+}
+
+void TestStatoNota::laProtettaNonChiede()
+{
+    Documento(StampaPrenotula);
+    F->Nota.Psw = u"->>abc"_s;
+    T->Voce.Attendi(u"Attenzione, la parcella è protetta! Le modifiche potranno essere salvate\n"
+                    u"solo dopo aver specificato la chiave di protezione."_s);
+    const QString File = Salvata();
+    QVERIFY(!F->Nota.Psw.isEmpty());
+    T->Voce.AttendiSalva(CartellaDiProva() + u"protetta.pdf"_s);
+    T->Voce.Attendi(u"Il documento protetta.pdf è stato salvato correttamente!"_s);
+    Premuto("barPrint_pdf");
+    QCOMPARE(NelFile(File), Inviata);
+    QVERIFY(!F->Nota.Modificata);
+    QCOMPARE(Parametro(File, u"Psw"_s).toString(), u"097098099"_s);
+}
+
+/// Who has changed the note decides himself whether what he changed is kept.
+void TestStatoNota::unaToccataAspetta()
+{
+    Documento(StampaPrenotula);
+    const QString File = Salvata();
+    ClicScheda(F, SchedaBase);
+    Scrivi(F, "txtCliente", u"Verdi"_s);
+    ClicScheda(F, SchedaDiStampa);
+    const QByteArray Era = LeggiFile(File);
+    Stampa();
+    QCOMPARE(Detto(), u"Stato: inviata"_s);
+    QVERIFY(F->Nota.Modificata);
+    QVERIFY(LeggiFile(File) == Era);
+}
+
+void TestStatoNota::chiNonSiScrive_data()
+{
+    QTest::addColumn<bool>("Modello");
+    QTest::newRow("a template stays as it is") << true;
+    QTest::newRow("what is read-only too") << false;
+}
+
+void TestStatoNota::chiNonSiScrive()
+{
+    QFETCH(bool, Modello);
+    Documento(StampaPrenotula);
+    const QString File = (Modello ? sessione::ModelliPath : sessione::ParcellePath) + u"ferma.mdb"_s;
+    ScriviNota(File, F->Nota, Modello);
+    QVERIFY(F->Carica(File));
+    ClicScheda(F, SchedaDiStampa);
+    ImpostaSolaLettura(File, !Modello);
+    const QByteArray Era = LeggiFile(File);
+    Stampa();
+    QCOMPARE(Detto(), u"Stato: inviata"_s);
+    QVERIFY(!F->Nota.Modificata && !InfoParcelle[1].Modificata);
+    QVERIFY(LeggiFile(File) == Era);
+    QVERIFY(F->ChiediChiusura());
+}
+
+/// What somebody else has saved since gets no state of ours unasked: it is another note by now.
+void TestStatoNota::cambiataDaAltri()
+{
+    Documento(StampaPrenotula);
+    const QString File = Salvata();
+    ImpostaDataFile(File, DataFile(File).addSecs(60));
+    const QByteArray Era = LeggiFile(File);
+    Stampa();
+    QVERIFY(F->Nota.Modificata);
+    QVERIFY(LeggiFile(File) == Era);
+    QFile::remove(File);
+    F->SetModificata(false);
+    F->Nota.Stato = StatoDiNuova();
+    Stampa();
+    QVERIFY(F->Nota.Modificata);
+    QVERIFY(!EsisteFile(File));
+}
+
+void TestStatoNota::ilPassoTornaAlFile()
+{
+    Documento(StampaPrenotula);
+    (void)Salvata();
+    Stampa();
+    QVERIFY(!Controllo<QToolButton>(F, "cmdAnnulla")->isEnabled());
+    ClicScheda(F, SchedaBase);
+    Scrivi(F, "txtCliente", u"Verdi"_s);
+    QVERIFY(F->Nota.Modificata);
+    Clic(Controllo(F, "cmdAnnulla"));
+    QVERIFY(!F->Nota.Modificata);
+    QCOMPARE(Detto(), u"Stato: inviata"_s);
 }
 
 #include "TestStatoNota.moc"
