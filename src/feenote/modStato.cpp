@@ -98,6 +98,14 @@ DatiCatena CatenaPagata(const Parcella& Nota)
     return Dati;
 }
 
+/// The document that has gone out is paid, whatever lines came behind it.
+bool DocumentoSaldato(const Parcella& Nota)
+{
+    const StatoTenuto& Tenuto = Nota.Stato;
+    return Tenuto.Importi && Tenuto.Importi->Netto > 0 && Tenuto.Stato != StatoNota::Bozza &&
+           !Tenuto.Storno && ChiedePagamento(Tenuto.Documento) && RestoDellaNota(Nota) == 0;
+}
+
 bool Conferma(Parcella& Nota, const StatoTenuto& Era)
 {
     if (Nota.Stato == Era)
@@ -221,7 +229,7 @@ Copertura CoperturaDi(const Parcella& Nota)
         return Trovata;
     const double Resto = CatenaFiscale(Dati).Netto;
     Dati.Acconti = {};
-    Trovata.Coperta = CatenaFiscale(Dati).Netto > 0 && Resto <= 0;
+    Trovata.Coperta = (CatenaFiscale(Dati).Netto > 0 && Resto <= 0) || DocumentoSaldato(Nota);
     return Trovata;
 }
 

@@ -134,7 +134,8 @@ void TestStato::passaggi_data()
         Riga{u"saldo"_s, {Pagata, Pagata, Pagata, Pagata, Pagata, Pagata}},
         Riga{u"acconto"_s, {Ignoto, Bozza, Inviata, Fatturata, Pagata, Pagata}},
         Riga{u"acconto tolto"_s, {Ignoto, Bozza, Inviata, Fatturata, Fatturata, Pagata}},
-        Riga{u"altra prestazione"_s, {Ignoto, Bozza, Inviata, Fatturata, Fatturata, Pagata}},
+        Riga{u"altra prestazione"_s, {Ignoto, Bozza, Inviata, Fatturata, Pagata, Pagata}},
+        Riga{u"altra prestazione e saldo"_s, {Ignoto, Bozza, Pagata, Pagata, Pagata, Pagata}},
         Riga{u"numero tolto"_s, {Ignoto, Bozza, Inviata, Inviata, Pagata, Pagata}},
         Riga{u"a mano bozza"_s, {Bozza, Bozza, Bozza, Bozza, Bozza, Bozza}},
         Riga{u"a mano inviata"_s, {Inviata, Inviata, Inviata, Inviata, Inviata, Inviata}},
@@ -190,6 +191,11 @@ void TestStato::passaggi()
         {u"acconto tolto"_s, [](Parcella& N, Copertura&) { N.xAcconti.Azzera(AccColonne); }},
         {u"altra prestazione"_s,
          [](Parcella& N, Copertura&) { N.xOnorari(N.xOnorari.AggiungiRiga(), OnoImporto) = 50.0; }},
+        {u"altra prestazione e saldo"_s,
+         [](Parcella& N, Copertura&) {
+             N.xOnorari(N.xOnorari.AggiungiRiga(), OnoImporto) = 600.0;
+             Salda(N);
+         }},
         {u"numero tolto"_s, [](Parcella& N, Copertura&) { N.txtDatiPar.remove(DatoNumFatt); }},
         {u"a mano bozza"_s, [](Parcella& N, Copertura&) { (void)ScegliStato(N, Bozza); }},
         {u"a mano inviata"_s, [](Parcella& N, Copertura&) { (void)ScegliStato(N, Inviata); }},
