@@ -64,10 +64,11 @@ Risposta ComandoScadenzario(const QStringList& Valori, const QString& Stato, con
     const auto Codici = [&](int IDCli) { return Nomi.Codici(IDCli); };
     QStringList Righe;
     QJsonArray Record;
+    const QHash<const VoceTrova*, LegameFattura> Legami = LegamiFatture(Note);
     for (const VoceTrova* Nota : Note) {
         if (Nota->Modello)
             continue;
-        QStringList Celle = RigaScadenzario(*Nota, Codici(Nota->Dati.IDCli));
+        QStringList Celle = RigaScadenzario(*Nota, Codici(Nota->Dati.IDCli), Legami.value(Nota));
         Record.append(Descritta(Celle));
         Righe += Celle.replaceInStrings(u"|"_s, u" "_s).join(u'|');
     }
@@ -83,6 +84,7 @@ Risposta ComandoScadenzario(const QStringList& Valori, const QString& Stato, con
              {u"aperto"_s, Somma.Aperto},
              {u"aperte"_s, Somma.Note},
              {u"ignote"_s, Somma.Ignote},
+             {u"copie"_s, Somma.Copie},
              {u"clienti"_s, Descritti(Somma)}},
             false};
 }

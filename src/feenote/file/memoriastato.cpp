@@ -20,9 +20,14 @@ const QString VoceImporti = u"Stato.Importi"_s;
 const QString VoceNumero = u"txtDatiPar.Numero"_s;
 const QString VoceData = u"txtDatiPar.Data"_s;
 const QString VoceScadenza = u"FatturaXml.Scadenza"_s;
+const QString VoceCitataNumero = u"FatturaXml.CitataNumero"_s;
+const QString VoceCitataData = u"FatturaXml.CitataData"_s;
 
 /// Beyond it an amount is none of a note's.
 constexpr double MassimoImporto = 1e18;
+/// The same for a list, which sums: a cell of a note ends below a thousand billions, and larger figures would
+/// take the cents of the other notes.
+constexpr double MassimoInElenco = 1e13;
 /// The figures of the document, the payments that it has taken away, what is left of it.
 constexpr qsizetype QuantiImporti = 10;
 
@@ -73,7 +78,7 @@ QString Scritti(const ImportiDocumento& Importi, double Resto)
     return Testi.join(u';');
 }
 
-std::optional<ImportiLetti> LeggiImporti(const QString& Testo)
+std::optional<ImportiLetti> LeggiImporti(const QString& Testo, double Massimo)
 {
     const QStringList Parti = Testo.split(u';');
     if (Parti.size() != QuantiImporti)
@@ -82,7 +87,7 @@ std::optional<ImportiLetti> LeggiImporti(const QString& Testo)
     for (qsizetype i = 0; i < QuantiImporti; ++i) {
         bool Numero = false;
         const double Valore = Parti[i].toDouble(&Numero);
-        if (!Numero || !std::isfinite(Valore) || std::abs(Valore) > MassimoImporto)
+        if (!Numero || !std::isfinite(Valore) || std::abs(Valore) > Massimo)
             return std::nullopt;
         Valori[size_t(i)] = Valore;
     }
@@ -99,8 +104,8 @@ std::optional<ImportiLetti> LeggiImporti(const QString& Testo)
 const QStringList& VociStatoLetto()
 {
     static const QStringList Voci = [] {
-        QStringList Tutte{VoceStato,  VoceDocumento, VoceStorno,  VoceImporti,
-                          VoceNumero, VoceData,      VoceScadenza};
+        QStringList Tutte{VoceStato, VoceDocumento, VoceStorno,       VoceImporti,   VoceNumero,
+                          VoceData,  VoceScadenza,  VoceCitataNumero, VoceCitataData};
         for (const StatoNota Stato : StatiNota)
             Tutte += VoceGiorno(Stato);
         return Tutte;
@@ -116,13 +121,17 @@ StatoLetto LeggiStatoLetto(const MemoriaFile& Memoria)
     Letto.Storno = Letto.Documento >= 0 && Memoria.value(VoceStorno) == u"1";
     if (Letto.Stato != StatoNota::Ignoto)
         Letto.Dal = GiornoBuono(Memoria.value(VoceGiorno(Letto.Stato)));
-    if (const auto Importi = LeggiImporti(Memoria.value(VoceImporti))) {
+    if (const auto Importi = LeggiImporti(Memoria.value(VoceImporti), MassimoInElenco)) {
         Letto.Importi = Importi->Importi;
         Letto.Resto = Importi->Resto;
     }
     Letto.Numero = Memoria.value(VoceNumero).simplified();
     Letto.Data = Memoria.value(VoceData).simplified();
     Letto.Scadenza = Memoria.value(VoceScadenza).simplified();
+    if (Letto.Storno) {
+        Letto.CitataNumero = Memoria.value(VoceCitataNumero).simplified();
+        Letto.CitataData = Memoria.value(VoceCitataData).simplified();
+    }
     return Letto;
 }
 
@@ -160,7 +169,7 @@ void LeggiStato(Parcella& Nota, const MemoriaFile& Memoria)
     if (Tenuto.Stato == StatoNota::Pagata && Memoria.contains(VocePrima))
         Tenuto.Prima = LeggiNome(Memoria, VocePrima);
     if (Tenuto.Documento >= 0)
-        if (const auto Importi = LeggiImporti(Memoria.value(VoceImporti)))
+        if (const auto Importi = LeggiImporti(Memoria.value(VoceImporti), MassimoImporto))
             Tenuto.Importi = Importi->Importi;
     Nota.Stato = SoloBozza(Tenuto);
 }

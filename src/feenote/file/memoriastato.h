@@ -21,9 +21,10 @@ struct StatoLetto
     bool Storno = false;  ///< it was a credit note
     QString Dal;          ///< since when, dd/mm/yyyy
     std::optional<ImportiDocumento> Importi;
-    double Resto = 0.0;    ///< of the net after all payments, euro; only with figures
-    QString Numero, Data;  ///< of pro-forma note and estimate
-    QString Scadenza;      ///< of the payment, as typed
+    double Resto = 0.0;                ///< of the net after all payments, euro; only with figures
+    QString Numero, Data;              ///< of pro-forma note and estimate
+    QString Scadenza;                  ///< of the payment, as typed
+    QString CitataNumero, CitataData;  ///< of the invoice that a credit note takes back
 
     friend bool operator==(const StatoLetto&, const StatoLetto&) = default;
 };

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
+#include <tuple>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -65,10 +67,43 @@ QString Quante(int Note)
     return Format(Note, u"#,##0") + (Note == 1 ? u" nota"_s : u" note"_s);
 }
 
-QStringList Figure(const VoceTrova& Nota)
+/// Client, number and date of an invoice; without a number or a date there is none.
+using ChiaveFattura = std::tuple<int, QString, QString, QString>;
+
+std::optional<ChiaveFattura> Fattura(const VoceTrova& Nota, const QString& Numero, const QString& Data)
+{
+    const QString Pulito = Numero.simplified().toUpper();
+    const auto Giorno = LeggiData(Data);
+    if (Pulito.isEmpty() || !Giorno)
+        return std::nullopt;
+    return ChiaveFattura(Nota.Dati.IDCli, Nota.Dati.IDCli > 0 ? QString() : Nota.Cliente, Pulito,
+                         Giorno->toString(Qt::ISODate));
+}
+
+/// The invoice that a note has gone out as.
+std::optional<ChiaveFattura> FatturaDi(const VoceTrova& Nota)
+{
+    const StatoLetto& Stato = Nota.Dati.Stato;
+    if (Nota.Genere != GenereVoce::Nota || Nota.Modello || Nota.Illeggibile || Stato.Storno ||
+        (Stato.Stato != StatoNota::Fatturata && Stato.Stato != StatoNota::Pagata))
+        return std::nullopt;
+    const int Documento = DocumentoDi(Nota.Dati);
+    if (Documento >= 0 && !TipoDi(Documento).EFattura)
+        return std::nullopt;
+    return Fattura(Nota, Nota.Dati.NumFatt, Nota.Dati.DataFatt);
+}
+
+/// What is open of a note among others; nothing where it is not known.
+std::optional<double> ApertoConLegame(const VoceTrova& Nota, const LegameFattura& Legame)
+{
+    const std::optional<double> Aperto = ApertoDi(Nota);
+    return Aperto ? std::optional(std::max(0.0, Arrotonda2(*Aperto - Legame.Stornato))) : std::nullopt;
+}
+
+QStringList Figure(const VoceTrova& Nota, const LegameFattura& Legame)
 {
     const auto& Importi = Nota.Dati.Stato.Importi;
-    if (!Importi)
+    if (!Importi || Legame.Copia || (EStorno(Nota.Dati.Stato) && !Legame.Citata))
         return QStringList(6, QString());
     const double Segno = EStorno(Nota.Dati.Stato) ? -1.0 : 1.0;
     QStringList Celle;
@@ -152,14 +187,49 @@ std::optional<double> ApertoDi(const VoceTrova& Nota)
     return Stato.Importi ? std::optional(Stato.Resto) : std::nullopt;
 }
 
+QHash<const VoceTrova*, LegameFattura> LegamiFatture(const std::vector<const VoceTrova*>& Note)
+{
+    QHash<const VoceTrova*, LegameFattura> Legami;
+    std::map<ChiaveFattura, const VoceTrova*> Fatture;
+    for (const VoceTrova* Nota : Note) {
+        const auto Chiave = FatturaDi(*Nota);
+        if (!Chiave)
+            continue;
+        const auto [Posto, Nuova] = Fatture.try_emplace(*Chiave, Nota);
+        if (Nuova)
+            continue;
+        const bool Dopo = std::pair(Nota->Modificata, Posto->second->Percorso) >
+                          std::pair(Posto->second->Modificata, Nota->Percorso);
+        Legami[Dopo ? std::exchange(Posto->second, Nota) : Nota].Copia = true;
+    }
+    for (const VoceTrova* Nota : Note) {
+        const StatoLetto& Stato = Nota->Dati.Stato;
+        if (Nota->Genere != GenereVoce::Nota || Nota->Modello || !EStorno(Stato))
+            continue;
+        const auto Chiave = Fattura(*Nota, Stato.CitataNumero, Stato.CitataData);
+        const auto Posto = Chiave ? Fatture.find(*Chiave) : Fatture.end();
+        if (Posto == Fatture.end())
+            continue;
+        Legami[Nota].Citata = true;
+        Legami[Posto->second].Stornato += Stato.Importi ? Stato.Importi->Netto : 0.0;
+    }
+    return Legami;
+}
+
 ApertoTutto SommaAperto(const std::vector<const VoceTrova*>& Note)
 {
     ApertoTutto Somma;
     QHash<std::pair<int, QString>, qsizetype> Posti;
+    const QHash<const VoceTrova*, LegameFattura> Legami = LegamiFatture(Note);
     for (const VoceTrova* Nota : Note) {
         if (Nota->Genere != GenereVoce::Nota || Nota->Modello)
             continue;
-        const std::optional<double> Aperto = ApertoDi(*Nota);
+        const LegameFattura Legame = Legami.value(Nota);
+        const std::optional<double> Aperto = ApertoConLegame(*Nota, Legame);
+        if (Legame.Copia) {
+            ++Somma.Copie;
+            continue;
+        }
         if (!Aperto) {
             ++Somma.Ignote;
             continue;
@@ -199,6 +269,9 @@ QString FraseAperto(const ApertoTutto& Somma)
     QStringList Parti{u"Aperto: "_s + Euro(Somma.Aperto) + u" in "_s + Quante(Somma.Note)};
     if (Somma.Ignote > 0)
         Parti += Quante(Somma.Ignote) + u" senza importo noto"_s;
+    if (Somma.Copie > 0)
+        Parti += Somma.Copie == 1 ? u"1 copia non contata"_s
+                                  : Format(Somma.Copie, u"#,##0") + u" copie non contate"_s;
     for (const ApertoCliente& Uno : Somma.Clienti.first(std::min(MassimiClienti, Somma.Clienti.size())))
         Parti += (Uno.Cliente.isEmpty() ? u"senza cliente"_s : Uno.Cliente) + u' ' + Euro(Uno.Aperto);
     return Parti.join(u"; "_s);
@@ -213,12 +286,17 @@ QStringList TitoliScadenzario()
             u"Aperto"_s,   u"Parcella"_s};
 }
 
-QStringList RigaScadenzario(const VoceTrova& Nota, const CodiciCliente& Codici)
+QStringList RigaScadenzario(const VoceTrova& Nota, const CodiciCliente& Codici, const LegameFattura& Legame)
 {
     const DatiNota& Dati = Nota.Dati;
     const TipoDocumento& Documento = TipoDi(DocumentoDi(Dati));
-    QStringList Celle{Nota.Cliente, Codici.CodFis, Codici.PIva,
-                      EStorno(Dati.Stato) ? u"Nota di credito"_s : Documento.Nome.toString()};
+    const bool Storno = EStorno(Dati.Stato);
+    QString Detto = Storno ? u"Nota di credito"_s : Documento.Nome.toString();
+    if (Storno && !Dati.Stato.CitataNumero.isEmpty())
+        Detto += u" della fattura "_s + Dati.Stato.CitataNumero;
+    if (Legame.Copia)
+        Detto += u" (copia)"_s;
+    QStringList Celle{Nota.Cliente, Codici.CodFis, Codici.PIva, Detto};
     // What the user calls invoiced bears the invoice's number, whatever document is in view.
     const bool SenzaDocumento = Documento.Nome.isEmpty() && Dati.Stato.Stato == StatoNota::Fatturata;
     if (Documento.EFattura || SenzaDocumento)
@@ -228,8 +306,12 @@ QStringList RigaScadenzario(const VoceTrova& Nota, const CodiciCliente& Codici)
     else
         Celle << QString() << QString();
     Celle << NomeStato(Dati.Stato.Stato) << Dati.Stato.Dal << Dati.Stato.Scadenza;
-    Celle += Figure(Nota);
-    Celle << CifraONulla(PagatoDi(Nota)) << CifraONulla(ApertoDi(Nota)) << Nota.Nome;
+    Celle += Figure(Nota, Legame);
+    if (Legame.Copia)
+        Celle << QString() << QString();
+    else
+        Celle << CifraONulla(PagatoDi(Nota)) << CifraONulla(ApertoConLegame(Nota, Legame));
+    Celle << Nota.Nome;
     return Celle;
 }
 
@@ -238,8 +320,9 @@ QByteArray CsvScadenzario(const std::vector<const VoceTrova*>& Note,
 {
     static const QList<int> Cifre{9, 10, 11, 12, 13, 14, 15, 16};  // from Imponibile to Aperto
     std::vector<QStringList> Righe{TitoliScadenzario()};
+    const QHash<const VoceTrova*, LegameFattura> Legami = LegamiFatture(Note);
     for (const VoceTrova* Nota : Note)
         if (Nota->Genere == GenereVoce::Nota && !Nota->Modello)
-            Righe.push_back(RigaScadenzario(*Nota, Codici(Nota->Dati.IDCli)));
+            Righe.push_back(RigaScadenzario(*Nota, Codici(Nota->Dati.IDCli), Legami.value(Nota)));
     return ScriviCsv(Righe, Cifre);
 }

@@ -7,6 +7,7 @@
 #include "feenote/finder/modTrova.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -50,12 +51,24 @@ struct ApertoCliente
     friend bool operator==(const ApertoCliente&, const ApertoCliente&) = default;
 };
 
+/// How a note of a list hangs together with the others by its invoice.
+struct LegameFattura
+{
+    bool Copia = false;     ///< a file saved later holds the same invoice: this one does not count
+    double Stornato = 0.0;  ///< of it by the credit notes of other files, euro
+    bool Citata = false;    ///< of a credit note: the invoice that it takes back is in the list
+    friend bool operator==(const LegameFattura&, const LegameFattura&) = default;
+};
+/// An invoice is known by client, number and date. Notes that hang together with none are left out.
+[[nodiscard]] QHash<const VoceTrova*, LegameFattura> LegamiFatture(const std::vector<const VoceTrova*>& Note);
+
 /// What is open of a list of notes.
 struct ApertoTutto
 {
     double Aperto = 0.0;           ///< euro
     int Note = 0;                  ///< of which something is open
     int Ignote = 0;                ///< of which it is not known
+    int Copie = 0;                 ///< of an invoice that counts already
     QList<ApertoCliente> Clienti;  ///< the largest first, equal ones by name
 
     friend bool operator==(const ApertoTutto&, const ApertoTutto&) = default;
@@ -77,7 +90,10 @@ struct CodiciCliente
 /// The titles of the accountant's rows.
 [[nodiscard]] QStringList TitoliScadenzario();
 /// A row. Amounts and dates are Italian; a figure that is not known is empty.
-[[nodiscard]] QStringList RigaScadenzario(const VoceTrova& Nota, const CodiciCliente& Codici);
+/// Those of a copy are empty as well, and those of a credit note whose invoice is not in the list: a sum of
+/// the column counts each invoice once, and takes none away that it does not hold.
+[[nodiscard]] QStringList RigaScadenzario(const VoceTrova& Nota, const CodiciCliente& Codici,
+                                          const LegameFattura& Legame = {});
 /// The file: titles and rows, templates left out.
 /// @param Codici what the archive has for the key of a client
 [[nodiscard]] QByteArray CsvScadenzario(const std::vector<const VoceTrova*>& Note,

@@ -31,6 +31,9 @@ private Q_SLOTS:
     void aperto_data();
     void aperto();
     void somme();
+    void stessaFattura_data();
+    void stessaFattura();
+    void storni();
     void frasi();
     void righe();
     void ilFile();
@@ -144,7 +147,7 @@ void TestScadenzario::fileDiPrima()
     QCOMPARE(Letta.Cliente, u"Rossi Mario"_s);
     QCOMPARE(CellaTrova(Letta, TrovaStato), QString());
     QCOMPARE(ApertoDi(Letta), std::nullopt);
-    QCOMPARE(SommaAperto({&Letta}), (ApertoTutto{0, 0, 1, {}}));
+    QCOMPARE(SommaAperto({&Letta}), (ApertoTutto{0, 0, 1, 0, {}}));
     QVERIFY(PassaStato(FiltroStato::SenzaStato, Letta));
 }
 
@@ -173,6 +176,9 @@ void TestScadenzario::tabellaOstile_data()
         << false;
     QTest::newRow("a negative rest")
         << u"UPDATE \"_Calcanova\" SET Valore='1;1;1;1;1;1;0;0;0;-5' WHERE Nome='Stato.Importi'"_s << true;
+    QTest::newRow("an amount that eats the cents of the others")
+        << u"UPDATE \"_Calcanova\" SET Valore='1e17;0;0;1e17;0;1e17;0;0;0;1e17' WHERE Nome='Stato.Importi'"_s
+        << true;
     QTest::newRow("a rest without limits")
         << u"UPDATE \"_Calcanova\" SET Valore='1;1;1;1;1;1;0;0;0;1e999' WHERE Nome='Stato.Importi'"_s << true;
 }
@@ -350,14 +356,100 @@ void TestScadenzario::somme()
                  {u"Verdi"_s, 900.5, 2}, {QString(), 5.0, 1}, {u"Rossi"_s, 5.0, 1}, {u"Rossi"_s, 0.3, 2}}));
 }
 
+namespace {
+
+VoceTrova Fatturata12(const QString& Nome, qint64 Quando, double Resto = 100)
+{
+    VoceTrova Una;
+    Una.Nome = Nome;
+    Una.Percorso = u"/note/"_s + Nome;
+    Una.Cliente = u"Rossi"_s;
+    Una.Modificata = Quando;
+    Una.Dati.NumFatt = u"12/A"_s;
+    Una.Dati.DataFatt = u"09/11/2026"_s;
+    Una.Dati.Stato.Stato = Fatturata;
+    Una.Dati.Stato.Documento = StampaFatturaAnalitica;
+    Una.Dati.Stato.Importi = ImportiDocumento{0, 0, 0, 100, 0, 100};
+    Una.Dati.Stato.Resto = Resto;
+    return Una;
+}
+
+}  // namespace
+
+void TestScadenzario::stessaFattura_data()
+{
+    QTest::addColumn<VoceTrova>("Altra");
+    QTest::addColumn<double>("Aperto");
+    QTest::addColumn<int>("Copie");
+    const auto Caso = [](const char* Nome, double Aperto, int Copie, auto Cambia) {
+        VoceTrova Una = Fatturata12(u"altra"_s, 2, 60);
+        Cambia(Una);
+        QTest::newRow(Nome) << Una << Aperto << Copie;
+    };
+    Caso("the one that was saved last counts", 60, 1, [](VoceTrova&) {});
+    Caso("it was saved before", 100, 1, [](VoceTrova& V) { V.Modificata = 0; });
+    Caso("paid since", 0, 1, [](VoceTrova& V) { V.Dati.Stato.Stato = Pagata; });
+    Caso("the number in other letters", 60, 1, [](VoceTrova& V) { V.Dati.NumFatt = u" 12/a"_s; });
+    Caso("another number", 160, 0, [](VoceTrova& V) { V.Dati.NumFatt = u"13"_s; });
+    Caso("another day", 160, 0, [](VoceTrova& V) { V.Dati.DataFatt = u"10/11/2026"_s; });
+    Caso("no day", 160, 0, [](VoceTrova& V) { V.Dati.DataFatt.clear(); });
+    Caso("another client", 160, 0, [](VoceTrova& V) { V.Cliente = u"Verdi"_s; });
+    Caso("another client of that name", 160, 0, [](VoceTrova& V) { V.Dati.IDCli = 3; });
+    Caso("a draft that is begun from it", 100, 0, [](VoceTrova& V) { V.Dati.Stato.Stato = Bozza; });
+    Caso("a pro-forma note", 160, 0, [](VoceTrova& V) {
+        V.Dati.Stato.Stato = Inviata;
+        V.Dati.Stato.Documento = StampaPrenotula;
+    });
+}
+
+/// An invoice that stands in two files is owed once.
+void TestScadenzario::stessaFattura()
+{
+    QFETCH(VoceTrova, Altra);
+    QFETCH(double, Aperto);
+    QFETCH(int, Copie);
+    const VoceTrova Una = Fatturata12(u"una"_s, 1);
+    for (const std::vector<const VoceTrova*>& Mostrate :
+         {std::vector<const VoceTrova*>{&Una, &Altra}, std::vector<const VoceTrova*>{&Altra, &Una}}) {
+        const ApertoTutto Somma = SommaAperto(Mostrate);
+        QCOMPARE(Somma.Aperto, Aperto);
+        QCOMPARE(Somma.Copie, Copie);
+        const QByteArray Csv = CsvScadenzario(Mostrate, [](int) { return CodiciCliente(); });
+        QCOMPARE(Csv.count("Fattura analitica (copia);"), Copie);
+        QCOMPARE(Csv.count(";;;;;;;;;;;"), Copie);  // no figure of it
+    }
+}
+
+/// A credit note in a file of its own takes back what its invoice has open; the sum of both is what is owed.
+void TestScadenzario::storni()
+{
+    const VoceTrova Una = Fatturata12(u"una"_s, 1);
+    VoceTrova Credito = Fatturata12(u"credito"_s, 2);
+    Credito.Dati.NumFatt = u"13"_s;
+    Credito.Dati.Stato.Storno = true;
+    Credito.Dati.Stato.CitataNumero = u"12/A"_s;
+    Credito.Dati.Stato.CitataData = u"9/11/2026"_s;
+    Credito.Dati.Stato.Importi = ImportiDocumento{0, 0, 0, 70, 0, 70};
+    QCOMPARE(SommaAperto({&Una, &Credito}).Aperto, 30.0);
+    QHash<const VoceTrova*, LegameFattura> Legami = LegamiFatture({&Credito, &Una});
+    QCOMPARE(RigaScadenzario(Una, {}, Legami[&Una]).mid(14, 3).join(u'|'), u"100,00|0,00|30,00"_s);
+    QCOMPARE(RigaScadenzario(Credito, {}, Legami[&Credito]).mid(14, 3).join(u'|'), u"-70,00|0,00|0,00"_s);
+    Credito.Dati.Stato.CitataNumero = u"11"_s;
+    QCOMPARE(SommaAperto({&Una, &Credito}).Aperto, 100.0);
+    Credito.Dati.Stato.CitataNumero = u"12/A"_s;
+    Credito.Dati.Stato.Importi->Netto = 500;
+    QCOMPARE(SommaAperto({&Una, &Credito}).Aperto, 0.0);  // never below
+}
+
 void TestScadenzario::frasi()
 {
-    QCOMPARE(FraseAperto(ApertoTutto{0, 0, 5, {}}), u"Aperto non noto: 5 note senza importo"_s);
+    QCOMPARE(FraseAperto(ApertoTutto{0, 0, 5, 0, {}}), u"Aperto non noto: 5 note senza importo"_s);
     QCOMPARE(FraseAperto(ApertoTutto{}), u"Aperto: 0,00 in 0 note"_s);
     QCOMPARE(
-        FraseAperto(ApertoTutto{12480, 7, 2, {{u"Rossi"_s, 9280, 1}, {QString(), 3200, 6}}}),
+        FraseAperto(ApertoTutto{12480, 7, 2, 0, {{u"Rossi"_s, 9280, 1}, {QString(), 3200, 6}}}),
         u"Aperto: 12.480,00 in 7 note; 2 note senza importo noto; Rossi 9.280,00; senza cliente 3.200,00"_s);
-    QCOMPARE(FraseAperto(ApertoTutto{5, 1, 1, {}}), u"Aperto: 5,00 in 1 nota; 1 nota senza importo noto"_s);
+    QCOMPARE(FraseAperto(ApertoTutto{5, 1, 1, 2, {}}),
+             u"Aperto: 5,00 in 1 nota; 1 nota senza importo noto; 2 copie non contate"_s);
     QCOMPARE(FraseAperto(ApertoCliente{u"Rossi"_s, 3200, 2}), u"3.200,00 in 2 note"_s);
     QCOMPARE(ParoleFiltroStato().size(), VociFiltroStato().size());
 }
@@ -397,9 +489,14 @@ void TestScadenzario::righe()
     QCOMPARE(RigaScadenzario(Una, {}).mid(3, 3), (QStringList{QString(), u"12"_s, u"09/11/2026"_s}));
     Una.Dati.Stato.Documento = StampaFatturaAnalitica;
     Una.Dati.Stato.Storno = true;
-    QCOMPARE(RigaScadenzario(Una, {}).mid(3, 14).join(u'|'),
+    QCOMPARE(RigaScadenzario(Una, {}, {.Citata = true}).mid(3, 14).join(u'|'),
              u"Nota di credito|12|09/11/2026|Fatturata|10/11/2026|31/12/2026|-1150,00|-46,00|-263,12|-230,00|"
              u"-1459,12|-1229,12|0,00|0,00"_s);
+    // Its invoice is not in the list: a sum would take away what it does not hold.
+    Una.Dati.Stato.CitataNumero = u"9"_s;
+    QCOMPARE(
+        RigaScadenzario(Una, {}).mid(3, 14).join(u'|'),
+        u"Nota di credito della fattura 9|12|09/11/2026|Fatturata|10/11/2026|31/12/2026|||||||0,00|0,00"_s);
     // A note of before: what is not known stays empty.
     Una.Dati.Stato = {};
     QCOMPARE(RigaScadenzario(Una, {}).mid(6, 11).join(QString()), QString());
