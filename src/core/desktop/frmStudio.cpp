@@ -27,6 +27,7 @@
 #include "platform/system/shell.h"
 
 #include "core/desktop/ui_frmStudio.h"
+#include "platform/kit/suggerimento.h"
 
 #include <QCloseEvent>
 #include <QMenu>
@@ -100,12 +101,6 @@ private:
                    aspetto::DaBgr(sessione::ColoreEtichette), aspetto::DaBgr(sessione::ColoreEtichetteBordo));
     }
 };
-
-/// A hint that shows a text as it is written, also where it looks like tags.
-QString AllaLettera(const QString& Testo)
-{
-    return Qt::mightBeRichText(Testo) ? Qt::convertFromPlainText(Testo) : Testo;
-}
 
 bool DiUtente(const IconaStudio* Icona)
 {

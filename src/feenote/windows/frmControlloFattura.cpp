@@ -3,6 +3,7 @@
 #include "feenote/windows/ui_frmControlloFattura.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/suggerimento.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -44,7 +45,7 @@ frmControlloFattura::frmControlloFattura(const QString& File, const QList<EsitoC
         Righe.append(TestoEsito(Esito));
         auto* Voce = new QListWidgetItem(aspetto::Icona(Rifiuto ? u"chiudi"_s : u"info"_s), Righe.last(),
                                          ui->lstEsiti);
-        Voce->setToolTip(Esito.Elemento);
+        Voce->setToolTip(AllaLettera(Esito.Elemento));
         if (Rifiuto)
             Voce->setForeground(aspetto::Sbagliato());
     }

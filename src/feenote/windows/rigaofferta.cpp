@@ -106,7 +106,7 @@ void RigaOfferta::Ascolta(QWidget* Pagina)
 void RigaOfferta::Offri(const QString& Testo, const QString& Suggerimento)
 {
     Bottone->setText(Testo);
-    Bottone->setToolTip(Suggerimento);
+    Bottone->setToolTip(AllaLettera(Suggerimento));
     Bottone->setAccessibleName(Testo);
     Offerta = true;
     Fine.start(DurataMs);
@@ -123,7 +123,7 @@ void RigaOfferta::Togli()
 void RigaOfferta::Annota(const QString& Frase)
 {
     Nota->setText(Frase);
-    Nota->setToolTip(Frase);
+    Nota->setToolTip(AllaLettera(Frase));
     MostraParti();
 }
 

@@ -2,8 +2,16 @@
 
 #include "platform/kit/aspetto.h"
 
-#include <QWidget>
 #include <QPalette>
+#include <QTextDocument>
+#include <QWidget>
+
+QString AllaLettera(const QString& Testo)
+{
+    return Qt::mightBeRichText(Testo) ? QStringLiteral("<p style='white-space:pre-wrap'>") +
+                                            Testo.toHtmlEscaped() + QStringLiteral("</p>")
+                                      : Testo;
+}
 
 void SuggerisciLeggibile(QWidget* Box)
 {

@@ -5,6 +5,7 @@
 #include "feenote/modStato.h"
 
 #include <QMenu>
+#include <QTextDocument>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -20,6 +21,7 @@ private Q_SLOTS:
     void siFiltraColMouse();
     void siFiltraDaTastiera();
     void nessunaInQuelloStato();
+    void nomeConSegni();
     void ilFiltroResisteAlRinfresco();
     void ilFiltroRicomincia();
     void lAperto();
@@ -116,6 +118,18 @@ void TestTrovaStato::nessunaInQuelloStato()
     QCOMPARE(Lista()->Righe(), 0);
     QCOMPARE(Aperto(), u"Niente da incassare tra le parcelle mostrate."_s);
     QVERIFY(!PerCliente()->isEnabled());
+}
+
+/// A client's name is no markup: its hint shows it as it is written, and loads nothing.
+void TestTrovaStato::nomeConSegni()
+{
+    Salva(u"segni"_s, u"Rossi <b>& figli</b>"_s, StatoNota::Inviata, 5);
+    F->RinfrescaTrova();
+    Finita();
+    QVERIFY(Aperto().contains(u"Rossi <b>& figli</b> "_s));
+    QTextDocument Mostrato;
+    Mostrato.setHtml(Controllo<QLabel>(F.get(), "lblAperto")->toolTip());
+    QCOMPARE(Mostrato.toPlainText(), Aperto());
 }
 
 void TestTrovaStato::ilFiltroResisteAlRinfresco()
