@@ -100,12 +100,13 @@ void TestInvii::senzaCartella()
 void TestInvii::unCollegamentoResta()
 {
     const QString Altrove = NuovaCartella();
-    ScriviFile(Altrove + u"mio.txt"_s, "x");
+    ScriviFile(Altrove + u"mio.pdf"_s, "x");
     CreaCartella(Invii());
-    QVERIFY(QFile::link(Altrove, Invii() + u"via"_s));
+    for (const QString& Nome : {u"via"_s, u"20260101-120000-1"_s})
+        QVERIFY(QFile::link(Altrove, Invii() + Nome));
     Passano(5);
     SpazzaInvii();
-    QVERIFY(EsisteFile(Altrove + u"mio.txt"_s));
+    QVERIFY(EsisteFile(Altrove + u"mio.pdf"_s));
 }
 
 /// He may have been sent there to attach the document by hand.

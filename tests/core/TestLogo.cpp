@@ -5,6 +5,8 @@
 #include "platform/system/orologio.h"
 #include "supporto/prova.h"
 
+#include <QFileInfo>
+
 using namespace Qt::StringLiterals;
 
 class TestLogo : public QObject
@@ -18,6 +20,8 @@ private Q_SLOTS:
         InstallaOrologio({});
     }
     void conservatoELetto();
+    void soloDellUtente();
+    void loStessoNonSiRiscrive();
     void danneggiato_data();
     void danneggiato();
     void soloLUltimoResta();
@@ -42,6 +46,29 @@ void TestLogo::conservatoELetto()
     QCOMPARE(logo::Leggi(Fatta), QByteArray("uno"));
     QVERIFY(!logo::Leggi({}));
     QCOMPARE(logo::File({}), QString());
+}
+
+void TestLogo::soloDellUtente()
+{
+    const QFileInfo Copia(logo::File(logo::Conserva("uno")));
+    QVERIFY(Copia.exists());
+    QCOMPARE(int(Copia.permissions() & QFile::Permissions(0x0077)), 0);
+}
+
+/// Settings that are saved with the logo they had ask nothing of the disk.
+void TestLogo::loStessoNonSiRiscrive()
+{
+    const QString Copia = logo::File(logo::Conserva("uno"));
+    QFile File(Copia);
+    QVERIFY(File.open(QIODevice::ReadWrite));
+    const QDateTime Allora = QDateTime::currentDateTime().addDays(-3);
+    QVERIFY(File.setFileTime(Allora, QFileDevice::FileModificationTime));
+    File.close();
+    QCOMPARE(logo::File(logo::Conserva("uno")), Copia);
+    QCOMPARE(DataFile(Copia).toSecsSinceEpoch(), Allora.toSecsSinceEpoch());
+    ScriviFile(Copia, "unp");
+    (void)logo::Conserva("uno");
+    QCOMPARE(LeggiFile(Copia), QByteArray("uno"));
 }
 
 void TestLogo::danneggiato_data()

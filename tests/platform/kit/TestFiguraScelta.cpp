@@ -71,14 +71,21 @@ QByteArray Bomba()
 }
 
 /// A long path that is drawn eleven times eleven times.
-QByteArray Richiami()
+QByteArray Richiami(const QByteArray& Parte)
 {
-    QByteArray Curve = "M0 0";
-    for (int i = 0; i < 10'000; ++i)
-        Curve += "c1 9 9 1 5 5";
-    QByteArray Dentro = "<path id=\"c\" stroke=\"#000\" d=\"" + Curve + "\"/><g id=\"b\">";
+    QByteArray Dentro = Parte + "<g id=\"b\">";
     Dentro += QByteArray("<use href=\"#c\"/>").repeated(11) + "</g>";
     return Dentro + QByteArray("<use href=\"#b\"/>").repeated(11);
+}
+
+QByteArray Curve()
+{
+    return "<path id=\"c\" stroke=\"#000\" d=\"M0 0" + QByteArray("c1 9 9 1 5 5").repeated(10'000) + "\"/>";
+}
+
+QByteArray Scritta()
+{
+    return "<text id=\"c\">" + QByteArray("Studio Rossi ").repeated(10'000) + "</text>";
 }
 
 /// Groups that draw the one before them twice, and empty ones of the same names at the end.
@@ -208,7 +215,8 @@ void TestFiguraScelta::rifiutate_data()
     QTest::newRow("due richiami in uno")
         << Svg("<g id=\"a\"/><g id=\"b\"/><use xlink:href=\"#a\" href=\"#b\"/>")
         << u"due volte lo stesso nome"_s;
-    QTest::newRow("una parte grave, richiamata spesso") << Svg(Richiami()) << u"troppe volte"_s;
+    QTest::newRow("una parte grave, richiamata spesso") << Svg(Richiami(Curve())) << u"troppe volte"_s;
+    QTest::newRow("una scritta grave, richiamata spesso") << Svg(Richiami(Scritta())) << u"troppe volte"_s;
     QTest::newRow("tratteggio dietro un commento")
         << Svg("<path d=\"M0 0H200\" style=\"stroke-dasharray/* */: 0.00001\"/>") << u"nascondono"_s;
     QTest::newRow("tratteggio in un foglio di stile")
@@ -251,6 +259,9 @@ void TestFiguraScelta::disegniAmmessi_data()
     QTest::newRow("richiamo di ciò che non c'è") << QByteArray("<use href=\"#manca\"/>");
     QTest::newRow("note di chi l'ha disegnato")
         << QByteArray("<g xmlns:i=\"urn:i\" i:export-filename=\"C:\\Users\\a\\logo.png\"/>");
+    QTest::newRow("un rimando nelle note")
+        << QByteArray("<g xmlns:i=\"urn:i\" i:nota=\"url(http://a.example/b)\"/>");
+    QTest::newRow("una parte grave, richiamata una volta") << Curve() + "<use href=\"#c\"/>";
     QTest::newRow("scritta") << QByteArray("<text>Studio &amp; Associati</text>");
 }
 
