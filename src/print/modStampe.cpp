@@ -24,11 +24,7 @@ int ColoreFondo(const Parcella& Nota)
 
 void PreparaPagina(Superficie& vp, const Parcella& Nota, int Tipo)
 {
-    const bool CartaIntestata = TipoDi(Tipo).CartaIntestata;
-    vp.MarginLeft(u"2cm"_s);
-    vp.MarginRight(u"1.4cm"_s);
-    vp.MarginTop(CartaIntestata ? u"3cm"_s : u"1.5cm"_s);
-    vp.MarginBottom(CartaIntestata ? u"1.5cm"_s : u"3.2cm"_s);
+    ImpostaMargini(vp, Tipo);
     vp.HdrFontName(u"Times New Roman"_s);
     vp.HdrFontSize(8);
     vp.HeadPicture(LogoDelDocumento(Tipo));
@@ -101,4 +97,13 @@ bool Anteprima(Superficie& vp, const Parcella& Nota, int Tipo)
     AvvisaLogo();
     AvvisaClausole();  // a message may bring the next composition, and this one has ended
     return Composto;
+}
+
+void ImpostaMargini(Superficie& vp, int Tipo)
+{
+    const bool CartaIntestata = TipoDi(Tipo).CartaIntestata;
+    vp.MarginLeft(u"2cm"_s);
+    vp.MarginRight(u"1.4cm"_s);
+    vp.MarginTop(CartaIntestata ? u"3cm"_s : u"1.5cm"_s);
+    vp.MarginBottom(CartaIntestata ? u"1.5cm"_s : u"3.2cm"_s);
 }

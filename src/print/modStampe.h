@@ -14,3 +14,7 @@
 /// @return false when nothing was composed
 /// @throws Errore; what was drawn up to there stays on the surface
 bool Anteprima(Superficie& vp, const Parcella& Nota, int Tipo);
+
+/// The margins of a document's page.
+/// @param Tipo a TipoStampa
+void ImpostaMargini(Superficie& vp, int Tipo);

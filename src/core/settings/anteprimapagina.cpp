@@ -6,6 +6,7 @@
 #include "print/modCorpo.h"
 #include "print/modLogoStampa.h"
 #include "print/modPrenotula.h"
+#include "print/modStampe.h"
 
 #include <QPainter>
 
@@ -61,10 +62,7 @@ int AnteprimaPagina::heightForWidth(int Larghezza) const
 void AnteprimaPagina::Mostra(const QByteArray& Png, double AltezzaCm, Allineamento Dove)
 {
     Superficie vp;
-    vp.MarginLeft(u"2cm"_s);
-    vp.MarginRight(u"1.4cm"_s);
-    vp.MarginTop(u"1.5cm"_s);
-    vp.MarginBottom(u"3.2cm"_s);
+    ImpostaMargini(vp, StampaPrenotula);
     vp.HeadPicture(FiguraDi(Png, AltezzaCm, Dove));
     vp.StartDoc();
     StatoStampa Stato;
