@@ -12,9 +12,8 @@
 //   popup            name of the open list or menu
 //   valori           names of what holds a value on view in the active window: boxes, lists, numbers, sliders
 //   liste            those of them that are lists
-//   tagliati         what in the active window has no room for its text, as NAME=text, one beside the other;
-//   a page
-//                    that scrolls sideways too
+//   tagliati         what in the active window has no room for its text, as NAME=text, one beside the other
+//   larghe           the pages of the active window that scroll sideways, one beside the other
 //   testo NAME       what a widget shows; a check box or option "1" or "0"
 //   visto NAME       "1" on view and enabled, "0" on view, empty elsewhere
 //   posto NAME       x y width height on the screen, in its own pixels
@@ -201,11 +200,19 @@ QString Tagliati()
     for (const QWidget* Oggetto : InVista()) {
         if (const QString Testo = TestoTagliato(Oggetto); !Testo.isEmpty())
             Trovati += NomeVicino(Oggetto) + u'=' + Testo;
-        const auto* Pagina = qobject_cast<const QScrollArea*>(Oggetto);
-        if (Pagina && Pagina->horizontalScrollBar()->maximum() > 0)
-            Trovati += NomeVicino(Pagina->widget()) + QStringLiteral("=troppo larga");
     }
     return Trovati.join(QStringLiteral(", "));
+}
+
+QString PagineLarghe()
+{
+    QStringList Trovate;
+    for (const QWidget* Oggetto : InVista()) {
+        const auto* Pagina = qobject_cast<const QScrollArea*>(Oggetto);
+        if (Pagina && Pagina->horizontalScrollBar()->maximum() > 0)
+            Trovate += NomeVicino(Pagina->widget());
+    }
+    return Trovate.join(QStringLiteral(", "));
 }
 
 QTableView* VistaDi(QWidget* Griglia)
@@ -333,6 +340,8 @@ private:
             return Valori(Cosa == u"liste");
         if (Cosa == u"tagliati")
             return Tagliati();
+        if (Cosa == u"larghe")
+            return PagineLarghe();
         if (Cosa == u"nomi") {
             QWidget* Finestra = QApplication::activeWindow();
             return Finestra ? accessibili::Difetti(Finestra).join(QStringLiteral(", "))
