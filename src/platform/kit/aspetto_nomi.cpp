@@ -123,8 +123,14 @@ void Assegna(QWidget* Da, QSet<QChar> Usati)
         if (const QChar Lettera = Mnemonico(Nuova); !Lettera.isNull())
             Usati.insert(Lettera);
     }
-    for (QWidget* Pagina : std::as_const(Pagine))
-        Assegna(Pagina, Usati);
+    // Pages of one stack share letters; those of another stand beside them.
+    for (QWidget* Pagina : std::as_const(Pagine)) {
+        QList<QWidget*> Accanto;
+        for (QWidget* Altra : std::as_const(Pagine))
+            if (Altra->parentWidget() != Pagina->parentWidget())
+                Accanto += Altra;
+        Assegna(Pagina, Usati + LettereDelle(Accanto));
+    }
 }
 
 /// A caption as it is spoken: without the "&" and the colon behind it.

@@ -7,10 +7,15 @@
 #include "core/app/tastoguida.h"
 #include "core/settings/frmIcons.h"
 #include "core/settings/frmSfoglia.h"
+#include "feenote/einvoice/controlli.h"
+#include "feenote/modTipiDocumento.h"
+#include "feenote/previgenti/frmOldTariffe.h"
 #include "feenote/windows/finestre.h"
+#include "feenote/windows/frmControlloFattura.h"
 #include "feenote/windows/frmParcelle.h"
 #include "platform/database/database.h"
 #include "platform/grid/griglia.h"
+#include "platform/system/orologio.h"
 #include "supporto/mani.h"
 
 #include <QComboBox>
@@ -119,6 +124,8 @@ private:
                 Respiro();
             QCOMPARE(Nota->Scheda(), Scheda);
             Usa(u"parcella, "_s + Schede->tabText(Scheda).remove(u'&'), &Cornice);
+            if (Scheda == SchedaDiStampa)
+                FatturaElettronica(Nota, Cornice, Usa);
             if (Scheda != SchedaListaOnorari)
                 continue;
             DoppioClic(Controllo<Griglia>(Nota, "tdbListaOno"), 0);
@@ -135,8 +142,33 @@ private:
         Respiro();
         Usa(u"parcella, catena"_s, InVistaDi(u"PannelloCatena"_s));
         InVistaDi(u"PannelloCatena"_s)->close();
+        frmOldTariffe Previgenti(Nota, frmOldTariffe::PerApplicare);
+        Previgenti.AggiungiScaglione(u"fino a 600,00"_s, 1);
+        Previgenti.show();
+        Respiro();
+        Usa(u"tariffe previgenti"_s, &Previgenti);
+        Previgenti.hide();
         AzzeraFinestre();
         Cornice.hide();
+    }
+
+    /// The panel in the place of the printed page, and what the check of a file says.
+    static void FatturaElettronica(frmParcelle* Nota, QWidget& Cornice, const UsoFinestra& Usa)
+    {
+        Scegli(Controllo<QComboBox>(Nota, "cmbTipoStampa"), StampaFatturaAnalitica);
+        Respiro();
+        auto* Apre = Controllo<QAbstractButton>(Nota, "cmdFatturaXml");
+        QTest::mouseClick(Apre, Qt::LeftButton);
+        Respiro();
+        QVERIFY(Controllo<QWidget>(Nota, "PannelloFattura")->isVisible());
+        Usa(u"parcella, fattura elettronica"_s, &Cornice);
+        QTest::mouseClick(Apre, Qt::LeftButton);
+        frmControlloFattura Esiti(u"IT01234567890_00001.xml"_s, ControllaFattura("<a/>", {}, Oggi()),
+                                  &Cornice);
+        Esiti.show();
+        Respiro();
+        Usa(u"controllo di una fattura"_s, &Esiti);
+        Esiti.close();
     }
 
     static void DiComando(const QString& Parola, const UsoFinestra& Usa)
@@ -155,6 +187,12 @@ private:
         (void)MostraAttiva(*Aperta);
         Usa(Parola, Aperta);
         Figlie(Parola, Aperta, Usa);
+        if (Parola == u"contrib") {
+            Scegli(Controllo<QComboBox>(Aperta, "cmbNorme"), 1);
+            Respiro();
+            QVERIFY(Controllo<QWidget>(Aperta, "fraVigente")->isVisible());
+            Usa(u"contrib, norme in vigore"_s, Aperta);
+        }
         Aperta->close();
         Respiro();
     }
