@@ -26,6 +26,8 @@
 
 #include <QAbstractItemView>
 #include <QPointer>
+#include <QScopeGuard>
+#include <QScreen>
 
 #include <array>
 #include <utility>
@@ -204,11 +206,42 @@ void frmImporta::MostraUltima()
     std::optional<ImportazioneFatta> Ultima;
     (void)Tenta([&] { Ultima = UltimaImportazione(Archivio()); });
     ui->fraUltima->setVisible(Ultima.has_value());
+    const auto Dopo = qScopeGuard([this] { DaSpazio(); });
     if (!Ultima)
         return;
     ui->lblUltima->setText(u"Ultima importazione: %1 da \"%2\", il %3 (%4)"_s.arg(
         Ultima->Aggiunti == 1 ? u"1 nominativo"_s : Format(Ultima->Aggiunti, u"#,##0") + u" nominativi"_s,
         NomeFile(Ultima->Sorgente), Ultima->Quando.toString(u"dd/MM/yyyy HH:mm"), Ultima->Tabella));
+}
+
+void frmImporta::showEvent(QShowEvent* Evento)
+{
+    QDialog::showEvent(Evento);
+    DaSpazio();
+}
+
+/// Words of the first step that take a second line, in large letters, are not cut by what comes below them.
+void frmImporta::DaSpazio()
+{
+    if (!isVisible())
+        return;
+    layout()->activate();
+    const int Serve = ui->pagScelta->layout()->totalHeightForWidth(ui->pagScelta->width());
+    const int Manca = Serve - ui->pagine->height();
+    if (Manca <= 0)
+        return;
+    const QRect Schermo = screen()->availableGeometry();
+    const int Fregi = frameGeometry().height() - height();
+    if (height() + Manca > Schermo.height() - Fregi)
+        // On half a screen the captions stand alone, and their words wait below the pointer.
+        for (auto [Scelta, Parole] :
+             {std::pair{ui->optModo_0, ui->lblModo_0}, std::pair{ui->optModo_1, ui->lblModo_1},
+              std::pair{ui->optModo_2, ui->lblModo_2}}) {
+            Scelta->setToolTip(Parole->text());
+            Parole->hide();
+        }
+    resize(width(), std::min(height() + Manca, Schermo.height() - Fregi));
+    move(x(), std::max(Schermo.top(), std::min(y(), Schermo.bottom() + 1 - frameGeometry().height())));
 }
 
 void frmImporta::VaiA(Pagina Nuova)

@@ -48,6 +48,9 @@ public:
 public Q_SLOTS:
     void reject() override;
 
+protected:
+    void showEvent(QShowEvent* Evento) override;
+
 private:
     class Lavoro;
 
@@ -55,6 +58,7 @@ private:
     void CollegaControlli();
     void MostraModo();
     void MostraUltima();
+    void DaSpazio();
     void VaiA(Pagina Nuova);
     void Abilita();
     [[nodiscard]] Modo Scelto() const;

@@ -14,6 +14,7 @@
 #include "platform/kit/barra.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/lettere.h"
 #include "platform/kit/singola.h"
 #include "platform/kit/tastimostrati.h"
 #include "platform/system/file.h"
@@ -238,8 +239,11 @@ void frmMain::Form_Load()
     const QRect Schermo = screen()->availableGeometry().adjusted(0, Titolo, 0, 0);
     MisuraVoluta = QSize(MisuraTwip(u"MainWidth"_s, LarghezzaPredefinita),
                          MisuraTwip(u"MainHeight"_s, AltezzaPredefinita));
-    MisuraData = QSize(aspetto::Pixel(MisuraVoluta.width()), aspetto::Pixel(MisuraVoluta.height()))
-                     .boundedTo(Schermo.size());
+    MisuraData = QSize(aspetto::Pixel(MisuraVoluta.width()), aspetto::Pixel(MisuraVoluta.height()));
+    // A size that the user gave stays; the one of the design grows with the letters.
+    if (MisuraVoluta == QSize(LarghezzaPredefinita, AltezzaPredefinita))
+        MisuraData *= aspetto::RapportoDelleLettere(this);
+    MisuraData = MisuraData.boundedTo(Schermo.size());
     QRect Posto({}, MisuraData);
     Posto.moveCenter(Schermo.center());
     setGeometry(Posto);

@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QApplication>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QShortcut>
@@ -158,6 +159,14 @@ void DividiLista(QSplitter* Divisore)
     Divisore->setSizes({1000, 2000});
     Divisore->setStretchFactor(0, 1);
     Divisore->setStretchFactor(1, 2);
+    // In a low window a row of the catalogue and the first lines stay on view above their totals, which alone
+    // would say little.
+    for (const auto& [Parte, Righe] : {std::pair{0, 1}, std::pair{1, 3}})
+        if (const auto* Elenco = Divisore->widget(Parte)->findChild<Griglia*>()) {
+            QTableView* Vista = Elenco->Vista();
+            Vista->setMinimumHeight(Vista->horizontalHeader()->sizeHint().height() + 2 * Vista->frameWidth() +
+                                    Righe * Vista->verticalHeader()->defaultSectionSize());
+        }
 }
 
 bool VaiARiga(Recordset& Righe, int Riga)

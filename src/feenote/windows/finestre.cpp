@@ -11,6 +11,7 @@
 #include "feenote/windows/notarecente.h"
 #include "feenote/windows/noteaperte.h"
 #include "platform/kit/aspetto.h"
+#include "platform/kit/lettere.h"
 #include "platform/kit/servizi_qt.h"
 #include "platform/kit/trattieni.h"
 #include "platform/system/memoria.h"
@@ -167,7 +168,9 @@ void MettiInCascata(frmParcelle* Finestra, int Indice)
                        aspetto::Pixel((Indice - 1) * CascataAlto + PrimoAlto));
     const QSize Voluta(MisuraTwip(u"FormWidth"_s, LarghezzaPredefinita),
                        MisuraTwip(u"FormHeight"_s, AltezzaPredefinita));
-    const QSize Pixel(aspetto::Pixel(Voluta.width()), aspetto::Pixel(Voluta.height()));
+    QSize Pixel(aspetto::Pixel(Voluta.width()), aspetto::Pixel(Voluta.height()));
+    if (Voluta == QSize(LarghezzaPredefinita, AltezzaPredefinita))
+        Pixel *= aspetto::RapportoDelleLettere(Sotto);
     Sotto->setGeometry({Posto, NellArea(Sotto, Posto, Pixel)});
     Finestre[size_t(Indice)].Misura->Chiesta(Voluta);
 }
