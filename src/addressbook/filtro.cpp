@@ -11,7 +11,7 @@ namespace {
 constexpr QChar FraCelle = u'\x1f';
 constexpr char FineRiga = '\n';
 
-std::string_view Vista(QByteArrayView Byte)
+std::string_view VistaSuiByte(QByteArrayView Byte)
 {
     return {Byte.data(), size_t(Byte.size())};
 }
@@ -44,7 +44,7 @@ Filtro::Filtro(const QString& Testo)
 bool Filtro::Passa(QByteArrayView Riga) const
 {
     return std::ranges::all_of(Parole, [&](const QByteArray& Parola) {
-        return Vista(Riga).find(Vista(Parola)) != std::string_view::npos;
+        return VistaSuiByte(Riga).find(VistaSuiByte(Parola)) != std::string_view::npos;
     });
 }
 

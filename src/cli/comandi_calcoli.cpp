@@ -25,22 +25,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Giorno(const QDate& Data)
-{
-    return Format(Data, u"dd/mm/yyyy");
-}
-
 void Rifiuta(const QString& Messaggio)
 {
     if (!Messaggio.isEmpty())
         throw Errore(errori::Argomento, Messaggio);
-}
-
-template <class Campo>
-void Rifiuta(const std::optional<Mancanza<Campo>>& Trovato)
-{
-    if (Trovato)
-        throw Errore(errori::Argomento, Trovato->Messaggio);
 }
 
 /// A script is asked nothing about updates: the calculation goes on as after "No", and where it cannot, the

@@ -20,18 +20,6 @@ namespace {
 constexpr int MassimoIncremento = 9999;  // what the field of the form can hold
 constexpr int MassimoRicorrenti = 9999;
 
-QString Giorno(const QDate& Data)
-{
-    return Format(Data, u"dd/mm/yyyy");
-}
-
-template <class Campo>
-void Rifiuta(const std::optional<Mancanza<Campo>>& Trovato)
-{
-    if (Trovato)
-        throw Errore(errori::Argomento, Trovato->Messaggio);
-}
-
 QString ConNota(const QDate& Data, bool Spostata, const QString& Nota)
 {
     return Giorno(Data) + (Spostata ? u" (%1)"_s.arg(Nota) : QString());

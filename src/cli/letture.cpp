@@ -47,3 +47,8 @@ int LeggiParola(const QString& Nome, const QString& Valore, const QStringList& P
         throw Errore(errori::Argomento, u"%1 non è fra %2"_s.arg(Citato(Nome, Valore), Parole.join(u", "_s)));
     return int(Posto);
 }
+
+QString Giorno(const QDate& Data)
+{
+    return Format(Data, ModelloData);
+}

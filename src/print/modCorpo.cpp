@@ -98,12 +98,6 @@ void ApplicaColonne(Superficie& vp, const Colonne& Tutte)
     }
 }
 
-void ChiudiTabella(Superficie& vp)
-{
-    vp.TableBorder(0);
-    vp.EndTable();
-}
-
 // ---- fees and expenses
 
 QString TestoTripla(double Medio, double Minimo, double Massimo)
@@ -344,4 +338,10 @@ void StampaCorpo(Superficie& vp, StatoStampa& Stato, const Parcella& Nota, int T
     Stato.Acconti = CalcolaAcconti(Nota, Tipo);
     if (MostraAcconti(Nota, Tipo))
         StampaAcconti(vp, Nota, Stato.Acconti);
+}
+
+void ChiudiTabella(Superficie& vp)
+{
+    vp.TableBorder(0);
+    vp.EndTable();
 }

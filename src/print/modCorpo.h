@@ -66,3 +66,6 @@ void StampaSpese(Superficie& vp, const Parcella& Nota, const TabellaRighe& Righe
 /// Fees and expenses of this note and of the associated one, each with its title and decree, then the
 /// payments of both, in euro, where the document shows them. Leaves the payments' totals in the state.
 void StampaCorpo(Superficie& vp, StatoStampa& Stato, const Parcella& Nota, int Tipo);
+
+/// Ends a table of lines, which has no border.
+void ChiudiTabella(Superficie& vp);

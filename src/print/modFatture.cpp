@@ -100,12 +100,6 @@ void ApriTabella(Superficie& vp, const std::array<FormaColonna, ColonneTabella>&
     }
 }
 
-void ChiudiTabella(Superficie& vp)
-{
-    vp.TableBorder(0);
-    vp.EndTable();
-}
-
 QString InMeno(double Euro)
 {
     return u'-' + ImportoStampa(Euro);

@@ -33,7 +33,7 @@ constexpr std::array UnaPerUna{
 
 constexpr std::array<QStringView, 5> NellIndirizzo{u"Indirizzo", u"Citta", u"Prov", u"Cap", u"Nazione"};
 
-bool Uguali(QStringView A, QStringView B)
+bool StessoNome(QStringView A, QStringView B)
 {
     return A.compare(B, Qt::CaseInsensitive) == 0;
 }
@@ -82,7 +82,7 @@ QByteArray SchedaVcard(const ValoriNominativo& Valori, bool Societa)
 {
     const auto Valore = [&](QStringView Campo) {
         const auto Trovato =
-            std::ranges::find_if(Valori, [&](const auto& Voce) { return Uguali(Voce.first, Campo); });
+            std::ranges::find_if(Valori, [&](const auto& Voce) { return StessoNome(Voce.first, Campo); });
         return Trovato != Valori.end() ? Trovato->second : QString();
     };
     const QString Nome = Valore(u"Nominativo").trimmed();
@@ -102,7 +102,7 @@ QByteArray SchedaVcard(const ValoriNominativo& Valori, bool Societa)
     if (std::ranges::any_of(Luogo, [](const QString& Parte) { return !Parte.isEmpty(); }))
         Metti(u"ADR"_s, u";;"_s + Luogo.join(u';'));
     for (const auto& [Campo, Testo] : Valori) {
-        const auto E = [&Campo = Campo](QStringView Nota) { return Uguali(Campo, Nota); };
+        const auto E = [&Campo = Campo](QStringView Nota) { return StessoNome(Campo, Nota); };
         if (Testo.isEmpty() || E(u"Nominativo") || std::ranges::any_of(NellIndirizzo, E))
             continue;
         const auto* Trovata =

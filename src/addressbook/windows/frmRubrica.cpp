@@ -62,8 +62,8 @@ constexpr std::array Tasti{
                  u"Esporta i nominativi mostrati, o quelli selezionati (Ctrl+E)", int(Qt::CTRL) | Qt::Key_E},
 };
 
-const QString Clienti = u"clienti"_s;
-const QString Controparti = u"controparti"_s;
+const QString DiClienti = u"clienti"_s;
+const QString DiControparti = u"controparti"_s;
 
 /// The archive of Access that the user was asked about last.
 const QString ChiaveOfferta = u"OffertaAccess"_s;
@@ -75,7 +75,7 @@ frmRubrica::frmRubrica() : ui(std::make_unique<Ui::frmRubrica>())
     ui->setupUi(this);
     setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint);
-    setWindowIcon(aspetto::Icona(Clienti));
+    setWindowIcon(aspetto::Icona(DiClienti));
     datNom = new QLabel;
     datNom->setObjectName(u"datNom"_s);
     lblArchivio = new QLabel;
@@ -122,9 +122,9 @@ void frmRubrica::CollegaControlli()
 {
     SuggerisciLeggibile(ui->txtFiltro);
     ::Collega<QAbstractButton>(ui->optArchivio_0, &QAbstractButton::clicked, this,
-                               [this] { CambiaArchivio(Clienti); });
+                               [this] { CambiaArchivio(DiClienti); });
     ::Collega<QAbstractButton>(ui->optArchivio_1, &QAbstractButton::clicked, this,
-                               [this] { CambiaArchivio(Controparti); });
+                               [this] { CambiaArchivio(DiControparti); });
     ::Collega(ui->txtFiltro, &QLineEdit::textChanged, this, [this] { Esegui([this] { Filtra(); }); });
     Griglia* Lista = ui->tdbRubrica;
     Lista->ConsentiComandi(true);
@@ -267,8 +267,8 @@ void frmRubrica::MostraRichiesta()
     setWindowTitle(u"Archivio: "_s + Richiesta.RecordSource);
     ui->optArchivio_0->setVisible(!Richiesta.Selezione);
     ui->optArchivio_1->setVisible(!Richiesta.Selezione);
-    ui->optArchivio_0->setChecked(Richiesta.RecordSource.compare(Clienti, Qt::CaseInsensitive) == 0);
-    ui->optArchivio_1->setChecked(Richiesta.RecordSource.compare(Controparti, Qt::CaseInsensitive) == 0);
+    ui->optArchivio_0->setChecked(Richiesta.RecordSource.compare(DiClienti, Qt::CaseInsensitive) == 0);
+    ui->optArchivio_1->setChecked(Richiesta.RecordSource.compare(DiControparti, Qt::CaseInsensitive) == 0);
     Tasto(u"selez"_s)->setVisible(Richiesta.Selezione);
     for (const QString& Chiave : {u"new"_s, u"edit"_s, u"delete"_s, u"rimetti"_s})
         Tasto(Chiave)->setVisible(Richiesta.Modifiche);

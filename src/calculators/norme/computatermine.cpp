@@ -1,4 +1,5 @@
 #include "calculators/norme/regolenorme.h"
+#include "calculators/norme/rifiuto.h"
 #include "calculators/norme/terminiricorrenti.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
@@ -10,13 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QStringView ModelloData = u"dd/mm/yyyy";
 const QDate UltimoGiorno(9999, 12, 31);
-
-[[noreturn]] void Rifiuta(const QString& Frase)
-{
-    throw Errore(errori::Argomento, Frase);
-}
 
 QString Unita(int Numero, int Tipo)
 {

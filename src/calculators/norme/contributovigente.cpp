@@ -1,5 +1,6 @@
 #include "calculators/norme/contributovigente.h"
 
+#include "calculators/norme/rifiuto.h"
 #include "calculators/norme/terminiricorrenti.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
@@ -11,14 +12,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QStringView ModelloImporto = u"#,##0.00";
-constexpr QStringView ModelloData = u"dd/mm/yyyy";
 constexpr int MassimoRicorrenti = 9999;
 constexpr QStringView CodiceNotifiche = u"notifiche";
-
-[[noreturn]] void Rifiuta(const QString& Frase)
-{
-    throw Errore(errori::Argomento, Frase);
-}
 
 bool EProcedimento(const VoceContributo& Voce)
 {

@@ -11,8 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QStringView ModelloData = u"dd/mm/yyyy";
-
 // The rate of the next year is published by this day (art. 1284 c.c.).
 constexpr int MeseSaggio = 12;
 constexpr int GiornoSaggio = 15;
@@ -37,7 +35,7 @@ QString Giorno(const QDate& Data)
 }
 
 /// Last day of the last row; a row without an end holds for ever.
-QDate UltimoGiorno(const Database& Db, const QString& Tabella)
+QDate UltimoPeriodo(const Database& Db, const QString& Tabella)
 {
     Recordset Righe = Db.OpenRecordset(Tabella);
     Righe.ImpostaIndex(u"Dal"_s);
@@ -97,7 +95,7 @@ QString FinoAlMese(const QDate& Mese)
 CoperturaTassi LeggiCopertura(const QString& Archivio)
 {
     const Database Db = ApriArchivio(Archivio, true);
-    return {UltimoGiorno(Db, u"InteressiLegali"_s), UltimoGiorno(Db, u"InteressiMora"_s), UltimoIndice(Db)};
+    return {UltimoPeriodo(Db, u"InteressiLegali"_s), UltimoPeriodo(Db, u"InteressiMora"_s), UltimoIndice(Db)};
 }
 
 EtaDati EtaLegali(const CoperturaTassi& Tassi, const QDate& Oggi)

@@ -21,7 +21,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QStringView NomeNorme = u"Norme.mdb";
-constexpr QStringView ModelloData = u"dd/mm/yyyy";
 
 /// The tables in the order of the seal.
 constexpr std::array<QStringView, 8> OrdineTabelle{u"Sospensioni", u"Feste",  u"Materie",    u"Regole",
@@ -188,7 +187,7 @@ QDate LeggiNoteFinoAl(const Database& Db)
     return *Letta;
 }
 
-[[noreturn]] void Rifiuta(const QString& Motivo)
+[[noreturn]] void RifiutaFile(const QString& Motivo)
 {
     throw Errore(errori::Argomento,
                  u"%1: %2; le norme in vigore non si possono usare"_s.arg(NomeNorme, Motivo));
@@ -209,7 +208,7 @@ Norme::~Norme() = default;
 Norme::Norme(const QString& Percorso)
 {
     if (!EsisteFile(Percorso))
-        Rifiuta(u"il file manca nella cartella del programma"_s);
+        RifiutaFile(u"il file manca nella cartella del programma"_s);
     try {
         const Database Db = OpenDatabase(Percorso, true);
         Al = LeggiNoteFinoAl(Db);
@@ -220,7 +219,7 @@ Norme::Norme(const QString& Percorso)
     } catch (const std::bad_alloc&) {
         throw;
     } catch (...) {
-        Rifiuta(u"il file è danneggiato o modificato (%1)"_s.arg(ErroreCorrente().Descrizione));
+        RifiutaFile(u"il file è danneggiato o modificato (%1)"_s.arg(ErroreCorrente().Descrizione));
     }
 }
 

@@ -1,6 +1,7 @@
 #include "calculators/norme/regolenorme.h"
 
 #include "calculators/norme/contributovigente.h"
+#include "calculators/norme/rifiuto.h"
 #include "calculators/norme/terminiricorrenti.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
@@ -13,11 +14,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-[[noreturn]] void Rifiuta(const QString& Motivo)
-{
-    throw Errore(errori::Argomento, Motivo);
-}
 
 bool SiIncontrano(const Vigenza& A, const Vigenza& B)
 {

@@ -1,5 +1,6 @@
 #include "calculators/norme/terminiricorrenti.h"
 
+#include "calculators/norme/rifiuto.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 
@@ -11,13 +12,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr QStringView ModelloData = u"dd/mm/yyyy";
-
-[[noreturn]] void Rifiuta(const QString& Frase)
-{
-    throw Errore(errori::Argomento, Frase);
-}
 
 QString SenzaAccenti(const QString& Testo)
 {

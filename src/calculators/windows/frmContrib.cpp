@@ -38,7 +38,7 @@ constexpr int TwipSotto = -4100;
 constexpr int PassiBarra = 100;
 
 /// A file of the folder of documents, whatever its case; full path.
-QString Documento(const QString& Nome)
+QString DocumentoDiLegge(const QString& Nome)
 {
     return TrovaFile(sessione::PercorsoProg + Barra(u"docum"_s) + Nome);
 }
@@ -46,12 +46,12 @@ QString Documento(const QString& Nome)
 void ApriPagina(const QString& Nome, const QString& Titolo)
 {
     if (Aperture.PaginaWeb)
-        Aperture.PaginaWeb(Documento(Nome), Titolo);
+        Aperture.PaginaWeb(DocumentoDiLegge(Nome), Titolo);
 }
 
 void ApriScheda()
 {
-    const QString Scheda = Documento(u"SchedaImpugnazioni.pdf"_s);
+    const QString Scheda = DocumentoDiLegge(u"SchedaImpugnazioni.pdf"_s);
     if (!EsisteFile(Scheda)) {
         MsgErrore(u"Documento "_s + Scheda + u" non trovato!"_s);
         return;

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum ColonnaTermini { ColAtto, ColMisura, ColEvento, ColArticolo, ColRito, NumColonne };
+enum ColonnaTermini { ColAtto, ColMisura, ColEvento, ColArticolo, ColRito, NumColonneTermini };
 
 QString Maiuscola(QString Testo)
 {
@@ -56,7 +56,7 @@ void frmRicorrenti::Colonne()
         Nuova.Stira = Campo == ColAtto;
         return Nuova;
     };
-    Righe.Azzera(NumColonne);
+    Righe.Azzera(NumColonneTermini);
     ui->tdbRicorrenti->ImpostaColonne({Colonna(u"Atto"_s, ColAtto, 26), Colonna(u"Termine"_s, ColMisura, 15),
                                        Colonna(u"Da"_s, ColEvento, 24),
                                        Colonna(u"Articolo"_s, ColArticolo, 19),
@@ -125,7 +125,7 @@ QString frmRicorrenti::Articoli(const CatenaTermini& Catena) const
 void frmRicorrenti::Elenca()
 {
     Voci.clear();
-    Righe.Azzera(NumColonne);
+    Righe.Azzera(NumColonneTermini);
     const QString Cercato = ui->txtCerca->text();
     for (const CatenaTermini& Catena : Insieme->Catene()) {
         // A chain answers to its own words and to those of its terms.

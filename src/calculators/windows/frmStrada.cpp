@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum ColonnaStrada { ColDate, ColGiorni, ColPasso, ColNorma, NumColonne };
+enum ColonnaStrada { ColDate, ColGiorni, ColPasso, ColNorma, NumColonneStrada };
 
 // In the order of the count; the places are those of SegniStrada.
 enum SegnoStrada { SegnoContati, SegnoComune, SegnoRecuperati, SegnoLibero, SegnoSpostati };
@@ -121,7 +121,7 @@ void frmStrada::Colonne()
         Nuova.Stira = Campo == ColNorma;
         return Nuova;
     };
-    Righe.Azzera(NumColonne);
+    Righe.Azzera(NumColonneStrada);
     ui->tdbStrada->ImpostaColonne({Colonna(u"Date"_s, ColDate, 19),
                                    Colonna(u"Giorni"_s, ColGiorni, 6, Qt::AlignRight),
                                    Colonna(u"Che cosa"_s, ColPasso, 23), Colonna(u"Norma"_s, ColNorma, 12)});
@@ -163,12 +163,12 @@ void frmStrada::Mostra(const QList<ParteStrada>& Nuove, const QStringList& Dati,
 
 void frmStrada::Elenca()
 {
-    Righe.Azzera(NumColonne);
+    Righe.Azzera(NumColonneStrada);
     Posti.clear();
-    const auto Aggiungi = [this](const RigaPasso& Posto, const std::array<QString, NumColonne>& Celle) {
+    const auto Aggiungi = [this](const RigaPasso& Posto, const std::array<QString, NumColonneStrada>& Celle) {
         Posti.append(Posto);
         const int Riga = Righe.AggiungiRiga();
-        for (int Colonna = 0; Colonna < NumColonne; ++Colonna)
+        for (int Colonna = 0; Colonna < NumColonneStrada; ++Colonna)
             Righe(Riga, Colonna) = Celle[size_t(Colonna)];
     };
     QStringList Avvisi;

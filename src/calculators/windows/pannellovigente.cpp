@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum ColonnaPassi { ColTesto, ColEuro, ColNorma, NumColonne };
+enum ColonnaPassi { ColPassaggio, ColEuro, ColNorma, NumColonnePassi };
 
 constexpr QStringView Importi = u"#,##0.00";
 
@@ -75,8 +75,8 @@ void PannelloVigente::Colonne()
         Nuova.Stira = Campo == ColNorma;
         return Nuova;
     };
-    Righe.Azzera(NumColonne);
-    ui->tdbVigente->ImpostaColonne({Colonna(u"Come si arriva all'importo"_s, ColTesto, 36, Qt::AlignLeft),
+    Righe.Azzera(NumColonnePassi);
+    ui->tdbVigente->ImpostaColonne({Colonna(u"Come si arriva all'importo"_s, ColPassaggio, 36, Qt::AlignLeft),
                                     Colonna(u"Euro"_s, ColEuro, 11, Qt::AlignRight),
                                     Colonna(u"Norma"_s, ColNorma, 24, Qt::AlignLeft)});
     ui->tdbVigente->FraseVuota(u"Scegliere il procedimento e scrivere il valore."_s);
@@ -223,10 +223,10 @@ void PannelloVigente::Mostra(const EsitoContributo& Esito)
 {
     Ultimo = Esito;
     Passi = Esito.Passi;
-    Righe.Azzera(NumColonne);
+    Righe.Azzera(NumColonnePassi);
     for (const PassoContributo& Passo : std::as_const(Passi)) {
         const int Riga = Righe.AggiungiRiga();
-        Righe(Riga, ColTesto) = TestoDi(Passo);
+        Righe(Riga, ColPassaggio) = TestoDi(Passo);
         Righe(Riga, ColEuro) = Euro(Passo.Euro);
         Righe(Riga, ColNorma) = NormaDi(Passo);
     }

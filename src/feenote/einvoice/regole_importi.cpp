@@ -271,15 +271,13 @@ void ScontoDellaLinea(Esame& File)
             ScontiVuoti(File, File.Albero.Figli(Linea.Nodo, u"ScontoMaggiorazione"));
 }
 
-using Corpo = CorpoEsaminato;
-
-constexpr std::array Regole{
-    RegolaSdi{u"00400", Rifiuto, NaturaMancante<&Corpo::Linee>},
-    RegolaSdi{u"00401", Rifiuto, NaturaDiTroppo<&Corpo::Linee>},
-    RegolaSdi{u"00411", Rifiuto, RitenutaMancante<&Corpo::Linee>},
-    RegolaSdi{u"00413", Rifiuto, NaturaMancante<&Corpo::Casse>},
-    RegolaSdi{u"00414", Rifiuto, NaturaDiTroppo<&Corpo::Casse>},
-    RegolaSdi{u"00415", Avviso, RitenutaMancante<&Corpo::Casse>},
+constexpr std::array RegoleDegliImporti{
+    RegolaSdi{u"00400", Rifiuto, NaturaMancante<&CorpoEsaminato::Linee>},
+    RegolaSdi{u"00401", Rifiuto, NaturaDiTroppo<&CorpoEsaminato::Linee>},
+    RegolaSdi{u"00411", Rifiuto, RitenutaMancante<&CorpoEsaminato::Linee>},
+    RegolaSdi{u"00413", Rifiuto, NaturaMancante<&CorpoEsaminato::Casse>},
+    RegolaSdi{u"00414", Rifiuto, NaturaDiTroppo<&CorpoEsaminato::Casse>},
+    RegolaSdi{u"00415", Avviso, RitenutaMancante<&CorpoEsaminato::Casse>},
     RegolaSdi{u"00419", Avviso, RiepilogoMancante},
     RegolaSdi{u"00420", Avviso, ScissioneEInversione},
     RegolaSdi{u"00421", Avviso, ImpostaDelRiepilogo},
@@ -300,7 +298,7 @@ constexpr std::array Regole{
 
 void RegoleImporti(Esame& File)
 {
-    for (const RegolaSdi& Regola : Regole) {
+    for (const RegolaSdi& Regola : RegoleDegliImporti) {
         File.Comincia(Regola.Codice, Regola.Gravita);
         Regola.Esegui(File);
     }

@@ -249,7 +249,7 @@ void EntrambiEsteri(Esame& File)
         File.Segnala(Chi.Nodo, u"Chi emette e chi riceve sono entrambi esteri."_s);
 }
 
-constexpr std::array Regole{
+constexpr std::array RegoleDeiSoggetti{
     RegolaSdi{u"00300", Avviso, CifraTrasmittente},
     RegolaSdi{u"00301", Avviso, CifraCedente},
     RegolaSdi{u"00303", Avviso, CifraRappresentanti},
@@ -276,7 +276,7 @@ constexpr std::array Regole{
 
 void RegoleSoggetti(Esame& File)
 {
-    for (const RegolaSdi& Regola : Regole) {
+    for (const RegolaSdi& Regola : RegoleDeiSoggetti) {
         File.Comincia(Regola.Codice, Regola.Gravita);
         Regola.Esegui(File);
     }

@@ -44,7 +44,7 @@ QList<ColonnaGriglia> ColonneOnorari(const TabellaRighe* Righe)
             ColonnaImporto(u"Max"_s, OnoMax, false)};
 }
 
-QList<ColonnaGriglia> ColonneCatalogo()
+QList<ColonnaGriglia> ColonneCatalogoOnorari()
 {
     ColonnaGriglia Voce;
     Voce.Titolo = u"Voce"_s;
@@ -126,7 +126,7 @@ SchedaOnorari::~SchedaOnorari() = default;
 void SchedaOnorari::CollegaCatalogo()
 {
     Griglia* Lista = ui->tdbListaOno;
-    Lista->ImpostaColonne(ColonneCatalogo());
+    Lista->ImpostaColonne(ColonneCatalogoOnorari());
     Lista->FraseVuota(
         u"Scegliere categoria, autorità e valore nei dati base: qui compaiono le voci della tariffa."_s);
     Collega(Lista, &Griglia::DoppioClic, this, &SchedaOnorari::tdbListaOno_DblClick);

@@ -32,7 +32,7 @@ QList<ColonnaGriglia> ColonneSpese()
     return Colonne;
 }
 
-QList<ColonnaGriglia> ColonneCatalogo()
+QList<ColonnaGriglia> ColonneCatalogoSpese()
 {
     ColonnaGriglia Descr;
     Descr.Titolo = u"Descrizione"_s;
@@ -60,7 +60,7 @@ SchedaSpese::~SchedaSpese() = default;
 void SchedaSpese::CollegaCatalogo()
 {
     Griglia* Lista = ui->tdbListaDir;
-    Lista->ImpostaColonne(ColonneCatalogo());
+    Lista->ImpostaColonne(ColonneCatalogoSpese());
     Lista->FraseVuota(u"Il catalogo delle spese non si può leggere: scriverle nella riga vuota qui sotto."_s);
     Collega(Lista, &Griglia::DoppioClic, this, &SchedaSpese::tdbListaDir_DblClick);
     CollegaRicerca(

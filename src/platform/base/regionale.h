@@ -43,6 +43,9 @@
 /// @throws Errore 5 when the pattern holds more than three sections or the value is not finite
 [[nodiscard]] QString Format(double Valore, QStringView Modello);
 
+/// How a date is written out wherever nothing else is asked for.
+inline constexpr QStringView ModelloData = u"dd/mm/yyyy";
+
 /// Dates: "dd/mm/yyyy", "mm/dd/yyyy" and any other arrangement of dd, mm, yyyy, yy. A null date is empty.
 [[nodiscard]] QString Format(const QDate& Data, QStringView Modello);
 

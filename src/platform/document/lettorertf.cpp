@@ -10,7 +10,7 @@ using rtf::Gruppo;
 namespace {
 
 constexpr std::size_t MassimoGruppi = 256;  // deeper ones are passed over
-constexpr qsizetype MassimoParola = 32;
+constexpr qsizetype MassimaParola = 32;
 constexpr std::size_t MassimoPesoTabella = 20 * 1000;  // cells; a longer table goes on as another
 constexpr char16_t PrimoPrivato = 0xF000;              // codes of symbol fonts stand from here on in Unicode
 
@@ -123,7 +123,7 @@ void LettoreRtf::LeggiParola(const SegnoRtf& Segno)
         return;
     }
     Scarica();
-    const ParolaRtf* Nota = Segno.Testo.size() <= MassimoParola ? CercaParolaRtf(Segno.Testo) : nullptr;
+    const ParolaRtf* Nota = Segno.Testo.size() <= MassimaParola ? CercaParolaRtf(Segno.Testo) : nullptr;
     if (Nota && Profondi == 0)
         EseguiParola(*Nota, Segno.Numero);
 }

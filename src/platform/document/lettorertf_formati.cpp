@@ -1,6 +1,8 @@
 // What the words of a rich text do.
 #include "platform/document/lettorertf_classe.h"
 
+#include "platform/document/misura.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -11,7 +13,6 @@ using rtf::Gruppo;
 namespace {
 
 constexpr int MassimoSostituti = 255;
-constexpr double TwipPerCm = 1440.0 / 2.54;
 constexpr double TwipPerPunto = 20.0;
 constexpr double MassimoCm = 12.0;      // of an indent
 constexpr double MassimoPunti = 100.0;  // of the room around a paragraph

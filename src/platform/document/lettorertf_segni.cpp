@@ -5,12 +5,12 @@
 
 namespace {
 
-bool Lettera(QChar C)
+bool LetteraAscii(QChar C)
 {
     return (C >= u'a' && C <= u'z') || (C >= u'A' && C <= u'Z');
 }
 
-bool Cifra(QChar C)
+bool CifraAscii(QChar C)
 {
     return C >= u'0' && C <= u'9';
 }
@@ -24,7 +24,7 @@ bool Niente(QChar C)
 /// Value of a hexadecimal digit, -1 of another character.
 int Esadecimale(QChar C)
 {
-    if (Cifra(C))
+    if (CifraAscii(C))
         return C.unicode() - u'0';
     if (C >= u'a' && C <= u'f')
         return C.unicode() - u'a' + 10;
@@ -60,7 +60,7 @@ SegnoRtf SegniRtf::Comando()
 {
     if (Posto == Testo.size())
         return {};
-    if (Lettera(Testo[Posto]))
+    if (LetteraAscii(Testo[Posto]))
         return Parola();
     SegnoRtf Simbolo{SegnoRtf::Simbolo};
     Simbolo.Segno = Testo[Posto++];
@@ -71,7 +71,7 @@ SegnoRtf SegniRtf::Parola()
 {
     SegnoRtf Letta{SegnoRtf::Parola};
     const qsizetype Inizio = Posto;
-    while (Posto < Testo.size() && Lettera(Testo[Posto]))
+    while (Posto < Testo.size() && LetteraAscii(Testo[Posto]))
         ++Posto;
     Letta.Testo = Testo.sliced(Inizio, Posto - Inizio);
     Letta.Numero = LeggiNumero();
@@ -84,12 +84,12 @@ SegnoRtf SegniRtf::Parola()
 
 std::optional<int> SegniRtf::LeggiNumero()
 {
-    const bool Meno = Posto + 1 < Testo.size() && Testo[Posto] == u'-' && Cifra(Testo[Posto + 1]);
+    const bool Meno = Posto + 1 < Testo.size() && Testo[Posto] == u'-' && CifraAscii(Testo[Posto + 1]);
     Posto += Meno ? 1 : 0;
-    if (Posto == Testo.size() || !Cifra(Testo[Posto]))
+    if (Posto == Testo.size() || !CifraAscii(Testo[Posto]))
         return std::nullopt;
     qint64 Valore = 0;
-    for (; Posto < Testo.size() && Cifra(Testo[Posto]); ++Posto)
+    for (; Posto < Testo.size() && CifraAscii(Testo[Posto]); ++Posto)
         Valore =
             std::min<qint64>(Valore * 10 + (Testo[Posto].unicode() - u'0'), std::numeric_limits<int>::max());
     return static_cast<int>(Meno ? -Valore : Valore);

@@ -1,5 +1,7 @@
 #include "platform/document/lettorertf_tabella.h"
 
+#include "platform/document/misura.h"
+
 #include <QStringList>
 
 #include <algorithm>
@@ -10,7 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double TwipPerCm = 1440.0 / 2.54;
 constexpr int MassimoTwip = 31680;
 constexpr int CellaMinima = 100;  // a cell of no width holds nothing
 constexpr int Vicini = 30;        // ends so near to each other are one: half a millimetre

@@ -10,8 +10,6 @@ using namespace Qt::StringLiterals;
 
 double CentimetriDi(QStringView Misura)
 {
-    constexpr double CmPerPollice = 2.54;
-    constexpr double TwipPerPollice = 1440.0;
     const QStringView Tutta = Misura.trimmed();
     const auto FineNumero = std::find_if_not(Tutta.begin(), Tutta.end(), [](QChar C) {
         return (C >= u'0' && C <= u'9') || C == u'.' || C == u',';

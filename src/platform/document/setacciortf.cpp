@@ -8,12 +8,12 @@ namespace {
 constexpr qsizetype MassimoParola = 32;
 constexpr qsizetype MassimeCifre = 10;
 
-bool Lettera(char C)
+bool LetteraDiParola(char C)
 {
     return (C >= 'a' && C <= 'z') || (C >= 'A' && C <= 'Z');
 }
 
-bool Cifra(char C)
+bool CifraDiNumero(char C)
 {
     return C >= '0' && C <= '9';
 }
@@ -61,15 +61,15 @@ void SetaccioRtf::Leggi(char C)
         break;
     case Barra:
         Tieni(C);
-        Parola = Lettera(C) ? QByteArray(1, C) : QByteArray();
+        Parola = LetteraDiParola(C) ? QByteArray(1, C) : QByteArray();
         Cifre.clear();
-        Dove = Lettera(C) ? Nome : Testo;
+        Dove = LetteraDiParola(C) ? Nome : Testo;
         break;
     case Nome:
     case Numero:
-        if (Dove == Nome && Lettera(C) && Parola.size() <= MassimoParola) {
+        if (Dove == Nome && LetteraDiParola(C) && Parola.size() <= MassimoParola) {
             Parola += C;
-        } else if (Cifra(C) && Cifre.size() < MassimeCifre) {
+        } else if (CifraDiNumero(C) && Cifre.size() < MassimeCifre) {
             Cifre += C;
             Dove = Numero;
         } else {

@@ -69,7 +69,7 @@ private:
     [[nodiscard]] QComboBox* Lista() const { return static_cast<QComboBox*>(widget()); }
 };
 
-QAccessibleInterface* Fabbrica(const QString& Classe, QObject* Oggetto)
+QAccessibleInterface* FabbricaListe(const QString& Classe, QObject* Oggetto)
 {
     auto* Lista = Classe == QStringLiteral("QComboBox") ? qobject_cast<QComboBox*>(Oggetto) : nullptr;
     return Lista ? new ListaAccessibile(Lista) : nullptr;
@@ -79,5 +79,5 @@ QAccessibleInterface* Fabbrica(const QString& Classe, QObject* Oggetto)
 
 void InstallaListeAccessibili()
 {
-    QAccessible::installFactory(Fabbrica);
+    QAccessible::installFactory(FabbricaListe);
 }

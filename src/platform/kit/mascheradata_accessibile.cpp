@@ -96,7 +96,7 @@ private:
     [[nodiscard]] QString Letto() const { return Campo()->Vuota() ? QString() : Campo()->Testo(); }
 };
 
-QAccessibleInterface* Fabbrica(const QString&, QObject* Oggetto)
+QAccessibleInterface* FabbricaMaschere(const QString&, QObject* Oggetto)
 {
     auto* Campo = qobject_cast<MascheraData*>(Oggetto);
     return Campo ? new MascheraAccessibile(Campo) : nullptr;
@@ -106,5 +106,5 @@ QAccessibleInterface* Fabbrica(const QString&, QObject* Oggetto)
 
 void RendiLeggibiliMaschere()
 {
-    QAccessible::installFactory(Fabbrica);  // the same one is kept once
+    QAccessible::installFactory(FabbricaMaschere);  // the same one is kept once
 }

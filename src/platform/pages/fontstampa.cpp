@@ -11,8 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double PuntiTipograficiPerPollice = 72.0;
-
 /// A family of documents, the one of the package that has its widths, and one that is nearly everywhere.
 struct Sostituto
 {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/document/documento.h"
+#include "platform/document/misura.h"
 
 #include <QFont>
 
@@ -10,7 +11,6 @@
 
 /// Resolution of the layout device. A length in its dots is a double.
 constexpr double PuntiPerPollice = 1200.0;
-constexpr double MmPerPollice = 25.4;
 constexpr double PuntiPerMm = PuntiPerPollice / MmPerPollice;
 
 /// The device: no screen, no printer, so that nothing of the machine enters the measures.

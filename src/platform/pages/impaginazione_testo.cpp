@@ -25,19 +25,19 @@ double Distanza(double Valore, double Da, double A)
 
 // ---- words
 
-enum class Genere { Spazio, Parola, Segno };
+enum class GenereLettera { Spazio, Parola, Segno };
 
 /// A point or a comma between digits belongs to its number.
-Genere GenereDi(QStringView Testo, qsizetype Posto)
+GenereLettera GenereLetteraDi(QStringView Testo, qsizetype Posto)
 {
     const QChar C = Testo[Posto];
     if (C.isSpace())
-        return Genere::Spazio;
+        return GenereLettera::Spazio;
     if (C.isLetterOrNumber() || C.isMark() || C.isSurrogate())
-        return Genere::Parola;
+        return GenereLettera::Parola;
     const bool Dentro =
         Posto > 0 && Posto + 1 < Testo.size() && Testo[Posto - 1].isDigit() && Testo[Posto + 1].isDigit();
-    return Dentro && (C == u'.' || C == u',') ? Genere::Parola : Genere::Segno;
+    return Dentro && (C == u'.' || C == u',') ? GenereLettera::Parola : GenereLettera::Segno;
 }
 
 /// Marks that end a cell or a paragraph.
@@ -224,11 +224,11 @@ Selezione Impaginazione::ParolaIn(qsizetype Posto) const
         return Blocco;
     // At the end of a cell the word before it is meant.
     const qsizetype Centro = std::clamp(Posto, Blocco.Da, Blocco.A - 1);
-    const Genere Suo = GenereDi(Tutto, Centro);
+    const GenereLettera Suo = GenereLetteraDi(Tutto, Centro);
     Selezione Parola{Centro, Centro + 1};
-    while (Parola.Da > Blocco.Da && GenereDi(Tutto, Parola.Da - 1) == Suo)
+    while (Parola.Da > Blocco.Da && GenereLetteraDi(Tutto, Parola.Da - 1) == Suo)
         --Parola.Da;
-    while (Parola.A < Blocco.A && GenereDi(Tutto, Parola.A) == Suo)
+    while (Parola.A < Blocco.A && GenereLetteraDi(Tutto, Parola.A) == Suo)
         ++Parola.A;
     return Parola;
 }

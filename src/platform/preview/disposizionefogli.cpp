@@ -1,12 +1,13 @@
 #include "platform/preview/disposizionefogli.h"
 
+#include "platform/document/misura.h"
+
 #include <algorithm>
 #include <cmath>
 
 namespace {
 
 constexpr double PuntiPollice = 96.0;
-constexpr double MmPollice = 25.4;
 constexpr double Cento = 100.0;
 
 }  // namespace
@@ -21,7 +22,7 @@ DisposizioneFogli::DisposizioneFogli(QSizeF FoglioMm, int Pagine, double Percent
 
 double DisposizioneFogli::PixelPerMm(double Percento)
 {
-    return PuntiPollice / MmPollice * Percento / Cento;
+    return PuntiPollice / MmPerPollice * Percento / Cento;
 }
 
 double DisposizioneFogli::PercentoAdatto(QSizeF FoglioMm, QSize Finestra)

@@ -1,6 +1,7 @@
 #include "platform/preview/stampante.h"
 
 #include "platform/base/errore.h"
+#include "platform/document/misura.h"
 #include "platform/preview/vistastampa.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
@@ -18,8 +19,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr double MmPollice = 25.4;
 
 Stampanti DelSistema()
 {
@@ -124,7 +123,7 @@ void Dipingi(QPrinter& Scelta, const Impaginazione& Fatta, const QList<int>& Sue
     QPainter Pittore;
     if (!Pittore.begin(&Scelta))
         StampanteAssente(Scelta.printerName());
-    const double PuntiMm = Scelta.resolution() / MmPollice;
+    const double PuntiMm = Scelta.resolution() / MmPerPollice;
     bool Prima = true;
     for (const int Pagina : Sue) {
         if (!Prima && !Scelta.newPage())

@@ -10,16 +10,16 @@ namespace {
 
 constexpr int Esadecimale = 16;
 
-bool Bianco(char Byte)
+bool BiancoNelDeposito(char Byte)
 {
     return Byte == ' ' || Byte == '\t';
 }
 
 QByteArrayView SenzaBianchi(QByteArrayView Testo)
 {
-    while (!Testo.isEmpty() && Bianco(Testo.front()))
+    while (!Testo.isEmpty() && BiancoNelDeposito(Testo.front()))
         Testo = Testo.sliced(1);
-    while (!Testo.isEmpty() && Bianco(Testo.back()))
+    while (!Testo.isEmpty() && BiancoNelDeposito(Testo.back()))
         Testo.chop(1);
     return Testo;
 }

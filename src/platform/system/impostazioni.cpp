@@ -15,12 +15,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// What no settings reach; a larger file is somebody else's.
-constexpr qint64 MassimoByte = qint64(4) << 20;
+constexpr qint64 MassimoDeposito = qint64(4) << 20;
 
 /// The store as it is, empty where none is. @throws Errore 75 when it cannot be read, 7 when it is too large
 QByteArray LeggiDeposito(const QString& File)
 {
-    return EsisteFile(File) ? LeggiFile(File, MassimoByte) : QByteArray();
+    return EsisteFile(File) ? LeggiFile(File, MassimoDeposito) : QByteArray();
 }
 
 /// Puts another text in the store's place, in turn with other programs: two that store at one moment would

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 MassimoByte = 1024 * 1024;
+constexpr qint64 MassimoProfilo = 1024 * 1024;
 
 bool Bianco(char Byte)
 {
@@ -195,9 +195,9 @@ bool Riscrivi(const QString& File, const std::function<QByteArray(const QByteArr
         const QString Percorso = TrovaFile(File);
         ATurno(Percorso, u".~"_s + NomeFile(Percorso) + u".lock"_s, [&] {
             const QByteArray Contenuto =
-                EsisteFile(Percorso) ? LeggiFile(Percorso, MassimoByte) : QByteArray();
+                EsisteFile(Percorso) ? LeggiFile(Percorso, MassimoProfilo) : QByteArray();
             const QByteArray Nuovo = Cambia(Contenuto);
-            if (Nuovo.size() > MassimoByte)
+            if (Nuovo.size() > MassimoProfilo)
                 return;
             ScriviFile(Percorso, Nuovo);
             Scritto = true;
@@ -218,7 +218,7 @@ QByteArray LeggiInizio(const QString& Percorso)
     QFile Aperto(Percorso);
     if (!Info.isFile() || !Leggibile || !Aperto.open(QIODevice::ReadOnly))
         throw Errore(errori::Accesso, DescrizioneErrore(errori::Accesso) + u": "_s + Percorso);
-    return Aperto.read(MassimoByte);
+    return Aperto.read(MassimoProfilo);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "print/writers/formatabella.h"
 
 #include "platform/document/larghezzecolonne.h"
+#include "platform/document/misura.h"
 #include "print/writers/misuretesto.h"
 
 #include <QList>
@@ -12,7 +13,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double MezzoMargineCm = 0.075;
-constexpr double CmPerPunto = 2.54 / 72.0;
 
 /// What numbers and rules are made of.
 bool DaNumero(QStringView Parola)

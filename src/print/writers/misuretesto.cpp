@@ -1,5 +1,7 @@
 #include "print/writers/misuretesto.h"
 
+#include "platform/document/misura.h"
+
 #include <QList>
 
 #include <array>
@@ -9,7 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double CmPerPunto = 2.54 / 72.0;
 constexpr double QuotaRiga = 1.15;  // of the size, in both families
 constexpr char16_t Primo = u' ';
 constexpr char16_t Ultimo = u'~';

@@ -1,5 +1,6 @@
 #include "print/writers/scrittorertf.h"
 
+#include "platform/document/misura.h"
 #include "print/writers/formatabella.h"
 #include "print/writers/testortf.h"
 
@@ -15,8 +16,6 @@ using rtf::TabellaFont;
 
 namespace {
 
-constexpr double CmPerPollice = 2.54;
-constexpr int TwipPerPollice = 1440;
 constexpr int TwipPerPunto = 20;
 constexpr int MassimoTwip = 31680;    // 55 cm, as far as word processors reckon
 constexpr double AltezzaRiga = 1.15;  // of the font's size
@@ -41,10 +40,10 @@ struct FormaTabella
     bool Lineata;                   ///< some side of some cell is drawn
 };
 
-class Scrivano
+class ScrivanoRtf
 {
 public:
-    Scrivano(const Documento& Intero, const Carta& Carta) : Doc(Intero), Foglio(Carta) {}
+    ScrivanoRtf(const Documento& Intero, const Carta& Carta) : Doc(Intero), Foglio(Carta) {}
 
     void operator()(const Paragrafo& Questo);
     void operator()(const Tabella& Questa);
@@ -188,7 +187,7 @@ std::vector<Paragrafo> InRighe(const Paragrafo& Questo)
     return Righe;
 }
 
-void Scrivano::operator()(const Paragrafo& Questo)
+void ScrivanoRtf::operator()(const Paragrafo& Questo)
 {
     if (Questo.Allinea == Allineamento::Giustificato && ConInterruzioni(Questo)) {
         for (const Paragrafo& Riga : InRighe(Questo))
@@ -202,7 +201,7 @@ void Scrivano::operator()(const Paragrafo& Questo)
     DopoTabella = false;
 }
 
-void Scrivano::ScriviTratti(const Paragrafo& Questo)
+void ScrivanoRtf::ScriviTratti(const Paragrafo& Questo)
 {
     for (const Tratto& Pezzo : Questo.Tratti) {
         Uscita += '{' + Formato(Pezzo.Font) + ' ';
@@ -216,7 +215,7 @@ void Scrivano::ScriviTratti(const Paragrafo& Questo)
     Uscita += Formato(Segno);
 }
 
-void Scrivano::operator()(const Tabella& Questa)
+void ScrivanoRtf::operator()(const Tabella& Questa)
 {
     // Two tables that touch would be one.
     if (DopoTabella)
@@ -228,13 +227,13 @@ void Scrivano::operator()(const Tabella& Questa)
     DopoTabella = true;
 }
 
-void Scrivano::Concludi()
+void ScrivanoRtf::Concludi()
 {
     if (DopoTabella)
         Separa();
 }
 
-QByteArray Scrivano::PiePagina()
+QByteArray ScrivanoRtf::PiePagina()
 {
     if (Doc.PiePagina.trimmed().isEmpty())
         return {};
@@ -248,7 +247,7 @@ QByteArray Scrivano::PiePagina()
     return Pie + "\\par}\r\n";
 }
 
-QByteArray Scrivano::Formato(const Carattere& Quale)
+QByteArray ScrivanoRtf::Formato(const Carattere& Quale)
 {
     const int MezziPunti = std::max(qRound(PuntiStretti(Quale.Punti, Doc.Stretta) * 2.0), 1);
     return Parola("\\f", Famiglie(Quale.Nome)) + Parola("\\fs", MezziPunti) + (Quale.Grassetto ? "\\b" : "") +
@@ -259,7 +258,7 @@ QByteArray Scrivano::Formato(const Carattere& Quale)
                                                : "");
 }
 
-void Scrivano::Separa()
+void ScrivanoRtf::Separa()
 {
     Uscita += "\\pard\\plain" + Parola("\\f", Famiglie(Carattere().Nome)) + "\\fs2\\par\r\n";
     DopoTabella = false;
@@ -305,7 +304,7 @@ QByteArray Bordi(const Tabella& Questa, const RigaTabella& Riga, const std::vect
     return Tutti;
 }
 
-void Scrivano::ScriviRiga(const Tabella& Questa, std::size_t Quale, const FormaTabella& Forma)
+void ScrivanoRtf::ScriviRiga(const Tabella& Questa, std::size_t Quale, const FormaTabella& Forma)
 {
     const RigaTabella& Riga = Questa.Righe[Quale];
     if (Riga.empty())
@@ -318,7 +317,7 @@ void Scrivano::ScriviRiga(const Tabella& Questa, std::size_t Quale, const FormaT
     Uscita += "\\row\r\n";
 }
 
-void Scrivano::ScriviCella(const Cella& Quale, const MarginiCella& Margini, const QByteArray& PerTutte)
+void ScrivanoRtf::ScriviCella(const Cella& Quale, const MarginiCella& Margini, const QByteArray& PerTutte)
 {
     if (Quale.Paragrafi.empty()) {
         Uscita += "\\pard\\plain\\intbl" + Allineato(Quale.Allinea) + PerTutte +
@@ -353,7 +352,7 @@ QByteArray Cifre(const QByteArray& Png)
 
 /// The picture in the head of the first page, which pushes the text down as far as it takes; a page that has
 /// a head of its own has its own running line too.
-QByteArray Scrivano::Testa()
+QByteArray ScrivanoRtf::Testa()
 {
     if (!Doc.Testa)
         return {};
@@ -373,7 +372,7 @@ QByteArray Scrivano::Testa()
 /// The running line ends half an inch above the edge where the margin has room for that, else in its middle.
 int AltezzaPiePagina(const Documento& Doc)
 {
-    constexpr int DalBordo = TwipPerPollice / 2;
+    constexpr int DalBordo = static_cast<int>(TwipPerPollice) / 2;
     const int Margine = TwipDaCm(Doc.MargineBassoCm);
     const int Riga = TwipDaPunti(Doc.FontPiePagina.Punti * AltezzaRiga);
     return Margine >= DalBordo + Riga ? DalBordo : std::max((Margine - Riga) / 2, 0);
@@ -397,7 +396,7 @@ QByteArray Pagina(const Documento& Doc, const Carta& Foglio)
 
 QByteArray ScriviRtf(const Documento& Doc, const QString& Titolo, const Carta& Foglio)
 {
-    Scrivano Scrivi(Doc, Foglio);
+    ScrivanoRtf Scrivi(Doc, Foglio);
     for (const BloccoDocumento& Uno : Doc.Blocchi)
         std::visit([&](const auto& Questo) { Scrivi(Questo); }, Uno);
     Scrivi.Concludi();
