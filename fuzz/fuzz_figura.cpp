@@ -1,6 +1,6 @@
 // Pictures that a user has put among the icons or chosen for the background: any bytes give a picture of the
-// size that was asked for, or none, within moments. One that he has chosen for print gives a picture within its
-// bounds or a sentence.
+// size that was asked for, or none, within moments. One that he has chosen for print gives a picture within
+// its bounds or a sentence.
 #include "finestre.h"
 #include "fonte.h"
 

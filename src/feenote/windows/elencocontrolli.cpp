@@ -108,13 +108,6 @@ void ElencoControlli::Rileggi()
     Segui();
 }
 
-const QList<Rilievo>& ElencoControlli::Rilievi()
-{
-    if (Attesa.isActive())
-        Calcola();
-    return Trovati;
-}
-
 void ElencoControlli::showEvent(QShowEvent* Evento)
 {
     QFrame::showEvent(Evento);

@@ -33,8 +33,6 @@ public:
     void Segui();
     /// The client's row or the settings may have changed besides: they are read again.
     void Rileggi();
-    /// What is on the list now, reckoned at once where that is still to come.
-    [[nodiscard]] const QList<Rilievo>& Rilievi();
 
     bool eventFilter(QObject* Oggetto, QEvent* Evento) override;
 

@@ -96,11 +96,12 @@ RigaOfferta::RigaOfferta(QWidget* Padre)
 
 void RigaOfferta::Ascolta(QWidget* Pagina)
 {
-    Scorciatoia = new QShortcut(Pagina);
-    Scorciatoia->setKeys(BottoneOfferta::Tasti());
-    Scorciatoia->setContext(Qt::WidgetWithChildrenShortcut);
-    Scorciatoia->setEnabled(Offerta);
-    Collega(Scorciatoia, &QShortcut::activated, this, [this] { Q_EMIT Accettata(); });
+    auto* Nuova = new QShortcut(Pagina);
+    Nuova->setKeys(BottoneOfferta::Tasti());
+    Nuova->setContext(Qt::WidgetWithChildrenShortcut);
+    Nuova->setEnabled(Offerta);
+    Scorciatoia = Nuova;
+    Collega(Nuova, &QShortcut::activated, this, [this] { Q_EMIT Accettata(); });
 }
 
 void RigaOfferta::Offri(const QString& Testo, const QString& Suggerimento)
