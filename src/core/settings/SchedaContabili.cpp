@@ -22,7 +22,7 @@ namespace {
 
 const QString NonNumerico = u"Immettere un valore numerico!"_s;
 
-struct Aliquota
+struct VoceAliquota
 {
     QLineEdit* Ui::SchedaContabili::*Campo;
     QStringView Chiave;
@@ -30,10 +30,10 @@ struct Aliquota
 };
 
 constexpr std::array Aliquote{
-    Aliquota{&Ui::SchedaContabili::txtIVA, u"IVA", u"I.V.A."},
-    Aliquota{&Ui::SchedaContabili::txtRA, u"RA", u"ritenuta d'acconto"},
-    Aliquota{&Ui::SchedaContabili::txtSpeseGen, u"SpeseGen", u"spese generali"},
-    Aliquota{&Ui::SchedaContabili::txtCP, u"CP", u"cassa previdenza"},
+    VoceAliquota{&Ui::SchedaContabili::txtIVA, u"IVA", u"I.V.A."},
+    VoceAliquota{&Ui::SchedaContabili::txtRA, u"RA", u"ritenuta d'acconto"},
+    VoceAliquota{&Ui::SchedaContabili::txtSpeseGen, u"SpeseGen", u"spese generali"},
+    VoceAliquota{&Ui::SchedaContabili::txtCP, u"CP", u"cassa previdenza"},
 };
 
 QString SenzaBianchi(const QLineEdit* Campo)
@@ -87,7 +87,7 @@ SchedaContabili::SchedaContabili(QWidget* Padre) : QWidget(Padre), ui(std::make_
     AlScegliere(ui->cmbTariffa, [this](int, ModoScelta) { TariffaScelta = true; });
     ui->cmbNorme->setItemData(0, NormeDelProgramma.toString());
     ui->cmbNorme->setItemData(1, NormeInVigore.toString());
-    for (const Aliquota& Voce : Aliquote) {
+    for (const VoceAliquota& Voce : Aliquote) {
         QLineEdit* Campo = ui.get()->*Voce.Campo;
         Stringi(Campo);
         CampoPercento(Campo, [Campo] { return LasciaPercentuale(Campo); });
@@ -107,7 +107,7 @@ void SchedaContabili::Carica()
     TariffaScelta = DecretoDi(Tariffa);
     ui->cmbTariffa->setCurrentIndex(std::max(ui->cmbTariffa->findData(Tariffa), 0));
     ui->cmbNorme->setCurrentIndex(std::max(ui->cmbNorme->findData(ValoreConservato(chiavi::Norme)), 0));
-    for (const Aliquota& Voce : Aliquote)
+    for (const VoceAliquota& Voce : Aliquote)
         (ui.get()->*Voce.Campo)->setText(ValoreConservato(Voce.Chiave));
     NumeroLetto = ValoreConservato(chiavi::ProgFatt);
     ui->txtNumFatt->setText(NumeroLetto);
@@ -120,7 +120,7 @@ ValoriScheda SchedaContabili::Valori() const
     if (TariffaScelta || isVisible())
         Fatti.append({chiavi::Tariffa.toString(), ui->cmbTariffa->currentData().toString()});
     Fatti.append({chiavi::Norme.toString(), ui->cmbNorme->currentData().toString()});
-    for (const Aliquota& Voce : Aliquote)
+    for (const VoceAliquota& Voce : Aliquote)
         Fatti.append({Voce.Chiave.toString(), SenzaBianchi(ui.get()->*Voce.Campo)});
     if (ui->txtNumFatt->text() != NumeroLetto)
         Fatti.append({chiavi::ProgFatt.toString(), NumeroFattura(SenzaBianchi(ui->txtNumFatt))});
@@ -146,7 +146,7 @@ void SchedaContabili::cmdVigenti_Click()
 {
     QStringList Righe;
     for (const AliquotaDatata& Vigente : AliquoteAl(Oggi()))
-        for (const Aliquota& Voce : Aliquote)
+        for (const VoceAliquota& Voce : Aliquote)
             if (Voce.Chiave == Vigente.Chiave) {
                 const QString Percento = CStr(Vigente.Percento);
                 (ui.get()->*Voce.Campo)->setText(Percento);

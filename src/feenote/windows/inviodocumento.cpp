@@ -32,7 +32,9 @@ QString Argomento(const QString& Testo)
 /// An option with its text; an empty one is an error to the mail program.
 QStringList Opzione(const QString& Nome, const QString& Testo)
 {
-    return Testo.isEmpty() ? QStringList() : QStringList{Nome, Argomento(Testo)};
+    if (Testo.isEmpty())
+        return {};
+    return {Nome, Argomento(Testo)};
 }
 
 QStringList ArgomentiDi(const Lettera& Scritta, const QString& File)
