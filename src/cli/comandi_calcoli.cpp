@@ -213,7 +213,7 @@ Risposta ComandoIstat(const QStringList& Valori)
     Dati.Valuta = LeggiValuta(Valori[1]);
     Dati.DataIni = Valori[2];
     Dati.DataFin = Valori[3];
-    Rifiuta(CheckIstat(Dati));
+    RifiutaMancanza(CheckIstat(Dati));
     (void)Numero(u"importo"_s, Dati.Importo);
 
     const SenzaAggiornare Script;

@@ -292,7 +292,7 @@ Risposta ComandoTermini(const QStringList& Valori, const NormeChieste& Scelta)
     // The law moves a backward term off a Saturday too; the program's rule does not.
     if (Scelta.Insieme == InsiemeNorme::Programma)
         (void)TogliSabatoARitroso(Dati.Opzioni);
-    Rifiuta(DifettoTermine(Dati));
+    RifiutaMancanza(DifettoTermine(Dati));
     RichiestaTermine Chiesto;
     Chiesto.Decorrenza = CDate(SenzaSecolo(Dati.Decorrenza));
     Chiesto.Numero = CInt(Dati.Numero);
@@ -315,7 +315,7 @@ Risposta ComandoSequenziali(const QStringList& Valori, const NormeChieste& Scelt
     const int Articolo = LeggiParola(u"articolo"_s, Valori[1], {u"183"_s, u"190"_s});
     Opzioni.Sospensione = LeggiBit(u"sospensione"_s, Valori.value(2), true);
     Opzioni.Sabato = LeggiBit(u"sabato"_s, Valori.value(3));
-    Rifiuta(DifettoUdienza(Valori[0]));
+    RifiutaMancanza(DifettoUdienza(Valori[0]));
     if (Scelta.Insieme == InsiemeNorme::Programma)
         return RispostaDate(DateDelProgramma(CDate(SenzaSecolo(Valori[0])), Articolo, Opzioni),
                             u"Posticipato"_s, Scelta);

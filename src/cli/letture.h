@@ -24,7 +24,7 @@
 
 /// @throws Errore 5 with the message of what a check has found missing
 template <class Campo>
-void Rifiuta(const std::optional<Mancanza<Campo>>& Trovato)
+void RifiutaMancanza(const std::optional<Mancanza<Campo>>& Trovato)
 {
     if (Trovato)
         throw Errore(errori::Argomento, Trovato->Messaggio);

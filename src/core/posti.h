@@ -23,8 +23,8 @@ enum SchedaParcella {
     SchedaDiStampa = 4,
 };
 
-/// A property of the area of the notes: true while they fill it because the frame was maximised, or has no room
-/// for them as they are. That they are maximised then is nobody's choice.
+/// A property of the area of the notes: true while they fill it because the frame was maximised, or has no
+/// room for them as they are. That they are maximised then is nobody's choice.
 inline constexpr const char* RiempionoLaCornice = "RiempionoLaCornice";
 
 /// The places, grown together with the windows; upper bound 0 at the start.

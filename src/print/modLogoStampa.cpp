@@ -41,7 +41,8 @@ QByteArray Copia()
     static LogoLetto Letto;
     const QString& Impronta = sessione::LogoImpronta;
     const QDateTime Scritto = DataFile(logo::File(Impronta));
-    if (Impronta != Letto.Impronta || Scritto != Letto.Scritto)
+    // One that could not be read may be whole again within one tick of the disk's clock.
+    if (Impronta != Letto.Impronta || Scritto != Letto.Scritto || Letto.Png.isEmpty())
         Letto = {Impronta, Scritto, logo::Leggi(Impronta).value_or(QByteArray())};
     return Letto.Png;
 }

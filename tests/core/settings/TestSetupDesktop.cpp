@@ -549,7 +549,12 @@ void TestSetupDesktop::tasti()
     T->Apri(4);
     const auto* Schede = T->Trova<QTabWidget>(u"tabSetup"_s);
     QTest::keyClick(T->Modulo, Qt::Key_PageDown, Qt::ControlModifier);
+    QCOMPARE(Schede->currentIndex(), 5);
+    QCOMPARE(Schede->count(), 6);
+    QTest::keyClick(T->Modulo, Qt::Key_PageDown, Qt::ControlModifier);
     QCOMPARE(Schede->currentIndex(), 0);
+    QTest::keyClick(T->Modulo, Qt::Key_PageUp, Qt::ControlModifier);
+    QCOMPARE(Schede->currentIndex(), 5);
     QTest::keyClick(T->Modulo, Qt::Key_PageUp, Qt::ControlModifier);
     QCOMPARE(Schede->currentIndex(), 4);
     Box.Attendi(u"Le impostazioni sono state memorizzate!"_s);

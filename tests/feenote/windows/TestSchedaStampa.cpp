@@ -370,9 +370,9 @@ void TestSchedaStampa::tastieraSola()
         Premi(Qt::Key_Tab);
         Giro.append(QApplication::focusWidget()->objectName());
     }
-    const QStringList Atteso{u"txtDatiPar_21"_s,    u"txtDatiPar_22"_s, u"txtDatiPar_23"_s,
-                             u"txtDatiPar_24"_s,    u"txtDatiStaCli"_s, u"txtDatiStaOgg"_s,
-                             u"txtDatiStaControp"_s};
+    const QStringList Atteso{u"chkUnaPagina"_s,  u"txtDatiPar_21"_s,    u"txtDatiPar_22"_s,
+                             u"txtDatiPar_23"_s, u"txtDatiPar_24"_s,    u"txtDatiStaCli"_s,
+                             u"txtDatiStaOgg"_s, u"txtDatiStaControp"_s};
     QCOMPARE(Giro.first(Atteso.size()), Atteso);
 }
 
