@@ -161,11 +161,13 @@ void DividiLista(QSplitter* Divisore)
     Divisore->setStretchFactor(1, 2);
     // In a low window a row of the catalogue and the first lines stay on view above their totals, which alone
     // would say little.
+    // The totals and the bar below them take the room of nearly two rows.
     for (const auto& [Parte, Righe] : {std::pair{0, 1}, std::pair{1, 3}})
-        if (const auto* Elenco = Divisore->widget(Parte)->findChild<Griglia*>()) {
-            QTableView* Vista = Elenco->Vista();
-            Vista->setMinimumHeight(Vista->horizontalHeader()->sizeHint().height() + 2 * Vista->frameWidth() +
-                                    Righe * Vista->verticalHeader()->defaultSectionSize());
+        if (auto* Elenco = Divisore->widget(Parte)->findChild<Griglia*>()) {
+            const QTableView* Vista = Elenco->Vista();
+            Elenco->setMinimumHeight(Vista->horizontalHeader()->sizeHint().height() +
+                                     2 * Vista->frameWidth() +
+                                     Righe * Vista->verticalHeader()->defaultSectionSize());
         }
 }
 
