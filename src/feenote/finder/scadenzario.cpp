@@ -207,7 +207,9 @@ QHash<const VoceTrova*, LegameFattura> LegamiFatture(const std::vector<const Voc
         if (Nota->Genere != GenereVoce::Nota || Nota->Modello || !EStorno(Stato))
             continue;
         const auto Chiave = Fattura(*Nota, Stato.CitataNumero, Stato.CitataData);
-        const auto Posto = Chiave ? Fatture.find(*Chiave) : Fatture.end();
+        if (!Chiave)
+            continue;
+        const auto Posto = Fatture.find(*Chiave);
         if (Posto == Fatture.end())
             continue;
         Legami[Nota].Citata = true;
