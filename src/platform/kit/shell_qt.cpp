@@ -114,9 +114,16 @@ int Avvia(const QString& Programma, const QStringList& Argomenti, const QString&
     return QProcess::startDetached(Programma, Argomenti, Cartella) ? 0 : errori::Argomento;
 }
 
+/// The programs that are followed. Their objects belong to nobody else, and outlive the application's end:
+/// the end of such an object would be that of a program which goes on behind this one.
+QList<QProcess*>& Seguiti()
+{
+    static auto* const Tutti = new QList<QProcess*>;
+    return *Tutti;
+}
+
 int Segui(const QString& Programma, const QStringList& Argomenti, std::function<void(int Esito)> AllaFine)
 {
-    // It belongs to nobody: the end of the object would be that of a program which goes on behind this one.
     auto* Avviato = new QProcess;
     Avviato->setProgram(Programma);
     Avviato->setArguments(Argomenti);
@@ -124,6 +131,7 @@ int Segui(const QString& Programma, const QStringList& Argomenti, std::function<
     Avviato->setStandardOutputFile(QProcess::nullDevice());
     Avviato->setStandardErrorFile(QProcess::nullDevice());
     const auto Finito = [Avviato, AllaFine = std::move(AllaFine)](int Esito, QProcess::ExitStatus Come) {
+        Seguiti().removeOne(Avviato);
         Avviato->deleteLater();
         AllaFine(Come == QProcess::NormalExit ? Esito : -1);
     };
@@ -134,6 +142,8 @@ int Segui(const QString& Programma, const QStringList& Argomenti, std::function<
         delete Avviato;
         return errori::NessunProgramma;
     }
+    if (Avviato->state() != QProcess::NotRunning)
+        Seguiti().append(Avviato);
     return 0;
 }
 
