@@ -34,12 +34,20 @@ QString TitoloDi(int Tipo, const QString& Stelo)
 }
 
 /// As tight as on its page: a file has no pages of its own before it is opened.
-Documento DaEsportare(const Superficie& vp)
+void Esporta(const Superficie& vp, const QString& Titolo, const Carta& Foglio)
 {
-    Documento Doc = vp.Contenuto();
-    if (Doc.UnaPagina && vp.Stringitore)
-        Doc.Stretta = vp.Stringitore(Doc);
-    return Doc;
+    const auto Scrivi = [&](const Documento& Doc) {
+        (void)EsportaDocumento(Doc, vp.ExportFile, FormatoEsportazione(vp.ExportFormat), Titolo, Foglio);
+    };
+    const Documento& Composto = vp.Contenuto();
+    const Strettezza Quanto = Composto.UnaPagina && vp.Stringitore ? vp.Stringitore(Composto) : Strettezza();
+    if (Quanto == Composto.Stretta) {
+        Scrivi(Composto);
+        return;
+    }
+    Documento Stretto = Composto;
+    Stretto.Stretta = Quanto;
+    Scrivi(Stretto);
 }
 
 }  // namespace
@@ -70,10 +78,7 @@ std::optional<Errore> AnteprimaConEsportazione(Superficie& vp, const Parcella& N
     PreparaEsportazione(vp, Stelo, Invio);
     if (!Anteprima(vp, Nota, Tipo) || vp.ExportFile.isEmpty())
         return std::nullopt;
-    auto Esito = Guasto([&] {
-        (void)EsportaDocumento(DaEsportare(vp), vp.ExportFile, FormatoEsportazione(vp.ExportFormat),
-                               TitoloDi(Tipo, Stelo), Foglio);
-    });
+    auto Esito = Guasto([&] { Esporta(vp, TitoloDi(Tipo, Stelo), Foglio); });
     if (Esito && SenzaCartella && !Invio)
         Esito = SenzaCartella;  // the reason of the other one
     if (Esito && Invio)

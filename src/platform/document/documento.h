@@ -44,6 +44,8 @@ struct Tratto
 {
     QString Testo;
     Carattere Font;
+
+    friend bool operator==(const Tratto&, const Tratto&) = default;
 };
 
 /// Room around a row of text, as it was asked for; none is negative but the first line's.
@@ -93,6 +95,7 @@ struct Paragrafo
     Interlinea Righe{};
 
     [[nodiscard]] QString Testo() const;
+    friend bool operator==(const Paragrafo&, const Paragrafo&) = default;
 };
 
 /// One cell, all attributes resolved (a cell's beats its column's, a column's the table's).
@@ -107,6 +110,8 @@ struct Cella
     int Linee = 0;   ///< its sides that are drawn, a sum of Lato; a table with a border draws all
     /// The same text in its own formats, in a table of a rich text; empty where the cell's own hold.
     std::vector<Paragrafo> Paragrafi{};
+
+    friend bool operator==(const Cella&, const Cella&) = default;
 };
 
 /// A table, widths in centimetres.
@@ -118,6 +123,8 @@ struct Tabella
     bool ConSeguente = false;  ///< no page ends with its last row
     /// Of a rich text: no headings, rules and columns of amounts are told by its shape.
     bool Letterale = false;
+
+    friend bool operator==(const Tabella&, const Tabella&) = default;
 };
 
 using BloccoDocumento = std::variant<Paragrafo, Tabella>;
@@ -136,6 +143,8 @@ struct Proprieta
 {
     QString Autore;
     QString Oggetto;
+
+    friend bool operator==(const Proprieta&, const Proprieta&) = default;
 };
 
 /// A picture at the head of the first page, between the side margins. Its upper edge is DalBordoCm from the
@@ -168,6 +177,8 @@ struct Documento
     std::optional<FiguraTesta> Testa;
     bool UnaPagina = false;  ///< the pages tighten it as far as it takes to be one, where that helps
     Strettezza Stretta{};    ///< what it gives up for those who know no pages
+
+    friend bool operator==(const Documento&, const Documento&) = default;
 };
 
 /// Where the picture stands on the first page, and where the text below it begins, in centimetres from the

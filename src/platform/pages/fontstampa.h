@@ -8,6 +8,9 @@
 
 #include <array>
 #include <deque>
+#include <vector>
+
+struct Brano;
 
 /// Resolution of the layout device. A length in its dots is a double.
 constexpr double PuntiPerPollice = 1200.0;
@@ -45,7 +48,7 @@ private:
         Noti{};  ///< widths of the characters of amounts and most words
 };
 
-/// The few fonts of a document, each measured once.
+/// The few fonts of a document, each measured once, and what was laid out in them already.
 class FontDocumento
 {
 public:
@@ -54,7 +57,11 @@ public:
     /// Valid for the life of this object.
     [[nodiscard]] const FontMisurato& operator()(const Carattere& Quale);
 
-    const Strettezza Stretta;  ///< of the document that is laid out in them
+    /// Of the document that is laid out in them. Its letters stay as they are once a font was asked for.
+    Strettezza Stretta;
+    /// The passages of this document in these very fonts, from another time: lines that come nearer to each
+    /// other break where they did. Null: none.
+    const std::vector<Brano>* Disposti = nullptr;
 
 private:
     std::deque<FontMisurato> Tutti;

@@ -52,9 +52,8 @@ struct Distesa
     [[nodiscard]] int Pagine() const { return Posti.empty() ? 1 : Posti.back().Pagina; }
 };
 
-Distesa DistesaA(const Documento& Doc, const AreaStampa& Area, int Grado)
+Distesa DistesaA(const Documento& Doc, const AreaStampa& Area, int Grado, FontDocumento& Font)
 {
-    FontDocumento Font(Grado > 0 ? StrettezzaDi(Grado) : Doc.Stretta);
     Distesa Fatta;
     Fatta.Steso = Stendi(Doc, Area, Font);
     Fatta.Posti = SpezzaPagine(Fatta.Steso.Strisce(), Area.Altezza, Area.Scesa);
@@ -62,23 +61,60 @@ Distesa DistesaA(const Documento& Doc, const AreaStampa& Area, int Grado)
     return Fatta;
 }
 
-/// Tightened by the least that takes it to one page; as it was where nothing does.
-Distesa InUnaPagina(const Documento& Doc, const AreaStampa& Area, Distesa Larga)
+/// A document as it is, and tightened. What has smaller letters is laid out from nothing; what is only nearer
+/// keeps the lines that were laid out.
+class Tentativi
 {
-    if (Larga.Pagine() != 2)
-        return Larga;  // on one it stands already, and no three become one
-    Distesa Riuscita = DistesaA(Doc, Area, GradoMassimo);
-    if (Riuscita.Pagine() > 1)
-        return Larga;
-    for (int NonBasta = 0; Riuscita.Grado - NonBasta > 1;) {
-        Distesa Prova = DistesaA(Doc, Area, (NonBasta + Riuscita.Grado) / 2);
-        if (Prova.Pagine() == 1)
-            Riuscita = std::move(Prova);
-        else
-            NonBasta = Prova.Grado;
+public:
+    Tentativi(const Documento& Quale, const AreaStampa& Dove) : Doc(Quale), Area(Dove), Font(Quale.Stretta)
+    {
+        Larga = DistesaA(Doc, Area, 0, Font);
     }
-    return Riuscita;
-}
+
+    /// Tightened by the least that takes it to one page; as it was where nothing does.
+    [[nodiscard]] Distesa InUnaPagina() &&
+    {
+        if (Larga.Pagine() != 2)
+            return std::move(Larga);  // on one it stands already, and no three become one
+        // The steps that cost next to nothing first: most documents need no smaller letters.
+        constexpr int Ultimo = 2 * PassiStrettezza;
+        int NonBasta = Ultimo;
+        Distesa Riuscita = Prova(Ultimo);
+        if (Riuscita.Pagine() == 1)
+            NonBasta = 0;
+        else
+            Riuscita = Prova(GradoMassimo);
+        if (Riuscita.Pagine() > 1)
+            return std::move(Larga);
+        while (Riuscita.Grado - NonBasta > 1) {
+            Distesa Mezza = Prova((NonBasta + Riuscita.Grado) / 2);
+            if (Mezza.Pagine() == 1)
+                Riuscita = std::move(Mezza);
+            else
+                NonBasta = Mezza.Grado;
+        }
+        return Riuscita;
+    }
+    [[nodiscard]] Distesa ComeEra() && { return std::move(Larga); }
+
+private:
+    Distesa Prova(int Grado)
+    {
+        const Strettezza Quanto = StrettezzaDi(Grado);
+        if (Quanto.Corpo != Doc.Stretta.Corpo) {
+            FontDocumento Minori(Quanto);
+            return DistesaA(Doc, Area, Grado, Minori);
+        }
+        Font.Stretta = Quanto;
+        Font.Disposti = &Larga.Steso.Brani;
+        return DistesaA(Doc, Area, Grado, Font);
+    }
+
+    const Documento& Doc;
+    const AreaStampa& Area;
+    FontDocumento Font;
+    Distesa Larga;
+};
 
 /// The picture of a document, read once: it is laid out anew at each change. It is bounded before its dots
 /// are read, whatever it says of itself.
@@ -117,9 +153,8 @@ Impaginazione::Impaginata::Impaginata(const Documento& Doc, const Carta& SuaCart
       FontPiePagina(Doc.FontPiePagina)
 {
     PosaTesta(Doc);
-    Distesa Fatta = DistesaA(Doc, Area, 0);
-    if (Doc.UnaPagina)
-        Fatta = InUnaPagina(Doc, Area, std::move(Fatta));
+    Tentativi Prove(Doc, Area);
+    Distesa Fatta = Doc.UnaPagina ? std::move(Prove).InUnaPagina() : std::move(Prove).ComeEra();
     Grado = Fatta.Grado;
     Steso = std::move(Fatta.Steso);
     Posa(Fatta.Posti);

@@ -27,7 +27,7 @@ struct AreaStampa
 /// are the first ones of the next part.
 struct Brano
 {
-    std::unique_ptr<QTextLayout> Disposto;
+    std::shared_ptr<const QTextLayout> Disposto;
     int Righe = 0;         ///< lines that count, from the first
     qsizetype Inizio = 0;  ///< place of its first character in the text stream
     double X = 0.0;        ///< left edge of its box on the sheet
@@ -85,8 +85,8 @@ void StringiRighe(std::vector<RigaStesa>& Righe, double Interlinea);
 /// The passages of a text in one font, in a box with this left edge and width; leading blanks shrink when its
 /// first line would not fit.
 /// @param Inizio place of its first character in the text stream
-[[nodiscard]] std::vector<Brano> BraniDi(const QString& Testo, const FontMisurato& Font, Allineamento Come,
-                                         double X, double Larghezza, qsizetype Inizio);
+[[nodiscard]] std::vector<Brano> BraniDi(const QString& Testo, const Carattere& Quale, FontDocumento& Font,
+                                         Allineamento Come, double X, double Larghezza, qsizetype Inizio);
 
 /// The same for a text of one line.
 [[nodiscard]] std::unique_ptr<QTextLayout> Disponi(const QString& Testo, const FontMisurato& Font,

@@ -286,6 +286,13 @@ qsizetype FineDelPezzo(QStringView Testo, qsizetype Da, qsizetype Massimo)
     return Testo.size();
 }
 
+/// What was laid out of a stretch of the text stream.
+std::vector<Brano> Ritrovati(const std::vector<Brano>& Tutti, qsizetype Da, qsizetype A)
+{
+    const auto Prima = std::ranges::lower_bound(Tutti, Da, {}, &Brano::Inizio);
+    return {Prima, std::ranges::lower_bound(Prima, Tutti.end(), A, {}, &Brano::Inizio)};
+}
+
 /// The last line of a part that ends within a word is laid out again with what follows it: the lines are
 /// those of the whole text.
 std::vector<Brano> Dividi(const QString& Testo, const Veste& Questa, qsizetype Inizio)
@@ -398,7 +405,9 @@ ParagrafoSteso StendiParagrafo(const Paragrafo& Questo, const QString& Testo, co
     const Posizione Dove = PosizioneDi(Questo.Spazi, Area, Font.Stretta.Bianche);
     const std::vector<Fermo> Fermi = FermiEntro(Questo.Fermi, Dove, Area);
     ParagrafoSteso Fatto;
-    Fatto.Brani = Dividi(Testo, {Primo, Questo.Allinea, Dove, Formati(Questo, Font), Fermi}, Inizio);
+    Fatto.Brani = Font.Disposti
+                      ? Ritrovati(*Font.Disposti, Inizio, Inizio + Testo.size())
+                      : Dividi(Testo, {Primo, Questo.Allinea, Dove, Formati(Questo, Font), Fermi}, Inizio);
     std::vector<RigaStesa> Righe = RigheDi(Fatto.Brani, Quale);
     StringiRighe(Righe, Font.Stretta.Interlinea);
     for (RigaStesa& Stesa : Righe) {
@@ -422,13 +431,15 @@ std::unique_ptr<QTextLayout> Disponi(const QString& Testo, const FontMisurato& F
     return Disponi(Testo, {Font, Come, Dove});
 }
 
-std::vector<Brano> BraniDi(const QString& Testo, const FontMisurato& Font, Allineamento Come, double X,
-                           double Larghezza, qsizetype Inizio)
+std::vector<Brano> BraniDi(const QString& Testo, const Carattere& Quale, FontDocumento& Font,
+                           Allineamento Come, double X, double Larghezza, qsizetype Inizio)
 {
+    if (Font.Disposti)
+        return Ritrovati(*Font.Disposti, Inizio, Inizio + Testo.size());
     Posizione Dove;
     Dove.X = X;
     Dove.Larghezza = Larghezza;
-    return Dividi(Testo, {Font, Come, Dove}, Inizio);
+    return Dividi(Testo, {Font(Quale), Come, Dove}, Inizio);
 }
 
 std::vector<RigaStesa> RigheDi(std::span<const Brano> Questi, int Quale)

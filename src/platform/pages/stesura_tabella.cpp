@@ -330,8 +330,8 @@ void StenditoreTabella::StendiCella(Pezzo& Nuovo, const RigaTabella& Riga, std::
     if (!CellaBianca(Singola)) {
         const AreaStampa Spazio = AreaDi(Riga, Colonna);
         const FontMisurato& Misurato = Font(Singola.Font);
-        std::vector<Brano> Brani =
-            BraniDi(Testo, Misurato, Singola.Allinea, Spazio.Sinistra, Spazio.Larghezza, Fatta.Testo.size());
+        std::vector<Brano> Brani = BraniDi(Testo, Singola.Font, Font, Singola.Allinea, Spazio.Sinistra,
+                                           Spazio.Larghezza, Fatta.Testo.size());
         int Ordine = 0;
         std::vector<RigaStesa> Linee = RigheDi(Brani, static_cast<int>(Fatta.Brani.size()));
         StringiRighe(Linee, Font.Stretta.Interlinea);

@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -40,7 +41,7 @@ QString Proposta(const QString& Scelto)
 VistaStampa::VistaStampa(QWidget* Padre) : QWidget(Padre)
 {
     RendiLeggibileAnteprima();
-    Fogli = new FogliStampa(Impaginata, this);
+    Fogli = new FogliStampa(Vista.Pagine, this);
     Fogli->setObjectName(u"fogliStampa"_s);
     Fogli->setAccessibleName(u"Anteprima di stampa"_s);
     Barra = new BarraRicerca(this);
@@ -60,10 +61,8 @@ VistaStampa::VistaStampa(QWidget* Padre) : QWidget(Padre)
     setFocusProxy(Fogli);
     Surface.Zoom = ZoomIniziale;
     Surface.BackColor = -1;
-    Surface.Impaginatore = [this](const Documento& Doc) { return Impaginazione(Doc, Sheet).NumeroPagine(); };
-    Surface.Stringitore = [this](const Documento& Doc) {
-        return StrettezzaDi(Impaginazione(Doc, Sheet).Grado());
-    };
+    Surface.Impaginatore = [this](const Documento& Doc) { return Disponi(Doc).NumeroPagine(); };
+    Surface.Stringitore = [this](const Documento& Doc) { return StrettezzaDi(Disponi(Doc).Grado()); };
 
     connect(Fogli, &FogliStampa::PaginaCambiata, this, &VistaStampa::PaginaCambiata);
     connect(Fogli, &FogliStampa::ZoomCambiato, this, &VistaStampa::ZoomCambiato);
@@ -87,9 +86,25 @@ VistaStampa::~VistaStampa()
 
 // ---- document -------------------------------------------------------------------------------------
 
+bool VistaStampa::Vale(const Disposta& Quale, const Documento& Doc) const
+{
+    return Quale.Foglio == Sheet && Quale.Doc == Doc;
+}
+
+const Impaginazione& VistaStampa::Disponi(const Documento& Doc)
+{
+    if (Vale(Vista, Doc))
+        return Vista.Pagine;
+    if (!Pronta || !Vale(*Pronta, Doc))
+        Pronta = Disposta{Doc, Sheet, Impaginazione(Doc, Sheet)};
+    return Pronta->Pagine;
+}
+
 void VistaStampa::Aggiorna()
 {
-    Impaginata = Impaginazione(Surface.Contenuto(), Sheet);
+    if (&Disponi(Surface.Contenuto()) != &Vista.Pagine)
+        Vista = *std::move(Pronta);
+    Pronta.reset();
     Fogli->ImpostaFondo(ColoreFondo(Surface.BackColor));
     Fogli->PagineCambiate();
     if (!Barra->isHidden())
@@ -199,12 +214,12 @@ Selezione VistaStampa::Scelta() const
 
 QString VistaStampa::TestoScelto() const
 {
-    return Impaginata.TestoDi(Scelta());
+    return Vista.Pagine.TestoDi(Scelta());
 }
 
 void VistaStampa::SelezionaTutto()
 {
-    Fogli->Scegli(Impaginata.Tutto());
+    Fogli->Scegli(Vista.Pagine.Tutto());
 }
 
 void VistaStampa::Copia()
@@ -252,7 +267,7 @@ qsizetype VistaStampa::InizioRicerca() const
 
 void VistaStampa::Trova(const QString& Testo, qsizetype Da)
 {
-    Trovate = Impaginata.CercaTutte(Testo);
+    Trovate = Vista.Pagine.CercaTutte(Testo);
     const auto Prima = std::ranges::lower_bound(Trovate, Da, {}, &Selezione::Da);
     Corrente = Trovate.isEmpty() ? -1 : Prima == Trovate.end() ? 0 : Prima - Trovate.begin();
     Fogli->Tingi(Trovate, Corrente);

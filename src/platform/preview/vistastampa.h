@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 class BarraRicerca;
 class FogliStampa;
@@ -42,11 +43,12 @@ public:
     /// The surface to compose on. Its Zoom and PreviewPage are the composition's; the preview shows what
     /// ImpostaZoom and ImpostaPreviewPage ask for.
     [[nodiscard]] Superficie& Foglio() { return Surface; }
-    /// Lays the surface's document out anew and shows it where the reader was: page, place on it and zoom
-    /// stay, as far as there are pages; the selection is dropped, an open search looks again.
+    /// Lays the surface's document out and shows it where the reader was: page, place on it and zoom stay, as
+    /// far as there are pages; the selection is dropped, an open search looks again. What was laid out
+    /// already, for this sheet, is not laid out once more.
     void Aggiorna();
     /// The pages on view, for printing and exporting.
-    [[nodiscard]] const Impaginazione& Pagine() const { return Impaginata; }
+    [[nodiscard]] const Impaginazione& Pagine() const { return Vista.Pagine; }
 
     // ---- paper
     /// Lays out for another sheet; the same one changes nothing.
@@ -59,7 +61,7 @@ public:
     [[nodiscard]] QString Avviso() const;
 
     // ---- pages, from 1
-    [[nodiscard]] int NumeroPagine() const { return Impaginata.NumeroPagine(); }
+    [[nodiscard]] int NumeroPagine() const { return Vista.Pagine.NumeroPagine(); }
     [[nodiscard]] int PaginaInVista() const;
     /// Shows the top of a page; outside 1..NumeroPagine() the nearest one.
     void ImpostaPreviewPage(int Pagina);
@@ -112,9 +114,21 @@ private:
     void VaiATrovata(bool Avanti);
     [[nodiscard]] std::function<void()> ComandoDi(const QKeyEvent* Evento);
 
+    /// Pages, and what they were made of.
+    struct Disposta
+    {
+        Documento Doc;
+        Carta Foglio;
+        Impaginazione Pagine;
+    };
+    /// A document on pages: those on view or those that were asked for last, where they are of the same one.
+    [[nodiscard]] const Impaginazione& Disponi(const Documento& Doc);
+    [[nodiscard]] bool Vale(const Disposta& Quale, const Documento& Doc) const;
+
     Superficie Surface;
     Carta Sheet;
-    Impaginazione Impaginata;
+    Disposta Vista;                  ///< on view
+    std::optional<Disposta> Pronta;  ///< asked for and not yet on view
     FogliStampa* Fogli = nullptr;
     BarraRicerca* Barra = nullptr;
     QLabel* Margine = nullptr;  ///< the line above the sheets

@@ -125,7 +125,7 @@ void TestParolaSenzaFine::comeInUnPezzo()
     QFETCH(QString, Testo);
     FontDocumento Font;
     const FontMisurato& Suo = Font({});
-    const std::vector<Brano> Brani = BraniDi(Testo, Suo, Allineamento::Sinistra, 0.0, Area.Larghezza, 0);
+    const std::vector<Brano> Brani = BraniDi(Testo, {}, Font, Allineamento::Sinistra, 0.0, Area.Larghezza, 0);
     QVERIFY(Brani.size() > 1);
     const auto Intero = Disponi(Testo, Suo, Allineamento::Sinistra, Area.Larghezza);
     const std::vector<RigaStesa> Righe = RigheDi(Brani, 0);

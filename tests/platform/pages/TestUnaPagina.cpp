@@ -1,4 +1,5 @@
 // A document that passes its page by little is tightened to take one, and no further than can be read.
+#include "platform/pages/disegni.h"
 #include "platform/pages/documenti.h"
 #include "platform/pages/impaginazione.h"
 #include "supporto/pagine.h"
@@ -46,6 +47,7 @@ private Q_SLOTS:
     void traboccaDiPiu();
     void traboccaDiUnaPagina();
     void ilMenoCheBasta();
+    void comeStesaDaCapo();
     void iLimiti();
     void iGradiCrescono();
     void leTabelle();
@@ -109,6 +111,58 @@ void TestUnaPagina::ilMenoCheBasta()
         QCOMPARE(Impaginazione(PiuLargo).NumeroPagine(), 2);
     }
     QVERIFY(Gradi.size() > 2);
+}
+
+/// What is tightened stands as if it had been laid out so from the beginning, by whatever way its step was
+/// found: paragraphs, cells, tabs, words without an end.
+void TestUnaPagina::comeStesaDaCapo()
+{
+    const auto Misto = [](int Quante) {
+        Superficie vp;
+        documenti::PreparaPagina(vp);
+        vp.Text(u"Rossi\tVia Roma\n"_s + documenti::Parole(40));
+        vp.SpaceBefore(6);
+        vp.Paragraph({});
+        documenti::ScriviElenco(
+            vp, 6, u"Voce %1 con una descrizione più lunga della sua cella: "_s + documenti::Parole(4));
+        vp.FontSize(9);
+        vp.TextAlign(Allineamento::Destra);
+        vp.Paragraph(QString(3000, u'x'));
+        vp.Paragraph(QString(65, u' ') + u"Avv. Laura Conti"_s);
+        vp.FontSize(12);
+        for (int i = 1; i <= Quante; ++i)
+            vp.Paragraph(i % 3 == 0 ? QString() : u"Riga %1"_s.arg(i));
+        return documenti::Finito(vp);
+    };
+    int Quante = 1;
+    while (Impaginazione(Misto(Quante)).NumeroPagine() == 1)
+        ++Quante;
+    std::set<int> Parti;
+    for (Impaginazione Fatta(Stretto(Misto(Quante))); Fatta.Grado() > 0;
+         Fatta = Impaginazione(Stretto(Misto(++Quante)))) {
+        Parti.insert((Fatta.Grado() - 1) / PassiStrettezza);
+        Documento DaCapo = Misto(Quante);
+        DaCapo.Stretta = StrettezzaDi(Fatta.Grado());
+        const Impaginazione Attesa(DaCapo);
+        QCOMPARE(Fatta.NumeroPagine(), 1);
+        QCOMPARE(Fatta.Testo(), Attesa.Testo());
+        const auto Luoghi = [](const Impaginazione& Di) {
+            QString Tutti;
+            for (const RigaImpaginata& Riga : Di.Righe(1))
+                Tutti += u"%1 %2 %3 %4 %5, %6 di %7\n"_s.arg(Riga.Mm.x())
+                             .arg(Riga.Mm.y())
+                             .arg(Riga.Mm.width())
+                             .arg(Riga.Mm.height())
+                             .arg(Riga.BaseMm)
+                             .arg(Riga.Lunghezza)
+                             .arg(Riga.Inizio);
+            return Tutti;
+        };
+        QCOMPARE(Luoghi(Fatta), Luoghi(Attesa));
+        constexpr double Dpi = 96.0;
+        QCOMPARE(disegni::Disegnata(Fatta, 1, Dpi), disegni::Disegnata(Attesa, 1, Dpi));
+    }
+    QCOMPARE(Parti, (std::set<int>{0, 1, 2}));  // blank rows alone, lines too, letters too
 }
 
 void TestUnaPagina::iLimiti()

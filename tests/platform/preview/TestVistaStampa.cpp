@@ -7,6 +7,8 @@
 #include <QSignalSpy>
 #include <QWheelEvent>
 
+#include <ctime>
+
 using namespace Qt::StringLiterals;
 
 class TestVistaStampa : public QObject
@@ -33,6 +35,8 @@ private Q_SLOTS:
     void ricomposizioneTieneIlPosto();
     void menoPagineDelPostoInVista();
     void conteggioDellaSuperficie();
+    void siDisponeUnaVolta();
+    void ugualeNonSiDisponeDiNuovo();
     void cartaNuovaImpaginaDiNuovo();
     void mutareLaFinestraTieneIlPosto();
     void fondoDellaSuperficie();
@@ -313,6 +317,61 @@ void TestVistaStampa::conteggioDellaSuperficie()
     vp.Foglio().EndDoc();
     QCOMPARE(vp.Foglio().PageCount(), 1);
     QCOMPARE(vp.NumeroPagine(), 2);  // what is on view changes with Aggiorna
+}
+
+/// Whoever asks how far a document is tightened before it is shown has laid it out for the reader too.
+void TestVistaStampa::siDisponeUnaVolta()
+{
+    Scena S(0);
+    const auto Durata = [](const auto& Azione) {
+        const std::clock_t Prima = std::clock();  // of this process alone
+        Azione();
+        return double(std::clock() - Prima);
+    };
+    documenti::PreparaPagina(S.vp.Foglio());
+    for (int i = 0; i < 3000; ++i)
+        S.vp.Foglio().Paragraph(u"Riga %1 del documento"_s.arg(i));
+    S.vp.Foglio().EndDoc();
+    const double Chiesta = Durata([&] { (void)S.vp.Foglio().Stringitore(S.vp.Foglio().Contenuto()); });
+    QCOMPARE(S.vp.NumeroPagine(), 1);  // nothing of it is on view before it is shown
+    const double Mostrata = Durata([&] { S.vp.Aggiorna(); });
+    QVERIFY(S.vp.NumeroPagine() > 50);
+    QVERIFY2(Mostrata < Chiesta / 2, qPrintable(u"%1 %2"_s.arg(Mostrata).arg(Chiesta)));
+    // Another document that was asked for meanwhile is not the one that is shown.
+    Documento Altro = S.vp.Foglio().Contenuto();
+    Altro.Blocchi.resize(10);
+    S.vp.Foglio().Paragraph(u"in coda"_s);
+    S.vp.Foglio().EndDoc();
+    QCOMPARE(S.vp.Foglio().Impaginatore(Altro), 1);
+    S.vp.Aggiorna();
+    QCOMPARE(S.vp.Pagine().Testo(), u"in coda\n"_s);
+}
+
+/// The same document stays as it stands: a box that was left without a change costs nothing. Any change is
+/// one, though no word of it shows.
+void TestVistaStampa::ugualeNonSiDisponeDiNuovo()
+{
+    Scena S(100);
+    const QChar* Prima = S.vp.Pagine().Testo().constData();
+    ScriviRighe(S.vp, 100);
+    QCOMPARE(S.vp.Pagine().Testo().constData(), Prima);
+    S.vp.Foglio().Author(u"Studio Conti"_s);
+    S.vp.Aggiorna();
+    QVERIFY(S.vp.Pagine().Testo().constData() != Prima);
+    Prima = S.vp.Pagine().Testo().constData();
+    S.vp.Foglio().MarginLeft(u"6cm"_s);
+    S.vp.Aggiorna();
+    QVERIFY(S.vp.Pagine().Testo().constData() != Prima);
+    QVERIFY(S.vp.Pagine().Righe(1).front().Mm.left() > 55.0);
+    S.vp.ImpostaCarta({148.0, 210.0});
+    QCOMPARE(S.vp.Pagine().Foglio(), (Carta{148.0, 210.0}));
+    // What was asked for on one sheet is none for another.
+    S.vp.Foglio().Paragraph(u"altro"_s);
+    S.vp.Foglio().EndDoc();
+    QCOMPARE(S.vp.Foglio().PageCount(), 1);
+    S.vp.ImpostaCarta({});
+    QCOMPARE(S.vp.Pagine().Foglio(), Carta());
+    QCOMPARE(S.vp.Pagine().Testo(), u"altro\n"_s);
 }
 
 void TestVistaStampa::cartaNuovaImpaginaDiNuovo()
