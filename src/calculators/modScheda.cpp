@@ -1,6 +1,7 @@
 #include "calculators/modScheda.h"
 
 #include "core/modErrori.h"
+#include "core/modLogoStampa.h"
 #include "core/sessione.h"
 #include "platform/base/regionale.h"
 #include "platform/system/orologio.h"
@@ -127,6 +128,9 @@ bool StampaScheda(Superficie& vp, const SchedaCalcolo& Scheda)
     vp.MarginRight(u"1.4cm"_s);
     vp.MarginTop(u"2cm"_s);
     vp.MarginBottom(u"3cm"_s);
+    vp.HeadPicture(LogoDelleSchede());
+    vp.Author(sessione::StudioNome);
+    vp.Subject(Scheda.Titolo);
     vp.FontName(u"Arial"_s);
     vp.FontUnderline(false);
     vp.FontBold(false);
@@ -147,6 +151,7 @@ bool StampaScheda(Superficie& vp, const SchedaCalcolo& Scheda)
     Elenco(vp, u"Norme"_s, Scheda.Norme);
     Elenco(vp, u"Dati"_s, Scheda.EtaDati);
     vp.EndDoc();
+    AvvisaLogo();
     return true;
 }
 

@@ -49,8 +49,8 @@ struct SchedaCalcolo
     friend bool operator==(const SchedaCalcolo&, const SchedaCalcolo&) = default;
 };
 
-/// Composes the sheet, with the office of the session and the day of today; what stood on the surface is
-/// discarded.
+/// Composes the sheet, with the office of the session, its logo where the settings give sheets one, and the
+/// day of today; what stood on the surface is discarded.
 /// @return false when there is no result, which a message says; nothing is composed then
 bool StampaScheda(Superficie& vp, const SchedaCalcolo& Scheda);
 

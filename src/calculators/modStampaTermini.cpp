@@ -27,6 +27,9 @@ void Prepara(Superficie& vp)
     vp.MarginRight(u"1.4cm"_s);
     vp.MarginTop(u"2cm"_s);
     vp.MarginBottom(u"3cm"_s);
+    vp.HeadPicture({});  // of a sheet that stood on the same surface
+    vp.Author({});
+    vp.Subject({});
     vp.FontName(u"Arial"_s);
     vp.FontUnderline(false);
 }

@@ -22,9 +22,11 @@ inline constexpr int PixelLarghezza = 2079;
 /// Most bytes of the copy.
 inline constexpr qint64 MassimoByte = qint64(16) << 20;
 
-/// Print types that bear it at first: those whose page begins with the office, and its agreements. The short
-/// invoice is for paper with a printed letterhead, the court's note and the plain figures have no head.
-inline constexpr QStringView DocumentiIniziali = u"01356";
+/// The sheets of the calculators among what bears it, beside the digits of the print types.
+inline constexpr QStringView VoceSchede = u"C";
+/// What bears it at first: the documents whose page begins with the office, its agreements, the sheets. The
+/// short invoice is for paper with a printed letterhead, the court's note and the plain figures have no head.
+inline constexpr QStringView DocumentiIniziali = u"01356C";
 
 /// "S", "C" or "D"; empty for anything else.
 [[nodiscard]] QString PostoNoto(const QString& Valore);

@@ -69,7 +69,7 @@ inline QString PostaTesto;
 inline QString LogoImpronta;         ///< of the office's logo, see core/modLogo.h; empty: none
 inline QString LogoPosto;            ///< "S" left, "C" middle, "D" right; empty: the logo is not printed
 inline float LogoAltezza = 2.0F;     ///< centimetres
-inline QString LogoDocumenti;        ///< digits of the print types that bear it
+inline QString LogoDocumenti;        ///< digits of the print types that bear it, logo::VoceSchede
 inline QString ServerAggiornamenti;  ///< where updates are looked for, as indirizzi::Server; empty: nowhere
 
 inline QString TitoloProdotto;             ///< "Calcanova 3"

@@ -1,9 +1,9 @@
 #include "print/modStampe.h"
 
+#include "core/modLogoStampa.h"
 #include "core/sessione.h"
 #include "print/modContratto.h"
 #include "print/modFatture.h"
-#include "print/modLogoStampa.h"
 #include "print/modNotaSpese.h"
 #include "print/modPrenotula.h"
 #include "print/modPreventivo.h"

@@ -4,6 +4,7 @@
 
 #include "calculators/modSchede.h"
 #include "calculators/modStampaStrada.h"
+#include "core/modLogo.h"
 #include "core/sessione.h"
 #include "platform/system/orologio.h"
 
@@ -46,6 +47,15 @@ TabellaRighe RigheProva()
     return Righe;
 }
 
+/// A logo as the settings keep it.
+QString ConservaLogo()
+{
+    // A sheet needs no more of a picture than its sides.
+    return logo::Conserva(QByteArray("\x89PNG\r\n\x1a\n", 8) + QByteArray::fromHex("0000000d49484452"
+                                                                                   "0000012c"
+                                                                                   "00000064"));
+}
+
 const DatiInteressi Caselle{InteressiLegali, u"10.000,00"_s,  ValutaEuro, {},
                             u"01/07/2023"_s, u"30/06/2024"_s, false};
 
@@ -63,6 +73,10 @@ private Q_SLOTS:
     void cleanup();
     void testa();
     void senzaStudio();
+    void logo_data();
+    void logo();
+    void logoPerso();
+    void diSe();
     void marginiEFont();
     void interessi();
     void interessiDiMora();
@@ -117,6 +131,62 @@ void TestSchede::senzaStudio()
     Superficie vp;
     QVERIFY(StampaScheda(vp, SchedaInteressi(Caselle, RigheProva(), u"376,71"_s, {}, {})));
     QCOMPARE(Foglio(vp).first(), u"|21/11/2026"_s);
+}
+
+/// The office's logo stands on a sheet as on the documents, where the settings give it one.
+void TestSchede::logo_data()
+{
+    QTest::addColumn<QString>("Quali");
+    QTest::addColumn<QString>("Posto");
+    QTest::addColumn<bool>("Atteso");
+    QTest::newRow("al principio") << u"01356C"_s << u"D"_s << true;
+    QTest::newRow("sulle schede sole") << u"C"_s << u"D"_s << true;
+    QTest::newRow("sui documenti soli") << u"01234567"_s << u"D"_s << false;
+    QTest::newRow("da nessuna parte") << QString() << u"D"_s << false;
+    QTest::newRow("non si stampa") << u"C"_s << QString() << false;
+}
+
+void TestSchede::logo()
+{
+    QFETCH(QString, Quali);
+    QFETCH(QString, Posto);
+    QCOMPARE(sessione::LogoDocumenti, u"01356C"_s);
+    sessione::LogoImpronta = ConservaLogo();
+    sessione::LogoPosto = Posto;
+    sessione::LogoAltezza = 2.0F;
+    sessione::LogoDocumenti = Quali;
+    Superficie vp;
+    QVERIFY(StampaScheda(vp, SchedaInteressi(Caselle, RigheProva(), u"376,71"_s, {}, {})));
+    QTEST(vp.Contenuto().Testa.has_value(), "Atteso");
+    if (!vp.Contenuto().Testa)
+        return;
+    QCOMPARE(vp.Contenuto().Testa->Allinea, Allineamento::Destra);
+    QCOMPARE(vp.Contenuto().Testa->AltezzaCm, 2.0);
+    // The office's head stays below it.
+    QVERIFY(Foglio(vp).first().startsWith(u"Studio Bianchi\n"));
+    sessione::LogoPosto.clear();
+    QVERIFY(StampaScheda(vp, SchedaInteressi(Caselle, RigheProva(), u"376,71"_s, {}, {})));
+    QVERIFY(!vp.Contenuto().Testa);
+}
+
+void TestSchede::logoPerso()
+{
+    sessione::LogoImpronta = QString(64, u'a');
+    sessione::LogoPosto = u"S"_s;
+    Registratore Voce;
+    Voce.Attendi(u"Il logo dello studio manca o è danneggiato: i documenti si stampano senza. Sceglierlo di "
+                 u"nuovo nelle impostazioni, scheda \"Documenti\"."_s,
+                 vbOK, u"Errore:"_s);
+    Superficie vp;
+    QVERIFY(StampaScheda(vp, SchedaInteressi(Caselle, RigheProva(), u"376,71"_s, {}, {})));
+    QVERIFY(!vp.Contenuto().Testa && !Foglio(vp).isEmpty());
+}
+
+void TestSchede::diSe()
+{
+    Superficie vp;
+    QVERIFY(StampaScheda(vp, SchedaInteressi(Caselle, RigheProva(), u"376,71"_s, {}, {})));
+    QCOMPARE(vp.Contenuto().DiSe, (Proprieta{u"Studio Bianchi"_s, u"CALCOLO INTERESSI"_s}));
 }
 
 // What a former document has left on the surface plays no part.

@@ -33,6 +33,7 @@ private Q_SLOTS:
     void foglioDelTermine();
     void avvisoSottoIlRisultato();
     void fontEMargini();
+    void senzaLogo();
     void sabatoMostraIlTermineLibero();
     void senzaSelezione();
     void foglioDellaSequenza();
@@ -100,6 +101,19 @@ void TestStampaTermini::fontEMargini()
     QCOMPARE(Doc.MargineAltoCm, 2.0);
     QCOMPARE(Doc.MargineBassoCm, 3.0);
     QCOMPARE(vp.Zoom, 80);
+}
+
+/// A sheet with head and logo may have stood on the same surface: nothing of it stays.
+void TestStampaTermini::senzaLogo()
+{
+    const DatiTermine Dati{u"20/07/2012"_s, u"20"_s, TipoGiorni, {}};
+    Superficie vp;
+    vp.HeadPicture(FiguraTesta{"png", 6.0, 2.0});
+    vp.Author(u"Studio Bianchi"_s);
+    vp.Subject(u"CALCOLO INTERESSI"_s);
+    QVERIFY(StampaTermine(vp, Dati, TestoTermine(CalcolaTermine(Dati))));
+    QVERIFY(!vp.Contenuto().Testa);
+    QCOMPARE(vp.Contenuto().DiSe, Proprieta());
 }
 
 void TestStampaTermini::sabatoMostraIlTermineLibero()

@@ -1,10 +1,10 @@
 // The logo on the documents: where the settings put it, on which of them, and what a lost one is told with.
 #include "campioni.h"
 #include "core/modLogo.h"
+#include "core/modLogoStampa.h"
 #include "platform/pages/impaginazione.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
-#include "print/modLogoStampa.h"
 #include "print/modStampe.h"
 #include "print/writers/esportazione.h"
 #include "supporto/prova.h"

@@ -40,6 +40,12 @@ constexpr std::array Posti{
     VocePosto{u"D", u"A destra", Allineamento::Destra},
 };
 
+/// How the setting names what a tick stands for: a document by its print type, behind them the sheets.
+QString ValoreDi(int Quale)
+{
+    return ETipoStampa(Quale) ? QString::number(Quale) : logo::VoceSchede.toString();
+}
+
 }  // namespace
 
 SchedaDocumenti::SchedaDocumenti(QWidget* Padre) : QWidget(Padre), ui(std::make_unique<Ui::SchedaDocumenti>())
@@ -49,11 +55,11 @@ SchedaDocumenti::SchedaDocumenti(QWidget* Padre) : QWidget(Padre), ui(std::make_
         ui->cmbLogoPosto->addItem(Voce.Scritta.toString(), Voce.Valore.toString());
     ui->txtLogoAltezza->setRange(logo::AltezzaMinima, logo::AltezzaMassima);
     constexpr int Colonne = 2;
-    const QStringList Nomi = VociTipoStampa();
-    for (int Tipo = 0; Tipo < Nomi.size(); ++Tipo) {
-        auto* Spunta = new QCheckBox(Nomi[Tipo], ui->fraLogo);
-        Spunta->setObjectName(u"chkLogoDoc_%1"_s.arg(Tipo));
-        ui->grigliaDocumenti->addWidget(Spunta, Tipo / Colonne, Tipo % Colonne);
+    const QStringList Nomi = VociTipoStampa() + QStringList{u"Schede dei calcoli"_s};
+    for (int Quale = 0; Quale < Nomi.size(); ++Quale) {
+        auto* Spunta = new QCheckBox(Nomi[Quale], ui->fraLogo);
+        Spunta->setObjectName(u"chkLogoDoc_%1"_s.arg(Quale));
+        ui->grigliaDocumenti->addWidget(Spunta, Quale / Colonne, Quale % Colonne);
         chkLogoDoc += Spunta;
     }
     QWidget* Prima = ui->txtLogoAltezza;
@@ -92,8 +98,8 @@ void SchedaDocumenti::Carica()
     ui->cmbLogoPosto->setCurrentIndex(std::max(Posto, 0));
     ui->txtLogoAltezza->setValue(NumeroDi(ValoreConservato(chiavi::LogoAltezza)));
     const QString Quali = ValoreConservato(chiavi::LogoDocumenti);
-    for (int Tipo = 0; Tipo < chkLogoDoc.size(); ++Tipo)
-        chkLogoDoc[Tipo]->setChecked(Quali.contains(QString::number(Tipo)));
+    for (int Quale = 0; Quale < chkLogoDoc.size(); ++Quale)
+        chkLogoDoc[Quale]->setChecked(Quali.contains(ValoreDi(Quale)));
     ui->txtPostaOggetto->setText(ValoreConservato(chiavi::PostaOggetto));
     ui->txtPostaTesto->setPlainText(ValoreConservato(chiavi::PostaTesto));
     MostraLogo();
@@ -102,9 +108,9 @@ void SchedaDocumenti::Carica()
 QString SchedaDocumenti::Documenti() const
 {
     QString Quali;
-    for (int Tipo = 0; Tipo < chkLogoDoc.size(); ++Tipo)
-        if (chkLogoDoc[Tipo]->isChecked())
-            Quali += QString::number(Tipo);
+    for (int Quale = 0; Quale < chkLogoDoc.size(); ++Quale)
+        if (chkLogoDoc[Quale]->isChecked())
+            Quali += ValoreDi(Quale);
     return Quali;
 }
 

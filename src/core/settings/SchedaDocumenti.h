@@ -40,7 +40,7 @@ private:
 
     std::unique_ptr<Ui::SchedaDocumenti> ui;
     AnteprimaPagina* Foglio = nullptr;
-    QList<QCheckBox*> chkLogoDoc;  ///< by print type
+    QList<QCheckBox*> chkLogoDoc;  ///< by print type, then the sheets
     QString Impronta;              ///< of the stored copy; empty: none
     QByteArray Png;                ///< what is shown: the copy, or what was chosen here
     QString Detto;                 ///< what is said of the logo

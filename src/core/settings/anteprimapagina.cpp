@@ -1,10 +1,10 @@
 #include "core/settings/anteprimapagina.h"
 
+#include "core/modLogoStampa.h"
 #include "platform/document/superficie.h"
 #include "platform/kit/aspetto.h"
 #include "platform/system/orologio.h"
 #include "print/modCorpo.h"
-#include "print/modLogoStampa.h"
 #include "print/modPrenotula.h"
 #include "print/modStampe.h"
 

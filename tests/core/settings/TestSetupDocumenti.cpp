@@ -71,10 +71,11 @@ void TestSetupDocumenti::predefiniti()
     QCOMPARE(Detto(), u"Nessun logo"_s);
     QCOMPARE(T->Trova<QDoubleSpinBox>(u"txtLogoAltezza"_s)->value(), 2.0);
     QString Quali;
-    for (int Tipo = 0; Tipo < 8; ++Tipo)
-        if (T->Trova<QCheckBox>(u"chkLogoDoc_%1"_s.arg(Tipo))->isChecked())
-            Quali += QString::number(Tipo);
-    QCOMPARE(Quali, u"01356"_s);
+    for (int Quale = 0; Quale < 9; ++Quale)
+        if (T->Trova<QCheckBox>(u"chkLogoDoc_%1"_s.arg(Quale))->isChecked())
+            Quali += QString::number(Quale);
+    QCOMPARE(Quali, u"013568"_s);
+    QCOMPARE(T->Trova<QCheckBox>(u"chkLogoDoc_8"_s)->text().remove(u'&'), u"Schede dei calcoli"_s);
     QCOMPARE(T->Trova<QCheckBox>(u"chkLogoDoc_3"_s)->text().remove(u'&'), u"Fattura analitica"_s);
     QVERIFY(!T->Trova<QPushButton>(u"cmdTogliLogo"_s)->isEnabled());
 }
@@ -92,7 +93,12 @@ void TestSetupDocumenti::scegliPiazzaMemorizza()
     T->Memorizza(Box);
     QCOMPARE(sessione::LogoPosto, u"C"_s);
     QCOMPARE(sessione::LogoAltezza, 2.5F);
+    QCOMPARE(sessione::LogoDocumenti, u"012356C"_s);
+    const auto PerLeSchede = [this] { return T->Trova<QCheckBox>(u"chkLogoDoc_8"_s); };
+    QTest::mouseClick(PerLeSchede(), Qt::LeftButton, {}, {8, 8});
+    T->Memorizza(Box);
     QCOMPARE(sessione::LogoDocumenti, u"012356"_s);
+    QVERIFY(!PerLeSchede()->isChecked());
     QCOMPARE(QImage::fromData(logo::Leggi(sessione::LogoImpronta).value_or(QByteArray())).size(),
              QSize(400, 200));
     QCOMPARE(Copie().size(), 1);
@@ -243,11 +249,11 @@ void TestSetupDocumenti::testiIniziali()
 void TestSetupDocumenti::ordineDelFuoco()
 {
     Apri();
-    QCOMPARE(OrdineTab(T->Trova<QWidget>(u"cmdLogo"_s), 14),
+    QCOMPARE(OrdineTab(T->Trova<QWidget>(u"cmdLogo"_s), 15),
              (QStringList{u"cmdLogo"_s, u"cmbLogoPosto"_s, u"txtLogoAltezza"_s, u"chkLogoDoc_0"_s,
                           u"chkLogoDoc_1"_s, u"chkLogoDoc_2"_s, u"chkLogoDoc_3"_s, u"chkLogoDoc_4"_s,
-                          u"chkLogoDoc_5"_s, u"chkLogoDoc_6"_s, u"chkLogoDoc_7"_s, u"txtPostaOggetto"_s,
-                          u"txtPostaTesto"_s, u"cmdTestiIniziali"_s}));
+                          u"chkLogoDoc_5"_s, u"chkLogoDoc_6"_s, u"chkLogoDoc_7"_s, u"chkLogoDoc_8"_s,
+                          u"txtPostaOggetto"_s, u"txtPostaTesto"_s, u"cmdTestiIniziali"_s}));
 }
 
 #include "TestSetupDocumenti.moc"

@@ -1,4 +1,4 @@
-#include "print/modLogoStampa.h"
+#include "core/modLogoStampa.h"
 
 #include "core/modErrori.h"
 #include "core/modLogo.h"
@@ -54,12 +54,11 @@ Allineamento Posto()
     return sessione::LogoPosto == u"D" ? Allineamento::Destra : Allineamento::Sinistra;
 }
 
-}  // namespace
-
-std::optional<FiguraTesta> LogoDelDocumento(int Tipo)
+/// @param Voce of the setting that names who bears it
+std::optional<FiguraTesta> LogoDi(QStringView Voce)
 {
     if (sessione::LogoImpronta.isEmpty() || sessione::LogoPosto.isEmpty() ||
-        !sessione::LogoDocumenti.contains(QString::number(Tipo)))
+        !sessione::LogoDocumenti.contains(Voce))
         return std::nullopt;
     auto Figura = FiguraDi(Copia(), sessione::LogoAltezza, Posto());
     if (Figura)
@@ -67,6 +66,18 @@ std::optional<FiguraTesta> LogoDelDocumento(int Tipo)
     else
         Avvisi().DaMostrare = Avvisi().Mostrato != sessione::LogoImpronta;
     return Figura;
+}
+
+}  // namespace
+
+std::optional<FiguraTesta> LogoDelDocumento(int Tipo)
+{
+    return LogoDi(QString::number(Tipo));
+}
+
+std::optional<FiguraTesta> LogoDelleSchede()
+{
+    return LogoDi(logo::VoceSchede);
 }
 
 std::optional<FiguraTesta> FiguraDi(const QByteArray& Png, double AltezzaCm, Allineamento Dove)

@@ -1,4 +1,4 @@
-// The office's logo on the documents of a fee note.
+// The office's logo on the documents of a fee note and on the sheets of the calculators.
 #pragma once
 
 #include "platform/document/documento.h"
@@ -9,6 +9,8 @@
 /// the program's copy is missing or damaged.
 /// @param Tipo a TipoStampa
 [[nodiscard]] std::optional<FiguraTesta> LogoDelDocumento(int Tipo);
+/// The same for a sheet of a calculator.
+[[nodiscard]] std::optional<FiguraTesta> LogoDelleSchede();
 
 /// A logo of this height on paper, less where it would be wider than a page's text.
 /// @param Png what is no PNG gives none
