@@ -1,11 +1,8 @@
 // "Da controllare" above the preview, by mouse and keyboard: what it lists, where each row leads, its room;
 // and the marks of amounts beyond their range among the lines.
-#include "fattura.h"
+#include "bancocontrolli.h"
 
-#include "feenote/modControlliNota.h"
-#include "feenote/modInterruttori.h"
 #include "feenote/modParametri.h"
-#include "feenote/modParti.h"
 
 #include <QAccessible>
 #include <QHelpEvent>
@@ -15,18 +12,12 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-enum class Gesto { Clic, Invio, Spazio };
-
-}  // namespace
-
-class TestElencoControlli : public QObject, private BancoFattura
+class TestElencoControlli : public QObject, private BancoControlli
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { PreparaControlli(); }
+    void cleanup() { SgombraControlli(); }
     void nienteDaControllare();
     void senzaDocumentoNonSiVede();
     void ilQuadroDellaFatturaPrendeIlSuoPosto();
@@ -35,8 +26,6 @@ private Q_SLOTS:
     void archivioIlleggibile();
     void clienteAssente();
     void suggerimentoConSegni();
-    void ogniVocePortaAlSuoCampo_data();
-    void ogniVocePortaAlSuoCampo();
     void laVoceDelFilePortaAlQuadro();
     void leRigheLontaneSiVedono();
     void dalTabulatore();
@@ -49,75 +38,8 @@ private Q_SLOTS:
     void ilSegnoFraLeRighe();
     void ilSegnoSegue();
     void ilPannelloNonMente();
-
-private:
-    [[nodiscard]] QListWidget* Elenco() const { return Controllo<QListWidget>(F, "lstControlli"); }
-    [[nodiscard]] QToolButton* Testa() const { return Controllo<QToolButton>(F, "cmdControlli"); }
-    [[nodiscard]] QStringList Voci() const
-    {
-        Respiro();
-        QStringList Lette;
-        for (int i = 0; i < Elenco()->count(); ++i)
-            Lette += Elenco()->item(i)->text();
-        return Lette;
-    }
-    [[nodiscard]] int PostoDi(const QString& Inizio) const
-    {
-        const QStringList Lette = Voci();
-        for (int i = 0; i < Lette.size(); ++i)
-            if (Lette[i].startsWith(Inizio))
-                return i;
-        return -1;
-    }
-    void Fai(Gesto Come, int Riga) const;
-    /// A line of the tariff, with a range of its own.
-    int RigaConLimiti(double Importo, double Min, double Max) const
-    {
-        const int Riga = RigaOnorario(F->Nota, u"Fase decisoria"_s, Importo, 4, 4);
-        F->Nota.xOnorari(Riga, OnoMin) = Min;
-        F->Nota.xOnorari(Riga, OnoMedio) = Min + (Max - Min) / 3;
-        F->Nota.xOnorari(Riga, OnoMax) = Max;
-        F->Nota.RicalcoloNecessario = false;  // entering the honoraria leaves them as they are
-        F->MostraTutto();
-        return Riga;
-    }
 };
 PROVA(TestElencoControlli);
-
-void TestElencoControlli::init()
-{
-    SalvaImpostazioni({{u"Disposizione_lstControlli"_s, {}}});
-    PreparaFattura();
-    // The office that PreparaFattura makes has the VAT of a first start.
-    F->Nota.txtIVA.Testo = u"22"_s;
-    RicordaStampa(F->Nota);
-    F->MostraTutto();
-    Respiro();
-}
-
-void TestElencoControlli::cleanup()
-{
-    Sgombra();
-    SalvaImpostazioni({{u"Disposizione_lstControlli"_s, {}}, {u"ProgTrasm"_s, {}}});
-}
-
-void TestElencoControlli::Fai(Gesto Come, int Riga) const
-{
-    Elenco()->scrollToItem(Elenco()->item(Riga));
-    if (Come == Gesto::Clic) {
-        QTest::mouseClick(Elenco()->viewport(), Qt::LeftButton, Qt::NoModifier,
-                          Elenco()->visualItemRect(Elenco()->item(Riga)).center());
-    } else {
-        Elenco()->setFocus();
-        Premi(Qt::Key_Home);
-        for (int i = 0; i < Riga; ++i)
-            Premi(Qt::Key_Down);
-        QCOMPARE(Elenco()->currentRow(), Riga);
-        Premi(Come == Gesto::Invio ? Qt::Key_Return : Qt::Key_Space);
-    }
-    for (int i = 0; i < 5; ++i)
-        Respiro();
-}
 
 void TestElencoControlli::nienteDaControllare()
 {
@@ -217,89 +139,6 @@ void TestElencoControlli::suggerimentoConSegni()
     QCOMPARE(Voci().size(), 1);
     QVERIFY2(Elenco()->item(0)->toolTip().contains(u"Fase &lt;b&gt;decisoria&lt;/b&gt;"),
              qPrintable(Elenco()->item(0)->toolTip()));
-}
-
-void TestElencoControlli::ogniVocePortaAlSuoCampo_data()
-{
-    QTest::addColumn<QString>("Inizio");
-    QTest::addColumn<int>("Scheda");
-    QTest::addColumn<QString>("Fuoco");
-    QTest::addColumn<int>("Riga");
-    QTest::addColumn<int>("Colonna");
-    QTest::addColumn<int>("Come");
-    struct Attesa
-    {
-        const char* Nome;
-        QString Inizio;
-        int Scheda;
-        QString Fuoco;
-        int Riga = -1;
-        int Colonna = -1;
-    };
-    const QList<Attesa> Attese{
-        {"numero", u"La fattura è senza numero"_s, SchedaDiStampa, u"txtDatiPar_11"_s},
-        {"data", u"La data della fattura"_s, SchedaDiStampa, u"txtDatiPar_12"_s},
-        {"cliente", u"La fattura è senza cliente"_s, SchedaBase, u"txtCliente"_s},
-        {"ricalcolo", u"Gli onorari sono da ricalcolare"_s, SchedaDiStampa, u"cmdRicalcola"_s},
-        {"onorario", u"Onorario 2"_s, SchedaListaOnorari, u"tdbOnor"_s, 1, OnoImporto},
-        {"spesa", u"Spesa 3"_s, SchedaListaSpese, u"tdbDir"_s, 2, DirImponibile},
-        {"acconti sui corrispettivi", u"Gli acconti sui corrispettivi"_s, SchedaImposte, u"tdbAcconti"_s, 0,
-         AccCorrispettivi},
-        {"acconti sulle spese esenti", u"Gli acconti sulle spese esenti"_s, SchedaImposte, u"tdbAcconti"_s, 0,
-         AccSpeseEsenti},
-        {"termine dell'acconto", u"L'acconto del 05/10/2020"_s, SchedaImposte, u"tdbAcconti"_s, 1, AccDescr},
-        {"IVA", u"I.V.A. al 21%"_s, SchedaImposte, u"txtIVA"_s},
-        {"cassa", u"Cassa di previdenza al 2%"_s, SchedaImposte, u"txtCP"_s},
-        {"ritenuta", u"Ritenuta d'acconto al 19%"_s, SchedaImposte, u"txtRA"_s},
-    };
-    const auto Riga = [](const Attesa& Una, const char* Nome, Gesto Come) {
-        QTest::newRow(qPrintable(u"%1, %2"_s.arg(QLatin1StringView(Una.Nome), QLatin1StringView(Nome))))
-            << Una.Inizio << Una.Scheda << Una.Fuoco << Una.Riga << Una.Colonna << int(Come);
-    };
-    for (const Attesa& Una : Attese) {
-        Riga(Una, "clic", Gesto::Clic);
-        Riga(Una, "Invio", Gesto::Invio);
-    }
-    Riga(Attese[0], "spazio", Gesto::Spazio);
-    Riga(Attese[4], "spazio", Gesto::Spazio);
-}
-
-void TestElencoControlli::ogniVocePortaAlSuoCampo()
-{
-    QFETCH(const QString, Inizio);
-    QFETCH(const int, Scheda);
-    QFETCH(const QString, Fuoco);
-    QFETCH(const int, Riga);
-    QFETCH(const int, Colonna);
-    QFETCH(const int, Come);
-    Parcella& Nota = F->Nota;
-    Nota.txtDatiPar[DatoNumFatt].clear();
-    Nota.txtDatiPar[DatoDataFatt] = u"pippo"_s;
-    Nota.IDCli = 0;
-    Nota.txtCliente.Testo.clear();
-    Nota.txtDatiStaCli.Testo.clear();
-    RigaSpesa(Nota, 10.0, QVariant());
-    RigaSpesa(Nota, 20.0, QVariant());
-    RigaSpesa(Nota, 0.0, QVariant());
-    RigaAcconto(Nota, u"E"_s, 90000.0, 0.0, 5.0);
-    Nota.xAcconti(RigaAcconto(Nota, u"E"_s, 1.0, 0.0, 0.0), AccDescr) = u"bonifico del 05/10/2020"_s;
-    Nota.chkFattAcc.Attiva = true;
-    Nota.chkCP.Attiva = Nota.chkIva.Attiva = Nota.chkRA.Attiva = true;
-    Nota.txtIVA.Testo = u"21"_s;
-    Nota.txtCP.Testo = u"2"_s;
-    Nota.txtRA.Testo = u"19"_s;
-    Nota.RigheDaRicalcolare = true;
-    RigaConLimiti(5000, 750, 2400);
-    const int Posto = PostoDi(Inizio);
-    QVERIFY2(Posto >= 0, qPrintable(Voci().join(u'\n')));
-    Fai(Gesto(Come), Posto);
-    QCOMPARE(F->Scheda(), Scheda);
-    QCOMPARE(NomeFuoco(), Fuoco);
-    if (Riga < 0)
-        return;
-    const auto* Lista = F->findChild<Griglia*>(Fuoco);
-    QCOMPARE(Lista->RigaCorrente(), std::optional(Riga));
-    QCOMPARE(Lista->ColonnaCorrente(), Colonna);
 }
 
 void TestElencoControlli::laVoceDelFilePortaAlQuadro()
