@@ -60,7 +60,7 @@ std::optional<FiguraTesta> LogoDi(QStringView Voce)
     if (sessione::LogoImpronta.isEmpty() || sessione::LogoPosto.isEmpty() ||
         !sessione::LogoDocumenti.contains(Voce))
         return std::nullopt;
-    auto Figura = FiguraDi(Copia(), sessione::LogoAltezza, Posto());
+    auto Figura = FiguraDi(Copia(), double(sessione::LogoAltezza), Posto());
     if (Figura)
         Avvisi().Mostrato.clear();
     else

@@ -2,6 +2,8 @@
 
 #include "core/comandi.h"
 
+#include <QStringList>
+
 #include <algorithm>
 #include <array>
 
