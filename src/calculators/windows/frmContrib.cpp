@@ -159,7 +159,7 @@ bool frmContrib::event(QEvent* Evento)
 {
     // It computes as it is written in: what is on view at the end is a calculation too.
     if (Evento->type() == QEvent::Close)
-        Comandi->Ricorda();
+        RicordaCalcolati();
     const bool Trattato = QDialog::event(Evento);
     if (Evento->type() == QEvent::WindowActivate && std::exchange(DaAltraFinestra, false))
         fraContrib->txtValore(0)->setFocus();
@@ -189,6 +189,7 @@ void frmContrib::txtValore_LostFocus(int Indice)
         // The fees above one that fails are written all the same.
         const auto Mostra = qScopeGuard([this] { MostraContributi(); });
         CalcolaContributi(Valori(), Contributi);
+        Calcolati = Valori();
     }
     if (Contributi != Prima && !Contributi[size_t(Indice)].isEmpty())
         Annuncia(fraContrib->lblContr(Indice));
@@ -224,14 +225,22 @@ void frmContrib::AbilitaCopia(int Indice)
     Porte->Aggiorna();
 }
 
+/// A value that is still being typed has the fee of the one before beside it: the two are no calculation.
+void frmContrib::RicordaCalcolati()
+{
+    if (Valori() == Calcolati)
+        Comandi->Ricorda();
+}
+
 // The tax appeal stays: this entry has always left it.
 void frmContrib::mnuNew_Click()
 {
-    Comandi->Ricorda();
+    RicordaCalcolati();
     for (int i = 0; i < CampoTributario; ++i) {
         fraContrib->txtValore(i)->clear();
         Contributi[size_t(i)].clear();
     }
+    Calcolati = Valori();
     MostraContributi();
     ui->fraVigente->Svuota();
     Campanello();
@@ -373,6 +382,7 @@ void frmContrib::Svuota()
     for (int i = 0; i < CampiContributo; ++i)
         fraContrib->txtValore(i)->clear();
     Contributi = {};
+    Calcolati = {};
     MostraContributi();
     ui->fraVigente->Svuota();
 }

@@ -54,6 +54,7 @@ private:
     void FaiVedere(const QWidget* Campo);
     void SegnaPosto();
     void MostraContributi();
+    void RicordaCalcolati();
     void AbilitaCopia(int Indice);
     [[nodiscard]] int AltoInFondo() const;
     [[nodiscard]] static int AltoInCima();
@@ -70,6 +71,7 @@ private:
     PortaNota* Porte = nullptr;
     QCheckBox* chkAnticipazione = nullptr;
     TestiContributo Contributi;
+    TestiContributo Calcolati;  ///< the values that they were found from
     int UltimoScorrimento = 0;  ///< the bar at its last change, or where the page moved it to
     bool DaAltraFinestra =
         true;  ///< another window of the program was in front, no message and no other program

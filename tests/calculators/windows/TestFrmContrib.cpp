@@ -2,6 +2,7 @@
 #include "banco.h"
 
 #include "calculators/paginacontributo.h"
+#include "calculators/ultimicalcoli.h"
 #include "calculators/windows/frmContrib.h"
 #include "platform/kit/aspetto.h"
 #include "platform/system/file.h"
@@ -28,6 +29,7 @@ private Q_SLOTS:
     void testoCheNonENumero();
     void invioVaAvanti();
     void nuovoCalcolo();
+    void valoreAMetaNonSiRicorda();
     void barraADueMete();
     void finestraPiccolaMostraTutto();
     void rotella();
@@ -402,6 +404,24 @@ void TestFrmContrib::ricordaIlPosto()
 {
     QCOMPARE(Riaperta(F, QPoint(10, 50)), QPoint(10, 50));
     QCOMPARE(TestoDi(F, "txtValore_0"), QString());
+}
+
+/// The fee on view is that of the value before: the list keeps neither the two together nor the half value.
+void TestFrmContrib::valoreAMetaNonSiRicorda()
+{
+    Valore(0, u"1000"_s);
+    Respiro();
+    Scrivi(F, "txtValore_0", u"50000"_s);
+    DalMenu(F, "mnuNew");
+    const auto Lista = UltimiCalcoli(Calcolatrice::Contributo);
+    QCOMPARE(Lista.size(), 1);
+    QVERIFY2(Lista[0].Nome.contains(u"1.000"), qPrintable(Lista[0].Nome));
+    Scrivi(F, "txtValore_0", u"2000"_s);
+    F->close();
+    Respiro();
+    for (const CalcoloRicordato& Calcolo : UltimiCalcoli(Calcolatrice::Contributo))
+        QVERIFY2(!Calcolo.Nome.contains(u"2.000") || Calcolo.Esito != Lista[0].Esito,
+                 qPrintable(Calcolo.Nome));
 }
 
 #include "TestFrmContrib.moc"
