@@ -159,7 +159,7 @@ constexpr std::array VociDopoLeRighe{
     VocePasso{
         u"opzioni di stampa",
         Diversi<&Parcella::chkAcconti, &Parcella::chkMinMax, &Parcella::chkRegSempl, &Parcella::chkIvaDiff,
-                &Parcella::chkIBAN, &Parcella::chkFattAcc, &Parcella::optContrTipo>},
+                &Parcella::chkIBAN, &Parcella::chkFattAcc, &Parcella::optContrTipo, &Parcella::UnaPagina>},
     VocePasso{u"fattura elettronica", Diversi<&Parcella::FatturaXml>, Lettere::Fattura},
     VocePasso{u"dati di stampa",
               Diversi<&Parcella::txtDatiPar, &Parcella::txtDatiStaCli, &Parcella::txtDatiStaControp,

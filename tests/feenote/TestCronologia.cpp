@@ -75,6 +75,7 @@ void TestCronologia::nomi_data()
     Riga("tick", u"spese e imposte"_s, [](Parcella& N) { N.chkRA.Attiva = !N.chkRA.Attiva; });
     Riga("number", u"dati di stampa"_s, [](Parcella& N) { N.txtDatiPar[DatoNumFatt] = u"7"_s; });
     Riga("variation", u"variazione"_s, [](Parcella& N) { N.AumRidVarP = 30; });
+    Riga("one page", u"opzioni di stampa"_s, [](Parcella& N) { N.UnaPagina = !N.UnaPagina; });
     Riga("switch", u"opzioni di stampa"_s, [](Parcella& N) { N.chkMinMax.Attiva = !N.chkMinMax.Attiva; });
     Riga("kind of invoice", u"fattura elettronica"_s, [](Parcella& N) { N.FatturaXml.Tipo = u"TD06"_s; });
     Riga("nothing", QString(), [](Parcella&) {});
