@@ -3,6 +3,7 @@
 #include "core/CIni.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
+#include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/kit/annuncio.h"
 #include "platform/kit/aspetto.h"
@@ -253,8 +254,13 @@ void frmWeb::cmdStampa_Click()
 {
     QPrinter Stampante(QPrinter::HighResolution);
     Stampante.setDocName(windowTitle());
-    if (DialogoStampante(Stampante))
+    if (!DialogoStampante(Stampante))
+        return;
+    // The toolkit's own printing of a text says nothing where it cannot begin.
+    if (Stampante.isValid())
         ui->Web1->Stampa(Stampante);
+    if (!Stampante.isValid() || Stampante.printerState() == QPrinter::Error)
+        throw Errore(482, u"Errore della stampante"_s);
 }
 
 void frmWeb::txtCerca_Change()

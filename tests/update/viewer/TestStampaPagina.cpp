@@ -2,6 +2,8 @@
 #include "supporto/registratore.h"
 
 #include "core/sessione.h"
+#include "platform/base/errore.h"
+#include "platform/kit/collega.h"
 #include "platform/system/file.h"
 #include "update/viewer/frmWeb.h"
 
@@ -23,6 +25,7 @@ private Q_SLOTS:
     void stampa_data();
     void stampa();
     void annullata();
+    void nonSiPuo();
 };
 PROVA(TestStampaPagina);
 
@@ -113,6 +116,27 @@ void TestStampaPagina::annullata()
     QVERIFY(QTest::qWaitForWindowActive(&Visore));
     QTest::keySequence(&Visore, QKeySequence(u"Ctrl+P"_s));
     QCOMPARE(Chiesto, 1);
+}
+
+/// A printer that refuses says so: silence would be taken for a page on its way.
+void TestStampaPagina::nonSiPuo()
+{
+    Registratore Box;
+    const QString Cartella = NuovaCartella();
+    Box.ScegliStampante = [&](QPrinter& Scelta) {
+        Scelta.setOutputFormat(QPrinter::PdfFormat);
+        Scelta.setOutputFileName(Cartella + u"manca/carta.pdf"_s);
+        return true;
+    };
+    frmWeb Visore;
+    Visore.Indirizzo = ScriviPagina();
+    Visore.Mostra();
+    QVERIFY(QTest::qWaitForWindowActive(&Visore));
+    QList<int> Riferiti;
+    const auto Prima = InstallaUltimaRete([&Riferiti](const Errore& Guasto) { Riferiti << Guasto.Numero; });
+    const auto Rimetti = qScopeGuard([&Prima] { InstallaUltimaRete(Prima); });
+    QTest::keySequence(&Visore, QKeySequence(u"Ctrl+P"_s));
+    QCOMPARE(Riferiti, QList<int>{482});
 }
 
 #include "TestStampaPagina.moc"
