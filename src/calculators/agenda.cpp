@@ -142,10 +142,14 @@ QByteArray ScriviIcs(const QList<VoceAgenda>& Voci)
     return Byte;
 }
 
+QString ConEstensioneIcs(const QString& Percorso)
+{
+    return NomeFile(Percorso).endsWith(Estensione, Qt::CaseInsensitive) ? Percorso : Percorso + Estensione;
+}
+
 QString SalvaIcs(const QString& Percorso, const QList<VoceAgenda>& Voci)
 {
-    const bool Intero = NomeFile(Percorso).endsWith(Estensione, Qt::CaseInsensitive);
-    const QString File = Intero ? Percorso : Percorso + Estensione;
+    const QString File = ConEstensioneIcs(Percorso);
     ScriviFile(File, ScriviIcs(Voci), Lettori::Cartella);
     return File;
 }

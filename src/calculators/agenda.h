@@ -39,6 +39,9 @@ inline constexpr std::array PreavvisiAgenda{7, 3, 1};
 /// @throws Errore 5 for an empty list and for a day outside the calendar
 [[nodiscard]] QByteArray ScriviIcs(const QList<VoceAgenda>& Voci);
 
+/// A path as it is written: without an ending it gets ".ics".
+[[nodiscard]] QString ConEstensioneIcs(const QString& Percorso);
+
 /// Writes that file, whole or not at all; a path without an ending gets ".ics".
 /// @return the path written. @throws Errore as ScriviIcs and ScriviFile
 QString SalvaIcs(const QString& Percorso, const QList<VoceAgenda>& Voci);

@@ -17,6 +17,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/servizi_qt.h"
+#include "platform/system/esportato.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
@@ -442,10 +443,7 @@ void frmImporta::cmdSalvaResoconto_Click()
     const QString Scelta =
         DialogoSalva(u"Salva il resoconto"_s, CartellaSpeciale(CartellaDocumenti) + u"importazione.txt"_s,
                      u"Testo (*.txt)|*.txt"_s);
-    if (Scelta.isEmpty() ||
-        (EsisteFile(Scelta) &&
-         MsgBox(u"Il file "_s + NomeFile(Scelta) + u" esiste già: si vuole sostituirlo?"_s,
-                vbYesNo | vbQuestion, TitoloDomanda.toString()) != vbYes))
+    if (Scelta.isEmpty() || !Sostituibile(Scelta))
         return;
     Protetta([&] { ScriviFile(Scelta, Resoconto.toUtf8(), Lettori::SoloUtente); });
 }

@@ -229,8 +229,7 @@ void frmRubrica::Esporta()
     if (Detta.isEmpty())
         return;
     const QString File = ConEstensione(Detta);
-    if (EsisteFile(File) && MsgBox(u"Il file "_s + NomeFile(File) + u" esiste già: si vuole sostituirlo?"_s,
-                                   vbYesNo | vbQuestion, TitoloDomanda.toString()) != vbYes)
+    if (!Sostituibile(File))
         return;
     {
         const ClessidraAccesa Attesa;

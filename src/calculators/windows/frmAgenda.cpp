@@ -108,6 +108,9 @@ void frmAgenda::cmdSalva_Click()
     const QString Scelto = DialogoSalva(u"Salva le scadenze"_s, Proposto, Filtro);
     if (Scelto.isEmpty())
         return;
-    const QString File = SalvaIcs(Scelto, Voci);
+    const QString File = ConEstensioneIcs(Scelto);
+    if (!Sostituibile(File))
+        return;
+    SalvaIcs(File, Voci);
     MostraEsportato(u"Le scadenze sono state salvate in "_s + File, File);
 }

@@ -8,5 +8,9 @@
 /// @param Testo the whole sentence
 void MostraEsportato(const QString& Testo, const QString& File);
 
+/// Asks whether a file that is already there may be replaced: the dialogs that choose a place do not.
+/// @return true where nothing is there, or at a yes
+[[nodiscard]] bool Sostituibile(const QString& File);
+
 /// Opens the folder of a file in the system's file manager; a message says so where the system opens none.
 void ApriCartellaDi(const QString& File);

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void agendaSenzaProgramma();
     void agendaSalvare();
     void agendaSalvareAnnullato();
+    void agendaSalvareSopra();
     void agendaCopiare();
     void agendaSenzaNessuna();
     void agendaDiUnaCatena();
@@ -240,6 +241,26 @@ void TestStradaAgenda::agendaSalvareAnnullato()
     Clic(Controllo(Voci, "cmdSalva"));
     QVERIFY(Voci->isVisible());
     QVERIFY(B->Voce.Mostrati().isEmpty());
+}
+
+/// The name that was typed is not yet the file: its ending comes behind the dialog, and so does the question.
+void TestStradaAgenda::agendaSalvareSopra()
+{
+    Calcola(u"20072026"_s, u"30"_s);
+    auto* Voci = Agenda();
+    QVERIFY(Voci);
+    const QString File = NuovaCartella() + u"scadenze"_s;
+    ScriviFile(File + u".ics"_s, "mie");
+    for (const bool Si : {false, true}) {
+        B->Voce.AttendiSalva(File);
+        B->Voce.Attendi(u"Il file scadenze.ics esiste già: si vuole sostituirlo?"_s, Si ? vbYes : vbNo,
+                        u"Domanda:"_s);
+        if (Si)
+            B->Voce.Attendi(u"Le scadenze sono state salvate in "_s + File + u".ics"_s, vbOK,
+                            u"Messaggio:"_s);
+        Clic(Controllo(Voci, "cmdSalva"));
+        QCOMPARE(LeggiFile(File + u".ics"_s) == "mie", !Si);
+    }
 }
 
 void TestStradaAgenda::agendaCopiare()

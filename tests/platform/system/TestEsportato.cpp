@@ -17,6 +17,7 @@ private Q_SLOTS:
     void apreLaCartella();
     void laCartellaCheNonSiApre();
     void leScritte();
+    void sopraUnAltro();
 
 private:
     QStringList Aperti;
@@ -71,6 +72,18 @@ void TestEsportato::leScritte()
     MostraEsportato(u"Fatto."_s, u"/uno/due.pdf"_s);
     InstallaMessaggi(std::move(Prima));
     QCOMPARE(Viste, (QStringList{u"Apri cartella"_s, u"OK"_s}));
+}
+
+void TestEsportato::sopraUnAltro()
+{
+    Registratore Voce;
+    const QString File = NuovaCartella() + u"due.csv"_s;
+    QVERIFY(Sostituibile(File));
+    ScriviFile(File, "mio");
+    for (const auto Risposta : {vbNo, vbYes}) {
+        Voce.Attendi(u"Il file due.csv esiste già: si vuole sostituirlo?"_s, Risposta, u"Domanda:"_s);
+        QCOMPARE(Sostituibile(File), Risposta == vbYes);
+    }
 }
 
 #include "TestEsportato.moc"

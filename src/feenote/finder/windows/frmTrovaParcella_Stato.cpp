@@ -9,6 +9,7 @@
 #include "platform/kit/scelta.h"
 #include "platform/kit/suggerimento.h"
 #include "platform/system/cartelle.h"
+#include "platform/system/esportato.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/orologio.h"
@@ -96,8 +97,7 @@ void frmTrovaParcella::EsportaCsv()
     if (Detto.isEmpty())
         return;
     const QString File = ConCsv(PercorsoNativo(Detto));
-    if (EsisteFile(File) && MsgBox(u"Il file "_s + NomeFile(File) + u" esiste già: si vuole sostituirlo?"_s,
-                                   vbYesNo | vbQuestion, TitoloDomanda.toString()) != vbYes)
+    if (!Sostituibile(File))
         return;
     // The rows may have been listed anew behind the questions: those of now are written.
     const std::vector<const VoceTrova*> Note = Righe.NoteMostrate();
@@ -110,8 +110,8 @@ void frmTrovaParcella::EsportaCsv()
             Nomi.Chiudi();
         }))
         return;
-    MsgBox(
+    MostraEsportato(
         (Quante == 1 ? u"1 parcella esportata"_s : Format(int(Quante), u"#,##0") + u" parcelle esportate"_s) +
             u" in \""_s + NomeFile(File) + u"\"."_s,
-        vbInformation, TitoloMessaggio.toString());
+        File);
 }

@@ -227,12 +227,14 @@ void TestTrovaStato::esporta()
     Scegli(ListaStati(), int(FiltroStato::DaIncassare));
     const QString File = NuovaCartella() + u"due"_s;
     T->Voce.AttendiSalva(File);
-    T->Voce.Attendi(u"3 parcelle esportate in \"due.csv\"."_s);
+    T->Voce.Attendi(u"3 parcelle esportate in \"due.csv\"."_s, vbNo, u"Messaggio:"_s);
     if (DaTastiera)
         QTest::keyClick(Testo(), Qt::Key_E, Qt::ControlModifier);
     else
         Clic(Controllo(F.get(), "barTrova_csv"));
     QVERIFY(T->Voce.InizioDialogo().contains(u"Scadenzario "_s));
+    QCOMPARE(T->Voce.Ultimo().Bandiere,
+             vbYesNo + vbInformation + vbDefaultButton2);  // the folder's own button
     const QList<QByteArray> Righe = LeggiFile(File + u".csv"_s).split('\n');
     QCOMPARE(Righe.size(), 5);
     QVERIFY(Righe[0].startsWith("\xEF\xBB\xBF"
