@@ -1,5 +1,6 @@
 #include "feenote/modNumeraFattura.h"
 
+#include "core/impostazioni.h"
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
@@ -9,12 +10,28 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// The counter as it stands in the store: another program may have moved it since this one has started.
+void RileggiProgFatt()
+{
+    bool Intero = false;
+    const QString Testo =
+        GetSetting(NomeApplicazione.toString(), SezioneParametri.toString(), chiavi::ProgFatt.toString());
+    const int Conservato = Testo.trimmed().toInt(&Intero);
+    if (Intero && Conservato >= 0 && Conservato <= UltimoProgFatt)
+        sessione::ProgFatt = Conservato;
+}
+
+}  // namespace
+
 bool NumeraFattura(Parcella& Nota)
 {
     if (!Nota.DatiPar(DatoNumFatt).isEmpty() || !Nota.DatiPar(DatoDataFatt).isEmpty()) {
         MsgErrore(u"I campi Numero e Data fattura sono già valorizzati!"_s);
         return false;
     }
+    RileggiProgFatt();
     if (sessione::ProgFatt >= UltimoProgFatt) {
         MsgErrore(u"Il progressivo delle fatture è arrivato all'ultimo numero (%1)!\n"
                   "Correggerlo nelle impostazioni oppure indicare il numero a mano."_s.arg(UltimoProgFatt));
@@ -31,7 +48,7 @@ void AggiornaProgFatt()
     if (MsgBox(u"Procedo all'aggiornamento del progressivo?"_s, vbYesNo + vbQuestion,
                TitoloDomanda.toString()) != vbYes)
         return;
-    const int Nuovo = sessione::ProgFatt + 1;
-    SaveSetting(NomeApplicazione.toString(), SezioneParametri.toString(), u"ProgFatt"_s, CStr(Nuovo));
-    sessione::ProgFatt = Nuovo;
+    // Never back: a program beside this one may have gone further while the question stood.
+    sessione::ProgFatt = PortaNumero(NomeApplicazione.toString(), SezioneParametri.toString(),
+                                     chiavi::ProgFatt.toString(), sessione::ProgFatt + 1);
 }

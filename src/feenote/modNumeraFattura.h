@@ -6,12 +6,13 @@
 /// Largest number of an invoice: the counter is read back from a setting of 16 bits.
 constexpr int UltimoProgFatt = 32767;
 
-/// Number and date of the invoice from the counter and the day's date ("dd/mm/yyyy"); the note is then
-/// modified. A note that has either already, and a counter at its end, are told and stay as they are.
+/// Number and date of the invoice from the counter, as the settings hold it now, and the day's date
+/// ("dd/mm/yyyy"); the note is then modified. A note that has either already, and a counter at its end, are
+/// told and stay as they are.
 /// @return true when the note was numbered
 [[nodiscard]] bool NumeraFattura(Parcella& Nota);
 
-/// Asks whether the counter follows the number just proposed, and on yes stores it at once. Nothing ties it
-/// to the save of the note.
+/// Asks whether the counter follows the number just proposed, and on yes stores it at once; the counter
+/// of another program that has gone further meanwhile stays. Nothing ties it to the save of the note.
 /// @throws Errore 75 when the setting cannot be written; the counter is then as before
 void AggiornaProgFatt();

@@ -40,6 +40,9 @@ private Q_SLOTS:
     void accettato();
     void rifiutato();
     void impostazioniCheNonSiScrivono();
+    void dueProgrammi();
+    void deposito_data();
+    void deposito();
 };
 PROVA(TestNumeraFattura);
 
@@ -149,6 +152,48 @@ void TestNumeraFattura::impostazioniCheNonSiScrivono()
     Voce.Attendi(Domanda, vbYes);
     QCOMPARE(NumeroErrore([] { AggiornaProgFatt(); }), 75);
     QCOMPARE(sessione::ProgFatt, 41);
+}
+
+/// The other program numbers two invoices while this one runs, and one more while the question stands.
+void TestNumeraFattura::dueProgrammi()
+{
+    Registratore Voce;
+    const auto Altro = [](const QString& Numero) {
+        SaveSetting(u"KR5"_s, u"Parametri"_s, u"ProgFatt"_s, Numero);
+    };
+    sessione::ProgFatt = 5;
+    Altro(u"7"_s);
+    Parcella Nota;
+    QVERIFY(NumeraFattura(Nota));
+    QCOMPARE(Nota.DatiPar(DatoNumFatt), u"8"_s);
+    Altro(u"9"_s);
+    Voce.Attendi(Domanda, vbYes);
+    AggiornaProgFatt();
+    QCOMPARE(Salvato(), u"9"_s);
+    QCOMPARE(sessione::ProgFatt, 9);
+}
+
+void TestNumeraFattura::deposito_data()
+{
+    QTest::addColumn<QString>("Conservato");
+    QTest::addColumn<QString>("Numero");
+    QTest::newRow("begun anew elsewhere") << u"0"_s << u"1"_s;
+    QTest::newRow("blanks around") << u" 12 "_s << u"13"_s;
+    QTest::newRow("no number") << u"abc"_s << u"42"_s;
+    QTest::newRow("negative") << u"-3"_s << u"42"_s;
+    QTest::newRow("too large") << u"32768"_s << u"42"_s;
+    QTest::newRow("empty") << QString() << u"42"_s;
+}
+
+void TestNumeraFattura::deposito()
+{
+    QFETCH(QString, Conservato);
+    QFETCH(QString, Numero);
+    sessione::ProgFatt = 41;
+    SaveSetting(u"KR5"_s, u"Parametri"_s, u"ProgFatt"_s, Conservato);
+    Parcella Nota;
+    QVERIFY(NumeraFattura(Nota));
+    QCOMPARE(Nota.DatiPar(DatoNumFatt), Numero);
 }
 
 #include "TestNumeraFattura.moc"

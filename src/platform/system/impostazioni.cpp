@@ -8,6 +8,7 @@
 
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <functional>
 
 using namespace Qt::StringLiterals;
@@ -93,6 +94,21 @@ void SaveSettings(const QString& Applicazione, const QString& Sezione,
     } catch (const Errore& Guasto) {
         NonScritte(File, Guasto);
     }
+}
+
+int PortaNumero(const QString& Applicazione, const QString& Sezione, const QString& Chiave, int Almeno)
+{
+    const QString File = PercorsoImpostazioni(Applicazione);
+    int Ora = Almeno;
+    try {
+        Cambia(File, [&](const QByteArray& Prima) {
+            Ora = std::max(Almeno, ValoreDelDeposito(Prima, Sezione, Chiave).value_or(QString()).toInt());
+            return ConValoriNelDeposito(Prima, Sezione, {{Chiave, QString::number(Ora)}});
+        });
+    } catch (const Errore& Guasto) {
+        NonScritte(File, Guasto);
+    }
+    return Ora;
 }
 
 int PrendiNumero(const QString& Applicazione, const QString& Sezione, const QString& Chiave, int Massimo)

@@ -27,6 +27,12 @@ void SaveSetting(const QString& Applicazione, const QString& Sezione, const QStr
 void SaveSettings(const QString& Applicazione, const QString& Sezione,
                   const QList<std::pair<QString, QString>>& Valori);
 
+/// Brings a counter that the store holds under a key to a number, and never back: what another program has
+/// stored meanwhile, if it is larger, stays. A stored text that is no number gives way.
+/// @return the counter as it stands on the disk now
+/// @throws Errore 75 a store that cannot be read or written; the counter is then as before
+int PortaNumero(const QString& Applicazione, const QString& Sezione, const QString& Chiave, int Almeno);
+
 /// Takes the next number of a counter that the store holds under a key: it stands on the disk when this
 /// returns, and no two programs take the same one. A counter that is missing begins behind 0.
 /// @param Massimo the last number that it can give
