@@ -161,11 +161,13 @@ void AvvisaVersioneNuova(const Database& File, const MemoriaFile& Memoria)
             vbExclamation, TitoloAvvertenza.toString());
 }
 
-void CaricaTutto(Parcella& Nota, const QString& Percorso)
+void CaricaTutto(Parcella& Nota, const QString& Percorso, const std::function<void()>& Aperta)
 {
     // A note of Access is read from its copy, where its missing columns go too.
     const QString Nativo = CopiaNativa(Percorso);
     AggiornaSchema(Nativo);
+    if (Aperta)
+        Aperta();
     const Database File = OpenDatabase(Nativo, true);
     NotaLetta Letta{Nota};
     LeggiParametri(File, Letta);
@@ -227,7 +229,7 @@ void PretendiElenchi(const Decreto& Legge)
 
 }  // namespace
 
-void CaricaDati(Parcella& Nota, const QString& Percorso)
+void CaricaDati(Parcella& Nota, const QString& Percorso, const std::function<void()>& Aperta)
 {
     // The path may be that of this very record, which is emptied.
     const QString File = Percorso;  // NOLINT(performance-unnecessary-copy-initialization)
@@ -246,7 +248,7 @@ void CaricaDati(Parcella& Nota, const QString& Percorso)
     Nota.Pronta = false;  // the messages of the load must not compose half a note
     try {
         try {
-            CaricaTutto(Nota, File);
+            CaricaTutto(Nota, File, Aperta);
         } catch (const Errore& Guasto) {
             RiportaMancanza(Guasto, File);
         }

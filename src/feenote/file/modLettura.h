@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include <functional>
+
 class Database;
 
 /// Lines and payments that a file may hold; more is a damaged or hostile one.
@@ -19,9 +21,11 @@ constexpr int MassimoRigheFile = 100'000;
 /// the note is then unmodified. The read-only attribute of the file is as before on every way out.
 /// A note whose file keeps the numbers of its office and bracket opens without its reference database too:
 /// that is told, and its amounts are those of its lines.
+/// @param Aperta called once the file has what it lacked and before anything of it is read: a stamp that is
+/// taken then sees whatever somebody else saves while the messages wait
 /// @throws Errore when the file, or the reference database of any other note, cannot be opened or read: the
 /// note is then a new one without a path
-void CaricaDati(Parcella& Nota, const QString& Percorso);
+void CaricaDati(Parcella& Nota, const QString& Percorso, const std::function<void()>& Aperta = {});
 
 /// Makes a new note and reads parameters, lines and payments of a file into it, and nothing else: no message
 /// but of what its tariff lacks, no upgrade, no party looked up, no path, no password.

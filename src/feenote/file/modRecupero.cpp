@@ -129,12 +129,24 @@ QJsonObject LeggiLato(const QString& File)
     }
 }
 
+/// A time and a size as the side file holds them: numbers of JSON keep every millisecond and every byte.
+ImprontaNota LeggiImpronta(const QJsonObject& Dati)
+{
+    if (!Dati[u"FileMs"_s].isDouble() || !Dati[u"FileByte"_s].isDouble())
+        return {};
+    return {QDateTime::fromMSecsSinceEpoch(Dati[u"FileMs"_s].toInteger()), Dati[u"FileByte"_s].toInteger()};
+}
+
 CopiaRecupero Leggi(const QString& File)
 {
-    CopiaRecupero Trovata{File, {}, u"Nuova parcella"_s, QFileInfo(File).lastModified()};
+    CopiaRecupero Trovata;
+    Trovata.File = File;
+    Trovata.Nome = u"Nuova parcella"_s;
+    Trovata.Quando = QFileInfo(File).lastModified();
     const QJsonObject Dati = LeggiLato(File.chopped(TipoCopia.size()) + TipoLato);
     Trovata.Percorso = Dati[u"Percorso"_s].toString();
     Trovata.Nome = Dati[u"Nome"_s].toString(Trovata.Nome);
+    Trovata.Impronta = LeggiImpronta(Dati);
     Trovata.Ricalcolo = Dati[u"Ricalcolo"_s].toBool();
     return Trovata;
 }
@@ -159,14 +171,18 @@ void TogliResti(const QStringList& Vive)
 
 }  // namespace
 
-void AggiornaCopia(const Parcella& Nota, int Posto)
+void AggiornaCopia(const Parcella& Nota, int Posto, const ImprontaNota& Impronta)
 {
     if (sessione::UserFolder.isEmpty())
         return;
     CreaCartellaPrivata(Cartella());
     PrendiBloccoProprio();
-    const QJsonObject Dati{
+    QJsonObject Dati{
         {u"Percorso"_s, Nota.Percorso}, {u"Nome"_s, Nota.Nome}, {u"Ricalcolo"_s, Nota.RicalcoloNecessario}};
+    if (Impronta.Byte >= 0) {
+        Dati.insert(u"FileMs"_s, Impronta.Quando.toMSecsSinceEpoch());
+        Dati.insert(u"FileByte"_s, Impronta.Byte);
+    }
     ScriviFile(Radice(Posto) + TipoLato, QJsonDocument(Dati).toJson(), Lettori::SoloUtente);
     ScriviNota(Radice(Posto) + TipoCopia, Nota, false, Lettori::SoloUtente);
 }

@@ -4,6 +4,7 @@
 // side file beside it; a lock file tells the copies of living processes from those left behind.
 #pragma once
 
+#include "feenote/file/improntanota.h"
 #include "feenote/parcella.h"
 #include "platform/system/blocco.h"
 
@@ -18,6 +19,7 @@ struct CopiaRecupero
     QString Percorso;        ///< file of the note itself, empty when it was never saved
     QString Nome;            ///< as its window was captioned
     QDateTime Quando;        ///< last change that it holds
+    ImprontaNota Impronta;   ///< the note's file as the lost window knew it
     bool Ricalcolo = false;  ///< its parameters had changed and its lines were still to be recalculated
 
     friend bool operator==(const CopiaRecupero&, const CopiaRecupero&) = default;
@@ -26,8 +28,9 @@ struct CopiaRecupero
 /// Writes the copy of a note anew. The former copy stays until the new one is complete. A session without a
 /// user folder keeps no copies.
 /// @param Posto place of the note's window
+/// @param Impronta the note's file as it was read or written last
 /// @throws Errore as ScriviNota and CreaCartella; 70 when the folder refuses this process's lock
-void AggiornaCopia(const Parcella& Nota, int Posto);
+void AggiornaCopia(const Parcella& Nota, int Posto, const ImprontaNota& Impronta = {});
 
 /// Removes the copy of a place, if there is one. It cannot fail.
 void TogliCopia(int Posto);

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/posti.h"
+#include "feenote/file/improntanota.h"
 #include "feenote/modCronologia.h"
 #include "feenote/modStato.h"
 #include "feenote/parcella.h"
@@ -230,22 +231,13 @@ private:
     [[nodiscard]] bool InDomanda() const override { return DialogoAperto; }
     [[nodiscard]] QScopedValueRollback<bool> ApriDomanda() override;
 
-    /// How a file stood when it was read.
-    struct Impronta
-    {
-        QDateTime Quando;
-        qint64 Byte = -1;  ///< -1: no file
-
-        friend bool operator==(const Impronta&, const Impronta&) = default;
-    };
-    [[nodiscard]] static Impronta ImprontaDi(const QString& Percorso);
-
     int Posto;
     QString TitoloProprio;
     int NumeroNota = 0;
-    std::optional<Impronta> ImprontaMia;    ///< of the note's own file, as it was read or written last
-    std::optional<Impronta> ImprontaMulti;  ///< of the associated note; nothing: it was read from a window
-    QTimer TimerMulti;                      ///< runs while the partner is being changed
+    std::optional<ImprontaNota> ImprontaMia;  ///< of the note's own file, as it was read or written last
+    std::optional<ImprontaNota>
+        ImprontaMulti;  ///< of the associated note; nothing: it was read from a window
+    QTimer TimerMulti;  ///< runs while the partner is being changed
     QTimer TimerCopia;  ///< runs from the first change that the recovery copy does not hold
     qint64 DurataCopiaMs = 0;
     Recordset DirittiValori;  ///< open while the window lives, as it always was; no rule reads it

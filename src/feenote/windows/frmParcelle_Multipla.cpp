@@ -11,8 +11,6 @@
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
-#include <QFileInfo>
-
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -23,12 +21,6 @@ namespace {
 constexpr int PausaComposizioneMs = 400;
 
 }  // namespace
-
-frmParcelle::Impronta frmParcelle::ImprontaDi(const QString& Percorso)
-{
-    const QFileInfo File(PercorsoNativo(Percorso));
-    return File.exists() ? Impronta{File.lastModified(), File.size()} : Impronta{};
-}
 
 void frmParcelle::CollegaMulti()
 {
@@ -48,7 +40,7 @@ frmParcelle* frmParcelle::FinestraMulti() const
 
 bool frmParcelle::LeggiAssociata(const QString& Percorso, const frmParcelle* Aperta)
 {
-    const Impronta Ora = ImprontaDi(Percorso);  // a change during the reading is seen the next time
+    const ImprontaNota Ora = ImprontaDi(Percorso);  // a change during the reading is seen the next time
     bool Fatta = false;
     Protetta([&] {
         const ClessidraAccesa Occupato;
@@ -134,7 +126,7 @@ void frmParcelle::ControllaMulti()
         (void)PrendiDallaFinestra();
         return;
     }
-    const Impronta Ora = ImprontaDi(Nota.txtPathParcMult);
+    const ImprontaNota Ora = ImprontaDi(Nota.txtPathParcMult);
     if (ImprontaMulti == Ora)
         return;
     (void)LeggiAssociata(Nota.txtPathParcMult, nullptr);

@@ -73,7 +73,7 @@ void frmParcelle::DocumentoUscito()
 
 bool frmParcelle::TieniStato()
 {
-    const auto Immutata = [this] { return !ImprontaMia || *ImprontaMia == ImprontaDi(Nota.Percorso); };
+    const auto Immutata = [this] { return ImprontaMia == ImprontaDi(Nota.Percorso); };
     const EsitoStato Esito = ScriviSoloStato(Nota, Immutata);
     if (Esito == EsitoStato::Fallito)
         return false;

@@ -80,10 +80,10 @@ bool TariffeLeggibili(const Decreto& Legge)
 }
 
 /// Reads a note. A file that is something else says so by its name.
-void LeggiParcella(Parcella& Nota, const QString& Percorso)
+void LeggiParcella(Parcella& Nota, const QString& Percorso, const std::function<void()>& Aperta)
 {
     try {
-        CaricaDati(Nota, Percorso);
+        CaricaDati(Nota, Percorso, Aperta);
     } catch (const Errore& Guasto) {
         constexpr std::array NessunaParcella{errori::FormatoDatabase, errori::TabellaMancante,
                                              errori::ElementoMancante};
@@ -93,6 +93,13 @@ void LeggiParcella(Parcella& Nota, const QString& Percorso)
             throw;
         throw Errore(Guasto.Numero, NomeFile(Percorso) + u" non è una parcella di Calcanova"_s);
     }
+}
+
+/// A copy of a version that kept no stamp: a file no younger than the copy is the one that it was made from.
+ImprontaNota ImprontaDellaCopia(const CopiaRecupero& Copia)
+{
+    const ImprontaNota Ora = ImprontaDi(Copia.Percorso);
+    return Copia.Impronta.Byte < 0 && Ora.Quando <= Copia.Quando ? Ora : Copia.Impronta;
 }
 
 /// Pause after a copy, in times of what the last one took: those of a very long note stay a small part of the
@@ -120,9 +127,11 @@ bool frmParcelle::Carica(const QString& Percorso)
     TornaAllaBase();
     CambiaNota(true);
     const RapportiUnici UnaVolta;
-    const bool Letta = Protetta([&] { LeggiParcella(Nota, Percorso); });
+    ImprontaNota Trovata;
+    const bool Letta =
+        Protetta([&] { LeggiParcella(Nota, Percorso, [&] { Trovata = ImprontaDi(Percorso); }); });
     if (Letta)
-        ImprontaMia = ImprontaDi(Nota.Percorso);
+        ImprontaMia = Trovata;
     AdottaRiferimento(Nota);
     RilegaRighe();
     SetModificata(false);
@@ -175,6 +184,8 @@ void frmParcelle::Recupera(const CopiaRecupero& Trovata)
     TornaAllaBase();
     CambiaNota(true);
     const bool Letta = Protetta([&] { RecuperaNota(Nota, Trovata); });
+    if (Letta && !Nota.Percorso.isEmpty())
+        ImprontaMia = ImprontaDellaCopia(Trovata);
     AdottaRiferimento(Nota);
     RilegaRighe();
     SetModificata(Letta);
@@ -236,7 +247,7 @@ bool frmParcelle::SalvaSulPosto()
         return SalvaConNome();
     // Keys pressed by habit replace nothing that somebody else has saved since.
     const auto Consentita = [this] {
-        return !ImprontaMia || *ImprontaMia == ImprontaDi(Nota.Percorso) ||
+        return ImprontaMia == ImprontaDi(Nota.Percorso) ||
                MsgBox(u"La parcella %1 è stata cambiata da altri dopo che è stata aperta.\n"
                       u"Sostituirla con questa?"_s.arg(NomeFile(Nota.Percorso)),
                       vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString()) == vbYes;
@@ -411,7 +422,7 @@ bool frmParcelle::ScriviCopia()
 {
     TimerCopia.stop();
     try {
-        AggiornaCopia(Nota, Posto);
+        AggiornaCopia(Nota, Posto, ImprontaMia.value_or(ImprontaNota()));
         return true;
     } catch (const Errore&) {
         return false;  // a disk without room for the copy is no reason to stop the user's work

@@ -76,6 +76,8 @@ private Q_SLOTS:
     void uccisoRestaLaCopia();
     void recuperata();
     void recuperataConPercorso();
+    void recuperataESalvataDaAltri_data();
+    void recuperataESalvataDaAltri();
     void eliminata();
     void piuTardi();
     void copiaGuasta_data();
@@ -338,6 +340,44 @@ void TestRecupero::recuperataConPercorso()
     QCOMPARE(T->Voce.InizioDialogo(), Vera);
     QCOMPARE(Cliente(Vera), u"Rossi"_s);
     QVERIFY(Copie().isEmpty());
+}
+
+void TestRecupero::recuperataESalvataDaAltri_data()
+{
+    QTest::addColumn<bool>("DaAltri");
+    QTest::addColumn<bool>("ConImpronta");
+    QTest::newRow("a colleague has saved since") << true << true;
+    QTest::newRow("nobody has") << false << true;
+    QTest::newRow("a colleague, and a copy without a stamp") << true << false;
+    QTest::newRow("nobody, and a copy without a stamp") << false << false;
+}
+
+/// The window knows of its file what the lost one knew, so that keys pressed by habit ask as they would have
+/// there.
+void TestRecupero::recuperataESalvataDaAltri()
+{
+    QFETCH(bool, DaAltri);
+    QFETCH(bool, ConImpronta);
+    T->Voce.AttendiSalva(T->Ufficio.File(u"nota.mdb"_s));
+    T->Voce.Attendi(u"La parcella nota.mdb è stata salvata correttamente!"_s);
+    QVERIFY(F->SalvaParcella(false));
+    const QString File = F->Nota.Percorso;
+    Tocca();
+    QVERIFY(AspettaCopia());
+    if (!ConImpronta)
+        AggiornaCopia(F->Nota, 1);
+    LasciaRecupero();  // as if this process were gone
+    if (DaAltri)
+        ImpostaDataFile(File, DataFile(File).addSecs(60));
+    T->Voce.Attendi(Domanda(NoteDaRecuperare().first()), vbYes);
+    OffriRecupero();
+    auto* Recuperata = Parcelle(2);
+    QVERIFY(Recuperata && Recuperata->Nota.Percorso == File);
+    if (DaAltri)
+        T->Voce.Attendi(u"La parcella nota.mdb è stata cambiata da altri dopo che è stata aperta.\n"
+                        u"Sostituirla con questa?"_s,
+                        vbNo, u"Domanda:"_s);
+    QCOMPARE(Recuperata->SalvaSulPosto(), !DaAltri);
 }
 
 void TestRecupero::eliminata()

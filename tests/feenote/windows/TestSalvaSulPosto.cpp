@@ -36,6 +36,7 @@ private Q_SLOTS:
     void laProtettaChiede();
     void diSolaLettura();
     void cambiataDaAltriChiede();
+    void cambiataMentreSiApre();
     void nonSiScrive();
     void nomeCheIlDialogoRifiuta();
     void salvaConNomeAncheIntatta();
@@ -237,6 +238,32 @@ void TestSalvaSulPosto::cambiataDaAltriChiede()
     QCOMPARE(Cliente(File), u"Verdi"_s);
     Tocca(F, u"Neri"_s);
     QVERIFY(F->SalvaSulPosto());
+}
+
+/// A message of the opening waits until the user is back; what a colleague has saved meanwhile is not on
+/// screen.
+void TestSalvaSulPosto::cambiataMentreSiApre()
+{
+    const QString File = Salvata_(u"rossi.mdb"_s);
+    EseguiSu(File, u"UPDATE ParcellaParam SET IDCli=12345"_s);
+    const auto Mostra = Registratore::AlMostrare();
+    {
+        const QScopedValueRollback Collega(Registratore::AlMostrare(), std::function<void()>([&] {
+                                               EseguiSu(File,
+                                                        u"UPDATE ParcellaParam SET Cliente='Bianchi'"_s);
+                                               ImpostaDataFile(File, DataFile(File).addSecs(60));
+                                               Mostra();
+                                           }));
+        T->Voce.Attendi(u"Il cliente associato alla parcella non è stato trovato!"_s, vbOK, u"Errore:"_s);
+        F = T->Apri(File, 2);
+    }
+    QVERIFY(F);
+    Tocca(F, u"Verdi"_s);
+    T->Voce.Attendi(
+        u"La parcella rossi.mdb è stata cambiata da altri dopo che è stata aperta.\nSostituirla con questa?"_s,
+        vbNo, u"Domanda:"_s);
+    QVERIFY(!F->SalvaSulPosto());
+    QCOMPARE(Cliente(File), u"Bianchi"_s);
 }
 
 void TestSalvaSulPosto::nonSiScrive()
