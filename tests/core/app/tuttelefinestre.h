@@ -55,6 +55,7 @@ public:
         sessione::ParcellePath = SalvaUfficio();
         S->Preparata();
         sessione::ArchivioCliCon = Scena::AllestisciStudio();
+        sessione::UserFolder = Scena::Parametro(u"UserFolder"_s);  // documents are written there
         OpenDatabase(sessione::ArchivioCliCon)
             .Execute(u"INSERT INTO clienti (ID, Nominativo, Citta) VALUES (1, 'Bianchi Mario', 'Roma')"_s);
         RiempiApritori();
