@@ -92,7 +92,7 @@ void TestTastiGuida::tabella()
 {
     const TabellaDati Fatta = TabelleDi({})(u"tasti:frmParcelle"_s);
     QCOMPARE(Fatta.Righe.first(), (QStringList{u"Tasti"_s, u"Effetto"_s}));
-    QVERIFY(Fatta.Righe.contains(QStringList{u"Ctrl+Y, Ctrl+Maiusc+Z"_s, u"la ripete"_s}));
+    QVERIFY(Fatta.Righe.contains(QStringList{u"Ctrl+Y, Ctrl+Maiusc+Z"_s, u"ripete la modifica annullata"_s}));
     QCOMPARE(TabelleDi({})(u"tasti:ovunque"_s).Righe.size(), 3);
     // The two enters are one key in words.
     QVERIFY(TabelleDi({})(u"tasti:frmScheda"_s)
