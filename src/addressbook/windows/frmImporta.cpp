@@ -191,8 +191,8 @@ void frmImporta::MostraModo()
 {
     const bool DiParcelle = Scelto() == Parcelle;
     ui->lblFile->setText(DiParcelle ? u"Vecchia cartella:"_s : u"File:"_s);
-    ui->cmdSfoglia_0->setToolTip(DiParcelle ? u"Scegli la cartella delle vecchie parcelle"_s
-                                            : u"Scegli il file"_s);
+    ui->cmdSfoglia_0->setToolTip(DiParcelle ? u"Sceglie la cartella delle vecchie parcelle"_s
+                                            : u"Sceglie il file"_s);
     for (QWidget* Parte : std::array<QWidget*, 3>{ui->lblArrivo, ui->txtArrivo, ui->cmdSfoglia_1})
         Parte->setVisible(DiParcelle);
     for (QWidget* Parte : std::array<QWidget*, 2>{ui->lblAggiungiA, ui->fraTabella})

@@ -46,14 +46,14 @@ struct TastoRubrica
 
 constexpr int Invio = 0;
 constexpr std::array Tasti{
-    TastoRubrica{u"selez", u"select", u"Seleziona", u"Scegli il nominativo per la parcella (Invio)", Invio},
-    TastoRubrica{u"new", u"new", u"Nuovo", u"Inserisci un nominativo (Ins)", Qt::Key_Insert},
+    TastoRubrica{u"selez", u"select", u"Seleziona", u"Sceglie il nominativo per la parcella (Invio)", Invio},
+    TastoRubrica{u"new", u"new", u"Nuovo", u"Inserisce un nominativo (Ins)", Qt::Key_Insert},
     TastoRubrica{u"edit", u"rename", u"Modifica", u"Modifica il nominativo (F2)", Qt::Key_F2},
     TastoRubrica{u"view", u"view", u"Visualizza", u"Mostra la scheda del nominativo (doppio clic)", Invio},
     TastoRubrica{u"delete", u"delete", u"Elimina", u"Elimina il nominativo (Canc)", Qt::Key_Delete},
     TastoRubrica{u"search", u"search", u"Cerca", u"Cerca un nominativo per campo (Ctrl+F)",
                  int(Qt::CTRL) | Qt::Key_F},
-    TastoRubrica{u"rimetti", u"annulla", u"Rimetti", u"Rimetti il nominativo eliminato per ultimo (Ctrl+Z)",
+    TastoRubrica{u"rimetti", u"annulla", u"Rimetti", u"Rimette il nominativo eliminato per ultimo (Ctrl+Z)",
                  int(Qt::CTRL) | Qt::Key_Z},
     TastoRubrica{u"importa", u"importa", u"Importa",
                  u"Importa un archivio, un foglio di calcolo o una rubrica (Ctrl+I)",

@@ -48,9 +48,9 @@ struct TastoScheda
 
 constexpr std::array Tasti{
     TastoScheda{u"do", u"save", u"Salva", u"Salva la scheda (F10)"},
-    TastoScheda{u"undo", u"annulla", u"Annulla", u"Annulla le modifiche e chiudi"},
+    TastoScheda{u"undo", u"annulla", u"Annulla", u"Annulla le modifiche e chiude"},
     TastoScheda{u"print", u"print", u"Stampa", u"Stampa la scheda"},
-    TastoScheda{u"off", u"exit", u"Chiudi", u"Chiudi la scheda; le modifiche restano in sospeso"},
+    TastoScheda{u"off", u"exit", u"Chiudi", u"Chiude la scheda; le modifiche restano in sospeso"},
 };
 
 /// What cannot be typed into has the colour of the window around it.
@@ -163,7 +163,7 @@ bool frmScheda::Carica()
     for (const QStringView Chiave : {u"do", u"undo"})
         ui->barScheda->findChild<QAction*>(Chiave.toString())->setVisible(InScrittura());
     if (!InScrittura()) {
-        ui->barScheda->findChild<QAction*>(u"off"_s)->setToolTip(u"Chiudi la scheda (Esc)"_s);
+        ui->barScheda->findChild<QAction*>(u"off"_s)->setToolTip(u"Chiude la scheda (Esc)"_s);
         CollegaVicine();
     }
     aspetto::AssegnaMnemonici(ui->pagina);

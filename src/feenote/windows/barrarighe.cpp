@@ -34,7 +34,7 @@ struct TastoBarra
 };
 
 constexpr std::array TastiBarra{
-    TastoBarra{u"select", u"Inserisci la voce selezionata", &ComandiBarra::Inserisci},
+    TastoBarra{u"select", u"Inserisce la voce selezionata", &ComandiBarra::Inserisci},
     TastoBarra{u"info", u"Scheda informativa della voce", &ComandiBarra::Informa},
     TastoBarra{u"variaz", u"Modifica l'importo tra minimo e massimo", &ComandiBarra::Varia, false,
                &TastiRighe::Varia},
@@ -42,7 +42,7 @@ constexpr std::array TastiBarra{
     TastoBarra{u"copia", u"Copia le righe selezionate (Ctrl+C)", &ComandiBarra::Copia},
     TastoBarra{u"incolla", u"Incolla le righe copiate o tagliate (Ctrl+V)", &ComandiBarra::Incolla, false,
                &TastiRighe::Incolla},
-    TastoBarra{u"annulla", u"Rimetti le righe tagliate (Ctrl+Z)", &ComandiBarra::Annulla, false,
+    TastoBarra{u"annulla", u"Rimette le righe tagliate (Ctrl+Z)", &ComandiBarra::Annulla, false,
                &TastiRighe::Annulla},
     TastoBarra{u"help", u"Guida contestuale", &ComandiBarra::Aiuto, true, &TastiRighe::Aiuto},
 };
@@ -122,9 +122,9 @@ TastiRighe CostruisciBarraRighe(QToolBar* Barra, bool& InsUltima, const ComandiB
     Barra->addSeparator();
 
     auto* Modi = new QActionGroup(Barra);
-    AggiungiModo(Barra, Modi, InsUltima, true, u"lastrow"_s, u"Inserisci nell'ultima riga"_s,
+    AggiungiModo(Barra, Modi, InsUltima, true, u"lastrow"_s, u"Inserisce nell'ultima riga"_s,
                  u"Le nuove prestazioni saranno inserite nell'ultima riga!"_s);
-    AggiungiModo(Barra, Modi, InsUltima, false, u"currentrow"_s, u"Inserisci nella riga selezionata"_s,
+    AggiungiModo(Barra, Modi, InsUltima, false, u"currentrow"_s, u"Inserisce nella riga selezionata"_s,
                  u"Le nuove prestazioni saranno inserite nella riga selezionata!"_s);
     return Tenuti;
 }

@@ -36,12 +36,12 @@ BarraRicerca::BarraRicerca(QWidget* Padre) : QWidget(Padre), Campo(new QLineEdit
     Riga->setContentsMargins(aspetto::TraCampi, SpazioCorto, aspetto::TraCampi, SpazioCorto);
     Riga->setSpacing(SpazioCorto);
     Riga->addWidget(Campo, 1);
-    Indietro = Tasto(u"up"_s, u"Precedente"_s, u"Occorrenza precedente (Maiusc+F3)"_s);
-    Avanti = Tasto(u"down"_s, u"Successivo"_s, u"Occorrenza successiva (F3)"_s);
+    Indietro = Tasto(u"up"_s, u"Precedente"_s, u"Risultato precedente (Maiusc+F3)"_s);
+    Avanti = Tasto(u"down"_s, u"Successivo"_s, u"Risultato seguente (F3)"_s);
     Riga->addSpacing(SpazioCorto);
     Riga->addWidget(Conto);
     Riga->addStretch(1);
-    QToolButton* Chiudi = Tasto(u"chiudi"_s, {}, u"Chiudi la ricerca (Esc)"_s);
+    QToolButton* Chiudi = Tasto(u"chiudi"_s, {}, u"Chiude la ricerca (Esc)"_s);
 
     Collega(Campo, &QLineEdit::textChanged, this, [this](const QString& Nuovo) { Q_EMIT Cercato(Nuovo); });
     Collega(Indietro, &QToolButton::clicked, this, [this] { Q_EMIT Precedente(); });

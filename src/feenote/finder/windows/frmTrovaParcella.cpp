@@ -51,8 +51,8 @@ struct TastoTrova
 };
 
 constexpr std::array Tasti{
-    TastoTrova{u"selez", u"select", u"Seleziona", u"Scegli la parcella da associare (Invio)"},
-    TastoTrova{u"open", u"open", u"Apri", u"Apri la parcella (Invio)"},
+    TastoTrova{u"selez", u"select", u"Seleziona", u"Sceglie la parcella da associare (Invio)"},
+    TastoTrova{u"open", u"open", u"Apri", u"Apre la parcella (Invio)"},
     TastoTrova{u"rename", u"rename", u"Rinomina", u"Rinomina la parcella (F2)"},
     TastoTrova{u"delete", u"delete", u"Elimina", u"Elimina la parcella (Canc)"},
     TastoTrova{u"csv", u"esporta", u"Esporta CSV...",
