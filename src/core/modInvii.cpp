@@ -9,6 +9,8 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -25,20 +27,43 @@ bool NomeNostro(const QString& Nome)
     return Forma.match(Nome).hasMatch();
 }
 
-/// Where the user has put something beside the document, everything stays: he was sent there to work.
+/// What stands beside a document: its name, and how its file stood when it was complete.
+constexpr auto NomeSegno = ".inviato"_L1;
+constexpr qint64 MassimoSegno = 4096;
+
+QByteArray Stato(const QString& File)
+{
+    const QFileInfo Ora(File);
+    return QByteArray::number(Ora.size()) + ' ' + QByteArray::number(Ora.lastModified().toMSecsSinceEpoch());
+}
+
+/// Nothing of the user's stands there: he may have been sent to that folder to work. What a file manager
+/// hides in every folder that it shows is not his.
+bool NientAltro(const QString& Cartella, const QString& Nome)
+{
+    return std::ranges::all_of(NomiDentro(Cartella), [&Nome](const QString& Voce) {
+        return Voce == Nome || Voce == NomeSegno || Voce == u".directory";
+    });
+}
+
+/// A mark that has the name alone is that of a program which ended before the document was complete.
 void Svuota(const QString& Cartella)
 {
-    QStringList Nomi = NomiDeiFile(Cartella);
-    Nomi.removeIf([](const QString& Nome) { return Nome.startsWith(u'.'); });  // of the file manager
-    if (Nomi.size() == 1 && Nomi.first().endsWith(".pdf"_L1, Qt::CaseInsensitive))
-        ScartaFile(Cartella + Nomi.first());
+    const QList<QByteArray> Segno = LeggiFile(Cartella + NomeSegno, MassimoSegno).split('\n');
+    const QString Nome = QString::fromUtf8(Segno.first());
+    const QString File = Cartella + Nome;
+    const bool Nostro = Segno.size() < 2 || !EsisteFile(File) || Segno[1] == Stato(File);
+    if (Nome.isEmpty() || NomeFile(File) != Nome || !Nostro || !NientAltro(Cartella, Nome))
+        return;
+    ScartaFile(File);
+    ScartaFile(Cartella + u".directory"_s);
+    ScartaFile(Cartella + NomeSegno);
     ScartaCartella(Cartella);
 }
 
-}  // namespace
-
 QString NuovaCartellaInvio()
 {
+    CreaCartellaPrivata(CartellaDati());
     CreaCartellaPrivata(CartellaInvii());
     const QString Quando = Adesso().toString(u"yyyyMMdd-HHmmss"_s);
     // Two sent in one second, or by two programs, stand apart.
@@ -46,6 +71,17 @@ QString NuovaCartellaInvio()
         if (const QString Cartella = CartellaInvii() + Quando + u'-' + QString::number(Numero);
             CreaCartellaNuova(Cartella))
             return Barra(Cartella);
+}
+
+}  // namespace
+
+QString ScriviInvio(const QString& Nome, const std::function<void(const QString& File)>& Scrivi)
+{
+    const QString Cartella = NuovaCartellaInvio();
+    ScriviFile(Cartella + NomeSegno, Nome.toUtf8(), Lettori::SoloUtente);
+    Scrivi(Cartella + Nome);
+    ScriviFile(Cartella + NomeSegno, Nome.toUtf8() + '\n' + Stato(Cartella + Nome), Lettori::SoloUtente);
+    return Cartella + Nome;
 }
 
 void SpazzaInvii()
@@ -57,12 +93,16 @@ void SpazzaInvii()
     const qint64 Limite = Adesso().toMSecsSinceEpoch() - OreInvio * MsOra;
     try {
         ScorriCartella(CartellaInvii(), [Limite](VoceCartella&& Voce) {
-            if (Voce.Cartella && !Voce.Collegamento && Voce.Modificata <= Limite && NomeNostro(Voce.Nome))
-                Svuota(CartellaInvii() + Barra(Voce.Nome));
+            const bool Vecchia = Voce.Cartella && !Voce.Collegamento && Voce.Modificata <= Limite;
+            try {
+                if (Vecchia && NomeNostro(Voce.Nome))
+                    Svuota(CartellaInvii() + Barra(Voce.Nome));
+            } catch (const Errore&) {
+                // Without its mark a folder is nobody's to empty.
+            }
             return true;
         });
     } catch (const Errore&) {
         // A folder that cannot be read keeps what it holds; nobody waits for this.
     }
-    ScartaCartella(CartellaInvii());
 }

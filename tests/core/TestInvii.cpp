@@ -1,5 +1,6 @@
 // Files on their way to another program: nobody else reads them, and they do not stay.
 #include "core/modInvii.h"
+#include "platform/base/errore.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/orologio.h"
@@ -8,6 +9,8 @@
 
 #include <QDir>
 #include <QFileInfo>
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -23,6 +26,8 @@ private Q_SLOTS:
     void poiSeNeVanno();
     void senzaCartella();
     void unCollegamentoResta();
+    void maiFinito();
+    void cioCheEDellUtenteResta_data();
     void cioCheEDellUtenteResta();
     void laCartellaCollegataResta();
 
@@ -32,8 +37,13 @@ private:
     {
         InstallaOrologio([Ore] { return QDateTime::currentDateTime().addSecs(qint64(Ore * 3600)); });
     }
+    static QString Scritto(const QString& Nome = u"Fattura.pdf"_s)
+    {
+        return ScriviInvio(Nome, [](const QString& File) { ScriviFile(File, "%PDF"); });
+    }
     static QString Invii() { return CartellaDati() + u"invii/"_s; }
 };
+Q_DECLARE_METATYPE(std::function<void(const QString& Cartella)>)
 PROVA(TestInvii);
 
 void TestInvii::init()
@@ -43,31 +53,31 @@ void TestInvii::init()
 
 void TestInvii::soloDellUtente()
 {
-    const QString Cartella = NuovaCartellaInvio();
+    const QString Cartella = CartellaFile(Scritto());
     const QFile::Permissions Altri = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
                                      QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
     QCOMPARE(QFileInfo(Cartella).permissions() & Altri, QFile::Permissions());
-    QCOMPARE(QFileInfo(Invii()).permissions() & Altri, QFile::Permissions());
+    for (const QString& Sopra : {Invii(), CartellaDati()})
+        QCOMPARE(QFileInfo(Sopra).permissions() & Altri, QFile::Permissions());
 }
 
 void TestInvii::ciascunoLaSua()
 {
-    const QString Prima = NuovaCartellaInvio();
+    const QString Prima = CartellaFile(Scritto());
     QVERIFY(EsisteCartella(Prima));
-    const QString Seconda = NuovaCartellaInvio();
+    const QString Seconda = CartellaFile(Scritto());
     QVERIFY(Seconda != Prima);
     // A file in the way is passed by.
     const QDateTime Fermo = QDateTime::currentDateTime();
     InstallaOrologio([Fermo] { return Fermo.addDays(1); });
-    const QString Terza = NuovaCartellaInvio();
+    const QString Terza = CartellaFile(Scritto());
     ScriviFile(Terza.chopped(2) + u"2"_s, "x");
-    QVERIFY(NuovaCartellaInvio().endsWith(u"-3/"_s));
+    QVERIFY(CartellaFile(Scritto()).endsWith(u"-3/"_s));
 }
 
 void TestInvii::restanoUnOra()
 {
-    const QString File = NuovaCartellaInvio() + u"Fattura.pdf"_s;
-    ScriviFile(File, "%PDF");
+    const QString File = Scritto();
     Passano(0.9);
     SpazzaInvii();
     QVERIFY(EsisteFile(File));
@@ -75,19 +85,35 @@ void TestInvii::restanoUnOra()
 
 void TestInvii::poiSeNeVanno()
 {
-    const QString File = NuovaCartellaInvio() + u"Fattura.pdf"_s;
-    ScriviFile(File, "%PDF");
-    ScriviFile(CartellaFile(File) + u".directory"_s, "x");
+    const QString File = Scritto();
+    ScriviFile(CartellaFile(File) + u".directory"_s, "of the file manager");
     Passano(1.1);
-    const QString Nuovo = NuovaCartellaInvio() + u"Altra.pdf"_s;
-    ScriviFile(Nuovo, "%PDF");
-    ImpostaDataFile(Nuovo, Adesso());
+    const QString Nuovo = Scritto(u"Altra.pdf"_s);
+    QVERIFY(
+        QFile::setPermissions(CartellaFile(Nuovo), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    InstallaOrologio([Poi = QDateTime::currentDateTime().addSecs(3590)] { return Poi; });
     SpazzaInvii();
-    QVERIFY(!EsisteFile(File));
-    EliminaFile(CartellaFile(File) + u".directory"_s);
-    Passano(3);
+    QVERIFY(EsisteFile(File));
+    Passano(1.1);
     SpazzaInvii();
-    QVERIFY(!EsisteCartella(Invii()));
+    QVERIFY(!EsisteCartella(CartellaFile(File)));
+    QVERIFY(EsisteCartella(Invii()));
+}
+
+/// A program that was killed while it wrote has offered the document to nobody.
+void TestInvii::maiFinito()
+{
+    QString Percorso;
+    const auto Muore = [&Percorso](const QString& File) {
+        Percorso = File;
+        ScriviFile(File, "%P");
+        throw Errore(61);
+    };
+    QVERIFY_THROWS_EXCEPTION(Errore, (void)ScriviInvio(u"Fattura.pdf"_s, Muore));
+    QVERIFY(EsisteFile(Percorso));
+    Passano(5);
+    SpazzaInvii();
+    QVERIFY(!EsisteCartella(CartellaFile(Percorso)));
 }
 
 void TestInvii::senzaCartella()
@@ -109,29 +135,55 @@ void TestInvii::unCollegamentoResta()
     QVERIFY(EsisteFile(Altrove + u"mio.pdf"_s));
 }
 
+void TestInvii::cioCheEDellUtenteResta_data()
+{
+    using Mano = std::function<void(const QString& Cartella)>;
+    QTest::addColumn<Mano>("Lascia");
+    const auto Scrive = [](const QString& Nome) {
+        return Mano([Nome](const QString& Cartella) { ScriviFile(Cartella + Nome, "mio"); });
+    };
+    QTest::newRow("a signed copy beside it") << Scrive(u"Fattura firmata.pdf"_s);
+    QTest::newRow("notes") << Scrive(u"appunti.txt"_s);
+    QTest::newRow("a hidden file") << Scrive(u".mio"_s);
+    QTest::newRow("the document changed in place") << Scrive(u"Fattura.pdf"_s);
+    QTest::newRow("a folder") << Mano([](const QString& Cartella) { CreaCartella(Cartella + u"x"_s); });
+    QTest::newRow("a signed copy in its place") << Mano([](const QString& Cartella) {
+        EliminaFile(Cartella + u"Fattura.pdf"_s);
+        ScriviFile(Cartella + u"Fattura firmata.pdf"_s, "mio");
+    });
+    QTest::newRow("a mark that is gone")
+        << Mano([](const QString& Cartella) { EliminaFile(Cartella + u".inviato"_s); });
+    QTest::newRow("a mark that leads elsewhere") << Mano([](const QString& Cartella) {
+        ScriviFile(Invii() + u"mia.pdf"_s, "mio");
+        ScriviFile(Cartella + u".inviato"_s, "../mia.pdf");
+    });
+}
+
 /// He may have been sent there to attach the document by hand.
 void TestInvii::cioCheEDellUtenteResta()
 {
-    const QString Cartella = NuovaCartellaInvio();
-    ScriviFile(Cartella + u"Fattura.pdf"_s, "%PDF");
-    ScriviFile(Cartella + u"Fattura firmata.pdf"_s, "%PDF");
-    const QString Altra = NuovaCartellaInvio();
-    ScriviFile(Altra + u"appunti.txt"_s, "x");
+    QFETCH(std::function<void(const QString& Cartella)>, Lascia);
+    const QString Cartella = CartellaFile(Scritto());
+    Lascia(Cartella);
     CreaCartella(Invii() + u"mia"_s);
     ScriviFile(Invii() + u"mia/a.pdf"_s, "x");
+    const auto Contiene = [](const QString& Dove) {
+        return QDir(Dove).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    };
+    const QStringList Qui = Contiene(Cartella);
+    const QStringList Sopra = Contiene(Invii());
     Passano(5);
     SpazzaInvii();
-    for (const QString& File : {Cartella + u"Fattura.pdf"_s, Cartella + u"Fattura firmata.pdf"_s,
-                                Altra + u"appunti.txt"_s, Invii() + u"mia/a.pdf"_s})
-        QVERIFY2(EsisteFile(File), qPrintable(File));
+    QCOMPARE(Contiene(Cartella), Qui);
+    QCOMPARE(Contiene(Invii()), Sopra);
+    QVERIFY(EsisteFile(Invii() + u"mia/a.pdf"_s));
 }
 
 void TestInvii::laCartellaCollegataResta()
 {
     const QString Altrove = NuovaCartella();
     QVERIFY(QFile::link(Altrove.chopped(1), Invii().chopped(1)));
-    const QString File = NuovaCartellaInvio() + u"Fattura.pdf"_s;
-    ScriviFile(File, "%PDF");
+    const QString File = Scritto();
     Passano(5);
     SpazzaInvii();
     QVERIFY(EsisteFile(File));

@@ -139,7 +139,7 @@ void SchedaStampa::StampaParcella()
     if (Cornice.InDomanda() || Cornice.InDialogo([vp] { return PrintDialog(*vp); }) == 0)
         return;
     if (PrintDoc(*vp, Nota.Nome))
-        Cornice.DocumentoUscito();
+        Cornice.DocumentoUscito(Nota.cmbTipoStampa);
     ui->barPrint->MostraPagina();  // another paper may have given other pages
 }
 
@@ -147,14 +147,8 @@ void SchedaStampa::EsportaDocumento()
 {
     if (Cornice.InDomanda())
         return;
-    bool Scritto = false;
-    EsportaInWord(Cornice.Indice(), [&] {
-        auto Guasto = Componi();
-        Scritto = !Guasto;
-        return Guasto;
-    });
-    if (Scritto)
-        Cornice.DocumentoUscito();
+    if (EsportaInWord(Cornice.Indice(), [&] { return Componi(); }))
+        Cornice.DocumentoUscito(Nota.cmbTipoStampa);
 }
 
 void SchedaStampa::SalvaPdf()
@@ -166,7 +160,7 @@ void SchedaStampa::SalvaPdf()
     });
     if (File.isEmpty())
         return;
-    Cornice.DocumentoUscito();
+    Cornice.DocumentoUscito(Nota.cmbTipoStampa);
     MostraEsportato(u"Il documento "_s + NomeFile(File) + u" è stato salvato correttamente!"_s, File);
 }
 

@@ -1,12 +1,16 @@
 // How the document stands on its page and in the preview, and the mail that it leaves with.
 #include "feenote/windows/SchedaStampa.h"
 
+#include "core/modErrori.h"
 #include "core/parametri.h"
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/inviodocumento.h"
 #include "feenote/windows/ui_SchedaStampa.h"
 #include "platform/kit/collega.h"
 #include "platform/preview/vistastampa.h"
+
+#include <QPointer>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -69,12 +73,25 @@ void SchedaStampa::Invia()
 {
     if (Cornice.InDomanda())
         return;
-    const bool Partito = Cornice.InDialogo([this] {
-        const auto Scrivi = [this](const QString& File, const QString& Titolo) {
-            ui->vp->Pagine().ScriviPdf(File, Titolo);
-        };
-        return InviaDocumento(Nota, Nota.cmbTipoStampa, Scrivi);
-    });
-    if (Partito)
-        Cornice.DocumentoUscito();
+    const auto Scrivi = [this](const QString& File, const QString& Titolo) {
+        ui->vp->Pagine().ScriviPdf(File, Titolo);
+    };
+    const int Tipo = Nota.cmbTipoStampa;
+    const auto Partito = [Scheda = QPointer(this), Tipo, Numero = Cornice.Numero()] {
+        if (Scheda)
+            Scheda->Inviato(Tipo, Numero);
+    };
+    Cornice.InDialogo([&] { InviaDocumento(Nota, Tipo, Scrivi, Partito); });
+}
+
+/// The mail has opened, perhaps while the window asks something, or has another note by now.
+void SchedaStampa::Inviato(int Tipo, int Numero)
+{
+    constexpr int AttesaMs = 500;
+    if (Cornice.Numero() != Numero)
+        return;
+    if (Cornice.InDomanda())
+        QTimer::singleShot(AttesaMs, this, [this, Tipo, Numero] { Inviato(Tipo, Numero); });
+    else
+        Protetta([&] { Cornice.DocumentoUscito(Tipo); });
 }

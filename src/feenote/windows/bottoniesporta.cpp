@@ -38,7 +38,7 @@ void MostraInWord(int Indice)
 
 }  // namespace
 
-void EsportaInWord(int Indice, const std::function<std::optional<Errore>()>& Ricomponi)
+bool EsportaInWord(int Indice, const std::function<std::optional<Errore>()>& Ricomponi)
 {
     const QString File = FileDocumento(Indice);
     const QString Nome = SteloDocumento(Indice) + u".doc"_s;
@@ -59,7 +59,8 @@ void EsportaInWord(int Indice, const std::function<std::optional<Errore>()>& Ric
     else if (Esito)
         GestioneErrori(*Esito);
     else
-        MostraInWord(Indice);
+        return MostraInWord(Indice), true;
+    return false;
 }
 
 void AvviaEditor(int Indice)

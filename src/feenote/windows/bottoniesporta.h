@@ -11,7 +11,8 @@ struct Errore;
 /// it is not opened.
 /// @param Ricomponi the window's composition, which gives what AnteprimaConEsportazione did; a failure that
 ///        it throws is shown
-void EsportaInWord(int Indice, const std::function<std::optional<Errore>()>& Ricomponi);
+/// @return true when the document was brought up to date and handed on
+bool EsportaInWord(int Indice, const std::function<std::optional<Errore>()>& Ricomponi);
 
 /// The button "wp": opens the word-processor file in the alternative editor of the settings; nothing while
 /// there is none.

@@ -34,8 +34,10 @@ public:
     /// Composes the chosen document anew while its page is in view: something that it shows has changed.
     virtual void Ricomponi() = 0;
 
-    /// The document in view was printed, exported or sent: the note's state follows.
-    virtual void DocumentoUscito() = 0;
+    /// The note's document of this type was printed, exported or sent: the note's state follows.
+    virtual void DocumentoUscito(int Tipo) = 0;
+    /// A number that no other note of the session has, and a window without a note: 0.
+    [[nodiscard]] virtual int Numero() const = 0;
 
     /// Takes the user's last step back, and shows what came of it. @return false when there is none, or when
     /// it has put back what was cut

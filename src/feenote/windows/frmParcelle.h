@@ -83,7 +83,7 @@ public:
     void SetModificata(bool Valore);
     /// Serial number of the note in this window, another one for each that comes into any; 0 while there is
     /// none.
-    [[nodiscard]] int Numero() const { return NumeroNota; }
+    [[nodiscard]] int Numero() const override { return NumeroNota; }
     /// The answer of the address book: the word that it was asked with, and the row's values, the key first
     /// and the name second. The box of the first tab gets the focus while it is the one in use.
     void oRubrica_SelDone(const QString& Parent, const QVariantList& Valori);
@@ -226,7 +226,7 @@ private:
     void Ricomponi() override;
     [[nodiscard]] bool BaseValida() const override { return BaseVista; }
     bool AnnullaPasso() override;
-    void DocumentoUscito() override;
+    void DocumentoUscito(int Tipo) override;
     void SegnaRimessa() override { Storia.SegnaRimessa(); }
     [[nodiscard]] bool InDomanda() const override { return DialogoAperto; }
     [[nodiscard]] QScopedValueRollback<bool> ApriDomanda() override;

@@ -61,10 +61,10 @@ bool frmParcelle::RivediStato()
     return Cambiato;
 }
 
-void frmParcelle::DocumentoUscito()
+void frmParcelle::DocumentoUscito(int Tipo)
 {
     const bool Altro = Nota.Modificata;
-    if (!NotaInviata(Nota, Nota.cmbTipoStampa))
+    if (!NotaInviata(Nota, Tipo))
         return;
     if (Altro || !TieniStato())
         Cambiata();

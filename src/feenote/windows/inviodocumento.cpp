@@ -4,6 +4,7 @@
 #include "feenote/modLettera.h"
 #include "feenote/modNomiProposti.h"
 #include "platform/system/esportato.h"
+#include "platform/system/guasti.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
@@ -11,6 +12,9 @@
 
 #include <QApplication>
 #include <QTimer>
+
+#include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -86,19 +90,19 @@ QString NomeAllegato(const Parcella& Nota, int Tipo)
     return Nome.isEmpty() ? u"Documento"_s : Nome;
 }
 
-bool InviaDocumento(const Parcella& Nota, int Tipo,
-                    const std::function<void(const QString& File, const QString& Titolo)>& ScriviPdf)
+void InviaDocumento(const Parcella& Nota, int Tipo,
+                    const std::function<void(const QString& File, const QString& Titolo)>& ScriviPdf,
+                    std::function<void()> Partito)
 {
     const QString Nome = NomeAllegato(Nota, Tipo);
-    const QString File = NuovaCartellaInvio() + Nome + u".pdf"_s;
-    {
+    const QString File = ScriviInvio(Nome + u".pdf"_s, [&](const QString& Percorso) {
         const ClessidraAccesa Attesa;
-        ScriviPdf(File, Nome);
-    }
+        ScriviPdf(Percorso, Nome);
+    });
     const QString Programma = TrovaProgramma(Posta);
     if (Programma.isEmpty()) {
         OffriCartella(u"Su questo computer manca "_s + Posta + u", che apre il programma di posta."_s, File);
-        return false;
+        return;
     }
     // Mail programs part what they are handed at these signs, and would attach nothing.
     if (File.contains(u'\'') || File.contains(u',')) {
@@ -106,9 +110,14 @@ bool InviaDocumento(const Parcella& Nota, int Tipo,
             u"Il percorso dei dati dell'utente contiene un apostrofo o una virgola, che i programmi di "
             u"posta non accettano."_s,
             File);
-        return false;
+        return;
     }
-    const auto AllaFine = [File, Avviata = Adesso()](int Esito) {
+    const auto UnaVolta = [Fatto = std::make_shared<bool>(false), Partito = std::move(Partito)](bool Bene) {
+        if (!std::exchange(*Fatto, true) && Bene)
+            Partito();
+    };
+    const auto AllaFine = [File, UnaVolta, Avviata = Adesso()](int Esito) {
+        UnaVolta(Esito == 0);
         if (Esito != 0 && AncoraAtteso(Avviata))
             OffriQuandoSiPuo(u"Il programma di posta non si è aperto (codice %1)."_s.arg(Esito), File);
     };
@@ -116,7 +125,7 @@ bool InviaDocumento(const Parcella& Nota, int Tipo,
     if (!Scritta.Escluso.isEmpty())
         MsgBox(Scritta.Escluso, vbOKOnly + vbInformation, TitoloAvvertenza.toString());
     if (SeguiProgramma(Programma, ArgomentiDi(Scritta, File), AllaFine) == 0)
-        return true;
-    OffriCartella(u"Il programma di posta non si è aperto."_s, File);
-    return false;
+        QTimer::singleShot(guasti::AttesaPostaMs, qApp, [UnaVolta] { UnaVolta(true); });
+    else
+        OffriCartella(u"Il programma di posta non si è aperto."_s, File);
 }

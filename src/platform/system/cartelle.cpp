@@ -114,6 +114,12 @@ QStringList NomiDeiFile(const QString& Cartella, const QString& Fine)
                    QDir::Name | QDir::IgnoreCase | QDir::LocaleAware);
 }
 
+QStringList NomiDentro(const QString& Cartella)
+{
+    return QDir(PercorsoNativo(Cartella))
+        .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
+}
+
 void EliminaFile(const QString& Percorso)
 {
     const QString Nativo = PercorsoNativo(Percorso);

@@ -29,6 +29,10 @@ bool ScorriCartella(const QString& Cartella, const std::function<bool(VoceCartel
 /// reader. None of a folder that is not there or cannot be read.
 [[nodiscard]] QStringList NomiDeiFile(const QString& Cartella, const QString& Fine = {});
 
+/// Names of whatever stands in a folder: files, folders, links that lead nowhere, hidden or not. None of a
+/// folder that is not there or cannot be read.
+[[nodiscard]] QStringList NomiDentro(const QString& Cartella);
+
 /// Deletes a file. @throws Errore 53 there is none, 75 its folder or the system refuses; it is then as it was
 void EliminaFile(const QString& Percorso);
 

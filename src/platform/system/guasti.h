@@ -52,4 +52,8 @@ inline int AttesaTurnoMs = 3000;
 /// How long a change of a note may wait for its recovery copy, in milliseconds.
 inline int AttesaCopiaMs = 2000;
 
+/// How long what opens a mail must stand for the mail to count as open: without a mail program it ends at
+/// once.
+inline int AttesaPostaMs = 10'000;
+
 }  // namespace guasti

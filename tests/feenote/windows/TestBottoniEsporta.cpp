@@ -18,9 +18,9 @@ const QString InUso =
     u"aggiornato.\nChiudere il documento e riprovare."_s;
 const QString NonTrovato = u"Attenzione, il documento rossi.doc non è stato trovato!"_s;
 
-void Word(Banco& B)
+bool Word(Banco& B)
 {
-    EsportaInWord(1, [&B] { return B.Componi(); });
+    return EsportaInWord(1, [&B] { return B.Componi(); });
 }
 
 }  // namespace
@@ -47,7 +47,7 @@ void TestBottoniEsporta::word()
 {
     Banco B;
     Registratore Voce;
-    Word(B);
+    QVERIFY(Word(B));
     QCOMPARE(B.Aperti, QStringList{B.File()});
     QVERIFY(EsisteFile(B.File()));
     QCOMPARE(B.Puntatore, u"+-"_s);
@@ -71,7 +71,7 @@ void TestBottoniEsporta::senzaWordDiceDove()
                  "Il documento rossi.doc è stato scritto nella cartella "_s +
                      CartellaFile(B.File()),
                  Risposta, u"Messaggio:"_s);
-    Word(B);
+    QVERIFY(Word(B));
     QCOMPARE(B.Aperti,
              Risposta == vbYes ? QStringList({B.File(), CartellaFile(B.File())}) : QStringList{B.File()});
 }
@@ -99,7 +99,7 @@ void TestBottoniEsporta::wordInUso()
     const bool Rifiutato = Protetto || Aperto;
     if (Rifiutato)
         Voce.Attendi(InUso, vbOK, u"Errore:"_s);
-    Word(B);
+    QCOMPARE(Word(B), !Rifiutato);
     ImpostaSolaLettura(B.File(), false);
     // The preview is as it was, and nothing is opened.
     QCOMPARE(B.vp.Contenuto().Blocchi.empty(), Rifiutato);
@@ -114,7 +114,7 @@ void TestBottoniEsporta::wordMancante()
     Registratore Voce;
     ScriviFile(sessione::UserFolder + u"doc"_s, "no folder");
     Voce.Attendi(NonTrovato, vbOK, u"Errore:"_s);
-    Word(B);
+    QVERIFY(!Word(B));
     QVERIFY(B.Aperti.isEmpty());
     QCOMPARE(B.Puntatore, u"+-"_s);
 }
@@ -127,7 +127,7 @@ void TestBottoniEsporta::wordNonAggiornato()
     ScriviFile(B.File(), "vecchio");
     guasti::LimiteFile = 20;
     Voce.Attendi(u"Errore: "_s + DescrizioneErrore(61) + u" (61)"_s);
-    Word(B);
+    QVERIFY(!Word(B));
     QVERIFY(B.Aperti.isEmpty());
     QCOMPARE(LeggiFile(B.File()), "vecchio"_ba);
 }
@@ -139,7 +139,7 @@ void TestBottoniEsporta::wordComposizioneFallita()
     CreaCartella(sessione::UserFolder + u"doc"_s);
     ScriviFile(B.File(), "vecchio");
     Voce.Attendi(u"Errore: "_s + DescrizioneErrore(13) + u" (13)"_s);
-    EsportaInWord(1, []() -> std::optional<Errore> { throw Errore(13); });
+    QVERIFY(!EsportaInWord(1, []() -> std::optional<Errore> { throw Errore(13); }));
     QVERIFY(B.Aperti.isEmpty());
     QVERIFY(B.Puntatore.endsWith(u'-'));
 }

@@ -5,11 +5,13 @@
 #include "feenote/windows/inviodocumento.h"
 #include "platform/kit/shell_qt.h"
 #include "platform/system/cartelle.h"
+#include "platform/system/guasti.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
@@ -23,6 +25,7 @@ private Q_SLOTS:
     void daTastiera();
     void laNotaRisultaInviata_data();
     void laNotaRisultaInviata();
+    void laRispostaTrovaUnAltraNota();
     void nomiDiOgniGenere();
     void indirizzoDelCliente_data();
     void indirizzoDelCliente();
@@ -128,32 +131,54 @@ void TestInvio::daTastiera()
 void TestInvio::laNotaRisultaInviata_data()
 {
     QTest::addColumn<int>("Tipo");
-    QTest::addColumn<bool>("ConProgramma");
+    QTest::addColumn<QByteArray>("Programma");
     QTest::addColumn<QString>("Stato");
-    QTest::newRow("un preventivo") << int(StampaPreventivo) << true << u"Stato: inviata"_s;
-    QTest::newRow("una fattura") << int(StampaFatturaAnalitica) << true << u"Stato: fatturata"_s;
-    QTest::newRow("un contratto") << int(StampaContratto) << true << u"Stato: bozza"_s;
-    QTest::newRow("senza programma di posta") << int(StampaPreventivo) << false << u"Stato: bozza"_s;
+    const QByteArray Bene("exit 0\n");
+    QTest::newRow("un preventivo") << int(StampaPreventivo) << Bene << u"Stato: inviata"_s;
+    QTest::newRow("una fattura") << int(StampaFatturaAnalitica) << Bene << u"Stato: fatturata"_s;
+    QTest::newRow("un contratto") << int(StampaContratto) << Bene << u"Stato: bozza"_s;
+    QTest::newRow("senza programma") << int(StampaPreventivo) << QByteArray() << u"Stato: bozza"_s;
+    QTest::newRow("nessuna posta installata")
+        << int(StampaPreventivo) << QByteArray("exit 3\n") << u"Stato: bozza"_s;
+    QTest::newRow("si rompe") << int(StampaPreventivo) << QByteArray("kill -9 $$\n") << u"Stato: bozza"_s;
+    QTest::newRow("la posta resta aperta")
+        << int(StampaPreventivo) << QByteArray("exec /bin/sleep 2\n") << u"Stato: inviata"_s;
 }
 
 /// As after print: what has left leads the state on; where no mail opened, nothing has left.
 void TestInvio::laNotaRisultaInviata()
 {
     QFETCH(int, Tipo);
-    QFETCH(bool, ConProgramma);
+    QFETCH(QByteArray, Programma);
+    QFETCH(QString, Stato);
+    const QScopedValueRollback Breve(guasti::AttesaPostaMs, 600);
     Riempi(2);
     Documento(Tipo);
     F->SetModificata(false);
     const auto* Bottone = Controllo<QToolButton>(F, "cmdStato");
     QCOMPARE(Bottone->text(), u"Stato: bozza"_s);
-    if (ConProgramma) {
-        Installa();
-    } else {
-        T->Voce.Tollera();
-    }
+    if (!Programma.isEmpty())
+        Installa(Programma);
+    T->Voce.Tollera();
     InviaSubito();
-    QTEST(Bottone->text(), "Stato");
-    QCOMPARE(F->Nota.Modificata, Bottone->text() != u"Stato: bozza");
+    QTRY_COMPARE(Bottone->text(), Stato);
+    QTest::qWait(Programma == "exit 0\n" ? 0 : 2 * guasti::AttesaPostaMs);
+    QCOMPARE(Bottone->text(), Stato);
+    QCOMPARE(F->Nota.Modificata, Stato != u"Stato: bozza");
+}
+
+/// The answer comes when the window may have another note, or ask something.
+void TestInvio::laRispostaTrovaUnAltraNota()
+{
+    const QScopedValueRollback Breve(guasti::AttesaPostaMs, 100);
+    Riempi(2);
+    Documento(StampaPreventivo);
+    Installa("exec /bin/sleep 1\n");
+    InviaSubito();
+    F->Nuova({});
+    QTest::qWait(3 * guasti::AttesaPostaMs);
+    QCOMPARE(F->Nota.Stato.Stato, StatoNota::Bozza);
+    QVERIFY(!F->Nota.Modificata);
 }
 
 /// What a user has written goes as it is, in one argument each, and none becomes an option or a command.
