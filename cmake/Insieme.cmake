@@ -1,21 +1,26 @@
 # Writes a source that includes some classes of tests, each in a namespace of its own: two files may call their helpers
 # alike. Their headers come first, outside of it.
 #
-#   cmake -DFONTI=<a;b> -DRADICE=<folder of the tests> -DFUORI=<what keeps one out> -DFILE=<source> -P Insieme.cmake
+#   cmake -DFONTI=<a;b> -DRADICE=<folder that paths begin at> -DFILE=<source> -P Insieme.cmake
+include(${CMAKE_CURRENT_LIST_DIR}/FuoriDaInsieme.cmake)
+
 set(Intestazioni "")
 set(Classi "")
 foreach(Fonte ${FONTI})
     get_filename_component(Cartella ${Fonte} DIRECTORY)
     get_filename_component(Classe ${Fonte} NAME_WE)
     file(RELATIVE_PATH Nome ${RADICE} ${Fonte})
-    file(RELATIVE_PATH Sotto ${RADICE} ${Cartella})
-    file(STRINGS ${Fonte} Righe REGEX "^#include")
-    file(STRINGS ${Fonte} Fuori REGEX "${FUORI}")
+    string(REGEX REPLACE "[^/]+$" "" Sotto ${Nome})
+    file(STRINGS ${Fonte} Righe REGEX "^#include|^Q_DECLARE_METATYPE")
+    fuori_da_insieme(${Fonte} Fuori)
+    set(Dichiara FALSE)
     foreach(Riga ${Righe})
-        if(NOT Riga MATCHES "\\.moc\"")
+        if(Riga MATCHES "^Q_DECLARE")
+            set(Dichiara TRUE)
+        elseif(NOT Riga MATCHES "\\.moc\"")
             string(REGEX MATCH "\"([^\"]+)\"" Trovata "${Riga}")
             if(Trovata AND EXISTS ${Cartella}/${CMAKE_MATCH_1})
-                set(Riga "#include \"${Sotto}/${CMAKE_MATCH_1}\"")
+                set(Riga "#include \"${Sotto}${CMAKE_MATCH_1}\"")
             endif()
             list(APPEND Intestazioni "${Riga}")
         endif()
@@ -23,7 +28,13 @@ foreach(Fonte ${FONTI})
     if(Fuori)
         string(APPEND Classi "#include \"${Nome}\"\n")
     else()
-        string(APPEND Classi "namespace di_${Classe} {\n#include \"${Nome}\"\n}\n")
+        set(Spazio di_${Classe})
+        if(Dichiara)
+            # The toolkit hears of a type outside of any namespace: this one is left for it.
+            string(APPEND Classi "#undef Q_DECLARE_METATYPE\n#define Q_DECLARE_METATYPE(Tipo) "
+                "} Q_DECLARE_METATYPE_IMPL(${Spazio}::Tipo) namespace ${Spazio} {\n")
+        endif()
+        string(APPEND Classi "namespace ${Spazio} {\n#include \"${Nome}\"\n}\n")
     endif()
 endforeach()
 list(REMOVE_DUPLICATES Intestazioni)

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void unNomeDiceUnaCosaSola();
     void nessunaStanzaTieneUnDecimo();
     void leProveSeguonoLeStanze();
+    void nessunaProvaDietroUnaCondizione();
 
     void unaSondaSiScopre_data();
     void unaSondaSiScopre();
@@ -31,6 +32,7 @@ private Q_SLOTS:
     void ogniDichiarazioneConta();
     void unaFrecciaInSuSiScopre();
     void unaStanzaGrandeSiScopre();
+    void laProvaCondizionataSiScopre();
 
 private:
     Casa Vera;
@@ -133,6 +135,11 @@ void TestArchitettura::leProveSeguonoLeStanze()
     }
     Estranee.removeDuplicates();
     Nessuna(Estranee);
+}
+
+void TestArchitettura::nessunaProvaDietroUnaCondizione()
+{
+    Nessuna(ProveCondizionate(FileDiProva(QString())));
 }
 
 void TestArchitettura::unaSondaSiScopre_data()
@@ -294,6 +301,18 @@ void TestArchitettura::unaStanzaGrandeSiScopre()
     QCOMPARE(StanzeTroppoGrandi(Piccola).size(), 3);
     Scrivi(Piccola.Radice + u"conti/windows/lungo.h"_s, QByteArray("\n").repeated(3000));
     QVERIFY(StanzeTroppoGrandi(Piccola).filter(u"conti/windows holds 3003 of "_s).size() == 1);
+}
+
+void TestArchitettura::laProvaCondizionataSiScopre()
+{
+    const QString Cartella = NuovaCartella();
+    const QByteArray Classe = "class TestX : public QObject\n{\n    Q_OBJECT\n";
+    Scrivi(Cartella + u"TestIntera.cpp"_s,
+           "#ifdef A\nint A;\n#endif\n" + Classe + "};\n#ifdef B\nint B;\n#endif\n");
+    QCOMPARE(ProveCondizionate(Cartella), QStringList());
+    Scrivi(Cartella + u"TestFunzione.cpp"_s, Classe + "#ifdef A\n    void a();\n#endif\n};\n");
+    Scrivi(Cartella + u"TestTutta.cpp"_s, "#ifdef A\n" + Classe + "};\n#endif\n");
+    QCOMPARE(ProveCondizionate(Cartella).size(), 2);
 }
 
 #include "TestArchitettura.moc"

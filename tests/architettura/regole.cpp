@@ -250,6 +250,36 @@ QStringList NomiDoppi(const Casa& Questa)
     return Frasi;
 }
 
+QStringList ProveCondizionate(const QString& Cartella)
+{
+    static const QRegularExpression Membro(
+        u"^ {4}[^ #{}/]"_s);  // what stands deeper is the body of a function
+    QStringList Frasi;
+    QDirIterator Cammino(Cartella, {u"Test*.cpp"_s}, QDir::Files, QDirIterator::Subdirectories);
+    while (Cammino.hasNext()) {
+        const QString File = Cammino.next();
+        const QStringList Testo = Righe(File);
+        int Aperte = 0;
+        bool NellaClasse = false;
+        for (qsizetype i = 0; i < Testo.size(); ++i) {
+            if (Testo[i].startsWith(u"#if"))
+                ++Aperte;
+            else if (Testo[i].startsWith(u"#endif"))
+                --Aperte;
+            else if (Testo[i].startsWith(u"};"))
+                NellaClasse = false;
+            else if (Testo[i].trimmed() == u"Q_OBJECT")
+                NellaClasse = true;
+            if (NellaClasse && Aperte > 0 && Membro.match(Testo[i]).hasMatch()) {
+                Frasi += u"%1:%2: a class of tests stands behind no condition and holds none"_s.arg(File).arg(
+                    i + 1);
+                break;
+            }
+        }
+    }
+    return Frasi;
+}
+
 QStringList StanzeTroppoGrandi(const Casa& Questa)
 {
     QMap<QString, qsizetype> QuanteRighe;

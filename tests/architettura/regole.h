@@ -43,5 +43,10 @@ struct Casa
 /// would mean the other one.
 [[nodiscard]] QStringList NomiDoppi(const Casa& Questa);
 
+/// Classes of tests, in a folder and those below it, that stand behind a condition of the preprocessor or
+/// hold one: the meta-object compiler reads them without their headers, so it might pass their functions over
+/// unseen.
+[[nodiscard]] QStringList ProveCondizionate(const QString& Cartella);
+
 /// Rooms with more than a tenth of the lines of all.
 [[nodiscard]] QStringList StanzeTroppoGrandi(const Casa& Questa);
