@@ -44,7 +44,7 @@ QString Cella(QStringView Marca, const QString& Testo, bool Destra, int Percento
         .arg(Testo.toHtmlEscaped());
 }
 
-QString Tavola(const TabellaDati& Dati)
+QString TavolaHtml(const TabellaDati& Dati)
 {
     const double Totale = std::accumulate(Dati.LarghezzeCm.begin(), Dati.LarghezzeCm.end(), 0.0);
     QString Fatta = u"<table border=\"1\" cellspacing=\"0\" cellpadding=\"6\" width=\"100%\">\n"_s;
@@ -86,7 +86,7 @@ public:
             Fatto += u"<li>%1</li>\n"_s.arg(Html(Blocco.Parole));
             break;
         case Genere::Tabella:
-            Fatto += Tavola(Blocco.Dati);
+            Fatto += TavolaHtml(Blocco.Dati);
             break;
         }
     }
