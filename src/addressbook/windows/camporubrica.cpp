@@ -4,7 +4,6 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
-#include "platform/kit/suggerimento.h"
 
 #include <QAction>
 #include <QFocusEvent>
@@ -98,7 +97,7 @@ void CampoRubrica::Mostra(int Chiave, const QString& Nome)
         Frase += u"\nPer scollegarlo c'è il menu del pulsante di modifica."_s;
     // A screen reader says it of the box; the mark itself is reached by the mouse alone.
     Box->setAccessibleDescription(Frase);
-    Segno->setToolTip(AllaLettera(Frase));
+    Segno->setToolTip(Frase);
 }
 
 // ---- the names

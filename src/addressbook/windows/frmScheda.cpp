@@ -10,7 +10,6 @@
 #include "platform/kit/trattieni.h"
 
 #include "addressbook/windows/ui_frmScheda.h"
-#include "platform/kit/suggerimento.h"
 
 #include <QAction>
 #include <QLabel>
@@ -346,7 +345,7 @@ void frmScheda::MostraAvvisi()
     QString Primo;
     for (const Coppia& Di : Coppie) {
         const QString Avviso = AvvisoScheda(Di.Colonna.Name, Di.Testo());
-        Di.Box()->setToolTip(AllaLettera(Avviso));
+        Di.Box()->setToolTip(Avviso);
         if (Di.Segno)
             Di.Segno->setVisible(!Avviso.isEmpty());
         if (!Avviso.isEmpty() && (Primo.isEmpty() || Di.Box()->hasFocus()))

@@ -27,7 +27,6 @@
 #include "platform/system/shell.h"
 
 #include "core/desktop/ui_frmStudio.h"
-#include "platform/kit/suggerimento.h"
 
 #include <QCloseEvent>
 #include <QMenu>
@@ -387,7 +386,7 @@ void frmStudio::DrawNewIcon(const QString& Etichetta, const QString& Destinazion
     // A picture that is gone, or is none, leaves the program's own drawing.
     Icona->ImpostaIcona(aspetto::Icona(ELink(Destinazione) ? u"link"_s : u"open"_s));
     Icona->ImpostaFigura(QPixmap(FileFigura(Figura)));
-    Icona->setToolTip(AllaLettera(u"Icona personale: "_s + Etichetta));
+    Icona->setToolTip(u"Icona personale: "_s + Etichetta);
     Icona->setAccessibleDescription(Destinazione);
     Icona->setContextMenuPolicy(Qt::CustomContextMenu);
     Collega<QWidget>(Icona, &QWidget::customContextMenuRequested, this,

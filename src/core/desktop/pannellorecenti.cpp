@@ -187,7 +187,7 @@ void PannelloRecenti::Aggiorna()
         Voce->setData(SecondaRiga(Nota), RuoloSpecie);
         Voce->setData(Nota.Data.toString(u"dd/MM/yyyy"_s), RuoloData);
         Voce->setData(FraseRecente(Nota), Qt::AccessibleTextRole);
-        Voce->setToolTip(AllaLettera(Nota.Percorso));
+        Voce->setToolTip(Nota.Percorso);
         Righe->appendRow(Voce);
     }
     if (!Note.isEmpty())

@@ -3,7 +3,6 @@
 #include "core/aperture.h"
 #include "platform/base/regionale.h"
 #include "platform/kit/collega.h"
-#include "platform/kit/suggerimento.h"
 #include "platform/system/aparte.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
@@ -57,7 +56,7 @@ void AggiungiVoce(QMenu* Tendina, const NotaRecente& Nota, int Numero, bool (*Pr
         u"%1 €   %2"_s.arg(Format(Nota.Netto, u"#,##0.00"), Nota.Data.toString(u"dd/MM/yyyy"_s));
     QAction* Voce = Tendina->addAction(u"&%1  %2\t%3"_s.arg(Cifra, ChiECosa(Tendina, Nota), Destra));
     Voce->setObjectName(u"recente_"_s + QString::number(Numero));
-    Voce->setToolTip(AllaLettera(Nota.Percorso));
+    Voce->setToolTip(Nota.Percorso);
     Voce->setProperty(Recente, true);
     Collega(Voce, &QAction::triggered, Tendina, [Nota, Prima] {
         if (!Prima || Prima())

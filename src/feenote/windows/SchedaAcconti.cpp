@@ -118,7 +118,7 @@ QString DettagliMultipla(const Parcella& Nota)
         Righe.append(u"Oggetto: "_s + Altra.Oggetto);
     Righe.append(u"Totale: "_s + TestoImporto(Altra.TotSpeseImp + Altra.TotOnorari + Altra.TotSpeseEsenti));
     Righe.append(u"Click o Ctrl+Invio per aprirla, Canc per togliere l'associazione"_s);
-    return u"<p style='white-space:pre'>"_s + Righe.join(u'\n').toHtmlEscaped() + u"</p>"_s;
+    return Righe.join(u'\n');
 }
 
 }  // namespace

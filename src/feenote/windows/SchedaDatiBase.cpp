@@ -13,6 +13,7 @@
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/scelta.h"
+#include "platform/kit/suggerimento.h"
 
 #include <QButtonGroup>
 #include <QFocusEvent>
@@ -63,8 +64,8 @@ public:
         constexpr qsizetype Massimo = 500;
         const QString Testo = Box->text();
         if (Box->fontMetrics().horizontalAdvance(Testo) > Box->width() - Margini)
-            QToolTip::showText(static_cast<QHelpEvent*>(Evento)->globalPos(),
-                               u"<p>"_s + Testo.left(Massimo).toHtmlEscaped() + u"</p>"_s, Box);
+            QToolTip::showText(static_cast<QHelpEvent*>(Evento)->globalPos(), SuPiuRighe(Testo.left(Massimo)),
+                               Box);
         else
             QToolTip::hideText();
         return true;

@@ -7,6 +7,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/suggerimento.h"
 #include "platform/system/orologio.h"
 
 #include <QEvent>
@@ -192,10 +193,7 @@ void ElencoControlli::MostraVoci()
         const bool Grave = Detto.Gravita == GravitaRilievo::Errore;
         auto* Voce =
             new QListWidgetItem(aspetto::Icona(Grave ? u"rename"_s : u"info"_s), Detto.Frase, lstControlli);
-        // Words of the user's stand in it, which are no tags.
-        Voce->setToolTip(u"<p style='white-space:pre-wrap'>"_s +
-                         (Detto.Frase + u"\nUn clic, Invio o Spazio portano al campo"_s).toHtmlEscaped() +
-                         u"</p>"_s);
+        Voce->setToolTip(SuPiuRighe(Detto.Frase + u"\nUn clic, Invio o Spazio portano al campo"_s));
         if (Grave)
             Voce->setForeground(aspetto::Sbagliato());
         // Read out, the colour of an error is a word.

@@ -3,7 +3,6 @@
 #include "feenote/windows/ui_frmControlloFattura.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
-#include "platform/kit/suggerimento.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -45,7 +44,7 @@ frmControlloFattura::frmControlloFattura(const QString& File, const QList<EsitoC
         Righe.append(TestoEsito(Esito));
         auto* Voce = new QListWidgetItem(aspetto::Icona(Rifiuto ? u"chiudi"_s : u"info"_s), Righe.last(),
                                          ui->lstEsiti);
-        Voce->setToolTip(AllaLettera(Esito.Elemento));
+        Voce->setToolTip(Esito.Elemento);
         if (Rifiuto)
             Voce->setForeground(aspetto::Sbagliato());
     }

@@ -19,7 +19,6 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
-#include "platform/kit/suggerimento.h"
 #include "platform/system/messaggi.h"
 
 #include <QApplication>
@@ -371,7 +370,7 @@ void frmParcelle::Ricomponi()
 void frmParcelle::RefreshDatiBase()
 {
     ui->lblDatiBase->setText(TestoDatiBase(Nota));
-    ui->lblDatiBase->setToolTip(AllaLettera(ui->lblDatiBase->text()));
+    ui->lblDatiBase->setToolTip(ui->lblDatiBase->text());
 }
 
 void frmParcelle::RefreshGrid()

@@ -8,7 +8,6 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
-#include "platform/kit/suggerimento.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -25,8 +24,7 @@ void MostraPasso(QToolButton* Bottone, const QString& Nome, const QString& Atto,
                  const QString& Tasti)
 {
     Bottone->setEnabled(!Nome.isEmpty());
-    Bottone->setToolTip(
-        AllaLettera((Nome.isEmpty() ? Senza : Atto + u": "_s + Nome) + u" ("_s + Tasti + u')'));
+    Bottone->setToolTip((Nome.isEmpty() ? Senza : Atto + u": "_s + Nome) + u" ("_s + Tasti + u')');
 }
 
 /// What is looked for is no part of the note.

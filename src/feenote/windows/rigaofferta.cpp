@@ -107,7 +107,7 @@ void RigaOfferta::Ascolta(QWidget* Pagina)
 void RigaOfferta::Offri(const QString& Testo, const QString& Suggerimento)
 {
     Bottone->setText(Testo);
-    Bottone->setToolTip(AllaLettera(Suggerimento));
+    Bottone->setToolTip(Suggerimento);
     Bottone->setAccessibleName(Testo);
     Offerta = true;
     Fine.start(DurataMs);
@@ -124,7 +124,7 @@ void RigaOfferta::Togli()
 void RigaOfferta::Annota(const QString& Frase)
 {
     Nota->setText(Frase);
-    Nota->setToolTip(AllaLettera(Frase));
+    Nota->setToolTip(Frase);
     MostraParti();
 }
 

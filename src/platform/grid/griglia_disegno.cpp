@@ -4,6 +4,7 @@
 #include "platform/grid/griglia_selettore.h"
 #include "platform/grid/griglia_vista.h"
 #include "platform/kit/aspetto.h"
+#include "platform/kit/suggerimento.h"
 
 #include <QHelpEvent>
 #include <QPainter>
@@ -131,8 +132,6 @@ bool DisegnoCelle::helpEvent(QHelpEvent* Evento, QAbstractItemView*, const QStyl
     if (Testo.isEmpty())
         QToolTip::hideText();
     else
-        QToolTip::showText(Evento->globalPos(),
-                           u"<p style='white-space:pre-wrap'>"_s + Testo.toHtmlEscaped() + u"</p>"_s, Vista,
-                           Opzioni.rect);
+        QToolTip::showText(Evento->globalPos(), SuPiuRighe(Testo), Vista, Opzioni.rect);
     return true;
 }

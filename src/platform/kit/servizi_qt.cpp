@@ -4,6 +4,7 @@
 #include "platform/kit/messaggi_qt.h"
 #include "platform/kit/rotella.h"
 #include "platform/kit/shell_qt.h"
+#include "platform/kit/testipiani.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -98,6 +99,7 @@ private:
 Applicazione::Applicazione(int& argc, char** argv) : QApplication(argc, argv)
 {
     installEventFilter(new GuardiaRotella(this));
+    installEventFilter(new TestiPiani(this));
 }
 
 bool Applicazione::notify(QObject* Ricevente, QEvent* Evento)

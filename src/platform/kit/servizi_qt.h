@@ -6,7 +6,8 @@
 #include <functional>
 
 /// The application: an exception that leaves an event handler goes to the report installed by
-/// InstallaUltimaRete, and the mouse wheel chooses nothing (GuardiaRotella).
+/// InstallaUltimaRete, the mouse wheel chooses nothing (GuardiaRotella), and words are no markup
+/// (TestiPiani).
 class Applicazione : public QApplication
 {
     Q_OBJECT

@@ -3,14 +3,26 @@
 #include "platform/kit/aspetto.h"
 
 #include <QPalette>
-#include <QTextDocument>
+#include <QStringList>
 #include <QWidget>
 
-QString AllaLettera(const QString& Testo)
+QString SuPiuRighe(const QString& Testo)
 {
-    return Qt::mightBeRichText(Testo) ? QStringLiteral("<p style='white-space:pre-wrap'>") +
-                                            Testo.toHtmlEscaped() + QStringLiteral("</p>")
-                                      : Testo;
+    constexpr qsizetype Lunga = 80;
+    QStringList Righe;
+    const QStringList Capoversi = Testo.split(u'\n');
+    for (QString Resto : Capoversi) {
+        while (Resto.size() > Lunga) {
+            const qsizetype Bianco = Resto.lastIndexOf(u' ', Lunga);
+            qsizetype Taglio = Bianco > 0 ? Bianco : Lunga;
+            if (Resto[Taglio - 1].isHighSurrogate())
+                --Taglio;  // the halves of a letter stay together
+            Righe << Resto.left(Taglio);
+            Resto = Resto.mid(Bianco > 0 ? Taglio + 1 : Taglio);
+        }
+        Righe << Resto;
+    }
+    return Righe.join(u'\n');
 }
 
 void SuggerisciLeggibile(QWidget* Box)

@@ -1,12 +1,13 @@
-// Hints: the grey one of an empty box, or of a list without rows; words of the user's in a tool tip.
+// Hints: the grey one of an empty box, or of a list without rows.
 #pragma once
 
 #include <QString>
 
 class QWidget;
 
-/// A tool tip that shows a text as it is written, also where it looks like tags.
-[[nodiscard]] QString AllaLettera(const QString& Testo);
+/// A long text for a tool tip, which does not break lines by itself: at blanks, and a word that is too long
+/// where it must be. Line breaks that are there stay.
+[[nodiscard]] QString SuPiuRighe(const QString& Testo);
 
 /// Mixes the colour of a box's hint from its own: desktops that give dark colours often leave that one black.
 void SuggerisciLeggibile(QWidget* Box);

@@ -137,7 +137,7 @@ void TestElencoControlli::suggerimentoConSegni()
     F->Nota.xOnorari(RigaConLimiti(5000, 750, 2400), OnoDescr) = u"Fase <b>decisoria</b>"_s;
     F->MostraTutto();
     QCOMPARE(Voci().size(), 1);
-    QVERIFY2(Elenco()->item(0)->toolTip().contains(u"Fase &lt;b&gt;decisoria&lt;/b&gt;"),
+    QVERIFY2(Elenco()->item(0)->toolTip().contains(u"Fase <b>decisoria</b>"),
              qPrintable(Elenco()->item(0)->toolTip()));
 }
 

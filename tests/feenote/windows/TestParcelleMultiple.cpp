@@ -372,7 +372,7 @@ void TestParcelleMultiple::iDettagli()
     Associa(File);
     const QString Testo = Controllo(F, "txtParcMultipla")->toolTip();
     QVERIFY(Testo.contains(File));
-    QVERIFY(Testo.contains(u"Oggetto: Sfratto &amp; c.d."_s));
+    QVERIFY(Testo.contains(u"Oggetto: Sfratto & c.d."_s));
     const double Totale = F->Nota.Multi.TotOnorari + 10.5 + 27.0;
     QVERIFY(Testo.contains(u"Totale: "_s + TestoImporto(Totale)));
 }

@@ -1,5 +1,6 @@
 // Tab 0 by mouse and keyboard: parties, parameters, variations, the gate to the other tabs.
 #include "feenote/modVariazione.h"
+#include "platform/kit/suggerimento.h"
 #include "tavolo.h"
 
 #include <QGroupBox>
@@ -590,7 +591,7 @@ void TestSchedaBase::ilTestoTagliatoSiLeggeIntero()
         Scrivi(Box, Testo);
         QHelpEvent Aiuto(QEvent::ToolTip, Box->rect().center(), Box->mapToGlobal(Box->rect().center()));
         QApplication::sendEvent(Box, &Aiuto);
-        QCOMPARE(QToolTip::text(), Testo == Lungo ? u"<p>"_s + Lungo.toHtmlEscaped() + u"</p>"_s : QString());
+        QCOMPARE(QToolTip::text(), Testo == Lungo ? SuPiuRighe(Lungo) : QString());
     }
     QToolTip::hideText();
 }

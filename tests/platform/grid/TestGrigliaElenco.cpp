@@ -147,7 +147,7 @@ void TestGrigliaElenco::ilSuggerimentoDellaRiga()
 {
     G->Suggerimento = [](int Riga) { return Riga == 1 ? u"/note/beta.mdb <1>"_s : QString(); };
     ChiediSuggerimento(1, 0);
-    QTRY_VERIFY(QToolTip::text().contains(u"/note/beta.mdb &lt;1&gt;"));
+    QTRY_VERIFY(QToolTip::text().contains(u"/note/beta.mdb <1>"));
     ChiediSuggerimento(0, 1);
     QTRY_VERIFY2(QToolTip::text().contains(u"xxxx"), "a text that does not fit");
     ChiediSuggerimento(0, 0);
@@ -162,7 +162,7 @@ void TestGrigliaElenco::ilSegnoDellaCella()
     G->ImpostaColonne(Colonne);
     G->Suggerimento = [](int Riga) { return u"riga %1"_s.arg(Riga); };
     ChiediSuggerimento(1, 0);
-    QTRY_VERIFY(QToolTip::text().contains(u"oltre &lt;il massimo&gt;"));
+    QTRY_VERIFY(QToolTip::text().contains(u"oltre <il massimo>"));
     ChiediSuggerimento(1, 1);
     QTRY_VERIFY(QToolTip::text().contains(u"riga 1"));
     ChiediSuggerimento(0, 0);

@@ -7,7 +7,6 @@
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/scelta.h"
-#include "platform/kit/suggerimento.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/esportato.h"
 #include "platform/system/file.h"
@@ -64,7 +63,7 @@ void frmTrovaParcella::MostraAperto()
     const ApertoTutto Somma = SommaAperto(Righe.NoteMostrate());
     const bool Niente = Somma.Note == 0 && Somma.Ignote == 0;
     ui->lblAperto->setText(Niente ? u"Niente da incassare tra le parcelle mostrate."_s : FraseAperto(Somma));
-    ui->lblAperto->setToolTip(AllaLettera(ui->lblAperto->text()));
+    ui->lblAperto->setToolTip(ui->lblAperto->text());
     RiempiPerCliente(Somma);
 }
 
