@@ -3,7 +3,6 @@
 #include "platform/system/guasti.h"
 #include "platform/system/stessofile.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
@@ -168,9 +167,8 @@ bool Vive(const FirmaScritta& Firma)
 
 QByteArray FirmaPropria()
 {
-    const QByteArray Programma =
-        QFile::encodeName(QFileInfo(QCoreApplication::applicationFilePath()).fileName());
-    return QByteArray::number(qint64(::getpid())) + '\n' + Programma + '\n' +
+    // As it was called: a lock may be taken before the application object stands, which knows its path.
+    return QByteArray::number(qint64(::getpid())) + '\n' + ::program_invocation_short_name + '\n' +
            QSysInfo::machineHostName().toLocal8Bit() + '\n' + QSysInfo::machineUniqueId() + '\n' +
            QSysInfo::bootUniqueId() + '\n';
 }

@@ -8,9 +8,11 @@
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QLockFile>
 #include <QScopedValueRollback>
 #include <QSysInfo>
+#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 
@@ -37,6 +39,30 @@ QByteArray Firma(qint64 Processo, const QString& Macchina, const QByteArray& Imp
     return Firma(Processo, Macchina) + Impronta + '\n' + Avvio + '\n';
 }
 
+/// What is said, and what is signed, while no application object stands yet.
+struct PrimaDelProgramma
+{
+    PrimaDelProgramma()
+    {
+        static QStringList* Dette = nullptr;
+        Dette = &Frasi;
+        const auto Prima = qInstallMessageHandler(
+            [](QtMsgType, const QMessageLogContext&, const QString& Frase) { Dette->append(Frase); });
+        const QTemporaryDir Cartella;
+        FileBlocco Turno(Cartella.filePath(u"turno"_s));
+        Preso = Turno.Prendi(0);
+        QFile Firmato(Turno.Percorso());
+        if (Firmato.open(QIODevice::ReadOnly))
+            Nome = Firmato.readAll().split('\n').value(1);
+        qInstallMessageHandler(Prima);
+    }
+
+    QStringList Frasi;
+    Esito Preso = Esito::Impedito;
+    QByteArray Nome;
+};
+const PrimaDelProgramma Presto;
+
 }  // namespace
 
 Q_DECLARE_METATYPE(FileBlocco::Esito)
@@ -47,6 +73,7 @@ class TestBlocco : public QObject
 private Q_SLOTS:
     void init();
     void siPrendeESiLascia();
+    void ancheSenzaProgramma();
     void unoSolo();
     void doveNonSiVedonoBlocchi();
     void chiTrovaIlFile_data();
@@ -89,6 +116,14 @@ void TestBlocco::siPrendeESiLascia()
         QCOMPARE(QString::fromUtf8(Righe.value(2)), QSysInfo::machineHostName());
     }
     QCOMPARE(ContenutoDi(Cartella), QStringList());
+}
+
+/// A lock needs no application object: before it stands, the toolkit would only complain of it.
+void TestBlocco::ancheSenzaProgramma()
+{
+    QCOMPARE(Presto.Frasi, QStringList());
+    QCOMPARE(Presto.Preso, Esito::Preso);
+    QCOMPARE(Presto.Nome, QFile::encodeName(QFileInfo(QCoreApplication::applicationFilePath()).fileName()));
 }
 
 void TestBlocco::unoSolo()
