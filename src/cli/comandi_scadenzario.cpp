@@ -64,11 +64,7 @@ Risposta ComandoScadenzario(const QStringList& Valori, const QString& Stato, con
     const auto Codici = [&](int IDCli) { return Nomi.Codici(IDCli); };
     QStringList Righe;
     QJsonArray Record;
-    const QHash<const VoceTrova*, LegameFattura> Legami = LegamiFatture(Note);
-    for (const VoceTrova* Nota : Note) {
-        if (Nota->Modello)
-            continue;
-        QStringList Celle = RigaScadenzario(*Nota, Codici(Nota->Dati.IDCli), Legami.value(Nota));
+    for (QStringList& Celle : RigheScadenzario(Note, Codici)) {
         Record.append(Descritta(Celle));
         Righe += Celle.replaceInStrings(u"|"_s, u" "_s).join(u'|');
     }

@@ -49,14 +49,54 @@ int Peso(int Tipo, bool Numerata)
     return Numerata ? 3 : ChiedePagamento(Tipo) ? 2 : 1;
 }
 
-/// The chain of a document, whatever the one in view forces on the switches.
-DatiCatena CatenaDelDocumento(const Parcella& Nota, int Tipo)
+SommeAcconti AccontiDi(const SocioTenuto& Socio)
 {
+    return {Socio.AccCorrispettivi, Socio.AccSpeseImp, Socio.AccSpeseEsenti};
+}
+
+SommeAcconti Insieme(const SommeAcconti& A, const SommeAcconti& B)
+{
+    return {A.Corrispettivi + B.Corrispettivi, A.SpeseImp + B.SpeseImp, A.SpeseEsenti + B.SpeseEsenti};
+}
+
+/// A document has gone out and counts.
+bool Uscita(const StatoTenuto& Tenuto)
+{
+    return Tenuto.Importi && Tenuto.Stato != StatoNota::Bozza;
+}
+
+/// The associated note of one that names it, or has gone out with it, and does not have it at the moment.
+std::optional<SocioTenuto> SocioVistoPrima(const Parcella& Nota)
+{
+    const bool Conta = !Nota.txtPathParcMult.isEmpty() || (Uscita(Nota.Stato) && Nota.Stato.ConSocio);
+    return Conta && !Nota.Multipla() ? Nota.Stato.Socio : std::nullopt;
+}
+
+/// Adds the associated note to what the note itself gives for a document.
+DatiCatena ConSocio(DatiCatena Dati, const Parcella& Nota, const SocioTenuto& Socio)
+{
+    Dati.Onorari += Socio.Onorari;
+    Dati.SpeseImp += Socio.SpeseImp;
+    Dati.SpeseEsenti += Socio.SpeseEsenti;
+    const UsoAcconti Uso = TipoDi(Dati.Tipo).Acconti;
+    if (Uso == UsoAcconti::Sempre || (Uso == UsoAcconti::SeEsposti && Nota.chkAcconti.Attiva))
+        Dati.Acconti = Insieme(Dati.Acconti, AccontiDi(Socio));
+    return Dati;
+}
+
+/// The chain of a document, whatever the one in view forces on the switches.
+/// @param Visto the associated note of a note that has none at the moment; none for what prints
+DatiCatena CatenaDelDocumento(const Parcella& Nota, int Tipo, const std::optional<SocioTenuto>& Visto = {})
+{
+    const auto Raccolta = [&](const Parcella& Quella) {
+        DatiCatena Dati = RaccogliCatena(Quella, Tipo);
+        return Visto ? ConSocio(std::move(Dati), Quella, *Visto) : Dati;
+    };
     if (Tipo == Nota.cmbTipoStampa || !ETipoStampa(Tipo))
-        return RaccogliCatena(Nota, Tipo);
+        return Raccolta(Nota);
     Parcella Altra = Nota;
     ScegliTipoStampa(Altra, Tipo);
-    return RaccogliCatena(Altra, Tipo);
+    return Raccolta(Altra);
 }
 
 /// An amount as the file holds it, so that a note read back equals the one that was written.
@@ -87,15 +127,32 @@ int DocumentoDegliImporti(const Parcella& Nota)
     return ETipoStampa(Tipo) && TipoDi(Tipo).Riepilogo ? Tipo : int(StampaPrenotula);
 }
 
-/// The chain that payments are held against, with all of them. The court costs note knows none, and would
-/// hide them.
-DatiCatena CatenaPagata(const Parcella& Nota)
+/// The chain of a document that payments are held against, with all of them. The court costs note knows none,
+/// and would hide them.
+DatiCatena CatenaPagata(const Parcella& Nota, int Tipo)
 {
-    const int Tipo = DocumentoDegliImporti(Nota);
-    DatiCatena Dati =
-        CatenaDelDocumento(Nota, TipoDi(Tipo).Acconti == UsoAcconti::Mai ? int(StampaPrenotula) : Tipo);
+    const auto Visto = SocioVistoPrima(Nota);
+    DatiCatena Dati = CatenaDelDocumento(
+        Nota, TipoDi(Tipo).Acconti == UsoAcconti::Mai ? int(StampaPrenotula) : Tipo, Visto);
     Dati.Acconti = CalcolaAcconti(Nota, StampaPrenotula);
+    if (Visto)
+        Dati.Acconti = Insieme(Dati.Acconti, AccontiDi(*Visto));
     return Dati;
+}
+
+/// What is left of a document that has asked for something.
+/// @param ConSocio the payments of the associated note count
+double Resto(const Parcella& Nota, int Tipo, const ImportiDocumento& Chiesti, bool ConSocio)
+{
+    DatiCatena Dati = CatenaPagata(Nota, Tipo);
+    Dati.Acconti = SommaAcconti(Nota.xAcconti);
+    if (const auto Socio = SocioDellaNota(Nota); Socio && ConSocio)
+        Dati.Acconti = Insieme(Dati.Acconti, AccontiDi(*Socio));
+    const double ConTutti = CatenaFiscale(Dati).Netto;
+    Dati.Acconti = {Chiesti.AccCorrispettivi, Chiesti.AccSpeseImp, Chiesti.AccSpeseEsenti};
+    const double Pagato = CatenaFiscale(Dati).Netto - ConTutti;  // since, taxes included
+    // A payment that the document had taken away and that is no longer there raises nothing that was asked.
+    return std::clamp(InCentesimi(Chiesti.Netto - Pagato), 0.0, std::max(0.0, Chiesti.Netto));
 }
 
 /// The document that has gone out is paid, whatever lines came behind it.
@@ -114,10 +171,50 @@ bool Conferma(Parcella& Nota, const StatoTenuto& Era)
     return true;
 }
 
+/// Number and date of the note's invoice as they count; both empty where it has none.
+struct NumeroEmesso
+{
+    QString Numero, Data;
+
+    friend bool operator==(const NumeroEmesso&, const NumeroEmesso&) = default;
+};
+
+NumeroEmesso NumeroDellaFattura(const Parcella& Nota)
+{
+    const auto Data = LeggiData(Nota.DatiPar(DatoDataFatt));
+    if (!FatturaNumerata(Nota) || !Data)
+        return {};
+    return {Nota.DatiPar(DatoNumFatt).simplified(), Format(*Data, u"dd/mm/yyyy")};
+}
+
+/// True of a document that stands among those before the last one: a copy of it changes nothing.
+bool EmessoPrima(const Parcella& Nota)
+{
+    const NumeroEmesso Ora = NumeroDellaFattura(Nota);
+    return !Ora.Numero.isEmpty() && std::ranges::any_of(Nota.Stato.Emessi, [&](const DocumentoEmesso& Uno) {
+        return Uno.Storno == ENotaDiCredito(Nota) && NumeroEmesso{Uno.Numero, Uno.Data} == Ora;
+    });
+}
+
+/// An invoice stands beside the credit note that takes it back, and a credit note beside the next invoice:
+/// whoever sums sees both.
+void TieniEmesso(StatoTenuto& Tenuto, bool Storno)
+{
+    const bool Emesso = Tenuto.Emessa && Tenuto.Importi && Tenuto.Stato >= StatoNota::Fatturata;
+    if (!Emesso || Tenuto.Storno == Storno)
+        return;
+    Tenuto.Emessi.append(
+        {Tenuto.Documento, Tenuto.Storno, Tenuto.ConSocio, Tenuto.Numero, Tenuto.Data, *Tenuto.Importi});
+    if (Tenuto.Emessi.size() > MassimiEmessi)
+        Tenuto.Emessi.remove(0, Tenuto.Emessi.size() - MassimiEmessi);
+}
+
 bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
 {
     const StatoTenuto Era = Nota.Stato;
     StatoTenuto& Tenuto = Nota.Stato;
+    if (Numerata && EmessoPrima(Nota))
+        return false;
     const StatoNota Verso = Numerata ? StatoNota::Fatturata : StatoNota::Inviata;
     // What a draft has been sent by before is of another time.
     const int Presente = Tenuto.Stato == StatoNota::Bozza ? 0 : Peso(Tenuto.Documento, Tenuto.Emessa);
@@ -127,9 +224,19 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
     if (Nuovo >= Presente && !Copia) {
         if (Nuovo > Presente && GiornoDi(Tenuto, Verso).isEmpty())
             GiornoDi(Tenuto, Verso) = Giorno();
+        const bool Storno = Numerata && ENotaDiCredito(Nota);
+        if (Presente == 0)
+            Tenuto.Emessi.clear();
+        else if (Numerata)
+            TieniEmesso(Tenuto, Storno);
         Tenuto.Documento = Tipo;
         Tenuto.Emessa = Numerata;
-        Tenuto.Storno = Numerata && ENotaDiCredito(Nota);
+        Tenuto.Storno = Storno;
+        const NumeroEmesso Ora = Numerata ? NumeroDellaFattura(Nota) : NumeroEmesso();
+        Tenuto.Numero = Ora.Numero;
+        Tenuto.Data = Ora.Data;
+        Tenuto.ConSocio = Nota.Multipla();
+        TieniSocio(Nota);
         Tenuto.Importi = Importi(CatenaDelDocumento(Nota, Tipo));
     }
     if (Verso > Tenuto.Stato) {
@@ -213,15 +320,18 @@ StatoTenuto SoloBozza(const StatoTenuto& Tenuto)
         return Tenuto;
     StatoTenuto Sola = StatoDiNuova();
     GiornoDi(Sola, StatoNota::Bozza) = Tenuto.Dal();
+    Sola.Socio = Tenuto.Socio;
     return Sola;
 }
 
 Copertura CoperturaDi(const Parcella& Nota)
 {
-    const bool Associati = Nota.Multipla() && !Nota.Multi.xAcconti.Vuota();
+    const auto Prima = SocioVistoPrima(Nota);
+    const bool Associati =
+        Nota.Multipla() ? !Nota.Multi.xAcconti.Vuota() : Prima && AccontiDi(*Prima) != SommeAcconti();
     if (Nota.xAcconti.Vuota() && !Associati)
         return {};
-    DatiCatena Dati = CatenaPagata(Nota);
+    DatiCatena Dati = CatenaPagata(Nota, DocumentoDegliImporti(Nota));
     const SommeAcconti& Acconti = Dati.Acconti;
     Copertura Trovata;
     Trovata.Pagati = Acconti.Corrispettivi + Acconti.SpeseImp + Acconti.SpeseEsenti;
@@ -241,6 +351,12 @@ bool SegueStato(Parcella& Nota, Copertura& Vista)
         SegueNumero(Nota, Tenuto.Stato);
         if (Tenuto.Prima)
             SegueNumero(Nota, *Tenuto.Prima);
+        // A number that is put right is that of the document; one of the next document is not.
+        const NumeroEmesso Ora = NumeroDellaFattura(Nota);
+        if (!Ora.Numero.isEmpty() && ENotaDiCredito(Nota) == Tenuto.Storno) {
+            Tenuto.Numero = Ora.Numero;
+            Tenuto.Data = Ora.Data;
+        }
     }
     const Copertura Ora = CoperturaDi(Nota);
     if (Ora.Coperta && Ora != Vista && Tenuto.Stato != StatoNota::Pagata) {
@@ -268,9 +384,9 @@ int DocumentoDelloStato(int Uscito, int InVista, StatoNota Stato)
 ImportiDocumento ImportiDellaNota(const Parcella& Nota)
 {
     const StatoTenuto& Tenuto = Nota.Stato;
-    if (Tenuto.Importi && Tenuto.Stato != StatoNota::Bozza)
+    if (Uscita(Tenuto))
         return *Tenuto.Importi;
-    DatiCatena Dati = CatenaDelDocumento(Nota, DocumentoDegliImporti(Nota));
+    DatiCatena Dati = CatenaDelDocumento(Nota, DocumentoDegliImporti(Nota), SocioVistoPrima(Nota));
     if (Tenuto.Stato == StatoNota::Pagata)
         Dati.Acconti = {};
     return Importi(Dati);
@@ -278,11 +394,32 @@ ImportiDocumento ImportiDellaNota(const Parcella& Nota)
 
 double RestoDellaNota(const Parcella& Nota)
 {
-    const ImportiDocumento Chiesti = ImportiDellaNota(Nota);
-    DatiCatena Dati = CatenaPagata(Nota);
-    const double ConTutti = CatenaFiscale(Dati).Netto;
-    Dati.Acconti = {Chiesti.AccCorrispettivi, Chiesti.AccSpeseImp, Chiesti.AccSpeseEsenti};
-    const double Pagato = CatenaFiscale(Dati).Netto - ConTutti;  // since, taxes included
-    // A payment that the document had taken away and that is no longer there raises nothing that was asked.
-    return std::clamp(InCentesimi(Chiesti.Netto - Pagato), 0.0, std::max(0.0, Chiesti.Netto));
+    return Resto(Nota, DocumentoDegliImporti(Nota), ImportiDellaNota(Nota),
+                 !Uscita(Nota.Stato) || Nota.Stato.ConSocio);
+}
+
+double RestoDi(const Parcella& Nota, const DocumentoEmesso& Emesso)
+{
+    return Resto(Nota, Emesso.Documento, Emesso.Importi, Emesso.ConSocio);
+}
+
+bool UscitaConSocio(const Parcella& Nota)
+{
+    return Uscita(Nota.Stato) &&
+           (Nota.Stato.ConSocio || std::ranges::any_of(Nota.Stato.Emessi, &DocumentoEmesso::ConSocio));
+}
+
+std::optional<SocioTenuto> SocioDellaNota(const Parcella& Nota)
+{
+    if (!Nota.Multipla())
+        return !Nota.txtPathParcMult.isEmpty() || UscitaConSocio(Nota) ? Nota.Stato.Socio : std::nullopt;
+    const SommeAcconti Pagati = SommaAcconti(Nota.Multi.xAcconti);
+    return SocioTenuto{InCentesimi(Nota.Multi.TotOnorari),     InCentesimi(Nota.Multi.TotSpeseImp),
+                       InCentesimi(Nota.Multi.TotSpeseEsenti), InCentesimi(Pagati.Corrispettivi),
+                       InCentesimi(Pagati.SpeseImp),           InCentesimi(Pagati.SpeseEsenti)};
+}
+
+void TieniSocio(Parcella& Nota)
+{
+    Nota.Stato.Socio = SocioDellaNota(Nota);
 }

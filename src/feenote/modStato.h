@@ -20,7 +20,8 @@ bool NotaFatturata(Parcella& Nota);
 /// nothing while the note is a draft. @return as NotaInviata
 bool ScegliStato(Parcella& Nota, StatoNota Scelto);
 
-/// A draft without what it had gone out by, as a save keeps it; any other state as it is.
+/// A draft without what it had gone out by, as a save keeps it; any other state as it is. Both keep the
+/// associated note.
 [[nodiscard]] StatoTenuto SoloBozza(const StatoTenuto& Tenuto);
 
 /// Whether the payments on account cover what the note asks for.
@@ -50,8 +51,19 @@ bool SegueStato(Parcella& Nota, Copertura& Vista);
 [[nodiscard]] ImportiDocumento ImportiDellaNota(const Parcella& Nota);
 
 /// What is left of a document's net after the payments that it has not taken away itself, never below 0;
-/// whatever the state.
+/// whatever the state. Payments of the associated note count for a document of both, those seen last while
+/// nothing is associated.
 [[nodiscard]] double RestoDellaNota(const Parcella& Nota);
+/// The same of one that has gone out before.
+[[nodiscard]] double RestoDi(const Parcella& Nota, const DocumentoEmesso& Emesso);
+
+/// A document of this note and of the associated one has gone out.
+[[nodiscard]] bool UscitaConSocio(const Parcella& Nota);
+/// The associated note as its figures count: as it is now, else as it was seen last; nothing for a note that
+/// names none and has gone out alone.
+[[nodiscard]] std::optional<SocioTenuto> SocioDellaNota(const Parcella& Nota);
+/// Keeps it, before the association goes.
+void TieniSocio(Parcella& Nota);
 
 /// True for a document that asks the client for money: neither an estimate nor what goes to the judge is
 /// owed.

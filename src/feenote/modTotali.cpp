@@ -77,6 +77,13 @@ double SenzaResto(double Base, double Massimo)
 
 }  // namespace
 
+SommeAcconti SommaAcconti(const TabellaRighe& Acconti)
+{
+    SommeAcconti Somma;
+    Accumula(Somma, Acconti);
+    return Somma;
+}
+
 SommeAcconti CalcolaAcconti(const Parcella& Nota, int Tipo)
 {
     SommeAcconti Risultato;

@@ -44,6 +44,8 @@ struct SommeAcconti
 /// whether or not the document lists them. All 0 for the court costs note, which knows no payments, and for
 /// a short invoice that does not list them: its total is the sum of its rows.
 [[nodiscard]] SommeAcconti CalcolaAcconti(const Parcella& Nota, int Tipo);
+/// Those of one list, whatever document they are for.
+[[nodiscard]] SommeAcconti SommaAcconti(const TabellaRighe& Acconti);
 
 /// A percentage that may apply: switch on (and enabled, where the switch can be disabled) and box above 0.
 struct Aliquota

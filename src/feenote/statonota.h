@@ -1,6 +1,7 @@
 // How far a fee note has come: what the record keeps of it beside its columns.
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringView>
 
@@ -42,6 +43,35 @@ struct ImportiDocumento
     friend bool operator==(const ImportiDocumento&, const ImportiDocumento&) = default;
 };
 
+/// What an associated note brings to the account, euro: sums of its lines and of its payments, without taxes.
+struct SocioTenuto
+{
+    double Onorari = 0.0;
+    double SpeseImp = 0.0;
+    double SpeseEsenti = 0.0;
+    double AccCorrispettivi = 0.0;
+    double AccSpeseImp = 0.0;
+    double AccSpeseEsenti = 0.0;
+
+    friend bool operator==(const SocioTenuto&, const SocioTenuto&) = default;
+};
+
+/// An invoice or a credit note that another one has followed in the same file.
+struct DocumentoEmesso
+{
+    int Documento = -1;     ///< a TipoStampa
+    bool Storno = false;    ///< a credit note
+    bool ConSocio = false;  ///< of this note and of the associated one
+    QString Numero;
+    QString Data;  ///< dd/mm/yyyy, empty where it is not known
+    ImportiDocumento Importi;
+
+    friend bool operator==(const DocumentoEmesso&, const DocumentoEmesso&) = default;
+};
+
+/// Those that are kept beside the last one: two invoices with their credit notes.
+inline constexpr qsizetype MassimiEmessi = 4;
+
 /// The state of a note and what it comes from.
 struct StatoTenuto
 {
@@ -49,11 +79,19 @@ struct StatoTenuto
     /// The state before the payments covered the net, for when they no longer do; none where the user has
     /// chosen Pagata.
     std::optional<StatoNota> Prima;
-    int Documento = -1;   ///< TipoStampa of the document that has gone out, -1 none
-    bool Emessa = false;  ///< it was an invoice with number and date
-    bool Storno = false;  ///< it was a credit note, by which nobody owes anything
+    int Documento = -1;     ///< TipoStampa of the document that has gone out, -1 none
+    bool Emessa = false;    ///< it was an invoice with number and date
+    bool Storno = false;    ///< it was a credit note, by which nobody owes anything
+    bool ConSocio = false;  ///< it was of this note and of the associated one
+    QString Numero, Data;   ///< of that invoice, dd/mm/yyyy: its credit note takes both out of the note
     /// The figures of that document: a note that is worked on afterwards is owed what was asked for.
     std::optional<ImportiDocumento> Importi;
+    /// What has gone out before it and stands, the oldest first: an invoice that was taken back, its credit
+    /// note where another invoice has followed.
+    QList<DocumentoEmesso> Emessi;
+    /// The associated note as it was seen last. The file names it by its path alone: its figures are not
+    /// known again before the user associates it.
+    std::optional<SocioTenuto> Socio;
     std::array<QString, 5> Giorni;  ///< since when, dd/mm/yyyy, by state; empty: not known
 
     /// Since when the note is in its state.

@@ -17,6 +17,12 @@ const QString VoceDocumento = u"Stato.Documento"_s;
 const QString VoceEmessa = u"Stato.Emessa"_s;
 const QString VoceStorno = u"Stato.Storno"_s;
 const QString VoceImporti = u"Stato.Importi"_s;
+const QString VoceFattura = u"Stato.Fattura"_s;
+const QString VoceConSocio = u"Stato.ConSocio"_s;
+const QString VoceSocio = u"Stato.Socio"_s;
+const std::array VociEmessi{u"Stato.Emesso.1"_s, u"Stato.Emesso.2"_s, u"Stato.Emesso.3"_s,
+                            u"Stato.Emesso.4"_s};
+static_assert(VociEmessi.size() == size_t(MassimiEmessi));
 const QString VoceNumero = u"txtDatiPar.Numero"_s;
 const QString VoceData = u"txtDatiPar.Data"_s;
 const QString VoceScadenza = u"FatturaXml.Scadenza"_s;
@@ -78,25 +84,117 @@ QString Scritti(const ImportiDocumento& Importi, double Resto)
     return Testi.join(u';');
 }
 
-std::optional<ImportiLetti> LeggiImporti(const QString& Testo, double Massimo)
+/// As many amounts as there are parts, or nothing.
+template <size_t Quanti>
+std::optional<std::array<double, Quanti>> LeggiValori(const QList<QStringView>& Parti, double Massimo)
 {
-    const QStringList Parti = Testo.split(u';');
-    if (Parti.size() != QuantiImporti)
+    if (Parti.size() != qsizetype(Quanti))
         return std::nullopt;
-    std::array<double, size_t(QuantiImporti)> Valori{};
-    for (qsizetype i = 0; i < QuantiImporti; ++i) {
+    std::array<double, Quanti> Valori{};
+    for (size_t i = 0; i < Quanti; ++i) {
         bool Numero = false;
-        const double Valore = Parti[i].toDouble(&Numero);
+        const double Valore = Parti[qsizetype(i)].toDouble(&Numero);
         if (!Numero || !std::isfinite(Valore) || std::abs(Valore) > Massimo)
             return std::nullopt;
-        Valori[size_t(i)] = Valore;
+        Valori[i] = Valore;
     }
+    return Valori;
+}
+
+std::optional<ImportiLetti> LeggiImporti(const QList<QStringView>& Parti, double Massimo)
+{
+    const auto Valori = LeggiValori<QuantiImporti>(Parti, Massimo);
+    if (!Valori)
+        return std::nullopt;
     const auto& [Imponibile, CP, IVA, Totale, RA, Netto, Corrispettivi, SpeseImp, SpeseEsenti, Resto] =
-        Valori;
+        *Valori;
     if (Resto < 0)
         return std::nullopt;
     return ImportiLetti{{Imponibile, CP, IVA, Totale, RA, Netto, Corrispettivi, SpeseImp, SpeseEsenti},
                         Resto};
+}
+
+std::optional<ImportiLetti> LeggiImporti(const QString& Testo, double Massimo)
+{
+    return LeggiImporti(QStringView(Testo).split(u';'), Massimo);
+}
+
+// ---- number and day of what has gone out, what went before it ---------------------------------------
+
+/// The number stands last: it may hold any sign, and a list cuts what is long.
+QString Scritta(const QString& Numero, const QString& Data)
+{
+    return Numero.isEmpty() ? QString() : Data + u';' + Numero;
+}
+
+void LeggiFattura(const QString& Testo, QString& Numero, QString& Data)
+{
+    const qsizetype Fine = Testo.indexOf(u';');
+    Data = Fine < 0 ? QString() : GiornoBuono(Testo.left(Fine));
+    Numero = Fine < 0 ? QString() : Testo.mid(Fine + 1).simplified();
+}
+
+QString Scritto(const DocumentoEmesso& Emesso, double Resto)
+{
+    return QStringList{QString::number(Emesso.Documento),
+                       Emesso.Storno ? u"1"_s : u"0"_s,
+                       Emesso.ConSocio ? u"1"_s : u"0"_s,
+                       Scritti(Emesso.Importi, Resto),
+                       Emesso.Data,
+                       Emesso.Numero}
+        .join(u';');
+}
+
+std::optional<EmessoLetto> LeggiEmesso(const QString& Testo, double Massimo)
+{
+    constexpr qsizetype Prima = 3;  // document and two marks
+    constexpr qsizetype Fissi = Prima + QuantiImporti;
+    const QList<QStringView> Parti = QStringView(Testo).split(u';');
+    if (Parti.size() < Fissi + 2)
+        return std::nullopt;
+    bool Numero = false;
+    EmessoLetto Letto;
+    Letto.Che.Documento = Parti[0].toInt(&Numero);
+    const auto Importi = LeggiImporti(Parti.sliced(Prima, QuantiImporti), Massimo);
+    if (!Numero || !ETipoStampa(Letto.Che.Documento) || !Importi)
+        return std::nullopt;
+    Letto.Che.Storno = Parti[1] == u"1";
+    Letto.Che.ConSocio = Parti[2] == u"1";
+    Letto.Che.Importi = Importi->Importi;
+    Letto.Che.Data = GiornoBuono(Parti[Fissi].toString());
+    Letto.Che.Numero = Testo.mid(Parti[Fissi + 1].data() - Testo.constData()).simplified();
+    Letto.Resto = Importi->Resto;
+    return Letto;
+}
+
+QList<EmessoLetto> LeggiEmessi(const MemoriaFile& Memoria, double Massimo)
+{
+    QList<EmessoLetto> Letti;
+    for (const QString& Voce : VociEmessi)
+        if (const auto Posto = Memoria.constFind(Voce); Posto != Memoria.constEnd())
+            if (auto Letto = LeggiEmesso(*Posto, Massimo))
+                Letti.append(std::move(*Letto));
+    return Letti;
+}
+
+// ---- the associated note ----------------------------------------------------------------------------
+
+QString Scritto(const SocioTenuto& Socio)
+{
+    QStringList Testi;
+    for (const double Uno : {Socio.Onorari, Socio.SpeseImp, Socio.SpeseEsenti, Socio.AccCorrispettivi,
+                             Socio.AccSpeseImp, Socio.AccSpeseEsenti})
+        Testi += QString::number(Uno, 'f', 2);
+    return Testi.join(u';');
+}
+
+std::optional<SocioTenuto> LeggiSocio(const QString& Testo)
+{
+    const auto Valori = LeggiValori<6>(QStringView(Testo).split(u';'), MassimoImporto);
+    if (!Valori)
+        return std::nullopt;
+    const auto& [Onorari, SpeseImp, SpeseEsenti, Corrispettivi, Imponibili, Esenti] = *Valori;
+    return SocioTenuto{Onorari, SpeseImp, SpeseEsenti, Corrispettivi, Imponibili, Esenti};
 }
 
 }  // namespace
@@ -104,8 +202,10 @@ std::optional<ImportiLetti> LeggiImporti(const QString& Testo, double Massimo)
 const QStringList& VociStatoLetto()
 {
     static const QStringList Voci = [] {
-        QStringList Tutte{VoceStato, VoceDocumento, VoceStorno,       VoceImporti,   VoceNumero,
-                          VoceData,  VoceScadenza,  VoceCitataNumero, VoceCitataData};
+        QStringList Tutte{VoceStato, VoceDocumento, VoceStorno,       VoceImporti,    VoceNumero,
+                          VoceData,  VoceScadenza,  VoceCitataNumero, VoceCitataData, VoceFattura};
+        for (const QString& Emesso : VociEmessi)
+            Tutte += Emesso;
         for (const StatoNota Stato : StatiNota)
             Tutte += VoceGiorno(Stato);
         return Tutte;
@@ -128,6 +228,8 @@ StatoLetto LeggiStatoLetto(const MemoriaFile& Memoria)
     Letto.Numero = Memoria.value(VoceNumero).simplified();
     Letto.Data = Memoria.value(VoceData).simplified();
     Letto.Scadenza = Memoria.value(VoceScadenza).simplified();
+    LeggiFattura(Memoria.value(VoceFattura), Letto.FatturaNumero, Letto.FatturaData);
+    Letto.Emessi = LeggiEmessi(Memoria, MassimoInElenco);
     if (Letto.Storno) {
         Letto.CitataNumero = Memoria.value(VoceCitataNumero).simplified();
         Letto.CitataData = Memoria.value(VoceCitataData).simplified();
@@ -154,6 +256,14 @@ void ScriviStato(const Parcella& Nota, MemoriaFile& Memoria)
     for (const StatoNota Stato : StatiNota)
         Metti(VoceGiorno(Stato), Tenuto.Giorni[size_t(Stato)]);
     Metti(VoceImporti, Scritti(ImportiDellaNota(Nota), RestoDellaNota(Nota)));
+    Metti(VoceFattura, Scritta(Tenuto.Numero, Tenuto.Data));
+    for (qsizetype i = 0; i < MassimiEmessi; ++i)
+        Metti(VociEmessi[size_t(i)], i < Tenuto.Emessi.size()
+                                         ? Scritto(Tenuto.Emessi[i], RestoDi(Nota, Tenuto.Emessi[i]))
+                                         : QString());
+    const std::optional<SocioTenuto> Socio = SocioDellaNota(Nota);
+    Metti(VoceConSocio, Tenuto.ConSocio ? u"1"_s : QString());
+    Metti(VoceSocio, Socio ? Scritto(*Socio) : QString());
 }
 
 void LeggiStato(Parcella& Nota, const MemoriaFile& Memoria)
@@ -171,11 +281,19 @@ void LeggiStato(Parcella& Nota, const MemoriaFile& Memoria)
     if (Tenuto.Documento >= 0)
         if (const auto Importi = LeggiImporti(Memoria.value(VoceImporti), MassimoImporto))
             Tenuto.Importi = Importi->Importi;
+    if (Tenuto.Importi) {
+        LeggiFattura(Memoria.value(VoceFattura), Tenuto.Numero, Tenuto.Data);
+        Tenuto.ConSocio = Memoria.value(VoceConSocio) == u"1";
+        for (EmessoLetto& Letto : LeggiEmessi(Memoria, MassimoImporto))
+            Tenuto.Emessi.append(std::move(Letto.Che));
+    }
+    if (const auto Socio = Memoria.constFind(VoceSocio); Socio != Memoria.constEnd())
+        Tenuto.Socio = LeggiSocio(*Socio);
     Nota.Stato = SoloBozza(Tenuto);
 }
 
 bool EVoceDiStato(const QString& Nome)
 {
-    return Nome == VocePrima || Nome == VoceEmessa ||
+    return Nome == VocePrima || Nome == VoceEmessa || Nome == VoceConSocio || Nome == VoceSocio ||
            (Nome.startsWith(VoceStato) && VociStatoLetto().contains(Nome));
 }

@@ -12,6 +12,15 @@
 
 #include <optional>
 
+/// A document of a file that another one has followed.
+struct EmessoLetto
+{
+    DocumentoEmesso Che;
+    double Resto = 0.0;  ///< of its net after all payments, euro
+
+    friend bool operator==(const EmessoLetto&, const EmessoLetto&) = default;
+};
+
 /// What a list of notes takes from a file. Values that are none (an unknown word, an amount that is no number
 /// or has no limits, a day of no calendar) count as missing.
 struct StatoLetto
@@ -21,10 +30,12 @@ struct StatoLetto
     bool Storno = false;  ///< it was a credit note
     QString Dal;          ///< since when, dd/mm/yyyy
     std::optional<ImportiDocumento> Importi;
-    double Resto = 0.0;                ///< of the net after all payments, euro; only with figures
-    QString Numero, Data;              ///< of pro-forma note and estimate
-    QString Scadenza;                  ///< of the payment, as typed
-    QString CitataNumero, CitataData;  ///< of the invoice that a credit note takes back
+    double Resto = 0.0;                  ///< of the net after all payments, euro; only with figures
+    QString Numero, Data;                ///< of pro-forma note and estimate
+    QString Scadenza;                    ///< of the payment, as typed
+    QString CitataNumero, CitataData;    ///< of the invoice that a credit note takes back
+    QString FatturaNumero, FatturaData;  ///< of the invoice or credit note that has gone out, as it did
+    QList<EmessoLetto> Emessi;           ///< those before it, the oldest first
 
     friend bool operator==(const StatoLetto&, const StatoLetto&) = default;
 };

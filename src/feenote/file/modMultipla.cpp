@@ -3,6 +3,7 @@
 #include "core/modErrori.h"
 #include "feenote/file/modLettura.h"
 #include "feenote/file/nomenota.h"
+#include "feenote/modStato.h"
 #include "feenote/modTotali.h"
 #include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
@@ -81,6 +82,7 @@ bool AssociaMulti(Parcella& Nota, const QString& Percorso, const Parcella* Apert
 
 void TogliMulti(Parcella& Nota)
 {
+    TieniSocio(Nota);
     Nota.Multi = {};
     Nota.txtParcMultipla.clear();
     Nota.txtPathParcMult.clear();

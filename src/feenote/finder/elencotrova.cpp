@@ -56,7 +56,7 @@ QString CellaTrova(const VoceTrova& Voce, int Colonna)
     case TrovaCartella:
         return Voce.Cartella;
     case TrovaStato:
-        return NomeStato(StatoMostrato(Voce));
+        return ParolaStato(Voce);
     default:
         return {};
     }

@@ -80,23 +80,80 @@ std::optional<ChiaveFattura> Fattura(const VoceTrova& Nota, const QString& Numer
                          Giorno->toString(Qt::ISODate));
 }
 
-/// The invoice that a note has gone out as.
+/// Number and date of the invoice that has gone out. The record loses them as soon as it begins its credit
+/// note.
+struct NumeroFattura
+{
+    QString Numero, Data;
+};
+
+NumeroFattura NumeroDi(const DatiNota& Dati)
+{
+    const StatoLetto& Stato = Dati.Stato;
+    const bool Emessa = Stato.Stato == StatoNota::Fatturata || Stato.Stato == StatoNota::Pagata;
+    return Emessa && !Stato.FatturaNumero.isEmpty() ? NumeroFattura{Stato.FatturaNumero, Stato.FatturaData}
+                                                    : NumeroFattura{Dati.NumFatt, Dati.DataFatt};
+}
+
+/// The invoice, or the credit note, that a note has gone out as.
 std::optional<ChiaveFattura> FatturaDi(const VoceTrova& Nota)
 {
     const StatoLetto& Stato = Nota.Dati.Stato;
-    if (Nota.Genere != GenereVoce::Nota || Nota.Modello || Nota.Illeggibile || Stato.Storno ||
+    if (Nota.Genere != GenereVoce::Nota || Nota.Modello || Nota.Illeggibile ||
         (Stato.Stato != StatoNota::Fatturata && Stato.Stato != StatoNota::Pagata))
         return std::nullopt;
     const int Documento = DocumentoDi(Nota.Dati);
     if (Documento >= 0 && !TipoDi(Documento).EFattura)
         return std::nullopt;
-    return Fattura(Nota, Nota.Dati.NumFatt, Nota.Dati.DataFatt);
+    const NumeroFattura Suo = NumeroDi(Nota.Dati);
+    return Fattura(Nota, Suo.Numero, Suo.Data);
+}
+
+/// What is open of the document of a note; nothing where it is not known.
+std::optional<double> ApertoDelDocumento(const VoceTrova& Nota)
+{
+    const StatoLetto& Stato = Nota.Dati.Stato;
+    if (Nota.Illeggibile || Stato.Stato == StatoNota::Ignoto)
+        return std::nullopt;
+    const int Documento = DocumentoDi(Nota.Dati);
+    if (!Attende(Stato.Stato) || EStorno(Stato) || (Documento >= 0 && !ChiedePagamento(Documento)))
+        return 0.0;
+    return Stato.Importi ? std::optional(Stato.Resto) : std::nullopt;
+}
+
+/// A document of a note's file that another one has followed, as a note of its own.
+VoceTrova VoceDi(const VoceTrova& Nota, const EmessoLetto& Emesso)
+{
+    VoceTrova Voce = Nota;
+    StatoLetto& Stato = Voce.Dati.Stato;
+    Stato.Emessi.clear();
+    Stato.Documento = Emesso.Che.Documento;
+    Stato.Storno = Emesso.Che.Storno;
+    Stato.Importi = Emesso.Che.Importi;
+    Stato.Resto = Emesso.Resto;
+    Stato.FatturaNumero.clear();
+    Stato.FatturaData.clear();
+    Voce.Dati.NumFatt = Emesso.Che.Numero;
+    Voce.Dati.DataFatt = Emesso.Che.Data;
+    for (QString* DellUltimo : {&Stato.Scadenza, &Stato.CitataNumero, &Stato.CitataData, &Stato.Dal})
+        DellUltimo->clear();
+    if (Stato.Stato != StatoNota::Pagata)
+        Stato.Stato = StatoNota::Fatturata;
+    return Voce;
+}
+
+/// Earlier documents count while the note's own does.
+bool HaEmessi(const VoceTrova& Nota)
+{
+    const StatoLetto& Stato = Nota.Dati.Stato;
+    return Nota.Genere == GenereVoce::Nota && !Nota.Modello && !Stato.Emessi.isEmpty() &&
+           Stato.Stato != StatoNota::Bozza && Stato.Stato != StatoNota::Ignoto;
 }
 
 /// What is open of a note among others; nothing where it is not known.
 std::optional<double> ApertoConLegame(const VoceTrova& Nota, const LegameFattura& Legame)
 {
-    const std::optional<double> Aperto = ApertoDi(Nota);
+    const std::optional<double> Aperto = ApertoDelDocumento(Nota);
     return Aperto ? std::optional(std::max(0.0, Arrotonda2(*Aperto - Legame.Stornato))) : std::nullopt;
 }
 
@@ -178,42 +235,100 @@ bool PassaStato(FiltroStato Filtro, const VoceTrova& Nota)
 
 std::optional<double> ApertoDi(const VoceTrova& Nota)
 {
-    const StatoLetto& Stato = Nota.Dati.Stato;
-    if (Nota.Illeggibile || Stato.Stato == StatoNota::Ignoto)
-        return std::nullopt;
-    const int Documento = DocumentoDi(Nota.Dati);
-    if (!Attende(Stato.Stato) || EStorno(Stato) || (Documento >= 0 && !ChiedePagamento(Documento)))
-        return 0.0;
-    return Stato.Importi ? std::optional(Stato.Resto) : std::nullopt;
+    if (!HaEmessi(Nota))
+        return ApertoDelDocumento(Nota);
+    const DocumentiNote Suoi({&Nota});
+    const QHash<const VoceTrova*, LegameFattura> Legami = LegamiFatture(Suoi.Tutti());
+    double Somma = 0.0;
+    for (const VoceTrova* Voce : Suoi.Tutti()) {
+        const std::optional<double> Aperto = ApertoConLegame(*Voce, Legami.value(Voce));
+        if (!Aperto)
+            return std::nullopt;
+        Somma += *Aperto;
+    }
+    return Arrotonda2(Somma);
 }
 
-QHash<const VoceTrova*, LegameFattura> LegamiFatture(const std::vector<const VoceTrova*>& Note)
+QString ParolaStato(const VoceTrova& Voce)
+{
+    const StatoNota Stato = StatoMostrato(Voce);
+    const bool Stornata = HaEmessi(Voce) && EStorno(Voce.Dati.Stato) && ApertoDi(Voce) == 0.0;
+    return Stornata && Stato == StatoNota::Fatturata ? u"Stornata"_s : NomeStato(Stato);
+}
+
+QStringList FrasiDocumenti(const VoceTrova& Nota)
+{
+    if (Nota.Genere != GenereVoce::Nota || Nota.Modello || !EStorno(Nota.Dati.Stato))
+        return {};
+    QStringList Frasi;
+    const DocumentiNote Suoi({&Nota});
+    for (const VoceTrova* Voce : Suoi.Tutti()) {
+        const StatoLetto& Stato = Voce->Dati.Stato;
+        const bool Storno = EStorno(Stato);
+        const NumeroFattura Suo = NumeroDi(Voce->Dati);
+        QString Frase = Storno ? u"Nota di credito"_s : TipoDi(DocumentoDi(Voce->Dati)).Nome.toString();
+        if (!Suo.Numero.isEmpty())
+            Frase += u' ' + Suo.Numero;
+        if (!Suo.Data.isEmpty())
+            Frase += u" del "_s + Suo.Data;
+        if (Storno && !Stato.CitataNumero.isEmpty())
+            Frase += u", della fattura "_s + Stato.CitataNumero;
+        if (Stato.Importi)
+            Frase += u": "_s + Euro(Storno ? -Stato.Importi->Netto : Stato.Importi->Netto);
+        Frasi += Frase;
+    }
+    return Frasi;
+}
+
+DocumentiNote::DocumentiNote(const std::vector<const VoceTrova*>& Note)
+{
+    Voci.reserve(Note.size());
+    for (const VoceTrova* Nota : Note) {
+        if (HaEmessi(*Nota))
+            for (const EmessoLetto& Emesso : Nota->Dati.Stato.Emessi) {
+                Prima.push_back(VoceDi(*Nota, Emesso));
+                Voci.push_back(&Prima.back());
+            }
+        Voci.push_back(Nota);
+    }
+}
+
+QHash<const VoceTrova*, LegameFattura> LegamiFatture(const std::vector<const VoceTrova*>& Documenti)
 {
     QHash<const VoceTrova*, LegameFattura> Legami;
-    std::map<ChiaveFattura, const VoceTrova*> Fatture;
-    for (const VoceTrova* Nota : Note) {
+    std::map<std::pair<bool, ChiaveFattura>, const VoceTrova*> Emessi;
+    for (const VoceTrova* Nota : Documenti) {
         const auto Chiave = FatturaDi(*Nota);
         if (!Chiave)
             continue;
-        const auto [Posto, Nuova] = Fatture.try_emplace(*Chiave, Nota);
+        const auto [Posto, Nuova] = Emessi.try_emplace({Nota->Dati.Stato.Storno, *Chiave}, Nota);
         if (Nuova)
             continue;
         const bool Dopo = std::pair(Nota->Modificata, Posto->second->Percorso) >
                           std::pair(Posto->second->Modificata, Nota->Percorso);
         Legami[Dopo ? std::exchange(Posto->second, Nota) : Nota].Copia = true;
     }
-    for (const VoceTrova* Nota : Note) {
+    const VoceTrova* Precedente = nullptr;
+    for (const VoceTrova* Nota : Documenti) {
+        const bool Suo =
+            Precedente && Precedente->Percorso == Nota->Percorso && !EStorno(Precedente->Dati.Stato);
+        const VoceTrova* const DelloStessoFile = Suo ? Precedente : nullptr;
+        Precedente = Nota;
         const StatoLetto& Stato = Nota->Dati.Stato;
-        if (Nota->Genere != GenereVoce::Nota || Nota->Modello || !EStorno(Stato))
+        if (Nota->Genere != GenereVoce::Nota || Nota->Modello || !EStorno(Stato) || Legami.value(Nota).Copia)
             continue;
-        const auto Chiave = Fattura(*Nota, Stato.CitataNumero, Stato.CitataData);
-        if (!Chiave)
+        const VoceTrova* Ripresa = DelloStessoFile;
+        if (const auto Chiave = Fattura(*Nota, Stato.CitataNumero, Stato.CitataData))
+            if (const auto Posto = Emessi.find({false, *Chiave}); Posto != Emessi.end())
+                Ripresa = Posto->second;
+        if (!Ripresa)
             continue;
-        const auto Posto = Fatture.find(*Chiave);
-        if (Posto == Fatture.end())
+        if (Legami.value(Ripresa).Copia) {
+            Legami[Nota].Copia = true;
             continue;
+        }
         Legami[Nota].Citata = true;
-        Legami[Posto->second].Stornato += Stato.Importi ? Stato.Importi->Netto : 0.0;
+        Legami[Ripresa].Stornato += Stato.Importi ? Stato.Importi->Netto : 0.0;
     }
     return Legami;
 }
@@ -222,8 +337,9 @@ ApertoTutto SommaAperto(const std::vector<const VoceTrova*>& Note)
 {
     ApertoTutto Somma;
     QHash<std::pair<int, QString>, qsizetype> Posti;
-    const QHash<const VoceTrova*, LegameFattura> Legami = LegamiFatture(Note);
-    for (const VoceTrova* Nota : Note) {
+    const DocumentiNote Documenti(Note);
+    const QHash<const VoceTrova*, LegameFattura> Legami = LegamiFatture(Documenti.Tutti());
+    for (const VoceTrova* Nota : Documenti.Tutti()) {
         if (Nota->Genere != GenereVoce::Nota || Nota->Modello)
             continue;
         const LegameFattura Legame = Legami.value(Nota);
@@ -302,7 +418,7 @@ QStringList RigaScadenzario(const VoceTrova& Nota, const CodiciCliente& Codici, 
     // What the user calls invoiced bears the invoice's number, whatever document is in view.
     const bool SenzaDocumento = Documento.Nome.isEmpty() && Dati.Stato.Stato == StatoNota::Fatturata;
     if (Documento.EFattura || SenzaDocumento)
-        Celle << Dati.NumFatt << Dati.DataFatt;
+        Celle << NumeroDi(Dati).Numero << NumeroDi(Dati).Data;
     else if (Documento.Pannello == PannelloStampa::Numero)
         Celle << Dati.Stato.Numero << Dati.Stato.Data;
     else
@@ -317,14 +433,23 @@ QStringList RigaScadenzario(const VoceTrova& Nota, const CodiciCliente& Codici, 
     return Celle;
 }
 
+std::vector<QStringList> RigheScadenzario(const std::vector<const VoceTrova*>& Note,
+                                          const std::function<CodiciCliente(int IDCli)>& Codici)
+{
+    std::vector<QStringList> Righe;
+    const DocumentiNote Documenti(Note);
+    const QHash<const VoceTrova*, LegameFattura> Legami = LegamiFatture(Documenti.Tutti());
+    for (const VoceTrova* Nota : Documenti.Tutti())
+        if (Nota->Genere == GenereVoce::Nota && !Nota->Modello)
+            Righe.push_back(RigaScadenzario(*Nota, Codici(Nota->Dati.IDCli), Legami.value(Nota)));
+    return Righe;
+}
+
 QByteArray CsvScadenzario(const std::vector<const VoceTrova*>& Note,
                           const std::function<CodiciCliente(int IDCli)>& Codici)
 {
     static const QList<int> Cifre{9, 10, 11, 12, 13, 14, 15, 16};  // from Imponibile to Aperto
-    std::vector<QStringList> Righe{TitoliScadenzario()};
-    const QHash<const VoceTrova*, LegameFattura> Legami = LegamiFatture(Note);
-    for (const VoceTrova* Nota : Note)
-        if (Nota->Genere == GenereVoce::Nota && !Nota->Modello)
-            Righe.push_back(RigaScadenzario(*Nota, Codici(Nota->Dati.IDCli), Legami.value(Nota)));
+    std::vector<QStringList> Righe = RigheScadenzario(Note, Codici);
+    Righe.insert(Righe.begin(), TitoliScadenzario());
     return ScriviCsv(Righe, Cifre);
 }

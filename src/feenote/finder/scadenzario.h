@@ -12,6 +12,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <deque>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -37,9 +38,34 @@ enum class FiltroStato {
 /// The state as a list shows it: that of a note; empty for a template and where it is not known.
 [[nodiscard]] StatoNota StatoMostrato(const VoceTrova& Voce);
 
-/// What is open of a note, euro: 0 for a draft, for a paid one, for a document that asks nobody for money.
-/// Nothing where it is not known. A template is no note.
+/// What is open of a note, euro: 0 for a draft, for a paid one, for a document that asks nobody for money; of
+/// an invoice and its credit note in one file what the credit note leaves. Nothing where it is not known. A
+/// template is no note.
 [[nodiscard]] std::optional<double> ApertoDi(const VoceTrova& Nota);
+
+/// The state in the words of a list: "Stornata" for an invoice that a credit note of its own file has taken
+/// back whole.
+[[nodiscard]] QString ParolaStato(const VoceTrova& Voce);
+
+/// Of a note that has gone out as a credit note: what its file has sent out, a line each with number, day and
+/// net. Nothing of any other.
+[[nodiscard]] QStringList FrasiDocumenti(const VoceTrova& Nota);
+
+/// The documents of a list of notes: one each, and before it those that have gone out of its file earlier.
+class DocumentiNote
+{
+public:
+    /// @param Note must outlive the object
+    explicit DocumentiNote(const std::vector<const VoceTrova*>& Note);
+    DocumentiNote(const DocumentiNote&) = delete;
+    DocumentiNote& operator=(const DocumentiNote&) = delete;
+
+    [[nodiscard]] const std::vector<const VoceTrova*>& Tutti() const { return Voci; }
+
+private:
+    std::deque<VoceTrova> Prima;  // their addresses stay
+    std::vector<const VoceTrova*> Voci;
+};
 
 /// What is open of a client.
 struct ApertoCliente
@@ -51,16 +77,18 @@ struct ApertoCliente
     friend bool operator==(const ApertoCliente&, const ApertoCliente&) = default;
 };
 
-/// How a note of a list hangs together with the others by its invoice.
+/// How a document of a list hangs together with the others by its invoice.
 struct LegameFattura
 {
-    bool Copia = false;     ///< a file saved later holds the same invoice: this one does not count
+    bool Copia = false;     ///< a file saved later holds the same one: this one does not count
     double Stornato = 0.0;  ///< of it by the credit notes of other files, euro
     bool Citata = false;    ///< of a credit note: the invoice that it takes back is in the list
     friend bool operator==(const LegameFattura&, const LegameFattura&) = default;
 };
-/// An invoice is known by client, number and date. Notes that hang together with none are left out.
-[[nodiscard]] QHash<const VoceTrova*, LegameFattura> LegamiFatture(const std::vector<const VoceTrova*>& Note);
+/// An invoice is known by client, number and date, to the credit note of its own file by standing before it.
+/// Documents that hang together with none are left out.
+[[nodiscard]] QHash<const VoceTrova*, LegameFattura>
+LegamiFatture(const std::vector<const VoceTrova*>& Documenti);
 
 /// What is open of a list of notes.
 struct ApertoTutto
@@ -89,12 +117,16 @@ struct CodiciCliente
 
 /// The titles of the accountant's rows.
 [[nodiscard]] QStringList TitoliScadenzario();
-/// A row. Amounts and dates are Italian; a figure that is not known is empty.
+/// The row of a document. Amounts and dates are Italian; a figure that is not known is empty.
 /// Those of a copy are empty as well, and those of a credit note whose invoice is not in the list: a sum of
 /// the column counts each invoice once, and takes none away that it does not hold.
 [[nodiscard]] QStringList RigaScadenzario(const VoceTrova& Nota, const CodiciCliente& Codici,
                                           const LegameFattura& Legame = {});
-/// The file: titles and rows, templates left out.
+/// The rows of the documents of notes, templates left out.
+[[nodiscard]] std::vector<QStringList>
+RigheScadenzario(const std::vector<const VoceTrova*>& Note,
+                 const std::function<CodiciCliente(int IDCli)>& Codici);
+/// The file: titles and rows.
 /// @param Codici what the archive has for the key of a client
 [[nodiscard]] QByteArray CsvScadenzario(const std::vector<const VoceTrova*>& Note,
                                         const std::function<CodiciCliente(int IDCli)>& Codici);

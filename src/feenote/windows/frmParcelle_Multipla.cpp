@@ -148,5 +148,9 @@ void frmParcelle::MultiCambiata()
     RefreshDatiBase();
     RefreshGrid();
     Ricomponi();
-    AccontiVisti = CoperturaDi(Nota);  // an association is no payment
+    // An association is no payment; of a document of both it shows those that were made meanwhile.
+    if (!UscitaConSocio(Nota))
+        AccontiVisti = CoperturaDi(Nota);
+    else if (RivediStato())
+        Cambiata();
 }

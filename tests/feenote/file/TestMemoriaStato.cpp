@@ -4,6 +4,7 @@
 #include "feenote/file/memoriastato.h"
 #include "feenote/file/modSalvataggio.h"
 #include "feenote/modAcconti.h"
+#include "feenote/modFatturaXml.h"
 #include "feenote/modStato.h"
 #include "platform/system/orologio.h"
 
@@ -30,6 +31,8 @@ private Q_SLOTS:
     void fileDiPrima();
     void valoriOstili_data();
     void valoriOstili();
+    void documentiOstili_data();
+    void documentiOstili();
     void soloDelFileElettronico();
     void modello();
     void modelloNonScritto();
@@ -86,6 +89,35 @@ void TestMemoriaStato::torna_data()
         Nota.FatturaXml.Tipo = u"TD04"_s;
         (void)NotaFatturata(Nota);
         QVERIFY(Nota.Stato.Storno);
+    });
+    Caso("fattura e nota di credito", Fatturata, [](Parcella& Nota) {
+        for (const int Numero : {12, 13, 14, 15, 16}) {
+            Nota.FatturaXml.Tipo = Numero % 2 == 1 ? u"TD04"_s : QString();
+            Nota.txtDatiPar[DatoNumFatt] = u";%1;"_s.arg(Numero);
+            Nota.txtDatiPar[DatoDataFatt] = u"09/11/2026"_s;
+            SegnaFatturaScritta(Nota, u"x"_s, u"x"_s);
+        }
+        QCOMPARE(Nota.Stato.Emessi.size(), MassimiEmessi);
+    });
+    Caso("fattura senza numero", Fatturata, [](Parcella& Nota) {
+        Nota.txtDatiPar.remove(DatoNumFatt);
+        (void)NotaFatturata(Nota);
+        Nota.FatturaXml.Tipo = u"TD04"_s;
+        (void)NotaFatturata(Nota);
+        QCOMPARE(Nota.Stato.Emessi.size(), 1);
+        QCOMPARE(Nota.Stato.Emessi[0].Numero, QString());
+    });
+    Caso("con un'altra nota", Inviata, [](Parcella& Nota) {
+        Nota.txtPathParcMult = u"/note/altra.mdb"_s;
+        Nota.txtParcMultipla = u"altra"_s;
+        Nota.Multi.TotOnorari = 123.45;
+        (void)NotaInviata(Nota, StampaPrenotula);
+        QVERIFY(Nota.Stato.ConSocio && Nota.Stato.Socio);
+        Nota.txtParcMultipla.clear();
+    });
+    Caso("bozza con un'altra nota", Bozza, [](Parcella& Nota) {
+        Nota.txtPathParcMult = u"/note/altra.mdb"_s;
+        Nota.Stato.Socio = SocioTenuto{1, 2, 3, 4, 5, 6.78};
     });
     Caso("importi senza misura", Inviata, [](Parcella& Nota) {
         Nota.xOnorari(0, OnoImporto) = 123456789012345.675;
@@ -193,6 +225,8 @@ void TestMemoriaStato::valoriOstili_data()
     Riga("a negative document", u"Stato.Documento"_s, u"-1"_s, false);
     Riga("a document that is no number", u"Stato.Documento"_s, u"3 fatture"_s, false);
     Riga("a day of no calendar", u"Stato.Dal.Fatturata"_s, u"31/02/2026"_s, false);
+    Riga("no number of an invoice", u"Stato.Fattura"_s, u"09/11/2026"_s, false);
+    Riga("an invoice of no day", u"Stato.Fattura"_s, u"31/11/2026;12"_s, false);
     Riga("no figures", Importi, u""_s, true);
     Riga("too few", Importi, u"1;2;3;4;5;6;7;8;9"_s, true);
     Riga("too many", Importi, u"1;2;3;4;5;6;7;8;9;10;11"_s, true);
@@ -229,6 +263,53 @@ void TestMemoriaStato::valoriOstili()
     QCOMPARE(Letta.Stato.Emessa, Letto.Documento >= 0);
     ScriviNota(File, Letta);
     QVERIFY(LeggiStatoLetto(MemoriaDi(File)).Importi);
+}
+
+void TestMemoriaStato::documentiOstili_data()
+{
+    QTest::addColumn<QString>("Emesso");
+    QTest::addColumn<QString>("Socio");
+    const QString Buono = u"3;0;0;1;2;3;4;5;6;7;8;9;0;09/11/2026;12"_s;
+    QTest::newRow("too few parts") << u"3;0;0;1;2;3;4;5;6;7;8;9;0;12"_s << u"1;2;3;4;5"_s;
+    QTest::newRow("too many figures") << QString() << u"1;2;3;4;5;6;7"_s;
+    QTest::newRow("no document") << u"99"_s + Buono.mid(1) << u";;;;;"_s;
+    QTest::newRow("a document that is no number") << u"x"_s + Buono.mid(1) << u"1;2;3;4;5;x"_s;
+    QTest::newRow("not finite") << QString(Buono).replace(u";5;"_s, u";nan;"_s) << u"1;2;inf;4;5;6"_s;
+    QTest::newRow("beyond all limits")
+        << QString(Buono).replace(u";5;"_s, u";1e300;"_s) << u"1;2;3;4;5;1e19"_s;
+    QTest::newRow("less than nothing is open")
+        << QString(Buono).replace(u";9;0;"_s, u";9;-1;"_s) << u"nulla"_s;
+    QTest::newRow("empty") << u""_s << u""_s;
+}
+
+/// What is none is as if it were not there; the note opens and is saved.
+void TestMemoriaStato::documentiOstili()
+{
+    QFETCH(QString, Emesso);
+    QFETCH(QString, Socio);
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota = Riletta(Ufficio, NotaPiena());
+    (void)NotaFatturata(Nota);
+    const QString File = Ufficio.File(u"nota.mdb"_s);
+    ScriviNota(File, Nota);
+    const QString Inserisci = u"INSERT INTO \"_Calcanova\" VALUES (?,?)"_s;
+    EseguiSu(File, Inserisci, {u"Stato.Emesso.1"_s, Emesso});
+    EseguiSu(File, Inserisci, {u"Stato.Emesso.3"_s, u"3;1;0;1;2;3;4;5;6;7;8;9;0;31/02/2026;13"_s});
+    EseguiSu(File, Inserisci, {u"Stato.Socio"_s, Socio});
+    const StatoLetto Letto = LeggiStatoLetto(MemoriaDi(File));
+    QCOMPARE(Letto.Emessi.size(), 1);
+    QCOMPARE(Letto.Emessi[0].Che.Numero, u"13"_s);
+    QCOMPARE(Letto.Emessi[0].Che.Data, QString());
+    QVERIFY(Letto.Emessi[0].Che.Storno);
+    Parcella Letta;
+    CaricaDati(Letta, File);
+    QCOMPARE(Letta.Stato.Emessi, QList<DocumentoEmesso>{Letto.Emessi[0].Che});
+    QCOMPARE(Letta.Stato.Socio, std::nullopt);
+    ScriviNota(File, Letta);
+    QVERIFY(!MemoriaDi(File).contains(u"Stato.Socio"_s));
+    QVERIFY(!MemoriaDi(File).contains(u"Stato.Emesso.3"_s));
+    QVERIFY(MemoriaDi(File).contains(u"Stato.Emesso.1"_s));
 }
 
 void TestMemoriaStato::soloDelFileElettronico()

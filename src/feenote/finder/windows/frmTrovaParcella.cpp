@@ -272,9 +272,10 @@ QString frmTrovaParcella::SuggerimentoDi(int Riga) const
         Frasi += u"Oggetto: "_s + Voce.Dati.Oggetto;
     if (const StatoNota Stato = StatoMostrato(Voce); Stato != StatoNota::Ignoto) {
         const QString& Dal = Voce.Dati.Stato.Dal;
-        Frasi += NomeStato(Stato) + (Dal.isEmpty() ? QString() : u" dal "_s + Dal);
+        Frasi += ParolaStato(Voce) + (Dal.isEmpty() ? QString() : u" dal "_s + Dal);
         if (const double Aperto = ApertoDi(Voce).value_or(0.0); Aperto > 0)
             Frasi += u"Aperto: "_s + Format(Aperto, u"#,##0.00");
+        Frasi += FrasiDocumenti(Voce);
     } else if (!Voce.Modello && !Voce.Illeggibile) {
         Frasi += u"Nata in una versione precedente, il suo stato non è noto"_s;
     }

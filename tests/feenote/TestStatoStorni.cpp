@@ -1,0 +1,217 @@
+// An invoice and its credit note in one file: what has gone out before stands beside what has gone out last.
+#include "nota_prova.h"
+
+#include "feenote/modAcconti.h"
+#include "feenote/modDuplica.h"
+#include "feenote/modFatturaXml.h"
+#include "feenote/modStato.h"
+#include "platform/system/orologio.h"
+
+using namespace Qt::StringLiterals;
+using enum StatoNota;
+
+namespace {
+
+constexpr double Netto = 1459.12;
+
+Parcella Nota()
+{
+    Parcella Nuova;
+    Nuova.Stato = StatoDiNuova();
+    Nuova.xOnorari.AggiungiRiga();
+    Nuova.xOnorari(0, OnoImporto) = 1000.0;
+    Nuova.chkSpeseGen.Attiva = Nuova.chkCP.Attiva = Nuova.chkIva.Attiva = true;
+    Nuova.txtSpeGen.Testo = u"15"_s;
+    Nuova.txtCP.Testo = u"4"_s;
+    Nuova.txtIVA.Testo = u"22"_s;
+    RicordaStampa(Nuova);
+    ScegliTipoStampa(Nuova, StampaFatturaAnalitica);
+    return Nuova;
+}
+
+/// The invoice, or the credit note, of a number goes out as a file.
+void Emetti(Parcella& Nota, int Numero, bool Credito = false)
+{
+    Nota.FatturaXml.Tipo = Credito ? u"TD04"_s : QString();
+    Nota.txtDatiPar[DatoNumFatt] = QString::number(Numero);
+    Nota.txtDatiPar[DatoDataFatt] = u"9/11/2026"_s;
+    SegnaFatturaScritta(Nota, u"IT1_%1.xml"_s.arg(Numero), QString::number(Numero));
+}
+
+QString Numeri(const Parcella& Nota)
+{
+    QStringList Tutti;
+    for (const DocumentoEmesso& Uno : Nota.Stato.Emessi)
+        Tutti += (Uno.Storno ? u"-"_s : QString()) + Uno.Numero;
+    return Tutti.join(u' ') + u" | "_s + (Nota.Stato.Storno ? u"-"_s : QString()) + Nota.Stato.Numero;
+}
+
+}  // namespace
+
+class TestStatoStorni : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init()
+    {
+        AzzeraSessione();
+        InstallaOrologio([] { return QDateTime(QDate(2026, 11, 22), QTime(10, 0)); });
+    }
+    void cleanup() { InstallaOrologio({}); }
+    void laFatturaResta();
+    void pagatiDopo();
+    void unaParte();
+    void laCopiaNonCambia();
+    void unaDopoLAltra();
+    void ilNumeroCorretto();
+    void quelloDelPrimoStato_data();
+    void quelloDelPrimoStato();
+};
+PROVA(TestStatoStorni);
+
+void TestStatoStorni::laFatturaResta()
+{
+    Parcella Prova = Nota();
+    Emetti(Prova, 12);
+    QCOMPARE(Numeri(Prova), u" | 12"_s);
+    QCOMPARE(Prova.Stato.Data, u"09/11/2026"_s);
+    const ImportiDocumento Sue = ImportiDellaNota(Prova);
+    QCOMPARE(Sue.Netto, Netto);
+    Prova.xOnorari(0, OnoImporto) = 100.0;
+    Emetti(Prova, 13, true);
+    QCOMPARE(Numeri(Prova), u"12 | -13"_s);
+    QCOMPARE(Prova.Stato.Emessi,
+             (QList<DocumentoEmesso>{{StampaFatturaAnalitica, false, false, u"12"_s, u"09/11/2026"_s, Sue}}));
+    QCOMPARE(ImportiDellaNota(Prova).Netto, 145.91);
+    // The same on paper: the number is typed, the print says the rest.
+    Parcella Carta = Nota();
+    Carta.txtDatiPar[DatoNumFatt] = u" 12 "_s;
+    Carta.txtDatiPar[DatoDataFatt] = u"09/11/2026"_s;
+    (void)NotaInviata(Carta, StampaFatturaAnalitica);
+    Carta.FatturaXml.Tipo = u"TD04"_s;
+    Carta.txtDatiPar[DatoNumFatt] = u"13"_s;
+    (void)NotaInviata(Carta, StampaFatturaAnalitica);
+    QCOMPARE(Numeri(Carta), u"12 | -13"_s);
+}
+
+/// Payments behind the credit note are still those of the invoice.
+void TestStatoStorni::pagatiDopo()
+{
+    Parcella Prova = Nota();
+    Emetti(Prova, 12);
+    Emetti(Prova, 13, true);
+    QCOMPARE(RestoDi(Prova, Prova.Stato.Emessi[0]), Netto);
+    Prova.xAcconti(NuovoAcconto(Prova), AccCorrispettivi) = 100.0;
+    QCOMPARE(RestoDi(Prova, Prova.Stato.Emessi[0]), 1332.24);
+    Prova.xAcconti(NuovoAcconto(Prova), AccCorrispettivi) = 5000.0;
+    QCOMPARE(RestoDi(Prova, Prova.Stato.Emessi[0]), 0.0);
+}
+
+/// Of a document of two notes the payments of the other one count too, as long as it is known.
+void TestStatoStorni::unaParte()
+{
+    Parcella Prova = Nota();
+    Prova.txtParcMultipla = u"altra"_s;
+    Prova.txtPathParcMult = u"/note/altra.mdb"_s;
+    Prova.Multi.TotOnorari = 1000;
+    Emetti(Prova, 12);
+    const int Riga = Prova.Multi.xAcconti.AggiungiRiga();
+    Prova.Multi.xAcconti(Riga, AccValuta) = u"E"_s;
+    Prova.Multi.xAcconti(Riga, AccCorrispettivi) = 100.0;
+    TieniSocio(Prova);
+    Prova.txtParcMultipla.clear();
+    Prova.txtPathParcMult.clear();
+    Prova.Multi = {};
+    Emetti(Prova, 13, true);
+    QVERIFY(!Prova.Stato.ConSocio);
+    QVERIFY(UscitaConSocio(Prova));
+    QVERIFY(Prova.Stato.Emessi[0].ConSocio);
+    QCOMPARE(RestoDi(Prova, Prova.Stato.Emessi[0]), 2 * Netto - 126.88);
+    QCOMPARE(RestoDellaNota(Prova), Netto);
+}
+
+/// Printed again behind its credit note, an invoice is a copy: it is not owed anew.
+void TestStatoStorni::laCopiaNonCambia()
+{
+    Parcella Prova = Nota();
+    Emetti(Prova, 12);
+    Emetti(Prova, 13, true);
+    const StatoTenuto Era = Prova.Stato;
+    Prova.FatturaXml.Tipo.clear();
+    Prova.txtDatiPar[DatoNumFatt] = u"12"_s;
+    QVERIFY(!NotaInviata(Prova, StampaFatturaAnalitica));
+    QCOMPARE(Prova.Stato, Era);
+    // One of that number and another day is another one.
+    Prova.txtDatiPar[DatoDataFatt] = u"10/11/2026"_s;
+    QVERIFY(NotaInviata(Prova, StampaFatturaAnalitica));
+    QCOMPARE(Numeri(Prova), u"12 -13 | 12"_s);
+}
+
+void TestStatoStorni::unaDopoLAltra()
+{
+    Parcella Prova = Nota();
+    QStringList Viste;
+    for (int Numero = 12; Numero <= 18; ++Numero) {
+        Emetti(Prova, Numero, Numero % 2 == 1);
+        Viste += Numeri(Prova);
+    }
+    QCOMPARE(Viste,
+             (QStringList{u" | 12"_s, u"12 | -13"_s, u"12 -13 | 14"_s, u"12 -13 14 | -15"_s,
+                          u"12 -13 14 -15 | 16"_s, u"-13 14 -15 16 | -17"_s, u"14 -15 16 -17 | 18"_s}));
+    // Two invoices without a credit note between them: the second has taken the place of the first.
+    Emetti(Prova, 19);
+    QCOMPARE(Numeri(Prova), u"14 -15 16 -17 | 19"_s);
+}
+
+/// A number that is put right is that of the invoice; the one of the credit note in hand is not.
+void TestStatoStorni::ilNumeroCorretto()
+{
+    Parcella Prova = Nota();
+    Copertura Vista;
+    Emetti(Prova, 12);
+    Prova.txtDatiPar[DatoNumFatt] = u"21"_s;
+    QVERIFY(SegueStato(Prova, Vista));
+    QCOMPARE(Prova.Stato.Numero, u"21"_s);
+    Prova.FatturaXml.Tipo = u"TD04"_s;
+    Prova.txtDatiPar.remove(DatoNumFatt);
+    QVERIFY(!SegueStato(Prova, Vista));
+    Prova.txtDatiPar[DatoNumFatt] = u"22"_s;
+    QVERIFY(!SegueStato(Prova, Vista));
+    QCOMPARE(Prova.Stato.Numero, u"21"_s);
+    Emetti(Prova, 22, true);
+    QCOMPARE(Numeri(Prova), u"21 | -22"_s);
+}
+
+void TestStatoStorni::quelloDelPrimoStato_data()
+{
+    QTest::addColumn<int>("Come");
+    QTest::addColumn<QString>("Attesi");
+    QTest::newRow("never gone out") << 0 << u" | -13"_s;
+    QTest::newRow("as a pro-forma note only") << 1 << u" | -13"_s;
+    QTest::newRow("a copy of the note") << 2 << u" | -13"_s;
+    QTest::newRow("called a draft again") << 3 << u" | -13"_s;
+    QTest::newRow("called sent, as no invoice") << 4 << u" | -13"_s;
+    QTest::newRow("paid") << 5 << u"12 | -13"_s;
+}
+
+/// Only an invoice that counts stands beside its credit note.
+void TestStatoStorni::quelloDelPrimoStato()
+{
+    QFETCH(int, Come);
+    QFETCH(QString, Attesi);
+    Parcella Prova = Nota();
+    if (Come == 1)
+        (void)NotaInviata(Prova, StampaPrenotula);
+    else if (Come > 1)
+        Emetti(Prova, 12);
+    if (Come == 2)
+        Prova = Duplicata(Prova, true);
+    else if (Come > 2)
+        (void)ScegliStato(Prova, Come == 3 ? Bozza : Come == 4 ? Inviata : Pagata);
+    Emetti(Prova, 13, true);
+    QCOMPARE(Numeri(Prova), Attesi);
+    (void)ScegliStato(Prova, Bozza);
+    QVERIFY(SoloBozza(Prova.Stato).Emessi.isEmpty());
+}
+
+#include "TestStatoStorni.moc"

@@ -1,0 +1,337 @@
+// An invoice and its credit note in one file: both stand in the accountant's rows, and their sums are 0.
+#include "finder_prova.h"
+
+#include "feenote/file/modPosaFile.h"
+#include "feenote/finder/elencotrova.h"
+#include "feenote/finder/memoriatrova.h"
+#include "feenote/modAcconti.h"
+#include "feenote/modFatturaXml.h"
+#include "feenote/modStato.h"
+#include "platform/system/orologio.h"
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+using enum StatoNota;
+
+class TestScadenzarioStorni : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void leDueRighe();
+    void cheCosaResta_data();
+    void cheCosaResta();
+    void copiata();
+    void inCorso();
+    void seguitaDaUnAltra();
+    void citataAltrove();
+    void inUnFileSuo();
+    void inElenco();
+    void ilRovescioDeiNumeri();
+
+private:
+    /// One line of 1.000,00: 1.459,12 of net.
+    [[nodiscard]] static Parcella Nota()
+    {
+        Parcella Nuova;
+        NuovaParcella(Nuova);
+        const int Riga = Nuova.xOnorari.AggiungiRiga();
+        Nuova.xOnorari(Riga, OnoImporto) = 1000.0;
+        Nuova.chkSpeseGen.Attiva = true;
+        Nuova.txtSpeGen.Testo = u"15"_s;
+        Nuova.txtCP.Testo = u"4"_s;
+        Nuova.txtIVA.Testo = u"22"_s;
+        RicordaStampa(Nuova);
+        Nuova.txtCliente.Testo = u"Rossi Mario"_s;
+        ScegliTipoStampa(Nuova, StampaFatturaAnalitica);
+        return Nuova;
+    }
+    static void Emetti(Parcella& Nota, const QString& Numero, bool Credito = false)
+    {
+        Nota.FatturaXml.Tipo = Credito ? u"TD04"_s : QString();
+        if (Credito) {
+            Nota.FatturaXml.CitataNumero = Nota.DatiPar(DatoNumFatt);
+            Nota.FatturaXml.CitataData = Nota.DatiPar(DatoDataFatt);
+        }
+        Nota.txtDatiPar[DatoNumFatt] = Numero;
+        Nota.txtDatiPar[DatoDataFatt] = u"09/11/2026"_s;
+        SegnaFatturaScritta(Nota, u"IT1_%1.xml"_s.arg(Numero), Numero);
+    }
+    /// The rows of the folder.
+    void Leggi()
+    {
+        Righe.clear();
+        CamminoTrova Cammino(
+            {Cartella, Cartella, {}, false}, [&](VoceTrova&& Una) { Righe.push_back(std::move(Una)); },
+            [] { return true; }, std::make_shared<MemoriaTrova>());
+        (void)Cammino.TrovaParc(Cartella);
+        Note.clear();
+        for (const VoceTrova& Una : Righe)
+            Note.push_back(&Una);
+    }
+    /// Document, number, imponibile, net, paid, open of each row.
+    [[nodiscard]] QStringList Tabella() const
+    {
+        QStringList Trovate;
+        for (const QStringList& Celle : RigheScadenzario(Note, [](int) { return CodiciCliente(); }))
+            Trovate += QStringList{Celle[3], Celle[4], Celle[9], Celle[14], Celle[15], Celle[16]}.join(u'|');
+        return Trovate;
+    }
+    void Scrivi(const Parcella& Nota, const QString& Nome = u"una.mdb"_s)
+    {
+        ScriviNota(Cartella + Nome, Nota);
+        Leggi();
+    }
+
+    std::unique_ptr<Studio> Ufficio;
+    QString Cartella;
+    std::vector<VoceTrova> Righe;
+    std::vector<const VoceTrova*> Note;
+};
+PROVA(TestScadenzarioStorni);
+
+void TestScadenzarioStorni::init()
+{
+    Ufficio = std::make_unique<Studio>();
+    Cartella = Ufficio->File(u"note/"_s);
+    QDir().mkpath(Cartella);
+    InstallaOrologio([] { return QDateTime(QDate(2026, 11, 22), QTime(10, 0)); });
+}
+
+void TestScadenzarioStorni::cleanup()
+{
+    InstallaOrologio({});
+    Ufficio.reset();
+}
+
+void TestScadenzarioStorni::leDueRighe()
+{
+    Parcella Una = Nota();
+    Emetti(Una, u"12"_s);
+    Una.xOnorari.AggiungiRiga();  // a line that came behind the invoice
+    Emetti(Una, u"13"_s, true);
+    Scrivi(Una);
+    QCOMPARE(Tabella(), (QStringList{u"Fattura analitica|12|1150,00|1459,12|0,00|0,00"_s,
+                                     u"Nota di credito della fattura 12|13|-1150,00|-1459,12|0,00|0,00"_s}));
+    QCOMPARE(SommaAperto(Note), (ApertoTutto{0, 0, 0, 0, {}}));
+    const QByteArray Csv = CsvScadenzario(Note, [](int Chi) {
+        return CodiciCliente{QString::number(Chi), {}};
+    });
+    QCOMPARE(Csv.count("\r\n"), 3);
+    QVERIFY(
+        Csv.contains("\r\nRossi Mario;0;;Fattura analitica;12;09/11/2026;Fatturata;;;1150,00;46,00;263,12;"
+                     "0,00;1459,12;1459,12;0,00;0,00;una\r\n"));
+    QVERIFY(Csv.contains(
+        "\r\nRossi Mario;0;;Nota di credito della fattura 12;13;09/11/2026;Fatturata;22/11/2026;;"
+        "-1150,00;-46,00;-263,12;0,00;-1459,12;-1459,12;0,00;0,00;una\r\n"));
+    QCOMPARE(FrasiDocumenti(Righe[0]),
+             (QStringList{u"Fattura analitica 12 del 09/11/2026: 1.459,12"_s,
+                          u"Nota di credito 13 del 09/11/2026, della fattura 12: -1.459,12"_s}));
+    QCOMPARE(ParolaStato(Righe[0]), u"Stornata"_s);
+    QCOMPARE(CellaTrova(Righe[0], TrovaStato), u"Stornata"_s);
+    QCOMPARE(StatoMostrato(Righe[0]), Fatturata);
+    QVERIFY(!PassaStato(FiltroStato::DaIncassare, Righe[0]));
+    QVERIFY(PassaStato(FiltroStato::Fatturata, Righe[0]));
+}
+
+void TestScadenzarioStorni::cheCosaResta_data()
+{
+    QTest::addColumn<double>("Storno");
+    QTest::addColumn<double>("Pagato");
+    QTest::addColumn<int>("Stato");
+    QTest::addColumn<QString>("Prima");
+    QTest::addColumn<double>("Aperto");
+    QTest::addColumn<QString>("Parola");
+    const auto Caso = [](const char* Nome, double Storno, double Pagato, StatoNota Stato,
+                         const QString& Prima, double Aperto, const QString& Parola) {
+        QTest::newRow(Nome) << Storno << Pagato << int(Stato) << Prima << Aperto << Parola;
+    };
+    Caso("a part of it is taken back", 100, 0, Fatturata,
+         u"Fattura analitica|12|1150,00|1459,12|0,00|1313,21"_s, 1313.21, u"Fatturata"_s);
+    Caso("a part, and the rest is paid in part", 100, 100, Fatturata,
+         u"Fattura analitica|12|1150,00|1459,12|126,88|1186,33"_s, 1186.33, u"Fatturata"_s);
+    Caso("a part was paid, all is taken back", 1000, 100, Fatturata,
+         u"Fattura analitica|12|1150,00|1459,12|126,88|0,00"_s, 0, u"Stornata"_s);
+    Caso("more than it was", 2000, 0, Fatturata, u"Fattura analitica|12|1150,00|1459,12|0,00|0,00"_s, 0,
+         u"Stornata"_s);
+    Caso("a part, and the user says that the rest is paid", 100, 0, Pagata,
+         u"Fattura analitica|12|1150,00|1459,12|1459,12|0,00"_s, 0, u"Pagata"_s);
+    Caso("called a draft again", 1000, 0, Bozza, {}, 0, u"Bozza"_s);
+}
+
+/// What the credit note leaves of its invoice is open, and payments of the file are the invoice's.
+void TestScadenzarioStorni::cheCosaResta()
+{
+    QFETCH(double, Storno);
+    QFETCH(double, Pagato);
+    QFETCH(int, Stato);
+    QFETCH(QString, Prima);
+    QFETCH(double, Aperto);
+    Parcella Una = Nota();
+    Emetti(Una, u"12"_s);
+    Una.xOnorari(0, OnoImporto) = Storno;
+    Emetti(Una, u"13"_s, true);
+    if (Pagato > 0)
+        Una.xAcconti(NuovoAcconto(Una), AccCorrispettivi) = Pagato;
+    (void)ScegliStato(Una, StatoNota(Stato));
+    Scrivi(Una);
+    QCOMPARE(Tabella().size(), Prima.isEmpty() ? 1 : 2);
+    QCOMPARE(Prima.isEmpty() ? QString() : Tabella()[0], Prima);
+    QCOMPARE(ApertoDi(Righe[0]), std::optional(Aperto));
+    QCOMPARE(SommaAperto(Note).Aperto, Aperto);
+    QCOMPARE(SommaAperto(Note).Note, Aperto > 0 ? 1 : 0);
+    QCOMPARE(PassaStato(FiltroStato::DaIncassare, Righe[0]), Aperto > 0);
+    QTEST(ParolaStato(Righe[0]), "Parola");
+}
+
+/// The copy of such a file counts neither of the two again.
+void TestScadenzarioStorni::copiata()
+{
+    Parcella Una = Nota();
+    Emetti(Una, u"12"_s);
+    Una.xOnorari(0, OnoImporto) = 100.0;
+    Emetti(Una, u"13"_s, true);
+    Scrivi(Una);
+    const QStringList Prima = Tabella();
+    QVERIFY(QFile::copy(Cartella + u"una.mdb"_s, Cartella + u"altra.mdb"_s));
+    Leggi();
+    QCOMPARE(Tabella().size(), 4);
+    QStringList ConFigure;
+    for (const QString& Riga : Tabella())
+        if (!Riga.contains(u"(copia)"_s))
+            ConFigure += Riga;
+    QCOMPARE(ConFigure, Prima);
+    QVERIFY(Tabella().contains(u"Fattura analitica (copia)|12||||"_s));
+    QVERIFY(Tabella().contains(u"Nota di credito della fattura 12 (copia)|13||||"_s));
+    QCOMPARE(SommaAperto(Note).Aperto, 1313.21);
+    QCOMPARE(SommaAperto(Note).Copie, 2);
+    // The file of before the credit note: its invoice is the copy, and what was taken back is so.
+    Parcella Vecchia = Nota();
+    Emetti(Vecchia, u"12"_s);
+    Scrivi(Vecchia, u"altra.mdb"_s);
+    QFile Indietro(Cartella + u"altra.mdb"_s);
+    QVERIFY(Indietro.open(QIODevice::ReadWrite));
+    QVERIFY(
+        Indietro.setFileTime(QDateTime::currentDateTime().addDays(-9), QFileDevice::FileModificationTime));
+    Indietro.close();
+    Leggi();
+    QCOMPARE(SommaAperto(Note).Aperto, 1313.21);
+    QCOMPARE(SommaAperto(Note).Copie, 1);
+}
+
+/// The credit note that is begun and not written has taken number and day out of the record; the invoice that
+/// stands keeps them.
+void TestScadenzarioStorni::inCorso()
+{
+    Parcella Una = Nota();
+    Emetti(Una, u"12"_s);
+    Una.FatturaXml.Tipo = u"TD04"_s;
+    Una.txtDatiPar.remove(DatoNumFatt);
+    Una.txtDatiPar.remove(DatoDataFatt);
+    Scrivi(Una);
+    QCOMPARE(Tabella(), QStringList{u"Fattura analitica|12|1150,00|1459,12|0,00|1459,12"_s});
+    QCOMPARE(FrasiDocumenti(Righe[0]), QStringList());
+    // One whose number was taken away is none.
+    Una.FatturaXml.Tipo.clear();
+    Copertura Vista;
+    (void)SegueStato(Una, Vista);
+    Scrivi(Una);
+    QCOMPARE(Una.Stato.Stato, Inviata);
+    QCOMPARE(Tabella(), QStringList{u"Fattura analitica||1150,00|1459,12|0,00|1459,12"_s});
+}
+
+void TestScadenzarioStorni::seguitaDaUnAltra()
+{
+    Parcella Una = Nota();
+    Emetti(Una, u"12"_s);
+    Emetti(Una, u"13"_s, true);
+    Una.xOnorari(0, OnoImporto) = 100.0;
+    Emetti(Una, u"14"_s);
+    Scrivi(Una);
+    QCOMPARE(Tabella(), (QStringList{u"Fattura analitica|12|1150,00|1459,12|0,00|0,00"_s,
+                                     u"Nota di credito|13|-1150,00|-1459,12|0,00|0,00"_s,
+                                     u"Fattura analitica|14|115,00|145,91|0,00|145,91"_s}));
+    QCOMPARE(SommaAperto(Note).Aperto, 145.91);
+    QCOMPARE(ParolaStato(Righe[0]), u"Fatturata"_s);
+    // A payment by hand is of the last one; the first is owed no more.
+    (void)ScegliStato(Una, Pagata);
+    Scrivi(Una);
+    QCOMPARE(SommaAperto(Note).Aperto, 0.0);
+}
+
+/// A credit note that cites an invoice of another file takes that one back; the file's own stays owed.
+void TestScadenzarioStorni::citataAltrove()
+{
+    Parcella Altra = Nota();
+    Emetti(Altra, u"7"_s);
+    Scrivi(Altra, u"altra.mdb"_s);
+    Parcella Una = Nota();
+    Una.xOnorari(0, OnoImporto) = 500.0;
+    Emetti(Una, u"12"_s);
+    Una.xOnorari(0, OnoImporto) = 1000.0;
+    Una.FatturaXml.Tipo = u"TD04"_s;
+    Una.FatturaXml.CitataNumero = u"7"_s;
+    Una.FatturaXml.CitataData = u"9/11/2026"_s;
+    Una.txtDatiPar[DatoNumFatt] = u"13"_s;
+    SegnaFatturaScritta(Una, u"IT1_13.xml"_s, u"13"_s);
+    Scrivi(Una);
+    QCOMPARE(SommaAperto(Note).Aperto, 729.56);
+    QVERIFY(Tabella().contains(u"Fattura analitica|7|1150,00|1459,12|0,00|0,00"_s));
+    QVERIFY(Tabella().contains(u"Fattura analitica|12|575,00|729,56|0,00|729,56"_s));
+}
+
+/// In a file of its own a credit note says what it takes back, and its state is that of any document.
+void TestScadenzarioStorni::inUnFileSuo()
+{
+    Parcella Una = Nota();
+    Una.txtDatiPar[DatoNumFatt] = u"7"_s;
+    Una.txtDatiPar[DatoDataFatt] = u"01/11/2026"_s;
+    Emetti(Una, u"13"_s, true);
+    Scrivi(Una);
+    QCOMPARE(Tabella(), QStringList{u"Nota di credito della fattura 7|13|||0,00|0,00"_s});
+    QCOMPARE(FrasiDocumenti(Righe[0]),
+             QStringList{u"Nota di credito 13 del 09/11/2026, della fattura 7: -1.459,12"_s});
+    QCOMPARE(ParolaStato(Righe[0]), u"Fatturata"_s);
+    QCOMPARE(ApertoDi(Righe[0]), std::optional(0.0));
+}
+
+/// Templates, folders and notes of before have one row or none.
+void TestScadenzarioStorni::inElenco()
+{
+    Parcella Una = Nota();
+    Emetti(Una, u"12"_s);
+    Emetti(Una, u"13"_s, true);
+    Scrivi(Una);
+    VoceTrova Modello = Righe[0];
+    Modello.Modello = true;
+    QCOMPARE(DocumentiNote({&Modello}).Tutti().size(), size_t(1));
+    QVERIFY(RigheScadenzario({&Modello}, [](int) { return CodiciCliente(); }).empty());
+    QCOMPARE(FrasiDocumenti(Modello), QStringList());
+    VoceTrova SenzaStato = Righe[0];
+    SenzaStato.Dati.Stato.Stato = Ignoto;
+    QCOMPARE(DocumentiNote({&SenzaStato}).Tutti().size(), size_t(1));
+    const DocumentiNote Due({&Righe[0], &Modello, &Righe[0]});
+    QCOMPARE(Due.Tutti().size(), size_t(5));
+}
+
+/// A number may hold the sign between the parts of an entry, and be longer than a list shows.
+void TestScadenzarioStorni::ilRovescioDeiNumeri()
+{
+    const QString Strano = u"12;A/\"è\""_s;
+    Parcella Una = Nota();
+    Emetti(Una, Strano);
+    Emetti(Una, u"13"_s, true);
+    Scrivi(Una);
+    QCOMPARE(Tabella()[0], u"Fattura analitica|"_s + Strano + u"|1150,00|1459,12|0,00|0,00"_s);
+    Parcella Lunga = Nota();
+    Emetti(Lunga, QString(250, u'9'));
+    Emetti(Lunga, u"13"_s, true);
+    Scrivi(Lunga);
+    QVERIFY(Tabella()[0].startsWith(u"Fattura analitica|9999999999"_s));
+    QVERIFY(Tabella()[0].endsWith(u"|1150,00|1459,12|0,00|0,00"_s));
+    QCOMPARE(SommaAperto(Note).Aperto, 0.0);
+}
+
+#include "TestScadenzarioStorni.moc"
