@@ -165,6 +165,7 @@ private:
     bool LeggiAssociata(const QString& Percorso, const frmParcelle* Aperta);
     bool PrendiDallaFinestra();  ///< the figures of the window that holds it; true when they are others
     void MultiCambiata();        ///< shows whatever depends on the associated note
+    void SegueSocio();           ///< has the state follow what the associated note has been paid
 
     // ---- frmParcelle_Fattura.cpp
     /// The client's card with the focus in a column's box; without a link the address book, to choose one.

@@ -105,6 +105,7 @@ bool frmParcelle::PrendiDallaFinestra()
     Acconti->MostraMultipla();
     RefreshDatiBase();
     RefreshGrid();
+    SegueSocio();
     return true;
 }
 
@@ -148,7 +149,12 @@ void frmParcelle::MultiCambiata()
     RefreshDatiBase();
     RefreshGrid();
     Ricomponi();
-    // An association is no payment; of a document of both it shows those that were made meanwhile.
+    SegueSocio();
+}
+
+/// An association is no payment; of a document of both it shows those that were made there meanwhile.
+void frmParcelle::SegueSocio()
+{
     if (!UscitaConSocio(Nota))
         AccontiVisti = CoperturaDi(Nota);
     else if (RivediStato())
