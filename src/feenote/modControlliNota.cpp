@@ -225,7 +225,7 @@ void RaccoltaRilievi::TermineDelPagamento()
         return;
     Avvisa(GenereRilievo::TermineScaduto,
            Documento.EFattura ? LuogoRilievo::NumeroFattura : LuogoRilievo::Documento,
-           u"Qui manca la fattura di una parcella segnata pagata il %1"_s.arg(Giorno(*Dal)));
+           u"Manca la fattura di questa parcella, segnata come pagata il %1"_s.arg(Giorno(*Dal)));
 }
 
 /// The payments have no date of their own: their words may. They count for an invoice on account alone, since

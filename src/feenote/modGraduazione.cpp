@@ -219,7 +219,7 @@ QString AvvisoGradua(const Graduazione& Pannello)
         return u"L'importo è "_s + FraseLimite({Importo > Max, Importo > Max ? Max : Min});
     return TestoGraduato(Pannello, Pannello.Gradua) == Pannello.ImpOno
                ? QString()
-               : u"Il cursore non segna l'importo di ora"_s;
+               : u"Il cursore non segna l'importo attuale"_s;
 }
 
 int PassoGradua(const Graduazione& Pannello, int Da, int A)

@@ -375,7 +375,7 @@ void TestControlliDocumento::pagataSenzaFattura()
     const LuogoRilievo Luogo =
         Tipo == StampaFatturaAnalitica ? LuogoRilievo::NumeroFattura : LuogoRilievo::Documento;
     QCOMPARE(Lette, Detta
-                        ? QStringList({u"Qui manca la fattura di una parcella segnata pagata il 09/11/2026"_s,
+                        ? QStringList({u"Manca la fattura di questa parcella, segnata come pagata il 09/11/2026"_s,
                                        CStr(int(Luogo))})
                         : QStringList());
 }

@@ -97,7 +97,7 @@ void TestGraduazione::ilCursoreNonMente_data()
     QTest::newRow("massimo") << 1920.0 << QString();
     QTest::newRow("un centesimo oltre") << 1920.01 << u"L'importo è oltre il massimo di 1.920,00"_s;
     QTest::newRow("un centesimo sotto") << 599.99 << u"L'importo è sotto il minimo di 600,00"_s;
-    QTest::newRow("fra i due, altrove dal cursore") << 1000.0 << u"Il cursore non segna l'importo di ora"_s;
+    QTest::newRow("fra i due, altrove dal cursore") << 1000.0 << u"Il cursore non segna l'importo attuale"_s;
 }
 
 void TestGraduazione::ilCursoreNonMente()

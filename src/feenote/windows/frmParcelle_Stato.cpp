@@ -40,7 +40,7 @@ void frmParcelle::MostraStato()
     const QString Detto = u"Stato: "_s + (Noto ? NomeStato(Tenuto.Stato).toLower() : u"non noto"_s);
     ui->cmdStato->setText(Detto);
     ui->cmdStato->setAccessibleName(Detto);
-    QString Frase = Noto ? QString() : u"Nata in una versione precedente, il suo stato non è noto.\n"_s;
+    QString Frase = Noto ? QString() : u"È di una versione precedente: il suo stato non è noto.\n"_s;
     if (!Tenuto.Dal().isEmpty())
         Frase += NomeStato(Tenuto.Stato) + u" dal "_s + Tenuto.Dal() + u".\n"_s;
     ui->cmdStato->setToolTip(Frase + u"Segue la stampa o l'invio, il numero della fattura e gli acconti; "

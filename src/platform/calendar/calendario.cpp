@@ -61,12 +61,12 @@ struct Freccia
 };
 
 constexpr std::array FreccePrima{
-    Freccia{u"cmdAnnoPrima", u"annoprima", u"Anno precedente (Ctrl+PagSu)", -MesiAnno},
-    Freccia{u"cmdMesePrima", u"prev", u"Mese precedente (PagSu)", -1},
+    Freccia{u"cmdAnnoPrima", u"annoprima", u"Anno precedente", -MesiAnno},
+    Freccia{u"cmdMesePrima", u"prev", u"Mese precedente", -1},
 };
 constexpr std::array FrecceDopo{
-    Freccia{u"cmdMeseDopo", u"next", u"Mese successivo (PagGiù)", 1},
-    Freccia{u"cmdAnnoDopo", u"annodopo", u"Anno successivo (Ctrl+PagGiù)", MesiAnno},
+    Freccia{u"cmdMeseDopo", u"next", u"Mese seguente", 1},
+    Freccia{u"cmdAnnoDopo", u"annodopo", u"Anno seguente", MesiAnno},
 };
 
 bool Risponde(const std::function<bool(const QDate&)>& Regola, const QDate& Giorno)
@@ -103,7 +103,7 @@ void CalendarioMensile::CreaTestata()
         Bottone->setObjectName(Una.Nome);
         Bottone->setIcon(aspetto::Icona(Una.Figura.toString()));
         Bottone->setToolTip(Una.Aiuto.toString());
-        Bottone->setAccessibleName(Una.Aiuto.toString().section(u" ("_s, 0, 0));
+        Bottone->setAccessibleName(Una.Aiuto.toString());
         Bottone->setAutoRaise(true);
         Bottone->setAutoRepeat(true);
         Bottone->setFocusPolicy(Qt::NoFocus);  // the keys of the days do the same

@@ -136,19 +136,20 @@ void SegnaRifiutato(QLineEdit* Campo, QChar Carattere)
         Campo->setProperty(ProprietaRifiutati, Prima + Carattere);
 }
 
-/// What a box of a kind of FiltroTasti takes, in the user's words; empty for a list of letters.
+/// What a box of a kind of FiltroTasti takes, as the end of a sentence; empty for a list of letters.
 QString CheCosaPrende(const QString& Tipo)
 {
     if (Tipo == u"d")
-        return u"una data: cifre, / e -"_s;
+        return u"qui va una data (cifre, / e -)"_s;
     if (Tipo == u",")
-        return u"un importo: cifre, virgola, punto e -"_s;
+        return u"qui va un importo (cifre, virgola, punto e -)"_s;
     if (Tipo == u"n")
-        return u"un numero: cifre e -"_s;
+        return u"qui va un numero (cifre e -)"_s;
     const bool Cifre = std::all_of(Tipo.cbegin(), Tipo.cend(), [](QChar C) { return C.isDigit(); });
     if (Cifre)
-        return u"solo cifre"_s;
-    return Tipo.contains(u'1') && Tipo.contains(u',') ? u"una percentuale: cifre e virgola"_s : QString();
+        return u"qui vanno solo cifre"_s;
+    return Tipo.contains(u'1') && Tipo.contains(u',') ? u"qui va una percentuale (cifre e virgola)"_s
+                                                      : QString();
 }
 
 /// A key that is kept out says so beside the box, or the rest would pass for what was typed.
@@ -158,7 +159,7 @@ void DilloAccanto(QLineEdit* Campo, const QString& Tipo, QChar Carattere)
     if (Prende.isEmpty() || Carattere.isSpace() || !Campo->hasFocus())
         return;
     QToolTip::showText(Campo->mapToGlobal(QPoint(0, Campo->height())),
-                       u"«%1» non è stato scritto: qui va %2"_s.arg(QString(Carattere), Prende), Campo);
+                       u"«%1» non è stato scritto: %2"_s.arg(QString(Carattere), Prende), Campo);
 }
 
 /// Stands between the keyboard and one box.

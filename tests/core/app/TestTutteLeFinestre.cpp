@@ -168,7 +168,7 @@ bool SenzaRiga(const QString& Tasti)
 QString TastiDetti(const QString& Suggerimento)
 {
     static const QRegularExpression Coda(
-        u"\\(((?:Ctrl|Maiusc|Alt)\\+[^()]+|F[0-9]+|Ins|Canc|Esc|Invio|Pag su|Pag giù|PagSu|PagGiù)\\)\\z"_s);
+        u"\\(((?:Ctrl|Maiusc|Alt)\\+[^()]+|F[0-9]+|Ins|Canc|Esc|Invio|Pag su|Pag giù)\\)\\z"_s);
     return Coda.match(Suggerimento).captured(1);
 }
 
@@ -259,7 +259,8 @@ void TestTutteLeFinestre::initTestCase()
             if (Riga) {
                 ++BottoniConTasti;
                 const QString Atteso = NomeTasti(Riga->Tasti.toString().section(u' ', 0, 0));
-                if (!Detto.endsWith(u'(' + Atteso + u')'))
+                static const QRegularExpression Seconda(u"\\((Ctrl|Maiusc|Pag)[^()]*\\) ?\\("_s);
+                if (!Detto.endsWith(u'(' + Atteso + u')') || Detto.contains(Seconda))
                     SuggerimentiSbagliati << u"%1: «%2» non dice %3"_s.arg(Nome, Detto, Atteso);
             }
             // What a hint names is in the table, for this window.

@@ -354,7 +354,7 @@ void TestElencoControlli::ilPannelloNonMente()
     ScriviCella(Lista, Riga, OnoImporto, u"1000"_s);
     Lista->ImpostaRigaCorrente(Riga, OnoImporto);
     Clic(Controllo(PaginaIn(F), "barListaOnoDir_variaz"));
-    QCOMPARE(Avviso->text(), u"Il cursore non segna l'importo di ora"_s);
+    QCOMPARE(Avviso->text(), u"Il cursore non segna l'importo attuale"_s);
     QVERIFY(Avviso->isVisible());
 }
 

@@ -242,7 +242,7 @@ void TestStatoNota::laNotaDiPrima()
     EseguiSu(File, u"DROP TABLE \"_Calcanova\""_s);
     QVERIFY(F->Carica(File));
     QCOMPARE(Detto(), u"Stato: non noto"_s);
-    QVERIFY(Bottone()->toolTip().startsWith(u"Nata in una versione precedente"_s));
+    QVERIFY(Bottone()->toolTip().startsWith(u"È di una versione precedente"_s));
     QVERIFY(!F->Nota.Modificata);
 }
 

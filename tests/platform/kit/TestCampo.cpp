@@ -369,16 +369,17 @@ void TestCampo::ilTastoTenutoFuoriSiDice_data()
     QTest::addColumn<QString>("Resta");
     QTest::addColumn<QString>("Detto");
     QTest::newRow("i giorni di un termine")
-        << u"0123456789"_s << u"abc-5,5"_s << u"55"_s << u"«,» non è stato scritto: qui va solo cifre"_s;
+        << u"0123456789"_s << u"abc-5,5"_s << u"55"_s << u"«,» non è stato scritto: qui vanno solo cifre"_s;
     QTest::newRow("una data fra gli importi")
         << u","_s << u"1/3"_s << u"13"_s
-        << u"«/» non è stato scritto: qui va un importo: cifre, virgola, punto e -"_s;
+        << u"«/» non è stato scritto: qui va un importo (cifre, virgola, punto e -)"_s;
     QTest::newRow("una lettera in una data")
-        << u"d"_s << u"1/o"_s << u"1/"_s << u"«o» non è stato scritto: qui va una data: cifre, / e -"_s;
+        << u"d"_s << u"1/o"_s << u"1/"_s << u"«o» non è stato scritto: qui va una data (cifre, / e -)"_s;
     QTest::newRow("un numero intero")
-        << u"n"_s << u"1,"_s << u"1"_s << u"«,» non è stato scritto: qui va un numero: cifre e -"_s;
-    QTest::newRow("una percentuale") << u"1234567890,."_s << u"-2"_s << u"2"_s
-                                     << u"«-» non è stato scritto: qui va una percentuale: cifre e virgola"_s;
+        << u"n"_s << u"1,"_s << u"1"_s << u"«,» non è stato scritto: qui va un numero (cifre e -)"_s;
+    QTest::newRow("una percentuale")
+        << u"1234567890,."_s << u"-2"_s << u"2"_s
+        << u"«-» non è stato scritto: qui va una percentuale (cifre e virgola)"_s;
     QTest::newRow("ciò che passa") << u","_s << u"1.234,5"_s << u"1.234,5"_s << QString();
     QTest::newRow("uno spazio") << u","_s << u"1 2"_s << u"12"_s << QString();
     QTest::newRow("lettere scelte") << u"LEle"_s << u"x"_s << QString() << QString();

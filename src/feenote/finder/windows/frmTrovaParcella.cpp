@@ -277,7 +277,7 @@ QString frmTrovaParcella::SuggerimentoDi(int Riga) const
             Frasi += u"Aperto: "_s + Format(Aperto, u"#,##0.00");
         Frasi += FrasiDocumenti(Voce);
     } else if (!Voce.Modello && !Voce.Illeggibile) {
-        Frasi += u"Nata in una versione precedente, il suo stato non è noto"_s;
+        Frasi += u"È di una versione precedente: il suo stato non è noto"_s;
     }
     if (Voce.Modello)
         Frasi += u"È un modello (sola lettura)"_s;

@@ -210,7 +210,7 @@ void TestTrovaStato::ilSuggerimento()
              qPrintable(Inviata));
     QVERIFY(Lista()
                 ->Suggerimento(RigaDi(u"verdi"_s))
-                .contains(u"Nata in una versione precedente, il suo stato non è noto"_s));
+                .contains(u"È di una versione precedente: il suo stato non è noto"_s));
     QVERIFY(!Lista()->Suggerimento(RigaDi(u"d"_s)).contains(u"Aperto"_s));
 }
 
