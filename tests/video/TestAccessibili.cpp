@@ -1,6 +1,7 @@
 // Every window as a screen reader is told of it: by the toolkit's own tree, and through the bus of the
 // desktop.
 #include "moduli.h"
+#include "studiocompleto.h"
 
 #include <QRegularExpression>
 #include <QScopeGuard>
@@ -26,6 +27,7 @@ private Q_SLOTS:
     void sulBus();
 
 private:
+    [[nodiscard]] bool Passo(const QString& Verbo, const QString& Cosa);
     void Guarda() { QCOMPARE(P->Chiedi(u"nomi"_s), QString()); }
 
     std::unique_ptr<Programma> P;
@@ -183,38 +185,121 @@ void TestAccessibili::guida()
 
 void TestAccessibili::sulBus_data()
 {
-    QTest::addColumn<QString>("Tasti");
-    QTest::addColumn<QString>("Titolo");
+    QTest::addColumn<QString>("Passi");
+    QTest::addColumn<QString>("Finestra");
     QTest::addColumn<QString>("Atteso");
-    QTest::newRow("note") << QString() << QString() << u"text|Cliente"_s;
+    const auto Riga = [](const char* Nome, const QString& Passi, const QString& Finestra,
+                         const QString& Atteso = {}) { QTest::newRow(Nome) << Passi << Finestra << Atteso; };
+    Riga("scrivania", {}, u"frmStudio"_s);
+    Riga("parcella", u"nota"_s, u"frmMain"_s, u"text|Cliente"_s);
+    for (const SchedaParcella& Scheda : SchedeParcella)
+        Riga(Scheda.Nome, u"nota;compila;scheda "_s + QString::fromUtf8(Scheda.Titolo), u"frmMain"_s);
+    Riga("pannello degli importi",
+         u"nota;compila;scheda Onorari;clic barListaOnoDir_variaz;vede sldGraduaOno"_s, u"frmMain"_s,
+         u"push button|CONFERMA"_s);
+    Riga("conti del documento", u"nota;compila;premi ctrl+t"_s, u"frmCatena"_s);
+    Riga("documento",
+         u"nota;compila;scheda Onorari;premi ctrl+p;fuoco cmbTipoStampa;premi Down;"
+         "vede chkUnaPagina"_s,
+         u"frmMain"_s);
+    Riga(
+        "documento da controllare",
+        u"nota;compila;scheda Onorari;premi ctrl+p;fuoco cmbTipoStampa;premi Down Down Down;vede lstControlli"_s,
+        u"frmMain"_s, u"list|Da controllare"_s);
+    Riga("fattura elettronica", u"fattura"_s, u"frmMain"_s);
+    Riga("anteprima della fattura", u"fattura;clic cmdAnteprimaXml;vede txtAnteprimaXml"_s, u"frmMain"_s);
+    Riga("controllo di una fattura",
+         u"fattura;clic cmdControllaXml;aperta Controlla;digita $CASA/guasta.xml;premi Return"_s,
+         u"frmControlloFattura"_s);
     for (const Modulo& Calcolo : Calcolatrici)
-        QTest::newRow(Calcolo.Nome) << QString::fromUtf8(Calcolo.Tasti) << QString::fromUtf8(Calcolo.Titolo)
-                                    << QString();
-    QTest::newRow(Impostazioni.Nome) << QString::fromUtf8(Impostazioni.Tasti)
-                                     << QString::fromUtf8(Impostazioni.Titolo) << u"text|Nome dello studio"_s;
-    QTest::newRow(Trova.Nome) << QString::fromUtf8(Trova.Tasti) << QString::fromUtf8(Trova.Titolo)
-                              << QString();
-    QTest::newRow("rubrica") << u"ctrl+shift+r"_s << u"Archivio: clienti"_s << QString();
-    QTest::newRow(ElencoDocumenti.Nome)
-        << QString::fromUtf8(ElencoDocumenti.Tasti) << QString::fromUtf8(ElencoDocumenti.Titolo) << QString();
+        Riga(Calcolo.Nome, u"nota;premi "_s + QString::fromUtf8(Calcolo.Tasti), {});
+    const QString Termini = u"nota;premi ctrl+shift+t;finestra frmTermini;digita 01072026;premi Return;"
+                            "digita 60;premi Return Return Return Return Return Return;vede cmdStrada;"_s;
+    Riga("termini ricorrenti", u"nota;premi ctrl+shift+t;finestra frmTermini;premi ctrl+t"_s,
+         u"frmRicorrenti"_s);
+    Riga("strada del termine", Termini + u"premi ctrl+d"_s, u"frmStrada"_s);
+    Riga("calendario dello studio", Termini + u"premi ctrl+g"_s, u"frmAgenda"_s);
+    Riga("stampa di un calcolo", Termini + u"premi ctrl+p"_s, u"frmPrint"_s);
+    Riga("ultimi calcoli", Termini + u"premi ctrl+l"_s, u"frmUltimiCalcoli"_s);
+    Riga("calcolo in vigore", u"nota;premi ctrl+shift+c;finestra frmContrib;vai cmbNorme;premi Down"_s,
+         u"frmContrib"_s);
+    for (const QString& Scheda : {u"Dati studio"_s, u"Dati contabili"_s, u"Setup"_s,
+                                  u"Personalizza desktop"_s, u"Fattura elettronica"_s, u"Documenti"_s})
+        Riga(qPrintable(u"impostazioni, "_s + Scheda), u"nota;impostazioni "_s + Scheda, u"frmSetup"_s,
+             Scheda == u"Dati studio" ? u"text|Nome dello studio"_s : QString());
+    Riga("icona personale", u"nota;impostazioni Personalizza desktop;clic cmdAddIco"_s, u"frmIcons"_s);
+    Riga("scelta di una cartella", u"nota;impostazioni Setup;clic cmdSelDir_2"_s, u"frmSfoglia"_s);
+    Riga("trova", u"nota;premi ctrl+o"_s, u"frmTrovaParcella"_s);
+    Riga("rubrica", u"nota;premi ctrl+shift+r"_s, u"frmRubrica"_s);
+    Riga("rubrica, per una parcella", u"nota;premi F4"_s, u"frmRubrica"_s);
+    Riga("scheda da leggere", u"nota;premi ctrl+shift+r;finestra frmRubrica;premi Return"_s, u"frmScheda"_s);
+    Riga("scheda da scrivere", u"nota;premi ctrl+shift+r;finestra frmRubrica;premi Insert"_s, u"frmScheda"_s);
+    Riga("ricerca per campo", u"nota;premi ctrl+shift+r;finestra frmRubrica;premi ctrl+f"_s,
+         u"frmRicerche"_s);
+    Riga("importa", u"nota;premi ctrl+shift+r;finestra frmRubrica;premi ctrl+i"_s, u"frmImporta"_s);
+    Riga("documenti", u"nota;premi ctrl+shift+d"_s, u"frmDocumenti"_s);
+    Riga("guida", u"nota;premi F1"_s, u"frmWeb"_s);
+    Riga("ricerca nella guida", u"nota;premi F1;finestra frmWeb;premi ctrl+f"_s, u"frmWeb"_s);
+    Riga("aggiornamento", u"scrivania;clic %1"_s.arg(QString::fromLatin1(IconaAggiornamento)),
+         u"frmUpgrade"_s);
+    Riga("domanda", u"nota;digita Rossi;premi ctrl+w"_s, {});
+}
+
+/// A step of a row: a verb and what it is about. @return false where it stops
+bool TestAccessibili::Passo(const QString& Verbo, const QString& Cosa)
+{
+    const auto Attesa = [&](const QString& Domanda) {
+        return P->Attendi(Domanda, [&Cosa](const QString& Risposta) { return Risposta == Cosa; });
+    };
+    if (Verbo == u"scrivania")
+        return P->Aperta(u"Calcanova 3"_s);
+    if (Verbo == u"nota")
+        return P->NuovaParcella();
+    if (Verbo == u"compila")
+        return P->CompilaDatiBase();
+    if (Verbo == u"scheda")
+        return P->AllaScheda(Cosa);
+    if (Verbo == u"impostazioni")
+        return P->AlleImpostazioni(Cosa);
+    if (Verbo == u"fattura")
+        return FinoAllaFattura(*P);
+    if (Verbo == u"premi")
+        P->Premi(Cosa.split(u' '));
+    else if (Verbo == u"digita")
+        P->Digita(QString(Cosa).replace(u"$CASA"_s, P->Casa()));
+    else if (Verbo == u"clic")
+        P->Clic(Cosa);
+    else if (Verbo == u"vai")
+        return P->VaiA(Cosa);
+    else if (Verbo == u"aperta")
+        return P->Attendi(u"attiva"_s, [&Cosa](const QString& Titolo) { return Titolo.startsWith(Cosa); });
+    else if (Verbo == u"vede")
+        return P->Attendi(u"visto "_s + Cosa, [](const QString& Visto) { return !Visto.isEmpty(); });
+    else
+        return Attesa(Verbo);
+    return !QTest::currentTestFailed();
 }
 
 void TestAccessibili::sulBus()
 {
-    QFETCH(QString, Tasti);
-    QFETCH(QString, Titolo);
+    QFETCH(QString, Passi);
+    QFETCH(QString, Finestra);
     QFETCH(QString, Atteso);
     const Bus Desktop;
     QVERIFY2(Desktop.Vivo(), "dbus-daemon is not installed");
-    P = std::make_unique<Programma>();
-    QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
-    if (!Tasti.isEmpty()) {
-        P->Premi(Tasti);
-        QVERIFY2(P->Aperta(Titolo), qPrintable(P->Stato()));
-    }
+    const StudioCompleto Studio;
+    P = std::make_unique<Programma>(QStringList{}, Studio.Impostazioni());
+    QFile Guasta(P->Casa() + u"/guasta.xml"_s);
+    QVERIFY(Guasta.open(QIODevice::WriteOnly) && Guasta.write("<a/>") == 4);
+    Guasta.close();
+    for (const QString& Uno : Passi.split(u';', Qt::SkipEmptyParts))
+        QVERIFY2(Passo(Uno.section(u' ', 0, 0), Uno.section(u' ', 1)),
+                 qPrintable(Uno + u": "_s + P->Stato()));
+    if (!Finestra.isEmpty())
+        QVERIFY2(Passo(u"finestra"_s, Finestra), qPrintable(P->Stato()));
     QList<Letto> Controlli;
     int Esito = 0;
-    constexpr int Pochi = 8;
+    constexpr int Pochi = 4;
     // The program comes onto the bus when its services have started.
     for (int Prova = 0; Prova < 20 && Esito == 0 && Controlli.size() < Pochi; ++Prova) {
         Esito = Leggi(Controlli);
@@ -229,6 +314,8 @@ void TestAccessibili::sulBus()
                              return Uno.Ruolo + u'|' + Uno.Nome == Atteso;
                          });
     QVERIFY2(Trovato, qPrintable(Atteso));
+    if (QTest::currentTestFailed())
+        P->Fotografa(u"fallita_bus_"_s + QString::fromUtf8(QTest::currentDataTag()).replace(u' ', u'_'));
 }
 
 #include "TestAccessibili.moc"

@@ -19,9 +19,13 @@ private Q_SLOTS:
     void comuneSenzaAccento();
     void comuneSegnatoELasciato();
     void contributo();
+    void elencoSchedaTabella_data();
+    void elencoSchedaTabella();
 
 private:
     void Apri(const Modulo& Quale);
+    /// Keys by their names, texts in quotes, one beside the other.
+    void Compi(const QString& Gesti);
 
     std::unique_ptr<Programma> P;
 };
@@ -186,6 +190,105 @@ void TestCalcolatrici::contributo()
     ATTENDI(u"testo lblContr_0"_s, "43,00");
     ATTENDI(u"testo lblContr_1"_s, "843,00");
     P->Fotografa(u"contributo_calcolato"_s);
+}
+
+void TestCalcolatrici::Compi(const QString& Gesti)
+{
+    for (const QString& Gesto : Gesti.split(u' ', Qt::SkipEmptyParts))
+        if (Gesto.startsWith(u'\''))
+            P->Digita(Gesto.mid(1).chopped(1));
+        else
+            P->Premi(Gesto);
+}
+
+void TestCalcolatrici::elencoSchedaTabella_data()
+{
+    QTest::addColumn<int>("Indice");
+    QTest::addColumn<QString>("Gesti");
+    QTest::addColumn<QString>("Risultato");
+    QTest::addColumn<QString>("Contiene");
+    QTest::addColumn<QString>("Copia");
+    QTest::addColumn<QString>("Stampa");
+    const auto Riga = [](int Indice, const char* Gesti, const char* Risultato, const char* Contiene,
+                         const char* Copia, const char* Stampa = "ctrl+p") {
+        QTest::newRow(Calcolatrici[Indice].Nome)
+            << Indice << QString::fromUtf8(Gesti) << QString::fromUtf8(Risultato)
+            << QString::fromUtf8(Contiene) << QString::fromUtf8(Copia) << QString::fromUtf8(Stampa);
+    };
+    Riga(0, "'01072026' Return '60' Return Return Return Return Return Return", "lblRisult", "15 Ottobre",
+         "cmdCopia", "ctrl+shift+p");
+    Riga(1, "Return '01072026' Return space Return Return", "lblRisult", "31 Luglio", "cmdCopia",
+         "ctrl+shift+p");
+    Riga(2, "Return '1000' Return Return Return '010112' Return '31122012' Return", "lblTotale", "25,07",
+         "cmdCopia");
+    Riga(3, "'010112' Return '01012013' Return '1000' Return Return", "lblImpRival", "1.0", "cmdCopia");
+    Riga(4, "'Rossi' Return 'Mario' Return '01011980' Return Return 'roma' Return", "txtCodiceFiscale",
+         "RSSMRA80A01H501U", "cmdCopia");
+    Riga(5, "'1100,00' Return", "lblContr_0", "43,00", "cmdCopia_0");
+}
+
+/// What every calculator does with its last calculations: it lists them, gives them back by key and by mouse,
+/// names and drops them, prints a sheet and copies figure and table.
+void TestCalcolatrici::elencoSchedaTabella()
+{
+    QFETCH(int, Indice);
+    QFETCH(QString, Gesti);
+    QFETCH(QString, Risultato);
+    QFETCH(QString, Contiene);
+    QFETCH(QString, Copia);
+    QFETCH(QString, Stampa);
+    const QString Titolo = QString::fromUtf8(Calcolatrici[Indice].Titolo);
+    const auto Calcolato = [&] { return P->Testo(Risultato).contains(Contiene); };
+    Apri(Calcolatrici[Indice]);
+    Compi(Gesti);
+    ATTENDI_CHE(Calcolato());
+    for (const bool ColMouse : {false, true}) {
+        P->Premi(u"ctrl+n"_s);
+        ATTENDI_CHE(!Calcolato());
+        P->Premi(u"ctrl+l"_s);
+        ATTENDI(u"finestra"_s, "frmUltimiCalcoli");
+        ATTENDI(u"fuoco"_s, "tdbCalcoli");
+        ATTENDI_CHE(!P->TestoCella(u"tdbCalcoli"_s, 0, 0).isEmpty());
+        QVERIFY2(P->TestoCella(u"tdbCalcoli"_s, 1, 0).isEmpty(), "il calcolo è in elenco una volta");
+        P->Fotografa(u"ultimi_"_s + QString::fromUtf8(Calcolatrici[Indice].Nome));
+        if (ColMouse)
+            P->Clic(P->Cella(u"tdbCalcoli"_s, 0, 0), 2);
+        else
+            P->Premi(u"Return"_s);
+        QVERIFY2(P->Aperta(Titolo), qPrintable(P->Stato()));
+        ATTENDI_CHE(Calcolato());
+    }
+    // The figure and the table.
+    P->Clic(Copia);
+    QTRY_VERIFY2(!Appunti().isEmpty(), "la copia del risultato");
+    const QString Cifra = Appunti();
+    P->Premi(u"ctrl+shift+c"_s);
+    QTRY_VERIFY2(Appunti() != Cifra && Appunti().contains(u'\t'), qPrintable(Appunti()));
+    // The sheet.
+    P->Premi(Stampa);
+    ATTENDI(u"finestra"_s, "frmPrint");
+    P->Fotografa(u"scheda_"_s + QString::fromUtf8(Calcolatrici[Indice].Nome));
+    P->Premi(u"Escape"_s);
+    QVERIFY2(P->Aperta(Titolo), qPrintable(P->Stato()));
+    // A name, and out of the list.
+    P->Premi(u"ctrl+l"_s);
+    ATTENDI(u"finestra"_s, "frmUltimiCalcoli");
+    P->Premi(u"F2"_s);
+    ATTENDI_CHE(P->Chiedi(u"attiva"_s) == u"Ultimi calcoli");
+    P->Premi(u"ctrl+a"_s);
+    P->Digita(u"Rossi"_s);
+    P->Premi(u"Return"_s);
+    ATTENDI(u"finestra"_s, "frmUltimiCalcoli");
+    ATTENDI_CHE(P->TestoCella(u"tdbCalcoli"_s, 0, 0) == u"Rossi");
+    ATTENDI(u"fuoco"_s, "tdbCalcoli");
+    P->Premi(u"Delete"_s);
+    ATTENDI_CHE(P->TestoCella(u"tdbCalcoli"_s, 0, 0).isEmpty());
+    P->Premi(u"Escape"_s);
+    QVERIFY2(P->Aperta(Titolo), qPrintable(P->Stato()));
+    QVERIFY2(Calcolato(), "la finestra tiene il suo calcolo");
+    P->Premi(u"Escape"_s);
+    ATTENDI_CHE(P->Chiedi(u"attiva"_s).contains(u"|"));
+    ATTENDI(u"messaggio"_s, "");
 }
 
 #include "TestCalcolatrici.moc"

@@ -186,7 +186,7 @@ bool Programma::AlleImpostazioni(const QString& Titolo)
     Premi(u"ctrl+shift+p"_s);
     if (!Aperta(u"Calcanova - Personalizzazione programma"_s))
         return false;
-    constexpr int Schede = 4;
+    constexpr int Schede = 6;
     for (int i = 0; i < Schede && Testo(u"tabSetup"_s) != Titolo; ++i) {
         const QString Prima = Testo(u"tabSetup"_s);
         Premi(u"ctrl+Tab"_s);
