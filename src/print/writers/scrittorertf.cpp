@@ -276,7 +276,17 @@ QByteArray DistanzaRighe(const Tabella& Questa, std::size_t Riga, const Strettez
         return BiancaStretta(Punti, Quanto);
     if (!RigaDiFiletti(Questa, Riga))
         return Questa.Letterale ? QByteArray() : Vicine(Quanto);
-    return Parola("\\sl", -TwipDaPunti(Punti * AltezzaRiga * QuotaRigaFiletti)) + "\\slmult0";
+    return Parola("\\sl", -TwipDaPunti(Punti * AltezzaRiga * QuotaRigaFiletti * Quanto.Interlinea)) +
+           "\\slmult0";
+}
+
+/// An empty cell among others that are nearer to the next row: some readers keep an empty line as high as it
+/// is, unless they are told its height.
+QByteArray DistanzaVuota(const Cella& Quale, const Strettezza& Quanto)
+{
+    return Parola("\\sl",
+                  -TwipDaPunti(PuntiStretti(Quale.Font.Punti, Quanto) * AltezzaRiga * Quanto.Interlinea)) +
+           "\\slmult0";
 }
 
 QByteArray Intestazione(const Tabella& Questa, std::size_t Riga)
@@ -310,10 +320,15 @@ void ScrivanoRtf::ScriviRiga(const Tabella& Questa, std::size_t Quale, const For
     if (Riga.empty())
         return;
     Uscita += Intestazione(Questa, Quale) + Bordi(Questa, Riga, Forma.Larghezze) + "\r\n";
-    const QByteArray PerTutte = (UnitaAllaSeguente(Questa, Quale, Forma.Intera) ? "\\keepn" : "") +
-                                DistanzaRighe(Questa, Quale, Doc.Stretta);
-    for (std::size_t Colonna = 0; Colonna < Riga.size(); Colonna += ColonneCoperte(Riga, Colonna))
-        ScriviCella(Riga[Colonna], MarginiDi(Colonna, Forma.Lineata), PerTutte);
+    const QByteArray Unita = UnitaAllaSeguente(Questa, Quale, Forma.Intera) ? "\\keepn" : "";
+    const QByteArray Distanza = DistanzaRighe(Questa, Quale, Doc.Stretta);
+    const bool Vicina = !Distanza.isEmpty() && Distanza == Vicine(Doc.Stretta);
+    for (std::size_t Colonna = 0; Colonna < Riga.size(); Colonna += ColonneCoperte(Riga, Colonna)) {
+        const Cella& Singola = Riga[Colonna];
+        const bool Vuota = Vicina && Singola.Paragrafi.empty() && CellaBianca(Singola);
+        ScriviCella(Singola, MarginiDi(Colonna, Forma.Lineata),
+                    Unita + (Vuota ? DistanzaVuota(Singola, Doc.Stretta) : Distanza));
+    }
     Uscita += "\\row\r\n";
 }
 

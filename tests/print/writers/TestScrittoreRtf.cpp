@@ -70,6 +70,7 @@ private Q_SLOTS:
     void importiInteri_data();
     void importiInteri();
     void filetti();
+    void filettiVicini();
     void trattiSenzaEredita();
     void titoliRipetuti();
     void tabellaConCioCheSegue();
@@ -298,6 +299,34 @@ void TestScrittoreRtf::filetti()
     });
     QCOMPARE(Corpo.count("\\sl-138\\slmult0"), 2);
     QCOMPARE(Corpo.count("\\sl"), 4);
+}
+
+/// Where rows come nearer, a rule comes with them; empty cells say how high they are, since some readers keep
+/// theirs otherwise, and the sum beside them with it.
+void TestScrittoreRtf::filettiVicini()
+{
+    Superficie vp;
+    vp.StartDoc();
+    vp.FontSize(10);
+    vp.StartTable();
+    vp.TableCell(AttrTabella::Colonne, 2);
+    vp.TableCell(AttrTabella::Righe, 3);
+    vp.CellaTabella(AttrTabella::Testo, 1, 1, u"Studio"_s);
+    vp.CellaTabella(AttrTabella::Testo, 1, 2, u"100"_s);
+    vp.CellaTabella(AttrTabella::Testo, 2, 2, u"____"_s);
+    vp.CellaTabella(AttrTabella::Testo, 3, 2, u"100"_s);
+    vp.EndTable();
+    vp.EndDoc();
+    Documento Doc = vp.Contenuto();
+    Doc.Stretta = StrettezzaDi(2 * PassiStrettezza);
+    QByteArray Rtf = ScriviRtf(Doc);
+    QCOMPARE(Rtf.count("\\sl-130\\slmult0"), 2);  // both cells of the rule: 10 x 1.15 x 0.6 x 0.94 points
+    QCOMPARE(Rtf.count("\\sl-216\\slmult0"), 1);  // the empty one beside the sum
+    QCOMPARE(Rtf.count("\\sl226\\slmult1"), 3);
+    Doc.Stretta = {};
+    Rtf = ScriviRtf(Doc);
+    QCOMPARE(Rtf.count("\\sl-138\\slmult0"), 2);
+    QCOMPARE(Rtf.count("\\sl"), 4);
 }
 
 /// The last run is bold, and so is the mark of the paragraph; the first one is not for that.
