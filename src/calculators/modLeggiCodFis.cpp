@@ -125,7 +125,7 @@ LetturaCodFis LeggiCodFis(const QString& Testo, const QDate& Oggi)
         return Lettura;
     if (EDiEnte(Codice)) {
         Lettura.Difetto =
-            u"Undici cifre sono il codice di una società o di un ente: non dicono di una persona."_s;
+            u"Undici cifre sono il codice di una società o di un ente: non indicano una persona."_s;
         return Lettura;
     }
     const qsizetype Sbagliato = PostoSbagliato(Codice.left(LettereCodFis));
@@ -197,7 +197,7 @@ QStringList NoteLettura(const LetturaCodFis& Lettura)
     if (!Lettura.Letto())
         return Note;
     if (!Lettura.Torna)
-        Note << u"L'ultima lettera non torna: dovrebbe essere %1. Il codice è scritto male."_s.arg(
+        Note << u"L'ultima lettera è errata: dovrebbe essere %1. Il codice è scritto male."_s.arg(
             Lettura.Controllo);
     if (Lettura.Nascite.size() > 1)
         Note << u"Il codice ha soltanto due cifre dell'anno: il secolo non si può sapere."_s;

@@ -158,9 +158,8 @@ SchedaCalcolo SchedaLettura(const LetturaCodFis& Lettura, const QString& Comune,
     Letto.Tabella.Colonne = {{u"Voce"_s, u"5cm"_s}, {u"Lettura"_s, u"10cm"_s}};
     for (const QString& Riga : RigheLettura(Lettura, Comune))
         Letto.Tabella.Righe << QStringList{Riga.section(u": "_s, 0, 0), Riga.section(u": "_s, 1)};
-    Letto.Tabella.Righe << QStringList{u"Ultima lettera"_s,
-                                       Lettura.Torna ? u"torna"_s
-                                                     : u"non torna: dovrebbe essere "_s + Lettura.Controllo};
+    Letto.Tabella.Righe << QStringList{
+        u"Ultima lettera"_s, Lettura.Torna ? u"esatta"_s : u"errata: dovrebbe essere "_s + Lettura.Controllo};
     Letto.Note = NoteLettura(Lettura);
     Scheda.Sezioni << Letto;
     return Scheda;

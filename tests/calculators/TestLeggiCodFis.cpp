@@ -122,7 +122,7 @@ void TestLeggiCodFis::difetti_data()
                                << u"Il giorno di nascita non è del calendario, o non è ancora venuto."_s;
     QTest::newRow("ente")
         << u"12345678903"_s
-        << u"Undici cifre sono il codice di una società o di un ente: non dicono di una persona."_s;
+        << u"Undici cifre sono il codice di una società o di un ente: non indicano una persona."_s;
 }
 
 void TestLeggiCodFis::difetti()
@@ -141,7 +141,7 @@ void TestLeggiCodFis::ultimaLettera()
     QVERIFY(Lettura.Letto() && !Lettura.Torna);
     QCOMPARE(Lettura.Controllo, QChar(u'U'));
     QCOMPARE(NoteLettura(Lettura),
-             QStringList{u"L'ultima lettera non torna: dovrebbe essere U. Il codice è scritto male."_s});
+             QStringList{u"L'ultima lettera è errata: dovrebbe essere U. Il codice è scritto male."_s});
     QVERIFY(Letta(u"RSSMRA80A01H501U"_s).Torna);
     QVERIFY(!Letta({}).Letto() && Letta({}).Difetto.isEmpty());
 }

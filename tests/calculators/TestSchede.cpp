@@ -318,7 +318,7 @@ void TestSchede::lettura()
     Superficie vp;
     QVERIFY(StampaScheda(vp, SchedaLettura(Lettura, u"Milano (MI)"_s, {})));
     QVERIFY(Foglio(vp).contains(u"Data di nascita|05/08/1985"_s));
-    QVERIFY(Foglio(vp).contains(u"Ultima lettera|torna"_s));
+    QVERIFY(Foglio(vp).contains(u"Ultima lettera|esatta"_s));
 }
 
 void TestSchede::letturaSbagliata()
@@ -326,7 +326,7 @@ void TestSchede::letturaSbagliata()
     Registratore Voce;
     Superficie vp;
     QVERIFY(StampaScheda(vp, SchedaLettura(LeggiCodFis(u"RSSMRA85M45F205X"_s, QDate(2026, 11, 21)), {}, {})));
-    QVERIFY(Foglio(vp).contains(u"Ultima lettera|non torna: dovrebbe essere K"_s));
+    QVERIFY(Foglio(vp).contains(u"Ultima lettera|errata: dovrebbe essere K"_s));
     Voce.Attendi(u"Non è stato effettuato alcun calcolo!"_s);
     QVERIFY(!StampaScheda(vp, SchedaLettura(LeggiCodFis(u"RSS"_s, QDate(2026, 11, 21)), {}, {})));
     QVERIFY(RigheLettura(LeggiCodFis(u"RSS"_s, QDate(2026, 11, 21)), {}).isEmpty());

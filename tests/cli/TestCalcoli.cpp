@@ -356,7 +356,7 @@ void TestCalcoli::letturaCheNonTorna()
     const Esito Avuto = Chiama({u"codfis"_s, u"--leggi"_s, u"RSSMRA85M45F205X"_s});
     QCOMPARE(Avuto.Stato, 1);
     QCOMPARE(Avuto.Uscita,
-             u"05/08/1985; femmina; Milano (MI); L'ultima lettera non torna: dovrebbe essere K. Il "
+             u"05/08/1985; femmina; Milano (MI); L'ultima lettera è errata: dovrebbe essere K. Il "
              "codice è scritto male.\n"_s);
     QCOMPARE(Chiama({u"codfis"_s, u"--leggi"_s, u"RSSMRA85M45F205K"_s}).Stato, 0);
 }

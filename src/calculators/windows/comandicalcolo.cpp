@@ -151,6 +151,7 @@ void ComandiCalcolo::Riprendi(const CalcoloRicordato& Calcolo)
             MsgErrore(u"Il calcolo non si può riprendere: \"%1\" non è più in elenco."_s.arg(Valore));
             return;
         }
+    Ricordati.clear();  // what is taken up carries nothing on, whatever was on view
     Parte.Calcola();
 }
 

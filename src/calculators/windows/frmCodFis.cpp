@@ -145,12 +145,6 @@ void frmCodFis::Collegamenti()
             Comandi->Ricorda();
         return true;
     });
-    Collega(ui->txtLetto, &QLineEdit::returnPressed, this, [this] {
-        ui->txtLetto->selectAll();
-        MostraLettura();
-        if (Lettura.Letto())
-            Comandi->Ricorda(true);
-    });
     ScriviCodice({});
 }
 
@@ -176,6 +170,12 @@ bool frmCodFis::eventFilter(QObject* Oggetto, QEvent* Evento)
     if (Evento->type() == QEvent::FocusIn && Oggetto != Elenco->popup()) {
         NelLetto = Oggetto == ui->txtLetto;
         Comandi->Aggiorna();
+    }
+    if (Oggetto == ui->txtLetto && Evento->type() == QEvent::KeyPress &&
+        (static_cast<QKeyEvent*>(Evento)->key() == Qt::Key_Return ||
+         static_cast<QKeyEvent*>(Evento)->key() == Qt::Key_Enter)) {
+        txtLetto_Invio();
+        return true;  // the dialog would press the button of the other half
     }
     if (Oggetto == ui->txtComune && Evento->type() == QEvent::FocusIn && ElencoAtteso)
         QMetaObject::invokeMethod(this, &frmCodFis::ProponiComuni, Qt::QueuedConnection);
@@ -317,6 +317,14 @@ void frmCodFis::txtComune_Invio()
 }
 
 // ---- a code that is read --------------------------------------------------------------------------
+
+void frmCodFis::txtLetto_Invio()
+{
+    ui->txtLetto->selectAll();
+    MostraLettura();
+    if (Lettura.Letto())
+        Comandi->Ricorda(true);
+}
 
 void frmCodFis::txtLetto_Change()
 {

@@ -36,6 +36,7 @@ public:
     void mnuNew_Click();
     /// Reads the code that is typed, and says what it holds or what is wrong with it.
     void txtLetto_Change();
+    void txtLetto_Invio();
     /// The municipality after a key that changed its text.
     void txtComune_Change(const QString& Testo);
 

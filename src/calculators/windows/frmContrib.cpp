@@ -338,15 +338,18 @@ ParteDelCalcolo frmContrib::ParteComandi()
     Parte.Campi << CampoDi(ui->cmbNorme);
     for (int i = 0; i < CampiContributo; ++i)
         Parte.Campi << CampoDi(fraContrib->txtValore(i));
+    const auto ConPannello = std::make_shared<bool>(false);  // what is taken up has it
     for (QWidget* Campo : ui->fraVigente->Campi()) {
         // The panel counts while it is there.
         CampoRicordato DelPannello = CampoDi(Campo);
         DelPannello.Leggi = [this, Leggi = DelPannello.Leggi] {
             return Scelta->InVigore() && !ui->fraVigente->Importo().isEmpty() ? Leggi() : QString();
         };
-        DelPannello.Scrivi = [this, Campo, Scrivi = DelPannello.Scrivi](const QString& Valore) {
-            // Ticks alone may be empty in a calculation that has the panel.
-            const bool Lascia = Valore.isEmpty() && !qobject_cast<QAbstractButton*>(Campo);
+        DelPannello.Scrivi = [this, Campo, ConPannello, Scrivi = DelPannello.Scrivi](const QString& Valore) {
+            // The procedure comes first. Ticks alone may be empty in a calculation that has the panel.
+            if (Campo == ui->fraVigente->Campi().first())
+                *ConPannello = !Valore.isEmpty();
+            const bool Lascia = Valore.isEmpty() && !(*ConPannello && qobject_cast<QAbstractButton*>(Campo));
             return !Scelta->InVigore() || Lascia || Scrivi(Valore);
         };
         Parte.Campi << DelPannello;
@@ -356,7 +359,7 @@ ParteDelCalcolo frmContrib::ParteComandi()
             return ui->fraVigente->Chiesto();
         QStringList Nomi;
         for (int i = 0; i < CampiContributo; ++i)
-            if (!Contributi[size_t(i)].isEmpty())
+            if (!ContributiChiesti()[size_t(i)].isEmpty())
                 Nomi << TitoloCampo(i) + u", valore "_s + fraContrib->txtValore(i)->text();
         return Nomi.join(u"; "_s);
     };
@@ -364,7 +367,7 @@ ParteDelCalcolo frmContrib::ParteComandi()
         QStringList Importi;
         if (Scelta->InVigore() && !ui->fraVigente->Importo().isEmpty())
             Importi << ui->fraVigente->Importo();
-        for (const QString& Contributo : Contributi)
+        for (const QString& Contributo : ContributiChiesti())
             if (!Contributo.isEmpty())
                 Importi << Contributo;
         return Importi.isEmpty() ? QString() : Importi.join(u"; "_s) + u" euro"_s;
@@ -387,9 +390,19 @@ void frmContrib::Svuota()
     ui->fraVigente->Svuota();
 }
 
+/// The fees on the page that have their value beside them: that of the tax appeal stays on the page without.
+TestiContributo frmContrib::ContributiChiesti() const
+{
+    TestiContributo Chiesti = Contributi;
+    for (int i = 0; i < CampiContributo; ++i)
+        if (fraContrib->txtValore(i)->text().isEmpty())
+            Chiesti[size_t(i)].clear();
+    return Chiesti;
+}
+
 SchedaCalcolo frmContrib::Scheda() const
 {
-    SchedaCalcolo Tutta = SchedaContributo(Valori(), Contributi);
+    SchedaCalcolo Tutta = SchedaContributo(Valori(), ContributiChiesti());
     if (Scelta->InVigore() && !ui->fraVigente->Importo().isEmpty()) {
         Tutta.Sezioni << ui->fraVigente->Sezione();
         Tutta.EtaDati = ui->fraVigente->EtaNote();

@@ -62,6 +62,7 @@ private:
     [[nodiscard]] ParteDelCalcolo ParteComandi();
     [[nodiscard]] SchedaCalcolo Scheda() const;
     [[nodiscard]] TestiContributo Valori() const;
+    [[nodiscard]] TestiContributo ContributiChiesti() const;
     void Svuota();
 
     std::unique_ptr<Ui::frmContrib> ui;

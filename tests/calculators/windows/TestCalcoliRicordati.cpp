@@ -29,6 +29,9 @@ private Q_SLOTS:
     void letturaRicordata();
     void contributoCheProsegue();
     void contributoVigente();
+    void ripresoNonProsegue();
+    void tributarioSenzaValore();
+    void leNotificheRestano();
 };
 PROVA(TestCalcoliRicordati);
 
@@ -233,6 +236,75 @@ void TestCalcoliRicordati::contributoVigente()
     // Without the panel nothing of it is on the sheet.
     Scegli(F, "cmbNorme", 0);
     QVERIFY(!Attiva(F, "mnuScheda"));
+}
+
+/// A calculation that is taken up over another one with fewer boxes is no continuation of it: both stay, each
+/// under the name that it was given.
+void TestCalcoliRicordati::ripresoNonProsegue()
+{
+    QDialog* F = Apri<frmContrib>();
+    Scrivi(F, "txtValore_0", u"1000"_s);
+    Premi(Qt::Key_Return);
+    Scrivi(F, "txtValore_1", u"5000"_s);
+    Premi(Qt::Key_Return);
+    Respiro();
+    const auto Rinomina = [](const QString& Nome) {
+        RinominaCalcolo(Calcolatrice::Contributo, UltimiCalcoli(Calcolatrice::Contributo).first().Campi,
+                        Nome);
+    };
+    Rinomina(u"Bianchi"_s);
+    Chiudi(F);
+    F = Apri<frmContrib>();
+    Scrivi(F, "txtValore_0", u"1000"_s);
+    Premi(Qt::Key_Return);
+    Respiro();
+    Rinomina(u"Verdi"_s);
+    auto* Elenco = ApriElenco(F);
+    QVERIFY(Elenco);
+    QCOMPARE(Colonna(Elenco, 0), (QStringList{u"Verdi"_s, u"Bianchi"_s}));
+    DoppioClic(Controllo<Griglia>(Elenco, "tdbCalcoli"), 1);
+    Respiro();
+    QCOMPARE(TestoDi(F, "txtValore_1"), u"5.000,00"_s);
+    QStringList Nomi;
+    for (const CalcoloRicordato& Calcolo : UltimiCalcoli(Calcolatrice::Contributo))
+        Nomi << Calcolo.Nome;
+    QCOMPARE(Nomi, (QStringList{u"Bianchi"_s, u"Verdi"_s}));
+}
+
+/// The fee of a tax appeal stays on the page when its value goes: no calculation has it any more.
+void TestCalcoliRicordati::tributarioSenzaValore()
+{
+    QDialog* F = Apri<frmContrib>();
+    Scrivi(F, "txtValore_4", u"1000"_s);
+    Premi(Qt::Key_Tab);
+    QCOMPARE(TestoDi(F, "lblContr_4"), u"30,00"_s);
+    Scrivi(F, "txtValore_4", {});
+    Premi(Qt::Key_Tab);
+    QCOMPARE(TestoDi(F, "lblContr_4"), u"30,00"_s);
+    QVERIFY(!Attiva(F, "mnuScheda"));
+    Scrivi(F, "txtValore_0", u"1000"_s);
+    Premi(Qt::Key_Tab);
+    Respiro();
+    const CalcoloRicordato Ultimo = UltimiCalcoli(Calcolatrice::Contributo).value(0);
+    QCOMPARE(Ultimo.Esito, u"43,00 euro"_s);
+    QVERIFY2(!Ultimo.Nome.contains(u"tributari"), qPrintable(Ultimo.Nome));
+    DalMenu(F, "mnuCopiaTabella");
+    QVERIFY2(Appunti().contains(u"43,00") && !Appunti().contains(u"30,00"), qPrintable(Appunti()));
+}
+
+/// A calculation of the page has nothing of the panel: its ticks are those of the beginning.
+void TestCalcoliRicordati::leNotificheRestano()
+{
+    QDialog* F = Apri<frmContrib>();
+    Scegli(F, "cmbNorme", 1);
+    QVERIFY(Controllo<QCheckBox>(F, "chkNotifiche")->isChecked());
+    Scrivi(F, "txtValore_0", u"1000"_s);
+    Premi(Qt::Key_Tab);
+    DalMenu(F, "mnuNew");
+    QVERIFY(ApriElenco(F));
+    QVERIFY(Riprendi(F));
+    QCOMPARE(TestoDi(F, "txtValore_0"), u"1.000,00"_s);
+    QVERIFY(Controllo<QCheckBox>(F, "chkNotifiche")->isChecked());
 }
 
 #include "TestCalcoliRicordati.moc"

@@ -39,6 +39,7 @@ private Q_SLOTS:
     void nonToccaIlCalcolo();
     void nuovoSvuota();
     void stampaLaLettura();
+    void invioLeggeSoltanto();
     void svuotaConUnClic();
     void lettoreDiSchermo();
     void paletteScura();
@@ -158,7 +159,7 @@ void TestLetturaCodFis::sbagliati_data()
         << u"Il giorno di nascita 35 non è possibile: va da 01 a 31, per le donne da 41 a 71."_s;
     QTest::newRow("ente")
         << u"12345678903"_s
-        << u"Undici cifre sono il codice di una società o di un ente: non dicono di una persona."_s;
+        << u"Undici cifre sono il codice di una società o di un ente: non indicano una persona."_s;
 }
 
 void TestLetturaCodFis::sbagliati()
@@ -195,7 +196,7 @@ void TestLetturaCodFis::ultimaLettera()
 {
     Incolla(Letto(), u"RSSMRA85M45F205X"_s);
     QVERIFY(Lettura().contains(u"05/08/1985"));
-    QCOMPARE(Note(), u"L'ultima lettera non torna: dovrebbe essere K. Il codice è scritto male."_s);
+    QCOMPARE(Note(), u"L'ultima lettera è errata: dovrebbe essere K. Il codice è scritto male."_s);
     QVERIFY(Rosso());
 }
 
@@ -270,9 +271,26 @@ void TestLetturaCodFis::stampaLaLettura()
     QVERIFY(Scheda->isEnabled());
     DalMenu(F, "mnuCopiaTabella");
     QVERIFY2(Appunti().contains(u"Data di nascita\t05/08/1985\n"), qPrintable(Appunti()));
-    QVERIFY(Appunti().contains(u"Ultima lettera\ttorna"));
+    QVERIFY(Appunti().contains(u"Ultima lettera\tesatta"));
     Scrivi(Letto(), u"RSS"_s);
     QVERIFY(!Scheda->isEnabled());
+}
+
+/// Enter behind a code is about that code, and leaves the person beside it alone.
+void TestLetturaCodFis::invioLeggeSoltanto()
+{
+    Scrivi(F, "txtCognome", u"Rossi"_s);
+    QVERIFY(Controllo(F, "cmdElabora")->isEnabled());
+    for (const Qt::Key Tasto : {Qt::Key_Return, Qt::Key_Enter}) {
+        Scrivi(Letto(), u"RSSMRA85M45F205K"_s);
+        Premi(Tasto);  // a box that nobody awaits would fail
+        QCOMPARE(NomeFuoco(), u"txtLetto"_s);
+        QCOMPARE(Letto()->selectedText(), u"RSSMRA85M45F205K"_s);
+        QVERIFY(Lettura().contains(u"05/08/1985"));
+        QCOMPARE(TestoDi(F, "txtCodiceFiscale"), QString());
+    }
+    DalMenu(F, "mnuCopiaTabella");
+    QVERIFY2(Appunti().startsWith(u"Codice fiscale\tRSSMRA85M45F205K\n"), qPrintable(Appunti()));
 }
 
 void TestLetturaCodFis::svuotaConUnClic()
