@@ -4,9 +4,17 @@
 #include "supporto/prova.h"
 
 #include "chiamata.h"
+#include "core/modLogo.h"
+#include "core/parametri.h"
+#include "feenote/file/modLettura.h"
+#include "feenote/file/modPosaFile.h"
+#include "feenote/parcella.h"
 #include "platform/system/file.h"
 
+#include <QBuffer>
+#include <QImage>
 #include <QProcess>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -38,6 +46,9 @@ private Q_SLOTS:
     void esportazioni_data();
     void esportazioni();
     void estensioneSconosciuta();
+    void unaPagina();
+    void logo_data();
+    void logo();
 };
 PROVA(TestStampaPdf);
 
@@ -139,6 +150,76 @@ void TestStampaPdf::estensioneSconosciuta()
         Chiama({u"stampa"_s, NotaDiEsempio(u"civile.json"_s), u"0"_s, NuovaCartella() + u"nota.docx"_s});
     QCOMPARE(Fatta.Stato, 1);
     QVERIFY2(Fatta.Guasti.contains(u".txt, .pdf, .doc o .htm"_s), qPrintable(Fatta.Guasti));
+}
+
+/// A note that asks for one page gets it in the PDF and in the word processor's file.
+void TestStampaPdf::unaPagina()
+{
+    const QString File = NotaDiEsempio(u"civile.json"_s);
+    Parcella Nota;
+    CaricaDati(Nota, File);
+    const auto Pagine = [&File] {
+        const QString Pdf = NuovaCartella() + u"nota.pdf"_s;
+        (void)Chiama({u"stampa"_s, File, u"0"_s, Pdf});
+        const QString Detto = pagine::Leggi(u"pdfinfo"_s, {u"%"_s}, LeggiFile(Pdf));
+        return Detto.section(u"Pages:"_s, 1).section(u'\n', 0, 0).trimmed();
+    };
+    const auto Vicine = [&File] {
+        const QString Doc = NuovaCartella() + u"nota.doc"_s;
+        (void)Chiama({u"stampa"_s, File, u"0"_s, Doc});
+        return LeggiFile(Doc).count("\\slmult1");
+    };
+    while (Pagine() == u"1") {
+        Nota.xOnorari(Nota.xOnorari.AggiungiRiga(), OnoDescr) = u"Udienza"_s;
+        ScriviNota(File, Nota);
+    }
+    // More than blank rows alone can give.
+    for (int i = 0; i < 8; ++i)
+        Nota.xOnorari(Nota.xOnorari.AggiungiRiga(), OnoDescr) = u"Udienza"_s;
+    ScriviNota(File, Nota);
+    QCOMPARE(Pagine(), u"2"_s);
+    QCOMPARE(Vicine(), 0);
+    Nota.UnaPagina = true;
+    ScriviNota(File, Nota);
+    QCOMPARE(Pagine(), u"1"_s);
+    QVERIFY(Vicine() > 20);
+}
+
+void TestStampaPdf::logo_data()
+{
+    QTest::addColumn<QString>("Tipo");
+    QTest::addColumn<QString>("Posto");
+    QTest::addColumn<bool>("Atteso");
+    QTest::newRow("prenotula") << u"0"_s << u"D"_s << true;
+    QTest::newRow("nota spese") << u"4"_s << u"D"_s << false;
+    QTest::newRow("non si stampa") << u"0"_s << QString() << false;
+}
+
+/// The settings of the windows hold here too.
+void TestStampaPdf::logo()
+{
+    QFETCH(QString, Tipo);
+    QFETCH(QString, Posto);
+    QFETCH(bool, Atteso);
+    QImage Figura(300, 100, QImage::Format_RGB32);
+    Figura.fill(Qt::darkBlue);
+    QByteArray Byte;
+    QBuffer Uscita(&Byte);
+    Uscita.open(QIODevice::WriteOnly);
+    Figura.save(&Uscita, "png");
+    SalvaImpostazioni({{u"LogoImpronta"_s, logo::Conserva(Byte)}, {u"LogoPosto"_s, Posto}});
+    const auto Senza = qScopeGuard([] {
+        SalvaImpostazioni({{u"LogoImpronta"_s, {}}, {u"LogoPosto"_s, {}}});
+    });
+    const QString Nota = NotaDiEsempio(u"civile.json"_s);
+    const QString Pdf = NuovaCartella() + u"nota.pdf"_s;
+    const QString Doc = NuovaCartella() + u"nota.doc"_s;
+    QCOMPARE(Chiama({u"stampa"_s, Nota, Tipo, Pdf}).Stato, 0);
+    QCOMPARE(Chiama({u"stampa"_s, Nota, Tipo, Doc}).Stato, 0);
+    const QString Figure = pagine::Leggi(u"pdfimages"_s, {u"-list"_s, u"%"_s}, LeggiFile(Pdf));
+    QVERIFY(!Figure.isEmpty());
+    QCOMPARE(Figure.contains(u" 300 "), Atteso);
+    QCOMPARE(LeggiFile(Doc).contains("\\pngblip"), Atteso);
 }
 
 #include "TestStampaPdf.moc"
