@@ -49,7 +49,7 @@ QString Conserva(const QByteArray& Png)
     const QString Fatta = Impronta(Png);
     if (Leggi(Fatta))
         return Fatta;  // a disk that is full refuses nothing that is there
-    CreaCartella(CartellaDati());
+    CreaCartellaPrivata(CartellaDati());
     ScriviFile(File(Fatta), Png, Lettori::SoloUtente);
     return Fatta;
 }

@@ -53,6 +53,10 @@ void TestLogo::soloDellUtente()
     const QFileInfo Copia(logo::File(logo::Conserva("uno")));
     QVERIFY(Copia.exists());
     QCOMPARE(int(Copia.permissions() & QFile::Permissions(0x0077)), 0);
+    // Nor does anybody else see what the folder holds.
+    QVERIFY(QFile::setPermissions(CartellaDati(), QFile::Permissions(0x7755)));
+    (void)logo::Conserva("due");
+    QCOMPARE(int(QFileInfo(CartellaDati()).permissions() & QFile::Permissions(0x0077)), 0);
 }
 
 /// Settings that are saved with the logo they had ask nothing of the disk.

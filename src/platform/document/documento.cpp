@@ -10,11 +10,13 @@ QString Paragrafo::Testo() const
     return Intero;
 }
 
-PostoTesta PostoDellaTesta(const Documento& Doc)
+double AltoDellaTesta(double MargineAltoCm)
 {
-    if (!Doc.Testa)
-        return {Doc.MargineAltoCm, Doc.MargineAltoCm};
-    const double Figura = std::min(Doc.MargineAltoCm, FiguraTesta::DalBordoCm);
-    const double Sotto = Figura + Doc.Testa->AltezzaCm + FiguraTesta::SottoCm;
-    return {Figura, std::max(Doc.MargineAltoCm, Sotto)};
+    return std::min(MargineAltoCm, FiguraTesta::DalBordoCm);
+}
+
+double ParteDellaTesta(const FiguraTesta& Figura, double LarghezzaCm, double AltezzaCm)
+{
+    constexpr double QuotaMassima = 0.5;
+    return std::min({1.0, LarghezzaCm / Figura.LarghezzaCm, AltezzaCm * QuotaMassima / Figura.AltezzaCm});
 }

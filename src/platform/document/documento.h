@@ -181,11 +181,8 @@ struct Documento
     friend bool operator==(const Documento&, const Documento&) = default;
 };
 
-/// Where the picture stands on the first page, and where the text below it begins, in centimetres from the
-/// sheet's upper edge. Without one the text begins at its margin.
-struct PostoTesta
-{
-    double FiguraCm = 0.0;
-    double TestoCm = 0.0;
-};
-[[nodiscard]] PostoTesta PostoDellaTesta(const Documento& Doc);
+/// Upper edge of a picture at the head, from the sheet's; both in centimetres.
+[[nodiscard]] double AltoDellaTesta(double MargineAltoCm);
+/// The part of its size that such a picture has on a sheet whose text area is so large: less than 1 where
+/// that has no room for it.
+[[nodiscard]] double ParteDellaTesta(const FiguraTesta& Figura, double LarghezzaCm, double AltezzaCm);

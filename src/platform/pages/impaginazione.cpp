@@ -172,10 +172,9 @@ void Impaginazione::Impaginata::PosaTesta(const Documento& Doc)
         return;
     }
     constexpr double PuntiPerCm = 10.0 * PuntiPerMm;
-    constexpr double QuotaMassima = 0.5;
-    QSizeF Lati(Doc.Testa->LarghezzaCm * PuntiPerCm, Doc.Testa->AltezzaCm * PuntiPerCm);
-    Lati *= std::min({1.0, Area.Larghezza / Lati.width(), Area.Altezza * QuotaMassima / Lati.height()});
-    const double Alto = std::min(Area.Alto, FiguraTesta::DalBordoCm * PuntiPerCm);
+    const QSizeF Lati = QSizeF(Doc.Testa->LarghezzaCm, Doc.Testa->AltezzaCm) * PuntiPerCm *
+                        ParteDellaTesta(*Doc.Testa, Area.Larghezza / PuntiPerCm, Area.Altezza / PuntiPerCm);
+    const double Alto = AltoDellaTesta(Area.Alto / PuntiPerCm) * PuntiPerCm;
     const double Libera = Area.Larghezza - Lati.width();
     const double Spostata = Doc.Testa->Allinea == Allineamento::Centro   ? Libera / 2.0
                             : Doc.Testa->Allinea == Allineamento::Destra ? Libera

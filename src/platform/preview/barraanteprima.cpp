@@ -4,6 +4,7 @@
 #include "platform/kit/barra.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/tastimostrati.h"
 #include "platform/preview/vistastampa.h"
 
 #include <QLabel>
@@ -96,10 +97,7 @@ void BarraAnteprima::AggiungiZoom()
     for (const VoceAdattamento& Voce : VociAdattamento) {
         QAction* Scelta = Menu->addAction(Voce.Scritta.toString());
         Scelta->setObjectName(Voce.Chiave.toString());
-        // Shown alone: the keys are the preview's, which has them while the reader is there.
-        Scelta->setShortcut(QKeySequence(Voce.Tasto));
-        Scelta->setShortcutContext(Qt::WidgetShortcut);
-        Scelta->setShortcutVisibleInContextMenu(true);
+        MostraTasti(Scelta, QKeySequence(Voce.Tasto));  // the preview answers them
         Scelta->setCheckable(true);
         Collega(Scelta, &QAction::triggered, this, [this, Voce] {
             if (!ConcludiCampo())

@@ -66,7 +66,6 @@ VistaStampa::VistaStampa(QWidget* Padre) : QWidget(Padre)
 
     connect(Fogli, &FogliStampa::PaginaCambiata, this, &VistaStampa::PaginaCambiata);
     connect(Fogli, &FogliStampa::ZoomCambiato, this, &VistaStampa::ZoomCambiato);
-    Collega(Fogli, &FogliStampa::AdattamentoCambiato, this, [this] { Q_EMIT ModoCambiato(ZoomMode()); });
     Collega(Fogli, &FogliStampa::PaginaCambiata, this, &VistaStampa::Descrivi);
     Collega(Fogli, &FogliStampa::SceltaCambiata, this, &VistaStampa::AnnunciaScelta);
     Collega(Fogli, &FogliStampa::CopiaChiesta, this, &VistaStampa::Copia);

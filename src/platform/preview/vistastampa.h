@@ -96,7 +96,6 @@ public:
 Q_SIGNALS:
     void PaginaCambiata(int Pagina);   ///< PaginaInVista has changed, whoever moved it
     void ZoomCambiato(int Percento);   ///< Zoom has changed, by hand or by the window's size
-    void ModoCambiato(int Modo);       ///< ZoomMode has changed
     void AdattamentoScelto(int Modo);  ///< a lasting choice; ZoomLibero at its end
 
 protected:

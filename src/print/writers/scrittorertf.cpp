@@ -372,11 +372,8 @@ QByteArray ScrivanoRtf::Testa()
     if (!Doc.Testa)
         return {};
     const FiguraTesta& Figura = *Doc.Testa;
-    // As on the page, it is smaller on a sheet that has no room for it.
-    constexpr double QuotaMassima = 0.5;
     const double AltezzaTesto = Foglio.AltezzaMm / 10.0 - Doc.MargineAltoCm - Doc.MargineBassoCm;
-    const double Parte = std::min({1.0, LarghezzaTestoCm(Doc, Foglio) / Figura.LarghezzaCm,
-                                   std::max(AltezzaTesto, 1.0) * QuotaMassima / Figura.AltezzaCm});
+    const double Parte = ParteDellaTesta(Figura, LarghezzaTestoCm(Doc, Foglio), std::max(AltezzaTesto, 1.0));
     QByteArray Scritta = "{\\headerf\\pard\\plain" + Allineato(Figura.Allinea) +
                          Parola("\\sa", TwipDaCm(FiguraTesta::SottoCm)) + "\\fs2{\\pict\\pngblip" +
                          Parola("\\picwgoal", TwipDaCm(Figura.LarghezzaCm * Parte)) +
@@ -401,7 +398,7 @@ QByteArray Pagina(const Documento& Doc, const Carta& Foglio)
            Parola("\\paperh", TwipDaCm(Foglio.AltezzaMm * CmPerMm)) +
            Parola("\\margl", TwipDaCm(Doc.MargineSinistroCm)) +
            Parola("\\margr", TwipDaCm(Doc.MargineDestroCm)) + Parola("\\margt", TwipDaCm(Doc.MargineAltoCm)) +
-           (Doc.Testa ? "\\titlepg" + Parola("\\headery", TwipDaCm(PostoDellaTesta(Doc).FiguraCm))
+           (Doc.Testa ? "\\titlepg" + Parola("\\headery", TwipDaCm(AltoDellaTesta(Doc.MargineAltoCm)))
                       : QByteArray()) +
            Parola("\\margb", TwipDaCm(Doc.MargineBassoCm)) + Parola("\\footery", AltezzaPiePagina(Doc)) +
            Parola("\\deftab", Tabulazione);
