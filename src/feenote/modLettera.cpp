@@ -3,6 +3,7 @@
 #include "addressbook/modClienti.h"
 #include "core/modControlli.h"
 #include "core/sessione.h"
+#include "feenote/modNumeraFattura.h"
 #include "feenote/modTotali.h"
 #include "platform/base/regionale.h"
 
@@ -33,7 +34,7 @@ QString NumeroDocumento(const Parcella& Nota, PannelloStampa Pannello)
 {
     if (Pannello == PannelloStampa::Numero)
         return Nota.DatiPar(DatoNumero).simplified();
-    return Pannello == PannelloStampa::Fattura ? Nota.DatiPar(DatoNumFatt).simplified() : QString();
+    return Pannello == PannelloStampa::Fattura ? NumeroDellaFattura(Nota).simplified() : QString();
 }
 
 QString DataDocumento(const Parcella& Nota, PannelloStampa Pannello)

@@ -8,6 +8,8 @@
 #include "platform/system/messaggi.h"
 #include "platform/system/orologio.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -24,6 +26,16 @@ void RileggiProgFatt()
 }
 
 }  // namespace
+
+QString NumeroDellaFattura(const Parcella& Nota)
+{
+    QString Numero = Nota.DatiPar(DatoNumFatt).trimmed();
+    const auto Data = LeggiData(Nota.DatiPar(DatoDataFatt));
+    // The year alone makes no number of a text.
+    const bool ConCifre = std::ranges::any_of(Numero, [](QChar C) { return C >= u'0' && C <= u'9'; });
+    const QString Anno = Data && ConCifre ? u'/' + QString::number(Data->year()) : QString();
+    return Numero.endsWith(Anno) ? Numero : Numero + Anno;
+}
 
 bool NumeraFattura(Parcella& Nota)
 {

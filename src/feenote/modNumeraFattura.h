@@ -6,6 +6,10 @@
 /// Largest number of an invoice: the counter is read back from a setting of 16 bits.
 constexpr int UltimoProgFatt = 32767;
 
+/// The number of the invoice as its paper and its electronic file bear it: with the year of its date behind
+/// it, unless it ends in that, has no digit or no date.
+[[nodiscard]] QString NumeroDellaFattura(const Parcella& Nota);
+
 /// Number and date of the invoice from the counter, as the settings hold it now, and the day's date
 /// ("dd/mm/yyyy"); the note is then modified. A note that has either already, and a counter at its end, are
 /// told and stay as they are.

@@ -16,6 +16,8 @@ private Q_SLOTS:
     void modello();
     void valori_data();
     void valori();
+    void numeroDellaFattura_data();
+    void numeroDellaFattura();
     void lIniziale();
     void lInizialeDiUnContratto();
     void lOggettoStaInUnaRiga();
@@ -75,8 +77,8 @@ void TestLettera::valori_data()
     QTest::addColumn<QString>("Attesi");
     QTest::newRow("0") << int(StampaPrenotula) << u"Preavviso di parcella|7||1.234,50"_s;
     QTest::newRow("1") << int(StampaPreventivo) << u"Preventivo|7||1.234,50"_s;
-    QTest::newRow("2") << int(StampaFatturaSintetica) << u"Fattura|12|3/5/2026|1.234,50"_s;
-    QTest::newRow("3") << int(StampaFatturaAnalitica) << u"Fattura|12|3/5/2026|1.234,50"_s;
+    QTest::newRow("2") << int(StampaFatturaSintetica) << u"Fattura|12/2026|3/5/2026|1.234,50"_s;
+    QTest::newRow("3") << int(StampaFatturaAnalitica) << u"Fattura|12/2026|3/5/2026|1.234,50"_s;
     QTest::newRow("4") << int(StampaNotaGiudiziale) << u"Nota spese|||1.234,50"_s;
     QTest::newRow("5") << int(StampaContratto) << u"Contratto di affidamento dell'incarico|||"_s;
     QTest::newRow("6") << int(StampaInformativa) << u"Resa informativa|||"_s;
@@ -96,12 +98,37 @@ void TestLettera::valori()
     QCOMPARE(QStringList(Valori.keys()).size(), SegnapostiLettera().size());
 }
 
+/// The mail calls the invoice as its paper and its electronic file do.
+void TestLettera::numeroDellaFattura_data()
+{
+    QTest::addColumn<QString>("Scritto");
+    QTest::addColumn<QString>("Data");
+    QTest::addColumn<QString>("Atteso");
+    QTest::newRow("il solo numero") << u"12"_s << u"03/05/2026"_s << u"12/2026"_s;
+    QTest::newRow("ha il suo anno") << u"12/2026"_s << u"03/05/2026"_s << u"12/2026"_s;
+    QTest::newRow("un altro anno") << u"12/2025"_s << u"03/05/2026"_s << u"12/2025/2026"_s;
+    QTest::newRow("con una lettera") << u" 12/A "_s << u"03/05/2026"_s << u"12/A/2026"_s;
+    QTest::newRow("un testo") << u"pippo"_s << u"03/05/2026"_s << u"pippo"_s;
+    QTest::newRow("senza data") << u"12"_s << QString() << u"12"_s;
+    QTest::newRow("una data che non lo è") << u"12"_s << u"32/13/26"_s << u"12"_s;
+    QTest::newRow("senza numero") << QString() << u"03/05/2026"_s << QString();
+}
+
+void TestLettera::numeroDellaFattura()
+{
+    QFETCH(QString, Scritto);
+    QFETCH(QString, Data);
+    Nota.txtDatiPar[DatoNumFatt] = Scritto;
+    Nota.txtDatiPar[DatoDataFatt] = Data;
+    QTEST(ValoriDi(Nota, StampaFatturaAnalitica)[u"numero"_s], "Atteso");
+}
+
 void TestLettera::lIniziale()
 {
     const Lettera Scritta = LetteraDi(Nota, StampaFatturaSintetica);
-    QCOMPARE(Scritta.Oggetto, u"Fattura 12 - Sfratto"_s);
+    QCOMPARE(Scritta.Oggetto, u"Fattura 12/2026 - Sfratto"_s);
     QCOMPARE(Scritta.Testo, u"Gentile Rossi Mario,\n\nsi trasmette in allegato il seguente documento.\n\n"
-                            "Documento: Fattura 12\nData: 3/5/2026\nOggetto: Sfratto\n"
+                            "Documento: Fattura 12/2026\nData: 3/5/2026\nOggetto: Sfratto\n"
                             "Importo netto: euro 1.234,50\n\nCordiali saluti\nAvv. Giulia Neri"_s);
     QCOMPARE(Scritta.Indirizzo, QString());
 }

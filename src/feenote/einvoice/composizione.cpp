@@ -5,6 +5,7 @@
 #include "feenote/einvoice/parti.h"
 #include "feenote/einvoice/righe.h"
 #include "feenote/einvoice/schematipi.h"
+#include "feenote/modNumeraFattura.h"
 #include "feenote/modTotali.h"
 
 #include <algorithm>
@@ -573,12 +574,7 @@ SceltaFattura SceltaDaNota(const Parcella& Nota)
     SceltaFattura Scelta;
     Scelta.Documento = Nota.cmbTipoStampa;
     Scelta.Data = LeggiData(Nota.DatiPar(DatoDataFatt)).value_or(QDate());
-    Scelta.Numero = Nota.DatiPar(DatoNumFatt).trimmed();
-    const QString Anno = u'/' + QString::number(Scelta.Data.year());
-    // The year alone makes no number of a text.
-    const bool ConCifre = std::ranges::any_of(Scelta.Numero, [](QChar C) { return C >= u'0' && C <= u'9'; });
-    if (ConCifre && Scelta.Data.isValid() && !Scelta.Numero.endsWith(Anno))
-        Scelta.Numero += Anno;
+    Scelta.Numero = NumeroDellaFattura(Nota);
     return Scelta;
 }
 

@@ -10,6 +10,7 @@
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
+#include <QDialog>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 
@@ -32,9 +33,11 @@ private Q_SLOTS:
     void testiVuoti();
     void senzaProgramma_data();
     void senzaProgramma();
+    void unPercorsoCheLaPostaSpezza_data();
     void unPercorsoCheLaPostaSpezza();
     void ilProgrammaNonRiesce_data();
     void ilProgrammaNonRiesce();
+    void aspettaLaFineDiUnaDomanda();
     void chiFinisceTardiNonRisponde();
     void laCartellaESoloMia();
     void nomeAllegato_data();
@@ -267,13 +270,21 @@ void TestInvio::senzaProgramma()
         QVERIFY(EsisteFile(Cartelle.first() + u"Rossi Mario - Sfratto - Fattura 12-2026.pdf"_s));
 }
 
+void TestInvio::unPercorsoCheLaPostaSpezza_data()
+{
+    QTest::addColumn<QString>("Nome");
+    QTest::newRow("apostrofo") << u"d'Angelo"_s;
+    QTest::newRow("virgola") << u"Rossi, Mario"_s;
+}
+
 /// The folder of the data is the user's own, and may be called anyhow.
 void TestInvio::unPercorsoCheLaPostaSpezza()
 {
+    QFETCH(QString, Nome);
     Installa();
     const QByteArray Allora = qgetenv("XDG_DATA_HOME");
     const auto Torna = qScopeGuard([&] { qputenv("XDG_DATA_HOME", Allora); });
-    qputenv("XDG_DATA_HOME", QFile::encodeName(NuovaCartella() + u"d'Angelo"_s));
+    qputenv("XDG_DATA_HOME", QFile::encodeName(NuovaCartella() + Nome));
     T->Voce.Attendi(
         u"Il percorso dei dati dell'utente contiene un apostrofo o una virgola, che i programmi di posta "
         "non accettano.\nIl documento Rossi Mario - Sfratto - Fattura 12-2026.pdf è pronto e si può "
@@ -303,6 +314,28 @@ void TestInvio::ilProgrammaNonRiesce()
         "aprire la sua cartella?"_s.arg(Codice),
         vbYes, u"Avvertenza:"_s);
     InviaSubito();
+    QTRY_COMPARE(Cartelle.size(), 1);
+}
+
+/// No box comes on top of one that waits for its answer.
+void TestInvio::aspettaLaFineDiUnaDomanda()
+{
+    Installa("while [ ! -e \"$0.fine\" ]; do /bin/sleep 0.05; done\nexit 3\n");
+    InviaSubito();
+    QVERIFY(!Argomenti().isEmpty());
+    QDialog Domanda(F);
+    Domanda.setModal(true);
+    Domanda.show();
+    QCOMPARE(QApplication::activeModalWidget(), &Domanda);
+    ScriviFile(Programmi + u"xdg-email.fine"_s, "x");
+    QTest::qWait(700);
+    QVERIFY(T->Voce.Mostrati().isEmpty());
+    T->Voce.Attendi(
+        u"Il programma di posta non si è aperto (codice 3).\n"
+        "Il documento Rossi Mario - Sfratto - Fattura 12-2026.pdf è pronto e si può allegare a mano: "
+        "aprire la sua cartella?"_s,
+        vbYes, u"Avvertenza:"_s);
+    Domanda.close();
     QTRY_COMPARE(Cartelle.size(), 1);
 }
 
