@@ -133,6 +133,7 @@ void Posa(const ElencoCalcoli& Elenco)
 void Cambia(const std::function<void(ElencoCalcoli&)>& Fai)
 {
     bool Guasto = false;
+    std::exception_ptr Rifiuto;
     CreaCartellaPrivata(CartellaDati());
     ATurno(FileCalcoli(), u".~"_s + NomeFile(FileCalcoli()) + u".lock"_s, [&] {
         ElencoCalcoli Elenco = Letti(Guasto);
@@ -140,11 +141,17 @@ void Cambia(const std::function<void(ElencoCalcoli&)>& Fai)
             SostituisciFile(FileCalcoli(), FileCalcoliGuasto());
         const ElencoCalcoli Prima = Elenco;
         Fai(Elenco);
-        if (Elenco != Prima)
-            Posa(Elenco);
+        try {
+            if (Elenco != Prima)
+                Posa(Elenco);
+        } catch (const Errore&) {
+            Rifiuto = std::current_exception();  // the list that was put aside is told first
+        }
     });
     if (Guasto)
         MsgBox(FraseElencoGuasto(), vbExclamation, TitoloMessaggio.toString());
+    if (Rifiuto)
+        std::rethrow_exception(Rifiuto);
 }
 
 }  // namespace

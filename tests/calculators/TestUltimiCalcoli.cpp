@@ -9,12 +9,15 @@
 #include "platform/base/errore.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
+#include "platform/system/guasti.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
@@ -66,6 +69,7 @@ private Q_SLOTS:
     void guasti();
     void guastoDettoUnaVolta();
     void guastoDettoRicordando();
+    void guastoDettoSulDiscoPieno();
     void vociGuasteSaltate();
     void cartellaRifiutata();
 };
@@ -257,6 +261,18 @@ void TestUltimiCalcoli::guastoDettoRicordando()
     Voce.Attendi(FraseElencoGuasto());
     RicordaCalcolo(Istat, Fatto(u"a"_s));
     QCOMPARE(Nomi(Istat), QStringList{u"a"_s});
+}
+
+/// The list that was put aside is told even where the new one cannot be written.
+void TestUltimiCalcoli::guastoDettoSulDiscoPieno()
+{
+    Registratore Voce;
+    Posa("guasto");
+    Voce.Attendi(FraseElencoGuasto());
+    const QScopedValueRollback Pieno(guasti::LimiteFile, qint64(5));
+    QVERIFY_THROWS_EXCEPTION(Errore, RicordaCalcolo(Istat, Fatto(u"a"_s)));
+    QCOMPARE(Voce.Mostrati().size(), 1);
+    QCOMPARE(LeggiFile(FileCalcoliGuasto()), QByteArray("guasto"));
 }
 
 void TestUltimiCalcoli::vociGuasteSaltate()
