@@ -256,14 +256,14 @@ void ScriviFile(const QString& Percorso, const QByteArray& Contenuto, Lettori Ch
     Nuovo.Posa();
 }
 
-bool CreaFile(const QString& Percorso, const QByteArray& Contenuto)
+bool CreaFile(const QString& Percorso, const QByteArray& Contenuto, Lettori Chi)
 {
     const QString Nativo = PercorsoNativo(Percorso);
     if (QFileInfo::exists(Nativo))
         return false;
     if (guasti::LimiteFile > 0 && Contenuto.size() > guasti::LimiteFile)
         throw Errore(errori::DiscoPieno);
-    FileAccanto Nuovo(Nativo, Lettori::Tutti);
+    FileAccanto Nuovo(Nativo, Chi);
     Nuovo.Scrivi(Contenuto);
     return Nuovo.PosaSeLibero();
 }

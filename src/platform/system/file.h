@@ -74,8 +74,9 @@ void LeggiAPezzi(const QString& Percorso, const std::function<bool(QByteArrayVie
 void ScriviFile(const QString& Percorso, const QByteArray& Contenuto, Lettori Chi = Lettori::Tutti);
 
 /// Writes a file that is not there yet. One that somebody else puts there meanwhile stays.
+/// @param Chi may read it
 /// @return false when something of this very name is there. @throws Errore as ScriviFile
-bool CreaFile(const QString& Percorso, const QByteArray& Contenuto);
+bool CreaFile(const QString& Percorso, const QByteArray& Contenuto, Lettori Chi = Lettori::Tutti);
 
 /// Copies a file piece by piece beside the place that it then takes. `Prosegui` is asked after each piece; a
 /// copy that it stops, as one that fails, leaves what was there.
