@@ -140,6 +140,26 @@ bool TurnoLiberato(const QString& Percorso)
     return true;
 }
 
+EsitoStato ScriviSolo(const Parcella& Nota, const std::function<bool()>& Immutata,
+                      void (*Annota)(const Database& File, const Parcella& Nota))
+{
+    if (Nota.Percorso.isEmpty() || !EsisteFile(Nota.Percorso))
+        return EsitoStato::Fallito;
+    if (DaModello(Nota) || SolaLettura(Nota.Percorso) || EDiAccess(Nota.Percorso))
+        return EsitoStato::NonSiTiene;
+    try {
+        const Database File = OpenDatabase(Nota.Percorso);
+        Transazione Turno(File);
+        if (!Immutata())
+            return EsitoStato::Fallito;
+        Annota(File, Nota);
+        Turno.Conferma();
+        return EsitoStato::Scritto;
+    } catch (const Errore& Guasto) {
+        return Guasto.Numero == errori::DatabaseSolaLettura ? EsitoStato::NonSiTiene : EsitoStato::Fallito;
+    }
+}
+
 }  // namespace
 
 bool NomeDiNotaValido(const QString& Nome)
@@ -213,21 +233,12 @@ std::optional<QString> SalvaSulFile(Parcella& Nota)
 
 EsitoStato ScriviSoloStato(const Parcella& Nota, const std::function<bool()>& Immutata)
 {
-    if (Nota.Percorso.isEmpty() || !EsisteFile(Nota.Percorso))
-        return EsitoStato::Fallito;
-    if (DaModello(Nota) || SolaLettura(Nota.Percorso) || EDiAccess(Nota.Percorso))
-        return EsitoStato::NonSiTiene;
-    try {
-        const Database File = OpenDatabase(Nota.Percorso);
-        Transazione Turno(File);
-        if (!Immutata())
-            return EsitoStato::Fallito;
-        AnnotaStato(File, Nota);
-        Turno.Conferma();
-        return EsitoStato::Scritto;
-    } catch (const Errore& Guasto) {
-        return Guasto.Numero == errori::DatabaseSolaLettura ? EsitoStato::NonSiTiene : EsitoStato::Fallito;
-    }
+    return ScriviSolo(Nota, Immutata, AnnotaStato);
+}
+
+EsitoStato ScriviSoloFattura(const Parcella& Nota, const std::function<bool()>& Immutata)
+{
+    return ScriviSolo(Nota, Immutata, AnnotaFattura);
 }
 
 void DiSalvata(const QString& Percorso)

@@ -36,7 +36,7 @@ inline constexpr QStringView NomeNonValido =
 /// @throws Errore as SalvaConDialogo
 [[nodiscard]] std::optional<QString> SalvaSulFile(Parcella& Nota);
 
-/// What became of a state that was to be written by itself.
+/// What became of a state, or of the memory of an invoice, that was to be written by itself.
 enum class EsitoStato {
     Scritto,
     NonSiTiene,  ///< the file takes nothing unasked: a template, a read-only one, one of Access
@@ -46,6 +46,9 @@ enum class EsitoStato {
 /// password: all else in the file stays as it is.
 /// @param Immutata asked while nobody else can write: whether the file is still the one that was read
 [[nodiscard]] EsitoStato ScriviSoloStato(const Parcella& Nota, const std::function<bool()>& Immutata);
+
+/// Writes in the same way what a note keeps of its electronic invoice, with its state.
+[[nodiscard]] EsitoStato ScriviSoloFattura(const Parcella& Nota, const std::function<bool()>& Immutata);
 
 /// Tells the user that the file was written.
 void DiSalvata(const QString& Percorso);

@@ -127,10 +127,12 @@ void PannelloFattura::Scrivi(const QString& Cartella, int Atteso)
         return;
     }
     Protetta([&] { RicordaImpostazioni({{ChiaveCartella, Cartella}}); });
+    const bool Intatta = !Nota.Modificata;
     SegnaFatturaScritta(Nota, Nome, Progressivo);
-    Cornice.Cambiata();
-    Cornice.MostraTutto();
+    const bool Tenuta = Cornice.FatturaScritta(Intatta);
     QString Detto = u"La fattura elettronica è stata scritta nel file %1."_s.arg(Nome);
+    if (!Tenuta)
+        Detto += u"\nLa parcella lo ricorderà quando sarà salvata."_s;
     if (Preso != Atteso)
         Detto += u"\nIl numero proposto era già stato preso da un altro programma."_s;
     MostraEsportato(Detto, Barra(Cartella) + Nome);

@@ -36,6 +36,10 @@ public:
 
     /// The note's document of this type was printed, exported or sent: the note's state follows.
     virtual void DocumentoUscito(int Tipo) = 0;
+    /// The file of the note's electronic invoice was written: a note that had no changes before keeps that in
+    /// its own file at once, any other is marked. Shows what has changed.
+    /// @return true when the file has it
+    virtual bool FatturaScritta(bool Intatta) = 0;
     /// A number that no other note of the session has, and a window without a note: 0.
     [[nodiscard]] virtual int Numero() const = 0;
 

@@ -6,6 +6,7 @@
 
 #include "core/posti.h"
 #include "feenote/file/improntanota.h"
+#include "feenote/file/modSalvataggio.h"
 #include "feenote/modCronologia.h"
 #include "feenote/modStato.h"
 #include "feenote/parcella.h"
@@ -203,6 +204,10 @@ private:
     /// A document of a note without changes has gone out: its file takes the state at once, so that a print
     /// leaves nothing to be saved. @return false when it could not, and the note is to be marked
     bool TieniStato();
+    /// What is written of a note by itself, without the rest of it.
+    using ScritturaSola = EsitoStato (*)(const Parcella& Nota, const std::function<bool()>& Immutata);
+    EsitoStato Tieni(ScritturaSola Scrivi);
+    void SegnaTenuta();  ///< the note is what its file holds
 
     // ---- frmParcelle_Vita.cpp
     void RimettiDisposizione();  ///< splitters and columns as the last window left them
@@ -228,6 +233,7 @@ private:
     [[nodiscard]] bool BaseValida() const override { return BaseVista; }
     bool AnnullaPasso() override;
     void DocumentoUscito(int Tipo) override;
+    bool FatturaScritta(bool Intatta) override;
     void SegnaRimessa() override { Storia.SegnaRimessa(); }
     [[nodiscard]] bool InDomanda() const override { return DialogoAperto; }
     [[nodiscard]] QScopedValueRollback<bool> ApriDomanda() override;

@@ -71,18 +71,38 @@ void frmParcelle::DocumentoUscito(int Tipo)
     MostraStato();
 }
 
+bool frmParcelle::FatturaScritta(bool Intatta)
+{
+    const bool Tenuta = Intatta && Tieni(ScriviSoloFattura) == EsitoStato::Scritto;
+    if (!Tenuta)
+        Cambiata();
+    MostraTutto();
+    return Tenuta;
+}
+
 bool frmParcelle::TieniStato()
 {
-    const auto Immutata = [this] { return ImprontaMia == ImprontaDi(Nota.Percorso); };
-    const EsitoStato Esito = ScriviSoloStato(Nota, Immutata);
-    if (Esito == EsitoStato::Fallito)
-        return false;
-    if (Esito == EsitoStato::Scritto)
+    const EsitoStato Esito = Tieni(ScriviSoloStato);
+    if (Esito == EsitoStato::NonSiTiene)
+        SegnaTenuta();
+    return Esito != EsitoStato::Fallito;
+}
+
+EsitoStato frmParcelle::Tieni(ScritturaSola Scrivi)
+{
+    const EsitoStato Esito = Scrivi(Nota, [this] { return ImprontaMia == ImprontaDi(Nota.Percorso); });
+    if (Esito == EsitoStato::Scritto) {
         ImprontaMia = ImprontaDi(Nota.Percorso);
+        SegnaTenuta();
+    }
+    return Esito;
+}
+
+void frmParcelle::SegnaTenuta()
+{
     Storia.Segna(Nota);
     Storia.SegnaSalvata(Nota);
     SetModificata(false);
     if (Aperture.RinfrescaTrova)
         Aperture.RinfrescaTrova();
-    return true;
 }

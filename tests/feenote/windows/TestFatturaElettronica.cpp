@@ -1,5 +1,6 @@
 // The electronic invoice by mouse and keyboard: what is missing, where it leads, the file.
 #include "fattura.h"
+#include "salvataggi.h"
 
 #include "addressbook/modColonneFattura.h"
 #include "core/modTrasmissioni.h"
@@ -32,6 +33,8 @@ private Q_SLOTS:
     void senzaClienteSiApreLaRubrica();
     void alRitornoSiAggiorna();
     void siSalvaESiRilegge();
+    void laNotaSalvataLoRicordaSubito_data();
+    void laNotaSalvataLoRicordaSubito();
     void laSecondaVoltaChiede();
     void unAltroNumeroNonChiede();
     void unFileCheCERestaComE();
@@ -236,14 +239,18 @@ void TestFatturaElettronica::siSalvaESiRilegge()
     const QString Nome = u"IT%1_00001.xml"_s.arg(CodiceStudio);
     const QString File = T->Ufficio.File(Nome);
     T->Voce.AttendiSalva(File);
-    T->Voce.Attendi(u"La fattura elettronica è stata scritta nel file %1."_s.arg(Nome), vbOK,
-                    u"Messaggio:"_s);
+    T->Voce.Attendi(
+        u"La fattura elettronica è stata scritta nel file %1.\nLa parcella lo ricorderà quando sarà "
+        "salvata."_s.arg(Nome),
+        vbOK, u"Messaggio:"_s);
     Clic(Controllo(F, "cmdSalvaXml"));
     QCOMPARE(NomeFile(T->Voce.InizioDialogo()), Nome);
     QVERIFY(EsisteFile(File));
     const QList<EsitoControllo> Esiti = ControllaFattura(LeggiFile(File), Nome, Oggi());
     QVERIFY2(Accettabile(Esiti), qPrintable(Esiti.isEmpty() ? QString() : TestoEsito(Esiti.first())));
     QVERIFY(LeggiFile(File).contains("<ProgressivoInvio>00001</ProgressivoInvio>"));
+    constexpr auto Altri = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    QVERIFY2(!(QFile::permissions(File) & Altri), "it holds the client's codes and amounts");
     QVERIFY(F->Nota.Modificata);
     QVERIFY(FatturaGiaScritta(F->Nota));
     QCOMPARE(Impostazione(u"ProgTrasm"_s), u"1"_s);
@@ -251,6 +258,38 @@ void TestFatturaElettronica::siSalvaESiRilegge()
              qPrintable(Stato()));
     // The next dialog begins where this one ended.
     QCOMPARE(Impostazione(u"CartellaFattureXml"_s), CartellaFile(File));
+}
+
+void TestFatturaElettronica::laNotaSalvataLoRicordaSubito_data()
+{
+    QTest::addColumn<bool>("Cambiata");
+    QTest::addColumn<bool>("DaAltri");
+    QTest::newRow("as its file") << false << false;
+    QTest::newRow("with changes of its own") << true << false;
+    QTest::newRow("saved by a colleague since") << false << true;
+}
+
+/// The number is taken and the file written: whatever becomes of the window, the note knows it.
+void TestFatturaElettronica::laNotaSalvataLoRicordaSubito()
+{
+    QFETCH(bool, Cambiata);
+    QFETCH(bool, DaAltri);
+    const QString Dove = salvataggi::SalvaCome(*T, u"rossi.mdb"_s);
+    ApriPannello();
+    F->SetModificata(Cambiata);
+    if (DaAltri)
+        ImpostaDataFile(Dove, DataFile(Dove).addSecs(60));
+    const bool Ricorda = !Cambiata && !DaAltri;
+    const QString Nome = u"IT%1_00001.xml"_s.arg(CodiceStudio);
+    const QString Poi = Ricorda ? QString() : u"\nLa parcella lo ricorderà quando sarà salvata."_s;
+    T->Voce.AttendiSalva(T->Ufficio.File(Nome));
+    T->Voce.Attendi(u"La fattura elettronica è stata scritta nel file %1."_s.arg(Nome) + Poi);
+    Clic(Controllo(F, "cmdSalvaXml"));
+    QCOMPARE(F->Nota.Modificata, !Ricorda);
+    Parcella Letta;
+    CaricaDati(Letta, Dove);
+    QCOMPARE(Letta.FatturaXml.File, Ricorda ? Nome : QString());
+    QCOMPARE(Letta.Stato.Stato == StatoNota::Fatturata, Ricorda);
 }
 
 void TestFatturaElettronica::laSecondaVoltaChiede()
@@ -382,10 +421,9 @@ void TestFatturaElettronica::ilNumeroPresoDaAltri()
     const Messaggi Prima = InstallaMessaggi(Nuovi);
     const auto Torna = qScopeGuard([&] { InstallaMessaggi(Prima); });
     Clic(Controllo(F, "cmdSalvaXml"));
-    QCOMPARE(
-        Detto,
-        u"La fattura elettronica è stata scritta nel file %1.\nIl numero proposto era già stato preso da "
-        "un altro programma."_s.arg(Avuto));
+    QCOMPARE(Detto,
+             u"La fattura elettronica è stata scritta nel file %1.\nLa parcella lo ricorderà quando sarà "
+             "salvata.\nIl numero proposto era già stato preso da un altro programma."_s.arg(Avuto));
     QVERIFY(!EsisteFile(T->Ufficio.File(Atteso)));
     QVERIFY(LeggiFile(T->Ufficio.File(Avuto)).contains("<ProgressivoInvio>00002</ProgressivoInvio>"));
 }

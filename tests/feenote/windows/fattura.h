@@ -102,7 +102,10 @@ protected:
     {
         const QString Nome = QStringLiteral("IT%1_0000%2.xml").arg(CodiceStudio).arg(Numero);
         T->Voce.AttendiSalva(Barra(Cartella) + Nome);
-        T->Voce.Attendi(QStringLiteral("La fattura elettronica è stata scritta nel file %1.").arg(Nome));
+        T->Voce.Attendi(
+            QStringLiteral("La fattura elettronica è stata scritta nel file %1.\nLa parcella lo ricorderà "
+                           "quando sarà salvata.")
+                .arg(Nome));
         Clic(Controllo(F, "cmdSalvaXml"));
         QVERIFY(EsisteFile(Barra(Cartella) + Nome));
     }
