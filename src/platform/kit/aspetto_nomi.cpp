@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QFormLayout>
 #include <QGroupBox>
+#include <QHash>
 #include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
@@ -149,11 +150,22 @@ bool SiLegge(const QString& Testo)
     return std::ranges::any_of(Testo, [](QChar Lettera) { return Lettera.isLetterOrNumber(); });
 }
 
-QString EtichettaDi(const QWidget* Modulo, QWidget* Oggetto)
+/// The labels of a form by the control that each of them calls.
+using EtichettePerControllo = QHash<const QWidget*, const QLabel*>;
+
+EtichettePerControllo EtichetteDi(const QWidget* Modulo)
 {
+    EtichettePerControllo Trovate;
     for (const QLabel* Etichetta : Modulo->findChildren<QLabel*>())
-        if (Etichetta->buddy() == Oggetto)
-            return Etichetta->text();
+        if (const QWidget* Oggetto = Etichetta->buddy(); Oggetto && !Trovate.contains(Oggetto))
+            Trovate.insert(Oggetto, Etichetta);
+    return Trovate;
+}
+
+QString EtichettaDi(const EtichettePerControllo& Etichette, QWidget* Oggetto)
+{
+    if (const QLabel* Etichetta = Etichette.value(Oggetto))
+        return Etichetta->text();
     for (QWidget* Padre = Oggetto->parentWidget(); Padre; Padre = Padre->parentWidget()) {
         const auto* Disposizione = qobject_cast<const QFormLayout*>(Padre->layout());
         if (!Disposizione)
@@ -172,19 +184,20 @@ QString GruppoDi(const QWidget* Oggetto)
     return {};
 }
 
-QString NomePer(const QWidget* Modulo, QWidget* Oggetto)
+QString NomePer(const QWidget* Modulo, const EtichettePerControllo& Etichette, QWidget* Oggetto)
 {
     const auto* Pulsante = qobject_cast<const QAbstractButton*>(Oggetto);
     const auto* Riga = qobject_cast<const QLineEdit*>(Oggetto);
     QWidget* Padre = Oggetto->parentWidget();
     const bool Interno = Padre && Padre != Modulo && Padre->focusProxy() == Oggetto;
-    for (const QString& Testo : {EtichettaDi(Modulo, Oggetto), Pulsante ? Pulsante->text() : QString(),
+    for (const QString& Testo : {EtichettaDi(Etichette, Oggetto), Pulsante ? Pulsante->text() : QString(),
                                  Oggetto->toolTip(), Riga ? Riga->placeholderText() : QString()})
         if (const QString Nome = Pronuncia(Testo); SiLegge(Nome))
             return Nome;
     // The part of a composed control that takes its focus is called as the whole is.
     if (Interno)
-        return Padre->accessibleName().isEmpty() ? NomePer(Modulo, Padre) : Padre->accessibleName();
+        return Padre->accessibleName().isEmpty() ? NomePer(Modulo, Etichette, Padre)
+                                                 : Padre->accessibleName();
     return Pronuncia(GruppoDi(Oggetto));
 }
 
@@ -209,6 +222,7 @@ void AssegnaMnemonici(QWidget* Modulo)
 
 void AssegnaNomiAccessibili(QWidget* Modulo)
 {
+    const EtichettePerControllo Etichette = EtichetteDi(Modulo);
     for (QWidget* Oggetto : Modulo->findChildren<QWidget*>()) {
         if (const auto* Riga = qobject_cast<const QLineEdit*>(Oggetto))
             if (QToolButton* Svuota = TastoSvuota(Riga))
@@ -219,7 +233,7 @@ void AssegnaNomiAccessibili(QWidget* Modulo)
         const bool Comando = Oggetto->focusPolicy() != Qt::NoFocus || qobject_cast<QAbstractButton*>(Oggetto);
         if (!Comando || !Oggetto->accessibleName().isEmpty() || Oggetto->objectName().startsWith(u"qt_"))
             continue;
-        if (const QString Nome = NomePer(Modulo, Oggetto); !Nome.isEmpty())
+        if (const QString Nome = NomePer(Modulo, Etichette, Oggetto); !Nome.isEmpty())
             Oggetto->setAccessibleName(Nome);
     }
 }

@@ -18,5 +18,13 @@ public:
     bool isNull() override { return Disegno.isEmpty(); }
 
 private:
+    struct Colori
+    {
+        QByteArray Tratto;
+        QByteArray Segno;
+    };
+    [[nodiscard]] static Colori ColoriDi(QIcon::Mode Modo);
+
+    QString NomeDisegno;
     QByteArray Disegno;
 };

@@ -188,6 +188,8 @@ void TestAspetto::ogniNomeHaLaSuaIcona()
     QVERIFY(!Icona.isNull());
     QVERIFY2(Luci(Icona).second >= 0, "il disegno non lascia segno");
     QCOMPARE(Icona.pixmap(16, 16).size(), QSize(16, 16));
+    QVERIFY2(Icona.pixmap(16, 16).cacheKey() == Icona.pixmap(16, 16).cacheKey(),
+             "a bar reads no drawing twice");
 }
 
 void TestAspetto::ogniDisegnoSeguaLeRegole()
