@@ -186,9 +186,11 @@ bool ControllaPsw(const QString& Percorso)
 namespace {
 
 /// Writes the note; from then on it is that of the file.
-std::optional<QString> ScriviQui(const QString& Percorso, Parcella& Nota, bool ComeModello)
+/// @param Ancora asked behind all other questions
+std::optional<QString> ScriviQui(const QString& Percorso, Parcella& Nota, bool ComeModello,
+                                 const std::function<bool()>& Ancora = {})
 {
-    if (!SovrascritturaAmmessa(Nota, Percorso) || !TurnoLiberato(Percorso))
+    if (!SovrascritturaAmmessa(Nota, Percorso) || !TurnoLiberato(Percorso) || (Ancora && !Ancora()))
         return std::nullopt;
     const StatoTenuto Era = Nota.Stato;
     Nota.Stato = ComeModello ? StatoDiNuova() : SoloBozza(Era);  // what begins from a template is a draft
@@ -226,9 +228,9 @@ bool HaFileSuo(const Parcella& Nota)
            EsisteFile(Nota.Percorso);
 }
 
-std::optional<QString> SalvaSulFile(Parcella& Nota)
+std::optional<QString> SalvaSulFile(Parcella& Nota, const std::function<bool()>& Ancora)
 {
-    return ScriviQui(PercorsoNativo(Nota.Percorso), Nota, false);
+    return ScriviQui(PercorsoNativo(Nota.Percorso), Nota, false, Ancora);
 }
 
 EsitoStato ScriviSoloStato(const Parcella& Nota, const std::function<bool()>& Immutata)

@@ -32,9 +32,10 @@ inline constexpr QStringView NomeNonValido =
 
 /// Writes a note over its own file. It asks as SalvaConDialogo does, but for the name: the password of a
 /// protected note, and a lock that nobody frees.
+/// @param Ancora asked behind those questions, at which a user may sit for long; false ends the save
 /// @return the path, empty when a check refused, which it has shown
 /// @throws Errore as SalvaConDialogo
-[[nodiscard]] std::optional<QString> SalvaSulFile(Parcella& Nota);
+[[nodiscard]] std::optional<QString> SalvaSulFile(Parcella& Nota, const std::function<bool()>& Ancora);
 
 /// What became of a state, or of the memory of an invoice, that was to be written by itself.
 enum class EsitoStato {

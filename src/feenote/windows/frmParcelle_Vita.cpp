@@ -245,14 +245,19 @@ bool frmParcelle::SalvaSulPosto()
 {
     if (!HaFileSuo(Nota))
         return SalvaConNome();
-    // Keys pressed by habit replace nothing that somebody else has saved since.
-    const auto Consentita = [this] {
-        return ImprontaMia == ImprontaDi(Nota.Percorso) ||
-               MsgBox(u"La parcella %1 è stata cambiata da altri dopo che è stata aperta.\n"
-                      u"Sostituirla con questa?"_s.arg(NomeFile(Nota.Percorso)),
-                      vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString()) == vbYes;
+    // Keys pressed by habit replace nothing that somebody else has saved since, nor while that is being
+    // asked.
+    const auto Consentita = [this, Vista = ImprontaMia]() mutable {
+        for (ImprontaNota Ora = ImprontaDi(Nota.Percorso); Vista != Ora; Ora = ImprontaDi(Nota.Percorso)) {
+            if (MsgBox(u"La parcella %1 è stata cambiata da altri dopo che è stata aperta.\n"
+                       u"Sostituirla con questa?"_s.arg(NomeFile(Nota.Percorso)),
+                       vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString()) != vbYes)
+                return false;
+            Vista = Ora;
+        }
+        return true;
     };
-    return Salva([&] { return Consentita() ? SalvaSulFile(Nota) : std::nullopt; },
+    return Salva([&] { return SalvaSulFile(Nota, Consentita); },
                  [this](const QString&) {
                      ui->lblSalvata->Mostra(u"Salvata alle "_s + Adesso().toString(u"HH:mm"_s));
                  });

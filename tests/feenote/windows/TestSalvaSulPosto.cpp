@@ -37,6 +37,7 @@ private Q_SLOTS:
     void diSolaLettura();
     void cambiataDaAltriChiede();
     void cambiataMentreSiApre();
+    void cambiataMentreSiChiede();
     void nonSiScrive();
     void nomeCheIlDialogoRifiuta();
     void salvaConNomeAncheIntatta();
@@ -264,6 +265,30 @@ void TestSalvaSulPosto::cambiataMentreSiApre()
         vbNo, u"Domanda:"_s);
     QVERIFY(!F->SalvaSulPosto());
     QCOMPARE(Cliente(File), u"Bianchi"_s);
+}
+
+/// The question about the password waits as long as its user; the one about the others comes behind it, and
+/// again.
+void TestSalvaSulPosto::cambiataMentreSiChiede()
+{
+    const QString File = Salvata_(u"rossi.mdb"_s);
+    F->Nota.Psw = u"abc"_s;
+    QVERIFY(F->SalvaSulPosto());
+    Tocca(F, u"Verdi"_s);
+    int Mostrati = 0;
+    const auto Mostra = Registratore::AlMostrare();
+    const QScopedValueRollback Collega(Registratore::AlMostrare(), std::function<void()>([&] {
+                                           if (++Mostrati < 3)
+                                               ImpostaDataFile(File, DataFile(File).addSecs(60));
+                                           Mostra();
+                                       }));
+    const QString Domanda =
+        u"La parcella rossi.mdb è stata cambiata da altri dopo che è stata aperta.\nSostituirla con questa?"_s;
+    T->Voce.AttendiImmissione(u"Specificare la password"_s, u"abc"_s);
+    T->Voce.Attendi(Domanda, vbYes, u"Domanda:"_s);
+    T->Voce.Attendi(Domanda, vbNo, u"Domanda:"_s);
+    QVERIFY(!F->SalvaSulPosto());
+    QCOMPARE(Cliente(File), u"Rossi"_s);
 }
 
 void TestSalvaSulPosto::nonSiScrive()
