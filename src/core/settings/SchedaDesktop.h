@@ -30,6 +30,8 @@ public:
     /// Writes the icons, if they were changed, and puts them into IconeUtente.
     /// @return false when no file could be written
     [[nodiscard]] bool SalvaIcone();
+    /// The icons differ from those in the file.
+    [[nodiscard]] bool IconeCambiate() const { return Icone != IconeLette; }
 
     /// Fills cmbSfondi from the folder of backgrounds.
     void LoadImg();

@@ -92,6 +92,7 @@ void SchedaDocumenti::Carica()
 {
     Impronta = logo::ImprontaValida(ValoreConservato(chiavi::LogoImpronta));
     Png = logo::Leggi(Impronta).value_or(QByteArray());
+    PngLetto = Png;
     Difetto = !Impronta.isEmpty() && Png.isEmpty();
     Detto = Difetto ? u"Il logo conservato manca o è danneggiato: sceglierlo di nuovo."_s : QString();
     const int Posto = ui->cmbLogoPosto->findData(logo::PostoNoto(ValoreConservato(chiavi::LogoPosto)));

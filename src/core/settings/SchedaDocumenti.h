@@ -29,6 +29,8 @@ public:
     void ConservaLogo();
     /// What is to be stored; the logo's copy was stored before.
     [[nodiscard]] ValoriScheda Valori() const;
+    /// Another logo, or none, was chosen here.
+    [[nodiscard]] bool LogoCambiato() const { return Png != PngLetto; }
 
 private:
     void cmdLogo_Click();
@@ -43,6 +45,7 @@ private:
     QList<QCheckBox*> chkLogoDoc;  ///< by print type, then the sheets
     QString Impronta;              ///< of the stored copy; empty: none
     QByteArray Png;                ///< what is shown: the copy, or what was chosen here
+    QByteArray PngLetto;           ///< what the settings hold
     QString Detto;                 ///< what is said of the logo
     bool Difetto = false;
 };

@@ -246,11 +246,16 @@ bool frmSetup::eventFilter(QObject* Oggetto, QEvent* Evento)
     return QDialog::eventFilter(Oggetto, Evento);
 }
 
+/// Esc is pressed by habit, the button by intention: only the key asks.
 void frmSetup::keyPressEvent(QKeyEvent* Evento)
 {
-    if (Evento->key() == Qt::Key_Escape && ui->cmdHelp->isChecked())
+    const bool Esce = Evento->key() == Qt::Key_Escape;
+    if (Esce && ui->cmdHelp->isChecked())
         ui->cmdHelp->setChecked(false);
-    else
+    else if (
+        !Esce || !Cambiate() ||
+        MsgBox(u"Le modifiche alle impostazioni non sono state memorizzate.\nChiudere senza memorizzarle?"_s,
+               vbYesNo | vbQuestion | vbDefaultButton2, TitoloDomanda.toString()) == vbYes)
         QDialog::keyPressEvent(Evento);
 }
 
@@ -266,6 +271,7 @@ void frmSetup::LoadValori()
     Desktop->Carica();
     Fattura->Carica();
     Documenti->Carica();
+    SegnaLetti();
 }
 
 void frmSetup::SegnaControlli()
@@ -329,20 +335,38 @@ bool frmSetup::CheckNumero()
     return false;
 }
 
-void frmSetup::SalvaValori() const
+ValoriScheda frmSetup::Valori() const
 {
-    Documenti->ConservaLogo();
     ValoriScheda Tutti;
     for (const CampoImpostazione& Voce : Campi)
         Tutti.append({Voce.Chiave.toString(), (ui.get()->*Voce.Campo)->text()});
+    return Tutti + Contabili->Valori() + Cartelle->Valori() + Desktop->Valori() + Fattura->Valori() +
+           Documenti->Valori();
+}
+
+bool frmSetup::Cambiate() const
+{
+    return Valori() != Letti || Desktop->IconeCambiate() || Documenti->LogoCambiato();
+}
+
+void frmSetup::SegnaLetti()
+{
+    Letti = Valori();
+}
+
+void frmSetup::SalvaValori() const
+{
+    Documenti->ConservaLogo();
     // In one write: a failure in the middle would leave half of them.
-    SalvaImpostazioni(Tutti + Contabili->Valori() + Cartelle->Valori() + Desktop->Valori() +
-                      Fattura->Valori() + Documenti->Valori());
+    SalvaImpostazioni(Valori());
 }
 
 void frmSetup::SegueArchivio()
 {
+    const bool Prima = Cambiate();
     Cartelle->SegueArchivio();
+    if (!Prima)
+        SegnaLetti();
 }
 
 void frmSetup::cmdSaveImpost_Click()
@@ -372,6 +396,7 @@ void frmSetup::cmdSaveImpost_Click()
     // Another folder may hold other icons; those that could not be written stay in the form.
     if (IconeScritte)
         Desktop->Carica();
+    SegnaLetti();
     MsgBox(u"Le impostazioni sono state memorizzate!"_s, vbInformation, TitoloMessaggio.toString());
     if (ParcellaAperta())
         MsgBox(u"Per essere certi della piena operatività è consigliabile riavviare il programma."_s,

@@ -1,6 +1,8 @@
 // The settings of the program.
 #pragma once
 
+#include "core/settings/valorischeda.h"
+
 #include <QDialog>
 
 #include <memory>
@@ -75,6 +77,10 @@ private:
     void CreaTasti();
     bool Rifiuta(const QString& Messaggio, int Indice, QWidget* Campo);
     [[nodiscard]] bool CheckNumero();
+    [[nodiscard]] ValoriScheda Valori() const;
+    /// Something was written, ticked or chosen since the settings were read or stored.
+    [[nodiscard]] bool Cambiate() const;
+    void SegnaLetti();
     void SalvaValori() const;
     void SegnaControlli();
 
@@ -84,4 +90,5 @@ private:
     SchedaDesktop* Desktop;
     SchedaFattura* Fattura;
     SchedaDocumenti* Documenti;
+    ValoriScheda Letti;  ///< what the form showed when it had nothing to store
 };

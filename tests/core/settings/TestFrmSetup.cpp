@@ -31,6 +31,9 @@ private Q_SLOTS:
     void modaleSiChiudeDopoAverMemorizzato();
     void modaleGiaApertaVieneDavanti();
     void chiudereNonCambiaNulla();
+    void escChiede_data();
+    void escChiede();
+    void escSenzaModifiche();
     void aprirlaDueVolteNonPerdeIlTesto();
     void ricordaIlPosto();
     void ordineDelTabulatore();
@@ -307,6 +310,71 @@ void TestFrmSetup::chiudereNonCambiaNulla()
     QCOMPARE(Scena::Parametro(u"StudioNome"_s), u"prima"_s);
     Modulo->Mostra(0);
     QCOMPARE(Campo(u"txtNomeStudio"_s)->text(), u"prima"_s);
+}
+
+void TestFrmSetup::escChiede_data()
+{
+    QTest::addColumn<int>("Scheda");
+    QTest::addColumn<QString>("Controllo");
+    QTest::newRow("text") << int(frmSetup::SchedaDatiStudio) << u"txtFirma"_s;
+    QTest::newRow("rate") << int(frmSetup::SchedaDatiContabili) << u"txtIVA"_s;
+    QTest::newRow("folder") << int(frmSetup::SchedaSetup) << u"txtParcellePath"_s;
+    QTest::newRow("invoice") << int(frmSetup::SchedaFatturaElettronica) << u"txtProgTrasm"_s;
+    QTest::newRow("mail") << int(frmSetup::SchedaDeiDocumenti) << u"txtPostaOggetto"_s;
+}
+
+void TestFrmSetup::escChiede()
+{
+    QFETCH(int, Scheda);
+    QFETCH(QString, Controllo);
+    const QString Domanda = u"Le modifiche alle impostazioni non sono state memorizzate.\n"
+                            "Chiudere senza memorizzarle?"_s;
+    Modulo->Mostra(Scheda);
+    QVERIFY(QTest::qWaitForWindowActive(Modulo));
+    QVERIFY2(Campo(Controllo), qPrintable(Controllo));
+    const QString Prima = Campo(Controllo)->text();
+    Campo(Controllo)->setFocus();
+    QTest::keyClick(Campo(Controllo), Qt::Key_End);
+    QTest::keyClick(Campo(Controllo), Qt::Key_7);
+    QVERIFY(Campo(Controllo)->text() != Prima);
+    const QString Scritto = Campo(Controllo)->text();
+    Registratore Box;
+    Box.Attendi(Domanda, vbNo, u"Domanda:"_s);
+    QTest::keyClick(Campo(Controllo), Qt::Key_Escape);
+    QVERIFY(Modulo->isVisible());
+    QCOMPARE(Campo(Controllo)->text(), Scritto);
+    Box.Attendi(Domanda, vbYes, u"Domanda:"_s);
+    QTest::keyClick(Campo(Controllo), Qt::Key_Escape);
+    QVERIFY(!Modulo->isVisible());
+    Modulo->Mostra(Scheda);
+    QCOMPARE(Campo(Controllo)->text(), Prima);
+    Modulo->hide();
+}
+
+/// Read again, walked through, stored: nothing to ask about.
+void TestFrmSetup::escSenzaModifiche()
+{
+    Registratore Box;
+    Riempi();
+    Box.Attendi(Memorizzate);
+    Memorizza();
+    QTest::keyClick(Modulo, Qt::Key_Escape);
+    QVERIFY(!Modulo->isVisible());
+    Modulo->Mostra(0);
+    QVERIFY(QTest::qWaitForWindowActive(Modulo));
+    for (int Scheda = 0; Scheda < Modulo->findChild<QTabWidget*>(u"tabSetup"_s)->count(); ++Scheda) {
+        Modulo->ChangeTab(Scheda);
+        constexpr int Fermate = 25;
+        for (int i = 0; i < Fermate; ++i)
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    QTest::keyClick(Modulo, Qt::Key_Escape);
+    QVERIFY(!Modulo->isVisible());
+    // The cross and the button do as ever.
+    Riempi();
+    Campo(u"txtFirma"_s)->setText(u"altra"_s);
+    QTest::mouseClick(Modulo->findChild<QWidget*>(u"cmdChiudi"_s), Qt::LeftButton);
+    QVERIFY(!Modulo->isVisible());
 }
 
 void TestFrmSetup::aprirlaDueVolteNonPerdeIlTesto()
