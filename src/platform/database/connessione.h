@@ -192,8 +192,6 @@ void RegistraFunzioni(const Connessione& Conn);
 
 /// The statement that makes the side table `_Campi` where it is missing.
 [[nodiscard]] QString SqlTabellaCampi();
-/// The statement that makes the table of the annotations, as the file keeps it.
-[[nodiscard]] QString SqlTabellaAnnotazioni();
 /// The table's name as the file spells it, whatever the case given; empty when there is none.
 [[nodiscard]] QString NomeVero(Connessione& Conn, const QString& Tabella);
 /// The columns of a table by its true name.

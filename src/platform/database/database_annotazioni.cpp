@@ -10,12 +10,12 @@ namespace {
 /// A file of another origin may hold anything under that name: more than these is nothing of the program's.
 constexpr int MassimeAnnotazioni = 1000;
 
-}  // namespace
-
 QString SqlTabellaAnnotazioni()
 {
-    return u"CREATE TABLE \"_Calcanova\" (Nome TEXT PRIMARY KEY, Valore TEXT) WITHOUT ROWID"_s;
+    return u"CREATE TABLE IF NOT EXISTS \"_Calcanova\" (Nome TEXT PRIMARY KEY, Valore TEXT) WITHOUT ROWID"_s;
 }
+
+}  // namespace
 
 int Database::Specie() const
 {
@@ -53,7 +53,7 @@ QMap<QString, QString> Database::Annotazioni() const
 void Database::Annota(const QMap<QString, QString>& Valori) const
 {
     Blocco Tutto(PerScrivere());
-    Conn->Esegui(SqlTabellaAnnotazioni().replace(u"TABLE"_s, u"TABLE IF NOT EXISTS"_s));
+    Conn->Esegui(SqlTabellaAnnotazioni());
     Conn->Esegui(u"DELETE FROM \"_Calcanova\""_s);
     for (auto Voce = Valori.begin(); Voce != Valori.end(); ++Voce)
         Conn->Esegui(u"INSERT INTO \"_Calcanova\" VALUES (?,?)"_s, {Voce.key(), Voce.value()});

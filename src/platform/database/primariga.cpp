@@ -3,8 +3,6 @@
 #include "platform/base/errore.h"
 #include "platform/database/connessione.h"
 #include "platform/database/criterio.h"
-#include "platform/database/paginenote.h"
-#include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 
 #include <QFileInfo>
@@ -29,6 +27,9 @@ sqlite3_file* FileDi(const Connessione& Conn)
     const int Esito = sqlite3_file_control(Conn.Motore(), "main", SQLITE_FCNTL_FILE_POINTER, &File);
     return Esito == SQLITE_OK && File && File->pMethods ? File : nullptr;
 }
+
+/// Annotations that are looked at: a note has a few dozens.
+constexpr int MassimeAnnotazioni = 200;
 
 /// What the first bytes of a file say of it.
 struct TestataFile
@@ -93,33 +94,30 @@ void LeggiAnnotazioni(const Connessione& Conn, AnnotazioniChieste& Chieste, int 
     }
 }
 
-QString SqlDella(const DomandaRiga& Che)
+/// What is read of one file.
+struct Lettura
 {
-    QStringList Tagliate;
-    for (const QString& Colonna : Che.Colonne)
-        Tagliate += u"substr(%1,1,%2)"_s.arg(Identificatore(Colonna)).arg(Che.MassimoCaratteri);
-    if (Che.ConAnnotazioni())
-        Tagliate += HaAnnotazioni.toString();
-    return u"SELECT %1 FROM %2 LIMIT 1"_s.arg(Tagliate.join(u','), Identificatore(Che.Tabella));
-}
+    QString Sql;
+    qsizetype Colonne = 0;
+    int MassimoCaratteri = 0;
+    AnnotazioniChieste* Anche = nullptr;
+};
 
-std::optional<QStringList> Leggi(const Connessione& Conn, const DomandaRiga& Che)
+std::optional<QStringList> Leggi(const Connessione& Conn, const Lettura& Che)
 {
     int Migliaia = 0;
     sqlite3_progress_handler(
         Conn.Motore(), 1000,
         [](void* Contate) { return int(++*static_cast<int*>(Contate) > MassimoMigliaiaDiPassi); }, &Migliaia);
     // The row keeps the file's lock while the annotations are read: both are of one save.
-    Istruzione Riga(Conn, SqlDella(Che));
+    Istruzione Riga(Conn, Che.Sql);
     if (!Riga.Avanza())
         return std::nullopt;
     QStringList Celle;
-    const auto Quante = int(Che.Colonne.size());
-    for (int i = 0; i < Quante; ++i)
+    for (int i = 0; i < Che.Colonne; ++i)
         Celle += Riga.Testo(i);
-    if (Che.ConAnnotazioni() && Riga.Intero(Quante) == 1)
+    if (Che.Anche && !Che.Anche->Nomi.isEmpty() && Riga.Intero(int(Che.Colonne)) == 1)
         LeggiAnnotazioni(Conn, *Che.Anche, Che.MassimoCaratteri);
-    ImparaSchema(Conn, Che);
     return Celle;
 }
 
@@ -135,12 +133,15 @@ std::optional<QStringList> LeggiPrimaRiga(const QString& Percorso, const QString
         throw Errore(53);
     if (!Info.isFile() || !(Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther)))
         throw Errore(75);
-    const DomandaRiga Che{Tabella, Colonne, MassimoCaratteri, Anche};
+    QStringList Tagliate;
+    for (const QString& Colonna : Colonne)
+        Tagliate += u"substr(%1,1,%2)"_s.arg(Identificatore(Colonna)).arg(MassimoCaratteri);
+    if (Anche && !Anche->Nomi.isEmpty())
+        Tagliate += HaAnnotazioni.toString();
+    const Lettura Che{u"SELECT %1 FROM %2 LIMIT 1"_s.arg(Tagliate.join(u','), Identificatore(Tabella)),
+                      Colonne.size(), MassimoCaratteri, Anche};
     if (Anche)
         Anche->Trovate.clear();
-    if (!guasti::SoloMotore)
-        if (auto Celle = RigaDallePagine(File, Che))
-            return Celle;
     try {
         const Connessione Conn(File, Connessione::Modo::Elenco);
         const TestataFile Testata = LeggiTestata(Conn, QFileInfo(File + u"-journal"_s).size() > 0);

@@ -48,7 +48,6 @@ int Esiste(sqlite3_vfs* Strato, const char* Nome, int Bandiere, int* Esito)
 const char* StratoFile()
 {
     static sqlite3_vfs Nostro = [] {
-        sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);  // nobody asks, and each allocation would be counted
         sqlite3_initialize();
         sqlite3_vfs Copia = *DelSistema();
         Copia.zName = "calcanova";

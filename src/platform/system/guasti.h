@@ -43,9 +43,6 @@ inline bool SenzaFileAnonimi = false;
 /// 0 lifts the limit.
 inline int LimitePagine = 0;
 
-/// Rows of a list come from the engine alone, never from the pages of a file: both must say the same.
-inline bool SoloMotore = false;
-
 /// How long the databases opened from now on wait for a lock of somebody else, in milliseconds.
 inline int AttesaBlocchiMs = 3000;
 
