@@ -14,9 +14,11 @@
 #include "platform/system/percorsi.h"
 
 #include <QDateTime>
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -78,10 +80,12 @@ std::optional<QStringList> PrimaRigaDiNota(const QString& File, AnnotazioniChies
     return PrimaRiga(CopiaNativa(File), Annotate);
 }
 
-std::optional<DatiNota> LeggiDati(const QString& File)
+using LettoreRiga = std::function<std::optional<QStringList>(AnnotazioniChieste& Annotate)>;
+
+std::optional<DatiNota> DatiDi(const LettoreRiga& Leggi)
 {
     AnnotazioniChieste Annotate{VociStatoLetto(), {}};
-    const auto Celle = PrimaRigaDiNota(File, Annotate);
+    const auto Celle = Leggi(Annotate);
     if (!Celle)
         return std::nullopt;
     DatiNota Dati;
@@ -102,6 +106,11 @@ std::optional<DatiNota> LeggiDati(const QString& File)
     return Dati;
 }
 
+std::optional<DatiNota> LeggiDati(const QString& File)
+{
+    return DatiDi([&File](AnnotazioniChieste& Annotate) { return PrimaRigaDiNota(File, Annotate); });
+}
+
 /// What makes a file none of ours for as long as it stays as it is: no database, no such table or column.
 bool NonENota(const Errore& Guasto)
 {
@@ -109,6 +118,10 @@ bool NonENota(const Errore& Guasto)
                                        errori::CampoSconosciuto};
     return std::ranges::find(Numeri, Guasto.Numero) != Numeri.end();
 }
+
+/// So many files are read side by side, by so many threads: rows come at once, and the next folder soon.
+constexpr size_t FilePerVolta = 32;
+constexpr int LettoriInsieme = 4;
 
 bool ENomeDiNota(const QString& Nome, QStringView Modello)
 {
@@ -137,6 +150,20 @@ QString FraseEsito(const ContoTrova& Conto)
                   .arg(Conto.Cartelle)
                   .arg(KByte(Conto.Byte));
     return Conto.Interrotta ? Frase + u" (ricerca interrotta)"_s : Frase;
+}
+
+/// One of Access waits for its turn: its copy is made by a program of its own.
+void CamminoTrova::LeggiPrima(const QString& File, Anticipo& Letto)
+{
+    try {
+        Letto.Dati = DatiDi([&File](AnnotazioniChieste& Annotate) { return PrimaRiga(File, Annotate); });
+        Letto.Letto = true;
+    } catch (const Errore& Guasto) {
+        if (Guasto.Numero != errori::FormatoDatabase)
+            Letto.Guasto = std::current_exception();
+    } catch (...) {
+        Letto.Guasto = std::current_exception();
+    }
 }
 
 CamminoTrova::CamminoTrova(CriterioTrova Chiesto, std::function<void(VoceTrova&&)> Prendi,
@@ -191,12 +218,17 @@ void CamminoTrova::FindFiles(const QString& Cartella, const QString& Modello)
 
     for (const VoceCartella& Una : Cartelle)
         AddDir(Cartella, Una);
-    for (const VoceCartella& Uno : File) {
-        if (Conto.Interrotta || !Avanti()) {
-            Conto.Interrotta = true;
-            return;
+    const std::span<const VoceCartella> Tutti(File.constData(), size_t(File.size()));
+    for (size_t Primo = 0; Primo < Tutti.size(); Primo += FilePerVolta) {
+        const auto Questi = Tutti.subspan(Primo, std::min(FilePerVolta, Tutti.size() - Primo));
+        const std::vector<Anticipo> Letti = LeggiInsieme(Cartella, Questi);
+        for (size_t i = 0; i < Questi.size(); ++i) {
+            if (Conto.Interrotta || !Avanti()) {
+                Conto.Interrotta = true;
+                return;
+            }
+            AddFile(Cartella, Questi[i], Letti[i]);
         }
-        AddFile(Cartella, Uno);
     }
     Conto.Interrotta = Conto.Interrotta || !Intera;
 }
@@ -221,7 +253,29 @@ void CamminoTrova::AddDir(const QString& Cartella, const VoceCartella& Trovata)
     Riga(std::move(Voce));
 }
 
-void CamminoTrova::AddFile(const QString& Cartella, const VoceCartella& Trovata)
+std::vector<CamminoTrova::Anticipo> CamminoTrova::LeggiInsieme(const QString& Cartella,
+                                                               std::span<const VoceCartella> File)
+{
+    std::vector<Anticipo> Letti(File.size());
+    std::atomic<size_t> Prossimo = 0;
+    std::atomic<bool> Ferma = false;
+    const auto Leggi = [&](const std::function<bool()>& Prosegui) {
+        for (size_t i = Prossimo++; i < File.size() && !Ferma; i = Prossimo++) {
+            const QString Percorso = Cartella + File[i].Nome;
+            if (!Memoria->Cerca(Percorso, {File[i].Byte, File[i].Modificata}))
+                LeggiPrima(Percorso, Letti[i]);
+            if (Prosegui && !Prosegui())
+                Ferma = true;
+        }
+    };
+    for (int i = 1; i < LettoriInsieme && size_t(i) < File.size(); ++i)
+        Lettori.start([&Leggi] { Leggi({}); });
+    const auto Fine = qScopeGuard([this] { Lettori.waitForDone(); });
+    Leggi(Avanti);
+    return Letti;
+}
+
+void CamminoTrova::AddFile(const QString& Cartella, const VoceCartella& Trovata, const Anticipo& Prima)
 {
     VoceTrova Voce;
     Voce.Nome = NomeMostrato(Trovata.Nome);
@@ -230,7 +284,7 @@ void CamminoTrova::AddFile(const QString& Cartella, const VoceCartella& Trovata)
     Voce.Modificata = Trovata.Modificata;
     Voce.Byte = Trovata.Byte;
     Voce.Modello = Trovata.SolaLettura;
-    if (!CheckCondiz(Voce))
+    if (!CheckCondiz(Voce, Prima))
         return;
     ++Conto.Archivi;
     Conto.Byte += Voce.Byte;
@@ -239,14 +293,16 @@ void CamminoTrova::AddFile(const QString& Cartella, const VoceCartella& Trovata)
     Riga(std::move(Voce));
 }
 
-bool CamminoTrova::CheckCondiz(VoceTrova& Voce) const
+bool CamminoTrova::CheckCondiz(VoceTrova& Voce, const Anticipo& Prima) const
 {
     const ImprontaFile Impronta{Voce.Byte, Voce.Modificata};
     auto Letto = Memoria->Cerca(Voce.Percorso, Impronta);
     if (!Letto) {
         Letto = MemoriaTrova::Ricordo{Impronta, {}};
         try {
-            Letto->Dati = LeggiDati(Voce.Percorso);
+            if (Prima.Guasto)
+                std::rethrow_exception(Prima.Guasto);
+            Letto->Dati = Prima.Letto ? Prima.Dati : LeggiDati(Voce.Percorso);
         } catch (const Errore& Guasto) {
             // Another program is writing the note: it is one none the less.
             Voce.Illeggibile = Guasto.Numero == errori::DatiBloccati;

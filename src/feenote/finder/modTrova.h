@@ -8,9 +8,14 @@
 
 #include <QList>
 #include <QString>
+#include <QThreadPool>
 
+#include <exception>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <span>
+#include <vector>
 
 class MemoriaTrova;
 struct VoceCartella;
@@ -114,10 +119,22 @@ public:
 
 private:
     void FindFiles(const QString& Cartella, const QString& Modello);
+    /// What was read of a file before its turn came.
+    struct Anticipo
+    {
+        bool Letto = false;
+        std::optional<DatiNota> Dati;
+        std::exception_ptr Guasto;
+    };
+    /// Reads some files side by side: a disk that answers late answers all of them at once. Those that
+    /// earlier walks have seen, and those that are to be read in turn, are left out.
+    static void LeggiPrima(const QString& File, Anticipo& Letto);
+    [[nodiscard]] std::vector<Anticipo> LeggiInsieme(const QString& Cartella,
+                                                     std::span<const VoceCartella> File);
     /// Completes a row by what its file holds. @return false for a file that is no fee note
-    [[nodiscard]] bool CheckCondiz(VoceTrova& Voce) const;
+    [[nodiscard]] bool CheckCondiz(VoceTrova& Voce, const Anticipo& Prima) const;
     void AddDir(const QString& Cartella, const VoceCartella& Trovata);
-    void AddFile(const QString& Cartella, const VoceCartella& Trovata);
+    void AddFile(const QString& Cartella, const VoceCartella& Trovata, const Anticipo& Prima);
     [[nodiscard]] bool Cercato(const QString& NomeFile) const;
 
     CriterioTrova Criterio;
@@ -126,4 +143,5 @@ private:
     std::shared_ptr<MemoriaTrova> Memoria;
     QList<QString> DaPercorrere;
     ContoTrova Conto;
+    QThreadPool Lettori;
 };

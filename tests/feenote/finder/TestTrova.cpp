@@ -43,6 +43,8 @@ private Q_SLOTS:
     void laRubricaCambia();
     void senzaRubrica();
     void rubricaDelProgramma();
+    void tantiInsieme();
+    void tantiMaFermati();
     void siInterrompe();
     void cartelleCheMancano();
     void laSottocartellaChiusa();
@@ -340,6 +342,53 @@ void TestTrova::rubricaDelProgramma()
     Nominativi Nomi;
     Nomi.Completa(Voce);
     QCOMPARE(Voce.Cliente, u"Verdi Anna"_s);
+}
+
+/// Files are read side by side: each row has its own file's words, in the order of the names, whatever stands
+/// among them.
+void TestTrova::tantiInsieme()
+{
+    constexpr int Quanti = 150;
+    QStringList Attesi;
+    for (int i = 0; i < Quanti; ++i) {
+        const QString File = Radice + u"%1.mdb"_s.arg(i, 3, 10, QChar(u'0'));
+        if (i % 10 == 3) {
+            ScriviFile(File, "no database");
+        } else if (i % 10 == 7) {
+            QVERIFY(QFile::copy(Radice + u"000.mdb"_s, File));
+            OpenDatabase(File).Execute(u"UPDATE ParcellaParam SET Cliente=?"_s, {u"Cliente %1"_s.arg(i)});
+            Attesi += u"%1 Cliente %1"_s.arg(i, 3, 10, QChar(u'0'));
+        } else if (i == 0) {
+            SalvaNota(File, u"Cliente 0"_s);
+            Attesi += u"000 Cliente 0"_s;
+        } else {
+            QVERIFY(QFile::link(Radice + u"000.mdb"_s, File));
+            Attesi += u"%1 Cliente 0"_s.arg(i, 3, 10, QChar(u'0'));
+        }
+    }
+    for (QString& Atteso : Attesi)
+        Atteso.replace(QRegularExpression(u"Cliente 0+(\\d)"_s), u"Cliente \\1"_s);
+    for (int Volta = 0; Volta < 2; ++Volta) {
+        QStringList Avuti;
+        for (const VoceTrova& Voce : Trova(Qui()))
+            Avuti += Voce.Nome + u' ' + Voce.Cliente;
+        QCOMPARE(Avuti, Attesi);
+        QCOMPARE(Conto.Archivi, Attesi.size());
+    }
+}
+
+/// Who stops it waits for the files in hand, not for the folder, whoever of the readers has them.
+void TestTrova::tantiMaFermati()
+{
+    SalvaMolte(Radice, 200);
+    int Chiesti = 0;
+    int Righe = 0;
+    constexpr int Basta = 215;  // the names are asked about first
+    CamminoTrova Cammino(
+        Qui(), [&](VoceTrova&&) { ++Righe; }, [&] { return ++Chiesti < Basta; }, Memoria);
+    QVERIFY(Cammino.TrovaParc(Radice).Interrotta);
+    QVERIFY2(Chiesti <= Basta + 1, qPrintable(QString::number(Chiesti)));
+    QVERIFY2(Righe <= Basta - 200, qPrintable(QString::number(Righe)));
 }
 
 void TestTrova::siInterrompe()
