@@ -4,6 +4,8 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QScreen>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -64,7 +66,21 @@ QSize AreaScorrevole::sizeHint() const
     QSize Misura = widget()->sizeHint();
     if (widget()->layout()->hasHeightForWidth())
         Misura.setHeight(std::max(Misura.height(), widget()->layout()->heightForWidth(Misura.width())));
+    // The bar of a content that no screen has room for stands beside it, or it would ask for one below.
+    if (Misura.height() > AltezzaConcessa())
+        Misura.rwidth() += verticalScrollBar()->sizeHint().width();
     return Misura;
+}
+
+/// What the screen leaves to the content below title and menu.
+int AreaScorrevole::AltezzaConcessa() const
+{
+    constexpr int Fregi = 40;  // what window managers draw, guessed amply
+    const QWidget* Menu = window()->layout()->menuBar();
+    int Sopra = Menu ? Menu->sizeHint().height() : 0;
+    for (const QStatusBar* Stato : window()->findChildren<QStatusBar*>())
+        Sopra += Stato->sizeHint().height();
+    return screen()->availableGeometry().height() - Fregi - Sopra;
 }
 
 QSize AreaScorrevole::minimumSizeHint() const

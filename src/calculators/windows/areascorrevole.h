@@ -17,4 +17,7 @@ public:
     /// The room that the content asks for: with it no bar is needed.
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
+
+private:
+    [[nodiscard]] int AltezzaConcessa() const;
 };

@@ -24,6 +24,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QStringList>
+#include <QStyle>
 #include <QToolButton>
 #include <QToolTip>
 
@@ -147,6 +148,16 @@ public:
     }
 };
 
+/// What was shown, hidden or written since the last time counts for the room that the window asks for.
+void Riconta(const QDialog* Modulo)
+{
+    for (const QWidget* Parte : Modulo->findChildren<QWidget*>())
+        if (Parte->layout())
+            Parte->layout()->activate();
+    if (auto* Area = Modulo->findChild<QScrollArea*>(u"areaScorrevole"_s))
+        Area->updateGeometry();
+}
+
 /// Puts a text into the clipboard and says so below the button; an empty one copies nothing.
 void Copia(QAbstractButton* Pulsante, const QString& Testo, const RigheCopia& Righe)
 {
@@ -194,6 +205,8 @@ void ImpostaMenu(QDialog* Modulo, const QList<VoceMenu>& Voci)
 bool MostraModulo(QDialog* Modulo)
 {
     const bool Nuovo = !Modulo->isVisible();
+    if (Nuovo)
+        Riconta(Modulo);
     // Never smaller than its content, at the font in use; the screen has the last word.
     if (Nuovo)
         Modulo->resize(Modulo->testAttribute(Qt::WA_Resized) ? Modulo->size().expandedTo(Modulo->sizeHint())
@@ -211,9 +224,7 @@ void FaiPosto(QDialog* Modulo)
 {
     if (!Modulo->isVisible() || Modulo->isMaximized())
         return;
-    for (const QWidget* Parte : Modulo->findChildren<QWidget*>())
-        if (Parte->layout())
-            Parte->layout()->activate();
+    Riconta(Modulo);
     const QRect Schermo = Modulo->screen()->availableGeometry();
     const QSize Cornice = Modulo->frameGeometry().size() - Modulo->size();
     const QSize Massima = (Schermo.size() - Cornice).expandedTo(Modulo->size());
@@ -225,6 +236,9 @@ void FaiPosto(QDialog* Modulo)
         const int Alto = std::max(Area->widget()->heightForWidth(Largo), Minima.height());
         Nuova += QSize(Largo, Alto) - Area->maximumViewportSize();
     }
+    // Where not all of it has room, its bar stands beside it.
+    if (Nuova.height() > Massima.height())
+        Nuova.rwidth() += Modulo->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     Nuova = Nuova.expandedTo(Modulo->size()).boundedTo(Massima);
     if (Nuova == Modulo->size())
         return;

@@ -13,6 +13,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/lettere.h"
 #include "platform/kit/mascheradata.h"
 #include "platform/system/orologio.h"
 
@@ -193,6 +194,7 @@ RigaInizio::RigaInizio(QFormLayout* Modulo, int Riga, const std::function<void()
     lblInizio->setBuddy(mskInizio);
     constexpr int LargaData = 112;  // as the boxes of dates beside it
     mskInizio->setMaximumWidth(LargaData);
+    aspetto::MisuraConLeLettere({mskInizio});
     Modulo->insertRow(Riga, lblInizio, mskInizio);
     AlLasciaSempre(mskInizio, [Casella = mskInizio] {
         Casella->CompletaAnno();

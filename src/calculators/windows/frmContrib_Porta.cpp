@@ -23,7 +23,7 @@ void frmContrib::CollegaPorte()
     QSizePolicy Suo(QSizePolicy::Ignored, QSizePolicy::Fixed);
     Suo.setRetainSizeWhenHidden(true);  // the page does not jump
     Detto->setSizePolicy(Suo);
-    ui->colonnaTitolo->addWidget(Detto);
+    ui->colonna->insertWidget(1, Detto);  // as wide as the window: beside the buttons it would be cut
 
     // The page has one tick for its values; the panel of the fees in force has its own.
     chkAnticipazione = new QCheckBox(this);

@@ -13,6 +13,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/lettere.h"
 #include "platform/system/orologio.h"
 
 #include "calculators/windows/ui_frmInteressi.h"
@@ -43,6 +44,7 @@ QWidget* CampoDi(const QString& Messaggio, const Ui::frmInteressi& ui)
 frmInteressi::frmInteressi() : ui(std::make_unique<Ui::frmInteressi>()), Comandi(nullptr)
 {
     ui->setupUi(this);
+    aspetto::MisuraConLeLettere({ui->txtCapitale});
     CreaCalendario();
     panArchivio = new QLabel;
     panArchivio->setObjectName(u"barInter_1"_s);
@@ -118,6 +120,7 @@ void frmInteressi::ColonneRiepilogo()
         u"Immettere capitale e date e premere Calcola: una riga per ogni periodo di tasso."_s);
     ui->tdbInter->Lega(&Righe);
     ui->tdbInter->Pie(IntGiorni, TitoloTotale);
+    ui->tdbInter->setMinimumWidth(ui->tdbInter->LarghezzaIntera());
 }
 
 void frmInteressi::Collegamenti()

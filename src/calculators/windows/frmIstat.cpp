@@ -10,6 +10,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/lettere.h"
 #include "platform/system/orologio.h"
 #include "platform/system/shell.h"
 
@@ -55,6 +56,7 @@ QString NomeCopia(QString Didascalia)
 frmIstat::frmIstat() : ui(std::make_unique<Ui::frmIstat>())
 {
     ui->setupUi(this);
+    aspetto::MisuraConLeLettere({ui->txtImporto});
     ui->Calendario->MostraLegenda(false);
     Misure();
     panArchivio = new QLabel;

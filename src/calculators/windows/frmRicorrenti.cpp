@@ -7,6 +7,7 @@
 #include "platform/kit/collega.h"
 
 #include "calculators/windows/ui_frmRicorrenti.h"
+#include "platform/kit/lettere.h"
 
 #include <QKeyEvent>
 #include <QShortcut>
@@ -38,6 +39,7 @@ frmRicorrenti::frmRicorrenti(QWidget* Padre, std::shared_ptr<const Norme> DaNorm
     : QDialog(Padre), ui(std::make_unique<Ui::frmRicorrenti>()), Insieme(std::move(DaNorme))
 {
     ui->setupUi(this);
+    aspetto::MisuraConLeLettere({ui->tdbRicorrenti});
     Colonne();
     PreparaModulo(this, u"termini"_s);
     setWindowModality(Qt::WindowModal);

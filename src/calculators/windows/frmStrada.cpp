@@ -6,6 +6,7 @@
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/lettere.h"
 #include "print/windows/frmPrint.h"
 
 #include "calculators/windows/ui_frmStrada.h"
@@ -97,6 +98,7 @@ QList<SegnoCalendario> SegniStrada()
 frmStrada::frmStrada(QWidget* Padre) : QDialog(Padre), ui(std::make_unique<Ui::frmStrada>())
 {
     ui->setupUi(this);
+    aspetto::MisuraConLeLettere({ui->tdbStrada});
     Colonne();
     ui->Calendario->ImpostaSegni(SegniStrada(), [this](const QDate& Giorno) {
         return ParteMostrata >= 0 ? SegnoDi(Parti[ParteMostrata].Passi, Giorno) : -1;

@@ -12,6 +12,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/lettere.h"
 #include "platform/system/orologio.h"
 #include "platform/system/shell.h"
 #include "print/windows/frmPrint.h"
@@ -38,6 +39,7 @@ bool Uguali(const RichiestaTermine& Del, const RichiestaTermine& Delle)
 frmTermini::frmTermini() : ui(std::make_unique<Ui::frmTermini>())
 {
     ui->setupUi(this);
+    aspetto::MisuraConLeLettere({ui->mskDecorr, ui->txtIncrNum});
     Scelta = std::make_unique<SceltaNorme>(ui->cmbNorme, [this] { CambiaNorme(); });
     Inizio = std::make_unique<RigaInizio>(ui->modulo, 1, [this] { Pulisci(); });
     setTabOrder(ui->mskDecorr, Inizio->Casella());

@@ -10,6 +10,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/lettere.h"
 #include "platform/system/orologio.h"
 #include "platform/system/shell.h"
 #include "print/windows/frmPrint.h"
@@ -23,6 +24,7 @@ using namespace Qt::StringLiterals;
 frmTerminiSeq::frmTerminiSeq() : ui(std::make_unique<Ui::frmTerminiSeq>())
 {
     ui->setupUi(this);
+    aspetto::MisuraConLeLettere({ui->mskDecorr});
     Scelta = std::make_unique<SceltaNorme>(ui->cmbNorme, [this] { CambiaNorme(); });
     Inizio = std::make_unique<RigaInizio>(ui->modulo, 2, [this] { Pulisci(); });
     setTabOrder(ui->mskDecorr, Inizio->Casella());

@@ -6,6 +6,7 @@
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/lettere.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 
@@ -25,6 +26,7 @@ frmUltimiCalcoli::frmUltimiCalcoli(QWidget* Padre, Calcolatrice DiChi)
     : QDialog(Padre), ui(std::make_unique<Ui::frmUltimiCalcoli>()), Quale(DiChi)
 {
     ui->setupUi(this);
+    aspetto::MisuraConLeLettere({ui->tdbCalcoli});
     Colonne();
     ui->cmdRinomina->setIcon(aspetto::Icona(u"rename"_s));
     ui->cmdElimina->setIcon(aspetto::Icona(u"delete"_s));
@@ -47,7 +49,7 @@ void frmUltimiCalcoli::Colonne()
         return Nuova;
     };
     Righe.Azzera(NumColonne);
-    ui->tdbCalcoli->ImpostaColonne({Colonna(u"Calcolo"_s, ColNome, 34), Colonna(u"Risultato"_s, ColEsito, 24),
+    ui->tdbCalcoli->ImpostaColonne({Colonna(u"Calcolo"_s, ColNome, 30), Colonna(u"Risultato"_s, ColEsito, 34),
                                     Colonna(u"Quando"_s, ColQuando, 17)});
     ui->tdbCalcoli->FraseVuota(u"Nessun calcolo in elenco: ne entra uno a ogni risultato."_s);
     ui->tdbCalcoli->Lega(&Righe);

@@ -8,6 +8,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/lettere.h"
 #include "platform/system/orologio.h"
 
 #include "calculators/windows/ui_PannelloVigente.h"
@@ -47,6 +48,7 @@ QString NormaDi(const PassoContributo& Passo)
 PannelloVigente::PannelloVigente(QWidget* Padre) : QWidget(Padre), ui(std::make_unique<Ui::PannelloVigente>())
 {
     ui->setupUi(this);
+    aspetto::MisuraConLeLettere({ui->mskDeposito, ui->cmbProcedimento, ui->fraEsito, ui->tdbVigente});
     setObjectName(u"fraVigente"_s);
     for (const QStringView Voce : VociGrado)
         ui->cmbGrado->addItem(Voce.toString());
@@ -240,7 +242,10 @@ void PannelloVigente::Mostra(const EsitoContributo& Esito)
         Sotto << u"Minimo per l'iscrizione a ruolo "_s + Euro(*Esito.MinimoEuro) + u'.';
     ui->lblTotaleVigente->setText(Sotto.join(u'\n'));
     ui->lblNoteVigente->setPalette({});
-    ui->lblNoteVigente->setText(Esito.Note.join(u'\n'));
+    // How old the norms are stands below, for every day.
+    QStringList Note = Esito.Note;
+    Note.removeIf([this](const QString& Nota) { return ui->lblEta->text().startsWith(Nota); });
+    ui->lblNoteVigente->setText(Note.join(u'\n'));
     ui->cmdCopiaVigente->setEnabled(Trovato);
     Q_EMIT Calcolato();
     if (Trovato && isVisible())

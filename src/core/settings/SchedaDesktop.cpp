@@ -54,14 +54,6 @@ QList<ColonnaGriglia> Colonne()
             Colonna(u"Icona"_s, IconaFigura, Stretta)};
 }
 
-/// At which a grid shows every column whole, and the bar of many rows beside them.
-int LarghezzaIntera(const Griglia& Lista)
-{
-    const QTableView* Vista = Lista.Vista();
-    return Vista->horizontalHeader()->length() + Vista->verticalHeader()->sizeHint().width() +
-           2 * Vista->frameWidth() + Vista->verticalScrollBar()->sizeHint().width();
-}
-
 /// Moves rows, which keep their order, so that the first of them takes the number `Meta`, counted without
 /// them; a number past the others puts them at the end.
 /// @return the number that the first of them has now
@@ -107,7 +99,7 @@ SchedaDesktop::SchedaDesktop(QWidget* Padre) : QWidget(Padre), ui(std::make_uniq
     ui->tdbIcone->ImpostaColonne(Colonne());
     ui->tdbIcone->FraseVuota(u"Nessuna icona personale: \"Aggiungi...\" ne crea una."_s);
     ui->tdbIcone->Lega(&Icone);
-    ui->tdbIcone->setMinimumWidth(LarghezzaIntera(*ui->tdbIcone));
+    ui->tdbIcone->setMinimumWidth(ui->tdbIcone->LarghezzaIntera());
     Collega(ui->tdbIcone, &Griglia::DoppioClic, this, [this](int Riga) { ModificaIcona(Riga); });
     Collega(ui->tdbIcone, &Griglia::Cancella, this,
             [this] { EliminaIcona(ui->tdbIcone->RigaCorrente().value_or(-1)); });

@@ -17,6 +17,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/lettere.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 
@@ -127,6 +128,7 @@ SchedaAcconti::SchedaAcconti(Parcella& Dati, CorniceNota& Finestra, QWidget* Pad
     : QWidget(Padre), Nota(Dati), Cornice(Finestra), ui(std::make_unique<Ui::SchedaAcconti>())
 {
     ui->setupUi(this);
+    aspetto::MisuraConLeLettere({ui->tdbAcconti, ui->txtSpeGen, ui->txtCP, ui->txtIVA, ui->txtRA});
     CollegaAcconti();
     CollegaImposte();
     CollegaMultipla();

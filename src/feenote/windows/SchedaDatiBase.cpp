@@ -12,6 +12,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/lettere.h"
 #include "platform/kit/scelta.h"
 #include "platform/kit/suggerimento.h"
 
@@ -130,6 +131,7 @@ SchedaDatiBase::SchedaDatiBase(Parcella& Dati, CorniceNota& Finestra, QWidget* P
     : QWidget(Padre), Nota(Dati), Cornice(Finestra), ui(std::make_unique<Ui::SchedaDatiBase>())
 {
     ui->setupUi(this);
+    aspetto::MisuraConLeLettere({ui->txtAumRid, ui->txtParti});
     CollegaParti();
     CollegaParametri();
     CollegaScaglione();

@@ -15,6 +15,7 @@
 #include "feenote/windows/ui_SchedaStampa.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/lettere.h"
 #include "platform/kit/scelta.h"
 #include "platform/system/shell.h"
 #include "print/modClausole.h"
@@ -131,6 +132,7 @@ SchedaStampa::SchedaStampa(Parcella& Dati, CorniceNota& Finestra, QWidget* Padre
     : QWidget(Padre), Nota(Dati), Cornice(Finestra), ui(std::make_unique<Ui::SchedaStampa>())
 {
     ui->setupUi(this);
+    aspetto::MisuraConLeLettere({ui->txtDatiPar_11, ui->txtDatiPar_12, ui->txtContrNascita});
     CollegaDocumento();
     CollegaDati();
     CollegaParti();

@@ -159,15 +159,16 @@ void DividiLista(QSplitter* Divisore)
     Divisore->setSizes({1000, 2000});
     Divisore->setStretchFactor(0, 1);
     Divisore->setStretchFactor(1, 2);
-    // In a low window a row of the catalogue and the first lines stay on view above their totals, which alone
-    // would say little.
-    // The totals and the bar below them take the room of nearly two rows.
-    for (const auto& [Parte, Righe] : {std::pair{0, 1}, std::pair{1, 3}})
+    // In a low window a row of the catalogue and one of the lines stay on view, and the totals and the bar
+    // below them have room of their own: the bar too while it is not there, or the splitter would move with
+    // it.
+    for (const int Parte : {0, 1})
         if (auto* Elenco = Divisore->widget(Parte)->findChild<Griglia*>()) {
-            const QTableView* Vista = Elenco->Vista();
-            Elenco->setMinimumHeight(Vista->horizontalHeader()->sizeHint().height() +
-                                     2 * Vista->frameWidth() +
-                                     Righe * Vista->verticalHeader()->defaultSectionSize());
+            QTableView* Vista = Elenco->Vista();
+            Vista->setMinimumHeight(Vista->horizontalHeader()->sizeHint().height() + 2 * Vista->frameWidth() +
+                                    Vista->verticalHeader()->defaultSectionSize());
+            if (Parte == 1)
+                Elenco->setMinimumHeight(Elenco->AltezzaConTotali());
         }
 }
 

@@ -277,6 +277,21 @@ void Griglia::ImpostaLarghezze(const QString& Testo)
         Pezzi->Vista->ImpostaLarghezza(int(i), Parti[i].section(u'@', 0, 0).toInt());
 }
 
+int Griglia::LarghezzaIntera() const
+{
+    const VistaGriglia* Vista = Pezzi->Vista;
+    const QMargins Bordi = contentsMargins() + layout()->contentsMargins();
+    return Vista->LarghezzaColonne() + Vista->verticalHeader()->sizeHint().width() + 2 * Vista->frameWidth() +
+           Vista->verticalScrollBar()->sizeHint().width() + Bordi.left() + Bordi.right();
+}
+
+int Griglia::AltezzaConTotali() const
+{
+    const QMargins Bordi = contentsMargins() + layout()->contentsMargins();
+    return Pezzi->Vista->minimumHeight() + Pezzi->Pie->sizeHint().height() +
+           Pezzi->Barra->sizeHint().height() + Bordi.top() + Bordi.bottom();
+}
+
 void Griglia::ConsentiTrascina(bool Si)
 {
     Pezzi->Vista->Selettore()->ConsentiTrascina(Si);

@@ -132,6 +132,10 @@ public:
     /// worth remembering.
     [[nodiscard]] bool ColonneMosse() const;
     void ImpostaLarghezze(const QString& Testo);
+    /// Pixels at which no column on view is cut, with the row selector and the bar of many rows beside them.
+    [[nodiscard]] int LarghezzaIntera() const;
+    /// Pixels in which what the view shows at least stands above totals and bar, on view or not.
+    [[nodiscard]] int AltezzaConTotali() const;
     /// Lets rows be dragged by the row selector, once the pointer has left the row that was pressed. The
     /// first of them takes the number of the row on which they are dropped, counted without them: a line
     /// shows where.

@@ -47,6 +47,8 @@ public:
     /// Gives the columns that stretch the room that is left.
     void Stira();
     void AltezzaRighe();
+    /// At which every column on view is whole, those that stretch at their narrowest.
+    [[nodiscard]] int LarghezzaColonne() const;
     /// Width of a column, hidden or not.
     [[nodiscard]] int LarghezzaPiena(int Colonna) const;
     void ImpostaLarghezza(int Colonna, int Larghezza);
@@ -83,6 +85,8 @@ private:
     [[nodiscard]] int LarghezzaChiesta(int Colonna) const;
     /// Width at which the title of a column is not cut.
     [[nodiscard]] int LarghezzaTitolo(int Colonna) const;
+    /// How narrow a column that stretches may become.
+    [[nodiscard]] int LarghezzaStretta(int Colonna) const;
     [[nodiscard]] bool PuoAndare(const QModelIndex& Verso);
     [[nodiscard]] bool LasciaRiga(int Riga);
     [[nodiscard]] QList<int> ColonneScrivibili() const;

@@ -120,7 +120,20 @@ void VistaGriglia::Stira()
         const int Parte = Resto / int(DaStirare.size() - i);
         Resto -= Parte;
         const int Colonna = DaStirare[i];
-        setColumnWidth(Colonna,
-                       std::max({Parte, LarghezzaChiesta(Colonna) - Margini, LarghezzaTitolo(Colonna)}));
+        setColumnWidth(Colonna, std::max(Parte, LarghezzaStretta(Colonna)));
     }
+}
+
+int VistaGriglia::LarghezzaStretta(int Colonna) const
+{
+    return std::max(LarghezzaChiesta(Colonna) - Margini, LarghezzaTitolo(Colonna));
+}
+
+int VistaGriglia::LarghezzaColonne() const
+{
+    int Somma = 0;
+    for (int i = 0; i < Righe->columnCount(); ++i)
+        if (!isColumnHidden(i))
+            Somma += Righe->Colonne()[i].Stira ? LarghezzaStretta(i) : columnWidth(i);
+    return Somma;
 }

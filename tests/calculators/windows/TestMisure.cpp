@@ -3,6 +3,7 @@
 // reader.
 #include "banco.h"
 
+#include "calculators/windows/finestracalcolo.h"
 #include "calculators/windows/frmCodFis.h"
 #include "calculators/windows/frmContrib.h"
 #include "calculators/windows/frmInteressi.h"
@@ -11,6 +12,7 @@
 #include "calculators/windows/frmTerminiSeq.h"
 
 #include <QAccessible>
+#include <QHeaderView>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -55,6 +57,10 @@ private Q_SLOTS:
     void staNelloSchermoPiccolo();
     void lettereGrandi_data() { RigheModuli(); }
     void lettereGrandi();
+    void cioCheSiMostraPrimaHaPosto();
+    void unaBarraNonNeChiedeUnAltra();
+    void iCampiCresconoConLeLettere();
+    void laTabellaDegliInteressiIntera();
     void ilFuocoSiVede_data() { RigheModuli(); }
     void ilFuocoSiVede();
     void fuocoDallaTastiera_data() { RigheModuli(); }
@@ -108,6 +114,71 @@ void TestMisure::lettereGrandi()
             QVERIFY2(Campo->height() >= Campo->minimumSizeHint().height(),
                      qPrintable(Campo->objectName() + u' ' + QString::number(Campo->height())));
     }
+}
+
+/// What a choice brings up before the window is shown counts for its size.
+void TestMisure::cioCheSiMostraPrimaHaPosto()
+{
+    QDialog Modulo;
+    Modulo.setObjectName(u"prova"_s);
+    auto* Fuori = new QVBoxLayout(&Modulo);
+    auto* Riquadro = new QFrame;
+    auto* Dentro = new QVBoxLayout(Riquadro);
+    Dentro->addWidget(new QLabel(u"sempre"_s));
+    auto* Dopo = new QLabel(u"una\ndue\ntre\nquattro\ncinque\nsei\nsette\notto\nnove\ndieci"_s);
+    Dopo->hide();
+    Dentro->addWidget(Dopo);
+    Fuori->addWidget(Riquadro);
+    PreparaModulo(&Modulo, u"termini"_s);
+    Modulo.setAttribute(Qt::WA_DeleteOnClose, false);
+    const int Prima = Modulo.sizeHint().height();
+    Dopo->show();
+    (void)MostraModulo(&Modulo);
+    Respiro();
+    QVERIFY2(Modulo.height() > Prima, qPrintable(QString::number(Modulo.height())));
+    QCOMPARE(Modulo.findChild<QScrollArea*>(u"areaScorrevole"_s)->verticalScrollBar()->maximum(), 0);
+}
+
+/// Where a content is higher than the screen its bar has room of its own.
+void TestMisure::unaBarraNonNeChiedeUnAltra()
+{
+    QDialog* Finestra = Apri<frmCodFis>();
+    const auto* Area = Finestra->findChild<QScrollArea*>(u"areaScorrevole"_s);
+    const int Prima = Area->sizeHint().width();
+    Controllo(Finestra, "txtLetto")->setMinimumHeight(Finestra->screen()->geometry().height());
+    Respiro();
+    QCOMPARE(Area->sizeHint().width(), Prima + Area->verticalScrollBar()->sizeHint().width());
+}
+
+/// A date is whole in letters of any size.
+void TestMisure::iCampiCresconoConLeLettere()
+{
+    for (const int Corpo : {9, 10, 14, 18}) {
+        QFont Lettere = Carattere;
+        Lettere.setPointSize(Corpo);
+        QApplication::setFont(Lettere);
+        QDialog* Finestra = Apri<frmTermini>();
+        for (const char* Nome : {"mskDecorr", "mskInizio"}) {
+            const auto* Data = Controllo<MascheraData>(Finestra, Nome);
+            QVERIFY2(Data->maximumWidth() >= Data->fontMetrics().horizontalAdvance(u"99/99/9999"_s) + 8,
+                     qPrintable(QString::number(Corpo)));
+        }
+        Finestra->close();
+        Respiro();
+    }
+}
+
+/// No column of the summary is cut at the size of the window that comes up.
+void TestMisure::laTabellaDegliInteressiIntera()
+{
+    QFont Lettere = Carattere;
+    Lettere.setPointSize(14);
+    QApplication::setFont(Lettere);
+    QDialog* Finestra = Apri<frmInteressi>();
+    Respiro();
+    const auto* Tabella = Controllo<QWidget>(Finestra, "tdbInter")->findChild<QTableView*>();
+    QVERIFY(Tabella->horizontalHeader()->length() > 0);
+    QCOMPARE(Tabella->horizontalScrollBar()->maximum(), 0);
 }
 
 void TestMisure::ilFuocoSiVede()
