@@ -2,6 +2,7 @@
 
 #include "platform/kit/icona.h"
 #include "platform/kit/listaaccessibile.h"
+#include "platform/kit/suggerimento.h"
 #include "platform/kit/traduzioni.h"
 #include "platform/system/diagnosi.h"
 
@@ -124,6 +125,7 @@ void Prepara()
     PreparaCarattere();
     PreparaLingua();
     InstallaListeAccessibili();
+    SuggerimentiLeggibili();
     QApplication::setWindowIcon(Icona(u"calcanova"_s));
     QApplication::setDesktopFileName(
         u"calcanova"_s);  // of its entry in the menu, by which a desktop groups its windows

@@ -4,6 +4,9 @@
 
 #include <QAction>
 #include <QToolBar>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
 
 QAction* AggiungiTasto(QToolBar* Barra, const QString& Chiave, const QString& Suggerimento,
                        const QString& Scritta)
@@ -16,5 +19,8 @@ QAction* AggiungiTasto(QToolBar* Barra, const QString& Chiave, const QString& Su
     Bottone->setObjectName(Barra->objectName() + u'_' + Chiave);
     Bottone->setAccessibleName(Suggerimento);
     Bottone->setFocusPolicy(Qt::TabFocus);
+    // The toolkit's own sign of what has no room is black on every colour.
+    if (auto* Altri = Barra->findChild<QToolButton*>(u"qt_toolbar_ext_button"_s))
+        Altri->setIcon(aspetto::Icona(u"annodopo"_s));
     return Tasto;
 }

@@ -2,7 +2,10 @@
 
 #include "platform/kit/aspetto.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QPalette>
+#include <QScopedValueRollback>
 #include <QStringList>
 #include <QWidget>
 
@@ -25,11 +28,55 @@ QString SuPiuRighe(const QString& Testo)
     return Righe.join(u'\n');
 }
 
-void SuggerisciLeggibile(QWidget* Box)
+namespace {
+
+/// Grey between the letters and their ground.
+QColor ColoreSuggerito(const QPalette& Colori)
 {
     constexpr double Grigio = 0.6;
+    return aspetto::Mischia(Colori.color(QPalette::Text), Colori.color(QPalette::Base), Grigio);
+}
+
+/// Desktops change their colours while the program runs.
+class SegueIColori : public QObject
+{
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
+    {
+        if (Oggetto == qApp && Evento->type() == QEvent::ApplicationPaletteChange)
+            Mischia();
+        return false;
+    }
+
+    void Mischia()
+    {
+        QPalette Colori = QApplication::palette();
+        const QColor Grigio = ColoreSuggerito(Colori);
+        if (InCorso || Colori.color(QPalette::PlaceholderText) == Grigio)
+            return;
+        const QScopedValueRollback Guardia(InCorso, true);
+        Colori.setColor(QPalette::PlaceholderText, Grigio);
+        QApplication::setPalette(Colori);
+    }
+
+private:
+    bool InCorso = false;
+};
+
+}  // namespace
+
+void SuggerisciLeggibile(QWidget* Box)
+{
     QPalette Colori = Box->palette();
-    Colori.setColor(QPalette::PlaceholderText,
-                    aspetto::Mischia(Colori.color(QPalette::Text), Colori.color(QPalette::Base), Grigio));
+    Colori.setColor(QPalette::PlaceholderText, ColoreSuggerito(Colori));
     Box->setPalette(Colori);
+}
+
+void SuggerimentiLeggibili()
+{
+    auto* Segue = new SegueIColori(qApp);
+    Segue->Mischia();
+    qApp->installEventFilter(Segue);
 }

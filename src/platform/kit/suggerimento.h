@@ -9,5 +9,10 @@ class QWidget;
 /// where it must be. Line breaks that are there stay.
 [[nodiscard]] QString SuPiuRighe(const QString& Testo);
 
-/// Mixes the colour of a box's hint from its own: desktops that give dark colours often leave that one black.
+/// Mixes the colour of the hints of all boxes from theirs, now and whenever the desktop's colours change;
+/// call it once at the start.
+void SuggerimentiLeggibili();
+
+/// Mixes the colour of a box's hint from its own, where it has colours that are not the program's:
+/// desktops that give dark colours often leave that one black.
 void SuggerisciLeggibile(QWidget* Box);
