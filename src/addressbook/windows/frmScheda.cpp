@@ -228,7 +228,10 @@ void frmScheda::CreaCoppia(const Campo& Colonna, const QString& Titolo)
         Nuova.Segno->setVisible(false);
         for (QToolButton* Bottone : Nuova.Riga->findChildren<QToolButton*>())
             Bottone->setAccessibleName(u"Avviso"_s);
-        ::Collega(Nuova.Riga, &QLineEdit::textEdited, this, [this, Numero] { Cambiata(Numero + 1); });
+        ::Collega(Nuova.Riga, &QLineEdit::textEdited, this, [this, Numero] {
+            RitiraAvviso(Numero);
+            Cambiata(Numero + 1);
+        });
     } else {
         Nuova.Memo->setReadOnly(Nuova.Bloccata);
         ::Collega(Nuova.Memo, &QPlainTextEdit::textChanged, this, [this, Numero] {
@@ -353,6 +356,14 @@ void frmScheda::MostraAvvisi()
     }
     ui->lblAvviso->setText(Primo);
     ui->lblAvviso->setAccessibleName(Primo);
+}
+
+/// What has been put right is not told any longer; what is still being written is not judged before its end.
+void frmScheda::RitiraAvviso(int Numero)
+{
+    const Coppia& Di = Coppie[size_t(Numero)];
+    if (!Di.Box()->toolTip().isEmpty() && AvvisoScheda(Di.Colonna.Name, Di.Testo()).isEmpty())
+        MostraAvvisi();
 }
 
 void frmScheda::Titola()

@@ -108,6 +108,7 @@ private:
     void Riempi();
     void RiempiCoppia(const Coppia& Di);
     void MostraAvvisi();
+    void RitiraAvviso(int Numero);
     void Titola();
     void Cambiata(int Numero);
     bool ScriviPendente();

@@ -500,6 +500,12 @@ void TestFrmScheda::senzaNominativo()
     Battere(u"Nominativo"_s, {});
     Premi(Qt::Key_Tab);
     QCOMPARE(Avviso(), Segno);
+    // What is put right is not told any longer, while it is typed.
+    Battere(u"Nominativo"_s, u"Ro"_s);
+    QCOMPARE(Avviso(), QString());
+    Battere(u"Nominativo"_s, {});
+    Premi(Qt::Key_Tab);
+    QCOMPARE(Avviso(), Segno);
     Premuto("barScheda_do");  // saved as it is
     QCOMPARE(NelFile(u"Nominativo"_s).toString(), QString());
     Respiro();
