@@ -40,6 +40,9 @@ public:
     /// The lines are those of another step: none of them is selected, none is being varied.
     void RigheRimesse();
 
+    /// A line is taken in hand: one that waits for its amount is offered it again.
+    void RigaInMano();
+
 private:
     void CollegaCatalogo();
     void CollegaRighe();
@@ -53,8 +56,7 @@ private:
     void MostraOfferta(int Riga, const ImportoDiLegge& Importo);
     /// The amount in force on the day of a line, which is today until it has one.
     [[nodiscard]] std::optional<ImportoDiLegge> ImportoPer(int Riga) const;
-    void RigaInMano();  ///< another line is current: one that waits for its amount is offered it again
-    void SeguiRiga();   ///< an offer whose line is no longer the one in hand goes
+    void SeguiRiga();  ///< an offer whose line is no longer the one in hand goes
     void AccettaOfferta();
     [[nodiscard]] std::optional<int> RigaInOfferta() const;
 

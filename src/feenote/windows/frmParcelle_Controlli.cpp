@@ -83,7 +83,8 @@ void frmParcelle::VaiAlRilievo(const Rilievo& Detto)
     case LuogoRilievo::Onorari:
         return VaiAllaCella(SchedaListaOnorari, u"tdbOnor"_s, Detto.Riga, Detto.Colonna);
     case LuogoRilievo::Spese:
-        return VaiAllaCella(SchedaListaSpese, u"tdbDir"_s, Detto.Riga, Detto.Colonna);
+        VaiAllaCella(SchedaListaSpese, u"tdbDir"_s, Detto.Riga, Detto.Colonna);
+        return Spese->RigaInMano();  // the line may have been the current one before
     case LuogoRilievo::Acconti:
         return VaiAllaCella(SchedaImposte, u"tdbAcconti"_s, Detto.Riga, Detto.Colonna);
     case LuogoRilievo::Imposta:

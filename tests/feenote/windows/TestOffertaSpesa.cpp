@@ -1,4 +1,5 @@
 // An expense that was just inserted: its amount is open, and the one in force is offered.
+#include "feenote/modControlliNota.h"
 #include "feenote/windows/rigaofferta.h"
 #include "platform/kit/aspetto.h"
 #include "platform/system/orologio.h"
@@ -50,6 +51,7 @@ private Q_SLOTS:
     void svanisce();
     void svanisceDaSola();
     void tornandoAllaRigaTorna();
+    void dalRilievoAllUnicaRiga();
     void colGiornoDellaRiga();
     void nonSiOffre_data();
     void nonSiOffre();
@@ -359,6 +361,27 @@ void TestOffertaSpesa::tornandoAllaRigaTorna()
     Premi(Qt::Key_Down);
     Premi(Qt::Key_Up);
     QVERIFY(!Offerta()->isVisible());
+}
+
+/// The remark of an expense at 0 leads to its line, which was the current one all along, and to its offer.
+void TestOffertaSpesa::dalRilievoAllUnicaRiga()
+{
+    DoppioClic(Lista, VoceAnticipazione);
+    Premi(Qt::Key_Escape);
+    ClicScheda(F, SchedaDiStampa);
+    ClicScheda(F, SchedaListaSpese);
+    QVERIFY(!Offerta()->isVisible());
+    ClicScheda(F, SchedaDiStampa);
+    Rilievo Zero{};
+    Zero.Luogo = LuogoRilievo::Spese;
+    Zero.Riga = 0;
+    Zero.Colonna = DirImponibile;
+    F->VaiAlRilievo(Zero);
+    Respiro();
+    QCOMPARE(F->Scheda(), int(SchedaListaSpese));
+    QVERIFY(Offerta()->isVisible());
+    ConScorciatoie(Qt::Key_Return, Qt::ControlModifier);
+    QCOMPARE(Importi(0), u"0|27"_s);
 }
 
 /// A line with a day of its own is offered what was in force then.
