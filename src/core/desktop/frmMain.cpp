@@ -240,10 +240,9 @@ void frmMain::Form_Load()
     MisuraVoluta = QSize(MisuraTwip(u"MainWidth"_s, LarghezzaPredefinita),
                          MisuraTwip(u"MainHeight"_s, AltezzaPredefinita));
     MisuraData = QSize(aspetto::Pixel(MisuraVoluta.width()), aspetto::Pixel(MisuraVoluta.height()));
-    // A size that the user gave stays; the one of the design grows with the letters.
-    if (MisuraVoluta == QSize(LarghezzaPredefinita, AltezzaPredefinita))
-        MisuraData *= aspetto::RapportoDelleLettere(this);
-    MisuraData = MisuraData.boundedTo(Schermo.size());
+    MisuraData = aspetto::CresciutaConLeLettere(MisuraData, MisuraVoluta,
+                                                {LarghezzaPredefinita, AltezzaPredefinita}, this)
+                     .boundedTo(Schermo.size());
     QRect Posto({}, MisuraData);
     Posto.moveCenter(Schermo.center());
     setGeometry(Posto);

@@ -17,6 +17,7 @@
 #include "core/versione.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/lettere.h"
 #include "platform/kit/servizi_qt.h"
 #include "platform/kit/singola.h"
 #include "platform/kit/tastimostrati.h"
@@ -199,7 +200,7 @@ frmStudio::frmStudio() : ui(std::make_unique<Ui::frmStudio>())
     };
     LoadGraph();
     Icone.front()->setFocus(Qt::OtherFocusReason);
-    resize(ui->quadro->minimumWidth() + aspetto::Bordo + PannelloRecenti::LarghezzaMinima,
+    resize(ui->quadro->minimumWidth() + aspetto::Bordo + LarghezzaRecenti(),
            ui->quadro->minimumHeight() + ui->piede->sizeHint().height());
     DisponiRecenti();
 }
@@ -283,20 +284,32 @@ void frmStudio::CreaApri(QToolButton* Bottone)
     Collega<QAbstractButton>(Bottone, &QAbstractButton::clicked, this, [this] { imgMenu_Click(u"open"_s); });
 }
 
+/// What the strip wants beside the icons: more with larger letters, where the screen has it.
+int frmStudio::LarghezzaRecenti() const
+{
+    constexpr int Fregi = 8;  // what window managers draw at the sides
+    const int Piena = qRound(PannelloRecenti::LarghezzaMinima * aspetto::RapportoDelleLettere(this));
+    const int Resto =
+        screen()->availableGeometry().width() - Fregi - ui->quadro->minimumWidth() - aspetto::Bordo;
+    return std::clamp(Resto, PannelloRecenti::LarghezzaMinima, Piena);
+}
+
 /// The strip stands beside the icons, below them in a window that is too narrow, and nowhere where there is
 /// room for neither; the foot then has its button.
 void frmStudio::DisponiRecenti()
 {
     const QSize Quadro = ui->quadro->minimumSize();
     const int Alta = height() - ui->piede->sizeHint().height();
-    const bool Accanto = width() >= Quadro.width() + PannelloRecenti::LarghezzaMinima + aspetto::Bordo;
+    const int Larga = LarghezzaRecenti();
+    const bool Accanto = width() >= Quadro.width() + Larga + aspetto::Bordo;
     const bool Sotto = !Accanto && Alta >= Quadro.height() + PannelloRecenti::AltezzaMinima + aspetto::Bordo;
     ui->rigaQuadro->setDirection(Accanto ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
     constexpr int PerIcone = 3;
     constexpr int LarghezzaMassima = 420;
     ui->rigaQuadro->setStretch(0, Accanto ? PerIcone : Quadro.height());
     ui->rigaQuadro->setStretch(1, Accanto ? 1 : std::max(Alta - Quadro.height(), 1));
-    Recenti->setMaximumWidth(Accanto ? LarghezzaMassima : QWIDGETSIZE_MAX);
+    Recenti->setMaximumWidth(Accanto ? std::max(LarghezzaMassima, Larga + aspetto::Bordo) : QWIDGETSIZE_MAX);
+    Recenti->setMinimumWidth((Accanto ? Larga : PannelloRecenti::LarghezzaMinima) + aspetto::Bordo);
     // The room around it is its own, so that the icons keep theirs.
     Recenti->setContentsMargins(Sotto ? aspetto::Bordo : 0, Accanto ? aspetto::Bordo : 0, aspetto::Bordo,
                                 aspetto::Bordo);

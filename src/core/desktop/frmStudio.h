@@ -72,6 +72,7 @@ private:
     void CreaTasti();
     void CreaApri(QToolButton* Bottone);
     void DisponiRecenti();
+    [[nodiscard]] int LarghezzaRecenti() const;
     void MostraRecenti();
     void imgMenu_Click(const QString& Tag);
     void Sposta(int Da, int Tasto);

@@ -148,7 +148,17 @@ QSize NellArea(const QMdiSubWindow* Sotto, QPoint Posto, QSize Voluta)
 /// would be seen between them.
 bool HaPosto(const QMdiSubWindow* Sotto)
 {
-    return Sotto->isMaximized() || Sotto->mdiArea()->viewport()->rect().contains(Sotto->geometry());
+    const QSize Minima = Sotto->minimumSizeHint();
+    return Sotto->isMaximized() ||
+           Sotto->mdiArea()->viewport()->size().expandedTo(Minima) == Sotto->mdiArea()->viewport()->size();
+}
+
+/// A note that fits the frame, and only stands too low or too far right for it, is moved back.
+QRect Dentro(QRect Posto, const QRect& Area)
+{
+    Posto.moveLeft(std::max(std::min(Posto.left(), Area.right() + 1 - Posto.width()), Area.left()));
+    Posto.moveTop(std::max(std::min(Posto.top(), Area.bottom() + 1 - Posto.height()), Area.top()));
+    return Posto;
 }
 
 void RiempiCornice(QMdiSubWindow* Sotto)
@@ -168,10 +178,10 @@ void MettiInCascata(frmParcelle* Finestra, int Indice)
                        aspetto::Pixel((Indice - 1) * CascataAlto + PrimoAlto));
     const QSize Voluta(MisuraTwip(u"FormWidth"_s, LarghezzaPredefinita),
                        MisuraTwip(u"FormHeight"_s, AltezzaPredefinita));
-    QSize Pixel(aspetto::Pixel(Voluta.width()), aspetto::Pixel(Voluta.height()));
-    if (Voluta == QSize(LarghezzaPredefinita, AltezzaPredefinita))
-        Pixel *= aspetto::RapportoDelleLettere(Sotto);
-    Sotto->setGeometry({Posto, NellArea(Sotto, Posto, Pixel)});
+    const QSize Pixel =
+        aspetto::CresciutaConLeLettere({aspetto::Pixel(Voluta.width()), aspetto::Pixel(Voluta.height())},
+                                       Voluta, {LarghezzaPredefinita, AltezzaPredefinita}, Sotto);
+    Sotto->setGeometry(Dentro({Posto, NellArea(Sotto, Posto, Pixel)}, Sotto->mdiArea()->viewport()->rect()));
     Finestre[size_t(Indice)].Misura->Chiesta(Voluta);
 }
 

@@ -19,6 +19,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/lettere.h"
 #include "platform/system/messaggi.h"
 
 #include <QApplication>
@@ -27,7 +28,9 @@
 #include <QKeyEvent>
 #include <QRadioButton>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTabBar>
 
@@ -97,6 +100,7 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
         // The lists of the same database report what is wrong with it.
     }
     CostruisciSchede();
+    StringiSeBasso();
     CollegaCornice();
     CollegaCatena();
     CollegaRicalcolo();
@@ -142,6 +146,20 @@ void frmParcelle::CostruisciSchede()
     ui->tabParcelle->setCornerWidget(Angolo);
     Collega(imgPrev, &QToolButton::clicked, this, &frmParcelle::imgPrev_Click);
     Collega(imgNext, &QToolButton::clicked, this, &frmParcelle::imgNext_Click);
+}
+
+/// On a low screen the room between the groups goes to the lines.
+void frmParcelle::StringiSeBasso()
+{
+    constexpr int Basso = 480;
+    constexpr int Stretto = aspetto::TraCampi / 2;
+    if (screen()->availableGeometry().height() >= Basso * aspetto::RapportoDelleLettere(this))
+        return;
+    for (QLayout* Colonna :
+         {static_cast<QLayout*>(ui->colonna), Onorari->layout(), Spese->layout(), Stampa->layout()}) {
+        Colonna->setContentsMargins(Stretto, Stretto, Stretto, Stretto);
+        Colonna->setSpacing(std::min(Colonna->spacing(), Stretto));
+    }
 }
 
 void frmParcelle::CollegaCornice()
@@ -273,6 +291,9 @@ void frmParcelle::MettiInVista(QWidget* Campo)
     for (QWidget* Padre = Campo->parentWidget(); Padre && Padre != this; Padre = Padre->parentWidget()) {
         if (auto* Scorre = qobject_cast<QScrollArea*>(Padre)) {
             Scorre->ensureWidgetVisible(Campo);
+            // Of what is wider than its page the beginning is read.
+            if (Campo->width() > Scorre->viewport()->width())
+                Scorre->horizontalScrollBar()->setValue(Campo->mapTo(Scorre->widget(), QPoint()).x());
             return;
         }
     }

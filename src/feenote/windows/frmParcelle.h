@@ -148,6 +148,7 @@ protected:
 private:
     // ---- frmParcelle.cpp: frame, tabs, status bar, arrows
     void CostruisciSchede();
+    void StringiSeBasso();
     void CollegaCornice();
     void tabParcelle_Change(int Nuova);
     bool LasciaBase(int Verso);

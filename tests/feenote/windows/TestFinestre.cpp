@@ -11,6 +11,7 @@
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QScopeGuard>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSettings>
@@ -70,8 +71,10 @@ private Q_SLOTS:
     void chiSiChiedeStaDavanti();
     void laCascataNonRimpicciolisce();
     void siRicordaSoloQuelCheHaSceltoLUtente();
+    void unLatoDellUtenteLasciaCrescereLAltro();
     void massimizzataLaCorniceNonSiRicorda();
     void senzaPostoRiempieLaCornice();
+    void unaCornicePiuBassaDellaCascata();
     void cheRiempiaLaCorniceNonSiRicorda();
     void ilFuocoNelPrimoTestoVuoto_data();
     void ilFuocoNelPrimoTestoVuoto();
@@ -636,6 +639,30 @@ void TestFinestre::siRicordaSoloQuelCheHaSceltoLUtente()
     QCOMPARE(Misura(u"FormHeight"_s), u"8800"_s);
 }
 
+/// In large letters a note whose height alone was dragged comes up as wide as it was.
+void TestFinestre::unLatoDellUtenteLasciaCrescereLAltro()
+{
+    const QFont Prima = QApplication::font();
+    const auto Rimetti = qScopeGuard([&] { QApplication::setFont(Prima); });
+    QFont Grande = Prima;
+    Grande.setPointSize(14);
+    QApplication::setFont(Grande);
+    Cornice->resize(1900, 1400);
+    Respiro();
+    ApriParcella({}, 0, {});
+    Respiro();
+    const int Larga = Sotto(1)->width();
+    QVERIFY(Larga > 853 + 100);  // the design's
+    Sotto(1)->resize(Larga, 700);
+    Respiro();
+    QVERIFY(ChiudiParcella(1));
+    QCOMPARE(Misura(u"FormHeight"_s), u"10500"_s);
+    AzzeraFinestre();
+    ApriParcella({}, 0, {});
+    Respiro();
+    QCOMPARE(Sotto(1)->size(), QSize(Larga, 700));
+}
+
 void TestFinestre::massimizzataLaCorniceNonSiRicorda()
 {
     ApriParcella({}, 0, {});
@@ -671,6 +698,26 @@ void TestFinestre::senzaPostoRiempieLaCornice()
     Respiro();
     QVERIFY(ChiudiParcella(1));
     QCOMPARE(Misura(u"FormState"_s), u"2"_s);
+}
+
+/// In a low frame the notes behind the first stand higher than their place, and none is maximised.
+void TestFinestre::unaCornicePiuBassaDellaCascata()
+{
+    Cornice->resize(1300, 480);
+    Respiro();
+    const QRect Vista = Area->viewport()->rect();
+    for (int Posto = 1; Posto <= 6; ++Posto) {
+        ApriParcella({}, 0, {});
+        Respiro();
+        Parcelle(Posto)->SetModificata(true);  // an untouched note would be taken for the next
+        QVERIFY2(Sotto(Posto)->minimumSizeHint().height() <= Vista.height(), "the frame has room for a note");
+        for (int Altra = 1; Altra <= Posto; ++Altra) {
+            QVERIFY2(!Sotto(Altra)->isMaximized(), qPrintable(QString::number(Posto)));
+            QVERIFY2(Vista.contains(Sotto(Altra)->geometry()), qPrintable(QString::number(Altra)));
+        }
+    }
+    for (int Posto = 1; Posto <= 6; ++Posto)
+        Parcelle(Posto)->SetModificata(false);
 }
 
 void TestFinestre::cheRiempiaLaCorniceNonSiRicorda()
