@@ -126,7 +126,7 @@ void TestAccessibili::cleanup()
 void TestAccessibili::scrivania()
 {
     P = std::make_unique<Programma>();
-    QVERIFY2(P->Aperta(u"Calcanova 3"_s), qPrintable(P->Stato()));
+    QVERIFY2(P->AllaScrivania(), qPrintable(P->Stato()));
     Guarda();
 }
 

@@ -87,13 +87,13 @@ void TestFinestre::dallaScrivania()
 {
     QFETCH(QString, Icona);
     QFETCH(QString, Titolo);
-    QVERIFY2(P->Aperta(u"Calcanova 3"_s), qPrintable(P->Stato()));
+    QVERIFY2(P->AllaScrivania(), qPrintable(P->Stato()));
     QVERIFY2(P->VaiA(Icona), qPrintable(P->Stato()));
     P->Premi(u"Return"_s);
     QVERIFY2(P->Aperta(Titolo), qPrintable(P->Stato()));
     ATTENDI_CHE(!P->Fuoco().isEmpty() && P->Fuoco() != Icona);
     P->Premi(u"Escape"_s);
-    QVERIFY2(P->Aperta(u"Calcanova 3"_s), qPrintable(P->Stato()));
+    QVERIFY2(P->AllaScrivania(), qPrintable(P->Stato()));
     QTRY_COMPARE(P->Fuoco(), Icona);
 }
 

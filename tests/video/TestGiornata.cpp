@@ -141,7 +141,7 @@ void TestGiornata::Salva()
     QVERIFY2(Giro.hasNext(), qPrintable(P->Stato()));
     Salvata = Giro.next();
     P->Premi(u"ctrl+w"_s);
-    QVERIFY2(P->Aperta(u"Calcanova 3"_s), qPrintable(P->Stato()));
+    QVERIFY2(P->AllaScrivania(), qPrintable(P->Stato()));
 }
 
 void TestGiornata::unaParcellaIntera()

@@ -178,7 +178,7 @@ void TestOrdineFuoco::stampaDiUnCalcolo()
 void TestOrdineFuoco::aggiornamento()
 {
     P = std::make_unique<Programma>();
-    QVERIFY2(P->Aperta(u"Calcanova 3"_s), qPrintable(P->Stato()));
+    QVERIFY2(P->AllaScrivania(), qPrintable(P->Stato()));
     QVERIFY2(P->VaiA(QString::fromLatin1(IconaAggiornamento)), qPrintable(P->Stato()));
     P->Premi(u"Return"_s);
     QVERIFY2(P->Aperta(QString::fromUtf8(Aggiornamento.Titolo)), qPrintable(P->Stato()));

@@ -86,7 +86,7 @@ void TestStrade::salvaSulPosto()
     QVERIFY2(P->Fermo(u"txtOggetto"_s), qPrintable(P->Stato()));
     QCOMPARE(P->Chiedi(u"visto lblSalvata"_s), QString());
     P->Premi(u"ctrl+w"_s);  // nor is there anything to ask
-    QVERIFY2(P->Aperta(u"Calcanova 3"_s), qPrintable(P->Stato()));
+    QVERIFY2(P->AllaScrivania(), qPrintable(P->Stato()));
     ATTENDI(u"messaggio"_s, "");
 }
 
@@ -288,7 +288,7 @@ void TestStrade::ultimeParcelle()
     P->Digita(u"Bianchi"_s);
     QVERIFY2(!SalvaCome(u"sfratto"_s).isEmpty(), qPrintable(P->Stato()));
     P->Premi(u"ctrl+w"_s);
-    QVERIFY2(P->Aperta(u"Calcanova 3"_s), qPrintable(P->Stato()));
+    QVERIFY2(P->AllaScrivania(), qPrintable(P->Stato()));
     P->Premi(u"ctrl+r"_s);
     ATTENDI(u"fuoco"_s, "lstRecenti");
     P->Premi(u"Return"_s);

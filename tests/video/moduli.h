@@ -73,4 +73,5 @@ inline void RigheImpostazioni()
     QTest::newRow("setup") << QStringLiteral("setup") << QStringLiteral("Setup");
     QTest::newRow("desktop") << QStringLiteral("desktop") << QStringLiteral("Personalizza desktop");
     QTest::newRow("fattura") << QStringLiteral("fattura") << QStringLiteral("Fattura elettronica");
+    QTest::newRow("documenti") << QStringLiteral("documenti") << QStringLiteral("Documenti");
 }

@@ -141,9 +141,15 @@ bool Programma::Aperta(const QString& Titolo)
            Attendi(u"dipinta"_s, [](const QString& Risposta) { return Risposta == u"1"; });
 }
 
+bool Programma::AllaScrivania()
+{
+    return Attendi(u"finestra"_s, [](const QString& Nome) { return Nome == u"frmStudio"; }) &&
+           Aperta(u"Calcanova 3"_s);
+}
+
 bool Programma::NuovaParcella()
 {
-    if (!Aperta(u"Calcanova 3"_s))
+    if (!AllaScrivania())
         return false;
     Clic(u"imgMenu_0"_s);
     if (Aperta(u"Nuova parcella"_s))

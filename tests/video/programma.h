@@ -48,6 +48,8 @@ public:
     [[nodiscard]] bool Attendi(const QString& Domanda, const std::function<bool(const QString&)>& Buona);
     /// Waits until the active window, or the document in it, has this title and is painted.
     [[nodiscard]] bool Aperta(const QString& Titolo);
+    /// Waits until the desktop is in front and painted; the frame of the notes has its title too.
+    [[nodiscard]] bool AllaScrivania();
     /// From the desktop to the frame with a new note in it.
     [[nodiscard]] bool NuovaParcella();
     /// Gives the note on view category, authority and value, so that its other tabs may be entered.
