@@ -7,6 +7,7 @@
 #include "feenote/finder/memoriatrova.h"
 #include "feenote/finder/nominativi.h"
 #include "feenote/finder/ricerca.h"
+#include "feenote/finder/scadenzario.h"
 #include "feenote/modNuovaParcella.h"
 #include "platform/database/database.h"
 
@@ -159,5 +160,36 @@ double Filtra()
     return MedianaMs(16, [&] { Elenco.Filtra(Testi[Volta++ % Testi.size()]); });
 }
 const RegistraMisura RegistrataFiltra(u"finder: filter 100,000 rows"_s, 100.0, Filtra);
+
+/// What is said below the rows after each letter: copies and credit notes are looked for among all of them.
+double Aperto()
+{
+    constexpr int Righe = 10'000;
+    ElencoTrova Elenco;
+    for (int i = 0; i < Righe; ++i) {
+        VoceTrova Voce;
+        Voce.Nome = u"parcella %1"_s.arg(i);
+        Voce.Percorso = u"/note/"_s + Voce.Nome;
+        Voce.Cliente = u"Società Rossi Mario %1 e figli"_s.arg(i % 977);
+        Voce.Dati.IDCli = i % 977 + 1;
+        Voce.Dati.NumFatt = QString::number(i + 1);
+        Voce.Dati.DataFatt = u"09/11/2026"_s;
+        StatoLetto& Stato = Voce.Dati.Stato;
+        Stato.Stato = StatoNota::Fatturata;
+        Stato.Documento = StampaFatturaAnalitica;
+        Stato.Storno = i % 50 == 0;
+        Stato.CitataNumero = QString::number(i);
+        Stato.CitataData = Voce.Dati.DataFatt;
+        Stato.Importi = ImportiDocumento{.Totale = 100, .Netto = 100};
+        Stato.Resto = 100;
+        Elenco.Aggiungi(std::move(Voce));
+    }
+    double Somma = 0.0;
+    const double Durata =
+        MedianaMs(9, [&] { Somma += SommaAperto(Elenco.NoteMostrate(), Elenco.NoteTutte()).Aperto; });
+    Consuma(Somma);
+    return Durata;
+}
+const RegistraMisura RegistrataAperto(u"finder: what is open of 10,000 invoices"_s, 50.0, Aperto);
 
 }  // namespace

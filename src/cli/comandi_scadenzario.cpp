@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The notes of a folder that a state leaves, in the order of their names.
-ElencoTrova Elencate(const QStringList& Valori, const QString& Stato, Nominativi& Nomi)
+ElencoTrova Elencate(const QStringList& Valori, const QString& Stato, Nominativi& Nomi, ContoTrova& Conto)
 {
     const QString Cartella = Barra(PercorsoIntero(Valori[0]));
     const CriterioTrova Criterio{Cartella, Cartella, {}, LeggiBit(u"sottocartelle"_s, Valori.value(1))};
@@ -30,7 +30,7 @@ ElencoTrova Elencate(const QStringList& Valori, const QString& Stato, Nominativi
             Elenco.Aggiungi(std::move(Voce));
         },
         [] { return true; }, MemoriaDelTrova());
-    (void)Cammino.TrovaParc(Cartella);
+    Conto = Cammino.TrovaParc(Cartella);
     Elenco.Ordina();
     return Elenco;
 }
@@ -59,28 +59,42 @@ QJsonArray Descritti(const ApertoTutto& Somma)
 Risposta ComandoScadenzario(const QStringList& Valori, const QString& Stato, const QString& File)
 {
     Nominativi Nomi;
-    const ElencoTrova Elenco = Elencate(Valori, Stato, Nomi);
+    ContoTrova Conto;
+    const ElencoTrova Elenco = Elencate(Valori, Stato, Nomi, Conto);
+    const QString Parziale = FraseParziale(Conto);
     const std::vector<const VoceTrova*> Note = Elenco.NoteMostrate();
     const auto Codici = [&](int IDCli) { return Nomi.Codici(IDCli); };
     QStringList Righe;
     QJsonArray Record;
-    for (QStringList& Celle : RigheScadenzario(Note, Codici)) {
+    for (QStringList& Celle : RigheScadenzario(Note, Codici, Elenco.NoteTutte())) {
         Record.append(Descritta(Celle));
-        Righe += Celle.replaceInStrings(u"|"_s, u" "_s).join(u'|');
+        // One line each: the name of a file may hold a line break.
+        for (const QChar Segno : {u'|', u'\n', u'\r'})
+            Celle.replaceInStrings(Segno, u" "_s);
+        Righe += Celle.join(u'|');
     }
     const qsizetype Quante = Righe.size();
     if (!File.isEmpty()) {
-        ScriviFile(File, CsvScadenzario(Note, Codici), Lettori::SoloUtente);
-        return {QString::number(Quante), {{u"esportate"_s, Quante}, {u"file"_s, File}}, false};
+        if (Nomi.Guasto())
+            throw *Nomi.Guasto();  // names and codes would be missing
+        ScriviFile(File, CsvScadenzario(Note, Codici, Elenco.NoteTutte()), Lettori::SoloUtente);
+        return {Parziale.isEmpty() ? QString::number(Quante) : QString::number(Quante) + u"; "_s + Parziale,
+                {{u"esportate"_s, Quante},
+                 {u"file"_s, File},
+                 {u"nonLetti"_s, Conto.NonLetti},
+                 {u"cartelleNonLette"_s, Conto.CartelleNonLette}},
+                !Parziale.isEmpty()};
     }
-    const ApertoTutto Somma = SommaAperto(Note);
-    Righe += FraseAperto(Somma);
+    const ApertoTutto Somma = SommaAperto(Note, Elenco.NoteTutte());
+    Righe += Parziale.isEmpty() ? FraseAperto(Somma) : FraseAperto(Somma) + u"; "_s + Parziale;
     return {Righe.join(u'\n'),
             {{u"note"_s, Record},
              {u"aperto"_s, Somma.Aperto},
              {u"aperte"_s, Somma.Note},
              {u"ignote"_s, Somma.Ignote},
              {u"copie"_s, Somma.Copie},
+             {u"nonLetti"_s, Conto.NonLetti},
+             {u"cartelleNonLette"_s, Conto.CartelleNonLette},
              {u"clienti"_s, Descritti(Somma)}},
             false};
 }

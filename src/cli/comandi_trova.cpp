@@ -37,6 +37,9 @@ QString InRiga(const VoceTrova& Voce)
     QStringList Celle;
     for (int Colonna = 0; Colonna <= TrovaCartella; ++Colonna)
         Celle += CellaTrova(Voce, Colonna);
+    // One line each: the name of a file may hold a line break.
+    for (const QChar Segno : {u'\n', u'\r'})
+        Celle.replaceInStrings(Segno, u" "_s);
     return Celle.join(u'|');
 }
 

@@ -155,12 +155,16 @@ double Resto(const Parcella& Nota, int Tipo, const ImportiDocumento& Chiesti, bo
     return std::clamp(InCentesimi(Chiesti.Netto - Pagato), 0.0, std::max(0.0, Chiesti.Netto));
 }
 
-/// The document that has gone out is paid, whatever lines came behind it.
+/// A document has gone out that asks for money.
+bool HaChiesto(const StatoTenuto& Tenuto)
+{
+    return Uscita(Tenuto) && Tenuto.Importi->Netto > 0 && !Tenuto.Storno && ChiedePagamento(Tenuto.Documento);
+}
+
+/// It is paid, whatever lines came behind it or went.
 bool DocumentoSaldato(const Parcella& Nota)
 {
-    const StatoTenuto& Tenuto = Nota.Stato;
-    return Tenuto.Importi && Tenuto.Importi->Netto > 0 && Tenuto.Stato != StatoNota::Bozza &&
-           !Tenuto.Storno && ChiedePagamento(Tenuto.Documento) && RestoDellaNota(Nota) == 0;
+    return HaChiesto(Nota.Stato) && RestoDellaNota(Nota) == 0;
 }
 
 bool Conferma(Parcella& Nota, const StatoTenuto& Era)
@@ -224,7 +228,8 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
     if (Nuovo >= Presente && !Copia) {
         if (Nuovo > Presente && GiornoDi(Tenuto, Verso).isEmpty())
             GiornoDi(Tenuto, Verso) = Giorno();
-        const bool Storno = Numerata && ENotaDiCredito(Nota);
+        // Nobody owes a credit note, not even the draft of it that is shown before it has its number.
+        const bool Storno = ENotaDiCredito(Nota) && TipoDi(Tipo).EFattura;
         if (Presente == 0)
             Tenuto.Emessi.clear();
         else if (Numerata)
@@ -303,6 +308,8 @@ bool ScegliStato(Parcella& Nota, StatoNota Scelto)
     const StatoTenuto Era = Tenuto;
     Tenuto.Stato = Scelto;
     Tenuto.Prima.reset();
+    if (!ETipoStampa(Tenuto.Documento))
+        Tenuto.Storno = ENotaDiCredito(Nota);
     // Else the number would make it an invoice again at once.
     if (Scelto == StatoNota::Inviata)
         Tenuto.Emessa = false;
@@ -339,7 +346,9 @@ Copertura CoperturaDi(const Parcella& Nota)
         return Trovata;
     const double Resto = CatenaFiscale(Dati).Netto;
     Dati.Acconti = {};
-    Trovata.Coperta = (CatenaFiscale(Dati).Netto > 0 && Resto <= 0) || DocumentoSaldato(Nota);
+    // What a document has asked for is paid when nothing is left of it, whatever the lines come to by now.
+    Trovata.Coperta =
+        HaChiesto(Nota.Stato) ? DocumentoSaldato(Nota) : CatenaFiscale(Dati).Netto > 0 && Resto <= 0;
     return Trovata;
 }
 

@@ -32,8 +32,9 @@ struct Copertura
 
     friend bool operator==(const Copertura&, const Copertura&) = default;
 };
-/// They do when nothing is left of a net above 0: that of the note, or that of the document that has gone
-/// out, whatever lines came behind it. All payments count, whether or not the document lists them.
+/// They do when nothing is left of a net above 0: that of the document that has gone out and asks for money,
+/// whatever its lines came to since, else that of the note. All payments count, whether or not the document
+/// lists them.
 [[nodiscard]] Copertura CoperturaDi(const Parcella& Nota);
 
 /// The record was worked on: payments that cover the net by now make the note paid, and give its former

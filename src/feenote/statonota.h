@@ -81,7 +81,7 @@ struct StatoTenuto
     std::optional<StatoNota> Prima;
     int Documento = -1;     ///< TipoStampa of the document that has gone out, -1 none
     bool Emessa = false;    ///< it was an invoice with number and date
-    bool Storno = false;    ///< it was a credit note, by which nobody owes anything
+    bool Storno = false;    ///< it was a credit note, numbered or not, by which nobody owes anything
     bool ConSocio = false;  ///< it was of this note and of the associated one
     QString Numero, Data;   ///< of that invoice, dd/mm/yyyy: its credit note takes both out of the note
     /// The figures of that document: a note that is worked on afterwards is owed what was asked for.

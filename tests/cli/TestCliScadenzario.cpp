@@ -33,6 +33,11 @@ private Q_SLOTS:
     void ilFile();
     void ilFileNonSiScrive();
     void gliAccontiDellaDescrizione();
+    void unaFatturaEIlSuoStorno();
+    void sottoUnFiltro();
+    void nonTutteLette();
+    void lArchivioBloccato();
+    void nomeConUnACapo();
     void rifiuta_data();
     void rifiuta();
 
@@ -108,11 +113,11 @@ void TestCliScadenzario::leRighe()
     Esito Fatto = Chiama({u"scadenzario"_s, Radice});
     QCOMPARE(Fatto.Guasti, QString());
     QCOMPARE(Fatto.Stato, 0);
-    QCOMPARE(Fatto.Uscita,
-             InviataRiga + PagataRiga + BozzaRiga + u"Aperto: 1.459,12 in 1 nota; Rossi; Mario 1.459,12\n"_s);
+    QCOMPARE(Fatto.Uscita, InviataRiga + PagataRiga + BozzaRiga +
+                               u"Aperto: 1.459,12 in 1 parcella; Rossi; Mario 1.459,12\n"_s);
     Fatto = Chiama({u"scadenzario"_s, Radice, u"1"_s});
     QCOMPARE(Fatto.Uscita.count(u'\n'), 5);
-    QVERIFY(Fatto.Uscita.endsWith(u"Aperto: 2.918,24 in 2 note; Rossi; Mario 2.918,24\n"_s));
+    QVERIFY(Fatto.Uscita.endsWith(u"Aperto: 2.918,24 in 2 parcelle; Rossi; Mario 2.918,24\n"_s));
 }
 
 void TestCliScadenzario::perStato_data()
@@ -191,6 +196,111 @@ void TestCliScadenzario::gliAccontiDellaDescrizione()
     const Esito Fatto = Chiama({u"scadenzario"_s, Radice, u"--stato"_s, u"pagata"_s});
     QVERIFY2(Fatto.Uscita.contains(u"Gialli|||"_s), qPrintable(Fatto.Uscita));
     QVERIFY(Fatto.Uscita.contains(u"|1459,12|1459,12|0,00|e\n"_s));
+}
+
+namespace {
+
+void FatturaEStorna(Parcella& Nota)
+{
+    Nota.txtDatiPar[DatoNumFatt] = u"7"_s;
+    Nota.txtDatiPar[DatoDataFatt] = u"01/11/2026"_s;
+    ScegliTipoStampa(Nota, StampaFatturaAnalitica);
+    (void)NotaInviata(Nota, StampaFatturaAnalitica);
+    Nota.FatturaXml.Tipo = u"TD04"_s;
+    Nota.FatturaXml.CitataNumero = u"7/2026"_s;
+    Nota.FatturaXml.CitataData = u"01/11/2026"_s;
+    Nota.txtDatiPar[DatoNumFatt] = u"8"_s;
+    (void)NotaInviata(Nota, StampaFatturaAnalitica);
+}
+
+void Storna12(Parcella& Nota)
+{
+    Nota.FatturaXml.Tipo = u"TD04"_s;
+    Nota.FatturaXml.CitataNumero = u"12/2026"_s;
+    Nota.FatturaXml.CitataData = u"09/11/2026"_s;
+    Nota.txtDatiPar[DatoNumFatt] = u"13"_s;
+    Nota.txtDatiPar[DatoDataFatt] = u"09/11/2026"_s;
+    ScegliTipoStampa(Nota, StampaFatturaAnalitica);
+    (void)NotaInviata(Nota, StampaFatturaAnalitica);
+}
+
+void Fattura12(Parcella& Nota)
+{
+    FatturaEPaga(Nota);
+    (void)ScegliStato(Nota, StatoNota::Fatturata);
+}
+
+}  // namespace
+
+/// Both documents of a file have a row, and both go into the accountant's file.
+void TestCliScadenzario::unaFatturaEIlSuoStorno()
+{
+    Crea(u"f.mdb"_s, u"Gialli"_s, FatturaEStorna);
+    const Esito Fatto = Chiama({u"scadenzario"_s, Radice, u"--stato"_s, u"fatturata"_s});
+    QCOMPARE(Fatto.Uscita,
+             u"Gialli|||Fattura "
+             u"analitica|7|01/11/2026|Fatturata|||1150,00|46,00|263,12|0,00|1459,12|1459,12|0,00|0,00|f\n"
+             u"Gialli|||Nota di credito della fattura "
+             u"7/2026|8|01/11/2026|Fatturata|22/11/2026||-1150,00|-46,00|-263,12|"
+             u"0,00|-1459,12|-1459,12|0,00|0,00|f\nAperto: 0,00 in 0 parcelle\n"_s);
+    const QString File = Radice + u"due.csv"_s;
+    QCOMPARE(Chiama({u"scadenzario"_s, Radice, u"--stato"_s, u"fatturata"_s, u"--csv"_s, File}).Uscita,
+             u"2\n"_s);
+    QCOMPARE(LeggiFile(File).count("\r\n"), 3);
+}
+
+/// A credit note in a file that the filter leaves out takes its invoice back all the same.
+void TestCliScadenzario::sottoUnFiltro()
+{
+    Crea(u"b.mdb"_s, u"Verdi"_s, Fattura12);
+    QVERIFY(
+        Chiama({u"scadenzario"_s, Radice, u"--stato"_s, u"aperte"_s})
+            .Uscita.endsWith(u"Aperto: 2.918,24 in 2 parcelle; Rossi; Mario 1.459,12; Verdi 1.459,12\n"_s));
+    Crea(u"g.mdb"_s, u"Verdi"_s, Storna12);
+    const Esito Fatto = Chiama({u"scadenzario"_s, Radice, u"--stato"_s, u"aperte"_s});
+    QCOMPARE(Fatto.Uscita, InviataRiga + u"Aperto: 1.459,12 in 1 parcella; Rossi; Mario 1.459,12\n"_s);
+    const QString File = Radice + u"due.csv"_s;
+    QCOMPARE(Chiama({u"scadenzario"_s, Radice, u"--stato"_s, u"aperte"_s, u"--csv"_s, File}).Uscita,
+             u"1\n"_s);
+}
+
+/// A file that is damaged may hold anything: the sum says so, and a file for the accountant is not called
+/// done.
+void TestCliScadenzario::nonTutteLette()
+{
+    QFile Tagliata(Radice + u"c.mdb"_s);
+    QVERIFY(Tagliata.resize(Tagliata.size() - 4096));
+    Esito Fatto = Chiama({u"scadenzario"_s, Radice});
+    QCOMPARE(Fatto.Stato, 0);
+    QVERIFY(Fatto.Uscita.endsWith(u"Rossi; Mario 1.459,12; 1 file non letto\n"_s));
+    Fatto = Chiama({u"--json"_s, u"scadenzario"_s, Radice});
+    QCOMPARE(QJsonDocument::fromJson(Fatto.Uscita.toUtf8()).object()[u"nonLetti"_s].toInt(), 1);
+    Fatto = Chiama({u"scadenzario"_s, Radice, u"--csv"_s, Radice + u"due.csv"_s});
+    QCOMPARE(Fatto.Stato, 1);
+    QCOMPARE(Fatto.Uscita, u"2; 1 file non letto\n"_s);
+    QCOMPARE(LeggiFile(Radice + u"due.csv"_s).count("\r\n"), 3);
+}
+
+/// Without the archive names and codes would be missing: nothing is written then.
+void TestCliScadenzario::lArchivioBloccato()
+{
+    const QString Suo = NuovaCartella() + u"DatiStudio.mdb"_s;
+    QVERIFY(QFile::copy(ProgrammaDiProva() + u"DatiStudio.mdb"_s, Suo));
+    Crea(u"h.mdb"_s, u"Gialli"_s, [](Parcella& Nota) { Nota.IDCli = 1; });
+    ScriviFile(Suo, QByteArray(5000, 'x'));
+    const QString File = Radice + u"due.csv"_s;
+    const Esito Fatto = Chiama({u"--archivio"_s, Suo, u"scadenzario"_s, Radice, u"--csv"_s, File});
+    QCOMPARE(Fatto.Stato, 1);
+    QVERIFY2(Fatto.Guasti.startsWith(u"Errore: "_s), qPrintable(Fatto.Guasti));
+    QVERIFY(!QFile::exists(File));
+}
+
+void TestCliScadenzario::nomeConUnACapo()
+{
+    QVERIFY(QFile::rename(Radice + u"c.mdb"_s, Radice + u"c\nd|e.mdb"_s));
+    QVERIFY(Chiama({u"scadenzario"_s, Radice, u"--stato"_s, u"bozza"_s})
+                .Uscita.contains(u"|0,00|0,00|c d e\n"_s));
+    QVERIFY(Chiama({u"trova"_s, Radice}).Uscita.contains(u"c d|e|"_s));
 }
 
 void TestCliScadenzario::rifiuta_data()

@@ -64,6 +64,9 @@ private Q_SLOTS:
     void laCopiaNonCambia();
     void unaDopoLAltra();
     void ilNumeroCorretto();
+    void primaDelNumero();
+    void sceltaAMano();
+    void righeTolteDopo();
     void quelloDelPrimoStato_data();
     void quelloDelPrimoStato();
 };
@@ -180,6 +183,57 @@ void TestStatoStorni::ilNumeroCorretto()
     QCOMPARE(Prova.Stato.Numero, u"21"_s);
     Emetti(Prova, 22, true);
     QCOMPARE(Numeri(Prova), u"21 | -22"_s);
+}
+
+/// The draft of a credit note asks for nothing either; with its number it takes its invoice back.
+void TestStatoStorni::primaDelNumero()
+{
+    Parcella Prova = Nota();
+    Prova.FatturaXml.Tipo = u"TD04"_s;
+    QVERIFY(NotaInviata(Prova, StampaFatturaAnalitica));
+    QCOMPARE(Prova.Stato.Stato, Inviata);
+    QVERIFY(Prova.Stato.Storno);
+    QVERIFY(!Prova.Stato.Emessa);
+    Emetti(Prova, 13, true);
+    QCOMPARE(Numeri(Prova), u" | -13"_s);
+    QVERIFY(Prova.Stato.Emessa);
+    // A pro-forma note is none, whatever the panel of the invoice says.
+    Parcella Prenotula = Nota();
+    Prenotula.FatturaXml.Tipo = u"TD04"_s;
+    (void)NotaInviata(Prenotula, StampaPrenotula);
+    QVERIFY(!Prenotula.Stato.Storno);
+}
+
+void TestStatoStorni::sceltaAMano()
+{
+    Parcella Prova = Nota();
+    Prova.FatturaXml.Tipo = u"TD04"_s;
+    QVERIFY(ScegliStato(Prova, Inviata));
+    QVERIFY(Prova.Stato.Storno);
+    Prova.FatturaXml.Tipo.clear();
+    QVERIFY(ScegliStato(Prova, Fatturata));
+    QVERIFY(!Prova.Stato.Storno);
+    // Of a document that has gone out a choice changes nothing but the state.
+    Emetti(Prova, 12);
+    Prova.FatturaXml.Tipo = u"TD04"_s;
+    QVERIFY(ScegliStato(Prova, Pagata));
+    QVERIFY(!Prova.Stato.Storno);
+}
+
+/// Lines that are taken away behind a document do not make less of what it asked.
+void TestStatoStorni::righeTolteDopo()
+{
+    Parcella Prova = Nota();
+    Copertura Vista;
+    Emetti(Prova, 12);
+    Prova.xOnorari(0, OnoImporto) = 500.0;
+    Prova.xAcconti(NuovoAcconto(Prova), AccCorrispettivi) = 575.0;
+    QVERIFY(!SegueStato(Prova, Vista));
+    QCOMPARE(Prova.Stato.Stato, Fatturata);
+    QCOMPARE(RestoDellaNota(Prova), 729.56);
+    Prova.xAcconti(NuovoAcconto(Prova), AccCorrispettivi) = 575.0;
+    QVERIFY(SegueStato(Prova, Vista));
+    QCOMPARE(Prova.Stato.Stato, Pagata);
 }
 
 void TestStatoStorni::quelloDelPrimoStato_data()

@@ -49,12 +49,12 @@ void TestScadenze::dallaNotaAllElenco()
 
     P->Premi(u"ctrl+o"_s);
     QVERIFY2(P->Aperta(u"Apri da parcelle salvate"_s), qPrintable(P->Stato()));
-    ATTENDI_CHE(P->Testo(u"lblAperto"_s).contains(u" in 1 nota; Bianchi Anna "));
+    ATTENDI_CHE(P->Testo(u"lblAperto"_s).contains(u" in 1 parcella; Bianchi Anna "));
     QVERIFY(P->VaiA(u"cmbStato"_s));
     P->Premi({u"Down"_s, u"Down"_s});  // the drafts
     ATTENDI(u"testo lblAperto"_s, "Niente da incassare tra le parcelle mostrate.");
     P->Premi(u"Up"_s);
-    ATTENDI_CHE(P->Testo(u"lblAperto"_s).contains(u" in 1 nota; Bianchi Anna "));
+    ATTENDI_CHE(P->Testo(u"lblAperto"_s).contains(u" in 1 parcella; Bianchi Anna "));
     P->Fotografa(u"trova_da_incassare"_s);
     QVERIFY(P->VaiA(u"cmdPerCliente"_s));
     P->Premi({u"space"_s, u"Down"_s, u"Return"_s});

@@ -218,7 +218,7 @@ StatoLetto LeggiStatoLetto(const MemoriaFile& Memoria)
     StatoLetto Letto;
     Letto.Stato = LeggiNome(Memoria, VoceStato);
     Letto.Documento = LeggiDocumento(Memoria);
-    Letto.Storno = Letto.Documento >= 0 && Memoria.value(VoceStorno) == u"1";
+    Letto.Storno = Memoria.value(VoceStorno) == u"1";
     if (Letto.Stato != StatoNota::Ignoto)
         Letto.Dal = GiornoBuono(Memoria.value(VoceGiorno(Letto.Stato)));
     if (const auto Importi = LeggiImporti(Memoria.value(VoceImporti), MassimoInElenco)) {
@@ -272,7 +272,7 @@ void LeggiStato(Parcella& Nota, const MemoriaFile& Memoria)
     Tenuto.Stato = LeggiNome(Memoria, VoceStato);
     Tenuto.Documento = LeggiDocumento(Memoria);
     Tenuto.Emessa = Tenuto.Documento >= 0 && Memoria.value(VoceEmessa) == u"1";
-    Tenuto.Storno = Tenuto.Documento >= 0 && Memoria.value(VoceStorno) == u"1";
+    Tenuto.Storno = Memoria.value(VoceStorno) == u"1";
     for (const StatoNota Stato : StatiNota)
         Tenuto.Giorni[size_t(Stato)] = GiornoBuono(Memoria.value(VoceGiorno(Stato)));
     // Payments that covered the net of a note without a state leave it without one again.

@@ -93,9 +93,13 @@ void ElencoTrova::Aggiungi(VoceTrova&& Voce)
 void ElencoTrova::Rimostra()
 {
     Mostrate.clear();
-    for (size_t i = 0; i < Tutte.size(); ++i)
-        if (Passa(Tutte[i]))
+    const bool Incassi = Stati == FiltroStato::DaIncassare;
+    const QSet<const VoceTrova*> Aperte = Incassi ? NoteDaIncassare(NoteTutte()) : QSet<const VoceTrova*>();
+    for (size_t i = 0; i < Tutte.size(); ++i) {
+        const VoceTrova& Voce = Tutte[i].Voce;
+        if (Passa(Tutte[i]) && (!Incassi || Voce.Genere != GenereVoce::Nota || Aperte.contains(&Voce)))
             Mostrate.push_back(int(i));
+    }
     Griglia.Azzera(TrovaColonne);
     Griglia.InserisciRighe(0, int(Mostrate.size()));
 }
@@ -120,6 +124,26 @@ std::vector<const VoceTrova*> ElencoTrova::NoteMostrate() const
         if (const VoceTrova& Una = Tutte[size_t(Posto)].Voce; Una.Genere == GenereVoce::Nota)
             Note.push_back(&Una);
     return Note;
+}
+
+std::vector<const VoceTrova*> ElencoTrova::NoteTutte() const
+{
+    std::vector<const VoceTrova*> Note;
+    for (const Elemento& Una : Tutte)
+        if (Una.Voce.Genere == GenereVoce::Nota)
+            Note.push_back(&Una.Voce);
+    return Note;
+}
+
+QString ElencoTrova::FraseVuota() const
+{
+    const bool PerTesto = !TestoFiltro.trimmed().isEmpty();
+    const bool PerStato = Stati != FiltroStato::Tutte;
+    if (PerTesto && PerStato)
+        return u"Nessuna parcella nello stato scelto contiene il testo scritto."_s;
+    return PerTesto   ? u"Nessuna parcella contiene il testo scritto."_s
+           : PerStato ? u"Nessuna parcella è nello stato scelto."_s
+                      : u"In questa cartella non ci sono parcelle."_s;
 }
 
 void ElencoTrova::Ordina(int Colonna, bool Crescente)

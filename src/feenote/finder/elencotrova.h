@@ -51,13 +51,19 @@ public:
     /// and accents; an empty text leaves all. The way up and the folders stay.
     void Filtra(const QString& Testo);
     [[nodiscard]] const QString& Filtro() const { return TestoFiltro; }
-    /// Leaves the notes of some states besides.
+    /// Leaves the notes of some states besides. What other notes of the list take back or hold a second time
+    /// is known once the rows have been sorted.
     void FiltraStato(FiltroStato Quali);
     [[nodiscard]] FiltroStato StatoFiltrato() const { return Stati; }
     /// True while the text or the states may leave notes out.
     [[nodiscard]] bool Filtrato() const { return !Parole.isEmpty() || Stati != FiltroStato::Tutte; }
     /// The notes shown, in their order; good until the rows change.
     [[nodiscard]] std::vector<const VoceTrova*> NoteMostrate() const;
+    /// All notes, whatever the filters leave; good until the rows change.
+    [[nodiscard]] std::vector<const VoceTrova*> NoteTutte() const;
+
+    /// What stands in the place of rows where none is shown.
+    [[nodiscard]] QString FraseVuota() const;
 
     [[nodiscard]] int Righe() const { return int(Mostrate.size()); }
     [[nodiscard]] int Note() const;  ///< notes shown

@@ -123,6 +123,19 @@ bool NonENota(const Errore& Guasto)
 constexpr size_t FilePerVolta = 32;
 constexpr int LettoriInsieme = 4;
 
+/// A file that begins as a database is one that is damaged, and may have been a note.
+bool HaTestata(const QString& File)
+{
+    constexpr QByteArrayView Testata("SQLite format 3");
+    return InizioDelFile(File, int(Testata.size())) == Testata;
+}
+
+/// "1 file", "2 cartelle".
+QString Quanti(int Numero, const QString& Uno, const QString& Molti)
+{
+    return QString::number(Numero) + u' ' + (Numero == 1 ? Uno : Molti);
+}
+
 bool ENomeDiNota(const QString& Nome, QStringView Modello)
 {
     return Nome.endsWith(Modello.mid(1), Qt::CaseInsensitive);  // the pattern is "*" and an ending
@@ -166,6 +179,22 @@ void CamminoTrova::LeggiPrima(const QString& File, Anticipo& Letto)
     }
 }
 
+QString FraseParziale(const ContoTrova& Conto)
+{
+    QStringList Parti;
+    const QString File = Quanti(Conto.NonLetti, u"file"_s, u"file"_s);
+    const QString Cartelle = Quanti(Conto.CartelleNonLette, u"cartella"_s, u"cartelle"_s);
+    if (Conto.NonLetti > 0 && Conto.CartelleNonLette > 0)
+        Parti += File + u" e "_s + Cartelle + u" non letti"_s;
+    else if (Conto.NonLetti > 0)
+        Parti += File + (Conto.NonLetti == 1 ? u" non letto"_s : u" non letti"_s);
+    else if (Conto.CartelleNonLette > 0)
+        Parti += Cartelle + (Conto.CartelleNonLette == 1 ? u" non letta"_s : u" non lette"_s);
+    if (Conto.Interrotta)
+        Parti += u"ricerca interrotta"_s;
+    return Parti.join(u"; "_s);
+}
+
 CamminoTrova::CamminoTrova(CriterioTrova Chiesto, std::function<void(VoceTrova&&)> Prendi,
                            std::function<bool()> Continua, std::shared_ptr<MemoriaTrova> Ricordi)
     : Criterio(std::move(Chiesto)), Riga(std::move(Prendi)), Avanti(std::move(Continua)),
@@ -192,6 +221,7 @@ ContoTrova CamminoTrova::TrovaParc(const QString& Cartella)
         } catch (const Errore&) {
             if (Dove == Prima)
                 throw;  // one below that cannot be read, or has gone, keeps nobody from the others
+            ++Conto.CartelleNonLette;
         }
     }
     if (!Conto.Interrotta && !EsisteCartella(Prima))
@@ -293,7 +323,7 @@ void CamminoTrova::AddFile(const QString& Cartella, const VoceCartella& Trovata,
     Riga(std::move(Voce));
 }
 
-bool CamminoTrova::CheckCondiz(VoceTrova& Voce, const Anticipo& Prima) const
+bool CamminoTrova::CheckCondiz(VoceTrova& Voce, const Anticipo& Prima)
 {
     const ImprontaFile Impronta{Voce.Byte, Voce.Modificata};
     auto Letto = Memoria->Cerca(Voce.Percorso, Impronta);
@@ -306,8 +336,11 @@ bool CamminoTrova::CheckCondiz(VoceTrova& Voce, const Anticipo& Prima) const
         } catch (const Errore& Guasto) {
             // Another program is writing the note: it is one none the less.
             Voce.Illeggibile = Guasto.Numero == errori::DatiBloccati;
-            if (!NonENota(Guasto))
+            const bool DaMendare = Guasto.Numero == errori::FormatoDatabase && HaTestata(Voce.Percorso);
+            if (!NonENota(Guasto) || DaMendare) {
+                Conto.NonLetti += !Voce.Illeggibile && Guasto.Numero != errori::FileMancante;
                 return Voce.Illeggibile;  // the next walk looks again
+            }
         }
         Memoria->Ricorda(Voce.Percorso, *Letto, QDateTime::currentMSecsSinceEpoch());
     }

@@ -87,12 +87,17 @@ struct ContoTrova
     int Cartelle = 0;  ///< walked, the first included
     qint64 Byte = 0;
     bool Interrotta = false;
+    int NonLetti = 0;          ///< files that may be notes: damaged ones, and those that the system refuses
+    int CartelleNonLette = 0;  ///< below the first
 
     friend bool operator==(const ContoTrova&, const ContoTrova&) = default;
 };
 
 /// The text of the status bar behind a walk.
 [[nodiscard]] QString FraseEsito(const ContoTrova& Conto);
+/// What sums of its rows do not hold: "2 file e 1 cartella non letti", "ricerca interrotta"; empty: they hold
+/// all.
+[[nodiscard]] QString FraseParziale(const ContoTrova& Conto);
 /// What is said while it runs, and where nothing was found.
 inline constexpr QStringView FraseRicerca =
     u"Ricerca in corso, attendere prego... (premere <Interr> per interrompere)";
@@ -132,7 +137,7 @@ private:
     [[nodiscard]] std::vector<Anticipo> LeggiInsieme(const QString& Cartella,
                                                      std::span<const VoceCartella> File);
     /// Completes a row by what its file holds. @return false for a file that is no fee note
-    [[nodiscard]] bool CheckCondiz(VoceTrova& Voce, const Anticipo& Prima) const;
+    [[nodiscard]] bool CheckCondiz(VoceTrova& Voce, const Anticipo& Prima);
     void AddDir(const QString& Cartella, const VoceCartella& Trovata);
     void AddFile(const QString& Cartella, const VoceCartella& Trovata, const Anticipo& Prima);
     [[nodiscard]] bool Cercato(const QString& NomeFile) const;

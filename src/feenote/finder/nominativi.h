@@ -3,12 +3,14 @@
 
 #include "feenote/finder/modTrova.h"
 #include "feenote/finder/scadenzario.h"
+#include "platform/base/errore.h"
 #include "platform/database/recordset.h"
 
 #include <QHash>
 #include <QString>
 
 #include <array>
+#include <optional>
 
 /// Two recordsets on the session's archive, positioned by the key. They are open from the first key of a list
 /// to Chiudi; what was found is kept until the archive changes. It belongs to one thread.
@@ -20,6 +22,8 @@ public:
     void Completa(VoceTrova& Voce);
     /// Fiscal code and VAT number of a client; empty ones where the key leads nowhere or there is no archive.
     [[nodiscard]] CodiciCliente Codici(int IDCli);
+    /// Why the archive of this list could not be read; nothing while it could, or where there is none.
+    [[nodiscard]] const std::optional<Errore>& Guasto() const { return NonLetto; }
     /// A list is complete: nothing is open any more.
     void Chiudi();
 
@@ -43,5 +47,6 @@ private:
     qint64 Byte = -1;
     qint64 Modificata = 0;
     bool Guardato = false;  ///< the archive was looked at for this list
-    bool Assente = false;   ///< it is not there, or cannot be read: this list does without
+    std::optional<Errore> NonLetto;
+    bool Assente = false;  ///< it is not there, or cannot be read: this list does without
 };

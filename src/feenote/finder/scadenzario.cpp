@@ -9,8 +9,6 @@
 
 #include <algorithm>
 #include <array>
-#include <map>
-#include <tuple>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -61,23 +59,34 @@ bool EStorno(const StatoLetto& Stato)
     return Stato.Storno && Stato.Stato != StatoNota::Bozza && Stato.Stato != StatoNota::Ignoto;
 }
 
-/// "1 nota", "2 note".
+/// "1 parcella", "2 parcelle".
 QString Quante(int Note)
 {
-    return Format(Note, u"#,##0") + (Note == 1 ? u" nota"_s : u" note"_s);
+    return Format(Note, u"#,##0") + (Note == 1 ? u" parcella"_s : u" parcelle"_s);
 }
 
-/// Client, number and date of an invoice; without a number or a date there is none.
-using ChiaveFattura = std::tuple<int, QString, QString, QString>;
-
-std::optional<ChiaveFattura> Fattura(const VoceTrova& Nota, const QString& Numero, const QString& Data)
+/// A day as files hold it, or as somebody has typed it. Ten thousand are read behind each letter of a filter.
+QDate GiornoDi(const QString& Data)
 {
-    const QString Pulito = Numero.simplified().toUpper();
-    const auto Giorno = LeggiData(Data);
-    if (Pulito.isEmpty() || !Giorno)
-        return std::nullopt;
-    return ChiaveFattura(Nota.Dati.IDCli, Nota.Dati.IDCli > 0 ? QString() : Nota.Cliente, Pulito,
-                         Giorno->toString(Qt::ISODate));
+    constexpr qsizetype Lungo = 10;  // dd/mm/yyyy
+    const QStringView Tutto(Data);
+    if (Tutto.size() == Lungo && Tutto[2] == u'/' && Tutto[5] == u'/')
+        return {Tutto.mid(6).toInt(), Tutto.mid(3, 2).toInt(), Tutto.left(2).toInt()};
+    return LeggiData(Data).value_or(QDate());
+}
+
+/// Client, number and date of an invoice; empty without a number or a date.
+QString Fattura(const VoceTrova& Nota, const QString& Numero, const QString& Data)
+{
+    QString Pulito = Numero.simplified().toUpper();
+    const QDate Giorno = Pulito.isEmpty() ? QDate() : GiornoDi(Data);
+    if (!Giorno.isValid())
+        return {};
+    // The box says "12", paper and electronic file "12/2026".
+    if (const QString Anno = u'/' + QString::number(Giorno.year()); Pulito.endsWith(Anno))
+        Pulito.chop(Anno.size());
+    const QString Chi = Nota.Dati.IDCli > 0 ? QString::number(Nota.Dati.IDCli) : u'\n' + Nota.Cliente;
+    return Chi + u'\n' + QString::number(Giorno.toJulianDay()) + u'\n' + Pulito;
 }
 
 /// Number and date of the invoice that has gone out. The record loses them as soon as it begins its credit
@@ -96,15 +105,15 @@ NumeroFattura NumeroDi(const DatiNota& Dati)
 }
 
 /// The invoice, or the credit note, that a note has gone out as.
-std::optional<ChiaveFattura> FatturaDi(const VoceTrova& Nota)
+QString FatturaDi(const VoceTrova& Nota)
 {
     const StatoLetto& Stato = Nota.Dati.Stato;
     if (Nota.Genere != GenereVoce::Nota || Nota.Modello || Nota.Illeggibile ||
         (Stato.Stato != StatoNota::Fatturata && Stato.Stato != StatoNota::Pagata))
-        return std::nullopt;
+        return {};
     const int Documento = DocumentoDi(Nota.Dati);
     if (Documento >= 0 && !TipoDi(Documento).EFattura)
-        return std::nullopt;
+        return {};
     const NumeroFattura Suo = NumeroDi(Nota.Dati);
     return Fattura(Nota, Suo.Numero, Suo.Data);
 }
@@ -280,33 +289,38 @@ QStringList FrasiDocumenti(const VoceTrova& Nota)
     return Frasi;
 }
 
-DocumentiNote::DocumentiNote(const std::vector<const VoceTrova*>& Note)
+DocumentiNote::DocumentiNote(const std::vector<const VoceTrova*>& Quelle)
 {
-    Voci.reserve(Note.size());
-    for (const VoceTrova* Nota : Note) {
+    Voci.reserve(Quelle.size());
+    Note.reserve(Quelle.size());
+    for (const VoceTrova* Nota : Quelle) {
         if (HaEmessi(*Nota))
             for (const EmessoLetto& Emesso : Nota->Dati.Stato.Emessi) {
                 Prima.push_back(VoceDi(*Nota, Emesso));
                 Voci.push_back(&Prima.back());
+                Note.push_back(Nota);
             }
         Voci.push_back(Nota);
+        Note.push_back(Nota);
     }
 }
 
 QHash<const VoceTrova*, LegameFattura> LegamiFatture(const std::vector<const VoceTrova*>& Documenti)
 {
     QHash<const VoceTrova*, LegameFattura> Legami;
-    std::map<std::pair<bool, ChiaveFattura>, const VoceTrova*> Emessi;
+    QHash<QString, const VoceTrova*> Emessi;  // credit notes behind a sign of their own
     for (const VoceTrova* Nota : Documenti) {
-        const auto Chiave = FatturaDi(*Nota);
-        if (!Chiave)
+        const QString Chiave = FatturaDi(*Nota);
+        if (Chiave.isEmpty())
             continue;
-        const auto [Posto, Nuova] = Emessi.try_emplace({Nota->Dati.Stato.Storno, *Chiave}, Nota);
-        if (Nuova)
+        const VoceTrova*& Primo = Emessi[Nota->Dati.Stato.Storno ? u'-' + Chiave : Chiave];
+        if (!Primo) {
+            Primo = Nota;
             continue;
-        const bool Dopo = std::pair(Nota->Modificata, Posto->second->Percorso) >
-                          std::pair(Posto->second->Modificata, Nota->Percorso);
-        Legami[Dopo ? std::exchange(Posto->second, Nota) : Nota].Copia = true;
+        }
+        const bool Dopo =
+            std::pair(Nota->Modificata, Primo->Percorso) > std::pair(Primo->Modificata, Nota->Percorso);
+        Legami[Dopo ? std::exchange(Primo, Nota) : Nota].Copia = true;
     }
     const VoceTrova* Precedente = nullptr;
     for (const VoceTrova* Nota : Documenti) {
@@ -315,12 +329,13 @@ QHash<const VoceTrova*, LegameFattura> LegamiFatture(const std::vector<const Voc
         const VoceTrova* const DelloStessoFile = Suo ? Precedente : nullptr;
         Precedente = Nota;
         const StatoLetto& Stato = Nota->Dati.Stato;
-        if (Nota->Genere != GenereVoce::Nota || Nota->Modello || !EStorno(Stato) || Legami.value(Nota).Copia)
+        const bool Emesso = Stato.Stato == StatoNota::Fatturata || Stato.Stato == StatoNota::Pagata;
+        if (Nota->Genere != GenereVoce::Nota || Nota->Modello || !EStorno(Stato) || !Emesso ||
+            Legami.value(Nota).Copia)
             continue;
         const VoceTrova* Ripresa = DelloStessoFile;
-        if (const auto Chiave = Fattura(*Nota, Stato.CitataNumero, Stato.CitataData))
-            if (const auto Posto = Emessi.find({false, *Chiave}); Posto != Emessi.end())
-                Ripresa = Posto->second;
+        if (const QString Chiave = Fattura(*Nota, Stato.CitataNumero, Stato.CitataData); !Chiave.isEmpty())
+            Ripresa = Emessi.value(Chiave, Ripresa);
         if (!Ripresa)
             continue;
         if (Legami.value(Ripresa).Copia) {
@@ -333,39 +348,67 @@ QHash<const VoceTrova*, LegameFattura> LegamiFatture(const std::vector<const Voc
     return Legami;
 }
 
-ApertoTutto SommaAperto(const std::vector<const VoceTrova*>& Note)
+namespace {
+
+/// Each document of some notes of a list, templates left out, with what it hangs together with in the whole
+/// list.
+/// @param Tutte empty: the notes are the whole list
+void PercorriDocumenti(
+    const std::vector<const VoceTrova*>& Note, const std::vector<const VoceTrova*>& Tutte,
+    const std::function<void(const VoceTrova& Voce, const VoceTrova& Nota, const LegameFattura& Legame)>& Fai)
+{
+    const DocumentiNote Documenti(Tutte.empty() ? Note : Tutte);
+    const QHash<const VoceTrova*, LegameFattura> Legami = LegamiFatture(Documenti.Tutti());
+    const QSet<const VoceTrova*> Volute(Note.begin(), Note.end());
+    for (size_t i = 0; i < Documenti.Tutti().size(); ++i) {
+        const VoceTrova* const Voce = Documenti.Tutti()[i];
+        const VoceTrova* const Nota = Documenti.NotaDi(i);
+        if (Voce->Genere == GenereVoce::Nota && !Voce->Modello && Volute.contains(Nota))
+            Fai(*Voce, *Nota, Legami.value(Voce));
+    }
+}
+
+}  // namespace
+
+QSet<const VoceTrova*> NoteDaIncassare(const std::vector<const VoceTrova*>& Tutte)
+{
+    QSet<const VoceTrova*> Aperte;
+    PercorriDocumenti(
+        Tutte, Tutte, [&](const VoceTrova& Voce, const VoceTrova& Nota, const LegameFattura& Legame) {
+            if (Attende(StatoMostrato(Nota)) && !Legame.Copia && ApertoConLegame(Voce, Legame) != 0.0)
+                Aperte.insert(&Nota);
+        });
+    return Aperte;
+}
+
+ApertoTutto SommaAperto(const std::vector<const VoceTrova*>& Note, const std::vector<const VoceTrova*>& Tutte)
 {
     ApertoTutto Somma;
     QHash<std::pair<int, QString>, qsizetype> Posti;
-    const DocumentiNote Documenti(Note);
-    const QHash<const VoceTrova*, LegameFattura> Legami = LegamiFatture(Documenti.Tutti());
-    for (const VoceTrova* Nota : Documenti.Tutti()) {
-        if (Nota->Genere != GenereVoce::Nota || Nota->Modello)
-            continue;
-        const LegameFattura Legame = Legami.value(Nota);
-        const std::optional<double> Aperto = ApertoConLegame(*Nota, Legame);
+    PercorriDocumenti(Note, Tutte, [&](const VoceTrova& Voce, const VoceTrova&, const LegameFattura& Legame) {
         if (Legame.Copia) {
             ++Somma.Copie;
-            continue;
+            return;
         }
+        const std::optional<double> Aperto = ApertoConLegame(Voce, Legame);
         if (!Aperto) {
             ++Somma.Ignote;
-            continue;
+            return;
         }
         if (*Aperto == 0)
-            continue;
+            return;
         Somma.Aperto += *Aperto;
         ++Somma.Note;
-        const std::pair Chi(Nota->Dati.IDCli, Nota->Dati.IDCli > 0 ? QString() : Nota->Cliente);
+        const std::pair Chi(Voce.Dati.IDCli, Voce.Dati.IDCli > 0 ? QString() : Voce.Cliente);
         auto Posto = Posti.constFind(Chi);
         if (Posto == Posti.constEnd()) {
             Posto = Posti.insert(Chi, Somma.Clienti.size());
-            Somma.Clienti.append({Nota->Cliente, 0.0, 0});
+            Somma.Clienti.append({Voce.Cliente, 0.0, 0});
         }
         ApertoCliente& Suo = Somma.Clienti[*Posto];
         Suo.Aperto += *Aperto;
         ++Suo.Note;
-    }
+    });
     Somma.Aperto = Arrotonda2(Somma.Aperto);
     for (ApertoCliente& Uno : Somma.Clienti)
         Uno.Aperto = Arrotonda2(Uno.Aperto);
@@ -434,22 +477,22 @@ QStringList RigaScadenzario(const VoceTrova& Nota, const CodiciCliente& Codici, 
 }
 
 std::vector<QStringList> RigheScadenzario(const std::vector<const VoceTrova*>& Note,
-                                          const std::function<CodiciCliente(int IDCli)>& Codici)
+                                          const std::function<CodiciCliente(int IDCli)>& Codici,
+                                          const std::vector<const VoceTrova*>& Tutte)
 {
     std::vector<QStringList> Righe;
-    const DocumentiNote Documenti(Note);
-    const QHash<const VoceTrova*, LegameFattura> Legami = LegamiFatture(Documenti.Tutti());
-    for (const VoceTrova* Nota : Documenti.Tutti())
-        if (Nota->Genere == GenereVoce::Nota && !Nota->Modello)
-            Righe.push_back(RigaScadenzario(*Nota, Codici(Nota->Dati.IDCli), Legami.value(Nota)));
+    PercorriDocumenti(Note, Tutte, [&](const VoceTrova& Voce, const VoceTrova&, const LegameFattura& Legame) {
+        Righe.push_back(RigaScadenzario(Voce, Codici(Voce.Dati.IDCli), Legame));
+    });
     return Righe;
 }
 
 QByteArray CsvScadenzario(const std::vector<const VoceTrova*>& Note,
-                          const std::function<CodiciCliente(int IDCli)>& Codici)
+                          const std::function<CodiciCliente(int IDCli)>& Codici,
+                          const std::vector<const VoceTrova*>& Tutte)
 {
     static const QList<int> Cifre{9, 10, 11, 12, 13, 14, 15, 16};  // from Imponibile to Aperto
-    std::vector<QStringList> Righe = RigheScadenzario(Note, Codici);
+    std::vector<QStringList> Righe = RigheScadenzario(Note, Codici, Tutte);
     Righe.insert(Righe.begin(), TitoliScadenzario());
     return ScriviCsv(Righe, Cifre);
 }

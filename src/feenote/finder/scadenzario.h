@@ -9,6 +9,7 @@
 #include <QByteArray>
 #include <QHash>
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -32,7 +33,7 @@ enum class FiltroStato {
 [[nodiscard]] QStringList VociFiltroStato();
 /// The words of a command line, in the same order: "tutte", "aperte", "bozza" and so on.
 [[nodiscard]] QStringList ParoleFiltroStato();
-/// True for a note that the filter leaves.
+/// True for a note that the filter leaves, as far as the note itself tells: see NoteDaIncassare.
 [[nodiscard]] bool PassaStato(FiltroStato Filtro, const VoceTrova& Nota);
 
 /// The state as a list shows it: that of a note; empty for a template and where it is not known.
@@ -61,10 +62,13 @@ public:
     DocumentiNote& operator=(const DocumentiNote&) = delete;
 
     [[nodiscard]] const std::vector<const VoceTrova*>& Tutti() const { return Voci; }
+    /// The note in whose file a document of Tutti stands, by its place there.
+    [[nodiscard]] const VoceTrova* NotaDi(size_t Posto) const { return Note[Posto]; }
 
 private:
     std::deque<VoceTrova> Prima;  // their addresses stay
     std::vector<const VoceTrova*> Voci;
+    std::vector<const VoceTrova*> Note;
 };
 
 /// What is open of a client.
@@ -102,10 +106,16 @@ struct ApertoTutto
     friend bool operator==(const ApertoTutto&, const ApertoTutto&) = default;
 };
 /// Clients with a key are told apart by it, others by their name.
-[[nodiscard]] ApertoTutto SommaAperto(const std::vector<const VoceTrova*>& Note);
-/// "Aperto: 12.480,00 in 7 note; Rossi 3.200,00; ...; 2 note senza importo".
+/// @param Tutte the list that the notes are taken of: an invoice is owed once, and less its credit note,
+/// whether or not a filter shows the other file; empty: the notes are all
+[[nodiscard]] ApertoTutto SommaAperto(const std::vector<const VoceTrova*>& Note,
+                                      const std::vector<const VoceTrova*>& Tutte = {});
+/// Of a whole list what a filter "Da incassare" leaves: what was asked for and is not paid, taken back or
+/// paid in another file.
+[[nodiscard]] QSet<const VoceTrova*> NoteDaIncassare(const std::vector<const VoceTrova*>& Tutte);
+/// "Aperto: 12.480,00 in 7 parcelle; Rossi 3.200,00; ...; 2 parcelle senza importo noto".
 [[nodiscard]] QString FraseAperto(const ApertoTutto& Somma);
-/// "3.200,00 in 2 note".
+/// "3.200,00 in 2 parcelle".
 [[nodiscard]] QString FraseAperto(const ApertoCliente& Somma);
 
 /// Fiscal code and VAT number.
@@ -123,10 +133,12 @@ struct CodiciCliente
 [[nodiscard]] QStringList RigaScadenzario(const VoceTrova& Nota, const CodiciCliente& Codici,
                                           const LegameFattura& Legame = {});
 /// The rows of the documents of notes, templates left out.
-[[nodiscard]] std::vector<QStringList>
-RigheScadenzario(const std::vector<const VoceTrova*>& Note,
-                 const std::function<CodiciCliente(int IDCli)>& Codici);
+/// @param Tutte as for SommaAperto
+[[nodiscard]] std::vector<QStringList> RigheScadenzario(const std::vector<const VoceTrova*>& Note,
+                                                        const std::function<CodiciCliente(int IDCli)>& Codici,
+                                                        const std::vector<const VoceTrova*>& Tutte = {});
 /// The file: titles and rows.
 /// @param Codici what the archive has for the key of a client
 [[nodiscard]] QByteArray CsvScadenzario(const std::vector<const VoceTrova*>& Note,
-                                        const std::function<CodiciCliente(int IDCli)>& Codici);
+                                        const std::function<CodiciCliente(int IDCli)>& Codici,
+                                        const std::vector<const VoceTrova*>& Tutte = {});

@@ -6,6 +6,7 @@
 #include "feenote/modAcconti.h"
 #include "feenote/modFatturaXml.h"
 #include "feenote/modStato.h"
+#include "platform/system/file.h"
 #include "platform/system/orologio.h"
 
 #include <QDir>

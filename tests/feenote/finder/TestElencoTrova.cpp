@@ -13,6 +13,7 @@ class TestElencoTrova : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void perCheNonCeNeSono();
     void init() { Elenco = {}; }
 
     void leCelle();
@@ -229,6 +230,17 @@ void TestElencoTrova::togliERinomina()
     QCOMPARE(Elenco.Righe(), 5);
     QCOMPARE(NumeroErrore([&] { (void)Elenco.Voce(5); }), 9);
     QCOMPARE(NumeroErrore([&] { (void)Elenco.Voce(-1); }), 9);
+}
+
+void TestElencoTrova::perCheNonCeNeSono()
+{
+    QCOMPARE(Elenco.FraseVuota(), u"In questa cartella non ci sono parcelle."_s);
+    Elenco.Filtra(u"alfa"_s);
+    QCOMPARE(Elenco.FraseVuota(), u"Nessuna parcella contiene il testo scritto."_s);
+    Elenco.FiltraStato(FiltroStato::Pagata);
+    QCOMPARE(Elenco.FraseVuota(), u"Nessuna parcella nello stato scelto contiene il testo scritto."_s);
+    Elenco.Filtra(u"  "_s);
+    QCOMPARE(Elenco.FraseVuota(), u"Nessuna parcella è nello stato scelto."_s);
 }
 
 #include "TestElencoTrova.moc"

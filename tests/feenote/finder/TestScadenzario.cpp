@@ -443,14 +443,14 @@ void TestScadenzario::storni()
 
 void TestScadenzario::frasi()
 {
-    QCOMPARE(FraseAperto(ApertoTutto{0, 0, 5, 0, {}}), u"Aperto non noto: 5 note senza importo"_s);
-    QCOMPARE(FraseAperto(ApertoTutto{}), u"Aperto: 0,00 in 0 note"_s);
+    QCOMPARE(FraseAperto(ApertoTutto{0, 0, 5, 0, {}}), u"Aperto non noto: 5 parcelle senza importo"_s);
+    QCOMPARE(FraseAperto(ApertoTutto{}), u"Aperto: 0,00 in 0 parcelle"_s);
     QCOMPARE(
         FraseAperto(ApertoTutto{12480, 7, 2, 0, {{u"Rossi"_s, 9280, 1}, {QString(), 3200, 6}}}),
-        u"Aperto: 12.480,00 in 7 note; 2 note senza importo noto; Rossi 9.280,00; senza cliente 3.200,00"_s);
+        u"Aperto: 12.480,00 in 7 parcelle; 2 parcelle senza importo noto; Rossi 9.280,00; senza cliente 3.200,00"_s);
     QCOMPARE(FraseAperto(ApertoTutto{5, 1, 1, 2, {}}),
-             u"Aperto: 5,00 in 1 nota; 1 nota senza importo noto; 2 copie non contate"_s);
-    QCOMPARE(FraseAperto(ApertoCliente{u"Rossi"_s, 3200, 2}), u"3.200,00 in 2 note"_s);
+             u"Aperto: 5,00 in 1 parcella; 1 parcella senza importo noto; 2 copie non contate"_s);
+    QCOMPARE(FraseAperto(ApertoCliente{u"Rossi"_s, 3200, 2}), u"3.200,00 in 2 parcelle"_s);
     QCOMPARE(ParoleFiltroStato().size(), VociFiltroStato().size());
 }
 

@@ -5,6 +5,7 @@
 #include "feenote/finder/elencotrova.h"
 #include "feenote/finder/memoriatrova.h"
 #include "feenote/modAcconti.h"
+#include "feenote/modDuplica.h"
 #include "feenote/modFatturaXml.h"
 #include "feenote/modStato.h"
 #include "platform/system/orologio.h"
@@ -28,6 +29,10 @@ private Q_SLOTS:
     void seguitaDaUnAltra();
     void citataAltrove();
     void inUnFileSuo();
+    void colNumeroDelFoglio();
+    void primaDelNumero();
+    void sottoUnFiltro();
+    void pagataNellAltroFile();
     void inElenco();
     void ilRovescioDeiNumeri();
 
@@ -295,6 +300,116 @@ void TestScadenzarioStorni::inUnFileSuo()
              QStringList{u"Nota di credito 13 del 09/11/2026, della fattura 7: -1.459,12"_s});
     QCOMPARE(ParolaStato(Righe[0]), u"Fatturata"_s);
     QCOMPARE(ApertoDi(Righe[0]), std::optional(0.0));
+}
+
+/// The box says "12", paper and electronic file "12/2026": it is one invoice.
+void TestScadenzarioStorni::colNumeroDelFoglio()
+{
+    Parcella Fattura = Nota();
+    Emetti(Fattura, u"12"_s);
+    Scrivi(Fattura, u"fattura.mdb"_s);
+    Parcella Credito = Duplicata(Fattura, true);
+    Credito.txtDatiPar[DatoNumFatt] = u"12/2026"_s;
+    Credito.txtDatiPar[DatoDataFatt] = u"9/11/2026"_s;
+    Emetti(Credito, u"13"_s, true);
+    Scrivi(Credito, u"credito.mdb"_s);
+    QCOMPARE(SommaAperto(Note).Aperto, 0.0);
+    QVERIFY(Tabella().contains(u"Fattura analitica|12|1150,00|1459,12|0,00|0,00"_s));
+    QVERIFY(Tabella().contains(u"Nota di credito della fattura 12/2026|13|-1150,00|-1459,12|0,00|0,00"_s));
+    Parcella Copia = Nota();
+    Emetti(Copia, u"12/2026"_s);
+    Scrivi(Copia, u"copia.mdb"_s);
+    QCOMPARE(SommaAperto(Note).Copie, 1);
+    QCOMPARE(SommaAperto(Note).Aperto, 0.0);
+    // The year of another date is part of the number.
+    Parcella Altra = Nota();
+    Emetti(Altra, u"12/2025"_s);
+    Scrivi(Altra, u"d.mdb"_s);
+    QCOMPARE(SommaAperto(Note).Aperto, 1459.12);
+}
+
+/// The draft of a credit note is no money to be cashed, and takes nothing back yet.
+void TestScadenzarioStorni::primaDelNumero()
+{
+    Parcella Fattura = Nota();
+    Emetti(Fattura, u"12"_s);
+    Scrivi(Fattura, u"fattura.mdb"_s);
+    for (const bool AMano : {false, true}) {
+        Parcella Credito = Duplicata(Fattura, true);
+        Credito.FatturaXml.Tipo = u"TD04"_s;
+        Credito.FatturaXml.CitataNumero = u"12"_s;
+        Credito.FatturaXml.CitataData = u"09/11/2026"_s;
+        (void)(AMano ? ScegliStato(Credito, Inviata) : NotaInviata(Credito, StampaFatturaAnalitica));
+        Scrivi(Credito, u"credito.mdb"_s);
+        QCOMPARE(SommaAperto(Note).Aperto, 1459.12);
+        QCOMPARE(SommaAperto(Note).Note, 1);
+        QVERIFY(Tabella().contains(u"Nota di credito della fattura 12||||0,00|0,00"_s));
+    }
+}
+
+/// What a filter leaves out still takes back and still holds an invoice a second time.
+void TestScadenzarioStorni::sottoUnFiltro()
+{
+    Parcella Fattura = Nota();
+    Emetti(Fattura, u"12"_s);
+    Scrivi(Fattura, u"fattura.mdb"_s);
+    Parcella Credito = Duplicata(Fattura, true);
+    Credito.txtDatiPar[DatoNumFatt] = u"12"_s;
+    Credito.txtDatiPar[DatoDataFatt] = u"09/11/2026"_s;
+    Credito.xOnorari(0, OnoImporto) = 100.0;
+    Emetti(Credito, u"13"_s, true);
+    Scrivi(Credito, u"credito.mdb"_s);
+    ElencoTrova Elenco;
+    Elenco.Azzera(false);
+    for (const VoceTrova& Una : Righe)
+        Elenco.Aggiungi(VoceTrova(Una));
+    Elenco.FiltraStato(FiltroStato::DaIncassare);
+    QCOMPARE(Elenco.Note(), 1);
+    QCOMPARE(Elenco.Voce(0).Nome, u"fattura"_s);
+    QCOMPARE(SommaAperto(Elenco.NoteMostrate(), Elenco.NoteTutte()).Aperto, 1313.21);
+    const QByteArray Csv = CsvScadenzario(
+        Elenco.NoteMostrate(), [](int) { return CodiciCliente(); }, Elenco.NoteTutte());
+    QCOMPARE(Csv.count("\r\n"), 2);
+    QVERIFY(Csv.contains(";1459,12;0,00;1313,21;fattura\r\n"));
+    Elenco.FiltraStato(FiltroStato::Tutte);
+    Elenco.Filtra(u"fattura"_s);
+    QCOMPARE(Elenco.Note(), 1);
+    QCOMPARE(SommaAperto(Elenco.NoteMostrate(), Elenco.NoteTutte()).Aperto, 1313.21);
+    // Taken back whole it waits for nobody's money.
+    Credito.xOnorari(0, OnoImporto) = 1000.0;
+    (void)NotaInviata(Credito, StampaFatturaAnalitica);
+    Scrivi(Credito, u"credito.mdb"_s);
+    Elenco.Azzera(false);
+    Elenco.Filtra({});
+    Elenco.FiltraStato(FiltroStato::DaIncassare);
+    for (const VoceTrova& Una : Righe)
+        Elenco.Aggiungi(VoceTrova(Una));
+    Elenco.Ordina();
+    QCOMPARE(Elenco.Note(), 0);
+    QCOMPARE(Elenco.TutteLeNote(), 2);
+}
+
+void TestScadenzarioStorni::pagataNellAltroFile()
+{
+    Parcella Fattura = Nota();
+    Emetti(Fattura, u"12"_s);
+    Scrivi(Fattura, u"prima.mdb"_s);
+    (void)ScegliStato(Fattura, Pagata);
+    Scrivi(Fattura, u"dopo.mdb"_s);
+    QFile Indietro(Cartella + u"prima.mdb"_s);
+    QVERIFY(Indietro.open(QIODevice::ReadWrite));
+    QVERIFY(
+        Indietro.setFileTime(QDateTime::currentDateTime().addDays(-9), QFileDevice::FileModificationTime));
+    Indietro.close();
+    Leggi();
+    QCOMPARE(NoteDaIncassare(Note).size(), 0);
+    VoceTrova& Prima = Righe[0].Nome == u"prima" ? Righe[0] : Righe[1];
+    QCOMPARE(Prima.Nome, u"prima"_s);
+    QCOMPARE(SommaAperto({&Prima}).Aperto, 1459.12);  // alone it is the only one
+    QCOMPARE(SommaAperto({&Prima}, Note), (ApertoTutto{0, 0, 0, 1, {}}));
+    // The other way round: the last one saved is owed.
+    Prima.Modificata += qint64(30) * 24 * 3600 * 1000;
+    QCOMPARE(NoteDaIncassare(Note), QSet<const VoceTrova*>{&Prima});
 }
 
 /// Templates, folders and notes of before have one row or none.

@@ -29,6 +29,9 @@ private Q_SLOTS:
 
     void leNoteELeCartelle();
     void quelCheNonENota();
+    void fraseParziale_data();
+    void fraseParziale();
+    void quelCheNonSiLegge();
     void quelCheNonEUnFile();
     void ilNomeCercato_data();
     void ilNomeCercato();
@@ -149,6 +152,51 @@ void TestTrova::quelCheNonENota()
 
     QCOMPARE(NomiTrovati(Qui()), (QStringList{u"[cartella.mdb]"_s, u"buona"_s}));
     QCOMPARE(Conto.Archivi, 1);
+    QCOMPARE(Conto.NonLetti, 1);  // the cut note: what it held is in no sum
+    QCOMPARE(FraseParziale(Conto), u"1 file non letto"_s);
+    QCOMPARE(NomiTrovati(Qui()).size(), 2);
+    QCOMPARE(Conto.NonLetti, 1);  // looked at again, it counts again
+}
+
+void TestTrova::fraseParziale_data()
+{
+    QTest::addColumn<int>("File");
+    QTest::addColumn<int>("Cartelle");
+    QTest::addColumn<bool>("Interrotta");
+    QTest::addColumn<QString>("Frase");
+    QTest::newRow("all") << 0 << 0 << false << QString();
+    QTest::newRow("a file") << 1 << 0 << false << u"1 file non letto"_s;
+    QTest::newRow("files") << 2 << 0 << false << u"2 file non letti"_s;
+    QTest::newRow("a folder") << 0 << 1 << false << u"1 cartella non letta"_s;
+    QTest::newRow("folders") << 0 << 3 << false << u"3 cartelle non lette"_s;
+    QTest::newRow("both") << 2 << 1 << false << u"2 file e 1 cartella non letti"_s;
+    QTest::newRow("stopped") << 0 << 0 << true << u"ricerca interrotta"_s;
+    QTest::newRow("both ways") << 1 << 0 << true << u"1 file non letto; ricerca interrotta"_s;
+}
+
+void TestTrova::fraseParziale()
+{
+    QFETCH(int, File);
+    QFETCH(int, Cartelle);
+    QFETCH(bool, Interrotta);
+    QTEST(FraseParziale({9, 9, 9, Interrotta, File, Cartelle}), "Frase");
+}
+
+/// What the system does not let be read is missing in every sum.
+void TestTrova::quelCheNonSiLegge()
+{
+    SalvaNota(Radice + u"buona.mdb"_s);
+    SalvaNota(Radice + u"vietata.mdb"_s);
+    SalvaNota(Radice + u"sotto/altra.mdb"_s);
+    QVERIFY(QFile::setPermissions(Radice + u"vietata.mdb"_s, {}));
+    QVERIFY(QFile::setPermissions(Radice + u"sotto"_s, {}));
+    CriterioTrova Tutte = Qui();
+    Tutte.Sottocartelle = true;
+    (void)NomiTrovati(Tutte);
+    QVERIFY(
+        QFile::setPermissions(Radice + u"sotto"_s, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    QCOMPARE(Conto.Archivi, 1);
+    QCOMPARE(FraseParziale(Conto), u"1 file e 1 cartella non letti"_s);
 }
 
 /// Whoever opened one of these would wait for somebody at its other end, or read for ever.

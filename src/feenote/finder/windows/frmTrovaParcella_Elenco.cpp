@@ -264,10 +264,7 @@ void frmTrovaParcella::Rimostra(const QString& Corrente, int PrimaRiga)
     Griglia* Lista = ui->tdbParcelle;
     Aperte = NoteAperte();
     const bool Filtrate = Righe.Filtrato();
-    const bool PerTesto = !Righe.Filtro().trimmed().isEmpty();
-    Lista->FraseVuota(!Filtrate  ? u"In questa cartella non ci sono parcelle."_s
-                      : PerTesto ? u"Nessuna parcella contiene il testo scritto."_s
-                                 : u"Nessuna parcella è nello stato scelto."_s);
+    Lista->FraseVuota(Righe.FraseVuota());
     Lista->Rilega();
     Lista->ImpostaPrimaRiga(PrimaRiga);
     if (const auto Riga = Righe.RigaDi(Corrente))

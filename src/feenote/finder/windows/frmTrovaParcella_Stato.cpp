@@ -60,9 +60,12 @@ void frmTrovaParcella::MostraAperto()
         ui->cmdPerCliente->setEnabled(false);
         return;
     }
-    const ApertoTutto Somma = SommaAperto(Righe.NoteMostrate());
+    const ApertoTutto Somma = SommaAperto(Righe.NoteMostrate(), Righe.NoteTutte());
     const bool Niente = Somma.Note == 0 && Somma.Ignote == 0;
-    ui->lblAperto->setText(Niente ? u"Niente da incassare tra le parcelle mostrate."_s : FraseAperto(Somma));
+    QStringList Frasi{Niente ? u"Niente da incassare tra le parcelle mostrate"_s : FraseAperto(Somma)};
+    if (const QString Parziale = FraseParziale(Conto); !Parziale.isEmpty())
+        Frasi += Parziale;
+    ui->lblAperto->setText(Frasi.join(u"; "_s) + (Niente ? u"."_s : QString()));
     ui->lblAperto->setToolTip(ui->lblAperto->text());
     RiempiPerCliente(Somma);
 }
@@ -82,7 +85,7 @@ void frmTrovaParcella::RiempiPerCliente(const ApertoTutto& Somma)
         });
     }
     if (const qsizetype Altri = Somma.Clienti.size() - MassimiNelMenu; Altri > 0)
-        Tendina->addAction(u"e altri %1"_s.arg(Altri))->setEnabled(false);
+        Tendina->addAction(Altri == 1 ? u"e un altro"_s : u"e altri %1"_s.arg(Altri))->setEnabled(false);
 }
 
 void frmTrovaParcella::EsportaCsv()
@@ -102,15 +105,22 @@ void frmTrovaParcella::EsportaCsv()
     const std::vector<const VoceTrova*> Note = Righe.NoteMostrate();
     const auto SoloModelli = std::ranges::count_if(Note, [](const VoceTrova* Nota) { return Nota->Modello; });
     const auto Quante = std::ssize(Note) - SoloModelli;
+    QString Manca = FraseParziale(Conto);
     if (!Protetta([&] {
             const ClessidraAccesa Attesa;
-            ScriviFile(File, CsvScadenzario(Note, [this](int Chi) { return Nomi.Codici(Chi); }),
+            ScriviFile(File,
+                       CsvScadenzario(
+                           Note, [this](int Chi) { return Nomi.Codici(Chi); }, Righe.NoteTutte()),
                        Lettori::SoloUtente);
+            if (Nomi.Guasto())
+                Manca += (Manca.isEmpty() ? QString() : u"; "_s) +
+                         u"codici fiscali e partite IVA, perché l'archivio dei clienti non si legge"_s;
             Nomi.Chiudi();
         }))
         return;
     MostraEsportato(
         (Quante == 1 ? u"1 parcella esportata"_s : Format(int(Quante), u"#,##0") + u" parcelle esportate"_s) +
-            u" in \""_s + NomeFile(File) + u"\"."_s,
+            u" in \""_s + NomeFile(File) + u"\"."_s +
+            (Manca.isEmpty() ? QString() : u"\nAttenzione, il foglio non è completo: "_s + Manca + u'.'),
         File);
 }
