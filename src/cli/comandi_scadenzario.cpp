@@ -82,7 +82,8 @@ Risposta ComandoScadenzario(const QStringList& Valori, const QString& Stato, con
                 {{u"esportate"_s, Quante},
                  {u"file"_s, File},
                  {u"nonLetti"_s, Conto.NonLetti},
-                 {u"cartelleNonLette"_s, Conto.CartelleNonLette}},
+                 {u"cartelleNonLette"_s, Conto.CartelleNonLette},
+                 {u"nomiIlleggibili"_s, Conto.NomiIlleggibili}},
                 !Parziale.isEmpty()};
     }
     const ApertoTutto Somma = SommaAperto(Note, Elenco.NoteTutte());
@@ -95,6 +96,7 @@ Risposta ComandoScadenzario(const QStringList& Valori, const QString& Stato, con
              {u"copie"_s, Somma.Copie},
              {u"nonLetti"_s, Conto.NonLetti},
              {u"cartelleNonLette"_s, Conto.CartelleNonLette},
+             {u"nomiIlleggibili"_s, Conto.NomiIlleggibili},
              {u"clienti"_s, Descritti(Somma)}},
             false};
 }

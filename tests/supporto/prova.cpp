@@ -5,6 +5,8 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include <filesystem>
+
 #ifdef Q_OS_LINUX
 #include <cerrno>
 #include <csignal>
@@ -13,6 +15,15 @@
 #endif
 
 namespace {
+
+/// The toolkit does not see names that are no text, and leaves them with their folder; it opens closed ones.
+void TogliIntera(const QString& Cartella)
+{
+    std::error_code Guasto;
+    std::filesystem::remove_all(Cartella.toStdString(), Guasto);
+    if (Guasto)
+        QDir(Cartella).removeRecursively();
+}
 
 /// The number of the process stands behind it.
 const QString NomeDiProva = QStringLiteral("calcanova-prova-");
@@ -57,16 +68,26 @@ void TogliCartelleDeiMorti(const QString& Dove)
         const int Processo = Voce.fileName().mid(NomeDiProva.size()).section(u'-', 0, 0).toInt(&Numero);
         if (Numero && Processo > 0 && Voce.ownerId() == ::geteuid() && ::kill(Processo, 0) != 0 &&
             errno == ESRCH)
-            QDir(Voce.filePath()).removeRecursively();
+            TogliIntera(Voce.filePath());
     }
 #else
     Q_UNUSED(Dove)
 #endif
 }
 
+namespace {
+
+struct RadiceDiProva : QTemporaryDir
+{
+    using QTemporaryDir::QTemporaryDir;
+    ~RadiceDiProva() { TogliIntera(path()); }
+};
+
+}  // namespace
+
 QString CartellaDiProva()
 {
-    static const QTemporaryDir Radice([] {
+    static const RadiceDiProva Radice([] {
         const QString Dove = CartellaTemporanea();
         TogliCartelleDeiMorti(Dove);
         return Dove + u'/' + NomeDiProva + QString::number(QCoreApplication::applicationPid()) +

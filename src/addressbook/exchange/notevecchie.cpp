@@ -15,13 +15,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What stands below a folder: paths of the databases, from it on, in the order of a reader, and folders that
-/// were not looked into.
+/// What stands below a folder: paths of the databases, from it on, in the order of a reader, and what was
+/// not looked into.
 struct Trovate
 {
     QStringList File;
     QList<EsitoNota> Saltate;
 };
+
+/// A name that is no text, as old disks and foreign zips leave them.
+constexpr QStringView NomeIlleggibile =
+    u"il nome ha lettere che non si leggono: rinominare e ripetere la copia";
+
+bool ENomeDiDatabase(const QString& Nome)
+{
+    return Nome.endsWith(u".mdb", Qt::CaseInsensitive) || Nome.endsWith(u".accdb", Qt::CaseInsensitive);
+}
 
 [[noreturn]] void TroppiFile(const QString& Radice)
 {
@@ -40,18 +49,25 @@ void Raccogli(const QString& Radice, const QString& Sotto, int Fondo, const std:
     QStringList Dentro;
     const qsizetype Prima = Tutte.File.size();
     try {
-        (void)ScorriCartella(Radice + Sotto, [&](VoceCartella&& Voce) {
-            if (Voce.Cartella && Voce.Collegamento)
-                Salta(Barra(Sotto + Voce.Nome), u"collegamento a un'altra cartella"_s);
-            else if (Voce.Cartella)
-                Dentro.append(Barra(Sotto + Voce.Nome));
-            else if (Voce.Nome.endsWith(u".mdb", Qt::CaseInsensitive) ||
-                     Voce.Nome.endsWith(u".accdb", Qt::CaseInsensitive))
-                Tutte.File.append(Sotto + Voce.Nome);
-            if (Tutte.File.size() > notevecchie::MassimoFile)
-                TroppiFile(Radice);
-            return true;
-        });
+        (void)ScorriCartella(
+            Radice + Sotto,
+            [&](VoceCartella&& Voce) {
+                if (Voce.Cartella && Voce.Collegamento)
+                    Salta(Barra(Sotto + Voce.Nome), u"collegamento a un'altra cartella"_s);
+                else if (Voce.Cartella)
+                    Dentro.append(Barra(Sotto + Voce.Nome));
+                else if (ENomeDiDatabase(Voce.Nome))
+                    Tutte.File.append(Sotto + Voce.Nome);
+                if (Tutte.File.size() > notevecchie::MassimoFile)
+                    TroppiFile(Radice);
+                return true;
+            },
+            [&](const VoceCartella& Voce) {
+                if (Voce.Cartella)
+                    Salta(Barra(Sotto + Voce.Nome), NomeIlleggibile.toString());
+                else if (ENomeDiDatabase(Voce.Nome))
+                    Tutte.Saltate.append({.Nome = Sotto + Voce.Nome, .Detto = NomeIlleggibile.toString()});
+            });
     } catch (const Errore& Guasto) {
         if (Sotto.isEmpty() || Guasto.Numero == NumeroFileRifiutato)
             throw;

@@ -40,7 +40,8 @@ inline int MassimoFile = 50'000;
 
 /// Copies the databases of a folder and of those below it into another one, in the same tree. A file that is
 /// there already is never replaced; the old ones are only read. A folder that is not looked into, because it
-/// lies too deep, is a link, or cannot be read, is told behind the files.
+/// lies too deep, is a link, or cannot be read, is named behind the files, and so is what has a name that is
+/// no text.
 /// @param Prosegui asked between files and while one is copied; false stops it, and what was copied goes
 /// again
 /// @return what became of each file; none when it was stopped

@@ -136,6 +136,16 @@ QString Quanti(int Numero, const QString& Uno, const QString& Molti)
     return QString::number(Numero) + u' ' + (Numero == 1 ? Uno : Molti);
 }
 
+QString CartelleNonLette(const ContoTrova& Conto)
+{
+    return Quanti(Conto.CartelleNonLette, u"cartella non letta"_s, u"cartelle non lette"_s);
+}
+
+QString NomiIlleggibili(const ContoTrova& Conto)
+{
+    return Quanti(Conto.NomiIlleggibili, u"nome illeggibile"_s, u"nomi illeggibili"_s) + u", da rinominare"_s;
+}
+
 bool ENomeDiNota(const QString& Nome, QStringView Modello)
 {
     return Nome.endsWith(Modello.mid(1), Qt::CaseInsensitive);  // the pattern is "*" and an ending
@@ -162,7 +172,12 @@ QString FraseEsito(const ContoTrova& Conto)
             : u"Trovati %1 archivi in %2 cartelle per un totale di %3 KBytes"_s.arg(Conto.Archivi)
                   .arg(Conto.Cartelle)
                   .arg(KByte(Conto.Byte));
-    return Conto.Interrotta ? Frase + u" (ricerca interrotta)"_s : Frase;
+    QStringList Parti{Frase};
+    if (Conto.CartelleNonLette > 0)
+        Parti += CartelleNonLette(Conto);
+    if (Conto.NomiIlleggibili > 0)
+        Parti += NomiIlleggibili(Conto);
+    return Parti.join(u"; "_s) + (Conto.Interrotta ? u" (ricerca interrotta)"_s : QString());
 }
 
 /// One of Access waits for its turn: its copy is made by a program of its own.
@@ -189,7 +204,9 @@ QString FraseParziale(const ContoTrova& Conto)
     else if (Conto.NonLetti > 0)
         Parti += File + (Conto.NonLetti == 1 ? u" non letto"_s : u" non letti"_s);
     else if (Conto.CartelleNonLette > 0)
-        Parti += Cartelle + (Conto.CartelleNonLette == 1 ? u" non letta"_s : u" non lette"_s);
+        Parti += CartelleNonLette(Conto);
+    if (Conto.NomiIlleggibili > 0)
+        Parti += NomiIlleggibili(Conto);
     if (Conto.Interrotta)
         Parti += u"ricerca interrotta"_s;
     return Parti.join(u"; "_s);
@@ -234,13 +251,19 @@ void CamminoTrova::FindFiles(const QString& Cartella, const QString& Modello)
     // The names come first, so that rows appear in their order.
     QList<VoceCartella> Cartelle;
     QList<VoceCartella> File;
-    const bool Intera = ScorriCartella(Cartella, [&](VoceCartella&& Trovata) {
-        if (Trovata.Cartella)
-            Cartelle.append(std::move(Trovata));
-        else if (ENomeDiNota(Trovata.Nome, Modello) && Cercato(Trovata.Nome))
-            File.append(std::move(Trovata));
-        return Avanti();
-    });
+    const bool Intera = ScorriCartella(
+        Cartella,
+        [&](VoceCartella&& Trovata) {
+            if (Trovata.Cartella)
+                Cartelle.append(std::move(Trovata));
+            else if (ENomeDiNota(Trovata.Nome, Modello) && Cercato(Trovata.Nome))
+                File.append(std::move(Trovata));
+            return Avanti();
+        },
+        [&](const VoceCartella& Trovata) {
+            const bool Nota = ENomeDiNota(Trovata.Nome, Modello) && Cercato(Trovata.Nome);
+            Conto.NomiIlleggibili += Trovata.Cartella || Nota;
+        });
     ++Conto.Cartelle;
     const auto PerNome = [](const VoceCartella& Una) -> const QString& { return Una.Nome; };
     OrdinaItaliano(Cartelle, PerNome);

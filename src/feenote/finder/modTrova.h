@@ -89,14 +89,15 @@ struct ContoTrova
     bool Interrotta = false;
     int NonLetti = 0;          ///< files that may be notes: damaged ones, and those that the system refuses
     int CartelleNonLette = 0;  ///< below the first
+    int NomiIlleggibili = 0;   ///< notes and folders whose names are no text; see ScorriCartella
 
     friend bool operator==(const ContoTrova&, const ContoTrova&) = default;
 };
 
 /// The text of the status bar behind a walk.
 [[nodiscard]] QString FraseEsito(const ContoTrova& Conto);
-/// What sums of its rows do not hold: "2 file e 1 cartella non letti", "ricerca interrotta"; empty: they hold
-/// all.
+/// What sums of its rows do not hold: "2 file e 1 cartella non letti", "1 nome illeggibile, da
+/// rinominare", "ricerca interrotta"; empty: they hold all.
 [[nodiscard]] QString FraseParziale(const ContoTrova& Conto);
 /// What is said while it runs, and where nothing was found.
 inline constexpr QStringView FraseRicerca =
@@ -118,7 +119,7 @@ public:
                  std::function<bool()> Continua, std::shared_ptr<MemoriaTrova> Ricordi);
 
     /// Walks the folder of the criterion and, if asked to, those below it. A folder below that cannot be read
-    /// is left out; links to folders are rows but are not followed.
+    /// is counted alone; links to folders are rows but are not followed.
     /// @throws Errore 76 the folder is not there, or has gone meanwhile; 75 it cannot be read
     ContoTrova TrovaParc(const QString& Cartella);
 

@@ -11,27 +11,30 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
 #include <QStandardPaths>
 #include <QStorageInfo>
 
 #include <algorithm>
 #include <cerrno>
 
-#ifdef Q_OS_LINUX
+#ifdef Q_OS_UNIX
 #include <cstdio>
+#include <dirent.h>
 #include <fcntl.h>
+#include <sys/stat.h>
 #endif
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-VoceCartella VoceDi(const QFileInfo& Info)
+VoceCartella VoceDi(const QFileInfo& Info, bool Collegamento)
 {
     VoceCartella Voce;
     Voce.Nome = Info.fileName();
     Voce.Cartella = Info.isDir();
-    Voce.Collegamento = Info.isSymLink() || Info.isJunction();
+    Voce.Collegamento = Collegamento;
     Voce.Byte = Voce.Cartella ? 0 : Info.size();
     Voce.Modificata = Info.lastModified().toMSecsSinceEpoch();
     Voce.SolaLettura = !Info.permission(QFile::WriteOwner);
@@ -48,6 +51,63 @@ void ControllaLeggibile(const QString& Cartella)
     if (!Concessa || !Info.isReadable() || !Info.isExecutable())
         throw Errore(75);
 }
+
+#ifdef Q_OS_UNIX
+/// Goes through the names as the disk has them, because the toolkit's walk passes over those that are no text
+/// and takes a disk that fails for the end of the list.
+bool ScorriNomi(const QString& Nativa, const std::function<bool(VoceCartella&&)>& Prendi,
+                const std::function<void(const VoceCartella&)>& NonLegge)
+{
+    DIR* const Aperta = ::opendir(QFile::encodeName(Nativa).constData());
+    if (!Aperta)
+        throw ErroreDelSistema(errno);
+    const auto Chiusa = qScopeGuard([Aperta] { ::closedir(Aperta); });
+    const auto Prossima = [&] {
+        errno = 0;
+        return ::readdir(Aperta);
+    };
+    while (const dirent* Trovata = Prossima()) {
+        const QByteArrayView Byte(Trovata->d_name);
+        if (Byte.startsWith('.'))
+            continue;
+        const QString Nome = QString::fromUtf8(Byte);
+        if (!Byte.isValidUtf8()) {
+            struct stat Cosa = {};
+            const bool Presente = ::fstatat(::dirfd(Aperta), Trovata->d_name, &Cosa, 0) == 0;
+            VoceCartella Voce;
+            Voce.Nome = Nome;
+            Voce.Cartella = Presente && S_ISDIR(Cosa.st_mode);
+            if (NonLegge && Presente && (Voce.Cartella || S_ISREG(Cosa.st_mode)))
+                NonLegge(Voce);
+            continue;
+        }
+        const QFileInfo Info(Nativa + Nome);
+        if (!Info.isDir() && !Info.isFile())
+            continue;
+        const bool Collegamento =
+            Trovata->d_type == DT_LNK || (Trovata->d_type == DT_UNKNOWN && Info.isSymLink());
+        if (!Prendi(VoceDi(Info, Collegamento)))
+            return false;
+    }
+    if (errno != 0)
+        throw ErroreDelSistema(errno);
+    return true;
+}
+#else
+bool ScorriNomi(const QString& Nativa, const std::function<bool(VoceCartella&&)>& Prendi,
+                const std::function<void(const VoceCartella&)>&)
+{
+    QDirIterator Cammino(Nativa, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot);
+    while (Cammino.hasNext()) {
+        Cammino.next();
+        const QFileInfo Info = Cammino.fileInfo();
+        const bool Collegamento = Info.isSymLink() || Info.isJunction();
+        if ((Info.isDir() || Info.isFile()) && !Prendi(VoceDi(Info, Collegamento)))
+            return false;
+    }
+    return true;
+}
+#endif
 
 /// Where the system mounts what belongs to itself, not to a user.
 bool DelSistema(const QString& Percorso)
@@ -84,19 +144,15 @@ int Rinomina(const QString& Da, const QString& A)
 
 }  // namespace
 
-bool ScorriCartella(const QString& Cartella, const std::function<bool(VoceCartella&&)>& Prendi)
+bool ScorriCartella(const QString& Cartella, const std::function<bool(VoceCartella&&)>& Prendi,
+                    const std::function<void(const VoceCartella&)>& NonLegge)
 {
     const QString Nativa = Barra(Cartella);
     if (const auto Attesa = guasti::PrimaDiScorrere)
         Attesa(Nativa);
     ControllaLeggibile(Nativa);
-    QDirIterator Cammino(Nativa, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot);
-    while (Cammino.hasNext()) {
-        Cammino.next();
-        const QFileInfo Info = Cammino.fileInfo();
-        if ((Info.isDir() || Info.isFile()) && !Prendi(VoceDi(Info)))
-            return false;
-    }
+    if (!ScorriNomi(Nativa, Prendi, NonLegge))
+        return false;
     // A folder that goes meanwhile ends the list like a complete one.
     if (!EsisteCartella(Nativa))
         throw Errore(76);

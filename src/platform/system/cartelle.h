@@ -21,9 +21,12 @@ struct VoceCartella
 /// Goes through one folder in no order. Left out are hidden entries, "." and "..", and whatever is neither a
 /// file nor a folder: links that lead nowhere, pipes. It speaks to nobody and may run in a thread of its own.
 /// @param Prendi false ends it
+/// @param NonLegge takes the files and folders whose names are no text, as old disks and foreign zips leave
+/// them: no path of the program leads there. The bytes that are no letters stand in the name as U+FFFD
 /// @return false when it was ended so
-/// @throws Errore 76 no such folder, 75 it cannot be read
-bool ScorriCartella(const QString& Cartella, const std::function<bool(VoceCartella&&)>& Prendi);
+/// @throws Errore 76 no such folder, 75 it cannot be read, 57 the disk fails on the way
+bool ScorriCartella(const QString& Cartella, const std::function<bool(VoceCartella&&)>& Prendi,
+                    const std::function<void(const VoceCartella&)>& NonLegge = {});
 
 /// Names of the files in a folder that end so, whatever their case, hidden ones too, in the order of a
 /// reader. None of a folder that is not there or cannot be read.

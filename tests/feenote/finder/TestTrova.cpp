@@ -53,6 +53,7 @@ private Q_SLOTS:
     void laSottocartellaChiusa();
     void laSecondaVoltaNonSiApre();
     void ilFileCambiatoSiRilegge();
+    void quelCheNonSiGuarda();
     void frasi_data();
     void frasi();
     void nomiDiOgniScrittura();
@@ -501,6 +502,30 @@ void TestTrova::ilFileCambiatoSiRilegge()
     SalvaNota(Nota, u"Bianchi"_s);
     Data(Nota, QDateTime::currentDateTime().addSecs(-30));
     QCOMPARE(Trova(Qui()).first().Cliente, u"Bianchi"_s);
+}
+
+/// A list that is not all there is says so.
+void TestTrova::quelCheNonSiGuarda()
+{
+    SalvaNota(Radice + u"Società.mdb"_s);
+    const QByteArray Dove = QFile::encodeName(Radice);
+    const QByteArray Bella = QFile::encodeName(Radice + u"Società.mdb"_s);
+    QCOMPARE(::link(Bella.constData(), (Dove + "Societ\xe0.mdb").constData()), 0);
+    QCOMPARE(::link(Bella.constData(), (Dove + "lettera\xe0.txt").constData()), 0);
+    QCOMPARE(::mkdir((Dove + "Citt\xe0").constData(), 0700), 0);
+    QVERIFY(QDir().mkpath(Radice + u"chiusa"_s));
+    QVERIFY(QFile::setPermissions(Radice + u"chiusa"_s, {}));
+    const auto Apri = qScopeGuard([this] {
+        QFile::setPermissions(Radice + u"chiusa"_s, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    });
+    QCOMPARE(NomiTrovati(Qui({}, true)), (QStringList{u"[chiusa]"_s, u"Società"_s}));
+    const QString Frase = FraseEsito(Conto);
+    QVERIFY2(Frase.endsWith(u" KBytes; 1 cartella non letta; 2 nomi illeggibili, da rinominare"_s),
+             qPrintable(Frase));
+    QCOMPARE(FraseParziale(Conto), u"1 cartella non letta; 2 nomi illeggibili, da rinominare"_s);
+    // A note that is not looked for is none that is missing.
+    (void)Trova(Qui(u"altro"_s, true));
+    QCOMPARE(Conto.NomiIlleggibili, 1);
 }
 
 void TestTrova::frasi_data()

@@ -9,7 +9,9 @@
 #include <QDir>
 #include <QFile>
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -20,6 +22,7 @@ class TestCartelle : public QObject
 
 private Q_SLOTS:
     void leVociDiUnaCartella();
+    void nomiCheNonSonoTesto();
     void siFermaQuandoSiVuole();
     void cartelleCheNonSiLeggono();
     void cartellaCheSparisce();
@@ -57,6 +60,33 @@ void TestCartelle::leVociDiUnaCartella()
     }));
     Viste.sort();
     QCOMPARE(Viste, (QStringList{u"dentro d 0"_s, u"giro dl 0"_s, u"nota.mdb fr 5"_s}));
+}
+
+void TestCartelle::nomiCheNonSonoTesto()
+{
+    const QString Qui = NuovaCartella();
+    ScriviFile(Qui + u"Società.mdb"_s, "x");
+    const QByteArray Dove = QFile::encodeName(Qui);
+    for (const char* Nome : {"Societ\xe0.mdb", "tronca.\xc3", ".nascosta\xe0"}) {
+        const int Aperto = ::open((Dove + Nome).constData(), O_CREAT | O_WRONLY | O_CLOEXEC, 0600);
+        QVERIFY(Aperto >= 0);
+        ::close(Aperto);
+    }
+    QCOMPARE(::mkdir((Dove + "Citt\xe0").constData(), 0700), 0);
+    QCOMPARE(::mkfifo((Dove + "tubo\xe0").constData(), 0600), 0);
+
+    QStringList Lette;
+    QStringList Altre;
+    QVERIFY(ScorriCartella(
+        Qui,
+        [&](VoceCartella&& Voce) {
+            Lette += Voce.Nome;
+            return true;
+        },
+        [&](const VoceCartella& Voce) { Altre += Voce.Nome + (Voce.Cartella ? u"/"_s : QString()); }));
+    Altre.sort();
+    QCOMPARE(Lette, QStringList{u"Società.mdb"_s});
+    QCOMPARE(Altre, (QStringList{u"Citt\uFFFD/"_s, u"Societ\uFFFD.mdb"_s, u"tronca.\uFFFD"_s}));
 }
 
 void TestCartelle::siFermaQuandoSiVuole()
