@@ -63,10 +63,11 @@ private:
             throw Errore(3044);
         if (ByteDelNome(NomeFile(Finale)) > MassimoNomeNota)
             throw Errore(52);
-        if (EsisteCartella(Finale))
-            throw Errore(75);
+        // A folder, a pipe or a device is no note that a save replaces.
+        if (const QFileInfo Presente(Finale); Presente.exists() && !Presente.isFile())
+            throw Errore(errori::Accesso);
         if (!CartellaScrivibile(Cartella))
-            throw Errore(75);
+            throw Errore(errori::Accesso);
         switch (Turno.Prendi(guasti::AttesaTurnoMs)) {
         case FileBlocco::Esito::Preso:
             return;

@@ -46,6 +46,7 @@ private Q_SLOTS:
     void diChiENuova();
     void restaDiChiEra_data();
     void restaDiChiEra();
+    void ilTuboNonSiSostituisce();
     void ilCollegamentoResta();
     void unSecondoNomeTieneQuelCheAveva();
     void ilModelloNasceProtetto();
@@ -125,6 +126,18 @@ void TestPosaFile::restaDiChiEra()
     ImpostaModo(File, mode_t(Era));
     ScriviNota(File, NotaCivile());
     QCOMPARE(Modo(File), Era);
+}
+
+/// A save replaces a fee note, never anything else.
+void TestPosaFile::ilTuboNonSiSostituisce()
+{
+    const Studio Ufficio;
+    const Registratore Messaggi;
+    QCOMPARE(::mkfifo(QFile::encodeName(File).constData(), 0600), 0);
+    QCOMPARE(NumeroErrore([&] { ScriviNota(File, NotaCivile()); }), 75);
+    struct stat Suo = {};
+    QCOMPARE(::stat(QFile::encodeName(File).constData(), &Suo), 0);
+    QVERIFY(S_ISFIFO(Suo.st_mode));
 }
 
 void TestPosaFile::ilCollegamentoResta()
