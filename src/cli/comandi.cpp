@@ -309,8 +309,8 @@ int EseguiTutti(const ComandoCli& Comando, const RigaComando& Chiamata,
     for (QByteArray Letta = Ingresso(); !Letta.isNull(); Letta = Ingresso()) {
         while (Letta.endsWith('\n') || Letta.endsWith('\r'))
             Letta.chop(1);
-        if (!Letta.isEmpty())
-            Uscita(Riga(RispostaCaso(Comando, Chiamata, QString::fromUtf8(Letta)), Chiamata));
+        // An empty line is a case too: the answers stand beside their cases.
+        Uscita(Riga(RispostaCaso(Comando, Chiamata, QString::fromUtf8(Letta)), Chiamata));
     }
     return 0;
 }
@@ -449,7 +449,8 @@ int EseguiCli(const QStringList& Argomenti, const std::function<QByteArray()>& I
         ControllaNorme(*Comando, Chiamata);
         if (!Chiamata.Stato.isEmpty() && !Comando->ConStato)
             throw ErroreUso{u"L'opzione --stato non vale per il comando %1"_s.arg(Comando->Nome)};
-        if (!Chiamata.Stato.isEmpty() && !ParoleFiltroStato().contains(Chiamata.Stato))
+        if (!Chiamata.Stato.isEmpty() &&
+            !ParoleFiltroStato().contains(Chiamata.Stato.trimmed(), Qt::CaseInsensitive))
             throw ErroreUso{u"Stato sconosciuto: %1. Gli stati sono %2."_s.arg(
                 Chiamata.Stato, ParoleFiltroStato().join(u", "_s))};
         if (Comando->ConStato && Chiamata.InSchede)

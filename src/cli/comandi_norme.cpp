@@ -86,8 +86,10 @@ QString NotaDi(const OpzioniTermine& Opzioni)
 
 void Segna(const NormeChieste& Scelta, const QList<VoceAgenda>& Voci)
 {
-    if (!Scelta.Ics.isEmpty())
-        (void)SalvaIcs(Scelta.Ics, Voci);
+    if (Scelta.Ics.isEmpty())
+        return;
+    ControllaUscita(ConEstensioneIcs(Scelta.Ics));
+    (void)SalvaIcs(Scelta.Ics, Voci);
 }
 
 DatiTermine LeggiDatiTermine(const QStringList& Valori)

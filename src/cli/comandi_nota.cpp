@@ -1,6 +1,7 @@
 // The commands of calcanova-cli that work on fee-note files.
 #include "cli/comandi.h"
 
+#include "cli/letture.h"
 #include "feenote/file/modDescrizione.h"
 #include "feenote/file/modLettura.h"
 #include "feenote/file/modMultipla.h"
@@ -156,6 +157,7 @@ Risposta ComandoStampa(const QStringList& Valori, const NotaMultipla& Altra)
     const int Tipo = LeggiTipo(Valori[1]);
     const QString Uscita = PercorsoNativo(Valori[2]);
     const Formato& Formato = FormatoDi(Uscita);
+    ControllaUscita(Uscita);
     const QString Documento = TipoDi(Tipo).Nome.toString();
     Parcella Nota = LeggiNota(Valori[0], Altra);
     // As the list of the print tab would: another document has its own switches and words the client; the one

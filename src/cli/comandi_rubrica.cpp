@@ -3,6 +3,7 @@
 
 #include "addressbook/elencorubrica.h"
 #include "addressbook/exchange/esporta.h"
+#include "cli/letture.h"
 #include "core/sessione.h"
 #include "platform/system/file.h"
 
@@ -16,10 +17,7 @@ Risposta ComandoRubrica(const QStringList& Valori)
     QStringList Righe;
     QJsonArray Nominativi;
     for (const QStringList& Celle : Elenco.Righe) {
-        QStringList Testi = Celle;
-        for (QString& Testo : Testi)
-            Testo.replace(u'\n', u' ').replace(u'\r', u' ');
-        Righe += Testi.join(u'|');
+        Righe += CelleInRiga(Celle);
         QJsonObject Nominativo;
         for (qsizetype i = 0; i < Celle.size(); ++i)
             Nominativo[Elenco.Campi[i]] = Celle[i];
@@ -31,6 +29,7 @@ Risposta ComandoRubrica(const QStringList& Valori)
 
 Risposta ComandoEsporta(const QStringList& Valori, const QString& File, bool InSchede)
 {
+    ControllaUscita(File);
     const Recordset Righe = RigheRubrica(sessione::ArchivioCliCon, Valori[0], Valori.value(1));
     ScriviFile(File, EsportaNominativi(Righe, InSchede ? FormatoEsporta::Vcard : FormatoEsporta::Csv),
                Lettori::SoloUtente);

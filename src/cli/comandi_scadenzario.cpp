@@ -58,6 +58,8 @@ QJsonArray Descritti(const ApertoTutto& Somma)
 
 Risposta ComandoScadenzario(const QStringList& Valori, const QString& Stato, const QString& File)
 {
+    if (!File.isEmpty())
+        ControllaUscita(File);
     Nominativi Nomi;
     ContoTrova Conto;
     const ElencoTrova Elenco = Elencate(Valori, Stato, Nomi, Conto);
@@ -68,10 +70,7 @@ Risposta ComandoScadenzario(const QStringList& Valori, const QString& Stato, con
     QJsonArray Record;
     for (QStringList& Celle : RigheScadenzario(Note, Codici, Elenco.NoteTutte())) {
         Record.append(Descritta(Celle));
-        // One line each: the name of a file may hold a line break.
-        for (const QChar Segno : {u'|', u'\n', u'\r'})
-            Celle.replaceInStrings(Segno, u" "_s);
-        Righe += Celle.join(u'|');
+        Righe += CelleInRiga(std::move(Celle));
     }
     const qsizetype Quante = Righe.size();
     if (!File.isEmpty()) {

@@ -32,15 +32,12 @@ QJsonValue Descritta(const VoceTrova& Voce)
 
 /// The row as it stands in the finder, its cells joined by "|". The state is for `scadenzario`: scripts count
 /// the cells.
-QString InRiga(const VoceTrova& Voce)
+QString RigaDi(const VoceTrova& Voce)
 {
     QStringList Celle;
     for (int Colonna = 0; Colonna <= TrovaCartella; ++Colonna)
         Celle += CellaTrova(Voce, Colonna);
-    // One line each: the name of a file may hold a line break.
-    for (const QChar Segno : {u'\n', u'\r'})
-        Celle.replaceInStrings(Segno, u" "_s);
-    return Celle.join(u'|');
+    return CelleInRiga(Celle);
 }
 
 }  // namespace
@@ -68,7 +65,7 @@ Risposta ComandoTrova(const QStringList& Valori)
     QJsonArray Cartelle;
     for (int Riga = 0; Riga < Elenco.Righe(); ++Riga) {
         const VoceTrova& Voce = Elenco.Voce(Riga);
-        Righe += InRiga(Voce);
+        Righe += RigaDi(Voce);
         (Voce.Genere == GenereVoce::Cartella ? Cartelle : Note).append(Descritta(Voce));
     }
     Righe += FraseEsito(Conto);

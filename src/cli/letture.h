@@ -19,6 +19,14 @@
 /// Position of a word in a list, whatever its case. @throws Errore 5 with the words to choose from
 [[nodiscard]] int LeggiParola(const QString& Nome, const QString& Valore, const QStringList& Parole);
 
+/// Refuses a destination that is a fee note or an archive, or has the name of one: no list or document takes
+/// its place, even where a shell's pattern has put it there. @throws Errore 58, 75
+void ControllaUscita(const QString& File);
+
+/// Cells of an answer on one line, joined by "|": breaks of lines, as names of files may have them, are
+/// spaces, so that scripts count lines and cells.
+[[nodiscard]] QString CelleInRiga(QStringList Celle);
+
 /// A day as the commands write it, "dd/mm/yyyy".
 [[nodiscard]] QString Giorno(const QDate& Data);
 

@@ -24,7 +24,8 @@ RigaComando LeggiRiga(const QStringList& Argomenti)
     for (qsizetype i = 0; i < Argomenti.size(); ++i) {
         const QString& Parola = Argomenti[i];
         const auto Seguente = [&](const QString& Cosa) {
-            if (i + 1 >= Argomenti.size())
+            // An empty value is what a script has forgotten to fill, not an option that was left out.
+            if (i + 1 >= Argomenti.size() || Argomenti[i + 1].isEmpty())
                 throw ErroreUso{u"L'opzione %1 vuole una %2."_s.arg(Parola, Cosa)};
             return Argomenti[++i];
         };

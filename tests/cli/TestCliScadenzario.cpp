@@ -32,6 +32,8 @@ private Q_SLOTS:
     void ilRecord();
     void ilFile();
     void ilFileNonSiScrive();
+    void laParcellaNonSiSostituisce();
+    void unaRigaPerParcella();
     void gliAccontiDellaDescrizione();
     void unaFatturaEIlSuoStorno();
     void sottoUnFiltro();
@@ -127,6 +129,7 @@ void TestCliScadenzario::perStato_data()
     QTest::newRow("all") << u"tutte"_s << InviataRiga + PagataRiga + BozzaRiga;
     QTest::newRow("open") << u"aperte"_s << InviataRiga;
     QTest::newRow("drafts") << u"bozza"_s << BozzaRiga;
+    QTest::newRow("in capitals") << u" Bozza"_s << BozzaRiga;
     QTest::newRow("sent") << u"inviata"_s << InviataRiga;
     QTest::newRow("invoiced") << u"fatturata"_s << QString();
     QTest::newRow("paid") << u"pagata"_s << PagataRiga;
@@ -186,6 +189,51 @@ void TestCliScadenzario::ilFileNonSiScrive()
     QCOMPARE(Fatto.Stato, 1);
     QVERIFY(Fatto.Guasti.startsWith(u"Errore: "_s));
     QCOMPARE(Fatto.Uscita, QString());
+}
+
+/// A pattern of the shell puts a note behind the option: it stays, by its name and by what it holds.
+void TestCliScadenzario::laParcellaNonSiSostituisce()
+{
+    const QByteArray Prima = LeggiFile(Radice + u"a.mdb"_s);
+    const QString Copia = Radice + u"a.csv"_s;
+    ScriviFile(Copia, Prima);
+    const auto Rifiutato = [&](const QStringList& Argomenti) {
+        const Esito Fatto = Chiama(Argomenti);
+        return Fatto.Stato == 1 && Fatto.Guasti.endsWith(u"(58)\n"_s) && Fatto.Uscita.isEmpty();
+    };
+    for (const QString& File : {Radice + u"a.mdb"_s, Copia, Radice + u"nuova.MDB"_s}) {
+        QVERIFY2(Rifiutato({u"scadenzario"_s, Radice, u"--csv"_s, File}), qPrintable(File));
+        QVERIFY2(Rifiutato({u"rubrica"_s, u"clienti"_s, u"--vcard"_s, File}), qPrintable(File));
+    }
+    const QString Testo = Radice + u"a.txt"_s;
+    ScriviFile(Testo, Prima);
+    QVERIFY(Rifiutato({u"stampa"_s, Radice + u"b.mdb"_s, u"0"_s, Testo}));
+    const QString Agenda = Radice + u"a.ics"_s;
+    ScriviFile(Agenda, Prima);
+    QVERIFY(Rifiutato(u"--norme vigenti --ics"_s.split(u' ') + QStringList{Agenda} +
+                      u"termini 10/03/2026 10 giorni"_s.split(u' ')));
+    for (const QString& File : {Radice + u"a.mdb"_s, Copia, Testo, Agenda})
+        QCOMPARE(LeggiFile(File), Prima);
+    QVERIFY(!QFile::exists(Radice + u"nuova.MDB"_s));
+    // A list that is there already is replaced, as its own earlier answer.
+    const QString Foglio = Radice + u"lista.csv"_s;
+    ScriviFile(Foglio, "Cliente;\r\n");
+    QCOMPARE(Chiama({u"scadenzario"_s, Radice, u"--csv"_s, Foglio}).Stato, 0);
+}
+
+/// A name may hold a break of lines and the sign between the cells: scripts count both.
+void TestCliScadenzario::unaRigaPerParcella()
+{
+    for (const QString& Nome : {u"a"_s, u"b"_s, u"c"_s})
+        QVERIFY(QFile::remove(Radice + Nome + u".mdb"_s));
+    Crea(u"due\nrighe|e celle.mdb"_s, u"Neri"_s, nullptr);
+    for (const QString& Comando : {u"scadenzario"_s, u"trova"_s}) {
+        const QStringList Righe = Chiama({Comando, Radice}).Uscita.trimmed().split(u'\n');
+        const QStringList Note = Righe.filter(u"due righe e celle"_s);
+        QCOMPARE(Note.size(), 1);
+        QCOMPARE(Note.first().count(u'|'), Comando == u"trova"_s ? 5 : 17);
+        QVERIFY(Righe.filter(u"righe|e"_s).isEmpty());
+    }
 }
 
 /// Payments that a description has cover the net.
@@ -315,6 +363,10 @@ void TestCliScadenzario::rifiuta_data()
     QTest::newRow("unknown state")
         << QStringList{u"scadenzario"_s, u"."_s, u"--stato"_s, u"smarrita"_s} << 2
         << u"Stato sconosciuto: smarrita. Gli stati sono tutte, aperte, bozza, inviata, fatturata, pagata, ignoto.\n"_s;
+    QTest::newRow("an empty state") << QStringList{u"scadenzario"_s, u"."_s, u"--stato"_s, QString()} << 2
+                                    << u"L'opzione --stato vuole una parola.\n"_s;
+    QTest::newRow("an empty file") << QStringList{u"scadenzario"_s, u"."_s, u"--csv"_s, QString()} << 2
+                                   << u"L'opzione --csv vuole una destinazione.\n"_s;
     QTest::newRow("without a state") << QStringList{u"scadenzario"_s, u"."_s, u"--stato"_s} << 2
                                      << u"L'opzione --stato vuole una parola.\n"_s;
     QTest::newRow("cards") << QStringList{u"scadenzario"_s, u"."_s, u"--vcard"_s, u"x.vcf"_s} << 2
