@@ -3,6 +3,8 @@
 #include "core/aperture.h"
 #include "feenote/modSpese.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <array>
 
@@ -47,9 +49,20 @@ bool SoloContributo(const Parcella& Nota)
            std::ranges::find(GiudiciDiPace, Nota.IDAutSelezionata()) != GiudiciDiPace.end();
 }
 
-bool EVoce(const Parcella& Nota, int Riga, VoceDiLegge Voce)
+/// The words are looked at besides the key, because an archive of tariffs of another make may have another
+/// item under it.
+bool EVoce(const QVariant& IDDir, const QVariant& Descr, VoceDiLegge Voce)
 {
-    return CStr(Nota.xDiritti(Riga, DirIDDir)) == QString::number(int(Voce));
+    const QStringView Parola = Voce == VoceDiLegge::Contributo ? u"contribut" : u"anticip";
+    return CStr(IDDir) == QString::number(int(Voce)) && CStr(Descr).contains(Parola, Qt::CaseInsensitive);
+}
+
+/// The name of an item with the amount that it is for: the catalogue names today's between brackets.
+QString ConImporto(const QString& Descr, double Euro)
+{
+    static const QRegularExpression FraParentesi(uR"(\(€ [\d.]+,\d\d\)$)"_s);
+    QString Nuova = Descr;
+    return Nuova.replace(FraParentesi, u"(€ %1)"_s.arg(Format(Euro, u"#,##0.00"_s)));
 }
 
 /// An item of the catalogue.
@@ -64,7 +77,7 @@ VoceSpesa VoceDelCatalogo(const Recordset& Catalogo, VoceDiLegge Cercata)
     if (Catalogo.Aperto()) {
         Recordset Righe = Catalogo.Clone();
         for (Righe.MoveFirst(); !Righe.Eof(); Righe.MoveNext())
-            if (CStr(Righe.Value(u"IDDir"_s)) == QString::number(int(Cercata)))
+            if (EVoce(Righe.Value(u"IDDir"_s), Righe.Value(u"DescrDir"_s, QString()), Cercata))
                 return {Righe.Value(u"DescrDir"_s, QString()).toString(), Righe.Value(u"NVoce"_s),
                         Righe.Value(u"IDDir"_s)};
     }
@@ -95,8 +108,8 @@ bool SenzaImporti(const Parcella& Nota, int Riga)
 
 std::optional<ImportoDiLegge> ImportoOfferto(const Parcella& Nota, int Riga, const QDate& Giorno)
 {
-    if (!EVoce(Nota, Riga, VoceDiLegge::Anticipazione) || !SenzaImporti(Nota, Riga) ||
-        !AnticipazioneDovuta(Nota) || !Aperture.AnticipazioneNotifiche)
+    if (!EVoce(Nota.xDiritti(Riga, DirIDDir), Nota.xDiritti(Riga, DirDescr), VoceDiLegge::Anticipazione) ||
+        !SenzaImporti(Nota, Riga) || !AnticipazioneDovuta(Nota) || !Aperture.AnticipazioneNotifiche)
         return std::nullopt;
     return Aperture.AnticipazioneNotifiche(Giorno);
 }
@@ -105,6 +118,7 @@ void AccettaImporto(Parcella& Nota, int Riga, const ImportoDiLegge& Importo)
 {
     Nota.xDiritti(Riga, DirImponibile) = 0.0;
     Nota.xDiritti(Riga, DirEsente) = Arrotonda2(Importo.Euro);
+    Nota.xDiritti(Riga, DirDescr) = ConImporto(CStr(Nota.xDiritti(Riga, DirDescr)), Importo.Euro);
     SetModificata(Nota, true);
 }
 
@@ -114,7 +128,8 @@ int PortaSpese(Parcella& Nota, const Recordset& Catalogo, const QList<SpesaDiLeg
     int Prima = -1;
     for (const SpesaDiLegge& Spesa : Nuove) {
         const VoceSpesa Voce = VoceDelCatalogo(Catalogo, Spesa.Voce);
-        const int Riga = AddDiritti(Nota, Spesa.Giorno, Voce.Descr, u"1"_s, Voce.NVoce, Voce.IDDir, Corrente);
+        const int Riga = AddDiritti(Nota, Spesa.Giorno, ConImporto(Voce.Descr, Spesa.Euro), u"1"_s,
+                                    Voce.NVoce, Voce.IDDir, Corrente);
         Nota.xDiritti(Riga, DirData) = Format(Spesa.Giorno, u"dd/mm/yyyy");
         Nota.xDiritti(Riga, DirEsente) = Arrotonda2(Spesa.Euro);
         Prima = Prima < 0 ? Riga : Prima;

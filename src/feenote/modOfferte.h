@@ -22,7 +22,8 @@
 [[nodiscard]] std::optional<ImportoDiLegge> ImportoOfferto(const Parcella& Nota, int Riga,
                                                            const QDate& Giorno);
 
-/// Writes the amount as the user would: exempt, the taxable one 0. The note is marked as modified.
+/// Writes the amount as the user would: exempt, the taxable one 0. An amount that the line names between
+/// brackets becomes this one. The note is marked as modified.
 void AccettaImporto(Parcella& Nota, int Riga, const ImportoDiLegge& Importo);
 
 /// Writes exempt expenses, each with its day, in their order from where RowIns says. The items are named and

@@ -15,7 +15,7 @@ const QDate Oggi_(2026, 11, 22);
 /// A line of the catalogue's item with this key.
 int Inserisci(Parcella& Nota, int IDDir)
 {
-    return AddDiritti(Nota, {}, u"voce"_s, u"1"_s, IDDir, IDDir);
+    return AddDiritti(Nota, {}, u"Anticipazione"_s, u"1"_s, IDDir, IDDir);
 }
 
 QStringList CelleDi(const Parcella& Nota)
@@ -47,7 +47,9 @@ private Q_SLOTS:
     void offertaAllaSuaRiga();
     void conLaDataDiOggi();
     void senzaNormeNienteOfferta();
+    void laVoceSiGuarda();
     void accettata();
+    void lImportoFraParentesi();
     void portate();
     void portateNellaRigaCorrente();
     void portateSenzaVociDelCatalogo();
@@ -209,13 +211,49 @@ void TestOfferte::senzaNormeNienteOfferta()
     QVERIFY(!ImportoOfferto(Nota, Riga, Oggi_));
 }
 
+/// Another archive of tariffs has another item under the key: it gets no amount, and no line its name.
+void TestOfferte::laVoceSiGuarda()
+{
+    Parcella Nota = NotaCivile();
+    const int Riga = Inserisci(Nota, 2);
+    Nota.xDiritti(Riga, DirDescr) = u"Marca da bollo"_s;
+    QVERIFY(!ImportoOfferto(Nota, Riga, Oggi_));
+    Nota.xDiritti(Riga, DirDescr) = u"ANTICIPAZIONE, notifica a Rossi"_s;
+    QVERIFY(ImportoOfferto(Nota, Riga, Oggi_));
+
+    Parcella Altra = NotaCivile();
+    Ufficio->TariffeProprie().Execute(u"UPDATE Diritti SET DescrDir='Diritti di copia' WHERE IDDir=1"_s);
+    Catalogo Voci;
+    LoadOnoDir(Altra, Voci);
+    QCOMPARE(PortaSpese(Altra, Voci.datDir, {{VoceDiLegge::Contributo, 43, Oggi_}}), 0);
+    QCOMPARE(CelleDi(Altra), QStringList(u"22/11/2026|Contributo unificato|1|0|43||"_s));
+}
+
+/// The line names the amount that it has.
+void TestOfferte::lImportoFraParentesi()
+{
+    const QString Nome = u"Anticipazione forfettaria art. 30 D.P.R. 115/02 "_s;
+    Parcella Nota = NotaCivile();
+    Catalogo Voci;
+    LoadOnoDir(Nota, Voci);
+    const QDate Deposito(2012, 3, 5);
+    QCOMPARE(PortaSpese(Nota, Voci.datDir, {{VoceDiLegge::Anticipazione, 8.0, Deposito}}), 0);
+    QCOMPARE(CelleDi(Nota), QStringList(u"05/03/2012|"_s + Nome + u"(€ 8,00)|1|0|8|2|2"_s));
+    Nota.xDiritti(0, DirDescr) = Nome + u"(€ 27,00)"_s;
+    AccettaImporto(Nota, 0, {8.0, {}});
+    QCOMPARE(CStr(Nota.xDiritti(0, DirDescr)), Nome + u"(€ 8,00)"_s);
+    Nota.xDiritti(0, DirDescr) = u"Anticipazione (due notifiche)"_s;
+    AccettaImporto(Nota, 0, {8.0, {}});
+    QCOMPARE(CStr(Nota.xDiritti(0, DirDescr)), u"Anticipazione (due notifiche)"_s);
+}
+
 void TestOfferte::accettata()
 {
     Parcella Nota = NotaCivile();
     const int Riga = Inserisci(Nota, 2);
     SetModificata(Nota, false);
     AccettaImporto(Nota, Riga, {27.0, {}});
-    QCOMPARE(CelleDi(Nota), QStringList({u"|voce|1|0|27|2|2"_s}));
+    QCOMPARE(CelleDi(Nota), QStringList({u"|Anticipazione|1|0|27|2|2"_s}));
     QVERIFY(Nota.Modificata);
     QCOMPARE(CalcolaSomme(Nota).TotSpeseEsenti, 27.0);
     QCOMPARE(CalcolaSomme(Nota).TotSpeseImp, 0.0);
@@ -236,7 +274,7 @@ void TestOfferte::portate()
         1);
     QCOMPARE(
         CelleDi(Nota),
-        QStringList({u"|voce|1|0||3|3"_s,
+        QStringList({u"|Anticipazione|1|0||3|3"_s,
                      u"05/03/2026|Contributo unificato di iscrizione a ruolo|1|0|118,5|1|1"_s,
                      u"05/03/2026|Anticipazione forfettaria art. 30 D.P.R. 115/02 (€ 27,00)|1|0|27|2|2"_s}));
     QVERIFY(Nota.Modificata);
