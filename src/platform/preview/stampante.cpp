@@ -179,8 +179,14 @@ bool PrintDoc(VistaStampa& Vista, const QString& Titolo)
     const Carta Foglio = FoglioDi(Scelta);
     const Impaginazione Fatta(Vista.Foglio().Contenuto(), Foglio);
     const QList<int> Sue = PagineInUscita(Scelta, Fatta.NumeroPagine(), Vista.PaginaInVista());
-    if (Sue.isEmpty())
+    if (Sue.isEmpty()) {
+        const QString Quante =
+            Fatta.NumeroPagine() == 1 ? u"una pagina"_s : u"%1 pagine"_s.arg(Fatta.NumeroPagine());
+        MsgBox(
+            u"Il documento ha %1: fra quelle scelte non ce n'è alcuna, e non è stato stampato."_s.arg(Quante),
+            vbInformation, TitoloMessaggio.toString());
         return false;
+    }
     Scelta.setDocName(Titolo);
     Dipingi(Scelta, Fatta, Sue);
     Vista.ImpostaCarta(Foglio);

@@ -30,6 +30,7 @@ private Q_SLOTS:
     void annullareNonStampa();
     void intervalloECopie_data();
     void intervalloECopie();
+    void nessunaPagina();
     void dallUltimaPagina();
     void paginaInVista();
     void laCartaDellaStampanteResta();
@@ -168,6 +169,24 @@ void TestStampante::intervalloECopie()
         Attese += vp.Pagine().Testo().mid(Sua.Da, 40).section(u' ', 0, 1);
     }
     QCOMPARE(Inizi(Uscita()), Attese);
+}
+
+/// A choice beyond the end prints nothing, and says so.
+void TestStampante::nessunaPagina()
+{
+    VistaStampa vp;
+    ScriviRighe(vp, 190);
+    Scegli([this](QPrinter& Scelta) {
+        Scelta.setOutputFileName(Uscita());
+        Scelta.setPrintRange(QPrinter::PageRange);
+        Scelta.setFromTo(7, 9);
+        return true;
+    });
+    QCOMPARE(PrintDialog(vp), 1);
+    Messaggi->Attendi(
+        u"Il documento ha 4 pagine: fra quelle scelte non ce n'è alcuna, e non è stato stampato."_s);
+    QVERIFY(!PrintDoc(vp, u"Parcella Rossi"_s));
+    QVERIFY(!QFile::exists(Uscita()));
 }
 
 void TestStampante::dallUltimaPagina()
