@@ -8,6 +8,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -55,7 +56,11 @@ FormatoEsporta FormatoDi(const QString& File)
 
 QString ConEstensione(const QString& File)
 {
-    return QFileInfo(File).suffix().isEmpty() ? File + u".csv"_s : File;
+    // A date at the end of a name is no ending: "Elenco 22.11.2026".
+    static constexpr std::array Note{u".csv", u".txt", u".vcf"};
+    const bool Finito =
+        std::ranges::any_of(Note, [&](QStringView Nota) { return File.endsWith(Nota, Qt::CaseInsensitive); });
+    return Finito ? File : File + u".csv"_s;
 }
 
 QByteArray EsportaNominativi(const Recordset& DiRighe, FormatoEsporta Forma, const QList<int>& Posti,

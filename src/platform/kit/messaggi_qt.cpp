@@ -16,6 +16,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTreeView>
 
 #include <algorithm>
@@ -213,6 +214,26 @@ QString Sfoglia(QFileDialog& Dialogo, const QString& Iniziale)
     return PercorsoNativo(Dialogo.selectedFiles().constFirst());
 }
 
+/// The ending of a kind of files that has one, ".vcf".
+QString FineDelTipo(const QString& Tipo)
+{
+    static const QRegularExpression Unica(uR"(\(\*(\.\w+)\)$)"_s);
+    return Unica.match(Tipo).captured(1);
+}
+
+/// A kind that the user has chosen besides the first gives a name its ending, unless it has that of any kind.
+QString ConFineDelTipo(const QFileDialog& Dialogo, const QString& Scelto)
+{
+    const QStringList Tipi = Dialogo.nameFilters();
+    const QString Fine = FineDelTipo(Dialogo.selectedNameFilter());
+    const bool Finito = std::ranges::any_of(Tipi, [&Scelto](const QString& Tipo) {
+        const QString Sua = FineDelTipo(Tipo);
+        return !Sua.isEmpty() && Scelto.endsWith(Sua, Qt::CaseInsensitive);
+    });
+    const bool Altro = Tipi.size() > 1 && Dialogo.selectedNameFilter() != Tipi.constFirst();
+    return Scelto.isEmpty() || Finito || !Altro ? Scelto : Scelto + Fine;
+}
+
 QString ScegliFile(QFileDialog::AcceptMode Modo, const QString& Titolo, const QString& Iniziale,
                    const QString& Filtro)
 {
@@ -221,7 +242,8 @@ QString ScegliFile(QFileDialog::AcceptMode Modo, const QString& Titolo, const QS
     Dialogo->setFileMode(Modo == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     // Whether a file may be replaced is the saving procedure's own question.
     Dialogo->setOption(QFileDialog::DontConfirmOverwrite);
-    return Sfoglia(*Dialogo, Iniziale);
+    const QString Scelto = Sfoglia(*Dialogo, Iniziale);
+    return Modo == QFileDialog::AcceptSave ? ConFineDelTipo(*Dialogo, Scelto) : Scelto;
 }
 
 std::optional<int> ScegliColore(int Iniziale)

@@ -15,6 +15,9 @@
 #include <QDir>
 #include <QScopedValueRollback>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 class TestSorgente : public QObject
@@ -233,6 +236,9 @@ void TestSorgente::lEstensione()
     QCOMPARE(FormatoDi(u"/x/nomi.csv"_s), FormatoEsporta::Csv);
     QCOMPARE(ConEstensione(u"/x/nomi"_s), u"/x/nomi.csv"_s);
     QCOMPARE(ConEstensione(u"/x/nomi.vcf"_s), u"/x/nomi.vcf"_s);
+    QCOMPARE(ConEstensione(u"/x/nomi.CSV"_s), u"/x/nomi.CSV"_s);
+    QCOMPARE(ConEstensione(u"/x/nomi.txt"_s), u"/x/nomi.txt"_s);
+    QCOMPARE(ConEstensione(u"/x/Elenco 22.11.2026"_s), u"/x/Elenco 22.11.2026.csv"_s);
 }
 
 // ---- an archive taken whole ---------------------------------------------------------------------
@@ -422,13 +428,19 @@ void TestSorgente::leCartelleNonGuardate()
     QVERIFY(QFile::copy(S.File, S.Cartella + Fonda + u"ultima.mdb"_s));
     QVERIFY(QFile::copy(S.File, S.Cartella + Fonda + u"oltre/persa.mdb"_s));
     QVERIFY(QFile::link(NuovaCartella(), S.Cartella + u"altrove"_s));
+    const QByteArray Dove = QFile::encodeName(S.Cartella);
+    QCOMPARE(::mkdir((Dove + "Citt\xe0").constData(), 0700), 0);
+    QCOMPARE(::link(QFile::encodeName(S.File).constData(), (Dove + "Societ\xe0.mdb").constData()), 0);
     const QString A = NuovaCartella();
     const auto Esiti = CopiaNote(S.Cartella, A);
     QVERIFY(Esiti);
     QVERIFY(QFile::exists(A + Fonda + u"ultima.mdb"_s));
     QVERIFY(!QFile::exists(A + Fonda + u"oltre/persa.mdb"_s));
-    QCOMPARE(FraseNote(Conta(*Esiti)), u"Parcelle copiate: 2 su 2; 2 cartelle non sono state guardate."_s);
+    QCOMPARE(FraseNote(Conta(*Esiti)), u"Parcelle copiate: 2 su 3; 3 cartelle non sono state guardate."_s);
     const QString Detto = ResocontoNote(S.Cartella, A, *Esiti);
+    const QString Rinomina = u"il nome ha lettere che non si leggono: rinominare e ripetere la copia\n"_s;
+    QVERIFY2(Detto.contains(u"\nCitt\uFFFD/: cartella non guardata, "_s + Rinomina), qPrintable(Detto));
+    QVERIFY2(Detto.contains(u"\nSociet\uFFFD.mdb: non copiata, "_s + Rinomina), qPrintable(Detto));
     QVERIFY2(Detto.contains(u"\naltrove/: cartella non guardata, collegamento a un'altra cartella\n"),
              qPrintable(Detto));
     QVERIFY2(

@@ -66,6 +66,8 @@ private Q_SLOTS:
     void immissioneAnnullata();
     void apriFile();
     void salvaSenzaDomande();
+    void salvaNelTipoScelto_data();
+    void salvaNelTipoScelto();
     void dialogoInItaliano();
     void dialogoAnnullato();
     void colore();
@@ -257,6 +259,37 @@ void TestServiziQt::salvaSenzaDomande()
              Cartella + u"nota.mdb"_s);
     Prossimo<QFileDialog>([](QFileDialog& Aperto) { QMetaObject::invokeMethod(&Aperto, "accept"); });
     QCOMPARE(DialogoSalva(u"Salva"_s, Cartella + u"nuova"_s, u"Parcelle (*.mdb)"_s), Cartella + u"nuova"_s);
+}
+
+/// The kind that is chosen says what is written, where the name does not.
+void TestServiziQt::salvaNelTipoScelto_data()
+{
+    QTest::addColumn<QString>("Nome");
+    QTest::addColumn<QString>("Tipo");
+    QTest::addColumn<QString>("Atteso");
+    const QString Fogli = u"Foglio CSV (*.csv)"_s;
+    const QString Schede = u"Rubrica vCard (*.vcf)"_s;
+    QTest::newRow("without an ending") << u"nomi"_s << Schede << u"nomi.vcf"_s;
+    QTest::newRow("a date is no ending") << u"nomi 22.11"_s << Schede << u"nomi 22.11.vcf"_s;
+    QTest::newRow("with its ending") << u"nomi.VCF"_s << Schede << u"nomi.VCF"_s;
+    QTest::newRow("with another's") << u"nomi.csv"_s << Schede << u"nomi.csv"_s;
+    QTest::newRow("the first kind") << u"nomi"_s << Fogli << u"nomi"_s;
+}
+
+void TestServiziQt::salvaNelTipoScelto()
+{
+    QFETCH(QString, Nome);
+    QFETCH(QString, Tipo);
+    QFETCH(QString, Atteso);
+    const QString Cartella = NuovaCartella();
+    Prossimo<QFileDialog>([&](QFileDialog& Aperto) {
+        Aperto.selectNameFilter(Tipo);
+        Aperto.findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(Nome);  // typed behind the choice
+        QMetaObject::invokeMethod(&Aperto, "accept");
+    });
+    QCOMPARE(DialogoSalva(u"Salva"_s, Cartella + u"proposto.csv"_s,
+                          u"Foglio CSV (*.csv)|*.csv|Rubrica vCard (*.vcf)|*.vcf"_s),
+             Cartella + Atteso);
 }
 
 void TestServiziQt::dialogoInItaliano()
