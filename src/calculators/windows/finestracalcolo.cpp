@@ -9,7 +9,6 @@
 #include "platform/kit/trattieni.h"
 #include "platform/system/messaggi.h"
 
-#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
@@ -312,12 +311,6 @@ void MostraCifra(QLabel* Cifra, const QLabel* Didascalia, const QString& Testo)
 {
     Cifra->setText(Testo);
     Cifra->setAccessibleName((Didascalia->text() + u' ' + Testo).simplified());
-}
-
-void Annuncia(QWidget* Risultato)
-{
-    QAccessibleEvent Annuncio(Risultato, QAccessible::Alert);
-    QAccessible::updateAccessibility(&Annuncio);
 }
 
 void LasciaSelezione()

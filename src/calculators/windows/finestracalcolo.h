@@ -73,8 +73,6 @@ void SfondoPannello(QWidget* Pannello);
 
 /// Shows a result; a screen reader hears it behind its caption.
 void MostraCifra(QLabel* Cifra, const QLabel* Didascalia, const QString& Testo);
-/// Lets a screen reader speak a result that has just come, without the focus on it.
-void Annuncia(QWidget* Risultato);
 
 /// Lets go what Tab has selected in the focused box, so that Ctrl+C takes the result that has just come.
 void LasciaSelezione();

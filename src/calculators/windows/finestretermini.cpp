@@ -10,6 +10,7 @@
 #include "core/sessione.h"
 #include "platform/base/regionale.h"
 #include "platform/calendar/calendario.h"
+#include "platform/kit/annuncio.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
@@ -120,7 +121,7 @@ void ScriviRisultato(const CampiTermini& Campi, const QString& Testo, const QStr
                                                        : (Testo + u' ' + AvvisoMostrato(Campi)).simplified());
     Campi.cmdCopia->setEnabled(!Testo.isEmpty());
     if (!Testo.isEmpty())
-        Annuncia(Campi.lblRisult);
+        AnnunciaRisultato(Campi.lblRisult);
 }
 
 QString AvvisoMostrato(const CampiTermini& Campi)

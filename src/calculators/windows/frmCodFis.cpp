@@ -5,6 +5,7 @@
 #include "calculators/windows/comandicalcolo.h"
 #include "calculators/windows/finestracalcolo.h"
 #include "core/modErrori.h"
+#include "platform/kit/annuncio.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
@@ -195,7 +196,7 @@ void frmCodFis::ScriviCodice(const QString& Codice)
     ui->cmdCopia->setEnabled(!Codice.isEmpty());
     Comandi->Aggiorna();
     if (!Codice.isEmpty())
-        Annuncia(ui->txtCodiceFiscale);
+        AnnunciaRisultato(ui->txtCodiceFiscale);
 }
 
 void frmCodFis::cmdElabora_Click()
@@ -334,7 +335,7 @@ void frmCodFis::txtLetto_Change()
     Comandi->Aggiorna();
     FaiPosto(this);
     if (Lettura.Letto() && !Prima)
-        Annuncia(ui->lblLettura);
+        AnnunciaRisultato(ui->lblLettura);
 }
 
 /// What the code says, in the room of three lines; a code that is still being typed is not blamed for being

@@ -8,6 +8,7 @@
 #include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
+#include "platform/kit/annuncio.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
@@ -192,7 +193,7 @@ void frmContrib::txtValore_LostFocus(int Indice)
         Calcolati = Valori();
     }
     if (Contributi != Prima && !Contributi[size_t(Indice)].isEmpty())
-        Annuncia(fraContrib->lblContr(Indice));
+        AnnunciaRisultato(fraContrib->lblContr(Indice));
     Comandi->RicordaDopo();
 }
 

@@ -10,6 +10,7 @@
 #include "core/sessione.h"
 #include "platform/base/regionale.h"
 #include "platform/calendar/calendario.h"
+#include "platform/kit/annuncio.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
@@ -281,7 +282,7 @@ void frmInteressi::MostraEsito(const EsitoInteressi& Esito)
     MostraCifra(ui->lblTotale, ui->lblDidTotale, Totale);
     MostraOltre();
     AbilitaCopie();
-    Annuncia(ui->lblTotale);
+    AnnunciaRisultato(ui->lblTotale);
     Comandi->Ricorda(true);
     LasciaSelezione();
 }

@@ -7,6 +7,7 @@
 #include "calculators/windows/finestracalcolo.h"
 #include "core/modErrori.h"
 #include "platform/base/regionale.h"
+#include "platform/kit/annuncio.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
@@ -189,7 +190,7 @@ void frmIstat::cmdCalcola_Click()
     if (Fine != FineIstat::Completa)
         return;
     Campanello();
-    Annuncia(ui->lblImpRival);
+    AnnunciaRisultato(ui->lblImpRival);
     Comandi->Ricorda(true);
     LasciaSelezione();
     ui->grafico->Imposta(SerieIndici(ArchivioTassi(), CDate(Dati().DataIni), CDate(Dati().DataFin)));

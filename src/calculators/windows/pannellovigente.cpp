@@ -5,6 +5,7 @@
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/grid/griglia.h"
+#include "platform/kit/annuncio.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
@@ -249,7 +250,7 @@ void PannelloVigente::Mostra(const EsitoContributo& Esito)
     ui->cmdCopiaVigente->setEnabled(Trovato);
     Q_EMIT Calcolato();
     if (Trovato && isVisible())
-        Annuncia(ui->lblVigente);
+        AnnunciaRisultato(ui->lblVigente);
 }
 
 void PannelloVigente::MostraErrore(const QString& Frase)

@@ -4,6 +4,8 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QLabel>
+#include <QLineEdit>
 #include <QTimer>
 #include <QWidget>
 
@@ -12,6 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString NomeAnnuncio = u"annuncio"_s;
+const QString NomePausa = u"pausaAnnuncio"_s;
 
 /// Readers speak what a notification says as it comes up, wherever the focus is.
 QAccessibleInterface* Fabbrica(const QString& Classe, QObject* Oggetto)
@@ -44,7 +47,38 @@ QWidget* AnnuncioDi(QWidget* Finestra)
     return Nuovo;
 }
 
+QString Mostrato(const QWidget* Risultato)
+{
+    if (const auto* Cifra = qobject_cast<const QLabel*>(Risultato))
+        return Cifra->text();
+    const auto* Casella = qobject_cast<const QLineEdit*>(Risultato);
+    return Casella ? Casella->text() : QString();
+}
+
+QString Detto(const QWidget* Risultato)
+{
+    const QString Testo = Mostrato(Risultato).simplified();
+    const QString Nome = Risultato->accessibleName().simplified();
+    if (Testo.isEmpty())
+        return {};
+    return Nome.contains(Testo) ? Nome : (Nome + u' ' + Testo).trimmed();
+}
+
 }  // namespace
+
+void AnnunciaRisultato(QWidget* Risultato)
+{
+    QWidget* Finestra = Risultato->window();
+    delete Finestra->findChild<QTimer*>(NomePausa, Qt::FindDirectChildrenOnly);
+    auto* Pausa = new QTimer(Finestra);
+    Pausa->setObjectName(NomePausa);
+    Pausa->setSingleShot(true);
+    Collega(Pausa, &QTimer::timeout, Risultato, [Pausa, Risultato] {
+        Pausa->deleteLater();
+        AnnunciaTesto(Risultato, Detto(Risultato));
+    });
+    Pausa->start(PausaAnnuncioMs);
+}
 
 void AnnunciaTesto(QWidget* Presso, const QString& Testo)
 {
