@@ -64,7 +64,7 @@ void TestGuida::daUnaScheda()
     QVERIFY2(P->Aperta(TitoloGuida + Titolo), qPrintable(P->Stato()));
     P->Fotografa(u"guida_"_s + Nome);
     P->Premi(u"Escape"_s);
-    QVERIFY2(P->AllaScrivania(), qPrintable(P->Stato()));
+    QVERIFY2(P->Aperta(u"Calcanova 3"_s), qPrintable(P->Stato()));
 }
 
 void TestGuida::cercaEIndietro()
@@ -83,7 +83,7 @@ void TestGuida::cercaEIndietro()
     P->Premi(u"Escape"_s);
     ATTENDI(u"testo txtGuida"_s, "");
     P->Premi(u"Escape"_s);
-    QVERIFY2(P->AllaScrivania(), qPrintable(P->Stato()));
+    QVERIFY2(P->Aperta(u"Calcanova 3"_s), qPrintable(P->Stato()));
 }
 
 #include "TestGuida.moc"
