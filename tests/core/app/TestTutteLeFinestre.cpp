@@ -13,11 +13,9 @@
 #include <QKeySequence>
 #include <QLabel>
 #include <QMenu>
-#include <QPointer>
 #include <QRegularExpression>
 #include <QSet>
 #include <QShortcut>
-#include <QShortcutEvent>
 #include <QTabBar>
 #include <QToolButton>
 
@@ -37,7 +35,6 @@ private Q_SLOTS:
     void suggerimentiDiUnaManiera();
     void unTastoUnaSolaAzione();
     void unaLetteraUnSoloControllo();
-    void ogniLetteraRisponde();
     void menuSenzaTastiPropri();
     void ogniControlloHaUnNomeSuo();
     void leDidascalieSpuntano();
@@ -57,7 +54,6 @@ private:
     QStringList SuggerimentiCheComandano;
     QStringList Doppi;
     QStringList LettereDoppie;
-    QStringList LettereMute;
     int BottoniConTasti = 0;
     int Lettere = 0;
     QStringList TastiNeiMenu;
@@ -187,23 +183,15 @@ bool Comanda(const QString& Suggerimento)
            Imperativo.match(Suggerimento).hasMatch();
 }
 
-/// A letter of a caption, which Alt leads to.
-struct LetteraTrovata
+QList<std::pair<QChar, QString>> LettereDi(QWidget* Finestra)
 {
-    QChar Lettera;
-    QWidget* Chi;  ///< the label, the button, the group or the tabs
-    QString Nome;
-};
-
-QList<LetteraTrovata> LettereDi(QWidget* Finestra)
-{
-    QList<LetteraTrovata> Tutte;
-    const auto Aggiungi = [&](const QString& Testo, QWidget* Chi) {
+    QList<std::pair<QChar, QString>> Tutte;
+    const auto Aggiungi = [&](const QString& Testo, const QWidget* Chi) {
         const QString Tasti = QKeySequence::mnemonic(Testo).toString();
         if (!Tasti.isEmpty() && Appartiene(Chi, Finestra) && Chi->isEnabled())
-            Tutte.append({Tasti.back(), Chi, Chi->objectName() + u" «"_s + Testo + u'»'});
+            Tutte.append({Tasti.back(), Chi->objectName() + u" «"_s + Testo + u'»'});
     };
-    for (QWidget* Parte : Finestra->findChildren<QWidget*>()) {
+    for (const QWidget* Parte : Finestra->findChildren<QWidget*>()) {
         if (const auto* Bottone = qobject_cast<const QAbstractButton*>(Parte))
             Aggiungi(Bottone->text(), Parte);
         else if (const auto* Etichetta = qobject_cast<const QLabel*>(Parte); Etichetta && Etichetta->buddy())
@@ -215,54 +203,6 @@ QList<LetteraTrovata> LettereDi(QWidget* Finestra)
                 Aggiungi(Linguette->tabText(i), Parte);
     }
     return Tutte;
-}
-
-/// Hears who is given a letter. Only labels go on to do something with it: a button would be pressed.
-class Orecchio : public QObject
-{
-public:
-    Orecchio() { qApp->installEventFilter(this); }
-
-    const QObject* Sentito = nullptr;
-    bool Conteso = false;
-
-    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
-    {
-        if (Evento->type() != QEvent::Shortcut)
-            return false;
-        Sentito = Oggetto;
-        Conteso = static_cast<QShortcutEvent*>(Evento)->isAmbiguous();
-        return !qobject_cast<QLabel*>(Oggetto);
-    }
-};
-
-/// Presses the letters of a window, as the display hands them over. @return those that do not lead where they
-/// are underlined
-QStringList Sorde(QWidget* Finestra, const QList<LetteraTrovata>& Lettere)
-{
-    QStringList Trovate;
-    const QPointer<QWidget> Prima = QApplication::focusWidget();
-    for (const LetteraTrovata& Una : Lettere) {
-        const auto* Etichetta = qobject_cast<const QLabel*>(Una.Chi);
-        const QWidget* Campo = Etichetta ? Etichetta->buddy() : nullptr;
-        if (Campo && (!Campo->isEnabled() || !Campo->isVisible()))
-            continue;
-        Orecchio Suo;
-        QTest::sendKeyEvent(QTest::Click, Finestra->windowHandle(), Qt::Key(Una.Lettera.toUpper().unicode()),
-                            Una.Lettera.toLower(), Qt::AltModifier);
-        Respiro();
-        const QWidget* Fuoco = QApplication::focusWidget();
-        const bool Arrivato =
-            !Campo ||
-            (Fuoco && (Fuoco == Campo || Fuoco == Campo->focusProxy() || Campo->isAncestorOf(Fuoco)));
-        if (Suo.Sentito != Una.Chi || Suo.Conteso || !Arrivato)
-            Trovate << u"Alt+%1, %2: %3%4, il fuoco in %5"_s.arg(
-                Una.Lettera, Una.Nome, Suo.Sentito ? Suo.Sentito->objectName() : u"nessuno"_s,
-                Suo.Conteso ? u", contesa"_s : QString(), NomeFuoco());
-    }
-    if (Prima)
-        Prima->setFocus();
-    return Trovate;
 }
 
 /// Ticks without a text of their own have a caption beside them. @return those that it does not tick
@@ -355,12 +295,9 @@ void TestTutteLeFinestre::initTestCase()
         Lettere += int(Sue.size());
         for (qsizetype i = 0; i < Sue.size(); ++i)
             for (qsizetype j = i + 1; j < Sue.size(); ++j)
-                if (Sue[i].Lettera == Sue[j].Lettera)
-                    LettereDoppie << u"%1: Alt+%2, %3 e %4"_s.arg(Nome, Sue[i].Lettera, Sue[i].Nome,
-                                                                  Sue[j].Nome);
-        QVERIFY2(MostraAttiva(*Finestra), qPrintable(Nome));
-        for (const QString& Muta : Sorde(Finestra, Sue))
-            LettereMute << Nome + u": "_s + Muta;
+                if (Sue[i].first == Sue[j].first)
+                    LettereDoppie << u"%1: Alt+%2, %3 e %4"_s.arg(Nome, Sue[i].first, Sue[i].second,
+                                                                  Sue[j].second);
     });
 }
 
@@ -414,11 +351,6 @@ void TestTutteLeFinestre::unaLetteraUnSoloControllo()
 {
     NienteDi(LettereDoppie);
     QVERIFY(Lettere > 60);
-}
-
-void TestTutteLeFinestre::ogniLetteraRisponde()
-{
-    NienteDi(LettereMute);
 }
 
 void TestTutteLeFinestre::menuSenzaTastiPropri()
