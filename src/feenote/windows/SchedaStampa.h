@@ -83,7 +83,7 @@ private:
     void RicordaAdattamento(int Modo);
     /// A new mail with the document in view.
     void Invia();
-    void Inviato(int Tipo, int Numero);
+    void Inviato(const StatoTenuto& Prima, const StatoTenuto& Poi, int Numero);
     /// @param Invio for the companion application
     /// @return what kept the document's file from being written
     std::optional<Errore> Componi(bool Invio = false);

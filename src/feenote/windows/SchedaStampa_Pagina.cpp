@@ -3,6 +3,7 @@
 
 #include "core/modErrori.h"
 #include "core/parametri.h"
+#include "feenote/modStato.h"
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/inviodocumento.h"
 #include "feenote/windows/ui_SchedaStampa.h"
@@ -77,21 +78,27 @@ void SchedaStampa::Invia()
         ui->vp->Pagine().ScriviPdf(File, Titolo);
     };
     const int Tipo = Nota.cmbTipoStampa;
-    const auto Partito = [Scheda = QPointer(this), Tipo, Numero = Cornice.Numero()] {
-        if (Scheda)
-            Scheda->Inviato(Tipo, Numero);
+    // What the PDF asks for is what has gone out, whatever is written into the note until the mail has
+    // opened.
+    Parcella Uscita = Nota;
+    const bool Segue = NotaInviata(Uscita, Tipo);
+    const auto Partito = [Scheda = QPointer(this), Segue, Prima = Nota.Stato, Poi = Uscita.Stato,
+                          Numero = Cornice.Numero()] {
+        if (Scheda && Segue)
+            Scheda->Inviato(Prima, Poi, Numero);
     };
     Cornice.InDialogo([&] { InviaDocumento(Nota, Tipo, Scrivi, Partito); });
 }
 
-/// The mail has opened, perhaps while the window asks something, or has another note by now.
-void SchedaStampa::Inviato(int Tipo, int Numero)
+/// The mail has opened, perhaps while the window asks something, or has another note by now. A state that has
+/// gone on meanwhile stays.
+void SchedaStampa::Inviato(const StatoTenuto& Prima, const StatoTenuto& Poi, int Numero)
 {
     constexpr int AttesaMs = 500;
-    if (Cornice.Numero() != Numero)
+    if (Cornice.Numero() != Numero || Nota.Stato != Prima)
         return;
     if (Cornice.InDomanda())
-        QTimer::singleShot(AttesaMs, this, [this, Tipo, Numero] { Inviato(Tipo, Numero); });
+        QTimer::singleShot(AttesaMs, this, [this, Prima, Poi, Numero] { Inviato(Prima, Poi, Numero); });
     else
-        Protetta([&] { Cornice.DocumentoUscito(Tipo); });
+        Protetta([&] { Cornice.DocumentoUscitoPrima(Poi); });
 }

@@ -10,6 +10,7 @@
 
 enum class CampoFattura;
 struct Rilievo;
+struct StatoTenuto;
 
 class CorniceNota
 {
@@ -36,6 +37,8 @@ public:
 
     /// The note's document of this type was printed, exported or sent: the note's state follows.
     virtual void DocumentoUscito(int Tipo) = 0;
+    /// The same of a document that went out a while ago, with the state that it gave the note then.
+    virtual void DocumentoUscitoPrima(const StatoTenuto& Stato) = 0;
     /// The file of the note's electronic invoice was written: a note that had no changes before keeps that in
     /// its own file at once, any other is marked. Shows what has changed.
     /// @return true when the file has it

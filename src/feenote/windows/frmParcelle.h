@@ -234,6 +234,8 @@ private:
     [[nodiscard]] bool BaseValida() const override { return BaseVista; }
     bool AnnullaPasso() override;
     void DocumentoUscito(int Tipo) override;
+    void DocumentoUscitoPrima(const StatoTenuto& Stato) override;
+    void SegueUscita(bool Intatta);
     bool FatturaScritta(bool Intatta) override;
     void SegnaRimessa() override { Storia.SegnaRimessa(); }
     [[nodiscard]] bool InDomanda() const override { return DialogoAperto; }

@@ -63,10 +63,22 @@ bool frmParcelle::RivediStato()
 
 void frmParcelle::DocumentoUscito(int Tipo)
 {
-    const bool Altro = Nota.Modificata;
-    if (!NotaInviata(Nota, Tipo))
-        return;
-    if (Altro || !TieniStato())
+    const bool Intatta = !Nota.Modificata;
+    if (NotaInviata(Nota, Tipo))
+        SegueUscita(Intatta);
+}
+
+void frmParcelle::DocumentoUscitoPrima(const StatoTenuto& Stato)
+{
+    const bool Intatta = !Nota.Modificata;
+    Nota.Stato = Stato;
+    ::SetModificata(Nota, true);
+    SegueUscita(Intatta);
+}
+
+void frmParcelle::SegueUscita(bool Intatta)
+{
+    if (!Intatta || !TieniStato())
         Cambiata();
     MostraStato();
 }

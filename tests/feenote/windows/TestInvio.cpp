@@ -27,6 +27,7 @@ private Q_SLOTS:
     void laNotaRisultaInviata_data();
     void laNotaRisultaInviata();
     void laRispostaTrovaUnAltraNota();
+    void inviatoEQuantoChiedevaIlPdf();
     void nomiDiOgniGenere();
     void indirizzoDelCliente_data();
     void indirizzoDelCliente();
@@ -182,6 +183,24 @@ void TestInvio::laRispostaTrovaUnAltraNota()
     QTest::qWait(3 * guasti::AttesaPostaMs);
     QCOMPARE(F->Nota.Stato.Stato, StatoNota::Bozza);
     QVERIFY(!F->Nota.Modificata);
+}
+
+/// What is written while the mail opens is not what was asked for.
+void TestInvio::inviatoEQuantoChiedevaIlPdf()
+{
+    const QScopedValueRollback Breve(guasti::AttesaPostaMs, 300);
+    Riempi(2);
+    Documento(StampaPreventivo);
+    Parcella Uscita = F->Nota;
+    QVERIFY(NotaInviata(Uscita, StampaPreventivo));
+    Installa("exec /bin/sleep 1\n");
+    InviaSubito();
+    Riempi(5);
+    Parcella Dopo = F->Nota;
+    QVERIFY(NotaInviata(Dopo, StampaPreventivo));
+    QVERIFY(!(Dopo.Stato.Importi == Uscita.Stato.Importi));
+    QTRY_COMPARE(F->Nota.Stato.Stato, StatoNota::Inviata);
+    QVERIFY(F->Nota.Stato.Importi == Uscita.Stato.Importi);
 }
 
 /// What a user has written goes as it is, in one argument each, and none becomes an option or a command.
