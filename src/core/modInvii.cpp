@@ -49,6 +49,9 @@ bool NientAltro(const QString& Cartella, const QString& Nome)
 /// A mark that has the name alone is that of a program which ended before the document was complete.
 void Svuota(const QString& Cartella)
 {
+    ScartaCartella(Cartella);  // a program that was killed has left it empty
+    if (!EsisteCartella(Cartella))
+        return;
     const QList<QByteArray> Segno = LeggiFile(Cartella + NomeSegno, MassimoSegno).split('\n');
     const QString Nome = QString::fromUtf8(Segno.first());
     const QString File = Cartella + Nome;

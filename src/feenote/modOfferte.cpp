@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -53,8 +54,14 @@ bool SoloContributo(const Parcella& Nota)
 /// item under it.
 bool EVoce(const QVariant& IDDir, const QVariant& Descr, VoceDiLegge Voce)
 {
-    const QStringView Parola = Voce == VoceDiLegge::Contributo ? u"contribut" : u"anticip";
-    return CStr(IDDir) == QString::number(int(Voce)) && CStr(Descr).contains(Parola, Qt::CaseInsensitive);
+    static constexpr std::array DelContributo{QStringView(u"contribut")};
+    static constexpr std::array DellAnticipazione{QStringView(u"anticip"), QStringView(u"notific"),
+                                                  QStringView(u"art. 30")};
+    const std::span<const QStringView> Parole =
+        Voce == VoceDiLegge::Contributo ? std::span<const QStringView>(DelContributo) : DellAnticipazione;
+    return CStr(IDDir) == QString::number(int(Voce)) && std::ranges::any_of(Parole, [&](QStringView Parola) {
+               return CStr(Descr).contains(Parola, Qt::CaseInsensitive);
+           });
 }
 
 /// The name of an item with the amount that it is for: the catalogue names today's between brackets.

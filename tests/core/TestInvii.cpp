@@ -114,6 +114,13 @@ void TestInvii::maiFinito()
     Passano(5);
     SpazzaInvii();
     QVERIFY(!EsisteCartella(CartellaFile(Percorso)));
+    InstallaOrologio({});
+    CreaCartella(Invii() + u"20260101-120000-1"_s);
+    SpazzaInvii();
+    QVERIFY(EsisteCartella(Invii() + u"20260101-120000-1"_s));  // just made: another program is at it
+    Passano(10);
+    SpazzaInvii();
+    QVERIFY(!EsisteCartella(Invii() + u"20260101-120000-1"_s));
 }
 
 void TestInvii::senzaCartella()

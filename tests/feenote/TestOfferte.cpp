@@ -218,6 +218,8 @@ void TestOfferte::laVoceSiGuarda()
     const int Riga = Inserisci(Nota, 2);
     Nota.xDiritti(Riga, DirDescr) = u"Marca da bollo"_s;
     QVERIFY(!ImportoOfferto(Nota, Riga, Oggi_));
+    Nota.xDiritti(Riga, DirDescr) = u"Spese di notificazione"_s;
+    QVERIFY(ImportoOfferto(Nota, Riga, Oggi_));
     Nota.xDiritti(Riga, DirDescr) = u"ANTICIPAZIONE, notifica a Rossi"_s;
     QVERIFY(ImportoOfferto(Nota, Riga, Oggi_));
 
