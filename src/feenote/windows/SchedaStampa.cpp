@@ -321,11 +321,7 @@ void SchedaStampa::CollegaControlli()
     Controlli = new ElencoControlli(Nota, Cornice, ui->fraPagina);
     Controlli->hide();
     ui->colonnaPagina->insertWidget(ui->colonnaPagina->indexOf(ui->vp), Controlli);
-    auto* Testa = Controlli->findChild<QWidget*>(u"cmdControlli"_s);
-    auto* Elenco = Controlli->findChild<QWidget*>(u"lstControlli"_s);
-    QWidget::setTabOrder(ui->txtDatiStaControp, Testa);
-    QWidget::setTabOrder(Testa, Elenco);
-    QWidget::setTabOrder(Elenco, ui->vp);
+    Controlli->MettiInGiro(ui->txtDatiStaControp, ui->vp);
 }
 
 void SchedaStampa::SeguonoControlli()

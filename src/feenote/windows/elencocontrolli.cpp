@@ -97,6 +97,13 @@ void ElencoControlli::CollegaTasti()
     }
 }
 
+void ElencoControlli::MettiInGiro(QWidget* Prima, QWidget* Dopo)
+{
+    setTabOrder(Prima, cmdControlli);
+    setTabOrder(cmdControlli, lstControlli);
+    setTabOrder(lstControlli, Dopo);
+}
+
 void ElencoControlli::Segui()
 {
     if (isVisible() && !Attesa.isActive())

@@ -29,6 +29,9 @@ public:
     /// @param Dati the note looked at, @param Finestra its window: both live as long as the list
     ElencoControlli(const Parcella& Dati, CorniceNota& Finestra, QWidget* Padre);
 
+    /// Tab goes from the one through the line and the rows to the other.
+    void MettiInGiro(QWidget* Prima, QWidget* Dopo);
+
     /// The note has changed.
     void Segui();
     /// The client's row or the settings may have changed besides: they are read again.
