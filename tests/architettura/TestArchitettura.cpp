@@ -18,6 +18,7 @@ private Q_SLOTS:
     void nessunaFrecciaSale();
     void leLibrerieStannoNelleLoroStanze();
     void soloLaPiattaformaToccaIlDisco();
+    void soloLaPiattaformaSaIComandiDelDesktop();
     void unNomeDiceUnaCosaSola();
     void nessunaStanzaTieneUnDecimo();
     void leProveSeguonoLeStanze();
@@ -108,6 +109,16 @@ void TestArchitettura::leLibrerieStannoNelleLoroStanze()
 void TestArchitettura::soloLaPiattaformaToccaIlDisco()
 {
     Nessuna(DiscoToccato(Vera));
+}
+
+void TestArchitettura::soloLaPiattaformaSaIComandiDelDesktop()
+{
+    Nessuna(ComandiDelDesktop(Vera));
+    const Casa Piccola = CasaDiProva();
+    Scrivi(Piccola.Radice + u"conti/posta.cpp"_s, "int x;\nauto Nome = u\"xdg-email\";\n");
+    Scrivi(Piccola.Radice + u"platform/base/posta.cpp"_s, "auto Nome = u\"xdg-email\";\n");
+    QCOMPARE(ComandiDelDesktop(Piccola).join(u'\n'),
+             u"src/conti/posta.cpp:2 names a command of the desktop: that is for platform/ alone"_s);
 }
 
 void TestArchitettura::unNomeDiceUnaCosaSola()

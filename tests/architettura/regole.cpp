@@ -218,6 +218,19 @@ QStringList LibrerieProibite(const Casa& Questa, const QString& IntestazioniFine
     return Frasi;
 }
 
+QStringList ComandiDelDesktop(const Casa& Questa)
+{
+    static const QRegularExpression Comando(u"u?\"xdg-[a-z]+"_s);
+    QStringList Frasi;
+    for (const QString& File : Sorgenti(Questa, {u"*.h"_s, u"*.cpp"_s})) {
+        const QStringList Testo = Righe(Questa.Radice + File);
+        for (qsizetype i = 0; i < Testo.size() && !File.startsWith(u"platform/"); ++i)
+            if (Comando.match(Testo[i]).hasMatch())
+                Frasi += Posto(File, i) + u"names a command of the desktop: that is for platform/ alone"_s;
+    }
+    return Frasi;
+}
+
 QStringList DiscoToccato(const Casa& Questa)
 {
     static const QRegularExpression Classe(

@@ -39,6 +39,9 @@ struct Casa
 /// own before anything runs.
 [[nodiscard]] QStringList DiscoToccato(const Casa& Questa);
 
+/// Commands of a desktop ("xdg-..."), named outside platform/: another system has others.
+[[nodiscard]] QStringList ComandiDelDesktop(const Casa& Questa);
+
 /// One bare name declared in the headers of two rooms: a source that includes both could not compile, or
 /// would mean the other one.
 [[nodiscard]] QStringList NomiDoppi(const Casa& Questa);

@@ -8,6 +8,7 @@
 #include "platform/system/messaggi.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/posta.h"
 #include "platform/system/shell.h"
 
 #include <QApplication>
@@ -19,34 +20,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString Posta = u"xdg-email"_s;
-
-/// A text as an argument: the scripts behind mail programs read a backslash as a command, and no argument
-/// holds other controls than line breaks.
-QString Argomento(const QString& Testo)
-{
-    QString Pulito;
-    for (const QChar C : Testo)
-        if (C == u'\n' || C.category() != QChar::Other_Control)
-            Pulito += C == u'\\' ? QChar(u'/') : C;
-    return Pulito;
-}
-
-/// An option with its text; an empty one is an error to the mail program.
-QStringList Opzione(const QString& Nome, const QString& Testo)
-{
-    if (Testo.isEmpty())
-        return {};
-    return {Nome, Argomento(Testo)};
-}
-
-QStringList ArgomentiDi(const Lettera& Scritta, const QString& File)
-{
-    return QStringList{u"--utf8"_s} + Opzione(u"--subject"_s, Scritta.Oggetto) +
-           Opzione(u"--body"_s, Scritta.Testo) + QStringList{u"--attach"_s, File} +
-           (Scritta.Indirizzo.isEmpty() ? QStringList() : QStringList{Scritta.Indirizzo});
-}
 
 void OffriCartella(const QString& Perche, const QString& File)
 {
@@ -99,17 +72,8 @@ void InviaDocumento(const Parcella& Nota, int Tipo,
         const ClessidraAccesa Attesa;
         ScriviPdf(Percorso, Nome);
     });
-    const QString Programma = TrovaProgramma(Posta);
-    if (Programma.isEmpty()) {
-        OffriCartella(u"Su questo computer manca "_s + Posta + u", che apre il programma di posta."_s, File);
-        return;
-    }
-    // Mail programs part what they are handed at these signs, and would attach nothing.
-    if (File.contains(u'\'') || File.contains(u',')) {
-        OffriCartella(
-            u"Il percorso dei dati dell'utente contiene un apostrofo o una virgola, che i programmi di "
-            u"posta non accettano."_s,
-            File);
+    if (const QString Perche = ImpedimentoPosta(File); !Perche.isEmpty()) {
+        OffriCartella(Perche, File);
         return;
     }
     const auto UnaVolta = [Fatto = std::make_shared<bool>(false), Partito = std::move(Partito)](bool Bene) {
@@ -124,7 +88,7 @@ void InviaDocumento(const Parcella& Nota, int Tipo,
     const Lettera Scritta = LetteraDi(Nota, Tipo);
     if (!Scritta.Escluso.isEmpty())
         MsgBox(Scritta.Escluso, vbOKOnly + vbInformation, TitoloAvvertenza.toString());
-    if (SeguiProgramma(Programma, ArgomentiDi(Scritta, File), AllaFine) == 0)
+    if (ApriMessaggio({Scritta.Indirizzo, Scritta.Oggetto, Scritta.Testo, File}, AllaFine))
         QTimer::singleShot(guasti::AttesaPostaMs, qApp, [UnaVolta] { UnaVolta(true); });
     else
         OffriCartella(u"Il programma di posta non si è aperto."_s, File);
