@@ -106,7 +106,13 @@ double InCentesimi(double Euro)
     return Tondo == 0 ? 0.0 : Tondo;
 }
 
-ImportiDocumento Importi(const DatiCatena& Dati)
+/// An invoice whose VAT the client pays to the treasury himself.
+bool ConScissione(const Parcella& Nota, int Tipo)
+{
+    return Nota.FatturaXml.Scissione && ETipoStampa(Tipo) && TipoDi(Tipo).EFattura;
+}
+
+ImportiDocumento Importi(const DatiCatena& Dati, bool Scissione)
 {
     const Catena Conti = CatenaFiscale(Dati);
     return {InCentesimi(Conti.Imponibile),
@@ -114,7 +120,7 @@ ImportiDocumento Importi(const DatiCatena& Dati)
             InCentesimi(Conti.IVA),
             InCentesimi(Conti.Totale),
             InCentesimi(Conti.RA),
-            InCentesimi(Conti.Netto),
+            InCentesimi(Scissione ? Conti.Netto - Conti.IVA : Conti.Netto),
             InCentesimi(Dati.Acconti.Corrispettivi),
             InCentesimi(Dati.Acconti.SpeseImp),
             InCentesimi(Dati.Acconti.SpeseEsenti)};
@@ -140,11 +146,19 @@ DatiCatena CatenaPagata(const Parcella& Nota, int Tipo)
     return Dati;
 }
 
+/// The net of a document that asks for no VAT, as its figures tell: what is paid of it holds none either.
+bool SenzaIva(const ImportiDocumento& Chiesti)
+{
+    return Chiesti.IVA != 0 && InCentesimi(Chiesti.Totale - Chiesti.RA - Chiesti.IVA) == Chiesti.Netto;
+}
+
 /// What is left of a document that has asked for something.
 /// @param ConSocio the payments of the associated note count
 double Resto(const Parcella& Nota, int Tipo, const ImportiDocumento& Chiesti, bool ConSocio)
 {
     DatiCatena Dati = CatenaPagata(Nota, Tipo);
+    if (SenzaIva(Chiesti))
+        Dati.IVA.Vale = false;
     Dati.Acconti = SommaAcconti(Nota.xAcconti);
     if (const auto Socio = SocioDellaNota(Nota); Socio && ConSocio)
         Dati.Acconti = Insieme(Dati.Acconti, AccontiDi(*Socio));
@@ -242,7 +256,7 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
         Tenuto.Data = Ora.Data;
         Tenuto.ConSocio = Nota.Multipla();
         TieniSocio(Nota);
-        Tenuto.Importi = Importi(CatenaDelDocumento(Nota, Tipo));
+        Tenuto.Importi = Importi(CatenaDelDocumento(Nota, Tipo), ConScissione(Nota, Tipo));
     }
     if (Verso > Tenuto.Stato) {
         Tenuto.Stato = Verso;
@@ -398,7 +412,7 @@ ImportiDocumento ImportiDellaNota(const Parcella& Nota)
     DatiCatena Dati = CatenaDelDocumento(Nota, DocumentoDegliImporti(Nota), SocioVistoPrima(Nota));
     if (Tenuto.Stato == StatoNota::Pagata)
         Dati.Acconti = {};
-    return Importi(Dati);
+    return Importi(Dati, ConScissione(Nota, Dati.Tipo));
 }
 
 double RestoDellaNota(const Parcella& Nota)

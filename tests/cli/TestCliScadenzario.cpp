@@ -6,6 +6,7 @@
 #include "feenote/file/modPosaFile.h"
 #include "feenote/modInterruttori.h"
 #include "feenote/modStato.h"
+#include "platform/database/database.h"
 #include "platform/system/file.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
@@ -37,6 +38,9 @@ private Q_SLOTS:
     void gliAccontiDellaDescrizione();
     void unaFatturaEIlSuoStorno();
     void sottoUnFiltro();
+    void copiaFuoriDalFiltro();
+    void quelloCheNonSiSa();
+    void nomiECodiciDallArchivio();
     void nonTutteLette();
     void lArchivioBloccato();
     void nomeConUnACapo();
@@ -310,6 +314,53 @@ void TestCliScadenzario::sottoUnFiltro()
     const QString File = Radice + u"due.csv"_s;
     QCOMPARE(Chiama({u"scadenzario"_s, Radice, u"--stato"_s, u"aperte"_s, u"--csv"_s, File}).Uscita,
              u"1\n"_s);
+}
+
+/// An invoice that was paid in the file that was saved last is not owed in the other one, which alone passes.
+void TestCliScadenzario::copiaFuoriDalFiltro()
+{
+    Crea(u"a1.mdb"_s, u"Verdi"_s, Fattura12);
+    QFile Prima(Radice + u"a1.mdb"_s);
+    QVERIFY(Prima.open(QIODevice::ReadWrite));
+    QVERIFY(Prima.setFileTime(QDateTime::currentDateTime().addDays(-9), QFileDevice::FileModificationTime));
+    Prima.close();
+    const QStringList Chiesta{u"scadenzario"_s, Radice, u"--stato"_s, u"fatturata"_s};
+    QCOMPARE(Chiama(Chiesta).Uscita,
+             u"Verdi|||Fattura analitica (copia)|12|09/11/2026|Fatturata|22/11/2026||||||||||a1\n"
+             u"Aperto: 0,00 in 0 parcelle; 1 copia non contata\n"_s);
+    const QJsonObject Record =
+        QJsonDocument::fromJson(Chiama(QStringList{u"--json"_s} + Chiesta).Uscita.toUtf8()).object();
+    QCOMPARE(Record[u"copie"_s].toInt(), 1);
+    const QString File = Radice + u"due.csv"_s;
+    const Esito Fatto = Chiama(QStringList{u"--json"_s} + Chiesta + QStringList{u"--csv"_s, File});
+    QCOMPARE(QJsonDocument::fromJson(Fatto.Uscita.toUtf8()).object()[u"esportate"_s].toInt(), 1);
+    QVERIFY(LeggiFile(File).contains(
+        "\r\nVerdi;;;Fattura analitica (copia);12;09/11/2026;Fatturata;22/11/2026;;;;;;;;"
+        ";;a1\r\n"));
+}
+
+/// A note of before is counted beside the sum.
+void TestCliScadenzario::quelloCheNonSiSa()
+{
+    OpenDatabase(Radice + u"c.mdb"_s).Execute(u"DROP TABLE \"_Calcanova\""_s);
+    const Esito Fatto = Chiama({u"--json"_s, u"scadenzario"_s, Radice});
+    QCOMPARE(QJsonDocument::fromJson(Fatto.Uscita.toUtf8()).object()[u"ignote"_s].toInt(), 1);
+}
+
+void TestCliScadenzario::nomiECodiciDallArchivio()
+{
+    const QString Suo = NuovaCartella() + u"DatiStudio.mdb"_s;
+    QVERIFY(QFile::copy(ProgrammaDiProva() + u"DatiStudio.mdb"_s, Suo));
+    QVERIFY(QFile::setPermissions(Suo, QFile::ReadOwner | QFile::WriteOwner));
+    OpenDatabase(Suo).Execute(u"INSERT INTO clienti (ID, Nominativo, CodFis, PIva) VALUES "
+                              u"(71,'Gialli Anna','GLLNNA80A41F205X','01234567897')"_s);
+    Crea(u"h.mdb"_s, u"come nella parcella"_s, [](Parcella& Nota) {
+        Nota.IDCli = 71;
+        (void)NotaInviata(Nota, StampaPrenotula);
+    });
+    const Esito Fatto = Chiama({u"--archivio"_s, Suo, u"scadenzario"_s, Radice, u"--stato"_s, u"inviata"_s});
+    QVERIFY2(Fatto.Uscita.contains(u"\nGialli Anna|GLLNNA80A41F205X|01234567897|Prenotula|"_s),
+             qPrintable(Fatto.Uscita));
 }
 
 /// A file that is damaged may hold anything: the sum says so, and a file for the accountant is not called

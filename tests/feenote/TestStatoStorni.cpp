@@ -67,6 +67,7 @@ private Q_SLOTS:
     void primaDelNumero();
     void sceltaAMano();
     void righeTolteDopo();
+    void scissioneDeiPagamenti();
     void quelloDelPrimoStato_data();
     void quelloDelPrimoStato();
 };
@@ -234,6 +235,36 @@ void TestStatoStorni::righeTolteDopo()
     Prova.xAcconti(NuovoAcconto(Prova), AccCorrispettivi) = 575.0;
     QVERIFY(SegueStato(Prova, Vista));
     QCOMPARE(Prova.Stato.Stato, Pagata);
+}
+
+/// A public client pays the VAT to the treasury: it is neither open nor in what he pays.
+void TestStatoStorni::scissioneDeiPagamenti()
+{
+    Parcella Prova = Nota();
+    Copertura Vista;
+    Prova.FatturaXml.Scissione = true;
+    QCOMPARE(ImportiDellaNota(Prova).Netto, 1196.0);
+    Emetti(Prova, 12);
+    QCOMPARE(ImportiDellaNota(Prova).Totale, Netto);
+    QCOMPARE(ImportiDellaNota(Prova).IVA, 263.12);
+    QCOMPARE(ImportiDellaNota(Prova).Netto, 1196.0);
+    QCOMPARE(RestoDellaNota(Prova), 1196.0);
+    Prova.xAcconti(NuovoAcconto(Prova), AccCorrispettivi) = 100.0;
+    QCOMPARE(RestoDellaNota(Prova), 1092.0);
+    QVERIFY(!SegueStato(Prova, Vista));
+    Prova.xAcconti(NuovoAcconto(Prova), AccCorrispettivi) = 1050.0;
+    QVERIFY(SegueStato(Prova, Vista));
+    QCOMPARE(Prova.Stato.Stato, Pagata);
+    // The document keeps what it asked, whatever is ticked afterwards.
+    Prova.FatturaXml.Scissione = false;
+    QCOMPARE(RestoDellaNota(Prova), 0.0);
+    Emetti(Prova, 13, true);
+    QCOMPARE(RestoDi(Prova, Prova.Stato.Emessi[0]), 0.0);
+    // A pro-forma note asks for all of it.
+    Parcella Prenotula = Nota();
+    Prenotula.FatturaXml.Scissione = true;
+    (void)NotaInviata(Prenotula, StampaPrenotula);
+    QCOMPARE(ImportiDellaNota(Prenotula).Netto, Netto);
 }
 
 void TestStatoStorni::quelloDelPrimoStato_data()

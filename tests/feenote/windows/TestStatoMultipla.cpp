@@ -97,7 +97,7 @@ void TestStatoMultipla::pagatiFrattanto()
     QCOMPARE(F->Nota.Stato.Stato, Inviata);
     Associa(File);
     QCOMPARE(F->Nota.Stato.Stato, Pagata);
-    QVERIFY(F->Nota.Modificata);
+    QVERIFY(F->Nota.Modificata && InfoParcelle[1].Modificata);
     QCOMPARE(Controllo<QAbstractButton>(F, "cmdStato")->text(), u"Stato: pagata"_s);
     F->SetModificata(false);
 }

@@ -1,6 +1,7 @@
 // The state at the head of a note's window: what goes out, payments and number lead on, the user chooses.
 #include "stampa.h"
 
+#include "core/aperture.h"
 #include "feenote/file/memoriastato.h"
 #include "feenote/modAcconti.h"
 #include "feenote/modStato.h"
@@ -10,6 +11,7 @@
 #include <QMenu>
 #include <QPrinter>
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -36,6 +38,8 @@ private Q_SLOTS:
     void gliAccontiEIlPasso();
     void siScegliaColMouse();
     void siScegliaDaTastiera();
+    void mentreSiDomanda();
+    void pagamentiDiPrima();
     void siSalvaESiRilegge();
     void laNotaDiPrima();
 
@@ -198,9 +202,50 @@ void TestStatoNota::siScegliaColMouse()
     Clic(Bottone());
     Respiro();
     QCOMPARE(Detto(), u"Stato: pagata"_s);
-    QVERIFY(F->Nota.Modificata);
+    QVERIFY(F->Nota.Modificata && InfoParcelle[1].Modificata);
     // No step: there is nothing to take back.
     QVERIFY(!Controllo<QToolButton>(F, "cmdAnnulla")->isEnabled());
+}
+
+/// A question that waits for its answer knows the note as it was.
+void TestStatoNota::mentreSiDomanda()
+{
+    F->Nuova({});
+    F->SetModificata(true);
+    const StatoTenuto Era = F->Nota.Stato;
+    const auto Mostra = Registratore::AlMostrare();
+    bool Premuta = false;
+    const QScopedValueRollback Mano(Registratore::AlMostrare(), std::function<void()>([&] {
+                                        if (Mostra)
+                                            Mostra();
+                                        Premuta = true;
+                                        Bottone()->menu()->actions().at(3)->trigger();
+                                    }));
+    T->Voce.Attendi(u"Nuova parcella\nVuoi salvare la parcella prima di chiudere?"_s, vbCancel,
+                    u"Domanda:"_s);
+    QVERIFY(!F->ChiediChiusura());
+    QVERIFY(Premuta);
+    QCOMPARE(F->Nota.Stato, Era);
+    QVERIFY(Bottone()->menu()->actions().at(0)->isChecked());
+    F->SetModificata(false);
+}
+
+/// A choice over payments that were there already holds when the note is opened and worked on.
+void TestStatoNota::pagamentiDiPrima()
+{
+    Parcella Nota = F->Nota;
+    Nota.xAcconti(NuovoAcconto(Nota), AccCorrispettivi) = 1e6;
+    Nota.Stato = {};
+    (void)ScegliStato(Nota, Inviata);
+    const QString File = sessione::ParcellePath + u"pagata prima.mdb"_s;
+    ScriviNota(File, Nota);
+    QVERIFY(F->Carica(File));
+    QVERIFY(CoperturaDi(F->Nota).Coperta);
+    ClicScheda(F, SchedaBase);
+    Scrivi(F, "txtCliente", u"Verdi"_s);
+    QVERIFY(F->Nota.Modificata);
+    QCOMPARE(F->Nota.Stato.Stato, Inviata);
+    F->SetModificata(false);
 }
 
 void TestStatoNota::siScegliaDaTastiera()
@@ -251,7 +296,10 @@ void TestStatoNota::unaIntattaLoTieneSubito()
 {
     Documento(StampaPrenotula);
     const QString File = Salvata();
+    int Rinfrescate = 0;
+    const QScopedValueRollback Elenco(Aperture.RinfrescaTrova, std::function<void()>([&] { ++Rinfrescate; }));
     Stampa();
+    QCOMPARE(Rinfrescate, 1);  // a list on view shows the state
     QCOMPARE(Detto(), u"Stato: inviata"_s);
     QVERIFY(!F->Nota.Modificata && !InfoParcelle[1].Modificata);
     QCOMPARE(NelFile(File), Inviata);

@@ -113,8 +113,9 @@ void frmTrovaParcella::EsportaCsv()
                            Note, [this](int Chi) { return Nomi.Codici(Chi); }, Righe.NoteTutte()),
                        Lettori::SoloUtente);
             if (Nomi.Guasto())
-                Manca += (Manca.isEmpty() ? QString() : u"; "_s) +
-                         u"codici fiscali e partite IVA, perché l'archivio dei clienti non si legge"_s;
+                Manca +=
+                    (Manca.isEmpty() ? QString() : u"; "_s) +
+                    u"mancano codici fiscali e partite IVA, perché l'archivio dei clienti non si legge"_s;
             Nomi.Chiudi();
         }))
         return;

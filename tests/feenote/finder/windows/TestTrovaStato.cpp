@@ -3,8 +3,12 @@
 
 #include "feenote/finder/scadenzario.h"
 #include "feenote/modStato.h"
+#include "platform/system/file.h"
+#include "platform/system/guasti.h"
 
 #include <QMenu>
+#include <QScopeGuard>
+#include <QSemaphore>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -28,6 +32,12 @@ private Q_SLOTS:
     void perCliente();
     void perClienteDaTastiera();
     void ilSuggerimento();
+    void laCorrenteResta();
+    void mentreSiCerca();
+    void senzaNome();
+    void copiaFuoriDalFiltro();
+    void senzaIModelli();
+    void archivioCheNonSiLegge();
     void laStornata();
     void nonTutteLette();
     void moltiClienti_data();
@@ -216,6 +226,108 @@ void TestTrovaStato::ilSuggerimento()
                 ->Suggerimento(RigaDi(u"verdi"_s))
                 .contains(u"È di una versione precedente: il suo stato non è noto"_s));
     QVERIFY(!Lista()->Suggerimento(RigaDi(u"d"_s)).contains(u"Aperto"_s));
+}
+
+/// The current row stays where the filter leaves it.
+void TestTrovaStato::laCorrenteResta()
+{
+    VaiSu(u"b"_s);
+    Scegli(ListaStati(), int(FiltroStato::DaIncassare));
+    QCOMPARE(Corrente(), u"b"_s);
+    Scegli(ListaStati(), int(FiltroStato::Pagata));
+    QCOMPARE(Corrente(), u"d"_s);
+}
+
+/// A sum of the rows that have come so far is none.
+void TestTrovaStato::mentreSiCerca()
+{
+    QSemaphore Rete;
+    guasti::PrimaDiScorrere = [&Rete](const QString&) { Rete.acquire(); };
+    const auto Fine = qScopeGuard([&] { guasti::PrimaDiScorrere = {}; });
+    F->TrovaParc(Note);
+    QVERIFY(F->InRicerca());
+    Scegli(ListaStati(), int(FiltroStato::Inviata));
+    const QString Detto = Aperto();
+    const bool Premibile = PerCliente()->isEnabled();
+    Rete.release(10);
+    Finita();
+    QCOMPARE(Detto, QString());
+    QVERIFY(!Premibile);
+    QVERIFY(Aperto().startsWith(u"Aperto: 1.100,00 in 2 parcelle"_s));
+}
+
+void TestTrovaStato::senzaNome()
+{
+    Salva(u"z"_s, {}, StatoNota::Inviata, 5);
+    F->RinfrescaTrova();
+    Finita();
+    const QAction* Voce = PerCliente()->menu()->actions().last();
+    QCOMPARE(Voce->text(), u"Senza cliente\t5,00 in 1 parcella"_s);
+    QVERIFY(!Voce->isEnabled());  // no text would leave its notes
+}
+
+/// An invoice that was paid in the file that was saved last is not owed in the other one, which alone passes.
+void TestTrovaStato::copiaFuoriDalFiltro()
+{
+    for (const QString& Nome : {u"x1"_s, u"x2"_s}) {
+        Parcella Nota;
+        NuovaParcella(Nota);
+        Nota.txtCliente.Testo = u"Gamma"_s;
+        Nota.xOnorari(Nota.xOnorari.AggiungiRiga(), OnoImporto) = 700.0;
+        Nota.txtDatiPar[DatoNumFatt] = u"7"_s;
+        Nota.txtDatiPar[DatoDataFatt] = u"01/11/2026"_s;
+        ScegliTipoStampa(Nota, StampaFatturaAnalitica);
+        (void)NotaInviata(Nota, StampaFatturaAnalitica);
+        (void)ScegliStato(Nota, Nome == u"x1" ? StatoNota::Fatturata : StatoNota::Pagata);
+        ScriviNota(Note + Nome + u".mdb"_s, Nota);
+    }
+    QFile Prima(Note + u"x1.mdb"_s);
+    QVERIFY(Prima.open(QIODevice::ReadWrite));
+    QVERIFY(Prima.setFileTime(QDateTime::currentDateTime().addDays(-9), QFileDevice::FileModificationTime));
+    Prima.close();
+    F->RinfrescaTrova();
+    Finita();
+    Scegli(ListaStati(), int(FiltroStato::Fatturata));
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"b"_s, u"x1"_s}));
+    QCOMPARE(Aperto(), u"Aperto: 200,50 in 1 parcella; 1 copia non contata; Beta 200,50"_s);
+    const QString File = CartellaDiProva() + u"copia.csv"_s;
+    T->Voce.AttendiSalva(File);
+    T->Voce.Attendi(u"2 parcelle esportate in \"copia.csv\"."_s, vbNo, u"Messaggio:"_s);
+    F->EsportaCsv();
+    QVERIFY(LeggiFile(File).contains("Gamma;;;Fattura analitica (copia);7;01/11/2026;Fatturata;"));
+    Scegli(ListaStati(), int(FiltroStato::DaIncassare));
+    QVERIFY(!Nomi().contains(u"x1"_s));
+}
+
+void TestTrovaStato::senzaIModelli()
+{
+    ImpostaSolaLettura(Note + u"a.mdb"_s, true);
+    F->RinfrescaTrova();
+    Finita();
+    T->Voce.AttendiSalva(CartellaDiProva() + u"senza.csv"_s);
+    T->Voce.Attendi(u"6 parcelle esportate in \"senza.csv\"."_s, vbNo, u"Messaggio:"_s);
+    F->EsportaCsv();
+    ImpostaSolaLettura(Note + u"a.mdb"_s, false);
+    QCOMPARE(LeggiFile(CartellaDiProva() + u"senza.csv"_s).count("\r\n"), 7);
+}
+
+void TestTrovaStato::archivioCheNonSiLegge()
+{
+    sessione::ArchivioCliCon = Note + u"archivio"_s;
+    ScriviFile(sessione::ArchivioCliCon, QByteArray(5000, 'x'));
+    Parcella Nota;
+    NuovaParcella(Nota);
+    Nota.IDCli = 3;
+    Nota.txtCliente.Testo = u"Gamma"_s;
+    ScriviNota(Note + u"g.mdb"_s, Nota);
+    F->RinfrescaTrova();
+    Finita();
+    T->Voce.AttendiSalva(CartellaDiProva() + u"codici.csv"_s);
+    T->Voce.Attendi(u"8 parcelle esportate in \"codici.csv\".\nAttenzione, il foglio non è completo: mancano "
+                    u"codici fiscali e "
+                    u"partite IVA, perché l'archivio dei clienti non si legge."_s,
+                    vbNo, u"Messaggio:"_s);
+    F->EsportaCsv();
 }
 
 /// An invoice that its own file takes back says both documents, and waits for no money.
