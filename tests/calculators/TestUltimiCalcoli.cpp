@@ -10,13 +10,13 @@
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
+#include "platform/system/turno.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-
 #include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
@@ -57,7 +57,10 @@ private Q_SLOTS:
     void giro();
     void dieciEPoiEsce();
     void unoPerCalcolatrice();
+    void dieciAncheNelFile();
     void gliStessiDatiUnaVolta();
+    void gliStessiNonNeCaccianoAltri();
+    void aTurno();
     void ilNomeDatoResta();
     void sostituisce();
     void rinominaDimenticaSvuota();
@@ -107,6 +110,46 @@ void TestUltimiCalcoli::unoPerCalcolatrice()
         RicordaCalcolo(Quale, Fatto(NomiCalcolatrici[size_t(Quale)].toString()));
     for (const Calcolatrice Quale : {Termini, Sequenziali, Interessi, Istat, CodiceFiscale, Contributo})
         QCOMPARE(Nomi(Quale), QStringList{NomiCalcolatrici[size_t(Quale)].toString()});
+}
+
+/// What goes is gone from the file, and a file that has more, by whatever hand, shows ten.
+void TestUltimiCalcoli::dieciAncheNelFile()
+{
+    for (int i = 0; i < 12; ++i)
+        RicordaCalcolo(Istat, Fatto(QString::number(i)));
+    const QJsonObject Tutto = QJsonDocument::fromJson(LeggiFile(FileCalcoli())).object();
+    QCOMPARE(Tutto[u"istat"].toArray().size(), 10);
+    ElencoCalcoli Elenco;
+    for (int i = 0; i < 12; ++i)
+        Elenco[size_t(Istat)] << Fatto(QString::number(i));
+    const auto Letto = LeggiElenco(ScriviElenco(Elenco));
+    QVERIFY(Letto);
+    QCOMPARE((*Letto)[size_t(Istat)].size(), 10);
+    QCOMPARE((*Letto)[size_t(Istat)].last().Nome, u"9"_s);
+}
+
+/// One that is made again takes no other one's place.
+void TestUltimiCalcoli::gliStessiNonNeCaccianoAltri()
+{
+    for (int i = 0; i < 10; ++i)
+        RicordaCalcolo(Istat, Fatto(QString::number(i)));
+    RicordaCalcolo(Istat, Fatto(u"5"_s));
+    QCOMPARE(Nomi(Istat),
+             (QStringList{u"5"_s, u"9"_s, u"8"_s, u"7"_s, u"6"_s, u"4"_s, u"3"_s, u"2"_s, u"1"_s, u"0"_s}));
+}
+
+/// While another program changes the file nobody else does: what that one has read would be lost.
+void TestUltimiCalcoli::aTurno()
+{
+    const QScopedValueRollback Breve(guasti::AttesaTurnoMs, 50);
+    RicordaCalcolo(Istat, Fatto(u"prima"_s));
+    int Rifiuto = 0;
+    ATurno(FileCalcoli(), u".~calcoli.json.lock"_s,
+           [&] { Rifiuto = NumeroErrore([] { RicordaCalcolo(Istat, Fatto(u"intanto"_s)); }); });
+    QCOMPARE(Rifiuto, 55);
+    QCOMPARE(Nomi(Istat), QStringList{u"prima"_s});
+    RicordaCalcolo(Istat, Fatto(u"poi"_s));
+    QCOMPARE(Nomi(Istat), (QStringList{u"poi"_s, u"prima"_s}));
 }
 
 void TestUltimiCalcoli::gliStessiDatiUnaVolta()

@@ -47,6 +47,8 @@ private Q_SLOTS:
     void altezze_data();
     void altezze();
     void troppoLargo();
+    void troppiPunti_data();
+    void troppiPunti();
     void spento_data();
     void spento();
     void persoSiDiceUnaVolta_data();
@@ -140,6 +142,23 @@ void TestLogoStampa::troppoLargo()
     QVERIFY(Figura);
     QCOMPARE(Figura->LarghezzaCm, 17.6);
     QVERIFY(qAbs(Figura->AltezzaCm - 0.88) < 1e-9);
+}
+
+/// The program's own copies have no more: a larger one is not one of them.
+void TestLogoStampa::troppiPunti_data()
+{
+    QTest::addColumn<QSize>("Lati");
+    QTest::addColumn<bool>("Ammessi");
+    QTest::newRow("il più largo") << QSize(logo::PixelLarghezza, 100) << true;
+    QTest::newRow("troppo largo") << QSize(logo::PixelLarghezza + 1, 100) << false;
+    QTest::newRow("il più alto") << QSize(300, logo::PixelAltezza) << true;
+    QTest::newRow("troppo alto") << QSize(300, logo::PixelAltezza + 1) << false;
+}
+
+void TestLogoStampa::troppiPunti()
+{
+    QFETCH(QSize, Lati);
+    QTEST(FiguraDi(Png(Lati), 2.0, Allineamento::Sinistra).has_value(), "Ammessi");
 }
 
 void TestLogoStampa::spento_data()

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void ripresoNonProsegue();
     void tributarioSenzaValore();
     void leNotificheRestano();
+    void soltantoCioCheAveva();
 };
 PROVA(TestCalcoliRicordati);
 
@@ -305,6 +306,27 @@ void TestCalcoliRicordati::leNotificheRestano()
     QVERIFY(Riprendi(F));
     QCOMPARE(TestoDi(F, "txtValore_0"), u"1.000,00"_s);
     QVERIFY(Controllo<QCheckBox>(F, "chkNotifiche")->isChecked());
+}
+
+/// Nothing of what is on view stays beside a calculation that is taken up.
+void TestCalcoliRicordati::soltantoCioCheAveva()
+{
+    QDialog* F = Apri<frmContrib>();
+    Scegli(F, "cmbNorme", 1);
+    Scrivi(F, "txtValore_0", u"1000"_s);
+    Premi(Qt::Key_Tab);
+    DalMenu(F, "mnuNew");
+    Scrivi(F, "txtValoreVigente", u"30000"_s);
+    Premi(Qt::Key_Tab);
+    QVERIFY(!TestoDi(F, "lblVigente").isEmpty());
+    auto* Elenco = ApriElenco(F);
+    QVERIFY(Elenco);
+    QCOMPARE(Colonna(Elenco, 1).at(1), u"43,00 euro"_s);
+    DoppioClic(Controllo<Griglia>(Elenco, "tdbCalcoli"), 1);
+    Respiro();
+    QCOMPARE(TestoDi(F, "txtValore_0"), u"1.000,00"_s);
+    QCOMPARE(TestoDi(F, "txtValoreVigente"), QString());
+    QCOMPARE(TestoDi(F, "lblVigente"), QString());
 }
 
 #include "TestCalcoliRicordati.moc"

@@ -2,6 +2,7 @@
 #include "bancocalcoli.h"
 
 #include "calculators/windows/frmIstat.h"
+#include "calculators/windows/frmTermini.h"
 #include "calculators/windows/frmTerminiSeq.h"
 #include "platform/system/file.h"
 
@@ -23,6 +24,7 @@ private Q_SLOTS:
     void elencoDanneggiato();
     void elencoCheNonSiScrive();
     void voceNonPiuInElenco();
+    void nullaDiUnaVoceRifiutata();
     void accessibile();
 };
 PROVA(TestElencoCalcoli);
@@ -160,6 +162,23 @@ void TestElencoCalcoli::voceNonPiuInElenco()
                     u"Errore:"_s);
     Clic(Controllo(Elenco, "cmdRiprendi"));
     QCOMPARE(TestoDi(F, "lblRisult"), QString());
+}
+
+/// Half of a calculation would be taken for another one.
+void TestElencoCalcoli::nullaDiUnaVoceRifiutata()
+{
+    RicordaCalcolo(Calcolatrice::Termini,
+                   {u"vecchio"_s,
+                    u"x"_s,
+                    Adesso(),
+                    {{u"mskDecorr"_s, u"20/07/2012"_s}, {u"cmbIncrTipo"_s, u"Lustri"_s}}});
+    QDialog* F = Apri<frmTermini>();
+    auto* Elenco = ApriElenco(F);
+    QVERIFY(Elenco);
+    B->Voce.Attendi(u"Il calcolo non si può riprendere: \"Lustri\" non è più in elenco."_s, vbOK,
+                    u"Errore:"_s);
+    Clic(Controllo(Elenco, "cmdRiprendi"));
+    QVERIFY(Controllo<MascheraData>(F, "mskDecorr")->Vuota());
 }
 
 void TestElencoCalcoli::accessibile()

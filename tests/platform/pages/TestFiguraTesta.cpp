@@ -51,6 +51,9 @@ private Q_SLOTS:
     void cioCheNonEUnaFigura_data();
     void cioCheNonEUnaFigura();
     void suUnFoglioPiccolo();
+    void suUnFoglioBasso();
+    void troppiPunti_data();
+    void troppiPunti();
     void nelPdf();
     void ricercaEScelta();
 };
@@ -137,6 +140,35 @@ void TestFiguraTesta::suUnFoglioPiccolo()
                               {105.0, 148.0});
     // 71 mm of text, and the picture in proportion.
     QVERIFY(disegni::Vicini(AltoDelTesto(Fatta), 15.0 + 20.0 * 71.0 / 160.0 + 4.0));
+}
+
+/// It leaves half of the room to the text: 53 mm between the margins.
+void TestFiguraTesta::suUnFoglioBasso()
+{
+    const Impaginazione Fatta(Con(FiguraTesta{Nera({100, 100}), 5.0, 5.0, Allineamento::Sinistra}),
+                              {210.0, 100.0});
+    QVERIFY(disegni::Vicini(AltoDelTesto(Fatta), 15.0 + 53.0 / 2.0 + 4.0));
+}
+
+/// What would take more memory than any logo is none.
+void TestFiguraTesta::troppiPunti_data()
+{
+    QTest::addColumn<QSize>("Lati");
+    QTest::newRow("in tutto") << QSize(5000, 4000);
+    QTest::newRow("di un lato") << QSize(6100, 40);
+}
+
+void TestFiguraTesta::troppiPunti()
+{
+    QFETCH(QSize, Lati);
+    QImage Figura(Lati, QImage::Format_Mono);
+    Figura.fill(0);
+    QByteArray Byte;
+    QBuffer Uscita(&Byte);
+    Uscita.open(QIODevice::WriteOnly);
+    Figura.save(&Uscita, "png");
+    const Impaginazione Fatta(Con(FiguraTesta{Byte, 4.0, 2.0, Allineamento::Sinistra}));
+    QVERIFY(disegni::Vicini(AltoDelTesto(Fatta), 15.0));
 }
 
 void TestFiguraTesta::nelPdf()

@@ -50,6 +50,7 @@ private Q_SLOTS:
     void comeStesaDaCapo();
     void iLimiti();
     void iGradiCrescono();
+    void unoDopoLAltro();
     void leTabelle();
     void ilTestoELoStesso();
     void senzaLaSceltaNullaCambia();
@@ -190,6 +191,18 @@ void TestUnaPagina::iGradiCrescono()
         QVERIFY(Poi.Bianche <= Prima.Bianche && Poi.Interlinea <= Prima.Interlinea &&
                 Poi.Corpo <= Prima.Corpo);
         QVERIFY(!(Poi == Prima));
+    }
+}
+
+/// Blank rows give all that they can before lines come nearer, lines before letters are smaller.
+void TestUnaPagina::unoDopoLAltro()
+{
+    for (int Grado = 0; Grado <= GradoMassimo; ++Grado) {
+        const Strettezza Quanto = StrettezzaDi(Grado);
+        QCOMPARE(Quanto.Bianche == BiancheMinime, Grado >= PassiStrettezza);
+        QCOMPARE(Quanto.Interlinea<1.0, Grado> PassiStrettezza);
+        QCOMPARE(Quanto.Interlinea == InterlineaMinima, Grado >= 2 * PassiStrettezza);
+        QCOMPARE(Quanto.Corpo<1.0, Grado> 2 * PassiStrettezza);
     }
 }
 
