@@ -47,8 +47,19 @@ int main(int argc, char** argv)
             std::fprintf(stderr, "%s\n", qPrintable(Nome));
         return 2;
     }
+    // What is written by a path without a folder would stay in the checkout of whoever runs the tests.
+    const QString Lavoro = CartellaDiProva() + QStringLiteral("lavoro");
+    QDir().mkpath(Lavoro);
+    QDir::setCurrent(Lavoro);
     const std::unique_ptr<QObject> Prova(Trovata->second());
     QStringList Resto = Argomenti;
     Resto.removeAt(1);
-    return QTest::qExec(Prova.get(), Resto);
+    const int Esito = QTest::qExec(Prova.get(), Resto);
+    const QStringList Lasciati =
+        QDir(Lavoro).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    if (Lasciati.isEmpty())
+        return Esito;
+    std::fprintf(stderr, "FAIL!  : nella cartella di lavoro resta %s\n",
+                 qPrintable(Lasciati.join(QStringLiteral(", "))));
+    return Esito == 0 ? 1 : Esito;
 }

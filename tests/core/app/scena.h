@@ -104,6 +104,9 @@ public:
     void Preparata()
     {
         sessione::PercorsoProg = ProgrammaDiProva();
+        const QString Salvata = Parametro(u"UserFolder"_s);
+        sessione::UserFolder = Salvata.isEmpty() ? CartellaDiProva() + u"utente/"_s : Salvata;
+        QDir().mkpath(sessione::UserFolder);
         sessione::StudioNome = u"Studio Bianchi"_s;
         sessione::CercaAgg = false;
         sessione::SfondoDesktop.clear();  // a plain ground, unless a test asks for a picture
