@@ -1,12 +1,5 @@
-// Tab 0 by mouse and keyboard: parties, parameters, variations, the gate to the other tabs.
-#include "feenote/modVariazione.h"
-#include "platform/kit/suggerimento.h"
-#include "tavolo.h"
-
-#include <QGroupBox>
-#include <QHelpEvent>
-#include <QStyleOptionFrame>
-#include <QToolTip>
+// Tab 0 by mouse and keyboard: parties, parameters, the gate to the other tabs.
+#include "schedabase.h"
 
 using namespace Qt::StringLiterals;
 
@@ -25,12 +18,12 @@ QString Banner(const frmParcelle* Finestra)
 
 }  // namespace
 
-class TestSchedaBase : public QObject
+class TestSchedaBase : public QObject, private BancoSchedaBase
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { Prepara(); }
+    void cleanup() { Sgombra(); }
     void laNotaNuovaAspetta();
     void senzaAssociataNullaDaUsare();
     void civileSubitoHaIValori();
@@ -57,40 +50,14 @@ private Q_SLOTS:
     void ilCancelloVaAncheDallaFreccia();
     void ilCampoRifiutatoFermaIlCambio();
     void leScorciatoieNonSaltanoIlCampo();
-    void variazioneOltreIlLimite();
-    void ilLimiteRimessoVale();
-    void soloCifreAncheIncollando_data();
-    void soloCifreAncheIncollando();
-    void leVariazioniComeNelDecreto();
-    void leFrecceScorronoLeVariazioni();
     void ogniMnemonicoPortaAlSuoCampo();
-    void ilSegnoAspettaIlPercento();
-    void ilSegnoCambiaLaVariazione();
-    void ilPercentoVuotoTornaLibero();
     void testoLunghissimo_data();
     void testoLunghissimo();
     void ilTestoTagliatoSiLeggeIntero();
     void ilNomeLungoSiLeggeDalPrincipio();
     void ilValorePiuGrandeSiVedeIntero();
-    void lOpzioneGiaSceltaNonCambiaNulla();
-
-private:
-    std::unique_ptr<Tavolo> T;
-    frmParcelle* F = nullptr;
 };
 PROVA(TestSchedaBase);
-
-void TestSchedaBase::init()
-{
-    T = std::make_unique<Tavolo>();
-    F = T->Apri();
-    QVERIFY(F);
-}
-
-void TestSchedaBase::cleanup()
-{
-    T.reset();
-}
 
 void TestSchedaBase::laNotaNuovaAspetta()
 {
@@ -416,87 +383,6 @@ void TestSchedaBase::leScorciatoieNonSaltanoIlCampo()
     QCOMPARE(F->Scheda(), int(SchedaListaOnorari));
 }
 
-void TestSchedaBase::variazioneOltreIlLimite()
-{
-    Clic(Controllo(F, "optAumRid_0"));
-    QCOMPARE(F->Nota.AumRidVarP, 100);
-    QVERIFY(!Controllo(F, "cmbAumRid")->isEnabled());
-    auto* Box = Controllo<QLineEdit>(F, "txtAumRid");
-    Scrivi(Box, u"101"_s);
-    T->Voce.Attendi(u"La variazione deve essere compreso tra 1 e 100!"_s, vbOK, u"Errore:"_s);
-    Premi(Qt::Key_Tab);
-    Respiro();
-    QCOMPARE(Box->text(), u"100"_s);
-    QCOMPARE(QApplication::focusWidget(), Box);
-}
-
-void TestSchedaBase::ilLimiteRimessoVale()
-{
-    Clic(Controllo(F, "optAumRid_0"));
-    auto* Box = Controllo<QLineEdit>(F, "txtAumRid");
-    Scrivi(Box, u"50"_s);
-    Premi(Qt::Key_Tab);
-    QCOMPARE(F->Nota.AumRidVarP, 50);
-    Scrivi(Box, u"101"_s);
-    T->Voce.Attendi(u"La variazione deve essere compreso tra 1 e 100!"_s);
-    Premi(Qt::Key_Tab);
-    Respiro();
-    Premi(Qt::Key_Tab);  // the limit put back is left as it stands
-    Respiro();
-    QCOMPARE(F->Nota.AumRidVarP, 100);
-}
-
-void TestSchedaBase::soloCifreAncheIncollando_data()
-{
-    QTest::addColumn<QString>("Testo");
-    QTest::newRow("col segno") << u"-5"_s;
-    QTest::newRow("con la virgola") << u"1,5"_s;
-    QTest::newRow("parola") << u"abc"_s;
-}
-
-void TestSchedaBase::soloCifreAncheIncollando()
-{
-    QFETCH(QString, Testo);
-    auto* Box = Controllo<QLineEdit>(F, "txtAumRid");
-    Scrivi(Box, u"20"_s);
-    Incolla(Box, Testo);
-    QCOMPARE(Box->text(), u"20"_s);
-    Premi(Qt::Key_Tab);
-    QCOMPARE(F->Nota.AumRidVarP, 20);
-}
-
-void TestSchedaBase::leVariazioniComeNelDecreto()
-{
-    for (int i = 0; i < NumAumRid; ++i) {
-        const QByteArray Nome = "optAumRid_" + QByteArray::number(i);
-        const auto* Una = Controllo<QRadioButton>(F, Nome.constData());
-        QCOMPARE(QString(Una->text()).remove(u'&'), DidascaliaAumRid(i));
-        const auto* Gruppo = qobject_cast<QGroupBox*>(Una->parentWidget());
-        QVERIFY(Gruppo);
-        if (i != AumRidLibera)
-            QCOMPARE(Gruppo->title(), OpzioniAumRid()[i].Gruppo);
-        QVERIFY2(Gruppo->font().bold() && !Una->font().bold(), Nome.constData());
-    }
-    QCOMPARE(Controllo(F, "optAumRid_6")->toolTip(),
-             u"applica le riduzioni previste dagli art. 82 e 130 del D.p.r. n. 115/2002"_s);
-}
-
-void TestSchedaBase::leFrecceScorronoLeVariazioni()
-{
-    // Up through the increases, over to the reductions, down through them and back to the free one.
-    Controllo(F, "optAumRid_5")->setFocus(Qt::TabFocusReason);
-    QList<int> Viste;
-    for (const Qt::Key Freccia : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Right,
-                                  Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down}) {
-        Premi(Freccia);
-        const QByteArray Nome = "optAumRid_" + QByteArray::number(F->Nota.AumRidIdx);
-        QVERIFY(Controllo<QRadioButton>(F, Nome.constData())->hasFocus());
-        QVERIFY(Controllo<QRadioButton>(F, Nome.constData())->isChecked());
-        Viste.append(F->Nota.AumRidIdx);
-    }
-    QCOMPARE(Viste, (QList{4, 3, 2, 1, 0, 6, 7, 8, 9, 10, 5}));
-}
-
 void TestSchedaBase::ogniMnemonicoPortaAlSuoCampo()
 {
     CompilaCivile(F);
@@ -519,37 +405,6 @@ void TestSchedaBase::ogniMnemonicoPortaAlSuoCampo()
         QVERIFY2(Una->hasFocus(), qPrintable(Una->text()));
         QVERIFY2(Una->isDown() || Una->isChecked(), "si preme da sé, un momento dopo");
     }
-}
-
-void TestSchedaBase::ilSegnoAspettaIlPercento()
-{
-    Scegli(Controllo<QComboBox>(F, "cmbAumRid"), 1);
-    QCOMPARE(Controllo<QComboBox>(F, "cmbAumRid")->currentText(), u"-"_s);
-    Scrivi(Controllo<QLineEdit>(F, "txtAumRid"), u"20"_s);
-    Premi(Qt::Key_Tab);
-    QCOMPARE(F->Nota.AumRidVarP, -20);
-}
-
-void TestSchedaBase::ilSegnoCambiaLaVariazione()
-{
-    Scrivi(Controllo<QLineEdit>(F, "txtAumRid"), u"20"_s);
-    QCOMPARE(Controllo<QComboBox>(F, "cmbAumRid")->currentText(), u"+"_s);
-    Premi(Qt::Key_Tab);
-    QCOMPARE(F->Nota.AumRidVarP, 20);
-    Scegli(Controllo<QComboBox>(F, "cmbAumRid"), 1);
-    QCOMPARE(F->Nota.AumRidVarP, -20);
-}
-
-void TestSchedaBase::ilPercentoVuotoTornaLibero()
-{
-    Clic(Controllo(F, "optAumRid_6"));
-    QCOMPARE(F->Nota.AumRidVarP, -50);
-    Scrivi(Controllo<QLineEdit>(F, "txtAumRid"), {});
-    Premi(Qt::Key_Tab);
-    QCOMPARE(F->Nota.AumRidVarP, 0);
-    QVERIFY(Controllo<QRadioButton>(F, "optAumRid_5")->isChecked());
-    QVERIFY(!Controllo<QRadioButton>(F, "optAumRid_6")->isChecked());
-    QCOMPARE(Controllo<QComboBox>(F, "cmbAumRid")->currentIndex(), -1);
 }
 
 void TestSchedaBase::testoLunghissimo_data()
@@ -619,22 +474,6 @@ void TestSchedaBase::ilValorePiuGrandeSiVedeIntero()
     const QRect Dentro = Box->style()->subElementRect(QStyle::SE_LineEditContents, &Cornice, Box);
     constexpr int MarginiDelTesto = 4;
     QVERIFY(Box->fontMetrics().horizontalAdvance(Box->text()) <= Dentro.width() - MarginiDelTesto);
-}
-
-void TestSchedaBase::lOpzioneGiaSceltaNonCambiaNulla()
-{
-    CompilaCivile(F);
-    Clic(Controllo<QRadioButton>(F, "optAumRid_0"));
-    Scrivi(Controllo<QLineEdit>(F, "txtAumRid"), u"20"_s);
-    Premi(Qt::Key_Tab);
-    RigaOnorario(F->Nota, u"Studio"_s, 100);
-    F->Nota.RicalcoloNecessario = false;
-    F->SetModificata(false);
-    Clic(Controllo<QRadioButton>(F, "optAumRid_0"));
-    QCOMPARE(Controllo<QLineEdit>(F, "txtAumRid")->text(), u"20"_s);
-    QCOMPARE(F->Nota.AumRidVarP, 20);
-    QVERIFY(!F->Nota.RicalcoloNecessario);
-    QVERIFY(!F->Nota.Modificata);
 }
 
 #include "TestSchedaBase.moc"
