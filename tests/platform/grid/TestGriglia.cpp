@@ -1,97 +1,14 @@
 // The rows of a grid and their cells, by keyboard and mouse on the real widget.
-#include "platform/base/errore.h"
-#include "platform/grid/griglia.h"
-#include "platform/kit/collega.h"
-#include "supporto/finestre.h"
-#include "supporto/prova.h"
-
-#include <QApplication>
-#include <QClipboard>
-#include <QContextMenuEvent>
-#include <QHeaderView>
-#include <QInputMethodEvent>
-#include <QLineEdit>
-#include <QSignalSpy>
-#include <QTableView>
-#include <QVBoxLayout>
+#include "celle.h"
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-enum Colonna { Data, Descrizione, Importo, Nota };
-
-QList<ColonnaGriglia> QuattroColonne()
-{
-    QList<ColonnaGriglia> Colonne(4);
-    Colonne[Data].Titolo = u"Data"_s;
-    Colonne[Data].Filtro = u"d"_s;
-    Colonne[Descrizione].Titolo = u"Descrizione"_s;
-    Colonne[Descrizione].Massimo = 20;
-    Colonne[Importo].Titolo = u"Importo"_s;
-    Colonne[Importo].Filtro = u","_s;
-    Colonne[Nota].Titolo = u"Nota"_s;
-    for (int i = 0; i < Colonne.size(); ++i) {
-        Colonne[i].Campo = i;
-        Colonne[i].Modificabile = i != Nota;
-    }
-    return Colonne;
-}
-
-/// A window with a grid over three rows and a box behind it.
-struct Finestra : QWidget
-{
-    Finestra() : Righe(4), Griglia_(new Griglia(this)), Dopo(new QLineEdit(this))
-    {
-        for (const QString& Testo : {u"prima"_s, u"seconda"_s, u"terza"_s})
-            Righe(Righe.AggiungiRiga(), Descrizione) = Testo;
-        auto* Disposizione = new QVBoxLayout(this);
-        Disposizione->addWidget(Griglia_);
-        Disposizione->addWidget(Dopo);
-        Griglia_->ImpostaColonne(QuattroColonne());
-        Griglia_->Lega(&Righe);
-        resize(600, 300);
-    }
-
-    [[nodiscard]] QTableView* Vista() const { return Griglia_->Vista(); }
-    [[nodiscard]] QLineEdit* Cella() const { return Vista()->viewport()->findChild<QLineEdit*>(u"cella"_s); }
-
-    /// Every column has the same check.
-    void Convalida(const std::function<bool(int Riga, const QString& Testo)>& Controllo)
-    {
-        QList<ColonnaGriglia> Colonne = QuattroColonne();
-        for (ColonnaGriglia& Colonna : Colonne)
-            Colonna.Convalida = Controllo;
-        Griglia_->ImpostaColonne(Colonne);
-    }
-
-    void Vai(int Riga, int Colonna)
-    {
-        Griglia_->setFocus();
-        Griglia_->ImpostaRigaCorrente(Riga, Colonna);
-    }
-    [[nodiscard]] QPoint Centro(int Riga, int Colonna) const
-    {
-        return Vista()->visualRect(Vista()->model()->index(Riga, Colonna)).center();
-    }
-    void Clic(int Riga, int Colonna)
-    {
-        QTest::mouseClick(Vista()->viewport(), Qt::LeftButton, Qt::NoModifier, Centro(Riga, Colonna));
-    }
-
-    TabellaRighe Righe;
-    Griglia* Griglia_;
-    QLineEdit* Dopo;
-};
-
-}  // namespace
-
-class TestGriglia : public QObject
+class TestGriglia : public QObject, private BancoCelle
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { Prepara(); }
+    void cleanup() { Sgombra(); }
     void unTastoApreLaCellaEInvioLaScrive();
     void escRidaIlTestoDiPrima();
     void f2TieneIlTesto();
@@ -100,31 +17,12 @@ private Q_SLOTS:
     void backtabTornaIndietro();
     void invioVaACapo();
     void f6EsceDallaGriglia();
-    void f6NonLasciaCioCheSiRifiuta();
-    void unTastoFiltratoNonApre();
-    void ilPuntoDelTastierinoFaVirgola();
-    void laDataSenzaSeparatori_data();
-    void laDataSenzaSeparatori();
-    void laDataRifiutataRidaQuellaDiPrima();
-    void ilTestoPiuLungoDellaCellaRestaIntero();
-    void ilNumeroSiScriveComeNumero();
-    void lunghezzaMassima();
-    void rifiutoTieneApertaLaCella();
-    void rifiutoAlClicAltrove();
-    void rifiutoAllUscita();
-    void ilMessaggioNonRientra();
-    void unErroreNellaRegolaRifiuta();
     void unClicAltroveScrive();
     void frecciaScrive();
-    void lettereAccentate();
     void laRigaNuovaNasceAllaPrimaCella();
     void laRigaNuovaVuotaNonNasce();
     void tabDallUltimaCellaVaAllaRigaNuova();
-    void rigaNuovaRiempitaDallaRegola();
-    void laRigaCheNonSiLascia();
-    void laRigaToccataSiChiedeUscendo();
     void concludiSenzaCellaAperta();
-    void valoreDelModulo();
     void testoCambiatoDalCodiceSiVede();
     void grigliaSenzaCelleScrivibili();
     void canc();
@@ -132,26 +30,11 @@ private Q_SLOTS:
     void comandiSulleRighe();
     void clicSuCella();
     void ilDoppioClicSonoDueClic();
-    void soloMaiuscole();
     void menuContestuale();
     void distruttaConLaCellaAperta();
     void laVistaHaIlNomeDellaGriglia();
-
-private:
-    std::unique_ptr<Finestra> F;
 };
 PROVA(TestGriglia);
-
-void TestGriglia::init()
-{
-    F = std::make_unique<Finestra>();
-    QVERIFY(MostraAttiva(*F));
-}
-
-void TestGriglia::cleanup()
-{
-    F.reset();
-}
 
 void TestGriglia::unTastoApreLaCellaEInvioLaScrive()
 {
@@ -242,152 +125,6 @@ void TestGriglia::invioVaACapo()
     QCOMPARE(F->Griglia_->ColonnaCorrente(), int(Data));
 }
 
-void TestGriglia::unTastoFiltratoNonApre()
-{
-    F->Righe(0, Importo) = 12.5;
-    F->Vai(0, Importo);
-    Digita(u"x"_s);
-    QVERIFY2(!F->Griglia_->InModifica(), "una lettera non vuota la cella di un importo");
-    QCOMPARE(F->Righe(0, Importo).toDouble(), 12.5);
-    Digita(u"3x4"_s);
-    QVERIFY(F->Cella());
-    QCOMPARE(F->Cella()->text(), u"34"_s);
-}
-
-void TestGriglia::ilPuntoDelTastierinoFaVirgola()
-{
-    F->Vai(0, Importo);
-    Digita(u"1"_s);
-    Digita(u"."_s, Qt::KeypadModifier);
-    Digita(u"5"_s);
-    QCOMPARE(F->Cella()->text(), u"1,5"_s);
-    Premi(Qt::Key_Return);
-    QCOMPARE(F->Righe(0, Importo).toDouble(), 1.5);
-}
-
-void TestGriglia::laDataSenzaSeparatori_data()
-{
-    QTest::addColumn<QString>("Digitato");
-    QTest::addColumn<QString>("Scritto");
-    QTest::newRow("otto cifre") << u"31122012"_s << u"31/12/2012"_s;
-    QTest::newRow("sei cifre, secolo nuovo") << u"010229"_s << u"01/02/2029"_s;
-    QTest::newRow("sei cifre, secolo vecchio") << u"010230"_s << u"01/02/1930"_s;
-    QTest::newRow("cifre sole") << u"1/2/2013"_s << u"01/02/2013"_s;
-    QTest::newRow("trattini") << u"1-2-13"_s << u"01/02/2013"_s;
-    QTest::newRow("giorno che non esiste: resta") << u"31022012"_s << u"31022012"_s;
-    QTest::newRow("sette cifre non sono una data") << u"3112201"_s << u"3112201"_s;
-}
-
-void TestGriglia::laDataSenzaSeparatori()
-{
-    QFETCH(QString, Digitato);
-    F->Vai(0, Data);
-    Digita(Digitato);
-    Premi(Qt::Key_Return);
-    QTEST(F->Righe(0, Data).toString(), "Scritto");
-}
-
-void TestGriglia::ilNumeroSiScriveComeNumero()
-{
-    F->Vai(0, Importo);
-    Digita(u"1.234,5"_s);
-    Premi(Qt::Key_Return);
-    QCOMPARE(F->Righe(0, Importo), QVariant(1234.5));
-    F->Vai(0, Descrizione);
-    Digita(u"1234"_s);
-    Premi(Qt::Key_Return);
-    QCOMPARE(F->Righe(0, Descrizione), QVariant(u"1234"_s));
-}
-
-void TestGriglia::lunghezzaMassima()
-{
-    F->Vai(0, Descrizione);
-    Digita(QString(30, u'a'));
-    Premi(Qt::Key_Return);
-    QCOMPARE(F->Righe(0, Descrizione).toString(), QString(20, u'a'));
-}
-
-void TestGriglia::rifiutoTieneApertaLaCella()
-{
-    F->Convalida([](int, const QString& Testo) { return Testo != u"no"; });
-    F->Vai(0, Descrizione);
-    Digita(u"no"_s);
-    Premi(Qt::Key_Return);
-    QVERIFY(F->Cella());
-    QCOMPARE(F->Cella()->text(), u"no"_s);
-    QCOMPARE(F->Righe(0, Descrizione).toString(), u"prima"_s);
-    QVERIFY(!F->Griglia_->Concludi());
-    Respiro();
-    QVERIFY(F->Cella()->hasFocus());
-    Premi(Qt::Key_End);
-    Digita(u"rma"_s);
-    Premi(Qt::Key_Return);
-    QCOMPARE(F->Righe(0, Descrizione).toString(), u"norma"_s);
-}
-
-void TestGriglia::rifiutoAlClicAltrove()
-{
-    int Chieste = 0;
-    F->Convalida([&](int, const QString&) { return ++Chieste > 99; });
-    QSignalSpy Clic(F->Griglia_, &Griglia::ClicCella);
-    F->Vai(0, Descrizione);
-    Digita(u"no"_s);
-    F->Clic(2, Importo);
-    Respiro();
-    QCOMPARE(Chieste, 1);
-    QCOMPARE(F->Griglia_->RigaCorrente(), std::optional(0));
-    QVERIFY2(Clic.isEmpty(), "il clic non arriva a una cella che non diventa corrente");
-    QVERIFY(F->Cella() && F->Cella()->hasFocus());
-    QCOMPARE(F->Cella()->text(), u"no"_s);
-    QTest::mouseClick(F->Vista()->verticalHeader()->viewport(), Qt::LeftButton, Qt::NoModifier,
-                      QPoint(5, F->Centro(1, 0).y()));
-    QCOMPARE(Chieste, 2);
-    QVERIFY2(F->Griglia_->Selezione().isEmpty(), "nemmeno il selettore passa");
-}
-
-void TestGriglia::rifiutoAllUscita()
-{
-    F->Convalida([](int, const QString&) { return false; });
-    F->Vai(0, Descrizione);
-    Digita(u"no"_s);
-    F->Dopo->setFocus(Qt::MouseFocusReason);
-    Respiro();
-    QVERIFY(F->Cella() && F->Cella()->hasFocus());
-    QVERIFY2(!ConcludiCampo(), "nessun comando passa");
-    QCOMPARE(F->Righe(0, Descrizione).toString(), u"prima"_s);
-}
-
-void TestGriglia::ilMessaggioNonRientra()
-{
-    int Chieste = 0;
-    F->Convalida([&](int, const QString&) {
-        ++Chieste;
-        // What a message box does to the focus.
-        F->Dopo->setFocus();
-        return false;
-    });
-    F->Vai(0, Descrizione);
-    Digita(u"no"_s);
-    Premi(Qt::Key_Return);
-    Respiro();
-    QCOMPARE(Chieste, 1);
-    QVERIFY(F->Cella() && F->Cella()->hasFocus());
-}
-
-void TestGriglia::unErroreNellaRegolaRifiuta()
-{
-    int Numero = 0;
-    const auto Precedente = InstallaUltimaRete([&](const Errore& E) { Numero = E.Numero; });
-    F->Convalida([](int, const QString&) -> bool { throw Errore(13); });
-    F->Vai(0, Descrizione);
-    Digita(u"x"_s);
-    Premi(Qt::Key_Return);
-    InstallaUltimaRete(Precedente);
-    QCOMPARE(Numero, 13);
-    QVERIFY(F->Griglia_->InModifica());
-    QCOMPARE(F->Righe(0, Descrizione).toString(), u"prima"_s);
-}
-
 void TestGriglia::unClicAltroveScrive()
 {
     F->Vai(0, Descrizione);
@@ -415,20 +152,6 @@ void TestGriglia::frecciaScrive()
     QCOMPARE(F->Righe(0, Descrizione).toString(), u"uno"_s);
     QCOMPARE(F->Griglia_->RigaCorrente(), std::optional(1));
     QCOMPARE(F->Griglia_->ColonnaCorrente(), int(Descrizione));
-}
-
-void TestGriglia::lettereAccentate()
-{
-    F->Vai(0, Descrizione);
-    Digita(u"è già così"_s);
-    Premi(Qt::Key_Return);
-    QCOMPARE(F->Righe(0, Descrizione).toString(), u"è già così"_s);
-    QInputMethodEvent Composto;
-    Composto.setCommitString(u"ò"_s);
-    F->Vai(1, Descrizione);
-    QCoreApplication::sendEvent(F->Vista(), &Composto);
-    QVERIFY(F->Cella());
-    QCOMPARE(F->Cella()->text(), u"ò"_s);
 }
 
 void TestGriglia::laRigaNuovaNasceAllaPrimaCella()
@@ -488,72 +211,6 @@ void TestGriglia::tabDallUltimaCellaVaAllaRigaNuova()
     QCOMPARE(F->Righe.Righe(), 4);
 }
 
-void TestGriglia::rigaNuovaRiempitaDallaRegola()
-{
-    F->Griglia_->ConsentiNuove(true);
-    F->Griglia_->NuovaRiga = [&](int Riga) {
-        F->Righe(Riga, Nota) = u"E"_s;
-        F->Righe(Riga, Descrizione) = u"da sostituire"_s;
-    };
-    F->Vai(3, Descrizione);
-    Digita(u"mia"_s);
-    Premi(Qt::Key_Return);
-    QCOMPARE(F->Righe(3, Nota).toString(), u"E"_s);
-    QCOMPARE(F->Righe(3, Descrizione).toString(), u"mia"_s);
-}
-
-void TestGriglia::laRigaCheNonSiLascia()
-{
-    QList<int> Chieste;
-    bool Lascia = false;
-    F->Griglia_->LasciaRiga = [&](int Riga) {
-        Chieste += Riga;
-        return Lascia;
-    };
-    F->Vai(0, Data);
-    Chieste.clear();
-    F->Clic(2, Descrizione);
-    QCOMPARE(Chieste, QList<int>{0});
-    QCOMPARE(F->Griglia_->RigaCorrente(), std::optional(0));
-    Premi(Qt::Key_Down);
-    QCOMPARE(F->Griglia_->RigaCorrente(), std::optional(0));
-    Chieste.clear();
-    Premi(Qt::Key_Right);
-    QVERIFY2(Chieste.isEmpty(), "nella stessa riga non si chiede");
-    QCOMPARE(F->Griglia_->ColonnaCorrente(), int(Descrizione));
-    Lascia = true;
-    Premi(Qt::Key_Down);
-    QCOMPARE(F->Griglia_->RigaCorrente(), std::optional(1));
-    Lascia = false;
-    F->Griglia_->ImpostaRigaCorrente(2);
-    QVERIFY2(F->Griglia_->RigaCorrente() == 2, "il codice non chiede");
-}
-
-void TestGriglia::laRigaToccataSiChiedeUscendo()
-{
-    int Chieste = 0;
-    bool Lascia = false;
-    F->Griglia_->LasciaRiga = [&](int) {
-        ++Chieste;
-        return Lascia;
-    };
-    F->Vai(0, Descrizione);
-    F->Dopo->setFocus();
-    QVERIFY2(Chieste == 0 && F->Dopo->hasFocus(), "una riga intatta si lascia uscendo dalla griglia");
-    F->Vai(0, Descrizione);
-    Digita(u"x"_s);
-    F->Dopo->setFocus(Qt::MouseFocusReason);
-    Respiro();
-    QCOMPARE(Chieste, 1);
-    QCOMPARE(F->Righe(0, Descrizione).toString(), u"x"_s);
-    QVERIFY2(F->Vista()->hasFocus(), "il fuoco torna alla riga rifiutata");
-    QVERIFY(!F->Griglia_->Concludi());
-    Lascia = true;
-    QVERIFY(F->Griglia_->Concludi());
-    Chieste = 0;
-    QVERIFY2(F->Griglia_->Concludi() && Chieste == 0, "una volta accettata non si richiede");
-}
-
 void TestGriglia::concludiSenzaCellaAperta()
 {
     QVERIFY(F->Griglia_->Concludi());
@@ -562,17 +219,6 @@ void TestGriglia::concludiSenzaCellaAperta()
     QVERIFY(ConcludiCampo());
     QCOMPARE(F->Righe(0, Descrizione).toString(), u"x"_s);
     QVERIFY(!F->Griglia_->InModifica());
-}
-
-void TestGriglia::valoreDelModulo()
-{
-    QList<ColonnaGriglia> Colonne = QuattroColonne();
-    Colonne[Descrizione].Valore = [](const QString& Testo) { return QVariant(Testo.toUpper()); };
-    F->Griglia_->ImpostaColonne(Colonne);
-    F->Vai(0, Descrizione);
-    Digita(u"le"_s);
-    Premi(Qt::Key_Return);
-    QCOMPARE(F->Righe(0, Descrizione).toString(), u"LE"_s);
 }
 
 void TestGriglia::testoCambiatoDalCodiceSiVede()
@@ -693,19 +339,6 @@ void TestGriglia::ilDoppioClicSonoDueClic()
     QVERIFY2(Clic.size() == 2, "sulla cella aperta non si clicca");
 }
 
-void TestGriglia::soloMaiuscole()
-{
-    QList<ColonnaGriglia> Colonne = QuattroColonne();
-    Colonne[Descrizione].Maiuscole = true;
-    F->Griglia_->ImpostaColonne(Colonne);
-    F->Vai(1, Descrizione);
-    Digita(u"aBc"_s);
-    QCOMPARE(F->Cella()->text(), u"ABC"_s);
-    F->Cella()->insert(u"d"_s);
-    Premi(Qt::Key_Return);
-    QCOMPARE(F->Righe(1, Descrizione).toString(), u"ABCD"_s);
-}
-
 void TestGriglia::menuContestuale()
 {
     QSignalSpy Menu(F->Griglia_, &Griglia::MenuContestuale);
@@ -761,45 +394,6 @@ void TestGriglia::f6EsceDallaGriglia()
     F->Vai(0, Descrizione);
     Premi(Qt::Key_F6, Qt::ShiftModifier);
     QCOMPARE(QApplication::focusWidget(), F->Dopo);
-}
-
-void TestGriglia::f6NonLasciaCioCheSiRifiuta()
-{
-    F->Convalida([](int, const QString&) { return false; });
-    F->Vai(0, Descrizione);
-    Digita(u"x"_s);
-    Premi(Qt::Key_F6);
-    Respiro();
-    QVERIFY(F->Griglia_->InModifica());
-    QCOMPARE(QApplication::focusWidget(), F->Cella());
-}
-
-void TestGriglia::laDataRifiutataRidaQuellaDiPrima()
-{
-    F->Righe(0, Data) = u"05/03/2024"_s;
-    F->Convalida([](int, const QString&) { return false; });
-    F->Vai(0, Data);
-    Digita(u"3102"_s);
-    Premi(Qt::Key_Return);
-    Respiro();
-    QVERIFY(F->Griglia_->InModifica());
-    QCOMPARE(F->Cella()->text(), u"05/03/2024"_s);
-    QCOMPARE(F->Cella()->selectedText(), u"05/03/2024"_s);
-    Premi(Qt::Key_Return);
-    QVERIFY2(!F->Griglia_->InModifica(), "quella di prima non si domanda");
-}
-
-void TestGriglia::ilTestoPiuLungoDellaCellaRestaIntero()
-{
-    const QString Lunga = u"trenta caratteri di descrizione"_s;
-    F->Righe(0, Descrizione) = Lunga;
-    QSignalSpy Scritta(F->Griglia_, &Griglia::CellaScritta);
-    F->Vai(0, Descrizione);
-    Premi(Qt::Key_F2);
-    QCOMPARE(F->Cella()->text(), Lunga.left(20));
-    Premi(Qt::Key_Return);
-    QCOMPARE(F->Righe(0, Descrizione).toString(), Lunga);
-    QVERIFY(Scritta.isEmpty());
 }
 
 #include "TestGriglia.moc"

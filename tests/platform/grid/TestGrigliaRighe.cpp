@@ -1,86 +1,9 @@
-// Rows of a grid as a whole: selection, dragging, footer, widths, many rows, recordsets.
-#include "platform/base/regionale.h"
-#include "platform/database/database.h"
-#include "platform/grid/griglia.h"
-#include "platform/grid/griglia_pie.h"
-#include "platform/kit/aspetto.h"
-#include "supporto/finestre.h"
-#include "supporto/prova.h"
-
-#include <QHeaderView>
-#include <QMouseEvent>
-#include <QScrollBar>
-#include <QSignalSpy>
-#include <QTableView>
-#include <QVBoxLayout>
-
-#include <functional>
+// Rows of a grid as a whole: selection, dragging, many rows, recordsets.
+#include "righe.h"
 
 using namespace Qt::StringLiterals;
 
 Q_DECLARE_METATYPE(std::function<void(TabellaRighe&)>)
-
-namespace {
-
-QList<ColonnaGriglia> TreColonne()
-{
-    QList<ColonnaGriglia> Colonne(3);
-    const QStringList Titoli{u"Voce"_s, u"Descrizione"_s, u"Importo"_s};
-    for (int i = 0; i < Colonne.size(); ++i) {
-        Colonne[i].Titolo = Titoli[i];
-        Colonne[i].Campo = i;
-        Colonne[i].NomeCampo = Titoli[i];
-    }
-    Colonne[1].Stira = true;
-    Colonne[1].Caratteri = 20;
-    Colonne[2].Allinea = Qt::AlignRight;
-    return Colonne;
-}
-
-struct Finestra : QWidget
-{
-    explicit Finestra(int Quante = 6) : Righe(3), Griglia_(new Griglia(this))
-    {
-        for (int i = 0; i < Quante; ++i)
-            Righe(Righe.AggiungiRiga(), 0) = i;
-        auto* Disposizione = new QVBoxLayout(this);
-        Disposizione->addWidget(Griglia_);
-        Griglia_->ImpostaColonne(TreColonne());
-        Griglia_->Lega(&Righe);
-        resize(500, 320);
-    }
-
-    [[nodiscard]] QTableView* Vista() const { return Griglia_->Vista(); }
-    [[nodiscard]] QWidget* Selettore() const { return Vista()->verticalHeader()->viewport(); }
-    [[nodiscard]] QPoint SuRiga(int Riga, double Parte = 0.5) const
-    {
-        const QRect Cella = Vista()->visualRect(Vista()->model()->index(Riga, 0));
-        return {8, Cella.top() + int(Cella.height() * Parte)};
-    }
-    void Clic(int Riga, Qt::KeyboardModifiers Modificatori = Qt::NoModifier)
-    {
-        QTest::mouseClick(Selettore(), Qt::LeftButton, Modificatori, SuRiga(Riga));
-    }
-    /// QTest's own moves carry no button.
-    void Muovi(const QPoint& Punto)
-    {
-        QMouseEvent Evento(QEvent::MouseMove, Punto, Selettore()->mapToGlobal(Punto), Qt::NoButton,
-                           Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(Selettore(), &Evento);
-    }
-    void Trascina(int Da, const QPoint& A)
-    {
-        QTest::mousePress(Selettore(), Qt::LeftButton, Qt::NoModifier, SuRiga(Da));
-        Muovi((SuRiga(Da) + A) / 2);
-        Muovi(A);
-        QTest::mouseRelease(Selettore(), Qt::LeftButton, Qt::NoModifier, A);
-    }
-
-    TabellaRighe Righe;
-    Griglia* Griglia_;
-};
-
-}  // namespace
 
 class TestGrigliaRighe : public QObject
 {
@@ -108,28 +31,15 @@ private Q_SLOTS:
     void trascinareSenzaPermesso();
     void escFermaIlTrascinamento();
     void laRigaCorrenteSiAnnunciaUnaVolta();
-    void piePerColonna();
-    void ilPieSegueLeColonne();
-    void laColonnaCheStira();
-    void chiSiStiraTieneIlTitolo();
-    void larghezzeAndataERitorno();
-    void legareTieneLeColonne();
-    void larghezzeDiAltreColonne_data();
-    void larghezzeDiAltreColonne();
-    void colonnaNascosta();
-    void laLarghezzaAspettaLaColonna();
-    void laColonnaNascostaRestaDovEra();
-    void ilBordoDiChiSiStiraNonSiTrascina();
     void righeDiUnRecordset();
     void rigaSparitaDalRecordset();
     void fraseVuota();
-    void titoloCliccato();
 };
 PROVA(TestGrigliaRighe);
 
 void TestGrigliaRighe::laSelezioneTieneLOrdineDeiClic()
 {
-    Finestra F;
+    FinestraRighe F;
     QVERIFY(MostraAttiva(F));
     F.Clic(3);
     QCOMPARE(F.Griglia_->Selezione(), QList<int>{3});
@@ -159,7 +69,7 @@ void TestGrigliaRighe::laSelezioneTieneLOrdineDeiClic()
 
 void TestGrigliaRighe::laSelezioneDaTastiera()
 {
-    Finestra F;
+    FinestraRighe F;
     QVERIFY(MostraAttiva(F));
     F.Griglia_->setFocus();
     F.Griglia_->ImpostaRigaCorrente(2);
@@ -175,7 +85,7 @@ void TestGrigliaRighe::laSelezioneDaTastiera()
 
 void TestGrigliaRighe::laSelezioneConLeFrecce()
 {
-    Finestra F;
+    FinestraRighe F;
     F.Griglia_->ConsentiNuove(true);
     QVERIFY(MostraAttiva(F));
     F.Griglia_->setFocus();
@@ -202,7 +112,7 @@ void TestGrigliaRighe::laSelezioneConLeFrecce()
 
 void TestGrigliaRighe::laRigaSelezionataSiVede()
 {
-    Finestra F;
+    FinestraRighe F;
     QVERIFY(MostraAttiva(F));
     F.Griglia_->Seleziona(2);
     const QImage Vista = F.Vista()->viewport()->grab().toImage();
@@ -214,7 +124,7 @@ void TestGrigliaRighe::laRigaSelezionataSiVede()
 
 void TestGrigliaRighe::ilTrattoDelMaiuscoloSegueIlPuntatore()
 {
-    Finestra F;
+    FinestraRighe F;
     QVERIFY(MostraAttiva(F));
     F.Clic(5);
     F.Clic(1, Qt::ControlModifier);
@@ -254,7 +164,7 @@ void TestGrigliaRighe::laSelezioneEDiRigheNonDiNumeri()
 {
     QFETCH(std::function<void(TabellaRighe&)>, Fai);
     QFETCH(QList<int>, Attese);
-    Finestra F;
+    FinestraRighe F;
     F.Griglia_->ConsentiNuove(true);
     QVERIFY(MostraAttiva(F));
     F.Clic(3);
@@ -266,7 +176,7 @@ void TestGrigliaRighe::laSelezioneEDiRigheNonDiNumeri()
 
 void TestGrigliaRighe::escLasciaLaSelezione()
 {
-    Finestra F;
+    FinestraRighe F;
     QVERIFY(MostraAttiva(F));
     F.Griglia_->setFocus();
     F.Clic(3);
@@ -277,7 +187,7 @@ void TestGrigliaRighe::escLasciaLaSelezione()
 
 void TestGrigliaRighe::ilClicSullaCellaNonSceglie()
 {
-    Finestra F;
+    FinestraRighe F;
     QVERIFY(MostraAttiva(F));
     QTest::mouseClick(F.Vista()->viewport(), Qt::LeftButton, Qt::NoModifier,
                       F.Vista()->visualRect(F.Vista()->model()->index(2, 1)).center());
@@ -287,7 +197,7 @@ void TestGrigliaRighe::ilClicSullaCellaNonSceglie()
 
 void TestGrigliaRighe::rilegaTogliLeRigheCheNonCiSono()
 {
-    Finestra F;
+    FinestraRighe F;
     QVERIFY(MostraAttiva(F));
     QSignalSpy Cambiata(F.Griglia_, &Griglia::RigaCambiata);
     F.Griglia_->Seleziona(5);
@@ -311,7 +221,7 @@ void TestGrigliaRighe::rilegaTogliLeRigheCheNonCiSono()
 
 void TestGrigliaRighe::rilegaTieneRigaEScorrimento()
 {
-    Finestra F(500);
+    FinestraRighe F(500);
     QVERIFY(MostraAttiva(F));
     F.Griglia_->ImpostaRigaCorrente(210);
     F.Griglia_->ImpostaPrimaRiga(205);
@@ -328,7 +238,7 @@ void TestGrigliaRighe::rilegaTieneRigaEScorrimento()
 void TestGrigliaRighe::rilegaNonCostaPerRiga()
 {
     int Chieste = 0;
-    Finestra F(100000);
+    FinestraRighe F(100000);
     QList<ColonnaGriglia> Colonne = TreColonne();
     Colonne[0].Mostra = [&](const QVariant& Valore, int) {
         ++Chieste;
@@ -349,7 +259,7 @@ void TestGrigliaRighe::rilegaNonCostaPerRiga()
 void TestGrigliaRighe::unMilioneDiRigheSubito()
 {
     int Chieste = 0;
-    Finestra F(0);
+    FinestraRighe F(0);
     QList<ColonnaGriglia> Colonne = TreColonne();
     Colonne[0].Mostra = [&](const QVariant& Valore, int) {
         ++Chieste;
@@ -382,7 +292,7 @@ void TestGrigliaRighe::siTrascina()
 {
     QFETCH(int, SuRiga);
     QFETCH(double, Parte);
-    Finestra F;
+    FinestraRighe F;
     F.Griglia_->ConsentiNuove(true);
     F.Griglia_->ConsentiTrascina(true);
     QVERIFY(MostraAttiva(F));
@@ -413,7 +323,7 @@ void TestGrigliaRighe::laLineaDicePrimaDove()
     QFETCH(QList<int>, Scelte);
     QFETCH(int, SuRiga);
     QFETCH(int, PrimaDi);
-    Finestra F;
+    FinestraRighe F;
     F.Griglia_->ConsentiNuove(true);
     F.Griglia_->ConsentiTrascina(true);
     QVERIFY(MostraAttiva(F));
@@ -436,7 +346,7 @@ void TestGrigliaRighe::laLineaDicePrimaDove()
 
 void TestGrigliaRighe::laManoCheTremaNonTrascina()
 {
-    Finestra F;
+    FinestraRighe F;
     F.Griglia_->ConsentiTrascina(true);
     QVERIFY(MostraAttiva(F));
     QSignalSpy Trascinata(F.Griglia_, &Griglia::Trascinata);
@@ -449,7 +359,7 @@ void TestGrigliaRighe::laManoCheTremaNonTrascina()
 
 void TestGrigliaRighe::trascinareFuori()
 {
-    Finestra F;
+    FinestraRighe F;
     F.Griglia_->ConsentiTrascina(true);
     QVERIFY(MostraAttiva(F));
     QSignalSpy Trascinata(F.Griglia_, &Griglia::Trascinata);
@@ -463,7 +373,7 @@ void TestGrigliaRighe::trascinareFuori()
 
 void TestGrigliaRighe::trascinareSenzaPermesso()
 {
-    Finestra F;
+    FinestraRighe F;
     QVERIFY(MostraAttiva(F));
     QSignalSpy Trascinata(F.Griglia_, &Griglia::Trascinata);
     F.Trascina(2, F.SuRiga(4));
@@ -473,7 +383,7 @@ void TestGrigliaRighe::trascinareSenzaPermesso()
 
 void TestGrigliaRighe::escFermaIlTrascinamento()
 {
-    Finestra F;
+    FinestraRighe F;
     F.Griglia_->ConsentiTrascina(true);
     QVERIFY(MostraAttiva(F));
     F.Griglia_->setFocus();
@@ -487,7 +397,7 @@ void TestGrigliaRighe::escFermaIlTrascinamento()
 
 void TestGrigliaRighe::laRigaCorrenteSiAnnunciaUnaVolta()
 {
-    Finestra F;
+    FinestraRighe F;
     QVERIFY(MostraAttiva(F));
     QSignalSpy Cambiata(F.Griglia_, &Griglia::RigaCambiata);
     F.Griglia_->ImpostaRigaCorrente(2);
@@ -498,199 +408,6 @@ void TestGrigliaRighe::laRigaCorrenteSiAnnunciaUnaVolta()
     QCOMPARE(F.Griglia_->ColonnaCorrente(), 1);
 }
 
-void TestGrigliaRighe::piePerColonna()
-{
-    Finestra F;
-    QVERIFY(MostraAttiva(F));
-    auto* Pie = F.Griglia_->layout()->itemAt(1)->widget();
-    QVERIFY2(!Pie->isVisible(), "senza testi il piè non si vede");
-    F.Griglia_->Pie(1, u"Totali "_s);
-    F.Griglia_->Pie(2, u"1.234,50"_s);
-    QVERIFY(Pie->isVisible());
-    QCOMPARE(F.Griglia_->TestoPie(2), u"1.234,50"_s);
-    QCOMPARE(Pie->accessibleName(), u"Descrizione: Totali; Importo: 1.234,50"_s);
-}
-
-void TestGrigliaRighe::ilPieSegueLeColonne()
-{
-    Finestra F;
-    QVERIFY(MostraAttiva(F));
-    F.Griglia_->Pie(2, u"9"_s);
-    auto* Pie = dynamic_cast<PieGriglia*>(F.Griglia_->layout()->itemAt(1)->widget());
-    QVERIFY(Pie);
-    const auto SottoLaColonna = [&](int Colonna) {
-        const QRect Cella = F.Vista()->visualRect(F.Vista()->model()->index(0, Colonna));
-        const int Sinistra = F.Vista()->viewport()->mapTo(F.Griglia_, Cella.topLeft()).x();
-        const QRect Testo = Pie->Riquadro(Colonna);
-        return Pie->mapTo(F.Griglia_, Testo.topLeft()).x() == Sinistra && Testo.width() == Cella.width();
-    };
-    QHeaderView* Testata = F.Vista()->horizontalHeader();
-    QVERIFY(SottoLaColonna(0) && SottoLaColonna(1) && SottoLaColonna(2));
-    Testata->resizeSection(0, 150);
-    QVERIFY(SottoLaColonna(0) && SottoLaColonna(1) && SottoLaColonna(2));
-    Testata->moveSection(2, 0);
-    QVERIFY(SottoLaColonna(0) && SottoLaColonna(1) && SottoLaColonna(2));
-    Testata->resizeSection(0, 900);
-    QScrollBar* Barra = F.Griglia_->findChild<QScrollBar*>(QString(), Qt::FindDirectChildrenOnly);
-    QVERIFY(Barra);
-    QTRY_VERIFY(Barra->isVisible());
-    Barra->setValue(120);
-    QCOMPARE(F.Vista()->horizontalScrollBar()->value(), 120);
-    QVERIFY(SottoLaColonna(0) && SottoLaColonna(1) && SottoLaColonna(2));
-    F.Vista()->horizontalScrollBar()->setValue(60);
-    QCOMPARE(Barra->value(), 60);
-}
-
-void TestGrigliaRighe::laColonnaCheStira()
-{
-    Finestra F;
-    QVERIFY(MostraAttiva(F));
-    const auto Somma = [&] {
-        return F.Vista()->columnWidth(0) + F.Vista()->columnWidth(1) + F.Vista()->columnWidth(2);
-    };
-    QCOMPARE(Somma(), F.Vista()->viewport()->width());
-    F.resize(700, 320);
-    QCOMPARE(Somma(), F.Vista()->viewport()->width());
-    F.Griglia_->MostraColonna(2, false);
-    QCOMPARE(Somma(), F.Vista()->viewport()->width());
-    F.resize(120, 320);
-    QVERIFY2(F.Vista()->columnWidth(1) >= 20 * F.fontMetrics().horizontalAdvance(u'0'),
-             "mai sotto la propria larghezza");
-}
-
-void TestGrigliaRighe::chiSiStiraTieneIlTitolo()
-{
-    Finestra F;
-    QList<ColonnaGriglia> Colonne = TreColonne();
-    Colonne[1].Titolo = u"Descrizione della prestazione"_s;
-    Colonne[1].Caratteri = 4;
-    F.Griglia_->ImpostaColonne(Colonne);
-    QVERIFY(MostraAttiva(F));
-    F.resize(120, 320);
-    const QHeaderView* Testata = F.Vista()->horizontalHeader();
-    QVERIFY(F.Vista()->columnWidth(1) > Testata->fontMetrics().horizontalAdvance(Colonne[1].Titolo));
-}
-
-void TestGrigliaRighe::larghezzeAndataERitorno()
-{
-    Finestra F;
-    QVERIFY(MostraAttiva(F));
-    F.Vista()->horizontalHeader()->resizeSection(0, 133);
-    F.Vista()->horizontalHeader()->moveSection(2, 0);
-    const QString Ricordate = F.Griglia_->Larghezze();
-    Finestra G;
-    QVERIFY(MostraAttiva(G));
-    G.Griglia_->ImpostaLarghezze(Ricordate);
-    QCOMPARE(G.Vista()->columnWidth(0), 133);
-    QCOMPARE(G.Vista()->horizontalHeader()->logicalIndex(0), 2);
-    QCOMPARE(G.Griglia_->Larghezze(), Ricordate);
-}
-
-void TestGrigliaRighe::legareTieneLeColonne()
-{
-    Finestra F;
-    QVERIFY(MostraAttiva(F));
-    F.Vista()->horizontalHeader()->resizeSection(0, 133);
-    F.Vista()->horizontalHeader()->moveSection(2, 0);
-    F.Griglia_->MostraColonna(1, false);
-    const QString Prima = F.Griglia_->Larghezze();
-    TabellaRighe Altra(3);
-    Altra.AggiungiRiga();
-    F.Griglia_->Lega(&Altra);
-    F.Griglia_->ConsentiNuove(true);
-    QCOMPARE(F.Griglia_->Larghezze(), Prima);
-    QVERIFY(!F.Griglia_->ColonnaVisibile(1));
-    F.Griglia_->Lega(&F.Righe);
-}
-
-void TestGrigliaRighe::larghezzeDiAltreColonne_data()
-{
-    QTest::addColumn<QString>("Testo");
-    QTest::newRow("nessuna") << QString();
-    QTest::newRow("due per tre colonne") << u"10@0;20@1"_s;
-    QTest::newRow("due nello stesso posto") << u"10@0;20@0;30@2"_s;
-    QTest::newRow("posto che non c'è") << u"10@0;20@1;30@3"_s;
-    QTest::newRow("larghezza nulla") << u"0@0;20@1;30@2"_s;
-    QTest::newRow("parole") << u"a;b;c"_s;
-}
-
-void TestGrigliaRighe::larghezzeDiAltreColonne()
-{
-    QFETCH(QString, Testo);
-    Finestra F;
-    QVERIFY(MostraAttiva(F));
-    const QString Prima = F.Griglia_->Larghezze();
-    F.Griglia_->ImpostaLarghezze(Testo);
-    QCOMPARE(F.Griglia_->Larghezze(), Prima);
-}
-
-void TestGrigliaRighe::colonnaNascosta()
-{
-    Finestra F;
-    QVERIFY(MostraAttiva(F));
-    QVERIFY(F.Griglia_->ColonnaVisibile(0));
-    F.Griglia_->MostraColonna(0, false);
-    QVERIFY(!F.Griglia_->ColonnaVisibile(0));
-    QVERIFY(F.Vista()->visualRect(F.Vista()->model()->index(0, 0)).isEmpty());
-    QVERIFY2(F.Griglia_->Larghezze().section(u'@', 0, 0).toInt() > 0, "nascosta non si ricorda larga zero");
-    QList<ColonnaGriglia> Colonne = TreColonne();
-    Colonne[1].Visibile = false;
-    F.Griglia_->ImpostaColonne(Colonne);
-    QVERIFY(F.Griglia_->ColonnaVisibile(0));
-    QVERIFY(!F.Griglia_->ColonnaVisibile(1));
-}
-
-void TestGrigliaRighe::laLarghezzaAspettaLaColonna()
-{
-    Finestra F;
-    QVERIFY(MostraAttiva(F));
-    F.Vista()->horizontalHeader()->resizeSection(0, 150);
-    F.Griglia_->MostraColonna(0, false);
-    const QString Ricordate = F.Griglia_->Larghezze();
-    QCOMPARE(Ricordate.section(u'@', 0, 0), u"150"_s);
-    Finestra G;
-    QVERIFY(MostraAttiva(G));
-    G.Griglia_->MostraColonna(0, false);
-    G.Griglia_->ImpostaLarghezze(Ricordate);
-    QCOMPARE(G.Griglia_->Larghezze(), Ricordate);
-    G.Griglia_->MostraColonna(0, true);
-    QCOMPARE(G.Vista()->columnWidth(0), 150);
-}
-
-void TestGrigliaRighe::laColonnaNascostaRestaDovEra()
-{
-    Finestra F;
-    QVERIFY(MostraAttiva(F));
-    QHeaderView* Testata = F.Vista()->horizontalHeader();
-    F.Griglia_->MostraColonna(1, false);
-    Testata->moveSection(2, 1);  // as a title dragged a little to the left
-    QCOMPARE(Testata->visualIndex(1), 1);
-    Testata->moveSection(2, 0);  // before the first one, which the hidden one follows
-    QCOMPARE(Testata->logicalIndex(0), 2);
-    QCOMPARE(Testata->logicalIndex(1), 0);
-    QCOMPARE(Testata->logicalIndex(2), 1);
-}
-
-void TestGrigliaRighe::ilBordoDiChiSiStiraNonSiTrascina()
-{
-    Finestra F;
-    QVERIFY(MostraAttiva(F));
-    QList<ColonnaGriglia> Colonne = TreColonne();
-    Colonne[1].Stira = true;
-    F.Griglia_->ImpostaColonne(Colonne);
-    const QHeaderView* Testata = F.Vista()->horizontalHeader();
-    const auto Cursore = [&](int Colonna) {
-        const QPoint Bordo(Testata->sectionViewportPosition(Colonna) + Testata->sectionSize(Colonna) - 1,
-                           Testata->height() / 2);
-        QTest::mouseMove(Testata->viewport(), Bordo - QPoint(30, 0));
-        QTest::mouseMove(Testata->viewport(), Bordo);
-        Respiro();
-        return Testata->cursor().shape();
-    };
-    QCOMPARE(Cursore(0), Qt::SplitHCursor);
-    QVERIFY(Cursore(1) != Qt::SplitHCursor);
-}
-
 void TestGrigliaRighe::righeDiUnRecordset()
 {
     Database Db = CreateDatabase(NuovaCartella() + u"righe.mdb"_s);
@@ -699,7 +416,7 @@ void TestGrigliaRighe::righeDiUnRecordset()
                "INSERT INTO Voci SELECT i, 'riga ' || i, i + 0.5 FROM n"_s);
     Recordset Voci = Db.OpenRecordset(u"Voci"_s);
     Voci.ImpostaAbsolutePosition(7);
-    Finestra F(0);
+    FinestraRighe F(0);
     F.Griglia_->Lega(Voci);
     QVERIFY(MostraAttiva(F));
     QCOMPARE(F.Griglia_->Righe(), 200);
@@ -724,7 +441,7 @@ void TestGrigliaRighe::rigaSparitaDalRecordset()
     Database Db = CreateDatabase(NuovaCartella() + u"righe.mdb"_s);
     Db.Execute(u"CREATE TABLE Voci (Voce INTEGER PRIMARY KEY, Descrizione TEXT, Importo DOUBLE)"_s);
     Db.Execute(u"INSERT INTO Voci VALUES (1, 'uno', 1), (2, 'due', 2)"_s);
-    Finestra F(0);
+    FinestraRighe F(0);
     F.Griglia_->Lega(Db.OpenRecordset(u"Voci"_s));
     Db.Execute(u"DELETE FROM Voci WHERE Voce = 1"_s);
     QVERIFY2(F.Vista()->model()->index(0, 1).data().toString().isEmpty(),
@@ -734,7 +451,7 @@ void TestGrigliaRighe::rigaSparitaDalRecordset()
 
 void TestGrigliaRighe::fraseVuota()
 {
-    Finestra F(0);
+    FinestraRighe F(0);
     QVERIFY(MostraAttiva(F));
     const QImage Senza = F.Vista()->viewport()->grab().toImage();
     F.Griglia_->FraseVuota(u"Nessuna voce: sceglierne una dal catalogo."_s);
@@ -745,21 +462,6 @@ void TestGrigliaRighe::fraseVuota()
     const QImage Piena = F.Vista()->viewport()->grab().toImage();
     F.Griglia_->FraseVuota({});
     QVERIFY2(F.Vista()->viewport()->grab().toImage() == Piena, "con righe la frase non c'è");
-}
-
-void TestGrigliaRighe::titoloCliccato()
-{
-    Finestra F;
-    QVERIFY(MostraAttiva(F));
-    F.Griglia_->ImpostaRigaCorrente(2, 0);
-    QSignalSpy Clic(F.Griglia_, &Griglia::ClicTitolo);
-    const QHeaderView* Testata = F.Vista()->horizontalHeader();
-    QTest::mouseClick(Testata->viewport(), Qt::LeftButton, Qt::NoModifier,
-                      QPoint(Testata->sectionViewportPosition(1) + 20, 8));
-    QCOMPARE(Clic.size(), 1);
-    QCOMPARE(Clic[0], QVariantList({1}));
-    QCOMPARE(F.Griglia_->RigaCorrente(), std::optional(2));
-    QVERIFY2(F.Griglia_->ColonnaCorrente() == 0, "il titolo non porta via la cella corrente");
 }
 
 #include "TestGrigliaRighe.moc"
