@@ -1,39 +1,26 @@
-// The window of interest: boxes, messages, grid, calendar, clipboard, damaged archives.
-#include "banco.h"
-
-#include "calculators/archivio_prova.h"
-#include "calculators/windows/frmInteressi.h"
-#include "platform/base/regionale.h"
-#include "platform/calendar/calendario.h"
-#include "platform/grid/griglia.h"
-#include "platform/system/file.h"
-#include "platform/system/guasti.h"
-
-#include <filesystem>
+// The window of interest: boxes, messages, grid, calendar, clipboard.
+#include "interessi.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto NonAggiornati = u"Attenzione: i tassi di interessi non sono aggiornati.\n"
-                           "Si vuole procedere all'aggiornamento degli indici?"_s;
-const auto UltimoIndice = u"Il calcolo verrà effettuato con l'ultimo indice disponibile."_s;
-constexpr int Tasso = 2;
-constexpr int Giorni = 3;
-constexpr int Interesse = 4;
+constexpr int ColTasso = 2;
+
+constexpr int ColGiorni = 3;
+
+constexpr int ColInteresse = 4;
 
 }  // namespace
 
-class TestFrmInteressi : public QObject
+class TestFrmInteressi : public QObject, private BancoInteressi
 {
     Q_OBJECT
-
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { Prepara(); }
+    void cleanup() { Sgombra(); }
     void comeSiApre();
     void didascalie();
-    void senzaArchivioNonSiPrepara();
     void tastieraDaCimaAFondo();
     void unPeriodo();
     void duePeriodi();
@@ -48,69 +35,19 @@ private Q_SLOTS:
     void ogniCambioPulisce();
     void diMoraMostraAltro();
     void nuovoCalcolo();
-    void avvisoDellAumentoUnaVoltaSola();
-    void oltreLUltimaRigaConLUltimoTasso();
-    void oltreLUltimaRigaAggiorna();
-    void inizioSenzaTassoChiude_data();
-    void inizioSenzaTassoChiude();
-    void tassoAZeroTace();
-    void importiSbagliati_data();
-    void importiSbagliati();
-    void archiviGuasti_data();
-    void archiviGuasti();
-    void archivioBloccato();
     void dateSenzaSeparatori();
     void virgolaDelTastierino();
     void copie();
     void nienteDaCopiare();
     void lire();
     void tassiIncolonnati();
-    void siSenzaAggiornamento();
     void calendario();
     void escNelCalendario();
     void avvertenze();
     void accessibile();
     void ricordaIlPosto();
-
-private:
-    void Compila(const QString& Capitale, const QString& Dal, const QString& Al) const
-    {
-        Scrivi(F, "txtCapitale", Capitale);
-        Controllo<MascheraData>(F, "mskDataIni")->ImpostaTesto(Dal);
-        Controllo<MascheraData>(F, "mskDataFin")->ImpostaTesto(Al);
-    }
-    void Calcola() const { Controllo<QPushButton>(F, "cmdCalcola")->click(); }
-    [[nodiscard]] Griglia* Grid() const { return Controllo<Griglia>(F, "tdbInter"); }
-    [[nodiscard]] QString Cella(int Riga, int Colonna) const
-    {
-        const auto* Modello = Grid()->Vista()->model();
-        return Modello->index(Riga, Colonna).data().toString();
-    }
-    /// Another archive takes the place of the delivered one.
-    void Sostituisci(const QString& Archivio) const
-    {
-        QVERIFY(QFile::remove(B->Tassi()));
-        QVERIFY(QFile::copy(Archivio, B->Tassi()));
-    }
-
-    std::unique_ptr<Banco> B;
-    QPointer<frmInteressi> F;
 };
 PROVA(TestFrmInteressi);
-
-void TestFrmInteressi::init()
-{
-    B = std::make_unique<Banco>();
-    B->ConTassi();
-    F = Apri<frmInteressi>();
-    QVERIFY(F);
-}
-
-void TestFrmInteressi::cleanup()
-{
-    B.reset();
-    QVERIFY(!F);
-}
 
 void TestFrmInteressi::comeSiApre()
 {
@@ -126,9 +63,9 @@ void TestFrmInteressi::comeSiApre()
     QCOMPARE(TestoDi(F, "mskDataFin"), u"21/11/2026"_s);
     const QString Giorno = QFileInfo(B->Tassi()).lastModified().toString(u"dd/MM/yyyy"_s);
     QCOMPARE(TestoDi(F, "barInter_1"), u" Archivio interessi aggiornato al "_s + Giorno);
-    QCOMPARE(Grid()->TestoPie(Giorni), u"Totale in euro "_s);
-    QCOMPARE(Grid()->TestoPie(Interesse), QString());
-    QCOMPARE(Grid()->Vista()->model()->headerData(Giorni, Qt::Horizontal).toString(), u"N° Giorni"_s);
+    QCOMPARE(Grid()->TestoPie(ColGiorni), u"Totale in euro "_s);
+    QCOMPARE(Grid()->TestoPie(ColInteresse), QString());
+    QCOMPARE(Grid()->Vista()->model()->headerData(ColGiorni, Qt::Horizontal).toString(), u"N° Giorni"_s);
     QVERIFY(!Controllo(F, "fraDati1")->isVisible());
     QVERIFY(!Controllo(F, "cmdAvvIntMora")->isVisible());
     QVERIFY(!Controllo(F, "Calendario")->isVisible());
@@ -163,23 +100,6 @@ void TestFrmInteressi::didascalie()
     QCOMPARE(Tipo->itemText(1), u"Di mora, art. 5 D.lgs. 231/02"_s);
 }
 
-void TestFrmInteressi::senzaArchivioNonSiPrepara()
-{
-    F->close();
-    QVERIFY(QFile::remove(B->Tassi()));
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    F = Apri<frmInteressi>();
-    QCOMPARE(Controllo<QComboBox>(F, "cmbInteressi")->currentIndex(), -1);
-    QCOMPARE(TestoDi(F, "mskDataFin"), u"__/__/____"_s);
-    QCOMPARE(TestoDi(F, "barInter_1"), QString());
-    Scegli(F, "cmbInteressi", 0);
-    Compila(u"1000"_s, u"01/01/2012"_s, u"31/12/2012"_s);
-    B->Voce.Tollera();
-    Calcola();
-    QVERIFY(B->Voce.UltimoTesto().endsWith(u"(3024)"));
-    QCOMPARE(B->Voce.Mostrati().size(), 1);
-}
-
 void TestFrmInteressi::tastieraDaCimaAFondo()
 {
     for (const auto& [Nome, Testo] : {std::pair{u"cmbInteressi"_s, QString()},
@@ -206,7 +126,7 @@ void TestFrmInteressi::unPeriodo()
     const QStringList Attese{u"01/01/2012"_s, u"31/12/2012"_s, u"2,5"_s, u"366"_s, u"25,07"_s};
     for (int i = 0; i < Attese.size(); ++i)
         QCOMPARE(Cella(0, i), Attese[i]);
-    QCOMPARE(Grid()->TestoPie(Interesse), u"25,07"_s);
+    QCOMPARE(Grid()->TestoPie(ColInteresse), u"25,07"_s);
     QCOMPARE(Controllo(F, "lblTotale")->accessibleName(), u"Totale interessi, in euro 25,07"_s);
 }
 
@@ -217,7 +137,7 @@ void TestFrmInteressi::duePeriodi()
     QCOMPARE(Grid()->Righe(), 2);
     QCOMPARE(Cella(0, 1), u"31/12/2013"_s);
     QCOMPARE(Cella(1, 0), u"01/01/2014"_s);
-    QCOMPARE(Grid()->TestoPie(Interesse), u"350,00"_s);
+    QCOMPARE(Grid()->TestoPie(ColInteresse), u"350,00"_s);
 }
 
 void TestFrmInteressi::finePrimaDellInizio()
@@ -225,7 +145,7 @@ void TestFrmInteressi::finePrimaDellInizio()
     Compila(u"1000"_s, u"01/01/2013"_s, u"31/12/2012"_s);
     Calcola();
     QCOMPARE(Grid()->Righe(), 0);
-    QCOMPARE(Grid()->TestoPie(Interesse), u"0,00"_s);
+    QCOMPARE(Grid()->TestoPie(ColInteresse), u"0,00"_s);
 }
 
 void TestFrmInteressi::messaggiDelControllo_data()
@@ -296,8 +216,8 @@ void TestFrmInteressi::finoAlNovemilanovecentonovantanove()
     Calcola();
     QCOMPARE(Grid()->Righe(), 2);
     const qint64 Attesi = QDate(2013, 1, 1).daysTo(QDate(9999, 12, 31)) + 1;
-    QCOMPARE(Cella(1, Giorni), QString::number(Attesi));
-    QCOMPARE(Cella(1, Interesse), Format(double(5 * Attesi), u"#,##0.00"));
+    QCOMPARE(Cella(1, ColGiorni), QString::number(Attesi));
+    QCOMPARE(Cella(1, ColInteresse), Format(double(5 * Attesi), u"#,##0.00"));
     Compila(u"36500"_s, u"01/01/2012"_s, u"10/01/2012"_s);
     Calcola();
     QCOMPARE(TestoDi(F, "lblTotale"), u"50,00"_s);
@@ -319,7 +239,7 @@ void TestFrmInteressi::confiniAmmessi()
     Compila(u"1000"_s, Dal, Dal);
     Calcola();
     QCOMPARE(Grid()->Righe(), 1);
-    QCOMPARE(Cella(0, Giorni), u"1"_s);
+    QCOMPARE(Cella(0, ColGiorni), u"1"_s);
 }
 
 void TestFrmInteressi::unPuntoDopoIl2012()
@@ -356,7 +276,7 @@ void TestFrmInteressi::ogniCambioPulisce()
     else
         Scrivi(F, qPrintable(Campo), u"2"_s);
     QCOMPARE(Grid()->Righe(), 0);
-    QCOMPARE(Grid()->TestoPie(Interesse), QString());
+    QCOMPARE(Grid()->TestoPie(ColInteresse), QString());
     QCOMPARE(TestoDi(F, "lblTotale"), QString());
 }
 
@@ -388,149 +308,6 @@ void TestFrmInteressi::nuovoCalcolo()
         QCOMPARE(Controllo<QComboBox>(F, Nome)->currentIndex(), 0);
     QVERIFY(!Controllo(F, "fraDati1")->isVisible());
     QCOMPARE(NomeFuoco(), u"cmbInteressi"_s);
-}
-
-void TestFrmInteressi::avvisoDellAumentoUnaVoltaSola()
-{
-    Scrivi(F, "txtAumento", u"1,5"_s);
-    Compila(u"10.000"_s, u"01/01/2013"_s, u"31/12/2014"_s);
-    B->Voce.Attendi(u"I tassi di interessi saranno aumentati del 1,5%"_s, vbOK, u"Avvertimento:"_s);
-    Calcola();
-    QCOMPARE(B->Voce.Ultimo().Bandiere, vbExclamation);
-    QCOMPARE(Grid()->Righe(), 2);
-    Calcola();
-    QCOMPARE(B->Voce.Mostrati().size(), 1);
-    Scrivi(F, "txtAumento", u"2"_s);
-    B->Voce.Attendi(u"I tassi di interessi saranno aumentati del 2%"_s, vbOK, u"Avvertimento:"_s);
-    Calcola();
-}
-
-void TestFrmInteressi::oltreLUltimaRigaConLUltimoTasso()
-{
-    Sostituisci(ArchivioConTassi(u"InteressiLegali"_s, {{QDate(2012, 1, 1), QDate(2012, 12, 31), 5.0}}));
-    Compila(u"36500"_s, u"31/12/2012"_s, u"10/01/2013"_s);
-    B->Voce.Attendi(NonAggiornati, vbNo, u"Domanda:"_s);
-    B->Voce.Attendi(UltimoIndice, vbOK, u"Avvertimento:"_s);
-    Calcola();
-    QCOMPARE(Grid()->Righe(), 2);
-    QCOMPARE(TestoDi(F, "lblTotale"), u"55,00"_s);
-    QVERIFY(B->Aperti.isEmpty());
-}
-
-void TestFrmInteressi::oltreLUltimaRigaAggiorna()
-{
-    Sostituisci(ArchivioConTassi(u"InteressiLegali"_s, {{QDate(2012, 1, 1), QDate(2012, 12, 31), 5.0}}));
-    Compila(u"36500"_s, u"31/12/2012"_s, u"10/01/2013"_s);
-    B->Voce.Attendi(NonAggiornati, vbYes, u"Domanda:"_s);
-    Calcola();
-    QCOMPARE(B->Aperti, QStringList{u"aggiorna []"_s});
-    QCOMPARE(Grid()->Righe(), 0);
-    QVERIFY(F->isVisible());
-}
-
-void TestFrmInteressi::inizioSenzaTassoChiude_data()
-{
-    QTest::addColumn<int>("Risposta");
-    QTest::addColumn<QStringList>("Aperti");
-    QTest::newRow("no") << vbNo << QStringList();
-    QTest::newRow("si") << vbYes << QStringList{u"aggiorna []"_s};
-}
-
-void TestFrmInteressi::inizioSenzaTassoChiude()
-{
-    QFETCH(int, Risposta);
-    QFETCH(QStringList, Aperti);
-    Sostituisci(ArchivioConTassi(u"InteressiLegali"_s, {{QDate(2012, 1, 1), QDate(2012, 12, 31), 5.0}}));
-    Compila(u"36500"_s, u"31/12/2011"_s, u"10/01/2012"_s);
-    B->Voce.Attendi(NonAggiornati, Risposta, u"Domanda:"_s);
-    Calcola();
-    QCOMPARE(B->Aperti, Aperti);
-    QVERIFY(!F->isVisible());
-}
-
-void TestFrmInteressi::tassoAZeroTace()
-{
-    Compila(u"36500"_s, u"01/01/2013"_s, u"10/01/2013"_s);
-    Calcola();
-    QCOMPARE(Grid()->Righe(), 1);
-    Sostituisci(ArchivioConTassi(u"InteressiLegali"_s, {{QDate(2012, 1, 1), QDate(2013, 12, 31), 0.0}}));
-    Calcola();
-    QCOMPARE(Grid()->Righe(), 1);
-    QCOMPARE(TestoDi(F, "lblTotale"), u"25,00"_s);
-}
-
-void TestFrmInteressi::importiSbagliati_data()
-{
-    QTest::addColumn<QString>("Campo");
-    QTest::addColumn<QString>("Testo");
-    for (const auto& Testo : {u"abc"_s, u"1-2"_s, u"12.5"_s, u"1.2.3"_s})
-        QTest::newRow(qPrintable(u"capitale "_s + Testo)) << u"txtCapitale"_s << Testo;
-    for (const auto& Testo : {u"abc"_s, u"1-2"_s})
-        QTest::newRow(qPrintable(u"aumento "_s + Testo)) << u"txtAumento"_s << Testo;
-}
-
-void TestFrmInteressi::importiSbagliati()
-{
-    QFETCH(QString, Campo);
-    QFETCH(QString, Testo);
-    Compila(u"1000"_s, u"01/01/2012"_s, u"31/12/2012"_s);
-    Scrivi(F, qPrintable(Campo), Testo);
-    QCOMPARE(TestoDi(F, qPrintable(Campo)), Testo);
-    if (Campo == u"txtAumento")
-        B->Voce.Attendi(u"I tassi di interessi saranno aumentati del %1%"_s.arg(Testo));
-    B->Voce.Attendi(u"Errore: Tipo di dato non corrispondente (13)"_s, vbOK, u"Errore:"_s);
-    Calcola();
-    QCOMPARE(Grid()->Righe(), 0);
-    Scrivi(F, "txtAumento", {});
-    Scrivi(F, "txtCapitale", u"1000"_s);
-    Calcola();
-    // The days of the calculation that failed are not counted again.
-    QCOMPARE(TestoDi(F, "lblTotale"), u"25,07"_s);
-}
-
-void TestFrmInteressi::archiviGuasti_data()
-{
-    QTest::addColumn<QByteArray>("Contenuto");
-    QTest::addColumn<int>("Numero");
-    const QByteArray Intero = LeggiFile(ArchivioConsegnato());
-    QTest::newRow("vuoto") << QByteArray() << 3343;
-    QTest::newRow("troncato") << Intero.left(10000) << 3343;
-    QTest::newRow("non e' un archivio") << QByteArray(5000, 'x') << 3343;
-    QTest::newRow("senza la tabella") << LeggiFile(ArchivioConTassi(u"InteressiMora"_s, {})) << 3078;
-}
-
-void TestFrmInteressi::archiviGuasti()
-{
-    QFETCH(QByteArray, Contenuto);
-    QFETCH(int, Numero);
-    ScriviFile(B->Tassi(), Contenuto);
-    Compila(u"1000"_s, u"01/01/2012"_s, u"31/12/2012"_s);
-    B->Voce.Tollera();
-    Calcola();
-    QCOMPARE(B->Voce.Mostrati().size(), 1);
-    QVERIFY2(B->Voce.UltimoTesto().endsWith(u"(%1)"_s.arg(Numero)), qPrintable(B->Voce.UltimoTesto()));
-    Sostituisci(ArchivioConsegnato());
-    Calcola();
-    QCOMPARE(TestoDi(F, "lblTotale"), u"25,07"_s);
-}
-
-void TestFrmInteressi::archivioBloccato()
-{
-    const QString Altro = sessione::UserFolder + u"altro.dat"_s;
-    std::filesystem::create_hard_link(B->Tassi().toStdString(), Altro.toStdString());
-    guasti::AttesaBlocchiMs = 20;
-    Compila(u"1000"_s, u"01/01/2012"_s, u"31/12/2012"_s);
-    {
-        const Database Suo = OpenDatabase(Altro);
-        Suo.Execute(u"BEGIN EXCLUSIVE"_s);
-        B->Voce.Tollera();
-        Calcola();
-        QVERIFY(B->Voce.UltimoTesto().endsWith(u"(3260)"));
-        Suo.Execute(u"COMMIT"_s);
-    }
-    Calcola();
-    QCOMPARE(B->Voce.Mostrati().size(), 1);
-    QCOMPARE(TestoDi(F, "lblTotale"), u"25,07"_s);
 }
 
 void TestFrmInteressi::dateSenzaSeparatori()
@@ -608,20 +385,9 @@ void TestFrmInteressi::tassiIncolonnati()
                                                         {QDate(2014, 1, 1), QDate(2014, 12, 31), 10.5}}));
     Compila(u"1000"_s, u"01/06/2012"_s, u"01/06/2014"_s);
     Calcola();
-    QCOMPARE(Cella(0, Tasso), u"8,75"_s);
-    QCOMPARE(Cella(1, Tasso), u"8,00"_s);
-    QCOMPARE(Cella(2, Tasso), u"10,50"_s);
-}
-
-void TestFrmInteressi::siSenzaAggiornamento()
-{
-    Aperture.Aggiorna = {};
-    Sostituisci(ArchivioConTassi(u"InteressiLegali"_s, {{QDate(2012, 1, 1), QDate(2012, 12, 31), 5.0}}));
-    Compila(u"36500"_s, u"31/12/2011"_s, u"10/01/2012"_s);
-    B->Voce.Attendi(NonAggiornati, vbYes, u"Domanda:"_s);
-    Calcola();
-    QVERIFY(!F->isVisible());
-    QCOMPARE(B->Voce.Mostrati().size(), 1);
+    QCOMPARE(Cella(0, ColTasso), u"8,75"_s);
+    QCOMPARE(Cella(1, ColTasso), u"8,00"_s);
+    QCOMPARE(Cella(2, ColTasso), u"10,50"_s);
 }
 
 void TestFrmInteressi::calendario()

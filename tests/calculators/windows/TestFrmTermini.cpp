@@ -1,39 +1,32 @@
 // The form of the terms, used with keys and mouse.
-#include "calculators/windows/frmTermini.h"
-#include "platform/kit/aspetto.h"
-
-#include "bancotermini.h"
-
-#include "core/aperture.h"
-#include "platform/base/errore.h"
-
-#include <memory>
+#include "bancofrmtermini.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 const QString VuotaData = u"Non è stata specificata la Data di Decorrenza!"_s;
+
 const QString CattivaData = u"La Data di Decorrenza indicata non è una data valida!"_s;
+
 const QString VuotoNumero = u"Non è stato indicato il Numero di incremento!"_s;
+
 const QString SabatoARitroso =
     u"La proroga del sabato (art. 155, 5° comma, c.p.c.) non si applica ai termini da calcolarsi a ritroso.\n"
     "Per maggiori informazioni leggere le Avvertenze"_s;
 
 constexpr int Avanti = 0;
+
 constexpr int Indietro = 1;
-constexpr int Giorni = 0;
-constexpr int Mesi = 1;
 
 }  // namespace
 
-class TestFrmTermini : public QObject
+class TestFrmTermini : public QObject, private BancoFrmTermini
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
+    void init() { Prepara(); }
+    void cleanup() { Sgombra(); }
     void didascalie();
     void comincia();
     void casi_data();
@@ -60,54 +53,9 @@ private Q_SLOTS:
     void ricalcolareRidaLoStesso();
     void nuovo();
     void dopoNuovoContaInAnni();
-    void copiaConUnClic();
-    void copiaDaTastiera();
-    void senzaRisultatoNonSiCopia();
-    void calendarioSiVedeEScompare();
-    void calendarioSullaScadenza();
-    void calendarioScriveLaData();
-    void calendarioSegna();
-    void calendarioSenzaSospensione();
-    void etichetteSpuntano();
-    void attivazioneUnaVoltaSola();
     void chiuderePerdeTutto();
-    void riaprireVisibileNonCambia();
-    void avvertenze();
-    void senzaPagineNienteAvvertenze();
-    void stampaSenzaRisultato();
-    void stampa();
-    void ricordaIlPosto();
-    void ordineDelTabulatore();
-    void ogniControlloHaUnNome();
-    void ilRisultatoSiSente();
-    void sulPiccoloSchermo();
-
-private:
-    /// Types a start date and a number, chooses a unit.
-    void Compila(const QString& Data, const QString& Numero, int Tipo = Giorni);
-    [[nodiscard]] bool SullaData() const { return QApplication::focusWidget() == B->Data(); }
-
-    std::unique_ptr<BancoTermini<frmTermini>> B;
 };
 PROVA(TestFrmTermini);
-
-void TestFrmTermini::init()
-{
-    B = std::make_unique<BancoTermini<frmTermini>>();
-    QVERIFY(B->Attiva);
-}
-
-void TestFrmTermini::cleanup()
-{
-    B.reset();
-}
-
-void TestFrmTermini::Compila(const QString& Data, const QString& Numero, int Tipo)
-{
-    B->Scrivi(u"mskDecorr"_s, Data);
-    B->Scrivi(u"txtIncrNum"_s, Numero);
-    B->Scegli(u"cmbIncrTipo"_s, Tipo);
-}
 
 void TestFrmTermini::didascalie()
 {
@@ -166,31 +114,31 @@ void TestFrmTermini::casi_data()
     QTest::addColumn<int>("Verso");
     QTest::addColumn<QString>("Risultato");
     QTest::newRow("il dodicesimo giorno salta la sospensione")
-        << u"20072012"_s << u"20"_s << Giorni << true << false << false << Avanti
+        << u"20072012"_s << u"20"_s << InGiorni << true << false << false << Avanti
         << u"La scadenza è Lunedì,  24 Settembre  2012\n(Posticipata)"_s;
     QTest::newRow("decorrenza nella sospensione, nessuna nota")
-        << u"10082012"_s << u"10"_s << Giorni << true << false << false << Avanti
+        << u"10082012"_s << u"10"_s << InGiorni << true << false << false << Avanti
         << u"La scadenza è Martedì,  25 Settembre  2012"_s;
     QTest::newRow("mese con quindici giorni sospesi, poi domenica")
-        << u"15072012"_s << u"1"_s << Mesi << true << false << false << Avanti
+        << u"15072012"_s << u"1"_s << InMesi << true << false << false << Avanti
         << u"La scadenza è Lunedì,  1 Ottobre  2012\n(Posticipata)"_s;
     QTest::newRow("a ritroso oltre la sospensione")
-        << u"20092012"_s << u"10"_s << Giorni << true << false << false << Indietro
+        << u"20092012"_s << u"10"_s << InGiorni << true << false << false << Indietro
         << u"La scadenza è Giovedì,  26 Luglio  2012\n(Anticipata)"_s;
     QTest::newRow("il giorno perso in febbraio resta perso")
-        << u"31012012"_s << u"2"_s << Mesi << false << false << false << Avanti
+        << u"31012012"_s << u"2"_s << InMesi << false << false << false << Avanti
         << u"La scadenza è Giovedì,  29 Marzo  2012"_s;
     QTest::newRow("sabato, poi domenica")
-        << u"24032012"_s << u"7"_s << Giorni << false << false << true << Avanti
+        << u"24032012"_s << u"7"_s << InGiorni << false << false << true << Avanti
         << u"La scadenza è Lunedì,  2 Aprile  2012\n(Posticipata)"_s;
     QTest::newRow("il giorno libero cade su Santo Stefano")
-        << u"20122012"_s << u"5"_s << Giorni << false << true << false << Avanti
+        << u"20122012"_s << u"5"_s << InGiorni << false << true << false << Avanti
         << u"La scadenza è Giovedì,  27 Dicembre  2012\n(Posticipata)"_s;
     QTest::newRow("il giorno libero si aggiunge")
-        << u"01032012"_s << u"5"_s << Giorni << false << true << false << Avanti
+        << u"01032012"_s << u"5"_s << InGiorni << false << true << false << Avanti
         << u"La scadenza è Mercoledì,  7 Marzo  2012"_s;
     QTest::newRow("Lunedì dell'Angelo")
-        << u"08042012"_s << u"1"_s << Giorni << false << false << false << Avanti
+        << u"08042012"_s << u"1"_s << InGiorni << false << false << false << Avanti
         << u"La scadenza è Martedì,  10 Aprile  2012\n(Posticipata)"_s;
 }
 
@@ -452,9 +400,9 @@ void TestFrmTermini::fuoriDalCalendario_data()
     QTest::addColumn<QString>("Numero");
     QTest::addColumn<int>("Tipo");
     QTest::addColumn<int>("Verso");
-    QTest::newRow("dopo l'ultimo giorno") << u"31129999"_s << u"1"_s << Giorni << Avanti;
+    QTest::newRow("dopo l'ultimo giorno") << u"31129999"_s << u"1"_s << InGiorni << Avanti;
     QTest::newRow("9999 anni") << u"12032012"_s << u"9999"_s << 2 << Avanti;
-    QTest::newRow("prima del primo") << u"01010100"_s << u"1"_s << Giorni << Indietro;
+    QTest::newRow("prima del primo") << u"01010100"_s << u"1"_s << InGiorni << Indietro;
 }
 
 void TestFrmTermini::fuoriDalCalendario()
@@ -490,7 +438,7 @@ void TestFrmTermini::ogniCambioPulisce_data()
         S.Uno(u"txtIncrNum"_s)->setFocus();
         Digita(u"1"_s);
     });
-    QTest::newRow("unità") << Mano([](auto& S) { S.Scegli(u"cmbIncrTipo"_s, Mesi); });
+    QTest::newRow("unità") << Mano([](auto& S) { S.Scegli(u"cmbIncrTipo"_s, InMesi); });
     for (const char* Nome : {"chkSosp", "chkLibero", "chkSabato", "optTipoScad_1"})
         QTest::newRow(Nome) << Mano(
             [Nome](auto& S) { S.template Uno<QAbstractButton>(QString::fromLatin1(Nome))->click(); });
@@ -517,7 +465,7 @@ void TestFrmTermini::loStessoValoreNonPulisce()
     Compila(u"12032012"_s, u"3"_s);
     B->Calcola();
     B->Uno<QRadioButton>(u"optTipoScad_0"_s)->click();
-    B->Scegli(u"cmbIncrTipo"_s, Giorni);
+    B->Scegli(u"cmbIncrTipo"_s, InGiorni);
     B->Uno(u"txtIncrNum"_s)->setFocus();
     Premi(Qt::Key_Left);
     QVERIFY(!B->Risultato().isEmpty());
@@ -526,7 +474,7 @@ void TestFrmTermini::loStessoValoreNonPulisce()
 void TestFrmTermini::ricalcolareRidaLoStesso()
 {
     Registratore Box;
-    Compila(u"15072012"_s, u"1"_s, Mesi);
+    Compila(u"15072012"_s, u"1"_s, InMesi);
     for (int i = 0; i < 3; ++i) {
         B->Calcola();
         QCOMPARE(B->Risultato(), u"La scadenza è Lunedì,  1 Ottobre  2012\n(Posticipata)"_s);
@@ -567,132 +515,6 @@ void TestFrmTermini::dopoNuovoContaInAnni()
     QCOMPARE(B->Risultato(), u"La scadenza è Martedì,  12 Marzo  2013"_s);
 }
 
-void TestFrmTermini::copiaConUnClic()
-{
-    Registratore Box;
-    Compila(u"20072012"_s, u"20"_s);
-    B->Calcola();
-    B->Clic(u"cmdCopia"_s);
-    QCOMPARE(QApplication::clipboard()->text(), u"La scadenza è Lunedì, 24 Settembre 2012\n(Posticipata)"_s);
-}
-
-void TestFrmTermini::copiaDaTastiera()
-{
-    Registratore Box;
-    Compila(u"10082012"_s, u"10"_s);
-    B->Calcola();
-    const QString Atteso = u"La scadenza è Martedì, 25 Settembre 2012"_s;
-    for (const QString& Nome : {u"mskDecorr"_s, u"cmdEsegui"_s, u"chkSosp"_s, u"lblRisult"_s}) {
-        if (Nome != u"mskDecorr")
-            B->Uno(Nome)->setFocus();
-        QApplication::clipboard()->clear();
-        B->CtrlC();
-        QCOMPARE(QApplication::clipboard()->text(), Atteso);
-    }
-    // A selection made by hand goes first.
-    B->Data()->setFocus();
-    B->Data()->selectAll();
-    B->CtrlC();
-    QCOMPARE(QApplication::clipboard()->text(), u"10/08/2012"_s);
-}
-
-void TestFrmTermini::senzaRisultatoNonSiCopia()
-{
-    QApplication::clipboard()->setText(u"di prima"_s);
-    QVERIFY(!B->Uno(u"cmdCopia"_s)->isEnabled());
-    B->CtrlC();
-    QCOMPARE(QApplication::clipboard()->text(), u"di prima"_s);
-}
-
-void TestFrmTermini::calendarioSiVedeEScompare()
-{
-    const QSize Prima = B->F->size();
-    B->Uno(u"txtIncrNum"_s)->setFocus();
-    B->Clic(u"cmdCalend_0"_s);
-    QVERIFY(!B->Calendario()->isVisible());
-    QVERIFY(SullaData());
-    B->Clic(u"cmdCalend_0"_s);
-    QVERIFY(B->Calendario()->isVisible());
-    QCOMPARE(B->Calendario()->Data(), QDate(2012, 7, 18));
-    QCOMPARE(B->F->size(), Prima);
-}
-
-void TestFrmTermini::calendarioSullaScadenza()
-{
-    Registratore Box;
-    Compila(u"20072012"_s, u"20"_s);
-    B->Calcola();
-    B->Calendario()->ImpostaData(QDate(2000, 1, 1));
-    B->Clic(u"cmdCalend_1"_s);
-    QVERIFY(!B->Calendario()->isVisible());
-    QCOMPARE(B->Calendario()->Data(), QDate(2012, 9, 24));
-    QVERIFY(SullaData());
-    QVERIFY2(!B->Risultato().isEmpty(), "looking at it changes nothing");
-    QCOMPARE(B->Data()->Testo(), u"20/07/2012"_s);
-}
-
-void TestFrmTermini::calendarioScriveLaData()
-{
-    B->ClicGiorno(QDate(2012, 7, 5));
-    QCOMPARE(B->Data()->Testo(), u"05/07/2012"_s);
-    QVERIFY(B->Uno(u"chkSabato"_s)->isEnabled());
-    QVERIFY(B->Calendario()->isVisible());
-    // By the keys too.
-    B->Calendario()->setFocus();
-    Premi(Qt::Key_PageUp, Qt::ControlModifier);
-    Premi(Qt::Key_Home);
-    QCOMPARE(B->Data()->Testo(), u"05/07/2012"_s);
-    Premi(Qt::Key_Return);
-    QCOMPARE(B->Data()->Testo(), u"01/07/2011"_s);
-}
-
-void TestFrmTermini::calendarioSegna()
-{
-    Registratore Box;
-    Compila(u"20072012"_s, u"20"_s);
-    const CalendarioMensile* C = B->Calendario();
-    QVERIFY(C->Aspetto(QDate(2012, 7, 20)).Inizio);
-    QCOMPARE(C->Data(), QDate(2012, 7, 20));
-    B->Calcola();
-    QCOMPARE(C->Aspetto(QDate(2012, 9, 24)), (AspettoGiorno{.Scadenza = true}));
-    QCOMPARE(C->Data(), QDate(2012, 9, 24));
-    QCOMPARE(C->Aspetto(QDate(2012, 8, 15)), (AspettoGiorno{.Festivo = true, .Sospeso = true}));
-    QCOMPARE(C->Aspetto(QDate(2012, 4, 9)), (AspettoGiorno{.Festivo = true}));
-    QVERIFY(C->Aspetto(QDate(2012, 8, 1)).Sospeso && C->Aspetto(QDate(2012, 9, 15)).Sospeso);
-    QVERIFY(!C->Aspetto(QDate(2012, 7, 31)).Sospeso && !C->Aspetto(QDate(2012, 9, 16)).Sospeso);
-}
-
-void TestFrmTermini::calendarioSenzaSospensione()
-{
-    B->Spunta(u"chkSosp"_s, false);
-    QCOMPARE(B->Calendario()->Aspetto(QDate(2012, 8, 16)), AspettoGiorno());
-    B->Spunta(u"chkSosp"_s, true);
-    QVERIFY(B->Calendario()->Aspetto(QDate(2012, 8, 16)).Sospeso);
-}
-
-void TestFrmTermini::etichetteSpuntano()
-{
-    B->Clic(u"lblLibero"_s);
-    QVERIFY(B->Uno<QCheckBox>(u"chkLibero"_s)->isChecked());
-    B->Clic(u"lblLibero"_s);
-    QVERIFY(!B->Uno<QCheckBox>(u"chkLibero"_s)->isChecked());
-    B->Clic(u"lblSabato"_s);  // disabled at first
-    QVERIFY(!B->Uno<QCheckBox>(u"chkSabato"_s)->isChecked());
-}
-
-void TestFrmTermini::attivazioneUnaVoltaSola()
-{
-    B->Spunta(u"chkSosp"_s, false);
-    B->Scegli(u"cmbIncrTipo"_s, Mesi);
-    B->Uno<QRadioButton>(u"optTipoScad_1"_s)->click();
-    QWidget Altra;
-    QVERIFY(MostraAttiva(Altra));
-    QVERIFY(MostraAttiva(*B->F));
-    QVERIFY(!B->Uno<QCheckBox>(u"chkSosp"_s)->isChecked());
-    QCOMPARE(B->Uno<QComboBox>(u"cmbIncrTipo"_s)->currentIndex(), Mesi);
-    QVERIFY(B->Uno<QRadioButton>(u"optTipoScad_1"_s)->isChecked());
-}
-
 void TestFrmTermini::chiuderePerdeTutto()
 {
     Registratore Box;
@@ -702,96 +524,6 @@ void TestFrmTermini::chiuderePerdeTutto()
     QTRY_VERIFY(!B->F);
     B->Apri();
     comincia();
-}
-
-void TestFrmTermini::riaprireVisibileNonCambia()
-{
-    Compila(u"12032012"_s, u"3"_s, Mesi);
-    B->Spunta(u"chkSosp"_s, false);
-    B->F->Mostra();
-    QCOMPARE(B->Uno<QComboBox>(u"cmbIncrTipo"_s)->currentIndex(), Mesi);
-    QVERIFY(!B->Uno<QCheckBox>(u"chkSosp"_s)->isChecked());
-    QCOMPARE(B->Data()->Testo(), u"12/03/2012"_s);
-}
-
-void TestFrmTermini::avvertenze()
-{
-    B->Clic(u"cmdAvvertenze"_s);
-    QCOMPARE(B->Pagine,
-             QStringList{u"/programma/avvertenzetermini.htm|KR6 - Calcolo termini - Avvertenze"_s});
-}
-
-void TestFrmTermini::senzaPagineNienteAvvertenze()
-{
-    delete B->F.data();
-    Aperture.PaginaWeb = {};
-    B->Apri();
-    QVERIFY(!B->Uno(u"cmdAvvertenze"_s)->isEnabled());
-}
-
-void TestFrmTermini::stampaSenzaRisultato()
-{
-    Registratore Box;
-    Compila(u"12032012"_s, u"3"_s);
-    Box.Attendi(u"Non è stato effettuato alcun calcolo!"_s, vbOK, u"Errore:"_s);
-    B->Voce(u"mnuStampa"_s);
-    QCOMPARE(B->Stampato(), QStringList());
-}
-
-void TestFrmTermini::stampa()
-{
-    Registratore Box;
-    Compila(u"200712"_s, u"20"_s);
-    B->Spunta(u"chkSabato"_s, true);
-    B->Calcola();
-    B->Voce(u"mnuStampa"_s);
-    QCOMPARE(B->Stampato(),
-             (QStringList{u"CALCOLO TERMINI "_s, u"Data decorrenza: 20/07/12__"_s, u"Incremento: 20 Giorni"_s,
-                          u"Sospensione feriale: Sì"_s, u"Termine libero: No"_s, u"Proroga del sabato: No"_s,
-                          u"Scadenza: Successiva"_s, u"RISULTATO ELABORAZIONE:"_s,
-                          u"La scadenza è Lunedì,  24 Settembre  2012\n(Posticipata)"_s}));
-    QCOMPARE(SeCaricato<frmPrint>->windowTitle(), u"Stampa documento: calcolo termini"_s);
-    QCOMPARE(SeCaricato<frmPrint>->vpFree().Zoom(), 80);
-    QVERIFY2(!B->Risultato().isEmpty(), "printing changes nothing");
-}
-
-void TestFrmTermini::ricordaIlPosto()
-{
-    B->F->setGeometry(5, 40, 780, 440);
-    B->F->close();
-    QTRY_VERIFY(!B->F);
-    B->Apri();
-    QCOMPARE(B->F->geometry(), QRect(5, 40, 780, 440));
-}
-
-void TestFrmTermini::ordineDelTabulatore()
-{
-    Compila(u"12032012"_s, u"3"_s);
-    QCOMPARE(B->OrdineTab(u"mskDecorr"_s, 8),
-             (QStringList{u"mskDecorr"_s, u"txtIncrNum"_s, u"cmbIncrTipo"_s, u"chkSosp"_s, u"chkLibero"_s,
-                          u"chkSabato"_s, u"optTipoScad_0"_s, u"cmdEsegui"_s}));
-}
-
-void TestFrmTermini::ogniControlloHaUnNome()
-{
-    QCOMPARE(B->SenzaNome(), QStringList());
-}
-
-void TestFrmTermini::ilRisultatoSiSente()
-{
-    Registratore Box;
-    Compila(u"10082012"_s, u"10"_s);
-    B->Calcola();
-    QCOMPARE(B->Uno(u"lblRisult"_s)->accessibleName(), u"La scadenza è Martedì, 25 Settembre 2012"_s);
-    B->Spunta(u"chkLibero"_s, true);
-    QCOMPARE(B->Uno(u"lblRisult"_s)->accessibleName(), u"Risultato"_s);
-}
-
-void TestFrmTermini::sulPiccoloSchermo()
-{
-    // 1366x768 at 150 % are 910x512, and the frame takes its part.
-    QVERIFY(B->F->minimumSizeHint().width() <= 900);
-    QVERIFY(B->F->minimumSizeHint().height() <= 460);
 }
 
 #include "TestFrmTermini.moc"
