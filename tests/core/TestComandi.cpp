@@ -1,27 +1,14 @@
-#include "core/aperture.h"
-#include "core/posti.h"
-#include "supporto/prova.h"
-#include "supporto/registratore.h"
-
-#include "core/comandi.h"
-#include "core/indirizzi.h"
-#include "core/parametri.h"
-#include "core/sessione.h"
-#include "platform/base/errore.h"
-#include "platform/system/file.h"
-#include "platform/system/percorsi.h"
-#include "platform/system/shell.h"
+// The table of commands: when each is enabled, what it opens.
+#include "aperture_prova.h"
 
 using namespace Qt::StringLiterals;
 
-class TestComandi : public QObject
+class TestComandi : public QObject, private BancoComandi
 {
     Q_OBJECT
-
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
+    void init() { Prepara(); }
+    void cleanup() { Sgombra(); }
     void ordineDellaTabella();
     void senzaLavoroNonSiAbilita_data();
     void senzaLavoroNonSiAbilita();
@@ -37,150 +24,20 @@ private Q_SLOTS:
     void parolaSconosciuta_data();
     void parolaSconosciuta();
     void nuovaConRiferimento();
-
     void guardie_data();
     void guardie();
     void proteggiSenzaNota_data();
     void proteggiSenzaNota();
-
-    void stampaWord_data();
-    void stampaWord();
-    void stampaWordRifiutata();
-    void kr2SiAvvia();
-    void kr2Manca_data();
-    void kr2Manca();
-    void guida_data();
-    void guida();
-    void documenti_data();
-    void documenti();
-    void leggimi();
-    void leggimiManca();
-    void pagineDelFornitore_data();
-    void pagineDelFornitore();
-    void pagineProprie_data();
-    void pagineProprie();
     void spegniChiudeQuelleAperte();
     void spegniDaUnaPratica();
     void guastoRiferito();
-
     void postoNuovo();
     void postoLiberato();
     void postoDellaPrimaIntatta_data();
     void postoDellaPrimaIntatta();
     void parcellaAperta();
-
-private:
-    void RegistraAperture();
-
-    QStringList Eventi;
-    int SchedaInVista = -1;
-    int Esito = 0;
-    Shell Precedente;
 };
 PROVA(TestComandi);
-
-namespace {
-
-/// Places as they stand: "m" modified, "p" unmodified, "l" left free by a closed note that was modified.
-void Posti(const QString& Segni)
-{
-    AzzeraParcelle();
-    for (const QChar Segno : Segni)
-        InfoParcelle.push_back({Segno == u'l', Segno != u'p', u"nota"_s});
-}
-
-void ImpostaServer(const QString& Indirizzo)
-{
-    SalvaImpostazione(indirizzi::ChiaveServer.toString(), Indirizzo);
-}
-
-QString Numeri(std::initializer_list<int> Valori)
-{
-    QString Testo;
-    for (const int Valore : Valori)
-        Testo += u' ' + QString::number(Valore);
-    return Testo;
-}
-
-}  // namespace
-
-void TestComandi::RegistraAperture()
-{
-    const auto Annota = [this](const QString& Nome) { return [this, Nome] { Eventi << Nome; }; };
-    Aperture = {};
-    Aperture.ApriParcella = [this](const QString& Percorso, int Socio, const QString& ID) {
-        Eventi << u"parcella [%1] %2 [%3]"_s.arg(Percorso).arg(Socio).arg(ID);
-    };
-    Aperture.TrovaParcella = [this](int Selettore, const QString& Cartella, int, const QString& Parent) {
-        Eventi << u"trova"_s + Numeri({Selettore}) + Cartella + Parent;
-        return QString();
-    };
-    Aperture.SalvaParcella = [this](int Indice, bool ComeModello) {
-        Eventi << u"salva"_s + Numeri({Indice, ComeModello});
-    };
-    Aperture.VaiAllaScheda = [this](int Indice, int Quale) {
-        Eventi << u"scheda"_s + Numeri({Indice, Quale});
-    };
-    Aperture.SchedaCorrente = [this](int) { return SchedaInVista; };
-    Aperture.Proteggi = [this](int Indice) { Eventi << u"proteggi"_s + Numeri({Indice}); };
-    Aperture.ChiudiParcella = [this](int Indice) {
-        Eventi << u"chiudi"_s + Numeri({Indice});
-        return false;
-    };
-    Aperture.Impostazioni = [this](int Quale, bool) { Eventi << u"impostazioni"_s + Numeri({Quale}); };
-    Aperture.Finestre[u"clienti"_s] = Annota(u"rubrica"_s);
-    Aperture.Finestre[u"codfis"_s] = Annota(u"codice fiscale"_s);
-    Aperture.Finestre[u"contrib"_s] = Annota(u"contributo"_s);
-    Aperture.Finestre[u"termini"_s] = Annota(u"termini"_s);
-    Aperture.Finestre[u"sequenz"_s] = Annota(u"sequenziali"_s);
-    Aperture.Finestre[u"inter"_s] = Annota(u"interessi"_s);
-    Aperture.Finestre[u"istat"_s] = Annota(u"istat"_s);
-    Aperture.Finestre[u"upgrade"_s] = Annota(u"aggiorna"_s);
-    Aperture.Finestre[u"docum"_s] = Annota(u"documenti"_s);
-    Aperture.Finestre[u"about"_s] = Annota(u"informazioni"_s);
-    Aperture.PaginaWeb = [this](const QString& Pagina, const QString& Titolo) {
-        Eventi << u"pagina %1 [%2]"_s.arg(NomeFile(Pagina), Titolo);
-    };
-}
-
-void TestComandi::init()
-{
-    AzzeraSessione();
-    AzzeraParcelle();
-    Eventi.clear();
-    SchedaInVista = -1;
-    Esito = 0;
-    RegistraAperture();
-    Shell Nuova;
-    Nuova.ApriFile = [this](const QString& File) {
-        Eventi << u"file "_s + File;
-        return Esito;
-    };
-    Nuova.ApriIndirizzo = [this](const QString& Indirizzo) {
-        Eventi << u"indirizzo "_s + Indirizzo;
-        return Esito;
-    };
-    Nuova.ApriPdf = [this](const QString& File, int Pagina) {
-        Eventi << u"pdf "_s + NomeFile(File) + Numeri({Pagina});
-        return Esito;
-    };
-    Nuova.HaProgramma = [](const QString&) { return true; };
-    Nuova.Avvia = [this](const QString& Programma, const QStringList& Argomenti, const QString& Cartella) {
-        Eventi << u"avvia "_s + Programma + u" in "_s + Cartella + Numeri({int(Argomenti.size())});
-        return Esito;
-    };
-    Nuova.Termina = [this](int Codice) { Eventi << u"fine"_s + Numeri({Codice}); };
-    Precedente = InstallaShell(std::move(Nuova));
-}
-
-void TestComandi::cleanup()
-{
-    ImpostaServer({});
-    InstallaShell(std::move(Precedente));
-    Aperture = {};
-    AzzeraParcelle();
-    AzzeraSessione();
-}
 
 void TestComandi::ordineDellaTabella()
 {
@@ -442,189 +299,6 @@ void TestComandi::proteggiSenzaNota()
     EseguiComando(u"lock"_s, Indice, {});
     QCOMPARE(Box.Mostrato(0).Bandiere, vbCritical);
     QCOMPARE(Eventi, QStringList());
-}
-
-void TestComandi::stampaWord_data()
-{
-    QTest::addColumn<QString>("Nome");
-    QTest::addColumn<QString>("File");
-
-    QTest::newRow("saved note") << u"rossi contro bianchi"_s << u"rossi contro bianchi.doc"_s;
-    QTest::newRow("caption that is no file name") << u"Nuova parcella:2"_s << u"Nuova parcella-2.doc"_s;
-    QTest::newRow("every forbidden character") << uR"(a\b/c:d*e?f"g<h>i|j)"_s << u"a-b-c-d-e-f-g-h-i-j.doc"_s;
-}
-
-void TestComandi::stampaWord()
-{
-    QFETCH(QString, Nome);
-    QFETCH(QString, File);
-    const Registratore Box;
-    Posti(u"l"_s);
-    InfoParcelle[1].Nome = Nome;
-    const QString Cartella = Barra(u"/utente"_s);
-    for (const QString& Utente : {Cartella, Cartella.chopped(1)}) {
-        Eventi.clear();
-        sessione::UserFolder = Utente;
-        EseguiComando(u"printword"_s, 1, {});
-        QCOMPARE(Eventi, QStringList{u"file "_s + Cartella + Barra(u"doc"_s) + File});
-    }
-}
-
-void TestComandi::stampaWordRifiutata()
-{
-    Registratore Box;
-    Posti(u"p"_s);
-    Esito = 53;
-    Box.Attendi(u"Errore: "_s + DescrizioneErrore(53) + u" (53)"_s, vbOK, u"Errore:"_s);
-    EseguiComando(u"printword"_s, 1, {});
-}
-
-void TestComandi::kr2SiAvvia()
-{
-    const Registratore Box;
-    sessione::PercorsoVDM = NuovaCartella();
-    const QString Programma = sessione::PercorsoVDM + u"CalcaPrima.EXE"_s;
-    ScriviFile(Programma, "MZ");
-    EseguiComando(u"kr2"_s, 0, {});
-    QCOMPARE(Eventi, QStringList{u"avvia "_s + Programma + u" in "_s + sessione::PercorsoVDM + u" 0"_s});
-}
-
-void TestComandi::kr2Manca_data()
-{
-    QTest::addColumn<QString>("Percorso");
-    QTest::addColumn<QString>("Messaggio");
-
-    QTest::newRow("never installed") << u""_s << u"Non è stato rilevato il programma Calcanova 2.0!"_s;
-    QTest::newRow("gone from its folder")
-        << u"/vdm2/"_s << u"Non è stato rilevato il programma Calcanova 2.0!Percorso: \n/vdm2/"_s;
-}
-
-void TestComandi::kr2Manca()
-{
-    QFETCH(QString, Percorso);
-    QFETCH(QString, Messaggio);
-    Registratore Box;
-    sessione::PercorsoVDM = Percorso;
-    Box.Attendi(Messaggio);
-    EseguiComando(u"kr2"_s, 0, {});
-    QCOMPARE(Eventi, QStringList());
-}
-
-void TestComandi::guida_data()
-{
-    QTest::addColumn<QString>("Posti");
-    QTest::addColumn<int>("Indice");
-    QTest::addColumn<int>("Scheda");
-    QTest::addColumn<int>("Pagina");
-
-    QTest::newRow("base data") << u"p"_s << 1 << 0 << 2;
-    QTest::newRow("honoraria") << u"p"_s << 1 << 1 << 13;
-    QTest::newRow("expenses") << u"p"_s << 1 << 2 << 15;
-    QTest::newRow("payments and taxes") << u"p"_s << 1 << 3 << 17;
-    QTest::newRow("print") << u"p"_s << 1 << 4 << 18;
-    QTest::newRow("a tab beyond") << u"p"_s << 1 << 5 << 0;
-    QTest::newRow("no window") << u""_s << 0 << 3 << 0;
-    QTest::newRow("no window is the target") << u"p"_s << 0 << 3 << 0;
-    QTest::newRow("its window was closed") << u"l"_s << 1 << 3 << 0;
-    QTest::newRow("beyond the places") << u"p"_s << 2 << 3 << 0;
-}
-
-void TestComandi::guida()
-{
-    QFETCH(QString, Posti);
-    QFETCH(int, Indice);
-    QFETCH(int, Pagina);
-    const Registratore Box;
-    ::Posti(Posti);
-    QFETCH(int, Scheda);
-    SchedaInVista = Scheda;
-    sessione::PercorsoProg = NuovaCartella();
-    ScriviFile(sessione::PercorsoProg + u"GuidaGiuridica.pdf"_s, "%PDF");
-    EseguiComando(u"guida"_s, Indice, {});
-    QCOMPARE(Eventi, QStringList{u"pdf GuidaGiuridica.pdf"_s + Numeri({Pagina})});
-}
-
-void TestComandi::documenti_data()
-{
-    QTest::addColumn<QString>("Comando");
-    QTest::addColumn<QString>("File");
-
-    QTest::newRow("news") << u"novita"_s << u"NovitaKR5.pdf"_s;
-    QTest::newRow("manual") << u"help"_s << u"GuidaOperativa.pdf"_s;
-}
-
-void TestComandi::documenti()
-{
-    QFETCH(QString, Comando);
-    QFETCH(QString, File);
-    Registratore Box;
-    sessione::PercorsoProg = NuovaCartella();
-    Box.Attendi(u"Documento "_s + sessione::PercorsoProg + File + u" non trovato!"_s, vbOK, u"Errore:"_s);
-    EseguiComando(Comando, 0, {});
-    QCOMPARE(Eventi, QStringList());
-    ScriviFile(sessione::PercorsoProg + File, "%PDF");
-    EseguiComando(Comando, 1, {});
-    QCOMPARE(Eventi, QStringList{u"pdf "_s + File + u" 0"_s});
-}
-
-void TestComandi::leggimi()
-{
-    const Registratore Box;
-    sessione::PercorsoProg = NuovaCartella();
-    const QString File = sessione::PercorsoProg + u"Avvertenze.doc"_s;
-    ScriviFile(File, "testo");
-    EseguiComando(u"readme"_s, 0, {});
-    QCOMPARE(Eventi, QStringList{u"file "_s + File});
-}
-
-void TestComandi::leggimiManca()
-{
-    Registratore Box;
-    sessione::PercorsoProg = NuovaCartella();
-    Box.Attendi(sessione::PercorsoProg + u"avvertenze.doc non è stato trovato!"_s);
-    EseguiComando(u"readme"_s, 0, {});
-    QCOMPARE(Eventi, QStringList());
-}
-
-void TestComandi::pagineDelFornitore_data()
-{
-    QTest::addColumn<QString>("Comando");
-    QTest::addColumn<QString>("Percorso");
-
-    QTest::newRow("release notes") << u"release"_s << u"/vdm/setup/notes.htm"_s;
-    QTest::newRow("useful sites") << u"link"_s << u"/vdm/link.htm"_s;
-    QTest::newRow("assistance") << u"assistenza"_s << u"/vdm.asp"_s;
-}
-
-void TestComandi::pagineDelFornitore()
-{
-    QFETCH(QString, Comando);
-    QFETCH(QString, Percorso);
-    const Registratore Box;
-    ImpostaServer(u"https://www.esempio.it/"_s);
-    EseguiComando(Comando, 0, {});
-    QCOMPARE(Eventi, QStringList{u"indirizzo https://www.esempio.it"_s + Percorso});
-}
-
-void TestComandi::pagineProprie_data()
-{
-    QTest::addColumn<QString>("Comando");
-    QTest::addColumn<QString>("Evento");
-
-    QTest::newRow("release notes") << u"release"_s << u"pdf NovitaKR5.pdf 0"_s;
-    QTest::newRow("useful sites") << u"link"_s << u"pagina link.htm [Elenco siti web utili]"_s;
-    QTest::newRow("assistance") << u"assistenza"_s << u"pagina assistenza.htm [Assistenza tecnica]"_s;
-}
-
-void TestComandi::pagineProprie()
-{
-    QFETCH(QString, Comando);
-    QFETCH(QString, Evento);
-    const Registratore Box;
-    sessione::PercorsoProg = NuovaCartella();
-    ScriviFile(sessione::PercorsoProg + u"NovitaKR5.pdf"_s, "%PDF-");
-    EseguiComando(Comando, 0, {});
-    QCOMPARE(Eventi, QStringList{Evento});
 }
 
 void TestComandi::spegniChiudeQuelleAperte()

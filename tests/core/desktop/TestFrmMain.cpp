@@ -1,34 +1,15 @@
-#include "core/app/scena.h"
+// The frame of the notes: its bar, its menus, its title, its ground.
+#include "bancocornice.h"
 
-#include "core/aperture.h"
-#include "core/app/avvio.h"
-#include "core/posti.h"
-#include "platform/kit/aspetto.h"
-#include "platform/kit/campo.h"
-#include "platform/system/percorsi.h"
-
-#include <QLineEdit>
-#include <QMdiArea>
-#include <QMdiSubWindow>
-#include <QMenu>
-#include <QScreen>
-#include <QToolBar>
-#include <QToolButton>
-
-#include <memory>
-
-class TestFrmMain : public QObject
+class TestFrmMain : public QObject, private BancoCornice
 {
     Q_OBJECT
-
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
+    void init() { Prepara(); }
+    void cleanup() { Sgombra(); }
     void barra();
     void barraStaNellaLarghezzaSolita();
     void menuDeiPulsanti();
-    void massimaLaRiempieLaParcella();
     void bassaNonHaParoleSottoLeIcone();
     void ogniControlloHaUnNome();
     void ilPulsanteAgisceSullaParcellaAttiva_data();
@@ -39,80 +20,16 @@ private Q_SLOTS:
     void ilCampoApertoFermaIlComando();
     void diciottoProcedure();
     void bassoNascondeIPulsanti();
-    void misure_data();
-    void misure();
-    void misureSalvate();
-    void loSchermoPiccoloNonSiRicorda();
     void laFinestraAttivaDiventaIlBersaglio();
     void ilTitoloNominaLaParcella();
     void sfondo();
     void fondoSegueLaTavolozza();
-    void ridottaTornaInVista();
     void schedaDellaGuida();
-
-    void chiusuraChiedeAOgnunaEUnNoLaFerma();
-    void chiusuraPortaAllaScrivania();
-    void chiusuraSenzaParcelle();
-    void chiusuraDiUnaPratica();
-    void ultimaInModoBasso();
     void ilModelloDiUnaParcellaIntatta_data();
     void ilModelloDiUnaParcellaIntatta();
     void ilModelloSenzaParcelle();
-    void comandiSenzaLavoro();
-    void ctrlQ_data();
-    void ctrlQ();
-    void nuovaParcellaPrimaDelloScarico();
-
-private:
-    QToolBar* Barra_() { return Cornice->findChild<QToolBar*>(u"barParcelle"_s); }
-    void Clic(const QString& Chiave)
-    {
-        QTest::mouseClick(Cornice->findChild<QWidget*>(u"barParcelle_"_s + Chiave), Qt::LeftButton);
-    }
-    void RegistraChiusure(const QList<bool>& Risposte);
-
-    std::unique_ptr<Scena> S;
-    frmMain* Cornice = nullptr;
-    QList<bool> RisposteChiusura;
 };
 PROVA(TestFrmMain);
-
-void TestFrmMain::init()
-{
-    S = std::make_unique<Scena>();
-    S->Preparata();
-    Cornice = &Singola<frmMain>();
-    Aperture.ApriParcella = [this](const QString&, int Socio, const QString&) {
-        S->Annota(u"parcella %1"_s.arg(Socio));
-    };
-    Aperture.TrovaParcella = [this](int Selettore, const QString&, int, const QString&) {
-        S->Annota(u"trova %1"_s.arg(Selettore));
-        return QString();
-    };
-    Aperture.Proteggi = [this](int Indice) { S->Annota(u"proteggi %1"_s.arg(Indice)); };
-    Aperture.SalvaParcella = [this](int Indice, bool) { S->Annota(u"salva %1"_s.arg(Indice)); };
-    Aperture.Finestre[u"termini"_s] = [this] { S->Annota(u"termini"_s); };
-    Aperture.Finestre[u"about"_s] = [this] { S->Annota(u"informazioni"_s); };
-}
-
-void TestFrmMain::cleanup()
-{
-    S.reset();
-}
-
-/// Each close is answered in turn; a granted one frees the place and, if it is the last, goes its road.
-void TestFrmMain::RegistraChiusure(const QList<bool>& Risposte)
-{
-    RisposteChiusura = Risposte;
-    Aperture.ChiudiParcella = [this](int Indice) {
-        S->Annota(u"chiudi %1"_s.arg(Indice));
-        const bool Chiusa = RisposteChiusura.takeFirst();
-        InfoParcelle[size_t(Indice)].Libera = Chiusa;
-        if (!ParcellaAperta())
-            DopoUltimaParcella();
-        return Chiusa;
-    };
-}
 
 void TestFrmMain::barra()
 {
@@ -168,27 +85,6 @@ void TestFrmMain::bassaNonHaParoleSottoLeIcone()
     Cornice->resize(893, 706);
     Respiro();
     QVERIFY2(Barra_()->height() > Bassa, qPrintable(QString::number(Bassa)));
-}
-
-void TestFrmMain::massimaLaRiempieLaParcella()
-{
-    auto* Area = Cornice->findChild<QMdiArea*>(u"areaParcelle"_s);
-    QMdiSubWindow* Nota = Area->addSubWindow(new QWidget);
-    Cornice->show();
-    Nota->show();
-    Nota->resize(300, 200);
-    QVERIFY(!Nota->isMaximized());
-    Cornice->showMaximized();
-    Respiro();
-    QVERIFY(Nota->isMaximized());
-    QVERIFY2(Area->property(RiempionoLaCornice).toBool(), "it is nobody's choice of the note's own state");
-    // What the user makes small in a large frame stays so.
-    Nota->showNormal();
-    Cornice->showMinimized();
-    Cornice->showMaximized();
-    Respiro();
-    QVERIFY(!Nota->isMaximized());
-    delete Nota;
 }
 
 void TestFrmMain::ogniControlloHaUnNome()
@@ -323,56 +219,6 @@ void TestFrmMain::bassoNascondeIPulsanti()
         QVERIFY2(!Azione->isEnabled(), "its keys would do what the buttons may not");
 }
 
-void TestFrmMain::misure_data()
-{
-    QTest::addColumn<QString>("LarghezzaTwip");
-    QTest::addColumn<QString>("AltezzaTwip");
-    QTest::addColumn<QSize>("Attesa");
-
-    const QSize Schermo = QGuiApplication::primaryScreen()->availableSize();
-    QTest::newRow("stored") << u"9000"_s << u"6000"_s << QSize(600, 400);
-    QTest::newRow("larger than the screen") << u"900000"_s << u"6000"_s << QSize(Schermo.width(), 400);
-    QTest::newRow("no numbers") << u"largo"_s << u""_s << QSize(893, 707).boundedTo(Schermo);
-    QTest::newRow("not positive") << u"0"_s << u"-15"_s << QSize(893, 707).boundedTo(Schermo);
-}
-
-void TestFrmMain::misure()
-{
-    QFETCH(QString, LarghezzaTwip);
-    QFETCH(QString, AltezzaTwip);
-    Scena::Salva(u"MainWidth"_s, LarghezzaTwip);
-    Scena::Salva(u"MainHeight"_s, AltezzaTwip);
-    QVERIFY(Cornice->Area());
-    QTEST(Cornice->size(), "Attesa");
-    QVERIFY(Cornice->screen()->availableGeometry().contains(Cornice->geometry()));
-}
-
-void TestFrmMain::loSchermoPiccoloNonSiRicorda()
-{
-    Scena::Salva(u"MainWidth"_s, u"900000"_s);
-    Scena::Salva(u"MainHeight"_s, u"6000"_s);
-    QVERIFY(Cornice->Area());
-    Cornice->SalvaMisure();
-    QCOMPARE(Scena::Parametro(u"MainWidth"_s), u"900000"_s);
-    QCOMPARE(Scena::Parametro(u"MainHeight"_s), u"6000"_s);
-    Cornice->resize(Cornice->width(), 450);
-    Cornice->SalvaMisure();
-    QCOMPARE(Scena::Parametro(u"MainWidth"_s), u"900000"_s);
-    QCOMPARE(Scena::Parametro(u"MainHeight"_s), u"6750"_s);
-}
-
-void TestFrmMain::misureSalvate()
-{
-    QVERIFY(Cornice->Area());
-    Cornice->resize(620, 410);
-    Cornice->SalvaMisure();
-    QCOMPARE(Scena::Parametro(u"MainWidth"_s), u"9300"_s);
-    QCOMPARE(Scena::Parametro(u"MainHeight"_s), u"6150"_s);
-    Cornice->showMaximized();
-    Cornice->SalvaMisure();
-    QCOMPARE(Scena::Parametro(u"MainWidth"_s), u"9300"_s);
-}
-
 void TestFrmMain::laFinestraAttivaDiventaIlBersaglio()
 {
     QMdiArea* Area = Cornice->Area();
@@ -464,20 +310,6 @@ void TestFrmMain::fondoSegueLaTavolozza()
     QVERIFY2(Luce < 45, qPrintable(QString::number(Luce)));
 }
 
-void TestFrmMain::ridottaTornaInVista()
-{
-    QVERIFY(Cornice->Area());
-    Cornice->resize(600, 400);
-    Cornice->showMinimized();
-    QVERIFY(Cornice->Area());
-    QVERIFY(!Cornice->isMinimized());
-    QCOMPARE(Cornice->size(), QSize(600, 400));
-    Cornice->showMaximized();
-    Cornice->showMinimized();
-    QVERIFY(Cornice->Area());
-    QVERIFY2(Cornice->isMaximized(), "as it was before");
-}
-
 void TestFrmMain::schedaDellaGuida()
 {
     Cornice->ShowGuida(u"art5.htm"_s);
@@ -488,81 +320,6 @@ void TestFrmMain::schedaDellaGuida()
     Cornice->ShowGuida(u"art5.htm"_s);
     QCOMPARE(S->Eventi,
              QStringList{ProgrammaDiProva() + Barra(u"note"_s) + u"art5.htm|VDM - Guida giuridica"_s});
-}
-
-void TestFrmMain::chiusuraChiedeAOgnunaEUnNoLaFerma()
-{
-    const Registratore Box;
-    Scena::ApriPosti(4);
-    InfoParcelle[2].Libera = true;
-    QVERIFY(Cornice->Area());
-    RegistraChiusure({true, false});
-    Cornice->close();
-    Respiro();
-    QCOMPARE(S->Eventi, (QStringList{u"chiudi 1"_s, u"chiudi 3"_s}));
-    QVERIFY(Cornice->isVisible());
-    QVERIFY(!SeCaricato<frmStudio>);
-}
-
-void TestFrmMain::chiusuraPortaAllaScrivania()
-{
-    const Registratore Box;
-    Scena::ApriPosti(2);
-    QVERIFY(Cornice->Area());
-    Cornice->resize(600, 400);
-    Cornice->ImpostaTag(u"2"_s);
-    RegistraChiusure({true, true});
-    Cornice->close();
-    QVERIFY2(Cornice->isVisible(), "still closing its child");
-    QTRY_VERIFY(!Cornice->isVisible());
-    QVERIFY(SeCaricato<frmStudio>->isVisible());
-    QCOMPARE(Cornice->Tag(), QString());
-    QCOMPARE(S->Eventi, (QStringList{u"chiudi 1"_s, u"chiudi 2"_s}));
-    QCOMPARE(Scena::Parametro(u"MainWidth"_s), u"9000"_s);
-    QCOMPARE(Scena::Parametro(u"MainHeight"_s), u"6000"_s);
-}
-
-void TestFrmMain::chiusuraSenzaParcelle()
-{
-    const Registratore Box;
-    QVERIFY(Cornice->Area());
-    Cornice->close();
-    QTRY_VERIFY(!Cornice->isVisible());
-    QVERIFY(SeCaricato<frmStudio>->isVisible());
-}
-
-void TestFrmMain::chiusuraDiUnaPratica()
-{
-    const Registratore Box;
-    Scena::ApriPosti(2);
-    QVERIFY(Cornice->Area());
-    sessione::RichiestaPV2.ID = u"P1"_s;
-    RegistraChiusure({true, true});
-    Cornice->close();
-    QCOMPARE(S->Eventi, QStringList{u"chiudi 1"_s});
-}
-
-void TestFrmMain::ultimaInModoBasso()
-{
-    const Registratore Box;
-    sessione::ModoLow = true;
-    QVERIFY(Cornice->Area());
-    Cornice->resize(600, 400);
-    DopoUltimaParcella();
-    Respiro();
-    QCOMPARE(S->Eventi, QStringList{u"fine"_s});
-    QCOMPARE(Scena::Parametro(u"MainWidth"_s), u"9000"_s);
-    QVERIFY(!SeCaricato<frmStudio>);
-}
-
-void TestFrmMain::nuovaParcellaPrimaDelloScarico()
-{
-    const Registratore Box;
-    QVERIFY(Cornice->Area());
-    DopoUltimaParcella();
-    Scena::ApriPosti(1);
-    Respiro();
-    QVERIFY(Cornice->isVisible());
 }
 
 void TestFrmMain::ilModelloDiUnaParcellaIntatta_data()
@@ -610,52 +367,6 @@ void TestFrmMain::ilModelloSenzaParcelle()
     Cornice->ImpostaTag(u"1"_s);
     Cornice->findChild<QAction*>(u"menu_savemod"_s)->trigger();
     QCOMPARE(S->Eventi, QStringList());
-}
-
-void TestFrmMain::comandiSenzaLavoro()
-{
-    const Registratore Box;
-    Aperture.Finestre.erase(u"clienti"_s);
-    Aperture.Finestre.erase(u"about"_s);
-    sessione::PercorsoProg = NuovaCartella();  // no pages and no guide
-    QVERIFY(Cornice->Area());
-    const auto* Rubrica = Cornice->findChild<QToolButton*>(u"barParcelle_clienti"_s);
-    QVERIFY(!Rubrica->isEnabled());
-    QCOMPARE(Rubrica->toolTip(),
-             u"Rubrica clienti e controparti: non ancora disponibile in questa versione"_s);
-    for (const QString& Nome : {u"menu_about"_s, u"menu_assistenza"_s, u"comando_clienti"_s,
-                                u"comando_about"_s, u"comando_assistenza"_s})
-        QVERIFY2(!Cornice->findChild<QAction*>(Nome)->isEnabled(), qPrintable(Nome));
-    for (const QString& Nome : {u"menu_help"_s, u"menu_savemod"_s, u"comando_termini"_s, u"tastiUscita"_s})
-        QVERIFY2(Cornice->findChild<QAction*>(Nome)->isEnabled(), qPrintable(Nome));
-    // The window is there: its controls come alive with the next use of the frame.
-    Aperture.Finestre[u"clienti"_s] = [] {};
-    Cornice->hide();
-    QVERIFY(Cornice->Area());
-    QVERIFY(Rubrica->isEnabled());
-    QCOMPARE(Rubrica->toolTip(), u"Rubrica clienti e controparti"_s);
-}
-
-void TestFrmMain::ctrlQ_data()
-{
-    QTest::addColumn<QList<bool>>("Risposte");
-    QTest::addColumn<QStringList>("Eventi");
-
-    QTest::newRow("granted") << QList<bool>{true, true}
-                             << QStringList{u"chiudi 1"_s, u"chiudi 2"_s, u"fine"_s};
-    QTest::newRow("cancelled") << QList<bool>{true, false} << QStringList{u"chiudi 1"_s, u"chiudi 2"_s};
-}
-
-void TestFrmMain::ctrlQ()
-{
-    QFETCH(QList<bool>, Risposte);
-    const Registratore Box;
-    Scena::ApriPosti(2);
-    QVERIFY(Cornice->Area());
-    QVERIFY(MostraAttiva(*Cornice));
-    RegistraChiusure(Risposte);
-    QTest::keyClick(Cornice, Qt::Key_Q, Qt::ControlModifier);
-    QTEST(S->Eventi, "Eventi");
 }
 
 #include "TestFrmMain.moc"
