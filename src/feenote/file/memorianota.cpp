@@ -353,6 +353,16 @@ void ScriviDelTipo(const Parcella& Nota, MemoriaFile& Memoria)
     }
 }
 
+/// What a note keeps of its electronic invoice and of its state.
+QStringList NomiDiFattura()
+{
+    QStringList Nomi = VociDiStato();
+    for (const VoceMemoria& Voce : Voci)
+        if (Voce.Nome.startsWith(u"FatturaXml."))
+            Nomi += Voce.Nome.toString();
+    return Nomi;
+}
+
 }  // namespace
 
 void ScriviMemoria(const Database& File, const Parcella& Nota)
@@ -370,26 +380,34 @@ void ScriviMemoria(const Database& File, const Parcella& Nota)
     File.Annota(Memoria);
 }
 
-void AnnotaFattura(const Database& File, const Parcella& Nota)
+MemoriaFile AnnotaFattura(const Database& File, const Parcella& Nota)
 {
-    MemoriaFile Memoria = File.Annotazioni();
+    const QStringList Nomi = NomiDiFattura();
+    MemoriaFile Memoria;
     for (const VoceMemoria& Voce : Voci) {
-        if (!Voce.Nome.startsWith(u"FatturaXml."))
-            continue;
         const QString Nome = Voce.Nome.toString();
-        Memoria.remove(Nome);
+        if (!Nomi.contains(Nome))
+            continue;
         if (const QString Valore = Voce.Scrivi(Nota); !Valore.isEmpty())
             Memoria[Nome] = Valore;
     }
     ScriviStato(Nota, Memoria);
-    File.Annota(Memoria);
+    MemoriaFile Era = File.Annotazioni();
+    Era.removeIf([&Nomi](const auto& Voce) { return !Nomi.contains(Voce.key()); });
+    File.RitoccaAnnotazioni(Nomi, Memoria);
+    return Era;
+}
+
+void RimettiFattura(const Database& File, const MemoriaFile& Era)
+{
+    File.RitoccaAnnotazioni(NomiDiFattura(), Era);
 }
 
 void AnnotaStato(const Database& File, const Parcella& Nota)
 {
-    MemoriaFile Memoria = File.Annotazioni();
+    MemoriaFile Memoria;
     ScriviStato(Nota, Memoria);
-    File.Annota(Memoria);
+    File.RitoccaAnnotazioni(VociDiStato(), Memoria);
 }
 
 MemoriaFile LeggiMemoria(const Database& File)

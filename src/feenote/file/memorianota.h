@@ -20,11 +20,14 @@ void ScriviMemoria(const Database& File, const Parcella& Nota);
 
 /// Puts the note's choices for its electronic invoice, which file was written of it and the note's state into
 /// the file's memory, and leaves all else that it keeps, what a newer version keeps there included.
-/// @throws Errore as Database::Annota
-void AnnotaFattura(const Database& File, const Parcella& Nota);
+/// @return what it kept of these before, for RimettiFattura
+/// @throws Errore as Database::RitoccaAnnotazioni
+MemoriaFile AnnotaFattura(const Database& File, const Parcella& Nota);
+/// Takes AnnotaFattura back. @throws Errore as Database::RitoccaAnnotazioni
+void RimettiFattura(const Database& File, const MemoriaFile& Era);
 
 /// Puts the note's state alone into the file's memory, and leaves all else that it keeps.
-/// @throws Errore as Database::Annota
+/// @throws Errore as Database::RitoccaAnnotazioni
 void AnnotaStato(const Database& File, const Parcella& Nota);
 
 /// What a file keeps; empty for one from before this table, or of another origin.

@@ -292,8 +292,19 @@ void LeggiStato(Parcella& Nota, const MemoriaFile& Memoria)
     Nota.Stato = SoloBozza(Tenuto);
 }
 
+const QStringList& VociDiStato()
+{
+    static const QStringList Voci = [] {
+        QStringList Tutte{VocePrima, VoceEmessa, VoceConSocio, VoceSocio};
+        for (const QString& Nome : VociStatoLetto())
+            if (Nome.startsWith(VoceStato))
+                Tutte += Nome;
+        return Tutte;
+    }();
+    return Voci;
+}
+
 bool EVoceDiStato(const QString& Nome)
 {
-    return Nome == VocePrima || Nome == VoceEmessa || Nome == VoceConSocio || Nome == VoceSocio ||
-           (Nome.startsWith(VoceStato) && VociStatoLetto().contains(Nome));
+    return VociDiStato().contains(Nome);
 }

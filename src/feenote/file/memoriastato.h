@@ -48,5 +48,7 @@ struct StatoLetto
 void ScriviStato(const Parcella& Nota, MemoriaFile& Memoria);
 /// Gives a note its state; without an entry, or with a word of no state, it is Ignoto.
 void LeggiStato(Parcella& Nota, const MemoriaFile& Memoria);
+/// The names of all entries of the state.
+[[nodiscard]] const QStringList& VociDiStato();
 /// True for the name of an entry of the state.
 [[nodiscard]] bool EVoceDiStato(const QString& Nome);

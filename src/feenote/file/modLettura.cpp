@@ -102,6 +102,10 @@ void LeggiLinea(const RigaScorsa& Riga, TabellaRighe& Tabella, std::span<const C
     }
 }
 
+/// Bytes of text in the lines of a note, each table by itself: a hundred thousand full lines
+/// hold less. A file from outside may give every row as much text as its declaration has.
+constexpr qsizetype MassimoTestoLinee = qsizetype(64) << 20;
+
 /// Reads a table of lines in one go: one by one each row would ask for the file's lock.
 /// @param Troppe what is said of a table that holds more than a note has
 void LeggiLinee(const Database& File, QStringView Tabella, std::span<const ColonnaLinea> Colonne,
@@ -115,7 +119,14 @@ void LeggiLinee(const Database& File, QStringView Tabella, std::span<const Colon
     QStringList Nomi;
     for (const ColonnaLinea& Colonna : Colonne)
         Nomi.append(Colonna.Nome.toString());
-    (void)Righe.Scorri(Nomi, std::nullopt, MassimoRigheFile, Prendi);
+    qsizetype Byte = 0;
+    (void)Righe.Scorri(Nomi, std::nullopt, MassimoRigheFile, [&](const RigaScorsa& Riga) {
+        for (int i = 0; i < int(Nomi.size()); ++i)
+            Byte += Riga.Byte(i);
+        if (Byte > MassimoTestoLinee)
+            throw Errore(errori::Imprevisto, u"La parcella contiene troppi dati"_s);
+        Prendi(Riga);
+    });
 }
 
 void CaricaRighe(Parcella& Nota, const Database& File)

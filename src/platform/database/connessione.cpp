@@ -386,6 +386,12 @@ QByteArrayView Istruzione::Utf8(int Colonna) const
     return Inizio ? QByteArrayView(Inizio, sqlite3_column_bytes(Istr.get(), Colonna)) : QByteArrayView();
 }
 
+qsizetype Istruzione::Byte(int Colonna) const
+{
+    const int Forma = sqlite3_column_type(Istr.get(), Colonna);
+    return Forma == SQLITE_TEXT || Forma == SQLITE_BLOB ? sqlite3_column_bytes(Istr.get(), Colonna) : 0;
+}
+
 QVariant Istruzione::Grezzo(int Colonna) const
 {
     switch (sqlite3_column_type(Istr.get(), Colonna)) {

@@ -126,6 +126,8 @@ public:
     [[nodiscard]] bool ENullo(int Colonna) const;
     /// The text in UTF-8; the view is good until the next row.
     [[nodiscard]] QByteArrayView Utf8(int Colonna) const;
+    /// Bytes of a text, 0 for a number or Null.
+    [[nodiscard]] qsizetype Byte(int Colonna) const;
     /// The cell as it is stored, whatever its column is declared as.
     [[nodiscard]] QVariant Grezzo(int Colonna) const;
     /// The cell as a column of this type gives it (the rules stand at Recordset::Value).

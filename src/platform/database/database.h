@@ -12,6 +12,7 @@
 #include <QList>
 #include <QMap>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 
 #include <memory>
@@ -108,11 +109,15 @@ public:
     void ImpostaSpecie(int Numero) const;
 
     /// Values that the program keeps in the file beside its tables, by name; empty for a file without them.
-    /// They stand in the table `_Calcanova`, which no list of tables shows and no recordset opens.
-    /// @throws Errore as Execute
+    /// They stand in the table `_Calcanova`, which no list of tables shows and no recordset opens. A table of
+    /// that name that does not keep them as text is another program's, and counts as none.
+    /// @throws Errore as Execute, 3047 for more text than any of the program's files keeps
     [[nodiscard]] QMap<QString, QString> Annotazioni() const;
     /// Puts these in the place of whatever is kept. @throws Errore as Execute; all or nothing
     void Annota(const QMap<QString, QString>& Valori) const;
+    /// The same for the values of some names: those that `Valori` lacks go, whatever else is kept stays.
+    /// @throws Errore as Execute, 1000 where the table of that name is another program's; all or nothing
+    void RitoccaAnnotazioni(const QStringList& Nomi, const QMap<QString, QString>& Valori) const;
 
     friend class Recordset;
     friend class Transazione;

@@ -21,6 +21,8 @@ public:
     [[nodiscard]] qint64 Chiave() const;
     /// The text as it is stored, in UTF-8; empty for Null.
     [[nodiscard]] QByteArrayView Utf8(int Colonna) const;
+    /// Bytes of a text as it is stored, 0 for anything else: nothing is copied.
+    [[nodiscard]] qsizetype Byte(int Colonna) const;
     [[nodiscard]] QVariant Valore(int Colonna) const;
 
 private:

@@ -16,6 +16,11 @@ QByteArrayView RigaScorsa::Utf8(int Colonna) const
     return Righe.Utf8(Colonna + 1);
 }
 
+qsizetype RigaScorsa::Byte(int Colonna) const
+{
+    return Righe.Byte(Colonna + 1);
+}
+
 QVariant RigaScorsa::Valore(int Colonna) const
 {
     return Righe.Valore(Colonna + 1, Colonne[Colonna].Type);

@@ -28,6 +28,10 @@ private Q_SLOTS:
     void interrottoInSolaLettura();
     void privatoDalPrimoByte();
     void unaCellaHaUnLimite();
+    void leAnnotazioniDiUnAltro_data();
+    void leAnnotazioniDiUnAltro();
+    void troppeAnnotazioni();
+    void siRitoccaIlProprio();
 
 private:
     /// Its one row.
@@ -210,6 +214,81 @@ void TestDatabaseOstile::unaCellaHaUnLimite()
     QCOMPARE(Righe.Value(u"b"_s).toString().size(), 2000000);
     Righe.MoveNext();
     QCOMPARE(NumeroErrore([&] { (void)Righe.Value(u"b"_s); }), 3047);
+}
+
+void TestDatabaseOstile::leAnnotazioniDiUnAltro_data()
+{
+    QTest::addColumn<QString>("Colonne");
+    QTest::addColumn<QString>("Riga");
+    QTest::addColumn<bool>("SiLeggono");
+    QTest::addColumn<bool>("SiScrivono");
+    const QString Testi = u"Nome TEXT PRIMARY KEY, Valore TEXT"_s;
+    const QString Due = u"INSERT INTO \"_Calcanova\" VALUES ('a','b')"_s;
+    QTest::newRow("proprie") << Testi << Due << true << true;
+    QTest::newRow("con altro accanto")
+        << Testi + u", Quando TEXT"_s << u"INSERT INTO \"_Calcanova\" VALUES ('a','b','c')"_s << true
+        << false;
+    QTest::newRow("altri nomi") << u"Chiave TEXT, Dato TEXT"_s << Due << false << false;
+    // The engine would make sixteen millions of letters for each row.
+    QTest::newRow("calcolate") << u"Nome TEXT, Valore TEXT GENERATED ALWAYS AS (hex(zeroblob(8000000)))"_s
+                               << u"INSERT INTO \"_Calcanova\" VALUES ('a')"_s << false << false;
+    QTest::newRow("calcolate e tenute")
+        << u"Nome TEXT, Valore TEXT GENERATED ALWAYS AS (Nome || 'b') STORED"_s
+        << u"INSERT INTO \"_Calcanova\" VALUES ('a')"_s << false << false;
+}
+
+void TestDatabaseOstile::leAnnotazioniDiUnAltro()
+{
+    QFETCH(QString, Colonne);
+    QFETCH(QString, Riga);
+    QFETCH(bool, SiLeggono);
+    QFETCH(bool, SiScrivono);
+    const Database Db = OpenDatabase(File);
+    Db.Execute(u"CREATE TABLE \"_Calcanova\" (%1)"_s.arg(Colonne));
+    Db.Execute(Riga);
+    QCOMPARE(Db.Annotazioni().value(u"a"_s), SiLeggono ? u"b"_s : QString());
+    const auto Ritocca = [&] { Db.RitoccaAnnotazioni({u"a"_s}, {{u"a"_s, u"nuovo"_s}}); };
+    if (SiScrivono) {
+        Ritocca();
+        QCOMPARE(Db.Annotazioni().value(u"a"_s), u"nuovo"_s);
+        return;
+    }
+    const QByteArray Prima = LeggiFile(File);
+    QCOMPARE(NumeroErrore(Ritocca), 1000);
+    QCOMPARE(LeggiFile(File), Prima);
+}
+
+/// A column added with a value of its own gives it to every row that stands there: a small file holds much.
+void TestDatabaseOstile::troppeAnnotazioni()
+{
+    const Database Db = OpenDatabase(File);
+    Db.Execute(u"CREATE TABLE \"_Calcanova\" (Nome TEXT PRIMARY KEY)"_s);
+    Db.Execute(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<100) "
+               "INSERT INTO \"_Calcanova\" SELECT i FROM n"_s);
+    Db.Execute(
+        u"ALTER TABLE \"_Calcanova\" ADD COLUMN Valore TEXT DEFAULT '%1'"_s.arg(QString(900'000, u'x')));
+    QCOMPARE(NumeroErrore([&] { (void)Db.Annotazioni(); }), 3047);
+    Db.Execute(u"DELETE FROM \"_Calcanova\" WHERE Nome<>'7'"_s);
+    QCOMPARE(Db.Annotazioni().value(u"7"_s).size(), 900'000);
+}
+
+void TestDatabaseOstile::siRitoccaIlProprio()
+{
+    const Database Db = OpenDatabase(File);
+    const auto Quante = [&] {
+        return Db.OpenRecordset(u"SELECT count(*) AS n FROM \"_Calcanova\""_s).Value(u"n"_s).toInt();
+    };
+    Db.RitoccaAnnotazioni({u"a"_s, u"b"_s}, {{u"a"_s, u"1"_s}});
+    QCOMPARE(Db.Annotazioni(), (QMap<QString, QString>{{u"a"_s, u"1"_s}}));
+    // More of them than are ever read: what is not read stays.
+    Db.Execute(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<1503) "
+               "INSERT INTO \"_Calcanova\" SELECT 'x' || i, i FROM n"_s);
+    Db.RitoccaAnnotazioni({u"a"_s, u"b"_s}, {{u"b"_s, u"2"_s}});
+    QCOMPARE(Quante(), 1504);
+    QVERIFY(!Db.Annotazioni().contains(u"a"_s));
+    QCOMPARE(Db.Annotazioni().value(u"b"_s), u"2"_s);
+    const Database Lettura = OpenDatabase(File, true);
+    QCOMPARE(NumeroErrore([&] { Lettura.RitoccaAnnotazioni({u"b"_s}, {}); }), 3027);
 }
 
 #include "TestDatabaseOstile.moc"
