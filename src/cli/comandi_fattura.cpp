@@ -7,6 +7,7 @@
 #include "feenote/einvoice/controlli.h"
 #include "feenote/einvoice/scrittura.h"
 #include "feenote/file/memorianota.h"
+#include "feenote/file/modPosaFile.h"
 #include "feenote/modFatturaXml.h"
 #include "feenote/modParti.h"
 #include "platform/accesso/accesso.h"
@@ -20,6 +21,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <algorithm>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -78,20 +80,42 @@ public:
             ApplicaMemoria(Ora, LeggiMemoria(File));
         return Ora;
     }
-    void Annota(const Parcella& Scritta) const
+    /// Puts the mark of the file into the note before the file is there: whoever is killed in between has
+    /// written no invoice that its note does not know.
+    /// @throws Errore 3260 somebody keeps reading it
+    void Segna(const Parcella& Scritta)
     {
-        if (Turno)
-            AnnotaFattura(File, Scritta);
-    }
-    /// @return what to say of a note that could not keep it; empty: it has
-    [[nodiscard]] QString Conferma()
-    {
+        if (!Turno)
+            return;
         try {
-            if (Turno)
-                Turno->Conferma();
-        } catch (...) {
-            Perche = ErroreCorrente().Descrizione;
+            Era = AnnotaFattura(File, Scritta);
+            Turno->Conferma();
+            Segnata = Scritta.FatturaXml.File;
+        } catch (const Errore& Guasto) {
+            if (Guasto.Numero == errori::DatiBloccati)
+                throw;
+            Perche = Guasto.Descrizione;
         }
+        Turno.reset();
+    }
+    /// Takes the mark of a file back that was not written. @return false where it stays
+    [[nodiscard]] bool Ritira(const Parcella& Letta)
+    {
+        if (Segnata.isEmpty())
+            return true;
+        try {
+            Turno.emplace(File);
+            if (Adesso(Letta).FatturaXml.File == Segnata)
+                RimettiFattura(File, Era);
+            Turno->Conferma();
+            return true;
+        } catch (const Errore&) {
+            return false;
+        }
+    }
+    /// What to say of a note that could not keep it; empty: it has.
+    [[nodiscard]] QString NonRicorda() const
+    {
         return Perche.isEmpty() ? QString() : u"La parcella non ricorda il file scritto: %1."_s.arg(Perche);
     }
 
@@ -99,6 +123,7 @@ private:
     void Apri(const QString& Percorso)
     {
         try {
+            SeparaNomi(Percorso);
             File = OpenDatabase(Percorso);
             Turno.emplace(File);
         } catch (const Errore& Guasto) {
@@ -110,6 +135,8 @@ private:
 
     Database File;
     std::optional<Transazione> Turno;
+    MemoriaFile Era;  ///< what the note kept before the mark
+    QString Segnata;  ///< the file that it has been marked with
     QString Perche;
 };
 
@@ -125,6 +152,20 @@ Parcella NotaDaFatturare(const QString& Percorso, const NotaMultipla& Altra)
                 Nota.txtPathParcMult));
     RicomponiBlocco(Nota);
     return Nota;
+}
+
+/// What is said of a note whose invoice was written. One that was marked and never written, because the
+/// program was killed in between, can be written again where its user decides it.
+/// @param Cartelle where the file is looked for
+QString FraseGiaScritta(const Parcella& Scritta, const QStringList& Cartelle)
+{
+    const QString Nome = Scritta.FatturaXml.File;
+    const QString Frase =
+        u"La fattura è già stata scritta il %1 come %2"_s.arg(Scritta.FatturaXml.Quando, Nome);
+    if (std::ranges::any_of(Cartelle, [&](const QString& Cartella) { return EsisteFile(Cartella + Nome); }))
+        return Frase;
+    return Frase + u", che qui non si trova: se la scrittura è stata interrotta, la si ripete dalla finestra "
+                   u"della parcella"_s;
 }
 
 /// Sentences one after the other, on one line.
@@ -151,18 +192,25 @@ Risposta ComandoFattura(const QStringList& Valori, const NotaMultipla& Altra)
     NotaInTurno Turno(PercorsoNativo(Valori[0]), Nota);
     Parcella Scritta = Turno.Adesso(Nota);
     if (FatturaGiaScritta(Scritta))
-        throw Errore(NumeroFatturaRifiutata, u"La fattura è già stata scritta il %1 come %2"_s.arg(
-                                                 Scritta.FatturaXml.Quando, Scritta.FatturaXml.File));
+        throw Errore(
+            NumeroFatturaRifiutata,
+            FraseGiaScritta(Scritta, {CartellaFile(Uscita), CartellaFile(PercorsoNativo(Valori[0]))}));
     // Another program may have taken the number that was tried: nothing but the number differs then.
     FatturaElettronica Fattura = Prova.Fattura;
     Fattura.Progressivo = ProgressivoFile(PrendiTrasmissione());
     const QString Nome = NomeFileFattura(Fattura);
     SegnaFatturaScritta(Scritta, Nome, Fattura.Progressivo);
-    Turno.Annota(Scritta);
-    SalvaFattura(Uscita, Fattura, Oggi());
+    Turno.Segna(Scritta);
+    try {
+        SalvaFattura(Uscita, Fattura, Oggi());
+    } catch (const Errore& Guasto) {
+        if (Turno.Ritira(Nota))
+            throw;
+        throw Errore(Guasto.Numero, Guasto.Descrizione + u"; la parcella la dà per scritta"_s);
+    }
     QStringList Avvisi = Frasi(Prova.Avvisi);
-    if (const QString Guasto = Turno.Conferma(); !Guasto.isEmpty())
-        Avvisi += Guasto;
+    if (const QString Frase = Turno.NonRicorda(); !Frase.isEmpty())
+        Avvisi += Frase;
     if (NomeFile(Uscita) != Nome)
         Avvisi += u"Per trasmetterlo il file va chiamato %1."_s.arg(Nome);
     for (const QString& Avviso : Avvisi)

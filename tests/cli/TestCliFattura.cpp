@@ -9,6 +9,7 @@
 #include "feenote/modInterruttori.h"
 #include "feenote/modNuovaParcella.h"
 #include "platform/database/database.h"
+#include "platform/database/primariga.h"
 #include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/orologio.h"
@@ -141,6 +142,8 @@ private Q_SLOTS:
     void laParcellaRicordaIlFile();
     void conUnAltraParcella();
     void nientAltroDellaParcellaCambia();
+    void laParcellaLoSaPrima();
+    void ilFileNonScrittoNonSiRicorda();
     void chiNonPuoRicordare_data();
     void chiNonPuoRicordare();
 };
@@ -453,6 +456,45 @@ void TestCliFattura::nientAltroDellaParcellaCambia()
     QVERIFY(Prima.contains(u"Stato.Importi"_s));
     QCOMPARE(Studio.Fattura(File, Studio.Cartella + u"a.xml"_s).Stato, 0);
     QCOMPARE(Tutto(), Prima);
+}
+
+/// Whoever is killed between the two has a note that knows of a file rather than a file that no note knows.
+void TestCliFattura::laParcellaLoSaPrima()
+{
+    const Ufficio Studio;
+    const QString File = Studio.Nota();
+    const QString Uscita = Studio.Cartella + u"a.xml"_s;
+    bool Prima = false;
+    // The invoice asks for the day just before it is put on the disk.
+    InstallaOrologio([&] {
+        AnnotazioniChieste Chieste{{u"FatturaXml.File"_s}, {}};
+        (void)LeggiPrimaRiga(File, u"ParcellaParam"_s, {u"Oggetto"_s}, 255, &Chieste);
+        Prima = Prima || (!Chieste.Trovate.isEmpty() && !EsisteFile(Uscita));
+        return QDateTime(QDate(2026, 1, 20), QTime(10, 0));
+    });
+    QCOMPARE(Studio.Fattura(File, Uscita).Stato, 0);
+    QVERIFY(Prima);
+    // As it stands where the program was killed there.
+    QFile::remove(Uscita);
+    const Esito Dopo = Studio.Fattura(File, Uscita);
+    QCOMPARE(Dopo.Stato, 1);
+    QVERIFY2(Dopo.Guasti.contains(u"che qui non si trova"_s), qPrintable(Dopo.Guasti));
+    ScriviFile(Studio.Cartella + u"ITRSSMRA80A01H501U_00001.xml"_s, "x");
+    QVERIFY(!Studio.Fattura(File, Uscita).Guasti.contains(u"che qui non si trova"_s));
+}
+
+void TestCliFattura::ilFileNonScrittoNonSiRicorda()
+{
+    const Ufficio Studio;
+    const QString File = Studio.Nota();
+    const auto Memoria = [&] { return OpenDatabase(File, true).Annotazioni(); };
+    const QMap<QString, QString> Era = Memoria();
+    const Esito Mancata = Studio.Fattura(File, Studio.Cartella + u"manca/a.xml"_s);
+    QCOMPARE(Mancata.Stato, 1);
+    QVERIFY2(!Mancata.Guasti.contains(u"per scritta"_s), qPrintable(Mancata.Guasti));
+    QCOMPARE(Memoria(), Era);
+    QCOMPARE(Studio.Fattura(File, Studio.Cartella + u"a.xml"_s).Stato, 0);
+    QVERIFY(Memoria() != Era);
 }
 
 void TestCliFattura::chiNonPuoRicordare_data()

@@ -5,14 +5,17 @@
 #include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
 #include "platform/database/database.h"
+#include "platform/database/giornale.h"
 #include "platform/system/blocco.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/sincrono.h"
+#include "platform/system/stessofile.h"
 
 #include <QDateTime>
+#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 
@@ -113,7 +116,7 @@ private:
             Libero = Finale + u".access.%1"_s.arg(Numero);
         }
         try {
-            (void)CopiaFile(Finale, Copia, Massimo);
+            (void)CopiaFile(Finale, Copia, Massimo, {}, Lettori::SoloUtente);
             ScriviSulDisco(Copia);
             DaiPermessi(Copia, Finale, Chi);
             ImpostaDataFile(Copia, Quando);
@@ -194,6 +197,24 @@ void AggiornaProtetta(const QString& Percorso)
     Nuovo.MettiAlPosto(Lettori::Cartella);
 }
 
+void SeparaNomi(const QString& Percorso)
+{
+    constexpr qint64 Massimo = qint64(1) << 30;
+    const QString Destinazione = FileVero(Percorso);
+    if (!HaAltriNomi(QFile::encodeName(Destinazione)))
+        return;
+    const FileInCostruzione Nuovo(Destinazione);
+    {
+        // What was cut off is undone before it is copied.
+        const Database Intera = OpenDatabase(Destinazione);
+        const Transazione Sola(Intera);
+    }
+    const QDateTime Quando = DataFile(Destinazione);
+    CopiaFile(Destinazione, Nuovo.Percorso(), Massimo, {}, Lettori::SoloUtente);
+    ImpostaDataFile(Nuovo.Percorso(), Quando);
+    Nuovo.MettiAlPosto(Lettori::Cartella);
+}
+
 std::optional<TurnoLasciato> TurnoAbbandonato(const QString& Percorso)
 {
     FileBlocco Turno(FileTurno(FileVero(Percorso)));
@@ -243,4 +264,8 @@ void TogliRestiDiNote(const QString& Cartella)
         for (const QString& Resto : {u".tmp.tmp"_s, u".tmp-access.tmp"_s})
             ScartaFile(Qui + u".~.~"_s + Nota + Resto);
     }
+    // What is written in place has its journal beside it.
+    const QString Coda = u"-journal"_s;
+    for (const QString& Nome : NomiDeiFile(Qui, u".mdb"_s + Coda))
+        TogliGiornale(Qui + Nome.chopped(Coda.size()));
 }

@@ -32,6 +32,12 @@ void ScriviNota(const QString& Percorso, const Parcella& Nota, bool ComeModello 
 /// @throws Errore as ScriviNota and AggiornaColonne; 75 on a medium that refuses the attribute
 void AggiornaProtetta(const QString& Percorso);
 
+/// Gives a note that has further names on its disk (hard links, as many backups make them) a file of its own
+/// under this one, before something is written into it in place: the others keep what they hold. Date and
+/// permissions stay.
+/// @throws Errore as AggiornaProtetta
+void SeparaNomi(const QString& Percorso);
+
 /// What keeps saves of a name from their turn although nobody saves: the lock of another machine that is
 /// older than any save takes, or one that cannot be read.
 struct TurnoLasciato
@@ -48,5 +54,5 @@ struct TurnoLasciato
 [[nodiscard]] QString FraseTurno(const TurnoLasciato& Trovato);
 
 /// Removes what killed programs left beside the notes of a folder: half-built files, their journals and
-/// locks. It cannot fail.
+/// locks, and the journal of what was written in place. It cannot fail.
 void TogliRestiDiNote(const QString& Cartella);

@@ -148,6 +148,8 @@ EsitoStato ScriviSolo(const Parcella& Nota, const std::function<bool()>& Immutat
     if (DaModello(Nota) || SolaLettura(Nota.Percorso) || EDiAccess(Nota.Percorso))
         return EsitoStato::NonSiTiene;
     try {
+        if (Immutata())
+            SeparaNomi(Nota.Percorso);
         const Database File = OpenDatabase(Nota.Percorso);
         Transazione Turno(File);
         if (!Immutata())
@@ -240,7 +242,8 @@ EsitoStato ScriviSoloStato(const Parcella& Nota, const std::function<bool()>& Im
 
 EsitoStato ScriviSoloFattura(const Parcella& Nota, const std::function<bool()>& Immutata)
 {
-    return ScriviSolo(Nota, Immutata, AnnotaFattura);
+    return ScriviSolo(Nota, Immutata,
+                      [](const Database& File, const Parcella& Sua) { (void)AnnotaFattura(File, Sua); });
 }
 
 void DiSalvata(const QString& Percorso)

@@ -1,9 +1,9 @@
-// Files of the system's that are open, and the names that they bear.
+// Files of the system's, and the names that they bear.
 #pragma once
 
-#ifndef Q_OS_WIN
 #include <QByteArray>
 
+#ifndef Q_OS_WIN
 #include <sys/stat.h>
 
 /// Whether the file that is open still bears the name.
@@ -13,5 +13,18 @@
     struct stat Sotto = {};
     return ::fstat(Fd, &Aperto) == 0 && ::lstat(Nome.constData(), &Sotto) == 0 &&
            Aperto.st_dev == Sotto.st_dev && Aperto.st_ino == Sotto.st_ino;
+}
+
+/// Whether a file has further names on its disk, as many backups give it: what is written into it changes
+/// under all of them.
+[[nodiscard]] inline bool HaAltriNomi(const QByteArray& Nome)
+{
+    struct stat Suo = {};
+    return ::stat(Nome.constData(), &Suo) == 0 && S_ISREG(Suo.st_mode) && Suo.st_nlink > 1;
+}
+#else
+[[nodiscard]] inline bool HaAltriNomi(const QByteArray&)
+{
+    return false;
 }
 #endif

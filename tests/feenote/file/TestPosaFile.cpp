@@ -3,7 +3,9 @@
 #include "file_prova.h"
 
 #include "core/sessione.h"
+#include "feenote/file/improntanota.h"
 #include "feenote/file/modSalvataggio.h"
+#include "feenote/modStato.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "supporto/guasti.h"
@@ -57,6 +59,10 @@ private Q_SLOTS:
     void ilTurnoLasciatoSiDice();
     void ilTurnoLasciatoSiToglie_data();
     void ilTurnoLasciatoSiToglie();
+    void ilGiornaleLasciato_data();
+    void ilGiornaleLasciato();
+    void ilGiornaleDiChiScriveResta();
+    void loStatoNonCambiaLaCopia();
 
 private:
     /// A template from before a column came.
@@ -318,6 +324,83 @@ void TestPosaFile::ilTurnoLasciatoSiToglie()
     QCOMPARE(SalvaConDialogo(Nota, false).has_value(), Salvata);
     QCOMPARE(EsisteFile(File), Salvata);
     QCOMPARE(EsisteFile(Turno), !Salvata);
+}
+
+void TestPosaFile::ilGiornaleLasciato_data()
+{
+    QTest::addColumn<bool>("GiaNelFile");
+    QTest::newRow("nothing had reached the file") << false;
+    QTest::newRow("half of it had") << true;
+}
+
+/// A program that is killed while it writes a note in place leaves its journal.
+void TestPosaFile::ilGiornaleLasciato()
+{
+    QFETCH(bool, GiaNelFile);
+    const Studio Ufficio;
+    const Registratore Messaggi;
+    ScriviNota(File, NotaPiena());
+    const QString Oggetto = Parametro(File, u"Oggetto"_s).toString();
+    const QString Morta = Cartella + u"morta.mdb"_s;
+    const QString Giornale = u"-journal"_s;
+    {
+        const Database Nota = OpenDatabase(File);
+        if (GiaNelFile)
+            Nota.Execute(u"PRAGMA cache_size=1"_s);
+        const Transazione Aperta(Nota);
+        Nota.Execute(u"UPDATE ParcellaParam SET Oggetto='altro'"_s);
+        Nota.Execute(u"UPDATE ParcellaRighe SET Descr=printf('%.4000c', 'x')"_s);
+        QVERIFY(QFile::copy(File, Morta));
+        QVERIFY(QFile::copy(File + Giornale, Morta + Giornale));
+    }
+    const QByteArray Testa = LeggiFile(Morta + Giornale).left(1);
+    QCOMPARE(Testa != QByteArray(1, '\0'), GiaNelFile);  // a hot journal says what it is
+    // One that stands beside nothing may be somebody's who moves files about.
+    ScriviFile(Cartella + u"sola.mdb"_s + Giornale, "x");
+    TogliRestiDiNote(Cartella);
+    QVERIFY(!EsisteFile(Morta + Giornale));
+    QVERIFY(EsisteFile(Cartella + u"sola.mdb"_s + Giornale));
+    QCOMPARE(Parametro(Morta, u"Oggetto"_s).toString(), Oggetto);
+}
+
+void TestPosaFile::ilGiornaleDiChiScriveResta()
+{
+    const Studio Ufficio;
+    const Registratore Messaggi;
+    ScriviNota(File, NotaPiena());
+    const Database Nota = OpenDatabase(File);
+    Transazione Aperta(Nota);
+    Nota.Execute(u"UPDATE ParcellaParam SET Oggetto='altro'"_s);
+    QVERIFY(EsisteFile(File + u"-journal"_s));
+    TogliRestiDiNote(Cartella);
+    QVERIFY(EsisteFile(File + u"-journal"_s));
+    Aperta.Conferma();
+    QCOMPARE(Parametro(File, u"Oggetto"_s).toString(), u"altro"_s);
+}
+
+/// A backup of hard links holds what it held, although the state is written in place.
+void TestPosaFile::loStatoNonCambiaLaCopia()
+{
+    const Studio Ufficio;
+    const Registratore Messaggi;
+    ScriviNota(File, NotaPiena());
+    ImpostaModo(File, 0640);
+    Parcella Nota;
+    CaricaDati(Nota, File);
+    const QString Copia = Cartella + u"copia"_s;
+    std::filesystem::create_hard_link(File.toStdString(), Copia.toStdString());
+    const QByteArray Era = LeggiFile(Copia);
+    QVERIFY(NotaInviata(Nota, StampaPrenotula));
+    const ImprontaNota Aperta = ImprontaDi(File);
+    const auto Immutata = [&] { return ImprontaDi(File) == Aperta; };
+    QCOMPARE(ScriviSoloStato(Nota, Immutata), EsitoStato::Scritto);
+    QCOMPARE(LeggiFile(Copia), Era);
+    QVERIFY(LeggiFile(File) != Era);
+    QCOMPARE(Modo(File), 0640);
+    QCOMPARE(ContenutoDi(Cartella), (QStringList{u"copia"_s, u"nota.mdb"_s}));
+    Parcella Letta;
+    CaricaDati(Letta, File);
+    QCOMPARE(Letta.Stato.Stato, StatoNota::Inviata);
 }
 
 #include "TestPosaFile.moc"

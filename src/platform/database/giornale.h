@@ -1,0 +1,12 @@
+// What a write that was cut off leaves beside a database.
+#pragma once
+
+#include <QString>
+
+/// Takes the journal away that a killed program has left beside a database, and undoes first what stands half
+/// written in the file. The engine itself leaves a journal of which nothing had reached the file until the
+/// next write, which may never come.
+///
+/// Nothing happens while somebody writes, to a read-only file and to what is no database. Nobody is waited
+/// for; it belongs to no open Database, and may run in a thread of its own.
+void TogliGiornale(const QString& Percorso);
