@@ -310,9 +310,7 @@ void ImpostaDataFile(const QString& Percorso, const QDateTime& Quando)
 void CreaCartellaPrivata(const QString& Percorso)
 {
     CreaCartella(Percorso);
-    constexpr QFile::Permissions Suoi = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
-    if (!QFile::setPermissions(PercorsoNativo(Percorso), Suoi))
-        throw Errore(errori::Accesso);
+    DaiPermessi(Percorso, {}, Lettori::SoloUtente);
 }
 
 void SostituisciFile(const QString& Nuovo, const QString& Vecchio)

@@ -30,6 +30,10 @@ inline int AttesaCartellaMs = 2000;
 /// lifts it.
 inline int RinominaRifiutata = 0;
 
+/// The system's code with which it refuses to change the permissions of a file, as a share that keeps none; 0
+/// lifts it.
+inline int PermessiRifiutati = 0;
+
 /// Asked before the bytes of a finished file are waited for, with its path; false is a disk that fails.
 inline std::function<bool(const QString& File)> PrimaDelDisco;
 

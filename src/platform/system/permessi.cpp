@@ -9,9 +9,12 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 #ifndef Q_OS_WIN
+#include <cerrno>
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
@@ -36,6 +39,26 @@ mode_t ModoNuovo(const struct stat& Cartella)
     if (Cartella.st_mode & S_IWOTH)
         Modo |= 0006;
     return Modo;
+}
+
+/// As the system's call.
+int CambiaModo(const QByteArray& Nome, mode_t Modo)
+{
+    if (guasti::PermessiRifiutati != 0) {
+        errno = guasti::PermessiRifiutati;
+        return -1;
+    }
+    return ::chmod(Nome.constData(), Modo);
+}
+
+/// Whether the medium has its own say on the permissions of its files, as shares of other systems and network
+/// drives: there nobody can ask for others, and what is written is for whom the medium is.
+bool DecideIlSupporto(const QByteArray& Nome, int Codice)
+{
+    constexpr std::array NonNeSa{EOPNOTSUPP, ENOTSUP, ENOSYS, EINVAL};
+    struct stat Suo = {};
+    return std::ranges::find(NonNeSa, Codice) != NonNeSa.end() ||
+           (Codice == EPERM && ::stat(Nome.constData(), &Suo) == 0 && Suo.st_uid == ::geteuid());
 }
 
 }  // namespace
@@ -83,7 +106,7 @@ void DaiPermessi(const QString& File, const QString& Destinazione, Lettori Chi)
     struct stat Ora = {};
     if (::stat(Nome.constData(), &Ora) == 0 && S_ISDIR(Ora.st_mode))
         Modo |= (Modo & 0444) >> 2 | (Ora.st_mode & S_ISGID);
-    if (::chmod(Nome.constData(), Modo) != 0)
+    if (CambiaModo(Nome, Modo) != 0 && !DecideIlSupporto(Nome, errno))
         throw Errore(errori::Accesso);
 #endif
 }
@@ -104,7 +127,13 @@ bool DiQuestoUtente(const QString& Percorso)
 #ifdef Q_OS_WIN
     return QFileInfo::exists(PercorsoNativo(Percorso));
 #else
-    const QFileInfo Info(PercorsoNativo(Percorso));
-    return Info.exists() && Info.ownerId() == ::geteuid();
+    QString Nome = PercorsoNativo(Percorso);
+    if (Nome.size() > 1 && Nome.endsWith(u'/'))
+        Nome.chop(1);  // else a link is looked through
+    struct stat Suo = {};
+    struct stat Sotto = {};
+    const QByteArray Byte = QFile::encodeName(Nome);
+    return ::lstat(Byte.constData(), &Suo) == 0 && Suo.st_uid == ::geteuid() &&
+           ::stat(Byte.constData(), &Sotto) == 0 && Sotto.st_uid == ::geteuid();
 #endif
 }

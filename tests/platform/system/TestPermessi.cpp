@@ -3,9 +3,13 @@
 #include "supporto/prova.h"
 
 #include "platform/system/file.h"
+#include "platform/system/guasti.h"
 #include "platform/system/permessi.h"
 
 #include <QFileInfo>
+#include <QScopedValueRollback>
+
+#include <cerrno>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -40,6 +44,8 @@ private Q_SLOTS:
     void ilGruppoDellaCartella();
     void cartelle_data();
     void cartelle();
+    void ilSupportoDecide_data();
+    void ilSupportoDecide();
     void diChiE();
     void dietroUnCollegamento();
 
@@ -148,8 +154,40 @@ void TestPermessi::cartelle()
     QVERIFY2(Modo(Cartella + u"a"_s) == 0711, "one that is there is nobody's business");
 }
 
+void TestPermessi::ilSupportoDecide_data()
+{
+    QTest::addColumn<int>("Codice");
+    QTest::addColumn<int>("Numero");
+    QTest::newRow("knows nothing of it") << EOPNOTSUPP << 0;
+    QTest::newRow("has no such call") << ENOSYS << 0;
+    QTest::newRow("none that it keeps") << EINVAL << 0;
+    QTest::newRow("refuses its owner") << EPERM << 0;
+    QTest::newRow("may not be searched") << EACCES << 75;
+    QTest::newRow("is read-only") << EROFS << 75;
+}
+
+/// A share that has its own say on permissions is written to all the same.
+void TestPermessi::ilSupportoDecide()
+{
+    QFETCH(int, Codice);
+    const QString File = Cartella + u"f"_s;
+    const QScopedValueRollback Rifiuta(guasti::PermessiRifiutati, Codice);
+    QTEST(NumeroErrore([&] { ScriviFile(File, "x", Lettori::SoloUtente); }), "Numero");
+    QTEST(NumeroErrore([&] { (void)CreaFile(File + u"2"_s, "x", Lettori::Cartella); }), "Numero");
+    QTEST(NumeroErrore([&] { CreaCartellaPrivata(Cartella + u"d"_s); }), "Numero");
+    QCOMPARE(EsisteFile(File), Codice != EACCES && Codice != EROFS);
+}
+
 void TestPermessi::diChiE()
 {
+    // A link of this user's to what is his, and one that another has put there.
+    const QString Nome = Cartella + u"link"_s;
+    QVERIFY(QFile::link(Cartella.chopped(1), Nome));
+    QVERIFY(DiQuestoUtente(Nome) && DiQuestoUtente(Nome + u'/'));
+    if (::geteuid() == 0 && ::lchown(QFile::encodeName(Nome).constData(), 54321, gid_t(-1)) == 0) {
+        QVERIFY(!DiQuestoUtente(Nome));
+        QVERIFY(!DiQuestoUtente(Nome + u'/'));
+    }
     QVERIFY(DiQuestoUtente(Cartella));
     QVERIFY(!DiQuestoUtente(Cartella + u"nulla"_s));
     if (::geteuid() != 0)
