@@ -158,7 +158,8 @@ bool ImportaNominativi::Prepara(const Avanzamento& Prosegui)
     Taciuti = 0;
     RigheSenzaNome.clear();
     Contati = {};
-    Versione = Archivio.Versione();
+    Versione.reset();
+    const quint64 Letta = Archivio.Versione();
     if (!LeggiPresenti(Prosegui))
         return false;
     const int Tutte = int(Da.Righe.size());
@@ -170,6 +171,7 @@ bool ImportaNominativi::Prepara(const Avanzamento& Prosegui)
     }
     if (Taciuti > 0)
         Annotati.append(u"... e altri "_s + ::Numero(Taciuti) + u" avvisi"_s);
+    Versione = Letta;
     return true;
 }
 
@@ -267,7 +269,7 @@ bool ImportaNominativi::Completa(Presente& Vecchio, const RigaComposta& Riga)
 bool ImportaNominativi::Scrivi(const QString& Sorgente, const Avanzamento& Prosegui)
 {
     CopiaDiPrima Conservata(Archivio.Percorso());
-    if (Archivio.Versione() != Versione && !Prepara(Prosegui))
+    if (Versione != Archivio.Versione() && !Prepara(Prosegui))
         return false;
     if (Mosse.empty())
         return true;
@@ -275,7 +277,7 @@ bool ImportaNominativi::Scrivi(const QString& Sorgente, const Avanzamento& Prose
     {
         Transazione Tutto(Archivio);
         // The transaction's own beginning may count; what others have written in between does in any case.
-        if (const quint64 Ora = Archivio.Versione(); Ora != Versione && Ora != Versione + 1)
+        if (const quint64 Ora = Archivio.Versione(); Ora != *Versione && Ora != *Versione + 1)
             RifiutaFile(u"Nel frattempo un altro programma ha scritto nell'archivio: ripetere "
                         "l'importazione."_s);
         if (!ScriviMosse(Prosegui))

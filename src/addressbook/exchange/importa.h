@@ -107,7 +107,7 @@ private:
     int PostoCodFis;
     int PostoPIva;
 
-    quint64 Versione = 0;
+    std::optional<quint64> Versione;  ///< of the archive that was counted to the end
     std::vector<Presente> Presenti;
     QHash<QString, int> PerCodice;
     QMultiHash<QString, int> PerNome;

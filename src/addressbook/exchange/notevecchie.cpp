@@ -9,6 +9,8 @@
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -38,8 +40,15 @@ bool ENomeDiDatabase(const QString& Nome)
                 "contiene."_s.arg(Radice, Format(notevecchie::MassimoFile, u"#,##0")));
 }
 
-void Raccogli(const QString& Radice, const QString& Sotto, int Fondo, const std::function<bool()>& Ancora,
-              Trovate& Tutte)
+/// A folder without its links; empty where it is not there.
+QString CartellaVera(const QString& Cartella)
+{
+    return QFileInfo(Cartella).canonicalFilePath();
+}
+
+/// @param Copie where the copies go: what lies there is no note to be copied
+void Raccogli(const QString& Radice, const QString& Sotto, int Fondo, const QString& Copie,
+              const std::function<bool()>& Ancora, Trovate& Tutte)
 {
     if (!Ancora())
         throw Errore(0);  // the user has stopped it, and knows
@@ -54,6 +63,9 @@ void Raccogli(const QString& Radice, const QString& Sotto, int Fondo, const std:
             [&](VoceCartella&& Voce) {
                 if (Voce.Cartella && Voce.Collegamento)
                     Salta(Barra(Sotto + Voce.Nome), u"collegamento a un'altra cartella"_s);
+                else if (Voce.Cartella && !Copie.isEmpty() &&
+                         CartellaVera(Radice + Sotto + Voce.Nome) == Copie)
+                    Salta(Barra(Sotto + Voce.Nome), u"è quella delle copie"_s);
                 else if (Voce.Cartella)
                     Dentro.append(Barra(Sotto + Voce.Nome));
                 else if (ENomeDiDatabase(Voce.Nome))
@@ -77,7 +89,7 @@ void Raccogli(const QString& Radice, const QString& Sotto, int Fondo, const std:
     Dentro.sort();
     for (const QString& Cartella : std::as_const(Dentro)) {
         if (Fondo < notevecchie::MassimoFondo)
-            Raccogli(Radice, Cartella, Fondo + 1, Ancora, Tutte);
+            Raccogli(Radice, Cartella, Fondo + 1, Copie, Ancora, Tutte);
         else
             Salta(Cartella, u"oltre %1 cartelle una dentro l'altra"_s.arg(notevecchie::MassimoFondo));
     }
@@ -96,12 +108,13 @@ std::optional<QList<EsitoNota>> CopiaNote(const QString& Da, const QString& A,
 {
     const QString Origine = Barra(PercorsoIntero(Da));
     const QString Arrivo = Barra(PercorsoIntero(A));
-    if (PercorsoNativo(Origine) == PercorsoNativo(Arrivo))
+    const bool Stessa = !CartellaVera(Origine).isEmpty() && CartellaVera(Origine) == CartellaVera(Arrivo);
+    if (Stessa || PercorsoNativo(Origine) == PercorsoNativo(Arrivo))
         RifiutaFile(u"Le copie andrebbero nella cartella delle vecchie parcelle: sceglierne un'altra."_s);
     Trovate Sotto;
     try {
         Raccogli(
-            Origine, QString(), 0, [&] { return !Prosegui || Prosegui(0, 0); }, Sotto);
+            Origine, QString(), 0, CartellaVera(Arrivo), [&] { return !Prosegui || Prosegui(0, 0); }, Sotto);
     } catch (const Errore& Guasto) {
         if (Guasto.Numero != 0)
             throw;

@@ -326,7 +326,9 @@ void frmImporta::Importa()
             Scritta = Opera->Scrivi(File(), [this](int Fatte, int Tutte) { return Avanza(Fatte, Tutte); });
         });
         if (!Scritta) {
+            Opera.reset();  // what it was stopped in may be the count: it begins anew
             ui->lblProva->setText(u"L'importazione è stata interrotta: l'archivio è com'era."_s);
+            Abilita();
             return;
         }
         MostraResoconto(FraseImporta(Opera->Conto(), true), Opera->Resoconto(File(), true), true);

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void lArresto_data();
     void lArresto();
     void unAltroScriveNelFrattempo();
+    void ilContoFermatoSiRifa();
     void ilDiscoPieno();
     void lAnnulloDiPrimaRestaDopoUnArresto();
     void senzaViaDelRitornoNonSiImporta();
@@ -72,6 +73,23 @@ void TestImportaInterrotta::unAltroScriveNelFrattempo()
     QVERIFY(Opera.Scrivi(u"nomi.csv"_s));
     QCOMPARE(Opera.Conto(), (ContoImporta{.Righe = 4, .Aggiunti = 2, .GiaPresenti = 1, .SenzaNome = 1}));
     QCOMPARE(S->Righe({u"Nominativo"_s}), (QStringList{u"verdi anna"_s, u"Rossi Mario"_s, u"Alfa Srl"_s}));
+}
+
+/// A count that is stopped is no count: half of the file must not be brought in as all of it.
+void TestImportaInterrotta::ilContoFermatoSiRifa()
+{
+    std::vector<QStringList> Molte{{u"Nominativo"_s}};
+    for (int i = 0; i < 1200; ++i)
+        Molte.push_back({u"Nome %1"_s.arg(i)});
+    const TabellaEstranea Da = Tabella(Molte);
+    ImportaNominativi Opera = Nuovo(Da);
+    QVERIFY(Opera.Prepara());
+    S->Esegui(u"INSERT INTO clienti (Nominativo) VALUES ('Altro')"_s);
+    int Volte = 0;
+    QVERIFY(!Opera.Scrivi(u"nomi.csv"_s, [&](int, int) { return ++Volte < 3; }));
+    QVERIFY(Opera.Scrivi(u"nomi.csv"_s));
+    QCOMPARE(Opera.Conto().Aggiunti, 1200);
+    QCOMPARE(S->Righe({u"Nominativo"_s}).size(), 1201);
 }
 
 void TestImportaInterrotta::ilDiscoPieno()

@@ -43,6 +43,7 @@ private Q_SLOTS:
     void nonSiPrende();
     void loStopNonLasciaNulla();
     void leVecchieParcelle();
+    void leCopieDentroLOrigine();
     void leVecchieParcelleSiFermano();
     void leVecchieParcelleSulDiscoPieno();
     void leVecchieParcelleRifiutate();
@@ -352,6 +353,28 @@ void TestSorgente::leVecchieParcelle()
     Esiti = CopiaNote(S.Cartella, A);
     QCOMPARE(std::ranges::count_if(*Esiti, &EsitoNota::Copiata), 0);
     QCOMPARE(Esiti->first().Detto, u"c'è già, resta com'è"_s);
+}
+
+/// The copies may go into a folder of the old notes: they are no old notes themselves.
+void TestSorgente::leCopieDentroLOrigine()
+{
+    const Studio S;
+    QDir(S.Cartella).mkpath(u"Parcelle/Modelli"_s);
+    QVERIFY(QFile::copy(S.File, S.Cartella + u"Parcelle/Modelli/mia.mdb"_s));
+    for (int Volta = 0; Volta < 2; ++Volta) {
+        const auto Esiti = CopiaNote(S.Cartella, S.Cartella + u"Parcelle"_s);
+        QVERIFY(Esiti);
+        QCOMPARE(Conta(*Esiti).File, 1);
+        QCOMPARE(Conta(*Esiti).CartelleSaltate, 1);
+        QVERIFY(ResocontoNote(S.Cartella, S.Cartella, *Esiti)
+                    .contains(u"Parcelle/: cartella non guardata, è quella delle copie\n"));
+        QCOMPARE(ContenutoDi(S.Cartella + u"Parcelle/"_s), (QStringList{u"DatiStudio.mdb"_s, u"Modelli"_s}));
+    }
+    // By another name it is the same folder.
+    const QString Nome = NuovaCartella() + u"altra"_s;
+    QVERIFY(QFile::link(S.Cartella.chopped(1), Nome));
+    QCOMPARE(Frase([&] { (void)CopiaNote(S.Cartella, Nome); }),
+             u"Le copie andrebbero nella cartella delle vecchie parcelle: sceglierne un'altra."_s);
 }
 
 void TestSorgente::leVecchieParcelleSiFermano()
