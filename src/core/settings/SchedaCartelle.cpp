@@ -10,6 +10,7 @@
 #include "core/settings/frmSfoglia.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/system/aparte.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
@@ -69,14 +70,19 @@ bool ProgrammaNonScelto(QStringView Chiave, const QString& Testo)
            Impostazione(Chiave.toString()).isEmpty();
 }
 
-/// True for what is named and is not there.
+/// Asked for behind the last key: each would ask a disk for a folder of another name.
+constexpr int PausaMs = 300;
+
+/// True for what is named and is not there. What a disk does not answer for counts as there.
 bool Manca(Genere Cosa, const QString& Testo)
 {
     if (Testo.isEmpty())
         return false;
-    return Cosa == Genere::Cartella
-               ? !EsisteCartella(Testo)
-               : !EsisteFile(TrovaFile(Cosa == Genere::Archivio ? PercorsoArchivio(Testo) : Testo));
+    if (Cosa == Genere::Cartella)
+        return !EsisteCartellaEntro(Testo);
+    const QString File = Cosa == Genere::Archivio ? PercorsoArchivio(Testo) : Testo;
+    // A disk that has said no answers for names in other letters too.
+    return EsisteFileEntro(File) == false && !EsisteFile(TrovaFile(File));
 }
 
 }  // namespace
@@ -84,9 +90,17 @@ bool Manca(Genere Cosa, const QString& Testo)
 SchedaCartelle::SchedaCartelle(QWidget* Padre) : QWidget(Padre), ui(std::make_unique<Ui::SchedaCartelle>())
 {
     ui->setupUi(this);
+    Pausa.setSingleShot(true);
+    Pausa.setInterval(PausaMs);
+    Collega<QTimer>(&Pausa, &QTimer::timeout, this, [this] { SegnaMancanti(); });
     for (int i = 0; i < int(Percorsi.size()); ++i) {
-        Collega<QLineEdit>(ui.get()->*Percorsi[size_t(i)].Campo, &QLineEdit::textChanged, this,
-                           [this] { SegnaMancanti(); });
+        QLineEdit* const Campo = ui.get()->*Percorsi[size_t(i)].Campo;
+        Collega<QLineEdit>(Campo, &QLineEdit::textEdited, this, [this] { Pausa.start(); });
+        Collega<QLineEdit>(Campo, &QLineEdit::textChanged, this, [this, i] {
+            Cambiate.insert(i);
+            if (!Pausa.isActive())
+                SegnaMancanti();
+        });
         Collega<QAbstractButton>(findChild<QAbstractButton*>(u"cmdSelDir_%1"_s.arg(i)),
                                  &QAbstractButton::clicked, this, [this, i] { cmdSelDir_Click(i); });
         if (const auto* Crea = findChild<QAbstractButton*>(u"cmdCrea_%1"_s.arg(i)))
@@ -109,8 +123,12 @@ SchedaCartelle::~SchedaCartelle() = default;
 
 void SchedaCartelle::Carica()
 {
-    for (const Percorso& Voce : Percorsi)
+    Pausa.start();  // all of them are asked for together, below
+    for (int i = 0; i < int(Percorsi.size()); ++i) {
+        const Percorso& Voce = Percorsi[size_t(i)];
         (ui.get()->*Voce.Campo)->setText(Mostrato(Voce.Chiave));
+        Cambiate.insert(i);
+    }
     ArchivioLetto = ui->txtArchivioCliCon->text();
     ui->chkCercaAgg->setChecked(ValoreConservato(chiavi::CercaAgg) == u"S");
     ui->cmdImporta->setVisible(Aperture.Ha(u"importa"));
@@ -141,7 +159,9 @@ void SchedaCartelle::SegueArchivio()
 
 void SchedaCartelle::SegnaMancanti()
 {
-    for (int i = 0; i < int(Percorsi.size()); ++i) {
+    Pausa.stop();
+    const QSet<int> Adesso = std::exchange(Cambiate, {});
+    for (const int i : Adesso) {
         const Percorso& Voce = Percorsi[size_t(i)];
         const bool Assente = Manca(Voce.Cosa, (ui.get()->*Voce.Campo)->text().trimmed());
         findChild<QLabel*>(u"lblManca_%1"_s.arg(i))->setVisible(Assente);
@@ -178,6 +198,7 @@ void SchedaCartelle::cmdCrea_Click(int Quale)
     const QString Cartella = (ui.get()->*Percorsi.at(size_t(Quale)).Campo)->text().trimmed();
     // Without "Modelli" the templates would go beside the program.
     Protetta([&] { CreaCartellaDiUtente(Quale == Parcelle ? Barra(Cartella) + u"Modelli"_s : Cartella); });
+    Cambiate.insert(Quale);
     SegnaMancanti();
     (ui.get()->*Percorsi.at(size_t(Quale)).Campo)->setFocus();
 }

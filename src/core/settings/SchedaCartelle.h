@@ -3,6 +3,8 @@
 
 #include "core/settings/valorischeda.h"
 
+#include <QSet>
+#include <QTimer>
 #include <QWidget>
 
 #include <memory>
@@ -34,8 +36,11 @@ public:
 
 private:
     void cmdCrea_Click(int Quale);
+    /// Says of the boxes whose text has changed whether what they name is there.
     void SegnaMancanti();
 
+    QSet<int> Cambiate;     ///< boxes that were not looked after yet
+    QTimer Pausa;           ///< runs while somebody types
     QString ArchivioLetto;  ///< as its box was filled
     std::unique_ptr<Ui::SchedaCartelle> ui;
 };

@@ -2,11 +2,15 @@
 
 #include "core/settings/frmSfoglia.h"
 #include "platform/base/errore.h"
+#include "supporto/cartellaferma.h"
 
 #include <QCheckBox>
+#include <QElapsedTimer>
+#include <QScopedValueRollback>
 #include <QTimer>
 
 #include <memory>
+#include <mutex>
 
 class TestSetupCartelle : public QObject
 {
@@ -26,6 +30,8 @@ private Q_SLOTS:
     void aggiornamenti();
     void senzaServer();
     void cartellaMancante();
+    void cartellaCheNonRisponde();
+    void siChiedeDietroLUltimoTasto();
     void creaParcelle();
     void creaNonRiesce();
     void scegliCartella_data();
@@ -170,7 +176,7 @@ void TestSetupCartelle::cartellaMancante()
     T->Apri(2);
     QVERIFY(!Avviso(3)->isVisible());
     T->Scrivi(u"txtCartellaUtente"_s, Nuova);
-    QVERIFY(Avviso(3)->isVisible());
+    QTRY_VERIFY(Avviso(3)->isVisible());
     QCOMPARE(Avviso(3)->text(), u"Questa cartella non esiste"_s);
     T->Premi(u"cmdCrea_3"_s);
     QVERIFY(EsisteCartella(Nuova));
@@ -178,8 +184,41 @@ void TestSetupCartelle::cartellaMancante()
     QVERIFY(!T->Trova<QWidget>(u"cmdCrea_3"_s)->isVisible());
     // An archive that is not there is marked; nothing makes one.
     T->Scrivi(u"txtArchivioCliCon"_s, Nuova);
-    QVERIFY(Avviso(1)->isVisible());
+    QTRY_VERIFY(Avviso(1)->isVisible());
     QVERIFY(!T->Trova<QWidget>(u"cmdCrea_1"_s));
+}
+
+/// The box in which a folder that hangs is changed must not hang with it.
+void TestSetupCartelle::cartellaCheNonRisponde()
+{
+    const Registratore Box;
+    const QString Ferma = NuovaCartella();
+    T->Salva(u"ParcellePath"_s, Ferma);
+    const QScopedValueRollback Attesa(guasti::AttesaCartellaMs, 200);
+    const CartellaFerma Rete(Ferma);
+    QElapsedTimer Orologio;
+    Orologio.start();
+    T->Apri(2);
+    QVERIFY2(Orologio.elapsed() < 2000, qPrintable(QString::number(Orologio.elapsed())));
+    QVERIFY(!Avviso(2)->isVisible());
+}
+
+void TestSetupCartelle::siChiedeDietroLUltimoTasto()
+{
+    const Registratore Box;
+    T->Apri(2);
+    std::mutex Turno;
+    QStringList Chieste;
+    guasti::PrimaDiScorrere = [&](const QString& Cartella) {
+        const std::lock_guard Mio(Turno);
+        Chieste.append(Cartella);
+    };
+    T->Scrivi(u"txtCartellaUtente"_s, u"/manca/davvero"_s);
+    QCOMPARE(Chieste, QStringList());
+    QTRY_VERIFY(Avviso(3)->isVisible());
+    AttendiLavoriAParte(10000);
+    guasti::PrimaDiScorrere = {};
+    QCOMPARE(Chieste, QStringList(u"/manca/davvero"_s));
 }
 
 void TestSetupCartelle::creaParcelle()
@@ -188,6 +227,7 @@ void TestSetupCartelle::creaParcelle()
     const QString Note = T->Utente + u"mie/parcelle"_s;
     T->Apri(2);
     T->Scrivi(u"txtParcellePath"_s, Note);
+    QTRY_VERIFY(Avviso(2)->isVisible());
     T->Premi(u"cmdCrea_2"_s);
     QVERIFY(EsisteCartella(Note + u"/Modelli"_s));
 }
@@ -198,6 +238,7 @@ void TestSetupCartelle::creaNonRiesce()
     T->Apri(2);
     ScriviFile(T->Utente + u"file"_s, "x");
     T->Scrivi(u"txtCartellaUtente"_s, T->Utente + u"file/sotto"_s);
+    QTRY_VERIFY(Avviso(3)->isVisible());
     Box.Attendi(u"Errore: "_s + DescrizioneErrore(errori::Accesso) + u" (75)"_s, vbOK, u"Errore:"_s);
     T->Premi(u"cmdCrea_3"_s);
     QVERIFY(Avviso(3)->isVisible());
