@@ -2,6 +2,7 @@
 
 #include "feenote/finder/memoriatrova.h"
 #include "platform/base/errore.h"
+#include "platform/system/aparte.h"
 
 #include <atomic>
 #include <chrono>
@@ -11,7 +12,7 @@
 
 namespace {
 
-/// How long the end of a window waits for its thread: what reads a disk stops at the next file.
+/// How long the end of a window waits for its walk: what reads a disk stops at the next file.
 constexpr std::chrono::milliseconds Pazienza{200};
 
 }  // namespace
@@ -64,20 +65,39 @@ struct RicercaNote::Stato
     }
 };
 
+/// A walk that has no thread, on a machine without room for one, ends all the same.
+struct RicercaNote::Congedo
+{
+    explicit Congedo(std::shared_ptr<Stato> Di) : Comune(std::move(Di)) {}
+    ~Congedo()
+    {
+        const std::lock_guard Mio(Comune->Turno);
+        if (Comune->Finita)
+            return;
+        Comune->Guasto = Errore(errori::Memoria);
+        Comune->Finita = true;
+        Comune->Detto.notify_all();
+    }
+    Congedo(const Congedo&) = delete;
+    Congedo& operator=(const Congedo&) = delete;
+
+private:
+    std::shared_ptr<Stato> Comune;
+};
+
 RicercaNote::RicercaNote(const CriterioTrova& Criterio) : Comune(std::make_shared<Stato>())
 {
     Comune->Conto.Cartelle = 1;
-    Filo = std::thread(
-        [Insieme = Comune, Criterio, Memoria = MemoriaDelTrova()] { Insieme->Percorri(Criterio, Memoria); });
+    // It counts among the work that the end of the program waits for: what it reads stands until then.
+    FaiAParte([Insieme = Comune, Criterio, Memoria = MemoriaDelTrova(),
+               Fine = std::make_shared<Congedo>(Comune)] { Insieme->Percorri(Criterio, Memoria); });
 }
 
 RicercaNote::~RicercaNote()
 {
     Ferma();
     std::unique_lock Mio(Comune->Turno);
-    const bool Ferma = Comune->Detto.wait_for(Mio, Pazienza, [this] { return Comune->Finita; });
-    Mio.unlock();
-    Ferma ? Filo.join() : Filo.detach();
+    (void)Comune->Detto.wait_for(Mio, Pazienza, [this] { return Comune->Finita; });
 }
 
 std::vector<VoceTrova> RicercaNote::Prendi()

@@ -7,7 +7,6 @@
 
 #include <memory>
 #include <optional>
-#include <thread>
 #include <vector>
 
 /// Begins with the object. Rows are handed over when they are asked for; only what a key means is left to
@@ -34,6 +33,6 @@ public:
 
 private:
     struct Stato;
+    struct Congedo;
     std::shared_ptr<Stato> Comune;
-    std::thread Filo;
 };

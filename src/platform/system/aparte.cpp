@@ -69,10 +69,14 @@ void FaiAParte(std::function<void()> Lavoro)
     InCorso& Tutti = InCorso::Tutti();
     Tutti.Conta(1);
     try {
-        std::thread([&Tutti, Fai = std::move(Lavoro)] {
-            try {
-                Fai();
-            } catch (...) {
+        std::thread([&Tutti, Fai = std::move(Lavoro)]() mutable {
+            {
+                // The work is under way until what it holds is let go.
+                const auto Suo = std::move(Fai);
+                try {
+                    Suo();
+                } catch (...) {
+                }
             }
             Tutti.Conta(-1);
         }).detach();

@@ -631,6 +631,7 @@ void TestTrova::laCartellaCheNonRisponde()
             QCOMPARE(Voce.Genere, GenereVoce::Torna);
     }
     QVERIFY2(Rete.Attesa(), "its end has waited for nobody");
+    QVERIFY2(!AttendiLavoriAParte(0), "the end of the program knows of it");
 }
 
 #include "TestTrova.moc"

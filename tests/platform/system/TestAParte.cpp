@@ -8,10 +8,13 @@
 #include <QFile>
 #include <QScopedValueRollback>
 
+#include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <thread>
+#include <utility>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -23,6 +26,7 @@ class TestAParte : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void siAspetta();
+    void anchePerCioCheTiene();
     void siFinisceSenzaSmontare_data();
     void siFinisceSenzaSmontare();
     void unFileEntroIlTempo();
@@ -38,6 +42,20 @@ void TestAParte::siAspetta()
     });
     AttendiOFinisci(10000, 1);
     QVERIFY(Fatto);
+}
+
+/// What the work holds may reach for what is taken down at the end.
+void TestAParte::anchePerCioCheTiene()
+{
+    static std::atomic<bool> Lasciato;
+    Lasciato = false;
+    auto Lento = std::shared_ptr<void>(nullptr, [](void*) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        Lasciato = true;
+    });
+    FaiAParte([Suo = std::move(Lento)] {});
+    QVERIFY(AttendiLavoriAParte(10000));
+    QVERIFY(Lasciato);
 }
 
 void TestAParte::siFinisceSenzaSmontare_data()
