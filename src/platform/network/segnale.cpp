@@ -1,6 +1,7 @@
 #include "platform/network/segnale.h"
 
 #include "platform/base/paginacodice.h"
+#include "platform/network/presautente.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/permessi.h"
 #include "platform/system/shell.h"
@@ -16,7 +17,6 @@
 #include <QLocalSocket>
 
 #include <pwd.h>
-#include <sys/socket.h>
 #include <unistd.h>
 #endif
 
@@ -43,21 +43,6 @@ void Manda(const QString& Titolo, QByteArray Byte)
 }
 
 #else
-
-/// Whether whoever listens is a program of this user: the folder keeps others out, and the system knows
-/// better still.
-bool AscoltaQuestoUtente(const QLocalSocket& Presa)
-{
-#ifdef SO_PEERCRED
-    ucred Chi = {};
-    socklen_t Lunga = sizeof Chi;
-    return ::getsockopt(int(Presa.socketDescriptor()), SOL_SOCKET, SO_PEERCRED, &Chi, &Lunga) == 0 &&
-           Chi.uid == ::geteuid();
-#else
-    Q_UNUSED(Presa)
-    return true;
-#endif
-}
 
 /// The folder of this user's session, made where it is missing; empty where there is none that is his alone.
 QString CartellaSessione()
@@ -86,7 +71,8 @@ void Manda(const QString& Titolo, const QByteArray& Byte)
         return;
     QLocalSocket Presa;
     Presa.connectToServer(Nome, QIODevice::WriteOnly);
-    if (!Presa.waitForConnected(AttesaMs) || !AscoltaQuestoUtente(Presa))
+    // The folder keeps others out, and the system knows better still.
+    if (!Presa.waitForConnected(AttesaMs) || !PresaDiQuestoUtente(Presa))
         return;
     Presa.write(Byte);
     Presa.waitForBytesWritten(AttesaMs);

@@ -1,5 +1,6 @@
 #include "platform/network/staffetta.h"
 
+#include "platform/network/presautente.h"
 #include "platform/network/segnale.h"
 #include "platform/system/blocco.h"
 
@@ -13,11 +14,6 @@
 
 #include <optional>
 #include <utility>
-
-#ifndef Q_OS_WIN
-#include <sys/socket.h>
-#include <unistd.h>
-#endif
 
 using namespace Qt::StringLiterals;
 
@@ -35,24 +31,6 @@ constexpr auto Offerto = "Offerto";
 constexpr char FineOfferta = '\0';
 constexpr char Accettata = 'A';
 constexpr char Confermata = 'C';
-
-/// True when the program at the other end is this user's.
-bool StessoUtente(const QLocalSocket& Presa)
-{
-#ifdef Q_OS_LINUX
-    ucred Chi{};
-    socklen_t Misura = sizeof Chi;
-    return getsockopt(int(Presa.socketDescriptor()), SOL_SOCKET, SO_PEERCRED, &Chi, &Misura) == 0 &&
-           Chi.uid == geteuid();
-#elif defined(Q_OS_UNIX)
-    uid_t Utente = 0;
-    gid_t Gruppo = 0;
-    return getpeereid(int(Presa.socketDescriptor()), &Utente, &Gruppo) == 0 && Utente == geteuid();
-#else
-    Q_UNUSED(Presa);
-    return false;  // here a start with a file opens it by itself
-#endif
-}
 
 bool Scrivi(QLocalSocket& Presa, const QByteArray& Byte)
 {
@@ -79,7 +57,7 @@ bool PassaFile(const QString& Impostazioni, const QString& Percorso)
         return false;
     QLocalSocket Presa;
     Presa.connectToServer(Nome);
-    if (!Presa.waitForConnected(AttesaPresaMs) || !StessoUtente(Presa) || !Scrivi(Presa, Offerta))
+    if (!Presa.waitForConnected(AttesaPresaMs) || !PresaDiQuestoUtente(Presa) || !Scrivi(Presa, Offerta))
         return false;
     if (!Presa.waitForReadyRead(AttesaRispostaMs) || Presa.read(1) != QByteArray(1, Accettata))
         return false;
@@ -188,7 +166,7 @@ void Staffetta::Accogli()
 {
     while (QLocalSocket* Presa = Servitore->nextPendingConnection()) {
         connect(Presa, &QLocalSocket::disconnected, Presa, &QObject::deleteLater);
-        if (!StessoUtente(*Presa)) {
+        if (!PresaDiQuestoUtente(*Presa)) {
             Presa->abort();
             continue;
         }
