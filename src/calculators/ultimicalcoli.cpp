@@ -214,7 +214,8 @@ QList<CalcoloRicordato> UltimiCalcoli(Calcolatrice Quale)
 void RicordaCalcolo(Calcolatrice Quale, const CalcoloRicordato& Calcolo,
                     const QMap<QString, QString>& Sostituisce)
 {
-    if (!sessione::RicordaCalcoli)
+    // Another session may have switched it off meanwhile.
+    if (!sessione::RicordaCalcoli || ValoreConservato(chiavi::RicordaCalcoli) == u"N")
         return;
     CalcoloRicordato Nuovo = Sistemato(Calcolo);
     if (!Intero(Nuovo))

@@ -5,6 +5,7 @@
 
 #include "calculators/ultimicalcoli.h"
 #include "core/impostazioni.h"
+#include "core/parametri.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
 #include "platform/system/cartelle.h"
@@ -67,6 +68,7 @@ private Q_SLOTS:
     void rinominaDiChiNonCe();
     void unaRigaSola();
     void spento();
+    void spentoDaUnAltraSessione();
     void delSoloUtente();
     void guasti_data();
     void guasti();
@@ -225,6 +227,19 @@ void TestUltimiCalcoli::unaRigaSola()
     QVERIFY(Letto.Nome.endsWith(u"x…"));
     QCOMPARE(Letto.Esito.size(), 120);
     QCOMPARE(Letto.Campi.value(u"lungo"_s).size(), 300);
+}
+
+/// A session that began before holds to it too.
+void TestUltimiCalcoli::spentoDaUnAltraSessione()
+{
+    RicordaCalcolo(Termini, Fatto(u"a"_s));
+    SalvaImpostazione(chiavi::RicordaCalcoli.toString(), u"N"_s);
+    QVERIFY(sessione::RicordaCalcoli);
+    RicordaCalcolo(Termini, Fatto(u"b"_s));
+    QCOMPARE(Nomi(Termini), QStringList{u"a"_s});
+    SalvaImpostazione(chiavi::RicordaCalcoli.toString(), u"S"_s);
+    RicordaCalcolo(Termini, Fatto(u"b"_s));
+    QCOMPARE(Nomi(Termini).size(), 2);
 }
 
 void TestUltimiCalcoli::spento()
