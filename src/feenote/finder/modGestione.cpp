@@ -37,9 +37,13 @@ bool Concesso(const QString& File)
     return ControllaPsw(File);
 }
 
-/// A template may go only without its attribute.
+/// A template may go only without its attribute. Of a link the note that it leads to stays as it is.
 void TogliFile(const QString& File)
 {
+    if (QFileInfo(File).isSymLink()) {
+        EliminaFile(File);
+        return;
+    }
     const AttributoSospeso Attributo(File, [](const Errore& Guasto) { GestioneErrori(Guasto); });
     EliminaFile(File);
 }
@@ -83,12 +87,14 @@ QString PercorsoNuovo(const QString& File, const QString& Digitato)
 bool CancellaNota(const QString& Percorso, const std::function<void()>& Tolta)
 {
     const QString File = PercorsoNativo(Percorso);
-    if (!Concesso(File) ||
-        !Consenso(u"Confermi la cancellazione della parcella: '"_s + NomeMostrato(File) + u"'?"_s))
+    const bool Collegamento = QFileInfo(File).isSymLink();
+    const QString Cosa = Collegamento ? u"del collegamento alla parcella: '"_s : u"della parcella: '"_s;
+    if (!Concesso(File) || !Consenso(u"Confermi la cancellazione "_s + Cosa + NomeMostrato(File) + u"'?"_s))
         return false;
     TogliFile(File);
     Tolta();
-    Informa(u"La parcella è stata eliminata!"_s);
+    Informa(Collegamento ? u"Il collegamento è stato eliminato: la parcella resta dov'è!"_s
+                         : u"La parcella è stata eliminata!"_s);
     return true;
 }
 

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void cleanup();
 
     void siCancella();
+    void ilCollegamentoSiCancella();
     void ilModelloChiede_data();
     void ilModelloChiede();
     void laParolaDOrdine_data();
@@ -134,6 +135,22 @@ void TestGestione::siCancella()
     Box->Attendi(Eliminata, vbOK, u"Messaggio:"_s);
     QVERIFY(Cancella());
     QVERIFY(!EsisteFile(File) && Tolta);
+}
+
+/// Of a link nothing but the link goes, and nothing else is said: the note behind it keeps its attribute too.
+void TestGestione::ilCollegamentoSiCancella()
+{
+    const QString Vera = SalvaNota(Ufficio->File(u"altre/vera.mdb"_s));
+    ImpostaSolaLettura(Vera, true);
+    QFile::remove(File);
+    QVERIFY(QFile::link(Vera, File));
+    Box->Attendi(EModello, vbYes, u"Domanda:"_s);
+    Box->Attendi(u"Confermi la cancellazione del collegamento alla parcella: 'nota'?"_s, vbYes,
+                 u"Domanda:"_s);
+    Box->Attendi(u"Il collegamento è stato eliminato: la parcella resta dov'è!"_s, vbOK, u"Messaggio:"_s);
+    QVERIFY(Cancella());
+    QVERIFY(Tolta && !QFileInfo(File).isSymLink());
+    QVERIFY(EsisteFile(Vera) && SolaLettura(Vera));
 }
 
 void TestGestione::ilModelloChiede_data()
