@@ -18,6 +18,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -44,7 +46,11 @@ Aliquota LeggiAliquota(const QString& Nome, const QString& Valore)
 
 Risposta ComandoLettere(const QStringList& Valori)
 {
-    return SoloTesto(NumeroInLettere(Numero(u"importo"_s, Valori[0])));
+    constexpr double MassimoInLettere = 1e12;  // the words know thousands of millions, and no more
+    const double Importo = Numero(u"importo"_s, Valori[0]);
+    if (std::abs(Importo) >= MassimoInLettere)
+        throw Errore(errori::Eccedenza, u"L'importo in lettere arriva a 999.999.999.999,99"_s);
+    return SoloTesto(NumeroInLettere(Importo));
 }
 
 Risposta ComandoEspressione(const QStringList& Valori)

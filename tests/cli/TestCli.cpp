@@ -80,6 +80,10 @@ void TestCli::risponde_data()
     QTest::addColumn<QString>("Risposta");
 
     QTest::newRow("lettere") << QStringList{u"lettere"_s, u"1234,5"_s} << u"milleduecentotrentaquattro/50"_s;
+    QTest::newRow("lettere, il massimo") << QStringList{u"lettere"_s, u"999999999999"_s}
+                                         << u"novecentonovantanovemiliardinovecentonovantanovemilioninovecent"
+                                            u"onovantanovemilanovecentonovantanove"
+                                            "/00"_s;
     QTest::newRow("lettere con le migliaia")
         << QStringList{u"lettere"_s, u"1.190,70"_s} << u"millecentonovanta/70"_s;
     QTest::newRow("espressione") << QStringList{u"espressione"_s, u"200+(x-5000)*0.02"_s, u"20000"_s}
@@ -173,6 +177,11 @@ void TestCli::rifiuta_data()
         << QStringList{u"--veloce"_s, u"lettere"_s, u"1"_s} << 2 << u"--veloce"_s;
     QTest::newRow("opzione senza cartella")
         << QStringList{u"lettere"_s, u"1"_s, u"--utente"_s} << 2 << u"--utente"_s;
+    QTest::newRow("opzione col valore vuoto") << QStringList{u"lettere"_s, u"1"_s, u"--csv"_s, u""_s} << 2
+                                              << u"L'opzione --csv vuole una destinazione."_s;
+    for (const QString& Troppo : {u"1000000000000"_s, u"-1000000000000"_s, u"1e17"_s})
+        QTest::newRow(qPrintable(u"lettere oltre il massimo: "_s + Troppo))
+            << QStringList{u"--"_s, u"lettere"_s, Troppo} << 1 << u"arriva a 999.999.999.999,99"_s;
 }
 
 void TestCli::rifiuta()
