@@ -175,10 +175,30 @@ bool HaChiesto(const StatoTenuto& Tenuto)
     return Uscita(Tenuto) && Tenuto.Importi->Netto > 0 && !Tenuto.Storno && ChiedePagamento(Tenuto.Documento);
 }
 
-/// It is paid, whatever lines came behind it or went.
-bool DocumentoSaldato(const Parcella& Nota)
+/// The file has sent out what asks for money, or takes it back.
+bool HaDocumenti(const StatoTenuto& Tenuto)
 {
-    return HaChiesto(Nota.Stato) && RestoDellaNota(Nota) == 0;
+    return HaChiesto(Tenuto) || (Uscita(Tenuto) && (Tenuto.Storno || !Tenuto.Emessi.isEmpty()));
+}
+
+/// Each document that has asked for money is paid, less what the credit notes behind it take back, whatever
+/// lines came since or went.
+bool DocumentiSaldati(const Parcella& Nota)
+{
+    const StatoTenuto& Tenuto = Nota.Stato;
+    QList<double> Resti;
+    const auto Conta = [&](bool Storno, double Resto, double Netto) {
+        if (!Storno)
+            Resti.append(Resto);
+        else if (!Resti.isEmpty())
+            Resti.last() -= Netto;
+    };
+    for (const DocumentoEmesso& Emesso : Tenuto.Emessi)
+        Conta(Emesso.Storno, RestoDi(Nota, Emesso), Emesso.Importi.Netto);
+    if (Tenuto.Storno || HaChiesto(Tenuto))
+        Conta(Tenuto.Storno, RestoDellaNota(Nota), Tenuto.Importi->Netto);
+    return !Resti.isEmpty() &&
+           std::ranges::all_of(Resti, [](double Resto) { return InCentesimi(Resto) <= 0; });
 }
 
 bool Conferma(Parcella& Nota, const StatoTenuto& Era)
@@ -256,7 +276,10 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
         Tenuto.Data = Ora.Data;
         Tenuto.ConSocio = Nota.Multipla();
         TieniSocio(Nota);
-        Tenuto.Importi = Importi(CatenaDelDocumento(Nota, Tipo), ConScissione(Nota, Tipo));
+        DatiCatena Dati = CatenaDelDocumento(Nota, Tipo);
+        if (Storno)
+            Dati.Acconti = {};  // a credit note takes its lines back; the payments are the invoice's
+        Tenuto.Importi = Importi(Dati, ConScissione(Nota, Tipo));
     }
     if (Verso > Tenuto.Stato) {
         Tenuto.Stato = Verso;
@@ -362,7 +385,7 @@ Copertura CoperturaDi(const Parcella& Nota)
     Dati.Acconti = {};
     // What a document has asked for is paid when nothing is left of it, whatever the lines come to by now.
     Trovata.Coperta =
-        HaChiesto(Nota.Stato) ? DocumentoSaldato(Nota) : CatenaFiscale(Dati).Netto > 0 && Resto <= 0;
+        HaDocumenti(Nota.Stato) ? DocumentiSaldati(Nota) : CatenaFiscale(Dati).Netto > 0 && Resto <= 0;
     return Trovata;
 }
 

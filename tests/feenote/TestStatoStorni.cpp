@@ -67,6 +67,7 @@ private Q_SLOTS:
     void primaDelNumero();
     void sceltaAMano();
     void righeTolteDopo();
+    void pagataSoloInTutto();
     void scissioneDeiPagamenti();
     void quelloDelPrimoStato_data();
     void quelloDelPrimoStato();
@@ -235,6 +236,41 @@ void TestStatoStorni::righeTolteDopo()
     Prova.xAcconti(NuovoAcconto(Prova), AccCorrispettivi) = 575.0;
     QVERIFY(SegueStato(Prova, Vista));
     QCOMPARE(Prova.Stato.Stato, Pagata);
+}
+
+/// A payment that covers the lines of the credit note is none of what the credit note leaves of its invoice.
+void TestStatoStorni::pagataSoloInTutto()
+{
+    Parcella Prova = Nota();
+    Copertura Vista;
+    Emetti(Prova, 12);
+    Prova.xAcconti(NuovoAcconto(Prova), AccCorrispettivi) = 300.0;
+    (void)SegueStato(Prova, Vista);
+    Prova.xOnorari(0, OnoImporto) = 100.0;
+    Emetti(Prova, 13, true);
+    (void)SegueStato(Prova, Vista);
+    QCOMPARE(Prova.Stato.Stato, Fatturata);
+    QCOMPARE(RestoDi(Prova, Prova.Stato.Emessi[0]), 1078.48);
+    QVERIFY(!Vista.Coperta);
+    // 1.150,00 less 115,00 and 300,00.
+    Prova.xAcconti(NuovoAcconto(Prova), AccCorrispettivi) = 735.0;
+    (void)SegueStato(Prova, Vista);
+    QCOMPARE(Prova.Stato.Stato, Pagata);
+    Prova.xAcconti.EliminaRiga(1);
+    (void)SegueStato(Prova, Vista);
+    QCOMPARE(Prova.Stato.Stato, Fatturata);
+    // The next invoice is paid, what is left of the first is not.
+    Emetti(Prova, 14);
+    Prova.xAcconti(NuovoAcconto(Prova), AccCorrispettivi) = 115.0;
+    (void)SegueStato(Prova, Vista);
+    QCOMPARE(Prova.Stato.Stato, Fatturata);
+    // A credit note alone has asked nobody for money.
+    Parcella Sola = Nota();
+    Copertura Sua;
+    Emetti(Sola, 13, true);
+    Sola.xAcconti(NuovoAcconto(Sola), AccCorrispettivi) = 5000.0;
+    (void)SegueStato(Sola, Sua);
+    QCOMPARE(Sola.Stato.Stato, Fatturata);
 }
 
 /// A public client pays the VAT to the treasury: it is neither open nor in what he pays.

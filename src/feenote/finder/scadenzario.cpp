@@ -343,6 +343,7 @@ QHash<const VoceTrova*, LegameFattura> LegamiFatture(const std::vector<const Voc
             continue;
         }
         Legami[Nota].Citata = true;
+        Legami[Nota].Ripresa = Ripresa;
         Legami[Ripresa].Stornato += Stato.Importi ? Stato.Importi->Netto : 0.0;
     }
     return Legami;
@@ -360,11 +361,18 @@ void PercorriDocumenti(
     const DocumentiNote Documenti(Tutte.empty() ? Note : Tutte);
     const QHash<const VoceTrova*, LegameFattura> Legami = LegamiFatture(Documenti.Tutti());
     const QSet<const VoceTrova*> Volute(Note.begin(), Note.end());
+    QSet<const VoceTrova*> Viste;
+    for (size_t i = 0; i < Documenti.Tutti().size(); ++i)
+        if (Volute.contains(Documenti.NotaDi(i)))
+            Viste.insert(Documenti.Tutti()[i]);
     for (size_t i = 0; i < Documenti.Tutti().size(); ++i) {
         const VoceTrova* const Voce = Documenti.Tutti()[i];
-        const VoceTrova* const Nota = Documenti.NotaDi(i);
-        if (Voce->Genere == GenereVoce::Nota && !Voce->Modello && Volute.contains(Nota))
-            Fai(*Voce, *Nota, Legami.value(Voce));
+        if (Voce->Genere != GenereVoce::Nota || Voce->Modello || !Viste.contains(Voce))
+            continue;
+        LegameFattura Legame = Legami.value(Voce);
+        // Figures are taken away only where those of the invoice stand too; what is open looks at all.
+        Legame.Citata = Legame.Citata && Viste.contains(Legame.Ripresa);
+        Fai(*Voce, *Documenti.NotaDi(i), Legame);
     }
 }
 

@@ -84,9 +84,10 @@ struct ApertoCliente
 /// How a document of a list hangs together with the others by its invoice.
 struct LegameFattura
 {
-    bool Copia = false;     ///< a file saved later holds the same one: this one does not count
-    double Stornato = 0.0;  ///< of it by the credit notes of other files, euro
-    bool Citata = false;    ///< of a credit note: the invoice that it takes back is in the list
+    bool Copia = false;                  ///< a file saved later holds the same one: this one does not count
+    double Stornato = 0.0;               ///< of it by the credit notes of other files, euro
+    bool Citata = false;                 ///< of a credit note: the invoice that it takes back is in the list
+    const VoceTrova* Ripresa = nullptr;  ///< that invoice
     friend bool operator==(const LegameFattura&, const LegameFattura&) = default;
 };
 /// An invoice is known by client, number and date, to the credit note of its own file by standing before it.

@@ -371,7 +371,14 @@ void TestScadenzarioStorni::sottoUnFiltro()
         Elenco.NoteMostrate(), [](int) { return CodiciCliente(); }, Elenco.NoteTutte());
     QCOMPARE(Csv.count("\r\n"), 2);
     QVERIFY(Csv.contains(";1459,12;0,00;1313,21;fattura\r\n"));
+    // The credit note without its invoice takes nothing away from the sums of the sheet.
     Elenco.FiltraStato(FiltroStato::Tutte);
+    Elenco.Filtra(u"credito"_s);
+    QCOMPARE(Elenco.Note(), 1);
+    const QByteArray Solo = CsvScadenzario(
+        Elenco.NoteMostrate(), [](int) { return CodiciCliente(); }, Elenco.NoteTutte());
+    QVERIFY(Solo.contains(
+        ";Nota di credito della fattura 12;13;09/11/2026;Fatturata;22/11/2026;;;;;;;;0,00;0,00;credito\r\n"));
     Elenco.Filtra(u"fattura"_s);
     QCOMPARE(Elenco.Note(), 1);
     QCOMPARE(SommaAperto(Elenco.NoteMostrate(), Elenco.NoteTutte()).Aperto, 1313.21);
