@@ -4,10 +4,6 @@
 #include <QDate>
 #include <QString>
 
-/// The check character of the first fifteen places: what stands behind them counts for nothing, a place
-/// without a character counts 0, a character in no table 16383.
-[[nodiscard]] QChar ControlloCodFis(const QString& Codice);
-
 /// The code, always in its base form: the variants for equal codes are the ministry's business.
 ///
 /// Letters without an accent count, whatever their case; an accented letter, a blank, an apostrophe count for

@@ -1,6 +1,6 @@
 #include "calculators/modLeggiCodFis.h"
 
-#include "calculators/modCodFis.h"
+#include "core/modControlli.h"
 #include "platform/base/regionale.h"
 
 #include <algorithm>
@@ -158,24 +158,6 @@ bool CodFisInCorso(const QString& Codice)
 {
     const QString Scritto = Compatto(Codice);
     return !Scritto.isEmpty() && Scritto.size() < LettereCodFis && PostoSbagliato(Scritto) < 0;
-}
-
-QStringList VariantiOmocode(const QString& Codice)
-{
-    const QString Scritto = Compatto(Codice);
-    if (Scritto.size() != LettereCodFis || PostoSbagliato(Scritto) >= 0)
-        return {};
-    const QString Base = InCifre(Scritto).chopped(1);
-    constexpr unsigned Quante = 1U << PostiCifre.size();
-    QStringList Tutte;
-    for (unsigned Quali = 0; Quali < Quante; ++Quali) {
-        QString Variante = Base;
-        for (size_t i = 0; i < PostiCifre.size(); ++i)
-            if ((Quali >> i & 1U) != 0)
-                Variante[PostiCifre[i]] = Sostituti[Base[PostiCifre[i]].digitValue()];
-        Tutte << Variante + ControlloCodFis(Variante);
-    }
-    return Tutte;
 }
 
 QString FraseNascita(const LetturaCodFis& Lettura)

@@ -41,10 +41,6 @@ constexpr int LettereCodFis = 16;
 /// True for the beginning of a code, each of whose characters can stand where it does.
 [[nodiscard]] bool CodFisInCorso(const QString& Codice);
 
-/// All codes that stand for the same person: the base form, then those with letters in the place of one digit
-/// or more, 128 in all. Empty for a code that cannot be read.
-[[nodiscard]] QStringList VariantiOmocode(const QString& Codice);
-
 /// "05/08/1985", or "05/08/2012 oppure 05/08/1912".
 [[nodiscard]] QString FraseNascita(const LetturaCodFis& Lettura);
 /// "maschio" or "femmina".

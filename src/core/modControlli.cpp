@@ -52,6 +52,10 @@ int Valore(QChar C)
 constexpr std::array Dispari{1,  0,  5, 7, 9, 13, 15, 17, 19, 21, 2,  4,  18,
                              20, 11, 3, 6, 8, 12, 14, 16, 10, 22, 25, 24, 23};
 
+/// A character in no table: its place -1, masked with 32766, halved.
+constexpr int ValoreIgnoto = (-1 & 32766) / 2;
+static_assert(ValoreIgnoto == 16383);
+
 constexpr QChar Chiocciola = u'@';
 
 }  // namespace
@@ -71,22 +75,31 @@ bool PostaTorna(const QString& Testo)
            std::ranges::none_of(Nudo, [](QChar C) { return C.isSpace(); });
 }
 
+QChar ControlloCodFis(const QString& Codice)
+{
+    constexpr qsizetype PostiControllati = 15;
+    constexpr int Lettere = 26;
+    constexpr int Cifre = 10;
+    int Somma = 0;
+    for (qsizetype i = 0; i < std::min(Codice.size(), PostiControllati); ++i) {
+        const int Numero = Valore(Codice[i]);
+        const int Posto = Numero < Cifre ? Numero : Numero - Cifre;
+        if (Numero < 0)
+            Somma += ValoreIgnoto;
+        else
+            Somma += i % 2 == 0 ? Dispari[size_t(Posto)] : Posto;  // the first place is an odd one
+    }
+    return QChar(u'A' + Somma % Lettere);
+}
+
 bool CodiceFiscaleTorna(const QString& Testo)
 {
     constexpr qsizetype Lunghezza = 16;
-    constexpr int Lettere = 26;
     const QString Codice = Compatto(Testo);
     if (Codice.size() != Lunghezza)
         return PartitaIvaTorna(Codice);
-    int Somma = 0;
-    for (qsizetype i = 0; i < Lunghezza - 1; ++i) {
-        const int Numero = Valore(Codice[i]);
-        if (Numero < 0)
-            return false;
-        const int Posto = Numero < 10 ? Numero : Numero - 10;
-        Somma += i % 2 == 0 ? Dispari[size_t(Posto)] : Posto;
-    }
-    return Codice.back() == QChar(u'A' + Somma % Lettere);
+    const bool Noto = std::ranges::all_of(Codice, [](QChar C) { return Valore(C) >= 0; });
+    return Noto && Codice.back() == ControlloCodFis(Codice);
 }
 
 bool PartitaIvaTorna(const QString& Testo)

@@ -7,6 +7,10 @@
 /// blanks and case count for nothing.
 [[nodiscard]] bool CodiceFiscaleTorna(const QString& Testo);
 
+/// The check character of the first fifteen places of a fiscal code, D.M. 23 December 1976: what stands
+/// behind them counts for nothing, a place without a character counts 0, a character in no table 16383.
+[[nodiscard]] QChar ControlloCodFis(const QString& Codice);
+
 /// A VAT number of 11 digits, with or without "IT" in front.
 [[nodiscard]] bool PartitaIvaTorna(const QString& Testo);
 
