@@ -2,6 +2,7 @@
 
 #include "core/impostazioni.h"
 #include "core/modErrori.h"
+#include "core/modTesti.h"
 #include "core/parametri.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
@@ -33,24 +34,6 @@ constexpr qsizetype MassimoChiave = 40;
 constexpr qsizetype MassimoCampi = 40;
 constexpr qint64 MassimoFile = qint64(8) << 20;
 
-/// One line of what may be shown; signs that turn the direction of writing could make it say another thing.
-QString UnaRiga(const QString& Testo)
-{
-    QString Pulito;
-    for (const QChar Segno : Testo) {
-        const QChar::Category Specie = Segno.category();
-        const bool Nascosto = Specie == QChar::Other_Control || Specie == QChar::Other_Format ||
-                              Specie == QChar::Separator_Line || Specie == QChar::Separator_Paragraph;
-        Pulito += Nascosto ? QChar(u' ') : Segno;
-    }
-    // Half a pair of surrogates is no text: it does not come back.
-    Pulito = QString::fromUtf8(Pulito.toUtf8()).simplified();
-    if (Pulito.size() <= MassimoRiga)
-        return Pulito;
-    const bool InMezzo = Pulito[MassimoRiga - 2].isHighSurrogate();
-    return Pulito.first(MassimoRiga - (InMezzo ? 2 : 1)).trimmed() + u'…';
-}
-
 /// A calculation of which nothing is missing and nothing too long.
 bool Intero(const CalcoloRicordato& Calcolo)
 {
@@ -66,8 +49,8 @@ bool Intero(const CalcoloRicordato& Calcolo)
 /// The same as it goes into a list.
 CalcoloRicordato Sistemato(CalcoloRicordato Calcolo)
 {
-    Calcolo.Nome = UnaRiga(Calcolo.Nome);
-    Calcolo.Esito = UnaRiga(Calcolo.Esito);
+    Calcolo.Nome = UnaRiga(Calcolo.Nome, MassimoRiga);
+    Calcolo.Esito = UnaRiga(Calcolo.Esito, MassimoRiga);
     for (QString& Valore : Calcolo.Campi)
         Valore.truncate(MassimoCampo);
     return Calcolo;
@@ -76,8 +59,8 @@ CalcoloRicordato Sistemato(CalcoloRicordato Calcolo)
 CalcoloRicordato Letto(const QJsonObject& Voce)
 {
     CalcoloRicordato Calcolo;
-    Calcolo.Nome = UnaRiga(Voce[u"nome"].toString());
-    Calcolo.Esito = UnaRiga(Voce[u"esito"].toString());
+    Calcolo.Nome = UnaRiga(Voce[u"nome"].toString(), MassimoRiga);
+    Calcolo.Esito = UnaRiga(Voce[u"esito"].toString(), MassimoRiga);
     Calcolo.Quando = QDateTime::fromString(Voce[u"quando"].toString(), FormaTempo);
     Calcolo.NomeDato = Voce[u"dato"].toBool();
     const QJsonObject Campi = Voce[u"campi"].toObject();
@@ -236,7 +219,7 @@ void RicordaCalcolo(Calcolatrice Quale, const CalcoloRicordato& Calcolo,
 
 void RinominaCalcolo(Calcolatrice Quale, const QMap<QString, QString>& Campi, const QString& Nome)
 {
-    const QString Riga = UnaRiga(Nome);
+    const QString Riga = UnaRiga(Nome, MassimoRiga);
     if (Riga.isEmpty())
         return;
     Cambia([&](ElencoCalcoli& Elenco) {

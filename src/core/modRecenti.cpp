@@ -1,5 +1,6 @@
 #include "core/modRecenti.h"
 
+#include "core/modTesti.h"
 #include "core/parametri.h"
 #include "platform/base/regionale.h"
 #include "platform/system/percorsi.h"
@@ -25,23 +26,6 @@ constexpr qsizetype MassimoPercorso = 4000;   // as systems take them
 constexpr qsizetype MassimoElenco = 100'000;  // ten of the longest
 constexpr double MassimoEuro = 1e12;
 
-/// One line of what may be shown; signs that turn the direction of writing could make it say another thing.
-QString UnaRiga(const QString& Testo)
-{
-    QString Pulito;
-    for (const QChar Segno : Testo) {
-        const QChar::Category Specie = Segno.category();
-        const bool Nascosto = Specie == QChar::Other_Control || Specie == QChar::Other_Format ||
-                              Specie == QChar::Separator_Line || Specie == QChar::Separator_Paragraph;
-        Pulito += Nascosto ? QChar(u' ') : Segno;
-    }
-    Pulito = Pulito.simplified();
-    if (Pulito.size() <= MassimoTesto)
-        return Pulito;
-    const bool InMezzo = Pulito[MassimoTesto - 1].isHighSurrogate();
-    return Pulito.first(MassimoTesto - (InMezzo ? 1 : 0)).trimmed();
-}
-
 /// A path that a note may have, by its letters alone.
 bool PercorsoDiNota(const QString& Percorso)
 {
@@ -59,8 +43,8 @@ bool Intera(const NotaRecente& Nota)
 NotaRecente Letta(const QJsonObject& Voce)
 {
     return {.Percorso = PercorsoNativo(Voce[u"percorso"].toString()),
-            .Cliente = UnaRiga(Voce[u"cliente"].toString()),
-            .Documento = UnaRiga(Voce[u"documento"].toString()),
+            .Cliente = UnaRiga(Voce[u"cliente"].toString(), MassimoTesto),
+            .Documento = UnaRiga(Voce[u"documento"].toString(), MassimoTesto),
             .Netto = Voce[u"netto"].toDouble(),
             .Data = QDate::fromString(Voce[u"data"].toString(), Qt::ISODate)};
 }
@@ -112,8 +96,8 @@ void RicordaRecente(const NotaRecente& Nota)
 {
     NotaRecente Nuova = Nota;
     Nuova.Percorso = PercorsoNativo(Nota.Percorso);
-    Nuova.Cliente = UnaRiga(Nota.Cliente);
-    Nuova.Documento = UnaRiga(Nota.Documento);
+    Nuova.Cliente = UnaRiga(Nota.Cliente, MassimoTesto);
+    Nuova.Documento = UnaRiga(Nota.Documento, MassimoTesto);
     if (!Intera(Nuova))
         return;
     QList<NotaRecente> Note = NoteRecenti();

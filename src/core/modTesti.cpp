@@ -64,6 +64,23 @@ QString NomePerFile(QString Nome)
     return DelSistema.match(Nome).hasMatch() ? u'-' + Nome : Nome;
 }
 
+QString UnaRiga(const QString& Testo, qsizetype Massimo)
+{
+    QString Pulito;
+    for (const QChar Segno : Testo) {
+        const QChar::Category Specie = Segno.category();
+        const bool Nascosto = Specie == QChar::Other_Control || Specie == QChar::Other_Format ||
+                              Specie == QChar::Separator_Line || Specie == QChar::Separator_Paragraph;
+        Pulito += Nascosto ? QChar(u' ') : Segno;
+    }
+    // Half a pair of surrogates is no text: it would not come back from a file.
+    Pulito = QString::fromUtf8(Pulito.toUtf8()).simplified();
+    if (Pulito.size() <= Massimo)
+        return Pulito;
+    const bool InMezzo = Pulito[Massimo - 2].isHighSurrogate();
+    return Pulito.first(Massimo - (InMezzo ? 2 : 1)).trimmed() + u'…';
+}
+
 bool EVuoto(const QVariant& Valore)
 {
     if (!Valore.isValid() || Valore.isNull())

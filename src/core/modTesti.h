@@ -23,6 +23,11 @@
 /// a name that means a folder or a device.
 [[nodiscard]] QString NomePerFile(QString Nome);
 
+/// One line of what may be shown: what breaks lines or turns the direction of writing is a blank, half a
+/// character goes. A longer one is cut between two characters and ends in "…".
+/// @param Massimo units of the line, 2 or more
+[[nodiscard]] QString UnaRiga(const QString& Testo, qsizetype Massimo);
+
 /// True for Null, an empty or blank text, the texts "0" and "/  /" after trimming, a numeric zero and an
 /// invalid date: a column that holds nothing.
 [[nodiscard]] bool EVuoto(const QVariant& Valore);

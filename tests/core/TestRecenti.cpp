@@ -140,7 +140,10 @@ void TestRecenti::unaRigaSola()
     // A character of two units is not cut in the middle.
     Una.Cliente = QString(119, u'x') + u"\U0001F600fine"_s;
     RicordaRecente(Una);
-    QCOMPARE(NoteRecenti().constFirst().Cliente, QString(119, u'x'));
+    QCOMPARE(NoteRecenti().constFirst().Cliente, QString(119, u'x') + u'…');
+    Una.Cliente = QString(118, u'x') + u"\U0001F600fine"_s;
+    RicordaRecente(Una);
+    QCOMPARE(NoteRecenti().constFirst().Cliente, QString(118, u'x') + u'…');
 }
 
 void TestRecenti::depositoGuasto_data()
