@@ -3,6 +3,7 @@
 #include "calculators/norme/rifiuto.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
+#include "platform/base/testopiano.h"
 
 #include <QHash>
 #include <QRegularExpression>
@@ -12,15 +13,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString SenzaAccenti(const QString& Testo)
-{
-    QString Piano;
-    for (const QChar Lettera : Testo.normalized(QString::NormalizationForm_D))
-        if (Lettera.category() != QChar::Mark_NonSpacing)
-            Piano += Lettera.toCaseFolded();
-    return Piano;
-}
 
 /// A number is a word of its own, so that 16 does not find 166; other words are found anywhere.
 bool Contiene(const QString& Testo, const QString& Parola)
@@ -114,10 +106,10 @@ const CatenaTermini* TrovaCatena(const Norme& Insieme, QStringView Codice)
 bool TermineRisponde(const TermineRicorrente& Termine, const QString& Cercato)
 {
     static const QRegularExpression Spazi(u"\\s+"_s);
-    const QString Tutto = SenzaAccenti(QStringList{Termine.Codice, Termine.Articolo, Termine.Rito,
-                                                   Termine.Atto, Termine.Evento, Termine.Nota}
-                                           .join(u' '));
-    const QStringList Parole = SenzaAccenti(Cercato).split(Spazi, Qt::SkipEmptyParts);
+    const QString Tutto = TestoPiano(QStringList{Termine.Codice, Termine.Articolo, Termine.Rito, Termine.Atto,
+                                                 Termine.Evento, Termine.Nota}
+                                         .join(u' '));
+    const QStringList Parole = TestoPiano(Cercato).split(Spazi, Qt::SkipEmptyParts);
     return std::ranges::all_of(Parole, [&](const QString& Parola) { return Contiene(Tutto, Parola); });
 }
 

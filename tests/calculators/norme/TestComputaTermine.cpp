@@ -396,6 +396,7 @@ void TestComputaTermine::ricerca_data()
     QTest::newRow("una parola") << u"conclusionale"_s << 5 << u"CPC-189-2"_s;
     QTest::newRow("due parole, senza maiuscole") << u"REPLICA famiglia"_s << 2 << u"CPC-473BIS17-2"_s;
     QTest::newRow("senza accento") << u"meta"_s << 4 << u"CPA-73-D"_s;
+    QTest::newRow("l'apostrofo di un altro programma") << u"dell’udienza"_s << 1 << u"CPC-163BIS-IT"_s;
     QTest::newRow("niente") << u"ornitorinco"_s << 0 << QString();
 }
 
