@@ -1,6 +1,7 @@
 #include "addressbook/exchange/csv.h"
 
 #include "addressbook/exchange/tabellaestranea.h"
+#include "platform/base/fogliocsv.h"
 #include "platform/base/regionale.h"
 
 #include <algorithm>
@@ -11,21 +12,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::array Separatori{QChar(u';'), QChar(u'\t'), QChar(u',')};
-
-/// The signs that spreadsheets begin a formula with, in their wide forms too, and the blanks that some pass
-/// over before.
-bool AvviaFormula(QChar C)
-{
-    constexpr QStringView Segni = u"=+-@\t\r\n\uFF1D\uFF0B\uFF0D\uFF20";
-    return Segni.contains(C);
-}
-
-/// True for a text that a spreadsheet might run: a sign of formulas behind any number of apostrophes.
-bool ComeFormula(QStringView Testo)
-{
-    const auto* Primo = std::ranges::find_if_not(Testo, [](QChar C) { return C == u'\''; });
-    return Primo != Testo.end() && AvviaFormula(*Primo);
-}
 
 /// A cell as it was meant.
 QString Pulita(QString Testo)
@@ -215,40 +201,4 @@ RigheCsv LeggiCsv(const QByteArray& Byte, const OpzioniCsv& Come, const Avanzame
             u"Il file finisce dentro una cella fra virgolette, nella riga che comincia alla linea "
             "%1: è incompleto, ripetere l'esportazione dal programma d'origine."_s.arg(Righe.LineaInizio()));
     return Lette;
-}
-
-QString CellaCsv(const QString& Testo)
-{
-    // What could be taken for the line that names the separator, or for the mark of the file, stands in
-    // quotes.
-    const bool ComeSegno = Testo.startsWith(u"sep=", Qt::CaseInsensitive) || Testo.contains(u'\ufeff');
-    QString Cella = ComeFormula(Testo) ? u'\'' + Testo : Testo;
-    const bool Virgolette = ComeSegno || Cella.contains(u';') || Cella.contains(u'"') ||
-                            Cella.contains(u'\n') || Cella.contains(u'\r') || Cella.contains(u',') ||
-                            Cella.contains(u'\t') || Cella.startsWith(u' ') || Cella.endsWith(u' ');
-    return Virgolette ? u'"' + Cella.replace(u'"', u"\"\""_s) + u'"' : Cella;
-}
-
-namespace {
-
-/// "-1459,12": nothing that a spreadsheet could run.
-bool ECifra(const QString& Testo)
-{
-    const QStringView Senza = QStringView(Testo).mid(Testo.startsWith(u'-') ? 1 : 0);
-    return !Senza.isEmpty() &&
-           std::ranges::all_of(Senza, [](QChar C) { return (C >= u'0' && C <= u'9') || C == u','; });
-}
-
-}  // namespace
-
-QByteArray ScriviCsv(const std::vector<QStringList>& Righe, const QList<int>& Cifre)
-{
-    QByteArray Scritte("\xEF\xBB\xBF");
-    for (const QStringList& Celle : Righe) {
-        QStringList Fatte;
-        for (int i = 0; i < Celle.size(); ++i)
-            Fatte.append(Cifre.contains(i) && ECifra(Celle[i]) ? Celle[i] : CellaCsv(Celle[i]));
-        Scritte += Fatte.join(u';').toUtf8() + "\r\n";
-    }
-    return Scritte;
 }

@@ -1,4 +1,4 @@
-// Rows separated by commas, as Italian spreadsheets read and write them.
+// Rows separated by commas, as Italian spreadsheets write them; platform/base/fogliocsv.h writes ours.
 #pragma once
 
 #include "addressbook/exchange/tabellaestranea.h"
@@ -37,11 +37,3 @@ struct RigheCsv
 /// `Prosegui` stopped it
 [[nodiscard]] RigheCsv LeggiCsv(const QByteArray& Byte, const OpzioniCsv& Come = {},
                                 const AvanzamentoLettura& Prosegui = {});
-
-/// A cell as it is written: an apostrophe keeps a text from being a formula, quotes stand where they must.
-[[nodiscard]] QString CellaCsv(const QString& Testo);
-
-/// Rows as a spreadsheet opens them by a double click: UTF-8 with its mark, ";" between cells, CRLF behind
-/// rows.
-/// @param Cifre columns of amounts, whose figures stand as they are: a minus before them is no formula
-[[nodiscard]] QByteArray ScriviCsv(const std::vector<QStringList>& Righe, const QList<int>& Cifre = {});

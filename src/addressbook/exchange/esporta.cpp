@@ -1,9 +1,9 @@
 #include "addressbook/exchange/esporta.h"
 
-#include "addressbook/exchange/csv.h"
 #include "addressbook/exchange/vcard.h"
 #include "addressbook/modClienti.h"
 #include "addressbook/modScheda.h"
+#include "platform/base/fogliocsv.h"
 
 #include <QFileInfo>
 

@@ -1,7 +1,7 @@
 #include "feenote/finder/scadenzario.h"
 
-#include "addressbook/exchange/csv.h"
 #include "feenote/modStato.h"
+#include "platform/base/fogliocsv.h"
 #include "platform/base/ordineitaliano.h"
 #include "platform/base/regionale.h"
 

@@ -14,7 +14,7 @@ namespace {
 
 /// A number in plain ASCII form with a point, being put together; it begins with a zero so that it
 /// always has a whole part.
-class TestoPiano
+class NumeroPiano
 {
 public:
     void Aggiungi(char Carattere) { Byte.append(Carattere); }
@@ -75,7 +75,7 @@ QChar Prendi(QStringView& Resto, QStringView Ammessi)
 
 /// The whole part: digits alone, or one to three of them and groups of three behind points. Nothing
 /// when a point stands elsewhere: "12.5" must not become 125, nor "0.500" become 500.
-std::optional<qsizetype> LeggiParteIntera(QStringView& Resto, TestoPiano& Testo)
+std::optional<qsizetype> LeggiParteIntera(QStringView& Resto, NumeroPiano& Testo)
 {
     const QStringView Primo = PrendiCifre(Resto);
     Testo.Aggiungi(Primo);
@@ -91,7 +91,7 @@ std::optional<qsizetype> LeggiParteIntera(QStringView& Resto, TestoPiano& Testo)
 }
 
 /// Digits behind the decimal sign; returns how many.
-qsizetype LeggiParteDecimale(QStringView& Resto, QStringView Segno, TestoPiano& Testo)
+qsizetype LeggiParteDecimale(QStringView& Resto, QStringView Segno, NumeroPiano& Testo)
 {
     if (Prendi(Resto, Segno).isNull())
         return 0;
@@ -102,7 +102,7 @@ qsizetype LeggiParteDecimale(QStringView& Resto, QStringView Segno, TestoPiano& 
 }
 
 /// An exponent, if one with digits stands there; otherwise the text stays as it is.
-void LeggiEsponente(QStringView& Resto, TestoPiano& Testo)
+void LeggiEsponente(QStringView& Resto, NumeroPiano& Testo)
 {
     QStringView Oltre = Resto;
     if (Prendi(Oltre, u"Ee").isNull())
@@ -120,7 +120,7 @@ void LeggiEsponente(QStringView& Resto, TestoPiano& Testo)
 Lettura LeggiNumero(QStringView Italiano)
 {
     QStringView Resto = Italiano.trimmed();
-    TestoPiano Testo;
+    NumeroPiano Testo;
     const bool Negativo = Prendi(Resto, u"+-") == u'-';
     const std::optional<qsizetype> Intere = LeggiParteIntera(Resto, Testo);
     if (!Intere || *Intere + LeggiParteDecimale(Resto, u",", Testo) == 0)
@@ -251,7 +251,7 @@ double Val(const QString& Testo)
     QString Compatto = Testo;
     Compatto.removeIf([](QChar C) { return C.isSpace(); });
     QStringView Resto = Compatto;
-    TestoPiano Piano;
+    NumeroPiano Piano;
     const bool Negativo = Prendi(Resto, u"+-") == u'-';
     const QStringView Intere = PrendiCifre(Resto);
     Piano.Aggiungi(Intere);

@@ -3,6 +3,7 @@
 
 #include "addressbook/exchange/csv.h"
 #include "addressbook/exchange/tabellaestranea.h"
+#include "platform/base/fogliocsv.h"
 #include "platform/base/paginacodice.h"
 
 using namespace Qt::StringLiterals;
