@@ -132,11 +132,15 @@ void AccettaImporto(Parcella& Nota, int Riga, const ImportoDiLegge& Importo)
 int PortaSpese(Parcella& Nota, const Recordset& Catalogo, const QList<SpesaDiLegge>& Nuove,
                std::optional<int> Corrente)
 {
+    // The catalogue may fail: all of it is read before the first line is written.
+    QList<VoceSpesa> Voci;
+    for (const SpesaDiLegge& Spesa : Nuove)
+        Voci.append(VoceDelCatalogo(Catalogo, Spesa.Voce));
     int Prima = -1;
-    for (const SpesaDiLegge& Spesa : Nuove) {
-        const VoceSpesa Voce = VoceDelCatalogo(Catalogo, Spesa.Voce);
-        const int Riga = AddDiritti(Nota, Spesa.Giorno, ConImporto(Voce.Descr, Spesa.Euro), u"1"_s,
-                                    Voce.NVoce, Voce.IDDir, Corrente);
+    for (qsizetype i = 0; i < Nuove.size(); ++i) {
+        const SpesaDiLegge& Spesa = Nuove[i];
+        const int Riga = AddDiritti(Nota, Spesa.Giorno, ConImporto(Voci[i].Descr, Spesa.Euro), u"1"_s,
+                                    Voci[i].NVoce, Voci[i].IDDir, Corrente);
         Nota.xDiritti(Riga, DirData) = Format(Spesa.Giorno, u"dd/mm/yyyy");
         Nota.xDiritti(Riga, DirEsente) = Arrotonda2(Spesa.Euro);
         Prima = Prima < 0 ? Riga : Prima;
