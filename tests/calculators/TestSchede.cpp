@@ -2,8 +2,8 @@
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 
+#include "calculators/modSchedaStrada.h"
 #include "calculators/modSchede.h"
-#include "calculators/modStampaStrada.h"
 #include "core/modLogo.h"
 #include "core/sessione.h"
 #include "platform/system/orologio.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "calculators/agenda.h"
-#include "calculators/modStampaStrada.h"
+#include "calculators/modSchedaStrada.h"
 #include "calculators/norme/terminiricorrenti.h"
 
 /// A due date on view, with what was asked and how it came about.

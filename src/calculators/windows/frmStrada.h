@@ -1,7 +1,7 @@
 // The road of a result: what each date rests on, step by step, beside a calendar in the same colours.
 #pragma once
 
-#include "calculators/modStampaStrada.h"
+#include "calculators/modSchedaStrada.h"
 #include "platform/base/tabellarighe.h"
 
 #include <QDialog>

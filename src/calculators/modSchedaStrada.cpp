@@ -1,4 +1,4 @@
-#include "calculators/modStampaStrada.h"
+#include "calculators/modSchedaStrada.h"
 
 #include "platform/base/regionale.h"
 

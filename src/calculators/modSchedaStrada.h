@@ -1,4 +1,4 @@
-// The printed sheet of terms with their road: what each date rests on, step by step.
+// The sheet of terms with their road, printed, copied or shown: what each date rests on, step by step.
 #pragma once
 
 #include "calculators/modScheda.h"
