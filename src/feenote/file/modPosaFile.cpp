@@ -15,7 +15,6 @@
 #include "platform/system/stessofile.h"
 
 #include <QDateTime>
-#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 
@@ -201,7 +200,7 @@ void SeparaNomi(const QString& Percorso)
 {
     constexpr qint64 Massimo = qint64(1) << 30;
     const QString Destinazione = FileVero(Percorso);
-    if (!HaAltriNomi(QFile::encodeName(Destinazione)))
+    if (!HaAltriNomi(Destinazione))
         return;
     const FileInCostruzione Nuovo(Destinazione);
     {

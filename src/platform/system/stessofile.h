@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QFile>
 
 #ifndef Q_OS_WIN
 #include <sys/stat.h>
@@ -17,13 +18,14 @@
 
 /// Whether a file has further names on its disk, as many backups give it: what is written into it changes
 /// under all of them.
-[[nodiscard]] inline bool HaAltriNomi(const QByteArray& Nome)
+[[nodiscard]] inline bool HaAltriNomi(const QString& Percorso)
 {
     struct stat Suo = {};
-    return ::stat(Nome.constData(), &Suo) == 0 && S_ISREG(Suo.st_mode) && Suo.st_nlink > 1;
+    return ::stat(QFile::encodeName(Percorso).constData(), &Suo) == 0 && S_ISREG(Suo.st_mode) &&
+           Suo.st_nlink > 1;
 }
 #else
-[[nodiscard]] inline bool HaAltriNomi(const QByteArray&)
+[[nodiscard]] inline bool HaAltriNomi(const QString&)
 {
     return false;
 }
