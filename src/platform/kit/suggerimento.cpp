@@ -9,6 +9,8 @@
 #include <QStringList>
 #include <QWidget>
 
+#include <cstdlib>
+
 QString SuPiuRighe(const QString& Testo)
 {
     constexpr qsizetype Lunga = 80;
@@ -37,6 +39,18 @@ QColor ColoreSuggerito(const QPalette& Colori)
     return aspetto::Mischia(Colori.color(QPalette::Text), Colori.color(QPalette::Base), Grigio);
 }
 
+/// A palette of the program's own is set only where it must be: the style then paints for each widget anew.
+bool SiLegge(const QPalette& Colori)
+{
+    constexpr int Distanza = 70;  // of greys
+    const QColor Fondo = Colori.color(QPalette::Base);
+    QColor Detto = Colori.color(QPalette::PlaceholderText);
+    const double Coprente = Detto.alphaF();
+    Detto.setAlpha(255);
+    const QColor Visto = aspetto::Mischia(Detto, Fondo, Coprente);
+    return std::abs(qGray(Visto.rgb()) - qGray(Fondo.rgb())) >= Distanza;
+}
+
 /// Desktops change their colours while the program runs.
 class SegueIColori : public QObject
 {
@@ -53,11 +67,10 @@ public:
     void Mischia()
     {
         QPalette Colori = QApplication::palette();
-        const QColor Grigio = ColoreSuggerito(Colori);
-        if (InCorso || Colori.color(QPalette::PlaceholderText) == Grigio)
+        if (InCorso || SiLegge(Colori))
             return;
         const QScopedValueRollback Guardia(InCorso, true);
-        Colori.setColor(QPalette::PlaceholderText, Grigio);
+        Colori.setColor(QPalette::PlaceholderText, ColoreSuggerito(Colori));
         QApplication::setPalette(Colori);
     }
 
