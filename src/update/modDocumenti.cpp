@@ -114,7 +114,7 @@ QList<VoceDocumento> ElencoDocumenti(const QString& Cartella)
     return EsisteFile(Elenco) || EsisteCartella(Elenco) ? DaElenco(Intera, Elenco) : DaCartella(Intera);
 }
 
-bool Contiene(const VoceDocumento& Voce, const QString& Testo)
+bool TrovatoNelDocumento(const VoceDocumento& Voce, const QString& Testo)
 {
     const QString Dove = TestoPiano(Voce.Nome + u' ' + Voce.Tipo);
     return std::ranges::all_of(TestoPiano(Testo).split(u' ', Qt::SkipEmptyParts),

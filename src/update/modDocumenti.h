@@ -25,7 +25,7 @@ struct VoceDocumento
 [[nodiscard]] QList<VoceDocumento> ElencoDocumenti(const QString& Cartella);
 
 /// Whether a document has every word of a text in its name or type, whatever case and accents.
-[[nodiscard]] bool Contiene(const VoceDocumento& Voce, const QString& Testo);
+[[nodiscard]] bool TrovatoNelDocumento(const VoceDocumento& Voce, const QString& Testo);
 
 /// "1 documento", "12 documenti"; "3 di 12 documenti" while some are filtered out.
 [[nodiscard]] QString ContoDocumenti(qsizetype Mostrati, qsizetype Tutti);

@@ -272,7 +272,7 @@ void TestDocumenti::filtro_data()
 void TestDocumenti::filtro()
 {
     QFETCH(QString, Testo);
-    QTEST(Contiene({u"/x/Attività utile.pdf"_s, u"Attività utile"_s, u"PDF"_s}, Testo), "Resta");
+    QTEST(TrovatoNelDocumento({u"/x/Attività utile.pdf"_s, u"Attività utile"_s, u"PDF"_s}, Testo), "Resta");
 }
 
 void TestDocumenti::conto_data()

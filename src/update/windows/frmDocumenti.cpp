@@ -118,7 +118,7 @@ void frmDocumenti::Elenca()
     Mostrati.clear();
     Righe.Azzera(NumColonne);
     for (const VoceDocumento& Voce : Tutti) {
-        if (!Contiene(Voce, ui->txtCerca->text()))
+        if (!TrovatoNelDocumento(Voce, ui->txtCerca->text()))
             continue;
         Mostrati.append(Voce);
         const int Riga = Righe.AggiungiRiga();
