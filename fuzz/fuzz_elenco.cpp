@@ -40,7 +40,7 @@ void Prova(const QByteArray& Dati)
             Pretendi(Vero.isFile() && Vero.path() == Qui && !Voce.Nome.isEmpty());
             Pretendi(!Visti.contains(Voce.File));
             Visti.insert(Voce.File);
-            Pretendi(Contiene(Voce, Voce.Nome));
+            Pretendi(TrovatoNelDocumento(Voce, Voce.Nome));
         }
         (void)ContoDocumenti(Voci.size(), Voci.size());
     });
