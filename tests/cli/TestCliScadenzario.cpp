@@ -399,7 +399,7 @@ void TestCliScadenzario::nomeConUnACapo()
     QVERIFY(QFile::rename(Radice + u"c.mdb"_s, Radice + u"c\nd|e.mdb"_s));
     QVERIFY(Chiama({u"scadenzario"_s, Radice, u"--stato"_s, u"bozza"_s})
                 .Uscita.contains(u"|0,00|0,00|c d e\n"_s));
-    QVERIFY(Chiama({u"trova"_s, Radice}).Uscita.contains(u"c d|e|"_s));
+    QVERIFY(Chiama({u"trova"_s, Radice}).Uscita.contains(u"c d e|"_s));
 }
 
 void TestCliScadenzario::rifiuta_data()
