@@ -374,10 +374,10 @@ void TestControlliDocumento::pagataSenzaFattura()
     Lette.removeAll(u"La fattura è senza numero"_s);
     const LuogoRilievo Luogo =
         Tipo == StampaFatturaAnalitica ? LuogoRilievo::NumeroFattura : LuogoRilievo::Documento;
-    QCOMPARE(Lette, Detta
-                        ? QStringList({u"Manca la fattura di questa parcella, segnata come pagata il 09/11/2026"_s,
-                                       CStr(int(Luogo))})
-                        : QStringList());
+    QCOMPARE(Lette,
+             Detta ? QStringList({u"Manca la fattura di questa parcella, segnata come pagata il 09/11/2026"_s,
+                                  CStr(int(Luogo))})
+                   : QStringList());
 }
 
 void TestControlliDocumento::ilFileNonScritto_data()
