@@ -3,6 +3,7 @@
 #include "feenote/einvoice/fattura.h"
 #include "feenote/modControlliNota.h"
 #include "feenote/modInterruttori.h"
+#include "feenote/windows/SchedaSpese.h"
 #include "feenote/windows/SchedaStampa.h"
 #include "feenote/windows/frmParcelle.h"
 #include "feenote/windows/ui_frmParcelle.h"
