@@ -45,7 +45,7 @@ bool SiLegge(const QPalette& Colori)
     constexpr int Distanza = 70;  // of greys
     const QColor Fondo = Colori.color(QPalette::Base);
     QColor Detto = Colori.color(QPalette::PlaceholderText);
-    const double Coprente = Detto.alphaF();
+    const double Coprente = double(Detto.alphaF());
     Detto.setAlpha(255);
     const QColor Visto = aspetto::Mischia(Detto, Fondo, Coprente);
     return std::abs(qGray(Visto.rgb()) - qGray(Fondo.rgb())) >= Distanza;
