@@ -233,6 +233,8 @@ public:
         Una(Riga, IconaTitolo) = u"Sito"_s;
         Una(Riga, IconaCollegamento) = u"www.x.example"_s;
         Una(Riga, IconaFigura) = FiguraPredefinita.toString();
+        // In the user's folder, as soon as it has such a file: the program's own is everybody's.
+        ScriviFile(Barra(sessione::UserFolder) + u"kr5.ini"_s, {});
         if (!ScriviIconeUtente(Una))
             QTest::qFail("icone", __FILE__, __LINE__);
         auto& Modulo = Singola<frmSetup>();
