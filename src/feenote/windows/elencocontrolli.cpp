@@ -11,6 +11,7 @@
 #include "platform/system/orologio.h"
 
 #include <QEvent>
+#include <QFocusEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QShortcut>
