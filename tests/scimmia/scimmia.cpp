@@ -172,6 +172,14 @@ void Scimmia::Saluta()
         return;
     }
     if (!NelGiroEsterno()) {
+        // A window that asks at the key lets itself be closed by its cross.
+        constexpr int Volte = 10;
+        if (const QWidget* Davanti = QApplication::activeModalWidget();
+            Saluti % Volte == 0 && Davanti && Davanti->windowHandle()) {
+            Annota(u"congedo: chiudi "_s + NomeDi(Davanti));
+            Davanti->windowHandle()->close();
+            return;
+        }
         Annota(u"congedo: Esc"_s);
         Mani::Tasto(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, u"\x1b"_s);
         return;
