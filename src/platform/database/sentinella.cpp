@@ -48,6 +48,9 @@ int Esiste(sqlite3_vfs* Strato, const char* Nome, int Bandiere, int* Esito)
 const char* StratoFile()
 {
     static sqlite3_vfs Nostro = [] {
+        // Nobody asks how much the engine holds, and the count is a lock that all threads share at each
+        // allocation.
+        sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
         sqlite3_initialize();
         sqlite3_vfs Copia = *DelSistema();
         Copia.zName = "calcanova";
