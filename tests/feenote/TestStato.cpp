@@ -1,5 +1,6 @@
 // The state of a note: which event leads where, what a document that has gone out leaves behind.
 #include "nota_prova.h"
+#include "notadamille.h"
 
 #include "feenote/modAcconti.h"
 #include "feenote/modDatiStampa.h"
@@ -17,20 +18,9 @@ namespace {
 
 using Atto = std::function<void(Parcella&, Copertura&)>;
 
-/// One line of 1.000,00 with 15 % of general expenses, 4 % of fund, 22 % of VAT: 1.459,12 of net.
 Parcella Nota()
 {
-    Parcella Nuova;
-    Nuova.Stato = StatoDiNuova();
-    Nuova.xOnorari.AggiungiRiga();
-    Nuova.xOnorari(0, OnoImporto) = 1000.0;
-    Nuova.chkSpeseGen.Attiva = Nuova.chkCP.Attiva = Nuova.chkIva.Attiva = true;
-    Nuova.txtSpeGen.Testo = u"15"_s;
-    Nuova.txtCP.Testo = u"4"_s;
-    Nuova.txtIVA.Testo = u"22"_s;
-    RicordaStampa(Nuova);
-    ScegliTipoStampa(Nuova, StampaPrenotula);
-    return Nuova;
+    return NotaDaMille(StampaPrenotula);
 }
 constexpr double Netto = 1459.12;
 

@@ -1,5 +1,6 @@
 // The state of a note that prints with another one: what is open of both, while the other one is not at hand.
 #include "nota_prova.h"
+#include "notadamille.h"
 
 #include "feenote/modAcconti.h"
 #include "feenote/modStato.h"
@@ -41,17 +42,7 @@ void Associa(Parcella& Nota, const NotaAssociata& Altra)
 
 Parcella Sola()
 {
-    Parcella Nuova;
-    Nuova.Stato = StatoDiNuova();
-    Nuova.xOnorari.AggiungiRiga();
-    Nuova.xOnorari(0, OnoImporto) = 1000.0;
-    Nuova.chkSpeseGen.Attiva = Nuova.chkCP.Attiva = Nuova.chkIva.Attiva = true;
-    Nuova.txtSpeGen.Testo = u"15"_s;
-    Nuova.txtCP.Testo = u"4"_s;
-    Nuova.txtIVA.Testo = u"22"_s;
-    RicordaStampa(Nuova);
-    ScegliTipoStampa(Nuova, StampaPrenotula);
-    return Nuova;
+    return NotaDaMille(StampaPrenotula);
 }
 
 Parcella DiDue(double Pagato = 0)

@@ -1,5 +1,6 @@
 // An invoice and its credit note in one file: what has gone out before stands beside what has gone out last.
 #include "nota_prova.h"
+#include "notadamille.h"
 
 #include "feenote/modAcconti.h"
 #include "feenote/modDuplica.h"
@@ -16,17 +17,7 @@ constexpr double Netto = 1459.12;
 
 Parcella Nota()
 {
-    Parcella Nuova;
-    Nuova.Stato = StatoDiNuova();
-    Nuova.xOnorari.AggiungiRiga();
-    Nuova.xOnorari(0, OnoImporto) = 1000.0;
-    Nuova.chkSpeseGen.Attiva = Nuova.chkCP.Attiva = Nuova.chkIva.Attiva = true;
-    Nuova.txtSpeGen.Testo = u"15"_s;
-    Nuova.txtCP.Testo = u"4"_s;
-    Nuova.txtIVA.Testo = u"22"_s;
-    RicordaStampa(Nuova);
-    ScegliTipoStampa(Nuova, StampaFatturaAnalitica);
-    return Nuova;
+    return NotaDaMille(StampaFatturaAnalitica);
 }
 
 /// The invoice, or the credit note, of a number goes out as a file.
