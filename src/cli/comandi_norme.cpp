@@ -214,6 +214,36 @@ QString CodiceProcedimento(const Norme& Insieme, const QString& Scritto)
     return Testo;
 }
 
+/// What the law makes of a fee besides its kind, by the words of a call.
+struct VarianteContributo
+{
+    QStringView Parola;
+    bool RichiestaContributo::*Segno;
+    bool Valore = true;
+};
+
+constexpr std::array VariantiContributo{
+    VarianteContributo{u"ridotto", &RichiestaContributo::Dimezzato},
+    VarianteContributo{u"imprese", &RichiestaContributo::Imprese},
+    VarianteContributo{u"dati", &RichiestaContributo::OmessiDati},
+    VarianteContributo{u"respinta", &RichiestaContributo::Respinta},
+    VarianteContributo{u"lavoro", &RichiestaContributo::Lavoro},
+    VarianteContributo{u"senza-notifiche", &RichiestaContributo::Notifiche, false},
+};
+
+/// Words joined by commas, in any order.
+void SegnaVarianti(RichiestaContributo& Chiesto, const QString& Scritte)
+{
+    QStringList Parole;
+    for (const VarianteContributo& Una : VariantiContributo)
+        Parole << Una.Parola.toString();
+    for (const QString& Scritta : Scritte.split(u',', Qt::SkipEmptyParts)) {
+        const auto& [Parola, Segno, Valore] =
+            VariantiContributo[size_t(LeggiParola(u"varianti"_s, Scritta, Parole))];
+        Chiesto.*Segno = Valore;
+    }
+}
+
 RichiestaContributo LeggiContributo(const Norme& Insieme, const QStringList& Valori)
 {
     RichiestaContributo Chiesto;
@@ -225,21 +255,7 @@ RichiestaContributo LeggiContributo(const Norme& Insieme, const QStringList& Val
     if (!Valori.value(3).trimmed().isEmpty())
         Chiesto.Grado = GradoGiudizio(
             LeggiParola(u"grado"_s, Valori[3], {u"primo"_s, u"impugnazione"_s, u"cassazione"_s}));
-    for (const QString& Parola : Valori.value(4).split(u',', Qt::SkipEmptyParts)) {
-        const int Quale = LeggiParola(
-            u"varianti"_s, Parola,
-            {u"ridotto"_s, u"imprese"_s, u"dati"_s, u"respinta"_s, u"lavoro"_s, u"senza-notifiche"_s});
-        bool RichiestaContributo::*const Varianti[]{
-            &RichiestaContributo::Dimezzato, &RichiestaContributo::Imprese, &RichiestaContributo::OmessiDati,
-            &RichiestaContributo::Respinta};
-        if (size_t(Quale) < std::size(Varianti))
-            Chiesto.*Varianti[Quale] = true;
-        else
-            Chiesto.Notifiche = false;
-        // Labour cases pay half, but in cassation.
-        if (Parola.trimmed().compare(u"lavoro", Qt::CaseInsensitive) == 0)
-            Chiesto.Dimezzato = Chiesto.Grado != GradoGiudizio::Cassazione;
-    }
+    SegnaVarianti(Chiesto, Valori.value(4));
     if (const QString Quanti = Valori.value(5).trimmed(); !Quanti.isEmpty()) {
         const double Letti = Numero(u"ricorrenti"_s, Quanti);
         if (Letti != std::floor(Letti) || Letti < 1 || Letti > MassimoRicorrenti)

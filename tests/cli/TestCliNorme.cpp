@@ -81,6 +81,15 @@ void TestCliNorme::risposte_data()
     Riga("contributo, lavoro", Vigenti + u"contributo 6000 - 10/06/2025 primo lavoro"_s, u"118,50"_s);
     Riga("contributo, lavoro in cassazione", Vigenti + u"contributo 6000 - 10/06/2025 cassazione lavoro"_s,
          u"474,00"_s);
+    // The order of the words changes nothing, nor does one that the table has said already.
+    const QString Contributo = Vigenti + u"contributo 6000 %1 10/06/2025 %2 %3"_s;
+    for (const auto& [Grado, Dovuto] : {std::pair{u"primo"_s, u"118,50"_s}, {u"cassazione"_s, u"474,00"_s}})
+        for (const auto& [Tabella, Parole] : {std::pair{u"-"_s, u"lavoro,ridotto"_s},
+                                              {u"-"_s, u"ridotto,lavoro"_s},
+                                              {u"ridotto"_s, u"lavoro"_s},
+                                              {u"-"_s, u"lavoro"_s}})
+            Riga(qPrintable(u"%1, %2 %3"_s.arg(Grado, Tabella, Parole)),
+                 Contributo.arg(Tabella, Grado, Parole), Dovuto);
     Riga("contributo, per ricorrente", Vigenti + u"contributo - cittadinanza 10/06/2025 - - 3"_s,
          u"1.800,00"_s);
     Riga("mora, del programma", u"interessi mora 1000 Euro - 01/01/2020 31/12/2020"_s, u"70,19"_s);
@@ -259,6 +268,7 @@ void TestCliNorme::contributoSpiegato()
     };
     QCOMPARE(Aggiunte(u"imprese"_s), 27.0);
     QCOMPARE(Aggiunte(u"lavoro"_s), 0.0);
+    QCOMPARE(Aggiunte(u"lavoro,imprese"_s), 0.0);
     QCOMPARE(Aggiunte(u"senza-notifiche"_s), 0.0);
     QCOMPARE(Record[u"passi"].toArray()[1].toObject()[u"norma"].toString(),
              u"D.P.R. 115/2002, art. 13, comma 1-bis"_s);

@@ -167,10 +167,11 @@ private:
 
     void Varianti()
     {
-        if ((Richiesta.Dimezzato || Richiesta.Imprese) && !(Civile() && Voce->ConGradi))
+        const bool AMeta = Richiesta.Dimezzato || Richiesta.Lavoro;
+        if ((AMeta || Richiesta.Imprese) && !(Civile() && Voce->ConGradi))
             Rifiuta(u"%1: nessuna norma nota lo dimezza o lo raddoppia"_s.arg(Voce->Categoria));
-        if (Richiesta.Dimezzato)
-            Moltiplica(u"dimezzato");
+        if (AMeta)
+            Dimezza();
         if (Richiesta.Imprese)
             Moltiplica(u"imprese");
         if (Richiesta.Grado != GradoGiudizio::Primo)
@@ -182,6 +183,16 @@ private:
         if (Richiesta.Grado == GradoGiudizio::Primo)
             Rifiuta(u"L'altro importo per l'impugnazione respinta vale solo nelle impugnazioni"_s);
         Moltiplica(u"respinta");
+    }
+
+    /// Labour cases are halved in the degrees of merit alone; the row of the rule says so.
+    void Dimezza()
+    {
+        constexpr QStringView Codice = u"dimezzato";
+        if (!Richiesta.Lavoro || Richiesta.Grado != GradoGiudizio::Cassazione)
+            return Moltiplica(Codice);
+        const VoceContributo& Regola = PrimaDi(Codice);
+        Aggiungi(Regola.Categoria, Regola, Esito.ContributoEuro);
     }
 
     QString CodiceGrado() const
@@ -209,7 +220,7 @@ private:
 
     void Aggiunte()
     {
-        if (Richiesta.Notifiche && Voce->ConNotifiche)
+        if (Richiesta.Notifiche && !Richiesta.Lavoro && Voce->ConNotifiche)
             Esito.NotificheEuro = Aggiunta(CodiceNotifiche);
         if (Richiesta.Grado == GradoGiudizio::Cassazione)
             (void)Aggiunta(u"registro cassazione");

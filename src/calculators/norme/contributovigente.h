@@ -57,13 +57,16 @@ struct RichiestaContributo
     QDate Deposito;
     std::optional<double> ValoreEuro;  ///< of the case; for a bracketed fee
     GradoGiudizio Grado = GradoGiudizio::Primo;
-    bool Dimezzato = false;   ///< special proceedings, opposition to an order for payment, labour
+    bool Dimezzato = false;  ///< special proceedings, opposition to an order for payment
+    /// Employment or civil service, of a party that owes the fee at all: half of it (D.P.R. 115/2002, art.
+    /// 13, par. 3), the whole in cassation whatever else would halve it (art. 9, par. 1-bis), and never the
+    /// lump sum for notifications (art. 30, which spares the cases of L. 319/1958).
+    bool Lavoro = false;
     bool Imprese = false;     ///< specialised sections for enterprises
     bool OmessiDati = false;  ///< certified mail or fiscal code not stated
     bool Respinta = false;    ///< appeal refused: as much again
-    bool Notifiche =
-        true;  ///< with the lump sum for notifications, where it is owed at all; not in labour cases
-    int Ricorrenti = 1;  ///< for what is owed for each of them
+    bool Notifiche = true;    ///< with the lump sum for notifications, where it is owed at all
+    int Ricorrenti = 1;       ///< for what is owed for each of them
 };
 
 /// How the amount came about, a row for each norm.

@@ -27,6 +27,7 @@ RichiestaContributo Chiedi(const QString& Procedimento, const QDate& Deposito, c
     Chiesto.Imprese = Scelte.contains(u'm');
     Chiesto.OmessiDati = Scelte.contains(u'o');
     Chiesto.Respinta = Scelte.contains(u'r');
+    Chiesto.Lavoro = Scelte.contains(u'l');
     Chiesto.Notifiche = Scelte.contains(u'n');
     return Chiesto;
 }
@@ -62,7 +63,8 @@ private Q_SLOTS:
 };
 PROVA(TestContributoVigente);
 
-// Choices: i appeal, c cassation, d halved, m enterprises, o data omitted, r refused, n notifications.
+// Choices: i appeal, c cassation, d halved, m enterprises, o data omitted, r refused, l labour, n
+// notifications.
 void TestContributoVigente::importi_data()
 {
     QTest::addColumn<QString>("Procedimento");
@@ -95,6 +97,12 @@ void TestContributoVigente::importi_data()
     Riga("cassazione 2013, senza registro", u"civile", {2013, 12, 31}, 1000, u"c", u"74.00");
     Riga("a metà", u"civile", {2024, 1, 2}, 1000, u"d", u"21.50");
     Riga("a metà in appello", u"civile", {2024, 1, 2}, 1000, u"di", u"32.25");
+    Riga("lavoro", u"civile", {2024, 1, 2}, 1000, u"ln", u"21.50");
+    Riga("lavoro, procedimento speciale: una metà sola", u"civile", {2024, 1, 2}, 1000, u"ld", u"21.50");
+    Riga("lavoro in appello", u"civile", {2024, 1, 2}, 1000, u"lin", u"32.25");
+    Riga("lavoro in cassazione", u"civile", {2024, 1, 2}, 1000, u"lcn", u"86.00 + 200.00");
+    Riga("lavoro in cassazione, procedimento speciale", u"civile", {2024, 1, 2}, 1000, u"lcd",
+         u"86.00 + 200.00");
     Riga("imprese, vigilia", u"civile", {2012, 9, 21}, 1000, u"m", u"37.00");
     Riga("imprese, primo giorno", u"civile", {2012, 9, 22}, 1000, u"m", u"74.00");
     Riga("dati omessi, vigilia", u"civile", {2014, 6, 24}, 1000, u"o", u"37.00");
@@ -189,6 +197,9 @@ void TestContributoVigente::rifiuti_data()
     QTest::newRow("amministrativo a metà")
         << u"amministrativo"_s << Oggi << u"d"_s << Manca
         << u"Processo amministrativo, ordinario: nessuna norma nota lo dimezza o lo raddoppia"_s;
+    QTest::newRow("amministrativo del lavoro")
+        << u"amministrativo"_s << Oggi << u"l"_s << Manca
+        << u"Processo amministrativo, ordinario: nessuna norma nota lo dimezza o lo raddoppia"_s;
     QTest::newRow("respinta in primo grado")
         << u"civile"_s << Oggi << u"r"_s << 100.0
         << u"L'altro importo per l'impugnazione respinta vale solo nelle impugnazioni"_s;
@@ -239,6 +250,10 @@ void TestContributoVigente::passi()
                  .Passi[1]
                  .Nota,
              u"in vigore dal 01/01/2012"_s);
+    const PassoContributo Intero =
+        ContributoVigente(NormeConsegnate(), Chiedi(u"civile"_s, {2026, 11, 22}, u"lc"_s, 6000.0)).Passi[1];
+    QCOMPARE(Intero.Euro, 237.0);
+    QCOMPARE(Intero.Nota, u"Lavoro in cassazione: per intero."_s);
 }
 
 void TestContributoVigente::perCiascuno()
@@ -312,11 +327,12 @@ void TestContributoVigente::aCaso()
             Valore = Limiti[size_t(Sorte.bounded(6))] + Sorte.bounded(3) - 1;
         RichiestaContributo Chiesto = Chiedi(u"civile"_s, Quando, {}, double(Valore) / 100);
         Chiesto.Grado = GradoGiudizio(Sorte.bounded(3));
-        const int Bit = Sorte.bounded(32);
+        const int Bit = Sorte.bounded(64);
         Chiesto.Dimezzato = (Bit & 1) != 0;
         Chiesto.Imprese = (Bit & 2) != 0;
         Chiesto.OmessiDati = (Bit & 4) != 0;
         Chiesto.Notifiche = (Bit & 8) != 0;
+        Chiesto.Lavoro = (Bit & 32) != 0;
         Chiesto.Respinta = (Bit & 16) != 0 && Chiesto.Grado != GradoGiudizio::Primo;
 
         const size_t Legge = Quando < QDate(2011, 7, 6) ? 0 : Quando < QDate(2014, 6, 25) ? 1 : 2;
@@ -324,7 +340,7 @@ void TestContributoVigente::aCaso()
         while (Fascia < Limiti.size() && Valore > Limiti[Fascia])
             ++Fascia;
         qint64 Atteso = qint64(Euro[Legge][Fascia]) * 100;
-        if (Chiesto.Dimezzato)
+        if (Chiesto.Lavoro ? Chiesto.Grado != GradoGiudizio::Cassazione : Chiesto.Dimezzato)
             Atteso = Per(Atteso, 1, 2);
         if (Chiesto.Imprese && Quando >= QDate(2012, 9, 22))
             Atteso *= 2;
@@ -336,7 +352,7 @@ void TestContributoVigente::aCaso()
             Atteso = Per(Atteso, 3, 2);
         if (Chiesto.Respinta && Quando >= QDate(2013, 1, 31))
             Atteso *= 2;
-        qint64 Altro = !Chiesto.Notifiche ? 0 : Quando.year() < 2014 ? 800 : 2700;
+        qint64 Altro = !Chiesto.Notifiche || Chiesto.Lavoro ? 0 : Quando.year() < 2014 ? 800 : 2700;
         if (Chiesto.Grado == GradoGiudizio::Cassazione && Quando.year() >= 2014)
             Altro += 20000;
 
