@@ -171,7 +171,7 @@ TermineContato Contato(const RichiestaTermine& Richiesta, const EsitoTermine& Es
     return Nuovo;
 }
 
-/// Nuovos of the program's own chain, each with its road.
+/// Terms of the program's own chain, each with its road.
 QList<DataTrovata> DateDelProgramma(const QDate& Udienza, int Articolo, const OpzioniTermine& Opzioni)
 {
     QList<DataTrovata> Date;
