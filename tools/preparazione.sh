@@ -8,11 +8,11 @@ set -euo pipefail
 Radice=$(dirname -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")")
 
 Pacchetti=(build-essential cmake ninja-build ccache qt6-base-dev qt6-svg-dev libsqlite3-dev
-           libsodium-dev mdbtools-dev openssl shared-mime-info qt6-translations-l10n fonts-dejavu-core fonts-liberation poppler-utils)
-# What the tests alone read with: calendars by a library that is not the program's, electronic invoices by the
-# schema.
+           libsodium-dev mdbtools-dev shared-mime-info qt6-translations-l10n fonts-dejavu-core fonts-liberation)
+# What the tests alone use: they read PDFs back, calendars by a library that is not the program's, electronic invoices
+# by the schema, and make the certificates of a server of their own.
 # shellcheck disable=SC2034 # for those who source this file
-PacchettiProve=(python3-icalendar libxml2-utils)
+PacchettiProve=(openssl poppler-utils python3-icalendar libxml2-utils)
 
 Avvisa()
 {
@@ -121,10 +121,10 @@ PreparaAmbiente()
     fi
 }
 
-# What both commands begin with.
+# Prepara [PACKAGE...]: what every command begins with, with the packages that it alone needs.
 Prepara()
 {
-    InstallaPacchetti "${Pacchetti[@]}"
+    InstallaPacchetti "${Pacchetti[@]}" "$@"
     PreparaAmbiente
 }
 
