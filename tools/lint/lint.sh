@@ -6,7 +6,7 @@
 # shellcheck source=tools/lint/ortografia.sh
 source "${Radice:?}/tools/lint/ortografia.sh"
 
-PacchettiLint=(clang clang-format-14 clang-tidy cppcheck shellcheck hunspell hunspell-it)
+PacchettiLint=(git clang clang-format-14 clang-tidy cppcheck shellcheck hunspell hunspell-it)
 
 LintScript()
 {
