@@ -2,6 +2,7 @@
 
 #include "feenote/modFatturaXml.h"
 #include "feenote/modInterruttori.h"
+#include "feenote/modResti.h"
 #include "feenote/modTotali.h"
 #include "platform/base/regionale.h"
 #include "platform/system/orologio.h"
@@ -152,21 +153,31 @@ bool SenzaIva(const ImportiDocumento& Chiesti)
     return Chiesti.IVA != 0 && InCentesimi(Chiesti.Totale - Chiesti.RA - Chiesti.IVA) == Chiesti.Netto;
 }
 
-/// What is left of a document that has asked for something.
+/// A document that has asked for something, with all payments as it reckons them.
 /// @param ConSocio the payments of the associated note count
-double Resto(const Parcella& Nota, int Tipo, const ImportiDocumento& Chiesti, bool ConSocio)
+DocumentoDaPagare DaPagare(const Parcella& Nota, int Tipo, const ImportiDocumento& Chiesti, bool Storno,
+                           bool ConSocio)
 {
     DatiCatena Dati = CatenaPagata(Nota, Tipo);
+    const auto Lordi = [&Dati](const SommeAcconti& Acconti) {
+        Dati.Acconti = {};
+        const double Senza = CatenaFiscale(Dati).Netto;
+        Dati.Acconti = Acconti;
+        return Arrotonda2(Senza - CatenaFiscale(Dati).Netto);
+    };
+    const SommeAcconti Propri = SommaAcconti(Nota.xAcconti);
+    const SommeAcconti Tutti = Insieme(Propri, AccontiDi(SocioDellaNota(Nota).value_or(SocioTenuto())));
+    const double ConIva = Lordi(Tutti);
     if (SenzaIva(Chiesti))
         Dati.IVA.Vale = false;
-    Dati.Acconti = SommaAcconti(Nota.xAcconti);
-    if (const auto Socio = SocioDellaNota(Nota); Socio && ConSocio)
-        Dati.Acconti = Insieme(Dati.Acconti, AccontiDi(*Socio));
-    const double ConTutti = CatenaFiscale(Dati).Netto;
-    Dati.Acconti = {Chiesti.AccCorrispettivi, Chiesti.AccSpeseImp, Chiesti.AccSpeseEsenti};
-    const double Pagato = CatenaFiscale(Dati).Netto - ConTutti;  // since, taxes included
+    DocumentoDaPagare Suo{.Storno = Storno, .ConSocio = ConSocio, .Netto = Chiesti.Netto};
     // A payment that the document had taken away and that is no longer there raises nothing that was asked.
-    return std::clamp(InCentesimi(Chiesti.Netto - Pagato), 0.0, std::max(0.0, Chiesti.Netto));
+    Suo.Nominati = Lordi({Chiesti.AccCorrispettivi, Chiesti.AccSpeseImp, Chiesti.AccSpeseEsenti});
+    Suo.Propri = Lordi(Propri);
+    Suo.DelSocio = Lordi(Tutti) - Suo.Propri;
+    if (ConIva > 0 && Lordi(Tutti) > 0)
+        Suo.Quota = Lordi(Tutti) / ConIva;
+    return Suo;
 }
 
 /// A document has gone out that asks for money.
@@ -193,10 +204,11 @@ bool DocumentiSaldati(const Parcella& Nota)
         else if (!Resti.isEmpty())
             Resti.last() -= Netto;
     };
-    for (const DocumentoEmesso& Emesso : Tenuto.Emessi)
-        Conta(Emesso.Storno, RestoDi(Nota, Emesso), Emesso.Importi.Netto);
+    const QList<double> Tutti = RestiDellaNota(Nota);
+    for (qsizetype i = 0; i < Tenuto.Emessi.size(); ++i)
+        Conta(Tenuto.Emessi[i].Storno, Tutti[i], Tenuto.Emessi[i].Importi.Netto);
     if (Tenuto.Storno || HaChiesto(Tenuto))
-        Conta(Tenuto.Storno, RestoDellaNota(Nota), Tenuto.Importi->Netto);
+        Conta(Tenuto.Storno, Tutti.last(), Tenuto.Importi->Netto);
     return !Resti.isEmpty() &&
            std::ranges::all_of(Resti, [](double Resto) { return InCentesimi(Resto) <= 0; });
 }
@@ -440,13 +452,21 @@ ImportiDocumento ImportiDellaNota(const Parcella& Nota)
 
 double RestoDellaNota(const Parcella& Nota)
 {
-    return Resto(Nota, DocumentoDegliImporti(Nota), ImportiDellaNota(Nota),
-                 !Uscita(Nota.Stato) || Nota.Stato.ConSocio);
+    return RestiDellaNota(Nota).last();
 }
 
-double RestoDi(const Parcella& Nota, const DocumentoEmesso& Emesso)
+QList<double> RestiDellaNota(const Parcella& Nota)
 {
-    return Resto(Nota, Emesso.Documento, Emesso.Importi, Emesso.ConSocio);
+    const StatoTenuto& Tenuto = Nota.Stato;
+    QList<DocumentoDaPagare> Documenti;
+    for (const DocumentoEmesso& Uno : Tenuto.Emessi)
+        Documenti.append(DaPagare(Nota, Uno.Documento, Uno.Importi, Uno.Storno, Uno.ConSocio));
+    const bool Sola = !Uscita(Tenuto);
+    if (Sola)
+        Documenti.clear();  // nothing of a draft has gone out
+    Documenti.append(DaPagare(Nota, DocumentoDegliImporti(Nota), ImportiDellaNota(Nota),
+                              !Sola && Tenuto.Storno, Sola || Tenuto.ConSocio));
+    return RestiDeiDocumenti(Documenti);
 }
 
 bool UscitaConSocio(const Parcella& Nota)

@@ -52,11 +52,11 @@ bool SegueStato(Parcella& Nota, Copertura& Vista);
 [[nodiscard]] ImportiDocumento ImportiDellaNota(const Parcella& Nota);
 
 /// What is left of a document's net after the payments that it has not taken away itself, never below 0;
-/// whatever the state. Payments of the associated note count for a document of both, those seen last while
-/// nothing is associated.
+/// whatever the state. A payment is spent once: on what has gone out before first, see RestiDeiDocumenti.
+/// Payments of the associated note count for a document of both, those seen last while nothing is associated.
 [[nodiscard]] double RestoDellaNota(const Parcella& Nota);
-/// The same of one that has gone out before.
-[[nodiscard]] double RestoDi(const Parcella& Nota, const DocumentoEmesso& Emesso);
+/// The same of each document that counts, the oldest first: those of Stato.Emessi and, last, that one.
+[[nodiscard]] QList<double> RestiDellaNota(const Parcella& Nota);
 
 /// A document of this note and of the associated one has gone out.
 [[nodiscard]] bool UscitaConSocio(const Parcella& Nota);

@@ -96,11 +96,11 @@ void TestStatoStorni::pagatiDopo()
     Parcella Prova = Nota();
     Emetti(Prova, 12);
     Emetti(Prova, 13, true);
-    QCOMPARE(RestoDi(Prova, Prova.Stato.Emessi[0]), Netto);
+    QCOMPARE(RestiDellaNota(Prova)[0], Netto);
     Prova.xAcconti(NuovoAcconto(Prova), AccCorrispettivi) = 100.0;
-    QCOMPARE(RestoDi(Prova, Prova.Stato.Emessi[0]), 1332.24);
+    QCOMPARE(RestiDellaNota(Prova)[0], 1332.24);
     Prova.xAcconti(NuovoAcconto(Prova), AccCorrispettivi) = 5000.0;
-    QCOMPARE(RestoDi(Prova, Prova.Stato.Emessi[0]), 0.0);
+    QCOMPARE(RestiDellaNota(Prova)[0], 0.0);
 }
 
 /// Of a document of two notes the payments of the other one count too, as long as it is known.
@@ -122,7 +122,7 @@ void TestStatoStorni::unaParte()
     QVERIFY(!Prova.Stato.ConSocio);
     QVERIFY(UscitaConSocio(Prova));
     QVERIFY(Prova.Stato.Emessi[0].ConSocio);
-    QCOMPARE(RestoDi(Prova, Prova.Stato.Emessi[0]), 2 * Netto - 126.88);
+    QCOMPARE(RestiDellaNota(Prova)[0], 2 * Netto - 126.88);
     QCOMPARE(RestoDellaNota(Prova), Netto);
 }
 
@@ -241,7 +241,7 @@ void TestStatoStorni::pagataSoloInTutto()
     Emetti(Prova, 13, true);
     (void)SegueStato(Prova, Vista);
     QCOMPARE(Prova.Stato.Stato, Fatturata);
-    QCOMPARE(RestoDi(Prova, Prova.Stato.Emessi[0]), 1078.48);
+    QCOMPARE(RestiDellaNota(Prova)[0], 1078.48);
     QVERIFY(!Vista.Coperta);
     // 1.150,00 less 115,00 and 300,00.
     Prova.xAcconti(NuovoAcconto(Prova), AccCorrispettivi) = 735.0;
@@ -286,7 +286,7 @@ void TestStatoStorni::scissioneDeiPagamenti()
     Prova.FatturaXml.Scissione = false;
     QCOMPARE(RestoDellaNota(Prova), 0.0);
     Emetti(Prova, 13, true);
-    QCOMPARE(RestoDi(Prova, Prova.Stato.Emessi[0]), 0.0);
+    QCOMPARE(RestiDellaNota(Prova)[0], 0.0);
     // A pro-forma note asks for all of it.
     Parcella Prenotula = Nota();
     Prenotula.FatturaXml.Scissione = true;

@@ -255,12 +255,12 @@ void ScriviStato(const Parcella& Nota, MemoriaFile& Memoria)
     Metti(VoceStorno, Tenuto.Storno ? u"1"_s : QString());
     for (const StatoNota Stato : StatiNota)
         Metti(VoceGiorno(Stato), Tenuto.Giorni[size_t(Stato)]);
-    Metti(VoceImporti, Scritti(ImportiDellaNota(Nota), RestoDellaNota(Nota)));
+    const QList<double> Resti = RestiDellaNota(Nota);
+    Metti(VoceImporti, Scritti(ImportiDellaNota(Nota), Resti.last()));
     Metti(VoceFattura, Scritta(Tenuto.Numero, Tenuto.Data));
     for (qsizetype i = 0; i < MassimiEmessi; ++i)
-        Metti(VociEmessi[size_t(i)], i < Tenuto.Emessi.size()
-                                         ? Scritto(Tenuto.Emessi[i], RestoDi(Nota, Tenuto.Emessi[i]))
-                                         : QString());
+        Metti(VociEmessi[size_t(i)],
+              i < Tenuto.Emessi.size() ? Scritto(Tenuto.Emessi[i], Resti.value(i)) : QString());
     const std::optional<SocioTenuto> Socio = SocioDellaNota(Nota);
     Metti(VoceConSocio, Tenuto.ConSocio ? u"1"_s : QString());
     Metti(VoceSocio, Socio ? Scritto(*Socio) : QString());

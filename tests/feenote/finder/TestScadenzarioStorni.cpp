@@ -27,6 +27,7 @@ private Q_SLOTS:
     void copiata();
     void inCorso();
     void seguitaDaUnAltra();
+    void pagateInsieme();
     void citataAltrove();
     void inUnFileSuo();
     void colNumeroDelFoglio();
@@ -264,6 +265,26 @@ void TestScadenzarioStorni::seguitaDaUnAltra()
     (void)ScegliStato(Una, Pagata);
     Scrivi(Una);
     QCOMPARE(SommaAperto(Note).Aperto, 0.0);
+}
+
+/// A payment is spent once: rows, sums and word of the state say the same.
+void TestScadenzarioStorni::pagateInsieme()
+{
+    Parcella Una = Nota();
+    Emetti(Una, u"12"_s);
+    Una.xOnorari(0, OnoImporto) = 100.0;
+    Emetti(Una, u"13"_s, true);
+    Una.xOnorari(0, OnoImporto) = 1000.0;
+    Emetti(Una, u"14"_s);
+    // 1.035,00 are what the credit note leaves of the first.
+    Una.xAcconti(NuovoAcconto(Una), AccCorrispettivi) = 1135.0;
+    Scrivi(Una);
+    QCOMPARE(Tabella(), (QStringList{u"Fattura analitica|12|1150,00|1459,12|1313,21|0,00"_s,
+                                     u"Nota di credito|13|-115,00|-145,91|0,00|0,00"_s,
+                                     u"Fattura analitica|14|1150,00|1459,12|126,88|1332,24"_s}));
+    QCOMPARE(SommaAperto(Note), (ApertoTutto{1332.24, 1, 0, 0, {{Righe[0].Cliente, 1332.24, 1}}}));
+    QCOMPARE(ApertoDi(Righe[0]), std::optional(1332.24));
+    QCOMPARE(Righe[0].Dati.Stato.Stato, Fatturata);
 }
 
 /// A credit note that cites an invoice of another file takes that one back; the file's own stays owed.

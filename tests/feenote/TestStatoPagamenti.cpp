@@ -1,0 +1,295 @@
+// Two invoices that stand in one file: a payment is spent once, on the oldest of them first.
+#include "nota_prova.h"
+#include "notadamille.h"
+
+#include "feenote/modAcconti.h"
+#include "feenote/modFatturaXml.h"
+#include "feenote/modStato.h"
+#include "platform/system/orologio.h"
+
+using namespace Qt::StringLiterals;
+using enum StatoNota;
+
+namespace {
+
+constexpr double Netto = 1459.12;   ///< of 1.000,00
+constexpr double DiCento = 145.91;  ///< of 100,00
+constexpr double Cento = 126.88;    ///< a payment of 100,00 with fund and VAT
+constexpr double Cinquecento = 634.4;
+
+/// An invoice, or a credit note, of one line goes out.
+void Emetti(Parcella& Nota, int Numero, double Onorario, bool Credito = false)
+{
+    Nota.FatturaXml.Tipo = Credito ? u"TD04"_s : QString();
+    Nota.txtDatiPar[DatoNumFatt] = QString::number(Numero);
+    Nota.txtDatiPar[DatoDataFatt] = u"9/11/2026"_s;
+    Nota.xOnorari(0, OnoImporto) = Onorario;
+    SegnaFatturaScritta(Nota, u"IT1_%1.xml"_s.arg(Numero), QString::number(Numero));
+}
+
+void Paga(Parcella& Nota, double Importo)
+{
+    Nota.xAcconti(NuovoAcconto(Nota), AccCorrispettivi) = Importo;
+}
+
+/// Invoice 12, of which credit note 13 takes 100,00 back, and invoice 14.
+Parcella DueVive(double Primo = 1000.0, double Secondo = 1000.0)
+{
+    Parcella Nota = NotaDaMille(StampaFatturaAnalitica);
+    Emetti(Nota, 12, Primo);
+    Emetti(Nota, 13, 100.0, true);
+    Emetti(Nota, 14, Secondo);
+    return Nota;
+}
+
+QString Due(double Prima, double Seconda)
+{
+    return u"%1 %2"_s.arg(Prima, 0, 'f', 2).arg(Seconda, 0, 'f', 2);
+}
+
+/// What is left of invoice 12 and of invoice 14, before the credit note.
+QString Resti(const Parcella& Nota)
+{
+    return Due(RestiDellaNota(Nota)[0], RestoDellaNota(Nota));
+}
+
+}  // namespace
+
+class TestStatoPagamenti : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init()
+    {
+        AzzeraSessione();
+        InstallaOrologio([] { return QDateTime(QDate(2026, 11, 22), QTime(10, 0)); });
+    }
+    void cleanup() { InstallaOrologio({}); }
+    void primaLaPiuVecchia_data();
+    void primaLaPiuVecchia();
+    void piuDiTutte();
+    void pagataQuandoLoSonoTutte();
+    void stornataIntera();
+    void inAcconto();
+    void ilSaldoNominaLAcconto();
+    void treFatture();
+    void centesimi();
+    void scissionePrimaODopo();
+    void laCoppia();
+    void laCoppiaDopo();
+    void dueDellaCoppia();
+};
+PROVA(TestStatoPagamenti);
+
+void TestStatoPagamenti::primaLaPiuVecchia_data()
+{
+    QTest::addColumn<double>("Pagato");
+    QTest::addColumn<double>("Prima");
+    QTest::addColumn<double>("Seconda");
+    QTest::newRow("nothing") << 0.0 << Netto << Netto;
+    QTest::newRow("a part of the first") << 500.0 << Netto - Cinquecento << Netto;
+    // 1.150,00 less the 115,00 that were taken back
+    QTest::newRow("the first") << 1035.0 << DiCento << Netto;
+    QTest::newRow("the first and some of the next") << 1135.0 << DiCento << Netto - Cento;
+    QTest::newRow("both") << 2185.0 << DiCento << 0.0;
+}
+
+/// What the credit note takes back nobody pays: it goes to the next invoice.
+void TestStatoPagamenti::primaLaPiuVecchia()
+{
+    QFETCH(double, Pagato);
+    Parcella Prova = DueVive();
+    Paga(Prova, Pagato);
+    QFETCH(double, Prima);
+    QFETCH(double, Seconda);
+    QCOMPARE(Resti(Prova), Due(Prima, Seconda));
+}
+
+/// What nobody asked for goes to the invoice that was taken back, as if it were alone.
+void TestStatoPagamenti::piuDiTutte()
+{
+    Parcella Prova = DueVive();
+    Paga(Prova, 2235.0);
+    QCOMPARE(Resti(Prova), Due(82.47, 0.0));  // 50,00 with taxes: 63,44
+    Paga(Prova, 9000.0);
+    QCOMPARE(Resti(Prova), Due(0.0, 0.0));
+}
+
+void TestStatoPagamenti::pagataQuandoLoSonoTutte()
+{
+    Parcella Prova = DueVive();
+    Copertura Vista;
+    Paga(Prova, 1150.0);
+    QVERIFY(!SegueStato(Prova, Vista));
+    QCOMPARE(Prova.Stato.Stato, Fatturata);
+    Paga(Prova, 1035.0);
+    QVERIFY(SegueStato(Prova, Vista));
+    QCOMPARE(Prova.Stato.Stato, Pagata);
+    Prova.xAcconti.EliminaRiga(1);
+    QVERIFY(SegueStato(Prova, Vista));
+    QCOMPARE(Prova.Stato.Stato, Fatturata);
+}
+
+/// Of an invoice that was taken back whole nothing is owed: its payments are those of the next.
+void TestStatoPagamenti::stornataIntera()
+{
+    Parcella Prova = NotaDaMille(StampaFatturaAnalitica);
+    Emetti(Prova, 12, 1000.0);
+    Emetti(Prova, 13, 1000.0, true);
+    Emetti(Prova, 14, 1000.0);
+    Paga(Prova, 500.0);
+    QCOMPARE(Resti(Prova), Due(Netto, Netto - Cinquecento));
+    Paga(Prova, 650.0);
+    QCOMPARE(Resti(Prova), Due(Netto, 0.0));
+}
+
+/// The payment that an invoice names is its own: the next one, a short invoice that lists none, is not paid
+/// by it.
+void TestStatoPagamenti::inAcconto()
+{
+    Parcella Prova = NotaDaMille(StampaFatturaAnalitica);
+    Paga(Prova, 500.0);
+    Emetti(Prova, 12, 1000.0);
+    QCOMPARE(ImportiDellaNota(Prova).Netto, Netto - Cinquecento);
+    Emetti(Prova, 13, 100.0, true);
+    ScegliTipoStampa(Prova, StampaFatturaSintetica);
+    Prova.chkAcconti.Attiva = false;
+    Emetti(Prova, 14, 1000.0);
+    QCOMPARE(ImportiDellaNota(Prova).Netto, Netto);
+    QCOMPARE(Resti(Prova), Due(Netto - Cinquecento, Netto));
+    Paga(Prova, 100.0);
+    QCOMPARE(Resti(Prova), Due(Netto - Cinquecento - Cento, Netto));
+    // All of it was paid before it went out.
+    Parcella Saldata = NotaDaMille(StampaFatturaAnalitica);
+    Paga(Saldata, 1150.0);
+    Emetti(Saldata, 12, 1000.0);
+    ScegliTipoStampa(Saldata, StampaFatturaSintetica);
+    Emetti(Saldata, 13, 1.0, true);
+    Saldata.chkAcconti.Attiva = false;
+    Emetti(Saldata, 14, 1000.0);
+    QCOMPARE(Resti(Saldata), Due(0.0, Netto));
+}
+
+/// The final invoice takes away itself what was paid on account: it asks for the rest, and the payment is
+/// that of the invoice on account.
+void TestStatoPagamenti::ilSaldoNominaLAcconto()
+{
+    Parcella Prova = NotaDaMille(StampaFatturaAnalitica);
+    Emetti(Prova, 12, 500.0);
+    Emetti(Prova, 13, 100.0, true);
+    Paga(Prova, 460.0);
+    Emetti(Prova, 14, 1000.0);
+    QCOMPARE(ImportiDellaNota(Prova).Netto, 875.47);
+    QCOMPARE(Resti(Prova), Due(DiCento, 875.47));
+    Paga(Prova, 100.0);
+    QCOMPARE(Resti(Prova), Due(DiCento, 875.47 - Cento));
+}
+
+void TestStatoPagamenti::treFatture()
+{
+    Parcella Prova = DueVive();
+    Emetti(Prova, 15, 200.0, true);
+    Emetti(Prova, 16, 1000.0);
+    Paga(Prova, 1035.0 + 920.0 + 100.0);
+    QCOMPARE(RestiDellaNota(Prova)[0], DiCento);
+    QCOMPARE(RestiDellaNota(Prova)[2], 291.82);
+    QCOMPARE(RestoDellaNota(Prova),
+             1332.25);  // the taxes of 2.055,00 are a cent less than those of its parts
+    QCOMPARE(RestiDellaNota(Prova)[1], DiCento);  // no payment is a credit note's
+}
+
+/// What all invoices ask together pays them, though the taxes of the sum are two cents less.
+void TestStatoPagamenti::centesimi()
+{
+    Parcella Prova = NotaDaMille(StampaFatturaAnalitica);
+    Copertura Vista;
+    Emetti(Prova, 12, 101.0);
+    Emetti(Prova, 13, 10.0, true);
+    Emetti(Prova, 14, 101.0);
+    Paga(Prova, 104.65);
+    Paga(Prova, 116.15);
+    QCOMPARE(Resti(Prova), Due(14.59, 0.0));
+    QVERIFY(SegueStato(Prova, Vista));
+    QCOMPARE(Prova.Stato.Stato, Pagata);
+    // Ten cents less are a debt.
+    Prova.xAcconti(1, AccCorrispettivi) = 116.05;
+    QCOMPARE(Resti(Prova), Due(14.59, 0.14));
+}
+
+/// What pays an invoice without VAT brings the next one its VAT, and the other way round.
+void TestStatoPagamenti::scissionePrimaODopo()
+{
+    for (const bool Prima : {true, false}) {
+        Parcella Prova = NotaDaMille(StampaFatturaAnalitica);
+        Prova.FatturaXml.Scissione = Prima;
+        Emetti(Prova, 12, 1000.0);
+        Emetti(Prova, 13, 100.0, true);
+        Prova.FatturaXml.Scissione = !Prima;
+        Emetti(Prova, 14, 1000.0);
+        Paga(Prova, 1135.0);
+        QCOMPARE(Resti(Prova), Prima ? Due(119.6, Netto - Cento) : Due(DiCento, 1196.0 - 104.0));
+    }
+}
+
+/// Payments of the associated note pay what both have asked for, and nothing else.
+void TestStatoPagamenti::laCoppia()
+{
+    Parcella Prova = NotaDaMille(StampaFatturaAnalitica);
+    Prova.txtParcMultipla = u"altra"_s;
+    Prova.txtPathParcMult = u"/note/altra.mdb"_s;
+    Prova.Multi.TotOnorari = 1000;
+    Emetti(Prova, 12, 1000.0);
+    const int Riga = Prova.Multi.xAcconti.AggiungiRiga();
+    Prova.Multi.xAcconti(Riga, AccValuta) = u"E"_s;
+    Prova.Multi.xAcconti(Riga, AccCorrispettivi) = 1150.0;
+    TieniSocio(Prova);
+    Prova.txtParcMultipla.clear();
+    Prova.txtPathParcMult.clear();
+    Prova.Multi = {};
+    Emetti(Prova, 13, 100.0, true);
+    Emetti(Prova, 14, 1000.0);
+    QCOMPARE(Resti(Prova), Due(Netto, Netto));
+    Paga(Prova, 1035.0);
+    QCOMPARE(Resti(Prova), Due(DiCento, Netto));
+    Paga(Prova, 100.0);
+    QCOMPARE(Resti(Prova), Due(DiCento, Netto - Cento));
+}
+
+/// The other way round: what this note's payments leave of the invoice of both the associated note pays.
+void TestStatoPagamenti::laCoppiaDopo()
+{
+    Parcella Prova = NotaDaMille(StampaFatturaAnalitica);
+    Emetti(Prova, 12, 1000.0);
+    Emetti(Prova, 13, 100.0, true);
+    Prova.txtParcMultipla = u"altra"_s;
+    Prova.txtPathParcMult = u"/note/altra.mdb"_s;
+    Prova.Multi.TotOnorari = 1000;
+    Emetti(Prova, 14, 1000.0);
+    const int Riga = Prova.Multi.xAcconti.AggiungiRiga();
+    Prova.Multi.xAcconti(Riga, AccValuta) = u"E"_s;
+    Prova.Multi.xAcconti(Riga, AccCorrispettivi) = 100.0;
+    QCOMPARE(Resti(Prova), Due(Netto, 2 * Netto - Cento));
+    Paga(Prova, 1035.0);
+    QCOMPARE(Resti(Prova), Due(DiCento, 2 * Netto - Cento));
+    Paga(Prova, 100.0);
+    QCOMPARE(Resti(Prova), Due(DiCento, 2 * Netto - 2 * Cento));
+}
+
+/// Payments of the associated note are spent once as well.
+void TestStatoPagamenti::dueDellaCoppia()
+{
+    Parcella Prova = NotaDaMille(StampaFatturaAnalitica);
+    Prova.txtParcMultipla = u"altra"_s;
+    Prova.txtPathParcMult = u"/note/altra.mdb"_s;
+    Prova.Multi.TotOnorari = 1000;
+    Emetti(Prova, 12, 1000.0);
+    Emetti(Prova, 13, 100.0, true);  // with the associated note: 1.100,00
+    Emetti(Prova, 14, 1000.0);
+    const int Riga = Prova.Multi.xAcconti.AggiungiRiga();
+    Prova.Multi.xAcconti(Riga, AccValuta) = u"E"_s;
+    Prova.Multi.xAcconti(Riga, AccCorrispettivi) = 1000.0;
+    Paga(Prova, 135.0);
+    QCOMPARE(Resti(Prova), Due(2 * Netto - 1313.21, 2 * Netto - Cento));
+}
+
+#include "TestStatoPagamenti.moc"
