@@ -37,6 +37,14 @@ QString NumeroDellaFattura(const Parcella& Nota)
     return Numero.endsWith(Anno) ? Numero : Numero + Anno;
 }
 
+QString NumeroSenzaAnno(const QString& Numero, const QDate& Giorno)
+{
+    QString Pulito = Numero.simplified().toUpper();
+    if (const QString Anno = u'/' + QString::number(Giorno.year()); Pulito.endsWith(Anno))
+        Pulito.chop(Anno.size());
+    return Pulito;
+}
+
 bool NumeraFattura(Parcella& Nota)
 {
     if (!Nota.DatiPar(DatoNumFatt).isEmpty() || !Nota.DatiPar(DatoDataFatt).isEmpty()) {

@@ -9,6 +9,8 @@ constexpr int UltimoProgFatt = 32767;
 /// The number of the invoice as its paper and its electronic file bear it: with the year of its date behind
 /// it, unless it ends in that, has no digit or no date.
 [[nodiscard]] QString NumeroDellaFattura(const Parcella& Nota);
+/// The number of an invoice as it is compared: the box says "12", paper and electronic file "12/2026".
+[[nodiscard]] QString NumeroSenzaAnno(const QString& Numero, const QDate& Giorno);
 
 /// Number and date of the invoice from the counter, as the settings hold it now, and the day's date
 /// ("dd/mm/yyyy"); the note is then modified. A note that has either already, and a counter at its end, are

@@ -3,6 +3,7 @@
 #include "feenote/modFatturaXml.h"
 #include "feenote/modInterruttori.h"
 #include "feenote/modResti.h"
+#include "feenote/modStorno.h"
 #include "feenote/modTotali.h"
 #include "platform/base/regionale.h"
 #include "platform/system/orologio.h"
@@ -34,11 +35,6 @@ QString Giorno()
 QString& GiornoDi(StatoTenuto& Tenuto, StatoNota Stato)
 {
     return Tenuto.Giorni[size_t(Stato)];
-}
-
-bool ENotaDiCredito(const Parcella& Nota)
-{
-    return Nota.FatturaXml.Tipo == u"TD04";
 }
 
 /// What a document weighs as the one that the note has gone out by: none, one that asks nobody for money, one
@@ -288,10 +284,7 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
         Tenuto.Data = Ora.Data;
         Tenuto.ConSocio = Nota.Multipla();
         TieniSocio(Nota);
-        DatiCatena Dati = CatenaDelDocumento(Nota, Tipo);
-        if (Storno)
-            Dati.Acconti = {};  // a credit note takes its lines back; the payments are the invoice's
-        Tenuto.Importi = Importi(Dati, ConScissione(Nota, Tipo));
+        Tenuto.Importi = Importi(CatenaDelDocumento(Nota, Tipo), ConScissione(Nota, Tipo));
     }
     if (Verso > Tenuto.Stato) {
         Tenuto.Stato = Verso;

@@ -1,6 +1,7 @@
 #include "feenote/modTotali.h"
 
 #include "feenote/modAcconti.h"
+#include "feenote/modStorno.h"
 #include "platform/base/decimale.h"
 
 #include <algorithm>
@@ -87,12 +88,9 @@ SommeAcconti SommaAcconti(const TabellaRighe& Acconti)
 SommeAcconti CalcolaAcconti(const Parcella& Nota, int Tipo)
 {
     SommeAcconti Risultato;
-    const UsoAcconti Uso = TipoDi(Tipo).Acconti;
-    if (Uso == UsoAcconti::Mai || (Uso == UsoAcconti::SeEsposti && !Nota.chkAcconti.Attiva))
-        return Risultato;
-    Accumula(Risultato, Nota.xAcconti);
-    if (Nota.Multipla())
-        Accumula(Risultato, Nota.Multi.xAcconti);
+    const AccontiDetratti Detratti = AccontiDelDocumento(Nota, Tipo);
+    Accumula(Risultato, Detratti.Propri);
+    Accumula(Risultato, Detratti.Altri);
     return Risultato;
 }
 

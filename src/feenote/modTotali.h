@@ -42,7 +42,7 @@ struct SommeAcconti
 };
 /// Payments of the note, and of the associated one while there is one; lire converted one by one. They count
 /// whether or not the document lists them. All 0 for the court costs note, which knows no payments, and for
-/// a short invoice that does not list them: its total is the sum of its rows.
+/// a short invoice that does not list them: its total is the sum of its rows. See AccontiDelDocumento.
 [[nodiscard]] SommeAcconti CalcolaAcconti(const Parcella& Nota, int Tipo);
 /// Those of one list, whatever document they are for.
 [[nodiscard]] SommeAcconti SommaAcconti(const TabellaRighe& Acconti);

@@ -1,6 +1,7 @@
 #include "print/modCorpo.h"
 
 #include "feenote/modAcconti.h"
+#include "feenote/modStorno.h"
 #include "print/modRiepilogo.h"
 #include "print/modTestata.h"
 
@@ -177,12 +178,6 @@ void StampaAssociata(Superficie& vp, StatoStampa& Stato, const Parcella& Nota)
 
 // ---- payments
 
-bool MostraAcconti(const Parcella& Nota, int Tipo)
-{
-    const bool Qualcuno = !Nota.xAcconti.Vuota() || (Nota.Multipla() && !Nota.Multi.xAcconti.Vuota());
-    return Nota.chkAcconti.Vale() && TipoDi(Tipo).Acconti != UsoAcconti::Mai && Qualcuno;
-}
-
 bool ImportoAcconto(int Campo)
 {
     return Campo == AccCorrispettivi || Campo == AccSpeseImp || Campo == AccSpeseEsenti;
@@ -202,13 +197,15 @@ void ScriviAcconti(Superficie& vp, const Colonne& Tutte, const TabellaRighe& Rig
     }
 }
 
-void StampaAcconti(Superficie& vp, const Parcella& Nota, const SommeAcconti& Totali)
+void StampaAcconti(Superficie& vp, const Parcella& Nota, int Tipo, const SommeAcconti& Totali)
 {
+    const AccontiDetratti Acconti = AccontiDelDocumento(Nota, Tipo);
+    if (!Nota.chkAcconti.Vale() || (Acconti.Propri.Vuota() && Acconti.Altri.Vuota()))
+        return;
     const Colonne Tutte = PreparaColonne(Nota, TabellaStampa::Acconti);
     ApriTabella(vp, Tutte);
-    ScriviAcconti(vp, Tutte, Nota.xAcconti);
-    if (Nota.Multipla())
-        ScriviAcconti(vp, Tutte, Nota.Multi.xAcconti);
+    ScriviAcconti(vp, Tutte, Acconti.Propri);
+    ScriviAcconti(vp, Tutte, Acconti.Altri);
 
     const int RigaFiletto = AggiungiRigaTab(vp);
     AggiungiRigaTab(vp);
@@ -336,8 +333,7 @@ void StampaCorpo(Superficie& vp, StatoStampa& Stato, const Parcella& Nota, int T
         StampaAssociata(vp, Stato, Nota);
 
     Stato.Acconti = CalcolaAcconti(Nota, Tipo);
-    if (MostraAcconti(Nota, Tipo))
-        StampaAcconti(vp, Nota, Stato.Acconti);
+    StampaAcconti(vp, Nota, Tipo, Stato.Acconti);
 }
 
 void ChiudiTabella(Superficie& vp)

@@ -1,6 +1,7 @@
 #include "print/modFatture.h"
 
 #include "feenote/modAcconti.h"
+#include "feenote/modStorno.h"
 #include "platform/system/orologio.h"
 #include "print/modCorpo.h"
 #include "print/modLettere.h"
@@ -123,13 +124,12 @@ void ScriviAcconti(Superficie& vp, const TabellaRighe& Righe)
 
 void ScriviAcconti(Superficie& vp, const Parcella& Nota)
 {
-    const TabellaRighe Nessuno(AccColonne);
-    const TabellaRighe& Altri = Nota.Multipla() ? Nota.Multi.xAcconti : Nessuno;
-    if (!Nota.chkAcconti.Attiva || (Nota.xAcconti.Vuota() && Altri.Vuota()))
+    const AccontiDetratti Acconti = AccontiDelDocumento(Nota, StampaFatturaSintetica);
+    if (Acconti.Propri.Vuota() && Acconti.Altri.Vuota())
         return;
     ScriviRiga(vp, u"Acconti: "_s);
-    ScriviAcconti(vp, Nota.xAcconti);
-    ScriviAcconti(vp, Altri);
+    ScriviAcconti(vp, Acconti.Propri);
+    ScriviAcconti(vp, Acconti.Altri);
 }
 
 double Esenti(const Catena& Conti)

@@ -1,5 +1,5 @@
 // The electronic invoice from the command line: a note becomes a file, a file is looked at.
-#include "chiamata.h"
+#include "ufficio.h"
 
 #include "core/modTrasmissioni.h"
 #include "core/sessione.h"
@@ -28,93 +28,6 @@ QString Campione(const QString& Nome)
 {
     return FileDiProva(u"feenote/einvoice/esempi/"_s + Nome);
 }
-
-/// An office with its settings, an archive with one client, and a saved note that is linked to it.
-class Ufficio
-{
-public:
-    Ufficio()
-    {
-        Orologio = InstallaOrologio([] { return QDateTime(QDate(2026, 1, 20), QTime(10, 0)); });
-        const std::pair<QString, QString> Voci[] = {
-            {u"StudioNome"_s, u"Avv. Mario Rossi"_s},
-            {u"StudioPIva"_s, u"01234567897"_s},
-            {u"StudioCodFisc"_s, u"RSSMRA80A01H501U"_s},
-            {u"StudioTitolareNome"_s, u"Mario"_s},
-            {u"StudioTitolareCognome"_s, u"Rossi"_s},
-            {u"StudioVia"_s, u"Via della Prova"_s},
-            {u"StudioCivico"_s, u"1"_s},
-            {u"StudioCap"_s, u"00100"_s},
-            {u"StudioComune"_s, u"Roma"_s},
-            {u"StudioProv"_s, u"RM"_s},
-            {u"ProgTrasm"_s, u"0"_s},
-        };
-        for (const auto& [Chiave, Valore] : Voci)
-            SaveSetting(u"KR5"_s, u"Parametri"_s, Chiave, Valore);
-        sessione::PercorsoProg = ProgrammaDiProva();
-        QFile::copy(ProgrammaDiProva() + u"DatiStudio.mdb"_s, Archivio);
-        QFile::setPermissions(Archivio, QFile::ReadOwner | QFile::WriteOwner);
-        Recordset Righe = OpenDatabase(Archivio).OpenRecordset(u"clienti"_s);
-        Righe.AddNew();
-        for (const auto& [Colonna, Valore] : {std::pair{u"Nominativo"_s, u"Alfa S.r.l."_s},
-                                              {u"Indirizzo"_s, u"Via dell'Esempio 2"_s},
-                                              {u"Cap"_s, u"20100"_s},
-                                              {u"Citta"_s, u"Milano"_s},
-                                              {u"Prov"_s, u"MI"_s},
-                                              {u"PIva"_s, u"09876543217"_s},
-                                              {u"CodDestinatario"_s, u"ABC1234"_s}})
-            Righe.ImpostaValue(Colonna, Valore);
-        Righe.Update();
-        Righe.MoveLast();
-        Cliente = Righe.Value(u"ID"_s).toInt();
-    }
-    ~Ufficio() { InstallaOrologio(Orologio); }
-    Ufficio(const Ufficio&) = delete;
-    Ufficio& operator=(const Ufficio&) = delete;
-
-    /// A saved note: 1000,00 of fees, 15 % general expenses, 4 %, 22 %, 20 %.
-    [[nodiscard]] QString Nota(const std::function<void(Parcella&)>& Cambia = {}) const
-    {
-        Parcella Nuova;
-        NuovaParcella(Nuova);
-        Nuova.IDCli = Cliente;
-        Nuova.txtCliente.Testo = u"Alfa S.r.l."_s;
-        Nuova.txtOggetto.Testo = u"Rossi contro Bianchi"_s;
-        Nuova.cmbTipoStampa = StampaFatturaAnalitica;
-        Nuova.txtDatiPar[DatoNumFatt] = u"7"_s;
-        Nuova.txtDatiPar[DatoDataFatt] = u"15/01/2026"_s;
-        for (const auto& [Tick, Box, Percento] :
-             {std::tuple{&Parcella::chkSpeseGen, &Parcella::txtSpeGen, u"15"_s},
-              {&Parcella::chkCP, &Parcella::txtCP, u"4"_s},
-              {&Parcella::chkIva, &Parcella::txtIVA, u"22"_s},
-              {&Parcella::chkRA, &Parcella::txtRA, u"20"_s}}) {
-            (Nuova.*Tick).Attiva = true;
-            (Nuova.*Box).Testo = Percento;
-        }
-        const int Riga = Nuova.xOnorari.AggiungiRiga();
-        Nuova.xOnorari(Riga, OnoDescr) = u"Fase di studio"_s;
-        Nuova.xOnorari(Riga, OnoImporto) = 1000.0;
-        if (Cambia)
-            Cambia(Nuova);
-        RicordaStampa(Nuova);
-        const QString File = Cartella + u"nota.mdb"_s;
-        ScriviNota(File, Nuova);
-        return File;
-    }
-    [[nodiscard]] Esito Fattura(const QString& Nota, const QString& Uscita,
-                                const QStringList& Prima = {}) const
-    {
-        return Chiama(QStringList{u"--archivio"_s, Archivio} + Prima +
-                      QStringList{u"fattura"_s, Nota, Uscita});
-    }
-
-    QString Cartella = NuovaCartella();
-    QString Archivio = Cartella + u"DatiStudio.mdb"_s;
-    int Cliente = 0;
-
-private:
-    std::function<QDateTime()> Orologio;
-};
 
 }  // namespace
 

@@ -308,9 +308,16 @@ private:
                        u"Gli importi sono troppo grandi per una fattura elettronica."_s);
             return false;
         }
+        const bool Acconti = Conti.Dati.Acconti != SommeAcconti();
+        if (NotaDiCredito() && Acconti && Centesimi(Conti.Totale) <= 0) {
+            Note.Manca(CampoFattura::NotaAcconti,
+                       u"Tolti gli acconti la nota di credito è di %1 euro: cancellare quelli che la fattura "
+                       "stornata non aveva detratto."_s.arg(FormatNum(Conti.Totale)));
+            return false;
+        }
         if (Centesimi(Conti.Imponibile) < 0) {
             const QString Base = FormatNum(Conti.Imponibile);
-            if (Conti.Dati.Acconti == SommeAcconti())
+            if (!Acconti)
                 Note.Manca(CampoFattura::NotaOnorari,
                            u"L'imponibile della fattura è negativo: %1 euro."_s.arg(Base));
             else

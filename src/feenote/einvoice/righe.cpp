@@ -1,6 +1,7 @@
 #include "feenote/einvoice/righe.h"
 
 #include "feenote/modAcconti.h"
+#include "feenote/modStorno.h"
 
 using namespace Qt::StringLiterals;
 
@@ -127,12 +128,6 @@ void RigheAcconti(Elenco& Tutte, const TabellaRighe& Righe)
     }
 }
 
-bool ContanoGliAcconti(const Parcella& Nota, int Tipo)
-{
-    const UsoAcconti Uso = TipoDi(Tipo).Acconti;
-    return Uso == UsoAcconti::Sempre || (Uso == UsoAcconti::SeEsposti && Nota.chkAcconti.Attiva);
-}
-
 }  // namespace
 
 QString AddebitoBollo::Descrizione() const
@@ -167,10 +162,10 @@ bool HaFrazioni(const Parcella& Nota, int Tipo)
                 }
         return false;
     };
+    const AccontiDetratti Acconti = AccontiDelDocumento(Nota, Tipo);
     return Spezzato(InOrdine(Nota, Nota.xOnorari, Nota.Multi.xOnorari), {OnoImporto}, false) ||
            Spezzato(InOrdine(Nota, Nota.xDiritti, Nota.Multi.xDiritti), {DirImponibile, DirEsente}, false) ||
-           (ContanoGliAcconti(Nota, Tipo) && Spezzato(InOrdine(Nota, Nota.xAcconti, Nota.Multi.xAcconti),
-                                                      {AccCorrispettivi, AccSpeseImp, AccSpeseEsenti}, true));
+           Spezzato({&Acconti.Propri, &Acconti.Altri}, {AccCorrispettivi, AccSpeseImp, AccSpeseEsenti}, true);
 }
 
 QList<LineaFattura> LineeFattura(const Parcella& Nota, const Catena& Conti, const TrattamentoFiscale& Fisco,
@@ -181,10 +176,8 @@ QList<LineaFattura> LineeFattura(const Parcella& Nota, const Catena& Conti, cons
         RigheSintetica(Tutte, Conti, ConBollo);
     else
         RigheAnalitica(Tutte, Nota, Conti, ConBollo);
-    if (ContanoGliAcconti(Nota, Conti.Dati.Tipo)) {
-        RigheAcconti(Tutte, Nota.xAcconti);
-        if (Nota.Multipla())
-            RigheAcconti(Tutte, Nota.Multi.xAcconti);
-    }
+    const AccontiDetratti Acconti = AccontiDelDocumento(Nota, Conti.Dati.Tipo);
+    RigheAcconti(Tutte, Acconti.Propri);
+    RigheAcconti(Tutte, Acconti.Altri);
     return Tutte.Linee;
 }

@@ -1,5 +1,6 @@
 #include "feenote/finder/scadenzario.h"
 
+#include "feenote/modNumeraFattura.h"
 #include "feenote/modStato.h"
 #include "platform/base/fogliocsv.h"
 #include "platform/base/ordineitaliano.h"
@@ -78,15 +79,11 @@ QDate GiornoDi(const QString& Data)
 /// Client, number and date of an invoice; empty without a number or a date.
 QString Fattura(const VoceTrova& Nota, const QString& Numero, const QString& Data)
 {
-    QString Pulito = Numero.simplified().toUpper();
-    const QDate Giorno = Pulito.isEmpty() ? QDate() : GiornoDi(Data);
+    const QDate Giorno = Numero.isEmpty() ? QDate() : GiornoDi(Data);
     if (!Giorno.isValid())
         return {};
-    // The box says "12", paper and electronic file "12/2026".
-    if (const QString Anno = u'/' + QString::number(Giorno.year()); Pulito.endsWith(Anno))
-        Pulito.chop(Anno.size());
     const QString Chi = Nota.Dati.IDCli > 0 ? QString::number(Nota.Dati.IDCli) : u'\n' + Nota.Cliente;
-    return Chi + u'\n' + QString::number(Giorno.toJulianDay()) + u'\n' + Pulito;
+    return Chi + u'\n' + QString::number(Giorno.toJulianDay()) + u'\n' + NumeroSenzaAnno(Numero, Giorno);
 }
 
 /// Number and date of the invoice that has gone out. The record loses them as soon as it begins its credit

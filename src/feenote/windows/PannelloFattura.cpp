@@ -130,7 +130,7 @@ void PannelloFattura::CollegaScelte()
     // A credit note has number and date of its own, which the other boxes of the tab show.
     AlScegliere(ui->cmbTipoXml, [this](int, ModoScelta) {
         const QString Tipo = ui->cmbTipoXml->currentData().toString();
-        Cornice.Applica([&] { (void)CambiaTipoFattura(Nota, Tipo); });
+        Cornice.ApplicaStampa([&] { (void)CambiaTipoFattura(Nota, Tipo); });
     });
     for (const SegnoScelta& Voce : Segni)
         Collega<QAbstractButton>(ui.get()->*Voce.Segno, &QAbstractButton::clicked, this,

@@ -293,6 +293,13 @@ QList<Guasto> Guasti()
          u"L'imponibile della fattura è negativo: -11,50 euro"_s},
         {"acconti oltre i compensi", [](Pezzi& P) { Acconto(P.DaNota, 1150.01); }, NotaAcconti,
          u"Gli acconti superano compensi e spese imponibili: l'imponibile è -0,01 euro"_s},
+        {"nota di credito di cui gli acconti non lasciano niente",
+         [](Pezzi& P) {
+             P.Sua.Tipo = u"TD04"_s;
+             P.Sua.Collegate = {{u"6/2026"_s, QDate(2026, 1, 10), {}, {}}};
+             Acconto(P.DaNota, 1150);
+         },
+         NotaAcconti, u"Tolti gli acconti la nota di credito è di 0,00 euro: cancellare"_s},
         {"totale negativo",
          [](Pezzi& P) {
              Acconto(P.DaNota, 1150);

@@ -1,0 +1,118 @@
+// A credit note from the note of its invoice: the electronic file, the paper and the accountant's row say one
+// sum.
+#include "ufficio.h"
+
+#include "feenote/file/modLettura.h"
+#include "feenote/modAcconti.h"
+#include "platform/system/file.h"
+#include "supporto/registratore.h"
+
+#include <QDir>
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+class TestCliStorno : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { AzzeraSessione(); }
+    void unaSommaSola_data();
+    void unaSommaSola();
+};
+PROVA(TestCliStorno);
+
+namespace {
+
+void Paga(Parcella& Nota, double Compensi)
+{
+    const int Riga = NuovoAcconto(Nota);
+    Nota.xAcconti(Riga, AccDescr) = u"bonifico"_s;
+    Nota.xAcconti(Riga, AccCorrispettivi) = Compensi;
+}
+
+void Riscrivi(const QString& File, const std::function<void(Parcella&)>& Cambia)
+{
+    Registratore Messaggi;
+    Parcella Nota;
+    CaricaDati(Nota, File);
+    Cambia(Nota);
+    ScriviNota(File, Nota);
+}
+
+/// The only match of a pattern, its first group.
+QString Trovato(const QString& Testo, const QString& Forma)
+{
+    return QRegularExpression(Forma).match(Testo).captured(1);
+}
+
+}  // namespace
+
+void TestCliStorno::unaSommaSola_data()
+{
+    QTest::addColumn<double>("Prima");
+    QTest::addColumn<double>("Dopo");
+    QTest::addColumn<QString>("Totale");
+    QTest::newRow("paid in part") << 0.0 << 400.0 << u"1459.12"_s;
+    QTest::newRow("paid in full") << 0.0 << 1150.0 << u"1459.12"_s;
+    QTest::newRow("invoiced in part before") << 400.0 << 0.0 << u"951.60"_s;
+    QTest::newRow("invoiced in part before, and paid") << 400.0 << 750.0 << u"951.60"_s;
+}
+
+void TestCliStorno::unaSommaSola()
+{
+    QFETCH(double, Prima);
+    QFETCH(double, Dopo);
+    QFETCH(QString, Totale);
+    const Ufficio Qui;
+    const QString File = Qui.Nota([&](Parcella& Nota) {
+        Nota.chkAcconti.Attiva = true;
+        if (Prima != 0)
+            Paga(Nota, Prima);
+    });
+    const Esito Fattura = Qui.Fattura(File, Qui.Cartella + u"ITRSSMRA80A01H501U_00001.xml"_s);
+    QCOMPARE(Fattura.Guasti, QString());
+    Riscrivi(File, [&](Parcella& Nota) {
+        if (Dopo != 0)
+            Paga(Nota, Dopo);
+        Nota.FatturaXml.Tipo = u"TD04"_s;
+        Nota.FatturaXml.CitataNumero = u"7/2026"_s;
+        Nota.FatturaXml.CitataData = u"15/01/2026"_s;
+        Nota.txtDatiPar[DatoNumFatt] = u"8"_s;
+        Nota.txtDatiPar[DatoDataFatt] = u"20/01/2026"_s;
+    });
+    const QString Carta = Qui.Cartella + u"carta.txt"_s;
+    const QString Virgola = QString(Totale).replace(u'.', u',');
+    const int Detratti = Prima != 0 ? 1 : 0;
+    const auto DellaCarta = [&] {
+        QStringList Dette;
+        for (const QString& Tipo : {u"2"_s, u"3"_s}) {
+            const Esito Stampata = Chiama({u"--archivio"_s, Qui.Archivio, u"stampa"_s, File, Tipo, Carta});
+            const QString Testo = QString::fromUtf8(LeggiFile(Carta));
+            Dette += Stampata.Guasti +
+                     Trovato(Testo, u"(?:TOTALE EURO|Totale fattura: euro)\\s+([0-9.,]+)"_s).remove(u'.') +
+                     u' ' + QString::number(Testo.count(u"bonifico"_s));
+        }
+        return Dette;
+    };
+    const QString Attesa = Virgola + u' ' + QString::number(Detratti);
+    QCOMPARE(DellaCarta(), (QStringList{Attesa, Attesa}));
+    const Esito Credito = Qui.Fattura(File, Qui.Cartella + u"ITRSSMRA80A01H501U_00002.xml"_s);
+    QCOMPARE(Credito.Guasti, QString());
+    QCOMPARE(DellaCarta(), (QStringList{Attesa, Attesa}));
+    QStringList Totali;
+    for (const QString& Nome : QDir(Qui.Cartella).entryList({u"IT*.xml"_s}, QDir::Files, QDir::Name)) {
+        const QString Xml = QString::fromUtf8(LeggiFile(Qui.Cartella + Nome));
+        Totali += Trovato(Xml, u"<ImportoTotaleDocumento>([^<]+)"_s);
+        QCOMPARE(Xml.count(u"bonifico"_s), Detratti);
+    }
+    QCOMPARE(Totali, (QStringList{Totale, Totale}));
+    const QString Righe = Chiama({u"--archivio"_s, Qui.Archivio, u"scadenzario"_s, Qui.Cartella}).Uscita;
+    const QStringList Celle = Righe.split(u'\n').filter(u"Nota di credito"_s).join(QString()).split(u'|');
+    QCOMPARE(Celle.value(13), u'-' + Virgola);
+    const QStringList Fatture = Righe.split(u'\n').filter(u"Fattura analitica"_s);
+    QCOMPARE(Fatture.size(), 1);
+    QCOMPARE(Fatture.first().split(u'|').value(13), Virgola);
+}
+
+#include "TestCliStorno.moc"
