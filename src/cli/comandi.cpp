@@ -1,10 +1,8 @@
 #include "cli/comandi.h"
 
 #include "cli/letture.h"
-#include "cli/riga.h"
 #include "core/modAvvio.h"
 #include "core/sessione.h"
-#include "feenote/finder/scadenzario.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/system/impostazioni.h"
@@ -110,11 +108,11 @@ const ComandoCli* CercaComando(const QString& Nome)
 
 QString Aiuto()
 {
-    QString Testo = u"Uso: calcanova-cli [--programma DIR] [--utente DIR] [--json] [--batch] [--righe] "
-                    "[--multipla NOTA [--prima]] [--archivio FILE] [--in TABELLA [--prova]] "
-                    "[--csv FILE | --vcard FILE] [--stato STATO] [--tariffa 140|55] [--norme "
-                    "programma|vigenti] [--spiega] "
-                    "[--ics FILE] [--controlla] [--leggi] COMANDO VALORI...\n\n"_s;
+    QString Testo = u"Uso: calcanova-cli"_s;
+    for (const RigaOpzione& Una : Opzioni())
+        if (Una.Codice != Opzione::Aiuto)
+            Testo += u" [%1]"_s.arg(u"%1 %2"_s.arg(Una.Parola, Una.Valore).trimmed());
+    Testo += u" COMANDO VALORI...\n\n"_s;
     for (const ComandoCli& Comando : ComandiCli())
         Testo += u"  "_s + Comando.Nome.toString().leftJustified(12) + Comando.Valori.toString() + u'\n';
     return Testo +
@@ -124,7 +122,8 @@ QString Aiuto()
 /// Where the names of a file go into the archive, or a file or a code is looked at, nothing further is named.
 void ControllaNumero(const ComandoCli& Comando, const QStringList& Valori, const RigaComando& Chiamata)
 {
-    const bool UnFile = !Chiamata.In.isEmpty() || Chiamata.Controlla || Chiamata.Leggi;
+    const bool UnFile =
+        Chiamata.Ha(Opzione::In) || Chiamata.Ha(Opzione::Controlla) || Chiamata.Ha(Opzione::Leggi);
     if (Valori.size() < (UnFile ? 1 : Comando.Minimo) || Valori.size() > (UnFile ? 1 : Comando.Massimo))
         throw ErroreUso{u"Uso: calcanova-cli %1 %2"_s.arg(Comando.Nome, Comando.Valori)};
 }
@@ -136,22 +135,23 @@ void PreparaSessione(const RigaComando& Riga)
     const auto Salvato = [](const QString& Chiave) {
         return GetSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave);
     };
-    if (!Riga.Programma.isEmpty()) {
-        sessione::PercorsoProg = Barra(Riga.Programma);
+    if (Riga.Ha(Opzione::Programma)) {
+        sessione::PercorsoProg = Barra(Riga.Di(Opzione::Programma));
         if (Salvato(u"ArchivioCliCon"_s).isEmpty())
             sessione::ArchivioCliCon = sessione::PercorsoProg + u"DatiStudio.mdb"_s;
     }
-    if (!Riga.Archivio.isEmpty())
-        sessione::ArchivioCliCon = Riga.Archivio;
-    if (!Riga.Utente.isEmpty())
-        sessione::UserFolder = Barra(Riga.Utente);
+    if (Riga.Ha(Opzione::Archivio))
+        sessione::ArchivioCliCon = Riga.Di(Opzione::Archivio);
+    if (Riga.Ha(Opzione::Utente))
+        sessione::UserFolder = Barra(Riga.Di(Opzione::Utente));
 }
 
 QByteArray Riga(const Risposta& Esito, const RigaComando& Chiamata)
 {
-    if (Chiamata.Json)
+    if (Chiamata.Ha(Opzione::Json))
         return QJsonDocument(Esito.Record).toJson(QJsonDocument::Compact) + '\n';
-    const QString Righe = Chiamata.Righe && !Esito.Righe.isEmpty() ? u'|' + Esito.Righe : QString();
+    const QString Righe =
+        Chiamata.Ha(Opzione::Righe) && !Esito.Righe.isEmpty() ? u'|' + Esito.Righe : QString();
     return (Esito.Testo + Righe).toUtf8() + '\n';
 }
 
@@ -195,85 +195,94 @@ private:
     bool Critico = false;
 };
 
-/// A command that can join another note, without one.
+// ---- rows of the table ------------------------------------------------------------------------------
+
+template <Risposta (*Comando)(const QStringList&)>
+Risposta DaSolo(const QStringList& Valori, const RigaComando&)
+{
+    return Comando(Valori);
+}
+
+NotaMultipla MultiplaDi(const RigaComando& Chiamata)
+{
+    return {Chiamata.Di(Opzione::Multipla), Chiamata.Ha(Opzione::Prima)};
+}
+
 template <Risposta (*Comando)(const QStringList&, const NotaMultipla&)>
-Risposta DaSolo(const QStringList& Valori)
+Risposta ConMultipla(const QStringList& Valori, const RigaComando& Chiamata)
 {
-    return Comando(Valori, {});
+    return Comando(Valori, MultiplaDi(Chiamata));
 }
 
-/// A command that follows norms.
-ComandoCli PerNorme(QStringView Nome, QStringView Valori, int Minimo, int Massimo,
-                    Risposta (*Comando)(const QStringList&, const NormeChieste&))
+template <Risposta (*Comando)(const QStringList&, const NormeChieste&)>
+Risposta PerNorme(const QStringList& Valori, const RigaComando& Chiamata)
 {
-    ComandoCli Riga{Nome, Valori, Minimo, Massimo, false, {}};
-    Riga.Esegui = [Comando](const QStringList& Dati) { return Comando(Dati, {}); };
-    Riga.ConNorme = Comando;
-    return Riga;
+    return Comando(
+        Valori, {Chiamata.Di(Opzione::Norme) == u"vigenti" ? InsiemeNorme::Vigenti : InsiemeNorme::Programma,
+                 Chiamata.Ha(Opzione::Spiega), Chiamata.Di(Opzione::Ics),
+                 !Chiamata.Ha(Opzione::Json) && !Chiamata.Ha(Opzione::Spiega)});
 }
 
-ComandoCli ConStrada(ComandoCli Comando)
+Risposta Fattura(const QStringList& Valori, const RigaComando& Chiamata)
 {
-    Comando.SpiegaNorme = Comando.InAgenda = true;
-    return Comando;
+    return Chiamata.Ha(Opzione::Controlla) ? ComandoControllaFattura(Valori)
+                                           : ComandoFattura(Valori, MultiplaDi(Chiamata));
 }
 
-ComandoCli DiLegge(ComandoCli Comando)
+Risposta Scadenzario(const QStringList& Valori, const RigaComando& Chiamata)
 {
-    Comando.SoloVigenti = true;
-    return Comando;
+    return ComandoScadenzario(Valori, Chiamata.Di(Opzione::Stato), Chiamata.Di(Opzione::Csv));
 }
 
-ComandoCli ConSpiegazione(ComandoCli Comando)
+Risposta Rubrica(const QStringList& Valori, const RigaComando& Chiamata)
 {
-    Comando.SpiegaNorme = true;
-    return Comando;
+    if (Chiamata.Ha(Opzione::Csv))
+        return ComandoEsporta(Valori, Chiamata.Di(Opzione::Csv), false);
+    if (Chiamata.Ha(Opzione::Vcard))
+        return ComandoEsporta(Valori, Chiamata.Di(Opzione::Vcard), true);
+    return ComandoRubrica(Valori);
 }
 
-ComandoCli ConRighe(ComandoCli Comando)
+Risposta Importa(const QStringList& Valori, const RigaComando& Chiamata)
 {
-    Comando.HaRighe = true;
-    return Comando;
+    return Chiamata.Ha(Opzione::In)
+               ? ComandoImportaIn(Valori, Chiamata.Di(Opzione::In), Chiamata.Ha(Opzione::Prova))
+               : ComandoImporta(Valori);
 }
 
-/// What of a call means nothing to its command. @throws ErroreUso
-void ControllaNorme(const ComandoCli& Comando, const RigaComando& Chiamata)
+Risposta Voci(const QStringList& Valori, const RigaComando& Chiamata)
 {
-    const auto Vuole = [&](bool Chiesta, bool Vale, const QString& Opzione) {
-        if (Chiesta && !Vale)
-            throw ErroreUso{u"L'opzione %1 non vale per il comando %2"_s.arg(Opzione, Comando.Nome)};
-    };
-    Vuole(!Chiamata.Norme.isEmpty(), bool(Comando.ConNorme), u"--norme"_s);
-    if (Comando.SoloVigenti && Chiamata.Norme == u"programma")
-        throw ErroreUso{u"Il comando %1 segue soltanto le norme vigenti"_s.arg(Comando.Nome)};
-    Vuole(Chiamata.Spiega, Comando.SpiegaNorme, u"--spiega"_s);
-    Vuole(!Chiamata.Ics.isEmpty(), Comando.InAgenda, u"--ics"_s);
+    const Decreto* Legge = DecretoDi(Chiamata.Di(Opzione::Tariffa));
+    return ComandoVoci(Valori, Legge ? *Legge : Dm140);
 }
 
-NormeChieste NormeDi(const RigaComando& Chiamata)
+Risposta CodFis(const QStringList& Valori, const RigaComando& Chiamata)
 {
-    return {Chiamata.Norme == u"vigenti" ? InsiemeNorme::Vigenti : InsiemeNorme::Programma, Chiamata.Spiega,
-            Chiamata.Ics, !Chiamata.Json && !Chiamata.Spiega};
+    return Chiamata.Ha(Opzione::Leggi) ? ComandoLeggiCodFis(Valori) : ComandoCodFis(Valori);
 }
 
-Risposta Esegui(const ComandoCli& Comando, const RigaComando& Chiamata, const QStringList& Valori)
+void SoloNormeVigenti(const RigaComando& Chiamata)
 {
-    if (Comando.ConNorme)
-        return Comando.ConNorme(Valori, NormeDi(Chiamata));
-    if (Chiamata.Controlla)
-        return Comando.Controllo(Valori);
-    if (Chiamata.Leggi)
-        return Comando.Lettura(Valori);
-    if (!Chiamata.In.isEmpty())
-        return Comando.InArchivio(Valori, Chiamata.In, Chiamata.Prova);
-    if (!Chiamata.Tariffa.isEmpty())
-        return Comando.ConTariffa(Valori, *DecretoDi(Chiamata.Tariffa));
-    if (Comando.ConStato)
-        return Comando.ConStato(Valori, Chiamata.Stato, Chiamata.Esporta);
-    if (!Chiamata.Esporta.isEmpty())
-        return Comando.InFile(Valori, Chiamata.Esporta, Chiamata.InSchede);
-    return Chiamata.Multipla.isEmpty() ? Comando.Esegui(Valori)
-                                       : Comando.ConMultipla(Valori, {Chiamata.Multipla, Chiamata.Prima});
+    if (Chiamata.Di(Opzione::Norme) == u"programma")
+        throw ErroreUso{u"Il comando %1 segue soltanto le norme vigenti"_s.arg(Chiamata.Comando)};
+}
+
+/// A copy has nothing to do with the office's archive.
+void ArchivioSoloConIn(const RigaComando& Chiamata)
+{
+    if (Chiamata.Ha(Opzione::Archivio) && !Chiamata.Ha(Opzione::In))
+        throw ErroreUso{
+            u"Con il comando %1 l'opzione --archivio vale solo con --in."_s.arg(Chiamata.Comando)};
+}
+
+/// What of a call would mean nothing to its command. @throws ErroreUso
+void ControllaOpzioni(const ComandoCli& Comando, const RigaComando& Chiamata)
+{
+    for (const RigaOpzione& Una : Opzioni())
+        if (Chiamata.Ha(Una.Codice) && !Una.Ovunque && !Comando.Opzioni.contains(Una.Codice))
+            throw ErroreUso{u"L'opzione %1 non vale per il comando %2"_s.arg(Una.Parola, Comando.Nome)};
+    if (Comando.Rifiuta)
+        Comando.Rifiuta(Chiamata);
 }
 
 int EseguiUno(const ComandoCli& Comando, const RigaComando& Chiamata, VoceCli& Voce,
@@ -282,7 +291,7 @@ int EseguiUno(const ComandoCli& Comando, const RigaComando& Chiamata, VoceCli& V
 {
     ControllaNumero(Comando, Chiamata.Valori, Chiamata);
     try {
-        const Risposta Esito = Esegui(Comando, Chiamata, Chiamata.Valori);
+        const Risposta Esito = Comando.Esegui(Chiamata.Valori, Chiamata);
         Uscita(Riga(Esito, Chiamata));
         return Esito.Fallita || Voce.Guasto() ? 1 : 0;
     } catch (...) {
@@ -297,7 +306,7 @@ Risposta RispostaCaso(const ComandoCli& Comando, const RigaComando& Chiamata, co
     try {
         const QStringList Valori = DividiCaso(Caso, Comando.DivideAllUltimo);
         ControllaNumero(Comando, Valori, Chiamata);
-        return Esegui(Comando, Chiamata, Valori);
+        return Comando.Esegui(Valori, Chiamata);
     } catch (const ErroreUso& Uso) {
         return {u"errore: "_s + Uso.Testo, {{u"errore"_s, Uso.Testo}}, true};
     } catch (...) {
@@ -325,77 +334,91 @@ int EseguiTutti(const ComandoCli& Comando, const RigaComando& Chiamata,
 
 std::span<const ComandoCli> ComandiCli()
 {
+    using enum Opzione;
     static const std::array Tabella{
-        ComandoCli{u"lettere", u"IMPORTO", 1, 1, false, ComandoLettere},
-        ComandoCli{u"espressione", u"TESTO [X]", 1, 2, true, ComandoEspressione},
-        ComandoCli{u"formato", u"MODELLO VALORE", 2, 2, true, ComandoFormato},
+        ComandoCli{u"lettere", u"IMPORTO", 1, 1, DaSolo<ComandoLettere>},
+        ComandoCli{.Nome = u"espressione",
+                   .Valori = u"TESTO [X]",
+                   .Minimo = 1,
+                   .Massimo = 2,
+                   .Esegui = DaSolo<ComandoEspressione>,
+                   .DivideAllUltimo = true},
+        ComandoCli{.Nome = u"formato",
+                   .Valori = u"MODELLO VALORE",
+                   .Minimo = 2,
+                   .Massimo = 2,
+                   .Esegui = DaSolo<ComandoFormato>,
+                   .DivideAllUltimo = true},
         ComandoCli{
             u"tasse",
             u"ONORARI SPESE_IMP SPESE_ESENTI ACC_CORR ACC_SPESE_IMP ACC_SPESE_ESENTI SPESE_GEN% CP% IVA% RA% "
             u"[TIPO [REGIME]]",
-            10, 12, false, ComandoTasse},
-        ComandoCli{u"riepilogo", u"NOTA.mdb [TIPO]", 1, 2, false, DaSolo<ComandoRiepilogo>, false,
-                   ComandoRiepilogo},
-        ComandoCli{u"crea", u"DESCRIZIONE.json NOTA.mdb", 2, 2, false, ComandoCrea},
-        ComandoCli{u"nota", u"NOTA.mdb", 1, 1, false, ComandoNota},
-        ComandoCli{u"stampa", u"NOTA.mdb TIPO USCITA.txt|.pdf|.doc|.htm", 3, 3, false, DaSolo<ComandoStampa>,
-                   false, ComandoStampa},
-        ComandoCli{.Nome = u"fattura",
-                   .Valori = u"NOTA.mdb USCITA.xml | --controlla FILE.xml",
-                   .Minimo = 2,
-                   .Massimo = 2,
-                   .DivideAllUltimo = false,
-                   .Esegui = DaSolo<ComandoFattura>,
-                   .ConMultipla = ComandoFattura,
-                   .Controllo = ComandoControllaFattura},
-        ComandoCli{u"trova", u"CARTELLA [TESTO [SOTTOCARTELLE]]", 1, 3, false, ComandoTrova},
-        ComandoCli{.Nome = u"scadenzario",
-                   .Valori = u"CARTELLA [SOTTOCARTELLE]",
-                   .Minimo = 1,
-                   .Massimo = 2,
-                   .DivideAllUltimo = false,
-                   .Esegui = {},
-                   .ConStato = ComandoScadenzario},
-        ComandoCli{.Nome = u"rubrica",
-                   .Valori = u"TABELLA [TESTO]",
-                   .Minimo = 1,
-                   .Massimo = 2,
-                   .DivideAllUltimo = false,
-                   .Esegui = ComandoRubrica,
-                   .InFile = ComandoEsporta},
+            10, 12, DaSolo<ComandoTasse>},
+        ComandoCli{u"riepilogo",
+                   u"NOTA.mdb [TIPO]",
+                   1,
+                   2,
+                   ConMultipla<ComandoRiepilogo>,
+                   {Multipla, Prima, Archivio}},
+        ComandoCli{u"crea", u"DESCRIZIONE.json NOTA.mdb", 2, 2, DaSolo<ComandoCrea>},
+        ComandoCli{u"nota", u"NOTA.mdb", 1, 1, DaSolo<ComandoNota>, {Archivio}},
+        ComandoCli{u"stampa",
+                   u"NOTA.mdb TIPO USCITA.txt|.pdf|.doc|.htm",
+                   3,
+                   3,
+                   ConMultipla<ComandoStampa>,
+                   {Multipla, Prima, Archivio}},
+        ComandoCli{u"fattura",
+                   u"NOTA.mdb USCITA.xml | --controlla FILE.xml",
+                   2,
+                   2,
+                   Fattura,
+                   {Multipla, Prima, Archivio, Controlla}},
+        ComandoCli{u"trova", u"CARTELLA [TESTO [SOTTOCARTELLE]]", 1, 3, DaSolo<ComandoTrova>, {Archivio}},
+        ComandoCli{u"scadenzario", u"CARTELLA [SOTTOCARTELLE]", 1, 2, Scadenzario, {Archivio, Stato, Csv}},
+        ComandoCli{u"rubrica", u"TABELLA [TESTO]", 1, 2, Rubrica, {Archivio, Csv, Vcard}},
         ComandoCli{.Nome = u"importa",
                    .Valori = u"FILE USCITA | FILE --in TABELLA",
                    .Minimo = 2,
                    .Massimo = 2,
-                   .DivideAllUltimo = false,
-                   .Esegui = ComandoImporta,
-                   .InArchivio = ComandoImportaIn},
-        ComandoCli{.Nome = u"voci",
-                   .Valori = u"CATEGORIA AUTORITA VALORE",
-                   .Minimo = 3,
-                   .Massimo = 3,
-                   .DivideAllUltimo = false,
-                   .Esegui = [](const QStringList& Valori) { return ComandoVoci(Valori, Dm140); },
-                   .ConTariffa = ComandoVoci},
-        ConStrada(PerNorme(u"termini",
-                           u"DECORRENZA NUMERO TIPO [SOSPENSIONE [LIBERO [SABATO [VERSO [MATERIA]]]]]", 3, 8,
-                           ComandoTermini)),
-        ConStrada(
-            PerNorme(u"sequenziali", u"UDIENZA ARTICOLO [SOSPENSIONE [SABATO]]", 2, 4, ComandoSequenziali)),
-        ComandoCli{u"ricorrenti", u"[TESTO]", 0, 1, false, ComandoRicorrenti},
-        DiLegge(ConStrada(PerNorme(u"scadenza", u"CODICE EVENTO [MATERIA [INIZIO]]", 2, 4, ComandoScadenza))),
-        ComandoCli{.Nome = u"codfis",
-                   .Valori = u"COGNOME NOME NASCITA SESSO COMUNE | --leggi CODICE",
-                   .Minimo = 5,
-                   .Massimo = 5,
-                   .DivideAllUltimo = false,
-                   .Esegui = ComandoCodFis,
-                   .Lettura = ComandoLeggiCodFis},
-        ConSpiegazione(PerNorme(u"contributo", u"VALORE [TABELLA [DEPOSITO [GRADO [VARIANTI [RICORRENTI]]]]]",
-                                1, 6, ComandoContributo)),
-        ConRighe(PerNorme(u"interessi", u"TIPO CAPITALE VALUTA AUMENTO DAL AL [DOPO2012]", 6, 7,
-                          ComandoInteressi)),
-        ComandoCli{u"istat", u"IMPORTO VALUTA DAL AL", 4, 4, false, ComandoIstat},
+                   .Esegui = Importa,
+                   .Opzioni = {Archivio, In, Prova},
+                   .Rifiuta = ArchivioSoloConIn},
+        ComandoCli{u"voci", u"CATEGORIA AUTORITA VALORE", 3, 3, Voci, {Tariffa}},
+        ComandoCli{u"termini",
+                   u"DECORRENZA NUMERO TIPO [SOSPENSIONE [LIBERO [SABATO [VERSO [MATERIA]]]]]",
+                   3,
+                   8,
+                   PerNorme<ComandoTermini>,
+                   {Norme, Spiega, Ics}},
+        ComandoCli{u"sequenziali",
+                   u"UDIENZA ARTICOLO [SOSPENSIONE [SABATO]]",
+                   2,
+                   4,
+                   PerNorme<ComandoSequenziali>,
+                   {Norme, Spiega, Ics}},
+        ComandoCli{u"ricorrenti", u"[TESTO]", 0, 1, DaSolo<ComandoRicorrenti>},
+        ComandoCli{.Nome = u"scadenza",
+                   .Valori = u"CODICE EVENTO [MATERIA [INIZIO]]",
+                   .Minimo = 2,
+                   .Massimo = 4,
+                   .Esegui = PerNorme<ComandoScadenza>,
+                   .Opzioni = {Norme, Spiega, Ics},
+                   .Rifiuta = SoloNormeVigenti},
+        ComandoCli{u"codfis", u"COGNOME NOME NASCITA SESSO COMUNE | --leggi CODICE", 5, 5, CodFis, {Leggi}},
+        ComandoCli{u"contributo",
+                   u"VALORE [TABELLA [DEPOSITO [GRADO [VARIANTI [RICORRENTI]]]]]",
+                   1,
+                   6,
+                   PerNorme<ComandoContributo>,
+                   {Norme, Spiega}},
+        ComandoCli{u"interessi",
+                   u"TIPO CAPITALE VALUTA AUMENTO DAL AL [DOPO2012]",
+                   6,
+                   7,
+                   PerNorme<ComandoInteressi>,
+                   {Righe, Norme}},
+        ComandoCli{u"istat", u"IMPORTO VALUTA DAL AL", 4, 4, DaSolo<ComandoIstat>},
     };
     return Tabella;
 }
@@ -432,7 +455,7 @@ int EseguiCli(const QStringList& Argomenti, const std::function<QByteArray()>& I
 {
     try {
         const RigaComando Chiamata = LeggiRiga(Argomenti);
-        if (Chiamata.Aiuto) {
+        if (Chiamata.Ha(Opzione::Aiuto)) {
             Uscita(Aiuto().toUtf8());
             return 0;
         }
@@ -440,34 +463,12 @@ int EseguiCli(const QStringList& Argomenti, const std::function<QByteArray()>& I
         if (!Comando)
             throw ErroreUso{Chiamata.Comando.isEmpty() ? Aiuto()
                                                        : u"Comando sconosciuto: %1"_s.arg(Chiamata.Comando)};
-        if (Chiamata.Righe && !Comando->HaRighe)
-            throw ErroreUso{u"L'opzione --righe non vale per il comando %1"_s.arg(Comando->Nome)};
-        if (!Chiamata.Multipla.isEmpty() && !Comando->ConMultipla)
-            throw ErroreUso{u"L'opzione --multipla non vale per il comando %1"_s.arg(Comando->Nome)};
-        if (!Chiamata.In.isEmpty() && !Comando->InArchivio)
-            throw ErroreUso{u"L'opzione --in non vale per il comando %1"_s.arg(Comando->Nome)};
-        if (Chiamata.Controlla && !Comando->Controllo)
-            throw ErroreUso{u"L'opzione --controlla non vale per il comando %1"_s.arg(Comando->Nome)};
-        if (Chiamata.Leggi && !Comando->Lettura)
-            throw ErroreUso{u"L'opzione --leggi non vale per il comando %1"_s.arg(Comando->Nome)};
-        if (!Chiamata.Tariffa.isEmpty() && !Comando->ConTariffa)
-            throw ErroreUso{u"L'opzione --tariffa non vale per il comando %1"_s.arg(Comando->Nome)};
-        ControllaNorme(*Comando, Chiamata);
-        if (!Chiamata.Stato.isEmpty() && !Comando->ConStato)
-            throw ErroreUso{u"L'opzione --stato non vale per il comando %1"_s.arg(Comando->Nome)};
-        if (!Chiamata.Stato.isEmpty() &&
-            !ParoleFiltroStato().contains(Chiamata.Stato.trimmed(), Qt::CaseInsensitive))
-            throw ErroreUso{u"Stato sconosciuto: %1. Gli stati sono %2."_s.arg(
-                Chiamata.Stato, ParoleFiltroStato().join(u", "_s))};
-        if (Comando->ConStato && Chiamata.InSchede)
-            throw ErroreUso{u"L'opzione --vcard non vale per il comando %1"_s.arg(Comando->Nome)};
-        if (!Chiamata.Esporta.isEmpty() && ((!Comando->InFile && !Comando->ConStato) || Chiamata.Batch))
-            throw ErroreUso{u"Le opzioni --csv e --vcard non valgono per il comando %1"_s.arg(Comando->Nome)};
+        ControllaOpzioni(*Comando, Chiamata);
         VoceCli Voce(Guasti);
         PreparaSessione(Chiamata);
         (void)Voce.Guasto();  // a setting that is off is told, but is no failure of the command
-        return Chiamata.Batch ? EseguiTutti(*Comando, Chiamata, Ingresso, Uscita)
-                              : EseguiUno(*Comando, Chiamata, Voce, Uscita, Guasti);
+        return Chiamata.Ha(Opzione::Batch) ? EseguiTutti(*Comando, Chiamata, Ingresso, Uscita)
+                                           : EseguiUno(*Comando, Chiamata, Voce, Uscita, Guasti);
     } catch (const ErroreUso& Uso) {
         Guasti(Uso.Testo.toUtf8() + '\n');
         return 2;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "calculators/norme/norme.h"
+#include "cli/riga.h"
 
 #include <QByteArray>
 #include <QJsonObject>
@@ -47,29 +48,10 @@ struct ComandoCli
     QStringView Valori;  ///< names of its values in order, for the help
     int Minimo;          ///< values it needs
     int Massimo;
-    bool DivideAllUltimo;  ///< --batch splits a case at the last ";"
-    std::function<Risposta(const QStringList& Valori)> Esegui;
-    bool HaRighe = false;  ///< --righe means something to it
-    /// The same command with another note joined to its own; none where --multipla means nothing to it.
-    std::function<Risposta(const QStringList& Valori, const NotaMultipla& Altra)> ConMultipla = {};
-    /// The same command for the session's archive; none where --in means nothing to it.
-    std::function<Risposta(const QStringList& Valori, const QString& Tabella, bool Prova)> InArchivio = {};
-    /// The same command into a file; none where --csv and --vcard mean nothing to it.
-    std::function<Risposta(const QStringList& Valori, const QString& File, bool InSchede)> InFile = {};
-    /// The same command by a tariff; none where --tariffa means nothing to it.
-    std::function<Risposta(const QStringList& Valori, const Decreto& Legge)> ConTariffa = {};
-    /// The same command by the norms that --norme chooses; none where it means nothing to it.
-    std::function<Risposta(const QStringList& Valori, const NormeChieste& Scelta)> ConNorme = {};
-    /// A look at the file that the command would make; none where --controlla means nothing to it.
-    std::function<Risposta(const QStringList& Valori)> Controllo = {};
-    /// The same command for the notes of a state, into a file; none where --stato means nothing to it.
-    std::function<Risposta(const QStringList& Valori, const QString& Stato, const QString& File)> ConStato =
-        {};
-    /// The way back from what the command makes; none where --leggi means nothing to it.
-    std::function<Risposta(const QStringList& Valori)> Lettura = {};
-    bool SoloVigenti = false;  ///< it knows the law in force alone
-    bool SpiegaNorme = false;  ///< --spiega means something to it
-    bool InAgenda = false;     ///< --ics means something to it
+    Risposta (*Esegui)(const QStringList& Valori, const RigaComando& Chiamata);
+    QList<Opzione> Opzioni{};                           ///< beside those that any command takes
+    bool DivideAllUltimo = false;                       ///< --batch splits a case at the last ";"
+    void (*Rifiuta)(const RigaComando& Chiamata) = {};  ///< what no other command refuses. @throws ErroreUso
 };
 
 /// The table of commands, in the order of the help.

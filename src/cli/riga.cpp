@@ -1,94 +1,144 @@
 #include "cli/riga.h"
 
+#include "feenote/finder/scadenzario.h"
 #include "platform/system/percorsi.h"
 #include "tariffs/decreto.h"
+
+#include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Sigle()
+QStringList Sigle()
 {
     QStringList Tutte;
     for (const Decreto* Legge : Decreti)
         Tutte += Legge->Sigla.toString();
-    return Tutte.join(u" e "_s);
+    return Tutte;
+}
+
+QStringList InsiemiNorme()
+{
+    return {u"programma"_s, u"vigenti"_s};
+}
+
+constexpr std::array Tabella{
+    RigaOpzione{Opzione::Programma, u"--programma", u"DIR", u"una cartella", true},
+    RigaOpzione{Opzione::Utente, u"--utente", u"DIR", u"una cartella", true},
+    RigaOpzione{Opzione::Json, u"--json", {}, {}, true},
+    RigaOpzione{Opzione::Batch, u"--batch", {}, {}, true},
+    RigaOpzione{Opzione::Righe, u"--righe"},
+    RigaOpzione{Opzione::Multipla, u"--multipla", u"NOTA", u"una parcella"},
+    RigaOpzione{Opzione::Prima, u"--prima"},
+    RigaOpzione{Opzione::Archivio, u"--archivio", u"FILE", u"un file", false, true},
+    RigaOpzione{Opzione::In, u"--in", u"TABELLA", u"una tabella"},
+    RigaOpzione{Opzione::Prova, u"--prova"},
+    RigaOpzione{Opzione::Csv, u"--csv", u"FILE", u"una destinazione", false, true},
+    RigaOpzione{Opzione::Vcard, u"--vcard", u"FILE", u"una destinazione", false, true},
+    RigaOpzione{Opzione::Stato, u"--stato", u"STATO", u"una parola", false, false, ParoleFiltroStato,
+                u"Stato sconosciuto: %1. Gli stati sono "},
+    RigaOpzione{Opzione::Tariffa, u"--tariffa", u"140|55", u"una sigla", false, false, Sigle,
+                u"Tariffa sconosciuta: %1. Le tariffe sono "},
+    RigaOpzione{Opzione::Norme, u"--norme", u"programma|vigenti", u"una scelta", false, false, InsiemiNorme,
+                u"Norme sconosciute: %1. Le norme sono "},
+    RigaOpzione{Opzione::Spiega, u"--spiega"},
+    RigaOpzione{Opzione::Ics, u"--ics", u"FILE", u"una destinazione", false, true},
+    RigaOpzione{Opzione::Controlla, u"--controlla"},
+    RigaOpzione{Opzione::Leggi, u"--leggi"},
+    RigaOpzione{Opzione::Aiuto, u"--aiuto", {}, {}, true},
+    RigaOpzione{Opzione::Aiuto, u"--help", {}, {}, true},
+};
+
+/// Two of which a call may have one: the other would be ignored.
+constexpr std::array Contrarie{
+    std::pair{Opzione::Vcard, Opzione::Csv},          std::pair{Opzione::Multipla, Opzione::Controlla},
+    std::pair{Opzione::Archivio, Opzione::Controlla}, std::pair{Opzione::Csv, Opzione::Batch},
+    std::pair{Opzione::Vcard, Opzione::Batch},        std::pair{Opzione::Ics, Opzione::Batch},
+};
+
+/// The first says how the second is done.
+constexpr std::array Legate{
+    std::pair{Opzione::Prima, Opzione::Multipla},
+    std::pair{Opzione::Prova, Opzione::In},
+};
+
+/// "140 e 55", "tutte, aperte e bozza".
+QString Elenco(QStringList Parole)
+{
+    const QString Ultima = Parole.takeLast();
+    return Parole.isEmpty() ? Ultima : Parole.join(u", "_s) + u" e "_s + Ultima;
+}
+
+/// The word of the option's own that was written, whatever its case. @throws ErroreUso
+QString ParolaNota(const RigaOpzione& Quale, const QString& Scritta)
+{
+    const QStringList Parole = Quale.Parole();
+    for (const QString& Una : Parole)
+        if (Una.compare(Scritta.trimmed(), Qt::CaseInsensitive) == 0)
+            return Una;
+    throw ErroreUso{Quale.Sconosciuta.toString().arg(Scritta) + Elenco(Parole) + u'.'};
+}
+
+/// What follows an option. @throws ErroreUso
+QString LeggiValore(const RigaOpzione& Quale, const QString& Scritto)
+{
+    // An empty value is what a script has forgotten to fill, not an option that was left out.
+    if (Scritto.isEmpty())
+        throw ErroreUso{u"L'opzione %1 vuole %2."_s.arg(Quale.Parola, Quale.Manca)};
+    if (Quale.Parole)
+        return ParolaNota(Quale, Scritto);
+    return Quale.Percorso ? PercorsoNativo(Scritto) : Scritto;
+}
+
+void ControllaInsieme(const RigaComando& Riga)
+{
+    for (const auto& [Una, Altra] : Contrarie)
+        if (Riga.Ha(Una) && Riga.Ha(Altra))
+            throw ErroreUso{u"L'opzione %1 non vale con %2."_s.arg(ParolaDi(Una), ParolaDi(Altra))};
+    for (const auto& [Una, Altra] : Legate)
+        if (Riga.Ha(Una) && !Riga.Ha(Altra))
+            throw ErroreUso{u"L'opzione %1 vale solo con %2."_s.arg(ParolaDi(Una), ParolaDi(Altra))};
+    if (Riga.Ha(Opzione::Batch) && Riga.Ha(Opzione::Spiega) && !Riga.Ha(Opzione::Json))
+        throw ErroreUso{u"Con --batch l'opzione --spiega vale solo insieme a --json."_s};
 }
 
 }  // namespace
 
+std::span<const RigaOpzione> Opzioni()
+{
+    return Tabella;
+}
+
+QString ParolaDi(Opzione Codice)
+{
+    return std::ranges::find(Tabella, Codice, &RigaOpzione::Codice)->Parola.toString();
+}
+
 RigaComando LeggiRiga(const QStringList& Argomenti)
 {
     RigaComando Riga;
-    bool Opzioni = true;
+    bool Finite = false;
     for (qsizetype i = 0; i < Argomenti.size(); ++i) {
         const QString& Parola = Argomenti[i];
-        const auto Seguente = [&](const QString& Cosa) {
-            // An empty value is what a script has forgotten to fill, not an option that was left out.
-            if (i + 1 >= Argomenti.size() || Argomenti[i + 1].isEmpty())
-                throw ErroreUso{u"L'opzione %1 vuole una %2."_s.arg(Parola, Cosa)};
-            return Argomenti[++i];
-        };
-        if (Opzioni && Parola == u"--")
-            Opzioni = false;
-        else if (Opzioni && Parola == u"--json")
-            Riga.Json = true;
-        else if (Opzioni && Parola == u"--batch")
-            Riga.Batch = true;
-        else if (Opzioni && Parola == u"--righe")
-            Riga.Righe = true;
-        else if (Opzioni && (Parola == u"--help" || Parola == u"--aiuto"))
-            Riga.Aiuto = true;
-        else if (Opzioni && Parola == u"--programma")
-            Riga.Programma = Seguente(u"cartella"_s);
-        else if (Opzioni && Parola == u"--utente")
-            Riga.Utente = Seguente(u"cartella"_s);
-        else if (Opzioni && Parola == u"--archivio")
-            Riga.Archivio = PercorsoNativo(Seguente(u"file"_s));
-        else if (Opzioni && Parola == u"--stato")
-            Riga.Stato = Seguente(u"parola"_s);
-        else if (Opzioni && Parola == u"--tariffa")
-            Riga.Tariffa = Seguente(u"sigla"_s);
-        else if (Opzioni && Parola == u"--norme")
-            Riga.Norme = Seguente(u"scelta"_s);
-        else if (Opzioni && Parola == u"--spiega")
-            Riga.Spiega = true;
-        else if (Opzioni && Parola == u"--ics")
-            Riga.Ics = PercorsoNativo(Seguente(u"destinazione"_s));
-        else if (Opzioni && Parola == u"--multipla")
-            Riga.Multipla = Seguente(u"parcella"_s);
-        else if (Opzioni && Parola == u"--in")
-            Riga.In = Seguente(u"tabella"_s);
-        else if (Opzioni && Parola == u"--prova")
-            Riga.Prova = true;
-        else if (Opzioni && Parola == u"--controlla")
-            Riga.Controlla = true;
-        else if (Opzioni && Parola == u"--leggi")
-            Riga.Leggi = true;
-        else if (Opzioni && (Parola == u"--csv" || Parola == u"--vcard")) {
-            Riga.Esporta = PercorsoNativo(Seguente(u"destinazione"_s));
-            Riga.InSchede = Parola == u"--vcard";
-        } else if (Opzioni && Parola == u"--prima")
-            Riga.Prima = true;
-        else if (Opzioni && Parola.startsWith(u"--"))
+        if (Finite || !Parola.startsWith(u"--")) {
+            if (Riga.Comando.isEmpty())
+                Riga.Comando = Parola;
+            else
+                Riga.Valori.append(Parola);
+            continue;
+        }
+        Finite = Parola == u"--";
+        if (Finite)
+            continue;
+        const auto Quale = std::ranges::find(Tabella, Parola, &RigaOpzione::Parola);
+        if (Quale == Tabella.end())
             throw ErroreUso{u"Opzione sconosciuta: %1"_s.arg(Parola)};
-        else if (Riga.Comando.isEmpty())
-            Riga.Comando = Parola;
-        else
-            Riga.Valori.append(Parola);
+        const bool Segue = !Quale->Valore.isEmpty();
+        Riga.Date[Quale->Codice] = Segue ? LeggiValore(*Quale, Argomenti.value(++i)) : QString();
     }
-    if (Riga.Prima && Riga.Multipla.isEmpty())
-        throw ErroreUso{u"L'opzione --prima vale solo con --multipla."_s};
-    if (!Riga.Tariffa.isEmpty() && !DecretoDi(Riga.Tariffa))
-        throw ErroreUso{u"Tariffa sconosciuta: %1. Le tariffe sono %2."_s.arg(Riga.Tariffa, Sigle())};
-    if (!Riga.Norme.isEmpty() && Riga.Norme != u"programma" && Riga.Norme != u"vigenti")
-        throw ErroreUso{u"Norme sconosciute: %1. Le norme sono programma e vigenti."_s.arg(Riga.Norme)};
-    if (Riga.Batch && !Riga.Ics.isEmpty())
-        throw ErroreUso{u"L'opzione --ics non vale con --batch."_s};
-    if (Riga.Batch && Riga.Spiega && !Riga.Json)
-        throw ErroreUso{u"Con --batch l'opzione --spiega vale solo insieme a --json."_s};
-    if (Riga.Prova && Riga.In.isEmpty())
-        throw ErroreUso{u"L'opzione --prova vale solo con --in."_s};
+    ControllaInsieme(Riga);
     return Riga;
 }
 

@@ -1,37 +1,66 @@
 // The command line of calcanova-cli, taken apart.
 #pragma once
 
+#include <QMap>
 #include <QString>
 #include <QStringList>
+
+#include <span>
+
+/// What may stand beside a command; Opzioni() has a row for each.
+enum class Opzione {
+    Programma,
+    Utente,
+    Json,
+    Batch,
+    Righe,
+    Multipla,
+    Prima,
+    Archivio,
+    In,
+    Prova,
+    Csv,
+    Vcard,
+    Stato,
+    Tariffa,
+    Norme,
+    Spiega,
+    Ics,
+    Controlla,
+    Leggi,
+    Aiuto,
+};
+
+struct RigaOpzione
+{
+    Opzione Codice;
+    QStringView Parola;            ///< "--csv"
+    QStringView Valore{};          ///< what follows, as the help calls it; empty: a switch
+    QStringView Manca{};           ///< what is missing where nothing follows, with its article
+    bool Ovunque = false;          ///< any command takes it
+    bool Percorso = false;         ///< what follows is a file, in the system's own writing
+    QStringList (*Parole)() = {};  ///< the only words that may follow, in any case; none: any text
+    QStringView Sconosciuta{};     ///< what to say of another one, behind which the words stand
+};
+
+/// The table of options, in the order of the help.
+[[nodiscard]] std::span<const RigaOpzione> Opzioni();
+/// As it is written, "--csv".
+[[nodiscard]] QString ParolaDi(Opzione Codice);
 
 /// A command line. Options may stand anywhere; "--" ends them, so that a value may begin with "--".
 struct RigaComando
 {
     QString Comando;
     QStringList Valori;
-    bool Json = false;       ///< --json
-    bool Batch = false;      ///< --batch: cases come from standard input
-    bool Righe = false;      ///< --righe: the answer with its lines
-    QString Multipla;        ///< --multipla NOTA: the note that is joined to the one of the command
-    bool Prima = false;      ///< --prima: it stands before that one
-    bool Aiuto = false;      ///< --help or --aiuto
-    QString Programma;       ///< --programma DIR
-    QString Utente;          ///< --utente DIR
-    QString In;              ///< --in TABELLA: the table that takes the names of a file
-    bool Prova = false;      ///< --prova: only tells what would be done
-    bool Controlla = false;  ///< --controlla: a file is looked at, none is made
-    bool Leggi = false;      ///< --leggi: a code is read, none is made
-    QString Esporta;         ///< --csv FILE, --vcard FILE: the rows go into this file
-    bool InSchede = false;   ///< --vcard
-    QString Stato;           ///< --stato STATO: the notes that a list shows
-    QString Tariffa;         ///< --tariffa 140|55: the decree whose items are meant
-    QString Norme;           ///< --norme programma|vigenti: the rules that a calculator follows
-    bool Spiega = false;     ///< --spiega: the reasons behind the answer
-    QString Ics;             ///< --ics FILE: the dates go into this file too, for a calendar
-    QString Archivio;        ///< --archivio FILE: clients and counterparties
+    QMap<Opzione, QString> Date;  ///< the options given, with what follows them
+
+    [[nodiscard]] bool Ha(Opzione Codice) const { return Date.contains(Codice); }
+    [[nodiscard]] QString Di(Opzione Codice) const { return Date.value(Codice); }
 };
 
-/// @throws ErroreUso for an unknown option or one without its value
+/// @throws ErroreUso for an unknown option, one without its value or with a word that it does not know, and
+///         for two that exclude each other or one that needs another
 [[nodiscard]] RigaComando LeggiRiga(const QStringList& Argomenti);
 
 /// A command that was called the wrong way: exit status 2.

@@ -97,7 +97,9 @@ void TestCliImportaIn::rifiuta_data()
     QTest::addColumn<QStringList>("Valori");
     QTest::addColumn<int>("Stato");
     QTest::addColumn<QString>("Guasto");
-    QTest::newRow("no target") << QStringList{u"FILE"_s} << 2 << u"Uso: calcanova-cli importa"_s;
+    QTest::newRow("no table for the archive")
+        << QStringList{u"FILE"_s, u"x.mdb"_s} << 2
+        << u"Con il comando importa l'opzione --archivio vale solo con --in."_s;
     QTest::newRow("a target beside the table") << QStringList{u"FILE"_s, u"x.mdb"_s, u"--in"_s, u"clienti"_s}
                                                << 2 << u"Uso: calcanova-cli importa"_s;
     QTest::newRow("no table") << QStringList{u"FILE"_s, u"--in"_s, u"amici"_s} << 1 << u"(3078)"_s;

@@ -413,7 +413,7 @@ void TestCliScadenzario::rifiuta_data()
                                       << u"Uso: calcanova-cli scadenzario CARTELLA [SOTTOCARTELLE]\n"_s;
     QTest::newRow("unknown state")
         << QStringList{u"scadenzario"_s, u"."_s, u"--stato"_s, u"smarrita"_s} << 2
-        << u"Stato sconosciuto: smarrita. Gli stati sono tutte, aperte, bozza, inviata, fatturata, pagata, ignoto.\n"_s;
+        << u"Stato sconosciuto: smarrita. Gli stati sono tutte, aperte, bozza, inviata, fatturata, pagata e ignoto.\n"_s;
     QTest::newRow("an empty state") << QStringList{u"scadenzario"_s, u"."_s, u"--stato"_s, QString()} << 2
                                     << u"L'opzione --stato vuole una parola.\n"_s;
     QTest::newRow("an empty file") << QStringList{u"scadenzario"_s, u"."_s, u"--csv"_s, QString()} << 2
@@ -422,9 +422,8 @@ void TestCliScadenzario::rifiuta_data()
                                      << u"L'opzione --stato vuole una parola.\n"_s;
     QTest::newRow("cards") << QStringList{u"scadenzario"_s, u"."_s, u"--vcard"_s, u"x.vcf"_s} << 2
                            << u"L'opzione --vcard non vale per il comando scadenzario\n"_s;
-    QTest::newRow("a file in a batch")
-        << QStringList{u"--batch"_s, u"scadenzario"_s, u"--csv"_s, u"x.csv"_s} << 2
-        << u"Le opzioni --csv e --vcard non valgono per il comando scadenzario\n"_s;
+    QTest::newRow("a file in a batch") << QStringList{u"--batch"_s, u"scadenzario"_s, u"--csv"_s, u"x.csv"_s}
+                                       << 2 << u"L'opzione --csv non vale con --batch.\n"_s;
     QTest::newRow("another command") << QStringList{u"trova"_s, u"."_s, u"--stato"_s, u"bozza"_s} << 2
                                      << u"L'opzione --stato non vale per il comando trova\n"_s;
 }
