@@ -92,7 +92,7 @@ bool Bloccato(const QString& Nativo)
 #endif
 }
 
-/// @throws Errore 53 missing, 75 unreadable or a folder
+/// @throws Errore 53 missing, 75 unreadable or a folder; what the disk says where it is the disk that fails
 void ApriInLettura(QFile& File, const QString& Percorso)
 {
     const QFileInfo Info(PercorsoNativo(Percorso));
@@ -100,8 +100,11 @@ void ApriInLettura(QFile& File, const QString& Percorso)
         throw Errore(errori::FileMancante);
     const bool Leggibile = Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
     File.setFileName(Info.filePath());
-    if (!Info.isFile() || !Leggibile || !File.open(QIODevice::ReadOnly))
+    if (!Info.isFile() || !Leggibile)
         throw Errore(errori::Accesso);
+    errno = 0;
+    if (!File.open(QIODevice::ReadOnly))
+        throw ErroreDelSistema(errno);
 }
 
 }  // namespace
