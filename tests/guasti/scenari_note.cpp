@@ -333,6 +333,7 @@ QList<Scenario> ScenariNote()
                           return Stato == Trovato::Nuovo && !SolaLettura(File) ? Trovato::Rotto : Stato;
                       },
                   .Ammessi = {u"modello\\.mdb"_s},
+                  .Spazza = [](const Posto& Dove) { TogliRestiDiNote(Dove.Cartella); },
                   .InBreve = true});
     Tutti.append({.Nome = u"nota-antica"_s,
                   .Attese = {Apri, Scrivi, Sincronizza, Chiudi, Leggi},
