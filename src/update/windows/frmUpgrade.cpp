@@ -281,8 +281,10 @@ bool frmUpgrade::AggiornaTassi()
     if (!Esito.Riuscito()) {
         // The sentence has no room for the reason.
         ui->lblStatus->setText(ui->lblStatus->text() + u": "_s + Esito.Dettaglio);
+        if (Esito.Annullato)
+            return false;
         MsgErrore(u"Errore di download dell'archivio indici interessi. Contatattare l'assistenza."_s);
-        return !Esito.Annullato;
+        return true;
     }
     TassiNuovi = false;
     MostraPresente();
@@ -304,6 +306,11 @@ void frmUpgrade::AggiornaProgramma()
         const Lavoro InCorso(*this);
         Esito =
             ScaricaProgramma(Trovato, [this](qint64 Avuti, qint64 Tutti) { return Avanza(Avuti, Tutti); });
+    }
+    if (Esito.Annullato) {
+        // Who has pressed the button needs no assistance.
+        ui->lblStatus->setText(ui->lblStatus->text() + u": "_s + Esito.Dettaglio);
+        return;
     }
     if (!Esito.Riuscito()) {
         MsgErrore(FraseDownloadFallito(NomeInstallatore(Trovato), Esito.Dettaglio));
