@@ -61,6 +61,21 @@ QStringList NoteVigenza(const TermineRicorrente& Termine, const QDate& Evento,
     return {};
 }
 
+/// What differs from the row is a choice, which its matter does not overrule and for which no source need
+/// speak; what does not differ stays as sure or unsure as the row has it.
+void Scegli(RichiestaTermine& Chiesto, const OpzioniTermine& Scelte)
+{
+    if (Chiesto.Opzioni.Sospensione != Scelte.Sospensione) {
+        Chiesto.Opzioni.Sospensione = Scelte.Sospensione;
+        Chiesto.Materia.clear();
+        Chiesto.SospensioneIgnota = false;
+    }
+    if (Chiesto.Opzioni.Sabato != Scelte.Sabato) {
+        Chiesto.Opzioni.Sabato = Scelte.Sabato;
+        Chiesto.SabatoIgnoto = false;
+    }
+}
+
 }  // namespace
 
 QString MisuraTermine(const TermineRicorrente& Termine)
@@ -143,10 +158,13 @@ RichiestaTermine RichiestaTermineDi(const TermineRicorrente& Termine, const QDat
 }
 
 EsitoTermine ComputaRicorrente(const Norme& Insieme, const TermineRicorrente& Termine, const QDate& Evento,
-                               const QString& Materia, const std::optional<QDate>& Inizio)
+                               const QString& Materia, const std::optional<QDate>& Inizio,
+                               const std::optional<OpzioniTermine>& Scelte)
 {
     RichiestaTermine Chiesto = RichiestaTermineDi(Termine, Evento);
     ControllaVigenza(Termine, Evento, Inizio);
+    if (Scelte)
+        Scegli(Chiesto, *Scelte);
     if (!Materia.isEmpty())
         Chiesto.Materia = Materia;
     EsitoTermine Esito = ComputaTermine(Insieme, Chiesto);

@@ -121,10 +121,12 @@ struct ScadenzaCatena
 
 /// A row of the catalogue from the day of its event.
 /// @param Inizio the day on which the proceeding began, none when it is not known
+/// @param Scelte suspension and Saturday as somebody has them; none: as the row has them
 /// @throws Errore 5 with a sentence: a rule, not in force on that day, those of ComputaTermine
 [[nodiscard]] EsitoTermine ComputaRicorrente(const Norme& Insieme, const TermineRicorrente& Termine,
                                              const QDate& Evento, const QString& Materia = {},
-                                             const std::optional<QDate>& Inizio = {});
+                                             const std::optional<QDate>& Inizio = {},
+                                             const std::optional<OpzioniTermine>& Scelte = {});
 /// All dates of a chain from the day of its event. @throws Errore the same
 [[nodiscard]] QList<ScadenzaCatena> ComputaCatena(const Norme& Insieme, const CatenaTermini& Catena,
                                                   const QDate& Evento, const QString& Materia = {},

@@ -324,13 +324,8 @@ EsitoTermine frmTermini::Computa(const RichiestaTermine& Chiesto) const
 {
     if (!Scelta->InVigore() || !Scelto)
         return ComputaTermine(Scelta->Insieme(), Chiesto);
-    // The row as the boxes have it; what no source says stays unsaid until the user says otherwise.
-    TermineRicorrente Termine = *Scelto;
-    if (Chiesto.Opzioni.Sospensione != Termine.Sospeso.value_or(false))
-        Termine.Sospeso = Chiesto.Opzioni.Sospensione;
-    if (Chiesto.Opzioni.Sabato != Termine.Sabato.value_or(false))
-        Termine.Sabato = Chiesto.Opzioni.Sabato;
-    return ComputaRicorrente(*Scelta->Lette(), Termine, Chiesto.Decorrenza, Chiesto.Materia, Inizio->Data());
+    return ComputaRicorrente(*Scelta->Lette(), *Scelto, Chiesto.Decorrenza, Chiesto.Materia, Inizio->Data(),
+                             Chiesto.Opzioni);
 }
 
 TermineContato frmTermini::Contato(const RichiestaTermine& Chiesto, const EsitoTermine& Esito) const

@@ -43,6 +43,7 @@ private Q_SLOTS:
     void strade_data();
     void strade();
     void sospensioniCheNonContano();
+    void sospensioneTaciutaETolta();
     void normaDelGiornoLibero();
     void anelli();
     void rifiuti_data();
@@ -219,6 +220,25 @@ void TestComputaTermine::strade()
     QFETCH(int, Tipo);
     QFETCH(QString, Scelte);
     QTEST(GeneriDi(ComputaTermine(NormeConsegnate(), Chiedi(Da, Numero, Tipo, Scelte))), "Attesa");
+}
+
+// A backward row of which nobody says whether the suspension holds counts it, until somebody chooses not to.
+void TestComputaTermine::sospensioneTaciutaETolta()
+{
+    TermineRicorrente Riga;
+    Riga.Articolo = u"art. 1"_s;
+    Riga.Quantita = 10;
+    Riga.Antecedente = true;
+    const auto Conta = [&](bool Sospensione) {
+        return ComputaRicorrente(
+            NormeConsegnate(), Riga, QDate(2026, 9, 7), {}, {},
+            OpzioniTermine{.Sospensione = Sospensione, .Sabato = true, .Antecedente = true});
+    };
+    QCOMPARE(Esito(Conta(true)), u"28/07/2026 +"_s);
+    const EsitoTermine Senza = Conta(false);
+    QCOMPARE(Esito(Senza), u"28/08/2026"_s);
+    QCOMPARE(Senza.Passi[1].Nota, u"per scelta"_s);
+    QVERIFY2(!Senza.Passi[1].NonRiscontrato, "a choice needs no source");
 }
 
 void TestComputaTermine::normaDelGiornoLibero()

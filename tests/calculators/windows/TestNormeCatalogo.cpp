@@ -28,6 +28,8 @@ private Q_SLOTS:
     void descrizioniDelCatalogo();
     void unTermineFuoriVigenza();
     void cambiareIlContoLasciaIlTermine();
+    void scelteControIlTermine_data();
+    void scelteControIlTermine();
     void unaCatenaMostraTutto();
     void unaCatenaDelProgramma();
     void lasciareLaCatena();
@@ -225,6 +227,78 @@ void TestNormeCatalogo::cambiareIlContoLasciaIlTermine()
     Scrivi(F, "txtIncrNum", u"31"_s);
     QVERIFY(!Controllo(F, "lblTermine")->isVisible());
     QVERIFY(!Controllo(F, "cmdLascia")->isVisible());
+}
+
+void TestNormeCatalogo::scelteControIlTermine_data()
+{
+    QTest::addColumn<QString>("Codice");
+    QTest::addColumn<QString>("Giorno");
+    QTest::addColumn<QByteArray>("Casella");  // clicked; empty: the row as it comes
+    QTest::addColumn<QString>("Scadenza");
+    QTest::addColumn<QString>("Scritto");
+    QTest::addColumn<QString>("Perche");  // the road's words on the suspension
+    QTest::addColumn<bool>("Dubbio");
+
+    const QByteArray Nessuna;
+    const QByteArray Sospensione = "chkSosp";
+    const QByteArray Sabato = "chkSabato";
+    const QString Feriale = u"Sospensione feriale: "_s;
+    const QString Sabati = u"Proroga del sabato: "_s;
+    // A matter spares the row, and the defence has renounced that.
+    QTest::newRow("materia") << u"CPP-309"_s << u"25072026"_s << Nessuna << u"4 Agosto  2026"_s
+                             << Feriale + u"No"_s << u"L. 742/1969, art. 2"_s << false;
+    QTest::newRow("materia, contata") << u"CPP-309"_s << u"25072026"_s << Sospensione
+                                      << u"4 Settembre  2026"_s << Feriale + u"Sì"_s << QString() << false;
+    QTest::newRow("lavoro, contata") << u"CPC-434-IT"_s << u"20072026"_s << Sospensione
+                                     << u"21 Settembre  2026"_s << Feriale + u"Sì"_s << QString() << false;
+    // No source speaks of this Saturday.
+    QTest::newRow("sabato taciuto") << u"CPA-73-D"_s << u"19062026"_s << Nessuna << u"8 Maggio  2026"_s
+                                    << Sabati + u"Sì"_s << QString() << true;
+    QTest::newRow("sabato taciuto, tolto") << u"CPA-73-D"_s << u"19062026"_s << Sabato << u"9 Maggio  2026"_s
+                                           << Sabati + u"No"_s << QString() << false;
+    QTest::newRow("sabato taciuto in avanti") << u"CPP-461"_s << u"20032026"_s << Nessuna
+                                              << u"4 Aprile  2026"_s << Sabati + u"No"_s << QString() << true;
+    QTest::newRow("sabato taciuto in avanti, messo")
+        << u"CPP-461"_s << u"20032026"_s << Sabato << u"7 Aprile  2026"_s << Sabati + u"Sì"_s << QString()
+        << false;
+    QTest::newRow("sospensione taciuta") << u"CPP-324"_s << u"25072026"_s << Nessuna << u"4 Agosto  2026"_s
+                                         << Feriale + u"No"_s << u"criterio non riscontrato"_s << true;
+    QTest::newRow("sospensione taciuta, contata")
+        << u"CPP-324"_s << u"25072026"_s << Sospensione << u"4 Settembre  2026"_s << Feriale + u"Sì"_s
+        << QString() << false;
+    QTest::newRow("sabato detto, tolto") << u"CPC-325-A"_s << u"20072026"_s << Sabato
+                                         << u"19 Settembre  2026"_s << Sabati + u"No"_s << QString() << false;
+    QTest::newRow("sospeso, tolto") << u"CPC-325-A"_s << u"20072026"_s << Sospensione << u"19 Agosto  2026"_s
+                                    << Feriale + u"No"_s << u"per scelta"_s << false;
+}
+
+// The boxes are what is counted, and what they leave as it is stays as sure as the row has it.
+void TestNormeCatalogo::scelteControIlTermine()
+{
+    QFETCH(QString, Codice);
+    QFETCH(QString, Giorno);
+    QFETCH(QByteArray, Casella);
+    QFETCH(QString, Scadenza);
+    QFETCH(QString, Scritto);
+    QFETCH(QString, Perche);
+    QFETCH(bool, Dubbio);
+    Scegli(F, "cmbNorme", InVigore);
+    Scrivi(F, "mskDecorr", Giorno);
+    Prendi(Codice);
+    if (!Casella.isEmpty()) {
+        Controllo<QCheckBox>(F, Casella.constData())->click();
+        Clic(Controllo(F, "cmdEsegui"));
+    }
+    QVERIFY2(Risultato(F).contains(u' ' + Scadenza), qPrintable(Risultato(F)));
+    QCOMPARE(Avviso(F).contains(NotaNonRiscontrato), Dubbio);
+    DalMenu(F, "mnuScheda");
+    const QStringList Foglio = Stampato();
+    QVERIFY2(Foglio.contains(Scritto), qPrintable(Foglio.join(u'\n')));
+    Clic(Controllo(Strada(), "cmdCopia"));
+    const QStringList Senza = Appunti().split(u'\n').filter(u"Senza sospensione feriale"_s);
+    QCOMPARE(Senza.isEmpty(), Perche.isEmpty());
+    if (!Perche.isEmpty())
+        QVERIFY2(Senza.first().contains(Perche), qPrintable(Senza.first()));
 }
 
 void TestNormeCatalogo::unaCatenaMostraTutto()
