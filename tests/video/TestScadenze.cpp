@@ -58,7 +58,7 @@ void TestScadenze::dallaNotaAllElenco()
     P->Fotografa(u"trova_da_incassare"_s);
     QVERIFY(P->VaiA(u"cmdPerCliente"_s));
     P->Premi({u"space"_s, u"Down"_s, u"Return"_s});
-    ATTENDI(u"testo txtDesPar"_s, "Bianchi Anna");
+    ATTENDI(u"testo cmdUnCliente"_s, "Solo Bianchi Anna");
     ATTENDI(u"fuoco"_s, "tdbParcelle");
     P->Premi(u"Escape"_s);
 }

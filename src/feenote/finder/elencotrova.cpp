@@ -74,9 +74,9 @@ void ElencoTrova::Azzera(bool InFondo)
 bool ElencoTrova::Passa(const Elemento& Una) const
 {
     return Una.Voce.Genere != GenereVoce::Nota ||
-           (PassaStato(Stati, Una.Voce) && std::ranges::all_of(Parole, [&](const QString& Parola) {
-                return Una.Cercabile.contains(Parola);
-            }));
+           (PassaStato(Stati, Una.Voce) && (!Solo || ClienteDi(Una.Voce) == *Solo) &&
+            std::ranges::all_of(Parole,
+                                [&](const QString& Parola) { return Una.Cercabile.contains(Parola); }));
 }
 
 void ElencoTrova::Aggiungi(VoceTrova&& Voce)
@@ -117,6 +117,12 @@ void ElencoTrova::FiltraStato(FiltroStato Quali)
     Rimostra();
 }
 
+void ElencoTrova::FiltraCliente(const std::optional<ClienteNota>& Chi)
+{
+    Solo = Chi;
+    Rimostra();
+}
+
 std::vector<const VoceTrova*> ElencoTrova::NoteMostrate() const
 {
     std::vector<const VoceTrova*> Note;
@@ -137,13 +143,16 @@ std::vector<const VoceTrova*> ElencoTrova::NoteTutte() const
 
 QString ElencoTrova::FraseVuota() const
 {
+    const QString Soggetto = u"Nessuna parcella"_s + (Solo ? u" del cliente scelto"_s : QString());
     const bool PerTesto = !TestoFiltro.trimmed().isEmpty();
     const bool PerStato = Stati != FiltroStato::Tutte;
-    if (PerTesto && PerStato)
-        return u"Nessuna parcella nello stato scelto contiene il testo scritto."_s;
-    return PerTesto   ? u"Nessuna parcella contiene il testo scritto."_s
-           : PerStato ? u"Nessuna parcella è nello stato scelto."_s
-                      : u"In questa cartella non ci sono parcelle."_s;
+    if (PerTesto)
+        return Soggetto + (PerStato ? u" nello stato scelto"_s : QString()) +
+               u" contiene il testo scritto."_s;
+    if (PerStato)
+        return Soggetto + u" è nello stato scelto."_s;
+    return Solo ? u"In questa cartella non ci sono parcelle del cliente scelto."_s
+                : u"In questa cartella non ci sono parcelle."_s;
 }
 
 void ElencoTrova::Ordina(int Colonna, bool Crescente)

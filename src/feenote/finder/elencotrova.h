@@ -55,8 +55,11 @@ public:
     /// is known once the rows have been sorted.
     void FiltraStato(FiltroStato Quali);
     [[nodiscard]] FiltroStato StatoFiltrato() const { return Stati; }
-    /// True while the text or the states may leave notes out.
-    [[nodiscard]] bool Filtrato() const { return !Parole.isEmpty() || Stati != FiltroStato::Tutte; }
+    /// Leaves the notes of one client besides, no other of a like name; nothing: those of all.
+    void FiltraCliente(const std::optional<ClienteNota>& Chi);
+    [[nodiscard]] const std::optional<ClienteNota>& ClienteFiltrato() const { return Solo; }
+    /// True while the text, the states or the client may leave notes out.
+    [[nodiscard]] bool Filtrato() const { return !Parole.isEmpty() || Stati != FiltroStato::Tutte || Solo; }
     /// The notes shown, in their order; good until the rows change.
     [[nodiscard]] std::vector<const VoceTrova*> NoteMostrate() const;
     /// All notes, whatever the filters leave; good until the rows change.
@@ -98,6 +101,7 @@ private:
     QString TestoFiltro;
     QStringList Parole;
     FiltroStato Stati = FiltroStato::Tutte;
+    std::optional<ClienteNota> Solo;
     int PerColonna = TrovaNome;
     bool InSu = true;
     bool CartelleInFondo = false;

@@ -82,8 +82,9 @@ QString Fattura(const VoceTrova& Nota, const QString& Numero, const QString& Dat
     const QDate Giorno = Numero.isEmpty() ? QDate() : GiornoDi(Data);
     if (!Giorno.isValid())
         return {};
-    const QString Chi = Nota.Dati.IDCli > 0 ? QString::number(Nota.Dati.IDCli) : u'\n' + Nota.Cliente;
-    return Chi + u'\n' + QString::number(Giorno.toJulianDay()) + u'\n' + NumeroSenzaAnno(Numero, Giorno);
+    const ClienteNota Chi = ClienteDi(Nota);
+    return (Chi.IDCli > 0 ? QString::number(Chi.IDCli) : u'\n' + Chi.Nome) + u'\n' +
+           QString::number(Giorno.toJulianDay()) + u'\n' + NumeroSenzaAnno(Numero, Giorno);
 }
 
 /// Number and date of the invoice that has gone out. The record loses them as soon as it begins its credit
@@ -195,6 +196,12 @@ QString CifraONulla(const std::optional<double>& Valore)
 }
 
 }  // namespace
+
+ClienteNota ClienteDi(const VoceTrova& Nota)
+{
+    const int IDCli = std::max(0, Nota.Dati.IDCli);
+    return {IDCli, IDCli > 0 ? QString() : Nota.Cliente};
+}
 
 QStringList VociFiltroStato()
 {
@@ -404,15 +411,16 @@ ApertoTutto SommaAperto(const std::vector<const VoceTrova*>& Note, const std::ve
             return;
         Somma.Aperto += *Aperto;
         ++Somma.Note;
-        const std::pair Chi(Voce.Dati.IDCli, Voce.Dati.IDCli > 0 ? QString() : Voce.Cliente);
+        const ClienteNota Suo = ClienteDi(Voce);
+        const std::pair Chi(Suo.IDCli, Suo.Nome);
         auto Posto = Posti.constFind(Chi);
         if (Posto == Posti.constEnd()) {
             Posto = Posti.insert(Chi, Somma.Clienti.size());
-            Somma.Clienti.append({Voce.Cliente, 0.0, 0});
+            Somma.Clienti.append({Voce.Cliente, 0.0, 0, Suo.IDCli});
         }
-        ApertoCliente& Suo = Somma.Clienti[*Posto];
-        Suo.Aperto += *Aperto;
-        ++Suo.Note;
+        ApertoCliente& Somme = Somma.Clienti[*Posto];
+        Somme.Aperto += *Aperto;
+        ++Somme.Note;
     });
     Somma.Aperto = Arrotonda2(Somma.Aperto);
     for (ApertoCliente& Uno : Somma.Clienti)

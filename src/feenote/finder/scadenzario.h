@@ -71,12 +71,25 @@ private:
     std::vector<const VoceTrova*> Note;
 };
 
+/// Whom a note is for: a client with a key is known by it, any other by the name.
+struct ClienteNota
+{
+    int IDCli = 0;  ///< 0 none
+    QString Nome;   ///< empty with a key
+
+    friend bool operator==(const ClienteNota&, const ClienteNota&) = default;
+};
+[[nodiscard]] ClienteNota ClienteDi(const VoceTrova& Nota);
+
 /// What is open of a client.
 struct ApertoCliente
 {
     QString Cliente;
     double Aperto = 0.0;  ///< euro
     int Note = 0;
+    int IDCli = 0;
+
+    [[nodiscard]] ClienteNota Chi() const { return {IDCli, IDCli > 0 ? QString() : Cliente}; }
 
     friend bool operator==(const ApertoCliente&, const ApertoCliente&) = default;
 };
@@ -106,7 +119,6 @@ struct ApertoTutto
 
     friend bool operator==(const ApertoTutto&, const ApertoTutto&) = default;
 };
-/// Clients with a key are told apart by it, others by their name.
 /// @param Tutte the list that the notes are taken of: an invoice is owed once, and less its credit note,
 /// whether or not a filter shows the other file; empty: the notes are all
 [[nodiscard]] ApertoTutto SommaAperto(const std::vector<const VoceTrova*>& Note,

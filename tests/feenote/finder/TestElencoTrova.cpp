@@ -241,6 +241,18 @@ void TestElencoTrova::perCheNonCeNeSono()
     QCOMPARE(Elenco.FraseVuota(), u"Nessuna parcella nello stato scelto contiene il testo scritto."_s);
     Elenco.Filtra(u"  "_s);
     QCOMPARE(Elenco.FraseVuota(), u"Nessuna parcella è nello stato scelto."_s);
+    Elenco.FiltraCliente(ClienteNota{7, {}});
+    QCOMPARE(Elenco.FraseVuota(), u"Nessuna parcella del cliente scelto è nello stato scelto."_s);
+    Elenco.Filtra(u"alfa"_s);
+    QCOMPARE(Elenco.FraseVuota(),
+             u"Nessuna parcella del cliente scelto nello stato scelto contiene il testo scritto."_s);
+    Elenco.FiltraStato(FiltroStato::Tutte);
+    QCOMPARE(Elenco.FraseVuota(), u"Nessuna parcella del cliente scelto contiene il testo scritto."_s);
+    Elenco.Filtra({});
+    QVERIFY(Elenco.Filtrato());
+    QCOMPARE(Elenco.FraseVuota(), u"In questa cartella non ci sono parcelle del cliente scelto."_s);
+    Elenco.FiltraCliente({});
+    QVERIFY(!Elenco.Filtrato());
 }
 
 #include "TestElencoTrova.moc"

@@ -351,9 +351,10 @@ void TestScadenzario::somme()
     QCOMPARE(Somma.Aperto, 910.8);
     QCOMPARE(Somma.Note, 6);
     QCOMPARE(Somma.Ignote, 1);
-    QCOMPARE(Somma.Clienti,
-             (QList<ApertoCliente>{
-                 {u"Verdi"_s, 900.5, 2}, {QString(), 5.0, 1}, {u"Rossi"_s, 5.0, 1}, {u"Rossi"_s, 0.3, 2}}));
+    QCOMPARE(
+        Somma.Clienti,
+        (QList<ApertoCliente>{
+            {u"Verdi"_s, 900.5, 2}, {QString(), 5.0, 1}, {u"Rossi"_s, 5.0, 1, 2}, {u"Rossi"_s, 0.3, 2, 1}}));
 }
 
 namespace {

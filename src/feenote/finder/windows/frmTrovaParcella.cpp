@@ -305,6 +305,7 @@ QString frmTrovaParcella::OpenParcMod(int Quale, const QString& Cartella, int De
         Cercato.clear();
         ui->txtDesPar->clear();
         ui->cmbStato->setCurrentIndex(int(FiltroStato::Tutte));
+        SoloDelCliente({}, {});
         VaiAllaRadice(Quale, Cartella);
         AbilitaBarra();
     }

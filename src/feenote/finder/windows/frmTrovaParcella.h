@@ -13,6 +13,7 @@
 
 #include <deque>
 #include <memory>
+#include <optional>
 
 class QAction;
 class QLabel;
@@ -120,6 +121,8 @@ private:
     void Elenca(const QString& Cartella);
     void Filtra();
     void Rimostra(const QString& Corrente, int PrimaRiga);
+    /// The same behind a filter: the current note stays where it is left, else the first one comes.
+    void MostraFiltrate(const QString& Corrente);
     void SegnaOrdine();  ///< the arrow in the titles
     void MostraConto(const QString& Frase);
     void VaiAllaPrimaNota();
@@ -128,12 +131,17 @@ private:
     /// Sums of the rows on view; none while they are still arriving.
     void MostraAperto();
     void RiempiPerCliente(const ApertoTutto& Somma);
+    /// Leaves the notes of a client and shows the button that lifts it; nothing: those of all.
+    /// @param Nome as it is shown
+    void SoloDelCliente(const std::optional<ClienteNota>& Chi, const QString& Nome);
+    void FiltraSolo(const std::optional<ClienteNota>& Chi, const QString& Nome);
 
     [[nodiscard]] QString PercorsoCorrente() const;
     [[nodiscard]] const VoceTrova* NotaCorrente() const;
 
     ElencoTrova Righe;
-    ElencoTrova Arrivate;  ///< those of a refresh, until it is complete
+    std::optional<ClienteNota> Solo;  ///< the client whose notes alone are left
+    ElencoTrova Arrivate;             ///< those of a refresh, until it is complete
     std::unique_ptr<RicercaNote> Ricerca;
     std::deque<VoceTrova> DaMostrare;
     Nominativi Nomi;

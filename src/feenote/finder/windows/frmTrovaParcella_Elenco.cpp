@@ -84,6 +84,7 @@ void frmTrovaParcella::Avvia(Scopo Perche)
         Righe.Azzera(Criterio.CartelleInFondo());
         Righe.Filtra(ui->txtDesPar->text() == Cercato ? QString() : ui->txtDesPar->text());
         Righe.FiltraStato(FiltroStato(ui->cmbStato->currentIndex()));
+        Righe.FiltraCliente(Solo);
         ui->txtSearchPath->setText(Presente);
         ui->tdbParcelle->AzzeraSelezione();
         ui->tdbParcelle->FraseVuota({});
@@ -163,6 +164,7 @@ void frmTrovaParcella::FineFallita(const Errore& Guasto)
     } else if (Era != Scopo::Rinfresca) {
         Righe = std::move(Prima.Righe);
         Righe.FiltraStato(FiltroStato(ui->cmbStato->currentIndex()));
+        Righe.FiltraCliente(Solo);
         Conto = Prima.Conto;
         Presente = Prima.Cartella;
         Radice = Prima.Radice;
@@ -190,6 +192,7 @@ void frmTrovaParcella::Fine()
         Arrivate.Ordina(Righe.Colonna(), Righe.Crescente());
         Arrivate.Filtra(Righe.Filtro());
         Arrivate.FiltraStato(Righe.StatoFiltrato());
+        Arrivate.FiltraCliente(Righe.ClienteFiltrato());
         Righe = std::exchange(Arrivate, {});
         Rimostra(Corrente, PrimaRiga);
     } else {
@@ -239,6 +242,11 @@ void frmTrovaParcella::Filtra()
     const QString Corrente = PercorsoCorrente();
     const QString Testo = ui->txtDesPar->text();
     Righe.Filtra(Testo == Cercato ? QString() : Testo);
+    MostraFiltrate(Corrente);
+}
+
+void frmTrovaParcella::MostraFiltrate(const QString& Corrente)
+{
     Rimostra({}, 0);
     const auto Ancora = Righe.RigaDi(Corrente);
     if (Ancora && Righe.Voce(*Ancora).Genere == GenereVoce::Nota)

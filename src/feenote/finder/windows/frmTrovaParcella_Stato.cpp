@@ -4,6 +4,7 @@
 #include "core/modErrori.h"
 #include "feenote/finder/windows/ui_frmTrovaParcella.h"
 #include "platform/base/regionale.h"
+#include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/scelta.h"
@@ -25,6 +26,8 @@ namespace {
 
 /// More than these no menu shows without scrolling; the file has them all.
 constexpr qsizetype MassimiNelMenu = 30;
+/// Letters of a name that a button shows.
+constexpr qsizetype MassimoNelTasto = 28;
 
 QString ConCsv(const QString& File)
 {
@@ -39,18 +42,37 @@ void frmTrovaParcella::CollegaStato()
     AlScegliere(ui->cmbStato, [this](int Quale, ModoScelta) { cmbStato_Click(Quale); });
     ui->cmdPerCliente->setMenu(new QMenu(ui->cmdPerCliente));
     ui->cmdPerCliente->setEnabled(false);
+    ui->cmdUnCliente->setIcon(aspetto::Icona(u"chiudi"_s));
+    ::Collega<QAbstractButton>(ui->cmdUnCliente, &QAbstractButton::clicked, this,
+                               [this] { FiltraSolo({}, {}); });
 }
 
 void frmTrovaParcella::cmbStato_Click(int Quale)
 {
     const QString Corrente = PercorsoCorrente();
     Righe.FiltraStato(FiltroStato(Quale));
-    Rimostra({}, 0);
-    const auto Ancora = Righe.RigaDi(Corrente);
-    if (Ancora && Righe.Voce(*Ancora).Genere == GenereVoce::Nota)
-        ui->tdbParcelle->ImpostaRigaCorrente(*Ancora);
-    else
-        VaiAllaPrimaNota();
+    MostraFiltrate(Corrente);
+}
+
+void frmTrovaParcella::SoloDelCliente(const std::optional<ClienteNota>& Chi, const QString& Nome)
+{
+    Solo = Chi;
+    const QString Detto = Nome.size() > MassimoNelTasto ? Nome.left(MassimoNelTasto - 1) + u'…' : Nome;
+    ui->cmdUnCliente->setText(u"Solo "_s + QString(Detto).replace(u'&', u"&&"_s));
+    const QString Intero = u"Restano le parcelle di un cliente solo: "_s + Nome +
+                           u". Premere per rivedere quelle di tutti i clienti"_s;
+    ui->cmdUnCliente->setToolTip(Intero);
+    ui->cmdUnCliente->setAccessibleName(u"Solo "_s + Nome + u": togli il filtro"_s);
+    ui->cmdUnCliente->setVisible(Chi.has_value());
+}
+
+void frmTrovaParcella::FiltraSolo(const std::optional<ClienteNota>& Chi, const QString& Nome)
+{
+    const QString Corrente = PercorsoCorrente();
+    ui->tdbParcelle->setFocus(Qt::OtherFocusReason);  // the button goes
+    SoloDelCliente(Chi, Nome);
+    Righe.FiltraCliente(Solo);
+    MostraFiltrate(Corrente);
 }
 
 void frmTrovaParcella::MostraAperto()
@@ -74,15 +96,15 @@ void frmTrovaParcella::RiempiPerCliente(const ApertoTutto& Somma)
 {
     QMenu* Tendina = ui->cmdPerCliente->menu();
     Tendina->clear();
-    ui->cmdPerCliente->setEnabled(!Somma.Clienti.isEmpty());
+    ui->cmdPerCliente->setEnabled(!Somma.Clienti.isEmpty() || Solo);
+    if (Solo)
+        ::Collega(Tendina->addAction(u"Tutti i clienti"_s), &QAction::triggered, this,
+                  [this] { FiltraSolo({}, {}); });
     for (const ApertoCliente& Uno : Somma.Clienti.first(std::min(MassimiNelMenu, Somma.Clienti.size()))) {
         const QString Chi = Uno.Cliente.isEmpty() ? u"Senza cliente"_s : Uno.Cliente;
         QAction* Voce = Tendina->addAction(QString(Chi).replace(u'&', u"&&"_s) + u'\t' + FraseAperto(Uno));
-        Voce->setEnabled(!Uno.Cliente.isEmpty());
-        ::Collega(Voce, &QAction::triggered, this, [this, Chi] {
-            ui->txtDesPar->setText(Chi);
-            ui->tdbParcelle->setFocus(Qt::OtherFocusReason);
-        });
+        ::Collega(Voce, &QAction::triggered, this,
+                  [this, Chi, Quello = Uno.Chi()] { FiltraSolo(Quello, Chi); });
     }
     if (const qsizetype Altri = Somma.Clienti.size() - MassimiNelMenu; Altri > 0)
         Tendina->addAction(Altri == 1 ? u"e un altro"_s : u"e altri %1"_s.arg(Altri))->setEnabled(false);

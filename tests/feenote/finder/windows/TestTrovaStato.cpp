@@ -31,6 +31,9 @@ private Q_SLOTS:
     void lApertoSegueLeRighe();
     void perCliente();
     void perClienteDaTastiera();
+    void unClienteSolo();
+    void unClienteEUnaCartellaCheNonSiLegge();
+    void unClienteDalNomeLungo();
     void ilSuggerimento();
     void laCorrenteResta();
     void mentreSiCerca();
@@ -64,6 +67,7 @@ private:
     }
     [[nodiscard]] QComboBox* ListaStati() const { return Controllo<QComboBox>(F.get(), "cmbStato"); }
     [[nodiscard]] QString Aperto() const { return Controllo<QLabel>(F.get(), "lblAperto")->text(); }
+    [[nodiscard]] QToolButton* UnCliente() const { return Controllo<QToolButton>(F.get(), "cmdUnCliente"); }
     [[nodiscard]] QToolButton* PerCliente() const { return Controllo<QToolButton>(F.get(), "cmdPerCliente"); }
     /// The three notes that the bench has saved, and the four of this class.
     const QStringList Tutte{u"[vecchie]"_s, u"a"_s,       u"b"_s,        u"c"_s,
@@ -199,9 +203,97 @@ void TestTrovaStato::perCliente()
     Respiro();
     QCOMPARE(Voci,
              (QStringList{u"Alfa && figli\t1.000,00 in 1 parcella"_s, u"Beta\t300,50 in 2 parcelle"_s}));
-    QCOMPARE(Testo()->text(), u"Alfa & figli"_s);
+    QCOMPARE(Testo()->text(), QString());
     QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"a"_s, u"d"_s}));
     QCOMPARE(F->focusWidget(), Lista()->Vista());
+    QVERIFY(UnCliente()->isVisible());
+    QCOMPARE(UnCliente()->text(), u"Solo Alfa && figli"_s);
+    QCOMPARE(Mostrate(), u"Mostrate 2 di 7"_s);
+    QCOMPARE(Aperto(), u"Aperto: 1.000,00 in 1 parcella; Alfa & figli 1.000,00"_s);
+    Clic(UnCliente());
+    QCOMPARE(Nomi(), Tutte);
+    QVERIFY(!UnCliente()->isVisible());
+    QCOMPARE(F->focusWidget(), Lista()->Vista());
+}
+
+/// Neither a like name nor a counterparty, nor another client of the same name; the state filters besides.
+void TestTrovaStato::unClienteSolo()
+{
+    const int Primo = T->Ufficio.AggiungiCliente(u"Beta"_s);
+    const int Altro = T->Ufficio.AggiungiCliente(u"Beta"_s);
+    for (const int Chi : {Primo, Altro}) {
+        Parcella Nota;
+        NuovaParcella(Nota);
+        Nota.IDCli = Chi;
+        Nota.txtCliente.Testo = u"Beta"_s;
+        Nota.txtControp.Testo = u"Alfa & figli"_s;
+        Nota.chkIva.Attiva = Nota.chkCP.Attiva = false;
+        RicordaStampa(Nota);
+        Nota.xOnorari(Nota.xOnorari.AggiungiRiga(), OnoImporto) = Chi == Primo ? 10.0 : 20.0;
+        (void)NotaInviata(Nota, StampaPrenotula);
+        ScriviNota(Note + u"k%1.mdb"_s.arg(Chi == Primo ? 1 : 2), Nota);
+    }
+    Salva(u"betania"_s, u"Betania"_s, StatoNota::Inviata, 7);
+    F->RinfrescaTrova();
+    Finita();
+    const auto Sceglie = [this](const QString& Voce) {
+        for (QAction* Una : PerCliente()->menu()->actions())
+            if (Una->text() == Voce)
+                return Una->trigger(), true;
+        return false;
+    };
+    QVERIFY(Sceglie(u"Beta\t300,50 in 2 parcelle"_s));
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"b"_s, u"c"_s}));
+    QVERIFY(Sceglie(u"Tutti i clienti"_s));
+    QVERIFY(Sceglie(u"Beta\t10,00 in 1 parcella"_s));
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"k1"_s}));
+    // It holds while the list is read anew, and with the other filters.
+    F->RinfrescaTrova();
+    Finita();
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"k1"_s}));
+    F->TrovaParc(Note);
+    Finita();
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"k1"_s}));
+    Scegli(ListaStati(), int(FiltroStato::Pagata));
+    QCOMPARE(Nomi(), QStringList{u"[vecchie]"_s});
+    Clic(UnCliente());
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"d"_s}));
+    // Opened anew it shows all.
+    Scegli(ListaStati(), int(FiltroStato::Tutte));
+    QVERIFY(Sceglie(u"Alfa && figli\t1.000,00 in 1 parcella"_s));
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"a"_s, u"d"_s}));
+    Apri();
+    QVERIFY(!UnCliente()->isVisible());
+    QVERIFY(Nomi().contains(u"betania"_s));
+}
+
+/// A folder that cannot be listed gives back the rows of before, filtered as the button says.
+void TestTrovaStato::unClienteEUnaCartellaCheNonSiLegge()
+{
+    PerCliente()->menu()->actions().first()->trigger();
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"a"_s, u"d"_s}));
+    QSemaphore Rete;
+    guasti::PrimaDiScorrere = [&Rete](const QString&) { Rete.acquire(); };
+    const auto Fine = qScopeGuard([&] { guasti::PrimaDiScorrere = {}; });
+    F->TrovaParc(Note + u"manca"_s);
+    Clic(UnCliente());
+    T->Voce.Attendi(u"Errore: Percorso non trovato (76)"_s, vbCritical, u"Errore:"_s);
+    Rete.release(10);
+    Finita();
+    QCOMPARE(Nomi(), Tutte);
+}
+
+/// A name of any length leaves the row of the filters as wide as it is.
+void TestTrovaStato::unClienteDalNomeLungo()
+{
+    const QString Lungo = QString(u"Società cooperativa "_s).repeated(10).trimmed();
+    Salva(u"l"_s, Lungo, StatoNota::Inviata, 9000);
+    F->RinfrescaTrova();
+    Finita();
+    PerCliente()->menu()->actions().first()->trigger();
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"l"_s}));
+    QCOMPARE(UnCliente()->text(), u"Solo Società cooperativa Società…"_s);
+    QVERIFY(UnCliente()->toolTip().contains(Lungo));
 }
 
 void TestTrovaStato::perClienteDaTastiera()
@@ -263,7 +355,9 @@ void TestTrovaStato::senzaNome()
     Finita();
     const QAction* Voce = PerCliente()->menu()->actions().last();
     QCOMPARE(Voce->text(), u"Senza cliente\t5,00 in 1 parcella"_s);
-    QVERIFY(!Voce->isEnabled());  // no text would leave its notes
+    PerCliente()->menu()->actions().last()->trigger();
+    QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"z"_s}));
+    QCOMPARE(UnCliente()->text(), u"Solo Senza cliente"_s);
 }
 
 /// An invoice that was paid in the file that was saved last is not owed in the other one, which alone passes.
