@@ -1,6 +1,7 @@
 #include "addressbook/exchange/annullo.h"
 
 #include "addressbook/exchange/tabellaestranea.h"
+#include "addressbook/exchange/turnoarchivio.h"
 #include "platform/base/errore.h"
 #include "platform/database/primariga.h"
 #include "platform/system/blocco.h"
@@ -117,15 +118,6 @@ QJsonObject Registro(const QString& Archivio, const Coppia& Quale)
     }
 }
 
-/// A file that is no archive any more, or another one: nobody can have left it so by an import. One that is
-/// only locked, or that the disk does not give, may still be it.
-bool NonEQuello(const Errore& Guasto)
-{
-    constexpr std::array Numeri{errori::FormatoDatabase, errori::DatabaseMancante, errori::TabellaMancante,
-                                errori::CampoSconosciuto};
-    return std::ranges::find(Numeri, Guasto.Numero) != Numeri.end();
-}
-
 /// The archive is as the import of this record has left it: nobody has written to it since, and the rows are
 /// those. The record of an import that was not confirmed speaks of rows that are not there.
 /// @throws Errore of an archive that cannot be read now, as OpenDatabase and Recordset::Scorri
@@ -158,43 +150,6 @@ size_t PostoUltimo(const QString& Archivio)
             return i;
     return Detti[1][u"quando"_s].toString() < Detti[0][u"quando"_s].toString() ? 1 : 0;
 }
-
-/// The turn, which one program at a time has for an archive.
-/// @throws Errore NumeroFileRifiutato when another program has it
-void PrendiTurno(FileBlocco& Turno)
-{
-    constexpr int AttesaMs = 2000;  // longer than the lock counts that a killed program has left unsigned
-    if (Turno.Prendi(AttesaMs) == FileBlocco::Esito::Altrui)
-        RifiutaFile(u"Un altro programma sta importando nello stesso archivio: riprovare fra poco."_s);
-}
-
-QString FileDelTurno(const QString& Archivio)
-{
-    return FileVero(Archivio) + u".prima.blocco"_s;
-}
-
-/// Keeps everybody from writing to an archive. Who waits for it meanwhile is refused if the file has been
-/// replaced when his turn comes: the engine writes to none that has lost its name.
-class ArchivioFermo
-{
-public:
-    /// @throws Errore 3260 when somebody is writing to it, and as OpenDatabase
-    explicit ArchivioFermo(const QString& Archivio)
-    {
-        try {
-            Db = OpenDatabase(Archivio);
-            Sola.emplace(Db);
-        } catch (const Errore& Guasto) {
-            // To a file that is no archive, or a read-only one, nobody writes.
-            if (!NonEQuello(Guasto) && Guasto.Numero != errori::DatabaseSolaLettura)
-                throw;
-        }
-    }
-
-private:
-    Database Db;
-    std::optional<Transazione> Sola;
-};
 
 }  // namespace
 

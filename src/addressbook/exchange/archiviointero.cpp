@@ -2,6 +2,7 @@
 
 #include "addressbook/exchange/archivionativo.h"
 #include "addressbook/exchange/tabellaestranea.h"
+#include "addressbook/exchange/turnoarchivio.h"
 #include "addressbook/modRubrica.h"
 #include "platform/base/regionale.h"
 #include "platform/database/database.h"
@@ -39,12 +40,34 @@ bool Libero(const QString& File)
     }
 }
 
+QString Radice(const QString& Cartella)
+{
+    return Barra(Cartella) + u"DatiStudio"_s;
+}
+
 QString Destinazione(const QString& Cartella)
 {
-    const QString Base = Barra(Cartella) + u"DatiStudio"_s;
-    QString File = TrovaFile(Base + u".mdb"_s);
+    QString File = TrovaFile(Radice(Cartella) + u".mdb"_s);
     for (int i = 2; !Libero(File); ++i)
-        File = TrovaFile(Base + u' ' + QString::number(i) + u".mdb"_s);
+        File = TrovaFile(Radice(Cartella) + u' ' + QString::number(i) + u".mdb"_s);
+    return File;
+}
+
+/// Puts a complete archive into a folder, under the first name that nobody uses. The name is chosen last,
+/// with the file there held: while a long archive was copied somebody may have typed the first clients into
+/// it.
+QString MettiAlPosto(const QString& Nuovo, const QString& Cartella)
+{
+    QString File;
+    std::optional<ArchivioFermo> Fermo;
+    do {
+        Fermo.reset();
+        File = Destinazione(Cartella);
+        if (EsisteFile(File))
+            Fermo.emplace(File);
+    } while (!Libero(File));
+    DaiPermessi(Nuovo, File, Lettori::Cartella);
+    SostituisciFile(Nuovo, File);
     return File;
 }
 
@@ -74,9 +97,12 @@ std::optional<ArchivioPreso> PrendiArchivio(const QString& Da, const QString& Ca
         RifiutaFile(u"Il file \"%1\" non è un archivio: per un foglio di calcolo o una rubrica scegliere "
                     "\"Aggiungi i nominativi\"."_s.arg(NomeFile(Da)));
     CreaCartellaDiUtente(Cartella);
-    ArchivioPreso Preso{.File = Destinazione(Cartella), .Tralasciati = {}};
-    const QString Nuovo = Preso.File + u".nuovo"_s;
+    const QString Primo = Radice(Cartella) + u".mdb"_s;
+    FileBlocco Turno(FileDelTurno(Primo));
+    PrendiTurno(Turno);
+    const QString Nuovo = Primo + u".nuovo"_s;
     ScartaFile(Nuovo);
+    ArchivioPreso Preso;
     const auto Fuori = ScriviNativo(Da, Nuovo, Prosegui);
     if (!Fuori)
         return std::nullopt;
@@ -85,8 +111,7 @@ std::optional<ArchivioPreso> PrendiArchivio(const QString& Da, const QString& Ca
         Preso.Tralasciati.removeIf(TabellaDiSistema);
         ImpostaSolaLettura(Nuovo, false);
         Completa(Nuovo, Da, Preso);
-        DaiPermessi(Nuovo, Preso.File, Lettori::Cartella);
-        SostituisciFile(Nuovo, Preso.File);
+        Preso.File = MettiAlPosto(Nuovo, Cartella);
     } catch (...) {
         ScartaFile(Nuovo);
         throw;

@@ -95,6 +95,21 @@ void Raccogli(const QString& Radice, const QString& Sotto, int Fondo, const QStr
     }
 }
 
+/// A copy as it was made. One that somebody has saved meanwhile is his, and no copy any more.
+struct Fatta
+{
+    explicit Fatta(const QString& DiChe) : File(DiChe), Byte(QFileInfo(File).size()), Quando(DataFile(File))
+    {}
+    [[nodiscard]] bool ComeAllora() const
+    {
+        return EsisteFile(File) && QFileInfo(File).size() == Byte && DataFile(File) == Quando;
+    }
+
+    QString File;
+    qint64 Byte;
+    QDateTime Quando;
+};
+
 /// A note of this program is called ".mdb".
 QString NomeNuovo(const QString& Nome)
 {
@@ -125,22 +140,23 @@ std::optional<QList<EsitoNota>> CopiaNote(const QString& Da, const QString& A,
         RifiutaFile(
             u"Nella cartella \"%1\" non ci sono parcelle (file .mdb): sceglierne un'altra."_s.arg(Da));
     QList<EsitoNota> Esiti;
-    QStringList Fatti;
-    QStringList Fatte;  // folders, the outer ones first
+    QList<Fatta> Fatti;
+    QStringList Cartelle;  // made for the copies, the outer ones first
     const auto FaiCartella = [&](const QString& Cartella) {
         QStringList Mancanti;
         for (QString Una = Barra(Cartella); !Una.isEmpty() && !EsisteCartella(Una);
              Una = CartellaSuperiore(Una))
             Mancanti.prepend(Una);
-        Fatte += Mancanti;
+        Cartelle += Mancanti;
         CreaCartellaDiUtente(Cartella);
     };
     const auto Ferma = [&]() -> std::optional<QList<EsitoNota>> {
-        for (const QString& Copia : std::as_const(Fatti))
-            ScartaFile(Copia);
+        for (const Fatta& Copia : std::as_const(Fatti))
+            if (Copia.ComeAllora())
+                ScartaFile(Copia.File);
         // One that somebody has put a file into stays.
-        while (!Fatte.isEmpty())
-            ScartaCartella(Fatte.takeLast());
+        while (!Cartelle.isEmpty())
+            ScartaCartella(Cartelle.takeLast());
         return std::nullopt;
     };
     for (const QString& Nome : File) {
@@ -159,8 +175,9 @@ std::optional<QList<EsitoNota>> CopiaNote(const QString& Da, const QString& A,
                 const auto Fuori = ScriviNativo(Origine + Nome, Nuovo, [&](qint64) { return Ancora(); });
                 if (!Fuori)
                     return Ferma();
-                Fatti.append(Nuovo);
+                Fatti.append(Fatta(Nuovo));
                 ImpostaDataFile(Nuovo, DataFile(Origine + Nome));
+                Fatti.last() = Fatta(Nuovo);
                 Esito.Copiata = true;
                 QStringList Detti = *Fuori;
                 Detti.removeIf(TabellaDiSistema);

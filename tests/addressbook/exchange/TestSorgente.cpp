@@ -6,6 +6,7 @@
 #include "addressbook/exchange/archivionativo.h"
 #include "addressbook/exchange/esporta.h"
 #include "addressbook/exchange/notevecchie.h"
+#include "addressbook/exchange/turnoarchivio.h"
 #include "core/sessione.h"
 #include "platform/system/guasti.h"
 #include "supporto/guasti.h"
@@ -38,6 +39,7 @@ private Q_SLOTS:
     void lEstensione();
     void unArchivioIntero();
     void accantoAUnArchivioPieno();
+    void riempitoMentreSiCopia();
     void senzaControparti();
     void nonSiPrende_data();
     void nonSiPrende();
@@ -272,6 +274,27 @@ void TestSorgente::accantoAUnArchivioPieno()
     QCOMPARE(Pieno.Byte(), Prima);
 }
 
+/// The copy of a long archive takes minutes, in which another place of the office may begin to use the empty
+/// one.
+void TestSorgente::riempitoMentreSiCopia()
+{
+    const Studio Vecchio;
+    Riempi(Vecchio);
+    const Studio Nuovo;
+    bool InTurno = false;
+    const auto Scrive = [&](qint64) {
+        if (!std::exchange(InTurno, EsisteFile(FileDelTurno(Nuovo.File))))
+            Nuovo.Esegui(u"INSERT INTO clienti (Nominativo) VALUES ('primo')"_s);
+        return true;
+    };
+    const auto Preso = PrendiArchivio(Vecchio.File, Nuovo.Cartella, Scrive);
+    QVERIFY(Preso);
+    QVERIFY(InTurno);
+    QCOMPARE(Preso->File, Nuovo.Cartella + u"DatiStudio 2.mdb"_s);
+    QCOMPARE(OpenDatabase(Nuovo.File).OpenRecordset(u"clienti"_s).RecordCount(), 1);
+    QCOMPARE(ContenutoDi(Nuovo.Cartella), (QStringList{u"DatiStudio 2.mdb"_s, u"DatiStudio.mdb"_s}));
+}
+
 /// Its own columns stay; the table that it lacks is there, empty.
 void TestSorgente::senzaControparti()
 {
@@ -391,6 +414,15 @@ void TestSorgente::leVecchieParcelleSiFermano()
     QVERIFY(!CopiaNote(S.Cartella, A + u"nuove/"_s, [](int Fatte, int) { return Fatte < 3; }));
     QVERIFY(!QDir(A + u"nuove"_s).exists());
     QVERIFY(QDir(A).exists());
+    // A copy that a colleague has saved meanwhile is a note of his.
+    const auto Salvata = [&](int Fatte, int) {
+        if (Fatte == 1)
+            ScriviFile(A + u"DatiStudio.mdb"_s, "sua");
+        return Fatte < 3;
+    };
+    QVERIFY(!CopiaNote(S.Cartella, A, Salvata));
+    QCOMPARE(ContenutoDi(A), QStringList{u"DatiStudio.mdb"_s});
+    QCOMPARE(LeggiFile(A + u"DatiStudio.mdb"_s), "sua");
 }
 
 /// Half a folder of notes with no report is worse than none.
