@@ -1,5 +1,6 @@
 #include "calculators/windows/pannellovigente.h"
 
+#include "calculators/modContributo.h"
 #include "calculators/windows/etamostrata.h"
 #include "calculators/windows/finestracalcolo.h"
 #include "platform/base/errore.h"
@@ -102,8 +103,7 @@ void PannelloVigente::Collegamenti()
         return true;
     });
     AlLasciaSempre(ui->txtValoreVigente, [this] {
-        if (IsNumeric(ui->txtValoreVigente->text()))
-            ui->txtValoreVigente->setText(Euro(CDbl(ui->txtValoreVigente->text())));
+        ui->txtValoreVigente->setText(::ValoreLasciato(ui->txtValoreVigente->text()));
         if (ValoreLasciato)
             ValoreLasciato();
         return true;

@@ -47,6 +47,8 @@ private Q_SLOTS:
     void pannelloNascosto();
     void importiPerData_data();
     void importiPerData();
+    void leCaselleSiLasciano_data();
+    void leCaselleSiLasciano();
     void importiFissi_data();
     void importiFissi();
     void gradiERegole();
@@ -136,6 +138,37 @@ void TestNormeImporti::importiPerData()
     const auto* Modello = Passi->Vista()->model();
     QCOMPARE(Modello->index(0, 1).data().toString(), Contributo);
     QVERIFY(Modello->index(0, 2).data().toString().contains(u"115/2002"));
+}
+
+void TestNormeImporti::leCaselleSiLasciano_data()
+{
+    QTest::addColumn<QString>("Procedimento");
+    QTest::addColumn<QString>("Valore");
+    QTest::addColumn<QString>("Lasciato");
+    QTest::addColumn<QString>("Contributo");
+    const QString Civile = u"Processo civile, a valore"_s;
+    const QString Tributario = u"Processo tributario, a valore"_s;
+    QTest::newRow("mezzo centesimo") << Civile << u"1100,005"_s << u"1.100,00"_s << u"43,00"_s;
+    QTest::newRow("oltre il mezzo") << Civile << u"1100,0051"_s << u"1.100,01"_s << u"98,00"_s;
+    QTest::newRow("mezzo centesimo in alto") << Civile << u"52000,005"_s << u"52.000,00"_s << u"518,00"_s;
+    QTest::newRow("tributario") << Tributario << u"2582,285"_s << u"2.582,28"_s << u"30,00"_s;
+    QTest::newRow("niente") << Civile << QString() << QString() << QString();
+    QTest::newRow("non un numero") << Civile << u"1,2,3"_s << u"1,2,3"_s << QString();
+}
+
+// Leaving the value rounds what is shown as the fee has rounded it, and so changes no bracket.
+void TestNormeImporti::leCaselleSiLasciano()
+{
+    QFETCH(QString, Procedimento);
+    QFETCH(QString, Valore);
+    QFETCH(QString, Lasciato);
+    QFETCH(QString, Contributo);
+    QPointer<frmContrib> F = ApriContributo(Procedimento);
+    Scrivi(F, "txtValoreVigente", Valore);
+    QCOMPARE(TestoDi(F, "lblVigente"), Contributo);
+    Premi(Qt::Key_Tab);
+    QCOMPARE(TestoDi(F, "txtValoreVigente"), Lasciato);
+    QCOMPARE(TestoDi(F, "lblVigente"), Contributo);
 }
 
 void TestNormeImporti::importiFissi_data()
