@@ -21,12 +21,14 @@ constexpr int LimiteSql = 1024 * 1024;
 constexpr int DiscoORete = 3043;
 const QString InMemoria = u":memory:"_s;
 
-/// What a message of the engine's general error begins with or holds, and what it means here.
+/// What a message of the engine's general error holds, and what it means here. Names of tables and columns
+/// stand in it too: one word alone would be theirs as well.
 struct Messaggio
 {
     const char* Contiene;
     int Numero;
-    QStringView Descrizione;  ///< empty: the one of the table of errors
+    QStringView Descrizione;    ///< empty: the one of the table of errors
+    const char* Comincia = "";  ///< and what it begins with
 };
 
 constexpr std::array Messaggi{
@@ -35,9 +37,10 @@ constexpr std::array Messaggi{
     Messaggio{"no such column", 3061, {}},
     Messaggio{"no column named", 3061, {}},
     Messaggio{"duplicate column name", 3380, u"Il campo esiste già nella tabella"},
-    Messaggio{"index", 3284, u"L'indice esiste già"},
+    Messaggio{"no such index: ", errori::IndiceMancante, {}},
+    Messaggio{"already exists", 3284, u"L'indice esiste già", "index "},
     Messaggio{"already exists", 3010, {}},
-    Messaggio{"already another", 3010, {}},
+    Messaggio{"there is already a", 3010, {}},
     Messaggio{"no such function", 3085, u"Funzione sconosciuta nell'istruzione SQL"},
     Messaggio{"within a transaction", 3246, u"Operazione non valida dentro una transazione"},
 };
@@ -46,7 +49,7 @@ Errore ErroreGenerico(const char* Testo)
 {
     const QByteArrayView Vista(Testo);
     for (const Messaggio& M : Messaggi)
-        if (Vista.contains(QByteArrayView(M.Contiene)))
+        if (Vista.startsWith(QByteArrayView(M.Comincia)) && Vista.contains(QByteArrayView(M.Contiene)))
             return M.Descrizione.isEmpty() ? Errore(M.Numero) : Errore(M.Numero, M.Descrizione.toString());
     return Errore(errori::SintassiSql);
 }

@@ -353,6 +353,12 @@ void TestDatabase::istruzioniSbagliate_data()
     QTest::newRow("NUL e poi altro") << QString(u"DELETE FROM T\0; DROP TABLE T"_s) << 3142;
     QTest::newRow("valori mancanti") << u"INSERT INTO T (a) VALUES (?)"_s << 3061;
     QTest::newRow("tabella gia presente") << u"CREATE TABLE T (a)"_s << 3010;
+    QTest::newRow("indice gia presente") << u"CREATE INDEX PerA ON T (a)"_s << 3284;
+    QTest::newRow("tabella col nome di un indice") << u"CREATE TABLE PerA (a)"_s << 3010;
+    QTest::newRow("indice col nome di una tabella") << u"CREATE INDEX T ON T (a)"_s << 3010;
+    QTest::newRow("tabella che nomina un indice") << u"CREATE TABLE \"index di T\" (a)"_s << 3010;
+    QTest::newRow("indice mancante") << u"DROP INDEX Manca"_s << 3015;
+    QTest::newRow("parola riservata") << u"UPDATE T SET index=1"_s << 3144;
     QTest::newRow("file aggiunto") << u"ATTACH '/tmp/x' AS y"_s << 3144;
 }
 
@@ -362,6 +368,8 @@ void TestDatabase::istruzioniSbagliate()
     const Database Db = CreateDatabase(Cartella + u"s.mdb"_s);
     Db.Execute(u"CREATE TABLE T (ID INTEGER PRIMARY KEY, a TEXT)"_s);
     Db.Execute(u"INSERT INTO T VALUES (1,'a')"_s);
+    Db.Execute(u"CREATE INDEX PerA ON T (a)"_s);
+    Db.Execute(u"CREATE TABLE \"index di T\" (a)"_s);
     QTEST(NumeroErrore([&] { Db.Execute(Sql); }), "Numero");
     QCOMPARE(Db.OpenRecordset(u"T"_s).Value(u"a"_s), QVariant(u"a"_s));
 }
