@@ -38,18 +38,13 @@ constexpr GiornoMese SenzaPasquetta{31, 12};
 constexpr int AnnoSenzaPasquetta = 1999;
 constexpr int PrimoAnno = 100;
 constexpr int UltimoAnno = 9999;
+const QDate PrimoGiorno(PrimoAnno, 1, 1);
+const QDate UltimoGiorno(UltimoAnno, 12, 31);
 
-constexpr qint64 GiornoGiuliano(const GiornoMese& Quando, int Anno)
+QDate InAnno(const GiornoMese& Quando, int Anno)
 {
-    // The proleptic Gregorian count of days, as QDate keeps it.
-    const int Spostato = (14 - Quando.Mese) / 12;
-    const qint64 A = Anno + 4800 - Spostato;
-    const int M = Quando.Mese + 12 * Spostato - 3;
-    return Quando.Giorno + (153 * M + 2) / 5 + 365 * A + A / 4 - A / 100 + A / 400 - 32045;
+    return {Anno, Quando.Mese, Quando.Giorno};
 }
-
-constexpr qint64 PrimoGiorno = GiornoGiuliano({1, 1}, PrimoAnno);
-constexpr qint64 UltimoGiorno = GiornoGiuliano({31, 12}, UltimoAnno);
 
 constexpr GiornoMese GiornoPasquetta(int Anno)
 {
@@ -66,8 +61,7 @@ static_assert(GiornoPasquetta(2049) == GiornoMese{26, 4}, "no correction for Apr
 
 QDate NelCalendario(const QDate& Data)
 {
-    const qint64 Giorno = Data.toJulianDay();
-    if (Giorno < PrimoGiorno || Giorno > UltimoGiorno)
+    if (Data < PrimoGiorno || Data > UltimoGiorno)
         throw Errore(errori::Argomento);
     return Data;
 }
@@ -105,8 +99,8 @@ public:
     [[nodiscard]] bool HaSettembre(const QDate& Da, const QDate& A) const
     {
         const auto [Dal, Al] = std::minmax(Da, A);
-        return Anno >= AnnoRipresa && Dal <= QDate::fromJulianDay(GiornoGiuliano(FineSospensione, Anno)) &&
-               Al >= QDate::fromJulianDay(GiornoGiuliano(RipresaDiLegge, Anno));
+        return Anno >= AnnoRipresa && Dal <= InAnno(FineSospensione, Anno) &&
+               Al >= InAnno(RipresaDiLegge, Anno);
     }
     void PassaAllAltra()
     {
@@ -117,8 +111,8 @@ public:
 private:
     void Calcola()
     {
-        const QDate Agosto = QDate::fromJulianDay(GiornoGiuliano(InizioSospensione, Anno));
-        const QDate Settembre = QDate::fromJulianDay(GiornoGiuliano(FineSospensione, Anno));
+        const QDate Agosto = InAnno(InizioSospensione, Anno);
+        const QDate Settembre = InAnno(FineSospensione, Anno);
         Primo = Passo > 0 ? Agosto : Settembre;
         Ultimo = Passo > 0 ? Settembre : Agosto;
     }
