@@ -111,7 +111,7 @@ ArchivioNativo::ArchivioNativo(const QString& DiFile, const std::function<bool(q
                   QUuid::createUuid().toString(QUuid::Id128) + u".mdb"_s;
     const auto Detti = ScriviNativo(DiFile, Provvisorio, Prosegui);
     if (!Detti)
-        throw Errore(0);  // the user has stopped it, and knows
+        throw Interrotto();
     Fuori = *Detti;
     Nativo = Provvisorio;
 }

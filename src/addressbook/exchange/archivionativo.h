@@ -26,7 +26,7 @@
 class ArchivioNativo
 {
 public:
-    /// @throws Errore as ScriviNativo, 0 when `Prosegui` stopped it
+    /// @throws Errore as ScriviNativo; Interrotto when `Prosegui` stopped it
     explicit ArchivioNativo(const QString& DiFile, const std::function<bool(qint64 Fatti)>& Prosegui = {});
     ~ArchivioNativo();
     ArchivioNativo(const ArchivioNativo&) = delete;

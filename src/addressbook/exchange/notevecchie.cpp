@@ -51,7 +51,7 @@ void Raccogli(const QString& Radice, const QString& Sotto, int Fondo, const QStr
               const std::function<bool()>& Ancora, Trovate& Tutte)
 {
     if (!Ancora())
-        throw Errore(0);  // the user has stopped it, and knows
+        throw Interrotto();
     const auto Salta = [&](const QString& Cartella, const QString& Perche) {
         Tutte.Saltate.append({.Nome = Cartella, .Detto = Perche, .Cartella = true});
     };
@@ -130,9 +130,7 @@ std::optional<QList<EsitoNota>> CopiaNote(const QString& Da, const QString& A,
     try {
         Raccogli(
             Origine, QString(), 0, CartellaVera(Arrivo), [&] { return !Prosegui || Prosegui(0, 0); }, Sotto);
-    } catch (const Errore& Guasto) {
-        if (Guasto.Numero != 0)
-            throw;
+    } catch (const Interrotto&) {
         return std::nullopt;
     }
     const QStringList& File = Sotto.File;

@@ -152,7 +152,7 @@ TabellaEstranea SorgenteNominativi::Leggi(OpzioniSorgente& Come, const Avanzamen
     std::optional<qint64> Ultima;
     do {
         if (Prosegui && !Prosegui(Numero, Righe.RecordCount()))
-            throw Errore(0);  // the user has stopped it, and knows
+            throw Interrotto();
         Ultima = Righe.Scorri(Tabella.Titoli, Ultima, Porzione, [&](const RigaScorsa& Riga) {
             QStringList Celle;
             for (int i = 0; i < Tabella.Titoli.size(); ++i)

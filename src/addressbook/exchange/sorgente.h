@@ -26,7 +26,7 @@ class SorgenteNominativi
 public:
     /// @param Prosegui asked now and then while the file, or an archive of Access, is read; false stops it
     /// @throws Errore NumeroFileRifiutato when it is no source, or larger than a program may ask for; 53, 75;
-    /// 0 when it was stopped
+    /// Interrotto when it was stopped
     explicit SorgenteNominativi(const QString& DiFile, const AvanzamentoLettura& Prosegui = {});
     ~SorgenteNominativi();
     SorgenteNominativi(const SorgenteNominativi&) = delete;
@@ -38,7 +38,7 @@ public:
     [[nodiscard]] const QStringList& Tabelle() const { return NomiTabelle; }
     /// The rows. What a spreadsheet's file was read as is told in `Come`.
     /// @param Prosegui asked now and then; false stops it, and `Come` is as it was
-    /// @throws Errore as LeggiCsv, LeggiVcard, Database::OpenRecordset; 0 when it was stopped
+    /// @throws Errore as LeggiCsv, LeggiVcard, Database::OpenRecordset; Interrotto when it was stopped
     [[nodiscard]] TabellaEstranea Leggi(OpzioniSorgente& Come, const AvanzamentoLettura& Prosegui = {}) const;
 
 private:

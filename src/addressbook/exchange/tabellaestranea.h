@@ -33,8 +33,7 @@ struct TabellaEstranea
 /// Long reading says how far it is, in units of its own. @return false when it is to stop
 using AvanzamentoLettura = std::function<bool(qint64 Fatti, qint64 Tutti)>;
 
-/// Asks now and then, however long the pieces are that a reader takes. Stopped, it throws the error 0, which
-/// nobody tells.
+/// Asks now and then, however long the pieces are that a reader takes. Stopped, it throws Interrotto.
 class PassiDiLettura
 {
 public:
@@ -47,7 +46,7 @@ public:
             return;
         Prossimo = Fatti + Passo;
         if (!Chiedi(Fatti, Tutti))
-            throw Errore(0);
+            throw Interrotto();
     }
 
 private:

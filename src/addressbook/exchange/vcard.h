@@ -16,7 +16,7 @@
 /// card writes before and behind a name ("Avv.") is the column "Titolo". Pictures,
 /// sounds and keys are left out.
 /// @throws Errore NumeroFileRifiutato for what is no text or holds no card, ends within a card, or passes the
-/// limits; 0 when `Prosegui` stopped it
+/// limits; Interrotto when `Prosegui` stopped it
 [[nodiscard]] TabellaEstranea LeggiVcard(const QByteArray& Byte, const AvanzamentoLettura& Prosegui = {});
 
 /// The values of a row by the archive's names of its fields, the visible ones in their order.

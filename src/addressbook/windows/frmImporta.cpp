@@ -291,16 +291,20 @@ void frmImporta::cmdSfoglia_Click(int Quale)
 
 bool frmImporta::Tenta(const std::function<void()>& Azione)
 {
-    return Protetta([&] {
+    bool Fatta = false;
+    (void)Protetta([&] {
         try {
             Azione();
+            Fatta = true;
+        } catch (const Interrotto&) {
+            Fatta = false;
         } catch (const Errore& Guasto) {
             if (Guasto.Numero != NumeroFileRifiutato)
                 throw;
             MsgBox(Guasto.Descrizione, vbOKOnly + vbExclamation, TitoloAvvertenza.toString());
-            throw Errore(0);  // told
         }
     });
+    return Fatta;
 }
 
 void frmImporta::AlLavoroPer(const std::function<void()>& Azione)

@@ -138,7 +138,7 @@ void frmImporta::ApriSorgente()
         AlLavoroPer([this] {
             const auto Passo = [this](qint64 Fatti, qint64 Tutti) { return Avanza(Fatti, Tutti); };
             if (!Passo(0, 0))
-                throw Errore(0);  // stopped before it has begun
+                throw Interrotto();  // before it has begun
             auto Nuova = std::make_unique<SorgenteNominativi>(File(), Passo);
             OpzioniSorgente Come;
             Come.Tabella = Tabella();

@@ -1,4 +1,5 @@
-// The one thing this program throws: a classic error number with its Italian description.
+// What this program throws: a classic error number with its Italian description, and the sign that somebody
+// has stopped what was under way.
 #pragma once
 
 #include <QString>
@@ -67,6 +68,10 @@ struct Errore : std::exception
 private:
     QByteArray Utf8;  ///< what() must hand out bytes that live as long as the error
 };
+
+/// Long work that its user has stopped. He knows, so that whoever catches it tells nobody.
+struct Interrotto
+{};
 
 /// Italian sentence of a number, without a full stop; a general one for unknown numbers.
 [[nodiscard]] QString DescrizioneErrore(int Numero);
