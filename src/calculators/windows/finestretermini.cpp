@@ -278,6 +278,17 @@ QString EsitoInRiga(const QList<TermineContato>& Termini)
     return Giorni.join(u", "_s);
 }
 
+CampoRicordato CampoDecorrenza(const CampiTermini& Campi)
+{
+    CampoRicordato Data = CampoDi(Campi.mskDecorr);
+    Data.Scrivi = [Campi, Scrivi = Data.Scrivi](const QString& Valore) {
+        const bool Scritta = Scrivi(Valore);
+        AbilitaSabato(Campi, SenzaSecolo(Campi.mskDecorr->Testo()));
+        return Scritta;
+    };
+    return Data;
+}
+
 CampoRicordato CampoMateria(QComboBox* cmbMateria)
 {
     CampoRicordato Campo = CampoDi(cmbMateria);

@@ -133,6 +133,9 @@ private:
 /// The result in a line: the date in words, of a chain the days of all its terms. Empty for none.
 [[nodiscard]] QString EsitoInRiga(const QList<TermineContato>& Termini);
 
+/// The start date as it is remembered: what takes it up enables the Saturday by it, as typing it does.
+[[nodiscard]] CampoRicordato CampoDecorrenza(const CampiTermini& Campi);
+
 /// The list of matters as it is remembered: none chosen is the ordinary one.
 [[nodiscard]] CampoRicordato CampoMateria(QComboBox* cmbMateria);
 

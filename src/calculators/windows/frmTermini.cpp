@@ -285,6 +285,8 @@ void frmTermini::CambiaNorme()
     // What one set of rules has put aside the other one may ask for.
     if (Scelto)
         SpuntaSabato(RichiestaTermineDi(*Scelto, {}).Opzioni);
+    // The program's own rules enable it by a date, and there may be none.
+    ui->chkSabato->setEnabled(Scelta->InVigore());
     AbilitaSabato(Campi(), SenzaSecolo(ui->mskDecorr->Testo()));
     MostraScelto();
     Pulisci();
@@ -504,7 +506,7 @@ ParteDelCalcolo frmTermini::ParteComandi()
 {
     ParteDelCalcolo Parte;
     Parte.Quale = Calcolatrice::Termini;
-    Parte.Campi = {CampoDi(ui->cmbNorme), CampoCatalogo(), CampoDi(ui->mskDecorr),
+    Parte.Campi = {CampoDi(ui->cmbNorme), CampoCatalogo(), CampoDecorrenza(Campi()),
                    CampoDi(Inizio->Casella())};
     // No unit chosen counts in years.
     CampoRicordato Unita = CampoDi(ui->cmbIncrTipo);

@@ -349,8 +349,8 @@ ParteDelCalcolo frmTerminiSeq::ParteComandi()
 {
     ParteDelCalcolo Parte;
     Parte.Quale = Calcolatrice::Sequenziali;
-    Parte.Campi = {CampoDi(ui->cmbNorme),  CampoDi(ui->cmbArticolo),   CampoMateria(ui->cmbMateria),
-                   CampoDi(ui->mskDecorr), CampoDi(Inizio->Casella()), CampoDi(ui->chkSosp),
+    Parte.Campi = {CampoDi(ui->cmbNorme),    CampoDi(ui->cmbArticolo),   CampoMateria(ui->cmbMateria),
+                   CampoDecorrenza(Campi()), CampoDi(Inizio->Casella()), CampoDi(ui->chkSosp),
                    CampoDi(ui->chkSabato)};
     Parte.Nome = [this] {
         return ui->cmbArticolo->currentText() + u", "_s + EventoMostrato().toLower() + u" del "_s +

@@ -7,6 +7,7 @@
 #include "calculators/windows/frmContrib.h"
 #include "calculators/windows/frmInteressi.h"
 #include "calculators/windows/frmTermini.h"
+#include "calculators/windows/frmTerminiSeq.h"
 
 #include <QCheckBox>
 
@@ -21,6 +22,9 @@ private Q_SLOTS:
     void cleanup() { Sgombra(); }
     void terminiDelCatalogo();
     void catenaDelCatalogo();
+    void sabatoDellaDataRipresa_data();
+    void sabatoDellaDataRipresa();
+    void sabatoDelleNormeCambiate();
     void moraScelta_data();
     void moraScelta();
     void legaliNonScelgonoLaMora();
@@ -82,6 +86,62 @@ void TestCalcoliRicordati::catenaDelCatalogo()
     QVERIFY(Riprendi(F));
     QCOMPARE(TestoDi(F, "lblRisult"), Atteso);
     QVERIFY(!Controllo(F, "txtIncrNum")->isEnabled());
+}
+
+void TestCalcoliRicordati::sabatoDellaDataRipresa_data()
+{
+    QTest::addColumn<bool>("Sequenziali");
+    QTest::addColumn<QString>("Ricordata");
+    QTest::addColumn<QString>("Digitata");  // in the new window, before the calculation is taken up
+    QTest::addColumn<bool>("Abilitato");
+    QTest::newRow("termini, dopo il 2006") << false << u"10032024"_s << QString() << true;
+    QTest::newRow("termini, prima") << false << u"10032005"_s << u"10032024"_s << false;
+    QTest::newRow("sequenziali, prima del 2006") << true << u"10032005"_s << QString() << false;
+    QTest::newRow("sequenziali, dopo") << true << u"10032024"_s << u"10032005"_s << true;
+}
+
+// The Saturday of a date that is taken up is enabled as that of one that is typed.
+void TestCalcoliRicordati::sabatoDellaDataRipresa()
+{
+    QFETCH(bool, Sequenziali);
+    QFETCH(QString, Ricordata);
+    QFETCH(QString, Digitata);
+    const auto Apre = [&]() -> QDialog* {
+        if (Sequenziali)
+            return Apri<frmTerminiSeq>();
+        return Apri<frmTermini>();
+    };
+    QDialog* F = Apre();
+    if (!Sequenziali)
+        Scrivi(F, "txtIncrNum", u"20"_s);
+    Scrivi(F, "mskDecorr", Ricordata);
+    Clic(Controllo(F, "cmdEsegui"));
+    const QString Atteso = TestoDi(F, "lblRisult");
+    QVERIFY(!Atteso.isEmpty());
+    Chiudi(F);
+    F = Apre();
+    if (!Digitata.isEmpty())
+        Scrivi(F, "mskDecorr", Digitata);
+    QVERIFY(ApriElenco(F));
+    QVERIFY(Riprendi(F));
+    QCOMPARE(TestoDi(F, "lblRisult"), Atteso);
+    QTEST(Controllo(F, "chkSabato")->isEnabled(), "Abilitato");
+}
+
+// The norms in force let it be ticked without a date, the program's own do not.
+void TestCalcoliRicordati::sabatoDelleNormeCambiate()
+{
+    auto* F = Apri<frmTermini>();
+    const auto* Sabato = Controllo<QCheckBox>(F, "chkSabato");
+    QVERIFY(!Sabato->isEnabled());
+    Scegli(F, "cmbNorme", 1);
+    QVERIFY(Sabato->isEnabled());
+    Scegli(F, "cmbNorme", 0);
+    QVERIFY(!Sabato->isEnabled());
+    Scrivi(F, "mskDecorr", u"10032024"_s);
+    Scegli(F, "cmbNorme", 1);
+    Scegli(F, "cmbNorme", 0);
+    QVERIFY(Sabato->isEnabled());
 }
 
 // The rule that is proposed with a first day gives way to the one that was chosen.
