@@ -49,7 +49,7 @@ QList<double> RestiDeiDocumenti(const QList<DocumentoDaPagare>& Documenti)
         if (!Documenti[i].Storno)
             Fattura = i;
         else if (Fattura >= 0)
-            Stornati[Fattura] += Documenti[i].Netto;
+            Stornati[Fattura] += std::max(0.0, Documenti[i].Netto);
     }
     QList<double> Resti;
     for (const DocumentoDaPagare& Uno : Documenti)

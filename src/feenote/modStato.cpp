@@ -198,7 +198,7 @@ bool DocumentiSaldati(const Parcella& Nota)
         if (!Storno)
             Resti.append(Resto);
         else if (!Resti.isEmpty())
-            Resti.last() -= Netto;
+            Resti.last() -= std::max(0.0, Netto);
     };
     const QList<double> Tutti = RestiDellaNota(Nota);
     for (qsizetype i = 0; i < Tenuto.Emessi.size(); ++i)

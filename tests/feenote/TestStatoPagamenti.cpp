@@ -74,6 +74,7 @@ private Q_SLOTS:
     void ilSaldoNominaLAcconto();
     void treFatture();
     void centesimi();
+    void stornoSottoZero();
     void scissionePrimaODopo();
     void laCoppia();
     void laCoppiaDopo();
@@ -214,6 +215,22 @@ void TestStatoPagamenti::centesimi()
     // Ten cents less are a debt.
     Prova.xAcconti(1, AccCorrispettivi) = 116.05;
     QCOMPARE(Resti(Prova), Due(14.59, 0.14));
+}
+
+/// A credit note on paper that names more payments than it has lines takes nothing back, and asks for nothing.
+void TestStatoPagamenti::stornoSottoZero()
+{
+    Parcella Prova = NotaDaMille(StampaFatturaAnalitica);
+    Copertura Vista;
+    Paga(Prova, 500.0);
+    Emetti(Prova, 12, 1000.0);
+    Emetti(Prova, 13, 100.0, true);
+    QVERIFY(Prova.Stato.Importi->Netto < 0);
+    QCOMPARE(RestiDellaNota(Prova)[0], Netto - Cinquecento);
+    Paga(Prova, 650.0);
+    QCOMPARE(RestiDellaNota(Prova)[0], 0.0);
+    QVERIFY(SegueStato(Prova, Vista));
+    QCOMPARE(Prova.Stato.Stato, Pagata);
 }
 
 /// What pays an invoice without VAT brings the next one its VAT, and the other way round.

@@ -348,7 +348,7 @@ QHash<const VoceTrova*, LegameFattura> LegamiFatture(const std::vector<const Voc
         }
         Legami[Nota].Citata = true;
         Legami[Nota].Ripresa = Ripresa;
-        Legami[Ripresa].Stornato += Stato.Importi ? Stato.Importi->Netto : 0.0;
+        Legami[Ripresa].Stornato += Stato.Importi ? std::max(0.0, Stato.Importi->Netto) : 0.0;
     }
     return Legami;
 }

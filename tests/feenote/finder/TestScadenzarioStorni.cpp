@@ -28,6 +28,7 @@ private Q_SLOTS:
     void inCorso();
     void seguitaDaUnAltra();
     void pagateInsieme();
+    void stornoSottoZero();
     void citataAltrove();
     void inUnFileSuo();
     void colNumeroDelFoglio();
@@ -285,6 +286,19 @@ void TestScadenzarioStorni::pagateInsieme()
     QCOMPARE(SommaAperto(Note), (ApertoTutto{1332.24, 1, 0, 0, {{Righe[0].Cliente, 1332.24, 1}}}));
     QCOMPARE(ApertoDi(Righe[0]), std::optional(1332.24));
     QCOMPARE(Righe[0].Dati.Stato.Stato, Fatturata);
+}
+
+/// A credit note below 0 raises nothing that its invoice asked for.
+void TestScadenzarioStorni::stornoSottoZero()
+{
+    Parcella Una = Nota();
+    Una.xAcconti(NuovoAcconto(Una), AccCorrispettivi) = 500.0;
+    Emetti(Una, u"12"_s);
+    Una.xOnorari(0, OnoImporto) = 100.0;
+    Emetti(Una, u"13"_s, true);
+    Scrivi(Una);
+    QCOMPARE(SommaAperto(Note).Aperto, 824.72);
+    QCOMPARE(ApertoDi(Righe[0]), std::optional(824.72));
 }
 
 /// A credit note that cites an invoice of another file takes that one back; the file's own stays owed.
