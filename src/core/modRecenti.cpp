@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -63,22 +64,8 @@ auto StessoFile(const QString& Percorso)
     return [Nativo = PercorsoNativo(Percorso)](const NotaRecente& Nota) { return Nota.Percorso == Nativo; };
 }
 
-void Conserva(const QList<NotaRecente>& Note)
+QList<NotaRecente> Lette(const QString& Testo)
 {
-    QJsonArray Elenco;
-    for (const NotaRecente& Nota : Note)
-        Elenco.append(Scritta(Nota));
-    const QString Testo =
-        Note.isEmpty() ? QString() : QString::fromUtf8(QJsonDocument(Elenco).toJson(QJsonDocument::Compact));
-    if (Testo != Impostazione(ChiaveRecenti))
-        RicordaImpostazioni({{ChiaveRecenti, Testo}});
-}
-
-}  // namespace
-
-QList<NotaRecente> NoteRecenti()
-{
-    const QString Testo = Impostazione(ChiaveRecenti);
     QList<NotaRecente> Note;
     if (Testo.size() > MassimoElenco)
         return Note;
@@ -92,6 +79,36 @@ QList<NotaRecente> NoteRecenti()
     return Note;
 }
 
+QString Scritte(const QList<NotaRecente>& Note)
+{
+    QJsonArray Elenco;
+    for (const NotaRecente& Nota : Note)
+        Elenco.append(Scritta(Nota));
+    return Note.isEmpty() ? QString()
+                          : QString::fromUtf8(QJsonDocument(Elenco).toJson(QJsonDocument::Compact));
+}
+
+/// Changes the list as it stands when the store's turn comes: two programs that remember a note at one moment
+/// would each take the other's away. A list that is as it should be is not written.
+/// @param Fai false: nothing is to be changed
+void Muta(const std::function<bool(QList<NotaRecente>& Note)>& Fai)
+{
+    const auto Dopo = [&Fai](const QString& Testo) {
+        QList<NotaRecente> Note = Lette(Testo);
+        return Fai(Note) ? Scritte(Note) : Testo;
+    };
+    const QString Ora = Impostazione(ChiaveRecenti);
+    if (Dopo(Ora) != Ora)
+        RicordaMutata(ChiaveRecenti, Dopo);
+}
+
+}  // namespace
+
+QList<NotaRecente> NoteRecenti()
+{
+    return Lette(Impostazione(ChiaveRecenti));
+}
+
 void RicordaRecente(const NotaRecente& Nota)
 {
     NotaRecente Nuova = Nota;
@@ -100,38 +117,42 @@ void RicordaRecente(const NotaRecente& Nota)
     Nuova.Documento = UnaRiga(Nota.Documento, MassimoTesto);
     if (!Intera(Nuova))
         return;
-    QList<NotaRecente> Note = NoteRecenti();
-    Note.removeIf(StessoFile(Nuova.Percorso));
-    Note.prepend(Nuova);
-    Conserva(Note.first(std::min<qsizetype>(Note.size(), MassimoRecenti)));
+    Muta([&Nuova](QList<NotaRecente>& Note) {
+        Note.removeIf(StessoFile(Nuova.Percorso));
+        Note.prepend(Nuova);
+        Note.resize(std::min<qsizetype>(Note.size(), MassimoRecenti));
+        return true;
+    });
 }
 
 void DimenticaRecente(const QString& Percorso)
 {
-    QList<NotaRecente> Note = NoteRecenti();
-    if (Note.removeIf(StessoFile(Percorso)) > 0)
-        Conserva(Note);
+    Muta([&Percorso](QList<NotaRecente>& Note) { return Note.removeIf(StessoFile(Percorso)) > 0; });
 }
 
 void SvuotaRecenti()
 {
-    Conserva({});
+    Muta([](QList<NotaRecente>& Note) {
+        Note.clear();
+        return true;
+    });
 }
 
 void SpostaRecente(const QString& Vecchio, const QString& Nuovo)
 {
-    QList<NotaRecente> Note = NoteRecenti();
-    const auto Voce = std::ranges::find_if(Note, StessoFile(Vecchio));
-    if (Voce == Note.end())
-        return;
-    NotaRecente Spostata = *Voce;
-    Spostata.Percorso = PercorsoNativo(Nuovo);
-    const qsizetype Posto = std::distance(Note.begin(), Voce);
-    Note.removeAt(Posto);
-    Note.removeIf(StessoFile(Nuovo));
-    if (Intera(Spostata))
-        Note.insert(std::min(Posto, Note.size()), Spostata);
-    Conserva(Note);
+    Muta([&](QList<NotaRecente>& Note) {
+        const auto Voce = std::ranges::find_if(Note, StessoFile(Vecchio));
+        if (Voce == Note.end())
+            return false;
+        NotaRecente Spostata = *Voce;
+        Spostata.Percorso = PercorsoNativo(Nuovo);
+        const qsizetype Posto = std::distance(Note.begin(), Voce);
+        Note.removeAt(Posto);
+        Note.removeIf(StessoFile(Nuovo));
+        if (Intera(Spostata))
+            Note.insert(std::min(Posto, Note.size()), Spostata);
+        return true;
+    });
 }
 
 QString NomeRecente(const NotaRecente& Nota)

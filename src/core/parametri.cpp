@@ -25,16 +25,32 @@ void SalvaImpostazioni(const QList<std::pair<QString, QString>>& Valori)
     SaveSettings(NomeApplicazione.toString(), SezioneParametri.toString(), Valori);
 }
 
-void RicordaImpostazioni(const QList<std::pair<QString, QString>>& Valori)
+namespace {
+
+/// A refusal is told once, and again only behind a success.
+void DettoUnaVolta(const std::function<void()>& Salva)
 {
     static bool Detto = false;
     try {
-        SalvaImpostazioni(Valori);
+        Salva();
         Detto = false;
     } catch (const Errore&) {
         if (!std::exchange(Detto, true))
             throw;
     }
+}
+
+}  // namespace
+
+void RicordaImpostazioni(const QList<std::pair<QString, QString>>& Valori)
+{
+    DettoUnaVolta([&] { SalvaImpostazioni(Valori); });
+}
+
+void RicordaMutata(const QString& Chiave, const std::function<QString(const QString& Prima)>& Dopo)
+{
+    DettoUnaVolta(
+        [&] { MutaSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave, Dopo); });
 }
 
 int MisuraTwip(const QString& Chiave, int Predefinita)

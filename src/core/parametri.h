@@ -4,6 +4,7 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
 #include <utility>
 
 /// Name of the program's settings and of the one section that every application has.
@@ -26,6 +27,11 @@ void SalvaImpostazioni(const QList<std::pair<QString, QString>>& Valori);
 /// not again before it has taken something, since nobody has asked for it. @throws Errore 75 as above, the
 /// first time
 void RicordaImpostazioni(const QList<std::pair<QString, QString>>& Valori);
+
+/// Makes another text of a setting that the program remembers by itself, in turn with other programs.
+/// @param Dopo is given the stored text, empty where none is; it touches no settings
+/// @throws Errore 75 as above, the first time
+void RicordaMutata(const QString& Chiave, const std::function<QString(const QString& Prima)>& Dopo);
 
 /// A size in twips; the default where the setting is missing or no positive number.
 [[nodiscard]] int MisuraTwip(const QString& Chiave, int Predefinita);

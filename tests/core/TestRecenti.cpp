@@ -2,15 +2,19 @@
 #include "core/modRecenti.h"
 
 #include "core/parametri.h"
+#include "platform/system/blocco.h"
+#include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/percorsi.h"
 #include "supporto/prova.h"
 
 #include <QFile>
 #include <QTest>
+#include <QThread>
 
 #include <cmath>
 #include <limits>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -46,6 +50,9 @@ private Q_SLOTS:
     void dieciAlMassimo();
     void siToglie();
     void segueIlNome();
+    void dueProgrammi_data();
+    void dueProgrammi();
+    void cioCheNonSiCapisceResta();
     void soloLUtenteLaLegge();
     void unaRigaSola();
     void depositoGuasto_data();
@@ -114,6 +121,57 @@ void TestRecenti::segueIlNome()
     QCOMPARE(Nomi(), (QStringList{u"c"_s, u"nuovo"_s, u"a"_s}));
     SpostaRecente(Nota(u"c"_s).Percorso, Nota(u"a"_s).Percorso);
     QCOMPARE(Nomi(), (QStringList{u"a"_s, u"nuovo"_s}));
+}
+
+void TestRecenti::dueProgrammi_data()
+{
+    QTest::addColumn<int>("Che");
+    QTest::addColumn<QStringList>("Restano");
+    QTest::newRow("a note is opened") << 0 << QStringList{u"mia"_s, u"loro"_s, u"b"_s, u"a"_s};
+    QTest::newRow("a note is taken out") << 1 << QStringList{u"loro"_s, u"b"_s};
+    QTest::newRow("a note gets another name") << 2 << QStringList{u"loro"_s, u"b"_s, u"nuova"_s};
+    QTest::newRow("the list is emptied") << 3 << QStringList();
+}
+
+/// What another program has put there while this one waited for the store stays.
+void TestRecenti::dueProgrammi()
+{
+    QFETCH(int, Che);
+    QFETCH(QStringList, Restano);
+    const QString File = PercorsoImpostazioni(NomeApplicazione.toString());
+    for (const QString& Nome : {u"a"_s, u"b"_s, u"loro"_s})
+        RicordaRecente(Nota(Nome));
+    const QByteArray DopoDiLoro = LeggiFile(File);
+    DimenticaRecente(Nota(u"loro"_s).Percorso);
+
+    auto Turno = std::make_unique<FileBlocco>(File + u".lock"_s);
+    QCOMPARE(Turno->Prendi(1000), FileBlocco::Esito::Preso);
+    const std::unique_ptr<QThread> Questo(QThread::create([Che] {
+        if (Che == 0)
+            RicordaRecente(Nota(u"mia"_s));
+        else if (Che == 1)
+            DimenticaRecente(Nota(u"a"_s).Percorso);
+        else if (Che == 2)
+            SpostaRecente(Nota(u"a"_s).Percorso, Nota(u"nuova"_s).Percorso);
+        else
+            SvuotaRecenti();
+    }));
+    Questo->start();
+    QVERIFY(!Questo->wait(300));  // it has seen the list, and waits for the store
+    ScriviFile(File, DopoDiLoro, Lettori::SoloUtente);
+    Turno.reset();
+    QVERIFY(Questo->wait(10000));
+    QCOMPARE(Nomi(), Restano);
+}
+
+/// A store of somebody else's is not cleaned by a note that it does not list.
+void TestRecenti::cioCheNonSiCapisceResta()
+{
+    const QString Altrui = u"{\"versione\":9}"_s;
+    SalvaImpostazione(u"NoteRecenti"_s, Altrui);
+    DimenticaRecente(Nota(u"a"_s).Percorso);
+    SpostaRecente(Nota(u"a"_s).Percorso, Nota(u"b"_s).Percorso);
+    QCOMPARE(Impostazione(u"NoteRecenti"_s), Altrui);
 }
 
 void TestRecenti::soloLUtenteLaLegge()

@@ -96,6 +96,21 @@ void SaveSettings(const QString& Applicazione, const QString& Sezione,
     }
 }
 
+void MutaSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,
+                 const std::function<QString(const QString& Prima)>& Dopo)
+{
+    const QString File = PercorsoImpostazioni(Applicazione);
+    try {
+        Cambia(File, [&](const QByteArray& Prima) {
+            const QString Era = ValoreDelDeposito(Prima, Sezione, Chiave).value_or(QString());
+            const QString Nuovo = Dopo(Era);
+            return Nuovo == Era ? Prima : ConValoriNelDeposito(Prima, Sezione, {{Chiave, Nuovo}});
+        });
+    } catch (const Errore& Guasto) {
+        NonScritte(File, Guasto);
+    }
+}
+
 int PortaNumero(const QString& Applicazione, const QString& Sezione, const QString& Chiave, int Almeno)
 {
     const QString File = PercorsoImpostazioni(Applicazione);

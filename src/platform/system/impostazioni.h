@@ -7,6 +7,7 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
 #include <utility>
 
 /// The file of an application's settings, full path; it need not be there yet.
@@ -26,6 +27,13 @@ void SaveSetting(const QString& Applicazione, const QString& Sezione, const QStr
 /// @throws Errore 75 when the store cannot be written; every key is as before then
 void SaveSettings(const QString& Applicazione, const QString& Sezione,
                   const QList<std::pair<QString, QString>>& Valori);
+
+/// Makes another text of what the store holds under a key, in turn with other programs: what one of them has
+/// stored meanwhile is what it is made of.
+/// @param Dopo is given the stored text, empty where none is; it touches no settings
+/// @throws Errore 75 a store that cannot be read or written; it is then as before
+void MutaSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,
+                 const std::function<QString(const QString& Prima)>& Dopo);
 
 /// Brings a counter that the store holds under a key to a number, and never back: what another program has
 /// stored meanwhile, if it is larger, stays. A stored text that is no number gives way.
