@@ -41,8 +41,11 @@ bool ScegliVoce(QComboBox* Lista, const QString& Voce)
         Quale = Lista->findText(Voce, Qt::MatchExactly | Qt::MatchCaseSensitive);
     if (Quale < 0)
         return false;
-    Lista->setCurrentIndex(Lista->count() > 0 ? Quale : -1);
-    return true;
+    if (Lista->count() == 0)
+        Quale = -1;
+    Lista->setCurrentIndex(Quale);
+    // The list may not keep the choice: norms in force that cannot be read leave the program's own.
+    return Lista->currentIndex() == Quale;
 }
 
 /// True when a calculation keeps all that another one has, and adds to it.

@@ -10,6 +10,7 @@
 #include "calculators/windows/frmTerminiSeq.h"
 
 #include <QCheckBox>
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
@@ -25,6 +26,7 @@ private Q_SLOTS:
     void sabatoDellaDataRipresa_data();
     void sabatoDellaDataRipresa();
     void sabatoDelleNormeCambiate();
+    void normeCheNonSiLeggono();
     void moraScelta_data();
     void moraScelta();
     void legaliNonScelgonoLaMora();
@@ -142,6 +144,28 @@ void TestCalcoliRicordati::sabatoDelleNormeCambiate()
     Scegli(F, "cmbNorme", 1);
     Scegli(F, "cmbNorme", 0);
     QVERIFY(Sabato->isEnabled());
+}
+
+// By other rules than its own a calculation would have another result.
+void TestCalcoliRicordati::normeCheNonSiLeggono()
+{
+    QDialog* F = Apri<frmTermini>();
+    Scegli(F, "cmbNorme", 1);
+    CalcolaTermine(F, 0);
+    QVERIFY(!TestoDi(F, "lblRisult").isEmpty());
+    Chiudi(F);
+    const QScopedValueRollback Vuota(sessione::PercorsoProg, NuovaCartella());
+    F = Apri<frmTermini>();
+    QVERIFY(ApriElenco(F));
+    B->Voce.Tollera();
+    QVERIFY(Riprendi(F));
+    const QList<MessaggioMostrato> Detti = B->Voce.Mostrati();
+    QCOMPARE(Detti.size(), 2);
+    QVERIFY2(Detti[0].Testo.contains(u"Norme.mdb"), qPrintable(Detti[0].Testo));
+    QCOMPARE(Detti[1].Testo, u"Il calcolo non si può riprendere: \"in vigore\" non è più in elenco."_s);
+    QCOMPARE(TestoDi(F, "lblRisult"), QString());
+    QCOMPARE(TestoDi(F, "txtIncrNum"), QString());
+    QCOMPARE(UltimiCalcoli(Calcolatrice::Termini).size(), 1);
 }
 
 // The rule that is proposed with a first day gives way to the one that was chosen.
