@@ -155,7 +155,7 @@ void TestArchitettura::nessunaProvaDietroUnaCondizione()
     Nessuna(ProveCondizionate(FileDiProva(QString())));
 }
 
-/// What the front page says to be measured is asked of the benchmarks by the name that it has there.
+/// What the documents say to be measured is asked of the benchmarks by the name that it has there.
 void TestArchitettura::ogniMisuraDettaSiRipete()
 {
     const auto Testo = [](const QString& File) {
@@ -166,16 +166,13 @@ void TestArchitettura::ogniMisuraDettaSiRipete()
     const QDir Cartella(SorgenteDiProva(u"bench"_s));
     for (const QString& File : Cartella.entryList({u"*.cpp"_s}, QDir::Files))
         Misure += Testo(u"bench/"_s + File);
-    const QStringList Dette = Testo(u"README.md"_s)
-                                  .section(u"\n## Speed\n"_s, 1)
-                                  .section(u"\n## "_s, 0, 0)
-                                  .split(u'\n')
-                                  .filter(QRegularExpression(u"^\\| [a-z0-9]"_s));
+    const QStringList Dette =
+        Testo(u"docs/velocita.md"_s).split(u'\n').filter(QRegularExpression(u"^\\| [a-z0-9]"_s));
     QVERIFY(Dette.size() > 20);
     QStringList Estranee;
     for (const QString& Riga : Dette)
         if (const QString Nome = Riga.section(u'|', 1, 1).trimmed(); !Misure.contains(u"u\"%1\""_s.arg(Nome)))
-            Estranee += u"README.md: no benchmark is called \"%1\""_s.arg(Nome);
+            Estranee += u"docs/velocita.md: no benchmark is called \"%1\""_s.arg(Nome);
     Nessuna(Estranee);
 }
 

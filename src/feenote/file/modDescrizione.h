@@ -1,6 +1,6 @@
 // A fee note described in JSON, and a fee note shown as JSON.
 //
-// The form is documented in the README. It names things as the window shows them and is read as a user
+// The form is documented in docs/cli.md. It names things as the window shows them and is read as a user
 // would fill the window: the same rules accept or refuse, and the first refusal names its field.
 #pragma once
 
