@@ -16,6 +16,10 @@ struct FirmaBlocco
 
 /// A lock file, held from its taking until the object goes.
 ///
+/// Not QLockFile, whose form of a signature it keeps: that class decides by the process's number, which may
+/// be another's of the same name by now, keeps the empty file of a killed program for ever where no age makes
+/// it old, and says of a full disk what it says of any failure.
+///
 /// Its signature names process and machine. On this machine the system says whether the process lives; of
 /// another machine nobody can tell, so that its lock counts until it is too old for any save.
 class FileBlocco

@@ -5,6 +5,10 @@
 // whose blanks do not count, and ";" begins a comment. Sections and keys are compared without case, "%41" in
 // one of them is "A"; of several lines of a key the last one counts. Bytes that are none of this are passed
 // over and kept.
+//
+// The form is that of QSettings, which tests hold this one against. The class itself took a file that a full
+// disk had cut short for a whole one, so that half of the settings stood in the place of all; it writes
+// the whole store anew without the lines that it does not understand, and of a failure it has no number.
 #pragma once
 
 #include <QByteArray>
