@@ -141,16 +141,15 @@ void frmStrada::Collegamenti()
     Collega(ui->cmdStampa, &QPushButton::clicked, this, [this] { mnuStampa_Click(); });
     Collega(ui->cmdChiudi, &QPushButton::clicked, this, [this] { close(); });
     CopiaRisultato(
-        this, ui->cmdCopia, [this] { return TestoCopia(); },
-        [this] { return RigheScheda(SchedaStrada(Chiesto, Parti)); });
+        this, ui->cmdCopia, [this] { return TestoCopia(); }, [this] { return RigheScheda(Scheda); });
 }
 
-void frmStrada::Mostra(const QList<ParteStrada>& Nuove, const QStringList& Dati, const QStringList& EtaDati,
-                       const std::function<bool(const QDate& Giorno)>& Festivo)
+void frmStrada::Mostra(const QList<ParteStrada>& Nuove, const SchedaCalcolo& DelCalcolo,
+                       const QString& SuffissoStampa, const std::function<bool(const QDate& Giorno)>& Festivo)
 {
     Parti = Nuove;
-    Chiesto = Dati;
-    Eta = EtaDati;
+    Scheda = DelCalcolo;
+    Suffisso = SuffissoStampa;
     // Suspended are the days that this term has left out, and no others.
     ui->Calendario->ImpostaRegole({Festivo, [this](const QDate& Giorno) {
                                        return ParteMostrata >= 0 &&
@@ -212,8 +211,7 @@ void frmStrada::MostraRiga(int Riga)
 
 void frmStrada::mnuStampa_Click()
 {
-    MostraStampa(u": calcolo termini"_s,
-                 [this](Superficie& vp) { return StampaScheda(vp, SchedaStrada(Chiesto, Parti, Eta)); });
+    MostraStampa(Suffisso, [this](Superficie& vp) { return StampaScheda(vp, Scheda); });
 }
 
 QString frmStrada::TestoCopia() const

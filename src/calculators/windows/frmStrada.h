@@ -25,11 +25,11 @@ public:
     ~frmStrada() override;
 
     /// Shows the road of a term, or of several that were reckoned together.
-    /// @param Dati lines on what was asked, for the sheet
-    /// @param EtaDati how far the norms are known, for the sheet
+    /// @param DelCalcolo the sheet of its window, which is printed here too
+    /// @param SuffissoStampa behind the caption of the print window, ": calcolo termini"
     /// @param Festivo the holidays that the calendar marks
-    void Mostra(const QList<ParteStrada>& Nuove, const QStringList& Dati, const QStringList& EtaDati,
-                const std::function<bool(const QDate& Giorno)>& Festivo);
+    void Mostra(const QList<ParteStrada>& Nuove, const SchedaCalcolo& DelCalcolo,
+                const QString& SuffissoStampa, const std::function<bool(const QDate& Giorno)>& Festivo);
 
 private:
     /// Where a row of the table comes from.
@@ -48,8 +48,8 @@ private:
 
     std::unique_ptr<Ui::frmStrada> ui;
     QList<ParteStrada> Parti;
-    QStringList Chiesto;
-    QStringList Eta;
+    SchedaCalcolo Scheda;
+    QString Suffisso;
     QList<RigaPasso> Posti;
     TabellaRighe Righe;
     qsizetype ParteMostrata = -1;

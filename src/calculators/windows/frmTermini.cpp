@@ -26,6 +26,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double Ingrandimento = 1.4;
+/// Behind the caption of the print window.
+const QString SuffissoTermini = u": calcolo termini"_s;
 
 /// The boxes count what the catalogue's row does.
 bool Uguali(const RichiestaTermine& Del, const RichiestaTermine& Delle)
@@ -269,10 +271,10 @@ void frmTermini::Svuota()
 void frmTermini::mnuStampa_Click()
 {
     if (Scelta->InVigore() || Catena) {
-        MostraStampa(u": calcolo termini"_s, [this](Superficie& vp) { return StampaScheda(vp, Scheda()); });
+        MostraStampa(SuffissoTermini, [this](Superficie& vp) { return StampaScheda(vp, Scheda()); });
         return;
     }
-    MostraStampa(u": calcolo termini"_s, [this](Superficie& vp) {
+    MostraStampa(SuffissoTermini, [this](Superficie& vp) {
         return StampaTermine(vp, Dati(), ui->lblRisult->text(), AvvisoMostrato(Campi()));
     });
 }
@@ -489,7 +491,7 @@ void frmTermini::cmdStrada_Click()
         return;
     if (!Strade)
         Strade = new frmStrada(this);
-    Strade->Mostra(PartiDi(Contati), RigheChieste(), RigheEta(*Scelta),
+    Strade->Mostra(PartiDi(Contati), Scheda(), SuffissoTermini,
                    [this](const QDate& Giorno) { return Scelta->Festivo(Giorno); });
 }
 
@@ -527,7 +529,7 @@ ParteDelCalcolo frmTermini::ParteComandi()
     };
     Parte.Esito = [this] { return EsitoInRiga(Contati); };
     Parte.Scheda = [this] { return Scheda(); };
-    Parte.Suffisso = u": calcolo termini"_s;
+    Parte.Suffisso = SuffissoTermini;
     Parte.Prepara = [this] { Svuota(); };
     Parte.Calcola = [this] { cmdEsegui_Click(); };
     return Parte;

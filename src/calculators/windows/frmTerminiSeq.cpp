@@ -21,6 +21,13 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Behind the caption of the print window.
+const QString SuffissoSequenziali = u": calcolo termini sequenziali"_s;
+
+}  // namespace
+
 frmTerminiSeq::frmTerminiSeq() : ui(std::make_unique<Ui::frmTerminiSeq>())
 {
     ui->setupUi(this);
@@ -207,11 +214,10 @@ void frmTerminiSeq::Svuota(bool Sospensione)
 void frmTerminiSeq::mnuPrint_Click()
 {
     if (Scelta->InVigore()) {
-        MostraStampa(u": calcolo termini sequenziali"_s,
-                     [this](Superficie& vp) { return StampaScheda(vp, Scheda()); });
+        MostraStampa(SuffissoSequenziali, [this](Superficie& vp) { return StampaScheda(vp, Scheda()); });
         return;
     }
-    MostraStampa(u": calcolo termini sequenziali"_s, [this](Superficie& vp) {
+    MostraStampa(SuffissoSequenziali, [this](Superficie& vp) {
         return StampaSequenza(vp, ui->mskDecorr->Testo(), ui->cmbArticolo->currentIndex(), Opzioni(),
                               Risultato, AvvisoMostrato(Campi()));
     });
@@ -311,12 +317,15 @@ QList<TermineContato> frmTerminiSeq::DelProgramma() const
 
 QStringList frmTerminiSeq::RigheChieste() const
 {
+    const auto Giorno = LeggiData(SenzaSecolo(ui->mskDecorr->Testo()));
     QStringList Righe{u"Termini: "_s + ui->cmbArticolo->currentText(),
-                      EventoMostrato() + u": "_s + ui->mskDecorr->Testo()};
+                      EventoMostrato() + u": "_s + Format(Giorno.value_or(QDate()), u"dd/mm/yyyy")};
     const auto SiNo = [](bool Segno) { return Segno ? u"Sì"_s : u"No"_s; };
     if (!Scelta->InVigore())
         Righe << u"Sospensione feriale: "_s + SiNo(Opzioni().Sospensione)
               << u"Proroga del sabato: "_s + SiNo(Opzioni().Sabato);
+    if (const auto Quando = Inizio->Data())
+        Righe << u"Causa iniziata il: "_s + Format(*Quando, u"dd/mm/yyyy");
     if (!MateriaScelta(CampiDelleNorme(), *Scelta).isEmpty())
         Righe << u"Materia: "_s + ui->cmbMateria->currentText();
     return Righe << RigaNorme(Scelta->Insieme());
@@ -333,7 +342,7 @@ void frmTerminiSeq::cmdStrada_Click()
         return;
     if (!Strade)
         Strade = new frmStrada(this);
-    Strade->Mostra(PartiDi(Contati), RigheChieste(), RigheEta(*Scelta),
+    Strade->Mostra(PartiDi(Contati), Scheda(), SuffissoSequenziali,
                    [this](const QDate& Giorno) { return Scelta->Festivo(Giorno); });
 }
 
@@ -358,7 +367,7 @@ ParteDelCalcolo frmTerminiSeq::ParteComandi()
     };
     Parte.Esito = [this] { return EsitoInRiga(Contati); };
     Parte.Scheda = [this] { return Scheda(); };
-    Parte.Suffisso = u": calcolo termini sequenziali"_s;
+    Parte.Suffisso = SuffissoSequenziali;
     Parte.Prepara = [this] { Svuota(false); };
     Parte.Calcola = [this] { cmdEsegui_Click(); };
     return Parte;

@@ -35,6 +35,7 @@ private Q_SLOTS:
     void sequenzialiInVigore();
     void sequenzialiDelProgramma();
     void sequenzialiStampa();
+    void sequenzialiScheda();
     void sequenzialiOpzioniARiposo();
     void tastiRapidi();
     void stampaInVigore();
@@ -315,6 +316,35 @@ void TestNormeTermini::sequenzialiStampa()
     QVERIFY(Controllo<CalendarioMensile>(Seq, "Calendario")
                 ->Descrizione(QDate(2027, 1, 15))
                 .contains(u"notificazione della citazione"));
+}
+
+// The sheet has the whole date, and the day that decides which rite counts; the road prints the same one.
+void TestNormeTermini::sequenzialiScheda()
+{
+    QPointer<frmTerminiSeq> Seq = Apri<frmTerminiSeq>();
+    Scrivi(Seq, "mskDecorr", u"120320"_s);
+    Clic(Controllo(Seq, "cmdEsegui"));
+    DalMenu(Seq, "mnuScheda");
+    QVERIFY2(Stampato().contains(u"Udienza: 12/03/2020"_s), qPrintable(Stampato().join(u'|')));
+    QVERIFY(!Stampato().join(u'|').contains(u"Causa iniziata"));
+    Scegli(Seq, "cmbNorme", InVigore);
+    auto* Catene = Controllo<QComboBox>(Seq, "cmbArticolo");
+    ScegliConFrecce(Catene, Catene->findText(u"art. 183"_s, Qt::MatchContains));
+    Scrivi(Seq, "mskInizio", u"10012020"_s);
+    Clic(Controllo(Seq, "cmdEsegui"));
+    DalMenu(Seq, "mnuPrint");
+    const QStringList Foglio = Stampato();
+    QVERIFY2(Foglio.contains(u"Causa iniziata il: 10/01/2020"_s), qPrintable(Foglio.join(u'|')));
+    delete SeCaricato<frmPrint>.data();
+    Seq->activateWindow();
+    QVERIFY(MostraAttiva(*Seq));
+    Clic(Controllo(Seq, "cmdStrada"));
+    auto* Passi = Aperta<frmStrada>(Seq);
+    QVERIFY(Passi);
+    Clic(Controllo(Passi, "cmdStampa"));
+    QCOMPARE(Stampato(), Foglio);
+    QCOMPARE(Foglio.first(), u"CALCOLO TERMINI SEQUENZIALI"_s);
+    QVERIFY(SeCaricato<frmPrint>->windowTitle().endsWith(u": calcolo termini sequenziali"));
 }
 
 // Each link of a chain in force says itself what counts for it.
