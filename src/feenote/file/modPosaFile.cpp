@@ -164,7 +164,11 @@ void TogliRestiUnaVolta(const QString& Cartella)
 
 }  // namespace
 
-void ScriviNota(const QString& Percorso, const Parcella& Nota, bool ComeModello, Lettori Chi)
+namespace {
+
+/// @param Immutata empty: whatever stands there is replaced
+bool Scrivi(const QString& Percorso, const Parcella& Nota, bool ComeModello, Lettori Chi,
+            const std::function<bool()>& Immutata)
 {
     const QString Destinazione = FileVero(Percorso);
     if (EsisteFile(Destinazione) && SolaLettura(Destinazione))
@@ -181,9 +185,24 @@ void ScriviNota(const QString& Percorso, const Parcella& Nota, bool ComeModello,
             CopiaTabelle(Tariffe, File);
             ScriviDati(File, Nota);
         }
+        if (Immutata && !Immutata())
+            return false;
         Nuovo.MettiAlPosto(Chi, ComeModello);
     }
     TogliRestiUnaVolta(CartellaFile(Destinazione));
+    return true;
+}
+
+}  // namespace
+
+void ScriviNota(const QString& Percorso, const Parcella& Nota, bool ComeModello, Lettori Chi)
+{
+    (void)Scrivi(Percorso, Nota, ComeModello, Chi, {});
+}
+
+bool ScriviNotaSe(const QString& Percorso, const Parcella& Nota, const std::function<bool()>& Immutata)
+{
+    return Scrivi(Percorso, Nota, false, Lettori::Cartella, Immutata);
 }
 
 void AggiornaProtetta(const QString& Percorso)

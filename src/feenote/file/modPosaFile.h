@@ -8,6 +8,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 /// Bytes of a file's name that every disk takes, the names of the files beside it included.
@@ -26,6 +27,13 @@ constexpr qsizetype MassimoNomeNota = 240;
 /// writing the same file, or has left its lock (TurnoAbbandonato)
 void ScriviNota(const QString& Percorso, const Parcella& Nota, bool ComeModello = false,
                 Lettori Chi = Lettori::Cartella);
+
+/// The same over a file that somebody else may save meanwhile: asks once more behind his turn, just before
+/// the new file takes the place.
+/// @param Immutata whether the file is still the one that may be replaced
+/// @return false when it is not; nothing was written
+[[nodiscard]] bool ScriviNotaSe(const QString& Percorso, const Parcella& Nota,
+                                const std::function<bool()>& Immutata);
 
 /// Adds the columns that the file of a read-only note lacks. The file is replaced by its completed copy, so
 /// that its attribute is never taken away.

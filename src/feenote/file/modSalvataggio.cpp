@@ -187,21 +187,32 @@ bool ControllaPsw(const QString& Percorso)
 
 namespace {
 
-/// Writes the note; from then on it is that of the file.
-/// @param Ancora asked behind all other questions
-std::optional<QString> ScriviQui(const QString& Percorso, Parcella& Nota, bool ComeModello,
-                                 const std::function<bool()>& Ancora = {})
+/// Over a file that others save too: whoever has the turn saves it while this one waits for it.
+/// @return false when the user keeps what is there
+bool ScriviConGuardia(const QString& Percorso, const Parcella& Nota, const GuardiaFile& Guardia)
 {
-    if (!SovrascritturaAmmessa(Nota, Percorso) || !TurnoLiberato(Percorso) || (Ancora && !Ancora()))
+    do {
+        while (!Guardia.Immutata())
+            if (!Guardia.Chiedi())
+                return false;
+    } while (!ScriviNotaSe(Percorso, Nota, Guardia.Immutata));
+    return true;
+}
+
+/// Writes the note; from then on it is that of the file.
+std::optional<QString> ScriviQui(const QString& Percorso, Parcella& Nota, bool ComeModello,
+                                 const GuardiaFile* Guardia = nullptr)
+{
+    if (!SovrascritturaAmmessa(Nota, Percorso) || !TurnoLiberato(Percorso))
         return std::nullopt;
-    const StatoTenuto Era = Nota.Stato;
-    Nota.Stato = ComeModello ? StatoDiNuova() : SoloBozza(Era);  // what begins from a template is a draft
-    try {
-        ScriviNota(Percorso, Nota, ComeModello);
-    } catch (...) {
-        Nota.Stato = Era;
-        throw;
-    }
+    Parcella DaScrivere = Nota;
+    DaScrivere.Stato = ComeModello ? StatoDiNuova()  // what begins from a template is a draft
+                                   : SoloBozza(Nota.Stato);
+    if (!Guardia)
+        ScriviNota(Percorso, DaScrivere, ComeModello);
+    else if (!ScriviConGuardia(Percorso, DaScrivere, *Guardia))
+        return std::nullopt;
+    Nota.Stato = DaScrivere.Stato;
     Nota.Percorso = Percorso;
     Nota.Nome = NomeFile(Percorso).chopped(EstensioneNota.size()).toLower();
     if (Nota.Psw.startsWith(PswDaSalvare))
@@ -230,9 +241,9 @@ bool HaFileSuo(const Parcella& Nota)
            EsisteFile(Nota.Percorso);
 }
 
-std::optional<QString> SalvaSulFile(Parcella& Nota, const std::function<bool()>& Ancora)
+std::optional<QString> SalvaSulFile(Parcella& Nota, const GuardiaFile& Guardia)
 {
-    return ScriviQui(PercorsoNativo(Nota.Percorso), Nota, false, Ancora);
+    return ScriviQui(PercorsoNativo(Nota.Percorso), Nota, false, &Guardia);
 }
 
 EsitoStato ScriviSoloStato(const Parcella& Nota, const std::function<bool()>& Immutata)

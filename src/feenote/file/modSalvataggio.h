@@ -30,12 +30,20 @@ inline constexpr QStringView NomeNonValido =
 /// and bears the code of the session's matter.
 [[nodiscard]] bool HaFileSuo(const Parcella& Nota);
 
+/// What keeps a save from replacing unasked what somebody else has saved.
+struct GuardiaFile
+{
+    std::function<bool()> Immutata;  ///< the file is the one that may be replaced
+    std::function<bool()> Chiedi;    ///< it is not: true when the user lets the one replace that is there now
+};
+
 /// Writes a note over its own file. It asks as SalvaConDialogo does, but for the name: the password of a
 /// protected note, and a lock that nobody frees.
-/// @param Ancora asked behind those questions, at which a user may sit for long; false ends the save
+/// @param Guardia asked behind those questions, at which a user may sit for long, and again while nobody else
+///     can save
 /// @return the path, empty when a check refused, which it has shown
 /// @throws Errore as SalvaConDialogo
-[[nodiscard]] std::optional<QString> SalvaSulFile(Parcella& Nota, const std::function<bool()>& Ancora);
+[[nodiscard]] std::optional<QString> SalvaSulFile(Parcella& Nota, const GuardiaFile& Guardia);
 
 /// What became of a state, or of the memory of an invoice, that was to be written by itself.
 enum class EsitoStato {

@@ -247,20 +247,24 @@ bool frmParcelle::SalvaSulPosto()
         return SalvaConNome();
     // Keys pressed by habit replace nothing that somebody else has saved since, nor while that is being
     // asked.
-    const auto Consentita = [this, Vista = ImprontaMia]() mutable {
-        for (ImprontaNota Ora = ImprontaDi(Nota.Percorso); Vista != Ora; Ora = ImprontaDi(Nota.Percorso)) {
-            if (MsgBox(u"La parcella %1 è stata cambiata da altri dopo che è stata aperta.\n"
-                       u"Sostituirla con questa?"_s.arg(NomeFile(Nota.Percorso)),
-                       vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString()) != vbYes)
-                return false;
-            Vista = Ora;
-        }
+    std::optional<ImprontaNota> Vista = ImprontaMia;
+    const auto Immutata = [&] { return Vista == ImprontaDi(Nota.Percorso); };
+    const auto Chiedi = [&] {
+        const ImprontaNota Ora = ImprontaDi(Nota.Percorso);
+        if (MsgBox(u"La parcella %1 è stata cambiata da altri dopo che è stata aperta.\n"
+                   u"Sostituirla con questa?"_s.arg(NomeFile(Nota.Percorso)),
+                   vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString()) != vbYes)
+            return false;
+        Vista = Ora;
         return true;
     };
-    return Salva([&] { return SalvaSulFile(Nota, Consentita); },
-                 [this](const QString&) {
-                     ui->lblSalvata->Mostra(u"Salvata alle "_s + Adesso().toString(u"HH:mm"_s));
-                 });
+    return Salva(
+        [&] {
+            return SalvaSulFile(Nota, {Immutata, Chiedi});
+        },
+        [this](const QString&) {
+            ui->lblSalvata->Mostra(u"Salvata alle "_s + Adesso().toString(u"HH:mm"_s));
+        });
 }
 
 std::optional<bool> frmParcelle::ChiediCliente()

@@ -5,6 +5,7 @@
 #include "core/parametri.h"
 #include "feenote/windows/noteaperte.h"
 #include "platform/kit/rigachesvanisce.h"
+#include "platform/system/blocco.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "platform/system/impostazioni.h"
@@ -12,6 +13,9 @@
 
 #include <QScopeGuard>
 #include <QScopedValueRollback>
+#include <QThread>
+
+#include <thread>
 
 using namespace Qt::StringLiterals;
 using namespace salvataggi;
@@ -38,6 +42,8 @@ private Q_SLOTS:
     void cambiataDaAltriChiede();
     void cambiataMentreSiApre();
     void cambiataMentreSiChiede();
+    void cambiataMentreSiAspettaIlTurno_data();
+    void cambiataMentreSiAspettaIlTurno();
     void nonSiScrive();
     void nomeCheIlDialogoRifiuta();
     void salvaConNomeAncheIntatta();
@@ -289,6 +295,41 @@ void TestSalvaSulPosto::cambiataMentreSiChiede()
     T->Voce.Attendi(Domanda, vbNo, u"Domanda:"_s);
     QVERIFY(!F->SalvaSulPosto());
     QCOMPARE(Cliente(File), u"Rossi"_s);
+}
+
+void TestSalvaSulPosto::cambiataMentreSiAspettaIlTurno_data()
+{
+    QTest::addColumn<int>("Risposta");
+    QTest::addColumn<QString>("Resta");
+    QTest::newRow("kept") << int(vbNo) << u"Bianchi"_s;
+    QTest::newRow("replaced") << int(vbYes) << u"Verdi"_s;
+}
+
+/// A colleague is saving the note: his file comes while this save waits for its turn.
+void TestSalvaSulPosto::cambiataMentreSiAspettaIlTurno()
+{
+    QFETCH(int, Risposta);
+    QFETCH(QString, Resta);
+    const QString File = Salvata_(u"rossi.mdb"_s);
+    const QString Sua = NuovaCartella() + u"sua.mdb"_s;
+    QVERIFY(QFile::copy(File, Sua));
+    EseguiSu(Sua, u"UPDATE ParcellaParam SET Cliente='Bianchi'"_s);
+    ImpostaDataFile(Sua, DataFile(File).addSecs(60));
+    Tocca(F, u"Verdi"_s);
+    auto Turno = std::make_unique<FileBlocco>(CartellaFile(File) + u".~rossi.mdb.turno"_s);
+    QCOMPARE(Turno->Prendi(0), FileBlocco::Esito::Preso);
+    std::thread Collega([&] {
+        QThread::msleep(300);
+        SostituisciFile(Sua, File);
+        Turno.reset();
+    });
+    const auto Finito = qScopeGuard([&] { Collega.join(); });
+    T->Voce.Attendi(
+        u"La parcella rossi.mdb è stata cambiata da altri dopo che è stata aperta.\nSostituirla con questa?"_s,
+        Risposta, u"Domanda:"_s);
+    QCOMPARE(F->SalvaSulPosto(), Risposta == vbYes);
+    QCOMPARE(Cliente(File), Resta);
+    QCOMPARE(F->Nota.Modificata, Risposta != vbYes);
 }
 
 void TestSalvaSulPosto::nonSiScrive()
