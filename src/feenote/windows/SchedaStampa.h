@@ -40,6 +40,9 @@ public:
     /// The note has changed, and its client's row or the settings with it: the list "Da controllare" follows.
     void SeguonoControlli();
     void RileggiControlli();
+    /// The note's document has gone by mail, or the note goes before that is known: its state follows.
+    /// Nothing where no mail is awaited.
+    void Inviato();
     /// What follows a save: the document, seen or not, and the companion application.
     void DopoSalvataggio();
     /// The panel of the electronic invoice in the place of the page, or the page again. Nothing for a
@@ -56,6 +59,12 @@ protected:
     bool event(QEvent* Evento) override;
 
 private:
+    /// A mail that has been asked for, with the note's state before it and behind it.
+    struct InvioAtteso
+    {
+        StatoTenuto Prima, Poi;
+        int Numero = 0;  ///< of the note
+    };
     // ---- SchedaStampa.cpp: document and data
     void CollegaDocumento();
     void CollegaDati();
@@ -83,7 +92,6 @@ private:
     void RicordaAdattamento(int Modo);
     /// A new mail with the document in view.
     void Invia();
-    void Inviato(const StatoTenuto& Prima, const StatoTenuto& Poi, int Numero);
     /// @param Invio for the companion application
     /// @return what kept the document's file from being written
     std::optional<Errore> Componi(bool Invio = false);
@@ -97,4 +105,5 @@ private:
     QAction* cmdEditor = nullptr;  ///< in barPrint, like the next
     QAction* cmdGuida = nullptr;
     QString ClausoleComposte;  ///< StatoClausole when the document on view was composed
+    std::shared_ptr<const InvioAtteso> Atteso;
 };

@@ -13,6 +13,9 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <memory>
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -82,23 +85,27 @@ void SchedaStampa::Invia()
     // opened.
     Parcella Uscita = Nota;
     const bool Segue = NotaInviata(Uscita, Tipo);
-    const auto Partito = [Scheda = QPointer(this), Segue, Prima = Nota.Stato, Poi = Uscita.Stato,
-                          Numero = Cornice.Numero()] {
-        if (Scheda && Segue)
-            Scheda->Inviato(Prima, Poi, Numero);
+    const auto Invio =
+        std::make_shared<const InvioAtteso>(InvioAtteso{Nota.Stato, Uscita.Stato, Cornice.Numero()});
+    if (Segue)
+        Atteso = Invio;
+    const auto Risposto = [Scheda = QPointer(this), Invio](bool Partito) {
+        if (Scheda && Scheda->Atteso == Invio)
+            Partito ? Scheda->Inviato() : Scheda->Atteso.reset();
     };
-    Cornice.InDialogo([&] { InviaDocumento(Nota, Tipo, Scrivi, Partito); });
+    Cornice.InDialogo([&] { InviaDocumento(Nota, Tipo, Scrivi, Risposto); });
 }
 
-/// The mail has opened, perhaps while the window asks something, or has another note by now. A state that has
-/// gone on meanwhile stays.
-void SchedaStampa::Inviato(const StatoTenuto& Prima, const StatoTenuto& Poi, int Numero)
+// The mail has opened, perhaps while the window asks something, or has another note by now. A state that has
+// gone on meanwhile stays.
+void SchedaStampa::Inviato()
 {
     constexpr int AttesaMs = 500;
-    if (Cornice.Numero() != Numero || Nota.Stato != Prima)
+    if (Atteso && Cornice.InDomanda()) {
+        QTimer::singleShot(AttesaMs, this, [this] { Inviato(); });
         return;
-    if (Cornice.InDomanda())
-        QTimer::singleShot(AttesaMs, this, [this, Prima, Poi, Numero] { Inviato(Prima, Poi, Numero); });
-    else
-        Protetta([&] { Cornice.DocumentoUscitoPrima(Poi); });
+    }
+    const auto Invio = std::exchange(Atteso, {});
+    if (Invio && Cornice.Numero() == Invio->Numero && Nota.Stato == Invio->Prima)
+        Protetta([&] { Cornice.DocumentoUscitoPrima(Invio->Poi); });
 }

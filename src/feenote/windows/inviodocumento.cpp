@@ -65,7 +65,7 @@ QString NomeAllegato(const Parcella& Nota, int Tipo)
 
 void InviaDocumento(const Parcella& Nota, int Tipo,
                     const std::function<void(const QString& File, const QString& Titolo)>& ScriviPdf,
-                    std::function<void()> Partito)
+                    std::function<void(bool Partito)> Risposto)
 {
     const QString Nome = NomeAllegato(Nota, Tipo);
     const QString File = ScriviInvio(Nome + u".pdf"_s, [&](const QString& Percorso) {
@@ -73,12 +73,13 @@ void InviaDocumento(const Parcella& Nota, int Tipo,
         ScriviPdf(Percorso, Nome);
     });
     if (const QString Perche = ImpedimentoPosta(File); !Perche.isEmpty()) {
+        Risposto(false);
         OffriCartella(Perche, File);
         return;
     }
-    const auto UnaVolta = [Fatto = std::make_shared<bool>(false), Partito = std::move(Partito)](bool Bene) {
-        if (!std::exchange(*Fatto, true) && Bene)
-            Partito();
+    const auto UnaVolta = [Fatto = std::make_shared<bool>(false), Risposto = std::move(Risposto)](bool Bene) {
+        if (!std::exchange(*Fatto, true))
+            Risposto(Bene);
     };
     const auto AllaFine = [File, UnaVolta, Avviata = Adesso()](int Esito) {
         UnaVolta(Esito == 0);
@@ -88,8 +89,10 @@ void InviaDocumento(const Parcella& Nota, int Tipo,
     const Lettera Scritta = LetteraDi(Nota, Tipo);
     if (!Scritta.Escluso.isEmpty())
         MsgBox(Scritta.Escluso, vbOKOnly + vbInformation, TitoloAvvertenza.toString());
-    if (ApriMessaggio({Scritta.Indirizzo, Scritta.Oggetto, Scritta.Testo, File}, AllaFine))
+    if (ApriMessaggio({Scritta.Indirizzo, Scritta.Oggetto, Scritta.Testo, File}, AllaFine)) {
         QTimer::singleShot(guasti::AttesaPostaMs, qApp, [UnaVolta] { UnaVolta(true); });
-    else
+    } else {
+        UnaVolta(false);
         OffriCartella(u"Il programma di posta non si è aperto."_s, File);
+    }
 }

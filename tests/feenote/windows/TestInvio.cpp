@@ -1,5 +1,6 @@
 // The mail with the document: a program of the test's stands for the mail program, and tells what it was
 // given.
+#include "salvataggi.h"
 #include "stampa.h"
 
 #include "feenote/windows/inviodocumento.h"
@@ -28,6 +29,8 @@ private Q_SLOTS:
     void laNotaRisultaInviata();
     void laRispostaTrovaUnAltraNota();
     void inviatoEQuantoChiedevaIlPdf();
+    void laNotaSiChiudePrima_data();
+    void laNotaSiChiudePrima();
     void nomiDiOgniGenere();
     void indirizzoDelCliente_data();
     void indirizzoDelCliente();
@@ -205,6 +208,39 @@ void TestInvio::inviatoEQuantoChiedevaIlPdf()
     QVERIFY(!(Dopo.Stato.Importi == Uscita.Stato.Importi));
     QTRY_COMPARE(F->Nota.Stato.Stato, StatoNota::Inviata);
     QVERIFY(F->Nota.Stato.Importi == Uscita.Stato.Importi);
+}
+
+void TestInvio::laNotaSiChiudePrima_data()
+{
+    QTest::addColumn<QByteArray>("Programma");
+    QTest::addColumn<bool>("Inviata");
+    QTest::newRow("la posta resta aperta") << QByteArray("exec /bin/sleep 1\n") << true;
+    QTest::newRow("si rompe") << QByteArray("exit 3\n") << false;
+    QTest::newRow("senza programma") << QByteArray() << false;
+}
+
+/// Closed before the mail program has answered: what was sent is sent, in the note's own file.
+void TestInvio::laNotaSiChiudePrima()
+{
+    QFETCH(QByteArray, Programma);
+    QFETCH(bool, Inviata);
+    Riempi(2);
+    Documento(StampaPreventivo);
+    const QString File = salvataggi::SalvaCome(*T, u"rossi.mdb"_s);
+    if (!Programma.isEmpty())
+        Installa(Programma);
+    if (!Inviata)
+        T->Voce.Tollera();
+    InviaSubito();
+    QVERIFY(Programma.isEmpty() || !Argomenti().isEmpty());
+    if (!Inviata)
+        QTRY_COMPARE(T->Voce.Mostrati().size(), 2);
+    QVERIFY(!F->Nota.Modificata);
+    QCOMPARE(F->Nota.Stato.Stato, StatoNota::Bozza);
+    QVERIFY(ChiudiParcella(1));
+    Parcella Letta;
+    CaricaDati(Letta, File);
+    QCOMPARE(Letta.Stato.Stato, Inviata ? StatoNota::Inviata : StatoNota::Bozza);
 }
 
 /// What a user has written goes as it is, in one argument each, and none becomes an option or a command.
