@@ -108,28 +108,39 @@ void PannelloFattura::cmdSalvaXml_Click()
     Scrivi(CartellaFile(Scelto), Atteso);
 }
 
-/// The number is taken before the file is written, and stays taken whatever becomes of the file.
+/// The number is taken before the file is written, and stays taken whatever becomes of the file. The note
+/// says that it was written before it is: a program that is killed in between has written no invoice that its
+/// note does not know.
 void PannelloFattura::Scrivi(const QString& Cartella, int Atteso)
 {
-    QString Nome;
-    QString Progressivo;
+    const QString NonScritta = u"La fattura elettronica non è stata scritta: "_s;
     int Preso = 0;
     try {
-        const ClessidraAccesa Attesa;
         Preso = PrendiTrasmissione();
-        Progressivo = ProgressivoFile(Preso);
-        const Composizione Fatta = Componi(Progressivo);
-        Nome = NomeFileFattura(Fatta.Fattura);
-        SalvaFattura(Barra(Cartella) + Nome, Fatta.Fattura, Oggi());
+    } catch (...) {
+        MsgErrore(NonScritta + ErroreCorrente().Descrizione);
+        return;
+    }
+    const QString Progressivo = ProgressivoFile(Preso);
+    const FatturaElettronica Fattura = Componi(Progressivo).Fattura;
+    const QString Nome = NomeFileFattura(Fattura);
+    const bool Intatta = !Nota.Modificata;
+    const DatiFatturaXml Prima = Nota.FatturaXml;
+    const StatoTenuto Stato = Nota.Stato;
+    SegnaFatturaScritta(Nota, Nome, Progressivo);
+    const bool Tenuta = Cornice.FatturaScritta(Intatta);
+    try {
+        const ClessidraAccesa Attesa;
+        SalvaFattura(Barra(Cartella) + Nome, Fattura, Oggi());
     } catch (...) {
         const Errore Guasto = ErroreCorrente();
-        MsgErrore(u"La fattura elettronica non è stata scritta: %1"_s.arg(Guasto.Descrizione));
+        const bool Ritirata = Cornice.FatturaNonScritta(Prima, Stato, Intatta, Tenuta);
+        MsgErrore(
+            NonScritta + Guasto.Descrizione +
+            (Ritirata ? QString() : u"\nIl file della parcella la dà per scritta fino al salvataggio."_s));
         return;
     }
     Protetta([&] { RicordaImpostazioni({{ChiaveCartella, Cartella}}); });
-    const bool Intatta = !Nota.Modificata;
-    SegnaFatturaScritta(Nota, Nome, Progressivo);
-    const bool Tenuta = Cornice.FatturaScritta(Intatta);
     QString Detto = u"La fattura elettronica è stata scritta nel file %1."_s.arg(Nome);
     if (!Tenuta)
         Detto += u"\nLa parcella lo ricorderà quando sarà salvata."_s;

@@ -9,6 +9,7 @@
 #include <utility>
 
 enum class CampoFattura;
+struct DatiFatturaXml;
 struct Rilievo;
 struct StatoTenuto;
 
@@ -39,10 +40,15 @@ public:
     virtual void DocumentoUscito(int Tipo) = 0;
     /// The same of a document that went out a while ago, with the state that it gave the note then.
     virtual void DocumentoUscitoPrima(const StatoTenuto& Stato) = 0;
-    /// The file of the note's electronic invoice was written: a note that had no changes before keeps that in
-    /// its own file at once, any other is marked. Shows what has changed.
+    /// The file of the note's electronic invoice is about to be written, and the note says so: one that had
+    /// no changes before keeps that in its own file at once, any other is marked. Shows what has changed.
     /// @return true when the file has it
     virtual bool FatturaScritta(bool Intatta) = 0;
+    /// That file could not be written: the note is as it was before, in its own file too. Shows it.
+    /// @param Tenuta what FatturaScritta has answered
+    /// @return false when its own file keeps the mark
+    virtual bool FatturaNonScritta(const DatiFatturaXml& Prima, const StatoTenuto& Stato, bool Intatta,
+                                   bool Tenuta) = 0;
     /// A number that no other note of the session has, and a window without a note: 0.
     [[nodiscard]] virtual int Numero() const = 0;
 

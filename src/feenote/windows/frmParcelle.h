@@ -237,6 +237,8 @@ private:
     void DocumentoUscitoPrima(const StatoTenuto& Stato) override;
     void SegueUscita(bool Intatta);
     bool FatturaScritta(bool Intatta) override;
+    bool FatturaNonScritta(const DatiFatturaXml& Prima, const StatoTenuto& Stato, bool Intatta,
+                           bool Tenuta) override;
     void SegnaRimessa() override { Storia.SegnaRimessa(); }
     [[nodiscard]] bool InDomanda() const override { return DialogoAperto; }
     [[nodiscard]] QScopedValueRollback<bool> ApriDomanda() override;

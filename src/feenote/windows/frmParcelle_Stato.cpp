@@ -92,6 +92,21 @@ bool frmParcelle::FatturaScritta(bool Intatta)
     return Tenuta;
 }
 
+bool frmParcelle::FatturaNonScritta(const DatiFatturaXml& Prima, const StatoTenuto& Stato, bool Intatta,
+                                    bool Tenuta)
+{
+    Nota.FatturaXml = Prima;
+    Nota.Stato = Stato;
+    const bool Ritirata = !Tenuta || Tieni(ScriviSoloFattura) == EsitoStato::Scritto;
+    if (!Ritirata)
+        ::SetModificata(Nota, true);
+    else if (!Tenuta && Intatta)
+        ::SetModificata(Nota, false);
+    SetModificata(Nota.Modificata);
+    MostraTutto();
+    return Ritirata;
+}
+
 bool frmParcelle::TieniStato()
 {
     const EsitoStato Esito = Tieni(ScriviSoloStato);
