@@ -55,6 +55,9 @@ bool ComeInFile(const Parcella& Nota, const std::optional<Parcella>& InFile)
         return false;
     Parcella Copia = *InFile;
     RiportaFinestra(Copia, Nota);
+    // A file that has got another name is the same one; one that was deleted holds nothing.
+    if (!Nota.Percorso.isEmpty())
+        Copia.Percorso = Nota.Percorso;
     return Copia == Nota;
 }
 
@@ -223,6 +226,7 @@ void Cronologia::Segna(const Parcella& Nota, const QString& Nome)
     const std::optional<Chiamato> Detto = Chiama(Attuale, Nota);
     if (!Detto || AltroDocumento(Attuale, Nota)) {
         Attuale = Nota;
+        SegueDocumento(Nota);
         return;
     }
     Avanti.clear();
@@ -244,6 +248,15 @@ void Cronologia::Allinea(const Parcella& Nota)
 {
     InEdit = 0;
     Attuale = Nota;
+    SegueDocumento(Nota);
+}
+
+/// A note without changes of which another document is looked at is still what its file holds, though the
+/// document brings its own ticks.
+void Cronologia::SegueDocumento(const Parcella& Nota)
+{
+    if (InFile && !Nota.Modificata && AltroDocumento(*InFile, Nota))
+        InFile = Nota;
 }
 
 void Cronologia::Dimentica(const Parcella& Nota)

@@ -60,6 +60,7 @@ private:
         bool Rimessa = false;
     };
     bool Passa(Parcella& Nota, QList<Passo>& Da, QList<Passo>& A);
+    void SegueDocumento(const Parcella& Nota);
 
     Parcella Attuale;
     QList<Passo> Indietro, Avanti;

@@ -3,6 +3,7 @@
 
 #include "feenote/modAcconti.h"
 #include "feenote/modCronologia.h"
+#include "feenote/modDatiStampa.h"
 #include "feenote/modOnorari.h"
 #include "feenote/modParametri.h"
 #include "feenote/modParti.h"
@@ -26,6 +27,9 @@ private Q_SLOTS:
     void cinquantaPassi();
     void ilFileNonSiTocca();
     void ilSegnoDiModifica();
+    void unAltroDocumentoNonLascia_data();
+    void unAltroDocumentoNonLascia();
+    void unAltroNomeNonLascia();
     void cambiataDaSolaNonHaPassi();
     void lettereDiverseSonoPassiDiversi();
     void leRigheRimesse();
@@ -212,6 +216,54 @@ void TestCronologia::ilSegnoDiModifica()
     Fai([](Parcella& N) { RigaOnorario(N, u"b"_s, 10, 1, 1); });
     QVERIFY(Storia.Annulla(Nota));
     QVERIFY2(Nota.Modificata, "a recovered note is in no file");
+}
+
+void TestCronologia::unAltroDocumentoNonLascia_data()
+{
+    QTest::addColumn<int>("Tipo");
+    for (int Tipo = 0; Tipo < VociTipoStampa().size(); ++Tipo)
+        QTest::newRow(qPrintable(VociTipoStampa()[Tipo])) << Tipo;
+}
+
+/// Looking at another document is no change, before or behind one; its own ticks and wording are none either.
+void TestCronologia::unAltroDocumentoNonLascia()
+{
+    QFETCH(int, Tipo);
+    Fai([&](Parcella& N) { ScegliDocumento(N, Tipo); });
+    QVERIFY(!Nota.Modificata);
+    const auto CambiaEAnnulla = [&] {
+        Fai([](Parcella& N) { RigaOnorario(N, u"a"_s, 10, 1, 1); });
+        SetModificata(Nota, true);
+        QVERIFY(Storia.Annulla(Nota));
+        QVERIFY2(!Nota.Modificata, "the line has gone");
+    };
+    CambiaEAnnulla();
+    // The window keeps its page behind the step.
+    ScegliDocumento(Nota, StampaPreventivo);
+    Storia.Allinea(Nota);
+    CambiaEAnnulla();
+    // With changes it stays what it is.
+    Fai([](Parcella& N) { RigaOnorario(N, u"a"_s, 10, 1, 1); });
+    SetModificata(Nota, true);
+    Fai([&](Parcella& N) { ScegliDocumento(N, Tipo); });
+    Fai([](Parcella& N) { CambiaParte(N, ParteNota::Oggetto, u"Lite"_s); });
+    QVERIFY(Storia.Annulla(Nota));
+    QVERIFY2(Nota.Modificata, "the line is in no file");
+}
+
+/// The finder renames the file: it holds what it held. Deleted, it holds nothing.
+void TestCronologia::unAltroNomeNonLascia()
+{
+    Nota.Percorso = u"/note/rossi.mdb"_s;
+    Storia.SegnaSalvata(Nota);
+    Fai([](Parcella& N) { RigaOnorario(N, u"a"_s, 10, 1, 1); });
+    Nota.Percorso = u"/note/bianchi.mdb"_s;
+    QVERIFY(Storia.Annulla(Nota));
+    QVERIFY(!Nota.Modificata);
+    QVERIFY(Storia.Ripeti(Nota));
+    Nota.Percorso.clear();
+    QVERIFY(Storia.Annulla(Nota));
+    QVERIFY(Nota.Modificata);
 }
 
 void TestCronologia::cambiataDaSolaNonHaPassi()
