@@ -400,7 +400,7 @@ void frmMain::SuParcella(Azione Fai)
 void frmMain::SalvaSulPosto()
 {
     SuParcella([](int Indice) {
-        if (InfoParcelle[size_t(Indice)].Modificata && Aperture.SalvaSulPosto)
+        if (Aperture.SalvaSulPosto)
             Aperture.SalvaSulPosto(Indice);
     });
 }

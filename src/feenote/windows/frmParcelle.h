@@ -67,7 +67,8 @@ public:
     /// The same, unmodified notes too; the dialog proposes a name for one that has none.
     bool SalvaConNome();
     /// Writes a note over its own file, with a line that says when in the place of the message; one without a
-    /// file goes the way of SalvaConNome. @return true when the file was written
+    /// file, or whose file has gone, goes the way of SalvaConNome. Of one without changes the line says that
+    /// there is nothing to save. @return false when something was to be written and was not
     bool SalvaSulPosto();
     /// Asks whether a copy of the note keeps its client; nothing when the user gives up, and while another
     /// question waits.
@@ -236,6 +237,9 @@ private:
     void DocumentoUscito(int Tipo) override;
     void DocumentoUscitoPrima(const StatoTenuto& Stato) override;
     void SegueUscita(bool Intatta);
+    /// A note without changes: the line says so, and whether its file is still its own. @return false for any
+    /// other, and where the file has gone
+    bool DettoSalvata();
     bool FatturaScritta(bool Intatta) override;
     bool FatturaNonScritta(const DatiFatturaXml& Prima, const StatoTenuto& Stato, bool Intatta,
                            bool Tenuta) override;

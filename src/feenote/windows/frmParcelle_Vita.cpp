@@ -2,6 +2,7 @@
 #include "core/posti.h"
 #include "feenote/modNomiProposti.h"
 #include "feenote/modNuovaParcella.h"
+#include "feenote/modTotali.h"
 #include "feenote/windows/frmParcelle.h"
 
 #include "core/aperture.h"
@@ -14,6 +15,7 @@
 #include "feenote/file/modPosaFile.h"
 #include "feenote/file/modRecupero.h"
 #include "feenote/file/modSalvataggio.h"
+#include "feenote/file/nomenota.h"
 #include "feenote/windows/PannelloCatena.h"
 #include "feenote/windows/SchedaAcconti.h"
 #include "feenote/windows/SchedaDatiBase.h"
@@ -100,6 +102,19 @@ ImprontaNota ImprontaDellaCopia(const CopiaRecupero& Copia)
 {
     const ImprontaNota Ora = ImprontaDi(Copia.Percorso);
     return Copia.Impronta.Byte < 0 && Ora.Quando <= Copia.Quando ? Ora : Copia.Impronta;
+}
+
+/// What a copy takes along of the payments, before the end of its sentence; empty where there are none. They
+/// belong to the other matter more often than not.
+QString AccontiDellaCopia(const Parcella& Nota)
+{
+    if (Nota.xAcconti.Vuota())
+        return {};
+    const SommeAcconti Somme = SommaAcconti(Nota.xAcconti);
+    const QString Euro = Format(Somme.Corrispettivi + Somme.SpeseImp + Somme.SpeseEsenti, u"#,##0.00");
+    return Nota.xAcconti.Righe() == 1 ? u"anche l'acconto, di %1 euro, ma "_s.arg(Euro)
+                                      : u"anche gli acconti: %1, per %2 euro, ma "_s.arg(
+                                            QString::number(Nota.xAcconti.Righe()), Euro);
 }
 
 /// Pause after a copy, in times of what the last one took: those of a very long note stay a small part of the
@@ -241,8 +256,27 @@ bool frmParcelle::SalvaConNome()
     return Salva([this] { return SalvaConDialogo(Nota, false, NomeProposto(Nota)); }, DiSalvata);
 }
 
+bool frmParcelle::DettoSalvata()
+{
+    if (Nota.Modificata)
+        return false;
+    QString Detto = u"Niente da salvare"_s;
+    if (!Nota.Percorso.isEmpty() && !NellaCartellaModelli(Nota.Percorso)) {
+        const ImprontaNota Ora = ImprontaDi(Nota.Percorso);
+        if (Ora == ImprontaNota())
+            return false;
+        Detto = ImprontaMia == Ora ? u"Già salvata"_s : u"Il file è stato cambiato da altri"_s;
+    }
+    ui->lblSalvata->Mostra(Detto);
+    return true;
+}
+
 bool frmParcelle::SalvaSulPosto()
 {
+    if (DialogoAperto || !ConcludiCampo())
+        return false;
+    if (DettoSalvata())
+        return true;
     if (!HaFileSuo(Nota))
         return SalvaConNome();
     // Keys pressed by habit replace nothing that somebody else has saved since, nor while that is being
@@ -273,8 +307,9 @@ std::optional<bool> frmParcelle::ChiediCliente()
         return std::nullopt;
     const int Risposta = InDialogo([this] {
         return MsgBoxPulsanti(
-            u"La copia avrà righe, parametri e testi di questa parcella,\n"
-            u"senza numero, data e password.\nMantenere anche il cliente %1?"_s.arg(Nota.txtCliente.Testo),
+            u"La copia avrà righe, parametri e testi di questa parcella,\n%1senza numero, data e "
+            u"password.\nMantenere anche il cliente %2?"_s.arg(AccontiDellaCopia(Nota),
+                                                               Nota.txtCliente.Testo),
             vbYesNoCancel + vbQuestion, TitoloDomanda.toString(),
             {u"Mantieni"_s, u"Senza cliente"_s, u"Annulla"_s});
     });
@@ -358,6 +393,7 @@ void frmParcelle::Scarica()
 void frmParcelle::CambiaNota(bool Viene)
 {
     ImprontaMia.reset();
+    ui->lblSalvata->Togli();
     static int Ultimo = 0;
     const int Prima = std::exchange(NumeroNota, Viene ? ++Ultimo : 0);
     if (Prima > 0 && Aperture.ParcellaChiusa)

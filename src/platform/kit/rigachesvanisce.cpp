@@ -20,10 +20,14 @@ RigaCheSvanisce::RigaCheSvanisce(QWidget* Padre) : QLabel(Padre), Svanire(nullpt
         constexpr double Intera = 0.999;
         Velo->setEnabled(Ora.toDouble() < Intera);
     });
-    Collega(Svanire, &QAbstractAnimation::finished, this, [this] {
-        hide();
-        clear();
-    });
+    Collega(Svanire, &QAbstractAnimation::finished, this, [this] { Togli(); });
+}
+
+void RigaCheSvanisce::Togli()
+{
+    Svanire->stop();
+    hide();
+    clear();
 }
 
 void RigaCheSvanisce::Mostra(const QString& Testo)

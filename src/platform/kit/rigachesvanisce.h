@@ -15,6 +15,8 @@ public:
     /// Shows a text, which a screen reader is told, and lets it fade after some seconds. Another one takes
     /// its place at once. Where the desktop wants no animations it goes in one step.
     void Mostra(const QString& Testo);
+    /// Takes the text away at once: what it spoke of is no longer on view.
+    void Togli();
 
     /// How long a text stays before it begins to fade, and how long it fades; tests have no time for it.
     static inline int FermaMs = 4000;

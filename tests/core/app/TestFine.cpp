@@ -417,7 +417,10 @@ void TestFine::ctrlSSalva()
     QVERIFY(MostraAttiva(Cornice()));
     auto* Cliente = Parcelle(1)->findChild<QLineEdit*>(u"txtCliente"_s);
     Cliente->setFocus();
-    QTest::keyClick(Cliente, Qt::Key_S, Qt::ControlModifier);  // unmodified: nothing to save
+    QTest::keyClick(Cliente, Qt::Key_S, Qt::ControlModifier);
+    const auto* Svanisce = Parcelle(1)->findChild<QLabel*>(u"lblSalvata"_s);
+    QVERIFY(Svanisce->isVisible());
+    QCOMPARE(Svanisce->text(), u"Niente da salvare"_s);
     Digita(u"Rossi"_s);
     const QString File = Note + u"P12-rossi.mdb"_s;
     Box->AttendiSalva(File);

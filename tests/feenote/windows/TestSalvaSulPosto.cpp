@@ -279,6 +279,7 @@ void TestSalvaSulPosto::cambiataMentreSiChiede()
 {
     const QString File = Salvata_(u"rossi.mdb"_s);
     F->Nota.Psw = u"abc"_s;
+    F->SetModificata(true);
     QVERIFY(F->SalvaSulPosto());
     Tocca(F, u"Verdi"_s);
     int Mostrati = 0;
