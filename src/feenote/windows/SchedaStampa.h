@@ -30,6 +30,8 @@ public:
 
     /// The page comes into view: the document as the note and the settings are now, from its first page on.
     void Entra();
+    /// Another note is in the window, or none: nothing of the former one's document stays.
+    void NuovaNota();
     /// Writes the controls from the record; call it with the window's guard.
     void Mostra();
     void MostraRubrica();  ///< the buttons of the address book
@@ -48,7 +50,7 @@ public:
     /// The panel of the electronic invoice in the place of the page, or the page again. Nothing for a
     /// document that is no invoice.
     void MostraFattura(bool Si);
-    /// The button "print": asks for printer and pages, then prints.
+    /// The button "print": asks for printer and pages, then prints. Nothing while no document is chosen.
     void StampaParcella();
 
     /// An element of the boxes of the print data, by DatoStampa: a QLineEdit or, for the two free texts, a

@@ -66,6 +66,13 @@ void SchedaStampa::CollegaAnteprima()
     Barra->AggiungiNumero();
 }
 
+void SchedaStampa::NuovaNota()
+{
+    ui->vp->Svuota();
+    ui->lblUnaPagina->hide();
+    ClausoleComposte.clear();
+}
+
 void SchedaStampa::Entra()
 {
     AbilitaBarra();  // the settings may have named another editor meanwhile
@@ -136,6 +143,9 @@ void SchedaStampa::DopoSalvataggio()
 void SchedaStampa::StampaParcella()
 {
     VistaStampa* vp = ui->vp;
+    // The keys come while the button is disabled, too.
+    if (!ETipoStampa(Nota.cmbTipoStampa))
+        return;
     if (Cornice.InDomanda() || Cornice.InDialogo([vp] { return PrintDialog(*vp); }) == 0)
         return;
     if (PrintDoc(*vp, Nota.Nome))

@@ -192,6 +192,7 @@ void frmParcelle::RilegaRighe()
     Onorari->NuovaNota();
     Spese->NuovaNota();
     Acconti->NuovaNota();
+    Stampa->NuovaNota();
 }
 
 void frmParcelle::Recupera(const CopiaRecupero& Trovata)

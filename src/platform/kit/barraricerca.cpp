@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
+#include <QSignalBlocker>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -78,6 +79,14 @@ void BarraRicerca::Apri(const QString& Proposto)
         Campo->setText(Proposto);
     Campo->selectAll();
     Campo->setFocus(Qt::ShortcutFocusReason);
+}
+
+void BarraRicerca::Dimentica()
+{
+    hide();
+    const QSignalBlocker Zitto(Campo);  // nothing is sought
+    Campo->clear();
+    MostraConto(0, 0);
 }
 
 bool BarraRicerca::NelCampo() const

@@ -18,6 +18,7 @@ public:
     [[nodiscard]] QString Testo() const;
     /// Opens with the field ready to be typed over; a text that is not empty is put into it.
     void Apri(const QString& Proposto);
+    void Dimentica();                     ///< closed, with an empty field
     [[nodiscard]] bool NelCampo() const;  ///< true while the field has the focus
     /// "2 di 7", "Nessun risultato", or nothing while nothing is sought.
     void MostraConto(qsizetype Quale, qsizetype Quante);

@@ -111,6 +111,20 @@ void VistaStampa::Aggiorna()
     Descrivi();
 }
 
+void VistaStampa::Svuota()
+{
+    Barra->Dimentica();
+    Trovate.clear();
+    Corrente = -1;
+    Fogli->Tingi({}, -1);
+    if (Surface.Contenuto().Blocchi.empty())
+        return;
+    Surface.StartDoc();
+    Surface.EndDoc();
+    Aggiorna();
+    ImpostaPreviewPage(1);
+}
+
 void VistaStampa::ImpostaCarta(const Carta& Nuova)
 {
     if (Nuova == Sheet)

@@ -47,6 +47,8 @@ public:
     /// far as there are pages; the selection is dropped, an open search looks again. What was laid out
     /// already, for this sheet, is not laid out once more.
     void Aggiorna();
+    /// Another document comes, or none: the content goes, and what was sought and selected in it.
+    void Svuota();
     /// The pages on view, for printing and exporting.
     [[nodiscard]] const Impaginazione& Pagine() const { return Vista.Pagine; }
 

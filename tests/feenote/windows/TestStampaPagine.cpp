@@ -31,6 +31,12 @@ private Q_SLOTS:
     void editorAlternativo();
     void laGuida();
     void senzaStampante();
+    void senzaDocumentoNonSiStampa();
+    void laNotaDiPrimaNonResta();
+
+private:
+    /// The note on view goes without a question, a new one takes its window.
+    void UnAltraNota();
 };
 PROVA(TestStampaPagine);
 
@@ -263,6 +269,60 @@ void TestStampaPagine::senzaStampante()
     }
     QCOMPARE(Pagine(), Testo);
     QCOMPARE(txtPage(), u"1/1"_s);
+}
+
+void TestStampaPagine::UnAltraNota()
+{
+    F->SetModificata(false);
+    QVERIFY(ChiudiParcella(1));
+    QVERIFY2(Pagine().trimmed().isEmpty(), qPrintable(Pagine()));
+    QCOMPARE(Tavolo::Apri(), F);
+    CompilaCivile(F);
+    ClicScheda(F, SchedaDiStampa);
+    QCOMPARE(F->Scheda(), int(SchedaDiStampa));
+}
+
+void TestStampaPagine::senzaDocumentoNonSiStampa()
+{
+    const Stampanti Prima =
+        InstallaStampanti({[] { return QStringList{u"Ufficio"_s}; }, [](const QPrinter&) { return true; }});
+    const auto Rimetti = qScopeGuard([&] { InstallaStampanti(Prima); });
+    int Chieste = 0;
+    T->Voce.ScegliStampante = [&](QPrinter&) {
+        ++Chieste;
+        return false;
+    };
+    Controllo(F, "cmbTipoStampa")->setFocus();
+    Premi(Qt::Key_P, Qt::ControlModifier);
+    QCOMPARE(Chieste, 0);
+    Documento(StampaPrenotula);
+    Premi(Qt::Key_P, Qt::ControlModifier);
+    QCOMPARE(Chieste, 1);
+    UnAltraNota();
+    Controllo(F, "cmbTipoStampa")->setFocus();
+    Premi(Qt::Key_P, Qt::ControlModifier);
+    QCOMPARE(Chieste, 1);
+}
+
+/// Pages, remark and search of a client's document: the next client's note finds none of them.
+void TestStampaPagine::laNotaDiPrimaNonResta()
+{
+    Riempi(150);
+    Documento(StampaPrenotula);
+    Clic(Controllo(F, "chkUnaPagina"));
+    QVERIFY(!Controllo(F, "lblUnaPagina")->isHidden());
+    vp->setFocus();
+    Premi(Qt::Key_F, Qt::ControlModifier);
+    Digita(u"Rossi"_s);
+    QVERIFY(Pagine().contains(u"Rossi Mario"_s));
+    UnAltraNota();
+    QVERIFY(Pagine().trimmed().isEmpty());
+    QVERIFY(Controllo(F, "lblUnaPagina")->isHidden());
+    QVERIFY(Controllo(F, "barRicerca")->isHidden());
+    QCOMPARE(Controllo<QLineEdit>(F, "txtRicerca")->text(), QString());
+    Documento(StampaPrenotula);
+    QCOMPARE(txtPage(), u"1/1"_s);
+    QVERIFY(!Pagine().contains(u"Rossi"_s));
 }
 
 #include "TestStampaPagine.moc"
