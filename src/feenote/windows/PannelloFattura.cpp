@@ -155,6 +155,16 @@ void PannelloFattura::CollegaComandi()
                              [this] { cmdControllaXml_Click(); });
 }
 
+void PannelloFattura::NuovaNota()
+{
+    hide();
+    ui->cmdAnteprimaXml->setChecked(false);
+    ui->txtAnteprimaXml->clear();
+    ui->lstMancanzeXml->clear();
+    Composta = {};
+    ColonneBloccate.clear();
+}
+
 void PannelloFattura::Entra()
 {
     ui->cmdAnteprimaXml->setChecked(false);

@@ -25,6 +25,8 @@ public:
     PannelloFattura(Parcella& Dati, CorniceNota& Finestra, QWidget* Padre);
     ~PannelloFattura() override;
 
+    /// Another note is in the window, or none: what was composed for the former one goes.
+    void NuovaNota();
     /// It comes up: an archive that lacks columns is told, once a session.
     void Entra();
     /// Writes the controls from the record, and composes the invoice anew.

@@ -71,6 +71,8 @@ void SchedaStampa::NuovaNota()
     ui->vp->Svuota();
     ui->lblUnaPagina->hide();
     ClausoleComposte.clear();
+    ui->cmdFatturaXml->setChecked(false);
+    Elettronica->NuovaNota();
 }
 
 void SchedaStampa::Entra()

@@ -26,6 +26,7 @@ private Q_SLOTS:
 
     void soloPerLeFatture();
     void tornaAllaStampa();
+    void laNotaDopoCominciaDallaPagina();
     void senzaImpostazioniDiceCheCosaManca();
     void ogniRigaPortaAlSuoCampo_data();
     void ogniRigaPortaAlSuoCampo();
@@ -81,6 +82,29 @@ void TestFatturaElettronica::tornaAllaStampa()
     QVERIFY(Pagine().contains(u"Rossi Mario"_s));
     QVERIFY2(!F->Nota.FatturaXml.Scissione && F->Nota.FatturaXml == DatiFatturaXml(),
              "guardare non sceglie nulla");
+}
+
+/// The window is used again by another invoice: it opens on its page, and nothing of the former panel stays.
+void TestFatturaElettronica::laNotaDopoCominciaDallaPagina()
+{
+    const QString File = T->Ufficio.File(u"altra.mdb"_s);
+    Parcella Altra = NotaCivile();
+    Altra.cmbTipoStampa = StampaFatturaSintetica;
+    ScriviNota(File, Altra);
+    ApriPannello();
+    Clic(Controllo(F, "cmdAnteprimaXml"));
+    QVERIFY(Controllo(F, "txtAnteprimaXml")->isVisible());
+    F->SetModificata(false);
+    QVERIFY(ChiudiParcella(1));
+    QCOMPARE(Tavolo::Apri(File), F);
+    ClicScheda(F, SchedaDiStampa);
+    QCOMPARE(F->Nota.cmbTipoStampa, int(StampaFatturaSintetica));
+    QVERIFY(!Pannello()->isVisible());
+    QVERIFY(vp->isVisible() && Controllo(F, "barPrint")->isVisible());
+    QVERIFY(!Controllo<QAbstractButton>(F, "cmdFatturaXml")->isChecked());
+    ApriPannello();
+    QVERIFY(Lista()->isVisible());
+    QVERIFY(!Controllo<QTextBrowser>(F, "txtAnteprimaXml")->toPlainText().contains(u"Rossi Mario"_s));
 }
 
 void TestFatturaElettronica::senzaImpostazioniDiceCheCosaManca()
