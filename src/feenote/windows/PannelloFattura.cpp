@@ -127,7 +127,8 @@ void PannelloFattura::CollegaScelte()
     for (const ElencoScelta& Voce : Elenchi)
         if (Voce.Campo != CampoFattura::SceltaTipo)
             AlScegliere(ui.get()->*Voce.Elenco, [this](int, ModoScelta) { Scegli(); });
-    // A credit note has number and date of its own, which the other boxes of the tab show.
+    // A credit note has number and date of its own, which the other boxes of the tab show, and the page: the
+    // printer's keys go behind the panel.
     AlScegliere(ui->cmbTipoXml, [this](int, ModoScelta) {
         const QString Tipo = ui->cmbTipoXml->currentData().toString();
         Cornice.ApplicaStampa([&] { (void)CambiaTipoFattura(Nota, Tipo); });

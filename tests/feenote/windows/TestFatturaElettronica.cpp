@@ -544,13 +544,16 @@ void TestFatturaElettronica::laNotaDiCreditoCitaLaFattura()
     ScegliVoceDi("cmbTipoXml", QString());
     SalvaIn(T->Ufficio.Cartella(), 1);
     const QString Oggi = Format(::Oggi(), u"dd/mm/yyyy");
+    QVERIFY2(Pagine().contains(u"Fattura N° 12/"_s), qPrintable(Pagine()));
     ScegliVoceDi("cmbTipoXml", u"TD04"_s);
+    QVERIFY2(!Pagine().contains(u"N° 12"_s), "dietro il pannello si stampa la pagina: è quella di adesso");
     QCOMPARE(TestoDi(F, "txtCitataNumero"), u"12/%1"_s.arg(::Oggi().year()));
     QCOMPARE(TestoDi(F, "txtCitataData"), Oggi);
     QCOMPARE(TestoDi(F, "txtDatiPar_11"), QString());
     QCOMPARE(TestoDi(F, "txtDatiPar_12"), QString());
     QVERIFY(Mancanti() > 0);
     ScegliVoceDi("cmbTipoXml", QString());
+    QVERIFY(Pagine().contains(u"Fattura N° 12/"_s));
     QCOMPARE(TestoDi(F, "txtDatiPar_11"), u"12"_s);
     QCOMPARE(TestoDi(F, "txtDatiPar_12"), Oggi);
     QCOMPARE(TestoDi(F, "txtCitataNumero"), QString());
