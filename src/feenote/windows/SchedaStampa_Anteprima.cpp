@@ -146,9 +146,10 @@ void SchedaStampa::StampaParcella()
 {
     VistaStampa* vp = ui->vp;
     // The keys come while the button is disabled, too.
-    if (!ETipoStampa(Nota.cmbTipoStampa))
+    if (!ETipoStampa(Nota.cmbTipoStampa) || Cornice.InDomanda())
         return;
-    if (Cornice.InDomanda() || Cornice.InDialogo([vp] { return PrintDialog(*vp); }) == 0)
+    Cornice.ComponiInAttesa();
+    if (Cornice.InDialogo([vp] { return PrintDialog(*vp); }) == 0)
         return;
     if (PrintDoc(*vp, Nota.Nome))
         Cornice.DocumentoUscito(Nota.cmbTipoStampa);
@@ -167,6 +168,7 @@ void SchedaStampa::SalvaPdf()
 {
     if (Cornice.InDomanda())
         return;
+    Cornice.ComponiInAttesa();
     const QString File = Cornice.InDialogo([this] {
         return EsportaPdf(*ui->vp, sessione::ParcellePath, NomeDocumentoProposto(Nota, Nota.cmbTipoStampa));
     });

@@ -77,6 +77,7 @@ void SchedaStampa::Invia()
 {
     if (Cornice.InDomanda())
         return;
+    Cornice.ComponiInAttesa();
     const auto Scrivi = [this](const QString& File, const QString& Titolo) {
         ui->vp->Pagine().ScriviPdf(File, Titolo);
     };

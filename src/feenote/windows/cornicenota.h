@@ -35,6 +35,8 @@ public:
     virtual void RefreshGrid() = 0;
     /// Composes the chosen document anew while its page is in view: something that it shows has changed.
     virtual void Ricomponi() = 0;
+    /// The same at once where it waits for the partner to be left alone: the page is about to go out.
+    virtual void ComponiInAttesa() = 0;
 
     /// The note's document of this type was printed, exported or sent: the note's state follows.
     virtual void DocumentoUscito(int Tipo) = 0;

@@ -232,6 +232,7 @@ private:
     void Cambiata() override { CambiataDa({}); }
     void CambiataDa(const QString& Passo) override;
     void Ricomponi() override;
+    void ComponiInAttesa() override;
     [[nodiscard]] bool BaseValida() const override { return BaseVista; }
     bool AnnullaPasso() override;
     void DocumentoUscito(int Tipo) override;

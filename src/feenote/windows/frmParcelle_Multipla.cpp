@@ -115,6 +115,14 @@ void frmParcelle::SocioCambiato()
         TimerMulti.start();
 }
 
+void frmParcelle::ComponiInAttesa()
+{
+    if (!TimerMulti.isActive())
+        return;
+    TimerMulti.stop();
+    Ricomponi();
+}
+
 void frmParcelle::ControllaMulti()
 {
     if (!Nota.Multipla())

@@ -4,8 +4,11 @@
 #include "core/aperture.h"
 #include "core/posti.h"
 #include "feenote/windows/noteaperte.h"
+#include "platform/preview/stampante.h"
 #include "platform/preview/vistastampa.h"
 #include "platform/system/file.h"
+
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 using namespace salvataggi;
@@ -25,6 +28,8 @@ private Q_SLOTS:
     void gliImportiSeguonoLaFinestra();
     void gliImportiSeguonoAncheSenzaLegame();
     void lAnteprimaSegueLaFinestra();
+    void quelCheEsceNonAspetta_data();
+    void quelCheEsceNonAspetta();
     void chiusaSenzaSalvareTornaIlFile();
     void chiusaSenzaLegameTornaIlFile();
     void sceltaUnAltraSiScioglie();
@@ -167,6 +172,45 @@ void TestMultipleCollegate::lAnteprimaSegueLaFinestra()
     ClicScheda(Compagna, SchedaListaSpese);
     ScriviCella(Controllo<Griglia>(Compagna, "tdbDir"), 0, DirEsente, u"4321"_s);
     QTRY_VERIFY(vp->Pagine().Testo().contains(u"4.321,00"_s));
+    F->SetModificata(false);
+    Compagna->SetModificata(false);
+}
+
+void TestMultipleCollegate::quelCheEsceNonAspetta_data()
+{
+    QTest::addColumn<QByteArray>("Tasto");
+    for (const char* Tasto : {"barPrint_print", "barPrint_pdf", "barPrint_invia"})
+        QTest::newRow(Tasto) << QByteArray(Tasto);
+}
+
+/// The page follows the partner after a moment; what goes out in that moment has the sums of now already.
+void TestMultipleCollegate::quelCheEsceNonAspetta()
+{
+    QFETCH(QByteArray, Tasto);
+    const Stampanti Prima =
+        InstallaStampanti({[] { return QStringList{u"Ufficio"_s}; }, [](const QPrinter&) { return true; }});
+    const auto Rimetti = qScopeGuard([&] { InstallaStampanti(Prima); });
+    const QByteArray Percorso = qgetenv("PATH");
+    const auto RimettiPercorso = qScopeGuard([&] { qputenv("PATH", Percorso); });
+    qputenv("PATH", QFile::encodeName(T->Ufficio.Cartella()));  // without a mail program
+    Associa(File);
+    frmParcelle* Compagna = ApriAltra();
+    ClicScheda(F, SchedaDiStampa);
+    Scegli(Controllo<QComboBox>(F, "cmbTipoStampa"), StampaPrenotula);
+    const auto* vp = Controllo<VistaStampa>(F, "vp");
+    QString Uscita;
+    const auto Leggi = [&] { Uscita = vp->Pagine().Testo(); };
+    T->Voce.ScegliStampante = [&](QPrinter&) { return Leggi(), false; };
+    T->Voce.Tollera();
+    if (Tasto == "barPrint_pdf")
+        T->Voce.AttendiSalva({});
+    Compagna->Nota.xDiritti(0, DirEsente) = 4321.0;
+    Compagna->SetModificata(true);
+    QVERIFY2(!vp->Pagine().Testo().contains(u"4.321,00"_s), "la pagina aspetta che si smetta di scrivere");
+    Controllo<QAbstractButton>(F, Tasto.constData())->click();
+    if (Tasto != "barPrint_print")
+        Leggi();
+    QVERIFY2(Uscita.contains(u"4.321,00"_s), qPrintable(Uscita));
     F->SetModificata(false);
     Compagna->SetModificata(false);
 }
