@@ -192,8 +192,9 @@ private:
 
     // ---- frmParcelle_Annulla.cpp
     void CollegaAnnulla();
-    void MostraAnnulla();     ///< what the two buttons would do
-    void Passo(bool Avanti);  ///< a step back, or again
+    void MostraAnnulla();         ///< what the two buttons would do
+    void Passo(bool Avanti);      ///< a step back, or again
+    void DimenticaOgniLettera();  ///< no box takes back what was typed into it so far
     [[nodiscard]] bool TestoHaAnnulla(const QObject* Campo, bool Avanti) const;
 
     // ---- frmParcelle_Stato.cpp: how far the note has come

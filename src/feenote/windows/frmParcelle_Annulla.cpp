@@ -84,6 +84,14 @@ void frmParcelle::CollegaAnnulla()
     MostraAnnulla();
 }
 
+void frmParcelle::DimenticaOgniLettera()
+{
+    for (QLineEdit* Campo : findChildren<QLineEdit*>())
+        DimenticaLettere(Campo);
+    for (QPlainTextEdit* Campo : findChildren<QPlainTextEdit*>())
+        DimenticaLettere(Campo);
+}
+
 bool frmParcelle::TestoHaAnnulla(const QObject* Campo, bool Avanti) const
 {
     if (const auto* Riga = qobject_cast<const QLineEdit*>(Campo))

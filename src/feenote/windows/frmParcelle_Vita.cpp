@@ -193,6 +193,7 @@ void frmParcelle::RilegaRighe()
     Spese->NuovaNota();
     Acconti->NuovaNota();
     Stampa->NuovaNota();
+    DimenticaOgniLettera();
 }
 
 void frmParcelle::Recupera(const CopiaRecupero& Trovata)

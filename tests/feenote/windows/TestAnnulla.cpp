@@ -26,6 +26,7 @@ private Q_SLOTS:
     void iParametriPortanoAllaBase();
     void ilSalvataggioNonPerdeIPassi();
     void unAltraNotaNonEreditaIPassi();
+    void unAltraNotaNonEreditaLeLettere();
     void laDomandaAperta();
 
 private:
@@ -250,6 +251,26 @@ void TestAnnulla::unAltraNotaNonEreditaIPassi()
     Scrivi(F, "txtCliente", u"Rossi"_s);
     F->Nuova({});
     QVERIFY(!Annulla()->isEnabled());
+}
+
+/// A box that was emptied letter by letter and never left shows what the next note has, and keeps nothing.
+void TestAnnulla::unAltraNotaNonEreditaLeLettere()
+{
+    auto* Cliente = Controllo<QLineEdit>(F, "txtCliente");
+    Cliente->setFocus();
+    Digita(u"Rossi"_s);
+    for (int i = 0; i < 5; ++i)
+        Premi(Qt::Key_Backspace);
+    QCOMPARE(F->Nota.txtCliente.Testo, QString());
+    F->SetModificata(false);
+    QVERIFY(ChiudiParcella(1));
+    QCOMPARE(Tavolo::Apri(), F);
+    Cliente->setFocus();
+    for (int i = 0; i < 5; ++i) {
+        PremiConScorciatoie(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(Cliente->text(), QString());
+        QCOMPARE(F->Nota.txtCliente.Testo, QString());
+    }
 }
 
 /// While a question of the note waits nothing is taken from under it.
