@@ -124,6 +124,13 @@ int IndiceScaglione(const Richiesta& Dati)
     return int(Round(std::max(Dati.Valore, double(NessunaVoce - 1))));
 }
 
+/// The request that a matter known by its reference alone makes: its notes bear the reference, the lists are
+/// nobody's wish.
+Richiesta SoloRiferimento(const QString& Rif)
+{
+    return {.ID = Rif, .Categoria = NessunaVoce, .Autorita = NessunaVoce, .Valore = NessunaVoce};
+}
+
 /// True when the request asks for an entry that its list lacks.
 bool ChiedeOltreGliElenchi(const Parcella& Nota, const Richiesta& Dati)
 {
@@ -173,5 +180,5 @@ void AdottaRiferimento(Parcella& Nota)
     if (InCorso.ID == Nota.NsRif)
         Nota.Scelta = InCorso.Scelta;
     else
-        InCorso = {.ID = Nota.NsRif};
+        InCorso = SoloRiferimento(Nota.NsRif);
 }

@@ -21,5 +21,5 @@ void ApplicaRichiesta(Parcella& Nota, const Richiesta& Dati);
 
 /// A note that was read and belongs to a matter makes the session that of the matter, in an ordinary open
 /// too. The running request goes with its matter: the note takes its accounting counter when they are of the
-/// same, else the request is gone. Nothing for a note without a reference.
+/// same, else one takes its place that has the reference alone. Nothing for a note without a reference.
 void AdottaRiferimento(Parcella& Nota);

@@ -51,7 +51,8 @@ public:
     [[nodiscard]] int Scheda() const;
 
     // ---- life (frmParcelle_Vita.cpp)
-    /// A new note, for the companion application when `ID` is not empty.
+    /// A new note. In the session of a matter it is the matter's, whoever has asked for it: `ID` is what the
+    /// opener was given, and belongs to the caption.
     void Nuova(const QString& ID);
     /// Reads a file. A failure is reported and leaves a new note. @return true when the note was read
     bool Carica(const QString& Percorso);

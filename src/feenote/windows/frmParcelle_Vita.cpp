@@ -123,13 +123,13 @@ constexpr int PausaPerCopia = 20;
 
 }  // namespace
 
-void frmParcelle::Nuova(const QString& ID)
+void frmParcelle::Nuova(const QString& /*ID*/)
 {
     TornaAllaBase();
     CambiaNota(true);
     const RapportiUnici UnaVolta;
     NuovaParcella(Nota);
-    if (!ID.isEmpty())
+    if (!sessione::RichiestaPV2.ID.isEmpty())
         ApplicaRichiesta(Nota, sessione::RichiestaPV2);
     RilegaRighe();
     SetModificata(false);

@@ -38,6 +38,8 @@ private Q_SLOTS:
     void mentreSiDiceNonSiCompone();
     void senzaArchivio();
     void ilRiferimentoFaLaSessione();
+    void delSoloRiferimentoNonSiSceglieNulla_data();
+    void delSoloRiferimentoNonSiSceglieNulla();
     void conLaTariffaDelloStudio_data();
     void conLaTariffaDelloStudio();
     void senzaLaTariffaDelloStudio();
@@ -294,9 +296,40 @@ void TestRichiestaApplicata::ilRiferimentoFaLaSessione()
     for (const QString& Rif : {u"P77"_s, u"2024/7"_s}) {
         Altra.NsRif = Rif;
         AdottaRiferimento(Altra);
-        QVERIFY(sessione::RichiestaPV2 == Richiesta{.ID = Rif});
+        QCOMPARE(sessione::RichiestaPV2.ID, Rif);
+        QVERIFY(sessione::RichiestaPV2.IDCli == 0 && sessione::RichiestaPV2.IDCon == 0);
+        QCOMPARE(sessione::RichiestaPV2.Scelta, 0);
         QCOMPARE(Altra.Scelta, 0);
     }
+}
+
+void TestRichiestaApplicata::delSoloRiferimentoNonSiSceglieNulla_data()
+{
+    QTest::addColumn<QString>("Scelta");
+    for (const char* Legge : {"140", "55"})
+        QTest::newRow(Legge) << QString::fromLatin1(Legge);
+}
+
+/// Of a matter that a file has brought along nobody has named category, authority and value.
+void TestRichiestaApplicata::delSoloRiferimentoNonSiSceglieNulla()
+{
+    QFETCH(QString, Scelta);
+    const Studio Ufficio;
+    sessione::Tariffa = Scelta;
+    Parcella DaFile;
+    NuovaParcella(DaFile);
+    DaFile.NsRif = u"P77"_s;
+    AdottaRiferimento(DaFile);
+    Parcella Attesa;
+    NuovaParcella(Attesa);
+    Attesa.NsRif = u"P77"_s;
+    Parcella Nuova;
+    NuovaParcella(Nuova);
+    ApplicaRichiesta(Nuova, sessione::RichiestaPV2);
+    QCOMPARE(Nuova.cmbCateg, NessunaVoce);
+    QCOMPARE(Nuova.cmbAutor, NessunaVoce);
+    QCOMPARE(Nuova.cmbValore, NessunaVoce);
+    QVERIFY(Nuova == Attesa);
 }
 
 #include "TestRichiestaApplicata.moc"

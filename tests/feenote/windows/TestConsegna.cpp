@@ -93,6 +93,7 @@ private Q_SLOTS:
     void laSessioneDelRiferimentoNonHaArchivio();
     void laNotaDiUnAltraPraticaNonHaContatore();
     void laRichiestaDaLaNotaAlContatore();
+    void ogniNuovaNotaEDellaPratica();
 
 private:
     void Documento(int Tipo);
@@ -571,6 +572,25 @@ void TestConsegna::laRichiestaDaLaNotaAlContatore()
     T->Voce.Attendi(Trasferisco, vbYes);
     QVERIFY(F->SalvaParcella(false));
     QCOMPARE(Fatture(), QStringList{u"P12|9|21/11/2026|A|E|1200|11"_s});
+}
+
+/// The toolbar's "new" in a matter's session: another note of the matter, with its parties and its counter.
+void TestConsegna::ogniNuovaNotaEDellaPratica()
+{
+    ApriPratica();
+    sessione::RichiestaPV2.Categoria = CategPenale;
+    sessione::RichiestaPV2.IDCli = T->Ufficio.AggiungiCliente(u"Verdi Ada"_s);
+    F->SetModificata(true);
+    ApriParcella({}, 0, {});
+    frmParcelle* Seconda = Parcelle(2);
+    QVERIFY(Seconda && Seconda->isVisible());
+    QCOMPARE(Seconda->windowTitle(), u"Nuova parcella:2"_s);
+    QCOMPARE(TestoDi(Seconda, "txtCliente"), u"Verdi Ada"_s);
+    QCOMPARE(Controllo<QComboBox>(Seconda, "cmbCateg")->currentIndex(), int(CategPenale));
+    QVERIFY(Controllo(Seconda, "lblRif_0")->isVisible());
+    QCOMPARE(TestoDi(Seconda, "lblRif_1"), u"P12"_s);
+    QCOMPARE(Seconda->Nota.Scelta, 11);
+    QVERIFY(!Seconda->Nota.Modificata);
 }
 
 #include "TestConsegna.moc"
