@@ -144,7 +144,13 @@ void SchedaAcconti::CollegaAcconti()
     Righe->ConsentiNuove(true);
     Righe->FraseVuota(u"Scrivere nella riga vuota gli acconti ricevuti."_s);
     Righe->NuovaRiga = [this](int Riga) { Nota.xAcconti(Riga, AccValuta) = QString(LetteraEuro); };
-    Righe->LasciaRiga = [this](int Riga) { return CheckAcconto(Nota.xAcconti, Riga); };
+    Righe->LasciaRiga = [this](int Riga) {
+        const TabellaRighe Prima = Nota.xAcconti;
+        const bool Giusta = CheckAcconto(Nota.xAcconti, Riga);
+        if (Giusta && Nota.xAcconti != Prima)
+            Cornice.Riordinata();
+        return Giusta;
+    };
     Collega(Righe, &Griglia::CellaScritta, this, &SchedaAcconti::RigheScritte);
     Collega(Righe, &Griglia::ClicCella, this, &SchedaAcconti::tdbAcconti_Click);
     Collega(Righe, &Griglia::Cancella, this, &SchedaAcconti::tdbAcconti_Delete);

@@ -28,6 +28,8 @@ public:
     virtual void Cambiata() = 0;
     /// The same, and the step that can be taken back has this name.
     virtual void CambiataDa(const QString& Passo) = 0;
+    /// A rule has tidied the record behind a step (empty amounts become 0): that is no step of its own.
+    virtual void Riordinata() = 0;
     /// Writes the controls of every page, the banner and the sums from the record, signals held back, and
     /// gives the focus that a rule asked for.
     virtual void MostraTutto() = 0;

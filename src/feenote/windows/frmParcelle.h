@@ -233,6 +233,7 @@ private:
     // ---- for the pages
     void Cambiata() override { CambiataDa({}); }
     void CambiataDa(const QString& Passo) override;
+    void Riordinata() override { Storia.Allinea(Nota); }
     void Ricomponi() override;
     void ComponiInAttesa() override;
     [[nodiscard]] bool BaseValida() const override { return BaseVista; }

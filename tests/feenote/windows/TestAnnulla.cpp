@@ -28,6 +28,7 @@ private Q_SLOTS:
     void unAltraNotaNonEreditaIPassi();
     void unAltraNotaNonEreditaLeLettere();
     void laDomandaAperta();
+    void gliZeriDellAccontoNonSonoUnPasso();
 
 private:
     [[nodiscard]] QToolButton* Annulla() const { return Controllo<QToolButton>(F, "cmdAnnulla"); }
@@ -284,6 +285,36 @@ void TestAnnulla::laDomandaAperta()
                     u"Domanda:"_s);
     QVERIFY(!F->ChiediChiusura());
     QCOMPARE(F->Nota.txtCliente.Testo, u"Rossi"_s);
+}
+
+/// A payment that is left gets zeros in its empty cells: neither the next step nor a look at another page is
+/// called after them.
+void TestAnnulla::gliZeriDellAccontoNonSonoUnPasso()
+{
+    CompilaCivile(F);
+    ClicScheda(F, SchedaListaOnorari);
+    ClicScheda(F, SchedaImposte);
+    auto* Acconti = Controllo<Griglia>(F, "tdbAcconti");
+    ScriviCella(Acconti, 0, AccDescr, u"Fondo spese"_s);
+    ScriviCella(Acconti, 0, AccCorrispettivi, u"500"_s);
+    Acconti->setFocus();
+    Premi(Qt::Key_Down);
+    Respiro();
+    QCOMPARE(F->Nota.xAcconti(0, AccSpeseImp), QVariant(0.0));
+    const QString Pagamento = Annulla()->toolTip();
+    QVERIFY2(Pagamento.contains(u"degli acconti"_s), qPrintable(Pagamento));
+
+    ClicScheda(F, SchedaListaOnorari);
+    QCOMPARE(Annulla()->toolTip(), Pagamento);
+    ClicScheda(F, SchedaImposte);
+    Clic(Controllo(F, "chkRA"));
+    QCOMPARE(Annulla()->toolTip(), u"Annulla: spese e imposte (Ctrl+Z)"_s);
+    Clic(Annulla());
+    QCOMPARE(F->Nota.xAcconti(0, AccSpeseImp), QVariant(0.0));
+    QCOMPARE(F->Nota.xAcconti(0, AccCorrispettivi).toDouble(), 500.0);
+    QCOMPARE(Annulla()->toolTip(), Pagamento);
+    Clic(Annulla());
+    QVERIFY(F->Nota.xAcconti.Righe() == 0 || F->Nota.xAcconti(0, AccCorrispettivi).toDouble() == 0);
 }
 
 #include "TestAnnulla.moc"
