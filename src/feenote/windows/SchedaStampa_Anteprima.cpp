@@ -119,8 +119,10 @@ std::optional<Errore> SchedaStampa::Componi(bool Invio)
     // What was drawn before a failure is shown.
     const auto AllaFine = qScopeGuard([this, vp] {
         vp->Aggiorna();
+        if (vp->PaginaInVista() != 1)
+            vp->ImpostaPreviewPage(1);
         MostraPagina();
-        ui->barPrint->MostraPagina(1);  // until the reader, who stays where he was, moves
+        ui->barPrint->MostraPagina();
     });
     if (TogliIbanAssente(Nota))
         mostra::Segno(ui->chkIBAN, Nota.chkIBAN);

@@ -35,12 +35,11 @@ public:
 
     /// txtPage as the preview stands.
     void MostraPagina();
-    /// The same with another page in front: what a reader is told until he moves.
-    void MostraPagina(int Pagina);
     /// txtPage while there is no document.
     void NascondiPagina();
 
 private:
+    void MostraPagina(int Pagina);
     void ImpostaScala(int Percento);
 
     VistaStampa* Vista = nullptr;

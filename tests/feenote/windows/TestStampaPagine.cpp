@@ -64,10 +64,21 @@ void TestStampaPagine::paginaUnoDopoOgniComposizione()
     Riempi(150);
     Documento(StampaPrenotula);
     const int Tutte = vp->NumeroPagine();
+    for (const bool Avanti : {true, false}) {
+        Premuto("barPrint_down");
+        Premuto("barPrint_down");
+        QCOMPARE(txtPage(), u"3/%1"_s.arg(Tutte));
+        Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_0"), Avanti ? u"7"_s : u"8"_s);
+        Premi(Qt::Key_Tab);
+        QCOMPARE(txtPage(), u"1/%1"_s.arg(Tutte));
+        QCOMPARE(vp->PaginaInVista(), 1);
+        Premuto(Avanti ? "barPrint_down" : "barPrint_up");
+        QCOMPARE(txtPage(), (Avanti ? u"2/%1"_s : u"1/%1"_s).arg(Tutte));
+        QCOMPARE(vp->PaginaInVista(), Avanti ? 2 : 1);
+        if (Avanti)
+            Premuto("barPrint_up");
+    }
     Premuto("barPrint_down");
-    Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_0"), u"7"_s);
-    Premi(Qt::Key_Tab);
-    QCOMPARE(txtPage(), u"1/%1"_s.arg(Tutte));
     Documento(StampaSoloContabile);
     QCOMPARE(vp->PaginaInVista(), 1);
     QCOMPARE(txtPage(), u"1/%1"_s.arg(vp->NumeroPagine()));
