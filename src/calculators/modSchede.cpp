@@ -55,7 +55,7 @@ QString NomeCampo(int Campo)
 
 QString ImportoScritto(const QString& Testo)
 {
-    return IsNumeric(Testo) ? Format(CDbl(Testo), u"#,##0.00") : Testo;
+    return IsNumeric(Testo) ? Format(CDbl(Testo), u"#,##0.00#############") : Testo;
 }
 
 SchedaCalcolo SchedaInteressi(const DatiInteressi& Dati, const TabellaRighe& Righe, const QString& Totale,

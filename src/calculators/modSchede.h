@@ -7,7 +7,8 @@
 #include "calculators/modLeggiCodFis.h"
 #include "calculators/modScheda.h"
 
-/// A typed amount as "1.000,00"; a text that is no number as it is.
+/// A typed amount as "1.000,00", with all the decimals that it was reckoned with ("1.000,005"); a text that
+/// is no number as it is.
 [[nodiscard]] QString ImportoScritto(const QString& Testo);
 
 /// The interest lines of a calculation that was carried out; no lines make a sheet without a result.

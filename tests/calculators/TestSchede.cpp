@@ -433,6 +433,9 @@ void TestSchede::importi_data()
     QTest::addColumn<QString>("Atteso");
     QTest::newRow("nudo") << u"1000"_s << u"1.000,00"_s;
     QTest::newRow("con la virgola") << u"1000,5"_s << u"1.000,50"_s;
+    QTest::newRow("oltre il centesimo") << u"1000,005"_s << u"1.000,005"_s;
+    QTest::newRow("zeri in fondo") << u"1000,500"_s << u"1.000,50"_s;
+    QTest::newRow("molti decimali") << u"0,123456789012"_s << u"0,123456789012"_s;
     QTest::newRow("nessun numero") << u"mille"_s << u"mille"_s;
     QTest::newRow("vuoto") << QString() << QString();
 }
