@@ -57,7 +57,7 @@ private:
 
 /// The number of the error of a file that is not taken; its description says what is wrong with it and what
 /// to do.
-inline constexpr int NumeroFileRifiutato = 321;
+inline constexpr int NumeroFileRifiutato = errori::FileRifiutato;
 
 /// A file that is not taken: one sentence with what to do.
 [[noreturn]] inline void RifiutaFile(const QString& Frase)

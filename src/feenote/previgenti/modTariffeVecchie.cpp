@@ -134,5 +134,5 @@ double CalcolaMinMaxDaPerc(double, const QString& Tipo, const ContestoVecchio& C
             return Totale;
         Precedente = Hi;
     }
-    throw Errore(9);
+    throw Errore(errori::Indice);
 }
