@@ -24,6 +24,7 @@ private Q_SLOTS:
     void limiti();
     void avvisi();
     void materie();
+    void unaFonteUnRiscontro();
     void rilettura();
     void mancante();
     void guasti_data();
@@ -188,6 +189,19 @@ void TestNorme::materie()
 }
 
 // The norms are read again when the program's folder has other ones, and not before.
+// Two rows that rest on one source bear its mark.
+void TestNorme::unaFonteUnRiscontro()
+{
+    const Database Db = OpenDatabase(ProgrammaDiProva() + u"Norme.mdb"_s, true);
+    const auto Riscontro = [&](const QString& Tabella, const QString& Codice) {
+        return Db.OpenRecordset(u"SELECT Riscontro FROM %1 WHERE Codice=?"_s.arg(Tabella), {Codice})
+            .Value(u"Riscontro"_s)
+            .toString();
+    };
+    QCOMPARE(Riscontro(u"Materie"_s, u"lavoro"_s), u"due"_s);
+    QCOMPARE(Riscontro(u"Materie"_s, u"penale"_s), Riscontro(u"Termini"_s, u"GEN-10"_s));
+}
+
 void TestNorme::rilettura()
 {
     sessione::PercorsoProg = ProgrammaDiProva();
