@@ -212,14 +212,17 @@ void CaricaTutto(Parcella& Nota, const QString& Percorso, const std::function<vo
 
 /// What is missing from a file that bears the program's number was not taken out by anybody: a newer version
 /// keeps it otherwise.
-[[noreturn]] void RiportaMancanza(const Errore& Guasto, const QString& Percorso)
-{
+template <class F>
+void Riportando(const QString& Percorso, F&& Lettura)
+try {
+    Lettura();
+} catch (const Errore& Guasto) {
     const bool Manca = Guasto.Numero == errori::ElementoMancante ||
                        Guasto.Numero == errori::TabellaMancante || Guasto.Numero == errori::CampoSconosciuto;
     if (Manca && OpenDatabase(Percorso, true).Specie() == SpecieNota)
         throw Errore(Guasto.Numero, u"La parcella è stata scritta da una versione più recente del programma: "
                                     u"per aprirla occorre aggiornarlo"_s);
-    throw Guasto;
+    throw;
 }
 
 /// The decree of a note's file. One that cannot be looked into is no note of the first decree: it may be
@@ -248,24 +251,16 @@ void CaricaDati(Parcella& Nota, const QString& Percorso, const std::function<voi
     AzzeraNota(Nota);
     const Decreto* Legge = nullptr;
     try {
-        Legge = &TariffaDelFile(File);
-    } catch (const Errore& Guasto) {
-        NuovaParcella(Nota);
-        RiportaMancanza(Guasto, File);
-    }
-    PretendiElenchi(*Legge);
-    NuovaParcella(Nota, *Legge);
-    const Parcella Vuota = Nota;
-    Nota.Pronta = false;  // the messages of the load must not compose half a note
-    try {
-        try {
-            CaricaTutto(Nota, File, Aperta);
-        } catch (const Errore& Guasto) {
-            RiportaMancanza(Guasto, File);
-        }
+        Riportando(File, [&] { Legge = &TariffaDelFile(File); });
+        PretendiElenchi(*Legge);
+        NuovaParcella(Nota, *Legge);
+        Nota.Pronta = false;  // the messages of the load must not compose half a note
+        Riportando(File, [&] { CaricaTutto(Nota, File, Aperta); });
     } catch (...) {
-        Nota = Vuota;
-        throw;
+        // As "Nuova" would make it: of a file that is not shown the decree counts for nothing.
+        NuovaParcella(Nota);
+        const Errore Guasto = ErroreCorrente();
+        throw ErroreCarico(Guasto, Legge ? Legge : Nota.Tariffa);
     }
     Nota.RicalcoloNecessario = false;
     Nota.Fuoco = CampoNota::Nessuno;

@@ -3,15 +3,25 @@
 #pragma once
 
 #include "feenote/parcella.h"
+#include "platform/base/errore.h"
 
 #include <QString>
 
 #include <functional>
 
 class Database;
+struct Decreto;
 
 /// Lines and payments that a file may hold; more is a damaged or hostile one.
 constexpr int MassimoRigheFile = 100'000;
+
+/// Why a note was not read.
+struct ErroreCarico : Errore
+{
+    const Decreto* Tariffa;  ///< of the file; of new notes where the file did not say
+
+    ErroreCarico(const Errore& Guasto, const Decreto* Sua) : Errore(Guasto), Tariffa(Sua) {}
+};
 
 /// Reads a file into the note. Messages: a protected note, a linked party that is gone.
 ///
@@ -23,8 +33,8 @@ constexpr int MassimoRigheFile = 100'000;
 /// that is told, and its amounts are those of its lines.
 /// @param Aperta called once the file has what it lacked and before anything of it is read: a stamp that is
 /// taken then sees whatever somebody else saves while the messages wait
-/// @throws Errore when the file, or the reference database of any other note, cannot be opened or read: the
-/// note is then a new one without a path
+/// @throws ErroreCarico when the file, or the reference database of any other note, cannot be opened or read:
+/// the note is then a new one of the office's, without a path
 void CaricaDati(Parcella& Nota, const QString& Percorso, const std::function<void()>& Aperta = {});
 
 /// Makes a new note and reads parameters, lines and payments of a file into it, and nothing else: no message

@@ -86,12 +86,12 @@ void LeggiParcella(Parcella& Nota, const QString& Percorso, const std::function<
 {
     try {
         CaricaDati(Nota, Percorso, Aperta);
-    } catch (const Errore& Guasto) {
+    } catch (const ErroreCarico& Guasto) {
         constexpr std::array NessunaParcella{errori::FormatoDatabase, errori::TabellaMancante,
                                              errori::ElementoMancante};
         // A note is not to blame for what its tariff lacks.
         if (std::ranges::find(NessunaParcella, Guasto.Numero) == NessunaParcella.end() ||
-            !TariffeLeggibili(*Nota.Tariffa))
+            !TariffeLeggibili(*Guasto.Tariffa))
             throw;
         throw Errore(Guasto.Numero, NomeFile(Percorso) + u" non è una parcella di Calcanova"_s);
     }
@@ -200,6 +200,7 @@ void frmParcelle::Recupera(const CopiaRecupero& Trovata)
 {
     TornaAllaBase();
     CambiaNota(true);
+    const RapportiUnici UnaVolta;
     const bool Letta = Protetta([&] { RecuperaNota(Nota, Trovata); });
     if (Letta && !Nota.Percorso.isEmpty())
         ImprontaMia = ImprontaDellaCopia(Trovata);

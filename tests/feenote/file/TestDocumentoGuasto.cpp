@@ -1,10 +1,12 @@
 // Files that are no fee notes, disks that refuse: nothing half-read, nothing half-written.
 #include "feenote/nota_prova.h"
 
+#include "core/rapportiunici.h"
 #include "feenote/file/modLettura.h"
 #include "feenote/file/modPosaFile.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
+#include "tariffs/modTariffe.h"
 
 #include <QDir>
 
@@ -32,6 +34,17 @@ int ErroreDelCarico(const QString& File)
     if (Numero != 0 && !(Nota == Nuova))
         QTest::qFail("il carico fallito ha lasciato qualcosa", __FILE__, __LINE__);
     return Numero;
+}
+
+/// What a new note says when its reference database is away.
+QString RapportoAssente(const Decreto& Legge)
+{
+    try {
+        (void)ApriTariffe(Legge);
+        return {};
+    } catch (const Errore& Guasto) {
+        return u"Errore: %1 (%2)"_s.arg(Guasto.Descrizione).arg(Guasto.Numero);
+    }
 }
 
 /// No page may be added while it lives, as on a full disk.
@@ -71,7 +84,9 @@ private Q_SLOTS:
     void cartellaAssente();
     void modelloNonSovrascritto();
     void tariffeAssenti();
+    void tariffeAssentiAllApertura_data();
     void tariffeAssentiAllApertura();
+    void diTariffaDiversa();
     void testoTroppoLungo();
     void restoDiUnaCaduta();
 };
@@ -354,16 +369,52 @@ void TestDocumentoGuasto::tariffeAssenti()
 
 // The lists would be empty and the selections lost, with the next save for good: the note does not open, and
 // that is said once, by whoever asked for it.
+void TestDocumentoGuasto::tariffeAssentiAllApertura_data()
+{
+    QTest::addColumn<QString>("Scelta");
+    QTest::newRow("the note's own") << u"140"_s;
+    QTest::newRow("the other one") << u"55"_s;
+}
+
 void TestDocumentoGuasto::tariffeAssentiAllApertura()
 {
+    QFETCH(QString, Scelta);
     const Studio Ufficio;
     Registratore Messaggi;
     const QString File = Ufficio.File(u"nota.mdb"_s);
-    Parcella Nota = NotaSemplice();
-    ScriviNota(File, Nota);
+    ScriviNota(File, NotaSemplice());
     sessione::PercorsoProg = NuovaCartella();
-    QCOMPARE(NumeroErrore([&] { CaricaDati(Nota, File); }), 3024);
-    QVERIFY(Nota.Percorso.isEmpty() && Nota.xOnorari.Vuota() && Nota.Pronta);
+    sessione::Tariffa = Scelta;
+    const RapportiUnici UnaVolta;
+    Messaggi.Attendi(RapportoAssente(DecretoNuove()), vbOK, u"Errore:"_s);
+    QCOMPARE(ErroreDelCarico(File), 3024);
+}
+
+void TestDocumentoGuasto::diTariffaDiversa()
+{
+    // What is not shown says nothing of the notes to come: the new one is the office's.
+    const Studio Ufficio;
+    Registratore Messaggi;
+    const QString Vecchia = Ufficio.File(u"vecchia.mdb"_s);
+    ScriviNota(Vecchia, NotaSemplice());
+    OpenDatabase(Vecchia).Execute(u"DROP TABLE ParcellaRighe"_s);
+    Parcella Nota;
+    NuovaParcella(Nota, Dm55);
+    const QString Recente = Ufficio.File(u"recente.mdb"_s);
+    ScriviNota(Recente, Nota);
+    OpenDatabase(Recente).Execute(u"DROP TABLE ParcellaRighe"_s);
+
+    QVERIFY(ErroreDelCarico(Recente) != 0);
+    sessione::Tariffa = u"55"_s;
+    QVERIFY(ErroreDelCarico(Vecchia) != 0);
+    try {
+        CaricaDati(Nota, Vecchia);
+        QFAIL("la nota senza righe e' stata letta");
+    } catch (const ErroreCarico& Guasto) {
+        QCOMPARE(Guasto.Tariffa, &Dm140);
+    }
+    QCOMPARE(Nota.Tariffa, &Dm55);
+    QCOMPARE(Nota.txtSpeGen.Testo, u"15"_s);
 }
 
 void TestDocumentoGuasto::testoTroppoLungo()
