@@ -110,6 +110,8 @@ bool ScriviIconeUtente(const TabellaRighe& Icone)
 {
     const QList<std::pair<QString, QString>> Nuove = Righe(Icone);
     const QString Letto = FileIcone();
+    if (Nuove.isEmpty() && !EsisteFile(Letto) && !EsisteCartella(Letto))
+        return true;  // nothing to take out of it, and nothing to put into it
     if (!Letto.isEmpty() && SostituisciChiavi(Sezione, ChiaveDiIcona, Nuove, Letto))
         return true;
     const QString Utente = NellaCartella(sessione::UserFolder);

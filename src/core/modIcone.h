@@ -26,7 +26,8 @@ inline TabellaRighe IconeUtente{ColonneIcona};
 void LeggiIconeUtente();
 
 /// Writes the icons in the place of those in the file, the one that LeggiIcone reads; into the user folder
-/// where the program folder refuses it. Rows without label or target are left out, numbers have no gaps.
+/// where the program folder refuses it. Rows without label or target are left out, numbers have no gaps. No
+/// file is made for no icon.
 /// @return false when no file could be written; the former ones are as they were
 bool ScriviIconeUtente(const TabellaRighe& Icone);
 

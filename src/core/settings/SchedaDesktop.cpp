@@ -151,7 +151,9 @@ ValoriScheda SchedaDesktop::Valori() const
 
 bool SchedaDesktop::SalvaIcone()
 {
-    if (Icone == IconeLette)
+    // A save that is about other things does not undo what somebody else has changed meanwhile, nor writes an
+    // empty list over a file that could not be read for a moment.
+    if (!IconeCambiate() && LeggiIcone() != IconeLette)
         return true;
     if (!ScriviIconeUtente(Icone))
         return false;

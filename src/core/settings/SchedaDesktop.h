@@ -27,7 +27,8 @@ public:
     /// The looks to be stored. The picture is the stored one until another is chosen, also one that is not in
     /// its folder.
     [[nodiscard]] ValoriScheda Valori() const;
-    /// Writes the icons, if they were changed, and puts them into IconeUtente.
+    /// Writes the icons, changed here or not, and puts them into IconeUtente. Those that were not changed
+    /// here leave a file alone that holds others by now.
     /// @return false when no file could be written
     [[nodiscard]] bool SalvaIcone();
     /// The icons differ from those in the file.

@@ -53,7 +53,6 @@ private Q_SLOTS:
     void iconeTrascinate_data();
     void iconeTrascinate();
     void scritturaRifiutata();
-    void nullaCambiatoNullaScritto();
     void discoPieno();
 
     void aiuto();
@@ -454,16 +453,6 @@ void TestSetupDesktop::scritturaRifiutata()
     // Now the user folder is there again, and takes what the program folder refuses.
     T->Memorizza(Box);
     QCOMPARE(LeggiIcone().Righe(), 1);
-}
-
-void TestSetupDesktop::nullaCambiatoNullaScritto()
-{
-    Registratore Box;
-    const QByteArray ConNota = TavoloSetup::DueIcone() + "; una nota\r\nL7=oltre un vuoto\r\n";
-    ScriviFile(T->Programma + u"kr5.ini"_s, ConNota);
-    T->Apri(3);
-    T->Memorizza(Box);
-    QCOMPARE(Ini(), ConNota);
 }
 
 void TestSetupDesktop::discoPieno()

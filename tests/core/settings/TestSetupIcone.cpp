@@ -21,9 +21,14 @@ private Q_SLOTS:
     void senzaImpostazioniLaScrivaniaSegueLeIcone();
     void dalMenuDellaScrivania();
     void altraCartellaAltreIcone();
+    void ogniSalvataggioLeRiscrive();
+    void leIconeDiUnAltroRestano();
+    void illeggibilePerUnMomento();
+    void senzaIconeNessunFile();
 
 private:
     Griglia* Grigl() { return T->Trova<Griglia>(u"tdbIcone"_s); }
+    QByteArray Ini() { return LeggiFile(T->Programma + u"kr5.ini"_s); }
 
     std::unique_ptr<TavoloSetup> T;
 };
@@ -113,6 +118,60 @@ void TestSetupIcone::altraCartellaAltreIcone()
     QCOMPARE(Salvate(0, IconaTitolo).toString(), u"Suo"_s);
     QCOMPARE(Salvate(1, IconaTitolo).toString(), u"Tribunale"_s);
     QCOMPARE(LeggiFile(T->Programma + u"kr5.ini"_s), TavoloSetup::DueIcone());
+}
+
+void TestSetupIcone::ogniSalvataggioLeRiscrive()
+{
+    // The list ends at the icon without a picture: what stands behind it has no place in the file.
+    Registratore Box;
+    ScriviFile(T->Programma + u"kr5.ini"_s, "[desktop]\r\nL0=Sito\r\nL0_c=www.x.example\r\nL0_i=sito.gif\r\n"
+                                            "; una nota\r\nL1=Senza figura\r\nL1_c=/opt/b\r\n"
+                                            "L2=Agenda\r\nL2_c=/opt/agenda\r\nL2_i=agenda.gif\r\n");
+    T->Apri(3);
+    T->Memorizza(Box);
+    QCOMPARE(Ini(), "[desktop]\r\n; una nota\r\nL0=Sito\r\nL0_c=www.x.example\r\nL0_i=sito.gif\r\n");
+
+    // What cannot be written is told, although no icon was changed.
+    ImpostaSolaLettura(T->Programma + u"kr5.ini"_s, true);
+    sessione::UserFolder = T->Utente + u"manca"_s;
+    Box.Attendi(u"Errore scrittura .ini"_s, vbOK, u"Errore:"_s);
+    T->Memorizza(Box);
+}
+
+void TestSetupIcone::leIconeDiUnAltroRestano()
+{
+    Registratore Box;
+    T->Apri(3);
+    const QByteArray DiAltri = TavoloSetup::DueIcone() + "L2=Terza\r\nL2_c=/opt/terza\r\nL2_i=c.gif\r\n";
+    ScriviFile(T->Programma + u"kr5.ini"_s, DiAltri);
+    T->Memorizza(Box);
+    QCOMPARE(Ini(), DiAltri);
+    QCOMPARE(Grigl()->Righe(), 3);
+}
+
+void TestSetupIcone::illeggibilePerUnMomento()
+{
+    // An empty list is not what the file holds.
+    Registratore Box;
+    const QString File = T->Programma + u"kr5.ini"_s;
+    QVERIFY(QFile::remove(File));
+    CreaCartella(File);
+    Box.Attendi(u"75 Errore di accesso al percorso o al file: "_s + File);
+    T->Apri(3);
+    QDir().rmdir(File);
+    ScriviFile(File, TavoloSetup::DueIcone());
+    T->Memorizza(Box);
+    QCOMPARE(Ini(), TavoloSetup::DueIcone());
+    QCOMPARE(Grigl()->Righe(), 2);
+}
+
+void TestSetupIcone::senzaIconeNessunFile()
+{
+    Registratore Box;
+    QVERIFY(QFile::remove(T->Programma + u"kr5.ini"_s));
+    T->Apri(3);
+    T->Memorizza(Box);
+    QVERIFY(!QFile::exists(T->Programma + u"kr5.ini"_s) && !QFile::exists(T->Utente + u"kr5.ini"_s));
 }
 
 #include "TestSetupIcone.moc"
