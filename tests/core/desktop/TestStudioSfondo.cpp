@@ -49,6 +49,7 @@ PROVA(TestStudioSfondo);
 
 void TestStudioSfondo::coloreDiSfondo()
 {
+    const Registratore Box;  // a picture that is not there is no message
     sessione::SfondoDesktop = u"manca.jpg"_s;
     frmStudio& Scrivania = Apri();
     // 0xBBGGRR
