@@ -21,10 +21,12 @@ void frmParcelle::SegueTariffa()
     const bool Chiesta = std::exchange(TariffaChiestaDa, 0) == NumeroNota && NumeroNota != 0;
     if (Chiesta && Nota.Percorso.isEmpty() && Nota.xOnorari.Vuota()) {
         // Nothing of the user's has changed.
-        const bool Prima = Nota.Modificata;
+        const Parcella Prima = Nota;
         (void)CambiaTariffa(Nota, DecretoNuove());
-        SetModificata(Prima);
+        SetModificata(Prima.Modificata);
         Storia.Dimentica(Nota);
+        if (ParametriDiversi(Prima, Nota))
+            TornaAllaBase();  // an office or a bracket may have been lost: they are tested on leaving
     }
     MostraTutto();
 }

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void laNotaConRigheTieneLaSua();
     void chiNonHaChiestoTieneLaSua();
     void valoreScrittoAMano();
+    void loScaglionePersoSiRichiede();
 
 private:
     static frmSetup& Modulo() { return Singola<frmSetup>(); }
@@ -205,6 +206,30 @@ void TestStradaTariffa::valoreScrittoAMano()
     EseguiComando(u"setup"_s, 0, {});
     Modulo().ChangeTab(frmSetup::SchedaDatiContabili);
     QCOMPARE(ListaDelleNuove()->currentText(), u"D.m. 140/2012"_s);
+}
+
+/// A bracket of one tariff is none of the other's: the pages that need one are closed until it is chosen.
+void TestStradaTariffa::loScaglionePersoSiRichiede()
+{
+    frmParcelle* F = Nuova(1);
+    QVERIFY(MostraAttiva(Singola<frmMain>()));
+    ScegliConFrecce(Controllo<QComboBox>(F, "cmbCateg"), CategCivile);
+    ScegliConFrecce(Controllo<QComboBox>(F, "cmbAutor"), 1);
+    ScegliConFrecce(Controllo<QComboBox>(F, "cmbValore"), 1);
+    QTest::mouseClick(Riga(F), Qt::LeftButton);
+    F->VaiAllaScheda(SchedaListaSpese);
+    QCOMPARE(F->Scheda(), int(SchedaListaSpese));
+    QVERIFY(MostraAttiva(Modulo()));
+    ListaDelleNuove()->setFocus();
+    Premi(Qt::Key_Down);
+    Memorizza();
+    QCOMPARE(F->Nota.Tariffa, &Dm55);
+    QCOMPARE(F->Nota.cmbValore, NessunaVoce);
+    QCOMPARE(F->Scheda(), int(SchedaBase));
+    Box->Attendi(u"Non è stato specificato lo scaglione di valore della causa!"_s);
+    F->VaiAllaScheda(SchedaListaOnorari);
+    QCOMPARE(F->Scheda(), int(SchedaBase));
+    F->SetModificata(false);
 }
 
 #include "TestStradaTariffa.moc"
