@@ -188,6 +188,7 @@ void frmParcelle::RicordaDisposizione() const
 void frmParcelle::RilegaRighe()
 {
     Comune.Voci = {};
+    Comune.Cliccata = nullptr;
     SvuotaAppunti(Comune.Copiate);
     Onorari->NuovaNota();
     Spese->NuovaNota();

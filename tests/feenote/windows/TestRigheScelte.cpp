@@ -43,6 +43,7 @@ private Q_SLOTS:
     void onorariFraLeSpese();
     void lontanoDagliOnorariGliAppuntiRestano();
     void unAltraNotaNonEreditaGliAppunti();
+    void unAltraNotaNonEreditaIlClic();
 };
 PROVA(TestRigheScelte);
 
@@ -419,6 +420,21 @@ void TestRigheScelte::unAltraNotaNonEreditaGliAppunti()
     CompilaCivile(F);
     ClicScheda(F, SchedaListaSpese);
     QVERIFY(!Tasto("incolla")->isEnabled() && !Tasto("annulla")->isEnabled());
+}
+
+void TestRigheScelte::unAltraNotaNonEreditaIlClic()
+{
+    const QString File = T->Ufficio.File(u"altra.mdb"_s);
+    Parcella Altra = NotaCivile();
+    RigaOnorario(Altra, u"f"_s, 100.0);
+    ScriviNota(File, Altra);
+    ClicCella(Righe, 0, OnoDescr);
+    QVERIFY(F->Carica(File));
+    ClicScheda(F, SchedaListaOnorari);
+    QCOMPARE(Righe->RigaCorrente(), std::optional(0));
+    T->Voce.Attendi(NienteScelto, vbOK, u"Errore:"_s);
+    Clic(Tasto("taglia"));
+    QCOMPARE(Nomi(), u"f"_s);
 }
 
 #include "TestRigheScelte.moc"
