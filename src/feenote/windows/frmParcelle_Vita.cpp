@@ -326,9 +326,12 @@ void frmParcelle::Prendi(const Parcella& Copia)
 {
     TornaAllaBase();
     CambiaNota(true);
-    const QString Nome = Nota.Nome;
+    // Name and modes of insertion belong to the window, whose buttons show them.
+    const Parcella Sua = Nota;
     Nota = Copia;
-    Nota.Nome = Nome;
+    Nota.Nome = Sua.Nome;
+    Nota.InsUltimaOno = Sua.InsUltimaOno;
+    Nota.InsUltimaDir = Sua.InsUltimaDir;
     RilegaRighe();
     SetModificata(true);
     CominciaNota(false);

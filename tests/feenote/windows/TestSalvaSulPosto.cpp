@@ -52,6 +52,7 @@ private Q_SLOTS:
     void duplica();
     void duplicaSenzaClienteNonChiede();
     void laCopiaComincia();
+    void laCopiaSegueIBottoni();
     void duplicaRinuncia();
     void laCopiaNonCopreLOriginale();
 
@@ -467,6 +468,35 @@ void TestSalvaSulPosto::laCopiaComincia()
     QCOMPARE(Copia->Nota.txtCliente.Testo, u"Rossi"_s);
     QCOMPARE(Copia->Nota.txtOggetto.Testo, QString());
     QVERIFY2(InfoParcelle[2].Modificata, "it was never saved");
+}
+
+/// Where new lines go is what the two buttons of the copy's own window show.
+void TestSalvaSulPosto::laCopiaSegueIBottoni()
+{
+    CompilaCivile(F);
+    ClicScheda(F, SchedaListaOnorari);
+    T->Voce.Attendi(u"Le nuove prestazioni saranno inserite nella riga selezionata!"_s);
+    Clic(Controllo(PaginaIn(F), "barListaOnoDir_currentrow"));
+    DuplicaParcella(1);
+    frmParcelle* Copia = Parcelle(2);
+    QVERIFY(Copia && MostraAttiva(*Copia));
+    ClicScheda(Copia, SchedaListaOnorari);
+    QVERIFY(Controllo<QToolButton>(PaginaIn(Copia), "barListaOnoDir_lastrow")->isChecked());
+    QVERIFY(Copia->Nota.InsUltimaOno);
+    QVERIFY(!F->Nota.InsUltimaOno);
+    // And the other way round, into a window that was left in the mode of the current line.
+    T->Voce.Attendi(u"Le nuove prestazioni saranno inserite nell'ultima riga!"_s);
+    Clic(Controllo(PaginaIn(F), "barListaOnoDir_lastrow"));
+    T->Voce.Attendi(u"Le nuove prestazioni saranno inserite nella riga selezionata!"_s);
+    Clic(Controllo(PaginaIn(Copia), "barListaOnoDir_currentrow"));
+    T->Voce.Attendi(u"Nuova parcella:2\nVuoi salvare la parcella prima di chiudere?"_s, vbNo, u"Domanda:"_s);
+    QVERIFY(ChiudiParcella(2));
+    DuplicaParcella(1);
+    QCOMPARE(Parcelle(2), Copia);
+    QVERIFY(MostraAttiva(*Copia));
+    ClicScheda(Copia, SchedaListaOnorari);
+    QVERIFY(Controllo<QToolButton>(PaginaIn(Copia), "barListaOnoDir_currentrow")->isChecked());
+    QVERIFY(!Copia->Nota.InsUltimaOno);
 }
 
 void TestSalvaSulPosto::duplicaRinuncia()
