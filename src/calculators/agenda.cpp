@@ -63,7 +63,7 @@ void Riga(QByteArray& Dove, const QString& Testo)
     Dove += Byte.mid(Da) + "\r\n";
 }
 
-bool NelCalendario(const QDate& Data)
+bool InQuattroCifre(const QDate& Data)
 {
     return Data.isValid() && Data >= QDate(100, 1, 1) && Data <= QDate(9999, 12, 31);
 }
@@ -100,7 +100,7 @@ void Evento(QByteArray& Dove, const VoceAgenda& Voce, const QString& Uid, const 
     Riga(Dove, u"DTSTAMP:"_s + Timbro);
     Riga(Dove, u"DTSTART;VALUE=DATE:"_s + Giorno(Voce.Giorno));
     // The day after the last one of the calendar has no date; an event without an end lasts its day.
-    if (const QDate Dopo = Voce.Giorno.addDays(1); NelCalendario(Dopo))
+    if (const QDate Dopo = Voce.Giorno.addDays(1); InQuattroCifre(Dopo))
         Riga(Dove, u"DTEND;VALUE=DATE:"_s + Giorno(Dopo));
     Riga(Dove, u"SUMMARY:"_s + Valore(Titolo));
     if (!Voce.Note.isEmpty())
@@ -123,7 +123,7 @@ QString TitoloAgenda(const VoceAgenda& Voce)
 
 QByteArray ScriviIcs(const QList<VoceAgenda>& Voci)
 {
-    if (Voci.isEmpty() || !std::ranges::all_of(Voci, NelCalendario, &VoceAgenda::Giorno))
+    if (Voci.isEmpty() || !std::ranges::all_of(Voci, InQuattroCifre, &VoceAgenda::Giorno))
         throw Errore(errori::Argomento);
     const QString Timbro = Adesso().toUTC().toString(u"yyyyMMdd'T'HHmmss'Z'"_s);
     QHash<QString, int> Visti;

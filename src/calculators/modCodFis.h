@@ -3,6 +3,15 @@
 
 #include <QDate>
 #include <QString>
+#include <QStringView>
+
+/// How the day of birth stands in it.
+namespace codfis {
+
+inline constexpr QStringView Mesi = u"ABCDEHLMPRST";  ///< a letter a month
+inline constexpr int GiornoDonne = 40;                ///< added to the day of a woman
+
+}  // namespace codfis
 
 /// The code, always in its base form: the variants for equal codes are the ministry's business.
 ///

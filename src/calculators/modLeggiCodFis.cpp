@@ -1,5 +1,6 @@
 #include "calculators/modLeggiCodFis.h"
 
+#include "calculators/modCodFis.h"
 #include "core/modControlli.h"
 #include "platform/base/regionale.h"
 
@@ -10,12 +11,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QStringView Mesi = u"ABCDEHLMPRST";
 /// The letters that stand for the digits 0 to 9.
 constexpr QStringView Sostituti = u"LMNPQRSTUV";
 /// The places of digits, from 0.
 constexpr std::array<qsizetype, 7> PostiCifre{6, 7, 9, 10, 12, 13, 14};
-constexpr int GiornoDonne = 40;
 constexpr int AnniDiVita = 120;
 
 constexpr qsizetype PostoAnno = 6;
@@ -63,7 +62,7 @@ qsizetype PostoSbagliato(const QString& Codice)
     for (qsizetype i = 0; i < Codice.size(); ++i) {
         const QChar C = Codice[i];
         const bool Giusto = PostoDiCifra(i)  ? ECifra(C) || Sostituti.contains(C)
-                            : i == PostoMese ? Mesi.contains(C)
+                            : i == PostoMese ? codfis::Mesi.contains(C)
                                              : ELettera(C);
         if (!Giusto)
             return i;
@@ -106,7 +105,7 @@ QList<QDate> NasciteDi(int AnnoBreve, int Mese, int Giorno, const QDate& Oggi)
 QString DifettoGiorno(int Giorno, const LetturaCodFis& Lettura)
 {
     constexpr int GiorniMese = 31;
-    const int DelMese = Giorno > GiornoDonne ? Giorno - GiornoDonne : Giorno;
+    const int DelMese = Giorno > codfis::GiornoDonne ? Giorno - codfis::GiornoDonne : Giorno;
     if (DelMese < 1 || DelMese > GiorniMese)
         return u"Il giorno di nascita %1 non è possibile: va da 01 a 31, per le donne da 41 a 71."_s.arg(
             Lettura.Base.mid(PostoGiorno, 2));
@@ -146,10 +145,10 @@ LetturaCodFis LeggiCodFis(const QString& Testo, const QDate& Oggi)
     Lettura.Nome = Codice.mid(LettereNome, LettereNome);
     Lettura.CodiceComune = Lettura.Base.mid(PostoComune, LettereComune);
     const int Giorno = Lettura.Base.mid(PostoGiorno, 2).toInt();
-    Lettura.Donna = Giorno > GiornoDonne;
+    Lettura.Donna = Giorno > codfis::GiornoDonne;
     Lettura.Nascite =
-        NasciteDi(Lettura.Base.mid(PostoAnno, 2).toInt(), int(Mesi.indexOf(Codice[PostoMese])) + 1,
-                  Lettura.Donna ? Giorno - GiornoDonne : Giorno, Oggi);
+        NasciteDi(Lettura.Base.mid(PostoAnno, 2).toInt(), int(codfis::Mesi.indexOf(Codice[PostoMese])) + 1,
+                  Lettura.Donna ? Giorno - codfis::GiornoDonne : Giorno, Oggi);
     Lettura.Difetto = DifettoGiorno(Giorno, Lettura);
     return Lettura;
 }

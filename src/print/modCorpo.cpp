@@ -2,6 +2,7 @@
 
 #include "feenote/modAcconti.h"
 #include "feenote/modStorno.h"
+#include "platform/base/regionale.h"
 #include "print/modRiepilogo.h"
 #include "print/modTestata.h"
 
@@ -71,18 +72,13 @@ int Ultima(const Colonne& Tutte)
     return static_cast<int>(Tutte.size());
 }
 
-void ScriviCella(Superficie& vp, int Riga, int Colonna, const QString& Testo)
-{
-    vp.CellaTabella(AttrTabella::Testo, Riga, Colonna, Testo);
-}
-
 void ApriTabella(Superficie& vp, const Colonne& Tutte)
 {
     vp.StartTable();
     vp.TableCell(AttrTabella::Colonne, QVariant(Ultima(Tutte)));
     const int Titoli = AggiungiRigaTab(vp);
     for (int Colonna = 1; Colonna <= Ultima(Tutte); ++Colonna)
-        ScriviCella(vp, Titoli, Colonna, Tutte[static_cast<std::size_t>(Colonna) - 1].Titolo);
+        TestoInCella(vp, Titoli, Colonna, Tutte[static_cast<std::size_t>(Colonna) - 1].Titolo);
     AggiungiRigaTab(vp);
 }
 
@@ -135,16 +131,16 @@ void ScriviVoci(Superficie& vp, const Colonne& Tutte, const TabellaRighe& Righe)
     for (int Riga = 0; Riga <= Righe.UpperBound(1); ++Riga) {
         const int RigaTab = AggiungiRigaTab(vp);
         for (int Colonna = 1; Colonna <= Ultima(Tutte); ++Colonna)
-            ScriviCella(vp, RigaTab, Colonna,
-                        TestoVoce(Tutte[static_cast<std::size_t>(Colonna) - 1].Campo, Righe, Riga));
+            TestoInCella(vp, RigaTab, Colonna,
+                         TestoVoce(Tutte[static_cast<std::size_t>(Colonna) - 1].Campo, Righe, Riga));
     }
 }
 
 /// A rule and the figure below it, in the last two rows of the table.
 void ScriviTotale(Superficie& vp, int RigaFiletto, int Colonna, QStringView Trattini, const QString& Totale)
 {
-    ScriviCella(vp, RigaFiletto, Colonna, Trattini.toString());
-    ScriviCella(vp, RigaFiletto + 1, Colonna, Totale);
+    TestoInCella(vp, RigaFiletto, Colonna, Trattini.toString());
+    TestoInCella(vp, RigaFiletto + 1, Colonna, Totale);
 }
 
 /// The tables of fees and expenses leave a blank row before what follows.
@@ -190,9 +186,9 @@ void ScriviAcconti(Superficie& vp, const Colonne& Tutte, const TabellaRighe& Rig
         for (int Colonna = 1; Colonna <= Ultima(Tutte); ++Colonna) {
             const int Campo = Tutte[static_cast<std::size_t>(Colonna) - 1].Campo;
             const QVariant& Valore = Righe(Riga, Campo);
-            ScriviCella(vp, RigaTab, Colonna,
-                        ImportoAcconto(Campo) ? ImportoStampa(AccontoInEuro(Valore, Righe(Riga, AccValuta)))
-                                              : CStr(Valore));
+            TestoInCella(vp, RigaTab, Colonna,
+                         ImportoAcconto(Campo) ? ImportoStampa(AccontoInEuro(Valore, Righe(Riga, AccValuta)))
+                                               : CStr(Valore));
         }
     }
 }

@@ -2,6 +2,7 @@
 
 #include "feenote/modAcconti.h"
 #include "feenote/modStorno.h"
+#include "platform/base/regionale.h"
 #include "platform/system/orologio.h"
 #include "print/modCorpo.h"
 #include "print/modLettere.h"
@@ -104,11 +105,6 @@ void ApriTabella(Superficie& vp, const std::array<FormaColonna, ColonneTabella>&
 QString InMeno(double Euro)
 {
     return u'-' + ImportoStampa(Euro);
-}
-
-QString ConPercento(const QString& Nome, const Aliquota& Tassa)
-{
-    return Nome + u' ' + Tassa.Testo + u'%';
 }
 
 void ScriviAcconti(Superficie& vp, const TabellaRighe& Righe)

@@ -19,7 +19,7 @@ void RigaSe(Superficie& vp, const QString& Decide, const QString& Testo, double 
 }
 
 /// Number and date; without both the estimate begins with its sentence, right below the head.
-QString RigaNumero(const Parcella& Nota)
+QString NumeroEData(const Parcella& Nota)
 {
     const QString Numero = Nota.DatiPar(DatoNumero);
     const QString Data = Nota.DatiPar(DatoData);
@@ -29,7 +29,7 @@ QString RigaNumero(const Parcella& Nota)
 
 void TestaPreventivo(Superficie& vp, const Parcella& Nota)
 {
-    const QString Numero = RigaNumero(Nota);
+    const QString Numero = NumeroEData(Nota);
     RigaSe(vp, Numero, Numero, SpazioBlocco);
     vp.SpaceBefore(Numero.isEmpty() ? SpazioBlocco : SpazioVoce);
     vp.Text(

@@ -35,11 +35,6 @@ void Filetto(Righe& Tutte)
     Tutte.append({RigaRiepilogo::Filetto, {}, u"___________"_s});
 }
 
-QString ConPercento(const QString& Nome, const Aliquota& Tassa)
-{
-    return Nome + u' ' + Tassa.Testo + u'%';
-}
-
 /// A payment shows while it is above 0.
 void VoceAcconto(Righe& Tutte, const DatiCatena& Dati, const QString& Etichetta, double Euro)
 {
@@ -139,6 +134,11 @@ void ScriviTabella(Superficie& vp, const Righe& Tutte)
 }
 
 }  // namespace
+
+QString ConPercento(const QString& Nome, const Aliquota& Tassa)
+{
+    return Nome + u' ' + Tassa.Testo + u'%';
+}
 
 QList<RigaRiepilogo> RigheRiepilogo(const Catena& Conti)
 {

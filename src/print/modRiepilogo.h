@@ -9,6 +9,9 @@
 /// The amount format of all documents.
 [[nodiscard]] QString ImportoStampa(double Euro);
 
+/// A rate's row: its name and "22%", as the rate is written in the note.
+[[nodiscard]] QString ConPercento(const QString& Nome, const Aliquota& Tassa);
+
 /// One row of the summary.
 struct RigaRiepilogo
 {

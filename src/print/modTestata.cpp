@@ -22,12 +22,12 @@ QString CodiciStudio()
     return Codici;
 }
 
-void ScriviCella(Superficie& vp, int Riga, int Colonna, const QString& Testo)
+}  // namespace
+
+void TestoInCella(Superficie& vp, int Riga, int Colonna, const QString& Testo)
 {
     vp.CellaTabella(AttrTabella::Testo, Riga, Colonna, Testo);
 }
-
-}  // namespace
 
 void RigaVuota(Superficie& vp, int Quante)
 {
@@ -48,10 +48,11 @@ void IntestazioneStudio(Superficie& vp, const Parcella& Nota, int /*Tipo*/)
     for (const int Colonna : {1, 3})
         vp.ColonnaTabella(AttrTabella::AllineaTesto, Colonna, static_cast<int>(Allineamento::AltoSinistra));
 
-    ScriviCella(vp, 1, 1, sessione::StudioNome + Sotto(sessione::StudioIndir) + Sotto(sessione::StudioCitta));
+    TestoInCella(vp, 1, 1,
+                 sessione::StudioNome + Sotto(sessione::StudioIndir) + Sotto(sessione::StudioCitta));
     vp.CellaTabella(AttrTabella::FontDimensione, 2, 1, 10);
-    ScriviCella(vp, 2, 1, CodiciStudio());
-    ScriviCella(vp, 2, 3, Nota.txtDatiStaCli.Testo);
+    TestoInCella(vp, 2, 1, CodiciStudio());
+    TestoInCella(vp, 2, 3, Nota.txtDatiStaCli.Testo);
     vp.TableBorder(0);
     vp.EndTable();
 }

@@ -14,6 +14,9 @@
 constexpr double SpazioVoce = 3.0;
 constexpr double SpazioBlocco = 12.0;
 
+/// The text of a cell of the table that is open.
+void TestoInCella(Superficie& vp, int Riga, int Colonna, const QString& Testo);
+
 /// Blank lines.
 void RigaVuota(Superficie& vp, int Quante = 1);
 

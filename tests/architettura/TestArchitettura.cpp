@@ -20,8 +20,8 @@ private Q_SLOTS:
     void leLibrerieStannoNelleLoroStanze();
     void soloLaPiattaformaToccaIlDisco();
     void soloLaPiattaformaSaIComandiDelDesktop();
-    void gliErroriHannoUnNome();
     void unNomeDiceUnaCosaSola();
+    void unNomeProprioStaInUnSorgenteSolo();
     void nessunaStanzaTieneUnDecimo();
     void leProveSeguonoLeStanze();
     void nessunaProvaDietroUnaCondizione();
@@ -34,6 +34,8 @@ private Q_SLOTS:
     void iNomiDoppiSiScoprono();
     void ogniDichiarazioneConta_data();
     void ogniDichiarazioneConta();
+    void ilNomeDiDueSorgentiSiScopre_data();
+    void ilNomeDiDueSorgentiSiScopre();
     void unaFrecciaInSuSiScopre();
     void unaStanzaGrandeSiScopre();
     void laProvaCondizionataSiScopre();
@@ -124,22 +126,15 @@ void TestArchitettura::soloLaPiattaformaSaIComandiDelDesktop()
              u"src/conti/posta.cpp:2 names a command of the desktop: that is for platform/ alone"_s);
 }
 
-void TestArchitettura::gliErroriHannoUnNome()
-{
-    Nessuna(ErroriSenzaNome(Vera));
-    const Casa Piccola = CasaDiProva();
-    Scrivi(Piccola.Radice + u"conti/somma.cpp"_s,
-           "throw Errore(errori::Tipo);\nthrow Errore(13, Frase);\nthrow OggettoJson::Rifiuto(5, Campo);\n"
-           "QString Uno = DescrizioneErrore(70);\nint Numero = ErroreNumero(5);\n");
-    QCOMPARE(UnaPerRiga(ErroriSenzaNome(Piccola)),
-             u"src/conti/somma.cpp:2 says Errore(13: the numbers have names\n"
-             "src/conti/somma.cpp:3 says Rifiuto(5: the numbers have names\n"
-             "src/conti/somma.cpp:4 says DescrizioneErrore(70: the numbers have names"_s);
-}
-
 void TestArchitettura::unNomeDiceUnaCosaSola()
 {
     Nessuna(NomiDoppi(Vera));
+}
+
+/// Else the release build would fail on the day that a new file of the room brings the two together.
+void TestArchitettura::unNomeProprioStaInUnSorgenteSolo()
+{
+    Nessuna(NomiDiDueSorgenti(Vera));
 }
 
 void TestArchitettura::nessunaStanzaTieneUnDecimo()
@@ -328,6 +323,62 @@ void TestArchitettura::ogniDichiarazioneConta()
     Scrivi(Piccola.Radice + u"conti/sopra.h"_s, "#pragma once\n" + Sopra);
     QCOMPARE(UnaPerRiga(NomiDoppi(Piccola)),
              Nome + u" is declared in src/conti/sopra.h and in src/platform/base/sotto.h"_s);
+}
+
+void TestArchitettura::ilNomeDiDueSorgentiSiScopre_data()
+{
+    QTest::addColumn<QByteArray>("Primo");
+    QTest::addColumn<QByteArray>("Secondo");
+    QTest::addColumn<QString>("Detto");  // line and name; empty where the two get along
+
+    const auto Riga = [](const char* Nome, const QByteArray& Primo, const QByteArray& Secondo,
+                         const QString& Detto = {}) { QTest::newRow(Nome) << Primo << Secondo << Detto; };
+    const auto Senza = [](const QByteArray& Testo) {
+        return "namespace {\n\n" + Testo + "\n}  // namespace\n";
+    };
+    Riga("one function", Senza("int Doppio(int Numero)\n{\n    return 2 * Numero;\n}\n"),
+         Senza("int Doppio(int Quale)\n{\n    return Quale + Quale;\n}\n"), u"3 Doppio(int)"_s);
+    Riga("one of them static", Senza("bool Vale(const QString& Nome, int Quanti = 1)\n{\n}\n"),
+         "static bool Vale(const QString& Altro,\n                 int)\n{\n}\n",
+         u"1 Vale(const QString&, int)"_s);
+    Riga("one pattern", Senza("template <class F>\nvoid Prova(F&& Fai)\n{\n}\n"),
+         Senza("template <class F>\nvoid Prova(F&& Altro)\n{\n}\n"), u"3 Prova(F&&)"_s);
+    Riga("one type", Senza("struct Voce\n{\n    int Numero;\n};\n"),
+         Senza("class Voce : public Altra\n{\n};\n"), u"3 Voce"_s);
+    Riga("one constant", Senza("constexpr int Massimo = 3;\n"),
+         Senza("constexpr std::array Massimo{\n    1,\n};\n"), u"3 Massimo"_s);
+    Riga("in one further namespace",
+         "namespace conti {\nnamespace {\n\nint Uno();\n\n}  // namespace\n}  // namespace conti\n",
+         "namespace conti {\nnamespace {\n\nint Uno();\n\n}  // namespace\n}  // namespace conti\n",
+         u"4 conti::Uno()"_s);
+    Riga("behind a body full of brackets",
+         Senza("QString Testo()\n{\n    return u\"{{\" + u'{';  // }\n}\nint Due = 2;\n"),
+         Senza("int Due = 3;\n"), u"3 Due"_s);
+    Riga("other parameters", Senza("int Doppio(int Numero)\n{\n}\n"),
+         Senza("int Doppio(double Numero)\n{\n}\n"));
+    Riga("in another namespace", Senza("int Doppio(int Numero)\n{\n}\n"),
+         "namespace conti {\nnamespace {\n\nint Doppio(int Numero);\n\n}  // namespace\n}  // namespace "
+         "conti\n");
+    Riga("announced and written", Senza("int Uno();\n\nint Uno()\n{\n    int Due = 1;\n}\n"),
+         Senza("struct Altra;\n\nvoid Tre()\n{\n    int Uno = 1;\n    int Due = 1;\n}\n"));
+    Riga("for everybody", "int Doppio(int Numero)\n{\n}\n", "int Doppio(int Numero)\n{\n}\n");
+}
+
+void TestArchitettura::ilNomeDiDueSorgentiSiScopre()
+{
+    QFETCH(QByteArray, Primo);
+    QFETCH(QByteArray, Secondo);
+    QFETCH(QString, Detto);
+    const Casa Piccola = CasaDiProva();
+    Scrivi(Piccola.Radice + u"conti/a.cpp"_s, Primo);
+    Scrivi(Piccola.Radice + u"conti/windows/a.cpp"_s, Secondo);
+    QCOMPARE(UnaPerRiga(NomiDiDueSorgenti(Piccola)), QString());  // rooms are compiled each by itself
+    Scrivi(Piccola.Radice + u"conti/b.cpp"_s, Secondo);
+    const QString Frase =
+        u"src/conti/b.cpp:%1 has %2 for itself, and so has src/conti/a.cpp: sources of a room are "
+        "compiled together"_s;
+    QCOMPARE(UnaPerRiga(NomiDiDueSorgenti(Piccola)),
+             Detto.isEmpty() ? QString() : Frase.arg(Detto.section(u' ', 0, 0), Detto.section(u' ', 1)));
 }
 
 void TestArchitettura::unaFrecciaInSuSiScopre()

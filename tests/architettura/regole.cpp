@@ -1,4 +1,5 @@
 #include "architettura/regole.h"
+#include "architettura/sorgenti.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -12,8 +13,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 QStringList Righe(const QString& Percorso)
 {
     QFile Aperto(Percorso);
@@ -22,7 +21,6 @@ QStringList Righe(const QString& Percorso)
     return QString::fromUtf8(Aperto.readAll()).split(u'\n');
 }
 
-/// The files of the tree that are read, by their path below the root, in order.
 QStringList Sorgenti(const Casa& Questa, const QStringList& Estensioni)
 {
     QStringList Trovati;
@@ -38,6 +36,13 @@ QString CartellaDi(const QString& Percorso)
     return Percorso.left(std::max<qsizetype>(0, Percorso.lastIndexOf(u'/')));
 }
 
+QString Posto(const QString& Percorso, qsizetype Riga)
+{
+    return u"src/%1:%2 "_s.arg(Percorso).arg(Riga + 1);
+}
+
+namespace {
+
 /// True for a header of the tree, and for the one that the build makes of a form: room/ui_name.h of
 /// room/name.ui.
 bool Esiste(const Casa& Questa, const QString& Incluso)
@@ -47,11 +52,6 @@ bool Esiste(const Casa& Questa, const QString& Incluso)
     Disegno.replace(DaDisegno, u"/\\1.ui"_s);
     return QFileInfo::exists(Questa.Radice + Incluso) ||
            (Disegno != Incluso && QFileInfo::exists(Questa.Radice + Disegno));
-}
-
-QString Posto(const QString& Percorso, qsizetype Riga)
-{
-    return u"src/%1:%2 "_s.arg(Percorso).arg(Riga + 1);
 }
 
 /// What a source includes, line by line. A header is ours by a path in quotes, or because it stands below the
@@ -227,19 +227,6 @@ QStringList ComandiDelDesktop(const Casa& Questa)
         for (qsizetype i = 0; i < Testo.size() && !File.startsWith(u"platform/"); ++i)
             if (Comando.match(Testo[i]).hasMatch())
                 Frasi += Posto(File, i) + u"names a command of the desktop: that is for platform/ alone"_s;
-    }
-    return Frasi;
-}
-
-QStringList ErroriSenzaNome(const Casa& Questa)
-{
-    static const QRegularExpression Nudo(u"\\b(?:Errore|DescrizioneErrore|Rifiuto)[({]\\d+"_s);
-    QStringList Frasi;
-    for (const QString& File : Sorgenti(Questa, {u"*.h"_s, u"*.cpp"_s})) {
-        const QStringList Testo = Righe(Questa.Radice + File);
-        for (qsizetype i = 0; i < Testo.size(); ++i)
-            if (const auto Trovato = Nudo.match(Testo[i]); Trovato.hasMatch())
-                Frasi += Posto(File, i) + u"says %1: the numbers have names"_s.arg(Trovato.captured());
     }
     return Frasi;
 }

@@ -42,12 +42,13 @@ struct Casa
 /// Commands of a desktop ("xdg-..."), named outside platform/: another system has others.
 [[nodiscard]] QStringList ComandiDelDesktop(const Casa& Questa);
 
-/// Errors made of a figure instead of a name of `errori`, where its sentence stands.
-[[nodiscard]] QStringList ErroriSenzaNome(const Casa& Questa);
-
 /// One bare name declared in the headers of two rooms: a source that includes both could not compile, or
 /// would mean the other one.
 [[nodiscard]] QStringList NomiDoppi(const Casa& Questa);
+
+/// One name that two sources of a room have for themselves alone, a function with the same parameters: the
+/// release build compiles sources together, and which ones is left to their number.
+[[nodiscard]] QStringList NomiDiDueSorgenti(const Casa& Questa);
 
 /// Classes of tests, in a folder and those below it, that stand behind a condition of the preprocessor or
 /// hold one: the meta-object compiler reads them without their headers, so it might pass their functions over

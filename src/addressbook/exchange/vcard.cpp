@@ -42,7 +42,7 @@ struct Sinonimo
     QStringView Campo;
 };
 
-constexpr std::array Sinonimi{
+constexpr std::array AltriNomi{
     Sinonimo{u"CODICEFISCALE", u"CodFis"},
     Sinonimo{u"CODFIS", u"CodFis"},
     Sinonimo{u"CODFISCALE", u"CodFis"},
@@ -387,8 +387,8 @@ private:
             Nome.remove(0, 2);
         QString Nudo = Nome;
         Nudo.remove(u'-');
-        const auto* Trovato = std::ranges::find(Sinonimi, QStringView(Nudo), &Sinonimo::Nome);
-        Metti(Trovato != Sinonimi.end() ? Trovato->Campo.toString() : Nome, Semplice(Letta));
+        const auto* Trovato = std::ranges::find(AltriNomi, QStringView(Nudo), &Sinonimo::Nome);
+        Metti(Trovato != AltriNomi.end() ? Trovato->Campo.toString() : Nome, Semplice(Letta));
     }
 
     QString Persona;

@@ -6,7 +6,6 @@
 #include "core/aperture.h"
 #include "core/modErrori.h"
 #include "core/parametri.h"
-#include "platform/base/errore.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/barra.h"
@@ -45,7 +44,7 @@ struct TastoRubrica
 };
 
 constexpr int Invio = 0;
-constexpr std::array Tasti{
+constexpr std::array TastiRubrica{
     TastoRubrica{u"selez", u"select", u"Seleziona", u"Sceglie il nominativo per la parcella (Invio)", Invio},
     TastoRubrica{u"new", u"new", u"Nuovo", u"Inserisce un nominativo (Ins)", Qt::Key_Insert},
     TastoRubrica{u"edit", u"rename", u"Modifica", u"Modifica il nominativo (F2)", Qt::Key_F2},
@@ -102,7 +101,7 @@ frmRubrica::~frmRubrica()
 
 void frmRubrica::CostruisciBarra()
 {
-    for (const TastoRubrica& Descritto : Tasti) {
+    for (const TastoRubrica& Descritto : TastiRubrica) {
         const QString Chiave = Descritto.Chiave.toString();
         QAction* Azione = AggiungiTasto(ui->barRubr, Chiave, Descritto.Suggerimento.toString(),
                                         Descritto.Scritta.toString());
@@ -195,7 +194,7 @@ void frmRubrica::ApriMenu(int Riga, const QPoint& Punto)
     auto* Menu = new QMenu(this);
     Menu->setObjectName(u"menuRubrica"_s);
     Menu->setAttribute(Qt::WA_DeleteOnClose);
-    for (const TastoRubrica& Descritto : Tasti) {
+    for (const TastoRubrica& Descritto : TastiRubrica) {
         const QString Chiave = Descritto.Chiave.toString();
         QAction* Azione = Tasto(Chiave);
         if (!Azione->isVisible())

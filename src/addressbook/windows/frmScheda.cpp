@@ -45,7 +45,7 @@ struct TastoScheda
     QStringView Suggerimento;
 };
 
-constexpr std::array Tasti{
+constexpr std::array TastiScheda{
     TastoScheda{u"do", u"save", u"Salva", u"Salva la scheda (F10)"},
     TastoScheda{u"undo", u"annulla", u"Annulla", u"Annulla le modifiche e chiude"},
     TastoScheda{u"print", u"print", u"Stampa", u"Stampa la scheda"},
@@ -112,7 +112,7 @@ void frmScheda::Consegna(const Recordset& Condivise, const QList<ColonnaGriglia>
 
 void frmScheda::CostruisciBarra()
 {
-    for (const TastoScheda& Descritto : Tasti) {
+    for (const TastoScheda& Descritto : TastiScheda) {
         const QString Chiave = Descritto.Chiave.toString();
         QAction* Azione = ui->barScheda->addAction(aspetto::Icona(Descritto.Icona.toString()),
                                                    Descritto.Scritta.toString());
@@ -282,7 +282,7 @@ void frmScheda::OrdinaFuoco()
             QWidget::setTabOrder(Prima, Di.Box());
         Prima = Di.Box();
     }
-    for (const TastoScheda& Descritto : Tasti) {
+    for (const TastoScheda& Descritto : TastiScheda) {
         auto* Bottone = ui->barScheda->findChild<QToolButton*>(u"barScheda_"_s + Descritto.Chiave.toString());
         if (Prima)
             QWidget::setTabOrder(Prima, Bottone);

@@ -26,7 +26,7 @@ struct CampoFattura
     QStringView Chiave;
 };
 
-constexpr std::array Campi{
+constexpr std::array CampiTitolare{
     CampoFattura{&Ui::SchedaFattura::txtTitolareNome, u"StudioTitolareNome"},
     CampoFattura{&Ui::SchedaFattura::txtTitolareCognome, u"StudioTitolareCognome"},
     CampoFattura{&Ui::SchedaFattura::txtVia, u"StudioVia"},
@@ -120,7 +120,7 @@ void SchedaFattura::Carica()
             Elenco->addItem(Codice + u" - sconosciuto"_s, Codice);
         Elenco->setCurrentIndex(Elenco->findData(Codice));
     }
-    for (const CampoFattura& Voce : Campi)
+    for (const CampoFattura& Voce : CampiTitolare)
         (ui.get()->*Voce.Campo)->setText(ValoreConservato(Voce.Chiave));
     NumeroLetto = ValoreConservato(chiavi::ProgTrasm);
     ui->txtProgTrasm->setText(NumeroLetto);
@@ -135,7 +135,7 @@ ValoriScheda SchedaFattura::Valori() const
     ValoriScheda Fatti;
     for (const ElencoFattura& Di : Elenchi)
         Fatti.append({Di.Chiave.toString(), (ui.get()->*Di.Elenco)->currentData().toString()});
-    for (const CampoFattura& Voce : Campi) {
+    for (const CampoFattura& Voce : CampiTitolare) {
         const QString Testo = (ui.get()->*Voce.Campo)->text().simplified();
         Fatti.append(
             {Voce.Chiave.toString(), Voce.Campo == &Ui::SchedaFattura::txtProv ? Testo.toUpper() : Testo});

@@ -40,7 +40,7 @@ struct CampoImpostazione
     QStringView Chiave;
 };
 
-constexpr std::array Campi{
+constexpr std::array CampiStudio{
     CampoImpostazione{&Ui::frmSetup::txtNomeStudio, u"StudioNome"},
     CampoImpostazione{&Ui::frmSetup::txtIndStudio, u"StudioIndir"},
     CampoImpostazione{&Ui::frmSetup::txtCittaStudio, u"StudioCitta"},
@@ -263,7 +263,7 @@ void frmSetup::keyPressEvent(QKeyEvent* Evento)
 
 void frmSetup::LoadValori()
 {
-    for (const CampoImpostazione& Voce : Campi)
+    for (const CampoImpostazione& Voce : CampiStudio)
         (ui.get()->*Voce.Campo)->setText(ValoreConservato(Voce.Chiave));
     SegnaControlli();
     Contabili->Carica();
@@ -338,7 +338,7 @@ bool frmSetup::CheckNumero()
 ValoriScheda frmSetup::Valori() const
 {
     ValoriScheda Tutti;
-    for (const CampoImpostazione& Voce : Campi)
+    for (const CampoImpostazione& Voce : CampiStudio)
         Tutti.append({Voce.Chiave.toString(), (ui.get()->*Voce.Campo)->text()});
     return Tutti + Contabili->Valori() + Cartelle->Valori() + Desktop->Valori() + Fattura->Valori() +
            Documenti->Valori();

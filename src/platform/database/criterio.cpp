@@ -31,10 +31,10 @@ struct Valore
 };
 
 /// Recursive descent over the text; each reading moves the place on.
-class Lettore
+class LettoreCriterio
 {
 public:
-    Lettore(QStringView Criterio, const std::function<QString(const QString&)>& Colonne)
+    LettoreCriterio(QStringView Criterio, const std::function<QString(const QString&)>& Colonne)
         : Testo(Criterio), Identifica(Colonne)
     {}
 
@@ -161,8 +161,7 @@ private:
             Rifiuta();
         const QString Colonna = Identifica(Nome);
         if (Colonna.isEmpty())
-            throw Errore(errori::CampoDelCriterio,
-                         DescrizioneErrore(errori::CampoDelCriterio) + u": "_s + Nome);
+            throw Errore(errori::CampoDelCriterio, DescrizioneErrore(3070) + u": "_s + Nome);
         return Colonna;
     }
 
@@ -334,7 +333,7 @@ Condizione LeggiCriterio(const QString& Criterio,
 {
     if (Criterio.size() > LunghezzaMassima)
         throw Errore(errori::SintassiCriterio);
-    return Lettore(Criterio, IdentificaColonna).Tutto();
+    return LettoreCriterio(Criterio, IdentificaColonna).Tutto();
 }
 
 QString Identificatore(const QString& Nome)

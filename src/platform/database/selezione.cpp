@@ -30,10 +30,10 @@ bool InNome(QChar C)
     return C.isLetterOrNumber() || C == u'_' || C == u'$' || C.unicode() >= 0x80;
 }
 
-class Lettore
+class LettoreSql
 {
 public:
-    explicit Lettore(const QString& Testo) : Sql(Testo) {}
+    explicit LettoreSql(const QString& Testo) : Sql(Testo) {}
 
     Pezzo Prossimo()
     {
@@ -89,7 +89,7 @@ private:
 };
 
 /// Reads "*" or names between commas up to FROM; false for anything else.
-bool LeggiColonne(Lettore& Da, QStringList& Colonne)
+bool LeggiColonne(LettoreSql& Da, QStringList& Colonne)
 {
     Pezzo P = Da.Prossimo();
     if (P.Segno(u'*'))
@@ -108,7 +108,7 @@ bool LeggiColonne(Lettore& Da, QStringList& Colonne)
 
 /// Looks through what stands behind the table and sets where it ends; false when the rows are not the
 /// table's.
-bool LeggiResto(Lettore& Da, qsizetype& Fine, bool& Ordinata)
+bool LeggiResto(LettoreSql& Da, qsizetype& Fine, bool& Ordinata)
 {
     Pezzo P = Da.Prossimo();
     if (!P.Parola(u"WHERE") && !P.Parola(u"ORDER") && !P.Segno(u';') && P.Che != Tipo::Fine)
@@ -131,7 +131,7 @@ bool LeggiResto(Lettore& Da, qsizetype& Fine, bool& Ordinata)
 
 std::optional<SelezioneSemplice> LeggiSelezione(const QString& Sql)
 {
-    Lettore Da(Sql);
+    LettoreSql Da(Sql);
     SelezioneSemplice Letta;
     if (!Da.Prossimo().Parola(u"SELECT") || !LeggiColonne(Da, Letta.Colonne))
         return std::nullopt;
@@ -149,7 +149,7 @@ std::optional<SelezioneSemplice> LeggiSelezione(const QString& Sql)
 
 std::optional<OrdinePiano> LeggiOrdinePiano(const QString& Resto)
 {
-    Lettore Da(Resto);
+    LettoreSql Da(Resto);
     if (!Da.Prossimo().Parola(u"ORDER") || !Da.Prossimo().Parola(u"BY"))
         return std::nullopt;
     const Pezzo Colonna = Da.Prossimo();
@@ -164,6 +164,6 @@ std::optional<OrdinePiano> LeggiOrdinePiano(const QString& Resto)
 
 bool ESelezione(const QString& Sql)
 {
-    Lettore Da(Sql);
+    LettoreSql Da(Sql);
     return Da.Prossimo().Parola(u"SELECT") && Da.Prossimo().Che != Tipo::Fine;
 }

@@ -47,7 +47,7 @@ QString NomeLetto(QByteArrayView Byte)
     return Nome;
 }
 
-QByteArray NomeScritto(const QString& Nome)
+QByteArray NomeCodificato(const QString& Nome)
 {
     QByteArray Scritto;
     for (const QChar Segno : Nome) {
@@ -102,7 +102,7 @@ Riga PrimaRiga(QByteArrayView Resto)
     return Letta;
 }
 
-bool StessoNome(QByteArrayView Scritto, const QString& Nome)
+bool SiLeggeCome(QByteArrayView Scritto, const QString& Nome)
 {
     return NomeLetto(Scritto).compare(Nome, Qt::CaseInsensitive) == 0;
 }
@@ -293,8 +293,8 @@ std::optional<QString> ValoreDelDeposito(const QByteArray& Deposito, const QStri
     QByteArrayView Ultimo;
     ScorriRighe(Deposito, [&](const Riga& Letta) {
         if (Letta.Titolo) {
-            Dentro = StessoNome(Letta.Nome, Sezione);
-        } else if (Dentro && !Letta.Nome.isEmpty() && StessoNome(Letta.Nome, Chiave)) {
+            Dentro = SiLeggeCome(Letta.Nome, Sezione);
+        } else if (Dentro && !Letta.Nome.isEmpty() && SiLeggeCome(Letta.Nome, Chiave)) {
             Presente = true;
             Ultimo = Letta.Testo;
         }
@@ -312,15 +312,15 @@ QByteArray ConValoriNelDeposito(const QByteArray& Deposito, const QString& Sezio
     qsizetype FineSezione = -1;  // behind the last written line of the first section of the name
     bool Prima = true;
     const auto RigaDi = [&](const std::pair<QString, QString>& Voce) {
-        return NomeScritto(Voce.first.toLower()) + '=' + TestoScritto(Voce.second) + FineRiga;
+        return NomeCodificato(Voce.first.toLower()) + '=' + TestoScritto(Voce.second) + FineRiga;
     };
     ScorriRighe(Deposito, [&](const Riga& Letta) {
         const auto Di = [&](const std::pair<QString, QString>& Voce) {
-            return StessoNome(Letta.Nome, Voce.first);
+            return SiLeggeCome(Letta.Nome, Voce.first);
         };
         if (Letta.Titolo) {
             Prima = Prima && FineSezione < 0;
-            Dentro = StessoNome(Letta.Nome, Sezione);
+            Dentro = SiLeggeCome(Letta.Nome, Sezione);
         }
         if (!Letta.Titolo && Dentro && std::ranges::any_of(Valori, Di)) {
             const auto Voce = std::ranges::find_if(Mancanti, Di);
@@ -340,7 +340,7 @@ QByteArray ConValoriNelDeposito(const QByteArray& Deposito, const QString& Sezio
     for (const auto& Voce : std::as_const(Mancanti))
         Righe += RigaDi(Voce);
     if (FineSezione < 0) {
-        Righe.prepend('[' + NomeScritto(Sezione) + ']' + FineRiga);
+        Righe.prepend('[' + NomeCodificato(Sezione) + ']' + FineRiga);
         FineSezione = Nuovo.size();
     }
     const bool RigaAperta =
