@@ -69,6 +69,7 @@ protected:
 private:
     IconaStudio* NuovaIcona(const QString& Etichetta, const QString& Tag, const QPoint& Dove);
     void CreaIconeFisse();
+    void TogliIconeUtente();
     void CreaTasti();
     void CreaApri(QToolButton* Bottone);
     void DisponiRecenti();
