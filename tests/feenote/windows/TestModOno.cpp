@@ -1,6 +1,5 @@
-// The modification panel of tab 1 by mouse and keyboard.
-#include "feenote/modGraduazione.h"
-#include "tavolo.h"
+// The modification panel of tab 1: when it opens and closes, what it shows, its room.
+#include "bancomodono.h"
 
 #include <QHeaderView>
 #include <QListWidget>
@@ -12,30 +11,18 @@
 
 using namespace Qt::StringLiterals;
 
-class TestModOno : public QObject
+class TestModOno : public QObject, private BancoModOno
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { Prepara(); }
+    void cleanup() { T.reset(); }
     void apreSullaRigaCorrente();
     void voceNonPrevista();
     void senzaRigaSiRilascia();
     void rigaVuotaSiRilascia();
     void laCellaRifiutataNonLoApre();
     void seguendoLaRiga();
-    void fasciaColClic_data();
-    void fasciaColClic();
-    void fasciaDaTastiera();
-    void spazioSceglieLaFasciaEvidenziata();
-    void ilCatalogoPerdeLEvidenza();
-    void passandoColTabNonSiSceglie();
-    void medioDiUnaEIlPuntoDiMezzo();
-    void medioDiTutteEQuelloDellaTabella();
-    void tuttiColCursore();
-    void frecceSulCursore();
-    void frecceSuAmpiezzaStretta();
-    void ilCodiceNonMuove();
     void confermaSoloDopoUnaScelta();
     void invioConferma();
     void escAnnulla();
@@ -53,77 +40,8 @@ private Q_SLOTS:
     void ancheAllaSecondaAperturaSiArrivaAlMassimo();
     void lAmbitoGiaSceltoNonSiRicarica();
     void effeSeiArrivaAlPannello();
-
-private:
-    [[nodiscard]] QWidget* Pannello() const { return Controllo(F, "pctInsModOno"); }
-    [[nodiscard]] QToolButton* Variaz() const
-    {
-        return Controllo<QToolButton>(PaginaIn(F), "barListaOnoDir_variaz");
-    }
-    [[nodiscard]] QSlider* Cursore() const { return Controllo<QSlider>(F, "sldGraduaOno"); }
-    [[nodiscard]] QListWidget* Fasce() const { return Controllo<QListWidget>(F, "tdbFasceOno"); }
-    [[nodiscard]] QPushButton* Conferma() const { return Controllo<QPushButton>(F, "cmdModOno"); }
-    [[nodiscard]] QString Testo(const char* Etichetta) const
-    {
-        return Controllo<QLabel>(F, Etichetta)->text();
-    }
-    [[nodiscard]] double Importo(int Riga) const { return NumeroDi(F->Nota.xOnorari(Riga, OnoImporto)); }
-    [[nodiscard]] int Evidenziata() const
-    {
-        const QList<QListWidgetItem*> Scelte = Fasce()->selectedItems();
-        return Scelte.isEmpty() ? NessunaFascia : Fasce()->row(Scelte.first());
-    }
-    /// A line with a range of its own.
-    void Riga(double Importo, double Min, double Medio, double Max, int NVoce) const;
-    void ClicFascia(int Quale) const;
-    void Apri(int Riga) const;
-
-    std::unique_ptr<Tavolo> T;
-    frmParcelle* F = nullptr;
-    Griglia* Righe = nullptr;
 };
 PROVA(TestModOno);
-
-void TestModOno::Riga(double Importo, double Min, double Medio, double Max, int NVoce) const
-{
-    TabellaRighe& Tabella = F->Nota.xOnorari;
-    const int Nuova = RigaOnorario(F->Nota, u"Fase %1"_s.arg(NVoce), Importo, NVoce, NVoce);
-    Tabella(Nuova, OnoMin) = Min;
-    Tabella(Nuova, OnoMedio) = Medio;
-    Tabella(Nuova, OnoMax) = Max;
-}
-
-void TestModOno::init()
-{
-    T = std::make_unique<Tavolo>();
-    F = ApriSenzaRighe(*T);
-    QVERIFY(F);
-    Riga(1200, 600, 1200, 1920, 1);
-    Riga(777, 300, 500, 1000, 2);
-    Riga(90, 90, 90, 90, VoceLibera);
-    F->MostraTutto();
-    Righe = Controllo<Griglia>(F, "tdbOnor");
-    F->SetModificata(false);
-    QVERIFY(!Pannello()->isVisible());
-}
-
-void TestModOno::cleanup()
-{
-    T.reset();
-}
-
-void TestModOno::Apri(int Riga) const
-{
-    ClicCella(Righe, Riga, OnoDescr);
-    Clic(Variaz());
-    Respiro();
-}
-
-void TestModOno::ClicFascia(int Quale) const
-{
-    const QRect Dove = Fasce()->visualItemRect(Fasce()->item(Quale));
-    QTest::mouseClick(Fasce()->viewport(), Qt::LeftButton, Qt::NoModifier, Dove.center());
-}
 
 void TestModOno::apreSullaRigaCorrente()
 {
@@ -195,189 +113,6 @@ void TestModOno::seguendoLaRiga()
     Clic(Conferma());
     QCOMPARE(Importo(1), 1000.0);
     QCOMPARE(Importo(2), 90.0);
-}
-
-void TestModOno::fasciaColClic_data()
-{
-    QTest::addColumn<int>("Quale");
-    QTest::addColumn<QString>("Importo");
-    QTest::addColumn<int>("Gradua");
-    QTest::addColumn<double>("Confermato");
-    QTest::newRow("minimo") << int(FasciaMin) << u"600,00"_s << 0 << 600.0;
-    QTest::newRow("medio, già evidenziato: il punto di mezzo")
-        << int(FasciaMedio) << u"1.200,00"_s << 50 << 1260.0;
-    QTest::newRow("massimo") << int(FasciaMax) << u"1.920,00"_s << 100 << 1920.0;
-}
-
-void TestModOno::fasciaColClic()
-{
-    QFETCH(int, Quale);
-    Apri(0);
-    ClicFascia(Quale);
-    QCOMPARE(Evidenziata(), Quale);
-    QTEST(Testo("lblImpOno"), "Importo");
-    QTEST(Cursore()->value(), "Gradua");
-    QVERIFY(Conferma()->isEnabled());
-    QVERIFY2(!F->Nota.Modificata, "scegliere non scrive");
-    Clic(Conferma());
-    QTEST(Importo(0), "Confermato");
-    QVERIFY(F->Nota.Modificata && !Pannello()->isVisible() && !Variaz()->isChecked());
-    QCOMPARE(Righe->TestoPie(OnoImporto), Format(Importo(0) + 867, u"#,##0.00"));
-}
-
-void TestModOno::fasciaDaTastiera()
-{
-    Apri(0);
-    Fasce()->setFocus();
-    Premi(Qt::Key_Down);
-    QCOMPARE(Evidenziata(), int(FasciaMax));
-    QCOMPARE(Testo("lblImpOno"), u"1.920,00"_s);
-    QCOMPARE(Cursore()->value(), 100);
-}
-
-void TestModOno::spazioSceglieLaFasciaEvidenziata()
-{
-    Apri(1);
-    Controllo<QRadioButton>(F, "optModAll_1")->setFocus();
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
-    QCOMPARE(Testo("lblOnoDesc"), u"Tutti gli onorari"_s);
-    QCOMPARE(Evidenziata(), int(FasciaMin));
-    QVERIFY(!Conferma()->isEnabled());
-    Fasce()->setFocus();
-    QTest::keyClick(Fasce(), Qt::Key_Space);
-    QVERIFY2(Conferma()->isEnabled(), "i minimi si scelgono anche senza mouse");
-    QTest::keyClick(Fasce(), Qt::Key_Return);
-    QCOMPARE(Importo(0), 600.0);
-    QCOMPARE(Importo(1), 300.0);
-}
-
-void TestModOno::ilCatalogoPerdeLEvidenza()
-{
-    auto* Lista = Controllo<Griglia>(F, "tdbListaOno");
-    const auto Tinta = [Lista] {
-        Respiro();
-        const QTableView* Vista = Lista->Vista();
-        const QRect Cella = Vista->visualRect(Vista->model()->index(1, 1));
-        return Vista->viewport()->grab().toImage().pixelColor(Cella.right() - 3, Cella.top() + 3);
-    };
-    Lista->setFocus();
-    Lista->ImpostaRigaCorrente(1);
-    Righe->setFocus();
-    const QColor Evidente = Tinta();
-    Apri(0);
-    const QColor Spenta = Tinta();
-    QVERIFY(Spenta != Evidente);
-    ClicCella(Lista, 1, 1);
-    Righe->setFocus();
-    QVERIFY2(Tinta() == Evidente, "tornando al catalogo la voce si vede di nuovo");
-    ClicCella(Righe, 1, OnoDescr);
-    QVERIFY2(Tinta() == Spenta, "col pannello su un'altra riga si spegne ancora");
-    QVERIFY2(Lista->RigaCorrente() == std::optional(1), "la voce resta quella");
-}
-
-void TestModOno::passandoColTabNonSiSceglie()
-{
-    Apri(1);
-    Controllo(F, "optModAll_0")->setFocus();
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    QCOMPARE(QApplication::focusWidget(), Fasce());
-    QCOMPARE(Testo("lblImpOno"), u"777,00"_s);
-    QVERIFY(!Conferma()->isEnabled());
-}
-
-void TestModOno::medioDiUnaEIlPuntoDiMezzo()
-{
-    Apri(1);
-    ClicFascia(FasciaMedio);
-    QCOMPARE(Cursore()->value(), 50);
-    QCOMPARE(Testo("lblImpOno"), u"500,00"_s);
-    Clic(Conferma());
-    QCOMPARE(Importo(1), 650.0);
-}
-
-void TestModOno::medioDiTutteEQuelloDellaTabella()
-{
-    Apri(0);
-    Righe->Seleziona(0);
-    Clic(Controllo(F, "optModAll_1"));
-    QCOMPARE(Testo("lblOnoDesc"), u"Tutti gli onorari"_s);
-    QCOMPARE(Testo("lblImp").remove(u'&'), u"Importo totale:"_s);
-    QCOMPARE(Fasce()->item(0)->text(), u"MINIMI      (Tot.: 990,00)"_s);
-    QCOMPARE(Fasce()->item(1)->text(), u"MEDI        (Tot.: 1.790,00)"_s);
-    QCOMPARE(Fasce()->item(2)->text(), u"MASSIMI  (Tot.: 3.010,00)"_s);
-    QCOMPARE(Evidenziata(), int(FasciaMin));
-    QCOMPARE(Testo("lblImpOno"), u"990,00"_s);
-    ClicFascia(FasciaMedio);
-    Clic(Conferma());
-    QCOMPARE(Importo(0), 1200.0);
-    QCOMPARE(Importo(1), 500.0);
-    QCOMPARE(Importo(2), 90.0);
-    QVERIFY(Righe->Selezione().isEmpty());
-    Apri(0);
-    QVERIFY2(Controllo<QRadioButton>(F, "optModAll_0")->isChecked(), "si torna a una riga sola");
-}
-
-void TestModOno::tuttiColCursore()
-{
-    Apri(0);
-    Clic(Controllo(F, "optModAll_1"));
-    Cursore()->setFocus();
-    for (int i = 0; i < 25; ++i)
-        Premi(Qt::Key_Right);
-    QCOMPARE(Cursore()->value(), 25);
-    QCOMPARE(Testo("lblImpOno"), u"1.495,00"_s);
-    Clic(Conferma());
-    QCOMPARE(Importo(0), 930.0);
-    QCOMPARE(Importo(1), 475.0);
-}
-
-void TestModOno::frecceSulCursore()
-{
-    Apri(0);
-    ClicFascia(FasciaMin);
-    Cursore()->setFocus();
-    Premi(Qt::Key_Right);
-    QCOMPARE(Testo("lblImpOno"), u"613,00"_s);
-    QCOMPARE(Evidenziata(), NessunaFascia);
-    Premi(Qt::Key_PageUp);
-    QCOMPARE(Cursore()->value(), 11);
-    Premi(Qt::Key_Left);
-    QCOMPARE(Cursore()->value(), 10);
-    Premi(Qt::Key_End);
-    QCOMPARE(Testo("lblImpOno"), u"1.920,00"_s);
-    QCOMPARE(Evidenziata(), int(FasciaMax));
-    Premi(Qt::Key_Home);
-    QCOMPARE(Evidenziata(), int(FasciaMin));
-    QVERIFY(Conferma()->isEnabled());
-}
-
-void TestModOno::frecceSuAmpiezzaStretta()
-{
-    Riga(10, 10, 11, 12, 3);
-    F->MostraTutto();
-    Apri(3);
-    ClicFascia(FasciaMin);
-    Cursore()->setFocus();
-    Premi(Qt::Key_Right);
-    QCOMPARE(Testo("lblImpOno"), u"11,00"_s);
-    QCOMPARE(Cursore()->value(), 50);
-    Premi(Qt::Key_Right);
-    QCOMPARE(Testo("lblImpOno"), u"12,00"_s);
-    Premi(Qt::Key_Left);
-    QCOMPARE(Testo("lblImpOno"), u"11,00"_s);
-    Premi(Qt::Key_Left);
-    QCOMPARE(Testo("lblImpOno"), u"10,00"_s);
-}
-
-void TestModOno::ilCodiceNonMuove()
-{
-    Apri(0);
-    ClicFascia(FasciaMax);
-    ClicCella(Righe, 1, OnoDescr);
-    ClicCella(Righe, 0, OnoDescr);
-    QCOMPARE(Cursore()->value(), 50);
-    QVERIFY2(!Conferma()->isEnabled(), "il cursore mosso dal codice non è una scelta");
-    QCOMPARE(Testo("lblImpOno"), u"1.200,00"_s);
 }
 
 void TestModOno::confermaSoloDopoUnaScelta()
