@@ -1,7 +1,6 @@
 #include "bersaglio.h"
 
 #include "core/sessione.h"
-#include "platform/base/errore.h"
 #include "platform/system/messaggi.h"
 
 #include <QDir>

@@ -5,6 +5,7 @@
 #include "addressbook/exchange/colonneimporta.h"
 #include "addressbook/exchange/csv.h"
 #include "addressbook/exchange/tabellaestranea.h"
+#include "platform/base/errore.h"
 #include "platform/base/fogliocsv.h"
 
 namespace {

@@ -4,7 +4,6 @@
 #include "basedati.h"
 #include "fonte.h"
 
-#include "platform/base/errore.h"
 #include "platform/database/database.h"
 
 #include <QDate>

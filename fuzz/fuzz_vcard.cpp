@@ -2,6 +2,7 @@
 #include "bersaglio.h"
 
 #include "addressbook/exchange/vcard.h"
+#include "platform/base/errore.h"
 
 namespace {
 

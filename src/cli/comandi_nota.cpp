@@ -53,8 +53,7 @@ void ControllaSostituzione(const QString& Percorso)
     try {
         Psw = LeggiPsw(Percorso);
     } catch (const Errore&) {
-        throw Errore(errori::FilePresente,
-                     u"Il file %1 esiste già e non è una parcella"_s.arg(NomeFile(Percorso)));
+        throw Errore(58, u"Il file %1 esiste già e non è una parcella"_s.arg(NomeFile(Percorso)));
     }
     if (!Psw.isEmpty())
         throw Errore(errori::Autorizzazione,
@@ -117,7 +116,7 @@ Parcella LeggiNota(const QString& Percorso, const NotaMultipla& Altra)
     if (Altra.Percorso.isEmpty())
         return Nota;
     if (!AssociaMulti(Nota, Altra.Percorso))
-        throw Errore(errori::Argomento, StessaParcella.toString());
+        throw Errore(5, StessaParcella.toString());
     Nota.optMultiAntPos = Altra.Prima ? 1 : 0;
     return Nota;
 }

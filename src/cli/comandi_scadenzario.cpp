@@ -74,8 +74,7 @@ Risposta ComandoScadenzario(const QStringList& Valori, const QString& Stato, con
     }
     const qsizetype Quante = Righe.size();
     if (!File.isEmpty()) {
-        if (Nomi.Guasto())
-            throw *Nomi.Guasto();  // names and codes would be missing
+        Nomi.PretendiLetto();  // names and codes would be missing
         ScriviFile(File, CsvScadenzario(Note, Codici, Elenco.NoteTutte()), Lettori::SoloUtente);
         return {Parziale.isEmpty() ? QString::number(Quante) : QString::number(Quante) + u"; "_s + Parziale,
                 {{u"esportate"_s, Quante},

@@ -1,6 +1,7 @@
 #include "cli/riga.h"
 
 #include "feenote/finder/scadenzario.h"
+#include "platform/base/errore.h"
 #include "platform/system/percorsi.h"
 #include "tariffs/decreto.h"
 

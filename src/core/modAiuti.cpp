@@ -1,6 +1,7 @@
 #include "core/modAiuti.h"
 
 #include "core/modTesti.h"
+#include "platform/base/regionale.h"
 #include "platform/system/shell.h"
 
 using namespace Qt::StringLiterals;

@@ -1,6 +1,7 @@
 #include "core/modTesti.h"
 
 #include "platform/base/nomidate.h"
+#include "platform/base/regionale.h"
 
 #include <QRegularExpression>
 

@@ -1,8 +1,6 @@
 // Helpers for texts, numbers and dates that the whole program shares.
 #pragma once
 
-#include "platform/base/regionale.h"
-
 #include <QDate>
 #include <QString>
 #include <QVariant>

@@ -2,6 +2,7 @@
 
 #include "core/modErrori.h"
 #include "core/modTesti.h"
+#include "platform/base/regionale.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,7 @@
 #include "feenote/modInterruttori.h"
 
 #include "core/sessione.h"
+#include "platform/base/regionale.h"
 
 const VoceImposta& DatiImposta(Imposta Tassa)
 {

@@ -4,6 +4,7 @@
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
+#include "platform/base/regionale.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/orologio.h"

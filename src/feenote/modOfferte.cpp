@@ -2,6 +2,7 @@
 
 #include "core/aperture.h"
 #include "feenote/modSpese.h"
+#include "platform/base/regionale.h"
 
 #include <QRegularExpression>
 

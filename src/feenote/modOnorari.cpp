@@ -6,6 +6,7 @@
 #include "feenote/modParametri.h"
 #include "feenote/modVariazione.h"
 #include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 #include "platform/system/messaggi.h"
 #include "tariffs/modEvaluate.h"
 

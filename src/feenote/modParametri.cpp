@@ -4,7 +4,7 @@
 #include "core/rapportiunici.h"
 #include "feenote/modNuovaParcella.h"
 #include "feenote/modVariazione.h"
-#include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 #include "platform/system/messaggi.h"
 
 #include <QHash>

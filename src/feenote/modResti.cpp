@@ -1,6 +1,7 @@
 #include "feenote/modResti.h"
 
 #include "platform/base/decimale.h"
+#include "platform/base/regionale.h"
 
 #include <algorithm>
 

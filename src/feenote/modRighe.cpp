@@ -1,6 +1,7 @@
 #include "feenote/modRighe.h"
 
 #include "feenote/parcella.h"
+#include "platform/base/regionale.h"
 
 int RowIns(const Parcella& Nota, TipoRiga Tipo, std::optional<int> Corrente)
 {

@@ -1,5 +1,6 @@
 #include "feenote/modSpese.h"
 
+#include "platform/base/regionale.h"
 #include "platform/system/orologio.h"
 
 using namespace Qt::StringLiterals;

@@ -3,6 +3,7 @@
 #include "core/modTesti.h"
 #include "feenote/modAcconti.h"
 #include "feenote/modNumeraFattura.h"
+#include "platform/base/regionale.h"
 
 #include <algorithm>
 #include <array>

@@ -3,6 +3,7 @@
 #include "feenote/modAcconti.h"
 #include "feenote/modStorno.h"
 #include "platform/base/decimale.h"
+#include "platform/base/regionale.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,6 +2,7 @@
 
 #include "core/modErrori.h"
 #include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 #include "platform/system/messaggi.h"
 
 #include <algorithm>

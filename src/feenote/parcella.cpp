@@ -6,6 +6,11 @@
 
 using namespace Qt::StringLiterals;
 
+double Casella::Numero() const
+{
+    return NumeroDi(Testo);
+}
+
 int Parcella::IDAutSelezionata() const
 {
     return cmbAutor >= 0 && cmbAutor < ListaAutorita.size() ? ListaAutorita[cmbAutor].IDAut : 0;

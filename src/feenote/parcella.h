@@ -8,7 +8,6 @@
 #include "feenote/modRighe.h"
 #include "feenote/modTipiDocumento.h"
 #include "feenote/statonota.h"
-#include "platform/base/regionale.h"
 #include "platform/base/tabellarighe.h"
 #include "tariffs/modTariffe.h"
 #include "tariffs/variazioni.h"
@@ -25,7 +24,7 @@ struct Casella
     QString Testo;
     bool Abilitata = true;
 
-    [[nodiscard]] double Numero() const { return NumeroDi(Testo); }  ///< 0 when the text is no number
+    [[nodiscard]] double Numero() const;  ///< 0 when the text is no number
     friend bool operator==(const Casella&, const Casella&) = default;
 };
 

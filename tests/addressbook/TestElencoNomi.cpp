@@ -2,7 +2,6 @@
 #include "addressbook/elenconomi.h"
 #include "addressbook/modClienti.h"
 #include "archivio.h"
-#include "platform/base/errore.h"
 #include "supporto/guasti.h"
 
 using namespace Qt::StringLiterals;

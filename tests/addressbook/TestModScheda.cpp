@@ -187,12 +187,9 @@ void TestModScheda::rifiuti()
 {
     QFETCH(QString, Nome);
     QFETCH(QString, Testo);
-    QTEST(NumeroErrore([&] { (void)ValoreScheda(Colonna(Nome), Testo); }), "Numero");
-    try {
-        (void)ValoreScheda(Colonna(Nome), Testo);
-    } catch (const Errore& Guasto) {
-        QVERIFY2(Guasto.Descrizione.contains(Nome), qPrintable(Guasto.Descrizione));
-    }
+    const ErroreVisto Guasto = ErroreDi([&] { (void)ValoreScheda(Colonna(Nome), Testo); });
+    QTEST(Guasto.Numero, "Numero");
+    QVERIFY2(Guasto.Descrizione.contains(Nome), qPrintable(Guasto.Descrizione));
 }
 
 /// Through the file and back: written, then emptied.

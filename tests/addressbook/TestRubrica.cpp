@@ -1,7 +1,6 @@
 // What the browser of the address book knows of an archive.
 #include "addressbook/modRubrica.h"
 #include "core/sessione.h"
-#include "platform/base/errore.h"
 #include "supporto/prova.h"
 
 using namespace Qt::StringLiterals;

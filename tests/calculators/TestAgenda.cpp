@@ -1,9 +1,9 @@
 // Terms as a calendar file, byte by byte and read back by a library of somebody else's.
 #include "calculators/agenda.h"
 
-#include "platform/base/errore.h"
 #include "platform/system/file.h"
 #include "platform/system/orologio.h"
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 
 #include <QJsonArray>
@@ -277,8 +277,8 @@ void TestAgenda::fuoriDalCalendario()
     QFETCH(QDate, Giorno);
     VoceAgenda Voce = Appello();
     Voce.Giorno = Giorno;
-    QVERIFY_THROWS_EXCEPTION(Errore, (void)ScriviIcs({Appello(), Voce}));
-    QVERIFY_THROWS_EXCEPTION(Errore, (void)ScriviIcs({}));
+    QVERIFY(NumeroErrore([&] { (void)ScriviIcs({Appello(), Voce}); }) != 0);
+    QVERIFY(NumeroErrore([&] { (void)ScriviIcs({}); }) != 0);
 }
 
 // A term reckoned anew, to another day, is the same event: the calendar moves it and keeps no former date.
@@ -389,9 +389,9 @@ void TestAgenda::salvaDoveNonSiPuo()
 {
     const QString File = NuovaCartella() + u"agenda.ics"_s;
     ScriviFile(File, "prima");
-    QVERIFY_THROWS_EXCEPTION(Errore, (void)SalvaIcs(File, {}));
+    QVERIFY(NumeroErrore([&] { (void)SalvaIcs(File, {}); }) != 0);
     QCOMPARE(LeggiFile(File), QByteArray("prima"));
-    QVERIFY_THROWS_EXCEPTION(Errore, (void)SalvaIcs(NuovaCartella() + u"manca/agenda.ics"_s, {Appello()}));
+    QVERIFY(NumeroErrore([&] { (void)SalvaIcs(NuovaCartella() + u"manca/agenda.ics"_s, {Appello()}); }) != 0);
 }
 
 #include "TestAgenda.moc"

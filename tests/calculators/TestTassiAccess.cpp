@@ -1,12 +1,13 @@
 // A rate archive in Access format, as the former program leaves one in the user's folder.
 #include "archivio_prova.h"
+#include "supporto/guasti.h"
 #include "supporto/registratore.h"
 #include "supporto/scrittoreaccess.h"
 
 #include "calculators/modComuni.h"
 #include "calculators/modInteressi.h"
 #include "calculators/modIstat.h"
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/base/regionale.h"
 
 #include <QFile>
@@ -52,12 +53,8 @@ private Q_SLOTS:
     {
         const QString File = NuovaCartella() + u"Comuni.mdb"_s;
         ScriviAccess(File, {.Tabelle = {{.Nome = u"Comuni"_s, .Colonne = {{.Nome = u"Comune"_s}}}}});
-        try {
-            const ArchivioComuni Aperto(File);
-            QFAIL("opened");
-        } catch (const Errore& Guasto) {
-            QCOMPARE(Guasto.Numero, errori::FormatoDatabase);
-        }
+        const ErroreVisto Guasto = ErroreDi([&] { const ArchivioComuni Aperto(File); });
+        QCOMPARE(Guasto.Numero, errori::FormatoDatabase);
     }
 
     void interessi()
@@ -99,12 +96,8 @@ private Q_SLOTS:
         const QString File =
             ScriviAccess(NuovaCartella() + u"Comuni.mdb"_s,
                          {.Tabelle = {{.Nome = u"Comuni"_s, .Colonne = {{.Nome = u"COMU_DESCR"_s}}}}});
-        try {
-            const ArchivioComuni Comuni(File);
-            QFAIL("opened");
-        } catch (const Errore& Guasto) {
-            QCOMPARE(Guasto.Numero, errori::FormatoDatabase);
-        }
+        const ErroreVisto Guasto = ErroreDi([&] { const ArchivioComuni Comuni(File); });
+        QCOMPARE(Guasto.Numero, errori::FormatoDatabase);
     }
 };
 

@@ -2,7 +2,6 @@
 #include "chiamata.h"
 
 #include "core/sessione.h"
-#include "platform/base/errore.h"
 #include "platform/system/file.h"
 
 #include <QJsonArray>

@@ -1,6 +1,8 @@
 // The table of commands: when each is enabled, what it opens.
 #include "aperture_prova.h"
 
+#include "platform/base/errore.h"
+
 using namespace Qt::StringLiterals;
 
 class TestComandi : public QObject, private BancoComandi

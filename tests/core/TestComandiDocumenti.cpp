@@ -1,6 +1,8 @@
 // Commands that open a document, a page or another program.
 #include "aperture_prova.h"
 
+#include "platform/base/numerierrore.h"
+
 using namespace Qt::StringLiterals;
 
 class TestComandiDocumenti : public QObject, private BancoComandi

@@ -1,9 +1,10 @@
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 
 #include "core/modIcone.h"
 #include "core/sessione.h"
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
@@ -430,12 +431,8 @@ void TestIcone::apreNulla()
 {
     SistemaDiProva Sistema;
     const auto Guasto = [](const QString& Destinazione) {
-        try {
-            ApriDestinazione(Destinazione);
-        } catch (const Errore& E) {
-            return QString::number(E.Numero) + u' ' + E.Descrizione;
-        }
-        return QString();
+        const ErroreVisto Visto = ErroreDi([&] { ApriDestinazione(Destinazione); });
+        return QString::number(Visto.Numero) + u' ' + Visto.Descrizione;
     };
     QCOMPARE(Guasto(u"/opt/non/esiste"_s), u"53 "_s + DescrizioneErrore(53) + u": /opt/non/esiste"_s);
     QCOMPARE(Guasto(u"nessun_programma_così"_s),

@@ -2,7 +2,7 @@
 #include "supporto/registratore.h"
 
 #include "core/modLancio.h"
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"

@@ -1,7 +1,7 @@
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 
 #include "core/parametri.h"
-#include "platform/base/errore.h"
 
 #include <QDir>
 #include <QFile>
@@ -20,12 +20,7 @@ void TestRicordaImpostazioni::ilRifiutoSiDiceUnaVolta()
 {
     const QString File = qEnvironmentVariable("XDG_CONFIG_HOME") + u"/Calcanova/KR5.ini"_s;
     const auto Rifiutata = [](const QString& Chiave) {
-        try {
-            RicordaImpostazioni({{Chiave, u"1"_s}});
-            return false;
-        } catch (const Errore&) {
-            return true;
-        }
+        return NumeroErrore([&] { RicordaImpostazioni({{Chiave, u"1"_s}}); }) != 0;
     };
     for (int Volta = 0; Volta < 2; ++Volta) {
         // A folder stands where the store should be.

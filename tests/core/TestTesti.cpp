@@ -2,6 +2,7 @@
 
 #include "core/modTesti.h"
 #include "core/sessione.h"
+#include "platform/base/regionale.h"
 #include "platform/system/percorsi.h"
 
 #include <QDateTime>

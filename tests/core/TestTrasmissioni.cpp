@@ -1,11 +1,11 @@
 // The counter of the files of electronic invoices: never the same number twice.
 #include "supporto/altroprogramma.h"
+#include "supporto/guasti.h"
 
 #include "core/impostazioni.h"
 #include "core/modRegimi.h"
 #include "core/modTrasmissioni.h"
 #include "core/parametri.h"
-#include "platform/base/errore.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/percorsi.h"
 
@@ -50,16 +50,6 @@ void PrendiMolti(const QString& Cartella, const QString& Parte)
     for (int i = 0; i < Giri; ++i)
         Presi.append(QString::number(PrendiTrasmissione()));
     ScriviFile(FileNumeri(Cartella, Parte), Presi.join(u'\n').toLatin1());
-}
-
-int NumeroDi(void (*Fai)())
-{
-    try {
-        Fai();
-    } catch (const Errore& Guasto) {
-        return Guasto.Numero;
-    }
-    return 0;
 }
 
 void Prendi()
@@ -124,8 +114,8 @@ void TestTrasmissioni::allaFine()
 {
     SalvaImpostazione(chiavi::ProgTrasm.toString(), QString::number(UltimoProgTrasm - 1));
     QCOMPARE(PrendiTrasmissione(), UltimoProgTrasm);
-    QCOMPARE(NumeroDi(Prendi), 1000);
-    QCOMPARE(NumeroDi(Guarda), 1000);
+    QCOMPARE(NumeroErrore(Prendi), 1000);
+    QCOMPARE(NumeroErrore(Guarda), 1000);
     QCOMPARE(Impostazione(chiavi::ProgTrasm.toString()), QString::number(UltimoProgTrasm));
 }
 
@@ -141,8 +131,8 @@ void TestTrasmissioni::testoSbagliato()
 {
     QFETCH(QString, Testo);
     SalvaImpostazione(chiavi::ProgTrasm.toString(), Testo);
-    QCOMPARE(NumeroDi(Prendi), 1000);
-    QCOMPARE(NumeroDi(Guarda), 1000);
+    QCOMPARE(NumeroErrore(Prendi), 1000);
+    QCOMPARE(NumeroErrore(Guarda), 1000);
     QCOMPARE(Impostazione(chiavi::ProgTrasm.toString()), Testo);
 }
 
@@ -154,7 +144,7 @@ void TestTrasmissioni::nonSiPuoConservare()
     const QString Cartella = NuovaCartella();
     ScriviFile(Cartella + u"Calcanova"_s, "un file dove va la cartella");
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(Cartella));
-    QCOMPARE(NumeroDi(Prendi), 75);
+    QCOMPARE(NumeroErrore(Prendi), 75);
     qputenv("XDG_CONFIG_HOME", Prima);
     QCOMPARE(PrendiTrasmissione(), 8);
 }

@@ -7,7 +7,6 @@
 #include "core/parametri.h"
 #include "core/posti.h"
 #include "core/sessione.h"
-#include "platform/base/errore.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"

@@ -3,6 +3,7 @@
 
 #include "feenote/modAppunti.h"
 #include "feenote/modSpese.h"
+#include "platform/base/regionale.h"
 
 using namespace Qt::StringLiterals;
 

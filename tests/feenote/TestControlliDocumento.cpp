@@ -2,6 +2,7 @@
 #include "controlli.h"
 
 #include "feenote/modFatturaXml.h"
+#include "platform/base/regionale.h"
 
 using namespace Qt::StringLiterals;
 using enum GenereRilievo;

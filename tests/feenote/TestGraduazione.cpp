@@ -2,6 +2,7 @@
 #include "nota_prova.h"
 
 #include "feenote/modGraduazione.h"
+#include "platform/base/regionale.h"
 
 using namespace Qt::StringLiterals;
 

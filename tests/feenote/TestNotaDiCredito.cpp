@@ -6,6 +6,7 @@
 #include "feenote/modFatturaXml.h"
 #include "feenote/modStato.h"
 #include "feenote/modStorno.h"
+#include "platform/base/regionale.h"
 #include "platform/system/orologio.h"
 
 using namespace Qt::StringLiterals;

@@ -2,6 +2,7 @@
 #include "core/aperture.h"
 #include "feenote/modOfferte.h"
 #include "feenote/modSpese.h"
+#include "platform/base/regionale.h"
 #include "tariffa_prova.h"
 
 #include <QScopeGuard>
@@ -188,8 +189,8 @@ void TestOfferte::offertaAllaSuaRiga()
     const TabellaRighe Prima = Nota.xDiritti;
     QTEST(ImportoOfferto(Nota, Riga, Oggi_).has_value(), "Offerta");
     QCOMPARE(Nota.xDiritti, Prima);
-    Parcella Penale = NotaPenale();
-    QVERIFY(!ImportoOfferto(Penale, Inserisci(Penale, IDDir), Oggi_));
+    Parcella DelPenale = NotaPenale();
+    QVERIFY(!ImportoOfferto(DelPenale, Inserisci(DelPenale, IDDir), Oggi_));
 }
 
 void TestOfferte::conLaDataDiOggi()

@@ -3,6 +3,7 @@
 
 #include "feenote/modGraduazione.h"
 #include "feenote/modVariazione.h"
+#include "platform/base/regionale.h"
 #include "tariffa_prova.h"
 #include "tariffs/decreto.h"
 

@@ -2,6 +2,7 @@
 #include "nota_prova.h"
 
 #include "feenote/modSpese.h"
+#include "platform/base/regionale.h"
 
 #include <QRandomGenerator>
 

@@ -2,7 +2,7 @@
 #include "supporto/prova.h"
 
 #include "feenote/modVariazione.h"
-#include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 #include "tariffa_prova.h"
 
 using namespace Qt::StringLiterals;

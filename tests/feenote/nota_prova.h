@@ -8,6 +8,7 @@
 #include "feenote/modParametri.h"
 #include "feenote/modTotali.h"
 #include "feenote/parcella.h"
+#include "platform/base/numerierrore.h"
 #include "platform/database/database.h"
 #include "supporto/guasti.h"
 #include "supporto/prova.h"
@@ -188,6 +189,11 @@ inline QList<double> Base(const Parcella& Nota, int Riga)
 {
     return Numeri(Nota.xOnorari, Riga, {OnoBaseMedio, OnoBaseMin, OnoBaseMax});
 }
+
+/// What is asked where fees would be worked out by other parameters.
+inline const QString DomandaRicalcolo = QStringLiteral(
+    "Sono state già inserite delle prestazioni e la modifica comporterà il ricalcolo con i nuovi parametri.\n"
+    "Confermi la modifica?");
 
 /// What the error report shows.
 inline QString TestoErrore(int Numero)

@@ -4,6 +4,8 @@
 
 #include "nota_prova.h"
 
+#include "platform/base/regionale.h"
+
 // Offices of the decree's database by their number.
 constexpr int IDGiudiceDiPace55 = 101;
 constexpr int IDTribunale55 = 102;

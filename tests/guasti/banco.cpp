@@ -1,6 +1,6 @@
 #include "guasti/banco.h"
 
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "supporto/prova.h"
 
 #include <QDateTime>

@@ -3,7 +3,7 @@
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/posti.h"
+#include "platform/base/errore.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"

@@ -7,7 +7,6 @@
 #include "feenote/modParti.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
-#include "platform/base/errore.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "scimmia/gesti.h"

@@ -4,7 +4,7 @@
 #include "core/sessione.h"
 #include "feenote/file/modDescrizione.h"
 #include "feenote/file/modPosaFile.h"
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/database/database.h"
 #include "platform/kit/messaggi_qt.h"
 #include "platform/network/rete.h"

@@ -1,26 +1,25 @@
 // Failures in tests: which error a call ends in, and what it leaves open.
 #pragma once
 
-#include "platform/base/errore.h"
-
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
 #include <csignal>
+#include <functional>
 #include <sys/resource.h>
 
-/// The number of the error that the call throws, 0 when it throws none.
-template <class Funzione>
-int NumeroErrore(Funzione&& Fai)
+/// What a call throws, as the user is told it; 0 and no sentence when it throws nothing.
+struct ErroreVisto
 {
-    try {
-        Fai();
-    } catch (const Errore& E) {
-        return E.Numero;
-    }
-    return 0;
-}
+    int Numero = 0;
+    QString Descrizione;
+};
+ErroreVisto ErroreDi(const std::function<void()>& Fai);
+
+/// Its number alone, and its sentence alone.
+int NumeroErrore(const std::function<void()>& Fai);
+QString DescrizioneErroreDi(const std::function<void()>& Fai);
 
 /// How many times this process has the file open; read from the system's list (Linux).
 inline int FileAperti(const QString& File)

@@ -1,3 +1,4 @@
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 
 #include "core/sessione.h"
@@ -77,17 +78,6 @@ QList<Autorita> Enti(const QString& Categ)
 QList<ScaglioneValore> Scaglioni(const QString& Categ)
 {
     return Intero(LeggiScaglioni(Dm140, Categ));
-}
-
-template <typename Funzione>
-int NumeroErrore(Funzione Lavoro)
-{
-    try {
-        Lavoro();
-        return 0;
-    } catch (const Errore& E) {
-        return E.Numero;
-    }
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "addressbook/exchange/colonneimporta.h"
 #include "addressbook/exchange/importa.h"
 #include "feenote/file/modRecupero.h"
+#include "platform/base/errore.h"
 #include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/percorsi.h"

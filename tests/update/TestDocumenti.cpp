@@ -1,7 +1,7 @@
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 
 #include "core/sessione.h"
-#include "platform/base/errore.h"
 #include "platform/base/paginacodice.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
@@ -176,27 +176,18 @@ void TestDocumenti::elencoVuoto()
 void TestDocumenti::elencoSmisurato()
 {
     ScriviFile(Docum + u"elenco.txt"_s, QByteArray((1 << 20) + 1, '\n'));
-    try {
-        (void)ElencoDocumenti(Docum);
-        QFAIL("letto");
-    } catch (const Errore& Guasto) {
-        QCOMPARE(Guasto.Numero, 7);
-        QVERIFY2(Guasto.Descrizione.endsWith(u": "_s + Docum + u"elenco.txt"_s),
-                 qPrintable(Guasto.Descrizione));
-    }
+    const ErroreVisto Guasto = ErroreDi([&] { (void)ElencoDocumenti(Docum); });
+    QCOMPARE(Guasto.Numero, 7);
+    QVERIFY2(Guasto.Descrizione.endsWith(u": "_s + Docum + u"elenco.txt"_s), qPrintable(Guasto.Descrizione));
 }
 
 void TestDocumenti::cartellaAlPostoDellElenco()
 {
     Crea(u"buono.pdf"_s);
     CreaCartella(Docum + u"elenco.txt"_s);
-    try {
-        (void)ElencoDocumenti(Docum);
-        QFAIL("letto");
-    } catch (const Errore& Guasto) {
-        QCOMPARE(Guasto.Numero, 75);
-        QVERIFY2(Guasto.Descrizione.contains(u"elenco.txt"), qPrintable(Guasto.Descrizione));
-    }
+    const ErroreVisto Guasto = ErroreDi([&] { (void)ElencoDocumenti(Docum); });
+    QCOMPARE(Guasto.Numero, 75);
+    QVERIFY2(Guasto.Descrizione.contains(u"elenco.txt"), qPrintable(Guasto.Descrizione));
 }
 
 void TestDocumenti::senzaElenco()
@@ -329,13 +320,9 @@ void TestDocumenti::nonSiApre()
         QVERIFY(QFile::remove(Voce.File));
     ConProgramma = Programma;
     Esito = Risposta;
-    try {
-        ApriDocumento(Voce);
-        QFAIL("aperto");
-    } catch (const Errore& Guasto) {
-        QCOMPARE(Guasto.Numero, Numero);
-        QCOMPARE(Guasto.Descrizione, Frase);
-    }
+    const ErroreVisto Guasto = ErroreDi([&] { ApriDocumento(Voce); });
+    QCOMPARE(Guasto.Numero, Numero);
+    QCOMPARE(Guasto.Descrizione, Frase);
     QCOMPARE(Aperti.size(), Risposta != 0 ? 1 : 0);
 }
 

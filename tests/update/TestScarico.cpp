@@ -1,6 +1,8 @@
 // What is done with an update: nothing is used that was not checked, and what is in use stays until then.
 #include "banco.h"
 
+#include "platform/base/numerierrore.h"
+
 #include <QFileInfo>
 #include <QProcess>
 
@@ -32,14 +34,6 @@ private Q_SLOTS:
     void archivioMancante();
     void archivioInUso();
     void dueAllaVolta();
-    void programma_data();
-    void programma();
-    void programmaSenzaElenco();
-    void programmaScaricatoPrima();
-    void programmaVecchio();
-    void gliAltriInstallatoriVannoVia();
-    void difettoPrimaDellAvvio();
-    void quantoScaricare();
     void uccisoDuranteIlTrasferimento();
     void limiti();
     void primaSulDisco_data();
@@ -52,12 +46,6 @@ private:
     std::unique_ptr<BancoAggiornamenti> B;
 };
 PROVA(TestScarico);
-
-namespace {
-
-const QString FirmaNonValida = u"firma non valida"_s;
-
-}  // namespace
 
 void TestScarico::init()
 {
@@ -402,113 +390,6 @@ void TestScarico::dueAllaVolta()
     QVERIFY(ScaricaTassi(Trovato).Riuscito());
     QCOMPARE(LeggiFile(Altro), "meta'"_ba);
     QVERIFY(Provvisorio(u"x"_s) != Provvisorio(u"x"_s));
-}
-
-// ---- the program --------------------------------------------------------------------------------
-
-void TestScarico::programma_data()
-{
-    QTest::addColumn<QStringList>("Elenco");
-    QTest::addColumn<QString>("Nome");
-
-    const QString Exe = u"upgrade3.0.15.exe"_s;
-    const QString Deb = u"upgrade3.0.15.deb"_s;
-    QTest::newRow("one for each system")
-        << QStringList{Exe, Deb} << u"upgrade3.0.15"_s + EstensioneInstallatore();
-    QTest::newRow("one for the other system") << QStringList{Exe} << Exe;
-}
-
-void TestScarico::programma()
-{
-    QFETCH(QStringList, Elenco);
-    QFETCH(QString, Nome);
-    for (const QString& Uno : Elenco)
-        B->Posa(Uno, "installatore " + Uno.toLatin1());
-    B->Annunciate(SoloProgramma);
-    B->Firmate();
-    const Annuncio Trovato = B->Controllato(B->Cartella());
-    QCOMPARE(NomeInstallatore(Trovato), Nome);
-    const EsitoScarico Esito = ScaricaProgramma(Trovato);
-    QCOMPARE(Esito.Dettaglio, QString());
-    QCOMPARE(Esito.File, CartellaUpgrade() + Nome);
-    QCOMPARE(LeggiFile(Esito.File), "installatore " + Nome.toLatin1());
-    // Nobody else may put a file there.
-    QCOMPARE(QFileInfo(CartellaUpgrade()).permissions() &
-                 (QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther |
-                  QFile::WriteOther | QFile::ExeOther),
-             QFile::Permissions());
-    QCOMPARE(B->Avanzi(), QStringList());
-}
-
-void TestScarico::programmaSenzaElenco()
-{
-    ScriviFile(B->Setup() + u"upgrade3.0.15.exe"_s, "installatore");
-    B->Annunciate(SoloProgramma, false);
-    B->Firmate();
-    // Three lines name no file: only this machine is believed.
-    QCOMPARE(ScaricaProgramma(B->Controllato(B->Cartella())).Dettaglio, FirmaNonValida);
-    QVERIFY(!EsisteFile(CartellaUpgrade() + u"upgrade3.0.15.exe"_s));
-    QCOMPARE(ScaricaProgramma(B->Controllato(DalServer())).File, CartellaUpgrade() + u"upgrade3.0.15.exe"_s);
-}
-
-void TestScarico::programmaScaricatoPrima()
-{
-    const QString Nome = u"upgrade3.0.15.exe"_s;
-    B->Posa(Nome, "installatore");
-    B->Annunciate(SoloProgramma);
-    const Annuncio Trovato = B->Controllato(DalServer());
-    QVERIFY(ScaricaProgramma(Trovato).Riuscito());
-    QVERIFY(ScaricaProgramma(Trovato).Riuscito());
-    QCOMPARE(B->Server.Uditi().count("/upgrade3.0.15.exe "), 1);
-    // One that was tampered with comes again.
-    ScriviFile(CartellaUpgrade() + Nome, "altro");
-    QVERIFY(ScaricaProgramma(Trovato).Riuscito());
-    QCOMPARE(LeggiFile(CartellaUpgrade() + Nome), "installatore"_ba);
-}
-
-void TestScarico::programmaVecchio()
-{
-    B->Posa(u"upgrade3.0.13.exe"_s, "installatore");
-    B->Annunciate("versione=[3.0.13]\n01/12/2026\nnota=");
-    B->Firmate();
-    QCOMPARE(ScaricaProgramma(B->Controllato(DalServer())).Dettaglio,
-             u"la versione non è più recente di quella in uso"_s);
-    QVERIFY(!EsisteCartella(CartellaUpgrade()));
-}
-
-void TestScarico::gliAltriInstallatoriVannoVia()
-{
-    CreaCartella(CartellaUpgrade());
-    for (const QString& Vecchio : {u"upgrade3.0.12.exe"_s, u"upgrade3.0.13.deb"_s, u"appunti.txt"_s})
-        ScriviFile(CartellaUpgrade() + Vecchio, "x");
-    B->Posa(u"upgrade3.0.15.exe"_s, "installatore");
-    B->Annunciate(SoloProgramma);
-    QVERIFY(ScaricaProgramma(B->Controllato(DalServer())).Riuscito());
-    QCOMPARE(QDir(CartellaUpgrade()).entryList(QDir::Files, QDir::Name),
-             (QStringList{u"appunti.txt"_s, u"upgrade3.0.15.exe"_s}));
-}
-
-void TestScarico::difettoPrimaDellAvvio()
-{
-    const QString Nome = u"upgrade3.0.15.exe"_s;
-    B->Posa(Nome, "installatore");
-    B->Annunciate(SoloProgramma);
-    const Annuncio Trovato = B->Controllato(DalServer());
-    const EsitoScarico Esito = ScaricaProgramma(Trovato);
-    QCOMPARE(DifettoFile(Trovato, Nome, Esito.File), QString());
-    ScriviFile(Esito.File, "installatorf");
-    QCOMPARE(DifettoFile(Trovato, Nome, Esito.File), FirmaNonValida);
-    ScriviFile(Esito.File, "installatore e altro");
-    QCOMPARE(DifettoFile(Trovato, Nome, Esito.File), FirmaNonValida);
-}
-
-void TestScarico::quantoScaricare()
-{
-    B->Posa(u"tassi.dat"_s, QByteArray(1234, 'x'));
-    B->Annunciate(SoloTassi);
-    const Annuncio Trovato = B->Controllato(DalServer());
-    QCOMPARE(DaScaricare(Trovato, u"tassi.dat"_s), 1234);
-    QCOMPARE(DaScaricare(Trovato, u"altro"_s), 0);
 }
 
 // ---- the end of the program ---------------------------------------------------------------------

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "core/sessione.h"
-#include "platform/base/errore.h"
 #include "platform/database/database.h"
 #include "platform/network/firma.h"
 #include "platform/network/rete_qt.h"
@@ -143,6 +142,7 @@ inline const QByteArray SoloProgramma = "versione=[3.0.15]\n01/01/2026\nnota=";
 inline const QByteArray SoloTassi = "versione=[3.0.14]\n01/12/2026\nnota=";
 inline const QByteArray NienteDiNuovo = "versione=[3.0.14]\n01/01/2026\nnota=";
 
+inline const QString FirmaNonValida = u"firma non valida"_s;
 inline const QString SenzaConnessione = u"Errore di connessione ad Internet.\nControllare se la connessione "
                                         u"è attiva o verificare le impostazioni di "
                                         u"eventuali firewall presenti."_s;

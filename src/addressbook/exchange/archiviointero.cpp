@@ -4,6 +4,7 @@
 #include "addressbook/exchange/tabellaestranea.h"
 #include "addressbook/exchange/turnoarchivio.h"
 #include "addressbook/modRubrica.h"
+#include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/database/database.h"
 #include "platform/system/cartelle.h"

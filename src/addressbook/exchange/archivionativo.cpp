@@ -3,6 +3,7 @@
 #include "addressbook/exchange/tabellaestranea.h"
 #include "core/sessione.h"
 #include "platform/accesso/accesso.h"
+#include "platform/base/errore.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"

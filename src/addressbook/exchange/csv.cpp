@@ -1,6 +1,7 @@
 #include "addressbook/exchange/csv.h"
 
 #include "addressbook/exchange/tabellaestranea.h"
+#include "platform/base/errore.h"
 #include "platform/base/fogliocsv.h"
 #include "platform/base/regionale.h"
 

@@ -5,6 +5,7 @@
 #include "addressbook/modRubrica.h"
 #include "addressbook/modScheda.h"
 #include "core/modControlli.h"
+#include "platform/base/errore.h"
 #include "platform/base/paginacodice.h"
 #include "platform/base/regionale.h"
 #include "platform/base/testopiano.h"

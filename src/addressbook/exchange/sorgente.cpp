@@ -4,6 +4,7 @@
 #include "addressbook/exchange/colonneimporta.h"
 #include "addressbook/exchange/vcard.h"
 #include "addressbook/modScheda.h"
+#include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/database/database.h"
 #include "platform/system/file.h"

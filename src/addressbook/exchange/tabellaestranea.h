@@ -1,8 +1,6 @@
 // Rows of a file that another program has written, as text.
 #pragma once
 
-#include "platform/base/errore.h"
-
 #include <QString>
 #include <QStringList>
 
@@ -46,10 +44,11 @@ public:
             return;
         Prossimo = Fatti + Passo;
         if (!Chiedi(Fatti, Tutti))
-            throw Interrotto();
+            Ferma();
     }
 
 private:
+    [[noreturn]] static void Ferma();
     const AvanzamentoLettura& Chiedi;
     qint64 Tutti;
     qint64 Prossimo = 0;
@@ -57,10 +56,7 @@ private:
 
 /// The number of the error of a file that is not taken; its description says what is wrong with it and what
 /// to do.
-inline constexpr int NumeroFileRifiutato = errori::FileRifiutato;
+inline constexpr int NumeroFileRifiutato = 321;
 
 /// A file that is not taken: one sentence with what to do.
-[[noreturn]] inline void RifiutaFile(const QString& Frase)
-{
-    throw Errore(NumeroFileRifiutato, Frase);
-}
+[[noreturn]] void RifiutaFile(const QString& Frase);

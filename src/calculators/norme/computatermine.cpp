@@ -1,7 +1,6 @@
 #include "calculators/norme/regolenorme.h"
 #include "calculators/norme/rifiuto.h"
 #include "calculators/norme/terminiricorrenti.h"
-#include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 
 #include <algorithm>

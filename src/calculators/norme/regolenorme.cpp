@@ -3,7 +3,6 @@
 #include "calculators/norme/contributovigente.h"
 #include "calculators/norme/rifiuto.h"
 #include "calculators/norme/terminiricorrenti.h"
-#include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 
 #include <QSet>

@@ -3,6 +3,7 @@
 #include "core/modTesti.h"
 #include "platform/base/errore.h"
 #include "platform/base/nomidate.h"
+#include "platform/base/regionale.h"
 
 #include <QHash>
 

@@ -2,7 +2,6 @@
 
 #include "calculators/windows/frmUltimiCalcoli.h"
 #include "core/modErrori.h"
-#include "platform/base/errore.h"
 #include "platform/kit/appunti.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/mascheradata.h"

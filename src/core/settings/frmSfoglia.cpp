@@ -1,7 +1,6 @@
 #include "core/settings/frmSfoglia.h"
 
 #include "core/modErrori.h"
-#include "platform/base/errore.h"
 #include "platform/base/ordineitaliano.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"

@@ -5,6 +5,7 @@
 #include "core/sessione.h"
 #include "feenote/modTotali.h"
 #include "platform/accesso/accesso.h"
+#include "platform/base/regionale.h"
 #include "platform/database/database.h"
 #include "platform/database/valori.h"
 #include "platform/system/messaggi.h"

@@ -7,6 +7,7 @@
 #include "feenote/einvoice/schematipi.h"
 #include "feenote/modNumeraFattura.h"
 #include "feenote/modTotali.h"
+#include "platform/base/regionale.h"
 
 #include <algorithm>
 #include <array>

@@ -2,6 +2,7 @@
 
 #include "feenote/modAcconti.h"
 #include "feenote/modStorno.h"
+#include "platform/base/regionale.h"
 
 using namespace Qt::StringLiterals;
 

@@ -8,6 +8,7 @@
 #include "feenote/modInterruttori.h"
 #include "feenote/modVariazione.h"
 #include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 #include "platform/database/valori.h"
 
 #include <algorithm>
@@ -430,7 +431,7 @@ void LeggiParametri(const Database& File, NotaLetta& Letta)
 {
     const Recordset Riga = File.OpenRecordset(TabellaParam.toString());
     if (Riga.Eof())
-        throw Errore(errori::NessunRecord);
+        throw Errore(3021);
     for (const ColonnaParam& Colonna : Parametri) {
         QVariant Valore;
         try {

@@ -17,6 +17,7 @@
 #include "feenote/modVariazione.h"
 #include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "tariffs/modTariffe.h"
@@ -113,7 +114,7 @@ void LeggiLinee(const Database& File, QStringView Tabella, std::span<const Colon
 {
     const Recordset Righe = File.OpenRecordset(Tabella.toString());
     if (Righe.RecordCount() > MassimoRigheFile)
-        throw Errore(errori::Imprevisto, Troppe);
+        throw Errore(1000, Troppe);
     if (Righe.Eof())
         return;
     QStringList Nomi;

@@ -3,6 +3,7 @@
 #include "feenote/file/modDescrizione.h"
 #include "feenote/modTotali.h"
 #include "feenote/modVariazione.h"
+#include "platform/base/regionale.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

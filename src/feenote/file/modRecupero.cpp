@@ -66,7 +66,7 @@ void PrendiBloccoProprio()
     if (BloccoProprio() && BloccoProprio()->Percorso() == Nuovo->Percorso())
         return;
     if (Nuovo->Prendi(0) != FileBlocco::Esito::Preso)
-        throw Errore(errori::Autorizzazione);
+        throw Errore(70);
     BloccoProprio() = std::move(Nuovo);
 }
 

@@ -209,7 +209,7 @@ int ElencoTrova::Note() const
 const VoceTrova& ElencoTrova::Voce(int Riga) const
 {
     if (Riga < 0 || Riga >= Righe())
-        throw Errore(errori::Indice);
+        throw Errore(9);
     return Tutte[size_t(Mostrate[size_t(Riga)])].Voce;
 }
 

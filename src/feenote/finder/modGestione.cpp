@@ -31,7 +31,7 @@ void Informa(const QString& Testo)
 bool Concesso(const QString& File)
 {
     if (!EsisteFile(File))
-        throw Errore(errori::FileMancante);
+        throw Errore(53);
     if (SolaLettura(File) && !Consenso(u"La parcella è un modello: procedo con l'operazione?"_s))
         return false;
     return ControllaPsw(File);
@@ -73,7 +73,7 @@ QString PercorsoNuovo(const QString& File, const QString& Digitato)
     }
     const QString Intero = Nome + EstensioneNota.toString();
     if (ByteDelNome(Intero) > MassimoNomeNota)
-        throw Errore(errori::NomeNonValido);
+        throw Errore(52);
     const QString Nuovo = CartellaFile(File) + Intero;
     if (AltroFile(File, Nuovo)) {
         MsgErrore(u"La parcella "_s + Intero + u" non può essere sovrascritta!"_s);

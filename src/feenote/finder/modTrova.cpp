@@ -242,7 +242,7 @@ ContoTrova CamminoTrova::TrovaParc(const QString& Cartella)
         }
     }
     if (!Conto.Interrotta && !EsisteCartella(Prima))
-        throw Errore(errori::PercorsoMancante);
+        throw Errore(76);
     return Conto;
 }
 

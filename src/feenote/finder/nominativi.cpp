@@ -19,7 +19,7 @@ void Nominativi::SeguiArchivio()
     if (Guardato)
         return;
     Guardato = true;
-    NonLetto.reset();
+    NonLetto = nullptr;
     const QFileInfo Info(PercorsoNativo(FileRubrica(sessione::ArchivioCliCon)));
     const qint64 Ora = Info.lastModified().toMSecsSinceEpoch();
     Assente = !Info.isFile();
@@ -53,8 +53,8 @@ QString Nominativi::Nome(Tabella& Da, int Chiave)
         const QString Letto =
             Vai(Da, Chiave) ? CStr(Da.Righe.Value(u"Nominativo"_s)).simplified() : QString();
         return *Da.Trovati.insert(Chiave, Letto);
-    } catch (const Errore& Trovato) {
-        NonLetto = Trovato;
+    } catch (const Errore&) {
+        NonLetto = std::current_exception();
         Assente = true;  // asked no more: an archive that somebody keeps locked is waited for at each key
         return {};
     }
@@ -85,11 +85,17 @@ CodiciCliente Nominativi::Codici(int IDCli)
             Letti = {CStr(Clienti.Righe.Value(u"CodFis"_s)).simplified(),
                      CStr(Clienti.Righe.Value(u"PIva"_s)).simplified()};
         return *CodiciTrovati.insert(IDCli, Letti);
-    } catch (const Errore& Trovato) {
-        NonLetto = Trovato;
+    } catch (const Errore&) {
+        NonLetto = std::current_exception();
         Assente = true;
         return {};
     }
+}
+
+void Nominativi::PretendiLetto() const
+{
+    if (NonLetto)
+        std::rethrow_exception(NonLetto);
 }
 
 void Nominativi::Chiudi()

@@ -3,14 +3,13 @@
 
 #include "feenote/finder/modTrova.h"
 #include "feenote/finder/scadenzario.h"
-#include "platform/base/errore.h"
 #include "platform/database/recordset.h"
 
 #include <QHash>
 #include <QString>
 
 #include <array>
-#include <optional>
+#include <exception>
 
 /// Two recordsets on the session's archive, positioned by the key. They are open from the first key of a list
 /// to Chiudi; what was found is kept until the archive changes. It belongs to one thread.
@@ -22,8 +21,10 @@ public:
     void Completa(VoceTrova& Voce);
     /// Fiscal code and VAT number of a client; empty ones where the key leads nowhere or there is no archive.
     [[nodiscard]] CodiciCliente Codici(int IDCli);
-    /// Why the archive of this list could not be read; nothing while it could, or where there is none.
-    [[nodiscard]] const std::optional<Errore>& Guasto() const { return NonLetto; }
+    /// True when the archive of this list could not be read; it is there, then.
+    [[nodiscard]] bool Guasto() const { return NonLetto != nullptr; }
+    /// Throws why it could not; nothing happens while it could.
+    void PretendiLetto() const;
     /// A list is complete: nothing is open any more.
     void Chiudi();
 
@@ -47,6 +48,6 @@ private:
     qint64 Byte = -1;
     qint64 Modificata = 0;
     bool Guardato = false;  ///< the archive was looked at for this list
-    std::optional<Errore> NonLetto;
+    std::exception_ptr NonLetto;
     bool Assente = false;  ///< it is not there, or cannot be read: this list does without
 };

@@ -3,11 +3,12 @@
 #pragma once
 
 #include "feenote/finder/modTrova.h"
-#include "platform/base/errore.h"
 
 #include <memory>
 #include <optional>
 #include <vector>
+
+struct Errore;
 
 /// Begins with the object. Rows are handed over when they are asked for; only what a key means is left to
 /// whoever takes them.

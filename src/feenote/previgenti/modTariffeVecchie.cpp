@@ -1,6 +1,7 @@
 #include "feenote/previgenti/modTariffeVecchie.h"
 
 #include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 
 using namespace Qt::StringLiterals;
 
@@ -134,5 +135,5 @@ double CalcolaMinMaxDaPerc(double, const QString& Tipo, const ContestoVecchio& C
             return Totale;
         Precedente = Hi;
     }
-    throw Errore(errori::Indice);
+    throw Errore(9);
 }

@@ -13,6 +13,7 @@
 #include "feenote/windows/mostra.h"
 #include "feenote/windows/righegriglia.h"
 #include "feenote/windows/ui_SchedaAcconti.h"
+#include "platform/base/regionale.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"

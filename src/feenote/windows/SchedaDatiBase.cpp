@@ -9,6 +9,7 @@
 #include "feenote/windows/mostra.h"
 #include "feenote/windows/rigaofferta.h"
 #include "feenote/windows/ui_SchedaDatiBase.h"
+#include "platform/base/regionale.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"

@@ -13,6 +13,7 @@
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/righegriglia.h"
 #include "feenote/windows/ui_SchedaOnorari.h"
+#include "platform/base/regionale.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/annuncio.h"
 #include "platform/kit/collega.h"

@@ -27,6 +27,7 @@
 #include "feenote/windows/noteaperte.h"
 #include "feenote/windows/ui_frmParcelle.h"
 #include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"

@@ -1,6 +1,6 @@
 #include "platform/kit/shell_qt.h"
 
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/system/file.h"

@@ -44,7 +44,7 @@ private:
 
 Errore ErroreStampante()
 {
-    return Errore(errori::Stampante);
+    return {482, u"Errore della stampante"_s};
 }
 
 }  // namespace

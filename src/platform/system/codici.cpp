@@ -1,5 +1,7 @@
 #include "platform/system/codici.h"
 
+#include "platform/base/errore.h"
+
 #include <cerrno>
 
 Errore ErroreDelSistema(int Codice)

@@ -1,6 +1,6 @@
 #include "platform/system/shell.h"
 
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/system/percorsi.h"
 
 #include <QCoreApplication>

@@ -260,7 +260,7 @@ void frmWeb::cmdStampa_Click()
     if (Stampante.isValid())
         ui->Web1->Stampa(Stampante);
     if (!Stampante.isValid() || Stampante.printerState() == QPrinter::Error)
-        throw Errore(errori::Stampante);
+        throw Errore(482, u"Errore della stampante"_s);
 }
 
 void frmWeb::txtCerca_Change()

@@ -2,7 +2,7 @@
 
 #include "core/modErrori.h"
 #include "core/parametri.h"
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/annuncio.h"
 #include "platform/kit/aspetto.h"

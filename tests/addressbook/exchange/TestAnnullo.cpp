@@ -2,6 +2,7 @@
 #include "studio.h"
 
 #include "addressbook/exchange/annullo.h"
+#include "platform/base/numerierrore.h"
 #include "platform/database/connessione.h"
 #include "platform/system/guasti.h"
 #include "supporto/guasti.h"
@@ -61,13 +62,8 @@ void TestAnnullo::mentreUnAltroImporta()
     const QByteArray Dopo = S->Byte();
     {
         const CopiaDiPrima Altrui(S->File);
-        QString Detto;
-        try {
-            AnnullaImportazione(S->File);
-        } catch (const Errore& Guasto) {
-            Detto = Guasto.Descrizione;
-        }
-        QCOMPARE(Detto, u"Un altro programma sta importando nello stesso archivio: riprovare fra poco."_s);
+        QCOMPARE(DescrizioneErroreDi([&] { AnnullaImportazione(S->File); }),
+                 u"Un altro programma sta importando nello stesso archivio: riprovare fra poco."_s);
         QCOMPARE(S->Byte(), Dopo);
     }
     AnnullaImportazione(S->File);

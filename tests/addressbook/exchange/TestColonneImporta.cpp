@@ -1,5 +1,6 @@
 // Which column of a foreign file is which of the archive's.
 #include "studio.h"
+#include "supporto/guasti.h"
 
 using namespace Qt::StringLiterals;
 
@@ -235,13 +236,10 @@ void TestColonneImporta::cioCheNonEntraVaNelleNote()
 
 void TestColonneImporta::senzaLaColonnaDelNome()
 {
-    try {
-        const ComposizioneRighe Righe({u"Tel"_s}, {u"Telefono"_s}, Campi());
-        QFAIL("taken");
-    } catch (const Errore& Guasto) {
-        QCOMPARE(Guasto.Descrizione,
-                 u"Nessuna colonna del file va nel nominativo: scegliere quale contiene il nome."_s);
-    }
+    const ErroreVisto Guasto =
+        ErroreDi([&] { const ComposizioneRighe Righe({u"Tel"_s}, {u"Telefono"_s}, Campi()); });
+    QCOMPARE(Guasto.Descrizione,
+             u"Nessuna colonna del file va nel nominativo: scegliere quale contiene il nome."_s);
 }
 
 #include "TestColonneImporta.moc"

@@ -1,4 +1,5 @@
 // Rows between separators, as Italian spreadsheets write and open them.
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 
 #include "addressbook/exchange/csv.h"
@@ -33,12 +34,10 @@ namespace {
 
 QString FraseDi(const QByteArray& Byte)
 {
-    try {
-        (void)LeggiCsv(Byte);
-    } catch (const Errore& Guasto) {
-        return Guasto.Numero == NumeroFileRifiutato ? Guasto.Descrizione : QString::number(Guasto.Numero);
-    }
-    return u"letto"_s;
+    const ErroreVisto Guasto = ErroreDi([&] { (void)LeggiCsv(Byte); });
+    if (Guasto.Numero == 0)
+        return u"letto"_s;
+    return Guasto.Numero == NumeroFileRifiutato ? Guasto.Descrizione : QString::number(Guasto.Numero);
 }
 
 }  // namespace

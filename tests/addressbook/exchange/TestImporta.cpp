@@ -1,5 +1,6 @@
 // Names of a file into the archive: counted, written, and taken back.
 #include "bancoimporta.h"
+#include "supporto/guasti.h"
 
 #include "addressbook/exchange/annullo.h"
 #include "addressbook/exchange/vcard.h"
@@ -253,7 +254,7 @@ void TestImporta::nonSiAnnullaCioCheECambiato()
     Importa(Tre);
     S->Esegui(u"UPDATE clienti SET Citta='Lucca' WHERE ID=1"_s);
     const QByteArray Dopo = S->Byte();
-    QCOMPARE(Rifiuto([&] { AnnullaImportazione(S->File); }),
+    QCOMPARE(DescrizioneErroreDi([&] { AnnullaImportazione(S->File); }),
              u"Dopo l'importazione l'archivio è stato modificato: annullandola si perderebbero le modifiche, "
              u"perciò resta "
              "com'è. La copia di prima è il file \"%1.prima\"."_s.arg(S->File));
@@ -269,14 +270,15 @@ void TestImporta::nonSiAnnullaConUnaCopiaRovinata()
     QVERIFY(Copia.open(QIODevice::WriteOnly | QIODevice::Append));
     Copia.write("x");
     Copia.close();
-    QVERIFY(Rifiuto([&] { AnnullaImportazione(S->File); }).contains(u"è cambiata o rovinata"));
+    QVERIFY(DescrizioneErroreDi([&] { AnnullaImportazione(S->File); }).contains(u"è cambiata o rovinata"));
     QCOMPARE(S->Byte(), Dopo);
 }
 
 void TestImporta::nullaDaAnnullare()
 {
     QVERIFY(!UltimaImportazione(S->File));
-    QCOMPARE(Rifiuto([&] { AnnullaImportazione(S->File); }), u"Non c'è un'importazione da annullare."_s);
+    QCOMPARE(DescrizioneErroreDi([&] { AnnullaImportazione(S->File); }),
+             u"Non c'è un'importazione da annullare."_s);
     // A record without a copy, or one that is none, is no import.
     ScriviFile(S->File + u".prima.json"_s, "{\"quando\":\"2026-01-01T10:00:00\"}");
     QVERIFY(!UltimaImportazione(S->File));

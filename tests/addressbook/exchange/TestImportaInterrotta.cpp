@@ -2,6 +2,7 @@
 #include "bancoimporta.h"
 
 #include "addressbook/exchange/annullo.h"
+#include "platform/base/numerierrore.h"
 #include "platform/system/blocco.h"
 #include "platform/system/guasti.h"
 #include "platform/system/orologio.h"
@@ -200,7 +201,7 @@ void TestImportaInterrotta::cioCheUnProgrammaUccisoLascia()
     S->Esegui(u"INSERT INTO clienti (Nominativo) VALUES ('Ancora')"_s);
     const QByteArray Ora = S->Byte();
     QCOMPARE(UltimaImportazione(S->File)->Sorgente, u"nomi.csv"_s);
-    QVERIFY(Rifiuto([&] { AnnullaImportazione(S->File); }).startsWith(u"Dopo l'importazione"));
+    QVERIFY(DescrizioneErroreDi([&] { AnnullaImportazione(S->File); }).startsWith(u"Dopo l'importazione"));
     QCOMPARE(S->Byte(), Ora);
     // It goes with the next one, even one that has nothing to write.
     Importa(Tabella({{u"Nominativo"_s}, {u"Altro"_s}}));
@@ -314,7 +315,7 @@ void TestImportaInterrotta::dueProgrammiInsieme()
     {
         CopiaDiPrima Altrui(S->File);
         Altrui.Prendi();
-        QCOMPARE(Rifiuto([&] { (void)Opera.Scrivi(u"nomi.csv"_s); }),
+        QCOMPARE(DescrizioneErroreDi([&] { (void)Opera.Scrivi(u"nomi.csv"_s); }),
                  u"Un altro programma sta importando nello stesso archivio: riprovare fra poco."_s);
         QCOMPARE(S->Byte(), Prima);
         QVERIFY(QFile::exists(S->File + u".prima"_s));

@@ -2,6 +2,7 @@
 #include "addressbook/exchange/csv.h"
 #include "addressbook/exchange/tabellaestranea.h"
 #include "addressbook/exchange/vcard.h"
+#include "platform/base/errore.h"
 #include "platform/base/fogliocsv.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"

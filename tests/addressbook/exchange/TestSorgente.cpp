@@ -8,6 +8,7 @@
 #include "addressbook/exchange/notevecchie.h"
 #include "addressbook/exchange/turnoarchivio.h"
 #include "core/sessione.h"
+#include "platform/base/errore.h"
 #include "platform/system/guasti.h"
 #include "supporto/guasti.h"
 #include "supporto/scrittoreaccess.h"
@@ -59,16 +60,6 @@ private Q_SLOTS:
 PROVA(TestSorgente);
 
 namespace {
-
-QString Frase(const std::function<void()>& Fai)
-{
-    try {
-        Fai();
-    } catch (const Errore& Guasto) {
-        return Guasto.Descrizione;
-    }
-    return u"nessuna"_s;
-}
 
 /// The columns of a row that the test fills, and what stands in them.
 const QStringList Colonne{u"Nominativo"_s,  u"Indirizzo"_s, u"Cap"_s,         u"CodFis"_s, u"PIva"_s,
@@ -158,7 +149,7 @@ void TestSorgente::unFileTroppoGrande()
     const QString File = S.Scrivi(u"grande.csv"_s, "x");
     QFile Grande(File);
     QVERIFY(Grande.resize(qint64(2) << 30));
-    QCOMPARE(Frase([&] { const SorgenteNominativi Da(File); }),
+    QCOMPARE(DescrizioneErroreDi([&] { const SorgenteNominativi Da(File); }),
              u"Il file \"grande.csv\" è più grande di 64 MB: dividerlo e importarne una parte alla volta."_s);
     QVERIFY(Grande.remove());
 }
@@ -338,7 +329,7 @@ void TestSorgente::nonSiPrende()
     QFETCH(QString, File);
     const Studio S;
     const QByteArray Prima = S.Byte();
-    QTEST(Frase([&] { (void)PrendiArchivio(File, S.Cartella); }), "Detto");
+    QTEST(DescrizioneErroreDi([&] { (void)PrendiArchivio(File, S.Cartella); }), "Detto");
     QCOMPARE(S.Byte(), Prima);
     QCOMPARE(ContenutoDi(S.Cartella), QStringList{u"DatiStudio.mdb"_s});
 }
@@ -396,7 +387,7 @@ void TestSorgente::leCopieDentroLOrigine()
     // By another name it is the same folder.
     const QString Nome = NuovaCartella() + u"altra"_s;
     QVERIFY(QFile::link(S.Cartella.chopped(1), Nome));
-    QCOMPARE(Frase([&] { (void)CopiaNote(S.Cartella, Nome); }),
+    QCOMPARE(DescrizioneErroreDi([&] { (void)CopiaNote(S.Cartella, Nome); }),
              u"Le copie andrebbero nella cartella delle vecchie parcelle: sceglierne un'altra."_s);
 }
 
@@ -465,10 +456,10 @@ void TestSorgente::leCopieDiLavoro()
 void TestSorgente::leVecchieParcelleRifiutate()
 {
     const Studio S;
-    QCOMPARE(Frase([&] { (void)CopiaNote(S.Cartella, S.Cartella); }),
+    QCOMPARE(DescrizioneErroreDi([&] { (void)CopiaNote(S.Cartella, S.Cartella); }),
              u"Le copie andrebbero nella cartella delle vecchie parcelle: sceglierne un'altra."_s);
     const QString Vuota = NuovaCartella();
-    QCOMPARE(Frase([&] { (void)CopiaNote(Vuota, S.Cartella); }),
+    QCOMPARE(DescrizioneErroreDi([&] { (void)CopiaNote(Vuota, S.Cartella); }),
              u"Nella cartella \"%1\" non ci sono parcelle (file .mdb): sceglierne un'altra."_s.arg(Vuota));
 }
 
@@ -503,7 +494,7 @@ void TestSorgente::leCartelleNonGuardate()
         qPrintable(Detto));
     const QScopedValueRollback Pochi(notevecchie::MassimoFile, 1);
     const QString Altrove = NuovaCartella();
-    QCOMPARE(Frase([&] { (void)CopiaNote(S.Cartella, Altrove); }),
+    QCOMPARE(DescrizioneErroreDi([&] { (void)CopiaNote(S.Cartella, Altrove); }),
              u"Nella cartella \"%1\" ci sono più di 1 parcelle: copiare una alla volta le cartelle che "
              "contiene."_s.arg(S.Cartella));
     QCOMPARE(ContenutoDi(Altrove), QStringList());

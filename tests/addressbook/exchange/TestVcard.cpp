@@ -1,4 +1,5 @@
 // Cards of other address books, in the three versions that are about.
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 
 #include "addressbook/exchange/vcard.h"
@@ -280,13 +281,9 @@ void TestVcard::siRifiuta_data()
 void TestVcard::siRifiuta()
 {
     QFETCH(QByteArray, Byte);
-    try {
-        (void)LeggiVcard(Byte);
-        QFAIL("read");
-    } catch (const Errore& Guasto) {
-        QCOMPARE(Guasto.Numero, NumeroFileRifiutato);
-        QTEST(Guasto.Descrizione, "Frase");
-    }
+    const ErroreVisto Guasto = ErroreDi([&] { (void)LeggiVcard(Byte); });
+    QCOMPARE(Guasto.Numero, NumeroFileRifiutato);
+    QTEST(Guasto.Descrizione, "Frase");
 }
 
 #include "TestVcard.moc"

@@ -33,14 +33,5 @@ protected:
         QVERIFY(Opera.Prepara());
         QVERIFY(Opera.Scrivi(QStringLiteral("nomi.csv")));
     }
-    static QString Rifiuto(const std::function<void()>& Fai)
-    {
-        try {
-            Fai();
-        } catch (const Errore& Guasto) {
-            return Guasto.Descrizione;
-        }
-        return QStringLiteral("nessuno");
-    }
     std::unique_ptr<Studio> S;
 };

@@ -2,7 +2,7 @@
 #include "archivio.h"
 
 #include "addressbook/windows/frmScheda.h"
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/database/connessione.h"
 #include "platform/system/guasti.h"
 

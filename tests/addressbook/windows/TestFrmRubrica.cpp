@@ -3,7 +3,7 @@
 
 #include "addressbook/windows/frmRicerche.h"
 #include "addressbook/windows/frmScheda.h"
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/system/file.h"
 
 #include <QFile>

@@ -4,7 +4,7 @@
 #include "addressbook/windows/frmRicerche.h"
 #include "addressbook/windows/frmScheda.h"
 #include "archivio.h"
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/database/connessione.h"
 #include "platform/system/guasti.h"
 

@@ -1,5 +1,6 @@
 // Terms by the norms in force, worked out by hand: each rule, and both sides of each day from which it holds.
 #include "banconorme.h"
+#include "supporto/guasti.h"
 
 #include "calculators/norme/terminiricorrenti.h"
 
@@ -300,7 +301,8 @@ void TestComputaTermine::rifiuti()
     QFETCH(int, Numero);
     QFETCH(int, Tipo);
     QFETCH(QString, Scelte);
-    QTEST(Frase([&] { (void)ComputaTermine(NormeConsegnate(), Chiedi(Da, Numero, Tipo, Scelte)); }),
+    QTEST(DescrizioneErroreDi(
+              [&] { (void)ComputaTermine(NormeConsegnate(), Chiedi(Da, Numero, Tipo, Scelte)); }),
           "Attesa");
 }
 
@@ -325,14 +327,14 @@ void TestComputaTermine::materiaRisparmiata()
     QCOMPARE(DescrizionePasso(Avuto.Passi[1]), u"Senza sospensione feriale: Lavoro e previdenza"_s);
     QCOMPARE(NormaPasso(Avuto.Passi[1]), u"L. 742/1969, art. 3"_s);
     Chiesto.Materia = u"pesca"_s;
-    QCOMPARE(Frase([&] { (void)ComputaTermine(NormeConsegnate(), Chiesto); }),
+    QCOMPARE(DescrizioneErroreDi([&] { (void)ComputaTermine(NormeConsegnate(), Chiesto); }),
              u"Nessuna materia risparmiata dalla sospensione si chiama «pesca»"_s);
     Chiesto.Materia = u"cautelare amministrativo"_s;
     Chiesto.Decorrenza = {2010, 9, 15};
-    QCOMPARE(Frase([&] { (void)ComputaTermine(NormeConsegnate(), Chiesto); }),
+    QCOMPARE(DescrizioneErroreDi([&] { (void)ComputaTermine(NormeConsegnate(), Chiesto); }),
              u"Processo amministrativo, fase cautelare: la norma vale dal 16/09/2010"_s);
     Chiesto.Decorrenza = {2010, 9, 16};
-    QCOMPARE(Frase([&] { (void)ComputaTermine(NormeConsegnate(), Chiesto); }), QString());
+    QCOMPARE(DescrizioneErroreDi([&] { (void)ComputaTermine(NormeConsegnate(), Chiesto); }), QString());
 }
 
 void TestComputaTermine::catalogo_data()
@@ -391,7 +393,8 @@ void TestComputaTermine::tuttoIlCatalogo()
         const QDate Evento = Termine.Quando.Al.isValid()    ? Termine.Quando.Al
                              : Termine.Quando.Dal.isValid() ? std::max(Termine.Quando.Dal, QDate(2026, 3, 2))
                                                             : QDate(2026, 3, 2);
-        const QString Detto = Frase([&] { (void)ComputaRicorrente(NormeConsegnate(), Termine, Evento); });
+        const QString Detto =
+            DescrizioneErroreDi([&] { (void)ComputaRicorrente(NormeConsegnate(), Termine, Evento); });
         if (Termine.Regola) {
             ++Regole;
             QCOMPARE(Detto, Termine.Codice + u" è una regola, non un termine da contare"_s);
@@ -525,7 +528,7 @@ void TestComputaTermine::vigenze()
     QFETCH(QDate, Evento);
     QFETCH(QDate, Inizio);
     QString Note;
-    QString Detto = Frase([&] {
+    QString Detto = DescrizioneErroreDi([&] {
         const auto Avuto =
             ComputaRicorrente(NormeConsegnate(), *TrovaTermine(NormeConsegnate(), Codice), Evento, {},
                               Inizio.isValid() ? std::optional(Inizio) : std::nullopt);
@@ -551,7 +554,9 @@ void TestComputaTermine::programmaAllaLettera()
     // The folder of the program is asked for nothing.
     sessione::PercorsoProg = NuovaCartella();
     QCOMPARE(ComputaTermine(InsiemeNorme::Programma, Estate), Avuto);
-    QVERIFY(Frase([&] { (void)ComputaTermine(InsiemeNorme::Vigenti, Estate); }).startsWith(u"Norme.mdb: "));
+    QVERIFY(DescrizioneErroreDi([&] {
+                (void)ComputaTermine(InsiemeNorme::Vigenti, Estate);
+            }).startsWith(u"Norme.mdb: "));
 }
 
 void TestComputaTermine::testoDaCopiare()

@@ -1,5 +1,6 @@
 // The filing fee by the day of filing: worked cases on both sides of each day, and random ones a second time.
 #include "banconorme.h"
+#include "supporto/guasti.h"
 
 #include "calculators/modContributo.h"
 #include "calculators/norme/contributovigente.h"
@@ -211,7 +212,7 @@ void TestContributoVigente::rifiuti()
     QFETCH(QDate, Deposito);
     QFETCH(QString, Scelte);
     QFETCH(double, Valore);
-    QTEST(Frase([&] {
+    QTEST(DescrizioneErroreDi([&] {
               (void)ContributoVigente(NormeConsegnate(),
                                       Chiedi(Procedimento, Deposito, Scelte,
                                              std::isnan(Valore) ? std::nullopt : std::optional(Valore)));
@@ -263,7 +264,7 @@ void TestContributoVigente::perCiascuno()
     QCOMPARE(Esito(Chiesto), u"1800.00, minimo 43.00"_s);
     for (const int Quanti : {0, -1, 10000}) {
         Chiesto.Ricorrenti = Quanti;
-        QCOMPARE(Frase([&] { (void)Esito(Chiesto); }),
+        QCOMPARE(DescrizioneErroreDi([&] { (void)Esito(Chiesto); }),
                  u"Cittadinanza italiana, per ricorrente: il numero va da 1 a 9999"_s);
     }
 }
@@ -275,14 +276,14 @@ void TestContributoVigente::procedimenti()
     QCOMPARE(Tutti.first().Codice, u"civile"_s);
     QVERIFY(Tutti.first().AValore && Tutti.first().ConGradi && !Tutti.first().PerCiascuno);
     for (const ProcedimentoContributo& Uno : Tutti) {
-        const QString Detto = Frase([&] {
+        const QString Detto = DescrizioneErroreDi([&] {
             (void)ContributoVigente(NormeConsegnate(), Chiedi(Uno.Codice, {2026, 11, 21}, {}, 100.0));
         });
         QVERIFY2(Detto.isEmpty(), qPrintable(Detto));
         RichiestaContributo ConNotifiche = Chiedi(Uno.Codice, {2026, 11, 21}, u"n"_s, 100.0);
         QCOMPARE(ContributoVigente(NormeConsegnate(), ConNotifiche).AggiunteEuro,
                  Uno.ConNotifiche ? 27.0 : 0.0);
-        const bool Rifiutato = !Frase([&] {
+        const bool Rifiutato = !DescrizioneErroreDi([&] {
                                     (void)ContributoVigente(
                                         NormeConsegnate(), Chiedi(Uno.Codice, {2026, 11, 21}, u"i"_s, 100.0));
                                 }).isEmpty();

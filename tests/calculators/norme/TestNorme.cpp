@@ -1,5 +1,6 @@
 // The set of norms: each on both sides of its first and last day, and files that are not the delivered one.
 #include "banconorme.h"
+#include "supporto/guasti.h"
 
 #include "calculators/norme/contributovigente.h"
 #include "calculators/norme/terminiricorrenti.h"
@@ -208,7 +209,7 @@ void TestNorme::rilettura()
     const auto Prime = NormeVigenti();
     QCOMPARE(NormeVigenti(), Prime);
     sessione::PercorsoProg = NuovaCartella();
-    QVERIFY(Frase([] { (void)NormeVigenti(); }).startsWith(u"Norme.mdb: "));
+    QVERIFY(DescrizioneErroreDi([] { (void)NormeVigenti(); }).startsWith(u"Norme.mdb: "));
     QCOMPARE(Prime->NoteFinoAl(), QDate(2026, 11, 21));
     sessione::PercorsoProg = ProgrammaDiProva();
     QCOMPARE(NormeVigenti()->NoteFinoAl(), QDate(2026, 11, 21));
@@ -217,7 +218,7 @@ void TestNorme::rilettura()
 void TestNorme::mancante()
 {
     QCOMPARE(
-        Frase([] { const Norme Nessuna(NuovaCartella() + u"Norme.mdb"_s); }),
+        DescrizioneErroreDi([] { const Norme Nessuna(NuovaCartella() + u"Norme.mdb"_s); }),
         u"Norme.mdb: il file manca nella cartella del programma; le norme in vigore non si possono usare"_s);
 }
 
@@ -240,7 +241,7 @@ void TestNorme::guasti()
     QFETCH(QByteArray, Contenuto);
     const QString File = NuovaCartella() + u"Norme.mdb"_s;
     ScriviFile(File, Contenuto);
-    const QString Detto = Frase([&] { const Norme Lette(File); });
+    const QString Detto = DescrizioneErroreDi([&] { const Norme Lette(File); });
     QVERIFY2(Detto.startsWith(u"Norme.mdb: il file è danneggiato o modificato ("), qPrintable(Detto));
     QVERIFY2(Detto.endsWith(u"); le norme in vigore non si possono usare"), qPrintable(Detto));
 }
@@ -265,7 +266,7 @@ void TestNorme::ritocchi()
 {
     QFETCH(QString, Sql);
     const QString File = NormeRitoccate(Sql, false);
-    QCOMPARE(Frase([&] { const Norme Lette(File); }),
+    QCOMPARE(DescrizioneErroreDi([&] { const Norme Lette(File); }),
              u"Norme.mdb: il file è danneggiato o modificato (il contenuto non è quello consegnato); "
              "le norme in vigore non si possono usare"_s);
 }
@@ -339,7 +340,7 @@ void TestNorme::ritocchiRisigillati()
     QFETCH(QString, Sql);
     QFETCH(QString, Motivo);
     const QString File = NormeRitoccate(Sql, !Sql.startsWith(u"DROP"));
-    const QString Detto = Frase([&] { const Norme Lette(File); });
+    const QString Detto = DescrizioneErroreDi([&] { const Norme Lette(File); });
     QVERIFY2(Detto.startsWith(u"Norme.mdb: il file è danneggiato o modificato ("), qPrintable(Detto));
     QVERIFY2(Detto.contains(Motivo), qPrintable(Detto));
 }

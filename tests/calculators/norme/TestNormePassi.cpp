@@ -1,6 +1,7 @@
 // The terms a second time, day by day, by the norms in these tests' own words, and compared with the program
 // on random cases under both sets; and what a road has to be, whatever the case.
 #include "banconorme.h"
+#include "supporto/guasti.h"
 
 #include "calculators/norme/terminiricorrenti.h"
 
@@ -377,7 +378,7 @@ void TestNormePassi::ricorrenti()
         const QDate Attesa =
             Termine.Regola ? QDate() : ScadenzaDi(Termine, Termine.Quantita, Quando, Cominciato);
         QDate Avuta;
-        (void)Frase(
+        (void)DescrizioneErroreDi(
             [&] { Avuta = ComputaRicorrente(NormeConsegnate(), Termine, Quando, {}, Cominciato).Scadenza; });
         if (Avuta != Attesa)
             QFAIL(qPrintable(u"%1 dal %2, inizio %3: %4, non %5"_s.arg(
@@ -414,7 +415,7 @@ void TestNormePassi::catene()
         if (!Attese.last().isValid())
             Attese.clear();
         QList<QDate> Avute;
-        (void)Frase([&] {
+        (void)DescrizioneErroreDi([&] {
             for (const ScadenzaCatena& Una : ComputaCatena(NormeConsegnate(), Catena, Quando, {}, Cominciato))
                 Avute << Una.Esito.Scadenza;
         });

@@ -5,7 +5,6 @@
 
 #include "calculators/norme/norme.h"
 #include "core/sessione.h"
-#include "platform/base/errore.h"
 #include "platform/database/database.h"
 
 /// The norms as just built.
@@ -35,18 +34,6 @@ inline QString NormeRitoccate(const QString& Sql, bool ConSigillo)
         Db.Annota(Note);
     }
     return File;
-}
-
-/// What is said instead of a result; empty when nothing is refused.
-template <class Opera>
-QString Frase(Opera Cosa)
-{
-    try {
-        Cosa();
-        return {};
-    } catch (const Errore& Guasto) {
-        return Guasto.Descrizione;
-    }
 }
 
 /// How many random cases: a selection, or what CALCANOVA_CASI asks for.

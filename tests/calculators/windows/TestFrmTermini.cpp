@@ -1,6 +1,8 @@
 // The form of the terms, used with keys and mouse.
 #include "bancofrmtermini.h"
 
+#include "platform/base/numerierrore.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -3,7 +3,7 @@
 
 #include "bancotermini.h"
 
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 
 #include <memory>
 

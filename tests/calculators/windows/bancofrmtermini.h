@@ -4,7 +4,6 @@
 #include "bancotermini.h"
 #include "calculators/windows/frmTermini.h"
 #include "core/aperture.h"
-#include "platform/base/errore.h"
 #include "platform/kit/aspetto.h"
 
 #include <memory>

@@ -30,11 +30,10 @@ void ScriviVecchia(const QString& File)
 
 bool Aperta(const QString& File)
 {
-    try {
-        return EsisteCampo(File, u"ParcellaParam"_s, u"SpeseGen"_s);
-    } catch (const Errore&) {
-        return false;  // it is being written to just now
-    }
+    bool Trovata = false;
+    // An error is no matter: it is being written to just now.
+    (void)NumeroErrore([&] { Trovata = EsisteCampo(File, u"ParcellaParam"_s, u"SpeseGen"_s); });
+    return Trovata;
 }
 
 bool InAscolto()

@@ -3,7 +3,7 @@
 #include "core/aperture.h"
 #include "core/app/avvio.h"
 #include "core/app/paginaavviso.h"
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/system/aparte.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"

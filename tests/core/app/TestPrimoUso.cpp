@@ -1,7 +1,7 @@
 #include "scena.h"
 
 #include "core/app/primouso.h"
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/database/database.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"

@@ -5,7 +5,6 @@
 #include "core/aperture.h"
 #include "core/app/apritori.h"
 #include "core/modErrori.h"
-#include "platform/base/errore.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
 #include "platform/system/percorsi.h"

@@ -5,6 +5,7 @@
 #include "core/app/apritori.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
+#include "platform/base/regionale.h"
 #include "platform/grid/griglia.h"
 #include "platform/system/orologio.h"
 #include "supporto/mani.h"

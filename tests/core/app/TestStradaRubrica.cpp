@@ -11,6 +11,7 @@
 #include "core/posti.h"
 #include "feenote/finder/windows/frmTrovaParcella.h"
 #include "feenote/windows/tavolo.h"
+#include "platform/base/numerierrore.h"
 #include "platform/preview/vistastampa.h"
 #include "platform/system/file.h"
 #include "supporto/altroprogramma.h"

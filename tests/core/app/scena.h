@@ -16,7 +16,7 @@
 #include "core/modIcone.h"
 #include "core/sessione.h"
 #include "core/settings/frmSetup.h"
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/kit/singola.h"
 #include "platform/system/aparte.h"
 #include "platform/system/file.h"

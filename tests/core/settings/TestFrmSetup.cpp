@@ -1,5 +1,4 @@
 #include "core/app/scena.h"
-#include "platform/base/errore.h"
 
 #include <QLineEdit>
 #include <QScreen>

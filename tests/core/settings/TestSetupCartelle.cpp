@@ -1,7 +1,7 @@
 #include "core/settings/tavolosetup.h"
 
 #include "core/settings/frmSfoglia.h"
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "supporto/cartellaferma.h"
 
 #include <QCheckBox>

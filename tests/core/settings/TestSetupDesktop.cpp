@@ -4,7 +4,7 @@
 #include "core/modAspetto.h"
 #include "core/settings/anteprimasfondo.h"
 #include "core/settings/frmIcons.h"
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/grid/griglia.h"
 #include "platform/system/guasti.h"
 #include "platform/system/profilo.h"

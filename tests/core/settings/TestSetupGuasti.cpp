@@ -1,5 +1,6 @@
 // The save of the settings when the disk does not take what it writes.
 #include "core/settings/tavolosetup.h"
+#include "platform/base/numerierrore.h"
 #include "supporto/guasti.h"
 
 #include "platform/grid/griglia.h"

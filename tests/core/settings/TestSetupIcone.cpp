@@ -2,7 +2,6 @@
 
 #include "core/desktop/iconastudio.h"
 #include "core/settings/frmIcons.h"
-#include "platform/base/errore.h"
 #include "platform/grid/griglia.h"
 
 #include <QTimer>

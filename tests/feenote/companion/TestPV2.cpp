@@ -4,7 +4,7 @@
 #include "compagna/archivio.h"
 #include "feenote/companion/modPV2.h"
 #include "platform/accesso/accesso.h"
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/shell.h"
@@ -345,12 +345,9 @@ void TestPV2::archivioDiAccess()
     SalvaFatturaPV2(Contatore);
     QCOMPARE(LeggiFile(File), Prima);
     QCOMPARE(ApriArchivio(File).OpenRecordset(u"Fatture"_s).RecordCount(), 1);
-    try {
-        ApriArchivio(File).Execute(u"UPDATE Fatture SET CorriF=0"_s);
-        QFAIL("written");
-    } catch (const Errore& Fallito) {
-        QCOMPARE(Fallito.Numero, errori::DatabaseSolaLettura);
-    }
+    const ErroreVisto Fallito =
+        ErroreDi([&] { ApriArchivio(File).Execute(u"UPDATE Fatture SET CorriF=0"_s); });
+    QCOMPARE(Fallito.Numero, errori::DatabaseSolaLettura);
 }
 
 void TestPV2::archivioGuasto_data()

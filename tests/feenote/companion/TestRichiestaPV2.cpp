@@ -2,7 +2,7 @@
 #include "supporto/registratore.h"
 
 #include "feenote/companion/modRichiesta.h"
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 
 using namespace Qt::StringLiterals;
 

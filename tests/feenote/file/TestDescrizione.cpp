@@ -6,7 +6,7 @@
 #include "feenote/file/modLettura.h"
 #include "feenote/file/modPosaFile.h"
 #include "feenote/modVariazione.h"
-#include "platform/base/errore.h"
+#include "platform/base/regionale.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -35,21 +35,9 @@ QJsonObject Oggetto(const QByteArray& Testo)
     return QJsonDocument::fromJson(Testo).object();
 }
 
-/// The refusal of a description: number and text; 0 when it is accepted.
-struct Esito
+ErroreVisto Prova(const QByteArray& Descrizione)
 {
-    int Numero = 0;
-    QString Testo;
-};
-
-Esito Prova(const QByteArray& Descrizione)
-{
-    try {
-        (void)CreaDaDescrizione(Descrizione);
-    } catch (const Errore& Guasto) {
-        return {Guasto.Numero, Guasto.Descrizione};
-    }
-    return {};
+    return ErroreDi([&] { (void)CreaDaDescrizione(Descrizione); });
 }
 
 }  // namespace
@@ -365,9 +353,9 @@ void TestDescrizione::rifiuti()
     QFETCH(QString, Campo);
     const Studio Ufficio;
     Registratore Messaggi;
-    const Esito Rifiuto = Prova(Json(Dati));
+    const ErroreVisto Rifiuto = Prova(Json(Dati));
     QTEST(Rifiuto.Numero, "Numero");
-    QVERIFY2(Rifiuto.Testo.startsWith(u"Campo "_s + Campo + u": "_s), qPrintable(Rifiuto.Testo));
+    QVERIFY2(Rifiuto.Descrizione.startsWith(u"Campo "_s + Campo + u": "_s), qPrintable(Rifiuto.Descrizione));
 }
 
 void TestDescrizione::nonJson_data()
@@ -396,8 +384,8 @@ void TestDescrizione::numeroOltreOgniMisura()
 {
     const Studio Ufficio;
     Registratore Messaggi;
-    const Esito Rifiuto = Prova(R"({"categoria": "CIV", "autorita": 2, "valore": 1e400})");
-    QVERIFY2(Rifiuto.Numero == 6 || Rifiuto.Numero == 321, qPrintable(Rifiuto.Testo));
+    const ErroreVisto Rifiuto = Prova(R"({"categoria": "CIV", "autorita": 2, "valore": 1e400})");
+    QVERIFY2(Rifiuto.Numero == 6 || Rifiuto.Numero == 321, qPrintable(Rifiuto.Descrizione));
 }
 
 void TestDescrizione::descrizioniLunghe()
@@ -408,9 +396,10 @@ void TestDescrizione::descrizioniLunghe()
         const QJsonObject Riga{{u"voce"_s, 999}, {u"descrizione"_s, QString(Caratteri, u'x')}};
         return Json(DatiCivili({{u"onorari"_s, QJsonArray{Riga}}}));
     };
-    const Esito Rifiuto = Prova(Con(10'000));
+    const ErroreVisto Rifiuto = Prova(Con(10'000));
     QCOMPARE(Rifiuto.Numero, 3163);
-    QVERIFY2(Rifiuto.Testo.startsWith(u"Campo onorari[0].descrizione: "_s), qPrintable(Rifiuto.Testo));
+    QVERIFY2(Rifiuto.Descrizione.startsWith(u"Campo onorari[0].descrizione: "_s),
+             qPrintable(Rifiuto.Descrizione));
     // What is accepted is saved, cut as every description is.
     const Parcella Nota = CreaDaDescrizione(Con(255));
     ScriviNota(Ufficio.File(u"nota.mdb"_s), Nota);
@@ -489,8 +478,8 @@ void TestDescrizione::gliEsempiSiLeggono()
     for (const QString& Nome : {u"civile"_s, u"penale"_s, u"stragiudiziale"_s, u"tribunale55"_s}) {
         QFile Esempio(SorgenteDiProva(u"dati/esempi/"_s) + Nome + u".json"_s);
         QVERIFY2(Esempio.open(QIODevice::ReadOnly), qPrintable(Nome));
-        const Esito Letto = Prova(Esempio.readAll());
-        QVERIFY2(Letto.Numero == 0, qPrintable(Nome + u": "_s + Letto.Testo));
+        const ErroreVisto Letto = Prova(Esempio.readAll());
+        QVERIFY2(Letto.Numero == 0, qPrintable(Nome + u": "_s + Letto.Descrizione));
     }
 }
 

@@ -2,6 +2,7 @@
 #include "file_prova.h"
 
 #include "feenote/modVariazione.h"
+#include "platform/base/regionale.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,5 +1,6 @@
 #include "feenote/file/file_prova.h"
 #include "feenote/file/modMultipla.h"
+#include "platform/base/regionale.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"

@@ -5,7 +5,6 @@
 #include "feenote/file/memorianota.h"
 #include "feenote/file/modSalvataggio.h"
 #include "feenote/modStato.h"
-#include "platform/base/errore.h"
 #include "platform/system/file.h"
 
 #include <QElapsedTimer>
@@ -59,12 +58,8 @@ void TestNotaOstile::righeSenzaFine()
     Parcella Letta;
     QElapsedTimer Orologio;
     Orologio.start();
-    try {
-        CaricaDati(Letta, File);
-        QFAIL("read");
-    } catch (const Errore& Guasto) {
-        QCOMPARE(Guasto.Descrizione, u"La parcella contiene troppi dati"_s);
-    }
+    const ErroreVisto Guasto = ErroreDi([&] { CaricaDati(Letta, File); });
+    QCOMPARE(Guasto.Descrizione, u"La parcella contiene troppi dati"_s);
     QVERIFY2(Orologio.elapsed() < 3000, qPrintable(QString::number(Orologio.elapsed())));
 }
 

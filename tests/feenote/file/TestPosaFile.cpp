@@ -276,17 +276,12 @@ void TestPosaFile::ilTurnoLasciatoSiDice()
     ScriviFile(Turno, DiAltraMacchina);
     QVERIFY2(!TurnoAbbandonato(File), "perhaps somebody saves there just now");
     ImpostaDataFile(Turno, QDateTime(QDate(2020, 1, 3), QTime(10, 30)));
-    try {
-        ScriviNota(File, NotaCivile());
-        QFAIL("saved under somebody else's lock");
-    } catch (const Errore& Guasto) {
-        QCOMPARE(Guasto.Numero, 3260);
-        QCOMPARE(
-            Guasto.Descrizione,
-            u"Il salvataggio è trattenuto dal file .~nota.mdb.turno, nella cartella "_s + Cartella +
-                u", lasciato dal computer segreteria il 03/01/2020 alle 10:30: se nessuno sta salvando, si "
-                u"può eliminare"_s);
-    }
+    const ErroreVisto Guasto = ErroreDi([&] { ScriviNota(File, NotaCivile()); });
+    QCOMPARE(Guasto.Numero, 3260);
+    QCOMPARE(Guasto.Descrizione,
+             u"Il salvataggio è trattenuto dal file .~nota.mdb.turno, nella cartella "_s + Cartella +
+                 u", lasciato dal computer segreteria il 03/01/2020 alle 10:30: se nessuno sta salvando, si "
+                 u"può eliminare"_s);
     QCOMPARE(ContenutoDi(Cartella), QStringList{u".~nota.mdb.turno"_s});
 }
 

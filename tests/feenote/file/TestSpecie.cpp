@@ -3,7 +3,7 @@
 #include "file_prova.h"
 
 #include "feenote/file/modScrittura.h"
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "supporto/registratore.h"
@@ -149,16 +149,12 @@ void TestSpecie::versioneNuovaIllegibile()
         OpenDatabase(File).ImpostaSpecie(0);
     const Registratore Box;
     Parcella Letta;
-    try {
-        CaricaDati(Letta, File);
-        QFAIL("it was read");
-    } catch (const Errore& Guasto) {
-        QCOMPARE(Guasto.Numero, Numero);
-        const QString Attesa = Specie ? u"La parcella è stata scritta da una versione più recente del "
-                                        "programma: per aprirla occorre aggiornarlo"_s
-                                      : DescrizioneErrore(Numero);
-        QVERIFY2(Guasto.Descrizione.startsWith(Attesa), qPrintable(Guasto.Descrizione));
-    }
+    const ErroreVisto Guasto = ErroreDi([&] { CaricaDati(Letta, File); });
+    QCOMPARE(Guasto.Numero, Numero);
+    const QString Attesa = Specie ? u"La parcella è stata scritta da una versione più recente del "
+                                    "programma: per aprirla occorre aggiornarlo"_s
+                                  : DescrizioneErrore(Numero);
+    QVERIFY2(Guasto.Descrizione.startsWith(Attesa), qPrintable(Guasto.Descrizione));
     QCOMPARE(Letta.Percorso, QString());
 }
 

@@ -1,4 +1,5 @@
 // The decree of a note in the descriptions that make it and show it.
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 
 #include "tariffa_file.h"

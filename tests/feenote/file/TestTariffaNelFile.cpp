@@ -1,4 +1,5 @@
 // The decree of a note in its file and in templates.
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 
 #include "tariffa_file.h"

@@ -1,9 +1,11 @@
 // A note whose decree's reference database is not what it was: missing, edited, without what the note names.
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 
 #include "tariffa_file.h"
 
 #include "feenote/file/modRecupero.h"
+#include "platform/system/file.h"
 
 #include <QDir>
 

@@ -6,7 +6,6 @@
 #include "feenote/file/memorianota.h"
 #include "feenote/modVariazione.h"
 #include "feenote/tariffa_prova.h"
-#include "platform/base/errore.h"
 
 constexpr int Telematici = 101;
 
@@ -30,18 +29,6 @@ inline QString Salvata(const Studio& Ufficio, const Parcella& Nota)
     const QString File = Ufficio.File(QStringLiteral("nota.mdb"));
     ScriviNota(File, Nota);
     return File;
-}
-
-/// The sentence of the failure that a procedure ends with; empty for one that comes to its end.
-template <class F>
-QString DescrizioneErroreDi(F&& Procedura)
-{
-    try {
-        Procedura();
-    } catch (const Errore& Guasto) {
-        return Guasto.Descrizione;
-    }
-    return {};
 }
 
 inline MemoriaFile MemoriaDi(const QString& File)

@@ -1,5 +1,4 @@
 #include "feenote/finder/elencotrova.h"
-#include "platform/base/errore.h"
 #include "supporto/guasti.h"
 #include "supporto/prova.h"
 

@@ -7,7 +7,6 @@
 #include "feenote/finder/nominativi.h"
 #include "feenote/modAcconti.h"
 #include "feenote/modStato.h"
-#include "platform/base/errore.h"
 #include "platform/system/orologio.h"
 
 using namespace Qt::StringLiterals;

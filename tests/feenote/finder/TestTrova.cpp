@@ -1,7 +1,6 @@
 #include "feenote/finder/finder_prova.h"
 #include "feenote/finder/memoriatrova.h"
 #include "feenote/finder/nominativi.h"
-#include "feenote/finder/ricerca.h"
 #include "platform/database/primariga.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
@@ -57,10 +56,6 @@ private Q_SLOTS:
     void frasi_data();
     void frasi();
     void nomiDiOgniScrittura();
-    void inUnFiloSuo();
-    void ilFiloSiFerma();
-    void ilGuastoDelFilo();
-    void laCartellaCheNonRisponde();
 
 private:
     QList<VoceTrova> Trova(const CriterioTrova& Criterio)
@@ -569,69 +564,6 @@ void TestTrova::nomiDiOgniScrittura()
     QCOMPARE(Voci.size(), Nomi.size());
     for (const VoceTrova& Voce : Voci)
         QCOMPARE(Voce.Cliente, Voce.Nome);
-}
-
-void TestTrova::inUnFiloSuo()
-{
-    SalvaMolte(Radice, 30);
-    RicercaNote Ricerca(Qui());
-    QList<QString> Nomi;
-    const auto Prendi = [&] {
-        for (const VoceTrova& Voce : Ricerca.Prendi())
-            Nomi += Voce.Nome;
-    };
-    QTRY_VERIFY((Prendi(), Ricerca.Finita()));
-    Prendi();
-    QCOMPARE(Nomi.size(), 30);
-    QCOMPARE(Nomi.at(2), u"2"_s);
-    QCOMPARE(Ricerca.Conto().Archivi, 30);
-    QVERIFY(!Ricerca.Conto().Interrotta && !Ricerca.Guasto());
-}
-
-void TestTrova::ilFiloSiFerma()
-{
-    SalvaMolte(Radice, 5000);  // more than are read before the stop
-    RicercaNote Ricerca(Qui());
-    size_t Prime = 0;
-    QTRY_VERIFY((Prime += Ricerca.Prendi().size()) > 0);
-    Ricerca.Ferma();
-    QVERIFY(Ricerca.Finita());
-    const auto Resto = Ricerca.Prendi();
-    QVERIFY(Ricerca.Conto().Interrotta);
-    QCOMPARE(size_t(Ricerca.Conto().Archivi), Prime + Resto.size());
-    QTest::qWait(50);
-    QVERIFY2(Ricerca.Prendi().empty(), "nothing comes behind the end");
-}
-
-void TestTrova::ilGuastoDelFilo()
-{
-    RicercaNote Ricerca({Radice + u"manca"_s, Radice, {}, false});
-    QTRY_VERIFY(Ricerca.Finita());
-    QVERIFY(Ricerca.Guasto());
-    QCOMPARE(Ricerca.Guasto()->Numero, 76);
-}
-
-/// The thread that waits is left alone; it ends by itself when the folder answers.
-void TestTrova::laCartellaCheNonRisponde()
-{
-    SalvaNota(Radice + u"ferma/uno.mdb"_s);
-    SalvaNota(Radice + u"viva/due.mdb"_s);
-    const CartellaFerma Rete(Radice + u"ferma/"_s);
-    {
-        RicercaNote Ricerca({Radice + u"ferma"_s, Radice, {}, false});
-        QTRY_VERIFY(Rete.Attesa());
-        QVERIFY(!Ricerca.Finita());
-        Ricerca.Ferma();
-        QVERIFY(Ricerca.Finita() && Ricerca.Conto().Interrotta);
-        // Another one goes on meanwhile.
-        RicercaNote Altra({Radice + u"viva"_s, Radice, {}, false});
-        QTRY_VERIFY(Altra.Finita());
-        QCOMPARE(Altra.Conto().Archivi, 1);
-        for (const VoceTrova& Voce : Ricerca.Prendi())
-            QCOMPARE(Voce.Genere, GenereVoce::Torna);
-    }
-    QVERIFY2(Rete.Attesa(), "its end has waited for nobody");
-    QVERIFY2(!AttendiLavoriAParte(0), "the end of the program knows of it");
 }
 
 #include "TestTrova.moc"

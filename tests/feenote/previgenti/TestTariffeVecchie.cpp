@@ -1,5 +1,6 @@
 // Amounts as the older tariffs encoded them.
 #include "feenote/nota_prova.h"
+#include "platform/base/regionale.h"
 
 #include "feenote/previgenti/modTariffeVecchie.h"
 

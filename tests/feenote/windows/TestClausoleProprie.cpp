@@ -2,7 +2,7 @@
 #include "stampa.h"
 
 #include "core/aperture.h"
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/document/letture.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"

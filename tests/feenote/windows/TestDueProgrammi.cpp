@@ -2,7 +2,7 @@
 #include "tavolo.h"
 
 #include "core/posti.h"
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/database/database.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"

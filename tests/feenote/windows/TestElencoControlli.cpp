@@ -3,6 +3,7 @@
 #include "bancocontrolli.h"
 
 #include "feenote/modParametri.h"
+#include "platform/base/regionale.h"
 
 #include <QAccessible>
 #include <QHelpEvent>

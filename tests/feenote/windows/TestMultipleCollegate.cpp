@@ -4,6 +4,7 @@
 #include "core/aperture.h"
 #include "core/posti.h"
 #include "feenote/windows/noteaperte.h"
+#include "platform/base/numerierrore.h"
 #include "platform/preview/stampante.h"
 #include "platform/preview/vistastampa.h"
 #include "platform/system/file.h"

@@ -1,6 +1,7 @@
 // An expense that was just inserted: its amount is open, and the one in force is offered.
 #include "feenote/modControlliNota.h"
 #include "feenote/windows/rigaofferta.h"
+#include "platform/base/regionale.h"
 #include "platform/kit/aspetto.h"
 #include "platform/system/orologio.h"
 #include "tavolo.h"

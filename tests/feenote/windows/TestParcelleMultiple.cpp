@@ -4,7 +4,7 @@
 #include "core/aperture.h"
 #include "core/posti.h"
 #include "feenote/windows/noteaperte.h"
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/preview/vistastampa.h"
 #include "platform/system/file.h"
 

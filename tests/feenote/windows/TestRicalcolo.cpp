@@ -1,6 +1,7 @@
 // The bar of lines that are older than the parameters.
 #include "tavolo.h"
 
+#include "platform/base/regionale.h"
 #include "platform/preview/vistastampa.h"
 #include "platform/system/percorsi.h"
 

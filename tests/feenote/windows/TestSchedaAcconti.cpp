@@ -1,6 +1,7 @@
 // Tab 3 by mouse and keyboard: payments on account, percentages and their switches.
 #include "core/aperture.h"
 #include "core/posti.h"
+#include "platform/base/regionale.h"
 #include "platform/kit/aspetto.h"
 #include "tavolo.h"
 

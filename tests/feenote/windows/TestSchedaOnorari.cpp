@@ -1,6 +1,7 @@
 // Tab 1 by mouse and keyboard: the catalogue, the lines taken from it, what is typed into them.
 #include "core/aperture.h"
 #include "core/posti.h"
+#include "platform/base/regionale.h"
 #include "tavolo.h"
 
 #include <QContextMenuEvent>

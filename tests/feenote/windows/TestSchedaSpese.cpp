@@ -1,5 +1,6 @@
 // Tab 2 by mouse and keyboard: expense items and the amounts typed into them.
 #include "core/posti.h"
+#include "platform/base/regionale.h"
 #include "tavolo.h"
 
 using namespace Qt::StringLiterals;

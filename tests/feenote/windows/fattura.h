@@ -5,6 +5,7 @@
 #include "addressbook/richiesta.h"
 #include "core/parametri.h"
 #include "feenote/windows/PannelloFattura.h"
+#include "platform/base/regionale.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 #include "stampa.h"

@@ -3,6 +3,7 @@
 
 #include "core/comandi.h"
 #include "core/posti.h"
+#include "platform/base/numerierrore.h"
 #include "platform/system/percorsi.h"
 #include "tavolo.h"
 

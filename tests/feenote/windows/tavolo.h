@@ -6,6 +6,7 @@
 #include "feenote/file/modRecupero.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
+#include "platform/base/regionale.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/campo.h"
 #include "supporto/mani.h"

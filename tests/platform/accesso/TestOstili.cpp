@@ -2,6 +2,7 @@
 #include "platform/accesso/accesso.h"
 #include "platform/accesso/lettore.h"
 #include "platform/base/errore.h"
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 #include "supporto/scrittoreaccess.h"
 
@@ -170,30 +171,17 @@ private Q_SLOTS:
     {
         QCOMPARE(Rifiuto().Numero, -1);  // the folder is empty
         QVERIFY(QDir().mkpath(Da));
-        try {
-            (void)ConvertiAccess(Da, A);
-            QFAIL("a folder is taken");
-        } catch (const Errore& Guasto) {
-            QCOMPARE(Guasto.Numero, errori::Accesso);
-        }
+        const ErroreVisto Guasto = ErroreDi([&] { (void)ConvertiAccess(Da, A); });
+        QCOMPARE(Guasto.Numero, errori::Accesso);
     }
 
     void doveNonSiScrive()
     {
         Scrivi(Da, Buono());
-        try {
-            (void)ConvertiAccess(Da, Cartella + u"manca/a.mdb"_s);
-            QFAIL("no folder");
-        } catch (const Errore& Guasto) {
-            QCOMPARE(Guasto.Numero, errori::CartellaMancante);
-        }
+        QCOMPARE(NumeroErrore([&] { (void)ConvertiAccess(Da, Cartella + u"manca/a.mdb"_s); }),
+                 errori::CartellaMancante);
         Scrivi(A, "mio");
-        try {
-            (void)ConvertiAccess(Da, A);
-            QFAIL("overwritten");
-        } catch (const Errore& Guasto) {
-            QCOMPARE(Guasto.Numero, errori::DatabasePresente);
-        }
+        QCOMPARE(NumeroErrore([&] { (void)ConvertiAccess(Da, A); }), errori::DatabasePresente);
         QFile Mio(A);
         QVERIFY(Mio.open(QIODevice::ReadOnly));
         QCOMPARE(Mio.readAll(), "mio");

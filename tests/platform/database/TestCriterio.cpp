@@ -1,6 +1,5 @@
 #include "supporto/prova.h"
 
-#include "platform/base/errore.h"
 #include "platform/database/criterio.h"
 #include "supporto/guasti.h"
 

@@ -1,7 +1,6 @@
 // Files that are missing, damaged, locked, foreign or hostile, and disks that are full.
 #include "supporto/prova.h"
 
-#include "platform/base/errore.h"
 #include "platform/database/criterio.h"
 #include "platform/database/database.h"
 #include "platform/system/file.h"

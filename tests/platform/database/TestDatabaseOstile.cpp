@@ -2,7 +2,6 @@
 // holds.
 #include "supporto/prova.h"
 
-#include "platform/base/errore.h"
 #include "platform/database/connessione.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
@@ -98,13 +97,9 @@ void TestDatabaseOstile::ilGiornaleCheNeNominaUnAltro()
                Numero(quint32(Nome.size())) + Numero(Somma) + Segno;
     ScriviFile(File + u"-journal"_s, Giornale);
     if (Guardato) {
-        try {
-            (void)Valore(File);
-            QFAIL("read as if nothing were there");
-        } catch (const Errore& Guasto) {
-            QCOMPARE(Guasto.Numero, 3343);
-            QVERIFY2(Guasto.Descrizione.contains(u"nota.mdb-journal"), qPrintable(Guasto.Descrizione));
-        }
+        const ErroreVisto Guasto = ErroreDi([&] { (void)Valore(File); });
+        QCOMPARE(Guasto.Numero, 3343);
+        QVERIFY2(Guasto.Descrizione.contains(u"nota.mdb-journal"), qPrintable(Guasto.Descrizione));
     } else {
         const Connessione Aperta(File, Connessione::Modo::Scrittura);
         QCOMPARE(NumeroErrore([&] { (void)Istruzione(Aperta, u"SELECT a FROM T"_s).Avanza(); }), 75);

@@ -1,6 +1,5 @@
 #include "supporto/prova.h"
 
-#include "platform/base/errore.h"
 #include "platform/database/clienti.h"
 #include "platform/database/database.h"
 #include "supporto/guasti.h"
@@ -334,13 +333,9 @@ void TestRecordset::valoriRifiutati()
     QFETCH(int, Numero);
     Recordset Righe = Db.OpenRecordset(u"Clienti"_s);
     Righe.Edit();
-    try {
-        Righe.ImpostaValue(Nome, Dato);
-        QFAIL("il valore doveva essere rifiutato");
-    } catch (const Errore& E) {
-        QCOMPARE(E.Numero, Numero);
-        QVERIFY2(E.Descrizione.endsWith(Nome), qPrintable(E.Descrizione));
-    }
+    const ErroreVisto E = ErroreDi([&] { Righe.ImpostaValue(Nome, Dato); });
+    QCOMPARE(E.Numero, Numero);
+    QVERIFY2(E.Descrizione.endsWith(Nome), qPrintable(E.Descrizione));
 }
 
 void TestRecordset::testoLungoQuantoIlCampo()

@@ -1,6 +1,5 @@
 #include "supporto/prova.h"
 
-#include "platform/base/errore.h"
 #include "platform/database/clienti.h"
 #include "platform/database/database.h"
 #include "supporto/guasti.h"

@@ -1,9 +1,9 @@
 // What a browser of many names asks of rows: their order for readers, many at once, some of them, one put
 // back.
-#include "platform/base/errore.h"
 #include "platform/base/testopiano.h"
 #include "platform/database/clienti.h"
 #include "platform/database/connessione.h"
+#include "supporto/guasti.h"
 
 using namespace Qt::StringLiterals;
 
@@ -178,12 +178,9 @@ void TestRubricaRighe::scorreAPezzi()
 void TestRubricaRighe::scorreColonnaIgnota()
 {
     const Recordset Righe = Db.OpenRecordset(u"Nomi"_s);
-    try {
-        (void)Righe.Scorri({u"Nessuna"_s}, std::nullopt, 1, [](const RigaScorsa&) {});
-        QFAIL("no error");
-    } catch (const Errore& Guasto) {
-        QCOMPARE(Guasto.Numero, 3265);
-    }
+    const ErroreVisto Guasto =
+        ErroreDi([&] { (void)Righe.Scorri({u"Nessuna"_s}, std::nullopt, 1, [](const RigaScorsa&) {}); });
+    QCOMPARE(Guasto.Numero, 3265);
 }
 
 void TestRubricaRighe::ristretteNelLoroOrdine_data()
@@ -242,12 +239,8 @@ void TestRubricaRighe::rimessaDueVolte()
 {
     Recordset Righe = Db.OpenRecordset(u"Nomi"_s);
     const QVariantList Celle = Righe.Grezza();
-    try {
-        Righe.Rimetti(Celle);
-        QFAIL("no error");
-    } catch (const Errore& Guasto) {
-        QCOMPARE(Guasto.Numero, 3022);
-    }
+    const ErroreVisto Guasto = ErroreDi([&] { Righe.Rimetti(Celle); });
+    QCOMPARE(Guasto.Numero, 3022);
     QCOMPARE(Righe.EditMode(), 0);
     QCOMPARE(Righe.RecordCount(), 9);
 }
@@ -255,12 +248,8 @@ void TestRubricaRighe::rimessaDueVolte()
 void TestRubricaRighe::rimessaInSolaLettura()
 {
     Recordset Righe = OpenDatabase(Db.Percorso(), true).OpenRecordset(u"Nomi"_s);
-    try {
-        Righe.Rimetti(Righe.Grezza());
-        QFAIL("no error");
-    } catch (const Errore& Guasto) {
-        QCOMPARE(Guasto.Numero, 3027);
-    }
+    const ErroreVisto Guasto = ErroreDi([&] { Righe.Rimetti(Righe.Grezza()); });
+    QCOMPARE(Guasto.Numero, 3027);
 }
 
 void TestRubricaRighe::laVersioneSegueLeScritture()

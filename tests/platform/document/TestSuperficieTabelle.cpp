@@ -1,3 +1,4 @@
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 
 #include "superfici.h"

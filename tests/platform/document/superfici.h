@@ -1,12 +1,9 @@
 // A surface seen by its blocks.
 #pragma once
 
-#include "platform/base/errore.h"
 #include "platform/document/superficie.h"
 
 #include <QStringList>
-
-#include <functional>
 
 namespace superfici {
 
@@ -33,17 +30,6 @@ inline QString Ricalco(const Superficie& vp)
         Righe += QStringLiteral("[%1 x %2]").arg(Tab.Righe.size()).arg(Tab.LarghezzeCm.size());
     }
     return Righe.join(u'|');
-}
-
-/// Number of the Errore that `Atto` throws, 0 when it throws none.
-inline int NumeroErrore(const std::function<void()>& Atto)
-{
-    try {
-        Atto();
-    } catch (const Errore& Guasto) {
-        return Guasto.Numero;
-    }
-    return 0;
 }
 
 inline void ApriTabella(Superficie& vp, int Righe, int Colonne)

@@ -1,6 +1,8 @@
 // What a cell of a grid takes and what it refuses, by keyboard and mouse on the real widget.
 #include "celle.h"
 
+#include "platform/base/errore.h"
+
 using namespace Qt::StringLiterals;
 
 class TestGrigliaValori : public QObject, private BancoCelle

@@ -1,7 +1,6 @@
 // A grid of four columns over three rows.
 #pragma once
 
-#include "platform/base/errore.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/collega.h"
 #include "supporto/finestre.h"

@@ -1,6 +1,7 @@
 #include "supporto/guasti.h"
 #include "supporto/prova.h"
 
+#include "platform/base/numerierrore.h"
 #include "platform/network/firma.h"
 #include "platform/system/file.h"
 #include "platform/system/shell.h"

@@ -1,9 +1,9 @@
 // The PDF as other programs read it, and the printing of single pages.
+#include "supporto/guasti.h"
 #include "supporto/pagine.h"
 #include "supporto/prova.h"
 
 #include "documenti.h"
-#include "platform/base/errore.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 
@@ -198,18 +198,13 @@ void TestImpaginazionePdf::ilFileAppareIntero()
     const QString File = NuovaCartella() + u"nota.pdf"_s;
     ScriviFile(File, "vecchio");
     guasti::LimiteFile = 100;
-    try {
-        Fatta.ScriviPdf(File, u"Prova"_s);
-        guasti::LimiteFile = 0;
-        QFAIL("a full disk was not told");
-    } catch (const Errore& Guasto) {
-        guasti::LimiteFile = 0;
-        QCOMPARE(Guasto.Numero, 61);
-    }
+    const int Numero = NumeroErrore([&] { Fatta.ScriviPdf(File, u"Prova"_s); });
+    guasti::LimiteFile = 0;
+    QCOMPARE(Numero, 61);
     QCOMPARE(LeggiFile(File), "vecchio"_ba);
     Fatta.ScriviPdf(File, u"Prova"_s);
     QVERIFY(LeggiFile(File).startsWith("%PDF-"));
-    QVERIFY_THROWS_EXCEPTION(Errore, Fatta.ScriviPdf(NuovaCartella() + u"manca/nota.pdf"_s, u"Prova"_s));
+    QVERIFY(NumeroErrore([&] { Fatta.ScriviPdf(NuovaCartella() + u"manca/nota.pdf"_s, u"Prova"_s); }) != 0);
 }
 
 void TestImpaginazionePdf::stampaAlcunePagine()
@@ -240,13 +235,11 @@ void TestImpaginazionePdf::laStampanteCheRifiuta()
 {
     const Impaginazione Fatta = TrePagine();
     QPdfWriter Sparita(NuovaCartella() + u"manca/nota.pdf"_s);
-    try {
+    const ErroreVisto Guasto = ErroreDi([&] {
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u".*"_s));
         Fatta.Stampa(Sparita, 1, 3);
-        QFAIL("a printer that is not there was not told");
-    } catch (const Errore& Guasto) {
-        QCOMPARE(Guasto.Numero, 482);
-    }
+    });
+    QCOMPARE(Guasto.Numero, 482);
 }
 
 #include "TestImpaginazionePdf.moc"

@@ -1,9 +1,9 @@
 // Printing and PDF: the dialog through the message seam, the paper through a printer that writes a file.
-#include "platform/base/errore.h"
 #include "platform/kit/messaggi_qt.h"
 #include "platform/preview/stampante.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 #include "vista_prova.h"
@@ -255,14 +255,9 @@ void TestStampante::stampanteSparita()
         return true;
     });
     QCOMPARE(PrintDialog(S.vp), 1);
-    int Numero = 0;
-    try {
-        PrintDoc(S.vp, u"prova"_s);
-    } catch (const Errore& Guasto) {
-        Numero = Guasto.Numero;
-        QVERIFY(Guasto.Descrizione.contains(u"stampante"));
-    }
-    QCOMPARE(Numero, 482);
+    const ErroreVisto Guasto = ErroreDi([&] { PrintDoc(S.vp, u"prova"_s); });
+    QCOMPARE(Guasto.Numero, 482);
+    QVERIFY(Guasto.Descrizione.contains(u"stampante"));
     QVERIFY(!QFile::exists(Uscita()));
     QCOMPARE(S.vp.CartaInUso(), Carta());
     QCOMPARE(S.vp.NumeroPagine(), 4);
@@ -279,12 +274,8 @@ void TestStampante::stampanteCheRifiuta()
     });
     QCOMPARE(PrintDialog(vp), 1);
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"QPainter|open"_s));
-    try {
-        PrintDoc(vp, u"prova"_s);
-        QFAIL("the file's folder is missing");
-    } catch (const Errore& Guasto) {
-        QCOMPARE(Guasto.Numero, 482);
-    }
+    const ErroreVisto Guasto = ErroreDi([&] { PrintDoc(vp, u"prova"_s); });
+    QCOMPARE(Guasto.Numero, 482);
 }
 
 void TestStampante::unaSceltaValePerUnaVolta()
@@ -423,12 +414,8 @@ void TestStampante::pdfRifiutato()
     Messaggi->AttendiSalva(Percorso);
     if (Percorso == Uscita())
         Messaggi->Attendi(u"Il documento stampa.pdf esiste già: si vuole sostituirlo?"_s, vbYes);
-    try {
-        EsportaPdf(vp, CartellaDiProva(), u"stampa"_s);
-        QFAIL("nothing was refused");
-    } catch (const Errore& Guasto) {
-        QCOMPARE(Guasto.Numero, Numero);
-    }
+    const ErroreVisto Guasto = ErroreDi([&] { EsportaPdf(vp, CartellaDiProva(), u"stampa"_s); });
+    QCOMPARE(Guasto.Numero, Numero);
     QCOMPARE(LeggiFile(Uscita()), "vecchio");
 }
 

@@ -2,6 +2,7 @@
 #include "supporto/guasti.h"
 #include "supporto/prova.h"
 
+#include "platform/base/numerierrore.h"
 #include "platform/system/file.h"
 #include "platform/system/fileaccanto.h"
 #include "platform/system/guasti.h"

@@ -1,7 +1,7 @@
 #include "supporto/guasti.h"
 #include "supporto/prova.h"
 
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/percorsi.h"
@@ -163,12 +163,9 @@ void TestImpostazioni::scritturaRifiutata()
 {
     // A folder stands where the file should be.
     QVERIFY(QDir().mkpath(FileDi(u"Rifiutata"_s)));
-    try {
-        SaveSetting(u"Rifiutata"_s, u"Parametri"_s, u"IVA"_s, u"22"_s);
-        QFAIL("a refused write went unnoticed");
-    } catch (const Errore& Guasto) {
-        QCOMPARE(Guasto.Numero, 75);
-    }
+    const ErroreVisto Guasto =
+        ErroreDi([&] { SaveSetting(u"Rifiutata"_s, u"Parametri"_s, u"IVA"_s, u"22"_s); });
+    QCOMPARE(Guasto.Numero, 75);
 }
 
 void TestImpostazioni::molteInsieme()
@@ -191,7 +188,7 @@ void TestImpostazioni::molteRifiutateNessunaCambia()
     QVERIFY(QFile::rename(FileDi(App), Salvato));
     QVERIFY(QDir().mkpath(FileDi(App) + u"/x"_s));
     const QList<std::pair<QString, QString>> Nuove{{u"a"_s, u"1"_s}, {u"b"_s, u"2"_s}};
-    QVERIFY_THROWS_EXCEPTION(Errore, SaveSettings(App, u"Parametri"_s, Nuove));
+    QVERIFY(NumeroErrore([&] { SaveSettings(App, u"Parametri"_s, Nuove); }) != 0);
     QVERIFY(QDir(FileDi(App)).removeRecursively());
     ScriviFile(FileDi(App), LeggiFile(Salvato) + "d=4\n");
     QCOMPARE(GetSetting(App, u"Parametri"_s, u"a"_s), u"prima"_s);
@@ -209,7 +206,7 @@ void TestImpostazioni::quelCheNonSiLeggeNonSiSovrascrive()
     SaveSetting(App, u"Parametri"_s, u"a"_s, u"prima"_s);
     QFile::setPermissions(FileDi(App), QFile::WriteOwner | QFile::WriteUser);
     QCOMPARE(GetSetting(App, u"Parametri"_s, u"a"_s, u"manca"_s), u"manca"_s);
-    QVERIFY_THROWS_EXCEPTION(Errore, SaveSetting(App, u"Parametri"_s, u"b"_s, u"1"_s));
+    QVERIFY(NumeroErrore([&] { SaveSetting(App, u"Parametri"_s, u"b"_s, u"1"_s); }) != 0);
     QFile::setPermissions(FileDi(App), QFile::ReadOwner | QFile::WriteOwner);
     QCOMPARE(GetSetting(App, u"Parametri"_s, u"a"_s), u"prima"_s);
 }
@@ -217,14 +214,10 @@ void TestImpostazioni::quelCheNonSiLeggeNonSiSovrascrive()
 void TestImpostazioni::nomeEMotivoDelRifiuto()
 {
     QVERIFY(QDir().mkpath(FileDi(u"Detta"_s)));
-    try {
-        SaveSetting(u"Detta"_s, u"Parametri"_s, u"IVA"_s, u"22"_s);
-        QFAIL("a refused write went unnoticed");
-    } catch (const Errore& Guasto) {
-        QCOMPARE(Guasto.Numero, 75);
-        QCOMPARE(Guasto.Descrizione, u"Impossibile scrivere le impostazioni nel file %1: %2"_s.arg(
-                                         FileDi(u"Detta"_s), DescrizioneErrore(75)));
-    }
+    const ErroreVisto Guasto = ErroreDi([&] { SaveSetting(u"Detta"_s, u"Parametri"_s, u"IVA"_s, u"22"_s); });
+    QCOMPARE(Guasto.Numero, 75);
+    QCOMPARE(Guasto.Descrizione, u"Impossibile scrivere le impostazioni nel file %1: %2"_s.arg(
+                                     FileDi(u"Detta"_s), DescrizioneErrore(75)));
 }
 
 /// Neither puts back what the other has changed: each reads what is there right before it writes.
@@ -259,14 +252,11 @@ void TestImpostazioni::discoPienoNelMezzo()
     const QString App = u"Pieno"_s;
     SaveSetting(App, u"Parametri"_s, u"a"_s, u"prima"_s);
     const QByteArray Prima = LeggiFile(FileDi(App));
-    bool Rifiutata = false;
-    try {
+    const int Rifiutata = NumeroErrore([&] {
         const LimiteDiScrittura Pieno{rlim_t(Byte)};
         SaveSettings(App, u"Parametri"_s, {{u"a"_s, u"1"_s}, {u"b"_s, QString(500, u'x')}});
-    } catch (const Errore&) {
-        Rifiutata = true;
-    }
-    QVERIFY(Rifiutata);
+    });
+    QVERIFY(Rifiutata != 0);
     QCOMPARE(LeggiFile(FileDi(App)), Prima);
     QCOMPARE(GetSetting(App, u"Parametri"_s, u"a"_s), u"prima"_s);
     QCOMPARE(ContenutoDi(CartellaFile(FileDi(App))).filter(u"Pieno"_s), QStringList{u"Pieno.ini"_s});

@@ -1,7 +1,6 @@
 #include "supporto/prova.h"
 
 #include "creadati/archivio_studio.h"
-#include "platform/base/errore.h"
 #include "platform/database/database.h"
 
 using namespace Qt::StringLiterals;

@@ -1,8 +1,8 @@
 // The municipalities as delivered, and the tables that creadati refuses.
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 
 #include "creadati/comuni.h"
-#include "platform/base/errore.h"
 #include "platform/database/database.h"
 #include "platform/system/file.h"
 
@@ -83,13 +83,9 @@ void TestComuniDati::giornoDellElenco()
     QCOMPARE(LeggiStatoComuni(SorgenteDiProva(u"dati/"_s)), QDate(2024, 5, 31));
     const QString Cartella = NuovaCartella();
     ScriviFile(Cartella + u"comuni_stato.csv"_s, "al\n2024-05-31\n2025-01-01\n");
-    try {
-        (void)LeggiStatoComuni(Cartella);
-        QFAIL("the table was accepted");
-    } catch (const Errore& Guasto) {
-        QCOMPARE(Guasto.Numero, 5);
-        QVERIFY2(Guasto.Descrizione.endsWith(u"occorre una riga sola"), qPrintable(Guasto.Descrizione));
-    }
+    const ErroreVisto Guasto = ErroreDi([&] { (void)LeggiStatoComuni(Cartella); });
+    QCOMPARE(Guasto.Numero, 5);
+    QVERIFY2(Guasto.Descrizione.endsWith(u"occorre una riga sola"), qPrintable(Guasto.Descrizione));
     ScriviComuni({{u"Roma"_s, u"RM"_s, u"H501"_s}}, QDate(2024, 5, 31), Cartella + u"Comuni.mdb"_s);
     QCOMPARE(OpenDatabase(Cartella + u"Comuni.mdb"_s, true).Annotazioni().value(u"Al"_s), u"31/05/2024"_s);
 }
@@ -116,13 +112,9 @@ void TestComuniDati::rifiuta()
     QFETCH(QString, Frase);
     const QString Cartella = NuovaCartella();
     ScriviFile(Cartella + u"comuni.csv"_s, "nome;provincia;codice\n" + Righe);
-    try {
-        (void)LeggiComuni(Cartella);
-        QFAIL("the table was accepted");
-    } catch (const Errore& Guasto) {
-        QCOMPARE(Guasto.Numero, 5);
-        QCOMPARE(Guasto.Descrizione, u"comuni.csv, "_s + Frase);
-    }
+    const ErroreVisto Guasto = ErroreDi([&] { (void)LeggiComuni(Cartella); });
+    QCOMPARE(Guasto.Numero, 5);
+    QCOMPARE(Guasto.Descrizione, u"comuni.csv, "_s + Frase);
 }
 
 #include "TestComuniDati.moc"

@@ -1,11 +1,11 @@
 // The norms in force as delivered: every cell of Norme.mdb is the text tables', every figure of the tables is
 // one of the facts written down beside the tests; and the tables that creadati refuses.
 #include "banco.h"
+#include "supporto/guasti.h"
 
 #include "calculators/norme/contributovigente.h"
 #include "calculators/norme/terminiricorrenti.h"
 #include "creadati/norme.h"
-#include "platform/base/errore.h"
 #include "platform/database/database.h"
 
 using namespace Qt::StringLiterals;
@@ -140,12 +140,7 @@ QString Rifiuto(const QString& Tabella, int Numero, const QString& Prima, const 
         return u"la riga di prova è un'altra: "_s + Testi[Numero - 1];
     Testi[Numero - 1].replace(Prima, Dopo);
     Scrivi(Cartella + Tabella, Testi.join(u'\n').toUtf8());
-    try {
-        ScriviNorme(LeggiNorme(Cartella), Cartella + u"Norme.mdb"_s);
-        return {};
-    } catch (const Errore& Guasto) {
-        return Guasto.Descrizione;
-    }
+    return DescrizioneErroreDi([&] { ScriviNorme(LeggiNorme(Cartella), Cartella + u"Norme.mdb"_s); });
 }
 
 }  // namespace

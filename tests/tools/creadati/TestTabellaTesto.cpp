@@ -1,7 +1,7 @@
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 
 #include "creadati/tabellatesto.h"
-#include "platform/base/errore.h"
 
 using namespace Qt::StringLiterals;
 
@@ -29,18 +29,6 @@ const QStringList Colonne{u"nome"_s, u"euro"_s};
 TabellaTesto Tabella(const QByteArray& Contenuto)
 {
     return TabellaTesto(u"prova.csv"_s, Contenuto, Colonne);
-}
-
-/// The sentence with which the work is refused; empty when it is not.
-template <typename Funzione>
-QString Rifiuto(Funzione Lavoro)
-{
-    try {
-        Lavoro();
-        return {};
-    } catch (const Errore& E) {
-        return E.Descrizione;
-    }
 }
 
 }  // namespace
@@ -77,12 +65,12 @@ void TestTabellaTesto::numeraLeRigheDelFile()
 {
     const TabellaTesto Letta = Tabella("\nnome;euro\n\nuno;1\n\n\ndue;2\n");
     QCOMPARE(Letta.Righe(), 2);
-    QCOMPARE(Rifiuto([&] { Letta.Rifiuta(1, u"euro"_s, u"no"_s); }),
+    QCOMPARE(DescrizioneErroreDi([&] { Letta.Rifiuta(1, u"euro"_s, u"no"_s); }),
              u"prova.csv, riga 7, colonna euro: no"_s);
-    QCOMPARE(Rifiuto([&] { Letta.RifiutaInFondo(u"nome"_s, u"no"_s); }),
+    QCOMPARE(DescrizioneErroreDi([&] { Letta.RifiutaInFondo(u"nome"_s, u"no"_s); }),
              u"prova.csv, riga 7, colonna nome: no"_s);
     const TabellaTesto Vuota = Tabella("\nnome;euro\n");
-    QCOMPARE(Rifiuto([&] { Vuota.RifiutaInFondo(u"nome"_s, u"no"_s); }),
+    QCOMPARE(DescrizioneErroreDi([&] { Vuota.RifiutaInFondo(u"nome"_s, u"no"_s); }),
              u"prova.csv, riga 2, colonna nome: no"_s);
 }
 
@@ -119,7 +107,7 @@ void TestTabellaTesto::rifiuta_data()
 void TestTabellaTesto::rifiuta()
 {
     QFETCH(QByteArray, Contenuto);
-    QTEST(Rifiuto([&] { (void)Tabella(Contenuto); }), "Frase");
+    QTEST(DescrizioneErroreDi([&] { (void)Tabella(Contenuto); }), "Frase");
 }
 
 void TestTabellaTesto::rifiutaTroppeRighe()
@@ -128,7 +116,7 @@ void TestTabellaTesto::rifiutaTroppeRighe()
     for (int i = 0; i < TabellaTesto::MassimoRighe; ++i)
         Contenuto += "a;1\n";
     QCOMPARE(Tabella(Contenuto).Righe(), TabellaTesto::MassimoRighe);
-    QCOMPARE(Rifiuto([&] { (void)Tabella(Contenuto + "b;1\n"); }),
+    QCOMPARE(DescrizioneErroreDi([&] { (void)Tabella(Contenuto + "b;1\n"); }),
              u"prova.csv, riga 20002, colonna nome: la tabella ha troppe righe"_s);
 }
 
@@ -139,23 +127,15 @@ void TestTabellaTesto::rifiutaFileGrande()
     QVERIFY(File.open(QIODevice::WriteOnly));
     QVERIFY(File.resize(TabellaTesto::MassimoByte + 1));
     File.close();
-    try {
-        (void)TabellaTesto(Percorso, Colonne);
-        QFAIL("una tabella oltre il limite viene letta");
-    } catch (const Errore& E) {
-        QCOMPARE(E.Numero, 7);
-    }
+    const ErroreVisto E = ErroreDi([&] { (void)TabellaTesto(Percorso, Colonne); });
+    QCOMPARE(E.Numero, 7);
 }
 
 void TestTabellaTesto::mancaIlFile()
 {
-    try {
-        (void)TabellaTesto(NuovaCartella() + u"voci.csv"_s, Colonne);
-        QFAIL("una tabella che manca viene letta");
-    } catch (const Errore& E) {
-        QCOMPARE(E.Numero, 53);
-        QCOMPARE(E.Descrizione, u"Manca la tabella voci.csv"_s);
-    }
+    const ErroreVisto E = ErroreDi([&] { (void)TabellaTesto(NuovaCartella() + u"voci.csv"_s, Colonne); });
+    QCOMPARE(E.Numero, 53);
+    QCOMPARE(E.Descrizione, u"Manca la tabella voci.csv"_s);
 }
 
 void TestTabellaTesto::celle_data()
@@ -198,7 +178,7 @@ void TestTabellaTesto::celle()
     QFETCH(QString, Come);
     QFETCH(QString, Motivo);
     const TabellaTesto Letta = Tabella("nome;euro\nx;\"" + Cella.toUtf8() + "\"\n");
-    const QString Visto = Rifiuto([&] {
+    const QString Visto = DescrizioneErroreDi([&] {
         if (Come == u"intero")
             QCOMPARE(Letta.Intero(0, u"euro"_s, 1, 999), Cella.toInt());
         else if (Come == u"importo")

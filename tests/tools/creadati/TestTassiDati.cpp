@@ -1,8 +1,8 @@
 // The rate archive as delivered, and the tables that creadati refuses.
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 
 #include "creadati/archivio_tassi.h"
-#include "platform/base/errore.h"
 #include "platform/database/database.h"
 #include "platform/system/file.h"
 
@@ -292,13 +292,9 @@ void TestTassiDati::rifiuta()
     QByteArray Testo = LeggiFile(Cartella + Tabella);
     QCOMPARE(Testo.count(Prima), 1);
     ScriviFile(Cartella + Tabella, Testo.replace(Prima, Dopo));
-    try {
-        (void)LeggiTassi(Cartella);
-        QFAIL("the table was accepted");
-    } catch (const Errore& Guasto) {
-        QCOMPARE(Guasto.Numero, 5);
-        QCOMPARE(Guasto.Descrizione, Frase.contains(u".csv") ? Frase : Tabella + u", "_s + Frase);
-    }
+    const ErroreVisto Guasto = ErroreDi([&] { (void)LeggiTassi(Cartella); });
+    QCOMPARE(Guasto.Numero, 5);
+    QCOMPARE(Guasto.Descrizione, Frase.contains(u".csv") ? Frase : Tabella + u", "_s + Frase);
 }
 
 #include "TestTassiDati.moc"

@@ -4,7 +4,6 @@
 #include "creaguide/aiuto.h"
 #include "creaguide/creaguide.h"
 #include "creaguide/paginaaiuto.h"
-#include "platform/base/errore.h"
 #include "platform/system/file.h"
 
 #include <QDir>

@@ -1,3 +1,4 @@
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 
 #include "creaguide/composizione.h"
@@ -144,13 +145,9 @@ void TestMarcatura::rifiuti()
 {
     QFETCH(QString, Testo);
     QFETCH(QString, Motivo);
-    try {
-        (void)Leggi(Testo);
-        QFAIL("accettata");
-    } catch (const Errore& Guasto) {
-        QCOMPARE(Guasto.Numero, 5);
-        QVERIFY2(Guasto.Descrizione.endsWith(Motivo), qPrintable(Guasto.Descrizione));
-    }
+    const ErroreVisto Guasto = ErroreDi([&] { (void)Leggi(Testo); });
+    QCOMPARE(Guasto.Numero, 5);
+    QVERIFY2(Guasto.Descrizione.endsWith(Motivo), qPrintable(Guasto.Descrizione));
 }
 
 #include "TestMarcatura.moc"

@@ -4,7 +4,6 @@
 
 #include "creaschede/creaschede.h"
 #include "creaschede/importischeda.h"
-#include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"

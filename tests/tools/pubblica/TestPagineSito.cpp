@@ -1,11 +1,11 @@
 // The pages of the program under the addresses that its commands open on a server.
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 
 #include "core/aperture.h"
 #include "core/comandi.h"
 #include "core/indirizzi.h"
 #include "core/parametri.h"
-#include "platform/base/errore.h"
 #include "platform/system/file.h"
 #include "platform/system/shell.h"
 #include "pubblica/paginesito.h"
@@ -139,12 +139,8 @@ void TestPagineSito::programmaIncompleto()
     const QString Programma = ProgrammaPronto();
     const QString Uscita = NuovaCartella();
     QVERIFY(QFile::remove(Programma + u"link.htm"_s));
-    try {
-        ScriviPagineSito(Programma, Uscita, u"3.0.15"_s, {});
-        QFAIL("pubblicate");
-    } catch (const Errore& Guasto) {
-        QCOMPARE(Guasto.Numero, 53);
-    }
+    const ErroreVisto Guasto = ErroreDi([&] { ScriviPagineSito(Programma, Uscita, u"3.0.15"_s, {}); });
+    QCOMPARE(Guasto.Numero, 53);
     QVERIFY(QDir(Uscita).isEmpty());
 }
 

@@ -1,4 +1,5 @@
 // What is published is what the program takes: keys, the folder, and the program's own reader over it.
+#include "platform/base/numerierrore.h"
 #include "supporto/prova.h"
 #include "update/banco.h"
 

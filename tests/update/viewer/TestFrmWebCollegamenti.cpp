@@ -1,6 +1,8 @@
 // Where the links of a page lead, what it may load, and how large it may be.
 #include "bancoweb.h"
 
+#include "platform/base/numerierrore.h"
+
 using namespace Qt::StringLiterals;
 
 class TestFrmWebCollegamenti : public QObject, private BancoWeb

@@ -412,7 +412,7 @@ void frmTrovaParcella::Scegli(const QString& File)
 {
     // It may have gone since it was listed; a window without it would help nobody.
     if (!EsisteFile(File)) {
-        GestioneErrori(Errore(errori::FileMancante));
+        GestioneErrori(Errore(53));
         Avvia(Scopo::Rinfresca);
         return;
     }

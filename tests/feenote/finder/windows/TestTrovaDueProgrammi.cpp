@@ -3,6 +3,7 @@
 #include "bancotrova.h"
 
 #include "core/posti.h"
+#include "platform/base/numerierrore.h"
 #include "platform/database/database.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
