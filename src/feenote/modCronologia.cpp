@@ -23,6 +23,15 @@ void RiportaFinestra(Parcella& Nota, const Parcella& Da)
     Nota.Multi = Da.Multi;
 }
 
+/// What is printed with the note marks nothing, so that no mark waits for it either.
+void RiportaSocio(Parcella& Nota, const Parcella& Da)
+{
+    Nota.txtParcMultipla = Da.txtParcMultipla;
+    Nota.txtPathParcMult = Da.txtPathParcMult;
+    Nota.optMultiAntPos = Da.optMultiAntPos;
+    Nota.chkMultiParam = Da.chkMultiParam;
+}
+
 /// What belongs to the file and to the window, and stays as it is whatever step is taken.
 void Riporta(Parcella& Nota, const Parcella& Da)
 {
@@ -30,11 +39,7 @@ void Riporta(Parcella& Nota, const Parcella& Da)
     Nota.Percorso = Da.Percorso;
     Nota.Psw = Da.Psw;
     Nota.NsRif = Da.NsRif;
-
-    Nota.txtParcMultipla = Da.txtParcMultipla;
-    Nota.txtPathParcMult = Da.txtPathParcMult;
-    Nota.optMultiAntPos = Da.optMultiAntPos;
-    Nota.chkMultiParam = Da.chkMultiParam;
+    RiportaSocio(Nota, Da);
 
     // The file of an electronic invoice is written, whatever the note says afterwards.
     Nota.FatturaXml.File = Da.FatturaXml.File;
@@ -47,8 +52,8 @@ void Riporta(Parcella& Nota, const Parcella& Da)
     Nota.Stato = Da.Stato;
 }
 
-/// True when a note is what its file holds, in every respect: a mark that is taken off takes the recovery
-/// copy along.
+/// True when a note is what its file holds, in every respect that a mark is for: one that is taken off takes
+/// the recovery copy along.
 bool ComeInFile(const Parcella& Nota, const std::optional<Parcella>& InFile)
 {
     if (!InFile)
@@ -58,6 +63,7 @@ bool ComeInFile(const Parcella& Nota, const std::optional<Parcella>& InFile)
     // A file that has got another name is the same one; one that was deleted holds nothing.
     if (!Nota.Percorso.isEmpty())
         Copia.Percorso = Nota.Percorso;
+    RiportaSocio(Copia, Nota);
     return Copia == Nota;
 }
 

@@ -34,7 +34,8 @@ public:
     void ChiudiTesto() { InEdit = 0; }
     /// The record is what its file holds now.
     void SegnaSalvata(const Parcella& Nota);
-    /// True when the record is in every respect what its file holds.
+    /// True when the record is what its file holds, in every respect but its association, which marks no
+    /// note.
     [[nodiscard]] bool ESalvata(const Parcella& Nota) const;
 
     /// The last step has put lines back that were cut: a key pressed once too often does not cut them again.
@@ -46,8 +47,7 @@ public:
     /// The same for the next step forward.
     [[nodiscard]] QString NomeRipeti() const;
 
-    /// Takes a step back, or does it again. The mark of unsaved changes goes only where the record is in
-    /// every respect what the file holds.
+    /// Takes a step back, or does it again. The mark of unsaved changes goes only where ESalvata is true.
     /// @return false when there is none
     bool Annulla(Parcella& Nota);
     bool Ripeti(Parcella& Nota);

@@ -30,6 +30,7 @@ private Q_SLOTS:
     void unAltroDocumentoNonLascia_data();
     void unAltroDocumentoNonLascia();
     void unAltroNomeNonLascia();
+    void lAssociazioneNonLascia();
     void cambiataDaSolaNonHaPassi();
     void lettereDiverseSonoPassiDiversi();
     void leRigheRimesse();
@@ -264,6 +265,20 @@ void TestCronologia::unAltroNomeNonLascia()
     Nota.Percorso.clear();
     QVERIFY(Storia.Annulla(Nota));
     QVERIFY(Nota.Modificata);
+}
+
+/// Another note is associated, or gets another name: that marks nothing, and a step back is the whole way.
+void TestCronologia::lAssociazioneNonLascia()
+{
+    Fai([](Parcella& N) { RigaOnorario(N, u"a"_s, 10, 1, 1); });
+    SetModificata(Nota, true);
+    Nota.txtParcMultipla = u"altra"_s;
+    Nota.txtPathParcMult = u"/note/altra.mdb"_s;
+    Nota.optMultiAntPos = 1;
+    Nota.chkMultiParam = !Nota.chkMultiParam;
+    QVERIFY(Storia.Annulla(Nota));
+    QVERIFY(!Nota.Modificata);
+    QCOMPARE(Nota.txtPathParcMult, u"/note/altra.mdb"_s);
 }
 
 void TestCronologia::cambiataDaSolaNonHaPassi()
