@@ -200,6 +200,8 @@ bool DocumentiSaldati(const Parcella& Nota)
         else if (!Resti.isEmpty())
             Resti.last() -= std::max(0.0, Netto);
     };
+    if (std::ranges::any_of(Tenuto.Emessi, [](const DocumentoEmesso& Uno) { return !Uno.Guasto.isEmpty(); }))
+        return false;  // what it asked for is not known
     const QList<double> Tutti = RestiDellaNota(Nota);
     for (qsizetype i = 0; i < Tenuto.Emessi.size(); ++i)
         Conta(Tenuto.Emessi[i].Storno, Tutti[i], Tenuto.Emessi[i].Importi.Netto);

@@ -82,7 +82,7 @@ std::optional<Centesimi> DetrattiDallaFattura(const Parcella& Nota)
         return !Uno.Storno && !Citata.isEmpty() && Firma(Uno.Numero, Uno.Data) == Citata;
     });
     const DocumentoEmesso& Ripresa = Sua == Usciti.end() ? Usciti.last() : *Sua;
-    if (Ripresa.Storno)
+    if (Ripresa.Storno || !Ripresa.Guasto.isEmpty())
         return std::nullopt;
     const ImportiDocumento& Suoi = Ripresa.Importi;
     return InCentesimi({Suoi.AccCorrispettivi, Suoi.AccSpeseImp, Suoi.AccSpeseEsenti});

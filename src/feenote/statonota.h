@@ -65,6 +65,8 @@ struct DocumentoEmesso
     QString Numero;
     QString Data;  ///< dd/mm/yyyy, empty where it is not known
     ImportiDocumento Importi;
+    QString Guasto =
+        {};  ///< its entry as the file holds it, where that cannot be read: a save leaves it as it is
 
     friend bool operator==(const DocumentoEmesso&, const DocumentoEmesso&) = default;
 };

@@ -326,17 +326,19 @@ void TestCliScadenzario::copiaFuoriDalFiltro()
     Prima.close();
     const QStringList Chiesta{u"scadenzario"_s, Radice, u"--stato"_s, u"fatturata"_s};
     QCOMPARE(Chiama(Chiesta).Uscita,
-             u"Verdi|||Fattura analitica (copia)|12|09/11/2026|Fatturata|22/11/2026||||||||||a1\n"
-             u"Aperto: 0,00 in 0 parcelle; 1 copia non contata\n"_s);
+             u"Verdi|||Fattura analitica "
+             u"(copia)|12|09/11/2026|Fatturata|22/11/2026||1150,00|46,00|263,12|0,00|1459,12|"
+             u"1459,12|1459,12|0,00|a1\n"
+             u"Aperto: 0,00 in 0 parcelle\n"_s);
     const QJsonObject Record =
         QJsonDocument::fromJson(Chiama(QStringList{u"--json"_s} + Chiesta).Uscita.toUtf8()).object();
-    QCOMPARE(Record[u"copie"_s].toInt(), 1);
+    QCOMPARE(Record[u"copie"_s].toInt(), 0);
     const QString File = Radice + u"due.csv"_s;
     const Esito Fatto = Chiama(QStringList{u"--json"_s} + Chiesta + QStringList{u"--csv"_s, File});
     QCOMPARE(QJsonDocument::fromJson(Fatto.Uscita.toUtf8()).object()[u"esportate"_s].toInt(), 1);
     QVERIFY(LeggiFile(File).contains(
-        "\r\nVerdi;;;Fattura analitica (copia);12;09/11/2026;Fatturata;22/11/2026;;;;;;;;"
-        ";;a1\r\n"));
+        "\r\nVerdi;;;Fattura analitica (copia);12;09/11/2026;Fatturata;22/11/2026;;1150,00;46,00;263,12;"
+        "0,00;1459,12;1459,12;1459,12;0,00;a1\r\n"));
 }
 
 /// A note of before is counted beside the sum.

@@ -136,6 +136,8 @@ void LeggiFattura(const QString& Testo, QString& Numero, QString& Data)
 
 QString Scritto(const DocumentoEmesso& Emesso, double Resto)
 {
+    if (!Emesso.Guasto.isEmpty())
+        return Emesso.Guasto;
     return QStringList{QString::number(Emesso.Documento),
                        Emesso.Storno ? u"1"_s : u"0"_s,
                        Emesso.ConSocio ? u"1"_s : u"0"_s,
@@ -145,25 +147,31 @@ QString Scritto(const DocumentoEmesso& Emesso, double Resto)
         .join(u';');
 }
 
-std::optional<EmessoLetto> LeggiEmesso(const QString& Testo, double Massimo)
+/// An entry that is damaged is a document none the less: whoever sums must know that something is missing.
+EmessoLetto LeggiEmesso(const QString& Testo, double Massimo)
 {
     constexpr qsizetype Prima = 3;  // document and two marks
     constexpr qsizetype Fissi = Prima + QuantiImporti;
     const QList<QStringView> Parti = QStringView(Testo).split(u';');
-    if (Parti.size() < Fissi + 2)
-        return std::nullopt;
-    bool Numero = false;
     EmessoLetto Letto;
-    Letto.Che.Documento = Parti[0].toInt(&Numero);
-    const auto Importi = LeggiImporti(Parti.sliced(Prima, QuantiImporti), Massimo);
-    if (!Numero || !ETipoStampa(Letto.Che.Documento) || !Importi)
-        return std::nullopt;
-    Letto.Che.Storno = Parti[1] == u"1";
-    Letto.Che.ConSocio = Parti[2] == u"1";
-    Letto.Che.Importi = Importi->Importi;
-    Letto.Che.Data = GiornoBuono(Parti[Fissi].toString());
-    Letto.Che.Numero = Testo.mid(Parti[Fissi + 1].data() - Testo.constData()).simplified();
-    Letto.Resto = Importi->Resto;
+    Letto.Che.Storno = Parti.value(1) == u"1";
+    Letto.Che.ConSocio = Parti.value(2) == u"1";
+    const bool Intero = Parti.size() >= Fissi + 2;
+    if (Intero) {
+        Letto.Che.Data = GiornoBuono(Parti[Fissi].toString());
+        Letto.Che.Numero = Testo.mid(Parti[Fissi + 1].data() - Testo.constData()).simplified();
+    }
+    bool Numero = false;
+    const int Documento = Parti[0].toInt(&Numero);
+    Letto.Che.Documento = Numero && ETipoStampa(Documento) ? Documento : -1;
+    const auto Importi = Intero ? LeggiImporti(Parti.sliced(Prima, QuantiImporti), Massimo) : std::nullopt;
+    Letto.Importi = Importi && Letto.Che.Documento >= 0;
+    if (Letto.Importi) {
+        Letto.Che.Importi = Importi->Importi;
+        Letto.Resto = Importi->Resto;
+    } else {
+        Letto.Che.Guasto = Testo;
+    }
     return Letto;
 }
 
@@ -171,9 +179,8 @@ QList<EmessoLetto> LeggiEmessi(const MemoriaFile& Memoria, double Massimo)
 {
     QList<EmessoLetto> Letti;
     for (const QString& Voce : VociEmessi)
-        if (const auto Posto = Memoria.constFind(Voce); Posto != Memoria.constEnd())
-            if (auto Letto = LeggiEmesso(*Posto, Massimo))
-                Letti.append(std::move(*Letto));
+        if (const QString Testo = Memoria.value(Voce); !Testo.isEmpty())
+            Letti.append(LeggiEmesso(Testo, Massimo));
     return Letti;
 }
 
@@ -286,6 +293,13 @@ void LeggiStato(Parcella& Nota, const MemoriaFile& Memoria)
         Tenuto.ConSocio = Memoria.value(VoceConSocio) == u"1";
         for (EmessoLetto& Letto : LeggiEmessi(Memoria, MassimoImporto))
             Tenuto.Emessi.append(std::move(Letto.Che));
+    } else {
+        // What the last document asked for is not known: those before it stay as they are written.
+        for (const QString& Voce : VociEmessi)
+            if (const QString Testo = Memoria.value(Voce); !Testo.isEmpty()) {
+                Tenuto.Emessi.append(LeggiEmesso(Testo, MassimoImporto).Che);
+                Tenuto.Emessi.last().Guasto = Testo;
+            }
     }
     if (const auto Socio = Memoria.constFind(VoceSocio); Socio != Memoria.constEnd())
         Tenuto.Socio = LeggiSocio(*Socio);

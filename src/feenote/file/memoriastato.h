@@ -16,7 +16,8 @@
 struct EmessoLetto
 {
     DocumentoEmesso Che;
-    double Resto = 0.0;  ///< of its net after all payments, euro
+    double Resto = 0.0;   ///< of its net after all payments, euro
+    bool Importi = true;  ///< false: the file holds the document, but no figures of it that can be read
 
     friend bool operator==(const EmessoLetto&, const EmessoLetto&) = default;
 };

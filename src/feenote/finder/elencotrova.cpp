@@ -83,7 +83,7 @@ void ElencoTrova::Aggiungi(VoceTrova&& Voce)
 {
     ContaNote += Voce.Genere == GenereVoce::Nota;
     QString Testo = Cercabile(Voce);
-    Tutte.push_back({std::move(Voce), std::move(Testo)});
+    Tutte.push_back({std::move(Voce), std::move(Testo), {}});
     if (!Passa(Tutte.back()))
         return;
     Mostrate.push_back(int(Tutte.size()) - 1);
@@ -155,6 +155,15 @@ QString ElencoTrova::FraseVuota() const
                 : u"In questa cartella non ci sono parcelle."_s;
 }
 
+void ElencoTrova::SegnaCopie()
+{
+    const QHash<const VoceTrova*, const VoceTrova*> Copie = NoteCopie(NoteTutte());
+    for (Elemento& Una : Tutte) {
+        const VoceTrova* const Contata = Copie.value(&Una.Voce);
+        Una.CopiaDi = Contata ? Contata->Percorso : QString();
+    }
+}
+
 void ElencoTrova::Ordina(int Colonna, bool Crescente)
 {
     ScegliOrdine(Colonna, Crescente);
@@ -197,6 +206,7 @@ void ElencoTrova::Ordina(int Colonna, bool Crescente)
     for (const size_t Posto : Posti)
         Ordinate.push_back(std::move(Tutte[Posto]));
     Tutte = std::move(Ordinate);
+    SegnaCopie();
     Rimostra();
 }
 
@@ -211,6 +221,16 @@ const VoceTrova& ElencoTrova::Voce(int Riga) const
     if (Riga < 0 || Riga >= Righe())
         throw Errore(9);
     return Tutte[size_t(Mostrate[size_t(Riga)])].Voce;
+}
+
+QString ElencoTrova::Cella(int Riga, int Colonna) const
+{
+    return Colonna == TrovaStato && !CopiaDi(Riga).isEmpty() ? u"Copia"_s : CellaTrova(Voce(Riga), Colonna);
+}
+
+QString ElencoTrova::CopiaDi(int Riga) const
+{
+    return Riga >= 0 && Riga < Righe() ? Tutte[size_t(Mostrate[size_t(Riga)])].CopiaDi : QString();
 }
 
 std::optional<int> ElencoTrova::RigaDi(const QString& Percorso) const
@@ -243,6 +263,7 @@ void ElencoTrova::Togli(const QString& Percorso)
         return;
     Tutte.erase(Via);
     --ContaNote;
+    SegnaCopie();
     Rimostra();
 }
 
@@ -255,4 +276,5 @@ void ElencoTrova::Rinomina(const QString& Percorso, const QString& Nuovo)
         Una.Voce.Nome = NomeMostrato(Nuovo);
         Una.Cercabile = ::Cercabile(Una.Voce);
     }
+    SegnaCopie();
 }

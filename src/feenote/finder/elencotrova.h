@@ -73,6 +73,11 @@ public:
     [[nodiscard]] int TutteLeNote() const { return ContaNote; }
     /// A shown row. @throws Errore 9 outside them
     [[nodiscard]] const VoceTrova& Voce(int Riga) const;
+    /// The text of a cell of a shown row; a note whose figures count in another row is called a copy.
+    [[nodiscard]] QString Cella(int Riga, int Colonna) const;
+    /// The file that counts in the place of a shown row; empty where that one counts itself, and while rows
+    /// are arriving.
+    [[nodiscard]] QString CopiaDi(int Riga) const;
     /// The shown row of a file or folder.
     [[nodiscard]] std::optional<int> RigaDi(const QString& Percorso) const;
     /// The next shown row, from one on and round the end, whose name begins with these letters, whatever case
@@ -91,9 +96,11 @@ private:
     {
         VoceTrova Voce;
         QString Cercabile;  ///< what the filter looks at, without case and accents
+        QString CopiaDi;
     };
     [[nodiscard]] bool Passa(const Elemento& Una) const;
     void Rimostra();
+    void SegnaCopie();
 
     std::vector<Elemento> Tutte;
     std::vector<int> Mostrate;  ///< places in Tutte

@@ -116,6 +116,13 @@ QString FatturaDi(const VoceTrova& Nota)
     return Fattura(Nota, Suo.Numero, Suo.Data);
 }
 
+/// The same with a sign for credit notes, which have numbers of their own.
+QString Segnata(const VoceTrova& Nota)
+{
+    const QString Chiave = FatturaDi(Nota);
+    return Nota.Dati.Stato.Storno && !Chiave.isEmpty() ? u'-' + Chiave : Chiave;
+}
+
 /// What is open of the document of a note; nothing where it is not known.
 std::optional<double> ApertoDelDocumento(const VoceTrova& Nota)
 {
@@ -136,7 +143,7 @@ VoceTrova VoceDi(const VoceTrova& Nota, const EmessoLetto& Emesso)
     Stato.Emessi.clear();
     Stato.Documento = Emesso.Che.Documento;
     Stato.Storno = Emesso.Che.Storno;
-    Stato.Importi = Emesso.Che.Importi;
+    Stato.Importi = Emesso.Importi ? std::optional(Emesso.Che.Importi) : std::nullopt;
     Stato.Resto = Emesso.Resto;
     Stato.FatturaNumero.clear();
     Stato.FatturaData.clear();
@@ -161,13 +168,21 @@ bool HaEmessi(const VoceTrova& Nota)
 std::optional<double> ApertoConLegame(const VoceTrova& Nota, const LegameFattura& Legame)
 {
     const std::optional<double> Aperto = ApertoDelDocumento(Nota);
-    return Aperto ? std::optional(std::max(0.0, Arrotonda2(*Aperto - Legame.Stornato))) : std::nullopt;
+    if (!Aperto || (*Aperto > 0 && Legame.StornoIgnoto))
+        return std::nullopt;
+    return std::max(0.0, Arrotonda2(*Aperto - Legame.Stornato));
+}
+
+/// It is a copy of one that counts elsewhere in the same rows.
+bool DiTroppo(const LegameFattura& Legame)
+{
+    return Legame.Copia && !Legame.Sola;
 }
 
 QStringList Figure(const VoceTrova& Nota, const LegameFattura& Legame)
 {
     const auto& Importi = Nota.Dati.Stato.Importi;
-    if (!Importi || Legame.Copia || (EStorno(Nota.Dati.Stato) && !Legame.Citata))
+    if (!Importi || DiTroppo(Legame) || (EStorno(Nota.Dati.Stato) && !Legame.Citata))
         return QStringList(6, QString());
     const double Segno = EStorno(Nota.Dati.Stato) ? -1.0 : 1.0;
     QStringList Celle;
@@ -279,7 +294,8 @@ QStringList FrasiDocumenti(const VoceTrova& Nota)
         const StatoLetto& Stato = Voce->Dati.Stato;
         const bool Storno = EStorno(Stato);
         const NumeroFattura Suo = NumeroDi(Voce->Dati);
-        QString Frase = Storno ? u"Nota di credito"_s : TipoDi(DocumentoDi(Voce->Dati)).Nome.toString();
+        const QStringView Nome = TipoDi(DocumentoDi(Voce->Dati)).Nome;
+        QString Frase = Storno ? u"Nota di credito"_s : Nome.isEmpty() ? u"Documento"_s : Nome.toString();
         if (!Suo.Numero.isEmpty())
             Frase += u' ' + Suo.Numero;
         if (!Suo.Data.isEmpty())
@@ -288,6 +304,8 @@ QStringList FrasiDocumenti(const VoceTrova& Nota)
             Frase += u", della fattura "_s + Stato.CitataNumero;
         if (Stato.Importi)
             Frase += u": "_s + Euro(Storno ? -Stato.Importi->Netto : Stato.Importi->Netto);
+        else
+            Frase += u": importo non noto"_s;
         Frasi += Frase;
     }
     return Frasi;
@@ -312,12 +330,12 @@ DocumentiNote::DocumentiNote(const std::vector<const VoceTrova*>& Quelle)
 QHash<const VoceTrova*, LegameFattura> LegamiFatture(const std::vector<const VoceTrova*>& Documenti)
 {
     QHash<const VoceTrova*, LegameFattura> Legami;
-    QHash<QString, const VoceTrova*> Emessi;  // credit notes behind a sign of their own
+    QHash<QString, const VoceTrova*> Emessi;
     for (const VoceTrova* Nota : Documenti) {
-        const QString Chiave = FatturaDi(*Nota);
+        const QString Chiave = Segnata(*Nota);
         if (Chiave.isEmpty())
             continue;
-        const VoceTrova*& Primo = Emessi[Nota->Dati.Stato.Storno ? u'-' + Chiave : Chiave];
+        const VoceTrova*& Primo = Emessi[Chiave];
         if (!Primo) {
             Primo = Nota;
             continue;
@@ -326,6 +344,9 @@ QHash<const VoceTrova*, LegameFattura> LegamiFatture(const std::vector<const Voc
             std::pair(Nota->Modificata, Primo->Percorso) > std::pair(Primo->Modificata, Nota->Percorso);
         Legami[Dopo ? std::exchange(Primo, Nota) : Nota].Copia = true;
     }
+    for (const VoceTrova* Nota : Documenti)
+        if (const auto Suo = Legami.find(Nota); Suo != Legami.end() && Suo->Copia)
+            Suo->Contata = Emessi.value(Segnata(*Nota));
     const VoceTrova* Precedente = nullptr;
     for (const VoceTrova* Nota : Documenti) {
         const bool Suo =
@@ -349,11 +370,34 @@ QHash<const VoceTrova*, LegameFattura> LegamiFatture(const std::vector<const Voc
         Legami[Nota].Citata = true;
         Legami[Nota].Ripresa = Ripresa;
         Legami[Ripresa].Stornato += Stato.Importi ? std::max(0.0, Stato.Importi->Netto) : 0.0;
+        Legami[Ripresa].StornoIgnoto = Legami[Ripresa].StornoIgnoto || !Stato.Importi;
     }
     return Legami;
 }
 
 namespace {
+
+/// The copies that stand for a document which is not seen, by that document: the one that was saved last.
+QHash<const VoceTrova*, const VoceTrova*> CopieSole(const QSet<const VoceTrova*>& Viste,
+                                                    const QHash<const VoceTrova*, LegameFattura>& Legami)
+{
+    QHash<const VoceTrova*, const VoceTrova*> Sole;
+    for (auto Uno = Legami.begin(); Uno != Legami.end(); ++Uno) {
+        if (!Uno->Contata || Viste.contains(Uno->Contata) || !Viste.contains(Uno.key()))
+            continue;
+        const VoceTrova*& Sola = Sole[Uno->Contata];
+        if (!Sola || std::pair(Sola->Modificata, Uno.key()->Percorso) <
+                         std::pair(Uno.key()->Modificata, Sola->Percorso))
+            Sola = Uno.key();
+    }
+    return Sole;
+}
+
+/// The document whose figures a row has.
+const VoceTrova& ConLeCifre(const VoceTrova& Voce, const LegameFattura& Legame)
+{
+    return Legame.Sola ? *Legame.Contata : Voce;
+}
 
 /// Each document of some notes of a list, templates left out, with what it hangs together with in the whole
 /// list.
@@ -369,13 +413,21 @@ void PercorriDocumenti(
     for (size_t i = 0; i < Documenti.Tutti().size(); ++i)
         if (Volute.contains(Documenti.NotaDi(i)))
             Viste.insert(Documenti.Tutti()[i]);
+    const QHash<const VoceTrova*, const VoceTrova*> AlPosto = CopieSole(Viste, Legami);
+    const auto Vista = [&](const VoceTrova* Voce) { return Viste.contains(Voce) || AlPosto.contains(Voce); };
     for (size_t i = 0; i < Documenti.Tutti().size(); ++i) {
         const VoceTrova* const Voce = Documenti.Tutti()[i];
         if (Voce->Genere != GenereVoce::Nota || Voce->Modello || !Viste.contains(Voce))
             continue;
         LegameFattura Legame = Legami.value(Voce);
+        if (Legame.Contata && AlPosto.value(Legame.Contata) == Voce) {
+            const VoceTrova* const Contata = Legame.Contata;
+            Legame = Legami.value(Contata);
+            Legame.Copia = Legame.Sola = true;
+            Legame.Contata = Contata;
+        }
         // Figures are taken away only where those of the invoice stand too; what is open looks at all.
-        Legame.Citata = Legame.Citata && Viste.contains(Legame.Ripresa);
+        Legame.Citata = Legame.Citata && Vista(Legame.Ripresa);
         Fai(*Voce, *Documenti.NotaDi(i), Legame);
     }
 }
@@ -393,16 +445,30 @@ QSet<const VoceTrova*> NoteDaIncassare(const std::vector<const VoceTrova*>& Tutt
     return Aperte;
 }
 
+QHash<const VoceTrova*, const VoceTrova*> NoteCopie(const std::vector<const VoceTrova*>& Tutte)
+{
+    const DocumentiNote Documenti(Tutte);
+    const QHash<const VoceTrova*, LegameFattura> Legami = LegamiFatture(Documenti.Tutti());
+    QHash<const VoceTrova*, const VoceTrova*> NotaDi;
+    for (size_t i = 0; i < Documenti.Tutti().size(); ++i)
+        NotaDi[Documenti.Tutti()[i]] = Documenti.NotaDi(i);
+    QHash<const VoceTrova*, const VoceTrova*> Copie;
+    for (const VoceTrova* Nota : Tutte)
+        if (const auto Suo = Legami.constFind(Nota); Suo != Legami.constEnd() && Suo->Contata)
+            Copie[Nota] = NotaDi.value(Suo->Contata);
+    return Copie;
+}
+
 ApertoTutto SommaAperto(const std::vector<const VoceTrova*>& Note, const std::vector<const VoceTrova*>& Tutte)
 {
     ApertoTutto Somma;
     QHash<std::pair<int, QString>, qsizetype> Posti;
     PercorriDocumenti(Note, Tutte, [&](const VoceTrova& Voce, const VoceTrova&, const LegameFattura& Legame) {
-        if (Legame.Copia) {
+        if (DiTroppo(Legame)) {
             ++Somma.Copie;
             return;
         }
-        const std::optional<double> Aperto = ApertoConLegame(Voce, Legame);
+        const std::optional<double> Aperto = ApertoConLegame(ConLeCifre(Voce, Legame), Legame);
         if (!Aperto) {
             ++Somma.Ignote;
             return;
@@ -480,11 +546,12 @@ QStringList RigaScadenzario(const VoceTrova& Nota, const CodiciCliente& Codici, 
     else
         Celle << QString() << QString();
     Celle << NomeStato(Dati.Stato.Stato) << Dati.Stato.Dal << Dati.Stato.Scadenza;
-    Celle += Figure(Nota, Legame);
-    if (Legame.Copia)
+    const VoceTrova& Cifre = ConLeCifre(Nota, Legame);
+    Celle += Figure(Cifre, Legame);
+    if (DiTroppo(Legame))
         Celle << QString() << QString();
     else
-        Celle << CifraONulla(PagatoDi(Nota)) << CifraONulla(ApertoConLegame(Nota, Legame));
+        Celle << CifraONulla(PagatoDi(Cifre)) << CifraONulla(ApertoConLegame(Cifre, Legame));
     Celle << Nota.Nome;
     return Celle;
 }

@@ -98,7 +98,10 @@ struct ApertoCliente
 struct LegameFattura
 {
     bool Copia = false;                  ///< a file saved later holds the same one: this one does not count
+    const VoceTrova* Contata = nullptr;  ///< of a copy: the one that counts
+    bool Sola = false;                   ///< of a copy: it stands for that one, which is not shown
     double Stornato = 0.0;               ///< of it by the credit notes of other files, euro
+    bool StornoIgnoto = false;           ///< one of them has no figures that can be read
     bool Citata = false;                 ///< of a credit note: the invoice that it takes back is in the list
     const VoceTrova* Ripresa = nullptr;  ///< that invoice
     friend bool operator==(const LegameFattura&, const LegameFattura&) = default;
@@ -120,12 +123,15 @@ struct ApertoTutto
     friend bool operator==(const ApertoTutto&, const ApertoTutto&) = default;
 };
 /// @param Tutte the list that the notes are taken of: an invoice is owed once, and less its credit note,
-/// whether or not a filter shows the other file; empty: the notes are all
+/// whether or not a filter shows the other file. A copy that is shown without the one that counts stands for
+/// it. Empty: the notes are all
 [[nodiscard]] ApertoTutto SommaAperto(const std::vector<const VoceTrova*>& Note,
                                       const std::vector<const VoceTrova*>& Tutte = {});
 /// Of a whole list what a filter "Da incassare" leaves: what was asked for and is not paid, taken back or
 /// paid in another file.
 [[nodiscard]] QSet<const VoceTrova*> NoteDaIncassare(const std::vector<const VoceTrova*>& Tutte);
+/// The notes of a list that hold what another one holds too, with that one, which counts.
+[[nodiscard]] QHash<const VoceTrova*, const VoceTrova*> NoteCopie(const std::vector<const VoceTrova*>& Tutte);
 /// "Aperto: 12.480,00 in 7 parcelle; Rossi 3.200,00; ...; 2 parcelle senza importo noto".
 [[nodiscard]] QString FraseAperto(const ApertoTutto& Somma);
 /// "3.200,00 in 2 parcelle".
@@ -141,8 +147,9 @@ struct CodiciCliente
 /// The titles of the accountant's rows.
 [[nodiscard]] QStringList TitoliScadenzario();
 /// The row of a document. Amounts and dates are Italian; a figure that is not known is empty.
-/// Those of a copy are empty as well, and those of a credit note whose invoice is not in the list: a sum of
-/// the column counts each invoice once, and takes none away that it does not hold.
+/// Those of a copy are empty as well, unless it stands for the one that counts, and those of a credit note
+/// whose invoice is not in the list: a sum of the column counts each invoice once, and takes none away that
+/// it does not hold.
 [[nodiscard]] QStringList RigaScadenzario(const VoceTrova& Nota, const CodiciCliente& Codici,
                                           const LegameFattura& Legame = {});
 /// The rows of the documents of notes, templates left out.

@@ -145,7 +145,7 @@ void frmTrovaParcella::CostruisciGriglia()
         Nuova.Campo = Campo;
         Nuova.Caratteri = Caratteri;
         Nuova.Mostra = [this, Campo](const QVariant&, int Riga) {
-            return Riga < Righe.Righe() ? CellaTrova(Righe.Voce(Riga), Campo) : QString();
+            return Riga < Righe.Righe() ? Righe.Cella(Riga, Campo) : QString();
         };
         return Nuova;
     };
@@ -273,8 +273,12 @@ QString frmTrovaParcella::SuggerimentoDi(int Riga) const
     if (const StatoNota Stato = StatoMostrato(Voce); Stato != StatoNota::Ignoto) {
         const QString& Dal = Voce.Dati.Stato.Dal;
         Frasi += ParolaStato(Voce) + (Dal.isEmpty() ? QString() : u" dal "_s + Dal);
-        if (const double Aperto = ApertoDi(Voce).value_or(0.0); Aperto > 0)
-            Frasi += u"Aperto: "_s + Format(Aperto, u"#,##0.00");
+        if (const QString Altra = Righe.CopiaDi(Riga); !Altra.isEmpty())
+            Frasi += u"È una copia: i suoi importi contano in "_s + Altra;
+        if (const auto Aperto = ApertoDi(Voce); !Aperto)
+            Frasi += u"Aperto: non noto, gli importi nel file non si leggono"_s;
+        else if (*Aperto > 0)
+            Frasi += u"Aperto: "_s + Format(*Aperto, u"#,##0.00");
         Frasi += FrasiDocumenti(Voce);
     } else if (!Voce.Modello && !Voce.Illeggibile) {
         Frasi += u"È di una versione precedente: il suo stato non è noto"_s;

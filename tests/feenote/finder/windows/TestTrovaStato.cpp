@@ -318,6 +318,12 @@ void TestTrovaStato::ilSuggerimento()
                 ->Suggerimento(RigaDi(u"verdi"_s))
                 .contains(u"È di una versione precedente: il suo stato non è noto"_s));
     QVERIFY(!Lista()->Suggerimento(RigaDi(u"d"_s)).contains(u"Aperto"_s));
+    EseguiSu(Note + u"a.mdb"_s, u"UPDATE \"_Calcanova\" SET Valore='x' WHERE Nome='Stato.Importi'"_s);
+    F->RinfrescaTrova();
+    Finita();
+    QVERIFY(Lista()
+                ->Suggerimento(RigaDi(u"a"_s))
+                .contains(u"Aperto: non noto, gli importi nel file non si leggono"_s));
 }
 
 /// The current row stays where the filter leaves it.
@@ -383,12 +389,18 @@ void TestTrovaStato::copiaFuoriDalFiltro()
     Finita();
     Scegli(ListaStati(), int(FiltroStato::Fatturata));
     QCOMPARE(Nomi(), (QStringList{u"[vecchie]"_s, u"b"_s, u"x1"_s}));
-    QCOMPARE(Aperto(), u"Aperto: 200,50 in 1 parcella; 1 copia non contata; Beta 200,50"_s);
+    QCOMPARE(Aperto(), u"Aperto: 200,50 in 1 parcella; Beta 200,50"_s);
+    QCOMPARE(Cella(RigaDi(u"x1"_s), TrovaStato), u"Copia"_s);
+    QVERIFY(Lista()
+                ->Suggerimento(RigaDi(u"x1"_s))
+                .contains(u"È una copia: i suoi importi contano in "_s + Note + u"x2.mdb"_s));
     const QString File = CartellaDiProva() + u"copia.csv"_s;
     T->Voce.AttendiSalva(File);
     T->Voce.Attendi(u"2 parcelle esportate in \"copia.csv\"."_s, vbNo, u"Messaggio:"_s);
     F->EsportaCsv();
-    QVERIFY(LeggiFile(File).contains("Gamma;;;Fattura analitica (copia);7;01/11/2026;Fatturata;"));
+    const QByteArray Foglio = LeggiFile(File);
+    QVERIFY(Foglio.contains("Gamma;;;Fattura analitica (copia);7;01/11/2026;Fatturata;"));
+    QVERIFY(Foglio.contains(";0,00;x1\r\n"));
     Scegli(ListaStati(), int(FiltroStato::DaIncassare));
     QVERIFY(!Nomi().contains(u"x1"_s));
 }
