@@ -2,6 +2,7 @@
 
 #include "platform/kit/icona.h"
 #include "platform/kit/listaaccessibile.h"
+#include "platform/kit/stile.h"
 #include "platform/kit/suggerimento.h"
 #include "platform/kit/traduzioni.h"
 #include "platform/system/diagnosi.h"
@@ -15,7 +16,6 @@
 #include <QPalette>
 #include <QPixmap>
 #include <QRawFont>
-#include <QStyleFactory>
 
 #include <cmath>
 
@@ -121,7 +121,7 @@ QColor Mischia(const QColor& Sopra, const QColor& Sotto, double Parte)
 void Prepara()
 {
     CaricaIcone();
-    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QApplication::setStyle(new StileProgramma);
     PreparaCarattere();
     PreparaLingua();
     InstallaListeAccessibili();

@@ -1,0 +1,129 @@
+// What the program's style draws otherwise than the toolkit's.
+#include "supporto/prova.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QStyle>
+#include <QStyleOptionComboBox>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+class TestStile : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void iBottoniDeiBoxSonoSenzaDisegni();
+    void laFrecciaDelMenu();
+    void laParolaNonToccaLaFreccia();
+    void laVoceLungaLoDice();
+    void ilMenuSpentoNonHaToppe();
+};
+PROVA(TestStile);
+
+namespace {
+
+/// The box of what is drawn on a button from a column on.
+QRect Segno(const QImage& Disegno, int Da)
+{
+    QRect Tutto;
+    constexpr int Orlo = 4;
+    for (int y = Orlo; y < Disegno.height() - Orlo; ++y)
+        for (int x = Da; x < Disegno.width() - Orlo; ++x)
+            if (Disegno.pixelColor(x, y).lightness() < 128)
+                Tutto |= QRect(x, y, 1, 1);
+    return Tutto;
+}
+
+QToolButton* Bottone(QWidget* Padre, bool ConMenu)
+{
+    auto* Nuovo = new QToolButton(Padre);
+    Nuovo->setText(u"Per cliente"_s);
+    Nuovo->setPopupMode(QToolButton::InstantPopup);
+    if (ConMenu)
+        Nuovo->setMenu(new QMenu(Nuovo));
+    Nuovo->resize(Nuovo->sizeHint());
+    return Nuovo;
+}
+
+}  // namespace
+
+void TestStile::iBottoniDeiBoxSonoSenzaDisegni()
+{
+    QMessageBox Box;
+    Box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel | QMessageBox::Ok);
+    QCOMPARE(Box.buttons().size(), 4);
+    for (const QAbstractButton* Suo : Box.buttons())
+        QVERIFY2(Suo->icon().isNull(), qPrintable(Suo->text()));
+    QCOMPARE(Box.style()->styleHint(QStyle::SH_DialogButtonBox_ButtonsHaveIcons, nullptr, &Box), 0);
+}
+
+/// As large as that of a list, and in the middle of the height.
+void TestStile::laFrecciaDelMenu()
+{
+    QWidget Padre;
+    QToolButton* Suo = Bottone(&Padre, true);
+    const int Stretto = Bottone(&Padre, false)->width();
+    QVERIFY2(Suo->width() >= Stretto + 10, "la freccia ha il suo posto");
+    const QRect Freccia = Segno(Suo->grab().toImage(), Stretto - 4);
+    QVERIFY2(Freccia.width() >= 6 && Freccia.height() >= 3,
+             qPrintable(u"%1 x %2"_s.arg(Freccia.width()).arg(Freccia.height())));
+    QVERIFY2(qAbs(Freccia.center().y() - Suo->rect().center().y()) <= 2, "a mezza altezza");
+}
+
+void TestStile::laParolaNonToccaLaFreccia()
+{
+    QWidget Padre;
+    QToolButton* Con = Bottone(&Padre, true);
+    QToolButton* Senza = Bottone(&Padre, false);
+    constexpr int Orlo = 4;
+    const QRect Parola = Segno(Senza->grab().toImage(), Orlo);
+    const QImage Tutto = Con->grab().toImage();
+    QCOMPARE(Segno(Tutto.copy(0, 0, Parola.right() + 5, Tutto.height()), Orlo), Parola);
+}
+
+void TestStile::laVoceLungaLoDice()
+{
+    const auto Elenco = [](const QString& Voce) {
+        auto Nuovo = std::make_unique<QComboBox>();
+        Nuovo->addItem(Voce);
+        Nuovo->resize(160, Nuovo->sizeHint().height());
+        return Nuovo;
+    };
+    const QString Lunga = u"Tribunale - cognizione ordinaria e sommaria"_s;
+    const auto Cercata = Elenco(Lunga);
+    const QImage Disegno = Cercata->grab().toImage();
+    QStyleOptionComboBox Opzioni;
+    Opzioni.initFrom(Cercata.get());
+    const int Campo =
+        Cercata->style()
+            ->subControlRect(QStyle::CC_ComboBox, &Opzioni, QStyle::SC_ComboBoxEditField, Cercata.get())
+            .width();
+    bool Detto = false;
+    for (int Meno = 0; Meno <= 8 && !Detto; ++Meno) {
+        const QString Corta = Cercata->fontMetrics().elidedText(Lunga, Qt::ElideRight, Campo - Meno);
+        Detto = Corta.endsWith(u'…') && Elenco(Corta)->grab().toImage() == Disegno;
+    }
+    QVERIFY2(Detto, "le parole finiscono coi puntini");
+}
+
+/// Where the palette has another ground for what is disabled, as dark ones have.
+void TestStile::ilMenuSpentoNonHaToppe()
+{
+    QPalette Colori;
+    Colori.setColor(QPalette::Window, QColor(0x20, 0x20, 0x20));
+    Colori.setColor(QPalette::Disabled, QPalette::Window, QColor(0xF0, 0x00, 0x00));
+    QMenuBar Barra;
+    Barra.setPalette(Colori);
+    Barra.addAction(u"Stampa"_s)->setEnabled(false);
+    Barra.resize(200, Barra.sizeHint().height());
+    const QImage Disegno = Barra.grab().toImage();
+    for (int x = 0; x < Disegno.width(); ++x)
+        QVERIFY(Disegno.pixelColor(x, Disegno.height() / 2).red() < 0xC0);
+}
+
+#include "TestStile.moc"
