@@ -10,6 +10,8 @@
 #include <QPainter>
 #include <QScrollBar>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -26,7 +28,10 @@ PieGriglia::PieGriglia(VistaGriglia* DiVista, QWidget* Padre) : QWidget(Padre), 
 {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setVisible(false);
-    const auto Ridisegna = [this] { update(); };
+    const auto Ridisegna = [this] {
+        Allarga();
+        update();
+    };
     const QHeaderView* Testata = Vista->horizontalHeader();
     Collega(Testata, &QHeaderView::sectionResized, this, Ridisegna);
     Collega(Testata, &QHeaderView::sectionMoved, this, Ridisegna);
@@ -48,6 +53,8 @@ void PieGriglia::Imposta(int Colonna, const QString& Testo)
     if (!Testo.isEmpty())
         setVisible(true);
     Racconta();
+    Vista->EsigiLarghezza(Colonna, 0);  // the text before may have been longer
+    Allarga();
     update();
 }
 
@@ -75,6 +82,48 @@ QRect PieGriglia::Riquadro(int Colonna) const
                  Vista->columnWidth(Colonna), height());
 }
 
+int PieGriglia::Occorre(int Colonna) const
+{
+    return QFontMetrics(Grassetto(font())).horizontalAdvance(Testo(Colonna)) + 2 * MargineCella;
+}
+
+QRect PieGriglia::Spazio(int Colonna) const
+{
+    QRect Posto = Riquadro(Colonna);
+    if (Posto.isEmpty())
+        return Posto;
+    const QHeaderView* Testata = Vista->horizontalHeader();
+    const bool ASinistra = Vista->Modello()->Colonne()[Colonna].Allinea & Qt::AlignRight;
+    int Manca = Occorre(Colonna) - Posto.width();
+    for (int i = Testata->visualIndex(Colonna) + (ASinistra ? -1 : 1);
+         Manca > 0 && i >= 0 && i < Testata->count(); i += ASinistra ? -1 : 1) {
+        const int Vicina = Testata->logicalIndex(i);
+        if (Vista->isColumnHidden(Vicina))
+            continue;
+        if (!Testo(Vicina).isEmpty()) {
+            // It may lean into the same empty columns from the other side, and was there first.
+            if (ASinistra && !(Vista->Modello()->Colonne()[Vicina].Allinea & Qt::AlignRight))
+                Posto.setLeft(std::max(Posto.left(), Spazio(Vicina).right() + 1));
+            break;
+        }
+        const int Preso = std::min(Manca, Vista->columnWidth(Vicina));
+        Posto.adjust(ASinistra ? -Preso : 0, 0, ASinistra ? 0 : Preso, 0);
+        Manca -= Preso;
+    }
+    return Posto;
+}
+
+/// A figure that is cut reads as another one.
+void PieGriglia::Allarga()
+{
+    for (int i = 0; i < Vista->Modello()->columnCount(); ++i) {
+        const QString Scritto = Testo(i);
+        const int Manca = Scritto.isEmpty() || Vista->isColumnHidden(i) ? 0 : Occorre(i) - Spazio(i).width();
+        if (Manca > 0)
+            Vista->EsigiLarghezza(i, Vista->columnWidth(i) + Manca);
+    }
+}
+
 void PieGriglia::paintEvent(QPaintEvent*)
 {
     QPainter Pennello(this);
@@ -84,7 +133,7 @@ void PieGriglia::paintEvent(QPaintEvent*)
     Pennello.setFont(Grassetto(font()));
     Pennello.setPen(palette().color(QPalette::ButtonText));
     for (int i = 0; i < Vista->Modello()->columnCount(); ++i) {
-        const QRect Posto = Riquadro(i).adjusted(MargineCella, 0, -MargineCella, 0);
+        const QRect Posto = Spazio(i).adjusted(MargineCella, 0, -MargineCella, 0);
         const QString Testo = Testi.value(i);
         if (Testo.isEmpty() || Posto.isEmpty())
             continue;

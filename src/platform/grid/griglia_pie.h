@@ -18,6 +18,8 @@ public:
     void Azzera();
     /// Where a column's text stands, in the footer's coordinates: below the column wherever that is.
     [[nodiscard]] QRect Riquadro(int Colonna) const;
+    /// What a text has of the footer: its column, and as much of the empty ones beside it as it needs.
+    [[nodiscard]] QRect Spazio(int Colonna) const;
 
     [[nodiscard]] QSize sizeHint() const override;
 
@@ -26,6 +28,10 @@ protected:
 
 private:
     void Racconta();
+    /// Width that a text fills, with the air around it.
+    [[nodiscard]] int Occorre(int Colonna) const;
+    /// Widens the columns whose totals would still be cut.
+    void Allarga();
 
     VistaGriglia* Vista;
     QHash<int, QString> Testi;

@@ -49,6 +49,8 @@ public:
     void AltezzaRighe();
     /// At which every column on view is whole, those that stretch at their narrowest.
     [[nodiscard]] int LarghezzaColonne() const;
+    /// Widens a column to this at least; one that stretches has it as its narrowest from now on.
+    void EsigiLarghezza(int Colonna, int Almeno);
     /// Width of a column, hidden or not.
     [[nodiscard]] int LarghezzaPiena(int Colonna) const;
     void ImpostaLarghezza(int Colonna, int Larghezza);
@@ -107,6 +109,7 @@ private:
     bool InDomanda = false;
     int ZittaDomande = 0;
     QHash<int, int> LarghezzeNascoste;  ///< of the columns that are hidden
+    QHash<int, int> LarghezzeMinime;    ///< of the columns that stretch, besides their own
     QList<int> OrdinePrima;             ///< columns from the left, before the user drags one
     bool Ordinando = false;             ///< columns are moved by code
     bool Stirando = false;

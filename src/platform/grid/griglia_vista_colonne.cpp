@@ -37,6 +37,7 @@ void VistaGriglia::LarghezzeIniziali()
                                                                   : QHeaderView::Interactive);
     }
     LarghezzeNascoste.clear();
+    LarghezzeMinime.clear();
     OrdinePrima = OrdineColonne();
     Stira();
 }
@@ -126,7 +127,19 @@ void VistaGriglia::Stira()
 
 int VistaGriglia::LarghezzaStretta(int Colonna) const
 {
-    return std::max(LarghezzaChiesta(Colonna) - Margini, LarghezzaTitolo(Colonna));
+    return std::max(
+        {LarghezzaChiesta(Colonna) - Margini, LarghezzaTitolo(Colonna), LarghezzeMinime.value(Colonna)});
+}
+
+void VistaGriglia::EsigiLarghezza(int Colonna, int Almeno)
+{
+    LarghezzeMinime[Colonna] = Almeno;
+    if (isColumnHidden(Colonna) || columnWidth(Colonna) >= Almeno)
+        return;
+    if (Righe->Colonne()[Colonna].Stira && !Stirando)
+        Stira();
+    else
+        setColumnWidth(Colonna, Almeno);
 }
 
 int VistaGriglia::LarghezzaColonne() const

@@ -9,6 +9,8 @@ class TestGrigliaColonne : public QObject
 private Q_SLOTS:
     void piePerColonna();
     void ilPieSegueLeColonne();
+    void ilPieSiAllargaSuiVuoti();
+    void ilPieNonTagliaUnaCifra();
     void laColonnaCheStira();
     void chiSiStiraTieneIlTitolo();
     void larghezzeAndataERitorno();
@@ -64,6 +66,66 @@ void TestGrigliaColonne::ilPieSegueLeColonne()
     QVERIFY(SottoLaColonna(0) && SottoLaColonna(1) && SottoLaColonna(2));
     F.Vista()->horizontalScrollBar()->setValue(60);
     QCOMPARE(Barra->value(), 60);
+}
+
+namespace {
+
+int Lungo(const PieGriglia* Pie, const QString& Testo)
+{
+    QFont Grassetto = Pie->font();
+    Grassetto.setBold(true);
+    return QFontMetrics(Grassetto).horizontalAdvance(Testo);
+}
+
+}  // namespace
+
+void TestGrigliaColonne::ilPieSiAllargaSuiVuoti()
+{
+    FinestraRighe F;
+    QVERIFY(MostraAttiva(F));
+    auto* Pie = dynamic_cast<PieGriglia*>(F.Griglia_->layout()->itemAt(1)->widget());
+    QVERIFY(Pie);
+    const QString Totale = u"Totale in euro 123.456.789,00"_s;
+    const int Prima = F.Vista()->columnWidth(2);
+    QVERIFY(Prima < Lungo(Pie, Totale));
+    F.Griglia_->Pie(2, Totale);
+    QCOMPARE(F.Vista()->columnWidth(2), Prima);
+    QVERIFY(Pie->Spazio(2).width() > Lungo(Pie, Totale));
+    QCOMPARE(Pie->Spazio(2).right(), Pie->Riquadro(2).right());
+    // And is drawn there.
+    const QImage Disegno = Pie->grab().toImage();
+    bool Scritto = false;
+    for (int y = 2; y < Disegno.height(); ++y)
+        for (int x = Pie->Spazio(2).left(); x < Pie->Riquadro(2).left(); ++x)
+            Scritto = Scritto || Disegno.pixelColor(x, y).lightness() < 100;
+    QVERIFY(Scritto);
+}
+
+void TestGrigliaColonne::ilPieNonTagliaUnaCifra()
+{
+    FinestraRighe F;
+    QVERIFY(MostraAttiva(F));
+    auto* Pie = dynamic_cast<PieGriglia*>(F.Griglia_->layout()->itemAt(1)->widget());
+    QVERIFY(Pie);
+    const QString Totale = u"1.234.567.890,00 più accessori"_s;
+    // The column beside it, which gives room, has a text of its own up to the figure.
+    F.Griglia_->Pie(1, QString(60, u'm'));
+    F.Griglia_->Pie(2, Totale);
+    QVERIFY(Pie->Spazio(2).width() > Lungo(Pie, Totale));
+    QVERIFY(!Pie->Spazio(1).intersects(Pie->Spazio(2)));
+    // Whoever drags the edge does not cut it either.
+    F.Vista()->horizontalHeader()->resizeSection(2, 25);
+    QVERIFY(Pie->Spazio(2).width() > Lungo(Pie, Totale));
+    // A shorter one lets go.
+    F.Griglia_->Pie(2, u"9,00"_s);
+    F.Vista()->horizontalHeader()->resizeSection(2, 60);
+    QCOMPARE(F.Vista()->columnWidth(2), 60);
+    // The column that stretches keeps the room of its total.
+    F.Griglia_->Pie(1, QString(40, u'9'));
+    const int Serve = Lungo(Pie, QString(40, u'9'));
+    QVERIFY(Pie->Spazio(1).width() > Serve);
+    F.resize(200, 320);
+    QVERIFY(Pie->Spazio(1).width() > Serve);
 }
 
 void TestGrigliaColonne::laColonnaCheStira()
