@@ -10,6 +10,7 @@
 #include <QCheckBox>
 #include <QDoubleSpinBox>
 #include <QPlainTextEdit>
+#include <QScopeGuard>
 
 #include <memory>
 
@@ -39,6 +40,7 @@ private Q_SLOTS:
     void posta();
     void testiIniziali();
     void ordineDelFuoco();
+    void nienteSiSovrappone();
 
 private:
     frmSetup& Apri() { return T->Apri(frmSetup::SchedaDeiDocumenti); }
@@ -254,6 +256,24 @@ void TestSetupDocumenti::ordineDelFuoco()
                           u"chkLogoDoc_1"_s, u"chkLogoDoc_2"_s, u"chkLogoDoc_3"_s, u"chkLogoDoc_4"_s,
                           u"chkLogoDoc_5"_s, u"chkLogoDoc_6"_s, u"chkLogoDoc_7"_s, u"chkLogoDoc_8"_s,
                           u"txtPostaOggetto"_s, u"txtPostaTesto"_s, u"cmdTestiIniziali"_s}));
+}
+
+/// Nor in a window that is too low for large letters: the page scrolls.
+void TestSetupDocumenti::nienteSiSovrappone()
+{
+    const QFont Prima = QApplication::font();
+    const auto Rimetti = qScopeGuard([&] { QApplication::setFont(Prima); });
+    QFont Grande = Prima;
+    Grande.setPixelSize(19);
+    QApplication::setFont(Grande);
+    frmSetup& F = Apri();
+    F.resize(1200, 560);
+    QVERIFY(QTest::qWaitForWindowExposed(&F));
+    const auto* Testo = T->Trova<QPlainTextEdit>(u"txtPostaTesto"_s);
+    const auto* Sotto = T->Trova<QLabel>(u"lblSegnaposti"_s);
+    QTRY_VERIFY(Sotto->height() >= Sotto->heightForWidth(Sotto->width()));
+    QVERIFY2(Testo->geometry().bottom() < Sotto->geometry().top(),
+             qPrintable(u"%1 %2"_s.arg(Testo->geometry().bottom()).arg(Sotto->geometry().top())));
 }
 
 #include "TestSetupDocumenti.moc"
