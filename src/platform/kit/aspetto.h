@@ -60,7 +60,8 @@ void AssegnaNomiAccessibili(QWidget* Modulo);
 /// The titles of the form's groups in bold, what they hold as it was.
 void TitoliInGrassetto(QWidget* Modulo);
 
-/// From now on the window comes up where and as large as the user left it, and his moving and sizing it is
+/// From now on the window comes up where and as large as the user left it, and the first time as large as its
+/// form was drawn, in the measure of the letters in use; and his moving and sizing it is
 /// remembered when it goes. What the program does to it, before it is on view or because a screen is small,
 /// is not his and is not kept; a place that cannot be stored is dropped without a message. A second call does
 /// nothing.

@@ -1,6 +1,7 @@
 #include "platform/base/errore.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/lettere.h"
 #include "platform/system/impostazioni.h"
 
 #include <QCursor>
@@ -89,6 +90,17 @@ QRect Normale(const QWidget* Finestra)
     return Riquadro.isValid() ? Riquadro : Finestra->geometry();
 }
 
+/// Where the letters are larger than those that a form was drawn for, so is the window at first, as far as
+/// the screen goes: else its columns would be cut beside room that nobody uses.
+void Ingrandisci(QWidget* Finestra)
+{
+    if (!Finestra->testAttribute(Qt::WA_Resized))
+        return;
+    const QSize Schermo = SchermoDelPuntatore().marginsRemoved(Cornice(Finestra)).size();
+    const QSizeF Cresciuta = QSizeF(Finestra->size()) * aspetto::RapportoDelleLettere(Finestra);
+    Finestra->resize(Cresciuta.toSize().boundedTo(Schermo).expandedTo(Finestra->size()));
+}
+
 /// Knows how the program showed a window, so that what differs from it later is the user's doing.
 class GuardaPosto : public QObject
 {
@@ -162,6 +174,7 @@ void RicordaPostoDi(QWidget* Finestra, const QString& Nome)
     for (QObject* Figlio : Finestra->children())
         if (dynamic_cast<GuardaPosto*>(Figlio))
             return;
+    Ingrandisci(Finestra);
     new GuardaPosto(Finestra, Nome);
 }
 

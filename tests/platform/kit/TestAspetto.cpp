@@ -91,6 +91,7 @@ private Q_SLOTS:
     void soloLUtenteCambiaIlPosto();
     void ilTitoloRestaInVista();
     void maiPiuPiccolaDelContenuto();
+    void laFinestraCresceColCarattere();
     void postoGuasto_data();
     void postoGuasto();
     void finestraPiuGrandeDelloSchermo();
@@ -429,6 +430,30 @@ void TestAspetto::maiPiuPiccolaDelContenuto()
     QVERIFY(Finestra.width() >= 420 && Finestra.height() >= 330);
     Finestra.resize(120, 90);
     QVERIFY(Finestra.width() >= 420 && Finestra.height() >= 330);
+}
+
+void TestAspetto::laFinestraCresceColCarattere()
+{
+    const auto Mostrata = [](int Corpo, const QString& Nome, const QSize& Disegnata) {
+        QWidget Finestra;
+        QFont Suo = Finestra.font();
+        Suo.setPointSize(Corpo);
+        Finestra.setFont(Suo);
+        if (Disegnata.isValid())
+            Finestra.resize(Disegnata);
+        aspetto::RicordaPostoDi(&Finestra, Nome);
+        Finestra.show();
+        return Finestra.size();
+    };
+    const QSize Schermo = QGuiApplication::primaryScreen()->availableGeometry().size();
+    QCOMPARE(Mostrata(10, u"frmDieci"_s, {200, 160}), QSize(200, 160));
+    QCOMPARE(Mostrata(8, u"frmOtto"_s, {200, 160}), QSize(200, 160));
+    QCOMPARE(Mostrata(15, u"frmQuindici"_s, {200, 160}), QSize(300, 240));
+    const QSize Grande = Mostrata(15, u"frmLarga"_s, Schermo);
+    QVERIFY2(Grande.width() <= Schermo.width() && Grande.height() <= Schermo.height(),
+             "non oltre lo schermo");
+    SaveSetting(u"KR5"_s, u"Parametri"_s, u"Posto_frmSua"_s, u"40,50,210,170"_s);
+    QCOMPARE(Mostrata(15, u"frmSua"_s, {200, 160}), QSize(210, 170));
 }
 
 void TestAspetto::postoGuasto_data()
