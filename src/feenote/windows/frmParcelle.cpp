@@ -172,6 +172,7 @@ void frmParcelle::CollegaCornice()
     QFont Grande = ui->lblDatiBase->font();
     Grande.setBold(true);
     ui->lblDatiBase->setFont(Grande);
+    ui->lblDatiBase->TogliInMezzo();  // scale and value stand at the end
     ui->lblTotal->setFont(Grande);
 
     // Ctrl+Tab belongs to the frame, which goes from note to note with it.

@@ -3,9 +3,15 @@
 #include <QPainter>
 #include <QStyle>
 
+void Etichetta::TogliInMezzo()
+{
+    Dove = Qt::ElideMiddle;
+    update();
+}
+
 QString Etichetta::Mostrato() const
 {
-    return fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+    return fontMetrics().elidedText(text(), Dove, contentsRect().width());
 }
 
 void Etichetta::paintEvent(QPaintEvent* Evento)

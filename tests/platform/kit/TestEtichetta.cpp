@@ -11,6 +11,7 @@ class TestEtichetta : public QObject
 
 private Q_SLOTS:
     void diceDiEssereTagliata();
+    void inMezzo();
     void disegnaCioCheMostra();
 };
 PROVA(TestEtichetta);
@@ -39,6 +40,21 @@ void TestEtichetta::diceDiEssereTagliata()
     QVERIFY(Riga.Mostrato().endsWith(u'…'));
     QVERIFY(Lungo.startsWith(Riga.Mostrato().chopped(1)));
     QCOMPARE(Riga.text(), Lungo);
+}
+
+void TestEtichetta::inMezzo()
+{
+    Etichetta Riga;
+    Riga.setTextFormat(Qt::PlainText);
+    Riga.setText(Lungo);
+    Riga.TogliInMezzo();
+    Riga.resize(Riga.sizeHint());
+    QCOMPARE(Riga.Mostrato(), Lungo);
+    Riga.resize(Riga.sizeHint().width() / 2, Riga.sizeHint().height());
+    const QStringList Capi = Riga.Mostrato().split(u'…');
+    QCOMPARE(Capi.size(), 2);
+    QVERIFY(Capi[0].size() > 10 && Capi[1].size() > 10);
+    QVERIFY(Lungo.startsWith(Capi[0]) && Lungo.endsWith(Capi[1]));
 }
 
 /// Whole as any label; cut as a label would be that had the shorter text.
