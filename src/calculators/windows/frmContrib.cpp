@@ -69,6 +69,10 @@ void ApriScheda()
 frmContrib::frmContrib() : ui(std::make_unique<Ui::frmContrib>())
 {
     ui->setupUi(this);
+    constexpr double CorpoTitolo = 1.4;  // of the text's, however large that is
+    QFont Grande = ui->lblTitolo->font();
+    Grande.setPointSizeF(Grande.pointSizeF() * CorpoTitolo);
+    ui->lblTitolo->setFont(Grande);
     Scelta = std::make_unique<SceltaNorme>(ui->cmbNorme, [this] { CambiaNorme(); });
     fraContrib = new PannelloContributo(ui->Picture1);
     ui->VScroll1->setRange(0, PassiBarra);
