@@ -154,13 +154,13 @@ bool EChiave(const Campo& Descritto)
     return Descritto.Contatore || Uguali(Descritto.Name, NomeChiave);
 }
 
-std::optional<qint64> PrimaChiaveLibera(const Recordset& Righe)
+qint64 UltimaChiave(const Recordset& Righe)
 {
     constexpr int Porzione = 4000;
     const QList<Campo> Campi = Righe.Campi();
     const auto Chiave = std::ranges::find_if(Campi, EChiave);
-    if (Chiave == Campi.end() || std::ranges::any_of(Campi, &Campo::Contatore))
-        return std::nullopt;
+    if (Chiave == Campi.end())
+        return 0;
     qint64 Massima = 0;
     std::optional<qint64> Letta;
     do
@@ -168,7 +168,7 @@ std::optional<qint64> PrimaChiaveLibera(const Recordset& Righe)
             Massima = std::max(Massima, Riga.Valore(0).toLongLong());
         });
     while (Letta);
-    return Massima + 1;
+    return Massima;
 }
 
 QVariantList ValoriScelti(const Recordset& Riga, const QList<ColonnaRubrica>& Colonne)

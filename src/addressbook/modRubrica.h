@@ -57,10 +57,8 @@ struct ColonnaRubrica
 /// True for the field by which rows are known to the notes: "ID", and any counter. An archive that comes from
 /// elsewhere may have it as a plain number.
 [[nodiscard]] bool EChiave(const Campo& Descritto);
-/// The number above all keys of a table that has them as plain numbers, so that nobody gives a new row one:
-/// no note could be linked to it. None where the engine gives the keys, or there are none.
-/// @throws Errore as Recordset::Scorri
-[[nodiscard]] std::optional<qint64> PrimaChiaveLibera(const Recordset& Righe);
+/// The highest key of the rows of a table, 0 for none. @throws Errore as Recordset::Scorri
+[[nodiscard]] qint64 UltimaChiave(const Recordset& Righe);
 
 /// What a choice hands over of the current row: the values of the columns, in order. Where the first two of
 /// them are not `ID` and `Nominativo` these are put in front.

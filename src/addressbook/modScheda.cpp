@@ -233,7 +233,7 @@ QString ChiaveCheManca(const Recordset& Righe)
 
 }  // namespace
 
-bool SalvaScheda(Recordset& Righe)
+bool SalvaScheda(Recordset& Righe, const DatoreDiChiavi& ChiaveNuova)
 {
     if (Righe.CambiatoDaAltri() &&
         MsgBox(u"Nel frattempo un altro programma ha cambiato questa scheda.\n"
@@ -248,7 +248,7 @@ bool SalvaScheda(Recordset& Righe)
     // Where the engine gives no key, nobody takes the same one meanwhile.
     try {
         Righe.Update([&] {
-            if (const auto Prossima = PrimaChiaveLibera(Righe))
+            if (const auto Prossima = ChiaveNuova ? ChiaveNuova() : std::nullopt)
                 Righe.ImpostaValue(Chiave, *Prossima);
         });
     } catch (const Errore&) {

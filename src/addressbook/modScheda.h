@@ -6,6 +6,9 @@
 #include <QString>
 #include <QVariant>
 
+#include <functional>
+#include <optional>
+
 /// The engine's code of a type by its name ("Boolean" 1 to "Memo" 12); 0 for any other name.
 [[nodiscard]] int GetFieldType(const QString& Nome);
 
@@ -36,11 +39,14 @@ void ScriviScheda(Recordset& Righe, const Campo& Colonna, const QString& Testo);
 /// Caption of a card by its mode, "new", "edit" or "view".
 [[nodiscard]] QString DidascaliaScheda(const QString& Modalità);
 
+using DatoreDiChiavi = std::function<std::optional<qint64>()>;
+
 /// Writes the open edit to the file. A row that another program has changed since the edit began is told
 /// before it is overwritten.
+/// @param ChiaveNuova gives the key of a new row that has none (PrimaChiaveLibera); nobody writes meanwhile
 /// @return false when the user does not want to overwrite it; the edit stays open
 /// @throws Errore as Recordset::Update; the edit stays open then too
-[[nodiscard]] bool SalvaScheda(Recordset& Righe);
+[[nodiscard]] bool SalvaScheda(Recordset& Righe, const DatoreDiChiavi& ChiaveNuova);
 
 /// Asks whether the changes of an open edit are to be saved. @return vbYes, vbNo or vbCancel
 [[nodiscard]] int ChiediSeSalvareScheda();

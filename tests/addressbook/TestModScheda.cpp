@@ -1,6 +1,7 @@
 #include "supporto/prova.h"
 
 #include "addressbook/archivio_schede.h"
+#include "addressbook/chiavi.h"
 #include "addressbook/modScheda.h"
 #include "platform/database/connessione.h"
 #include "platform/system/guasti.h"
@@ -14,6 +15,15 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+DatoreDiChiavi ChiaviDi(const Database& Archivio)
+{
+    return [&Archivio] { return PrimaChiaveLibera(Archivio, u"clienti"_s); };
+}
+
+}  // namespace
 
 class TestModScheda : public QObject
 {
@@ -41,6 +51,9 @@ private Q_SLOTS:
     void didascalie();
     void siSalva();
     void laChiaveCheNessunoDa();
+    void laChiaveDiChiNonCE_data();
+    void laChiaveDiChiNonCE();
+    void nienteDaTrattenere();
     void dueProgrammiDueChiavi();
     void laChiaveDiUnSalvataggioFallito();
     void cambiataDaAltri_data();
@@ -324,7 +337,7 @@ void TestModScheda::siSalva()
 {
     Righe.Edit();
     ScriviScheda(Righe, Colonna(u"Nominativo"_s), u"Gallo"_s);
-    QVERIFY(SalvaScheda(Righe));
+    QVERIFY(SalvaScheda(Righe, ChiaviDi(Db)));
     QCOMPARE(Db.OpenRecordset(u"clienti"_s).Value(u"Nominativo"_s).toString(), u"Gallo"_s);
 }
 
@@ -342,7 +355,7 @@ void TestModScheda::laChiaveCheNessunoDa()
         Suoi.ImpostaValue(u"Nominativo"_s, u"Rossi"_s);
         if (Scritta.isValid())
             Suoi.ImpostaValue(u"Id"_s, Scritta);
-        (void)SalvaScheda(Suoi);
+        (void)SalvaScheda(Suoi, ChiaviDi(Vecchio));
         return Suoi.Value(u"Id"_s).toInt();
     };
     QCOMPARE(Nuova({}), 13);
@@ -350,13 +363,63 @@ void TestModScheda::laChiaveCheNessunoDa()
     QCOMPARE(Nuova({}), 41);
     Suoi.Edit();
     Suoi.ImpostaValue(u"Nominativo"_s, u"Rossi Ada"_s);
-    QVERIFY(SalvaScheda(Suoi));
+    QVERIFY(SalvaScheda(Suoi, ChiaviDi(Vecchio)));
     QCOMPARE(Suoi.Value(u"Id"_s).toInt(), 41);
     // Where the engine gives them it goes on doing so.
     Righe.AddNew();
     Righe.ImpostaValue(u"Nominativo"_s, u"Rossi"_s);
-    QVERIFY(SalvaScheda(Righe));
+    QVERIFY(SalvaScheda(Righe, ChiaviDi(Db)));
     QCOMPARE(Righe.Value(u"ID"_s).toInt(), 5);
+}
+
+void TestModScheda::laChiaveDiChiNonCE_data()
+{
+    QTest::addColumn<QString>("Dichiarata");
+    QTest::newRow("un numero") << u"INTEGER"_s;
+    QTest::newRow("un contatore che torna indietro") << u"INTEGER PRIMARY KEY"_s;
+    QTest::newRow("un contatore del motore") << u"INTEGER PRIMARY KEY AUTOINCREMENT"_s;
+}
+
+/// A row that has gone takes its key with it, whoever gives the keys of its table.
+void TestModScheda::laChiaveDiChiNonCE()
+{
+    QFETCH(QString, Dichiarata);
+    const Database Vecchio = CreateDatabase(NuovaCartella() + u"vecchio.mdb"_s);
+    Vecchio.Execute(u"CREATE TABLE clienti (Id %1, Nominativo TEXT)"_s.arg(Dichiarata));
+    Vecchio.Execute(u"INSERT INTO clienti (Id, Nominativo) VALUES (12, 'Verdi'), (9, 'Neri')"_s);
+    const auto Nuova = [&] {
+        Recordset Suoi = Vecchio.OpenRecordset(u"clienti"_s);
+        Suoi.AddNew();
+        Suoi.ImpostaValue(u"Nominativo"_s, u"Rossi"_s);
+        (void)SalvaScheda(Suoi, ChiaviDi(Vecchio));
+        return Suoi.Value(u"Id"_s).toInt();
+    };
+    const auto Togli = [&](int Chiave) {
+        TrattieniChiavi(Vecchio, u"Clienti"_s, Chiave);
+        Vecchio.Execute(u"DELETE FROM clienti WHERE Id=?"_s, {Chiave});
+    };
+    Togli(12);
+    Togli(9);
+    QCOMPARE(Nuova(), 13);
+    QCOMPARE(Nuova(), 14);
+    Togli(14);
+    Togli(13);
+    QCOMPARE(Nuova(), 15);
+    QCOMPARE(UltimaChiaveData(Vecchio, u"clienti"_s), 15);
+    // More than the engine has ever seen.
+    TrattieniChiavi(Vecchio, u"clienti"_s, 40);
+    QCOMPARE(Nuova(), 41);
+    QCOMPARE(Nuova(), 42);
+}
+
+/// Where another program keeps something of its own under that name, a name can be deleted all the same.
+void TestModScheda::nienteDaTrattenere()
+{
+    const Database Altrui = CreateDatabase(NuovaCartella() + u"vecchio.mdb"_s);
+    Altrui.Execute(u"CREATE TABLE clienti (Id INTEGER, Nominativo TEXT)"_s);
+    Altrui.Execute(u"CREATE TABLE _Calcanova (Altro INTEGER)"_s);
+    TrattieniChiavi(Altrui, u"clienti"_s, 12);
+    QCOMPARE(PrimaChiaveLibera(Altrui, u"clienti"_s).value_or(0), 1);
 }
 
 /// Another program is adding a row just now: whoever comes second gets the next key.
@@ -378,7 +441,7 @@ void TestModScheda::dueProgrammiDueChiavi()
         });
         Suoi.AddNew();
         Suoi.ImpostaValue(u"Nominativo"_s, u"Rossi"_s);
-        QVERIFY(SalvaScheda(Suoi));
+        QVERIFY(SalvaScheda(Suoi, ChiaviDi(Vecchio)));
         QCOMPARE(Suoi.Value(u"Id"_s).toInt(), 2 * i + 2);
     }
     QCOMPARE(Vecchio.OpenRecordset(u"clienti"_s).RecordCount(), 6);
@@ -401,13 +464,13 @@ void TestModScheda::laChiaveDiUnSalvataggioFallito()
     {
         Istruzione Legge(AltroProgramma, u"SELECT count(*) FROM clienti"_s);
         QVERIFY(Legge.Avanza());
-        QCOMPARE(NumeroErrore([&] { (void)SalvaScheda(Suoi); }), 3260);
+        QCOMPARE(NumeroErrore([&] { (void)SalvaScheda(Suoi, ChiaviDi(Vecchio)); }), 3260);
     }
     AltroProgramma.Esegui(u"ROLLBACK"_s);
     QCOMPARE(Suoi.EditMode(), 2);
     QCOMPARE(Suoi.Value(u"Nominativo"_s).toString(), u"Rossi"_s);
     AltroProgramma.Esegui(u"INSERT INTO clienti (Id, Nominativo) VALUES (1, 'Neri')"_s);
-    QVERIFY(SalvaScheda(Suoi));
+    QVERIFY(SalvaScheda(Suoi, ChiaviDi(Vecchio)));
     QCOMPARE(Suoi.Value(u"Id"_s).toInt(), 2);
     QCOMPARE(Vecchio.OpenRecordset(u"clienti"_s).RecordCount(), 2);
 }
@@ -429,7 +492,7 @@ void TestModScheda::cambiataDaAltri()
     Voce.Attendi(u"Nel frattempo un altro programma ha cambiato questa scheda.\n"
                  "Salvare le proprie modifiche al posto delle sue?"_s,
                  Risposta, u"Domanda:"_s);
-    QCOMPARE(SalvaScheda(Righe), Risposta == vbYes);
+    QCOMPARE(SalvaScheda(Righe, ChiaviDi(Db)), Risposta == vbYes);
     QCOMPARE(Voce.Ultimo().Bandiere, vbYesNo | vbQuestion | vbDefaultButton2);
     QCOMPARE(Db.OpenRecordset(u"clienti"_s).Value(u"Anni"_s), QVariant(Risposta == vbYes ? 50 : 44));
     QCOMPARE(Righe.EditMode(), Risposta == vbYes ? 0 : 1);
@@ -440,7 +503,7 @@ void TestModScheda::eliminataDaAltri()
     Righe.Edit();
     ScriviScheda(Righe, Colonna(u"Anni"_s), u"50"_s);
     Db.Execute(u"DELETE FROM clienti WHERE ID=1"_s);
-    QCOMPARE(NumeroErrore([&] { (void)SalvaScheda(Righe); }), 3167);
+    QCOMPARE(NumeroErrore([&] { (void)SalvaScheda(Righe, ChiaviDi(Db)); }), 3167);
     QCOMPARE(Righe.EditMode(), 1);
     QCOMPARE(Righe.Value(u"Anni"_s), QVariant(50));
 }

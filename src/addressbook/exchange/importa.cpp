@@ -1,5 +1,6 @@
 #include "addressbook/exchange/importa.h"
 
+#include "addressbook/chiavi.h"
 #include "addressbook/exchange/annullo.h"
 #include "addressbook/exchange/colonneimporta.h"
 #include "addressbook/modRubrica.h"
@@ -301,8 +302,10 @@ bool ImportaNominativi::ScriviMosse(const Avanzamento& Prosegui)
     QStringList Nomi;
     for (const Campo& Uno : Campi)
         Nomi.append(FraNome(Uno.Name));
-    std::optional<qint64> Prossima = PrimaChiaveLibera(Archivio.OpenRecordset(Tabella));
-    const QStringList Tutti = Prossima ? Nomi + QStringList{u"\"ID\""_s} : Nomi;
+    std::optional<qint64> Prossima = PrimaChiaveLibera(Archivio, Tabella);
+    QStringList Tutti = Nomi;
+    if (const QList<Campo> Suoi = Archivio.Campi(Tabella); Prossima)
+        Tutti.append(FraNome(std::ranges::find_if(Suoi, EChiave)->Name));
     const QString Inserisci = u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(
         FraNome(Tabella), Tutti.join(u','), QStringList(Tutti.size(), u"?"_s).join(u','));
     const int Tutte = int(Mosse.size());

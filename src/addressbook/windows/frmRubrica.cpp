@@ -1,6 +1,7 @@
 // The browser of the address book: controls, keys, opening.
 #include "addressbook/windows/frmRubrica.h"
 
+#include "addressbook/chiavi.h"
 #include "addressbook/windows/frmRicerche.h"
 #include "addressbook/windows/frmScheda.h"
 #include "core/aperture.h"
@@ -124,6 +125,7 @@ void frmRubrica::CollegaControlli()
                                [this] { CambiaArchivio(DiClienti); });
     ::Collega<QAbstractButton>(ui->optArchivio_1, &QAbstractButton::clicked, this,
                                [this] { CambiaArchivio(DiControparti); });
+    ui->panSospeso->ChiaveNuova = [this] { return PrimaChiaveLibera(Archivio, Richiesta.RecordSource); };
     ::Collega(ui->txtFiltro, &QLineEdit::textChanged, this, [this] { Esegui([this] { Filtra(); }); });
     Griglia* Lista = ui->tdbRubrica;
     Lista->ConsentiComandi(true);

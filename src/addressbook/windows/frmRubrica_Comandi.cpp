@@ -1,4 +1,5 @@
 // The browser of the address book: what is done with a row.
+#include "addressbook/chiavi.h"
 #include "addressbook/exchange/esporta.h"
 #include "addressbook/windows/frmImporta.h"
 #include "addressbook/windows/frmRicerche.h"
@@ -76,6 +77,7 @@ void frmRubrica::ApriScheda(const QString& Modo)
     Scheda = new frmScheda(this);
     Scheda->ImpostaModalità(Modo);
     Scheda->Consegna(Righe, ui->tdbRubrica->Colonne());
+    Scheda->ChiaveNuova = ui->panSospeso->ChiaveNuova;
     ::Collega(Scheda.data(), &frmScheda::Chiusa, this, [this](bool Scritta) {
         Scheda = nullptr;
         if (Cercatore)
@@ -129,7 +131,14 @@ void frmRubrica::Elimina()
         return;
     Righe.ImpostaBookmark(Chiesta);  // the row that the question was about, wherever the list stands now
     const QVariantList Celle = Righe.Grezza();
-    Righe.Delete();
+    {
+        Transazione Insieme(Archivio);
+        const QList<Campo> Campi = Righe.Campi();
+        if (const auto Chiave = std::ranges::find_if(Campi, EChiave); Chiave != Campi.end())
+            TrattieniChiavi(Archivio, Richiesta.RecordSource, Righe.Value(Chiave->Name).toLongLong());
+        Righe.Delete();
+        Insieme.Conferma();
+    }
     Tolte.push_back({Archivio.Percorso(), Richiesta.RecordSource, Celle});
     ui->tdbRubrica->AzzeraSelezione();
     AllineaTutte();

@@ -1,6 +1,7 @@
 // The card of one row of the address book: a label and a box for each column of the browser.
 #pragma once
 
+#include "addressbook/modScheda.h"
 #include "platform/database/database.h"
 #include "platform/grid/griglia.h"
 
@@ -43,6 +44,8 @@ public:
     /// The rows, and the columns of the browser's grid as it was given them: those that the user has hidden
     /// since are on the card too.
     void Consegna(const Recordset& Condivise, const QList<ColonnaGriglia>& DellaGriglia);
+    /// Gives the key of a new row.
+    DatoreDiChiavi ChiaveNuova;
 
     /// Begins the new row or the edit, fills the boxes and shows the card. What hinders it is reported;
     /// the card goes then without having been seen, and Chiusa comes.

@@ -130,7 +130,7 @@ bool frmScheda::Salva()
         return false;
     bool Salvata = false;
     // Whatever hinders the update, card, texts and edit stay as they are.
-    (void)Protetta([&] { Salvata = SalvaScheda(Righe); });
+    (void)Protetta([&] { Salvata = SalvaScheda(Righe, ChiaveNuova); });
     if (Salvata)
         Scarica(true);
     return Salvata;

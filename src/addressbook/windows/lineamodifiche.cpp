@@ -73,7 +73,7 @@ bool LineaModifiche::Consenti()
 void LineaModifiche::Salva()
 {
     bool Salvata = false;
-    (void)Protetta([&] { Salvata = SalvaScheda(Righe); });
+    (void)Protetta([&] { Salvata = SalvaScheda(Righe, ChiaveNuova); });
     if (Salvata)
         Chiudi(true);
 }

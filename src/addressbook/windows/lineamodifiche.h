@@ -1,6 +1,7 @@
 // The line of a browser that says that a card was left with its changes unsaved.
 #pragma once
 
+#include "addressbook/modScheda.h"
 #include "platform/database/recordset.h"
 
 #include <QFrame>
@@ -17,6 +18,8 @@ public:
 
     /// The recordset of the moment, shared with the browser.
     void Segui(const Recordset& Nuove);
+    /// Gives the key of a new row.
+    DatoreDiChiavi ChiaveNuova;
     /// Shows the line when an edit is open, hides it when none is.
     void Aggiorna();
 

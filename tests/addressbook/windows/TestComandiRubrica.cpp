@@ -1,6 +1,8 @@
 // What is done with a row of the address book: card, deletion and its way back, choice.
 #include "bancocomandi.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 class TestComandiRubrica : public QObject, private BancoComandi
@@ -27,6 +29,7 @@ private Q_SLOTS:
     void eliminaLUltima();
     void eliminaERimetti();
     void rimessaNellaSuaTabella();
+    void laChiaveNonTorna_data();
     void laChiaveNonTorna();
     void laRigaSparitaAltrove_data();
     void laRigaSparitaAltrove();
@@ -334,8 +337,22 @@ void TestComandiRubrica::rimessaNellaSuaTabella()
     QVERIFY(!Azione(F, "rimetti")->isEnabled());
 }
 
+void TestComandiRubrica::laChiaveNonTorna_data()
+{
+    QTest::addColumn<bool>("Numero");
+    QTest::newRow("contatore") << false;
+    QTest::newRow("numero") << true;  // as archives of other programs may have it
+}
+
 void TestComandiRubrica::laChiaveNonTorna()
 {
+    QFETCH(bool, Numero);
+    if (Numero) {
+        const Database Db = OpenDatabase(A->File);
+        for (const QString& Sql : {u"CREATE TABLE nuova AS SELECT * FROM clienti"_s, u"DROP TABLE clienti"_s,
+                                   u"ALTER TABLE nuova RENAME TO clienti"_s})
+            Db.Execute(Sql);
+    }
     frmRubrica* F = A->Apri(A->DaNota());
     QVERIFY(F);
     VaiA(F, 4);
@@ -345,6 +362,10 @@ void TestComandiRubrica::laChiaveNonTorna()
     ScriviScheda(F, 1, u"Nuovo"_s);
     Premuto(F, u"do"_s);
     QCOMPARE(Chiavi(A->File), (QList<int>{1, 2, 3, 4, 6}));
+    F->Comando(u"rimetti"_s);
+    QList<int> Rimesse = Chiavi(A->File);
+    std::ranges::sort(Rimesse);
+    QCOMPARE(Rimesse, (QList<int>{1, 2, 3, 4, 5, 6}));
 }
 
 void TestComandiRubrica::laRigaSparitaAltrove_data()
