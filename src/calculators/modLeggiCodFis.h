@@ -29,8 +29,6 @@ struct LetturaCodFis
     [[nodiscard]] bool Letto() const { return !Codice.isEmpty() && Difetto.isEmpty(); }
 };
 
-constexpr int LettereCodFis = 16;
-
 /// Reads a code of sixteen characters, whatever its case, with or without blanks. An empty text has neither a
 /// reading nor a defect.
 ///

@@ -94,9 +94,8 @@ QChar ControlloCodFis(const QString& Codice)
 
 bool CodiceFiscaleTorna(const QString& Testo)
 {
-    constexpr qsizetype Lunghezza = 16;
     const QString Codice = Compatto(Testo);
-    if (Codice.size() != Lunghezza)
+    if (Codice.size() != LettereCodFis)
         return PartitaIvaTorna(Codice);
     const bool Noto = std::ranges::all_of(Codice, [](QChar C) { return Valore(C) >= 0; });
     return Noto && Codice.back() == ControlloCodFis(Codice);
@@ -104,14 +103,13 @@ bool CodiceFiscaleTorna(const QString& Testo)
 
 bool PartitaIvaTorna(const QString& Testo)
 {
-    constexpr qsizetype Lunghezza = 11;
     QString Codice = Compatto(Testo);
     if (Codice.startsWith(u"IT"))
         Codice.remove(0, 2);
-    if (Codice.size() != Lunghezza)
+    if (Codice.size() != CifrePartitaIva)
         return false;
     int Somma = 0;
-    for (qsizetype i = 0; i < Lunghezza; ++i) {
+    for (qsizetype i = 0; i < CifrePartitaIva; ++i) {
         const int Cifra = Valore(Codice[i]);
         if (Cifra < 0 || Cifra > 9)
             return false;

@@ -3,6 +3,10 @@
 
 #include <QString>
 
+/// Characters of a person's fiscal code, and figures of a VAT number, which is a company's fiscal code too.
+inline constexpr int LettereCodFis = 16;
+inline constexpr int CifrePartitaIva = 11;
+
 /// A person's fiscal code of 16 characters, one with letters for digits too, or a company's of 11 digits;
 /// blanks and case count for nothing.
 [[nodiscard]] bool CodiceFiscaleTorna(const QString& Testo);

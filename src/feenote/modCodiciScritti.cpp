@@ -11,9 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype CarattereCodice = 16;
-constexpr qsizetype CifrePartita = 11;
-
 bool Cifra(QChar C)
 {
     return C >= u'0' && C <= u'9';
@@ -33,9 +30,9 @@ QString CifreDi(QStringView Testo)
         const bool Spazio = C.isSpace() || C == u'.';
         if (Cifra(C))
             Cifre += C;
-        else if (!Spazio || Cifre.size() >= CifrePartita - 1)
+        else if (!Spazio || Cifre.size() >= CifrePartitaIva - 1)
             break;
-        if (Cifre.size() == CifrePartita)
+        if (Cifre.size() == CifrePartitaIva)
             break;
     }
     return Cifre;
@@ -58,7 +55,7 @@ QString Dietro(const QString& Resto, bool& Esteri)
         Esteri = true;
         return {};
     }
-    const QString Intero = Codice.left(CarattereCodice);
+    const QString Intero = Codice.left(LettereCodFis);
     // Six letters and the year of birth: no word goes on like this.
     constexpr qsizetype LettereNome = 6;
     const bool Forma = Intero.size() > LettereNome + 1 &&
@@ -98,9 +95,9 @@ CodiciScritti LeggiCodici(const QString& Testo)
     auto Giro = Forme.globalMatch(Testo);
     while (Giro.hasNext()) {
         QString Codice = Giro.next().captured().toUpper();
-        if (Codice.startsWith(u"IT") && Codice.size() < CarattereCodice)
+        if (Codice.startsWith(u"IT") && Codice.size() < LettereCodFis)
             Codice.remove(0, 2);
-        if (Codice.size() == CarattereCodice || PartitaIvaTorna(Codice))
+        if (Codice.size() == LettereCodFis || PartitaIvaTorna(Codice))
             Aggiungi(Letti, Codice, false);
     }
     return Letti;

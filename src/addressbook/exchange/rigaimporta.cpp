@@ -39,9 +39,8 @@ bool SoloCifre(const QString& Testo)
 /// A VAT number whose first noughts a spreadsheet has taken for those of a number.
 QString ConGliZeri(const QString& Codice)
 {
-    constexpr int Cifre = 11;
-    const QString Intero = Codice.rightJustified(Cifre, u'0');
-    return SoloCifre(Codice) && Codice.size() < Cifre && PartitaIvaTorna(Intero) ? Intero : Codice;
+    const QString Intero = Codice.rightJustified(CifrePartitaIva, u'0');
+    return SoloCifre(Codice) && Codice.size() < CifrePartitaIva && PartitaIvaTorna(Intero) ? Intero : Codice;
 }
 
 /// The provinces whose postal codes begin with a nought, those of Sardinia that have gone too.

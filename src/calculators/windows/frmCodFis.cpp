@@ -4,6 +4,7 @@
 #include "calculators/modSchede.h"
 #include "calculators/windows/comandicalcolo.h"
 #include "calculators/windows/finestracalcolo.h"
+#include "core/modControlli.h"
 #include "core/modErrori.h"
 #include "platform/kit/annuncio.h"
 #include "platform/kit/aspetto.h"

@@ -197,9 +197,8 @@ bool HaPartitaItaliana(const Cessionario& Scritto)
 /// Who lives abroad with an Italian tax code is known by it, and finds the invoice in his own area.
 bool HaCodiceItaliano(const Cessionario& Scritto)
 {
-    constexpr qsizetype CaratteriPersona = 16;
     return Scritto.Estero() && Scritto.PartitaIva.trimmed().isEmpty() &&
-           CodiceInUnPezzo(Scritto.CodiceFiscale).size() == CaratteriPersona &&
+           CodiceInUnPezzo(Scritto.CodiceFiscale).size() == LettereCodFis &&
            CodiceFiscaleTorna(CodiceInUnPezzo(Scritto.CodiceFiscale));
 }
 
@@ -263,7 +262,6 @@ void ComponiDestinatario(FatturaElettronica& Fattura, const QString& Codice, con
 
 void ComponiCedente(FatturaElettronica& Fattura, const Cedente& Scritto, Raccolta& Note)
 {
-    constexpr qsizetype CaratteriPersona = 16;
     const Parte Chi(Studio, Note);
     ParteFattura& Parti = Fattura.Cedente;
     Parti.IdFiscaleIva = Chi.PartitaIva(Scritto.PartitaIva);
@@ -276,7 +274,7 @@ void ComponiCedente(FatturaElettronica& Fattura, const Cedente& Scritto, Raccolt
     if (Scritto.Genere == GenereStudio::PersonaFisica) {
         if (Parti.CodiceFiscale.isEmpty())
             Chi.Manca(CampoFattura::StudioCodiceFiscale, u"il codice fiscale"_s);
-        else if (Parti.CodiceFiscale.size() != CaratteriPersona)
+        else if (Parti.CodiceFiscale.size() != LettereCodFis)
             Note.Manca(CampoFattura::StudioCodiceFiscale,
                        u"Il codice fiscale di una persona fisica ha sedici caratteri: %1"_s.arg(
                            Parti.CodiceFiscale));
