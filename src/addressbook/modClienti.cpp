@@ -1,6 +1,8 @@
 #include "addressbook/modClienti.h"
 
 #include "addressbook/modRubrica.h"
+#include "core/modControlli.h"
+#include "core/modSede.h"
 #include "core/sessione.h"
 #include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
@@ -134,7 +136,7 @@ TipoSoggetto SoggettoDi(const DatiCliente& Cliente)
     constexpr qsizetype CodiceUfficio = 6;
     if (const auto Scritto = SoggettoScritto(Cliente.TipoSoggetto))
         return *Scritto;
-    if (!Cliente.Nazione.isEmpty() && Cliente.Nazione != u"IT")
+    if (!Cliente.Nazione.isEmpty() && Cliente.Nazione != Italia)
         return TipoSoggetto::Estero;
     if (Cliente.CodDestinatario.size() == CodiceUfficio)
         return TipoSoggetto::Amministrazione;
@@ -143,7 +145,6 @@ TipoSoggetto SoggettoDi(const DatiCliente& Cliente)
 
 bool ESocieta(const DatiCliente& Cliente)
 {
-    constexpr qsizetype CifreSocieta = 11;
     const auto Cifra = [](QChar C) { return C >= u'0' && C <= u'9'; };
     const std::optional<TipoSoggetto> Scritto = SoggettoScritto(Cliente.TipoSoggetto);
     if (Scritto == TipoSoggetto::Persona)
@@ -151,5 +152,5 @@ bool ESocieta(const DatiCliente& Cliente)
     if (Scritto == TipoSoggetto::Societa || Scritto == TipoSoggetto::Amministrazione)
         return true;
     return !Cliente.RapprLegale.isEmpty() ||
-           (Cliente.CodFis.size() == CifreSocieta && std::ranges::all_of(Cliente.CodFis, Cifra));
+           (Cliente.CodFis.size() == CifrePartitaIva && std::ranges::all_of(Cliente.CodFis, Cifra));
 }

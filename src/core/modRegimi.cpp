@@ -10,7 +10,7 @@ namespace {
 constexpr std::array Regimi{
     VoceCodificata{regimi::Ordinario, u"Ordinario"},
     VoceCodificata{regimi::Forfettario, u"Forfettario"},
-    VoceCodificata{u"RF02", u"Contribuenti minimi"},
+    VoceCodificata{regimi::Minimi, u"Contribuenti minimi"},
     VoceCodificata{u"RF04", u"Agricoltura, attività connesse e pesca"},
     VoceCodificata{u"RF05", u"Vendita di sali e tabacchi"},
     VoceCodificata{u"RF06", u"Commercio dei fiammiferi"},
@@ -23,10 +23,10 @@ constexpr std::array Regimi{
     VoceCodificata{u"RF13", u"Vendite a domicilio"},
     VoceCodificata{u"RF14", u"Beni usati, arte, antiquariato"},
     VoceCodificata{u"RF15", u"Vendite all'asta di arte e antiquariato"},
-    VoceCodificata{u"RF16", u"IVA per cassa verso la P.A."},
-    VoceCodificata{u"RF17", u"IVA per cassa"},
+    VoceCodificata{regimi::CassaPubblica, u"IVA per cassa verso la P.A."},
+    VoceCodificata{regimi::Cassa, u"IVA per cassa"},
     VoceCodificata{u"RF18", u"Altro"},
-    VoceCodificata{u"RF20", u"Franchigia IVA transfrontaliera"},
+    VoceCodificata{regimi::Franchigia, u"Franchigia IVA transfrontaliera"},
 };
 
 constexpr std::array Tipi{
@@ -69,5 +69,5 @@ QString tipostudio::Noto(const QString& Codice)
 
 QString tipostudio::Ritenuta(const QString& Codice)
 {
-    return Noto(Codice) == Persona ? u"RT01"_s : u"RT02"_s;
+    return (Noto(Codice) == Persona ? RitenutaPersona : RitenutaAltri).toString();
 }

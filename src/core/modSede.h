@@ -2,6 +2,10 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
+
+/// The country of whoever says none, ISO 3166.
+inline constexpr QStringView Italia = u"IT";
 
 /// The parts of an address. What could not be told is empty.
 struct PartiIndirizzo

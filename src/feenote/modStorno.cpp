@@ -1,6 +1,7 @@
 #include "feenote/modStorno.h"
 
 #include "core/modTesti.h"
+#include "feenote/codicifattura.h"
 #include "feenote/modAcconti.h"
 #include "feenote/modNumeraFattura.h"
 #include "platform/base/regionale.h"
@@ -119,7 +120,7 @@ AccontiDetratti ConSomme(const AccontiDetratti& Tutti, const Centesimi& Volute)
 
 bool ENotaDiCredito(const Parcella& Nota)
 {
-    return Nota.FatturaXml.Tipo == u"TD04";
+    return Nota.FatturaXml.Tipo == codici::NotaDiCredito;
 }
 
 AccontiDetratti AccontiDelDocumento(const Parcella& Nota, int Tipo)

@@ -5,7 +5,9 @@
 #include "core/modRegimi.h"
 #include "core/modSede.h"
 #include "core/sessione.h"
+#include "feenote/codicifattura.h"
 #include "feenote/einvoice/composizione.h"
+#include "feenote/einvoice/parti.h"
 #include "feenote/modDatiStampa.h"
 #include "feenote/modFatturaXml.h"
 #include "feenote/parcella.h"
@@ -23,7 +25,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype CaratteriPersona = 16;
 constexpr qsizetype LettereSigle = 6;  ///< of family name and first name
 
 /// A country's VAT numbers behind its two letters: "#" a digit, "?" a digit or a letter, anything else
@@ -153,7 +154,7 @@ std::pair<QString, QString> CognomeENome(const QString& Nominativo, const QStrin
 {
     const QString Codice = CodFis.simplified().remove(u' ').toUpper();
     const QStringList Parole = Nominativo.simplified().split(u' ', Qt::SkipEmptyParts);
-    if (Codice.size() != CaratteriPersona)
+    if (Codice.size() != LettereCodFis)
         return {};
     QList<std::pair<QString, QString>> Trovati;
     const auto Prova = [&](const QString& Cognome, const QString& Nome) {
@@ -215,7 +216,7 @@ SceltaFattura SceltaDellaNota(const Parcella& Nota, const Cessionario& Cliente)
     const bool Pubblica = Tenuti.Destinatario.isEmpty()
                               ? Cliente.Genere == GenereCliente::PubblicaAmministrazione
                               : Tenuti.Destinatario == u"PA";
-    Scelta.Formato = Pubblica ? u"FPA12"_s : u"FPR12"_s;
+    Scelta.Formato = (Pubblica ? FormatoPubblica : FormatoPrivati).toString();
     Scelta.ScissionePagamenti = Tenuti.Scissione;
     Scelta.BolloAddebitato = Tenuti.BolloAddebitato;
     Scelta.Natura = Tenuti.Natura;
@@ -276,9 +277,8 @@ Composizione ComponiDellaNota(const Parcella& Nota, const QString& Progressivo, 
 
 bool CambiaTipoFattura(Parcella& Nota, const QString& Tipo)
 {
-    constexpr QStringView Credito = u"TD04";
     DatiFatturaXml& Tenuti = Nota.FatturaXml;
-    const bool Prima = Tenuti.Tipo == Credito;
+    const bool Prima = Tenuti.Tipo == codici::NotaDiCredito;
     if (Tenuti.Tipo == Tipo)
         return false;
     const QString Numero = Nota.DatiPar(DatoNumFatt);
@@ -287,7 +287,8 @@ bool CambiaTipoFattura(Parcella& Nota, const QString& Tipo)
         CambiaDatiPar(Nota, DatoNumFatt, NuovoNumero);
         CambiaDatiPar(Nota, DatoDataFatt, NuovaData);
     };
-    if (Tipo == Credito && FatturaGiaScritta(Nota) && (Tenuti.CitataNumero + Tenuti.CitataData).isEmpty()) {
+    if (Tipo == codici::NotaDiCredito && FatturaGiaScritta(Nota) &&
+        (Tenuti.CitataNumero + Tenuti.CitataData).isEmpty()) {
         Tenuti.CitataNumero = SceltaDaNota(Nota).Numero;
         Tenuti.CitataData = Data;
         Riscrivi({}, {});

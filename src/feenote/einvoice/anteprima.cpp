@@ -74,7 +74,7 @@ QString Parti(const FatturaElettronica& Fattura)
     QStringList Invio{u"Codice destinatario: "_s + Fattura.CodiceDestinatario};
     if (!Fattura.PecDestinatario.isEmpty())
         Invio += u"PEC: "_s + Fattura.PecDestinatario;
-    QStringList Studio{u"Regime fiscale: "_s + ConNome(RegimiFiscali(), Fattura.Regime)};
+    QStringList Studio{u"Regime fiscale: "_s + ConNome(regimi::Voci(), Fattura.Regime)};
     if (!Fattura.EmailCedente.isEmpty())
         Studio += u"E-mail: "_s + Fattura.EmailCedente;
     return Tabella(u"<tr>"_s + Parte(u"Cedente/prestatore"_s, Fattura.Cedente, Studio) +

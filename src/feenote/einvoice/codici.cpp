@@ -1,5 +1,7 @@
 #include "feenote/einvoice/codici.h"
 
+#include "feenote/codicifattura.h"
+
 #include <QList>
 
 #include <algorithm>
@@ -8,37 +10,26 @@
 namespace {
 
 constexpr std::array Tipi{
-    VoceCodice{u"TD01", u"Fattura"},
-    VoceCodice{u"TD06", u"Parcella"},
-    VoceCodice{u"TD04", u"Nota di credito"},
-};
-
-// The regimes in which a law office can be; those of single trades are left out.
-constexpr std::array Regimi{
-    VoceCodice{u"RF01", u"Ordinario"},
-    VoceCodice{u"RF19", u"Forfettario (L. 190/2014)"},
-    VoceCodice{u"RF02", u"Contribuenti minimi (L. 244/2007)"},
-    VoceCodice{u"RF17", u"IVA per cassa (D.L. 83/2012)"},
-    VoceCodice{u"RF16", u"IVA per cassa verso la P.A. (D.P.R. 633/1972, art. 6)"},
-    VoceCodice{u"RF20", u"Franchigia transfrontaliera (dir. UE 2020/285)"},
-    VoceCodice{u"RF18", u"Altro"},
+    VoceCodificata{codici::Fattura, u"Fattura"},
+    VoceCodificata{u"TD06", u"Parcella"},
+    VoceCodificata{codici::NotaDiCredito, u"Nota di credito"},
 };
 
 constexpr std::array Modalita{
-    VoceCodice{u"MP05", u"Bonifico"},
-    VoceCodice{u"MP01", u"Contanti"},
-    VoceCodice{u"MP02", u"Assegno"},
-    VoceCodice{u"MP03", u"Assegno circolare"},
-    VoceCodice{u"MP08", u"Carta di pagamento"},
-    VoceCodice{u"MP22", u"Trattenuta su somme riscosse"},
-    VoceCodice{u"MP23", u"PagoPA"},
+    VoceCodificata{codici::Bonifico, u"Bonifico"},
+    VoceCodificata{u"MP01", u"Contanti"},
+    VoceCodificata{u"MP02", u"Assegno"},
+    VoceCodificata{u"MP03", u"Assegno circolare"},
+    VoceCodificata{u"MP08", u"Carta di pagamento"},
+    VoceCodificata{u"MP22", u"Trattenuta su somme riscosse"},
+    VoceCodificata{u"MP23", u"PagoPA"},
 };
 
 constexpr std::array Nature{
-    VoceCodice{u"N2.1", u"Fuori campo per territorialità"},
-    VoceCodice{u"N2.2", u"Non soggetta, altri casi"},
-    VoceCodice{u"N3.5", u"Non imponibile, dichiarazione d'intento"},
-    VoceCodice{u"N4", u"Esente"},
+    VoceCodificata{codici::FuoriTerritorio, u"Fuori campo per territorialità"},
+    VoceCodificata{codici::NonSoggetta, u"Non soggetta, altri casi"},
+    VoceCodificata{codici::DichiarazioneIntento, u"Non imponibile, dichiarazione d'intento"},
+    VoceCodificata{codici::Esente, u"Esente"},
 };
 
 constexpr QStringView Nazioni = u"AD AE AF AG AI AL AM AO AQ AR AS AT AU AW AX AZ BA BB BD BE BF BG BH BI BJ "
@@ -66,29 +57,24 @@ bool Contiene(QStringView Elenco, QStringView Sigla)
 
 }  // namespace
 
-std::span<const VoceCodice> TipiFattura()
+std::span<const VoceCodificata> TipiFattura()
 {
     return Tipi;
 }
 
-std::span<const VoceCodice> RegimiFiscali()
-{
-    return Regimi;
-}
-
-std::span<const VoceCodice> ModalitaPagamento()
+std::span<const VoceCodificata> ModalitaPagamento()
 {
     return Modalita;
 }
 
-std::span<const VoceCodice> NatureSenzaIva()
+std::span<const VoceCodificata> NatureSenzaIva()
 {
     return Nature;
 }
 
 bool RegimeSenzaIva(QStringView Regime)
 {
-    return Regime == u"RF19" || Regime == u"RF02" || Regime == u"RF20";
+    return Regime == regimi::Forfettario || Regime == regimi::Minimi || Regime == regimi::Franchigia;
 }
 
 bool NazioneEsistente(QStringView Sigla)
@@ -101,8 +87,8 @@ bool NazioneDellUnione(QStringView Sigla)
     return Contiene(Unione, Sigla);
 }
 
-QString ConNome(std::span<const VoceCodice> Voci, QStringView Codice)
+QString ConNome(std::span<const VoceCodificata> Voci, QStringView Codice)
 {
-    const auto Voce = std::ranges::find(Voci, Codice, &VoceCodice::Codice);
+    const auto Voce = std::ranges::find(Voci, Codice, &VoceCodificata::Codice);
     return Voce == Voci.end() ? Codice.toString() : Voce->Codice.toString() + u' ' + Voce->Nome.toString();
 }

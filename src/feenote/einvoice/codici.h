@@ -1,26 +1,19 @@
 // The code lists of the electronic invoice that the program offers or shows.
 #pragma once
 
+#include "core/modRegimi.h"
+
 #include <QString>
 #include <QStringView>
 
 #include <span>
 
-/// A code and what it means, in a few words.
-struct VoceCodice
-{
-    QStringView Codice;
-    QStringView Nome;
-};
-
 /// Kinds of document that the program writes.
-[[nodiscard]] std::span<const VoceCodice> TipiFattura();
-/// Tax regimes an office can be in.
-[[nodiscard]] std::span<const VoceCodice> RegimiFiscali();
+[[nodiscard]] std::span<const VoceCodificata> TipiFattura();
 /// How an invoice is paid.
-[[nodiscard]] std::span<const VoceCodice> ModalitaPagamento();
+[[nodiscard]] std::span<const VoceCodificata> ModalitaPagamento();
 /// Reasons for fees without VAT that a user may choose.
-[[nodiscard]] std::span<const VoceCodice> NatureSenzaIva();
+[[nodiscard]] std::span<const VoceCodificata> NatureSenzaIva();
 
 /// A regime in which an office shows neither VAT nor withholding.
 [[nodiscard]] bool RegimeSenzaIva(QStringView Regime);
@@ -31,4 +24,4 @@ struct VoceCodice
 [[nodiscard]] bool NazioneDellUnione(QStringView Sigla);
 
 /// "TD01 Fattura"; the code alone where the program knows no more of it.
-[[nodiscard]] QString ConNome(std::span<const VoceCodice> Voci, QStringView Codice);
+[[nodiscard]] QString ConNome(std::span<const VoceCodificata> Voci, QStringView Codice);

@@ -1,10 +1,12 @@
 #include "feenote/einvoice/composizione.h"
 
 #include "core/modControlli.h"
+#include "feenote/codicifattura.h"
 #include "feenote/einvoice/codici.h"
 #include "feenote/einvoice/parti.h"
 #include "feenote/einvoice/righe.h"
 #include "feenote/einvoice/schematipi.h"
+#include "feenote/modControlliNota.h"
 #include "feenote/modNumeraFattura.h"
 #include "feenote/modTotali.h"
 #include "platform/base/regionale.h"
@@ -17,8 +19,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double ImportoDelBollo = 2.0;
-constexpr double SogliaBollo = 77.47;
+/// Characters of a document number, of this one or of one that is cited.
+constexpr qsizetype MassimoNumero = 20;
 
 /// An amount in cents, for sums that must agree.
 qint64 Centesimi(double Euro)
@@ -34,14 +36,14 @@ struct RiferimentoNatura
     QStringView Testo;
 };
 constexpr std::array Riferimenti{
-    RiferimentoNatura{u"N1", u"", u"Art. 15 DPR 633/1972"},
-    RiferimentoNatura{u"N2.1", u"", u"Artt. da 7 a 7-septies DPR 633/1972"},
-    RiferimentoNatura{u"N2.2", u"RF19", u"Art. 1 c. 54-89 L. 190/2014"},
-    RiferimentoNatura{u"N2.2", u"RF02", u"Art. 27 c. 1-2 DL 98/2011"},
-    RiferimentoNatura{u"N2.2", u"RF20", u"Direttiva UE 2020/285"},
-    RiferimentoNatura{u"N2.2", u"", u"Operazione non soggetta a IVA"},
-    RiferimentoNatura{u"N3.5", u"", u"Art. 8 c. 1 lett. c DPR 633/1972"},
-    RiferimentoNatura{u"N4", u"", u"Art. 10 DPR 633/1972"},
+    RiferimentoNatura{codici::NaturaEsenti, u"", u"Art. 15 DPR 633/1972"},
+    RiferimentoNatura{codici::FuoriTerritorio, u"", u"Artt. da 7 a 7-septies DPR 633/1972"},
+    RiferimentoNatura{codici::NonSoggetta, regimi::Forfettario, u"Art. 1 c. 54-89 L. 190/2014"},
+    RiferimentoNatura{codici::NonSoggetta, regimi::Minimi, u"Art. 27 c. 1-2 DL 98/2011"},
+    RiferimentoNatura{codici::NonSoggetta, regimi::Franchigia, u"Direttiva UE 2020/285"},
+    RiferimentoNatura{codici::NonSoggetta, u"", u"Operazione non soggetta a IVA"},
+    RiferimentoNatura{codici::DichiarazioneIntento, u"", u"Art. 8 c. 1 lett. c DPR 633/1972"},
+    RiferimentoNatura{codici::Esente, u"", u"Art. 10 DPR 633/1972"},
 };
 
 QString RiferimentoDi(const QString& Natura, const QString& Regime)
@@ -59,13 +61,14 @@ struct FraseRegime
     QStringView Testo;
 };
 constexpr std::array FrasiRegime{
-    FraseRegime{u"RF19",
+    FraseRegime{regimi::Forfettario,
                 u"Operazione in regime forfettario, art. 1 commi da 54 a 89 L. 190/2014: senza IVA e senza "
                 "ritenuta d'acconto (comma 67)."},
-    FraseRegime{u"RF02",
+    FraseRegime{regimi::Minimi,
                 u"Operazione effettuata ai sensi dell'art. 27, commi 1 e 2, DL 98/2011: non soggetta a "
                 "ritenuta d'acconto."},
-    FraseRegime{u"RF20", u"Operazione in regime transfrontaliero di franchigia, direttiva UE 2020/285."},
+    FraseRegime{regimi::Franchigia,
+                u"Operazione in regime transfrontaliero di franchigia, direttiva UE 2020/285."},
 };
 
 class Compositore
@@ -110,7 +113,7 @@ private:
         return {Fattura, Note.Mancanze, Note.Avvisi};
     }
 
-    [[nodiscard]] bool NotaDiCredito() const { return Scelta.Tipo == u"TD04"; }
+    [[nodiscard]] bool NotaDiCredito() const { return Scelta.Tipo == codici::NotaDiCredito; }
 
     // ---- the document itself
 
@@ -130,11 +133,9 @@ private:
 
     void ComponiDocumento()
     {
-        constexpr qsizetype MassimoNumero = 20;
-        constexpr int GiorniPerTrasmettere = 12;
         Fattura.Tipo = Scelta.Tipo;
         if (std::ranges::none_of(TipiFattura(),
-                                 [&](const VoceCodice& Voce) { return Voce.Codice == Scelta.Tipo; }))
+                                 [&](const VoceCodificata& Voce) { return Voce.Codice == Scelta.Tipo; }))
             Note.Manca(CampoFattura::SceltaTipo,
                        u"Il tipo di documento è TD01, TD06 o TD04: %1"_s.arg(Scelta.Tipo));
         Fattura.Numero =
@@ -159,10 +160,10 @@ private:
             Note.Manca(CampoFattura::NotaData, u"La data della fattura deve ancora venire."_s);
         else if (Scelta.Data < Prima)
             Note.Manca(CampoFattura::NotaData, u"La data della fattura è anteriore al 1970."_s);
-        else if (Scelta.Data.daysTo(Oggi) > GiorniPerTrasmettere)
+        else if (Scelta.Data.daysTo(Oggi) > GiorniEmissione)
             Note.Avvisa(CampoFattura::NotaData,
                         u"La fattura è di più di %1 giorni fa: il termine per trasmetterla è passato."_s.arg(
-                            GiorniPerTrasmettere));
+                            GiorniEmissione));
     }
 
     void ComponiCitati()
@@ -199,7 +200,6 @@ private:
 
     DocumentoCitato Pulito(const DocumentoCitato& Scritto, CampoFattura Dove, QStringView Nome)
     {
-        constexpr qsizetype MassimoNumero = 20;
         constexpr qsizetype MassimoCodice = 15;
         return {Note.Sigla(Scritto.Numero, {Dove, Nome, MassimoNumero}), Scritto.Data,
                 Note.Sigla(Scritto.Cup, {Dove, u"il codice CUP", MassimoCodice}),
@@ -217,7 +217,7 @@ private:
         for (const FraseRegime& Frase : FrasiRegime)
             if (Frase.Regime == Fattura.Regime)
                 Fattura.Causali += Frase.Testo.toString();
-        if (PerCassa() && Fattura.Regime == u"RF16")
+        if (PerCassa() && Fattura.Regime == regimi::CassaPubblica)
             Fattura.Causali += u"IVA a esigibilità differita, art. 6 c. 5 DPR 633/1972."_s;
         else if (PerCassa())
             Fattura.Causali += u"IVA per cassa ai sensi dell'art. 32-bis del DL 83/2012."_s;
@@ -244,31 +244,31 @@ private:
         if (Nota.chkRegSempl.Attiva && !SenzaIva && !Fattura.Regime.isEmpty())
             Note.Manca(CampoFattura::StudioRegime,
                        u"La parcella è in regime agevolato, le impostazioni dello studio dicono %1."_s.arg(
-                           ConNome(RegimiFiscali(), Fattura.Regime)));
+                           ConNome(regimi::Voci(), Fattura.Regime)));
         if (SenzaIva && Conti.Dati.IVA.Vale)
             Note.Manca(
                 CampoFattura::NotaRegime,
                 u"Nel regime dello studio (%1) la fattura è senza IVA: spuntare il regime agevolato."_s.arg(
-                    ConNome(RegimiFiscali(), Fattura.Regime)));
+                    ConNome(regimi::Voci(), Fattura.Regime)));
         if (SenzaIva && Conti.Dati.RA.Vale)
             Note.Manca(
                 CampoFattura::NotaRegime,
                 u"Nel regime dello studio (%1) la fattura è senza ritenuta: spuntare il regime agevolato."_s
-                    .arg(ConNome(RegimiFiscali(), Fattura.Regime)));
+                    .arg(ConNome(regimi::Voci(), Fattura.Regime)));
     }
 
     /// The regimes of VAT on a cash basis and the invoice's own tick.
     void AvvisaPerCassa()
     {
-        const bool DiCassa = Fattura.Regime == u"RF17" || Fattura.Regime == u"RF16";
+        const bool DiCassa = Fattura.Regime == regimi::Cassa || Fattura.Regime == regimi::CassaPubblica;
         if (PerCassa() && !DiCassa)
             Note.Avvisa(CampoFattura::StudioRegime,
                         u"L'IVA della fattura è per cassa, il regime dello studio è %1."_s.arg(
-                            ConNome(RegimiFiscali(), Fattura.Regime)));
+                            ConNome(regimi::Voci(), Fattura.Regime)));
         if (DiCassa && Conti.Dati.IVA.Vale && !PerCassa() && !Scelta.ScissionePagamenti)
             Note.Avvisa(CampoFattura::NotaIvaDifferita,
                         u"Il regime dello studio è %1, l'IVA della fattura è immediata."_s.arg(
-                            ConNome(RegimiFiscali(), Fattura.Regime)));
+                            ConNome(regimi::Voci(), Fattura.Regime)));
     }
 
     void ControllaScissione()
@@ -348,7 +348,7 @@ private:
     /// says: D.P.R. 633/1972, art. 21 c. 6-bis.
     [[nodiscard]] QString Riferimento(const QString& Natura) const
     {
-        if (Natura == u"N2.1" && Cliente.Estero() && Imprenditore() &&
+        if (Natura == codici::FuoriTerritorio && Cliente.Estero() && Imprenditore() &&
             NazioneDellUnione(Fattura.Cessionario.Indirizzo.Nazione))
             return u"Inversione contabile, art. 7-ter DPR 633/1972"_s;
         return RiferimentoDi(Natura, Fattura.Regime);
@@ -359,16 +359,16 @@ private:
     {
         const bool Agevolato = RegimeSenzaIva(Fattura.Regime);
         if (std::ranges::any_of(NatureSenzaIva(),
-                                [&](const VoceCodice& Voce) { return Voce.Codice == Scelta.Natura; }))
+                                [&](const VoceCodificata& Voce) { return Voce.Codice == Scelta.Natura; }))
             return Scelta.Natura;
         if (Scelta.Natura.isEmpty() && Agevolato) {
             if (Cliente.Estero() && Imprenditore())
                 Note.Avvisa(CampoFattura::SceltaNatura,
                             u"Verso un'impresa estera di regola la natura è N2.1: nel file è N2.2."_s);
-            return u"N2.2"_s;
+            return codici::NonSoggetta.toString();
         }
         if (Scelta.Natura.isEmpty() && Cliente.Estero())
-            return u"N2.1"_s;
+            return codici::FuoriTerritorio.toString();
         Note.Manca(Scelta.Natura.isEmpty() ? CampoFattura::NotaIva : CampoFattura::SceltaNatura,
                    u"La fattura è senza IVA: spuntare l'IVA, o scegliere per quale motivo non c'è."_s);
         return {};
@@ -381,7 +381,8 @@ private:
         Fisco.Natura = Dati.IVA.Vale || Centesimi(Conti.Imponibile) == 0 ? QString() : NaturaCompensi();
         Fisco.Ritenuta = Dati.RA.Vale;
         // The duty that such an office charges is income of its own, not an expense in the client's name.
-        Fisco.NaturaBollo = RegimeSenzaIva(Fattura.Regime) ? u"N2.2"_s : NaturaEsenti.toString();
+        Fisco.NaturaBollo =
+            (RegimeSenzaIva(Fattura.Regime) ? codici::NonSoggetta : codici::NaturaEsenti).toString();
         if (!Dati.IVA.Vale && Fisco.Natura.isEmpty())
             Fisco.Natura = Fisco.NaturaBollo;  // nothing taxable remains: lines that cancel each other
         const AddebitoBollo Trovato = TrovaAddebitoBollo(Nota);
@@ -389,7 +390,7 @@ private:
         if (Scelta.BolloAddebitato && !Addebito)
             Note.Manca(CampoFattura::NotaSpese,
                        u"Per addebitare il bollo mettere fra le spese una riga «Imposta di "
-                       "bollo» con 2,00 euro esenti."_s);
+                       "bollo» con %1 euro esenti."_s.arg(FormatNum(ImportoBollo)));
         if (Addebito && !Trovato.Descrizione().contains(u"imposta di bollo"_s, Qt::CaseInsensitive))
             Note.Avvisa(CampoFattura::SceltaBollo,
                         u"Per il bollo della fattura vale la spesa «%1»."_s.arg(Trovato.Descrizione()));
@@ -402,13 +403,18 @@ private:
         PulisciLinee();
         const bool Tassate = std::ranges::any_of(Fattura.Linee, &LineaFattura::Ritenuta);
         if (Dati.CP.Vale && Centesimi(Conti.Imponibile) != 0)
-            Fattura.Cassa = CassaFattura{u"TC01"_s,         Arrotonda2(Dati.CP.Perc),
-                                         Conti.CP,          Arrotonda2(Conti.Imponibile),
-                                         Fisco.AliquotaIva, false,
+            Fattura.Cassa = CassaFattura{codici::CassaForense.toString(),
+                                         Arrotonda2(Dati.CP.Perc),
+                                         Conti.CP,
+                                         Arrotonda2(Conti.Imponibile),
+                                         Fisco.AliquotaIva,
+                                         false,
                                          Fisco.Natura};
         if (Dati.RA.Vale && Tassate)
             Fattura.Ritenuta =
-                RitenutaFattura{Studio.Genere == GenereStudio::PersonaFisica ? u"RT01"_s : u"RT02"_s,
+                RitenutaFattura{(Studio.Genere == GenereStudio::PersonaFisica ? tipostudio::RitenutaPersona
+                                                                              : tipostudio::RitenutaAltri)
+                                    .toString(),
                                 Conti.RA, Arrotonda2(Dati.RA.Perc), u"A"_s};
         Fattura.Totale = Conti.Totale;
         ComponiRiepiloghi();
@@ -423,9 +429,9 @@ private:
             Note.Manca(CampoFattura::NotaOnorari,
                        u"Le righe sono più di %1: usare la Fattura sintetica."_s.arg(MassimoLinee));
         for (LineaFattura& Linea : Fattura.Linee) {
-            const CampoFattura Dove = Linea.Importo < 0              ? CampoFattura::NotaAcconti
-                                      : Linea.Natura == NaturaEsenti ? CampoFattura::NotaSpese
-                                                                     : CampoFattura::NotaOnorari;
+            const CampoFattura Dove = Linea.Importo < 0                      ? CampoFattura::NotaAcconti
+                                      : Linea.Natura == codici::NaturaEsenti ? CampoFattura::NotaSpese
+                                                                             : CampoFattura::NotaOnorari;
             // A text of signs that nobody sees says nothing.
             if (const TestoPulito Pulito = PulisciTesto(Linea.Descrizione, AlfabetoFattura::Latino);
                 Pulito.Testo.isEmpty() && Pulito.Rifiutati.isEmpty())
@@ -461,7 +467,7 @@ private:
             Voce.Esigibilita = Scelta.ScissionePagamenti ? u"S"_s : PerCassa() ? u"D"_s : u"I"_s;
             Voce.RiferimentoNormativo = Scelta.ScissionePagamenti
                                             ? u"Scissione dei pagamenti, art. 17-ter DPR 633/1972"_s
-                                        : PerCassa() && Fattura.Regime == u"RF16"
+                                        : PerCassa() && Fattura.Regime == regimi::CassaPubblica
                                             ? u"IVA a esigibilità differita, art. 6 c. 5 DPR 633/1972"_s
                                         : PerCassa() ? u"IVA per cassa, art. 32-bis DL 83/2012"_s
                                                      : QString();
@@ -506,7 +512,7 @@ private:
         if (Fattura.Cassa && Fattura.Cassa->AliquotaIva == 0)
             Somma += Fattura.Cassa->Contributo;
         // The duty itself is none of the sums that it is due on.
-        return Addebito ? Somma - ImportoDelBollo : Somma;
+        return Addebito ? Somma - ImportoBollo : Somma;
     }
 
     void ComponiBollo()
@@ -514,7 +520,7 @@ private:
         const bool Oltre = Centesimi(SommeSenzaIva()) > Centesimi(SogliaBollo);
         const bool Dovuto =
             Scelta.Bollo == BolloFattura::Dovuto || (Scelta.Bollo == BolloFattura::SeDovuto && Oltre);
-        Fattura.Bollo = Dovuto ? ImportoDelBollo : 0.0;
+        Fattura.Bollo = Dovuto ? ImportoBollo : 0.0;
         if (Scelta.BolloAddebitato && !Dovuto)
             Note.Avvisa(
                 CampoFattura::SceltaBollo,
@@ -547,7 +553,7 @@ private:
         if (Scelta.Scadenza.isValid() && Scelta.Scadenza < Scelta.Data)
             Note.Avvisa(CampoFattura::SceltaScadenza,
                         u"La scadenza del pagamento è anteriore alla fattura."_s);
-        if (Scelta.Modalita == u"MP05")
+        if (Scelta.Modalita == codici::Bonifico)
             Pagamento.Iban = Iban();
         Fattura.Pagamento = Pagamento;
     }

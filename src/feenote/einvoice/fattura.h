@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/mancanza.h"
+#include "core/modSede.h"
 
 #include <QDate>
 #include <QList>
@@ -10,8 +11,6 @@
 #include <optional>
 
 // ---- What it is made of: all by value, whoever has it from settings, archive or window.
-
-inline constexpr QStringView Italia = u"IT";
 
 /// Where a party has its seat, as the file wants it split.
 struct Sede
@@ -42,7 +41,7 @@ struct Cedente
     QString Denominazione;  ///< or the two below
     QString Nome, Cognome;
     Sede Indirizzo;
-    QString Regime;  ///< RF01, RF19, ...; see RegimiFiscali
+    QString Regime;  ///< RF01, RF19, ...; see regimi::Voci
     QString Iban;    ///< empty: the payment names no account
     QString Email;   ///< empty: none is written
 

@@ -2,7 +2,9 @@
 #include "feenote/einvoice/esame.h"
 
 #include "core/modControlli.h"
+#include "feenote/codicifattura.h"
 #include "feenote/einvoice/fattura.h"
+#include "feenote/einvoice/parti.h"
 
 #include <QSet>
 
@@ -117,7 +119,7 @@ void LungoDestinatario(Esame& File)
 {
     const int Nodo = File.Albero.Trova(File.Testa, u"DatiTrasmissione/CodiceDestinatario");
     const QString Formato = File.Albero.Valore(File.Testa, u"DatiTrasmissione/FormatoTrasmissione");
-    const qsizetype Atteso = Formato == u"FPA12" ? 6 : 7;
+    const qsizetype Atteso = Formato == FormatoPubblica ? 6 : 7;
     if (File.Albero[Nodo].Testo.size() != Atteso)
         File.Segnala(Nodo,
                      u"Con il formato %1 il codice destinatario ha %2 caratteri."_s.arg(Formato).arg(Atteso));
@@ -172,7 +174,7 @@ void DoppioNelLotto(Esame& File)
 void PrimaDellaCollegata(Esame& File)
 {
     for (const CorpoEsaminato& Corpo : File.Corpi) {
-        if (Corpo.Tipo != u"TD04")
+        if (Corpo.Tipo != codici::NotaDiCredito)
             continue;
         for (const int Nodo :
              File.Albero.Figli(File.Albero.Trova(Corpo.Nodo, u"DatiGenerali"), u"DatiFattureCollegate")) {
@@ -230,7 +232,7 @@ void SplafonamentoSenzaIva(Esame& File)
 {
     for (const CorpoEsaminato& Corpo : File.Corpi)
         for (const ImportoEsaminato& Linea : Corpo.Linee)
-            if (Corpo.Tipo == u"TD21" && Linea.Aliquota == 0)
+            if (Corpo.Tipo == codici::AutofatturaSplafonamento && Linea.Aliquota == 0)
                 File.Segnala(Linea.Nodo, u"In un documento TD21 le righe hanno l'IVA."_s);
 }
 

@@ -1,5 +1,6 @@
 #include "feenote/einvoice/righe.h"
 
+#include "feenote/codicifattura.h"
 #include "feenote/modAcconti.h"
 #include "feenote/modStorno.h"
 #include "platform/base/regionale.h"
@@ -7,8 +8,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr double ImportoBollo = 2.0;
 
 /// Appends lines of either kind.
 class Elenco
@@ -22,7 +21,7 @@ public:
     }
     void Esente(const QString& Descrizione, double Importo)
     {
-        Aggiungi({Descrizione, Importo, 0.0, false, NaturaEsenti.toString()});
+        Aggiungi({Descrizione, Importo, 0.0, false, codici::NaturaEsenti.toString()});
     }
     void Bollo(const QString& Descrizione)
     {

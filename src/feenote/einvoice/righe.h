@@ -14,8 +14,10 @@ struct TrattamentoFiscale
     QString NaturaBollo;
 };
 
-/// What stands for expenses laid out in the client's name, D.P.R. 633/1972 art. 15.
-inline constexpr QStringView NaturaEsenti = u"N1";
+/// The stamp duty of an invoice without VAT, and the sum beyond which it is due, euro.
+/// Legal source: D.P.R. 642/1972, tariff, part I, article 13, with its note 2; D.L. 43/2013, article 7-bis.
+inline constexpr double ImportoBollo = 2.0;
+inline constexpr double SogliaBollo = 77.47;
 
 /// The expense of the note, or of the one associated with it, that is the stamp duty charged to the client:
 /// two euro exempt, "bollo" in its description; "imposta di bollo" wins over what may be stamps of an act.

@@ -1,6 +1,7 @@
 #include "feenote/windows/PannelloFattura.h"
 
 #include "core/modErrori.h"
+#include "feenote/codicifattura.h"
 #include "feenote/einvoice/adattatori.h"
 #include "feenote/einvoice/anteprima.h"
 #include "feenote/einvoice/codici.h"
@@ -96,20 +97,20 @@ void PannelloFattura::CreaElenchi()
     // What a new note has bears no code: nothing is kept of it.
     ui->cmbTipoXml->setToolTip(
         u"TD01 per ogni fattura; TD06 se si preferisce la parcella, TD04 per storno"_s);
-    for (const VoceCodice& Voce : TipiFattura())
+    for (const VoceCodificata& Voce : TipiFattura())
         ui->cmbTipoXml->addItem(ConNome(TipiFattura(), Voce.Codice),
-                                Voce.Codice == u"TD01" ? QString() : Voce.Codice.toString());
+                                Voce.Codice == codici::Fattura ? QString() : Voce.Codice.toString());
     ui->cmbFormatoXml->setToolTip(u"Chi riceve: di solito lo dice la scheda del cliente"_s);
     ui->cmbNaturaXml->setToolTip(u"Perché i compensi sono senza IVA: di solito lo dicono regime e cliente"_s);
     ui->cmbFormatoXml->addItem(u"come dice la scheda"_s, QString());
     ui->cmbFormatoXml->addItem(u"privati (FPR12)"_s, u"PR"_s);
     ui->cmbFormatoXml->addItem(u"pubblica amministrazione (FPA12)"_s, u"PA"_s);
-    for (const VoceCodice& Voce : ModalitaPagamento())
+    for (const VoceCodificata& Voce : ModalitaPagamento())
         ui->cmbModalitaXml->addItem(ConNome(ModalitaPagamento(), Voce.Codice),
-                                    Voce.Codice == u"MP05" ? QString() : Voce.Codice.toString());
+                                    Voce.Codice == codici::Bonifico ? QString() : Voce.Codice.toString());
     ui->cmbModalitaXml->addItem(u"non indicato"_s, SenzaPagamento.toString());
     ui->cmbNaturaXml->addItem(u"come dice il regime"_s, QString());
-    for (const VoceCodice& Voce : NatureSenzaIva())
+    for (const VoceCodificata& Voce : NatureSenzaIva())
         ui->cmbNaturaXml->addItem(ConNome(NatureSenzaIva(), Voce.Codice), Voce.Codice.toString());
 }
 

@@ -45,6 +45,7 @@ private Q_SLOTS:
     void laCartellaCheNonC();
     void lAnteprima();
     void lAnteprimaNonEsegueNulla();
+    void ogniRegimeHaIlSuoNome();
     void iCodiciSonoDelloSchema();
 };
 PROVA(TestScrittura);
@@ -189,14 +190,27 @@ void TestScrittura::lAnteprimaNonEsegueNulla()
     QCOMPARE(Pagina.count(u"&lt;img src=&quot;http://x&quot;&gt;&amp;&quot;%1%2"_s), 16);
 }
 
+/// Whatever regime the settings offer, the page says it as they do.
+void TestScrittura::ogniRegimeHaIlSuoNome()
+{
+    FatturaElettronica Fattura = Intera().Fattura;
+    constexpr size_t DelloSchema = 19;
+    QCOMPARE(regimi::Voci().size(), DelloSchema);
+    for (const VoceCodificata& Voce : regimi::Voci()) {
+        Fattura.Regime = Voce.Codice.toString();
+        const QString Attesa = u"Regime fiscale: %1 %2<"_s.arg(Voce.Codice, Voce.Nome);
+        QVERIFY2(PaginaFattura(Fattura).contains(Attesa), qPrintable(Attesa));
+    }
+}
+
 void TestScrittura::iCodiciSonoDelloSchema()
 {
-    for (const auto& [Voci, Tipo] : {std::pair{TipiFattura(), u"TipoDocumentoType"_s},
-                                     std::pair{RegimiFiscali(), u"RegimeFiscaleType"_s},
-                                     std::pair{ModalitaPagamento(), u"ModalitaPagamentoType"_s},
-                                     std::pair{NatureSenzaIva(), u"NaturaType"_s}}) {
+    for (const auto& [Voci, Tipo] :
+         {std::pair{TipiFattura(), u"TipoDocumentoType"_s}, std::pair{regimi::Voci(), u"RegimeFiscaleType"_s},
+          std::pair{ModalitaPagamento(), u"ModalitaPagamentoType"_s},
+          std::pair{NatureSenzaIva(), u"NaturaType"_s}}) {
         QVERIFY(!Voci.empty());
-        for (const VoceCodice& Voce : Voci)
+        for (const VoceCodificata& Voce : Voci)
             QVERIFY2(ValoreValido(Tipo, Voce.Codice.toString()), qPrintable(Voce.Codice.toString()));
     }
 }
