@@ -88,12 +88,16 @@ void StileProgramma::drawControl(ControlElement Quale, const QStyleOption* Opzio
     // A list whose entry is longer than its field says that there is more, where Fusion cuts a letter in two.
     if (const auto* Elenco = qstyleoption_cast<const QStyleOptionComboBox*>(Opzioni);
         Elenco && Quale == CE_ComboBoxLabel) {
-        constexpr int Aria = 4;  // that Fusion leaves around the words
+        constexpr int Orlo = 2;    // that Fusion leaves around the words
+        constexpr int Stacco = 4;  // and beside a picture
         QStyleOptionComboBox Corto = *Elenco;
-        int Posto = subControlRect(CC_ComboBox, Elenco, SC_ComboBoxEditField, Oggetto).width() - Aria;
+        int Posto = subControlRect(CC_ComboBox, Elenco, SC_ComboBoxEditField, Oggetto).width();
         if (!Elenco->currentIcon.isNull())
-            Posto -= Elenco->iconSize.width() + Aria;
-        Corto.currentText = Elenco->fontMetrics.elidedText(Elenco->currentText, Qt::ElideRight, Posto);
+            Posto -= Elenco->iconSize.width() + Stacco;
+        // A list is no wider than its longest entry: whoever counted the edge would shorten that one.
+        if (Elenco->fontMetrics.horizontalAdvance(Elenco->currentText) > Posto)
+            Corto.currentText =
+                Elenco->fontMetrics.elidedText(Elenco->currentText, Qt::ElideRight, Posto - Orlo);
         QProxyStyle::drawControl(Quale, &Corto, Pennello, Oggetto);
         return;
     }

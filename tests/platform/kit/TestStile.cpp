@@ -7,6 +7,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QStyle>
+#include <QStyleFactory>
 #include <QStyleOptionComboBox>
 #include <QToolButton>
 
@@ -21,6 +22,7 @@ private Q_SLOTS:
     void laFrecciaDelMenu();
     void laParolaNonToccaLaFreccia();
     void laVoceLungaLoDice();
+    void laVoceCheCiStaRestaIntera();
     void ilMenuSpentoNonHaToppe();
 };
 PROVA(TestStile);
@@ -109,6 +111,28 @@ void TestStile::laVoceLungaLoDice()
         Detto = Corta.endsWith(u'…') && Elenco(Corta)->grab().toImage() == Disegno;
     }
     QVERIFY2(Detto, "le parole finiscono coi puntini");
+}
+
+/// At the width that a list asks for, whatever the letters.
+void TestStile::laVoceCheCiStaRestaIntera()
+{
+    const std::unique_ptr<QStyle> Comune(QStyleFactory::create(u"Fusion"_s));
+    for (const QString& Voce : {u"Euro"_s, u"del programma"_s, u"Tribunale - cognizione ordinaria"_s}) {
+        for (int Corpo = 8; Corpo <= 16; ++Corpo) {
+            const auto Disegno = [&](QStyle* Stile) {
+                QComboBox Elenco;
+                if (Stile)
+                    Elenco.setStyle(Stile);
+                QFont Lettere = Elenco.font();
+                Lettere.setPointSize(Corpo);
+                Elenco.setFont(Lettere);
+                Elenco.addItem(Voce);
+                Elenco.resize(Elenco.sizeHint());
+                return Elenco.grab().toImage();
+            };
+            QVERIFY2(Disegno(nullptr) == Disegno(Comune.get()), qPrintable(Voce + QString::number(Corpo)));
+        }
+    }
 }
 
 /// Where the palette has another ground for what is disabled, as dark ones have.
