@@ -33,7 +33,7 @@ struct RigheCsv
 /// Reads rows. A cell in quotes may hold separators, line breaks and doubled quotes; quotes inside a cell
 /// that does not begin with one stand for themselves. A first line "sep=;" names the separator. The
 /// apostrophe that CellaCsv puts before a formula is taken away.
-/// @throws Errore NumeroFileRifiutato for what is no text, ends inside quotes, or passes the limits; Interrotto when
-/// `Prosegui` stopped it
+/// @throws Errore NumeroFileRifiutato for what is no text, ends inside quotes, or passes the limits;
+/// Interrotto when `Prosegui` stopped it
 [[nodiscard]] RigheCsv LeggiCsv(const QByteArray& Byte, const OpzioniCsv& Come = {},
                                 const AvanzamentoLettura& Prosegui = {});
