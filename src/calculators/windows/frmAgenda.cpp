@@ -2,7 +2,6 @@
 
 #include "calculators/windows/finestracalcolo.h"
 #include "core/modErrori.h"
-#include "core/sessione.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/system/cartelle.h"
@@ -22,11 +21,12 @@ namespace {
 
 const QString Filtro = u"Calendario (*.ics)|*.ics"_s;
 
-/// A folder of the user's own: the other program reads the file after this one has let it go. What it has
-/// read before goes now, since clients are named in it.
+/// A folder of the user's own, which a shared user folder is not: the other program reads the file after this
+/// one has let it go. What it has read before goes now, since clients are named in it.
 QString CartellaConsegna()
 {
-    const QString Cartella = Barra(sessione::UserFolder + u"agenda"_s);
+    const QString Cartella = CartellaDati() + Barra(u"agenda"_s);
+    CreaCartellaPrivata(CartellaDati());
     CreaCartellaPrivata(Cartella);
     for (const QString& Vecchio : NomiDeiFile(Cartella, u".ics"_s))
         ScartaFile(Cartella + Vecchio);

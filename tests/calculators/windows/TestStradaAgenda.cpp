@@ -3,9 +3,11 @@
 
 #include "platform/calendar/calendario.h"
 #include "platform/grid/griglia.h"
+#include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 
 #include <QListWidget>
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
@@ -25,6 +27,7 @@ private Q_SLOTS:
     void stradaSiChiudeCambiando();
     void calendarioDellaStrada();
     void agendaAprire();
+    void agendaDiUnUtenteSolo();
     void agendaSenzaProgramma();
     void agendaSalvare();
     void agendaSalvareAnnullato();
@@ -191,7 +194,7 @@ void TestStradaAgenda::agendaAprire()
     Scrivi(Voci, "txtPratica", u"Rossi c. Bianchi"_s);
     Clic(Controllo(Voci, "cmdApri"));
     QCOMPARE(B->Aperti, QStringList{u"file Rossi c. Bianchi - Appello (art. 325 c.p.c.).ics"_s});
-    const QString Cartella = sessione::UserFolder + u"agenda/"_s;
+    const QString Cartella = CartellaDati() + u"agenda/"_s;
     const QByteArray Ics = LeggiFile(Cartella + u"Rossi c. Bianchi - Appello (art. 325 c.p.c.).ics"_s);
     QVERIFY(Ics.contains("DTSTART;VALUE=DATE:20260921\r\n"));
     QVERIFY(Ics.contains("SUMMARY:Rossi c. Bianchi - Appello (art. 325 c.p.c.)\r\n"));
@@ -200,6 +203,22 @@ void TestStradaAgenda::agendaAprire()
     Scrivi(Voci, "txtPratica", u"Verdi"_s);
     Clic(Controllo(Voci, "cmdApri"));
     QCOMPARE(QDir(Cartella).entryList(QDir::Files), QStringList{u"Verdi - Appello (art. 325 c.p.c.).ics"_s});
+}
+
+/// The user folder may be an office's, and is written without a separator at its end.
+void TestStradaAgenda::agendaDiUnUtenteSolo()
+{
+    Calcola(u"20072026"_s, u"30"_s);
+    const QScopedValueRollback Cartella(sessione::UserFolder, NuovaCartella().chopped(1));
+    auto* Voci = Agenda();
+    QVERIFY(Voci);
+    Clic(Controllo(Voci, "cmdApri"));
+    QCOMPARE(B->Aperti.size(), 1);
+    QVERIFY(QDir(sessione::UserFolder).isEmpty());
+    QVERIFY(!QFileInfo::exists(sessione::UserFolder + u"agenda"_s));
+    QCOMPARE(QFileInfo(CartellaDati() + u"agenda"_s).permissions() &
+                 (QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther),
+             QFile::Permissions());
 }
 
 void TestStradaAgenda::agendaSenzaProgramma()
@@ -301,9 +320,9 @@ void TestStradaAgenda::agendaDiUnaCatena()
     Clic(Controllo(Voci, "cmdCopia"));
     QCOMPARE(Appunti().split(u'\n').size(), 4);
     Clic(Controllo(Voci, "cmdApri"));
-    const QStringList Scritti = QDir(sessione::UserFolder + u"agenda"_s).entryList(QDir::Files);
+    const QStringList Scritti = QDir(CartellaDati() + u"agenda"_s).entryList(QDir::Files);
     QCOMPARE(Scritti.size(), 1);
-    QCOMPARE(LeggiFile(sessione::UserFolder + u"agenda/"_s + Scritti.first()).count("BEGIN:VEVENT"), 4);
+    QCOMPARE(LeggiFile(CartellaDati() + u"agenda/"_s + Scritti.first()).count("BEGIN:VEVENT"), 4);
 }
 
 void TestStradaAgenda::agendaSenzaRisultato()
