@@ -1,6 +1,7 @@
 #include "update/modAggiorna.h"
 
 #include "calculators/modTassi.h"
+#include "core/cartellautente.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
 #include "core/versione.h"
@@ -89,7 +90,7 @@ Provenienza DallaCartella(const QString& FileVersioni)
 
 QString CartellaUpgrade()
 {
-    return Barra(sessione::UserFolder) + Barra(u"upgrade"_s);
+    return CartellaUtente(u"upgrade"_s);
 }
 
 QString Provvisorio(const QString& File)

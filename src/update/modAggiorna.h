@@ -62,5 +62,5 @@ void DiRicercaFallita();
 /// Takes away what programs that were ended have left under such names. What somebody may still be at stays.
 void TogliAvanzi();
 
-/// The folder of installers, in the user folder, with the separator at its end.
+/// The folder of installers, with the separator at its end; see CartellaUtente.
 [[nodiscard]] QString CartellaUpgrade();

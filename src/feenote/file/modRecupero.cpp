@@ -1,5 +1,6 @@
 #include "feenote/file/modRecupero.h"
 
+#include "core/cartellautente.h"
 #include "core/sessione.h"
 #include "feenote/file/modLettura.h"
 #include "feenote/file/modPosaFile.h"
@@ -8,7 +9,6 @@
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
-#include "platform/system/permessi.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -28,16 +28,9 @@ constexpr auto TipoLato = ".json"_L1;
 constexpr auto TipoBlocco = ".lock"_L1;
 constexpr auto TipoPrenotata = ".presa"_L1;
 
-/// The user folder's, or one among the user's own data where that belongs to a colleague or refuses new
-/// files: copies of two users never stand together, and nobody goes without.
 QString Cartella()
 {
-    const QString Nome = Barra(u"recupero"_s);
-    const QString DiSolito = Barra(sessione::UserFolder) + Nome;
-    const bool Altrui = EsisteCartella(DiSolito) ? !DiQuestoUtente(DiSolito) || !CartellaScrivibile(DiSolito)
-                                                 : EsisteCartella(sessione::UserFolder) &&
-                                                       !CartellaScrivibile(sessione::UserFolder);
-    return Altrui ? CartellaDati() + Nome : DiSolito;
+    return CartellaUtente(u"recupero"_s);
 }
 
 /// "<pid>-<start in ms>": a process number comes back, the moment does not.
