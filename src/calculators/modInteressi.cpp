@@ -170,25 +170,28 @@ EsitoInteressi Calcolo::Esegui(const QString& Archivio)
 
 }  // namespace
 
-QString CheckInteressi(const DatiInteressi& Dati)
+std::optional<Mancanza<CampoInteressi>> CheckInteressi(const DatiInteressi& Dati)
 {
     const auto DataIni = LeggiData(Dati.DataIni);
     const bool Mora = Dati.Tipo == InteressiMora;
-    QString Messaggio;
-    // Each test overwrites the sentence of the one before: the last to fail is shown.
+    std::optional<Mancanza<CampoInteressi>> Trovata;
+    // Each test overwrites what the one before has found: the last to fail is shown.
     if (Dati.Capitale.isEmpty())
-        Messaggio = u"Non è stato specificato l'importo del capitale"_s;
+        Trovata = Mancanza{u"Non è stato specificato l'importo del capitale"_s, CampoInteressi::Capitale};
     if (Mora && DataIni && *DataIni < PrimoGiornoMora)
-        Messaggio = u"Per il tasso di mora, non sono ammesse date antecedenti al 9 agosto 2002"_s;
+        Trovata = Mancanza{u"Per il tasso di mora, non sono ammesse date antecedenti al 9 agosto 2002"_s,
+                           CampoInteressi::DataIni};
     if (!Mora && DataIni && *DataIni < PrimoGiornoLegali)
-        Messaggio = u"Per il tasso legale, non sono ammesse date antecedenti al 1° gennaio 1957"_s;
+        Trovata = Mancanza{u"Per il tasso legale, non sono ammesse date antecedenti al 1° gennaio 1957"_s,
+                           CampoInteressi::DataIni};
     if (!DataIni)
-        Messaggio = u"La data iniziale non è valida"_s;
+        Trovata = Mancanza{u"La data iniziale non è valida"_s, CampoInteressi::DataIni};
     if (!LeggiData(Dati.DataFin))
-        Messaggio = u"La data finale non è valida"_s;
+        Trovata = Mancanza{u"La data finale non è valida"_s, CampoInteressi::DataFin};
     if (Mora && Dati.Dopo2012 && DataIni && *DataIni < PrimoGiornoDopo2012)
-        Messaggio = u"La data iniziale non può essere antecedente al 01/01/2013!"_s;
-    return Messaggio;
+        Trovata = Mancanza{u"La data iniziale non può essere antecedente al 01/01/2013!"_s,
+                           CampoInteressi::DataIni};
+    return Trovata;
 }
 
 double Interessi(int Giorni, float Tasso, double Capitale)

@@ -4,6 +4,7 @@
 // the divisor is 365 in every year, nothing is capitalised. Rates are percent a year in single precision.
 #pragma once
 
+#include "core/mancanza.h"
 #include "platform/base/tabellarighe.h"
 
 #include <QString>
@@ -11,6 +12,7 @@
 #include <QStringView>
 
 #include <array>
+#include <optional>
 
 // Entries of the lists, in their order.
 inline constexpr std::array<QStringView, 2> VociInteressi{u"Legali, art. 1284 cc",
@@ -43,8 +45,11 @@ struct DatiInteressi
     bool Dopo2012 = false;       ///< optDataFine(1): transaction concluded after 31/12/2012, one point more
 };
 
-/// The last test that fails, as its sentence; empty when all is in order. No test compares the two dates.
-[[nodiscard]] QString CheckInteressi(const DatiInteressi& Dati);
+/// Boxes of the interest that a check may refuse.
+enum class CampoInteressi { Capitale, DataIni, DataFin };
+
+/// The last test that fails. No test compares the two dates.
+[[nodiscard]] std::optional<Mancanza<CampoInteressi>> CheckInteressi(const DatiInteressi& Dati);
 
 /// Interest of one period: Capitale / 365 x Tasso x Giorni / 100 in this order, rounded to 2 decimals, ties
 /// to even.

@@ -25,12 +25,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void Rifiuta(const QString& Messaggio)
-{
-    if (!Messaggio.isEmpty())
-        throw Errore(errori::Argomento, Messaggio);
-}
-
 /// A script is asked nothing about updates: the calculation goes on as after "No", and where it cannot, the
 /// question is the reason.
 class SenzaAggiornare
@@ -116,7 +110,7 @@ DatiInteressi LeggiDatiInteressi(const QStringList& Valori, InsiemeNorme Insieme
     const bool Proposta = Dati.Tipo == InteressiMora &&
                           ProponiMora(Insieme, LeggiData(Dati.DataIni).value_or(QDate())).Dopo2012;
     Dati.Dopo2012 = LeggiBit(u"dopo il 2012"_s, Valori.value(6), Proposta);
-    Rifiuta(CheckInteressi(Dati));
+    RifiutaMancanza(CheckInteressi(Dati));
     (void)Numero(u"capitale"_s, Dati.Capitale);
     (void)NumeroOZero(u"aumento"_s, Dati.Aumento);
     return Dati;

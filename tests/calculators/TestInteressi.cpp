@@ -99,7 +99,7 @@ void TestInteressi::esempi()
     const Registratore Box;
     const DatiInteressi Dati{Riga[0].toInt(), Riga[1], Riga[2].toInt(), Riga[3],
                              Riga[4],         Riga[5], Riga[6] == u"1"};
-    QCOMPARE(CheckInteressi(Dati), QString());
+    QVERIFY(!CheckInteressi(Dati));
     const EsitoInteressi Esito = Calcola(Dati);
     QCOMPARE(Esito.Fine, FineInteressi::Completa);
     QCOMPARE(Format(Esito.TotaleEuro, u"#,##0.00"), Riga[7]);
@@ -169,6 +169,7 @@ void TestInteressi::controlli_data()
 {
     QTest::addColumn<DatiInteressi>("Dati");
     QTest::addColumn<QString>("Messaggio");
+    QTest::addColumn<CampoInteressi>("Dove");
 
     const auto DaLegali = u"Per il tasso legale, non sono ammesse date antecedenti al 1° gennaio 1957"_s;
     const auto DaMora = u"Per il tasso di mora, non sono ammesse date antecedenti al 9 agosto 2002"_s;
@@ -176,14 +177,16 @@ void TestInteressi::controlli_data()
     const auto Finale = u"La data finale non è valida"_s;
     const auto Dal2013 = u"La data iniziale non può essere antecedente al 01/01/2013!"_s;
     const auto Riga = [](const char* Nome, int Tipo, const QString& Capitale, const QString& Dal,
-                         const QString& Al, bool Dopo, const QString& Messaggio) {
-        QTest::newRow(Nome) << DatiInteressi{Tipo, Capitale, ValutaEuro, {}, Dal, Al, Dopo} << Messaggio;
+                         const QString& Al, bool Dopo, const QString& Messaggio,
+                         CampoInteressi Dove = CampoInteressi::DataIni) {
+        QTest::newRow(Nome) << DatiInteressi{Tipo, Capitale, ValutaEuro, {}, Dal, Al, Dopo} << Messaggio
+                            << Dove;
     };
     const auto Uno = u"1"_s;
     const auto Al = u"31/12/2013"_s;
     Riga("in ordine", 0, Uno, u"01/01/2013"_s, Al, false, {});
     Riga("capitale vuoto", 0, {}, u"01/01/2013"_s, Al, false,
-         u"Non è stato specificato l'importo del capitale"_s);
+         u"Non è stato specificato l'importo del capitale"_s, CampoInteressi::Capitale);
     Riga("legali dal 01/01/1957", 0, Uno, u"01/01/1957"_s, Al, false, {});
     Riga("legali dal giorno prima", 0, Uno, u"31/12/1956"_s, Al, false, DaLegali);
     Riga("mora dal 09/08/2002", 1, Uno, u"09/08/2002"_s, Al, false, {});
@@ -192,8 +195,9 @@ void TestInteressi::controlli_data()
     Riga("mora conclusa dopo il 2012, dal giorno prima", 1, Uno, u"31/12/2012"_s, Al, true, Dal2013);
     Riga("legali con l'opzione della mora", 0, Uno, u"31/12/2012"_s, Al, true, {});
     Riga("iniziale inesistente", 0, Uno, u"31/02/2012"_s, Al, false, Iniziale);
-    Riga("finale vuota", 0, Uno, u"01/01/2013"_s, u"__/__/____"_s, false, Finale);
-    Riga("vale l'ultimo difetto", 1, {}, u"__/__/____"_s, u"31/02/2012"_s, true, Finale);
+    Riga("finale vuota", 0, Uno, u"01/01/2013"_s, u"__/__/____"_s, false, Finale, CampoInteressi::DataFin);
+    Riga("vale l'ultimo difetto", 1, {}, u"__/__/____"_s, u"31/02/2012"_s, true, Finale,
+         CampoInteressi::DataFin);
     Riga("anche il limite del 2013", 1, Uno, u"01/01/2000"_s, u"__/__/____"_s, true, Dal2013);
     Riga("fine prima dell'inizio", 0, Uno, u"01/01/2013"_s, u"01/01/2012"_s, false, {});
     Riga("capitale che non è un numero", 0, u"abc"_s, u"01/01/2013"_s, Al, false, {});
@@ -202,7 +206,10 @@ void TestInteressi::controlli_data()
 void TestInteressi::controlli()
 {
     QFETCH(DatiInteressi, Dati);
-    QTEST(CheckInteressi(Dati), "Messaggio");
+    const auto Trovata = CheckInteressi(Dati);
+    QTEST(Trovata ? Trovata->Messaggio : QString(), "Messaggio");
+    if (Trovata)
+        QTEST(Trovata->Dove, "Dove");
 }
 
 void TestInteressi::avvisoDellAumentoUnaVolta()

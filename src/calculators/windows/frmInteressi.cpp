@@ -25,20 +25,13 @@
 #include <QStatusBar>
 
 #include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 const QString TitoloTotale = u"Totale in euro "_s;
-
-/// The box that a sentence of the check speaks of; the sentences name it in these words.
-QWidget* CampoDi(const QString& Messaggio, const Ui::frmInteressi& ui)
-{
-    if (Messaggio.contains(u"capitale"))
-        return ui.txtCapitale;
-    return Messaggio.contains(u"data finale") ? ui.mskDataFin : ui.mskDataIni;
-}
 
 }  // namespace
 
@@ -250,11 +243,13 @@ DatiInteressi frmInteressi::Dati() const
 
 bool frmInteressi::Check()
 {
-    const QString Messaggio = CheckInteressi(Dati());
-    if (Messaggio.isEmpty())
+    const auto Trovata = CheckInteressi(Dati());
+    if (!Trovata)
         return true;
-    MsgErrore(Messaggio);
-    RidaiFuoco(CampoDi(Messaggio, *ui));
+    MsgErrore(Trovata->Messaggio);
+    // As CampoInteressi.
+    const std::array<QWidget*, 3> Caselle{ui->txtCapitale, ui->mskDataIni, ui->mskDataFin};
+    RidaiFuoco(Caselle[size_t(Trovata->Dove)]);
     return false;
 }
 
