@@ -39,6 +39,12 @@ std::size_t RigheDiTitoli(const Tabella& Questa)
     return Titoli ? 2 : 0;
 }
 
+bool PuoStareIntera(const Tabella& Questa)
+{
+    constexpr std::size_t Poche = 8;  // headings, four lines, rule and total
+    return RigheDiTitoli(Questa) == 0 || Questa.Righe.size() <= Poche;
+}
+
 bool UnitaAllaPrecedente(const Tabella& Questa, std::size_t Riga, bool Intera)
 {
     if (Riga == 0)

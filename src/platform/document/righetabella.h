@@ -8,7 +8,7 @@
 
 using RigaTabella = std::vector<Cella>;
 
-/// A table without headings that takes no more than this part of a page is not divided.
+/// A table that may stand whole and takes no more than this part of a page is not divided.
 constexpr double QuotaTabellaIntera = 0.5;
 
 /// Rules are as low as this part of a line of text, since figures above and below belong together.
@@ -30,10 +30,13 @@ constexpr double QuotaRigaFiletti = 0.6;
 /// so and has more; else none.
 [[nodiscard]] std::size_t RigheDiTitoli(const Tabella& Questa);
 
+/// Has no headings, which a new page would repeat, or so few rows that nobody looks for them on two pages.
+[[nodiscard]] bool PuoStareIntera(const Tabella& Questa);
+
 /// No page begins with this row. The headings do not end a page, nor does the first line of a table nor the
 /// last one begin one, be it set off as a sum by a blank row; a rule stands between the row above and the one
 /// below.
-/// @param Intera the table has no headings and takes no more than its part of a page
+/// @param Intera the table may stand whole and takes no more than its part of a page
 [[nodiscard]] bool UnitaAllaPrecedente(const Tabella& Questa, std::size_t Riga, bool Intera);
 
 /// Some side of some cell is drawn.

@@ -243,13 +243,13 @@ bool StenditoreTabella::RipeteTitoli() const
     return Titoli >= 0 && AltezzaTitoli() <= Area.Altezza * QuotaTitoli;
 }
 
-/// The office's head and the summary are read in one piece.
+/// The office's head, the summary and a few payments are read in one piece.
 void StenditoreTabella::TieniIntera()
 {
     double Altezza = 0.0;
     for (std::size_t i = Primo; i < Fatta.Pezzi.size(); ++i)
         Altezza += Fatta.Pezzi[i].Misure.Altezza;
-    if (Titoli >= 0 || Altezza > Area.Altezza * QuotaTabellaIntera)
+    if (!PuoStareIntera(Questa) || Altezza > Area.Altezza * QuotaTabellaIntera)
         return;
     for (std::size_t i = Primo + 1; i < Fatta.Pezzi.size(); ++i)
         Fatta.Pezzi[i].Misure.Unita = true;

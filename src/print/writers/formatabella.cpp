@@ -107,7 +107,7 @@ std::vector<double> LarghezzeEntro(const Tabella& Questa, double MassimaCm)
 
 bool TabellaIntera(const Tabella& Questa, const Documento& Doc, const Carta& Foglio)
 {
-    if (RigheDiTitoli(Questa) > 0)
+    if (!PuoStareIntera(Questa))
         return false;
     const std::vector<double> Larghezze = LarghezzeEntro(Questa, LarghezzaTestoCm(Doc, Foglio));
     const bool Lineata = ConLinee(Questa);

@@ -22,8 +22,8 @@ struct MarginiCella
 /// fonts.
 [[nodiscard]] std::vector<double> LarghezzeEntro(const Tabella& Questa, double MassimaCm);
 
-/// A table without headings that takes so little of a page that it is not divided; its height is reckoned as
-/// the pages would have it.
+/// A table that takes so little of a page that it is not divided; its height is reckoned as the pages would
+/// have it.
 [[nodiscard]] bool TabellaIntera(const Tabella& Questa, const Documento& Doc, const Carta& Foglio);
 
 /// A row together with the one below it, on the same page.

@@ -25,6 +25,7 @@ private Q_SLOTS:
     void ilTotaleNonStaSolo();
     void laSommaStaccataNonStaSola();
     void laTabellaSenzaTitoliRestaIntera();
+    void laTabellaBreveRestaIntera();
     void iTitoliNonRestanoInFondo();
     void ilTitoloDiSezioneVaConLaTabella();
     void laTabellaConCioCheSegue();
@@ -208,6 +209,30 @@ void TestImpaginazioneTabelle::laTabellaSenzaTitoliRestaIntera()
         QCOMPARE(pagine::CercaRiga(Fatta, u"RIEPILOGO"_s).Pagina,
                  pagine::CercaRiga(Fatta, u"voce 11"_s).Pagina);
     }
+}
+
+/// Three payments below their headings; a longer list goes on overleaf, below the same headings.
+void TestImpaginazioneTabelle::laTabellaBreveRestaIntera()
+{
+    int Divise = 0;
+    for (int Sopra = 36; Sopra <= 52; ++Sopra) {
+        for (const int Voci : {3, 20}) {
+            Superficie vp;
+            PreparaPagina(vp);
+            for (int i = 0; i < Sopra; ++i)
+                vp.Paragraph(u"sopra"_s);
+            RigheBianche(vp, 1);
+            ScriviElenco(vp, Voci);
+            const Impaginazione Fatta(Finito(vp));
+            const bool Intera = pagine::CercaRiga(Fatta, u"ONORARI"_s).Pagina ==
+                                pagine::CercaRiga(Fatta, u"99.999,99"_s).Pagina;
+            if (Voci == 3)
+                QVERIFY2(Intera, qPrintable(QString::number(Sopra)));
+            else
+                Divise += Intera ? 0 : 1;
+        }
+    }
+    QVERIFY(Divise > 5);
 }
 
 void TestImpaginazioneTabelle::iTitoliNonRestanoInFondo()

@@ -352,10 +352,12 @@ void TestScrittoreRtf::titoliRipetuti()
 {
     const QByteArray Corpo = CorpoDi([](Superficie& vp) {
         vp.StartTable();
-        vp.TableCell(AttrTabella::Righe, 6);
+        const QStringList Testi{
+            u"ONORARI"_s,       {},        u"Studio"_s, u"Introduzione"_s, u"Istruttoria"_s, u"Decisione"_s,
+            u"Conciliazione"_s, u"____"_s, u"100"_s};
+        vp.TableCell(AttrTabella::Righe, int(Testi.size()));
         vp.TableCell(AttrTabella::Colonne, 1);
-        const QStringList Testi{u"ONORARI"_s, {}, u"Studio"_s, u"Decisione"_s, u"____"_s, u"100"_s};
-        for (int Riga = 1; Riga <= 6; ++Riga)
+        for (int Riga = 1; Riga <= Testi.size(); ++Riga)
             vp.CellaTabella(AttrTabella::Testo, Riga, 1, Testi[Riga - 1]);
         vp.EndTable();
     });
@@ -365,7 +367,8 @@ void TestScrittoreRtf::titoliRipetuti()
         Viste += (Righe[i].contains("\\trhdr") ? u"h"_s : u"-"_s) +
                  (Righe[i + 1].contains("\\keepn") ? u"u"_s : u"-"_s);
     // Heading and blank row repeat; the last line, the rule and the total stay together.
-    QCOMPARE(Viste, (QStringList{u"hu"_s, u"hu"_s, u"--"_s, u"-u"_s, u"-u"_s, u"--"_s}));
+    QCOMPARE(Viste,
+             (QStringList{u"hu"_s, u"hu"_s, u"--"_s, u"--"_s, u"--"_s, u"--"_s, u"-u"_s, u"-u"_s, u"--"_s}));
 }
 
 /// The row above a signature ends no page.

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void altezze_data();
     void altezze();
     void lunghePiuDiMezzaPagina();
+    void pocheRigheSottoITitoli();
     void righeDelTesto_data();
     void righeDelTesto();
 };
@@ -79,6 +80,16 @@ void TestTabelleIntere::lunghePiuDiMezzaPagina()
     const Documento Lunga = ConTabella(40, u"Acconto"_s, 11.0);
     QCOMPARE(ScriviRtf(Corta).count("\\keepn"), 2 * 9);
     QCOMPARE(ScriviRtf(Lunga).count("\\keepn"), 2 * 2);  // the first row and the last but one
+}
+
+void TestTabelleIntere::pocheRigheSottoITitoli()
+{
+    for (const int Righe : {8, 9}) {
+        Documento Doc = ConTabella(Righe, u"Acconto"_s, 11.0);
+        auto& Tutta = std::get<Tabella>(Doc.Blocchi.at(0));
+        Tutta.Righe[1][0].Testo.clear();  // the blank row below the headings
+        QCOMPARE(TabellaIntera(Tutta, Doc, Carta()), Righe == 8);
+    }
 }
 
 void TestTabelleIntere::righeDelTesto_data()
