@@ -8,6 +8,7 @@
 #include "feenote/modInterruttori.h"
 #include "feenote/modOfferte.h"
 #include "feenote/modStato.h"
+#include "feenote/modStorno.h"
 #include "feenote/modTotali.h"
 #include "platform/base/regionale.h"
 
@@ -183,6 +184,9 @@ void RaccoltaRilievi::Numerazione()
         const QString Scritta = Nota.DatiPar(DatoDataFatt).trimmed();
         if (Nota.DatiPar(DatoNumFatt).trimmed().isEmpty())
             Segnala(NumeroMancante, LuogoRilievo::NumeroFattura, u"La fattura è senza numero"_s);
+        if (ENotaDiCredito(Nota))
+            Avvisa(CartaDiFattura, LuogoRilievo::FatturaXml,
+                   u"La nota di credito si stampa col titolo «Fattura»"_s);
         if (Scritta.isEmpty())
             Segnala(DataMancante, LuogoRilievo::DataFattura, u"La fattura è senza data"_s);
         else if (!DataFattura)
@@ -314,6 +318,10 @@ void RaccoltaRilievi::Acconti()
         return;
     const Catena Conti = CatenaFiscale(Nota, Tipo);
     const SommeAcconti& Pagati = Conti.Dati.Acconti;
+    if (const double Uscita = CatenaFiscale(RaccogliFattura(Nota, Tipo)).Totale;
+        std::abs(Uscita - Conti.Totale) > MezzoCentesimo)
+        Avvisa(GenereRilievo::AccontiDopo, LuogoRilievo::Acconti, FraseAccontiDopo(Uscita, Conti.Totale), 0,
+               AccCorrispettivi);
     const auto Confronta = [&](double Pagato, double Dovuto, int Colonna, const QString& Frase) {
         if (Pagato > Dovuto + MezzoCentesimo)
             Avvisa(GenereRilievo::AccontiEccedenti, LuogoRilievo::Acconti,

@@ -29,6 +29,8 @@ enum class GenereRilievo {
     OnorarioAZero,   ///< a line without a range
     SpesaAZero,
     AccontiEccedenti,  ///< more was paid than is charged
+    AccontiDopo,       ///< the invoice has gone out before payments that its paper takes away
+    CartaDiFattura,    ///< a credit note, whose paper is headed as an invoice
     AliquotaDiversa,   ///< not the rate in force
     AliquotaMancante,  ///< ticked, without a percentage
 };

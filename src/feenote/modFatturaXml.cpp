@@ -23,11 +23,11 @@ bool FatturaGiaScritta(const Parcella& Nota)
 
 void SegnaFatturaScritta(Parcella& Nota, const QString& File, const QString& Progressivo)
 {
+    (void)NotaFatturata(Nota);  // while it is known of which invoice the file before is
     Nota.FatturaXml.File = File;
     Nota.FatturaXml.Quando = Format(Oggi(), u"dd/mm/yyyy");
     Nota.FatturaXml.Progressivo = Progressivo;
     Nota.FatturaXml.DiFattura = FirmaFattura(Nota);
-    (void)NotaFatturata(Nota);
     SetModificata(Nota, true);
 }
 

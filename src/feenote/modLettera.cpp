@@ -4,6 +4,7 @@
 #include "core/modControlli.h"
 #include "core/sessione.h"
 #include "feenote/modNumeraFattura.h"
+#include "feenote/modStorno.h"
 #include "feenote/modTotali.h"
 #include "platform/base/regionale.h"
 
@@ -111,11 +112,15 @@ ValoriLettera ValoriDi(const Parcella& Nota, int Tipo)
         Nota.txtDatiStaOgg.Testo.isEmpty() ? Nota.txtOggetto.Testo : Nota.txtDatiStaOgg.Testo;
     ValoriLettera Valori;
     Valori[u"cliente"_s] = Nota.txtCliente.Testo.simplified();
-    Valori[u"documento"_s] = ETipoStampa(Tipo) ? NomiNellaLettera[size_t(Tipo)].toString() : QString();
+    const bool Storno = Dati.EFattura && ENotaDiCredito(Nota);
+    Valori[u"documento"_s] = Storno              ? u"Nota di credito"_s
+                             : ETipoStampa(Tipo) ? NomiNellaLettera[size_t(Tipo)].toString()
+                                                 : QString();
     Valori[u"numero"_s] = NumeroDocumento(Nota, Dati.Pannello);
     Valori[u"data"_s] = DataDocumento(Nota, Dati.Pannello);
     Valori[u"oggetto"_s] = Oggetto.simplified();
-    Valori[u"netto"_s] = ETipoStampa(Tipo) && Dati.Riepilogo
+    // Nobody pays a credit note.
+    Valori[u"netto"_s] = ETipoStampa(Tipo) && Dati.Riepilogo && !Storno
                              ? Format(CatenaFiscale(Nota, Tipo).Netto, u"#,##0.00"_s)
                              : QString();
     Valori[u"studio"_s] = sessione::StudioNome;

@@ -1,6 +1,7 @@
 #include "feenote/modNomiProposti.h"
 
 #include "core/modTesti.h"
+#include "feenote/modStorno.h"
 #include "feenote/modTipiDocumento.h"
 #include "platform/base/regionale.h"
 #include "platform/system/orologio.h"
@@ -106,7 +107,9 @@ QString NumeroConAnno(const QString& Numero, const QString& Data)
 QString ParteDelDocumento(const Parcella& Nota, int Tipo)
 {
     const TipoDocumento& Dati = TipoDi(Tipo);
-    const QString Nome = Dati.EFattura ? u"Fattura"_s : ParteDiNome(Dati.Nome.toString(), BytePerParte);
+    const QString Nome = !Dati.EFattura         ? ParteDiNome(Dati.Nome.toString(), BytePerParte)
+                         : ENotaDiCredito(Nota) ? u"Nota di credito"_s
+                                                : u"Fattura"_s;
     QString Numero;
     if (Dati.Pannello == PannelloStampa::Fattura)
         Numero = NumeroConAnno(Nota.DatiPar(DatoNumFatt), Nota.DatiPar(DatoDataFatt));

@@ -81,7 +81,17 @@ DatiCatena ConSocio(DatiCatena Dati, const Parcella& Nota, const SocioTenuto& So
     return Dati;
 }
 
-/// The chain of a document, whatever the one in view forces on the switches.
+/// The chain of a document that goes out, whatever the one in view forces on the switches.
+DatiCatena CatenaCheEsce(const Parcella& Nota, int Tipo)
+{
+    if (Tipo == Nota.cmbTipoStampa)
+        return RaccogliFattura(Nota, Tipo);
+    Parcella Altra = Nota;
+    ScegliTipoStampa(Altra, Tipo);
+    return RaccogliFattura(Altra, Tipo);
+}
+
+/// The same for whoever looks at it.
 /// @param Visto the associated note of a note that has none at the moment; none for what prints
 DatiCatena CatenaDelDocumento(const Parcella& Nota, int Tipo, const std::optional<SocioTenuto>& Visto = {})
 {
@@ -244,13 +254,38 @@ bool EmessoPrima(const Parcella& Nota)
     });
 }
 
-/// An invoice stands beside the credit note that takes it back, and a credit note beside the next invoice:
-/// whoever sums sees both.
+/// The electronic file of the document that has gone out last is written: it stands, and another number is
+/// that of another one.
+bool HaFile(const Parcella& Nota)
+{
+    const StatoTenuto& Tenuto = Nota.Stato;
+    const QString& Firma = Nota.FatturaXml.DiFattura;
+    const auto Giorno = LeggiData(Firma.section(u'|', 1));
+    return Tenuto.Emessa && !Tenuto.Numero.isEmpty() && Giorno &&
+           Firma.section(u'|', 0, 0).simplified() == Tenuto.Numero &&
+           Format(*Giorno, u"dd/mm/yyyy") == Tenuto.Data;
+}
+
+/// What goes out is another document than the last one, which stands beside it: a credit note, the invoice
+/// behind one, an invoice of another number where the file of the last one is written.
+bool AltroDocumento(const Parcella& Nota, bool Storno)
+{
+    const StatoTenuto& Tenuto = Nota.Stato;
+    return Tenuto.Storno != Storno ||
+           (HaFile(Nota) && NumeroEmesso{Tenuto.Numero, Tenuto.Data} != NumeroDellaFattura(Nota));
+}
+
+/// Whoever sums sees the last document beside the one that goes out.
 void TieniEmesso(StatoTenuto& Tenuto, bool Storno)
 {
-    const bool Emesso = Tenuto.Emessa && Tenuto.Importi && Tenuto.Stato >= StatoNota::Fatturata;
-    if (!Emesso || Tenuto.Storno == Storno)
+    if (!Tenuto.Emessa || !Tenuto.Importi || Tenuto.Stato < StatoNota::Fatturata)
         return;
+    // What has paid this invoice has not paid the next one.
+    if (Tenuto.Prima && !Tenuto.Storno && !Storno) {
+        Tenuto.Stato = StatoNota::Fatturata;
+        Tenuto.Prima.reset();
+        GiornoDi(Tenuto, StatoNota::Pagata).clear();
+    }
     Tenuto.Emessi.append(
         {Tenuto.Documento, Tenuto.Storno, Tenuto.ConSocio, Tenuto.Numero, Tenuto.Data, *Tenuto.Importi});
     if (Tenuto.Emessi.size() > MassimiEmessi)
@@ -267,16 +302,19 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
     // What a draft has been sent by before is of another time.
     const int Presente = Tenuto.Stato == StatoNota::Bozza ? 0 : Peso(Tenuto.Documento, Tenuto.Emessa);
     const int Nuovo = Peso(Tipo, Numerata);
+    // Nobody owes a credit note, not even the draft of it that is shown before it has its number.
+    const bool Storno = ENotaDiCredito(Nota) && TipoDi(Tipo).EFattura;
+    const bool Altro = Numerata && AltroDocumento(Nota, Storno);
     // A copy of what was paid already would ask for nothing.
-    const bool Copia = Tenuto.Stato == StatoNota::Pagata && Nuovo == Presente && !ENotaDiCredito(Nota);
+    const bool Copia =
+        Tenuto.Stato == StatoNota::Pagata && Nuovo == Presente && !ENotaDiCredito(Nota) && !Altro;
     if (Nuovo >= Presente && !Copia) {
         if (Nuovo > Presente && GiornoDi(Tenuto, Verso).isEmpty())
             GiornoDi(Tenuto, Verso) = Giorno();
-        // Nobody owes a credit note, not even the draft of it that is shown before it has its number.
-        const bool Storno = ENotaDiCredito(Nota) && TipoDi(Tipo).EFattura;
+        const DatiCatena Dati = Numerata ? CatenaCheEsce(Nota, Tipo) : CatenaDelDocumento(Nota, Tipo);
         if (Presente == 0)
             Tenuto.Emessi.clear();
-        else if (Numerata)
+        else if (Altro)
             TieniEmesso(Tenuto, Storno);
         Tenuto.Documento = Tipo;
         Tenuto.Emessa = Numerata;
@@ -286,7 +324,7 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
         Tenuto.Data = Ora.Data;
         Tenuto.ConSocio = Nota.Multipla();
         TieniSocio(Nota);
-        Tenuto.Importi = Importi(CatenaDelDocumento(Nota, Tipo), ConScissione(Nota, Tipo));
+        Tenuto.Importi = Importi(Dati, ConScissione(Nota, Tipo));
     }
     if (Verso > Tenuto.Stato) {
         Tenuto.Stato = Verso;
@@ -406,7 +444,7 @@ bool SegueStato(Parcella& Nota, Copertura& Vista)
             SegueNumero(Nota, *Tenuto.Prima);
         // A number that is put right is that of the document; one of the next document is not.
         const NumeroEmesso Ora = NumeroDellaFattura(Nota);
-        if (!Ora.Numero.isEmpty() && ENotaDiCredito(Nota) == Tenuto.Storno) {
+        if (!Ora.Numero.isEmpty() && ENotaDiCredito(Nota) == Tenuto.Storno && !HaFile(Nota)) {
             Tenuto.Numero = Ora.Numero;
             Tenuto.Data = Ora.Data;
         }

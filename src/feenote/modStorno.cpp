@@ -65,43 +65,69 @@ QString Firma(const QString& Numero, const QString& Data)
     return NumeroSenzaAnno(Numero, *Giorno) + u'|' + Giorno->toString(Qt::ISODate);
 }
 
+/// The documents of this file that have gone out and count, the oldest first; credit notes before the last
+/// one too.
+QList<DocumentoEmesso> Usciti(const StatoTenuto& Tenuto)
+{
+    if (!Tenuto.Importi || Tenuto.Stato == StatoNota::Bozza)
+        return {};
+    QList<DocumentoEmesso> Tutti = Tenuto.Emessi;
+    if (!Tenuto.Storno && Tenuto.Emessa && Tenuto.Stato >= StatoNota::Fatturata)
+        Tutti.append({Tenuto.Documento, false, Tenuto.ConSocio, Tenuto.Numero, Tenuto.Data, *Tenuto.Importi});
+    return Tutti;
+}
+
+/// The invoice of a number and day.
+std::optional<DocumentoEmesso> LaFattura(const QList<DocumentoEmesso>& Fra, const QString& Numero,
+                                         const QString& Data)
+{
+    const QString Cercata = Firma(Numero, Data);
+    const auto Sua = std::ranges::find_if(Fra, [&](const DocumentoEmesso& Uno) {
+        return !Uno.Storno && !Cercata.isEmpty() && Firma(Uno.Numero, Uno.Data) == Cercata;
+    });
+    return Sua == Fra.end() ? std::nullopt : std::optional(*Sua);
+}
+
+/// Nothing where its figures cannot be read.
+std::optional<Centesimi> DetrattiDa(const DocumentoEmesso& Fattura)
+{
+    if (Fattura.Storno || !Fattura.Guasto.isEmpty())
+        return std::nullopt;
+    const ImportiDocumento& Suoi = Fattura.Importi;
+    return InCentesimi({Suoi.AccCorrispettivi, Suoi.AccSpeseImp, Suoi.AccSpeseEsenti});
+}
+
 /// What the invoice had taken away that a credit note of this file takes back: the one that it cites, else
 /// the document before it, where that is an invoice.
 std::optional<Centesimi> DetrattiDallaFattura(const Parcella& Nota)
 {
-    const StatoTenuto& Tenuto = Nota.Stato;
-    if (!Tenuto.Importi || Tenuto.Stato == StatoNota::Bozza)
-        return std::nullopt;
-    QList<DocumentoEmesso> Usciti = Tenuto.Emessi;
-    if (!Tenuto.Storno && Tenuto.Emessa && Tenuto.Stato >= StatoNota::Fatturata)
-        Usciti.append(
-            {Tenuto.Documento, false, Tenuto.ConSocio, Tenuto.Numero, Tenuto.Data, *Tenuto.Importi});
-    if (Usciti.isEmpty())
-        return std::nullopt;
-    const QString Citata = Firma(Nota.FatturaXml.CitataNumero, Nota.FatturaXml.CitataData);
-    const auto Sua = std::ranges::find_if(Usciti, [&](const DocumentoEmesso& Uno) {
-        return !Uno.Storno && !Citata.isEmpty() && Firma(Uno.Numero, Uno.Data) == Citata;
-    });
-    const DocumentoEmesso& Ripresa = Sua == Usciti.end() ? Usciti.last() : *Sua;
-    if (Ripresa.Storno || !Ripresa.Guasto.isEmpty())
-        return std::nullopt;
-    const ImportiDocumento& Suoi = Ripresa.Importi;
-    return InCentesimi({Suoi.AccCorrispettivi, Suoi.AccSpeseImp, Suoi.AccSpeseEsenti});
+    const QList<DocumentoEmesso> Fra = Usciti(Nota.Stato);
+    if (const auto Citata = LaFattura(Fra, Nota.FatturaXml.CitataNumero, Nota.FatturaXml.CitataData))
+        return DetrattiDa(*Citata);
+    return Fra.isEmpty() ? std::nullopt : DetrattiDa(Fra.last());
+}
+
+/// The first payments of the lists that make these sums: they are written one below the other.
+std::optional<AccontiDetratti> PrimiConSomme(const AccontiDetratti& Tutti, const Centesimi& Volute)
+{
+    const std::vector<Centesimi> Propri = SommeProgressive(Tutti.Propri);
+    const std::vector<Centesimi> Altri = SommeProgressive(Tutti.Altri);
+    for (size_t j = 0; j < Altri.size(); ++j)
+        for (size_t i = 0; i < Propri.size(); ++i)
+            if (Insieme(Propri[i], Altri[j]) == Volute)
+                return AccontiDetratti{Prime(Tutti.Propri, i), Prime(Tutti.Altri, j)};
+    return std::nullopt;
 }
 
 /// What of the payments listed makes the sums of those that the invoice had taken away.
 AccontiDetratti ConSomme(const AccontiDetratti& Tutti, const Centesimi& Volute)
 {
-    const std::vector<Centesimi> Propri = SommeProgressive(Tutti.Propri);
-    const std::vector<Centesimi> Altri = SommeProgressive(Tutti.Altri);
-    // Payments are written one below the other: those of the invoice come first.
-    for (size_t j = 0; j < Altri.size(); ++j)
-        for (size_t i = 0; i < Propri.size(); ++i)
-            if (Insieme(Propri[i], Altri[j]) == Volute)
-                return {Prime(Tutti.Propri, i), Prime(Tutti.Altri, j)};
+    if (const auto Primi = PrimiConSomme(Tutti, Volute))
+        return *Primi;
     // A payment that was taken out of the list is not taken away either: a credit note of a part would have
     // no other way to be more than nothing.
-    const Centesimi Elencate = Insieme(Propri.back(), Altri.back());
+    const Centesimi Elencate =
+        Insieme(SommeProgressive(Tutti.Propri).back(), SommeProgressive(Tutti.Altri).back());
     Centesimi Restano{};
     for (size_t i = 0; i < Restano.size(); ++i)
         Restano[i] = std::clamp(Elencate[i], std::min<qint64>(0, Volute[i]), std::max<qint64>(0, Volute[i]));
@@ -137,4 +163,39 @@ AccontiDetratti AccontiDelDocumento(const Parcella& Nota, int Tipo)
         return Tutti;
     const auto Volute = DetrattiDallaFattura(Nota);
     return Volute ? ConSomme(Tutti, *Volute) : Tutti;
+}
+
+AccontiDetratti AccontiFatturati(const Parcella& Nota, int Tipo)
+{
+    const AccontiDetratti Tutti = AccontiDelDocumento(Nota, Tipo);
+    if (!TipoDi(Tipo).EFattura || ENotaDiCredito(Nota))
+        return Tutti;
+    const auto Uscita = LaFattura(Usciti(Nota.Stato), Nota.DatiPar(DatoNumFatt), Nota.DatiPar(DatoDataFatt));
+    // A list that begins otherwise was put right, and the invoice with it.
+    const auto Detratti = Uscita ? DetrattiDa(*Uscita) : std::nullopt;
+    return Detratti ? PrimiConSomme(Tutti, *Detratti).value_or(Tutti) : Tutti;
+}
+
+DatiCatena RaccogliFattura(const Parcella& Nota, int Tipo)
+{
+    DatiCatena Dati = RaccogliCatena(Nota, Tipo);
+    const AccontiDetratti Acconti = AccontiFatturati(Nota, Tipo);
+    const SommeAcconti Propri = SommaAcconti(Acconti.Propri);
+    const SommeAcconti Altri = SommaAcconti(Acconti.Altri);
+    Dati.Acconti = {Propri.Corrispettivi + Altri.Corrispettivi, Propri.SpeseImp + Altri.SpeseImp,
+                    Propri.SpeseEsenti + Altri.SpeseEsenti};
+    return Dati;
+}
+
+QString FraseAccontiDopo(double Fattura, double Carta)
+{
+    return u"La fattura è uscita per %1 euro e resta tale: gli acconti scritti dopo la pagano, ma la carta "
+           u"stampata ora li toglie e dice %2 euro."_s.arg(TestoImporto(Fattura), TestoImporto(Carta));
+}
+
+QString FraseCreditoVuoto(double Totale)
+{
+    return u"Tolti gli acconti la nota di credito è di %1 euro: cancellare quelli che la fattura stornata "
+           u"non "
+           u"aveva detratto."_s.arg(FormatNum(Totale));
 }

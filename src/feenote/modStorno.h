@@ -1,4 +1,4 @@
-// What a credit note takes back of the invoice that went before it in the same file.
+// Which payments a document takes away: those behind an invoice that has gone out are paid of it.
 #pragma once
 
 #include "feenote/modTotali.h"
@@ -16,3 +16,14 @@ struct AccontiDetratti
 /// when it went out and what is still listed, be that in one row of its own: what was paid since is paid of
 /// the invoice. Where the note does not know its invoice, its payments count as those of any document.
 [[nodiscard]] AccontiDetratti AccontiDelDocumento(const Parcella& Nota, int Tipo);
+
+/// The same for what an invoice asks for by law, its electronic file and the state that is kept of it: one
+/// that has gone out with this number already takes away what it had taken away then, as long as its
+/// payments still begin the list. Its paper takes away all that are listed when it is printed.
+[[nodiscard]] AccontiDetratti AccontiFatturati(const Parcella& Nota, int Tipo);
+/// What is said of a credit note of which the payments leave nothing.
+[[nodiscard]] QString FraseCreditoVuoto(double Totale);
+/// What is said where both differ.
+[[nodiscard]] QString FraseAccontiDopo(double Fattura, double Carta);
+/// The chain with these payments.
+[[nodiscard]] DatiCatena RaccogliFattura(const Parcella& Nota, int Tipo);

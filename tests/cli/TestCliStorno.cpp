@@ -4,6 +4,7 @@
 
 #include "feenote/file/modLettura.h"
 #include "feenote/modAcconti.h"
+#include "feenote/modStato.h"
 #include "platform/system/file.h"
 #include "supporto/registratore.h"
 
@@ -19,6 +20,8 @@ private Q_SLOTS:
     void init() { AzzeraSessione(); }
     void unaSommaSola_data();
     void unaSommaSola();
+    void primaLaCarta();
+    void dueFatture();
 };
 PROVA(TestCliStorno);
 
@@ -113,6 +116,47 @@ void TestCliStorno::unaSommaSola()
     const QStringList Fatture = Righe.split(u'\n').filter(u"Fattura analitica"_s);
     QCOMPARE(Fatture.size(), 1);
     QCOMPARE(Fatture.first().split(u'|').value(13), Virgola);
+}
+
+/// The invoice goes out on paper, is paid in part, and gets its file: it is one of the whole sum.
+void TestCliStorno::primaLaCarta()
+{
+    const Ufficio Qui;
+    sessione::ArchivioCliCon = Qui.Archivio;
+    const QString File = Qui.Nota();
+    Riscrivi(File, [](Parcella& Nota) {
+        (void)NotaInviata(Nota, StampaFatturaAnalitica);
+        Paga(Nota, 400);
+    });
+    const QString Xml = Qui.Cartella + u"ITRSSMRA80A01H501U_00001.xml"_s;
+    QCOMPARE(Qui.Fattura(File, Xml).Guasti,
+             u"La fattura è uscita per 1.459,12 euro e resta tale: gli acconti scritti dopo la pagano, ma la "
+             "carta stampata ora li toglie e dice 951,60 euro.\n"_s);
+    const QString Scritto = QString::fromUtf8(LeggiFile(Xml));
+    QCOMPARE(Trovato(Scritto, u"<ImportoTotaleDocumento>([^<]+)"_s), u"1459.12"_s);
+    QVERIFY(!Scritto.contains(u"bonifico"));
+    const QString Righe = Chiama({u"--archivio"_s, Qui.Archivio, u"scadenzario"_s, Qui.Cartella}).Uscita;
+    QCOMPARE(Righe.split(u'|').value(13), u"1459,12"_s);
+}
+
+/// The invoice on account and the final one from one file: both stand in the list.
+void TestCliStorno::dueFatture()
+{
+    const Ufficio Qui;
+    const QString File = Qui.Nota();
+    QCOMPARE(Qui.Fattura(File, Qui.Cartella + u"ITRSSMRA80A01H501U_00001.xml"_s).Guasti, QString());
+    Riscrivi(File, [](Parcella& Nota) {
+        Paga(Nota, 400);
+        Nota.txtDatiPar[DatoNumFatt] = u"30"_s;
+    });
+    QCOMPARE(Qui.Fattura(File, Qui.Cartella + u"ITRSSMRA80A01H501U_00002.xml"_s).Guasti, QString());
+    const QStringList Righe = Chiama({u"--archivio"_s, Qui.Archivio, u"scadenzario"_s, Qui.Cartella})
+                                  .Uscita.split(u'\n')
+                                  .filter(u"Fattura analitica"_s);
+    QStringList Dette;
+    for (const QString& Riga : Righe)
+        Dette += Riga.section(u'|', 4, 4) + u' ' + Riga.section(u'|', 13, 13);
+    QCOMPARE(Dette, (QStringList{u"7 1459,12"_s, u"30 951,60"_s}));
 }
 
 #include "TestCliStorno.moc"

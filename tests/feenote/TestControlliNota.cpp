@@ -27,6 +27,8 @@ private Q_SLOTS:
     void acconti_data();
     void acconti();
     void accontiDellaMultipla();
+    void accontiDopoLaFattura();
+    void notaDiCredito();
     void daRicalcolare();
     void gliErroriDavanti();
     void ogniLuogoHaLaSuaRiga();
@@ -326,6 +328,32 @@ void TestControlliNota::acconti()
         QCOMPARE(Detto.Luogo, LuogoRilievo::Acconti);
         QCOMPARE(Detto.Colonna, Corr > 0 ? AccCorrispettivi : SpImp > 0 ? AccSpeseImp : AccSpeseEsenti);
     }
+}
+
+/// The sheet takes away what came behind the invoice; the invoice is what it was.
+void TestControlliNota::accontiDopoLaFattura()
+{
+    Parcella Nota = FatturaInRegola();
+    Nota.Stato = StatoDiNuova();
+    (void)NotaInviata(Nota, Nota.cmbTipoStampa);
+    QCOMPARE(Guarda(Nota).Generi, QList<GenereRilievo>());
+    const QString Intera = Format(CatenaFiscale(Nota, Nota.cmbTipoStampa).Totale, u"#,##0.00");
+    RigaAcconto(Nota, u"E"_s, 100.0, 0.0, 0.0);
+    const QString Carta = Format(CatenaFiscale(Nota, Nota.cmbTipoStampa).Totale, u"#,##0.00");
+    QCOMPARE(Guarda(Nota).Generi, QList{AccontiDopo});
+    QCOMPARE(Guarda(Nota).Frasi.first(),
+             u"La fattura è uscita per %1 euro e resta tale: gli acconti scritti dopo la pagano, ma la carta "
+             "stampata ora li toglie e dice %2 euro."_s.arg(Intera, Carta));
+    QCOMPARE(Guarda(Nota).Tutti.first().Luogo, LuogoRilievo::Acconti);
+}
+
+void TestControlliNota::notaDiCredito()
+{
+    Parcella Nota = FatturaInRegola();
+    Nota.FatturaXml.Tipo = u"TD04"_s;
+    QCOMPARE(Guarda(Nota).Generi, QList{CartaDiFattura});
+    ScegliTipoStampa(Nota, StampaPrenotula);
+    QCOMPARE(Guarda(Nota).Generi, QList<GenereRilievo>());
 }
 
 /// What the associated note charges counts, and what was paid for it too.

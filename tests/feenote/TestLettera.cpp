@@ -96,6 +96,13 @@ void TestLettera::valori()
     QCOMPARE(Valori[u"cliente"_s], u"Rossi Mario"_s);
     QCOMPARE(Valori[u"oggetto"_s], u"Sfratto"_s);
     QCOMPARE(QStringList(Valori.keys()).size(), SegnapostiLettera().size());
+    // A credit note is none of the other documents, and nobody pays it.
+    Nota.FatturaXml.Tipo = u"TD04"_s;
+    const ValoriLettera Credito = ValoriDi(Nota, Tipo);
+    const bool Fattura = Valori[u"documento"_s] == u"Fattura";
+    QCOMPARE(Credito[u"documento"_s], Fattura ? u"Nota di credito"_s : Valori[u"documento"_s]);
+    QCOMPARE(Credito[u"netto"_s], Fattura ? QString() : Valori[u"netto"_s]);
+    QCOMPARE(Credito[u"numero"_s], Valori[u"numero"_s]);
 }
 
 /// The mail calls the invoice as its paper and its electronic file do.

@@ -151,6 +151,9 @@ void TestNomiProposti::delDocumento()
     Nota.txtDatiPar[Fattura ? DatoNumFatt : DatoNumero] = Numero;
     Nota.txtDatiPar[Fattura ? DatoDataFatt : DatoData] = Data;
     QTEST(NomeDocumentoProposto(Nota, Tipo), "Nome");
+    QFETCH(QString, Nome);
+    Nota.FatturaXml.Tipo = u"TD04"_s;
+    QCOMPARE(NomeDocumentoProposto(Nota, Tipo), Nome.replace(u"- Fattura"_s, u"- Nota di credito"_s));
 }
 
 /// Some systems take these for devices, whatever they end in.

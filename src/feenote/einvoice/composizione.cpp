@@ -8,7 +8,7 @@
 #include "feenote/einvoice/schematipi.h"
 #include "feenote/modControlliNota.h"
 #include "feenote/modNumeraFattura.h"
-#include "feenote/modTotali.h"
+#include "feenote/modStorno.h"
 #include "platform/base/regionale.h"
 
 #include <algorithm>
@@ -77,7 +77,7 @@ public:
     Compositore(const Parcella& DiNota, const Cedente& DiStudio, const Cessionario& DiCliente,
                 const SceltaFattura& DiScelta, const QDate& Giorno)
         : Nota(DiNota), Studio(DiStudio), Cliente(DiCliente), Scelta(DiScelta), Oggi(Giorno),
-          Conti(CatenaFiscale(DiNota, DiScelta.Documento))
+          Conti(CatenaFiscale(RaccogliFattura(DiNota, DiScelta.Documento)))
     {}
 
     Composizione Componi()
@@ -311,9 +311,7 @@ private:
         }
         const bool Acconti = Conti.Dati.Acconti != SommeAcconti();
         if (NotaDiCredito() && Acconti && Centesimi(Conti.Totale) <= 0) {
-            Note.Manca(CampoFattura::NotaAcconti,
-                       u"Tolti gli acconti la nota di credito è di %1 euro: cancellare quelli che la fattura "
-                       "stornata non aveva detratto."_s.arg(FormatNum(Conti.Totale)));
+            Note.Manca(CampoFattura::NotaAcconti, FraseCreditoVuoto(Conti.Totale));
             return false;
         }
         if (Centesimi(Conti.Imponibile) < 0) {
@@ -417,6 +415,8 @@ private:
                                     .toString(),
                                 Conti.RA, Arrotonda2(Dati.RA.Perc), u"A"_s};
         Fattura.Totale = Conti.Totale;
+        if (const double Carta = CatenaFiscale(Nota, Scelta.Documento).Totale; Carta != Conti.Totale)
+            Note.Avvisa(CampoFattura::NotaAcconti, FraseAccontiDopo(Conti.Totale, Carta));
         ComponiRiepiloghi();
         AvvisaRitenuta();
     }

@@ -162,7 +162,7 @@ bool HaFrazioni(const Parcella& Nota, int Tipo)
                 }
         return false;
     };
-    const AccontiDetratti Acconti = AccontiDelDocumento(Nota, Tipo);
+    const AccontiDetratti Acconti = AccontiFatturati(Nota, Tipo);
     return Spezzato(InOrdine(Nota, Nota.xOnorari, Nota.Multi.xOnorari), {OnoImporto}, false) ||
            Spezzato(InOrdine(Nota, Nota.xDiritti, Nota.Multi.xDiritti), {DirImponibile, DirEsente}, false) ||
            Spezzato({&Acconti.Propri, &Acconti.Altri}, {AccCorrispettivi, AccSpeseImp, AccSpeseEsenti}, true);
@@ -176,7 +176,7 @@ QList<LineaFattura> LineeFattura(const Parcella& Nota, const Catena& Conti, cons
         RigheSintetica(Tutte, Conti, ConBollo);
     else
         RigheAnalitica(Tutte, Nota, Conti, ConBollo);
-    const AccontiDetratti Acconti = AccontiDelDocumento(Nota, Conti.Dati.Tipo);
+    const AccontiDetratti Acconti = AccontiFatturati(Nota, Conti.Dati.Tipo);
     RigheAcconti(Tutte, Acconti.Propri);
     RigheAcconti(Tutte, Acconti.Altri);
     return Tutte.Linee;

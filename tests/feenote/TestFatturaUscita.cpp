@@ -1,0 +1,206 @@
+// An invoice that has gone out stays what it was: payments behind it pay it, and another number is that of
+// another invoice once its electronic file is written.
+#include "nota_prova.h"
+#include "notadamille.h"
+
+#include "feenote/modAcconti.h"
+#include "feenote/modFatturaXml.h"
+#include "feenote/modStato.h"
+#include "feenote/modStorno.h"
+#include "platform/system/orologio.h"
+
+using namespace Qt::StringLiterals;
+using enum StatoNota;
+
+namespace {
+
+constexpr double Intero = 1459.12;
+constexpr double Meno400 = 951.60;  // 750,00 with fund and VAT
+
+void Paga(Parcella& Nota, double Compensi)
+{
+    Nota.xAcconti(NuovoAcconto(Nota), AccCorrispettivi) = Compensi;
+}
+
+void Numera(Parcella& Nota, const QString& Numero)
+{
+    Nota.txtDatiPar[DatoNumFatt] = Numero;
+    Nota.txtDatiPar[DatoDataFatt] = u"9/11/2026"_s;
+}
+
+void Stampa(Parcella& Nota)
+{
+    (void)NotaInviata(Nota, StampaFatturaAnalitica);
+}
+
+void ScriviFile(Parcella& Nota)
+{
+    SegnaFatturaScritta(Nota, u"IT1.xml"_s, u"1"_s);
+}
+
+QString Numeri(const Parcella& Nota)
+{
+    QStringList Tutti;
+    for (const DocumentoEmesso& Uno : Nota.Stato.Emessi)
+        Tutti += Uno.Numero;
+    return Tutti.join(u' ') + u" | "_s + Nota.Stato.Numero;
+}
+
+double Totale(const Parcella& Nota)
+{
+    return CatenaFiscale(RaccogliFattura(Nota, StampaFatturaAnalitica)).Totale;
+}
+
+}  // namespace
+
+class TestFatturaUscita : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init()
+    {
+        AzzeraSessione();
+        InstallaOrologio([] { return QDateTime(QDate(2026, 11, 22), QTime(10, 0)); });
+        Nota = NotaDaMille(StampaFatturaAnalitica);
+        Numera(Nota, u"12"_s);
+        Vista = {};
+    }
+    void cleanup() { InstallaOrologio({}); }
+    void unaCopiaDopoUnPagamento_data();
+    void unaCopiaDopoUnPagamento();
+    void gliAccontiSuoiRestano();
+    void elencoCorretto();
+    void diNuovoBozza();
+    void laProssimaDalloStessoFile();
+    void pagataPrimaDellaProssima();
+    void ilNumeroDellaProssima();
+
+private:
+    Parcella Nota;
+    Copertura Vista;
+};
+PROVA(TestFatturaUscita);
+
+void TestFatturaUscita::unaCopiaDopoUnPagamento_data()
+{
+    QTest::addColumn<bool>("ConFile");
+    QTest::newRow("printed again") << false;
+    QTest::newRow("on paper, then as a file") << true;
+}
+
+void TestFatturaUscita::unaCopiaDopoUnPagamento()
+{
+    QFETCH(bool, ConFile);
+    Stampa(Nota);
+    const ImportiDocumento Sue = ImportiDellaNota(Nota);
+    QCOMPARE(Sue.Totale, Intero);
+    Paga(Nota, 400);
+    // The paper takes away what is listed; it is not what was asked for.
+    QCOMPARE(CatenaFiscale(Nota, StampaFatturaAnalitica).Totale, Meno400);
+    QCOMPARE(Totale(Nota), Intero);
+    QVERIFY(AccontiFatturati(Nota, StampaFatturaAnalitica).Propri.Vuota());
+    if (ConFile)
+        ScriviFile(Nota);
+    else
+        Stampa(Nota);
+    QCOMPARE(ImportiDellaNota(Nota), Sue);
+    QCOMPARE(RestoDellaNota(Nota), Meno400);
+}
+
+void TestFatturaUscita::gliAccontiSuoiRestano()
+{
+    Paga(Nota, 400);
+    Stampa(Nota);
+    QCOMPARE(ImportiDellaNota(Nota).Totale, Meno400);
+    Paga(Nota, 100);
+    Stampa(Nota);
+    QCOMPARE(ImportiDellaNota(Nota).Totale, Meno400);
+    QCOMPARE(AccontiFatturati(Nota, StampaFatturaAnalitica).Propri.Righe(), 1);
+    // A pro-forma note has no number that binds it.
+    QCOMPARE(AccontiFatturati(Nota, StampaPrenotula).Propri.Righe(), 2);
+}
+
+/// A payment of its own that is put right puts the invoice right.
+void TestFatturaUscita::elencoCorretto()
+{
+    Paga(Nota, 300);
+    Stampa(Nota);
+    Nota.xAcconti(0, AccCorrispettivi) = 400.0;
+    Stampa(Nota);
+    QCOMPARE(ImportiDellaNota(Nota).Totale, Meno400);
+    Nota.xAcconti.EliminaRiga(0);
+    Stampa(Nota);
+    QCOMPARE(ImportiDellaNota(Nota).Totale, Intero);
+}
+
+void TestFatturaUscita::diNuovoBozza()
+{
+    Stampa(Nota);
+    Paga(Nota, 400);
+    (void)ScegliStato(Nota, Bozza);
+    QCOMPARE(Totale(Nota), Meno400);
+    Stampa(Nota);
+    QCOMPARE(ImportiDellaNota(Nota).Totale, Meno400);
+}
+
+/// On account, then the rest: both are asked for.
+void TestFatturaUscita::laProssimaDalloStessoFile()
+{
+    ScriviFile(Nota);
+    Paga(Nota, 400);
+    Numera(Nota, u"30"_s);
+    QCOMPARE(Totale(Nota), Meno400);
+    ScriviFile(Nota);
+    QCOMPARE(Numeri(Nota), u"12 | 30"_s);
+    QCOMPARE(Nota.Stato.Emessi[0].Importi.Totale, Intero);
+    QCOMPARE(ImportiDellaNota(Nota).Totale, Meno400);
+    // Again as a copy, of either.
+    Stampa(Nota);
+    Numera(Nota, u"12"_s);
+    QCOMPARE(Totale(Nota), Intero);
+    Stampa(Nota);
+    QCOMPARE(Numeri(Nota), u"12 | 30"_s);
+}
+
+void TestFatturaUscita::pagataPrimaDellaProssima()
+{
+    ScriviFile(Nota);
+    Paga(Nota, 1150);
+    (void)SegueStato(Nota, Vista);
+    QCOMPARE(Nota.Stato.Stato, Pagata);
+    Nota.xOnorari(0, OnoImporto) = 2000.0;
+    Numera(Nota, u"30"_s);
+    ScriviFile(Nota);
+    QCOMPARE(Numeri(Nota), u"12 | 30"_s);
+    QCOMPARE(Nota.Stato.Stato, Fatturata);
+    // A copy of a paid one stays what it was.
+    Parcella Copia = NotaDaMille(StampaFatturaAnalitica);
+    Copertura Sua;
+    Numera(Copia, u"12"_s);
+    ScriviFile(Copia);
+    Paga(Copia, 1150);
+    (void)SegueStato(Copia, Sua);
+    Stampa(Copia);
+    QCOMPARE(Copia.Stato.Stato, Pagata);
+    QCOMPARE(Numeri(Copia), u" | 12"_s);
+}
+
+/// Typed, the next number is not that of the file that is written; without a file it puts the number right.
+void TestFatturaUscita::ilNumeroDellaProssima()
+{
+    ScriviFile(Nota);
+    Numera(Nota, u"30"_s);
+    (void)SegueStato(Nota, Vista);
+    QCOMPARE(Nota.Stato.Numero, u"12"_s);
+    Parcella Carta = NotaDaMille(StampaFatturaAnalitica);
+    Copertura Sua;
+    Numera(Carta, u"12"_s);
+    Stampa(Carta);
+    Numera(Carta, u"30"_s);
+    (void)SegueStato(Carta, Sua);
+    QCOMPARE(Carta.Stato.Numero, u"30"_s);
+    Stampa(Carta);
+    QCOMPARE(Numeri(Carta), u" | 30"_s);
+}
+
+#include "TestFatturaUscita.moc"
