@@ -1,13 +1,14 @@
 // Who may fill or replace an archive, and when.
 #pragma once
 
-#include "platform/base/errore.h"
 #include "platform/database/database.h"
 #include "platform/system/blocco.h"
 
 #include <QString>
 
 #include <optional>
+
+struct Errore;
 
 /// The file of the turn that one program at a time has for an archive, whatever link the archive is opened
 /// by.

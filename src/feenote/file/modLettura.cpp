@@ -5,6 +5,7 @@
 #include "core/modTesti.h"
 #include "core/rapportiunici.h"
 #include "feenote/file/colonne.h"
+#include "feenote/file/errorecarico.h"
 #include "feenote/file/memorianota.h"
 #include "feenote/file/modPassword.h"
 #include "feenote/file/modPosaFile.h"

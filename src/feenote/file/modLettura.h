@@ -3,25 +3,15 @@
 #pragma once
 
 #include "feenote/parcella.h"
-#include "platform/base/errore.h"
 
 #include <QString>
 
 #include <functional>
 
 class Database;
-struct Decreto;
 
 /// Lines and payments that a file may hold; more is a damaged or hostile one.
 constexpr int MassimoRigheFile = 100'000;
-
-/// Why a note was not read.
-struct ErroreCarico : Errore
-{
-    const Decreto* Tariffa;  ///< of the file; of new notes where the file did not say
-
-    ErroreCarico(const Errore& Guasto, const Decreto* Sua) : Errore(Guasto), Tariffa(Sua) {}
-};
 
 /// Reads a file into the note. Messages: a protected note, a linked party that is gone.
 ///

@@ -11,6 +11,7 @@
 #include "core/rapportiunici.h"
 #include "core/sessione.h"
 #include "feenote/companion/modRichiesta.h"
+#include "feenote/file/errorecarico.h"
 #include "feenote/file/modLettura.h"
 #include "feenote/file/modPosaFile.h"
 #include "feenote/file/modRecupero.h"

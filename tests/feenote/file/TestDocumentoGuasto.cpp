@@ -2,6 +2,7 @@
 #include "feenote/nota_prova.h"
 
 #include "core/rapportiunici.h"
+#include "feenote/file/errorecarico.h"
 #include "feenote/file/modLettura.h"
 #include "feenote/file/modPosaFile.h"
 #include "platform/system/file.h"
