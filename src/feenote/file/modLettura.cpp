@@ -93,15 +93,31 @@ void ApplicaRiferimento(const NotaLetta& Letta)
         Letta.Nota.NsRif = CStr(Letta.NsRif);
 }
 
-void LeggiLinea(const RigaScorsa& Riga, TabellaRighe& Tabella, std::span<const ColonnaLinea> Colonne,
-                CellaDi Cella)
+/// An amount that another program, or a damage, has made a text which is no number. It counts 0.
+bool NonSiLegge(const CellaNota& Come, const QVariant& Valore)
+{
+    const bool Importo = Come.Forma == FormaCella::Importo || Come.Forma == FormaCella::Numero;
+    if (!Importo || Valore.typeId() != QMetaType::QString)
+        return false;
+    const QString Testo = Valore.toString().trimmed();
+    return !Testo.isEmpty() && !IsNumeric(Testo);
+}
+
+/// @return how many of its amounts cannot be read
+int LeggiLinea(const RigaScorsa& Riga, TabellaRighe& Tabella, std::span<const ColonnaLinea> Colonne,
+               CellaDi Cella)
 {
     const int Nuova = Tabella.AggiungiRiga();
+    int Illeggibili = 0;
     for (int i = 0; i < int(Colonne.size()); ++i) {
         const CellaNota& Come = Colonne[size_t(i)].*Cella;
-        if (Come.Forma != FormaCella::Assente)
-            Tabella(Nuova, Come.Colonna) = CellaDalFile(Come, Riga.Valore(i));
+        if (Come.Forma == FormaCella::Assente)
+            continue;
+        const QVariant Valore = Riga.Valore(i);
+        Illeggibili += NonSiLegge(Come, Valore);
+        Tabella(Nuova, Come.Colonna) = CellaDalFile(Come, Valore);
     }
+    return Illeggibili;
 }
 
 /// Bytes of text in the lines of a note, each table by itself: a hundred thousand full lines
@@ -131,25 +147,44 @@ void LeggiLinee(const Database& File, QStringView Tabella, std::span<const Colon
     });
 }
 
-void CaricaRighe(Parcella& Nota, const Database& File)
+/// @return how many of their amounts cannot be read
+int CaricaRighe(Parcella& Nota, const Database& File)
 {
     constexpr int OnoDir = 0;  // the first of the columns
+    int Illeggibili = 0;
     LeggiLinee(File, TabellaRigheNota, ColonneRighe(), u"La parcella contiene troppe righe"_s,
-               [&Nota](const RigaScorsa& Riga) {
+               [&](const RigaScorsa& Riga) {
                    const QString Genere = CStr(Riga.Valore(OnoDir));
                    if (Genere == u"O")
-                       LeggiLinea(Riga, Nota.xOnorari, ColonneRighe(), &ColonnaLinea::Prima);
+                       Illeggibili += LeggiLinea(Riga, Nota.xOnorari, ColonneRighe(), &ColonnaLinea::Prima);
                    else if (Genere == u"D")
-                       LeggiLinea(Riga, Nota.xDiritti, ColonneRighe(), &ColonnaLinea::Seconda);
+                       Illeggibili += LeggiLinea(Riga, Nota.xDiritti, ColonneRighe(), &ColonnaLinea::Seconda);
                });
+    return Illeggibili;
 }
 
-void CaricaAcconti(Parcella& Nota, const Database& File)
+/// @return as CaricaRighe
+int CaricaAcconti(Parcella& Nota, const Database& File)
 {
+    int Illeggibili = 0;
     LeggiLinee(File, TabellaAccontiNota, ColonneAcconti(), u"La parcella contiene troppi acconti"_s,
-               [&Nota](const RigaScorsa& Riga) {
-                   LeggiLinea(Riga, Nota.xAcconti, ColonneAcconti(), &ColonnaLinea::Prima);
+               [&](const RigaScorsa& Riga) {
+                   Illeggibili += LeggiLinea(Riga, Nota.xAcconti, ColonneAcconti(), &ColonnaLinea::Prima);
                });
+    return Illeggibili;
+}
+
+/// Nobody may take such a 0 for what was written.
+void AvvisaIlleggibili(int Quanti)
+{
+    if (Quanti == 1)
+        MsgBox(u"Attenzione, un importo della parcella non si legge: al suo posto è 0.\n"
+               u"Prima di salvarla occorre scriverlo di nuovo."_s,
+               vbExclamation, TitoloAvvertenza.toString());
+    else if (Quanti > 1)
+        MsgBox(u"Attenzione, %1 importi della parcella non si leggono: al loro posto è 0.\n"
+               u"Prima di salvarla occorre scriverli di nuovo."_s.arg(Quanti),
+               vbExclamation, TitoloAvvertenza.toString());
 }
 
 /// Lines written when the catalogues of two categories had keys in common get the present key of their item.
@@ -174,7 +209,8 @@ void AvvisaVersioneNuova(const Database& File, const MemoriaFile& Memoria)
             vbExclamation, TitoloAvvertenza.toString());
 }
 
-void CaricaTutto(Parcella& Nota, const QString& Percorso, const std::function<void()>& Aperta)
+/// @return true when some of its amounts cannot be read
+bool CaricaTutto(Parcella& Nota, const QString& Percorso, const std::function<void()>& Aperta)
 {
     // A note of Access is read from its copy, where its missing columns go too.
     const QString Nativo = CopiaNativa(Percorso);
@@ -190,8 +226,9 @@ void CaricaTutto(Parcella& Nota, const QString& Percorso, const std::function<vo
     ApplicaPsw(Letta);
     ApplicaParametri(Letta, Memoria);
     ApplicaParti(Letta);
-    CaricaRighe(Nota, File);
-    CaricaAcconti(Nota, File);
+    const int DelleRighe = CaricaRighe(Nota, File);
+    const int Illeggibili = DelleRighe + CaricaAcconti(Nota, File);
+    AvvisaIlleggibili(Illeggibili);
     if (!ChiaviDisgiunte(Memoria))
         TraduciChiavi(Nota);
     ApplicaRiferimento(Letta);
@@ -210,6 +247,7 @@ void CaricaTutto(Parcella& Nota, const QString& Percorso, const std::function<vo
     const bool Trovato = Nota.IDCli > 0 && CercaCliente(Nota.IDCli);
     if (Trovato || BloccoScritto(Nota, FormaDelBlocco(Nota)))
         RicomponiBlocco(Nota);
+    return Illeggibili > 0;
 }
 
 /// What is missing from a file that bears the program's number was not taken out by anybody: a newer version
@@ -252,12 +290,13 @@ void CaricaDati(Parcella& Nota, const QString& Percorso, const std::function<voi
     const RapportiUnici UnaVolta;
     AzzeraNota(Nota);
     const Decreto* Legge = nullptr;
+    bool Illeggibili = false;
     try {
         Riportando(File, [&] { Legge = &TariffaDelFile(File); });
         PretendiElenchi(*Legge);
         NuovaParcella(Nota, *Legge);
         Nota.Pronta = false;  // the messages of the load must not compose half a note
-        Riportando(File, [&] { CaricaTutto(Nota, File, Aperta); });
+        Riportando(File, [&] { Illeggibili = CaricaTutto(Nota, File, Aperta); });
     } catch (...) {
         // As "Nuova" would make it: of a file that is not shown the decree counts for nothing.
         NuovaParcella(Nota);
@@ -266,7 +305,8 @@ void CaricaDati(Parcella& Nota, const QString& Percorso, const std::function<voi
     }
     Nota.RicalcoloNecessario = false;
     Nota.Fuoco = CampoNota::Nessuno;
-    SetModificata(Nota, false);
+    // What is on screen is not what the file holds: its state and figures are not written unasked.
+    SetModificata(Nota, Illeggibili);
 }
 
 void LeggiInSilenzio(Parcella& Nota, const Database& File)
@@ -276,8 +316,8 @@ void LeggiInSilenzio(Parcella& Nota, const Database& File)
     NotaLetta Letta{Nota};
     LeggiParametri(File, Letta);
     ApplicaParametri(Letta, Memoria);
-    CaricaRighe(Nota, File);
-    CaricaAcconti(Nota, File);
+    (void)CaricaRighe(Nota, File);
+    (void)CaricaAcconti(Nota, File);
 }
 
 QString LeggiPsw(const QString& Percorso)

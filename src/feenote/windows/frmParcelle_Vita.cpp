@@ -151,8 +151,11 @@ bool frmParcelle::Carica(const QString& Percorso)
         ImprontaMia = Trovata;
     AdottaRiferimento(Nota);
     RilegaRighe();
+    const bool Diversa = Nota.Modificata;  // not all of the file could be read
     SetModificata(false);
     CominciaNota(true);
+    if (Diversa)
+        SetModificata(true);
     MostraTutto();
     return Letta;
 }

@@ -19,6 +19,8 @@ private Q_SLOTS:
     void righeSenzaFine_data();
     void righeSenzaFine();
     void moltoTestoSiLegge();
+    void importiCheNonSiLeggono_data();
+    void importiCheNonSiLeggono();
     void memoriaCalcolata();
     void memoriaDiUnAltro();
 
@@ -79,6 +81,46 @@ void TestNotaOstile::moltoTestoSiLegge()
     CaricaDati(Letta, File);
     QCOMPARE(Letta.xDiritti.Righe(), 2000);
     QCOMPARE(Letta.xDiritti(1999, DirDescr).toString().size(), MassimoDescr);
+}
+
+void TestNotaOstile::importiCheNonSiLeggono_data()
+{
+    QTest::addColumn<QString>("Sql");
+    QTest::addColumn<int>("Quanti");
+    QTest::newRow("none") << QString() << 0;
+    QTest::newRow("a number as text") << u"UPDATE ParcellaAcconti SET Corr=' 1,5 '"_s << 0;
+    QTest::newRow("nothing") << u"UPDATE ParcellaAcconti SET Corr='', SpImp=NULL"_s << 0;
+    QTest::newRow("a payment") << u"UPDATE ParcellaAcconti SET Corr='mille' WHERE rowid=1"_s << 1;
+    QTest::newRow("fees") << u"UPDATE ParcellaRighe SET Importo='1,2,3', Imp1='x' "
+                             "WHERE rowid=(SELECT min(rowid) FROM ParcellaRighe WHERE OnoDir='O')"_s
+                          << 2;
+    QTest::newRow("an expense") << u"UPDATE ParcellaRighe SET Importo='- -' "
+                                   "WHERE rowid=(SELECT min(rowid) FROM ParcellaRighe WHERE OnoDir='D')"_s
+                                << 1;
+}
+
+/// The note opens, says what stands as 0, and counts as changed: nothing of it goes into its file unasked.
+void TestNotaOstile::importiCheNonSiLeggono()
+{
+    QFETCH(QString, Sql);
+    QFETCH(int, Quanti);
+    const Studio Ufficio;
+    Registratore Messaggi;
+    ScriviNota(File, NotaPiena());
+    if (!Sql.isEmpty())
+        EseguiSu(File, Sql);
+    if (Quanti == 1)
+        Messaggi.Attendi(u"Attenzione, un importo della parcella non si legge: al suo posto è 0.\n"
+                         u"Prima di salvarla occorre scriverlo di nuovo."_s,
+                         vbOK, u"Avvertenza:"_s);
+    else if (Quanti > 1)
+        Messaggi.Attendi(u"Attenzione, 2 importi della parcella non si leggono: al loro posto è 0.\n"
+                         u"Prima di salvarla occorre scriverli di nuovo."_s,
+                         vbOK, u"Avvertenza:"_s);
+    Parcella Letta;
+    CaricaDati(Letta, File);
+    QCOMPARE(Letta.Modificata, Quanti > 0);
+    QCOMPARE(Letta.xAcconti.Righe(), NotaPiena().xAcconti.Righe());
 }
 
 void TestNotaOstile::memoriaCalcolata()

@@ -50,6 +50,7 @@ private Q_SLOTS:
     void chiNonSiScrive();
     void cambiataDaAltri();
     void ilPassoTornaAlFile();
+    void importiCheNonSiLeggono();
 
 private:
     /// The note on screen saved, and read back as it stands in its file.
@@ -401,6 +402,26 @@ void TestStatoNota::ilPassoTornaAlFile()
     Clic(Controllo(F, "cmdAnnulla"));
     QVERIFY(!F->Nota.Modificata);
     QCOMPARE(Detto(), u"Stato: inviata"_s);
+}
+
+/// A state with figures that hold a 0 which nobody has written does not go into the file unasked.
+void TestStatoNota::importiCheNonSiLeggono()
+{
+    Documento(StampaPrenotula);
+    const QString File = sessione::ParcellePath + u"guasta.mdb"_s;
+    ScriviNota(File, F->Nota);
+    OpenDatabase(File).Execute(u"UPDATE ParcellaRighe SET Importo='mille' WHERE rowid=1"_s);
+    const QByteArray Era = LeggiFile(File);
+    T->Voce.Attendi(u"Attenzione, un importo della parcella non si legge: al suo posto è 0.\n"
+                    u"Prima di salvarla occorre scriverlo di nuovo."_s,
+                    vbOK, u"Avvertenza:"_s);
+    QVERIFY(F->Carica(File));
+    QVERIFY(F->Nota.Modificata);
+    ClicScheda(F, SchedaDiStampa);
+    Stampa();
+    QVERIFY(F->Nota.Modificata);
+    QVERIFY(LeggiFile(File) == Era);
+    F->SetModificata(false);
 }
 
 #include "TestStatoNota.moc"
