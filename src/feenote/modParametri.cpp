@@ -115,10 +115,9 @@ QString OltreGliScaglioni(const Parcella& Nota)
     const double Ultimo = std::ranges::max(Nota.ListaScaglioni, std::less{}, &ScaglioneValore::AVal).AVal;
     if (Nota.txtImporto.Numero() <= Ultimo)
         return {};
-    return u"Il valore della causa supera € %1, limite degli scaglioni della tariffa %2!\nPer un valore "
-           u"maggiore "
-           u"si sceglie l'ultimo scaglione senza indicare il valore, e si correggono gli importi."_s.arg(
-               Format(Ultimo, u"#,##0.00"), Nota.Tariffa->Nome);
+    return u"Il valore della causa supera € %1, limite degli scaglioni della tariffa %2!\nPer un "
+           u"valore maggiore si sceglie l'ultimo scaglione senza indicare il valore, e si correggono "
+           u"gli importi."_s.arg(Format(Ultimo, u"#,##0.00"), Nota.Tariffa->Nome);
 }
 
 /// A value that is not defined shows an empty box.

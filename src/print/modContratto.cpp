@@ -103,9 +103,8 @@ void Compensi(Superficie& vp, StatoStampa& Stato, const Parcella& Nota)
 {
     constexpr int RigheAMano = 4;
     Articolo(vp, u"Art. 1"_s,
-             u"- I compensi  per l'incarico professionale in oggetto sono così convenuti, al netto di i.v.a. "
-             u"e c.p. "
-             u"avv.:"_s,
+             u"- I compensi  per l'incarico professionale in oggetto sono così convenuti, al netto di "
+             u"i.v.a. e c.p. avv.:"_s,
              SpazioBlocco);
     if (SenzaVoci(Nota))
         RigaVuota(vp, RigheAMano);

@@ -52,10 +52,9 @@ void Riserve(Superficie& vp)
             u"conseguenti attività professionali che presumibilmente saranno necessarie per l'espletamento "
             u"dell'incarico e sarà soggetto a revisione nel caso che l'impegno professionale risulti "
             u"imprevedibilmente più gravoso. "_s);
-    vp.Text(u"Negli importi del preventivo, se non specificatamente indicati, non sono compresi gli oneri "
-            u"fiscali "
-            u"e previdenziali sui corrispettivi imponibili, i rimborsi per le spese, per gli oneri e per i "
-            u"contributi a qualsiasi titolo dovuti."_s);
+    vp.Text(u"Negli importi del preventivo, se non specificatamente indicati, non sono compresi gli "
+            u"oneri fiscali e previdenziali sui corrispettivi imponibili, i rimborsi per le spese, per "
+            u"gli oneri e per i contributi a qualsiasi titolo dovuti."_s);
     vp.KeepTogether();
 }
 

@@ -168,9 +168,8 @@ void PrimoUso()
         }
     }
     if (!Mancate.isEmpty())
-        MsgErrore(u"Non è stato possibile preparare:\n%1\nIl programma si apre, ma ciò che vi si salva può "
-                  u"andare perduto: "
-                  u"verificare i permessi delle cartelle\n%2\n%3"_s.arg(
+        MsgErrore(u"Non è stato possibile preparare:\n%1\nIl programma si apre, ma ciò che vi si salva "
+                  u"può andare perduto: verificare i permessi delle cartelle\n%2\n%3"_s.arg(
                       Mancate.join(u'\n'), CartellaSpeciale(Documenti),
                       CartellaFile(PercorsoImpostazioni(NomeApplicazione.toString()))));
 }

@@ -74,37 +74,29 @@ constexpr std::array Obblighi{
 /// What each tab is for.
 constexpr std::array<QStringView, 6> Aiuti{
     u"Nome, indirizzo, città e posta elettronica sono obbligatori: compaiono nell'intestazione dei "
-    u"documenti. "
-    u"Codice fiscale, partita IVA e IBAN compaiono nelle fatture; la firma sotto ogni documento. La firma "
-    u"digitale si conserva qui e non si stampa. Un codice o un indirizzo che non torna è segnalato accanto "
-    u"alla casella e si può conservare ugualmente.",
+    u"documenti. Codice fiscale, partita IVA e IBAN compaiono nelle fatture; la firma sotto ogni documento. "
+    u"La firma digitale si conserva qui e non si stampa. Un codice o un indirizzo che non torna è segnalato "
+    u"accanto alla casella e si può conservare ugualmente.",
     u"La tariffa e le percentuali proposte nelle parcelle nuove; quelle già aperte tengono le proprie, e la "
-    u"tariffa di ciascuna si cambia nei suoi dati base. Una "
-    u"casella vuota "
-    u"lascia in vigore la percentuale precedente. Il numero dell'ultima fattura avanza da solo a ogni "
-    u"fattura: "
-    u"si corregge qui soltanto per ricominciare la numerazione.",
+    u"tariffa di ciascuna si cambia nei suoi dati base. Una casella vuota lascia in vigore la percentuale "
+    u"precedente. Il numero dell'ultima fattura avanza da solo a ogni fattura: si corregge qui soltanto per "
+    u"ricominciare la numerazione.",
     u"Dove stanno programma, archivio dei clienti, parcelle e dati dell'utente. Una cartella che non esiste "
-    u"è "
-    u"segnalata e si crea con il pulsante \"Crea\". Il word processor è facoltativo: senza, i documenti si "
+    u"è segnalata e si crea con il pulsante \"Crea\". Il word processor è facoltativo: senza, i documenti si "
     u"aprono con il programma del sistema.",
     u"Un modello imposta in un colpo solo immagine e colori della scrivania; ognuno si cambia poi da sé. Le "
-    u"icone "
-    u"personali aprono programmi, documenti, cartelle o pagine internet: doppio clic o Invio le modifica, "
-    u"Canc le elimina; si riordinano trascinandole per la colonna a sinistra del titolo, o con Alt+Su e "
-    u"Alt+Giù. Nulla cambia fino a \"Memorizza le impostazioni\".",
+    u"icone personali aprono programmi, documenti, cartelle o pagine internet: doppio clic o Invio le "
+    u"modifica, Canc le elimina; si riordinano trascinandole per la colonna a sinistra del titolo, o con "
+    u"Alt+Su e Alt+Giù. Nulla cambia fino a \"Memorizza le impostazioni\".",
     u"Quel che la fattura elettronica dice dello studio, oltre ai codici fiscali e all'IBAN dei dati studio. "
     u"L'indirizzo va diviso nelle sue parti: quello dei documenti di carta resta com'è scritto. Di una "
-    u"persona "
-    u"fisica si possono indicare nome e cognome; vuoti, vale il nome dello studio. Il numero dell'ultimo "
-    u"file "
-    u"avanza da solo a ogni fattura scritta: si corregge qui soltanto per continuare una numerazione.",
+    u"persona fisica si possono indicare nome e cognome; vuoti, vale il nome dello studio. Il numero "
+    u"dell'ultimo file avanza da solo a ogni fattura scritta: si corregge qui soltanto per continuare una "
+    u"numerazione.",
     u"Il logo sta in testa alla prima pagina dei documenti spuntati, sopra l'intestazione dello studio: il "
     u"programma ne tiene una copia propria. La fattura sintetica lascia il margine alla carta intestata, la "
-    u"nota "
-    u"spese e la sola parte contabile non hanno intestazione: lì il logo va chiesto. Oggetto e testo del "
-    u"messaggio "
-    u"servono al pulsante \"Invia per posta\" della stampa.",
+    u"nota spese e la sola parte contabile non hanno intestazione: lì il logo va chiesto. Oggetto e testo "
+    u"del messaggio servono al pulsante \"Invia per posta\" della stampa.",
 };
 
 }  // namespace

@@ -13,12 +13,10 @@ namespace {
 QString Spiegazione(frmOldTariffe::Motivo Perche)
 {
     if (Perche == frmOldTariffe::PerApplicare)
-        return u"Per l'applicazione delle tariffe richieste è necessario specificare in quale dei seguenti "
-               u"scaglioni "
-               u"della tariffa previgente, è compreso il valore della causa."_s;
-    return u"Per ricalcolare l'importo dei diritti già inseriti è necessario precisare in quali dei seguenti "
-           u"scaglioni "
-           u"della tariffa previgente è compreso il valore della causa.\n"
+        return u"Per l'applicazione delle tariffe richieste è necessario specificare in quale dei "
+               u"seguenti scaglioni della tariffa previgente, è compreso il valore della causa."_s;
+    return u"Per ricalcolare l'importo dei diritti già inseriti è necessario precisare in quali dei "
+           u"seguenti scaglioni della tariffa previgente è compreso il valore della causa.\n"
            u"Dopo aver precisato lo scaglione, cliccare nuovamente sulla tariffa."_s;
 }
 
@@ -65,8 +63,7 @@ void frmOldTariffe::done(int Esito)
 {
     if (Parcella && Parcella->Nota.ScaglioneOld == 0)
         MsgBox(u"Attenzione: non si possono inserire diritti con la tariffa previgente se non viene "
-               u"specificato il "
-               u"relativo scaglione!"_s,
+               u"specificato il relativo scaglione!"_s,
                vbInformation, TitoloMessaggio.toString());
     if (Parcella)
         Parcella->setEnabled(true);

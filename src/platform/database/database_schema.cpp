@@ -134,9 +134,8 @@ void CopiaRighe(Connessione& Da, Connessione& A, const QString& Tabella, const Q
 
 QString SqlTabellaCampi()
 {
-    return u"CREATE TABLE IF NOT EXISTS \"_Campi\" (Tabella TEXT, Colonna TEXT, Tipo INTEGER, Dimensione "
-           u"INTEGER, "
-           "Descrizione TEXT, Ordine INTEGER, PRIMARY KEY (Tabella, Colonna))"_s;
+    return u"CREATE TABLE IF NOT EXISTS \"_Campi\" (Tabella TEXT, Colonna TEXT, Tipo INTEGER, "
+           u"Dimensione INTEGER, Descrizione TEXT, Ordine INTEGER, PRIMARY KEY (Tabella, Colonna))"_s;
 }
 
 QString NomeVero(Connessione& Conn, const QString& Tabella)
