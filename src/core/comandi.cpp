@@ -6,6 +6,7 @@
 #include "core/modLancio.h"
 #include "core/modTesti.h"
 #include "core/posti.h"
+#include "core/schedeimpostazioni.h"
 #include "core/sessione.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
@@ -18,8 +19,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int SchedaSetupIcone = 3;
 
 template <class F, class... A>
 void Apri(const F& Apritore, A&&... Valori)
@@ -104,12 +103,12 @@ void Kr2(const Chiamata&)
 
 void Recupera(const Chiamata&)
 {
-    Apri(Aperture.Impostazioni, SchedaSetupIcone, false);
+    Apri(Aperture.Impostazioni, impostazioni::SchedaPersonalizza, false);
 }
 
 void Setup(const Chiamata&)
 {
-    Apri(Aperture.Impostazioni, 0, false);
+    Apri(Aperture.Impostazioni, impostazioni::SchedaDatiStudio, false);
 }
 
 void Novita(const Chiamata&)

@@ -11,6 +11,7 @@
 #include "core/modErrori.h"
 #include "core/modLancio.h"
 #include "core/posti.h"
+#include "core/schedeimpostazioni.h"
 #include "core/sessione.h"
 #include "core/tasti.h"
 #include "core/versione.h"
@@ -89,12 +90,8 @@ private:
     }
 };
 
-// Tabs of the settings.
-constexpr int SchedaDatiStudio = 0;
-constexpr int SchedaSetup = 2;
-
 /// The settings on a tab; what the desktop was about to do waits until they are closed.
-void ApriImpostazioni(int Scheda)
+void ApriImpostazioni(impostazioni::Scheda Scheda)
 {
     if (Aperture.Impostazioni)
         Aperture.Impostazioni(Scheda, true);
@@ -442,12 +439,12 @@ void frmStudio::VerificaPreparazione()
                               EsisteFile(TrovaFile(sessione::PercorsoProg + u"parcelle.mdb"_s));
         if (!Archivio && !std::exchange(DettoArchivio, true)) {
             MsgErrore(u"Impostare la cartella dell'archivio parcelle!"_s);
-            ApriImpostazioni(SchedaSetup);
+            ApriImpostazioni(impostazioni::SchedaSetup);
         } else if (Archivio && sessione::StudioNome.isEmpty() && !std::exchange(DettoStudio, true)) {
             MsgBox(u"Il programma non è stato ancora personalizzato. E' pertanto necessario procedere\n"_s
                    u"all'inserimento dei dati identificativi dello studio."_s,
                    vbInformation, TitoloMessaggio.toString());
-            ApriImpostazioni(SchedaDatiStudio);
+            ApriImpostazioni(impostazioni::SchedaDatiStudio);
         } else {
             return;
         }

@@ -72,7 +72,7 @@ constexpr std::array Obblighi{
 };
 
 /// What each tab is for.
-constexpr std::array<QStringView, 6> Aiuti{
+constexpr std::array<QStringView, impostazioni::Schede> Aiuti{
     u"Nome, indirizzo, città e posta elettronica sono obbligatori: compaiono nell'intestazione dei "
     u"documenti. Codice fiscale, partita IVA e IBAN compaiono nelle fatture; la firma sotto ogni documento. "
     u"La firma digitale si conserva qui e non si stampa. Un codice o un indirizzo che non torna è segnalato "
@@ -98,6 +98,7 @@ constexpr std::array<QStringView, 6> Aiuti{
     u"nota spese e la sola parte contabile non hanno intestazione: lì il logo va chiesto. Oggetto e testo "
     u"del messaggio servono al pulsante \"Invia per posta\" della stampa.",
 };
+static_assert(!Aiuti.back().isEmpty());
 
 }  // namespace
 

@@ -1,6 +1,7 @@
 // The settings of the program.
 #pragma once
 
+#include "core/schedeimpostazioni.h"
 #include "core/settings/valorischeda.h"
 
 #include <QDialog>
@@ -22,15 +23,7 @@ class frmSetup : public QDialog
     Q_OBJECT
 
 public:
-    /// Tabs of tabSetup.
-    enum Scheda {
-        SchedaDatiStudio = 0,
-        SchedaDatiContabili = 1,
-        SchedaSetup = 2,
-        SchedaPersonalizza = 3,
-        SchedaFatturaElettronica = 4,
-        SchedaDeiDocumenti = 5,
-    };
+    using enum impostazioni::Scheda;
 
     frmSetup();
     ~frmSetup() override;

@@ -1,6 +1,7 @@
 // From what an electronic invoice lacks to the field that gives it.
 #include "addressbook/richiesta.h"
 #include "core/aperture.h"
+#include "core/schedeimpostazioni.h"
 #include "core/sessione.h"
 #include "feenote/einvoice/fattura.h"
 #include "feenote/windows/PannelloFattura.h"
@@ -20,12 +21,12 @@ namespace {
 struct VoceStudio
 {
     CampoFattura Campo;
-    int Scheda;
+    impostazioni::Scheda Scheda;
     QStringView Casella;
 };
 
-constexpr int DatiStudio = 0;
-constexpr int DatiFattura = 4;
+constexpr auto DatiStudio = impostazioni::SchedaDatiStudio;
+constexpr auto DatiFattura = impostazioni::SchedaFatturaElettronica;
 /// The certified mail, which is the office's in the file where there is one.
 constexpr VoceStudio PecStudio{StudioEmail, DatiFattura, u"txtPecStudio"};
 constexpr std::array VociStudio{

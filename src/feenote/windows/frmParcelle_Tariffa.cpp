@@ -2,6 +2,7 @@
 #include "feenote/windows/frmParcelle.h"
 
 #include "core/aperture.h"
+#include "core/schedeimpostazioni.h"
 #include "feenote/modParametri.h"
 #include "platform/kit/campo.h"
 
@@ -9,11 +10,10 @@
 
 void frmParcelle::ScegliTariffa()
 {
-    constexpr int SchedaContabili = 1;  // of the settings
     if (!ConcludiCampo() || !Aperture.Impostazioni)
         return;
     TariffaChiestaDa = NumeroNota;
-    Aperture.Impostazioni(SchedaContabili, false);
+    Aperture.Impostazioni(impostazioni::SchedaDatiContabili, false);
 }
 
 void frmParcelle::SegueTariffa()
