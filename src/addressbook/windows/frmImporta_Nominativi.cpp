@@ -333,5 +333,5 @@ void frmImporta::Importa()
         }
         MostraResoconto(FraseImporta(Opera->Conto(), true), Opera->Resoconto(File(), true), true);
     });
-    RileggiRubriche();
+    RileggiRubriche(true);
 }

@@ -55,8 +55,9 @@ public:
     /// @return false when the user stays with them
     [[nodiscard]] bool Congeda();
     /// The archive was written to as a whole, or is another file under its name: the table is opened anew,
-    /// without order and filter. To be called when Congeda has answered true.
-    void RileggiTabella();
+    /// without order and filter; where the same file has only more rows, or none, they stay. To be called
+    /// when Congeda has answered true.
+    void RileggiTabella(bool Stessa);
     /// The note that asked has gone: the browser goes too, unless the user stays on an open card; nothing can
     /// be chosen any more then.
     void LasciaNota();

@@ -251,9 +251,9 @@ void frmRubrica::Esporta()
         File);
 }
 
-void frmRubrica::RileggiTabella()
+void frmRubrica::RileggiTabella(bool Stessa)
 {
-    (void)Protetta([this] { ApriTabella(); });
+    (void)Protetta([&] { Stessa ? Rileggi() : ApriTabella(); });
 }
 
 // ---- choosing -----------------------------------------------------------------------------------

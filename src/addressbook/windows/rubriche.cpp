@@ -90,9 +90,9 @@ bool CongedaRubriche()
     });
 }
 
-void RileggiRubriche()
+void RileggiRubriche(bool StessaTabella)
 {
     for (const QPointer<frmRubrica>& Rubrica : Tutte())
         if (Rubrica && Rubrica->isVisible())
-            Rubrica->RileggiTabella();
+            Rubrica->RileggiTabella(StessaTabella);
 }

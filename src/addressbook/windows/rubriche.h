@@ -17,6 +17,7 @@ void ChiudiRubricheAltrui();
 /// when the user stays with one
 [[nodiscard]] bool CongedaRubriche();
 /// An archive was written to as a whole, or replaced: all of them read it anew.
-void RileggiRubriche();
+/// @param StessaTabella file and columns are those of before: order, filter and current row stay
+void RileggiRubriche(bool StessaTabella = false);
 /// The browser of a place, 0 the desktop's; null when it is not open.
 [[nodiscard]] frmRubrica* RubricaDi(int Indice);

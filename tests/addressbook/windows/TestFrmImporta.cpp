@@ -24,6 +24,7 @@ private Q_SLOTS:
     void leFrasi_data();
     void leFrasi();
     void dalBrowser();
+    void ilFiltroResta();
     void laSchedaAperta();
     void siEsporta();
     void siEsportaSullaStessa();
@@ -332,6 +333,18 @@ void TestFrmImporta::dalBrowser()
 }
 
 /// A card that is open is answered before its rows are read anew.
+void TestFrmImporta::ilFiltroResta()
+{
+    frmRubrica* Rubrica = A->Apri(A->DaScrivania());
+    QVERIFY(Rubrica);
+    Controllo<QLineEdit>(Rubrica, "txtFiltro")->setText(u"rossi"_s);
+    QTRY_COMPARE(Conto(Rubrica), u"2 di 5"_s);
+    (void)Importato();
+    QCOMPARE(InArchivio().size(), 6);
+    QCOMPARE(TestoDi(Rubrica, "txtFiltro"), u"rossi"_s);
+    QTRY_COMPARE(Conto(Rubrica), u"2 di 6"_s);
+}
+
 void TestFrmImporta::laSchedaAperta()
 {
     frmRubrica* R = A->Apri(A->DaScrivania());
