@@ -43,6 +43,7 @@ private Q_SLOTS:
     void archivioCheNonSiLegge();
     void laStornata();
     void nonTutteLette();
+    void unaCartellaNonLetta();
     void moltiClienti_data();
     void moltiClienti();
     void esporta_data();
@@ -481,6 +482,25 @@ void TestTrovaStato::nonTutteLette()
     F->EsportaCsv();
     Scegli(ListaStati(), int(FiltroStato::Pagata));
     QCOMPARE(Aperto(), u"Niente da incassare tra le parcelle mostrate; 1 file non letto."_s);
+}
+
+/// A folder below that cannot be read is told at the end of the search, beside the sum and with the file.
+void TestTrovaStato::unaCartellaNonLetta()
+{
+    QVERIFY(QFile::setPermissions(Note + u"vecchie"_s, {}));
+    const auto Fine = qScopeGuard([&] {
+        (void)QFile::setPermissions(Note + u"vecchie"_s,
+                                    QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    });
+    Clic(Controllo(F.get(), "chkSubDir"));
+    Finita();
+    QVERIFY2(Stato().endsWith(u" KBytes; 1 cartella non letta"_s), qPrintable(Stato()));
+    QVERIFY2(Aperto().endsWith(u"; Beta 300,50; 1 cartella non letta"_s), qPrintable(Aperto()));
+    T->Voce.AttendiSalva(CartellaDiProva() + u"cartella.csv"_s);
+    T->Voce.Attendi(u"7 parcelle esportate in \"cartella.csv\".\nAttenzione, il foglio non è completo: "
+                    u"1 cartella non letta."_s,
+                    vbNo, u"Messaggio:"_s);
+    F->EsportaCsv();
 }
 
 void TestTrovaStato::moltiClienti_data()
