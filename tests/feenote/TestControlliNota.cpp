@@ -2,6 +2,9 @@
 // and one just beyond.
 #include "controlli.h"
 
+#include "feenote/modStato.h"
+#include "platform/base/regionale.h"
+
 using namespace Qt::StringLiterals;
 using enum GenereRilievo;
 
