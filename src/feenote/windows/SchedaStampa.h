@@ -42,9 +42,8 @@ public:
     /// The note has changed, and its client's row or the settings with it: the list "Da controllare" follows.
     void SeguonoControlli();
     void RileggiControlli();
-    /// The note's document has gone by mail, or the note goes before that is known: its state follows.
-    /// Nothing where no mail is awaited.
-    void Inviato();
+    /// The note goes before it is known whether the mails that were asked for have opened: they have.
+    void ConcludiInvii();
     /// What follows a save: the document, seen or not, and the companion application.
     void DopoSalvataggio();
     /// The panel of the electronic invoice in the place of the page, or the page again. Nothing for a
@@ -61,12 +60,18 @@ protected:
     bool event(QEvent* Evento) override;
 
 private:
-    /// A mail that has been asked for, with the note's state before it and behind it.
-    struct InvioAtteso
+    /// A mail that has been asked for.
+    struct Invio
     {
-        StatoTenuto Prima, Poi;
-        int Numero = 0;  ///< of the note
+        Parcella Uscita;  ///< the note as its document says it
+        int Tipo = 0;
+        int Numero = 0;                         ///< of the note
+        std::optional<StatoTenuto> Prima, Poi;  ///< the state before and behind it, once it has opened
     };
+    using InvioChiesto = std::shared_ptr<Invio>;
+    void Inviato(const InvioChiesto& Questo);
+    void NonInviato(const InvioChiesto& Questo);
+
     // ---- SchedaStampa.cpp: document and data
     void CollegaDocumento();
     void CollegaDati();
@@ -107,5 +112,5 @@ private:
     QAction* cmdEditor = nullptr;  ///< in barPrint, like the next
     QAction* cmdGuida = nullptr;
     QString ClausoleComposte;  ///< StatoClausole when the document on view was composed
-    std::shared_ptr<const InvioAtteso> Atteso;
+    QList<InvioChiesto> Attesi;
 };

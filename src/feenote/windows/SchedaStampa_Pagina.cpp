@@ -14,7 +14,6 @@
 #include <QTimer>
 
 #include <memory>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -82,31 +81,51 @@ void SchedaStampa::Invia()
         ui->vp->Pagine().ScriviPdf(File, Titolo);
     };
     const int Tipo = Nota.cmbTipoStampa;
-    // What the PDF asks for is what has gone out, whatever is written into the note until the mail has
-    // opened.
-    Parcella Uscita = Nota;
-    const bool Segue = NotaInviata(Uscita, Tipo);
-    const auto Invio =
-        std::make_shared<const InvioAtteso>(InvioAtteso{Nota.Stato, Uscita.Stato, Cornice.Numero()});
-    if (Segue)
-        Atteso = Invio;
-    const auto Risposto = [Scheda = QPointer(this), Invio](bool Partito) {
-        if (Scheda && Scheda->Atteso == Invio)
-            Partito ? Scheda->Inviato() : Scheda->Atteso.reset();
+    const auto Questo = std::make_shared<Invio>(Invio{Nota, Tipo, Cornice.Numero(), {}, {}});
+    Attesi.append(Questo);
+    const auto Risposto = [Scheda = QPointer(this), Questo](bool Partito) {
+        if (Scheda)
+            Partito ? Scheda->Inviato(Questo) : Scheda->NonInviato(Questo);
     };
     Cornice.InDialogo([&] { InviaDocumento(Nota, Tipo, Scrivi, Risposto); });
 }
 
-// The mail has opened, perhaps while the window asks something, or has another note by now. A state that has
-// gone on meanwhile stays.
-void SchedaStampa::Inviato()
+// The mail has opened, perhaps while the window asks something, or has another note by now. What the PDF asks
+// for is what has gone out, whatever was written into the note meanwhile; a state that has gone on goes on
+// from there.
+void SchedaStampa::Inviato(const InvioChiesto& Questo)
 {
     constexpr int AttesaMs = 500;
-    if (Atteso && Cornice.InDomanda()) {
-        QTimer::singleShot(AttesaMs, this, [this] { Inviato(); });
+    if (!Attesi.contains(Questo))
+        return;
+    if (Cornice.InDomanda()) {
+        QTimer::singleShot(AttesaMs, this, [this, Questo] { Inviato(Questo); });
         return;
     }
-    const auto Invio = std::exchange(Atteso, {});
-    if (Invio && Cornice.Numero() == Invio->Numero && Nota.Stato == Invio->Prima)
-        Protetta([&] { Cornice.DocumentoUscitoPrima(Invio->Poi); });
+    Attesi.removeOne(Questo);
+    Questo->Uscita.Stato = Nota.Stato;
+    if (Cornice.Numero() != Questo->Numero || !NotaInviata(Questo->Uscita, Questo->Tipo))
+        return;
+    Questo->Prima = Nota.Stato;
+    Questo->Poi = Questo->Uscita.Stato;
+    Protetta([&] { Cornice.DocumentoUscitoPrima(*Questo->Poi); });
+}
+
+// No mail has opened; that may show when the note says already that one has.
+void SchedaStampa::NonInviato(const InvioChiesto& Questo)
+{
+    constexpr int AttesaMs = 500;
+    Attesi.removeOne(Questo);
+    if (!Questo->Poi || Cornice.Numero() != Questo->Numero || Nota.Stato != *Questo->Poi)
+        return;
+    if (Cornice.InDomanda())
+        QTimer::singleShot(AttesaMs, this, [this, Questo] { NonInviato(Questo); });
+    else
+        Protetta([&] { Cornice.DocumentoUscitoPrima(*Questo->Prima); });
+}
+
+void SchedaStampa::ConcludiInvii()
+{
+    for (const QList<InvioChiesto> Tutti = Attesi; const InvioChiesto& Questo : Tutti)
+        Inviato(Questo);
 }

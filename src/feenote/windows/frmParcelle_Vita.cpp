@@ -374,7 +374,7 @@ bool frmParcelle::ChiediChiusura()
     // Whoever asked goes on in this window when he has his answer.
     if (DialogoAperto || Impedita() || !ConcludiCampo())
         return false;
-    Stampa->Inviato();
+    Stampa->ConcludiInvii();
     if (!Nota.Modificata)
         return true;
     PortaDavanti(Posto);

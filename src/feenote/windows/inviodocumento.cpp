@@ -15,6 +15,7 @@
 #include <QTimer>
 
 #include <memory>
+#include <optional>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -77,22 +78,29 @@ void InviaDocumento(const Parcella& Nota, int Tipo,
         OffriCartella(Perche, File);
         return;
     }
-    const auto UnaVolta = [Fatto = std::make_shared<bool>(false), Risposto = std::move(Risposto)](bool Bene) {
-        if (!std::exchange(*Fatto, true))
-            Risposto(Bene);
+    // One that still stands, and fails then, has opened nothing either.
+    const auto Rispondi = [Detto = std::make_shared<std::optional<bool>>(),
+                           Risposto = std::move(Risposto)](bool Bene) {
+        if (*Detto == Bene || *Detto == false)
+            return;
+        *Detto = Bene;
+        Risposto(Bene);
     };
-    const auto AllaFine = [File, UnaVolta, Avviata = Adesso()](int Esito) {
-        UnaVolta(Esito == 0);
-        if (Esito != 0 && AncoraAtteso(Avviata))
+    const auto AllaFine = [File, Rispondi, Avviata = Adesso()](int Esito) {
+        if (Esito == 0) {
+            Rispondi(true);
+        } else if (AncoraAtteso(Avviata)) {
+            Rispondi(false);
             OffriQuandoSiPuo(u"Il programma di posta non si è aperto (codice %1)."_s.arg(Esito), File);
+        }
     };
     const Lettera Scritta = LetteraDi(Nota, Tipo);
     if (!Scritta.Escluso.isEmpty())
         MsgBox(Scritta.Escluso, vbOKOnly + vbInformation, TitoloAvvertenza.toString());
     if (ApriMessaggio({Scritta.Indirizzo, Scritta.Oggetto, Scritta.Testo, File}, AllaFine)) {
-        QTimer::singleShot(guasti::AttesaPostaMs, qApp, [UnaVolta] { UnaVolta(true); });
+        QTimer::singleShot(guasti::AttesaPostaMs, qApp, [Rispondi] { Rispondi(true); });
     } else {
-        UnaVolta(false);
+        Rispondi(false);
         OffriCartella(u"Il programma di posta non si è aperto."_s, File);
     }
 }

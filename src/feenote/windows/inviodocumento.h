@@ -13,8 +13,8 @@
 
 /// Opens a new mail with a document of the note, by the templates of the settings, in the user's mail
 /// program. Where none opens, the user is offered the folder of the PDF.
-/// @param Risposto called once, perhaps later: true when the program that opens the mail has ended well, or
-/// still stands after a while; false when no mail has opened
+/// @param Risposto called perhaps later: true when the program that opens the mail has ended well, or still
+/// stands after a while; false when no mail has opened, which may show behind a true
 /// @param ScriviPdf writes the document into the file of this path, under this title
 /// @throws Errore where the PDF cannot be written
 void InviaDocumento(const Parcella& Nota, int Tipo,

@@ -29,6 +29,8 @@ private Q_SLOTS:
     void laNotaRisultaInviata();
     void laRispostaTrovaUnAltraNota();
     void inviatoEQuantoChiedevaIlPdf();
+    void siRompeDopoLAttesa();
+    void dueInviiDiFila();
     void laNotaSiChiudePrima_data();
     void laNotaSiChiudePrima();
     void nomiDiOgniGenere();
@@ -208,6 +210,40 @@ void TestInvio::inviatoEQuantoChiedevaIlPdf()
     QVERIFY(!(Dopo.Stato.Importi == Uscita.Stato.Importi));
     QTRY_COMPARE(F->Nota.Stato.Stato, StatoNota::Inviata);
     QVERIFY(F->Nota.Stato.Importi == Uscita.Stato.Importi);
+}
+
+/// It has stood for a while, and has failed then: nothing has left.
+void TestInvio::siRompeDopoLAttesa()
+{
+    const QScopedValueRollback Breve(guasti::AttesaPostaMs, 200);
+    Riempi(2);
+    Documento(StampaPreventivo);
+    const QString File = salvataggi::SalvaCome(*T, u"rossi.mdb"_s);
+    Installa("/bin/sleep 2\nexit 3\n");
+    InviaSubito();
+    QTRY_COMPARE(F->Nota.Stato.Stato, StatoNota::Inviata);
+    T->Voce.Tollera();
+    QTRY_COMPARE(F->Nota.Stato.Stato, StatoNota::Bozza);
+    QVERIFY(!F->Nota.Modificata);
+    Parcella Letta;
+    CaricaDati(Letta, File);
+    QCOMPARE(Letta.Stato.Stato, StatoNota::Bozza);
+    QTRY_VERIFY(T->Voce.UltimoTesto().startsWith(u"Il programma di posta non si è aperto (codice 3)."_s));
+}
+
+/// The second mail is asked for before the first has opened: the state follows both.
+void TestInvio::dueInviiDiFila()
+{
+    const QScopedValueRollback Breve(guasti::AttesaPostaMs, 1500);
+    Riempi(2);
+    Documento(StampaPrenotula);
+    Installa("exec /bin/sleep 4\n");
+    InviaSubito();
+    Documento(StampaFatturaAnalitica);
+    InviaSubito();
+    QCOMPARE(F->Nota.Stato.Stato, StatoNota::Bozza);
+    QTRY_COMPARE(F->Nota.Stato.Stato, StatoNota::Fatturata);
+    QCOMPARE(F->Nota.Stato.Documento, int(StampaFatturaAnalitica));
 }
 
 void TestInvio::laNotaSiChiudePrima_data()
