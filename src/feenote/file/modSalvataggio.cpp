@@ -257,6 +257,19 @@ EsitoStato ScriviSoloFattura(const Parcella& Nota, const std::function<bool()>& 
                       [](const Database& File, const Parcella& Sua) { (void)AnnotaFattura(File, Sua); });
 }
 
+DatiFatturaXml FatturaNelFile(const Parcella& Nota)
+{
+    if (Nota.Percorso.isEmpty() || !EsisteFile(Nota.Percorso) || EDiAccess(Nota.Percorso))
+        return {};
+    try {
+        Parcella Letta;
+        ApplicaMemoria(Letta, LeggiMemoria(OpenDatabase(Nota.Percorso, true)));
+        return Letta.FatturaXml;
+    } catch (const Errore&) {
+        return {};
+    }
+}
+
 void DiSalvata(const QString& Percorso)
 {
     MsgBox(u"La parcella "_s + NomeFile(Percorso) + u" è stata salvata correttamente!"_s, vbInformation,

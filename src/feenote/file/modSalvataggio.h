@@ -59,6 +59,10 @@ enum class EsitoStato {
 /// Writes in the same way what a note keeps of its electronic invoice, with its state.
 [[nodiscard]] EsitoStato ScriviSoloFattura(const Parcella& Nota, const std::function<bool()>& Immutata);
 
+/// What the note's own file keeps of its electronic invoice by now, whoever has written it; nothing where it
+/// cannot be read.
+[[nodiscard]] DatiFatturaXml FatturaNelFile(const Parcella& Nota);
+
 /// Tells the user that the file was written.
 void DiSalvata(const QString& Percorso);
 

@@ -55,7 +55,9 @@ private:
     void ChiediColonne();
     void cmdSalvaXml_Click();
     void cmdControllaXml_Click();
-    void Scrivi(const QString& Cartella, int Atteso);
+    void Scrivi(const QString& Cartella, int Atteso, const QString& GiaNoto);
+    /// What the note's file says of a file of this invoice; empty where it says nothing.
+    [[nodiscard]] DatiFatturaXml ScrittaDaAltri() const;
 
     Parcella& Nota;
     CorniceNota& Cornice;

@@ -9,6 +9,7 @@
 #include "core/sessione.h"
 #include "feenote/einvoice/controlli.h"
 #include "feenote/einvoice/scrittura.h"
+#include "feenote/file/modSalvataggio.h"
 #include "feenote/modFatturaXml.h"
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/frmControlloFattura.h"
@@ -81,10 +82,12 @@ void PannelloFattura::cmdSalvaXml_Click()
     int Atteso = 0;
     if (!Protetta([&] { Atteso = ProssimaTrasmissione(); }))
         return;
+    // Another place may have written it since the note was opened here.
+    const DatiFatturaXml Scritta = FatturaGiaScritta(Nota) ? Nota.FatturaXml : ScrittaDaAltri();
     const auto Chiedi = [&]() -> QString {
-        if (FatturaGiaScritta(Nota) &&
+        if (!Scritta.File.isEmpty() &&
             MsgBox(u"La fattura è già stata scritta il %1 come %2.\nScriverla di nuovo, con un altro nome?"_s
-                       .arg(Nota.FatturaXml.Quando, Nota.FatturaXml.File),
+                       .arg(Scritta.Quando, Scritta.File),
                    vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString()) != vbYes)
             return {};
         return DialogoSalva(u"Salva la fattura elettronica"_s,
@@ -105,13 +108,20 @@ void PannelloFattura::cmdSalvaXml_Click()
         MsgErrore(u"Il file %1 esiste già e non viene sostituito: scegliere un'altra cartella!"_s.arg(Nome));
         return;
     }
-    Scrivi(CartellaFile(Scelto), Atteso);
+    Scrivi(CartellaFile(Scelto), Atteso, Scritta.File);
+}
+
+DatiFatturaXml PannelloFattura::ScrittaDaAltri() const
+{
+    const DatiFatturaXml Nel = FatturaNelFile(Nota);
+    return Nel.DiFattura == FirmaFattura(Nota) ? Nel : DatiFatturaXml();
 }
 
 /// The number is taken before the file is written, and stays taken whatever becomes of the file. The note
 /// says that it was written before it is: a program that is killed in between has written no invoice that its
 /// note does not know.
-void PannelloFattura::Scrivi(const QString& Cartella, int Atteso)
+/// @param GiaNoto the file that is known to hold this invoice already
+void PannelloFattura::Scrivi(const QString& Cartella, int Atteso, const QString& GiaNoto)
 {
     const QString NonScritta = u"La fattura elettronica non è stata scritta: "_s;
     int Preso = 0;
@@ -129,6 +139,13 @@ void PannelloFattura::Scrivi(const QString& Cartella, int Atteso)
     const StatoTenuto Stato = Nota.Stato;
     SegnaFatturaScritta(Nota, Nome, Progressivo);
     const bool Tenuta = Cornice.FatturaScritta(Intatta);
+    if (const QString Altrui = Tenuta ? QString() : ScrittaDaAltri().File;
+        !Altrui.isEmpty() && Altrui != GiaNoto) {
+        (void)Cornice.FatturaNonScritta(Prima, Stato, Intatta, Tenuta);
+        MsgErrore(u"La fattura è stata scritta intanto da un altro programma, come %1: non viene scritta di "
+                  "nuovo!"_s.arg(Altrui));
+        return;
+    }
     try {
         const ClessidraAccesa Attesa;
         SalvaFattura(Barra(Cartella) + Nome, Fattura, Oggi());

@@ -44,7 +44,6 @@ private Q_SLOTS:
     void contatoreCheNonSiConserva();
     void contatoreSbagliato();
     void cartellaCheNonSiScrive();
-    void laNotaLoSaPrima();
     void ilNumeroPresoDaAltri();
     void leSceltePassanoNelFile();
     void scadenzaSbagliata();
@@ -425,41 +424,6 @@ void TestFatturaElettronica::cartellaCheNonSiScrive()
     // The number that was taken for it is not given again.
     T->Voce.Sparecchia();
     SalvaIn(T->Ufficio.Cartella(), 2);
-}
-
-/// The note's file says that the invoice was written before it is; where it cannot be, it says so no more.
-void TestFatturaElettronica::laNotaLoSaPrima()
-{
-    const QString Dove = salvataggi::SalvaCome(*T, u"rossi.mdb"_s);
-    QVERIFY(ChiudiParcella(1));
-    const QDateTime Prima = DataFile(Dove).addSecs(-3600);
-    ImpostaDataFile(Dove, Prima);
-    F = T->Apri(Dove);
-    QVERIFY(F);
-    ClicScheda(F, SchedaDiStampa);
-    ApriPannello();
-    const StatoTenuto Era = F->Nota.Stato;
-    T->Voce.AttendiSalva(T->Ufficio.File(u"nessuna/IT%1_00001.xml"_s.arg(CodiceStudio)));
-    T->Voce.Tollera();
-    Clic(Controllo(F, "cmdSalvaXml"));
-    QVERIFY2(T->Voce.UltimoTesto().startsWith(u"La fattura elettronica non è stata scritta: "_s) &&
-                 !T->Voce.UltimoTesto().contains(u"dà per scritta"_s),
-             qPrintable(T->Voce.UltimoTesto()));
-    QVERIFY2(DataFile(Dove) > Prima, "it was marked, and the mark was taken back");
-    QVERIFY(!F->Nota.Modificata);
-    QCOMPARE(F->Nota.FatturaXml, DatiFatturaXml());
-    QCOMPARE(F->Nota.Stato, Era);
-    Parcella Letta;
-    CaricaDati(Letta, Dove);
-    QCOMPARE(Letta.FatturaXml, DatiFatturaXml());
-    QCOMPARE(Letta.Stato, Era);
-    T->Voce.Sparecchia();
-    const QString Nome = u"IT%1_00002.xml"_s.arg(CodiceStudio);
-    T->Voce.AttendiSalva(T->Ufficio.File(Nome));
-    T->Voce.Attendi(u"La fattura elettronica è stata scritta nel file %1."_s.arg(Nome));
-    Clic(Controllo(F, "cmdSalvaXml"));
-    CaricaDati(Letta, Dove);
-    QCOMPARE(Letta.FatturaXml.Progressivo, u"00002"_s);
 }
 
 void TestFatturaElettronica::ilNumeroPresoDaAltri()

@@ -1,0 +1,106 @@
+// The note's file and its electronic invoice: which is written first, and who else has written it.
+#include "fattura.h"
+#include "salvataggi.h"
+
+#include "feenote/file/modLettura.h"
+#include "feenote/file/modSalvataggio.h"
+#include "feenote/modFatturaXml.h"
+#include "platform/system/file.h"
+
+#include <QDir>
+#include <QScopeGuard>
+
+using namespace Qt::StringLiterals;
+
+class TestFatturaSegnata : public QObject, private BancoFattura
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { PreparaFattura(); }
+    void cleanup() { Sgombra(); }
+    void laNotaLoSaPrima();
+    void scrittaDaUnAltroPosto_data();
+    void scrittaDaUnAltroPosto();
+};
+PROVA(TestFatturaSegnata);
+
+/// The note's file says that the invoice was written before it is; where it cannot be, it says so no more.
+void TestFatturaSegnata::laNotaLoSaPrima()
+{
+    const QString Dove = salvataggi::SalvaCome(*T, u"rossi.mdb"_s);
+    QVERIFY(ChiudiParcella(1));
+    const QDateTime Prima = DataFile(Dove).addSecs(-3600);
+    ImpostaDataFile(Dove, Prima);
+    F = T->Apri(Dove);
+    QVERIFY(F);
+    ClicScheda(F, SchedaDiStampa);
+    ApriPannello();
+    const StatoTenuto Era = F->Nota.Stato;
+    T->Voce.AttendiSalva(T->Ufficio.File(u"nessuna/IT%1_00001.xml"_s.arg(CodiceStudio)));
+    T->Voce.Tollera();
+    Clic(Controllo(F, "cmdSalvaXml"));
+    QVERIFY2(T->Voce.UltimoTesto().startsWith(u"La fattura elettronica non è stata scritta: "_s) &&
+                 !T->Voce.UltimoTesto().contains(u"dà per scritta"_s),
+             qPrintable(T->Voce.UltimoTesto()));
+    QVERIFY2(DataFile(Dove) > Prima, "it was marked, and the mark was taken back");
+    QVERIFY(!F->Nota.Modificata);
+    QCOMPARE(F->Nota.FatturaXml, DatiFatturaXml());
+    QCOMPARE(F->Nota.Stato, Era);
+    Parcella Letta;
+    CaricaDati(Letta, Dove);
+    QCOMPARE(Letta.FatturaXml, DatiFatturaXml());
+    QCOMPARE(Letta.Stato, Era);
+    T->Voce.Sparecchia();
+    const QString Nome = u"IT%1_00002.xml"_s.arg(CodiceStudio);
+    T->Voce.AttendiSalva(T->Ufficio.File(Nome));
+    T->Voce.Attendi(u"La fattura elettronica è stata scritta nel file %1."_s.arg(Nome));
+    Clic(Controllo(F, "cmdSalvaXml"));
+    CaricaDati(Letta, Dove);
+    QCOMPARE(Letta.FatturaXml.Progressivo, u"00002"_s);
+}
+
+void TestFatturaSegnata::scrittaDaUnAltroPosto_data()
+{
+    QTest::addColumn<bool>("NelDialogo");
+    QTest::newRow("before") << false;
+    QTest::newRow("while the dialog is up") << true;
+}
+
+/// Two places have the note open: what one has written the other asks about, or does not write again.
+void TestFatturaSegnata::scrittaDaUnAltroPosto()
+{
+    QFETCH(bool, NelDialogo);
+    const QString Dove = salvataggi::SalvaCome(*T, u"rossi.mdb"_s);
+    ApriPannello();
+    const auto AltroPosto = [&] {
+        Parcella Sua = F->Nota;
+        SegnaFatturaScritta(Sua, u"suo.xml"_s, u"00009"_s);
+        QCOMPARE(ScriviSoloFattura(Sua, [] { return true; }), EsitoStato::Scritto);
+        ImpostaDataFile(Dove, DataFile(Dove).addSecs(60));
+    };
+    if (!NelDialogo)
+        AltroPosto();
+    QStringList Detti;
+    Messaggi Nuovi;
+    Nuovi.SalvaFile = [&](const QString&, const QString& Inizio, const QString&) {
+        AltroPosto();
+        return Inizio;
+    };
+    Nuovi.Box = [&](const QString& Testo, int, const QString&) {
+        Detti += Testo;
+        return vbNo;
+    };
+    const Messaggi Prima = InstallaMessaggi(Nuovi);
+    const auto Torna = qScopeGuard([&] { InstallaMessaggi(Prima); });
+    Clic(Controllo(F, "cmdSalvaXml"));
+    QCOMPARE(Detti,
+             QStringList{NelDialogo ? u"La fattura è stata scritta intanto da un altro programma, "
+                                      "come suo.xml: non viene scritta di nuovo!"_s
+                                    : u"La fattura è già stata scritta il %1 come suo.xml.\nScriverla "
+                                      "di nuovo, con un altro nome?"_s.arg(Format(Oggi(), u"dd/mm/yyyy"))});
+    QCOMPARE(QDir(T->Ufficio.Cartella()).entryList({u"IT*.xml"_s}, QDir::Files).size(), 0);
+    QVERIFY(!F->Nota.Modificata);
+    QVERIFY(F->Nota.FatturaXml.File.isEmpty());
+}
+
+#include "TestFatturaSegnata.moc"
