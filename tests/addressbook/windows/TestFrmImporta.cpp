@@ -1,6 +1,9 @@
 // Names of other programs come in and go out: the steps of the dialog, as its user goes through them.
 #include "bancoimportazione.h"
 
+#include <QGroupBox>
+#include <QScopeGuard>
+
 using namespace Qt::StringLiterals;
 
 class TestFrmImporta : public QObject, private BancoImportazione
@@ -11,6 +14,7 @@ private Q_SLOTS:
     void cleanup() { Sgombra(); }
     void ilPosto();  // before the pages have words to show, which may ask for more room
     void leDidascalieEINomi();
+    void leFrasiStannoInLettereGrandi();
     void iPassi();
     void daTastiera();
     void leColonneSiCambiano();
@@ -47,6 +51,28 @@ void TestFrmImporta::leDidascalieEINomi()
     Clic(Controllo(F, "optModo_2"));
     QCOMPARE(Didascalia(F, "cmdAvanti"), u"Copia"_s);
     QVERIFY(Controllo(F, "txtArrivo")->isVisible());
+}
+
+/// On a screen of 1366 points at 150 %, in letters of 14 points.
+void TestFrmImporta::leFrasiStannoInLettereGrandi()
+{
+    constexpr int Largo = 1366 * 2 / 3;
+    const QFont Prima = QApplication::font();
+    const auto Rimetti = qScopeGuard([&] { QApplication::setFont(Prima); });
+    QFont Grande = Prima;
+    Grande.setPointSize(14);
+    QApplication::setFont(Grande);
+    const frmImporta* F = Apri(frmImporta::Nominativi, Salva(u"nomi.csv"_s, DueNomi));
+    Premuto(F, "cmdAvanti");
+    constexpr int TraLoro = 8;
+    int Serve = 2 * 12;
+    for (const char* Nome : {"lblSeparatore", "cmbSeparatore", "lblCodifica", "cmbCodifica", "chkTitoli"})
+        Serve += Controllo(F, Nome)->sizeHint().width() + TraLoro;
+    QVERIFY2(Serve <= Largo, qPrintable(QString::number(Serve)));
+    Premuto(F, "cmdAvanti");
+    const auto* Gruppo = Controllo<QGroupBox>(F, "fraDoppioni");
+    constexpr int Orli = 24;
+    QVERIFY(Gruppo->fontMetrics().horizontalAdvance(Gruppo->title()) <= Largo - Orli);
 }
 
 void TestFrmImporta::iPassi()
