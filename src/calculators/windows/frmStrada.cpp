@@ -124,7 +124,7 @@ void frmStrada::Colonne()
         return Nuova;
     };
     Righe.Azzera(NumColonneStrada);
-    ui->tdbStrada->ImpostaColonne({Colonna(u"Date"_s, ColDate, 19),
+    ui->tdbStrada->ImpostaColonne({Colonna(u"Date"_s, ColDate, 21),
                                    Colonna(u"Giorni"_s, ColGiorni, 6, Qt::AlignRight),
                                    Colonna(u"Che cosa"_s, ColPasso, 23), Colonna(u"Norma"_s, ColNorma, 12)});
     ui->tdbStrada->Lega(&Righe);
