@@ -188,7 +188,7 @@ Risposta ComandoFattura(const QStringList& Valori, const NotaMultipla& Altra)
     if (!Prova.Completa())
         throw Errore(NumeroFatturaRifiutata, InRiga(Frasi(Prova.Mancanze)));
     if (EsisteFile(Uscita))
-        throw Errore(58, u"Il file %1 esiste già"_s.arg(NomeFile(Uscita)));
+        throw Errore(errori::FilePresente, u"Il file %1 esiste già"_s.arg(NomeFile(Uscita)));
     NotaInTurno Turno(PercorsoNativo(Valori[0]), Nota);
     Parcella Scritta = Turno.Adesso(Nota);
     if (FatturaGiaScritta(Scritta))

@@ -53,7 +53,8 @@ void ControllaSostituzione(const QString& Percorso)
     try {
         Psw = LeggiPsw(Percorso);
     } catch (const Errore&) {
-        throw Errore(58, u"Il file %1 esiste già e non è una parcella"_s.arg(NomeFile(Percorso)));
+        throw Errore(errori::FilePresente,
+                     u"Il file %1 esiste già e non è una parcella"_s.arg(NomeFile(Percorso)));
     }
     if (!Psw.isEmpty())
         throw Errore(errori::Autorizzazione,
@@ -116,7 +117,7 @@ Parcella LeggiNota(const QString& Percorso, const NotaMultipla& Altra)
     if (Altra.Percorso.isEmpty())
         return Nota;
     if (!AssociaMulti(Nota, Altra.Percorso))
-        throw Errore(5, StessaParcella.toString());
+        throw Errore(errori::Argomento, StessaParcella.toString());
     Nota.optMultiAntPos = Altra.Prima ? 1 : 0;
     return Nota;
 }

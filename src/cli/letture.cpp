@@ -62,7 +62,8 @@ int LeggiParola(const QString& Nome, const QString& Valore, const QStringList& P
 void ControllaUscita(const QString& File)
 {
     if (File.endsWith(u".mdb", Qt::CaseInsensitive) || File.endsWith(u".accdb", Qt::CaseInsensitive))
-        throw Errore(58, u"%1 è il nome di una parcella o di un archivio"_s.arg(NomeFile(File)));
+        throw Errore(errori::FilePresente,
+                     u"%1 è il nome di una parcella o di un archivio"_s.arg(NomeFile(File)));
     if (!EsisteFile(File))
         return;
     QByteArray Inizio;
@@ -71,7 +72,8 @@ void ControllaUscita(const QString& File)
         return false;
     });
     if (Inizio.startsWith("SQLite format 3") || EDiAccess(File))
-        throw Errore(58, u"Il file %1 esiste già ed è una parcella o un archivio"_s.arg(NomeFile(File)));
+        throw Errore(errori::FilePresente,
+                     u"Il file %1 esiste già ed è una parcella o un archivio"_s.arg(NomeFile(File)));
 }
 
 QString CelleInRiga(QStringList Celle)

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void leLibrerieStannoNelleLoroStanze();
     void soloLaPiattaformaToccaIlDisco();
     void soloLaPiattaformaSaIComandiDelDesktop();
+    void gliErroriHannoUnNome();
     void unNomeDiceUnaCosaSola();
     void unNomeProprioStaInUnSorgenteSolo();
     void nessunaStanzaTieneUnDecimo();
@@ -124,6 +125,19 @@ void TestArchitettura::soloLaPiattaformaSaIComandiDelDesktop()
     Scrivi(Piccola.Radice + u"platform/base/posta.cpp"_s, "auto Nome = u\"xdg-email\";\n");
     QCOMPARE(ComandiDelDesktop(Piccola).join(u'\n'),
              u"src/conti/posta.cpp:2 names a command of the desktop: that is for platform/ alone"_s);
+}
+
+void TestArchitettura::gliErroriHannoUnNome()
+{
+    Nessuna(ErroriSenzaNome(Vera));
+    const Casa Piccola = CasaDiProva();
+    Scrivi(Piccola.Radice + u"conti/somma.cpp"_s,
+           "throw Errore(errori::Tipo);\nthrow Errore(13, Frase);\nthrow OggettoJson::Rifiuto(5, Campo);\n"
+           "QString Uno = DescrizioneErrore(70);\nint Numero = ErroreNumero(5);\n");
+    QCOMPARE(UnaPerRiga(ErroriSenzaNome(Piccola)),
+             u"src/conti/somma.cpp:2 says Errore(13: the numbers have names\n"
+             "src/conti/somma.cpp:3 says Rifiuto(5: the numbers have names\n"
+             "src/conti/somma.cpp:4 says DescrizioneErrore(70: the numbers have names"_s);
 }
 
 void TestArchitettura::unNomeDiceUnaCosaSola()

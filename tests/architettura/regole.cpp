@@ -231,6 +231,19 @@ QStringList ComandiDelDesktop(const Casa& Questa)
     return Frasi;
 }
 
+QStringList ErroriSenzaNome(const Casa& Questa)
+{
+    static const QRegularExpression Nudo(u"\\b(?:Errore|DescrizioneErrore|Rifiuto)[({]\\d+"_s);
+    QStringList Frasi;
+    for (const QString& File : Sorgenti(Questa, {u"*.h"_s, u"*.cpp"_s})) {
+        const QStringList Testo = Righe(Questa.Radice + File);
+        for (qsizetype i = 0; i < Testo.size(); ++i)
+            if (const auto Trovato = Nudo.match(Testo[i]); Trovato.hasMatch())
+                Frasi += Posto(File, i) + u"says %1: the numbers have names"_s.arg(Trovato.captured());
+    }
+    return Frasi;
+}
+
 QStringList DiscoToccato(const Casa& Questa)
 {
     static const QRegularExpression Classe(

@@ -42,6 +42,9 @@ struct Casa
 /// Commands of a desktop ("xdg-..."), named outside platform/: another system has others.
 [[nodiscard]] QStringList ComandiDelDesktop(const Casa& Questa);
 
+/// Errors made of a figure instead of a name of `errori`, where its sentence stands.
+[[nodiscard]] QStringList ErroriSenzaNome(const Casa& Questa);
+
 /// One bare name declared in the headers of two rooms: a source that includes both could not compile, or
 /// would mean the other one.
 [[nodiscard]] QStringList NomiDoppi(const Casa& Questa);

@@ -1,6 +1,8 @@
 // Rows of a file that another program has written, as text.
 #pragma once
 
+#include "platform/base/numerierrore.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -56,7 +58,7 @@ private:
 
 /// The number of the error of a file that is not taken; its description says what is wrong with it and what
 /// to do.
-inline constexpr int NumeroFileRifiutato = 321;
+inline constexpr int NumeroFileRifiutato = errori::FileRifiutato;
 
 /// A file that is not taken: one sentence with what to do.
 [[noreturn]] void RifiutaFile(const QString& Frase);

@@ -36,7 +36,7 @@ int Intero16(double Valore)
 {
     const double Intero = Round(Valore);
     if (Intero < std::numeric_limits<qint16>::min() || Intero > std::numeric_limits<qint16>::max())
-        throw Errore(6);
+        throw Errore(errori::Eccedenza);
     return static_cast<int>(Intero);
 }
 
@@ -160,7 +160,8 @@ void ApplicaRichiesta(Parcella& Nota, const Richiesta& Dati)
         SelezionaScaglioneInSilenzio(Nota, IndiceScaglione(Dati));
     }
     if (ChiedeOltreGliElenchi(Nota, Dati))
-        GestioneErrori(Errore(9));  // what is missing stays unselected, the rest of the request holds
+        GestioneErrori(
+            Errore(errori::Indice));  // what is missing stays unselected, the rest of the request holds
     if (&Voluta != Nota.Tariffa)
         PortaSuTariffa(Nota, Voluta);
     Nota.NsRif = Dati.ID;

@@ -240,5 +240,5 @@ void SalvaFattura(const QString& File, const FatturaElettronica& Fattura, const 
                      u"La fattura elettronica non supera i controlli: %1"_s.arg(TestoEsito(Esiti.first())));
     const QString Percorso = PercorsoNativo(File);
     if (!CreaFile(Percorso, Byte, Lettori::Cartella))
-        throw Errore(58, u"Il file %1 esiste già"_s.arg(NomeFile(Percorso)));
+        throw Errore(errori::FilePresente, u"Il file %1 esiste già"_s.arg(NomeFile(Percorso)));
 }

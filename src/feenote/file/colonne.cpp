@@ -431,7 +431,7 @@ void LeggiParametri(const Database& File, NotaLetta& Letta)
 {
     const Recordset Riga = File.OpenRecordset(TabellaParam.toString());
     if (Riga.Eof())
-        throw Errore(3021);
+        throw Errore(errori::NessunRecord);
     for (const ColonnaParam& Colonna : Parametri) {
         QVariant Valore;
         try {

@@ -30,7 +30,7 @@ double NumeroDaTesto(const QString& Campo, const QString& Testo)
 OggettoJson::OggettoJson(QString Nome, const QJsonValue& Valore) : Percorso(std::move(Nome))
 {
     if (!Valore.isObject())
-        throw Rifiuto(13, Percorso, u"deve essere un oggetto"_s);
+        throw Rifiuto(errori::Tipo, Percorso, u"deve essere un oggetto"_s);
     Dati = Valore.toObject();
 }
 
@@ -63,10 +63,10 @@ QString OggettoJson::Testo(const QString& Campo, int Massimo)
     if (Letto.isUndefined())
         return {};
     if (!Letto.isString())
-        throw Rifiuto(13, Nome(Campo), u"deve essere un testo"_s);
+        throw Rifiuto(errori::Tipo, Nome(Campo), u"deve essere un testo"_s);
     const QString Risultato = Letto.toString();
     if (Risultato.size() > Massimo)
-        throw Rifiuto(3163, Nome(Campo), u"il testo supera %1 caratteri"_s.arg(Massimo));
+        throw Rifiuto(errori::TestoLungo, Nome(Campo), u"il testo supera %1 caratteri"_s.arg(Massimo));
     return Risultato;
 }
 
@@ -76,11 +76,11 @@ std::optional<double> OggettoJson::Numero(const QString& Campo)
     if (Letto.isUndefined())
         return std::nullopt;
     if (!Letto.isDouble() && !Letto.isString())
-        throw Rifiuto(13, Nome(Campo), u"deve essere un numero"_s);
+        throw Rifiuto(errori::Tipo, Nome(Campo), u"deve essere un numero"_s);
     const double Risultato =
         Letto.isDouble() ? Letto.toDouble() : NumeroDaTesto(Nome(Campo), Letto.toString());
     if (!(std::abs(Risultato) < LimiteImporto))
-        throw Rifiuto(6, Nome(Campo), u"il numero è troppo grande"_s);
+        throw Rifiuto(errori::Eccedenza, Nome(Campo), u"il numero è troppo grande"_s);
     return Risultato + 0.0;  // "-0" is no amount of its own
 }
 
@@ -88,7 +88,7 @@ std::optional<double> OggettoJson::Positivo(const QString& Campo)
 {
     const std::optional<double> Risultato = Numero(Campo);
     if (Risultato && *Risultato < 0)
-        throw Rifiuto(5, Nome(Campo), u"il numero non può essere negativo"_s);
+        throw Rifiuto(errori::Argomento, Nome(Campo), u"il numero non può essere negativo"_s);
     return Risultato;
 }
 
@@ -98,9 +98,9 @@ std::optional<int> OggettoJson::Intero(const QString& Campo)
     if (!Letto)
         return std::nullopt;
     if (*Letto != std::floor(*Letto))
-        throw Rifiuto(13, Nome(Campo), u"deve essere un numero intero"_s);
+        throw Rifiuto(errori::Tipo, Nome(Campo), u"deve essere un numero intero"_s);
     if (std::abs(*Letto) > 2147483647.0)
-        throw Rifiuto(6, Nome(Campo), u"il numero è troppo grande"_s);
+        throw Rifiuto(errori::Eccedenza, Nome(Campo), u"il numero è troppo grande"_s);
     return int(*Letto);
 }
 
@@ -110,7 +110,7 @@ std::optional<bool> OggettoJson::Booleano(const QString& Campo)
     if (Letto.isUndefined())
         return std::nullopt;
     if (!Letto.isBool())
-        throw Rifiuto(13, Nome(Campo), u"deve essere true o false"_s);
+        throw Rifiuto(errori::Tipo, Nome(Campo), u"deve essere true o false"_s);
     return Letto.toBool();
 }
 
@@ -121,7 +121,7 @@ QString OggettoJson::Data(const QString& Campo)
         return {};
     const std::optional<QDate> Giorno = LeggiData(Letto);
     if (!Giorno)
-        throw Rifiuto(13, Nome(Campo), u"«%1» non è una data gg/mm/aaaa"_s.arg(Letto));
+        throw Rifiuto(errori::Tipo, Nome(Campo), u"«%1» non è una data gg/mm/aaaa"_s.arg(Letto));
     return Format(*Giorno, u"dd/mm/yyyy");
 }
 
@@ -150,10 +150,11 @@ QList<OggettoJson> OggettoJson::Lista(const QString& Campo)
     if (Letto.isUndefined())
         return {};
     if (!Letto.isArray())
-        throw Rifiuto(13, Nome(Campo), u"deve essere un elenco"_s);
+        throw Rifiuto(errori::Tipo, Nome(Campo), u"deve essere un elenco"_s);
     const QJsonArray Elementi = Letto.toArray();
     if (Elementi.size() > MassimoElementi)
-        throw Rifiuto(6, Nome(Campo), u"l'elenco ha più di %1 elementi"_s.arg(MassimoElementi));
+        throw Rifiuto(errori::Eccedenza, Nome(Campo),
+                      u"l'elenco ha più di %1 elementi"_s.arg(MassimoElementi));
     QList<OggettoJson> Risultato;
     Risultato.reserve(Elementi.size());
     for (qsizetype i = 0; i < Elementi.size(); ++i)
@@ -165,5 +166,5 @@ void OggettoJson::Finisci() const
 {
     for (auto Campo = Dati.constBegin(); Campo != Dati.constEnd(); ++Campo)
         if (!Chiesti.contains(Campo.key()))
-            throw Rifiuto(5, Nome(Campo.key().left(60)), u"nome non previsto"_s);
+            throw Rifiuto(errori::Argomento, Nome(Campo.key().left(60)), u"nome non previsto"_s);
 }

@@ -35,7 +35,7 @@ QJsonValue NumeroOTesto(OggettoJson& Dati, const QString& Campo)
 {
     const QJsonValue Letto = Dati.Valore(Campo);
     if (!Letto.isUndefined() && !Letto.isDouble() && !Letto.isString())
-        throw OggettoJson::Rifiuto(13, Dati.Nome(Campo), u"deve essere un numero o un testo"_s);
+        throw OggettoJson::Rifiuto(errori::Tipo, Dati.Nome(Campo), u"deve essere un numero o un testo"_s);
     return Letto;
 }
 
@@ -52,7 +52,7 @@ const Decreto& LeggiTariffa(OggettoJson& Dati)
         return *Decreti.front();
     if (const Decreto* Trovato = DecretoDi(Mostra(Letta)))
         return *Trovato;
-    throw OggettoJson::Rifiuto(5, Dati.Nome(u"tariffa"_s),
+    throw OggettoJson::Rifiuto(errori::Argomento, Dati.Nome(u"tariffa"_s),
                                u"«%1» non è una tariffa (140, 55)"_s.arg(Mostra(Letta)));
 }
 
@@ -67,7 +67,7 @@ void LeggiCategoria(Parcella& Nota, OggettoJson& Dati)
             return;
         }
     }
-    throw OggettoJson::Rifiuto(5, Dati.Nome(u"categoria"_s),
+    throw OggettoJson::Rifiuto(errori::Argomento, Dati.Nome(u"categoria"_s),
                                u"«%1» non è una categoria (CIV, PEN, STR)"_s.arg(Testo));
 }
 
@@ -92,7 +92,7 @@ void LeggiAutorita(Parcella& Nota, OggettoJson& Dati)
         Cercata, Nota.ListaAutorita, [](const Autorita& Voce) { return double(Voce.IDAut); },
         [](const Autorita& Voce) { return Voce.DesAut; });
     if (Indice == NessunaVoce)
-        throw OggettoJson::Rifiuto(5, Dati.Nome(u"autorita"_s),
+        throw OggettoJson::Rifiuto(errori::Argomento, Dati.Nome(u"autorita"_s),
                                    u"«%1» non è un'autorità della categoria"_s.arg(Mostra(Cercata)));
     CambiaAutorita(Nota, Indice);
 }
@@ -106,7 +106,7 @@ void LeggiScaglione(Parcella& Nota, OggettoJson& Dati)
         Cercato, Nota.ListaScaglioni, [](const ScaglioneValore& Voce) { return double(Voce.NumSca); },
         [](const ScaglioneValore& Voce) { return Voce.DesVal; });
     if (Indice == NessunaVoce || Nota.CodCateg != Civile)
-        throw OggettoJson::Rifiuto(5, Dati.Nome(u"scaglione"_s),
+        throw OggettoJson::Rifiuto(errori::Argomento, Dati.Nome(u"scaglione"_s),
                                    u"«%1» non è uno scaglione della categoria"_s.arg(Mostra(Cercato)));
     CambiaScaglione(Nota, Indice);
 }
@@ -117,13 +117,14 @@ void LeggiValore(Parcella& Nota, OggettoJson& Dati)
     if (!Valore || *Valore == 0)
         return;
     if (!Nota.txtImporto.Abilitata)
-        throw OggettoJson::Rifiuto(5, Dati.Nome(u"valore"_s), u"in materia penale il valore non si indica"_s);
+        throw OggettoJson::Rifiuto(errori::Argomento, Dati.Nome(u"valore"_s),
+                                   u"in materia penale il valore non si indica"_s);
     const int ScaglioneChiesto = Nota.cmbValore;
     Nota.txtImporto.Testo = CStr(*Valore);
     LasciaImporto(Nota);
     if (Nota.cmbValore == NessunaVoce ||
         (ScaglioneChiesto != NessunaVoce && Nota.cmbValore != ScaglioneChiesto))
-        throw OggettoJson::Rifiuto(5, Dati.Nome(u"valore"_s),
+        throw OggettoJson::Rifiuto(errori::Argomento, Dati.Nome(u"valore"_s),
                                    u"Il valore della causa specificato non è compreso nello scaglione!"_s);
 }
 
@@ -146,29 +147,32 @@ void LeggiVariazione(Parcella& Nota, OggettoJson& Dati)
     const int Opzione = Variazione->Intero(u"opzione"_s).value_or(AumRidLibera);
     const QList<OpzioneAumRid> Offerte = OpzioniAumRid(Nota);
     if (std::ranges::find(Offerte, Opzione, &OpzioneAumRid::Numero) == Offerte.end())
-        throw OggettoJson::Rifiuto(5, Variazione->Nome(u"opzione"_s), FraseOpzioni(Offerte));
+        throw OggettoJson::Rifiuto(errori::Argomento, Variazione->Nome(u"opzione"_s), FraseOpzioni(Offerte));
     ScegliAumRid(Nota, Opzione);
 
     const std::optional<int> Percento = Variazione->Intero(u"percento"_s);
     if (Percento && *Percento != 0) {
         const QString Campo = Variazione->Nome(u"percento"_s);
         if (std::abs(*Percento) > 999)
-            throw OggettoJson::Rifiuto(6, Campo, u"la percentuale ha al più tre cifre"_s);
+            throw OggettoJson::Rifiuto(errori::Eccedenza, Campo, u"la percentuale ha al più tre cifre"_s);
         if (Opzione == AumRidLibera)
             CambiaSegnoAumRid(Nota, *Percento < 0 ? 1 : 0);
         else if ((*Percento < 0) != (Nota.cmbAumRid == 1))
-            throw OggettoJson::Rifiuto(5, Campo, u"il segno non è quello dell'opzione"_s);
+            throw OggettoJson::Rifiuto(errori::Argomento, Campo, u"il segno non è quello dell'opzione"_s);
         CambiaTestoAumRid(Nota, QString::number(std::abs(*Percento)));
         if (!CheckVarPerc(Nota, false))
-            throw OggettoJson::Rifiuto(5, Campo, u"la variazione è fuori dai limiti dell'opzione"_s);
+            throw OggettoJson::Rifiuto(errori::Argomento, Campo,
+                                       u"la variazione è fuori dai limiti dell'opzione"_s);
         LasciaAumRid(Nota);
     }
     if (const std::optional<int> Parti = Variazione->Intero(u"partiAssistite"_s)) {
         const QString Campo = Variazione->Nome(u"partiAssistite"_s);
         if (*Parti < 1 || *Parti > MassimoParti)
-            throw OggettoJson::Rifiuto(5, Campo, u"il numero va da 1 a %1"_s.arg(MassimoParti));
+            throw OggettoJson::Rifiuto(errori::Argomento, Campo,
+                                       u"il numero va da 1 a %1"_s.arg(MassimoParti));
         if (*Parti > 1 && !PartiContano(Nota))
-            throw OggettoJson::Rifiuto(5, Campo, u"per questa tariffa o categoria le parti non contano"_s);
+            throw OggettoJson::Rifiuto(errori::Argomento, Campo,
+                                       u"per questa tariffa o categoria le parti non contano"_s);
         CaricaParti(Nota, *Parti);
     }
     Variazione->Finisci();
@@ -192,7 +196,7 @@ QString NomeDi(CampoNota Campo)
 void VerificaParametri(const Parcella& Nota)
 {
     if (const auto Trovata = PrimaMancanza(Nota))
-        throw OggettoJson::Rifiuto(5, NomeDi(Trovata->Dove), Trovata->Messaggio);
+        throw OggettoJson::Rifiuto(errori::Argomento, NomeDi(Trovata->Dove), Trovata->Messaggio);
 }
 
 // ---- lines --------------------------------------------------------------------------------------
@@ -202,7 +206,7 @@ void VaiAllaVoce(Recordset& Voci, OggettoJson& Riga, const QString& ColonnaDescr
 {
     const QJsonValue Cercata = NumeroOTesto(Riga, u"voce"_s);
     if (Cercata.isUndefined())
-        throw OggettoJson::Rifiuto(5, Riga.Nome(u"voce"_s), u"manca"_s);
+        throw OggettoJson::Rifiuto(errori::Argomento, Riga.Nome(u"voce"_s), u"manca"_s);
     for (Voci.MoveFirst(); !Voci.Eof(); Voci.MoveNext()) {
         if (Cercata.isDouble() ? NumeroDi(Voci.Value(u"NVoce"_s)) == Cercata.toDouble()
                                : Voci.Value(ColonnaDescr, QString())
@@ -210,7 +214,8 @@ void VaiAllaVoce(Recordset& Voci, OggettoJson& Riga, const QString& ColonnaDescr
                                          .compare(Cercata.toString(), Qt::CaseInsensitive) == 0)
             return;
     }
-    throw OggettoJson::Rifiuto(5, Riga.Nome(u"voce"_s), u"«%1» non è nel catalogo"_s.arg(Mostra(Cercata)));
+    throw OggettoJson::Rifiuto(errori::Argomento, Riga.Nome(u"voce"_s),
+                               u"«%1» non è nel catalogo"_s.arg(Mostra(Cercata)));
 }
 
 /// Quantity of an honorarium as the prompt would take it: above 0, whole by the item's own rule.
@@ -219,12 +224,12 @@ std::optional<double> LeggiQuantita(OggettoJson& Riga, const QString& QtaOno)
     const std::optional<double> Letta = Riga.Positivo(u"quantita"_s);
     const QString Campo = Riga.Nome(u"quantita"_s);
     if (!Letta && !QtaOno.isEmpty())
-        throw OggettoJson::Rifiuto(5, Campo, u"la voce chiede una quantità"_s);
+        throw OggettoJson::Rifiuto(errori::Argomento, Campo, u"la voce chiede una quantità"_s);
     if (!Letta)
         return 1.0;
     const double Quantita = QuantitaContata(QtaOno, CStr(*Letta));
     if (Quantita <= 0)
-        throw OggettoJson::Rifiuto(5, Campo, u"la quantità deve essere maggiore di zero"_s);
+        throw OggettoJson::Rifiuto(errori::Argomento, Campo, u"la quantità deve essere maggiore di zero"_s);
     return Quantita;
 }
 
@@ -235,7 +240,8 @@ void LeggiOnorario(Parcella& Nota, Catalogo& Voci, OggettoJson& Riga)
     const std::optional<int> Scritta =
         InserisciOnorario(Nota, Voci, std::nullopt, LeggiQuantita(Riga, QtaOno));
     if (!Scritta)
-        throw OggettoJson::Rifiuto(5, Riga.Nome(u"voce"_s), u"la voce non può essere inserita"_s);
+        throw OggettoJson::Rifiuto(errori::Argomento, Riga.Nome(u"voce"_s),
+                                   u"la voce non può essere inserita"_s);
 
     TabellaRighe& Righe = Nota.xOnorari;
     Righe(*Scritta, OnoData) = Riga.Data(u"data"_s);
@@ -260,7 +266,8 @@ void LeggiSpesa(Parcella& Nota, Catalogo& Voci, OggettoJson& Riga)
     } else if (!Riga.Testo(u"descrizione"_s, MassimoTestoRiga).isEmpty()) {
         Scritta = AddDiritti(Nota, {}, {}, u"1"_s, {}, {});
     } else {
-        throw OggettoJson::Rifiuto(5, Riga.Nome(u"voce"_s), u"manca la voce o la descrizione"_s);
+        throw OggettoJson::Rifiuto(errori::Argomento, Riga.Nome(u"voce"_s),
+                                   u"manca la voce o la descrizione"_s);
     }
     TabellaRighe& Righe = Nota.xDiritti;
     Righe(Scritta, DirData) = Riga.Data(u"data"_s);
@@ -283,7 +290,7 @@ void LeggiAcconto(Parcella& Nota, OggettoJson& Riga)
     if (Riga.Ha(u"valuta"_s)) {
         const QString Valuta = Riga.Testo(u"valuta"_s, 4).toUpper();
         if (Valuta != u"E" && Valuta != u"L" && Valuta != u"EURO" && Valuta != u"LIRE")
-            throw OggettoJson::Rifiuto(5, Riga.Nome(u"valuta"_s), u"Immettere L o E"_s);
+            throw OggettoJson::Rifiuto(errori::Argomento, Riga.Nome(u"valuta"_s), u"Immettere L o E"_s);
         Righe(Scritta, AccValuta) = Valuta.left(1);
     }
     Righe(Scritta, AccCorrispettivi) = Arrotonda2(Riga.Numero(u"corrispettivi"_s).value_or(0.0));
@@ -318,7 +325,7 @@ void LeggiPercentuale(Parcella& Nota, OggettoJson& Dati, const QString& Campo, I
     if (!Spenta && !Perc)
         return;
     if (Perc && *Perc > MassimoPercento)
-        throw OggettoJson::Rifiuto(5, Dati.Nome(Campo), u"la percentuale va da 0 a 100"_s);
+        throw OggettoJson::Rifiuto(errori::Argomento, Dati.Nome(Campo), u"la percentuale va da 0 a 100"_s);
     const double Valore = Perc.value_or(0.0);
     (void)ClicImposta(Nota, Quale, Valore > 0);
     if (Valore > 0)
@@ -365,7 +372,7 @@ void LeggiStampa(Parcella& Nota, OggettoJson& Dati)
 
     if (const std::optional<int> Tipo = Stampa->Intero(u"tipo"_s)) {
         if (!ETipoStampa(*Tipo))
-            throw OggettoJson::Rifiuto(5, Stampa->Nome(u"tipo"_s), FraseTipiStampa());
+            throw OggettoJson::Rifiuto(errori::Argomento, Stampa->Nome(u"tipo"_s), FraseTipiStampa());
         ScegliTipoStampa(Nota, *Tipo);
         // A short invoice lists the payments by itself, unless it is told not to.
         if (*Tipo == StampaFatturaSintetica && EsponiAcconti)
@@ -377,13 +384,14 @@ void LeggiStampa(Parcella& Nota, OggettoJson& Dati)
 QJsonValue LeggiJson(const QByteArray& Json)
 {
     if (Json.size() > MassimoDescrizione)
-        throw Errore(321, u"La descrizione supera %1 byte"_s.arg(MassimoDescrizione));
+        throw Errore(errori::FileRifiutato, u"La descrizione supera %1 byte"_s.arg(MassimoDescrizione));
     QJsonParseError Esito;
     const QJsonDocument Documento = QJsonDocument::fromJson(Json, &Esito);
     if (Esito.error != QJsonParseError::NoError)
-        throw Errore(321, u"La descrizione non è un JSON valido (carattere %1)"_s.arg(Esito.offset));
+        throw Errore(errori::FileRifiutato,
+                     u"La descrizione non è un JSON valido (carattere %1)"_s.arg(Esito.offset));
     if (!Documento.isObject())
-        throw OggettoJson::Rifiuto(13, {}, u"deve essere un oggetto"_s);
+        throw OggettoJson::Rifiuto(errori::Tipo, {}, u"deve essere un oggetto"_s);
     return Documento.object();
 }
 

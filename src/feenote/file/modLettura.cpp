@@ -131,7 +131,7 @@ void LeggiLinee(const Database& File, QStringView Tabella, std::span<const Colon
 {
     const Recordset Righe = File.OpenRecordset(Tabella.toString());
     if (Righe.RecordCount() > MassimoRigheFile)
-        throw Errore(1000, Troppe);
+        throw Errore(errori::Imprevisto, Troppe);
     if (Righe.Eof())
         return;
     QStringList Nomi;

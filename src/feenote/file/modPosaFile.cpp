@@ -62,9 +62,9 @@ private:
     {
         const QString Cartella = QFileInfo(Finale).path();
         if (!EsisteCartella(Cartella))
-            throw Errore(3044);
+            throw Errore(errori::CartellaMancante);
         if (ByteDelNome(NomeFile(Finale)) > MassimoNomeNota)
-            throw Errore(52);
+            throw Errore(errori::NomeNonValido);
         // A folder, a pipe or a device is no note that a save replaces.
         if (const QFileInfo Presente(Finale); Presente.exists() && !Presente.isFile())
             throw Errore(errori::Accesso);
@@ -79,9 +79,9 @@ private:
             throw Errore(errori::DatiBloccati, FraseTurno({Turno.Percorso(), Turno.Titolare()}) +
                                                    u": se nessuno sta salvando, si può eliminare"_s);
         case FileBlocco::Esito::Rifiutato:
-            throw Errore(75);
+            throw Errore(errori::Accesso);
         case FileBlocco::Esito::Impedito:
-            throw Errore(3026);
+            throw Errore(errori::SpazioDatabase);
         }
     }
 
@@ -172,7 +172,7 @@ bool Scrivi(const QString& Percorso, const Parcella& Nota, bool ComeModello, Let
 {
     const QString Destinazione = FileVero(Percorso);
     if (EsisteFile(Destinazione) && SolaLettura(Destinazione))
-        throw Errore(70);
+        throw Errore(errori::Autorizzazione);
     const Decreto& Legge = *Nota.Tariffa;
     (void)ApriTariffe(Legge);  // what is wrong with it is said in its own words
     AggiornaColonne(PercorsoTariffe(Legge));

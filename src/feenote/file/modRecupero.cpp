@@ -59,7 +59,7 @@ void PrendiBloccoProprio()
     if (BloccoProprio() && BloccoProprio()->Percorso() == Nuovo->Percorso())
         return;
     if (Nuovo->Prendi(0) != FileBlocco::Esito::Preso)
-        throw Errore(70);
+        throw Errore(errori::Autorizzazione);
     BloccoProprio() = std::move(Nuovo);
 }
 

@@ -219,7 +219,7 @@ int ElencoTrova::Note() const
 const VoceTrova& ElencoTrova::Voce(int Riga) const
 {
     if (Riga < 0 || Riga >= Righe())
-        throw Errore(9);
+        throw Errore(errori::Indice);
     return Tutte[size_t(Mostrate[size_t(Riga)])].Voce;
 }
 

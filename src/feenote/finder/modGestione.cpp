@@ -31,7 +31,7 @@ void Informa(const QString& Testo)
 bool Concesso(const QString& File)
 {
     if (!EsisteFile(File))
-        throw Errore(53);
+        throw Errore(errori::FileMancante);
     if (SolaLettura(File) && !Consenso(u"La parcella è un modello: procedo con l'operazione?"_s))
         return false;
     return ControllaPsw(File);
@@ -73,7 +73,7 @@ QString PercorsoNuovo(const QString& File, const QString& Digitato)
     }
     const QString Intero = Nome + EstensioneNota.toString();
     if (ByteDelNome(Intero) > MassimoNomeNota)
-        throw Errore(52);
+        throw Errore(errori::NomeNonValido);
     const QString Nuovo = CartellaFile(File) + Intero;
     if (AltroFile(File, Nuovo)) {
         MsgErrore(u"La parcella "_s + Intero + u" non può essere sovrascritta!"_s);

@@ -242,7 +242,7 @@ ContoTrova CamminoTrova::TrovaParc(const QString& Cartella)
         }
     }
     if (!Conto.Interrotta && !EsisteCartella(Prima))
-        throw Errore(76);
+        throw Errore(errori::PercorsoMancante);
     return Conto;
 }
 

@@ -135,5 +135,5 @@ double CalcolaMinMaxDaPerc(double, const QString& Tipo, const ContestoVecchio& C
             return Totale;
         Precedente = Hi;
     }
-    throw Errore(9);
+    throw Errore(errori::Indice);
 }

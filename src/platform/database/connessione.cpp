@@ -18,7 +18,6 @@ namespace {
 
 constexpr int LimiteCella = 16 * 1024 * 1024;
 constexpr int LimiteSql = 1024 * 1024;
-constexpr int DiscoORete = 3043;
 const QString InMemoria = u":memory:"_s;
 
 /// What a message of the engine's general error holds, and what it means here. Names of tables and columns
@@ -27,22 +26,21 @@ struct Messaggio
 {
     const char* Contiene;
     int Numero;
-    QStringView Descrizione;    ///< empty: the one of the table of errors
     const char* Comincia = "";  ///< and what it begins with
 };
 
 constexpr std::array Messaggi{
-    Messaggio{"no such table", 3078, {}},
-    Messaggio{"access to view", 3078, {}},
-    Messaggio{"no such column", 3061, {}},
-    Messaggio{"no column named", 3061, {}},
-    Messaggio{"duplicate column name", 3380, u"Il campo esiste già nella tabella"},
-    Messaggio{"no such index: ", errori::IndiceMancante, {}},
-    Messaggio{"already exists", 3284, u"L'indice esiste già", "index "},
-    Messaggio{"already exists", 3010, {}},
-    Messaggio{"there is already a", 3010, {}},
-    Messaggio{"no such function", 3085, u"Funzione sconosciuta nell'istruzione SQL"},
-    Messaggio{"within a transaction", 3246, u"Operazione non valida dentro una transazione"},
+    Messaggio{"no such table", errori::TabellaMancante},
+    Messaggio{"access to view", errori::TabellaMancante},
+    Messaggio{"no such column", errori::CampoSconosciuto},
+    Messaggio{"no column named", errori::CampoSconosciuto},
+    Messaggio{"duplicate column name", errori::CampoPresente},
+    Messaggio{"no such index: ", errori::IndiceMancante},
+    Messaggio{"already exists", errori::IndicePresente, "index "},
+    Messaggio{"already exists", errori::TabellaPresente},
+    Messaggio{"there is already a", errori::TabellaPresente},
+    Messaggio{"no such function", errori::FunzioneSconosciuta},
+    Messaggio{"within a transaction", errori::InTransazione},
 };
 
 Errore ErroreGenerico(const char* Testo)
@@ -50,7 +48,7 @@ Errore ErroreGenerico(const char* Testo)
     const QByteArrayView Vista(Testo);
     for (const Messaggio& M : Messaggi)
         if (Vista.startsWith(QByteArrayView(M.Comincia)) && Vista.contains(QByteArrayView(M.Contiene)))
-            return M.Descrizione.isEmpty() ? Errore(M.Numero) : Errore(M.Numero, M.Descrizione.toString());
+            return Errore(M.Numero);
     return Errore(errori::SintassiSql);
 }
 
@@ -62,9 +60,9 @@ Errore ErroreVincolo(int Esteso)
     case SQLITE_CONSTRAINT_ROWID:
         return Errore(errori::ValoreDoppio);
     case SQLITE_CONSTRAINT_NOTNULL:
-        return Errore(3314, u"Un campo obbligatorio non ha valore"_s);
+        return Errore(errori::CampoObbligatorio);
     default:
-        return Errore(3317, u"Il valore non rispetta una regola di convalida della tabella"_s);
+        return Errore(errori::RegolaDiConvalida);
     }
 }
 
@@ -95,9 +93,9 @@ Errore ErroreMotore(int Esito, const char* Testo)
     case SQLITE_MISMATCH:
         return Errore(errori::TipoDelValore);
     case SQLITE_TOOBIG:
-        return Errore(3047, u"Il record è troppo grande"_s);
+        return Errore(errori::RecordGrande);
     case SQLITE_IOERR:
-        return Errore(DiscoORete, u"Errore del disco o della rete"_s);
+        return Errore(errori::DiscoORete);
     default:
         return Errore(errori::Imprevisto);
     }
@@ -107,7 +105,7 @@ Errore ErroreMotore(int Esito, const char* Testo)
 bool DelFile(const Errore& Guasto)
 {
     constexpr std::array Numeri{errori::FormatoDatabase, errori::Accesso, errori::TabellaMancante,
-                                DiscoORete};
+                                errori::DiscoORete};
     return std::ranges::find(Numeri, Guasto.Numero) != Numeri.end();
 }
 
@@ -275,7 +273,7 @@ Istruzione::Istruzione(const Connessione& Base, const QString& Sql, const QVaria
     if (!Istr)
         throw Errore(errori::SintassiSql);
     if (!SoloSpazi(QByteArrayView(Coda, Utf8.constData() + Utf8.size())))
-        throw Errore(3142, u"L'istruzione SQL continua dopo la sua fine"_s);
+        throw Errore(errori::OltreLaFine);
     if (sqlite3_bind_parameter_count(Istr.get()) != Valori.size())
         throw Errore(errori::CampoSconosciuto);
     for (int i = 0; i < Valori.size(); ++i)
@@ -469,7 +467,7 @@ void Blocco::Conferma()
 {
     // The engine may have undone everything by itself after a failure that somebody swallowed.
     if (!Conn.InTransazione())
-        throw Errore(3034, u"La transazione è già stata annullata"_s);
+        throw Errore(errori::TransazioneAnnullata);
     Conn.Esegui(Annidato ? u"RELEASE blocco"_s : u"COMMIT"_s);
     Aperto = false;
 }

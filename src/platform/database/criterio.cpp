@@ -161,7 +161,8 @@ private:
             Rifiuta();
         const QString Colonna = Identifica(Nome);
         if (Colonna.isEmpty())
-            throw Errore(errori::CampoDelCriterio, DescrizioneErrore(3070) + u": "_s + Nome);
+            throw Errore(errori::CampoDelCriterio,
+                         DescrizioneErrore(errori::CampoDelCriterio) + u": "_s + Nome);
         return Colonna;
     }
 

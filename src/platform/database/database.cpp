@@ -65,7 +65,7 @@ bool EsisteCampo(const QString& Percorso, const QString& Tabella, const QString&
 Transazione::Transazione(const Database& Db) : Conn(Db.Conn)
 {
     if (Db.PerScrivere().InTransazione())
-        throw Errore(3246, QStringLiteral("Operazione non valida dentro una transazione"));
+        throw Errore(errori::InTransazione);
     Aperta = std::make_unique<Blocco>(*Conn);
 }
 

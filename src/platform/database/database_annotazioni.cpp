@@ -11,7 +11,6 @@ namespace {
 constexpr int MassimeVoci = 1000;
 /// Bytes of all the values together.
 constexpr qsizetype MassimoTesto = qsizetype(64) << 20;
-constexpr int TroppoGrande = 3047;
 
 enum class FormaTabella {
     Manca,
@@ -74,7 +73,7 @@ QMap<QString, QString> Database::Annotazioni() const
     while (Righe.Avanza()) {
         Byte += Righe.Byte(0) + Righe.Byte(1);
         if (Byte > MassimoTesto)
-            throw Errore(TroppoGrande, u"I dati che il programma conserva nel file sono troppi"_s);
+            throw Errore(errori::RecordGrande, u"I dati che il programma conserva nel file sono troppi"_s);
         Lette.insert(Righe.Testo(0), Righe.Testo(1));
     }
     return Lette;

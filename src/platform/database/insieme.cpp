@@ -9,7 +9,8 @@ int Sorgente::Posto(const QString& Colonna) const
 {
     const auto Trovato = Posti.constFind(Colonna.toCaseFolded());
     if (Trovato == Posti.constEnd())
-        throw Errore(errori::ElementoMancante, DescrizioneErrore(3265) + u": "_s + Colonna);
+        throw Errore(errori::ElementoMancante,
+                     DescrizioneErrore(errori::ElementoMancante) + u": "_s + Colonna);
     return *Trovato;
 }
 

@@ -45,7 +45,7 @@ TestataFile LeggiTestata(const Connessione& Conn, bool ConGiornale)
     constexpr int Lunghezza = 100;
     sqlite3_file* const File = FileDi(Conn);
     if (!File)
-        throw Errore(75);
+        throw Errore(errori::Accesso);
     std::array<char, Lunghezza> Byte{};
     sqlite3_int64 Lungo = 0;
     const int Esito = File->pMethods->xRead(File, Byte.data(), Lunghezza, 0);
@@ -130,9 +130,9 @@ std::optional<QStringList> LeggiPrimaRiga(const QString& Percorso, const QString
     const QString File = PercorsoNativo(Percorso);
     const QFileInfo Info(File);
     if (!Info.exists())
-        throw Errore(53);
+        throw Errore(errori::FileMancante);
     if (!Info.isFile() || !(Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther)))
-        throw Errore(75);
+        throw Errore(errori::Accesso);
     QStringList Tagliate;
     for (const QString& Colonna : Colonne)
         Tagliate += u"substr(%1,1,%2)"_s.arg(Identificatore(Colonna)).arg(MassimoCaratteri);
@@ -146,7 +146,7 @@ std::optional<QStringList> LeggiPrimaRiga(const QString& Percorso, const QString
         const Connessione Conn(File, Connessione::Modo::Elenco);
         const TestataFile Testata = LeggiTestata(Conn, QFileInfo(File + u"-journal"_s).size() > 0);
         if (!Testata.Nota)
-            throw Errore(3343);
+            throw Errore(errori::FormatoDatabase);
         if (!Testata.AltroLog)
             return Leggi(Conn, Che);
     } catch (const Errore& Guasto) {
@@ -156,7 +156,7 @@ std::optional<QStringList> LeggiPrimaRiga(const QString& Percorso, const QString
     }
     // With such a log even a reader would put files beside the note; what the log holds is not in it yet.
     if (QFileInfo(File + u"-wal"_s).size() > 0)
-        throw Errore(3260);
+        throw Errore(errori::DatiBloccati);
     const Connessione Ferma(File, Connessione::Modo::Immutabile);
     return Leggi(Ferma, Che);
 }

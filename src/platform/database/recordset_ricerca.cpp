@@ -197,7 +197,7 @@ void Recordset::ImpostaIndex(const QString& Nome)
     Dati& Insieme = Corrente();
     const QString Indice = Insieme.Da.Intera ? TrovaIndice(Insieme.Da, Nome) : QString();
     if (Indice.isEmpty())
-        throw Errore(errori::IndiceMancante, DescrizioneErrore(3015) + u": "_s + Nome);
+        throw Errore(errori::IndiceMancante, DescrizioneErrore(errori::IndiceMancante) + u": "_s + Nome);
     QStringList Colonne;
     QList<int> Posti;
     Istruzione Info(*Insieme.Da.Conn, u"SELECT name FROM pragma_index_info(?) ORDER BY seqno"_s, {Indice});

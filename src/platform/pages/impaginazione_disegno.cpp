@@ -44,7 +44,7 @@ private:
 
 Errore ErroreStampante()
 {
-    return {482, u"Errore della stampante"_s};
+    return Errore(errori::Stampante);
 }
 
 }  // namespace

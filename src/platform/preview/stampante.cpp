@@ -114,8 +114,9 @@ QList<int> PagineInUscita(const QPrinter& Scelta, int Pagine, int InVista)
 
 [[noreturn]] void StampanteAssente(const QString& Nome)
 {
-    throw Errore(482, Nome.isEmpty() ? u"Errore della stampante"_s
-                                     : u"La stampante %1 non risponde o non è più installata"_s.arg(Nome));
+    throw Errore(errori::Stampante, Nome.isEmpty()
+                                        ? u"Errore della stampante"_s
+                                        : u"La stampante %1 non risponde o non è più installata"_s.arg(Nome));
 }
 
 void Dipingi(QPrinter& Scelta, const Impaginazione& Fatta, const QList<int>& Sue)

@@ -46,10 +46,10 @@ void ControllaLeggibile(const QString& Cartella)
 {
     const QFileInfo Info(Cartella);
     if (!Info.isDir())
-        throw Errore(76);
+        throw Errore(errori::PercorsoMancante);
     const bool Concessa = Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
     if (!Concessa || !Info.isReadable() || !Info.isExecutable())
-        throw Errore(75);
+        throw Errore(errori::Accesso);
 }
 
 #ifdef Q_OS_UNIX
@@ -155,7 +155,7 @@ bool ScorriCartella(const QString& Cartella, const std::function<bool(VoceCartel
         return false;
     // A folder that goes meanwhile ends the list like a complete one.
     if (!EsisteCartella(Nativa))
-        throw Errore(76);
+        throw Errore(errori::PercorsoMancante);
     return true;
 }
 
@@ -180,11 +180,11 @@ void EliminaFile(const QString& Percorso)
 {
     const QString Nativo = PercorsoNativo(Percorso);
     if (!EsisteFile(Nativo))
-        throw Errore(53);
+        throw Errore(errori::FileMancante);
     const bool Trattenuto =
         !guasti::FileTrattenuti.isEmpty() && Nativo.startsWith(PercorsoNativo(guasti::FileTrattenuti));
     if (Trattenuto || !CartellaScrivibile(CartellaFile(Nativo)) || !QFile::remove(Nativo))
-        throw Errore(75);
+        throw Errore(errori::Accesso);
 }
 
 void ScartaFile(const QString& Percorso)

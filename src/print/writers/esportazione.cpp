@@ -29,7 +29,7 @@ QByteArray DocumentoEsportato(const Documento& Doc, FormatoEsportazione Formato,
     case FormatoEsportazione::Word:
         return ScriviRtf(Doc, Titolo, Foglio);
     }
-    throw Errore(5);
+    throw Errore(errori::Argomento);
 }
 
 bool EsportaDocumento(const Documento& Doc, const QString& File, FormatoEsportazione Formato,
@@ -40,7 +40,7 @@ bool EsportaDocumento(const Documento& Doc, const QString& File, FormatoEsportaz
         return false;
     // Whoever has it open would be left with a file that is no longer there.
     if (!SolaLettura(File) && FileInUso(File))
-        throw Errore(70);
+        throw Errore(errori::Autorizzazione);
     ScriviFile(File, Byte, Lettori::Cartella);
     return true;
 }

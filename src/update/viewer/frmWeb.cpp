@@ -260,7 +260,7 @@ void frmWeb::cmdStampa_Click()
     if (Stampante.isValid())
         ui->Web1->Stampa(Stampante);
     if (!Stampante.isValid() || Stampante.printerState() == QPrinter::Error)
-        throw Errore(482, u"Errore della stampante"_s);
+        throw Errore(errori::Stampante);
 }
 
 void frmWeb::txtCerca_Change()

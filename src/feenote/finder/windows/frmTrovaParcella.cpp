@@ -416,7 +416,7 @@ void frmTrovaParcella::Scegli(const QString& File)
 {
     // It may have gone since it was listed; a window without it would help nobody.
     if (!EsisteFile(File)) {
-        GestioneErrori(Errore(53));
+        GestioneErrori(Errore(errori::FileMancante));
         Avvia(Scopo::Rinfresca);
         return;
     }
