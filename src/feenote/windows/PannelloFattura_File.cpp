@@ -83,7 +83,8 @@ void PannelloFattura::cmdSalvaXml_Click()
     if (!Protetta([&] { Atteso = ProssimaTrasmissione(); }))
         return;
     // Another place may have written it since the note was opened here.
-    const DatiFatturaXml Scritta = FatturaGiaScritta(Nota) ? Nota.FatturaXml : ScrittaDaAltri();
+    const DatiFatturaXml NelFile = ScrittaDaAltri();
+    const DatiFatturaXml Scritta = FatturaGiaScritta(Nota) ? Nota.FatturaXml : NelFile;
     const auto Chiedi = [&]() -> QString {
         if (!Scritta.File.isEmpty() &&
             MsgBox(u"La fattura è già stata scritta il %1 come %2.\nScriverla di nuovo, con un altro nome?"_s
@@ -108,7 +109,7 @@ void PannelloFattura::cmdSalvaXml_Click()
         MsgErrore(u"Il file %1 esiste già e non viene sostituito: scegliere un'altra cartella!"_s.arg(Nome));
         return;
     }
-    Scrivi(CartellaFile(Scelto), Atteso, Scritta.File);
+    Scrivi(CartellaFile(Scelto), Atteso, NelFile.File);
 }
 
 DatiFatturaXml PannelloFattura::ScrittaDaAltri() const
@@ -120,7 +121,7 @@ DatiFatturaXml PannelloFattura::ScrittaDaAltri() const
 /// The number is taken before the file is written, and stays taken whatever becomes of the file. The note
 /// says that it was written before it is: a program that is killed in between has written no invoice that its
 /// note does not know.
-/// @param GiaNoto the file that is known to hold this invoice already
+/// @param GiaNoto the file of this invoice that the note's file named when the user chose to write
 void PannelloFattura::Scrivi(const QString& Cartella, int Atteso, const QString& GiaNoto)
 {
     const QString NonScritta = u"La fattura elettronica non è stata scritta: "_s;

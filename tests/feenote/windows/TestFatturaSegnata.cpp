@@ -21,6 +21,7 @@ private Q_SLOTS:
     void laNotaLoSaPrima();
     void scrittaDaUnAltroPosto_data();
     void scrittaDaUnAltroPosto();
+    void leSueDiPrimaNonSonoDiAltri();
 };
 PROVA(TestFatturaSegnata);
 
@@ -101,6 +102,27 @@ void TestFatturaSegnata::scrittaDaUnAltroPosto()
     QCOMPARE(QDir(T->Ufficio.Cartella()).entryList({u"IT*.xml"_s}, QDir::Files).size(), 0);
     QVERIFY(!F->Nota.Modificata);
     QVERIFY(F->Nota.FatturaXml.File.isEmpty());
+}
+
+/// The file holds the first mark, the note a later one that was not saved: neither is another's.
+void TestFatturaSegnata::leSueDiPrimaNonSonoDiAltri()
+{
+    const QString Dove = salvataggi::SalvaCome(*T, u"rossi.mdb"_s);
+    ApriPannello();
+    const auto Nome = [](int Numero) { return u"IT%1_0000%2.xml"_s.arg(CodiceStudio).arg(Numero); };
+    T->Voce.AttendiSalva(T->Ufficio.File(Nome(1)));
+    T->Voce.Attendi(u"La fattura elettronica è stata scritta nel file %1."_s.arg(Nome(1)));
+    Clic(Controllo(F, "cmdSalvaXml"));
+    F->SetModificata(true);
+    for (const int Numero : {2, 3}) {
+        T->Voce.Attendi(
+            u"La fattura è già stata scritta il %1 come %2.\nScriverla di nuovo, con un altro nome?"_s.arg(
+                Format(Oggi(), u"dd/mm/yyyy"), Nome(Numero - 1)),
+            vbYes, u"Domanda:"_s);
+        SalvaIn(T->Ufficio.Cartella(), Numero);
+    }
+    QCOMPARE(FatturaNelFile(F->Nota).File, Nome(1));
+    QCOMPARE(F->Nota.FatturaXml.File, Nome(3));
 }
 
 #include "TestFatturaSegnata.moc"
