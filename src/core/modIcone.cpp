@@ -106,7 +106,7 @@ void LeggiIconeUtente()
     IconeUtente = LeggiIcone();
 }
 
-bool ScriviIconeUtente(const TabellaRighe& Icone)
+bool ScriviIconeUtente(const TabellaRighe& Icone, bool Cambiate)
 {
     const QList<std::pair<QString, QString>> Nuove = Righe(Icone);
     const QString Letto = FileIcone();
@@ -114,6 +114,8 @@ bool ScriviIconeUtente(const TabellaRighe& Icone)
         return true;  // nothing to take out of it, and nothing to put into it
     if (!Letto.isEmpty() && SostituisciChiavi(Sezione, ChiaveDiIcona, Nuove, Letto))
         return true;
+    if (!Cambiate)
+        return false;  // a copy would keep from the user what is changed in the program folder later
     const QString Utente = NellaCartella(sessione::UserFolder);
     return !Utente.isEmpty() && Utente != Letto && SostituisciChiavi(Sezione, ChiaveDiIcona, Nuove, Utente);
 }

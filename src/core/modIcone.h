@@ -25,11 +25,12 @@ inline TabellaRighe IconeUtente{ColonneIcona};
 /// Reads IconeUtente anew.
 void LeggiIconeUtente();
 
-/// Writes the icons in the place of those in the file, the one that LeggiIcone reads; into the user folder
-/// where the program folder refuses it. Rows without label or target are left out, numbers have no gaps. No
-/// file is made for no icon.
+/// Writes the icons in the place of those in the file, the one that LeggiIcone reads. Rows without label or
+/// target are left out, numbers have no gaps. No file is made for no icon.
+/// @param Cambiate they are not those that were read: where the program folder refuses them they go into the
+/// user folder, whose file hides that one from then on
 /// @return false when no file could be written; the former ones are as they were
-bool ScriviIconeUtente(const TabellaRighe& Icone);
+bool ScriviIconeUtente(const TabellaRighe& Icone, bool Cambiate = true);
 
 /// True for an address: it begins with "http" or "www", in any case.
 [[nodiscard]] bool ELink(const QString& Destinazione);

@@ -35,6 +35,7 @@ private Q_SLOTS:
     void scriveSoloRigheIntere();
     void scriveDoveLegge_data();
     void scriveDoveLegge();
+    void scriveNellaCartellaUtenteSeRifiutata_data();
     void scriveNellaCartellaUtenteSeRifiutata();
     void nessunaDelleDueScrivibile();
     void discoPieno();
@@ -266,15 +267,31 @@ void TestIcone::scriveDoveLegge()
     QCOMPARE(LeggiIcone(), Tabella(Due));
 }
 
+void TestIcone::scriveNellaCartellaUtenteSeRifiutata_data()
+{
+    QTest::addColumn<QList<QStringList>>("Icone");
+    QTest::addColumn<bool>("Cambiate");
+
+    const QList<QStringList> Fornita{{u"Fornita"_s, u"/f"_s, u"f.gif"_s}};
+    QTest::newRow("others") << Due << true;
+    QTest::newRow("all taken away") << QList<QStringList>() << true;
+    QTest::newRow("as they were read") << Fornita << false;
+    QTest::newRow("none, and none was read") << QList<QStringList>() << false;
+}
+
 void TestIcone::scriveNellaCartellaUtenteSeRifiutata()
 {
+    QFETCH(QList<QStringList>, Icone);
+    QFETCH(bool, Cambiate);
     sessione::UserFolder = NuovaCartella();
     const QString Fornito = sessione::PercorsoProg + u"kr5.ini"_s;
     ScriviFile(Fornito, "[desktop]\nL0=Fornita\nL0_c=/f\nL0_i=f.gif\n");
     ImpostaSolaLettura(Fornito, true);
-    QVERIFY(ScriviIconeUtente(Tabella(Due)));
+    QCOMPARE(ScriviIconeUtente(Tabella(Icone), Cambiate), Cambiate);
     QVERIFY(LeggiFile(Fornito).contains("Fornita"));
-    QCOMPARE(LeggiIcone(), Tabella(Due));
+    QCOMPARE(EsisteFile(sessione::UserFolder + u"kr5.ini"_s), Cambiate);
+    if (Cambiate)
+        QCOMPARE(LeggiIcone(), Tabella(Icone));
 }
 
 void TestIcone::nessunaDelleDueScrivibile()

@@ -155,7 +155,7 @@ bool SchedaDesktop::SalvaIcone()
     // empty list over a file that could not be read for a moment.
     if (!IconeCambiate() && LeggiIcone() != IconeLette)
         return true;
-    if (!ScriviIconeUtente(Icone))
+    if (!ScriviIconeUtente(Icone, IconeCambiate()))
         return false;
     IconeLette = Icone;
     IconeUtente = Icone;

@@ -23,6 +23,8 @@ private Q_SLOTS:
     void ogniSalvataggioLeRiscrive();
     void leIconeDiUnAltroRestano();
     void illeggibilePerUnMomento();
+    void illeggibileAncheAlSalvataggio();
+    void cartellaProgrammaSolaLettura();
     void senzaIconeNessunFile();
 
 private:
@@ -162,6 +164,41 @@ void TestSetupIcone::illeggibilePerUnMomento()
     T->Memorizza(Box);
     QCOMPARE(Ini(), TavoloSetup::DueIcone());
     QCOMPARE(Grigl()->Righe(), 2);
+}
+
+void TestSetupIcone::illeggibileAncheAlSalvataggio()
+{
+    // Nothing is known of the office's icons: no list of none takes their place.
+    Registratore Box;
+    const QString File = T->Programma + u"kr5.ini"_s;
+    QVERIFY(QFile::remove(File));
+    CreaCartella(File);
+    const QString Illeggibile = u"75 Errore di accesso al percorso o al file: "_s + File;
+    Box.Attendi(Illeggibile);
+    T->Apri(3);
+    Box.Attendi(Illeggibile);
+    Box.Attendi(u"Errore scrittura .ini"_s, vbOK, u"Errore:"_s);
+    T->Memorizza(Box);
+    QVERIFY(!QFile::exists(T->Utente + u"kr5.ini"_s));
+}
+
+void TestSetupIcone::cartellaProgrammaSolaLettura()
+{
+    // Who has changed no icon goes on with those of the program folder, whatever they are later.
+    Registratore Box;
+    ImpostaSolaLettura(T->Programma + u"kr5.ini"_s, true);
+    T->Apri(3);
+    Box.Attendi(u"Errore scrittura .ini"_s, vbOK, u"Errore:"_s);
+    T->Memorizza(Box);
+    QVERIFY(!QFile::exists(T->Utente + u"kr5.ini"_s));
+    TavoloSetup::NellEditor([](frmIcons& Modulo) {
+        TavoloSetup::Riempi(Modulo, u"Tribunale"_s, u"https://tribunale.example"_s);
+        Modulo.cmdSalvaIco_Click();
+    });
+    T->Premi(u"cmdAddIco"_s);
+    T->Memorizza(Box);
+    QVERIFY(LeggiFile(T->Utente + u"kr5.ini"_s).contains("L2=Tribunale"));
+    QCOMPARE(Ini(), TavoloSetup::DueIcone());
 }
 
 void TestSetupIcone::senzaIconeNessunFile()
