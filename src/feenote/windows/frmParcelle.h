@@ -216,7 +216,8 @@ private:
     // ---- frmParcelle_Vita.cpp
     void RimettiDisposizione();  ///< splitters and columns as the last window left them
     void RicordaDisposizione() const;
-    void RilegaRighe();  ///< the grids forget the note that was here before
+    void RilegaRighe();    ///< the grids forget the note that was here before
+    void PrendiPratica();  ///< a new note of a matter's session is the matter's
     /// The note of before has gone, with its address book; another one comes, or none.
     void CambiaNota(bool Viene);
     /// A message or a dialog holds this window back; a card that is modal to its address book does not.

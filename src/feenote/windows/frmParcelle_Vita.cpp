@@ -131,12 +131,17 @@ void frmParcelle::Nuova(const QString& /*ID*/)
     CambiaNota(true);
     const RapportiUnici UnaVolta;
     NuovaParcella(Nota);
-    if (!sessione::RichiestaPV2.ID.isEmpty())
-        ApplicaRichiesta(Nota, sessione::RichiestaPV2);
+    PrendiPratica();
     RilegaRighe();
     SetModificata(false);
     CominciaNota(true);
     MostraTutto();
+}
+
+void frmParcelle::PrendiPratica()
+{
+    if (!sessione::RichiestaPV2.ID.isEmpty())
+        ApplicaRichiesta(Nota, sessione::RichiestaPV2);
 }
 
 bool frmParcelle::Carica(const QString& Percorso)
@@ -149,6 +154,8 @@ bool frmParcelle::Carica(const QString& Percorso)
         Protetta([&] { LeggiParcella(Nota, Percorso, [&] { Trovata = ImprontaDi(Percorso); }); });
     if (Letta)
         ImprontaMia = Trovata;
+    else
+        PrendiPratica();
     AdottaRiferimento(Nota);
     RilegaRighe();
     const bool Diversa = Nota.Modificata;  // not all of the file could be read
@@ -210,6 +217,8 @@ void frmParcelle::Recupera(const CopiaRecupero& Trovata)
     const bool Letta = Protetta([&] { RecuperaNota(Nota, Trovata); });
     if (Letta && !Nota.Percorso.isEmpty())
         ImprontaMia = ImprontaDellaCopia(Trovata);
+    if (!Letta)
+        PrendiPratica();
     AdottaRiferimento(Nota);
     RilegaRighe();
     SetModificata(Letta);

@@ -76,6 +76,8 @@ private Q_SLOTS:
     void chiusaDalCodiceConIlMessaggioVero();
     void chiusaDalCodiceConUnAltraFinestraModale();
     void laNotaDiUnaPraticaFinisceIlProgramma();
+    void laPraticaDopoUnFileGuasto_data();
+    void laPraticaDopoUnFileGuasto();
     void lUltimaInModoBassoFinisceIlProgramma();
     void lUltimaFrecciaSalva();
 
@@ -389,6 +391,34 @@ void TestVita::laNotaDiUnaPraticaFinisceIlProgramma()
     InstallaShell(Prima);
     QCOMPARE(Fini, 1);
     QVERIFY2(Ultime == 0, "né misure né menu");
+}
+
+void TestVita::laPraticaDopoUnFileGuasto_data()
+{
+    QTest::addColumn<bool>("Copia");
+    QTest::newRow("a note") << false;
+    QTest::newRow("a recovery copy") << true;
+}
+
+/// The new note that stands in for what could not be read is saved and closed as the matter's: it is.
+void TestVita::laPraticaDopoUnFileGuasto()
+{
+    QFETCH(bool, Copia);
+    sessione::RichiestaPV2.ID = u"P12"_s;
+    sessione::RichiestaPV2.Scelta = 11;
+    sessione::RichiestaPV2.IDCli = T->Ufficio.AggiungiCliente(u"Verdi Ada"_s);
+    const QString Guasto = T->Ufficio.File(u"P12-guasta.mdb"_s);
+    ScriviFile(Guasto, QByteArray(5000, 'x'));
+    T->Voce.Tollera();
+    CopiaRecupero Trovata;
+    Trovata.File = Guasto;
+    Copia ? F->Recupera(Trovata) : void(F->Carica(Guasto));
+    QVERIFY2(T->Voce.UltimoTesto().startsWith(u"Errore: "_s), qPrintable(T->Voce.UltimoTesto()));
+    QCOMPARE(TestoDi(F, "txtCliente"), u"Verdi Ada"_s);
+    QCOMPARE(TestoDi(F, "lblRif_1"), u"P12"_s);
+    QCOMPARE(F->Nota.Scelta, 11);
+    QVERIFY(F->Nota.Percorso.isEmpty());
+    QVERIFY(!F->Nota.Modificata && !InfoParcelle[1].Modificata);
 }
 
 void TestVita::lUltimaInModoBassoFinisceIlProgramma()
