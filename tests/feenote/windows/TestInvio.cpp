@@ -30,6 +30,7 @@ private Q_SLOTS:
     void laRispostaTrovaUnAltraNota();
     void inviatoEQuantoChiedevaIlPdf();
     void siRompeDopoLAttesa();
+    void dueInviiDiFila_data();
     void dueInviiDiFila();
     void laNotaSiChiudePrima_data();
     void laNotaSiChiudePrima();
@@ -231,18 +232,31 @@ void TestInvio::siRompeDopoLAttesa()
     QTRY_VERIFY(T->Voce.UltimoTesto().startsWith(u"Il programma di posta non si è aperto (codice 3)."_s));
 }
 
-/// The second mail is asked for before the first has opened: the state follows both.
+void TestInvio::dueInviiDiFila_data()
+{
+    QTest::addColumn<int>("Primo");
+    QTest::addColumn<int>("Secondo");
+    QTest::newRow("the invoice last") << int(StampaPrenotula) << int(StampaFatturaAnalitica);
+    QTest::newRow("the invoice first") << int(StampaFatturaAnalitica) << int(StampaSoloContabile);
+}
+
+/// The second mail is asked for before the first has opened: the state follows both, and the invoice is one
+/// whichever comes first.
 void TestInvio::dueInviiDiFila()
 {
+    QFETCH(int, Primo);
+    QFETCH(int, Secondo);
     const QScopedValueRollback Breve(guasti::AttesaPostaMs, 1500);
     Riempi(2);
-    Documento(StampaPrenotula);
+    Documento(Primo);
     Installa("exec /bin/sleep 4\n");
     InviaSubito();
-    Documento(StampaFatturaAnalitica);
+    Documento(Secondo);
     InviaSubito();
     QCOMPARE(F->Nota.Stato.Stato, StatoNota::Bozza);
     QTRY_COMPARE(F->Nota.Stato.Stato, StatoNota::Fatturata);
+    QTest::qWait(guasti::AttesaPostaMs + 300);
+    QCOMPARE(F->Nota.Stato.Stato, StatoNota::Fatturata);
     QCOMPARE(F->Nota.Stato.Documento, int(StampaFatturaAnalitica));
 }
 
