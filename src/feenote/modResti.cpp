@@ -18,6 +18,7 @@ struct Spesi
 constexpr double Scarto = 0.01;
 
 /// Pays a document. The payments of the associated note go first: they pay no document of this note alone.
+/// Each of the two lists is spent for itself: what a document has taken away of one is none of the other's.
 /// @param Capienza what it still takes
 /// @param Margine cents that may be missing where an earlier one was paid first
 /// @return what it has got
@@ -25,19 +26,20 @@ double Paga(const DocumentoDaPagare& Questo, double Capienza, double Margine, Sp
 {
     const double DelSocio = Questo.ConSocio ? std::max(0.0, Questo.DelSocio) : 0.0;
     const double GiaDelSocio = Questo.ConSocio ? Fin.DelSocio * Questo.Quota : 0.0;
-    const double Gia = Fin.Propri * Questo.Quota + GiaDelSocio;
-    const double Inizio = std::max(Questo.Nominati, Arrotonda2(Gia));
-    const double Restano = std::max(0.0, Questo.Propri + DelSocio - Inizio);
+    const double GiaPropri = Fin.Propri * Questo.Quota;
+    // What has gone from one list since counts as taken away from the other: it was written there anew.
+    const double AlPiu = std::max(0.0, std::min(DelSocio, Questo.Nominati));
+    const double AlMeno = std::clamp(Questo.Nominati - Questo.Propri, 0.0, AlPiu);
+    const double Nominati = std::clamp(Questo.NominatiDelSocio, AlMeno, AlPiu);
+    const double InizioDelSocio = std::max(Nominati, Arrotonda2(GiaDelSocio));
+    const double InizioPropri = std::max(Questo.Nominati - Nominati, Arrotonda2(GiaPropri));
+    const double Restano = std::max(0.0, Questo.Propri + DelSocio - (InizioPropri + InizioDelSocio));
     double Preso = std::clamp(Restano, 0.0, std::max(0.0, Capienza));
-    if (Preso > 0 && Gia > 0 && Arrotonda2(Capienza - Preso) <= Margine)
+    if (Preso > 0 && GiaPropri + GiaDelSocio > 0 && Arrotonda2(Capienza - Preso) <= Margine)
         Preso = Capienza;
-    const double Fine = Inizio + Preso;
-    if (Fine <= Gia)
-        return Preso;
-    const double Suoi = std::max(GiaDelSocio, std::min(DelSocio, Fine));
-    if (Questo.ConSocio)
-        Fin.DelSocio = Suoi / Questo.Quota;
-    Fin.Propri = std::max(Fin.Propri, (Fine - Suoi) / Questo.Quota);
+    const double Suoi = std::clamp(Preso, 0.0, std::max(0.0, DelSocio - InizioDelSocio));
+    Fin.DelSocio = std::max(Fin.DelSocio, Questo.ConSocio ? (InizioDelSocio + Suoi) / Questo.Quota : 0.0);
+    Fin.Propri = std::max(Fin.Propri, (InizioPropri + Preso - Suoi) / Questo.Quota);
     return Preso;
 }
 

@@ -11,10 +11,11 @@ struct DocumentoDaPagare
     bool Storno = false;    ///< a credit note: it takes its net back from the invoice before it
     bool ConSocio = false;  ///< payments of the associated note pay it too
     double Netto = 0.0;
-    double Nominati = 0.0;  ///< of the payments, what it has taken away itself
-    double Propri = 0.0;    ///< all payments of the note
-    double DelSocio = 0.0;  ///< all payments of the associated note
-    double Quota = 1.0;     ///< of what the payments are with VAT
+    double Nominati = 0.0;          ///< of the payments, what it has taken away itself
+    double Propri = 0.0;            ///< all payments of the note
+    double DelSocio = 0.0;          ///< all payments of the associated note
+    double NominatiDelSocio = 0.0;  ///< of Nominati, those of the associated note
+    double Quota = 1.0;             ///< of what the payments are with VAT
 };
 
 /// What is left of each of them, the oldest first, never below 0; a credit note stays as it is. What a later

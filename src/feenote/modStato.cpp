@@ -56,6 +56,11 @@ SommeAcconti Insieme(const SommeAcconti& A, const SommeAcconti& B)
     return {A.Corrispettivi + B.Corrispettivi, A.SpeseImp + B.SpeseImp, A.SpeseEsenti + B.SpeseEsenti};
 }
 
+SommeAcconti Senza(const SommeAcconti& A, const AccontiTenuti& B)
+{
+    return {A.Corrispettivi - B.Corrispettivi, A.SpeseImp - B.SpeseImp, A.SpeseEsenti - B.SpeseEsenti};
+}
+
 /// A document has gone out and counts.
 bool Uscita(const StatoTenuto& Tenuto)
 {
@@ -133,6 +138,20 @@ ImportiDocumento Importi(const DatiCatena& Dati, bool Scissione)
             InCentesimi(Dati.Acconti.SpeseEsenti)};
 }
 
+/// What a document that goes out takes away of the associated note's payments.
+std::optional<AccontiTenuti> DettiDelSocio(const Parcella& Nota, int Tipo, bool Numerata)
+{
+    if (!Nota.Multipla())
+        return std::nullopt;
+    Parcella Sua = Nota;
+    if (Tipo != Nota.cmbTipoStampa)
+        ScegliTipoStampa(Sua, Tipo);
+    const AccontiDetratti Tolti = Numerata ? AccontiFatturati(Sua, Tipo) : AccontiDelDocumento(Sua, Tipo);
+    const SommeAcconti Suoi = SommaAcconti(Tolti.Altri);
+    return AccontiTenuti{InCentesimi(Suoi.Corrispettivi), InCentesimi(Suoi.SpeseImp),
+                         InCentesimi(Suoi.SpeseEsenti)};
+}
+
 /// The document whose figures are kept.
 int DocumentoDegliImporti(const Parcella& Nota)
 {
@@ -178,9 +197,13 @@ DocumentoDaPagare DaPagare(const Parcella& Nota, int Tipo, const ImportiDocument
         Dati.IVA.Vale = false;
     DocumentoDaPagare Suo{.Storno = Storno, .ConSocio = ConSocio, .Netto = Chiesti.Netto};
     // A payment that the document had taken away and that is no longer there raises nothing that was asked.
-    Suo.Nominati = Lordi({Chiesti.AccCorrispettivi, Chiesti.AccSpeseImp, Chiesti.AccSpeseEsenti});
+    const SommeAcconti Nominati{Chiesti.AccCorrispettivi, Chiesti.AccSpeseImp, Chiesti.AccSpeseEsenti};
+    Suo.Nominati = Lordi(Nominati);
     Suo.Propri = Lordi(Propri);
     Suo.DelSocio = Lordi(Tutti) - Suo.Propri;
+    if (ConSocio)
+        Suo.NominatiDelSocio =
+            Chiesti.DelSocio ? Suo.Nominati - Lordi(Senza(Nominati, *Chiesti.DelSocio)) : Suo.DelSocio;
     if (ConIva > 0 && Lordi(Tutti) > 0)
         Suo.Quota = Lordi(Tutti) / ConIva;
     return Suo;
@@ -325,6 +348,7 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
         Tenuto.ConSocio = Nota.Multipla();
         TieniSocio(Nota);
         Tenuto.Importi = Importi(Dati, ConScissione(Nota, Tipo));
+        Tenuto.Importi->DelSocio = DettiDelSocio(Nota, Tipo, Numerata);
     }
     if (Verso > Tenuto.Stato) {
         Tenuto.Stato = Verso;

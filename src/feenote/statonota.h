@@ -26,6 +26,16 @@ inline constexpr std::array StatiNota{StatoNota::Bozza, StatoNota::Inviata, Stat
 /// The state of a word, whatever its case; nothing for another word.
 [[nodiscard]] std::optional<StatoNota> StatoDelNome(QStringView Nome);
 
+/// Payments of a list without taxes, euro.
+struct AccontiTenuti
+{
+    double Corrispettivi = 0.0;
+    double SpeseImp = 0.0;
+    double SpeseEsenti = 0.0;
+
+    friend bool operator==(const AccontiTenuti&, const AccontiTenuti&) = default;
+};
+
 /// The figures of a document, euro, each of two decimals.
 struct ImportiDocumento
 {
@@ -39,6 +49,8 @@ struct ImportiDocumento
     double AccCorrispettivi = 0.0;
     double AccSpeseImp = 0.0;
     double AccSpeseEsenti = 0.0;
+    /// Of these the payments of the associated note; nothing where the file does not tell.
+    std::optional<AccontiTenuti> DelSocio = {};
 
     friend bool operator==(const ImportiDocumento&, const ImportiDocumento&) = default;
 };

@@ -79,6 +79,10 @@ private Q_SLOTS:
     void laCoppia();
     void laCoppiaDopo();
     void dueDellaCoppia();
+    void leDueListe_data();
+    void leDueListe();
+    void senzaSaperDiChi();
+    void ilRestoDelSocio();
 };
 PROVA(TestStatoPagamenti);
 
@@ -217,7 +221,8 @@ void TestStatoPagamenti::centesimi()
     QCOMPARE(Resti(Prova), Due(14.59, 0.14));
 }
 
-/// A credit note on paper that names more payments than it has lines takes nothing back, and asks for nothing.
+/// A credit note on paper that names more payments than it has lines takes nothing back, and asks for
+/// nothing.
 void TestStatoPagamenti::stornoSottoZero()
 {
     Parcella Prova = NotaDaMille(StampaFatturaAnalitica);
@@ -307,6 +312,110 @@ void TestStatoPagamenti::dueDellaCoppia()
     Prova.Multi.xAcconti(Riga, AccCorrispettivi) = 1000.0;
     Paga(Prova, 135.0);
     QCOMPARE(Resti(Prova), Due(2 * Netto - 1313.21, 2 * Netto - Cento));
+}
+
+void TestStatoPagamenti::leDueListe_data()
+{
+    QTest::addColumn<double>("PropriPrima");
+    QTest::addColumn<double>("SuoiPrima");
+    QTest::addColumn<double>("PropriDopo");
+    QTest::addColumn<double>("SuoiDopo");
+    QTest::addColumn<double>("Sola");
+    QTest::addColumn<double>("DiDue");
+    const double DueCento = 253.76;
+    const double SeiCento = 761.28;
+    QTest::newRow("nothing") << 0.0 << 0.0 << 0.0 << 0.0 << Netto << 2 * Netto;
+    // What the invoice of both has taken away was the associated note's, this note's money is another.
+    QTest::newRow("theirs, then ours")
+        << 0.0 << 500.0 << 600.0 << 0.0 << Netto - SeiCento << 2 * Netto - Cinquecento;
+    QTest::newRow("theirs, then as much of ours")
+        << 0.0 << 500.0 << 500.0 << 0.0 << Netto - Cinquecento << 2 * Netto - Cinquecento;
+    // What it has taken away of this note's pays the one before.
+    QTest::newRow("ours, then theirs")
+        << 200.0 << 0.0 << 0.0 << 500.0 << Netto - DueCento << 2 * Netto - DueCento - Cinquecento;
+    QTest::newRow("ours, then as much of theirs")
+        << 500.0 << 0.0 << 0.0 << 500.0 << Netto - Cinquecento << 2 * Netto - 2 * Cinquecento;
+    QTest::newRow("of both, then of both")
+        << 200.0 << 100.0 << 400.0 << 500.0 << Netto - SeiCento << 2 * Netto - DueCento - Cento - Cinquecento;
+}
+
+/// Invoice 12 of this note alone, invoice 14 of both: either has its own payments, before 14 went out and
+/// after; also of a note that was opened again without the other one.
+void TestStatoPagamenti::leDueListe()
+{
+    QFETCH(double, PropriPrima);
+    QFETCH(double, SuoiPrima);
+    QFETCH(double, PropriDopo);
+    QFETCH(double, SuoiDopo);
+    Parcella Prova = NotaDaMille(StampaFatturaAnalitica);
+    const auto Pagano = [&Prova](double Propri, double Suoi) {
+        if (Propri > 0)
+            Paga(Prova, Propri);
+        const int Riga = Prova.Multi.xAcconti.AggiungiRiga();
+        Prova.Multi.xAcconti(Riga, AccValuta) = u"E"_s;
+        Prova.Multi.xAcconti(Riga, AccCorrispettivi) = Suoi;
+    };
+    Emetti(Prova, 12, 1000.0);
+    Prova.txtParcMultipla = u"altra"_s;
+    Prova.txtPathParcMult = u"/note/altra.mdb"_s;
+    Prova.Multi.TotOnorari = 1000;
+    Pagano(PropriPrima, SuoiPrima);
+    Emetti(Prova, 14, 1000.0);
+    Pagano(PropriDopo, SuoiDopo);
+    QFETCH(double, Sola);
+    QFETCH(double, DiDue);
+    QCOMPARE(Resti(Prova), Due(Sola, DiDue));
+    // Opened again the associated note is known by its sums alone.
+    TieniSocio(Prova);
+    Prova.txtParcMultipla.clear();
+    Prova.Multi = {};
+    QCOMPARE(Resti(Prova), Due(Sola, DiDue));
+    // And a further invoice, before which 14 stands.
+    Emetti(Prova, 16, 1000.0);
+    QCOMPARE(Due(RestiDellaNota(Prova)[0], RestiDellaNota(Prova)[1]), Due(Sola, DiDue));
+}
+
+/// A file that does not tell whose payments an invoice of both has taken away: the associated note's first,
+/// as far as there are any.
+void TestStatoPagamenti::senzaSaperDiChi()
+{
+    Parcella Prova = NotaDaMille(StampaFatturaAnalitica);
+    Emetti(Prova, 12, 1000.0);
+    Prova.txtParcMultipla = u"altra"_s;
+    Prova.txtPathParcMult = u"/note/altra.mdb"_s;
+    Prova.Multi.TotOnorari = 1000;
+    const int Riga = Prova.Multi.xAcconti.AggiungiRiga();
+    Prova.Multi.xAcconti(Riga, AccValuta) = u"E"_s;
+    Prova.Multi.xAcconti(Riga, AccCorrispettivi) = 500.0;
+    Paga(Prova, 100.0);
+    Emetti(Prova, 14, 1000.0);
+    QVERIFY(Prova.Stato.Importi->DelSocio);
+    Prova.Stato.Importi->DelSocio.reset();
+    Paga(Prova, 400.0);
+    QCOMPARE(Resti(Prova), Due(Netto - Cinquecento, 2 * Netto - Cinquecento - Cento));
+    // A payment that is written over to the other list is not paid twice.
+    Prova.Stato.Importi->DelSocio = AccontiTenuti{};
+    Prova.xAcconti = TabellaRighe(AccColonne);
+    Prova.Multi.xAcconti(Riga, AccCorrispettivi) = 600.0;
+    QCOMPARE(Resti(Prova), Due(Netto, 2 * Netto - Cinquecento - Cento));
+}
+
+/// What the first of two invoices of both has not needed of the associated note's payments is the next one's.
+void TestStatoPagamenti::ilRestoDelSocio()
+{
+    Parcella Prova = NotaDaMille(StampaFatturaAnalitica);
+    Emetti(Prova, 12, 1000.0);
+    Prova.txtParcMultipla = u"altra"_s;
+    Prova.txtPathParcMult = u"/note/altra.mdb"_s;
+    Emetti(Prova, 14, 300.0);
+    Emetti(Prova, 16, 500.0);
+    Paga(Prova, 1150.0);
+    const int Riga = Prova.Multi.xAcconti.AggiungiRiga();
+    Prova.Multi.xAcconti(Riga, AccValuta) = u"E"_s;
+    Prova.Multi.xAcconti(Riga, AccCorrispettivi) = 500.0;
+    // 300,00 with general expenses are 345,00; 155,00 of 575,00 are left for 16.
+    QCOMPARE(Resti(Prova), Due(0.0, 532.9));
+    QCOMPARE(RestiDellaNota(Prova)[1], 0.0);
 }
 
 #include "TestStatoPagamenti.moc"

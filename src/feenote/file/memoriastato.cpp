@@ -119,6 +119,34 @@ std::optional<ImportiLetti> LeggiImporti(const QString& Testo, double Massimo)
     return LeggiImporti(QStringView(Testo).split(u';'), Massimo);
 }
 
+// ---- a document of both notes -----------------------------------------------------------------------
+
+/// The mark, and what the document has taken away of the associated note's payments: "1|500.00|0.00|0.00".
+QString MarcaSocio(bool ConSocio, const std::optional<AccontiTenuti>& Detti)
+{
+    if (!ConSocio)
+        return u"0"_s;
+    QString Testo = u"1"_s;
+    if (Detti)
+        for (const double Uno : {Detti->Corrispettivi, Detti->SpeseImp, Detti->SpeseEsenti})
+            Testo += u'|' + QString::number(Uno, 'f', 2);
+    return Testo;
+}
+
+bool EConSocio(QStringView Marca)
+{
+    return Marca == u"1" || Marca.startsWith(u"1|");
+}
+
+/// Nothing of a mark alone, as older versions have written it, nor of what cannot be read.
+std::optional<AccontiTenuti> LeggiDetti(QStringView Marca)
+{
+    const auto Valori = LeggiValori<4>(Marca.split(u'|'), MassimoImporto);
+    if (!Valori || !EConSocio(Marca))
+        return std::nullopt;
+    return AccontiTenuti{(*Valori)[1], (*Valori)[2], (*Valori)[3]};
+}
+
 // ---- number and day of what has gone out, what went before it ---------------------------------------
 
 /// The number stands last: it may hold any sign, and a list cuts what is long.
@@ -140,7 +168,7 @@ QString Scritto(const DocumentoEmesso& Emesso, double Resto)
         return Emesso.Guasto;
     return QStringList{QString::number(Emesso.Documento),
                        Emesso.Storno ? u"1"_s : u"0"_s,
-                       Emesso.ConSocio ? u"1"_s : u"0"_s,
+                       MarcaSocio(Emesso.ConSocio, Emesso.Importi.DelSocio),
                        Scritti(Emesso.Importi, Resto),
                        Emesso.Data,
                        Emesso.Numero}
@@ -155,7 +183,7 @@ EmessoLetto LeggiEmesso(const QString& Testo, double Massimo)
     const QList<QStringView> Parti = QStringView(Testo).split(u';');
     EmessoLetto Letto;
     Letto.Che.Storno = Parti.value(1) == u"1";
-    Letto.Che.ConSocio = Parti.value(2) == u"1";
+    Letto.Che.ConSocio = EConSocio(Parti.value(2));
     const bool Intero = Parti.size() >= Fissi + 2;
     if (Intero) {
         Letto.Che.Data = GiornoBuono(Parti[Fissi].toString());
@@ -168,6 +196,7 @@ EmessoLetto LeggiEmesso(const QString& Testo, double Massimo)
     Letto.Importi = Importi && Letto.Che.Documento >= 0;
     if (Letto.Importi) {
         Letto.Che.Importi = Importi->Importi;
+        Letto.Che.Importi.DelSocio = LeggiDetti(Parti[2]);
         Letto.Resto = Importi->Resto;
     } else {
         Letto.Che.Guasto = Testo;
@@ -269,7 +298,8 @@ void ScriviStato(const Parcella& Nota, MemoriaFile& Memoria)
         Metti(VociEmessi[size_t(i)],
               i < Tenuto.Emessi.size() ? Scritto(Tenuto.Emessi[i], Resti.value(i)) : QString());
     const std::optional<SocioTenuto> Socio = SocioDellaNota(Nota);
-    Metti(VoceConSocio, Tenuto.ConSocio ? u"1"_s : QString());
+    const std::optional<AccontiTenuti> Detti = Tenuto.Importi ? Tenuto.Importi->DelSocio : std::nullopt;
+    Metti(VoceConSocio, Tenuto.ConSocio ? MarcaSocio(true, Detti) : QString());
     Metti(VoceSocio, Socio ? Scritto(*Socio) : QString());
 }
 
@@ -290,7 +320,9 @@ void LeggiStato(Parcella& Nota, const MemoriaFile& Memoria)
             Tenuto.Importi = Importi->Importi;
     if (Tenuto.Importi) {
         LeggiFattura(Memoria.value(VoceFattura), Tenuto.Numero, Tenuto.Data);
-        Tenuto.ConSocio = Memoria.value(VoceConSocio) == u"1";
+        const QString Marca = Memoria.value(VoceConSocio);
+        Tenuto.ConSocio = EConSocio(Marca);
+        Tenuto.Importi->DelSocio = LeggiDetti(Marca);
         for (EmessoLetto& Letto : LeggiEmessi(Memoria, MassimoImporto))
             Tenuto.Emessi.append(std::move(Letto.Che));
     } else {

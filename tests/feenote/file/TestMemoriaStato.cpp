@@ -118,6 +118,33 @@ void TestMemoriaStato::torna_data()
         QVERIFY(Nota.Stato.ConSocio && Nota.Stato.Socio);
         Nota.txtParcMultipla.clear();
     });
+    Caso("due con un'altra nota", Fatturata, [](Parcella& Nota) {
+        Nota.txtPathParcMult = u"/note/altra.mdb"_s;
+        Nota.txtParcMultipla = u"altra"_s;
+        Nota.Multi.TotOnorari = 1000;
+        const int Riga = Nota.Multi.xAcconti.AggiungiRiga();
+        Nota.Multi.xAcconti(Riga, AccValuta) = u"E"_s;
+        Nota.Multi.xAcconti(Riga, AccCorrispettivi) = 100.0;
+        Nota.Multi.xAcconti(Riga, AccSpeseImp) = 20.5;
+        Nota.Multi.xAcconti(Riga, AccSpeseEsenti) = 3.25;
+        for (const int Numero : {12, 13}) {
+            Nota.txtDatiPar[DatoNumFatt] = QString::number(Numero);
+            Nota.txtDatiPar[DatoDataFatt] = u"09/11/2026"_s;
+            SegnaFatturaScritta(Nota, u"x"_s, QString::number(Numero));
+        }
+        const AccontiTenuti Suoi{100, 20.5, 3.25};
+        QCOMPARE(Nota.Stato.Importi->DelSocio, std::optional(Suoi));
+        QCOMPARE(Nota.Stato.Emessi[0].Importi.DelSocio, std::optional(Suoi));
+        Nota.txtParcMultipla.clear();
+    });
+    Caso("con un'altra nota da un file di prima", Inviata, [](Parcella& Nota) {
+        Nota.txtPathParcMult = u"/note/altra.mdb"_s;
+        Nota.txtParcMultipla = u"altra"_s;
+        Nota.Multi.TotOnorari = 1000;
+        (void)NotaInviata(Nota, StampaPrenotula);
+        Nota.Stato.Importi->DelSocio.reset();
+        Nota.txtParcMultipla.clear();
+    });
     Caso("bozza con un'altra nota", Bozza, [](Parcella& Nota) {
         Nota.txtPathParcMult = u"/note/altra.mdb"_s;
         Nota.Stato.Socio = SocioTenuto{1, 2, 3, 4, 5, 6.78};
