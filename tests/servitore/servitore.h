@@ -6,6 +6,11 @@
 
 #include <QProcess>
 
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
 class Servitore
 {
 public:
@@ -23,7 +28,12 @@ public:
                 return;
         Porta = Programma.readLine().trimmed().toInt();
     }
-    ~Servitore() { Ferma(); }
+    ~Servitore()
+    {
+        Ferma();
+        if (Tenuta >= 0)
+            ::close(Tenuta);
+    }
     Servitore(const Servitore&) = delete;
     Servitore& operator=(const Servitore&) = delete;
 
@@ -41,20 +51,38 @@ public:
     }
     /// What it was asked so far.
     [[nodiscard]] QByteArray Uditi() const { return LeggiFile(Base + QStringLiteral("uditi")); }
+    /// From now on nobody answers: the port stays taken, or the server of a test beside this one might get
+    /// it.
     void Ferma()
     {
         Programma.closeWriteChannel();
         if (Programma.state() != QProcess::NotRunning && !Programma.waitForFinished(AttesaMs))
             Programma.kill();
+        if (Tenuta < 0 && Pronto())
+            TieniPorta();
     }
 
 private:
+    void TieniPorta()
+    {
+        Tenuta = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        const int Acceso = 1;
+        ::setsockopt(Tenuta, SOL_SOCKET, SO_REUSEADDR, &Acceso, sizeof Acceso);
+        sockaddr_in Qui = {};
+        Qui.sin_family = AF_INET;
+        Qui.sin_port = htons(quint16(Porta));
+        Qui.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        if (::bind(Tenuta, reinterpret_cast<const sockaddr*>(&Qui), sizeof Qui) != 0)
+            qWarning("the port of a server that has stopped is taken");
+    }
+
     static constexpr int AttesaMs = 10000;
 
     QString Base;
     bool Sicuro;
     QProcess Programma;
     int Porta = 0;
+    int Tenuta = -1;  ///< a socket that has the port and does not listen
 };
 
 /// A certificate for 127.0.0.1 and its key, made for this test alone; the folder that holds cert.pem and
