@@ -85,7 +85,7 @@ void BarraRicerca::Dimentica()
 {
     hide();
     const QSignalBlocker Zitto(Campo);  // nothing is sought
-    Campo->setText({});  // not to be taken back either
+    Campo->setText({});                 // not to be taken back either
     MostraConto(0, 0);
 }
 
