@@ -48,12 +48,9 @@ double Paga(const DocumentoDaPagare& Questo, double Capienza, double Margine, Sp
 QList<double> RestiDeiDocumenti(const QList<DocumentoDaPagare>& Documenti)
 {
     QList<double> Stornati(Documenti.size(), 0.0);
-    for (qsizetype i = 0, Fattura = -1; i < Documenti.size(); ++i) {
-        if (!Documenti[i].Storno)
-            Fattura = i;
-        else if (Fattura >= 0)
-            Stornati[Fattura] += std::max(0.0, Documenti[i].Netto);
-    }
+    for (const DocumentoDaPagare& Uno : Documenti)
+        if (Uno.Storno && Uno.Ripresa >= 0)
+            Stornati[Uno.Ripresa] += std::max(0.0, Uno.Netto);
     QList<double> Resti;
     for (const DocumentoDaPagare& Uno : Documenti)
         Resti.append(std::max(0.0, Uno.Netto));

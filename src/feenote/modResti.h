@@ -8,8 +8,9 @@
 /// where it asks for none. Euro.
 struct DocumentoDaPagare
 {
-    bool Storno = false;    ///< a credit note: it takes its net back from the invoice before it
-    bool ConSocio = false;  ///< payments of the associated note pay it too
+    bool Storno = false;     ///< a credit note
+    qsizetype Ripresa = -1;  ///< place of the invoice that a credit note takes its net back from, -1 none
+    bool ConSocio = false;   ///< payments of the associated note pay it too
     double Netto = 0.0;
     double Nominati = 0.0;          ///< of the payments, what it has taken away itself
     double Propri = 0.0;            ///< all payments of the note

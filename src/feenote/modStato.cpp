@@ -221,27 +221,27 @@ bool HaDocumenti(const StatoTenuto& Tenuto)
     return HaChiesto(Tenuto) || (Uscita(Tenuto) && (Tenuto.Storno || !Tenuto.Emessi.isEmpty()));
 }
 
-/// Each document that has asked for money is paid, less what the credit notes behind it take back, whatever
-/// lines came since or went.
+/// Each document that has asked for money is paid, less what its credit notes take back, whatever lines came
+/// since or went.
 bool DocumentiSaldati(const Parcella& Nota)
 {
     const StatoTenuto& Tenuto = Nota.Stato;
-    QList<double> Resti;
-    const auto Conta = [&](bool Storno, double Resto, double Netto) {
-        if (!Storno)
-            Resti.append(Resto);
-        else if (!Resti.isEmpty())
-            Resti.last() -= std::max(0.0, Netto);
-    };
     if (std::ranges::any_of(Tenuto.Emessi, [](const DocumentoEmesso& Uno) { return !Uno.Guasto.isEmpty(); }))
         return false;  // what it asked for is not known
-    const QList<double> Tutti = RestiDellaNota(Nota);
-    for (qsizetype i = 0; i < Tenuto.Emessi.size(); ++i)
-        Conta(Tenuto.Emessi[i].Storno, Tutti[i], Tenuto.Emessi[i].Importi.Netto);
-    if (Tenuto.Storno || HaChiesto(Tenuto))
-        Conta(Tenuto.Storno, Tutti.last(), Tenuto.Importi->Netto);
-    return !Resti.isEmpty() &&
-           std::ranges::all_of(Resti, [](double Resto) { return InCentesimi(Resto) <= 0; });
+    QList<double> Resti = RestiDellaNota(Nota);
+    const QList<qsizetype> Riprese = FattureStornate(Tenuto);
+    const qsizetype Ultimo = Tenuto.Emessi.size();
+    bool Chiesto = false;
+    for (qsizetype i = 0; i <= Ultimo; ++i) {
+        const bool Storno = i < Ultimo ? Tenuto.Emessi[i].Storno : Tenuto.Storno;
+        const double Netto = i < Ultimo ? Tenuto.Emessi[i].Importi.Netto : Tenuto.Importi->Netto;
+        Chiesto = Chiesto || (!Storno && (i < Ultimo || HaChiesto(Tenuto)));
+        if (Storno || (i == Ultimo && !HaChiesto(Tenuto)))
+            Resti[i] = 0.0;
+        if (Riprese[i] >= 0)
+            Resti[Riprese[i]] -= std::max(0.0, Netto);
+    }
+    return Chiesto && std::ranges::all_of(Resti, [](double Resto) { return InCentesimi(Resto) <= 0; });
 }
 
 bool Conferma(Parcella& Nota, const StatoTenuto& Era)
@@ -309,8 +309,8 @@ void TieniEmesso(StatoTenuto& Tenuto, bool Storno)
         Tenuto.Prima.reset();
         GiornoDi(Tenuto, StatoNota::Pagata).clear();
     }
-    Tenuto.Emessi.append(
-        {Tenuto.Documento, Tenuto.Storno, Tenuto.ConSocio, Tenuto.Numero, Tenuto.Data, *Tenuto.Importi});
+    Tenuto.Emessi.append({Tenuto.Documento, Tenuto.Storno, Tenuto.ConSocio, Tenuto.Numero, Tenuto.Data,
+                          *Tenuto.Importi, QString(), Tenuto.CitataNumero, Tenuto.CitataData});
     if (Tenuto.Emessi.size() > MassimiEmessi)
         Tenuto.Emessi.remove(0, Tenuto.Emessi.size() - MassimiEmessi);
 }
@@ -345,6 +345,9 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
         const NumeroEmesso Ora = Numerata ? NumeroDellaFattura(Nota) : NumeroEmesso();
         Tenuto.Numero = Ora.Numero;
         Tenuto.Data = Ora.Data;
+        Tenuto.CitataNumero = Storno ? Nota.FatturaXml.CitataNumero.simplified() : QString();
+        const auto Citata = LeggiData(Nota.FatturaXml.CitataData);
+        Tenuto.CitataData = Storno && Citata ? Format(*Citata, u"dd/mm/yyyy") : QString();
         Tenuto.ConSocio = Nota.Multipla();
         TieniSocio(Nota);
         Tenuto.Importi = Importi(Dati, ConScissione(Nota, Tipo));
@@ -523,6 +526,9 @@ QList<double> RestiDellaNota(const Parcella& Nota)
         Documenti.clear();  // nothing of a draft has gone out
     Documenti.append(DaPagare(Nota, DocumentoDegliImporti(Nota), ImportiDellaNota(Nota),
                               !Sola && Tenuto.Storno, Sola || Tenuto.ConSocio));
+    if (!Sola)
+        for (const QList<qsizetype> Riprese = FattureStornate(Tenuto); auto& Uno : Documenti)
+            Uno.Ripresa = Riprese[&Uno - Documenti.constData()];
     return RestiDeiDocumenti(Documenti);
 }
 

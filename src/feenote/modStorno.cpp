@@ -97,14 +97,29 @@ std::optional<Centesimi> DetrattiDa(const DocumentoEmesso& Fattura)
     return InCentesimi({Suoi.AccCorrispettivi, Suoi.AccSpeseImp, Suoi.AccSpeseEsenti});
 }
 
-/// What the invoice had taken away that a credit note of this file takes back: the one that it cites, else
-/// the document before it, where that is an invoice.
+/// The credit note in hand.
+DocumentoEmesso Credito(const DatiFatturaXml& Dati)
+{
+    DocumentoEmesso Suo;
+    Suo.Storno = true;
+    Suo.CitataNumero = Dati.CitataNumero;
+    Suo.CitataData = Dati.CitataData;
+    return Suo;
+}
+
+/// No document has been let go for the ones behind it.
+bool TuttiTenuti(const StatoTenuto& Tenuto)
+{
+    return Tenuto.Emessi.size() < MassimiEmessi;
+}
+
+/// What the invoice had taken away that a credit note of this file takes back.
 std::optional<Centesimi> DetrattiDallaFattura(const Parcella& Nota)
 {
     const QList<DocumentoEmesso> Fra = Usciti(Nota.Stato);
-    if (const auto Citata = LaFattura(Fra, Nota.FatturaXml.CitataNumero, Nota.FatturaXml.CitataData))
-        return DetrattiDa(*Citata);
-    return Fra.isEmpty() ? std::nullopt : DetrattiDa(Fra.last());
+    const qsizetype Posto =
+        FatturaStornata(Fra + QList{Credito(Nota.FatturaXml)}, Fra.size(), TuttiTenuti(Nota.Stato));
+    return Posto < 0 ? std::nullopt : DetrattiDa(Fra[Posto]);
 }
 
 /// The first payments of the lists that make these sums: they are written one below the other.
@@ -147,6 +162,37 @@ AccontiDetratti ConSomme(const AccontiDetratti& Tutti, const Centesimi& Volute)
 bool ENotaDiCredito(const Parcella& Nota)
 {
     return Nota.FatturaXml.Tipo == codici::NotaDiCredito;
+}
+
+qsizetype FatturaStornata(const QList<DocumentoEmesso>& Usciti, qsizetype Storno, bool Tutti)
+{
+    const DocumentoEmesso& Credito = Usciti[Storno];
+    const QString Citata = Firma(Credito.CitataNumero, Credito.CitataData);
+    if (!Citata.isEmpty()) {
+        for (qsizetype i = 0; i < Storno; ++i)
+            if (!Usciti[i].Storno && Firma(Usciti[i].Numero, Usciti[i].Data) == Citata)
+                return i;
+        if (!Tutti)
+            return -1;
+    }
+    qsizetype Posto = Storno - 1;
+    while (Posto >= 0 && Usciti[Posto].Storno)
+        --Posto;
+    return Posto;
+}
+
+QList<qsizetype> FattureStornate(const StatoTenuto& Tenuto)
+{
+    QList<DocumentoEmesso> Usciti = Tenuto.Emessi;
+    DocumentoEmesso Ultimo;
+    Ultimo.Storno = Tenuto.Storno;
+    Ultimo.CitataNumero = Tenuto.CitataNumero;
+    Ultimo.CitataData = Tenuto.CitataData;
+    Usciti.append(Ultimo);
+    QList<qsizetype> Posti;
+    for (qsizetype i = 0; i < Usciti.size(); ++i)
+        Posti.append(Usciti[i].Storno ? FatturaStornata(Usciti, i, TuttiTenuti(Tenuto)) : -1);
+    return Posti;
 }
 
 AccontiDetratti AccontiDelDocumento(const Parcella& Nota, int Tipo)

@@ -6,6 +6,16 @@
 /// The electronic invoice is to be a credit note; its paper is one where it is an invoice.
 [[nodiscard]] bool ENotaDiCredito(const Parcella& Nota);
 
+/// The place of the invoice that a credit note takes back, -1 where there is none: the one that it cites, by
+/// number and day, else the last invoice before it.
+/// @param Usciti what has gone out of its file, the oldest first
+/// @param Storno the place of the credit note
+/// @param Tutti nothing older may have been let go: else a cited invoice that is not there has been one of
+/// those
+[[nodiscard]] qsizetype FatturaStornata(const QList<DocumentoEmesso>& Usciti, qsizetype Storno, bool Tutti);
+/// The same of each document of Stato.Emessi and, last, of that one.
+[[nodiscard]] QList<qsizetype> FattureStornate(const StatoTenuto& Tenuto);
+
 /// The payments that a document takes away, row by row.
 struct AccontiDetratti
 {

@@ -79,6 +79,7 @@ struct DocumentoEmesso
     ImportiDocumento Importi;
     QString Guasto =
         {};  ///< its entry as the file holds it, where that cannot be read: a save leaves it as it is
+    QString CitataNumero = {}, CitataData = {};  ///< of a credit note: the invoice that it cited
 
     friend bool operator==(const DocumentoEmesso&, const DocumentoEmesso&) = default;
 };
@@ -98,6 +99,8 @@ struct StatoTenuto
     bool Storno = false;    ///< it was a credit note, numbered or not, by which nobody owes anything
     bool ConSocio = false;  ///< it was of this note and of the associated one
     QString Numero, Data;   ///< of that invoice, dd/mm/yyyy: its credit note takes both out of the note
+    /// Of a credit note, the invoice that it cited when it went out: the next invoice takes both out again.
+    QString CitataNumero, CitataData;
     /// The figures of that document: a note that is worked on afterwards is owed what was asked for.
     std::optional<ImportiDocumento> Importi;
     /// What has gone out before it and stands, the oldest first: an invoice that was taken back, its credit

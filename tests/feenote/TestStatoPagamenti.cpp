@@ -83,6 +83,8 @@ private Q_SLOTS:
     void leDueListe();
     void senzaSaperDiChi();
     void ilRestoDelSocio();
+    void laPiuVecchiaStornata();
+    void citataNonPiuTenuta();
 };
 PROVA(TestStatoPagamenti);
 
@@ -416,6 +418,57 @@ void TestStatoPagamenti::ilRestoDelSocio()
     // 300,00 with general expenses are 345,00; 155,00 of 575,00 are left for 16.
     QCOMPARE(Resti(Prova), Due(0.0, 532.9));
     QCOMPARE(RestiDellaNota(Prova)[1], 0.0);
+}
+
+/// A credit note takes back the invoice that it cites, be it not the one before it.
+void TestStatoPagamenti::laPiuVecchiaStornata()
+{
+    Parcella Prova = NotaDaMille(StampaFatturaAnalitica);
+    Copertura Vista;
+    Emetti(Prova, 12, 1000.0);
+    Emetti(Prova, 30, 1000.0);
+    Prova.FatturaXml.CitataNumero = u"12/2026"_s;
+    Prova.FatturaXml.CitataData = u"9/11/2026"_s;
+    Emetti(Prova, 31, 1000.0, true);
+    Paga(Prova, 500.0);
+    const auto DueResti = [&Prova] { return Due(RestiDellaNota(Prova)[0], RestiDellaNota(Prova)[1]); };
+    QCOMPARE(DueResti(), Due(Netto, Netto - Cinquecento));
+    (void)SegueStato(Prova, Vista);
+    QCOMPARE(Prova.Stato.Stato, Fatturata);
+    Parcella Saldata = Prova;
+    Copertura Sua = Vista;
+    Paga(Saldata, 650.0);
+    (void)SegueStato(Saldata, Sua);
+    QCOMPARE(Saldata.Stato.Stato, Pagata);
+    // The next invoice takes the citation out of the note.
+    Prova.FatturaXml.CitataNumero.clear();
+    Prova.FatturaXml.CitataData.clear();
+    QCOMPARE(DueResti(), Due(Netto, Netto - Cinquecento));
+    Emetti(Prova, 32, 1000.0);
+    QCOMPARE(DueResti(), Due(Netto, Netto - Cinquecento));
+    // A second credit note that cites none takes back the last invoice before it.
+    Emetti(Prova, 33, 100.0, true);
+    Emetti(Prova, 34, 100.0, true);
+    Paga(Prova, 650.0 + 1150.0 - 230.0);
+    (void)SegueStato(Prova, Vista);
+    QCOMPARE(Prova.Stato.Stato, Pagata);
+}
+
+/// Of six documents the first is let go: its credit note is none of another invoice.
+void TestStatoPagamenti::citataNonPiuTenuta()
+{
+    Parcella Prova = NotaDaMille(StampaFatturaAnalitica);
+    Emetti(Prova, 12, 1000.0);
+    Emetti(Prova, 30, 1000.0);
+    Prova.FatturaXml.CitataNumero = u"12"_s;
+    Prova.FatturaXml.CitataData = u"9/11/2026"_s;
+    Emetti(Prova, 31, 1000.0, true);
+    Emetti(Prova, 32, 1000.0);
+    Emetti(Prova, 33, 1000.0);
+    Emetti(Prova, 34, 1000.0);
+    QCOMPARE(Prova.Stato.Emessi[0].Numero, u"30"_s);
+    Paga(Prova, 500.0);
+    QCOMPARE(RestiDellaNota(Prova)[0], Netto - Cinquecento);
 }
 
 #include "TestStatoPagamenti.moc"

@@ -23,6 +23,10 @@ const QString VoceSocio = u"Stato.Socio"_s;
 const std::array VociEmessi{u"Stato.Emesso.1"_s, u"Stato.Emesso.2"_s, u"Stato.Emesso.3"_s,
                             u"Stato.Emesso.4"_s};
 static_assert(VociEmessi.size() == size_t(MassimiEmessi));
+const QString VoceCitata = u"Stato.Citata"_s;
+const std::array VociCitate{u"Stato.Citata.1"_s, u"Stato.Citata.2"_s, u"Stato.Citata.3"_s,
+                            u"Stato.Citata.4"_s};
+static_assert(VociCitate.size() == VociEmessi.size());
 const QString VoceNumero = u"txtDatiPar.Numero"_s;
 const QString VoceData = u"txtDatiPar.Data"_s;
 const QString VoceScadenza = u"FatturaXml.Scadenza"_s;
@@ -207,9 +211,12 @@ EmessoLetto LeggiEmesso(const QString& Testo, double Massimo)
 QList<EmessoLetto> LeggiEmessi(const MemoriaFile& Memoria, double Massimo)
 {
     QList<EmessoLetto> Letti;
-    for (const QString& Voce : VociEmessi)
-        if (const QString Testo = Memoria.value(Voce); !Testo.isEmpty())
+    for (size_t i = 0; i < VociEmessi.size(); ++i)
+        if (const QString Testo = Memoria.value(VociEmessi[i]); !Testo.isEmpty()) {
             Letti.append(LeggiEmesso(Testo, Massimo));
+            DocumentoEmesso& Che = Letti.last().Che;
+            LeggiFattura(Memoria.value(VociCitate[i]), Che.CitataNumero, Che.CitataData);
+        }
     return Letti;
 }
 
@@ -238,10 +245,12 @@ std::optional<SocioTenuto> LeggiSocio(const QString& Testo)
 const QStringList& VociStatoLetto()
 {
     static const QStringList Voci = [] {
-        QStringList Tutte{VoceStato, VoceDocumento, VoceStorno,       VoceImporti,    VoceNumero,
-                          VoceData,  VoceScadenza,  VoceCitataNumero, VoceCitataData, VoceFattura};
+        QStringList Tutte{VoceStato,    VoceDocumento,    VoceStorno,     VoceImporti, VoceNumero, VoceData,
+                          VoceScadenza, VoceCitataNumero, VoceCitataData, VoceFattura, VoceCitata};
         for (const QString& Emesso : VociEmessi)
             Tutte += Emesso;
+        for (const QString& Citata : VociCitate)
+            Tutte += Citata;
         for (const StatoNota Stato : StatiNota)
             Tutte += VoceGiorno(Stato);
         return Tutte;
@@ -266,7 +275,9 @@ StatoLetto LeggiStatoLetto(const MemoriaFile& Memoria)
     Letto.Scadenza = Memoria.value(VoceScadenza).simplified();
     LeggiFattura(Memoria.value(VoceFattura), Letto.FatturaNumero, Letto.FatturaData);
     Letto.Emessi = LeggiEmessi(Memoria, MassimoInElenco);
-    if (Letto.Storno) {
+    if (Letto.Storno)
+        LeggiFattura(Memoria.value(VoceCitata), Letto.CitataNumero, Letto.CitataData);
+    if (Letto.Storno && Letto.CitataNumero.isEmpty()) {
         Letto.CitataNumero = Memoria.value(VoceCitataNumero).simplified();
         Letto.CitataData = Memoria.value(VoceCitataData).simplified();
     }
@@ -294,9 +305,13 @@ void ScriviStato(const Parcella& Nota, MemoriaFile& Memoria)
     const QList<double> Resti = RestiDellaNota(Nota);
     Metti(VoceImporti, Scritti(ImportiDellaNota(Nota), Resti.last()));
     Metti(VoceFattura, Scritta(Tenuto.Numero, Tenuto.Data));
-    for (qsizetype i = 0; i < MassimiEmessi; ++i)
-        Metti(VociEmessi[size_t(i)],
-              i < Tenuto.Emessi.size() ? Scritto(Tenuto.Emessi[i], Resti.value(i)) : QString());
+    Metti(VoceCitata, Scritta(Tenuto.CitataNumero, Tenuto.CitataData));
+    for (qsizetype i = 0; i < MassimiEmessi; ++i) {
+        const DocumentoEmesso Uno = Tenuto.Emessi.value(i);
+        const bool Vuota = i >= Tenuto.Emessi.size();
+        Metti(VociEmessi[size_t(i)], Vuota ? QString() : Scritto(Uno, Resti.value(i)));
+        Metti(VociCitate[size_t(i)], Scritta(Uno.CitataNumero, Uno.CitataData));
+    }
     const std::optional<SocioTenuto> Socio = SocioDellaNota(Nota);
     const std::optional<AccontiTenuti> Detti = Tenuto.Importi ? Tenuto.Importi->DelSocio : std::nullopt;
     Metti(VoceConSocio, Tenuto.ConSocio ? MarcaSocio(true, Detti) : QString());
@@ -320,6 +335,7 @@ void LeggiStato(Parcella& Nota, const MemoriaFile& Memoria)
             Tenuto.Importi = Importi->Importi;
     if (Tenuto.Importi) {
         LeggiFattura(Memoria.value(VoceFattura), Tenuto.Numero, Tenuto.Data);
+        LeggiFattura(Memoria.value(VoceCitata), Tenuto.CitataNumero, Tenuto.CitataData);
         const QString Marca = Memoria.value(VoceConSocio);
         Tenuto.ConSocio = EConSocio(Marca);
         Tenuto.Importi->DelSocio = LeggiDetti(Marca);
@@ -327,11 +343,12 @@ void LeggiStato(Parcella& Nota, const MemoriaFile& Memoria)
             Tenuto.Emessi.append(std::move(Letto.Che));
     } else {
         // What the last document asked for is not known: those before it stay as they are written.
+        for (EmessoLetto& Letto : LeggiEmessi(Memoria, MassimoImporto))
+            Tenuto.Emessi.append(std::move(Letto.Che));
+        qsizetype Posto = 0;
         for (const QString& Voce : VociEmessi)
-            if (const QString Testo = Memoria.value(Voce); !Testo.isEmpty()) {
-                Tenuto.Emessi.append(LeggiEmesso(Testo, MassimoImporto).Che);
-                Tenuto.Emessi.last().Guasto = Testo;
-            }
+            if (const QString Testo = Memoria.value(Voce); !Testo.isEmpty())
+                Tenuto.Emessi[Posto++].Guasto = Testo;
     }
     if (const auto Socio = Memoria.constFind(VoceSocio); Socio != Memoria.constEnd())
         Tenuto.Socio = LeggiSocio(*Socio);

@@ -2,6 +2,7 @@
 
 #include "feenote/modNumeraFattura.h"
 #include "feenote/modStato.h"
+#include "feenote/modStorno.h"
 #include "platform/base/fogliocsv.h"
 #include "platform/base/ordineitaliano.h"
 #include "platform/base/regionale.h"
@@ -33,11 +34,6 @@ constexpr std::array Filtri{
     VoceFiltro{FiltroStato::SenzaStato, u"Senza stato", u"ignoto"},
 };
 
-QString Euro(double Valore)
-{
-    return Format(Valore, u"#,##0.00");
-}
-
 /// A cell of the file: programs that read it want no points between the thousands.
 QString Cifra(double Valore)
 {
@@ -58,12 +54,6 @@ int DocumentoDi(const DatiNota& Dati)
 bool EStorno(const StatoLetto& Stato)
 {
     return Stato.Storno && Stato.Stato != StatoNota::Bozza && Stato.Stato != StatoNota::Ignoto;
-}
-
-/// "1 parcella", "2 parcelle".
-QString Quante(int Note)
-{
-    return Format(Note, u"#,##0") + (Note == 1 ? u" parcella"_s : u" parcelle"_s);
 }
 
 /// A day as files hold it, or as somebody has typed it. Ten thousand are read behind each letter of a filter.
@@ -149,11 +139,37 @@ VoceTrova VoceDi(const VoceTrova& Nota, const EmessoLetto& Emesso)
     Stato.FatturaData.clear();
     Voce.Dati.NumFatt = Emesso.Che.Numero;
     Voce.Dati.DataFatt = Emesso.Che.Data;
-    for (QString* DellUltimo : {&Stato.Scadenza, &Stato.CitataNumero, &Stato.CitataData, &Stato.Dal})
+    Stato.CitataNumero = Emesso.Che.CitataNumero;
+    Stato.CitataData = Emesso.Che.CitataData;
+    for (QString* DellUltimo : {&Stato.Scadenza, &Stato.Dal})
         DellUltimo->clear();
     if (Stato.Stato != StatoNota::Pagata)
         Stato.Stato = StatoNota::Fatturata;
     return Voce;
+}
+
+/// The invoice of its own file that a credit note takes back; null where there is none.
+/// @param Primo the place of the file's first document, all of them stand together
+const VoceTrova* StornataQui(const std::vector<const VoceTrova*>& Documenti, size_t Primo, size_t Storno)
+{
+    QList<DocumentoEmesso> Usciti;
+    for (size_t i = Primo; i < Documenti.size() && Documenti[i]->Percorso == Documenti[Primo]->Percorso;
+         ++i) {
+        const DatiNota& Dati = Documenti[i]->Dati;
+        const auto [Numero, Data] = NumeroDi(Dati);
+        Usciti.append({-1,
+                       EStorno(Dati.Stato),
+                       false,
+                       Numero,
+                       Data,
+                       {},
+                       {},
+                       Dati.Stato.CitataNumero,
+                       Dati.Stato.CitataData});
+    }
+    const qsizetype Posto =
+        FatturaStornata(Usciti, qsizetype(Storno - Primo), Usciti.size() <= MassimiEmessi);
+    return Posto < 0 ? nullptr : Documenti[Primo + size_t(Posto)];
 }
 
 /// Earlier documents count while the note's own does.
@@ -303,7 +319,7 @@ QStringList FrasiDocumenti(const VoceTrova& Nota)
         if (Storno && !Stato.CitataNumero.isEmpty())
             Frase += u", della fattura "_s + Stato.CitataNumero;
         if (Stato.Importi)
-            Frase += u": "_s + Euro(Storno ? -Stato.Importi->Netto : Stato.Importi->Netto);
+            Frase += u": "_s + Format(Storno ? -Stato.Importi->Netto : Stato.Importi->Netto, u"#,##0.00");
         else
             Frase += u": importo non noto"_s;
         Frasi += Frase;
@@ -347,18 +363,17 @@ QHash<const VoceTrova*, LegameFattura> LegamiFatture(const std::vector<const Voc
     for (const VoceTrova* Nota : Documenti)
         if (const auto Suo = Legami.find(Nota); Suo != Legami.end() && Suo->Copia)
             Suo->Contata = Emessi.value(Segnata(*Nota));
-    const VoceTrova* Precedente = nullptr;
-    for (const VoceTrova* Nota : Documenti) {
-        const bool Suo =
-            Precedente && Precedente->Percorso == Nota->Percorso && !EStorno(Precedente->Dati.Stato);
-        const VoceTrova* const DelloStessoFile = Suo ? Precedente : nullptr;
-        Precedente = Nota;
+    size_t Primo = 0;
+    for (size_t i = 0; i < Documenti.size(); ++i) {
+        const VoceTrova* const Nota = Documenti[i];
+        if (Nota->Percorso != Documenti[Primo]->Percorso)
+            Primo = i;
         const StatoLetto& Stato = Nota->Dati.Stato;
         const bool Emesso = Stato.Stato == StatoNota::Fatturata || Stato.Stato == StatoNota::Pagata;
         if (Nota->Genere != GenereVoce::Nota || Nota->Modello || !EStorno(Stato) || !Emesso ||
             Legami.value(Nota).Copia)
             continue;
-        const VoceTrova* Ripresa = DelloStessoFile;
+        const VoceTrova* Ripresa = StornataQui(Documenti, Primo, i);
         if (const QString Chiave = Fattura(*Nota, Stato.CitataNumero, Stato.CitataData); !Chiave.isEmpty())
             Ripresa = Emessi.value(Chiave, Ripresa);
         if (!Ripresa)
@@ -494,27 +509,6 @@ ApertoTutto SommaAperto(const std::vector<const VoceTrova*>& Note, const std::ve
     OrdinaItaliano(Somma.Clienti, [](const ApertoCliente& Uno) -> const QString& { return Uno.Cliente; });
     std::ranges::stable_sort(Somma.Clienti, std::ranges::greater(), &ApertoCliente::Aperto);
     return Somma;
-}
-
-QString FraseAperto(const ApertoCliente& Somma)
-{
-    return Euro(Somma.Aperto) + u" in "_s + Quante(Somma.Note);
-}
-
-QString FraseAperto(const ApertoTutto& Somma)
-{
-    constexpr qsizetype MassimiClienti = 12;  // no line is longer
-    if (Somma.Note == 0 && Somma.Ignote > 0)
-        return u"Aperto non noto: "_s + Quante(Somma.Ignote) + u" senza importo"_s;
-    QStringList Parti{u"Aperto: "_s + Euro(Somma.Aperto) + u" in "_s + Quante(Somma.Note)};
-    if (Somma.Ignote > 0)
-        Parti += Quante(Somma.Ignote) + u" senza importo noto"_s;
-    if (Somma.Copie > 0)
-        Parti += Somma.Copie == 1 ? u"1 copia non contata"_s
-                                  : Format(Somma.Copie, u"#,##0") + u" copie non contate"_s;
-    for (const ApertoCliente& Uno : Somma.Clienti.first(std::min(MassimiClienti, Somma.Clienti.size())))
-        Parti += (Uno.Cliente.isEmpty() ? u"senza cliente"_s : Uno.Cliente) + u' ' + Euro(Uno.Aperto);
-    return Parti.join(u"; "_s);
 }
 
 QStringList TitoliScadenzario()

@@ -92,15 +92,21 @@ void TestMemoriaStato::torna_data()
         Nota.FatturaXml.Tipo = u"TD04"_s;
         (void)NotaFatturata(Nota);
         QVERIFY(Nota.Stato.Storno);
+        Nota.Stato.CitataNumero = u"7;8"_s;
+        Nota.Stato.CitataData = u"01/02/2026"_s;
     });
     Caso("fattura e nota di credito", Fatturata, [](Parcella& Nota) {
         for (const int Numero : {12, 13, 14, 15, 16}) {
             Nota.FatturaXml.Tipo = Numero % 2 == 1 ? u"TD04"_s : QString();
+            Nota.FatturaXml.CitataNumero = Numero % 2 == 1 ? u";%1;"_s.arg(Numero - 1) : QString();
+            Nota.FatturaXml.CitataData = Numero == 13 ? u"9/11/2026"_s : QString();
             Nota.txtDatiPar[DatoNumFatt] = u";%1;"_s.arg(Numero);
             Nota.txtDatiPar[DatoDataFatt] = u"09/11/2026"_s;
             SegnaFatturaScritta(Nota, u"x"_s, u"x"_s);
         }
         QCOMPARE(Nota.Stato.Emessi.size(), MassimiEmessi);
+        QCOMPARE(Nota.Stato.Emessi[1].CitataNumero, u";12;"_s);
+        QCOMPARE(Nota.Stato.Emessi[1].CitataData, u"09/11/2026"_s);
     });
     Caso("fattura senza numero", Fatturata, [](Parcella& Nota) {
         Nota.txtDatiPar.remove(DatoNumFatt);

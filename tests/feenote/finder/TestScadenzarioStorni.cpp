@@ -358,7 +358,7 @@ void TestScadenzarioStorni::seguitaDaUnAltra()
     Emetti(Una, u"14"_s);
     Scrivi(Una);
     QCOMPARE(Tabella(), (QStringList{u"Fattura analitica|12|1150,00|1459,12|0,00|0,00"_s,
-                                     u"Nota di credito|13|-1150,00|-1459,12|0,00|0,00"_s,
+                                     u"Nota di credito della fattura 12|13|-1150,00|-1459,12|0,00|0,00"_s,
                                      u"Fattura analitica|14|115,00|145,91|0,00|145,91"_s}));
     QCOMPARE(SommaAperto(Note).Aperto, 145.91);
     QCOMPARE(ParolaStato(Righe[0]), u"Fatturata"_s);
@@ -381,7 +381,7 @@ void TestScadenzarioStorni::pagateInsieme()
     Una.xAcconti(NuovoAcconto(Una), AccCorrispettivi) = 1135.0;
     Scrivi(Una);
     QCOMPARE(Tabella(), (QStringList{u"Fattura analitica|12|1150,00|1459,12|1313,21|0,00"_s,
-                                     u"Nota di credito|13|-115,00|-145,91|0,00|0,00"_s,
+                                     u"Nota di credito della fattura 12|13|-115,00|-145,91|0,00|0,00"_s,
                                      u"Fattura analitica|14|1150,00|1459,12|126,88|1332,24"_s}));
     QCOMPARE(SommaAperto(Note), (ApertoTutto{1332.24, 1, 0, 0, {{Righe[0].Cliente, 1332.24, 1}}}));
     QCOMPARE(ApertoDi(Righe[0]), std::optional(1332.24));

@@ -1,0 +1,116 @@
+// A credit note in the file of several invoices takes back the one that it cites, in lists as in the note.
+#include "finder_prova.h"
+
+#include "feenote/file/memoriastato.h"
+#include "feenote/finder/scadenzario.h"
+#include "feenote/modAcconti.h"
+#include "feenote/modFatturaXml.h"
+#include "feenote/modInterruttori.h"
+#include "feenote/modStato.h"
+#include "platform/system/orologio.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void Emetti(Parcella& Nota, int Numero, bool Credito = false)
+{
+    Nota.FatturaXml.Tipo = Credito ? u"TD04"_s : QString();
+    Nota.txtDatiPar[DatoNumFatt] = QString::number(Numero);
+    Nota.txtDatiPar[DatoDataFatt] = u"09/11/2026"_s;
+    SegnaFatturaScritta(Nota, u"IT1_%1.xml"_s.arg(Numero), QString::number(Numero));
+}
+
+void Cita(Parcella& Nota, const QString& Numero, const QString& Data)
+{
+    Nota.FatturaXml.CitataNumero = Numero;
+    Nota.FatturaXml.CitataData = Data;
+}
+
+/// As a list reads the note's file.
+VoceTrova Letta(const Parcella& Nota)
+{
+    MemoriaFile Memoria;
+    ScriviStato(Nota, Memoria);
+    VoceTrova Voce;
+    Voce.Genere = GenereVoce::Nota;
+    Voce.Percorso = u"/note/una.mdb"_s;
+    Voce.Cliente = u"Rossi Mario"_s;
+    Voce.Dati.Stato = LeggiStatoLetto(Memoria);
+    return Voce;
+}
+
+/// Document, number, net, paid, open.
+QStringList Tabella(const VoceTrova& Voce)
+{
+    QStringList Righe;
+    for (const QStringList& Celle : RigheScadenzario({&Voce}, [](int) { return CodiciCliente(); }))
+        Righe += QStringList{Celle[3], Celle[4], Celle[14], Celle[15], Celle[16]}.join(u'|');
+    return Righe;
+}
+
+}  // namespace
+
+class TestStornoCitato : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init()
+    {
+        AzzeraSessione();
+        InstallaOrologio([] { return QDateTime(QDate(2026, 11, 22), QTime(10, 0)); });
+        Nota = Parcella();
+        Nota.Stato = StatoDiNuova();
+        Nota.xOnorari.AggiungiRiga();
+        Nota.xOnorari(0, OnoImporto) = 1000.0;
+        Nota.chkSpeseGen.Attiva = Nota.chkCP.Attiva = Nota.chkIva.Attiva = true;
+        Nota.txtSpeGen.Testo = u"15"_s;
+        Nota.txtCP.Testo = u"4"_s;
+        Nota.txtIVA.Testo = u"22"_s;
+        RicordaStampa(Nota);
+        ScegliTipoStampa(Nota, StampaFatturaAnalitica);
+    }
+    void cleanup() { InstallaOrologio({}); }
+    void laPiuVecchia();
+    void dueDellaStessa();
+
+private:
+    Parcella Nota;
+};
+PROVA(TestStornoCitato);
+
+/// Nobody owes the older of two invoices that was taken back, also when a further one has followed.
+void TestStornoCitato::laPiuVecchia()
+{
+    Emetti(Nota, 12);
+    Emetti(Nota, 30);
+    Cita(Nota, u"12"_s, u"9/11/2026"_s);
+    Emetti(Nota, 31, true);
+    Parcella Pagata = Nota;
+    Pagata.xAcconti(NuovoAcconto(Pagata), AccCorrispettivi) = 500.0;
+    const QStringList Attese{u"Fattura analitica|12|1459,12|0,00|0,00"_s,
+                             u"Fattura analitica|30|1459,12|634,40|824,72"_s,
+                             u"Nota di credito della fattura 12|31|-1459,12|0,00|0,00"_s};
+    QCOMPARE(Tabella(Letta(Pagata)), Attese);
+    QCOMPARE(ApertoDi(Letta(Pagata)), std::optional(824.72));
+    Cita(Nota, {}, {});
+    Emetti(Nota, 32);
+    Nota.xAcconti(NuovoAcconto(Nota), AccCorrispettivi) = 500.0;
+    QCOMPARE(Tabella(Letta(Nota)), Attese + QStringList{u"Fattura analitica|32|1459,12|0,00|1459,12"_s});
+}
+
+/// Two credit notes that cite none take back the last invoice before them.
+void TestStornoCitato::dueDellaStessa()
+{
+    Emetti(Nota, 12);
+    Emetti(Nota, 30);
+    Nota.xOnorari(0, OnoImporto) = 100.0;
+    Emetti(Nota, 31, true);
+    Emetti(Nota, 32, true);
+    QCOMPARE(Tabella(Letta(Nota)), (QStringList{u"Fattura analitica|12|1459,12|0,00|1459,12"_s,
+                                                u"Fattura analitica|30|1459,12|0,00|1167,30"_s,
+                                                u"Nota di credito|31|-145,91|0,00|0,00"_s,
+                                                u"Nota di credito|32|-145,91|0,00|0,00"_s}));
+}
+
+#include "TestStornoCitato.moc"
