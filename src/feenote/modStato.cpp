@@ -284,9 +284,9 @@ bool HaFile(const Parcella& Nota)
     const StatoTenuto& Tenuto = Nota.Stato;
     const QString& Firma = Nota.FatturaXml.DiFattura;
     const auto Giorno = LeggiData(Firma.section(u'|', 1));
-    return Tenuto.Emessa && !Tenuto.Numero.isEmpty() && Giorno &&
-           Firma.section(u'|', 0, 0).simplified() == Tenuto.Numero &&
-           Format(*Giorno, u"dd/mm/yyyy") == Tenuto.Data;
+    const bool SuaFirma = Giorno && Firma.section(u'|', 0, 0).simplified() == Tenuto.Numero &&
+                          Format(*Giorno, u"dd/mm/yyyy") == Tenuto.Data;
+    return Tenuto.Emessa && !Tenuto.Numero.isEmpty() && (Tenuto.ConFile || SuaFirma);
 }
 
 /// What goes out is another document than the last one, which stands beside it: a credit note, the invoice
@@ -299,18 +299,25 @@ bool AltroDocumento(const Parcella& Nota, bool Storno)
 }
 
 /// Whoever sums sees the last document beside the one that goes out.
-void TieniEmesso(StatoTenuto& Tenuto, bool Storno)
+void TieniEmesso(Parcella& Nota, bool Storno)
 {
+    StatoTenuto& Tenuto = Nota.Stato;
     if (!Tenuto.Emessa || !Tenuto.Importi || Tenuto.Stato < StatoNota::Fatturata)
         return;
-    // What has paid this invoice has not paid the next one.
-    if (Tenuto.Prima && !Tenuto.Storno && !Storno) {
+    const QList<double> Resti = RestiDellaNota(Nota);
+    Tenuto.Emessi.append({Tenuto.Documento, Tenuto.Storno, Tenuto.ConSocio, Tenuto.Numero, Tenuto.Data,
+                          *Tenuto.Importi, 0.0, QString(), Tenuto.CitataNumero, Tenuto.CitataData});
+    // What has paid the invoices so far has not paid the next one. What the user has said is paid needs no
+    // payments that say so.
+    const bool AMano = !Tenuto.Prima;
+    if (Tenuto.Stato == StatoNota::Pagata && !Storno && (AMano || !Tenuto.Storno)) {
+        for (qsizetype i = 0; AMano && i < Tenuto.Emessi.size(); ++i)
+            if (!Tenuto.Emessi[i].Storno)
+                Tenuto.Emessi[i].AMano += Resti[i];
         Tenuto.Stato = StatoNota::Fatturata;
         Tenuto.Prima.reset();
         GiornoDi(Tenuto, StatoNota::Pagata).clear();
     }
-    Tenuto.Emessi.append({Tenuto.Documento, Tenuto.Storno, Tenuto.ConSocio, Tenuto.Numero, Tenuto.Data,
-                          *Tenuto.Importi, QString(), Tenuto.CitataNumero, Tenuto.CitataData});
     if (Tenuto.Emessi.size() > MassimiEmessi)
         Tenuto.Emessi.remove(0, Tenuto.Emessi.size() - MassimiEmessi);
 }
@@ -338,16 +345,20 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
         if (Presente == 0)
             Tenuto.Emessi.clear();
         else if (Altro)
-            TieniEmesso(Tenuto, Storno);
+            TieniEmesso(Nota, Storno);
         Tenuto.Documento = Tipo;
         Tenuto.Emessa = Numerata;
         Tenuto.Storno = Storno;
         const NumeroEmesso Ora = Numerata ? NumeroDellaFattura(Nota) : NumeroEmesso();
+        if (Presente == 0 || Altro || NumeroEmesso{Tenuto.Numero, Tenuto.Data} != Ora)
+            Tenuto.ConFile = false;
         Tenuto.Numero = Ora.Numero;
         Tenuto.Data = Ora.Data;
         Tenuto.CitataNumero = Storno ? Nota.FatturaXml.CitataNumero.simplified() : QString();
         const auto Citata = LeggiData(Nota.FatturaXml.CitataData);
         Tenuto.CitataData = Storno && Citata ? Format(*Citata, u"dd/mm/yyyy") : QString();
+        Tenuto.NumeroPrima.clear();
+        Tenuto.DataPrima.clear();
         Tenuto.ConSocio = Nota.Multipla();
         TieniSocio(Nota);
         Tenuto.Importi = Importi(Dati, ConScissione(Nota, Tipo));
@@ -367,6 +378,26 @@ void SegueNumero(const Parcella& Nota, StatoNota& Stato)
     const bool Vale = FatturaNumerata(Nota) || (ENotaDiCredito(Nota) && !Nota.Stato.Storno);
     if (Stato == StatoNota::Inviata || Stato == StatoNota::Fatturata)
         Stato = Vale ? StatoNota::Fatturata : StatoNota::Inviata;
+}
+
+/// A number that is put right is that of the last document; neither that of an earlier one, which is looked
+/// at again, nor what has been typed on the way to it.
+void CorreggiNumero(Parcella& Nota)
+{
+    StatoTenuto& Tenuto = Nota.Stato;
+    NumeroEmesso Ora = NumeroDellaFattura(Nota);
+    if (Ora.Numero.isEmpty() || ENotaDiCredito(Nota) != Tenuto.Storno)
+        return;
+    const bool Corretto = !Tenuto.NumeroPrima.isEmpty();
+    const NumeroEmesso Prima = Corretto ? NumeroEmesso{Tenuto.NumeroPrima, Tenuto.DataPrima}
+                                        : NumeroEmesso{Tenuto.Numero, Tenuto.Data};
+    if (EmessoPrima(Nota))
+        Ora = Prima;
+    Tenuto.Numero = Ora.Numero;
+    Tenuto.Data = Ora.Data;
+    const bool Diverso = Ora != Prima;
+    Tenuto.NumeroPrima = Diverso ? Prima.Numero : QString();
+    Tenuto.DataPrima = Diverso ? Prima.Data : QString();
 }
 
 }  // namespace
@@ -406,7 +437,13 @@ bool NotaInviata(Parcella& Nota, int Tipo)
 bool NotaFatturata(Parcella& Nota)
 {
     const int InVista = Nota.cmbTipoStampa;
-    return SegnaUscita(Nota, TipoDi(InVista).EFattura ? InVista : int(StampaFatturaAnalitica), true);
+    const StatoTenuto Era = Nota.Stato;
+    (void)SegnaUscita(Nota, TipoDi(InVista).EFattura ? InVista : int(StampaFatturaAnalitica), true);
+    const NumeroEmesso Ora = NumeroDellaFattura(Nota);
+    if (!Ora.Numero.isEmpty() && Ora == NumeroEmesso{Nota.Stato.Numero, Nota.Stato.Data} &&
+        ENotaDiCredito(Nota) == Nota.Stato.Storno)
+        Nota.Stato.ConFile = true;
+    return Conferma(Nota, Era);
 }
 
 bool ScegliStato(Parcella& Nota, StatoNota Scelto)
@@ -469,12 +506,8 @@ bool SegueStato(Parcella& Nota, Copertura& Vista)
         SegueNumero(Nota, Tenuto.Stato);
         if (Tenuto.Prima)
             SegueNumero(Nota, *Tenuto.Prima);
-        // A number that is put right is that of the document; one of the next document is not.
-        const NumeroEmesso Ora = NumeroDellaFattura(Nota);
-        if (!Ora.Numero.isEmpty() && ENotaDiCredito(Nota) == Tenuto.Storno && !HaFile(Nota)) {
-            Tenuto.Numero = Ora.Numero;
-            Tenuto.Data = Ora.Data;
-        }
+        if (!HaFile(Nota))
+            CorreggiNumero(Nota);
     }
     const Copertura Ora = CoperturaDi(Nota);
     if (Ora.Coperta && Ora != Vista && Tenuto.Stato != StatoNota::Pagata) {
@@ -519,8 +552,10 @@ QList<double> RestiDellaNota(const Parcella& Nota)
 {
     const StatoTenuto& Tenuto = Nota.Stato;
     QList<DocumentoDaPagare> Documenti;
-    for (const DocumentoEmesso& Uno : Tenuto.Emessi)
+    for (const DocumentoEmesso& Uno : Tenuto.Emessi) {
         Documenti.append(DaPagare(Nota, Uno.Documento, Uno.Importi, Uno.Storno, Uno.ConSocio));
+        Documenti.last().Netto -= Uno.AMano;
+    }
     const bool Sola = !Uscita(Tenuto);
     if (Sola)
         Documenti.clear();  // nothing of a draft has gone out

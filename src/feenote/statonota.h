@@ -77,6 +77,9 @@ struct DocumentoEmesso
     QString Numero;
     QString Data;  ///< dd/mm/yyyy, empty where it is not known
     ImportiDocumento Importi;
+    /// What of an invoice the user has called paid, euro, beside what its payments had paid by then. What is
+    /// paid later pays the next one.
+    double AMano = 0.0;
     QString Guasto =
         {};  ///< its entry as the file holds it, where that cannot be read: a save leaves it as it is
     QString CitataNumero = {}, CitataData = {};  ///< of a credit note: the invoice that it cited
@@ -98,9 +101,13 @@ struct StatoTenuto
     bool Emessa = false;    ///< it was an invoice with number and date
     bool Storno = false;    ///< it was a credit note, numbered or not, by which nobody owes anything
     bool ConSocio = false;  ///< it was of this note and of the associated one
+    bool ConFile = false;   ///< its electronic file is written
     QString Numero, Data;   ///< of that invoice, dd/mm/yyyy: its credit note takes both out of the note
     /// Of a credit note, the invoice that it cited when it went out: the next invoice takes both out again.
     QString CitataNumero, CitataData;
+    /// The two before they were put right; not in the file. Letters that lead to the number of an earlier
+    /// invoice put nothing right.
+    QString NumeroPrima, DataPrima;
     /// The figures of that document: a note that is worked on afterwards is owed what was asked for.
     std::optional<ImportiDocumento> Importi;
     /// What has gone out before it and stands, the oldest first: an invoice that was taken back, its credit

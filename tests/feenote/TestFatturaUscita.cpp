@@ -74,6 +74,11 @@ private Q_SLOTS:
     void laProssimaDalloStessoFile();
     void pagataPrimaDellaProssima();
     void ilNumeroDellaProssima();
+    void ilNumeroDiUnaDiPrima_data();
+    void ilNumeroDiUnaDiPrima();
+    void unSecondoFileDiUnaDiPrima();
+    void pagataAMano();
+    void pagataAManoDopoLoStorno();
 
 private:
     Parcella Nota;
@@ -201,6 +206,105 @@ void TestFatturaUscita::ilNumeroDellaProssima()
     QCOMPARE(Carta.Stato.Numero, u"30"_s);
     Stampa(Carta);
     QCOMPARE(Numeri(Carta), u" | 30"_s);
+}
+
+void TestFatturaUscita::ilNumeroDiUnaDiPrima_data()
+{
+    QTest::addColumn<QStringList>("Scritti");
+    QTest::newRow("written at once") << QStringList{u"12"_s};
+    QTest::newRow("letter by letter") << QStringList{u"3"_s, QString(), u"1"_s, u"12"_s};
+}
+
+/// The number of an earlier invoice is typed, for a copy of it: the last one keeps its own.
+void TestFatturaUscita::ilNumeroDiUnaDiPrima()
+{
+    QFETCH(QStringList, Scritti);
+    ScriviFile(Nota);
+    Paga(Nota, 400);
+    Numera(Nota, u"30"_s);
+    (void)SegueStato(Nota, Vista);
+    Stampa(Nota);
+    for (const QString& Numero : Scritti) {
+        Numera(Nota, Numero);
+        (void)SegueStato(Nota, Vista);
+    }
+    Stampa(Nota);
+    QCOMPARE(Numeri(Nota), u"12 | 30"_s);
+    QCOMPARE(ImportiDellaNota(Nota).Totale, Meno400);
+    Numera(Nota, u"30"_s);
+    (void)SegueStato(Nota, Vista);
+    QCOMPARE(Numeri(Nota), u"12 | 30"_s);
+    // On paper alone, it is put right as before.
+    Numera(Nota, u"31"_s);
+    (void)SegueStato(Nota, Vista);
+    QCOMPARE(Numeri(Nota), u"12 | 31"_s);
+    Stampa(Nota);
+    Numera(Nota, u"12"_s);
+    (void)SegueStato(Nota, Vista);
+    QCOMPARE(Numeri(Nota), u"12 | 31"_s);
+}
+
+/// The file in the record is that of the earlier one by now; the last one has its own none the less.
+void TestFatturaUscita::unSecondoFileDiUnaDiPrima()
+{
+    ScriviFile(Nota);
+    for (const QString& Numero : {u"30"_s, u"12"_s}) {
+        Numera(Nota, Numero);
+        (void)SegueStato(Nota, Vista);
+        ScriviFile(Nota);
+    }
+    QCOMPARE(Numeri(Nota), u"12 | 30"_s);
+    Numera(Nota, u"31"_s);
+    (void)SegueStato(Nota, Vista);
+    QCOMPARE(Numeri(Nota), u"12 | 30"_s);
+    Stampa(Nota);
+    QCOMPARE(Numeri(Nota), u"12 30 | 31"_s);
+    // That one is on paper alone.
+    Numera(Nota, u"32"_s);
+    (void)SegueStato(Nota, Vista);
+    QCOMPARE(Numeri(Nota), u"12 30 | 32"_s);
+}
+
+/// By hand, as in an office that writes no payments down: the next invoice is open, this one is not.
+void TestFatturaUscita::pagataAMano()
+{
+    ScriviFile(Nota);
+    (void)ScegliStato(Nota, Pagata);
+    Numera(Nota, u"30"_s);
+    ScriviFile(Nota);
+    QCOMPARE(Numeri(Nota), u"12 | 30"_s);
+    QCOMPARE(Nota.Stato.Stato, Fatturata);
+    QCOMPARE(RestiDellaNota(Nota), (QList<double>{0.0, Intero}));
+    QCOMPARE(Nota.Stato.Emessi[0].AMano, Intero);
+    // What comes now is the next one's.
+    Paga(Nota, 400);
+    QCOMPARE(RestiDellaNota(Nota), (QList<double>{0.0, Meno400}));
+    // The next one is paid by hand, and so is all that stands before the one behind it.
+    (void)ScegliStato(Nota, Pagata);
+    Numera(Nota, u"31"_s);
+    ScriviFile(Nota);
+    QCOMPARE(Nota.Stato.Stato, Fatturata);
+    QCOMPARE(RestiDellaNota(Nota), (QList<double>{0.0, 0.0, Meno400}));
+    QCOMPARE(Nota.Stato.Emessi[1].AMano, Meno400);
+    QCOMPARE(ImportiDellaNota(Nota).Totale, Meno400);
+}
+
+void TestFatturaUscita::pagataAManoDopoLoStorno()
+{
+    ScriviFile(Nota);
+    (void)ScegliStato(Nota, Pagata);
+    Nota.FatturaXml.Tipo = u"TD04"_s;
+    Numera(Nota, u"13"_s);
+    ScriviFile(Nota);
+    QCOMPARE(Nota.Stato.Stato, Pagata);
+    Nota.FatturaXml.Tipo.clear();
+    Numera(Nota, u"14"_s);
+    ScriviFile(Nota);
+    QCOMPARE(Numeri(Nota), u"12 13 | 14"_s);
+    QCOMPARE(Nota.Stato.Stato, Fatturata);
+    QCOMPARE(Nota.Stato.Emessi[0].AMano, Intero);
+    QCOMPARE(Nota.Stato.Emessi[1].AMano, 0.0);
+    QCOMPARE(RestoDellaNota(Nota), Intero);
 }
 
 #include "TestFatturaUscita.moc"

@@ -18,6 +18,7 @@ const QString VoceEmessa = u"Stato.Emessa"_s;
 const QString VoceStorno = u"Stato.Storno"_s;
 const QString VoceImporti = u"Stato.Importi"_s;
 const QString VoceFattura = u"Stato.Fattura"_s;
+const QString VoceConFile = u"Stato.ConFile"_s;
 const QString VoceConSocio = u"Stato.ConSocio"_s;
 const QString VoceSocio = u"Stato.Socio"_s;
 const std::array VociEmessi{u"Stato.Emesso.1"_s, u"Stato.Emesso.2"_s, u"Stato.Emesso.3"_s,
@@ -166,14 +167,23 @@ void LeggiFattura(const QString& Testo, QString& Numero, QString& Data)
     Numero = Fine < 0 ? QString() : Testo.mid(Fine + 1).simplified();
 }
 
+/// Second mark of a document: none for an invoice. One that the user has called paid has what was left of it
+/// then in the place of what is left.
+constexpr QStringView SegnoStorno = u"1";
+constexpr QStringView SegnoPagata = u"2";
+
 QString Scritto(const DocumentoEmesso& Emesso, double Resto)
 {
     if (!Emesso.Guasto.isEmpty())
         return Emesso.Guasto;
+    const bool AMano = Emesso.AMano > 0;
     return QStringList{QString::number(Emesso.Documento),
-                       Emesso.Storno ? u"1"_s : u"0"_s,
+                       (Emesso.Storno ? SegnoStorno
+                        : AMano       ? SegnoPagata
+                                      : QStringView(u"0"))
+                           .toString(),
                        MarcaSocio(Emesso.ConSocio, Emesso.Importi.DelSocio),
-                       Scritti(Emesso.Importi, Resto),
+                       Scritti(Emesso.Importi, AMano ? Emesso.AMano : Resto),
                        Emesso.Data,
                        Emesso.Numero}
         .join(u';');
@@ -186,7 +196,7 @@ EmessoLetto LeggiEmesso(const QString& Testo, double Massimo)
     constexpr qsizetype Fissi = Prima + QuantiImporti;
     const QList<QStringView> Parti = QStringView(Testo).split(u';');
     EmessoLetto Letto;
-    Letto.Che.Storno = Parti.value(1) == u"1";
+    Letto.Che.Storno = Parti.value(1) == SegnoStorno;
     Letto.Che.ConSocio = EConSocio(Parti.value(2));
     const bool Intero = Parti.size() >= Fissi + 2;
     if (Intero) {
@@ -201,7 +211,8 @@ EmessoLetto LeggiEmesso(const QString& Testo, double Massimo)
     if (Letto.Importi) {
         Letto.Che.Importi = Importi->Importi;
         Letto.Che.Importi.DelSocio = LeggiDetti(Parti[2]);
-        Letto.Resto = Importi->Resto;
+        const bool AMano = Parti[1] == SegnoPagata;
+        (AMano ? Letto.Che.AMano : Letto.Resto) = Importi->Resto;
     } else {
         Letto.Che.Guasto = Testo;
     }
@@ -314,6 +325,7 @@ void ScriviStato(const Parcella& Nota, MemoriaFile& Memoria)
     }
     const std::optional<SocioTenuto> Socio = SocioDellaNota(Nota);
     const std::optional<AccontiTenuti> Detti = Tenuto.Importi ? Tenuto.Importi->DelSocio : std::nullopt;
+    Metti(VoceConFile, Tenuto.ConFile ? u"1"_s : QString());
     Metti(VoceConSocio, Tenuto.ConSocio ? MarcaSocio(true, Detti) : QString());
     Metti(VoceSocio, Socio ? Scritto(*Socio) : QString());
 }
@@ -337,6 +349,7 @@ void LeggiStato(Parcella& Nota, const MemoriaFile& Memoria)
         LeggiFattura(Memoria.value(VoceFattura), Tenuto.Numero, Tenuto.Data);
         LeggiFattura(Memoria.value(VoceCitata), Tenuto.CitataNumero, Tenuto.CitataData);
         const QString Marca = Memoria.value(VoceConSocio);
+        Tenuto.ConFile = Memoria.value(VoceConFile) == u"1";
         Tenuto.ConSocio = EConSocio(Marca);
         Tenuto.Importi->DelSocio = LeggiDetti(Marca);
         for (EmessoLetto& Letto : LeggiEmessi(Memoria, MassimoImporto))
@@ -358,7 +371,7 @@ void LeggiStato(Parcella& Nota, const MemoriaFile& Memoria)
 const QStringList& VociDiStato()
 {
     static const QStringList Voci = [] {
-        QStringList Tutte{VocePrima, VoceEmessa, VoceConSocio, VoceSocio};
+        QStringList Tutte{VocePrima, VoceEmessa, VoceConFile, VoceConSocio, VoceSocio};
         for (const QString& Nome : VociStatoLetto())
             if (Nome.startsWith(VoceStato))
                 Tutte += Nome;

@@ -143,7 +143,9 @@ VoceTrova VoceDi(const VoceTrova& Nota, const EmessoLetto& Emesso)
     Stato.CitataData = Emesso.Che.CitataData;
     for (QString* DellUltimo : {&Stato.Scadenza, &Stato.Dal})
         DellUltimo->clear();
-    if (Stato.Stato != StatoNota::Pagata)
+    if (Emesso.Che.AMano > 0)
+        Stato.Stato = StatoNota::Pagata;
+    else if (Stato.Stato != StatoNota::Pagata)
         Stato.Stato = StatoNota::Fatturata;
     return Voce;
 }

@@ -108,6 +108,15 @@ void TestMemoriaStato::torna_data()
         QCOMPARE(Nota.Stato.Emessi[1].CitataNumero, u";12;"_s);
         QCOMPARE(Nota.Stato.Emessi[1].CitataData, u"09/11/2026"_s);
     });
+    Caso("dopo una pagata a mano", Fatturata, [](Parcella& Nota) {
+        for (const int Numero : {12, 30}) {
+            (void)ScegliStato(Nota, Numero == 12 ? Bozza : Pagata);
+            Nota.txtDatiPar[DatoNumFatt] = QString::number(Numero);
+            Nota.txtDatiPar[DatoDataFatt] = u"09/11/2026"_s;
+            SegnaFatturaScritta(Nota, u"x"_s, u"x"_s);
+        }
+        QVERIFY(Nota.Stato.Emessi[0].AMano > 0 && Nota.Stato.ConFile);
+    });
     Caso("fattura senza numero", Fatturata, [](Parcella& Nota) {
         Nota.txtDatiPar.remove(DatoNumFatt);
         (void)NotaFatturata(Nota);

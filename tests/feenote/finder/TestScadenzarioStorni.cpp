@@ -30,6 +30,7 @@ private Q_SLOTS:
     void documentoNonNoto();
     void inCorso();
     void seguitaDaUnAltra();
+    void dopoUnaPagataAMano();
     void pagateInsieme();
     void stornoSottoZero();
     void citataAltrove();
@@ -366,6 +367,25 @@ void TestScadenzarioStorni::seguitaDaUnAltra()
     (void)ScegliStato(Una, Pagata);
     Scrivi(Una);
     QCOMPARE(SommaAperto(Note).Aperto, 0.0);
+}
+
+/// The user has called the first paid and has written no payment down: it stays paid, the next one is open.
+void TestScadenzarioStorni::dopoUnaPagataAMano()
+{
+    Parcella Una = Nota();
+    Emetti(Una, u"12"_s);
+    (void)ScegliStato(Una, Pagata);
+    Una.xOnorari(0, OnoImporto) = 100.0;
+    Emetti(Una, u"30"_s);
+    Scrivi(Una);
+    QCOMPARE(Tabella(), (QStringList{u"Fattura analitica|12|1150,00|1459,12|1459,12|0,00"_s,
+                                     u"Fattura analitica|30|115,00|145,91|0,00|145,91"_s}));
+    QStringList Stati;
+    for (const QStringList& Celle : RigheScadenzario(Note, [](int) { return CodiciCliente(); }))
+        Stati += Celle[6];
+    QCOMPARE(Stati, (QStringList{u"Pagata"_s, u"Fatturata"_s}));
+    QCOMPARE(SommaAperto(Note).Aperto, 145.91);
+    QVERIFY(PassaStato(FiltroStato::DaIncassare, Righe[0]));
 }
 
 /// A payment is spent once: rows, sums and word of the state say the same.
