@@ -157,6 +157,16 @@ AccontiDetratti ConSomme(const AccontiDetratti& Tutti, const Centesimi& Volute)
     return Soli;
 }
 
+/// The payments of the note and of the associated one, whatever a document takes away of them.
+AccontiDetratti Elencati(const Parcella& Nota)
+{
+    AccontiDetratti Tutti;
+    Tutti.Propri = Nota.xAcconti;
+    if (Nota.Multipla())
+        Tutti.Altri = Nota.Multi.xAcconti;
+    return Tutti;
+}
+
 }  // namespace
 
 bool ENotaDiCredito(const Parcella& Nota)
@@ -201,10 +211,7 @@ AccontiDetratti AccontiDelDocumento(const Parcella& Nota, int Tipo)
     if (Documento.Acconti == UsoAcconti::Mai ||
         (Documento.Acconti == UsoAcconti::SeEsposti && !Nota.chkAcconti.Attiva))
         return {};
-    AccontiDetratti Tutti;
-    Tutti.Propri = Nota.xAcconti;
-    if (Nota.Multipla())
-        Tutti.Altri = Nota.Multi.xAcconti;
+    const AccontiDetratti Tutti = Elencati(Nota);
     if (!Documento.EFattura || !ENotaDiCredito(Nota))
         return Tutti;
     const auto Volute = DetrattiDallaFattura(Nota);
@@ -213,13 +220,13 @@ AccontiDetratti AccontiDelDocumento(const Parcella& Nota, int Tipo)
 
 AccontiDetratti AccontiFatturati(const Parcella& Nota, int Tipo)
 {
-    const AccontiDetratti Tutti = AccontiDelDocumento(Nota, Tipo);
+    const AccontiDetratti Suoi = AccontiDelDocumento(Nota, Tipo);
     if (!TipoDi(Tipo).EFattura || ENotaDiCredito(Nota))
-        return Tutti;
+        return Suoi;
     const auto Uscita = LaFattura(Usciti(Nota.Stato), Nota.DatiPar(DatoNumFatt), Nota.DatiPar(DatoDataFatt));
     // A list that begins otherwise was put right, and the invoice with it.
     const auto Detratti = Uscita ? DetrattiDa(*Uscita) : std::nullopt;
-    return Detratti ? PrimiConSomme(Tutti, *Detratti).value_or(Tutti) : Tutti;
+    return Detratti ? PrimiConSomme(Elencati(Nota), *Detratti).value_or(Suoi) : Suoi;
 }
 
 DatiCatena RaccogliFattura(const Parcella& Nota, int Tipo)
@@ -235,6 +242,9 @@ DatiCatena RaccogliFattura(const Parcella& Nota, int Tipo)
 
 QString FraseAccontiDopo(double Fattura, double Carta)
 {
+    if (Carta > Fattura)
+        return u"La fattura è uscita per %1 euro, tolti gli acconti, e resta tale, ma la carta stampata ora "
+               u"non li toglie e dice %2 euro."_s.arg(TestoImporto(Fattura), TestoImporto(Carta));
     return u"La fattura è uscita per %1 euro e resta tale: gli acconti scritti dopo la pagano, ma la carta "
            u"stampata ora li toglie e dice %2 euro."_s.arg(TestoImporto(Fattura), TestoImporto(Carta));
 }

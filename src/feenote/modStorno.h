@@ -29,7 +29,8 @@ struct AccontiDetratti
 
 /// The same for what an invoice asks for by law, its electronic file and the state that is kept of it: one
 /// that has gone out with this number already takes away what it had taken away then, as long as its
-/// payments still begin the list. Its paper takes away all that are listed when it is printed.
+/// payments still begin the list, and whether or not the sheet in view lists them. Its paper takes away all
+/// that are listed when it is printed.
 [[nodiscard]] AccontiDetratti AccontiFatturati(const Parcella& Nota, int Tipo);
 /// What is said of a credit note of which the payments leave nothing.
 [[nodiscard]] QString FraseCreditoVuoto(double Totale);

@@ -79,6 +79,7 @@ private Q_SLOTS:
     void unSecondoFileDiUnaDiPrima();
     void pagataAMano();
     void pagataAManoDopoLoStorno();
+    void laSinteticaDellaStessa();
 
 private:
     Parcella Nota;
@@ -305,6 +306,30 @@ void TestFatturaUscita::pagataAManoDopoLoStorno()
     QCOMPARE(Nota.Stato.Emessi[0].AMano, Intero);
     QCOMPARE(Nota.Stato.Emessi[1].AMano, 0.0);
     QCOMPARE(RestoDellaNota(Nota), Intero);
+}
+
+/// The short invoice without its payments is a sheet of the same invoice.
+void TestFatturaUscita::laSinteticaDellaStessa()
+{
+    Paga(Nota, 400);
+    Stampa(Nota);
+    const ImportiDocumento Sue = ImportiDellaNota(Nota);
+    QCOMPARE(Sue.Totale, Meno400);
+    ScegliTipoStampa(Nota, StampaFatturaSintetica);
+    Nota.chkAcconti.Attiva = false;
+    QCOMPARE(CatenaFiscale(Nota, StampaFatturaSintetica).Totale, Intero);
+    QCOMPARE(AccontiFatturati(Nota, StampaFatturaSintetica).Propri.Righe(), 1);
+    (void)NotaInviata(Nota, StampaFatturaSintetica);
+    QCOMPARE(ImportiDellaNota(Nota), Sue);
+    ScriviFile(Nota);
+    QCOMPARE(ImportiDellaNota(Nota), Sue);
+    QCOMPARE(
+        FraseAccontiDopo(Meno400, Intero),
+        u"La fattura è uscita per 951,60 euro, tolti gli acconti, e resta tale, ma la carta stampata ora "
+        "non li toglie e dice 1.459,12 euro."_s);
+    // One that has not gone out yet is as its sheet says.
+    (void)ScegliStato(Nota, Bozza);
+    QVERIFY(AccontiFatturati(Nota, StampaFatturaSintetica).Propri.Vuota());
 }
 
 #include "TestFatturaUscita.moc"
