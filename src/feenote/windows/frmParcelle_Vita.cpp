@@ -160,7 +160,7 @@ bool frmParcelle::Carica(const QString& Percorso)
     RilegaRighe();
     const bool Diversa = Nota.Modificata;  // not all of the file could be read
     SetModificata(false);
-    CominciaNota(true);
+    CominciaNota(!Diversa);  // no step back leads to what the file holds
     if (Diversa)
         SetModificata(true);
     MostraTutto();

@@ -417,6 +417,11 @@ void TestStatoNota::importiCheNonSiLeggono()
                     vbOK, u"Avvertenza:"_s);
     QVERIFY(F->Carica(File));
     QVERIFY(F->Nota.Modificata);
+    // No step back leads to what the file holds.
+    ClicScheda(F, SchedaBase);
+    Scrivi(F, "txtCliente", u"Verdi"_s);
+    Clic(Controllo(F, "cmdAnnulla"));
+    QVERIFY(F->Nota.Modificata);
     ClicScheda(F, SchedaDiStampa);
     Stampa();
     QVERIFY(F->Nota.Modificata);
