@@ -87,7 +87,12 @@ void SchedaStampa::Invia()
         if (Scheda)
             Partito ? Scheda->Inviato(Questo) : Scheda->NonInviato(Questo);
     };
-    Cornice.InDialogo([&] { InviaDocumento(Nota, Tipo, Scrivi, Risposto); });
+    try {
+        Cornice.InDialogo([&] { InviaDocumento(Nota, Tipo, Scrivi, Risposto); });
+    } catch (...) {
+        Attesi.removeOne(Questo);  // without its PDF nothing has left, and nobody answers
+        throw;
+    }
 }
 
 // The mail has opened, perhaps while the window asks something, or has another note by now. What the PDF asks

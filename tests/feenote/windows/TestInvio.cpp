@@ -34,6 +34,7 @@ private Q_SLOTS:
     void dueInviiDiFila();
     void laNotaSiChiudePrima_data();
     void laNotaSiChiudePrima();
+    void senzaIlPdfNonParteNulla();
     void nomiDiOgniGenere();
     void indirizzoDelCliente_data();
     void indirizzoDelCliente();
@@ -291,6 +292,28 @@ void TestInvio::laNotaSiChiudePrima()
     Parcella Letta;
     CaricaDati(Letta, File);
     QCOMPARE(Letta.Stato.Stato, Inviata ? StatoNota::Inviata : StatoNota::Bozza);
+}
+
+/// The folder of what is sent cannot be made: the PDF is not written, and the note is closed as it was.
+void TestInvio::senzaIlPdfNonParteNulla()
+{
+    Riempi(2);
+    Documento(StampaPreventivo);
+    const QString File = salvataggi::SalvaCome(*T, u"rossi.mdb"_s);
+    Installa();
+    const QByteArray Allora = qgetenv("XDG_DATA_HOME");
+    const auto Torna = qScopeGuard([&] { qputenv("XDG_DATA_HOME", Allora); });
+    qputenv("XDG_DATA_HOME", QFile::encodeName(NuovaCartella()));
+    QVERIFY(QDir().mkpath(CartellaDati()));
+    ScriviFile(CartellaDati() + u"invii"_s, "x");
+    QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(u"Errore di accesso al percorso o al file"_s));
+    T->Voce.Tollera();
+    InviaSubito();
+    QVERIFY(!EsisteFile(Programmi + u"xdg-email.visto"_s));
+    QVERIFY(ChiudiParcella(1));
+    Parcella Letta;
+    CaricaDati(Letta, File);
+    QCOMPARE(Letta.Stato.Stato, StatoNota::Bozza);
 }
 
 /// What a user has written goes as it is, in one argument each, and none becomes an option or a command.
