@@ -364,6 +364,7 @@ void TestCliFattura::nientAltroDellaParcellaCambia()
     Prima[u"Stato"_s] = u"Fatturata"_s;
     Prima[u"Stato.Documento"_s] = u"3"_s;
     Prima[u"Stato.Emessa"_s] = u"1"_s;
+    Prima[u"Stato.ConFile"_s] = u"1"_s;
     Prima[u"Stato.Fattura"_s] = u"15/01/2026;7"_s;
     Prima[u"Stato.Dal.Fatturata"_s] = u"20/01/2026"_s;
     QVERIFY(Prima.contains(u"Stato.Importi"_s));
