@@ -543,11 +543,6 @@ ImportiDocumento ImportiDellaNota(const Parcella& Nota)
     return Importi(Dati, ConScissione(Nota, Dati.Tipo));
 }
 
-double RestoDellaNota(const Parcella& Nota)
-{
-    return RestiDellaNota(Nota).last();
-}
-
 QList<double> RestiDellaNota(const Parcella& Nota)
 {
     const StatoTenuto& Tenuto = Nota.Stato;

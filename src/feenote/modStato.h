@@ -51,11 +51,10 @@ bool SegueStato(Parcella& Nota, Copertura& Vista);
 /// of a paid note without a document are without its payments, or there would be nothing to pay.
 [[nodiscard]] ImportiDocumento ImportiDellaNota(const Parcella& Nota);
 
-/// What is left of a document's net after the payments that it has not taken away itself, never below 0;
+/// Of each document that counts, the oldest first (those of Stato.Emessi and, last, the one in hand): what is
+/// left of its net after the payments that it has not taken away itself, never below 0;
 /// whatever the state. A payment is spent once: on what has gone out before first, see RestiDeiDocumenti.
 /// Payments of the associated note count for a document of both, those seen last while nothing is associated.
-[[nodiscard]] double RestoDellaNota(const Parcella& Nota);
-/// The same of each document that counts, the oldest first: those of Stato.Emessi and, last, that one.
 [[nodiscard]] QList<double> RestiDellaNota(const Parcella& Nota);
 
 /// A document of this note and of the associated one has gone out.
