@@ -10,6 +10,7 @@
 #include "feenote/modInterruttori.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
+#include "platform/base/errore.h"
 #include "platform/kit/servizi_qt.h"
 #include "platform/preview/vistastampa.h"
 #include "platform/system/cartelle.h"
