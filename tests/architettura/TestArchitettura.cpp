@@ -27,6 +27,7 @@ private Q_SLOTS:
     void leProveSeguonoLeStanze();
     void nessunaProvaDietroUnaCondizione();
     void ogniMisuraDettaSiRipete();
+    void ogniPaginaDeiDocumentiSiTrova();
 
     void unaSondaSiScopre_data();
     void unaSondaSiScopre();
@@ -196,6 +197,36 @@ void TestArchitettura::ogniMisuraDettaSiRipete()
     for (const QString& Riga : Dette)
         if (const QString Nome = Riga.section(u'|', 1, 1).trimmed(); !Misure.contains(u"u\"%1\""_s.arg(Nome)))
             Estranee += u"docs/velocita.md: no benchmark is called \"%1\""_s.arg(Nome);
+    Nessuna(Estranee);
+}
+
+/// A page of the documents that no other names is read by nobody, and a link leads to a file.
+void TestArchitettura::ogniPaginaDeiDocumentiSiTrova()
+{
+    const QDir Radice(SorgenteDiProva(QString()));
+    QStringList Pagine = Radice.entryList({u"*.md"_s}, QDir::Files);
+    QDirIterator Cammino(Radice.filePath(u"docs"_s), {u"*.md"_s}, QDir::Files, QDirIterator::Subdirectories);
+    while (Cammino.hasNext())
+        Pagine += Radice.relativeFilePath(Cammino.next());
+    QVERIFY(Pagine.contains(u"docs/decisions/numbers.md"));
+    static const QRegularExpression Rimando(u"\\]\\(([^)#:]+)"_s);
+    QSet<QString> Nominate = {u"README.md"_s};
+    QStringList Estranee;
+    for (const QString& Pagina : std::as_const(Pagine)) {
+        QFile Aperta(Radice.filePath(Pagina));
+        QVERIFY(Aperta.open(QIODevice::ReadOnly));
+        const QString Testo = QString::fromUtf8(Aperta.readAll());
+        for (const QRegularExpressionMatch& Trovato : Rimando.globalMatch(Testo)) {
+            const QString Meta = QDir::cleanPath(QFileInfo(Pagina).path() + u'/' + Trovato.captured(1));
+            if (!Radice.exists(Meta))
+                Estranee += u"%1: no file \"%2\""_s.arg(Pagina, Meta);
+            else if (Meta != Pagina)
+                Nominate += Meta;
+        }
+    }
+    for (const QString& Pagina : std::as_const(Pagine))
+        if (!Nominate.contains(Pagina))
+            Estranee += u"%1: no page leads there"_s.arg(Pagina);
     Nessuna(Estranee);
 }
 
