@@ -2,11 +2,9 @@
 
 #include "calculators/modStampaTermini.h"
 #include "calculators/windows/finestracalcolo.h"
-#include "calculators/windows/frmAgenda.h"
 #include "calculators/windows/frmRicorrenti.h"
-#include "calculators/windows/frmStrada.h"
+#include "calculators/windows/pannellotermini.h"
 #include "core/modErrori.h"
-#include "core/modTesti.h"
 #include "platform/base/regionale.h"
 #include "platform/calendar/calendario.h"
 #include "platform/kit/aspetto.h"
@@ -42,16 +40,14 @@ frmTermini::frmTermini() : ui(std::make_unique<Ui::frmTermini>())
 {
     ui->setupUi(this);
     aspetto::MisuraConLeLettere({ui->mskDecorr, ui->txtIncrNum});
-    Scelta = std::make_unique<SceltaNorme>(ui->cmbNorme, [this] { CambiaNorme(); });
-    Inizio = std::make_unique<RigaInizio>(ui->modulo, 1, [this] { Pulisci(); });
-    setTabOrder(ui->mskDecorr, Inizio->Casella());
-    setTabOrder(Inizio->Casella(), ui->txtIncrNum);
-    Comandi = new ComandiCalcolo(this, ParteComandi());
+    Pannello = new PannelloTermini(this, Campi(), ui->modulo, 1, ParteSua());
+    setTabOrder(ui->mskDecorr, Pannello->Inizio().Casella());
+    setTabOrder(Pannello->Inizio().Casella(), ui->txtIncrNum);
     ImpostaMenu(
         this,
         QList<VoceMenu>{{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New, [this] { mnuNew_Click(); }},
                         {u"mnuStampa"_s, u"Stampa"_s, QKeySequence::Print, [this] { mnuStampa_Click(); }}} +
-            Comandi->Voci(true));
+            Pannello->Comandi(ParteComandi()));
     {
         const QSignalBlocker Zitta(ui->cmbIncrTipo);
         for (const QStringView Voce : VociIncremento)
@@ -59,7 +55,7 @@ frmTermini::frmTermini() : ui(std::make_unique<Ui::frmTermini>())
         ui->cmbIncrTipo->setCurrentIndex(-1);
     }
     constexpr int RigheRisultato = 2;  // the date, and whether it was moved
-    PreparaPannello(Campi(), Ingrandimento, RigheRisultato);
+    Pannello->Prepara(Ingrandimento, RigheRisultato);
     for (QToolButton* Pulsante : {ui->cmdCalend_0, ui->cmdCalend_1})
         Pulsante->setIcon(aspetto::Icona(u"calendario"_s));
     ui->cmdLascia->setIcon(aspetto::Icona(u"chiudi"_s));
@@ -69,7 +65,6 @@ frmTermini::frmTermini() : ui(std::make_unique<Ui::frmTermini>())
     Collegamenti();
     ui->mskDecorr->ImpostaTesto(u"  /  /    "_s);
     ui->Calendario->ImpostaData(Oggi());
-    Comandi->Aggiorna();
 }
 
 frmTermini::~frmTermini() = default;
@@ -86,7 +81,7 @@ void frmTermini::Collegamenti()
         Pulisci();
         VerificaScelto();
     };
-    CollegaDecorrenza(Campi(), Cambiato);
+    Pannello->Collegamenti(Cambiato);
     Collega(ui->txtIncrNum, &QLineEdit::textEdited, this, Cambiato);
     Collega(ui->cmbIncrTipo, &QComboBox::currentIndexChanged, this, Cambiato);
     for (const QCheckBox* Casella : {ui->chkSosp, ui->chkLibero, ui->chkSabato})
@@ -97,21 +92,14 @@ void frmTermini::Collegamenti()
     Collega(ui->cmdAvvertenze, &QPushButton::clicked, this, [this] { cmdAvvertenze_Click(); });
     Collega(ui->cmdCalend_0, &QToolButton::clicked, this, [this] { cmdCalend_Click(0); });
     Collega(ui->cmdCalend_1, &QToolButton::clicked, this, [this] { cmdCalend_Click(1); });
-    Collega(ui->Calendario, &CalendarioMensile::DataScelta, this,
-            [this, Cambiato](const QDate& Data) { PrendiData(Campi(), Data, Cambiato); });
     CollegaRicorrenti();
 }
 
 void frmTermini::CollegaRicorrenti()
 {
-    Collega(ui->cmbMateria, &QComboBox::currentIndexChanged, this, [this] { Pulisci(); });
     Collega(ui->cmdRicorrenti, &QPushButton::clicked, this, [this] { cmdRicorrenti_Click(); });
     Collega(ui->cmdLascia, &QToolButton::clicked, this, [this] { cmdLascia_Click(); });
-    Collega(ui->cmdStrada, &QPushButton::clicked, this, [this] { cmdStrada_Click(); });
-    Collega(ui->cmdAgenda, &QPushButton::clicked, this, [this] { cmdAgenda_Click(); });
     TastoRapido(this, Qt::Key_T, [this] { cmdRicorrenti_Click(); });
-    TastoRapido(this, Qt::Key_D, [this] { cmdStrada_Click(); });
-    TastoRapido(this, Qt::Key_G, [this] { cmdAgenda_Click(); });
 }
 
 void frmTermini::Mostra()
@@ -120,7 +108,7 @@ void frmTermini::Mostra()
     // Messages, other programs and the print window activate the form too: they must not reset what was
     // chosen.
     if (!isVisible())
-        Scelta->Comincia();
+        Pannello->Comincia();
     if (MostraModulo(this))
         Form_Activate();
 }
@@ -135,8 +123,28 @@ void frmTermini::Form_Activate()
 
 CampiTermini frmTermini::Campi() const
 {
-    return {ui->mskDecorr, ui->chkSosp,      ui->chkSabato, ui->Calendario,
-            ui->lblRisult, ui->lblSettembre, ui->cmdCopia,  Scelta.get()};
+    return {.cmbNorme = ui->cmbNorme,
+            .cmbMateria = ui->cmbMateria,
+            .lblEta = ui->lblEta,
+            .mskDecorr = ui->mskDecorr,
+            .chkSosp = ui->chkSosp,
+            .chkSabato = ui->chkSabato,
+            .Calendario = ui->Calendario,
+            .lblRisult = ui->lblRisult,
+            .lblSettembre = ui->lblSettembre,
+            .cmdCopia = ui->cmdCopia,
+            .cmdStrada = ui->cmdStrada,
+            .cmdAgenda = ui->cmdAgenda,
+            .cmdScadenza = ui->cmdCalend_1};
+}
+
+ParteTermini frmTermini::ParteSua()
+{
+    return {.Suffisso = SuffissoTermini,
+            .TitoloScheda = {},
+            .NormeCambiate = [this] { CambiaNorme(); },
+            .Pulisci = [this] { Pulisci(); },
+            .Chieste = [this] { return RigheChieste(); }};
 }
 
 DatiTermine frmTermini::Dati() const
@@ -152,28 +160,12 @@ DatiTermine frmTermini::Dati() const
 
 void frmTermini::Pulisci()
 {
-    Contati.clear();
-    Abilita();
-    // A road of a result that is no more would be taken for that of the next one.
-    if (Strade)
-        Strade->close();
-    ui->cmdCalend_1->hide();
-    ScriviRisultato(Campi(), {});
-    Segna();
-}
-
-void frmTermini::Segna()
-{
-    QList<QDate> Giorni;
-    for (const TermineContato& Termine : std::as_const(Contati))
-        Giorni << Termine.Esito.Scadenza;
-    SegnaGiorni(Campi(), Giorni);
+    Pannello->Togli();
 }
 
 void frmTermini::cmdEsegui_Click()
 {
-    if (Inizio->Valida())
-        CalcolaDallaData(ui->mskDecorr, [this] { return Calcola(); });
+    Pannello->Calcola([this] { return Calcola(); });
 }
 
 bool frmTermini::Calcola()
@@ -182,7 +174,7 @@ bool frmTermini::Calcola()
     if (Catena)
         Caselle.Numero = u"1"_s;  // its links have numbers of their own
     // By the norms in force a Saturday moves backward terms too (Cass. 14767/2014).
-    else if (!Scelta->InVigore() && TogliSabatoARitroso(Caselle.Opzioni)) {
+    else if (!Pannello->Norme().InVigore() && TogliSabatoARitroso(Caselle.Opzioni)) {
         ui->chkSabato->setChecked(false);
         Pulisci();
     }
@@ -198,46 +190,32 @@ bool frmTermini::Calcola()
     Conto.Opzioni = Caselle.Opzioni;
     Conto.DataCorrente = Esito.Scadenza;
     Conto.Prorogato = Esito.Spostata;
-    Contati = {Contato(Chiesto, Esito)};
-    MostraScadenza(Conto, NoteDi(Contati));
+    MostraRisultato({Contato(Chiesto, Esito)}, TestoTermine(Conto));
     return true;
 }
 
 bool frmTermini::CalcolaCatena(const DatiTermine& Caselle)
 {
-    const auto Lette = Scelta->Lette();
+    const auto Lette = Pannello->Norme().Lette();
     if (!Lette)
         return false;
-    Contati = ContaCatena(Scelta->Insieme(), *Lette, *Catena, CDate(SenzaSecolo(Caselle.Decorrenza)),
-                          Materia(), Inizio->Data());
-    DataCorrente = Contati.first().Esito.Scadenza;
-    MostraRisultato(TestoCatena(Contati, true), NoteDi(Contati));
+    const QList<TermineContato> Anelli =
+        ContaCatena(Pannello->Norme().Insieme(), *Lette, *Catena, CDate(SenzaSecolo(Caselle.Decorrenza)),
+                    Pannello->Materia(), Pannello->Inizio().Data());
+    MostraRisultato(Anelli, TestoCatena(Anelli, true));
     return true;
 }
 
-void frmTermini::MostraScadenza(const ContoTermine& Conto, const QString& Avviso)
+void frmTermini::MostraRisultato(const QList<TermineContato>& Calcolati, const QString& Testo)
 {
-    DataCorrente = Conto.DataCorrente;
-    MostraRisultato(TestoTermine(Conto), Avviso);
-}
-
-void frmTermini::MostraRisultato(const QString& Testo, const QString& Avviso)
-{
-    Campanello();
-    ScriviRisultato(Campi(), Testo, Avviso);
-    Abilita();
-    ui->cmdCalend_1->show();
-    ui->Calendario->ImpostaData(DataCorrente);
-    Segna();
-    FaiPosto(this);
-    Comandi->Ricorda(true);
+    Pannello->Mostra(Calcolati, Testo, NoteDi(Calcolati));
 }
 
 void frmTermini::cmdCalend_Click(int Indice)
 {
-    if (Indice == 1)
-        ui->Calendario->ImpostaData(DataCorrente);
-    AlternaCalendario(Campi());
+    if (Indice == 1 && !Pannello->Contati().isEmpty())
+        ui->Calendario->ImpostaData(Pannello->Contati().first().Esito.Scadenza);
+    Pannello->AlternaCalendario();
 }
 
 void frmTermini::cmdAvvertenze_Click()
@@ -270,12 +248,13 @@ void frmTermini::Svuota()
 
 void frmTermini::mnuStampa_Click()
 {
-    if (Scelta->InVigore() || Catena) {
-        MostraStampa(SuffissoTermini, [this](Superficie& vp) { return StampaScheda(vp, Scheda()); });
+    if (Pannello->Norme().InVigore() || Catena) {
+        MostraStampa(SuffissoTermini,
+                     [this](Superficie& vp) { return StampaScheda(vp, Pannello->Scheda()); });
         return;
     }
     MostraStampa(SuffissoTermini, [this](Superficie& vp) {
-        return StampaTermine(vp, Dati(), ui->lblRisult->text(), AvvisoMostrato(Campi()));
+        return StampaTermine(vp, Dati(), ui->lblRisult->text(), Pannello->AvvisoMostrato());
     });
 }
 
@@ -283,34 +262,14 @@ void frmTermini::mnuStampa_Click()
 
 void frmTermini::CambiaNorme()
 {
-    MostraNorme(CampiDelleNorme(), *Scelta);
     // What one set of rules has put aside the other one may ask for.
     if (Scelto)
         SpuntaSabato(RichiestaTermineDi(*Scelto, {}).Opzioni);
     // The program's own rules enable it by a date, and there may be none.
-    ui->chkSabato->setEnabled(Scelta->InVigore());
-    AbilitaSabato(Campi(), SenzaSecolo(ui->mskDecorr->Testo()));
+    ui->chkSabato->setEnabled(Pannello->Norme().InVigore());
+    Pannello->AbilitaSabato();
     MostraScelto();
     Pulisci();
-    ui->Calendario->Ridisegna();
-    FaiPosto(this);
-}
-
-void frmTermini::Abilita()
-{
-    for (QPushButton* Pulsante : {ui->cmdStrada, ui->cmdAgenda})
-        Pulsante->setEnabled(!Contati.isEmpty());
-    Comandi->Aggiorna();
-}
-
-CampiNorme frmTermini::CampiDelleNorme() const
-{
-    return {ui->cmbMateria, ui->lblEta, ui->cmdStrada, ui->cmdAgenda};
-}
-
-QString frmTermini::Materia() const
-{
-    return MateriaScelta(CampiDelleNorme(), *Scelta);
 }
 
 RichiestaTermine frmTermini::Richiesta(const DatiTermine& Caselle) const
@@ -320,16 +279,16 @@ RichiestaTermine frmTermini::Richiesta(const DatiTermine& Caselle) const
     Chiesto.Numero = CInt(Caselle.Numero);
     Chiesto.Tipo = Caselle.Tipo == TipoGiorni || Caselle.Tipo == TipoMesi ? Caselle.Tipo : TipoAnni;
     Chiesto.Opzioni = Caselle.Opzioni;
-    Chiesto.Materia = Materia();
+    Chiesto.Materia = Pannello->Materia();
     return Chiesto;
 }
 
 EsitoTermine frmTermini::Computa(const RichiestaTermine& Chiesto) const
 {
-    if (!Scelta->InVigore() || !Scelto)
-        return ComputaTermine(Scelta->Insieme(), Chiesto);
-    return ComputaRicorrente(*Scelta->Lette(), *Scelto, Chiesto.Decorrenza, Chiesto.Materia, Inizio->Data(),
-                             Chiesto.Opzioni);
+    if (!Pannello->Norme().InVigore() || !Scelto)
+        return ComputaTermine(Pannello->Norme().Insieme(), Chiesto);
+    return ComputaRicorrente(*Pannello->Norme().Lette(), *Scelto, Chiesto.Decorrenza, Chiesto.Materia,
+                             Pannello->Inizio().Data(), Chiesto.Opzioni);
 }
 
 TermineContato frmTermini::Contato(const RichiestaTermine& Chiesto, const EsitoTermine& Esito) const
@@ -344,7 +303,7 @@ TermineContato frmTermini::Contato(const RichiestaTermine& Chiesto, const EsitoT
 
 void frmTermini::cmdRicorrenti_Click()
 {
-    const auto Lette = Scelta->Lette();
+    const auto Lette = Pannello->Norme().Lette();
     if (!Lette)
         return;
     auto* Catalogo = new frmRicorrenti(this, Lette);
@@ -379,7 +338,7 @@ void frmTermini::MettiTermine(const TermineRicorrente& Termine)
 /// The Saturday of a row of the catalogue, which the program's own rules have for no backward term.
 void frmTermini::SpuntaSabato(const OpzioniTermine& DelTermine)
 {
-    ui->chkSabato->setChecked(DelTermine.Sabato && (Scelta->InVigore() || !DelTermine.Antecedente));
+    ui->chkSabato->setChecked(DelTermine.Sabato && (Pannello->Norme().InVigore() || !DelTermine.Antecedente));
 }
 
 void frmTermini::UsaCatena(const CatenaTermini& Presa)
@@ -400,7 +359,7 @@ void frmTermini::MettiCatena(const CatenaTermini& Presa)
 /// A term picked behind its start date is wanted at once.
 void frmTermini::CalcolaSeData()
 {
-    if (LeggiData(SenzaSecolo(ui->mskDecorr->Testo())))
+    if (LeggiData(Pannello->Decorrenza()))
         cmdEsegui_Click();
     else
         VaiSullaData(ui->mskDecorr);
@@ -446,8 +405,9 @@ void frmTermini::MostraScelto()
     // The date of the window is that of its event.
     if (!Evento.isEmpty())
         Testo += u"\nDecorre da: "_s + Evento;
-    Inizio->Mostra(Scelta->InVigore() && ((Scelto && ChiedeInizio(*Scelto)) ||
-                                          (Catena && ChiedeInizio(*Scelta->Lette(), *Catena))));
+    Pannello->Inizio().Mostra(
+        Pannello->Norme().InVigore() &&
+        ((Scelto && ChiedeInizio(*Scelto)) || (Catena && ChiedeInizio(*Pannello->Norme().Lette(), *Catena))));
     ui->lblTermine->setText(Testo);
     ui->lblTermine->setVisible(!Testo.isEmpty());
     ui->cmdLascia->setVisible(!Testo.isEmpty());
@@ -458,7 +418,7 @@ void frmTermini::MostraScelto()
     if (Catena)
         ui->chkSabato->setEnabled(false);
     else
-        AbilitaSabato(Campi(), SenzaSecolo(ui->mskDecorr->Testo()));
+        Pannello->AbilitaSabato();
     QFont Lettere = font();
     if (!Catena)
         Lettere.setPointSizeF(Lettere.pointSizeF() * Ingrandimento);
@@ -469,37 +429,16 @@ QStringList frmTermini::RigheChieste() const
 {
     const DatiTermine Caselle = Dati();
     const auto SiNo = [](bool Segno) { return Segno ? u"Sì"_s : u"No"_s; };
+    const QList<TermineContato>& Contati = Pannello->Contati();
     QStringList Righe{u"Data decorrenza: "_s +
                       Format(Contati.isEmpty() ? QDate() : Contati.first().Decorrenza, u"dd/mm/yyyy")};
     if (Catena)
-        Righe << u"Termini: "_s + Catena->Titolo;
-    else
-        Righe << u"Incremento: "_s + (Contati.isEmpty() ? QString() : Contati.first().Misura)
-              << u"Sospensione feriale: "_s + SiNo(Caselle.Opzioni.Sospensione && Materia().isEmpty())
-              << u"Termine libero: "_s + SiNo(Caselle.Opzioni.Libero)
-              << u"Proroga del sabato: "_s + SiNo(Caselle.Opzioni.Sabato);
-    if (const auto Quando = Inizio->Data())
-        Righe << u"Causa iniziata il: "_s + Format(*Quando, u"dd/mm/yyyy");
-    if (!Materia().isEmpty())
-        Righe << u"Materia: "_s + ui->cmbMateria->currentText();
-    return Righe << RigaNorme(Scelta->Insieme());
-}
-
-void frmTermini::cmdStrada_Click()
-{
-    if (Contati.isEmpty())
-        return;
-    if (!Strade)
-        Strade = new frmStrada(this);
-    Strade->Mostra(PartiDi(Contati), Scheda(), SuffissoTermini,
-                   [this](const QDate& Giorno) { return Scelta->Festivo(Giorno); });
-}
-
-void frmTermini::cmdAgenda_Click()
-{
-    if (Contati.isEmpty())
-        return;
-    (new frmAgenda(this, Contati, Scelta->Insieme()))->Mostra();
+        return Righe << u"Termini: "_s + Catena->Titolo;
+    return Righe << u"Incremento: "_s + (Contati.isEmpty() ? QString() : Contati.first().Misura)
+                 << u"Sospensione feriale: "_s +
+                        SiNo(Caselle.Opzioni.Sospensione && Pannello->Materia().isEmpty())
+                 << u"Termine libero: "_s + SiNo(Caselle.Opzioni.Libero)
+                 << u"Proroga del sabato: "_s + SiNo(Caselle.Opzioni.Sabato);
 }
 
 // ---- sheet and list -------------------------------------------------------------------------------
@@ -508,8 +447,8 @@ ParteDelCalcolo frmTermini::ParteComandi()
 {
     ParteDelCalcolo Parte;
     Parte.Quale = Calcolatrice::Termini;
-    Parte.Campi = {CampoDi(ui->cmbNorme), CampoCatalogo(), CampoDecorrenza(Campi()),
-                   CampoDi(Inizio->Casella())};
+    Parte.Campi = {CampoDi(ui->cmbNorme), CampoCatalogo(), Pannello->CampoDecorrenza(),
+                   CampoDi(Pannello->Inizio().Casella())};
     // No unit chosen counts in years.
     CampoRicordato Unita = CampoDi(ui->cmbIncrTipo);
     Unita.Scrivi = [this, Scegli = Unita.Scrivi](const QString& Valore) {
@@ -522,14 +461,12 @@ ParteDelCalcolo frmTermini::ParteComandi()
     for (QWidget* Campo :
          std::initializer_list<QWidget*>{ui->chkSosp, ui->chkLibero, ui->chkSabato, ui->optTipoScad_1})
         Parte.Campi << CampoDi(Campo);
-    Parte.Campi << CampoMateria(ui->cmbMateria);
+    Parte.Campi << Pannello->CampoMateria();
     Parte.Nome = [this] {
-        const QString Che = Catena ? Catena->Titolo : NomeTermine(Contati.first());
-        return Che + u" dal "_s + Format(Contati.first().Decorrenza, u"dd/mm/yyyy");
+        const TermineContato& Primo = Pannello->Contati().first();
+        return (Catena ? Catena->Titolo : NomeTermine(Primo)) + u" dal "_s +
+               Format(Primo.Decorrenza, u"dd/mm/yyyy");
     };
-    Parte.Esito = [this] { return EsitoInRiga(Contati); };
-    Parte.Scheda = [this] { return Scheda(); };
-    Parte.Suffisso = SuffissoTermini;
     Parte.Prepara = [this] { Svuota(); };
     Parte.Calcola = [this] { cmdEsegui_Click(); };
     return Parte;
@@ -544,7 +481,7 @@ CampoRicordato frmTermini::CampoCatalogo()
             [this](const QString& Codice) {
                 if (Codice.isEmpty())
                     return true;
-                const auto Lette = Scelta->Lette();
+                const auto Lette = Pannello->Norme().Lette();
                 if (!Lette)
                     return false;
                 if (const CatenaTermini* Presa = TrovaCatena(*Lette, Codice)) {
@@ -557,9 +494,4 @@ CampoRicordato frmTermini::CampoCatalogo()
                 MettiTermine(*Preso);
                 return true;
             }};
-}
-
-SchedaCalcolo frmTermini::Scheda() const
-{
-    return SchedaStrada(RigheChieste(), PartiDi(Contati), RigheEta(*Scelta));
 }

@@ -3,15 +3,15 @@
 
 #include "calculators/modTermini.h"
 #include "calculators/norme/terminecontato.h"
-#include "calculators/windows/finestretermini.h"
-#include "calculators/windows/sceltanorme.h"
+#include "calculators/windows/comandicalcolo.h"
 
 #include <QDialog>
-#include <QPointer>
 
 #include <memory>
 
-class frmStrada;
+class PannelloTermini;
+struct CampiTermini;
+struct ParteTermini;
 
 namespace Ui {
 class frmTermini;
@@ -49,9 +49,6 @@ public:
     void UsaCatena(const CatenaTermini& Catena);
     /// Leaves the term or the chain of the catalogue.
     void cmdLascia_Click();
-    /// Opens the road of the result, and its calendar entries.
-    void cmdStrada_Click();
-    void cmdAgenda_Click();
 
 private:
     void Collegamenti();
@@ -59,11 +56,8 @@ private:
     void CollegaRicorrenti();
     [[nodiscard]] bool Calcola();
     [[nodiscard]] bool CalcolaCatena(const DatiTermine& Caselle);
-    void MostraScadenza(const ContoTermine& Conto, const QString& Avviso);
-    void MostraRisultato(const QString& Testo, const QString& Avviso);
-    void Segna();
+    void MostraRisultato(const QList<TermineContato>& Calcolati, const QString& Testo);
     void CambiaNorme();
-    void Abilita();
     void CalcolaSeData();
     void SpuntaSabato(const OpzioniTermine& DelTermine);
     void VerificaScelto();
@@ -71,25 +65,18 @@ private:
     [[nodiscard]] TermineContato Contato(const RichiestaTermine& Richiesta, const EsitoTermine& Esito) const;
     [[nodiscard]] RichiestaTermine Richiesta(const DatiTermine& Caselle) const;
     [[nodiscard]] EsitoTermine Computa(const RichiestaTermine& Chiesto) const;
-    [[nodiscard]] QString Materia() const;
     [[nodiscard]] DatiTermine Dati() const;
     [[nodiscard]] CampiTermini Campi() const;
+    [[nodiscard]] ParteTermini ParteSua();
     [[nodiscard]] QStringList RigheChieste() const;
-    [[nodiscard]] CampiNorme CampiDelleNorme() const;
     void MettiTermine(const TermineRicorrente& Termine);
     void MettiCatena(const CatenaTermini& Presa);
     void Svuota();
     [[nodiscard]] ParteDelCalcolo ParteComandi();
     [[nodiscard]] CampoRicordato CampoCatalogo();
-    [[nodiscard]] SchedaCalcolo Scheda() const;
 
     std::unique_ptr<Ui::frmTermini> ui;
-    std::unique_ptr<SceltaNorme> Scelta;
-    std::unique_ptr<RigaInizio> Inizio;
-    ComandiCalcolo* Comandi = nullptr;
-    QDate DataCorrente;                       ///< the due date of the result, the last one of a chain
-    QList<TermineContato> Contati;            ///< the result
+    PannelloTermini* Pannello;
     std::optional<TermineRicorrente> Scelto;  ///< from the catalogue, as long as the boxes are its own
     std::optional<CatenaTermini> Catena;      ///< from the catalogue
-    QPointer<frmStrada> Strade;
 };

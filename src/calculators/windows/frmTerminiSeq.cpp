@@ -2,8 +2,7 @@
 
 #include "calculators/modStampaTermini.h"
 #include "calculators/windows/finestracalcolo.h"
-#include "calculators/windows/frmAgenda.h"
-#include "calculators/windows/frmStrada.h"
+#include "calculators/windows/pannellotermini.h"
 #include "core/modErrori.h"
 #include "platform/base/regionale.h"
 #include "platform/calendar/calendario.h"
@@ -32,27 +31,24 @@ frmTerminiSeq::frmTerminiSeq() : ui(std::make_unique<Ui::frmTerminiSeq>())
 {
     ui->setupUi(this);
     aspetto::MisuraConLeLettere({ui->mskDecorr});
-    Scelta = std::make_unique<SceltaNorme>(ui->cmbNorme, [this] { CambiaNorme(); });
-    Inizio = std::make_unique<RigaInizio>(ui->modulo, 2, [this] { Pulisci(); });
-    setTabOrder(ui->mskDecorr, Inizio->Casella());
-    setTabOrder(Inizio->Casella(), ui->chkSosp);
-    Comandi = new ComandiCalcolo(this, ParteComandi());
+    Pannello = new PannelloTermini(this, Campi(), ui->modulo, 2, ParteSua());
+    setTabOrder(ui->mskDecorr, Pannello->Inizio().Casella());
+    setTabOrder(Pannello->Inizio().Casella(), ui->chkSosp);
     ImpostaMenu(
         this,
         QList<VoceMenu>{{u"mnuNew"_s, u"Nuovo calcolo"_s, QKeySequence::New, [this] { mnuNew_Click(); }},
                         {u"mnuPrint"_s, u"Stampa"_s, QKeySequence::Print, [this] { mnuPrint_Click(); }}} +
-            Comandi->Voci(true));
+            Pannello->Comandi(ParteComandi()));
     ElencaArticoli();
     constexpr double Ingrandimento = 1.15;
     constexpr int RigheRisultato = 6;  // three links, a blank line before each
-    PreparaPannello(Campi(), Ingrandimento, RigheRisultato);
+    Pannello->Prepara(Ingrandimento, RigheRisultato);
     ui->cmdCalend->setIcon(aspetto::Icona(u"calendario"_s));
     ui->Calendario->ImpostaNomeInizio(u"Udienza"_s);
     PreparaModulo(this, u"sequenz"_s);
     Collegamenti();
     ui->mskDecorr->ImpostaTesto(u"  /  /    "_s);
     ui->Calendario->ImpostaData(Oggi());
-    Comandi->Aggiorna();
 }
 
 frmTerminiSeq::~frmTerminiSeq() = default;
@@ -65,7 +61,7 @@ void frmTerminiSeq::Collegamenti()
     ui->chkSosp->installEventFilter(this);
 
     const auto Cambiato = [this] { Pulisci(); };
-    CollegaDecorrenza(Campi(), Cambiato);
+    Pannello->Collegamenti(Cambiato);
     Collega(ui->cmbArticolo, &QComboBox::currentIndexChanged, this, [this] { CambiaCatena(); });
     for (const QCheckBox* Casella : {ui->chkSosp, ui->chkSabato})
         Collega(Casella, &QCheckBox::clicked, this, Cambiato);
@@ -73,27 +69,14 @@ void frmTerminiSeq::Collegamenti()
     Collega(ui->cmdEsegui, &QPushButton::clicked, this, [this] { cmdEsegui_Click(); });
     Collega(ui->cmdAvvertenze, &QPushButton::clicked, this, [this] { cmdAvvertenze_Click(); });
     Collega(ui->cmdCalend, &QToolButton::clicked, this, [this] { cmdCalend_Click(); });
-    Collega(ui->Calendario, &CalendarioMensile::DataScelta, this, [this, Cambiato](const QDate& Data) {
-        PrendiData(Campi(), Data, Cambiato);
-        ui->Calendario->hide();
-    });
-    CollegaNorme();
-}
-
-void frmTerminiSeq::CollegaNorme()
-{
-    Collega(ui->cmbMateria, &QComboBox::currentIndexChanged, this, [this] { Pulisci(); });
-    Collega(ui->cmdStrada, &QPushButton::clicked, this, [this] { cmdStrada_Click(); });
-    Collega(ui->cmdAgenda, &QPushButton::clicked, this, [this] { cmdAgenda_Click(); });
-    TastoRapido(this, Qt::Key_D, [this] { cmdStrada_Click(); });
-    TastoRapido(this, Qt::Key_G, [this] { cmdAgenda_Click(); });
+    Collega(ui->Calendario, &CalendarioMensile::DataScelta, this, [this] { ui->Calendario->hide(); });
 }
 
 void frmTerminiSeq::Mostra()
 {
     ui->cmdAvvertenze->setEnabled(HaAvvertenze());
     if (!isVisible())
-        Scelta->Comincia();
+        Pannello->Comincia();
     MostraModulo(this);
 }
 
@@ -106,8 +89,27 @@ bool frmTerminiSeq::eventFilter(QObject* Oggetto, QEvent* Evento)
 
 CampiTermini frmTerminiSeq::Campi() const
 {
-    return {ui->mskDecorr, ui->chkSosp,      ui->chkSabato, ui->Calendario,
-            ui->lblRisult, ui->lblSettembre, ui->cmdCopia,  Scelta.get()};
+    return {.cmbNorme = ui->cmbNorme,
+            .cmbMateria = ui->cmbMateria,
+            .lblEta = ui->lblEta,
+            .mskDecorr = ui->mskDecorr,
+            .chkSosp = ui->chkSosp,
+            .chkSabato = ui->chkSabato,
+            .Calendario = ui->Calendario,
+            .lblRisult = ui->lblRisult,
+            .lblSettembre = ui->lblSettembre,
+            .cmdCopia = ui->cmdCopia,
+            .cmdStrada = ui->cmdStrada,
+            .cmdAgenda = ui->cmdAgenda};
+}
+
+ParteTermini frmTerminiSeq::ParteSua()
+{
+    return {.Suffisso = SuffissoSequenziali,
+            .TitoloScheda = u"CALCOLO TERMINI SEQUENZIALI"_s,
+            .NormeCambiate = [this] { CambiaNorme(); },
+            .Pulisci = [this] { Pulisci(); },
+            .Chieste = [this] { return RigheChieste(); }};
 }
 
 OpzioniTermine frmTerminiSeq::Opzioni() const
@@ -117,27 +119,13 @@ OpzioniTermine frmTerminiSeq::Opzioni() const
 
 void frmTerminiSeq::Pulisci()
 {
-    Contati.clear();
-    Abilita();
-    if (Strade)
-        Strade->close();
     Risultato.clear();
-    ScriviRisultato(Campi(), {});
-    Segna();
-}
-
-void frmTerminiSeq::Segna()
-{
-    QList<QDate> Giorni;
-    for (const TermineContato& Termine : std::as_const(Contati))
-        Giorni << Termine.Esito.Scadenza;
-    SegnaGiorni(Campi(), Giorni);
+    Pannello->Togli();
 }
 
 void frmTerminiSeq::cmdEsegui_Click()
 {
-    if (Inizio->Valida())
-        CalcolaDallaData(ui->mskDecorr, [this] { return Calcola(); });
+    Pannello->Calcola([this] { return Calcola(); });
 }
 
 bool frmTerminiSeq::Calcola()
@@ -147,7 +135,7 @@ bool frmTerminiSeq::Calcola()
         MsgErrore(Trovato->Messaggio);
         return false;
     }
-    if (Scelta->InVigore())
+    if (Pannello->Norme().InVigore())
         return CalcolaVigente();
     MostraScadenze(CalcolaSequenza(Udienza, ui->cmbArticolo->currentIndex(), Opzioni()));
     return true;
@@ -155,36 +143,30 @@ bool frmTerminiSeq::Calcola()
 
 bool frmTerminiSeq::CalcolaVigente()
 {
-    Contati = ContaCatena(InsiemeNorme::Vigenti, *Scelta->Lette(), *Catena(),
-                          CDate(SenzaSecolo(ui->mskDecorr->Testo())),
-                          MateriaScelta(CampiDelleNorme(), *Scelta), Inizio->Data());
-    Risultato = TestoCatena(Contati);
-    MostraRisultato(NoteDi(Contati));
+    const QList<TermineContato> Anelli =
+        ContaCatena(InsiemeNorme::Vigenti, *Pannello->Norme().Lette(), *Catena(),
+                    CDate(Pannello->Decorrenza()), Pannello->Materia(), Pannello->Inizio().Data());
+    MostraRisultato(Anelli, TestoCatena(Anelli), NoteDi(Anelli));
     return true;
 }
 
 void frmTerminiSeq::MostraScadenze(const QList<ScadenzaAnello>& Calcolate)
 {
-    Contati = DelProgramma();
-    Risultato = TestoSequenza(ui->cmbArticolo->currentIndex(), Calcolate);
-    MostraRisultato(SettembreSospeso(Calcolate) ? AvvisoSettembre.toString() : QString());
+    MostraRisultato(DelProgramma(), TestoSequenza(ui->cmbArticolo->currentIndex(), Calcolate),
+                    SettembreSospeso(Calcolate) ? AvvisoSettembre.toString() : QString());
 }
 
-void frmTerminiSeq::MostraRisultato(const QString& Avviso)
+void frmTerminiSeq::MostraRisultato(const QList<TermineContato>& Calcolati, const QString& Testo,
+                                    const QString& Avviso)
 {
+    Risultato = Testo;
     // One line end on screen: a label would show the carriage return as one more.
-    ScriviRisultato(Campi(), QString(Risultato).remove(u'\r'), Avviso);
-    Abilita();
-    ui->Calendario->ImpostaData(Contati.first().Esito.Scadenza);
-    Segna();
-    Campanello();
-    FaiPosto(this);
-    Comandi->Ricorda(true);
+    Pannello->Mostra(Calcolati, QString(Testo).remove(u'\r'), Avviso);
 }
 
 void frmTerminiSeq::cmdCalend_Click()
 {
-    AlternaCalendario(Campi());
+    Pannello->AlternaCalendario();
 }
 
 void frmTerminiSeq::cmdAvvertenze_Click()
@@ -202,7 +184,7 @@ void frmTerminiSeq::mnuNew_Click()
 void frmTerminiSeq::Svuota(bool Sospensione)
 {
     ui->mskDecorr->ImpostaTesto({});
-    Inizio->Svuota();
+    Pannello->Inizio().Svuota();
     ui->Calendario->hide();
     ui->cmbArticolo->setCurrentIndex(0);
     ui->chkSosp->setChecked(Sospensione);
@@ -213,13 +195,14 @@ void frmTerminiSeq::Svuota(bool Sospensione)
 
 void frmTerminiSeq::mnuPrint_Click()
 {
-    if (Scelta->InVigore()) {
-        MostraStampa(SuffissoSequenziali, [this](Superficie& vp) { return StampaScheda(vp, Scheda()); });
+    if (Pannello->Norme().InVigore()) {
+        MostraStampa(SuffissoSequenziali,
+                     [this](Superficie& vp) { return StampaScheda(vp, Pannello->Scheda()); });
         return;
     }
     MostraStampa(SuffissoSequenziali, [this](Superficie& vp) {
         return StampaSequenza(vp, ui->mskDecorr->Testo(), ui->cmbArticolo->currentIndex(), Opzioni(),
-                              Risultato, AvvisoMostrato(Campi()));
+                              Risultato, Pannello->AvvisoMostrato());
     });
 }
 
@@ -229,8 +212,8 @@ void frmTerminiSeq::ElencaArticoli()
 {
     const QSignalBlocker Zitta(ui->cmbArticolo);
     ui->cmbArticolo->clear();
-    if (Scelta->InVigore())
-        for (const CatenaTermini& Una : Scelta->Lette()->Catene())
+    if (Pannello->Norme().InVigore())
+        for (const CatenaTermini& Una : Pannello->Norme().Lette()->Catene())
             ui->cmbArticolo->addItem(Una.Titolo);
     else
         for (const ArticoloTermini& Articolo : Articoli())
@@ -242,17 +225,14 @@ void frmTerminiSeq::ElencaArticoli()
 
 void frmTerminiSeq::CambiaNorme()
 {
-    const bool InVigore = Scelta->InVigore();
+    const bool InVigore = Pannello->Norme().InVigore();
     ElencaArticoli();
-    MostraNorme(CampiDelleNorme(), *Scelta);
     // Each link of a chain in force says itself whether suspension and Saturday count for it.
     for (QWidget* Campo : std::initializer_list<QWidget*>{ui->chkSosp, ui->lblSosp, ui->lblSabato})
         Campo->setEnabled(!InVigore);
     ui->chkSabato->setEnabled(!InVigore);
-    AbilitaSabato(Campi(), SenzaSecolo(ui->mskDecorr->Testo()));
+    Pannello->AbilitaSabato();
     CambiaCatena();
-    ui->Calendario->Ridisegna();
-    FaiPosto(this);
 }
 
 void frmTerminiSeq::CambiaCatena()
@@ -262,7 +242,7 @@ void frmTerminiSeq::CambiaCatena()
     ui->lblDecorr->setText(Una ? u"Data:"_s : u"Data udienza:"_s);
     ui->lblEvento->setText(Una ? u"("_s + Una->Evento + u')' : QString());
     ui->Calendario->ImpostaNomeInizio(EventoMostrato());
-    Inizio->Mostra(Una && ChiedeInizio(*Scelta->Lette(), *Una));
+    Pannello->Inizio().Mostra(Una && ChiedeInizio(*Pannello->Norme().Lette(), *Una));
     ui->cmbArticolo->setToolTip(Una ? Una->Titolo : QString());
     Pulisci();
 }
@@ -280,16 +260,9 @@ QString frmTerminiSeq::EventoMostrato() const
 const CatenaTermini* frmTerminiSeq::Catena() const
 {
     const int Quale = ui->cmbArticolo->currentIndex();
-    if (!Scelta->InVigore() || Quale < 0)
+    if (!Pannello->Norme().InVigore() || Quale < 0)
         return nullptr;
-    return &Scelta->Lette()->Catene()[Quale];
-}
-
-void frmTerminiSeq::Abilita()
-{
-    for (QPushButton* Pulsante : {ui->cmdStrada, ui->cmdAgenda})
-        Pulsante->setEnabled(!Contati.isEmpty());
-    Comandi->Aggiorna();
+    return &Pannello->Norme().Lette()->Catene()[Quale];
 }
 
 /// The links with their steps, by the program's own rules.
@@ -298,7 +271,7 @@ QList<TermineContato> frmTerminiSeq::DelProgramma() const
     const ArticoloTermini& Articolo = Articoli()[size_t(ui->cmbArticolo->currentIndex())];
     QList<TermineContato> Tutti;
     RichiestaTermine Chiesto;
-    Chiesto.Decorrenza = CDate(SenzaSecolo(ui->mskDecorr->Testo()));
+    Chiesto.Decorrenza = CDate(Pannello->Decorrenza());
     Chiesto.Opzioni = Opzioni();
     for (const Anello& Uno : Articolo.Catena) {
         Chiesto.Numero = Uno.Giorni;
@@ -317,39 +290,14 @@ QList<TermineContato> frmTerminiSeq::DelProgramma() const
 
 QStringList frmTerminiSeq::RigheChieste() const
 {
-    const auto Giorno = LeggiData(SenzaSecolo(ui->mskDecorr->Testo()));
+    const auto Giorno = LeggiData(Pannello->Decorrenza());
     QStringList Righe{u"Termini: "_s + ui->cmbArticolo->currentText(),
                       EventoMostrato() + u": "_s + Format(Giorno.value_or(QDate()), u"dd/mm/yyyy")};
     const auto SiNo = [](bool Segno) { return Segno ? u"Sì"_s : u"No"_s; };
-    if (!Scelta->InVigore())
+    if (!Pannello->Norme().InVigore())
         Righe << u"Sospensione feriale: "_s + SiNo(Opzioni().Sospensione)
               << u"Proroga del sabato: "_s + SiNo(Opzioni().Sabato);
-    if (const auto Quando = Inizio->Data())
-        Righe << u"Causa iniziata il: "_s + Format(*Quando, u"dd/mm/yyyy");
-    if (!MateriaScelta(CampiDelleNorme(), *Scelta).isEmpty())
-        Righe << u"Materia: "_s + ui->cmbMateria->currentText();
-    return Righe << RigaNorme(Scelta->Insieme());
-}
-
-CampiNorme frmTerminiSeq::CampiDelleNorme() const
-{
-    return {ui->cmbMateria, ui->lblEta, ui->cmdStrada, ui->cmdAgenda};
-}
-
-void frmTerminiSeq::cmdStrada_Click()
-{
-    if (Contati.isEmpty())
-        return;
-    if (!Strade)
-        Strade = new frmStrada(this);
-    Strade->Mostra(PartiDi(Contati), Scheda(), SuffissoSequenziali,
-                   [this](const QDate& Giorno) { return Scelta->Festivo(Giorno); });
-}
-
-void frmTerminiSeq::cmdAgenda_Click()
-{
-    if (!Contati.isEmpty())
-        (new frmAgenda(this, Contati, Scelta->Insieme()))->Mostra();
+    return Righe;
 }
 
 // ---- sheet and list -------------------------------------------------------------------------------
@@ -358,24 +306,18 @@ ParteDelCalcolo frmTerminiSeq::ParteComandi()
 {
     ParteDelCalcolo Parte;
     Parte.Quale = Calcolatrice::Sequenziali;
-    Parte.Campi = {CampoDi(ui->cmbNorme),    CampoDi(ui->cmbArticolo),   CampoMateria(ui->cmbMateria),
-                   CampoDecorrenza(Campi()), CampoDi(Inizio->Casella()), CampoDi(ui->chkSosp),
+    Parte.Campi = {CampoDi(ui->cmbNorme),
+                   CampoDi(ui->cmbArticolo),
+                   Pannello->CampoMateria(),
+                   Pannello->CampoDecorrenza(),
+                   CampoDi(Pannello->Inizio().Casella()),
+                   CampoDi(ui->chkSosp),
                    CampoDi(ui->chkSabato)};
     Parte.Nome = [this] {
         return ui->cmbArticolo->currentText() + u", "_s + EventoMostrato().toLower() + u" del "_s +
-               Format(CDate(SenzaSecolo(ui->mskDecorr->Testo())), u"dd/mm/yyyy");
+               Format(CDate(Pannello->Decorrenza()), u"dd/mm/yyyy");
     };
-    Parte.Esito = [this] { return EsitoInRiga(Contati); };
-    Parte.Scheda = [this] { return Scheda(); };
-    Parte.Suffisso = SuffissoSequenziali;
     Parte.Prepara = [this] { Svuota(false); };
     Parte.Calcola = [this] { cmdEsegui_Click(); };
     return Parte;
-}
-
-SchedaCalcolo frmTerminiSeq::Scheda() const
-{
-    SchedaCalcolo Tutta = SchedaStrada(RigheChieste(), PartiDi(Contati), RigheEta(*Scelta));
-    Tutta.Titolo = u"CALCOLO TERMINI SEQUENZIALI"_s;
-    return Tutta;
 }

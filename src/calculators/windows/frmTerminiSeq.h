@@ -5,15 +5,16 @@
 #pragma once
 
 #include "calculators/modTerminiSeq.h"
-#include "calculators/windows/finestretermini.h"
-#include "calculators/windows/sceltanorme.h"
+#include "calculators/norme/terminecontato.h"
+#include "calculators/windows/comandicalcolo.h"
 
 #include <QDialog>
-#include <QPointer>
 
 #include <memory>
 
-class frmStrada;
+class PannelloTermini;
+struct CampiTermini;
+struct ParteTermini;
 
 namespace Ui {
 class frmTerminiSeq;
@@ -40,9 +41,6 @@ public:
     void cmdCalend_Click();
     /// Takes the result away.
     void Pulisci();
-    /// Opens the road of the result, and its calendar entries.
-    void cmdStrada_Click();
-    void cmdAgenda_Click();
 
 protected:
     bool eventFilter(QObject* Oggetto, QEvent* Evento) override;
@@ -50,31 +48,23 @@ protected:
 private:
     void Collegamenti();
     [[nodiscard]] bool Calcola();
-    void CollegaNorme();
     void ElencaArticoli();
     [[nodiscard]] bool CalcolaVigente();
     void MostraScadenze(const QList<ScadenzaAnello>& Calcolate);
-    void MostraRisultato(const QString& Avviso);
+    void MostraRisultato(const QList<TermineContato>& Calcolati, const QString& Testo, const QString& Avviso);
     void CambiaNorme();
     void CambiaCatena();
-    void Abilita();
-    void Segna();
     [[nodiscard]] const CatenaTermini* Catena() const;
     [[nodiscard]] QString EventoMostrato() const;
     [[nodiscard]] QList<TermineContato> DelProgramma() const;
     [[nodiscard]] QStringList RigheChieste() const;
-    [[nodiscard]] CampiNorme CampiDelleNorme() const;
     void Svuota(bool Sospensione);
     [[nodiscard]] ParteDelCalcolo ParteComandi();
-    [[nodiscard]] SchedaCalcolo Scheda() const;
     [[nodiscard]] OpzioniTermine Opzioni() const;
     [[nodiscard]] CampiTermini Campi() const;
+    [[nodiscard]] ParteTermini ParteSua();
 
     std::unique_ptr<Ui::frmTerminiSeq> ui;
-    std::unique_ptr<SceltaNorme> Scelta;
-    std::unique_ptr<RigaInizio> Inizio;
-    ComandiCalcolo* Comandi = nullptr;
-    QList<TermineContato> Contati;  ///< the result
-    QString Risultato;              ///< its caption, by the program's own rules with the CR LF of its sheet
-    QPointer<frmStrada> Strade;
+    PannelloTermini* Pannello;
+    QString Risultato;  ///< its caption, by the program's own rules with the CR LF of its sheet
 };
