@@ -37,7 +37,7 @@ double OttantAnniDiInteressi()
                              u"01/01/1957"_s, u"31/12/2036"_s, false};
     return MedianaMs(15, [&Dati] {
         QString UltimoAumento;
-        Consuma(CalcolaInteressi(Programma + u"Tassi.dat"_s, Dati, UltimoAumento).TotaleEuro);
+        Consuma(CalcolaInteressi(Programma + u"Tassi.dat"_s, Dati, UltimoAumento).TotaleInteressi);
     });
 }
 const RegistraMisura RegistrataInteressi(u"interest over 80 years"_s, 5.0, OttantAnniDiInteressi);

@@ -67,7 +67,7 @@ double AssociaNota()
     const QString File = Cartella.filePath(u"altra.mdb"_s);
     ScriviNota(File, NotaDi(RigheLunghe));
     Parcella Nota = NotaDi(RigheComuni);
-    return MedianaMs(15, [&] { Consuma(AssociaMulti(Nota, File) ? Nota.Multi.xOnorari.Righe() : 0); });
+    return MedianaMs(15, [&] { Consuma(AssociaMulti(Nota, File) ? Nota.Multi.xOnorariMulti.Righe() : 0); });
 }
 const RegistraMisura RegistrataAssocia(u"associate a note of 1,000 rows"_s, 20.0, AssociaNota);
 

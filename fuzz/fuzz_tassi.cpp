@@ -25,7 +25,7 @@ void Prova(const QByteArray& Dati)
             QString Aumento;
             const EsitoInteressi Esito = CalcolaInteressi(
                 File, {Tipo, u"1000"_s, ValutaEuro, {}, u"01/02/1999"_s, u"31/01/2013"_s, true}, Aumento);
-            Pretendi(std::isfinite(Esito.TotaleEuro));
+            Pretendi(std::isfinite(Esito.TotaleInteressi));
             for (int i = 0; i < Esito.Righe.Righe(); ++i)
                 Pretendi(std::isfinite(Esito.Righe(i, IntImporto).toDouble()));
         });

@@ -128,7 +128,7 @@ void Calcolo::ScriviRiga()
     Esito.Righe(Riga, IntTasso) = Round(Tasso, DecimaliTasso);
     Esito.Righe(Riga, IntGiorni) = GiorniPeriodo;
     Esito.Righe(Riga, IntImporto) = Importo;
-    Esito.TotaleEuro += Importo;
+    Esito.TotaleInteressi += Importo;
     GiorniPeriodo = 0;
     InizioPeriodo = GiornoCorrente;
 }

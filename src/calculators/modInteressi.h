@@ -71,7 +71,7 @@ struct EsitoInteressi
 {
     FineInteressi Fine = FineInteressi::Interrotta;
     TabellaRighe Righe{ColonneInteressi};
-    double TotaleEuro = 0.0;
+    double TotaleInteressi = 0.0;  ///< running total, euro
 };
 
 /// Decimals that the longest rate of the lines needs, 3 at most, so that their commas stand below each other.

@@ -81,9 +81,9 @@ Risposta ComandoTasse(const QStringList& Valori)
     Dati.Onorari = NumeroOZero(u"onorari"_s, Valori[0]);
     Dati.SpeseImp = NumeroOZero(u"spese imponibili"_s, Valori[1]);
     Dati.SpeseEsenti = NumeroOZero(u"spese esenti"_s, Valori[2]);
-    Dati.Acconti.Corrispettivi = NumeroOZero(u"acconti corrispettivi"_s, Valori[3]);
-    Dati.Acconti.SpeseImp = NumeroOZero(u"acconti spese imponibili"_s, Valori[4]);
-    Dati.Acconti.SpeseEsenti = NumeroOZero(u"acconti spese esenti"_s, Valori[5]);
+    Dati.Acconti.AccontiCorrispettivi = NumeroOZero(u"acconti corrispettivi"_s, Valori[3]);
+    Dati.Acconti.AccontiSpeseImp = NumeroOZero(u"acconti spese imponibili"_s, Valori[4]);
+    Dati.Acconti.AccontiSpeseEsenti = NumeroOZero(u"acconti spese esenti"_s, Valori[5]);
     Dati.SpeseGen = LeggiAliquota(u"spese generali %"_s, Valori[6]);
     Dati.CP = LeggiAliquota(u"CP %"_s, Valori[7]);
     Dati.IVA = LeggiAliquota(u"IVA %"_s, Valori[8]);

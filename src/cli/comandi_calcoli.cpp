@@ -193,8 +193,8 @@ Risposta ComandoInteressi(const QStringList& Valori, const NormeChieste& Scelta)
     const EsitoInteressi Esito = CalcolaInteressi(ArchivioDiChiunque(), Dati, UltimoAumento);
     if (Esito.Fine != FineInteressi::Completa)
         Script.Fallisci();
-    Risposta Tutto{Format(Esito.TotaleEuro, u"#,##0.00"),
-                   {{u"totale"_s, Round(Esito.TotaleEuro, 2)}, {u"righe"_s, RigheJson(Esito.Righe)}},
+    Risposta Tutto{Format(Esito.TotaleInteressi, u"#,##0.00"),
+                   {{u"totale"_s, Round(Esito.TotaleInteressi, 2)}, {u"righe"_s, RigheJson(Esito.Righe)}},
                    false};
     Tutto.Righe = RigheTesto(Esito.Righe);
     return Tutto;

@@ -327,13 +327,13 @@ void RaccoltaRilievi::Acconti()
             Avvisa(GenereRilievo::AccontiEccedenti, LuogoRilievo::Acconti,
                    Frase.arg(Format(Pagato, u"#,##0.00"), Format(Dovuto, u"#,##0.00")), 0, Colonna);
     };
-    Confronta(Pagati.Corrispettivi, Conti.Dati.Onorari + Conti.SpeseGen, AccCorrispettivi,
+    Confronta(Pagati.AccontiCorrispettivi, Conti.Dati.Onorari + Conti.SpeseGen, AccCorrispettivi,
               Conti.SpeseGen != 0
                   ? u"Gli acconti sui corrispettivi, %1, superano onorari e spese generali, %2"_s
                   : u"Gli acconti sui corrispettivi, %1, superano gli onorari, %2"_s);
-    Confronta(Pagati.SpeseImp, Conti.Dati.SpeseImp, AccSpeseImp,
+    Confronta(Pagati.AccontiSpeseImp, Conti.Dati.SpeseImp, AccSpeseImp,
               u"Gli acconti sulle spese imponibili, %1, superano le spese imponibili, %2"_s);
-    Confronta(Pagati.SpeseEsenti, Conti.Dati.SpeseEsenti, AccSpeseEsenti,
+    Confronta(Pagati.AccontiSpeseEsenti, Conti.Dati.SpeseEsenti, AccSpeseEsenti,
               u"Gli acconti sulle spese esenti, %1, superano le spese esenti, %2"_s);
 }
 

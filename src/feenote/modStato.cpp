@@ -53,12 +53,14 @@ SommeAcconti AccontiDi(const SocioTenuto& Socio)
 
 SommeAcconti Insieme(const SommeAcconti& A, const SommeAcconti& B)
 {
-    return {A.Corrispettivi + B.Corrispettivi, A.SpeseImp + B.SpeseImp, A.SpeseEsenti + B.SpeseEsenti};
+    return {A.AccontiCorrispettivi + B.AccontiCorrispettivi, A.AccontiSpeseImp + B.AccontiSpeseImp,
+            A.AccontiSpeseEsenti + B.AccontiSpeseEsenti};
 }
 
 SommeAcconti Senza(const SommeAcconti& A, const AccontiTenuti& B)
 {
-    return {A.Corrispettivi - B.Corrispettivi, A.SpeseImp - B.SpeseImp, A.SpeseEsenti - B.SpeseEsenti};
+    return {A.AccontiCorrispettivi - B.Corrispettivi, A.AccontiSpeseImp - B.SpeseImp,
+            A.AccontiSpeseEsenti - B.SpeseEsenti};
 }
 
 /// A document has gone out and counts.
@@ -133,9 +135,9 @@ ImportiDocumento Importi(const DatiCatena& Dati, bool Scissione)
             InCentesimi(Conti.Totale),
             InCentesimi(Conti.RA),
             InCentesimi(Scissione ? Conti.Netto - Conti.IVA : Conti.Netto),
-            InCentesimi(Dati.Acconti.Corrispettivi),
-            InCentesimi(Dati.Acconti.SpeseImp),
-            InCentesimi(Dati.Acconti.SpeseEsenti)};
+            InCentesimi(Dati.Acconti.AccontiCorrispettivi),
+            InCentesimi(Dati.Acconti.AccontiSpeseImp),
+            InCentesimi(Dati.Acconti.AccontiSpeseEsenti)};
 }
 
 /// What a document that goes out takes away of the associated note's payments.
@@ -148,8 +150,8 @@ std::optional<AccontiTenuti> DettiDelSocio(const Parcella& Nota, int Tipo, bool 
         ScegliTipoStampa(Sua, Tipo);
     const AccontiDetratti Tolti = Numerata ? AccontiFatturati(Sua, Tipo) : AccontiDelDocumento(Sua, Tipo);
     const SommeAcconti Suoi = SommaAcconti(Tolti.Altri);
-    return AccontiTenuti{InCentesimi(Suoi.Corrispettivi), InCentesimi(Suoi.SpeseImp),
-                         InCentesimi(Suoi.SpeseEsenti)};
+    return AccontiTenuti{InCentesimi(Suoi.AccontiCorrispettivi), InCentesimi(Suoi.AccontiSpeseImp),
+                         InCentesimi(Suoi.AccontiSpeseEsenti)};
 }
 
 /// The document whose figures are kept.
@@ -481,13 +483,13 @@ Copertura CoperturaDi(const Parcella& Nota)
 {
     const auto Prima = SocioVistoPrima(Nota);
     const bool Associati =
-        Nota.Multipla() ? !Nota.Multi.xAcconti.Vuota() : Prima && AccontiDi(*Prima) != SommeAcconti();
+        Nota.Multipla() ? !Nota.Multi.xAccontiMulti.Vuota() : Prima && AccontiDi(*Prima) != SommeAcconti();
     if (Nota.xAcconti.Vuota() && !Associati)
         return {};
     DatiCatena Dati = CatenaPagata(Nota, DocumentoDegliImporti(Nota));
     const SommeAcconti& Acconti = Dati.Acconti;
     Copertura Trovata;
-    Trovata.Pagati = Acconti.Corrispettivi + Acconti.SpeseImp + Acconti.SpeseEsenti;
+    Trovata.Pagati = Acconti.AccontiCorrispettivi + Acconti.AccontiSpeseImp + Acconti.AccontiSpeseEsenti;
     if (Trovata.Pagati <= 0)
         return Trovata;
     const double Resto = CatenaFiscale(Dati).Netto;
@@ -572,10 +574,10 @@ std::optional<SocioTenuto> SocioDellaNota(const Parcella& Nota)
 {
     if (!Nota.Multipla())
         return !Nota.txtPathParcMult.isEmpty() || UscitaConSocio(Nota) ? Nota.Stato.Socio : std::nullopt;
-    const SommeAcconti Pagati = SommaAcconti(Nota.Multi.xAcconti);
-    return SocioTenuto{InCentesimi(Nota.Multi.TotOnorari),     InCentesimi(Nota.Multi.TotSpeseImp),
-                       InCentesimi(Nota.Multi.TotSpeseEsenti), InCentesimi(Pagati.Corrispettivi),
-                       InCentesimi(Pagati.SpeseImp),           InCentesimi(Pagati.SpeseEsenti)};
+    const SommeAcconti Pagati = SommaAcconti(Nota.Multi.xAccontiMulti);
+    return SocioTenuto{InCentesimi(Nota.Multi.TotOnorariMulti),     InCentesimi(Nota.Multi.TotSpeseImpMulti),
+                       InCentesimi(Nota.Multi.TotSpeseEsentiMulti), InCentesimi(Pagati.AccontiCorrispettivi),
+                       InCentesimi(Pagati.AccontiSpeseImp),         InCentesimi(Pagati.AccontiSpeseEsenti)};
 }
 
 void TieniSocio(Parcella& Nota)

@@ -163,7 +163,7 @@ AccontiDetratti Elencati(const Parcella& Nota)
     AccontiDetratti Tutti;
     Tutti.Propri = Nota.xAcconti;
     if (Nota.Multipla())
-        Tutti.Altri = Nota.Multi.xAcconti;
+        Tutti.Altri = Nota.Multi.xAccontiMulti;
     return Tutti;
 }
 
@@ -235,8 +235,9 @@ DatiCatena RaccogliFattura(const Parcella& Nota, int Tipo)
     const AccontiDetratti Acconti = AccontiFatturati(Nota, Tipo);
     const SommeAcconti Propri = SommaAcconti(Acconti.Propri);
     const SommeAcconti Altri = SommaAcconti(Acconti.Altri);
-    Dati.Acconti = {Propri.Corrispettivi + Altri.Corrispettivi, Propri.SpeseImp + Altri.SpeseImp,
-                    Propri.SpeseEsenti + Altri.SpeseEsenti};
+    Dati.Acconti = {Propri.AccontiCorrispettivi + Altri.AccontiCorrispettivi,
+                    Propri.AccontiSpeseImp + Altri.AccontiSpeseImp,
+                    Propri.AccontiSpeseEsenti + Altri.AccontiSpeseEsenti};
     return Dati;
 }
 

@@ -26,9 +26,9 @@ PannelliRiep TestiRiep(const Parcella& Nota)
 {
     const Somme Proprie = CalcolaSomme(Nota);
     const NotaAssociata Altra = Nota.Multipla() ? Nota.Multi : NotaAssociata();
-    const double Onorari = Altra.TotOnorari + Proprie.TotOnorari;
-    const double SpeseImp = Altra.TotSpeseImp + Proprie.TotSpeseImp;
-    const double Esenti = Altra.TotSpeseEsenti + Proprie.TotSpeseEsenti;
+    const double Onorari = Altra.TotOnorariMulti + Proprie.TotOnorari;
+    const double SpeseImp = Altra.TotSpeseImpMulti + Proprie.TotSpeseImp;
+    const double Esenti = Altra.TotSpeseEsentiMulti + Proprie.TotSpeseEsenti;
     const auto Testo = [](QStringView Etichetta, double Valore) {
         return Etichetta.toString() + TestoImporto(Valore);
     };
@@ -42,9 +42,9 @@ void Accumula(SommeAcconti& Somme, const TabellaRighe& Righe)
 {
     for (int Riga = 0; Riga < Righe.Righe(); ++Riga) {
         const QVariant& Valuta = Righe(Riga, AccValuta);
-        Somme.Corrispettivi += AccontoInEuro(Righe(Riga, AccCorrispettivi), Valuta);
-        Somme.SpeseImp += AccontoInEuro(Righe(Riga, AccSpeseImp), Valuta);
-        Somme.SpeseEsenti += AccontoInEuro(Righe(Riga, AccSpeseEsenti), Valuta);
+        Somme.AccontiCorrispettivi += AccontoInEuro(Righe(Riga, AccCorrispettivi), Valuta);
+        Somme.AccontiSpeseImp += AccontoInEuro(Righe(Riga, AccSpeseImp), Valuta);
+        Somme.AccontiSpeseEsenti += AccontoInEuro(Righe(Riga, AccSpeseEsenti), Valuta);
     }
 }
 
@@ -100,9 +100,9 @@ DatiCatena RaccogliCatena(const Parcella& Nota, int Tipo)
     const Somme Proprie = CalcolaSomme(Nota);
     DatiCatena Dati;
     Dati.Multipla = Nota.Multipla();
-    Dati.Onorari = Proprie.TotOnorari + (Dati.Multipla ? Nota.Multi.TotOnorari : 0.0);
-    Dati.SpeseImp = Proprie.TotSpeseImp + (Dati.Multipla ? Nota.Multi.TotSpeseImp : 0.0);
-    Dati.SpeseEsenti = Proprie.TotSpeseEsenti + (Dati.Multipla ? Nota.Multi.TotSpeseEsenti : 0.0);
+    Dati.Onorari = Proprie.TotOnorari + (Dati.Multipla ? Nota.Multi.TotOnorariMulti : 0.0);
+    Dati.SpeseImp = Proprie.TotSpeseImp + (Dati.Multipla ? Nota.Multi.TotSpeseImpMulti : 0.0);
+    Dati.SpeseEsenti = Proprie.TotSpeseEsenti + (Dati.Multipla ? Nota.Multi.TotSpeseEsentiMulti : 0.0);
     Dati.Acconti = CalcolaAcconti(Nota, Tipo);
     // The subsidised regime disables VAT and withholding; general expenses and pension fund depend on their
     // tick alone.
@@ -118,18 +118,20 @@ DatiCatena RaccogliCatena(const Parcella& Nota, int Tipo)
 Catena CatenaFiscale(const DatiCatena& Dati)
 {
     const SommeAcconti& Pagati = Dati.Acconti;
-    const double Massimo = std::max({std::abs(Dati.Onorari), std::abs(Dati.SpeseImp),
-                                     std::abs(Pagati.Corrispettivi), std::abs(Pagati.SpeseImp)});
+    const double Massimo =
+        std::max({std::abs(Dati.Onorari), std::abs(Dati.SpeseImp), std::abs(Pagati.AccontiCorrispettivi),
+                  std::abs(Pagati.AccontiSpeseImp)});
     Catena Conti;
     Conti.Dati = Dati;
     Conti.SpeseGen = Applica(Dati.SpeseGen, SenzaResto(Dati.Onorari, Dati.Onorari));
     // The order of this sum is part of its meaning; the base itself is not rounded.
-    Conti.Imponibile = Dati.Onorari - Pagati.Corrispettivi + Dati.SpeseImp - Pagati.SpeseImp + Conti.SpeseGen;
+    Conti.Imponibile =
+        Dati.Onorari - Pagati.AccontiCorrispettivi + Dati.SpeseImp - Pagati.AccontiSpeseImp + Conti.SpeseGen;
     const double Base = SenzaResto(Conti.Imponibile, Massimo);
     Conti.CP = Applica(Dati.CP, Base);
     Conti.IVA = Applica(Dati.IVA, SenzaResto(Base + Conti.CP, Massimo));
     Conti.Totale =
-        Arrotonda2(Conti.Imponibile + Conti.CP + Conti.IVA + Dati.SpeseEsenti - Pagati.SpeseEsenti);
+        Arrotonda2(Conti.Imponibile + Conti.CP + Conti.IVA + Dati.SpeseEsenti - Pagati.AccontiSpeseEsenti);
     Conti.RA = Applica(Dati.RA, Base);
     Conti.Netto = Arrotonda2(Conti.Totale - Conti.RA);
     return Conti;

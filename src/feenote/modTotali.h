@@ -34,9 +34,9 @@ struct PannelliRiep
 /// What has been paid on account, in euro, by what it reduces.
 struct SommeAcconti
 {
-    double Corrispettivi = 0.0;
-    double SpeseImp = 0.0;
-    double SpeseEsenti = 0.0;
+    double AccontiCorrispettivi = 0.0;
+    double AccontiSpeseImp = 0.0;
+    double AccontiSpeseEsenti = 0.0;
 
     friend bool operator==(const SommeAcconti&, const SommeAcconti&) = default;
 };

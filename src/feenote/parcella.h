@@ -71,16 +71,16 @@ enum DatoStampa {
 struct NotaAssociata
 {
     const Decreto* Tariffa = Decreti.front();
-    QString Categ;
-    QString Autor;
-    QString Valore;  ///< value text, ready
-    QString Oggetto;
-    TabellaRighe xOnorari{OnoColonne};
-    TabellaRighe xDiritti{DirColonne};
-    TabellaRighe xAcconti{AccColonne};
-    double TotOnorari = 0.0;
-    double TotSpeseImp = 0.0;
-    double TotSpeseEsenti = 0.0;
+    QString CategMulti;
+    QString AutorMulti;
+    QString ValoreMulti;  ///< value text, ready
+    QString OggettoMulti;
+    TabellaRighe xOnorariMulti{OnoColonne};
+    TabellaRighe xDirittiMulti{DirColonne};
+    TabellaRighe xAccontiMulti{AccColonne};
+    double TotOnorariMulti = 0.0;
+    double TotSpeseImpMulti = 0.0;
+    double TotSpeseEsentiMulti = 0.0;
 
     friend bool operator==(const NotaAssociata&, const NotaAssociata&) = default;
 };

@@ -95,7 +95,8 @@ void Articolo(Superficie& vp, const QString& Numero, const QString& Testo, doubl
 bool SenzaVoci(const Parcella& Nota)
 {
     const bool Proprie = !Nota.xOnorari.Vuota() || !Nota.xDiritti.Vuota();
-    const bool Associate = Nota.Multipla() && (!Nota.Multi.xOnorari.Vuota() || !Nota.Multi.xDiritti.Vuota());
+    const bool Associate =
+        Nota.Multipla() && (!Nota.Multi.xOnorariMulti.Vuota() || !Nota.Multi.xDirittiMulti.Vuota());
     return !Proprie && !Associate;
 }
 

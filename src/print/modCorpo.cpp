@@ -166,10 +166,10 @@ void StampaTariffa(Superficie& vp, const Decreto& Legge, const TabellaRighe& Ono
 /// Fees and expenses of the associated note under their title.
 void StampaAssociata(Superficie& vp, StatoStampa& Stato, const Parcella& Nota)
 {
-    TitoloSezione(vp, Stato, Nota.Multi.Categ, Nota.Multi.Autor, Nota.Multi.Valore);
-    StampaTariffa(vp, *Nota.Multi.Tariffa, Nota.Multi.xOnorari);
-    StampaOnorari(vp, Nota, Nota.Multi.xOnorari, true);
-    StampaSpese(vp, Nota, Nota.Multi.xDiritti, true);
+    TitoloSezione(vp, Stato, Nota.Multi.CategMulti, Nota.Multi.AutorMulti, Nota.Multi.ValoreMulti);
+    StampaTariffa(vp, *Nota.Multi.Tariffa, Nota.Multi.xOnorariMulti);
+    StampaOnorari(vp, Nota, Nota.Multi.xOnorariMulti, true);
+    StampaSpese(vp, Nota, Nota.Multi.xDirittiMulti, true);
 }
 
 // ---- payments
@@ -206,7 +206,8 @@ void StampaAcconti(Superficie& vp, const Parcella& Nota, int Tipo, const SommeAc
     const int RigaFiletto = AggiungiRigaTab(vp);
     AggiungiRigaTab(vp);
     int Colonna = Ultima(Tutte) - 2;
-    for (const double Totale : {Totali.Corrispettivi, Totali.SpeseImp, Totali.SpeseEsenti})
+    for (const double Totale :
+         {Totali.AccontiCorrispettivi, Totali.AccontiSpeseImp, Totali.AccontiSpeseEsenti})
         ScriviTotale(vp, RigaFiletto, Colonna++, Filetto, ImportoStampa(Totale));
     ApplicaColonne(vp, Tutte);
     ChiudiTabella(vp);
@@ -291,7 +292,7 @@ void StampaOnorari(Superficie& vp, const Parcella& Nota, const TabellaRighe& Rig
         ScriviTotale(vp, RigaFiletto, Ultima(Tutte), FilettoTripla,
                      TestoTripla(SommaColonna(Righe, OnoMedio), SommaColonna(Righe, OnoMin),
                                  SommaColonna(Righe, OnoMax)));
-    const double Totale = SenzaTotale ? Nota.Multi.TotOnorari : CalcolaSomme(Nota).TotOnorari;
+    const double Totale = SenzaTotale ? Nota.Multi.TotOnorariMulti : CalcolaSomme(Nota).TotOnorari;
     ScriviTotale(vp, RigaFiletto, Ultima(Tutte) - (MinMax ? 1 : 0), Filetto, ImportoStampa(Totale));
     ChiudiVoci(vp, Tutte);
 }
@@ -307,8 +308,8 @@ void StampaSpese(Superficie& vp, const Parcella& Nota, const TabellaRighe& Righe
     const int RigaFiletto = AggiungiRigaTab(vp);
     AggiungiRigaTab(vp);
     const Somme Proprie = CalcolaSomme(Nota);
-    const double Imponibili = SenzaTotale ? Nota.Multi.TotSpeseImp : Proprie.TotSpeseImp;
-    const double Esenti = SenzaTotale ? Nota.Multi.TotSpeseEsenti : Proprie.TotSpeseEsenti;
+    const double Imponibili = SenzaTotale ? Nota.Multi.TotSpeseImpMulti : Proprie.TotSpeseImp;
+    const double Esenti = SenzaTotale ? Nota.Multi.TotSpeseEsentiMulti : Proprie.TotSpeseEsenti;
     ScriviTotale(vp, RigaFiletto, Ultima(Tutte) - 1, Filetto, ImportoStampa(Imponibili));
     ScriviTotale(vp, RigaFiletto, Ultima(Tutte), Filetto, ImportoStampa(Esenti));
     ChiudiVoci(vp, Tutte);

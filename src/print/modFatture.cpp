@@ -60,7 +60,7 @@ QString RigaTariffa(const Parcella& Nota)
         return Propria + (Diverse ? u" (parcella principale)"_s : QString());
     if (!Diverse)
         return {};
-    const QString Altra = FraseTariffa(*Nota.Multi.Tariffa, Nota.Multi.xOnorari);
+    const QString Altra = FraseTariffa(*Nota.Multi.Tariffa, Nota.Multi.xOnorariMulti);
     return Altra.isEmpty() ? QString() : Altra + u" (parcella associata)"_s;
 }
 
@@ -130,7 +130,7 @@ void ScriviAcconti(Superficie& vp, const Parcella& Nota)
 
 double Esenti(const Catena& Conti)
 {
-    return Conti.Dati.SpeseEsenti - Conti.Dati.Acconti.SpeseEsenti;
+    return Conti.Dati.SpeseEsenti - Conti.Dati.Acconti.AccontiSpeseEsenti;
 }
 
 void TabellaPrestazioni(Superficie& vp, const Parcella& Nota, const Catena& Conti)
@@ -195,7 +195,7 @@ void ComponiFatturaSintetica(Superficie& vp, StatoStampa& /*Stato*/, const Parce
     TestaFattura(vp, Nota, StampaFatturaSintetica);
     // The sections have no titles here: the other note's subject stands in the head, the value nowhere.
     if (Nota.Multipla())
-        VoceIntestazione(vp, Nota.Multi.Oggetto, u"   "_s + Nota.Multi.Oggetto);
+        VoceIntestazione(vp, Nota.Multi.OggettoMulti, u"   "_s + Nota.Multi.OggettoMulti);
     const QString Tariffa = RigaTariffa(Nota);
     VoceIntestazione(vp, Tariffa, Tariffa);
     RigaVuota(vp, 2);

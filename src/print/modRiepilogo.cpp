@@ -46,9 +46,9 @@ void RigheImponibile(Righe& Tutte, const Catena& Conti)
 {
     const DatiCatena& Dati = Conti.Dati;
     Voce(Tutte, u"Onorari"_s, Dati.Onorari);
-    VoceAcconto(Tutte, Dati, u"Acconti corrispettivi"_s, Dati.Acconti.Corrispettivi);
+    VoceAcconto(Tutte, Dati, u"Acconti corrispettivi"_s, Dati.Acconti.AccontiCorrispettivi);
     Voce(Tutte, u"Spese imponibili"_s, Dati.SpeseImp);
-    VoceAcconto(Tutte, Dati, u"Acconti spese imponibili"_s, Dati.Acconti.SpeseImp);
+    VoceAcconto(Tutte, Dati, u"Acconti spese imponibili"_s, Dati.Acconti.AccontiSpeseImp);
     if (Dati.SpeseGen.Vale)
         Voce(Tutte, ConPercento(u"Spese generali"_s, Dati.SpeseGen), Conti.SpeseGen);
     Filetto(Tutte);
@@ -66,7 +66,7 @@ void RigheTotale(Righe& Tutte, const Catena& Conti)
     if (Dati.IVA.Vale)
         Voce(Tutte, ConPercento(u"I.V.A."_s, Dati.IVA), Conti.IVA);
     Voce(Tutte, u"Spese esenti art. 15 d.p.r. 633/72"_s, Dati.SpeseEsenti);
-    VoceAcconto(Tutte, Dati, u"Acconti spese esenti"_s, Dati.Acconti.SpeseEsenti);
+    VoceAcconto(Tutte, Dati, u"Acconti spese esenti"_s, Dati.Acconti.AccontiSpeseEsenti);
     Filetto(Tutte);
     Voce(Tutte, u"TOTALE EURO"_s, Conti.Totale);
 }

@@ -126,7 +126,7 @@ void TestArchiviGuasti::bloccato()
         QCOMPARE(NumeroErrore([&] { (void)Interesse(File); }), 3260);
         Suo.Execute(u"COMMIT"_s);
     }
-    QCOMPARE(Interesse(File).TotaleEuro, 55.0);
+    QCOMPARE(Interesse(File).TotaleInteressi, 55.0);
 }
 
 // Nobody asks whether a row begins where the last one ended: the next rate covers the gap too.
@@ -139,7 +139,7 @@ void TestArchiviGuasti::bucoFraLeRighe()
     QCOMPARE(Esito.Righe.Righe(), 2);
     QCOMPARE(Esito.Righe(1, IntDal).toDate(), QDate(2013, 1, 1));
     QCOMPARE(Esito.Righe(1, IntGiorni).toInt(), 10);
-    QCOMPARE(Esito.TotaleEuro, 105.0);
+    QCOMPARE(Esito.TotaleInteressi, 105.0);
 }
 
 // A row that is over before its turn comes holds for one day.
@@ -184,7 +184,7 @@ void TestArchiviGuasti::finePeriodoNulla()
 {
     const Registratore Box;
     const QString File = ArchivioConTassi(u"InteressiLegali"_s, {{QDate(2012, 1, 1), QDate(), 5.0}});
-    QCOMPARE(Interesse(File).TotaleEuro, 55.0);
+    QCOMPARE(Interesse(File).TotaleInteressi, 55.0);
 }
 
 void TestArchiviGuasti::importiCheNonSonoNumeri_data()

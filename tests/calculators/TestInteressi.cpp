@@ -102,7 +102,7 @@ void TestInteressi::esempi()
     QVERIFY(!CheckInteressi(Dati));
     const EsitoInteressi Esito = Calcola(Dati);
     QCOMPARE(Esito.Fine, FineInteressi::Completa);
-    QCOMPARE(Format(Esito.TotaleEuro, u"#,##0.00"), Riga[7]);
+    QCOMPARE(Format(Esito.TotaleInteressi, u"#,##0.00"), Riga[7]);
     QCOMPARE(Esito.Righe.Righe(), Riga[8].toInt());
 }
 
@@ -134,15 +134,15 @@ void TestInteressi::tassoSingolo()
     const EsitoInteressi Esito =
         Calcola({InteressiMora, u"1.000.000.000"_s, ValutaEuro, {}, u"01/10/2002"_s, u"31/12/2002"_s, false});
     QCOMPARE(Esito.Righe(0, IntTasso).toDouble(), 10.35);
-    QCOMPARE(Esito.TotaleEuro, Interessi(92, 10.35F, 1e9));
+    QCOMPARE(Esito.TotaleInteressi, Interessi(92, 10.35F, 1e9));
 
     // 7.05 in single precision and 0.01 in double make a single above 7.06.
     DatiInteressi Aumentati{InteressiMora,   u"1.000.000.000"_s, ValutaEuro, u"0,01"_s,
                             u"01/07/2015"_s, u"31/12/2015"_s,    false};
     const EsitoInteressi Altro = Calcola(Aumentati);
     QCOMPARE(Altro.Righe(0, IntTasso).toDouble(), 7.06);
-    QCOMPARE(Altro.TotaleEuro, Interessi(184, 7.0600004F, 1e9));
-    QVERIFY(Altro.TotaleEuro > Interessi(184, 7.06F, 1e9));
+    QCOMPARE(Altro.TotaleInteressi, Interessi(184, 7.0600004F, 1e9));
+    QVERIFY(Altro.TotaleInteressi > Interessi(184, 7.06F, 1e9));
 }
 
 // 999.999 lire are 516,46 euro to the cent before any rate is applied.
@@ -162,7 +162,7 @@ void TestInteressi::fineSenzaRiga()
     const EsitoInteressi Esito = Calcola(Legali(u"abc"_s, u"02/01/2012"_s, u"01/01/2012"_s));
     QCOMPARE(Esito.Fine, FineInteressi::Completa);
     QVERIFY(Esito.Righe.Vuota());
-    QCOMPARE(Format(Esito.TotaleEuro, u"#,##0.00"), u"0,00"_s);
+    QCOMPARE(Format(Esito.TotaleInteressi, u"#,##0.00"), u"0,00"_s);
 }
 
 void TestInteressi::controlli_data()

@@ -154,12 +154,12 @@ void TestAcconti::sommeConLaNotaAssociata()
 {
     Parcella Nota;
     RigaAcconto(Nota, u"E"_s, 100.0, 0.0, 0.0);
-    const int Riga = Nota.Multi.xAcconti.AggiungiRiga();
-    Nota.Multi.xAcconti(Riga, AccValuta) = u"L"_s;
-    Nota.Multi.xAcconti(Riga, AccCorrispettivi) = 1000.0;
-    QCOMPARE(CalcolaAcconti(Nota, StampaPrenotula).Corrispettivi, 100.0);
+    const int Riga = Nota.Multi.xAccontiMulti.AggiungiRiga();
+    Nota.Multi.xAccontiMulti(Riga, AccValuta) = u"L"_s;
+    Nota.Multi.xAccontiMulti(Riga, AccCorrispettivi) = 1000.0;
+    QCOMPARE(CalcolaAcconti(Nota, StampaPrenotula).AccontiCorrispettivi, 100.0);
     Nota.txtParcMultipla = u"rossi"_s;
-    QCOMPARE(CalcolaAcconti(Nota, StampaPrenotula).Corrispettivi, 100.52);
+    QCOMPARE(CalcolaAcconti(Nota, StampaPrenotula).AccontiCorrispettivi, 100.52);
 }
 
 #include "TestAcconti.moc"

@@ -366,9 +366,9 @@ void TestControlliNota::accontiDellaMultipla()
     RigaAcconto(Nota, u"E"_s, 1500.0, 0.0, 0.0);
     QCOMPARE(Guarda(Nota).Generi, QList{AccontiEccedenti});
     Nota.txtParcMultipla = u"altra"_s;
-    Nota.Multi.TotOnorari = 300.0;
+    Nota.Multi.TotOnorariMulti = 300.0;
     QCOMPARE(Guarda(Nota).Generi, QList<GenereRilievo>());
-    Nota.Multi.TotOnorari = 299.0;
+    Nota.Multi.TotOnorariMulti = 299.0;
     QCOMPARE(Guarda(Nota).Generi, QList{AccontiEccedenti});
 }
 

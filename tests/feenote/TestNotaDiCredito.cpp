@@ -139,16 +139,16 @@ void TestNotaDiCredito::quelliDellAssociata()
 {
     Parcella Nota = NotaDaMille(StampaFatturaAnalitica);
     Nota.txtParcMultipla = u"altra"_s;
-    Nota.Multi.TotOnorari = 1000;
+    Nota.Multi.TotOnorariMulti = 1000;
     Paga(Nota, u"uno"_s, 100);
     Parcella Altra;
     Paga(Altra, u"due"_s, 200, 10);
-    Nota.Multi.xAcconti = Altra.xAcconti;
+    Nota.Multi.xAccontiMulti = Altra.xAcconti;
     Emetti(Nota, u"12"_s);
     const ImportiDocumento Sue = ImportiDellaNota(Nota);
     Paga(Nota, u"tre"_s, 300);
     Paga(Altra, u"quattro"_s, 400);
-    Nota.Multi.xAcconti = Altra.xAcconti;
+    Nota.Multi.xAccontiMulti = Altra.xAcconti;
     ComeCredito(Nota);
     QCOMPARE(Elenco(Nota), u"uno, due"_s);
     Emetti(Nota, u"13"_s);
@@ -202,7 +202,7 @@ void TestNotaDiCredito::righeCambiate()
     QCOMPARE(Totale(Nota), Meno400);
     Nota.xAcconti(0, AccCorrispettivi) = 300.0;
     QCOMPARE(Elenco(Nota), u"fattura 3"_s);
-    QCOMPARE(CalcolaAcconti(Nota, StampaFatturaAnalitica).Corrispettivi, 300.0);
+    QCOMPARE(CalcolaAcconti(Nota, StampaFatturaAnalitica).AccontiCorrispettivi, 300.0);
 }
 
 /// A payment given back is written as one below 0.

@@ -261,11 +261,11 @@ void TestStatoPagamenti::laCoppia()
     Parcella Prova = NotaDaMille(StampaFatturaAnalitica);
     Prova.txtParcMultipla = u"altra"_s;
     Prova.txtPathParcMult = u"/note/altra.mdb"_s;
-    Prova.Multi.TotOnorari = 1000;
+    Prova.Multi.TotOnorariMulti = 1000;
     Emetti(Prova, 12, 1000.0);
-    const int Riga = Prova.Multi.xAcconti.AggiungiRiga();
-    Prova.Multi.xAcconti(Riga, AccValuta) = u"E"_s;
-    Prova.Multi.xAcconti(Riga, AccCorrispettivi) = 1150.0;
+    const int Riga = Prova.Multi.xAccontiMulti.AggiungiRiga();
+    Prova.Multi.xAccontiMulti(Riga, AccValuta) = u"E"_s;
+    Prova.Multi.xAccontiMulti(Riga, AccCorrispettivi) = 1150.0;
     TieniSocio(Prova);
     Prova.txtParcMultipla.clear();
     Prova.txtPathParcMult.clear();
@@ -287,11 +287,11 @@ void TestStatoPagamenti::laCoppiaDopo()
     Emetti(Prova, 13, 100.0, true);
     Prova.txtParcMultipla = u"altra"_s;
     Prova.txtPathParcMult = u"/note/altra.mdb"_s;
-    Prova.Multi.TotOnorari = 1000;
+    Prova.Multi.TotOnorariMulti = 1000;
     Emetti(Prova, 14, 1000.0);
-    const int Riga = Prova.Multi.xAcconti.AggiungiRiga();
-    Prova.Multi.xAcconti(Riga, AccValuta) = u"E"_s;
-    Prova.Multi.xAcconti(Riga, AccCorrispettivi) = 100.0;
+    const int Riga = Prova.Multi.xAccontiMulti.AggiungiRiga();
+    Prova.Multi.xAccontiMulti(Riga, AccValuta) = u"E"_s;
+    Prova.Multi.xAccontiMulti(Riga, AccCorrispettivi) = 100.0;
     QCOMPARE(Resti(Prova), Due(Netto, 2 * Netto - Cento));
     Paga(Prova, 1035.0);
     QCOMPARE(Resti(Prova), Due(DiCento, 2 * Netto - Cento));
@@ -305,13 +305,13 @@ void TestStatoPagamenti::dueDellaCoppia()
     Parcella Prova = NotaDaMille(StampaFatturaAnalitica);
     Prova.txtParcMultipla = u"altra"_s;
     Prova.txtPathParcMult = u"/note/altra.mdb"_s;
-    Prova.Multi.TotOnorari = 1000;
+    Prova.Multi.TotOnorariMulti = 1000;
     Emetti(Prova, 12, 1000.0);
     Emetti(Prova, 13, 100.0, true);  // with the associated note: 1.100,00
     Emetti(Prova, 14, 1000.0);
-    const int Riga = Prova.Multi.xAcconti.AggiungiRiga();
-    Prova.Multi.xAcconti(Riga, AccValuta) = u"E"_s;
-    Prova.Multi.xAcconti(Riga, AccCorrispettivi) = 1000.0;
+    const int Riga = Prova.Multi.xAccontiMulti.AggiungiRiga();
+    Prova.Multi.xAccontiMulti(Riga, AccValuta) = u"E"_s;
+    Prova.Multi.xAccontiMulti(Riga, AccCorrispettivi) = 1000.0;
     Paga(Prova, 135.0);
     QCOMPARE(Resti(Prova), Due(2 * Netto - 1313.21, 2 * Netto - Cento));
 }
@@ -353,14 +353,14 @@ void TestStatoPagamenti::leDueListe()
     const auto Pagano = [&Prova](double Propri, double Suoi) {
         if (Propri > 0)
             Paga(Prova, Propri);
-        const int Riga = Prova.Multi.xAcconti.AggiungiRiga();
-        Prova.Multi.xAcconti(Riga, AccValuta) = u"E"_s;
-        Prova.Multi.xAcconti(Riga, AccCorrispettivi) = Suoi;
+        const int Riga = Prova.Multi.xAccontiMulti.AggiungiRiga();
+        Prova.Multi.xAccontiMulti(Riga, AccValuta) = u"E"_s;
+        Prova.Multi.xAccontiMulti(Riga, AccCorrispettivi) = Suoi;
     };
     Emetti(Prova, 12, 1000.0);
     Prova.txtParcMultipla = u"altra"_s;
     Prova.txtPathParcMult = u"/note/altra.mdb"_s;
-    Prova.Multi.TotOnorari = 1000;
+    Prova.Multi.TotOnorariMulti = 1000;
     Pagano(PropriPrima, SuoiPrima);
     Emetti(Prova, 14, 1000.0);
     Pagano(PropriDopo, SuoiDopo);
@@ -385,10 +385,10 @@ void TestStatoPagamenti::senzaSaperDiChi()
     Emetti(Prova, 12, 1000.0);
     Prova.txtParcMultipla = u"altra"_s;
     Prova.txtPathParcMult = u"/note/altra.mdb"_s;
-    Prova.Multi.TotOnorari = 1000;
-    const int Riga = Prova.Multi.xAcconti.AggiungiRiga();
-    Prova.Multi.xAcconti(Riga, AccValuta) = u"E"_s;
-    Prova.Multi.xAcconti(Riga, AccCorrispettivi) = 500.0;
+    Prova.Multi.TotOnorariMulti = 1000;
+    const int Riga = Prova.Multi.xAccontiMulti.AggiungiRiga();
+    Prova.Multi.xAccontiMulti(Riga, AccValuta) = u"E"_s;
+    Prova.Multi.xAccontiMulti(Riga, AccCorrispettivi) = 500.0;
     Paga(Prova, 100.0);
     Emetti(Prova, 14, 1000.0);
     QVERIFY(Prova.Stato.Importi->DelSocio);
@@ -398,7 +398,7 @@ void TestStatoPagamenti::senzaSaperDiChi()
     // A payment that is written over to the other list is not paid twice.
     Prova.Stato.Importi->DelSocio = AccontiTenuti{};
     Prova.xAcconti = TabellaRighe(AccColonne);
-    Prova.Multi.xAcconti(Riga, AccCorrispettivi) = 600.0;
+    Prova.Multi.xAccontiMulti(Riga, AccCorrispettivi) = 600.0;
     QCOMPARE(Resti(Prova), Due(Netto, 2 * Netto - Cinquecento - Cento));
 }
 
@@ -412,9 +412,9 @@ void TestStatoPagamenti::ilRestoDelSocio()
     Emetti(Prova, 14, 300.0);
     Emetti(Prova, 16, 500.0);
     Paga(Prova, 1150.0);
-    const int Riga = Prova.Multi.xAcconti.AggiungiRiga();
-    Prova.Multi.xAcconti(Riga, AccValuta) = u"E"_s;
-    Prova.Multi.xAcconti(Riga, AccCorrispettivi) = 500.0;
+    const int Riga = Prova.Multi.xAccontiMulti.AggiungiRiga();
+    Prova.Multi.xAccontiMulti(Riga, AccValuta) = u"E"_s;
+    Prova.Multi.xAccontiMulti(Riga, AccCorrispettivi) = 500.0;
     // 300,00 with general expenses are 345,00; 155,00 of 575,00 are left for 16.
     QCOMPARE(Resti(Prova), Due(0.0, 532.9));
     QCOMPARE(RestiDellaNota(Prova)[1], 0.0);

@@ -27,9 +27,9 @@ void Paga(TabellaRighe& Acconti, double Quanto)
 NotaAssociata Socio(double Pagato = 0)
 {
     NotaAssociata Altra;
-    Altra.TotOnorari = 1000;
+    Altra.TotOnorariMulti = 1000;
     if (Pagato > 0)
-        Paga(Altra.xAcconti, Pagato);
+        Paga(Altra.xAccontiMulti, Pagato);
     return Altra;
 }
 
@@ -254,10 +254,10 @@ void TestStatoSocio::quelloDelMomento()
     Nota.Stato.Socio = SocioTenuto{};
     QCOMPARE(SocioDellaNota(Nota), std::optional(Visto));
     QCOMPARE(SocioDellaNota(Sola()), std::nullopt);
-    Nota.Multi.TotSpeseImp = 7;
-    Nota.Multi.TotSpeseEsenti = 8;
-    Nota.Multi.xAcconti(0, AccSpeseImp) = 3.0;
-    Nota.Multi.xAcconti(0, AccSpeseEsenti) = 4.0;
+    Nota.Multi.TotSpeseImpMulti = 7;
+    Nota.Multi.TotSpeseEsentiMulti = 8;
+    Nota.Multi.xAccontiMulti(0, AccSpeseImp) = 3.0;
+    Nota.Multi.xAccontiMulti(0, AccSpeseEsenti) = 4.0;
     QCOMPARE(SocioDellaNota(Nota), std::optional(SocioTenuto{1000, 7, 8, 500, 3, 4}));
     // The figures that are added are those that were seen.
     const ImportiDocumento Con = ImportiDellaNota(Nota);

@@ -109,11 +109,11 @@ void TestStatoStorni::unaParte()
     Parcella Prova = Nota();
     Prova.txtParcMultipla = u"altra"_s;
     Prova.txtPathParcMult = u"/note/altra.mdb"_s;
-    Prova.Multi.TotOnorari = 1000;
+    Prova.Multi.TotOnorariMulti = 1000;
     Emetti(Prova, 12);
-    const int Riga = Prova.Multi.xAcconti.AggiungiRiga();
-    Prova.Multi.xAcconti(Riga, AccValuta) = u"E"_s;
-    Prova.Multi.xAcconti(Riga, AccCorrispettivi) = 100.0;
+    const int Riga = Prova.Multi.xAccontiMulti.AggiungiRiga();
+    Prova.Multi.xAccontiMulti(Riga, AccValuta) = u"E"_s;
+    Prova.Multi.xAccontiMulti(Riga, AccCorrispettivi) = 100.0;
     TieniSocio(Prova);
     Prova.txtParcMultipla.clear();
     Prova.txtPathParcMult.clear();

@@ -174,9 +174,9 @@ void TestTotali::pannelliConLaNotaAssociata()
 {
     Parcella Nota;
     RigaOnorario(Nota, u"Studio"_s, 1200);
-    Nota.Multi.TotOnorari = 300;
-    Nota.Multi.TotSpeseImp = 20;
-    Nota.Multi.TotSpeseEsenti = 1;
+    Nota.Multi.TotOnorariMulti = 300;
+    Nota.Multi.TotSpeseImpMulti = 20;
+    Nota.Multi.TotSpeseEsentiMulti = 1;
     QCOMPARE(TestiRiep(Nota).Total, u"Totale: 1.200,00"_s);
     Nota.txtParcMultipla = u"rossi"_s;
     const PannelliRiep Testi{u"Onor.: 1.500,00"_s, u"Sp.Imp: 20,00"_s, u"Esenti: 1,00"_s,
@@ -278,7 +278,7 @@ void TestTotali::basiDelleImposte()
 void TestTotali::accontiOltreGliOnorari()
 {
     DatiCatena Dati = Usuali(1000);
-    Dati.Acconti.Corrispettivi = 2125;
+    Dati.Acconti.AccontiCorrispettivi = 2125;
     const Catena Conti = CatenaFiscale(Dati);
     QCOMPARE(Conti.Imponibile, -1000.0);  // 1000 - 2125 + 125
     QCOMPARE(Conti.CP, -40.0);
@@ -383,9 +383,9 @@ void TestTotali::notaAssociataSommata()
     Parcella Nota;
     RigaOnorario(Nota, u"Studio"_s, 600);
     AccendiTutto(Nota);
-    Nota.Multi.TotOnorari = 400;
-    Nota.Multi.TotSpeseImp = 7;
-    Nota.Multi.TotSpeseEsenti = 3;
+    Nota.Multi.TotOnorariMulti = 400;
+    Nota.Multi.TotSpeseImpMulti = 7;
+    Nota.Multi.TotSpeseEsentiMulti = 3;
     QCOMPARE(CatenaFiscale(Nota, StampaPrenotula).Dati.Onorari, 600.0);
     Nota.txtParcMultipla = u"rossi"_s;
     const Catena Conti = CatenaFiscale(Nota, StampaPrenotula);

@@ -370,12 +370,12 @@ void TestCorpo::spese()
 void TestCorpo::totaliDellAssociata()
 {
     Parcella Nota = campioni::ConAssociata(true);
-    Nota.Multi.TotOnorari = 901.0;  // as it was read, whatever the copied lines sum to
-    Nota.Multi.TotSpeseImp = 13.3;
-    Nota.Multi.TotSpeseEsenti = 6.0;
+    Nota.Multi.TotOnorariMulti = 901.0;  // as it was read, whatever the copied lines sum to
+    Nota.Multi.TotSpeseImpMulti = 13.3;
+    Nota.Multi.TotSpeseEsentiMulti = 6.0;
     const Documento Doc = Disegnato([&](Superficie& vp) {
-        StampaOnorari(vp, Nota, Nota.Multi.xOnorari, true);
-        StampaSpese(vp, Nota, Nota.Multi.xDiritti, true);
+        StampaOnorari(vp, Nota, Nota.Multi.xOnorariMulti, true);
+        StampaSpese(vp, Nota, Nota.Multi.xDirittiMulti, true);
     });
     QCOMPARE(TestiRiga(TabellaDi(Doc, 0), 4).value(2), u"901,00"_s);
     QCOMPARE(TestiRiga(TabellaDi(Doc, 1), 4), (QStringList{QString(), QString(), u"13,30"_s, u"6,00"_s}));
@@ -426,8 +426,8 @@ void TestCorpo::accontiMostrati()
     Parcella Nota;
     Nota.chkAcconti = {Attiva, Abilitata};
     Nota.txtParcMultipla = Associata;
-    Nota.Multi.Categ = u"Penale"_s;
-    campioni::AggiungiAcconto(Nota.Multi.xAcconti, u"Fondo spese"_s, u"L"_s, 387254.0);
+    Nota.Multi.CategMulti = u"Penale"_s;
+    campioni::AggiungiAcconto(Nota.Multi.xAccontiMulti, u"Fondo spese"_s, u"L"_s, 387254.0);
     if (Propri)
         campioni::AggiungiAcconto(Nota.xAcconti, u"Bonifico"_s, u"E"_s, 100.0);
     QTEST(int(TabellaDi(Corpo(Nota, Tipo), 0).Righe.size()), "RigheTabella");
@@ -453,9 +453,9 @@ void TestCorpo::sommeDegliAcconti()
     StatoStampa Stato;
     Stato.Acconti = {7.0, 7.0, 7.0};  // what an earlier table left
     StampaCorpo(vp, Stato, Nota, Tipo);
-    QTEST(Stato.Acconti.Corrispettivi, "Corrispettivi");
-    QCOMPARE(Stato.Acconti.SpeseImp, Tipo == StampaNotaGiudiziale ? 0.0 : 100.0);
-    QCOMPARE(Stato.Acconti.SpeseEsenti, Tipo == StampaNotaGiudiziale ? 0.0 : 50.0);
+    QTEST(Stato.Acconti.AccontiCorrispettivi, "Corrispettivi");
+    QCOMPARE(Stato.Acconti.AccontiSpeseImp, Tipo == StampaNotaGiudiziale ? 0.0 : 100.0);
+    QCOMPARE(Stato.Acconti.AccontiSpeseEsenti, Tipo == StampaNotaGiudiziale ? 0.0 : 50.0);
 }
 
 // ---- order of the sections
@@ -479,8 +479,8 @@ void TestCorpo::ordineDelleSezioni()
     QFETCH(bool, Parametri);
     Parcella Nota = campioni::ConAssociata(Prima);
     Nota.chkMultiParam = Parametri;
-    Nota.Multi.Categ = u"Penale"_s;
-    Nota.Multi.xDiritti.Azzera(DirColonne);
+    Nota.Multi.CategMulti = u"Penale"_s;
+    Nota.Multi.xDirittiMulti.Azzera(DirColonne);
     Nota.chkAcconti.Attiva = false;
 
     // Titles in short, and the total of each table of fees.

@@ -71,7 +71,7 @@ Caso CasoAssociata()
 Caso CasoAssociataDopo()
 {
     Caso Uno{documenti::Completa(campioni::ConAssociata(false))};
-    Uno.Nota.Multi.Oggetto = u"parere sul contratto"_s;
+    Uno.Nota.Multi.OggettoMulti = u"parere sul contratto"_s;
     return Uno;
 }
 
@@ -257,7 +257,7 @@ void TestDocumenti::testiOstili()
     campioni::ImpostaTesti(Nota, Ostile, Ostile);
     for (Casella* Box : {&Nota.txtDatiStaCli, &Nota.txtControp, &Nota.txtDatiStaControp, &Nota.txtDatiStaOgg})
         Box->Testo = Ostile;
-    Nota.Multi.Oggetto = Ostile;
+    Nota.Multi.OggettoMulti = Ostile;
     Nota.xOnorari(0, OnoDescr) = Ostile;
     campioni::AggiungiSpesa(Nota.xDiritti, Ostile, 1.0, 1.0, 1.0);
     campioni::AggiungiAcconto(Nota.xAcconti, Ostile, u"E"_s, 1.0);

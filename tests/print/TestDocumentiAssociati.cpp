@@ -36,17 +36,17 @@ Parcella NotaDiFianco(const Parcella& Campione)
 {
     Parcella Altra;
     NuovaParcella(Altra);
-    const auto Categ = int(VociCategoria().indexOf(Campione.Multi.Categ));
+    const auto Categ = int(VociCategoria().indexOf(Campione.Multi.CategMulti));
     for (int Voce = 0; Voce == 0 || Voce < Altra.ListaAutorita.size(); ++Voce) {
         SelezionaInSilenzio(Altra, Categ, Voce, NessunaVoce);
         if (TestoAutorita(Altra) == Autorita)
             break;
     }
     ImpostaValoreInSilenzio(Altra, 10000.0);
-    Altra.txtOggetto.Testo = Campione.Multi.Oggetto;
-    Altra.xOnorari = Campione.Multi.xOnorari;
-    Altra.xDiritti = Campione.Multi.xDiritti;
-    Altra.xAcconti = Campione.Multi.xAcconti;
+    Altra.txtOggetto.Testo = Campione.Multi.OggettoMulti;
+    Altra.xOnorari = Campione.Multi.xOnorariMulti;
+    Altra.xDiritti = Campione.Multi.xDirittiMulti;
+    Altra.xAcconti = Campione.Multi.xAccontiMulti;
     return Altra;
 }
 
@@ -73,7 +73,7 @@ Parcella Prima()
 Parcella Dopo()
 {
     Parcella Nota = documenti::Completa(campioni::ConAssociata(false));
-    Nota.Multi.Oggetto = u"parere sul contratto"_s;
+    Nota.Multi.OggettoMulti = u"parere sul contratto"_s;
     return Nota;
 }
 
@@ -140,7 +140,7 @@ void TestDocumentiAssociati::primaEDopoConESenzaTitolo()
     QFETCH(int, Tipo);
     campioni::ImpostaStudio();
     Parcella Campione = ConTesti(documenti::ConParametri());
-    Campione.Multi.Oggetto = u"difesa nel procedimento penale"_s;
+    Campione.Multi.OggettoMulti = u"difesa nel procedimento penale"_s;
     Campione.optMultiAntPos = Davanti ? 1 : 0;
     Campione.chkMultiParam = Titolo;
     const QString Testo = ScriviTesto(documenti::Composto(Associata(Campione), Tipo));

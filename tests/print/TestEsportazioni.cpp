@@ -82,7 +82,7 @@ void Scrivi(Parcella& Nota, const QString& Testo)
     for (Casella* Box : {&Nota.txtDatiStaCli, &Nota.txtControp, &Nota.txtDatiStaControp, &Nota.txtDatiStaOgg})
         Box->Testo = Testo;
     Nota.Rappr = {Testo, Testo, Testo, Testo};
-    Nota.Multi.Oggetto = Testo;
+    Nota.Multi.OggettoMulti = Testo;
     Nota.xOnorari(0, OnoDescr) = Testo;
     campioni::AggiungiSpesa(Nota.xDiritti, Testo, 1.0, 1.0, 1.0);
     campioni::AggiungiAcconto(Nota.xAcconti, Testo, u"E"_s, 1.0);

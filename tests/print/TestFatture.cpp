@@ -157,7 +157,7 @@ void TestFatture::oggettoDellAssociata()
     QFETCH(QString, Oggetto);
     Parcella Nota = Completa(campioni::ConAssociata(true));
     Nota.txtParcMultipla = Associata;
-    Nota.Multi.Oggetto = Oggetto;
+    Nota.Multi.OggettoMulti = Oggetto;
     const QStringList Testi = TestiBlocchi(Composto(Nota, Tipo));
     QTEST(Testi.contains(u"   "_s + Oggetto), "Esposto");
 }
@@ -184,7 +184,7 @@ void TestFatture::valore()
     Parcella Nota = Completa(campioni::Civile());
     Nota.CodCateg = Categoria;
     Nota.txtParcMultipla = Associata;
-    Nota.Multi.Categ = u"Penale"_s;
+    Nota.Multi.CategMulti = u"Penale"_s;
     QTEST(TestiBlocchi(Composto(Nota, Tipo)).filter(u"Valore: "_s).join(u'|'), "Riga");
 }
 

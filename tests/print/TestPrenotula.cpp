@@ -299,7 +299,7 @@ void TestPrenotula::valore()
     Nota.txtImporto.Testo = Importo;
     Nota.CodCateg = Categoria;
     Nota.txtParcMultipla = Associata;
-    Nota.Multi.Categ = u"Penale"_s;
+    Nota.Multi.CategMulti = u"Penale"_s;
     const QStringList Righe = campioni::TestiBlocchi(Composto(Nota)).filter(u"Valore: "_s);
     QTEST(Righe.join(u'|'), "Riga");
 }

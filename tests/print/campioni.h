@@ -165,15 +165,15 @@ inline Parcella ConAssociata(bool Prima)
     Nota.txtParcMultipla = u"altra nota"_s;
     Nota.optMultiAntPos = Prima ? 1 : 0;
     Nota.chkMultiParam = Prima;
-    Nota.Multi.Categ = Prima ? u"Penale"_s : u"Stragiudiziale"_s;
-    Nota.Multi.Autor = u"Tribunale collegiale"_s;
-    Nota.Multi.Valore = u"10.000,00 €"_s;
-    AggiungiOnorario(Nota.Multi.xOnorari, u"Esame degli atti"_s, 1.0, 900.0);
-    AggiungiSpesa(Nota.Multi.xDiritti, u"Copie"_s, 4.0, 12.3, 5.0);
-    AggiungiAcconto(Nota.Multi.xAcconti, u"Fondo spese"_s, u"L"_s, 387254.0);
-    Nota.Multi.TotOnorari = 900.0;
-    Nota.Multi.TotSpeseImp = 12.3;
-    Nota.Multi.TotSpeseEsenti = 5.0;
+    Nota.Multi.CategMulti = Prima ? u"Penale"_s : u"Stragiudiziale"_s;
+    Nota.Multi.AutorMulti = u"Tribunale collegiale"_s;
+    Nota.Multi.ValoreMulti = u"10.000,00 €"_s;
+    AggiungiOnorario(Nota.Multi.xOnorariMulti, u"Esame degli atti"_s, 1.0, 900.0);
+    AggiungiSpesa(Nota.Multi.xDirittiMulti, u"Copie"_s, 4.0, 12.3, 5.0);
+    AggiungiAcconto(Nota.Multi.xAccontiMulti, u"Fondo spese"_s, u"L"_s, 387254.0);
+    Nota.Multi.TotOnorariMulti = 900.0;
+    Nota.Multi.TotSpeseImpMulti = 12.3;
+    Nota.Multi.TotSpeseEsentiMulti = 5.0;
     return Nota;
 }
 

@@ -36,7 +36,7 @@ inline Parcella Completa(Parcella Nota)
     Nota.txtDatiPar[DatoDepSezione] = u"V civile"_s;
     Nota.txtDatiPar[DatoDepRuolo] = u"1234/2013"_s;
     Nota.txtDatiPar[DatoDepGiudice] = u"Bruno Conti"_s;
-    Nota.Multi.Oggetto = u"difesa nel procedimento penale"_s;
+    Nota.Multi.OggettoMulti = u"difesa nel procedimento penale"_s;
     Nota.Rappr = {u"Carla Bruni"_s, u"02/03/1960"_s, u"Como"_s, u"Via Po 1, Como"_s};
     return Nota;
 }
@@ -51,12 +51,12 @@ inline Parcella ConParametri()
     Nota.txtImporto.Testo = u"30.000,00"_s;
     Nota.AumRidIdx = 0;
     Nota.AumRidVarP = 20;
-    Nota.Multi.Categ = u"Penale"_s;
-    Nota.Multi.Oggetto.clear();
+    Nota.Multi.CategMulti = u"Penale"_s;
+    Nota.Multi.OggettoMulti.clear();
     Nota.xOnorari(0, OnoMin) = 600.0;
     Nota.xOnorari(0, OnoMax) = 2400.0;
-    Nota.Multi.xOnorari(0, OnoMin) = 450.0;
-    Nota.Multi.xOnorari(0, OnoMax) = 1800.0;
+    Nota.Multi.xOnorariMulti(0, OnoMin) = 450.0;
+    Nota.Multi.xOnorariMulti(0, OnoMax) = 1800.0;
     campioni::AggiungiSpesa(Nota.xDiritti, u"Notifiche"_s, 2.0, 30.0, 10.0);
     campioni::AggiungiAcconto(Nota.xAcconti, u"Bonifico del 02/04/2013"_s, u"E"_s, 500.0, 20.0, 10.0);
     campioni::AggiungiAcconto(Nota.xAcconti, u"Contanti"_s, u"L"_s, 100000.0, 50000.0);

@@ -269,7 +269,7 @@ void frmInteressi::cmdCalcola_Click()
 
 void frmInteressi::MostraEsito(const EsitoInteressi& Esito)
 {
-    const QString Totale = Format(Esito.TotaleEuro, u"#,##0.00");
+    const QString Totale = Format(Esito.TotaleInteressi, u"#,##0.00");
     Righe = Esito.Righe;
     DecimaliTasso = DecimaliTassi(Righe);
     ui->tdbInter->Rilega();

@@ -93,12 +93,12 @@ QString RigaSpeseGenerali(const Catena& Conti)
 
 void RigheAnalitica(Elenco& Tutte, const Parcella& Nota, const Catena& Conti, bool ConBollo)
 {
-    for (const TabellaRighe* Righe : InOrdine(Nota, Nota.xOnorari, Nota.Multi.xOnorari))
+    for (const TabellaRighe* Righe : InOrdine(Nota, Nota.xOnorari, Nota.Multi.xOnorariMulti))
         RigheOnorari(Tutte, *Righe);
     Tutte.Imponibile(RigaSpeseGenerali(Conti), Conti.SpeseGen);
-    for (const TabellaRighe* Righe : InOrdine(Nota, Nota.xDiritti, Nota.Multi.xDiritti))
+    for (const TabellaRighe* Righe : InOrdine(Nota, Nota.xDiritti, Nota.Multi.xDirittiMulti))
         RigheSpese(Tutte, *Righe);
-    for (const TabellaRighe* Righe : InOrdine(Nota, Nota.xDiritti, Nota.Multi.xDiritti))
+    for (const TabellaRighe* Righe : InOrdine(Nota, Nota.xDiritti, Nota.Multi.xDirittiMulti))
         RigheEsenti(Tutte, *Righe, ConBollo ? TrovaAddebitoBollo(Nota) : AddebitoBollo());
 }
 
@@ -138,7 +138,7 @@ QString AddebitoBollo::Descrizione() const
 AddebitoBollo TrovaAddebitoBollo(const Parcella& Nota)
 {
     for (const QString& Parole : {u"imposta di bollo"_s, u"bollo"_s})
-        for (const TabellaRighe* Righe : InOrdine(Nota, Nota.xDiritti, Nota.Multi.xDiritti))
+        for (const TabellaRighe* Righe : InOrdine(Nota, Nota.xDiritti, Nota.Multi.xDirittiMulti))
             for (int Riga = 0; Riga < Righe->Righe(); ++Riga)
                 if (Arrotonda2(NumeroDi((*Righe)(Riga, DirEsente))) == ImportoBollo &&
                     CStr((*Righe)(Riga, DirDescr)).contains(Parole, Qt::CaseInsensitive))
@@ -163,8 +163,9 @@ bool HaFrazioni(const Parcella& Nota, int Tipo)
         return false;
     };
     const AccontiDetratti Acconti = AccontiFatturati(Nota, Tipo);
-    return Spezzato(InOrdine(Nota, Nota.xOnorari, Nota.Multi.xOnorari), {OnoImporto}, false) ||
-           Spezzato(InOrdine(Nota, Nota.xDiritti, Nota.Multi.xDiritti), {DirImponibile, DirEsente}, false) ||
+    return Spezzato(InOrdine(Nota, Nota.xOnorari, Nota.Multi.xOnorariMulti), {OnoImporto}, false) ||
+           Spezzato(InOrdine(Nota, Nota.xDiritti, Nota.Multi.xDirittiMulti), {DirImponibile, DirEsente},
+                    false) ||
            Spezzato({&Acconti.Propri, &Acconti.Altri}, {AccCorrispettivi, AccSpeseImp, AccSpeseEsenti}, true);
 }
 

@@ -35,16 +35,16 @@ NotaAssociata DatiMulti(const Parcella& Altra)
     const Somme Totali = CalcolaSomme(Altra);
     NotaAssociata Dati;
     Dati.Tariffa = Altra.Tariffa;
-    Dati.Categ = TestoCategoria(Altra);
-    Dati.Autor = TestoAutorita(Altra);
-    Dati.Valore = TestoValore(Altra);
-    Dati.Oggetto = Altra.txtOggetto.Testo;
-    Dati.xOnorari = Altra.xOnorari;
-    Dati.xDiritti = Altra.xDiritti;
-    Dati.xAcconti = Altra.xAcconti;
-    Dati.TotOnorari = Totali.TotOnorari;
-    Dati.TotSpeseImp = Totali.TotSpeseImp;
-    Dati.TotSpeseEsenti = Totali.TotSpeseEsenti;
+    Dati.CategMulti = TestoCategoria(Altra);
+    Dati.AutorMulti = TestoAutorita(Altra);
+    Dati.ValoreMulti = TestoValore(Altra);
+    Dati.OggettoMulti = Altra.txtOggetto.Testo;
+    Dati.xOnorariMulti = Altra.xOnorari;
+    Dati.xDirittiMulti = Altra.xDiritti;
+    Dati.xAccontiMulti = Altra.xAcconti;
+    Dati.TotOnorariMulti = Totali.TotOnorari;
+    Dati.TotSpeseImpMulti = Totali.TotSpeseImp;
+    Dati.TotSpeseEsentiMulti = Totali.TotSpeseEsenti;
     return Dati;
 }
 

@@ -116,9 +116,10 @@ QString DettagliMultipla(const Parcella& Nota)
 {
     const NotaAssociata& Altra = Nota.Multi;
     QStringList Righe{Nota.txtPathParcMult};
-    if (!Altra.Oggetto.isEmpty())
-        Righe.append(u"Oggetto: "_s + Altra.Oggetto);
-    Righe.append(u"Totale: "_s + TestoImporto(Altra.TotSpeseImp + Altra.TotOnorari + Altra.TotSpeseEsenti));
+    if (!Altra.OggettoMulti.isEmpty())
+        Righe.append(u"Oggetto: "_s + Altra.OggettoMulti);
+    Righe.append(u"Totale: "_s +
+                 TestoImporto(Altra.TotSpeseImpMulti + Altra.TotOnorariMulti + Altra.TotSpeseEsentiMulti));
     Righe.append(u"Click o Ctrl+Invio per aprirla, Canc per togliere l'associazione"_s);
     return Righe.join(u'\n');
 }

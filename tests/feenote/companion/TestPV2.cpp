@@ -521,7 +521,7 @@ Parcella NotaDaStampare(int Tipo)
     NuovaParcella(Nota);
     Nota.xOnorari(Nota.xOnorari.AggiungiRiga(), OnoImporto) = 4500.0;
     Nota.txtParcMultipla = u"altra"_s;
-    Nota.Multi.TotOnorari = 900.0;
+    Nota.Multi.TotOnorariMulti = 900.0;
     Nota.txtDatiPar[DatoNumFatt] = u" 45 "_s;
     Nota.txtDatiPar[DatoDataFatt] = u"30/12/2013"_s;
     Nota.chkFattAcc.Attiva = true;

@@ -93,10 +93,10 @@ void TestRigheFattura::laNotaAssociata()
     DaNota.xOnorari(0, OnoDescr) = u"propria"_s;
     DaNota.txtParcMultipla = u"seconda"_s;
     DaNota.optMultiAntPos = Prima;
-    const int Riga = DaNota.Multi.xOnorari.AggiungiRiga();
-    DaNota.Multi.xOnorari(Riga, OnoDescr) = u"altra"_s;
-    DaNota.Multi.xOnorari(Riga, OnoImporto) = 500.0;
-    DaNota.Multi.TotOnorari = 500.0;
+    const int Riga = DaNota.Multi.xOnorariMulti.AggiungiRiga();
+    DaNota.Multi.xOnorariMulti(Riga, OnoDescr) = u"altra"_s;
+    DaNota.Multi.xOnorariMulti(Riga, OnoImporto) = 500.0;
+    DaNota.Multi.TotOnorariMulti = 500.0;
     const Composizione Fatta =
         ComponiFatturaElettronica(DaNota, Avvocato(), Societa(), Scelta(DaNota), Giorno);
     const QString File = NuovaCartella() + u"a.xml"_s;

@@ -114,7 +114,7 @@ void TestDescrizione::tuttiICampi()
     QCOMPARE(Nota.xDiritti(0, DirDescr).toString(), u"Marca da bollo"_s);
     QCOMPARE(Numeri(Nota.xDiritti, 0, {DirImponibile, DirEsente, DirQta}), QList<double>({16, 27, 2}));
     QCOMPARE(Nota.xAcconti(0, AccValuta).toString(), u"L"_s);
-    QCOMPARE(CalcolaAcconti(Nota, StampaPrenotula).Corrispettivi, 1000.0);
+    QCOMPARE(CalcolaAcconti(Nota, StampaPrenotula).AccontiCorrispettivi, 1000.0);
     QVERIFY(Nota.chkRA.Attiva && Nota.chkSpeseGen.Attiva && Nota.chkMinMax.Attiva && Nota.chkAcconti.Attiva);
     QCOMPARE(Nota.txtSpeGen.Testo, u"12,5"_s);
     QCOMPARE(Nota.txtCliente.Testo + Nota.txtControp.Testo + Nota.txtOggetto.Testo, u"RossiBianchiSfratto"_s);

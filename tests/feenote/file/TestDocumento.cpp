@@ -468,7 +468,7 @@ void TestDocumento::valutaInParole()
     EseguiSu(File, u"UPDATE ParcellaAcconti SET Valuta='Lire', SpEse=NULL WHERE Valuta='L'"_s);
     Parcella Letta;
     CaricaDati(Letta, File);
-    QCOMPARE(CalcolaAcconti(Letta, StampaPrenotula).Corrispettivi, 1010.0);
+    QCOMPARE(CalcolaAcconti(Letta, StampaPrenotula).AccontiCorrispettivi, 1010.0);
     QCOMPARE(Letta.xAcconti(1, AccSpeseEsenti), QVariant(0.0));
 }
 

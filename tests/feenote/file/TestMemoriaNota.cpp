@@ -336,7 +336,7 @@ void TestMemoriaNota::notaAssociataNonTornaDaSe()
     Parcella Nota = NotaPiena();
     Nota.txtParcMultipla = u"altra"_s;
     Nota.txtPathParcMult = u"/tmp/altra.mdb"_s;
-    Nota.Multi.TotOnorari = 100;
+    Nota.Multi.TotOnorariMulti = 100;
     const Parcella Letta = Riletta(Ufficio, Nota);
     QVERIFY(!Letta.Multipla());
     QCOMPARE(Letta.txtPathParcMult, u"/tmp/altra.mdb"_s);

@@ -128,7 +128,7 @@ void TestMemoriaStato::torna_data()
     Caso("con un'altra nota", Inviata, [](Parcella& Nota) {
         Nota.txtPathParcMult = u"/note/altra.mdb"_s;
         Nota.txtParcMultipla = u"altra"_s;
-        Nota.Multi.TotOnorari = 123.45;
+        Nota.Multi.TotOnorariMulti = 123.45;
         (void)NotaInviata(Nota, StampaPrenotula);
         QVERIFY(Nota.Stato.ConSocio && Nota.Stato.Socio);
         Nota.txtParcMultipla.clear();
@@ -136,12 +136,12 @@ void TestMemoriaStato::torna_data()
     Caso("due con un'altra nota", Fatturata, [](Parcella& Nota) {
         Nota.txtPathParcMult = u"/note/altra.mdb"_s;
         Nota.txtParcMultipla = u"altra"_s;
-        Nota.Multi.TotOnorari = 1000;
-        const int Riga = Nota.Multi.xAcconti.AggiungiRiga();
-        Nota.Multi.xAcconti(Riga, AccValuta) = u"E"_s;
-        Nota.Multi.xAcconti(Riga, AccCorrispettivi) = 100.0;
-        Nota.Multi.xAcconti(Riga, AccSpeseImp) = 20.5;
-        Nota.Multi.xAcconti(Riga, AccSpeseEsenti) = 3.25;
+        Nota.Multi.TotOnorariMulti = 1000;
+        const int Riga = Nota.Multi.xAccontiMulti.AggiungiRiga();
+        Nota.Multi.xAccontiMulti(Riga, AccValuta) = u"E"_s;
+        Nota.Multi.xAccontiMulti(Riga, AccCorrispettivi) = 100.0;
+        Nota.Multi.xAccontiMulti(Riga, AccSpeseImp) = 20.5;
+        Nota.Multi.xAccontiMulti(Riga, AccSpeseEsenti) = 3.25;
         for (const int Numero : {12, 13}) {
             Nota.txtDatiPar[DatoNumFatt] = QString::number(Numero);
             Nota.txtDatiPar[DatoDataFatt] = u"09/11/2026"_s;
@@ -155,7 +155,7 @@ void TestMemoriaStato::torna_data()
     Caso("con un'altra nota da un file di prima", Inviata, [](Parcella& Nota) {
         Nota.txtPathParcMult = u"/note/altra.mdb"_s;
         Nota.txtParcMultipla = u"altra"_s;
-        Nota.Multi.TotOnorari = 1000;
+        Nota.Multi.TotOnorariMulti = 1000;
         (void)NotaInviata(Nota, StampaPrenotula);
         Nota.Stato.Importi->DelSocio.reset();
         Nota.txtParcMultipla.clear();

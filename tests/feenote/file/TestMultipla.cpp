@@ -64,31 +64,31 @@ void TestMultipla::cleanup()
 void TestMultipla::dalFile()
 {
     const NotaAssociata Dati = LeggiMulti(File);
-    QCOMPARE(Dati.Categ, u"Civile o Amministrativa"_s);
-    QCOMPARE(Dati.Autor, TestoAutorita(Altra));
-    QVERIFY(!Dati.Autor.isEmpty());
-    QCOMPARE(Dati.Valore, TestoValore(Altra));
-    QCOMPARE(Dati.Oggetto, u"Sfratto & c.d. \"morosità\""_s);
-    QCOMPARE(Dati.xOnorari.Righe(), Altra.xOnorari.Righe());
-    for (int Riga = 0; Riga < Dati.xOnorari.Righe(); ++Riga)
+    QCOMPARE(Dati.CategMulti, u"Civile o Amministrativa"_s);
+    QCOMPARE(Dati.AutorMulti, TestoAutorita(Altra));
+    QVERIFY(!Dati.AutorMulti.isEmpty());
+    QCOMPARE(Dati.ValoreMulti, TestoValore(Altra));
+    QCOMPARE(Dati.OggettoMulti, u"Sfratto & c.d. \"morosità\""_s);
+    QCOMPARE(Dati.xOnorariMulti.Righe(), Altra.xOnorari.Righe());
+    for (int Riga = 0; Riga < Dati.xOnorariMulti.Righe(); ++Riga)
         for (const int Colonna : {OnoDescr, OnoImporto, OnoMedio, OnoMin, OnoMax, OnoNVoce})
-            QCOMPARE(CStr(Dati.xOnorari(Riga, Colonna)), CStr(Altra.xOnorari(Riga, Colonna)));
-    QCOMPARE(CStr(Dati.xOnorari(0, OnoData)), u"05/03/2024"_s);
-    QCOMPARE(Dati.xAcconti.Righe(), 1);
-    QCOMPARE(CStr(Dati.xAcconti(0, AccDescr)), u"Fondo spese"_s);
-    QCOMPARE(CStr(Dati.xAcconti(0, AccValuta)), u"L"_s);
-    QCOMPARE(NumeroDi(Dati.xAcconti(0, AccCorrispettivi)), 1936270.0);
-    QCOMPARE(Dati.TotOnorari, CalcolaSomme(Altra).TotOnorari);
+            QCOMPARE(CStr(Dati.xOnorariMulti(Riga, Colonna)), CStr(Altra.xOnorari(Riga, Colonna)));
+    QCOMPARE(CStr(Dati.xOnorariMulti(0, OnoData)), u"05/03/2024"_s);
+    QCOMPARE(Dati.xAccontiMulti.Righe(), 1);
+    QCOMPARE(CStr(Dati.xAccontiMulti(0, AccDescr)), u"Fondo spese"_s);
+    QCOMPARE(CStr(Dati.xAccontiMulti(0, AccValuta)), u"L"_s);
+    QCOMPARE(NumeroDi(Dati.xAccontiMulti(0, AccCorrispettivi)), 1936270.0);
+    QCOMPARE(Dati.TotOnorariMulti, CalcolaSomme(Altra).TotOnorari);
 }
 
 void TestMultipla::leSpeseNonSonoOnorari()
 {
     const NotaAssociata Dati = LeggiMulti(File);
-    QCOMPARE(Dati.xDiritti.Righe(), 1);
-    QCOMPARE(Dati.TotSpeseImp, 10.5);
-    QCOMPARE(Dati.TotSpeseEsenti, 27.0);
-    QCOMPARE(NumeroDi(Dati.xDiritti(0, DirImponibile)), 10.5);
-    QCOMPARE(NumeroDi(Dati.xDiritti(0, DirEsente)), 27.0);
+    QCOMPARE(Dati.xDirittiMulti.Righe(), 1);
+    QCOMPARE(Dati.TotSpeseImpMulti, 10.5);
+    QCOMPARE(Dati.TotSpeseEsentiMulti, 27.0);
+    QCOMPARE(NumeroDi(Dati.xDirittiMulti(0, DirImponibile)), 10.5);
+    QCOMPARE(NumeroDi(Dati.xDirittiMulti(0, DirEsente)), 27.0);
 }
 
 void TestMultipla::dallaFinestra()
@@ -97,10 +97,10 @@ void TestMultipla::dallaFinestra()
     Altra.xDiritti(0, DirEsente) = 30.0;
     Parcella Nota = NotaCivile();
     QVERIFY(AssociaMulti(Nota, File, &Altra));
-    QCOMPARE(Nota.Multi.Oggetto, u"cambiato e non salvato"_s);
-    QCOMPARE(Nota.Multi.TotSpeseEsenti, 30.0);
+    QCOMPARE(Nota.Multi.OggettoMulti, u"cambiato e non salvato"_s);
+    QCOMPARE(Nota.Multi.TotSpeseEsentiMulti, 30.0);
     QVERIFY(AssociaMulti(Nota, File));
-    QCOMPARE(Nota.Multi.TotSpeseEsenti, 27.0);
+    QCOMPARE(Nota.Multi.TotSpeseEsentiMulti, 27.0);
 }
 
 void TestMultipla::ilValoreDeiDocumenti_data()
@@ -116,7 +116,7 @@ void TestMultipla::ilValoreDeiDocumenti()
     QFETCH(double, Importo);
     QFETCH(bool, Esatto);
     EseguiSu(File, u"UPDATE ParcellaParam SET Importo=?, Valore=2"_s, {Importo});
-    const QString Valore = LeggiMulti(File).Valore;
+    const QString Valore = LeggiMulti(File).ValoreMulti;
     if (Esatto)
         QCOMPARE(Valore, u"30.000,00 €"_s);
     else
@@ -148,8 +148,8 @@ void TestMultipla::ilFileVecchioNonSiAggiorna()
     EseguiSu(File, u"ALTER TABLE ParcellaParam DROP COLUMN SpeseGen"_s);
     const QByteArray Prima = LeggiFile(File);
     const NotaAssociata Dati = LeggiMulti(File);
-    QCOMPARE(Dati.TotSpeseEsenti, 27.0);
-    QCOMPARE(Dati.xOnorari.Righe(), Altra.xOnorari.Righe());
+    QCOMPARE(Dati.TotSpeseEsentiMulti, 27.0);
+    QCOMPARE(Dati.xOnorariMulti.Righe(), Altra.xOnorari.Righe());
     QCOMPARE(LeggiFile(File), Prima);
 }
 
@@ -167,7 +167,7 @@ void TestMultipla::ilSupportoCheRifiuta()
     guasti::SupportoBloccato = Ufficio->Cartella();
     const NotaAssociata Dati = LeggiMulti(File);
     guasti::SupportoBloccato.clear();
-    QCOMPARE(Dati.TotSpeseEsenti, 27.0);
+    QCOMPARE(Dati.TotSpeseEsentiMulti, 27.0);
     QVERIFY(SolaLettura(File));
 }
 
@@ -260,8 +260,8 @@ void TestMultipla::unaSceltaDopoLAltra()
     QVERIFY(AssociaMulti(Nota, Seconda));
     QCOMPARE(Nota.txtParcMultipla, u"seconda"_s);
     QCOMPARE(Nota.txtPathParcMult, Seconda);
-    QVERIFY(Nota.Multi.xDiritti.Vuota());
-    QCOMPARE(Nota.Multi.TotSpeseEsenti, 0.0);
+    QVERIFY(Nota.Multi.xDirittiMulti.Vuota());
+    QCOMPARE(Nota.Multi.TotSpeseEsentiMulti, 0.0);
     QVERIFY2(!Nota.Modificata, "an association is no change of the note");
 }
 
@@ -287,7 +287,7 @@ void TestMultipla::leSommeDelleDue()
     QCOMPARE(Due.Onorari, Sola.Onorari + CalcolaSomme(Altra).TotOnorari);
     QCOMPARE(Due.SpeseImp, Sola.SpeseImp + 10.5);
     QCOMPARE(Due.SpeseEsenti, Sola.SpeseEsenti + 27.0);
-    QCOMPARE(Due.Acconti.Corrispettivi, Sola.Acconti.Corrispettivi + 1000.0);  // 1.936.270 lire
+    QCOMPARE(Due.Acconti.AccontiCorrispettivi, Sola.Acconti.AccontiCorrispettivi + 1000.0);  // 1.936.270 lire
 }
 
 #include "TestMultipla.moc"

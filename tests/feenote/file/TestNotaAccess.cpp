@@ -172,8 +172,8 @@ void TestNotaAccess::associata()
 {
     const QByteArray Prima = Byte();
     const NotaAssociata Dati = LeggiMulti(File);
-    QCOMPARE(Dati.Oggetto, u"Sfratto & c.d. \"morosità\""_s);
-    QCOMPARE(Dati.TotSpeseImp, 10.5);
+    QCOMPARE(Dati.OggettoMulti, u"Sfratto & c.d. \"morosità\""_s);
+    QCOMPARE(Dati.TotSpeseImpMulti, 10.5);
     QCOMPARE(Byte(), Prima);
 }
 

@@ -189,7 +189,7 @@ void TestTariffaNelFile::associata()
     Parcella Principale = NotaCivile();
     QVERIFY(AssociaMulti(Principale, File));
     QCOMPARE(Principale.Multi.Tariffa, &Dm55);
-    QCOMPARE(Principale.Multi.Autor, u"Tribunale - cognizione ordinaria e sommaria"_s);
+    QCOMPARE(Principale.Multi.AutorMulti, u"Tribunale - cognizione ordinaria e sommaria"_s);
     QCOMPARE(Principale.Tariffa, &Dm140);
 }
 

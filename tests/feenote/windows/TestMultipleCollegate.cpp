@@ -145,7 +145,7 @@ void TestMultipleCollegate::gliImportiSeguonoLaFinestra()
     ScriviCella(Controllo<Griglia>(Compagna, "tdbDir"), 0, DirEsente, u"30"_s);
     QVERIFY(Compagna->Nota.Modificata);
     QCOMPARE(Esenti(), u"Esenti: 30,00"_s);
-    QCOMPARE(F->Nota.Multi.TotSpeseEsenti, 30.0);
+    QCOMPARE(F->Nota.Multi.TotSpeseEsentiMulti, 30.0);
     QVERIFY(!F->Nota.Modificata);
     Compagna->SetModificata(false);
 }

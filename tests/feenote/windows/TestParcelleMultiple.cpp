@@ -373,7 +373,7 @@ void TestParcelleMultiple::iDettagli()
     const QString Testo = Controllo(F, "txtParcMultipla")->toolTip();
     QVERIFY(Testo.contains(File));
     QVERIFY(Testo.contains(u"Oggetto: Sfratto & c.d."_s));
-    const double Totale = F->Nota.Multi.TotOnorari + 10.5 + 27.0;
+    const double Totale = F->Nota.Multi.TotOnorariMulti + 10.5 + 27.0;
     QVERIFY(Testo.contains(u"Totale: "_s + TestoImporto(Totale)));
 }
 

@@ -238,7 +238,7 @@ void TestSchedaAcconti::lireSenzaCentesimi()
     ScriviCella(Righe, 0, AccValuta, u"L"_s);
     QCOMPARE(Mostrato(Righe, 0, AccCorrispettivi), u"1.936.270"_s);
     QCOMPARE(F->Nota.xAcconti(0, AccCorrispettivi).toDouble(), 1936270.4);
-    QCOMPARE(CalcolaAcconti(F->Nota, StampaPrenotula).Corrispettivi, 1000.0);
+    QCOMPARE(CalcolaAcconti(F->Nota, StampaPrenotula).AccontiCorrispettivi, 1000.0);
 }
 
 void TestSchedaAcconti::importoSbagliato_data()

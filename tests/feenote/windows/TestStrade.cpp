@@ -133,7 +133,7 @@ void TestStrade::civileColMouse()
     Clic(Controllo(F, "chkSpeseGen"));
     Clic(Controllo(F, "chkMinMax"));
 
-    QCOMPARE(CalcolaAcconti(F->Nota, StampaPrenotula).Corrispettivi, 1000.0);
+    QCOMPARE(CalcolaAcconti(F->Nota, StampaPrenotula).AccontiCorrispettivi, 1000.0);
     QCOMPARE(CalcolaSomme(F->Nota).TotSpeseImp, 98.5);
     SalvaChiudiRiapri(u"Rossi contro Società"_s);
 }
