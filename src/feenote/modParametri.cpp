@@ -232,11 +232,7 @@ void CambiaAutorita(Parcella& Nota, int Indice)
     }
     if (!Detto)
         Avvisa(Perdite);
-    Nota.IdxAutorPrec = Indice;
-    Nota.AutoritaTenuta = {};
-    // In criminal matters the court plays the role of the bracket.
-    if (Nota.cmbCateg == IndicePenale)
-        Nota.Scaglione = Nota.IDAutSelezionata();
+    SelezionaAutoritaInSilenzio(Nota, Indice);
     LasciaVariazioneAltrui(Nota);
 }
 

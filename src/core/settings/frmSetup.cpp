@@ -149,7 +149,7 @@ frmSetup::frmSetup()
     }
     for (const QLineEdit* Campo : {ui->txtEMail, ui->txtCodFisStudio, ui->txtPivaStudio, ui->txtIBAN})
         Collega(Campo, &QLineEdit::textChanged, this, [this] { SegnaControlli(); });
-    ui->tabSetup->tabBar()->installEventFilter(this);
+    LasciaPrima(ui->tabSetup->tabBar());
     CreaTasti();
 }
 
@@ -221,22 +221,6 @@ void frmSetup::ShowHelp(bool Si)
 {
     ui->pctHelp->setText(Aiuti.at(size_t(ui->tabSetup->currentIndex())).toString());
     ui->pctHelp->setVisible(Si);
-}
-
-bool frmSetup::eventFilter(QObject* Oggetto, QEvent* Evento)
-{
-    // A bar of tabs takes no focus by a click, the wheel or a mnemonic: no field is left by them.
-    switch (Evento->type()) {
-    case QEvent::MouseButtonPress:
-    case QEvent::Wheel:
-    case QEvent::Shortcut:
-        if (Oggetto == ui->tabSetup->tabBar() && !ConcludiCampo())
-            return true;
-        break;
-    default:
-        break;
-    }
-    return QDialog::eventFilter(Oggetto, Evento);
 }
 
 /// Esc is pressed by habit, the button by intention: only the key asks.

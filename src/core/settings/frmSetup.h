@@ -62,7 +62,6 @@ public:
     void EliminaIcona(int Riga);
 
 protected:
-    bool eventFilter(QObject* Oggetto, QEvent* Evento) override;
     void keyPressEvent(QKeyEvent* Evento) override;
 
 private:

@@ -199,7 +199,7 @@ void frmParcelle::CollegaCornice()
             MettiInVista(Campo);
     });
     ui->tabParcelle->installEventFilter(this);
-    ui->tabParcelle->tabBar()->installEventFilter(this);
+    LasciaPrima(ui->tabParcelle->tabBar());
     Collega(ui->tabParcelle, &QTabWidget::currentChanged, this,
             [this](int Nuova) { tabParcelle_Change(Nuova); });
     Collega(ui->pctSave, &QToolButton::clicked, this, [this] {
@@ -239,14 +239,7 @@ void frmParcelle::MostraCatena()
 
 bool frmParcelle::eventFilter(QObject* Oggetto, QEvent* Evento)
 {
-    // A bar of tabs takes no focus by a click, the wheel or a mnemonic: no field is left by them.
     switch (Evento->type()) {
-    case QEvent::MouseButtonPress:
-    case QEvent::Wheel:
-    case QEvent::Shortcut:
-        if (Oggetto == ui->tabParcelle->tabBar() && !ConcludiCampo())
-            return true;
-        break;
     case QEvent::ShortcutOverride:
         // A box whose own letters are all taken back leaves the key to the steps of the note.
         for (const auto& [Tasti, Avanti] :

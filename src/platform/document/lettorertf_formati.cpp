@@ -13,7 +13,6 @@ using rtf::Gruppo;
 namespace {
 
 constexpr int MassimoSostituti = 255;
-constexpr double TwipPerPunto = 20.0;
 constexpr double MassimoCm = 12.0;      // of an indent
 constexpr double MassimoPunti = 100.0;  // of the room around a paragraph
 
@@ -21,12 +20,11 @@ constexpr double MassimoPunti = 100.0;  // of the room around a paragraph
 
 Interlinea rtf::FormatoParagrafo::Righe() const
 {
-    constexpr double UnaRiga = 240.0;
     constexpr double MassimeRighe = 5.0;
     const double Punti = std::clamp(DistanzaRighe / TwipPerPunto, -MassimoPunti, MassimoPunti);
     Interlinea Fatta;
     if (InMultipli)
-        Fatta.Multipla = std::clamp(DistanzaRighe / UnaRiga, 1.0, MassimeRighe);
+        Fatta.Multipla = std::clamp(DistanzaRighe / RigaSemplice, 1.0, MassimeRighe);
     else if (Punti > 0.0)
         Fatta.AlmenoPunti = Punti;
     else

@@ -9,7 +9,11 @@ inline constexpr double MmPerPollice = 25.4;
 inline constexpr double TwipPerPollice = 1440.0;
 inline constexpr double PuntiTipograficiPerPollice = 72.0;
 
+inline constexpr double MmPerCm = 10.0;
 inline constexpr double TwipPerCm = TwipPerPollice / CmPerPollice;
+inline constexpr double TwipPerPunto = TwipPerPollice / PuntiTipograficiPerPollice;
+/// What rich text counts for a single line in a spacing by multiples, whatever its letters.
+inline constexpr double RigaSemplice = 240.0;
 /// Centimetres of a point of type.
 inline constexpr double CmPerPunto = CmPerPollice / PuntiTipograficiPerPollice;
 

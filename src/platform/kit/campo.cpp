@@ -14,6 +14,7 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QScopedValueRollback>
+#include <QTabBar>
 #include <QTextDocument>
 #include <QTextEdit>
 #include <QToolTip>
@@ -161,6 +162,28 @@ void DilloAccanto(QLineEdit* Campo, const QString& Tipo, QChar Carattere)
     QToolTip::showText(Campo->mapToGlobal(QPoint(0, Campo->height())),
                        u"«%1» non è stato scritto: %2"_s.arg(QString(Carattere), Prende), Campo);
 }
+
+/// Stands before the pages of a window.
+class GuardiaSchede : public QObject
+{
+public:
+    explicit GuardiaSchede(QTabBar* Schede) : QObject(Schede) { Schede->installEventFilter(this); }
+
+    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
+    {
+        switch (Evento->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::Wheel:
+        case QEvent::Shortcut:
+            if (!ConcludiCampo())
+                return true;
+            break;
+        default:
+            break;
+        }
+        return QObject::eventFilter(Oggetto, Evento);
+    }
+};
 
 /// Stands between the keyboard and one box.
 class FiltroDigitazione : public QObject
@@ -322,6 +345,11 @@ bool ConcludiCampo()
         if (Finestra->isVisible() && Finestra->focusWidget())
             Campi += Finestra->focusWidget();
     return std::all_of(Campi.cbegin(), Campi.cend(), ConcludiDa);
+}
+
+void LasciaPrima(QTabBar* Schede)
+{
+    new GuardiaSchede(Schede);
 }
 
 void FiltraTasti(QLineEdit* Campo, const QString& Tipo, bool PuntoInVirgola)

@@ -10,6 +10,7 @@
 
 class QFocusEvent;
 class QLineEdit;
+class QTabBar;
 class QWidget;
 
 /// What runs when the user leaves a box that he has edited. False refuses: the focus goes back by a queued
@@ -27,6 +28,10 @@ void AlLasciaSempre(QWidget* Campo, std::function<bool()> Procedura);
 /// Runs the leave procedure of the focused field and commits the open cell of a grid.
 /// @return false when it refuses
 [[nodiscard]] bool ConcludiCampo();
+
+/// A click on a bar of tabs, its wheel and its mnemonics leave the field first; one that refuses keeps the
+/// page.
+void LasciaPrima(QTabBar* Schede);
 
 /// Something that keeps an edit open of its own (a grid's cell) and can commit it.
 class Concludibile

@@ -28,7 +28,6 @@ struct Luce
 Luce LuceDi(double LatoMm, double PrimaCm, double DopoCm)
 {
     constexpr double MinimoMm = 20.0;
-    constexpr double MmPerCm = 10.0;
     const double Margini = (PrimaCm + DopoCm) * MmPerCm;
     const double Concessi = std::clamp(LatoMm - MinimoMm, 0.0, Margini);
     const double Quota = Margini > 0.0 ? Concessi / Margini : 0.0;

@@ -54,7 +54,6 @@ struct Posizione
 /// @param Bianche part that is left of the room above and below
 Posizione PosizioneDi(const Rientri& Spazi, const AreaStampa& Area, double Bianche)
 {
-    constexpr double MmPerCm = 10.0;
     constexpr double MinimoMm = 20.0;
     const auto Lungo = [&](double Cm, double Concesso) {
         return std::clamp(Cm * MmPerCm * PuntiPerMm, 0.0, std::max(Concesso, 0.0));
@@ -151,7 +150,6 @@ QTextOption::TabType TipoDi(Fermo::Verso Come)
 std::vector<Fermo> FermiEntro(const std::vector<Fermo>& Chiesti, const Posizione& Dove,
                               const AreaStampa& Area)
 {
-    constexpr double MmPerCm = 10.0;
     std::vector<Fermo> Tutti;
     for (const Fermo& Chiesto : Chiesti) {
         Fermo Nuovo = Chiesto;

@@ -86,7 +86,6 @@ std::vector<double> Necessarie(const Tabella& Questa, FontDocumento& Font)
 
 std::vector<double> Larghezze(const Tabella& Questa, const AreaStampa& Area, FontDocumento& Font)
 {
-    constexpr double MmPerCm = 10.0;
     std::vector<double> Chieste;
     Chieste.reserve(Questa.LarghezzeCm.size());
     for (const double Cm : Questa.LarghezzeCm)

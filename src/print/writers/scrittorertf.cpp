@@ -16,7 +16,6 @@ using rtf::TabellaFont;
 
 namespace {
 
-constexpr int TwipPerPunto = 20;
 constexpr int MassimoTwip = 31680;    // 55 cm, as far as word processors reckon
 constexpr double AltezzaRiga = 1.15;  // of the font's size
 
@@ -92,8 +91,7 @@ QByteArray SeC(const char* Nome, int Twip)
 /// Lines nearer to each other than their own height.
 QByteArray Vicine(const Strettezza& Quanto)
 {
-    constexpr double UnaRiga = 240.0;
-    return Quanto.Interlinea < 1.0 ? Parola("\\sl", qRound(Quanto.Interlinea * UnaRiga)) + "\\slmult1"
+    return Quanto.Interlinea < 1.0 ? Parola("\\sl", qRound(Quanto.Interlinea * RigaSemplice)) + "\\slmult1"
                                    : QByteArray();
 }
 
@@ -107,13 +105,12 @@ QByteArray BiancaStretta(double Punti, const Strettezza& Quanto)
 
 QByteArray Distanza(const Interlinea& Righe, const Strettezza& Quanto)
 {
-    constexpr double UnaRiga = 240.0;
     if (Righe.EsattaPunti > 0.0)
         return Parola("\\sl", -TwipDaPunti(Righe.EsattaPunti)) + "\\slmult0";
     if (Righe.AlmenoPunti > 0.0)
         return Parola("\\sl", TwipDaPunti(Righe.AlmenoPunti)) + "\\slmult0";
     return Righe.Multipla > 1.0
-               ? Parola("\\sl", qRound(Righe.Multipla * Quanto.Interlinea * UnaRiga)) + "\\slmult1"
+               ? Parola("\\sl", qRound(Righe.Multipla * Quanto.Interlinea * RigaSemplice)) + "\\slmult1"
                : Vicine(Quanto);
 }
 

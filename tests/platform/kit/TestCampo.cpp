@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTabBar>
 #include <QToolTip>
 #include <QVBoxLayout>
 
@@ -78,6 +79,8 @@ private Q_SLOTS:
     void laSecondaRegolaSostituisce();
     void listaScrivibile();
     void testoLungo();
+    void leSchedeLascianoPrimaIlCampo_data();
+    void leSchedeLascianoPrimaIlCampo();
     void concludiCampo();
     void concludiConUnAltroProgrammaDavanti();
     void concludiSenzaFuoco();
@@ -453,6 +456,32 @@ void TestCampo::soloLettura()
     M->A->setReadOnly(true);
     Digita(u"1.5"_s);
     QVERIFY(M->A->text().isEmpty());
+}
+
+void TestCampo::leSchedeLascianoPrimaIlCampo_data()
+{
+    QTest::addColumn<bool>("Accetta");
+    QTest::newRow("accettato") << true;
+    QTest::newRow("rifiutato, la scheda resta") << false;
+}
+
+void TestCampo::leSchedeLascianoPrimaIlCampo()
+{
+    QFETCH(bool, Accetta);
+    auto* Schede = new QTabBar(M.get());
+    Schede->addTab(u"Prima"_s);
+    Schede->addTab(u"Seconda"_s);
+    M->layout()->addWidget(Schede);
+    LasciaPrima(Schede);
+    Respiro();
+    Conto Regola;
+    Regola.Risposta = Accetta;
+    AlLascia(M->A, Regola());
+    QTest::keyClicks(M->A, u"12"_s);
+    QTest::mouseClick(Schede, Qt::LeftButton, {}, Schede->tabRect(1).center());
+    QCOMPARE(Regola.Chiamate, 1);
+    QCOMPARE(Schede->currentIndex(), Accetta ? 1 : 0);
+    QVERIFY(M->A->hasFocus());
 }
 
 void TestCampo::numerico_data()
