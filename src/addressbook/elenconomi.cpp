@@ -60,6 +60,38 @@ struct Trovato
     int Posto = 0;
 };
 
+/// The best so far by an order, the worst of them on top.
+template <class Ordine>
+class Migliori
+{
+public:
+    Migliori(int Massimo, Ordine DiChi) : Quanti(size_t(std::max(Massimo, 0))), Prima(std::move(DiChi)) {}
+
+    void Prendi(const Trovato& Uno)
+    {
+        if (Presi.size() < Quanti) {
+            Presi.push_back(Uno);
+            std::ranges::push_heap(Presi, Prima);
+        } else if (Quanti > 0 && Uno.Rango != Dentro && Prima(Uno, Presi.front())) {
+            // Of those that hold the words somewhere inside, the first ones will do.
+            std::ranges::pop_heap(Presi, Prima);
+            Presi.back() = Uno;
+            std::ranges::push_heap(Presi, Prima);
+        }
+    }
+    /// From the best on; nothing is taken behind that.
+    [[nodiscard]] const std::vector<Trovato>& InOrdine()
+    {
+        std::ranges::sort_heap(Presi, Prima);
+        return Presi;
+    }
+
+private:
+    size_t Quanti;
+    Ordine Prima;
+    std::vector<Trovato> Presi;
+};
+
 }  // namespace
 
 ElencoNomi::ElencoNomi(const QString& Nome) : Tabella(Nome)
@@ -155,6 +187,17 @@ void ElencoNomi::Finisci()
     Letti = std::exchange(Nuovi, {});
 }
 
+NomeOfferto ElencoNomi::Offerto(size_t Posto) const
+{
+    const size_t Fine = Posto + 1 < Letti.Inizi.size() ? Letti.Inizi[Posto + 1] : size_t(Letti.Testi.size());
+    const std::string_view Riga = Vista(Letti.Testi).substr(Letti.Inizi[Posto], Fine - Letti.Inizi[Posto]);
+    const size_t Meta = Riga.find(char(FraCampi));
+    const auto Parte = [](std::string_view Byte) {
+        return QString::fromUtf8(Byte.data(), qsizetype(Byte.size()));
+    };
+    return {Letti.Chiavi[Posto], Parte(Riga.substr(0, Meta)), Parte(Riga.substr(Meta + 1))};
+}
+
 QList<NomeOfferto> ElencoNomi::Proponi(const QString& Testo, int Massimo) const
 {
     const Filtro Per(Testo);
@@ -176,35 +219,12 @@ QList<NomeOfferto> ElencoNomi::Proponi(const QString& Testo, int Massimo) const
         const int Ordine = Vista(Letti.Piani.Riga(A.Posto)).compare(Vista(Letti.Piani.Riga(B.Posto)));
         return Ordine != 0 ? Ordine < 0 : A.Posto < B.Posto;
     };
-    // The best so far, the worst of them on top. Of those that hold the words somewhere inside, the first
-    // ones will do.
-    std::vector<Trovato> Trovati;
-    const size_t Quanti = size_t(std::max(Massimo, 0));
+    Migliori Trovati(Massimo, Prima);
     Letti.Piani.PerOgni(Per, [&](int Posto, size_t Dove) {
-        const Trovato Uno{Rango(Vista(Letti.Piani.Riga(Posto)), Dove), Posto};
-        if (Trovati.size() < Quanti) {
-            Trovati.push_back(Uno);
-            std::ranges::push_heap(Trovati, Prima);
-        } else if (Quanti > 0 && Uno.Rango != Dentro && Prima(Uno, Trovati.front())) {
-            std::ranges::pop_heap(Trovati, Prima);
-            Trovati.back() = Uno;
-            std::ranges::push_heap(Trovati, Prima);
-        }
+        Trovati.Prendi({Rango(Vista(Letti.Piani.Riga(Posto)), Dove), Posto});
     });
-    std::ranges::sort_heap(Trovati, Prima);
-
     QList<NomeOfferto> Offerti;
-    for (const Trovato& Uno : Trovati) {
-        const auto Posto = size_t(Uno.Posto);
-        const size_t Fine =
-            Posto + 1 < Letti.Inizi.size() ? Letti.Inizi[Posto + 1] : size_t(Letti.Testi.size());
-        const std::string_view Riga =
-            Vista(Letti.Testi).substr(Letti.Inizi[Posto], Fine - Letti.Inizi[Posto]);
-        const size_t Meta = Riga.find(char(FraCampi));
-        const auto Parte = [](std::string_view Byte) {
-            return QString::fromUtf8(Byte.data(), qsizetype(Byte.size()));
-        };
-        Offerti.append({Letti.Chiavi[Posto], Parte(Riga.substr(0, Meta)), Parte(Riga.substr(Meta + 1))});
-    }
+    for (const Trovato& Uno : Trovati.InOrdine())
+        Offerti.append(Offerto(size_t(Uno.Posto)));
     return Offerti;
 }

@@ -66,6 +66,7 @@ private:
     [[nodiscard]] static Impronta Guarda();
     void LeggiPezzo();
     void Finisci();
+    [[nodiscard]] NomeOfferto Offerto(size_t Posto) const;
 
     QString Tabella;
     Nomi Letti;

@@ -116,6 +116,86 @@ QString NomeNuovo(const QString& Nome)
     return Nome.endsWith(u".accdb", Qt::CaseInsensitive) ? Nome.chopped(6) + u".mdb"_s : Nome;
 }
 
+/// The copies of one run. Whoever destroys it before it is finished takes them back, and the folders made for
+/// them.
+class Copiatura
+{
+public:
+    Copiatura(const QString& Da, const QString& A, const std::function<bool()>& Prosegui)
+        : Origine(Da), Arrivo(A), Ancora(Prosegui)
+    {}
+    ~Copiatura()
+    {
+        for (const Fatta& Copia : std::as_const(Copie))
+            if (Copia.ComeAllora())
+                ScartaFile(Copia.File);
+        // One that somebody has put a file into stays.
+        while (!Cartelle.isEmpty())
+            ScartaCartella(Cartelle.takeLast());
+    }
+    Copiatura(const Copiatura&) = delete;
+    Copiatura& operator=(const Copiatura&) = delete;
+
+    /// What has become of a note. What is wrong with it alone stands there.
+    /// @throws Interrotto when it is not to go on; Errore where there is no room for any other
+    [[nodiscard]] EsitoNota Copia(const QString& Nome)
+    {
+        EsitoNota Esito{.Nome = Nome, .Detto = {}};
+        try {
+            const QString Nuovo = Arrivo + NomeNuovo(Nome);
+            if (EsisteFile(TrovaFile(Nuovo)))
+                Esito.Detto = u"c'è già, resta com'è"_s;
+            else if (!EArchivio(Origine + Nome))
+                Esito.Detto = u"non è una parcella"_s;
+            else
+                Scrivi(Nuovo, Esito);
+        } catch (const Errore& Guasto) {
+            Esito.Detto = Guasto.Descrizione;
+            if (Guasto.Numero == errori::DiscoPieno || Guasto.Numero == errori::SpazioDatabase)
+                throw;
+        }
+        return Esito;
+    }
+    /// The copies stay.
+    void Concludi()
+    {
+        Copie.clear();
+        Cartelle.clear();
+    }
+
+private:
+    void Scrivi(const QString& Nuovo, EsitoNota& Esito)
+    {
+        FaiCartella(CartellaFile(Nuovo));
+        const QString Vecchio = Origine + Esito.Nome;
+        const auto Fuori = ScriviNativo(Vecchio, Nuovo, [this](qint64) { return Ancora(); });
+        if (!Fuori)
+            throw Interrotto();
+        Copie.append(Fatta(Nuovo));
+        ImpostaDataFile(Nuovo, DataFile(Vecchio));
+        Copie.last() = Fatta(Nuovo);
+        Esito.Copiata = true;
+        QStringList Detti = *Fuori;
+        Detti.removeIf(TabellaDiSistema);
+        Esito.Detto = Detti.join(u"; "_s);
+    }
+    void FaiCartella(const QString& Cartella)
+    {
+        QStringList Mancanti;
+        for (QString Una = Barra(Cartella); !Una.isEmpty() && !EsisteCartella(Una);
+             Una = CartellaSuperiore(Una))
+            Mancanti.prepend(Una);
+        Cartelle += Mancanti;
+        CreaCartellaDiUtente(Cartella);
+    }
+
+    QString Origine;
+    QString Arrivo;
+    std::function<bool()> Ancora;
+    QList<Fatta> Copie;
+    QStringList Cartelle;  ///< made for the copies, the outer ones first
+};
+
 }  // namespace
 
 std::optional<QList<EsitoNota>> CopiaNote(const QString& Da, const QString& A,
@@ -126,71 +206,27 @@ std::optional<QList<EsitoNota>> CopiaNote(const QString& Da, const QString& A,
     const bool Stessa = !CartellaVera(Origine).isEmpty() && CartellaVera(Origine) == CartellaVera(Arrivo);
     if (Stessa || PercorsoNativo(Origine) == PercorsoNativo(Arrivo))
         RifiutaFile(u"Le copie andrebbero nella cartella delle vecchie parcelle: sceglierne un'altra."_s);
-    Trovate Sotto;
     try {
+        Trovate Sotto;
         Raccogli(
             Origine, QString(), 0, CartellaVera(Arrivo), [&] { return !Prosegui || Prosegui(0, 0); }, Sotto);
+        const QStringList& File = Sotto.File;
+        if (File.isEmpty() && Sotto.Saltate.isEmpty())
+            RifiutaFile(
+                u"Nella cartella \"%1\" non ci sono parcelle (file .mdb): sceglierne un'altra."_s.arg(Da));
+        QList<EsitoNota> Esiti;
+        const auto Ancora = [&] { return !Prosegui || Prosegui(int(Esiti.size()), int(File.size())); };
+        Copiatura Copie(Origine, Arrivo, Ancora);
+        for (const QString& Nome : File) {
+            if (!Ancora())
+                return std::nullopt;
+            Esiti.append(Copie.Copia(Nome));
+        }
+        Copie.Concludi();
+        return Esiti + Sotto.Saltate;
     } catch (const Interrotto&) {
         return std::nullopt;
     }
-    const QStringList& File = Sotto.File;
-    if (File.isEmpty() && Sotto.Saltate.isEmpty())
-        RifiutaFile(
-            u"Nella cartella \"%1\" non ci sono parcelle (file .mdb): sceglierne un'altra."_s.arg(Da));
-    QList<EsitoNota> Esiti;
-    QList<Fatta> Fatti;
-    QStringList Cartelle;  // made for the copies, the outer ones first
-    const auto FaiCartella = [&](const QString& Cartella) {
-        QStringList Mancanti;
-        for (QString Una = Barra(Cartella); !Una.isEmpty() && !EsisteCartella(Una);
-             Una = CartellaSuperiore(Una))
-            Mancanti.prepend(Una);
-        Cartelle += Mancanti;
-        CreaCartellaDiUtente(Cartella);
-    };
-    const auto Ferma = [&]() -> std::optional<QList<EsitoNota>> {
-        for (const Fatta& Copia : std::as_const(Fatti))
-            if (Copia.ComeAllora())
-                ScartaFile(Copia.File);
-        // One that somebody has put a file into stays.
-        while (!Cartelle.isEmpty())
-            ScartaCartella(Cartelle.takeLast());
-        return std::nullopt;
-    };
-    for (const QString& Nome : File) {
-        const auto Ancora = [&] { return !Prosegui || Prosegui(int(Esiti.size()), int(File.size())); };
-        if (!Ancora())
-            return Ferma();
-        const QString Nuovo = Arrivo + NomeNuovo(Nome);
-        EsitoNota Esito{.Nome = Nome, .Detto = {}};
-        try {
-            if (EsisteFile(TrovaFile(Nuovo))) {
-                Esito.Detto = u"c'è già, resta com'è"_s;
-            } else if (!EArchivio(Origine + Nome)) {
-                Esito.Detto = u"non è una parcella"_s;
-            } else {
-                FaiCartella(CartellaFile(Nuovo));
-                const auto Fuori = ScriviNativo(Origine + Nome, Nuovo, [&](qint64) { return Ancora(); });
-                if (!Fuori)
-                    return Ferma();
-                Fatti.append(Fatta(Nuovo));
-                ImpostaDataFile(Nuovo, DataFile(Origine + Nome));
-                Fatti.last() = Fatta(Nuovo);
-                Esito.Copiata = true;
-                QStringList Detti = *Fuori;
-                Detti.removeIf(TabellaDiSistema);
-                Esito.Detto = Detti.join(u"; "_s);
-            }
-        } catch (const Errore& Guasto) {
-            Esito.Detto = Guasto.Descrizione;
-            if (Guasto.Numero == errori::DiscoPieno || Guasto.Numero == errori::SpazioDatabase) {
-                (void)Ferma();
-                throw;
-            }
-        }
-        Esiti.append(Esito);
-    }
-    return Esiti + Sotto.Saltate;
 }
 
 ContoNote Conta(const QList<EsitoNota>& Esiti)

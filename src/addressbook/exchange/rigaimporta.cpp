@@ -193,7 +193,8 @@ QVariant ComposizioneRighe::ValorePer(const Campo& In, const QString& Testo, Tes
     }
 }
 
-RigaComposta ComposizioneRighe::Componi(const QStringList& Celle) const
+/// The cells of a row, where each of them goes.
+ComposizioneRighe::Testi ComposizioneRighe::Raccogli(const QStringList& Celle) const
 {
     Testi Pezzi;
     Pezzi.DeiCampi.resize(Scritti.size());
@@ -212,42 +213,65 @@ RigaComposta ComposizioneRighe::Componi(const QStringList& Celle) const
     }
     if (const int Via = Posto(u"Indirizzo"); Via >= 0 && Pezzi.Parti.contains(parte::Civico.toString()))
         Pezzi.DeiCampi[Via] = (Pezzi.DeiCampi[Via] + u' ' + Pezzi.Parti[parte::Civico.toString()]).trimmed();
+    return Pezzi;
+}
 
-    RigaComposta Fatta;
-    Fatta.Valori.resize(Scritti.size());
-    QString Nome = NomeDi(Pezzi);
+/// The name as its field holds it; one that is longer stands whole in the notes.
+QString ComposizioneRighe::NomeCheEntra(const QString& Nome, Testi& Pezzi) const
+{
     const Campo& DelNome = Scritti[PostoNome];
-    if (DelNome.Type == TipoCampo::Testo && DelNome.Size > 0 && Nome.size() > DelNome.Size) {
-        Pezzi.InNote.append(u"Nominativo: "_s + Nome);
-        Pezzi.Avvisi.append(u"nominativo accorciato, intero nelle note"_s);
-        Nome = Nome.left(DelNome.Size).trimmed();
+    if (DelNome.Type != TipoCampo::Testo || DelNome.Size <= 0 || Nome.size() <= DelNome.Size)
+        return Nome;
+    Pezzi.InNote.append(u"Nominativo: "_s + Nome);
+    Pezzi.Avvisi.append(u"nominativo accorciato, intero nelle note"_s);
+    return Nome.left(DelNome.Size).trimmed();
+}
+
+/// A spreadsheet takes a postal code for a number; abroad they have four digits.
+void ComposizioneRighe::CompletaCap(QVariantList& Valori) const
+{
+    constexpr qsizetype CifreCap = 5;
+    const int Cap = Posto(u"Cap");
+    const int Prov = Posto(u"Prov");
+    if (Cap < 0 || Prov < 0 || !CapConZero(Valori[Prov].toString()))
+        return;
+    const QString Scritto = Valori[Cap].toString();
+    if (SoloCifre(Scritto) && Scritto.size() >= 2 && Scritto.size() < CifreCap)
+        Valori[Cap] = Scritto.rightJustified(CifreCap, u'0');
+}
+
+/// What goes into the notes, as far as their field holds it; none where there is nothing, or no such field.
+QVariant ComposizioneRighe::NoteCheEntrano(Testi& Pezzi) const
+{
+    if (PostoNote < 0 || Pezzi.InNote.isEmpty())
+        return {};
+    const Campo& Note = Scritti[PostoNote];
+    QString Testo = Pezzi.InNote.join(u'\n');
+    if (Note.Type == TipoCampo::Testo && Note.Size > 0 && Testo.size() > Note.Size) {
+        Testo.truncate(Note.Size);
+        Pezzi.Avvisi.append(u"note accorciate: il campo non le può contenere intere"_s);
     }
+    return Testo;
+}
+
+RigaComposta ComposizioneRighe::Componi(const QStringList& Celle) const
+{
+    Testi Pezzi = Raccogli(Celle);
+    const QString Nome = NomeCheEntra(NomeDi(Pezzi), Pezzi);
+    RigaComposta Fatta;
     Fatta.Nominativo = Nome;
+    Fatta.Valori.resize(Scritti.size());
     for (int i = 0; i < Scritti.size(); ++i)
         if (i != PostoNome && i != PostoNote)
             Fatta.Valori[i] = ValorePer(Scritti[i], Pezzi.DeiCampi[i], Pezzi);
     if (!Nome.isEmpty())
         Fatta.Valori[PostoNome] = Nome;
-    // A spreadsheet takes a postal code for a number; abroad they have four digits.
-    constexpr qsizetype CifreCap = 5;
-    const int Cap = Posto(u"Cap");
-    const int Prov = Posto(u"Prov");
-    if (Cap >= 0 && Prov >= 0 && CapConZero(Fatta.Valori[Prov].toString()))
-        if (const QString Scritto = Fatta.Valori[Cap].toString();
-            SoloCifre(Scritto) && Scritto.size() >= 2 && Scritto.size() < CifreCap)
-            Fatta.Valori[Cap] = Scritto.rightJustified(CifreCap, u'0');
+    CompletaCap(Fatta.Valori);
     // The name of a counterparty in its notes goes with its own.
     if (PostoControp >= 0 && Pezzi.DeiCampi[PostoControp].isEmpty() && !Nome.isEmpty())
         Fatta.Valori[PostoControp] = ValorePer(Scritti[PostoControp], Nome, Pezzi);
-    if (PostoNote >= 0 && !Pezzi.InNote.isEmpty()) {
-        const Campo& Note = Scritti[PostoNote];
-        QString Testo = Pezzi.InNote.join(u'\n');
-        if (Note.Type == TipoCampo::Testo && Note.Size > 0 && Testo.size() > Note.Size) {
-            Testo.truncate(Note.Size);
-            Pezzi.Avvisi.append(u"note accorciate: il campo non le può contenere intere"_s);
-        }
-        Fatta.Valori[PostoNote] = Testo;
-    }
+    if (PostoNote >= 0)
+        Fatta.Valori[PostoNote] = NoteCheEntrano(Pezzi);
     Fatta.Avvisi = Pezzi.Avvisi;
     return Fatta;
 }

@@ -47,7 +47,11 @@ private:
         QString Parte;      ///< key of a part
         QString Etichetta;  ///< before the text in the notes; empty in the notes' own column
     };
+    [[nodiscard]] Testi Raccogli(const QStringList& Celle) const;
     [[nodiscard]] QString NomeDi(Testi& Pezzi) const;
+    [[nodiscard]] QString NomeCheEntra(const QString& Nome, Testi& Pezzi) const;
+    [[nodiscard]] QVariant NoteCheEntrano(Testi& Pezzi) const;
+    void CompletaCap(QVariantList& Valori) const;
     [[nodiscard]] QVariant ValorePer(const Campo& In, const QString& Testo, Testi& Pezzi) const;
 
     QList<Campo> Scritti;

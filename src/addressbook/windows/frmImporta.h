@@ -76,6 +76,8 @@ private:
 
     // ---- frmImporta_Nominativi.cpp: names of a file into the archive
     void CollegaNominativi();
+    void PreparaColonne();
+    void RileggiCon(const std::function<void(OpzioniSorgente&)>& Cambia);
     void ApriSorgente();
     void MostraLettura();
     void Rileggi(OpzioniSorgente Nuove);

@@ -64,12 +64,9 @@ QString InBreve(const QString& Testo)
 
 }  // namespace
 
-void frmImporta::CollegaNominativi()
+/// The columns of the file are what is worked on; the rows only show what is meant.
+void frmImporta::PreparaColonne()
 {
-    for (const SeparatoreOfferto& Voce : Separatori)
-        ui->cmbSeparatore->addItem(Voce.Nome.toString());
-    for (const CodificaOfferta& Voce : Codifiche)
-        ui->cmbCodifica->addItem(Voce.Nome.toString());
     ColonnaGriglia DelFile;
     DelFile.Titolo = u"Colonna del file"_s;
     DelFile.Campo = ColDelFile;
@@ -86,38 +83,48 @@ void frmImporta::CollegaNominativi()
     ui->tdbColonne->ImpostaColonne({DelFile, VaIn, Esempio});
     RigheColonne.Azzera(NumColonne);
     ui->tdbColonne->Lega(&RigheColonne);
-    // The columns of the file are what is worked on; the rows only show what is meant.
     ui->divide->setSizes({3, 2});
     ui->divide->setStretchFactor(0, 3);
     ui->divide->setStretchFactor(1, 2);
     ui->tdbAnteprima->FraseVuota(u"Il file non contiene righe"_s);
-    ::Collega(ui->tdbColonne, &Griglia::RigaCambiata, this, [this] { MostraMeta(); });
-    ::Collega(ui->tdbColonne, &Griglia::DoppioClic, this, [this] { ui->cmbMeta->setFocus(); });
-    ::Collega(ui->tdbColonne, &Griglia::Invio, this, [this] { ui->cmbMeta->setFocus(); });
+    Collega(ui->tdbColonne, &Griglia::RigaCambiata, this, [this] { MostraMeta(); });
+    Collega(ui->tdbColonne, &Griglia::DoppioClic, this, [this] { ui->cmbMeta->setFocus(); });
+    Collega(ui->tdbColonne, &Griglia::Invio, this, [this] { ui->cmbMeta->setFocus(); });
+}
+
+void frmImporta::RileggiCon(const std::function<void(OpzioniSorgente&)>& Cambia)
+{
+    OpzioniSorgente Nuove = Opzioni;
+    Cambia(Nuove);
+    Rileggi(Nuove);
+}
+
+void frmImporta::CollegaNominativi()
+{
+    for (const SeparatoreOfferto& Voce : Separatori)
+        ui->cmbSeparatore->addItem(Voce.Nome.toString());
+    for (const CodificaOfferta& Voce : Codifiche)
+        ui->cmbCodifica->addItem(Voce.Nome.toString());
+    PreparaColonne();
     AlScegliere(ui->cmbMeta, [this](int Voce, ModoScelta) { cmbMeta_Click(Voce); });
     AlScegliere(ui->cmbTabella, [this](int, ModoScelta) {
-        OpzioniSorgente Nuove = Opzioni;
-        Nuove.Tabella = ui->cmbTabella->currentText();
-        Rileggi(Nuove);
+        RileggiCon([this](OpzioniSorgente& Nuove) { Nuove.Tabella = ui->cmbTabella->currentText(); });
     });
     AlScegliere(ui->cmbSeparatore, [this](int Voce, ModoScelta) {
-        OpzioniSorgente Nuove = Opzioni;
-        Nuove.Csv.Separatore = Separatori.at(size_t(Voce)).Segno;
-        Nuove.PrimaRigaTitoli.reset();
-        Rileggi(Nuove);
+        RileggiCon([Voce](OpzioniSorgente& Nuove) {
+            Nuove.Csv.Separatore = Separatori.at(size_t(Voce)).Segno;
+            Nuove.PrimaRigaTitoli.reset();
+        });
     });
     AlScegliere(ui->cmbCodifica, [this](int Voce, ModoScelta) {
-        OpzioniSorgente Nuove = Opzioni;
-        Nuove.Csv.Codifica = Codifiche.at(size_t(Voce)).Codifica;
-        Rileggi(Nuove);
+        RileggiCon(
+            [Voce](OpzioniSorgente& Nuove) { Nuove.Csv.Codifica = Codifiche.at(size_t(Voce)).Codifica; });
     });
-    ::Collega<QAbstractButton>(ui->chkTitoli, &QAbstractButton::clicked, this, [this] {
-        OpzioniSorgente Nuove = Opzioni;
-        Nuove.PrimaRigaTitoli = ui->chkTitoli->isChecked();
-        Rileggi(Nuove);
+    Collega<QAbstractButton>(ui->chkTitoli, &QAbstractButton::clicked, this, [this] {
+        RileggiCon([this](OpzioniSorgente& Nuove) { Nuove.PrimaRigaTitoli = ui->chkTitoli->isChecked(); });
     });
     for (QRadioButton* Scelta : std::array{ui->optDoppioni_0, ui->optDoppioni_1, ui->optDoppioni_2})
-        ::Collega<QAbstractButton>(Scelta, &QAbstractButton::clicked, this, [this] { (void)Prova(); });
+        Collega<QAbstractButton>(Scelta, &QAbstractButton::clicked, this, [this] { (void)Prova(); });
 }
 
 // ---- the file -----------------------------------------------------------------------------------

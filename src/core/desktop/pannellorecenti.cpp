@@ -112,6 +112,26 @@ PannelloRecenti::PannelloRecenti(QWidget* Padre)
 {
     setObjectName(u"fraRecenti"_s);
     setMinimumSize(LarghezzaMinima + aspetto::Bordo, AltezzaMinima);
+    PreparaElenco();
+    Vuoto->setObjectName(u"lblNessunaRecente"_s);
+    Vuoto->setText(u"Le parcelle aperte e salvate compaiono qui."_s);
+    Vuoto->setWordWrap(true);
+    SuggerisciLeggibile(Vuoto);
+    Vuoto->setForegroundRole(QPalette::PlaceholderText);
+    Vuoto->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+
+    auto* Colonna = new QVBoxLayout(this);
+    Colonna->setContentsMargins(aspetto::TraCampi, aspetto::TraCampi, aspetto::TraCampi, aspetto::TraCampi);
+    Colonna->setSpacing(aspetto::TraCampi / 2);
+    Colonna->addLayout(Testata());
+    Colonna->addWidget(Elenco, 1);
+    Colonna->addWidget(Vuoto, 1);
+
+    Aggiorna();
+}
+
+QLayout* PannelloRecenti::Testata()
+{
     auto* Titolo = new QLabel(u"Ultime parcelle"_s, this);
     Titolo->setObjectName(u"lblRecenti"_s);
     QFont Marcato = Titolo->font();
@@ -127,10 +147,14 @@ PannelloRecenti::PannelloRecenti(QWidget* Padre)
     Apri->setPopupMode(QToolButton::MenuButtonPopup);
     Apri->setAutoRaise(true);
     Apri->setFocusPolicy(Qt::TabFocus);
-    auto* Testata = new QHBoxLayout;
-    Testata->addWidget(Titolo, 1);
-    Testata->addWidget(Apri);
+    auto* Riga = new QHBoxLayout;
+    Riga->addWidget(Titolo, 1);
+    Riga->addWidget(Apri);
+    return Riga;
+}
 
+void PannelloRecenti::PreparaElenco()
+{
     Elenco->setObjectName(u"lstRecenti"_s);
     Elenco->setAccessibleName(u"Ultime parcelle"_s);
     Elenco->setAccessibleDescription(u"Invio apre, Canc toglie dall'elenco"_s);
@@ -145,28 +169,12 @@ PannelloRecenti::PannelloRecenti(QWidget* Padre)
     Elenco->setContextMenuPolicy(Qt::CustomContextMenu);
     Elenco->installEventFilter(this);
     setTabOrder(Elenco, Apri);
-
-    Vuoto->setObjectName(u"lblNessunaRecente"_s);
-    Vuoto->setText(u"Le parcelle aperte e salvate compaiono qui."_s);
-    Vuoto->setWordWrap(true);
-    SuggerisciLeggibile(Vuoto);
-    Vuoto->setForegroundRole(QPalette::PlaceholderText);
-    Vuoto->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-
-    auto* Colonna = new QVBoxLayout(this);
-    Colonna->setContentsMargins(aspetto::TraCampi, aspetto::TraCampi, aspetto::TraCampi, aspetto::TraCampi);
-    Colonna->setSpacing(aspetto::TraCampi / 2);
-    Colonna->addLayout(Testata);
-    Colonna->addWidget(Elenco, 1);
-    Colonna->addWidget(Vuoto, 1);
-
     // A click opens, as on the icons; the second one of a double click finds the window that the first
     // opened.
     Collega<QAbstractItemView>(Elenco, &QAbstractItemView::clicked, this,
                                [this](const QModelIndex& Voce) { ApriRiga(Voce.row()); });
     Collega<QWidget>(Elenco, &QWidget::customContextMenuRequested, this,
                      [this](const QPoint& Dove) { MenuRiga(Dove); });
-    Aggiorna();
 }
 
 void PannelloRecenti::Aggiorna()

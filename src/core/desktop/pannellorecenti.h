@@ -35,6 +35,8 @@ protected:
     bool eventFilter(QObject* Oggetto, QEvent* Evento) override;
 
 private:
+    [[nodiscard]] QLayout* Testata();
+    void PreparaElenco();
     void ApriRiga(int Riga);
     void TogliRiga(int Riga);
     void MenuRiga(const QPoint& Dove);

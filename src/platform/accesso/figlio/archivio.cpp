@@ -112,6 +112,9 @@ struct ArchivioAccess::Dati
     [[nodiscard]] std::optional<std::vector<quint32>> PagineProprie() const;
     [[nodiscard]] std::optional<QByteArray> Memo(const CellaAccess& Cella, qsizetype Posto, bool& Enorme);
     void LeggiPagina(quint32 Numero, const std::function<void(QByteArrayView)>& Prendi, qint64& Rotte) const;
+    [[nodiscard]] bool HaPagine(const MdbCatalogEntry& Voce) const;
+    [[nodiscard]] QList<ColonnaLetta> LeggiColonne() const;
+    void Descrivi(Campo& Nuovo, const MdbColumn& Colonna, TipoCampo Tipo) const;
 };
 
 /// A page, deciphered; empty where there is none.
@@ -224,6 +227,61 @@ std::optional<QByteArray> ArchivioAccess::Dati::Memo(const CellaAccess& Cella, q
     return QByteArray(static_cast<const char*>(Byte.get()), Testata->Byte);
 }
 
+/// A table whose pages lie behind the end is none that is damaged: the file is short.
+bool ArchivioAccess::Dati::HaPagine(const MdbCatalogEntry& Voce) const
+{
+    const QByteArray Prima = Pagina(quint32(Voce.table_pg));
+    return !Prima.isEmpty() &&
+           qFromLittleEndian<quint32>(Prima.constData() + File->fmt->tab_usage_map_offset) >> 8 < Pagine;
+}
+
+/// The columns of the table that is open, each with the reason why it is left out.
+QList<ColonnaLetta> ArchivioAccess::Dati::LeggiColonne() const
+{
+    QList<ColonnaLetta> Lette;
+    QSet<QString> Nomi;
+    for (unsigned int i = 0; i < Tabella->columns->len; ++i) {
+        const auto& Colonna = *static_cast<const MdbColumn*>(g_ptr_array_index(Tabella->columns, i));
+        ColonnaLetta Nuova;
+        Nuova.Dove = {.Tipo = Colonna.col_type,
+                      .Dimensione = Colonna.col_size,
+                      .Numero = Colonna.col_num,
+                      .Fissa = Colonna.is_fixed != 0,
+                      .PostoFisso = Colonna.fixed_offset,
+                      .PostoVariabile = int(Colonna.var_col_num),
+                      // The library has the two numbers of a decimal column the other way round.
+                      .Scala = Colonna.col_prec};
+        Nuova.Come.Name = NomePulito(QString::fromUtf8(Colonna.name));
+        if (Nuova.Come.Name.isEmpty())
+            Nuova.Come.Name = u"Campo%1"_s.arg(i + 1);
+        const QString Minuscolo = Nuova.Come.Name.toLower();
+        if (const std::optional<TipoCampo> Tipo = TipoDi(Colonna.col_type); !Tipo) {
+            Nuova.Perche = PercheNo(Colonna.col_type);
+        } else if (Nomi.contains(Minuscolo)) {
+            Nuova.Perche = u"nome già usato da un altro campo"_s;
+        } else {
+            Nomi.insert(Minuscolo);
+            Descrivi(Nuova.Come, Colonna, *Tipo);
+        }
+        Lette.append(Nuova);
+    }
+    return Lette;
+}
+
+/// Type, size and description of a column that is read.
+void ArchivioAccess::Dati::Descrivi(Campo& Nuovo, const MdbColumn& Colonna, TipoCampo Tipo) const
+{
+    constexpr int CaratteriGuid = 38;
+    Nuovo.Type = Tipo;
+    Nuovo.Contatore = Colonna.is_long_auto && Tipo == TipoCampo::Lungo;
+    if (Colonna.col_type == MDB_REPID)
+        Nuovo.Size = CaratteriGuid;
+    else if (Tipo == TipoCampo::Testo)
+        Nuovo.Size = Come() == Formato::Jet3 ? Colonna.col_size : Colonna.col_size / 2;
+    if (const char* Descrizione = mdb_col_get_prop(&Colonna, "Description"))
+        Nuovo.Description = NomePulito(QString::fromUtf8(Descrizione));
+}
+
 ArchivioAccess::ArchivioAccess(const QString& Nome) : Stato(std::make_unique<Dati>())
 {
     if (!QFileInfo(Nome).isFile())
@@ -287,13 +345,7 @@ TabellaLetta ArchivioAccess::Apri(qsizetype Posto)
         Letta.Perche = u"tabella di sistema"_s;
         return Letta;
     }
-    // A table whose pages lie behind the end is none that is damaged: the file is short.
-    const QByteArray Prima = S.Pagina(quint32(Voce->table_pg));
-    const auto Mappa =
-        Prima.isEmpty()
-            ? S.Pagine
-            : qFromLittleEndian<quint32>(Prima.constData() + S.File->fmt->tab_usage_map_offset) >> 8;
-    if (Mappa >= S.Pagine)
+    if (!S.HaPagine(*Voce))
         throw Danneggiato(FileCorto());
     S.Tabella.reset(mdb_read_table(Voce));
     if (!S.Tabella) {
@@ -308,40 +360,7 @@ TabellaLetta ArchivioAccess::Apri(qsizetype Posto)
         Letta.Perche = u"tabella danneggiata"_s;
         return Letta;
     }
-    QSet<QString> Nomi;
-    for (unsigned int i = 0; i < S.Tabella->columns->len; ++i) {
-        const auto* Colonna = static_cast<const MdbColumn*>(g_ptr_array_index(S.Tabella->columns, i));
-        ColonnaLetta Nuova;
-        Nuova.Dove = {.Tipo = Colonna->col_type,
-                      .Dimensione = Colonna->col_size,
-                      .Numero = Colonna->col_num,
-                      .Fissa = Colonna->is_fixed != 0,
-                      .PostoFisso = Colonna->fixed_offset,
-                      .PostoVariabile = int(Colonna->var_col_num),
-                      // The library has the two numbers of a decimal column the other way round.
-                      .Scala = Colonna->col_prec};
-        Nuova.Come.Name = NomePulito(QString::fromUtf8(Colonna->name));
-        if (Nuova.Come.Name.isEmpty())
-            Nuova.Come.Name = u"Campo%1"_s.arg(i + 1);
-        const std::optional<TipoCampo> Tipo = TipoDi(Colonna->col_type);
-        if (!Tipo)
-            Nuova.Perche = PercheNo(Colonna->col_type);
-        else if (Nomi.contains(Nuova.Come.Name.toLower()))
-            Nuova.Perche = u"nome già usato da un altro campo"_s;
-        if (Nuova.Perche.isEmpty()) {
-            constexpr int CaratteriGuid = 38;
-            Nomi.insert(Nuova.Come.Name.toLower());
-            Nuova.Come.Type = *Tipo;
-            Nuova.Come.Contatore = Colonna->is_long_auto && *Tipo == TipoCampo::Lungo;
-            if (Colonna->col_type == MDB_REPID)
-                Nuova.Come.Size = CaratteriGuid;
-            else if (*Tipo == TipoCampo::Testo)
-                Nuova.Come.Size = S.Come() == Formato::Jet3 ? Colonna->col_size : Colonna->col_size / 2;
-            if (const char* Descrizione = mdb_col_get_prop(Colonna, "Description"))
-                Nuova.Come.Description = NomePulito(QString::fromUtf8(Descrizione));
-        }
-        Letta.Colonne.append(Nuova);
-    }
+    Letta.Colonne = S.LeggiColonne();
     const QByteArray Definizione = S.Definizione(quint32(Voce->table_pg));
     Letta.Indici = IndiciAccess(Definizione, S.Come(), S.Codici());
     Letta.UltimoContatore = ContatoreAccess(Definizione, S.Come());

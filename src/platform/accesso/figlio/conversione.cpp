@@ -101,38 +101,51 @@ private:
         return Vuota ? u"nessun campo che si possa leggere"_s : QString();
     }
 
-    /// Makes the table and copies its rows.
-    /// @return false when its counter is no key
-    bool Righe(ArchivioAccess& Da, const TabellaLetta& Tabella)
+    /// The table with its columns, and what writes a row of it.
+    [[nodiscard]] Istruzione CreaTabella(const QString& Nome)
     {
-        Db.CreaTabella(Tabella.Nome, Colonne);
+        Db.CreaTabella(Nome, Colonne);
         QStringList Nomi;
         for (const Campo& C : std::as_const(Colonne))
             Nomi << Identificatore(C.Name);
         const QString Posti = QStringList(Nomi.size(), u"?"_s).join(u',');
-        Istruzione Scrive(
-            *Conn,
-            u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(Identificatore(Tabella.Nome), Nomi.join(u','), Posti),
-            QVariantList(Nomi.size()));
-        const qsizetype Chiave = std::ranges::find(Colonne, true, &Campo::Contatore) - Colonne.begin();
-        const bool Contatore = Chiave < Colonne.size();
-        Scritte = 0;
+        return {*Conn, u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(Identificatore(Nome), Nomi.join(u','), Posti),
+                QVariantList(Nomi.size())};
+    }
+
+    /// What was left out of the cells of a table, by column.
+    struct Omesse
+    {
         QMap<int, qint64> Enormi;
         QMap<int, qint64> Illeggibili;
-        bool Buona = true;
-        qint64 Rotte = Da.Righe([&](const RigaLetta& Riga) {
-            constexpr qint64 Ogni = 2000;
-            if (!Buona)
-                return;
-            // The engine would give a row without its number one of its own.
-            if (Contatore && Riga.Valori[Chiave].isNull()) {
-                Buona = false;
-                return;
-            }
+
+        void Conta(const RigaLetta& Riga)
+        {
             for (const int Colonna : Riga.Enormi)
                 ++Enormi[Colonna];
             for (const int Colonna : Riga.Illeggibili)
                 ++Illeggibili[Colonna];
+        }
+    };
+
+    /// Makes the table and copies its rows.
+    /// @return false when its counter is no key
+    bool Righe(ArchivioAccess& Da, const TabellaLetta& Tabella)
+    {
+        Istruzione Scrive = CreaTabella(Tabella.Nome);
+        const qsizetype Chiave = std::ranges::find(Colonne, true, &Campo::Contatore) - Colonne.begin();
+        const bool Contatore = Chiave < Colonne.size();
+        Scritte = 0;
+        Omesse Celle;
+        bool Buona = true;
+        qint64 Rotte = Da.Righe([&](const RigaLetta& Riga) {
+            constexpr qint64 Ogni = 2000;
+            // The engine would give a row without its number one of its own.
+            if (Buona && Contatore && Riga.Valori[Chiave].isNull())
+                Buona = false;
+            if (!Buona)
+                return;
+            Celle.Conta(Riga);
             for (qsizetype i = 0; i < Riga.Valori.size(); ++i)
                 Scrive.Lega(int(i) + 1, Riga.Valori[i]);
             try {
@@ -149,8 +162,8 @@ private:
         });
         if (!Buona)
             return false;
-        Racconta(Tabella, Enormi, u"oltre 16 MB: %1 celle"_s);
-        Racconta(Tabella, Illeggibili, u"valori illeggibili: %1"_s);
+        Racconta(Tabella, Celle.Enormi, u"oltre 16 MB: %1 celle"_s);
+        Racconta(Tabella, Celle.Illeggibili, u"valori illeggibili: %1"_s);
         // A file that was never closed says nothing of how many there are.
         Rotte = std::max(Rotte, Tabella.RigheDichiarate - Scritte);
         if (Rotte > 0)
