@@ -10,12 +10,26 @@
 #include <QHash>
 
 #include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int IndicePenale = 1;  ///< entry of cmbCateg
+
+constexpr std::array<QStringView, 8> FrasiDeiParametri{
+    u"Non è stata specificata la categoria della pratica!",
+    u"Non è stato specificato il campo Autorità",
+    u"Non è stato specificato lo scaglione di valore della causa!",
+    u"Occorre specificare il valore esatto della causa!",
+    u"Il valore inserito è superiore a quello massimo dello scaglione!",
+    u"Il valore della causa specificato non è compreso nello scaglione!",
+    u"La variazione deve essere compreso tra %1 e %2!",
+    u"Il valore della causa supera € %1, limite degli scaglioni della tariffa %2!\nPer un valore maggiore si "
+    u"sceglie l'ultimo scaglione senza indicare il valore, e si correggono gli importi.",
+};
+static_assert(size_t(FraseParametri::OltreLaTariffa) == FrasiDeiParametri.size() - 1);
 
 QString CodiceCategoria(int Indice)
 {
@@ -115,9 +129,7 @@ QString OltreGliScaglioni(const Parcella& Nota)
     const double Ultimo = std::ranges::max(Nota.ListaScaglioni, std::less{}, &ScaglioneValore::AVal).AVal;
     if (Nota.txtImporto.Numero() <= Ultimo)
         return {};
-    return u"Il valore della causa supera € %1, limite degli scaglioni della tariffa %2!\nPer un "
-           u"valore maggiore si sceglie l'ultimo scaglione senza indicare il valore, e si correggono "
-           u"gli importi."_s.arg(Format(Ultimo, u"#,##0.00"), Nota.Tariffa->Nome);
+    return TestoFrase(FraseParametri::OltreLaTariffa).arg(Format(Ultimo, u"#,##0.00"), Nota.Tariffa->Nome);
 }
 
 /// A value that is not defined shows an empty box.
@@ -127,6 +139,11 @@ void ScriviImporto(Parcella& Nota, double Valore)
 }
 
 }  // namespace
+
+QString TestoFrase(FraseParametri Quale)
+{
+    return FrasiDeiParametri[size_t(Quale)].toString();
+}
 
 bool Indeterminato(const ScaglioneValore& Sca)
 {
@@ -245,7 +262,7 @@ bool CambiaScaglione(Parcella& Nota, int Indice)
     if (Indice == Nota.IdxValorePrec)
         return true;
     if (HaRighe(Nota) && !ConfermaRicalcolo()) {
-        ScriviImporto(Nota, Nota.ImportoPrec);
+        Nota.txtImporto.Testo = Format(Nota.ImportoPrec, u"#,##0.00");  // "0,00" where there is none, too
         Nota.cmbValore = Nota.IdxValorePrec;
         return false;
     }
@@ -310,26 +327,26 @@ void LasciaImporto(Parcella& Nota)
 
 std::optional<Mancanza<CampoNota>> PrimaMancanza(const Parcella& Nota)
 {
+    const auto Manca = [](FraseParametri Quale, CampoNota Dove) { return Mancanza{TestoFrase(Quale), Dove}; };
     if (Nota.cmbCateg < 0)
-        return Mancanza{u"Non è stata specificata la categoria della pratica!"_s, CampoNota::Categoria};
+        return Manca(FraseParametri::Categoria, CampoNota::Categoria);
     if (SenzaElenchi(Nota))
         return std::nullopt;
     if (Nota.cmbAutor < 0 && Nota.CodCateg != Stragiudiziale)
-        return Mancanza{u"Non è stato specificato il campo Autorità"_s, CampoNota::Autorita};
+        return Manca(FraseParametri::Autorita, CampoNota::Autorita);
 
     const ScaglioneValore* Scelto = Nota.ScaglioneSelezionato();
     if (const QString Oltre = OltreGliScaglioni(Nota); !Oltre.isEmpty())
         return Mancanza{Oltre, CampoNota::Valore};
     if (!Scelto && Nota.CodCateg != Penale)
-        return Mancanza{u"Non è stato specificato lo scaglione di valore della causa!"_s, CampoNota::Valore};
+        return Manca(FraseParametri::Scaglione, CampoNota::Valore);
     if (!Scelto)
         return std::nullopt;
     const double Valore = Nota.txtImporto.Numero();
     if (Valore <= 0 && Scelto->RicValore && Scelto->NumSca >= 1)
-        return Mancanza{u"Occorre specificare il valore esatto della causa!"_s, CampoNota::Valore};
+        return Manca(FraseParametri::ValoreEsatto, CampoNota::Valore);
     if (Valore > 0 && Fuori(*Scelto, Valore))
-        return Mancanza{u"Il valore della causa specificato non è compreso nello scaglione!"_s,
-                        CampoNota::Valore};
+        return Manca(FraseParametri::FuoriScaglione, CampoNota::Valore);
     return std::nullopt;
 }
 

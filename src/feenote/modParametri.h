@@ -62,6 +62,19 @@ void LasciaImporto(Parcella& Nota);
 
 // ---- checks and banner --------------------------------------------------------------------------
 
+/// What the checks of the parameters say, in the order of their table.
+enum class FraseParametri {
+    Categoria,
+    Autorita,
+    Scaglione,
+    ValoreEsatto,
+    SopraIlMassimo,  ///< chosen by no check: FuoriScaglione speaks of both limits
+    FuoriScaglione,
+    Variazione,      ///< %1, %2: the limits, percent
+    OltreLaTariffa,  ///< %1: the last limit, euro; %2: the decree
+};
+[[nodiscard]] QString TestoFrase(FraseParametri Quale);
+
 /// True when the move from the last accepted authority to the selected one is allowed.
 [[nodiscard]] bool CheckAutorCompatib(const Parcella& Nota);
 

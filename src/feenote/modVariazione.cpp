@@ -1,6 +1,7 @@
 #include "feenote/modVariazione.h"
 
 #include "core/modErrori.h"
+#include "feenote/modParametri.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/system/messaggi.h"
@@ -305,7 +306,7 @@ bool CheckVarPerc(Parcella& Nota, bool ShowMessage)
         return true;
 
     if (ShowMessage) {
-        MsgErrore(u"La variazione deve essere compreso tra %1 e %2!"_s.arg(Minimo).arg(Massimo));
+        MsgErrore(TestoFrase(FraseParametri::Variazione).arg(Minimo).arg(Massimo));
         Nota.txtAumRid.Testo = QString::number(std::abs(Trovati.Lo));
     }
     Nota.Fuoco = CampoNota::Variazione;

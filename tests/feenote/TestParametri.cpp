@@ -30,6 +30,7 @@ private Q_SLOTS:
     void autoritaPenaleFaDaScaglione();
     void verificaInOrdine_data();
     void verificaInOrdine();
+    void leFrasiStannoInOrdine();
     void verificaMutaNonParla();
     void verificaGuardaAncheLaVariazione();
     void testata_data();
@@ -291,6 +292,20 @@ void TestParametri::verificaInOrdine()
         Messaggi.Attendi(Messaggio, vbOK, u"Errore:"_s);
     QCOMPARE(CheckOK(Nota, true), Messaggio.isEmpty());
     QTEST(Nota.Fuoco, "Fuoco");
+}
+
+void TestParametri::leFrasiStannoInOrdine()
+{
+    const QStringList Attese{u"Non è stata specificata la categoria della pratica!"_s,
+                             u"Non è stato specificato il campo Autorità"_s,
+                             u"Non è stato specificato lo scaglione di valore della causa!"_s,
+                             u"Occorre specificare il valore esatto della causa!"_s,
+                             u"Il valore inserito è superiore a quello massimo dello scaglione!"_s,
+                             u"Il valore della causa specificato non è compreso nello scaglione!"_s,
+                             u"La variazione deve essere compreso tra %1 e %2!"_s};
+    for (int i = 0; i < Attese.size(); ++i)
+        QCOMPARE(TestoFrase(FraseParametri(i)), Attese[i]);
+    QVERIFY(TestoFrase(FraseParametri::OltreLaTariffa).startsWith(u"Il valore della causa supera"_s));
 }
 
 void TestParametri::verificaMutaNonParla()

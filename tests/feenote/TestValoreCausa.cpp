@@ -17,6 +17,7 @@ private Q_SLOTS:
     void valoreInSospeso();
     void valoreIndeterminatoAzzera();
     void scaglioneRifiutatoRimetteTutto();
+    void scaglioneRifiutatoSenzaValore();
     void valoreRifiutatoRimetteTutto();
     void stessoScaglioneNonChiede();
     void importoCambiatoChiedeRicalcolo();
@@ -171,6 +172,25 @@ void TestValoreCausa::scaglioneRifiutatoRimetteTutto()
     QCOMPARE(Nota.cmbValore, 5);
     QCOMPARE(Nota.Scaglione, 6);
     QVERIFY(Nota.RicalcoloNecessario);
+}
+
+// The bracket was chosen without a value: the box shows the accepted 0, not the emptiness it came from.
+void TestValoreCausa::scaglioneRifiutatoSenzaValore()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota = NotaCivile();
+    Nota.txtImporto.Testo.clear();
+    LasciaImporto(Nota);
+    CambiaScaglione(Nota, 1);
+    RigaSpesa(Nota, 10.0, 0.0);
+    QCOMPARE(Nota.ImportoPrec, 0.0);
+    Messaggi.Attendi(DomandaRicalcolo, vbNo, u"Domanda:"_s);
+    QVERIFY(!CambiaScaglione(Nota, 5));
+    QCOMPARE(Nota.txtImporto.Testo, u"0,00"_s);
+    QCOMPARE(Nota.cmbValore, 1);
+    QVERIFY(CheckOK(Nota, true));
+    QVERIFY(!ImportoInSospeso(Nota));
 }
 
 void TestValoreCausa::valoreRifiutatoRimetteTutto()
