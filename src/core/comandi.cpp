@@ -137,9 +137,10 @@ void Spegni(const Chiamata&)
     Termina();
 }
 
+/// A closed window keeps its record, which is asked for a password before it is asked whether it is on screen.
 void Proteggi(const Chiamata& C)
 {
-    if (Occupato(C))
+    if (HaPosto(C))
         Apri(Aperture.Proteggi, C.Indice);
     else
         MsgErrore(u"Occorre prima selezionare una parcella!"_s);

@@ -264,6 +264,7 @@ void TestComandi::guardie_data()
     QTest::newRow("print with no note open") << u"print"_s << u""_s << 0 << u""_s;
     QTest::newRow("print of place 0") << u"print"_s << u"p"_s << 0 << u""_s;
     QTest::newRow("protect") << u"lock"_s << u"p"_s << 1 << u"proteggi 1"_s;
+    QTest::newRow("protect of a closed window") << u"lock"_s << u"l"_s << 1 << u"proteggi 1"_s;
     QTest::newRow("protect with no place") << u"lock"_s << u""_s << 0 << u""_s;
     QTest::newRow("export of place 0") << u"printword"_s << u"p"_s << 0 << u""_s;
     QTest::newRow("export beyond the places") << u"printword"_s << u"p"_s << 2 << u""_s;
@@ -286,7 +287,6 @@ void TestComandi::proteggiSenzaNota_data()
     QTest::addColumn<QString>("Posti");
     QTest::addColumn<int>("Indice");
 
-    QTest::newRow("its window was closed") << u"l"_s << 1;
     QTest::newRow("no window is the target") << u"l"_s << 0;
     QTest::newRow("beyond the places") << u"p"_s << 2;
 }

@@ -289,10 +289,14 @@ int CheckModInCorso(const Parcella& Nota, bool Chiusura)
     return MsgBox(Testo, vbYesNoCancel + vbQuestion, TitoloDomanda.toString());
 }
 
-void ProteggiNota(Parcella& Nota)
+void ProteggiNota(Parcella& Nota, bool InVista)
 {
     if (!Nota.Psw.isEmpty()) {
         MsgErrore(u"La password di protezione è già impostata!"_s);
+        return;
+    }
+    if (!InVista) {
+        MsgErrore(u"Occorre prima selezionare una parcella!"_s);
         return;
     }
     const QString Psw = TagliaPsw(

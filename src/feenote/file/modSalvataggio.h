@@ -76,5 +76,6 @@ void DiSalvata(const QString& Percorso);
 /// @throws Errore when the file cannot be read as a note
 [[nodiscard]] bool ControllaPsw(const QString& Percorso);
 
-/// Sets a password on the note, asked in an input box; it works from the next save on.
-void ProteggiNota(Parcella& Nota);
+/// Sets a password on the note, asked in an input box; it works from the next save on. A note that has one is
+/// refused, then one that is not on screen.
+void ProteggiNota(Parcella& Nota, bool InVista);

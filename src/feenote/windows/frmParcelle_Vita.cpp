@@ -363,7 +363,10 @@ void frmParcelle::Proteggi()
 {
     if (DialogoAperto)
         return;
-    InDialogo([this] { ProteggiNota(Nota); });
+    const bool InVista = !InfoParcelle[size_t(Posto)].Libera;
+    InDialogo([&] { ProteggiNota(Nota, InVista); });
+    if (!InVista)
+        return;
     SetModificata(Nota.Modificata);
     MostraTutto();
 }

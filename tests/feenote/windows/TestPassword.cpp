@@ -40,7 +40,8 @@ private Q_SLOTS:
     void cleanup();
     void proteggi();
     void proteggiDiNuovo();
-    void primaSiGuardaSeCEUnaParcella();
+    void primaSiGuardaIlCampo_data();
+    void primaSiGuardaIlCampo();
     void laRispostaVuotaNonFaNulla();
     void contanoSeiCaratteri_data();
     void contanoSeiCaratteri();
@@ -123,14 +124,32 @@ void TestPassword::proteggiDiNuovo()
     }
 }
 
-void TestPassword::primaSiGuardaSeCEUnaParcella()
+void TestPassword::primaSiGuardaIlCampo_data()
 {
-    Proteggi(u"abc"_s, u"abc"_s);
-    SalvaCome(*T, u"chiusa.mdb"_s);
+    QTest::addColumn<bool>("Protetta");
+    QTest::addColumn<QString>("Messaggio");
+
+    QTest::newRow("the closed window still holds the password")
+        << true << u"La password di protezione è già impostata!"_s;
+    QTest::newRow("without one it is asked whether a note is on screen")
+        << false << u"Occorre prima selezionare una parcella!"_s;
+}
+
+void TestPassword::primaSiGuardaIlCampo()
+{
+    QFETCH(bool, Protetta);
+    QFETCH(QString, Messaggio);
+    if (Protetta) {
+        Proteggi(u"abc"_s, u"abc"_s);
+        SalvaCome(*T, u"chiusa.mdb"_s);
+    }
     QVERIFY(F->close());
-    // The closed window still holds the password, but it is not on screen.
-    T->Voce.Attendi(u"Occorre prima selezionare una parcella!"_s, vbOK, u"Errore:"_s);
+    const QString Aveva = F->Nota.Psw;
+    T->Voce.Attendi(Messaggio, vbOK, u"Errore:"_s);
     EseguiComando(u"lock"_s, 1, {});
+    QCOMPARE(T->Voce.Ultimo().Bandiere, vbCritical);
+    QCOMPARE(F->Nota.Psw, Aveva);
+    QVERIFY(InfoParcelle[1].Libera && !F->isVisible());
 }
 
 void TestPassword::laRispostaVuotaNonFaNulla()
