@@ -98,7 +98,7 @@ void Kr2(const Chiamata&)
     QString Testo = u"Non è stato rilevato il programma Calcanova 2.0!"_s;
     if (!sessione::PercorsoVDM.isEmpty())
         Testo += u"Percorso: \n"_s + sessione::PercorsoVDM;
-    MsgBox(Testo);
+    MsgErrore(Testo);
 }
 
 void Recupera(const Chiamata&)
@@ -137,7 +137,8 @@ void Spegni(const Chiamata&)
     Termina();
 }
 
-/// A closed window keeps its record, which is asked for a password before it is asked whether it is on screen.
+/// A closed window keeps its record, which is asked for a password before it is asked whether it is on
+/// screen.
 void Proteggi(const Chiamata& C)
 {
     if (HaPosto(C))
@@ -167,7 +168,7 @@ void Leggimi(const Chiamata&)
     if (EsisteFile(File))
         ApriDocWord(File);
     else
-        MsgBox(Atteso + u" non è stato trovato!"_s);
+        MsgErrore(Atteso + u" non è stato trovato!"_s);
 }
 
 /// The window that was registered under the word.

@@ -91,8 +91,9 @@ void TestComandiDocumenti::kr2Manca()
     QFETCH(QString, Messaggio);
     Registratore Box;
     sessione::PercorsoVDM = Percorso;
-    Box.Attendi(Messaggio);
+    Box.Attendi(Messaggio, vbOK, u"Errore:"_s);
     EseguiComando(u"kr2"_s, 0, {});
+    QCOMPARE(Box.Mostrato(0).Bandiere, vbCritical);
     QCOMPARE(Eventi, QStringList());
 }
 
@@ -167,8 +168,9 @@ void TestComandiDocumenti::leggimiManca()
 {
     Registratore Box;
     sessione::PercorsoProg = NuovaCartella();
-    Box.Attendi(sessione::PercorsoProg + u"avvertenze.doc non è stato trovato!"_s);
+    Box.Attendi(sessione::PercorsoProg + u"avvertenze.doc non è stato trovato!"_s, vbOK, u"Errore:"_s);
     EseguiComando(u"readme"_s, 0, {});
+    QCOMPARE(Box.Mostrato(0).Bandiere, vbCritical);
     QCOMPARE(Eventi, QStringList());
 }
 
