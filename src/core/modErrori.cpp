@@ -39,15 +39,15 @@ void Traccia()
 
 bool GestioneErrori(const Errore& Guasto, int Ignora)
 {
-    const bool DaMostrare = Guasto.Numero > 0 && Guasto.Numero != Ignora;
     const QString Rapporto = u"Errore: %1 (%2)"_s.arg(Guasto.Descrizione, QString::number(Guasto.Numero));
-    if (DaMostrare && Nuovo(Rapporto)) {
+    const bool Mostrato = Guasto.Numero > 0 && Guasto.Numero != Ignora && Nuovo(Rapporto);
+    if (Mostrato) {
         if (!sessione::TestoDebug.isEmpty())
             Traccia();
         MsgErrore(Rapporto);
     }
     Clessidra(false);
-    return DaMostrare;
+    return Mostrato;
 }
 
 RapportiUnici::RapportiUnici()

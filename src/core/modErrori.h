@@ -11,7 +11,8 @@ struct Errore;
 /// "Errore:"; the pointer goes back to normal in every case.
 ///
 /// @param Ignora the number that the caller means to ignore, 0 none
-/// @return true when a message was shown; number 0 and the ignored one show nothing
+/// @return true when a message was shown; number 0, the ignored one and a repetition that RapportiUnici
+///         holds back show nothing
 bool GestioneErrori(const Errore& Guasto, int Ignora = 0);
 /// Inside a catch block: reports the exception in flight.
 bool RiferisciCorrente(int Ignora);
