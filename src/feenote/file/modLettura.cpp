@@ -224,8 +224,8 @@ bool CaricaTutto(Parcella& Nota, const QString& Percorso, const std::function<vo
     AvvisaVersioneNuova(File, Memoria);
     Nota.Percorso = Percorso;
     ApplicaPsw(Letta);
-    ApplicaParametri(Letta, Memoria);
     ApplicaParti(Letta);
+    ApplicaParametri(Letta, Memoria);
     const int DelleRighe = CaricaRighe(Nota, File);
     const int Illeggibili = DelleRighe + CaricaAcconti(Nota, File);
     AvvisaIlleggibili(Illeggibili);

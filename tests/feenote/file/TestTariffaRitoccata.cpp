@@ -24,6 +24,7 @@ private Q_SLOTS:
     void laSceltaNuovaVale();
     void elencoRitoccato();
     void autoritaTolta();
+    void primaLePartiPoiGliElenchi();
     void scaglioneTolto();
     void variazioneTolta();
     void senzaVariazioni();
@@ -270,6 +271,26 @@ void TestTariffaRitoccata::autoritaTolta()
     QCOMPARE(Letta.cmbAutor, NessunaVoce);
     QCOMPARE(Colonna(Letta, OnoImporto)[1], qint64(123456));
     QVERIFY(!Letta.RicalcoloNecessario);
+}
+
+// Who the note is for is told before what has become of its tariff.
+void TestTariffaRitoccata::primaLePartiPoiGliElenchi()
+{
+    const Studio Suo;
+    const Database Tariffe = Tariffa55Propria(Suo);
+    Parcella Nota = NotaScritta();
+    Nota.IDCli = 77;
+    const QString File = Salvata(Suo, Nota);
+    Tariffe.Execute(u"DELETE FROM Autorità WHERE IDAut=102"_s);
+    Registratore Voce;
+    Voce.Attendi(u"Il cliente associato alla parcella non è stato trovato!"_s, vbOK, u"Errore:"_s);
+    Voce.Attendi(
+        u"Attenzione, nell'archivio della tariffa D.m. 55/2014 non c'è più l'autorità della parcella!\nGli "
+        u"importi della parcella restano quelli salvati."_s,
+        vbOK, u"Avvertenza:"_s);
+    Parcella Letta;
+    CaricaDati(Letta, File);
+    QCOMPARE(Letta.cmbAutor, NessunaVoce);
 }
 
 void TestTariffaRitoccata::scaglioneTolto()
