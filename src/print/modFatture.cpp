@@ -35,7 +35,8 @@ void TestaFattura(Superficie& vp, const Parcella& Nota, int Tipo)
     RigaVuota(vp);
     vp.TextAlign(Allineamento::Sinistra);
     vp.Text(RigaNumero(Nota));
-    VoceIntestazione(vp, Nota.txtControp.Testo, u"Controparte: "_s + Nota.txtDatiStaControp.Testo);
+    const QString Controparte = RigaControparte(Nota);
+    VoceIntestazione(vp, Controparte, Controparte);
     const QString Oggetto = u"Oggetto: "_s + Nota.txtDatiStaOgg.Testo;
     VoceIntestazione(vp, Oggetto, Oggetto);  // an invoice names its subject, be it empty
 }

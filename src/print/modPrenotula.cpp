@@ -26,7 +26,8 @@ void ComponiPrenotula(Superficie& vp, StatoStampa& Stato, const Parcella& Nota)
 {
     IntestazioneStudio(vp, Nota, StampaPrenotula);
     TitoloPrenotula(vp, Nota);
-    VoceIntestazione(vp, Nota.txtControp.Testo, u"Controparte: "_s + Nota.txtDatiStaControp.Testo);
+    const QString Controparte = RigaControparte(Nota);
+    VoceIntestazione(vp, Controparte, Controparte);
     VoceIntestazione(vp, Nota.txtDatiStaOgg.Testo, u"Oggetto: "_s + Nota.txtDatiStaOgg.Testo);
     const QString Valore = RigaValore(Nota);
     VoceIntestazione(vp, Valore, Valore);

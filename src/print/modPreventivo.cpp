@@ -37,7 +37,8 @@ void TestaPreventivo(Superficie& vp, const Parcella& Nota)
         u"2012, per l'incarico professionale relativo a:"_s);
     RigaVuota(vp);
     RigaSe(vp, Nota.txtDatiStaOgg.Testo, u"Oggetto: "_s + Nota.txtDatiStaOgg.Testo);
-    RigaSe(vp, Nota.txtControp.Testo, u"Controparte: "_s + Nota.txtDatiStaControp.Testo);
+    const QString Controparte = RigaControparte(Nota);
+    RigaSe(vp, Controparte, Controparte);
     const QString Valore = RigaValore(Nota);
     vp.SpaceBefore(Valore.isEmpty() ? 0.0 : SpazioVoce);
     vp.Text(Valore);

@@ -66,6 +66,13 @@ void VoceIntestazione(Superficie& vp, const QString& Decide, const QString& Test
     vp.Text(Testo);
 }
 
+QString RigaControparte(const Parcella& Nota)
+{
+    // A counterparty of the archive stays with the note when the user takes it out of what is printed.
+    const QString& Testo = Nota.txtDatiStaControp.Testo;
+    return Nota.txtControp.Testo.isEmpty() || Testo.isEmpty() ? QString() : u"Controparte: "_s + Testo;
+}
+
 QString RigaValore(const Parcella& Nota)
 {
     return Nota.CodCateg == Penale || Nota.Multipla() ? QString() : u"Valore: "_s + TestoValore(Nota);

@@ -24,6 +24,8 @@ void RigaVuota(Superficie& vp, int Quante = 1);
 void IntestazioneStudio(Superficie& vp, const Parcella& Nota, int Tipo);
 /// A blank line and the text; nothing where the text that decides is empty.
 void VoceIntestazione(Superficie& vp, const QString& Decide, const QString& Testo);
+/// "Controparte: " and who it is; empty without one, and where the box of the print was emptied.
+[[nodiscard]] QString RigaControparte(const Parcella& Nota);
 /// "Valore: " and the value of the case; empty for a penal matter, and with an associated note, where each
 /// section title shows its own.
 [[nodiscard]] QString RigaValore(const Parcella& Nota);

@@ -26,6 +26,8 @@ private Q_SLOTS:
     void studioSenzaDati();
     void testiOstili_data();
     void testiOstili();
+    void controparteTolta_data();
+    void controparteTolta();
     void aCapoNeiTesti_data();
     void aCapoNeiTesti();
     void importiAlLimite_data();
@@ -271,6 +273,39 @@ void TestDocumenti::testiOstili()
             Celle += Riga[0].Testo == Ostile || Riga[0].Testo == u" - "_s + Ostile;
     // fee, expense, payment; the short invoice has the payment alone, the costs note no payment
     QCOMPARE(Celle, Tipo == StampaFatturaSintetica ? 1 : Tipo == StampaNotaGiudiziale ? 2 : 3);
+}
+
+void TestDocumenti::controparteTolta_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::newRow("prenotula") << int(StampaPrenotula);
+    QTest::newRow("preventivo") << int(StampaPreventivo);
+    QTest::newRow("fattura sintetica") << int(StampaFatturaSintetica);
+    QTest::newRow("fattura analitica") << int(StampaFatturaAnalitica);
+    QTest::newRow("nota giudiziale") << int(StampaNotaGiudiziale);
+}
+
+/// One of the archive stays linked when its box of the print is emptied: the paper has no row for it, neither
+/// bare nor as a space.
+void TestDocumenti::controparteTolta()
+{
+    QFETCH(int, Tipo);
+    Parcella Nota = CasoCivile().Nota;
+    Nota.IDCon = 5;
+    Nota.txtControp.Testo = u"Bianchi Srl"_s;
+    Nota.txtDatiStaControp.Testo = u"Bianchi Srl"_s;
+    const auto Testi = [Tipo](const Parcella& Di) {
+        return campioni::TestiBlocchi(documenti::ComeSta(documenti::ScegliTipo(Di, Tipo), Tipo));
+    };
+    const bool Giudiziale = Tipo == StampaNotaGiudiziale;
+    QVERIFY(Testi(Nota).contains(Giudiziale ? u"Bianchi Srl"_s : u"Controparte: Bianchi Srl"_s));
+    Nota.txtDatiStaControp.Testo.clear();
+    const QStringList Senza = Testi(Nota);
+    QVERIFY2(Senza.filter(u"Controparte"_s).isEmpty() && Senza.filter(u"Bianchi"_s).isEmpty(),
+             qPrintable(Senza.join(u'\n')));
+    Nota.IDCon = 0;
+    Nota.txtControp.Testo.clear();
+    QCOMPARE(Senza, Testi(Nota));
 }
 
 void TestDocumenti::aCapoNeiTesti_data()
