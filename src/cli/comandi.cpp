@@ -47,7 +47,7 @@ Risposta ComandoLettere(const QStringList& Valori)
     constexpr double MassimoInLettere = 1e12;  // the words know thousands of millions, and no more
     const double Importo = Numero(u"importo"_s, Valori[0]);
     if (std::abs(Importo) >= MassimoInLettere)
-        throw Errore(errori::Eccedenza, u"L'importo in lettere arriva a 999.999.999.999,99"_s);
+        MsgBox(u"Avvertenza: in lettere vanno solo le prime 12 cifre dell'importo."_s, vbExclamation);
     return SoloTesto(NumeroInLettere(Importo));
 }
 
