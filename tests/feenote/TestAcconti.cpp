@@ -82,8 +82,13 @@ void TestAcconti::celleVuoteAZero()
     QCOMPARE(Nota.xAcconti(0, AccCorrispettivi), QVariant(0.0));
     QCOMPARE(Nota.xAcconti(0, AccSpeseImp), QVariant(0.0));
     QCOMPARE(Nota.xAcconti(0, AccSpeseEsenti), QVariant(u"5,50"_s));
-    // All three at 0: the row is kept.
-    QCOMPARE(Nota.xAcconti.Righe(), 1);
+
+    // A row of nothing but zeros is kept.
+    RigaAcconto(Nota, u"E"_s, {}, u""_s, u"  "_s);
+    QVERIFY(CheckAcconto(Nota.xAcconti, 1));
+    QCOMPARE(Nota.xAcconti.Righe(), 2);
+    for (const int Colonna : {AccCorrispettivi, AccSpeseImp, AccSpeseEsenti})
+        QCOMPARE(Nota.xAcconti(1, Colonna), QVariant(0.0));
 }
 
 void TestAcconti::mostrati_data()

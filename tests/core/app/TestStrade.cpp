@@ -105,6 +105,14 @@ void TestStrade::dueParcelleEIlBersaglio()
     const Registratore Box;
     Main(u""_s);
     Cornice().barParcelle_ButtonClick(u"new"_s);
+    const frmParcelle* Intatta = Parcelle(1);
+    Cornice().barParcelle_ButtonClick(u"new"_s);
+    QCOMPARE(UltimaParcella(), 1);
+    QCOMPARE(Parcelle(1), Intatta);
+    QCOMPARE(Cornice().Area()->subWindowList().size(), 1);
+    QCOMPARE(Cornice().Tag(), u"1"_s);
+    QCOMPARE(Parcelle(1)->windowTitle(), u"Nuova parcella"_s);
+    QVERIFY(Parcelle(1)->isVisible());
     Parcelle(1)->SetModificata(true);  // or the untouched first note would be used again
     Cornice().barParcelle_ButtonClick(u"new"_s);
     QCOMPARE(UltimaParcella(), 2);

@@ -320,8 +320,16 @@ void TestDocumento::dataNonValida()
     const QStringList Date{u"5/3/24"_s, u"nel marzo"_s, u"30/02/2024"_s, QString()};
     for (const QString& Data : Date)
         Nota.xOnorari(RigaOnorario(Nota, u"riga"_s, 1), OnoData) = Data;
+    Nota.xDiritti(RigaSpesa(Nota, 10.0, 0.0), DirData) = u"nel marzo"_s;
     Nota.txtDatiPar[DatoDataFatt] = u"domani"_s;
     const Parcella Letta = Riletta(Ufficio, Nota);
+    // Null, where an empty text would be a date that nobody can read.
+    const Recordset Vuote =
+        OpenDatabase(Letta.Percorso, true)
+            .OpenRecordset(u"SELECT group_concat(OnoDir || typeof(Data), ' ') AS Che FROM "
+                           u"(SELECT * FROM ParcellaRighe ORDER BY rowid)"_s);
+    QCOMPARE(CStr(Vuote.Value(u"Che"_s)), u"Otext Onull Onull Onull Dnull"_s);
+    QCOMPARE(Letta.xDiritti(0, DirData).toString(), QString());
     QCOMPARE(Letta.xOnorari(0, OnoData).toString(), u"05/03/2024"_s);
     for (int Riga = 1; Riga < Date.size(); ++Riga)
         QCOMPARE(Letta.xOnorari(Riga, OnoData).toString(), QString());
