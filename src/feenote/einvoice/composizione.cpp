@@ -2,6 +2,7 @@
 
 #include "core/modControlli.h"
 #include "feenote/codicifattura.h"
+#include "feenote/einvoice/cifrefattura.h"
 #include "feenote/einvoice/codici.h"
 #include "feenote/einvoice/parti.h"
 #include "feenote/einvoice/righe.h"
@@ -13,7 +14,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -21,12 +21,6 @@ namespace {
 
 /// Characters of a document number, of this one or of one that is cited.
 constexpr qsizetype MassimoNumero = 20;
-
-/// An amount in cents, for sums that must agree.
-qint64 Centesimi(double Euro)
-{
-    return qint64(std::llround(Arrotonda2(Euro) * 100));
-}
 
 /// The rule by which an amount bears no VAT, as the file cites it.
 struct RiferimentoNatura
@@ -96,11 +90,13 @@ public:
         ComponiCessionario(Fattura, Cliente, Note);
         ComponiDocumento();
         ComponiCitati();
-        if (ControllaCifre()) {
-            ComponiImporti();
+        if (ControllaCifre(Cifre(), Note)) {
+            const TrattamentoFiscale Fisco = Tratta();
+            const bool Addebito = AddebitaBollo();
+            ComponiImporti(Fisco, Addebito);
             ControllaTotali();
-            ComponiBollo();
-            ComponiPagamento();
+            Fattura.Bollo = Bollo(SommeSenzaIva(Addebito));
+            Fattura.Pagamento = Pagamento();
         }
         ComponiCausali();
         return Chiudi();
@@ -113,6 +109,8 @@ private:
         return {Fattura, Note.Mancanze, Note.Avvisi};
     }
 
+    /// The figures with the regime that the office's part has brought.
+    [[nodiscard]] CifreFattura Cifre() const { return {Nota, Conti, Scelta, Fattura.Regime}; }
     [[nodiscard]] bool NotaDiCredito() const { return Scelta.Tipo == codici::NotaDiCredito; }
 
     // ---- the document itself
@@ -217,122 +215,10 @@ private:
         for (const FraseRegime& Frase : FrasiRegime)
             if (Frase.Regime == Fattura.Regime)
                 Fattura.Causali += Frase.Testo.toString();
-        if (PerCassa() && Fattura.Regime == regimi::CassaPubblica)
+        if (PerCassa(Cifre()) && Fattura.Regime == regimi::CassaPubblica)
             Fattura.Causali += u"IVA a esigibilità differita, art. 6 c. 5 DPR 633/1972."_s;
-        else if (PerCassa())
+        else if (PerCassa(Cifre()))
             Fattura.Causali += u"IVA per cassa ai sensi dell'art. 32-bis del DL 83/2012."_s;
-    }
-
-    // ---- what the note's figures must be for the file to hold them
-
-    [[nodiscard]] bool PerCassa() const { return Nota.chkIvaDiff.Attiva && Conti.Dati.IVA.Vale; }
-
-    /// Percentages in hundredths, as the file has them.
-    void ControllaPercento(const Aliquota& Tassa, CampoFattura Dove, QStringView Nome)
-    {
-        constexpr int DecimaliGuardati = 6;
-        constexpr double Massimo = 100.0;
-        if (Tassa.Vale &&
-            (Round(Tassa.Perc, DecimaliGuardati) != Arrotonda2(Tassa.Perc) || Tassa.Perc > Massimo))
-            Note.Manca(Dove, u"La percentuale ha più di due decimali, o è più di 100: %1 %2"_s.arg(
-                                 Nome, Tassa.Testo));
-    }
-
-    void ControllaRegime()
-    {
-        const bool SenzaIva = RegimeSenzaIva(Fattura.Regime);
-        if (Nota.chkRegSempl.Attiva && !SenzaIva && !Fattura.Regime.isEmpty())
-            Note.Manca(CampoFattura::StudioRegime,
-                       u"La parcella è in regime agevolato, le impostazioni dello studio dicono %1."_s.arg(
-                           ConNome(regimi::Voci(), Fattura.Regime)));
-        if (SenzaIva && Conti.Dati.IVA.Vale)
-            Note.Manca(
-                CampoFattura::NotaRegime,
-                u"Nel regime dello studio (%1) la fattura è senza IVA: spuntare il regime agevolato."_s.arg(
-                    ConNome(regimi::Voci(), Fattura.Regime)));
-        if (SenzaIva && Conti.Dati.RA.Vale)
-            Note.Manca(
-                CampoFattura::NotaRegime,
-                u"Nel regime dello studio (%1) la fattura è senza ritenuta: spuntare il regime agevolato."_s
-                    .arg(ConNome(regimi::Voci(), Fattura.Regime)));
-    }
-
-    /// The regimes of VAT on a cash basis and the invoice's own tick.
-    void AvvisaPerCassa()
-    {
-        const bool DiCassa = Fattura.Regime == regimi::Cassa || Fattura.Regime == regimi::CassaPubblica;
-        if (PerCassa() && !DiCassa)
-            Note.Avvisa(CampoFattura::StudioRegime,
-                        u"L'IVA della fattura è per cassa, il regime dello studio è %1."_s.arg(
-                            ConNome(regimi::Voci(), Fattura.Regime)));
-        if (DiCassa && Conti.Dati.IVA.Vale && !PerCassa() && !Scelta.ScissionePagamenti)
-            Note.Avvisa(CampoFattura::NotaIvaDifferita,
-                        u"Il regime dello studio è %1, l'IVA della fattura è immediata."_s.arg(
-                            ConNome(regimi::Voci(), Fattura.Regime)));
-    }
-
-    void ControllaScissione()
-    {
-        if (!Scelta.ScissionePagamenti)
-            return;
-        if (Conti.Dati.RA.Vale)
-            Note.Manca(CampoFattura::SceltaScissione,
-                       u"La scissione dei pagamenti non vale per i compensi con ritenuta d'acconto."_s);
-        if (!Conti.Dati.IVA.Vale)
-            Note.Manca(CampoFattura::SceltaScissione, u"Senza IVA non c'è scissione dei pagamenti."_s);
-        if (PerCassa())
-            Note.Manca(
-                CampoFattura::SceltaScissione,
-                u"L'IVA è differita o è versata dal cliente (scissione dei pagamenti), non tutte e due."_s);
-    }
-
-    /// @return false when no lines can be made of the figures
-    bool ControllaCifre()
-    {
-        constexpr double AliquotaMinima = 1.0;  // a lesser one would be taken for a fraction
-        ControllaPercento(Conti.Dati.SpeseGen, CampoFattura::NotaSpeseGen, u"spese generali");
-        ControllaPercento(Conti.Dati.CP, CampoFattura::NotaCP, u"cassa previdenza");
-        ControllaPercento(Conti.Dati.IVA, CampoFattura::NotaIva, u"IVA");
-        ControllaPercento(Conti.Dati.RA, CampoFattura::NotaRA, u"ritenuta d'acconto");
-        if (Conti.Dati.IVA.Vale && Conti.Dati.IVA.Perc < AliquotaMinima)
-            Note.Manca(CampoFattura::NotaIva,
-                       u"L'aliquota IVA è meno dell'1%: %1"_s.arg(Conti.Dati.IVA.Testo));
-        ControllaRegime();
-        ControllaScissione();
-        AvvisaPerCassa();
-        if (Conti.Dati.IVA.Vale && !Scelta.Natura.isEmpty())
-            Note.Avvisa(CampoFattura::SceltaNatura,
-                        u"La fattura ha l'IVA: la natura scelta (%1) non conta."_s.arg(Scelta.Natura));
-        if (!std::isfinite(Conti.Totale) || std::abs(Conti.Totale) >= MassimoImporto ||
-            std::abs(Conti.Imponibile) >= MassimoImporto) {
-            Note.Manca(CampoFattura::NotaOnorari,
-                       u"Gli importi sono troppo grandi per una fattura elettronica."_s);
-            return false;
-        }
-        const bool Acconti = Conti.Dati.Acconti != SommeAcconti();
-        if (NotaDiCredito() && Acconti && Centesimi(Conti.Totale) <= 0) {
-            Note.Manca(CampoFattura::NotaAcconti, FraseCreditoVuoto(Conti.Totale));
-            return false;
-        }
-        if (Centesimi(Conti.Imponibile) < 0) {
-            const QString Base = FormatNum(Conti.Imponibile);
-            if (!Acconti)
-                Note.Manca(CampoFattura::NotaOnorari,
-                           u"L'imponibile della fattura è negativo: %1 euro."_s.arg(Base));
-            else
-                Note.Manca(
-                    CampoFattura::NotaAcconti,
-                    u"Gli acconti superano compensi e spese imponibili: l'imponibile è %1 euro."_s.arg(Base));
-            return false;
-        }
-        if (Centesimi(Conti.Totale) <= 0) {
-            Note.Manca(CampoFattura::NotaOnorari,
-                       Centesimi(Conti.Totale) == 0
-                           ? u"Il totale della fattura è zero."_s
-                           : u"Il totale della fattura è negativo: %1 euro."_s.arg(FormatNum(Conti.Totale)));
-            return false;
-        }
-        return true;
     }
 
     // ---- lines and sums
@@ -372,9 +258,11 @@ private:
         return {};
     }
 
-    void ComponiImporti()
+    /// What taxable amounts bear.
+    TrattamentoFiscale Tratta()
     {
         const DatiCatena& Dati = Conti.Dati;
+        TrattamentoFiscale Fisco;
         Fisco.AliquotaIva = Dati.IVA.Vale ? Arrotonda2(Dati.IVA.Perc) : 0.0;
         Fisco.Natura = Dati.IVA.Vale || Centesimi(Conti.Imponibile) == 0 ? QString() : NaturaCompensi();
         Fisco.Ritenuta = Dati.RA.Vale;
@@ -383,8 +271,14 @@ private:
             (RegimeSenzaIva(Fattura.Regime) ? codici::NonSoggetta : codici::NaturaEsenti).toString();
         if (!Dati.IVA.Vale && Fisco.Natura.isEmpty())
             Fisco.Natura = Fisco.NaturaBollo;  // nothing taxable remains: lines that cancel each other
+        return Fisco;
+    }
+
+    /// Whether one of the note's expenses is the stamp duty, charged to the client.
+    bool AddebitaBollo()
+    {
         const AddebitoBollo Trovato = TrovaAddebitoBollo(Nota);
-        Addebito = Scelta.BolloAddebitato && Trovato;
+        const bool Addebito = Scelta.BolloAddebitato && Trovato;
         if (Scelta.BolloAddebitato && !Addebito)
             Note.Manca(CampoFattura::NotaSpese,
                        u"Per addebitare il bollo mettere fra le spese una riga «Imposta di "
@@ -397,6 +291,12 @@ private:
                 CampoFattura::SceltaBollo,
                 u"La spesa «%1» è scritta come anticipazione (N1): se è il bollo della fattura, indicare "
                 "che è addebitato."_s.arg(Trovato.Descrizione()));
+        return Addebito;
+    }
+
+    void ComponiImporti(const TrattamentoFiscale& Fisco, bool Addebito)
+    {
+        const DatiCatena& Dati = Conti.Dati;
         Fattura.Linee = LineeFattura(Nota, Conti, Fisco, Addebito);
         PulisciLinee();
         const bool Tassate = std::ranges::any_of(Fattura.Linee, &LineaFattura::Ritenuta);
@@ -464,13 +364,13 @@ private:
             if (Voce.AliquotaIva == 0)
                 continue;
             Voce.Imposta = Conti.IVA;
-            Voce.Esigibilita = Scelta.ScissionePagamenti ? u"S"_s : PerCassa() ? u"D"_s : u"I"_s;
+            Voce.Esigibilita = Scelta.ScissionePagamenti ? u"S"_s : PerCassa(Cifre()) ? u"D"_s : u"I"_s;
             Voce.RiferimentoNormativo = Scelta.ScissionePagamenti
                                             ? u"Scissione dei pagamenti, art. 17-ter DPR 633/1972"_s
-                                        : PerCassa() && Fattura.Regime == regimi::CassaPubblica
+                                        : PerCassa(Cifre()) && Fattura.Regime == regimi::CassaPubblica
                                             ? u"IVA a esigibilità differita, art. 6 c. 5 DPR 633/1972"_s
-                                        : PerCassa() ? u"IVA per cassa, art. 32-bis DL 83/2012"_s
-                                                     : QString();
+                                        : PerCassa(Cifre()) ? u"IVA per cassa, art. 32-bis DL 83/2012"_s
+                                                            : QString();
         }
     }
 
@@ -503,7 +403,7 @@ private:
 
     // ---- stamp duty
 
-    [[nodiscard]] double SommeSenzaIva() const
+    [[nodiscard]] double SommeSenzaIva(bool Addebito) const
     {
         double Somma = 0.0;
         for (const LineaFattura& Linea : Fattura.Linee)
@@ -515,22 +415,24 @@ private:
         return Addebito ? Somma - ImportoBollo : Somma;
     }
 
-    void ComponiBollo()
+    /// The duty on sums without VAT.
+    double Bollo(double Somme)
     {
-        const bool Oltre = Centesimi(SommeSenzaIva()) > Centesimi(SogliaBollo);
+        const bool Oltre = Centesimi(Somme) > Centesimi(SogliaBollo);
         const bool Dovuto =
             Scelta.Bollo == BolloFattura::Dovuto || (Scelta.Bollo == BolloFattura::SeDovuto && Oltre);
-        Fattura.Bollo = Dovuto ? ImportoBollo : 0.0;
         if (Scelta.BolloAddebitato && !Dovuto)
             Note.Avvisa(
                 CampoFattura::SceltaBollo,
                 u"Il bollo è addebitato ma non è dovuto: le somme senza IVA non superano %1 euro."_s.arg(
                     FormatNum(SogliaBollo)));
+        return Dovuto ? ImportoBollo : 0.0;
     }
 
     // ---- payment
 
-    void ComponiPagamento()
+    /// What the client has to pay, and how; none where nothing is to be said of it.
+    std::optional<PagamentoFattura> Pagamento()
     {
         const double Scissa = Scelta.ScissionePagamenti ? Conti.IVA : 0.0;
         const double DaPagare = Arrotonda2(Conti.Netto - Scissa);
@@ -540,22 +442,22 @@ private:
                 u"Con la scissione dei pagamenti il cliente paga %1 euro: la stampa espone anche l'IVA."_s
                     .arg(FormatNum(DaPagare)));
         if (NotaDiCredito() || Scelta.Modalita.isEmpty() || Centesimi(DaPagare) == 0)
-            return;
+            return std::nullopt;
         if (Centesimi(DaPagare) < 0) {
             Note.Manca(CampoFattura::NotaRA,
                        u"L'importo da pagare è negativo: %1 euro."_s.arg(FormatNum(DaPagare)));
-            return;
+            return std::nullopt;
         }
         if (!ValoreValido(u"ModalitaPagamentoType", Scelta.Modalita))
             Note.Manca(CampoFattura::SceltaModalita,
                        u"Il modo di pagamento non è fra quelli previsti: %1"_s.arg(Scelta.Modalita));
-        PagamentoFattura Pagamento{Scelta.Modalita, Scelta.Scadenza, DaPagare, {}};
+        PagamentoFattura Detto{Scelta.Modalita, Scelta.Scadenza, DaPagare, {}};
         if (Scelta.Scadenza.isValid() && Scelta.Scadenza < Scelta.Data)
             Note.Avvisa(CampoFattura::SceltaScadenza,
                         u"La scadenza del pagamento è anteriore alla fattura."_s);
         if (Scelta.Modalita == codici::Bonifico)
-            Pagamento.Iban = Iban();
-        Fattura.Pagamento = Pagamento;
+            Detto.Iban = Iban();
+        return Detto;
     }
 
     QString Iban()
@@ -567,16 +469,12 @@ private:
         return Codice;
     }
 
-    static constexpr double MassimoImporto = 1e10;  // eleven digits, with room for the taxes
-
     const Parcella& Nota;
     const Cedente& Studio;
     const Cessionario& Cliente;
     const SceltaFattura& Scelta;
     QDate Oggi;
     Catena Conti;
-    TrattamentoFiscale Fisco;
-    bool Addebito = false;  ///< one of the note's expenses is the stamp duty
     FatturaElettronica Fattura;
     Raccolta Note;
 };
