@@ -1,9 +1,9 @@
 #include "feenote/modOnorari.h"
 
 #include "core/modErrori.h"
-#include "core/modTesti.h"
 #include "core/sessione.h"
 #include "feenote/modParametri.h"
+#include "feenote/modQuantita.h"
 #include "feenote/modVariazione.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
@@ -15,7 +15,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -132,177 +131,6 @@ int RigaDestinazione(Parcella& Nota, int Riga, std::optional<int> Corrente)
     return Riga >= RigaConBase ? Riga - RigaConBase : Riga;
 }
 
-}  // namespace
-
-int AddModOnor(Parcella& Nota, const DatiOnorario& Dati, int Riga, std::optional<int> Corrente)
-{
-    const bool ConBase = Riga == RigaNuova || Riga >= RigaConBase;
-    const int Destinazione = RigaDestinazione(Nota, Riga, Corrente);
-    TabellaRighe& Righe = Nota.xOnorari;
-    const int Decimali = Nota.Tariffa->Decimali;
-    if (ConBase) {
-        Righe(Destinazione, OnoBaseMedio) = ArrotondaRiga(Dati.Medio, Decimali);
-        Righe(Destinazione, OnoBaseMin) = ArrotondaRiga(Dati.Min, Decimali);
-        Righe(Destinazione, OnoBaseMax) = ArrotondaRiga(Dati.Max, Decimali);
-        Righe(Destinazione, OnoVarPerc) = Dati.VarPerc;
-    }
-    // The variation works on the raw product, which is rounded once, after it.
-    const auto Variato = [&](double Valore) {
-        if (Dati.AumParti != 0)
-            Valore *= 1 + Dati.AumParti / 100.0;
-        if (Dati.VarPerc != 0)
-            Valore *= 1 + PercentoEsatto(Nota, Dati.VarPerc) / 100.0;
-        return ArrotondaRiga(Valore, Decimali);
-    };
-    Righe(Destinazione, OnoData) = QString();
-    Righe(Destinazione, OnoDescr) = Dati.Descr;
-    Righe(Destinazione, OnoQta) = Dati.Quant;
-    Righe(Destinazione, OnoImporto) = Variato(Dati.Importo);
-    Righe(Destinazione, OnoMedio) = Variato(Dati.Medio);
-    Righe(Destinazione, OnoMin) = Variato(Dati.Min);
-    Righe(Destinazione, OnoMax) = Variato(Dati.Max);
-    Righe(Destinazione, OnoCodVoce) = Dati.CodVoce;
-    Righe(Destinazione, OnoNVoce) = Dati.NVoce;
-    SetModificata(Nota, true);
-    return Destinazione;
-}
-
-bool NonPrevista(const Decreto& Legge, QStringView Categ, const Recordset& Voce, int Scaglione)
-{
-    if (!Legge.Dichiarato || NumeroVoce(Voce) == VoceLibera)
-        return false;
-    if (Categ == Stragiudiziale)
-        return SenzaImporto(Voce, Scaglione);
-    constexpr std::array<QStringView, 3> Importi{u"Med", u"Min", u"Max"};
-    return std::ranges::any_of(Importi, [&](QStringView Nome) {
-        return !Voce.Value(QString::number(Scaglione) + Nome.toString()).isValid();
-    });
-}
-
-double Medio(double Min, double Max)
-{
-    return Max > 0 ? Arrotonda2(Min + (Max - Min) / 2) : 0.0;
-}
-
-namespace {
-
-double QuantitaDigitata(const QString& Risposta)
-{
-    return NumeroDi(Sostituisci(Risposta, u"."_s, u","_s));
-}
-
-/// Minutes that a fraction of an hour must exceed to count as one; nothing for an item charged otherwise.
-std::optional<int> MinutiDiFrazione(const QString& QtaOno)
-{
-    if (!QtaOno.startsWith(CodiceOreEFrazioni))
-        return std::nullopt;
-    constexpr int MinutiOra = 60;
-    return std::clamp(int(NumeroDi(QtaOno.mid(1))), 0, MinutiOra);
-}
-
-}  // namespace
-
-double ArrotondaQuantita(const QString& Risposta)
-{
-    const double Valore = QuantitaDigitata(Risposta);
-    return Valore > 0 ? Round(Valore + 0.49) : 0.0;
-}
-
-double QuantitaContata(const QString& QtaOno, const QString& Risposta)
-{
-    const std::optional<int> Minuti = MinutiDiFrazione(QtaOno);
-    if (!Minuti)
-        return ArrotondaQuantita(Risposta);
-    constexpr double MinutiOra = 60.0;
-    constexpr int Decimali = 6;  // a third of an hour typed with a few digits stays what it is
-    const double Ore = QuantitaDigitata(Risposta);
-    const double Intere = std::floor(std::max(0.0, Ore));
-    return Intere + (Round((Ore - Intere) * MinutiOra, Decimali) > *Minuti ? 1 : 0);
-}
-
-double GetQuant(const QString& Descr, const QString& QtaOno)
-{
-    QString Domanda = u"Per la voce "_s + (Descr.isEmpty() ? u"selezionata"_s : Descr) +
-                      u" occorre specificare il numero"_s;
-    if (QtaOno.startsWith(u'H'))
-        Domanda += u" delle ore impiegate (per ogni ora e frazione d'ora)."_s;
-    const std::optional<int> Minuti = MinutiDiFrazione(QtaOno);
-    if (Minuti)
-        Domanda += u" delle ore impiegate (per ogni ora e frazione d'ora oltre i %1 minuti: 1,5 è un'ora e "
-                   u"mezza)."_s.arg(*Minuti);
-    Domanda += u"\n\nImmettere la quantità:"_s;
-    const QString Risposta = InputBox(Domanda, u"Immissione quantità"_s);
-    const double Quantita = QuantitaContata(QtaOno, Risposta);
-    if (Minuti && Quantita == 0 && QuantitaDigitata(Risposta) > 0) {
-        MsgErrore(u"Una frazione d'ora fino a %1 minuti non si conta!"_s.arg(*Minuti));
-        return 0.0;
-    }
-    if (Quantita <= MassimaQuantita)
-        return Quantita;
-    MsgErrore(u"La quantità è troppo grande: al massimo 999.999.999!"_s);
-    return 0.0;
-}
-
-void LoadOnoDir(Parcella& Nota, Catalogo& Voci)
-{
-    Voci =
-        ApriCatalogo(*Nota.Tariffa, Nota.cmbCateg < 0 ? QString() : Nota.CodCateg, Nota.IDAutSelezionata());
-    // A failed formula is told once: the note keeps what was recalculated before it, and is not asked again.
-    if (Nota.RicalcoloNecessario && !Nota.xOnorari.Vuota() && Voci.datOno.Aperto()) {
-        const std::optional<OpzioneAumRid> Opzione = Nota.OpzioneSalvata;
-        const std::optional<AumentoSalvato> Parti = Nota.PartiSalvate;
-        LasciaVariazioneSalvata(Nota);
-        if (Protetta([&] { RicalcolaOnorari(Nota, Voci); })) {
-            Nota.RigheDaRicalcolare = false;
-            Nota.VariazioneTenuta = AumRidLibera;  // the lines are those of the option in force
-        } else {
-            Nota.OpzioneSalvata = Opzione;
-            Nota.PartiSalvate = Parti;
-        }
-    }
-    Nota.RicalcoloNecessario = false;
-}
-
-int EntraOnorari(Parcella& Nota, Catalogo& Voci)
-{
-    LoadOnoDir(Nota, Voci);
-    const bool Precarica = Nota.ListaAutorita.value(Nota.cmbAutor).PreLoad;
-    if (Nota.CodCateg == Stragiudiziale || !Precarica || !Nota.xOnorari.Vuota())
-        return 0;
-    return PrecaricaOnorari(Nota, Voci);
-}
-
-int PrecaricaOnorari(Parcella& Nota, Catalogo& Voci)
-{
-    int Inserite = 0;
-    int Saltate = 0;
-    for (Voci.datOno.MoveFirst(); !Voci.datOno.Eof(); Voci.datOno.MoveNext()) {
-        // As text: "95" stands above "900" and is left to the user.
-        if (Voci.datOno.Value(u"NVoce"_s, QString()).toString() >= u"900")
-            continue;
-        if (NonPrevista(Nota, Voci.datOno)) {
-            ++Saltate;
-            continue;
-        }
-        DatiOnorario Dati = Moltiplica(TernaDaTabella(Voci.datOno, Nota.Scaglione), 1.0);
-        Dati.NVoce = NumeroVoce(Voci.datOno);
-        Dati.Descr = Descrizione(Voci.datOno);
-        Dati.CodVoce = Voci.datOno.Value(Voci.ChiaveOno);
-        Varia(Nota, Dati);
-        // No current row, whatever the list's mode: inserting at one would turn the phases round.
-        AddModOnor(Nota, Dati, RigaNuova, std::nullopt);
-        ++Inserite;
-    }
-    Voci.datOno.MoveFirst();
-    // A court that has no such phase is no matter for a word; one that none of them is for, is.
-    if (Inserite == 0 && Saltate > 0)
-        MsgBox(u"Attenzione, nessuna voce è prevista "_s + DoveNonPrevista(Nota), vbInformation,
-               TitoloMessaggio.toString());
-    return Inserite;
-}
-
-namespace {
-
 /// What must be settled before a line is made: refusals, the second insertion. False: no line.
 bool InserzioneAmmessa(const Parcella& Nota, const Recordset& Voce, int NVoce, bool Chiedi)
 {
@@ -339,33 +167,6 @@ Terna TernaPerInserimento(const Parcella& Nota, const Recordset& Voce, int NVoce
         TraceDebug(u"calcolo strag 2. Min= "_s + CStr(Risultato.Min));
     return Risultato;
 }
-
-}  // namespace
-
-std::optional<int> InserisciOnorario(Parcella& Nota, const Catalogo& Voci, std::optional<int> Corrente,
-                                     std::optional<double> Quantita)
-{
-    const Recordset& Voce = Voci.datOno;
-    const int NVoce = NumeroVoce(Voce);
-    if (!InserzioneAmmessa(Nota, Voce, NVoce, !Quantita))
-        return std::nullopt;
-
-    const QString QtaOno = Voce.Value(u"QtaOno"_s, QString()).toString();
-    double Quant = Quantita.value_or(1.0);
-    if (!Quantita && !QtaOno.isEmpty()) {
-        Quant = GetQuant(Descrizione(Voce), QtaOno);
-        if (Quant == 0)
-            return std::nullopt;
-    }
-    DatiOnorario Dati = Moltiplica(TernaPerInserimento(Nota, Voce, NVoce), Quant);
-    Dati.NVoce = NVoce;
-    Dati.Descr = Descrizione(Voce);
-    Dati.CodVoce = Voce.Value(Voci.ChiaveOno);
-    Varia(Nota, Dati);
-    return AddModOnor(Nota, Dati, RigaNuova, Corrente);
-}
-
-namespace {
 
 void AvvisaNonPrevisto(const QString& Descr, const QString& Dove)
 {
@@ -465,6 +266,137 @@ void RicalcolaRiga(Parcella& Nota, RicercaVoci& Ricerca, int Riga)
 }
 
 }  // namespace
+
+int AddModOnor(Parcella& Nota, const DatiOnorario& Dati, int Riga, std::optional<int> Corrente)
+{
+    const bool ConBase = Riga == RigaNuova || Riga >= RigaConBase;
+    const int Destinazione = RigaDestinazione(Nota, Riga, Corrente);
+    TabellaRighe& Righe = Nota.xOnorari;
+    const int Decimali = Nota.Tariffa->Decimali;
+    if (ConBase) {
+        Righe(Destinazione, OnoBaseMedio) = ArrotondaRiga(Dati.Medio, Decimali);
+        Righe(Destinazione, OnoBaseMin) = ArrotondaRiga(Dati.Min, Decimali);
+        Righe(Destinazione, OnoBaseMax) = ArrotondaRiga(Dati.Max, Decimali);
+        Righe(Destinazione, OnoVarPerc) = Dati.VarPerc;
+    }
+    // The variation works on the raw product, which is rounded once, after it.
+    const auto Variato = [&](double Valore) {
+        if (Dati.AumParti != 0)
+            Valore *= 1 + Dati.AumParti / 100.0;
+        if (Dati.VarPerc != 0)
+            Valore *= 1 + PercentoEsatto(Nota, Dati.VarPerc) / 100.0;
+        return ArrotondaRiga(Valore, Decimali);
+    };
+    Righe(Destinazione, OnoData) = QString();
+    Righe(Destinazione, OnoDescr) = Dati.Descr;
+    Righe(Destinazione, OnoQta) = Dati.Quant;
+    Righe(Destinazione, OnoImporto) = Variato(Dati.Importo);
+    Righe(Destinazione, OnoMedio) = Variato(Dati.Medio);
+    Righe(Destinazione, OnoMin) = Variato(Dati.Min);
+    Righe(Destinazione, OnoMax) = Variato(Dati.Max);
+    Righe(Destinazione, OnoCodVoce) = Dati.CodVoce;
+    Righe(Destinazione, OnoNVoce) = Dati.NVoce;
+    SetModificata(Nota, true);
+    return Destinazione;
+}
+
+bool NonPrevista(const Decreto& Legge, QStringView Categ, const Recordset& Voce, int Scaglione)
+{
+    if (!Legge.Dichiarato || NumeroVoce(Voce) == VoceLibera)
+        return false;
+    if (Categ == Stragiudiziale)
+        return SenzaImporto(Voce, Scaglione);
+    constexpr std::array<QStringView, 3> Importi{u"Med", u"Min", u"Max"};
+    return std::ranges::any_of(Importi, [&](QStringView Nome) {
+        return !Voce.Value(QString::number(Scaglione) + Nome.toString()).isValid();
+    });
+}
+
+double Medio(double Min, double Max)
+{
+    return Max > 0 ? Arrotonda2(Min + (Max - Min) / 2) : 0.0;
+}
+
+void LoadOnoDir(Parcella& Nota, Catalogo& Voci)
+{
+    Voci =
+        ApriCatalogo(*Nota.Tariffa, Nota.cmbCateg < 0 ? QString() : Nota.CodCateg, Nota.IDAutSelezionata());
+    // A failed formula is told once: the note keeps what was recalculated before it, and is not asked again.
+    if (Nota.RicalcoloNecessario && !Nota.xOnorari.Vuota() && Voci.datOno.Aperto()) {
+        const std::optional<OpzioneAumRid> Opzione = Nota.OpzioneSalvata;
+        const std::optional<AumentoSalvato> Parti = Nota.PartiSalvate;
+        LasciaVariazioneSalvata(Nota);
+        if (Protetta([&] { RicalcolaOnorari(Nota, Voci); })) {
+            Nota.RigheDaRicalcolare = false;
+            Nota.VariazioneTenuta = AumRidLibera;  // the lines are those of the option in force
+        } else {
+            Nota.OpzioneSalvata = Opzione;
+            Nota.PartiSalvate = Parti;
+        }
+    }
+    Nota.RicalcoloNecessario = false;
+}
+
+int EntraOnorari(Parcella& Nota, Catalogo& Voci)
+{
+    LoadOnoDir(Nota, Voci);
+    const bool Precarica = Nota.ListaAutorita.value(Nota.cmbAutor).PreLoad;
+    if (Nota.CodCateg == Stragiudiziale || !Precarica || !Nota.xOnorari.Vuota())
+        return 0;
+    return PrecaricaOnorari(Nota, Voci);
+}
+
+int PrecaricaOnorari(Parcella& Nota, Catalogo& Voci)
+{
+    int Inserite = 0;
+    int Saltate = 0;
+    for (Voci.datOno.MoveFirst(); !Voci.datOno.Eof(); Voci.datOno.MoveNext()) {
+        // As text: "95" stands above "900" and is left to the user.
+        if (Voci.datOno.Value(u"NVoce"_s, QString()).toString() >= u"900")
+            continue;
+        if (NonPrevista(Nota, Voci.datOno)) {
+            ++Saltate;
+            continue;
+        }
+        DatiOnorario Dati = Moltiplica(TernaDaTabella(Voci.datOno, Nota.Scaglione), 1.0);
+        Dati.NVoce = NumeroVoce(Voci.datOno);
+        Dati.Descr = Descrizione(Voci.datOno);
+        Dati.CodVoce = Voci.datOno.Value(Voci.ChiaveOno);
+        Varia(Nota, Dati);
+        // No current row, whatever the list's mode: inserting at one would turn the phases round.
+        AddModOnor(Nota, Dati, RigaNuova, std::nullopt);
+        ++Inserite;
+    }
+    Voci.datOno.MoveFirst();
+    // A court that has no such phase is no matter for a word; one that none of them is for, is.
+    if (Inserite == 0 && Saltate > 0)
+        MsgBox(u"Attenzione, nessuna voce è prevista "_s + DoveNonPrevista(Nota), vbInformation,
+               TitoloMessaggio.toString());
+    return Inserite;
+}
+
+std::optional<int> InserisciOnorario(Parcella& Nota, const Catalogo& Voci, std::optional<int> Corrente,
+                                     std::optional<double> Quantita)
+{
+    const Recordset& Voce = Voci.datOno;
+    const int NVoce = NumeroVoce(Voce);
+    if (!InserzioneAmmessa(Nota, Voce, NVoce, !Quantita))
+        return std::nullopt;
+
+    const QString QtaOno = Voce.Value(u"QtaOno"_s, QString()).toString();
+    double Quant = Quantita.value_or(1.0);
+    if (!Quantita && !QtaOno.isEmpty()) {
+        Quant = GetQuant(Descrizione(Voce), QtaOno);
+        if (Quant == 0)
+            return std::nullopt;
+    }
+    DatiOnorario Dati = Moltiplica(TernaPerInserimento(Nota, Voce, NVoce), Quant);
+    Dati.NVoce = NVoce;
+    Dati.Descr = Descrizione(Voce);
+    Dati.CodVoce = Voce.Value(Voci.ChiaveOno);
+    Varia(Nota, Dati);
+    return AddModOnor(Nota, Dati, RigaNuova, Corrente);
+}
 
 void RicalcolaOnorari(Parcella& Nota, const Catalogo& Voci)
 {

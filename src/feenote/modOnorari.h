@@ -45,25 +45,6 @@ int AddModOnor(Parcella& Nota, const DatiOnorario& Dati, int Riga, std::optional
 /// The amount halfway between minimum and maximum, to 2 decimals away from zero; 0 unless Max is above 0.
 [[nodiscard]] double Medio(double Min, double Max);
 
-/// What a typed quantity counts as: "." is read as ",", then carried up to the whole unit (half-even
-/// rounding of the value + 0.49, on the decimal text: 2,5 gives 3, 2,02 gives 3, 2,01 gives 2).
-/// @return 0 for text that is no number or not above 0
-[[nodiscard]] double ArrotondaQuantita(const QString& Risposta);
-
-/// Quantity code of an item charged by the hour whose fraction counts above the minutes that follow: "T30".
-inline constexpr QChar CodiceOreEFrazioni = u'T';
-
-/// The same by the quantity code of an item: hours of which a fraction counts only above so many minutes are
-/// whole hours, and one more for such a fraction; anything else as ArrotondaQuantita.
-[[nodiscard]] double QuantitaContata(const QString& QtaOno, const QString& Risposta);
-
-/// The largest quantity of a line.
-constexpr double MassimaQuantita = 999'999'999;
-
-/// Asks for the quantity of an item; one above MassimaQuantita is told, and so are hours that come to none.
-/// @return 0 for a cancelled or unusable answer
-[[nodiscard]] double GetQuant(const QString& Descr, const QString& QtaOno);
-
 /// Opens the catalogues of the note's category and, when a parameter has changed since, recalculates the
 /// lines; a formula that fails there is reported, and RicalcoloNecessario is cleared all the same, while
 /// RigheDaRicalcolare stays.

@@ -5,6 +5,7 @@
 #include "feenote/modInterruttori.h"
 #include "feenote/modNuovaParcella.h"
 #include "feenote/modOnorari.h"
+#include "feenote/modQuantita.h"
 #include "feenote/modParametri.h"
 #include "feenote/modTotali.h"
 #include "feenote/parcella.h"

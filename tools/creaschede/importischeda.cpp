@@ -2,6 +2,7 @@
 
 #include "creadati/formule.h"
 #include "feenote/modOnorari.h"
+#include "feenote/modQuantita.h"
 #include "feenote/modRighe.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"

@@ -2,6 +2,7 @@
 
 #include "creaschede/importischeda.h"
 #include "feenote/modOnorari.h"
+#include "feenote/modQuantita.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 

@@ -9,6 +9,7 @@
 #include "feenote/modNuovaParcella.h"
 #include "feenote/modOnorari.h"
 #include "feenote/modParametri.h"
+#include "feenote/modQuantita.h"
 #include "feenote/modSpese.h"
 #include "feenote/modVariazione.h"
 #include "platform/base/errore.h"

@@ -2,7 +2,7 @@
 
 #include "core/modErrori.h"
 #include "feenote/file/colonne.h"
-#include "feenote/modOnorari.h"
+#include "feenote/modQuantita.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 
