@@ -31,6 +31,5 @@ void RicercaAllAvvio()
 
 void MostraPaginaTasti()
 {
-    if (Aperture.PaginaTasti)
-        Aperture.PaginaTasti();
+    Invoca(Aperture.PaginaTasti);
 }

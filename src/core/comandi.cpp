@@ -20,13 +20,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-template <class F, class... A>
-void Apri(const F& Apritore, A&&... Valori)
-{
-    if (Apritore)
-        Apritore(std::forward<A>(Valori)...);
-}
-
 // ---- guards -------------------------------------------------------------------------------------
 
 bool Sempre(const Chiamata&)
@@ -61,26 +54,26 @@ bool HaPosti(const Chiamata&)
 void Nuova(const Chiamata& C)
 {
     if (C.Par.isEmpty())
-        Apri(Aperture.ApriParcella, QString(), C.Indice, QString());
+        Invoca(Aperture.ApriParcella, QString(), C.Indice, QString());
     else
-        Apri(Aperture.ApriParcella, QString(), 0, C.Par);
+        Invoca(Aperture.ApriParcella, QString(), 0, C.Par);
 }
 
 template <int Selettore>
 void Trova(const Chiamata& C)
 {
-    Apri(Aperture.TrovaParcella, Selettore, QString(), C.Indice, QString());
+    Invoca(Aperture.TrovaParcella, Selettore, QString(), C.Indice, QString());
 }
 
 template <bool ComeModello>
 void Salva(const Chiamata& C)
 {
-    Apri(Aperture.SalvaParcella, C.Indice, ComeModello);
+    Invoca(Aperture.SalvaParcella, C.Indice, ComeModello);
 }
 
 void Stampa(const Chiamata& C)
 {
-    Apri(Aperture.VaiAllaScheda, C.Indice, SchedaDiStampa);
+    Invoca(Aperture.VaiAllaScheda, C.Indice, SchedaDiStampa);
 }
 
 void StampaWord(const Chiamata& C)
@@ -103,12 +96,12 @@ void Kr2(const Chiamata&)
 
 void Recupera(const Chiamata&)
 {
-    Apri(Aperture.Impostazioni, impostazioni::SchedaPersonalizza, false);
+    Invoca(Aperture.Impostazioni, impostazioni::SchedaPersonalizza, false);
 }
 
 void Setup(const Chiamata&)
 {
-    Apri(Aperture.Impostazioni, impostazioni::SchedaDatiStudio, false);
+    Invoca(Aperture.Impostazioni, impostazioni::SchedaDatiStudio, false);
 }
 
 void Novita(const Chiamata&)
@@ -132,8 +125,7 @@ void Spegni(const Chiamata&)
         if (Aperture.ChiudiParcella(i) && !sessione::RichiestaPV2.ID.isEmpty())
             return;
     }
-    if (Aperture.ChiudiRubriche)
-        (void)Aperture.ChiudiRubriche();
+    Invoca(Aperture.ChiudiRubriche);
     Termina();
 }
 
@@ -142,7 +134,7 @@ void Spegni(const Chiamata&)
 void Proteggi(const Chiamata& C)
 {
     if (HaPosto(C))
-        Apri(Aperture.Proteggi, C.Indice);
+        Invoca(Aperture.Proteggi, C.Indice);
     else
         MsgErrore(u"Occorre prima selezionare una parcella!"_s);
 }
@@ -199,7 +191,7 @@ void Collegamenti(const Chiamata&)
     if (const QString Server = indirizzi::Server(); !Server.isEmpty())
         ApriUrl(Server + u"/vdm/link.htm"_s);
     else
-        Apri(Aperture.PaginaWeb, PaginaPropria(PaginaCollegamenti), u"Elenco siti web utili"_s);
+        Invoca(Aperture.PaginaWeb, PaginaPropria(PaginaCollegamenti), u"Elenco siti web utili"_s);
 }
 
 void Assistenza(const Chiamata&)
@@ -207,7 +199,7 @@ void Assistenza(const Chiamata&)
     if (const QString Server = indirizzi::Server(); !Server.isEmpty())
         ApriUrl(Server + u"/vdm.asp"_s);
     else
-        Apri(Aperture.PaginaWeb, PaginaPropria(PaginaAssistenza), u"Assistenza tecnica"_s);
+        Invoca(Aperture.PaginaWeb, PaginaPropria(PaginaAssistenza), u"Assistenza tecnica"_s);
 }
 
 // ---- what keeps a command from working ----------------------------------------------------------

@@ -31,8 +31,7 @@ bool Nuovo(const QString& Rapporto)
 
 void Traccia()
 {
-    if (Aperture.MostraTraccia)
-        Aperture.MostraTraccia(u"FINESTRA DEBUG:\n"_s + sessione::TestoDebug);
+    Invoca(Aperture.MostraTraccia, u"FINESTRA DEBUG:\n"_s + sessione::TestoDebug);
 }
 
 }  // namespace

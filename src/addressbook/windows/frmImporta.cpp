@@ -397,8 +397,7 @@ void frmImporta::PrendiIntero()
         SalvaImpostazione(chiavi::ArchivioCliCon.toString(), Preso->File);
         ImpostaVariabili();
         InArchivio.clear();
-        if (Aperture.ImpostazioniCambiate)
-            Aperture.ImpostazioniCambiate();
+        Invoca(Aperture.ImpostazioniCambiate);
         RileggiRubriche();
         MostraResoconto(
             u"L'archivio è pronto: %1 e %2."_s.arg(
@@ -425,8 +424,7 @@ void frmImporta::CopiaParcelle()
         if (!Esiti)
             return;
         MostraResoconto(FraseNote(Conta(*Esiti)), ResocontoNote(File(), A, *Esiti), false);
-        if (Aperture.RinfrescaTrova)
-            Aperture.RinfrescaTrova();
+        Invoca(Aperture.RinfrescaTrova);
     });
 }
 

@@ -272,7 +272,6 @@ void frmRubrica::Seleziona()
                TitoloAvvertenza.toString());
         return;
     }
-    if (Aperture.SceltaDaRubrica)
-        Aperture.SceltaDaRubrica(Richiesta.Indice, Richiesta.Numero, Richiesta.Parent, Valori);
+    Invoca(Aperture.SceltaDaRubrica, Richiesta.Indice, Richiesta.Numero, Richiesta.Parent, Valori);
     close();
 }

@@ -321,6 +321,5 @@ void LasciaSelezione()
 
 void ApriAggiornamento(const QString& Parola)
 {
-    if (Aperture.Aggiorna)
-        Aperture.Aggiorna(Parola);
+    Invoca(Aperture.Aggiorna, Parola);
 }

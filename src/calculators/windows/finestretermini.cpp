@@ -42,8 +42,7 @@ bool HaAvvertenze()
 
 void ApriAvvertenze(const QString& Titolo)
 {
-    if (Aperture.PaginaWeb)
-        Aperture.PaginaWeb(sessione::PercorsoProg + u"avvertenzetermini.htm"_s, Titolo);
+    Invoca(Aperture.PaginaWeb, sessione::PercorsoProg + u"avvertenzetermini.htm"_s, Titolo);
 }
 
 RigaInizio::RigaInizio(QFormLayout* Modulo, int Riga, const std::function<void()>& Cambiato)

@@ -46,8 +46,7 @@ QString DocumentoDiLegge(const QString& Nome)
 
 void ApriPagina(const QString& Nome, const QString& Titolo)
 {
-    if (Aperture.PaginaWeb)
-        Aperture.PaginaWeb(DocumentoDiLegge(Nome), Titolo);
+    Invoca(Aperture.PaginaWeb, DocumentoDiLegge(Nome), Titolo);
 }
 
 void ApriScheda()

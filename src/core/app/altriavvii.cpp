@@ -127,8 +127,8 @@ void MostraParcella(const QString& Percorso)
 {
     if (const frmParcelle* Aperta = FinestraConFile(Percorso))
         PortaDavanti(Aperta->Indice());
-    else if (Aperture.ApriParcella)
-        Aperture.ApriParcella(Percorso, 0, {});
+    else
+        Invoca(Aperture.ApriParcella, Percorso, 0, QString());
 }
 
 bool ComeUnaSessione(const QString& RigaDiComando, const std::function<void()>& Comincia)

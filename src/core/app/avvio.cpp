@@ -112,8 +112,7 @@ bool Avvia(const QString& Riga)
         sessione::ModoLow = true;
         EseguiComando(u"new"_s, 0, {});
         // No desktop will offer what an earlier session left.
-        if (Aperture.OffriRecupero)
-            Aperture.OffriRecupero();
+        Invoca(Aperture.OffriRecupero);
     } else if (Riga.startsWith(PrefissoPV2)) {
         if (!AvvioAutomazione(Riga))
             return false;

@@ -309,8 +309,7 @@ void frmMain::RiempiLaCornice()
 
 void frmMain::ShowGuida(const QString& Nome)
 {
-    if (Aperture.PaginaWeb)
-        Aperture.PaginaWeb(sessione::PercorsoProg + Barra(u"note"_s) + Nome, u"VDM - Guida giuridica"_s);
+    Invoca(Aperture.PaginaWeb, sessione::PercorsoProg + Barra(u"note"_s) + Nome, u"VDM - Guida giuridica"_s);
 }
 
 void frmMain::SalvaMisure() const
@@ -399,26 +398,17 @@ void frmMain::SuParcella(Azione Fai)
 
 void frmMain::SalvaSulPosto()
 {
-    SuParcella([](int Indice) {
-        if (Aperture.SalvaSulPosto)
-            Aperture.SalvaSulPosto(Indice);
-    });
+    SuParcella([](int Indice) { Invoca(Aperture.SalvaSulPosto, Indice); });
 }
 
 void frmMain::SalvaConNome()
 {
-    SuParcella([](int Indice) {
-        if (Aperture.SalvaConNome)
-            Aperture.SalvaConNome(Indice);
-    });
+    SuParcella([](int Indice) { Invoca(Aperture.SalvaConNome, Indice); });
 }
 
 void frmMain::Duplica()
 {
-    SuParcella([](int Indice) {
-        if (Aperture.DuplicaParcella)
-            Aperture.DuplicaParcella(Indice);
-    });
+    SuParcella([](int Indice) { Invoca(Aperture.DuplicaParcella, Indice); });
 }
 
 void frmMain::MostraRecenti()
@@ -475,6 +465,6 @@ void frmMain::closeEvent(QCloseEvent* Evento)
         return;
     if (ParcellaAperta())
         (void)ChiudiParcelle();
-    else if (Aperture.UltimaParcellaChiusa)
-        Aperture.UltimaParcellaChiusa();
+    else
+        Invoca(Aperture.UltimaParcellaChiusa);
 }

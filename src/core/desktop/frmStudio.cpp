@@ -93,8 +93,7 @@ private:
 /// The settings on a tab; what the desktop was about to do waits until they are closed.
 void ApriImpostazioni(impostazioni::Scheda Scheda)
 {
-    if (Aperture.Impostazioni)
-        Aperture.Impostazioni(Scheda, true);
+    Invoca(Aperture.Impostazioni, Scheda, true);
 }
 
 /// The site of who made the program or, without one, what the page of assistance says of them.
@@ -102,8 +101,9 @@ void ApriMarchio(const QString& Sito, const QString& Ancora)
 {
     if (!Sito.isEmpty())
         ApriUrl(Sito);
-    else if (Aperture.PaginaWeb)
-        Aperture.PaginaWeb(sessione::PercorsoProg + u"assistenza.htm#"_s + Ancora, u"Assistenza tecnica"_s);
+    else
+        Invoca(Aperture.PaginaWeb, sessione::PercorsoProg + u"assistenza.htm#"_s + Ancora,
+               u"Assistenza tecnica"_s);
 }
 
 }  // namespace
@@ -402,8 +402,7 @@ void frmStudio::DopoLaPrima()
     // Once: the desktop is there and its own questions are answered.
     if (std::exchange(PrimaPassata, true))
         return;
-    if (Aperture.OffriRecupero)
-        Aperture.OffriRecupero();
+    Invoca(Aperture.OffriRecupero);
     Q_EMIT PrimaAttivazione();
 }
 

@@ -92,8 +92,7 @@ void ApriRecente(const NotaRecente& Nota)
         return;
     }
     if (*Trovata) {
-        if (Aperture.MostraParcella)
-            Aperture.MostraParcella(Nota.Percorso);
+        Invoca(Aperture.MostraParcella, Nota.Percorso);
         return;
     }
     if (EsisteCartellaEntro(Cartella)) {

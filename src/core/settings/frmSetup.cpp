@@ -137,10 +137,7 @@ frmSetup::frmSetup()
                              [this] { cmdSaveImpost_Click(); });
     Collega<QAbstractButton>(ui->cmdChiudi, &QAbstractButton::clicked, this, [this] { close(); });
     Collega<QAbstractButton>(ui->cmdHelp, &QAbstractButton::toggled, this, [this](bool Si) { ShowHelp(Si); });
-    Collega(this, &QDialog::finished, this, [] {
-        if (Aperture.ImpostazioniChiuse)
-            Aperture.ImpostazioniChiuse();
-    });
+    Collega(this, &QDialog::finished, this, [] { Invoca(Aperture.ImpostazioniChiuse); });
     Collega(ui->tabSetup, &QTabWidget::currentChanged, this, [this] { ShowHelp(ui->cmdHelp->isChecked()); });
     for (const Obbligo& Voce : Obblighi) {
         auto* Campo = findChild<QLineEdit*>(Voce.Campo.toString());
@@ -356,16 +353,14 @@ void frmSetup::cmdSaveImpost_Click()
     const QString CartellaPrima = ValoreConservato(chiavi::UserFolder);
     if (!Protetta([this] { SalvaValori(); })) {
         // The icons are written all the same: those of the desktop would open their neighbours' targets.
-        if (Aperture.ImpostazioniCambiate)
-            Aperture.ImpostazioniCambiate();
+        Invoca(Aperture.ImpostazioniCambiate);
         return;
     }
     if (ValoreConservato(chiavi::UserFolder) != CartellaPrima && Aperture.LasciaCartellaUtente)
         Aperture.LasciaCartellaUtente();
     ImpostaVariabili();
     logo::TogliAltri(sessione::LogoImpronta);
-    if (Aperture.ImpostazioniCambiate)
-        Aperture.ImpostazioniCambiate();
+    Invoca(Aperture.ImpostazioniCambiate);
     Contabili->Carica();
     Cartelle->Carica();
     Fattura->Carica();

@@ -262,9 +262,8 @@ void SchedaStampa::CollegaSegni()
             [this](bool Attiva) { Cornice.Applica([&] { CambiaFatturaAcconto(Nota, Attiva); }); });
     Collega(ui->cmdProgFatt, &QPushButton::clicked, this, &SchedaStampa::cmdProgFatt_Click);
     Collega(ui->cmdSkIvaDiff, &QPushButton::clicked, this, [] {
-        if (Aperture.PaginaWeb)
-            Aperture.PaginaWeb(sessione::PercorsoProg + u"SkIvaDiff.htm"_s,
-                               u"VDM - Scheda informativa Iva differita"_s);
+        Invoca(Aperture.PaginaWeb, sessione::PercorsoProg + u"SkIvaDiff.htm"_s,
+               u"VDM - Scheda informativa Iva differita"_s);
     });
     Collega(ui->cmdClausole, &QPushButton::clicked, this, &SchedaStampa::cmdClausole_Click);
     optContrTipo = new QButtonGroup(ui->paginaIncarico);

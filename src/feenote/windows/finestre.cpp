@@ -297,8 +297,7 @@ void DopoChiusura(const frmParcelle* Finestra)
         Termina();
         return;
     }
-    if (Aperture.RinfrescaTrova)
-        Aperture.RinfrescaTrova();
+    Invoca(Aperture.RinfrescaTrova);
     if (ParcellaAperta())
         return;
     Protetta([&] { RicordaMisure(Finestra); });
@@ -471,8 +470,7 @@ void AttivaParcella(int Indice)
     } else {
         Finestra->activateWindow();
     }
-    if (Aperture.ParcellaAttivata)
-        Aperture.ParcellaAttivata(Indice);
+    Invoca(Aperture.ParcellaAttivata, Indice);
 }
 
 void Unisci(frmParcelle& Principale, frmParcelle& Compagna)

@@ -106,8 +106,7 @@ void frmParcelle::VaiAlCampo(CampoFattura Dove)
         return;
     const bool DiPec = Dove == StudioEmail && !sessione::StudioPec.isEmpty();
     if (const auto* Voce = DiPec ? &PecStudio : TrovaVoce(VociStudio, Dove)) {
-        if (Aperture.CasellaImpostazioni)
-            Aperture.CasellaImpostazioni(Voce->Scheda, Voce->Casella.toString());
+        Invoca(Aperture.CasellaImpostazioni, Voce->Scheda, Voce->Casella.toString());
     } else if (const auto* DelCliente = TrovaVoce(VociCliente, Dove)) {
         ApriCliente(DelCliente->Colonna.toString());
     } else if (Dove == Cliente) {

@@ -130,6 +130,5 @@ void frmParcelle::SegnaTenuta()
     Storia.Segna(Nota);
     Storia.SegnaSalvata(Nota);
     SetModificata(false);
-    if (Aperture.RinfrescaTrova)
-        Aperture.RinfrescaTrova();
+    Invoca(Aperture.RinfrescaTrova);
 }

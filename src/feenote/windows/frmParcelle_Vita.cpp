@@ -255,8 +255,7 @@ bool frmParcelle::Salva(const std::function<std::optional<QString>()>& Scrivi,
             ControllaMulti();
             MostraTutto();
             Stampa->DopoSalvataggio();
-            if (Aperture.RinfrescaTrova)
-                Aperture.RinfrescaTrova();
+            Invoca(Aperture.RinfrescaTrova);
             return true;
         } catch (const Errore& Guasto) {
             MsgErrore(u"Codice errore: %1\n%2"_s.arg(Guasto.Numero).arg(Guasto.Descrizione));

@@ -288,8 +288,7 @@ bool frmUpgrade::AggiornaTassi()
     }
     TassiNuovi = false;
     MostraPresente();
-    if (Aperture.TassiCambiati)
-        Aperture.TassiCambiati();
+    Invoca(Aperture.TassiCambiati);
     if (!ProgrammaNuovo) {
         Load();
         MsgBox(u"L'aggiornamento dell'archivio è stato correttamente completato."_s, vbExclamation,

@@ -426,8 +426,7 @@ void frmTrovaParcella::Scegli(const QString& File)
         return;
     }
     hide();
-    if (Aperture.ApriParcella)
-        Aperture.ApriParcella(File, 0, {});
+    Invoca(Aperture.ApriParcella, File, 0, QString());
 }
 
 void frmTrovaParcella::tdbParcelle_HeadClick(int Colonna)
