@@ -308,14 +308,18 @@ void TieniEmesso(Parcella& Nota, bool Storno)
         return;
     const QList<double> Resti = RestiDellaNota(Nota);
     Tenuto.Emessi.append({Tenuto.Documento, Tenuto.Storno, Tenuto.ConSocio, Tenuto.Numero, Tenuto.Data,
-                          *Tenuto.Importi, 0.0, QString(), Tenuto.CitataNumero, Tenuto.CitataData});
+                          *Tenuto.Importi, 0.0, QString(), Tenuto.CitataNumero, Tenuto.CitataData,
+                          GiornoDi(Tenuto, StatoNota::Fatturata)});
+    GiornoDi(Tenuto, StatoNota::Fatturata) = Giorno();
     // What has paid the invoices so far has not paid the next one. What the user has said is paid needs no
     // payments that say so.
     const bool AMano = !Tenuto.Prima;
     if (Tenuto.Stato == StatoNota::Pagata && !Storno && (AMano || !Tenuto.Storno)) {
         for (qsizetype i = 0; AMano && i < Tenuto.Emessi.size(); ++i)
-            if (!Tenuto.Emessi[i].Storno)
-                Tenuto.Emessi[i].AMano += Resti[i];
+            if (DocumentoEmesso& Uno = Tenuto.Emessi[i]; !Uno.Storno && Resti[i] > 0) {
+                Uno.AMano += Resti[i];
+                Uno.Dal = Tenuto.Dal();
+            }
         Tenuto.Stato = StatoNota::Fatturata;
         Tenuto.Prima.reset();
         GiornoDi(Tenuto, StatoNota::Pagata).clear();

@@ -83,6 +83,8 @@ struct DocumentoEmesso
     QString Guasto =
         {};  ///< its entry as the file holds it, where that cannot be read: a save leaves it as it is
     QString CitataNumero = {}, CitataData = {};  ///< of a credit note: the invoice that it cited
+    /// Since when it is invoiced, or paid where the user has said so, dd/mm/yyyy; empty: not known.
+    QString Dal = {};
 
     friend bool operator==(const DocumentoEmesso&, const DocumentoEmesso&) = default;
 };

@@ -28,6 +28,10 @@ const QString VoceCitata = u"Stato.Citata"_s;
 const std::array VociCitate{u"Stato.Citata.1"_s, u"Stato.Citata.2"_s, u"Stato.Citata.3"_s,
                             u"Stato.Citata.4"_s};
 static_assert(VociCitate.size() == VociEmessi.size());
+/// Beside the entries: these end in the number, which may hold any sign.
+const std::array VociDal{u"Stato.Dal.Emesso.1"_s, u"Stato.Dal.Emesso.2"_s, u"Stato.Dal.Emesso.3"_s,
+                         u"Stato.Dal.Emesso.4"_s};
+static_assert(VociDal.size() == VociEmessi.size());
 const QString VoceNumero = u"txtDatiPar.Numero"_s;
 const QString VoceData = u"txtDatiPar.Data"_s;
 const QString VoceScadenza = u"FatturaXml.Scadenza"_s;
@@ -227,6 +231,7 @@ QList<EmessoLetto> LeggiEmessi(const MemoriaFile& Memoria, double Massimo)
             Letti.append(LeggiEmesso(Testo, Massimo));
             DocumentoEmesso& Che = Letti.last().Che;
             LeggiFattura(Memoria.value(VociCitate[i]), Che.CitataNumero, Che.CitataData);
+            Che.Dal = GiornoBuono(Memoria.value(VociDal[i]));
         }
     return Letti;
 }
@@ -258,10 +263,9 @@ const QStringList& VociStatoLetto()
     static const QStringList Voci = [] {
         QStringList Tutte{VoceStato,    VoceDocumento,    VoceStorno,     VoceImporti, VoceNumero, VoceData,
                           VoceScadenza, VoceCitataNumero, VoceCitataData, VoceFattura, VoceCitata};
-        for (const QString& Emesso : VociEmessi)
-            Tutte += Emesso;
-        for (const QString& Citata : VociCitate)
-            Tutte += Citata;
+        for (const auto& DegliEmessi : {VociEmessi, VociCitate, VociDal})
+            for (const QString& Voce : DegliEmessi)
+                Tutte += Voce;
         for (const StatoNota Stato : StatiNota)
             Tutte += VoceGiorno(Stato);
         return Tutte;
@@ -322,6 +326,7 @@ void ScriviStato(const Parcella& Nota, MemoriaFile& Memoria)
         const bool Vuota = i >= Tenuto.Emessi.size();
         Metti(VociEmessi[size_t(i)], Vuota ? QString() : Scritto(Uno, Resti.value(i)));
         Metti(VociCitate[size_t(i)], Scritta(Uno.CitataNumero, Uno.CitataData));
+        Metti(VociDal[size_t(i)], Uno.Dal);
     }
     const std::optional<SocioTenuto> Socio = SocioDellaNota(Nota);
     const std::optional<AccontiTenuti> Detti = Tenuto.Importi ? Tenuto.Importi->DelSocio : std::nullopt;

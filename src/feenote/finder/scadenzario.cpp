@@ -141,12 +141,11 @@ VoceTrova VoceDi(const VoceTrova& Nota, const EmessoLetto& Emesso)
     Voce.Dati.DataFatt = Emesso.Che.Data;
     Stato.CitataNumero = Emesso.Che.CitataNumero;
     Stato.CitataData = Emesso.Che.CitataData;
-    for (QString* DellUltimo : {&Stato.Scadenza, &Stato.Dal})
-        DellUltimo->clear();
-    if (Emesso.Che.AMano > 0)
-        Stato.Stato = StatoNota::Pagata;
-    else if (Stato.Stato != StatoNota::Pagata)
-        Stato.Stato = StatoNota::Fatturata;
+    Stato.Scadenza.clear();
+    // Which day's payments have paid it is not known.
+    const bool Saldata = Stato.Stato == StatoNota::Pagata && Emesso.Che.AMano <= 0;
+    Stato.Dal = Saldata ? QString() : Emesso.Che.Dal;
+    Stato.Stato = Saldata || Emesso.Che.AMano > 0 ? StatoNota::Pagata : StatoNota::Fatturata;
     return Voce;
 }
 

@@ -49,6 +49,20 @@ QStringList Tabella(const VoceTrova& Voce)
     return Righe;
 }
 
+/// Number, state, since when.
+QStringList Giorni(const VoceTrova& Voce)
+{
+    QStringList Righe;
+    for (const QStringList& Celle : RigheScadenzario({&Voce}, [](int) { return CodiciCliente(); }))
+        Righe += QStringList{Celle[4], Celle[6], Celle[7]}.join(u' ');
+    return Righe;
+}
+
+void Il(int Giorno)
+{
+    InstallaOrologio([Giorno] { return QDateTime(QDate(2026, 11, Giorno), QTime(10, 0)); });
+}
+
 }  // namespace
 
 class TestStornoCitato : public QObject
@@ -73,6 +87,8 @@ private Q_SLOTS:
     void cleanup() { InstallaOrologio({}); }
     void laPiuVecchia();
     void dueDellaStessa();
+    void iGiorni();
+    void ilGiornoDiChiLaDicePagata();
 
 private:
     Parcella Nota;
@@ -111,6 +127,42 @@ void TestStornoCitato::dueDellaStessa()
                                                 u"Fattura analitica|30|1459,12|0,00|1167,30"_s,
                                                 u"Nota di credito|31|-145,91|0,00|0,00"_s,
                                                 u"Nota di credito|32|-145,91|0,00|0,00"_s}));
+}
+
+/// Each document is invoiced since its own day, whatever has followed it.
+void TestStornoCitato::iGiorni()
+{
+    Il(9);
+    Emetti(Nota, 12);
+    Il(15);
+    Emetti(Nota, 13, true);
+    QCOMPARE(Giorni(Letta(Nota)), (QStringList{u"12 Fatturata 09/11/2026"_s, u"13 Fatturata 15/11/2026"_s}));
+    Il(21);
+    Emetti(Nota, 30);
+    QCOMPARE(Giorni(Letta(Nota)), (QStringList{u"12 Fatturata 09/11/2026"_s, u"13 Fatturata 15/11/2026"_s,
+                                               u"30 Fatturata 21/11/2026"_s}));
+    // A copy changes no day.
+    Il(22);
+    Emetti(Nota, 30);
+    Emetti(Nota, 12);
+    QCOMPARE(Letta(Nota).Dati.Stato.Dal, u"21/11/2026"_s);
+    QCOMPARE(Giorni(Letta(Nota))[0], u"12 Fatturata 09/11/2026"_s);
+    // Which payment has paid which is not kept.
+    Copertura Vista;
+    Nota.xAcconti(NuovoAcconto(Nota), AccCorrispettivi) = 2300.0;
+    QVERIFY(SegueStato(Nota, Vista));
+    QCOMPARE(Giorni(Letta(Nota)), (QStringList{u"12 Pagata "_s, u"13 Pagata "_s, u"30 Pagata 22/11/2026"_s}));
+}
+
+void TestStornoCitato::ilGiornoDiChiLaDicePagata()
+{
+    Il(9);
+    Emetti(Nota, 12);
+    Il(15);
+    (void)ScegliStato(Nota, StatoNota::Pagata);
+    Il(21);
+    Emetti(Nota, 30);
+    QCOMPARE(Giorni(Letta(Nota)), (QStringList{u"12 Pagata 15/11/2026"_s, u"30 Fatturata 21/11/2026"_s}));
 }
 
 #include "TestStornoCitato.moc"
