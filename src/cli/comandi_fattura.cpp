@@ -160,8 +160,9 @@ Parcella NotaDaFatturare(const QString& Percorso, const NotaMultipla& Altra)
 QString FraseGiaScritta(const Parcella& Scritta, const QStringList& Cartelle)
 {
     const QString Nome = Scritta.FatturaXml.File;
-    const QString Frase =
-        u"La fattura è già stata scritta il %1 come %2"_s.arg(Scritta.FatturaXml.Quando, Nome);
+    const QString Frase = FraseGiaScritta(Scritta);
+    if (!Frase.endsWith(Nome))  // the file of an invoice before the last one
+        return Frase;
     if (std::ranges::any_of(Cartelle, [&](const QString& Cartella) { return EsisteFile(Cartella + Nome); }))
         return Frase;
     return Frase + u", che qui non si trova: se la scrittura è stata interrotta, la si ripete dalla finestra "

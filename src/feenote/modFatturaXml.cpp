@@ -1,5 +1,6 @@
 #include "feenote/modFatturaXml.h"
 
+#include "feenote/modEmessi.h"
 #include "feenote/modStato.h"
 #include "platform/base/regionale.h"
 #include "platform/system/orologio.h"
@@ -16,9 +17,31 @@ bool FatturaNumerata(const Parcella& Nota)
     return !Nota.DatiPar(DatoNumFatt).trimmed().isEmpty() && IsDate(Nota.DatiPar(DatoDataFatt).trimmed());
 }
 
-bool FatturaGiaScritta(const Parcella& Nota)
+namespace {
+
+/// The file that the note names is that of the invoice that it has now.
+bool ENominata(const Parcella& Nota)
 {
     return !Nota.FatturaXml.File.isEmpty() && Nota.FatturaXml.DiFattura == FirmaFattura(Nota);
+}
+
+}  // namespace
+
+bool FatturaGiaScritta(const Parcella& Nota)
+{
+    return ENominata(Nota) || HaFileScritto(Nota);
+}
+
+QString FraseGiaScritta(const DatiFatturaXml& Scritta)
+{
+    return u"La fattura è già stata scritta il %1 come %2"_s.arg(Scritta.Quando, Scritta.File);
+}
+
+QString FraseGiaScritta(const Parcella& Nota)
+{
+    return ENominata(Nota)
+               ? FraseGiaScritta(Nota.FatturaXml)
+               : u"La fattura %1 è già stata scritta come file"_s.arg(Nota.DatiPar(DatoNumFatt).simplified());
 }
 
 void SegnaFatturaScritta(Parcella& Nota, const QString& File, const QString& Progressivo)

@@ -1,5 +1,6 @@
 #include "feenote/modStato.h"
 
+#include "feenote/modEmessi.h"
 #include "feenote/modFatturaXml.h"
 #include "feenote/modInterruttori.h"
 #include "feenote/modResti.h"
@@ -63,16 +64,10 @@ SommeAcconti Senza(const SommeAcconti& A, const AccontiTenuti& B)
             A.AccontiSpeseEsenti - B.SpeseEsenti};
 }
 
-/// A document has gone out and counts.
-bool Uscita(const StatoTenuto& Tenuto)
-{
-    return Tenuto.Importi && Tenuto.Stato != StatoNota::Bozza;
-}
-
 /// The associated note of one that names it, or has gone out with it, and does not have it at the moment.
 std::optional<SocioTenuto> SocioVistoPrima(const Parcella& Nota)
 {
-    const bool Conta = !Nota.txtPathParcMult.isEmpty() || (Uscita(Nota.Stato) && Nota.Stato.ConSocio);
+    const bool Conta = !Nota.txtPathParcMult.isEmpty() || (EUscita(Nota.Stato) && Nota.Stato.ConSocio);
     return Conta && !Nota.Multipla() ? Nota.Stato.Socio : std::nullopt;
 }
 
@@ -214,13 +209,14 @@ DocumentoDaPagare DaPagare(const Parcella& Nota, int Tipo, const ImportiDocument
 /// A document has gone out that asks for money.
 bool HaChiesto(const StatoTenuto& Tenuto)
 {
-    return Uscita(Tenuto) && Tenuto.Importi->Netto > 0 && !Tenuto.Storno && ChiedePagamento(Tenuto.Documento);
+    return EUscita(Tenuto) && Tenuto.Importi->Netto > 0 && !Tenuto.Storno &&
+           ChiedePagamento(Tenuto.Documento);
 }
 
 /// The file has sent out what asks for money, or takes it back.
 bool HaDocumenti(const StatoTenuto& Tenuto)
 {
-    return HaChiesto(Tenuto) || (Uscita(Tenuto) && (Tenuto.Storno || !Tenuto.Emessi.isEmpty()));
+    return HaChiesto(Tenuto) || (EUscita(Tenuto) && (Tenuto.Storno || !Tenuto.Emessi.isEmpty()));
 }
 
 /// Each document that has asked for money is paid, less what its credit notes take back, whatever lines came
@@ -254,52 +250,6 @@ bool Conferma(Parcella& Nota, const StatoTenuto& Era)
     return true;
 }
 
-/// Number and date of the note's invoice as they count; both empty where it has none.
-struct NumeroEmesso
-{
-    QString Numero, Data;
-
-    friend bool operator==(const NumeroEmesso&, const NumeroEmesso&) = default;
-};
-
-NumeroEmesso NumeroDellaFattura(const Parcella& Nota)
-{
-    const auto Data = LeggiData(Nota.DatiPar(DatoDataFatt));
-    if (!FatturaNumerata(Nota) || !Data)
-        return {};
-    return {Nota.DatiPar(DatoNumFatt).simplified(), Format(*Data, u"dd/mm/yyyy")};
-}
-
-/// True of a document that stands among those before the last one: a copy of it changes nothing.
-bool EmessoPrima(const Parcella& Nota)
-{
-    const NumeroEmesso Ora = NumeroDellaFattura(Nota);
-    return !Ora.Numero.isEmpty() && std::ranges::any_of(Nota.Stato.Emessi, [&](const DocumentoEmesso& Uno) {
-        return Uno.Storno == ENotaDiCredito(Nota) && NumeroEmesso{Uno.Numero, Uno.Data} == Ora;
-    });
-}
-
-/// The electronic file of the document that has gone out last is written: it stands, and another number is
-/// that of another one.
-bool HaFile(const Parcella& Nota)
-{
-    const StatoTenuto& Tenuto = Nota.Stato;
-    const QString& Firma = Nota.FatturaXml.DiFattura;
-    const auto Giorno = LeggiData(Firma.section(u'|', 1));
-    const bool SuaFirma = Giorno && Firma.section(u'|', 0, 0).simplified() == Tenuto.Numero &&
-                          Format(*Giorno, u"dd/mm/yyyy") == Tenuto.Data;
-    return Tenuto.Emessa && !Tenuto.Numero.isEmpty() && (Tenuto.ConFile || SuaFirma);
-}
-
-/// What goes out is another document than the last one, which stands beside it: a credit note, the invoice
-/// behind one, an invoice of another number where the file of the last one is written.
-bool AltroDocumento(const Parcella& Nota, bool Storno)
-{
-    const StatoTenuto& Tenuto = Nota.Stato;
-    return Tenuto.Storno != Storno ||
-           (HaFile(Nota) && NumeroEmesso{Tenuto.Numero, Tenuto.Data} != NumeroDellaFattura(Nota));
-}
-
 /// Whoever sums sees the last document beside the one that goes out.
 void TieniEmesso(Parcella& Nota, bool Storno)
 {
@@ -307,9 +257,16 @@ void TieniEmesso(Parcella& Nota, bool Storno)
     if (!Tenuto.Emessa || !Tenuto.Importi || Tenuto.Stato < StatoNota::Fatturata)
         return;
     const QList<double> Resti = RestiDellaNota(Nota);
-    Tenuto.Emessi.append({Tenuto.Documento, Tenuto.Storno, Tenuto.ConSocio, Tenuto.Numero, Tenuto.Data,
-                          *Tenuto.Importi, 0.0, QString(), Tenuto.CitataNumero, Tenuto.CitataData,
-                          GiornoDi(Tenuto, StatoNota::Fatturata)});
+    Tenuto.Emessi.append({.Documento = Tenuto.Documento,
+                          .Storno = Tenuto.Storno,
+                          .ConSocio = Tenuto.ConSocio,
+                          .Numero = Tenuto.Numero,
+                          .Data = Tenuto.Data,
+                          .Importi = *Tenuto.Importi,
+                          .CitataNumero = Tenuto.CitataNumero,
+                          .CitataData = Tenuto.CitataData,
+                          .Dal = GiornoDi(Tenuto, StatoNota::Fatturata),
+                          .ConFile = HaFile(Nota)});
     GiornoDi(Tenuto, StatoNota::Fatturata) = Giorno();
     // What has paid the invoices so far has not paid the next one. What the user has said is paid needs no
     // payments that say so.
@@ -332,7 +289,7 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
 {
     const StatoTenuto Era = Nota.Stato;
     StatoTenuto& Tenuto = Nota.Stato;
-    if (Numerata && EmessoPrima(Nota))
+    if (Numerata && PostoEmesso(Nota) >= 0)
         return false;
     const StatoNota Verso = Numerata ? StatoNota::Fatturata : StatoNota::Inviata;
     // What a draft has been sent by before is of another time.
@@ -340,7 +297,7 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
     const int Nuovo = Peso(Tipo, Numerata);
     // Nobody owes a credit note, not even the draft of it that is shown before it has its number.
     const bool Storno = ENotaDiCredito(Nota) && TipoDi(Tipo).EFattura;
-    const bool Altro = Numerata && AltroDocumento(Nota, Storno);
+    const bool Altro = Numerata && EAltroDocumento(Nota, Storno);
     // A copy of what was paid already would ask for nothing.
     const bool Copia =
         Tenuto.Stato == StatoNota::Pagata && Nuovo == Presente && !ENotaDiCredito(Nota) && !Altro;
@@ -355,7 +312,7 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
         Tenuto.Documento = Tipo;
         Tenuto.Emessa = Numerata;
         Tenuto.Storno = Storno;
-        const NumeroEmesso Ora = Numerata ? NumeroDellaFattura(Nota) : NumeroEmesso();
+        const NumeroEmesso Ora = Numerata ? NumeroInMano(Nota) : NumeroEmesso();
         if (Presente == 0 || Altro || NumeroEmesso{Tenuto.Numero, Tenuto.Data} != Ora)
             Tenuto.ConFile = false;
         Tenuto.Numero = Ora.Numero;
@@ -391,13 +348,13 @@ void SegueNumero(const Parcella& Nota, StatoNota& Stato)
 void CorreggiNumero(Parcella& Nota)
 {
     StatoTenuto& Tenuto = Nota.Stato;
-    NumeroEmesso Ora = NumeroDellaFattura(Nota);
+    NumeroEmesso Ora = NumeroInMano(Nota);
     if (Ora.Numero.isEmpty() || ENotaDiCredito(Nota) != Tenuto.Storno)
         return;
     const bool Corretto = !Tenuto.NumeroPrima.isEmpty();
     const NumeroEmesso Prima = Corretto ? NumeroEmesso{Tenuto.NumeroPrima, Tenuto.DataPrima}
                                         : NumeroEmesso{Tenuto.Numero, Tenuto.Data};
-    if (EmessoPrima(Nota))
+    if (PostoEmesso(Nota) >= 0)
         Ora = Prima;
     Tenuto.Numero = Ora.Numero;
     Tenuto.Data = Ora.Data;
@@ -445,9 +402,9 @@ bool NotaFatturata(Parcella& Nota)
     const int InVista = Nota.cmbTipoStampa;
     const StatoTenuto Era = Nota.Stato;
     (void)SegnaUscita(Nota, TipoDi(InVista).EFattura ? InVista : int(StampaFatturaAnalitica), true);
-    const NumeroEmesso Ora = NumeroDellaFattura(Nota);
-    if (!Ora.Numero.isEmpty() && Ora == NumeroEmesso{Nota.Stato.Numero, Nota.Stato.Data} &&
-        ENotaDiCredito(Nota) == Nota.Stato.Storno)
+    if (const qsizetype Posto = PostoEmesso(Nota); Posto >= 0)
+        Nota.Stato.Emessi[Posto].ConFile = true;
+    else if (EUltimo(Nota))
         Nota.Stato.ConFile = true;
     return Conferma(Nota, Era);
 }
@@ -541,7 +498,7 @@ int DocumentoDelloStato(int Uscito, int InVista, StatoNota Stato)
 ImportiDocumento ImportiDellaNota(const Parcella& Nota)
 {
     const StatoTenuto& Tenuto = Nota.Stato;
-    if (Uscita(Tenuto))
+    if (EUscita(Tenuto))
         return *Tenuto.Importi;
     DatiCatena Dati = CatenaDelDocumento(Nota, DocumentoDegliImporti(Nota), SocioVistoPrima(Nota));
     if (Tenuto.Stato == StatoNota::Pagata)
@@ -557,7 +514,7 @@ QList<double> RestiDellaNota(const Parcella& Nota)
         Documenti.append(DaPagare(Nota, Uno.Documento, Uno.Importi, Uno.Storno, Uno.ConSocio));
         Documenti.last().Netto -= Uno.AMano;
     }
-    const bool Sola = !Uscita(Tenuto);
+    const bool Sola = !EUscita(Tenuto);
     if (Sola)
         Documenti.clear();  // nothing of a draft has gone out
     Documenti.append(DaPagare(Nota, DocumentoDegliImporti(Nota), ImportiDellaNota(Nota),
@@ -570,7 +527,7 @@ QList<double> RestiDellaNota(const Parcella& Nota)
 
 bool UscitaConSocio(const Parcella& Nota)
 {
-    return Uscita(Nota.Stato) &&
+    return EUscita(Nota.Stato) &&
            (Nota.Stato.ConSocio || std::ranges::any_of(Nota.Stato.Emessi, &DocumentoEmesso::ConSocio));
 }
 

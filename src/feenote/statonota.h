@@ -85,6 +85,7 @@ struct DocumentoEmesso
     QString CitataNumero = {}, CitataData = {};  ///< of a credit note: the invoice that it cited
     /// Since when it is invoiced, or paid where the user has said so, dd/mm/yyyy; empty: not known.
     QString Dal = {};
+    bool ConFile = false;  ///< its electronic file is written
 
     friend bool operator==(const DocumentoEmesso&, const DocumentoEmesso&) = default;
 };

@@ -77,6 +77,8 @@ private Q_SLOTS:
     void ilNumeroDiUnaDiPrima_data();
     void ilNumeroDiUnaDiPrima();
     void unSecondoFileDiUnaDiPrima();
+    void ogniFileEDelSuo();
+    void ilFileDiUnaStampataPrima();
     void pagataAMano();
     void pagataAManoDopoLoStorno();
     void laSinteticaDellaStessa();
@@ -264,6 +266,62 @@ void TestFatturaUscita::unSecondoFileDiUnaDiPrima()
     Numera(Nota, u"32"_s);
     (void)SegueStato(Nota, Vista);
     QCOMPARE(Numeri(Nota), u"12 30 | 32"_s);
+}
+
+/// Whichever invoice of the note is in hand, its file is known for written, and no other one's is.
+void TestFatturaUscita::ogniFileEDelSuo()
+{
+    const auto Scritte = [this] {
+        QString Quali;
+        for (const QString& Numero : {u"12"_s, u"30"_s, u"31"_s}) {
+            Numera(Nota, Numero);
+            if (FatturaGiaScritta(Nota))
+                Quali += Numero + u' ';
+        }
+        return Quali;
+    };
+    Stampa(Nota);
+    QCOMPARE(Scritte(), QString());
+    Numera(Nota, u"12"_s);
+    ScriviFile(Nota);
+    QCOMPARE(Scritte(), u"12 "_s);
+    Numera(Nota, u"30"_s);
+    Stampa(Nota);
+    QCOMPARE(Scritte(), u"12 "_s);
+    Numera(Nota, u"12"_s);
+    QCOMPARE(FraseGiaScritta(Nota), u"La fattura è già stata scritta il 22/11/2026 come IT1.xml"_s);
+    Numera(Nota, u"30"_s);
+    ScriviFile(Nota);
+    QCOMPARE(Scritte(), u"12 30 "_s);
+    Numera(Nota, u"12"_s);
+    QCOMPARE(FraseGiaScritta(Nota), u"La fattura 12 è già stata scritta come file"_s);
+    Nota.FatturaXml.Tipo = u"TD04"_s;
+    QCOMPARE(Scritte(), u"30 "_s);  // by the name of the file alone, whatever its kind
+    Nota.FatturaXml.Tipo.clear();
+    // Again the first, on the user's word: that of the last one is known none the less.
+    Numera(Nota, u"12"_s);
+    ScriviFile(Nota);
+    QCOMPARE(Scritte(), u"12 30 "_s);
+    QCOMPARE(Numeri(Nota), u"12 | 30"_s);
+    (void)ScegliStato(Nota, Bozza);
+    QCOMPARE(Scritte(), u"12 "_s);
+}
+
+/// Printed first, an earlier invoice gets its file later.
+void TestFatturaUscita::ilFileDiUnaStampataPrima()
+{
+    Stampa(Nota);
+    Nota.FatturaXml.Tipo = u"TD04"_s;
+    Numera(Nota, u"13"_s);
+    Stampa(Nota);
+    Nota.FatturaXml.Tipo.clear();
+    Numera(Nota, u"12"_s);
+    QVERIFY(!FatturaGiaScritta(Nota));
+    ScriviFile(Nota);
+    Numera(Nota, u"30"_s);
+    ScriviFile(Nota);
+    Numera(Nota, u"12"_s);
+    QVERIFY(FatturaGiaScritta(Nota));
 }
 
 /// By hand, as in an office that writes no payments down: the next invoice is open, this one is not.

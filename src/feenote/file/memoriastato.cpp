@@ -32,6 +32,9 @@ static_assert(VociCitate.size() == VociEmessi.size());
 const std::array VociDal{u"Stato.Dal.Emesso.1"_s, u"Stato.Dal.Emesso.2"_s, u"Stato.Dal.Emesso.3"_s,
                          u"Stato.Dal.Emesso.4"_s};
 static_assert(VociDal.size() == VociEmessi.size());
+const std::array VociConFile{u"Stato.ConFile.Emesso.1"_s, u"Stato.ConFile.Emesso.2"_s,
+                             u"Stato.ConFile.Emesso.3"_s, u"Stato.ConFile.Emesso.4"_s};
+static_assert(VociConFile.size() == VociEmessi.size());
 const QString VoceNumero = u"txtDatiPar.Numero"_s;
 const QString VoceData = u"txtDatiPar.Data"_s;
 const QString VoceScadenza = u"FatturaXml.Scadenza"_s;
@@ -232,6 +235,7 @@ QList<EmessoLetto> LeggiEmessi(const MemoriaFile& Memoria, double Massimo)
             DocumentoEmesso& Che = Letti.last().Che;
             LeggiFattura(Memoria.value(VociCitate[i]), Che.CitataNumero, Che.CitataData);
             Che.Dal = GiornoBuono(Memoria.value(VociDal[i]));
+            Che.ConFile = Memoria.value(VociConFile[i]) == u"1";
         }
     return Letti;
 }
@@ -327,6 +331,7 @@ void ScriviStato(const Parcella& Nota, MemoriaFile& Memoria)
         Metti(VociEmessi[size_t(i)], Vuota ? QString() : Scritto(Uno, Resti.value(i)));
         Metti(VociCitate[size_t(i)], Scritta(Uno.CitataNumero, Uno.CitataData));
         Metti(VociDal[size_t(i)], Uno.Dal);
+        Metti(VociConFile[size_t(i)], Uno.ConFile ? u"1"_s : QString());
     }
     const std::optional<SocioTenuto> Socio = SocioDellaNota(Nota);
     const std::optional<AccontiTenuti> Detti = Tenuto.Importi ? Tenuto.Importi->DelSocio : std::nullopt;
@@ -377,6 +382,8 @@ const QStringList& VociDiStato()
 {
     static const QStringList Voci = [] {
         QStringList Tutte{VocePrima, VoceEmessa, VoceConFile, VoceConSocio, VoceSocio};
+        for (const QString& Voce : VociConFile)
+            Tutte += Voce;
         for (const QString& Nome : VociStatoLetto())
             if (Nome.startsWith(VoceStato))
                 Tutte += Nome;

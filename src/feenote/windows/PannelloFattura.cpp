@@ -263,7 +263,7 @@ void PannelloFattura::MostraStato()
 {
     QString Stato;
     if (FatturaGiaScritta(Nota))
-        Stato = u"Già scritta il %1 come %2. "_s.arg(Nota.FatturaXml.Quando, Nota.FatturaXml.File);
+        Stato = FraseGiaScritta(Nota).replace(u"La fattura è già stata scritta"_s, u"Già scritta"_s) + u". "_s;
     const int Quante = int(Composta.Mancanze.size());
     if (Quante == 0)
         Stato += u"Non manca nulla: il file si può salvare."_s;

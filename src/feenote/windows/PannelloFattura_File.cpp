@@ -84,11 +84,12 @@ void PannelloFattura::cmdSalvaXml_Click()
         return;
     // Another place may have written it since the note was opened here.
     const DatiFatturaXml NelFile = ScrittaDaAltri();
-    const DatiFatturaXml Scritta = FatturaGiaScritta(Nota) ? Nota.FatturaXml : NelFile;
+    const QString Scritta = FatturaGiaScritta(Nota)   ? FraseGiaScritta(Nota)
+                            : !NelFile.File.isEmpty() ? FraseGiaScritta(NelFile)
+                                                      : QString();
     const auto Chiedi = [&]() -> QString {
-        if (!Scritta.File.isEmpty() &&
-            MsgBox(u"La fattura è già stata scritta il %1 come %2.\nScriverla di nuovo, con un altro nome?"_s
-                       .arg(Scritta.Quando, Scritta.File),
+        if (!Scritta.isEmpty() &&
+            MsgBox(Scritta + u".\nScriverla di nuovo, con un altro nome?"_s,
                    vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString()) != vbYes)
             return {};
         return DialogoSalva(u"Salva la fattura elettronica"_s,

@@ -132,8 +132,8 @@ void TestScadenzarioStorni::leDueRighe()
     });
     QCOMPARE(Csv.count("\r\n"), 3);
     QVERIFY(
-        Csv.contains("\r\nRossi Mario;0;;Fattura analitica;12;09/11/2026;Fatturata;;;1150,00;46,00;263,12;"
-                     "0,00;1459,12;1459,12;0,00;0,00;una\r\n"));
+        Csv.contains("\r\nRossi Mario;0;;Fattura analitica;12;09/11/2026;Fatturata;22/11/2026;;1150,00;46,00;"
+                     "263,12;0,00;1459,12;1459,12;0,00;0,00;una\r\n"));
     QVERIFY(Csv.contains(
         "\r\nRossi Mario;0;;Nota di credito della fattura 12;13;09/11/2026;Fatturata;22/11/2026;;"
         "-1150,00;-46,00;-263,12;0,00;-1459,12;-1459,12;0,00;0,00;una\r\n"));
