@@ -2,7 +2,9 @@
 
 #include "feenote/modFatturaXml.h"
 #include "feenote/modStorno.h"
+#include "feenote/modTotali.h"
 #include "platform/base/regionale.h"
+#include "platform/system/orologio.h"
 
 #include <algorithm>
 
@@ -62,4 +64,70 @@ bool HaFileScritto(const Parcella& Nota)
         return false;
     const qsizetype Posto = PostoEmesso(Nota);
     return Posto >= 0 ? Nota.Stato.Emessi[Posto].ConFile : EUltimo(Nota) && HaFile(Nota);
+}
+
+namespace {
+
+/// The one in hand has gone out already, on paper, beside the one before it.
+bool UscitoAccanto(const Parcella& Nota)
+{
+    return EUltimo(Nota) && !HaFile(Nota);
+}
+
+double TotaleInVista(const Parcella& Nota)
+{
+    const int InVista = Nota.cmbTipoStampa;
+    const int Tipo = TipoDi(InVista).EFattura ? InVista : int(StampaFatturaAnalitica);
+    return Arrotonda2(CatenaFiscale(RaccogliFattura(Nota, Tipo)).Totale);
+}
+
+}  // namespace
+
+std::optional<NumeroEmesso> ForseScartato(const Parcella& Nota)
+{
+    const StatoTenuto& Tenuto = Nota.Stato;
+    const bool Storno = ENotaDiCredito(Nota);
+    const NumeroEmesso Ora = NumeroInMano(Nota);
+    if (Ora.Numero.isEmpty() || !EUscita(Tenuto) || PostoEmesso(Nota) >= 0)
+        return std::nullopt;
+    NumeroEmesso Primo;
+    double Totale = 0.0;
+    if (UscitoAccanto(Nota)) {
+        if (Tenuto.Emessi.isEmpty())
+            return std::nullopt;
+        const DocumentoEmesso& Ultimo = Tenuto.Emessi.last();
+        if (Ultimo.Storno != Storno || !Ultimo.ConFile || Ultimo.AMano > 0)
+            return std::nullopt;
+        Primo = {Ultimo.Numero, Ultimo.Data};
+        Totale = Ultimo.Importi.Totale;
+    } else {
+        if (Tenuto.Storno != Storno || !EAltroDocumento(Nota, Storno))
+            return std::nullopt;
+        Primo = {Tenuto.Numero, Tenuto.Data};
+        Totale = Tenuto.Importi->Totale;
+    }
+    if (Primo.Numero != Ora.Numero) {
+        Parcella AlSuoPosto = Nota;
+        PrendiIlPosto(AlSuoPosto);
+        if (TotaleInVista(AlSuoPosto) != Arrotonda2(Totale))
+            return std::nullopt;
+    }
+    return Primo;
+}
+
+void PrendiIlPosto(Parcella& Nota)
+{
+    StatoTenuto& Tenuto = Nota.Stato;
+    if (UscitoAccanto(Nota)) {
+        if (!Tenuto.Emessi.isEmpty())
+            Tenuto.Emessi.removeLast();
+        return;
+    }
+    const NumeroEmesso Ora = NumeroInMano(Nota);
+    Tenuto.Numero = Ora.Numero;
+    Tenuto.Data = Ora.Data;
+    Tenuto.NumeroPrima.clear();
+    Tenuto.DataPrima.clear();
+    Tenuto.ConFile = false;
+    Tenuto.Giorni[size_t(StatoNota::Fatturata)] = Format(Oggi(), u"dd/mm/yyyy");
 }

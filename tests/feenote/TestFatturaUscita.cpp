@@ -4,6 +4,7 @@
 #include "notadamille.h"
 
 #include "feenote/modAcconti.h"
+#include "feenote/modEmessi.h"
 #include "feenote/modFatturaXml.h"
 #include "feenote/modStato.h"
 #include "feenote/modStorno.h"
@@ -78,6 +79,8 @@ private Q_SLOTS:
     void ilNumeroDiUnaDiPrima();
     void unSecondoFileDiUnaDiPrima();
     void ogniFileEDelSuo();
+    void forseScartata();
+    void alPostoDellaScartata();
     void ilFileDiUnaStampataPrima();
     void pagataAMano();
     void pagataAManoDopoLoStorno();
@@ -321,6 +324,64 @@ void TestFatturaUscita::ilFileDiUnaStampataPrima()
     Numera(Nota, u"30"_s);
     ScriviFile(Nota);
     Numera(Nota, u"12"_s);
+    QVERIFY(FatturaGiaScritta(Nota));
+}
+
+/// Number or total of the former one, of the same kind, whose file is written: it may stand for it.
+void TestFatturaUscita::forseScartata()
+{
+    const auto Forse = [this](const QString& Numero, const QString& Data) {
+        Nota.txtDatiPar[DatoNumFatt] = Numero;
+        Nota.txtDatiPar[DatoDataFatt] = Data;
+        const auto Primo = ForseScartato(Nota);
+        return Primo ? Primo->Numero + u' ' + Primo->Data : QString();
+    };
+    const QString Dodici = u"12 09/11/2026"_s;
+    const QString Ieri = u"21/11/2026"_s;
+    QCOMPARE(Forse(u"12"_s, u"09/11/2026"_s), QString());
+    Stampa(Nota);
+    QCOMPARE(Forse(u"12"_s, Ieri), QString());  // on paper alone it is put right
+    (void)Forse(u"12"_s, u"09/11/2026"_s);
+    ScriviFile(Nota);
+    QCOMPARE(Forse(u"12"_s, u"09/11/2026"_s), QString());
+    QCOMPARE(Forse(u"12"_s, Ieri), Dodici);
+    QCOMPARE(Forse(u"13"_s, Ieri), Dodici);
+    // What was paid since is paid of either.
+    Paga(Nota, 400);
+    QCOMPARE(Forse(u"13"_s, Ieri), Dodici);
+    Nota.xOnorari(0, OnoImporto) = 1200.0;
+    QCOMPARE(Forse(u"13"_s, Ieri), QString());
+    QCOMPARE(Forse(u"12"_s, Ieri), Dodici);
+    Nota.FatturaXml.Tipo = u"TD04"_s;
+    QCOMPARE(Forse(u"12"_s, Ieri), QString());
+    Nota.FatturaXml.Tipo.clear();
+    // Printed before it is written.
+    Stampa(Nota);
+    QCOMPARE(Numeri(Nota), u"12 | 12"_s);
+    QCOMPARE(Forse(u"12"_s, Ieri), Dodici);
+    PrendiIlPosto(Nota);
+    QCOMPARE(Numeri(Nota), u" | 12"_s);
+    QCOMPARE(Nota.Stato.Data, Ieri);
+}
+
+/// It is one invoice of the whole sum, since the day on which it has gone out, and what was paid is paid of
+/// it.
+void TestFatturaUscita::alPostoDellaScartata()
+{
+    InstallaOrologio([] { return QDateTime(QDate(2026, 11, 9), QTime(10, 0)); });
+    ScriviFile(Nota);
+    InstallaOrologio([] { return QDateTime(QDate(2026, 11, 22), QTime(10, 0)); });
+    Paga(Nota, 400);
+    Numera(Nota, u"13"_s);
+    QVERIFY(ForseScartato(Nota));
+    QCOMPARE(Totale(Nota), Meno400);
+    PrendiIlPosto(Nota);
+    QCOMPARE(Totale(Nota), Intero);
+    ScriviFile(Nota);
+    QCOMPARE(Numeri(Nota), u" | 13"_s);
+    QCOMPARE(ImportiDellaNota(Nota).Totale, Intero);
+    QCOMPARE(RestiDellaNota(Nota), QList<double>{Meno400});
+    QCOMPARE(Nota.Stato.Dal(), u"22/11/2026"_s);
     QVERIFY(FatturaGiaScritta(Nota));
 }
 

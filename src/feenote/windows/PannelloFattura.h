@@ -55,7 +55,7 @@ private:
     void ChiediColonne();
     void cmdSalvaXml_Click();
     void cmdControllaXml_Click();
-    void Scrivi(const QString& Cartella, int Atteso, const QString& GiaNoto);
+    void Scrivi(const QString& Cartella, int Atteso, const QString& GiaNoto, bool AlSuoPosto);
     /// What the note's file says of a file of this invoice; empty where it says nothing.
     [[nodiscard]] DatiFatturaXml ScrittaDaAltri() const;
 

@@ -10,7 +10,9 @@
 #include "feenote/einvoice/controlli.h"
 #include "feenote/einvoice/scrittura.h"
 #include "feenote/file/modSalvataggio.h"
+#include "feenote/modEmessi.h"
 #include "feenote/modFatturaXml.h"
+#include "feenote/modStorno.h"
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/frmControlloFattura.h"
 #include "feenote/windows/ui_PannelloFattura.h"
@@ -43,6 +45,13 @@ QString CartellaFatture()
 {
     const QString Ultima = Impostazione(ChiaveCartella);
     return Barra(!Ultima.isEmpty() && EsisteCartella(Ultima) ? Ultima : sessione::ParcellePath);
+}
+
+QString FraseScartato(const NumeroEmesso& Prima, bool Storno)
+{
+    return (Storno ? u"La nota di credito"_s : u"La fattura"_s) +
+           u" %1 del %2 ha già il suo file.\nÈ stata scartata, e questa ne prende il posto? Rispondendo No "
+           u"valgono tutte e due."_s.arg(Prima.Numero, Prima.Data);
 }
 
 }  // namespace
@@ -87,7 +96,12 @@ void PannelloFattura::cmdSalvaXml_Click()
     const QString Scritta = FatturaGiaScritta(Nota)   ? FraseGiaScritta(Nota)
                             : !NelFile.File.isEmpty() ? FraseGiaScritta(NelFile)
                                                       : QString();
+    const auto Scartato = Scritta.isEmpty() ? ForseScartato(Nota) : std::nullopt;
+    bool AlSuoPosto = false;
     const auto Chiedi = [&]() -> QString {
+        if (Scartato)
+            AlSuoPosto = MsgBox(FraseScartato(*Scartato, ENotaDiCredito(Nota)),
+                                vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString()) == vbYes;
         if (!Scritta.isEmpty() &&
             MsgBox(Scritta + u".\nScriverla di nuovo, con un altro nome?"_s,
                    vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString()) != vbYes)
@@ -110,7 +124,7 @@ void PannelloFattura::cmdSalvaXml_Click()
         MsgErrore(u"Il file %1 esiste già e non viene sostituito: scegliere un'altra cartella!"_s.arg(Nome));
         return;
     }
-    Scrivi(CartellaFile(Scelto), Atteso, NelFile.File);
+    Scrivi(CartellaFile(Scelto), Atteso, NelFile.File, AlSuoPosto);
 }
 
 DatiFatturaXml PannelloFattura::ScrittaDaAltri() const
@@ -123,7 +137,8 @@ DatiFatturaXml PannelloFattura::ScrittaDaAltri() const
 /// says that it was written before it is: a program that is killed in between has written no invoice that its
 /// note does not know.
 /// @param GiaNoto the file of this invoice that the note's file named when the user chose to write
-void PannelloFattura::Scrivi(const QString& Cartella, int Atteso, const QString& GiaNoto)
+/// @param AlSuoPosto it stands for the one before it, which was discarded
+void PannelloFattura::Scrivi(const QString& Cartella, int Atteso, const QString& GiaNoto, bool AlSuoPosto)
 {
     const QString NonScritta = u"La fattura elettronica non è stata scritta: "_s;
     int Preso = 0;
@@ -134,11 +149,13 @@ void PannelloFattura::Scrivi(const QString& Cartella, int Atteso, const QString&
         return;
     }
     const QString Progressivo = ProgressivoFile(Preso);
-    const FatturaElettronica Fattura = Componi(Progressivo).Fattura;
-    const QString Nome = NomeFileFattura(Fattura);
     const bool Intatta = !Nota.Modificata;
     const DatiFatturaXml Prima = Nota.FatturaXml;
     const StatoTenuto Stato = Nota.Stato;
+    if (AlSuoPosto)
+        PrendiIlPosto(Nota);  // before its payments are looked at
+    const FatturaElettronica Fattura = Componi(Progressivo).Fattura;
+    const QString Nome = NomeFileFattura(Fattura);
     SegnaFatturaScritta(Nota, Nome, Progressivo);
     const bool Tenuta = Cornice.FatturaScritta(Intatta);
     if (const QString Altrui = Tenuta ? QString() : ScrittaDaAltri().File;

@@ -336,6 +336,7 @@ void TestFatturaElettronica::unAltroNumeroNonChiede()
     ApriPannello();
     SalvaIn(T->Ufficio.Cartella(), 1);
     Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_11"), u"13"_s);
+    F->Nota.xOnorari(0, OnoImporto) = 1250.0;
     ApriPannello();
     QVERIFY2(Stato().startsWith(u"Non manca nulla"_s), qPrintable(Stato()));
     SalvaIn(T->Ufficio.Cartella(), 2);

@@ -22,6 +22,9 @@ private Q_SLOTS:
     void scrittaDaUnAltroPosto_data();
     void scrittaDaUnAltroPosto();
     void leSueDiPrimaNonSonoDiAltri();
+    void alPostoDiUnaScartata_data();
+    void alPostoDiUnaScartata();
+    void diNuovoUnaDiPrima();
 };
 PROVA(TestFatturaSegnata);
 
@@ -123,6 +126,61 @@ void TestFatturaSegnata::leSueDiPrimaNonSonoDiAltri()
     }
     QCOMPARE(FatturaNelFile(F->Nota).File, Nome(1));
     QCOMPARE(F->Nota.FatturaXml.File, Nome(3));
+}
+
+void TestFatturaSegnata::alPostoDiUnaScartata_data()
+{
+    QTest::addColumn<int>("Risposta");
+    QTest::addColumn<bool>("SiScrive");
+    QTest::newRow("yes") << vbYes << true;
+    QTest::newRow("no") << vbNo << true;
+    QTest::newRow("yes, but no file") << vbYes << false;
+}
+
+/// Only the user knows whether the former file was discarded.
+void TestFatturaSegnata::alPostoDiUnaScartata()
+{
+    QFETCH(int, Risposta);
+    QFETCH(bool, SiScrive);
+    ApriPannello();
+    SalvaIn(T->Ufficio.Cartella(), 1);
+    const StatoTenuto Prima = F->Nota.Stato;
+    Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_11"), u"13"_s);
+    ApriPannello();
+    T->Voce.Attendi(
+        u"La fattura %1 del %2 ha già il suo file.\nÈ stata scartata, e questa ne prende il posto? "
+        u"Rispondendo No valgono tutte e due."_s.arg(Prima.Numero, Prima.Data),
+        Risposta, u"Domanda:"_s);
+    if (SiScrive) {
+        SalvaIn(T->Ufficio.Cartella(), 2);
+        QCOMPARE(F->Nota.Stato.Emessi.size(), Risposta == vbYes ? 0 : 1);
+        QCOMPARE(F->Nota.Stato.Numero, u"13"_s);
+        return;
+    }
+    T->Voce.AttendiSalva(T->Ufficio.File(u"nessuna/IT%1_00002.xml"_s.arg(CodiceStudio)));
+    T->Voce.Tollera();
+    Clic(Controllo(F, "cmdSalvaXml"));
+    QCOMPARE(F->Nota.Stato, Prima);
+}
+
+/// The one before the last has its file too.
+void TestFatturaSegnata::diNuovoUnaDiPrima()
+{
+    ApriPannello();
+    SalvaIn(T->Ufficio.Cartella(), 1);
+    Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_11"), u"13"_s);
+    F->Nota.xOnorari(0, OnoImporto) = 1250.0;
+    ApriPannello();
+    SalvaIn(T->Ufficio.Cartella(), 2);
+    QCOMPARE(F->Nota.Stato.Emessi.size(), 1);
+    // The one before the last has its file too.
+    Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_11"), u"12"_s);
+    ApriPannello();
+    QVERIFY2(Stato().startsWith(u"La fattura 12 è già stata scritta come file. "_s), qPrintable(Stato()));
+    T->Voce.Attendi(u"La fattura 12 è già stata scritta come file.\nScriverla di nuovo, con un altro nome?"_s,
+                    vbNo, u"Domanda:"_s);
+    Clic(Controllo(F, "cmdSalvaXml"));
+    QCOMPARE(Impostazione(u"ProgTrasm"_s), u"2"_s);
 }
 
 #include "TestFatturaSegnata.moc"
