@@ -2,6 +2,11 @@
 
 #include "addressbook/modRubrica.h"
 #include "platform/base/errore.h"
+#include "platform/system/file.h"
+#include "platform/system/permessi.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include <algorithm>
 
@@ -29,9 +34,30 @@ std::optional<qint64> UltimaDelMotore(const Database& Db, const QString& Tabella
     }
 }
 
+constexpr qint64 MassimoAccanto = 64 << 10;
+
+QString FileAccantoA(const QString& Archivio)
+{
+    return FileVero(Archivio) + u".chiavi"_s;
+}
+
+/// Empty where nothing is kept beside an archive, or nothing that can be read.
+QJsonObject TenuteAccanto(const QString& Archivio)
+{
+    const QString File = FileAccantoA(Archivio);
+    if (Archivio.isEmpty() || !EsisteFile(File))
+        return {};
+    try {
+        return QJsonDocument::fromJson(LeggiFile(File, MassimoAccanto)).object();
+    } catch (const Errore&) {
+        return {};  // who may read the archive alone adds names all the same
+    }
+}
+
 qint64 UltimaTrattenuta(const Database& Db, const QString& Tabella)
 {
-    return Db.Annotazioni().value(NomeAnnotazione(Tabella)).toLongLong();
+    return std::max(Db.Annotazioni().value(NomeAnnotazione(Tabella)).toLongLong(),
+                    TenuteAccanto(Db.Percorso())[Tabella.toLower()].toInteger());
 }
 
 }  // namespace
@@ -53,6 +79,15 @@ void TrattieniChiavi(const Database& Db, const QString& Tabella, qint64 Fino)
         if (Guasto.Numero != errori::Imprevisto)
             throw;
     }
+}
+
+void TrattieniAccanto(const QString& Archivio, const QString& Tabella, qint64 Fino)
+{
+    QJsonObject Tenute = TenuteAccanto(Archivio);
+    if (Tenute[Tabella.toLower()].toInteger() >= Fino)
+        return;
+    Tenute[Tabella.toLower()] = Fino;
+    ScriviFile(FileAccantoA(Archivio), QJsonDocument(Tenute).toJson());
 }
 
 std::optional<qint64> PrimaChiaveLibera(const Database& Db, const QString& Tabella)

@@ -7,12 +7,17 @@
 #include <optional>
 
 /// The highest key that a table has given, as far as its file knows: that of its rows, of the engine's own
-/// counter, of what TrattieniChiavi keeps; 0 for none. @throws Errore as OpenRecordset
+/// counter, of what TrattieniChiavi and TrattieniAccanto keep; 0 for none. @throws Errore as OpenRecordset
 [[nodiscard]] qint64 UltimaChiaveData(const Database& Db, const QString& Tabella);
 
 /// No key up to this one is given to a new row any more. Where another program has a table of its own in the
 /// place of what the program keeps in a file, nothing is kept. @throws Errore as Execute
 void TrattieniChiavi(const Database& Db, const QString& Tabella, qint64 Fino);
+
+/// The same for an archive that must stay byte for byte as it is: the key is kept in a small file beside it,
+/// called as the archive with ".chiavi" behind it, until a new row has taken the archive beyond.
+/// @throws Errore as ScriviFile
+void TrattieniAccanto(const QString& Archivio, const QString& Tabella, qint64 Fino);
 
 /// The key for a new row of a table; none where the engine gives it, or where there is no key.
 /// @throws Errore as OpenRecordset

@@ -277,7 +277,7 @@ QList<Scenario> ScenariArchivi()
                                               Contenuto(FileArchivio(Dove) + u".prima"_s) == Archivio();
                           return Intero ? Trovato::Prima : Trovato::Rotto;
                       },
-                  .Ammessi = {u"DatiStudio\\.mdb(\\.prima(\\.2)?(\\.json)?)?"_s},
+                  .Ammessi = {u"DatiStudio\\.mdb(\\.prima(\\.2)?(\\.json)?|\\.chiavi)?"_s},
                   .Spazza = [](const Posto& Dove) { TogliRestiDiImportazioni(FileArchivio(Dove)); }});
     Tutti.append(
         {.Nome = u"fattura"_s,

@@ -1,5 +1,6 @@
 #include "addressbook/exchange/annullo.h"
 
+#include "addressbook/chiavi.h"
 #include "addressbook/exchange/tabellaestranea.h"
 #include "addressbook/exchange/turnoarchivio.h"
 #include "platform/base/errore.h"
@@ -293,6 +294,9 @@ void AnnullaImportazione(const QString& Archivio)
     if (SommaDi(Copia).Impronta != Detto[u"prima"_s].toString())
         RifiutaFile(u"La copia dell'archivio \"%1\" è cambiata o rovinata: l'importazione non si può "
                     "annullare e l'archivio resta com'è."_s.arg(Copia));
+    // A note may be linked to a name of the import already: its key must find nobody else.
+    if (const QString Tabella = Detto[u"tabella"_s].toString(); Detto[u"aggiunti"_s].toInt() > 0)
+        TrattieniAccanto(Archivio, Tabella, UltimaChiaveData(OpenDatabase(Archivio, true), Tabella));
     DaiPermessi(Copia, Archivio, Lettori::Tutti);
     ScriviSulDisco(Copia);
     SostituisciFile(Copia, FileVero(Archivio));

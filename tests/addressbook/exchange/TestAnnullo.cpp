@@ -1,6 +1,7 @@
 // The way back from an import, while others are at the archive.
 #include "studio.h"
 
+#include "addressbook/chiavi.h"
 #include "addressbook/exchange/annullo.h"
 #include "platform/base/numerierrore.h"
 #include "platform/database/connessione.h"
@@ -30,6 +31,8 @@ private Q_SLOTS:
     void unArchivioBloccatoNonEModificato();
     void unArchivioIlleggibileNonEModificato();
     void unArchivioBloccatoNonCostaLaCopia();
+    void leChiaviNonTornano_data();
+    void leChiaviNonTornano();
 
 private:
     void Importa(const QString& Nome) const
@@ -154,6 +157,39 @@ void TestAnnullo::unArchivioBloccatoNonCostaLaCopia()
     QVERIFY(QFile::exists(Copia + u".2"_s));
     AnnullaImportazione(S->File);
     QCOMPARE(S->Byte(), Prima);
+}
+
+void TestAnnullo::leChiaviNonTornano_data()
+{
+    QTest::addColumn<QString>("Prima");  // names that stand there before the import
+    QTest::newRow("empty archive") << QString();
+    QTest::newRow("other names") << u"INSERT INTO clienti (Nominativo) VALUES ('Bianchi'), ('Verdi')"_s;
+}
+
+/// A note may be linked to a name of the import: no other person gets its key.
+void TestAnnullo::leChiaviNonTornano()
+{
+    QFETCH(QString, Prima);
+    S = std::make_unique<Studio>();
+    if (!Prima.isEmpty())
+        S->Esegui(Prima);
+    const QByteArray Era = S->Byte();
+    Importa(u"Rossi"_s);
+    const int Tolta = S->Righe({u"ID"_s}).last().toInt();
+    AnnullaImportazione(S->File);
+    QCOMPARE(S->Byte(), Era);
+    QVERIFY(!S->Righe({u"ID"_s}).contains(QString::number(Tolta)));
+    Importa(u"Neri"_s);
+    QCOMPARE(S->Righe({u"ID"_s}).last().toInt(), Tolta + 1);
+    AnnullaImportazione(S->File);
+    QCOMPARE(S->Byte(), Era);
+    const qint64 Libera = PrimaChiaveLibera(OpenDatabase(S->File), u"clienti"_s).value_or(0);
+    QCOMPARE(Libera, Tolta + 2);
+    // A row that has it takes the archive's own counter there.
+    S->Esegui(u"INSERT INTO clienti (ID, Nominativo) VALUES (?, 'Gialli')"_s, {Libera});
+    QVERIFY(QFile::remove(S->File + u".chiavi"_s));
+    S->Esegui(u"INSERT INTO clienti (Nominativo) VALUES ('Viola')"_s);
+    QCOMPARE(S->Righe({u"ID"_s}).last().toInt(), Tolta + 3);
 }
 
 #include "TestAnnullo.moc"

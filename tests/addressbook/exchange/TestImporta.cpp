@@ -233,7 +233,7 @@ void TestImporta::siAnnulla()
     QCOMPARE(S->Byte(), Prima);
     QCOMPARE(QFile::permissions(S->File), Diritti);
     QCOMPARE(S->Righe({u"Nominativo"_s}), QStringList{u"Prima"_s});
-    QCOMPARE(ContenutoDi(S->Cartella), QStringList{u"DatiStudio.mdb"_s});
+    QCOMPARE(ContenutoDi(S->Cartella), (QStringList{u"DatiStudio.mdb"_s, u"DatiStudio.mdb.chiavi"_s}));
 }
 
 /// The settings may name a link to the archive: the copy lies beside the file itself.
