@@ -121,14 +121,21 @@ QString NomeNuovo(const QString& Nome)
 class Copiatura
 {
 public:
-    Copiatura(const QString& Da, const QString& A, const std::function<bool()>& Prosegui)
-        : Origine(Da), Arrivo(A), Ancora(Prosegui)
+    /// @param Come gets what became of them where it is not finished
+    Copiatura(const QString& Da, const QString& A, const std::function<bool()>& Prosegui, CopiaFermata& Come)
+        : Origine(Da), Arrivo(A), Ancora(Prosegui), Fermata(Come)
     {}
     ~Copiatura()
     {
-        for (const Fatta& Copia : std::as_const(Copie))
-            if (Copia.ComeAllora())
+        for (const Fatta& Copia : std::as_const(Copie)) {
+            const bool Sua = Copia.ComeAllora();
+            if (Sua)
                 ScartaFile(Copia.File);
+            if (!EsisteFile(Copia.File))
+                ++Fermata.Tolte;
+            else
+                (Sua ? Fermata.Rimaste : Fermata.Salvate).append(Copia.File);
+        }
         // One that somebody has put a file into stays.
         while (!Cartelle.isEmpty())
             ScartaCartella(Cartelle.takeLast());
@@ -192,6 +199,7 @@ private:
     QString Origine;
     QString Arrivo;
     std::function<bool()> Ancora;
+    CopiaFermata& Fermata;
     QList<Fatta> Copie;
     QStringList Cartelle;  ///< made for the copies, the outer ones first
 };
@@ -199,13 +207,17 @@ private:
 }  // namespace
 
 std::optional<QList<EsitoNota>> CopiaNote(const QString& Da, const QString& A,
-                                          const std::function<bool(int, int)>& Prosegui)
+                                          const std::function<bool(int, int)>& Prosegui,
+                                          CopiaFermata* Fermata)
 {
     const QString Origine = Barra(PercorsoIntero(Da));
     const QString Arrivo = Barra(PercorsoIntero(A));
     const bool Stessa = !CartellaVera(Origine).isEmpty() && CartellaVera(Origine) == CartellaVera(Arrivo);
     if (Stessa || PercorsoNativo(Origine) == PercorsoNativo(Arrivo))
         RifiutaFile(u"Le copie andrebbero nella cartella delle vecchie parcelle: sceglierne un'altra."_s);
+    CopiaFermata Nessuna;
+    CopiaFermata& Come = Fermata ? *Fermata : Nessuna;
+    Come = {};
     try {
         Trovate Sotto;
         Raccogli(
@@ -216,7 +228,7 @@ std::optional<QList<EsitoNota>> CopiaNote(const QString& Da, const QString& A,
                 u"Nella cartella \"%1\" non ci sono parcelle (file .mdb): sceglierne un'altra."_s.arg(Da));
         QList<EsitoNota> Esiti;
         const auto Ancora = [&] { return !Prosegui || Prosegui(int(Esiti.size()), int(File.size())); };
-        Copiatura Copie(Origine, Arrivo, Ancora);
+        Copiatura Copie(Origine, Arrivo, Ancora, Come);
         for (const QString& Nome : File) {
             if (!Ancora())
                 return std::nullopt;
@@ -249,6 +261,28 @@ QString FraseNote(const ContoNote& Conto)
            (Conto.CartelleSaltate == 1
                 ? u"; una cartella non è stata guardata."_s
                 : u"; %1 cartelle non sono state guardate."_s.arg(Format(Conto.CartelleSaltate, u"#,##0")));
+}
+
+QString FraseFermata(const CopiaFermata& Come)
+{
+    const auto Quante = [](qsizetype N, const QString& Una, const QString& Tante) {
+        return N == 1 ? Una : Tante.arg(Format(N, u"#,##0"));
+    };
+    QStringList Righe{u"La copia è stata interrotta"_s};
+    Righe[0] += Come.Tolte == 0 ? u"."_s
+                                : Quante(Come.Tolte, u": la parcella già copiata è stata tolta."_s,
+                                         u": le %1 parcelle già copiate sono state tolte."_s);
+    const auto Elenca = [&](const QStringList& File, const QString& Frase) {
+        constexpr qsizetype AlPiu = 5;
+        if (!File.isEmpty())
+            Righe.append(Frase + u'\n' + File.first(std::min(AlPiu, File.size())).join(u'\n') +
+                         (File.size() > AlPiu ? u"\n..."_s : QString()));
+    };
+    Elenca(Come.Salvate, Quante(Come.Salvate.size(), u"Una resta, perché è stata salvata intanto:"_s,
+                                u"%1 restano, perché sono state salvate intanto:"_s));
+    Elenca(Come.Rimaste, Quante(Come.Rimaste.size(), u"Una non si è potuta togliere:"_s,
+                                u"%1 non si sono potute togliere:"_s));
+    return Righe.join(u'\n');
 }
 
 QString ResocontoNote(const QString& Da, const QString& A, const QList<EsitoNota>& Esiti)

@@ -29,6 +29,16 @@ struct ContoNote
 /// One sentence: how many were copied, and whether folders were left out.
 [[nodiscard]] QString FraseNote(const ContoNote& Conto);
 
+/// What a copy that was stopped has left of what it had made by then.
+struct CopiaFermata
+{
+    int Tolte = 0;        ///< copies that it has taken away again
+    QStringList Salvate;  ///< those that somebody has saved since: they are his, and stay; paths of the files
+    QStringList Rimaste;  ///< those that could not be taken away
+};
+/// "La copia è stata interrotta: ...", what has become of the copies.
+[[nodiscard]] QString FraseFermata(const CopiaFermata& Come);
+
 namespace notevecchie {
 
 /// Folders below the first one that are looked into; what lies deeper is told.
@@ -44,12 +54,13 @@ inline int MassimoFile = 50'000;
 /// no text.
 /// @param Prosegui asked between files and while one is copied; false stops it, and what was copied goes
 /// again
+/// @param Fermata gets what was left of the copies where it was stopped
 /// @return what became of each file; none when it was stopped
 /// @throws Errore NumeroFileRifiutato when the two folders are one, or hold no databases or too
 /// many, 76, 75
 [[nodiscard]] std::optional<QList<EsitoNota>>
-CopiaNote(const QString& Da, const QString& A,
-          const std::function<bool(int Fatte, int Tutte)>& Prosegui = {});
+CopiaNote(const QString& Da, const QString& A, const std::function<bool(int Fatte, int Tutte)>& Prosegui = {},
+          CopiaFermata* Fermata = nullptr);
 
 /// The report, file by file.
 [[nodiscard]] QString ResocontoNote(const QString& Da, const QString& A, const QList<EsitoNota>& Esiti);

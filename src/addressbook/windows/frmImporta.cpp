@@ -418,11 +418,15 @@ void frmImporta::CopiaParcelle()
     Tenta([this] {
         const QString A = PercorsoNativo(ui->txtArrivo->text().trimmed());
         std::optional<QList<EsitoNota>> Esiti;
+        CopiaFermata Fermata;
         AlLavoroPer([&] {
-            Esiti = CopiaNote(File(), A, [this](int Fatte, int Tutte) { return Avanza(Fatte, Tutte); });
+            Esiti = CopiaNote(
+                File(), A, [this](int Fatte, int Tutte) { return Avanza(Fatte, Tutte); }, &Fermata);
         });
-        if (!Esiti)
+        if (!Esiti) {
+            MsgBox(FraseFermata(Fermata), vbInformation, TitoloMessaggio.toString());
             return;
+        }
         MostraResoconto(FraseNote(Conta(*Esiti)), ResocontoNote(File(), A, *Esiti), false);
         Invoca(Aperture.RinfrescaTrova);
     });

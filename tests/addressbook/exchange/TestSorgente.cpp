@@ -396,8 +396,14 @@ void TestSorgente::leVecchieParcelleSiFermano()
     const Studio S;
     QVERIFY(QFile::copy(S.File, S.Cartella + u"altra.mdb"_s));
     const QString A = NuovaCartella();
-    QVERIFY(!CopiaNote(S.Cartella, A, [](int Fatte, int) { return Fatte == 0; }));
+    CopiaFermata Come;
+    QVERIFY(!CopiaNote(
+        S.Cartella, A, [](int, int) { return false; }, &Come));
+    QCOMPARE(FraseFermata(Come), u"La copia è stata interrotta."_s);
+    QVERIFY(!CopiaNote(
+        S.Cartella, A, [](int Fatte, int) { return Fatte == 0; }, &Come));
     QCOMPARE(ContenutoDi(A), QStringList());
+    QCOMPARE(FraseFermata(Come), u"La copia è stata interrotta: la parcella già copiata è stata tolta."_s);
     // The folders that were made go too, and no other one.
     QDir(S.Cartella).mkpath(u"Modelli/Vecchi"_s);
     QVERIFY(QFile::copy(S.File, S.Cartella + u"Modelli/Vecchi/uno.mdb"_s));
@@ -411,9 +417,16 @@ void TestSorgente::leVecchieParcelleSiFermano()
             ScriviFile(A + u"DatiStudio.mdb"_s, "sua");
         return Fatte < 3;
     };
-    QVERIFY(!CopiaNote(S.Cartella, A, Salvata));
+    QVERIFY(!CopiaNote(S.Cartella, A, Salvata, &Come));
     QCOMPARE(ContenutoDi(A), QStringList{u"DatiStudio.mdb"_s});
     QCOMPARE(LeggiFile(A + u"DatiStudio.mdb"_s), "sua");
+    QCOMPARE(FraseFermata(Come), u"La copia è stata interrotta: le 2 parcelle già copiate sono state tolte.\n"
+                                 "Una resta, perché è stata salvata intanto:\n%1DatiStudio.mdb"_s.arg(A));
+    Come = {.Tolte = 0, .Salvate = {}, .Rimaste = {}};
+    for (int i = 1; i < 7; ++i)
+        Come.Rimaste.append(QString::number(i));
+    QCOMPARE(FraseFermata(Come),
+             u"La copia è stata interrotta.\n6 non si sono potute togliere:\n1\n2\n3\n4\n5\n..."_s);
 }
 
 /// Half a folder of notes with no report is worse than none.

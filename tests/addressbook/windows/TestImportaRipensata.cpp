@@ -42,6 +42,7 @@ private Q_SLOTS:
     void usaQuestoArchivio();
     void usaQuestoArchivioENo();
     void leVecchieParcelle();
+    void escFermaLeVecchieParcelle();
 };
 PROVA(TestImportaRipensata);
 
@@ -223,6 +224,24 @@ void TestImportaRipensata::leVecchieParcelle()
     QCOMPARE(
         OpenDatabase(Copie + u"/una.mdb"_s).OpenRecordset(u"ParcellaParam"_s).Value(u"Cliente"_s).toString(),
         u"Rossi"_s);
+}
+
+/// The copies that were made by then are gone again, and that is said.
+void TestImportaRipensata::escFermaLeVecchieParcelle()
+{
+    for (int i = 1; i < 4; ++i)
+        QVERIFY(QFile::copy(A->File, Cartella + u"nota%1.mdb"_s.arg(i)));
+    const QString Copie = NuovaCartella() + u"nuove"_s;
+    const frmImporta* F = Apri(frmImporta::Parcelle, Cartella);
+    Controllo<QLineEdit>(F, "txtArrivo")->setText(Copie);
+    const EscAllaVista Esc(Controllo(F, "cmdInterrompi"));
+    A->Voce.Tollera();
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(A->Voce.Mostrati().size(), 1);
+    QVERIFY2(A->Voce.UltimoTesto().startsWith(u"La copia è stata interrotta"_s),
+             qPrintable(A->Voce.UltimoTesto()));
+    QVERIFY(!QDir(Copie).exists());
+    QCOMPARE(Pagina(F), int(frmImporta::PagScelta));
 }
 
 #include "TestImportaRipensata.moc"
