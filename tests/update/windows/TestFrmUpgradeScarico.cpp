@@ -23,6 +23,7 @@ private Q_SLOTS:
     void cambiatoPrimaDellAvvio();
     void avanzamentoEAnnulla_data();
     void avanzamentoEAnnulla();
+    void tassiAnnullati();
     void durantePremereNonFaAltro();
 };
 PROVA(TestFrmUpgradeScarico);
@@ -303,6 +304,26 @@ void TestFrmUpgradeScarico::avanzamentoEAnnulla()
     QVERIFY(Controllo(F.get(), "cmdUpgrade")->isEnabled());
     QVERIFY(F->isVisible());
     QCOMPARE(B->Avanzi(), QStringList());
+    QCOMPARE(B->Eventi, QStringList());
+}
+
+/// Whoever stops the rates has stopped the program behind them too, and is not sent to the assistance.
+void TestFrmUpgradeScarico::tassiAnnullati()
+{
+    B->Posa(u"upgrade3.0.15.exe"_s, "installatore");
+    B->Annunciate(TutteNuove, false);
+    sessione::ServerAggiornamenti = B->Server.Indirizzo(u"lento@tassi.dat"_s);
+    Apri(u"run"_s);
+    const AdOgniPasso Passo(Controllo(F.get(), "barAvanza"), [&] {
+        if (SiVede("fraAvanza"))
+            Premi(Qt::Key_Escape);
+    });
+    Clicca("cmdUpgrade");
+    QCOMPARE(Testo("lblStatus"), Pronto + u"\n> Download archivio indici interessi: operazione annullata"_s);
+    QVERIFY(!B->Server.Uditi().contains("/upgrade3.0.15.exe "));
+    QVERIFY(B->ArchivioIntatto());
+    QVERIFY(SiVede("fraUpgrade") && !SiVede("fraAvanza"));
+    QVERIFY(Controllo(F.get(), "cmdUpgrade")->isEnabled());
     QCOMPARE(B->Eventi, QStringList());
 }
 
