@@ -2,6 +2,7 @@
 #include "platform/database/connessione.h"
 
 #include "platform/base/errore.h"
+#include "platform/database/primariga.h"
 #include "platform/system/blocco.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
@@ -98,23 +99,24 @@ void RisanaSolaLettura(const QString& File)
 }
 
 // The whole content is not read (a rate archive has thousands of pages): a file that is shorter than its
-// own page count is the damage that a broken copy or download leaves.
+// own page count is the damage that a broken copy or download leaves. The header is read through the engine:
+// a thread of the finder may be reading this very file, and would lose its locks with any other handle.
 //
 // @return true for a file that another tool keeps with a write-ahead log
 bool ControllaTestata(const QString& File)
 {
-    constexpr qsizetype Lunghezza = 100;
-    QFile Aperto(File);
-    if (!Aperto.open(QIODevice::ReadOnly))
+    constexpr int Lunghezza = 100;
+    const QByteArray Testata = InizioDelFile(File, Lunghezza);
+    const qint64 Lungo = QFileInfo(File).size();
+    if (Testata.isEmpty() && Lungo > 0)
         throw ErroreDelFile(errori::Accesso, File);
-    const QByteArray Testata = Aperto.read(Lunghezza);
     if (Testata.size() < Lunghezza || !Testata.startsWith(QByteArray("SQLite format 3\0", 16)))
         throw ErroreDelFile(errori::FormatoDatabase, File);
     const auto Numero = [&](int Posto) { return qFromBigEndian<quint32>(Testata.constData() + Posto); };
     const quint16 Scritta = qFromBigEndian<quint16>(Testata.constData() + 16);
     const qint64 Pagina = Scritta == 1 ? 65536 : Scritta;
     const bool ContoValido = Numero(24) == Numero(92);
-    if (ContoValido && !HaGiornale(File) && Aperto.size() < Pagina * qint64(Numero(28)))
+    if (ContoValido && !HaGiornale(File) && Lungo < Pagina * qint64(Numero(28)))
         throw ErroreDelFile(errori::FormatoDatabase, File);
     return Testata[18] == 2 || Testata[19] == 2;
 }
@@ -156,8 +158,7 @@ std::shared_ptr<Connessione> Connessione::Condivisa(const QString& Percorso)
     const bool SiScrive = !SolaLettura(Chiave);
     Registro().removeIf([](const auto& Voce) { return Voce.value().expired(); });
     // The file may have been replaced, or have lost its read-only attribute, while somebody still reads
-    // it as it was. (Opening and closing a file drops the process's locks on it: the header is looked at
-    // only when nobody here has the file open.)
+    // it as it was.
     if (const auto Presente = Registro().value(Chiave).lock();
         Presente && !Presente->Spostato() && (Presente->Scrivibile() || !SiScrive))
         return Presente;

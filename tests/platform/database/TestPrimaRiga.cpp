@@ -1,3 +1,4 @@
+#include "platform/database/connessione.h"
 #include "platform/database/database.h"
 #include "platform/database/primariga.h"
 #include "platform/system/file.h"
@@ -36,6 +37,7 @@ private Q_SLOTS:
     void ilLogDiUnAltroProgramma();
     void ilFileRestaComE();
     void ilBloccoAltruiNonCade();
+    void chiApreNonTogliIlBlocco();
     void ilLavoroHaUnLimite();
     void nomiDiOgniScrittura_data();
     void nomiDiOgniScrittura();
@@ -235,6 +237,18 @@ void TestPrimaRiga::ilBloccoAltruiNonCade()
     Scrive.Execute(u"UPDATE Param SET Nome='Bianchi'"_s);
     QCOMPARE(Leggi(File).value().at(1), u"Rossi"_s);
     QVERIFY2(BloccatoPerAltri(File), "this process still holds its lock");
+}
+
+/// A thread of the finder reads the file while the windows open it: its lock stays.
+void TestPrimaRiga::chiApreNonTogliIlBlocco()
+{
+    Crea(File, {1, u"Rossi"_s});
+    const Connessione Lettrice(File, Connessione::Modo::Elenco);
+    Istruzione Riga(Lettrice, u"SELECT Nome FROM Param"_s);
+    QVERIFY(Riga.Avanza());
+    QVERIFY(BloccatoPerAltri(File));
+    QCOMPARE(OpenDatabase(File).OpenRecordset(u"Param"_s).RecordCount(), 1);
+    QVERIFY2(BloccatoPerAltri(File), "the thread still holds its lock");
 }
 
 void TestPrimaRiga::ilLavoroHaUnLimite()
