@@ -118,6 +118,7 @@ Parcella LeggiNota(const QString& Percorso, const NotaMultipla& Altra)
         return Nota;
     if (!AssociaMulti(Nota, Altra.Percorso))
         throw Errore(errori::Argomento, StessaParcella.toString());
+    AvvisaIlleggibiliMulti(Nota);
     Nota.optMultiAntPos = Altra.Prima ? 1 : 0;
     return Nota;
 }

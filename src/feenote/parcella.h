@@ -81,6 +81,7 @@ struct NotaAssociata
     double TotOnorariMulti = 0.0;
     double TotSpeseImpMulti = 0.0;
     double TotSpeseEsentiMulti = 0.0;
+    int Illeggibili = 0;  ///< amounts of its file that cannot be read, and count 0
 
     friend bool operator==(const NotaAssociata&, const NotaAssociata&) = default;
 };

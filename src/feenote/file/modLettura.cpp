@@ -309,15 +309,15 @@ void CaricaDati(Parcella& Nota, const QString& Percorso, const std::function<voi
     SetModificata(Nota, Illeggibili);
 }
 
-void LeggiInSilenzio(Parcella& Nota, const Database& File)
+int LeggiInSilenzio(Parcella& Nota, const Database& File)
 {
     const MemoriaFile Memoria = LeggiMemoria(File);
     NuovaParcella(Nota, TariffaDella(Memoria));
     NotaLetta Letta{Nota};
     LeggiParametri(File, Letta);
     ApplicaParametri(Letta, Memoria);
-    (void)CaricaRighe(Nota, File);
-    (void)CaricaAcconti(Nota, File);
+    const int DelleRighe = CaricaRighe(Nota, File);
+    return DelleRighe + CaricaAcconti(Nota, File);
 }
 
 QString LeggiPsw(const QString& Percorso)

@@ -29,8 +29,9 @@ void CaricaDati(Parcella& Nota, const QString& Percorso, const std::function<voi
 
 /// Makes a new note and reads parameters, lines and payments of a file into it, and nothing else: no message
 /// but of what its tariff lacks, no upgrade, no party looked up, no path, no password.
+/// @return how many of its amounts cannot be read, and are 0
 /// @throws Errore as CaricaDati
-void LeggiInSilenzio(Parcella& Nota, const Database& File);
+int LeggiInSilenzio(Parcella& Nota, const Database& File);
 
 /// The password of a file, decoded; empty when it has none. One that cannot be decoded comes as it stands:
 /// the file is protected none the less.

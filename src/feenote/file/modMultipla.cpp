@@ -9,6 +9,7 @@
 #include "platform/base/errore.h"
 #include "platform/database/database.h"
 #include "platform/system/file.h"
+#include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 
 #include <QFileInfo>
@@ -52,9 +53,11 @@ NotaAssociata LeggiMulti(const QString& Percorso)
 {
     const QString File = PercorsoNativo(Percorso);
     Parcella Altra;
-    LeggiInSilenzio(Altra, ApriArchivio(File, true));
+    const int Illeggibili = LeggiInSilenzio(Altra, ApriArchivio(File, true));
     TogliSolaLettura(File);
-    return DatiMulti(Altra);
+    NotaAssociata Dati = DatiMulti(Altra);
+    Dati.Illeggibili = Illeggibili;
+    return Dati;
 }
 
 bool SuoFile(const Parcella& Nota, const QString& Percorso)
@@ -78,6 +81,22 @@ bool AssociaMulti(Parcella& Nota, const QString& Percorso, const Parcella* Apert
     Nota.txtPathParcMult = File;
     Nota.txtParcMultipla = NomeMostrato(File);
     return true;
+}
+
+void AvvisaIlleggibiliMulti(const Parcella& Nota)
+{
+    const int Quanti = Nota.Multi.Illeggibili;
+    if (Quanti <= 0)
+        return;
+    const QString Detto =
+        Quanti == 1
+            ? u"un importo della parcella associata \"%1\" non si legge: al suo posto è 0.\nPrima di "
+              u"stamparle "
+              u"insieme occorre aprirla, scriverlo di nuovo e salvarla."_s.arg(Nota.txtParcMultipla)
+            : u"%1 importi della parcella associata \"%2\" non si leggono: al loro posto è 0.\nPrima di "
+              u"stamparle insieme occorre aprirla, scriverli di nuovo e salvarla."_s.arg(
+                  QString::number(Quanti), Nota.txtParcMultipla);
+    MsgBox(u"Attenzione, "_s + Detto, vbExclamation, TitoloAvvertenza.toString());
 }
 
 void TogliMulti(Parcella& Nota)

@@ -46,8 +46,10 @@ bool frmParcelle::LeggiAssociata(const QString& Percorso, const frmParcelle* Ape
         const ClessidraAccesa Occupato;
         Fatta = AssociaMulti(Nota, Percorso, Aperta ? &Aperta->Nota : nullptr);
     });
-    if (Fatta)
+    if (Fatta) {
         ImprontaMulti = Aperta ? std::nullopt : std::optional(Ora);
+        InDialogo([this] { AvvisaIlleggibiliMulti(Nota); });
+    }
     return Fatta;
 }
 

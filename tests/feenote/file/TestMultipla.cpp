@@ -32,6 +32,8 @@ private Q_SLOTS:
     void ilSupportoCheRifiuta();
     void quelCheNonSiLegge_data();
     void quelCheNonSiLegge();
+    void importiCheNonSiLeggono_data();
+    void importiCheNonSiLeggono();
     void seStessa_data();
     void seStessa();
     void unaSceltaDopoLAltra();
@@ -217,6 +219,41 @@ void TestMultipla::quelCheNonSiLegge()
     QCOMPARE(Nota.txtPathParcMult, Prima);
     QCOMPARE(Nota.txtParcMultipla, u"prima"_s);
     QVERIFY2(Come == u"manca" || SolaLettura(File), "what is no note keeps its attribute");
+}
+
+void TestMultipla::importiCheNonSiLeggono_data()
+{
+    QTest::addColumn<QString>("Sql");
+    QTest::addColumn<QString>("Detto");
+    const QString Come = u"Attenzione, %1: al %2 posto è 0.\nPrima di stamparle insieme occorre aprirla, "
+                         u"%3 di nuovo e salvarla."_s;
+    QTest::newRow("all can be read") << QString() << QString();
+    QTest::newRow("a payment") << u"UPDATE ParcellaAcconti SET Corr='mille' WHERE rowid=1"_s
+                               << Come.arg(
+                                      u"un importo della parcella associata \"Altra Nota\" non si legge"_s,
+                                      u"suo"_s, u"scriverlo"_s);
+    QTest::newRow("fees") << u"UPDATE ParcellaRighe SET Importo='1,2,3', Imp1='x' "
+                             "WHERE rowid=(SELECT min(rowid) FROM ParcellaRighe WHERE OnoDir='O')"_s
+                          << Come.arg(u"2 importi della parcella associata \"Altra Nota\" non si leggono"_s,
+                                      u"loro"_s, u"scriverli"_s);
+}
+
+/// They are 0 in the sums of both, and somebody must say so; while it is read nothing is shown.
+void TestMultipla::importiCheNonSiLeggono()
+{
+    QFETCH(QString, Sql);
+    QFETCH(QString, Detto);
+    if (!Sql.isEmpty())
+        EseguiSu(File, Sql);
+    Parcella Nota = NotaPiena();
+    QVERIFY(AssociaMulti(Nota, File));
+    if (!Detto.isEmpty())
+        Box->Attendi(Detto, vbOK, u"Avvertenza:"_s);
+    AvvisaIlleggibiliMulti(Nota);
+    QCOMPARE(Box->Mostrati().size(), Detto.isEmpty() ? 0 : 1);
+    // What a window holds was told when it was opened.
+    QVERIFY(AssociaMulti(Nota, File, &Altra));
+    QCOMPARE(Nota.Multi.Illeggibili, 0);
 }
 
 void TestMultipla::seStessa_data()
