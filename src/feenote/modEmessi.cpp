@@ -1,6 +1,7 @@
 #include "feenote/modEmessi.h"
 
 #include "feenote/modFatturaXml.h"
+#include "feenote/modNumeraFattura.h"
 #include "feenote/modStorno.h"
 #include "feenote/modTotali.h"
 #include "platform/base/regionale.h"
@@ -9,6 +10,15 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+bool operator==(const NumeroEmesso& A, const NumeroEmesso& B)
+{
+    if (A.Data != B.Data)
+        return false;
+    const auto Giorno = LeggiData(A.Data);
+    return A.Numero == B.Numero ||
+           (Giorno && NumeroSenzaAnno(A.Numero, *Giorno) == NumeroSenzaAnno(B.Numero, *Giorno));
+}
 
 bool EUscita(const StatoTenuto& Tenuto)
 {
@@ -46,8 +56,9 @@ bool HaFile(const Parcella& Nota)
     const StatoTenuto& Tenuto = Nota.Stato;
     const QString& Firma = Nota.FatturaXml.DiFattura;
     const auto Giorno = LeggiData(Firma.section(u'|', 1));
-    const bool SuaFirma = Giorno && Firma.section(u'|', 0, 0).simplified() == Tenuto.Numero &&
-                          Format(*Giorno, u"dd/mm/yyyy") == Tenuto.Data;
+    const bool SuaFirma =
+        Giorno && NumeroEmesso{Firma.section(u'|', 0, 0).simplified(), Format(*Giorno, u"dd/mm/yyyy")} ==
+                      NumeroEmesso{Tenuto.Numero, Tenuto.Data};
     return Tenuto.Emessa && !Tenuto.Numero.isEmpty() && (Tenuto.ConFile || SuaFirma);
 }
 
@@ -106,7 +117,7 @@ std::optional<NumeroEmesso> ForseScartato(const Parcella& Nota)
         Primo = {Tenuto.Numero, Tenuto.Data};
         Totale = Tenuto.Importi->Totale;
     }
-    if (Primo.Numero != Ora.Numero) {
+    if (NumeroEmesso{Primo.Numero, Ora.Data} != Ora) {
         Parcella AlSuoPosto = Nota;
         PrendiIlPosto(AlSuoPosto);
         if (TotaleInVista(AlSuoPosto) != Arrotonda2(Totale))

@@ -12,7 +12,8 @@ struct NumeroEmesso
     QString Numero;
     QString Data;  ///< dd/mm/yyyy
 
-    friend bool operator==(const NumeroEmesso&, const NumeroEmesso&) = default;
+    /// "12" and "12/2026" of one day are one number.
+    friend bool operator==(const NumeroEmesso& A, const NumeroEmesso& B);
 };
 [[nodiscard]] NumeroEmesso NumeroInMano(const Parcella& Nota);
 
