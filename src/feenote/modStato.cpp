@@ -219,6 +219,20 @@ bool HaDocumenti(const StatoTenuto& Tenuto)
     return HaChiesto(Tenuto) || (EUscita(Tenuto) && (Tenuto.Storno || !Tenuto.Emessi.isEmpty()));
 }
 
+/// What the credit notes of a file take back of each of its documents.
+QList<double> RipresiDa(const StatoTenuto& Tenuto)
+{
+    const QList<qsizetype> Riprese = FattureStornate(Tenuto);
+    QList<double> Ripresi(Riprese.size(), 0.0);
+    for (qsizetype i = 0; i < Riprese.size(); ++i) {
+        const double Netto =
+            i < Tenuto.Emessi.size() ? Tenuto.Emessi[i].Importi.Netto : Tenuto.Importi->Netto;
+        if (Riprese[i] >= 0)
+            Ripresi[Riprese[i]] += std::max(0.0, Netto);
+    }
+    return Ripresi;
+}
+
 /// Each document that has asked for money is paid, less what its credit notes take back, whatever lines came
 /// since or went.
 bool DocumentiSaldati(const Parcella& Nota)
@@ -227,17 +241,13 @@ bool DocumentiSaldati(const Parcella& Nota)
     if (std::ranges::any_of(Tenuto.Emessi, [](const DocumentoEmesso& Uno) { return !Uno.Guasto.isEmpty(); }))
         return false;  // what it asked for is not known
     QList<double> Resti = RestiDellaNota(Nota);
-    const QList<qsizetype> Riprese = FattureStornate(Tenuto);
+    const QList<double> Ripresi = RipresiDa(Tenuto);
     const qsizetype Ultimo = Tenuto.Emessi.size();
     bool Chiesto = false;
     for (qsizetype i = 0; i <= Ultimo; ++i) {
         const bool Storno = i < Ultimo ? Tenuto.Emessi[i].Storno : Tenuto.Storno;
-        const double Netto = i < Ultimo ? Tenuto.Emessi[i].Importi.Netto : Tenuto.Importi->Netto;
         Chiesto = Chiesto || (!Storno && (i < Ultimo || HaChiesto(Tenuto)));
-        if (Storno || (i == Ultimo && !HaChiesto(Tenuto)))
-            Resti[i] = 0.0;
-        if (Riprese[i] >= 0)
-            Resti[Riprese[i]] -= std::max(0.0, Netto);
+        Resti[i] = Storno || (i == Ultimo && !HaChiesto(Tenuto)) ? 0.0 : Resti[i] - Ripresi[i];
     }
     return Chiesto && std::ranges::all_of(Resti, [](double Resto) { return InCentesimi(Resto) <= 0; });
 }
@@ -257,6 +267,7 @@ void TieniEmesso(Parcella& Nota, bool Storno)
     if (!Tenuto.Emessa || !Tenuto.Importi || Tenuto.Stato < StatoNota::Fatturata)
         return;
     const QList<double> Resti = RestiDellaNota(Nota);
+    const QList<double> Ripresi = RipresiDa(Tenuto);
     Tenuto.Emessi.append({.Documento = Tenuto.Documento,
                           .Storno = Tenuto.Storno,
                           .ConSocio = Tenuto.ConSocio,
@@ -271,12 +282,16 @@ void TieniEmesso(Parcella& Nota, bool Storno)
     // What has paid the invoices so far has not paid the next one. What the user has said is paid needs no
     // payments that say so.
     const bool AMano = !Tenuto.Prima;
-    if (Tenuto.Stato == StatoNota::Pagata && !Storno && (AMano || !Tenuto.Storno)) {
-        for (qsizetype i = 0; AMano && i < Tenuto.Emessi.size(); ++i)
-            if (DocumentoEmesso& Uno = Tenuto.Emessi[i]; !Uno.Storno && Resti[i] > 0) {
-                Uno.AMano += Resti[i];
+    if (Tenuto.Stato == StatoNota::Pagata && !Storno) {
+        for (qsizetype i = 0; AMano && i < Tenuto.Emessi.size(); ++i) {
+            DocumentoEmesso& Uno = Tenuto.Emessi[i];
+            // Nobody has paid what a credit note has taken back.
+            const double Pagato = InCentesimi(Resti[i] - Ripresi[i]);
+            if (!Uno.Storno && Pagato > 0) {
+                Uno.AMano += Pagato;
                 Uno.Dal = Tenuto.Dal();
             }
+        }
         Tenuto.Stato = StatoNota::Fatturata;
         Tenuto.Prima.reset();
         GiornoDi(Tenuto, StatoNota::Pagata).clear();
@@ -289,7 +304,8 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
 {
     const StatoTenuto Era = Nota.Stato;
     StatoTenuto& Tenuto = Nota.Stato;
-    if (Numerata && PostoEmesso(Nota) >= 0)
+    // Called a draft again, a note begins anew.
+    if (Numerata && Tenuto.Stato != StatoNota::Bozza && PostoEmesso(Nota) >= 0)
         return false;
     const StatoNota Verso = Numerata ? StatoNota::Fatturata : StatoNota::Inviata;
     // What a draft has been sent by before is of another time.
@@ -326,6 +342,13 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
         TieniSocio(Nota);
         Tenuto.Importi = Importi(Dati, ConScissione(Nota, Tipo));
         Tenuto.Importi->DelSocio = DettiDelSocio(Nota, Tipo, Numerata);
+        // Where nothing is left of the next invoice either, payments have paid all of them.
+        if (Altro && Era.Stato == StatoNota::Pagata && Tenuto.Stato != Era.Stato && Era.Prima &&
+            CoperturaDi(Nota).Coperta) {
+            Tenuto.Prima = Tenuto.Stato;
+            Tenuto.Stato = StatoNota::Pagata;
+            GiornoDi(Tenuto, StatoNota::Pagata) = Era.Dal();
+        }
     }
     if (Verso > Tenuto.Stato) {
         Tenuto.Stato = Verso;

@@ -134,7 +134,8 @@ VoceTrova VoceDi(const VoceTrova& Nota, const EmessoLetto& Emesso)
     Stato.Documento = Emesso.Che.Documento;
     Stato.Storno = Emesso.Che.Storno;
     Stato.Importi = Emesso.Importi ? std::optional(Emesso.Che.Importi) : std::nullopt;
-    Stato.Resto = Emesso.Resto;
+    // What the user has called paid is all but what was taken back.
+    Stato.Resto = Emesso.Che.AMano > 0 ? Emesso.Che.Importi.Netto : Emesso.Resto;
     Stato.FatturaNumero.clear();
     Stato.FatturaData.clear();
     Voce.Dati.NumFatt = Emesso.Che.Numero;
@@ -209,17 +210,19 @@ QStringList Figure(const VoceTrova& Nota, const LegameFattura& Legame)
     return Celle;
 }
 
-/// What was paid of the document; nothing where it is not known. Of a draft nothing was asked for.
-std::optional<double> PagatoDi(const VoceTrova& Nota)
+/// What was paid of the document; nothing where it is not known. Of a draft nothing was asked for. Of one
+/// that the user has called paid nobody has paid what was taken back.
+std::optional<double> PagatoDi(const VoceTrova& Nota, const LegameFattura& Legame)
 {
     const StatoLetto& Stato = Nota.Dati.Stato;
     if (!Stato.Importi || Stato.Stato == StatoNota::Ignoto)
         return std::nullopt;
     if (EStorno(Stato))
         return 0.0;
+    const double Versato = std::max(0.0, Stato.Importi->Netto - Stato.Resto);
     if (Stato.Stato == StatoNota::Pagata)
-        return Stato.Importi->Netto;
-    return std::max(0.0, Stato.Importi->Netto - Stato.Resto);
+        return std::max(Versato, Arrotonda2(Stato.Importi->Netto - Legame.Stornato));
+    return Versato;
 }
 
 QString CifraONulla(const std::optional<double>& Valore)
@@ -540,13 +543,17 @@ QStringList RigaScadenzario(const VoceTrova& Nota, const CodiciCliente& Codici, 
         Celle << Dati.Stato.Numero << Dati.Stato.Data;
     else
         Celle << QString() << QString();
-    Celle << NomeStato(Dati.Stato.Stato) << Dati.Stato.Dal << Dati.Stato.Scadenza;
     const VoceTrova& Cifre = ConLeCifre(Nota, Legame);
+    const auto Pagato = PagatoDi(Cifre, Legame);
+    // Among others that are paid: of this one nothing was.
+    const bool SoloStornata = Dati.Stato.Stato == StatoNota::Pagata && Legame.Stornato > 0 && Pagato == 0.0;
+    Celle << NomeStato(SoloStornata ? StatoNota::Fatturata : Dati.Stato.Stato)
+          << (SoloStornata ? QString() : Dati.Stato.Dal) << Dati.Stato.Scadenza;
     Celle += Figure(Cifre, Legame);
     if (DiTroppo(Legame))
         Celle << QString() << QString();
     else
-        Celle << CifraONulla(PagatoDi(Cifre)) << CifraONulla(ApertoConLegame(Cifre, Legame));
+        Celle << CifraONulla(Pagato) << CifraONulla(ApertoConLegame(Cifre, Legame));
     Celle << Nota.Nome;
     return Celle;
 }

@@ -89,6 +89,7 @@ private Q_SLOTS:
     void dueDellaStessa();
     void iGiorni();
     void ilGiornoDiChiLaDicePagata();
+    void nessunoHaPagatoLaStornata();
 
 private:
     Parcella Nota;
@@ -163,6 +164,35 @@ void TestStornoCitato::ilGiornoDiChiLaDicePagata()
     Il(21);
     Emetti(Nota, 30);
     QCOMPARE(Giorni(Letta(Nota)), (QStringList{u"12 Pagata 15/11/2026"_s, u"30 Fatturata 21/11/2026"_s}));
+}
+
+/// The user's word "paid" is of what was still owed.
+void TestStornoCitato::nessunoHaPagatoLaStornata()
+{
+    Emetti(Nota, 12);
+    Cita(Nota, u"12"_s, u"9/11/2026"_s);
+    Emetti(Nota, 13, true);
+    Cita(Nota, {}, {});
+    Emetti(Nota, 14);
+    (void)ScegliStato(Nota, StatoNota::Pagata);
+    QStringList Attese{u"Fattura analitica|12|1459,12|0,00|0,00"_s,
+                       u"Nota di credito della fattura 12|13|-1459,12|0,00|0,00"_s,
+                       u"Fattura analitica|14|1459,12|1459,12|0,00"_s};
+    QCOMPARE(Tabella(Letta(Nota)), Attese);
+    QCOMPARE(Giorni(Letta(Nota))[0], u"12 Fatturata "_s);
+    Emetti(Nota, 16);
+    QCOMPARE(Nota.Stato.Emessi[0].AMano, 0.0);
+    Attese += u"Fattura analitica|16|1459,12|0,00|1459,12"_s;
+    QCOMPARE(Tabella(Letta(Nota)), Attese);
+    QCOMPARE(Giorni(Letta(Nota))[0], u"12 Fatturata 22/11/2026"_s);
+    // Of one that was taken back in part the rest is paid.
+    Nota.xOnorari(0, OnoImporto) = 100.0;
+    Cita(Nota, u"16"_s, u"9/11/2026"_s);
+    Emetti(Nota, 17, true);
+    (void)ScegliStato(Nota, StatoNota::Pagata);
+    Cita(Nota, {}, {});
+    Emetti(Nota, 18);
+    QVERIFY(Tabella(Letta(Nota)).contains(u"Fattura analitica|16|1459,12|1313,21|0,00"_s));
 }
 
 #include "TestStornoCitato.moc"
