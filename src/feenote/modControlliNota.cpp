@@ -320,7 +320,7 @@ void RaccoltaRilievi::Acconti()
     const SommeAcconti& Pagati = Conti.Dati.Acconti;
     if (const double Uscita = CatenaFiscale(RaccogliFattura(Nota, Tipo)).Totale;
         std::abs(Uscita - Conti.Totale) > MezzoCentesimo)
-        Avvisa(GenereRilievo::AccontiDopo, LuogoRilievo::Acconti, FraseAccontiDopo(Uscita, Conti.Totale), 0,
+        Avvisa(GenereRilievo::AccontiDopo, LuogoRilievo::Acconti, FraseAccontiDopo(Nota, Tipo, Uscita), 0,
                AccCorrispettivi);
     const auto Confronta = [&](double Pagato, double Dovuto, int Colonna, const QString& Frase) {
         if (Pagato > Dovuto + MezzoCentesimo)

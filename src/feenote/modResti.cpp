@@ -31,8 +31,10 @@ double Paga(const DocumentoDaPagare& Questo, double Capienza, double Margine, Sp
     const double AlPiu = std::max(0.0, std::min(DelSocio, Questo.Nominati));
     const double AlMeno = std::clamp(Questo.Nominati - Questo.Propri, 0.0, AlPiu);
     const double Nominati = std::clamp(Questo.NominatiDelSocio, AlMeno, AlPiu);
-    const double InizioDelSocio = std::max(Nominati, Arrotonda2(GiaDelSocio));
-    const double InizioPropri = std::max(Questo.Nominati - Nominati, Arrotonda2(GiaPropri));
+    // No more than there is: a payment that has gone from one list takes none of the other's.
+    const double InizioDelSocio = std::min(std::max(Nominati, Arrotonda2(GiaDelSocio)), DelSocio);
+    const double InizioPropri =
+        std::min(std::max(Questo.Nominati - Nominati, Arrotonda2(GiaPropri)), std::max(0.0, Questo.Propri));
     const double Restano = std::max(0.0, Questo.Propri + DelSocio - (InizioPropri + InizioDelSocio));
     double Preso = std::clamp(Restano, 0.0, std::max(0.0, Capienza));
     if (Preso > 0 && GiaPropri + GiaDelSocio > 0 && Arrotonda2(Capienza - Preso) <= Margine)

@@ -281,17 +281,17 @@ void TieniEmesso(Parcella& Nota, bool Storno)
     GiornoDi(Tenuto, StatoNota::Fatturata) = Giorno();
     // What has paid the invoices so far has not paid the next one. What the user has said is paid needs no
     // payments that say so.
-    const bool AMano = !Tenuto.Prima;
-    if (Tenuto.Stato == StatoNota::Pagata && !Storno) {
-        for (qsizetype i = 0; AMano && i < Tenuto.Emessi.size(); ++i) {
-            DocumentoEmesso& Uno = Tenuto.Emessi[i];
-            // Nobody has paid what a credit note has taken back.
-            const double Pagato = InCentesimi(Resti[i] - Ripresi[i]);
-            if (!Uno.Storno && Pagato > 0) {
-                Uno.AMano += Pagato;
-                Uno.Dal = Tenuto.Dal();
-            }
+    const bool AMano = Tenuto.Stato == StatoNota::Pagata && !Tenuto.Prima;
+    for (qsizetype i = 0; AMano && i < Tenuto.Emessi.size(); ++i) {
+        DocumentoEmesso& Uno = Tenuto.Emessi[i];
+        // Nobody has paid what a credit note had taken back before.
+        const double Pagato = InCentesimi(Resti[i] - Ripresi[i]);
+        if (!Uno.Storno && Pagato > 0) {
+            Uno.AMano += Pagato;
+            Uno.Dal = Tenuto.Dal();
         }
+    }
+    if (Tenuto.Stato == StatoNota::Pagata && !Storno) {
         Tenuto.Stato = StatoNota::Fatturata;
         Tenuto.Prima.reset();
         GiornoDi(Tenuto, StatoNota::Pagata).clear();
@@ -321,6 +321,8 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
         if (Nuovo > Presente && GiornoDi(Tenuto, Verso).isEmpty())
             GiornoDi(Tenuto, Verso) = Giorno();
         const DatiCatena Dati = Numerata ? CatenaCheEsce(Nota, Tipo) : CatenaDelDocumento(Nota, Tipo);
+        const auto DelSocio =
+            DettiDelSocio(Nota, Tipo, Numerata);  // while it is known what it had taken away
         if (Presente == 0)
             Tenuto.Emessi.clear();
         else if (Altro)
@@ -341,7 +343,7 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
         Tenuto.ConSocio = Nota.Multipla();
         TieniSocio(Nota);
         Tenuto.Importi = Importi(Dati, ConScissione(Nota, Tipo));
-        Tenuto.Importi->DelSocio = DettiDelSocio(Nota, Tipo, Numerata);
+        Tenuto.Importi->DelSocio = DelSocio;
         // Where nothing is left of the next invoice either, payments have paid all of them.
         if (Altro && Era.Stato == StatoNota::Pagata && Tenuto.Stato != Era.Stato && Era.Prima &&
             CoperturaDi(Nota).Coperta) {
@@ -438,6 +440,10 @@ bool ScegliStato(Parcella& Nota, StatoNota Scelto)
     if (Scelto == StatoNota::Ignoto || Scelto == Tenuto.Stato)
         return false;
     const StatoTenuto Era = Tenuto;
+    // The invoice that was called paid before its credit note was not paid either.
+    if (Tenuto.Stato == StatoNota::Pagata && !Tenuto.Prima && Tenuto.Storno)
+        if (const qsizetype Ripresa = FattureStornate(Tenuto).last(); Ripresa >= 0)
+            Tenuto.Emessi[Ripresa].AMano = 0.0;
     Tenuto.Stato = Scelto;
     Tenuto.Prima.reset();
     if (!ETipoStampa(Tenuto.Documento))

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -88,13 +89,23 @@ std::optional<DocumentoEmesso> LaFattura(const QList<DocumentoEmesso>& Fra, cons
     return Sua == Fra.end() ? std::nullopt : std::optional(*Sua);
 }
 
+/// What an invoice has taken away.
+struct Detratti
+{
+    Centesimi Somme{};
+    std::optional<Centesimi> DelSocio;  ///< of it what the associated note was paid; nothing: not known
+};
+
 /// Nothing where its figures cannot be read.
-std::optional<Centesimi> DetrattiDa(const DocumentoEmesso& Fattura)
+std::optional<Detratti> DetrattiDa(const DocumentoEmesso& Fattura)
 {
     if (Fattura.Storno || !Fattura.Guasto.isEmpty())
         return std::nullopt;
     const ImportiDocumento& Suoi = Fattura.Importi;
-    return InCentesimi({Suoi.AccCorrispettivi, Suoi.AccSpeseImp, Suoi.AccSpeseEsenti});
+    Detratti Tolti{InCentesimi({Suoi.AccCorrispettivi, Suoi.AccSpeseImp, Suoi.AccSpeseEsenti}), {}};
+    if (const auto& Socio = Suoi.DelSocio)
+        Tolti.DelSocio = InCentesimi({Socio->Corrispettivi, Socio->SpeseImp, Socio->SpeseEsenti});
+    return Tolti;
 }
 
 /// The credit note in hand.
@@ -107,38 +118,39 @@ DocumentoEmesso Credito(const DatiFatturaXml& Dati)
     return Suo;
 }
 
-/// No document has been let go for the ones behind it.
-bool TuttiTenuti(const StatoTenuto& Tenuto)
-{
-    return Tenuto.Emessi.size() < MassimiEmessi;
-}
-
 /// What the invoice had taken away that a credit note of this file takes back.
-std::optional<Centesimi> DetrattiDallaFattura(const Parcella& Nota)
+std::optional<Detratti> DetrattiDallaFattura(const Parcella& Nota)
 {
     const QList<DocumentoEmesso> Fra = Usciti(Nota.Stato);
-    const qsizetype Posto =
-        FatturaStornata(Fra + QList{Credito(Nota.FatturaXml)}, Fra.size(), TuttiTenuti(Nota.Stato));
+    const qsizetype Posto = FatturaStornata(Fra + QList{Credito(Nota.FatturaXml)}, Fra.size());
     return Posto < 0 ? std::nullopt : DetrattiDa(Fra[Posto]);
 }
 
 /// The first payments of the lists that make these sums: they are written one below the other.
-std::optional<AccontiDetratti> PrimiConSomme(const AccontiDetratti& Tutti, const Centesimi& Volute)
+std::optional<AccontiDetratti> PrimiConSomme(const AccontiDetratti& Tutti, const Detratti& Volute)
 {
     const std::vector<Centesimi> Propri = SommeProgressive(Tutti.Propri);
     const std::vector<Centesimi> Altri = SommeProgressive(Tutti.Altri);
+    std::optional<std::pair<size_t, size_t>> Trovati;
     for (size_t j = 0; j < Altri.size(); ++j)
         for (size_t i = 0; i < Propri.size(); ++i)
-            if (Insieme(Propri[i], Altri[j]) == Volute)
-                return AccontiDetratti{Prime(Tutti.Propri, i), Prime(Tutti.Altri, j)};
-    return std::nullopt;
+            if (Insieme(Propri[i], Altri[j]) == Volute.Somme) {
+                // Of several ways the one by which it went out.
+                if (Altri[j] == Volute.DelSocio)
+                    return AccontiDetratti{Prime(Tutti.Propri, i), Prime(Tutti.Altri, j)};
+                Trovati = Trovati.value_or(std::pair(i, j));
+            }
+    if (!Trovati)
+        return std::nullopt;
+    return AccontiDetratti{Prime(Tutti.Propri, Trovati->first), Prime(Tutti.Altri, Trovati->second)};
 }
 
 /// What of the payments listed makes the sums of those that the invoice had taken away.
-AccontiDetratti ConSomme(const AccontiDetratti& Tutti, const Centesimi& Volute)
+AccontiDetratti ConSomme(const AccontiDetratti& Tutti, const Detratti& Tolti)
 {
-    if (const auto Primi = PrimiConSomme(Tutti, Volute))
+    if (const auto Primi = PrimiConSomme(Tutti, Tolti))
         return *Primi;
+    const Centesimi& Volute = Tolti.Somme;
     // A payment that was taken out of the list is not taken away either: a credit note of a part would have
     // no other way to be more than nothing.
     const Centesimi Elencate =
@@ -174,7 +186,7 @@ bool ENotaDiCredito(const Parcella& Nota)
     return Nota.FatturaXml.Tipo == codici::NotaDiCredito;
 }
 
-qsizetype FatturaStornata(const QList<DocumentoEmesso>& Usciti, qsizetype Storno, bool Tutti)
+qsizetype FatturaStornata(const QList<DocumentoEmesso>& Usciti, qsizetype Storno)
 {
     const DocumentoEmesso& Credito = Usciti[Storno];
     const QString Citata = Firma(Credito.CitataNumero, Credito.CitataData);
@@ -182,8 +194,7 @@ qsizetype FatturaStornata(const QList<DocumentoEmesso>& Usciti, qsizetype Storno
         for (qsizetype i = 0; i < Storno; ++i)
             if (!Usciti[i].Storno && Firma(Usciti[i].Numero, Usciti[i].Data) == Citata)
                 return i;
-        if (!Tutti)
-            return -1;
+        return -1;
     }
     qsizetype Posto = Storno - 1;
     while (Posto >= 0 && Usciti[Posto].Storno)
@@ -201,7 +212,7 @@ QList<qsizetype> FattureStornate(const StatoTenuto& Tenuto)
     Usciti.append(Ultimo);
     QList<qsizetype> Posti;
     for (qsizetype i = 0; i < Usciti.size(); ++i)
-        Posti.append(Usciti[i].Storno ? FatturaStornata(Usciti, i, TuttiTenuti(Tenuto)) : -1);
+        Posti.append(Usciti[i].Storno ? FatturaStornata(Usciti, i) : -1);
     return Posti;
 }
 
@@ -225,8 +236,8 @@ AccontiDetratti AccontiFatturati(const Parcella& Nota, int Tipo)
         return Suoi;
     const auto Uscita = LaFattura(Usciti(Nota.Stato), Nota.DatiPar(DatoNumFatt), Nota.DatiPar(DatoDataFatt));
     // A list that begins otherwise was put right, and the invoice with it.
-    const auto Detratti = Uscita ? DetrattiDa(*Uscita) : std::nullopt;
-    return Detratti ? PrimiConSomme(Elencati(Nota), *Detratti).value_or(Suoi) : Suoi;
+    const auto Tolti = Uscita ? DetrattiDa(*Uscita) : std::nullopt;
+    return Tolti ? PrimiConSomme(Elencati(Nota), *Tolti).value_or(Suoi) : Suoi;
 }
 
 DatiCatena RaccogliFattura(const Parcella& Nota, int Tipo)
@@ -241,13 +252,23 @@ DatiCatena RaccogliFattura(const Parcella& Nota, int Tipo)
     return Dati;
 }
 
-QString FraseAccontiDopo(double Fattura, double Carta)
+QString FraseAccontiDopo(const Parcella& Nota, int Tipo, double Fattura)
 {
+    const AccontiDetratti Tolti = AccontiDelDocumento(Nota, Tipo);
+    const double Carta = CatenaFiscale(Nota, Tipo).Totale;
+    const auto Frase = [&](const QString& Detta) {
+        return Detta.arg(TestoImporto(Fattura), TestoImporto(Carta));
+    };
+    if (Tolti.Propri.Vuota() && Tolti.Altri.Vuota())
+        return Frase(
+            u"La fattura è di %1 euro, tolti gli acconti con cui è uscita, e resta tale, ma la carta "
+            u"stampata ora non li toglie e dice %2 euro."_s);
     if (Carta > Fattura)
-        return u"La fattura è uscita per %1 euro, tolti gli acconti, e resta tale, ma la carta stampata ora "
-               u"non li toglie e dice %2 euro."_s.arg(TestoImporto(Fattura), TestoImporto(Carta));
-    return u"La fattura è uscita per %1 euro e resta tale: gli acconti scritti dopo la pagano, ma la carta "
-           u"stampata ora li toglie e dice %2 euro."_s.arg(TestoImporto(Fattura), TestoImporto(Carta));
+        return Frase(u"La fattura è di %1 euro e resta tale: ciò che è scritto dopo fra gli acconti non la "
+                     u"cambia, ma la carta stampata ora lo conta e dice %2 euro."_s);
+    return Frase(
+        u"La fattura è di %1 euro e resta tale: gli acconti scritti dopo la pagano, ma la carta stampata "
+        u"ora li toglie e dice %2 euro."_s);
 }
 
 QString FraseCreditoVuoto(double Totale)

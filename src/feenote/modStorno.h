@@ -7,12 +7,11 @@
 [[nodiscard]] bool ENotaDiCredito(const Parcella& Nota);
 
 /// The place of the invoice that a credit note takes back, -1 where there is none: the one that it cites, by
-/// number and day, else the last invoice before it.
+/// number and day; of one that cites none the last invoice before it. A cited invoice that is not there is
+/// that of another file, or was let go.
 /// @param Usciti what has gone out of its file, the oldest first
 /// @param Storno the place of the credit note
-/// @param Tutti nothing older may have been let go: else a cited invoice that is not there has been one of
-/// those
-[[nodiscard]] qsizetype FatturaStornata(const QList<DocumentoEmesso>& Usciti, qsizetype Storno, bool Tutti);
+[[nodiscard]] qsizetype FatturaStornata(const QList<DocumentoEmesso>& Usciti, qsizetype Storno);
 /// The same of each document of Stato.Emessi and, last, of that one.
 [[nodiscard]] QList<qsizetype> FattureStornate(const StatoTenuto& Tenuto);
 
@@ -35,6 +34,7 @@ struct AccontiDetratti
 /// What is said of a credit note of which the payments leave nothing.
 [[nodiscard]] QString FraseCreditoVuoto(double Totale);
 /// What is said where both differ.
-[[nodiscard]] QString FraseAccontiDopo(double Fattura, double Carta);
+/// @param Fattura total of the invoice, euro
+[[nodiscard]] QString FraseAccontiDopo(const Parcella& Nota, int Tipo, double Fattura);
 /// The chain with these payments.
 [[nodiscard]] DatiCatena RaccogliFattura(const Parcella& Nota, int Tipo);

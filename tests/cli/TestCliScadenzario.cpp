@@ -291,7 +291,7 @@ void TestCliScadenzario::unaFatturaEIlSuoStorno()
     const Esito Fatto = Chiama({u"scadenzario"_s, Radice, u"--stato"_s, u"fatturata"_s});
     QCOMPARE(Fatto.Uscita,
              u"Gialli|||Fattura "
-             u"analitica|7|01/11/2026|Fatturata|||1150,00|46,00|263,12|0,00|1459,12|1459,12|0,00|0,00|f\n"
+             u"analitica|7|01/11/2026|Fatturata|22/11/2026||1150,00|46,00|263,12|0,00|1459,12|1459,12|0,00|0,00|f\n"
              u"Gialli|||Nota di credito della fattura "
              u"7/2026|8|01/11/2026|Fatturata|22/11/2026||-1150,00|-46,00|-263,12|"
              u"0,00|-1459,12|-1459,12|0,00|0,00|f\nAperto: 0,00 in 0 parcelle\n"_s);

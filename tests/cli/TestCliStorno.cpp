@@ -130,7 +130,7 @@ void TestCliStorno::primaLaCarta()
     });
     const QString Xml = Qui.Cartella + u"ITRSSMRA80A01H501U_00001.xml"_s;
     QCOMPARE(Qui.Fattura(File, Xml).Guasti,
-             u"La fattura è uscita per 1.459,12 euro e resta tale: gli acconti scritti dopo la pagano, ma la "
+             u"La fattura è di 1.459,12 euro e resta tale: gli acconti scritti dopo la pagano, ma la "
              "carta stampata ora li toglie e dice 951,60 euro.\n"_s);
     const QString Scritto = QString::fromUtf8(LeggiFile(Xml));
     QCOMPARE(Trovato(Scritto, u"<ImportoTotaleDocumento>([^<]+)"_s), u"1459.12"_s);

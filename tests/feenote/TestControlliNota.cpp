@@ -345,7 +345,7 @@ void TestControlliNota::accontiDopoLaFattura()
     const QString Carta = Format(CatenaFiscale(Nota, Nota.cmbTipoStampa).Totale, u"#,##0.00");
     QCOMPARE(Guarda(Nota).Generi, QList{AccontiDopo});
     QCOMPARE(Guarda(Nota).Frasi.first(),
-             u"La fattura è uscita per %1 euro e resta tale: gli acconti scritti dopo la pagano, ma la carta "
+             u"La fattura è di %1 euro e resta tale: gli acconti scritti dopo la pagano, ma la carta "
              "stampata ora li toglie e dice %2 euro."_s.arg(Intera, Carta));
     QCOMPARE(Guarda(Nota).Tutti.first().Luogo, LuogoRilievo::Acconti);
 }

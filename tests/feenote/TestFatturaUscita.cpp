@@ -79,11 +79,16 @@ private Q_SLOTS:
     void ilNumeroDiUnaDiPrima();
     void unSecondoFileDiUnaDiPrima();
     void ogniFileEDelSuo();
+    void unNumeroConLAnno();
+    void diNuovoLaPrima();
+    void pagataStornataLaProssima();
+    void saldateTutte();
     void forseScartata();
     void alPostoDellaScartata();
     void ilFileDiUnaStampataPrima();
     void pagataAMano();
     void pagataAManoDopoLoStorno();
+    void nonPagataLaStornata();
     void laSinteticaDellaStessa();
 
 private:
@@ -310,6 +315,74 @@ void TestFatturaUscita::ogniFileEDelSuo()
     QCOMPARE(Scritte(), u"12 "_s);
 }
 
+/// "12" and "12/2026" are one number, as lists and citations have it.
+void TestFatturaUscita::unNumeroConLAnno()
+{
+    ScriviFile(Nota);
+    Numera(Nota, u"12/2026"_s);
+    QVERIFY(FatturaGiaScritta(Nota));
+    Stampa(Nota);
+    ScriviFile(Nota);
+    QCOMPARE(Numeri(Nota), u" | 12/2026"_s);
+    Numera(Nota, u"30"_s);
+    ScriviFile(Nota);
+    Numera(Nota, u"12"_s);
+    QVERIFY(FatturaGiaScritta(Nota));
+    Stampa(Nota);
+    QCOMPARE(Numeri(Nota), u"12/2026 | 30"_s);
+}
+
+/// Called a draft again, a note begins anew, with whatever number.
+void TestFatturaUscita::diNuovoLaPrima()
+{
+    ScriviFile(Nota);
+    Numera(Nota, u"30"_s);
+    ScriviFile(Nota);
+    (void)ScegliStato(Nota, Bozza);
+    Numera(Nota, u"12"_s);
+    ScriviFile(Nota);
+    QCOMPARE(Nota.Stato.Stato, Fatturata);
+    QCOMPARE(Numeri(Nota), u" | 12"_s);
+    QCOMPARE(ImportiDellaNota(Nota).Totale, Intero);
+    QVERIFY(Nota.Stato.ConFile);
+}
+
+/// What has paid an invoice that was taken back has not paid the one behind it.
+void TestFatturaUscita::pagataStornataLaProssima()
+{
+    ScriviFile(Nota);
+    Paga(Nota, 1150);
+    (void)SegueStato(Nota, Vista);
+    QCOMPARE(Nota.Stato.Stato, Pagata);
+    Nota.FatturaXml.Tipo = u"TD04"_s;
+    Numera(Nota, u"13"_s);
+    ScriviFile(Nota);
+    QCOMPARE(Nota.Stato.Stato, Pagata);
+    Nota.FatturaXml.Tipo.clear();
+    Nota.xOnorari(0, OnoImporto) = 3000.0;
+    Numera(Nota, u"14"_s);
+    ScriviFile(Nota);
+    QCOMPARE(Numeri(Nota), u"12 13 | 14"_s);
+    QCOMPARE(Nota.Stato.Stato, Fatturata);
+    QVERIFY(RestiDellaNota(Nota).last() > 0);
+}
+
+/// Of an invoice that has taken all of itself away nothing is left.
+void TestFatturaUscita::saldateTutte()
+{
+    ScriviFile(Nota);
+    Paga(Nota, 1150);
+    (void)SegueStato(Nota, Vista);
+    InstallaOrologio([] { return QDateTime(QDate(2026, 12, 1), QTime(10, 0)); });
+    Numera(Nota, u"30"_s);
+    ScriviFile(Nota);
+    QCOMPARE(Numeri(Nota), u"12 | 30"_s);
+    QCOMPARE(ImportiDellaNota(Nota).Netto, 0.0);
+    QCOMPARE(Nota.Stato.Stato, Pagata);
+    QCOMPARE(Nota.Stato.Dal(), u"22/11/2026"_s);
+    QCOMPARE(Nota.Stato.Prima, std::optional(Fatturata));
+}
+
 /// Printed first, an earlier invoice gets its file later.
 void TestFatturaUscita::ilFileDiUnaStampataPrima()
 {
@@ -427,6 +500,26 @@ void TestFatturaUscita::pagataAManoDopoLoStorno()
     QCOMPARE(RestiDellaNota(Nota).last(), Intero);
 }
 
+/// A wrong word is put right by the former state, behind a credit note too; one that is said behind it is of
+/// nothing that was taken back.
+void TestFatturaUscita::nonPagataLaStornata()
+{
+    ScriviFile(Nota);
+    (void)ScegliStato(Nota, Pagata);
+    Nota.FatturaXml.Tipo = u"TD04"_s;
+    Numera(Nota, u"13"_s);
+    ScriviFile(Nota);
+    QCOMPARE(Nota.Stato.Emessi[0].AMano, Intero);
+    (void)ScegliStato(Nota, Fatturata);
+    QCOMPARE(Nota.Stato.Emessi[0].AMano, 0.0);
+    (void)ScegliStato(Nota, Pagata);
+    Nota.FatturaXml.Tipo.clear();
+    Numera(Nota, u"14"_s);
+    ScriviFile(Nota);
+    QCOMPARE(Numeri(Nota), u"12 13 | 14"_s);
+    QCOMPARE(Nota.Stato.Emessi[0].AMano, 0.0);
+}
+
 /// The short invoice without its payments is a sheet of the same invoice.
 void TestFatturaUscita::laSinteticaDellaStessa()
 {
@@ -442,10 +535,17 @@ void TestFatturaUscita::laSinteticaDellaStessa()
     QCOMPARE(ImportiDellaNota(Nota), Sue);
     ScriviFile(Nota);
     QCOMPARE(ImportiDellaNota(Nota), Sue);
+    QCOMPARE(FraseAccontiDopo(Nota, StampaFatturaSintetica, Meno400),
+             u"La fattura è di 951,60 euro, tolti gli acconti con cui è uscita, e resta tale, ma la carta "
+             u"stampata "
+             "ora non li toglie e dice 1.459,12 euro."_s);
+    // What the client was given back is no payment; the paper counts it.
+    Parcella Resa = Nota;
+    Paga(Resa, -200);
     QCOMPARE(
-        FraseAccontiDopo(Meno400, Intero),
-        u"La fattura è uscita per 951,60 euro, tolti gli acconti, e resta tale, ma la carta stampata ora "
-        "non li toglie e dice 1.459,12 euro."_s);
+        FraseAccontiDopo(Resa, StampaFatturaAnalitica, Meno400),
+        u"La fattura è di 951,60 euro e resta tale: ciò che è scritto dopo fra gli acconti non la cambia, "
+        "ma la carta stampata ora lo conta e dice 1.205,36 euro."_s);
     // One that has not gone out yet is as its sheet says.
     (void)ScegliStato(Nota, Bozza);
     QVERIFY(AccontiFatturati(Nota, StampaFatturaSintetica).Propri.Vuota());

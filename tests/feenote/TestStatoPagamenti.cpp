@@ -85,6 +85,8 @@ private Q_SLOTS:
     void ilRestoDelSocio();
     void laPiuVecchiaStornata();
     void citataNonPiuTenuta();
+    void citataAltrove();
+    void tolteDaUnaLista();
 };
 PROVA(TestStatoPagamenti);
 
@@ -367,6 +369,9 @@ void TestStatoPagamenti::leDueListe()
     QFETCH(double, Sola);
     QFETCH(double, DiDue);
     QCOMPARE(Resti(Prova), Due(Sola, DiDue));
+    // A copy takes away what the invoice had taken away, of either list.
+    (void)NotaInviata(Prova, StampaFatturaAnalitica);
+    QCOMPARE(Resti(Prova), Due(Sola, DiDue));
     // Opened again the associated note is known by its sums alone.
     TieniSocio(Prova);
     Prova.txtParcMultipla.clear();
@@ -469,6 +474,38 @@ void TestStatoPagamenti::citataNonPiuTenuta()
     QCOMPARE(Prova.Stato.Emessi[0].Numero, u"30"_s);
     Paga(Prova, 500.0);
     QCOMPARE(RestiDellaNota(Prova)[0], Netto - Cinquecento);
+}
+
+/// An invoice of another file is cited: that of this one is not taken back, and not paid by it.
+void TestStatoPagamenti::citataAltrove()
+{
+    Parcella Prova = NotaDaMille(StampaFatturaAnalitica);
+    Emetti(Prova, 12, 500.0);
+    Prova.FatturaXml.CitataNumero = u"7"_s;
+    Prova.FatturaXml.CitataData = u"9/11/2026"_s;
+    Emetti(Prova, 13, 1000.0, true);
+    Copertura Vista;
+    Paga(Prova, 100.0);
+    (void)SegueStato(Prova, Vista);
+    QCOMPARE(Prova.Stato.Stato, Fatturata);
+    QCOMPARE(RestiDellaNota(Prova)[0], Netto / 2 - Cento);
+}
+
+/// A payment that has gone from this note's list takes nothing of the associated note's away.
+void TestStatoPagamenti::tolteDaUnaLista()
+{
+    Parcella Prova = NotaDaMille(StampaFatturaAnalitica);
+    Paga(Prova, 500.0);
+    Emetti(Prova, 12, 1000.0);
+    Prova.xAcconti = TabellaRighe(AccColonne);
+    Prova.txtParcMultipla = u"altra"_s;
+    Prova.txtPathParcMult = u"/note/altra.mdb"_s;
+    Prova.Multi.TotOnorariMulti = 1000;
+    Emetti(Prova, 14, 1000.0);
+    const int Riga = Prova.Multi.xAccontiMulti.AggiungiRiga();
+    Prova.Multi.xAccontiMulti(Riga, AccValuta) = u"E"_s;
+    Prova.Multi.xAccontiMulti(Riga, AccCorrispettivi) = 500.0;
+    QCOMPARE(Resti(Prova), Due(Netto - Cinquecento, 2 * Netto - Cinquecento));
 }
 
 #include "TestStatoPagamenti.moc"

@@ -315,8 +315,8 @@ private:
                                     .toString(),
                                 Conti.RA, Arrotonda2(Dati.RA.Perc), u"A"_s};
         Fattura.Totale = Conti.Totale;
-        if (const double Carta = CatenaFiscale(Nota, Scelta.Documento).Totale; Carta != Conti.Totale)
-            Note.Avvisa(CampoFattura::NotaAcconti, FraseAccontiDopo(Conti.Totale, Carta));
+        if (CatenaFiscale(Nota, Scelta.Documento).Totale != Conti.Totale)
+            Note.Avvisa(CampoFattura::NotaAcconti, FraseAccontiDopo(Nota, Scelta.Documento, Conti.Totale));
         ComponiRiepiloghi();
         AvvisaRitenuta();
     }

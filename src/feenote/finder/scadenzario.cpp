@@ -134,8 +134,8 @@ VoceTrova VoceDi(const VoceTrova& Nota, const EmessoLetto& Emesso)
     Stato.Documento = Emesso.Che.Documento;
     Stato.Storno = Emesso.Che.Storno;
     Stato.Importi = Emesso.Importi ? std::optional(Emesso.Che.Importi) : std::nullopt;
-    // What the user has called paid is all but what was taken back.
-    Stato.Resto = Emesso.Che.AMano > 0 ? Emesso.Che.Importi.Netto : Emesso.Resto;
+    // What the user has called paid is all that was not taken back before.
+    Stato.Resto = Emesso.Che.AMano > 0 ? Emesso.Che.Importi.Netto - Emesso.Che.AMano : Emesso.Resto;
     Stato.FatturaNumero.clear();
     Stato.FatturaData.clear();
     Voce.Dati.NumFatt = Emesso.Che.Numero;
@@ -169,8 +169,7 @@ const VoceTrova* StornataQui(const std::vector<const VoceTrova*>& Documenti, siz
                        Dati.Stato.CitataNumero,
                        Dati.Stato.CitataData});
     }
-    const qsizetype Posto =
-        FatturaStornata(Usciti, qsizetype(Storno - Primo), Usciti.size() <= MassimiEmessi);
+    const qsizetype Posto = FatturaStornata(Usciti, qsizetype(Storno - Primo));
     return Posto < 0 ? nullptr : Documenti[Primo + size_t(Posto)];
 }
 

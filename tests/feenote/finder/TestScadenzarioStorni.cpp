@@ -168,7 +168,7 @@ void TestScadenzarioStorni::cheCosaResta_data()
     Caso("more than it was", 2000, 0, Fatturata, u"Fattura analitica|12|1150,00|1459,12|0,00|0,00"_s, 0,
          u"Stornata"_s);
     Caso("a part, and the user says that the rest is paid", 100, 0, Pagata,
-         u"Fattura analitica|12|1150,00|1459,12|1459,12|0,00"_s, 0, u"Pagata"_s);
+         u"Fattura analitica|12|1150,00|1459,12|1313,21|0,00"_s, 0, u"Pagata"_s);
     Caso("called a draft again", 1000, 0, Bozza, {}, 0, u"Bozza"_s);
 }
 
