@@ -9,6 +9,7 @@
 #include "feenote/einvoice/composizione.h"
 #include "feenote/einvoice/parti.h"
 #include "feenote/modDatiStampa.h"
+#include "feenote/modEmessi.h"
 #include "feenote/modFatturaXml.h"
 #include "feenote/parcella.h"
 #include "platform/base/regionale.h"
@@ -19,6 +20,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <tuple>
 
 using namespace Qt::StringLiterals;
@@ -275,6 +277,23 @@ Composizione ComponiDellaNota(const Parcella& Nota, const QString& Progressivo, 
     return Fatta;
 }
 
+namespace {
+
+/// The invoice before the last one of the note that its credit note in hand cites.
+std::optional<NumeroEmesso> FatturaCitata(const Parcella& Nota)
+{
+    const auto Giorno = LeggiData(Nota.FatturaXml.CitataData);
+    const NumeroEmesso Citata{Nota.FatturaXml.CitataNumero.simplified(),
+                              Giorno ? Format(*Giorno, u"dd/mm/yyyy") : QString()};
+    for (const DocumentoEmesso& Uno : Nota.Stato.Emessi)
+        if (const NumeroEmesso Sua{Uno.Numero, Uno.Data};
+            !Uno.Storno && !Uno.Numero.isEmpty() && Sua == Citata)
+            return Sua;
+    return std::nullopt;
+}
+
+}  // namespace
+
 bool CambiaTipoFattura(Parcella& Nota, const QString& Tipo)
 {
     DatiFatturaXml& Tenuti = Nota.FatturaXml;
@@ -293,7 +312,9 @@ bool CambiaTipoFattura(Parcella& Nota, const QString& Tipo)
         Tenuti.CitataData = Data;
         Riscrivi({}, {});
     } else if (Prima && Numero.isEmpty() && Data.isEmpty() && !Tenuti.DiFattura.isEmpty()) {
-        Riscrivi(Tenuti.DiFattura.section(u'|', 0, 0), Tenuti.DiFattura.section(u'|', 1));
+        const NumeroEmesso Sua = FatturaCitata(Nota).value_or(
+            NumeroEmesso{Tenuti.DiFattura.section(u'|', 0, 0), Tenuti.DiFattura.section(u'|', 1)});
+        Riscrivi(Sua.Numero, Sua.Data);
         Tenuti.CitataNumero.clear();
         Tenuti.CitataData.clear();
     }

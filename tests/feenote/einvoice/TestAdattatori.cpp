@@ -1,8 +1,11 @@
 // Office, client and choices of an electronic invoice as settings, archive and note hold them.
 #include "feenote/nota_prova.h"
+#include "feenote/notadamille.h"
 
 #include "addressbook/modClienti.h"
 #include "feenote/einvoice/adattatori.h"
+#include "feenote/modFatturaXml.h"
+#include "feenote/modStato.h"
 
 using namespace Qt::StringLiterals;
 
@@ -30,6 +33,7 @@ private Q_SLOTS:
     void scelteSbagliate();
     void formato_data();
     void formato();
+    void notaDiCreditoDiUnaDiPrima();
 };
 PROVA(TestAdattatori);
 
@@ -337,6 +341,26 @@ void TestAdattatori::formato()
     Cessionario Cliente;
     Cliente.Genere = Genere;
     QTEST(SceltaDellaNota(Nota, Cliente).Formato, "Formato");
+}
+
+/// The older of two invoices is to be taken back: its number is typed, and goes into the citation.
+void TestAdattatori::notaDiCreditoDiUnaDiPrima()
+{
+    Parcella Nota = NotaDaMille(StampaFatturaAnalitica);
+    Nota.txtDatiPar[DatoDataFatt] = u"09/11/2026"_s;
+    for (const QString& Numero : {u"12"_s, u"30"_s}) {
+        Nota.txtDatiPar[DatoNumFatt] = Numero;
+        SegnaFatturaScritta(Nota, Numero + u".xml"_s, Numero);
+    }
+    Nota.txtDatiPar[DatoNumFatt] = u"12"_s;
+    QVERIFY(CambiaTipoFattura(Nota, u"TD04"_s));
+    QCOMPARE(Nota.FatturaXml.CitataNumero, u"12/2026"_s);
+    QCOMPARE(Nota.FatturaXml.CitataData, u"09/11/2026"_s);
+    QCOMPARE(Nota.DatiPar(DatoNumFatt) + Nota.DatiPar(DatoDataFatt), QString());
+    QVERIFY(CambiaTipoFattura(Nota, QString()));
+    QCOMPARE(Nota.DatiPar(DatoNumFatt), u"12"_s);
+    QCOMPARE(Nota.DatiPar(DatoDataFatt), u"09/11/2026"_s);
+    QCOMPARE(Nota.FatturaXml.CitataNumero, QString());
 }
 
 #include "TestAdattatori.moc"
