@@ -145,6 +145,11 @@ private:
 Parcella NotaDaFatturare(const QString& Percorso, const NotaMultipla& Altra)
 {
     Parcella Nota = LeggiNota(Percorso, Altra);
+    // What is sent to the exchange system does not come back: no 0 that nobody has written goes there.
+    if (Nota.Modificata || Nota.Multi.Illeggibili > 0)
+        throw Errore(
+            NumeroFatturaRifiutata,
+            u"Non tutti gli importi della parcella si leggono: aprirla, scriverli di nuovo e salvarla"_s);
     if (!Nota.Multipla() && !Nota.txtPathParcMult.isEmpty())
         throw Errore(
             NumeroFatturaRifiutata,

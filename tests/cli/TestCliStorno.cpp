@@ -22,6 +22,8 @@ private Q_SLOTS:
     void unaSommaSola();
     void primaLaCarta();
     void dueFatture();
+    void importiCheNonSiLeggono_data();
+    void importiCheNonSiLeggono();
 };
 PROVA(TestCliStorno);
 
@@ -157,6 +159,35 @@ void TestCliStorno::dueFatture()
     for (const QString& Riga : Righe)
         Dette += Riga.section(u'|', 4, 4) + u' ' + Riga.section(u'|', 13, 13);
     QCOMPARE(Dette, (QStringList{u"7 1459,12"_s, u"30 951,60"_s}));
+}
+
+void TestCliStorno::importiCheNonSiLeggono_data()
+{
+    QTest::addColumn<bool>("DellAltra");
+    QTest::newRow("its own") << false;
+    QTest::newRow("of the associated note") << true;
+}
+
+/// A sheet is printed with a warning; what is sent for good is not written.
+void TestCliStorno::importiCheNonSiLeggono()
+{
+    QFETCH(bool, DellAltra);
+    const Ufficio Qui;
+    sessione::ArchivioCliCon = Qui.Archivio;
+    const QString File = Qui.Nota();
+    const QString Altra = Qui.Cartella + u"altra.mdb"_s;
+    QVERIFY(QFile::copy(File, Altra));
+    OpenDatabase(DellAltra ? Altra : File).Execute(u"UPDATE ParcellaRighe SET Importo='12,5x'"_s);
+    const Esito Riepilogo = Chiama({u"riepilogo"_s, File, u"--multipla"_s, Altra});
+    QVERIFY2(Riepilogo.Guasti.contains(DellAltra ? u"importo della parcella associata \"altra\" non si legge"
+                                                 : u"importo della parcella non si legge"),
+             qPrintable(Riepilogo.Guasti));
+    const QString Xml = Qui.Cartella + u"ITRSSMRA80A01H501U_00001.xml"_s;
+    const Esito Fattura =
+        Chiama({u"--archivio"_s, Qui.Archivio, u"fattura"_s, File, Xml, u"--multipla"_s, Altra});
+    QVERIFY2(Fattura.Guasti.contains(u"Non tutti gli importi della parcella si leggono"_s),
+             qPrintable(Fattura.Guasti));
+    QVERIFY(!EsisteFile(Xml));
 }
 
 #include "TestCliStorno.moc"
