@@ -204,6 +204,18 @@ void TestTermini::dentroIlCalendario()
              QDate(9999, 11, 15));
     QCOMPARE(CalcolaTermine(Caselle(u"03/01/0100"_s, u"1"_s, TipoGiorni, Senza())).DataCorrente,
              QDate(100, 1, 4));
+    // The last day and the first one are of the calendar.
+    QCOMPARE(CalcolaTermine(Caselle(u"30/12/9999"_s, u"1"_s)).DataCorrente, QDate(9999, 12, 31));
+    QCOMPARE(CalcolaTermine(Caselle(u"31/12/9998"_s, u"1"_s, 2)).DataCorrente, QDate(9999, 12, 31));
+    QCOMPARE(CalcolaTermine(Caselle(u"01/01/0100"_s, u"1"_s)).DataCorrente, QDate(100, 1, 2));
+    QCOMPARE(CalcolaTermine(Caselle(u"03/01/0100"_s, u"1"_s, TipoGiorni, Senza(true))).DataCorrente,
+             QDate(100, 1, 2));
+    // The suspension of the first year and of the last one is met, those beside them never.
+    QCOMPARE(CalcolaTermine(Caselle(u"10/08/9999"_s, u"5"_s, TipoGiorni, Sospesi)).DataCorrente,
+             QDate(9999, 9, 20));
+    QCOMPARE(CalcolaTermine(Caselle(u"20/09/0100"_s, u"10"_s, TipoGiorni, {true, false, false, true}))
+                 .DataCorrente,
+             QDate(100, 7, 26));
     // 46 days of suspension a year: 46,000 in all, beyond 16 bits, make 147 years and their own suspensions.
     QCOMPARE(CalcolaTermine(Caselle(u"01/01/2012"_s, u"1000"_s, 2, Sospesi)).DataCorrente.year(), 3156);
 }
