@@ -1,6 +1,7 @@
 // Every window as a screen reader is told of it: by the toolkit's own tree, and through the bus of the
 // desktop.
 #include "moduli.h"
+#include "passi.h"
 #include "studiocompleto.h"
 
 #include <QRegularExpression>
@@ -27,7 +28,6 @@ private Q_SLOTS:
     void sulBus();
 
 private:
-    [[nodiscard]] bool Passo(const QString& Verbo, const QString& Cosa);
     void Guarda() { QCOMPARE(P->Chiedi(u"nomi"_s), QString()); }
 
     std::unique_ptr<Programma> P;
@@ -245,41 +245,6 @@ void TestAccessibili::sulBus_data()
     Riga("domanda", u"nota;digita Rossi;premi ctrl+w"_s, {});
 }
 
-/// A step of a row: a verb and what it is about. @return false where it stops
-bool TestAccessibili::Passo(const QString& Verbo, const QString& Cosa)
-{
-    const auto Attesa = [&](const QString& Domanda) {
-        return P->Attendi(Domanda, [&Cosa](const QString& Risposta) { return Risposta == Cosa; });
-    };
-    if (Verbo == u"scrivania")
-        return P->Aperta(u"Calcanova 3"_s);
-    if (Verbo == u"nota")
-        return P->NuovaParcella();
-    if (Verbo == u"compila")
-        return P->CompilaDatiBase();
-    if (Verbo == u"scheda")
-        return P->AllaScheda(Cosa);
-    if (Verbo == u"impostazioni")
-        return P->AlleImpostazioni(Cosa);
-    if (Verbo == u"fattura")
-        return FinoAllaFattura(*P);
-    if (Verbo == u"premi")
-        P->Premi(Cosa.split(u' '));
-    else if (Verbo == u"digita")
-        P->Digita(QString(Cosa).replace(u"$CASA"_s, P->Casa()));
-    else if (Verbo == u"clic")
-        P->Clic(Cosa);
-    else if (Verbo == u"vai")
-        return P->VaiA(Cosa);
-    else if (Verbo == u"aperta")
-        return P->Attendi(u"attiva"_s, [&Cosa](const QString& Titolo) { return Titolo.startsWith(Cosa); });
-    else if (Verbo == u"vede")
-        return P->Attendi(u"visto "_s + Cosa, [](const QString& Visto) { return !Visto.isEmpty(); });
-    else
-        return Attesa(Verbo);
-    return !QTest::currentTestFailed();
-}
-
 void TestAccessibili::sulBus()
 {
     QFETCH(QString, Passi);
@@ -293,10 +258,9 @@ void TestAccessibili::sulBus()
     QVERIFY(Guasta.open(QIODevice::WriteOnly) && Guasta.write("<a/>") == 4);
     Guasta.close();
     for (const QString& Uno : Passi.split(u';', Qt::SkipEmptyParts))
-        QVERIFY2(Passo(Uno.section(u' ', 0, 0), Uno.section(u' ', 1)),
-                 qPrintable(Uno + u": "_s + P->Stato()));
+        QVERIFY2(Passo(*P, Uno), qPrintable(Uno + u": "_s + P->Stato()));
     if (!Finestra.isEmpty())
-        QVERIFY2(Passo(u"finestra"_s, Finestra), qPrintable(P->Stato()));
+        QVERIFY2(Passo(*P, u"finestra "_s + Finestra), qPrintable(P->Stato()));
     QList<Letto> Controlli;
     int Esito = 0;
     constexpr int Pochi = 4;

@@ -4,6 +4,7 @@
 // One question a line, one answer a line ("\n" in an answer is written as "\\n"):
 //   fuoco            name of what has the focus, or of the nearest named widget around it
 //   pulsante         "1" when what has the focus is a button, which Enter or Space would press
+//   acceso           name of the default button of the active window, or its text, where it is lit as one
 //   attiva           title of the active window, "|" and that of its active document
 //   finestra         name of the active window
 //   dipinta          "1" when the active window has been painted
@@ -241,6 +242,23 @@ QString Cella(QWidget* Griglia, int Riga, int Colonna)
            Indice.data().toString().replace(u'\n', u' ');
 }
 
+/// What is lit is what is drawn otherwise than the same button without the default.
+QString Acceso()
+{
+    const QWidget* Finestra = QApplication::activeWindow();
+    for (QPushButton* Pulsante : Finestra ? Finestra->findChildren<QPushButton*>() : QList<QPushButton*>()) {
+        if (!Pulsante->isVisible() || !Pulsante->isDefault())
+            continue;
+        const QImage Disegno = Pulsante->grab().toImage();
+        Pulsante->setDefault(false);
+        const bool Diverso = Pulsante->grab().toImage() != Disegno;
+        Pulsante->setDefault(true);
+        if (Diverso)
+            return Pulsante->objectName().isEmpty() ? Pulsante->text().remove(u'&') : Pulsante->objectName();
+    }
+    return {};
+}
+
 /// A grid shows a bar of its own, below its footer, in the view's place.
 QString BarraDi(QWidget* Griglia)
 {
@@ -316,6 +334,8 @@ private:
         const QString& Cosa = Parole.first();
         if (Cosa == u"fuoco")
             return NomeVicino(QApplication::focusWidget());
+        if (Cosa == u"acceso")
+            return Acceso();
         if (Cosa == u"attiva")
             return Attiva();
         if (Cosa == u"dipinta") {

@@ -6,6 +6,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/predefinito.h"
 #include "platform/kit/trattieni.h"
 #include "platform/system/messaggi.h"
 
@@ -24,7 +25,6 @@
 #include <QScrollArea>
 #include <QStringList>
 #include <QStyle>
-#include <QToolButton>
 #include <QToolTip>
 
 #include <algorithm>
@@ -41,29 +41,17 @@ bool EInvio(const QEvent* Evento)
     return Tasto->key() == Qt::Key_Return || Tasto->key() == Qt::Key_Enter;
 }
 
-/// Enter presses a tool button as it does any other; left to the dialog it would press the default one.
-class InvioPreme : public QObject
-{
-public:
-    explicit InvioPreme(QToolButton* Pulsante) : QObject(Pulsante) { Pulsante->installEventFilter(this); }
-
-    bool eventFilter(QObject* Oggetto, QEvent* Evento) override
-    {
-        if (!EInvio(Evento))
-            return false;
-        static_cast<QToolButton*>(Oggetto)->click();
-        return true;
-    }
-};
-
 class Catena : public QObject
 {
 public:
     Catena(const QList<QWidget*>& Tutti, std::function<void()> Fine)
         : QObject(Tutti.first()->window()), Campi(Tutti), Calcola(std::move(Fine))
     {
-        for (QWidget* Campo : Campi)
+        for (QWidget* Campo : Campi) {
             Campo->installEventFilter(this);
+            // Behind the last one Enter calculates, as the button does.
+            TieneInvio(Campo, [this, Campo] { return Prossimo(Campo) != nullptr; });
+        }
     }
 
     bool eventFilter(QObject* Oggetto, QEvent* Evento) override
@@ -178,8 +166,6 @@ void PreparaModulo(QDialog* Modulo, const QString& NomeIcona)
     Modulo->setWindowIcon(aspetto::Icona(NomeIcona));
     aspetto::AssegnaMnemonici(Modulo);
     aspetto::AssegnaNomiAccessibili(Modulo);
-    for (QToolButton* Pulsante : Modulo->findChildren<QToolButton*>())
-        new InvioPreme(Pulsante);
     for (QLabel* Etichetta : Modulo->findChildren<QLabel*>())
         if (auto* Casella = qobject_cast<QCheckBox*>(Etichetta->buddy()))
             new EtichettaSpunta(Etichetta, Casella);

@@ -5,6 +5,7 @@
 #include "core/settings/frmIcons.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/predefinito.h"
 #include "platform/kit/scelta.h"
 #include "platform/kit/suggerimento.h"
 #include "platform/system/messaggi.h"
@@ -104,6 +105,7 @@ SchedaDesktop::SchedaDesktop(QWidget* Padre) : QWidget(Padre), ui(std::make_uniq
     Collega(ui->tdbIcone, &Griglia::Cancella, this,
             [this] { EliminaIcona(ui->tdbIcone->RigaCorrente().value_or(-1)); });
     Collega(ui->tdbIcone, &Griglia::RigaCambiata, this, [this] { AbilitaPulsanti(); });
+    TieneInvio(ui->tdbIcone->Vista());  // it opens the icon
     ui->tdbIcone->ConsentiTrascina(true);
     Collega(ui->tdbIcone, &Griglia::Trascinata, this,
             [this](int Meta) { SpostaIcone(ui->tdbIcone->Selezione(), Meta); });

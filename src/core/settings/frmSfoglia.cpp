@@ -5,6 +5,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/predefinito.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
@@ -72,6 +73,9 @@ frmSfoglia::frmSfoglia(QWidget* Chiamante) : QDialog(Chiamante), ui(std::make_un
     Collega<QAbstractButton>(ui->cmdAnnulla, &QAbstractButton::clicked, this, [this] { reject(); });
     ui->dirDir->installEventFilter(this);
     ui->txtCartella->installEventFilter(this);
+    // In both Enter goes into a folder; the button chooses it.
+    TieneInvio(ui->dirDir);
+    TieneInvio(ui->txtCartella);
     aspetto::RicordaPostoDi(this, NomePosto);
 }
 

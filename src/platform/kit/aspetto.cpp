@@ -2,6 +2,7 @@
 
 #include "platform/kit/icona.h"
 #include "platform/kit/listaaccessibile.h"
+#include "platform/kit/predefinito.h"
 #include "platform/kit/stile.h"
 #include "platform/kit/suggerimento.h"
 #include "platform/kit/traduzioni.h"
@@ -126,6 +127,7 @@ void Prepara()
     PreparaLingua();
     InstallaListeAccessibili();
     SuggerimentiLeggibili();
+    SeguiInvio();
     QApplication::setWindowIcon(Icona(u"calcanova"_s));
     QApplication::setDesktopFileName(
         u"calcanova"_s);  // of its entry in the menu, by which a desktop groups its windows

@@ -4,6 +4,7 @@
 #include "platform/base/regionale.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/modFiltri.h"
+#include "platform/kit/predefinito.h"
 #include "platform/system/messaggi.h"
 
 #include <QApplication>
@@ -194,6 +195,7 @@ public:
           TastierinoInVirgola(TastierinoVirgola)
     {
         Campo->installEventFilter(this);
+        TieneInvio(Campo);
     }
 
     bool eventFilter(QObject* Oggetto, QEvent* Evento) override

@@ -1,5 +1,8 @@
 #include "platform/kit/stile.h"
 
+#include "platform/kit/predefinito.h"
+
+#include <QPushButton>
 #include <QStyleOptionComboBox>
 #include <QStyleOptionMenuItem>
 #include <QStyleOptionToolButton>
@@ -18,6 +21,13 @@ const QStyleOptionToolButton* CheApreUnMenu(const QStyleOption* Opzioni)
         Bottone->features.testFlag(QStyleOptionToolButton::MenuButtonPopup))
         return nullptr;
     return Bottone;
+}
+
+/// A default button that Enter would not press from where the focus is.
+bool SpentoDalFuoco(const QStyleOptionButton& Bottone, const QWidget* Oggetto)
+{
+    const auto* Suo = qobject_cast<const QPushButton*>(Oggetto);
+    return Suo && Bottone.features.testFlag(QStyleOptionButton::DefaultButton) && !InvioPreme(Suo);
 }
 
 }  // namespace
@@ -74,6 +84,13 @@ void StileProgramma::drawControl(ControlElement Quale, const QStyleOption* Opzio
         const int Lato = proxy()->pixelMetric(PM_MenuButtonIndicator, Opzioni, Oggetto);
         Scritta.rect = visualRect(Bottone->direction, Bottone->rect, Bottone->rect.adjusted(0, 0, -Lato, 0));
         QProxyStyle::drawControl(Quale, &Scritta, Pennello, Oggetto);
+        return;
+    }
+    if (const auto* Bottone = qstyleoption_cast<const QStyleOptionButton*>(Opzioni);
+        Bottone && Quale == CE_PushButton && SpentoDalFuoco(*Bottone, Oggetto)) {
+        QStyleOptionButton Spento = *Bottone;
+        Spento.features.setFlag(QStyleOptionButton::DefaultButton, false);
+        QProxyStyle::drawControl(Quale, &Spento, Pennello, Oggetto);
         return;
     }
     // The name of a menu that cannot be opened now stands on the bar's own ground.

@@ -1,15 +1,22 @@
 // What the program's style draws otherwise than the toolkit's.
+#include "platform/kit/campo.h"
+#include "platform/kit/predefinito.h"
 #include "supporto/prova.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QDialog>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QStyle>
 #include <QStyleFactory>
 #include <QStyleOptionComboBox>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -24,6 +31,7 @@ private Q_SLOTS:
     void laVoceLungaLoDice();
     void laVoceCheCiStaRestaIntera();
     void ilMenuSpentoNonHaToppe();
+    void ilPredefinitoSiAccendeDoveInvioLoPreme();
 };
 PROVA(TestStile);
 
@@ -148,6 +156,70 @@ void TestStile::ilMenuSpentoNonHaToppe()
     const QImage Disegno = Barra.grab().toImage();
     for (int x = 0; x < Disegno.width(); ++x)
         QVERIFY(Disegno.pixelColor(x, Disegno.height() / 2).red() < 0xC0);
+}
+
+/// A default button is lit where Enter presses it, and looks like any other where a field keeps Enter.
+void TestStile::ilPredefinitoSiAccendeDoveInvioLoPreme()
+{
+    QDialog Finestra;
+    auto* Colonna = new QVBoxLayout(&Finestra);
+    QLineEdit Semplice;
+    QLineEdit Filtrata;
+    QLineEdit ConCaso;
+    QPlainTextEdit Righe;
+    QPushButton Calcola(u"Calcola"_s);
+    QPushButton Copia(u"Copia"_s);
+    QToolButton Sfoglia;
+    Sfoglia.setFocusPolicy(Qt::StrongFocus);
+    for (QWidget* Parte :
+         std::initializer_list<QWidget*>{&Semplice, &Filtrata, &ConCaso, &Righe, &Calcola, &Copia, &Sfoglia})
+        Colonna->addWidget(Parte);
+    for (QPushButton* Bottone : {&Calcola, &Copia})
+        Bottone->setAutoDefault(false);
+    Calcola.setDefault(true);
+    FiltraTasti(&Filtrata, u"d"_s);
+    bool Tiene = true;
+    TieneInvio(&ConCaso, [&Tiene] { return Tiene; });
+    int Premuto = 0;
+    connect(&Calcola, &QPushButton::clicked, &Finestra, [&Premuto] { ++Premuto; });
+    Finestra.show();
+    QVERIFY(QTest::qWaitForWindowActive(&Finestra));
+
+    const auto Disegno = [&] { return Calcola.grab().toImage(); };
+    Semplice.setFocus();
+    const QImage Acceso = Disegno();
+    Calcola.setDefault(false);
+    const QImage Comune = Disegno();
+    Calcola.setDefault(true);
+    QVERIFY(Acceso != Comune);
+    struct Passo
+    {
+        QWidget* Dove;
+        bool Acceso;
+    };
+    int Copiato = 0;
+    connect(&Copia, &QPushButton::clicked, &Finestra, [&Copiato] { ++Copiato; });
+    connect(&Sfoglia, &QToolButton::clicked, &Finestra, [&Copiato] { ++Copiato; });
+    for (const Passo& P : {Passo{&Semplice, true}, Passo{&Filtrata, false}, Passo{&Copia, false},
+                           Passo{&Sfoglia, false}, Passo{&Righe, false}, Passo{&ConCaso, false}}) {
+        P.Dove->setFocus();
+        Premuto = 0;
+        Copiato = 0;
+        QCOMPARE(InvioPreme(&Calcola), P.Acceso);
+        QCOMPARE(Disegno() == Acceso, P.Acceso);
+        QCOMPARE(Disegno() == Comune, !P.Acceso);
+        if (P.Dove == &ConCaso)
+            continue;
+        QTest::keyClick(P.Dove, Qt::Key_Return);
+        QCOMPARE(Premuto, int(P.Acceso));
+        QCOMPARE(Copiato, int(P.Dove == &Copia || P.Dove == &Sfoglia));  // whose button it is
+    }
+    Tiene = false;
+    QVERIFY(InvioPreme(&Calcola));
+    Calcola.setFocus();
+    QVERIFY(InvioPreme(&Calcola));
+    QTest::keyClick(&Calcola, Qt::Key_Return);
+    QCOMPARE(Premuto, 1);
 }
 
 #include "TestStile.moc"
