@@ -1,6 +1,7 @@
 #include "calculators/windows/comandicalcolo.h"
 
 #include "calculators/windows/frmUltimiCalcoli.h"
+#include "calculators/windows/importoconpunti.h"
 #include "core/modErrori.h"
 #include "platform/kit/appunti.h"
 #include "platform/kit/campo.h"
@@ -67,7 +68,7 @@ CampoRicordato CampoDi(QWidget* Controllo)
                     return true;
                 }};
     if (auto* Casella = qobject_cast<QLineEdit*>(Controllo))
-        return {Nome, [Casella] { return Casella->text(); },
+        return {Nome, [Casella] { return TestoDigitato(Casella); },
                 [Casella](const QString& Valore) {
                     Casella->setText(Valore);
                     return true;

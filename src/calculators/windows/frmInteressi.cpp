@@ -5,6 +5,7 @@
 #include "calculators/windows/comandicalcolo.h"
 #include "calculators/windows/etamostrata.h"
 #include "calculators/windows/finestracalcolo.h"
+#include "calculators/windows/importoconpunti.h"
 #include "core/modErrori.h"
 #include "core/modLancio.h"
 #include "core/sessione.h"
@@ -120,6 +121,7 @@ void frmInteressi::ColonneRiepilogo()
 void frmInteressi::Collegamenti()
 {
     VirgolaDalTastierino(ui->txtCapitale);
+    MostraConPunti(ui->txtCapitale);
     VirgolaDalTastierino(ui->txtAumento, true);
     for (MascheraData* Data : {ui->mskDataIni, ui->mskDataFin})
         AlLasciaSempre(Data, [Data] {
@@ -236,8 +238,8 @@ void frmInteressi::keyPressEvent(QKeyEvent* Evento)
 
 DatiInteressi frmInteressi::Dati() const
 {
-    return {ui->cmbInteressi->currentIndex(), ui->txtCapitale->text(), ui->cmbValuta->currentIndex(),
-            ui->txtAumento->text(),           ui->mskDataIni->Testo(), ui->mskDataFin->Testo(),
+    return {ui->cmbInteressi->currentIndex(), TestoDigitato(ui->txtCapitale), ui->cmbValuta->currentIndex(),
+            ui->txtAumento->text(),           ui->mskDataIni->Testo(),        ui->mskDataFin->Testo(),
             ui->optDataFine_1->isChecked()};
 }
 

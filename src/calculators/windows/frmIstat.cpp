@@ -5,6 +5,7 @@
 #include "calculators/windows/comandicalcolo.h"
 #include "calculators/windows/etamostrata.h"
 #include "calculators/windows/finestracalcolo.h"
+#include "calculators/windows/importoconpunti.h"
 #include "core/modErrori.h"
 #include "platform/base/regionale.h"
 #include "platform/kit/annuncio.h"
@@ -94,6 +95,7 @@ void frmIstat::Misure()
 void frmIstat::Collegamenti()
 {
     VirgolaDalTastierino(ui->txtImporto);
+    MostraConPunti(ui->txtImporto);
     const auto Pulisci = [this] { PulisciCalcoli(); };
     for (const int Indice : {0, 1}) {
         MascheraData* Data = Casella(Indice);
@@ -160,7 +162,7 @@ void frmIstat::Mostra()
 
 DatiIstat frmIstat::Dati() const
 {
-    return {ui->mskDataIni->Testo(), ui->mskDataFin->Testo(), ui->txtImporto->text(),
+    return {ui->mskDataIni->Testo(), ui->mskDataFin->Testo(), TestoDigitato(ui->txtImporto),
             ui->cmbValuta->currentIndex()};
 }
 

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void nuovoCalcolo();
     void dateSenzaSeparatori();
     void virgolaDelTastierino();
+    void ilCapitaleSiLeggeCoiPunti();
     void copie();
     void nienteDaCopiare();
     void lire();
@@ -328,6 +329,34 @@ void TestFrmInteressi::virgolaDelTastierino()
     QCOMPARE(TestoDi(F, "txtCapitale"), u"1.,"_s);
     Scrivi(F, "txtAumento", u"1.5"_s);
     QCOMPARE(TestoDi(F, "txtAumento"), u"1,5"_s);
+}
+
+/// Points while it is read, the typed text while it is written; neither is a change of the capital.
+void TestFrmInteressi::ilCapitaleSiLeggeCoiPunti()
+{
+    Compila(u"1000000"_s, u"01/01/2013"_s, u"31/12/2014"_s);
+    QCOMPARE(TestoDi(F, "txtCapitale"), u"1000000"_s);
+    Controllo(F, "txtAumento")->setFocus();
+    QCOMPARE(TestoDi(F, "txtCapitale"), u"1.000.000,00"_s);
+    Calcola();
+    QCOMPARE(TestoDi(F, "lblTotale"), u"35.000,00"_s);
+    Controllo(F, "txtCapitale")->setFocus();
+    QCOMPARE(TestoDi(F, "txtCapitale"), u"1000000"_s);
+    Controllo(F, "txtAumento")->setFocus();
+    QCOMPARE(TestoDi(F, "txtCapitale"), u"1.000.000,00"_s);
+    QCOMPARE(TestoDi(F, "lblTotale"), u"35.000,00"_s);
+    // What is no number stays, and what code writes is its own.
+    Scrivi(F, "txtCapitale", u"mille"_s);
+    Controllo(F, "txtAumento")->setFocus();
+    QCOMPARE(TestoDi(F, "txtCapitale"), u"mille"_s);
+    QCOMPARE(TestoDi(F, "lblTotale"), QString());
+    Scrivi(F, "txtCapitale", u"0,125"_s);
+    Controllo(F, "txtAumento")->setFocus();
+    QCOMPARE(TestoDi(F, "txtCapitale"), u"0,125"_s);
+    Scrivi(F, "txtCapitale", u"2000"_s);
+    Controllo(F, "txtAumento")->setFocus();
+    DalMenu(F, "mnuNew");
+    QCOMPARE(TestoDi(F, "txtCapitale"), QString());
 }
 
 void TestFrmInteressi::copie()

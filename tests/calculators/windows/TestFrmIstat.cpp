@@ -49,6 +49,7 @@ private Q_SLOTS:
     void nuovoCalcolo();
     void calendario();
     void grafico();
+    void lImportoSiLeggeCoiPunti();
     void copie();
     void nienteDaCopiare();
     void accessibile();
@@ -419,6 +420,20 @@ void TestFrmIstat::grafico()
     for (qsizetype i = 1; i < Grafico->Serie().size(); ++i)
         QVERIFY(std::abs(Grafico->Serie()[i].Valore / Grafico->Serie()[i - 1].Valore - 1) < 0.02);
     QVERIFY(Grafico->accessibleDescription().startsWith(u"Da 137,9 (nov 2010) a "));
+}
+
+/// Points while it is read, the typed text while it is written; the results stay.
+void TestFrmIstat::lImportoSiLeggeCoiPunti()
+{
+    Compila(u"10000"_s, u"15/01/2010"_s, u"15/01/2012"_s);
+    Controllo(F, "cmbValuta")->setFocus();
+    QCOMPARE(TestoDi(F, "txtImporto"), u"10.000,00"_s);
+    Controllo<QPushButton>(F, "cmdCalcola")->click();
+    const QString Fatto = TestoDi(F, "lblImpRival");
+    QVERIFY(!Fatto.isEmpty());
+    Controllo(F, "txtImporto")->setFocus();
+    QCOMPARE(TestoDi(F, "txtImporto"), u"10000"_s);
+    QCOMPARE(TestoDi(F, "lblImpRival"), Fatto);
 }
 
 void TestFrmIstat::copie()
