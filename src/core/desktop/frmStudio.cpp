@@ -49,21 +49,19 @@ namespace {
 class Insegna : public QWidget
 {
 public:
-    explicit Insegna(QWidget* Padre) : QWidget(Padre)
+    Insegna(double Scala, QWidget* Padre) : QWidget(Padre), Lato(qRound(64 * Scala))
     {
-        constexpr QRect Posto(8, 12, 100, 288);
         setObjectName(u"imgBase"_s);
-        setGeometry(Posto);
+        setGeometry(QRectF(8 * Scala, 12 * Scala, 100 * Scala, 288 * Scala).toRect());
     }
 
 protected:
     void paintEvent(QPaintEvent*) override
     {
-        constexpr int LatoFigura = 64;
         constexpr int Spazio = 8;
         QPainter Pennello(this);
-        QRect Figura(0, 1, LatoFigura, LatoFigura);
-        Figura.moveLeft((width() - LatoFigura) / 2);
+        QRect Figura(0, 1, Lato, Lato);
+        Figura.moveLeft((width() - Lato) / 2);
         windowIcon().paint(&Pennello, Figura);
         QFont Grassetto = font();
         Grassetto.setBold(true);
@@ -88,6 +86,8 @@ private:
         TextBorder(Pennello, Dove, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, Testo,
                    aspetto::DaBgr(sessione::ColoreEtichette), aspetto::DaBgr(sessione::ColoreEtichetteBordo));
     }
+
+    int Lato;  // of the picture
 };
 
 /// The settings on a tab; what the desktop was about to do waits until they are closed.
@@ -116,7 +116,8 @@ frmStudio::frmStudio() : ui(std::make_unique<Ui::frmStudio>())
     ui->areaQuadro->viewport()->setAutoFillBackground(false);
     ui->quadro->setAutoFillBackground(false);
     ui->imgClose->setIcon(aspetto::Icona(u"exit"_s));
-    new Insegna(ui->quadro);
+    Scala = ScalaDelQuadro(screen()->availableGeometry().size(), aspetto::RapportoDelleLettere(this));
+    new Insegna(Scala, ui->quadro);
     CreaIconeFisse();
     Recenti = new PannelloRecenti(this);
     ui->rigaQuadro->addWidget(Recenti);
@@ -145,6 +146,16 @@ frmStudio::frmStudio() : ui(std::make_unique<Ui::frmStudio>())
     resize(ui->quadro->minimumWidth() + aspetto::Bordo + LarghezzaRecenti(),
            ui->quadro->minimumHeight() + ui->piede->sizeHint().height());
     DisponiRecenti();
+}
+
+double frmStudio::ScalaDelQuadro(const QSize& Schermo, double Lettere)
+{
+    constexpr int Larga = 620;
+    constexpr int Alta = 312;
+    constexpr int Intorno = 90;  // title and foot
+    const double Entra = std::min(double(Schermo.width() - PannelloRecenti::LarghezzaMinima) / Larga,
+                                  double(Schermo.height() - Intorno) / Alta);
+    return std::clamp(Entra, 1.0, std::max(Lettere, 1.0));
 }
 
 frmStudio::~frmStudio()

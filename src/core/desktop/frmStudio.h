@@ -27,6 +27,12 @@ public:
     frmStudio();
     ~frmStudio() override;
 
+    /// How much the board grows with the letters: as far as the screen has room for all rows of the program's
+    /// icons, with the strip of the last notes beside them.
+    /// @param Lettere the letters' size to the design's
+    /// @return 1 or more
+    [[nodiscard]] static double ScalaDelQuadro(const QSize& Schermo, double Lettere);
+
     /// Shows the desktop in front, where it was left.
     void Mostra();
 
@@ -40,7 +46,7 @@ public:
     void LoadIconsFromIniFile();
     /// Makes one icon of the user's.
     /// @param Riga row of IconeUtente
-    /// @param X,Y upper left corner of the picture, in pixels
+    /// @param X,Y upper left corner of the picture, in pixels of the design: they grow with larger letters
     void DrawNewIcon(const QString& Etichetta, const QString& Destinazione, const QString& Figura, int Riga,
                      int X, int Y);
 
@@ -90,6 +96,7 @@ private:
 
     std::unique_ptr<Ui::frmStudio> ui;
     PannelloRecenti* Recenti = nullptr;
+    double Scala = 1;                 ///< pixels of the board to one of the design
     std::vector<IconaStudio*> Icone;  // children of the board
     QString Sfondo;                   ///< picture, full path; empty: the plain colour
     QString SfondoGuasto;             ///< the picture that could not be read, once the user was told

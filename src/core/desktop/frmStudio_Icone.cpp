@@ -98,10 +98,11 @@ void frmStudio::UnSoloCarattere()
     int Pixel = QFontInfo(font()).pixelSize();
     for (const IconaStudio* Icona : Icone)
         if (!DiUtente(Icona))
-            Pixel = std::min(Pixel, IconaStudio::AltezzaCarattere(font(), Icona->text()));
+            Pixel = std::min(Pixel, IconaStudio::AltezzaCarattere(font(), Icona->text(), Scala));
     for (IconaStudio* Icona : Icone)
         Icona->ImpostaAltezzaCarattere(
-            DiUtente(Icona) ? std::min(Pixel, IconaStudio::AltezzaCarattere(font(), Icona->text())) : Pixel);
+            DiUtente(Icona) ? std::min(Pixel, IconaStudio::AltezzaCarattere(font(), Icona->text(), Scala))
+                            : Pixel);
 }
 
 void frmStudio::AbilitaIcone()
@@ -124,7 +125,7 @@ void frmStudio::AbilitaIcone()
 IconaStudio* frmStudio::NuovaIcona(const QString& Etichetta, const QString& Tag, const QPoint& Dove)
 {
     const int Indice = NumeroIcone();
-    auto* Icona = new IconaStudio(Etichetta, Tag, ui->quadro);
+    auto* Icona = new IconaStudio(Etichetta, Tag, Scala, ui->quadro);
     Icona->setObjectName(u"imgMenu_"_s + QString::number(Indice));
     Icona->MettiImmagine(Dove);
     Icona->show();

@@ -21,17 +21,16 @@ constexpr int SpazioEtichetta = 5;
 constexpr int MargineEtichetta = 1;  // the room of the border
 constexpr int BandiereEtichetta = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
 
-QRect SpazioDellEtichetta()
+QRect SpazioDellEtichetta(double Scala)
 {
-    return QRect(0, 0, IconaStudio::Larghezza, IconaStudio::Altezza)
-        .adjusted(MargineEtichetta, IconaStudio::Immagine + SpazioEtichetta, -MargineEtichetta,
-                  -MargineEtichetta);
+    return QRect(0, 0, qRound(IconaStudio::Larghezza * Scala), qRound(IconaStudio::Altezza * Scala))
+        .adjusted(MargineEtichetta, qRound((IconaStudio::Immagine + SpazioEtichetta) * Scala),
+                  -MargineEtichetta, -MargineEtichetta);
 }
 
 /// As much of a label as has room, with dots where it was cut; words too long for a line are cut too.
-QString Abbreviata(const QFontMetrics& Misure, const QString& Etichetta)
+QString Abbreviata(const QFontMetrics& Misure, const QString& Etichetta, const QRect& Spazio)
 {
-    const QRect Spazio = SpazioDellEtichetta();
     QStringList Parole = Etichetta.split(u' ');
     for (QString& Parola : Parole)
         Parola = Misure.elidedText(Parola, Qt::ElideRight, Spazio.width());
@@ -46,13 +45,13 @@ QString Abbreviata(const QFontMetrics& Misure, const QString& Etichetta)
 
 }  // namespace
 
-IconaStudio::IconaStudio(const QString& Etichetta, QString Parola, QWidget* Padre)
-    : QAbstractButton(Padre), Comando(std::move(Parola))
+IconaStudio::IconaStudio(const QString& Etichetta, QString Parola, double Scala, QWidget* Padre)
+    : QAbstractButton(Padre), Comando(std::move(Parola)), Scala(Scala)
 {
     setText(Etichetta);
     setShortcut({});  // a title's "&" is a letter like others
     setAccessibleName(Etichetta);
-    setFixedSize(Larghezza, Altezza);
+    setFixedSize(Misura(Larghezza), Misura(Altezza));
     setCursor(Qt::PointingHandCursor);
     // A click opens and leaves no mark behind: the focus comes by the keyboard.
     setFocusPolicy(Qt::TabFocus);
@@ -60,13 +59,13 @@ IconaStudio::IconaStudio(const QString& Etichetta, QString Parola, QWidget* Padr
 
 void IconaStudio::MettiImmagine(const QPoint& Dove)
 {
-    move(Dove - QPoint((Larghezza - Immagine) / 2, 1));
+    move(Misura(Dove.x()) - Misura((Larghezza - Immagine) / 2), Misura(Dove.y()) - 1);
 }
 
-int IconaStudio::AltezzaCarattere(const QFont& Base, const QString& Etichetta)
+int IconaStudio::AltezzaCarattere(const QFont& Base, const QString& Etichetta, double Scala)
 {
     constexpr int Minima = 9;
-    const QRect Spazio = SpazioDellEtichetta();
+    const QRect Spazio = SpazioDellEtichetta(Scala);
     QFont Carattere = Base;
     int Altezza = QFontInfo(Base).pixelSize();
     const auto NonEntra = [&] {
@@ -124,7 +123,7 @@ void IconaStudio::paintEvent(QPaintEvent*)
 
 void IconaStudio::DisegnaTessera(QPainter& Pennello) const
 {
-    const QRect Tessera((Larghezza - Immagine) / 2, 1, Immagine, Immagine);
+    const QRect Tessera(Misura((Larghezza - Immagine) / 2), 1, Misura(Immagine), Misura(Immagine));
     const bool Viva = isEnabled() && (underMouse() || hasFocus());
     QColor Fondo = palette().color(QPalette::Base);
     constexpr double Soffice = 0.88;
@@ -132,7 +131,7 @@ void IconaStudio::DisegnaTessera(QPainter& Pennello) const
     Pennello.setBrush(Fondo);
     Pennello.setPen(hasFocus() ? QPen(aspetto::Accento(), 2) : QPen(Qt::NoPen));
     Pennello.drawRoundedRect(Tessera, Arrotondamento, Arrotondamento);
-    QRect Disegno(0, 0, LatoDisegno, LatoDisegno);
+    QRect Disegno(0, 0, Misura(LatoDisegno), Misura(LatoDisegno));
     Disegno.moveCenter(Tessera.center() + (isDown() ? QPoint(1, 1) : QPoint()));
     if (Figura.isNull())
         Icona.paint(&Pennello, Disegno);
@@ -150,11 +149,11 @@ void IconaStudio::DisegnaFigura(QPainter& Pennello, const QRect& Posto) const
 
 void IconaStudio::DisegnaEtichetta(QPainter& Pennello) const
 {
-    const QRect Spazio = SpazioDellEtichetta();
+    const QRect Spazio = SpazioDellEtichetta(Scala);
     QFont Carattere = font();
-    Carattere.setPixelSize(PixelCarattere > 0 ? PixelCarattere : AltezzaCarattere(font(), text()));
+    Carattere.setPixelSize(PixelCarattere > 0 ? PixelCarattere : AltezzaCarattere(font(), text(), Scala));
     Pennello.setFont(Carattere);
-    const QString Scritta = Abbreviata(Pennello.fontMetrics(), text());
+    const QString Scritta = Abbreviata(Pennello.fontMetrics(), text(), Spazio);
     if (ConTarga)
         DisegnaTarga(Pennello, Pennello.fontMetrics().boundingRect(Spazio, BandiereEtichetta, Scritta));
     TextBorder(Pennello, Spazio, BandiereEtichetta, Scritta, Testo, Bordo);

@@ -12,21 +12,23 @@ class IconaStudio : public QAbstractButton
     Q_OBJECT
 
 public:
-    /// Size of the whole icon; its picture stands at the top, centred.
+    /// Size of the whole icon at the letters of the design; its picture stands at the top, centred.
     static constexpr int Larghezza = 98;
     static constexpr int Altezza = 94;
     /// Side of the picture.
     static constexpr int Immagine = 56;
 
-    IconaStudio(const QString& Etichetta, QString Comando, QWidget* Padre);
+    /// @param Scala how much larger than the design the icon is, 1 or more: a board of larger letters has
+    /// larger icons in larger steps
+    IconaStudio(const QString& Etichetta, QString Comando, double Scala, QWidget* Padre);
 
     [[nodiscard]] QString Tag() const { return Comando; }
 
-    /// Puts the upper left corner of the picture there.
+    /// Puts the upper left corner of the picture there, a place of the design.
     void MettiImmagine(const QPoint& Dove);
 
     /// The largest size of a font, in pixels, at which a label has room, but no larger than the font itself.
-    [[nodiscard]] static int AltezzaCarattere(const QFont& Base, const QString& Etichetta);
+    [[nodiscard]] static int AltezzaCarattere(const QFont& Base, const QString& Etichetta, double Scala);
     /// Size of the label, in pixels; 0: as large as it has room.
     void ImpostaAltezzaCarattere(int Pixel);
     [[nodiscard]] int AltezzaCarattere() const { return PixelCarattere; }
@@ -55,12 +57,14 @@ protected:
     void keyPressEvent(QKeyEvent* Evento) override;
 
 private:
+    [[nodiscard]] int Misura(int Disegno) const { return qRound(Disegno * Scala); }
     void DisegnaTessera(QPainter& Pennello) const;
     void DisegnaFigura(QPainter& Pennello, const QRect& Posto) const;
     void DisegnaEtichetta(QPainter& Pennello) const;
     void DisegnaTarga(QPainter& Pennello, const QRect& Scritta) const;
 
     QString Comando;
+    double Scala;
     QIcon Icona;
     QPixmap Figura;
     QColor Testo = Qt::white;

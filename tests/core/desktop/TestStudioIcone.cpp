@@ -74,6 +74,7 @@ private Q_SLOTS:
     void iconeSenzaLavoro();
     void leScritteHannoUnaMisura_data();
     void leScritteHannoUnaMisura();
+    void ilQuadroCresceConLeLettere();
 };
 PROVA(TestStudioIcone);
 
@@ -483,6 +484,29 @@ void TestStudioIcone::leScritteHannoUnaMisura()
     }
     QApplication::setFont(Prima);
     QVERIFY2(Pixel >= 9, "readable");
+}
+
+/// Larger letters have larger icons in larger steps, as far as the screen has room.
+void TestStudioIcone::ilQuadroCresceConLeLettere()
+{
+    QCOMPARE(frmStudio::ScalaDelQuadro(QSize(1366, 768), 1), 1.0);
+    QCOMPARE(frmStudio::ScalaDelQuadro(QSize(1366, 768), 1.4), 1.4);
+    QCOMPARE(frmStudio::ScalaDelQuadro(QSize(683, 384), 1.4), 1.0);
+    const double Mezza = frmStudio::ScalaDelQuadro(QSize(1024, 768), 1.4);
+    QVERIFY2(Mezza > 1 && Mezza < 1.4, qPrintable(QString::number(Mezza)));
+
+    const QString Lunga = u"Documentazione normativa"_s;
+    QFont Grande = QApplication::font();
+    Grande.setPixelSize(19);
+    const int Piccolo = IconaStudio::AltezzaCarattere(Grande, Lunga, 1);
+    const int Cresciuto = IconaStudio::AltezzaCarattere(Grande, Lunga, 1.4);
+    QVERIFY2(Cresciuto >= Piccolo * 13 / 10, qPrintable(u"%1 %2"_s.arg(Piccolo).arg(Cresciuto)));
+    QWidget Quadro;
+    IconaStudio Icona(Lunga, {}, 1.5, &Quadro);
+    Icona.MettiImmagine(QPoint(136, 312));
+    QCOMPARE(Icona.size(), QSize(147, 141));
+    QCOMPARE(Icona.geometry().center().x(), 204 + 83 / 2);  // below the middle of its picture
+    QCOMPARE(Icona.y(), 468 - 1);
 }
 
 #include "TestStudioIcone.moc"
