@@ -121,6 +121,17 @@ frmSetup::frmSetup()
         Pagina->setObjectName(u"fraSetup_%1"_s.arg(ui->tabSetup->count()));
         ui->tabSetup->addTab(new PaginaScorrevole(Pagina), Titolo.toString());
     }
+    // A remark that comes and goes beside its field moves no field, and those that have one end together.
+    int PiuLargo = 0;
+    const std::array Avvisi{ui->lblAvvisoEMail, ui->lblAvvisoCodFis, ui->lblAvvisoPiva, ui->lblAvvisoIBAN};
+    for (const QLabel* Avviso : Avvisi)
+        PiuLargo = std::max(PiuLargo, Avviso->sizeHint().width());
+    for (QLabel* Avviso : Avvisi) {
+        Avviso->setFixedWidth(PiuLargo);
+        QSizePolicy Posto = Avviso->sizePolicy();
+        Posto.setRetainSizeWhenHidden(true);
+        Avviso->setSizePolicy(Posto);
+    }
     // From the page on view to the buttons; behind the last one the round begins anew with the tabs.
     setTabOrder(ui->txtIBAN, ui->cmdHelp);
     setTabOrder(ui->cmdHelp, ui->cmdSaveImpost);

@@ -41,6 +41,7 @@ private Q_SLOTS:
     void controlli();
     void cheCosaVuoleOgniCasella();
     void codiceSbagliatoSegnatoENonRifiutato();
+    void lAvvisoNonSpostaLaCasella();
     void avvisoNominaIlCodice_data();
     void avvisoNominaIlCodice();
 
@@ -411,6 +412,25 @@ void TestSetupContabili::cheCosaVuoleOgniCasella()
     QVERIFY(!Accanto->isVisible());
     T->Scrivi(u"txtEMail"_s, {});
     QVERIFY2(!Accanto->isVisible(), "an empty box is required, not wrong");
+}
+
+/// The fields that may have a remark beside them end together, and stay where they are when it comes.
+void TestSetupContabili::lAvvisoNonSpostaLaCasella()
+{
+    T->Apri(0);
+    QList<QRect> Prima;
+    const QStringList Caselle{u"txtEMail"_s, u"txtCodFisStudio"_s, u"txtPivaStudio"_s, u"txtIBAN"_s};
+    Respiro();
+    for (const QString& Nome : Caselle)
+        Prima.append(T->Campo(Nome)->geometry());
+    for (const QString& Nome : Caselle)
+        T->Scrivi(Nome, u"sbagliato"_s);
+    Respiro();
+    for (qsizetype i = 0; i < Caselle.size(); ++i) {
+        QVERIFY(!T->Campo(Caselle[i])->toolTip().isEmpty());
+        QCOMPARE(T->Campo(Caselle[i])->geometry(), Prima[i]);
+        QCOMPARE(Prima[i].right(), Prima[0].right());
+    }
 }
 
 void TestSetupContabili::codiceSbagliatoSegnatoENonRifiutato()
