@@ -166,7 +166,7 @@ constexpr std::array Proprie{
     RigaTasti{u"frmRubrica", u"", u"F5", u"rilegge l'archivio"},
     RigaTasti{u"frmRubrica", u"", u"Esc", u"svuota la ricerca, poi chiude", Interno},
 
-    RigaTasti{u"frmScheda", u"barScheda_do", u"F10 Ctrl+Return Ctrl+Enter", u"salva e chiude"},
+    RigaTasti{u"frmScheda", u"barScheda_do", u"F10 Ctrl+S Ctrl+Return Ctrl+Enter", u"salva e chiude"},
     RigaTasti{u"frmScheda", u"", u"PgDown", u"scheda seguente, se è aperta in sola lettura"},
     RigaTasti{u"frmScheda", u"", u"PgUp", u"scheda precedente, se è aperta in sola lettura"},
     RigaTasti{u"frmScheda", u"barScheda_off", u"Esc", u"chiude", Interno},

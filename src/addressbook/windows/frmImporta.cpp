@@ -16,6 +16,7 @@
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/predefinito.h"
 #include "platform/kit/servizi_qt.h"
 #include "platform/system/esportato.h"
 #include "platform/system/file.h"
@@ -108,6 +109,8 @@ frmImporta::frmImporta() : ui(std::make_unique<Ui::frmImporta>())
     ui->fraAvanza->setSizePolicy(Posto);
     ui->fraAvanza->hide();
     ui->cmdAvanti->setDefault(true);
+    for (const Griglia* Elenco : {ui->tdbColonne, ui->tdbAnteprima})
+        TieneInvio(Elenco->Vista());
     CollegaControlli();
     CollegaNominativi();
     aspetto::AssegnaMnemonici(this);
@@ -226,22 +229,31 @@ void frmImporta::DaSpazio()
 {
     if (!isVisible())
         return;
-    layout()->activate();
-    const int Serve = ui->pagScelta->layout()->totalHeightForWidth(ui->pagScelta->width());
-    const int Manca = Serve - ui->pagine->height();
-    if (Manca <= 0)
-        return;
     const QRect Schermo = screen()->availableGeometry();
-    const int Fregi = frameGeometry().height() - height();
-    if (height() + Manca > Schermo.height() - Fregi)
-        // On half a screen the captions stand alone, and their words wait below the pointer.
+    const int Massima = Schermo.height() - (frameGeometry().height() - height());
+    const auto Manca = [this] {
+        // From within: what has just been shown or hidden counts at once.
+        for (QLayout* Colonna : std::initializer_list<QLayout*>{ui->colonnaModo, ui->colonnaScelta, layout()})
+            Colonna->activate();
+        return ui->pagScelta->layout()->totalHeightForWidth(ui->pagScelta->width()) - ui->pagine->height();
+    };
+    // On half a screen the words of the choice alone stand below it, and where there is no room for them
+    // either the captions stand alone: what is not seen waits below the pointer.
+    enum { Tutte, DellaScelta, Nessuna };
+    for (const int Quali : {Tutte, DellaScelta, Nessuna}) {
         for (auto [Scelta, Parole] :
              {std::pair{ui->optModo_0, ui->lblModo_0}, std::pair{ui->optModo_1, ui->lblModo_1},
               std::pair{ui->optModo_2, ui->lblModo_2}}) {
-            Scelta->setToolTip(Parole->text());
-            Parole->hide();
+            const bool Viste = Quali == Tutte || (Quali == DellaScelta && Scelta->isChecked());
+            Parole->setVisible(Viste);
+            Scelta->setToolTip(Viste ? QString() : Parole->text());
         }
-    resize(width(), std::min(height() + Manca, Schermo.height() - Fregi));
+        if (height() + Manca() <= Massima)
+            break;
+    }
+    if (Manca() <= 0)
+        return;
+    resize(width(), std::min(height() + Manca(), Massima));
     move(x(), std::max(Schermo.top(), std::min(y(), Schermo.bottom() + 1 - frameGeometry().height())));
 }
 

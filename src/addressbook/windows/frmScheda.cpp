@@ -137,6 +137,7 @@ void frmScheda::CollegaTasti()
             barScheda_ButtonClick(u"do"_s);
     };
     Tasto(Qt::Key_F10, Concludi);
+    Tasto(QKeySequence::Save, Concludi);
     Tasto(Qt::CTRL | Qt::Key_Return, Concludi);
     Tasto(Qt::CTRL | Qt::Key_Enter, Concludi);
 }
@@ -165,7 +166,7 @@ bool frmScheda::Carica()
         ui->barScheda->findChild<QAction*>(u"off"_s)->setToolTip(u"Chiude la scheda (Esc)"_s);
         CollegaVicine();
     }
-    aspetto::AssegnaMnemonici(ui->pagina);
+    aspetto::AssegnaMnemonici(this);
     aspetto::AssegnaNomiAccessibili(this);
     OrdinaFuoco();
     Dimensiona();

@@ -15,6 +15,7 @@ private Q_SLOTS:
     void ilPosto();  // before the pages have words to show, which may ask for more room
     void leDidascalieEINomi();
     void leFrasiStannoInLettereGrandi();
+    void leFrasiCheHannoPosto();
     void iPassi();
     void daTastiera();
     void leColonneSiCambiano();
@@ -73,6 +74,33 @@ void TestFrmImporta::leFrasiStannoInLettereGrandi()
     const auto* Gruppo = Controllo<QGroupBox>(F, "fraDoppioni");
     constexpr int Orli = 24;
     QVERIFY(Gruppo->fontMetrics().horizontalAdvance(Gruppo->title()) <= Largo - Orli);
+}
+
+/// The larger the letters, the fewer sentences have room: all of them, that of the choice, none. What is not
+/// seen waits below the pointer.
+void TestFrmImporta::leFrasiCheHannoPosto()
+{
+    const QFont Prima = QApplication::font();
+    const auto Rimetti = qScopeGuard([&] { QApplication::setFont(Prima); });
+    QList<int> Viste;
+    for (int Pixel = 12; Pixel <= 60; Pixel += 2) {
+        QFont Grande = Prima;
+        Grande.setPixelSize(Pixel);
+        QApplication::setFont(Grande);
+        const frmImporta* F = Apri();
+        int Quante = 0;
+        for (int i = 0; i < 3; ++i) {
+            const auto* Frase = Controllo<QLabel>(F, qPrintable(u"lblModo_%1"_s.arg(i)));
+            const auto* Scelta = Controllo<QRadioButton>(F, qPrintable(u"optModo_%1"_s.arg(i)));
+            Quante += Frase->isVisible();
+            QCOMPARE(Scelta->toolTip(), Frase->isVisible() ? QString() : Frase->text());
+            if (Quante == 1 && Frase->isVisible() && i > 0)
+                QVERIFY(Scelta->isChecked());
+        }
+        if (Viste.isEmpty() || Viste.last() != Quante)
+            Viste += Quante;
+    }
+    QCOMPARE(Viste, (QList<int>{3, 1, 0}));
 }
 
 void TestFrmImporta::iPassi()

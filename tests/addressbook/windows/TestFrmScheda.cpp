@@ -35,6 +35,7 @@ private Q_SLOTS:
     void nonSiApre();
     void ordineEInvio();
     void invioInUnaNota();
+    void lettereDellaBarra();
     void tastiPerSalvare_data();
     void tastiPerSalvare();
     void paginaSuEGiu();
@@ -383,11 +384,24 @@ void TestFrmScheda::invioInUnaNota()
     QCOMPARE(Chiusure, QList<bool>{true});
 }
 
+void TestFrmScheda::lettereDellaBarra()
+{
+    Apri(u"edit"_s);
+    for (const char* Nome : {"barScheda_do", "barScheda_undo", "barScheda_off"})
+        QVERIFY2(!Controllo<QToolButton>(Scheda, Nome)->shortcut().isEmpty(), Nome);
+    const auto* Annulla = Controllo<QToolButton>(Scheda, "barScheda_undo");
+    QVERIFY(Annulla->text().contains(u'&'));
+    const QKeyCombination Tasto = Annulla->shortcut()[0];
+    QTest::keyClick(Scheda->windowHandle(), Tasto.key(), Tasto.keyboardModifiers());
+    QTRY_COMPARE(Chiusure.size(), 1);  // the button is seen to go down
+}
+
 void TestFrmScheda::tastiPerSalvare_data()
 {
     QTest::addColumn<int>("Tasto");
     QTest::addColumn<int>("Modificatori");
     QTest::newRow("F10") << int(Qt::Key_F10) << int(Qt::NoModifier);
+    QTest::newRow("Ctrl+S") << int(Qt::Key_S) << int(Qt::ControlModifier);
     QTest::newRow("Ctrl+Invio") << int(Qt::Key_Return) << int(Qt::ControlModifier);
 }
 

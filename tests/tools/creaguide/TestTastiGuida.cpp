@@ -96,7 +96,7 @@ void TestTastiGuida::tabella()
     QCOMPARE(TabelleDi({})(u"tasti:ovunque"_s).Righe.size(), 3);
     // The two enters are one key in words.
     QVERIFY(TabelleDi({})(u"tasti:frmScheda"_s)
-                .Righe.contains(QStringList{u"F10, Ctrl+Invio"_s, u"salva e chiude"_s}));
+                .Righe.contains(QStringList{u"F10, Ctrl+S, Ctrl+Invio"_s, u"salva e chiude"_s}));
 }
 
 void TestTastiGuida::nessunTasto()
