@@ -31,14 +31,16 @@ struct CasellaScelta
     QLineEdit* Ui::PannelloFattura::*Box;
     QString DatiFatturaXml::*Dato;
     CampoFattura Campo;
+    bool Data = false;  ///< completed when it is left
 };
 
 constexpr std::array Caselle{
     CasellaScelta{&Ui::PannelloFattura::txtScadenzaXml, &DatiFatturaXml::Scadenza,
-                  CampoFattura::SceltaScadenza},
+                  CampoFattura::SceltaScadenza, true},
     CasellaScelta{&Ui::PannelloFattura::txtCitataNumero, &DatiFatturaXml::CitataNumero,
                   CampoFattura::SceltaCollegata},
-    CasellaScelta{&Ui::PannelloFattura::txtCitataData, &DatiFatturaXml::CitataData, CampoFattura::Nessuno},
+    CasellaScelta{&Ui::PannelloFattura::txtCitataData, &DatiFatturaXml::CitataData, CampoFattura::Nessuno,
+                  true},
     CasellaScelta{&Ui::PannelloFattura::txtContrattoXml, &DatiFatturaXml::ContrattoNumero,
                   CampoFattura::SceltaContratto},
     CasellaScelta{&Ui::PannelloFattura::txtCupXml, &DatiFatturaXml::Cup, CampoFattura::Nessuno},
@@ -120,7 +122,9 @@ void PannelloFattura::CollegaScelte()
         QLineEdit* Box = ui.get()->*Voce.Box;
         Collega(Box, &QLineEdit::textEdited, this, [this] { Raccogli(); });
         FiltraTasti(Box, {});
-        AlLascia(Box, [this] {
+        AlLascia(Box, [this, Box, Data = Voce.Data] {
+            if (Data)
+                Box->setText(DataDigitata(Box->text()));
             Scegli();
             return true;
         });
@@ -257,6 +261,8 @@ void PannelloFattura::MostraMancanze()
         Aggiungi(Detto, false);
     if (Lista->count() > 0)
         Lista->setCurrentRow(std::clamp(Prima, 0, Lista->count() - 1));
+    // Empty it leaves its room to the choices.
+    Lista->setVisible(Lista->count() > 0);
 }
 
 void PannelloFattura::MostraStato()

@@ -13,6 +13,7 @@
 #include "feenote/windows/elencocontrolli.h"
 #include "feenote/windows/mostra.h"
 #include "feenote/windows/ui_SchedaStampa.h"
+#include "platform/base/regionale.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/lettere.h"
@@ -212,6 +213,18 @@ void SchedaStampa::CollegaDati()
             AlCambio(Testo, Campo.Massimo, Scritta);
         }
         AlLascia(Box, Lasciata);
+    }
+    for (const DatoStampa Quale : {DatoData, DatoDataFatt}) {
+        auto* Box = qobject_cast<QLineEdit*>(txtDatiPar(Quale));
+        AlLascia(Box, [this, Box, Quale] {
+            if (const QString Intera = DataDigitata(Box->text()); Intera != Box->text()) {
+                CambiaDatiPar(Nota, Quale, Intera);
+                Box->setText(Intera);
+                Cornice.Cambiata();
+            }
+            Cornice.Ricomponi();
+            return true;
+        });
     }
     mostra::LarghezzaData(ui->txtDatiPar_1);
     for (const CasellaRappresentante& Voce : CaselleRappresentante) {

@@ -320,3 +320,16 @@ QString ConSecolo(const QString& Testo)
     const auto Data = Testo.endsWith(u"__") ? LeggiData(SenzaSecolo(Testo)) : std::nullopt;
     return Data ? Format(*Data, u"dd/mm/yyyy") : Testo;
 }
+
+QString DataDigitata(const QString& Testo)
+{
+    QString Separata = Testo.trimmed();
+    constexpr qsizetype ConIlSecolo = 8;
+    constexpr qsizetype SenzaIlSecolo = 6;
+    const bool SoloCifre =
+        std::all_of(Separata.cbegin(), Separata.cend(), [](QChar C) { return C >= u'0' && C <= u'9'; });
+    if (SoloCifre && (Separata.size() == ConIlSecolo || Separata.size() == SenzaIlSecolo))
+        Separata.insert(4, u'/').insert(2, u'/');
+    const auto Letta = LeggiData(Separata);
+    return Letta ? Format(*Letta, u"dd/mm/yyyy") : Testo;
+}

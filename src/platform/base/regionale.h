@@ -119,3 +119,7 @@ inline constexpr QStringView ModelloData = u"dd/mm/yyyy";
 /// The same date with four digits of the year, for the boxes that show it so on leaving: "12/03/20__" gives
 /// "12/03/2020". Any other text comes back as it is.
 [[nodiscard]] QString ConSecolo(const QString& Testo);
+
+/// A typed date as gg/mm/aaaa, with or without separators: "23/11/26", "23112026" and "231126" give
+/// "23/11/2026". Any other text comes back as it is.
+[[nodiscard]] QString DataDigitata(const QString& Testo);

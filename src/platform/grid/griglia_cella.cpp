@@ -12,29 +12,11 @@
 #include <QKeyEvent>
 #include <QValidator>
 
-#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-bool SoloCifre(const QString& Testo)
-{
-    return std::all_of(Testo.cbegin(), Testo.cend(), [](QChar C) { return C >= u'0' && C <= u'9'; });
-}
-
-/// A typed date as gg/mm/aaaa, with or without separators; a text that is no date as it is.
-QString DataDigitata(const QString& Testo)
-{
-    QString Separata = Testo.trimmed();
-    constexpr qsizetype ConSecolo = 8;
-    constexpr qsizetype SenzaSecolo = 6;
-    if ((Separata.size() == ConSecolo || Separata.size() == SenzaSecolo) && SoloCifre(Separata))
-        Separata.insert(4, u'/').insert(2, u'/');
-    const auto Letta = LeggiData(Separata);
-    return Letta ? Format(*Letta, u"dd/mm/yyyy") : Testo;
-}
 
 constexpr QStringView FiltroData = u"d";
 

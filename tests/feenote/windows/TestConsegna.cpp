@@ -257,7 +257,7 @@ void TestConsegna::unSoloCampoScrittoBasta_data()
     QTest::addColumn<QString>("N");
     QTest::addColumn<QString>("Giorno");
     QTest::newRow("numero senza data") << u"7"_s << QString();
-    QTest::newRow("data senza numero") << QString() << u"1/2/2026"_s;
+    QTest::newRow("data senza numero") << QString() << u"01/02/2026"_s;
 }
 
 void TestConsegna::unSoloCampoScrittoBasta()

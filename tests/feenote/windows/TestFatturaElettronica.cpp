@@ -117,9 +117,14 @@ void TestFatturaElettronica::senzaImpostazioniDiceCheCosaManca()
              qPrintable(Righe().join(u'|')));
     QCOMPARE(Stato(), u"Mancano 2 dati: doppio clic o Invio portano al campo."_s);
     QVERIFY(!Controllo(F, "cmdSalvaXml")->isEnabled());
+    QVERIFY(Lista()->isVisible());
     sessione::StudioPIva = PivaStudio;
     ApriPannello();
     QCOMPARE(Stato(), u"Manca un dato: doppio clic o Invio portano al campo."_s);
+    sessione::StudioVia = u"Via Fillungo"_s;
+    ApriPannello();
+    QCOMPARE(Righe(), QStringList());
+    QVERIFY2(!Lista()->isVisible(), "vuota lascia il posto alle scelte");
 }
 
 void TestFatturaElettronica::ogniRigaPortaAlSuoCampo_data()
@@ -561,7 +566,7 @@ void TestFatturaElettronica::lAnteprimaHaITotaliDellaCarta()
         QVERIFY2(Letta.contains(Atteso), qPrintable(Atteso + u" / "_s + Letta));
     QCOMPARE(Controllo<QTextBrowser>(F, "txtAnteprimaXml")->horizontalScrollBar()->maximum(), 0);
     Clic(Controllo(F, "cmdAnteprimaXml"));
-    QVERIFY(Lista()->isVisible());
+    QVERIFY(Controllo(F, "fraScelteXml")->isVisible());
 }
 
 #include "TestFatturaElettronica.moc"

@@ -42,6 +42,7 @@ private Q_SLOTS:
     void ilClicCompone();
     void ilFuocoVaAllaPagina();
     void numeroEDataAllUscita();
+    void laDataSiCompletaAllUscita();
     void ogniTastoSegnaMaNonCompone();
     void uscireSenzaScrivereNonCompone();
     void leCaselleConPiuRighe();
@@ -168,6 +169,25 @@ void TestSchedaStampa::numeroEDataAllUscita()
     Premi(Qt::Key_Return);
     QVERIFY2(Pagine().contains(u" del 5 marzo 2024"_s), qPrintable(Pagine()));
     QCOMPARE(F->Nota.DatiPar(DatoNumero), u"12/A"_s);
+}
+
+/// As in every other box of a date: with or without separators, with a year of two digits.
+void TestSchedaStampa::laDataSiCompletaAllUscita()
+{
+    for (const auto& [Tipo, Nome, Quale] :
+         {std::tuple{StampaPrenotula, "txtDatiPar_1", DatoData},
+          std::tuple{StampaFatturaAnalitica, "txtDatiPar_12", DatoDataFatt}}) {
+        Documento(Tipo);
+        for (const QString& Digitata : {u"23112026"_s, u"23/11/26"_s}) {
+            auto* Box = Controllo<QLineEdit>(F, Nome);
+            Scrivi(Box, Digitata);
+            QCOMPARE(F->Nota.DatiPar(Quale), Digitata);
+            Premi(Qt::Key_Tab);
+            QCOMPARE(Box->text(), u"23/11/2026"_s);
+            QCOMPARE(F->Nota.DatiPar(Quale), u"23/11/2026"_s);
+            QVERIFY2(Pagine().contains(u"23/11/2026"_s), qPrintable(Pagine()));
+        }
+    }
 }
 
 void TestSchedaStampa::ogniTastoSegnaMaNonCompone()

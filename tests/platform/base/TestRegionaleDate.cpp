@@ -22,6 +22,8 @@ private Q_SLOTS:
     void siRileggeQuelCheSiScrive();
     void annoDiDueCifreNellaMaschera_data();
     void annoDiDueCifreNellaMaschera();
+    void dataDigitata_data();
+    void dataDigitata();
 };
 PROVA(TestRegionaleDate);
 
@@ -169,6 +171,28 @@ void TestRegionaleDate::annoDiDueCifreNellaMaschera()
     QFETCH(QString, Testo);
     QTEST(SenzaSecolo(Testo), "Breve");
     QTEST(ConSecolo(Testo), "Esteso");
+}
+
+void TestRegionaleDate::dataDigitata_data()
+{
+    QTest::addColumn<QString>("Testo");
+    QTest::addColumn<QString>("Attesa");
+
+    QTest::newRow("whole") << u"23/11/2026"_s << u"23/11/2026"_s;
+    QTest::newRow("short year") << u"23/11/26"_s << u"23/11/2026"_s;
+    QTest::newRow("short day") << u"3-1-2026"_s << u"03/01/2026"_s;
+    QTest::newRow("eight digits") << u"23112026"_s << u"23/11/2026"_s;
+    QTest::newRow("six digits and blanks") << u" 231126 "_s << u"23/11/2026"_s;
+    QTest::newRow("no day of the year") << u"31022026"_s << u"31022026"_s;
+    QTest::newRow("seven digits") << u"2311202"_s << u"2311202"_s;
+    QTest::newRow("words") << u"5 marzo 2024"_s << u"5 marzo 2024"_s;
+    QTest::newRow("nothing") << QString() << QString();
+}
+
+void TestRegionaleDate::dataDigitata()
+{
+    QFETCH(QString, Testo);
+    QTEST(DataDigitata(Testo), "Attesa");
 }
 
 #include "TestRegionaleDate.moc"
