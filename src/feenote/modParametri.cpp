@@ -361,7 +361,10 @@ bool CheckOK(Parcella& Nota, bool ShowMessage)
     return CheckVarPerc(Nota, ShowMessage);
 }
 
-QString TestoDatiBase(const Parcella& Nota)
+namespace {
+
+/// The banner with its bracket in some form; empty: left out.
+QString DatiBaseCon(const Parcella& Nota, const QString& Limiti)
 {
     // A decree that notes name stands in front: the end of a long row is cut.
     QString Testo = Nota.Tariffa->Dichiarato ? Nota.Tariffa->Nome.toString() : QString();
@@ -369,14 +372,49 @@ QString TestoDatiBase(const Parcella& Nota)
         Testo += (Testo.isEmpty() ? QString() : u" - "_s) + Categoria;
     if (Nota.cmbAutor >= 0)
         Testo += u" - "_s + TestoAutorita(Nota);
-    if (Nota.cmbValore >= 0)
-        Testo += u" - "_s + TestoScaglione(Nota);
+    if (!Limiti.isEmpty())
+        Testo += u" - "_s + Limiti;
     const double Valore = Nota.txtImporto.Numero();
     if (Valore > 0)
         Testo += u" - Valore: "_s + Format(Valore, u"#,##0.00") + u" €"_s;
     if (Nota.Multipla())
         Testo += u" (Parcella multipla)"_s;
     return Testo;
+}
+
+}  // namespace
+
+QString TestoDatiBase(const Parcella& Nota)
+{
+    return DatiBaseCon(Nota, Nota.cmbValore >= 0 ? TestoScaglione(Nota) : QString());
+}
+
+QStringList DatiBaseInBreve(const Parcella& Nota)
+{
+    if (Nota.cmbValore < 0)
+        return {};
+    QStringList Forme{DatiBaseCon(Nota, ScaglioneInBreve(TestoScaglione(Nota))[1])};
+    // A value tells its bracket.
+    if (Nota.txtImporto.Numero() > 0)
+        Forme.append(DatiBaseCon(Nota, {}));
+    return Forme;
+}
+
+QStringList ScaglioneInBreve(const QString& Limiti)
+{
+    const QString SenzaSegni = QString(Limiti).remove(u"€ "_s);
+    QString Breve = QString(SenzaSegni).remove(u",00"_s).remove(u",01"_s);
+    if (Breve.startsWith(u"da "))
+        Breve = Breve.mid(3).replace(u" a "_s, u"–"_s);
+    QStringList Forme{SenzaSegni, Breve};
+    // Brackets end at whole hundreds of euro.
+    const QStringList Estremi = Breve.split(u'–');
+    if (Estremi.size() == 2 && IsNumeric(Estremi[0]) && IsNumeric(Estremi[1])) {
+        constexpr double Mille = 1000;
+        const auto Migliaia = [](const QString& Estremo) { return CStr(CDbl(Estremo) / Mille); };
+        Forme.append(Migliaia(Estremi[0]) + u'–' + Migliaia(Estremi[1]) + u" mila"_s);
+    }
+    return Forme;
 }
 
 void SelezionaAutoritaInSilenzio(Parcella& Nota, int Indice)

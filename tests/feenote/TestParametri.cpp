@@ -35,6 +35,7 @@ private Q_SLOTS:
     void verificaGuardaAncheLaVariazione();
     void testata_data();
     void testata();
+    void testataInBreve();
     void ventiduesimoScaglione();
     void senzaTariffeListeVuote();
 };
@@ -366,6 +367,28 @@ void TestParametri::testata()
         ScriviValore(Nota, Valore);
     Nota.txtParcMultipla = Multipla;
     QTEST(TestoDatiBase(Nota), "Testo");
+}
+
+/// What goes first for less room: the words of the bracket, then the bracket that the value tells.
+void TestParametri::testataInBreve()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota;
+    NuovaParcella(Nota);
+    CambiaCategoria(Nota, 0);
+    CambiaAutorita(Nota, IndiceAutorita(Nota, 2));
+    QCOMPARE(DatiBaseInBreve(Nota), QStringList());
+    const QString Prima = u"Civile o Amministrativa - Tribunale ordinario"_s;
+    CambiaScaglione(Nota, 2);
+    QCOMPARE(DatiBaseInBreve(Nota), QStringList{Prima + u" - 25.000–50.000"_s});
+    ScriviValore(Nota, u"30000"_s);
+    QCOMPARE(DatiBaseInBreve(Nota), (QStringList{Prima + u" - 25.000–50.000 - Valore: 30.000,00 €"_s,
+                                                 Prima + u" - Valore: 30.000,00 €"_s}));
+    QCOMPARE(ScaglioneInBreve(u"da € 1.100,01 a € 5.200,00"_s),
+             (QStringList{u"da 1.100,01 a 5.200,00"_s, u"1.100–5.200"_s, u"1,1–5,2 mila"_s}));
+    QCOMPARE(ScaglioneInBreve(u"fino a € 5.000,00"_s),
+             (QStringList{u"fino a 5.000,00"_s, u"fino a 5.000"_s}));
 }
 
 void TestParametri::ventiduesimoScaglione()

@@ -100,16 +100,6 @@ QString MisuraDi(const OpzioneAumRid& Opzione)
                                            : u"fino al %1%"_s.arg(Massimo);
 }
 
-/// "da € 50.000,01 a € 100.000,00" without the signs, then as "50.000–100.000".
-QStringList FormeBrevi(const QString& Limiti)
-{
-    const QString SenzaSegni = QString(Limiti).remove(u"€ "_s);
-    QString Breve = QString(SenzaSegni).remove(u",00"_s).remove(u",01"_s);
-    if (Breve.startsWith(u"da "))
-        Breve = Breve.mid(3).replace(u" a "_s, u"–"_s);
-    return {SenzaSegni, Breve};
-}
-
 QStringList TestiAutorita(const Parcella& Nota)
 {
     QStringList Testi;
@@ -230,6 +220,7 @@ void SchedaDatiBase::CollegaParametri()
 /// Leaving the box chooses the bracket; until then it is named beside it, and can be taken at once.
 void SchedaDatiBase::CollegaScaglione()
 {
+    ui->cmdScaglione->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     ui->cmdScaglione->setFocusPolicy(Qt::NoFocus);  // Tab out of the box does the same
     const auto Scegli = [this] { txtImporto_LostFocus(); };
     Collega(ui->cmdScaglione, &QToolButton::clicked, this, Scegli);
@@ -245,11 +236,14 @@ void SchedaDatiBase::MostraScaglione()
     const int Proposto = ScaglioneProposto(Nota);
     const QString Limiti = Proposto == NessunaVoce ? QString() : Nota.ListaScaglioni[Proposto].DesVal;
     const QString Testo = Limiti.isEmpty() ? QString() : u"Scaglione: "_s + Limiti;
-    ui->cmdScaglione->setText(Testo);
-    ui->cmdScaglione->InBreve = FormeBrevi(Limiti);
+    ui->cmdScaglione->MostraForme(Testo, Limiti.isEmpty() ? QStringList() : ScaglioneInBreve(Limiti));
     ui->cmdScaglione->setToolTip(u"Sceglie lo scaglione di questo valore: "_s + Limiti);
     ui->cmdScaglione->setAccessibleName(Testo.isEmpty() ? u"Scaglione del valore"_s : Testo);
     ui->cmdScaglione->setVisible(!Testo.isEmpty());
+    // In a narrow window the value gives way to the offer, while there is one.
+    ui->txtImporto->setMinimumWidth(Testo.isEmpty()
+                                        ? ui->txtImporto->maximumWidth()
+                                        : ui->txtImporto->fontMetrics().horizontalAdvance(u"9.999.999,99"_s));
     ui->txtImporto->setAccessibleDescription(Testo);
 }
 

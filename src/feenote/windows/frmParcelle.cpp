@@ -285,9 +285,15 @@ void frmParcelle::MettiInVista(QWidget* Campo)
     for (QWidget* Padre = Campo->parentWidget(); Padre && Padre != this; Padre = Padre->parentWidget()) {
         if (auto* Scorre = qobject_cast<QScrollArea*>(Padre)) {
             Scorre->ensureWidgetVisible(Campo);
-            // Of what is wider than its page the beginning is read.
-            if (Campo->width() > Scorre->viewport()->width())
-                Scorre->horizontalScrollBar()->setValue(Campo->mapTo(Scorre->widget(), QPoint()).x());
+            // A page is read from its beginning, where the field is seen from there, and so is what is wider
+            // than its page.
+            const int Da = Campo->mapTo(Scorre->widget(), QPoint()).x();
+            const int Largo = Scorre->viewport()->width();
+            constexpr int Margine = 4 * aspetto::Bordo;  // frames within frames
+            if (Da + Campo->width() <= Largo || Da <= Margine)
+                Scorre->horizontalScrollBar()->setValue(0);
+            else if (Campo->width() > Largo)
+                Scorre->horizontalScrollBar()->setValue(Da);
             return;
         }
     }
@@ -384,7 +390,7 @@ void frmParcelle::Ricomponi()
 
 void frmParcelle::RefreshDatiBase()
 {
-    ui->lblDatiBase->setText(TestoDatiBase(Nota));
+    ui->lblDatiBase->MostraForme(TestoDatiBase(Nota), DatiBaseInBreve(Nota));
     ui->lblDatiBase->setToolTip(ui->lblDatiBase->text());
 }
 

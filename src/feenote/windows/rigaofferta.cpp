@@ -11,7 +11,15 @@
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int Margini = 8;  // of a button's words
+
+}  // namespace
 
 BottoneOfferta::BottoneOfferta(QWidget* Padre) : QToolButton(Padre)
 {
@@ -47,13 +55,28 @@ void BottoneOfferta::changeEvent(QEvent* Evento)
 
 QSize BottoneOfferta::minimumSizeHint() const
 {
-    constexpr int Lettere = 3;  // never in the way of a narrow window
-    return {fontMetrics().averageCharWidth() * Lettere, QToolButton::minimumSizeHint().height()};
+    // Never in the way of a narrow window: of a text that has a few letters for it those are read.
+    constexpr int Lettere = 3;
+    const int Larga = InBreve.isEmpty() ? fontMetrics().averageCharWidth() * Lettere
+                                        : fontMetrics().horizontalAdvance(InBreve.constLast()) + Margini;
+    return {Larga, QToolButton::sizeHint().height()};
+}
+
+/// Of several forms the one that has room is shown: what stands beside it goes first.
+QSize BottoneOfferta::sizeHint() const
+{
+    return InBreve.isEmpty() ? QToolButton::sizeHint() : minimumSizeHint();
+}
+
+void BottoneOfferta::MostraForme(const QString& Intero, const QStringList& PiuBrevi)
+{
+    InBreve = PiuBrevi;
+    setText(Intero);
+    updateGeometry();
 }
 
 QString BottoneOfferta::Mostrato() const
 {
-    constexpr int Margini = 8;
     const int Posto = width() - Margini;
     for (const QString& Forma : QStringList{text()} + InBreve)
         if (fontMetrics().horizontalAdvance(Forma) <= Posto)
@@ -66,6 +89,8 @@ void BottoneOfferta::paintEvent(QPaintEvent*)
     QStyleOptionToolButton Opzioni;
     initStyleOption(&Opzioni);
     Opzioni.text = Mostrato();
+    // The words stand at the beginning of what room there is.
+    Opzioni.rect.setWidth(std::min(width(), fontMetrics().horizontalAdvance(Opzioni.text) + Margini));
     QStylePainter(this).drawComplexControl(QStyle::CC_ToolButton, Opzioni);
 }
 

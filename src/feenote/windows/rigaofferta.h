@@ -8,8 +8,7 @@
 class Etichetta;
 class QShortcut;
 
-/// A flat button whose caption has a shorter form where there is no room, and is cut where there is still
-/// less.
+/// A flat button whose caption has shorter forms where there is no room, or is cut.
 class BottoneOfferta : public QToolButton
 {
     Q_OBJECT
@@ -17,9 +16,11 @@ class BottoneOfferta : public QToolButton
 public:
     explicit BottoneOfferta(QWidget* Padre = nullptr);
 
+    [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
-    QStringList InBreve;  ///< shorter forms, the longest first
+    /// A caption with its shorter forms, the longest first. The shortest one always has its room.
+    void MostraForme(const QString& Intero, const QStringList& PiuBrevi);
 
     /// The caption as it is drawn.
     [[nodiscard]] QString Mostrato() const;
@@ -33,6 +34,8 @@ protected:
 
 private:
     void Tingi();
+
+    QStringList InBreve;
 };
 
 /// The offer of a page. It takes the room that is left in a row, so that nothing moves when it comes or goes.

@@ -9,9 +9,20 @@ void Etichetta::TogliInMezzo()
     update();
 }
 
+void Etichetta::MostraForme(const QString& Intero, const QStringList& PiuBrevi)
+{
+    Brevi = PiuBrevi;
+    setText(Intero);
+    update();  // the forms may have changed below the same text
+}
+
 QString Etichetta::Mostrato() const
 {
-    return fontMetrics().elidedText(text(), Dove, contentsRect().width());
+    const int Posto = contentsRect().width();
+    for (const QString& Forma : QStringList{text()} + Brevi)
+        if (fontMetrics().horizontalAdvance(Forma) <= Posto)
+            return Forma;
+    return fontMetrics().elidedText(Brevi.isEmpty() ? text() : Brevi.constLast(), Dove, Posto);
 }
 
 void Etichetta::paintEvent(QPaintEvent* Evento)

@@ -165,16 +165,28 @@ void TestScaglioneOfferto::nienteSiSposta()
     QCOMPARE(Controllo(F, "fraProcedimento")->geometry(), Riquadro);
     QCOMPARE(Controllo(F, "cmbValore")->geometry(), Lista);
     const auto* Offerta = static_cast<BottoneOfferta*>(Bottone);
-    Bottone->resize(Bottone->sizeHint());
+    constexpr int Orli = 8;
+    Bottone->resize(Bottone->fontMetrics().horizontalAdvance(Bottone->text()) + Orli, Bottone->height());
     QCOMPARE(Offerta->Mostrato(), u"Scaglione: da € 50.000,01 a € 100.000,00"_s);
     Bottone->resize(Bottone->fontMetrics().horizontalAdvance(Bottone->text()), Bottone->height());
     QCOMPARE(Offerta->Mostrato(), u"da 50.000,01 a 100.000,00"_s);
     Bottone->resize(Bottone->fontMetrics().horizontalAdvance(u"da 50.000,01 a 100.000,00"_s),
                     Bottone->height());
     QCOMPARE(Offerta->Mostrato(), u"50.000–100.000"_s);
+    Bottone->resize(Bottone->minimumSizeHint());
+    QCOMPARE(Offerta->Mostrato(), u"50–100 mila"_s);
     Bottone->resize(60, Bottone->height());
     QVERIFY(Offerta->Mostrato().endsWith(u"…"));
     QVERIFY(Bottone->toolTip().endsWith(u"da € 50.000,01 a € 100.000,00"));
+    // Where there is room for both the value keeps its own.
+    F->resize(1100, 700);
+    Respiro();
+    const QRect Casella = Valore->geometry();
+    Valore->selectAll();
+    Premi(Qt::Key_Delete);
+    Respiro();
+    QCOMPARE(Offerto(), QString());
+    QCOMPARE(Valore->geometry(), Casella);
 }
 
 #include "TestScaglioneOfferto.moc"

@@ -6,6 +6,8 @@
 #include "tavolo.h"
 
 #include <QAccessible>
+#include <QScrollArea>
+#include <QScrollBar>
 
 using namespace Qt::StringLiterals;
 
@@ -61,6 +63,7 @@ private Q_SLOTS:
     void controlNelPercento();
     void nomiAccessibili_data();
     void nomiAccessibili();
+    void laPaginaCominciaDaSinistra();
 
 private:
     void Acconto(const QString& Descr, const QString& Importo);
@@ -525,6 +528,27 @@ void TestSchedaAcconti::nomiAccessibili()
         QAccessible::queryAccessibleInterface(Controllo(F, Casella.constData()));
     QVERIFY(Letto);
     QTEST(Letto->text(QAccessible::Name), "Nome");
+}
+
+/// A page that is wider than its window opens on its beginning, and so it does behind each field.
+void TestSchedaAcconti::laPaginaCominciaDaSinistra()
+{
+    auto* Cornice = qobject_cast<QScrollArea*>(PaginaIn(F));
+    QVERIFY(Cornice);
+    F->setMinimumSize(0, 0);
+    F->resize(430, 380);
+    Respiro();
+    QScrollBar* Barra = Cornice->horizontalScrollBar();
+    QVERIFY2(Barra->maximum() > 0, "più larga della finestra");
+    Controllo(F, "chkIva")->setFocus(Qt::TabFocusReason);
+    Barra->setValue(Barra->maximum());
+    Righe->Vista()->setFocus(Qt::TabFocusReason);
+    Respiro();
+    QCOMPARE(Barra->value(), 0);
+    Barra->setValue(12);
+    Controllo(F, "txtSpeGen")->setFocus(Qt::TabFocusReason);
+    Respiro();
+    QCOMPARE(Barra->value(), 0);
 }
 
 #include "TestSchedaAcconti.moc"

@@ -12,6 +12,7 @@ class TestEtichetta : public QObject
 private Q_SLOTS:
     void diceDiEssereTagliata();
     void inMezzo();
+    void primaLeFormeBrevi();
     void disegnaCioCheMostra();
 };
 PROVA(TestEtichetta);
@@ -55,6 +56,30 @@ void TestEtichetta::inMezzo()
     QCOMPARE(Capi.size(), 2);
     QVERIFY(Capi[0].size() > 10 && Capi[1].size() > 10);
     QVERIFY(Lungo.startsWith(Capi[0]) && Lungo.endsWith(Capi[1]));
+}
+
+/// A shorter form is read before anything is cut.
+void TestEtichetta::primaLeFormeBrevi()
+{
+    const QString Media = u"Civile o Amministrativa - Tribunale - Indeterminato"_s;
+    const QString Corta = u"Civile o Amministrativa - Tribunale"_s;
+    Etichetta Riga;
+    Riga.setTextFormat(Qt::PlainText);
+    Riga.TogliInMezzo();
+    Riga.MostraForme(Lungo, {Media, Corta});
+    const auto Larga = [&](const QString& Testo, int Meno) {
+        Riga.resize(Riga.fontMetrics().horizontalAdvance(Testo) - Meno, Riga.sizeHint().height());
+        return Riga.Mostrato();
+    };
+    QCOMPARE(Larga(Lungo, 0), Lungo);
+    QCOMPARE(Larga(Lungo, 1), Media);
+    QCOMPARE(Larga(Media, 1), Corta);
+    const QStringList Capi = Larga(Corta, 1).split(u'…');
+    QCOMPARE(Capi.size(), 2);
+    QVERIFY(Corta.startsWith(Capi[0]) && Corta.endsWith(Capi[1]));
+    QCOMPARE(Riga.text(), Lungo);
+    Riga.MostraForme(Lungo, {});
+    QVERIFY(Larga(Media, 1).contains(u'…'));
 }
 
 /// Whole as any label; cut as a label would be that had the shorter text.
