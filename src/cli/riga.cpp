@@ -25,7 +25,7 @@ QStringList InsiemiNorme()
     return {u"programma"_s, u"vigenti"_s};
 }
 
-constexpr std::array Tabella{
+constexpr std::array TabellaOpzioni{
     RigaOpzione{Opzione::Programma, u"--programma", u"DIR", u"una cartella", true},
     RigaOpzione{Opzione::Utente, u"--utente", u"DIR", u"una cartella", true},
     RigaOpzione{Opzione::Json, u"--json", {}, {}, true},
@@ -109,12 +109,12 @@ void ControllaInsieme(const RigaComando& Riga)
 
 std::span<const RigaOpzione> Opzioni()
 {
-    return Tabella;
+    return TabellaOpzioni;
 }
 
 QString ParolaDi(Opzione Codice)
 {
-    return std::ranges::find(Tabella, Codice, &RigaOpzione::Codice)->Parola.toString();
+    return std::ranges::find(TabellaOpzioni, Codice, &RigaOpzione::Codice)->Parola.toString();
 }
 
 RigaComando LeggiRiga(const QStringList& Argomenti)
@@ -133,8 +133,8 @@ RigaComando LeggiRiga(const QStringList& Argomenti)
         Finite = Parola == u"--";
         if (Finite)
             continue;
-        const auto Quale = std::ranges::find(Tabella, Parola, &RigaOpzione::Parola);
-        if (Quale == Tabella.end())
+        const auto Quale = std::ranges::find(TabellaOpzioni, Parola, &RigaOpzione::Parola);
+        if (Quale == TabellaOpzioni.end())
             throw ErroreUso{u"Opzione sconosciuta: %1"_s.arg(Parola)};
         const bool Segue = !Quale->Valore.isEmpty();
         Riga.Date[Quale->Codice] = Segue ? LeggiValore(*Quale, Argomenti.value(++i)) : QString();

@@ -225,7 +225,7 @@ QString SenzaGuida(QStringView)
 enum GruppoBarra { Parcelle, Archivi, Calcoli, Aiuti, Opzioni, Guide };
 
 // A new calculator is a row here and a registration of its window. Places leave room between them.
-constexpr std::array Tabella{
+constexpr std::array TabellaComandi{
     Comando{.Parola = u"new",
             .Guardia = Sempre,
             .Azione = Nuova,
@@ -387,8 +387,8 @@ constexpr std::array Tabella{
 
 const Comando* Cerca(QStringView Parola)
 {
-    const auto Trovato = std::ranges::find(Tabella, Parola, &Comando::Parola);
-    return Trovato == Tabella.end() ? nullptr : &*Trovato;
+    const auto Trovato = std::ranges::find(TabellaComandi, Parola, &Comando::Parola);
+    return Trovato == TabellaComandi.end() ? nullptr : &*Trovato;
 }
 
 /// The rows that have a control of a kind, in the order of its places.
@@ -396,7 +396,7 @@ template <class Controllo>
 std::vector<const Comando*> InOrdine(Controllo Comando::*Tipo)
 {
     std::vector<const Comando*> Trovati;
-    for (const Comando& Riga : Tabella)
+    for (const Comando& Riga : TabellaComandi)
         if ((Riga.*Tipo).Posto > 0)
             Trovati.push_back(&Riga);
     std::ranges::sort(Trovati, {}, [Tipo](const Comando* Riga) { return (Riga->*Tipo).Posto; });
@@ -416,7 +416,7 @@ void EseguiComando(const QString& Parola, int Indice, const QString& Par)
 
 std::span<const Comando> Comandi()
 {
-    return Tabella;
+    return TabellaComandi;
 }
 
 std::vector<const Comando*> ComandiDellaBarra()

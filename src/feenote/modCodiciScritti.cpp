@@ -16,7 +16,7 @@ bool Cifra(QChar C)
     return C >= u'0' && C <= u'9';
 }
 
-bool Lettera(QChar C)
+bool ELettera(QChar C)
 {
     return C >= u'A' && C <= u'Z';
 }
@@ -51,7 +51,7 @@ QString Dietro(const QString& Resto, bool& Esteri)
     if (Codice.isEmpty())
         return {};
     // Two letters in front of a number are a country.
-    if (Codice.size() > 2 && Lettera(Codice[0]) && Lettera(Codice[1]) && Cifra(Codice[2])) {
+    if (Codice.size() > 2 && ELettera(Codice[0]) && ELettera(Codice[1]) && Cifra(Codice[2])) {
         Esteri = true;
         return {};
     }
@@ -59,7 +59,7 @@ QString Dietro(const QString& Resto, bool& Esteri)
     // Six letters and the year of birth: no word goes on like this.
     constexpr qsizetype LettereNome = 6;
     const bool Forma = Intero.size() > LettereNome + 1 &&
-                       std::all_of(Intero.cbegin(), Intero.cbegin() + LettereNome, Lettera) &&
+                       std::all_of(Intero.cbegin(), Intero.cbegin() + LettereNome, ELettera) &&
                        (Cifra(Intero[LettereNome]) || Cifra(Intero[LettereNome + 1]));
     return Forma ? Intero : QString();
 }

@@ -13,8 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QStringView Filetto = u"________";                        // over an amount
-constexpr QStringView FilettoTripla = u"________________________";  // over the three sums
+constexpr QStringView FilettoImporto = u"________";                // over an amount
+constexpr QStringView FilettoSomme = u"________________________";  // over the three sums
 
 struct ModelloColonna
 {
@@ -208,7 +208,7 @@ void StampaAcconti(Superficie& vp, const Parcella& Nota, int Tipo, const SommeAc
     int Colonna = Ultima(Tutte) - 2;
     for (const double Totale :
          {Totali.AccontiCorrispettivi, Totali.AccontiSpeseImp, Totali.AccontiSpeseEsenti})
-        ScriviTotale(vp, RigaFiletto, Colonna++, Filetto, ImportoStampa(Totale));
+        ScriviTotale(vp, RigaFiletto, Colonna++, FilettoImporto, ImportoStampa(Totale));
     ApplicaColonne(vp, Tutte);
     ChiudiTabella(vp);
 }
@@ -289,11 +289,11 @@ void StampaOnorari(Superficie& vp, const Parcella& Nota, const TabellaRighe& Rig
     const int RigaFiletto = AggiungiRigaTab(vp);
     AggiungiRigaTab(vp);
     if (MinMax)
-        ScriviTotale(vp, RigaFiletto, Ultima(Tutte), FilettoTripla,
+        ScriviTotale(vp, RigaFiletto, Ultima(Tutte), FilettoSomme,
                      TestoTripla(SommaColonna(Righe, OnoMedio), SommaColonna(Righe, OnoMin),
                                  SommaColonna(Righe, OnoMax)));
     const double Totale = SenzaTotale ? Nota.Multi.TotOnorariMulti : CalcolaSomme(Nota).TotOnorari;
-    ScriviTotale(vp, RigaFiletto, Ultima(Tutte) - (MinMax ? 1 : 0), Filetto, ImportoStampa(Totale));
+    ScriviTotale(vp, RigaFiletto, Ultima(Tutte) - (MinMax ? 1 : 0), FilettoImporto, ImportoStampa(Totale));
     ChiudiVoci(vp, Tutte);
 }
 
@@ -310,8 +310,8 @@ void StampaSpese(Superficie& vp, const Parcella& Nota, const TabellaRighe& Righe
     const Somme Proprie = CalcolaSomme(Nota);
     const double Imponibili = SenzaTotale ? Nota.Multi.TotSpeseImpMulti : Proprie.TotSpeseImp;
     const double Esenti = SenzaTotale ? Nota.Multi.TotSpeseEsentiMulti : Proprie.TotSpeseEsenti;
-    ScriviTotale(vp, RigaFiletto, Ultima(Tutte) - 1, Filetto, ImportoStampa(Imponibili));
-    ScriviTotale(vp, RigaFiletto, Ultima(Tutte), Filetto, ImportoStampa(Esenti));
+    ScriviTotale(vp, RigaFiletto, Ultima(Tutte) - 1, FilettoImporto, ImportoStampa(Imponibili));
+    ScriviTotale(vp, RigaFiletto, Ultima(Tutte), FilettoImporto, ImportoStampa(Esenti));
     ChiudiVoci(vp, Tutte);
 }
 

@@ -1,6 +1,7 @@
 #include "creaguide/marcatura.h"
 
 #include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 
 #include <QRegularExpression>
 
@@ -12,8 +13,6 @@ namespace {
 
 using Genere = BloccoGuida::Genere;
 using Posto = BloccoGuida::Posto;
-
-constexpr int ArgomentoNonValido = 5;
 
 /// Reads a guide line by line; what a line belongs to is known from its first characters.
 class Lettore
@@ -263,5 +262,5 @@ TestoGuida LeggiTesto(const QString& Nome, const QString& Testo, const FonteTabe
 
 void RifiutaGuida(const QString& Nome, int Riga, const QString& Motivo)
 {
-    throw Errore(ArgomentoNonValido, u"%1, riga %2: %3"_s.arg(Nome).arg(Riga).arg(Motivo));
+    throw Errore(errori::Argomento, u"%1, riga %2: %3"_s.arg(Nome).arg(Riga).arg(Motivo));
 }

@@ -5,6 +5,7 @@
 #include "feenote/modQuantita.h"
 #include "feenote/modRighe.h"
 #include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/base/regionale.h"
 
 #include <QRegularExpression>
@@ -15,7 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int ArgomentoNonValido = 5;
 const auto Apertura = u"<table border=\"1\" cellspacing=\"0\" cellpadding=\"5\" width=\"99%\">\n"_s;
 const auto Chiusura = u"</table>\n"_s;
 
@@ -63,7 +63,7 @@ QString Esatta(double Importo, double Rispetto, const VoceTariffa& Voce)
 {
     if (const auto Trovata = Percentuale(Importo, Rispetto))
         return *Trovata;
-    throw Errore(ArgomentoNonValido,
+    throw Errore(errori::Argomento,
                  u"la voce %1 non segue da una percentuale intera: %2 da %3"_s.arg(Voce.Codice)
                      .arg(CStr(Importo), CStr(Rispetto)));
 }
@@ -104,7 +104,7 @@ FormulaDetta Detta(const Tariffe& Dati, const VoceTariffa& Voce, const Scaglione
     const QString& Formula = Massimo ? Lette.Massimo : Lette.Minimo;
     if (const auto Trovata = Scomponi(Formula, Limiti))
         return *Trovata;
-    throw Errore(ArgomentoNonValido,
+    throw Errore(errori::Argomento,
                  u"la formula «%1» della voce %2 non si può dire a parole"_s.arg(Formula).arg(Voce.Codice));
 }
 
@@ -122,7 +122,7 @@ double Valuta(const QString& Formula, double ValoreEuro)
 {
     const auto Valore = ValoreFormula(Formula, ValoreEuro);
     if (!Valore)
-        throw Errore(ArgomentoNonValido, u"la formula «%1» non ha un valore"_s.arg(Formula));
+        throw Errore(errori::Argomento, u"la formula «%1» non ha un valore"_s.arg(Formula));
     return *Valore;
 }
 
@@ -280,7 +280,7 @@ QString Esempio(const Tariffe& Dati, const VoceTariffa& Voce, double ValoreEuro,
         return ValoreEuro >= Uno.DaVal && ValoreEuro <= Uno.AVal;
     });
     if (Suo == Scaglioni.end())
-        throw Errore(ArgomentoNonValido, u"il valore %1 non è in nessuno scaglione"_s.arg(CStr(ValoreEuro)));
+        throw Errore(errori::Argomento, u"il valore %1 non è in nessuno scaglione"_s.arg(CStr(ValoreEuro)));
     const Formule& Lette = Dati.Stragiudiziali.at({QString(), Voce.Codice, Suo->NumSca});
     const double Min = Valuta(Lette.Minimo, ValoreEuro);
     const double Max = Valuta(Lette.Massimo, ValoreEuro);

@@ -1,6 +1,7 @@
 #include "creaschede/testischede.h"
 
 #include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 
@@ -10,8 +11,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int ArgomentoNonValido = 5;
 
 constexpr QStringView SegnoGruppo = u"gruppo ";
 const auto OgniScheda = u"ogni scheda"_s;
@@ -147,7 +146,7 @@ private:
 
 void SezioneScheda::Rifiuta(qsizetype Linea, const QString& Motivo) const
 {
-    throw Errore(ArgomentoNonValido, u"%1, riga %2: %3"_s.arg(File).arg(Riga + 1 + Linea).arg(Motivo));
+    throw Errore(errori::Argomento, u"%1, riga %2: %3"_s.arg(File).arg(Riga + 1 + Linea).arg(Motivo));
 }
 
 TestiSchede LeggiTesti(const QString& Cartella, const QString& Categ, const Tariffe& Dati)

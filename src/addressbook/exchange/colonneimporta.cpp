@@ -21,7 +21,7 @@ struct Sinonimi
     QStringView Titoli;
 };
 
-constexpr std::array Tabella{
+constexpr std::array TabellaColonne{
     Sinonimi{
         u"Nominativo",
         u"nominativo nominativi ragionesociale ragsociale ragsoc denominazione intestazione intestatario "
@@ -88,7 +88,7 @@ QString ChiaveDi(const QString& Nuda)
 {
     static const QHash<QString, QString> Tutti = [] {
         QHash<QString, QString> Nuovi;
-        for (const Sinonimi& Voce : Tabella)
+        for (const Sinonimi& Voce : TabellaColonne)
             for (const QStringView Titolo : Voce.Titoli.split(u' ', Qt::SkipEmptyParts))
                 Nuovi.insert(Titolo.toString(), Voce.Chiave.toString());
         return Nuovi;

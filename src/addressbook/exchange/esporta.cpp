@@ -38,7 +38,7 @@ bool DiSocieta(const QStringList& Celle, const QList<ColonnaRubrica>& Colonne)
     return ESocieta(Cliente);
 }
 
-QByteArray Scheda(const QStringList& Celle, const QList<ColonnaRubrica>& Colonne)
+QByteArray SchedaScritta(const QStringList& Celle, const QList<ColonnaRubrica>& Colonne)
 {
     ValoriNominativo Valori;
     for (qsizetype i = 0; i < Colonne.size(); ++i)
@@ -90,7 +90,7 @@ QByteArray EsportaNominativi(const Recordset& DiRighe, FormatoEsporta Forma, con
         if (Forma == FormatoEsporta::Csv)
             Fatte.push_back(Celle);
         else
-            Schede += Scheda(Celle, Colonne);
+            Schede += SchedaScritta(Celle, Colonne);
     }
     return Forma == FormatoEsporta::Csv ? ScriviCsv(Fatte) : Schede;
 }

@@ -168,7 +168,7 @@ VoceContributo LeggiContributo(const RigheNorme& Riga)
     return Letta;
 }
 
-QString Cella(const QVariant& Valore)
+QString CellaComeTesto(const QVariant& Valore)
 {
     if (!Valore.isValid())
         return u"-"_s;
@@ -325,7 +325,7 @@ QString SigilloNorme(const Database& Db)
         const QList<Campo> Colonne = Righe.Campi();
         for (; !Righe.Eof(); Righe.MoveNext())
             for (const Campo& Colonna : Colonne)
-                Aggiungi(Cella(Righe.Value(Colonna.Name)));
+                Aggiungi(CellaComeTesto(Righe.Value(Colonna.Name)));
     }
     return QString::fromLatin1(Conto.result().toHex());
 }

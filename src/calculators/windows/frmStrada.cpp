@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum ColonnaStrada { ColDate, ColGiorni, ColPasso, ColNorma, NumColonneStrada };
+enum ColonnaStrada { ColDate, ColGiorni, ColPasso, ColNormaStrada, NumColonneStrada };
 
 // In the order of the count; the places are those of SegniStrada.
 enum SegnoStrada { SegnoContati, SegnoComune, SegnoRecuperati, SegnoLibero, SegnoSpostati };
@@ -120,17 +120,17 @@ void frmStrada::Colonne()
         Nuova.Campo = Campo;
         Nuova.Caratteri = Caratteri;
         Nuova.Allinea = Allinea;
-        Nuova.Stira = Campo == ColNorma;
+        Nuova.Stira = Campo == ColNormaStrada;
         return Nuova;
     };
     Righe.Azzera(NumColonneStrada);
-    ui->tdbStrada->ImpostaColonne({Colonna(u"Date"_s, ColDate, 21),
-                                   Colonna(u"Giorni"_s, ColGiorni, 6, Qt::AlignRight),
-                                   Colonna(u"Che cosa"_s, ColPasso, 23), Colonna(u"Norma"_s, ColNorma, 12)});
+    ui->tdbStrada->ImpostaColonne(
+        {Colonna(u"Date"_s, ColDate, 21), Colonna(u"Giorni"_s, ColGiorni, 6, Qt::AlignRight),
+         Colonna(u"Che cosa"_s, ColPasso, 23), Colonna(u"Norma"_s, ColNormaStrada, 12)});
     ui->tdbStrada->Lega(&Righe);
     ui->tdbStrada->Suggerimento = [this](int Riga) {
         return Riga >= 0 && Riga < Righe.Righe()
-                   ? Righe(Riga, ColPasso).toString() + u'\n' + Righe(Riga, ColNorma).toString()
+                   ? Righe(Riga, ColPasso).toString() + u'\n' + Righe(Riga, ColNormaStrada).toString()
                    : QString();
     };
 }

@@ -46,7 +46,7 @@ QStringList Sottocartelle(const QString& Cartella)
 }
 
 /// The folders that lead to one, the topmost first and it the last.
-QStringList Catena(const QString& Cartella)
+QStringList CartelleFinoA(const QString& Cartella)
 {
     QStringList Sopra;
     for (QString Una = Cartella; !Una.isEmpty(); Una = CartellaSuperiore(Una))
@@ -128,7 +128,7 @@ void frmSfoglia::Elenca(const QStringList& Dentro)
         Riga->setData(RuoloPercorso, Percorso);
         return Riga;
     };
-    const QStringList Sopra = Catena(Presente);
+    const QStringList Sopra = CartelleFinoA(Presente);
     for (qsizetype i = 0; i < Sopra.size(); ++i) {
         const QString Nome = i == 0 ? Sopra[i] : NomeFile(Sopra[i].chopped(1));
         QListWidgetItem* Riga = Aggiungi(Sopra[i], Nome, i);

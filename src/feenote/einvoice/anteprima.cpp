@@ -46,12 +46,12 @@ QString Tabella(const QString& Righe)
            Righe + u"</table>"_s;
 }
 
-QString Titolo(const QString& Testo)
+QString TitoloPagina(const QString& Testo)
 {
     return u"<h3>"_s + Scritto(Testo) + u"</h3>"_s;
 }
 
-QString Parte(const QString& Nome, const ParteFattura& Chi, const QStringList& Altro)
+QString ParteInPagina(const QString& Nome, const ParteFattura& Chi, const QStringList& Altro)
 {
     const Sede& Luogo = Chi.Indirizzo;
     QStringList Righe{Chi.NomeIntero()};
@@ -77,13 +77,13 @@ QString Parti(const FatturaElettronica& Fattura)
     QStringList Studio{u"Regime fiscale: "_s + ConNome(regimi::Voci(), Fattura.Regime)};
     if (!Fattura.EmailCedente.isEmpty())
         Studio += u"E-mail: "_s + Fattura.EmailCedente;
-    return Tabella(u"<tr>"_s + Parte(u"Cedente/prestatore"_s, Fattura.Cedente, Studio) +
-                   Parte(u"Cessionario/committente"_s, Fattura.Cessionario, Invio) + u"</tr>"_s);
+    return Tabella(u"<tr>"_s + ParteInPagina(u"Cedente/prestatore"_s, Fattura.Cedente, Studio) +
+                   ParteInPagina(u"Cessionario/committente"_s, Fattura.Cessionario, Invio) + u"</tr>"_s);
 }
 
 QString Documento(const FatturaElettronica& Fattura)
 {
-    QString Html = Titolo(
+    QString Html = TitoloPagina(
         u"%1 n. %2 del %3"_s.arg(ConNome(TipiFattura(), Fattura.Tipo), Fattura.Numero, Giorno(Fattura.Data)));
     for (const QString& Causale : Fattura.Causali)
         Html += u"<p>"_s + Scritto(Causale) + u"</p>"_s;
@@ -155,7 +155,7 @@ QString Riepiloghi(const FatturaElettronica& Fattura)
         Righe += Riga({Iva(Voce.AliquotaIva, Voce.Natura), Voce.RiferimentoNormativo,
                        Esigibilita(Voce.Esigibilita), Euro(Voce.Imponibile), Euro(Voce.Imposta)},
                       3);
-    return Titolo(u"Riepilogo"_s) + Tabella(Righe) +
+    return TitoloPagina(u"Riepilogo"_s) + Tabella(Righe) +
            u"<p align=\"right\"><b>Totale documento: euro %1</b></p>"_s.arg(Euro(Fattura.Totale));
 }
 
@@ -168,7 +168,8 @@ QString Pagamento(const FatturaElettronica& Fattura)
         Celle += u"IBAN "_s + Fattura.Pagamento->Iban;
     if (Fattura.Pagamento->Scadenza.isValid())
         Celle += u"entro il "_s + Giorno(Fattura.Pagamento->Scadenza);
-    return Titolo(u"Pagamento"_s) + Tabella(Riga({Celle.join(u", "_s), Euro(Fattura.Pagamento->Importo)}, 1));
+    return TitoloPagina(u"Pagamento"_s) +
+           Tabella(Riga({Celle.join(u", "_s), Euro(Fattura.Pagamento->Importo)}, 1));
 }
 
 }  // namespace

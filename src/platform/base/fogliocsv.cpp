@@ -37,7 +37,7 @@ QString CellaCsv(const QString& Testo)
 namespace {
 
 /// "-1459,12": nothing that a spreadsheet could run.
-bool ECifra(const QString& Testo)
+bool EUnImporto(const QString& Testo)
 {
     const QStringView Senza = QStringView(Testo).mid(Testo.startsWith(u'-') ? 1 : 0);
     return !Senza.isEmpty() &&
@@ -52,7 +52,7 @@ QByteArray ScriviCsv(const std::vector<QStringList>& Righe, const QList<int>& Ci
     for (const QStringList& Celle : Righe) {
         QStringList Fatte;
         for (int i = 0; i < Celle.size(); ++i)
-            Fatte.append(Cifre.contains(i) && ECifra(Celle[i]) ? Celle[i] : CellaCsv(Celle[i]));
+            Fatte.append(Cifre.contains(i) && EUnImporto(Celle[i]) ? Celle[i] : CellaCsv(Celle[i]));
         Scritte += Fatte.join(u';').toUtf8() + "\r\n";
     }
     return Scritte;

@@ -278,7 +278,7 @@ QByteArray TestoScritto(const QString& Testo)
 }
 
 /// The end of line that the store uses.
-QByteArray FineRigaDi(const QByteArray& Deposito)
+QByteArray FineRigaDelDeposito(const QByteArray& Deposito)
 {
     return Deposito.contains("\r\n") ? "\r\n"_ba : "\n"_ba;
 }
@@ -305,7 +305,7 @@ std::optional<QString> ValoreDelDeposito(const QByteArray& Deposito, const QStri
 QByteArray ConValoriNelDeposito(const QByteArray& Deposito, const QString& Sezione,
                                 const QList<std::pair<QString, QString>>& Valori)
 {
-    const QByteArray FineRiga = FineRigaDi(Deposito);
+    const QByteArray FineRiga = FineRigaDelDeposito(Deposito);
     QList<std::pair<QString, QString>> Mancanti = Valori;
     QByteArray Nuovo;
     bool Dentro = false;
