@@ -45,10 +45,7 @@ function(stanza Cartella)
     list(TRANSFORM A_QT PREPEND Qt6::)
     list(TRANSFORM A_MAY REPLACE "/" "_" OUTPUT_VARIABLE Conosciute)
     target_link_libraries(${Nome} PUBLIC Qt6::Core ${A_QT} ${Conosciute} PRIVATE opzioni ${A_HIDES})
-    if(CALCANOVA_UNITA)
-        set_target_properties(${Nome} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 6)
-        target_link_libraries(${Nome} PRIVATE opzioni_insieme)
-    endif()
+    compila_insieme(${Nome})
 
     # One precompiled header for what stands on Qt Core alone, one for what shows windows.
     if("Qt6::Widgets" IN_LIST A_QT)
