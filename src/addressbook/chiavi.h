@@ -15,7 +15,8 @@
 void TrattieniChiavi(const Database& Db, const QString& Tabella, qint64 Fino);
 
 /// The same for an archive that must stay byte for byte as it is: the key is kept in a small file beside it,
-/// called as the archive with ".chiavi" behind it, until a new row has taken the archive beyond.
+/// called as the archive with ".chiavi" behind it. It stays there; the next row takes the archive itself
+/// beyond.
 /// @throws Errore as ScriviFile
 void TrattieniAccanto(const QString& Archivio, const QString& Tabella, qint64 Fino);
 

@@ -48,7 +48,8 @@ bool frmParcelle::LeggiAssociata(const QString& Percorso, const frmParcelle* Ape
     });
     if (Fatta) {
         ImprontaMulti = Aperta ? std::nullopt : std::optional(Ora);
-        InDialogo([this] { AvvisaIlleggibiliMulti(Nota); });
+        if (Nota.Multi.Illeggibili > 0)
+            InDialogo([this] { AvvisaIlleggibiliMulti(Nota); });
     }
     return Fatta;
 }

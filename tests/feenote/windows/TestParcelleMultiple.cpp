@@ -9,6 +9,7 @@
 #include "platform/system/file.h"
 
 #include <QPushButton>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 using namespace salvataggi;
@@ -25,6 +26,7 @@ private Q_SLOTS:
     void mentreSiSceglieIlTastoTace();
     void seStessaNo();
     void ilGuastoTieneQuellaDiPrima();
+    void importiCheNonSiLeggono();
     void quelCheNonSiLegge_data();
     void quelCheNonSiLegge();
     void siElimina();
@@ -129,6 +131,32 @@ void TestParcelleMultiple::ilGuastoTieneQuellaDiPrima()
     QCOMPARE(Esenti(), u"Esenti: 27,00"_s);
     QVERIFY2(F->Socio() == 2 && Compagna->Socio() == 1, "the link stays too");
     QVERIFY(Controllo(F, "cmdOpenPar")->isEnabled());
+}
+
+/// The sums of both have a 0 there: it is told once, while the window waits.
+void TestParcelleMultiple::importiCheNonSiLeggono()
+{
+    OpenDatabase(File).Execute(
+        u"UPDATE ParcellaAcconti SET Corr='mille' WHERE rowid=(SELECT min(rowid) FROM ParcellaAcconti)"_s);
+    bool InDomanda = false;
+    QString Detto;
+    Messaggi Nuovi;
+    Nuovi.Box = [&](const QString& Testo, int, const QString&) {
+        InDomanda = !ChiudiParcella(1);
+        Detto += Testo;
+        return vbOK;
+    };
+    const Messaggi Prima = InstallaMessaggi(Nuovi);
+    const auto Torna = qScopeGuard([&] { InstallaMessaggi(Prima); });
+    Associa(File);
+    QVERIFY2(
+        Detto.startsWith(u"Attenzione, un importo della parcella associata \"Altra Nota\" non si legge"_s),
+        qPrintable(Detto));
+    QVERIFY(InDomanda);
+    QCOMPARE(F->Nota.Multi.Illeggibili, 1);
+    Detto.clear();
+    F->ControllaMulti();
+    QCOMPARE(Detto, QString());
 }
 
 void TestParcelleMultiple::quelCheNonSiLegge_data()
