@@ -363,15 +363,16 @@ bool CheckOK(Parcella& Nota, bool ShowMessage)
 
 namespace {
 
-/// The banner with its bracket in some form; empty: left out.
-QString DatiBaseCon(const Parcella& Nota, const QString& Limiti)
+/// The banner with its parts in some form; an empty one is left out.
+QString DatiBaseCon(const Parcella& Nota, const QString& Categoria, const QString& Autorita,
+                    const QString& Limiti)
 {
     // A decree that notes name stands in front: the end of a long row is cut.
     QString Testo = Nota.Tariffa->Dichiarato ? Nota.Tariffa->Nome.toString() : QString();
-    if (const QString Categoria = TestoCategoria(Nota); !Categoria.isEmpty())
+    if (!Categoria.isEmpty())
         Testo += (Testo.isEmpty() ? QString() : u" - "_s) + Categoria;
     if (Nota.cmbAutor >= 0)
-        Testo += u" - "_s + TestoAutorita(Nota);
+        Testo += (Testo.isEmpty() && TestoCategoria(Nota) != Categoria ? QString() : u" - "_s) + Autorita;
     if (!Limiti.isEmpty())
         Testo += u" - "_s + Limiti;
     const double Valore = Nota.txtImporto.Numero();
@@ -386,17 +387,25 @@ QString DatiBaseCon(const Parcella& Nota, const QString& Limiti)
 
 QString TestoDatiBase(const Parcella& Nota)
 {
-    return DatiBaseCon(Nota, Nota.cmbValore >= 0 ? TestoScaglione(Nota) : QString());
+    return DatiBaseCon(Nota, TestoCategoria(Nota), TestoAutorita(Nota),
+                       Nota.cmbValore >= 0 ? TestoScaglione(Nota) : QString());
 }
 
 QStringList DatiBaseInBreve(const Parcella& Nota)
 {
-    if (Nota.cmbValore < 0)
-        return {};
-    QStringList Forme{DatiBaseCon(Nota, ScaglioneInBreve(TestoScaglione(Nota))[1])};
-    // A value tells its bracket.
+    const QString Categoria = TestoCategoria(Nota);
+    const QString Autorita = TestoAutorita(Nota);
+    QString Limiti = Nota.cmbValore >= 0 ? ScaglioneInBreve(TestoScaglione(Nota))[1] : QString();
+    QStringList Forme{DatiBaseCon(Nota, Categoria, Autorita, Limiti)};
+    // A value tells its bracket, and a court what it judges.
     if (Nota.txtImporto.Numero() > 0)
-        Forme.append(DatiBaseCon(Nota, {}));
+        Limiti.clear();
+    Forme.append(DatiBaseCon(Nota, Categoria, Autorita, Limiti));
+    if (Nota.cmbAutor >= 0) {
+        Forme.append(DatiBaseCon(Nota, {}, Autorita, Limiti));
+        Forme.append(DatiBaseCon(Nota, {}, Autorita.section(u" - "_s, 0, 0), Limiti));
+    }
+    Forme.removeDuplicates();
     return Forme;
 }
 

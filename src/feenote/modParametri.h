@@ -88,8 +88,8 @@ enum class FraseParametri {
 /// "Civile o Amministrativa - Tribunale ordinario - da € ... - Valore: 30.000,00 €"; a decree that notes name
 /// stands in front.
 [[nodiscard]] QString TestoDatiBase(const Parcella& Nota);
-/// The same for less room, the longest first: the bracket in few letters, and left out where the value tells
-/// it. Empty without a bracket.
+/// The same for less room, the longest first: the bracket in few letters, left out where the value tells it,
+/// without the category, with the first words of the court.
 [[nodiscard]] QStringList DatiBaseInBreve(const Parcella& Nota);
 /// "da € 50.000,01 a € 100.000,00" without the signs, then as "50.000–100.000", then as "50–100 mila".
 [[nodiscard]] QStringList ScaglioneInBreve(const QString& Limiti);

@@ -378,13 +378,19 @@ void TestParametri::testataInBreve()
     NuovaParcella(Nota);
     CambiaCategoria(Nota, 0);
     CambiaAutorita(Nota, IndiceAutorita(Nota, 2));
-    QCOMPARE(DatiBaseInBreve(Nota), QStringList());
-    const QString Prima = u"Civile o Amministrativa - Tribunale ordinario"_s;
+    const QString Corte = u"Tribunale ordinario"_s;
+    const QString Prima = u"Civile o Amministrativa - "_s + Corte;
+    QCOMPARE(DatiBaseInBreve(Nota), (QStringList{Prima, Corte}));
     CambiaScaglione(Nota, 2);
-    QCOMPARE(DatiBaseInBreve(Nota), QStringList{Prima + u" - 25.000–50.000"_s});
+    QCOMPARE(DatiBaseInBreve(Nota),
+             (QStringList{Prima + u" - 25.000–50.000"_s, Corte + u" - 25.000–50.000"_s}));
     ScriviValore(Nota, u"30000"_s);
-    QCOMPARE(DatiBaseInBreve(Nota), (QStringList{Prima + u" - 25.000–50.000 - Valore: 30.000,00 €"_s,
-                                                 Prima + u" - Valore: 30.000,00 €"_s}));
+    const QString Valore = u" - Valore: 30.000,00 €"_s;
+    QCOMPARE(DatiBaseInBreve(Nota),
+             (QStringList{Prima + u" - 25.000–50.000"_s + Valore, Prima + Valore, Corte + Valore}));
+    CambiaAutorita(Nota, IndiceAutorita(Nota, 12));
+    QVERIFY(TestoAutorita(Nota).startsWith(u"Tribunale - procedimenti "));
+    QCOMPARE(DatiBaseInBreve(Nota).constLast(), u"Tribunale"_s + Valore);
     QCOMPARE(ScaglioneInBreve(u"da € 1.100,01 a € 5.200,00"_s),
              (QStringList{u"da 1.100,01 a 5.200,00"_s, u"1.100–5.200"_s, u"1,1–5,2 mila"_s}));
     QCOMPARE(ScaglioneInBreve(u"fino a € 5.000,00"_s),

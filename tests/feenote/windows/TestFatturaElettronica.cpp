@@ -125,6 +125,9 @@ void TestFatturaElettronica::senzaImpostazioniDiceCheCosaManca()
     ApriPannello();
     QCOMPARE(Righe(), QStringList());
     QVERIFY2(!Lista()->isVisible(), "vuota lascia il posto alle scelte");
+    Respiro();
+    const QWidget* Scelte = Controllo(F, "fraScelteXml");
+    QCOMPARE(Scelte->height(), Scelte->sizeHint().height());
 }
 
 void TestFatturaElettronica::ogniRigaPortaAlSuoCampo_data()
