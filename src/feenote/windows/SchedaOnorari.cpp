@@ -169,12 +169,29 @@ void SchedaOnorari::CollegaPannello()
 {
     Collega(Pannello, &PannelloModOno::ConfermaChiesta, this, &SchedaOnorari::cmdModOno_Click);
     Collega(Pannello, &PannelloModOno::Rinunciato, this, &SchedaOnorari::cmdAnnModOno_Click);
+    Collega(Pannello, &PannelloModOno::Mostrato, this, &SchedaOnorari::StringiImporti);
     Collega(Comandi, &ComandiRighe::Mutate, this, [this] { Pannello->Rinfresca(RigaCorrente()); });
     Collega(ui->tdbOnor, &Griglia::RigaCambiata, this, [this] {
         if (Pannello->Aperto())
             ui->tdbListaOno->TogliEvidenza();
         Pannello->SeguiRiga(RigaCorrente());
     });
+}
+
+/// Beside the panel the amounts are as narrow as they can be, so that minimum and maximum stay in view;
+/// widths that the user has given are his.
+void SchedaOnorari::StringiImporti(bool Si)
+{
+    Griglia* Righe = ui->tdbOnor;
+    if (Si && !Righe->ColonneMosse()) {
+        if (LarghezzeIntere.isEmpty())
+            LarghezzeIntere = Righe->Larghezze();
+        Righe->StringiAlContenuto({OnoImporto, OnoMedio, OnoMin, OnoMax});
+    } else if (!Si && !LarghezzeIntere.isEmpty()) {
+        if (!Righe->ColonneMosse())
+            Righe->ImpostaLarghezze(LarghezzeIntere);
+        LarghezzeIntere.clear();
+    }
 }
 
 std::optional<int> SchedaOnorari::RigaCorrente() const

@@ -51,6 +51,7 @@ private:
     void CollegaRighe();
     void CollegaBarra();
     void CollegaPannello();
+    void StringiImporti(bool Si);
     [[nodiscard]] std::optional<int> RigaCorrente() const;  ///< of the lines
     [[nodiscard]] QString PaginaNota(int Riga) const;       ///< sheet of a catalogue row; empty: no such row
     void SeguiNota(int Riga);  ///< puts it in the place of the sheet on view, if any
@@ -64,6 +65,7 @@ private:
     CorniceNota& Cornice;
     std::unique_ptr<Ui::SchedaOnorari> ui;
     ComandiRighe* Comandi = nullptr;
+    QString LarghezzeIntere;  ///< of the lines, while the panel stands beside them
     PannelloModOno* Pannello = nullptr;
     std::pair<QString, int> CatalogoCercato;  ///< category and authority of the catalogue last searched in
 };

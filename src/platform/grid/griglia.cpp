@@ -277,6 +277,12 @@ void Griglia::ImpostaLarghezze(const QString& Testo)
         Pezzi->Vista->ImpostaLarghezza(int(i), Parti[i].section(u'@', 0, 0).toInt());
 }
 
+void Griglia::StringiAlContenuto(const QList<int>& Colonne)
+{
+    Pezzi->Vista->StringiAlContenuto(Colonne);
+    Pezzi->Pie->Allarga();
+}
+
 int Griglia::LarghezzaIntera() const
 {
     const VistaGriglia* Vista = Pezzi->Vista;

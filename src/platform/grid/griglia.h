@@ -132,6 +132,8 @@ public:
     /// worth remembering.
     [[nodiscard]] bool ColonneMosse() const;
     void ImpostaLarghezze(const QString& Testo);
+    /// Makes columns as narrow as what they show allows, which is no choice of the user's.
+    void StringiAlContenuto(const QList<int>& Colonne);
     /// Pixels at which no column on view is cut, with the row selector and the bar of many rows beside them.
     [[nodiscard]] int LarghezzaIntera() const;
     /// Pixels in which what the view shows at least stands above totals and bar, on view or not.

@@ -84,7 +84,9 @@ QRect PieGriglia::Riquadro(int Colonna) const
 
 int PieGriglia::Occorre(int Colonna) const
 {
-    return QFontMetrics(Grassetto(font())).horizontalAdvance(Testo(Colonna)) + 2 * MargineCella;
+    // Letters have fractions of a point, and a text that lacks one is shortened.
+    constexpr int Frazione = 1;
+    return QFontMetrics(Grassetto(font())).horizontalAdvance(Testo(Colonna)) + 2 * MargineCella + Frazione;
 }
 
 QRect PieGriglia::Spazio(int Colonna) const

@@ -16,6 +16,8 @@ public:
     void Imposta(int Colonna, const QString& Testo);
     [[nodiscard]] QString Testo(int Colonna) const { return Testi.value(Colonna); }
     void Azzera();
+    /// Widens the columns whose totals would be cut.
+    void Allarga();
     /// Where a column's text stands, in the footer's coordinates: below the column wherever that is.
     [[nodiscard]] QRect Riquadro(int Colonna) const;
     /// What a text has of the footer: its column, and as much of the empty ones beside it as it needs.
@@ -30,9 +32,6 @@ private:
     void Racconta();
     /// Width that a text fills, with the air around it.
     [[nodiscard]] int Occorre(int Colonna) const;
-    /// Widens the columns whose totals would still be cut.
-    void Allarga();
-
     VistaGriglia* Vista;
     QHash<int, QString> Testi;
 };

@@ -51,6 +51,8 @@ public:
     [[nodiscard]] int LarghezzaColonne() const;
     /// Widens a column to this at least; one that stretches has it as its narrowest from now on.
     void EsigiLarghezza(int Colonna, int Almeno);
+    /// Makes columns as narrow as their titles, cells and footers allow; those that stretch take the room.
+    void StringiAlContenuto(const QList<int>& Colonne);
     /// Width of a column, hidden or not.
     [[nodiscard]] int LarghezzaPiena(int Colonna) const;
     void ImpostaLarghezza(int Colonna, int Larghezza);

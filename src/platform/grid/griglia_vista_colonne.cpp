@@ -142,6 +142,16 @@ void VistaGriglia::EsigiLarghezza(int Colonna, int Almeno)
         setColumnWidth(Colonna, Almeno);
 }
 
+void VistaGriglia::StringiAlContenuto(const QList<int>& Colonne)
+{
+    for (const int Colonna : Colonne)
+        if (!isColumnHidden(Colonna))
+            setColumnWidth(Colonna,
+                           std::max({LarghezzaTitolo(Colonna), sizeHintForColumn(Colonna) + Margini / 2,
+                                     LarghezzeMinime.value(Colonna)}));
+    Stira();
+}
+
 int VistaGriglia::LarghezzaColonne() const
 {
     int Somma = 0;

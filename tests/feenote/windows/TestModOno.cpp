@@ -35,6 +35,7 @@ private Q_SLOTS:
     void unAltraNotaLoChiude();
     void titoloConSegni();
     void nonCopreLeRighe();
+    void minimoEMassimoRestanoInVista();
     void gliImportiGrandiSiVedonoInteri();
     void ancheAllaSecondaAperturaSiArrivaAlMassimo_data();
     void ancheAllaSecondaAperturaSiArrivaAlMassimo();
@@ -252,6 +253,34 @@ void TestModOno::nonCopreLeRighe()
         const QWidget* Altro = Controllo(F, Nome);
         QVERIFY(!Suo.intersects(QRect(Altro->mapTo(F, QPoint()), Altro->size())));
     }
+}
+
+/// At the size that a note opens with, and the columns come back to their widths behind it.
+void TestModOno::minimoEMassimoRestanoInVista()
+{
+    F->resize(845, 555);
+    F->RefreshGrid();
+    Righe->Pie(OnoMin, u"22.010,00"_s);
+    Respiro();
+    const QString Prima = Righe->Larghezze();
+    Apri(0);
+    Respiro();
+    const QTableView* Vista = Righe->Vista();
+    QCOMPARE(Vista->horizontalScrollBar()->maximum(), 0);
+    QVERIFY(Vista->columnViewportPosition(OnoMax) + Vista->columnWidth(OnoMax) <= Vista->viewport()->width());
+    QVERIFY(Vista->columnWidth(OnoMax) > Vista->fontMetrics().horizontalAdvance(u"1.920,00"_s));
+    QFont Grassetto = Righe->font();
+    Grassetto.setBold(true);
+    for (const int Colonna : {OnoImporto, OnoMedio, OnoMin, OnoMax}) {
+        const int Totale = QFontMetrics(Grassetto).horizontalAdvance(Righe->TestoPie(Colonna));
+        QVERIFY(Totale > 0);
+        QVERIFY2(Vista->columnWidth(Colonna) > Totale + 8, qPrintable(Righe->TestoPie(Colonna)));
+    }
+    QVERIFY(!Righe->ColonneMosse());
+    Premi(Qt::Key_Escape);
+    Respiro();
+    QVERIFY(!Pannello()->isVisible());
+    QCOMPARE(Righe->Larghezze(), Prima);
 }
 
 void TestModOno::gliImportiGrandiSiVedonoInteri()
