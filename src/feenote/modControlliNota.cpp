@@ -187,6 +187,8 @@ void RaccoltaRilievi::Numerazione()
         if (ENotaDiCredito(Nota))
             Avvisa(CartaDiFattura, LuogoRilievo::FatturaXml,
                    u"La nota di credito si stampa col titolo «Fattura»"_s);
+        if (CitataAltrove(Nota))
+            Avvisa(CitataIgnota, LuogoRilievo::FatturaXml, FraseCitataAltrove.toString());
         if (Scritta.isEmpty())
             Segnala(DataMancante, LuogoRilievo::DataFattura, u"La fattura è senza data"_s);
         else if (!DataFattura)

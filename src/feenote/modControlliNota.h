@@ -31,6 +31,7 @@ enum class GenereRilievo {
     AccontiEccedenti,  ///< more was paid than is charged
     AccontiDopo,       ///< the invoice has gone out before payments that its paper takes away
     CartaDiFattura,    ///< a credit note, whose paper is headed as an invoice
+    CitataIgnota,      ///< it cites an invoice that is none of the note's
     AliquotaDiversa,   ///< not the rate in force
     AliquotaMancante,  ///< ticked, without a percentage
 };

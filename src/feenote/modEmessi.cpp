@@ -129,9 +129,16 @@ std::optional<NumeroEmesso> ForseScartato(const Parcella& Nota)
 void PrendiIlPosto(Parcella& Nota)
 {
     StatoTenuto& Tenuto = Nota.Stato;
+    Tenuto.AlSuoPosto = true;
     if (UscitoAccanto(Nota)) {
-        if (!Tenuto.Emessi.isEmpty())
-            Tenuto.Emessi.removeLast();
+        if (Tenuto.Emessi.isEmpty() || !Tenuto.Importi)
+            return;
+        // What the former had taken away is what it takes away; the rest is paid of it.
+        const ImportiDocumento Suoi = Tenuto.Emessi.takeLast().Importi;
+        Tenuto.Importi->AccCorrispettivi = Suoi.AccCorrispettivi;
+        Tenuto.Importi->AccSpeseImp = Suoi.AccSpeseImp;
+        Tenuto.Importi->AccSpeseEsenti = Suoi.AccSpeseEsenti;
+        Tenuto.Importi->DelSocio = Suoi.DelSocio;
         return;
     }
     const NumeroEmesso Ora = NumeroInMano(Nota);

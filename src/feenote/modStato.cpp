@@ -10,6 +10,7 @@
 #include "platform/system/orologio.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -291,6 +292,7 @@ void TieniEmesso(Parcella& Nota, bool Storno)
             Uno.Dal = Tenuto.Dal();
         }
     }
+    Tenuto.PagataPrima = AMano && Storno;
     if (Tenuto.Stato == StatoNota::Pagata && !Storno) {
         Tenuto.Stato = StatoNota::Fatturata;
         Tenuto.Prima.reset();
@@ -315,8 +317,9 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
     const bool Storno = ENotaDiCredito(Nota) && TipoDi(Tipo).EFattura;
     const bool Altro = Numerata && EAltroDocumento(Nota, Storno);
     // A copy of what was paid already would ask for nothing.
-    const bool Copia =
-        Tenuto.Stato == StatoNota::Pagata && Nuovo == Presente && !ENotaDiCredito(Nota) && !Altro;
+    const bool AlSuoPosto = std::exchange(Tenuto.AlSuoPosto, false);
+    const bool Copia = Tenuto.Stato == StatoNota::Pagata && Nuovo == Presente && !ENotaDiCredito(Nota) &&
+                       !Altro && !AlSuoPosto;
     if (Nuovo >= Presente && !Copia) {
         if (Nuovo > Presente && GiornoDi(Tenuto, Verso).isEmpty())
             GiornoDi(Tenuto, Verso) = Giorno();
@@ -344,6 +347,11 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
         TieniSocio(Nota);
         Tenuto.Importi = Importi(Dati, ConScissione(Nota, Tipo));
         Tenuto.Importi->DelSocio = DelSocio;
+        if (AlSuoPosto && Tenuto.Stato == StatoNota::Pagata && Tenuto.Prima && !CoperturaDi(Nota).Coperta) {
+            Tenuto.Stato = StatoNota::Fatturata;
+            Tenuto.Prima.reset();
+            GiornoDi(Tenuto, StatoNota::Pagata).clear();
+        }
         // Where nothing is left of the next invoice either, payments have paid all of them.
         if (Altro && Era.Stato == StatoNota::Pagata && Tenuto.Stato != Era.Stato && Era.Prima &&
             CoperturaDi(Nota).Coperta) {
@@ -440,10 +448,11 @@ bool ScegliStato(Parcella& Nota, StatoNota Scelto)
     if (Scelto == StatoNota::Ignoto || Scelto == Tenuto.Stato)
         return false;
     const StatoTenuto Era = Tenuto;
-    // The invoice that was called paid before its credit note was not paid either.
-    if (Tenuto.Stato == StatoNota::Pagata && !Tenuto.Prima && Tenuto.Storno)
-        if (const qsizetype Ripresa = FattureStornate(Tenuto).last(); Ripresa >= 0)
-            Tenuto.Emessi[Ripresa].AMano = 0.0;
+    // What that very word had called paid before the credit note was not paid either.
+    if (std::exchange(Tenuto.PagataPrima, false))
+        for (DocumentoEmesso& Uno : Tenuto.Emessi)
+            if (Uno.Dal == GiornoDi(Tenuto, StatoNota::Pagata))
+                Uno.AMano = 0.0;
     Tenuto.Stato = Scelto;
     Tenuto.Prima.reset();
     if (!ETipoStampa(Tenuto.Documento))

@@ -63,7 +63,8 @@ QString Firma(const QString& Numero, const QString& Data)
     const auto Giorno = LeggiData(Data);
     if (!Giorno || Numero.trimmed().isEmpty())
         return {};
-    return NumeroSenzaAnno(Numero, *Giorno) + u'|' + Giorno->toString(Qt::ISODate);
+    constexpr qsizetype Basta = 50;  // a list cuts what is longer, and the exchange system takes twenty
+    return NumeroSenzaAnno(Numero.trimmed().left(Basta), *Giorno) + u'|' + Giorno->toString(Qt::ISODate);
 }
 
 /// The documents of this file that have gone out and count, the oldest first; credit notes before the last
@@ -74,7 +75,11 @@ QList<DocumentoEmesso> Usciti(const StatoTenuto& Tenuto)
         return {};
     QList<DocumentoEmesso> Tutti = Tenuto.Emessi;
     if (!Tenuto.Storno && Tenuto.Emessa && Tenuto.Stato >= StatoNota::Fatturata)
-        Tutti.append({Tenuto.Documento, false, Tenuto.ConSocio, Tenuto.Numero, Tenuto.Data, *Tenuto.Importi});
+        Tutti.append({.Documento = Tenuto.Documento,
+                      .ConSocio = Tenuto.ConSocio,
+                      .Numero = Tenuto.Numero,
+                      .Data = Tenuto.Data,
+                      .Importi = *Tenuto.Importi});
     return Tutti;
 }
 
@@ -194,6 +199,10 @@ qsizetype FatturaStornata(const QList<DocumentoEmesso>& Usciti, qsizetype Storno
         for (qsizetype i = 0; i < Storno; ++i)
             if (!Usciti[i].Storno && Firma(Usciti[i].Numero, Usciti[i].Data) == Citata)
                 return i;
+        // It may be one of which the file can no longer be read.
+        for (qsizetype i = Storno - 1; i >= 0; --i)
+            if (!Usciti[i].Storno && Usciti[i].Numero.isEmpty())
+                return i;
         return -1;
     }
     qsizetype Posto = Storno - 1;
@@ -216,6 +225,15 @@ QList<qsizetype> FattureStornate(const StatoTenuto& Tenuto)
     return Posti;
 }
 
+bool CitataAltrove(const Parcella& Nota)
+{
+    if (!ENotaDiCredito(Nota) || Nota.Stato.Emessi.size() >= MassimiEmessi)
+        return false;
+    const QList<DocumentoEmesso> Fra = Usciti(Nota.Stato);
+    return std::ranges::count(Fra, false, &DocumentoEmesso::Storno) > 0 &&
+           FatturaStornata(Fra + QList{Credito(Nota.FatturaXml)}, Fra.size()) < 0;
+}
+
 AccontiDetratti AccontiDelDocumento(const Parcella& Nota, int Tipo)
 {
     const TipoDocumento& Documento = TipoDi(Tipo);
@@ -225,6 +243,8 @@ AccontiDetratti AccontiDelDocumento(const Parcella& Nota, int Tipo)
     const AccontiDetratti Tutti = Elencati(Nota);
     if (!Documento.EFattura || !ENotaDiCredito(Nota))
         return Tutti;
+    if (CitataAltrove(Nota))
+        return {};  // those that are listed are of its own invoices
     const auto Volute = DetrattiDallaFattura(Nota);
     return Volute ? ConSomme(Tutti, *Volute) : Tutti;
 }

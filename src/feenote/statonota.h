@@ -76,7 +76,7 @@ struct DocumentoEmesso
     bool ConSocio = false;  ///< of this note and of the associated one
     QString Numero;
     QString Data;  ///< dd/mm/yyyy, empty where it is not known
-    ImportiDocumento Importi;
+    ImportiDocumento Importi = {};
     /// What of an invoice the user has called paid, euro, beside what its payments had paid by then. What is
     /// paid later pays the next one.
     double AMano = 0.0;
@@ -111,6 +111,10 @@ struct StatoTenuto
     /// The two before they were put right; not in the file. Letters that lead to the number of an earlier
     /// invoice put nothing right.
     QString NumeroPrima, DataPrima;
+    /// Not in the file: it stands in the place of one that was discarded, and is to have figures of its own.
+    bool AlSuoPosto = false;
+    /// Not said behind its credit note, but before: that the invoice which it takes back is paid.
+    bool PagataPrima = false;
     /// The figures of that document: a note that is worked on afterwards is owed what was asked for.
     std::optional<ImportiDocumento> Importi;
     /// What has gone out before it and stands, the oldest first: an invoice that was taken back, its credit

@@ -5,6 +5,7 @@
 #include "feenote/file/modLettura.h"
 #include "feenote/modAcconti.h"
 #include "feenote/modStato.h"
+#include "feenote/modStorno.h"
 #include "platform/system/file.h"
 #include "supporto/registratore.h"
 
@@ -22,6 +23,7 @@ private Q_SLOTS:
     void unaSommaSola();
     void primaLaCarta();
     void dueFatture();
+    void citataSbagliata();
     void importiCheNonSiLeggono_data();
     void importiCheNonSiLeggono();
 };
@@ -159,6 +161,27 @@ void TestCliStorno::dueFatture()
     for (const QString& Riga : Righe)
         Dette += Riga.section(u'|', 4, 4) + u' ' + Riga.section(u'|', 13, 13);
     QCOMPARE(Dette, (QStringList{u"7 1459,12"_s, u"30 951,60"_s}));
+}
+
+/// A mistyped citation takes none of the payments away, and is told.
+void TestCliStorno::citataSbagliata()
+{
+    const Ufficio Qui;
+    sessione::ArchivioCliCon = Qui.Archivio;
+    const QString File = Qui.Nota();
+    QCOMPARE(Qui.Fattura(File, Qui.Cartella + u"ITRSSMRA80A01H501U_00001.xml"_s).Guasti, QString());
+    Riscrivi(File, [&](Parcella& Nota) {
+        Paga(Nota, 400);
+        Nota.FatturaXml.Tipo = u"TD04"_s;
+        Nota.FatturaXml.CitataNumero = u"21"_s;
+        Nota.FatturaXml.CitataData = u"15/01/2026"_s;
+        Nota.txtDatiPar[DatoNumFatt] = u"8"_s;
+        Nota.txtDatiPar[DatoDataFatt] = u"20/01/2026"_s;
+    });
+    const QString Xml = Qui.Cartella + u"ITRSSMRA80A01H501U_00002.xml"_s;
+    const Esito Credito = Qui.Fattura(File, Xml);
+    QVERIFY2(Credito.Guasti.contains(FraseCitataAltrove), qPrintable(Credito.Guasti));
+    QCOMPARE(Trovato(QString::fromUtf8(LeggiFile(Xml)), u"<ImportoTotaleDocumento>([^<]+)"_s), u"1459.12"_s);
 }
 
 void TestCliStorno::importiCheNonSiLeggono_data()

@@ -61,8 +61,9 @@ void TogliRestiDiImportazioni(const QString& Archivio);
 /// @throws Errore as OpenDatabase when the archive cannot be read and only it could say which copy that is
 [[nodiscard]] std::optional<ImportazioneFatta> UltimaImportazione(const QString& Archivio);
 
-/// Puts the archive back as it was, byte for byte; the copy is used up. The keys of the names that go are kept
-/// beside it (see TrattieniAccanto). Whoever has the archive open opens it anew. Nobody imports into the archive or writes to it meanwhile.
+/// Puts the archive back as it was, byte for byte; the copy is used up. The keys of the names that go are
+/// kept beside it (see TrattieniAccanto). Whoever has the archive open opens it anew. Nobody imports into the
+/// archive or writes to it meanwhile.
 /// @throws Errore NumeroFileRifiutato when the archive is not as the import has left it, or the copy not as
 /// it was taken, or another program imports into it; 3260 when somebody writes to it, and as OpenDatabase
 /// when it cannot be read: all stays

@@ -279,12 +279,15 @@ Composizione ComponiDellaNota(const Parcella& Nota, const QString& Progressivo, 
 
 namespace {
 
-/// The invoice before the last one of the note that its credit note in hand cites.
+/// The invoice of the note that its credit note in hand cites.
 std::optional<NumeroEmesso> FatturaCitata(const Parcella& Nota)
 {
     const auto Giorno = LeggiData(Nota.FatturaXml.CitataData);
     const NumeroEmesso Citata{Nota.FatturaXml.CitataNumero.simplified(),
                               Giorno ? Format(*Giorno, u"dd/mm/yyyy") : QString()};
+    if (const NumeroEmesso Ultima{Nota.Stato.Numero, Nota.Stato.Data};
+        !Nota.Stato.Storno && !Ultima.Numero.isEmpty() && Ultima == Citata)
+        return Ultima;
     for (const DocumentoEmesso& Uno : Nota.Stato.Emessi)
         if (const NumeroEmesso Sua{Uno.Numero, Uno.Data};
             !Uno.Storno && !Uno.Numero.isEmpty() && Sua == Citata)

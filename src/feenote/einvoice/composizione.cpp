@@ -317,6 +317,8 @@ private:
         Fattura.Totale = Conti.Totale;
         if (CatenaFiscale(Nota, Scelta.Documento).Totale != Conti.Totale)
             Note.Avvisa(CampoFattura::NotaAcconti, FraseAccontiDopo(Nota, Scelta.Documento, Conti.Totale));
+        if (CitataAltrove(Nota))
+            Note.Avvisa(CampoFattura::SceltaCollegata, FraseCitataAltrove.toString() + u'.');
         ComponiRiepiloghi();
         AvvisaRitenuta();
     }

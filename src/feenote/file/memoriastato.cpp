@@ -4,6 +4,7 @@
 
 #include <QDate>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -19,6 +20,7 @@ const QString VoceStorno = u"Stato.Storno"_s;
 const QString VoceImporti = u"Stato.Importi"_s;
 const QString VoceFattura = u"Stato.Fattura"_s;
 const QString VoceConFile = u"Stato.ConFile"_s;
+const QString VocePagataPrima = u"Stato.PagataPrima"_s;
 const QString VoceConSocio = u"Stato.ConSocio"_s;
 const QString VoceSocio = u"Stato.Socio"_s;
 const std::array VociEmessi{u"Stato.Emesso.1"_s, u"Stato.Emesso.2"_s, u"Stato.Emesso.3"_s,
@@ -32,6 +34,10 @@ static_assert(VociCitate.size() == VociEmessi.size());
 const std::array VociDal{u"Stato.Dal.Emesso.1"_s, u"Stato.Dal.Emesso.2"_s, u"Stato.Dal.Emesso.3"_s,
                          u"Stato.Dal.Emesso.4"_s};
 static_assert(VociDal.size() == VociEmessi.size());
+/// What is left of one that the user has called paid: its entry has his word there.
+const std::array VociResto{u"Stato.Resto.Emesso.1"_s, u"Stato.Resto.Emesso.2"_s, u"Stato.Resto.Emesso.3"_s,
+                           u"Stato.Resto.Emesso.4"_s};
+static_assert(VociResto.size() == VociEmessi.size());
 const std::array VociConFile{u"Stato.ConFile.Emesso.1"_s, u"Stato.ConFile.Emesso.2"_s,
                              u"Stato.ConFile.Emesso.3"_s, u"Stato.ConFile.Emesso.4"_s};
 static_assert(VociConFile.size() == VociEmessi.size());
@@ -236,6 +242,8 @@ QList<EmessoLetto> LeggiEmessi(const MemoriaFile& Memoria, double Massimo)
             LeggiFattura(Memoria.value(VociCitate[i]), Che.CitataNumero, Che.CitataData);
             Che.Dal = GiornoBuono(Memoria.value(VociDal[i]));
             Che.ConFile = Memoria.value(VociConFile[i]) == u"1";
+            if (Che.AMano > 0)
+                Letti.last().Resto = std::clamp(Memoria.value(VociResto[i]).toDouble(), 0.0, Massimo);
         }
     return Letti;
 }
@@ -267,7 +275,7 @@ const QStringList& VociStatoLetto()
     static const QStringList Voci = [] {
         QStringList Tutte{VoceStato,    VoceDocumento,    VoceStorno,     VoceImporti, VoceNumero, VoceData,
                           VoceScadenza, VoceCitataNumero, VoceCitataData, VoceFattura, VoceCitata};
-        for (const auto& DegliEmessi : {VociEmessi, VociCitate, VociDal})
+        for (const auto& DegliEmessi : {VociEmessi, VociCitate, VociDal, VociResto})
             for (const QString& Voce : DegliEmessi)
                 Tutte += Voce;
         for (const StatoNota Stato : StatiNota)
@@ -331,11 +339,14 @@ void ScriviStato(const Parcella& Nota, MemoriaFile& Memoria)
         Metti(VociEmessi[size_t(i)], Vuota ? QString() : Scritto(Uno, Resti.value(i)));
         Metti(VociCitate[size_t(i)], Scritta(Uno.CitataNumero, Uno.CitataData));
         Metti(VociDal[size_t(i)], Uno.Dal);
+        const bool AMano = Uno.AMano > 0 && Uno.Guasto.isEmpty() && Resti.value(i) > 0;
+        Metti(VociResto[size_t(i)], AMano ? QString::number(Resti.value(i), 'f', 2) : QString());
         Metti(VociConFile[size_t(i)], Uno.ConFile ? u"1"_s : QString());
     }
     const std::optional<SocioTenuto> Socio = SocioDellaNota(Nota);
     const std::optional<AccontiTenuti> Detti = Tenuto.Importi ? Tenuto.Importi->DelSocio : std::nullopt;
     Metti(VoceConFile, Tenuto.ConFile ? u"1"_s : QString());
+    Metti(VocePagataPrima, Tenuto.PagataPrima ? u"1"_s : QString());
     Metti(VoceConSocio, Tenuto.ConSocio ? MarcaSocio(true, Detti) : QString());
     Metti(VoceSocio, Socio ? Scritto(*Socio) : QString());
 }
@@ -360,6 +371,7 @@ void LeggiStato(Parcella& Nota, const MemoriaFile& Memoria)
         LeggiFattura(Memoria.value(VoceCitata), Tenuto.CitataNumero, Tenuto.CitataData);
         const QString Marca = Memoria.value(VoceConSocio);
         Tenuto.ConFile = Memoria.value(VoceConFile) == u"1";
+        Tenuto.PagataPrima = Memoria.value(VocePagataPrima) == u"1";
         Tenuto.ConSocio = EConSocio(Marca);
         Tenuto.Importi->DelSocio = LeggiDetti(Marca);
         for (EmessoLetto& Letto : LeggiEmessi(Memoria, MassimoImporto))
@@ -381,7 +393,7 @@ void LeggiStato(Parcella& Nota, const MemoriaFile& Memoria)
 const QStringList& VociDiStato()
 {
     static const QStringList Voci = [] {
-        QStringList Tutte{VocePrima, VoceEmessa, VoceConFile, VoceConSocio, VoceSocio};
+        QStringList Tutte{VocePrima, VoceEmessa, VoceConFile, VoceConSocio, VocePagataPrima, VoceSocio};
         for (const QString& Voce : VociConFile)
             Tutte += Voce;
         for (const QString& Nome : VociStatoLetto())

@@ -27,8 +27,8 @@ inline constexpr QStringView StessaParcella = u"La parcella non può essere asso
 /// @throws Errore as LeggiMulti
 bool AssociaMulti(Parcella& Nota, const QString& Percorso, const Parcella* Aperta = nullptr);
 
-/// Says of an association that was just read how many amounts of the other note cannot be read, if any: nobody
-/// may take such a 0 for what was written there.
+/// Says of an association that was just read how many amounts of the other note cannot be read, if any:
+/// nobody may take such a 0 for what was written there.
 void AvvisaIlleggibiliMulti(const Parcella& Nota);
 
 /// Takes the association away. The options stay as they are.

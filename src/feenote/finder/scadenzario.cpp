@@ -134,8 +134,7 @@ VoceTrova VoceDi(const VoceTrova& Nota, const EmessoLetto& Emesso)
     Stato.Documento = Emesso.Che.Documento;
     Stato.Storno = Emesso.Che.Storno;
     Stato.Importi = Emesso.Importi ? std::optional(Emesso.Che.Importi) : std::nullopt;
-    // What the user has called paid is all that was not taken back before.
-    Stato.Resto = Emesso.Che.AMano > 0 ? Emesso.Che.Importi.Netto - Emesso.Che.AMano : Emesso.Resto;
+    Stato.Resto = Emesso.Resto;
     Stato.FatturaNumero.clear();
     Stato.FatturaData.clear();
     Voce.Dati.NumFatt = Emesso.Che.Numero;
@@ -159,15 +158,11 @@ const VoceTrova* StornataQui(const std::vector<const VoceTrova*>& Documenti, siz
          ++i) {
         const DatiNota& Dati = Documenti[i]->Dati;
         const auto [Numero, Data] = NumeroDi(Dati);
-        Usciti.append({-1,
-                       EStorno(Dati.Stato),
-                       false,
-                       Numero,
-                       Data,
-                       {},
-                       {},
-                       Dati.Stato.CitataNumero,
-                       Dati.Stato.CitataData});
+        Usciti.append({.Storno = EStorno(Dati.Stato),
+                       .Numero = Numero,
+                       .Data = Data,
+                       .CitataNumero = Dati.Stato.CitataNumero,
+                       .CitataData = Dati.Stato.CitataData});
     }
     const qsizetype Posto = FatturaStornata(Usciti, qsizetype(Storno - Primo));
     return Posto < 0 ? nullptr : Documenti[Primo + size_t(Posto)];

@@ -361,6 +361,13 @@ void TestAdattatori::notaDiCreditoDiUnaDiPrima()
     QCOMPARE(Nota.DatiPar(DatoNumFatt), u"12"_s);
     QCOMPARE(Nota.DatiPar(DatoDataFatt), u"09/11/2026"_s);
     QCOMPARE(Nota.FatturaXml.CitataNumero, QString());
+    // Whichever file was written last.
+    SegnaFatturaScritta(Nota, u"di nuovo.xml"_s, u"31"_s);
+    Nota.txtDatiPar[DatoNumFatt] = u"30"_s;
+    QVERIFY(CambiaTipoFattura(Nota, u"TD04"_s));
+    QCOMPARE(Nota.FatturaXml.CitataNumero, u"30/2026"_s);
+    QVERIFY(CambiaTipoFattura(Nota, QString()));
+    QCOMPARE(Nota.DatiPar(DatoNumFatt), u"30"_s);
 }
 
 #include "TestAdattatori.moc"

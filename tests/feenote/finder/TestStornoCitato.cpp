@@ -90,6 +90,8 @@ private Q_SLOTS:
     void iGiorni();
     void ilGiornoDiChiLaDicePagata();
     void nessunoHaPagatoLaStornata();
+    void citataAltrove();
+    void pagataDaiDue();
 
 private:
     Parcella Nota;
@@ -193,6 +195,27 @@ void TestStornoCitato::nessunoHaPagatoLaStornata()
     Cita(Nota, {}, {});
     Emetti(Nota, 18);
     QVERIFY(Tabella(Letta(Nota)).contains(u"Fattura analitica|16|1459,12|1313,21|0,00"_s));
+}
+
+/// The cited invoice stands in another file, which is not in the list, or nowhere: this one's stays open.
+void TestStornoCitato::citataAltrove()
+{
+    Emetti(Nota, 12);
+    Cita(Nota, u"7"_s, u"9/11/2026"_s);
+    Emetti(Nota, 13, true);
+    QCOMPARE(Tabella(Letta(Nota)), (QStringList{u"Fattura analitica|12|1459,12|0,00|1459,12"_s,
+                                                u"Nota di credito della fattura 7|13||0,00|0,00"_s}));
+    QCOMPARE(ApertoDi(Letta(Nota)), std::optional(1459.12));
+}
+
+/// A part by payments, the rest by the user's word, then it was taken back: all of it had been paid.
+void TestStornoCitato::pagataDaiDue()
+{
+    Emetti(Nota, 12);
+    Nota.xAcconti(NuovoAcconto(Nota), AccCorrispettivi) = 400.0;
+    (void)ScegliStato(Nota, StatoNota::Pagata);
+    Emetti(Nota, 13, true);
+    QCOMPARE(Tabella(Letta(Nota))[0], u"Fattura analitica|12|1459,12|1459,12|0,00"_s);
 }
 
 #include "TestStornoCitato.moc"

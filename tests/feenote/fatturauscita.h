@@ -1,0 +1,49 @@
+// What the tests of an invoice that has gone out share: a payment, a number, the sheet, the file.
+#pragma once
+
+#include "nota_prova.h"
+#include "notadamille.h"
+
+#include "feenote/modAcconti.h"
+#include "feenote/modEmessi.h"
+#include "feenote/modFatturaXml.h"
+#include "feenote/modStato.h"
+#include "feenote/modStorno.h"
+
+class BancoFatturaUscita
+{
+protected:
+    static constexpr double Intero = 1459.12;
+    static constexpr double Meno400 = 951.60;  // 750,00 with fund and VAT
+
+    static void Paga(Parcella& Nota, double Compensi)
+    {
+        Nota.xAcconti(NuovoAcconto(Nota), AccCorrispettivi) = Compensi;
+    }
+
+    static void Numera(Parcella& Nota, const QString& Numero)
+    {
+        Nota.txtDatiPar[DatoNumFatt] = Numero;
+        Nota.txtDatiPar[DatoDataFatt] = QStringLiteral("9/11/2026");
+    }
+
+    static void Stampa(Parcella& Nota) { (void)NotaInviata(Nota, StampaFatturaAnalitica); }
+
+    static void ScriviFile(Parcella& Nota)
+    {
+        SegnaFatturaScritta(Nota, QStringLiteral("IT1.xml"), QStringLiteral("1"));
+    }
+
+    static QString Numeri(const Parcella& Nota)
+    {
+        QStringList Tutti;
+        for (const DocumentoEmesso& Uno : Nota.Stato.Emessi)
+            Tutti += Uno.Numero;
+        return Tutti.join(u' ') + QStringLiteral(" | ") + Nota.Stato.Numero;
+    }
+
+    static double Totale(const Parcella& Nota)
+    {
+        return CatenaFiscale(RaccogliFattura(Nota, StampaFatturaAnalitica)).Totale;
+    }
+};
