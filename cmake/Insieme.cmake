@@ -1,6 +1,10 @@
 # Writes a source that includes some classes of tests, each in a namespace of its own: two files may call their helpers
 # alike. Their headers come first, outside of it.
 #
+# The seven classes of prove_addressbook take 6.2 s of the processor one by one and 2.8 s together (GCC 12, without
+# optimisation, headers compiled before). CMake's own UNITY_BUILD puts sources together without a namespace: helpers
+# called alike in two classes would have to be named anew, or each by the macro of UNITY_BUILD_UNIQUE_ID.
+#
 #   cmake -DFONTI=<a;b> -DRADICE=<folder that paths begin at> -DFILE=<source> -P Insieme.cmake
 include(${CMAKE_CURRENT_LIST_DIR}/FuoriDaInsieme.cmake)
 

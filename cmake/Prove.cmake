@@ -13,7 +13,8 @@ function(moc_prima_di Programma Unita)
 endfunction()
 
 # moc_classi(<program> <classes>...): the meta-object compiler looks at a class of tests alone, not at the headers that
-# it includes, as CMake's own way has it do: nothing of them is asked, and to read them is fifty times the work.
+# it includes, as AUTOMOC has it do: nothing of them is asked, and to read them is fifty times the work (the seven
+# classes of prove_addressbook: 0.50 s against 0.01 s).
 # So it knows no names of the preprocessor, and no slot may stand behind a condition: TestArchitettura holds them to it.
 function(moc_classi Programma)
     set(Cartella ${CMAKE_CURRENT_BINARY_DIR}/moc/${Programma})
