@@ -1,5 +1,6 @@
 #include "feenote/finder/finder_prova.h"
 #include "feenote/finder/modGestione.h"
+#include "platform/system/attese.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
@@ -233,7 +234,7 @@ void TestGestione::quelCheNonSiCancella()
     } else if (Come == u"guasta") {
         ScriviFile(File, "x");
     } else if (Come == u"bloccata") {
-        guasti::AttesaBlocchiMs = 50;
+        attese::BlocchiMs = 50;
         Altro = std::make_unique<AltroProgramma>(File);
     } else if (Come == u"cartella") {
         QVERIFY(QFile::setPermissions(CartellaFile(File), QFile::ReadOwner | QFile::ExeOwner));
@@ -254,7 +255,7 @@ void TestGestione::quelCheNonSiCancella()
     const int Numero = NumeroErrore([this] { (void)Cancella(); });
     Registratore::AlMostrare() = {};
     Altro.reset();
-    guasti::AttesaBlocchiMs = 3000;
+    attese::BlocchiMs = 3000;
     guasti::SupportoBloccato.clear();
     QFile::setPermissions(CartellaFile(File), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     guasti::FileTrattenuti.clear();

@@ -5,8 +5,8 @@
 #include "core/posti.h"
 #include "platform/base/numerierrore.h"
 #include "platform/database/database.h"
+#include "platform/system/attese.h"
 #include "platform/system/file.h"
-#include "platform/system/guasti.h"
 #include "supporto/altroprogramma.h"
 
 #include <QRegularExpression>
@@ -49,13 +49,13 @@ void TestTrovaDueProgrammi::init()
     Prepara();
     if (!Altro::Cartella().isEmpty())
         sessione::ParcellePath = Note = Altro::Cartella();
-    guasti::AttesaBlocchiMs = 100;
-    guasti::AttesaTurnoMs = 3000;
+    attese::BlocchiMs = 100;
+    attese::TurnoMs = 3000;
 }
 
 void TestTrovaDueProgrammi::cleanup()
 {
-    guasti::AttesaBlocchiMs = 3000;
+    attese::BlocchiMs = 3000;
     Sgombra();
 }
 
