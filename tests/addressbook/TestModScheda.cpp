@@ -4,7 +4,7 @@
 #include "addressbook/chiavi.h"
 #include "addressbook/modScheda.h"
 #include "platform/database/connessione.h"
-#include "platform/system/guasti.h"
+#include "platform/system/attese.h"
 #include "supporto/guasti.h"
 #include "supporto/registratore.h"
 
@@ -451,7 +451,7 @@ void TestModScheda::dueProgrammiDueChiavi()
 void TestModScheda::laChiaveDiUnSalvataggioFallito()
 {
     const QString File = NuovaCartella() + u"vecchio.mdb"_s;
-    const QScopedValueRollback Poco(guasti::AttesaBlocchiMs, 50);
+    const QScopedValueRollback Poco(attese::BlocchiMs, 50);
     const Database Vecchio = CreateDatabase(File);
     Vecchio.CreaTabella(u"clienti"_s, {CampoScheda(u"Id"_s, TipoCampo::Lungo),
                                        CampoScheda(u"Nominativo"_s, TipoCampo::Testo, 20)});

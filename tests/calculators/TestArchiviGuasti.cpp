@@ -8,8 +8,8 @@
 #include "calculators/modTassi.h"
 #include "core/sessione.h"
 #include "platform/base/regionale.h"
+#include "platform/system/attese.h"
 #include "platform/system/file.h"
-#include "platform/system/guasti.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 
@@ -64,7 +64,7 @@ PROVA(TestArchiviGuasti);
 
 void TestArchiviGuasti::cleanup()
 {
-    guasti::AttesaBlocchiMs = 3000;
+    attese::BlocchiMs = 3000;
     AzzeraSessione();
 }
 
@@ -119,7 +119,7 @@ void TestArchiviGuasti::bloccato()
         ArchivioConTassi(u"InteressiLegali"_s, {{QDate(2012, 1, 1), QDate(2013, 12, 31), 5.0}});
     const QString Altro = CartellaFile(File) + u"altro.dat"_s;
     std::filesystem::create_hard_link(File.toStdString(), Altro.toStdString());
-    guasti::AttesaBlocchiMs = 50;
+    attese::BlocchiMs = 50;
     {
         const Database Suo = OpenDatabase(Altro);
         Suo.Execute(u"BEGIN EXCLUSIVE"_s);

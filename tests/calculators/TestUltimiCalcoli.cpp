@@ -7,6 +7,7 @@
 #include "core/impostazioni.h"
 #include "core/parametri.h"
 #include "core/sessione.h"
+#include "platform/system/attese.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
@@ -142,7 +143,7 @@ void TestUltimiCalcoli::gliStessiNonNeCaccianoAltri()
 /// While another program changes the file nobody else does: what that one has read would be lost.
 void TestUltimiCalcoli::aTurno()
 {
-    const QScopedValueRollback Breve(guasti::AttesaTurnoMs, 50);
+    const QScopedValueRollback Breve(attese::TurnoMs, 50);
     RicordaCalcolo(Istat, Fatto(u"prima"_s));
     int Rifiuto = 0;
     ATurno(FileCalcoli(), u".~calcoli.json.lock"_s,

@@ -1,4 +1,5 @@
 #include "core/aperture.h"
+#include "platform/system/attese.h"
 #include "supporto/cartellaferma.h"
 #include "supporto/guasti.h"
 #include "supporto/prova.h"
@@ -322,7 +323,7 @@ void TestSessione::iModelliSuUnaReteMuta()
     const QString Modelli = Barra(Note + u"Modelli"_s);
     Salva(u"ParcellePath"_s, Note);
     constexpr int AttesaMs = 10000;
-    QScopedValueRollback Poco(guasti::AttesaCartellaMs, 50);
+    QScopedValueRollback Poco(attese::CartellaMs, 50);
     {
         const CartellaFerma Rete(Modelli);
         ImpostaVariabili();
@@ -330,7 +331,7 @@ void TestSessione::iModelliSuUnaReteMuta()
         QCOMPARE(sessione::ModelliPath, Modelli);
     }
     QVERIFY(AttendiLavoriAParte(AttesaMs));
-    guasti::AttesaCartellaMs = AttesaMs;
+    attese::CartellaMs = AttesaMs;
     ImpostaVariabili();
     QVERIFY2(sessione::ModelliPath == sessione::PercorsoProg, "it answers that there is none");
 }

@@ -9,8 +9,8 @@
 #include "feenote/finder/modGestione.h"
 #include "platform/base/errore.h"
 #include "platform/database/database.h"
+#include "platform/system/attese.h"
 #include "platform/system/file.h"
-#include "platform/system/guasti.h"
 #include "platform/system/messaggi.h"
 #include "supporto/prova.h"
 #include "supporto/scrittoreaccess.h"
@@ -41,8 +41,8 @@ int Svolgi(const std::function<void()>& Fai, const QString& Risposta)
     Voce.Immissione = [&](const QString&, const QString&, const QString&) { return Risposta; };
     InstallaMessaggi(std::move(Voce));
     // Nobody waits for a lock that a fault has made.
-    guasti::AttesaBlocchiMs = 100;
-    guasti::AttesaTurnoMs = 100;
+    attese::BlocchiMs = 100;
+    attese::TurnoMs = 100;
     try {
         Fai();
     } catch (...) {

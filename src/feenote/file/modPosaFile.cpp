@@ -6,10 +6,10 @@
 #include "platform/base/errore.h"
 #include "platform/database/database.h"
 #include "platform/database/giornale.h"
+#include "platform/system/attese.h"
 #include "platform/system/blocco.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
-#include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/sincrono.h"
 #include "platform/system/stessofile.h"
@@ -70,7 +70,7 @@ private:
             throw Errore(errori::Accesso);
         if (!CartellaScrivibile(Cartella))
             throw Errore(errori::Accesso);
-        switch (Turno.Prendi(guasti::AttesaTurnoMs)) {
+        switch (Turno.Prendi(attese::TurnoMs)) {
         case FileBlocco::Esito::Preso:
             return;
         case FileBlocco::Esito::Altrui:

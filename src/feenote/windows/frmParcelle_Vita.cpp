@@ -32,7 +32,7 @@
 #include "platform/grid/griglia.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
-#include "platform/system/guasti.h"
+#include "platform/system/attese.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
@@ -433,7 +433,7 @@ void frmParcelle::SetModificata(bool Valore)
         TimerCopia.stop();
         TogliCopia(Posto);
     } else if (!TimerCopia.isActive()) {
-        TimerCopia.start(int(std::max<qint64>(guasti::AttesaCopiaMs, DurataCopiaMs * PausaPerCopia)));
+        TimerCopia.start(int(std::max<qint64>(attese::CopiaMs, DurataCopiaMs * PausaPerCopia)));
     }
     AvvisaAssociate(*this);
 }
@@ -466,7 +466,7 @@ void frmParcelle::SpostaCopia()
 {
     TogliCopia(Posto);
     if (Nota.Modificata)
-        TimerCopia.start(guasti::AttesaCopiaMs);
+        TimerCopia.start(attese::CopiaMs);
 }
 
 void frmParcelle::CopiaInAttesa()

@@ -3,8 +3,8 @@
 #include "core/modInvii.h"
 #include "feenote/modLettera.h"
 #include "feenote/modNomiProposti.h"
+#include "platform/system/attese.h"
 #include "platform/system/esportato.h"
-#include "platform/system/guasti.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
@@ -98,7 +98,7 @@ void InviaDocumento(const Parcella& Nota, int Tipo,
     if (!Scritta.Escluso.isEmpty())
         MsgBox(Scritta.Escluso, vbOKOnly + vbInformation, TitoloAvvertenza.toString());
     if (ApriMessaggio({Scritta.Indirizzo, Scritta.Oggetto, Scritta.Testo, File}, AllaFine)) {
-        QTimer::singleShot(guasti::AttesaPostaMs, qApp, [Rispondi] { Rispondi(true); });
+        QTimer::singleShot(attese::PostaMs, qApp, [Rispondi] { Rispondi(true); });
     } else {
         Rispondi(false);
         OffriCartella(u"Il programma di posta non si è aperto."_s, File);

@@ -4,10 +4,10 @@
 #include "platform/base/errore.h"
 #include "platform/database/connessione.h"
 #include "platform/database/primariga.h"
+#include "platform/system/attese.h"
 #include "platform/system/blocco.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
-#include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
@@ -119,7 +119,7 @@ bool EInteraAlSuoTurno(const QString& Copia)
         return false;
     try {
         Connessione Propria(Copia, Connessione::Modo::Scrittura);
-        Propria.Esegui(u"PRAGMA busy_timeout=%1"_s.arg(guasti::AttesaBlocchiMs));
+        Propria.Esegui(u"PRAGMA busy_timeout=%1"_s.arg(attese::BlocchiMs));
         const Blocco Turno(Propria);
         return EIntera(Copia);
     } catch (const Errore& Guasto) {

@@ -3,6 +3,7 @@
 
 #include "platform/base/errore.h"
 #include "platform/database/primariga.h"
+#include "platform/system/attese.h"
 #include "platform/system/blocco.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
@@ -76,7 +77,7 @@ void RisanaSolaLettura(const QString& File)
     const QString Copia = Accanto + u".tmp"_s;
     FileBlocco Turno(Accanto + u".turno"_s);
     // Whoever has the turn mends it too.
-    if (Turno.Prendi(guasti::AttesaTurnoMs) != FileBlocco::Esito::Preso || !HaGiornale(File))
+    if (Turno.Prendi(attese::TurnoMs) != FileBlocco::Esito::Preso || !HaGiornale(File))
         return;
     try {
         (void)CopiaFile(File, Copia, Massimo, {}, Lettori::SoloUtente);
@@ -134,7 +135,7 @@ void ControllaFile(const QString& Percorso)
 
 void Connessione::Prepara()
 {
-    AttendiBlocchi(guasti::AttesaBlocchiMs);
+    AttendiBlocchi(attese::BlocchiMs);
     Esegui(u"PRAGMA cell_size_check=ON"_s);
     Esegui(u"PRAGMA temp_store=MEMORY"_s);
     Esegui(u"PRAGMA schema_version"_s);

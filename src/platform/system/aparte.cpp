@@ -1,5 +1,6 @@
 #include "platform/system/aparte.h"
 
+#include "platform/system/attese.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
@@ -57,7 +58,7 @@ std::optional<bool> EntroIlTempo(const QString& Cartella, const std::function<bo
         Avuta->Detto.notify_all();
     });
     std::unique_lock Mio(Avuta->Turno);
-    Avuta->Detto.wait_for(Mio, std::chrono::milliseconds(guasti::AttesaCartellaMs),
+    Avuta->Detto.wait_for(Mio, std::chrono::milliseconds(attese::CartellaMs),
                           [&] { return Avuta->Esiste.has_value(); });
     return Avuta->Esiste;
 }

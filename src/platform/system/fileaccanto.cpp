@@ -1,6 +1,7 @@
 #include "platform/system/fileaccanto.h"
 
 #include "platform/base/errore.h"
+#include "platform/system/attese.h"
 #include "platform/system/codici.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
@@ -122,7 +123,7 @@ bool Libera(const QByteArray& Nome)
         errno = Codice;
         if (!Scritto)
             return Libero;
-        if (Orologio.elapsed() >= guasti::AttesaTurnoMs)
+        if (Orologio.elapsed() >= attese::TurnoMs)
             throw Errore(errori::FileInUso);
         QThread::msleep(PassoMs);
     }

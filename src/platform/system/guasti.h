@@ -1,4 +1,4 @@
-// Failures and haste that tests ask for. The program itself changes none of these values.
+// Failures that tests ask for. The program itself changes none of these values; its waits are in attese.h.
 #pragma once
 
 #include <QString>
@@ -23,9 +23,6 @@ inline QString FileTrattenuti;
 /// a network that does not answer. It changes while nothing is listed.
 inline std::function<void(const QString& Cartella)> PrimaDiScorrere;
 
-/// How long the start waits for the answer whether a folder is there, in milliseconds.
-inline int AttesaCartellaMs = 2000;
-
 /// The system's code with which it refuses to give a file another name, as a disk that is full or fails; 0
 /// lifts it.
 inline int RinominaRifiutata = 0;
@@ -46,18 +43,5 @@ inline bool SenzaFileAnonimi = false;
 /// Every database opened or created from now on may grow to this many pages of 4096 bytes, as on a full disk;
 /// 0 lifts the limit.
 inline int LimitePagine = 0;
-
-/// How long the databases opened from now on wait for a lock of somebody else, in milliseconds.
-inline int AttesaBlocchiMs = 3000;
-
-/// How long a save waits for another program that saves under the same name, in milliseconds.
-inline int AttesaTurnoMs = 3000;
-
-/// How long a change of a note may wait for its recovery copy, in milliseconds.
-inline int AttesaCopiaMs = 2000;
-
-/// How long what opens a mail must stand for the mail to count as open: without a mail program it ends at
-/// once.
-inline int AttesaPostaMs = 10'000;
 
 }  // namespace guasti

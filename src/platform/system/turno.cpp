@@ -1,17 +1,17 @@
 #include "platform/system/turno.h"
 
 #include "platform/base/errore.h"
+#include "platform/system/attese.h"
 #include "platform/system/blocco.h"
-#include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 
 void ATurno(const QString& File, const QString& Blocco, const std::function<void()>& Fai)
 {
     FileBlocco Turno(CartellaFile(PercorsoNativo(File)) + Blocco);
-    FileBlocco::Esito Ora = Turno.Prendi(guasti::AttesaTurnoMs);
+    FileBlocco::Esito Ora = Turno.Prendi(attese::TurnoMs);
     // Nobody writes such a file for minutes.
     if (Ora == FileBlocco::Esito::Abbandonato && TogliBlocco(Turno.Percorso()))
-        Ora = Turno.Prendi(guasti::AttesaTurnoMs);
+        Ora = Turno.Prendi(attese::TurnoMs);
     switch (Ora) {
     case FileBlocco::Esito::Preso:
         break;

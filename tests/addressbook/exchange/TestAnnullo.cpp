@@ -5,6 +5,7 @@
 #include "addressbook/exchange/annullo.h"
 #include "platform/base/numerierrore.h"
 #include "platform/database/connessione.h"
+#include "platform/system/attese.h"
 #include "platform/system/guasti.h"
 #include "supporto/guasti.h"
 
@@ -76,7 +77,7 @@ void TestAnnullo::mentreUnAltroImporta()
 /// A card that is being saved is waited for, and kept.
 void TestAnnullo::mentreUnAltroScrive()
 {
-    const QScopedValueRollback Poco(guasti::AttesaBlocchiMs, 50);
+    const QScopedValueRollback Poco(attese::BlocchiMs, 50);
     const QByteArray Dopo = S->Byte();
     const auto Scheda = Altro();
     Scheda->Esegui(u"BEGIN IMMEDIATE"_s);
@@ -118,7 +119,7 @@ void TestAnnullo::unArchivioDiSolaLettura()
 /// One who reads it must wait; the user is not told that his work stands against it.
 void TestAnnullo::unArchivioBloccatoNonEModificato()
 {
-    const QScopedValueRollback Poco(guasti::AttesaBlocchiMs, 50);
+    const QScopedValueRollback Poco(attese::BlocchiMs, 50);
     const auto Scheda = Altro();
     Scheda->Esegui(u"BEGIN EXCLUSIVE"_s);
     QCOMPARE(Annullo(), errori::DatiBloccati);
@@ -148,7 +149,7 @@ void TestAnnullo::unArchivioBloccatoNonCostaLaCopia()
     for (const QString& Fine : {u""_s, u".json"_s})
         QVERIFY(QFile::rename(Copia + Fine + u".salvo"_s, Copia + Fine));
     {
-        const QScopedValueRollback Poco(guasti::AttesaBlocchiMs, 50);
+        const QScopedValueRollback Poco(attese::BlocchiMs, 50);
         const auto Scheda = Altro();
         Scheda->Esegui(u"BEGIN EXCLUSIVE"_s);
         QCOMPARE(NumeroErrore([&] { (void)UltimaImportazione(S->File); }), errori::DatiBloccati);

@@ -1,5 +1,6 @@
 // What is done with a row of the address book: card, deletion and its way back, choice.
 #include "bancocomandi.h"
+#include "platform/system/attese.h"
 
 #include <algorithm>
 
@@ -419,7 +420,7 @@ void TestComandiRubrica::dueProgrammi()
 
 void TestComandiRubrica::lArchivioBloccato()
 {
-    const QScopedValueRollback Breve(guasti::AttesaBlocchiMs, 30);
+    const QScopedValueRollback Breve(attese::BlocchiMs, 30);
     frmRubrica* F = A->Apri(A->DaNota());
     QVERIFY(F);
     Connessione AltroProgramma(A->File, Connessione::Modo::Scrittura);

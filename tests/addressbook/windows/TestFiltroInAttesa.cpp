@@ -4,7 +4,7 @@
 #include "addressbook/windows/frmScheda.h"
 #include "platform/base/numerierrore.h"
 #include "platform/database/connessione.h"
-#include "platform/system/guasti.h"
+#include "platform/system/attese.h"
 
 #include <QDialog>
 #include <QMenu>
@@ -264,7 +264,7 @@ void TestFiltroInAttesa::cancellatoPrimaDellaFine()
 
 void TestFiltroInAttesa::letturaFallita()
 {
-    const QScopedValueRollback Breve(guasti::AttesaBlocchiMs, 30);
+    const QScopedValueRollback Breve(attese::BlocchiMs, 30);
     const frmRubrica* F = A->Apri(A->DaNota());
     QVERIFY(F);
     InAttesa(F, u"f"_s);

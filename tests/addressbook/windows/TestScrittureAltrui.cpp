@@ -4,7 +4,7 @@
 #include "addressbook/windows/frmScheda.h"
 #include "platform/base/numerierrore.h"
 #include "platform/database/connessione.h"
-#include "platform/system/guasti.h"
+#include "platform/system/attese.h"
 
 #include <QScopedValueRollback>
 
@@ -139,7 +139,7 @@ void TestScrittureAltrui::laSceltaRilegge()
 /// The notes follow a row that was saved before the list is read again, which may fail.
 void TestScrittureAltrui::laNotaSaPerPrima()
 {
-    const QScopedValueRollback Breve(guasti::AttesaBlocchiMs, 30);
+    const QScopedValueRollback Breve(attese::BlocchiMs, 30);
     frmRubrica* F = A->Apri(A->DaNota());
     QVERIFY(F);
     Vaglio(F)->setText(u"rossi"_s);

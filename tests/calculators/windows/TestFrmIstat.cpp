@@ -4,8 +4,8 @@
 #include "calculators/windows/frmIstat.h"
 #include "calculators/windows/graficoindici.h"
 #include "platform/calendar/calendario.h"
+#include "platform/system/attese.h"
 #include "platform/system/file.h"
-#include "platform/system/guasti.h"
 
 #include <array>
 #include <filesystem>
@@ -359,7 +359,7 @@ void TestFrmIstat::archivioBloccato()
 {
     const QString Altro = sessione::UserFolder + u"altro.dat"_s;
     std::filesystem::create_hard_link(B->Tassi().toStdString(), Altro.toStdString());
-    guasti::AttesaBlocchiMs = 20;
+    attese::BlocchiMs = 20;
     Compila(u"1000"_s, u"01/01/2020"_s, u"01/01/2024"_s);
     {
         const Database Suo = OpenDatabase(Altro);

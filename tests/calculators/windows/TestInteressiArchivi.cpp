@@ -1,5 +1,6 @@
 // The window of interest and its archive of rates: too old, damaged, locked, without a rate.
 #include "interessi.h"
+#include "platform/system/attese.h"
 
 using namespace Qt::StringLiterals;
 
@@ -170,7 +171,7 @@ void TestInteressiArchivi::archivioBloccato()
 {
     const QString Altro = sessione::UserFolder + u"altro.dat"_s;
     std::filesystem::create_hard_link(B->Tassi().toStdString(), Altro.toStdString());
-    guasti::AttesaBlocchiMs = 20;
+    attese::BlocchiMs = 20;
     Compila(u"1000"_s, u"01/01/2012"_s, u"31/12/2012"_s);
     {
         const Database Suo = OpenDatabase(Altro);

@@ -9,6 +9,7 @@
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/mascheradata.h"
+#include "platform/system/attese.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/guasti.h"
 #include "platform/system/orologio.h"
@@ -72,7 +73,7 @@ public:
         InstallaShell(std::move(Precedente));
         InstallaOrologio({});
         InstallaUltimaRete({});
-        guasti::AttesaBlocchiMs = 3000;
+        attese::BlocchiMs = 3000;
         Aperture = {};
         AzzeraSessione();
     }

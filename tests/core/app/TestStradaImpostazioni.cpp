@@ -6,8 +6,8 @@
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
 #include "platform/grid/griglia.h"
+#include "platform/system/attese.h"
 #include "platform/system/file.h"
-#include "platform/system/guasti.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -74,7 +74,7 @@ void TestStradaImpostazioni::init()
 
 void TestStradaImpostazioni::cleanup()
 {
-    guasti::AttesaCopiaMs = 2000;
+    attese::CopiaMs = 2000;
     AzzeraFinestre();
     S.reset();
 }
@@ -183,7 +183,7 @@ void TestStradaImpostazioni::ilModelloSullaScrivania()
 void TestStradaImpostazioni::laCartellaUtenteSiPortaCopieETassi()
 {
     Registratore Box;
-    guasti::AttesaCopiaMs = 20;
+    attese::CopiaMs = 20;
     Main({});
     EseguiComando(u"new"_s, 0, {});
     Parcelle(1)->SetModificata(true);

@@ -6,7 +6,7 @@
 #include "core/desktop/recenti.h"
 #include "core/parametri.h"
 #include "core/posti.h"
-#include "platform/system/guasti.h"
+#include "platform/system/attese.h"
 #include "supporto/cartellaferma.h"
 
 #include <QLabel>
@@ -252,8 +252,8 @@ void TestUltimeParcelle::laCartellaMutaNonFerma()
 {
     Registratore Box;
     Scritta(u"a"_s);
-    const auto Prima = std::exchange(guasti::AttesaCartellaMs, 50);
-    const auto Torna = qScopeGuard([&] { guasti::AttesaCartellaMs = Prima; });
+    const auto Prima = std::exchange(attese::CartellaMs, 50);
+    const auto Torna = qScopeGuard([&] { attese::CartellaMs = Prima; });
     const CartellaFerma Muta(PercorsoNativo(Cartella));
     Apri();
     Box.Attendi(u"La cartella %1 non risponde: la parcella a non si può aprire adesso."_s.arg(

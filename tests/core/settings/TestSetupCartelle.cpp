@@ -1,4 +1,5 @@
 #include "core/settings/tavolosetup.h"
+#include "platform/system/attese.h"
 
 #include "core/settings/frmSfoglia.h"
 #include "platform/base/numerierrore.h"
@@ -194,7 +195,7 @@ void TestSetupCartelle::cartellaCheNonRisponde()
     const Registratore Box;
     const QString Ferma = NuovaCartella();
     T->Salva(u"ParcellePath"_s, Ferma);
-    const QScopedValueRollback Attesa(guasti::AttesaCartellaMs, 200);
+    const QScopedValueRollback Attesa(attese::CartellaMs, 200);
     const CartellaFerma Rete(Ferma);
     QElapsedTimer Orologio;
     Orologio.start();

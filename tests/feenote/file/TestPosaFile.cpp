@@ -6,6 +6,7 @@
 #include "feenote/file/improntanota.h"
 #include "feenote/file/modSalvataggio.h"
 #include "feenote/modStato.h"
+#include "platform/system/attese.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "supporto/guasti.h"
@@ -76,7 +77,7 @@ PROVA(TestPosaFile);
 
 void TestPosaFile::init()
 {
-    guasti::AttesaTurnoMs = 200;
+    attese::TurnoMs = 200;
     Cartella = NuovaCartella();
     File = Cartella + u"nota.mdb"_s;
     Prima = ::umask(0);
@@ -84,7 +85,7 @@ void TestPosaFile::init()
 
 void TestPosaFile::cleanup()
 {
-    guasti::AttesaTurnoMs = 3000;
+    attese::TurnoMs = 3000;
     guasti::LimitePagine = 0;
     ::umask(Prima);
 }
@@ -257,7 +258,7 @@ void TestPosaFile::unMortoNonSiAspetta()
 {
     const Studio Ufficio;
     const Registratore Messaggi;
-    guasti::AttesaTurnoMs = 20000;
+    attese::TurnoMs = 20000;
     for (const QString& Resto : {u".~nota.mdb.tmp"_s, u".~nota.mdb.tmp-journal"_s, u".~nota.mdb.turno"_s})
         ScriviFile(Cartella + Resto, DiUnMorto);
     ScriviFile(Cartella + u".~nota.mdb.turno.rmlock"_s, {});

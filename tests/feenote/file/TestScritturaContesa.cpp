@@ -1,8 +1,8 @@
 // A note's file that somebody else is writing too.
 #include "file_prova.h"
 
+#include "platform/system/attese.h"
 #include "platform/system/file.h"
-#include "platform/system/guasti.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -31,16 +31,16 @@ PROVA(TestScritturaContesa);
 
 void TestScritturaContesa::init()
 {
-    guasti::AttesaBlocchiMs = 50;
-    guasti::AttesaTurnoMs = 50;
+    attese::BlocchiMs = 50;
+    attese::TurnoMs = 50;
     Cartella = NuovaCartella();
     File = Cartella + u"nota.mdb"_s;
 }
 
 void TestScritturaContesa::cleanup()
 {
-    guasti::AttesaBlocchiMs = 3000;
-    guasti::AttesaTurnoMs = 3000;
+    attese::BlocchiMs = 3000;
+    attese::TurnoMs = 3000;
 }
 
 void TestScritturaContesa::ciSiDaIlTurno()

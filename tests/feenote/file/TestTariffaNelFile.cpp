@@ -7,8 +7,8 @@
 #include "feenote/file/modMultipla.h"
 #include "feenote/file/modRecupero.h"
 #include "platform/database/connessione.h"
+#include "platform/system/attese.h"
 #include "platform/system/file.h"
-#include "platform/system/guasti.h"
 
 #include <QDir>
 #include <QScopedValueRollback>
@@ -219,7 +219,7 @@ void TestTariffaNelFile::illeggibilePerUnMomento()
     const Studio Suo;
     const QString File = Salvata(Suo, NotaScritta());
     Registratore Voce;
-    const QScopedValueRollback Poco(guasti::AttesaBlocchiMs, 300);
+    const QScopedValueRollback Poco(attese::BlocchiMs, 300);
     Connessione AltroProgramma(File, Connessione::Modo::Scrittura);
     AltroProgramma.Esegui(u"BEGIN EXCLUSIVE"_s);
     std::jthread Rilascio([&AltroProgramma] {

@@ -4,8 +4,8 @@
 #include "core/posti.h"
 #include "platform/base/numerierrore.h"
 #include "platform/database/database.h"
+#include "platform/system/attese.h"
 #include "platform/system/file.h"
-#include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 #include "supporto/altroprogramma.h"
 
@@ -148,14 +148,14 @@ void TestDueProgrammi::init()
     T = std::make_unique<Tavolo>();
     if (!Altro::Cartella().isEmpty())
         sessione::UserFolder = Altro::Cartella();
-    guasti::AttesaBlocchiMs = 100;
-    guasti::AttesaTurnoMs = 100;
+    attese::BlocchiMs = 100;
+    attese::TurnoMs = 100;
 }
 
 void TestDueProgrammi::cleanup()
 {
-    guasti::AttesaBlocchiMs = 3000;
-    guasti::AttesaTurnoMs = 3000;
+    attese::BlocchiMs = 3000;
+    attese::TurnoMs = 3000;
     T.reset();
 }
 
@@ -353,7 +353,7 @@ void TestDueProgrammi::uccisoInUnMomentoQualsiasi()
 
     // What the dead program was building hinders no save, and goes with it; a turn that it had not signed yet
     // is waited for.
-    guasti::AttesaTurnoMs = 3000;
+    attese::TurnoMs = 3000;
     Parcella Nuova = NotaCivile();
     ScriviNota(FileNota(), Nuova);
     QCOMPARE(Nascosti(sessione::UserFolder), QStringList());

@@ -5,8 +5,8 @@
 
 #include "feenote/windows/inviodocumento.h"
 #include "platform/kit/shell_qt.h"
+#include "platform/system/attese.h"
 #include "platform/system/cartelle.h"
-#include "platform/system/guasti.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
@@ -162,7 +162,7 @@ void TestInvio::laNotaRisultaInviata()
     QFETCH(int, Tipo);
     QFETCH(QByteArray, Programma);
     QFETCH(QString, Stato);
-    const QScopedValueRollback Breve(guasti::AttesaPostaMs, 600);
+    const QScopedValueRollback Breve(attese::PostaMs, 600);
     Riempi(2);
     Documento(Tipo);
     F->SetModificata(false);
@@ -177,7 +177,7 @@ void TestInvio::laNotaRisultaInviata()
     QTRY_COMPARE(Bottone->text(), Stato);
     // One that has failed is not taken for one that stays open.
     if (!T->Voce.Mostrati().isEmpty() && !Programma.isEmpty())
-        QTest::qWait(guasti::AttesaPostaMs + 50);
+        QTest::qWait(attese::PostaMs + 50);
     QCOMPARE(Bottone->text(), Stato);
     QCOMPARE(F->Nota.Modificata, Stato != u"Stato: bozza");
 }
@@ -185,13 +185,13 @@ void TestInvio::laNotaRisultaInviata()
 /// The answer comes when the window may have another note, or ask something.
 void TestInvio::laRispostaTrovaUnAltraNota()
 {
-    const QScopedValueRollback Breve(guasti::AttesaPostaMs, 100);
+    const QScopedValueRollback Breve(attese::PostaMs, 100);
     Riempi(2);
     Documento(StampaPreventivo);
     Installa("exec /bin/sleep 1\n");
     InviaSubito();
     F->Nuova({});
-    QTest::qWait(3 * guasti::AttesaPostaMs);
+    QTest::qWait(3 * attese::PostaMs);
     QCOMPARE(F->Nota.Stato.Stato, StatoNota::Bozza);
     QVERIFY(!F->Nota.Modificata);
 }
@@ -199,7 +199,7 @@ void TestInvio::laRispostaTrovaUnAltraNota()
 /// What is written while the mail opens is not what was asked for.
 void TestInvio::inviatoEQuantoChiedevaIlPdf()
 {
-    const QScopedValueRollback Breve(guasti::AttesaPostaMs, 300);
+    const QScopedValueRollback Breve(attese::PostaMs, 300);
     Riempi(2);
     Documento(StampaPreventivo);
     Parcella Uscita = F->Nota;
@@ -217,7 +217,7 @@ void TestInvio::inviatoEQuantoChiedevaIlPdf()
 /// It has stood for a while, and has failed then: nothing has left.
 void TestInvio::siRompeDopoLAttesa()
 {
-    const QScopedValueRollback Breve(guasti::AttesaPostaMs, 200);
+    const QScopedValueRollback Breve(attese::PostaMs, 200);
     Riempi(2);
     Documento(StampaPreventivo);
     const QString File = salvataggi::SalvaCome(*T, u"rossi.mdb"_s);
@@ -247,7 +247,7 @@ void TestInvio::dueInviiDiFila()
 {
     QFETCH(int, Primo);
     QFETCH(int, Secondo);
-    const QScopedValueRollback Breve(guasti::AttesaPostaMs, 1500);
+    const QScopedValueRollback Breve(attese::PostaMs, 1500);
     Riempi(2);
     Documento(Primo);
     Installa("exec /bin/sleep 4\n");
@@ -256,7 +256,7 @@ void TestInvio::dueInviiDiFila()
     InviaSubito();
     QCOMPARE(F->Nota.Stato.Stato, StatoNota::Bozza);
     QTRY_COMPARE(F->Nota.Stato.Stato, StatoNota::Fatturata);
-    QTest::qWait(guasti::AttesaPostaMs + 300);
+    QTest::qWait(attese::PostaMs + 300);
     QCOMPARE(F->Nota.Stato.Stato, StatoNota::Fatturata);
     QCOMPARE(F->Nota.Stato.Documento, int(StampaFatturaAnalitica));
 }

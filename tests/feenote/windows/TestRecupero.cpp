@@ -1,7 +1,7 @@
 // Recovery copies: kept while changes are unsaved, found after a kill, offered, taken over.
 #include "core/posti.h"
+#include "platform/system/attese.h"
 #include "platform/system/file.h"
-#include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 #include "tavolo.h"
 
@@ -101,7 +101,7 @@ PROVA(TestRecupero);
 void TestRecupero::init()
 {
     T = std::make_unique<Tavolo>();
-    guasti::AttesaCopiaMs = AttesaBreve;
+    attese::CopiaMs = AttesaBreve;
     if (qEnvironmentVariableIsSet(VariabileCartella))
         return;
     F = T->Apri();
@@ -110,7 +110,7 @@ void TestRecupero::init()
 
 void TestRecupero::cleanup()
 {
-    guasti::AttesaCopiaMs = 2000;
+    attese::CopiaMs = 2000;
     T.reset();
 }
 
@@ -485,7 +485,7 @@ void TestRecupero::ilRicalcoloSiRicorda()
 
 void TestRecupero::primaDiChiedereLaCopiaCe()
 {
-    guasti::AttesaCopiaMs = 60000;
+    attese::CopiaMs = 60000;
     Tocca();
     QStringList Viste;
     Messaggi Suoi;

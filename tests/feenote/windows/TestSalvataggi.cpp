@@ -4,6 +4,7 @@
 #include "core/comandi.h"
 #include "core/posti.h"
 #include "platform/kit/messaggi_qt.h"
+#include "platform/system/attese.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 
@@ -333,7 +334,7 @@ void TestSalvataggi::occupatoDaUnAltro()
     // Another name of the same file gets a connection of its own, as another program would.
     const QString Suo = NuovaCartella() + u"suo.mdb"_s;
     std::filesystem::create_hard_link(File.toStdString(), Suo.toStdString());
-    guasti::AttesaBlocchiMs = 50;
+    attese::BlocchiMs = 50;
     {
         const Database Altro = OpenDatabase(Suo);
         const Transazione Sua(Altro);
@@ -342,7 +343,7 @@ void TestSalvataggi::occupatoDaUnAltro()
         T->Voce.Attendi(Guasto(3260), vbOK, u"Errore:"_s);
         EseguiComando(u"save"_s, 1, {});
     }
-    guasti::AttesaBlocchiMs = 3000;
+    attese::BlocchiMs = 3000;
     QCOMPARE(Cliente(File), u"Rossi"_s);
     QVERIFY(F->Nota.Modificata);
     Salva(*T, File);  // once he has finished

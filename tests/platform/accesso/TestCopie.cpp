@@ -2,9 +2,9 @@
 #include "platform/accesso/accesso.h"
 #include "platform/accesso/copie.h"
 #include "platform/base/errore.h"
+#include "platform/system/attese.h"
 #include "platform/system/blocco.h"
 #include "platform/system/file.h"
-#include "platform/system/guasti.h"
 #include "supporto/altroprogramma.h"
 #include "supporto/guasti.h"
 #include "supporto/prova.h"
@@ -215,7 +215,7 @@ private Q_SLOTS:
     /// What the main thread is writing to a copy is neither touched by another thread nor taken for damage.
     void unFiloViScrive()
     {
-        const QScopedValueRollback Poco(guasti::AttesaBlocchiMs, 50);
+        const QScopedValueRollback Poco(attese::BlocchiMs, 50);
         const QString Copia = CopiaNativa(Archivio);
         const qint64 Lunga = QFileInfo(Copia).size();
         const Database Db = OpenDatabase(Copia);

@@ -3,6 +3,7 @@
 
 #include "platform/database/criterio.h"
 #include "platform/database/database.h"
+#include "platform/system/attese.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "supporto/guasti.h"
@@ -61,7 +62,7 @@ PROVA(TestDatabaseGuasti);
 void TestDatabaseGuasti::cleanup()
 {
     guasti::LimitePagine = 0;
-    guasti::AttesaBlocchiMs = 3000;
+    attese::BlocchiMs = 3000;
 }
 
 QByteArray TestDatabaseGuasti::Leggi(const QString& File) const
@@ -248,7 +249,7 @@ void TestDatabaseGuasti::confermaFallitaNonScrive()
     const QString File = FileBuono();
     const QString Altro = Cartella + u"altro.mdb"_s;
     std::filesystem::create_hard_link(File.toStdString(), Altro.toStdString());
-    guasti::AttesaBlocchiMs = 50;
+    attese::BlocchiMs = 50;
     const Database Mio = OpenDatabase(File);
     const Database Suo = OpenDatabase(Altro);
     Suo.Execute(u"BEGIN"_s);
@@ -269,7 +270,7 @@ void TestDatabaseGuasti::bloccoAltruiSiAttende()
     const QString File = FileBuono();
     const QString Altro = Cartella + u"altro.mdb"_s;
     std::filesystem::create_hard_link(File.toStdString(), Altro.toStdString());
-    guasti::AttesaBlocchiMs = 50;
+    attese::BlocchiMs = 50;
     const Database Mio = OpenDatabase(File);
     const Database Suo = OpenDatabase(Altro);
     {
@@ -353,7 +354,7 @@ void TestDatabaseGuasti::interrottaEDiSolaLetturaIntantoScritta()
     const QString File = FileBuono();
     const QString Altro = Cartella + u"altro.mdb"_s;
     std::filesystem::create_hard_link(File.toStdString(), Altro.toStdString());
-    guasti::AttesaBlocchiMs = 50;
+    attese::BlocchiMs = 50;
     {
         const Database Suo = OpenDatabase(Altro);
         const Transazione Aperta(Suo);

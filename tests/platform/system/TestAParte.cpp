@@ -1,4 +1,5 @@
 // Work on a thread of its own, and the end of the process before it.
+#include "platform/system/attese.h"
 #include "supporto/prova.h"
 
 #include "platform/system/aparte.h"
@@ -103,7 +104,7 @@ void TestAParte::unFileEntroIlTempo()
     ScriviFile(File, "x");
     QCOMPARE(EsisteFileEntro(File), std::optional(true));
     QCOMPARE(EsisteFileEntro(Cartella), std::optional(false));
-    const QScopedValueRollback Attesa(guasti::AttesaCartellaMs, 20);
+    const QScopedValueRollback Attesa(attese::CartellaMs, 20);
     const CartellaFerma Muta(Cartella);
     QCOMPARE(EsisteFileEntro(File), std::optional<bool>());
     QVERIFY2(EsisteCartellaEntro(Cartella), "a folder that says nothing counts as there");

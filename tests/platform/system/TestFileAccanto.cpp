@@ -3,6 +3,7 @@
 #include "supporto/prova.h"
 
 #include "platform/base/numerierrore.h"
+#include "platform/system/attese.h"
 #include "platform/system/file.h"
 #include "platform/system/fileaccanto.h"
 #include "platform/system/guasti.h"
@@ -37,7 +38,7 @@ private Q_SLOTS:
 private:
     QString Cartella;
     QString File;
-    int AttesaSolita = guasti::AttesaTurnoMs;
+    int AttesaSolita = attese::TurnoMs;
 };
 PROVA(TestFileAccanto);
 
@@ -45,12 +46,12 @@ void TestFileAccanto::init()
 {
     Cartella = NuovaCartella();
     File = Cartella + u"x.doc"_s;
-    guasti::AttesaTurnoMs = 100;
+    attese::TurnoMs = 100;
 }
 
 void TestFileAccanto::cleanup()
 {
-    guasti::AttesaTurnoMs = AttesaSolita;
+    attese::TurnoMs = AttesaSolita;
     guasti::SenzaFileAnonimi = false;
     guasti::SenzaBlocchi = false;
 }

@@ -2,6 +2,7 @@
 #include "supporto/prova.h"
 
 #include "platform/base/paginacodice.h"
+#include "platform/system/attese.h"
 #include "platform/system/blocco.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
@@ -268,7 +269,7 @@ void TestProfilo::dueProgrammiInsieme()
 /// Who is writing is waited for; who goes on and on loses nothing by it.
 void TestProfilo::chiScriveSiAspetta()
 {
-    const QScopedValueRollback Poco(guasti::AttesaTurnoMs, 50);
+    const QScopedValueRollback Poco(attese::TurnoMs, 50);
     const QByteArray Prima = "[s]\r\na=1\r\n";
     const QString File = FileCon(Prima);
     {
