@@ -183,10 +183,10 @@ public:
 private:
     int Box(const QString& Testo, int Bandiere)
     {
-        if ((Bandiere & 15) == vbYesNo)
+        if (PulsantiDi(Bandiere) == vbYesNo)
             return vbYes;
         Scrivi(Testo.toUtf8() + '\n');
-        Critico = Critico || (Bandiere & 112) == vbCritical;
+        Critico = Critico || IconaDi(Bandiere) == vbCritical;
         return vbOK;
     }
 

@@ -32,9 +32,9 @@ int Svolgi(const std::function<void()>& Fai, const QString& Risposta)
     };
     Messaggi Voce;
     Voce.Box = [&](const QString& Testo, int Bandiere, const QString&) {
-        if ((Bandiere & 15) == vbYesNo)
+        if (PulsantiDi(Bandiere) == vbYesNo)
             return vbYes;
-        if ((Bandiere & 112) == vbCritical || (Bandiere & 112) == vbExclamation)
+        if (IconaDi(Bandiere) == vbCritical || IconaDi(Bandiere) == vbExclamation)
             Di(Testo);
         return vbOK;
     };

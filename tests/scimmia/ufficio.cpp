@@ -99,7 +99,7 @@ QString SalvaACaso(const QString& Casa, Caso& Sorte, const QString& Iniziale)
 /// The answers that a box offers.
 QList<int> RisposteDi(int Bandiere)
 {
-    switch (Bandiere & 7) {
+    switch (PulsantiDi(Bandiere)) {
     case vbOKCancel:
         return {vbOK, vbCancel};
     case vbYesNoCancel:

@@ -7,7 +7,7 @@ namespace {
 /// The answer that changes nothing, among the buttons shown.
 int RispostaSicura(int Bandiere)
 {
-    switch (Bandiere & 7) {
+    switch (PulsantiDi(Bandiere)) {
     case vbOKOnly:
         return vbOK;
     case vbYesNo:

@@ -27,9 +27,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int MascheraPulsanti = 7;
-constexpr int MascheraIcona = 0x70;
-
 struct Risposta
 {
     QMessageBox::StandardButton Pulsante;
@@ -46,7 +43,7 @@ constexpr std::array Risposte{
 
 QMessageBox::StandardButtons Pulsanti(int Bandiere)
 {
-    switch (Bandiere & MascheraPulsanti) {
+    switch (PulsantiDi(Bandiere)) {
     case vbOKCancel:
         return QMessageBox::Ok | QMessageBox::Cancel;
     case vbYesNoCancel:
@@ -60,7 +57,7 @@ QMessageBox::StandardButtons Pulsanti(int Bandiere)
 
 QMessageBox::Icon Simbolo(int Bandiere)
 {
-    switch (Bandiere & MascheraIcona) {
+    switch (IconaDi(Bandiere)) {
     case vbCritical:
         return QMessageBox::Critical;
     case vbQuestion:

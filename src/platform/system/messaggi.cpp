@@ -13,8 +13,7 @@ Messaggi& Installati()
 /// The answer that changes nothing, among the buttons of the flags.
 int RispostaSicura(int Bandiere)
 {
-    constexpr int MascheraPulsanti = 7;
-    switch (Bandiere & MascheraPulsanti) {
+    switch (PulsantiDi(Bandiere)) {
     case vbOKOnly:
         return vbOK;
     case vbYesNo:

@@ -23,6 +23,16 @@ constexpr int vbExclamation = 48;
 constexpr int vbInformation = 64;
 constexpr int vbDefaultButton2 = 256;
 
+/// The set of buttons among the flags of a box, and its icon.
+[[nodiscard]] constexpr int PulsantiDi(int Bandiere)
+{
+    return Bandiere & 0x07;
+}
+[[nodiscard]] constexpr int IconaDi(int Bandiere)
+{
+    return Bandiere & 0x70;
+}
+
 // Answers of a box.
 constexpr int vbOK = 1;
 constexpr int vbCancel = 2;
