@@ -224,7 +224,8 @@ QString SenzaGuida(QStringView)
 
 enum GruppoBarra { Parcelle, Archivi, Calcoli, Aiuti, Opzioni, Guide };
 
-// A new calculator is a row here and a registration of its window. Places leave room between them.
+// What a new calculator needs besides its row here: docs/architecture.md, "What to touch". Places leave room
+// between them.
 constexpr std::array TabellaComandi{
     Comando{.Parola = u"new",
             .Guardia = Sempre,

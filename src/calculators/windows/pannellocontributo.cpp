@@ -134,8 +134,8 @@ QWidget* PannelloContributo::RigaValore(int Indice, const QString& Nome)
     Valore->setObjectName(u"txtValore"_s + Suffisso);
     Valore->setAccessibleName(u"Valore, "_s + Nome);
     Valore->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    constexpr int Cornice = 16;
-    Valore->setFixedWidth(Valore->fontMetrics().horizontalAdvance(u"999.999.999,99"_s) + Cornice);
+    constexpr int BordoCasella = 16;
+    Valore->setFixedWidth(Valore->fontMetrics().horizontalAdvance(u"999.999.999,99"_s) + BordoCasella);
     auto* DidValore = new QLabel(u"Valore:"_s);
     DidValore->setBuddy(Valore);
 

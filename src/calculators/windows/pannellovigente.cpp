@@ -55,10 +55,11 @@ PannelloVigente::PannelloVigente(QWidget* Padre) : QWidget(Padre), ui(std::make_
     for (const QStringView Voce : VociGrado)
         ui->cmbGrado->addItem(Voce.toString());
     ui->cmdCopiaVigente->setIcon(aspetto::Icona(u"copia"_s));
-    constexpr int Cornice = 16;
+    constexpr int BordoCasella = 16;
     ui->txtValoreVigente->setFixedWidth(
-        ui->txtValoreVigente->fontMetrics().horizontalAdvance(u"999.999.999,99"_s) + Cornice);
-    ui->txtRicorrenti->setFixedWidth(ui->txtRicorrenti->fontMetrics().horizontalAdvance(u"0000"_s) + Cornice);
+        ui->txtValoreVigente->fontMetrics().horizontalAdvance(u"999.999.999,99"_s) + BordoCasella);
+    ui->txtRicorrenti->setFixedWidth(ui->txtRicorrenti->fontMetrics().horizontalAdvance(u"0000"_s) +
+                                     BordoCasella);
     PreparaCifra(ui->lblVigente);
     SfondoPannello(ui->fraEsito);
     Colonne();

@@ -52,8 +52,8 @@ constexpr std::array Elenchi{
 
 void LargoCome(QLineEdit* Campo, int Caratteri)
 {
-    constexpr int Cornice = 20;
-    Campo->setFixedWidth(Campo->fontMetrics().horizontalAdvance(QString(Caratteri, u'M')) + Cornice);
+    constexpr int BordoCasella = 20;
+    Campo->setFixedWidth(Campo->fontMetrics().horizontalAdvance(QString(Caratteri, u'M')) + BordoCasella);
 }
 
 bool ENumero(const QString& Testo)

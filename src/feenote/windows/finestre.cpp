@@ -110,7 +110,7 @@ struct FinestraDelPosto
 
 std::vector<FinestraDelPosto> Finestre(1);
 
-QMdiSubWindow* Cornice(const frmParcelle* Finestra)
+QMdiSubWindow* SottoFinestra(const frmParcelle* Finestra)
 {
     return Finestra ? qobject_cast<QMdiSubWindow*>(Finestra->parentWidget()) : nullptr;
 }
@@ -169,7 +169,7 @@ void RiempiCornice(QMdiSubWindow* Sotto)
 
 void MettiInCascata(frmParcelle* Finestra, int Indice)
 {
-    QMdiSubWindow* Sotto = Cornice(Finestra);
+    QMdiSubWindow* Sotto = SottoFinestra(Finestra);
     if (!Sotto || Sotto->isMaximized())
         return;
     if (Sotto->isMinimized())
@@ -207,7 +207,7 @@ QString NomeNota(const QString& Percorso)
 /// What the next start wants: the size of the window when it is not maximised, and whether it was.
 void RicordaMisure(const frmParcelle* Finestra)
 {
-    const QMdiSubWindow* Sotto = Cornice(Finestra);
+    const QMdiSubWindow* Sotto = SottoFinestra(Finestra);
     if (!Sotto)
         return;
     const bool Scelto = Sotto->isMaximized() && !Sotto->mdiArea()->property(RiempionoLaCornice).toBool();
@@ -239,7 +239,7 @@ void Libera(const std::vector<frmParcelle*>& Chiuse)
     bool Davanti = false;
     for (frmParcelle* Finestra : Chiuse) {
         Finestra->Scarica();
-        if (QMdiSubWindow* Sotto = Cornice(Finestra)) {
+        if (QMdiSubWindow* Sotto = SottoFinestra(Finestra)) {
             Area = Sotto->mdiArea();
             Davanti = Davanti || Area->currentSubWindow() == Sotto;
         }
@@ -248,7 +248,7 @@ void Libera(const std::vector<frmParcelle*>& Chiuse)
     if (Davanti)
         AttivaParcella(AltraDavanti(Area));
     for (frmParcelle* Finestra : Chiuse) {
-        if (QMdiSubWindow* Sotto = Cornice(Finestra))
+        if (QMdiSubWindow* Sotto = SottoFinestra(Finestra))
             Sotto->hide();
         else
             Finestra->hide();
@@ -281,7 +281,7 @@ void ScartaFinestre()
         return;
     for (std::size_t i = Pronte + 1; i < Finestre.size(); ++i) {
         frmParcelle* Finestra = std::exchange(Finestre[i], {}).Finestra;
-        if (QMdiSubWindow* Sotto = Cornice(Finestra))
+        if (QMdiSubWindow* Sotto = SottoFinestra(Finestra))
             Sotto->deleteLater();
         else if (Finestra)
             Finestra->deleteLater();
@@ -333,7 +333,7 @@ frmParcelle* PreparaFinestra(int Indice, const QString& Titolo)
 void MostraFinestra(frmParcelle* Finestra)
 {
     const int Indice = Finestra->Indice();
-    if (QMdiSubWindow* Sotto = Cornice(Finestra)) {
+    if (QMdiSubWindow* Sotto = SottoFinestra(Finestra)) {
         const bool Nascosta = !Sotto->isVisible();
         Sotto->show();
         Finestra->show();
@@ -463,7 +463,7 @@ void AttivaParcella(int Indice)
     frmParcelle* Finestra = InUso(Indice);
     if (!Finestra)
         return;
-    if (QMdiSubWindow* Sotto = Cornice(Finestra)) {
+    if (QMdiSubWindow* Sotto = SottoFinestra(Finestra)) {
         if (Sotto->isMinimized())
             Sotto->showNormal();
         Sotto->mdiArea()->setActiveSubWindow(Sotto);
@@ -515,7 +515,7 @@ bool ChiudiParcella(int Indice)
 void AzzeraFinestre()
 {
     for (const FinestraDelPosto& Posto : Finestre) {
-        QMdiSubWindow* Sotto = Cornice(Posto.Finestra);
+        QMdiSubWindow* Sotto = SottoFinestra(Posto.Finestra);
         delete Posto.Finestra.data();
         delete Sotto;
     }

@@ -44,14 +44,14 @@ namespace {
 /// Adds a page of boxes, which scrolls where a small or magnified screen has no room for all of them.
 void AggiungiScorrevole(QTabWidget* Schede, QWidget* Pagina, const QString& Titolo)
 {
-    auto* Cornice = new QScrollArea(Schede);
-    Cornice->setFrameShape(QFrame::NoFrame);
-    Cornice->setWidgetResizable(true);
-    Cornice->setFocusPolicy(Qt::NoFocus);
-    Cornice->setWidget(Pagina);
-    for (QWidget* Sfondo : {Pagina, Cornice->viewport()})
+    auto* Scorrevole = new QScrollArea(Schede);
+    Scorrevole->setFrameShape(QFrame::NoFrame);
+    Scorrevole->setWidgetResizable(true);
+    Scorrevole->setFocusPolicy(Qt::NoFocus);
+    Scorrevole->setWidget(Pagina);
+    for (QWidget* Sfondo : {Pagina, Scorrevole->viewport()})
         Sfondo->setAutoFillBackground(false);  // that of the tabs shows through
-    Schede->addTab(Cornice, Titolo);
+    Schede->addTab(Scorrevole, Titolo);
 }
 
 QToolButton* Freccia(QWidget* Padre, const QString& Nome, const QString& Immagine,

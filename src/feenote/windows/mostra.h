@@ -42,15 +42,16 @@ inline void AltezzaRighe(QPlainTextEdit* Box, int Righe)
 /// As wide as the largest amount that a cell takes.
 inline void LarghezzaImporto(QLineEdit* Box)
 {
-    constexpr int Cornice = 16;
-    Box->setFixedWidth(Box->fontMetrics().horizontalAdvance(QStringLiteral("999.999.999.999,99")) + Cornice);
+    constexpr int BordoCasella = 16;
+    Box->setFixedWidth(Box->fontMetrics().horizontalAdvance(QStringLiteral("999.999.999.999,99")) +
+                       BordoCasella);
 }
 
 /// Wide enough for a date.
 inline void LarghezzaData(QLineEdit* Box)
 {
-    constexpr int Cornice = 16;
-    Box->setMinimumWidth(Box->fontMetrics().horizontalAdvance(QStringLiteral("99/99/9999")) + Cornice);
+    constexpr int BordoCasella = 16;
+    Box->setMinimumWidth(Box->fontMetrics().horizontalAdvance(QStringLiteral("99/99/9999")) + BordoCasella);
 }
 
 inline void Segno(QAbstractButton* Box, const Spunta& Dato)

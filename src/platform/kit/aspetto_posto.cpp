@@ -60,7 +60,7 @@ QRect SchermoDelPuntatore()
 }
 
 /// What the window manager draws around a window: measured once it has drawn it, guessed amply before.
-QMargins Cornice(const QWidget* Finestra)
+QMargins BordiFinestra(const QWidget* Finestra)
 {
     constexpr int TitoloComune = 32;
     constexpr int BordoComune = 4;
@@ -96,7 +96,7 @@ void Ingrandisci(QWidget* Finestra)
 {
     if (!Finestra->testAttribute(Qt::WA_Resized))
         return;
-    const QSize Schermo = SchermoDelPuntatore().marginsRemoved(Cornice(Finestra)).size();
+    const QSize Schermo = SchermoDelPuntatore().marginsRemoved(BordiFinestra(Finestra)).size();
     const QSizeF Cresciuta = QSizeF(Finestra->size()) * aspetto::RapportoDelleLettere(Finestra);
     Finestra->resize(Cresciuta.toSize().boundedTo(Schermo).expandedTo(Finestra->size()));
 }
@@ -180,7 +180,7 @@ void RicordaPostoDi(QWidget* Finestra, const QString& Nome)
 
 void RimettiAlPosto(QWidget* Finestra, const QString& Nome)
 {
-    const QRect Schermo = SchermoDelPuntatore().marginsRemoved(Cornice(Finestra));
+    const QRect Schermo = SchermoDelPuntatore().marginsRemoved(BordiFinestra(Finestra));
     const auto Ultimo = LeggiPosto(Nome);
     QRect Riquadro = Ultimo ? Ultimo->Riquadro : QRect(QPoint(), Finestra->size());
     // A larger font, or another scale, wants more room than was remembered, or than the design had counted

@@ -48,9 +48,9 @@ MascheraData::MascheraData(QWidget* Padre) : QLineEdit(Padre)
     RendiLeggibiliMaschere();
     setInputMask(u"99/99/9999;_"_s);
     const QMargins Margini = textMargins();
-    constexpr int Cornice = 14;  // frame and the line edit's inner margins
+    constexpr int BordoCasella = 14;  // frame and the line edit's inner margins
     setMinimumWidth(fontMetrics().horizontalAdvance(u"99/99/9999"_s) + Margini.left() + Margini.right() +
-                    Cornice);
+                    BordoCasella);
     Collega(this, &QLineEdit::textEdited, this, &MascheraData::CompletaGruppi);
 }
 
